@@ -1,0 +1,113 @@
+#include "Host/NoteDatabase.h"
+#include "Host/NoteLibrary.h"
+#include "Host/PZDropboxAccountInfo.h"
+#include "Host/PZFuture.h"
+#include "Host/QVApplication.h"
+#include "Host/QVDailySchedule.h"
+#include "Host/QVDatabase.h"
+#include "Host/QVDirectConnectionServer.h"
+#include "Host/QVDropboxSessionManager.h"
+#include "Host/QVHourlySchedule.h"
+#include "Host/QVRemoteDatabase.h"
+#include "Host/QVSyncDispatcher.h"
+#include "Host/QVSyncLocation.h"
+#include "Host/QVSyncLocationFormatter.h"
+#include "Host/QVSyncLocationsController.h"
+#include "Host/QVSyncPlugin.h"
+#include "Host/QVSyncState.h"
+#include "Host/QVSyncStore.h"
+#include "Host/QVWeeklySchedule.h"
+
+// Here, so that each class has one home for its type information, which plug-ins compare.
+NoteDatabase::~NoteDatabase() = default;
+NoteLibrary::~NoteLibrary() = default;
+PZDropboxAccountInfo::~PZDropboxAccountInfo() = default;
+PZFuture::~PZFuture() = default;
+QVApplication::~QVApplication() = default;
+QVDailySchedule::~QVDailySchedule() = default;
+QVDatabase::~QVDatabase() = default;
+QVDirectConnectionServer::~QVDirectConnectionServer() = default;
+QVDropboxSession::~QVDropboxSession() = default;
+QVHourlySchedule::~QVHourlySchedule() = default;
+QVRemoteDatabase::~QVRemoteDatabase() = default;
+QVRemoteDatabaseMetadata::~QVRemoteDatabaseMetadata() = default;
+QVSyncDispatcher::~QVSyncDispatcher() = default;
+QVSyncLocation::~QVSyncLocation() = default;
+QVSyncLocationFormatter::~QVSyncLocationFormatter() = default;
+QVSyncLocationsController::~QVSyncLocationsController() = default;
+QVSyncPlugin::~QVSyncPlugin() = default;
+QVSyncSchedule::~QVSyncSchedule() = default;
+QVSyncState::~QVSyncState() = default;
+QVSyncStore::~QVSyncStore() = default;
+QVWeeklySchedule::~QVWeeklySchedule() = default;
+
+namespace {
+
+QVApplication *applicationObject = nullptr;
+
+QVSyncPlugin::Class &syncPluginClass() {
+    return requiredHostClass<QVSyncPlugin::Class>(QStringLiteral("QVSyncPlugin"));
+}
+
+QVDirectConnectionServer::Class &serverClass() {
+    return requiredHostClass<QVDirectConnectionServer::Class>(
+        QStringLiteral("QVDirectConnectionServer"));
+}
+
+}  // namespace
+
+QVApplication *NSApp() {
+    return applicationObject;
+}
+
+void setNSApp(QVApplication *application) {
+    applicationObject = application;
+}
+
+bool QVSyncPlugin::isAvailable() {
+    return syncPluginClass().isAvailable();
+}
+
+QVSyncPlugin *QVSyncPlugin::plugin() {
+    return syncPluginClass().plugin();
+}
+
+std::shared_ptr<QVDatabase> QVSyncPlugin::databaseForUUID(const QString &UUID,
+                                                          bool lookingUpAllKnownDatabases) {
+    return syncPluginClass().databaseForUUID(UUID, lookingUpAllKnownDatabases);
+}
+
+QList<std::shared_ptr<QVDatabase>> QVDatabase::databases() {
+    return requiredHostClass<QVDatabase::Class>(QStringLiteral("QVDatabase")).databases();
+}
+
+QVSyncSchedulePtr QVSyncSchedule::newSchedule() {
+    return requiredHostClass<QVSyncSchedule::Class>(QStringLiteral("QVSyncSchedule")).newSchedule();
+}
+
+std::unique_ptr<QVSyncLocationFormatter> QVSyncLocationFormatter::formatterForLocationWithURL(
+    const Url &URL) {
+    return requiredHostClass<QVSyncLocationFormatter::Class>(
+               QStringLiteral("QVSyncLocationFormatter"))
+        .formatterForLocationWithURL(URL);
+}
+
+std::shared_ptr<PZFuture> PZFuture::future() {
+    return requiredHostClass<PZFuture::Class>(QStringLiteral("PZFuture")).future();
+}
+
+QString QVDirectConnectionServer::URLScheme() {
+    return serverClass().URLScheme();
+}
+
+quint16 QVDirectConnectionServer::defaultPort() {
+    return serverClass().defaultPort();
+}
+
+QString QVDirectConnectionServer::bonjourServiceType() {
+    return serverClass().bonjourServiceType();
+}
+
+QString QVDirectConnectionClientAuthorizationServiceName() {
+    return serverClass().clientAuthorizationServiceName();
+}

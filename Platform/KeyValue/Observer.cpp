@@ -1,0 +1,96 @@
+#include "Platform/KeyValue/Observer.h"
+
+#include <QtCore/QScopeGuard>
+
+#include "Platform/KeyValue/KeyPath.h"
+
+namespace KeyValue {
+
+namespace {
+const QMetaMethod &receiveSlot() {
+    static const QMetaMethod slot =
+        Observer::staticMetaObject.method(Observer::staticMetaObject.indexOfSlot("receive()"));
+    return slot;
+}
+}  // namespace
+
+Observer::Observer(QObject *object, const QByteArray &key, std::function<void()> handler)
+    : m_handler(std::move(handler)) {
+    const QMetaProperty property = requireProperty(object, key);
+    if (property.hasNotifySignal()) {
+        connect(object, property.notifySignal(), this, receiveSlot(), Qt::DirectConnection);
+    }
+}
+
+void Observer::stop() {
+    m_isStopped = true;
+    if (m_deliveries == 0) {
+        delete this;
+    }
+}
+
+void Observer::deliver() {
+    if (m_isStopped) {
+        return;
+    }
+    ++m_deliveries;
+    const auto guard = qScopeGuard([this] {
+        if (--m_deliveries == 0 && m_isStopped) {
+            delete this;
+        }
+    });
+    m_handler();
+}
+
+PathObserver::PathObserver(QObject *object, const QByteArray &key, QByteArray rest,
+                           std::function<void()> handler)
+    : Observer(object, key, std::move(handler)),
+      m_object(object),
+      m_key(key),
+      m_rest(std::move(rest)) {
+    followRest();
+}
+
+void PathObserver::keyChanged() {
+    followRest();
+    deliver();
+}
+
+void PathObserver::followRest() {
+    QObject *next = m_object ? objectValue(value(m_object, m_key)) : nullptr;
+    m_restObservation = next ? observe(next, m_rest, [this] { deliver(); }) : Observation();
+}
+
+Observer *makeObserver(QObject *object, const QByteArray &keyPath, std::function<void()> handler) {
+    const auto [key, rest] = splitKeyPath(keyPath);
+    if (rest.isEmpty()) {
+        return new Observer(object, key, std::move(handler));
+    }
+    return new PathObserver(object, key, rest, std::move(handler));
+}
+
+Observation &Observation::operator=(Observation &&other) noexcept {
+    if (this != &other) {
+        stop();
+        m_observer = std::exchange(other.m_observer, nullptr);
+    }
+    return *this;
+}
+
+void Observation::stop() {
+    if (Observer *observer = std::exchange(m_observer, nullptr)) {
+        observer->stop();
+    }
+}
+
+Observation observe(QObject *object, const QByteArray &keyPath, std::function<void()> handler,
+                    Deliver deliver) {
+    if (deliver == Deliver::Changes) {
+        return Observation(makeObserver(object, keyPath, std::move(handler)));
+    }
+    Observation observation(makeObserver(object, keyPath, handler));
+    handler();
+    return observation;
+}
+
+}  // namespace KeyValue

@@ -1,0 +1,42 @@
+# What the folders' own CMakeLists.txt share.
+
+include(GenerateExportHeader)
+
+# Finds the headers and sources of FOLDERS (relative to the calling folder) into VARIABLE.
+function(velmora_sources variable)
+    set(found "")
+    foreach(folder IN LISTS ARGN)
+        file(GLOB files CONFIGURE_DEPENDS "${folder}/*.h" "${folder}/*.cpp")
+        list(APPEND found ${files})
+    endforeach()
+    set(${variable} "${found}" PARENT_SCOPE)
+endfunction()
+
+# Sets what every target of ours has: includes from the root, precompiled Qt headers, clang-tidy.
+function(velmora_target target)
+    target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
+    target_link_libraries(${target} PUBLIC Qt6::Widgets)
+    target_precompile_headers(${target} PRIVATE <QtCore/QtCore> <QtWidgets/QtWidgets> <functional> <memory>)
+    # moc's output is not ours to keep tidy.
+    set_source_files_properties(mocs_compilation.cpp PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    add_dependencies(sources ${target})
+endfunction()
+
+# Compiles the Designer forms of a target to headers; a form's file name may hold spaces, as nib names do.
+# Their texts come from the table "Sync".
+function(velmora_forms target)
+    set(directory "${CMAKE_CURRENT_BINARY_DIR}/forms")
+    file(MAKE_DIRECTORY "${directory}")
+    foreach(form IN LISTS ARGN)
+        get_filename_component(name "${form}" NAME_WE)
+        string(REPLACE " " "" header "ui_${name}.h")
+        add_custom_command(
+            OUTPUT "${directory}/${header}"
+            COMMAND Qt6::uic --tr localizedSyncString --include Platform/Foundation/Localization.h
+                    -o "${directory}/${header}" "${form}"
+            DEPENDS "${form}"
+            VERBATIM)
+        target_sources(${target} PRIVATE "${directory}/${header}")
+    endforeach()
+    target_include_directories(${target} PRIVATE "${directory}")
+endfunction()
