@@ -1,0 +1,3 @@
+#include "Platform/Interface/BindableView.h"
+
+BindableView::~BindableView() = default;

@@ -1,0 +1,52 @@
+#include "Platform/Interface/ContextMenu.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QContextMenuEvent>
+#include <QtWidgets/QMenu>
+
+namespace {
+
+/// Opens the menu of the view whose child it is.
+class MenuOpener : public QObject {
+public:
+    MenuOpener(QWidget *view, QMenu *menu) : QObject(view), m_menu(menu) {
+        view->installEventFilter(this);
+    }
+
+    QMenu *menu() const { return m_menu; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override {
+        if (event->type() != QEvent::ContextMenu || !m_menu) {
+            return QObject::eventFilter(watched, event);
+        }
+        m_menu->popup(static_cast<QContextMenuEvent *>(event)->globalPos());
+        return true;
+    }
+
+private:
+    const QPointer<QMenu> m_menu;
+};
+
+MenuOpener *openerOf(const QWidget *view) {
+    for (QObject *child : view->children()) {
+        if (auto *opener = dynamic_cast<MenuOpener *>(child)) {
+            return opener;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+QMenu *ContextMenu::menu(const QWidget *view) {
+    const MenuOpener *opener = openerOf(view);
+    return opener ? opener->menu() : nullptr;
+}
+
+void ContextMenu::setMenu(QWidget *view, QMenu *menu) {
+    delete openerOf(view);
+    if (menu) {
+        new MenuOpener(view, menu);
+    }
+}

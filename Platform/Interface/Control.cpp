@@ -1,0 +1,29 @@
+#include "Platform/Interface/Control.h"
+
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAbstractSpinBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+
+#include "Platform/Interface/ListPalette.h"
+
+namespace {
+constexpr char backgroundStyleProperty[] = "backgroundStyle";
+}
+
+bool Control::isControl(const QWidget *view) {
+    return qobject_cast<const Control *>(view) || qobject_cast<const QLabel *>(view) ||
+           qobject_cast<const QAbstractButton *>(view) || qobject_cast<const QLineEdit *>(view) ||
+           qobject_cast<const QAbstractSpinBox *>(view) || qobject_cast<const QComboBox *>(view);
+}
+
+void Control::setBackgroundStyle(QWidget *control, BackgroundStyle style) {
+    control->setProperty(backgroundStyleProperty, static_cast<int>(style));
+    control->setPalette(style == BackgroundStyle::Dark ? ListPalette::selected()
+                                                       : ListPalette::normal());
+}
+
+Control::BackgroundStyle Control::backgroundStyle(const QWidget *control) {
+    return static_cast<BackgroundStyle>(control->property(backgroundStyleProperty).toInt());
+}
