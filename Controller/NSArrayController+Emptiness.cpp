@@ -1,0 +1,5 @@
+#include "Controller/NSArrayController+Emptiness.h"
+
+bool NSArrayController::isEmpty() const {
+    return arrangedObjects().isEmpty();
+}

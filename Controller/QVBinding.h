@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QVariant>
+#include <memory>
+
+#include "Platform/KeyValue/KeyValue.h"
+
+/// The record of a binding that carries a view's own changes back to the model: it observes one
+/// property of the view and writes each value that is set there into the model.
+///
+/// Main thread. A window's form owns both the view and the model, so a record keeps neither alive;
+/// it falls silent when either of them goes. The view holds its records until it is unbound.
+class QVBinding : public QObject {
+    Q_OBJECT
+public:
+    /// A new record, which does not observe yet. `key` is the bound property of `object`, `keyPath`
+    /// what it is bound to within `target`. The options are stored and never interpreted.
+    static std::shared_ptr<QVBinding> bindingWithObject(QObject *object, const QByteArray &key,
+                                                        QObject *target, const QByteArray &keyPath,
+                                                        const QVariantMap &options);
+    /// Logs, verbosely, that the record is gone.
+    ~QVBinding() override;
+
+    QObject *object() const { return m_object; }
+    QObject *target() const { return m_target; }
+    QByteArray key() const { return m_key; }
+    QByteArray keyPath() const { return m_keyPath; }
+    QVariantMap options() const { return m_options; }
+
+    /// Gives the object the target's value, and from then on writes what is set in the object to
+    /// the target.
+    void bind();
+    /// Ends the writing. The fields stay as they are, so that `bind` may be called again.
+    void unbind();
+
+private:
+    QVBinding(QObject *object, const QByteArray &key, QObject *target, const QByteArray &keyPath,
+              const QVariantMap &options);
+    void observeValue() const;
+
+    const QPointer<QObject> m_object;
+    const QPointer<QObject> m_target;
+    const QByteArray m_key;
+    const QByteArray m_keyPath;
+    const QVariantMap m_options;
+    KeyValue::Observation m_observation;
+};

@@ -1,0 +1,196 @@
+#include "View/QVListView.h"
+
+#include <QtCore/QtMath>
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QAbstractScrollArea>
+
+#include "Controller/QVBinding.h"
+#include "Platform/Interface/ContextMenu.h"
+#include "Platform/KeyValue/Binding.h"
+#include "View/QVListViewDelegate.h"
+
+namespace {
+
+constexpr char contentBinding[] = "content";
+constexpr char selectionIndexesBinding[] = "selectionIndexes";
+constexpr char selectedKey[] = "selected";
+
+int widthOfEnclosingScrollArea(const QWidget *view) {
+    for (const QWidget *parent = view->parentWidget(); parent; parent = parent->parentWidget()) {
+        if (const auto *area = qobject_cast<const QAbstractScrollArea *>(parent)) {
+            return area->viewport()->width();
+        }
+    }
+    return 0;
+}
+
+}  // namespace
+
+QVListView::~QVListView() {
+    QVListView::unbind(contentBinding);
+    QVListView::unbind(selectionIndexesBinding);
+}
+
+QByteArrayList QVListView::exposedBindings() {
+    return {contentBinding, selectionIndexesBinding};
+}
+
+QMetaType QVListView::valueClassForBinding(const QByteArray &binding) {
+    if (binding == contentBinding) {
+        return QMetaType::fromType<QVariantList>();
+    }
+    if (binding == selectionIndexesBinding) {
+        return QMetaType::fromType<IndexSet>();
+    }
+    return {};
+}
+
+QSet<QByteArray> QVListView::editableBindings() {
+    return {selectionIndexesBinding};
+}
+
+void QVListView::bind(const QByteArray &binding, QObject *observable, const QByteArray &keyPath,
+                      const QVariantMap &options) {
+    if (editableBindings().contains(binding)) {
+        addBinding(QVBinding::bindingWithObject(this, binding, observable, keyPath, options));
+    }
+    KeyValue::bind(this, binding, observable, keyPath, options);
+}
+
+void QVListView::unbind(const QByteArray &binding) {
+    for (const std::shared_ptr<QVBinding> &record : bindingsForKey(binding)) {
+        removeBinding(record);
+    }
+    KeyValue::unbind(this, binding);
+}
+
+void QVListView::addBinding(const std::shared_ptr<QVBinding> &binding) {
+    m_bindings.insert(binding);
+    binding->bind();
+}
+
+void QVListView::removeBinding(const std::shared_ptr<QVBinding> &binding) {
+    binding->unbind();
+    m_bindings.erase(binding);
+}
+
+QVListView::Bindings QVListView::bindingsForKey(const QByteArray &binding) const {
+    Bindings result;
+    for (const std::shared_ptr<QVBinding> &record : m_bindings) {
+        if (record->key() == binding) {
+            result.insert(record);
+        }
+    }
+    return result;
+}
+
+void QVListView::setContent(const QVariantList &content) {
+    if (m_content && m_content->isSharedWith(content)) {
+        return;
+    }
+    const QVariantList objects = content;
+    const bool updatesWereEnabled = updatesEnabled();
+    setUpdatesEnabled(false);
+    makeItems(objects);
+    setUpdatesEnabled(updatesWereEnabled);
+    KeyValue::announce<&QVListView::contentChanged>(this);
+}
+
+void QVListView::makeItems(const QVariantList &objects) {
+    bool selectionIsEmpty = selectionIndexes().empty();
+    m_content = objects;
+    removeItems();
+    for (qsizetype i = 0; i < objects.size(); ++i) {
+        const Item item = newItemForRepresentedObject(objects.at(i));
+        m_items.append(item);
+        item->view()->setParent(this);
+        if (selectionIsEmpty && shouldSelect(item.get())) {
+            selectionIsEmpty = false;
+            setSelectionIndexes({i});
+            if (!m_content->isSharedWith(objects)) {
+                return;  // An observer of the selection has set other content.
+            }
+        }
+    }
+    layoutSubviews();
+    for (const Item &item : std::as_const(m_items)) {
+        item->view()->show();
+    }
+}
+
+void QVListView::removeItems() {
+    m_items.clear();
+    const QList<QWidget *> old = subviews();
+    for (QWidget *view : old) {
+        view->setParent(nullptr);
+    }
+}
+
+IndexSet QVListView::selectionIndexes() const {
+    IndexSet result;
+    for (qsizetype i = 0; i < m_items.size(); ++i) {
+        if (m_items.at(i)->isSelected()) {
+            result.insert(i);
+        }
+    }
+    return result;
+}
+
+void QVListView::setSelectionIndexes(const IndexSet &indexes) {
+    // A copy, because observers of an item may change the content.
+    const QList<Item> items = m_items;
+    for (qsizetype i = 0; i < items.size(); ++i) {
+        if (shouldSelect(items.at(i).get())) {
+            items.at(i)->setSelected(indexes.contains(i));
+        }
+    }
+    KeyValue::announce<&QVListView::selectionIndexesChanged>(this);
+}
+
+QVListView::Item QVListView::newItemForRepresentedObject(const QVariant &object) {
+    const CollectionViewItem *prototype =
+        m_delegate ? m_delegate->collectionViewItemPrototypeForRepresentedObject(this, object)
+                   : nullptr;
+    Item item = (prototype ? prototype : m_itemPrototype.get())->copy();
+    item->setRepresentedObject(object);
+    QWidget *view = item->view();
+    ContextMenu::setMenu(view,
+                         m_itemPrototype ? ContextMenu::menu(m_itemPrototype->view()) : nullptr);
+    if (view->metaObject()->indexOfProperty(selectedKey) >= 0) {
+        KeyValue::bind(view, selectedKey, item.get(), selectedKey);
+    }
+    return item;
+}
+
+void QVListView::layoutSubviews() {
+    int y = 0;
+    const QList<QWidget *> views = subviews();
+    for (QWidget *view : views) {
+        view->setGeometry(0, y, width(), view->height());
+        y += view->height();
+    }
+    resize(widthOfEnclosingScrollArea(this), y);
+}
+
+void QVListView::mousePressEvent(QMouseEvent *event) {
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    const QPoint point(qFloor(event->position().x()), qFloor(event->position().y()));
+    for (qsizetype i = 0; i < m_items.size(); ++i) {
+        const Item item = m_items.at(i);
+        if (item->view()->geometry().contains(point) && shouldSelect(item.get())) {
+            setSelectionIndexes({i});
+            return;
+        }
+    }
+}
+
+bool QVListView::shouldSelect(CollectionViewItem *item) {
+    return m_delegate && m_delegate->collectionViewShouldSelectItem(this, item);
+}
+
+QList<QWidget *> QVListView::subviews() const {
+    return findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Platform/Interface/Control.h"
+
+/// The background of one list item: paints whether the item is selected and makes the controls
+/// directly in it legible on that. Made by a form, which connects its `action`.
+///
+/// A click is passed on to the list; a double click, whose first click has already gone there,
+/// sends `action` once, and a third click is again the list's. Never takes keyboard focus.
+class QVSelectedItemBackgroundView : public Control {
+    Q_OBJECT
+    /// Setting it repaints the view and gives the controls among its children the dark background
+    /// style when true, the light one when false; controls further down are left alone.
+    Q_PROPERTY(bool selected READ isSelected WRITE setSelected NOTIFY selectedChanged)
+public:
+    explicit QVSelectedItemBackgroundView(QWidget *parent = nullptr);
+
+    bool isSelected() const { return m_isSelected; }
+    void setSelected(bool selected);
+
+Q_SIGNALS:
+    void selectedChanged();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void styleControls();
+
+    bool m_isSelected = false;
+};
