@@ -8,6 +8,7 @@
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/BindableView.h"
+#include "Platform/Interface/CollectionViewItem.h"
 #include "Platform/Interface/Control.h"
 #include "Platform/Interface/NibConnections.h"
 #include "Platform/KeyValue/KeyValue.h"
@@ -123,6 +124,7 @@ public:
         QObject *owner = m_objects.value(QStringLiteral("owner"));
         for (QObject *part : std::as_const(m_parts)) {
             setOutlet(owner, part);
+            setItemPrototype(owner, part);
         }
         for (QObject *part : std::as_const(m_parts)) {
             const QStringList bindings = part->property("bindings").toStringList();
@@ -157,6 +159,18 @@ private:
         if (index >= 0 && owner->metaObject()->property(index).isWritable()) {
             KeyValue::setValue(owner, name, QVariant::fromValue(part));
         }
+    }
+
+    static void setItemPrototype(QObject *owner, QObject *part) {
+        const QString nibName = part->property("itemNib").toString();
+        if (nibName.isEmpty()) {
+            return;
+        }
+        const auto prototype =
+            std::make_shared<CollectionViewItem>([nibName, owner](CollectionViewItem *item) {
+                return Nib::load(nibName, owner, {{QStringLiteral("item"), item}});
+            });
+        KeyValue::setValue(part, "itemPrototype", QVariant::fromValue(prototype));
     }
 
     QObject *object(const QString &name) const {

@@ -18,6 +18,9 @@ class QWidget;
 /// path,
 ///   "key <-> path" also writes back what the person changes; "| name" at the end names a
 ///   ValueTransformer. On the form itself "object.key" binds a key of one of its `objects`.
+/// - `itemNib` (string, on a list): the form of its rows. The list's "itemPrototype" becomes an
+/// item whose views
+///   are made from it, with the same owner, and in which "item" names the row's CollectionViewItem.
 /// - `action` (string): what a button, action or control sends: "path.method" gives the method the
 /// sender,
 ///   if it wants an argument; "path.method(path)" gives it the value at a path.
@@ -38,7 +41,8 @@ PLATFORM_EXPORT void registerForm(const QString &nibName, Form makeForm);
 using ObjectFactory = std::function<QObject *(QObject *parent)>;
 PLATFORM_EXPORT void registerClass(const QString &className, ObjectFactory makeObject);
 
-/// Makes the form of that name and connects it: outlets first, then bindings, then actions. The
+/// Makes the form of that name and connects it: outlets and prototypes first, then bindings, then
+/// actions. The
 /// caller owns what it gets. The owner is not awakened; that is for the caller to do.
 PLATFORM_EXPORT QWidget *load(const QString &nibName, QObject *owner, const Objects &named = {});
 

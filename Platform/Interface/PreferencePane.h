@@ -4,13 +4,12 @@
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtCore/QtPlugin>
+#include <QtWidgets/QWidget>
 #include <memory>
 #include <optional>
 
 #include "Platform/Foundation/Error.h"
 #include "Platform/PlatformExport.h"
-
-class QWidget;
 
 /// A pane of the application's preferences. The application makes it, calls `loadMainView` once,
 /// shows the view, and tells the pane each time it is shown and left. Main thread.
