@@ -79,9 +79,8 @@ int main(int argumentCount, char **arguments) {
     LaunchOptions options;
     {
         // Read before the application object is made: it decides on what that one draws.
-        int noArguments = 1;
-        const QCoreApplication early(noArguments, arguments);
-        options = LaunchOptions::parse({arguments, arguments + argumentCount});
+        const QCoreApplication early(argumentCount, arguments);
+        options = LaunchOptions::parse(QCoreApplication::arguments());
     }
     QTemporaryDir runtimeDirectory;
     if (options.isBatch()) {
