@@ -15,6 +15,9 @@ public:
     /// two databases and a folder location if it is not there or empty. Called once, after NSApp is
     /// set. An error says what is wrong and where, and leaves the folder as it was.
     virtual std::optional<Error> openProfile(const QString &directory) = 0;
+    /// Closes it; the host classes are gone then, and so must be everything that shares their
+    /// objects. Called before the application object goes.
+    virtual void closeProfile() = 0;
     /// Belongs to the plug-in; nullptr while no profile is open.
     virtual NoteLibrary *library() const = 0;
 };
