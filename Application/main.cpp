@@ -40,6 +40,7 @@ bool writeScreenshot(const QString &file, std::optional<Error> *error) {
     QCoreApplication::processEvents();
     const bool isWritten = window->grab().save(file);
     window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (!isWritten) {
         *error = Error{.domain = QStringLiteral("Velmora"),
                        .localizedDescription = QCoreApplication::translate(
@@ -67,6 +68,13 @@ int runBatch(VelmoraApplication &application, LaunchOptions options, const NoteL
         std::fputs(QJsonDocument(describeProfile(library)).toJson().constData(), stdout);
     }
     return EXIT_SUCCESS;
+}
+
+int runWindows(VelmoraApplication &application, NoteLibrary *library) {
+    MainWindow window(library, application.eventLog());
+    window.show();
+    window.showPreferences();
+    return QApplication::exec();
 }
 
 }  // namespace
@@ -110,11 +118,9 @@ int main(int argumentCount, char **arguments) {
         return fail(application, *error, options.isBatch());
     }
     application.setLibrary(sync->library());
-    if (options.isBatch()) {
-        return runBatch(application, options, *sync->library());
-    }
-    MainWindow window(sync->library(), application.eventLog());
-    window.show();
-    window.showPreferences();
-    return QApplication::exec();
+    const int exitCode = options.isBatch() ? runBatch(application, options, *sync->library())
+                                           : runWindows(application, sync->library());
+    application.setLibrary(nullptr);
+    sync->closeProfile();
+    return exitCode;
 }

@@ -4,11 +4,13 @@
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPointer>
 #include <QtGui/QAction>
-#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QPushButton>
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/BindableView.h"
 #include "Platform/Interface/CollectionViewItem.h"
+#include "Platform/Interface/ContextMenu.h"
 #include "Platform/Interface/Control.h"
 #include "Platform/Interface/NibConnections.h"
 #include "Platform/KeyValue/KeyValue.h"
@@ -125,6 +127,7 @@ public:
         for (QObject *part : std::as_const(m_parts)) {
             setOutlet(owner, part);
             setItemPrototype(owner, part);
+            setMenu(part);
         }
         for (QObject *part : std::as_const(m_parts)) {
             const QStringList bindings = part->property("bindings").toStringList();
@@ -171,6 +174,19 @@ private:
                 return Nib::load(nibName, owner, {{QStringLiteral("item"), item}});
             });
         KeyValue::setValue(part, "itemPrototype", QVariant::fromValue(prototype));
+    }
+
+    void setMenu(QObject *part) const {
+        const QString name = part->property("menu").toString();
+        if (name.isEmpty()) {
+            return;
+        }
+        auto *menu = qobject_cast<QMenu *>(object(name));
+        if (auto *button = qobject_cast<QPushButton *>(part)) {
+            button->setMenu(menu);
+        } else if (auto *view = qobject_cast<QWidget *>(part)) {
+            ContextMenu::setMenu(view, menu);
+        }
     }
 
     QObject *object(const QString &name) const {

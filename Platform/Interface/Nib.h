@@ -21,6 +21,7 @@ class QWidget;
 /// - `itemNib` (string, on a list): the form of its rows. The list's "itemPrototype" becomes an
 /// item whose views
 ///   are made from it, with the same owner, and in which "item" names the row's CollectionViewItem.
+/// - `menu` (string): the form's QMenu that a push button opens, or a secondary click on any other widget.
 /// - `action` (string): what a button, action or control sends: "path.method" gives the method the
 /// sender,
 ///   if it wants an argument; "path.method(path)" gives it the value at a path.

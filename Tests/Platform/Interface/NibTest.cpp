@@ -3,10 +3,12 @@
 #include <QtGui/QAction>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/CollectionViewItem.h"
+#include "Platform/Interface/ContextMenu.h"
 #include "Platform/Interface/Control.h"
 #include "Platform/KeyValue/ArrayController.h"
 #include "Support/TestMain.h"
@@ -221,6 +223,24 @@ private Q_SLOTS:
         form->findChild<QAction *>()->trigger();
         QCOMPARE(owner.m_calls,
                  QStringList({QStringLiteral("control"), QStringLiteral("menuItem")}));
+    }
+
+    void aMenuOpensFromItsButtonOrAsAContextMenu() {
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            addPart<QPushButton>(form, "button")->setProperty("menu", QStringLiteral("buttonMenu"));
+            addPart<QMenu>(form, "buttonMenu");
+            addPart<QLabel>(form, "label")->setProperty("menu", QStringLiteral("labelMenu"));
+            addPart<QMenu>(form, "labelMenu");
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        QCOMPARE(form->findChild<QPushButton *>()->menu()->objectName(),
+                 QStringLiteral("buttonMenu"));
+        auto *label = form->findChild<QLabel *>(QStringLiteral("label"));
+        QCOMPARE(ContextMenu::menu(label)->objectName(), QStringLiteral("labelMenu"));
     }
 
     void aListGetsAPrototypeWhoseRowsNameTheirItem() {
