@@ -7,7 +7,7 @@
 #include "Platform/KeyValue/KeyValue.h"
 
 QVSelectedItemBackgroundView::QVSelectedItemBackgroundView(QWidget *parent) : Control(parent) {
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    setPalette(ListPalette::normal());
 }
 
 void QVSelectedItemBackgroundView::setSelected(bool selected) {
@@ -20,7 +20,8 @@ void QVSelectedItemBackgroundView::setSelected(bool selected) {
 void QVSelectedItemBackgroundView::styleControls() {
     const BackgroundStyle style = m_isSelected ? BackgroundStyle::Dark : BackgroundStyle::Light;
     for (QObject *child : children()) {
-        if (auto *view = qobject_cast<QWidget *>(child); view && isControl(view)) {
+        auto *view = qobject_cast<QWidget *>(child);
+        if (view && isControl(view) && backgroundStyle(view) != style) {
             setBackgroundStyle(view, style);
         }
     }
