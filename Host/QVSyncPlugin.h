@@ -5,17 +5,18 @@
 #include <memory>
 
 #include "Host/ClassRegistry.h"
+#include "Host/QVSyncDispatcher.h"
 #include "Platform/Foundation/Url.h"
 
 class QVDatabase;
 class QVDirectConnectionServer;
-class QVSyncDispatcher;
 class QVSyncLocationsController;
 class QVSyncStore;
 
 /// The entry to all sync services: one shared object, which outlives the pane. Main thread.
 class HOST_EXPORT QVSyncPlugin : public QObject {
     Q_OBJECT
+    Q_PROPERTY(QVSyncDispatcher *dispatcher READ dispatcher CONSTANT)
     Q_PROPERTY(bool usesSandboxedAccess READ usesSandboxedAccess)
 public:
     /// Registered as "QVSyncPlugin".

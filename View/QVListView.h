@@ -31,6 +31,11 @@ class QVListView : public QWidget, public BindableView {
     /// ignored. Announced at every setting, whatever came of it.
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
                    selectionIndexesChanged)
+    /// What new items are copies of where the delegate names no other. The menu of its view is the
+    /// menu of every item's view. There must be one for every object; setting it changes no item
+    /// that is already made.
+    Q_PROPERTY(
+        std::shared_ptr<CollectionViewItem> itemPrototype READ itemPrototype WRITE setItemPrototype)
 public:
     using Item = std::shared_ptr<CollectionViewItem>;
     using Bindings = std::set<std::shared_ptr<QVBinding>>;
@@ -63,9 +68,6 @@ public:
     /// One for each object, in the same order.
     QList<Item> items() const { return m_items; }
     void setItems(const QList<Item> &items) { m_items = items; }
-    /// What new items are copies of where the delegate names no other. The menu of its view is the
-    /// menu of every item's view. There must be one for every object; setting it changes no item
-    /// that is already made.
     Item itemPrototype() const { return m_itemPrototype; }
     void setItemPrototype(const Item &prototype) { m_itemPrototype = prototype; }
     Bindings bindings() const { return m_bindings; }

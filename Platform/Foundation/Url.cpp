@@ -53,6 +53,14 @@ bool Url::isFileURL() const {
     return m_scheme == QLatin1StringView("file");
 }
 
+QString Url::stringWithoutPassword() const {
+    const auto start = m_text.indexOf(QLatin1StringView("//"));
+    const auto end = m_text.indexOf(u'/', start + 2);
+    const auto at = start < 0 ? start : m_text.left(end).indexOf(u'@', start);
+    const auto colon = at < 0 ? at : m_text.left(at).indexOf(u':', start);
+    return colon < 0 ? m_text : m_text.left(colon) + m_text.mid(at);
+}
+
 bool Url::parse(const QString &text) {
     const QRegularExpressionMatch match = urlGrammar().match(text);
     if (!match.hasMatch() || !parseAuthority(match.captured(QStringLiteral("authority")))) {

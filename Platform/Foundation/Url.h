@@ -24,6 +24,8 @@ public:
     bool isFileURL() const;
 
     QString absoluteString() const { return m_text; }
+    /// The text for others to read.
+    QString stringWithoutPassword() const;
     QString scheme() const { return m_scheme; }
     /// Percent escapes decoded; empty where there is none.
     QString user() const { return m_user; }

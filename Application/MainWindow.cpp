@@ -1,0 +1,171 @@
+#include "Application/MainWindow.h"
+
+#include <QtCore/QSignalBlocker>
+#include <QtGui/QAction>
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QInputDialog>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QSplitter>
+#include <QtWidgets/QToolBar>
+
+#include "Application/LogWindow.h"
+#include "Application/NotesView.h"
+#include "Application/PlugIns.h"
+#include "Application/PreferencesWindow.h"
+#include "Host/NoteLibrary.h"
+#include "Host/QVApplication.h"
+
+namespace {
+
+void present(const std::optional<Error> &error) {
+    if (error) {
+        NSApp()->presentError(*error);
+    }
+}
+
+QString shownName(const NoteDatabase &database) {
+    return database.isOpen() ? database.name() : MainWindow::tr("%1 (closed)").arg(database.name());
+}
+
+}  // namespace
+
+MainWindow::MainWindow(NoteLibrary *library, EventLog *log)
+    : m_library(library), m_log(log), m_databases(new QListWidget), m_notes(new NotesView) {
+    setWindowTitle(QStringLiteral("Velmora"));
+    resize(900, 560);
+    m_databases->setAccessibleName(tr("Databases"));
+    auto *splitter = new QSplitter;
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(m_databases);
+    splitter->addWidget(m_notes);
+    splitter->setStretchFactor(1, 3);
+    splitter->setContentsMargins(8, 8, 8, 8);
+    setCentralWidget(splitter);
+    makeActions();
+
+    connect(m_library, &NoteLibrary::knownDatabasesChanged, this, &MainWindow::showDatabases);
+    connect(m_databases, &QListWidget::currentRowChanged, this, &MainWindow::showDatabase);
+    connect(m_databases, &QListWidget::itemActivated, this, &MainWindow::toggleOpen);
+    showDatabases();
+    m_databases->setCurrentRow(0);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::makeActions() {
+    QMenu *databaseMenu = menuBar()->addMenu(tr("&Database"));
+    QAction *createAction =
+        databaseMenu->addAction(tr("&New Database…"), this, &MainWindow::createDatabase);
+    createAction->setShortcut(QKeySequence::New);
+    m_renameAction = databaseMenu->addAction(tr("&Rename…"), this, &MainWindow::renameDatabase);
+    m_renameAction->setShortcut(Qt::Key_F2);
+    m_openAction = databaseMenu->addAction(tr("&Open"), this, &MainWindow::toggleOpen);
+    databaseMenu->addSeparator();
+    databaseMenu->addAction(tr("&Quit"), this, &QWidget::close)->setShortcut(QKeySequence::Quit);
+
+    QMenu *toolsMenu = menuBar()->addMenu(tr("&Tools"));
+    QAction *preferencesAction =
+        toolsMenu->addAction(tr("Sync &Preferences…"), this, &MainWindow::showPreferences);
+    preferencesAction->setShortcut(Qt::CTRL | Qt::Key_Comma);
+    toolsMenu->addAction(tr("&Log"), this, &MainWindow::showLog);
+
+    QToolBar *toolBar = addToolBar(tr("Commands"));
+    toolBar->setObjectName(QStringLiteral("commands"));
+    toolBar->setMovable(false);
+    toolBar->addActions({createAction, m_renameAction, m_openAction, preferencesAction});
+}
+
+void MainWindow::showDatabases() {
+    const int row = m_databases->currentRow();
+    {
+        const QSignalBlocker blocker(m_databases);
+        m_databases->clear();
+        const auto databases = m_library->knownDatabases();
+        for (const auto &database : databases) {
+            m_databases->addItem(shownName(*database));
+            connect(database.get(), &NoteDatabase::openChanged, this, &MainWindow::showDatabases,
+                    Qt::UniqueConnection);
+            connect(database.get(), &NoteDatabase::nameChanged, this, &MainWindow::showDatabases,
+                    Qt::UniqueConnection);
+        }
+        m_databases->setCurrentRow(row);
+    }
+    showDatabase();
+}
+
+void MainWindow::showDatabase() {
+    const auto database = currentDatabase();
+    m_notes->setDatabase(database);
+    m_renameAction->setEnabled(database && !database->isInbox());
+    m_openAction->setEnabled(database && !database->isInbox());
+    m_openAction->setText(database && database->isOpen() ? tr("&Close") : tr("&Open"));
+}
+
+std::shared_ptr<NoteDatabase> MainWindow::currentDatabase() const {
+    const auto databases = m_library->knownDatabases();
+    const int row = m_databases->currentRow();
+    return row >= 0 && row < databases.size() ? databases.at(row) : nullptr;
+}
+
+void MainWindow::createDatabase() {
+    bool isAccepted = false;
+    const QString name =
+        QInputDialog::getText(this, tr("New Database"), tr("Name of the new database:"),
+                              QLineEdit::Normal, {}, &isAccepted);
+    if (isAccepted) {
+        present(m_library->createDatabase(name));
+    }
+}
+
+void MainWindow::renameDatabase() {
+    const auto database = currentDatabase();
+    bool isAccepted = false;
+    const QString name = QInputDialog::getText(this, tr("Rename"), tr("New name of the database:"),
+                                               QLineEdit::Normal, database->name(), &isAccepted);
+    if (isAccepted) {
+        present(m_library->renameDatabase(database, name));
+    }
+}
+
+void MainWindow::toggleOpen() {
+    const auto database = currentDatabase();
+    if (!database || database->isInbox()) {
+        return;
+    }
+    m_notes->commit();
+    present(database->isOpen() ? m_library->closeDatabase(database)
+                               : m_library->openDatabase(database));
+}
+
+PreferencesWindow *MainWindow::showPreferences() {
+    if (!m_preferences) {
+        std::optional<Error> error;
+        auto pane = PlugIns::makeSyncPreferences(&error);
+        present(error);
+        if (!pane) {
+            return nullptr;
+        }
+        m_preferences = new PreferencesWindow(std::move(pane));
+    }
+    m_preferences->show();
+    m_preferences->raise();
+    m_preferences->activateWindow();
+    return m_preferences;
+}
+
+void MainWindow::showLog() {
+    if (!m_logWindow) {
+        m_logWindow = new LogWindow(m_log, this);
+    }
+    m_logWindow->show();
+    m_logWindow->raise();
+}
+
+void MainWindow::closeEvent(QCloseEvent *event) {
+    m_notes->commit();
+    if (m_preferences) {
+        m_preferences->close();
+    }
+    event->accept();
+}

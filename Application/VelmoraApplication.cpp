@@ -1,0 +1,70 @@
+#include "Application/VelmoraApplication.h"
+
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStyleFactory>
+#include <cstdio>
+
+#include "Host/NoteLibrary.h"
+#include "Platform/Foundation/Assertion.h"
+
+VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
+    : QApplication(argumentCount, arguments) {
+    setNSApp(this);
+}
+
+VelmoraApplication::~VelmoraApplication() {
+    setNSApp(nullptr);
+}
+
+void VelmoraApplication::setDarkAppearance(bool dark) {
+    // Fusion draws in whatever colours it is given.
+    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    if (!dark) {
+        setPalette(QPalette(QColor(0xef, 0xef, 0xef)));
+        return;
+    }
+    QPalette palette(QColor(0x3a, 0x3a, 0x3c), QColor(0x2a, 0x2a, 0x2c));
+    palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x20));
+    palette.setColor(QPalette::PlaceholderText, QColor(0x9a, 0x9a, 0x9e));
+    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xd6));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, QColor(0x85, 0x85, 0x89));
+    }
+    setPalette(palette);
+}
+
+std::shared_ptr<QVDatabase> VelmoraApplication::inbox() const {
+    return m_library ? m_library->inbox() : nullptr;
+}
+
+void VelmoraApplication::logItemCmd(const QString &title, const QString &info) {
+    m_eventLog.append(title, info);
+}
+
+void VelmoraApplication::presentError(const Error &error) {
+    if (m_isBatch) {
+        std::fprintf(stderr, "%s\n", qPrintable(error.localizedDescription));
+        return;
+    }
+    auto *box = new QMessageBox(QMessageBox::Warning, applicationDisplayName(),
+                                error.localizedDescription, QMessageBox::Ok, activeWindow());
+    box->setInformativeText(error.localizedFailureReason);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+bool VelmoraApplication::notify(QObject *receiver, QEvent *event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const AssertionFailure &failure) {
+        std::fprintf(stderr, "%s\n", qPrintable(failure.report()));
+        logItemCmd(tr("Programming error:"), failure.report());
+        presentError(
+            {.domain = QStringLiteral("Velmora"),
+             .localizedDescription = tr("Velmora made a mistake and left off what it was doing."),
+             .localizedFailureReason = failure.report()});
+        return true;
+    }
+}

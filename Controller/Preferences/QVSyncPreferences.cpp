@@ -1,0 +1,331 @@
+#include "Controller/Preferences/QVSyncPreferences.h"
+
+#include <QtWidgets/QMenu>
+
+#include "Controller/Preferences/QVSyncScheduleEditor.h"
+#include "Host/Notifications.h"
+#include "Host/QVApplication.h"
+#include "Host/QVDatabase.h"
+#include "Host/QVSyncLocationsController.h"
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/Localization.h"
+#include "Platform/Foundation/Log.h"
+#include "Platform/Foundation/NotificationCenter.h"
+#include "Platform/Interface/Workspace.h"
+#include "Platform/KeyValue/Binding.h"
+
+namespace {
+
+constexpr char sourceFile[] = "Controller/Preferences/QVSyncPreferences";
+
+QVSyncPreferences *livePane = nullptr;
+
+/// Under what the row of a database is kept: the inbox has one key in every profile.
+QString rowKey(const QVDatabase &database) {
+    const auto inbox = NSApp()->inbox();
+    return inbox && inbox->UUID() == database.UUID() ? QStringLiteral("@inbox") : database.UUID();
+}
+
+template <class Object>
+std::shared_ptr<Object> lastObject(const ArrayController *controller) {
+    const QVariantList selected = controller ? controller->selectedObjects() : QVariantList();
+    return selected.isEmpty() ? nullptr : selected.last().value<std::shared_ptr<Object>>();
+}
+
+}  // namespace
+
+QVSyncPreferences::QVSyncPreferences(const QJsonObject &info) : PreferencePane(info) {}
+
+QVSyncPreferences::~QVSyncPreferences() {
+    livePane = nullptr;
+    discardMainView();
+}
+
+QVSyncPreferences *QVSyncPreferences::preferences() {
+    return livePane;
+}
+
+QString QVSyncPreferences::mainNibName() const {
+    if (!QVSyncPlugin::isAvailable()) {
+        Log::message(QStringLiteral("Sync is not available on this system."));
+    }
+    return QStringLiteral("Sync Preferences");
+}
+
+void QVSyncPreferences::awakeFromNib() {
+    {
+        const QMutexLocker lock(&m_awakening);
+        embedScheduleEditor();
+        livePane = this;
+    }
+    m_databasesView->setDelegate(this);
+    m_locationsView->setDelegate(this);
+    m_warningIcon = QIcon(QStringLiteral(":/SyncPreferences/QVSyncSelectionWarning.png"));
+    m_warningIcon.setIsMask(true);
+}
+
+void QVSyncPreferences::embedScheduleEditor() {
+    if (m_scheduleEditor) {
+        return;
+    }
+    m_scheduleEditor = std::make_unique<QVSyncScheduleEditor>();
+    QWidget *view = m_scheduleEditor->view();
+    view->setParent(m_scheduleView);
+    view->setGeometry(m_scheduleView->geometry());
+    view->show();
+    m_scheduleEditor->setDelegate(this);
+}
+
+void QVSyncPreferences::willSelect() {
+    m_localDatabasesByUUID.clear();
+    // Announced together: for each row alone, the list would be built again as often as it has
+    // rows.
+    const auto locations = plugin()->locationsController()->syncLocations();
+    for (const auto &location : locations) {
+        const Selection selection =
+            QVSynchronizationSelection::selectionWithDatabase(nullptr, location);
+        appendSelection(selection);
+        selection->setSelected(true);
+    }
+    KeyValue::announce<&QVSyncPreferences::synchronizationSelectionsChanged>(this);
+
+    for (const StandIn &database : openDatabases()) {
+        m_localDatabasesByUUID[database->UUID()] = database;
+    }
+    KeyValue::announce<&QVSyncPreferences::localDatabasesChanged>(this);
+
+    NotificationCenter &center = NotificationCenter::defaultCenter();
+    center.addObserver(this, QVSyncPluginDidOpenDatabase,
+                       [this](const Notification &notification) { didOpenDatabase(notification); });
+    center.addObserver(
+        this, QVSyncPluginDidCloseDatabase,
+        [this](const Notification &notification) { didCloseDatabase(notification); });
+    KeyValue::bind(m_scheduleEditor.get(), "representedObjects", m_databasesController,
+                   "selectedObjects");
+    m_scheduleEditor->startObservingScheduleFiring();
+    appendLocationEditMenuItems();
+}
+
+void QVSyncPreferences::appendLocationEditMenuItems() {
+    for (const char *title : {"New", "Open", "Save"}) {
+        locationEditMenu()->addAction(localizedSyncString(title));
+    }
+}
+
+void QVSyncPreferences::willDeselect() {
+    saveAndPresentError();
+    m_localDatabasesByUUID.clear();
+    NotificationCenter::defaultCenter().removeObserver(this);
+    m_scheduleEditor->stopObservingScheduleFiring();
+    KeyValue::unbind(m_scheduleEditor.get(), "representedObjects");
+}
+
+QString QVSyncPreferences::currentVersionString() const {
+    return info().value(QLatin1StringView("CFBundleShortVersionString")).toString();
+}
+
+QVSyncPlugin *QVSyncPreferences::plugin() const {
+    return QVSyncPlugin::plugin();
+}
+
+QPixmap QVSyncPreferences::databaseIcon() const {
+    const QIcon fallback(QStringLiteral(":/SyncPreferences/database.svg"));
+    return Workspace::iconForFileType(QStringLiteral("qvBase2"), fallback).pixmap(QSize(32, 32), 2);
+}
+
+bool QVSyncPreferences::isSandboxed() const {
+    return plugin()->usesSandboxedAccess();
+}
+
+bool QVSyncPreferences::isRevealableInFinder() const {
+    const auto row = lastObject<QVSynchronizationSelection>(m_syncLocationsController);
+    return row && row->location()->URL().scheme() == QLatin1StringView("file");
+}
+
+QMenu *QVSyncPreferences::locationEditMenu() const {
+    return m_locationEditPopUpButton->menu();
+}
+
+QList<QVSyncPreferences::StandIn> QVSyncPreferences::localDatabases() const {
+    QList<StandIn> rows;
+    for (const auto &[UUID, row] : m_localDatabasesByUUID) {
+        rows.append(row);
+    }
+    return sortedUsingDescriptors(rows, databaseSortDescriptors());
+}
+
+QList<SortDescriptor> QVSyncPreferences::databaseSortDescriptors() const {
+    return {{.key = "name"}};
+}
+
+QList<QVSyncPreferences::StandIn> QVSyncPreferences::openDatabases() const {
+    QList<StandIn> rows;
+    for (const auto &database : QVDatabase::databases()) {
+        rows.append(standInForDatabase(*database));
+    }
+    return rows;
+}
+
+QVSyncPreferences::StandIn QVSyncPreferences::standInForDatabase(const QVDatabase &database) const {
+    auto row = std::make_shared<QVStandInDatabase>();
+    row->setUUID(rowKey(database));
+    row->setName(database.name());
+    const auto locations = plugin()->locationsController()->syncLocations();
+    for (const auto &location : locations) {
+        if (const auto state = location->stateForDatabaseWithUUID(row->UUID())) {
+            row->addSynchronizationStatesObject(state);
+        }
+    }
+    row->addContainingLocationsObject(plugin()->localStore()->location());
+    return row;
+}
+
+QVSyncPreferences::StandIn QVSyncPreferences::standInForSynchronizationState(
+    const std::shared_ptr<QVSyncState> &state) const {
+    auto row = std::make_shared<QVStandInDatabase>();
+    row->setUUID(state->databaseUUID());
+    row->setName(state->databaseName());
+    row->addSynchronizationStatesObject(state);
+    return row;
+}
+
+QVSyncPreferences::StandIn QVSyncPreferences::standInForAsynchronousDatabase(
+    const std::shared_ptr<QVRemoteDatabase> &database) const {
+    auto row = std::make_shared<QVStandInDatabase>();
+    row->setUUID(database->UUID());
+    row->setName(database->metadata()->name());
+    return row;
+}
+
+QVSyncPreferences::StandIn QVSyncPreferences::localDatabaseForUUID(const QString &UUID) const {
+    const auto found = m_localDatabasesByUUID.find(UUID);
+    return found == m_localDatabasesByUUID.end() ? nullptr : found->second;
+}
+
+void QVSyncPreferences::addLocalDatabasesObject(const StandIn &database) {
+    m_localDatabasesByUUID[database->UUID()] = database;
+    KeyValue::announce<&QVSyncPreferences::localDatabasesChanged>(this);
+}
+
+void QVSyncPreferences::removeLocalDatabasesObject(const StandIn &database) {
+    m_localDatabasesByUUID.erase(database->UUID());
+    KeyValue::announce<&QVSyncPreferences::localDatabasesChanged>(this);
+}
+
+void QVSyncPreferences::didOpenDatabase(const Notification &notification) {
+    const auto *opened = qobject_cast<const QVDatabase *>(notification.object);
+    if (opened && !localDatabaseForUUID(rowKey(*opened))) {
+        addLocalDatabasesObject(standInForDatabase(*opened));
+    }
+}
+
+void QVSyncPreferences::didCloseDatabase(const Notification &notification) {
+    const auto *closed = qobject_cast<const QVDatabase *>(notification.object);
+    // By its own UUID: the row of the inbox stays.
+    if (const StandIn row = closed ? localDatabaseForUUID(closed->UUID()) : nullptr) {
+        removeLocalDatabasesObject(row);
+    }
+}
+
+void QVSyncPreferences::appendSelection(const Selection &selection) {
+    requireParameter(selection != nullptr, "selection != nil",
+                     "QVSyncPreferences::addSynchronizationSelectionsObject", sourceFile);
+    KeyValue::bind(selection.get(), "selectedDatabases", m_databasesController, "selectedObjects");
+    m_synchronizationSelections.append(selection);
+}
+
+void QVSyncPreferences::addSynchronizationSelectionsObject(const Selection &selection) {
+    appendSelection(selection);
+    KeyValue::announce<&QVSyncPreferences::synchronizationSelectionsChanged>(this);
+}
+
+void QVSyncPreferences::addSelectionForLocation(const std::shared_ptr<QVSyncLocation> &location) {
+    requireParameter(location != nullptr, "location != nil",
+                     "QVSyncPreferences::addSelectionForLocation", sourceFile);
+    const Selection selection =
+        QVSynchronizationSelection::selectionWithDatabase(nullptr, location);
+    addSynchronizationSelectionsObject(selection);
+    selection->setSelected(true);
+}
+
+void QVSyncPreferences::removeSynchronizationSelectionsObject(const Selection &selection) {
+    requireParameter(selection != nullptr, "selection != nil",
+                     "QVSyncPreferences::removeSynchronizationSelectionsObject", sourceFile);
+    const QVSyncStates states = selection->location()->synchronizationStates();
+    for (const auto &state : states) {
+        state->setEnabled(false);
+    }
+    if (const StandIn database = selection->database()) {
+        database->updateCanSynchronize();
+    }
+    m_synchronizationSelections.removeAll(selection);
+    KeyValue::announce<&QVSyncPreferences::synchronizationSelectionsChanged>(this);
+}
+
+QVSyncPreferences::Selection QVSyncPreferences::synchronizationSelectionForState(
+    const std::shared_ptr<QVSyncState> &state, const StandIn &database) const {
+    for (const Selection &selection : m_synchronizationSelections) {
+        const StandIn selected = selection->database();
+        if (selection->location() == state->destination() && selected && database &&
+            selected->UUID() == database->UUID()) {
+            Log::verbose(
+                QStringLiteral("Found synchronization selection %1").arg(selection->title()));
+            return selection;
+        }
+    }
+    return nullptr;
+}
+
+QVSyncPreferences::Selection QVSyncPreferences::synchronizationSelectionForSyncLocationWithURL(
+    const Url &URL) const {
+    requireParameter(!URL.isNil(), "URL != nil",
+                     "QVSyncPreferences::synchronizationSelectionForSyncLocationWithURL",
+                     sourceFile);
+    for (const Selection &selection : m_synchronizationSelections) {
+        if (selection->location()->URL() == URL) {
+            return selection;
+        }
+    }
+    return nullptr;
+}
+
+void QVSyncPreferences::saveAndPresentError() {
+    std::optional<Error> error;
+    if (!plugin()->locationsController()->save(&error) && error) {
+        NSApp()->presentError(*error);
+    }
+}
+
+void QVSyncPreferences::editorDidChangeSchedule(QVSyncScheduleEditor * /*editor*/,
+                                                const QVSyncSchedulePtr & /*schedule*/) {
+    saveAndPresentError();
+}
+
+void QVSyncPreferences::toggleSynchronizationSelection(QObject * /*sender*/) {
+    saveAndPresentError();
+}
+
+void QVSyncPreferences::presentSynchronizationSelectionError(const std::optional<Error> &error) {
+    requireParameter(error.has_value(), "error != nil",
+                     "QVSyncPreferences::presentSynchronizationSelectionError", sourceFile);
+    NSApp()->presentError(*error);
+}
+
+CollectionViewItem *QVSyncPreferences::collectionViewItemPrototypeForRepresentedObject(
+    QVListView * /*listView*/, const QVariant & /*object*/) {
+    return nullptr;
+}
+
+bool QVSyncPreferences::collectionViewShouldSelectItem(QVListView *listView,
+                                                       CollectionViewItem *item) {
+    if (listView == m_databasesView) {
+        const QMetaType type = item->representedObject().metaType();
+        return type != QMetaType::fromType<QString>() &&
+               type != QMetaType::fromType<std::nullptr_t>();
+    }
+    return listView == m_locationsView;
+}
+
+KeyValue::KeyPaths QVSyncPreferences::keyPathsForValuesAffectingDatabases() {
+    return {"localDatabases"};
+}

@@ -1,0 +1,283 @@
+#include "Controller/Preferences/QVSyncScheduleEditor.h"
+
+#include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
+#include "Host/Notifications.h"
+#include "Platform/Foundation/Log.h"
+#include "Platform/Foundation/NotificationCenter.h"
+
+namespace {
+
+/// Monday to Friday, as the weekly schedule counts.
+constexpr quint64 workdays = 62;
+
+QVHourlySchedule::Class &hourlyClass() {
+    return requiredHostClass<QVHourlySchedule::Class>(QStringLiteral("QVHourlySchedule"));
+}
+
+QVDailySchedule::Class &dailyClass() {
+    return requiredHostClass<QVDailySchedule::Class>(QStringLiteral("QVDailySchedule"));
+}
+
+QVWeeklySchedule::Class &weeklyClass() {
+    return requiredHostClass<QVWeeklySchedule::Class>(QStringLiteral("QVWeeklySchedule"));
+}
+
+}  // namespace
+
+QVSyncScheduleEditor::QVSyncScheduleEditor()
+    : ViewController(QStringLiteral("QVSyncScheduleEditor")) {
+    KeyValue::followDependencies(this);
+}
+
+std::shared_ptr<QVStandInDatabase> QVSyncScheduleEditor::database() const {
+    return representedObject().value<std::shared_ptr<QVStandInDatabase>>();
+}
+
+QVSyncSchedulePtr QVSyncScheduleEditor::schedule() const {
+    const auto row = database();
+    const QVSyncSchedulePtr current = row ? row->schedule() : nullptr;
+    return current ? current : QVSyncSchedule::newSchedule();
+}
+
+void QVSyncScheduleEditor::setSchedule(const QVSyncSchedulePtr &schedule) {
+    if (const auto row = database()) {
+        row->setSchedule(schedule);
+    }
+    tellDelegate(schedule);
+}
+
+void QVSyncScheduleEditor::tellDelegate(const QVSyncSchedulePtr &schedule) {
+    if (m_delegate) {
+        m_delegate->editorDidChangeSchedule(this, schedule);
+    }
+}
+
+std::shared_ptr<const QVHourlySchedule> QVSyncScheduleEditor::hourlySchedule() const {
+    return std::dynamic_pointer_cast<const QVHourlySchedule>(schedule());
+}
+
+std::shared_ptr<const QVDailySchedule> QVSyncScheduleEditor::dailySchedule() const {
+    return std::dynamic_pointer_cast<const QVDailySchedule>(schedule());
+}
+
+std::shared_ptr<const QVWeeklySchedule> QVSyncScheduleEditor::weeklySchedule() const {
+    return std::dynamic_pointer_cast<const QVWeeklySchedule>(schedule());
+}
+
+bool QVSyncScheduleEditor::isDisabled() const {
+    return schedule() == nullptr;
+}
+
+void QVSyncScheduleEditor::setDisabled(bool disabled) {
+    if (disabled) {
+        setSchedule(nullptr);
+    }
+}
+
+bool QVSyncScheduleEditor::isHourly() const {
+    return schedule()->isHourly();
+}
+
+// The delegate hears of it three times; hosts rely on that.
+void QVSyncScheduleEditor::setHourly(bool hourly) {
+    if (!hourly) {
+        return;
+    }
+    setSchedule(hourlyClass().newHourlySchedule());
+    Log::verbose(QStringLiteral("1Setting hourly with hourlyOffset: %1").arg(hourlyOffset()));
+    setSchedule(hourlyClass().initWithHourlyOffset(static_cast<quint32>(hourlyOffset())));
+    tellDelegate(schedule());
+}
+
+bool QVSyncScheduleEditor::isDaily() const {
+    return schedule()->isDaily();
+}
+
+void QVSyncScheduleEditor::setDaily(bool daily) {
+    if (daily) {
+        setSchedule(dailyClass().initWithHourAndMinute(m_hourAndMinute));
+    }
+}
+
+bool QVSyncScheduleEditor::isWeekly() const {
+    return schedule()->isWeekly();
+}
+
+void QVSyncScheduleEditor::setWeekly(bool weekly) {
+    if (weekly) {
+        setSchedule(weeklyClass().initWithHourAndMinute(m_hourAndMinute, workdays));
+    }
+}
+
+QDateTime QVSyncScheduleEditor::nextScheduledDate() const {
+    return schedule()->nextScheduledDate();
+}
+
+qint32 QVSyncScheduleEditor::hourlyOffset() const {
+    const auto hourly = hourlySchedule();
+    return hourly ? static_cast<qint32>(hourly->hourlyOffset()) : 0;
+}
+
+void QVSyncScheduleEditor::setHourlyOffset(qint32 offset) {
+    if (!isHourly()) {
+        return;
+    }
+    Log::verbose(
+        QStringLiteral("2Setting hourly with hourlyOffset: %1").arg(static_cast<quint32>(offset)));
+    setSchedule(hourlyClass().initWithHourlyOffset(static_cast<quint32>(offset)));
+    tellDelegate(schedule());
+}
+
+QDateTime QVSyncScheduleEditor::dailyDate() const {
+    const auto daily = dailySchedule();
+    return daily ? dateOf(daily->hourAndMinute()) : QDateTime();
+}
+
+void QVSyncScheduleEditor::setDailyDate(const QDateTime &date) {
+    if (!isDaily()) {
+        return;
+    }
+    setSchedule(dailyClass().initWithHourAndMinute(hourAndMinuteOf(date)));
+    tellDelegate(schedule());
+}
+
+QDateTime QVSyncScheduleEditor::weeklyDate() const {
+    const auto weekly = weeklySchedule();
+    return weekly ? dateOf(weekly->hourAndMinute()) : QDateTime();
+}
+
+void QVSyncScheduleEditor::setWeeklyDate(const QDateTime &date) {
+    const auto weekly = weeklySchedule();
+    if (!weekly) {
+        return;
+    }
+    setSchedule(weeklyClass().initWithHourAndMinute(hourAndMinuteOf(date), weekly->daysOfWeek()));
+    tellDelegate(schedule());
+}
+
+quint64 QVSyncScheduleEditor::weeklyDays() const {
+    const auto weekly = weeklySchedule();
+    return weekly ? weekly->daysOfWeek() : 0;
+}
+
+void QVSyncScheduleEditor::setWeeklyDays(quint64 days) {
+    const auto weekly = weeklySchedule();
+    if (!weekly) {
+        return;
+    }
+    setSchedule(weeklyClass().initWithHourAndMinute(weekly->hourAndMinute(), days));
+    tellDelegate(schedule());
+}
+
+bool QVSyncScheduleEditor::syncOnOpen() const {
+    const auto row = database();
+    return row && row->syncOnOpen();
+}
+
+void QVSyncScheduleEditor::setSyncOnOpen(bool syncOnOpen) {
+    if (const auto row = database()) {
+        row->setSyncOnOpen(syncOnOpen);
+    }
+}
+
+bool QVSyncScheduleEditor::syncOnClose() const {
+    const auto row = database();
+    return row && row->syncOnClose();
+}
+
+void QVSyncScheduleEditor::setSyncOnClose(bool syncOnClose) {
+    if (const auto row = database()) {
+        row->setSyncOnClose(syncOnClose);
+    }
+}
+
+QVariantList QVSyncScheduleEditor::representedObjects() const {
+    return representedObject().isValid() ? QVariantList{representedObject()} : QVariantList();
+}
+
+void QVSyncScheduleEditor::setRepresentedObjects(const QVariantList &objects) {
+    setRepresentedObject(objects.isEmpty() ? QVariant() : objects.last());
+    KeyValue::announce<&QVSyncScheduleEditor::representedObjectsChanged>(this);
+}
+
+QCalendar QVSyncScheduleEditor::gregorianCalendar() const {
+    return QCalendar(QCalendar::System::Gregorian);
+}
+
+HourAndMinute QVSyncScheduleEditor::hourAndMinuteOf(const QDateTime &date) const {
+    return {date.time().hour(), date.time().minute()};
+}
+
+QDateTime QVSyncScheduleEditor::dateOf(const HourAndMinute &hourAndMinute) const {
+    // A day on which no clock is changed anywhere, so that every time of day exists.
+    return {gregorianCalendar().dateFromParts(2001, 1, 1),
+            QTime(hourAndMinute.hour, hourAndMinute.minute)};
+}
+
+void QVSyncScheduleEditor::startObservingScheduleFiring() {
+    NotificationCenter::defaultCenter().addObserver(
+        this, QVSyncScheduleDidFireNotification,
+        [this](const Notification &) { scheduleDidFire(); });
+}
+
+void QVSyncScheduleEditor::stopObservingScheduleFiring() {
+    NotificationCenter::defaultCenter().removeObserver(this, QVSyncScheduleDidFireNotification);
+}
+
+void QVSyncScheduleEditor::scheduleDidFire() {
+    KeyValue::announce<&QVSyncScheduleEditor::scheduleChanged>(this);
+}
+
+using KeyValue::KeyPaths;
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingSchedule() {
+    return {"representedObject", "representedObject.schedule"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingCanSchedule() {
+    return {"representedObject.canSynchronize"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingDisabled() {
+    return {"schedule"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingHourly() {
+    return {"schedule"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingHourlyOffset() {
+    return {"schedule"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingDaily() {
+    return {"schedule"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingWeekly() {
+    return {"schedule"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingNextScheduledDate() {
+    return {"schedule", "weeklyDate", "dailyDate", "weeklyDays", "hourlyOffset"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingDailyDate() {
+    return {"schedule"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingWeeklyDate() {
+    return {"schedule"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingWeeklyDays() {
+    return {"schedule"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingSyncOnOpen() {
+    return {"representedObject", "representedObject.syncOnOpen"};
+}
+
+KeyPaths QVSyncScheduleEditor::keyPathsForValuesAffectingSyncOnClose() {
+    return {"representedObject", "representedObject.syncOnClose"};
+}

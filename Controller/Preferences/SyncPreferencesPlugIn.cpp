@@ -1,0 +1,36 @@
+#include "Controller/Preferences/SyncPreferencesPlugIn.h"
+
+#include "Controller/Preferences/QVSyncPreferences.h"
+#include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Host/ClassRegistry.h"
+#include "Platform/Foundation/Localization.h"
+
+namespace {
+
+QStringList missingHostClasses() {
+    QStringList missing;
+    for (const char *name :
+         {"QVSyncPlugin", "QVSyncLocationFormatter", "QVSyncSchedule", "PZFuture"}) {
+        if (!NSClassFromString(QLatin1StringView(name))) {
+            missing.append(QLatin1StringView(name));
+        }
+    }
+    return missing;
+}
+
+}  // namespace
+
+std::unique_ptr<PreferencePane> SyncPreferencesPlugIn::makePreferencePane(
+    const QJsonObject &info, std::optional<Error> *error) {
+    if (const QStringList missing = missingHostClasses(); !missing.isEmpty()) {
+        *error = Error{
+            .domain = QStringLiteral("SyncPreferences"),
+            .localizedDescription =
+                localizedSyncString("Sync Preferences cannot be used: the sync plug-in has no %1.")
+                    .arg(missing.join(QStringLiteral(", "))),
+            .localizedFailureReason = {}};
+        return nullptr;
+    }
+    registerSyncPreferencesInterface();
+    return std::make_unique<QVSyncPreferences>(info);
+}

@@ -1,0 +1,24 @@
+#include "Platform/Foundation/RelativeDate.h"
+
+#include <QtCore/QLocale>
+
+#include "Platform/Foundation/Localization.h"
+
+QString relativeDateString(const QDateTime &date, const QDateTime &now) {
+    if (!date.isValid()) {
+        return {};
+    }
+    const QDateTime local = date.toLocalTime();
+    const QLocale locale;
+    const QString time = locale.toString(local.time(), QLocale::ShortFormat);
+    switch (now.date().daysTo(local.date())) {
+        case -1:
+            return localizedSyncString("yesterday at %1").arg(time);
+        case 0:
+            return localizedSyncString("today at %1").arg(time);
+        case 1:
+            return localizedSyncString("tomorrow at %1").arg(time);
+        default:
+            return locale.toString(local, QLocale::ShortFormat);
+    }
+}

@@ -1,0 +1,243 @@
+#include "Platform/Interface/Nib.h"
+
+#include <QtCore/QMetaMethod>
+#include <QtCore/QMetaProperty>
+#include <QtCore/QPointer>
+#include <QtGui/QAction>
+#include <QtWidgets/QAbstractButton>
+
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Interface/BindableView.h"
+#include "Platform/Interface/CollectionViewItem.h"
+#include "Platform/Interface/Control.h"
+#include "Platform/Interface/NibConnections.h"
+#include "Platform/KeyValue/KeyValue.h"
+
+namespace {
+
+QHash<QString, Nib::Form> &forms() {
+    static QHash<QString, Nib::Form> all;
+    return all;
+}
+
+QHash<QString, Nib::ObjectFactory> &classes() {
+    static QHash<QString, Nib::ObjectFactory> all;
+    return all;
+}
+
+[[noreturn]] void fail(const QString &message) {
+    failAssertion(message, "Nib::load", "Platform/Interface/Nib");
+}
+
+/// The binding that `text` states; rows state the same ones over and over.
+const NibBinding &parsedBinding(const QString &text) {
+    static QHash<QString, NibBinding> parsed;
+    auto found = parsed.find(text);
+    if (found == parsed.end()) {
+        found = parsed.insert(text, NibBinding::parse(text));
+    }
+    return *found;
+}
+
+const NibAction &parsedAction(const QString &text) {
+    static QHash<QString, NibAction> parsed;
+    auto found = parsed.find(text);
+    if (found == parsed.end()) {
+        found = parsed.insert(text, NibAction::parse(text));
+    }
+    return *found;
+}
+
+/// Sends what `action` says when its sender is used.
+class ActionSender : public QObject {
+public:
+    ActionSender(QObject *sender, const NibAction &action, QObject *target, QObject *argument)
+        : QObject(sender), m_action(action), m_target(target), m_argument(argument) {}
+
+    void send() {
+        QObject *receiver = m_target;
+        if (receiver && !m_action.target.keyPath.isEmpty()) {
+            receiver = KeyValue::objectValue(KeyValue::value(receiver, m_action.target.keyPath));
+        }
+        if (receiver) {
+            invoke(receiver);
+        }
+    }
+
+private:
+    QVariant argument() const {
+        if (m_action.argument.object.isEmpty()) {
+            return QVariant::fromValue(parent());
+        }
+        if (m_action.argument.keyPath.isEmpty()) {
+            return QVariant::fromValue(m_argument.data());
+        }
+        return m_argument ? KeyValue::value(m_argument, m_action.argument.keyPath) : QVariant();
+    }
+
+    void invoke(QObject *receiver) const {
+        const QMetaObject *meta = receiver->metaObject();
+        for (int i = meta->methodCount() - 1; i >= 0; --i) {
+            const QMetaMethod method = meta->method(i);
+            if (method.name() != m_action.method || method.parameterCount() > 1) {
+                continue;
+            }
+            if (method.parameterCount() == 0) {
+                method.invoke(receiver, Qt::DirectConnection);
+                return;
+            }
+            QVariant value = argument();
+            if (value.metaType() != method.parameterMetaType(0) &&
+                !value.convert(method.parameterMetaType(0))) {
+                break;
+            }
+            method.invoke(receiver, Qt::DirectConnection,
+                          QGenericArgument(method.parameterMetaType(0).name(), value.constData()));
+            return;
+        }
+        fail(QStringLiteral("%1 has no operation \"%2\" for what a form sends")
+                 .arg(QLatin1StringView(meta->className()), QString::fromUtf8(m_action.method)));
+    }
+
+    const NibAction m_action;
+    const QPointer<QObject> m_target;
+    const QPointer<QObject> m_argument;
+};
+
+/// Connects one form that was just made.
+class Connector {
+public:
+    Connector(QWidget *form, QObject *owner, const Nib::Objects &named)
+        : m_form(form), m_objects(named) {
+        m_objects.insert(QStringLiteral("owner"), owner);
+        makeObjects();
+        m_parts = m_form->findChildren<QObject *>();
+        m_parts.prepend(m_form);
+        for (QObject *part : std::as_const(m_parts)) {
+            if (!part->objectName().isEmpty()) {
+                m_objects.insert(part->objectName(), part);
+            }
+        }
+    }
+
+    void connect() {
+        QObject *owner = m_objects.value(QStringLiteral("owner"));
+        for (QObject *part : std::as_const(m_parts)) {
+            setOutlet(owner, part);
+            setItemPrototype(owner, part);
+        }
+        for (QObject *part : std::as_const(m_parts)) {
+            const QStringList bindings = part->property("bindings").toStringList();
+            for (const QString &binding : bindings) {
+                bind(part, parsedBinding(binding));
+            }
+        }
+        for (QObject *part : std::as_const(m_parts)) {
+            if (const QString action = part->property("action").toString(); !action.isEmpty()) {
+                connectAction(part, parsedAction(action));
+            }
+        }
+    }
+
+private:
+    void makeObjects() {
+        const QStringList declared = m_form->property("objects").toStringList();
+        for (const QString &declaration : declared) {
+            const QString className = declaration.section(u' ', 1);
+            const auto makeObject = classes().value(className);
+            if (!makeObject) {
+                fail(QStringLiteral("No class \"%1\" is there for a form's object").arg(className));
+            }
+            makeObject(m_form)->setObjectName(declaration.section(u' ', 0, 0));
+        }
+    }
+
+    static void setOutlet(QObject *owner, QObject *part) {
+        const QByteArray name = part->objectName().toUtf8();
+        const int index =
+            name.isEmpty() ? -1 : owner->metaObject()->indexOfProperty(name.constData());
+        if (index >= 0 && owner->metaObject()->property(index).isWritable()) {
+            KeyValue::setValue(owner, name, QVariant::fromValue(part));
+        }
+    }
+
+    static void setItemPrototype(QObject *owner, QObject *part) {
+        const QString nibName = part->property("itemNib").toString();
+        if (nibName.isEmpty()) {
+            return;
+        }
+        const auto prototype =
+            std::make_shared<CollectionViewItem>([nibName, owner](CollectionViewItem *item) {
+                return Nib::load(nibName, owner, {{QStringLiteral("item"), item}});
+            });
+        KeyValue::setValue(part, "itemPrototype", QVariant::fromValue(prototype));
+    }
+
+    QObject *object(const QString &name) const {
+        const auto found = m_objects.constFind(name);
+        if (found == m_objects.constEnd()) {
+            fail(QStringLiteral("A form names an object \"%1\" that is not there").arg(name));
+        }
+        return *found;
+    }
+
+    void bind(QObject *part, const NibBinding &binding) const {
+        QObject *target = part;
+        QByteArray key = binding.key;
+        if (const auto point = key.indexOf('.'); point >= 0) {
+            target = object(QString::fromUtf8(key.left(point)));
+            key = key.mid(point + 1);
+        }
+        QVariantMap options;
+        if (!binding.transformer.isEmpty()) {
+            options.insert(QLatin1StringView(KeyValue::valueTransformerNameOption),
+                           binding.transformer);
+        }
+        QObject *observed = object(binding.path.object);
+        if (auto *view = dynamic_cast<BindableView *>(target)) {
+            view->bind(key, observed, binding.path.keyPath, options);
+        } else {
+            KeyValue::bind(target, key, observed, binding.path.keyPath, options, binding.direction);
+        }
+    }
+
+    void connectAction(QObject *part, const NibAction &action) const {
+        QObject *argument =
+            action.argument.object.isEmpty() ? nullptr : object(action.argument.object);
+        auto *sender = new ActionSender(part, action, object(action.target.object), argument);
+        const auto send = [sender] { sender->send(); };
+        if (auto *button = qobject_cast<QAbstractButton *>(part)) {
+            QObject::connect(button, &QAbstractButton::clicked, sender, send);
+        } else if (auto *menuItem = qobject_cast<QAction *>(part)) {
+            QObject::connect(menuItem, &QAction::triggered, sender, send);
+        } else if (auto *control = qobject_cast<Control *>(part)) {
+            QObject::connect(control, &Control::action, sender, send);
+        } else {
+            fail(QStringLiteral("\"%1\" has an action but is no control").arg(part->objectName()));
+        }
+    }
+
+    QWidget *const m_form;
+    Nib::Objects m_objects;
+    QObjectList m_parts;
+};
+
+}  // namespace
+
+void Nib::registerForm(const QString &nibName, Form makeForm) {
+    forms().insert(nibName, std::move(makeForm));
+}
+
+void Nib::registerClass(const QString &className, ObjectFactory makeObject) {
+    classes().insert(className, std::move(makeObject));
+}
+
+QWidget *Nib::load(const QString &nibName, QObject *owner, const Objects &named) {
+    const Form makeForm = forms().value(nibName);
+    if (!makeForm) {
+        fail(QStringLiteral("No form is named \"%1\"").arg(nibName));
+    }
+    QWidget *form = makeForm();
+    Connector(form, owner, named).connect();
+    return form;
+}

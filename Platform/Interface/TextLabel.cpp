@@ -1,0 +1,56 @@
+#include "Platform/Interface/TextLabel.h"
+
+#include <QtCore/QDynamicPropertyChangeEvent>
+#include <QtGui/QHelpEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QToolTip>
+
+#include "Platform/Interface/Control.h"
+
+TextLabel::TextLabel(QWidget *parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+}
+
+void TextLabel::setTextColor(const QColor &color) {
+    m_textColor = color;
+    applyColor();
+}
+
+void TextLabel::applyColor() {
+    QPalette colors = palette();
+    QColor color = m_textColor;
+    if (Control::backgroundStyle(this) == Control::BackgroundStyle::Dark) {
+        color = colors.color(QPalette::HighlightedText);
+        color.setAlphaF(m_textColor.alphaF());
+    }
+    colors.setColor(QPalette::WindowText, color);
+    setPalette(colors);
+}
+
+QSize TextLabel::sizeHint() const {
+    const QFontMetrics metrics = fontMetrics();
+    return {metrics.horizontalAdvance(text()) + 2, metrics.height()};
+}
+
+QSize TextLabel::minimumSizeHint() const {
+    return {0, fontMetrics().height()};
+}
+
+bool TextLabel::event(QEvent *event) {
+    if (event->type() == QEvent::DynamicPropertyChange) {
+        applyColor();
+    }
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() &&
+        fontMetrics().horizontalAdvance(text()) > width()) {
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text(), this);
+        return true;
+    }
+    return QLabel::event(event);
+}
+
+void TextLabel::paintEvent(QPaintEvent * /*event*/) {
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    painter.drawText(rect(), static_cast<int>(alignment()),
+                     fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+}

@@ -1,0 +1,277 @@
+#include "Platform/Interface/Nib.h"
+
+#include <QtGui/QAction>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Interface/CollectionViewItem.h"
+#include "Platform/Interface/Control.h"
+#include "Platform/KeyValue/ArrayController.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+/// What a form's owner may offer.
+class Owner : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString text MEMBER m_text NOTIFY textChanged)
+    Q_PROPERTY(bool flag READ flag WRITE setFlag NOTIFY flagChanged)
+    Q_PROPERTY(QLabel *titleLabel MEMBER m_titleLabel)
+    Q_PROPERTY(ArrayController *rows MEMBER m_rows)
+    Q_PROPERTY(QVariantList content MEMBER m_content NOTIFY contentChanged)
+    Q_PROPERTY(QObject *other MEMBER m_other)
+public:
+    bool flag() const { return m_flag; }
+    void setFlag(bool flag) {
+        m_flag = flag && !m_refusesFlag;
+        KeyValue::announce<&Owner::flagChanged>(this);
+    }
+    Q_SLOT void press() { m_calls.append(QStringLiteral("press")); }
+    Q_SLOT void pressBy(QObject *sender) { m_calls.append(sender->objectName()); }
+    Q_SLOT void say(const QString &text) { m_calls.append(text); }
+
+    QString m_text = QStringLiteral("first");
+    bool m_flag = false;
+    bool m_refusesFlag = false;
+    QLabel *m_titleLabel = nullptr;
+    ArrayController *m_rows = nullptr;
+    QVariantList m_content{1, 2};
+    QObject *m_other = nullptr;
+    QStringList m_calls;
+
+Q_SIGNALS:
+    void textChanged();
+    void flagChanged();
+    void contentChanged();
+};
+
+/// A list as far as a form knows lists.
+class List : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(std::shared_ptr<CollectionViewItem> itemPrototype MEMBER m_itemPrototype)
+public:
+    using QWidget::QWidget;
+    std::shared_ptr<CollectionViewItem> m_itemPrototype;
+};
+
+template <class Widget>
+Widget *addPart(QWidget *form, const char *name, const QStringList &bindings = {},
+                const QString &action = {}) {
+    auto *widget = new Widget(form);
+    widget->setObjectName(QLatin1StringView(name));
+    widget->setProperty("bindings", bindings);
+    widget->setProperty("action", action);
+    return widget;
+}
+
+QString uniqueName() {
+    static int count = 0;
+    return QStringLiteral("Form%1").arg(++count);
+}
+
+}  // namespace
+
+class NibTest : public QObject {
+    Q_OBJECT
+
+    /// Loads a form of one button with that binding or action.
+    static std::unique_ptr<QWidget> loadButton(Owner *owner, const QStringList &bindings,
+                                               const QString &action = {}) {
+        const QString name = uniqueName();
+        Nib::registerForm(name, [=] {
+            auto *form = new QWidget;
+            addPart<QCheckBox>(form, "button", bindings, action);
+            return form;
+        });
+        return std::unique_ptr<QWidget>(Nib::load(name, owner));
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        Nib::registerClass(QStringLiteral("ArrayController"),
+                           [](QObject *parent) { return new ArrayController(parent); });
+    }
+
+    void anUnknownFormIsAProgrammingError() {
+        Owner owner;
+        QVERIFY_EXCEPTION_THROWN(Nib::load(QStringLiteral("No such form"), &owner),
+                                 AssertionFailure);
+    }
+
+    void aWidgetOfAnOutletsNameIsSetInTheOwner() {
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            addPart<QLabel>(form, "titleLabel");
+            addPart<QLabel>(form, "unknownLabel");
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        QCOMPARE(owner.m_titleLabel, form->findChild<QLabel *>(QStringLiteral("titleLabel")));
+        QVERIFY(owner.dynamicPropertyNames().isEmpty());
+    }
+
+    void objectsOfTheFormAreMadeAndCanBeBoundAndNamed() {
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            form->setProperty("objects", QStringList{QStringLiteral("rows ArrayController")});
+            form->setProperty("bindings",
+                              QStringList{QStringLiteral("rows.content <- owner.content")});
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        QVERIFY(owner.m_rows);
+        QCOMPARE(owner.m_rows->parent(), form.get());
+        QCOMPARE(owner.m_rows->arrangedObjects(), owner.m_content);
+    }
+
+    void aBindingFollowsItsPath() {
+        Owner owner;
+        const auto form = loadButton(&owner, {QStringLiteral("text <- owner.text")});
+        auto *button = form->findChild<QCheckBox *>();
+        QCOMPARE(button->text(), QStringLiteral("first"));
+        owner.m_text = QStringLiteral("second");
+        Q_EMIT owner.textChanged();
+        QCOMPARE(button->text(), QStringLiteral("second"));
+    }
+
+    void aOneWayBindingWritesNothingBack() {
+        Owner owner;
+        const auto form = loadButton(&owner, {QStringLiteral("checked <- owner.flag")});
+        form->findChild<QCheckBox *>()->click();
+        QVERIFY(!owner.flag());
+    }
+
+    void aTwoWayBindingWritesBackBeforeTheActionIsSent() {
+        Owner owner;
+        const auto form = loadButton(&owner, {QStringLiteral("checked <-> owner.flag")},
+                                     QStringLiteral("owner.press"));
+        bool flagAtFirstAnnouncement = false;
+        connect(&owner, &Owner::flagChanged, this, [&] {
+            flagAtFirstAnnouncement = owner.flag();
+            QVERIFY(owner.m_calls.isEmpty());
+        });
+        form->findChild<QCheckBox *>()->click();
+        QVERIFY(flagAtFirstAnnouncement);
+        QCOMPARE(owner.m_calls, QStringList{QStringLiteral("press")});
+    }
+
+    void whatTheModelRefusesIsShownAsItIs() {
+        Owner owner;
+        owner.m_refusesFlag = true;
+        const auto form = loadButton(&owner, {QStringLiteral("checked <-> owner.flag")});
+        auto *button = form->findChild<QCheckBox *>();
+        button->click();
+        QVERIFY(!owner.flag());
+        QVERIFY(!button->isChecked());
+    }
+
+    void aTransformerStandsBetween() {
+        Owner owner;
+        const auto form =
+            loadButton(&owner, {QStringLiteral("checked <- owner.flag | NSNegateBoolean")});
+        QVERIFY(form->findChild<QCheckBox *>()->isChecked());
+    }
+
+    void anActionGivesItsSenderToAnOperationThatWantsIt() {
+        Owner owner;
+        const auto form = loadButton(&owner, {}, QStringLiteral("owner.pressBy"));
+        form->findChild<QCheckBox *>()->click();
+        QCOMPARE(owner.m_calls, QStringList{QStringLiteral("button")});
+    }
+
+    void anActionGivesTheValueAtItsArgumentAsItIsThen() {
+        Owner owner;
+        const auto form = loadButton(&owner, {}, QStringLiteral("owner.say(owner.text)"));
+        owner.m_text = QStringLiteral("later");
+        form->findChild<QCheckBox *>()->click();
+        QCOMPARE(owner.m_calls, QStringList{QStringLiteral("later")});
+    }
+
+    void anActionFindsItsTargetAlongAPath() {
+        Owner owner;
+        Owner other;
+        owner.m_other = &other;
+        const auto form = loadButton(&owner, {}, QStringLiteral("owner.other.press"));
+        form->findChild<QCheckBox *>()->click();
+        QCOMPARE(other.m_calls, QStringList{QStringLiteral("press")});
+        owner.m_other = nullptr;
+        form->findChild<QCheckBox *>()->click();
+        QCOMPARE(other.m_calls.size(), 1);
+    }
+
+    void menuItemsAndControlsSendActionsToo() {
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            addPart<Control>(form, "control", {}, QStringLiteral("owner.pressBy"));
+            auto *menuItem = new QAction(form);
+            menuItem->setObjectName(QStringLiteral("menuItem"));
+            menuItem->setProperty("action", QStringLiteral("owner.pressBy"));
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        Q_EMIT form->findChild<Control *>()->action();
+        form->findChild<QAction *>()->trigger();
+        QCOMPARE(owner.m_calls,
+                 QStringList({QStringLiteral("control"), QStringLiteral("menuItem")}));
+    }
+
+    void aListGetsAPrototypeWhoseRowsNameTheirItem() {
+        Owner owner;
+        const QString rowName = uniqueName();
+        Nib::registerForm(rowName, [] {
+            auto *row = new QWidget;
+            addPart<QLabel>(row, "rowLabel", {QStringLiteral("text <- item.representedObject")});
+            addPart<QLabel>(row, "ownerLabel", {QStringLiteral("text <- owner.text")});
+            return row;
+        });
+        const QString name = uniqueName();
+        Nib::registerForm(name, [rowName] {
+            auto *form = new QWidget;
+            addPart<List>(form, "list")->setProperty("itemNib", rowName);
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        const auto item = form->findChild<List *>()->m_itemPrototype->copy();
+        item->setRepresentedObject(QStringLiteral("row one"));
+        const QScopedPointer<QWidget> row(item->view());
+        QCOMPARE(row->findChild<QLabel *>(QStringLiteral("rowLabel"))->text(),
+                 QStringLiteral("row one"));
+        QCOMPARE(row->findChild<QLabel *>(QStringLiteral("ownerLabel"))->text(),
+                 QStringLiteral("first"));
+    }
+
+    void whatAFormNamesButIsNotThereIsAProgrammingError_data() {
+        QTest::addColumn<QString>("binding");
+        QTest::addColumn<QString>("action");
+        QTest::newRow("object of a binding") << QStringLiteral("text <- nobody.text") << QString();
+        QTest::newRow("key of the model") << QStringLiteral("text <- owner.nothing") << QString();
+        QTest::newRow("key of the widget") << QStringLiteral("nothing <- owner.text") << QString();
+        QTest::newRow("transformer") << QStringLiteral("text <- owner.text | Nothing") << QString();
+        QTest::newRow("no path") << QStringLiteral("text <- owner") << QString();
+        QTest::newRow("no arrow") << QStringLiteral("text owner.text") << QString();
+        QTest::newRow("object of an action") << QString() << QStringLiteral("nobody.press");
+        QTest::newRow("argument of an action")
+            << QString() << QStringLiteral("owner.say(nobody.text)");
+        QTest::newRow("unclosed argument") << QString() << QStringLiteral("owner.say(owner.text");
+        QTest::newRow("no method") << QString() << QStringLiteral("owner");
+    }
+
+    void whatAFormNamesButIsNotThereIsAProgrammingError() {
+        QFETCH(QString, binding);
+        QFETCH(QString, action);
+        Owner owner;
+        const QStringList bindings = binding.isEmpty() ? QStringList() : QStringList{binding};
+        QVERIFY_EXCEPTION_THROWN(loadButton(&owner, bindings, action), AssertionFailure);
+    }
+};
+
+VELMORA_TEST_MAIN(NibTest)
+#include "NibTest.moc"

@@ -1,0 +1,40 @@
+#include "View/WeekdayPicker.h"
+
+#include <QtCore/QLocale>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QToolButton>
+
+WeekdayPicker::WeekdayPicker(QWidget *parent) : QWidget(parent) {
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    const int firstDay = QLocale().firstDayOfWeek();
+    for (int i = 0; i < daysInWeek; ++i) {
+        const int day = (firstDay + i) % daysInWeek;
+        m_buttons[static_cast<size_t>(day)] = makeButton(day);
+        layout->addWidget(m_buttons[static_cast<size_t>(day)]);
+    }
+}
+
+QToolButton *WeekdayPicker::makeButton(int day) {
+    // QLocale counts from Monday, 1, to Sunday, 7.
+    const int localeDay = day == 0 ? Qt::Sunday : day;
+    const QLocale locale;
+    auto *button = new QToolButton(this);
+    button->setText(locale.standaloneDayName(localeDay, QLocale::ShortFormat));
+    button->setAccessibleName(locale.standaloneDayName(localeDay, QLocale::LongFormat));
+    button->setToolTip(button->accessibleName());
+    button->setCheckable(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    connect(button, &QToolButton::clicked, this,
+            [this, day] { setDays(m_days ^ (quint64{1} << day)); });
+    return button;
+}
+
+void WeekdayPicker::setDays(quint64 days) {
+    m_days = days;
+    for (int day = 0; day < daysInWeek; ++day) {
+        m_buttons[static_cast<size_t>(day)]->setChecked((days >> day & 1U) != 0);
+    }
+    Q_EMIT daysChanged();
+}
