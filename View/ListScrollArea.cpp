@@ -13,18 +13,36 @@ void ListScrollArea::useListPalette() {
     viewport()->setPalette(ListPalette::normal());
 }
 
-void ListScrollArea::changeEvent(QEvent *event) {
+bool ListScrollArea::event(QEvent *event) {
     if (event->type() == QEvent::ApplicationPaletteChange) {
         useListPalette();
     }
-    QScrollArea::changeEvent(event);
+    return QScrollArea::event(event);
 }
 
 void ListScrollArea::resizeEvent(QResizeEvent *event) {
     QScrollArea::resizeEvent(event);
-    auto *list = qobject_cast<QVListView *>(widget());
-    if (list && list->width() != viewport()->width()) {
-        list->resize(viewport()->width(), list->height());
-        list->layoutSubviews();
+    if (list() && list()->width() != viewport()->width()) {
+        list()->resize(viewport()->width(), list()->height());
+        list()->layoutSubviews();
     }
+}
+
+void ListScrollArea::showEvent(QShowEvent *event) {
+    // Rows of a hidden list cannot tell that they have changed.
+    if (list()) {
+        list()->layoutSubviews();
+    }
+    QScrollArea::showEvent(event);
+}
+
+bool ListScrollArea::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::LayoutRequest && watched == list()) {
+        list()->layoutSubviews();
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
+
+QVListView *ListScrollArea::list() const {
+    return qobject_cast<QVListView *>(widget());
 }

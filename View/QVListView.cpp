@@ -89,10 +89,15 @@ void QVListView::setContent(const QVariantList &content) {
         return;
     }
     const QVariantList objects = content;
-    const bool updatesWereEnabled = updatesEnabled();
-    setUpdatesEnabled(false);
+    // A visible list would look for what is under the pointer at each row that comes or goes.
+    const bool wasVisible = isVisible();
+    if (wasVisible) {
+        hide();
+    }
     makeItems(objects);
-    setUpdatesEnabled(updatesWereEnabled);
+    if (wasVisible) {
+        show();
+    }
     KeyValue::announce<&QVListView::contentChanged>(this);
 }
 
@@ -119,11 +124,15 @@ void QVListView::makeItems(const QVariantList &objects) {
 }
 
 void QVListView::removeItems() {
-    m_items.clear();
+    // One of the views may be handling an event right now, so they go later. Until then they stay
+    // in the window: leaving it would search its whole chain of focus once for each.
+    auto *discarded = new QWidget(isWindow() ? nullptr : window());
     const QList<QWidget *> old = subviews();
     for (QWidget *view : old) {
-        view->setParent(nullptr);
+        view->setParent(discarded);
     }
+    discarded->deleteLater();
+    m_items.clear();
 }
 
 IndexSet QVListView::selectionIndexes() const {

@@ -7,30 +7,42 @@
 #include "Platform/KeyValue/KeyValue.h"
 
 QVSelectedItemBackgroundView::QVSelectedItemBackgroundView(QWidget *parent) : Control(parent) {
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    setPalette(ListPalette::normal());
 }
 
 void QVSelectedItemBackgroundView::setSelected(bool selected) {
     m_isSelected = selected;
     update();
-    styleControls();
+    const BackgroundStyle style = selected ? BackgroundStyle::Dark : BackgroundStyle::Light;
+    for (QWidget *control : controls()) {
+        if (backgroundStyle(control) != style) {
+            setBackgroundStyle(control, style);
+        }
+    }
     KeyValue::announce<&QVSelectedItemBackgroundView::selectedChanged>(this);
 }
 
-void QVSelectedItemBackgroundView::styleControls() {
-    const BackgroundStyle style = m_isSelected ? BackgroundStyle::Dark : BackgroundStyle::Light;
-    for (QObject *child : children()) {
-        if (auto *view = qobject_cast<QWidget *>(child); view && isControl(view)) {
-            setBackgroundStyle(view, style);
+bool QVSelectedItemBackgroundView::event(QEvent *event) {
+    if (event->type() == QEvent::ApplicationPaletteChange) {
+        setPalette(ListPalette::normal());
+        for (QWidget *control : controls()) {
+            if (backgroundStyle(control) == BackgroundStyle::Dark) {
+                setBackgroundStyle(control, BackgroundStyle::Dark);
+            }
         }
     }
+    return Control::event(event);
 }
 
-void QVSelectedItemBackgroundView::changeEvent(QEvent *event) {
-    if (event->type() == QEvent::ApplicationPaletteChange) {
-        styleControls();
+QList<QWidget *> QVSelectedItemBackgroundView::controls() const {
+    QList<QWidget *> result;
+    for (QObject *child : children()) {
+        auto *view = qobject_cast<QWidget *>(child);
+        if (view && isControl(view)) {
+            result.append(view);
+        }
     }
-    Control::changeEvent(event);
+    return result;
 }
 
 void QVSelectedItemBackgroundView::focusInEvent(QFocusEvent * /*event*/) {

@@ -22,13 +22,13 @@ Q_SIGNALS:
     void selectedChanged();
 
 protected:
-    void changeEvent(QEvent *event) override;
+    bool event(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void styleControls();
+    QList<QWidget *> controls() const;
 
     bool m_isSelected = false;
 };

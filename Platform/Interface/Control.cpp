@@ -19,9 +19,10 @@ bool Control::isControl(const QWidget *view) {
 }
 
 void Control::setBackgroundStyle(QWidget *control, BackgroundStyle style) {
-    control->setProperty(backgroundStyleProperty, static_cast<int>(style));
     control->setPalette(style == BackgroundStyle::Dark ? ListPalette::selected()
                                                        : ListPalette::normal());
+    // Last: a label with a colour of its own puts it in when it hears of the style.
+    control->setProperty(backgroundStyleProperty, static_cast<int>(style));
 }
 
 Control::BackgroundStyle Control::backgroundStyle(const QWidget *control) {

@@ -2,11 +2,25 @@
 
 #include <QtGui/QGuiApplication>
 
-QPalette ListPalette::normal() {
+namespace {
+
+QPalette lightPalette(const QPalette &application) {
     QPalette palette(QColor(0xef, 0xef, 0xef), Qt::white);
-    const QPalette application = QGuiApplication::palette();
     for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText}) {
         palette.setColor(role, application.color(role));
+    }
+    return palette;
+}
+
+}  // namespace
+
+QPalette ListPalette::normal() {
+    // Kept, because every row of a list asks for it, and Qt compares copies of one palette fast.
+    static QPalette application = QGuiApplication::palette();
+    static QPalette palette = lightPalette(application);
+    if (const QPalette current = QGuiApplication::palette(); current != application) {
+        application = current;
+        palette = lightPalette(application);
     }
     return palette;
 }

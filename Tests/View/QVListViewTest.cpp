@@ -1,0 +1,771 @@
+#include "View/QVListView.h"
+
+#include <functional>
+
+#include "Controller/QVBinding.h"
+#include "Platform/Interface/ContextMenu.h"
+#include "Platform/Interface/ListPalette.h"
+#include "Platform/KeyValue/ArrayController.h"
+#include "Support/TestMain.h"
+#include "View/ListScrollArea.h"
+#include "View/QVListViewDelegate.h"
+#include "View/QVSelectedItemBackgroundView.h"
+
+namespace {
+
+QVariantList texts(std::initializer_list<const char *> texts) {
+    QVariantList result;
+    for (const char *text : texts) {
+        result.append(QString::fromLatin1(text));
+    }
+    return result;
+}
+
+/// The same objects in a list of their own.
+QVariantList distinctCopy(const QVariantList &list) {
+    QVariantList copy = list;
+    copy.detach();
+    return copy;
+}
+
+QString textOf(const CollectionViewItem *item) {
+    return item->representedObject().toString();
+}
+
+/// Rows as high as the number that is their object, else 20.
+QWidget *makeRow(CollectionViewItem *item) {
+    auto *row = new QVSelectedItemBackgroundView;
+    const int height = textOf(item).toInt();
+    row->resize(50, height > 0 ? height : 20);
+    return row;
+}
+
+/// Refuses what it is told to and remembers what it was asked.
+class Delegate : public QVListViewDelegate {
+public:
+    CollectionViewItem *collectionViewItemPrototypeForRepresentedObject(
+        QVListView *listView, const QVariant &object) override {
+        lists.insert(listView);
+        prototypeQuestions.append(object);
+        return object.toString() == specialObject ? specialPrototype : nullptr;
+    }
+    bool collectionViewShouldSelectItem(QVListView *listView, CollectionViewItem *item) override {
+        lists.insert(listView);
+        selectionQuestions.append(textOf(item));
+        return !refused.contains(textOf(item));
+    }
+
+    QSet<QString> refused;
+    QString specialObject;
+    CollectionViewItem *specialPrototype = nullptr;
+    QSet<QVListView *> lists;
+    QVariantList prototypeQuestions;
+    QStringList selectionQuestions;
+};
+
+}  // namespace
+
+class QVListViewTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init() {
+        m_area = std::make_unique<ListScrollArea>();
+        m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        m_area->setFrameShape(QFrame::NoFrame);
+        m_area->resize(300, 200);
+        m_list = new QVListView;
+        m_area->setWidget(m_list);
+        m_area->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_area.get()));
+        m_delegate = std::make_unique<Delegate>();
+        m_list->setDelegate(m_delegate.get());
+        m_list->setItemPrototype(std::make_shared<CollectionViewItem>(&makeRow));
+    }
+
+    void cleanup() {
+        m_area.reset();
+        m_delegate.reset();
+        QApplication::setPalette(QPalette());
+    }
+
+    // Bindings
+
+    void exposesContentAndThenSelectionIndexes() {
+        QCOMPARE(QVListView::exposedBindings(), QByteArrayList({"content", "selectionIndexes"}));
+    }
+
+    void onlyExposedBindingsHaveAValueClass() {
+        QCOMPARE(QVListView::valueClassForBinding("content"), QMetaType::fromType<QVariantList>());
+        QCOMPARE(QVListView::valueClassForBinding("selectionIndexes"),
+                 QMetaType::fromType<IndexSet>());
+        QVERIFY(!QVListView::valueClassForBinding("enabled").isValid());
+        QVERIFY(!QVListView::valueClassForBinding("").isValid());
+    }
+
+    void onlySelectionIndexesIsEditable() {
+        QCOMPARE(QVListView::editableBindings(), QSet<QByteArray>({"selectionIndexes"}));
+    }
+
+    void aViewThatWasNeverBoundHasNoRecords() {
+        QVERIFY(m_list->bindings().empty());
+        QVERIFY(m_list->bindingsForKey("selectionIndexes").empty());
+    }
+
+    void bindingContentFollowsTheModelWithoutARecord() {
+        ArrayController controller;
+        controller.setContent(texts({"a"}));
+        m_list->bind("content", &controller, "arrangedObjects", {});
+        QVERIFY(m_list->bindings().empty());
+        QCOMPARE(m_list->content(), texts({"a"}));
+        controller.setContent(texts({"b", "c"}));
+        QCOMPARE(m_list->content(), texts({"b", "c"}));
+    }
+
+    void theViewNeverWritesItsContentBack() {
+        ArrayController controller;
+        m_list->bind("content", &controller, "content", {});
+        m_list->setContent(texts({"a"}));
+        QCOMPARE(controller.content(), QVariantList());
+    }
+
+    void bindingSelectionIndexesMakesOneRecordWithWhatWasGiven() {
+        ArrayController controller;
+        const QVariantMap options{{QStringLiteral("some"), 1}};
+        m_list->bind("selectionIndexes", &controller, "selectionIndexes", options);
+        QCOMPARE(m_list->bindings().size(), std::size_t(1));
+        QCOMPARE(m_list->bindingsForKey("selectionIndexes"), m_list->bindings());
+        QVERIFY(m_list->bindingsForKey("content").empty());
+        const auto record = *m_list->bindings().begin();
+        QCOMPARE(record->object(), m_list);
+        QCOMPARE(record->target(), &controller);
+        QCOMPARE(record->key(), QByteArray("selectionIndexes"));
+        QCOMPARE(record->keyPath(), QByteArray("selectionIndexes"));
+        QCOMPARE(record->options(), options);
+    }
+
+    void otherNamesAreBoundWithoutARecord() {
+        ArrayController controller;
+        controller.setObjectName(QStringLiteral("Databases"));
+        m_list->bind("accessibleName", &controller, "objectName", {});
+        QCOMPARE(m_list->accessibleName(), QStringLiteral("Databases"));
+        QVERIFY(m_list->bindings().empty());
+        m_list->unbind("accessibleName");
+        controller.setObjectName(QStringLiteral("Locations"));
+        QCOMPARE(m_list->accessibleName(), QStringLiteral("Databases"));
+    }
+
+    void selectionTravelsBothWays() {
+        ArrayController controller;
+        bindBoth(controller, texts({"a", "b", "c"}));
+        QCOMPARE(controller.selectionIndexes(), IndexSet({0}));
+        controller.setSelectionIndexes({2});
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({2}));
+        click(1);
+        QCOMPARE(controller.selectionIndexes(), IndexSet({1}));
+        QCOMPARE(controller.selectedObjects(), texts({"b"}));
+    }
+
+    void whatTheDelegateRefusesIsTakenOutOfTheModelsSelection() {
+        m_delegate->refused = {QStringLiteral("b")};
+        ArrayController controller;
+        bindBoth(controller, texts({"a", "b", "c"}));
+        controller.setSelectionIndexes({1, 2});
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({2}));
+        QCOMPARE(controller.selectionIndexes(), IndexSet({2}));
+    }
+
+    void aSelectionInTheModelThatIsRefusedAtBindingIsWrittenBackWithoutIt() {
+        m_delegate->refused = {QStringLiteral("b")};
+        m_list->setContent(texts({"a", "b"}));
+        ArrayController controller;
+        controller.setContent(texts({"a", "b"}));
+        controller.setSelectionIndexes({0, 1});
+        m_list->bind("selectionIndexes", &controller, "selectionIndexes", {});
+        QCOMPARE(controller.selectionIndexes(), IndexSet({0}));
+    }
+
+    void theSelectionSurvivesARebuildThroughTheModel() {
+        ArrayController controller;
+        bindBoth(controller, texts({"a", "b", "c"}));
+        controller.setSelectionIndexes({1});
+        controller.setContent(texts({"x", "a", "b"}));
+        QCOMPARE(controller.selectionIndexes(), IndexSet({2}));
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({2}));
+    }
+
+    void unbindingStopsTheWritingBackAndTheFollowing() {
+        ArrayController controller;
+        bindBoth(controller, texts({"a", "b", "c"}));
+        m_list->unbind("selectionIndexes");
+        QVERIFY(m_list->bindings().empty());
+        click(2);
+        QCOMPARE(controller.selectionIndexes(), IndexSet({0}));
+        controller.setSelectionIndexes({1});
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({2}));
+        m_list->unbind("selectionIndexes");
+        m_list->unbind("nothing");
+    }
+
+    void boundTwiceHasTwoRecordsAndUnbindingRemovesBoth() {
+        ArrayController first;
+        ArrayController second;
+        first.setContent(texts({"a", "b", "c"}));
+        second.setContent(texts({"a", "b", "c"}));
+        m_list->setContent(first.content());
+        m_list->bind("selectionIndexes", &first, "selectionIndexes", {});
+        m_list->bind("selectionIndexes", &second, "selectionIndexes", {});
+        QCOMPARE(m_list->bindingsForKey("selectionIndexes").size(), std::size_t(2));
+        click(2);
+        QCOMPARE(first.selectionIndexes(), IndexSet({2}));
+        QCOMPARE(second.selectionIndexes(), IndexSet({2}));
+        m_list->unbind("selectionIndexes");
+        QVERIFY(m_list->bindings().empty());
+        click(1);
+        QCOMPARE(first.selectionIndexes(), IndexSet({2}));
+        QCOMPARE(second.selectionIndexes(), IndexSet({2}));
+    }
+
+    void aRecordCanBeAddedAndRemovedByHand() {
+        ArrayController controller;
+        controller.setContent(texts({"a", "b"}));
+        controller.setSelectionIndexes({1});
+        m_list->setContent(texts({"a", "b"}));
+        const auto record = QVBinding::bindingWithObject(m_list, "selectionIndexes", &controller,
+                                                         "selectionIndexes", {});
+        m_list->addBinding(record);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({1}));
+        click(0);
+        QCOMPARE(controller.selectionIndexes(), IndexSet({0}));
+        m_list->removeBinding(record);
+        QVERIFY(m_list->bindings().empty());
+        click(1);
+        QCOMPARE(controller.selectionIndexes(), IndexSet({0}));
+    }
+
+    void aDestroyedViewIsUnboundFromAModelThatLivesOn() {
+        ArrayController controller;
+        bindBoth(controller, texts({"a", "b"}));
+        const std::weak_ptr<QVBinding> record = *m_list->bindings().begin();
+        delete m_list;
+        QVERIFY(record.expired());
+        controller.setContent(texts({"c"}));
+        controller.setSelectionIndexes({0});
+        QCOMPARE(controller.selectionIndexes(), IndexSet({0}));
+    }
+
+    void aModelMayGoBeforeTheView() {
+        {
+            ArrayController controller;
+            bindBoth(controller, texts({"a", "b"}));
+        }
+        click(1);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({1}));
+    }
+
+    // Items
+
+    void oneItemForEachObjectInOrder() {
+        m_list->setContent(texts({"a", "b", "c"}));
+        QStringList found;
+        QWidgetList views;
+        for (const QVListView::Item &item : m_list->items()) {
+            found.append(textOf(item.get()));
+            views.append(item->view());
+        }
+        QCOMPARE(found,
+                 QStringList({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
+        QCOMPARE(subviews(), views);
+        for (const QWidget *view : std::as_const(views)) {
+            QVERIFY(view->isVisible());
+        }
+    }
+
+    void newContentLeavesExactlyTheNewViews() {
+        m_list->setContent(texts({"a", "b", "c"}));
+        const QPointer<QWidget> old = m_list->items().constFirst()->view();
+        m_list->setContent(texts({"d"}));
+        QCOMPARE(subviews(), QWidgetList({m_list->items().constFirst()->view()}));
+        QTRY_VERIFY(!old);
+    }
+
+    void anItemThatSomeoneKeepsOutlivesTheRebuildInItsOwnRight() {
+        m_list->setContent(texts({"a"}));
+        const QVListView::Item kept = m_list->items().constFirst();
+        m_list->setContent(texts({"b"}));
+        QCOMPARE(textOf(kept.get()), QStringLiteral("a"));
+        QVERIFY(!m_list->items().contains(kept));
+    }
+
+    void theDelegateIsAskedOnceForThePrototypeOfEachItem() {
+        m_list->setContent(texts({"a", "b"}));
+        QCOMPARE(m_delegate->prototypeQuestions, texts({"a", "b"}));
+        QCOMPARE(m_delegate->lists, QSet<QVListView *>({m_list}));
+    }
+
+    void theDelegatesPrototypeIsCopiedWhereItNamesOne() {
+        CollectionViewItem special([](CollectionViewItem *) { return new QLabel; });
+        m_delegate->specialObject = QStringLiteral("b");
+        m_delegate->specialPrototype = &special;
+        m_list->setContent(texts({"a", "b"}));
+        QVERIFY(qobject_cast<QVSelectedItemBackgroundView *>(m_list->items().at(0)->view()));
+        QVERIFY(qobject_cast<QLabel *>(m_list->items().at(1)->view()));
+        QVERIFY(m_list->items().at(1).get() != &special);
+        QCOMPARE(m_list->items().at(1)->representedObject(), QVariant(QStringLiteral("b")));
+    }
+
+    void aNewItemBelongsToTheCaller() {
+        const QVListView::Item item = m_list->newItemForRepresentedObject(QStringLiteral("a"));
+        QCOMPARE(item.use_count(), 1L);
+        QCOMPARE(item->representedObject(), QVariant(QStringLiteral("a")));
+        QVERIFY(!item->isSelected());
+        QVERIFY(m_list->items().isEmpty());
+        QVERIFY(!item->view()->parentWidget());
+    }
+
+    void objectsMayBeAnything() {
+        const auto object = std::make_shared<QObject>();
+        m_list->setContent({QVariant::fromValue(object), QVariant::fromValue(nullptr)});
+        QCOMPARE(m_list->items().size(), 2);
+        QCOMPARE(KeyValue::objectValue(m_list->items().at(0)->representedObject()), object.get());
+        QVERIFY(KeyValue::isAbsent(m_list->items().at(1)->representedObject()));
+    }
+
+    void theMenuOfTheListsPrototypeIsEveryItemsMenu() {
+        QMenu shared;
+        QMenu specials;
+        ContextMenu::setMenu(m_list->itemPrototype()->view(), &shared);
+        CollectionViewItem special([&](CollectionViewItem *) {
+            auto *view = new QLabel;
+            ContextMenu::setMenu(view, &specials);
+            return view;
+        });
+        m_delegate->specialObject = QStringLiteral("b");
+        m_delegate->specialPrototype = &special;
+        m_list->setContent(texts({"a", "b"}));
+        QCOMPARE(ContextMenu::menu(m_list->items().at(0)->view()), &shared);
+        QCOMPARE(ContextMenu::menu(m_list->items().at(1)->view()), &shared);
+    }
+
+    void withoutAMenuInTheListsPrototypeNoItemHasOne() {
+        QMenu specials;
+        CollectionViewItem special([&](CollectionViewItem *) {
+            auto *view = new QLabel;
+            ContextMenu::setMenu(view, &specials);
+            return view;
+        });
+        m_delegate->specialObject = QStringLiteral("a");
+        m_delegate->specialPrototype = &special;
+        m_list->setContent(texts({"a"}));
+        QVERIFY(!ContextMenu::menu(m_list->items().at(0)->view()));
+        m_list->setItemPrototype(nullptr);
+        QVERIFY(
+            !ContextMenu::menu(m_list->newItemForRepresentedObject(QStringLiteral("a"))->view()));
+    }
+
+    void aViewWithASelectedKeyFollowsItsItem() {
+        m_delegate->refused = {QStringLiteral("a")};
+        m_list->setContent(texts({"a"}));
+        const QVListView::Item item = m_list->items().constFirst();
+        item->setSelected(true);
+        QCOMPARE(item->view()->property("selected"), QVariant(true));
+        item->setSelected(false);
+        QCOMPARE(item->view()->property("selected"), QVariant(false));
+    }
+
+    void aNewPrototypeChangesNoItemThatIsThere() {
+        m_list->setContent(texts({"a"}));
+        const auto items = m_list->items();
+        m_list->setItemPrototype(
+            std::make_shared<CollectionViewItem>([](CollectionViewItem *) { return new QLabel; }));
+        QCOMPARE(m_list->items(), items);
+        m_list->setContent(texts({"b"}));
+        QVERIFY(qobject_cast<QLabel *>(m_list->items().constFirst()->view()));
+    }
+
+    void theFieldsArePlain() {
+        const QList<QVListView::Item> items{std::make_shared<CollectionViewItem>(&makeRow)};
+        m_list->setItems(items);
+        QCOMPARE(m_list->items(), items);
+        m_list->setItems({});
+        ArrayController controller;
+        const QVListView::Bindings bindings{
+            QVBinding::bindingWithObject(m_list, "selectionIndexes", &controller, "content", {})};
+        m_list->setBindings(bindings);
+        QCOMPARE(m_list->bindings(), bindings);
+        QCOMPARE(m_list->delegate(), m_delegate.get());
+    }
+
+    // Content
+
+    void theVeryListThatIsThereIsIgnored() {
+        const QVariantList content = texts({"a", "b"});
+        m_list->setContent(content);
+        const auto items = m_list->items();
+        QSignalSpy announced(m_list, &QVListView::contentChanged);
+        m_list->setContent(content);
+        QCOMPARE(m_list->items(), items);
+        QCOMPARE(announced.count(), 0);
+    }
+
+    void anEqualListIsRebuilt() {
+        const QVariantList content = texts({"a", "b"});
+        m_list->setContent(content);
+        const auto items = m_list->items();
+        m_list->setContent(distinctCopy(content));
+        QCOMPARE(m_list->items().size(), 2);
+        QVERIFY(m_list->items().at(0) != items.at(0));
+        QVERIFY(m_list->items().at(1) != items.at(1));
+    }
+
+    void contentIsACopy() {
+        QVariantList content = texts({"a"});
+        m_list->setContent(content);
+        content.append(QStringLiteral("b"));
+        QCOMPARE(m_list->content(), texts({"a"}));
+        m_list->setContent(content);
+        QCOMPARE(m_list->items().size(), 2);
+    }
+
+    void contentIsAnnouncedOnceWhenItIsComplete() {
+        qsizetype items = -1;
+        int height = -1;
+        const auto observation = KeyValue::observe(m_list, "content", [&] {
+            items = m_list->items().size();
+            height = m_list->height();
+        });
+        m_list->setContent(texts({"40", "60"}));
+        QCOMPARE(items, 2);
+        QCOMPARE(height, 100);
+    }
+
+    void noContentLeavesNoSubviewsAndNoHeight() {
+        m_list->setContent({});
+        QCOMPARE(m_list->height(), 0);
+        m_list->setContent(texts({"a", "b"}));
+        m_list->setContent({});
+        QVERIFY(subviews().isEmpty());
+        QVERIFY(m_list->items().isEmpty());
+        QCOMPARE(m_list->height(), 0);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet());
+    }
+
+    void withNothingSelectedTheFirstAcceptedItemBecomesSelected() {
+        m_delegate->refused = {QStringLiteral("a"), QStringLiteral("b")};
+        QSignalSpy announced(m_list, &QVListView::selectionIndexesChanged);
+        m_list->setContent(texts({"a", "b", "c", "d"}));
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({2}));
+        QCOMPARE(announced.count(), 1);
+    }
+
+    void theFirstSelectionIsAppliedToTheItemsMadeSoFar() {
+        m_delegate->refused = {QStringLiteral("a")};
+        m_list->setContent(texts({"a", "b", "c"}));
+        QCOMPARE(m_delegate->selectionQuestions,
+                 QStringList({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("a"),
+                              QStringLiteral("b")}));
+    }
+
+    void withSomethingSelectedARebuildLeavesNothingSelectedAndSaysNothing() {
+        m_list->setContent(texts({"a", "b"}));
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({0}));
+        m_delegate->selectionQuestions.clear();
+        QSignalSpy announced(m_list, &QVListView::selectionIndexesChanged);
+        m_list->setContent(texts({"a", "b", "c"}));
+        QCOMPARE(m_list->selectionIndexes(), IndexSet());
+        QCOMPARE(announced.count(), 0);
+        QCOMPARE(m_delegate->selectionQuestions, QStringList());
+    }
+
+    void aSilentRebuildIsNotWrittenBack() {
+        ArrayController controller;
+        controller.setContent(texts({"a", "b"}));
+        m_list->setContent(texts({"a", "b"}));
+        m_list->bind("selectionIndexes", &controller, "selectionIndexes", {});
+        click(1);
+        m_list->setContent(texts({"c", "d"}));
+        QCOMPARE(m_list->selectionIndexes(), IndexSet());
+        QCOMPARE(controller.selectionIndexes(), IndexSet({1}));
+    }
+
+    void withNothingAcceptedARebuildAnnouncesNoSelection() {
+        m_delegate->refused = {QStringLiteral("a")};
+        QSignalSpy announced(m_list, &QVListView::selectionIndexesChanged);
+        m_list->setContent(texts({"a"}));
+        QCOMPARE(announced.count(), 0);
+    }
+
+    void contentSetByAnObserverOfTheSelectionWins() {
+        const QVariantList other = texts({"x", "y", "z"});
+        const auto observation =
+            KeyValue::observe(m_list, "selectionIndexes", [&] { m_list->setContent(other); });
+        m_list->setContent(texts({"a", "b"}));
+        QCOMPARE(m_list->content(), other);
+        QCOMPARE(m_list->items().size(), 3);
+        QCOMPARE(subviews().size(), 3);
+        QVERIFY(m_list->isVisible());
+    }
+
+    // Selection
+
+    void theSelectionIsComputedFromTheItems() {
+        m_list->setContent(texts({"a", "b", "c"}));
+        m_list->items().at(2)->setSelected(true);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({0, 2}));
+    }
+
+    void aRefusedItemIsNeitherSelectedNorDeselected() {
+        m_delegate->refused = {QStringLiteral("b")};
+        m_list->setContent(texts({"a", "b"}));
+        m_list->setSelectionIndexes({0, 1});
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({0}));
+        m_list->items().at(1)->setSelected(true);
+        m_list->setSelectionIndexes({});
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({1}));
+    }
+
+    void aRefusedItemsKeyIsNotSet() {
+        m_delegate->refused = {QStringLiteral("b")};
+        m_list->setContent(texts({"a", "b"}));
+        QSignalSpy refused(m_list->items().at(1).get(), &CollectionViewItem::selectedChanged);
+        m_list->setSelectionIndexes({1});
+        QCOMPARE(refused.count(), 0);
+    }
+
+    void indexesPastTheLastItemAreIgnored() {
+        m_list->setContent(texts({"a", "b"}));
+        m_list->setSelectionIndexes({1, 2, 70});
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({1}));
+    }
+
+    void anAbsentSelectionDeselectsEveryAcceptedItem() {
+        m_list->setContent(texts({"a", "b"}));
+        KeyValue::setValue(m_list, "selectionIndexes", QVariant());
+        QCOMPARE(m_list->selectionIndexes(), IndexSet());
+    }
+
+    void everySettingOfTheSelectionIsAnnounced() {
+        m_list->setContent(texts({"a"}));
+        QSignalSpy announced(m_list, &QVListView::selectionIndexesChanged);
+        m_list->setSelectionIndexes({0});
+        m_list->setSelectionIndexes({0});
+        QCOMPARE(announced.count(), 2);
+    }
+
+    void withoutADelegateNothingCanBeSelected() {
+        m_list->setDelegate(nullptr);
+        m_list->setContent(texts({"a", "b"}));
+        QCOMPARE(m_list->selectionIndexes(), IndexSet());
+        m_list->setSelectionIndexes({0});
+        click(1);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet());
+    }
+
+    // Layout
+
+    void rowsAreStackedAtTheirHeightsAndTheListsWidth() {
+        m_list->resize(300, 10);
+        m_list->setContent(texts({"40", "60", "20"}));
+        QCOMPARE(frames(), QList<QRect>({{0, 0, 300, 40}, {0, 40, 300, 60}, {0, 100, 300, 20}}));
+        QCOMPARE(m_list->size(), QSize(300, 120));
+    }
+
+    void rowsGetTheWidthThatTheListHadAndTheListThatOfTheScrollArea() {
+        m_list->resize(250, 10);
+        m_list->setContent(texts({"40"}));
+        QCOMPARE(frames(), QList<QRect>({{0, 0, 250, 40}}));
+        QCOMPARE(m_list->width(), 300);
+        m_list->layoutSubviews();
+        QCOMPARE(frames(), QList<QRect>({{0, 0, 300, 40}}));
+    }
+
+    void withoutAScrollAreaTheListEndsWithoutWidth() {
+        QVListView list;
+        list.setItemPrototype(m_list->itemPrototype());
+        list.resize(300, 10);
+        list.setContent(texts({"40", "60"}));
+        QCOMPARE(list.items().at(1)->view()->geometry(), QRect(0, 40, 300, 60));
+        QCOMPARE(list.size(), QSize(0, 100));
+    }
+
+    void aRowThatChangedItsHeightMovesAtTheNextLayout() {
+        m_list->setContent(texts({"40", "60"}));
+        m_list->items().at(0)->view()->resize(300, 50);
+        QCOMPARE(m_list->height(), 100);
+        m_list->layoutSubviews();
+        QCOMPARE(frames(), QList<QRect>({{0, 0, 300, 50}, {0, 50, 300, 60}}));
+        QCOMPARE(m_list->height(), 110);
+    }
+
+    void theScrollAreaLaysTheListOutWheneverItsWidthChanges() {
+        m_list->setContent(texts({"40", "60"}));
+        m_area->resize(200, 200);
+        QCOMPARE(frames(), QList<QRect>({{0, 0, 200, 40}, {0, 40, 200, 60}}));
+        QCOMPARE(m_list->size(), QSize(200, 100));
+    }
+
+    void rowsMakeRoomForAScrollBarThatAppears() {
+        m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+        m_list->setContent(texts({"150", "150"}));
+        QTRY_VERIFY(m_area->viewport()->width() < 300);
+        const int viewportWidth = m_area->viewport()->width();
+        QCOMPARE(frames(),
+                 QList<QRect>({{0, 0, viewportWidth, 150}, {0, 150, viewportWidth, 150}}));
+    }
+
+    void theScrollAreaIsWhiteInEveryTheme() {
+        QApplication::setPalette(QPalette(QColor(40, 40, 40)));
+        m_list->setContent(texts({"20"}));
+        const QImage image = m_area->grab().toImage();
+        QCOMPARE(image.pixelColor(150, 100), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(150, 10), ListPalette::alternateSelectedControlColor());
+        ListScrollArea made;
+        made.resize(50, 50);
+        QCOMPARE(made.grab().toImage().pixelColor(25, 25), QColor(Qt::white));
+    }
+
+    // Clicking
+
+    void aClickSelectsTheItemUnderThePointerAlone() {
+        m_list->setContent(texts({"a", "b", "c"}));
+        click(2);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({2}));
+        click(2);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({2}));
+    }
+
+    void modifierKeysMakeNoDifference() {
+        m_list->setContent(texts({"a", "b", "c"}));
+        click(1, Qt::ControlModifier);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({1}));
+        click(2, Qt::ShiftModifier);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({2}));
+    }
+
+    void aClickOnARefusedItemChangesNothing() {
+        m_delegate->refused = {QStringLiteral("b")};
+        m_list->setContent(texts({"a", "b"}));
+        QSignalSpy announced(m_list, &QVListView::selectionIndexesChanged);
+        click(1);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({0}));
+        QCOMPARE(announced.count(), 0);
+    }
+
+    void aClickOutsideEveryItemChangesNothing() {
+        m_list->setContent(texts({"20", "20"}));
+        m_list->resize(300, 100);
+        QSignalSpy announced(m_list, &QVListView::selectionIndexesChanged);
+        QTest::mouseClick(m_list, Qt::LeftButton, {}, QPoint(10, 60));
+        m_list->items().at(1)->view()->move(0, 30);
+        QTest::mouseClick(m_list, Qt::LeftButton, {}, QPoint(10, 25));
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({0}));
+        QCOMPARE(announced.count(), 0);
+    }
+
+    void theFirstLineOfARowIsItsOwn() {
+        m_list->setContent(texts({"20", "30"}));
+        QTest::mouseClick(m_list, Qt::LeftButton, {}, QPoint(10, 20));
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({1}));
+        QTest::mouseClick(m_list, Qt::LeftButton, {}, QPoint(10, 19));
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({0}));
+    }
+
+    void otherMouseButtonsDoNotSelect() {
+        m_list->setContent(texts({"a", "b"}));
+        QTest::mouseClick(row(1), Qt::RightButton);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({0}));
+    }
+
+    void aDoubleClickSelectsFirstAndThenSendsTheAction() {
+        m_list->setContent(texts({"a", "b"}));
+        IndexSet selectedAtAction;
+        int actions = 0;
+        connect(row(1), &Control::action, this, [&] {
+            ++actions;
+            selectedAtAction = m_list->selectionIndexes();
+        });
+        QSignalSpy announced(m_list, &QVListView::selectionIndexesChanged);
+        QTest::mouseClick(row(1), Qt::LeftButton);
+        QTest::mouseDClick(row(1), Qt::LeftButton);
+        QCOMPARE(actions, 1);
+        QCOMPARE(selectedAtAction, IndexSet({1}));
+        QCOMPARE(announced.count(), 1);
+        QTest::mouseClick(row(1), Qt::LeftButton);
+        QCOMPARE(actions, 1);
+        QCOMPARE(announced.count(), 2);
+    }
+
+    void aDoubleClickOnAnotherKindOfViewSelects() {
+        m_list->setItemPrototype(std::make_shared<CollectionViewItem>(
+            [](CollectionViewItem *) { return new QLabel(QStringLiteral("row")); }));
+        m_list->setContent(texts({"a", "b"}));
+        QTest::mouseDClick(m_list->items().at(1)->view(), Qt::LeftButton);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({1}));
+    }
+
+    void theListMayBeRebuiltByTheActionOfARow() {
+        m_list->setContent(texts({"a", "b"}));
+        connect(row(0), &Control::action, this, [this] { m_list->setContent(texts({"c"})); });
+        const QPointer<QWidget> old = row(0);
+        QTest::mouseDClick(row(0), Qt::LeftButton);
+        QCOMPARE(m_list->content(), texts({"c"}));
+        QTRY_VERIFY(!old);
+    }
+
+    void theListMayBeRebuiltByAButtonOfARow() {
+        m_list->setContent(texts({"40", "40"}));
+        auto *button = new QPushButton(row(1));
+        button->show();
+        connect(button, &QPushButton::clicked, this, [this] { m_list->setContent({}); });
+        const QPointer<QWidget> old = button;
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(m_list->items().isEmpty());
+        QTRY_VERIFY(!old);
+    }
+
+    void theListMayBeRebuiltByTheSelectionThatAClickMakes() {
+        m_list->setContent(texts({"a", "b"}));
+        const auto observation = KeyValue::observe(m_list->items().at(1).get(), "selected", [this] {
+            m_list->setContent(texts({"c", "d", "e"}));
+        });
+        QTest::mouseClick(row(1), Qt::LeftButton);
+        QCOMPARE(m_list->content(), texts({"c", "d", "e"}));
+        QCOMPARE(subviews().size(), 3);
+    }
+
+    void theListTakesNoFocus() { QCOMPARE(m_list->focusPolicy(), Qt::NoFocus); }
+
+private:
+    void bindBoth(ArrayController &controller, const QVariantList &content) {
+        controller.setContent(content);
+        m_list->bind("content", &controller, "arrangedObjects", {});
+        m_list->bind("selectionIndexes", &controller, "selectionIndexes", {});
+        controller.setSelectionIndexes({0});
+    }
+
+    QVSelectedItemBackgroundView *row(qsizetype index) const {
+        return qobject_cast<QVSelectedItemBackgroundView *>(m_list->items().at(index)->view());
+    }
+
+    void click(qsizetype index, Qt::KeyboardModifiers modifiers = {}) const {
+        QTest::mouseClick(row(index), Qt::LeftButton, modifiers);
+    }
+
+    QWidgetList subviews() const {
+        return m_list->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    }
+
+    QList<QRect> frames() const {
+        QList<QRect> result;
+        for (const QWidget *view : subviews()) {
+            result.append(view->geometry());
+        }
+        return result;
+    }
+
+    std::unique_ptr<ListScrollArea> m_area;
+    QVListView *m_list = nullptr;
+    std::unique_ptr<Delegate> m_delegate;
+};
+
+VELMORA_TEST_MAIN(QVListViewTest)
+#include "QVListViewTest.moc"

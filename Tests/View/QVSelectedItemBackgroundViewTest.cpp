@@ -1,0 +1,227 @@
+#include "View/QVSelectedItemBackgroundView.h"
+
+#include "Platform/Interface/ListPalette.h"
+#include "Support/TestMain.h"
+#include "View/QVSelectedView.h"
+
+using Style = Control::BackgroundStyle;
+
+namespace {
+
+/// A superview that counts what it is given.
+class ClickCounter : public QWidget {
+public:
+    using QWidget::QWidget;
+    int presses = 0;
+    int doubleClicks = 0;
+
+protected:
+    void mousePressEvent(QMouseEvent * /*event*/) override { ++presses; }
+    void mouseDoubleClickEvent(QMouseEvent * /*event*/) override { ++doubleClicks; }
+};
+
+QPalette darkPalette() {
+    QPalette palette(QColor(40, 40, 40));
+    palette.setColor(QPalette::Highlight, QColor(200, 20, 60));
+    palette.setColor(QPalette::HighlightedText, QColor(255, 255, 0));
+    return palette;
+}
+
+}  // namespace
+
+class QVSelectedItemBackgroundViewTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void cleanup() { QApplication::setPalette(QPalette()); }
+
+    void isNotSelectedAtFirst() { QVERIFY(!QVSelectedItemBackgroundView().isSelected()); }
+
+    void paintsWhiteOrTheSelectionColour_data() {
+        QTest::addColumn<QPalette>("application");
+        QTest::newRow("light theme") << QPalette();
+        QTest::newRow("dark theme") << darkPalette();
+    }
+
+    void paintsWhiteOrTheSelectionColour() {
+        QFETCH(QPalette, application);
+        QApplication::setPalette(application);
+        QVSelectedItemBackgroundView view;
+        view.resize(20, 10);
+        QCOMPARE(view.grab().toImage().pixelColor(3, 3), QColor(Qt::white));
+        view.setSelected(true);
+        const QImage selected = view.grab().toImage();
+        QCOMPARE(selected.pixelColor(0, 0), ListPalette::alternateSelectedControlColor());
+        QCOMPARE(selected.pixelColor(19, 9), ListPalette::alternateSelectedControlColor());
+        view.setSelected(false);
+        QCOMPARE(view.grab().toImage().pixelColor(19, 9), QColor(Qt::white));
+    }
+
+    void theSelectionColourIsTheThemes() {
+        QApplication::setPalette(darkPalette());
+        QCOMPARE(ListPalette::alternateSelectedControlColor(), QColor(200, 20, 60));
+    }
+
+    void aVisibleViewRepaintsItselfWhenSelected() {
+        QVSelectedItemBackgroundView view;
+        view.resize(20, 10);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QCoreApplication::processEvents();
+        PaintCounter paints(&view);
+        view.setSelected(true);
+        QTRY_COMPARE(paints.rects, QList<QRect>({view.rect()}));
+    }
+
+    void onlyDirectControlsFollowTheSelection() {
+        QVSelectedItemBackgroundView view;
+        auto *label = new QLabel(&view);
+        auto *button = new QPushButton(&view);
+        auto *nestedRow = new QVSelectedItemBackgroundView(&view);
+        auto *plain = new QWidget(&view);
+        auto *nested = new QLabel(plain);
+        view.setSelected(true);
+        QCOMPARE(Control::backgroundStyle(label), Style::Dark);
+        QCOMPARE(Control::backgroundStyle(button), Style::Dark);
+        QCOMPARE(Control::backgroundStyle(nestedRow), Style::Dark);
+        QCOMPARE(Control::backgroundStyle(plain), Style::Light);
+        QCOMPARE(Control::backgroundStyle(nested), Style::Light);
+        view.setSelected(false);
+        QCOMPARE(Control::backgroundStyle(label), Style::Light);
+        QCOMPARE(Control::backgroundStyle(button), Style::Light);
+        QCOMPARE(Control::backgroundStyle(nestedRow), Style::Light);
+    }
+
+    void textIsLegibleInEveryTheme() {
+        QApplication::setPalette(darkPalette());
+        QVSelectedItemBackgroundView view;
+        QLabel label(&view);
+        QCOMPARE(label.palette().color(QPalette::WindowText), QColor(Qt::black));
+        view.setSelected(true);
+        QCOMPARE(label.palette().color(QPalette::WindowText), QColor(255, 255, 0));
+        view.setSelected(false);
+        QCOMPARE(label.palette().color(QPalette::WindowText), QColor(Qt::black));
+    }
+
+    void aNewThemeReachesTheControlsOfASelectedView() {
+        QVSelectedItemBackgroundView view;
+        QLabel label(&view);
+        view.setSelected(true);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QApplication::setPalette(darkPalette());
+        QCoreApplication::processEvents();
+        QCOMPARE(label.palette().color(QPalette::WindowText), QColor(255, 255, 0));
+    }
+
+    void selectedIsAKeyThatAnnouncesEqualValuesToo() {
+        QVSelectedItemBackgroundView view;
+        QSignalSpy announced(&view, &QVSelectedItemBackgroundView::selectedChanged);
+        QVERIFY(view.setProperty("selected", true));
+        view.setSelected(true);
+        QCOMPARE(announced.count(), 2);
+    }
+
+    void aSingleClickGoesToTheSuperview() {
+        ClickCounter list;
+        QVSelectedItemBackgroundView view(&list);
+        QSignalSpy actions(&view, &Control::action);
+        QTest::mouseClick(&view, Qt::LeftButton);
+        QCOMPARE(list.presses, 1);
+        QCOMPARE(actions.count(), 0);
+    }
+
+    void aDoubleClickSendsTheActionOnceAndStaysInTheView() {
+        ClickCounter list;
+        QVSelectedItemBackgroundView view(&list);
+        QSignalSpy actions(&view, &Control::action);
+        QTest::mouseClick(&view, Qt::LeftButton);
+        QTest::mouseDClick(&view, Qt::LeftButton);
+        QCOMPARE(list.presses, 1);
+        QCOMPARE(list.doubleClicks, 0);
+        QCOMPARE(actions.count(), 1);
+    }
+
+    void aTripleClickGoesToTheSuperviewLikeASingleOne() {
+        ClickCounter list;
+        QVSelectedItemBackgroundView view(&list);
+        QSignalSpy actions(&view, &Control::action);
+        QTest::mouseClick(&view, Qt::LeftButton);
+        QTest::mouseDClick(&view, Qt::LeftButton);
+        QTest::mouseClick(&view, Qt::LeftButton);
+        QCOMPARE(list.presses, 2);
+        QCOMPARE(actions.count(), 1);
+    }
+
+    void otherButtonsSendNoAction() {
+        ClickCounter list;
+        QVSelectedItemBackgroundView view(&list);
+        QSignalSpy actions(&view, &Control::action);
+        QTest::mouseDClick(&view, Qt::RightButton);
+        QCOMPARE(actions.count(), 0);
+        QCOMPARE(list.doubleClicks, 1);
+    }
+
+    void clicksOnALabelAreThoseOfTheView() {
+        ClickCounter list;
+        QVSelectedItemBackgroundView view(&list);
+        QLabel label(&view);
+        QSignalSpy actions(&view, &Control::action);
+        QTest::mouseClick(&label, Qt::LeftButton);
+        QCOMPARE(list.presses, 1);
+        QTest::mouseDClick(&label, Qt::LeftButton);
+        QCOMPARE(actions.count(), 1);
+    }
+
+    void clicksOnAButtonStayThere() {
+        ClickCounter list;
+        QVSelectedItemBackgroundView view(&list);
+        QPushButton button(&view);
+        QSignalSpy clicked(&button, &QPushButton::clicked);
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(clicked.count(), 1);
+        QCOMPARE(list.presses, 0);
+    }
+
+    void neverTakesTheFocus() {
+        QWidget window;
+        QVSelectedItemBackgroundView background(&window);
+        QVSelectedView selected(&window);
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QCOMPARE(background.focusPolicy(), Qt::NoFocus);
+        QCOMPARE(selected.focusPolicy(), Qt::NoFocus);
+        background.setFocus();
+        QVERIFY(!background.hasFocus());
+        selected.setFocus();
+        QVERIFY(!selected.hasFocus());
+    }
+
+    void aSelectedViewIsAlwaysPaintedInTheSelectionColour() {
+        QApplication::setPalette(darkPalette());
+        QVSelectedView view;
+        view.resize(20, 10);
+        const QImage image = view.grab().toImage();
+        QCOMPARE(image.pixelColor(0, 0), QColor(200, 20, 60));
+        QCOMPARE(image.pixelColor(19, 9), QColor(200, 20, 60));
+    }
+
+private:
+    /// What a view is asked to paint.
+    class PaintCounter : public QObject {
+    public:
+        explicit PaintCounter(QWidget *view) { view->installEventFilter(this); }
+        QList<QRect> rects;
+
+    protected:
+        bool eventFilter(QObject * /*watched*/, QEvent *event) override {
+            if (event->type() == QEvent::Paint) {
+                rects.append(static_cast<QPaintEvent *>(event)->rect());
+            }
+            return false;
+        }
+    };
+};
+
+VELMORA_TEST_MAIN(QVSelectedItemBackgroundViewTest)
+#include "QVSelectedItemBackgroundViewTest.moc"
