@@ -6,6 +6,7 @@
 #include "Controller/QVLocationTitleValueTransformer.h"
 #include "Controller/QVNextScheduledDateValueTransformer.h"
 #include "Platform/Interface/Nib.h"
+#include "View/ListRow.h"
 #include "ui_QVDatabaseItem.h"
 #include "ui_QVLocationItem.h"
 #include "ui_QVSyncScheduleEditor.h"
@@ -33,8 +34,6 @@ void registerSyncPreferencesInterface() {
 
     Nib::registerUiForm<Ui::SyncPreferences, QWidget>(QStringLiteral("Sync Preferences"));
     Nib::registerUiForm<Ui::QVSyncScheduleEditor, QWidget>(QStringLiteral("QVSyncScheduleEditor"));
-    Nib::registerUiForm<Ui::QVDatabaseItem, QVSelectedItemBackgroundView>(
-        QStringLiteral("QVDatabaseItem"));
-    Nib::registerUiForm<Ui::QVLocationItem, QVSelectedItemBackgroundView>(
-        QStringLiteral("QVLocationItem"));
+    Nib::registerUiForm<Ui::QVDatabaseItem, ListRow>(QStringLiteral("QVDatabaseItem"));
+    Nib::registerUiForm<Ui::QVLocationItem, ListRow>(QStringLiteral("QVLocationItem"));
 }
