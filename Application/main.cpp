@@ -45,8 +45,7 @@ bool writeScreenshot(const QString &file, std::optional<Error> *error) {
         *error = Error{.domain = QStringLiteral("Velmora"),
                        .localizedDescription = QCoreApplication::translate(
                                                    "main", "The picture cannot be written to %1.")
-                                                   .arg(file),
-                       .localizedFailureReason = {}};
+                                                   .arg(file)};
     }
     return isWritten;
 }

@@ -27,8 +27,7 @@ std::unique_ptr<PreferencePane> SyncPreferencesPlugIn::makePreferencePane(
             .domain = QStringLiteral("SyncPreferences"),
             .localizedDescription =
                 localizedSyncString("Sync Preferences cannot be used: the sync plug-in has no %1.")
-                    .arg(missing.join(QStringLiteral(", "))),
-            .localizedFailureReason = {}};
+                    .arg(missing.join(QStringLiteral(", ")))};
         return nullptr;
     }
     registerSyncPreferencesInterface();

@@ -7,12 +7,12 @@
 /// What went wrong, for a person to read. A value; "no error" is an empty std::optional<Error>.
 struct Error {
     /// Who numbers the codes, such as "CommonCryptoErrorDomain".
-    QString domain;
+    QString domain = {};
     int code = 0;
     /// A sentence, in the person's language.
-    QString localizedDescription;
+    QString localizedDescription = {};
     /// Why, where it is known; else empty.
-    QString localizedFailureReason;
+    QString localizedFailureReason = {};
 
     bool operator==(const Error &) const = default;
 };
