@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <atomic>
+#include <functional>
+
+#include "Host/QVSyncStore.h"
+#include "Platform/Foundation/Url.h"
+
+class EngineFuture;
+
+/// What all stores share: operations run on worker threads, each handler is called there once, and
+/// a cancelled operation ends with an error of the code Cancelled. Always shared; made on the main
+/// thread.
+class EngineStore : public QVSyncStore, public std::enable_shared_from_this<EngineStore> {
+public:
+    explicit EngineStore(const std::shared_ptr<QVSyncLocation> &location);
+    ~EngineStore() override;
+
+    std::shared_ptr<QVSyncLocation> location() const override { return m_location; }
+    std::shared_ptr<PZFuture> openWithCompletionHandler(ErrorHandler handler) override;
+    std::shared_ptr<PZFuture> fetchDatabasesWithCompletionHandler(
+        DatabasesHandler handler) override;
+    std::shared_ptr<PZFuture> closeWithCompletionHandler(ErrorHandler handler) override;
+
+    /// Waits until no operation of any store runs any more: before the code goes.
+    static void waitForAll();
+
+protected:
+    struct Fetched {
+        std::optional<QVRemoteDatabases> databases;
+        std::optional<Error> error;
+    };
+
+    /// That of the location when the store was made.
+    const Url &URL() const { return m_URL; }
+    std::shared_ptr<QVRemoteDatabase> record(const QString &UUID, const QString &name);
+
+    /// What a kind of store does; called on a worker thread. `future` says whether to go on.
+    virtual std::optional<Error> open() = 0;
+    virtual Fetched fetch(const PZFuture &future) = 0;
+
+private:
+    std::optional<Error> openUnlessCancelled(const PZFuture &future);
+    Fetched fetchUnlessCancelled(const PZFuture &future);
+
+    std::shared_ptr<QVSyncLocation> m_location;
+    const Url m_URL;
+    std::atomic<bool> m_isOpen = false;
+};

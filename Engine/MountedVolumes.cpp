@@ -1,0 +1,34 @@
+#include "Engine/MountedVolumes.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QStorageInfo>
+
+namespace {
+
+bool isBelow(const QString &path, const QString &folder) {
+    return path.startsWith(folder + u'/');
+}
+
+}  // namespace
+
+QStringList MountedVolumes::mountPoints() {
+    QStringList result;
+    for (const QStorageInfo &volume : QStorageInfo::mountedVolumes()) {
+        result.append(volume.rootPath());
+    }
+    return result;
+}
+
+bool MountedVolumes::contain(const QString &path, const QStringList &mountPoints) {
+    const QString cleanPath = QDir::cleanPath(path);
+    for (const QString &base :
+         {QStringLiteral("/media"), QStringLiteral("/run/media"), QStringLiteral("/mnt")}) {
+        if (isBelow(cleanPath, base)) {
+            return std::any_of(mountPoints.begin(), mountPoints.end(), [&](const QString &point) {
+                const bool isVolume = point == base || isBelow(point, base);
+                return isVolume && (cleanPath == point || isBelow(cleanPath, point));
+            });
+        }
+    }
+    return true;
+}

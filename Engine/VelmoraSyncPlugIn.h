@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QtCore/QObject>
+
+#include "Engine/SyncEngine.h"
+#include "Host/SyncPlugIn.h"
+
+/// The engine as a plug-in.
+class VelmoraSyncPlugIn : public QObject, public SyncPlugIn {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID SyncPlugIn_iid)
+    Q_INTERFACES(SyncPlugIn)
+public:
+    std::optional<Error> openProfile(const QString &directory) override;
+    NoteLibrary *library() const override;
+
+private:
+    const std::unique_ptr<SyncEngine> m_engine = std::make_unique<SyncEngine>();
+};
