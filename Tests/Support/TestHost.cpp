@@ -1,0 +1,105 @@
+#include "Support/TestHost.h"
+
+#include <QtCore/QDir>
+#include <stdexcept>
+
+#include "Engine/InboxUUID.h"
+
+namespace {
+
+void require(const std::optional<Error> &error) {
+    if (error) {
+        throw std::runtime_error(error->localizedDescription.toStdString());
+    }
+}
+
+}  // namespace
+
+TestHost::TestHost(FirstContents contents) {
+    start(contents);
+}
+
+TestHost::~TestHost() {
+    m_application.setEngine(nullptr);
+}
+
+void TestHost::start(FirstContents contents) {
+    m_engine = std::make_unique<SyncEngine>();
+    m_application.setEngine(m_engine.get());
+    require(m_engine->openProfile(directory(), contents));
+    // A test need not wait for a lock that nobody will give back.
+    require(m_engine->profile().run(QStringLiteral("PRAGMA busy_timeout = 1")));
+}
+
+void TestHost::restart() {
+    m_application.setEngine(nullptr);
+    m_engine.reset();
+    start(FirstContents::Inbox);
+}
+
+EngineLocationsController &TestHost::locations() {
+    return static_cast<EngineLocationsController &>(*m_engine->plugin().locationsController());
+}
+
+QString TestHost::directory() const {
+    return m_directory.filePath(QStringLiteral("Profile"));
+}
+
+std::shared_ptr<NoteDatabase> TestHost::addDatabase(const QString &name) {
+    require(library().createDatabase(name));
+    return library().knownDatabases().last();
+}
+
+void TestHost::openDatabase(const std::shared_ptr<NoteDatabase> &database) {
+    require(library().openDatabase(database));
+}
+
+void TestHost::closeDatabase(const std::shared_ptr<NoteDatabase> &database) {
+    require(library().closeDatabase(database));
+}
+
+void TestHost::renameDatabase(const std::shared_ptr<NoteDatabase> &database, const QString &name) {
+    require(library().renameDatabase(database, name));
+}
+
+std::shared_ptr<QVSyncLocation> TestHost::addLocation(const QString &URLText) {
+    const auto location = std::make_shared<EngineSyncLocation>(Url::fromString(URLText));
+    locations().insertObjectInSyncLocationsAtIndex(location, locations().countOfSyncLocations());
+    return location;
+}
+
+std::shared_ptr<QVSyncState> TestHost::addState(const std::shared_ptr<QVSyncLocation> &location,
+                                                const std::shared_ptr<QVDatabase> &database) {
+    const bool isInbox = database->UUID() == inbox()->UUID();
+    return location->addStateForDatabaseWithUUID(isInbox ? InboxUUID : database->UUID(),
+                                                 database->name());
+}
+
+void TestHost::setLastSynced(const std::shared_ptr<QVSyncState> &state, const QDateTime &date) {
+    dynamic_cast<EngineSyncState &>(*state).setLastSynced(date);
+}
+
+QString TestHost::makeSyncStore(const QString &name) {
+    const QString package = m_directory.filePath(name + QStringLiteral(".qvSyncStore"));
+    if (!QDir().mkpath(package + QStringLiteral("/databases")) ||
+        !QDir().mkpath(package + QStringLiteral("/transactions"))) {
+        throw std::runtime_error("cannot make " + package.toStdString());
+    }
+    return Url::fileURL(package).absoluteString();
+}
+
+void TestHost::save() {
+    std::optional<Error> error;
+    locations().save(&error);
+    require(error);
+}
+
+void TestHost::makeSavesFail() {
+    m_otherConnection = std::make_unique<ProfileDatabase>();
+    require(m_otherConnection->open(directory(), [] { return std::nullopt; }));
+    require(m_otherConnection->run(QStringLiteral("BEGIN IMMEDIATE")));
+}
+
+void TestHost::letSavesPass() {
+    m_otherConnection.reset();
+}
