@@ -1,29 +1,40 @@
 #include "Engine/EngineDispatcher.h"
 
+#include <QtCore/QCoreApplication>
+
 #include "Host/QVApplication.h"
 #include "Platform/Foundation/Localization.h"
-#include "Platform/Foundation/MainQueue.h"
+
+namespace {
+
+void logNotDone(const char *text, const QVSyncState &state) {
+    NSApp()->logItemCmd(QStringLiteral("Sync:"),
+                        localizedSyncString(text).arg(state.databaseName()));
+}
+
+void callLater(std::function<void()> handler) {
+    QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(handler),
+                              Qt::QueuedConnection);
+}
+
+}  // namespace
 
 void EngineDispatcher::cleanRemoteStoreWithSynchronizationState(
     const std::shared_ptr<QVSyncState> &state, std::function<void()> handler) {
-    NSApp()->logItemCmd(QStringLiteral("Sync:"),
-                        localizedSyncString("This version of Velmora cannot clean up “%1” yet.")
-                            .arg(state->databaseName()));
-    MainQueue::dispatchAsync(std::move(handler));
+    logNotDone("“%1” was not cleaned up: this version of Velmora cannot clean up yet.", *state);
+    callLater(std::move(handler));
 }
 
 void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
     const QVSyncStates &states) {
-    performSynchronizationsWithSynchronizationStates(states, [] {});
+    for (const std::shared_ptr<QVSyncState> &state : states) {
+        logNotDone("“%1” was not synchronized: this version of Velmora cannot synchronize yet.",
+                   *state);
+    }
 }
 
 void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
     const QVSyncStates &states, std::function<void()> handler) {
-    for (const auto &state : states) {
-        NSApp()->logItemCmd(
-            QStringLiteral("Sync:"),
-            localizedSyncString("This version of Velmora cannot synchronize “%1” yet.")
-                .arg(state->databaseName()));
-    }
-    MainQueue::dispatchAsync(std::move(handler));
+    performSynchronizationsWithSynchronizationStates(states);
+    callLater(std::move(handler));
 }

@@ -2,10 +2,8 @@
 
 #include "Host/QVSyncDispatcher.h"
 
-/// Notes do not travel yet: what it is asked for ends at once, with an entry in the application's
-/// log that says so.
+/// Synchronizes and cleans nothing yet, and says so in the application's log.
 class EngineDispatcher : public QVSyncDispatcher {
-    Q_OBJECT
 public:
     void cleanRemoteStoreWithSynchronizationState(const std::shared_ptr<QVSyncState> &state,
                                                   std::function<void()> handler) override;

@@ -1,21 +1,20 @@
 #pragma once
 
+#include <QtCore/QString>
+
 #include "Platform/Foundation/Error.h"
 
-/// What can go wrong in the engine, as the code of an Error of the domain "VelmoraEngine".
+/// The domain of all errors of the engine.
+inline const QString EngineErrorDomain = QStringLiteral("VelmoraSyncErrorDomain");
+
 enum class EngineErrorCode {
     ProfileUnusable = 1,
-    ProfileCorrupt,
-    ProfileTooNew,
-    ProfileReadOnly,
-    NotSaved,
-    InvalidName,
-    StoreMissing,
-    StoreInvalid,
-    StoreUnsupported,
-    RecordInvalid,
+    ProfileNotWritten,
+    InvalidDatabase,
+    StoreUnreachable,
+    DamagedRecord,
     Cancelled,
 };
 
-/// An error with that description, and a reason where there is one.
-Error engineError(EngineErrorCode code, const QString &description, const QString &reason = {});
+/// `description` is a whole sentence for a person.
+Error engineError(EngineErrorCode code, const QString &description);

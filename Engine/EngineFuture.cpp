@@ -1,24 +1,20 @@
 #include "Engine/EngineFuture.h"
 
-std::shared_ptr<PZFuture> EngineFuture::Class::future() const {
-    return std::make_shared<EngineFuture>();
-}
+#include <utility>
 
-// Others are called without the mutex held: they may lead back here.
 void EngineFuture::cancel() {
-    std::vector<std::weak_ptr<PZFuture>> attached;
+    Attached attached;
     {
         const std::lock_guard lock(m_mutex);
         if (m_isCancelled) {
             return;
         }
-        m_isCancelled = true;
+        m_isCancelled = !m_isFinished;
         attached.swap(m_attached);
-        attached.push_back(m_controlled);
     }
-    for (const auto &weak : attached) {
-        if (const auto future = weak.lock()) {
-            future->cancel();
+    for (const std::weak_ptr<PZFuture> &future : attached) {
+        if (const std::shared_ptr<PZFuture> living = future.lock()) {
+            living->cancel();
         }
     }
 }
@@ -42,10 +38,12 @@ void EngineFuture::cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &
 void EngineFuture::passControlToFuture(const std::shared_ptr<PZFuture> &future) {
     {
         const std::lock_guard lock(m_mutex);
-        m_controlled = future;
-        if (!m_isCancelled) {
-            return;
-        }
+        m_isFinished = false;
     }
-    future->cancel();
+    cascadeCancellationToFuture(future);
+}
+
+void EngineFuture::finish() {
+    const std::lock_guard lock(m_mutex);
+    m_isFinished = true;
 }

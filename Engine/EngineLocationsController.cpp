@@ -1,100 +1,89 @@
 #include "Engine/EngineLocationsController.h"
 
-#include <QtCore/QHash>
-
-#include "Engine/EngineSchedules.h"
-#include "Engine/EngineSyncState.h"
 #include "Engine/ProfileDatabase.h"
+#include "Engine/ScheduleColumns.h"
 #include "Platform/Foundation/Assertion.h"
 
 namespace {
 
-constexpr int minutesInHour = 60;
-
-/// A schedule as the profile has it: kind, minute of the hour or day, and days.
-struct SavedSchedule {
-    QVariant kind;
-    QVariant minute;
-    QVariant days;
-};
-
-int minuteOfDay(const HourAndMinute &time) {
-    return time.hour * minutesInHour + time.minute;
+QVariant milliseconds(const QDateTime &date) {
+    return date.isValid() ? QVariant(date.toMSecsSinceEpoch()) : QVariant();
 }
 
-SavedSchedule savedSchedule(const QVSyncSchedulePtr &schedule) {
-    if (const auto *hourly = dynamic_cast<const QVHourlySchedule *>(schedule.get())) {
-        return {QStringLiteral("hourly"), hourly->hourlyOffset(), {}};
-    }
-    if (const auto *daily = dynamic_cast<const QVDailySchedule *>(schedule.get())) {
-        return {QStringLiteral("daily"), minuteOfDay(daily->hourAndMinute()), {}};
-    }
-    if (const auto *weekly = dynamic_cast<const QVWeeklySchedule *>(schedule.get())) {
-        return {QStringLiteral("weekly"), minuteOfDay(weekly->hourAndMinute()),
-                static_cast<qint64>(weekly->daysOfWeek())};
-    }
-    return {};
+QDateTime date(const QVariant &milliseconds) {
+    return milliseconds.isNull() ? QDateTime()
+                                 : QDateTime::fromMSecsSinceEpoch(milliseconds.toLongLong());
 }
 
-/// nullptr for none, and for one that does not make sense.
-QVSyncSchedulePtr loadedSchedule(const SavedSchedule &saved) {
-    const QString kind = saved.kind.toString();
-    const int minute = saved.minute.toInt();
-    const HourAndMinute time{minute / minutesInHour, minute % minutesInHour};
-    if (minute < 0 || time.hour > 23) {
-        return nullptr;
-    }
-    if (kind == QLatin1StringView("hourly")) {
-        return EngineSchedules::HourlyClass().initWithHourlyOffset(static_cast<quint32>(minute));
-    }
-    if (kind == QLatin1StringView("daily")) {
-        return EngineSchedules::DailyClass().initWithHourAndMinute(time);
-    }
-    if (kind == QLatin1StringView("weekly")) {
-        return EngineSchedules::WeeklyClass().initWithHourAndMinute(time, saved.days.toULongLong());
-    }
-    return nullptr;
+EngineSyncState::Values stateValues(const QSqlQuery &row) {
+    return {
+        .isEnabled = row.value(3).toBool(),
+        .syncOnOpen = row.value(4).toBool(),
+        .syncOnClose = row.value(5).toBool(),
+        .schedule = ScheduleColumns{row.value(7), row.value(8), row.value(9)}.schedule(),
+        .lastSynced = date(row.value(6)),
+    };
 }
 
-void loadState(EngineSyncLocation &location, const QSqlQuery &row) {
-    const auto state = std::static_pointer_cast<EngineSyncState>(
-        location.addStateForDatabaseWithUUID(row.value(1).toString(), row.value(2).toString()));
-    state->setEnabled(row.value(3).toBool());
-    state->setSchedule(loadedSchedule({row.value(4), row.value(5), row.value(6)}));
-    state->setSyncOnOpen(row.value(7).toBool());
-    state->setSyncOnClose(row.value(8).toBool());
-    state->setLastSynced(QDateTime::fromString(row.value(9).toString(), Qt::ISODateWithMs));
+void bindState(QSqlQuery &query, const QString &location, const EngineSyncState &state) {
+    const ScheduleColumns schedule = ScheduleColumns::fromSchedule(state.schedule());
+    query.bindValue(0, location);
+    query.bindValue(1, state.databaseUUID());
+    query.bindValue(2, ProfileDatabase::text(state.databaseName()));
+    query.bindValue(3, state.isEnabled());
+    query.bindValue(4, state.syncOnOpen());
+    query.bindValue(5, state.syncOnClose());
+    query.bindValue(6, milliseconds(state.lastSynced()));
+    query.bindValue(7, schedule.kind);
+    query.bindValue(8, schedule.minutes);
+    query.bindValue(9, schedule.days);
 }
 
 }  // namespace
 
+EngineLocationsController::EngineLocationsController(const ProfileDatabase &profile)
+    : m_profile(profile) {}
+
 std::optional<Error> EngineLocationsController::load() {
-    QHash<qint64, std::shared_ptr<EngineSyncLocation>> byId;
-    const auto error = m_profile->transaction([&] {
-        return m_profile->select(QStringLiteral("SELECT id, url FROM locations ORDER BY position"),
-                                 {},
-                                 [&](const QSqlQuery &row) {
-                                     auto location = std::make_shared<EngineSyncLocation>();
-                                     location->setRowId(row.value(0).toLongLong());
-                                     location->setSavedURL(row.value(1).toString());
-                                     byId.insert(location->rowId(), location);
-                                     m_locations.append(location);
-                                 }) &&
-               m_profile->select(
-                   QStringLiteral(
-                       "SELECT location_id, database_uuid, database_name, enabled, schedule_kind, "
-                       "schedule_minute, schedule_days, sync_on_open, sync_on_close, last_synced "
-                       "FROM states ORDER BY location_id, position"),
-                   {}, [&](const QSqlQuery &row) {
-                       if (const auto location = byId.value(row.value(0).toLongLong())) {
-                           loadState(*location, row);
-                       }
-                   });
-    });
-    for (const auto &location : std::as_const(m_locations)) {
-        location->setNeedsSaving(false);
+    if (std::optional<Error> error = loadLocations()) {
+        return error;
     }
-    return error;
+    return loadStates();
+}
+
+std::optional<Error> EngineLocationsController::loadLocations() {
+    QSqlQuery rows =
+        m_profile.prepare(QStringLiteral("SELECT uuid, url FROM locations ORDER BY position"));
+    if (!rows.exec()) {
+        return m_profile.errorOf(rows);
+    }
+    while (rows.next()) {
+        m_locations.append(std::make_shared<EngineSyncLocation>(rows.value(0).toString(),
+                                                                rows.value(1).toString()));
+        m_saved.insert(rows.value(0).toString());
+    }
+    return {};
+}
+
+std::optional<Error> EngineLocationsController::loadStates() {
+    QHash<QString, EngineSyncLocation *> locations;
+    for (const std::shared_ptr<EngineSyncLocation> &location : std::as_const(m_locations)) {
+        locations.insert(location->identifier(), location.get());
+    }
+    QSqlQuery rows = m_profile.prepare(
+        QStringLiteral("SELECT location_uuid, database_uuid, database_name, enabled, sync_on_open,"
+                       " sync_on_close, last_synced, schedule, schedule_minutes, schedule_days"
+                       " FROM states ORDER BY id"));
+    if (!rows.exec()) {
+        return m_profile.errorOf(rows);
+    }
+    while (rows.next()) {
+        if (EngineSyncLocation *location = locations.value(rows.value(0).toString())) {
+            location->restoreState(rows.value(1).toString(), rows.value(2).toString(),
+                                   stateValues(rows));
+        }
+    }
+    return {};
 }
 
 QList<std::shared_ptr<QVSyncLocation>> EngineLocationsController::syncLocations() const {
@@ -103,7 +92,7 @@ QList<std::shared_ptr<QVSyncLocation>> EngineLocationsController::syncLocations(
 
 void EngineLocationsController::insertObjectInSyncLocationsAtIndex(
     const std::shared_ptr<QVSyncLocation> &location, qsizetype index) {
-    auto ours = std::dynamic_pointer_cast<EngineSyncLocation>(location);
+    const auto ours = std::dynamic_pointer_cast<EngineSyncLocation>(location);
     requireParameter(ours != nullptr, "location != nil",
                      "EngineLocationsController::insertObjectInSyncLocationsAtIndex",
                      "Engine/EngineLocationsController");
@@ -112,68 +101,89 @@ void EngineLocationsController::insertObjectInSyncLocationsAtIndex(
 
 qsizetype EngineLocationsController::indexOfObjectInSyncLocations(
     const std::shared_ptr<QVSyncLocation> &location) const {
-    return m_locations.indexOf(std::dynamic_pointer_cast<EngineSyncLocation>(location));
+    return m_locations.indexOf(location);
 }
 
 void EngineLocationsController::removeObjectFromSyncLocationsAtIndex(qsizetype index) {
-    const auto location = m_locations.takeAt(index);
-    // Should it be inserted again, all of it has to be written.
-    location->setRowId(0);
-    location->setNeedsSaving(true);
+    m_locations.removeAt(index);
 }
 
 bool EngineLocationsController::save(std::optional<Error> *error) {
-    QList<qint64> rowIds;
-    const auto failure = m_profile->transaction([&] { return writeLocations(rowIds); });
-    if (failure) {
-        if (error) {
-            *error = failure;
+    std::optional<Error> problem = m_profile.write([this]() -> std::optional<Error> {
+        if (std::optional<Error> locationsError = writeLocations()) {
+            return locationsError;
         }
-        return false;
+        return writeStates();
+    });
+    if (!problem) {
+        rememberSaved();
+        return true;
     }
-    for (qsizetype i = 0; i < m_locations.size(); ++i) {
-        m_locations[i]->setRowId(rowIds[i]);
-        m_locations[i]->setNeedsSaving(false);
+    if (error) {
+        *error = std::move(problem);
     }
-    return true;
+    return false;
 }
 
-bool EngineLocationsController::writeLocations(QList<qint64> &rowIds) {
-    // What is not numbered anew is no longer there.
-    bool isWritten = m_profile->execute(QStringLiteral("UPDATE locations SET position = -1"));
-    for (qsizetype i = 0; isWritten && i < m_locations.size(); ++i) {
-        const EngineSyncLocation &location = *m_locations[i];
-        qint64 rowId = location.rowId();
-        if (rowId == 0) {
-            isWritten = m_profile->execute(
-                QStringLiteral("INSERT INTO locations (position, url) VALUES (?, ?)"),
-                {i, location.savedURL()});
-            rowId = m_profile->lastInsertId();
-        } else {
-            isWritten = m_profile->execute(
-                QStringLiteral("UPDATE locations SET position = ?, url = ? WHERE id = ?"),
-                {i, location.savedURL(), rowId});
+std::optional<Error> EngineLocationsController::writeLocations() const {
+    QSet<QString> gone = m_saved;
+    qsizetype position = 0;
+    for (const std::shared_ptr<EngineSyncLocation> &location : m_locations) {
+        gone.remove(location->identifier());
+        if (std::optional<Error> error = m_profile.run(
+                QStringLiteral("INSERT INTO locations (uuid, position, url) VALUES (?, ?, ?)"
+                               " ON CONFLICT (uuid) DO UPDATE SET position = excluded.position,"
+                               " url = excluded.url"),
+                {location->identifier(), position++, ProfileDatabase::text(location->URLText())})) {
+            return error;
         }
-        isWritten = isWritten && (!location.needsSaving() || writeStates(location, rowId));
-        rowIds.append(rowId);
     }
-    return isWritten &&
-           m_profile->execute(QStringLiteral("DELETE FROM locations WHERE position = -1"));
+    for (const QString &identifier : std::as_const(gone)) {
+        if (std::optional<Error> error = m_profile.run(
+                QStringLiteral("DELETE FROM locations WHERE uuid = ?"), {identifier})) {
+            return error;
+        }
+    }
+    return {};
 }
 
-bool EngineLocationsController::writeStates(const EngineSyncLocation &location, qint64 rowId) {
-    bool isWritten =
-        m_profile->execute(QStringLiteral("DELETE FROM states WHERE location_id = ?"), {rowId});
-    const QVSyncStates states = location.synchronizationStates();
-    for (qsizetype i = 0; isWritten && i < states.size(); ++i) {
-        const QVSyncState &state = *states[i];
-        const SavedSchedule schedule = savedSchedule(state.schedule());
-        const QDateTime lastSynced = state.lastSynced();
-        isWritten = m_profile->execute(
-            QStringLiteral("INSERT INTO states VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-            {rowId, i, state.databaseUUID(), state.databaseName(), state.isEnabled(), schedule.kind,
-             schedule.minute, schedule.days, state.syncOnOpen(), state.syncOnClose(),
-             lastSynced.isValid() ? lastSynced.toUTC().toString(Qt::ISODateWithMs) : QVariant()});
+std::optional<Error> EngineLocationsController::writeStates() const {
+    QSqlQuery query = m_profile.prepare(
+        QStringLiteral("INSERT INTO states (location_uuid, database_uuid, database_name, enabled,"
+                       " sync_on_open, sync_on_close, last_synced, schedule, schedule_minutes,"
+                       " schedule_days) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"
+                       " ON CONFLICT (location_uuid, database_uuid) DO UPDATE SET"
+                       " database_name = excluded.database_name, enabled = excluded.enabled,"
+                       " sync_on_open = excluded.sync_on_open,"
+                       " sync_on_close = excluded.sync_on_close,"
+                       " last_synced = excluded.last_synced, schedule = excluded.schedule,"
+                       " schedule_minutes = excluded.schedule_minutes,"
+                       " schedule_days = excluded.schedule_days"));
+    for (const std::shared_ptr<EngineSyncLocation> &location : m_locations) {
+        const bool isNew = !isSaved(*location);
+        for (const std::shared_ptr<EngineSyncState> &state : location->engineStates()) {
+            if (!isNew && !state->isChanged()) {
+                continue;
+            }
+            bindState(query, location->identifier(), *state);
+            if (!query.exec()) {
+                return m_profile.errorOf(query);
+            }
+        }
     }
-    return isWritten;
+    return {};
+}
+
+bool EngineLocationsController::isSaved(const EngineSyncLocation &location) const {
+    return m_saved.contains(location.identifier());
+}
+
+void EngineLocationsController::rememberSaved() {
+    m_saved.clear();
+    for (const std::shared_ptr<EngineSyncLocation> &location : std::as_const(m_locations)) {
+        m_saved.insert(location->identifier());
+        for (const std::shared_ptr<EngineSyncState> &state : location->engineStates()) {
+            state->setChanged(false);
+        }
+    }
 }

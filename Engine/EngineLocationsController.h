@@ -1,19 +1,22 @@
 #pragma once
 
+#include <QtCore/QHash>
+#include <QtCore/QSet>
+
 #include "Engine/EngineSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"
 
 class ProfileDatabase;
 
-/// The locations of a profile. Only locations that have changed are written again.
+/// Reads the locations with their states from the profile, and writes what has changed in one
+/// transaction.
 class EngineLocationsController : public QVSyncLocationsController {
     Q_OBJECT
 public:
-    /// `profile` outlives the controller.
-    explicit EngineLocationsController(ProfileDatabase *profile) : m_profile(profile) {}
+    /// `profile` must outlive this.
+    explicit EngineLocationsController(const ProfileDatabase &profile);
 
-    /// Reads the locations with their states. What cannot be understood is kept as far as it can
-    /// be.
+    /// Takes over what the profile holds; called once, when it was opened.
     std::optional<Error> load();
 
     QList<std::shared_ptr<QVSyncLocation>> syncLocations() const override;
@@ -26,9 +29,17 @@ public:
     bool save(std::optional<Error> *error) override;
 
 private:
-    bool writeLocations(QList<qint64> &rowIds);
-    bool writeStates(const EngineSyncLocation &location, qint64 rowId);
+    using Locations = QList<std::shared_ptr<EngineSyncLocation>>;
 
-    ProfileDatabase *const m_profile;
-    QList<std::shared_ptr<EngineSyncLocation>> m_locations;
+    std::optional<Error> loadLocations();
+    std::optional<Error> loadStates();
+    std::optional<Error> writeLocations() const;
+    std::optional<Error> writeStates() const;
+    bool isSaved(const EngineSyncLocation &location) const;
+    void rememberSaved();
+
+    const ProfileDatabase &m_profile;
+    Locations m_locations;
+    /// The identifiers of the locations that the profile holds.
+    QSet<QString> m_saved;
 };

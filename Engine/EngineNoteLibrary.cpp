@@ -5,43 +5,57 @@
 #include "Engine/EngineError.h"
 #include "Engine/ProfileDatabase.h"
 #include "Host/Notifications.h"
+#include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/Localization.h"
 #include "Platform/Foundation/NotificationCenter.h"
 
 namespace {
-Error nameMissing() {
-    return engineError(EngineErrorCode::InvalidName,
+
+std::optional<Error> errorOfName(const QString &name) {
+    if (!name.trimmed().isEmpty()) {
+        return {};
+    }
+    return engineError(EngineErrorCode::InvalidDatabase,
                        localizedSyncString("A database needs a name."));
 }
+
+void post(const QString &notification, QObject *database) {
+    NotificationCenter::defaultCenter().post(notification, database);
+}
+
 }  // namespace
 
+EngineNoteLibrary::EngineNoteLibrary(const ProfileDatabase &profile) : m_profile(profile) {}
+
 std::optional<Error> EngineNoteLibrary::load() {
-    return m_profile->transaction([this] {
-        return m_profile->select(
-            QStringLiteral("SELECT uuid, name, is_inbox, is_open FROM databases ORDER BY is_inbox "
-                           "DESC, position"),
-            {}, [this](const QSqlQuery &row) {
-                m_databases.append(std::make_shared<EngineNoteDatabase>(
-                    m_profile, row.value(0).toString(), row.value(1).toString(),
-                    row.value(2).toBool(), row.value(3).toBool()));
-            });
-    });
+    QSqlQuery rows = m_profile.prepare(QStringLiteral(
+        "SELECT uuid, name, is_inbox, is_open FROM databases ORDER BY is_inbox DESC, id"));
+    if (!rows.exec()) {
+        return m_profile.errorOf(rows);
+    }
+    while (rows.next()) {
+        append(std::make_shared<EngineDatabase>(
+            m_profile, rows.value(0).toString(), rows.value(1).toString(),
+            rows.value(2).toBool() ? EngineDatabase::Kind::Inbox : EngineDatabase::Kind::Ordinary,
+            rows.value(3).toBool()));
+    }
+    if (m_databases.isEmpty() || !m_databases.first()->isInbox()) {
+        return engineError(
+            EngineErrorCode::ProfileUnusable,
+            localizedSyncString("The profile “%1” has no inbox.").arg(m_profile.path()));
+    }
+    return {};
 }
 
 QList<std::shared_ptr<QVDatabase>> EngineNoteLibrary::openDatabases() const {
     QList<std::shared_ptr<QVDatabase>> open;
-    for (const auto &database : m_databases) {
-        if (database->isOpen()) {
-            open.append(database);
-        }
-    }
+    std::copy_if(m_databases.begin(), m_databases.end(), std::back_inserter(open),
+                 [](const auto &database) { return database->isOpen(); });
     return open;
 }
 
-std::shared_ptr<EngineNoteDatabase> EngineNoteLibrary::databaseForUUID(const QString &UUID) const {
-    const auto found = std::find_if(m_databases.begin(), m_databases.end(),
-                                    [&](const auto &database) { return database->UUID() == UUID; });
-    return found == m_databases.end() ? nullptr : *found;
+std::shared_ptr<NoteDatabase> EngineNoteLibrary::databaseForUUID(const QString &UUID) const {
+    return m_databaseByUUID.value(UUID);
 }
 
 QList<std::shared_ptr<NoteDatabase>> EngineNoteLibrary::knownDatabases() const {
@@ -49,70 +63,71 @@ QList<std::shared_ptr<NoteDatabase>> EngineNoteLibrary::knownDatabases() const {
 }
 
 std::shared_ptr<NoteDatabase> EngineNoteLibrary::inbox() const {
-    return m_databases.isEmpty() ? nullptr : m_databases.first();
+    return m_databases.value(0);
 }
 
 std::optional<Error> EngineNoteLibrary::createDatabase(const QString &name) {
-    if (name.trimmed().isEmpty()) {
-        return nameMissing();
-    }
-    const QString UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    const auto error = m_profile->transaction([&] {
-        return m_profile->execute(QStringLiteral("INSERT INTO databases VALUES (?, ?, ?, 0, 1)"),
-                                  {UUID, name.trimmed(), m_databases.size()});
-    });
-    if (error) {
+    if (std::optional<Error> error = errorOfName(name)) {
         return error;
     }
-    const auto database =
-        std::make_shared<EngineNoteDatabase>(m_profile, UUID, name.trimmed(), false, true);
-    m_databases.append(database);
+    const QString UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    if (std::optional<Error> error = m_profile.run(
+            QStringLiteral("INSERT INTO databases (uuid, name) VALUES (?, ?)"), {UUID, name})) {
+        return error;
+    }
+    const auto database = std::make_shared<EngineDatabase>(m_profile, UUID, name,
+                                                           EngineDatabase::Kind::Ordinary, true);
+    append(database);
     Q_EMIT knownDatabasesChanged();
-    NotificationCenter::defaultCenter().post(QVSyncPluginDidOpenDatabase, database.get());
-    return std::nullopt;
+    post(QVSyncPluginDidOpenDatabase, database.get());
+    return {};
 }
 
 std::optional<Error> EngineNoteLibrary::renameDatabase(
     const std::shared_ptr<NoteDatabase> &database, const QString &name) {
-    if (name.trimmed().isEmpty()) {
-        return nameMissing();
+    if (std::optional<Error> error = errorOfName(name)) {
+        return error;
     }
-    const auto ours = databaseForUUID(database->UUID());
-    const auto error = m_profile->transaction([&] {
-        return m_profile->execute(QStringLiteral("UPDATE databases SET name = ? WHERE uuid = ?"),
-                                  {name.trimmed(), ours->UUID()});
-    });
-    if (!error) {
-        ours->setName(name.trimmed());
-        NotificationCenter::defaultCenter().post(QVDatabaseRenamedNotification, ours.get());
+    if (std::optional<Error> error = ours(database)->setName(name)) {
+        return error;
     }
-    return error;
+    post(QVDatabaseRenamedNotification, database.get());
+    return {};
 }
 
 std::optional<Error> EngineNoteLibrary::openDatabase(
     const std::shared_ptr<NoteDatabase> &database) {
-    return setOpen(database, true);
+    if (database->isOpen()) {
+        return {};
+    }
+    if (std::optional<Error> error = ours(database)->setOpen(true)) {
+        return error;
+    }
+    post(QVSyncPluginDidOpenDatabase, database.get());
+    return {};
 }
 
 std::optional<Error> EngineNoteLibrary::closeDatabase(
     const std::shared_ptr<NoteDatabase> &database) {
-    return setOpen(database, false);
+    if (!database->isOpen()) {
+        return {};
+    }
+    if (std::optional<Error> error = ours(database)->setOpen(false)) {
+        return error;
+    }
+    post(QVSyncPluginDidCloseDatabase, database.get());
+    return {};
 }
 
-std::optional<Error> EngineNoteLibrary::setOpen(const std::shared_ptr<NoteDatabase> &database,
-                                                bool open) {
-    const auto ours = databaseForUUID(database->UUID());
-    if (ours->isOpen() == open) {
-        return std::nullopt;
-    }
-    const auto error = m_profile->transaction([&] {
-        return m_profile->execute(QStringLiteral("UPDATE databases SET is_open = ? WHERE uuid = ?"),
-                                  {open, ours->UUID()});
-    });
-    if (!error) {
-        ours->setOpen(open);
-        NotificationCenter::defaultCenter().post(
-            open ? QVSyncPluginDidOpenDatabase : QVSyncPluginDidCloseDatabase, ours.get());
-    }
-    return error;
+std::shared_ptr<EngineDatabase> EngineNoteLibrary::ours(
+    const std::shared_ptr<NoteDatabase> &database) const {
+    const std::shared_ptr<EngineDatabase> known = m_databaseByUUID.value(database->UUID());
+    requireParameter(known == database, "the database belongs to this library",
+                     "EngineNoteLibrary::ours", "Engine/EngineNoteLibrary");
+    return known;
+}
+
+void EngineNoteLibrary::append(const std::shared_ptr<EngineDatabase> &database) {
+    m_databases.append(database);
+    m_databaseByUUID.insert(database->UUID(), database);
 }

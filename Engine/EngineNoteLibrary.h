@@ -1,23 +1,26 @@
 #pragma once
 
-#include "Engine/EngineNoteDatabase.h"
+#include <QtCore/QHash>
+
+#include "Engine/EngineDatabase.h"
 #include "Host/NoteLibrary.h"
 
 class ProfileDatabase;
 
-/// The databases of a profile. Opening, closing and renaming are posted as notifications, after the
-/// profile has them.
+/// The databases of the profile. Posts the notifications of Host/Notifications.h to the default
+/// centre, each after the change is on disk and announced.
 class EngineNoteLibrary : public NoteLibrary {
     Q_OBJECT
 public:
-    /// `profile` outlives the library.
-    explicit EngineNoteLibrary(ProfileDatabase *profile) : m_profile(profile) {}
+    /// `profile` must outlive this.
+    explicit EngineNoteLibrary(const ProfileDatabase &profile);
 
+    /// Takes over what the profile holds; called once, when it was opened.
     std::optional<Error> load();
-    /// The open databases, in the order of all.
+    /// Those that are open, in the order of the known ones.
     QList<std::shared_ptr<QVDatabase>> openDatabases() const;
-    /// nullptr where there is none.
-    std::shared_ptr<EngineNoteDatabase> databaseForUUID(const QString &UUID) const;
+    /// nullptr where none is known.
+    std::shared_ptr<NoteDatabase> databaseForUUID(const QString &UUID) const;
 
     QList<std::shared_ptr<NoteDatabase>> knownDatabases() const override;
     std::shared_ptr<NoteDatabase> inbox() const override;
@@ -28,8 +31,10 @@ public:
     std::optional<Error> closeDatabase(const std::shared_ptr<NoteDatabase> &database) override;
 
 private:
-    std::optional<Error> setOpen(const std::shared_ptr<NoteDatabase> &database, bool open);
+    std::shared_ptr<EngineDatabase> ours(const std::shared_ptr<NoteDatabase> &database) const;
+    void append(const std::shared_ptr<EngineDatabase> &database);
 
-    ProfileDatabase *const m_profile;
-    QList<std::shared_ptr<EngineNoteDatabase>> m_databases;
+    const ProfileDatabase &m_profile;
+    QList<std::shared_ptr<EngineDatabase>> m_databases;
+    QHash<QString, std::shared_ptr<EngineDatabase>> m_databaseByUUID;
 };

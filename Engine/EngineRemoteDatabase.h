@@ -1,13 +1,13 @@
 #pragma once
 
-#include "Host/QVRemoteDatabase.h"
+#include "Engine/EngineRemoteDatabaseMetadata.h"
 
-/// A record that a store of the engine has read.
+/// Made on a worker thread; lives on the main thread.
 class EngineRemoteDatabase : public QVRemoteDatabase {
     Q_OBJECT
 public:
     EngineRemoteDatabase(const QString &UUID, const QString &name,
-                         std::shared_ptr<QVSyncStore> store);
+                         const std::shared_ptr<QVSyncStore> &store);
 
     QString UUID() const override { return m_UUID; }
     QVRemoteDatabaseMetadata *metadata() const override { return m_metadata; }

@@ -1,42 +1,90 @@
 #include "Engine/EngineStore.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QThreadPool>
 
 #include "Engine/EngineError.h"
 #include "Engine/EngineFuture.h"
+#include "Engine/EngineRemoteDatabase.h"
+#include "Host/QVSyncLocation.h"
 #include "Platform/Foundation/Localization.h"
 
 namespace {
+
 Error cancelled() {
     return engineError(EngineErrorCode::Cancelled,
                        localizedSyncString("The operation was cancelled."));
 }
+
+std::shared_ptr<PZFuture> start(std::function<void(EngineFuture &future)> operation) {
+    const auto future = std::make_shared<EngineFuture>();
+    QThreadPool::globalInstance()->start(
+        [future, operation = std::move(operation)] { operation(*future); });
+    return future;
+}
+
 }  // namespace
 
+EngineStore::EngineStore(const std::shared_ptr<QVSyncLocation> &location)
+    : m_location(location), m_URL(location->URL()) {}
+
+EngineStore::~EngineStore() {
+    // The last one to let go may be a worker thread, but locations die on the main thread only.
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [location = std::move(m_location)] {}, Qt::QueuedConnection);
+}
+
 std::shared_ptr<PZFuture> EngineStore::openWithCompletionHandler(ErrorHandler handler) {
-    auto future = std::make_shared<EngineFuture>();
-    QThreadPool::globalInstance()->start(
-        [store = shared_from_this(), future, handler = std::move(handler)] {
-            handler(future->isCancelled() ? cancelled() : store->open());
-        });
-    return future;
+    return start([store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
+        const std::optional<Error> error = store->openUnlessCancelled(future);
+        store->m_isOpen = !error;
+        future.finish();
+        handler(error);
+    });
 }
 
 std::shared_ptr<PZFuture> EngineStore::fetchDatabasesWithCompletionHandler(
     DatabasesHandler handler) {
-    auto future = std::make_shared<EngineFuture>();
-    QThreadPool::globalInstance()->start(
-        [store = shared_from_this(), future, handler = std::move(handler)] {
-            const Fetched fetched = future->isCancelled() ? Fetched{std::nullopt, cancelled()}
-                                                          : store->fetchDatabases();
-            handler(fetched.databases, fetched.error);
-        });
-    return future;
+    return start([store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
+        const Fetched fetched = store->fetchUnlessCancelled(future);
+        future.finish();
+        handler(fetched.databases, fetched.error);
+    });
 }
 
 std::shared_ptr<PZFuture> EngineStore::closeWithCompletionHandler(ErrorHandler handler) {
-    auto future = std::make_shared<EngineFuture>();
-    QThreadPool::globalInstance()->start(
-        [store = shared_from_this(), handler = std::move(handler)] { handler(store->close()); });
-    return future;
+    return start([store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
+        store->m_isOpen = false;
+        future.finish();
+        handler({});
+    });
+}
+
+void EngineStore::waitForAll() {
+    QThreadPool::globalInstance()->waitForDone();
+}
+
+std::shared_ptr<QVRemoteDatabase> EngineStore::record(const QString &UUID, const QString &name) {
+    return std::make_shared<EngineRemoteDatabase>(UUID, name, shared_from_this());
+}
+
+std::optional<Error> EngineStore::openUnlessCancelled(const PZFuture &future) {
+    if (future.isCancelled()) {
+        return cancelled();
+    }
+    std::optional<Error> error = open();
+    return !error && future.isCancelled() ? cancelled() : error;
+}
+
+EngineStore::Fetched EngineStore::fetchUnlessCancelled(const PZFuture &future) {
+    if (future.isCancelled()) {
+        return {{}, cancelled()};
+    }
+    if (!m_isOpen) {
+        return {{},
+                engineError(EngineErrorCode::StoreUnreachable,
+                            localizedSyncString("The sync store is not open."))};
+    }
+    const Fetched fetched = fetch(future);
+    return future.isCancelled() ? Fetched{{}, cancelled()} : fetched;
 }

@@ -1,13 +1,21 @@
 #pragma once
 
-#include "Host/QVSyncStore.h"
+#include <QtCore/QString>
+#include <atomic>
+#include <functional>
 
-/// The store of one location. What takes time runs on a thread of Qt's pool, where the handlers are
-/// called too; a future of each operation cancels it as long as it has not begun.
+#include "Host/QVSyncStore.h"
+#include "Platform/Foundation/Url.h"
+
+class EngineFuture;
+
+/// What all stores share: operations run on worker threads, each handler is called there once, and
+/// a cancelled operation ends with an error of the code Cancelled. Always shared; made on the main
+/// thread.
 class EngineStore : public QVSyncStore, public std::enable_shared_from_this<EngineStore> {
 public:
-    explicit EngineStore(std::shared_ptr<QVSyncLocation> location)
-        : m_location(std::move(location)) {}
+    explicit EngineStore(const std::shared_ptr<QVSyncLocation> &location);
+    ~EngineStore() override;
 
     std::shared_ptr<QVSyncLocation> location() const override { return m_location; }
     std::shared_ptr<PZFuture> openWithCompletionHandler(ErrorHandler handler) override;
@@ -15,17 +23,28 @@ public:
         DatabasesHandler handler) override;
     std::shared_ptr<PZFuture> closeWithCompletionHandler(ErrorHandler handler) override;
 
+    /// Waits until no operation of any store runs any more: before the code goes.
+    static void waitForAll();
+
 protected:
     struct Fetched {
         std::optional<QVRemoteDatabases> databases;
         std::optional<Error> error;
     };
 
-    // These run on a thread of the pool, one after the other for a caller who awaits the handlers.
+    /// That of the location when the store was made.
+    const Url &URL() const { return m_URL; }
+    std::shared_ptr<QVRemoteDatabase> record(const QString &UUID, const QString &name);
+
+    /// What a kind of store does; called on a worker thread. `future` says whether to go on.
     virtual std::optional<Error> open() = 0;
-    virtual Fetched fetchDatabases() = 0;
-    virtual std::optional<Error> close() { return std::nullopt; }
+    virtual Fetched fetch(const PZFuture &future) = 0;
 
 private:
-    const std::shared_ptr<QVSyncLocation> m_location;
+    std::optional<Error> openUnlessCancelled(const PZFuture &future);
+    Fetched fetchUnlessCancelled(const PZFuture &future);
+
+    std::shared_ptr<QVSyncLocation> m_location;
+    const Url m_URL;
+    std::atomic<bool> m_isOpen = false;
 };

@@ -1,51 +1,65 @@
 #include "Engine/EngineSyncLocation.h"
 
-#include "Engine/EngineSyncState.h"
+#include <QtCore/QUuid>
+
 #include "Engine/FolderStore.h"
-#include "Engine/UnsupportedStore.h"
+#include "Engine/UnreachableStore.h"
+#include "Platform/Foundation/Assertion.h"
 #include "Platform/KeyValue/KeyValue.h"
 
-std::shared_ptr<QVSyncLocation> EngineSyncLocation::Class::syncLocationWithURL(
-    const Url &URL) const {
-    auto location = std::make_shared<EngineSyncLocation>();
-    location->setURL(URL);
-    return location;
-}
+EngineSyncLocation::EngineSyncLocation(const Url &URL)
+    : m_identifier(QUuid::createUuid().toString(QUuid::WithoutBraces)),
+      m_URLText(URL.absoluteString()),
+      m_URL(URL) {}
+
+EngineSyncLocation::EngineSyncLocation(const QString &identifier, const QString &URLText)
+    : m_identifier(identifier), m_URLText(URLText), m_URL(Url::fromString(URLText)) {}
 
 void EngineSyncLocation::setURL(const Url &URL) {
     m_URL = URL;
-    m_savedURL = URL.absoluteString();
-    m_needsSaving = true;
-    KeyValue::announce<&EngineSyncLocation::URLChanged>(this);
-}
-
-void EngineSyncLocation::setSavedURL(const QString &text) {
-    setURL(Url::fromString(text));
-    m_savedURL = text;
+    m_URLText = URL.absoluteString();
+    KeyValue::announce<&QVSyncLocation::URLChanged>(this);
 }
 
 std::shared_ptr<QVSyncState> EngineSyncLocation::stateForDatabaseWithUUID(
     const QString &UUID) const {
-    return m_statesByUUID.value(UUID);
+    return m_stateByUUID.value(UUID);
 }
 
 std::shared_ptr<QVSyncState> EngineSyncLocation::addStateForDatabaseWithUUID(const QString &UUID,
                                                                              const QString &name) {
-    auto &state = m_statesByUUID[UUID];
-    if (!state) {
-        state = std::make_shared<EngineSyncState>(shared_from_this(), UUID, name);
-        m_states.append(state);
-        m_needsSaving = true;
-        const auto added = state;
-        KeyValue::announce<&EngineSyncLocation::synchronizationStatesChanged>(this);
-        return added;
+    requireParameter(!UUID.isEmpty(), "!UUID.isEmpty()",
+                     "EngineSyncLocation::addStateForDatabaseWithUUID",
+                     "Engine/EngineSyncLocation");
+    if (const std::shared_ptr<EngineSyncState> known = m_stateByUUID.value(UUID)) {
+        return known;
     }
+    const std::shared_ptr<EngineSyncState> state = insertState(UUID, name, {});
+    KeyValue::announce<&QVSyncLocation::synchronizationStatesChanged>(this);
     return state;
 }
 
 std::shared_ptr<QVSyncStore> EngineSyncLocation::createStore() {
     if (m_URL.isFileURL()) {
-        return std::make_shared<FolderStore>(shared_from_this(), m_URL.path());
+        return std::make_shared<FolderStore>(shared_from_this());
     }
-    return std::make_shared<UnsupportedStore>(shared_from_this());
+    return std::make_shared<UnreachableStore>(shared_from_this());
+}
+
+void EngineSyncLocation::restoreState(const QString &databaseUUID, const QString &databaseName,
+                                      const EngineSyncState::Values &values) {
+    if (!databaseUUID.isEmpty() && !m_stateByUUID.contains(databaseUUID)) {
+        insertState(databaseUUID, databaseName, values)->setChanged(false);
+    }
+}
+
+std::shared_ptr<EngineSyncState> EngineSyncLocation::insertState(
+    const QString &databaseUUID, const QString &databaseName,
+    const EngineSyncState::Values &values) {
+    auto state =
+        std::make_shared<EngineSyncState>(weak_from_this(), databaseUUID, databaseName, values);
+    m_states.append(state);
+    m_engineStates.append(state);
+    m_stateByUUID.insert(databaseUUID, state);
+    return state;
 }

@@ -1,21 +1,20 @@
 #pragma once
 
 #include <QtCore/QHash>
-#include <memory>
 
+#include "Engine/EngineSyncState.h"
 #include "Host/QVSyncLocation.h"
 
-class EngineSyncState;
-
-/// A location as the engine keeps it. Main thread.
+/// A location with its states. Always shared.
 class EngineSyncLocation : public QVSyncLocation,
                            public std::enable_shared_from_this<EngineSyncLocation> {
     Q_OBJECT
 public:
-    class Class : public QVSyncLocation::Class {
-    public:
-        std::shared_ptr<QVSyncLocation> syncLocationWithURL(const Url &URL) const override;
-    };
+    /// A new location.
+    explicit EngineSyncLocation(const Url &URL);
+    /// The location of a row of the profile. A `URLText` that does not parse gives a nil URL, but
+    /// is kept until the URL is set.
+    EngineSyncLocation(const QString &identifier, const QString &URLText);
 
     Url URL() const override { return m_URL; }
     void setURL(const Url &URL) override;
@@ -25,20 +24,25 @@ public:
                                                              const QString &name) override;
     std::shared_ptr<QVSyncStore> createStore() override;
 
-    /// The URL as the profile has it: of a damaged one, which gives a nil URL, the text is kept.
-    QString savedURL() const { return m_savedURL; }
-    void setSavedURL(const QString &text);
-    /// The key of the profile's row; 0 until there is one.
-    qint64 rowId() const { return m_rowId; }
-    void setRowId(qint64 rowId) { m_rowId = rowId; }
-    bool needsSaving() const { return m_needsSaving; }
-    void setNeedsSaving(bool needsSaving) { m_needsSaving = needsSaving; }
+    /// Names the location in the profile for as long as it exists.
+    QString identifier() const { return m_identifier; }
+    /// What is saved.
+    QString URLText() const { return m_URLText; }
+    /// Adds a state as the profile holds it, unannounced; ignored where there is one for its
+    /// database.
+    void restoreState(const QString &databaseUUID, const QString &databaseName,
+                      const EngineSyncState::Values &values);
+    const QList<std::shared_ptr<EngineSyncState>> &engineStates() const { return m_engineStates; }
 
 private:
+    std::shared_ptr<EngineSyncState> insertState(const QString &databaseUUID,
+                                                 const QString &databaseName,
+                                                 const EngineSyncState::Values &values);
+
+    const QString m_identifier;
+    QString m_URLText;
     Url m_URL;
-    QString m_savedURL;
     QVSyncStates m_states;
-    QHash<QString, std::shared_ptr<QVSyncState>> m_statesByUUID;
-    qint64 m_rowId = 0;
-    bool m_needsSaving = true;
+    QList<std::shared_ptr<EngineSyncState>> m_engineStates;
+    QHash<QString, std::shared_ptr<EngineSyncState>> m_stateByUUID;
 };

@@ -3,46 +3,44 @@
 #include "Engine/EngineSyncLocation.h"
 #include "Platform/KeyValue/KeyValue.h"
 
-EngineSyncState::EngineSyncState(const std::shared_ptr<EngineSyncLocation> &location,
-                                 const QString &databaseUUID, const QString &databaseName)
-    : m_location(location), m_databaseUUID(databaseUUID), m_databaseName(databaseName) {}
+EngineSyncState::EngineSyncState(std::weak_ptr<EngineSyncLocation> destination,
+                                 const QString &databaseUUID, const QString &databaseName,
+                                 const Values &values)
+    : m_destination(std::move(destination)),
+      m_databaseUUID(databaseUUID),
+      m_databaseName(databaseName),
+      m_values(values) {}
 
 std::shared_ptr<QVSyncLocation> EngineSyncState::destination() const {
-    return m_location.lock();
-}
-
-void EngineSyncState::needsSaving() {
-    if (const auto location = m_location.lock()) {
-        location->setNeedsSaving(true);
-    }
+    return m_destination.lock();
 }
 
 void EngineSyncState::setEnabled(bool enabled) {
-    m_isEnabled = enabled;
-    needsSaving();
-    KeyValue::announce<&EngineSyncState::enabledChanged>(this);
+    m_values.isEnabled = enabled;
+    m_isChanged = true;
+    KeyValue::announce<&QVSyncState::enabledChanged>(this);
 }
 
 void EngineSyncState::setSchedule(const QVSyncSchedulePtr &schedule) {
-    m_schedule = schedule;
-    needsSaving();
-    KeyValue::announce<&EngineSyncState::scheduleChanged>(this);
+    m_values.schedule = schedule;
+    m_isChanged = true;
+    KeyValue::announce<&QVSyncState::scheduleChanged>(this);
 }
 
 void EngineSyncState::setSyncOnOpen(bool syncOnOpen) {
-    m_syncOnOpen = syncOnOpen;
-    needsSaving();
-    KeyValue::announce<&EngineSyncState::syncOnOpenChanged>(this);
+    m_values.syncOnOpen = syncOnOpen;
+    m_isChanged = true;
+    KeyValue::announce<&QVSyncState::syncOnOpenChanged>(this);
 }
 
 void EngineSyncState::setSyncOnClose(bool syncOnClose) {
-    m_syncOnClose = syncOnClose;
-    needsSaving();
-    KeyValue::announce<&EngineSyncState::syncOnCloseChanged>(this);
+    m_values.syncOnClose = syncOnClose;
+    m_isChanged = true;
+    KeyValue::announce<&QVSyncState::syncOnCloseChanged>(this);
 }
 
 void EngineSyncState::setLastSynced(const QDateTime &lastSynced) {
-    m_lastSynced = lastSynced;
-    needsSaving();
-    KeyValue::announce<&EngineSyncState::lastSyncedChanged>(this);
+    m_values.lastSynced = lastSynced;
+    m_isChanged = true;
+    KeyValue::announce<&QVSyncState::lastSyncedChanged>(this);
 }

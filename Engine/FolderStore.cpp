@@ -1,90 +1,94 @@
 #include "Engine/FolderStore.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QUuid>
 
 #include "Engine/EngineError.h"
-#include "Engine/EngineRemoteDatabase.h"
+#include "Engine/InboxUUID.h"
 #include "Platform/Foundation/Localization.h"
 
 namespace {
 
-constexpr int recordVersion = 1;
-constexpr qint64 largestRecord = 64 * 1024;
-
-bool isDatabaseUUID(const QString &text) {
-    return text == QLatin1StringView("@inbox") ||
-           (!text.isEmpty() && QUuid::fromString(text).toString(QUuid::WithoutBraces) == text);
+Error unreachable(const char *text, const QString &path) {
+    return engineError(EngineErrorCode::StoreUnreachable, localizedSyncString(text).arg(path));
 }
 
-struct Record {
-    QString UUID;
-    QString name;
-};
+bool isUUID(const QString &text) {
+    return text == InboxUUID ||
+           QUuid::fromString(text).toString(QUuid::WithoutBraces) == text.toLower();
+}
 
-std::optional<Record> readRecord(const QFileInfo &info) {
-    QFile file(info.filePath());
-    if (!info.isFile() || info.isSymLink() || info.size() > largestRecord ||
-        !file.open(QIODevice::ReadOnly)) {
-        return std::nullopt;
+/// The name in the record `file` of the database `UUID`; nothing where it is not a sound record.
+std::optional<QString> databaseName(const QFileInfo &file, const QString &UUID) {
+    // What is no plain file might never end, or be somewhere else.
+    if (!isUUID(UUID) || file.isSymLink() || !file.isFile()) {
+        return {};
     }
-    const QJsonObject object = QJsonDocument::fromJson(file.read(largestRecord)).object();
-    const Record record{object.value(QLatin1StringView("uuid")).toString(),
-                        object.value(QLatin1StringView("name")).toString()};
-    const bool isInOrder = object.value(QLatin1StringView("version")).toInt() == recordVersion &&
-                           isDatabaseUUID(record.UUID) && record.UUID == info.completeBaseName() &&
-                           !record.name.isEmpty();
-    return isInOrder ? std::optional(record) : std::nullopt;
+    QFile record(file.filePath());
+    if (!record.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    const QByteArray contents = record.read(FolderStore::RecordLimit + 1);
+    if (record.error() != QFileDevice::NoError || contents.size() > FolderStore::RecordLimit) {
+        return {};
+    }
+    const QJsonObject object = QJsonDocument::fromJson(contents).object();
+    const QString name = object.value(QStringLiteral("name")).toString();
+    const bool isSound = object.value(QStringLiteral("uuid")) == UUID &&
+                         object.value(QStringLiteral("version")) == 1 && !name.trimmed().isEmpty();
+    return isSound ? std::optional(name) : std::nullopt;
 }
 
 }  // namespace
 
-FolderStore::FolderStore(std::shared_ptr<QVSyncLocation> location, QString path)
-    : EngineStore(std::move(location)), m_path(std::move(path)) {}
-
-std::optional<Error> FolderStore::open() {
-    if (!QFileInfo(m_path).isDir()) {
-        return engineError(EngineErrorCode::StoreMissing,
-                           localizedSyncString("The folder %1 is not there.").arg(m_path));
-    }
-    const QDir package(m_path);
-    if (!m_path.endsWith(QLatin1StringView(".qvSyncStore")) ||
-        !package.exists(QStringLiteral("databases")) ||
-        !package.exists(QStringLiteral("transactions"))) {
-        return engineError(EngineErrorCode::StoreInvalid,
-                           localizedSyncString("The folder %1 is not a sync store.").arg(m_path));
-    }
-    return std::nullopt;
+QString FolderStore::folder(const QString &name) const {
+    return URL().path() + u'/' + name;
 }
 
-EngineStore::Fetched FolderStore::fetchDatabases() {
-    const QDir folder(m_path + QStringLiteral("/databases"));
-    if (!folder.isReadable()) {
-        return {
-            std::nullopt,
-            engineError(EngineErrorCode::StoreInvalid,
-                        localizedSyncString("The folder %1 cannot be read.").arg(folder.path()))};
+std::optional<Error> FolderStore::open() {
+    const QString path = URL().path();
+    const QString host = URL().host();
+    if (!host.isEmpty() && host != QStringLiteral("localhost")) {
+        return unreachable("“%1” is a folder on another computer.", URL().absoluteString());
     }
-    QVRemoteDatabases databases;
-    QStringList damaged;
+    if (!path.startsWith(u'/') || !QFileInfo::exists(path)) {
+        return unreachable("The sync store “%1” is not there.", path);
+    }
+    const bool isPackage = QFileInfo(path).suffix() == QStringLiteral("qvSyncStore") &&
+                           QFileInfo(folder(QStringLiteral("databases"))).isDir() &&
+                           QFileInfo(folder(QStringLiteral("transactions"))).isDir();
+    if (!isPackage) {
+        return unreachable("“%1” is not a sync store.", path);
+    }
+    if (!QDir(folder(QStringLiteral("databases"))).isReadable()) {
+        return unreachable("The sync store “%1” may not be read.", path);
+    }
+    return {};
+}
+
+EngineStore::Fetched FolderStore::fetch(const PZFuture &future) {
+    if (std::optional<Error> error = open()) {
+        return {{}, error};
+    }
     const QFileInfoList files =
-        folder.entryInfoList({QStringLiteral("*.json")}, QDir::Files | QDir::Hidden, QDir::Name);
+        QDir(folder(QStringLiteral("databases")))
+            .entryInfoList({QStringLiteral("*.json")}, QDir::AllEntries | QDir::System, QDir::Name);
+    Fetched fetched{QVRemoteDatabases(), {}};
     for (const QFileInfo &file : files) {
-        if (const auto record = readRecord(file)) {
-            databases.append(std::make_shared<EngineRemoteDatabase>(record->UUID, record->name,
-                                                                    shared_from_this()));
-        } else {
-            damaged.append(file.fileName());
+        if (future.isCancelled()) {
+            break;
+        }
+        const QString UUID = file.completeBaseName();
+        if (const std::optional<QString> name = databaseName(file, UUID)) {
+            fetched.databases->append(record(UUID, *name));
+        } else if (!fetched.error) {
+            fetched.error = engineError(
+                EngineErrorCode::DamagedRecord,
+                localizedSyncString("The record “%1” is damaged.").arg(file.filePath()));
         }
     }
-    if (damaged.isEmpty()) {
-        return {databases, std::nullopt};
-    }
-    return {databases,
-            engineError(EngineErrorCode::RecordInvalid,
-                        localizedSyncString("Some records of databases cannot be understood: %1")
-                            .arg(damaged.join(QStringLiteral(", "))))};
+    return fetched;
 }

@@ -2,18 +2,24 @@
 
 #include "Engine/EngineStore.h"
 
-/// A store in a folder: a package "NAME.qvSyncStore" with the subfolders "databases" and
-/// "transactions". Each file "databases/UUID.json" is the record of a database: {"version": 1,
-/// "uuid": UUID, "name": NAME}. Records come from anywhere; one that is not in order is an error,
-/// and the others are still delivered.
+/// A package on a local or mounted volume: a folder with the extension "qvSyncStore" that holds the
+/// folders "databases" and "transactions".
+///
+/// For each database there is a record "databases/UUID.json", a JSON object (RFC 8259) of "uuid",
+/// which is that of the file name, "name", which is not empty, and "version", which is 1. Anyone
+/// may write there, so nothing is believed unchecked; what is wrong with a record is told beside
+/// the databases of the others.
 class FolderStore : public EngineStore {
 public:
-    FolderStore(std::shared_ptr<QVSyncLocation> location, QString path);
+    using EngineStore::EngineStore;
+
+    /// Bytes; a longer record is refused.
+    static constexpr qint64 RecordLimit = 64 * 1024;
 
 protected:
     std::optional<Error> open() override;
-    Fetched fetchDatabases() override;
+    Fetched fetch(const PZFuture &future) override;
 
 private:
-    const QString m_path;
+    QString folder(const QString &name) const;
 };

@@ -1,21 +1,49 @@
 #include "Engine/LocalStore.h"
 
-#include "Engine/EngineRemoteDatabase.h"
+#include <QtCore/QFileInfo>
+#include <QtCore/QUuid>
+#include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlError>
+#include <QtSql/QSqlQuery>
 
-LocalStore::LocalStore(std::shared_ptr<QVSyncLocation> location,
-                       std::function<QList<Entry>()> entries)
-    : EngineStore(std::move(location)), m_readEntries(std::move(entries)) {}
+#include "Engine/EngineError.h"
+#include "Engine/InboxUUID.h"
+#include "Platform/Foundation/Localization.h"
 
-std::shared_ptr<PZFuture> LocalStore::openWithCompletionHandler(ErrorHandler handler) {
-    m_entries = m_readEntries();
-    return EngineStore::openWithCompletionHandler(std::move(handler));
+LocalStore::LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path)
+    : EngineStore(location), m_path(path) {}
+
+std::optional<Error> LocalStore::open() {
+    if (QFileInfo::exists(m_path)) {
+        return {};
+    }
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       localizedSyncString("The profile “%1” is gone.").arg(m_path));
 }
 
-EngineStore::Fetched LocalStore::fetchDatabases() {
-    QVRemoteDatabases databases;
-    for (const Entry &entry : std::as_const(m_entries)) {
-        databases.append(
-            std::make_shared<EngineRemoteDatabase>(entry.UUID, entry.name, shared_from_this()));
+EngineStore::Fetched LocalStore::fetch(const PZFuture & /*future*/) {
+    const QString connection = QUuid::createUuid().toString();
+    Fetched fetched;
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+        database.setDatabaseName(m_path);
+        database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
+        database.open();
+        QSqlQuery rows(database);
+        if (rows.exec(QStringLiteral(
+                "SELECT uuid, name, is_inbox FROM databases ORDER BY is_inbox DESC, id"))) {
+            fetched.databases.emplace();
+            while (rows.next()) {
+                const QString UUID = rows.value(2).toBool() ? InboxUUID : rows.value(0).toString();
+                fetched.databases->append(record(UUID, rows.value(1).toString()));
+            }
+        } else {
+            fetched.error =
+                engineError(EngineErrorCode::StoreUnreachable,
+                            localizedSyncString("The profile “%1” cannot be read or written: %2")
+                                .arg(m_path, rows.lastError().databaseText()));
+        }
     }
-    return {databases, std::nullopt};
+    QSqlDatabase::removeDatabase(connection);
+    return fetched;
 }

@@ -2,25 +2,17 @@
 
 #include "Engine/EngineStore.h"
 
-/// The databases on this computer, as they are when the store is asked. Main thread, but for the
-/// handlers.
+/// The databases that the profile knows, open or not. It reads what is on disk through a connection
+/// of its own, so that it need not wait for the main thread.
 class LocalStore : public EngineStore {
 public:
-    /// A database as `fetchDatabases` delivers it.
-    struct Entry {
-        QString UUID;
-        QString name;
-    };
-
-    LocalStore(std::shared_ptr<QVSyncLocation> location, std::function<QList<Entry>()> entries);
-
-    std::shared_ptr<PZFuture> openWithCompletionHandler(ErrorHandler handler) override;
+    /// `path`: that of the profile's database file.
+    LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path);
 
 protected:
-    std::optional<Error> open() override { return std::nullopt; }
-    Fetched fetchDatabases() override;
+    std::optional<Error> open() override;
+    Fetched fetch(const PZFuture &future) override;
 
 private:
-    const std::function<QList<Entry>()> m_readEntries;
-    QList<Entry> m_entries;
+    const QString m_path;
 };

@@ -1,30 +1,33 @@
 #include "Engine/MountedVolumes.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QFileInfo>
 #include <QtCore/QStorageInfo>
 
 namespace {
 
-bool isWithin(const QString &path, const QString &folder) {
-    return path == folder || path.startsWith(folder + u'/');
-}
-
-/// The mount point that holds `path`, whether or not there is anything at `path`.
-QString mountPoint(QString path) {
-    while (!QFileInfo::exists(path)) {
-        path = QFileInfo(path).path();
-    }
-    return QStorageInfo(path).rootPath();
+bool isBelow(const QString &path, const QString &folder) {
+    return path.startsWith(folder + u'/');
 }
 
 }  // namespace
 
-bool isVolumeMounted(const QString &path) {
-    const QString clean = QDir::cleanPath(path);
-    for (const char *folder : {"/media", "/run/media", "/mnt"}) {
-        if (isWithin(clean, QLatin1StringView(folder))) {
-            return isWithin(mountPoint(clean), QLatin1StringView(folder));
+QStringList MountedVolumes::mountPoints() {
+    QStringList result;
+    for (const QStorageInfo &volume : QStorageInfo::mountedVolumes()) {
+        result.append(volume.rootPath());
+    }
+    return result;
+}
+
+bool MountedVolumes::contain(const QString &path, const QStringList &mountPoints) {
+    const QString cleanPath = QDir::cleanPath(path);
+    for (const QString &base :
+         {QStringLiteral("/media"), QStringLiteral("/run/media"), QStringLiteral("/mnt")}) {
+        if (isBelow(cleanPath, base)) {
+            return std::any_of(mountPoints.begin(), mountPoints.end(), [&](const QString &point) {
+                const bool isVolume = point == base || isBelow(point, base);
+                return isVolume && (cleanPath == point || isBelow(cleanPath, point));
+            });
         }
     }
     return true;

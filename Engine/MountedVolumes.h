@@ -1,9 +1,17 @@
 #pragma once
 
-#include <QtCore/QString>
+#include <QtCore/QStringList>
 
-/// Whether the volume that holds `path` is mounted. Below the folders where removable and network
-/// volumes appear (Filesystem Hierarchy Standard 3.0, /media and /mnt; udisks, /run/media) a path
-/// without a mount point of its own there is on a volume that is not; any other path is on one that
-/// is always there.
-bool isVolumeMounted(const QString &path);
+/// Which folders lie on a volume that is there.
+namespace MountedVolumes {
+
+/// Where volumes are mounted now, as absolute paths. Any thread.
+QStringList mountPoints();
+
+/// Whether the volume that holds `path` is mounted, given all `mountPoints`. Below the folders
+/// where removable and network volumes are mounted by custom (Filesystem Hierarchy Standard 3.0,
+/// "/media", "/mnt" and "/run/media") nothing but a mounted volume counts: what else lies there is
+/// the folder that an absent volume left behind. Every other path is on the system's own volumes.
+bool contain(const QString &path, const QStringList &mountPoints);
+
+}  // namespace MountedVolumes

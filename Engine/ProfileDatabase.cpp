@@ -1,195 +1,194 @@
 #include "Engine/ProfileDatabase.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QUuid>
-#include <QtCore/QtEndian>
 #include <QtSql/QSqlError>
 
 #include "Engine/EngineError.h"
+#include "Engine/ProfileInspection.h"
 #include "Platform/Foundation/Localization.h"
 
 namespace {
 
-constexpr int schemaVersion = 1;
+const QString FileName = QStringLiteral("profile.sqlite");
 
-/// The start of an SQLite database file (https://www.sqlite.org/fileformat.html, "The Database
-/// Header").
-constexpr char magic[] = "SQLite format 3";
-constexpr qint64 headerSize = 100;
-constexpr qsizetype userVersionOffset = 60;
+QStringList connectionSettings() {
+    return {
+        QStringLiteral("PRAGMA busy_timeout = 1000"),
+        QStringLiteral("PRAGMA journal_mode = WAL"),
+        QStringLiteral("PRAGMA synchronous = FULL"),
+        QStringLiteral("PRAGMA foreign_keys = ON"),
+    };
+}
 
-constexpr const char *tables[] = {
-    "CREATE TABLE databases (uuid TEXT PRIMARY KEY, name TEXT NOT NULL, position INTEGER NOT NULL, "
-    "is_inbox INTEGER NOT NULL, is_open INTEGER NOT NULL)",
-    "CREATE TABLE notes (uuid TEXT PRIMARY KEY, database_uuid TEXT NOT NULL REFERENCES "
-    "databases(uuid) "
-    "ON DELETE CASCADE, position INTEGER NOT NULL, title TEXT NOT NULL, text TEXT NOT NULL, "
-    "modified TEXT NOT NULL)",
-    "CREATE INDEX notes_of_database ON notes(database_uuid, position)",
-    "CREATE TABLE locations (id INTEGER PRIMARY KEY, position INTEGER NOT NULL, url TEXT NOT NULL)",
-    // A state may be of a database that this profile does not have.
-    "CREATE TABLE states (location_id INTEGER NOT NULL REFERENCES locations(id) ON DELETE CASCADE, "
-    "position INTEGER NOT NULL, database_uuid TEXT NOT NULL, database_name TEXT NOT NULL, enabled "
-    "INTEGER NOT NULL, "
-    "schedule_kind TEXT, schedule_minute INTEGER, schedule_days INTEGER, sync_on_open INTEGER NOT "
-    "NULL, "
-    "sync_on_close INTEGER NOT NULL, last_synced TEXT, PRIMARY KEY (location_id, database_uuid)) "
-    "WITHOUT ROWID",
-    "CREATE TABLE bookmarks (path TEXT PRIMARY KEY, position INTEGER NOT NULL)",
-    "CREATE TABLE settings (key TEXT PRIMARY KEY, value TEXT NOT NULL)",
-};
+// States are loaded in the order of their rowid, which is that in which they were added.
+QStringList schema() {
+    return {
+        QStringLiteral("CREATE TABLE settings (key TEXT PRIMARY KEY NOT NULL, value NOT NULL)"),
+        QStringLiteral("CREATE TABLE databases (id INTEGER PRIMARY KEY AUTOINCREMENT,"
+                       " uuid TEXT NOT NULL UNIQUE, name TEXT NOT NULL,"
+                       " is_inbox INTEGER NOT NULL DEFAULT 0, is_open INTEGER NOT NULL DEFAULT 1)"),
+        QStringLiteral("CREATE UNIQUE INDEX one_inbox ON databases (is_inbox) WHERE is_inbox"),
+        QStringLiteral("CREATE TABLE notes (id INTEGER PRIMARY KEY AUTOINCREMENT,"
+                       " database_uuid TEXT NOT NULL REFERENCES databases (uuid) ON DELETE CASCADE,"
+                       " uuid TEXT NOT NULL, title TEXT NOT NULL, text TEXT NOT NULL,"
+                       " modified INTEGER, UNIQUE (database_uuid, uuid))"),
+        QStringLiteral("CREATE TABLE locations (uuid TEXT PRIMARY KEY NOT NULL,"
+                       " position INTEGER NOT NULL, url TEXT NOT NULL)"),
+        QStringLiteral("CREATE TABLE states (id INTEGER PRIMARY KEY AUTOINCREMENT,"
+                       " location_uuid TEXT NOT NULL REFERENCES locations (uuid) ON DELETE CASCADE,"
+                       " database_uuid TEXT NOT NULL, database_name TEXT NOT NULL,"
+                       " enabled INTEGER NOT NULL, sync_on_open INTEGER NOT NULL,"
+                       " sync_on_close INTEGER NOT NULL, last_synced INTEGER,"
+                       " schedule TEXT, schedule_minutes INTEGER, schedule_days INTEGER,"
+                       " UNIQUE (location_uuid, database_uuid))"),
+        QStringLiteral("CREATE TABLE grants (id INTEGER PRIMARY KEY AUTOINCREMENT,"
+                       " path TEXT NOT NULL UNIQUE)"),
+        QStringLiteral("PRAGMA application_id = %1").arg(ProfileInspection::ApplicationId),
+        QStringLiteral("PRAGMA user_version = %1").arg(ProfileInspection::SchemaVersion),
+    };
+}
+
+Error unusable(const char *text, const QString &path) {
+    return engineError(EngineErrorCode::ProfileUnusable, localizedSyncString(text).arg(path));
+}
 
 }  // namespace
 
-std::unique_ptr<ProfileDatabase> ProfileDatabase::open(const QString &folder,
-                                                       std::optional<Error> *error) {
-    std::unique_ptr<ProfileDatabase> profile(
-        new ProfileDatabase(folder, QUuid::createUuid().toString(QUuid::WithoutBraces)));
-    *error = profile->openFile();
-    return *error ? nullptr : std::move(profile);
-}
-
-ProfileDatabase::ProfileDatabase(const QString &folder, const QString &connectionName)
-    : m_folder(QDir(folder).absolutePath()),
-      m_connectionName(connectionName),
-      m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName)) {
-    m_database.setDatabaseName(file());
-    m_database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000"));
-}
+ProfileDatabase::ProfileDatabase()
+    : m_connectionName(QUuid::createUuid().toString(QUuid::WithoutBraces)) {}
 
 ProfileDatabase::~ProfileDatabase() {
-    m_database.close();
+    close();
+}
+
+QString ProfileDatabase::path() const {
+    return m_directory + u'/' + FileName;
+}
+
+std::optional<Error> ProfileDatabase::open(const QString &directory, const Filler &fill) {
+    const std::optional<Error> error = openFolder(QDir(directory).absolutePath(), fill);
+    if (error) {
+        close();
+    }
+    return error;
+}
+
+std::optional<Error> ProfileDatabase::openFolder(const QString &directory, const Filler &fill) {
+    m_directory = directory;
+    const QFileInfo folder(m_directory);
+    if (folder.exists() && !folder.isDir()) {
+        return unusable("“%1” is not a folder.", m_directory);
+    }
+    if (QFileInfo::exists(path())) {
+        const std::optional<Error> obstacle = ProfileInspection::obstacle(path());
+        return obstacle ? obstacle : openFile(fill);
+    }
+    const bool isNewFolder = !folder.exists();
+    if (isNewFolder && !QDir().mkpath(m_directory)) {
+        return unusable("The profile folder “%1” cannot be made.", m_directory);
+    }
+    if (!QDir(m_directory)
+             .isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System)) {
+        return unusable("The folder “%1” holds other things and no profile.", m_directory);
+    }
+    if (!QFileInfo(m_directory).isWritable()) {
+        return unusable("The profile folder “%1” is read-only.", m_directory);
+    }
+    const std::optional<Error> error = openFile(fill);
+    if (error) {
+        clearFolder(isNewFolder);
+    }
+    return error;
+}
+
+std::optional<Error> ProfileDatabase::openFile(const Filler &fill) {
+    m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
+    m_database.setDatabaseName(path());
+    if (!m_database.open()) {
+        return engineError(EngineErrorCode::ProfileUnusable,
+                           localizedSyncString("The profile “%1” cannot be opened: %2")
+                               .arg(path(), m_database.lastError().databaseText()));
+    }
+    for (const QString &setting : connectionSettings()) {
+        if (std::optional<Error> error = run(setting)) {
+            return error;
+        }
+    }
+    const bool isEmpty = value(QStringLiteral("SELECT count(*) FROM sqlite_schema")) == 0;
+    return isEmpty ? write([&] { return makeTables(fill); }) : std::nullopt;
+}
+
+std::optional<Error> ProfileDatabase::makeTables(const Filler &fill) const {
+    for (const QString &statement : schema()) {
+        if (std::optional<Error> error = run(statement)) {
+            return error;
+        }
+    }
+    return fill();
+}
+
+void ProfileDatabase::clearFolder(bool removingIt) {
+    const QString directory = m_directory;
+    close();
+    QDir(directory).removeRecursively();
+    if (!removingIt) {
+        QDir().mkdir(directory);
+    }
+}
+
+void ProfileDatabase::close() {
     m_database = QSqlDatabase();
     QSqlDatabase::removeDatabase(m_connectionName);
+    m_directory.clear();
 }
 
-QString ProfileDatabase::file() const {
-    return m_folder + QStringLiteral("/profile.sqlite");
+QSqlQuery ProfileDatabase::prepare(const QString &statement) const {
+    QSqlQuery query(m_database);
+    query.setForwardOnly(true);
+    query.prepare(statement);
+    return query;
 }
 
-Error ProfileDatabase::unusable() const {
-    return engineError(EngineErrorCode::ProfileUnusable,
-                       localizedSyncString("The profile %1 cannot be used.").arg(m_folder),
-                       m_lastError);
-}
-
-std::optional<Error> ProfileDatabase::openFile() {
-    if (!QDir().mkpath(m_folder)) {
-        return unusable();
+std::optional<Error> ProfileDatabase::run(const QString &statement,
+                                          const QVariantList &values) const {
+    QSqlQuery query = prepare(statement);
+    for (const QVariant &value : values) {
+        query.addBindValue(value);
     }
-    if (const auto error = checkHeader()) {
+    return query.exec() ? std::nullopt : std::optional(errorOf(query));
+}
+
+QVariant ProfileDatabase::text(const QString &string) {
+    return string.isNull() ? QStringLiteral("") : string;
+}
+
+QVariant ProfileDatabase::value(const QString &statement, const QVariantList &values) const {
+    QSqlQuery query = prepare(statement);
+    for (const QVariant &value : values) {
+        query.addBindValue(value);
+    }
+    return query.exec() && query.next() ? query.value(0) : QVariant();
+}
+
+Error ProfileDatabase::errorOf(const QSqlQuery &query) const {
+    return engineError(EngineErrorCode::ProfileNotWritten,
+                       localizedSyncString("The profile “%1” cannot be read or written: %2")
+                           .arg(path(), query.lastError().databaseText()));
+}
+
+std::optional<Error> ProfileDatabase::write(
+    const std::function<std::optional<Error>()> &changes) const {
+    if (std::optional<Error> error = run(QStringLiteral("BEGIN IMMEDIATE"))) {
         return error;
     }
-    if (!m_database.open()) {
-        m_lastError = m_database.lastError().text();
-        return unusable();
+    std::optional<Error> error = changes();
+    if (!error) {
+        error = run(QStringLiteral("COMMIT"));
     }
-    return prepare();
-}
-
-// Before SQLite opens the file: opening may already change it.
-std::optional<Error> ProfileDatabase::checkHeader() const {
-    QFile stored(file());
-    if (!stored.exists() || stored.size() == 0) {
-        return std::nullopt;
+    if (error) {
+        run(QStringLiteral("ROLLBACK"));
     }
-    if (!stored.open(QIODevice::ReadOnly)) {
-        return engineError(
-            EngineErrorCode::ProfileUnusable,
-            localizedSyncString("The profile database %1 cannot be read.").arg(file()),
-            stored.errorString());
-    }
-    const QByteArray header = stored.read(headerSize);
-    if (header.size() < headerSize || !header.startsWith(QByteArray(magic, sizeof(magic)))) {
-        return engineError(EngineErrorCode::ProfileCorrupt,
-                           localizedSyncString("The profile database %1 is damaged.").arg(file()),
-                           localizedSyncString("It is not a database. It was left as it is."));
-    }
-    const auto version = qFromBigEndian<quint32>(header.constData() + userVersionOffset);
-    if (version > schemaVersion) {
-        return engineError(
-            EngineErrorCode::ProfileTooNew,
-            localizedSyncString("The profile database %1 comes from a newer version of Velmora.")
-                .arg(file()),
-            localizedSyncString(
-                "It has version %1; this Velmora knows versions up to %2. It was left as it is.")
-                .arg(version)
-                .arg(schemaVersion));
-    }
-    return std::nullopt;
-}
-
-std::optional<Error> ProfileDatabase::prepare() {
-    QString check;
-    QString version;
-    const auto into = [](QString &text) {
-        return [&text](const QSqlQuery &row) { text = row.value(0).toString(); };
-    };
-    const bool isReadable = select(QStringLiteral("PRAGMA quick_check(1)"), {}, into(check)) &&
-                            select(QStringLiteral("PRAGMA user_version"), {}, into(version));
-    if (!isReadable || check != QLatin1StringView("ok")) {
-        return engineError(EngineErrorCode::ProfileCorrupt,
-                           localizedSyncString("The profile database %1 is damaged.").arg(file()),
-                           isReadable ? check : m_lastError);
-    }
-    m_isFresh = version == QLatin1StringView("0");
-    const bool isWritable = execute(QStringLiteral("BEGIN IMMEDIATE")) &&
-                            execute(QStringLiteral("ROLLBACK")) &&
-                            execute(QStringLiteral("PRAGMA journal_mode=WAL")) &&
-                            execute(QStringLiteral("PRAGMA synchronous=FULL")) &&
-                            execute(QStringLiteral("PRAGMA foreign_keys=ON"));
-    if (!isWritable) {
-        return engineError(
-            EngineErrorCode::ProfileReadOnly,
-            localizedSyncString("The profile database %1 cannot be written.").arg(file()),
-            m_lastError);
-    }
-    return m_isFresh ? transaction([this] { return makeTables(); }) : std::nullopt;
-}
-
-bool ProfileDatabase::makeTables() {
-    for (const char *statement : tables) {
-        if (!execute(QLatin1StringView(statement))) {
-            return false;
-        }
-    }
-    return execute(QStringLiteral("PRAGMA user_version=%1").arg(schemaVersion));
-}
-
-std::optional<Error> ProfileDatabase::transaction(const std::function<bool()> &statements) {
-    if (execute(QStringLiteral("BEGIN IMMEDIATE"))) {
-        if (statements() && execute(QStringLiteral("COMMIT"))) {
-            return std::nullopt;
-        }
-        QSqlQuery(m_database).exec(QStringLiteral("ROLLBACK"));
-    }
-    return engineError(EngineErrorCode::NotSaved,
-                       localizedSyncString("The profile %1 cannot be saved.").arg(m_folder),
-                       m_lastError);
-}
-
-bool ProfileDatabase::execute(const QString &statement, const QVariantList &values) {
-    return select(statement, values, [](const QSqlQuery &) {});
-}
-
-bool ProfileDatabase::select(const QString &query, const QVariantList &values,
-                             const std::function<void(const QSqlQuery &)> &row) {
-    QSqlQuery prepared(m_database);
-    prepared.setForwardOnly(true);
-    bool isDone = prepared.prepare(query);
-    for (const QVariant &value : values) {
-        prepared.addBindValue(value);
-    }
-    isDone = isDone && prepared.exec();
-    while (isDone && prepared.next()) {
-        row(prepared);
-    }
-    isDone = isDone && !prepared.lastError().isValid();
-    if (isDone) {
-        m_lastInsertId = prepared.lastInsertId().toLongLong();
-    } else {
-        m_lastError = prepared.lastError().text();
-    }
-    return isDone;
+    return error;
 }

@@ -1,58 +1,59 @@
 #pragma once
 
 #include <QtCore/QString>
-#include <QtCore/QVariantList>
+#include <QtCore/QVariant>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 #include <functional>
-#include <memory>
 #include <optional>
 
 #include "Platform/Foundation/Error.h"
 
-/// The SQLite file of a profile, "profile.sqlite" in its folder. Main thread.
+/// The file "profile.sqlite" in which a profile keeps everything. Main thread.
 ///
-/// Whatever answers no error is on disk: the write-ahead log is flushed at each commit, so that
-/// killing the process at any moment loses nothing.
+/// It is an SQLite 3 database with a write-ahead log. What was committed survives the end of the
+/// process at any moment, and of the machine as far as its disk keeps what it was told to.
 class ProfileDatabase {
 public:
-    /// Opens the profile in `folder`. A folder or file that is not there is made, with the tables
-    /// empty. A file that is damaged, from a newer version, or cannot be written gives nullptr and
-    /// an error that says what and where, and keeps every byte.
-    static std::unique_ptr<ProfileDatabase> open(const QString &folder,
-                                                 std::optional<Error> *error);
+    /// Puts the first rows into a new profile; called inside the transaction that makes its tables.
+    using Filler = std::function<std::optional<Error>()>;
+
+    ProfileDatabase();
     ~ProfileDatabase();
     ProfileDatabase(const ProfileDatabase &) = delete;
     ProfileDatabase &operator=(const ProfileDatabase &) = delete;
 
-    const QString &folder() const { return m_folder; }
-    /// Whether `open` has just made the tables.
-    bool isFresh() const { return m_isFresh; }
+    /// Opens the profile in the folder `directory`. A folder that is not there or empty becomes a
+    /// new profile, filled by `fill`. An error says what is wrong and where; the folder is then as
+    /// it was. Called once.
+    std::optional<Error> open(const QString &directory, const Filler &fill);
 
-    /// Runs `statements` in one transaction, which is committed if they answer true. They use
-    /// `execute` and answer false when one fails; then nothing has changed, and the error says why.
-    std::optional<Error> transaction(const std::function<bool()> &statements);
-    /// Runs one statement. False on failure.
-    bool execute(const QString &statement, const QVariantList &values = {});
-    /// Runs a query; `row` is called for each row.
-    bool select(const QString &query, const QVariantList &values,
-                const std::function<void(const QSqlQuery &)> &row);
-    /// The key of the row that the last insertion made.
-    qint64 lastInsertId() const { return m_lastInsertId; }
+    /// The absolute path of the folder; empty while none is open.
+    QString directory() const { return m_directory; }
+    /// The absolute path of the file.
+    QString path() const;
+
+    /// A statement ready to bind and execute; forward only.
+    QSqlQuery prepare(const QString &statement) const;
+    /// Executes `statement` with `values` for its placeholders.
+    std::optional<Error> run(const QString &statement, const QVariantList &values = {}) const;
+    /// `string` as a value; an absent one as "", since no text column holds NULL.
+    static QVariant text(const QString &string);
+    /// The first column of the first row, or an invalid variant.
+    QVariant value(const QString &statement, const QVariantList &values = {}) const;
+    /// What went wrong with `query`.
+    Error errorOf(const QSqlQuery &query) const;
+    /// Commits all that `changes` writes, or nothing where it answers an error or the commit fails.
+    std::optional<Error> write(const std::function<std::optional<Error>()> &changes) const;
 
 private:
-    ProfileDatabase(const QString &folder, const QString &connectionName);
-    std::optional<Error> openFile();
-    std::optional<Error> checkHeader() const;
-    std::optional<Error> prepare();
-    bool makeTables();
-    Error unusable() const;
-    QString file() const;
+    std::optional<Error> openFolder(const QString &directory, const Filler &fill);
+    std::optional<Error> openFile(const Filler &fill);
+    std::optional<Error> makeTables(const Filler &fill) const;
+    void clearFolder(bool removingIt);
+    void close();
 
-    const QString m_folder;
     const QString m_connectionName;
     QSqlDatabase m_database;
-    QString m_lastError;
-    qint64 m_lastInsertId = 0;
-    bool m_isFresh = false;
+    QString m_directory;
 };

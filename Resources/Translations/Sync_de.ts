@@ -1,8 +1,295 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<TS version="2.1" language="de" sourcelanguage="en">
+<TS version="2.1" language="de_DE" sourcelanguage="en_US">
 <context>
     <name>Sync</name>
-    <message><source>Sync Now</source><translation>Jetzt abgleichen</translation></message>
+    <message>
+        <source>Unavailable</source>
+        <translation>nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Dropbox</source>
+        <translation>Dropbox</translation>
+    </message>
+    <message>
+        <source>Local Sync Store</source>
+        <translation>Lokaler Sync-Speicher</translation>
+    </message>
+    <message>
+        <source>WebDAV</source>
+        <translation>WebDAV</translation>
+    </message>
+    <message>
+        <source>Direct Connection</source>
+        <translation>Direkte Verbindung</translation>
+    </message>
+    <message>
+        <source>Unknown Location</source>
+        <translation>Unbekannter Ort</translation>
+    </message>
+    <message>
+        <source>No Address</source>
+        <translation>Ohne Adresse</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Jetzt synchronisieren</translation>
+    </message>
+    <message>
+        <source>Not authorized</source>
+        <translation>Nicht autorisiert</translation>
+    </message>
+    <message>
+        <source>Authorizing…</source>
+        <translation>Autorisierung läuft …</translation>
+    </message>
+    <message>
+        <source>Authorized</source>
+        <translation>Autorisiert</translation>
+    </message>
+    <message>
+        <source>Give Velmora access to any folder where indexed items may be kept.</source>
+        <translation>Geben Sie Velmora Zugriff auf jeden Ordner, in dem indizierte Objekte liegen können.</translation>
+    </message>
+    <message>
+        <source>Success</source>
+        <translation>Erfolg</translation>
+    </message>
+    <message>
+        <source>Parameter Error</source>
+        <translation>Parameterfehler</translation>
+    </message>
+    <message>
+        <source>Illegal parameter supplied to encryption/decryption algorithm</source>
+        <translation>Dem Ver- oder Entschlüsselungsverfahren wurde ein unzulässiger Parameter übergeben</translation>
+    </message>
+    <message>
+        <source>Buffer Too Small</source>
+        <translation>Puffer zu klein</translation>
+    </message>
+    <message>
+        <source>Insufficient buffer provided for specified operation</source>
+        <translation>Der Puffer reicht für die Operation nicht aus</translation>
+    </message>
+    <message>
+        <source>Memory Failure</source>
+        <translation>Speicherfehler</translation>
+    </message>
+    <message>
+        <source>Failed to allocate memory</source>
+        <translation>Es konnte kein Speicher belegt werden</translation>
+    </message>
+    <message>
+        <source>Alignment Error</source>
+        <translation>Ausrichtungsfehler</translation>
+    </message>
+    <message>
+        <source>Input size to encryption algorithm was not aligned correctly</source>
+        <translation>Die Länge der Eingabe passt nicht zum Verschlüsselungsverfahren</translation>
+    </message>
+    <message>
+        <source>Decode Error</source>
+        <translation>Dekodierfehler</translation>
+    </message>
+    <message>
+        <source>Input data did not decode or decrypt correctly</source>
+        <translation>Die Eingabe ließ sich nicht richtig dekodieren oder entschlüsseln</translation>
+    </message>
+    <message>
+        <source>Unimplemented Function</source>
+        <translation>Nicht vorhandene Funktion</translation>
+    </message>
+    <message>
+        <source>Function not implemented for the current algorithm</source>
+        <translation>Die Funktion gibt es für dieses Verfahren nicht</translation>
+    </message>
+    <message>
+        <source>Unknown Error</source>
+        <translation>Unbekannter Fehler</translation>
+    </message>
+    <message>
+        <source>Failed to fetch information for database (%@)</source>
+        <translation>Die Angaben zur Datenbank konnten nicht geholt werden (%@)</translation>
+    </message>
+    <message>
+        <source>The profile “%1” is damaged and cannot be opened.</source>
+        <translation>Das Profil „%1“ ist beschädigt und kann nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” was made by a newer version of Velmora.</source>
+        <translation>Das Profil „%1“ stammt von einer neueren Version von Velmora.</translation>
+    </message>
+    <message>
+        <source>“%1” is a database of another program and not a profile.</source>
+        <translation>„%1“ ist die Datenbank eines anderen Programms und kein Profil.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a file and cannot be opened as a profile.</source>
+        <translation>„%1“ ist keine Datei und kann nicht als Profil geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” may not be read.</source>
+        <translation>Das Profil „%1“ darf nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” is read-only.</source>
+        <translation>Das Profil „%1“ ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>The profile folder “%1” is read-only.</source>
+        <translation>Der Profilordner „%1“ ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>The profile folder “%1” cannot be made.</source>
+        <translation>Der Profilordner „%1“ kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a folder.</source>
+        <translation>„%1“ ist kein Ordner.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” holds other things and no profile.</source>
+        <translation>Der Ordner „%1“ enthält anderes und kein Profil.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” cannot be opened: %2</source>
+        <translation>Das Profil „%1“ kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>The profile “%1” cannot be read or written: %2</source>
+        <translation>Das Profil „%1“ kann nicht gelesen oder geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>The profile “%1” has no inbox.</source>
+        <translation>Dem Profil „%1“ fehlt der Eingang.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” is gone.</source>
+        <translation>Das Profil „%1“ ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>A database needs a name.</source>
+        <translation>Eine Datenbank braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>The operation was cancelled.</source>
+        <translation>Der Vorgang wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>The sync store is not open.</source>
+        <translation>Der Sync-Speicher ist nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>This location has no address yet.</source>
+        <translation>Dieser Ort hat noch keine Adresse.</translation>
+    </message>
+    <message>
+        <source>Locations of the kind “%1” cannot be reached yet.</source>
+        <translation>Orte der Art „%1“ sind noch nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>“%1” is a folder on another computer.</source>
+        <translation>„%1“ ist ein Ordner auf einem anderen Rechner.</translation>
+    </message>
+    <message>
+        <source>The sync store “%1” is not there.</source>
+        <translation>Der Sync-Speicher „%1“ ist nicht da.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a sync store.</source>
+        <translation>„%1“ ist kein Sync-Speicher.</translation>
+    </message>
+    <message>
+        <source>The sync store “%1” may not be read.</source>
+        <translation>Der Sync-Speicher „%1“ darf nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The sync store “%1” cannot be made.</source>
+        <translation>Der Sync-Speicher „%1“ kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The record “%1” is damaged.</source>
+        <translation>Der Datensatz „%1“ ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>“%1” was not synchronized: this version of Velmora cannot synchronize yet.</source>
+        <translation>„%1“ wurde nicht synchronisiert: Diese Version von Velmora kann noch nicht synchronisieren.</translation>
+    </message>
+    <message>
+        <source>“%1” was not cleaned up: this version of Velmora cannot clean up yet.</source>
+        <translation>„%1“ wurde nicht aufgeräumt: Diese Version von Velmora kann noch nicht aufräumen.</translation>
+    </message>
+    <message>
+        <source>Inbox</source>
+        <translation>Eingang</translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation>Projekte</translation>
+    </message>
+    <message>
+        <source>Recipes</source>
+        <translation>Rezepte</translation>
+    </message>
+    <message>
+        <source>Bookshelf</source>
+        <translation>Bücherregal</translation>
+    </message>
+    <message>
+        <source>Measure the alcove beside the window.
+Boards of oak, 24 mm; four of them.
+Ask Ida for the long clamps.</source>
+        <translation>Die Nische neben dem Fenster ausmessen.
+Eichenbretter, 24 mm, vier Stück.
+Ida nach den langen Zwingen fragen.</translation>
+    </message>
+    <message>
+        <source>Garden</source>
+        <translation>Garten</translation>
+    </message>
+    <message>
+        <source>Cut back the roses in March.
+Plant beans once the nights stay above eight degrees.</source>
+        <translation>Im März die Rosen zurückschneiden.
+Bohnen setzen, sobald es nachts über acht Grad bleibt.</translation>
+    </message>
+    <message>
+        <source>Pancakes</source>
+        <translation>Pfannkuchen</translation>
+    </message>
+    <message>
+        <source>250 g flour
+500 ml milk
+3 eggs
+A pinch of salt
+
+Stir, let it rest for half an hour, bake in butter.</source>
+        <translation>250 g Mehl
+500 ml Milch
+3 Eier
+1 Prise Salz
+
+Verrühren, eine halbe Stunde ruhen lassen, in Butter backen.</translation>
+    </message>
+    <message>
+        <source>Tomato Soup</source>
+        <translation>Tomatensuppe</translation>
+    </message>
+    <message>
+        <source>1 kg tomatoes, 2 onions, 1 clove of garlic
+
+Roast everything for forty minutes, add stock, blend.</source>
+        <translation>1 kg Tomaten, 2 Zwiebeln, 1 Knoblauchzehe
+
+Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
+    </message>
+    <message>
+        <source>Shopping</source>
+        <translation>Einkauf</translation>
+    </message>
+    <message>
+        <source>Flour, milk, eggs, tomatoes</source>
+        <translation>Mehl, Milch, Eier, Tomaten</translation>
+    </message>
 </context>
 </TS>

@@ -1,64 +1,63 @@
 #pragma once
 
 #include <QtCore/QTemporaryDir>
-#include <memory>
 
-#include "Host/NoteDatabase.h"
-#include "Host/QVApplication.h"
-#include "Host/QVSyncLocation.h"
+#include "Engine/SyncEngine.h"
+#include "Support/TestApplication.h"
 
-class Engine;
-
-/// The real engine on a profile of its own, and an application that remembers what it is told. The
-/// profile begins with the inbox alone.
-class TestHost : public QVApplication {
+/// The real engine on a fresh profile of its own, in the test's process. Whatever fails that a test
+/// takes for granted raises std::runtime_error.
+class TestHost {
 public:
-    enum class Debugging { Off, Normal, High };
+    /// With FirstContents::Inbox: the inbox (open) and no location.
+    explicit TestHost(FirstContents contents = FirstContents::Inbox);
+    ~TestHost();
+    TestHost(const TestHost &) = delete;
+    TestHost &operator=(const TestHost &) = delete;
 
-    TestHost();
-    ~TestHost() override;
+    TestApplication &application() { return m_application; }
+    SyncEngine &engine() { return *m_engine; }
+    EngineNoteLibrary &library() { return *m_engine->library(); }
+    EngineLocationsController &locations();
+    /// The folder of the profile.
+    QString directory() const;
 
-    // What the application was told
-    std::shared_ptr<QVDatabase> inbox() const override;
-    void logItemCmd(const QString &title, const QString &info) override;
-    void presentError(const Error &error) override { m_presentedErrors.append(error); }
-    const QList<Error> &presentedErrors() const { return m_presentedErrors; }
-    /// "title info" of each entry.
-    const QStringList &logEntries() const { return m_logEntries; }
-
-    QString folder() const { return m_folder.path(); }
-    void setDebugging(Debugging debugging);
-    void save();
-    /// Closes the profile, losing what is not saved, and opens it again.
+    /// Closes the profile without saving and opens it again, as a restart does. All engine objects
+    /// are new after that.
     void restart();
-    /// From now on, until it is allowed again, something else keeps the profile from being written.
-    void makeSavingFail();
-    void letSavingSucceed();
 
+    std::shared_ptr<NoteDatabase> inbox() { return library().inbox(); }
+    /// Makes and opens one.
     std::shared_ptr<NoteDatabase> addDatabase(const QString &name);
-    void renameDatabase(const std::shared_ptr<NoteDatabase> &database, const QString &name);
     void openDatabase(const std::shared_ptr<NoteDatabase> &database);
     void closeDatabase(const std::shared_ptr<NoteDatabase> &database);
+    void renameDatabase(const std::shared_ptr<NoteDatabase> &database, const QString &name);
 
-    QList<std::shared_ptr<QVSyncLocation>> locations() const;
-    /// A new location, at the end of the list: a fresh folder store, or whatever the text of a URL
-    /// says.
+    /// Appends a location with a fresh, empty sync store in a folder. Not saved.
     std::shared_ptr<QVSyncLocation> addLocation();
-    std::shared_ptr<QVSyncLocation> addLocation(const QString &URL);
-    std::shared_ptr<QVSyncLocation> localLocation() const;
-    /// Writes the record of a database into the folder store at `location`.
-    void putDatabaseRecord(const std::shared_ptr<QVSyncLocation> &location, const QString &UUID,
-                           const QString &name);
-    void setLastSynced(const std::shared_ptr<QVSyncState> &state, const QDateTime &date);
-    QVSyncSchedulePtr dailySchedule(int hour, int minute) const;
-    QString directScheme() const;
+    /// Appends a location; a text that does not parse gives one with a nil URL. Not saved.
+    std::shared_ptr<QVSyncLocation> addLocation(const QString &URLText);
+    /// The state of `database` at `location`, made where there is none; the inbox has "@inbox".
+    std::shared_ptr<QVSyncState> addState(const std::shared_ptr<QVSyncLocation> &location,
+                                          const std::shared_ptr<QVDatabase> &database);
+    static void setLastSynced(const std::shared_ptr<QVSyncState> &state, const QDateTime &date);
+    /// An empty sync store in the test's folder; its URL text.
+    QString makeSyncStore(const QString &name);
+    /// The location of the databases on this computer.
+    std::shared_ptr<QVSyncLocation> localLocation();
+    /// Saves all locations.
+    void save();
+
+    /// From now on every write of the engine fails, since another connection has taken the lock of
+    /// the profile's database, until `letSavesPass`.
+    void makeSavesFail();
+    void letSavesPass();
 
 private:
-    void openEngine();
+    void start(FirstContents contents);
 
-    QTemporaryDir m_folder;
-    std::unique_ptr<Engine> m_engine;
-    QList<Error> m_presentedErrors;
-    QStringList m_logEntries;
-    int m_stores = 0;
+    QTemporaryDir m_directory;
+    TestApplication m_application;
+    std::unique_ptr<SyncEngine> m_engine;
+    std::unique_ptr<ProfileDatabase> m_otherConnection;
 };

@@ -4,6 +4,7 @@
 #include "Host/QVSyncLocation.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/AnnouncementRecorder.h"
+#include "Support/HostShortcuts.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -25,7 +26,10 @@ class QVStandInDatabaseTest : public QObject {
     static QDateTime at(int hour) { return {QDate(2026, 5, 4), QTime(hour, 0)}; }
 
 private Q_SLOTS:
-    void init() { m_host = std::make_unique<TestHost>(); }
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        setDebugging(Debugging::Off);
+    }
     void cleanup() { m_host.reset(); }
 
     void aNewRowHasNothing() {
@@ -179,7 +183,7 @@ private Q_SLOTS:
     void theFirstStateKeepsItsScheduleAndGivesItToTheRow() {
         QVStandInDatabase row;
         const auto state = makeState();
-        state->setSchedule(m_host->dailySchedule(7, 30));
+        state->setSchedule(dailySchedule(7, 30));
         row.addSynchronizationStatesObject(state);
         QCOMPARE(row.schedule(), state->schedule());
     }
@@ -187,9 +191,9 @@ private Q_SLOTS:
     void aSecondStateGetsTheSchedule() {
         QVStandInDatabase row;
         const auto first = makeState();
-        first->setSchedule(m_host->dailySchedule(7, 30));
+        first->setSchedule(dailySchedule(7, 30));
         const auto second = makeState();
-        second->setSchedule(m_host->dailySchedule(20, 0));
+        second->setSchedule(dailySchedule(20, 0));
         row.addSynchronizationStatesObject(first);
         row.addSynchronizationStatesObject(second);
         QCOMPARE(second->schedule(), first->schedule());
@@ -198,7 +202,7 @@ private Q_SLOTS:
     void aSecondStateKeepsItsScheduleWhereTheRowHasNone() {
         QVStandInDatabase row;
         const auto second = makeState();
-        const auto schedule = m_host->dailySchedule(20, 0);
+        const auto schedule = dailySchedule(20, 0);
         second->setSchedule(schedule);
         row.addSynchronizationStatesObject(makeState());
         row.addSynchronizationStatesObject(second);
@@ -211,7 +215,7 @@ private Q_SLOTS:
         const auto second = makeState();
         row.addSynchronizationStatesObject(first);
         row.addSynchronizationStatesObject(second);
-        const auto schedule = m_host->dailySchedule(6, 0);
+        const auto schedule = dailySchedule(6, 0);
         row.setSchedule(schedule);
         row.setSyncOnOpen(true);
         row.setSyncOnClose(true);
@@ -229,7 +233,7 @@ private Q_SLOTS:
 
     void whatIsSetOnARowWithoutStatesIsLost() {
         QVStandInDatabase row;
-        row.setSchedule(m_host->dailySchedule(6, 0));
+        row.setSchedule(dailySchedule(6, 0));
         row.setSyncOnOpen(true);
         row.setSyncOnClose(true);
         QVERIFY(!row.schedule());
@@ -260,7 +264,7 @@ private Q_SLOTS:
         row.setName(QStringLiteral("Mine"));
         QObject noDatabase;
         NotificationCenter::defaultCenter().post(QVDatabaseRenamedNotification, &noDatabase);
-        m_host->setDebugging(TestHost::Debugging::Normal);
+        setDebugging(Debugging::Normal);
         QTest::ignoreMessage(
             QtInfoMsg, QRegularExpression(QStringLiteral(
                            "^Received database-renamed notification with non-database object: ")));
@@ -272,7 +276,7 @@ private Q_SLOTS:
         QVStandInDatabase row;
         row.addSynchronizationStatesObject(makeState());
         row.addSynchronizationStatesObject(makeState());
-        m_host->setDebugging(TestHost::Debugging::High);
+        setDebugging(Debugging::High);
         for (int i = 0; i < 2; ++i) {
             QTest::ignoreMessage(QtInfoMsg,
                                  QRegularExpression(QStringLiteral("^Contemplating state ")));

@@ -12,6 +12,7 @@
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/AnnouncementRecorder.h"
+#include "Support/HostShortcuts.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -68,7 +69,10 @@ class QVSyncPreferencesTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { registerSyncPreferencesInterface(); }
-    void init() { m_host = std::make_unique<TestHost>(); }
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        setDebugging(Debugging::Off);
+    }
     void cleanup() {
         m_pane.reset();
         m_host.reset();
@@ -282,7 +286,8 @@ private Q_SLOTS:
 
         m_pane.reset();
         m_host->restart();
-        const auto state = m_host->locations().first()->stateForDatabaseWithUUID(database->UUID());
+        const auto state =
+            m_host->locations().syncLocations().first()->stateForDatabaseWithUUID(database->UUID());
         QVERIFY(state);
         QVERIFY(state->isEnabled());
     }
@@ -301,7 +306,8 @@ private Q_SLOTS:
 
         m_pane.reset();
         m_host->restart();
-        const auto state = m_host->locations().first()->stateForDatabaseWithUUID(database->UUID());
+        const auto state =
+            m_host->locations().syncLocations().first()->stateForDatabaseWithUUID(database->UUID());
         QVERIFY(state->schedule() && state->schedule()->isWeekly());
     }
 
@@ -325,17 +331,20 @@ private Q_SLOTS:
 
         m_pane.reset();
         m_host->restart();
-        QVERIFY(
-            m_host->locations().first()->stateForDatabaseWithUUID(database->UUID())->syncOnOpen());
+        QVERIFY(m_host->locations()
+                    .syncLocations()
+                    .first()
+                    ->stateForDatabaseWithUUID(database->UUID())
+                    ->syncOnOpen());
     }
 
     void aFailedSaveIsPresentedAndNothingIsTakenBack() {
         m_host->addLocation();
         showPane();
-        m_host->makeSavingFail();
+        m_host->makeSavesFail();
         m_pane->saveAndPresentError();
-        QCOMPARE(m_host->presentedErrors().size(), 1);
-        QVERIFY(!m_host->presentedErrors().first().localizedDescription.isEmpty());
+        QCOMPARE(m_host->application().presentedErrors().size(), 1);
+        QVERIFY(!m_host->application().presentedErrors().first().localizedDescription.isEmpty());
         QCOMPARE(m_pane->synchronizationSelections().size(), 1);
     }
 
@@ -349,7 +358,7 @@ private Q_SLOTS:
         m_pane->synchronizationSelections().first()->setError(error);
         QVERIFY(!button->isHidden());
         button->click();
-        QCOMPARE(m_host->presentedErrors(), QList<Error>{error});
+        QCOMPARE(m_host->application().presentedErrors(), QList<Error>{error});
     }
 
     void activityOfARowIsShown() {
@@ -418,7 +427,7 @@ private Q_SLOTS:
         const auto state = location->addStateForDatabaseWithUUID(QStringLiteral("@inbox"), {});
         showPane();
         selectDatabase(m_host->inbox()->name());
-        m_host->setDebugging(TestHost::Debugging::High);
+        setDebugging(Debugging::High);
         QTest::ignoreMessage(
             QtInfoMsg, QRegularExpression(QStringLiteral("^Found synchronization selection ")));
         m_pane->synchronizationSelectionForState(

@@ -5,6 +5,7 @@
 #include "Host/QVSyncLocation.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/AnnouncementRecorder.h"
+#include "Support/HostShortcuts.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -50,6 +51,7 @@ class QVSyncScheduleEditorTest : public QObject {
 private Q_SLOTS:
     void init() {
         m_host = std::make_unique<TestHost>();
+        setDebugging(Debugging::Off);
         m_delegate = {};
         m_states.clear();
         m_row = makeRow(QStringLiteral("D"), 2);
@@ -127,7 +129,7 @@ private Q_SLOTS:
 
     void turningAModeOffDoesNothing() {
         QFETCH(QByteArray, mode);
-        const auto schedule = m_host->dailySchedule(5, 0);
+        const auto schedule = dailySchedule(5, 0);
         m_row->setSchedule(schedule);
         KeyValue::setValue(m_editor.get(), mode, false);
         QCOMPARE(m_row->schedule(), schedule);
@@ -276,7 +278,7 @@ private Q_SLOTS:
 
     void aChangeOfTheRowsScheduleAnnouncesWhatDependsOnIt() {
         AnnouncementRecorder recorder(m_editor.get());
-        m_row->setSchedule(m_host->dailySchedule(4, 0));
+        m_row->setSchedule(dailySchedule(4, 0));
         QByteArrayList keys = recorder.announced();
         std::sort(keys.begin(), keys.end());
         QCOMPARE(keys, QByteArrayList({"daily", "dailyDate", "disabled", "hourly", "hourlyOffset",
@@ -323,7 +325,7 @@ private Q_SLOTS:
     }
 
     void offsetsAreLoggedUnderBothDefaults() {
-        m_host->setDebugging(TestHost::Debugging::High);
+        setDebugging(Debugging::High);
         QTest::ignoreMessage(QtInfoMsg, "1Setting hourly with hourlyOffset: 0");
         m_editor->setHourly(true);
         QTest::ignoreMessage(QtInfoMsg, "2Setting hourly with hourlyOffset: 17");

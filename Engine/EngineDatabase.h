@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Host/NoteDatabase.h"
+
+class ProfileDatabase;
+
+/// A database of the profile. Its notes are read from there each time.
+class EngineDatabase : public NoteDatabase {
+    Q_OBJECT
+public:
+    enum class Kind { Inbox, Ordinary };
+
+    /// `profile` must outlive this.
+    EngineDatabase(const ProfileDatabase &profile, const QString &UUID, const QString &name,
+                   Kind kind, bool isOpen);
+
+    QString UUID() const override { return m_UUID; }
+    QString name() const override { return m_name; }
+    bool isInbox() const override { return m_kind == Kind::Inbox; }
+    bool isOpen() const override { return m_isOpen; }
+    QList<Note> notes() const override;
+    std::optional<Error> saveNote(Note &note) override;
+    std::optional<Error> removeNote(const QString &noteUUID) override;
+
+    /// The library's: saves, then announces.
+    std::optional<Error> setName(const QString &name);
+    std::optional<Error> setOpen(bool isOpen);
+
+private:
+    const ProfileDatabase &m_profile;
+    const QString m_UUID;
+    QString m_name;
+    const Kind m_kind;
+    bool m_isOpen;
+};

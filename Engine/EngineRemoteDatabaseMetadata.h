@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Host/QVRemoteDatabase.h"
+
+class EngineRemoteDatabaseMetadata : public QVRemoteDatabaseMetadata {
+    Q_OBJECT
+public:
+    explicit EngineRemoteDatabaseMetadata(const QString &name) : m_name(name) {}
+    QString name() const override { return m_name; }
+
+private:
+    const QString m_name;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Engine/EngineDispatcher.h"
+#include "Engine/EngineLocationsController.h"
+#include "Host/QVSyncPlugin.h"
+
+class LocalStore;
+
+/// Folder grants are a plain list kept in the profile, at once: nothing here is sandboxed but by
+/// the profile's setting "usesSandboxedAccess".
+class EngineSyncPlugin : public QVSyncPlugin {
+    Q_OBJECT
+public:
+    /// `profile` must outlive this.
+    explicit EngineSyncPlugin(const ProfileDatabase &profile);
+    ~EngineSyncPlugin() override;
+
+    /// Takes over what the profile holds; called once, when it was opened.
+    std::optional<Error> load();
+    /// Changes the profile's setting.
+    std::optional<Error> setUsesSandboxedAccess(bool usesSandboxedAccess);
+
+    QVSyncLocationsController *locationsController() const override;
+    QVSyncDispatcher *dispatcher() const override;
+    QVDirectConnectionServer *server() const override { return nullptr; }
+    /// There once a profile is open.
+    std::shared_ptr<QVSyncStore> localStore() const override;
+    bool usesSandboxedAccess() const override;
+    void bookmarkURL(const Url &URL) override;
+    void removeBookmarkForURL(const Url &URL) override;
+    QStringList bookmarkDictionaryKeys() const override;
+    bool isVolumeMountedAtPath(const QString &path) const override;
+
+private:
+    const ProfileDatabase &m_profile;
+    const std::unique_ptr<EngineLocationsController> m_locationsController;
+    const std::unique_ptr<EngineDispatcher> m_dispatcher;
+    std::shared_ptr<LocalStore> m_localStore;
+};

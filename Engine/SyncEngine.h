@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtCore/QTranslator>
+
+#include "Engine/EngineClasses.h"
+#include "Engine/EngineNoteLibrary.h"
+#include "Engine/EngineSyncPlugin.h"
+#include "Engine/FirstContents.h"
+#include "Engine/ProfileDatabase.h"
+
+/// The whole engine. Registers the host classes while it exists; there is one at a time. Main
+/// thread.
+class SyncEngine {
+public:
+    SyncEngine();
+    /// Waits for what stores still do, so it must not be called while a handler waits for the main
+    /// thread.
+    ~SyncEngine();
+    SyncEngine(const SyncEngine &) = delete;
+    SyncEngine &operator=(const SyncEngine &) = delete;
+
+    /// As SyncPlugIn says; `contents` is for a new profile.
+    std::optional<Error> openProfile(const QString &directory,
+                                     FirstContents contents = FirstContents::Welcome);
+    /// nullptr while no profile is open.
+    EngineNoteLibrary *library() { return m_isOpen ? &m_library : nullptr; }
+    EngineSyncPlugin &plugin() { return m_plugin; }
+    const ProfileDatabase &profile() const { return m_profile; }
+
+private:
+    std::optional<Error> load();
+    void installTranslation();
+
+    QTranslator m_translator;
+    ProfileDatabase m_profile;
+    EngineNoteLibrary m_library;
+    EngineSyncPlugin m_plugin;
+    EngineClasses m_classes;
+    bool m_isOpen = false;
+};

@@ -1,0 +1,167 @@
+#include "Host/Notifications.h"
+#include "Platform/Foundation/NotificationCenter.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+class EngineNoteLibraryTest : public QObject {
+    Q_OBJECT
+private:
+    struct Posted {
+        QString name;
+        QObject *object;
+        QString databaseName;
+        qsizetype openCount;
+        bool operator==(const Posted &) const = default;
+    };
+    QList<Posted> m_posted;
+
+private Q_SLOTS:
+    void init() {
+        m_posted.clear();
+        for (const QString &name : {QVSyncPluginDidOpenDatabase, QVSyncPluginDidCloseDatabase,
+                                    QVDatabaseRenamedNotification}) {
+            NotificationCenter::defaultCenter().addObserver(
+                this, name, [this](const Notification &notification) {
+                    m_posted.append({notification.name, notification.object,
+                                     qobject_cast<QVDatabase *>(notification.object)->name(),
+                                     QVDatabase::databases().size()});
+                });
+        }
+    }
+
+    void cleanup() { NotificationCenter::defaultCenter().removeObserver(this); }
+
+    void aNewDatabaseIsOpenAndPosted() {
+        TestHost host;
+        QSignalSpy known(&host.library(), &NoteLibrary::knownDatabasesChanged);
+        const auto database = host.addDatabase(QStringLiteral("Letters"));
+        QCOMPARE(known.count(), 1);
+        QVERIFY(database->isOpen() && !database->isInbox());
+        QVERIFY(!database->UUID().isEmpty());
+        QCOMPARE(m_posted, (QList<Posted>{{QVSyncPluginDidOpenDatabase, database.get(),
+                                           QStringLiteral("Letters"), 2}}));
+        QCOMPARE(QVSyncPlugin::databaseForUUID(database->UUID(), false), database);
+        host.restart();
+        QCOMPARE(host.library().knownDatabases().last()->name(), QStringLiteral("Letters"));
+    }
+
+    void theOpenDatabasesHaveTheInboxFirstAndThenTheOldest() {
+        TestHost host;
+        const auto first = host.addDatabase(QStringLiteral("B"));
+        const auto second = host.addDatabase(QStringLiteral("A"));
+        QCOMPARE(QVDatabase::databases(),
+                 (QList<std::shared_ptr<QVDatabase>>{host.inbox(), first, second}));
+        QCOMPARE(NSApp()->inbox(), host.inbox());
+    }
+
+    void closingAndOpeningIsPostedOnceAndKept() {
+        TestHost host;
+        const auto database = host.addDatabase(QStringLiteral("Letters"));
+        m_posted.clear();
+        QSignalSpy open(database.get(), &NoteDatabase::openChanged);
+        host.closeDatabase(database);
+        host.closeDatabase(database);
+        QCOMPARE(open.count(), 1);
+        QVERIFY(!database->isOpen());
+        QCOMPARE(m_posted, (QList<Posted>{{QVSyncPluginDidCloseDatabase, database.get(),
+                                           QStringLiteral("Letters"), 1}}));
+        QVERIFY(!QVSyncPlugin::databaseForUUID(database->UUID(), false));
+        QCOMPARE(QVSyncPlugin::databaseForUUID(database->UUID(), true), database);
+
+        host.restart();
+        const auto reopened = host.library().knownDatabases().last();
+        QVERIFY(!reopened->isOpen());
+        m_posted.clear();
+        host.openDatabase(reopened);
+        host.openDatabase(reopened);
+        QCOMPARE(m_posted, (QList<Posted>{{QVSyncPluginDidOpenDatabase, reopened.get(),
+                                           QStringLiteral("Letters"), 2}}));
+    }
+
+    void renamingAnnouncesPostsAndKeeps() {
+        TestHost host;
+        const auto database = host.addDatabase(QStringLiteral("Letters"));
+        m_posted.clear();
+        QSignalSpy name(database.get(), &QVDatabase::nameChanged);
+        host.renameDatabase(database, QStringLiteral("Post"));
+        QCOMPARE(name.count(), 1);
+        QCOMPARE(m_posted, (QList<Posted>{{QVDatabaseRenamedNotification, database.get(),
+                                           QStringLiteral("Post"), 2}}));
+        host.restart();
+        QCOMPARE(host.library().knownDatabases().last()->name(), QStringLiteral("Post"));
+    }
+
+    void aNameMustNotBeEmpty() {
+        TestHost host;
+        for (const QString &name : {QString(), QStringLiteral(" \t")}) {
+            QVERIFY(host.library().createDatabase(name));
+            QVERIFY(host.library().renameDatabase(host.inbox(), name));
+        }
+        QCOMPARE(host.library().knownDatabases().size(), 1);
+        QCOMPARE(host.inbox()->name(), QStringLiteral("Inbox"));
+        QVERIFY(m_posted.isEmpty());
+    }
+
+    void whatCannotBeWrittenChangesNothing() {
+        TestHost host;
+        const auto database = host.addDatabase(QStringLiteral("Letters"));
+        m_posted.clear();
+        host.makeSavesFail();
+        Note note{{}, QStringLiteral("t"), QStringLiteral("x"), {}};
+        QVERIFY(host.library().createDatabase(QStringLiteral("New")));
+        QVERIFY(host.library().renameDatabase(database, QStringLiteral("Post")));
+        QVERIFY(host.library().closeDatabase(database));
+        QVERIFY(database->saveNote(note));
+        QVERIFY(note.UUID.isEmpty());
+        QCOMPARE(host.library().knownDatabases().size(), 2);
+        QCOMPARE(database->name(), QStringLiteral("Letters"));
+        QVERIFY(database->isOpen());
+        QVERIFY(database->notes().isEmpty());
+        QVERIFY(m_posted.isEmpty());
+    }
+
+    void notesAreKeptInTheOrderInWhichTheyWereAdded() {
+        TestHost host;
+        const auto database = host.addDatabase(QStringLiteral("Letters"));
+        QSignalSpy changed(database.get(), &NoteDatabase::notesChanged);
+        Note first{{},
+                   QStringLiteral("Zoë’s"),
+                   QStringLiteral("Line\nTwo\0three 𝄞"),
+                   QDateTime::fromMSecsSinceEpoch(1234567890123)};
+        Note second{QStringLiteral("own"), {}, {}, {}};
+        QCOMPARE(database->saveNote(first), std::nullopt);
+        QVERIFY(!first.UUID.isEmpty());
+        QCOMPARE(database->saveNote(second), std::nullopt);
+        QCOMPARE(second.UUID, QStringLiteral("own"));
+        first.title = QStringLiteral("Changed");
+        QCOMPARE(database->saveNote(first), std::nullopt);
+        QCOMPARE(changed.count(), 3);
+        QCOMPARE(database->notes(), (QList<Note>{first, second}));
+        host.restart();
+        const auto again = host.library().knownDatabases().last();
+        QCOMPARE(again->notes(), (QList<Note>{first, second}));
+        QCOMPARE(again->removeNote(first.UUID), std::nullopt);
+        QCOMPARE(again->removeNote(QStringLiteral("none")), std::nullopt);
+        QCOMPARE(again->notes(), (QList<Note>{second}));
+        QVERIFY(host.inbox()->notes().isEmpty());
+    }
+
+    void twoDatabasesMayHoldNotesOfOneUUID() {
+        TestHost host;
+        const auto database = host.addDatabase(QStringLiteral("Letters"));
+        Note note{QStringLiteral("same"), QStringLiteral("a"), {}, {}};
+        QCOMPARE(database->saveNote(note), std::nullopt);
+        note.title = QStringLiteral("b");
+        QCOMPARE(host.inbox()->saveNote(note), std::nullopt);
+        QCOMPARE(database->notes().first().title, QStringLiteral("a"));
+    }
+
+    void aDatabaseThatNobodyKnowsIsNotFound() {
+        TestHost host;
+        QVERIFY(!QVSyncPlugin::databaseForUUID(QStringLiteral("@inbox"), true));
+        QVERIFY(!QVSyncPlugin::databaseForUUID(QString(), true));
+    }
+};
+
+VELMORA_TEST_MAIN(EngineNoteLibraryTest)
+#include "EngineNoteLibraryTest.moc"

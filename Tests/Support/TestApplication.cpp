@@ -1,0 +1,23 @@
+#include "Support/TestApplication.h"
+
+#include "Engine/SyncEngine.h"
+
+TestApplication::TestApplication() {
+    setNSApp(this);
+}
+
+TestApplication::~TestApplication() {
+    setNSApp(nullptr);
+}
+
+std::shared_ptr<QVDatabase> TestApplication::inbox() const {
+    return m_engine && m_engine->library() ? m_engine->library()->inbox() : nullptr;
+}
+
+void TestApplication::logItemCmd(const QString &title, const QString &info) {
+    m_logEntries.append({title, info});
+}
+
+void TestApplication::presentError(const Error &error) {
+    m_presentedErrors.append(error);
+}

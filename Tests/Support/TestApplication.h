@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QtCore/QList>
+
+#include "Host/QVApplication.h"
+
+class SyncEngine;
+
+/// The application object of a test: it keeps what it was told.
+class TestApplication : public QVApplication {
+public:
+    struct LogEntry {
+        QString title;
+        QString info;
+        bool operator==(const LogEntry &) const = default;
+    };
+
+    /// Becomes NSApp while it exists.
+    TestApplication();
+    ~TestApplication() override;
+
+    void setEngine(SyncEngine *engine) { m_engine = engine; }
+    const QList<Error> &presentedErrors() const { return m_presentedErrors; }
+    const QList<LogEntry> &logEntries() const { return m_logEntries; }
+
+    std::shared_ptr<QVDatabase> inbox() const override;
+    void logItemCmd(const QString &title, const QString &info) override;
+    void presentError(const Error &error) override;
+
+private:
+    SyncEngine *m_engine = nullptr;
+    QList<Error> m_presentedErrors;
+    QList<LogEntry> m_logEntries;
+};
