@@ -28,7 +28,8 @@ namespace {
 constexpr const char *sourceFile = "Model/Categories/NSData+CommonCrypto";
 
 bool isBytesOrString(const QVariant &value) {
-    return value.typeId() == QMetaType::QByteArray || value.typeId() == QMetaType::QString;
+    const int type = value.typeId();
+    return type == QMetaType::QByteArray || type == QMetaType::QString;
 }
 
 const uint8_t *bytesOf(const QByteArray &data) {
@@ -62,18 +63,29 @@ public:
             QStringEncoder encoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless);
             m_bytes.resize(encoder.requiredSpace(text.size()));
             char *const start = reinterpret_cast<char *>(m_bytes.data());
-            m_bytes.resize(encoder.appendToBuffer(start, text) - start);
+            setSize(static_cast<size_t>(encoder.appendToBuffer(start, text) - start));
         }
     }
-    ~SecretBytes() { explicit_bzero(m_bytes.data(), static_cast<size_t>(m_bytes.capacity())); }
+    ~SecretBytes() { wipeFrom(0); }
     Q_DISABLE_COPY_MOVE(SecretBytes)
 
     const uint8_t *data() const { return m_bytes.constData(); }
     size_t size() const { return static_cast<size_t>(m_bytes.size()); }
     /// Lengthens by zero bytes, or cuts the tail.
-    void setSize(size_t size) { m_bytes.resize(static_cast<qsizetype>(size), 0); }
+    void setSize(size_t newSize) {
+        const size_t oldSize = size();
+        if (newSize < oldSize) {
+            wipeFrom(newSize);
+        }
+        m_bytes.resize(static_cast<qsizetype>(newSize));
+        if (newSize > oldSize) {
+            std::fill(m_bytes.begin() + oldSize, m_bytes.end(), 0);
+        }
+    }
 
 private:
+    void wipeFrom(size_t start) { explicit_bzero(m_bytes.data() + start, size() - start); }
+
     /// Every length that a cipher's key can be lengthened to fits without a second allocation,
     /// which would leave the first one unwiped.
     QVarLengthArray<uint8_t, 512> m_bytes;
@@ -116,18 +128,18 @@ union BlockContext {
 };
 
 using SetKey = void(BlockContext &context, const SecretBytes &key);
-/// Enciphers whole blocks in a chain and leaves in `iv` what continues it.
 using EncryptChain = void(const BlockContext &context, uint8_t *iv, size_t length, uint8_t *result,
                           const uint8_t *data);
 
-/// What Nettle has for a cipher. `encrypt` and `decrypt` take a BlockContext and work on each block
-/// by itself.
+/// What Nettle has for a cipher.
 struct BlockCipher {
     size_t blockSize;
     SetKey *setEncryptKey;
     SetKey *setDecryptKey;
+    /// Both work on each block by itself.
     nettle_cipher_func *encrypt;
     nettle_cipher_func *decrypt;
+    /// Faster than `encrypt` called for one block of the chain after another; not every cipher's.
     EncryptChain *encryptChain;
 };
 
@@ -142,73 +154,62 @@ void setCASTKey(BlockContext &context, const SecretBytes &key) {
 }
 
 template <auto member, auto function>
-void crypt(const void *context, size_t length, uint8_t *result, const uint8_t *data) {
-    function(&(static_cast<const BlockContext *>(context)->*member), length, result, data);
-}
-
-template <auto member, auto function>
 void encryptChain(const BlockContext &context, uint8_t *iv, size_t length, uint8_t *result,
                   const uint8_t *data) {
     function(&(context.*member), iv, length, result, data);
 }
 
-template <nettle_cipher_func *encrypt, size_t blockSize>
-void encryptChainByBlocks(const BlockContext &context, uint8_t *iv, size_t length, uint8_t *result,
-                          const uint8_t *data) {
-    cbc_encrypt(&context, encrypt, blockSize, iv, length, result, data);
+/// Nettle passes its ciphers around in this type, and so do its macros for chaining. A function in
+/// between, once a block, would cost a tenth of the time.
+template <typename Context>
+nettle_cipher_func *anyCipher(void (*function)(const Context *, size_t, uint8_t *,
+                                               const uint8_t *)) {
+    return reinterpret_cast<nettle_cipher_func *>(function);
 }
 
-constexpr auto aes128 = &BlockContext::aes128;
-constexpr auto aes192 = &BlockContext::aes192;
-constexpr auto aes256 = &BlockContext::aes256;
-constexpr auto des = &BlockContext::des;
-constexpr auto tripleDES = &BlockContext::tripleDES;
-constexpr auto cast = &BlockContext::cast;
-
-constexpr BlockCipher aes128Cipher = {
+const BlockCipher aes128Cipher = {
     AES_BLOCK_SIZE,
-    setKey<aes128, aes128_set_encrypt_key>,
-    setKey<aes128, aes128_set_decrypt_key>,
-    crypt<aes128, aes128_encrypt>,
-    crypt<aes128, aes128_decrypt>,
-    encryptChain<aes128, cbc_aes128_encrypt>,
+    setKey<&BlockContext::aes128, aes128_set_encrypt_key>,
+    setKey<&BlockContext::aes128, aes128_set_decrypt_key>,
+    anyCipher(aes128_encrypt),
+    anyCipher(aes128_decrypt),
+    encryptChain<&BlockContext::aes128, cbc_aes128_encrypt>,
 };
-constexpr BlockCipher aes192Cipher = {
+const BlockCipher aes192Cipher = {
     AES_BLOCK_SIZE,
-    setKey<aes192, aes192_set_encrypt_key>,
-    setKey<aes192, aes192_set_decrypt_key>,
-    crypt<aes192, aes192_encrypt>,
-    crypt<aes192, aes192_decrypt>,
-    encryptChain<aes192, cbc_aes192_encrypt>,
+    setKey<&BlockContext::aes192, aes192_set_encrypt_key>,
+    setKey<&BlockContext::aes192, aes192_set_decrypt_key>,
+    anyCipher(aes192_encrypt),
+    anyCipher(aes192_decrypt),
+    encryptChain<&BlockContext::aes192, cbc_aes192_encrypt>,
 };
-constexpr BlockCipher aes256Cipher = {
+const BlockCipher aes256Cipher = {
     AES_BLOCK_SIZE,
-    setKey<aes256, aes256_set_encrypt_key>,
-    setKey<aes256, aes256_set_decrypt_key>,
-    crypt<aes256, aes256_encrypt>,
-    crypt<aes256, aes256_decrypt>,
-    encryptChain<aes256, cbc_aes256_encrypt>,
+    setKey<&BlockContext::aes256, aes256_set_encrypt_key>,
+    setKey<&BlockContext::aes256, aes256_set_decrypt_key>,
+    anyCipher(aes256_encrypt),
+    anyCipher(aes256_decrypt),
+    encryptChain<&BlockContext::aes256, cbc_aes256_encrypt>,
 };
-constexpr BlockCipher desCipher = {
-    DES_BLOCK_SIZE,           setKey<des, des_set_key>,
-    setKey<des, des_set_key>, crypt<des, des_encrypt>,
-    crypt<des, des_decrypt>,  encryptChainByBlocks<crypt<des, des_encrypt>, DES_BLOCK_SIZE>,
+const BlockCipher desCipher = {
+    DES_BLOCK_SIZE,
+    setKey<&BlockContext::des, des_set_key>,
+    setKey<&BlockContext::des, des_set_key>,
+    anyCipher(des_encrypt),
+    anyCipher(des_decrypt),
+    nullptr,
 };
-constexpr BlockCipher tripleDESCipher = {
+const BlockCipher tripleDESCipher = {
     DES3_BLOCK_SIZE,
-    setKey<tripleDES, des3_set_key>,
-    setKey<tripleDES, des3_set_key>,
-    crypt<tripleDES, des3_encrypt>,
-    crypt<tripleDES, des3_decrypt>,
-    encryptChainByBlocks<crypt<tripleDES, des3_encrypt>, DES3_BLOCK_SIZE>,
+    setKey<&BlockContext::tripleDES, des3_set_key>,
+    setKey<&BlockContext::tripleDES, des3_set_key>,
+    anyCipher(des3_encrypt),
+    anyCipher(des3_decrypt),
+    nullptr,
 };
-constexpr BlockCipher castCipher = {
-    CAST128_BLOCK_SIZE,
-    setCASTKey,
-    setCASTKey,
-    crypt<cast, cast128_encrypt>,
-    crypt<cast, cast128_decrypt>,
-    encryptChainByBlocks<crypt<cast, cast128_encrypt>, CAST128_BLOCK_SIZE>,
+const BlockCipher castCipher = {
+    CAST128_BLOCK_SIZE,         setCASTKey, setCASTKey, anyCipher(cast128_encrypt),
+    anyCipher(cast128_decrypt), nullptr,
 };
 
 /// The cipher for a key whose length has been fixed; none for RC4 and unknown algorithms.
@@ -311,16 +312,20 @@ private:
         return {std::move(result)};
     }
 
-    /// `length` is a whole number of blocks; the buffers are the same or apart.
+    /// `length` is a whole number of blocks; the buffers are the same or apart. What continues the
+    /// chain is left in the initialization vector.
     void cryptBlocks(uint8_t *result, const uint8_t *data, size_t length) {
         const BlockContext &context = m_context.value;
+        const bool encrypts = m_direction == Direction::Encrypt;
         if (!m_isChained) {
-            const bool encrypts = m_direction == Direction::Encrypt;
             (encrypts ? m_cipher.encrypt : m_cipher.decrypt)(&context, length, result, data);
-        } else if (m_direction == Direction::Encrypt) {
+        } else if (!encrypts) {
+            cbc_decrypt(&context, m_cipher.decrypt, m_cipher.blockSize, m_iv.data(), length, result,
+                        data);
+        } else if (m_cipher.encryptChain != nullptr) {
             m_cipher.encryptChain(context, m_iv.data(), length, result, data);
         } else {
-            cbc_decrypt(&context, m_cipher.decrypt, m_cipher.blockSize, m_iv.data(), length, result,
+            cbc_encrypt(&context, m_cipher.encrypt, m_cipher.blockSize, m_iv.data(), length, result,
                         data);
         }
     }
@@ -329,7 +334,8 @@ private:
     const Direction m_direction;
     const bool m_isChained;
     const bool m_isPadded;
-    std::array<uint8_t, maximalBlockSize> m_iv = {};
+    /// Aligned, for chaining adds it to each block a word at a time.
+    alignas(maximalBlockSize) std::array<uint8_t, maximalBlockSize> m_iv = {};
     Wiped<BlockContext> m_context;
 };
 
