@@ -12,16 +12,20 @@ QString makeReport(const QString &message, const QString &method, const QString 
     return QStringLiteral("%1 (in %2, %3)").arg(message, method, place);
 }
 
+void report(const char *reason) {
+    std::fprintf(stderr, "Velmora stopped because of %s\n", reason);
+}
+
 [[noreturn]] void reportAndAbort() {
-    if (const std::exception_ptr exception = std::current_exception()) {
-        try {
+    try {
+        if (const std::exception_ptr exception = std::current_exception()) {
             std::rethrow_exception(exception);
-        } catch (const std::exception &error) {
-            std::fprintf(stderr, "Velmora stopped because of a programming error: %s\n",
-                         error.what());
-        } catch (...) {
-            std::fputs("Velmora stopped because of an unknown programming error.\n", stderr);
         }
+        report("an unknown programming error.");
+    } catch (const std::exception &error) {
+        report((std::string("a programming error: ") + error.what()).c_str());
+    } catch (...) {
+        report("an unknown programming error.");
     }
     std::abort();
 }

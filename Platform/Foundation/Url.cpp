@@ -1,37 +1,95 @@
 #include "Platform/Foundation/Url.h"
 
-#include <QtCore/QRegularExpression>
-#include <QtCore/QUrl>
-#include <QtNetwork/QHostAddress>
+#include <arpa/inet.h>
 
-// The grammar is RFC 3986, appendix A.
-#define UNRESERVED "A-Za-z0-9\\-._~"
-#define SUB_DELIMS "!$&'()*+,;="
-#define ESCAPE "%[0-9A-Fa-f]{2}"
-#define PCHAR "(?:[" UNRESERVED SUB_DELIMS ":@]|" ESCAPE ")"
+#include <QtCore/QUrl>
+#include <algorithm>
+#include <array>
+
+// The names of the grammar's parts are those of RFC 3986, appendix A. Every function here looks at
+// each character a fixed number of times.
 
 namespace {
 
-const QRegularExpression &urlGrammar() {
-    static const QRegularExpression grammar(
-        QStringLiteral("\\A(?<scheme>[A-Za-z][A-Za-z0-9+\\-.]*):"
-                       "(?://(?<authority>[^/?#]*)(?<path>(?:/" PCHAR "*)*)"
-                       "|(?<bare>/?(?:" PCHAR "+(?:/" PCHAR "*)*)?))"
-                       "(?:\\?(?:" PCHAR "|[/?])*)?(?:#(?:" PCHAR "|[/?])*)?\\z"));
-    return grammar;
+constexpr char subDelims[] = "!$&'()*+,;=";
+
+bool isOneOf(QChar c, const char *characters) {
+    return QLatin1StringView(characters).contains(c);
 }
 
-const QRegularExpression &authorityGrammar() {
-    static const QRegularExpression grammar(QStringLiteral(
-        "\\A(?:(?<user>(?:[" UNRESERVED SUB_DELIMS "]|" ESCAPE
-        ")*)(?<password>:(?:[" UNRESERVED SUB_DELIMS ":]|" ESCAPE
-        ")*)?@)?(?:\\[(?<address>[0-9A-Fa-f:.]+)\\]|(?<name>(?:[" UNRESERVED SUB_DELIMS "]|" ESCAPE
-        ")*))(?::(?<port>[0-9]*))?\\z"));
-    return grammar;
+bool isAlpha(QChar c) {
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
+}
+
+bool isDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
+bool isHexDigit(QChar c) {
+    return isDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
+}
+
+bool isUnreserved(QChar c) {
+    return isAlpha(c) || isDigit(c) || isOneOf(c, "-._~");
+}
+
+/// Whether `text` is made of unreserved characters, sub-delims, percent escapes and characters of
+/// `others`.
+bool isEscapedText(QStringView text, const char *others) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c == u'%') {
+            if (i + 2 >= text.size() || !isHexDigit(text[i + 1]) || !isHexDigit(text[i + 2])) {
+                return false;
+            }
+            i += 2;
+        } else if (!isUnreserved(c) && !isOneOf(c, subDelims) && !isOneOf(c, others)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool isVisibleAscii(QChar c) {
+    return c > u' ' && c < QChar(0x7F);
+}
+
+bool isScheme(QStringView text) {
+    return !text.isEmpty() && isAlpha(text.front()) &&
+           std::all_of(text.begin(), text.end(),
+                       [](QChar c) { return isAlpha(c) || isDigit(c) || isOneOf(c, "+-."); });
+}
+
+bool isIPv6Address(QStringView text) {
+    std::array<unsigned char, sizeof(in6_addr)> address{};
+    return inet_pton(AF_INET6, text.toLatin1().constData(), address.data()) == 1;
+}
+
+bool isIPvFuture(QStringView text) {
+    const auto point = text.indexOf(u'.');
+    if (point < 2 || point + 1 == text.size() || text.front().toLower() != u'v') {
+        return false;
+    }
+    const QStringView version = text.first(point).sliced(1);
+    const QStringView address = text.sliced(point + 1);
+    return std::all_of(version.begin(), version.end(), isHexDigit) && !address.contains(u'%') &&
+           isEscapedText(address, ":");
+}
+
+/// Cuts the first `separator` and what follows it off `text` and returns what follows it; a null
+/// view where there is none.
+QStringView cutAfter(QStringView &text, QChar separator) {
+    const auto at = text.indexOf(separator);
+    if (at < 0) {
+        return {};
+    }
+    const QStringView rest = text.sliced(at + 1);
+    text.truncate(at);
+    return rest;
 }
 
 QString decoded(QStringView text) {
-    return QUrl::fromPercentEncoding(text.toUtf8());
+    return QUrl::fromPercentEncoding(text.toLatin1());
 }
 
 }  // namespace
@@ -46,7 +104,7 @@ Url Url::fileURL(const QString &path) {
         return {};
     }
     return fromString(QLatin1StringView("file://") +
-                      QString::fromLatin1(QUrl::toPercentEncoding(path, "/" SUB_DELIMS ":@")));
+                      QString::fromLatin1(QUrl::toPercentEncoding(path, "/!$&'()*+,;=:@")));
 }
 
 bool Url::isFileURL() const {
@@ -62,37 +120,73 @@ QString Url::stringWithoutPassword() const {
 }
 
 bool Url::parse(const QString &text) {
-    const QRegularExpressionMatch match = urlGrammar().match(text);
-    if (!match.hasMatch() || !parseAuthority(match.captured(QStringLiteral("authority")))) {
+    if (!std::all_of(text.begin(), text.end(), isVisibleAscii)) {
+        return false;
+    }
+    QStringView rest = text;
+    const QStringView fragment = cutAfter(rest, u'#');
+    const QStringView query = cutAfter(rest, u'?');
+    QStringView scheme = rest;
+    const QStringView hierarchy = cutAfter(scheme, u':');
+    if (hierarchy.isNull() || !isScheme(scheme) || !isEscapedText(query, ":@/?") ||
+        !isEscapedText(fragment, ":@/?")) {
         return false;
     }
     m_text = text;
-    m_scheme = match.captured(QStringLiteral("scheme"));
-    m_path =
-        decoded(match.captured(QStringLiteral("path")) + match.captured(QStringLiteral("bare")));
+    m_scheme = scheme.toString();
+    if (!hierarchy.startsWith(QLatin1StringView("//"))) {
+        return parsePath(hierarchy);
+    }
+    const auto end = hierarchy.indexOf(u'/', 2);
+    const QStringView authority = hierarchy.sliced(2, (end < 0 ? hierarchy.size() : end) - 2);
+    return parseAuthority(authority) && parsePath(hierarchy.sliced(2 + authority.size()));
+}
+
+bool Url::parseAuthority(QStringView authority) {
+    QStringView hostAndPort = authority;
+    if (const auto at = authority.indexOf(u'@'); at >= 0) {
+        QStringView user = authority.first(at);
+        const QStringView password = cutAfter(user, u':');
+        if (!isEscapedText(user, "") || !isEscapedText(password, ":")) {
+            return false;
+        }
+        m_user = decoded(user);
+        hostAndPort = authority.sliced(at + 1);
+    }
+    return parseHostAndPort(hostAndPort);
+}
+
+bool Url::parseHostAndPort(QStringView text) {
+    if (!text.startsWith(u'[')) {
+        const QStringView port = cutAfter(text, u':');
+        m_host = decoded(text);
+        return isEscapedText(text, "") && parsePort(port);
+    }
+    QStringView address = text.sliced(1);
+    const QStringView afterBracket = cutAfter(address, u']');
+    if (!isIPv6Address(address) && !isIPvFuture(address)) {
+        return false;
+    }
+    m_host = address.toString();
+    if (afterBracket.isEmpty()) {
+        return text.endsWith(u']');
+    }
+    return afterBracket.startsWith(u':') && parsePort(afterBracket.sliced(1));
+}
+
+bool Url::parsePort(QStringView text) {
+    if (text.isEmpty()) {
+        return true;
+    }
+    bool isInRange = false;
+    m_port = text.toUShort(&isInRange);
+    return isInRange && std::all_of(text.begin(), text.end(), isDigit);
+}
+
+bool Url::parsePath(QStringView text) {
+    m_path = decoded(text);
     while (m_path.size() > 1 && m_path.endsWith(u'/')) {
         m_path.chop(1);
     }
-    return true;
-}
-
-bool Url::parseAuthority(const QString &authority) {
-    const QRegularExpressionMatch match = authorityGrammar().match(authority);
-    if (!match.hasMatch()) {
-        return false;
-    }
-    m_user = decoded(match.captured(QStringLiteral("user")));
-    m_host = decoded(match.captured(QStringLiteral("name")));
-    if (const QString address = match.captured(QStringLiteral("address")); !address.isEmpty()) {
-        if (QHostAddress(address).protocol() != QHostAddress::IPv6Protocol) {
-            return false;
-        }
-        m_host = address;
-    }
-    if (const QString port = match.captured(QStringLiteral("port")); !port.isEmpty()) {
-        bool isInRange = false;
-        m_port = port.toUShort(&isInRange);
-        return isInRange;
-    }
-    return true;
+    return isEscapedText(text, ":@/");
 }

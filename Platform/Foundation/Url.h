@@ -9,7 +9,7 @@
 /// An absolute URL as RFC 3986 has it, or nil. A value. It keeps its exact text, the case of scheme
 /// and host included, and two are equal when their texts are. Parsing is strict: what the grammar
 /// does not allow, a bare blank or a second port for example, gives a nil URL; so does a port above
-/// 65535.
+/// 65535. A text of any length is parsed, in time proportional to it.
 class PLATFORM_EXPORT Url {
 public:
     /// nil
@@ -29,7 +29,7 @@ public:
     QString scheme() const { return m_scheme; }
     /// Percent escapes decoded; empty where there is none.
     QString user() const { return m_user; }
-    /// Percent escapes decoded; an IPv6 address without its brackets; empty where there is none.
+    /// Percent escapes decoded; an IP address in brackets without them; empty where there is none.
     QString host() const { return m_host; }
     std::optional<quint16> port() const { return m_port; }
     /// Percent escapes decoded, without a "/" at the end (but for the root); empty where there is
@@ -40,7 +40,10 @@ public:
 
 private:
     bool parse(const QString &text);
-    bool parseAuthority(const QString &authority);
+    bool parseAuthority(QStringView authority);
+    bool parseHostAndPort(QStringView text);
+    bool parsePort(QStringView text);
+    bool parsePath(QStringView text);
 
     QString m_text;
     QString m_scheme;

@@ -30,9 +30,16 @@ KeyPaths declaredDependencies(QObject *object, const QByteArray &key) {
     name[0] = QChar::fromLatin1(name[0]).toUpper().toLatin1();
     const int index = meta->indexOfMethod("keyPathsForValuesAffecting" + name + "()");
     KeyPaths result;
-    if (index >= 0 && meta->method(index).returnMetaType() == QMetaType::fromType<KeyPaths>()) {
-        void *arguments[] = {&result};
-        QMetaObject::metacall(object, QMetaObject::InvokeMetaMethod, index, arguments);
+    if (index < 0) {
+        return result;
+    }
+    requireParameter(meta->method(index).returnMetaType() == QMetaType::fromType<KeyPaths>(),
+                     "key paths are declared as KeyValue::KeyPaths", meta->method(index).name(),
+                     meta->className());
+    void *arguments[] = {&result};
+    QMetaObject::metacall(object, QMetaObject::InvokeMetaMethod, index, arguments);
+    for (const QByteArray &path : std::as_const(result)) {
+        requireProperty(object, splitKeyPath(path).key);
     }
     return result;
 }
@@ -49,35 +56,58 @@ Dependencies dependenciesOfClass(QObject *object) {
     return dependencies;
 }
 
-/// The keys that depend on `source` (a key or a key path) or on a path through it, in declared
-/// order.
+/// The keys that depend on one of `sources` (keys or a key path) or on a path through it, in
+/// declared order.
 QByteArrayList directDependents(const QMetaObject *meta, const Dependencies &dependencies,
-                                const QByteArray &source) {
+                                const QByteArrayList &sources) {
+    const auto isAffected = [&](const QByteArray &path) {
+        return std::any_of(sources.begin(), sources.end(), [&](const QByteArray &source) {
+            return path == source || path.startsWith(source + '.');
+        });
+    };
     QByteArrayList result;
     for (int i = 0; i < meta->propertyCount(); ++i) {
         const QByteArray key = meta->property(i).name();
         const KeyPaths paths = dependencies.value(key);
-        const bool depends = std::any_of(paths.begin(), paths.end(), [&](const QByteArray &path) {
-            return path == source || path.startsWith(source + '.');
-        });
-        if (depends && !result.contains(key)) {
+        if (std::any_of(paths.begin(), paths.end(), isAffected)) {
             result.append(key);
         }
     }
     return result;
 }
 
-/// Appends to `order` the dependents of `source` and theirs, each after all that depend on it:
-/// reversed, that puts every key after what it depends on.
+/// The keys whose NOTIFY is the method of that index.
+QByteArrayList keysAnnouncedBy(const QMetaObject *meta, int signalIndex) {
+    QByteArrayList keys;
+    for (int i = 0; i < meta->propertyCount(); ++i) {
+        if (meta->property(i).notifySignalIndex() == signalIndex) {
+            keys.append(meta->property(i).name());
+        }
+    }
+    return keys;
+}
+
+/// `key` and those that share its NOTIFY: they are announced together.
+QByteArrayList keysAnnouncedWith(const QMetaObject *meta, const QByteArray &key) {
+    const int signalIndex =
+        meta->property(meta->indexOfProperty(key.constData())).notifySignalIndex();
+    return signalIndex < 0 ? QByteArrayList{key} : keysAnnouncedBy(meta, signalIndex);
+}
+
+/// Appends to `order` the dependents of `sources` and theirs, each after all that depend on it:
+/// reversed, that puts every key after what it depends on. Leaves out what was `seen`.
 void collectDependents(const QMetaObject *meta, const Dependencies &dependencies,
-                       const QByteArray &source, QByteArrayList &order) {
-    QByteArrayList dependents = directDependents(meta, dependencies, source);
+                       const QByteArrayList &sources, KeyPaths &seen, QByteArrayList &order) {
+    QByteArrayList dependents = directDependents(meta, dependencies, sources);
     std::reverse(dependents.begin(), dependents.end());
     for (const QByteArray &key : std::as_const(dependents)) {
-        if (!order.contains(key)) {
-            collectDependents(meta, dependencies, key, order);
-            order.append(key);
+        if (seen.contains(key)) {
+            continue;
         }
+        const QByteArrayList together = keysAnnouncedWith(meta, key);
+        seen.unite({together.begin(), together.end()});
+        collectDependents(meta, dependencies, together, seen, order);
+        order.append(key);
     }
 }
 
@@ -113,6 +143,8 @@ private:
             return;
         }
         const QMetaMethod method = property.notifySignal();
+        requireParameter(method.parameterCount() == 0, "a NOTIFY signal has no arguments",
+                         method.name(), "Platform/KeyValue/Announcement");
         const QMetaObject *declaring = method.enclosingMetaObject();
         const Signal signal{declaring, method.methodIndex() - declaring->methodOffset()};
         if (std::find(m_signals.begin(), m_signals.end(), signal) == m_signals.end()) {
@@ -131,46 +163,43 @@ private:
 
 namespace {
 
-/// The plan for a change at `source`: of that key itself, where it is one, and of its dependents.
-AnnouncementPlan makePlan(QObject *object, const QByteArray &source) {
-    const QMetaObject *meta = object->metaObject();
+/// The plan for a change of `sources`: keys of that class, which are announced too, or a key path.
+AnnouncementPlan makePlan(QObject *object, const QByteArrayList &sources) {
+    KeyPaths seen(sources.begin(), sources.end());
     QByteArrayList keys;
-    collectDependents(meta, dependenciesOfClass(object), source, keys);
-    if (!source.contains('.')) {
-        keys.append(source);
+    collectDependents(object->metaObject(), dependenciesOfClass(object), sources, seen, keys);
+    if (!sources.constFirst().contains('.')) {
+        keys.append(sources.constFirst());
     }
     std::reverse(keys.begin(), keys.end());
     return {object, keys};
 }
 
 /// The plans of all classes, made when first needed.
-const AnnouncementPlan *cachedPlan(QObject *object, const QByteArray &source) {
-    using Key = std::pair<const QMetaObject *, QByteArray>;
+const AnnouncementPlan *cachedPlan(QObject *object, const QByteArrayList &sources) {
+    using Key = std::pair<const QMetaObject *, QByteArrayList>;
     static QMutex mutex;
     static std::map<Key, std::unique_ptr<const AnnouncementPlan>> plans;
     const QMutexLocker lock(&mutex);
-    auto &plan = plans[{object->metaObject(), source}];
+    auto &plan = plans[{object->metaObject(), sources}];
     if (!plan) {
-        plan = std::make_unique<const AnnouncementPlan>(makePlan(object, source));
+        plan = std::make_unique<const AnnouncementPlan>(makePlan(object, sources));
     }
     return plan.get();
-}
-
-QByteArray keyAnnouncedBy(const QMetaObject *meta, const QMetaMethod &signal) {
-    for (int i = 0; i < meta->propertyCount(); ++i) {
-        if (meta->property(i).notifySignalIndex() == signal.methodIndex()) {
-            return meta->property(i).name();
-        }
-    }
-    failAssertion(QStringLiteral("No key of %1 is announced by %2")
-                      .arg(QLatin1StringView(meta->className()), QString::fromUtf8(signal.name())),
-                  "KeyValue::announce", "Platform/KeyValue/Announcement");
 }
 
 }  // namespace
 
 const AnnouncementPlan *announcementPlan(QObject *object, const QMetaMethod &signal) {
-    return cachedPlan(object, keyAnnouncedBy(object->metaObject(), signal));
+    const QMetaObject *meta = object->metaObject();
+    const QByteArrayList keys = keysAnnouncedBy(meta, signal.methodIndex());
+    if (keys.isEmpty()) {
+        failAssertion(
+            QStringLiteral("No key of %1 is announced by %2")
+                .arg(QLatin1StringView(meta->className()), QString::fromUtf8(signal.name())),
+            "KeyValue::announce", "Platform/KeyValue/Announcement");
+    }
+    return cachedPlan(object, keys);
 }
 
 bool isPlanFor(const AnnouncementPlan *plan, const QObject *object) {
@@ -195,7 +224,7 @@ void followDependencies(QObject *object) {
 
     for (const QByteArray &path : std::as_const(paths)) {
         const auto [head, rest] = splitKeyPath(path);
-        new DependencyFollower(object, head, rest, cachedPlan(object, path));
+        new DependencyFollower(object, head, rest, cachedPlan(object, {path}));
     }
 }
 

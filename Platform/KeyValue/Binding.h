@@ -19,7 +19,8 @@ enum class Direction {
 /// Makes `key` of `target` follow `keyPath` of `observed`: sets it now and after each announcement.
 /// The binding belongs to `target` and ends with `unbind`, with `target`, or quietly with
 /// `observed`. BothWays writes the target's value to the model when the target announces one that
-/// differs, and then shows what the model made of it.
+/// differs, and shows what the model made of it where that differs in turn; it takes no
+/// transformer. What cannot be bound raises an AssertionFailure and leaves no binding.
 PLATFORM_EXPORT void bind(QObject *target, const QByteArray &key, QObject *observed,
                           const QByteArray &keyPath, const QVariantMap &options = {},
                           Direction direction = Direction::FromModel);

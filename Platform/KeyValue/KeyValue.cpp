@@ -5,6 +5,7 @@
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Url.h"
 #include "Platform/KeyValue/KeyPath.h"
 
 namespace KeyValue {
@@ -16,6 +17,7 @@ SplitKeyPath splitKeyPath(const QByteArray &keyPath) {
 }
 
 QMetaProperty requireProperty(const QObject *object, const QByteArray &key) {
+    requireParameter(object, "object != nil", "KeyValue", "Platform/KeyValue/KeyValue");
     const QMetaObject *meta = object->metaObject();
     const int index = meta->indexOfProperty(key.constData());
     if (index < 0) {
@@ -45,46 +47,59 @@ bool isAbsent(const QVariant &value) {
     if (type == QMetaType::fromType<QDateTime>()) {
         return !value.toDateTime().isValid();
     }
+    if (type == QMetaType::fromType<Url>()) {
+        return value.value<Url>().isNil();
+    }
     const bool holdsObject =
         (type.flags() & QMetaType::PointerToQObject) || value.canConvert<QObject *>();
     return holdsObject && objectValue(value) == nullptr;
 }
 
+QObject *objectAt(const QObject *object, const QByteArray &key) {
+    const QVariant held = requireProperty(object, key).read(object);
+    QObject *result = objectValue(held);
+    if (!result && !isAbsent(held)) {
+        failAssertion(
+            QStringLiteral("The key \"%1\" of %2 holds no object but a %3")
+                .arg(QString::fromUtf8(key), QLatin1StringView(object->metaObject()->className()),
+                     QLatin1StringView(held.typeName())),
+            "KeyValue", "Platform/KeyValue/KeyValue");
+    }
+    return result;
+}
+
 QVariant value(const QObject *object, const QByteArray &keyPath) {
     const auto [key, rest] = splitKeyPath(keyPath);
-    const QVariant first = requireProperty(object, key).read(object);
     if (rest.isEmpty()) {
-        return first;
+        return requireProperty(object, key).read(object);
     }
-    const QObject *next = objectValue(first);
+    const QObject *next = objectAt(object, key);
     return next ? value(next, rest) : QVariant();
 }
 
 void setValue(QObject *object, const QByteArray &keyPath, const QVariant &newValue) {
     const auto [key, rest] = splitKeyPath(keyPath);
-    const QMetaProperty property = requireProperty(object, key);
     if (!rest.isEmpty()) {
-        if (QObject *next = objectValue(property.read(object))) {
+        if (QObject *next = objectAt(object, key)) {
             setValue(next, rest, newValue);
         }
         return;
     }
-    const QVariant typed = newValue.isValid() ? newValue : QVariant(property.metaType());
-    if (!property.write(object, typed)) {
-        failAssertion(QStringLiteral("A value of type %1 cannot be set for the key \"%2\" of %3")
-                          .arg(QLatin1StringView(typed.typeName()), QString::fromUtf8(key),
-                               QLatin1StringView(object->metaObject()->className())),
-                      "KeyValue::setValue", "Platform/KeyValue/KeyValue");
+    const QLatin1StringView className(object ? object->metaObject()->className() : "");
+    if (!requireProperty(object, key).write(object, newValue)) {
+        failAssertion(
+            QStringLiteral("A value of type %1 cannot be set for the key \"%2\" of %3")
+                .arg(QLatin1StringView(newValue.typeName()), QString::fromUtf8(key), className),
+            "KeyValue::setValue", "Platform/KeyValue/KeyValue");
     }
 }
 
 bool isWritable(const QObject *object, const QByteArray &keyPath) {
     const auto [key, rest] = splitKeyPath(keyPath);
-    const QMetaProperty property = requireProperty(object, key);
     if (rest.isEmpty()) {
-        return property.isWritable();
+        return requireProperty(object, key).isWritable();
     }
-    const QObject *next = objectValue(property.read(object));
+    const QObject *next = objectAt(object, key);
     return next && isWritable(next, rest);
 }
 

@@ -24,8 +24,9 @@
 /// for the key "databases". Whoever announces a key thereby announces its dependents.
 ///
 /// Nothing is locked: a change is delivered directly, on the thread that announces it.
-/// A key that does not exist, or a value of a type that does not fit it, raises an
-/// AssertionFailure.
+/// A key that does not exist, a value of a type that does not fit it, and a key on the way that
+/// holds something else than an object raise an AssertionFailure. So may a handler: it passes
+/// through the setter that announced, and whoever was not told yet is not told of that change.
 namespace KeyValue {
 
 using KeyPaths = QSet<QByteArray>;
@@ -44,14 +45,15 @@ PLATFORM_EXPORT void setValue(QObject *object, const QByteArray &keyPath, const 
 PLATFORM_EXPORT bool isWritable(const QObject *object, const QByteArray &keyPath);
 
 /// Whether `value` stands for nothing: invalid, a null pointer, an empty optional error, an invalid
-/// date.
+/// date, a nil URL.
 PLATFORM_EXPORT bool isAbsent(const QVariant &value);
 
 /// The QObject that `value` holds by raw or shared pointer, or nullptr.
 PLATFORM_EXPORT QObject *objectValue(const QVariant &value);
 
 /// A registration of an observer. Destroying it stops the delivery at once, also from inside the
-/// handler; it may outlive the observed object. Movable, not copyable.
+/// handler; it may outlive the observed object, of which nothing is delivered any more. Movable,
+/// not copyable.
 class PLATFORM_EXPORT Observation {
 public:
     Observation() = default;

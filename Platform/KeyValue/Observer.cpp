@@ -29,6 +29,12 @@ void Observer::stop() {
     }
 }
 
+void Observer::receive() {
+    if (!m_isStopped) {
+        keyChanged();
+    }
+}
+
 void Observer::deliver() {
     if (m_isStopped) {
         return;
@@ -57,8 +63,16 @@ void PathObserver::keyChanged() {
 }
 
 void PathObserver::followRest() {
-    QObject *next = m_object ? objectValue(value(m_object, m_key)) : nullptr;
-    m_restObservation = next ? observe(next, m_rest, [this] { deliver(); }) : Observation();
+    m_restObservation.stop();
+    if (QObject *next = m_object ? objectAt(m_object, m_key) : nullptr) {
+        m_restObservation = observe(next, m_rest, [this] { restChanged(); });
+    }
+}
+
+void PathObserver::restChanged() {
+    if (m_object) {
+        deliver();
+    }
 }
 
 Observer *makeObserver(QObject *object, const QByteArray &keyPath, std::function<void()> handler) {
@@ -85,11 +99,11 @@ void Observation::stop() {
 
 Observation observe(QObject *object, const QByteArray &keyPath, std::function<void()> handler,
                     Deliver deliver) {
-    if (deliver == Deliver::Changes) {
-        return Observation(makeObserver(object, keyPath, std::move(handler)));
+    Observer *observer = makeObserver(object, keyPath, std::move(handler));
+    Observation observation(observer);
+    if (deliver == Deliver::InitialAndChanges) {
+        observer->deliver();
     }
-    Observation observation(makeObserver(object, keyPath, handler));
-    handler();
     return observation;
 }
 

@@ -12,13 +12,14 @@ class Observer : public QObject {
 public:
     Observer(QObject *object, const QByteArray &key, std::function<void()> handler);
     void stop();
+    /// Calls the handler, unless stopped.
+    void deliver();
 
 protected:
     virtual void keyChanged() { deliver(); }
-    void deliver();
 
 private:
-    Q_SLOT void receive() { keyChanged(); }
+    Q_SLOT void receive();
 
     std::function<void()> m_handler;
     int m_deliveries = 0;
@@ -37,6 +38,7 @@ protected:
 
 private:
     void followRest();
+    void restChanged();
 
     QPointer<QObject> m_object;
     const QByteArray m_key;

@@ -4,7 +4,23 @@
 
 namespace {
 QVariant sortValue(const QVariant &object, const QByteArray &key) {
-    return key == "self" ? object : KeyValue::value(KeyValue::objectValue(object), key);
+    if (key == "self") {
+        return object;
+    }
+    const QObject *holder = KeyValue::objectValue(object);
+    return holder ? KeyValue::value(holder, key) : QVariant();
+}
+
+/// Nothing comes before anything, so that all values have one order.
+QPartialOrdering compare(const QVariant &left, const QVariant &right) {
+    const bool isLeftAbsent = KeyValue::isAbsent(left);
+    const bool isRightAbsent = KeyValue::isAbsent(right);
+    if (isLeftAbsent || isRightAbsent) {
+        return isLeftAbsent == isRightAbsent ? QPartialOrdering::Equivalent
+               : isLeftAbsent                ? QPartialOrdering::Less
+                                             : QPartialOrdering::Greater;
+    }
+    return QVariant::compare(left, right);
 }
 }  // namespace
 
@@ -12,7 +28,7 @@ bool isOrderedBefore(const QVariant &left, const QVariant &right,
                      const QList<SortDescriptor> &descriptors) {
     for (const SortDescriptor &descriptor : descriptors) {
         const QPartialOrdering order =
-            QVariant::compare(sortValue(left, descriptor.key), sortValue(right, descriptor.key));
+            compare(sortValue(left, descriptor.key), sortValue(right, descriptor.key));
         if (order == QPartialOrdering::Less) {
             return descriptor.ascending;
         }

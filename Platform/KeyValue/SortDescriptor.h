@@ -8,7 +8,7 @@
 #include "Platform/PlatformExport.h"
 
 /// One rule by which objects are sorted: the values of a key path, compared as they are (strings by
-/// their code units). The key "self" stands for the object itself.
+/// their code units, nothing before anything). The key "self" stands for the object itself.
 struct SortDescriptor {
     QByteArray key;
     bool ascending = true;

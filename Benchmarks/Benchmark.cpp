@@ -1,0 +1,177 @@
+#include "Benchmarks/Benchmark.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QMap>
+#include <QtWidgets/QApplication>
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+#include <vector>
+
+using namespace Benchmark;
+
+namespace {
+
+QMap<QString, std::function<void(Report &)>> &suites() {
+    static QMap<QString, std::function<void(Report &)>> suites;
+    return suites;
+}
+
+/// What the process has computed so far, on all its threads.
+double processorNanoseconds() {
+    timespec time = {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_nsec);
+}
+
+double nanosecondsFor(const Report::Work &work, int calls) {
+    const double start = processorNanoseconds();
+    for (int i = 0; i < calls; ++i) {
+        work();
+    }
+    return processorNanoseconds() - start;
+}
+
+/// As many calls as take about as long as a sample should; the search warms everything up.
+int callsPerSample(const Report::Work &work) {
+    constexpr double sampleNanoseconds = 500'000;
+    constexpr int maximum = 1 << 20;
+    int calls = 1;
+    while (calls < maximum && nanosecondsFor(work, calls) < sampleNanoseconds) {
+        calls *= 2;
+    }
+    return calls;
+}
+
+double median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<qsizetype>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+QByteArray json(const QString &suite, const Row &row) {
+    QJsonObject object{
+        {QStringLiteral("suite"), suite},   {QStringLiteral("name"), row.name},
+        {QStringLiteral("ours"), row.ours}, {QStringLiteral("yardstick"), row.yardstick},
+        {QStringLiteral("unit"), row.unit}, {QStringLiteral("ratio"), row.ratio()}};
+    if (row.aim) {
+        object.insert(QStringLiteral("aim"), *row.aim);
+    }
+    return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+}
+
+void print(const Row &row) {
+    const QString aim = row.aim ? QString::number(*row.aim, 'f', 2) : QString();
+    const QString line = QStringLiteral("  %1 %2 %3 %4 %5 %6%7")
+                             .arg(row.name, -58)
+                             .arg(row.ours, 10, 'f', 2)
+                             .arg(row.yardstick, 10, 'f', 2)
+                             .arg(row.unit, -5)
+                             .arg(row.ratio(), 6, 'f', 2)
+                             .arg(aim, 5)
+                             .arg(row.isMissed() ? QStringLiteral("  MISSED") : QString());
+    std::puts(qPrintable(line));
+    std::fflush(stdout);
+}
+
+void printHeading(const QString &suite) {
+    const QString line = QStringLiteral("%1 %2 %3 %4 %5 %6")
+                             .arg(suite, -60)
+                             .arg(QStringLiteral("ours"), 10)
+                             .arg(QStringLiteral("yardstick"), 10)
+                             .arg(QStringLiteral("unit"), -5)
+                             .arg(QStringLiteral("ratio"), 6)
+                             .arg(QStringLiteral("aim"), 5);
+    std::puts(qPrintable(line));
+}
+
+}  // namespace
+
+Suite::Suite(const QString &name, const std::function<void(Report &)> &run) {
+    suites().insert(name, run);
+}
+
+Row Report::compare(const QString &name, const Work &ours, const Work &yardstick,
+                    std::optional<double> aim) {
+    constexpr int samples = 25;
+    const int oursCalls = callsPerSample(ours);
+    const int yardstickCalls = callsPerSample(yardstick);
+    std::vector<double> oursTimes;
+    std::vector<double> yardstickTimes;
+    for (int i = 0; i < samples; ++i) {
+        oursTimes.push_back(nanosecondsFor(ours, oursCalls) / oursCalls);
+        yardstickTimes.push_back(nanosecondsFor(yardstick, yardstickCalls) / yardstickCalls);
+    }
+
+    Row row{name, median(oursTimes), median(yardstickTimes), QStringLiteral("ns"), aim};
+    for (const QString &unit : {QStringLiteral("µs"), QStringLiteral("ms")}) {
+        if (row.yardstick >= 10'000) {
+            row.ours /= 1000;
+            row.yardstick /= 1000;
+            row.unit = unit;
+        }
+    }
+    add(row);
+    return row;
+}
+
+Row Report::addGeometricMean(const QString &name, const QList<Row> &rows,
+                             std::optional<double> aim) {
+    double logarithms = 0;
+    for (const Row &row : rows) {
+        logarithms += std::log(row.ratio());
+    }
+    const double mean = std::exp(logarithms / static_cast<double>(rows.size()));
+    const Row row{name, mean, 1, QStringLiteral("ratio"), aim};
+    add(row);
+    return row;
+}
+
+void Report::add(const Row &row) {
+    m_rows += row;
+    print(row);
+}
+
+int main(int argumentCount, char **arguments) {
+    QApplication application(argumentCount, arguments);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Times ours beside a yardstick. A ratio below 1 is faster."));
+    const QCommandLineOption only(QStringLiteral("only"), QStringLiteral("Run this suite alone."),
+                                  QStringLiteral("suite"));
+    const QCommandLineOption jsonFile(QStringLiteral("json"),
+                                      QStringLiteral("Write one JSON object a row to this file."),
+                                      QStringLiteral("file"));
+    parser.addHelpOption();
+    parser.addOptions({only, jsonFile});
+    parser.process(application);
+
+    const QStringList names =
+        parser.isSet(only) ? parser.values(only) : QStringList(suites().keys());
+    QByteArray rows;
+    for (const QString &name : names) {
+        if (!suites().contains(name)) {
+            std::fprintf(stderr, "There is no suite \"%s\", but %s\n", qPrintable(name),
+                         qPrintable(QStringList(suites().keys()).join(QStringLiteral(", "))));
+            return 1;
+        }
+        Report report(name);
+        printHeading(name);
+        suites().value(name)(report);
+        for (const Row &row : report.rows()) {
+            rows += json(name, row);
+        }
+    }
+    if (parser.isSet(jsonFile)) {
+        QFile file(parser.value(jsonFile));
+        if (!file.open(QIODevice::WriteOnly) || file.write(rows) != rows.size()) {
+            std::fprintf(stderr, "%s cannot be written: %s\n", qPrintable(file.fileName()),
+                         qPrintable(file.errorString()));
+            return 1;
+        }
+    }
+    return 0;
+}

@@ -1,0 +1,83 @@
+#include "Host/ClassRegistry.h"
+
+#include <thread>
+
+#include "Platform/Foundation/Assertion.h"
+#include "Support/TestMain.h"
+
+namespace {
+struct FirstClass : HostClass {};
+struct SecondClass : HostClass {};
+}  // namespace
+
+class ClassRegistryTest : public QObject {
+    Q_OBJECT
+
+    const QString m_name = QStringLiteral("QVTestClass");
+
+private Q_SLOTS:
+    void anUnknownNameHasNoClass() {
+        QCOMPARE(NSClassFromString(m_name), nullptr);
+        QCOMPARE(NSClassFromString(QString()), nullptr);
+    }
+
+    void aClassIsFoundUnderItsExactNameWhileItsRegistrationLives() {
+        FirstClass object;
+        {
+            const HostClassRegistration registration(m_name, &object);
+            QCOMPARE(NSClassFromString(m_name), &object);
+            QCOMPARE(NSClassFromString(m_name.toLower()), nullptr);
+        }
+        QCOMPARE(NSClassFromString(m_name), nullptr);
+        const HostClassRegistration again(m_name, &object);
+        QCOMPARE(NSClassFromString(m_name), &object);
+    }
+
+    void aSecondClassOfTheNameIsLoudAndLeavesTheFirst() {
+        FirstClass first;
+        SecondClass second;
+        const HostClassRegistration registration(m_name, &first);
+        QVERIFY_EXCEPTION_THROWN(HostClassRegistration(m_name, &second), AssertionFailure);
+        QCOMPARE(NSClassFromString(m_name), &first);
+    }
+
+    void aRequiredClassIsGivenAsWhatItIs() {
+        FirstClass object;
+        const HostClassRegistration registration(m_name, &object);
+        QCOMPARE(&requiredHostClass<FirstClass>(m_name), &object);
+    }
+
+    void aRequiredClassThatIsMissingOrAnotherIsLoudByName() {
+        try {
+            requiredHostClass<FirstClass>(m_name);
+            QFAIL("a missing class was found");
+        } catch (const AssertionFailure &failure) {
+            QVERIFY(failure.message().contains(m_name));
+        }
+        SecondClass object;
+        const HostClassRegistration registration(m_name, &object);
+        QVERIFY_EXCEPTION_THROWN(requiredHostClass<FirstClass>(m_name), AssertionFailure);
+    }
+
+    void anyThreadMayRegisterAndLookUp() {
+        const auto work = [](const QString &name, bool *isSound) {
+            FirstClass object;
+            *isSound = true;
+            for (int i = 0; i < 1000; ++i) {
+                const HostClassRegistration registration(name, &object);
+                *isSound = *isSound && NSClassFromString(name) == &object;
+            }
+        };
+        bool isFirstSound = false;
+        bool isSecondSound = false;
+        std::thread first(work, QStringLiteral("first"), &isFirstSound);
+        std::thread second(work, QStringLiteral("second"), &isSecondSound);
+        first.join();
+        second.join();
+        QVERIFY(isFirstSound);
+        QVERIFY(isSecondSound);
+    }
+};
+
+VELMORA_TEST_MAIN(ClassRegistryTest)
+#include "ClassRegistryTest.moc"

@@ -1,0 +1,191 @@
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Url.h"
+#include "Platform/KeyValue/KeyValue.h"
+#include "Support/TestMain.h"
+
+class Person : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString name READ name WRITE setName)
+    Q_PROPERTY(int age MEMBER m_age)
+    Q_PROPERTY(bool old READ isOld)
+    Q_PROPERTY(QVariant anything MEMBER m_anything)
+    Q_PROPERTY(std::shared_ptr<Person> friend_ MEMBER m_friend)
+    Q_PROPERTY(Person *boss MEMBER m_boss)
+    Q_PROPERTY(std::optional<Error> error MEMBER m_error)
+
+public:
+    QString name() const { return m_name; }
+    void setName(const QString &name) { m_name = name; }
+    bool isOld() const { return m_age > 40; }
+
+    QString m_name;
+    int m_age = 0;
+    QVariant m_anything;
+    std::shared_ptr<Person> m_friend;
+    Person *m_boss = nullptr;
+    std::optional<Error> m_error;
+};
+
+class NeverRegistered : public Person {
+    Q_OBJECT
+};
+
+class KeyValueCodingTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void aSharedPointerOfATypeNeverSeenBeforeYieldsItsObject() {
+        const auto object = std::make_shared<NeverRegistered>();
+        QCOMPARE(KeyValue::objectValue(QVariant::fromValue(object)), object.get());
+        Person person;
+        person.m_anything = QVariant::fromValue(object);
+        object->setName(QStringLiteral("n"));
+        QCOMPARE(KeyValue::value(&person, "anything.name"), QVariant(QStringLiteral("n")));
+    }
+
+    void objectsAreFoundInEveryKindOfPointer() {
+        Person person;
+        const auto shared = std::make_shared<Person>();
+        QCOMPARE(KeyValue::objectValue(QVariant::fromValue(&person)), &person);
+        QCOMPARE(KeyValue::objectValue(QVariant::fromValue(static_cast<QObject *>(&person))),
+                 &person);
+        QCOMPARE(KeyValue::objectValue(QVariant::fromValue(shared)), shared.get());
+        QCOMPARE(
+            KeyValue::objectValue(QVariant::fromValue(std::static_pointer_cast<QObject>(shared))),
+            shared.get());
+        QCOMPARE(KeyValue::objectValue(QVariant::fromValue(std::shared_ptr<Person>())), nullptr);
+        QCOMPARE(KeyValue::objectValue(QVariant()), nullptr);
+        QCOMPARE(KeyValue::objectValue(QVariant(5)), nullptr);
+        QCOMPARE(KeyValue::objectValue(QVariant(QStringLiteral("x"))), nullptr);
+    }
+
+    void nothingOfEachKindIsAbsentAndSomethingIsNot() {
+        Person person;
+        QVERIFY(KeyValue::isAbsent(QVariant()));
+        QVERIFY(KeyValue::isAbsent(QVariant::fromValue(nullptr)));
+        QVERIFY(KeyValue::isAbsent(QVariant::fromValue<Person *>(nullptr)));
+        QVERIFY(KeyValue::isAbsent(QVariant::fromValue(std::shared_ptr<Person>())));
+        QVERIFY(KeyValue::isAbsent(QVariant::fromValue(std::optional<Error>())));
+        QVERIFY(KeyValue::isAbsent(QVariant(QDateTime())));
+        QVERIFY(KeyValue::isAbsent(QVariant::fromValue(Url())));
+        QVERIFY(!KeyValue::isAbsent(QVariant::fromValue(&person)));
+        QVERIFY(!KeyValue::isAbsent(QVariant::fromValue(std::make_shared<Person>())));
+        QVERIFY(!KeyValue::isAbsent(QVariant::fromValue(std::optional<Error>(Error()))));
+        QVERIFY(!KeyValue::isAbsent(QVariant(QDateTime::currentDateTime())));
+        QVERIFY(
+            !KeyValue::isAbsent(QVariant::fromValue(Url::fromString(QStringLiteral("http://a")))));
+        QVERIFY(!KeyValue::isAbsent(QVariant(QString())));
+        QVERIFY(!KeyValue::isAbsent(QVariant(0)));
+        QVERIFY(!KeyValue::isAbsent(QVariant(false)));
+        QVERIFY(!KeyValue::isAbsent(QVariant(QVariantList())));
+    }
+
+    void valuesAreReadAndWrittenAlongPaths() {
+        Person person;
+        person.m_friend = std::make_shared<Person>();
+        Person boss;
+        person.m_friend->m_boss = &boss;
+        KeyValue::setValue(&person, "friend_.boss.name", QStringLiteral("n"));
+        QCOMPARE(boss.name(), QStringLiteral("n"));
+        QCOMPARE(KeyValue::value(&person, "friend_.boss.name"), QVariant(QStringLiteral("n")));
+        QVERIFY(KeyValue::isWritable(&person, "friend_.boss.name"));
+        QVERIFY(!KeyValue::isWritable(&person, "friend_.boss.old"));
+    }
+
+    void wherePartOfAPathIsAbsentNothingIsReadWrittenOrWritable() {
+        Person person;
+        QVERIFY(!KeyValue::value(&person, "friend_.boss.name").isValid());
+        QVERIFY(!KeyValue::value(&person, "boss.name").isValid());
+        QVERIFY(!KeyValue::value(&person, "anything.name").isValid());
+        KeyValue::setValue(&person, "friend_.boss.name", QStringLiteral("n"));
+        QVERIFY(!KeyValue::isWritable(&person, "friend_.name"));
+    }
+
+    void anInvalidVariantWritesTheTypesNothing() {
+        Person person;
+        Person boss;
+        person.m_name = QStringLiteral("n");
+        person.m_age = 5;
+        person.m_boss = &boss;
+        person.m_friend = std::make_shared<Person>();
+        person.m_error = Error();
+        person.m_anything = 5;
+        for (const char *key : {"name", "age", "boss", "friend_", "error", "anything"}) {
+            KeyValue::setValue(&person, key, QVariant());
+        }
+        QCOMPARE(person.m_name, QString());
+        QCOMPARE(person.m_age, 0);
+        QCOMPARE(person.m_boss, nullptr);
+        QCOMPARE(person.m_friend, nullptr);
+        QVERIFY(!person.m_error);
+        QVERIFY(!person.m_anything.isValid());
+    }
+
+    void aValueThatConvertsIsWritten() {
+        Person person;
+        KeyValue::setValue(&person, "age", QStringLiteral("42"));
+        QCOMPARE(person.m_age, 42);
+        QVERIFY(KeyValue::value(&person, "old").toBool());
+    }
+
+    void aMissingKeyIsLoudAndNeverBecomesADynamicProperty() {
+        Person person;
+        person.m_boss = &person;
+        for (const char *key : {"missing", "", "boss.missing", "boss..name", ".name", "Name"}) {
+            QVERIFY_EXCEPTION_THROWN((void)KeyValue::value(&person, key), AssertionFailure);
+            QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, key, 1), AssertionFailure);
+            QVERIFY_EXCEPTION_THROWN((void)KeyValue::isWritable(&person, key), AssertionFailure);
+        }
+        QVERIFY(person.dynamicPropertyNames().isEmpty());
+        person.setProperty("dynamic", 1);
+        QVERIFY_EXCEPTION_THROWN((void)KeyValue::value(&person, "dynamic"), AssertionFailure);
+    }
+
+    void theMessageNamesClassAndKey() {
+        Person person;
+        try {
+            KeyValue::setValue(&person, "missing", 1);
+            QFAIL("a missing key was written");
+        } catch (const AssertionFailure &failure) {
+            QCOMPARE(failure.message(), QStringLiteral("Person has no key \"missing\""));
+        }
+        try {
+            KeyValue::setValue(&person, "age", QStringLiteral("x"));
+            QFAIL("a wrong type was written");
+        } catch (const AssertionFailure &failure) {
+            QCOMPARE(failure.message(),
+                     QStringLiteral(
+                         "A value of type QString cannot be set for the key \"age\" of Person"));
+        }
+    }
+
+    void aValueOfAWrongTypeIsLoudAndChangesNothing() {
+        Person person;
+        QObject other;
+        person.m_age = 5;
+        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, "age", QStringLiteral("x")),
+                                 AssertionFailure);
+        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, "friend_", 5), AssertionFailure);
+        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, "boss", QVariant::fromValue(&other)),
+                                 AssertionFailure);
+        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, "old", true), AssertionFailure);
+        QCOMPARE(person.m_age, 5);
+        QCOMPARE(person.m_boss, nullptr);
+        QVERIFY(person.dynamicPropertyNames().isEmpty());
+    }
+
+    void aPathThroughAValueThatIsNoObjectIsLoud() {
+        Person person;
+        QVERIFY_EXCEPTION_THROWN((void)KeyValue::value(&person, "age.name"), AssertionFailure);
+        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, "name.age", 1), AssertionFailure);
+        QVERIFY_EXCEPTION_THROWN((void)KeyValue::isWritable(&person, "name.age"), AssertionFailure);
+    }
+
+    void noObjectIsLoud() {
+        QVERIFY_EXCEPTION_THROWN((void)KeyValue::value(nullptr, "name"), AssertionFailure);
+        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(nullptr, "name", 1), AssertionFailure);
+    }
+};
+
+VELMORA_TEST_MAIN(KeyValueCodingTest)
+#include "KeyValueCodingTest.moc"
