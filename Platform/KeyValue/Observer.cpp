@@ -7,10 +7,10 @@
 namespace KeyValue {
 
 namespace {
-const QMetaMethod &receiveSlot() {
-    static const QMetaMethod slot =
-        Observer::staticMetaObject.method(Observer::staticMetaObject.indexOfSlot("receive()"));
-    return slot;
+/// The number of the only method that Observer has beyond QObject's.
+int receiveMethod() {
+    static const int count = QObject::staticMetaObject.methodCount();
+    return count;
 }
 }  // namespace
 
@@ -18,7 +18,8 @@ Observer::Observer(QObject *object, const QByteArray &key, std::function<void()>
     : m_handler(std::move(handler)) {
     const QMetaProperty property = requireProperty(object, key);
     if (property.hasNotifySignal()) {
-        connect(object, property.notifySignal(), this, receiveSlot(), Qt::DirectConnection);
+        QMetaObject::connect(object, property.notifySignalIndex(), this, receiveMethod(),
+                             Qt::DirectConnection);
     }
 }
 
@@ -29,10 +30,12 @@ void Observer::stop() {
     }
 }
 
-void Observer::receive() {
-    if (!m_isStopped) {
+int Observer::qt_metacall(QMetaObject::Call call, int method, void **arguments) {
+    const int own = QObject::qt_metacall(call, method, arguments);
+    if (call == QMetaObject::InvokeMetaMethod && own == 0 && !m_isStopped) {
         keyChanged();
     }
+    return own < 0 ? own : own - 1;
 }
 
 void Observer::deliver() {
