@@ -8,17 +8,14 @@ namespace KeyValue {
 
 namespace {
 /// The number of the only method that Observer has beyond QObject's.
-int receiveMethod() {
-    static const int count = QObject::staticMetaObject.methodCount();
-    return count;
-}
+const int receiveMethod = QObject::staticMetaObject.methodCount();
 }  // namespace
 
 Observer::Observer(QObject *object, const QByteArray &key, std::function<void()> handler)
     : m_handler(std::move(handler)) {
     const QMetaProperty property = requireProperty(object, key);
     if (property.hasNotifySignal()) {
-        QMetaObject::connect(object, property.notifySignalIndex(), this, receiveMethod(),
+        QMetaObject::connect(object, property.notifySignalIndex(), this, receiveMethod,
                              Qt::DirectConnection);
     }
 }
@@ -31,11 +28,13 @@ void Observer::stop() {
 }
 
 int Observer::qt_metacall(QMetaObject::Call call, int method, void **arguments) {
-    const int own = QObject::qt_metacall(call, method, arguments);
-    if (call == QMetaObject::InvokeMetaMethod && own == 0 && !m_isStopped) {
+    if (call != QMetaObject::InvokeMetaMethod || method != receiveMethod) {
+        return QObject::qt_metacall(call, method, arguments);
+    }
+    if (!m_isStopped) {
         keyChanged();
     }
-    return own < 0 ? own : own - 1;
+    return -1;
 }
 
 void Observer::deliver() {
