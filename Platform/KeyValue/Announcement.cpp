@@ -202,12 +202,16 @@ const AnnouncementPlan *announcementPlan(QObject *object, const QMetaMethod &sig
     return cachedPlan(object, keys);
 }
 
-bool isPlanFor(const AnnouncementPlan *plan, const QObject *object) {
-    return plan && plan->isFor(object);
+const AnnouncementPlan *planForPath(QObject *object, const QByteArray &path) {
+    return cachedPlan(object, {path});
 }
 
-void announce(const AnnouncementPlan *plan, QObject *object) {
+bool announceBy(const AnnouncementPlan *plan, QObject *object) {
+    if (!plan || !plan->isFor(object)) {
+        return false;
+    }
     plan->announce(object);
+    return true;
 }
 
 void followDependencies(QObject *object) {
@@ -223,8 +227,7 @@ void followDependencies(QObject *object) {
     std::sort(paths.begin(), paths.end());
 
     for (const QByteArray &path : std::as_const(paths)) {
-        const auto [head, rest] = splitKeyPath(path);
-        new DependencyFollower(object, head, rest, cachedPlan(object, {path}));
+        new DependencyFollower(object, path);
     }
 }
 

@@ -4,21 +4,27 @@
 
 namespace KeyValue {
 
-DependencyFollower::DependencyFollower(QObject *object, const QByteArray &head,
-                                       const QByteArray &rest, const AnnouncementPlan *plan)
+DependencyFollower::DependencyFollower(QObject *object, const QByteArray &path)
     : QObject(object),
       m_object(object),
-      m_head(head),
-      m_rest(rest),
-      m_plan(plan),
-      m_headObservation(observe(object, head, [this] { followHead(); })) {
+      m_path(path),
+      m_headObservation(observe(object, splitKeyPath(path).key, [this] { followHead(); })) {
     followHead();
 }
 
 void DependencyFollower::followHead() {
     m_restObservation.stop();
-    if (QObject *next = objectAt(m_object, m_head)) {
-        m_restObservation = observe(next, m_rest, [this] { announce(m_plan, m_object); });
+    const auto [head, rest] = splitKeyPath(m_path);
+    if (QObject *next = objectAt(m_object, head)) {
+        m_restObservation = observe(next, rest, [this] { announceDependents(); });
+    }
+}
+
+void DependencyFollower::announceDependents() {
+    // Not known before: the constructor may have been that of a base class.
+    if (!announceBy(m_plan, m_object)) {
+        m_plan = planForPath(m_object, m_path);
+        announceBy(m_plan, m_object);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QSet>
 #include <QtCore/QVariant>
+#include <atomic>
 #include <functional>
 #include <utility>
 
@@ -89,19 +90,21 @@ class AnnouncementPlan;
 /// The plan of `object`'s class for the key whose NOTIFY is `signal`.
 PLATFORM_EXPORT const AnnouncementPlan *announcementPlan(QObject *object,
                                                          const QMetaMethod &signal);
-PLATFORM_EXPORT bool isPlanFor(const AnnouncementPlan *plan, const QObject *object);
-PLATFORM_EXPORT void announce(const AnnouncementPlan *plan, QObject *object);
+/// Announces as `plan` says; false, and nothing is announced, where it is not a plan of `object`'s
+/// class.
+PLATFORM_EXPORT bool announceBy(const AnnouncementPlan *plan, QObject *object);
 
 /// Announces a change of the key whose NOTIFY is `Signal`, and of its dependents:
 /// `KeyValue::announce<&QVSyncState::enabledChanged>(this)`. A setter does this last, whether or
 /// not the value differs.
 template <auto Signal, class Object>
 void announce(Object *object) {
-    static thread_local const AnnouncementPlan *plan = nullptr;
-    if (!isPlanFor(plan, object)) {
-        plan = announcementPlan(object, QMetaMethod::fromSignal(Signal));
+    static std::atomic<const AnnouncementPlan *> lastPlan = nullptr;
+    if (!announceBy(lastPlan.load(std::memory_order_acquire), object)) {
+        const AnnouncementPlan *plan = announcementPlan(object, QMetaMethod::fromSignal(Signal));
+        lastPlan.store(plan, std::memory_order_release);
+        announceBy(plan, object);
     }
-    announce(plan, object);
 }
 
 }  // namespace KeyValue

@@ -7,18 +7,16 @@
 namespace KeyValue {
 
 namespace {
-const QMetaMethod &receiveSlot() {
-    static const QMetaMethod slot =
-        Observer::staticMetaObject.method(Observer::staticMetaObject.indexOfSlot("receive()"));
-    return slot;
-}
+/// The number of the only method that Observer has beyond QObject's.
+const int receiveMethod = QObject::staticMetaObject.methodCount();
 }  // namespace
 
 Observer::Observer(QObject *object, const QByteArray &key, std::function<void()> handler)
     : m_handler(std::move(handler)) {
     const QMetaProperty property = requireProperty(object, key);
     if (property.hasNotifySignal()) {
-        connect(object, property.notifySignal(), this, receiveSlot(), Qt::DirectConnection);
+        QMetaObject::connect(object, property.notifySignalIndex(), this, receiveMethod,
+                             Qt::DirectConnection);
     }
 }
 
@@ -29,10 +27,14 @@ void Observer::stop() {
     }
 }
 
-void Observer::receive() {
+int Observer::qt_metacall(QMetaObject::Call call, int method, void **arguments) {
+    if (call != QMetaObject::InvokeMetaMethod || method != receiveMethod) {
+        return QObject::qt_metacall(call, method, arguments);
+    }
     if (!m_isStopped) {
         keyChanged();
     }
+    return -1;
 }
 
 void Observer::deliver() {

@@ -169,6 +169,18 @@ private:
     QVariant m_row;
 };
 
+/// Adds a dependent to what its base class derives from a path.
+class DerivedEditor : public Editor {
+    Q_OBJECT
+    Q_PROPERTY(int added READ added NOTIFY addedChanged)
+public:
+    using Self = DerivedEditor;
+    KEY(added)
+    Q_INVOKABLE static KeyPaths keyPathsForValuesAffectingAdded() { return {"schedule"}; }
+Q_SIGNALS:
+    void addedChanged();
+};
+
 class MisspeltDependency : public QObject {
     Q_OBJECT
     Q_PROPERTY(int key READ key NOTIFY keyChanged)
@@ -272,6 +284,15 @@ private Q_SLOTS:
         QCOMPARE(recorder.take(), QByteArray("schedule hourly"));
         row->announce_name();
         QCOMPARE(recorder.take(), QByteArray("nameOnly"));
+    }
+
+    void aDerivedClassAddsDependentsToAPathOfItsBase() {
+        DerivedEditor editor;
+        const auto row = std::make_shared<Row>();
+        editor.setRow(QVariant::fromValue(row));
+        Recorder recorder(&editor);
+        row->announce_schedule();
+        QCOMPARE(recorder.take(), QByteArray("schedule hourly added"));
     }
 
     void whatIsHeldAtConstructionAndReplacedLaterIsFollowedNoMore() {
