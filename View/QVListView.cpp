@@ -131,8 +131,10 @@ void QVListView::removeItems() {
     for (QWidget *view : old) {
         view->setParent(discarded);
     }
-    discarded->deleteLater();
+    // Before their parent goes: views that wait to be deleted one by one go fast, but as children
+    // each would search all that waits.
     m_items.clear();
+    discarded->deleteLater();
 }
 
 IndexSet QVListView::selectionIndexes() const {

@@ -37,7 +37,8 @@ QSize TextLabel::minimumSizeHint() const {
 }
 
 bool TextLabel::event(QEvent *event) {
-    if (event->type() == QEvent::DynamicPropertyChange) {
+    if (event->type() == QEvent::DynamicPropertyChange &&
+        static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == "backgroundStyle") {
         applyColor();
     }
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty() &&
