@@ -233,6 +233,21 @@ private Q_SLOTS:
         QCOMPARE(thread, qApp->thread());
     }
 
+    void theEngineMayGoWhileCallsToTheMainThreadWait() {
+        bool wasCalled = false;
+        m_host->engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+            {}, [&] { wasCalled = true; });
+        auto store = m_location->createStore();
+        const std::weak_ptr<QVSyncLocation> location = m_location;
+        store->openWithCompletionHandler([](const std::optional<Error> &) {});
+        store.reset();
+        m_location.reset();
+        m_host.reset();
+        QVERIFY(location.expired());
+        QCoreApplication::processEvents();
+        QVERIFY(!wasCalled);
+    }
+
     void aCancelledOperationCallsItsHandlerOnceWithThatError() {
         // All workers are busy, so that the operation is cancelled before it begins.
         QThreadPool *pool = QThreadPool::globalInstance();
