@@ -157,20 +157,21 @@ void run(Benchmark::Report &report) {
     const auto withOurRows = [] { return ListWidget(&makeListRow); };
     {
         OurList list;
-        ListWidget yardstick(&makeRowWithLayout);
-        report.compare(QStringLiteral("1,000 rows rebuilt / QListWidget, rows with layouts"),
+        ListWidget yardstick(&makeListRow);
+        report.compare(QStringLiteral("1,000 rows rebuilt / QListWidget, the same rows"),
                        rebuild(list), rebuild(yardstick), 0.5);
     }
+    // For comparison: rows as one would make them without ours, and lists that were never shown.
     {
         OurList list;
-        ListWidget yardstick(&makeListRow);
-        report.compare(QStringLiteral("1,000 rows rebuilt / QListWidget, our rows"), rebuild(list),
-                       rebuild(yardstick), 0.5);
+        ListWidget yardstick(&makeRowWithLayout);
+        report.compare(QStringLiteral("1,000 rows rebuilt / QListWidget, rows with layouts"),
+                       rebuild(list), rebuild(yardstick));
     }
+    report.compare(QStringLiteral("1,000 rows made and shown / QListWidget, the same rows"),
+                   show(ours), show(withOurRows));
     report.compare(QStringLiteral("1,000 rows made and shown / QListWidget, rows with layouts"),
-                   show(ours), show(withLayouts), 0.5);
-    report.compare(QStringLiteral("1,000 rows made and shown / QListWidget, our rows"), show(ours),
-                   show(withOurRows));
+                   show(ours), show(withLayouts));
 }
 
 const Benchmark::Suite suite(QStringLiteral("list view"), &run);

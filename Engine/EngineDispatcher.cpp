@@ -1,7 +1,6 @@
 #include "Engine/EngineDispatcher.h"
 
-#include <QtCore/QCoreApplication>
-
+#include "Engine/MainThreadQueue.h"
 #include "Host/QVApplication.h"
 #include "Platform/Foundation/Localization.h"
 
@@ -12,17 +11,12 @@ void logNotDone(const char *text, const QVSyncState &state) {
                         localizedSyncString(text).arg(state.databaseName()));
 }
 
-void callLater(std::function<void()> handler) {
-    QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(handler),
-                              Qt::QueuedConnection);
-}
-
 }  // namespace
 
 void EngineDispatcher::cleanRemoteStoreWithSynchronizationState(
     const std::shared_ptr<QVSyncState> &state, std::function<void()> handler) {
     logNotDone("“%1” was not cleaned up: this version of Velmora cannot clean up yet.", *state);
-    callLater(std::move(handler));
+    MainThreadQueue::post(std::move(handler));
 }
 
 void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
@@ -36,5 +30,5 @@ void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
 void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
     const QVSyncStates &states, std::function<void()> handler) {
     performSynchronizationsWithSynchronizationStates(states);
-    callLater(std::move(handler));
+    MainThreadQueue::post(std::move(handler));
 }

@@ -1,11 +1,13 @@
 #include "Engine/EngineStore.h"
 
-#include <QtCore/QCoreApplication>
+#include <QtCore/QThread>
 #include <QtCore/QThreadPool>
+#include <utility>
 
 #include "Engine/EngineError.h"
 #include "Engine/EngineFuture.h"
 #include "Engine/EngineRemoteDatabase.h"
+#include "Engine/MainThreadQueue.h"
 #include "Host/QVSyncLocation.h"
 #include "Platform/Foundation/Localization.h"
 
@@ -30,8 +32,9 @@ EngineStore::EngineStore(const std::shared_ptr<QVSyncLocation> &location)
 
 EngineStore::~EngineStore() {
     // The last one to let go may be a worker thread, but locations die on the main thread only.
-    QMetaObject::invokeMethod(
-        QCoreApplication::instance(), [location = std::move(m_location)] {}, Qt::QueuedConnection);
+    if (QThread::currentThread() != m_location->thread()) {
+        MainThreadQueue::post([location = std::exchange(m_location, nullptr)] {});
+    }
 }
 
 std::shared_ptr<PZFuture> EngineStore::openWithCompletionHandler(ErrorHandler handler) {

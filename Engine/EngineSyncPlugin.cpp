@@ -79,5 +79,5 @@ QStringList EngineSyncPlugin::bookmarkDictionaryKeys() const {
 }
 
 bool EngineSyncPlugin::isVolumeMountedAtPath(const QString &path) const {
-    return MountedVolumes::contain(path, MountedVolumes::mountPoints());
+    return MountedVolumes::contain(path, MountedVolumes::mountPoints);
 }

@@ -19,12 +19,13 @@ QStringList MountedVolumes::mountPoints() {
     return result;
 }
 
-bool MountedVolumes::contain(const QString &path, const QStringList &mountPoints) {
+bool MountedVolumes::contain(const QString &path, const std::function<QStringList()> &mountPoints) {
     const QString cleanPath = QDir::cleanPath(path);
     for (const QString &base :
          {QStringLiteral("/media"), QStringLiteral("/run/media"), QStringLiteral("/mnt")}) {
         if (isBelow(cleanPath, base)) {
-            return std::any_of(mountPoints.begin(), mountPoints.end(), [&](const QString &point) {
+            const QStringList points = mountPoints();
+            return std::any_of(points.begin(), points.end(), [&](const QString &point) {
                 const bool isVolume = point == base || isBelow(point, base);
                 return isVolume && (cleanPath == point || isBelow(cleanPath, point));
             });

@@ -6,6 +6,7 @@
 #include "Engine/EngineNoteLibrary.h"
 #include "Engine/EngineSyncPlugin.h"
 #include "Engine/FirstContents.h"
+#include "Engine/MainThreadQueue.h"
 #include "Engine/ProfileDatabase.h"
 
 /// The whole engine. Registers the host classes while it exists; there is one at a time. Main
@@ -31,6 +32,7 @@ private:
     std::optional<Error> load();
     void installTranslation();
 
+    MainThreadQueue m_mainThreadQueue;
     QTranslator m_translator;
     ProfileDatabase m_profile;
     EngineNoteLibrary m_library;

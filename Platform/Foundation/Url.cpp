@@ -112,11 +112,17 @@ bool Url::isFileURL() const {
 }
 
 QString Url::stringWithoutPassword() const {
-    const auto start = m_text.indexOf(QLatin1StringView("//"));
-    const auto end = m_text.indexOf(u'/', start + 2);
-    const auto at = start < 0 ? start : m_text.left(end).indexOf(u'@', start);
-    const auto colon = at < 0 ? at : m_text.left(at).indexOf(u':', start);
-    return colon < 0 ? m_text : m_text.left(colon) + m_text.mid(at);
+    if (!QStringView(m_text).sliced(m_scheme.size()).startsWith(QLatin1StringView("://"))) {
+        return m_text;
+    }
+    const qsizetype start = m_scheme.size() + 3;
+    const auto end = std::find_if(m_text.begin() + start, m_text.end(),
+                                  [](QChar c) { return c == u'/' || c == u'?' || c == u'#'; });
+    const QStringView authority = QStringView(m_text).sliced(start, end - m_text.begin() - start);
+    const qsizetype at = authority.lastIndexOf(u'@');
+    const qsizetype colon = authority.indexOf(u':');
+    return colon < 0 || colon > at ? m_text
+                                   : m_text.left(start + colon) + m_text.sliced(start + at);
 }
 
 bool Url::parse(const QString &text) {

@@ -282,6 +282,29 @@ private Q_SLOTS:
         QVERIFY(Url::fileURL(QString()).isNil());
     }
 
+    void aPasswordIsNotShown_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("shown");
+        const auto row = [](const char *text, const char *shown) {
+            QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(shown);
+        };
+        row("http://u:secret@h/p", "http://u@h/p");
+        row("http://:secret@h", "http://@h");
+        row("http://u:a:b@h:80?q#f", "http://u@h:80?q#f");
+        row("http://u@h:80/a:b@c", "http://u@h:80/a:b@c");
+        row("http://h?y:z@c", "http://h?y:z@c");
+        row("http://[::1]:80/", "http://[::1]:80/");
+        row("mailto:a:b@c", "mailto:a:b@c");
+        row("x:a//b:c@d", "x:a//b:c@d");
+    }
+
+    void aPasswordIsNotShown() {
+        QFETCH(QString, text);
+        QFETCH(QString, shown);
+        QCOMPARE(Url::fromString(text).stringWithoutPassword(), shown);
+        QCOMPARE(Url().stringWithoutPassword(), QString());
+    }
+
     void urlsAreEqualWhenTheirTextsAre() {
         const QString text = QStringLiteral("http://a/b");
         QCOMPARE(Url::fromString(text), Url::fromString(text));
