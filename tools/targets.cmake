@@ -12,11 +12,18 @@ function(velmora_sources variable)
     set(${variable} "${found}" PARENT_SCOPE)
 endfunction()
 
+# Qt's headers, precompiled once for all targets.
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/QtHeaders.cpp" CONTENT "")
+add_library(QtHeaders STATIC "${PROJECT_BINARY_DIR}/QtHeaders.cpp")
+set_target_properties(QtHeaders PROPERTIES AUTOMOC OFF AUTORCC OFF)
+target_link_libraries(QtHeaders PRIVATE Qt6::Widgets)
+target_precompile_headers(QtHeaders PRIVATE <QtCore/QtCore> <QtWidgets/QtWidgets> <functional> <memory>)
+
 # Sets what every target of ours has: includes from the root, precompiled Qt headers, clang-tidy.
 function(velmora_target target)
     target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
     target_link_libraries(${target} PUBLIC Qt6::Widgets)
-    target_precompile_headers(${target} PRIVATE <QtCore/QtCore> <QtWidgets/QtWidgets> <functional> <memory>)
+    target_precompile_headers(${target} REUSE_FROM QtHeaders)
     # moc's output is not ours to keep tidy.
     set_source_files_properties(mocs_compilation.cpp PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
     add_dependencies(sources ${target})

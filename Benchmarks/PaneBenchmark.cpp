@@ -1,0 +1,88 @@
+#include <QtCore/QTemporaryDir>
+#include <QtWidgets/QApplication>
+#include <algorithm>
+#include <ctime>
+
+#include "Benchmarks/Benchmark.h"
+#include "Controller/Preferences/QVSyncPreferences.h"
+#include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Engine/SyncEngine.h"
+#include "Host/QVApplication.h"
+#include "Host/QVSyncLocationsController.h"
+
+namespace {
+
+/// An engine with a profile of so many databases and locations, and a state for each pair.
+class Host : public QVApplication {
+public:
+    Host(int databases, int locations) {
+        setNSApp(this);
+        m_engine.openProfile(m_folder.filePath(QStringLiteral("profile")), FirstContents::Inbox);
+        for (int i = 1; i < databases; ++i) {
+            m_engine.library()->createDatabase(QStringLiteral("Database %1").arg(i));
+        }
+        QVSyncLocationsController *controller = m_engine.plugin().locationsController();
+        for (int i = 0; i < locations; ++i) {
+            const auto location = std::make_shared<EngineSyncLocation>(Url::fromString(
+                QStringLiteral("https://u@host%1.example/Store.qvSyncStore").arg(i)));
+            for (const auto &database : m_engine.library()->knownDatabases()) {
+                location->addStateForDatabaseWithUUID(database->UUID(), database->name());
+            }
+            controller->insertObjectInSyncLocationsAtIndex(location, i);
+        }
+    }
+    ~Host() override { setNSApp(nullptr); }
+
+    std::shared_ptr<QVDatabase> inbox() const override {
+        return const_cast<SyncEngine &>(m_engine).library()->inbox();
+    }
+    void logItemCmd(const QString & /*title*/, const QString & /*info*/) override {}
+    void presentError(const Error & /*error*/) override {}
+
+private:
+    QTemporaryDir m_folder;
+    SyncEngine m_engine;
+};
+
+double processorMilliseconds() {
+    return static_cast<double>(std::clock()) * 1000 / CLOCKS_PER_SEC;
+}
+
+/// From nothing to a painted panel.
+double timeToShow() {
+    const double start = processorMilliseconds();
+    QVSyncPreferences pane;
+    pane.loadMainView();
+    pane.mainView()->resize(760, 600);
+    pane.mainView()->show();
+    pane.willSelect();
+    QCoreApplication::processEvents();
+    pane.mainView()->repaint();
+    return processorMilliseconds() - start;
+}
+
+double medianTimeToShow(int databases, int locations) {
+    const Host host(databases, locations);
+    QList<double> samples;
+    for (int i = 0; i < 6; ++i) {
+        samples.append(timeToShow());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    samples.removeFirst();  // the caches were cold
+    std::sort(samples.begin(), samples.end());
+    return samples[samples.size() / 2];
+}
+
+void run(Benchmark::Report &report) {
+    registerSyncPreferencesInterface();
+    const double whole = medianTimeToShow(1000, 100);
+    const auto unit = QStringLiteral("ms");
+    report.add({QStringLiteral("1,000 databases × 100 locations shown / twice 500 × 100"), whole,
+                2 * medianTimeToShow(500, 100), unit, 1.2});
+    report.add({QStringLiteral("1,000 databases × 100 locations shown / twice 1,000 × 50"), whole,
+                2 * medianTimeToShow(1000, 50), unit, 1.2});
+}
+
+const Benchmark::Suite suite(QStringLiteral("pane"), &run);
+
+}  // namespace

@@ -1,0 +1,165 @@
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QProcess>
+
+#include "Support/TestMain.h"
+
+/// Runs the program itself, as a person or a script would.
+class VelmoraTest : public QObject {
+    Q_OBJECT
+
+    struct Run {
+        int exitCode = -1;
+        QByteArray output;
+        QByteArray errors;
+    };
+
+    QTemporaryDir m_folder;
+
+    QString profile() const { return m_folder.filePath(QStringLiteral("profile")); }
+
+    Run run(const QStringList &arguments, const QStringList &without = {}) const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), m_folder.path());
+        for (const QString &name : without) {
+            environment.remove(name);
+        }
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(VELMORA), arguments);
+        Run result;
+        if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit) {
+            result.exitCode = process.exitCode();
+        }
+        result.output = process.readAllStandardOutput();
+        result.errors = process.readAllStandardError();
+        return result;
+    }
+
+    static QByteArray contents(const QString &path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void writeProfile(const QByteArray &bytes) const {
+        QVERIFY(QDir().mkpath(profile()));
+        QFile file(profile() + QStringLiteral("/profile.sqlite"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+private Q_SLOTS:
+    void init() { QDir(profile()).removeRecursively(); }
+
+    void aFreshProfileHoldsWhatTheFirstStartShows() {
+        const Run first =
+            run({QStringLiteral("--profile"), profile(), QStringLiteral("--describe")});
+        QCOMPARE(first.exitCode, 0);
+        const QJsonObject description = QJsonDocument::fromJson(first.output).object();
+        const QJsonArray databases = description[QStringLiteral("databases")].toArray();
+        QCOMPARE(databases.size(), 3);
+        QVERIFY(databases[0][QStringLiteral("inbox")].toBool());
+        for (const int i : {1, 2}) {
+            QVERIFY(databases[i][QStringLiteral("open")].toBool());
+            QVERIFY(databases[i][QStringLiteral("notes")].toInt() >= 2);
+        }
+        const QJsonArray locations = description[QStringLiteral("locations")].toArray();
+        QCOMPARE(locations.size(), 1);
+        QCOMPARE(locations[0][QStringLiteral("type")].toString(),
+                 QStringLiteral("Local Sync Store"));
+        const QJsonObject state = locations[0][QStringLiteral("states")][0].toObject();
+        QVERIFY(state[QStringLiteral("enabled")].toBool());
+        QVERIFY(state[QStringLiteral("lastSynced")].isNull());
+        QVERIFY(state[QStringLiteral("schedule")].isNull());
+
+        const Run second =
+            run({QStringLiteral("--profile"), profile(), QStringLiteral("--describe")});
+        QCOMPARE(second.output, first.output);
+    }
+
+    void aPictureIsDrawnWithoutADisplay() {
+        const QString file = m_folder.filePath(QStringLiteral("panel.png"));
+        const Run drawn =
+            run({QStringLiteral("--profile"), profile(), QStringLiteral("--screenshot"), file},
+                {QStringLiteral("DISPLAY"), QStringLiteral("WAYLAND_DISPLAY"),
+                 QStringLiteral("QT_QPA_PLATFORM")});
+        QCOMPARE(drawn.exitCode, 0);
+        const QImage picture(file);
+        QVERIFY(picture.width() >= 700 && picture.height() >= 500);
+        QVERIFY(drawn.output.isEmpty());
+    }
+
+    void pictureAndDescriptionCanBeAskedForTogether() {
+        const QString file = m_folder.filePath(QStringLiteral("both.png"));
+        const Run both = run({QStringLiteral("--describe"), QStringLiteral("--screenshot"), file,
+                              QStringLiteral("--profile"), profile()});
+        QCOMPARE(both.exitCode, 0);
+        QVERIFY(!QImage(file).isNull());
+        QVERIFY(QJsonDocument::fromJson(both.output).isObject());
+    }
+
+    void darkColoursCanBeAskedFor() {
+        const QString file = m_folder.filePath(QStringLiteral("dark.png"));
+        QCOMPARE(run({QStringLiteral("--profile"), profile(), QStringLiteral("--screenshot"), file,
+                      QStringLiteral("--appearance"), QStringLiteral("dark")})
+                     .exitCode,
+                 0);
+        QVERIFY(QImage(file).pixelColor(2, 2).lightness() < 100);
+    }
+
+    void withoutAnyDisplayItSaysSoAndDrawsAndDescribes() {
+        const Run headless = run({QStringLiteral("--profile"), profile()},
+                                 {QStringLiteral("DISPLAY"), QStringLiteral("WAYLAND_DISPLAY"),
+                                  QStringLiteral("QT_QPA_PLATFORM")});
+        QCOMPARE(headless.exitCode, 0);
+        const QList<QByteArray> lines = headless.output.split('\n');
+        QVERIFY(lines[0].startsWith("There is no display"));
+        QVERIFY(!QImage(QString::fromUtf8(lines[1])).isNull());
+        QVERIFY(
+            QJsonDocument::fromJson(headless.output.mid(headless.output.indexOf('{'))).isObject());
+    }
+
+    void anUnusableProfileEndsInWordsAndIsLeftUntouched_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QByteArray>("word");
+        QByteArray newer("SQLite format 3");
+        newer.resize(4096, '\0');
+        newer[16] = 0x10;  // pages of 4,096 bytes
+        newer[18] = newer[19] = 1;
+        newer[63] = 0x7F;
+        QTest::newRow("no database") << QByteArray(5000, 'x') << QByteArray("profile.sqlite");
+        QTest::newRow("newer version") << newer << QByteArray("profile.sqlite");
+    }
+
+    void anUnusableProfileEndsInWordsAndIsLeftUntouched() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QByteArray, word);
+        writeProfile(bytes);
+        const Run refused =
+            run({QStringLiteral("--profile"), profile(), QStringLiteral("--describe")});
+        QCOMPARE(refused.exitCode, 1);
+        QVERIFY2(refused.errors.contains(word), refused.errors.constData());
+        QVERIFY(refused.output.isEmpty());
+        QCOMPARE(contents(profile() + QStringLiteral("/profile.sqlite")), bytes);
+        QCOMPARE(QDir(profile()).entryList(QDir::Files),
+                 QStringList{QStringLiteral("profile.sqlite")});
+    }
+
+    void aPictureThatCannotBeWrittenIsAnError() {
+        const Run refused =
+            run({QStringLiteral("--profile"), profile(), QStringLiteral("--screenshot"),
+                 QStringLiteral("/no/such/folder/panel.png")});
+        QCOMPARE(refused.exitCode, 1);
+        QVERIFY(refused.errors.contains("/no/such/folder/panel.png"));
+    }
+
+    void unknownOptionsAreRefused() {
+        QVERIFY(run({QStringLiteral("--nonsense")}).exitCode > 0);
+        QVERIFY(run({QStringLiteral("--appearance"), QStringLiteral("pink")}).exitCode > 0);
+        QVERIFY(run({QStringLiteral("stray")}).exitCode > 0);
+    }
+};
+
+VELMORA_TEST_MAIN(VelmoraTest)
+#include "VelmoraTest.moc"
