@@ -64,7 +64,7 @@ QString ProfileDatabase::path() const {
 }
 
 std::optional<Error> ProfileDatabase::open(const QString &directory, const Filler &fill) {
-    const std::optional<Error> error = openFolder(QDir(directory).absolutePath(), fill);
+    std::optional<Error> error = openFolder(QDir(directory).absolutePath(), fill);
     if (error) {
         close();
     }
@@ -95,7 +95,7 @@ std::optional<Error> ProfileDatabase::openFolder(const QString &directory, const
         return engineError(EngineErrorCode::ProfileUnusable,
                            "The profile folder “%1” is read-only.", m_directory);
     }
-    const std::optional<Error> error = openFile(fill);
+    std::optional<Error> error = openFile(fill);
     if (error) {
         clearFolder(isNewFolder);
     }
