@@ -18,3 +18,5 @@ enum class EngineErrorCode {
 
 /// `description` is a whole sentence for a person.
 Error engineError(EngineErrorCode code, const QString &description);
+/// `text` localized, its "%1" being `place`.
+Error engineError(EngineErrorCode code, const char *text, const QString &place);

@@ -121,7 +121,7 @@ std::optional<Error> EngineNoteLibrary::closeDatabase(
 
 std::shared_ptr<EngineDatabase> EngineNoteLibrary::ours(
     const std::shared_ptr<NoteDatabase> &database) const {
-    const std::shared_ptr<EngineDatabase> known = m_databaseByUUID.value(database->UUID());
+    std::shared_ptr<EngineDatabase> known = m_databaseByUUID.value(database->UUID());
     requireParameter(known == database, "the database belongs to this library",
                      "EngineNoteLibrary::ours", "Engine/EngineNoteLibrary");
     return known;

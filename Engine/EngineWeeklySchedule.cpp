@@ -13,7 +13,7 @@ QDateTime EngineWeeklySchedule::nextScheduledDate() const {
 QDateTime EngineWeeklySchedule::nextDateAfter(const QDateTime &now) const {
     for (int days = 0; days <= 7; ++days) {
         const QDate date = now.date().addDays(days);
-        const QDateTime next = TimeOfDay::on(date, m_hourAndMinute);
+        QDateTime next = TimeOfDay::on(date, m_hourAndMinute);
         if (firesOn(date) && next > now) {
             return next;
         }

@@ -12,10 +12,6 @@
 
 namespace {
 
-Error unreachable(const char *text, const QString &path) {
-    return engineError(EngineErrorCode::StoreUnreachable, localizedSyncString(text).arg(path));
-}
-
 bool isUUID(const QString &text) {
     return text == InboxUUID ||
            QUuid::fromString(text).toString(QUuid::WithoutBraces) == text.toLower();
@@ -52,19 +48,22 @@ std::optional<Error> FolderStore::open() {
     const QString path = URL().path();
     const QString host = URL().host();
     if (!host.isEmpty() && host != QStringLiteral("localhost")) {
-        return unreachable("“%1” is a folder on another computer.", URL().absoluteString());
+        return engineError(EngineErrorCode::StoreUnreachable,
+                           "“%1” is a folder on another computer.", URL().absoluteString());
     }
     if (!path.startsWith(u'/') || !QFileInfo::exists(path)) {
-        return unreachable("The sync store “%1” is not there.", path);
+        return engineError(EngineErrorCode::StoreUnreachable, "The sync store “%1” is not there.",
+                           path);
     }
     const bool isPackage = QFileInfo(path).suffix() == QStringLiteral("qvSyncStore") &&
                            QFileInfo(folder(QStringLiteral("databases"))).isDir() &&
                            QFileInfo(folder(QStringLiteral("transactions"))).isDir();
     if (!isPackage) {
-        return unreachable("“%1” is not a sync store.", path);
+        return engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.", path);
     }
     if (!QDir(folder(QStringLiteral("databases"))).isReadable()) {
-        return unreachable("The sync store “%1” may not be read.", path);
+        return engineError(EngineErrorCode::StoreUnreachable,
+                           "The sync store “%1” may not be read.", path);
     }
     return {};
 }

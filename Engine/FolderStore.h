@@ -14,7 +14,7 @@ public:
     using EngineStore::EngineStore;
 
     /// Bytes; a longer record is refused.
-    static constexpr qint64 RecordLimit = 64 * 1024;
+    static constexpr qint64 RecordLimit = 65536;
 
 protected:
     std::optional<Error> open() override;

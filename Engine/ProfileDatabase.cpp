@@ -50,10 +50,6 @@ QStringList schema() {
     };
 }
 
-Error unusable(const char *text, const QString &path) {
-    return engineError(EngineErrorCode::ProfileUnusable, localizedSyncString(text).arg(path));
-}
-
 }  // namespace
 
 ProfileDatabase::ProfileDatabase()
@@ -68,7 +64,7 @@ QString ProfileDatabase::path() const {
 }
 
 std::optional<Error> ProfileDatabase::open(const QString &directory, const Filler &fill) {
-    const std::optional<Error> error = openFolder(QDir(directory).absolutePath(), fill);
+    std::optional<Error> error = openFolder(QDir(directory).absolutePath(), fill);
     if (error) {
         close();
     }
@@ -79,7 +75,7 @@ std::optional<Error> ProfileDatabase::openFolder(const QString &directory, const
     m_directory = directory;
     const QFileInfo folder(m_directory);
     if (folder.exists() && !folder.isDir()) {
-        return unusable("“%1” is not a folder.", m_directory);
+        return engineError(EngineErrorCode::ProfileUnusable, "“%1” is not a folder.", m_directory);
     }
     if (QFileInfo::exists(path())) {
         const std::optional<Error> obstacle = ProfileInspection::obstacle(path());
@@ -87,16 +83,19 @@ std::optional<Error> ProfileDatabase::openFolder(const QString &directory, const
     }
     const bool isNewFolder = !folder.exists();
     if (isNewFolder && !QDir().mkpath(m_directory)) {
-        return unusable("The profile folder “%1” cannot be made.", m_directory);
+        return engineError(EngineErrorCode::ProfileUnusable,
+                           "The profile folder “%1” cannot be made.", m_directory);
     }
     if (!QDir(m_directory)
              .isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System)) {
-        return unusable("The folder “%1” holds other things and no profile.", m_directory);
+        return engineError(EngineErrorCode::ProfileUnusable,
+                           "The folder “%1” holds other things and no profile.", m_directory);
     }
     if (!QFileInfo(m_directory).isWritable()) {
-        return unusable("The profile folder “%1” is read-only.", m_directory);
+        return engineError(EngineErrorCode::ProfileUnusable,
+                           "The profile folder “%1” is read-only.", m_directory);
     }
-    const std::optional<Error> error = openFile(fill);
+    std::optional<Error> error = openFile(fill);
     if (error) {
         clearFolder(isNewFolder);
     }

@@ -7,15 +7,10 @@
 #include <QtSql/QSqlQuery>
 
 #include "Engine/EngineError.h"
-#include "Platform/Foundation/Localization.h"
 
 namespace {
 
 const QString InspectionConnection = QStringLiteral("velmora-profile-inspection");
-
-Error unusable(const char *text, const QString &path) {
-    return engineError(EngineErrorCode::ProfileUnusable, localizedSyncString(text).arg(path));
-}
 
 /// Where nothing is in the log, SQLite is told not to make one; else it needs the log to see the
 /// latest state, and a read-only connection leaves it alone.
@@ -33,20 +28,24 @@ std::optional<Error> obstacleInContents(const QString &path, const QSqlDatabase 
     const QVariant version = value(QStringLiteral("PRAGMA user_version"));
     const QVariant tables = value(QStringLiteral("SELECT count(*) FROM sqlite_schema"));
     if (!version.isValid() || !tables.isValid()) {
-        return unusable("The profile “%1” is damaged and cannot be opened.", path);
+        return engineError(EngineErrorCode::ProfileUnusable,
+                           "The profile “%1” is damaged and cannot be opened.", path);
     }
     if (version.toInt() > ProfileInspection::SchemaVersion) {
-        return unusable("The profile “%1” was made by a newer version of Velmora.", path);
+        return engineError(EngineErrorCode::ProfileUnusable,
+                           "The profile “%1” was made by a newer version of Velmora.", path);
     }
     if (value(QStringLiteral("PRAGMA quick_check(1)")) != QStringLiteral("ok")) {
-        return unusable("The profile “%1” is damaged and cannot be opened.", path);
+        return engineError(EngineErrorCode::ProfileUnusable,
+                           "The profile “%1” is damaged and cannot be opened.", path);
     }
     const bool isEmpty = tables == 0 && version == 0;
     const bool isOurs =
         value(QStringLiteral("PRAGMA application_id")) == ProfileInspection::ApplicationId &&
         version == ProfileInspection::SchemaVersion;
     if (!isEmpty && !isOurs) {
-        return unusable("“%1” is a database of another program and not a profile.", path);
+        return engineError(EngineErrorCode::ProfileUnusable,
+                           "“%1” is a database of another program and not a profile.", path);
     }
     return {};
 }
@@ -56,16 +55,20 @@ std::optional<Error> obstacleInContents(const QString &path, const QSqlDatabase 
 std::optional<Error> ProfileInspection::obstacle(const QString &path) {
     const QFileInfo file(path);
     if (!file.isFile()) {
-        return unusable("“%1” is not a file and cannot be opened as a profile.", path);
+        return engineError(EngineErrorCode::ProfileUnusable,
+                           "“%1” is not a file and cannot be opened as a profile.", path);
     }
     if (!file.isReadable()) {
-        return unusable("The profile “%1” may not be read.", path);
+        return engineError(EngineErrorCode::ProfileUnusable, "The profile “%1” may not be read.",
+                           path);
     }
     if (!file.isWritable()) {
-        return unusable("The profile “%1” is read-only.", path);
+        return engineError(EngineErrorCode::ProfileUnusable, "The profile “%1” is read-only.",
+                           path);
     }
     if (!QFileInfo(file.path()).isWritable()) {
-        return unusable("The profile folder “%1” is read-only.", file.path());
+        return engineError(EngineErrorCode::ProfileUnusable,
+                           "The profile folder “%1” is read-only.", file.path());
     }
     std::optional<Error> result;
     {
@@ -75,7 +78,8 @@ std::optional<Error> ProfileInspection::obstacle(const QString &path) {
         database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_OPEN_READONLY"));
         result = database.open()
                      ? obstacleInContents(path, database)
-                     : unusable("The profile “%1” is damaged and cannot be opened.", path);
+                     : engineError(EngineErrorCode::ProfileUnusable,
+                                   "The profile “%1” is damaged and cannot be opened.", path);
     }
     QSqlDatabase::removeDatabase(InspectionConnection);
     return result;

@@ -84,7 +84,7 @@ private Q_SLOTS:
         QVERIFY(table.open(QIODevice::ReadOnly));
         const QString translated = QString::fromUtf8(table.readAll());
         static const QRegularExpression text(
-            QStringLiteral("(?:localizedSyncString|unusable|unreachable)\\(\\s*\"([^\"]+)\""));
+            QStringLiteral("(?:localizedSyncString\\(|EngineErrorCode::\\w+,)\\s*\"([^\"]+)\""));
         const QDir folder(QStringLiteral(VELMORA_SOURCE_DIR "/Engine"));
         int found = 0;
         for (const QString &name : folder.entryList({QStringLiteral("*.cpp")})) {
