@@ -34,6 +34,7 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log)
     : m_library(library), m_log(log), m_databases(new QListWidget), m_notes(new NotesView) {
     setWindowTitle(QStringLiteral("Velmora"));
     resize(900, 560);
+    m_databases->setObjectName(QStringLiteral("databases"));
     m_databases->setAccessibleName(tr("Databases"));
     auto *splitter = new QSplitter;
     splitter->setChildrenCollapsible(false);

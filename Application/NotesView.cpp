@@ -124,7 +124,9 @@ void NotesView::showNote(int row) {
 }
 
 void NotesView::noteEdited() {
-    m_pause.start();
+    if (m_row >= 0) {
+        m_pause.start();
+    }
 }
 
 void NotesView::commit() {

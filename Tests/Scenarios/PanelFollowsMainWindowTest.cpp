@@ -34,7 +34,7 @@ class PanelFollowsMainWindowTest : public QObject {
 
     void trigger(const char *text) {
         for (QAction *action : m_window->findChildren<QAction *>()) {
-            if (action->text() == QLatin1StringView(text)) {
+            if (action->text() == QString::fromUtf8(text)) {
                 action->trigger();
                 return;
             }
@@ -53,7 +53,9 @@ class PanelFollowsMainWindowTest : public QObject {
         trigger(text);
     }
 
-    QListWidget *databases() const { return m_window->findChildren<QListWidget *>().first(); }
+    QListWidget *databases() const {
+        return m_window->findChild<QListWidget *>(QStringLiteral("databases"));
+    }
 
 private Q_SLOTS:
     void initTestCase() { registerSyncPreferencesInterface(); }

@@ -1,9 +1,10 @@
 #include "Controller/Preferences/QVSynchronizationSelection.h"
 
-#include <QtGui/QPainter>
+#include <QtCore/QThreadPool>
 
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
+#include "Host/QVSyncStore.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/KeyValue/ArrayController.h"
 #include "Platform/KeyValue/Binding.h"
@@ -11,6 +12,73 @@
 #include "Support/HostShortcuts.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+
+namespace {
+
+/// What each step of a fetch shall answer, and which steps there were.
+struct Script {
+    std::optional<Error> openError;
+    std::optional<QVRemoteDatabases> databases;
+    std::optional<Error> fetchError;
+    std::optional<Error> closeError;
+    QStringList steps;
+};
+
+/// A store that answers by a script, from a thread of its own as stores may. No real store can be
+/// brought to fail at closing.
+class ScriptedStore : public QVSyncStore {
+public:
+    explicit ScriptedStore(Script *script) : m_script(script) {}
+
+    std::shared_ptr<QVSyncLocation> location() const override { return nullptr; }
+    std::shared_ptr<PZFuture> openWithCompletionHandler(ErrorHandler handler) override {
+        return step("open", [=, this] { handler(m_script->openError); });
+    }
+    std::shared_ptr<PZFuture> fetchDatabasesWithCompletionHandler(
+        DatabasesHandler handler) override {
+        return step("fetch", [=, this] { handler(m_script->databases, m_script->fetchError); });
+    }
+    std::shared_ptr<PZFuture> closeWithCompletionHandler(ErrorHandler handler) override {
+        return step("close", [=, this] { handler(m_script->closeError); });
+    }
+
+private:
+    std::shared_ptr<PZFuture> step(const char *name, std::function<void()> answer) {
+        m_script->steps.append(QLatin1StringView(name));
+        QThreadPool::globalInstance()->start(std::move(answer));
+        return PZFuture::future();
+    }
+
+    Script *const m_script;
+};
+
+class ScriptedLocation : public QVSyncLocation {
+public:
+    explicit ScriptedLocation(Script *script) : m_script(script) {}
+
+    Url URL() const override { return {}; }
+    void setURL(const Url & /*URL*/) override {}
+    QVSyncStates synchronizationStates() const override { return {}; }
+    std::shared_ptr<QVSyncState> stateForDatabaseWithUUID(const QString & /*UUID*/) const override {
+        return nullptr;
+    }
+    std::shared_ptr<QVSyncState> addStateForDatabaseWithUUID(const QString & /*UUID*/,
+                                                             const QString & /*name*/) override {
+        return nullptr;
+    }
+    std::shared_ptr<QVSyncStore> createStore() override {
+        return std::make_shared<ScriptedStore>(m_script);
+    }
+
+private:
+    Script *const m_script;
+};
+
+Error testError(int code) {
+    return {.domain = QStringLiteral("test"), .code = code};
+}
+
+}  // namespace
 
 class QVSynchronizationSelectionTest : public QObject {
     Q_OBJECT
@@ -319,6 +387,52 @@ private Q_SLOTS:
         });
         QTRY_VERIFY(databases);
         QCOMPARE(error, std::optional<Error>(old));
+    }
+
+    void eachStepIsTakenAndTheLastErrorWins_data() {
+        QTest::addColumn<int>("openError");
+        QTest::addColumn<bool>("hasDatabases");
+        QTest::addColumn<int>("fetchError");
+        QTest::addColumn<int>("closeError");
+        QTest::addColumn<QStringList>("steps");
+        QTest::addColumn<int>("error");
+        QTest::addColumn<bool>("deliversDatabases");
+        const QStringList all{QStringLiteral("open"), QStringLiteral("fetch"),
+                              QStringLiteral("close")};
+        QTest::newRow("all well") << 0 << true << 0 << 0 << all << 0 << true;
+        QTest::newRow("opening fails") << 1 << true << 0 << 0 << all.mid(0, 1) << 1 << false;
+        QTest::newRow("fetching fails") << 0 << false << 2 << 0 << all << 2 << false;
+        QTest::newRow("fetching gives an error too") << 0 << true << 2 << 0 << all << 2 << false;
+        QTest::newRow("closing fails") << 0 << true << 0 << 3 << all << 3 << true;
+        QTest::newRow("fetching and closing fail") << 0 << false << 2 << 3 << all << 3 << false;
+    }
+
+    void eachStepIsTakenAndTheLastErrorWins() {
+        QFETCH(int, openError);
+        QFETCH(bool, hasDatabases);
+        QFETCH(int, fetchError);
+        QFETCH(int, closeError);
+        const auto errorFor = [](int code) {
+            return code ? std::optional(testError(code)) : std::nullopt;
+        };
+        Script script{errorFor(openError),
+                      hasDatabases ? std::optional(QVRemoteDatabases()) : std::nullopt,
+                      errorFor(fetchError),
+                      errorFor(closeError),
+                      {}};
+        const auto row =
+            Selection::selectionWithDatabase(nullptr, std::make_shared<ScriptedLocation>(&script));
+        bool isDone = false;
+        bool deliversDatabases = false;
+        row->fetchDatabasesWithCompletionHandler([&](const auto &databases, const auto &error) {
+            QCOMPARE(error, row->error());
+            deliversDatabases = databases.has_value();
+            isDone = true;
+        });
+        QTRY_VERIFY(isDone);
+        QTEST(script.steps, "steps");
+        QTEST(row->error() ? row->error()->code : 0, "error");
+        QTEST(deliversDatabases, "deliversDatabases");
     }
 
     void aRowLivesUntilItsFetchIsDone() {
