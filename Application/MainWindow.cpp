@@ -13,16 +13,10 @@
 #include "Application/NotesView.h"
 #include "Application/PlugIns.h"
 #include "Application/PreferencesWindow.h"
+#include "Application/PresentIfAny.h"
 #include "Host/NoteLibrary.h"
-#include "Host/QVApplication.h"
 
 namespace {
-
-void present(const std::optional<Error> &error) {
-    if (error) {
-        NSApp()->presentError(*error);
-    }
-}
 
 QString shownName(const NoteDatabase &database) {
     return database.isOpen() ? database.name() : MainWindow::tr("%1 (closed)").arg(database.name());
@@ -115,7 +109,7 @@ void MainWindow::createDatabase() {
         QInputDialog::getText(this, tr("New Database"), tr("Name of the new database:"),
                               QLineEdit::Normal, {}, &isAccepted);
     if (isAccepted) {
-        present(m_library->createDatabase(name));
+        presentIfAny(m_library->createDatabase(name));
     }
 }
 
@@ -125,7 +119,7 @@ void MainWindow::renameDatabase() {
     const QString name = QInputDialog::getText(this, tr("Rename"), tr("New name of the database:"),
                                                QLineEdit::Normal, database->name(), &isAccepted);
     if (isAccepted) {
-        present(m_library->renameDatabase(database, name));
+        presentIfAny(m_library->renameDatabase(database, name));
     }
 }
 
@@ -135,15 +129,15 @@ void MainWindow::toggleOpen() {
         return;
     }
     m_notes->commit();
-    present(database->isOpen() ? m_library->closeDatabase(database)
-                               : m_library->openDatabase(database));
+    presentIfAny(database->isOpen() ? m_library->closeDatabase(database)
+                                    : m_library->openDatabase(database));
 }
 
 PreferencesWindow *MainWindow::showPreferences() {
     if (!m_preferences) {
         std::optional<Error> error;
         auto pane = PlugIns::makeSyncPreferences(&error);
-        present(error);
+        presentIfAny(error);
         if (!pane) {
             return nullptr;
         }

@@ -8,18 +8,12 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSplitter>
 
-#include "Host/QVApplication.h"
+#include "Application/PresentIfAny.h"
 
 namespace {
 
 QString shownTitle(const Note &note) {
     return note.title.isEmpty() ? NotesView::tr("Untitled") : note.title;
-}
-
-void present(const std::optional<Error> &error) {
-    if (error) {
-        NSApp()->presentError(*error);
-    }
 }
 
 }  // namespace
@@ -138,7 +132,7 @@ void NotesView::commit() {
     note.title = m_title->text();
     note.text = m_text->toPlainText();
     m_list->item(m_row)->setText(shownTitle(note));
-    present(m_database->saveNote(note));
+    presentIfAny(m_database->saveNote(note));
 }
 
 void NotesView::addNote() {
@@ -146,7 +140,7 @@ void NotesView::addNote() {
     Note note;
     note.title = tr("New Note");
     if (const auto error = m_database->saveNote(note)) {
-        present(error);
+        presentIfAny(error);
         return;
     }
     m_list->setCurrentRow(m_list->count() - 1);
@@ -156,5 +150,5 @@ void NotesView::addNote() {
 
 void NotesView::removeNote() {
     commit();
-    present(m_database->removeNote(m_notes.at(m_row).UUID));
+    presentIfAny(m_database->removeNote(m_notes.at(m_row).UUID));
 }

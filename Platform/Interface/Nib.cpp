@@ -240,12 +240,12 @@ private:
 
 }  // namespace
 
-void Nib::registerForm(const QString &nibName, Form makeForm) {
-    forms().insert(nibName, std::move(makeForm));
+void Nib::registerForm(const QString &nibName, const Form &makeForm) {
+    forms().insert(nibName, makeForm);
 }
 
-void Nib::registerClass(const QString &className, ObjectFactory makeObject) {
-    classes().insert(className, std::move(makeObject));
+void Nib::registerClass(const QString &className, const ObjectFactory &makeObject) {
+    classes().insert(className, makeObject);
 }
 
 QWidget *Nib::load(const QString &nibName, QObject *owner, const Objects &named) {

@@ -21,7 +21,8 @@ class QWidget;
 /// - `itemNib` (string, on a list): the form of its rows. The list's "itemPrototype" becomes an
 /// item whose views
 ///   are made from it, with the same owner, and in which "item" names the row's CollectionViewItem.
-/// - `menu` (string): the form's QMenu that a push button opens, or a secondary click on any other widget.
+/// - `menu` (string): the form's QMenu that a push button opens, or a secondary click on any other
+/// widget.
 /// - `action` (string): what a button, action or control sends: "path.method" gives the method the
 /// sender,
 ///   if it wants an argument; "path.method(path)" gives it the value at a path.
@@ -36,11 +37,11 @@ using Objects = QHash<QString, QObject *>;
 
 /// Makes the form's widgets, without a parent.
 using Form = std::function<QWidget *()>;
-PLATFORM_EXPORT void registerForm(const QString &nibName, Form makeForm);
+PLATFORM_EXPORT void registerForm(const QString &nibName, const Form &makeForm);
 
 /// Makes an object of a class that forms name in `objects`; it gets the form as its parent.
 using ObjectFactory = std::function<QObject *(QObject *parent)>;
-PLATFORM_EXPORT void registerClass(const QString &className, ObjectFactory makeObject);
+PLATFORM_EXPORT void registerClass(const QString &className, const ObjectFactory &makeObject);
 
 /// Makes the form of that name and connects it: outlets and prototypes first, then bindings, then
 /// actions. The

@@ -49,8 +49,8 @@ Dependencies dependenciesOfClass(QObject *object) {
     Dependencies dependencies;
     for (int i = 0; i < meta->propertyCount(); ++i) {
         const QByteArray key = meta->property(i).name();
-        if (KeyPaths paths = declaredDependencies(object, key); !paths.isEmpty()) {
-            dependencies.insert(key, std::move(paths));
+        if (const KeyPaths paths = declaredDependencies(object, key); !paths.isEmpty()) {
+            dependencies.insert(key, paths);
         }
     }
     return dependencies;

@@ -106,12 +106,13 @@ void bind(QObject *target, const QByteArray &key, QObject *observed, const QByte
 }
 
 void unbind(QObject *target, const QByteArray &key) {
-    const QObjectList children = target->children();
-    for (QObject *child : children) {
+    QList<Binding *> ended;
+    for (QObject *child : target->children()) {
         if (auto *binding = dynamic_cast<Binding *>(child); binding && binding->key() == key) {
-            delete binding;
+            ended.append(binding);
         }
     }
+    qDeleteAll(ended);
 }
 
 }  // namespace KeyValue
