@@ -88,7 +88,8 @@ void QVListView::setContent(const QVariantList &content) {
     if (m_content && m_content->isSharedWith(content)) {
         return;
     }
-    const QVariantList objects = content;
+    // Kept: what is called on the way may replace the list that `content` refers to.
+    const QVariantList objects = content;  // NOLINT(performance-unnecessary-copy-initialization)
     // A visible list would look for what is under the pointer at each row that comes or goes.
     const bool wasVisible = isVisible();
     if (wasVisible) {
