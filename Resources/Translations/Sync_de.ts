@@ -291,5 +291,157 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>Flour, milk, eggs, tomatoes</source>
         <translation>Mehl, Milch, Eier, Tomaten</translation>
     </message>
+    <message>
+        <source>&amp;Remove Schedule</source>
+        <translation>Zeitplan &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>Databases</source>
+        <translation>Datenbanken</translation>
+    </message>
+    <message>
+        <source>Days of the weekly synchronization</source>
+        <translation>Tage des wöchentlichen Abgleichs</translation>
+    </message>
+    <message>
+        <source>Every &amp;day</source>
+        <translation>Jeden &amp;Tag</translation>
+    </message>
+    <message>
+        <source>Every &amp;hour</source>
+        <translation>Jede &amp;Stunde</translation>
+    </message>
+    <message>
+        <source>Every &amp;week</source>
+        <translation>Jede &amp;Woche</translation>
+    </message>
+    <message>
+        <source>From then on the database synchronizes only when you ask for it, or when it is opened or closed.</source>
+        <translation>Danach gleicht sich die Datenbank nur noch ab, wenn Sie es verlangen oder wenn sie geöffnet oder geschlossen wird.</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Location commands</source>
+        <translation>Befehle für Orte</translation>
+    </message>
+    <message>
+        <source>Minutes past the hour</source>
+        <translation>Minuten nach der vollen Stunde</translation>
+    </message>
+    <message>
+        <source>Never synchronized</source>
+        <translation>Noch nie abgeglichen</translation>
+    </message>
+    <message>
+        <source>Next synchronization: %1</source>
+        <translation>Nächster Abgleich: %1</translation>
+    </message>
+    <message>
+        <source>No database is open.</source>
+        <translation>Keine Datenbank ist geöffnet.</translation>
+    </message>
+    <message>
+        <source>No synchronization is scheduled.</source>
+        <translation>Kein Abgleich ist geplant.</translation>
+    </message>
+    <message>
+        <source>Reading the location</source>
+        <translation>Der Ort wird gelesen</translation>
+    </message>
+    <message>
+        <source>Schedule of the selected database</source>
+        <translation>Zeitplan der ausgewählten Datenbank</translation>
+    </message>
+    <message>
+        <source>Show what went wrong</source>
+        <translation>Zeigen, was schiefging</translation>
+    </message>
+    <message>
+        <source>Something went wrong with this location. Show what.</source>
+        <translation>Mit diesem Ort ist etwas schiefgegangen. Zeigen, was.</translation>
+    </message>
+    <message>
+        <source>Sync Preferences cannot be used: the sync plug-in has no %1.</source>
+        <translation>Die Abgleich-Einstellungen sind nicht verwendbar: dem Abgleich-Modul fehlt %1.</translation>
+    </message>
+    <message>
+        <source>Sync locations</source>
+        <translation>Abgleichorte</translation>
+    </message>
+    <message>
+        <source>Synchronize this database with all its locations now</source>
+        <translation>Diese Datenbank jetzt mit allen ihren Orten abgleichen</translation>
+    </message>
+    <message>
+        <source>Synchronize with</source>
+        <translation>Abgleichen mit</translation>
+    </message>
+    <message>
+        <source>Synchronized %1</source>
+        <translation>Abgeglichen %1</translation>
+    </message>
+    <message>
+        <source>There is no location to synchronize with yet.</source>
+        <translation>Es gibt noch keinen Ort zum Abgleichen.</translation>
+    </message>
+    <message>
+        <source>Time of the daily synchronization</source>
+        <translation>Uhrzeit des täglichen Abgleichs</translation>
+    </message>
+    <message>
+        <source>Time of the weekly synchronization</source>
+        <translation>Uhrzeit des wöchentlichen Abgleichs</translation>
+    </message>
+    <message>
+        <source>Version of this pane</source>
+        <translation>Version dieser Einstellungen</translation>
+    </message>
+    <message>
+        <source>When the database is &amp;closed</source>
+        <translation>Beim S&amp;chließen der Datenbank</translation>
+    </message>
+    <message>
+        <source>When the database is &amp;opened</source>
+        <translation>Beim Ö&amp;ffnen der Datenbank</translation>
+    </message>
+    <message>
+        <source>Whether the selected database synchronizes with this location</source>
+        <translation>Ob sich die ausgewählte Datenbank mit diesem Ort abgleicht</translation>
+    </message>
+    <message>
+        <source>minutes past the hour</source>
+        <translation>Minuten nach der vollen Stunde</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>am</translation>
+    </message>
+    <message>
+        <source>today at %1</source>
+        <translation>heute um %1</translation>
+    </message>
+    <message>
+        <source>tomorrow at %1</source>
+        <translation>morgen um %1</translation>
+    </message>
+    <message>
+        <source>yesterday at %1</source>
+        <translation>gestern um %1</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
 </context>
 </TS>

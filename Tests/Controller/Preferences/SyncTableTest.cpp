@@ -1,0 +1,52 @@
+#include <QtCore/QDirIterator>
+#include <QtCore/QRegularExpression>
+
+#include "Support/TestMain.h"
+
+/// The table "Sync" has every text of the pane.
+class SyncTableTest : public QObject {
+    Q_OBJECT
+
+    static QString read(const QString &path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+    /// What `pattern` captures in the files of that kind in `folder`.
+    static QStringList captured(const char *folder, const char *files, const char *pattern) {
+        const QString root = QStringLiteral(VELMORA_SOURCE_DIR "/") + QLatin1StringView(folder);
+        const QRegularExpression expression{QLatin1StringView(pattern)};
+        QStringList result;
+        QDirIterator found(root, {QLatin1StringView(files)}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (found.hasNext()) {
+            auto matches = expression.globalMatch(read(found.next()));
+            while (matches.hasNext()) {
+                result.append(matches.next().captured(1));
+            }
+        }
+        return result;
+    }
+
+private Q_SLOTS:
+    void everyTextOfTheFormsAndTheCodeIsTranslated() {
+        const QString table =
+            read(QStringLiteral(VELMORA_SOURCE_DIR "/Resources/Translations/Sync_de.ts"));
+        QStringList texts = captured("Resources/Interface", "*.ui", "<string>([^<]+)</string>");
+        texts.removeIf([](const QString &text) {
+            return text.contains(QLatin1StringView("&lt;-")) ||
+                   text.endsWith(QLatin1StringView("Controller"));
+        });
+        for (const char *folder : {"Controller", "View", "Platform"}) {
+            texts += captured(folder, "*.cpp", "localizedSyncString\\(\\s*\"([^\"]+)\"");
+        }
+        QVERIFY(texts.size() > 30);
+        for (const QString &text : std::as_const(texts)) {
+            QVERIFY2(table.contains(QStringLiteral("<source>%1</source>").arg(text)),
+                     qPrintable(text));
+        }
+    }
+};
+
+VELMORA_TEST_MAIN(SyncTableTest)
+#include "SyncTableTest.moc"
