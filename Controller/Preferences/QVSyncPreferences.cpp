@@ -128,9 +128,14 @@ QVSyncPlugin *QVSyncPreferences::plugin() const {
     return QVSyncPlugin::plugin();
 }
 
+// Each row asks for it, and the icon theme takes its time.
 QPixmap QVSyncPreferences::databaseIcon() const {
-    const QIcon fallback(QStringLiteral(":/SyncPreferences/database.svg"));
-    return Workspace::iconForFileType(QStringLiteral("qvBase2"), fallback).pixmap(QSize(32, 32), 2);
+    if (m_databaseIcon.isNull()) {
+        const QIcon fallback(QStringLiteral(":/SyncPreferences/database.svg"));
+        m_databaseIcon = Workspace::iconForFileType(QStringLiteral("qvBase2"), fallback)
+                             .pixmap(QSize(32, 32), 2);
+    }
+    return m_databaseIcon;
 }
 
 bool QVSyncPreferences::isSandboxed() const {

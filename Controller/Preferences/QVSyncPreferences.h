@@ -150,6 +150,7 @@ private:
     QPointer<QWidget> m_scheduleView;
     QMutex m_awakening;
     QIcon m_warningIcon;
+    mutable QPixmap m_databaseIcon;
     std::unique_ptr<QVSyncScheduleEditor> m_scheduleEditor;
     QList<Selection> m_synchronizationSelections;
     std::map<QString, StandIn> m_localDatabasesByUUID;

@@ -1,27 +1,63 @@
 #include "Platform/Foundation/UserDefaults.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QPointer>
 #include <QtCore/QSettings>
+#include <QtCore/QThread>
 
 namespace UserDefaults {
 
+namespace {
+
+/// How long a change that another program makes to the file may go unnoticed.
+constexpr qint64 longestLag = 1000;
+
+/// The main thread's settings: opening them for each look would cost many times the look. They go
+/// with the application object.
+QSettings &mainThreadSettings() {
+    static QPointer<QSettings> settings;
+    static QElapsedTimer sinceSync;
+    if (!settings) {
+        settings = new QSettings(QCoreApplication::instance());
+        sinceSync.start();
+    } else if (sinceSync.hasExpired(longestLag)) {
+        settings->sync();
+        sinceSync.restart();
+    }
+    return *settings;
+}
+
+template <class Use>
+auto withSettings(const Use &use) {
+    const QCoreApplication *application = QCoreApplication::instance();
+    if (application && application->thread() == QThread::currentThread()) {
+        return use(mainThreadSettings());
+    }
+    QSettings settings;
+    return use(settings);
+}
+
+}  // namespace
+
 bool boolForKey(const QString &key) {
-    return QSettings().value(key).toBool();
+    return withSettings([&](const QSettings &settings) { return settings.value(key).toBool(); });
 }
 
 int integerForKey(const QString &key) {
-    return QSettings().value(key).toInt();
+    return withSettings([&](const QSettings &settings) { return settings.value(key).toInt(); });
 }
 
 bool contains(const QString &key) {
-    return QSettings().contains(key);
+    return withSettings([&](const QSettings &settings) { return settings.contains(key); });
 }
 
 void setValue(const QString &key, const QVariant &value) {
-    QSettings().setValue(key, value);
+    withSettings([&](QSettings &settings) { settings.setValue(key, value); });
 }
 
 void remove(const QString &key) {
-    QSettings().remove(key);
+    withSettings([&](QSettings &settings) { settings.remove(key); });
 }
 
 }  // namespace UserDefaults
