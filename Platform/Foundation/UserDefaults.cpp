@@ -1,7 +1,6 @@
 #include "Platform/Foundation/UserDefaults.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
 #include <QtCore/QSettings>
 #include <QtCore/QThread>
@@ -10,21 +9,15 @@ namespace UserDefaults {
 
 namespace {
 
-/// How long a change that another program makes to the file may go unnoticed.
-constexpr qint64 longestLag = 1000;
-
-/// The main thread's settings: opening them for each look would cost many times the look. They go
-/// with the application object.
+/// The main thread's settings, as they are now, also where another program has written them.
+/// Opening them for each look would cost several times the look. They go with the application
+/// object.
 QSettings &mainThreadSettings() {
     static QPointer<QSettings> settings;
-    static QElapsedTimer sinceSync;
     if (!settings) {
         settings = new QSettings(QCoreApplication::instance());
-        sinceSync.start();
-    } else if (sinceSync.hasExpired(longestLag)) {
-        settings->sync();
-        sinceSync.restart();
     }
+    settings->sync();
     return *settings;
 }
 
