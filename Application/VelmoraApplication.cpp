@@ -1,6 +1,7 @@
 #include "Application/VelmoraApplication.h"
 
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyleFactory>
 #include <cstdio>
 
@@ -52,6 +53,25 @@ void VelmoraApplication::presentError(const Error &error) {
                                 error.localizedDescription, QMessageBox::Ok, activeWindow());
     box->setInformativeText(error.localizedFailureReason);
     box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void VelmoraApplication::ask(const Question &question, std::function<void(bool)> handler) {
+    if (m_isBatch) {
+        QMetaObject::invokeMethod(
+            this, [handler = std::move(handler)] { handler(false); }, Qt::QueuedConnection);
+        return;
+    }
+    auto *box = new QMessageBox(QMessageBox::Question, applicationDisplayName(), question.text,
+                                QMessageBox::NoButton, activeWindow());
+    box->setTextFormat(Qt::PlainText);
+    box->setInformativeText(question.details);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QPushButton *accept = box->addButton(question.acceptTitle, QMessageBox::AcceptRole);
+    box->setDefaultButton(box->addButton(question.refuseTitle, QMessageBox::RejectRole));
+    connect(box, &QDialog::finished, this, [box, accept, handler = std::move(handler)] {
+        handler(box->clickedButton() == accept);
+    });
     box->open();
 }
 

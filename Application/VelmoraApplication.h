@@ -26,6 +26,8 @@ public:
     void logItemCmd(const QString &title, const QString &info) override;
     /// Returns at once; the message box is modal to the active window.
     void presentError(const Error &error) override;
+    /// Without windows every question is refused.
+    void ask(const Question &question, std::function<void(bool)> handler) override;
 
     bool notify(QObject *receiver, QEvent *event) override;
 

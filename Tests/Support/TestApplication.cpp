@@ -1,5 +1,7 @@
 #include "Support/TestApplication.h"
 
+#include <QtCore/QCoreApplication>
+
 #include "Engine/SyncEngine.h"
 
 TestApplication::TestApplication() {
@@ -20,4 +22,11 @@ void TestApplication::logItemCmd(const QString &title, const QString &info) {
 
 void TestApplication::presentError(const Error &error) {
     m_presentedErrors.append(error);
+}
+
+void TestApplication::ask(const Question &question, std::function<void(bool)> handler) {
+    m_questions.append(question);
+    QMetaObject::invokeMethod(
+        qApp, [handler = std::move(handler), accepted = m_isAccepting] { handler(accepted); },
+        Qt::QueuedConnection);
 }

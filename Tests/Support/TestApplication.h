@@ -22,13 +22,19 @@ public:
     void setEngine(SyncEngine *engine) { m_engine = engine; }
     const QList<Error> &presentedErrors() const { return m_presentedErrors; }
     const QList<LogEntry> &logEntries() const { return m_logEntries; }
+    const QList<Question> &questions() const { return m_questions; }
+    /// What every question is answered from now on; refused unless set.
+    void answerQuestions(bool accepting) { m_isAccepting = accepting; }
 
     std::shared_ptr<QVDatabase> inbox() const override;
     void logItemCmd(const QString &title, const QString &info) override;
     void presentError(const Error &error) override;
+    void ask(const Question &question, std::function<void(bool)> handler) override;
 
 private:
     SyncEngine *m_engine = nullptr;
     QList<Error> m_presentedErrors;
     QList<LogEntry> m_logEntries;
+    QList<Question> m_questions;
+    bool m_isAccepting = false;
 };
