@@ -4,8 +4,10 @@
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPointer>
 #include <QtGui/QAction>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QToolButton>
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/BindableView.h"
@@ -139,6 +141,8 @@ public:
             if (const QString action = part->property("action").toString(); !action.isEmpty()) {
                 connectAction(part, parsedAction(action));
             }
+            connectTextChanges(part);
+            connectValidation(part);
         }
     }
 
@@ -184,6 +188,8 @@ private:
         auto *menu = qobject_cast<QMenu *>(object(name));
         if (auto *button = qobject_cast<QPushButton *>(part)) {
             button->setMenu(menu);
+        } else if (auto *toolButton = qobject_cast<QToolButton *>(part)) {
+            toolButton->setMenu(menu);
         } else if (auto *view = qobject_cast<QWidget *>(part)) {
             ContextMenu::setMenu(view, menu);
         }
@@ -217,10 +223,45 @@ private:
         }
     }
 
-    void connectAction(QObject *part, const NibAction &action) const {
+    ActionSender *makeSender(QObject *part, const NibAction &action) const {
         QObject *argument =
             action.argument.object.isEmpty() ? nullptr : object(action.argument.object);
-        auto *sender = new ActionSender(part, action, object(action.target.object), argument);
+        return new ActionSender(part, action, object(action.target.object), argument);
+    }
+
+    void connectTextChanges(QObject *part) const {
+        const QString action = part->property("textDidChange").toString();
+        if (auto *field = qobject_cast<QLineEdit *>(part); field && !action.isEmpty()) {
+            auto *sender = makeSender(field, parsedAction(action));
+            QObject::connect(field, &QLineEdit::textEdited, sender, [sender] { sender->send(); });
+        }
+    }
+
+    void connectValidation(QObject *part) const {
+        const QString text = part->property("validation").toString();
+        auto *menuItem = qobject_cast<QAction *>(part);
+        if (!menuItem || text.isEmpty()) {
+            return;
+        }
+        const NibPath path = NibPath::parse(text);
+        const QPointer<QObject> observed = object(path.object);
+        for (QMenu *menu : m_form->findChildren<QMenu *>()) {
+            if (menu->actions().contains(menuItem)) {
+                QObject::connect(menu, &QMenu::aboutToShow, menuItem, [=] {
+                    menuItem->setEnabled(observed &&
+                                         isTrue(KeyValue::value(observed, path.keyPath)));
+                });
+            }
+        }
+    }
+
+    static bool isTrue(const QVariant &value) {
+        return value.metaType() == QMetaType::fromType<bool>() ? value.toBool()
+                                                               : !KeyValue::isAbsent(value);
+    }
+
+    void connectAction(QObject *part, const NibAction &action) const {
+        auto *sender = makeSender(part, action);
         const auto send = [sender] { sender->send(); };
         if (auto *button = qobject_cast<QAbstractButton *>(part)) {
             QObject::connect(button, &QAbstractButton::clicked, sender, send);
