@@ -6,10 +6,13 @@
 #include "Controller/QVLocationTitleValueTransformer.h"
 #include "Controller/QVNextScheduledDateValueTransformer.h"
 #include "Platform/Interface/Nib.h"
+#include "Platform/Interface/SheetWindow.h"
 #include "View/ListRow.h"
 #include "ui_QVDatabaseItem.h"
+#include "ui_QVFolderLocationEditor.h"
 #include "ui_QVLocationItem.h"
 #include "ui_QVSyncScheduleEditor.h"
+#include "ui_QVWebDAVLocationEditor.h"
 #include "ui_SyncPreferences.h"
 
 namespace {
@@ -34,6 +37,10 @@ void registerSyncPreferencesInterface() {
 
     Nib::registerUiForm<Ui::SyncPreferences, QWidget>(QStringLiteral("Sync Preferences"));
     Nib::registerUiForm<Ui::QVSyncScheduleEditor, QWidget>(QStringLiteral("QVSyncScheduleEditor"));
+    Nib::registerUiForm<Ui::QVFolderLocationEditor, SheetWindow>(
+        QStringLiteral("QVFolderLocationEditor"));
+    Nib::registerUiForm<Ui::QVWebDAVLocationEditor, SheetWindow>(
+        QStringLiteral("QVWebDAVLocationEditor"));
     Nib::registerUiForm<Ui::QVDatabaseItem, ListRow>(QStringLiteral("QVDatabaseItem"));
     Nib::registerUiForm<Ui::QVLocationItem, ListRow>(QStringLiteral("QVLocationItem"));
 }

@@ -2,7 +2,6 @@
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/Nib.h"
-#include "Platform/Interface/SheetWindow.h"
 
 WindowController::WindowController(const QString &windowNibName) : m_windowNibName(windowNibName) {}
 

@@ -4,9 +4,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 
-#include "Platform/PlatformExport.h"
-
-class SheetWindow;
+#include "Platform/Interface/SheetWindow.h"
 
 /// Controls one window, which it loads from the nib of a name, and runs it as a sheet: modal to its
 /// parent window only. Main thread.

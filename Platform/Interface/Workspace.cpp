@@ -1,9 +1,22 @@
 #include "Platform/Interface/Workspace.h"
 
 #include <QtCore/QMimeDatabase>
+#include <QtCore/QUrl>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCall>
 
 QIcon Workspace::iconForFileType(const QString &extension, const QIcon &fallback) {
     const QMimeType type = QMimeDatabase().mimeTypeForFile(QLatin1StringView("file.") + extension,
                                                            QMimeDatabase::MatchExtension);
     return type.isDefault() ? fallback : QIcon::fromTheme(type.iconName(), fallback);
+}
+
+void Workspace::selectFile(const QString &path) {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.FileManager1"),
+        QStringLiteral("/org/freedesktop/FileManager1"),
+        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+    call << QStringList{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)} << QString();
+    QDBusConnection::sessionBus().asyncCall(call);
 }
