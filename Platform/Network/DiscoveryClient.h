@@ -1,13 +1,11 @@
 #pragma once
 
+#include <avahi-client/client.h>
+#include <avahi-glib/glib-watch.h>
+
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
 #include <memory>
-
-#include "Platform/PlatformExport.h"
-
-struct AvahiClient;
-struct AvahiGLibPoll;
 
 /// This process's connection with the Avahi daemon, on the event loop of the main thread; shared by
 /// whoever browses, resolves or publishes, and closed when the last of them lets go. It waits for a
@@ -21,23 +19,26 @@ public:
     ~DiscoveryClient() override;
 
     /// nullptr while there is no daemon that answers.
-    AvahiClient *client() const { return m_isRunning ? m_client : nullptr; }
+    AvahiClient *client() const { return m_isAvailable ? m_client : nullptr; }
+    /// Whether the daemon has found a name for this computer, so that services can be published.
+    bool isHostRegistered() const { return m_isHostRegistered; }
 
 Q_SIGNALS:
     /// `client` can be used from now on.
     void available();
-    /// The daemon is gone, or publishing has to begin anew: whatever was made with `client` is to
-    /// be freed within this call.
+    /// The daemon is gone: whatever was made with `client` is to be freed within this call.
     void lost();
+    void hostRegisteredChanged();
 
 private:
-    static void clientChanged(AvahiClient *client, int state, void *self);
+    static void clientChanged(AvahiClient *client, AvahiClientState state, void *self);
     void connectToDaemon();
-    void disconnectFromDaemon();
-    void setRunning(bool isRunning);
+    void reconnect();
+    void setHostRegistered(bool isHostRegistered);
 
-    AvahiGLibPoll *m_poll = nullptr;
+    AvahiGLibPoll *const m_poll;
     AvahiClient *m_client = nullptr;
-    bool m_isRunning = false;
+    bool m_isAvailable = false;
+    bool m_isHostRegistered = false;
     QTimer m_retry;
 };

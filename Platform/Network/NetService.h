@@ -7,6 +7,8 @@
 #include "Platform/PlatformExport.h"
 
 class NetServiceDelegate;
+class NetServicePublication;
+class NetServiceResolution;
 
 /// A service on the local network: one that a browser found, to be resolved, or one of our own, to
 /// be published. DNS service discovery (RFC 6763) through the Avahi daemon; where that is not
@@ -55,8 +57,11 @@ Q_SIGNALS:
     void nameChanged();
 
 private:
-    class Resolution;
-    class Publication;
+    friend class NetServicePublication;
+    friend class NetServiceResolution;
+
+    void setAddress(const QString &hostName, quint16 port);
+    void setPublished(const QString &name, const QString &domain);
 
     QString m_name;
     const QString m_type;
@@ -64,6 +69,6 @@ private:
     QString m_hostName;
     quint16 m_port;
     NetServiceDelegate *m_delegate = nullptr;
-    std::unique_ptr<Resolution> m_resolution;
-    std::unique_ptr<Publication> m_publication;
+    std::unique_ptr<NetServiceResolution> m_resolution;
+    std::unique_ptr<NetServicePublication> m_publication;
 };
