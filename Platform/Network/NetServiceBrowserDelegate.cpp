@@ -1,0 +1,3 @@
+#include "Platform/Network/NetServiceBrowserDelegate.h"
+
+NetServiceBrowserDelegate::~NetServiceBrowserDelegate() = default;
