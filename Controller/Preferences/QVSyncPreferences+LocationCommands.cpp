@@ -1,6 +1,11 @@
+#include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
+#include "Controller/Preferences/QVDropboxLocationEditor.h"
 #include "Controller/Preferences/QVFolderLocationEditor.h"
+#include "Controller/Preferences/QVServerPreferencesController.h"
+#include "Controller/Preferences/QVSyncBookmarkManager.h"
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/QVWebDAVLocationEditor.h"
+#include "Controller/QVImportDatabasesController.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Platform/Foundation/Assertion.h"
@@ -30,6 +35,14 @@ void QVSyncPreferences::addFileLocation(QObject * /*sender*/) {
 
 void QVSyncPreferences::addWebDAVLocation(QObject * /*sender*/) {
     editLocationWithEditor(QVWebDAVLocationEditor::editorWithSyncLocation(newLocation()));
+}
+
+void QVSyncPreferences::addDropboxLocation(QObject * /*sender*/) {
+    editLocationWithEditor(QVDropboxLocationEditor::editorWithSyncLocation(newLocation()));
+}
+
+void QVSyncPreferences::addDirectConnectionLocation(QObject * /*sender*/) {
+    editLocationWithEditor(QVDirectConnectionLocationEditor::editorWithSyncLocation(newLocation()));
 }
 
 void QVSyncPreferences::createFolder(QObject * /*sender*/) {
@@ -69,6 +82,12 @@ std::shared_ptr<QVSyncLocationEditor> QVSyncPreferences::locationEditorForLocati
     }
     if (URL.scheme() == QLatin1StringView("http") || URL.scheme() == QLatin1StringView("https")) {
         return QVWebDAVLocationEditor::editorWithSyncLocation(location);
+    }
+    if (URL.scheme() == QVDirectConnectionServer::URLScheme()) {
+        return QVDirectConnectionLocationEditor::editorWithSyncLocation(location);
+    }
+    if (URL.scheme() == QLatin1StringView("dropbox")) {
+        return QVDropboxLocationEditor::editorWithSyncLocation(location);
     }
     return nullptr;
 }
@@ -163,4 +182,24 @@ void QVSyncPreferences::revealInFinder(QObject * /*sender*/) {
 bool QVSyncPreferences::isRevealableInFinder() const {
     const Selection row = selectedRow();
     return row && row->location()->URL().scheme() == QLatin1StringView("file");
+}
+
+void QVSyncPreferences::openBookmarkManager(QObject * /*sender*/) {
+    QVSyncBookmarkManager::bookmarkManager()->runBookmarkManagerModalForWindow(
+        mainView()->window());
+}
+
+void QVSyncPreferences::showServerPreferences(QObject * /*sender*/) {
+    QVServerPreferencesController::controller()->runServerPreferencesModalForWindow(
+        mainView()->window());
+}
+
+void QVSyncPreferences::showImportDatabasesSheet(QObject * /*sender*/) {
+    m_importController = QVImportDatabasesController::newController();
+    m_importController->runImportDatabasesSheetModalForWindow(
+        mainView()->window(), [pane = QPointer(this)] {
+            if (pane) {
+                pane->m_importController.reset();
+            }
+        });
 }

@@ -19,6 +19,7 @@
 class QMenu;
 class QVDatabase;
 class QVFolderLocationEditor;
+class QVImportDatabasesController;
 class QVSyncLocationEditor;
 class QVSyncScheduleEditor;
 struct Notification;
@@ -123,6 +124,8 @@ public:
     // window that shows the pane.
     Q_SLOT void addFileLocation(QObject *sender);
     Q_SLOT void addWebDAVLocation(QObject *sender);
+    Q_SLOT void addDropboxLocation(QObject *sender);
+    Q_SLOT void addDirectConnectionLocation(QObject *sender);
     /// Make a new package for a location, or choose an existing one, in a panel; then add it.
     Q_SLOT void createFolder(QObject *sender);
     Q_SLOT void selectFolder(QObject *sender);
@@ -140,6 +143,9 @@ public:
                                           const QString &UUID);
     /// Shows the selected row's folder in the desktop's file manager.
     Q_SLOT void revealInFinder(QObject *sender);
+    Q_SLOT void openBookmarkManager(QObject *sender);
+    Q_SLOT void showServerPreferences(QObject *sender);
+    Q_SLOT void showImportDatabasesSheet(QObject *sender);
     /// A new editor for the location by the scheme of its URL, letter by letter; nullptr where
     /// there is none.
     std::shared_ptr<QVSyncLocationEditor> locationEditorForLocation(
@@ -193,4 +199,5 @@ private:
     std::map<QString, StandIn> m_localDatabasesByUUID;
     QPointer<QPushButton> m_locationEditPopUpButton;
     QList<std::shared_ptr<QVSyncLocationEditor>> m_editors;
+    std::shared_ptr<QVImportDatabasesController> m_importController;
 };

@@ -83,7 +83,7 @@ QVWebDAVLocationEditor::Fields QVWebDAVLocationEditor::fieldsOfURL(const Url &UR
     }
     fields.path = PathComponents::withoutLast(URL.path());
     if (fields.path.startsWith(u'/')) {
-        fields.path.removeFirst();
+        fields.path.remove(0, 1);
     }
     fields.store = PathComponents::withoutExtension(PathComponents::last(URL.path()));
     return fields;

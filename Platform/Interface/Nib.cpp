@@ -15,6 +15,8 @@
 #include "Platform/Interface/ContextMenu.h"
 #include "Platform/Interface/Control.h"
 #include "Platform/Interface/NibConnections.h"
+#include "Platform/Interface/TableView.h"
+#include "Platform/Interface/TableViewDelegate.h"
 #include "Platform/KeyValue/KeyValue.h"
 
 namespace {
@@ -130,6 +132,7 @@ public:
             setOutlet(owner, part);
             setItemPrototype(owner, part);
             setMenu(part);
+            setTableDelegate(part);
         }
         for (QObject *part : std::as_const(m_parts)) {
             const QStringList bindings = part->property("bindings").toStringList();
@@ -144,6 +147,7 @@ public:
             connectTextChanges(part);
             connectValidation(part);
         }
+        awakeObjects();
     }
 
 private:
@@ -155,7 +159,16 @@ private:
             if (!makeObject) {
                 fail(QStringLiteral("No class \"%1\" is there for a form's object").arg(className));
             }
-            makeObject(m_form)->setObjectName(declaration.section(u' ', 0, 0));
+            QObject *made = makeObject(m_form);
+            made->setObjectName(declaration.section(u' ', 0, 0));
+            m_made.append(made);
+        }
+    }
+
+    void awakeObjects() const {
+        for (QObject *made : m_made) {
+            const int index = made->metaObject()->indexOfMethod("awakeFromNib()");
+            made->metaObject()->method(index).invoke(made, Qt::DirectConnection);
         }
     }
 
@@ -192,6 +205,13 @@ private:
             toolButton->setMenu(menu);
         } else if (auto *view = qobject_cast<QWidget *>(part)) {
             ContextMenu::setMenu(view, menu);
+        }
+    }
+
+    void setTableDelegate(QObject *part) const {
+        const QString name = part->property("tableDelegate").toString();
+        if (auto *table = qobject_cast<TableView *>(part); table && !name.isEmpty()) {
+            table->setTableDelegate(dynamic_cast<TableViewDelegate *>(object(name)));
         }
     }
 
@@ -269,6 +289,8 @@ private:
             QObject::connect(menuItem, &QAction::triggered, sender, send);
         } else if (auto *control = qobject_cast<Control *>(part)) {
             QObject::connect(control, &Control::action, sender, send);
+        } else if (auto *table = qobject_cast<TableView *>(part)) {
+            QObject::connect(table, &TableView::action, sender, send);
         } else {
             fail(QStringLiteral("\"%1\" has an action but is no control").arg(part->objectName()));
         }
@@ -277,6 +299,7 @@ private:
     QWidget *const m_form;
     Nib::Objects m_objects;
     QObjectList m_parts;
+    QObjectList m_made;
 };
 
 }  // namespace

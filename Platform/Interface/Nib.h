@@ -13,7 +13,7 @@ class QWidget;
 ///
 /// A form's dynamic properties say so:
 /// - `objects` (string list, on the form itself): further objects that the form makes, as "name
-///   class".
+///   class". One that has an operation "awakeFromNib" is sent it when all is connected.
 /// - `bindings` (string list, on any widget or action): "key <- path" makes the key follow the
 ///   path, "key <-> path" also writes back what the person changes; "| name" at the end names a
 ///   ValueTransformer. On the form itself "object.key" binds a key of one of its `objects`.
@@ -26,6 +26,7 @@ class QWidget;
 ///   read each time the menu is about to open.
 /// - `action` (string): what a button, action or control sends: "path.method" gives the method the
 ///   sender, if it wants an argument; "path.method(path)" gives it the value at a path.
+/// - `tableDelegate` (string, on a table view): the object that is its delegate.
 /// - `textDidChange` (string, on a text field): what the field sends, written like an `action`,
 ///   each time the person has changed its text.
 /// A path begins with the name of an object: "owner", one of the form's objects or widgets, or one
