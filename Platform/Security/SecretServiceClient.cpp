@@ -160,28 +160,9 @@ void SecretServiceClient::cancel() {
     g_cancellable_cancel(m_cancellable.get());
 }
 
-bool SecretServiceClient::isDeclined(std::optional<Failure> failure) const {
-    return failure == Failure::Cancelled && !g_cancellable_is_cancelled(m_cancellable.get());
-}
-
 void SecretServiceClient::find(const SecretAttributes &attributes, Unlocking unlocking,
                                std::function<void(const FoundItems &)> handler) {
-    if (unlocking == Unlocking::No) {
-        search(attributes, SECRET_SEARCH_NONE, handler);
-        return;
-    }
-    search(attributes, SECRET_SEARCH_UNLOCK, [this, attributes, handler](const FoundItems &found) {
-        if (isDeclined(found.failure)) {
-            search(attributes, SECRET_SEARCH_NONE, handler);
-        } else {
-            handler(found);
-        }
-    });
-}
-
-void SecretServiceClient::search(const SecretAttributes &attributes, int flags,
-                                 const std::function<void(const FoundItems &)> &handler) {
-    const auto opened = [cancellable = m_cancellable, attributes, flags, handler](
+    const auto opened = [cancellable = m_cancellable, attributes, unlocking, handler](
                             const ServicePointer &service, std::optional<Failure> failure) {
         if (failure) {
             handler({.failure = failure});
@@ -192,10 +173,13 @@ void SecretServiceClient::search(const SecretAttributes &attributes, int flags,
             GList *list = secret_service_search_finish(service.get(), result, error.out());
             handler(error ? FoundItems{.failure = error.failure()} : foundItems(list));
         };
-        const auto allFlags =
-            static_cast<SecretSearchFlags>(flags | SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS);
-        secret_service_search(service.get(), nullptr, hashTable(attributes).get(), allFlags,
-                              cancellable.get(), &callReady, readyData(ready));
+        int flags = SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS;
+        if (unlocking == Unlocking::Yes) {
+            flags |= SECRET_SEARCH_UNLOCK;
+        }
+        secret_service_search(service.get(), nullptr, hashTable(attributes).get(),
+                              static_cast<SecretSearchFlags>(flags), cancellable.get(), &callReady,
+                              readyData(ready));
     };
     open(m_cancellable, opened);
 }
@@ -214,7 +198,9 @@ void SecretServiceClient::store(const StoredSecret &item,
                 handler(std::nullopt);
                 return;
             }
-            handler(isDeclined(error.failure()) ? Failure::Locked : error.failure());
+            const bool isDeclined = error.failure() == Failure::Cancelled &&
+                                    !g_cancellable_is_cancelled(m_cancellable.get());
+            handler(isDeclined ? Failure::Locked : error.failure());
         };
         const std::unique_ptr<SecretValue, decltype(&secret_value_unref)> value(
             secret_value_new(item.secret.constData(), item.secret.size(), "text/plain"),
@@ -237,7 +223,7 @@ void SecretServiceClient::removeFirst(const SecretAttributes &attributes,
         const auto found = [service, cancellable, handler](GAsyncResult *result) {
             const auto items =
                 adoptItems(secret_service_search_finish(service.get(), result, nullptr));
-            if (items.empty()) {
+            if (items.empty() || secret_item_get_locked(items.front().get())) {
                 handler(false);
                 return;
             }

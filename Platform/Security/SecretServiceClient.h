@@ -49,10 +49,5 @@ public:
     void cancel();
 
 private:
-    void search(const SecretAttributes &attributes, int flags,
-                const std::function<void(const FoundItems &)> &handler);
-    /// Whether a question failed since the person dismissed a prompt.
-    bool isDeclined(std::optional<Failure> failure) const;
-
     std::shared_ptr<_GCancellable> m_cancellable;
 };
