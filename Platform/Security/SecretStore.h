@@ -2,9 +2,9 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
-#include <QtCore/QMap>
 #include <QtCore/QString>
 #include <chrono>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -17,14 +17,17 @@
 inline const QString SecretsNotKeptNotification = QStringLiteral("SecretsNotKeptNotification");
 
 /// What an item is found by: names and values in UTF-8. They are no secret.
-using SecretAttributes = QMap<QByteArray, QByteArray>;
+using SecretAttributes = std::map<QByteArray, QByteArray>;
+
+enum class SecretKeeping { ThisRun, ForGood };
 
 /// A secret and what it is found by. A value.
-struct SecretItem {
+struct StoredSecret {
     SecretAttributes attributes = {};
     /// How the person sees it named in the desktop's password manager.
     QString label = {};
     QByteArray secret = {};
+    SecretKeeping keeping = SecretKeeping::ForGood;
 };
 
 /// The user's secrets in the desktop's Secret Service, and those of this run that the service has
@@ -32,8 +35,6 @@ struct SecretItem {
 /// the service does. Error texts and logs never hold a secret.
 class PLATFORM_EXPORT SecretStore {
 public:
-    enum class Keeping { ThisRun, ForGood };
-
     /// The store of the process. When the application object goes, what is still to be written gets
     /// the store's patience to arrive; from then on there is only what is in memory.
     static SecretStore &shared();
@@ -49,9 +50,9 @@ public:
     /// they have declined, locked items are left out. Empty optional where the service cannot be
     /// asked and this run has set none of them. After one call has waited in vain, others do not
     /// wait while that question is still open.
-    std::optional<QList<SecretItem>> find(const SecretAttributes &attributes);
+    std::optional<QList<StoredSecret>> find(const SecretAttributes &attributes);
     /// Replaces the item of the same attributes. Returns at once.
-    void set(const SecretItem &item, Keeping keeping);
+    void set(const StoredSecret &item);
     /// Deletes the first item that has all of `attributes`, and tells whether that was done.
     bool removeFirst(const SecretAttributes &attributes);
 
