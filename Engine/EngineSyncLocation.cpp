@@ -40,6 +40,10 @@ std::shared_ptr<QVSyncState> EngineSyncLocation::addStateForDatabaseWithUUID(con
 }
 
 std::shared_ptr<QVSyncStore> EngineSyncLocation::createStore() {
+    return createBlobStore();
+}
+
+std::shared_ptr<BlobStore> EngineSyncLocation::createBlobStore() {
     if (m_URL.isFileURL()) {
         return std::make_shared<FolderStore>(shared_from_this());
     }
