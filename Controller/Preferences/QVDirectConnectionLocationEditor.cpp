@@ -5,7 +5,6 @@
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncStore.h"
 #include "Platform/Interface/TableView.h"
-#include "Platform/Network/NetService.h"
 
 namespace {
 

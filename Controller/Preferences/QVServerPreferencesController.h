@@ -5,6 +5,7 @@
 
 #include "Host/QVDirectConnectionServer.h"
 #include "Platform/Interface/WindowController.h"
+#include "Platform/KeyValue/KeyValue.h"
 #include "Platform/KeyValue/SortDescriptor.h"
 
 /// The settings of the built-in server, in a sheet: whether it serves, its port, and which clients
