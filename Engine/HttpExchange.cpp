@@ -12,7 +12,11 @@
 
 namespace {
 
-constexpr int LastNetworkLayerError = QNetworkReply::UnknownNetworkError;
+bool isOfTheWay(QNetworkReply::NetworkError error) {
+    const bool isOfContents = error >= QNetworkReply::ContentAccessDenied;
+    return error == QNetworkReply::ProtocolFailure ||
+           (error != QNetworkReply::NoError && !isOfContents);
+}
 
 /// What Qt would do by itself is done by hand, or not at all.
 QNetworkRequest plainRequest(const HttpClient::Request &request) {
@@ -169,9 +173,7 @@ Result<HttpClient::Response> HttpExchange::answer() const {
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     const bool isCutShort = m_reply->hasRawHeader("Content-Length") &&
                             m_reply->rawHeader("Content-Length").toLongLong() != m_body.size();
-    const bool isBroken =
-        m_reply->error() != QNetworkReply::NoError && m_reply->error() <= LastNetworkLayerError;
-    if (status == 0 || isBroken || isCutShort) {
+    if (status == 0 || isCutShort || isOfTheWay(m_reply->error())) {
         return transportError();
     }
     HttpClient::Response response{status, {}, m_body};
