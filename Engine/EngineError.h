@@ -14,6 +14,9 @@ enum class EngineErrorCode {
     StoreUnreachable,
     DamagedRecord,
     Cancelled,
+    ServerUnusable,
+    CertificateChanged,
+    NotAuthorized,
 };
 
 /// `description` is a whole sentence for a person.
