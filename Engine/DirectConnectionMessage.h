@@ -16,7 +16,8 @@
 ///   "read": "name", "limit" (bytes) → "contents"
 ///   "write": "name", "contents" → "isNew", false where there was one of that name before
 ///   "remove": "name" → nothing
-/// whose answer is "done", or "failed" with the "code" of an engine error.
+/// whose answer is "done", or "failed" with a "reason": "missing", "refused", "full" or
+/// something else.
 namespace DirectConnectionMessage {
 
 inline constexpr qsizetype LengthSize = 4;
@@ -36,7 +37,7 @@ inline const QString Names = QStringLiteral("names");
 inline const QString Contents = QStringLiteral("contents");
 inline const QString SizeLimit = QStringLiteral("limit");
 inline const QString IsNew = QStringLiteral("isNew");
-inline const QString ErrorCode = QStringLiteral("code");
+inline const QString Reason = QStringLiteral("reason");
 
 inline const QString Hello = QStringLiteral("hello");
 inline const QString Pair = QStringLiteral("pair");
@@ -50,6 +51,10 @@ inline const QString Write = QStringLiteral("write");
 inline const QString Remove = QStringLiteral("remove");
 inline const QString Done = QStringLiteral("done");
 inline const QString Failed = QStringLiteral("failed");
+
+inline const QString BlobMissing = QStringLiteral("missing");
+inline const QString BlobRefused = QStringLiteral("refused");
+inline const QString StoreFull = QStringLiteral("full");
 
 /// A message of that type without anything else.
 QCborMap ofType(const QString &type);

@@ -13,9 +13,13 @@ namespace {
 
 constexpr qint64 ReadBufferSize = 65536;
 
+/// What the client is told of `error`, whose text is for this computer's person.
 QCborMap failure(const Error &error) {
+    const QHash<EngineErrorCode, QString> reasons{{EngineErrorCode::BlobMissing, BlobMissing},
+                                                  {EngineErrorCode::BlobRefused, BlobRefused},
+                                                  {EngineErrorCode::StoreFull, StoreFull}};
     QCborMap answer = ofType(Failed);
-    answer[ErrorCode] = error.code;
+    answer[Reason] = reasons.value(static_cast<EngineErrorCode>(error.code));
     return answer;
 }
 
@@ -64,6 +68,10 @@ DirectConnectionSession::DirectConnectionSession(qintptr descriptor,
 DirectConnectionSession::~DirectConnectionSession() {
     m_socket.disconnect(this);
     m_socket.abort();
+}
+
+bool DirectConnectionSession::isExpendable() const {
+    return m_stage != Stage::Asking && m_stage != Stage::Preparing && m_stage != Stage::Serving;
 }
 
 void DirectConnectionSession::end() {
@@ -224,7 +232,7 @@ QCborMap DirectConnectionSession::answerTo(const QCborMap &request) const {
         const std::optional<Error> error = package.remove(name);
         return error ? failure(*error) : ofType(Done);
     }
-    return failure(engineError(EngineErrorCode::StoreUnreachable, type));
+    return ofType(Failed);
 }
 
 void DirectConnectionSession::send(const QCborMap &message) {
@@ -233,7 +241,7 @@ void DirectConnectionSession::send(const QCborMap &message) {
 
 void DirectConnectionSession::sendLast(const QString &type) {
     // Ends when the client has it, or when the time is over.
-    m_stage = Stage::Greeting;
+    m_stage = Stage::Leaving;
     m_timer.start(m_listener.limits().greetingTime);
     send(ofType(type));
     m_socket.disconnectFromHost();

@@ -21,7 +21,7 @@ public:
     ~DirectConnectionSession() override;
 
     /// Whether it may be ended in favour of another one.
-    bool isExpendable() const { return m_stage == Stage::Greeting || m_stage == Stage::Revealing; }
+    bool isExpendable() const;
     /// The person's answer to the question whether to authorize the client.
     void decide(bool isAccepted);
     /// The store is ready for the client to look into.
@@ -32,7 +32,7 @@ Q_SIGNALS:
     void ended();
 
 private:
-    enum class Stage { Greeting, Revealing, Asking, Preparing, Serving, Ended };
+    enum class Stage { Greeting, Revealing, Asking, Preparing, Serving, Leaving, Ended };
 
     void readMore();
     bool readMessage();

@@ -5,6 +5,7 @@
 
 #include <QtCore/QCborArray>
 #include <QtCore/QSysInfo>
+#include <array>
 
 #include "Engine/DirectConnection.h"
 #include "Engine/DirectConnectionMessage.h"
@@ -120,7 +121,11 @@ Result<QCborMap> DirectConnectionStore::request(const QCborMap &request, const Q
     if (answer[Type] == Done) {
         return answer;
     }
-    return failure(answer, name);
+    if (answer[Type] == Failed) {
+        return failure(answer, name);
+    }
+    m_link.disconnect();
+    return takeWelcome(answer).value_or(notUnderstood());
 }
 
 std::optional<Error> DirectConnectionStore::connect(const PZFuture &future) {
@@ -130,7 +135,7 @@ std::optional<Error> DirectConnectionStore::connect(const PZFuture &future) {
         m_link.connect(URL().host(), URL().port().value_or(DirectConnection::DefaultPort), future);
     const std::optional<QByteArray> pinned = pairings.fingerprint(m_pairingKey);
     if (!error && pinned && *pinned != m_link.serverFingerprint()) {
-        error = engineError(EngineErrorCode::CertificateChanged,
+        error = engineError(EngineErrorCode::CertificateUntrusted,
                             "“%1” is not the computer that this one was paired with: it presents "
                             "another certificate. If that is right, remove the location and add "
                             "it again.",
@@ -172,12 +177,12 @@ std::optional<Error> DirectConnectionStore::pair(const PZFuture &future) {
     }
     pairing.serverNonce = answer[Nonce].toByteArray();
     if (pairing.serverNonce.size() != DirectConnectionPairing::RandomSize) {
-        return takeWelcome({});
+        return notUnderstood();
     }
     return confirm(pairing, future);
 }
 
-std::optional<Error> DirectConnectionStore::confirm(DirectConnectionPairing &pairing,
+std::optional<Error> DirectConnectionStore::confirm(const DirectConnectionPairing &pairing,
                                                     const PZFuture &future) {
     // Both persons are asked at the same time, since each has to see the other's code.
     const PersonsAnswer person(questionFor(URL().host(), pairing.code()));
@@ -199,34 +204,35 @@ std::optional<Error> DirectConnectionStore::confirm(DirectConnectionPairing &pai
     return error;
 }
 
-std::optional<Error> DirectConnectionStore::takeWelcome(const QCborMap &answer) {
+std::optional<Error> DirectConnectionStore::takeWelcome(const QCborMap &answer) const {
     if (answer[Type] == Welcome) {
         return {};
     }
     if (answer[Type] == Busy) {
-        return engineError(EngineErrorCode::NotAuthorized,
+        return engineError(EngineErrorCode::AccessDenied,
                            "“%1” cannot be asked just now. Try again in a while.", URL().host());
     }
     if (answer[Type] == Refused) {
-        return engineError(EngineErrorCode::NotAuthorized,
+        return engineError(EngineErrorCode::AccessDenied,
                            "“%1” does not let this computer synchronize.", URL().host());
     }
+    return notUnderstood();
+}
+
+Error DirectConnectionStore::notUnderstood() const {
     return engineError(EngineErrorCode::StoreUnreachable,
                        "“%1” answers in a way that is not understood.", URL().host());
 }
 
 Error DirectConnectionStore::failure(const QCborMap &answer, const QString &name) const {
-    if (answer[Type] != Failed) {
-        m_link.disconnect();
-        return takeWelcome(answer).value_or(missing(name));
+    const QString reason = answer[Reason].toString();
+    if (reason == BlobMissing) {
+        return missing(name);
     }
-    switch (static_cast<EngineErrorCode>(answer[ErrorCode].toInteger())) {
-        case EngineErrorCode::BlobMissing:
-            return missing(name);
-        case EngineErrorCode::BlobRefused:
-            return refused(name);
-        default:
-            return engineError(EngineErrorCode::StoreUnreachable,
-                               "“%1” cannot read or write its sync store.", URL().host());
+    if (reason == BlobRefused) {
+        return refused(name);
     }
+    const bool isFull = reason == StoreFull;
+    return engineError(isFull ? EngineErrorCode::StoreFull : EngineErrorCode::StoreUnreachable,
+                       "“%1” cannot read or write its sync store.", URL().host());
 }

@@ -31,8 +31,9 @@ private:
     std::optional<Error> connect(const PZFuture &future);
     std::optional<Error> greet(const QByteArray &secret, const PZFuture &future);
     std::optional<Error> pair(const PZFuture &future);
-    std::optional<Error> confirm(DirectConnectionPairing &pairing, const PZFuture &future);
-    std::optional<Error> takeWelcome(const QCborMap &answer);
+    std::optional<Error> confirm(const DirectConnectionPairing &pairing, const PZFuture &future);
+    std::optional<Error> takeWelcome(const QCborMap &answer) const;
+    Error notUnderstood() const;
     Error failure(const QCborMap &answer, const QString &name) const;
 
     /// Under which the pairing is kept.

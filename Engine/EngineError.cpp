@@ -9,3 +9,8 @@ Error engineError(EngineErrorCode code, const QString &description) {
 Error engineError(EngineErrorCode code, const char *text, const QString &place) {
     return engineError(code, localizedSyncString(text).arg(place));
 }
+
+Error operationCancelled() {
+    return engineError(EngineErrorCode::Cancelled,
+                       localizedSyncString("The operation was cancelled."));
+}

@@ -14,12 +14,22 @@ enum class EngineErrorCode {
     StoreUnreachable,
     DamagedRecord,
     Cancelled,
+    /// The store has no such blob.
+    BlobMissing,
+    /// A blob is too long, no plain file, or of a name that no blob may have.
+    BlobRefused,
+    /// The store does not let this user do that: wrong password, no right, read-only.
+    AccessDenied,
+    StoreFull,
+    /// The server cannot prove to be the one it claims to be.
+    CertificateUntrusted,
+    /// The server of this computer cannot serve.
     ServerUnusable,
-    CertificateChanged,
-    NotAuthorized,
 };
 
 /// `description` is a whole sentence for a person.
 Error engineError(EngineErrorCode code, const QString &description);
 /// `text` localized, its "%1" being `place`.
 Error engineError(EngineErrorCode code, const char *text, const QString &place);
+/// What an operation ends with that was cancelled.
+Error operationCancelled();

@@ -13,11 +13,6 @@
 
 namespace {
 
-Error cancelled() {
-    return engineError(EngineErrorCode::Cancelled,
-                       localizedSyncString("The operation was cancelled."));
-}
-
 std::shared_ptr<PZFuture> start(std::function<void(EngineFuture &future)> operation) {
     const auto future = std::make_shared<EngineFuture>();
     QThreadPool::globalInstance()->start(
@@ -73,15 +68,15 @@ std::shared_ptr<QVRemoteDatabase> EngineStore::record(const QString &UUID, const
 
 std::optional<Error> EngineStore::openUnlessCancelled(const PZFuture &future) {
     if (future.isCancelled()) {
-        return cancelled();
+        return operationCancelled();
     }
-    std::optional<Error> error = open();
-    return !error && future.isCancelled() ? cancelled() : error;
+    std::optional<Error> error = open(future);
+    return !error && future.isCancelled() ? operationCancelled() : error;
 }
 
 EngineStore::Fetched EngineStore::fetchUnlessCancelled(const PZFuture &future) {
     if (future.isCancelled()) {
-        return {{}, cancelled()};
+        return {{}, operationCancelled()};
     }
     if (!m_isOpen) {
         return {{},
@@ -89,5 +84,5 @@ EngineStore::Fetched EngineStore::fetchUnlessCancelled(const PZFuture &future) {
                             localizedSyncString("The sync store is not open."))};
     }
     const Fetched fetched = fetch(future);
-    return future.isCancelled() ? Fetched{{}, cancelled()} : fetched;
+    return future.isCancelled() ? Fetched{{}, operationCancelled()} : fetched;
 }

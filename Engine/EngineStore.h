@@ -23,6 +23,9 @@ public:
         DatabasesHandler handler) override;
     std::shared_ptr<PZFuture> closeWithCompletionHandler(ErrorHandler handler) override;
 
+    /// What opening does, at once: says why the store cannot be used. Blocks; on a worker thread.
+    virtual std::optional<Error> open(const PZFuture &future) = 0;
+
     /// Waits until no operation of any store runs any more: before the code goes.
     static void waitForAll();
 
@@ -37,7 +40,6 @@ protected:
     std::shared_ptr<QVRemoteDatabase> record(const QString &UUID, const QString &name);
 
     /// What a kind of store does; called on a worker thread. `future` says whether to go on.
-    virtual std::optional<Error> open() = 0;
     virtual Fetched fetch(const PZFuture &future) = 0;
 
 private:

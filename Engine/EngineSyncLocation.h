@@ -5,6 +5,8 @@
 #include "Engine/EngineSyncState.h"
 #include "Host/QVSyncLocation.h"
 
+class BlobStore;
+
 /// A location with its states. Always shared.
 class EngineSyncLocation : public QVSyncLocation,
                            public std::enable_shared_from_this<EngineSyncLocation> {
@@ -24,6 +26,9 @@ public:
                                                              const QString &name) override;
     std::shared_ptr<QVSyncStore> createStore() override;
 
+    /// The same, as the engine uses it; never nullptr: where there is no store for the URL,
+    /// whatever is asked of it fails.
+    std::shared_ptr<BlobStore> createBlobStore();
     /// Names the location in the profile for as long as it exists.
     QString identifier() const { return m_identifier; }
     /// What is saved.

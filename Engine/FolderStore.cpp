@@ -1,93 +1,256 @@
 #include "Engine/FolderStore.h"
 
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
 #include <QtCore/QUuid>
+#include <cerrno>
+#include <cstdio>
 
 #include "Engine/EngineError.h"
-#include "Engine/InboxUUID.h"
+#include "Engine/MountedVolumes.h"
 #include "Platform/Foundation/Localization.h"
 
 namespace {
 
-bool isUUID(const QString &text) {
-    return text == InboxUUID ||
-           QUuid::fromString(text).toString(QUuid::WithoutBraces) == text.toLower();
+constexpr int FolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+
+QString lastPart(const QString &name) {
+    return name.section(u'/', -1);
 }
 
-/// The name in the record `file` of the database `UUID`; nothing where it is not a sound record.
-std::optional<QString> databaseName(const QFileInfo &file, const QString &UUID) {
-    // What is no plain file might never end, or be somewhere else.
-    if (!isUUID(UUID) || file.isSymLink() || !file.isFile()) {
-        return {};
+/// 0, or the number of the error.
+int writeAll(int file, const QByteArray &contents) {
+    qsizetype written = 0;
+    while (written < contents.size()) {
+        const ssize_t count = ::write(file, contents.constData() + written,
+                                      static_cast<size_t>(contents.size() - written));
+        if (count < 0 && errno != EINTR) {
+            return errno;
+        }
+        written += std::max<ssize_t>(count, 0);
     }
-    QFile record(file.filePath());
-    if (!record.open(QIODevice::ReadOnly)) {
-        return {};
+    return fsync(file) == 0 ? 0 : errno;
+}
+
+/// 0, or the number of the error; EEXIST where `to` is taken.
+int renameIfAbsent(int folder, const QByteArray &from, const QByteArray &to) {
+    if (renameat2(folder, from.constData(), folder, to.constData(), RENAME_NOREPLACE) == 0) {
+        return 0;
     }
-    const QByteArray contents = record.read(FolderStore::RecordLimit + 1);
-    if (record.error() != QFileDevice::NoError || contents.size() > FolderStore::RecordLimit) {
-        return {};
+    if (errno != EINVAL && errno != ENOSYS) {
+        return errno;
     }
-    const QJsonObject object = QJsonDocument::fromJson(contents).object();
-    const QString name = object.value(QStringLiteral("name")).toString();
-    const bool isSound = object.value(QStringLiteral("uuid")) == UUID &&
-                         object.value(QStringLiteral("version")) == 1 && !name.trimmed().isEmpty();
-    return isSound ? std::optional(name) : std::nullopt;
+    // Network file systems that cannot do that can link.
+    return linkat(folder, from.constData(), folder, to.constData(), 0) == 0 ? 0 : errno;
 }
 
 }  // namespace
 
-QString FolderStore::folder(const QString &name) const {
-    return URL().path() + u'/' + name;
+QString FolderStore::place(const QString &name) const {
+    return name.isEmpty() ? URL().path() : URL().path() + u'/' + name;
 }
 
-std::optional<Error> FolderStore::open() {
+std::optional<Error> FolderStore::unreachable() const {
     const QString path = URL().path();
     const QString host = URL().host();
     if (!host.isEmpty() && host != QStringLiteral("localhost")) {
         return engineError(EngineErrorCode::StoreUnreachable,
                            "“%1” is a folder on another computer.", URL().absoluteString());
     }
+    if (path.startsWith(u'/') && !MountedVolumes::contain(path, MountedVolumes::mountPoints)) {
+        return engineError(EngineErrorCode::StoreUnreachable,
+                           "The volume that holds the sync store “%1” is not mounted.", path);
+    }
     if (!path.startsWith(u'/') || !QFileInfo::exists(path)) {
         return engineError(EngineErrorCode::StoreUnreachable, "The sync store “%1” is not there.",
                            path);
     }
+    return {};
+}
+
+std::optional<Error> FolderStore::open(const PZFuture & /*future*/) {
+    if (std::optional<Error> error = unreachable()) {
+        return error;
+    }
+    const QString path = URL().path();
     const bool isPackage = QFileInfo(path).suffix() == QStringLiteral("qvSyncStore") &&
-                           QFileInfo(folder(QStringLiteral("databases"))).isDir() &&
-                           QFileInfo(folder(QStringLiteral("transactions"))).isDir();
+                           QFileInfo(place(QStringLiteral("databases"))).isDir() &&
+                           QFileInfo(place(QStringLiteral("transactions"))).isDir();
     if (!isPackage) {
         return engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.", path);
     }
-    if (!QDir(folder(QStringLiteral("databases"))).isReadable()) {
-        return engineError(EngineErrorCode::StoreUnreachable,
-                           "The sync store “%1” may not be read.", path);
+    if (!QDir(place(QStringLiteral("databases"))).isReadable()) {
+        return engineError(EngineErrorCode::AccessDenied, "The sync store “%1” may not be read.",
+                           path);
     }
     return {};
 }
 
-EngineStore::Fetched FolderStore::fetch(const PZFuture &future) {
-    if (std::optional<Error> error = open()) {
-        return {{}, error};
+Result<FileDescriptor> FolderStore::package() const {
+    FileDescriptor package(::open(QFile::encodeName(URL().path()).constData(), FolderFlags));
+    const int number = errno;
+    if (package.isValid()) {
+        return package;
     }
-    const QFileInfoList files =
-        QDir(folder(QStringLiteral("databases")))
-            .entryInfoList({QStringLiteral("*.json")}, QDir::AllEntries | QDir::System, QDir::Name);
-    Fetched fetched{QVRemoteDatabases(), {}};
-    for (const QFileInfo &file : files) {
+    const std::optional<Error> error = unreachable();
+    return error ? *error : failure(number, {});
+}
+
+Result<FileDescriptor> FolderStore::folder(const QString &name, Folders folders) const {
+    Result<FileDescriptor> current = package();
+    for (const QString &part : name.split(u'/', Qt::SkipEmptyParts)) {
+        if (errorOf(current)) {
+            break;
+        }
+        const int parent = std::get<FileDescriptor>(current).number();
+        const QByteArray partName = QFile::encodeName(part);
+        const auto open = [&] {
+            return FileDescriptor(openat(parent, partName.constData(), FolderFlags | O_NOFOLLOW));
+        };
+        FileDescriptor child = open();
+        if (!child.isValid() && errno == ENOENT && folders == Folders::Made &&
+            (mkdirat(parent, partName.constData(), 0777) == 0 || errno == EEXIST)) {
+            fsync(parent);
+            child = open();
+        }
+        const int number = errno;
+        current =
+            child.isValid() ? Result<FileDescriptor>(std::move(child)) : failure(number, name);
+    }
+    return current;
+}
+
+Result<FileDescriptor> FolderStore::folderOf(const QString &name, Folders folders) const {
+    return folder(name.section(u'/', 0, -2), folders);
+}
+
+Result<QStringList> FolderStore::listFolder(const QString &name, const PZFuture &future) {
+    Result<FileDescriptor> opened = folder(name, Folders::Existing);
+    if (const Error *error = errorOf(opened)) {
+        const bool isMissing = error->code == static_cast<int>(EngineErrorCode::BlobMissing);
+        return isMissing ? Result<QStringList>(QStringList()) : *error;
+    }
+    DIR *const entries = fdopendir(std::get<FileDescriptor>(opened).take());
+    QStringList names;
+    errno = 0;
+    while (const dirent *entry = readdir(entries)) {
+        const QByteArray encoded(static_cast<const char *>(entry->d_name));
+        const QString decoded = QFile::decodeName(encoded);
+        if (QFile::encodeName(decoded) == encoded) {
+            names.append(decoded);
+        }
         if (future.isCancelled()) {
             break;
         }
-        const QString UUID = file.completeBaseName();
-        if (const std::optional<QString> name = databaseName(file, UUID)) {
-            fetched.databases->append(record(UUID, *name));
-        } else if (!fetched.error) {
-            fetched.error = engineError(
-                EngineErrorCode::DamagedRecord,
-                localizedSyncString("The record “%1” is damaged.").arg(file.filePath()));
-        }
     }
-    return fetched;
+    const int number = errno;
+    closedir(entries);
+    if (future.isCancelled()) {
+        return operationCancelled();
+    }
+    return number == 0 ? Result<QStringList>(names) : failure(number, name);
+}
+
+Result<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
+                                         const PZFuture & /*future*/) {
+    const Result<FileDescriptor> folder = folderOf(name, Folders::Existing);
+    if (const Error *error = errorOf(folder)) {
+        return *error;
+    }
+    // What is no plain file might never end, or wait for ever already when it is opened.
+    FileDescriptor descriptor(openat(std::get<FileDescriptor>(folder).number(),
+                                     QFile::encodeName(lastPart(name)).constData(),
+                                     O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat status = {};
+    if (!descriptor.isValid() || fstat(descriptor.number(), &status) != 0) {
+        return failure(errno, name);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return refused(name);
+    }
+    if (status.st_size > limit) {
+        return tooLong(name);
+    }
+    QFile file;
+    file.open(descriptor.take(), QIODevice::ReadOnly | QIODevice::Unbuffered,
+              QFileDevice::AutoCloseHandle);
+    const QByteArray contents = file.read(limit + 1);
+    if (file.error() != QFileDevice::NoError) {
+        return failure(EIO, name);
+    }
+    return contents.size() <= limit ? Result<QByteArray>(contents) : tooLong(name);
+}
+
+Result<BlobStore::Written> FolderStore::writeBlob(const QString &name, const QByteArray &contents,
+                                                  const PZFuture & /*future*/) {
+    const Result<FileDescriptor> parent = folderOf(name, Folders::Made);
+    if (const Error *error = errorOf(parent)) {
+        return *error;
+    }
+    const int folder = std::get<FileDescriptor>(parent).number();
+    const QByteArray finalName = QFile::encodeName(lastPart(name));
+    struct stat status = {};
+    if (fstatat(folder, finalName.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0) {
+        return Written::AlreadyThere;
+    }
+    const QByteArray temporaryName = ".new-" + QUuid::createUuid().toByteArray(QUuid::Id128);
+    const FileDescriptor file(openat(folder, temporaryName.constData(),
+                                     O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
+    if (!file.isValid()) {
+        return failure(errno, name);
+    }
+    int number = writeAll(file.number(), contents);
+    if (number == 0) {
+        number = renameIfAbsent(folder, temporaryName, finalName);
+    }
+    unlinkat(folder, temporaryName.constData(), 0);
+    if (number == 0) {
+        fsync(folder);
+        return Written::New;
+    }
+    return number == EEXIST ? Result<Written>(Written::AlreadyThere) : failure(number, name);
+}
+
+std::optional<Error> FolderStore::removeBlob(const QString &name, const PZFuture & /*future*/) {
+    const Result<FileDescriptor> folder = folderOf(name, Folders::Existing);
+    std::optional<Error> error;
+    if (const Error *folderError = errorOf(folder)) {
+        error = *folderError;
+    } else if (unlinkat(std::get<FileDescriptor>(folder).number(),
+                        QFile::encodeName(lastPart(name)).constData(), 0) != 0) {
+        error = failure(errno, name);
+    }
+    const bool isMissing = error && error->code == static_cast<int>(EngineErrorCode::BlobMissing);
+    return isMissing ? std::nullopt : error;
+}
+
+Error FolderStore::failure(int number, const QString &name) const {
+    switch (number) {
+        case ENOENT:
+            return missing(name);
+        case ELOOP:
+        case ENOTDIR:
+        case EISDIR:
+        case ENXIO:
+            return refused(name);
+        case ENOSPC:
+        case EDQUOT:
+            return engineError(EngineErrorCode::StoreFull,
+                               "The volume that holds the sync store “%1” is full.", URL().path());
+        case EROFS:
+            return engineError(EngineErrorCode::AccessDenied, "The sync store “%1” is read-only.",
+                               URL().path());
+        case EACCES:
+        case EPERM:
+            return engineError(EngineErrorCode::AccessDenied,
+                               "You do not have permission to use “%1”.", place(name));
+        default:
+            return engineError(EngineErrorCode::StoreUnreachable,
+                               localizedSyncString("“%1” cannot be read or written: %2.")
+                                   .arg(place(name), qt_error_string(number)));
+    }
 }

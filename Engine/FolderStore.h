@@ -1,25 +1,32 @@
 #pragma once
 
-#include "Engine/EngineStore.h"
+#include "Engine/BlobStore.h"
+#include "Engine/FileDescriptor.h"
 
 /// A package on a local or mounted volume: a folder with the extension "qvSyncStore" that holds the
-/// folders "databases" and "transactions".
-///
-/// For each database there is a record "databases/UUID.json", a JSON object (RFC 8259) of "uuid",
-/// which is that of the file name, "name", which is not empty, and "version", which is 1. Anyone
-/// may write there, so nothing is believed unchecked; what is wrong with a record is told beside
-/// the databases of the others.
-class FolderStore : public EngineStore {
+/// folders "databases" and "transactions". Within the package no symbolic link is followed, and
+/// nothing but plain files is read.
+class FolderStore : public BlobStore {
 public:
-    using EngineStore::EngineStore;
+    using BlobStore::BlobStore;
 
-    /// Bytes; a longer record is refused.
-    static constexpr qint64 RecordLimit = 65536;
+    std::optional<Error> open(const PZFuture &future) override;
+    QString place(const QString &name) const override;
 
 protected:
-    std::optional<Error> open() override;
-    Fetched fetch(const PZFuture &future) override;
+    Result<QStringList> listFolder(const QString &folder, const PZFuture &future) override;
+    Result<QByteArray> readBlob(const QString &name, qint64 limit, const PZFuture &future) override;
+    Result<Written> writeBlob(const QString &name, const QByteArray &contents,
+                              const PZFuture &future) override;
+    std::optional<Error> removeBlob(const QString &name, const PZFuture &future) override;
 
 private:
-    QString folder(const QString &name) const;
+    enum class Folders { Existing, Made };
+
+    std::optional<Error> unreachable() const;
+    Result<FileDescriptor> package() const;
+    /// The folder at `name` in the package, the package itself where that is empty.
+    Result<FileDescriptor> folder(const QString &name, Folders folders) const;
+    Result<FileDescriptor> folderOf(const QString &name, Folders folders) const;
+    Error failure(int number, const QString &name) const;
 };

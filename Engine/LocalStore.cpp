@@ -13,7 +13,7 @@
 LocalStore::LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path)
     : EngineStore(location), m_path(path) {}
 
-std::optional<Error> LocalStore::open() {
+std::optional<Error> LocalStore::open(const PZFuture & /*future*/) {
     if (QFileInfo::exists(m_path)) {
         return {};
     }

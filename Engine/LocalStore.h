@@ -9,8 +9,9 @@ public:
     /// `path`: that of the profile's database file.
     LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path);
 
+    std::optional<Error> open(const PZFuture &future) override;
+
 protected:
-    std::optional<Error> open() override;
     Fetched fetch(const PZFuture &future) override;
 
 private:
