@@ -25,7 +25,7 @@ QByteArray DirectConnectionListener::fingerprint() const {
 
 void DirectConnectionListener::incomingConnection(qintptr descriptor) {
     if (!makeRoom()) {
-        close(static_cast<int>(descriptor));
+        ::close(static_cast<int>(descriptor));
         return;
     }
     const quint64 number = ++m_lastNumber;
