@@ -278,12 +278,11 @@ private Q_SLOTS:
         Client second(m_port);
         QVERIFY(second.waitForEncryption());
         QCOMPARE(second.fingerprint(), first.fingerprint());
-        TestHost otherHost;
+        const QTemporaryDir otherProfile;
         DirectConnectionIdentity other;
-        QVERIFY(!DirectConnectionIdentity::load(otherHost.directory(), other));
+        QVERIFY(!DirectConnectionIdentity::load(otherProfile.path(), other));
         QVERIFY(DirectConnectionIdentity::fingerprint(other.certificate.toDer()) !=
                 first.fingerprint());
-        setNSApp(m_person.get());
     }
 
     void theCertificateNamesNobodyAndDoesNotEnd() {
@@ -391,7 +390,7 @@ private Q_SLOTS:
         serve();
         for (const QString &name :
              {QString(), QStringLiteral("a\nb"), QString(QChar(0x202e)) + QStringLiteral("moc"),
-              QString(256, u'x'), QString(128, u'é'), QString(QChar(0xd800))}) {
+              QString(256, u'x'), QString(128, u'é')}) {
             Client connection(m_port);
             connection.send(pairMessage(newClient(name)));
             QVERIFY(connection.endsInSilence());
