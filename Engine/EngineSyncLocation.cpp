@@ -2,6 +2,8 @@
 
 #include <QtCore/QUuid>
 
+#include "Engine/DirectConnection.h"
+#include "Engine/DirectConnectionStore.h"
 #include "Engine/FolderStore.h"
 #include "Engine/UnreachableStore.h"
 #include "Engine/WebDAVStore.h"
@@ -50,6 +52,9 @@ std::shared_ptr<BlobStore> EngineSyncLocation::createBlobStore() {
     }
     if (m_URL.scheme() == QStringLiteral("http") || m_URL.scheme() == QStringLiteral("https")) {
         return std::make_shared<WebDAVStore>(shared_from_this(), m_identifier);
+    }
+    if (m_URL.scheme() == DirectConnection::URLScheme) {
+        return std::make_shared<DirectConnectionStore>(shared_from_this());
     }
     return std::make_shared<UnreachableStore>(shared_from_this());
 }
