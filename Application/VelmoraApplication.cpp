@@ -7,10 +7,16 @@
 
 #include "Host/NoteLibrary.h"
 #include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/NotificationCenter.h"
+#include "Platform/Security/SecretStore.h"
 
 VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
     : QApplication(argumentCount, arguments) {
     setNSApp(this);
+    NotificationCenter::defaultCenter().addObserver(
+        this, SecretsNotKeptNotification, [this](const Notification & /*notification*/) {
+            presentError(SecretStore::shared().error().value_or(Error()));
+        });
 }
 
 VelmoraApplication::~VelmoraApplication() {

@@ -8,7 +8,8 @@
 class NoteLibrary;
 
 /// The application object. Errors and assertion failures end here in words: in a message box, or,
-/// while the program does its work without windows, on standard error.
+/// while the program does its work without windows, on standard error. So does, once, that
+/// passwords cannot be saved.
 class VelmoraApplication : public QApplication, public QVApplication {
     Q_OBJECT
 public:

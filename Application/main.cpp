@@ -105,7 +105,7 @@ int main(int argumentCount, char **arguments) {
         application.logItemCmd(
             QStringLiteral("Velmora:"),
             QCoreApplication::translate(
-                "main", "Secrets and nearby computers are out of reach: Qt runs without GLib."));
+                "main", "Nearby computers are out of reach: Qt runs without GLib."));
     }
 
     std::optional<Error> error;

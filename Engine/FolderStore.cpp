@@ -4,7 +4,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QUuid>
 #include <cerrno>
@@ -20,6 +20,10 @@ constexpr int FolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
 QString lastPart(const QString &name) {
     return name.section(u'/', -1);
+}
+
+bool isMissing(const Error &error) {
+    return error.code == static_cast<int>(EngineErrorCode::BlobMissing);
 }
 
 /// 0, or the number of the error.
@@ -83,9 +87,11 @@ std::optional<Error> FolderStore::open(const PZFuture & /*future*/) {
     if (!isPackage) {
         return engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.", path);
     }
-    if (!QDir(place(QStringLiteral("databases"))).isReadable()) {
-        return engineError(EngineErrorCode::AccessDenied, "The sync store “%1” may not be read.",
-                           path);
+    for (const char *name : {"databases", "transactions"}) {
+        const Result<FileDescriptor> opened = folder(QString::fromLatin1(name), Folders::Existing);
+        if (const Error *error = errorOf(opened)) {
+            return *error;
+        }
     }
     return {};
 }
@@ -131,8 +137,7 @@ Result<FileDescriptor> FolderStore::folderOf(const QString &name, Folders folder
 Result<QStringList> FolderStore::listFolder(const QString &name, const PZFuture &future) {
     Result<FileDescriptor> opened = folder(name, Folders::Existing);
     if (const Error *error = errorOf(opened)) {
-        const bool isMissing = error->code == static_cast<int>(EngineErrorCode::BlobMissing);
-        return isMissing ? Result<QStringList>(QStringList()) : *error;
+        return isMissing(*error) ? Result<QStringList>(QStringList()) : *error;
     }
     DIR *const entries = fdopendir(std::get<FileDescriptor>(opened).take());
     QStringList names;
@@ -159,7 +164,7 @@ Result<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
                                          const PZFuture & /*future*/) {
     const Result<FileDescriptor> folder = folderOf(name, Folders::Existing);
     if (const Error *error = errorOf(folder)) {
-        return *error;
+        return isMissing(*error) ? missing(name) : *error;
     }
     // What is no plain file might never end, or wait for ever already when it is opened.
     FileDescriptor descriptor(openat(std::get<FileDescriptor>(folder).number(),
@@ -224,8 +229,7 @@ std::optional<Error> FolderStore::removeBlob(const QString &name, const PZFuture
                         QFile::encodeName(lastPart(name)).constData(), 0) != 0) {
         error = failure(errno, name);
     }
-    const bool isMissing = error && error->code == static_cast<int>(EngineErrorCode::BlobMissing);
-    return isMissing ? std::nullopt : error;
+    return error && isMissing(*error) ? std::nullopt : error;
 }
 
 Error FolderStore::failure(int number, const QString &name) const {

@@ -12,10 +12,10 @@ namespace ProfileInspection {
 /// "Velm" in ASCII: marks a database file as a profile (SQLite's application_id).
 inline constexpr int ApplicationId = 0x56656c6d;
 /// The number of the tables' arrangement (SQLite's user_version).
-inline constexpr int SchemaVersion = 1;
+inline constexpr int SchemaVersion = 2;
 
 /// Why the existing database file at `path` cannot be used as a profile: unreadable, read-only,
-/// damaged, of a newer version, of another program. An empty database, as an interrupted first
+/// damaged, of another version, of another program. An empty database, as an interrupted first
 /// start leaves it, can be.
 std::optional<Error> obstacle(const QString &path);
 

@@ -2,6 +2,7 @@
 
 #include <QtWidgets/QMenu>
 
+#include "Controller/Preferences/QVSyncLocationEditor.h"
 #include "Controller/Preferences/QVSyncScheduleEditor.h"
 #include "Host/Notifications.h"
 #include "Host/QVApplication.h"
@@ -24,12 +25,6 @@ QVSyncPreferences *livePane = nullptr;
 QString rowKey(const QVDatabase &database) {
     const auto inbox = NSApp()->inbox();
     return inbox && inbox->UUID() == database.UUID() ? QStringLiteral("@inbox") : database.UUID();
-}
-
-template <class Object>
-std::shared_ptr<Object> lastObject(const ArrayController *controller) {
-    const QVariantList selected = controller ? controller->selectedObjects() : QVariantList();
-    return selected.isEmpty() ? nullptr : selected.last().value<std::shared_ptr<Object>>();
 }
 
 }  // namespace
@@ -140,11 +135,6 @@ QPixmap QVSyncPreferences::databaseIcon() const {
 
 bool QVSyncPreferences::isSandboxed() const {
     return plugin()->usesSandboxedAccess();
-}
-
-bool QVSyncPreferences::isRevealableInFinder() const {
-    const auto row = lastObject<QVSynchronizationSelection>(m_syncLocationsController);
-    return row && row->location()->URL().scheme() == QLatin1StringView("file");
 }
 
 QMenu *QVSyncPreferences::locationEditMenu() const {

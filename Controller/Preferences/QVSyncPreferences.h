@@ -18,6 +18,9 @@
 
 class QMenu;
 class QVDatabase;
+class QVFolderLocationEditor;
+class QVImportDatabasesController;
+class QVSyncLocationEditor;
 class QVSyncScheduleEditor;
 struct Notification;
 
@@ -117,6 +120,42 @@ public:
                                                const StandIn &database) const;
     Selection synchronizationSelectionForSyncLocationWithURL(const Url &URL) const;
 
+    // The commands on locations. They work on the last selected row; their sheets belong to the
+    // window that shows the pane.
+    Q_SLOT void addFileLocation(QObject *sender);
+    Q_SLOT void addWebDAVLocation(QObject *sender);
+    Q_SLOT void addDropboxLocation(QObject *sender);
+    Q_SLOT void addDirectConnectionLocation(QObject *sender);
+    /// Make a new package for a location, or choose an existing one, in a panel; then add it.
+    Q_SLOT void createFolder(QObject *sender);
+    Q_SLOT void selectFolder(QObject *sender);
+    void editSyncLocation(const std::shared_ptr<QVSyncLocation> &location);
+    Q_SLOT void editSelectedSyncLocation(QObject *sender);
+    /// Removes the row's location, and its states from every database row, without asking. Saves.
+    Q_SLOT void removeSyncSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);
+    /// Reads which databases the location of the selected row holds; the row shows the activity
+    /// and, in the end, an error.
+    Q_SLOT void checkSelectedSyncLocation(QObject *sender);
+    /// To be sent only while a row is selected.
+    Q_SLOT void cleanSelectedSyncLocation(QObject *sender);
+    /// Starts the clean-up of that database's store at the location, and returns at once.
+    void cleanLocationForDatabaseWithUUID(const std::shared_ptr<QVSyncLocation> &location,
+                                          const QString &UUID);
+    /// Shows the selected row's folder in the desktop's file manager.
+    Q_SLOT void revealInFinder(QObject *sender);
+    Q_SLOT void openBookmarkManager(QObject *sender);
+    Q_SLOT void showServerPreferences(QObject *sender);
+    Q_SLOT void showImportDatabasesSheet(QObject *sender);
+    /// A new editor for the location by the scheme of its URL, letter by letter; nullptr where
+    /// there is none.
+    std::shared_ptr<QVSyncLocationEditor> locationEditorForLocation(
+        const std::shared_ptr<QVSyncLocation> &location) const;
+    /// Runs the editor, with a Cancel button for a location that is not in the list yet. When it
+    /// was accepted such a location is added; saves in any case.
+    void editLocationWithEditor(const std::shared_ptr<QVSyncLocationEditor> &editor);
+    /// Appends the location and its row.
+    void addSyncLocation(const std::shared_ptr<QVSyncLocation> &location);
+
     // Saving and errors
     void saveAndPresentError();
     void editorDidChangeSchedule(QVSyncScheduleEditor *editor,
@@ -140,6 +179,10 @@ private:
     void embedScheduleEditor();
     void appendLocationEditMenuItems();
     void appendSelection(const Selection &selection);
+    Selection selectedRow() const;
+    void addFolderLocation(const QVFolderLocationEditor &editor, qint64 result);
+    void didEditLocation(const std::shared_ptr<QVSyncLocationEditor> &editor, bool isNew,
+                         qint64 result);
     void didOpenDatabase(const Notification &notification);
     void didCloseDatabase(const Notification &notification);
 
@@ -155,4 +198,6 @@ private:
     QList<Selection> m_synchronizationSelections;
     std::map<QString, StandIn> m_localDatabasesByUUID;
     QPointer<QPushButton> m_locationEditPopUpButton;
+    QList<std::shared_ptr<QVSyncLocationEditor>> m_editors;
+    std::shared_ptr<QVImportDatabasesController> m_importController;
 };

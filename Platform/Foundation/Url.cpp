@@ -156,7 +156,7 @@ bool Url::parseAuthority(QStringView authority) {
         if (!isEscapedText(user, "") || !isEscapedText(password, ":")) {
             return false;
         }
-        m_user = decoded(user);
+        m_user = user.isEmpty() ? QLatin1StringView("") : decoded(user);
         hostAndPort = authority.sliced(at + 1);
     }
     return parseHostAndPort(hostAndPort);

@@ -27,7 +27,8 @@ public:
     /// The text for others to read.
     QString stringWithoutPassword() const;
     QString scheme() const { return m_scheme; }
-    /// Percent escapes decoded; empty where there is none.
+    /// Percent escapes decoded; empty where there is none before the "@", null where there is no
+    /// "@".
     QString user() const { return m_user; }
     /// Percent escapes decoded; an IP address in brackets without them; empty where there is none.
     QString host() const { return m_host; }

@@ -4,8 +4,10 @@
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPointer>
 #include <QtGui/QAction>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QToolButton>
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/BindableView.h"
@@ -13,6 +15,8 @@
 #include "Platform/Interface/ContextMenu.h"
 #include "Platform/Interface/Control.h"
 #include "Platform/Interface/NibConnections.h"
+#include "Platform/Interface/TableView.h"
+#include "Platform/Interface/TableViewDelegate.h"
 #include "Platform/KeyValue/KeyValue.h"
 
 namespace {
@@ -128,6 +132,7 @@ public:
             setOutlet(owner, part);
             setItemPrototype(owner, part);
             setMenu(part);
+            setTableDelegate(part);
         }
         for (QObject *part : std::as_const(m_parts)) {
             const QStringList bindings = part->property("bindings").toStringList();
@@ -139,7 +144,10 @@ public:
             if (const QString action = part->property("action").toString(); !action.isEmpty()) {
                 connectAction(part, parsedAction(action));
             }
+            connectTextChanges(part);
+            connectValidation(part);
         }
+        awakeObjects();
     }
 
 private:
@@ -151,7 +159,16 @@ private:
             if (!makeObject) {
                 fail(QStringLiteral("No class \"%1\" is there for a form's object").arg(className));
             }
-            makeObject(m_form)->setObjectName(declaration.section(u' ', 0, 0));
+            QObject *made = makeObject(m_form);
+            made->setObjectName(declaration.section(u' ', 0, 0));
+            m_made.append(made);
+        }
+    }
+
+    void awakeObjects() const {
+        for (QObject *made : m_made) {
+            const int index = made->metaObject()->indexOfMethod("awakeFromNib()");
+            made->metaObject()->method(index).invoke(made, Qt::DirectConnection);
         }
     }
 
@@ -184,8 +201,17 @@ private:
         auto *menu = qobject_cast<QMenu *>(object(name));
         if (auto *button = qobject_cast<QPushButton *>(part)) {
             button->setMenu(menu);
+        } else if (auto *toolButton = qobject_cast<QToolButton *>(part)) {
+            toolButton->setMenu(menu);
         } else if (auto *view = qobject_cast<QWidget *>(part)) {
             ContextMenu::setMenu(view, menu);
+        }
+    }
+
+    void setTableDelegate(QObject *part) const {
+        const QString name = part->property("tableDelegate").toString();
+        if (auto *table = qobject_cast<TableView *>(part); table && !name.isEmpty()) {
+            table->setTableDelegate(dynamic_cast<TableViewDelegate *>(object(name)));
         }
     }
 
@@ -217,10 +243,45 @@ private:
         }
     }
 
-    void connectAction(QObject *part, const NibAction &action) const {
+    ActionSender *makeSender(QObject *part, const NibAction &action) const {
         QObject *argument =
             action.argument.object.isEmpty() ? nullptr : object(action.argument.object);
-        auto *sender = new ActionSender(part, action, object(action.target.object), argument);
+        return new ActionSender(part, action, object(action.target.object), argument);
+    }
+
+    void connectTextChanges(QObject *part) const {
+        const QString action = part->property("textDidChange").toString();
+        if (auto *field = qobject_cast<QLineEdit *>(part); field && !action.isEmpty()) {
+            auto *sender = makeSender(field, parsedAction(action));
+            QObject::connect(field, &QLineEdit::textEdited, sender, [sender] { sender->send(); });
+        }
+    }
+
+    void connectValidation(QObject *part) const {
+        const QString text = part->property("validation").toString();
+        auto *menuItem = qobject_cast<QAction *>(part);
+        if (!menuItem || text.isEmpty()) {
+            return;
+        }
+        const NibPath path = NibPath::parse(text);
+        const QPointer<QObject> observed = object(path.object);
+        for (QMenu *menu : m_form->findChildren<QMenu *>()) {
+            if (menu->actions().contains(menuItem)) {
+                QObject::connect(menu, &QMenu::aboutToShow, menuItem, [=] {
+                    menuItem->setEnabled(observed &&
+                                         isTrue(KeyValue::value(observed, path.keyPath)));
+                });
+            }
+        }
+    }
+
+    static bool isTrue(const QVariant &value) {
+        return value.metaType() == QMetaType::fromType<bool>() ? value.toBool()
+                                                               : !KeyValue::isAbsent(value);
+    }
+
+    void connectAction(QObject *part, const NibAction &action) const {
+        auto *sender = makeSender(part, action);
         const auto send = [sender] { sender->send(); };
         if (auto *button = qobject_cast<QAbstractButton *>(part)) {
             QObject::connect(button, &QAbstractButton::clicked, sender, send);
@@ -228,6 +289,8 @@ private:
             QObject::connect(menuItem, &QAction::triggered, sender, send);
         } else if (auto *control = qobject_cast<Control *>(part)) {
             QObject::connect(control, &Control::action, sender, send);
+        } else if (auto *table = qobject_cast<TableView *>(part)) {
+            QObject::connect(table, &TableView::action, sender, send);
         } else {
             fail(QStringLiteral("\"%1\" has an action but is no control").arg(part->objectName()));
         }
@@ -236,6 +299,7 @@ private:
     QWidget *const m_form;
     Nib::Objects m_objects;
     QObjectList m_parts;
+    QObjectList m_made;
 };
 
 }  // namespace

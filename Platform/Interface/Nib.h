@@ -13,19 +13,22 @@ class QWidget;
 ///
 /// A form's dynamic properties say so:
 /// - `objects` (string list, on the form itself): further objects that the form makes, as "name
-/// class".
+///   class". One that has an operation "awakeFromNib" is sent it when all is connected.
 /// - `bindings` (string list, on any widget or action): "key <- path" makes the key follow the
-/// path,
-///   "key <-> path" also writes back what the person changes; "| name" at the end names a
+///   path, "key <-> path" also writes back what the person changes; "| name" at the end names a
 ///   ValueTransformer. On the form itself "object.key" binds a key of one of its `objects`.
 /// - `itemNib` (string, on a list): the form of its rows. The list's "itemPrototype" becomes an
-/// item whose views
-///   are made from it, with the same owner, and in which "item" names the row's CollectionViewItem.
-/// - `menu` (string): the form's QMenu that a push button opens, or a secondary click on any other
-/// widget.
+///   item whose views are made from it, with the same owner, and in which "item" names the row's
+///   CollectionViewItem.
+/// - `menu` (string): the form's QMenu that a button opens, or a secondary click on any other
+///   widget.
+/// - `validation` (string, on an action of a menu): the path whose value enables the action. It is
+///   read each time the menu is about to open.
 /// - `action` (string): what a button, action or control sends: "path.method" gives the method the
-/// sender,
-///   if it wants an argument; "path.method(path)" gives it the value at a path.
+///   sender, if it wants an argument; "path.method(path)" gives it the value at a path.
+/// - `tableDelegate` (string, on a table view): the object that is its delegate.
+/// - `textDidChange` (string, on a text field): what the field sends, written like an `action`,
+///   each time the person has changed its text.
 /// A path begins with the name of an object: "owner", one of the form's objects or widgets, or one
 /// that the caller of `load` names.
 ///

@@ -44,6 +44,11 @@ QVariantList ArrayController::selectedObjects() const {
     return result;
 }
 
+QVariant ArrayController::lastSelectedObject() const {
+    const QVariantList selected = selectedObjects();
+    return selected.isEmpty() ? QVariant() : selected.last();
+}
+
 void ArrayController::rearrange() {
     const QVariantList selected = selectedObjects();
     m_arrangedObjects = m_sortDescriptors.isEmpty()

@@ -27,6 +27,8 @@ class PLATFORM_EXPORT ArrayController : public QObject {
                    selectionIndexesChanged)
     /// The selected objects, in arranged order.
     Q_PROPERTY(QVariantList selectedObjects READ selectedObjects NOTIFY selectedObjectsChanged)
+    /// The last of the selected objects; invalid where none is.
+    Q_PROPERTY(QVariant lastSelectedObject READ lastSelectedObject NOTIFY lastSelectedObjectChanged)
 
 public:
     using QObject::QObject;
@@ -39,12 +41,16 @@ public:
     IndexSet selectionIndexes() const { return m_selectionIndexes; }
     void setSelectionIndexes(const IndexSet &indexes);
     QVariantList selectedObjects() const;
+    QVariant lastSelectedObject() const;
 
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingArrangedObjects() {
         return {"content", "sortDescriptors"};
     }
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingSelectedObjects() {
         return {"selectionIndexes"};
+    }
+    Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingLastSelectedObject() {
+        return {"selectedObjects"};
     }
 
 Q_SIGNALS:
@@ -53,6 +59,7 @@ Q_SIGNALS:
     void sortDescriptorsChanged();
     void selectionIndexesChanged();
     void selectedObjectsChanged();
+    void lastSelectedObjectChanged();
 
 private:
     void rearrange();

@@ -5,8 +5,9 @@
 #include <mutex>
 #include <thread>
 
-struct _GMainContext;
-struct _GMainLoop;
+// GLib's own names.
+struct _GMainContext;  // NOLINT(*-reserved-identifier, cert-dcl*)
+struct _GMainLoop;     // NOLINT(*-reserved-identifier, cert-dcl*)
 
 /// A thread with a GLib main loop of its own, on which GLib's asynchronous calls that were begun
 /// there come back, whatever event loop the rest of the process has.

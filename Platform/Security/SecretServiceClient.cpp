@@ -161,7 +161,7 @@ void SecretServiceClient::cancel() {
 }
 
 void SecretServiceClient::find(const SecretAttributes &attributes, Unlocking unlocking,
-                               std::function<void(const FoundItems &)> handler) {
+                               const std::function<void(const FoundItems &)> &handler) {
     const auto opened = [cancellable = m_cancellable, attributes, unlocking, handler](
                             const ServicePointer &service, std::optional<Failure> failure) {
         if (failure) {
@@ -185,7 +185,7 @@ void SecretServiceClient::find(const SecretAttributes &attributes, Unlocking unl
 }
 
 void SecretServiceClient::store(const StoredSecret &item,
-                                std::function<void(std::optional<Failure>)> handler) {
+                                const std::function<void(std::optional<Failure>)> &handler) {
     const auto opened = [this, item, handler](const ServicePointer &service,
                                               std::optional<Failure> failure) {
         if (failure) {
@@ -213,7 +213,7 @@ void SecretServiceClient::store(const StoredSecret &item,
 }
 
 void SecretServiceClient::removeFirst(const SecretAttributes &attributes,
-                                      std::function<void(bool)> handler) {
+                                      const std::function<void(bool)> &handler) {
     const auto opened = [cancellable = m_cancellable, attributes, handler](
                             const ServicePointer &service, std::optional<Failure> failure) {
         if (failure) {

@@ -6,7 +6,8 @@
 
 #include "Platform/Security/SecretStore.h"
 
-struct _GCancellable;
+// GLib's own name.
+struct _GCancellable;  // NOLINT(*-reserved-identifier, cert-dcl*)
 
 /// Asks the Secret Service of the session bus, without ever waiting. Every question opens
 /// the service anew, and lets go of the bus, so that none depends on what became of either since
@@ -39,12 +40,13 @@ public:
 
     /// Each handler is called once.
     void find(const SecretAttributes &attributes, Unlocking unlocking,
-              std::function<void(const FoundItems &)> handler);
+              const std::function<void(const FoundItems &)> &handler);
     /// Replaces the item of the same attributes in the default collection.
-    void store(const StoredSecret &item, std::function<void(std::optional<Failure>)> handler);
+    void store(const StoredSecret &item,
+               const std::function<void(std::optional<Failure>)> &handler);
     /// Deletes the first item that has all of `attributes`; false where there is none.
     void removeFirst(const SecretAttributes &attributes,
-                     std::function<void(bool isRemoved)> handler);
+                     const std::function<void(bool isRemoved)> &handler);
     /// Ends what is under way as soon as the service lets it, and every later question at once.
     void cancel();
 

@@ -459,5 +459,165 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>The password service does not work.</source>
         <translation>Der Passwortdienst funktioniert nicht.</translation>
     </message>
+    <message>
+        <source>Import…</source>
+        <translation>Importieren …</translation>
+    </message>
+    <message>
+        <source>Import databases that exist only at a location</source>
+        <translation>Datenbanken importieren, die es nur an einem Ort gibt</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add a location</source>
+        <translation>Einen Ort hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Stop synchronizing with the selected location. What is stored there stays.</source>
+        <translation>Nicht mehr mit dem ausgewählten Ort synchronisieren. Was dort gespeichert ist, bleibt.</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>Bearbeiten …</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>More commands for the selected location</source>
+        <translation>Weitere Befehle für den ausgewählten Ort</translation>
+    </message>
+    <message>
+        <source>New Folder Store…</source>
+        <translation>Neuer Ablageordner …</translation>
+    </message>
+    <message>
+        <source>Existing Folder Store…</source>
+        <translation>Vorhandener Ablageordner …</translation>
+    </message>
+    <message>
+        <source>WebDAV Server…</source>
+        <translation>WebDAV-Server …</translation>
+    </message>
+    <message>
+        <source>Dropbox Account…</source>
+        <translation>Dropbox-Konto …</translation>
+    </message>
+    <message>
+        <source>Direct Connection…</source>
+        <translation>Direktverbindung …</translation>
+    </message>
+    <message>
+        <source>Check</source>
+        <translation>Prüfen</translation>
+    </message>
+    <message>
+        <source>Clean Up</source>
+        <translation>Aufräumen</translation>
+    </message>
+    <message>
+        <source>Show in File Manager</source>
+        <translation>In der Dateiverwaltung zeigen</translation>
+    </message>
+    <message>
+        <source>Direct Connections…</source>
+        <translation>Direktverbindungen …</translation>
+    </message>
+    <message>
+        <source>Folder Access…</source>
+        <translation>Ordnerzugriff …</translation>
+    </message>
+    <message>
+        <source>WebDAV Location</source>
+        <translation>WebDAV-Ort</translation>
+    </message>
+    <message>
+        <source>Server:</source>
+        <translation>Server:</translation>
+    </message>
+    <message>
+        <source>dav.example.org</source>
+        <translation>dav.example.org</translation>
+    </message>
+    <message>
+        <source>Use HTTPS</source>
+        <translation>HTTPS verwenden</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>User name:</source>
+        <translation>Benutzername:</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>Passwort:</translation>
+    </message>
+    <message>
+        <source>Folder on the server:</source>
+        <translation>Ordner auf dem Server:</translation>
+    </message>
+    <message>
+        <source>optional, such as documents/sync</source>
+        <translation>freiwillig, etwa dokumente/sync</translation>
+    </message>
+    <message>
+        <source>Store name:</source>
+        <translation>Name der Ablage:</translation>
+    </message>
+    <message>
+        <source>The password is kept in your keyring and nowhere else.</source>
+        <translation>Das Passwort wird in Ihrem Schlüsselbund aufbewahrt und sonst nirgends.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Folder Location</source>
+        <translation>Ordner-Ort</translation>
+    </message>
+    <message>
+        <source>A sync store is a package in a folder that all your computers reach, such as one on a shared volume.</source>
+        <translation>Eine Sync-Ablage ist ein Paket in einem Ordner, den alle Ihre Computer erreichen, etwa auf einem gemeinsamen Laufwerk.</translation>
+    </message>
+    <message>
+        <source>Sync store:</source>
+        <translation>Sync-Ablage:</translation>
+    </message>
+    <message>
+        <source>Sync store</source>
+        <translation>Sync-Ablage</translation>
+    </message>
+    <message>
+        <source>None chosen yet</source>
+        <translation>Noch keine gewählt</translation>
+    </message>
+    <message>
+        <source>New…</source>
+        <translation>Neu …</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Wählen …</translation>
+    </message>
+    <message>
+        <source>The folder “%1” could not be made.</source>
+        <translation>Der Ordner „%1“ konnte nicht angelegt werden.</translation>
+    </message>
 </context>
 </TS>

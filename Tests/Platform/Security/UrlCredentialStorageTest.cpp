@@ -25,10 +25,17 @@ UrlCredential credential(const QString &user, const QString &password,
 
 const QString User = QStringLiteral("user");
 
-/// What this program does when it is started as another process.
-int printPasswordOf(const QString &user) {
-    const auto found = UrlCredentialStorage::shared().credentialsForProtectionSpace(basicSpace());
-    std::fputs(found.value(user).password.toUtf8().constData(), stdout);
+/// What this program does when it is started as another process: it prints the password of a user,
+/// or stores one and ends at once.
+int runAsOtherProcess(const QStringList &arguments) {
+    UrlCredentialStorage &storage = UrlCredentialStorage::shared();
+    if (arguments.size() == 4) {
+        storage.setCredentialForProtectionSpace(credential(arguments[2], arguments[3]),
+                                                basicSpace());
+        return 0;
+    }
+    const auto found = storage.credentialsForProtectionSpace(basicSpace());
+    std::fputs(found.value(arguments[2]).password.toUtf8().constData(), stdout);
     return 0;
 }
 
@@ -76,10 +83,19 @@ private Q_SLOTS:
             }
             QProcess other;
             other.start(QCoreApplication::applicationFilePath(),
-                        {QStringLiteral("--print-password-of"), User});
+                        {QStringLiteral("--other-process"), User});
             QVERIFY(other.waitForFinished());
             QCOMPARE(other.readAllStandardOutput(), QByteArray("secret"));
         }
+    }
+
+    void whatAProcessStoresBeforeItEndsIsKept() {
+        QProcess other;
+        other.start(QCoreApplication::applicationFilePath(),
+                    {QStringLiteral("--other-process"), User, QStringLiteral("secret")});
+        QVERIFY(other.waitForFinished());
+        QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value(User).password,
+                 QStringLiteral("secret"));
     }
 
     void textsOfAnyLanguageAreKept() {
@@ -238,9 +254,9 @@ private Q_SLOTS:
 };
 
 int main(int argumentCount, char **arguments) {
-    if (argumentCount == 3 && qstrcmp(arguments[1], "--print-password-of") == 0) {
+    if (argumentCount > 1 && qstrcmp(arguments[1], "--other-process") == 0) {
         const QCoreApplication application(argumentCount, arguments);
-        return printPasswordOf(QString::fromLocal8Bit(arguments[2]));
+        return runAsOtherProcess(QCoreApplication::arguments());
     }
     prepareTestProcess();
     const QApplication application(argumentCount, arguments);

@@ -1,0 +1,78 @@
+#include "Controller/Preferences/QVDropboxLocationEditor.h"
+
+#include "Host/QVDropboxSessionManager.h"
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/Localization.h"
+
+QVDropboxLocationEditor::QVDropboxLocationEditor(const std::shared_ptr<QVSyncLocation> &location)
+    : QVSyncLocationEditor(QStringLiteral("QVDropboxLocationEditor"), location),
+      m_session(
+          requiredHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"))
+              .sessionWithURL(location->URL())),
+      m_authorizationStatus(localizedSyncString("Not authorized")),
+      m_future(PZFuture::future()) {
+    KeyValue::followDependencies(this);
+}
+
+std::shared_ptr<QVDropboxLocationEditor> QVDropboxLocationEditor::editorWithSyncLocation(
+    const std::shared_ptr<QVSyncLocation> &location) {
+    return std::shared_ptr<QVDropboxLocationEditor>(new QVDropboxLocationEditor(location));
+}
+
+void QVDropboxLocationEditor::setAccountInfo(
+    const std::shared_ptr<PZDropboxAccountInfo> &accountInfo) {
+    m_accountInfo = accountInfo;
+    KeyValue::announce<&QVDropboxLocationEditor::accountInfoChanged>(this);
+}
+
+void QVDropboxLocationEditor::setAuthorizationStatus(const QString &status) {
+    m_authorizationStatus = status;
+    KeyValue::announce<&QVDropboxLocationEditor::authorizationStatusChanged>(this);
+}
+
+void QVDropboxLocationEditor::setAuthorized(bool authorized) {
+    m_isAuthorized = authorized;
+    KeyValue::announce<&QVDropboxLocationEditor::authorizedChanged>(this);
+}
+
+void QVDropboxLocationEditor::setFuture(const std::shared_ptr<PZFuture> &future) {
+    m_future = future;
+    KeyValue::announce<&QVDropboxLocationEditor::futureChanged>(this);
+}
+
+void QVDropboxLocationEditor::runLocationEditorModalForWindow(QWidget *parentWindow,
+                                                              bool showCancelButton,
+                                                              CompletionHandler handler) {
+    requireParameter(parentWindow, "parentWindow != nil",
+                     "QVDropboxLocationEditor::runLocationEditorModalForWindow",
+                     "Controller/Preferences/QVDropboxLocationEditor", 50);
+    setShouldShowCancelButton(showCancelButton);
+    setCompletionHandler(std::move(handler));
+    authorize(nullptr);
+}
+
+void QVDropboxLocationEditor::authorize(QObject *sender) {
+    setAuthorizationStatus(localizedSyncString("Authorizing…"));
+    const auto self = std::static_pointer_cast<QVDropboxLocationEditor>(shared_from_this());
+    m_session->authorizeWithFuture(m_future,
+                                   [self, sender](const auto &accountInfo, const auto & /*error*/) {
+                                       self->didAuthorize(accountInfo, sender);
+                                   });
+}
+
+void QVDropboxLocationEditor::didAuthorize(const std::shared_ptr<PZDropboxAccountInfo> &accountInfo,
+                                           QObject *sender) {
+    if (!accountInfo) {
+        setAuthorizationStatus(localizedSyncString("Not authorized"));
+        return;
+    }
+    setAccountInfo(accountInfo);
+    setAuthorizationStatus(localizedSyncString("Authorized"));
+    setAuthorized(true);
+    acceptModalSheet(sender);
+}
+
+void QVDropboxLocationEditor::acceptModalSheet(QObject *sender) {
+    location()->setURL(Url::fromString(QLatin1StringView("dropbox://") + m_accountInfo->email()));
+    QVSyncLocationEditor::acceptModalSheet(sender);
+}

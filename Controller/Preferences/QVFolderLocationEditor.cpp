@@ -1,0 +1,73 @@
+#include "Controller/Preferences/QVFolderLocationEditor.h"
+
+#include "Host/QVApplication.h"
+#include "Host/QVSyncPlugin.h"
+#include "Platform/Foundation/FileManager.h"
+#include "Platform/Foundation/PathComponents.h"
+#include "Platform/Interface/PackagePanel.h"
+
+namespace {
+
+const QString PackageExtension = QStringLiteral("qvSyncStore");
+
+std::optional<Error> makePackage(const QString &path) {
+    for (const char *folder : {"", "databases", "transactions"}) {
+        const QString directory = PathComponents::appending(path, QLatin1StringView(folder));
+        if (std::optional<Error> error = FileManager::createDirectory(directory)) {
+            return error;
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+QVFolderLocationEditor::QVFolderLocationEditor(const std::shared_ptr<QVSyncLocation> &location)
+    : QVSyncLocationEditor(QStringLiteral("QVFolderLocationEditor"), location) {
+    KeyValue::followDependencies(this);
+}
+
+std::shared_ptr<QVFolderLocationEditor> QVFolderLocationEditor::editorWithSyncLocation(
+    const std::shared_ptr<QVSyncLocation> &location) {
+    return std::shared_ptr<QVFolderLocationEditor>(new QVFolderLocationEditor(location));
+}
+
+void QVFolderLocationEditor::createFolderWithCompletionHandler(const CompletionHandler &handler) {
+    PackagePanel panel(PackagePanel::Purpose::Save, PackageExtension);
+    if (panel.exec() != 1) {
+        return;
+    }
+    const Url URL = panel.URL();
+    if (const std::optional<Error> error = makePackage(URL.path())) {
+        NSApp()->presentError(*error);
+    } else {
+        setPackage(URL);
+    }
+    if (handler) {
+        handler(1);
+    }
+}
+
+void QVFolderLocationEditor::selectFolderWithCompletionHandler(const CompletionHandler &handler) {
+    PackagePanel panel(PackagePanel::Purpose::Open, PackageExtension);
+    if (panel.exec() != 1) {
+        return;
+    }
+    setPackage(panel.URL());
+    if (handler) {
+        handler(1);
+    }
+}
+
+void QVFolderLocationEditor::createFolder(QObject * /*sender*/) {
+    createFolderWithCompletionHandler({});
+}
+
+void QVFolderLocationEditor::selectFolder(QObject * /*sender*/) {
+    selectFolderWithCompletionHandler({});
+}
+
+void QVFolderLocationEditor::setPackage(const Url &URL) {
+    location()->setURL(URL);
+    QVSyncPlugin::plugin()->bookmarkURL(location()->URL());
+}

@@ -1,0 +1,97 @@
+#include "Controller/Preferences/QVServerPreferencesController.h"
+
+#include "Host/QVSyncPlugin.h"
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/UserDefaults.h"
+#include "Platform/Security/Keychain.h"
+
+namespace {
+
+/// The first bytes of `text` in UTF-8, as many as it has UTF-16 units. A name that is not all ASCII
+/// is cut by this, finds no item, and so cannot be revoked.
+QByteArray bytesOfUnitLength(const QString &text) {
+    return text.toUtf8().left(text.size());
+}
+
+}  // namespace
+
+QVServerPreferencesController::QVServerPreferencesController(const QString &windowNibName)
+    : WindowController(windowNibName) {
+    loadAuthorizedClients();
+    KeyValue::followDependencies(this);
+}
+
+std::unique_ptr<QVServerPreferencesController> QVServerPreferencesController::controller() {
+    return std::unique_ptr<QVServerPreferencesController>(
+        new QVServerPreferencesController(QStringLiteral("QVServerPreferences")));
+}
+
+void QVServerPreferencesController::loadAuthorizedClients() {
+    const QString service = QVDirectConnectionClientAuthorizationServiceName();
+    for (const QString &client : Keychain::shared().accounts(service).value_or(QStringList())) {
+        addAuthorizedClientsObject(client);
+    }
+}
+
+QVDirectConnectionServer *QVServerPreferencesController::server() const {
+    return QVSyncPlugin::plugin()->server();
+}
+
+quint16 QVServerPreferencesController::serverPort() const {
+    return server() ? server()->port() : 0;
+}
+
+void QVServerPreferencesController::setServerPort(quint16 port) {
+    UserDefaults::setValue(QStringLiteral("QVDirectConnectionServerPortNumber"), port);
+    if (server()) {
+        server()->setPort(port);
+    }
+    KeyValue::announce<&QVServerPreferencesController::serverPortChanged>(this);
+}
+
+bool QVServerPreferencesController::isEnabled() const {
+    return server() && server()->isServing();
+}
+
+void QVServerPreferencesController::setEnabled(bool enabled) {
+    UserDefaults::setValue(QStringLiteral("QVDirectConnectionServerEnabled"), enabled);
+    if (server() && enabled != server()->isServing()) {
+        enabled ? server()->startServing() : server()->stopServing();
+    }
+    KeyValue::announce<&QVServerPreferencesController::enabledChanged>(this);
+}
+
+QList<SortDescriptor> QVServerPreferencesController::authorizedClientsSortDescriptors() const {
+    return {{.key = "self"}};
+}
+
+void QVServerPreferencesController::addAuthorizedClientsObject(const QString &client) {
+    if (!m_authorizedClients.contains(client)) {
+        m_authorizedClients.append(client);
+    }
+    KeyValue::announce<&QVServerPreferencesController::authorizedClientsChanged>(this);
+}
+
+void QVServerPreferencesController::removeAuthorizedClientsObject(const QString &client) {
+    const QString service = QVDirectConnectionClientAuthorizationServiceName();
+    if (Keychain::shared().removeFirst(bytesOfUnitLength(service), bytesOfUnitLength(client))) {
+        m_authorizedClients.removeOne(client);
+        KeyValue::announce<&QVServerPreferencesController::authorizedClientsChanged>(this);
+    }
+}
+
+void QVServerPreferencesController::runServerPreferencesModalForWindow(QWidget *parentWindow) {
+    requireParameter(parentWindow, "parentWindow != nil",
+                     "QVServerPreferencesController::runServerPreferencesModalForWindow",
+                     "Controller/Preferences/QVServerPreferencesController", 69);
+    beginSheet(parentWindow);
+    endSheet(runModal());
+}
+
+void QVServerPreferencesController::acceptModalSheet(QObject * /*sender*/) {
+    stopModal(1);
+}
+
+void QVServerPreferencesController::leaveSheet() {
+    acceptModalSheet(nullptr);
+}

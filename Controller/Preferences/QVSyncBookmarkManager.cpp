@@ -1,0 +1,66 @@
+#include "Controller/Preferences/QVSyncBookmarkManager.h"
+
+#include <QtWidgets/QFileDialog>
+
+#include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/Localization.h"
+#include "Platform/Foundation/Log.h"
+
+QVSyncBookmarkManager::QVSyncBookmarkManager()
+    : WindowController(QStringLiteral("QVBookmarkingWindow")) {}
+
+std::unique_ptr<QVSyncBookmarkManager> QVSyncBookmarkManager::bookmarkManager() {
+    return std::make_unique<QVSyncBookmarkManager>();
+}
+
+void QVSyncBookmarkManager::windowDidLoad() {
+    m_tableView->reloadData();
+    Log::verbose(QStringLiteral("Bookmark manager sucessfully initialized: window %1")
+                     .arg(window()->windowTitle()));
+}
+
+void QVSyncBookmarkManager::runBookmarkManagerModalForWindow(QWidget *parentWindow) {
+    requireParameter(parentWindow, "_parentWindow != nil",
+                     "QVSyncBookmarkManager::runBookmarkManagerModalForWindow",
+                     "Controller/Preferences/QVSyncBookmarkManager", 52);
+    beginSheet(parentWindow);
+    endSheet(runModal());
+}
+
+void QVSyncBookmarkManager::acceptModalSheet(QObject * /*sender*/) {
+    stopModal(1);
+}
+
+void QVSyncBookmarkManager::leaveSheet() {
+    acceptModalSheet(nullptr);
+}
+
+void QVSyncBookmarkManager::openPanelForBookmarkLocation(QObject * /*sender*/) {
+    auto *panel = new QFileDialog(window());
+    panel->setAttribute(Qt::WA_DeleteOnClose);
+    panel->setWindowTitle(
+        localizedSyncString("Give Velmora access to any folder where indexed items may be kept."));
+    panel->setFileMode(QFileDialog::Directory);
+    connect(panel, &QFileDialog::fileSelected, this, &QVSyncBookmarkManager::addBookmarksObject);
+    panel->open();
+}
+
+void QVSyncBookmarkManager::addBookmarksObject(const QString &path) {
+    Log::verbose(QStringLiteral("Adding object for path: %1").arg(path));
+    dataSource()->tableViewAddBookmarksObject(m_tableView, path);
+}
+
+void QVSyncBookmarkManager::removeBookmarksObject(const QString &path) {
+    Log::verbose(QStringLiteral("Received path: %1").arg(path));
+    dataSource()->tableViewRemoveBookmarksObject(m_tableView, path);
+}
+
+void QVSyncBookmarkManager::removeSelectedBookmarksObject(QObject * /*sender*/) {
+    const QVariantMap row = dataSource()->tableContents().at(m_tableView->selectedRow()).toMap();
+    removeBookmarksObject(row.value(QStringLiteral("path")).toString());
+}
+
+QVSyncBookmarkManagerDataSource *QVSyncBookmarkManager::dataSource() const {
+    return dynamic_cast<QVSyncBookmarkManagerDataSource *>(m_tableView->tableDelegate());
+}

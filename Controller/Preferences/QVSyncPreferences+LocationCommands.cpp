@@ -1,0 +1,205 @@
+#include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
+#include "Controller/Preferences/QVDropboxLocationEditor.h"
+#include "Controller/Preferences/QVFolderLocationEditor.h"
+#include "Controller/Preferences/QVServerPreferencesController.h"
+#include "Controller/Preferences/QVSyncBookmarkManager.h"
+#include "Controller/Preferences/QVSyncPreferences.h"
+#include "Controller/Preferences/QVWebDAVLocationEditor.h"
+#include "Controller/QVImportDatabasesController.h"
+#include "Host/QVDirectConnectionServer.h"
+#include "Host/QVSyncLocationsController.h"
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/Log.h"
+#include "Platform/Interface/Workspace.h"
+
+namespace {
+
+constexpr char commandsSourceFile[] = "Controller/Preferences/QVSyncPreferences";
+
+std::shared_ptr<QVSyncLocation> newLocation() {
+    return requiredHostClass<QVSyncLocation::Class>(QStringLiteral("QVSyncLocation"))
+        .syncLocationWithURL({});
+}
+
+}  // namespace
+
+QVSyncPreferences::Selection QVSyncPreferences::selectedRow() const {
+    return m_syncLocationsController ? m_syncLocationsController->lastSelectedObject()
+                                           .value<std::shared_ptr<QVSynchronizationSelection>>()
+                                     : nullptr;
+}
+
+void QVSyncPreferences::addFileLocation(QObject * /*sender*/) {
+    editLocationWithEditor(QVFolderLocationEditor::editorWithSyncLocation(newLocation()));
+}
+
+void QVSyncPreferences::addWebDAVLocation(QObject * /*sender*/) {
+    editLocationWithEditor(QVWebDAVLocationEditor::editorWithSyncLocation(newLocation()));
+}
+
+void QVSyncPreferences::addDropboxLocation(QObject * /*sender*/) {
+    editLocationWithEditor(QVDropboxLocationEditor::editorWithSyncLocation(newLocation()));
+}
+
+void QVSyncPreferences::addDirectConnectionLocation(QObject * /*sender*/) {
+    editLocationWithEditor(QVDirectConnectionLocationEditor::editorWithSyncLocation(newLocation()));
+}
+
+void QVSyncPreferences::createFolder(QObject * /*sender*/) {
+    const auto editor = QVFolderLocationEditor::editorWithSyncLocation(newLocation());
+    editor->createFolderWithCompletionHandler(
+        [this, &editor](qint64 result) { addFolderLocation(*editor, result); });
+}
+
+void QVSyncPreferences::selectFolder(QObject * /*sender*/) {
+    const auto editor = QVFolderLocationEditor::editorWithSyncLocation(newLocation());
+    editor->selectFolderWithCompletionHandler(
+        [this, &editor](qint64 result) { addFolderLocation(*editor, result); });
+}
+
+void QVSyncPreferences::addFolderLocation(const QVFolderLocationEditor &editor, qint64 result) {
+    if (result == 1) {
+        addSyncLocation(editor.location());
+        saveAndPresentError();
+    }
+}
+
+void QVSyncPreferences::editSyncLocation(const std::shared_ptr<QVSyncLocation> &location) {
+    editLocationWithEditor(locationEditorForLocation(location));
+}
+
+void QVSyncPreferences::editSelectedSyncLocation(QObject * /*sender*/) {
+    if (const Selection row = selectedRow()) {
+        editSyncLocation(row->location());
+    }
+}
+
+std::shared_ptr<QVSyncLocationEditor> QVSyncPreferences::locationEditorForLocation(
+    const std::shared_ptr<QVSyncLocation> &location) const {
+    const Url URL = location->URL();
+    if (URL.isFileURL()) {
+        return QVFolderLocationEditor::editorWithSyncLocation(location);
+    }
+    if (URL.scheme() == QLatin1StringView("http") || URL.scheme() == QLatin1StringView("https")) {
+        return QVWebDAVLocationEditor::editorWithSyncLocation(location);
+    }
+    if (URL.scheme() == QVDirectConnectionServer::URLScheme()) {
+        return QVDirectConnectionLocationEditor::editorWithSyncLocation(location);
+    }
+    if (URL.scheme() == QLatin1StringView("dropbox")) {
+        return QVDropboxLocationEditor::editorWithSyncLocation(location);
+    }
+    return nullptr;
+}
+
+void QVSyncPreferences::editLocationWithEditor(
+    const std::shared_ptr<QVSyncLocationEditor> &editor) {
+    requireParameter(editor != nullptr, "editor != nil",
+                     "QVSyncPreferences::editLocationWithEditor", commandsSourceFile);
+    const bool isNew =
+        !plugin()->locationsController()->syncLocations().contains(editor->location());
+    // The sheet may outlast the pane. It is kept here and not by its handler, which it keeps.
+    m_editors.append(editor);
+    editor->runLocationEditorModalForWindow(
+        mainView()->window(), isNew,
+        [pane = QPointer(this), edited = editor.get(), isNew](qint64 result) {
+            if (pane) {
+                pane->didEditLocation(edited->shared_from_this(), isNew, result);
+            }
+        });
+}
+
+void QVSyncPreferences::didEditLocation(const std::shared_ptr<QVSyncLocationEditor> &editor,
+                                        bool isNew, qint64 result) {
+    m_editors.removeOne(editor);
+    if (result != 1) {
+        return;
+    }
+    if (isNew) {
+        addSyncLocation(editor->location());
+    }
+    saveAndPresentError();
+}
+
+void QVSyncPreferences::addSyncLocation(const std::shared_ptr<QVSyncLocation> &location) {
+    requireParameter(location != nullptr, "location != nil", "QVSyncPreferences::addSyncLocation",
+                     commandsSourceFile);
+    QVSyncLocationsController *controller = plugin()->locationsController();
+    controller->insertObjectInSyncLocationsAtIndex(location, controller->countOfSyncLocations());
+    addSelectionForLocation(location);
+}
+
+void QVSyncPreferences::removeSyncSelection(
+    const std::shared_ptr<QVSynchronizationSelection> &selection) {
+    const QVSyncStates states = selection->location()->synchronizationStates();
+    const QVariantList rows = m_databasesController->arrangedObjects();
+    for (const auto &state : states) {
+        for (const QVariant &row : rows) {
+            if (const auto database = row.value<StandIn>()) {
+                database->removeSynchronizationStatesObject(state);
+            }
+        }
+    }
+    QVSyncLocationsController *controller = plugin()->locationsController();
+    controller->removeObjectFromSyncLocationsAtIndex(
+        controller->indexOfObjectInSyncLocations(selection->location()));
+    removeSynchronizationSelectionsObject(selection);
+    saveAndPresentError();
+}
+
+void QVSyncPreferences::checkSelectedSyncLocation(QObject * /*sender*/) {
+    if (const Selection row = selectedRow()) {
+        row->fetchDatabasesWithCompletionHandler([](const auto &, const auto &) {});
+    }
+}
+
+void QVSyncPreferences::cleanSelectedSyncLocation(QObject * /*sender*/) {
+    const Selection row = selectedRow();
+    const StandIn database = row ? row->database() : nullptr;
+    cleanLocationForDatabaseWithUUID(row ? row->location() : nullptr,
+                                     database ? database->UUID() : QString());
+}
+
+void QVSyncPreferences::cleanLocationForDatabaseWithUUID(
+    const std::shared_ptr<QVSyncLocation> &location, const QString &UUID) {
+    constexpr char method[] = "QVSyncPreferences::cleanLocationForDatabaseWithUUID";
+    requireParameter(location != nullptr, "_location != nil", method, commandsSourceFile);
+    requireParameter(!UUID.isNull(), "_UUID != nil", method, commandsSourceFile);
+    Log::message(QStringLiteral("Attempting to clean location %1")
+                     .arg(location->URL().stringWithoutPassword()));
+    plugin()->dispatcher()->cleanRemoteStoreWithSynchronizationState(
+        location->stateForDatabaseWithUUID(UUID), [name = location->URL().stringWithoutPassword()] {
+            Log::message(QStringLiteral("Finished cleaning location %1").arg(name));
+        });
+}
+
+void QVSyncPreferences::revealInFinder(QObject * /*sender*/) {
+    if (const Selection row = selectedRow()) {
+        Workspace::selectFile(row->location()->URL().path());
+    }
+}
+
+bool QVSyncPreferences::isRevealableInFinder() const {
+    const Selection row = selectedRow();
+    return row && row->location()->URL().scheme() == QLatin1StringView("file");
+}
+
+void QVSyncPreferences::openBookmarkManager(QObject * /*sender*/) {
+    QVSyncBookmarkManager::bookmarkManager()->runBookmarkManagerModalForWindow(
+        mainView()->window());
+}
+
+void QVSyncPreferences::showServerPreferences(QObject * /*sender*/) {
+    QVServerPreferencesController::controller()->runServerPreferencesModalForWindow(
+        mainView()->window());
+}
+
+void QVSyncPreferences::showImportDatabasesSheet(QObject * /*sender*/) {
+    m_importController = QVImportDatabasesController::newController();
+    m_importController->runImportDatabasesSheetModalForWindow(
+        mainView()->window(), [pane = QPointer(this)] {
+            if (pane) {
+                pane->m_importController.reset();
+            }
+        });
+}

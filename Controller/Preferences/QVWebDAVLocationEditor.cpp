@@ -1,0 +1,158 @@
+#include "Controller/Preferences/QVWebDAVLocationEditor.h"
+
+#include <cstdlib>
+
+#include "Other Sources/QVURLCredentialUtilities.h"
+#include "Platform/Foundation/PathComponents.h"
+#include "Platform/Foundation/PercentEscapes.h"
+#include "Platform/Security/UrlCredentialStorage.h"
+
+namespace {
+
+/// Both apostrophes are meant.
+const QString EscapedInUser = QStringLiteral(":/?#[]@!$&\u2019'()*+,;=");
+
+/// The integer at the start of `text`, 0 where there is none.
+qint64 integerValue(const QString &text) {
+    return std::strtoll(text.toUtf8().constData(), nullptr, 10);
+}
+
+quint16 portWithFields(const QVWebDAVLocationEditor::Fields &fields) {
+    const qint64 port = integerValue(fields.port);
+    return port == 0 ? QVWebDAVLocationEditor::defaultPortForHTTPS(fields.isHTTPS)
+                     : static_cast<quint16>(port);
+}
+
+}  // namespace
+
+QVWebDAVLocationEditor::QVWebDAVLocationEditor(const std::shared_ptr<QVSyncLocation> &location)
+    : QVSyncLocationEditor(QStringLiteral("QVWebDAVLocationEditor"), location),
+      m_credential(QVDefaultURLCredentialForURL(location->URL())) {}
+
+std::shared_ptr<QVWebDAVLocationEditor> QVWebDAVLocationEditor::editorWithSyncLocation(
+    const std::shared_ptr<QVSyncLocation> &location) {
+    return std::shared_ptr<QVWebDAVLocationEditor>(new QVWebDAVLocationEditor(location));
+}
+
+quint16 QVWebDAVLocationEditor::defaultPortForHTTPS(bool isHTTPS) {
+    return isHTTPS ? 443 : 80;
+}
+
+QString QVWebDAVLocationEditor::sanitizeHost(const QString &host) {
+    QStringView rest = host;
+    for (const QLatin1StringView prefix :
+         {QLatin1StringView("http:"), QLatin1StringView("https:")}) {
+        if (host.startsWith(prefix)) {
+            rest = rest.sliced(prefix.size());
+        }
+    }
+    const auto isTrimmed = [](QChar c) { return c == u'/' || c == u':' || c == u'@'; };
+    while (!rest.isEmpty() && isTrimmed(rest.front())) {
+        rest = rest.sliced(1);
+    }
+    while (!rest.isEmpty() && isTrimmed(rest.back())) {
+        rest.chop(1);
+    }
+    return rest.toString();
+}
+
+Url QVWebDAVLocationEditor::URLWithFields(const Fields &fields) {
+    const QString scheme = fields.isHTTPS ? QStringLiteral("https") : QStringLiteral("http");
+    const quint16 port = portWithFields(fields);
+    QString hostPart = sanitizeHost(fields.server);
+    if (port != 0 && port != defaultPortForHTTPS(fields.isHTTPS)) {
+        hostPart += QStringLiteral(":%1").arg(port);
+    }
+    const QString path = PercentEscapes::adding(fields.path);
+    const QString store = PercentEscapes::adding(
+        PathComponents::appendingExtension(fields.store, QStringLiteral("qvSyncStore")));
+    const QString fullPath = PathComponents::standardizingRelative(
+        PathComponents::appending(PathComponents::appending(hostPart, path), store));
+    const QString user = PercentEscapes::adding(fields.user, EscapedInUser);
+    return Url::fromString(scheme + QLatin1StringView("://") + user + u'@' + fullPath);
+}
+
+QVWebDAVLocationEditor::Fields QVWebDAVLocationEditor::fieldsOfURL(const Url &URL) {
+    Fields fields;
+    fields.isHTTPS = URL.scheme() == QLatin1StringView("https");
+    // An IPv6 address without its brackets would not be taken for a host again.
+    fields.server = URL.host().contains(u':') ? u'[' + URL.host() + u']' : URL.host();
+    const quint16 port = URL.port().value_or(0);
+    if (port != 0 && port != defaultPortForHTTPS(fields.isHTTPS)) {
+        fields.port = QString::number(port);
+    }
+    fields.path = PathComponents::withoutLast(URL.path());
+    if (fields.path.startsWith(u'/')) {
+        fields.path.remove(0, 1);
+    }
+    fields.store = PathComponents::withoutExtension(PathComponents::last(URL.path()));
+    return fields;
+}
+
+void QVWebDAVLocationEditor::setCredential(const std::optional<UrlCredential> &credential) {
+    m_credential = credential;
+    KeyValue::announce<&QVWebDAVLocationEditor::credentialChanged>(this);
+}
+
+bool QVWebDAVLocationEditor::validateValueOfField(const QLineEdit *field) const {
+    return !field->text().isEmpty();
+}
+
+bool QVWebDAVLocationEditor::isValid() const {
+    return validateValueOfField(m_serverField) && validateValueOfField(m_storeField);
+}
+
+void QVWebDAVLocationEditor::toggleHTTPS(QObject *checkBox) {
+    const bool isHTTPS = qobject_cast<QCheckBox *>(checkBox)->isChecked();
+    m_portField->setPlaceholderText(QString::number(defaultPortForHTTPS(isHTTPS)));
+    validate(checkBox);
+}
+
+void QVWebDAVLocationEditor::validate(QObject * /*sender*/) {
+    m_acceptButton->setEnabled(isValid());
+}
+
+void QVWebDAVLocationEditor::controlTextDidChange() {
+    validate(nullptr);
+}
+
+void QVWebDAVLocationEditor::awakeFromNib() {
+    const Fields shown = fieldsOfURL(location()->URL());
+    m_HTTPSCheckbox->setChecked(shown.isHTTPS);
+    toggleHTTPS(m_HTTPSCheckbox);
+    m_serverField->setText(shown.server);
+    m_userField->setText(m_credential ? m_credential->user : QString());
+    m_passwordField->setText(m_credential ? m_credential->password : QString());
+    m_portField->setText(shown.port);
+    m_pathField->setText(shown.path);
+    m_storeField->setText(shown.store);
+    // Also where the location is in the list already: what was typed can always be dropped.
+    setShouldShowCancelButton(true);
+    validate(nullptr);
+}
+
+QVWebDAVLocationEditor::Fields QVWebDAVLocationEditor::fields() const {
+    return {.isHTTPS = m_HTTPSCheckbox->isChecked(),
+            .server = m_serverField->text(),
+            .user = m_userField->text(),
+            .path = m_pathField->text(),
+            .store = m_storeField->text(),
+            .port = m_portField->text()};
+}
+
+void QVWebDAVLocationEditor::acceptModalSheet(QObject *sender) {
+    location()->setURL(URLWithFields(fields()));
+    storeCredential();
+    QVSyncLocationEditor::acceptModalSheet(sender);
+}
+
+void QVWebDAVLocationEditor::storeCredential() {
+    const UrlCredential entered{.user = m_userField->text(),
+                                .password = m_passwordField->text(),
+                                .persistence = UrlCredential::Persistence::Permanent};
+    setCredential(entered);
+    UrlCredentialStorage &storage = UrlCredentialStorage::shared();
+    const Url URL = location()->URL();
+    storage.setCredentialForProtectionSpace(entered, QVHTTPBasicURLProtectionSpaceForURL(URL));
+    storage.setCredentialForProtectionSpace(entered, QVHTTPDigestURLProtectionSpaceForURL(URL));
+}

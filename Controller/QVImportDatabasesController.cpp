@@ -1,0 +1,240 @@
+#include "Controller/QVImportDatabasesController.h"
+
+#include <QtCore/QParallelAnimationGroup>
+#include <QtCore/QPropertyAnimation>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QStyle>
+#include <utility>
+
+#include "Host/QVApplication.h"
+#include "Host/QVSyncLocationsController.h"
+#include "Host/QVSyncPlugin.h"
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/Localization.h"
+#include "Platform/Foundation/Log.h"
+#include "Platform/Foundation/MainQueue.h"
+
+namespace {
+
+constexpr int SlideMilliseconds = 200;
+
+QVSyncLocationsController &locationsController() {
+    return *QVSyncPlugin::plugin()->locationsController();
+}
+
+void logPartialFetch(const Error &error) {
+    const QString format = localizedSyncString("Failed to fetch information for database (%@)");
+    NSApp()->logItemCmd(QStringLiteral("Sync:"),
+                        QString(format).replace(QStringLiteral("%@"), error.localizedDescription));
+}
+
+}  // namespace
+
+QVImportDatabasesController::QVImportDatabasesController()
+    : WindowController(QStringLiteral("QVImportDatabasesWindow")),
+      m_actionButtonTitle(localizedSyncString("Import")) {
+    KeyValue::followDependencies(this);
+}
+
+QVImportDatabasesController::~QVImportDatabasesController() = default;
+
+std::shared_ptr<QVImportDatabasesController> QVImportDatabasesController::newController() {
+    // The last one to let go may be a thread of a store.
+    return {new QVImportDatabasesController,
+            [](QVImportDatabasesController *controller) { controller->deleteLater(); }};
+}
+
+void QVImportDatabasesController::setRemoteError(const std::optional<Error> &error) {
+    m_remoteError = error;
+    KeyValue::announce<&QVImportDatabasesController::remoteErrorChanged>(this);
+}
+
+QString QVImportDatabasesController::remoteErrorText() const {
+    if (!m_remoteError) {
+        return {};
+    }
+    return QStringList{m_remoteError->localizedDescription, m_remoteError->localizedFailureReason}
+        .join(u'\n')
+        .trimmed();
+}
+
+void QVImportDatabasesController::setDatabases(const std::optional<QVRemoteDatabases> &databases) {
+    m_databases = databases;
+    KeyValue::announce<&QVImportDatabasesController::databasesChanged>(this);
+}
+
+QVariantList QVImportDatabasesController::databaseList() const {
+    QVariantList list;
+    for (const Record &database : m_databases.value_or(QVRemoteDatabases())) {
+        list.append(QVariant::fromValue(database));
+    }
+    return list;
+}
+
+bool QVImportDatabasesController::isNothingToImport() const {
+    return m_databases && m_databases->isEmpty();
+}
+
+bool QVImportDatabasesController::isActive() const {
+    return !m_databases && !m_remoteError;
+}
+
+QList<std::shared_ptr<QVSyncLocation>> QVImportDatabasesController::locations() const {
+    return locationsController().syncLocations();
+}
+
+void QVImportDatabasesController::setActionButtonTitle(const QString &title) {
+    m_actionButtonTitle = title;
+    KeyValue::announce<&QVImportDatabasesController::actionButtonTitleChanged>(this);
+}
+
+QIcon QVImportDatabasesController::databaseIcon() const {
+    return QIcon(QStringLiteral(":/SyncPreferences/database.svg"));
+}
+
+QIcon QVImportDatabasesController::warningIcon() const {
+    return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+}
+
+void QVImportDatabasesController::windowDidLoad() {
+    const QRect frame = contentFrame();
+    m_locationsView->setParent(m_contentView);
+    m_locationsView->setGeometry(frame);
+    m_databasesView->setParent(m_contentView);
+    m_databasesView->setGeometry(frame.translated(frame.width() - frame.x(), 0));
+    m_locationsView->show();
+    m_databasesView->show();
+}
+
+QRect QVImportDatabasesController::contentFrame() const {
+    return m_contentView ? m_contentView->geometry() : QRect();
+}
+
+void QVImportDatabasesController::runImportDatabasesSheetModalForWindow(
+    QWidget *parentWindow, std::function<void()> handler) {
+    requireParameter(parentWindow, "parentWindow != nil",
+                     "QVImportDatabasesController::runImportDatabasesSheetModalForWindow",
+                     "Controller/QVImportDatabasesController");
+    m_completionHandler = std::move(handler);
+    beginSheet(parentWindow);
+}
+
+void QVImportDatabasesController::slide(const QRect &databasesFrame, const QRect &locationsFrame) {
+    m_slide = std::make_unique<QParallelAnimationGroup>();
+    for (const auto &[view, frame] :
+         {std::pair(m_databasesView, databasesFrame), std::pair(m_locationsView, locationsFrame)}) {
+        auto *animation = new QPropertyAnimation(view, "geometry");
+        animation->setDuration(SlideMilliseconds);
+        animation->setEndValue(frame);
+        m_slide->addAnimation(animation);
+    }
+    m_slide->start();
+}
+
+void QVImportDatabasesController::fetchDatabasesForLocation(
+    const std::shared_ptr<QVSyncLocation> &location) {
+    const QRect frame = contentFrame();
+    slide(frame, QRect(-frame.width(), frame.y(), frame.width(), frame.height()));
+    setDatabases({});
+    setRemoteError({});
+    m_store = location->createStore();
+    m_future = PZFuture::future();
+    const auto opened = store()->openWithCompletionHandler(
+        [self = shared_from_this()](const auto &error) { self->didOpen(error); });
+    future()->cascadeCancellationToFuture(opened);
+}
+
+void QVImportDatabasesController::didOpen(const std::optional<Error> &error) {
+    const auto self = shared_from_this();
+    if (error) {
+        MainQueue::dispatchAsync([self, error] { self->setRemoteError(error); });
+        future()->cancel();
+        return;
+    }
+    store()->fetchDatabasesWithCompletionHandler(
+        [self](const auto &fetched, const auto &fetchError) {
+            self->didFetch(fetched, fetchError);
+        });
+}
+
+void QVImportDatabasesController::didFetch(const std::optional<QVRemoteDatabases> &fetched,
+                                           const std::optional<Error> &error) {
+    const auto self = shared_from_this();
+    if (fetched && error) {
+        MainQueue::dispatchAsync([error] { logPartialFetch(*error); });
+    }
+    if (fetched) {
+        MainQueue::dispatchAsync([self, fetched] { self->list(*fetched); });
+    } else if (error) {
+        MainQueue::dispatchAsync([self, error] { self->setRemoteError(error); });
+    }
+    future()->passControlToFuture(store()->closeWithCompletionHandler([](const auto &) {}));
+}
+
+void QVImportDatabasesController::list(const QVRemoteDatabases &fetched) {
+    QVRemoteDatabases offered;
+    for (const Record &database : fetched) {
+        if (shouldListDatabase(database)) {
+            offered.append(database);
+        }
+    }
+    setDatabases(offered);
+}
+
+bool QVImportDatabasesController::shouldListDatabase(const Record &database) const {
+    return database->UUID() != QLatin1StringView("@inbox") &&
+           !QVSyncPlugin::databaseForUUID(database->UUID(), false);
+}
+
+void QVImportDatabasesController::returnToLocationsView(QObject * /*sender*/) {
+    const QRect frame = contentFrame();
+    slide(QRect(frame.width(), frame.y(), frame.width(), frame.height()), frame);
+    future()->cancel();
+}
+
+void QVImportDatabasesController::cancelModalSheet(QObject * /*sender*/) {
+    if (const auto running = future()) {
+        running->cancel();
+    }
+    sheetDidClose();
+}
+
+void QVImportDatabasesController::leaveSheet() {
+    cancelModalSheet(nullptr);
+}
+
+void QVImportDatabasesController::performActionWithDatabases(const QVariantList &databases) {
+    QVRemoteDatabases chosen;
+    for (const QVariant &database : databases) {
+        chosen.append(database.value<Record>());
+    }
+    importDatabases(chosen);
+}
+
+std::shared_ptr<QVSyncState> QVImportDatabasesController::importDatabase(const Record &database) {
+    const QString name = database->metadata()->name();
+    const auto state =
+        database->store()->location()->addStateForDatabaseWithUUID(database->UUID(), name);
+    state->setEnabled(true);
+    Log::message(
+        QStringLiteral("Importing database with name %1 and UUID %2").arg(name, database->UUID()));
+    return state;
+}
+
+void QVImportDatabasesController::importDatabases(const QVRemoteDatabases &databases) {
+    QVSyncStates states;
+    for (const Record &database : databases) {
+        states.append(importDatabase(database));
+    }
+    locationsController().save(nullptr);
+    QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(states);
+    sheetDidClose();
+}
+
+void QVImportDatabasesController::sheetDidClose() {
+    const auto self = shared_from_this();
+    endSheet(0);
+    if (const auto handler = std::exchange(m_completionHandler, nullptr)) {
+        handler();
+    }
+}

@@ -1,0 +1,22 @@
+#include "Platform/Foundation/FileManager.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "Platform/Foundation/Localization.h"
+
+std::optional<Error> FileManager::createDirectory(const QString &path) {
+    std::error_code code;
+    const bool isNew = std::filesystem::create_directory(path.toStdString(), code);
+    if (!isNew && !code) {
+        code = std::make_error_code(std::errc::file_exists);
+    }
+    if (!code) {
+        return {};
+    }
+    return Error{
+        .domain = ErrorDomain,
+        .code = code.value(),
+        .localizedDescription = localizedSyncString("The folder “%1” could not be made.").arg(path),
+        .localizedFailureReason = QString::fromLocal8Bit(code.message())};
+}

@@ -1,0 +1,99 @@
+#include "Platform/Interface/TableView.h"
+
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QHeaderView>
+
+#include "Platform/Interface/Nib.h"
+#include "Platform/Interface/TableViewDelegate.h"
+
+TableViewDelegate::~TableViewDelegate() = default;
+
+TableView::TableView(QWidget *parent)
+    : QTableWidget(0, 1, parent), m_columnIdentifiers({QString()}) {
+    horizontalHeader()->hide();
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    verticalHeader()->hide();
+    setShowGrid(false);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    connect(this, &QTableWidget::itemSelectionChanged, this, &TableView::selectionDidChange);
+}
+
+void TableView::setColumnIdentifiers(const QStringList &identifiers) {
+    m_columnIdentifiers = identifiers;
+    setColumnCount(static_cast<int>(identifiers.size()));
+}
+
+void TableView::setContent(const QVariantList &content) {
+    m_content = content;
+    const IndexSet selected = selectionIndexes();
+    setRowCount(static_cast<int>(content.size()));
+    for (int row = 0; row < rowCount(); ++row) {
+        const QVariant &object = content.at(row);
+        const QVariant shown =
+            m_contentKey == QLatin1StringView("self")
+                ? object
+                : KeyValue::value(KeyValue::objectValue(object), m_contentKey.toUtf8());
+        setItem(row, 0, new QTableWidgetItem(m_rowIcon, shown.toString()));
+    }
+    setSelectionIndexes(selected);
+}
+
+IndexSet TableView::selectionIndexes() const {
+    IndexSet rows;
+    for (const QModelIndex &index : selectionModel()->selectedRows()) {
+        rows.insert(index.row());
+    }
+    return rows;
+}
+
+void TableView::setSelectionIndexes(const IndexSet &indexes) {
+    if (indexes == selectionIndexes()) {
+        return;
+    }
+    QItemSelection selection;
+    for (const qsizetype row : indexes) {
+        if (row >= 0 && row < rowCount()) {
+            const auto cell = [&](int column) {
+                return model()->index(static_cast<int>(row), column);
+            };
+            selection.select(cell(0), cell(columnCount() - 1));
+        }
+    }
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+void TableView::reloadData() {
+    // The views go; a row that is still there stays selected.
+    setRowCount(m_delegate ? m_delegate->numberOfRowsInTableView(this) : 0);
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 0; column < columnCount(); ++column) {
+            QWidget *view = m_delegate->tableViewViewForTableColumnRow(
+                this, m_columnIdentifiers.at(column), row);
+            setCellWidget(row, column, view);
+        }
+    }
+}
+
+QWidget *TableView::makeViewWithIdentifier(const QString &identifier, QObject *owner) {
+    return Nib::load(identifier, owner);
+}
+
+int TableView::selectedRow() const {
+    const IndexSet rows = selectionIndexes();
+    return rows.empty() ? -1 : static_cast<int>(*rows.begin());
+}
+
+void TableView::mouseReleaseEvent(QMouseEvent *event) {
+    QTableWidget::mouseReleaseEvent(event);
+    m_clickedRow = rowAt(event->position().toPoint().y());
+    Q_EMIT action();
+}
+
+void TableView::selectionDidChange() {
+    if (m_delegate) {
+        m_delegate->tableViewSelectionDidChange(this);
+    }
+    KeyValue::announce<&TableView::selectionIndexesChanged>(this);
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QtCore/QVariantList>
+#include <QtWidgets/QTableWidget>
+
+#include "Platform/KeyValue/IndexSet.h"
+#include "Platform/KeyValue/KeyValue.h"
+
+class TableViewDelegate;
+
+/// A table of rows, whose columns have identifiers but no titles. Its rows come either from the key
+/// `content`, each showing the value at `contentKey`, or from a delegate that makes a view for
+/// each cell. Main thread.
+class PLATFORM_EXPORT TableView : public QTableWidget {
+    Q_OBJECT
+    /// One column for each; there is one without a name unless they are set.
+    Q_PROPERTY(QStringList columnIdentifiers READ columnIdentifiers WRITE setColumnIdentifiers)
+    /// The objects of the rows. Setting it keeps the selected rows by their position.
+    Q_PROPERTY(QVariantList content READ content WRITE setContent)
+    /// "self", which is the object itself, unless it is set before the content.
+    Q_PROPERTY(QString contentKey MEMBER m_contentKey)
+    /// Shown before the text of each row; set before the content.
+    Q_PROPERTY(QIcon rowIcon WRITE setRowIcon READ rowIcon)
+    Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
+                   selectionIndexesChanged)
+public:
+    explicit TableView(QWidget *parent = nullptr);
+
+    QStringList columnIdentifiers() const { return m_columnIdentifiers; }
+    void setColumnIdentifiers(const QStringList &identifiers);
+    QVariantList content() const { return m_content; }
+    void setContent(const QVariantList &content);
+    QIcon rowIcon() const { return m_rowIcon; }
+    void setRowIcon(const QIcon &icon) { m_rowIcon = icon; }
+    IndexSet selectionIndexes() const;
+    void setSelectionIndexes(const IndexSet &indexes);
+
+    /// Not owned; it takes the place of the content. May go before the table.
+    void setTableDelegate(TableViewDelegate *delegate) { m_delegate = delegate; }
+    TableViewDelegate *tableDelegate() const { return m_delegate; }
+    /// Asks the delegate for all rows again.
+    void reloadData();
+    /// A view that a form made for cells: a new one of the form named `identifier`, with `owner`.
+    QWidget *makeViewWithIdentifier(const QString &identifier, QObject *owner);
+
+    /// The row that was clicked last, -1 beside the rows.
+    int clickedRow() const { return m_clickedRow; }
+    /// The first of the selected rows, -1 for none.
+    int selectedRow() const;
+
+Q_SIGNALS:
+    /// The table was clicked, on a row or beside them.
+    void action();
+    void selectionIndexesChanged();
+
+protected:
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    void selectionDidChange();
+
+    QStringList m_columnIdentifiers;
+    QVariantList m_content;
+    QString m_contentKey = QStringLiteral("self");
+    QIcon m_rowIcon;
+    TableViewDelegate *m_delegate = nullptr;
+    int m_clickedRow = -1;
+};

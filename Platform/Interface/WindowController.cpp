@@ -1,0 +1,45 @@
+#include "Platform/Interface/WindowController.h"
+
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Interface/Nib.h"
+
+WindowController::WindowController(const QString &windowNibName) : m_windowNibName(windowNibName) {}
+
+WindowController::~WindowController() {
+    if (m_window) {
+        m_window->hide();
+        // It may be one of its own buttons that ended the controller.
+        m_window->deleteLater();
+    }
+}
+
+QWidget *WindowController::window() {
+    if (!m_window) {
+        m_window = qobject_cast<SheetWindow *>(Nib::load(m_windowNibName, this));
+        requireParameter(m_window, "window != nil", "WindowController::window",
+                         "Platform/Interface/WindowController");
+        connect(m_window, &SheetWindow::leaving, this, [this] { leaveSheet(); });
+        awakeFromNib();
+        windowDidLoad();
+    }
+    return m_window;
+}
+
+void WindowController::beginSheet(QWidget *parentWindow) {
+    window()->setParent(parentWindow->window(), Qt::Dialog);
+    m_window->open();
+}
+
+void WindowController::endSheet(int returnCode) {
+    if (m_window) {
+        m_window->done(returnCode);
+    }
+}
+
+int WindowController::runModal() {
+    return m_modalLoop.exec();
+}
+
+void WindowController::stopModal(int code) {
+    m_modalLoop.exit(code);
+}

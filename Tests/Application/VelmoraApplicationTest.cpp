@@ -1,0 +1,57 @@
+#include "Application/VelmoraApplication.h"
+
+#include <QtWidgets/QMessageBox>
+
+#include "Platform/Security/SecretStore.h"
+#include "Platform/Security/UrlCredentialStorage.h"
+#include "Support/TestMain.h"
+
+/// The application object itself. The test has no session bus, hence no password service.
+class VelmoraApplicationTest : public QObject {
+    Q_OBJECT
+
+    static QList<QMessageBox *> messageBoxes() {
+        QList<QMessageBox *> boxes;
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            if (auto *box = qobject_cast<QMessageBox *>(widget); box && box->isVisible()) {
+                boxes.append(box);
+            }
+        }
+        return boxes;
+    }
+
+    static void store(const QString &user) {
+        UrlCredentialStorage::shared().setCredentialForProtectionSpace(
+            {.user = user,
+             .password = QStringLiteral("secret"),
+             .persistence = UrlCredential::Persistence::Permanent},
+            UrlProtectionSpace{.host = QStringLiteral("example-host")});
+        SecretStore::shared().finishWriting();
+    }
+
+private Q_SLOTS:
+    void thePersonIsToldOnceThatPasswordsCannotBeSaved() {
+        store(QStringLiteral("first"));
+        QTRY_COMPARE(messageBoxes().size(), 1);
+        QMessageBox *box = messageBoxes().first();
+        QCOMPARE(box->text(), QStringLiteral("Passwords cannot be saved. "
+                                             "They are kept until you quit Velmora."));
+        QCOMPARE(box->informativeText(),
+                 QStringLiteral("No password service is running on this computer."));
+        box->close();
+        QTRY_VERIFY(messageBoxes().isEmpty());
+
+        store(QStringLiteral("second"));
+        QCoreApplication::processEvents();
+        QVERIFY(messageBoxes().isEmpty());
+    }
+};
+
+int main(int argumentCount, char **arguments) {
+    prepareTestProcess();
+    const VelmoraApplication application(argumentCount, arguments);
+    VelmoraApplicationTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
+
+#include "VelmoraApplicationTest.moc"

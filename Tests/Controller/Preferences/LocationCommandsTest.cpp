@@ -1,0 +1,411 @@
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QToolButton>
+
+#include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
+#include "Controller/Preferences/QVFolderLocationEditor.h"
+#include "Controller/Preferences/QVSyncPreferences.h"
+#include "Controller/Preferences/QVWebDAVLocationEditor.h"
+#include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Host/QVSyncLocationsController.h"
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Interface/PackagePanel.h"
+#include "Platform/Interface/SheetWindow.h"
+#include "Support/HostShortcuts.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+/// The condition, and where it stands, of the assertion that `call` ends in.
+QString failureOf(const std::function<void()> &call) {
+    try {
+        call();
+    } catch (const AssertionFailure &failure) {
+        return failure.message() + QLatin1StringView(" in ") + failure.sourceFile();
+    }
+    return QStringLiteral("nothing was raised");
+}
+
+QString failure(const char *condition) {
+    return QStringLiteral(
+               "Invalid parameter not satisfying: %1 in Controller/Preferences/"
+               "QVSyncPreferences")
+        .arg(QLatin1StringView(condition));
+}
+
+}  // namespace
+
+/// The pane's commands on locations, sent as the person sends them: by its buttons and menus.
+class LocationCommandsTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestHost> m_host;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<QVSyncPreferences> m_pane;
+
+    void showPane() {
+        m_pane = std::make_unique<QVSyncPreferences>();
+        m_pane->loadMainView();
+        m_pane->mainView()->show();
+        m_pane->willSelect();
+    }
+    template <class Part>
+    Part *part(const char *name) const {
+        return m_pane->mainView()->findChild<Part *>(QLatin1StringView(name));
+    }
+    void click(const char *name) const { part<QPushButton>(name)->click(); }
+    /// Chooses an item of a menu as the person does: it is enabled when the menu opens.
+    void choose(const char *menu, const char *item) const {
+        Q_EMIT part<QMenu>(menu)->aboutToShow();
+        part<QAction>(item)->trigger();
+    }
+    SheetWindow *sheet() const {
+        const auto windows = m_pane->mainView()->window()->findChildren<SheetWindow *>();
+        for (SheetWindow *window : windows) {
+            if (window->isVisible()) {
+                return window;
+            }
+        }
+        return nullptr;
+    }
+    void pressInSheet(const char *name) const {
+        sheet()->findChild<QPushButton *>(QLatin1StringView(name))->click();
+    }
+    void typeInSheet(const char *name, const QString &text) const {
+        QTest::keyClicks(sheet()->findChild<QLineEdit *>(QLatin1StringView(name)), text);
+    }
+    void selectLocation(qsizetype index) const {
+        m_pane->syncLocationsController()->setSelectionIndexes({index});
+    }
+    QStringList URLs() const {
+        QStringList result;
+        for (const auto &location : m_host->locations().syncLocations()) {
+            result.append(location->URL().absoluteString());
+        }
+        return result;
+    }
+    /// What a restart would find.
+    qsizetype savedCount() const {
+        return m_host->engine()
+            .profile()
+            .value(QStringLiteral("SELECT count(*) FROM locations"))
+            .toLongLong();
+    }
+    void inPanel(const std::function<void(PackagePanel &)> &act) const {
+        auto *timer = new QTimer(qApp);
+        connect(timer, &QTimer::timeout, timer, [timer, act] {
+            if (auto *panel = qobject_cast<PackagePanel *>(QApplication::activeModalWidget())) {
+                timer->deleteLater();
+                act(*panel);
+            }
+        });
+        timer->start(0);
+    }
+
+private Q_SLOTS:
+    void initTestCase() { registerSyncPreferencesInterface(); }
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        m_folder = std::make_unique<QTemporaryDir>();
+        setDebugging(Debugging::Off);
+    }
+    void cleanup() {
+        m_pane.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_host.reset();
+    }
+
+    void acceptingAWebDAVLocationAppendsItSelectsItAndSaves() {
+        m_host->addLocation();
+        m_host->save();
+        showPane();
+        m_pane->databasesController()->setSelectionIndexes({0});
+        choose("addMenu", "addWebDAVItem");
+        QVERIFY(!sheet()->findChild<QPushButton *>(QStringLiteral("cancelButton"))->isHidden());
+        typeInSheet("serverField", QStringLiteral("host"));
+        typeInSheet("storeField", QStringLiteral("Store"));
+        pressInSheet("acceptButton");
+        QCOMPARE(URLs().last(), QStringLiteral("http://@host/Store.qvSyncStore"));
+        QCOMPARE(savedCount(), 2);
+        const auto row = m_pane->synchronizationSelections().constLast();
+        QCOMPARE(row->location()->URL().absoluteString(), URLs().last());
+        QVERIFY(row->isSelected());
+        QCOMPARE(row->title(), QStringLiteral("Store (host)"));
+    }
+
+    void cancellingANewLocationAddsAndSavesNothing() {
+        showPane();
+        m_host->makeSavesFail();
+        choose("addMenu", "addWebDAVItem");
+        pressInSheet("cancelButton");
+        QVERIFY(URLs().isEmpty());
+        QVERIFY(m_pane->synchronizationSelections().isEmpty());
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
+        m_host->letSavesPass();
+    }
+
+    void editingAnExistingLocationSavesItWithoutASecondCopy() {
+        m_host->addLocation(QStringLiteral("velmora://host:8442"));
+        m_host->save();
+        showPane();
+        selectLocation(0);
+        click("editLocationButton");
+        QVERIFY(sheet()->findChild<QPushButton *>(QStringLiteral("cancelButton"))->isHidden());
+        auto *host = sheet()->findChild<QLineEdit *>(QStringLiteral("hostField"));
+        host->setText(QStringLiteral("other"));
+        pressInSheet("acceptButton");
+        QCOMPARE(URLs(), QStringList{QStringLiteral("velmora://other:8442")});
+        m_host->restart();
+        QCOMPARE(URLs(), QStringList{QStringLiteral("velmora://other:8442")});
+    }
+
+    void aFolderLocationIsEditedInItsSheet() {
+        m_host->addLocation();
+        showPane();
+        selectLocation(0);
+        click("editLocationButton");
+        QCOMPARE(sheet()->findChild<QLineEdit *>(QStringLiteral("packageField"))->text(),
+                 m_host->locations().syncLocations().constFirst()->URL().path());
+        pressInSheet("acceptButton");
+        QCOMPARE(URLs().size(), 1);
+    }
+
+    void editingWithoutASelectedRowDoesNothing() {
+        showPane();
+        m_pane->editSelectedSyncLocation(nullptr);
+        QVERIFY(!sheet());
+    }
+
+    void aNewPackageBecomesALocation() {
+        showPane();
+        inPanel([this](PackagePanel &panel) {
+            panel.setDirectory(m_folder->path());
+            panel.selectFile(QStringLiteral("Work"));
+            QMetaObject::invokeMethod(&panel, "accept");
+        });
+        choose("addMenu", "createFolderItem");
+        QCOMPARE(URLs(),
+                 QStringList{Url::fileURL(m_folder->filePath(QStringLiteral("Work.qvSyncStore")))
+                                 .absoluteString()});
+        QCOMPARE(savedCount(), 1);
+    }
+
+    void anExistingPackageBecomesALocation() {
+        const QString package = m_folder->filePath(QStringLiteral("Work.qvSyncStore"));
+        QVERIFY(QDir().mkdir(package));
+        showPane();
+        inPanel([=, this](PackagePanel &panel) {
+            panel.setDirectory(m_folder->path());
+            panel.selectFile(package);
+            QMetaObject::invokeMethod(&panel, "accept");
+        });
+        choose("addMenu", "selectFolderItem");
+        QCOMPARE(URLs(), QStringList{Url::fileURL(package).absoluteString()});
+    }
+
+    // The result is 1 whenever the panel was confirmed.
+    void aPackageThatCannotBeMadeIsAddedAsItStands() {
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("Work.qvSyncStore")));
+        showPane();
+        inPanel([this](PackagePanel &panel) {
+            panel.setDirectory(m_folder->path());
+            panel.selectFile(QStringLiteral("Work.qvSyncStore"));
+            QMetaObject::invokeMethod(&panel, "accept");
+        });
+        m_pane->createFolder(nullptr);
+        QCOMPARE(m_host->application().presentedErrors().size(), 1);
+        QCOMPARE(m_host->locations().countOfSyncLocations(), 1);
+        QVERIFY(m_host->locations().syncLocations().constFirst()->URL().isNil());
+    }
+
+    void aCancelledPanelAddsNothing() {
+        showPane();
+        for (void (QVSyncPreferences::*command)(QObject *) :
+             {&QVSyncPreferences::createFolder, &QVSyncPreferences::selectFolder}) {
+            inPanel([](PackagePanel &panel) { panel.reject(); });
+            (m_pane.get()->*command)(nullptr);
+        }
+        QVERIFY(URLs().isEmpty());
+    }
+
+    void addFileLocationRunsTheFolderSheet() {
+        showPane();
+        m_pane->addFileLocation(nullptr);
+        QVERIFY(sheet()->findChild<QLineEdit *>(QStringLiteral("packageField")));
+        QVERIFY(!sheet()->findChild<QPushButton *>(QStringLiteral("cancelButton"))->isHidden());
+        pressInSheet("cancelButton");
+    }
+
+    void theEditorIsChosenByTheExactScheme() {
+        showPane();
+        const auto editorFor = [this](const char *text) {
+            return m_pane->locationEditorForLocation(
+                std::make_shared<EngineSyncLocation>(Url::fromString(QLatin1StringView(text))));
+        };
+        const auto isA = [](const auto &editor, const QMetaObject &meta) {
+            return editor && editor->metaObject() == &meta;
+        };
+        QVERIFY(isA(editorFor("file:///a.qvSyncStore"), QVFolderLocationEditor::staticMetaObject));
+        QVERIFY(isA(editorFor("http://h/a"), QVWebDAVLocationEditor::staticMetaObject));
+        QVERIFY(isA(editorFor("https://h/a"), QVWebDAVLocationEditor::staticMetaObject));
+        QVERIFY(
+            isA(editorFor("velmora://h:1"), QVDirectConnectionLocationEditor::staticMetaObject));
+        for (const char *other : {"HTTP://h/a", "File:///a", "Velmora://h:1", "ftp://h/a", ""}) {
+            QVERIFY2(!editorFor(other), other);
+        }
+    }
+
+    void aLocationOfAnUnknownSchemeCannotBeEdited() {
+        m_host->addLocation(QStringLiteral("HTTP://host/a"));
+        showPane();
+        selectLocation(0);
+        QCOMPARE(failureOf([this] { m_pane->editSelectedSyncLocation(nullptr); }),
+                 failure("editor != nil"));
+    }
+
+    void absentArgumentsAreProgrammingErrors() {
+        showPane();
+        const auto location = std::make_shared<EngineSyncLocation>(Url());
+        QCOMPARE(failureOf([this] { m_pane->addSyncLocation(nullptr); }),
+                 failure("location != nil"));
+        QCOMPARE(failureOf([this] { m_pane->cleanSelectedSyncLocation(nullptr); }),
+                 failure("_location != nil"));
+        QCOMPARE(failureOf([&] { m_pane->cleanLocationForDatabaseWithUUID(location, {}); }),
+                 failure("_UUID != nil"));
+    }
+
+    void removingALocationTakesItsStatesFromEveryRowFirst() {
+        const auto first = m_host->addDatabase(QStringLiteral("First"));
+        const auto second = m_host->addDatabase(QStringLiteral("Second"));
+        const auto location = m_host->addLocation();
+        m_host->addState(location, first)->setEnabled(true);
+        m_host->addState(location, second)->setEnabled(true);
+        m_host->addLocation(QStringLiteral("http://u@kept/a"));
+        m_host->save();
+        showPane();
+        bool wereRowsFree = false;
+        const auto rows = m_pane->databases();
+        const auto statesOfRows = [&] {
+            qsizetype count = 0;
+            for (const auto &row : rows) {
+                count += row->synchronizationStates().size();
+            }
+            return count;
+        };
+        QCOMPARE(statesOfRows(), 2);
+        connect(location->stateForDatabaseWithUUID(first->UUID()).get(),
+                &QVSyncState::enabledChanged, this, [&] { wereRowsFree = statesOfRows() == 0; });
+        selectLocation(0);
+        click("removeLocationButton");
+        QVERIFY(wereRowsFree);
+        QCOMPARE(URLs(), QStringList{QStringLiteral("http://u@kept/a")});
+        QCOMPARE(m_pane->synchronizationSelections().size(), 1);
+        QCOMPARE(savedCount(), 1);
+        QVERIFY(!location->stateForDatabaseWithUUID(first->UUID())->isEnabled());
+    }
+
+    void aFailedSaveIsPresentedAndTheLocationStays() {
+        showPane();
+        m_host->makeSavesFail();
+        choose("addMenu", "addWebDAVItem");
+        typeInSheet("serverField", QStringLiteral("host"));
+        typeInSheet("storeField", QStringLiteral("Store"));
+        pressInSheet("acceptButton");
+        QCOMPARE(m_host->application().presentedErrors().size(), 1);
+        QCOMPARE(URLs().size(), 1);
+        m_host->letSavesPass();
+    }
+
+    void cleaningIsLoggedAndReturnsAtOnce() {
+        const auto database = m_host->addDatabase(QStringLiteral("Cleaned"));
+        const auto location = m_host->addLocation();
+        m_host->addState(location, database)->setEnabled(true);
+        showPane();
+        setDebugging(Debugging::Normal);
+        QTest::ignoreMessage(
+            QtInfoMsg, QRegularExpression(QStringLiteral("^Attempting to clean location file:")));
+        QTest::ignoreMessage(
+            QtInfoMsg, QRegularExpression(QStringLiteral("^Finished cleaning location file:")));
+        bool isFinished = false;
+        m_pane->cleanLocationForDatabaseWithUUID(location, database->UUID());
+        m_pane->plugin()->dispatcher()->cleanRemoteStoreWithSynchronizationState(
+            location->stateForDatabaseWithUUID(database->UUID()),
+            [&] { QMetaObject::invokeMethod(qApp, [&] { isFinished = true; }); });
+        QTRY_VERIFY(isFinished);
+    }
+
+    void buttonsNeedASelectedRow() {
+        m_host->addLocation();
+        showPane();
+        for (const char *name : {"removeLocationButton", "editLocationButton", "moreButton"}) {
+            m_pane->syncLocationsController()->setSelectionIndexes({});
+            QVERIFY2(!part<QPushButton>(name)->isEnabled(), name);
+            selectLocation(0);
+            QVERIFY2(part<QPushButton>(name)->isEnabled(), name);
+        }
+    }
+
+    void menuItemsAreEnabledAfreshWhenTheMenuOpens() {
+        m_host->addLocation();
+        m_host->addLocation(QStringLiteral("http://u@h/a"));
+        showPane();
+        selectLocation(0);
+        Q_EMIT part<QMenu>("moreMenu")->aboutToShow();
+        QVERIFY(part<QAction>("revealItem")->isEnabled());
+        QVERIFY(!part<QAction>("cleanItem")->isEnabled());
+        selectLocation(1);
+        Q_EMIT part<QMenu>("moreMenu")->aboutToShow();
+        QVERIFY(!part<QAction>("revealItem")->isEnabled());
+        QVERIFY(part<QAction>("checkItem")->isEnabled());
+    }
+
+    void revealingWithoutASelectedRowDoesNothing() {
+        showPane();
+        m_pane->revealInFinder(nullptr);
+        QVERIFY(!m_pane->isRevealableInFinder());
+    }
+
+    void checkingShowsActivityAndThenWhatWentWrong() {
+        m_host->addLocation(QStringLiteral("file:///missing.qvSyncStore"));
+        showPane();
+        selectLocation(0);
+        choose("moreMenu", "checkItem");
+        const auto row = m_pane->synchronizationSelections().constFirst();
+        QVERIFY(row->isActive());
+        QTRY_VERIFY(!row->isActive());
+        QVERIFY(row->error());
+        auto *warning = m_pane->locationsView()->items().at(0)->view()->findChild<QToolButton *>(
+            QStringLiteral("rowWarningButton"));
+        QVERIFY(!warning->isHidden());
+        warning->click();
+        QCOMPARE(m_host->application().presentedErrors(), QList<Error>{*row->error()});
+    }
+
+    void checkingAStoreThatIsThereShowsNoWarning() {
+        m_host->addLocation();
+        showPane();
+        selectLocation(0);
+        choose("moreMenu", "checkItem");
+        const auto row = m_pane->synchronizationSelections().constFirst();
+        QTRY_VERIFY(!row->isActive());
+        QVERIFY(!row->error());
+    }
+
+    void aSheetThatOutlastsThePaneDoesNoHarm() {
+        showPane();
+        QWidget window;
+        m_pane->mainView()->setParent(&window);
+        m_pane->addWebDAVLocation(nullptr);
+        const QPointer<SheetWindow> sheet = window.findChild<SheetWindow *>();
+        QVERIFY(sheet);
+        m_pane.reset();
+        if (sheet) {
+            sheet->findChild<QPushButton *>(QStringLiteral("cancelButton"))->click();
+        }
+        QVERIFY(URLs().isEmpty());
+    }
+};
+
+VELMORA_TEST_MAIN(LocationCommandsTest)
+#include "LocationCommandsTest.moc"

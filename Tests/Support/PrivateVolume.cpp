@@ -1,0 +1,46 @@
+#include "Support/PrivateVolume.h"
+
+#include <sched.h>
+#include <sys/mount.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <stdexcept>
+
+namespace {
+
+void requireMounted(int result) {
+    if (result != 0) {
+        throw std::runtime_error(std::string("This test cannot mount a volume: ") +
+                                 std::strerror(errno));
+    }
+}
+
+}  // namespace
+
+void enterPrivateMounts() {
+    if (unshare(CLONE_NEWNS) != 0 ||
+        mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) {
+        std::fprintf(stderr, "This test needs root, to mount volumes of its own: %s.\n",
+                     std::strerror(errno));
+        std::exit(EXIT_FAILURE);
+    }
+}
+
+PrivateVolume::PrivateVolume(const QString &path, qint64 bytes) : m_path(QFile::encodeName(path)) {
+    QDir().mkpath(path);
+    const QByteArray options = "mode=0755,size=" + QByteArray::number(bytes);
+    requireMounted(mount("tmpfs", m_path.constData(), "tmpfs", 0, options.constData()));
+}
+
+PrivateVolume::~PrivateVolume() {
+    umount2(m_path.constData(), MNT_DETACH);
+}
+
+void PrivateVolume::makeReadOnly() {
+    requireMounted(mount("tmpfs", m_path.constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr));
+}

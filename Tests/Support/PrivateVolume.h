@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QtCore/QString>
+
+/// Gives this process, and those it starts, mounts of their own, which are gone with them. Called
+/// first, while there is one thread. Ends the process with a sentence where it cannot be done.
+void enterPrivateMounts();
+
+/// A small volume, mounted until it goes; for a process with mounts of its own. What fails raises
+/// std::runtime_error.
+class PrivateVolume {
+public:
+    /// Mounts an empty volume of so many bytes over the folder `path`, made where it is not there.
+    PrivateVolume(const QString &path, qint64 bytes);
+    ~PrivateVolume();
+    PrivateVolume(const PrivateVolume &) = delete;
+    PrivateVolume &operator=(const PrivateVolume &) = delete;
+
+    void makeReadOnly();
+
+private:
+    const QByteArray m_path;
+};
