@@ -8,7 +8,7 @@ SyncEngine::SyncEngine()
     : m_library(m_profile), m_plugin(m_profile, m_library), m_classes(m_plugin, m_library) {}
 
 SyncEngine::~SyncEngine() {
-    EngineStore::waitForAll();
+    EngineStore::endAll();
 }
 
 std::optional<Error> SyncEngine::openProfile(const QString &directory, FirstContents contents) {

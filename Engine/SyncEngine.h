@@ -15,8 +15,8 @@
 class SyncEngine {
 public:
     SyncEngine();
-    /// Waits for what stores still do, so it must not be called while a handler waits for the main
-    /// thread.
+    /// Cancels what stores still do and waits for its end, so it must not be called while a handler
+    /// waits for the main thread.
     ~SyncEngine();
     SyncEngine(const SyncEngine &) = delete;
     SyncEngine &operator=(const SyncEngine &) = delete;
