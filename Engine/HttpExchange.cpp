@@ -80,7 +80,7 @@ void HttpExchange::start() {
         m_manager.sendCustomRequest(plainRequest(m_request), m_request.method, m_request.body);
     m_reply->setParent(this);
     watch();
-    m_patience.start(m_options.timeouts.connecting);
+    m_patience.start(m_options.timeouts.idle);
     m_end.start(m_options.timeouts.total);
 }
 
@@ -100,9 +100,7 @@ void HttpExchange::watch() {
         abort(engineError(EngineErrorCode::StoreUnreachable,
                           "The server “%1” takes too long to answer.", server()));
     });
-    for (const auto signal : {&QNetworkReply::requestSent, &QNetworkReply::metaDataChanged}) {
-        connect(m_reply, signal, this, &HttpExchange::showLife);
-    }
+    connect(m_reply, &QNetworkReply::metaDataChanged, this, &HttpExchange::showLife);
     for (const auto signal : {&QNetworkReply::uploadProgress, &QNetworkReply::downloadProgress}) {
         connect(m_reply, signal, this, &HttpExchange::showLife);
     }
@@ -194,10 +192,9 @@ Error HttpExchange::transportError() const {
             return unreachable("The server “%1” cannot be reached: nothing answers at this port.");
         case QNetworkReply::NoError:
         case QNetworkReply::RemoteHostClosedError:
-            return unreachable("The server “%1” closed the connection before it had answered.");
-        case QNetworkReply::ProtocolFailure:
-        case QNetworkReply::ProtocolUnknownError:
-            return unreachable("The answer of the server “%1” is not understood.");
+            // Qt says the same when it understands nothing.
+            return unreachable(
+                "The server “%1” broke off before it had answered, or is no web server.");
         case QNetworkReply::SslHandshakeFailedError:
             return engineError(
                 EngineErrorCode::StoreUnreachable,

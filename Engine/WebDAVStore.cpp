@@ -203,7 +203,12 @@ Result<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
     if (response.status == NotFound) {
         return missing(name);
     }
-    return response.status == OK ? Result<QByteArray>(response.body) : failure(response, name);
+    if (response.status != OK) {
+        return failure(response, name);
+    }
+    // Else nobody knows whether it is whole.
+    return response.header("Content-Length").isEmpty() ? Result<QByteArray>(notUnderstood())
+                                                       : response.body;
 }
 
 Result<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QByteArray &contents,
