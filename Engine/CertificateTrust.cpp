@@ -19,7 +19,7 @@ QString fingerprint(const QSslCertificate &certificate) {
 QString shownName(const QString &name) {
     QString shown = name.simplified();
     shown.removeIf([](QChar character) { return !character.isPrint(); });
-    return shown.size() <= LongestNameShown ? shown : shown.first(LongestNameShown) + u'…';
+    return shown.size() <= LongestNameShown ? shown.trimmed() : shown.first(LongestNameShown) + u'…';
 }
 
 QString shownDate(const QDateTime &date) {

@@ -35,6 +35,11 @@ QNetworkRequest plainRequest(const HttpClient::Request &request) {
     return result;
 }
 
+/// Qt sends user names and passwords in ISO 8859-1, where servers expect UTF-8 (RFC 7617, 2.1).
+QString bytesOfUTF8(const QString &text) {
+    return QString::fromLatin1(text.toUtf8());
+}
+
 QString certificateReason(const QSslError &error) {
     switch (error.error()) {
         case QSslError::SelfSignedCertificate:
@@ -122,8 +127,8 @@ void HttpExchange::answerChallenge(QAuthenticator &authenticator) {
     }
     m_hasAnsweredChallenge = true;
     if (const std::optional<UrlCredential> credential = m_options.credential()) {
-        authenticator.setUser(credential->user);
-        authenticator.setPassword(credential->password);
+        authenticator.setUser(bytesOfUTF8(credential->user));
+        authenticator.setPassword(bytesOfUTF8(credential->password));
     }
 }
 

@@ -35,6 +35,11 @@ QUrl packageURL(const Url &URL) {
                            QUrl::StripTrailingSlash);
 }
 
+/// For a person to read.
+QString plainText(const QUrl &URL) {
+    return URL.scheme() + QStringLiteral("://") + URL.authority() + URL.path(QUrl::FullyDecoded);
+}
+
 QStringList decodedParts(const QUrl &URL) {
     QStringList parts;
     for (const QString &part : URL.path(QUrl::FullyEncoded).split(u'/', Qt::SkipEmptyParts)) {
@@ -86,7 +91,7 @@ std::optional<UrlCredential> WebDAVStore::credential() {
 }
 
 QString WebDAVStore::place(const QString &name) const {
-    return blobURL(name).toString(QUrl::PrettyDecoded);
+    return plainText(blobURL(name));
 }
 
 QUrl WebDAVStore::blobURL(const QString &name) const {
@@ -344,7 +349,7 @@ Error WebDAVStore::credentialRefused() const {
 Error WebDAVStore::folderMissing(const QUrl &URL) const {
     return engineError(EngineErrorCode::StoreUnreachable,
                        "The folder “%1” is not there on the server.",
-                       URL.adjusted(QUrl::StripTrailingSlash).toString(QUrl::PrettyDecoded));
+                       plainText(URL.adjusted(QUrl::StripTrailingSlash)));
 }
 
 Error WebDAVStore::notUnderstood() const {
