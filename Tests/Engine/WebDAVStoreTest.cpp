@@ -288,8 +288,8 @@ private Q_SLOTS:
             open(m_server->URLText(Package, QStringLiteral("somebody")));
         QCOMPARE(code(error), EngineErrorCode::AccessDenied);
         QCOMPARE(description(error),
-                 QStringLiteral("The server “%1” asks for a user name and a password, and none are "
-                                "stored for this location.")
+                 QStringLiteral(
+                     "The server “%1” asks for a password, and none is stored for this location.")
                      .arg(server()));
     }
 
@@ -573,7 +573,7 @@ private Q_SLOTS:
         start({});
         const QString URLText = m_server->URLText(Package, {});
         QVERIFY(URLText.contains(QStringLiteral("://@localhost")));
-        QVERIFY(description(open(URLText)).contains(QStringLiteral("none are stored")));
+        QVERIFY(description(open(URLText)).contains(QStringLiteral("none is stored")));
         UrlCredentialStorage::shared().setDefaultCredentialForProtectionSpace(
             {WebDAVServer::User, WebDAVServer::Password, UrlCredential::Persistence::ForSession},
             space(URLText, UrlAuthenticationMethodHttpBasic));
