@@ -35,6 +35,11 @@ QNetworkRequest plainRequest(const HttpClient::Request &request) {
     return result;
 }
 
+/// Qt sends user names and passwords in ISO 8859-1, where servers expect UTF-8 (RFC 7617, 2.1).
+QString bytesOfUTF8(const QString &text) {
+    return QString::fromLatin1(text.toUtf8());
+}
+
 QString certificateReason(const QSslError &error) {
     switch (error.error()) {
         case QSslError::SelfSignedCertificate:
@@ -122,8 +127,8 @@ void HttpExchange::answerChallenge(QAuthenticator &authenticator) {
     }
     m_hasAnsweredChallenge = true;
     if (const std::optional<UrlCredential> credential = m_options.credential()) {
-        authenticator.setUser(credential->user);
-        authenticator.setPassword(credential->password);
+        authenticator.setUser(bytesOfUTF8(credential->user));
+        authenticator.setPassword(bytesOfUTF8(credential->password));
     }
 }
 
@@ -134,10 +139,9 @@ void HttpExchange::judgeCertificate(const QList<QSslError> &errors) {
         m_reply->ignoreSslErrors(errors);
         return;
     }
-    m_error = engineError(
-        EngineErrorCode::CertificateUntrusted,
-        localizedSyncString("The server “%1” cannot prove that it is the one it claims to be: %2")
-            .arg(server(), reasons.join(u' ')));
+    m_error = engineError(EngineErrorCode::CertificateUntrusted,
+                          localizedSyncString("The server “%1” cannot prove its identity: %2")
+                              .arg(server(), reasons.join(u' ')));
 }
 
 void HttpExchange::takeBody() {
@@ -182,19 +186,21 @@ Result<HttpClient::Response> HttpExchange::answer() const {
 }
 
 Error HttpExchange::transportError() const {
-    const auto unreachable = [this](const char *text) {
-        return engineError(EngineErrorCode::StoreUnreachable, text, server());
-    };
     switch (m_reply->error()) {
         case QNetworkReply::HostNotFoundError:
-            return unreachable("There is no server “%1”. Check its name and the network.");
+            return engineError(EngineErrorCode::StoreUnreachable,
+                               "There is no server “%1”. Check its name and the network.",
+                               server());
         case QNetworkReply::ConnectionRefusedError:
-            return unreachable("The server “%1” cannot be reached: nothing answers at this port.");
+            return engineError(EngineErrorCode::StoreUnreachable,
+                               "The server “%1” cannot be reached: nothing answers at this port.",
+                               server());
         case QNetworkReply::NoError:
         case QNetworkReply::RemoteHostClosedError:
             // Qt says the same when it understands nothing.
-            return unreachable(
-                "The server “%1” broke off before it had answered, or is no web server.");
+            return engineError(
+                EngineErrorCode::StoreUnreachable,
+                "The server “%1” broke off before it had answered, or is no web server.", server());
         case QNetworkReply::SslHandshakeFailedError:
             return engineError(
                 EngineErrorCode::StoreUnreachable,

@@ -237,6 +237,7 @@ private Q_SLOTS:
             connection.send("HTTP/1.1 200 OK\r\n");
             while (connection.isOpen() && !isGivenUp) {
                 connection.send("X-More: " + QByteArray(1000, 'x') + "\r\n");
+                QThread::msleep(1);
             }
         });
         HttpClient client(hasty());

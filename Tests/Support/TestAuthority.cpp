@@ -26,14 +26,14 @@ const QStringList NewKey = {QStringLiteral("req"),
 
 }  // namespace
 
-TestAuthority::TestAuthority()
+TestAuthority::TestAuthority(const QString &name)
     : m_identity{m_folder.filePath(QStringLiteral("authority.pem")),
                  m_folder.filePath(QStringLiteral("authority.key"))} {
-    runOpenssl(NewKey + QStringList{QStringLiteral("-x509"), QStringLiteral("-days"),
-                                    QStringLiteral("2"), QStringLiteral("-subj"),
-                                    QStringLiteral("/CN=Test Authority"), QStringLiteral("-keyout"),
-                                    m_identity.key, QStringLiteral("-out"),
-                                    m_identity.certificate});
+    runOpenssl(NewKey + QStringList{QStringLiteral("-x509"), QStringLiteral("-utf8"),
+                                    QStringLiteral("-days"), QStringLiteral("2"),
+                                    QStringLiteral("-subj"), QStringLiteral("/CN=") + name,
+                                    QStringLiteral("-keyout"), m_identity.key,
+                                    QStringLiteral("-out"), m_identity.certificate});
 }
 
 QSslCertificate TestAuthority::certificate() const {

@@ -14,7 +14,7 @@ public:
         QString key;
     };
 
-    TestAuthority();
+    explicit TestAuthority(const QString &name = QStringLiteral("Test Authority"));
 
     QSslCertificate certificate() const;
     /// The identity of a server of those names, such as "DNS:localhost,IP:127.0.0.1"; with a

@@ -95,7 +95,10 @@ void giveAway(const QString &folder) {
 
 }  // namespace
 
-WebDAVServer::WebDAVServer(Options options) : m_options(std::move(options)), m_port(freePort()) {
+WebDAVServer::WebDAVServer(Options options) : m_options(std::move(options)) {
+    if (port() == 0) {
+        m_options.port = freePort();
+    }
     if (m_options.folder.isEmpty()) {
         m_options.folder = m_ownFolder.filePath(QStringLiteral("files"));
     }
@@ -118,7 +121,7 @@ WebDAVServer::~WebDAVServer() {
 QString WebDAVServer::URLText(const QString &path, const QString &user) const {
     return QStringLiteral("%1://%2@localhost:%3/dav/%4")
         .arg(m_options.identity ? QStringLiteral("https") : QStringLiteral("http"), user)
-        .arg(m_port)
+        .arg(port())
         .arg(path);
 }
 
@@ -143,7 +146,7 @@ void WebDAVServer::stop() {
 
 bool WebDAVServer::isReady() {
     QTcpSocket socket;
-    socket.connectToHost(QHostAddress::LocalHost, m_port);
+    socket.connectToHost(QHostAddress::LocalHost, port());
     return socket.waitForConnected();
 }
 
@@ -160,7 +163,7 @@ void WebDAVServer::writeConfiguration() const {
 
 QString WebDAVServer::configuration() const {
     QString text = ServerConfiguration.arg(m_ownFolder.path())
-                       .arg(m_port)
+                       .arg(port())
                        .arg(modulesFolder(), folder(), authenticationConfiguration());
     if (geteuid() == 0) {
         text += QStringLiteral("User www-data\nGroup www-data\n");

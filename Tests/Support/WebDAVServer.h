@@ -22,6 +22,8 @@ public:
         /// Where the files are; a folder of the server's own unless set. Made where it is not
         /// there.
         QString folder = {};
+        /// A free one unless set.
+        quint16 port = 0;
     };
 
     /// The only user.
@@ -33,7 +35,7 @@ public:
     WebDAVServer(const WebDAVServer &) = delete;
     WebDAVServer &operator=(const WebDAVServer &) = delete;
 
-    quint16 port() const { return m_port; }
+    quint16 port() const { return m_options.port; }
     QString folder() const { return m_options.folder; }
     /// "SCHEME://USER@localhost:PORT/dav/PATH", `path` being percent-encoded already.
     QString URLText(const QString &path, const QString &user = User) const;
@@ -50,6 +52,5 @@ private:
 
     Options m_options;
     QTemporaryDir m_ownFolder;
-    quint16 m_port = 0;
     QProcess m_process;
 };
