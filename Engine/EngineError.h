@@ -23,6 +23,8 @@ enum class EngineErrorCode {
     StoreFull,
     /// The server cannot prove to be the one it claims to be.
     CertificateUntrusted,
+    /// The server of this computer cannot serve.
+    ServerUnusable,
 };
 
 /// `description` is a whole sentence for a person.

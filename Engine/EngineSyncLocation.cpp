@@ -2,6 +2,8 @@
 
 #include <QtCore/QUuid>
 
+#include "Engine/DirectConnection.h"
+#include "Engine/DirectConnectionStore.h"
 #include "Engine/FolderStore.h"
 #include "Engine/UnreachableStore.h"
 #include "Platform/Foundation/Assertion.h"
@@ -46,6 +48,9 @@ std::shared_ptr<QVSyncStore> EngineSyncLocation::createStore() {
 std::shared_ptr<BlobStore> EngineSyncLocation::createBlobStore() {
     if (m_URL.isFileURL()) {
         return std::make_shared<FolderStore>(shared_from_this());
+    }
+    if (m_URL.scheme() == DirectConnection::URLScheme) {
+        return std::make_shared<DirectConnectionStore>(shared_from_this());
     }
     return std::make_shared<UnreachableStore>(shared_from_this());
 }

@@ -1,5 +1,8 @@
 #include "Engine/EngineSyncPlugin.h"
 
+#include "Engine/DirectConnectionPairings.h"
+#include "Engine/DirectConnectionRecords.h"
+#include "Engine/DirectConnectionServer.h"
 #include "Engine/LocalStore.h"
 #include "Engine/MountedVolumes.h"
 #include "Engine/ProfileDatabase.h"
@@ -17,17 +20,27 @@ void logIfFailed(const std::optional<Error> &error) {
 
 }  // namespace
 
-EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile)
+EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, const EngineNoteLibrary &library)
     : m_profile(profile),
+      m_library(library),
       m_locationsController(std::make_unique<EngineLocationsController>(profile)),
-      m_dispatcher(std::make_unique<EngineDispatcher>()) {}
+      m_dispatcher(std::make_unique<EngineDispatcher>()),
+      m_pairings(std::make_unique<DirectConnectionPairings>(profile)),
+      m_server(std::make_unique<DirectConnectionServer>(profile)) {}
 
 EngineSyncPlugin::~EngineSyncPlugin() = default;
 
 std::optional<Error> EngineSyncPlugin::load() {
     const auto location = std::make_shared<EngineSyncLocation>(Url::fileURL(m_profile.directory()));
     m_localStore = std::make_shared<LocalStore>(location, m_profile.path());
-    return m_locationsController->load();
+    if (std::optional<Error> error = m_locationsController->load()) {
+        return error;
+    }
+    m_pairings->load();
+    const DirectConnectionPackage package(m_profile.directory());
+    m_serverHook = std::make_unique<DirectConnectionRecords>(m_library, package);
+    m_server->load(package, *m_serverHook);
+    return {};
 }
 
 std::optional<Error> EngineSyncPlugin::setUsesSandboxedAccess(bool usesSandboxedAccess) {
@@ -42,6 +55,10 @@ QVSyncLocationsController *EngineSyncPlugin::locationsController() const {
 
 QVSyncDispatcher *EngineSyncPlugin::dispatcher() const {
     return m_dispatcher.get();
+}
+
+QVDirectConnectionServer *EngineSyncPlugin::server() const {
+    return m_server.get();
 }
 
 std::shared_ptr<QVSyncStore> EngineSyncPlugin::localStore() const {

@@ -4,6 +4,10 @@
 #include "Engine/EngineLocationsController.h"
 #include "Host/QVSyncPlugin.h"
 
+class DirectConnectionHook;
+class DirectConnectionPairings;
+class DirectConnectionServer;
+class EngineNoteLibrary;
 class LocalStore;
 
 /// Folder grants are a plain list kept in the profile, at once: nothing here is sandboxed but by
@@ -11,8 +15,8 @@ class LocalStore;
 class EngineSyncPlugin : public QVSyncPlugin {
     Q_OBJECT
 public:
-    /// `profile` must outlive this.
-    explicit EngineSyncPlugin(const ProfileDatabase &profile);
+    /// `profile` and `library` must outlive this.
+    EngineSyncPlugin(const ProfileDatabase &profile, const EngineNoteLibrary &library);
     ~EngineSyncPlugin() override;
 
     /// Takes over what the profile holds; called once, when it was opened.
@@ -22,7 +26,7 @@ public:
 
     QVSyncLocationsController *locationsController() const override;
     QVSyncDispatcher *dispatcher() const override;
-    QVDirectConnectionServer *server() const override { return nullptr; }
+    QVDirectConnectionServer *server() const override;
     /// There once a profile is open.
     std::shared_ptr<QVSyncStore> localStore() const override;
     bool usesSandboxedAccess() const override;
@@ -33,7 +37,11 @@ public:
 
 private:
     const ProfileDatabase &m_profile;
+    const EngineNoteLibrary &m_library;
     const std::unique_ptr<EngineLocationsController> m_locationsController;
     const std::unique_ptr<EngineDispatcher> m_dispatcher;
+    const std::unique_ptr<DirectConnectionPairings> m_pairings;
     std::shared_ptr<LocalStore> m_localStore;
+    std::unique_ptr<DirectConnectionHook> m_serverHook;
+    const std::unique_ptr<DirectConnectionServer> m_server;
 };

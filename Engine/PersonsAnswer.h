@@ -1,0 +1,22 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+
+#include "Host/PZFuture.h"
+#include "Host/QVApplication.h"
+
+/// A question to the person, from a thread that can wait for the answer. Any thread.
+class PersonsAnswer {
+public:
+    /// Asks.
+    explicit PersonsAnswer(const Question &question);
+
+    /// Waits until it is answered, `future` is cancelled or the `patience` is over; whether it was
+    /// accepted. Never on the main thread.
+    bool wait(const PZFuture &future, std::chrono::milliseconds patience) const;
+
+private:
+    struct State;
+    const std::shared_ptr<State> m_state;
+};

@@ -1,0 +1,357 @@
+#include <avahi-client/lookup.h>
+#include <avahi-common/simple-watch.h>
+
+#include <QtCore/QPointer>
+#include <thread>
+
+#include "Platform/Network/NetService.h"
+#include "Platform/Network/NetServiceBrowser.h"
+#include "Platform/Network/NetServiceBrowserDelegate.h"
+#include "Platform/Network/NetServiceDelegate.h"
+#include "Support/PrivateNetwork.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+const QString Type = QStringLiteral("_velmora-test._tcp");
+
+/// Keeps what a browser tells, and the list as somebody who shows it would have it.
+class Listener : public NetServiceBrowserDelegate {
+public:
+    struct Event {
+        bool isFound;
+        QString name;
+        bool moreComing;
+        bool operator==(const Event &) const = default;
+    };
+
+    void netServiceBrowserDidFindServiceMoreComing(NetServiceBrowser * /*browser*/,
+                                                   const std::shared_ptr<NetService> &service,
+                                                   bool moreComing) override {
+        events.append({true, service->name(), moreComing});
+        services.append(service);
+        react();
+    }
+    void netServiceBrowserDidRemoveServiceMoreComing(NetServiceBrowser * /*browser*/,
+                                                     const std::shared_ptr<NetService> &service,
+                                                     bool moreComing) override {
+        events.append({false, service->name(), moreComing});
+        services.removeAll(service);
+        react();
+    }
+    QStringList names() const {
+        QStringList result;
+        for (const auto &service : services) {
+            result.append(service->name());
+        }
+        result.sort();
+        return result;
+    }
+
+    QList<Event> events;
+    QList<std::shared_ptr<NetService>> services;
+    std::function<void()> react = [] {};
+};
+
+/// Keeps what a service tells.
+class Witness : public NetServiceDelegate {
+public:
+    void netServiceDidResolveAddress(const std::shared_ptr<NetService> & /*service*/) override {
+        ++resolved;
+        react();
+    }
+    void netServiceDidNotResolve(const std::shared_ptr<NetService> & /*service*/) override {
+        ++failed;
+        react();
+    }
+    void netServiceDidPublish(const std::shared_ptr<NetService> & /*service*/) override {
+        ++published;
+    }
+
+    int resolved = 0;
+    int failed = 0;
+    int published = 0;
+    std::function<void()> react = [] {};
+};
+
+/// A published service of the test's own.
+struct Published {
+    explicit Published(const QString &name, quint16 port = 4711)
+        : service(std::make_shared<NetService>(QString(), Type, name, port)) {
+        service->setDelegate(&witness);
+        service->publish();
+    }
+    ~Published() { service->setDelegate(nullptr); }
+    Witness witness;
+    std::shared_ptr<NetService> service;
+};
+
+void allForNow(AvahiServiceBrowser * /*browser*/, AvahiIfIndex /*interface*/,
+               AvahiProtocol /*protocol*/, AvahiBrowserEvent event, const char * /*name*/,
+               const char * /*type*/, const char * /*domain*/, AvahiLookupResultFlags /*flags*/,
+               void *poll) {
+    if (event == AVAHI_BROWSER_ALL_FOR_NOW) {
+        avahi_simple_poll_quit(static_cast<AvahiSimplePoll *>(poll));
+    }
+}
+
+/// Blocks, without running the event loop, until the daemon has told another client all that it
+/// knows; what it told the clients before that waits in their connections.
+void letTheDaemonSpeak() {
+    std::thread other([] {
+        AvahiSimplePoll *poll = avahi_simple_poll_new();
+        AvahiClient *client = avahi_client_new(
+            avahi_simple_poll_get(poll), AvahiClientFlags(0), [](auto, auto, auto) {}, nullptr,
+            nullptr);
+        AvahiServiceBrowser *browser = avahi_service_browser_new(
+            client, AVAHI_IF_UNSPEC, AVAHI_PROTO_UNSPEC, Type.toUtf8().constData(), nullptr,
+            AvahiLookupFlags(0), &allForNow, poll);
+        avahi_simple_poll_loop(poll);
+        avahi_service_browser_free(browser);
+        avahi_client_free(client);
+        avahi_simple_poll_free(poll);
+    });
+    other.join();
+}
+
+}  // namespace
+
+class NetServiceTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<DiscoveryDaemon> m_daemon;
+    std::unique_ptr<NetServiceBrowser> m_browser;
+    Listener m_listener;
+    static constexpr int Patience = 30000;
+
+    void search() {
+        m_browser = std::make_unique<NetServiceBrowser>();
+        m_browser->setDelegate(&m_listener);
+        m_browser->searchForServicesOfTypeInDomain(Type, QString());
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        m_daemon = std::make_unique<DiscoveryDaemon>(QStringLiteral("alone"));
+        m_daemon->startBus();
+    }
+
+    void init() { m_daemon->startDaemon(); }
+
+    void cleanup() {
+        m_browser.reset();
+        m_listener = Listener();
+        m_daemon->killDaemon();
+    }
+
+    void twoAreEqualWhenNameTypeAndDomainAre() {
+        const NetService service(QStringLiteral("local"), Type, QStringLiteral("A"), 1);
+        QVERIFY(service.isEqual(&service));
+        const NetService samePlace(QStringLiteral("local"), Type, QStringLiteral("A"), 2);
+        QVERIFY(service.isEqual(&samePlace));
+        const NetService otherName(QStringLiteral("local"), Type, QStringLiteral("a"), 1);
+        QVERIFY(!service.isEqual(&otherName));
+        const NetService otherDomain(QStringLiteral("else"), Type, QStringLiteral("A"), 1);
+        QVERIFY(!service.isEqual(&otherDomain));
+        const NetService otherType(QStringLiteral("local"), QStringLiteral("_x._tcp"),
+                                   QStringLiteral("A"), 1);
+        QVERIFY(!service.isEqual(&otherType));
+        QVERIFY(!service.isEqual(nullptr));
+    }
+
+    void aPublishedServiceIsFoundAndEqualToIt() {
+        search();
+        const Published published(QStringLiteral("Tea & Cake – 茶"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        QVERIFY(m_listener.services[0]->isEqual(published.service.get()));
+        QCOMPARE(m_listener.events,
+                 (QList<Listener::Event>{{true, QStringLiteral("Tea & Cake – 茶"), false}}));
+        QTRY_COMPARE_WITH_TIMEOUT(published.witness.published, 1, Patience);
+    }
+
+    void whatOneTurnOfTheEventLoopBringsIsOneBatch() {
+        const Published first(QStringLiteral("1"));
+        const Published second(QStringLiteral("2"));
+        const Published third(QStringLiteral("3"));
+        QTRY_COMPARE_WITH_TIMEOUT(third.witness.published, 1, Patience);
+        search();
+        letTheDaemonSpeak();
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.events.size(), 3, Patience);
+        QCOMPARE(m_listener.names(),
+                 (QStringList{QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")}));
+        QVERIFY(m_listener.events[0].moreComing && m_listener.events[1].moreComing);
+        QVERIFY(!m_listener.events[2].moreComing);
+    }
+
+    void aServiceThatEndsIsRemovedAsTheObjectThatWasFound() {
+        search();
+        auto published = std::make_unique<Published>(QStringLiteral("Short"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        published.reset();
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 0, Patience);
+        QCOMPARE(m_listener.events.last(),
+                 (Listener::Event{false, QStringLiteral("Short"), false}));
+    }
+
+    void stoppingWithdrawsAndPublishingAgainAnnouncesAgain() {
+        search();
+        const Published published(QStringLiteral("Again"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        published.service->publish();
+        published.service->stop();
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 0, Patience);
+        published.service->publish();
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+    }
+
+    void aDaemonThatDiesEmptiesTheListAtOnceAndFillsItWhenItIsBack() {
+        search();
+        const Published first(QStringLiteral("1"));
+        const Published second(QStringLiteral("2"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 2, Patience);
+        m_listener.events.clear();
+        m_daemon->killDaemon();
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 0, Patience);
+        QCOMPARE(m_listener.events, (QList<Listener::Event>{{false, QStringLiteral("1"), true},
+                                                            {false, QStringLiteral("2"), false}}));
+        m_daemon->startDaemon();
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 2, Patience);
+        QCOMPARE(m_listener.names(), (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
+    }
+
+    void aBusThatEndsEmptiesTheListAndFillsItWhenItIsBack() {
+        search();
+        const Published published(QStringLiteral("1"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        m_daemon->stopDaemon();
+        m_daemon->stopBus();
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 0, Patience);
+        m_daemon->startBus();
+        m_daemon->startDaemon();
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+    }
+
+    void withoutADaemonASearchWaitsForIt() {
+        m_daemon->killDaemon();
+        search();
+        const Published published(QStringLiteral("Late"));
+        QVERIFY(m_listener.events.isEmpty());
+        m_daemon->startDaemon();
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+    }
+
+    void resolvingGivesHostNameAndPort() {
+        search();
+        const Published published(QStringLiteral("Here"), 8442);
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        const std::shared_ptr<NetService> found = m_listener.services[0];
+        QCOMPARE(found->hostName(), QString());
+        QCOMPARE(found->port(), 0);
+        Witness witness;
+        found->setDelegate(&witness);
+        found->resolveWithTimeout(3.0);
+        QCOMPARE(witness.resolved, 0);
+        QTRY_COMPARE_WITH_TIMEOUT(witness.resolved, 1, Patience);
+        QCOMPARE(found->hostName(), QStringLiteral("alone.local"));
+        QCOMPARE(found->port(), 8442);
+        QCOMPARE(witness.failed, 0);
+        found->setDelegate(nullptr);
+    }
+
+    void resolvingWhatIsNotThereFailsOnceAndChangesNothing() {
+        const auto absent = std::make_shared<NetService>(QStringLiteral("local"), Type,
+                                                         QStringLiteral("Nobody"), 5);
+        Witness witness;
+        absent->setDelegate(&witness);
+        absent->resolveWithTimeout(0.2);
+        absent->resolveWithTimeout(0.1);
+        QTRY_COMPARE_WITH_TIMEOUT(witness.failed, 1, Patience);
+        QCOMPARE(witness.resolved, 0);
+        QCOMPARE(absent->hostName(), QString());
+        QCOMPARE(absent->port(), 5);
+    }
+
+    void resolvingWithoutADaemonRunsIntoItsTimeout() {
+        m_daemon->killDaemon();
+        const auto absent =
+            std::make_shared<NetService>(QStringLiteral("local"), Type, QStringLiteral("Nobody"));
+        Witness witness;
+        absent->setDelegate(&witness);
+        absent->resolveWithTimeout(0.1);
+        QTRY_COMPARE_WITH_TIMEOUT(witness.failed, 1, Patience);
+    }
+
+    void aServiceMayBeLetGoWhileItResolvesAndWhenItIsTold() {
+        const Published published(QStringLiteral("Here"));
+        QTRY_COMPARE_WITH_TIMEOUT(published.witness.published, 1, Patience);
+        const auto resolving = [&] {
+            auto service = std::make_shared<NetService>(published.service->domain(), Type,
+                                                        published.service->name());
+            service->resolveWithTimeout(3.0);
+            return service;
+        };
+        resolving().reset();
+        std::shared_ptr<NetService> service = resolving();
+        const QPointer<NetService> watched = service.get();
+        Witness witness;
+        service->setDelegate(&witness);
+        witness.react = [&] { service.reset(); };
+        QTRY_COMPARE_WITH_TIMEOUT(witness.resolved, 1, Patience);
+        QVERIFY(!watched);
+    }
+
+    void aBrowserMayBeDeletedWhenItsDelegateIsTold() {
+        const Published first(QStringLiteral("1"));
+        const Published second(QStringLiteral("2"));
+        QTRY_COMPARE_WITH_TIMEOUT(second.witness.published, 1, Patience);
+        search();
+        letTheDaemonSpeak();
+        m_listener.react = [&] { m_browser.reset(); };
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.events.size(), 1, Patience);
+        QVERIFY(m_listener.events[0].moreComing);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_listener.events.size(), 1);
+    }
+
+    void aDelegateThatUnsetsItselfIsToldNothingMore() {
+        search();
+        const Published first(QStringLiteral("1"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        m_browser->setDelegate(nullptr);
+        Listener other;
+        NetServiceBrowser otherBrowser;
+        otherBrowser.setDelegate(&other);
+        otherBrowser.searchForServicesOfTypeInDomain(Type, QString());
+        const Published second(QStringLiteral("2"));
+        QTRY_COMPARE_WITH_TIMEOUT(other.services.size(), 2, Patience);
+        QCOMPARE(m_listener.services.size(), 1);
+    }
+
+    void aNameThatIsTakenIsChanged() {
+        const Published first(QStringLiteral("Taken"));
+        QTRY_COMPARE_WITH_TIMEOUT(first.witness.published, 1, Patience);
+        // With another port: two announcements of the very same would be one.
+        const Published second(QStringLiteral("Taken"), 4712);
+        QTRY_COMPARE_WITH_TIMEOUT(second.witness.published, 1, Patience);
+        QCOMPARE(first.service->name(), QStringLiteral("Taken"));
+        QCOMPARE(second.service->name(), QStringLiteral("Taken #2"));
+    }
+
+    void aServiceWithoutNameHasTheComputersAndALongOneIsCut() {
+        const Published unnamed{QString()};
+        const Published cut(QString(40, QChar(u'é')));
+        QTRY_COMPARE_WITH_TIMEOUT(cut.witness.published, 1, Patience);
+        QCOMPARE(unnamed.service->name(), QStringLiteral("alone"));
+        QCOMPARE(cut.service->name(), QString(31, QChar(u'é')));
+        QCOMPARE(cut.service->domain(), QStringLiteral("local"));
+    }
+};
+
+int main(int argumentCount, char **arguments) {
+    enterPrivateNetwork();
+    prepareTestProcess();
+    const QCoreApplication application(argumentCount, arguments);
+    NetServiceTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
+#include "NetServiceTest.moc"

@@ -1,0 +1,139 @@
+#include "Support/PrivateNetwork.h"
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QStandardPaths>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <stdexcept>
+
+namespace {
+
+const QString BusConfiguration = QStringLiteral(
+    "<busconfig><type>system</type><listen>unix:path=%1/bus</listen><auth>EXTERNAL</auth>"
+    "<policy context=\"default\"><allow user=\"*\"/><allow own=\"*\"/>"
+    "<allow send_type=\"method_call\"/><allow send_destination=\"*\"/>"
+    "<allow receive_sender=\"*\"/></policy></busconfig>");
+
+const QString DaemonConfiguration = QStringLiteral(
+    "[server]\nhost-name=%1\nuse-ipv4=yes\nuse-ipv6=no\nallow-interfaces=%2\n"
+    "[wide-area]\nenable-wide-area=no\n");
+
+void write(const QString &path, const QString &text) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0) {
+        throw std::runtime_error("cannot write " + path.toStdString());
+    }
+}
+
+[[noreturn]] void giveUp(const char *what) {
+    std::fprintf(stderr, "This test cannot %s: %s.\n", what, std::strerror(errno));
+    std::exit(EXIT_FAILURE);
+}
+
+/// The path of a program that only administrators have in theirs.
+QString systemProgram(const QString &name) {
+    const QString path = QStandardPaths::findExecutable(
+        name, {QStringLiteral("/usr/bin"), QStringLiteral("/usr/sbin"), QStringLiteral("/sbin")});
+    if (path.isEmpty()) {
+        throw std::runtime_error("This test needs the program " + name.toStdString() + '.');
+    }
+    return path;
+}
+
+/// Starts `process` and waits until it has written `sign`, or forever with the test's time limit.
+void startAndAwait(QProcess &process, const QString &program, const QStringList &arguments,
+                   const QByteArray &sign) {
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(systemProgram(program), arguments);
+    QByteArray output;
+    while (!output.contains(sign)) {
+        if (!process.waitForReadyRead(30000)) {
+            throw std::runtime_error(program.toStdString() + " does not start: " +
+                                     process.errorString().toStdString() + output.toStdString());
+        }
+        output += process.readAll();
+    }
+}
+
+void end(QProcess &process) {
+    process.terminate();
+    if (!process.waitForFinished(30000)) {
+        process.kill();
+        process.waitForFinished();
+    }
+}
+
+}  // namespace
+
+void runOrThrow(const QString &program, const QStringList &arguments) {
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(systemProgram(program), arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0) {
+        throw std::runtime_error(program.toStdString() + ": " + process.readAll().toStdString());
+    }
+}
+
+void enterPrivateNetwork() {
+    if (geteuid() != 0) {
+        std::fputs("This test needs root: it makes network namespaces.\n", stderr);
+        std::exit(NeedsRootExitCode);
+    }
+    if (unshare(CLONE_NEWNET | CLONE_NEWNS) != 0) {
+        giveUp("make a network namespace");
+    }
+    if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount("tmpfs", "/run", "tmpfs", 0, nullptr) != 0) {
+        giveUp("have a /run of its own");
+    }
+    runOrThrow(QStringLiteral("ip"), {QStringLiteral("link"), QStringLiteral("set"),
+                                      QStringLiteral("lo"), QStringLiteral("up")});
+}
+
+DiscoveryDaemon::DiscoveryDaemon(const QString &hostName, const QString &interface) {
+    write(m_folder.filePath(QStringLiteral("bus.conf")), BusConfiguration.arg(m_folder.path()));
+    write(m_folder.filePath(QStringLiteral("avahi.conf")),
+          DaemonConfiguration.arg(hostName, interface));
+    qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=" + m_folder.path().toUtf8() + "/bus");
+    // Where it was not removed since the last daemon of this process was killed.
+    QFile::remove(QStringLiteral("/run/avahi-daemon/pid"));
+}
+
+DiscoveryDaemon::~DiscoveryDaemon() {
+    stopDaemon();
+    stopBus();
+}
+
+void DiscoveryDaemon::startBus() {
+    startAndAwait(
+        m_bus, QStringLiteral("dbus-daemon"),
+        {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
+         QStringLiteral("--config-file=") + m_folder.filePath(QStringLiteral("bus.conf"))},
+        "unix:path=");
+}
+
+void DiscoveryDaemon::stopBus() {
+    end(m_bus);
+}
+
+void DiscoveryDaemon::startDaemon() {
+    startAndAwait(m_daemon, QStringLiteral("avahi-daemon"),
+                  {QStringLiteral("--no-drop-root"), QStringLiteral("--no-chroot"),
+                   QStringLiteral("--no-rlimits"), QStringLiteral("-f"),
+                   m_folder.filePath(QStringLiteral("avahi.conf"))},
+                  "Server startup complete");
+}
+
+void DiscoveryDaemon::stopDaemon() {
+    end(m_daemon);
+}
+
+void DiscoveryDaemon::killDaemon() {
+    m_daemon.kill();
+    m_daemon.waitForFinished();
+}
