@@ -318,6 +318,19 @@ private Q_SLOTS:
         QVERIFY(m_script->future(QStringLiteral("open"))->isCancelled());
     }
 
+    void oneFutureStandsForTheWholeFetch() {
+        run();
+        m_script->databases = QVRemoteDatabases();
+        fetchToTheEnd();
+        QCOMPARE(m_host->futures.size(), 1);
+        const auto future = m_host->futures.first();
+        QCOMPARE(m_controller->future(), future);
+        QCOMPARE(future->cascades,
+                 (QList<std::shared_ptr<PZFuture>>{m_script->future(QStringLiteral("open"))}));
+        QCOMPARE(future->passes,
+                 (QList<std::shared_ptr<PZFuture>>{m_script->future(QStringLiteral("close"))}));
+    }
+
     void theFutureThenStandsForTheClosing() {
         run();
         m_script->databases = QVRemoteDatabases();

@@ -1,7 +1,6 @@
 #include "Support/ScriptedHost.h"
 
 #include "Engine/DirectConnection.h"
-#include "Engine/EngineFuture.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncStore.h"
 #include "Platform/KeyValue/KeyValue.h"
@@ -25,6 +24,16 @@ void ScriptedServer::stopServing() {
 void ScriptedServer::setServing(bool isServing) {
     m_isServing = isServing;
     KeyValue::announce<&ScriptedServer::servingChanged>(this);
+}
+
+void RecordingFuture::cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) {
+    cascades.append(future);
+    EngineFuture::cascadeCancellationToFuture(future);
+}
+
+void RecordingFuture::passControlToFuture(const std::shared_ptr<PZFuture> &future) {
+    passes.append(future);
+    EngineFuture::passControlToFuture(future);
 }
 
 namespace {
@@ -130,13 +139,21 @@ public:
 
 class ScriptedFutureClass : public PZFuture::Class {
 public:
-    std::shared_ptr<PZFuture> future() const override { return std::make_shared<EngineFuture>(); }
+    explicit ScriptedFutureClass(ScriptedHost *host) : m_host(host) {}
+    std::shared_ptr<PZFuture> future() const override {
+        m_host->futures.append(std::make_shared<RecordingFuture>());
+        return m_host->futures.last();
+    }
+
+private:
+    ScriptedHost *const m_host;
 };
 
 }  // namespace
 
 struct ScriptedHost::Objects {
-    explicit Objects(ScriptedHost *host) : plugin(host), pluginClass(host, &plugin) {}
+    explicit Objects(ScriptedHost *host)
+        : plugin(host), pluginClass(host, &plugin), futureClass(host) {}
 
     ScriptedPlugin plugin;
     ScriptedPluginClass pluginClass;

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "Engine/EngineFuture.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
@@ -29,8 +30,18 @@ private:
     bool m_isServing = false;
 };
 
+/// A future of the engine that remembers which ones it was given, in the order given.
+class RecordingFuture : public EngineFuture {
+public:
+    void cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) override;
+    void passControlToFuture(const std::shared_ptr<PZFuture> &future) override;
+
+    QList<std::shared_ptr<PZFuture>> cascades;
+    QList<std::shared_ptr<PZFuture>> passes;
+};
+
 /// A host in the place of the engine that only writes down what it is told: what no real one can
-/// be brought to show. Futures are the engine's.
+/// be brought to show.
 class ScriptedHost {
 public:
     ScriptedHost();
@@ -46,6 +57,8 @@ public:
     /// The locations of the locations controller.
     QList<std::shared_ptr<QVSyncLocation>> locations;
     bool saves = true;
+    /// Every future that was asked for.
+    QList<std::shared_ptr<RecordingFuture>> futures;
 
 private:
     struct Objects;
