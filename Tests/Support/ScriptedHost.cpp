@@ -33,7 +33,8 @@ void RecordingFuture::cascadeCancellationToFuture(const std::shared_ptr<PZFuture
 
 void RecordingFuture::passControlToFuture(const std::shared_ptr<PZFuture> &future) {
     passes.append(future);
-    EngineFuture::passControlToFuture(future);
+    // Which is how the engine does it; not through the record above.
+    EngineFuture::cascadeCancellationToFuture(future);
 }
 
 namespace {
