@@ -1,10 +1,12 @@
 #include "Platform/Interface/TableView.h"
 
 #include <QtGui/QMouseEvent>
+#include <QtGui/QPixmap>
 #include <QtWidgets/QHeaderView>
 
 #include "Platform/Interface/Nib.h"
 #include "Platform/Interface/TableViewDelegate.h"
+#include "Platform/KeyValue/ValueTransformer.h"
 
 TableViewDelegate::~TableViewDelegate() = default;
 
@@ -31,13 +33,29 @@ void TableView::setContent(const QVariantList &content) {
     setRowCount(static_cast<int>(content.size()));
     for (int row = 0; row < rowCount(); ++row) {
         const QVariant &object = content.at(row);
-        const QVariant shown =
-            m_contentKey == QLatin1StringView("self")
-                ? object
-                : KeyValue::value(KeyValue::objectValue(object), m_contentKey.toUtf8());
-        setItem(row, 0, new QTableWidgetItem(m_rowIcon, shown.toString()));
+        setItem(row, 0, new QTableWidgetItem(iconOf(object), textOf(object)));
     }
     setSelectionIndexes(selected);
+}
+
+QString TableView::textOf(const QVariant &object) const {
+    if (!m_textTransformer.isEmpty()) {
+        return ValueTransformer::transformerForName(m_textTransformer)
+            ->transformedValue(object)
+            .toString();
+    }
+    return (m_contentKey == QLatin1StringView("self")
+                ? object
+                : KeyValue::value(KeyValue::objectValue(object), m_contentKey.toUtf8()))
+        .toString();
+}
+
+QIcon TableView::iconOf(const QVariant &object) const {
+    return m_iconTransformer.isEmpty()
+               ? m_rowIcon
+               : QIcon(ValueTransformer::transformerForName(m_iconTransformer)
+                           ->transformedValue(object)
+                           .value<QPixmap>());
 }
 
 IndexSet TableView::selectionIndexes() const {
@@ -87,8 +105,19 @@ int TableView::selectedRow() const {
 
 void TableView::mouseReleaseEvent(QMouseEvent *event) {
     QTableWidget::mouseReleaseEvent(event);
-    m_clickedRow = rowAt(event->position().toPoint().y());
-    Q_EMIT action();
+    if (event->button() == Qt::LeftButton) {
+        m_clickedRow = rowAt(event->position().toPoint().y());
+        Q_EMIT action();
+    }
+}
+
+// For those who have no pointer.
+void TableView::keyPressEvent(QKeyEvent *event) {
+    QTableWidget::keyPressEvent(event);
+    if (event->key() == Qt::Key_Space && currentRow() >= 0) {
+        m_clickedRow = currentRow();
+        Q_EMIT action();
+    }
 }
 
 void TableView::selectionDidChange() {

@@ -21,6 +21,10 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_PROPERTY(QString contentKey MEMBER m_contentKey)
     /// Shown before the text of each row; set before the content.
     Q_PROPERTY(QIcon rowIcon WRITE setRowIcon READ rowIcon)
+    /// Names of value transformers that make a row's text and its icon, a QPixmap, of its object;
+    /// set before the content. Where they are empty `contentKey` and `rowIcon` say what is shown.
+    Q_PROPERTY(QString textTransformer MEMBER m_textTransformer)
+    Q_PROPERTY(QString iconTransformer MEMBER m_iconTransformer)
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
                    selectionIndexesChanged)
 public:
@@ -43,26 +47,31 @@ public:
     /// A view that a form made for cells: a new one of the form named `identifier`, with `owner`.
     QWidget *makeViewWithIdentifier(const QString &identifier, QObject *owner);
 
-    /// The row that was clicked last, -1 beside the rows.
+    /// The row that was clicked last, or chosen with the space bar; -1 beside the rows.
     int clickedRow() const { return m_clickedRow; }
     /// The first of the selected rows, -1 for none.
     int selectedRow() const;
 
 Q_SIGNALS:
-    /// The table was clicked, on a row or beside them.
+    /// The table was clicked, on a row or beside them; or the space bar was pressed on a row.
     void action();
     void selectionIndexesChanged();
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    QString textOf(const QVariant &object) const;
+    QIcon iconOf(const QVariant &object) const;
     void selectionDidChange();
 
     QStringList m_columnIdentifiers;
     QVariantList m_content;
     QString m_contentKey = QStringLiteral("self");
     QIcon m_rowIcon;
+    QString m_textTransformer;
+    QString m_iconTransformer;
     TableViewDelegate *m_delegate = nullptr;
     int m_clickedRow = -1;
 };

@@ -200,8 +200,184 @@
         <translation>„%1“ ist kein Sync-Speicher.</translation>
     </message>
     <message>
-        <source>The sync store “%1” may not be read.</source>
-        <translation>Der Sync-Speicher „%1“ darf nicht gelesen werden.</translation>
+        <source>Do Not Trust</source>
+        <translation>Nicht vertrauen</translation>
+    </message>
+    <message>
+        <source>Fingerprint (SHA-256): %1</source>
+        <translation>Fingerabdruck (SHA-256): %1</translation>
+    </message>
+    <message>
+        <source>Issued by: %1</source>
+        <translation>Ausgestellt von: %1</translation>
+    </message>
+    <message>
+        <source>Issued to: %1</source>
+        <translation>Ausgestellt für: %1</translation>
+    </message>
+    <message>
+        <source>No secure connection to the server “%1” can be made: %2.</source>
+        <translation>Zum Server „%1“ lässt sich keine sichere Verbindung herstellen: %2.</translation>
+    </message>
+    <message>
+        <source>Nothing in a sync store may be called “%1”.</source>
+        <translation>Nichts in einem Sync-Speicher darf „%1“ heißen.</translation>
+    </message>
+    <message>
+        <source>The answer of the server “%1” is not expected (HTTP %2).</source>
+        <translation>Die Antwort des Servers „%1“ ist nicht vorgesehen (HTTP %2).</translation>
+    </message>
+    <message>
+        <source>The answer of the server “%1” is not understood.</source>
+        <translation>Die Antwort des Servers „%1“ ist unverständlich.</translation>
+    </message>
+    <message>
+        <source>The answer of the server “%1” is too long.</source>
+        <translation>Die Antwort des Servers „%1“ ist zu lang.</translation>
+    </message>
+    <message>
+        <source>The certificate has expired.</source>
+        <translation>Das Zertifikat ist abgelaufen.</translation>
+    </message>
+    <message>
+        <source>The certificate is not valid yet.</source>
+        <translation>Das Zertifikat ist noch nicht gültig.</translation>
+    </message>
+    <message>
+        <source>The certificate is signed by nobody but itself.</source>
+        <translation>Das Zertifikat ist von niemandem als sich selbst unterschrieben.</translation>
+    </message>
+    <message>
+        <source>The certificate is that of another server.</source>
+        <translation>Das Zertifikat ist das eines anderen Servers.</translation>
+    </message>
+    <message>
+        <source>The certificate was issued by an authority that this computer does not know.</source>
+        <translation>Das Zertifikat stammt von einer Stelle, die dieser Rechner nicht kennt.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not there on the server.</source>
+        <translation>Den Ordner „%1“ gibt es auf dem Server nicht.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” was made by an older version of Velmora.</source>
+        <translation>Das Profil „%1“ stammt von einer älteren Version von Velmora.</translation>
+    </message>
+    <message>
+        <source>The server does not allow you to use “%1”.</source>
+        <translation>Der Server erlaubt Ihnen nicht, „%1“ zu benutzen.</translation>
+    </message>
+    <message>
+        <source>The server “%1” asks for a password, and none is stored for this location.</source>
+        <translation>Der Server „%1“ verlangt ein Passwort, und für diesen Ort ist keines hinterlegt.</translation>
+    </message>
+    <message>
+        <source>The server “%1” broke off before it had answered, or is no web server.</source>
+        <translation>Der Server „%1“ hat die Verbindung vor seiner Antwort beendet oder ist kein Webserver.</translation>
+    </message>
+    <message>
+        <source>The server “%1” cannot be reached: %2.</source>
+        <translation>Der Server „%1“ ist nicht erreichbar: %2.</translation>
+    </message>
+    <message>
+        <source>The server “%1” cannot be reached: nothing answers at this port.</source>
+        <translation>Der Server „%1“ ist nicht erreichbar: An diesem Port antwortet nichts.</translation>
+    </message>
+    <message>
+        <source>The server “%1” cannot prove its identity. Trust its certificate for this location?</source>
+        <translation>Der Server „%1“ kann sich nicht ausweisen. Seinem Zertifikat für diesen Ort vertrauen?</translation>
+    </message>
+    <message>
+        <source>The server “%1” cannot prove its identity: %2</source>
+        <translation>Der Server „%1“ kann sich nicht ausweisen: %2</translation>
+    </message>
+    <message>
+        <source>The server “%1” does not accept this user name and password.</source>
+        <translation>Der Server „%1“ nimmt diesen Benutzernamen und dieses Passwort nicht an.</translation>
+    </message>
+    <message>
+        <source>The server “%1” does not answer.</source>
+        <translation>Der Server „%1“ antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The server “%1” has a problem of its own (HTTP %2).</source>
+        <translation>Der Server „%1“ hat selbst ein Problem (HTTP %2).</translation>
+    </message>
+    <message>
+        <source>The server “%1” is busy. Try again later.</source>
+        <translation>Der Server „%1“ ist überlastet. Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The server “%1” is full.</source>
+        <translation>Der Server „%1“ ist voll.</translation>
+    </message>
+    <message>
+        <source>The server “%1” is no WebDAV server at this address.</source>
+        <translation>Der Server „%1“ ist unter dieser Adresse kein WebDAV-Server.</translation>
+    </message>
+    <message>
+        <source>The server “%1” points from one address to the next without end.</source>
+        <translation>Der Server „%1“ verweist endlos von einer Adresse zur nächsten.</translation>
+    </message>
+    <message>
+        <source>The server “%1” points to “%2”. If that is right, enter it as the address.</source>
+        <translation>Der Server „%1“ verweist auf „%2“. Wenn das richtig ist, tragen Sie es als Adresse ein.</translation>
+    </message>
+    <message>
+        <source>The server “%1” takes too long to answer.</source>
+        <translation>Der Server „%1“ braucht zu lange für seine Antwort.</translation>
+    </message>
+    <message>
+        <source>The sync store “%1” is read-only.</source>
+        <translation>Der Sync-Speicher „%1“ ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>The volume that holds the sync store “%1” is full.</source>
+        <translation>Das Volume mit dem Sync-Speicher „%1“ ist voll.</translation>
+    </message>
+    <message>
+        <source>The volume that holds the sync store “%1” is not mounted.</source>
+        <translation>Das Volume mit dem Sync-Speicher „%1“ ist nicht eingehängt.</translation>
+    </message>
+    <message>
+        <source>There is no server “%1”. Check its name and the network.</source>
+        <translation>Einen Server „%1“ gibt es nicht. Prüfen Sie seinen Namen und das Netz.</translation>
+    </message>
+    <message>
+        <source>Trust This Certificate</source>
+        <translation>Diesem Zertifikat vertrauen</translation>
+    </message>
+    <message>
+        <source>Valid from %1 to %2</source>
+        <translation>Gültig von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>You do not have permission to use “%1”.</source>
+        <translation>Sie haben keine Berechtigung, „%1“ zu benutzen.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read or written: %2.</source>
+        <translation>„%1“ kann nicht gelesen oder geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>“%1” is larger than the server accepts.</source>
+        <translation>„%1“ ist größer, als der Server annimmt.</translation>
+    </message>
+    <message>
+        <source>“%1” is locked on the server.</source>
+        <translation>„%1“ ist auf dem Server gesperrt.</translation>
+    </message>
+    <message>
+        <source>“%1” is not there.</source>
+        <translation>„%1“ ist nicht da.</translation>
+    </message>
+    <message>
+        <source>“%1” is something else than a file or folder of a sync store.</source>
+        <translation>„%1“ ist etwas anderes als eine Datei oder ein Ordner eines Sync-Speichers.</translation>
+    </message>
+    <message>
+        <source>“%1” is too long and was not read.</source>
+        <translation>„%1“ ist zu lang und wurde nicht gelesen.</translation>
     </message>
     <message>
         <source>The sync store “%1” cannot be made.</source>

@@ -191,6 +191,14 @@ private Q_SLOTS:
         verifyRefused(QStringLiteral("newer version"), file());
     }
 
+    void refusesAnOlderVersion() {
+        QCOMPARE(descriptionOfOpening(folder()), QString());
+        execute(
+            file(),
+            QStringLiteral("PRAGMA user_version = %1").arg(ProfileInspection::SchemaVersion - 1));
+        verifyRefused(QStringLiteral("older version"), file());
+    }
+
     void refusesANewerVersionThatOnlyTheLogTellsOf() {
         {
             ProfileDatabase profile;

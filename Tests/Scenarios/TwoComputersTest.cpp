@@ -1,19 +1,22 @@
 #include <sys/prctl.h>
+#include <unistd.h>
 
 #include <QtNetwork/QTcpServer>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
 #include <csignal>
 #include <cstdio>
 #include <iostream>
 
+#include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
+#include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Engine/BlobStore.h"
 #include "Engine/DirectConnection.h"
 #include "Engine/EngineError.h"
 #include "Engine/EngineFuture.h"
 #include "Host/QVDirectConnectionServer.h"
+#include "Platform/Interface/TableView.h"
 #include "Platform/Network/NetService.h"
-#include "Platform/Network/NetServiceBrowser.h"
-#include "Platform/Network/NetServiceBrowserDelegate.h"
-#include "Platform/Network/NetServiceDelegate.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
 #include "Support/PrivateNetwork.h"
@@ -46,9 +49,17 @@ void say(const QString &line) {
     std::cout << line.toStdString() << std::endl;
 }
 
+/// Reads no further than the line's end: what follows is for the notifier to notice.
 QString nextCommand() {
-    std::string line;
-    return std::getline(std::cin, line) ? QString::fromStdString(line) : QStringLiteral("end");
+    QByteArray line;
+    char c = 0;
+    while (read(STDIN_FILENO, &c, 1) == 1) {
+        if (c == '\n') {
+            return QString::fromUtf8(line);
+        }
+        line.append(c);
+    }
+    return QStringLiteral("end");
 }
 
 /// The person at the other computer, whose screen the test reads line by line, and who does what
@@ -92,6 +103,10 @@ int beTheOtherComputer(int argumentCount, char **arguments) {
         const QString command = nextCommand();
         if (command == QStringLiteral("revoke")) {
             revokeEveryone();
+        } else if (command == QStringLiteral("clients")) {
+            const QString service = DirectConnection::ClientAuthorizationServiceName;
+            say(QStringLiteral("clients %1")
+                    .arg(Keychain::shared().accounts(service).value_or(QStringList()).size()));
         } else if (command == QStringLiteral("stop")) {
             server->stopServing();
         } else {
@@ -100,44 +115,6 @@ int beTheOtherComputer(int argumentCount, char **arguments) {
     });
     return QCoreApplication::exec();
 }
-
-/// The list of a person who looks for servers.
-class ServerList : public NetServiceBrowserDelegate, public NetServiceDelegate {
-public:
-    explicit ServerList(const QVDirectConnectionServer &own) : m_own(own) {
-        m_browser.setDelegate(this);
-        m_browser.searchForServicesOfTypeInDomain(DirectConnection::BonjourServiceType, QString());
-    }
-
-    void netServiceBrowserDidFindServiceMoreComing(NetServiceBrowser * /*browser*/,
-                                                   const std::shared_ptr<NetService> &service,
-                                                   bool /*moreComing*/) override {
-        if (service->isEqual(m_own.bonjourService().get())) {
-            ++ownFound;
-            return;
-        }
-        service->setDelegate(this);
-        services.append(service);
-    }
-    void netServiceBrowserDidRemoveServiceMoreComing(NetServiceBrowser * /*browser*/,
-                                                     const std::shared_ptr<NetService> &service,
-                                                     bool /*moreComing*/) override {
-        services.removeAll(service);
-    }
-    void netServiceDidResolveAddress(const std::shared_ptr<NetService> &service) override {
-        URL = Url::fromString(QStringLiteral("%1://%2:%3")
-                                  .arg(QVDirectConnectionServer::URLScheme(), service->hostName())
-                                  .arg(service->port()));
-    }
-
-    int ownFound = 0;
-    QList<std::shared_ptr<NetService>> services;
-    Url URL;
-
-private:
-    const QVDirectConnectionServer &m_own;
-    NetServiceBrowser m_browser;
-};
 
 }  // namespace
 
@@ -199,6 +176,7 @@ class TwoComputersTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
+        registerSyncPreferencesInterface();
         m_other.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
         m_other.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         // By this name, since the path of the file may not lead to it from the new namespace.
@@ -231,42 +209,49 @@ private Q_SLOTS:
         own->startServing();
         QVERIFY(own->isServing());
 
+        QTRY_COMPARE_WITH_TIMEOUT(own->bonjourService()->name(), QStringLiteral("hostb"), Patience);
+
         // Found, and never its own.
-        ServerList list(*own);
-        QTRY_COMPARE_WITH_TIMEOUT(list.ownFound, 1, Patience);
-        QTRY_COMPARE_WITH_TIMEOUT(list.services.size(), 1, Patience);
-        QCOMPARE(list.services.first()->name(), QStringLiteral("hosta"));
-        QCOMPARE(own->bonjourService()->name(), QStringLiteral("hostb"));
+        QWidget parent;
+        const auto location = std::make_shared<EngineSyncLocation>(Url());
+        const auto editor = QVDirectConnectionLocationEditor::editorWithSyncLocation(location);
+        qint64 result = -1;
+        editor->runLocationEditorModalForWindow(&parent, true, [&](qint64 code) { result = code; });
+        auto *table = editor->window()->findChild<TableView *>(QStringLiteral("servicesTable"));
+        QTRY_COMPARE_WITH_TIMEOUT(table->rowCount(), 1, Patience);
+        QCOMPARE(table->item(0, 0)->text(), QStringLiteral("hosta"));
 
         // Resolved.
-        list.services.first()->resolveWithTimeout(3.0);
-        QTRY_COMPARE_WITH_TIMEOUT(
-            list.URL.absoluteString(),
-            QStringLiteral("velmora://hosta.local:%1").arg(DirectConnection::DefaultPort),
-            Patience);
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                          table->visualItemRect(table->item(0, 0)).center());
+        auto *hostField = editor->window()->findChild<QLineEdit *>(QStringLiteral("hostField"));
+        QTRY_COMPARE_WITH_TIMEOUT(hostField->text(), QStringLiteral("hosta.local"), Patience);
+        QCOMPARE(location->URL().absoluteString(),
+                 QStringLiteral("velmora://hosta.local:%1").arg(DirectConnection::DefaultPort));
+        QCOMPARE(table->rowCount(), 1);
 
-        // Paired: both persons see the same code.
-        const std::shared_ptr<QVSyncLocation> location =
-            host.addLocation(list.URL.absoluteString());
+        // Accepted, and paired by that: both persons see the same code.
         person.answerAll([](const Question & /*question*/) { return true; });
-        const std::shared_ptr<BlobStore> store = newStore(location);
-        std::atomic<int> opened = -1;
-        store->openWithCompletionHandler(
-            [&](const std::optional<Error> &error) { opened = error ? error->code : 0; });
+        editor->window()->findChild<QPushButton *>(QStringLiteral("acceptButton"))->click();
+        QCOMPARE(result, 1);
         const QString question = awaitLine(QStringLiteral("question"));
         QVERIFY2(question.contains(QSysInfo::machineHostName()), qPrintable(question));
         tell("allow");
-        QTRY_COMPARE_WITH_TIMEOUT(opened, 0, Patience);
-        QCOMPARE(person.asked().size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(person.asked().size(), 1, Patience);
         QVERIFY(!codeIn(question).isEmpty());
         QCOMPARE(codeIn(person.asked().first().details), codeIn(question));
+        const auto isPaired = [this] {
+            tell("clients");
+            return awaitLine(QStringLiteral("clients")) == QStringLiteral("clients 1");
+        };
+        QVERIFY(QTest::qWaitFor(isPaired, Patience));
 
-        // Its databases are fetched, also by another store, for which nobody is asked.
+        // Its databases are fetched, by a store for which nobody is asked again.
         const QStringList databases{QStringLiteral("Garden"), QStringLiteral("Inbox")};
+        const std::shared_ptr<BlobStore> store = newStore(location);
+        QCOMPARE(await(store), EngineErrorCode(0));
         QCOMPARE(fetch(store).names, databases);
-        const std::shared_ptr<BlobStore> other = newStore(location);
-        QCOMPARE(await(other), EngineErrorCode(0));
-        QCOMPARE(fetch(other).names, databases);
+        QCOMPARE(person.asked().size(), 1);
 
         // Revoked: refused on the open connection and on a new one.
         tell("revoke");
@@ -278,8 +263,7 @@ private Q_SLOTS:
 
         // Gone from the list when it stops serving.
         tell("stop");
-        QTRY_COMPARE_WITH_TIMEOUT(list.services.size(), 0, Patience);
-        QCOMPARE(list.ownFound, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(editor->services().size(), 0, Patience);
     }
 };
 
