@@ -795,5 +795,77 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>The folder “%1” could not be made.</source>
         <translation>Der Ordner „%1“ konnte nicht angelegt werden.</translation>
     </message>
+    <message>
+        <source>The certificate “%1” of this computer cannot be made.</source>
+        <translation>Das Zertifikat „%1“ dieses Computers kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The certificate “%1” of this computer is damaged.</source>
+        <translation>Das Zertifikat „%1“ dieses Computers ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be reached.</source>
+        <translation>„%1“ ist nicht zu erreichen.</translation>
+    </message>
+    <message>
+        <source>The connection with “%1” was lost.</source>
+        <translation>Die Verbindung mit „%1“ ist abgebrochen.</translation>
+    </message>
+    <message>
+        <source>It shows a code. Allow it only where the code is the same as here: %1</source>
+        <translation>Dort wird ein Code gezeigt. Erlauben Sie es nur, wenn er derselbe ist wie hier: %1</translation>
+    </message>
+    <message>
+        <source>A computer of this name may synchronize already. This one takes its place.</source>
+        <translation>Ein Computer dieses Namens darf schon synchronisieren. Dieser tritt an seine Stelle.</translation>
+    </message>
+    <message>
+        <source>Let “%1” synchronize with this computer?</source>
+        <translation>Darf „%1“ mit diesem Computer synchronisieren?</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Erlauben</translation>
+    </message>
+    <message>
+        <source>Refuse</source>
+        <translation>Ablehnen</translation>
+    </message>
+    <message>
+        <source>The server cannot use the port %1: %2</source>
+        <translation>Der Server kann den Port %1 nicht verwenden: %2</translation>
+    </message>
+    <message>
+        <source>Connect with “%1”?</source>
+        <translation>Mit „%1“ verbinden?</translation>
+    </message>
+    <message>
+        <source>It shows a code. Connect only where the code is the same as here: %1</source>
+        <translation>Dort wird ein Code gezeigt. Verbinden Sie nur, wenn er derselbe ist wie hier: %1</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>“%1” is not the computer that this one was paired with: it presents another certificate. If that is right, remove the location and add it again.</source>
+        <translation>„%1“ ist nicht der Computer, mit dem dieser verbunden wurde: Er zeigt ein anderes Zertifikat. Wenn das richtig ist, entfernen Sie den Ort und legen ihn neu an.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be asked just now. Try again in a while.</source>
+        <translation>„%1“ kann gerade nicht gefragt werden. Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>“%1” does not let this computer synchronize.</source>
+        <translation>„%1“ lässt diesen Computer nicht synchronisieren.</translation>
+    </message>
+    <message>
+        <source>“%1” answers in a way that is not understood.</source>
+        <translation>„%1“ antwortet unverständlich.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot read or write its sync store.</source>
+        <translation>„%1“ kann seinen Sync-Speicher nicht lesen oder schreiben.</translation>
+    </message>
 </context>
 </TS>
