@@ -97,6 +97,7 @@ void TableView::reloadData() {
     }
     setSelectionIndexes(selected);
     m_isRebuilding = false;
+    paintViews();
     if (selectionIndexes() != selected) {
         selectionDidChange();
     }
@@ -132,8 +133,23 @@ void TableView::selectionDidChange() {
     if (m_isRebuilding) {
         return;
     }
+    paintViews();
     if (m_delegate) {
         m_delegate->tableViewSelectionDidChange(this);
     }
     KeyValue::announce<&TableView::selectionIndexesChanged>(this);
+}
+
+// Cells of Qt's own write in the colour for selected text; views have to be told.
+void TableView::paintViews() {
+    QPalette selected;
+    selected.setColor(QPalette::WindowText, palette().color(QPalette::HighlightedText));
+    const IndexSet rows = selectionIndexes();
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 0; column < columnCount(); ++column) {
+            if (QWidget *view = cellWidget(row, column)) {
+                view->setPalette(rows.contains(row) ? selected : QPalette());
+            }
+        }
+    }
 }

@@ -66,6 +66,7 @@ private:
     QString textOf(const QVariant &object) const;
     QIcon iconOf(const QVariant &object) const;
     void selectionDidChange();
+    void paintViews();
 
     QStringList m_columnIdentifiers;
     QVariantList m_content;

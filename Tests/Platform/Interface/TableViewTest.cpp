@@ -219,6 +219,28 @@ private Q_SLOTS:
         QCOMPARE(m_table->rowCount(), 0);
     }
 
+    void viewsOfSelectedRowsWriteInTheColourForIt() {
+        LabelDelegate delegate;
+        delegate.rows = 2;
+        m_table->setColumnIdentifiers({QStringLiteral("label")});
+        m_table->setTableDelegate(&delegate);
+        m_table->reloadData();
+        const auto color = [this](int row) {
+            return m_table->cellWidget(row, 0)->palette().color(QPalette::WindowText);
+        };
+        const QColor normal = color(0);
+        const QColor selected = m_table->palette().color(QPalette::HighlightedText);
+        QVERIFY(normal != selected);
+        m_table->selectRow(1);
+        QCOMPARE(color(1), selected);
+        QCOMPARE(color(0), normal);
+        m_table->reloadData();
+        QCOMPARE(color(1), selected);
+        m_table->clearSelection();
+        QCOMPARE(color(1), normal);
+        m_table->setTableDelegate(nullptr);
+    }
+
     void theDelegateHearsOfTheSelection() {
         LabelDelegate delegate;
         delegate.rows = 2;
