@@ -30,12 +30,14 @@ void TableView::setColumnIdentifiers(const QStringList &identifiers) {
 void TableView::setContent(const QVariantList &content) {
     m_content = content;
     const IndexSet selected = selectionIndexes();
+    m_isRebuilding = true;
     setRowCount(static_cast<int>(content.size()));
     for (int row = 0; row < rowCount(); ++row) {
         const QVariant &object = content.at(row);
         setItem(row, 0, new QTableWidgetItem(iconOf(object), textOf(object)));
     }
     setSelectionIndexes(selected);
+    m_isRebuilding = false;
 }
 
 QString TableView::textOf(const QVariant &object) const {
@@ -84,6 +86,7 @@ void TableView::setSelectionIndexes(const IndexSet &indexes) {
 
 void TableView::reloadData() {
     const IndexSet selected = selectionIndexes();
+    m_isRebuilding = true;
     setRowCount(m_delegate ? m_delegate->numberOfRowsInTableView(this) : 0);
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < columnCount(); ++column) {
@@ -93,6 +96,11 @@ void TableView::reloadData() {
         }
     }
     setSelectionIndexes(selected);
+    m_isRebuilding = false;
+    paintViews();
+    if (selectionIndexes() != selected) {
+        selectionDidChange();
+    }
 }
 
 QWidget *TableView::makeViewWithIdentifier(const QString &identifier, QObject *owner) {
@@ -122,8 +130,26 @@ void TableView::keyPressEvent(QKeyEvent *event) {
 }
 
 void TableView::selectionDidChange() {
+    if (m_isRebuilding) {
+        return;
+    }
+    paintViews();
     if (m_delegate) {
         m_delegate->tableViewSelectionDidChange(this);
     }
     KeyValue::announce<&TableView::selectionIndexesChanged>(this);
+}
+
+// Cells of Qt's own write in the colour for selected text; views have to be told.
+void TableView::paintViews() {
+    QPalette selected;
+    selected.setColor(QPalette::WindowText, palette().color(QPalette::HighlightedText));
+    const IndexSet rows = selectionIndexes();
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 0; column < columnCount(); ++column) {
+            if (QWidget *view = cellWidget(row, column)) {
+                view->setPalette(rows.contains(row) ? selected : QPalette());
+            }
+        }
+    }
 }

@@ -15,7 +15,8 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_OBJECT
     /// One column for each; there is one without a name unless they are set.
     Q_PROPERTY(QStringList columnIdentifiers READ columnIdentifiers WRITE setColumnIdentifiers)
-    /// The objects of the rows. Setting it keeps the selected rows by their position.
+    /// The objects of the rows. Setting it keeps the selected rows by their position and announces
+    /// nothing, as an ArrayController expects that puts the selection on the same objects then.
     Q_PROPERTY(QVariantList content READ content WRITE setContent)
     /// "self", which is the object itself, unless it is set before the content.
     Q_PROPERTY(QString contentKey MEMBER m_contentKey)
@@ -65,6 +66,7 @@ private:
     QString textOf(const QVariant &object) const;
     QIcon iconOf(const QVariant &object) const;
     void selectionDidChange();
+    void paintViews();
 
     QStringList m_columnIdentifiers;
     QVariantList m_content;
@@ -74,4 +76,5 @@ private:
     QString m_iconTransformer;
     TableViewDelegate *m_delegate = nullptr;
     int m_clickedRow = -1;
+    bool m_isRebuilding = false;
 };

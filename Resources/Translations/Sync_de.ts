@@ -867,5 +867,117 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>“%1” cannot read or write its sync store.</source>
         <translation>„%1“ kann seinen Sync-Speicher nicht lesen oder schreiben.</translation>
     </message>
+    <message>
+        <source>The sync store “%1” may not be read.</source>
+        <translation>Der Sync-Speicher „%1“ darf nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Folder Access</source>
+        <translation>Ordnerzugriff</translation>
+    </message>
+    <message>
+        <source>Velmora may reach these folders:</source>
+        <translation>Velmora darf auf diese Ordner zugreifen:</translation>
+    </message>
+    <message>
+        <source>Folders that Velmora may reach</source>
+        <translation>Ordner, auf die Velmora zugreifen darf</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>Hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Computers on the local network:</source>
+        <translation>Computer im lokalen Netz:</translation>
+    </message>
+    <message>
+        <source>Computers on the local network</source>
+        <translation>Computer im lokalen Netz</translation>
+    </message>
+    <message>
+        <source>No computer found yet. Turn its server on under “Direct Connections…” there, or type its address.</source>
+        <translation>Noch kein Computer gefunden. Schalten Sie dort den Server unter „Direktverbindungen …“ ein, oder geben Sie die Adresse ein.</translation>
+    </message>
+    <message>
+        <source>Host:</source>
+        <translation>Adresse:</translation>
+    </message>
+    <message>
+        <source>computer.local</source>
+        <translation>computer.local</translation>
+    </message>
+    <message>
+        <source>Import Databases</source>
+        <translation>Datenbanken importieren</translation>
+    </message>
+    <message>
+        <source>Import databases from:</source>
+        <translation>Datenbanken importieren von:</translation>
+    </message>
+    <message>
+        <source>There is no location to import from yet.</source>
+        <translation>Es gibt noch keinen Ort, von dem importiert werden könnte.</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Databases that this computer does not have:</source>
+        <translation>Datenbanken, die dieser Computer nicht hat:</translation>
+    </message>
+    <message>
+        <source>Databases to import</source>
+        <translation>Zu importierende Datenbanken</translation>
+    </message>
+    <message>
+        <source>This location holds no database that this computer does not have.</source>
+        <translation>An diesem Ort liegt keine Datenbank, die dieser Computer nicht schon hat.</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Direct Connections</source>
+        <translation>Direkte Verbindungen</translation>
+    </message>
+    <message>
+        <source>Let other computers synchronize with this one</source>
+        <translation>Andere Computer dürfen sich mit diesem abgleichen</translation>
+    </message>
+    <message>
+        <source>Computers that may connect:</source>
+        <translation>Computer, die sich verbinden dürfen:</translation>
+    </message>
+    <message>
+        <source>Computers that may connect</source>
+        <translation>Computer, die sich verbinden dürfen</translation>
+    </message>
+    <message>
+        <source>None so far. When a computer connects for the first time, you are asked whether it may.</source>
+        <translation>Bisher keine. Wenn sich ein Computer zum ersten Mal verbindet, werden Sie gefragt, ob er es darf.</translation>
+    </message>
+    <message>
+        <source>Revoke</source>
+        <translation>Widerrufen</translation>
+    </message>
+    <message>
+        <source>The selected computer may not connect any more.</source>
+        <translation>Der ausgewählte Computer darf sich nicht mehr verbinden.</translation>
+    </message>
 </context>
 </TS>
