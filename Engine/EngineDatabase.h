@@ -1,8 +1,6 @@
 #pragma once
 
-#include "Host/NoteDatabase.h"
-
-class ProfileDatabase;
+#include "Engine/NoteLog.h"
 
 /// A database of the profile. Its notes are read from there each time.
 class EngineDatabase : public NoteDatabase {
@@ -22,11 +20,16 @@ public:
     std::optional<Error> saveNote(Note &note) override;
     std::optional<Error> removeNote(const QString &noteUUID) override;
 
+    NoteLog log() const { return {m_profile, m_UUID}; }
+
     /// The library's: saves, then announces.
     std::optional<Error> setName(const QString &name);
     std::optional<Error> setOpen(bool isOpen);
 
 private:
+    /// The inbox is called in the person's language, so its name stays in the profile.
+    std::optional<Error> writeName(const QString &name) const;
+
     const ProfileDatabase &m_profile;
     const QString m_UUID;
     QString m_name;

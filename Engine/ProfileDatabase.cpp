@@ -28,12 +28,25 @@ QStringList schema() {
         QStringLiteral("CREATE TABLE settings (key TEXT PRIMARY KEY NOT NULL, value NOT NULL)"),
         QStringLiteral("CREATE TABLE databases (id INTEGER PRIMARY KEY AUTOINCREMENT,"
                        " uuid TEXT NOT NULL UNIQUE, name TEXT NOT NULL,"
-                       " is_inbox INTEGER NOT NULL DEFAULT 0, is_open INTEGER NOT NULL DEFAULT 1)"),
+                       " is_inbox INTEGER NOT NULL DEFAULT 0, is_open INTEGER NOT NULL DEFAULT 1,"
+                       " sent INTEGER NOT NULL DEFAULT 0)"),
         QStringLiteral("CREATE UNIQUE INDEX one_inbox ON databases (is_inbox) WHERE is_inbox"),
-        QStringLiteral("CREATE TABLE notes (id INTEGER PRIMARY KEY AUTOINCREMENT,"
-                       " database_uuid TEXT NOT NULL REFERENCES databases (uuid) ON DELETE CASCADE,"
-                       " uuid TEXT NOT NULL, title TEXT NOT NULL, text TEXT NOT NULL,"
-                       " modified INTEGER, UNIQUE (database_uuid, uuid))"),
+        // An operation has left the profile where its id is at most what its database has "sent".
+        QStringLiteral("CREATE TABLE operations (id INTEGER PRIMARY KEY AUTOINCREMENT,"
+                       " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
+                       " digest BLOB NOT NULL, note_uuid TEXT NOT NULL, title TEXT NOT NULL,"
+                       " text TEXT NOT NULL, modified INTEGER, supersedes BLOB NOT NULL,"
+                       " salt BLOB NOT NULL, position INTEGER NOT NULL,"
+                       " UNIQUE (database, digest))"),
+        QStringLiteral("CREATE INDEX notes ON operations (database, note_uuid)"),
+        QStringLiteral("CREATE INDEX order_of_notes ON operations (database, position)"),
+        QStringLiteral("CREATE TABLE superseded ("
+                       " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
+                       " digest BLOB NOT NULL, PRIMARY KEY (database, digest)) WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE known_transactions (place TEXT NOT NULL,"
+                       " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
+                       " name TEXT NOT NULL, operations BLOB NOT NULL, superseded BLOB NOT NULL,"
+                       " PRIMARY KEY (place, database, name)) WITHOUT ROWID"),
         QStringLiteral("CREATE TABLE locations (uuid TEXT PRIMARY KEY NOT NULL,"
                        " position INTEGER NOT NULL, url TEXT NOT NULL)"),
         QStringLiteral("CREATE TABLE states (id INTEGER PRIMARY KEY AUTOINCREMENT,"

@@ -12,7 +12,7 @@ namespace ProfileInspection {
 /// "Velm" in ASCII: marks a database file as a profile (SQLite's application_id).
 inline constexpr int ApplicationId = 0x56656c6d;
 /// The number of the tables' arrangement (SQLite's user_version).
-inline constexpr int SchemaVersion = 1;
+inline constexpr int SchemaVersion = 2;
 
 /// Why the existing database file at `path` cannot be used as a profile: unreadable, read-only,
 /// damaged, of a newer version, of another program. An empty database, as an interrupted first
