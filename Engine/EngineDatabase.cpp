@@ -41,6 +41,30 @@ std::optional<Error> EngineDatabase::setName(const QString &name) {
     return {};
 }
 
+std::optional<Error> EngineDatabase::merge(const QList<Transaction> &transactions,
+                                           const std::function<std::optional<Error>()> &changes) {
+    QString name = m_name;
+    if (std::optional<Error> error = m_profile.write([&]() -> std::optional<Error> {
+            for (const Transaction &transaction : transactions) {
+                if (std::optional<Error> mergeError = log().merge(transaction)) {
+                    return mergeError;
+                }
+            }
+            const QString logName = isInbox() ? QString() : log().name();
+            name = logName.isEmpty() ? m_name : logName;
+            const std::optional<Error> nameError = writeName(name);
+            return nameError ? nameError : changes();
+        })) {
+        return error;
+    }
+    Q_EMIT notesChanged();
+    if (name != m_name) {
+        m_name = name;
+        KeyValue::announce<&QVDatabase::nameChanged>(this);
+    }
+    return {};
+}
+
 std::optional<Error> EngineDatabase::writeName(const QString &name) const {
     return m_profile.run(QStringLiteral("UPDATE databases SET name = ? WHERE uuid = ?"),
                          {name, m_UUID});

@@ -25,6 +25,10 @@ public:
     /// The library's: saves, then announces.
     std::optional<Error> setName(const QString &name);
     std::optional<Error> setOpen(bool isOpen);
+    /// Takes over what others have done and whatever `changes` writes besides, in one transaction,
+    /// then announces it.
+    std::optional<Error> merge(const QList<Transaction> &transactions,
+                               const std::function<std::optional<Error>()> &changes);
 
 private:
     /// The inbox is called in the person's language, so its name stays in the profile.

@@ -23,6 +23,8 @@ enum class EngineErrorCode {
     StoreFull,
     /// The server cannot prove to be the one it claims to be.
     CertificateUntrusted,
+    /// A newer program has written it, and only a newer one may change it.
+    UnknownVersion,
 };
 
 /// `description` is a whole sentence for a person.

@@ -3,6 +3,7 @@
 #include <QtCore/QUuid>
 
 #include "Engine/EngineError.h"
+#include "Engine/InboxUUID.h"
 #include "Engine/ProfileDatabase.h"
 #include "Host/Notifications.h"
 #include "Platform/Foundation/Assertion.h"
@@ -62,6 +63,10 @@ std::shared_ptr<NoteDatabase> EngineNoteLibrary::databaseForUUID(const QString &
     return m_databaseByUUID.value(UUID);
 }
 
+std::shared_ptr<EngineDatabase> EngineNoteLibrary::synchronizedDatabase(const QString &UUID) const {
+    return UUID == InboxUUID ? m_databases.value(0) : m_databaseByUUID.value(UUID);
+}
+
 QList<std::shared_ptr<NoteDatabase>> EngineNoteLibrary::knownDatabases() const {
     return {m_databases.begin(), m_databases.end()};
 }
@@ -90,6 +95,19 @@ std::optional<Error> EngineNoteLibrary::importDatabase(const QString &UUID, cons
         return error;
     }
     add(UUID, name);
+    return {};
+}
+
+std::optional<Error> EngineNoteLibrary::merge(
+    const std::shared_ptr<EngineDatabase> &database, const QList<Transaction> &transactions,
+    const std::function<std::optional<Error>()> &changes) {
+    const QString name = database->name();
+    if (std::optional<Error> error = database->merge(transactions, changes)) {
+        return error;
+    }
+    if (database->name() != name) {
+        post(QVDatabaseRenamedNotification, database.get());
+    }
     return {};
 }
 

@@ -22,8 +22,16 @@ public:
     /// nullptr where none is known.
     std::shared_ptr<NoteDatabase> databaseForUUID(const QString &UUID) const;
 
+    /// The one that stores call `UUID`, which is "@inbox" for the inbox; nullptr where there is
+    /// none.
+    std::shared_ptr<EngineDatabase> synchronizedDatabase(const QString &UUID) const;
     /// Makes a local database of one that comes by synchronization.
     std::optional<Error> importDatabase(const QString &UUID, const QString &name);
+    /// Takes over what others have done to `database` and whatever `changes` writes besides, in one
+    /// transaction, then announces it.
+    std::optional<Error> merge(const std::shared_ptr<EngineDatabase> &database,
+                               const QList<Transaction> &transactions,
+                               const std::function<std::optional<Error>()> &changes);
 
     QList<std::shared_ptr<NoteDatabase>> knownDatabases() const override;
     std::shared_ptr<NoteDatabase> inbox() const override;

@@ -18,22 +18,6 @@ QByteArray blob(const OperationId &identifier) {
     return identifier.isNull() ? QByteArray("") : identifier;
 }
 
-QByteArray packed(const QList<OperationId> &identifiers) {
-    QByteArray bytes("");
-    for (const OperationId &identifier : identifiers) {
-        bytes.append(identifier);
-    }
-    return bytes;
-}
-
-QList<OperationId> unpacked(const QByteArray &bytes) {
-    QList<OperationId> identifiers;
-    for (qsizetype at = 0; at < bytes.size(); at += Operation::IdentifierSize) {
-        identifiers.append(bytes.mid(at, Operation::IdentifierSize));
-    }
-    return identifiers;
-}
-
 Operation operationInRow(const QSqlQuery &row) {
     const QVariant modified = row.value(4);
     return {row.value(0).toByteArray(),
@@ -41,7 +25,7 @@ Operation operationInRow(const QSqlQuery &row) {
             row.value(2).toString(),
             row.value(3).toString(),
             modified.isNull() ? std::nullopt : std::optional(modified.toLongLong()),
-            unpacked(row.value(5).toByteArray()),
+            Operation::unpacked(row.value(5).toByteArray()),
             row.value(6).toByteArray()};
 }
 
@@ -139,7 +123,7 @@ QString NoteLog::name() const {
 std::optional<Error> NoteLog::setName(const QString &name) const {
     QList<OperationId> seen;
     const QList<Operation> names = select(QStringLiteral("note_uuid = ''"), {});
-    for (const Operation &operation : names) {
+    for (const Operation &operation : names.first(qMin(names.size(), Operation::SupersedesLimit))) {
         seen.append(operation.id);
     }
     return replace(seen, Operation::make({}, wellFormed(name), {},
@@ -305,8 +289,8 @@ std::optional<Error> NoteLog::insert(const Operation &operation, const Operation
     for (const QVariant &value :
          QVariantList{m_database, blob(operation.id), ProfileDatabase::text(operation.note),
                       ProfileDatabase::text(operation.title), ProfileDatabase::text(operation.text),
-                      modified ? QVariant(*modified) : QVariant(), packed(operation.supersedes),
-                      operation.salt, blob(seen)}) {
+                      modified ? QVariant(*modified) : QVariant(),
+                      Operation::packed(operation.supersedes), operation.salt, blob(seen)}) {
         query.addBindValue(value);
     }
     return query.exec() ? std::nullopt : std::optional(m_profile.errorOf(query));

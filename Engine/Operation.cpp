@@ -45,7 +45,7 @@ bool Operation::isSound() const {
     const bool isDateSound = !modified || isDate(*modified);
     const bool isAscending = std::adjacent_find(supersedes.begin(), supersedes.end(),
                                                 std::greater_equal<>()) == supersedes.end();
-    return isNoteSound && isTextSound && isDateSound && isAscending && id == reckonedId();
+    return isNoteSound && isTextSound && isDateSound && areSupersededSound && id == reckonedId();
 }
 
 bool Operation::comesBefore(const Operation &other) const {
@@ -56,6 +56,24 @@ bool Operation::comesBefore(const Operation &other) const {
 
 QString Operation::UUIDOfCopy() const {
     return QUuid::createUuidV5(QUuid(note), id.toHex()).toString(QUuid::WithoutBraces);
+}
+
+QByteArray Operation::packed(const QList<OperationId> &identifiers) {
+    QByteArray bytes("");
+    bytes.reserve(identifiers.size() * IdentifierSize);
+    for (const OperationId &identifier : identifiers) {
+        bytes.append(identifier);
+    }
+    return bytes;
+}
+
+QList<OperationId> Operation::unpacked(const QByteArray &bytes) {
+    QList<OperationId> identifiers;
+    identifiers.reserve(bytes.size() / IdentifierSize);
+    for (qsizetype at = 0; at < bytes.size(); at += IdentifierSize) {
+        identifiers.append(bytes.mid(at, IdentifierSize));
+    }
+    return identifiers;
 }
 
 bool Operation::isName(const QString &text) {

@@ -14,9 +14,11 @@ struct Operation {
     static constexpr qsizetype IdentifierSize = 16;
     /// Of title and text together, in bytes of UTF-8: with every character escaped they still fit a
     /// transaction.
-    static constexpr qsizetype NoteLimit = 10 * 1024 * 1024;
+    static constexpr qsizetype NoteLimit = 8 * 1024 * 1024;
     /// Of the name of a database, in bytes of UTF-8.
     static constexpr qsizetype NameLimit = 4096;
+    /// How many others one may supersede.
+    static constexpr qsizetype SupersedesLimit = 10000;
 
     OperationId id;
     /// The UUID of the note; empty where this names the database, by its title.
@@ -48,6 +50,10 @@ struct Operation {
     /// (RFC 4122, section 4.3) in the name space of the note, the name being the identifier's
     /// hexadecimal digits.
     QString UUIDOfCopy() const;
+
+    /// One after the other, and back; never null.
+    static QByteArray packed(const QList<OperationId> &identifiers);
+    static QList<OperationId> unpacked(const QByteArray &bytes);
 
     /// Whether a database may be called `text`.
     static bool isName(const QString &text);

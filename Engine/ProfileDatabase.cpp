@@ -46,6 +46,7 @@ QStringList schema() {
         QStringLiteral("CREATE TABLE known_transactions (place TEXT NOT NULL,"
                        " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
                        " name TEXT NOT NULL, operations BLOB NOT NULL, superseded BLOB NOT NULL,"
+                       " size INTEGER NOT NULL,"
                        " PRIMARY KEY (place, database, name)) WITHOUT ROWID"),
         QStringLiteral("CREATE TABLE locations (uuid TEXT PRIMARY KEY NOT NULL,"
                        " position INTEGER NOT NULL, url TEXT NOT NULL)"),

@@ -151,7 +151,7 @@ Result<Transaction> Transaction::decoded(const QByteArray &record, const QString
     const QJsonObject object = QJsonDocument::fromJson(record).object();
     const QJsonValue version = object.value(VersionKey);
     if (version.toInteger() > Version) {
-        return engineError(EngineErrorCode::DamagedRecord,
+        return engineError(EngineErrorCode::UnknownVersion,
                            "The record “%1” was made by a newer version of Velmora.", name);
     }
     try {
