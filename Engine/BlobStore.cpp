@@ -46,6 +46,7 @@ Result<QStringList> BlobStore::list(const QString &folder, const PZFuture &futur
     if (auto *names = std::get_if<QStringList>(&result)) {
         names->removeIf([](const QString &name) { return !isNamePart(name); });
         names->sort();
+        names->removeDuplicates();
     }
     return result;
 }

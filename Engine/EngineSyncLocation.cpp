@@ -4,6 +4,7 @@
 
 #include "Engine/FolderStore.h"
 #include "Engine/UnreachableStore.h"
+#include "Engine/WebDAVStore.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/KeyValue/KeyValue.h"
 
@@ -46,6 +47,9 @@ std::shared_ptr<QVSyncStore> EngineSyncLocation::createStore() {
 std::shared_ptr<BlobStore> EngineSyncLocation::createBlobStore() {
     if (m_URL.isFileURL()) {
         return std::make_shared<FolderStore>(shared_from_this());
+    }
+    if (m_URL.scheme() == QStringLiteral("http") || m_URL.scheme() == QStringLiteral("https")) {
+        return std::make_shared<WebDAVStore>(shared_from_this(), m_identifier);
     }
     return std::make_shared<UnreachableStore>(shared_from_this());
 }

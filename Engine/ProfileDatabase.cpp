@@ -59,6 +59,8 @@ QStringList schema() {
                        " UNIQUE (location_uuid, database_uuid))"),
         QStringLiteral("CREATE TABLE grants (id INTEGER PRIMARY KEY AUTOINCREMENT,"
                        " path TEXT NOT NULL UNIQUE)"),
+        QStringLiteral("CREATE TABLE trusted_certificates (location_uuid TEXT NOT NULL,"
+                       " fingerprint TEXT NOT NULL, PRIMARY KEY (location_uuid, fingerprint))"),
         QStringLiteral("PRAGMA application_id = %1").arg(ProfileInspection::ApplicationId),
         QStringLiteral("PRAGMA user_version = %1").arg(ProfileInspection::SchemaVersion),
     };

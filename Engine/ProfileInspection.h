@@ -15,7 +15,7 @@ inline constexpr int ApplicationId = 0x56656c6d;
 inline constexpr int SchemaVersion = 2;
 
 /// Why the existing database file at `path` cannot be used as a profile: unreadable, read-only,
-/// damaged, of a newer version, of another program. An empty database, as an interrupted first
+/// damaged, of another version, of another program. An empty database, as an interrupted first
 /// start leaves it, can be.
 std::optional<Error> obstacle(const QString &path);
 

@@ -26,6 +26,9 @@ std::optional<Error> SyncEngine::load() {
     if (std::optional<Error> error = m_library.load()) {
         return error;
     }
+    if (std::optional<Error> error = m_certificateTrust.load()) {
+        return error;
+    }
     return m_plugin.load();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QtCore/QTranslator>
 
+#include "Engine/CertificateTrust.h"
 #include "Engine/EngineClasses.h"
 #include "Engine/EngineNoteLibrary.h"
 #include "Engine/EngineSyncPlugin.h"
@@ -35,6 +36,7 @@ private:
     MainThreadQueue m_mainThreadQueue;
     QTranslator m_translator;
     ProfileDatabase m_profile;
+    CertificateTrust m_certificateTrust{m_profile};
     EngineNoteLibrary m_library;
     EngineSyncPlugin m_plugin;
     EngineClasses m_classes;

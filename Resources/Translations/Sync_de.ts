@@ -443,5 +443,21 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>Save</source>
         <translation>Sichern</translation>
     </message>
+    <message>
+        <source>Passwords cannot be saved. They are kept until you quit Velmora.</source>
+        <translation>Passwörter können nicht gesichert werden. Sie bleiben erhalten, bis Velmora beendet wird.</translation>
+    </message>
+    <message>
+        <source>No password service is running on this computer.</source>
+        <translation>Auf diesem Computer läuft kein Passwortdienst.</translation>
+    </message>
+    <message>
+        <source>The keyring is locked.</source>
+        <translation>Der Schlüsselbund ist gesperrt.</translation>
+    </message>
+    <message>
+        <source>The password service does not work.</source>
+        <translation>Der Passwortdienst funktioniert nicht.</translation>
+    </message>
 </context>
 </TS>

@@ -3,7 +3,7 @@
 #include <QtTest/QtTest>
 
 /// Gives every test program the names of its own, so that user defaults of tests and of a person
-/// never meet. Used in place of QTEST_MAIN.
+/// never meet, and no session bus (see SecretService.h). Used in place of QTEST_MAIN.
 void prepareTestProcess();
 
 #define VELMORA_TEST_MAIN(TestClass)                          \

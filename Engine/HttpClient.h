@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QList>
+#include <QtCore/QThread>
+#include <QtCore/QUrl>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "Host/PZFuture.h"
+#include "Platform/Foundation/Result.h"
+#include "Platform/Security/UrlCredential.h"
+
+class QNetworkAccessManager;
+class QSslCertificate;
+
+/// Requests to an HTTP server (RFC 9110) for threads that may wait. Connections are kept from one
+/// request to the next, credentials and all else only as long as the client. Made and destroyed on
+/// any thread; several threads may send at once.
+class HttpClient {
+public:
+    /// None of them is for ever, however slowly a server dribbles.
+    struct Timeouts {
+        /// Until the request is on its way, TLS included.
+        std::chrono::milliseconds connecting = std::chrono::seconds(15);
+        /// Between two signs of life.
+        std::chrono::milliseconds idle = std::chrono::seconds(30);
+        /// Of one request.
+        std::chrono::milliseconds total = std::chrono::minutes(10);
+    };
+    /// The functions are called on a thread of the client's own, and may block.
+    struct Options {
+        Timeouts timeouts = {};
+        /// The answer to a challenge (Basic, RFC 7617; Digest, RFC 7616), asked once a request at
+        /// the most; absent for none.
+        std::function<std::optional<UrlCredential>()> credential = {};
+        /// Whether to trust exactly this certificate, although `reasons`, which are sentences,
+        /// speak against it; absent for never.
+        std::function<bool(const QSslCertificate &certificate, const QStringList &reasons)> trusts =
+            {};
+    };
+    struct Header {
+        QByteArray name;
+        QByteArray value;
+    };
+    struct Request {
+        QByteArray method;
+        /// "http" or "https". A user name in it is not sent.
+        QUrl URL;
+        QList<Header> headers = {};
+        QByteArray body = {};
+        /// Bytes of the answer's body.
+        qint64 limit = 1 << 20;
+    };
+    struct Response {
+        int status = 0;
+        QList<Header> headers = {};
+        QByteArray body = {};
+
+        /// The value of the header of that name, in whatever case; empty where there is none.
+        QByteArray header(const QByteArray &name) const;
+    };
+
+    HttpClient();
+    explicit HttpClient(Options options);
+    /// Must not be called while another thread is in `send`.
+    ~HttpClient();
+    HttpClient(const HttpClient &) = delete;
+    HttpClient &operator=(const HttpClient &) = delete;
+
+    /// The server's answer, whatever its status. Redirections (301, 302, 307, 308) are followed
+    /// with the same method and body, but never to another scheme, host or port. Errors of the code
+    /// StoreUnreachable say what is wrong with the server or the way to it, CertificateUntrusted
+    /// why its certificate is not trusted, BlobRefused that the answer is longer than the limit.
+    Result<Response> send(const Request &request, const PZFuture &future);
+
+private:
+    Result<Response> exchange(const Request &request, const PZFuture &future);
+
+    const Options m_options;
+    QThread m_thread;
+    QNetworkAccessManager *const m_manager;
+};

@@ -1,0 +1,241 @@
+#include "Platform/Security/SecretServiceClient.h"
+
+#include <libsecret/secret.h>
+
+#include <QtCore/QFileInfo>
+#include <vector>
+
+#include "Platform/Security/PromptAnswer.h"
+
+namespace {
+
+using Failure = SecretServiceClient::Failure;
+using ServicePointer = std::shared_ptr<SecretService>;
+
+template <class Object>
+std::shared_ptr<Object> adopt(Object *object) {
+    return object ? std::shared_ptr<Object>(object, &g_object_unref) : nullptr;
+}
+
+/// An error that a GLib call writes through `out`.
+class CallError {
+public:
+    CallError() = default;
+    ~CallError() { g_clear_error(&m_error); }
+    CallError(const CallError &) = delete;
+    CallError &operator=(const CallError &) = delete;
+
+    GError **out() { return &m_error; }
+    explicit operator bool() const { return m_error; }
+
+    Failure failure() const {
+        if (g_error_matches(m_error, SECRET_ERROR, SECRET_ERROR_IS_LOCKED)) {
+            return Failure::Locked;
+        }
+        if (g_error_matches(m_error, G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
+            return Failure::Cancelled;
+        }
+        const bool hasNoService =
+            g_error_matches(m_error, G_DBUS_ERROR, G_DBUS_ERROR_SERVICE_UNKNOWN) ||
+            g_error_matches(m_error, G_DBUS_ERROR, G_DBUS_ERROR_NAME_HAS_NO_OWNER);
+        return hasNoService ? Failure::NoService : Failure::Broken;
+    }
+
+private:
+    GError *m_error = nullptr;
+};
+
+using Ready = std::function<void(GAsyncResult *)>;
+
+/// The user data of a call that `callReady` ends.
+gpointer readyData(Ready ready) {
+    return new Ready(std::move(ready));
+}
+
+void callReady(GObject * /*source*/, GAsyncResult *result, gpointer data) {
+    const std::unique_ptr<Ready> ready(static_cast<Ready *>(data));
+    (*ready)(result);
+}
+
+/// GLib would start a bus where there is none, which helps nobody to find a password.
+bool hasSessionBus() {
+    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
+           QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+}
+
+using Opened = std::function<void(const ServicePointer &, std::optional<Failure>)>;
+
+void openService(GCancellable *cancellable, const Opened &opened) {
+    const auto ready = [opened](GAsyncResult *result) {
+        CallError error;
+        const auto service = adopt(secret_service_open_finish(result, error.out()));
+        opened(service, error ? std::optional(error.failure()) : std::nullopt);
+    };
+    secret_service_open(promptAnsweringServiceType(), nullptr, SECRET_SERVICE_OPEN_SESSION,
+                        cancellable, &callReady, readyData(ready));
+}
+
+void open(const std::shared_ptr<GCancellable> &cancellable, const Opened &opened) {
+    if (!hasSessionBus()) {
+        opened(nullptr, Failure::NoService);
+        return;
+    }
+    const auto ready = [cancellable, opened](GAsyncResult *result) {
+        CallError error;
+        const auto connection = adopt(g_bus_get_finish(result, error.out()));
+        if (!connection) {
+            const bool isCancelled = error.failure() == Failure::Cancelled;
+            opened(nullptr, isCancelled ? Failure::Cancelled : Failure::NoService);
+            return;
+        }
+        // GLib would end the process together with its bus.
+        g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
+        // The service takes up the same connection, for it is the process's.
+        openService(cancellable.get(), [connection, opened](const ServicePointer &service,
+                                                            std::optional<Failure> failure) {
+            opened(service, failure);
+        });
+    };
+    g_bus_get(G_BUS_TYPE_SESSION, cancellable.get(), &callReady, readyData(ready));
+}
+
+using AttributesPointer = std::unique_ptr<GHashTable, decltype(&g_hash_table_unref)>;
+
+AttributesPointer hashTable(const SecretAttributes &attributes) {
+    AttributesPointer table(g_hash_table_new_full(&g_str_hash, &g_str_equal, &g_free, &g_free),
+                            &g_hash_table_unref);
+    for (const auto &[name, value] : attributes) {
+        g_hash_table_insert(table.get(), g_strdup(name.constData()), g_strdup(value.constData()));
+    }
+    return table;
+}
+
+SecretAttributes attributesOf(SecretItem *item) {
+    const AttributesPointer table(secret_item_get_attributes(item), &g_hash_table_unref);
+    SecretAttributes attributes;
+    GHashTableIter iterator;
+    g_hash_table_iter_init(&iterator, table.get());
+    gpointer name = nullptr;
+    gpointer value = nullptr;
+    while (g_hash_table_iter_next(&iterator, &name, &value)) {
+        attributes.emplace(static_cast<const char *>(name), static_cast<const char *>(value));
+    }
+    return attributes;
+}
+
+/// Frees the list, and the items in it.
+std::vector<std::shared_ptr<SecretItem>> adoptItems(GList *list) {
+    std::vector<std::shared_ptr<SecretItem>> items;
+    for (GList *link = list; link; link = link->next) {
+        items.push_back(adopt(static_cast<SecretItem *>(link->data)));
+    }
+    g_list_free(list);
+    return items;
+}
+
+SecretServiceClient::FoundItems foundItems(GList *list) {
+    SecretServiceClient::FoundItems found;
+    for (const auto &item : adoptItems(list)) {
+        const std::unique_ptr<SecretValue, decltype(&secret_value_unref)> value(
+            secret_item_get_secret(item.get()), &secret_value_unref);
+        if (value) {
+            gsize length = 0;
+            const char *bytes = secret_value_get(value.get(), &length);
+            found.items.append({.attributes = attributesOf(item.get()),
+                                .secret = QByteArray(bytes, static_cast<qsizetype>(length))});
+        } else if (secret_item_get_locked(item.get())) {
+            found.isAnyLocked = true;
+        }
+    }
+    return found;
+}
+
+}  // namespace
+
+SecretServiceClient::SecretServiceClient() : m_cancellable(adopt(g_cancellable_new())) {}
+
+SecretServiceClient::~SecretServiceClient() = default;
+
+void SecretServiceClient::cancel() {
+    g_cancellable_cancel(m_cancellable.get());
+}
+
+void SecretServiceClient::find(const SecretAttributes &attributes, Unlocking unlocking,
+                               std::function<void(const FoundItems &)> handler) {
+    const auto opened = [cancellable = m_cancellable, attributes, unlocking, handler](
+                            const ServicePointer &service, std::optional<Failure> failure) {
+        if (failure) {
+            handler({.failure = failure});
+            return;
+        }
+        const auto ready = [service, handler](GAsyncResult *result) {
+            CallError error;
+            GList *list = secret_service_search_finish(service.get(), result, error.out());
+            handler(error ? FoundItems{.failure = error.failure()} : foundItems(list));
+        };
+        int flags = SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS;
+        if (unlocking == Unlocking::Yes) {
+            flags |= SECRET_SEARCH_UNLOCK;
+        }
+        secret_service_search(service.get(), nullptr, hashTable(attributes).get(),
+                              static_cast<SecretSearchFlags>(flags), cancellable.get(), &callReady,
+                              readyData(ready));
+    };
+    open(m_cancellable, opened);
+}
+
+void SecretServiceClient::store(const StoredSecret &item,
+                                std::function<void(std::optional<Failure>)> handler) {
+    const auto opened = [this, item, handler](const ServicePointer &service,
+                                              std::optional<Failure> failure) {
+        if (failure) {
+            handler(failure);
+            return;
+        }
+        const auto ready = [this, service, handler](GAsyncResult *result) {
+            CallError error;
+            if (secret_service_store_finish(service.get(), result, error.out())) {
+                handler(std::nullopt);
+                return;
+            }
+            const bool isDeclined = error.failure() == Failure::Cancelled &&
+                                    !g_cancellable_is_cancelled(m_cancellable.get());
+            handler(isDeclined ? Failure::Locked : error.failure());
+        };
+        const std::unique_ptr<SecretValue, decltype(&secret_value_unref)> value(
+            secret_value_new(item.secret.constData(), item.secret.size(), "text/plain"),
+            &secret_value_unref);
+        secret_service_store(service.get(), nullptr, hashTable(item.attributes).get(),
+                             SECRET_COLLECTION_DEFAULT, item.label.toUtf8().constData(),
+                             value.get(), m_cancellable.get(), &callReady, readyData(ready));
+    };
+    open(m_cancellable, opened);
+}
+
+void SecretServiceClient::removeFirst(const SecretAttributes &attributes,
+                                      std::function<void(bool)> handler) {
+    const auto opened = [cancellable = m_cancellable, attributes, handler](
+                            const ServicePointer &service, std::optional<Failure> failure) {
+        if (failure) {
+            handler(false);
+            return;
+        }
+        const auto found = [service, cancellable, handler](GAsyncResult *result) {
+            const auto items =
+                adoptItems(secret_service_search_finish(service.get(), result, nullptr));
+            if (items.empty() || secret_item_get_locked(items.front().get())) {
+                handler(false);
+                return;
+            }
+            const auto deleted = [service, item = items.front(), handler](GAsyncResult *deletion) {
+                handler(secret_item_delete_finish(item.get(), deletion, nullptr));
+            };
+            secret_item_delete(items.front().get(), cancellable.get(), &callReady,
+                               readyData(deleted));
+        };
+        secret_service_search(service.get(), nullptr, hashTable(attributes).get(),
+                              SECRET_SEARCH_UNLOCK, cancellable.get(), &callReady,
+                              readyData(found));
+    };
+    open(m_cancellable, opened);
+}

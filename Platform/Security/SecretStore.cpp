@@ -1,0 +1,390 @@
+#include "Platform/Security/SecretStore.h"
+
+#include <QtCore/QCoreApplication>
+#include <algorithm>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <utility>
+
+#include "Platform/Foundation/Localization.h"
+#include "Platform/Foundation/MainQueue.h"
+#include "Platform/Foundation/NotificationCenter.h"
+#include "Platform/Security/GLibThread.h"
+#include "Platform/Security/SecretServiceClient.h"
+
+namespace {
+
+using Failure = SecretServiceClient::Failure;
+using Unlocking = SecretServiceClient::Unlocking;
+using FoundItems = SecretServiceClient::FoundItems;
+
+/// Whether D-Bus can carry them: it hangs up on who sends it other bytes.
+bool canBeSent(const SecretAttributes &attributes) {
+    return std::all_of(attributes.begin(), attributes.end(), [](const auto &attribute) {
+        return attribute.second.isValidUtf8() && !attribute.second.contains('\0');
+    });
+}
+
+bool hasAll(const SecretAttributes &attributes, const SecretAttributes &wanted) {
+    return std::includes(attributes.begin(), attributes.end(), wanted.begin(), wanted.end());
+}
+
+Error errorFor(Failure failure) {
+    QString reason;
+    switch (failure) {
+        case Failure::NoService:
+            reason = localizedSyncString("No password service is running on this computer.");
+            break;
+        case Failure::Locked:
+            reason = localizedSyncString("The keyring is locked.");
+            break;
+        case Failure::Broken:
+        case Failure::Cancelled:
+            reason = localizedSyncString("The password service does not work.");
+            break;
+    }
+    return {.domain = QStringLiteral("SecretStore"),
+            .code = static_cast<int>(failure),
+            .localizedDescription = localizedSyncString(
+                "Passwords cannot be saved. They are kept until you quit Velmora."),
+            .localizedFailureReason = reason};
+}
+
+}  // namespace
+
+/// The callers' calls and what the thread gets back meet under one mutex. Whoever waits is woken
+/// for whatever changes.
+class SecretStore::Implementation {
+public:
+    explicit Implementation(std::chrono::milliseconds patience) : m_patience(patience) {}
+    ~Implementation() { stop(); }
+
+    std::optional<QList<StoredSecret>> find(const SecretAttributes &attributes);
+    void set(const StoredSecret &item);
+    bool removeFirst(const SecretAttributes &attributes);
+    std::optional<Error> error() const;
+    bool finishWriting();
+    void stop();
+
+private:
+    using Lock = std::unique_lock<std::mutex>;
+    using Done = std::function<void()>;
+
+    /// What was set in this run and is not, or not yet, with the service.
+    struct Entry {
+        StoredSecret item;
+        /// What writes it; 0 where nothing does.
+        quint64 job = 0;
+    };
+    struct Question {
+        std::optional<FoundItems> answer;
+        bool isAwaited = true;
+    };
+    struct Removal {
+        std::optional<bool> answer;
+        bool isAwaited = true;
+    };
+
+    QList<StoredSecret> remembered(const SecretAttributes &attributes) const;
+    std::optional<QList<StoredSecret>> ask(Lock &lock, const SecretAttributes &attributes);
+    void didAnswer(Question &question, const FoundItems &found, Unlocking unlocking);
+    /// Appends a job and returns its number.
+    quint64 append(std::function<void(const Done &)> job);
+    void beginFirstJob();
+    void didFirstJob();
+    void write(const SecretAttributes &attributes, quint64 job, const Done &done);
+    void didWrite(const SecretAttributes &attributes, quint64 job, std::optional<Failure> failure);
+    void remove(const SecretAttributes &attributes, quint64 job,
+                const std::shared_ptr<Removal> &removal, const Done &done);
+    /// Leaves what was set after `job`.
+    bool forgetFirst(const SecretAttributes &attributes, quint64 job);
+    void fail(Failure failure);
+
+    const std::chrono::milliseconds m_patience;
+    mutable std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::map<SecretAttributes, Entry> m_entries;
+    /// Changes of the service's items, made one after the other, as they came; the first is being
+    /// made.
+    std::deque<std::function<void(const Done &)>> m_jobs;
+    quint64 m_lastJob = 0;
+    /// Up to here nothing is written any more: the person has declined to unlock the keyring.
+    quint64 m_lastDeclinedJob = 0;
+    int m_openQuestions = 0;
+    int m_abandonedQuestions = 0;
+    bool m_mayUnlockToFind = true;
+    bool m_isStopped = false;
+    std::optional<Error> m_error;
+    SecretServiceClient m_client;
+    GLibThread m_thread;
+};
+
+QList<StoredSecret> SecretStore::Implementation::remembered(
+    const SecretAttributes &attributes) const {
+    QList<StoredSecret> items;
+    for (const auto &[itemAttributes, entry] : m_entries) {
+        if (hasAll(itemAttributes, attributes)) {
+            items.append(entry.item);
+        }
+    }
+    return items;
+}
+
+std::optional<QList<StoredSecret>> SecretStore::Implementation::find(
+    const SecretAttributes &attributes) {
+    Lock lock(m_mutex);
+    // Taken before the service is asked: what has reached the service meanwhile may be missing in
+    // its answer.
+    QList<StoredSecret> items = remembered(attributes);
+    const auto found = ask(lock, attributes);
+    if (!found && items.isEmpty()) {
+        return std::nullopt;
+    }
+    const auto isRemembered = [own = items](const StoredSecret &item) {
+        return std::any_of(own.begin(), own.end(), [&item](const StoredSecret &other) {
+            return hasAll(item.attributes, other.attributes);
+        });
+    };
+    for (const StoredSecret &item : found.value_or(QList<StoredSecret>())) {
+        if (!isRemembered(item)) {
+            items.append(item);
+        }
+    }
+    return items;
+}
+
+std::optional<QList<StoredSecret>> SecretStore::Implementation::ask(
+    Lock &lock, const SecretAttributes &attributes) {
+    if (m_isStopped || m_abandonedQuestions > 0 || !canBeSent(attributes)) {
+        return std::nullopt;
+    }
+    const auto question = std::make_shared<Question>();
+    const Unlocking unlocking = m_mayUnlockToFind ? Unlocking::Yes : Unlocking::No;
+    ++m_openQuestions;
+    m_thread.run([this, question, attributes, unlocking] {
+        m_client.find(attributes, unlocking, [this, question, unlocking](const FoundItems &found) {
+            didAnswer(*question, found, unlocking);
+        });
+    });
+    m_changed.wait_for(lock, m_patience, [&] { return question->answer.has_value(); });
+    if (!question->answer) {
+        question->isAwaited = false;
+        ++m_abandonedQuestions;
+        return std::nullopt;
+    }
+    return question->answer->failure ? std::nullopt : std::optional(question->answer->items);
+}
+
+void SecretStore::Implementation::didAnswer(Question &question, const FoundItems &found,
+                                            Unlocking unlocking) {
+    const Lock lock(m_mutex);
+    --m_openQuestions;
+    if (!question.isAwaited) {
+        --m_abandonedQuestions;
+    }
+    if (unlocking == Unlocking::Yes && found.isAnyLocked) {
+        m_mayUnlockToFind = false;
+    }
+    question.answer = found;
+    m_changed.notify_all();
+}
+
+quint64 SecretStore::Implementation::append(std::function<void(const Done &)> job) {
+    m_jobs.push_back(std::move(job));
+    if (m_jobs.size() == 1) {
+        m_thread.run([this] { beginFirstJob(); });
+    }
+    return ++m_lastJob;
+}
+
+void SecretStore::Implementation::beginFirstJob() {
+    std::function<void(const Done &)> job;
+    {
+        const Lock lock(m_mutex);
+        job = m_jobs.front();
+    }
+    job([this] { didFirstJob(); });
+}
+
+void SecretStore::Implementation::didFirstJob() {
+    const Lock lock(m_mutex);
+    m_jobs.pop_front();
+    if (!m_jobs.empty()) {
+        m_thread.run([this] { beginFirstJob(); });
+    }
+    m_changed.notify_all();
+}
+
+void SecretStore::Implementation::set(const StoredSecret &item) {
+    const Lock lock(m_mutex);
+    Entry &entry = m_entries[item.attributes];
+    entry = {.item = item};
+    if (item.keeping == SecretKeeping::ThisRun || m_isStopped) {
+        return;
+    }
+    if (!canBeSent(item.attributes)) {
+        fail(Failure::Broken);
+        return;
+    }
+    entry.job = append([this, attributes = item.attributes, job = m_lastJob + 1](const Done &done) {
+        write(attributes, job, done);
+    });
+}
+
+void SecretStore::Implementation::write(const SecretAttributes &attributes, quint64 job,
+                                        const Done &done) {
+    StoredSecret item;
+    {
+        const Lock lock(m_mutex);
+        const auto found = m_entries.find(attributes);
+        const bool isReplaced = found == m_entries.end() || found->second.job != job;
+        if (!isReplaced && job > m_lastDeclinedJob) {
+            item = found->second.item;
+        }
+    }
+    if (item.attributes.empty()) {
+        done();
+        return;
+    }
+    m_client.store(item, [this, attributes, job, done](std::optional<Failure> failure) {
+        didWrite(attributes, job, failure);
+        done();
+    });
+}
+
+void SecretStore::Implementation::didWrite(const SecretAttributes &attributes, quint64 job,
+                                           std::optional<Failure> failure) {
+    const Lock lock(m_mutex);
+    if (!failure) {
+        const auto found = m_entries.find(attributes);
+        if (found != m_entries.end() && found->second.job == job) {
+            m_entries.erase(found);
+        }
+        return;
+    }
+    if (failure == Failure::Locked) {
+        m_lastDeclinedJob = m_lastJob;
+    }
+    fail(*failure);
+}
+
+void SecretStore::Implementation::fail(Failure failure) {
+    if (m_error) {
+        return;
+    }
+    m_error = errorFor(failure);
+    if (!m_isStopped && QCoreApplication::instance()) {
+        MainQueue::dispatchAsync(
+            [] { NotificationCenter::defaultCenter().post(SecretsNotKeptNotification, nullptr); });
+    }
+}
+
+bool SecretStore::Implementation::removeFirst(const SecretAttributes &attributes) {
+    Lock lock(m_mutex);
+    if (m_isStopped || !canBeSent(attributes)) {
+        return forgetFirst(attributes, m_lastJob);
+    }
+    const auto removal = std::make_shared<Removal>();
+    append([this, attributes, job = m_lastJob + 1, removal](const Done &done) {
+        remove(attributes, job, removal, done);
+    });
+    m_changed.wait_for(lock, m_patience, [&] { return removal->answer.has_value(); });
+    removal->isAwaited = false;
+    return removal->answer.value_or(false);
+}
+
+void SecretStore::Implementation::remove(const SecretAttributes &attributes, quint64 job,
+                                         const std::shared_ptr<Removal> &removal,
+                                         const Done &done) {
+    bool isAwaited = false;
+    {
+        const Lock lock(m_mutex);
+        isAwaited = removal->isAwaited;
+    }
+    if (!isAwaited) {
+        done();
+        return;
+    }
+    m_client.removeFirst(attributes, [this, attributes, job, removal, done](bool isRemoved) {
+        {
+            const Lock lock(m_mutex);
+            const bool isForgotten = forgetFirst(attributes, job);
+            removal->answer = isRemoved || isForgotten;
+        }
+        done();
+    });
+}
+
+bool SecretStore::Implementation::forgetFirst(const SecretAttributes &attributes, quint64 job) {
+    const auto found = std::find_if(m_entries.begin(), m_entries.end(), [&](const auto &entry) {
+        return entry.second.job <= job && hasAll(entry.first, attributes);
+    });
+    if (found == m_entries.end()) {
+        return false;
+    }
+    m_entries.erase(found);
+    return true;
+}
+
+std::optional<Error> SecretStore::Implementation::error() const {
+    const Lock lock(m_mutex);
+    return m_error;
+}
+
+bool SecretStore::Implementation::finishWriting() {
+    Lock lock(m_mutex);
+    m_changed.wait_for(lock, m_patience, [this] { return m_jobs.empty(); });
+    return m_jobs.empty() && !m_error;
+}
+
+void SecretStore::Implementation::stop() {
+    {
+        Lock lock(m_mutex);
+        if (m_isStopped) {
+            return;
+        }
+        m_isStopped = true;
+        m_changed.wait_for(lock, m_patience, [this] { return m_jobs.empty(); });
+        m_thread.run([this] { m_client.cancel(); });
+        // A service that does not even let go is left behind.
+        m_changed.wait_for(lock, std::chrono::seconds(1),
+                           [this] { return m_jobs.empty() && m_openQuestions == 0; });
+    }
+    m_thread.finish();
+}
+
+SecretStore &SecretStore::shared() {
+    static SecretStore store;
+    static const bool isStoppedInTime = [] {
+        qAddPostRoutine([] { shared().m_implementation->stop(); });
+        return true;
+    }();
+    Q_UNUSED(isStoppedInTime)
+    return store;
+}
+
+SecretStore::SecretStore(std::chrono::milliseconds patience)
+    : m_implementation(std::make_unique<Implementation>(patience)) {}
+
+SecretStore::~SecretStore() = default;
+
+std::optional<QList<StoredSecret>> SecretStore::find(const SecretAttributes &attributes) {
+    return m_implementation->find(attributes);
+}
+
+void SecretStore::set(const StoredSecret &item) {
+    m_implementation->set(item);
+}
+
+bool SecretStore::removeFirst(const SecretAttributes &attributes) {
+    return m_implementation->removeFirst(attributes);
+}
+
+std::optional<Error> SecretStore::error() const {
+    return m_implementation->error();
+}
+
+bool SecretStore::finishWriting() {
+    return m_implementation->finishWriting();
+}

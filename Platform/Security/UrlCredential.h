@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QtCore/QMetaType>
+#include <QtCore/QString>
+#include <optional>
+
+/// A user's name and password at a server. A value; "no credential" is an empty
+/// std::optional<UrlCredential>.
+struct UrlCredential {
+    enum class Persistence {
+        /// Not stored at all.
+        None = 0,
+        /// Found by this process until it ends.
+        ForSession = 1,
+        /// Found by every program of the user's, in later runs too.
+        Permanent = 2
+    };
+
+    QString user = {};
+    QString password = {};
+    Persistence persistence = Persistence::None;
+
+    bool operator==(const UrlCredential &) const = default;
+};
+
+Q_DECLARE_METATYPE(UrlCredential)
+Q_DECLARE_METATYPE(std::optional<UrlCredential>)

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QtCore/QMetaType>
+#include <QtCore/QString>
+#include <optional>
+
+/// Names of authentication methods, see RFC 7617 (Basic) and RFC 7616 (Digest).
+inline const QString UrlAuthenticationMethodHttpBasic = QStringLiteral("basic");
+inline const QString UrlAuthenticationMethodHttpDigest = QStringLiteral("digest");
+
+/// What a credential is good for: a server, and the way in which it asks. A value; two are equal
+/// when all their texts are, letter by letter.
+struct UrlProtectionSpace {
+    QString host = {};
+    /// 0 where the URL has none.
+    int port = 0;
+    /// The scheme of the URL.
+    QString protocol = {};
+    /// Absent is not the same as empty.
+    std::optional<QString> realm = {};
+    QString authenticationMethod = {};
+
+    bool operator==(const UrlProtectionSpace &) const = default;
+};
+
+Q_DECLARE_METATYPE(UrlProtectionSpace)

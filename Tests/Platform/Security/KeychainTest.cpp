@@ -1,0 +1,147 @@
+#include "Platform/Security/Keychain.h"
+
+#include "Platform/Security/SecretStore.h"
+#include "Support/SecretService.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+const QString Service = QStringLiteral("Velmora Test Clients");
+const QString Name = QStringLiteral("Jürgen’s computer");
+
+}  // namespace
+
+/// Each pair of store and keychain is a run of its own.
+class KeychainTest : public QObject {
+    Q_OBJECT
+
+    struct Run {
+        SecretStore store;
+        Keychain keychain{store};
+    };
+
+    std::unique_ptr<SecretService> m_service;
+
+    static void keep(const QString &account, const QByteArray &password) {
+        Run run;
+        run.keychain.setPassword(Service, account, password);
+        QVERIFY(run.store.finishWriting());
+    }
+
+    void addForeignItem(const QMap<QString, QString> &attributes) {
+        QMap<QString, QString> all = attributes;
+        all.insert(QStringLiteral("xdg:schema"), QStringLiteral("velmora.GenericPassword"));
+        all.insert(QStringLiteral("service"), Service);
+        m_service->addItem(all, "foreign");
+    }
+
+private Q_SLOTS:
+    void init() { m_service = std::make_unique<SecretService>(); }
+    void cleanup() { m_service.reset(); }
+
+    void aServiceWithoutItemsHasNoAccounts() {
+        QCOMPARE(Run().keychain.accounts(Service), QStringList());
+    }
+
+    void itemsAreFoundByServiceAndAccountInALaterRun() {
+        keep(Name, "1");
+        keep(QStringLiteral("other"), "2");
+        Run run;
+        QStringList accounts = run.keychain.accounts(Service).value();
+        accounts.sort();
+        QCOMPARE(accounts, (QStringList{Name, QStringLiteral("other")}));
+        QCOMPARE(run.keychain.password(Service, Name), QByteArray("1"));
+        QCOMPARE(run.keychain.password(Service, QStringLiteral("other")), QByteArray("2"));
+        QVERIFY(!run.keychain.password(Service, QStringLiteral("third")));
+        QVERIFY(!run.keychain.password(QStringLiteral("other service"), Name));
+        QCOMPARE(run.keychain.accounts(QStringLiteral("other service")), QStringList());
+    }
+
+    void settingReplacesThePassword() {
+        keep(Name, "old");
+        keep(Name, "new");
+        Run run;
+        QCOMPARE(run.keychain.accounts(Service), QStringList{Name});
+        QCOMPARE(run.keychain.password(Service, Name), QByteArray("new"));
+    }
+
+    void anItemIsThereAsSoonAsItIsSet() {
+        Run run;
+        run.keychain.setPassword(Service, Name, "secret");
+        QCOMPARE(run.keychain.accounts(Service), QStringList{Name});
+        QCOMPARE(run.keychain.password(Service, Name), QByteArray("secret"));
+    }
+
+    void itemsMayShareAnAccountAndOnlyTheFirstIsRemoved() {
+        addForeignItem({{QStringLiteral("account"), Name}});
+        addForeignItem({{QStringLiteral("account"), Name}});
+        Run run;
+        QCOMPARE(run.keychain.accounts(Service), (QStringList{Name, Name}));
+        QVERIFY(run.keychain.removeFirst(Service.toUtf8(), Name.toUtf8()));
+        QCOMPARE(run.keychain.accounts(Service), QStringList{Name});
+        QVERIFY(run.keychain.removeFirst(Service.toUtf8(), Name.toUtf8()));
+        QVERIFY(!run.keychain.removeFirst(Service.toUtf8(), Name.toUtf8()));
+        QCOMPARE(run.keychain.accounts(Service), QStringList());
+    }
+
+    void itemsWithoutAnAccountAreLeftOut() {
+        addForeignItem({});
+        keep(Name, "secret");
+        QCOMPARE(Run().keychain.accounts(Service), QStringList{Name});
+    }
+
+    void removingWhatIsNotThereFails() {
+        keep(Name, "secret");
+        Run run;
+        QVERIFY(!run.keychain.removeFirst(Service.toUtf8(), "other"));
+        QVERIFY(!run.keychain.removeFirst("other service", Name.toUtf8()));
+        QCOMPARE(run.keychain.accounts(Service), QStringList{Name});
+    }
+
+    /// Names are cut to as many bytes as they have UTF-16 code units.
+    void aNameThatIsCutFindsNothing_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("between letters") << QStringLiteral("über");
+        QTest::newRow("within a letter") << QStringLiteral("aü");
+    }
+
+    void aNameThatIsCutFindsNothing() {
+        QFETCH(QString, name);
+        keep(name, "secret");
+        Run run;
+        QVERIFY(!run.keychain.removeFirst(Service.toUtf8(), name.toUtf8().left(name.size())));
+        QCOMPARE(run.keychain.accounts(Service), QStringList{name});
+        QVERIFY(run.keychain.removeFirst(Service.toUtf8(), name.toUtf8()));
+    }
+
+    void aPasswordMayBeAnyBytes() {
+        const QByteArray bytes("\0\x80\xFF", 3);
+        keep(Name, bytes);
+        QCOMPARE(Run().keychain.password(Service, Name), bytes);
+    }
+
+    void failingToLookUpIsToldFromFindingNothing() {
+        m_service->stopKeyring();
+        Run run;
+        QVERIFY(!run.keychain.accounts(Service));
+        run.keychain.setPassword(Service, Name, "secret");
+        QCOMPARE(run.keychain.accounts(Service), QStringList{Name});
+        QCOMPARE(run.keychain.password(Service, Name), QByteArray("secret"));
+        QVERIFY(run.keychain.removeFirst(Service.toUtf8(), Name.toUtf8()));
+        QVERIFY(!run.keychain.accounts(Service));
+    }
+
+    void theItemsOfALockedKeyringCannotBeLookedUp() {
+        keep(Name, "secret");
+        m_service->lock();
+        Run run;
+        QVERIFY(!run.keychain.password(Service, Name));
+        QVERIFY(!run.keychain.removeFirst(Service.toUtf8(), Name.toUtf8()));
+        m_service->stopKeyring();
+        m_service->startKeyring();
+        QCOMPARE(run.keychain.accounts(Service), QStringList{Name});
+    }
+};
+
+VELMORA_TEST_MAIN(KeychainTest)
+#include "KeychainTest.moc"

@@ -1,0 +1,398 @@
+#include "Platform/Security/SecretStore.h"
+
+#include <QtCore/QThread>
+#include <atomic>
+
+#include "Platform/Foundation/NotificationCenter.h"
+#include "Support/PromptingSecretService.h"
+#include "Support/SecretService.h"
+#include "Support/TestMain.h"
+
+using namespace std::chrono_literals;
+using Person = PromptingSecretService::Person;
+
+/// Each store is a run of its own.
+class SecretStoreTest : public QObject {
+    Q_OBJECT
+
+    static constexpr std::chrono::milliseconds Short = 300ms;
+
+    std::unique_ptr<SecretService> m_service;
+    int m_tellings = 0;
+
+    static StoredSecret item(const QByteArray &name, const QByteArray &secret,
+                             SecretKeeping keeping = SecretKeeping::ForGood) {
+        return {.attributes = {{"xdg:schema", "velmora.Test"}, {"name", name}},
+                .label = QStringLiteral("of a test"),
+                .secret = secret,
+                .keeping = keeping};
+    }
+
+    static std::optional<QByteArray> secretOf(SecretStore &store, const QByteArray &name) {
+        const auto items = store.find(item(name, {}).attributes);
+        return items && !items->isEmpty() ? std::optional(items->first().secret) : std::nullopt;
+    }
+
+    static void keep(const QByteArray &name, const QByteArray &secret) {
+        SecretStore store;
+        store.set(item(name, secret));
+        QVERIFY(store.finishWriting());
+    }
+
+    static bool isNotFound(const QByteArray &name) {
+        SecretStore store;
+        const auto items = store.find(item(name, {}).attributes);
+        return items && items->isEmpty();
+    }
+
+    /// Sets two, and expects them in memory, and one telling that gives `reason`.
+    void expectKeptInMemoryAndToldOnce(SecretStore &store, const QString &reason) {
+        store.set(item("one", "1"));
+        store.set(item("two", "2"));
+        QCOMPARE(secretOf(store, "one"), QByteArray("1"));
+        QVERIFY(!store.finishWriting());
+        store.set(item("three", "3"));
+        store.finishWriting();
+        QCOMPARE(secretOf(store, "one"), QByteArray("1"));
+        QCOMPARE(secretOf(store, "two"), QByteArray("2"));
+        QCOMPARE(secretOf(store, "three"), QByteArray("3"));
+        QVERIFY(store.error());
+        QCOMPARE(store.error()->localizedFailureReason, reason);
+        QTRY_COMPARE(m_tellings, 1);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(m_tellings, 1);
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        NotificationCenter::defaultCenter().addObserver(
+            this, SecretsNotKeptNotification, [this](const Notification &notification) {
+                QCOMPARE(QThread::currentThread(), qApp->thread());
+                QCOMPARE(notification.object, nullptr);
+                ++m_tellings;
+            });
+    }
+
+    void init() {
+        m_service = std::make_unique<SecretService>();
+        m_tellings = 0;
+    }
+
+    void cleanup() { m_service.reset(); }
+
+    void whatWasSetIsFoundAtOnceAndInALaterRun() {
+        {
+            SecretStore store;
+            store.set(item("name", "first"));
+            QCOMPARE(secretOf(store, "name"), QByteArray("first"));
+            store.set(item("name", "second"));
+            QCOMPARE(secretOf(store, "name"), QByteArray("second"));
+        }
+        SecretStore later;
+        QCOMPARE(secretOf(later, "name"), QByteArray("second"));
+        QCOMPARE(m_service->count({{QStringLiteral("name"), QStringLiteral("name")}}), 1);
+        QVERIFY(!later.error());
+        QCOMPARE(m_tellings, 0);
+    }
+
+    void whatHasBeenKeptIsReadFromTheServiceAgain() {
+        SecretStore store;
+        store.set(item("name", "mine"));
+        QVERIFY(store.finishWriting());
+        keep("name", "of another program");
+        QCOMPARE(secretOf(store, "name"), QByteArray("of another program"));
+    }
+
+    void whatIsForThisRunNeverReachesTheService() {
+        {
+            SecretStore store;
+            store.set(item("name", "passing", SecretKeeping::ThisRun));
+            QVERIFY(store.finishWriting());
+            QCOMPARE(secretOf(store, "name"), QByteArray("passing"));
+        }
+        QVERIFY(isNotFound("name"));
+    }
+
+    void anySecretIsKeptByteByByte() {
+        const QByteArray bytes("\0\xFF\xC3\xA4 p\0", 7);
+        keep("bytes", bytes);
+        keep("empty", "");
+        SecretStore store;
+        QCOMPARE(secretOf(store, "bytes"), bytes);
+        QCOMPARE(secretOf(store, "empty"), QByteArray(""));
+    }
+
+    void aPartOfTheAttributesFindsAllThatHaveIt() {
+        keep("one", "1");
+        SecretStore store;
+        store.set(item("two", "2", SecretKeeping::ThisRun));
+        QCOMPARE(store.find({{"xdg:schema", "velmora.Test"}})->size(), 2);
+        QCOMPARE(store.find({{"xdg:schema", "velmora.Other"}})->size(), 0);
+    }
+
+    void theSecretsOfARunAreSharedByItsThreads() {
+        SecretStore store;
+        std::atomic_int countOfFound = 0;
+        std::vector<std::unique_ptr<QThread>> threads;
+        for (int i = 0; i < 4; ++i) {
+            threads.emplace_back(QThread::create([&store, &countOfFound, i] {
+                const QByteArray name = QByteArray::number(i);
+                store.set(item(name, name));
+                countOfFound += secretOf(store, name) == name;
+                store.finishWriting();
+                countOfFound += secretOf(store, name) == name;
+            }));
+            threads.back()->start();
+        }
+        for (const auto &thread : threads) {
+            thread->wait();
+        }
+        QCOMPARE(countOfFound, 8);
+        QVERIFY(!store.error());
+    }
+
+    void restartsOfKeyringAndBusAreSurvived() {
+        keep("name", "before");
+        SecretStore store;
+        QCOMPARE(secretOf(store, "name"), QByteArray("before"));
+        m_service->stopKeyring();
+        QVERIFY(!store.find(item("name", {}).attributes));
+        m_service->startKeyring();
+        QCOMPARE(secretOf(store, "name"), QByteArray("before"));
+        m_service->stopBus();
+        QVERIFY(!store.find(item("name", {}).attributes));
+        m_service->startBus();
+        m_service->startKeyring();
+        QCOMPARE(secretOf(store, "name"), QByteArray("before"));
+        store.set(item("name", "after"));
+        QVERIFY(store.finishWriting());
+    }
+
+    void removingTakesTheFirstOnly() {
+        for (const char *secret : {"1", "2"}) {
+            m_service->addItem({{QStringLiteral("xdg:schema"), QStringLiteral("velmora.Test")},
+                                {QStringLiteral("name"), QStringLiteral("twice")}},
+                               secret);
+        }
+        SecretStore store;
+        QCOMPARE(store.find(item("twice", {}).attributes)->size(), 2);
+        QVERIFY(store.removeFirst(item("twice", {}).attributes));
+        QCOMPARE(store.find(item("twice", {}).attributes)->size(), 1);
+        QVERIFY(store.removeFirst(item("twice", {}).attributes));
+        QVERIFY(!store.removeFirst(item("twice", {}).attributes));
+    }
+
+    void whatIsStillToBeWrittenCanBeRemovedToo() {
+        SecretStore store;
+        store.set(item("name", "secret"));
+        QVERIFY(store.removeFirst(item("name", {}).attributes));
+        QVERIFY(!secretOf(store, "name"));
+        QVERIFY(isNotFound("name"));
+    }
+
+    void whatIsOnlyInMemoryIsRemovedWithoutAService() {
+        m_service->stopKeyring();
+        SecretStore store;
+        store.set(item("name", "secret"));
+        QVERIFY(!store.finishWriting());
+        QVERIFY(store.removeFirst(item("name", {}).attributes));
+        QVERIFY(!secretOf(store, "name"));
+        QVERIFY(!store.removeFirst(item("name", {}).attributes));
+    }
+
+    void withoutABusSecretsStayInMemory() {
+        m_service->stopBus();
+        SecretStore store;
+        QVERIFY(!store.find(item("one", {}).attributes));
+        QCOMPARE(m_tellings, 0);
+        expectKeptInMemoryAndToldOnce(
+            store, QStringLiteral("No password service is running on this computer."));
+    }
+
+    void withoutAServiceOnTheBusSecretsStayInMemory() {
+        m_service->stopKeyring();
+        SecretStore store;
+        expectKeptInMemoryAndToldOnce(
+            store, QStringLiteral("No password service is running on this computer."));
+    }
+
+    void whileTheKeyringIsLockedSecretsStayInMemory() {
+        keep("locked", "secret");
+        m_service->lock();
+        SecretStore store;
+        QVERIFY(!secretOf(store, "locked"));
+        expectKeptInMemoryAndToldOnce(store, QStringLiteral("The keyring is locked."));
+        m_service->stopKeyring();
+        m_service->startKeyring();
+        QCOMPARE(secretOf(store, "locked"), QByteArray("secret"));
+    }
+
+    void aKeyringThatCannotBeUnlockedAtLoginKeepsNothing() {
+        keep("locked", "secret");
+        m_service->stopKeyring();
+        m_service->startKeyring("another password");
+        SecretStore store;
+        QVERIFY(!secretOf(store, "locked"));
+        expectKeptInMemoryAndToldOnce(store, QStringLiteral("The keyring is locked."));
+    }
+
+    void aKeyringThatDiesWhileItWritesIsNoticed() {
+        SecretStore store;
+        m_service->freezeKeyring();
+        store.set(item("one", "1"));
+        QCOMPARE(m_tellings, 0);
+        m_service->stopKeyring();
+        QTRY_COMPARE(m_tellings, 1);
+        expectKeptInMemoryAndToldOnce(store, store.error()->localizedFailureReason);
+    }
+
+    void aKeyringThatDiesWhileItIsAskedFindsNothing() {
+        SecretStore store;
+        m_service->freezeKeyring();
+        bool isFound = true;
+        const std::unique_ptr<QThread> asking(
+            QThread::create([&] { isFound = store.find(item("one", {}).attributes).has_value(); }));
+        asking->start();
+        m_service->stopKeyring();
+        QVERIFY(asking->wait());
+        QVERIFY(!isFound);
+        m_service->startKeyring();
+        QVERIFY(store.find(item("one", {}).attributes).has_value());
+    }
+
+    void aServiceThatDoesNotAnswerIsWaitedForOnce() {
+        SecretStore store(Short);
+        m_service->freezeKeyring();
+        store.set(item("one", "1"));
+        QCOMPARE(secretOf(store, "one"), QByteArray("1"));
+        QVERIFY(!store.find(item("other", {}).attributes));
+        QVERIFY(!store.removeFirst(item("other", {}).attributes));
+        QVERIFY(!store.finishWriting());
+        QVERIFY(!store.error());
+        // Leaving the block ends the store's run: it has to, though nothing was answered.
+    }
+
+    void whatIsStillToBeWrittenAtTheEndIsWritten() {
+        {
+            SecretStore store;
+            for (const char *name : {"1", "2", "3", "4", "5", "6", "7", "8"}) {
+                store.set(item(name, name));
+            }
+        }
+        SecretStore later;
+        QCOMPARE(later.find({{"xdg:schema", "velmora.Test"}})->size(), 8);
+    }
+
+    void aDismissedPromptKeepsSecretsInMemory() {
+        m_service->stopKeyring();
+        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        SecretStore store;
+        expectKeptInMemoryAndToldOnce(store, QStringLiteral("The keyring is locked."));
+    }
+
+    void writesThatWaitBehindADismissedPromptDoNotPromptAgain() {
+        m_service->stopKeyring();
+        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        SecretStore store;
+        for (const char *name : {"1", "2", "3", "4"}) {
+            store.set(item(name, name));
+        }
+        QVERIFY(!store.finishWriting());
+        const int before = prompting.countOfPrompts();
+        QVERIFY(before >= 1 && before < 4);
+        store.set(item("5", "5"));
+        QVERIFY(!store.finishWriting());
+        QVERIFY(prompting.countOfPrompts() > before);
+    }
+
+    void onceDeclinedLookingUpDoesNotPromptAgain() {
+        m_service->stopKeyring();
+        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        SecretStore store;
+        QCOMPARE(store.find(item("one", {}).attributes)->size(), 0);
+        QCOMPARE(prompting.countOfPrompts(), 1);
+        QCOMPARE(store.find(item("one", {}).attributes)->size(), 0);
+        QCOMPARE(prompting.countOfPrompts(), 1);
+        QCOMPARE(m_tellings, 0);
+    }
+
+    void aDismissedDeletionIsNotHeldForDone() {
+        m_service->stopKeyring();
+        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        SecretStore store;
+        QVERIFY(!store.removeFirst(item("open", {}).attributes));
+        QCOMPARE(prompting.countOfPrompts(), 1);
+        QVERIFY(!store.removeFirst(item("locked", {}).attributes));
+        QCOMPARE(prompting.countOfPrompts(), 2);
+    }
+
+    void aServiceThatDiesWhileItPromptsIsNoticed() {
+        m_service->stopKeyring();
+        auto prompting =
+            std::make_unique<PromptingSecretService>(m_service->busAddress(), Person::LooksAway);
+        SecretStore store;
+        store.set(item("one", "1"));
+        QTRY_COMPARE(prompting->countOfPrompts(), 1);
+        prompting.reset();
+        QVERIFY(!store.finishWriting());
+        QTRY_COMPARE(m_tellings, 1);
+        QCOMPARE(secretOf(store, "one"), QByteArray("1"));
+    }
+
+    void aPromptThatIsLeftOpenHoldsNothingUp() {
+        m_service->stopKeyring();
+        PromptingSecretService prompting(m_service->busAddress(), Person::LooksAway);
+        SecretStore store(Short);
+        store.set(item("one", "1"));
+        QTRY_COMPARE(prompting.countOfPrompts(), 1);
+        QCOMPARE(secretOf(store, "one"), QByteArray("1"));
+        QVERIFY(!store.find(item("other", {}).attributes));
+        const int before = prompting.countOfPrompts();
+        QVERIFY(!store.find(item("other", {}).attributes));
+        QCOMPARE(prompting.countOfPrompts(), before);
+        QVERIFY(!store.finishWriting());
+        QVERIFY(!store.removeFirst(item("one", {}).attributes));
+    }
+
+    void attributesThatCannotBeSentAreRememberedForThisRun_data() {
+        QTest::addColumn<QByteArray>("name");
+        QTest::newRow("cut UTF-8") << QByteArray("J\xC3");
+        QTest::newRow("NUL") << QByteArray("a\0b", 3);
+    }
+
+    void attributesThatCannotBeSentAreRememberedForThisRun() {
+        QFETCH(QByteArray, name);
+        SecretStore store;
+        QVERIFY(!store.find(item(name, {}).attributes));
+        QVERIFY(!store.removeFirst(item(name, {}).attributes));
+        store.set(item(name, "secret"));
+        QCOMPARE(secretOf(store, name), QByteArray("secret"));
+        QTRY_COMPARE(m_tellings, 1);
+        QVERIFY(store.removeFirst(item(name, {}).attributes));
+        QVERIFY(!secretOf(store, name));
+    }
+
+    void noErrorHoldsASecret() {
+        m_service->stopKeyring();
+        SecretStore store;
+        store.set(item("account-name", "pass-word"));
+        store.finishWriting();
+        const Error error = store.error().value();
+        for (const QString &text :
+             {error.domain, error.localizedDescription, error.localizedFailureReason}) {
+            QVERIFY(!text.isEmpty());
+            QVERIFY(!text.contains(QLatin1StringView("pass-word")));
+            QVERIFY(!text.contains(QLatin1StringView("account-name")));
+        }
+    }
+
+    void testsHaveNoSessionBusOfTheirOwn() {
+        m_service.reset();
+        SecretStore store;
+        QVERIFY(!store.find(item("one", {}).attributes));
+        QVERIFY(qgetenv("DBUS_SESSION_BUS_ADDRESS").endsWith("/no-bus"));
+    }
+};
+
+VELMORA_TEST_MAIN(SecretStoreTest)
+#include "SecretStoreTest.moc"

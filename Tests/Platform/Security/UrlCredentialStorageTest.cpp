@@ -1,0 +1,251 @@
+#include "Platform/Security/UrlCredentialStorage.h"
+
+#include <QtCore/QProcess>
+#include <cstdio>
+
+#include "Platform/Security/SecretStore.h"
+#include "Support/SecretService.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+using Persistence = UrlCredential::Persistence;
+
+UrlProtectionSpace basicSpace() {
+    return {.host = QStringLiteral("example-host"),
+            .port = 8080,
+            .protocol = QStringLiteral("https"),
+            .authenticationMethod = UrlAuthenticationMethodHttpBasic};
+}
+
+UrlCredential credential(const QString &user, const QString &password,
+                         Persistence persistence = Persistence::Permanent) {
+    return {.user = user, .password = password, .persistence = persistence};
+}
+
+const QString User = QStringLiteral("user");
+
+/// What this program does when it is started as another process.
+int printPasswordOf(const QString &user) {
+    const auto found = UrlCredentialStorage::shared().credentialsForProtectionSpace(basicSpace());
+    std::fputs(found.value(user).password.toUtf8().constData(), stdout);
+    return 0;
+}
+
+}  // namespace
+
+/// Each pair of store and storage is a run of its own.
+class UrlCredentialStorageTest : public QObject {
+    Q_OBJECT
+
+    struct Run {
+        SecretStore store;
+        UrlCredentialStorage storage{store};
+    };
+
+    std::unique_ptr<SecretService> m_service;
+
+    static void keep(const UrlCredential &kept, const UrlProtectionSpace &space) {
+        Run run;
+        run.storage.setCredentialForProtectionSpace(kept, space);
+        QVERIFY(run.store.finishWriting());
+    }
+
+private Q_SLOTS:
+    void init() { m_service = std::make_unique<SecretService>(); }
+    void cleanup() { m_service.reset(); }
+
+    void aStoredCredentialIsFoundAtOnceAndInALaterRun() {
+        const UrlCredential stored = credential(User, QStringLiteral("secret"));
+        {
+            Run run;
+            run.storage.setCredentialForProtectionSpace(stored, basicSpace());
+            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value(User), stored);
+        }
+        QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value(User), stored);
+    }
+
+    void aStoredCredentialIsFoundByAnotherProcessAndAfterRestarts() {
+        keep(credential(User, QStringLiteral("secret")), basicSpace());
+        for (const bool isRestarted : {false, true}) {
+            if (isRestarted) {
+                m_service->stopKeyring();
+                m_service->stopBus();
+                m_service->startBus();
+                m_service->startKeyring();
+            }
+            QProcess other;
+            other.start(QCoreApplication::applicationFilePath(),
+                        {QStringLiteral("--print-password-of"), User});
+            QVERIFY(other.waitForFinished());
+            QCOMPARE(other.readAllStandardOutput(), QByteArray("secret"));
+        }
+    }
+
+    void textsOfAnyLanguageAreKept() {
+        const UrlCredential stored =
+            credential(QStringLiteral("Jürgen ☃ 名"), QStringLiteral("pässwörd 🔑 \" ' \\ \n"));
+        UrlProtectionSpace space = basicSpace();
+        space.host = QStringLiteral("bücher.example");
+        space.realm = QStringLiteral("Büro „Nord“");
+        keep(stored, space);
+        QCOMPARE(Run().storage.credentialsForProtectionSpace(space).value(stored.user), stored);
+    }
+
+    void anEmptyUserAndAnEmptyPasswordAreKept() {
+        keep(credential(QString(), QString()), basicSpace());
+        const auto found = Run().storage.credentialsForProtectionSpace(basicSpace());
+        QCOMPARE(found.size(), 1);
+        QCOMPARE(found.value(QString()), credential(QString(), QString()));
+    }
+
+    void aSpaceHasACredentialForEachUser() {
+        const QString other = QStringLiteral("other");
+        keep(credential(User, QStringLiteral("1")), basicSpace());
+        keep(credential(other, QStringLiteral("2")), basicSpace());
+        const auto found = Run().storage.credentialsForProtectionSpace(basicSpace());
+        QCOMPARE(found.size(), 2);
+        QCOMPARE(found.value(User).password, QStringLiteral("1"));
+        QCOMPARE(found.value(other).password, QStringLiteral("2"));
+    }
+
+    void settingReplacesTheCredentialOfTheSameUser() {
+        keep(credential(User, QStringLiteral("old")), basicSpace());
+        keep(credential(User, QStringLiteral("new")), basicSpace());
+        QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value(User).password,
+                 QStringLiteral("new"));
+        QCOMPARE(m_service->count({{QStringLiteral("user"), User}}), 1);
+    }
+
+    void spacesThatDifferInAnythingShareNoCredential_data() {
+        QTest::addColumn<UrlProtectionSpace>("other");
+        UrlProtectionSpace other = basicSpace();
+        other.host = QStringLiteral("Example-Host");
+        QTest::newRow("host") << other;
+        other = basicSpace();
+        other.port = 0;
+        QTest::newRow("port") << other;
+        other = basicSpace();
+        other.protocol = QStringLiteral("http");
+        QTest::newRow("protocol") << other;
+        other = basicSpace();
+        other.realm = QString();
+        QTest::newRow("empty realm") << other;
+        other.realm = QStringLiteral("realm");
+        QTest::newRow("realm") << other;
+        other = basicSpace();
+        other.authenticationMethod = UrlAuthenticationMethodHttpDigest;
+        QTest::newRow("authentication method") << other;
+    }
+
+    void spacesThatDifferInAnythingShareNoCredential() {
+        QFETCH(UrlProtectionSpace, other);
+        keep(credential(User, QStringLiteral("1")), basicSpace());
+        QVERIFY(Run().storage.credentialsForProtectionSpace(other).isEmpty());
+        keep(credential(User, QStringLiteral("2")), other);
+        Run run;
+        QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value(User).password,
+                 QStringLiteral("1"));
+        QCOMPARE(run.storage.credentialsForProtectionSpace(other).value(User).password,
+                 QStringLiteral("2"));
+    }
+
+    void aSpaceHasADefaultCredentialOnceOneIsSet() {
+        const UrlCredential first = credential(User, QStringLiteral("1"));
+        const UrlCredential second = credential(QStringLiteral("other"), QStringLiteral("2"));
+        keep(first, basicSpace());
+        QVERIFY(!Run().storage.defaultCredentialForProtectionSpace(basicSpace()));
+        for (const UrlCredential &chosen : {second, first}) {
+            {
+                Run run;
+                run.storage.setDefaultCredentialForProtectionSpace(chosen, basicSpace());
+                QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()), chosen);
+            }
+            QCOMPARE(Run().storage.defaultCredentialForProtectionSpace(basicSpace()), chosen);
+        }
+        Run run;
+        QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).size(), 2);
+        UrlProtectionSpace digest = basicSpace();
+        digest.authenticationMethod = UrlAuthenticationMethodHttpDigest;
+        QVERIFY(!run.storage.defaultCredentialForProtectionSpace(digest));
+    }
+
+    void theDefaultCredentialFollowsItsPassword() {
+        Run run;
+        run.storage.setDefaultCredentialForProtectionSpace(credential(User, QStringLiteral("old")),
+                                                           basicSpace());
+        run.storage.setCredentialForProtectionSpace(credential(User, QStringLiteral("new")),
+                                                    basicSpace());
+        QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace())->password,
+                 QStringLiteral("new"));
+    }
+
+    void aCredentialForTheSessionEndsWithTheRun() {
+        const UrlCredential passing =
+            credential(User, QStringLiteral("secret"), Persistence::ForSession);
+        {
+            Run run;
+            run.storage.setDefaultCredentialForProtectionSpace(passing, basicSpace());
+            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value(User), passing);
+            QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()), passing);
+        }
+        Run later;
+        QVERIFY(later.storage.credentialsForProtectionSpace(basicSpace()).isEmpty());
+        QVERIFY(!later.storage.defaultCredentialForProtectionSpace(basicSpace()));
+    }
+
+    void aCredentialWithoutPersistenceIsNotStored() {
+        Run run;
+        const UrlCredential none = credential(User, QStringLiteral("secret"), Persistence::None);
+        run.storage.setCredentialForProtectionSpace(none, basicSpace());
+        run.storage.setDefaultCredentialForProtectionSpace(none, basicSpace());
+        QVERIFY(run.storage.credentialsForProtectionSpace(basicSpace()).isEmpty());
+        QVERIFY(!run.storage.defaultCredentialForProtectionSpace(basicSpace()));
+    }
+
+    void anAbsentSpaceHasNothingAndTakesNothing() {
+        Run run;
+        const UrlCredential some = credential(User, QStringLiteral("secret"));
+        run.storage.setCredentialForProtectionSpace(some, std::nullopt);
+        run.storage.setDefaultCredentialForProtectionSpace(some, std::nullopt);
+        QVERIFY(run.storage.credentialsForProtectionSpace(std::nullopt).isEmpty());
+        QVERIFY(!run.storage.defaultCredentialForProtectionSpace(std::nullopt));
+        QVERIFY(run.store.finishWriting());
+        QCOMPARE(m_service->count({{QStringLiteral("user"), User}}), 0);
+    }
+
+    void withoutAServiceACredentialIsFoundUntilTheRunEnds() {
+        m_service->stopKeyring();
+        const UrlCredential stored = credential(User, QStringLiteral("secret"));
+        {
+            Run run;
+            run.storage.setDefaultCredentialForProtectionSpace(stored, basicSpace());
+            QVERIFY(!run.store.finishWriting());
+            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value(User), stored);
+            QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()), stored);
+        }
+        m_service->startKeyring();
+        QVERIFY(Run().storage.credentialsForProtectionSpace(basicSpace()).isEmpty());
+    }
+
+    void aCredentialStoredByTheSharedStorageIsKept() {
+        UrlCredentialStorage::shared().setCredentialForProtectionSpace(
+            credential(User, QStringLiteral("shared")), basicSpace());
+        QVERIFY(SecretStore::shared().finishWriting());
+        QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value(User).password,
+                 QStringLiteral("shared"));
+    }
+};
+
+int main(int argumentCount, char **arguments) {
+    if (argumentCount == 3 && qstrcmp(arguments[1], "--print-password-of") == 0) {
+        const QCoreApplication application(argumentCount, arguments);
+        return printPasswordOf(QString::fromLocal8Bit(arguments[2]));
+    }
+    prepareTestProcess();
+    const QApplication application(argumentCount, arguments);
+    UrlCredentialStorageTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
+
+#include "UrlCredentialStorageTest.moc"

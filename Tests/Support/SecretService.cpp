@@ -1,0 +1,206 @@
+#include "Support/SecretService.h"
+
+#include <sys/prctl.h>
+
+#include <QtCore/QDir>
+#include <QtDBus/QDBusArgument>
+#include <QtDBus/QDBusConnectionInterface>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusMetaType>
+#include <QtDBus/QDBusObjectPath>
+#include <QtTest/QtTest>
+#include <csignal>
+#include <stdexcept>
+
+namespace {
+
+/// The service's "Secret" structure, (oayays).
+struct DBusSecret {
+    QDBusObjectPath session = {};
+    QByteArray parameters = {};
+    QByteArray value = {};
+    QString contentType = {};
+};
+
+QDBusArgument &operator<<(QDBusArgument &argument, const DBusSecret &secret) {
+    argument.beginStructure();
+    argument << secret.session << secret.parameters << secret.value << secret.contentType;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument &operator>>(const QDBusArgument &argument, DBusSecret &secret) {
+    argument.beginStructure();
+    argument >> secret.session >> secret.parameters >> secret.value >> secret.contentType;
+    argument.endStructure();
+    return argument;
+}
+
+const QString ServicePath = QStringLiteral("/org/freedesktop/secrets");
+const QString DefaultCollectionPath = QStringLiteral("/org/freedesktop/secrets/aliases/default");
+const QString ServiceInterface = QStringLiteral("org.freedesktop.Secret.Service");
+
+using Attributes = QMap<QString, QString>;
+
+void start(QProcess &process, const QString &program, const QStringList &arguments) {
+    // Whatever becomes of the test, nothing of it stays.
+    process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    process.start(program, arguments);
+    if (!process.waitForStarted()) {
+        throw std::runtime_error(program.toStdString() + " cannot be started; is it installed?");
+    }
+}
+
+void kill(QProcess &process) {
+    process.kill();
+    process.waitForFinished();
+}
+
+}  // namespace
+
+Q_DECLARE_METATYPE(DBusSecret)
+
+SecretService::SecretService() : m_addressBefore(qgetenv("DBUS_SESSION_BUS_ADDRESS")) {
+    qDBusRegisterMetaType<DBusSecret>();
+    qDBusRegisterMetaType<Attributes>();
+    m_busAddress = QStringLiteral("unix:path=%1").arg(m_directory.filePath(QStringLiteral("bus")));
+    for (const char *folder : {"run", "data", "config", "cache"}) {
+        QDir(m_directory.path()).mkdir(QLatin1StringView(folder));
+    }
+    QFile::setPermissions(m_directory.filePath(QStringLiteral("run")),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    startBus();
+    startKeyring();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", m_busAddress.toUtf8());
+}
+
+SecretService::~SecretService() {
+    qputenv("DBUS_SESSION_BUS_ADDRESS", m_addressBefore);
+    stopKeyring();
+    stopBus();
+}
+
+void SecretService::startBus() {
+    // Nothing is started by name, a desktop's password dialog for example.
+    QFile configuration(m_directory.filePath(QStringLiteral("bus.conf")));
+    if (!configuration.open(QIODevice::WriteOnly)) {
+        throw std::runtime_error("the bus cannot be configured");
+    }
+    configuration.write(
+        QStringLiteral("<busconfig><type>session</type><listen>%1</listen>"
+                       "<auth>EXTERNAL</auth><policy context=\"default\">"
+                       "<allow send_destination=\"*\"/><allow receive_sender=\"*\"/>"
+                       "<allow own=\"*\"/>"
+                       "</policy></busconfig>")
+            .arg(m_busAddress)
+            .toUtf8());
+    configuration.close();
+    start(m_bus, QStringLiteral("dbus-daemon"),
+          {QStringLiteral("--config-file=") + configuration.fileName(), QStringLiteral("--nofork"),
+           QStringLiteral("--nopidfile"), QStringLiteral("--print-address")});
+    if (!m_bus.waitForReadyRead()) {
+        throw std::runtime_error("dbus-daemon does not begin to listen");
+    }
+    if (!QDBusConnection::connectToBus(m_busAddress, m_busAddress).isConnected()) {
+        throw std::runtime_error("the bus cannot be reached");
+    }
+}
+
+void SecretService::stopBus() {
+    QDBusConnection::disconnectFromBus(m_busAddress);
+    kill(m_bus);
+    kill(m_keyring);
+    QFile::remove(m_directory.filePath(QStringLiteral("bus")));
+}
+
+void SecretService::startKeyring(const QByteArray &password) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_busAddress);
+    environment.insert(QStringLiteral("HOME"), m_directory.path());
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"),
+                       m_directory.filePath(QStringLiteral("run")));
+    environment.insert(QStringLiteral("XDG_DATA_HOME"),
+                       m_directory.filePath(QStringLiteral("data")));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                       m_directory.filePath(QStringLiteral("config")));
+    environment.insert(QStringLiteral("XDG_CACHE_HOME"),
+                       m_directory.filePath(QStringLiteral("cache")));
+    environment.remove(QStringLiteral("GNOME_KEYRING_CONTROL"));
+    environment.remove(QStringLiteral("DISPLAY"));
+    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    m_keyring.setProcessEnvironment(environment);
+    start(m_keyring, QStringLiteral("gnome-keyring-daemon"),
+          {QStringLiteral("--foreground"), QStringLiteral("--unlock"),
+           QStringLiteral("--components=secrets")});
+    m_keyring.write(password);
+    m_keyring.closeWriteChannel();
+    const bool isThere = QTest::qWaitFor([this] {
+        return bus()
+            .interface()
+            ->isServiceRegistered(QStringLiteral("org.freedesktop.secrets"))
+            .value();
+    });
+    if (!isThere) {
+        throw std::runtime_error("gnome-keyring-daemon does not come onto the bus");
+    }
+}
+
+void SecretService::stopKeyring() {
+    kill(m_keyring);
+}
+
+void SecretService::freezeKeyring() {
+    ::kill(static_cast<pid_t>(m_keyring.processId()), SIGSTOP);
+}
+
+void SecretService::lock() {
+    const QDBusObjectPath collection =
+        call(ServicePath, ServiceInterface, QStringLiteral("ReadAlias"),
+             {QStringLiteral("default")})
+            .arguments()
+            .value(0)
+            .value<QDBusObjectPath>();
+    call(ServicePath, ServiceInterface, QStringLiteral("Lock"),
+         {QVariant::fromValue(QList<QDBusObjectPath>{collection})});
+}
+
+void SecretService::addItem(const QMap<QString, QString> &attributes, const QByteArray &secret) {
+    const QDBusMessage session =
+        call(ServicePath, ServiceInterface, QStringLiteral("OpenSession"),
+             {QStringLiteral("plain"), QVariant::fromValue(QDBusVariant(QString()))});
+    const QVariantMap properties{
+        {QStringLiteral("org.freedesktop.Secret.Item.Label"), QStringLiteral("of a test")},
+        {QStringLiteral("org.freedesktop.Secret.Item.Attributes"),
+         QVariant::fromValue(attributes)}};
+    const DBusSecret value{.session = session.arguments().value(1).value<QDBusObjectPath>(),
+                           .value = secret,
+                           .contentType = QStringLiteral("text/plain")};
+    call(DefaultCollectionPath, QStringLiteral("org.freedesktop.Secret.Collection"),
+         QStringLiteral("CreateItem"), {properties, QVariant::fromValue(value), false});
+}
+
+qsizetype SecretService::count(const QMap<QString, QString> &attributes) const {
+    const QDBusMessage found = call(ServicePath, ServiceInterface, QStringLiteral("SearchItems"),
+                                    {QVariant::fromValue(attributes)});
+    qsizetype count = 0;
+    for (const QVariant &paths : found.arguments()) {
+        count += qdbus_cast<QList<QDBusObjectPath>>(paths).size();
+    }
+    return count;
+}
+
+QDBusConnection SecretService::bus() const {
+    return QDBusConnection(m_busAddress);
+}
+
+QDBusMessage SecretService::call(const QString &path, const QString &interface,
+                                 const QString &method, const QVariantList &arguments) const {
+    QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.secrets"),
+                                                          path, interface, method);
+    message.setArguments(arguments);
+    const QDBusMessage reply = bus().call(message);
+    if (reply.type() == QDBusMessage::ErrorMessage) {
+        throw std::runtime_error(reply.errorMessage().toStdString());
+    }
+    return reply;
+}
