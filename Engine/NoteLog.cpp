@@ -131,15 +131,14 @@ std::optional<Error> NoteLog::setName(const QString &name) const {
 }
 
 std::optional<Error> NoteLog::merge(const Transaction &transaction) const {
+    QSqlQuery insertion = prepareInsertion();
     for (const Operation &operation : transaction.operations) {
-        if (std::optional<Error> error = insert(operation, operation.supersedes.value(0))) {
-            return error;
-        }
-        if (std::optional<Error> error = supersede(operation.supersedes)) {
+        if (std::optional<Error> error =
+                insert(insertion, operation, operation.supersedes.value(0))) {
             return error;
         }
     }
-    if (std::optional<Error> error = supersede(transaction.superseded)) {
+    if (std::optional<Error> error = supersede(transaction.allSuperseded())) {
         return error;
     }
     return markAllSent();
@@ -147,9 +146,9 @@ std::optional<Error> NoteLog::merge(const Transaction &transaction) const {
 
 std::optional<Error> NoteLog::markAllSent() const {
     return m_profile.run(
-        QStringLiteral("UPDATE databases SET sent = (SELECT coalesce(max(id), 0) FROM operations"
-                       " WHERE database = ?1) WHERE id = ?1 AND sent IS NOT (SELECT"
-                       " coalesce(max(id), 0) FROM operations WHERE database = ?1)"),
+        QStringLiteral("UPDATE databases SET sent = coalesce("
+                       "(SELECT max(id) FROM operations WHERE database = databases.id), sent)"
+                       " WHERE id = ?"),
         {m_database});
 }
 
@@ -215,7 +214,8 @@ QList<NoteLog::Row> NoteLog::rows() const {
 }
 
 OperationId NoteLog::shownUnder(const QString &noteUUID) const {
-    const QList<Operation> operations = select(QStringLiteral("note_uuid = ?"), {noteUUID});
+    const QList<Operation> operations =
+        select(QStringLiteral("note_uuid = ?"), {ProfileDatabase::text(noteUUID)});
     if (!operations.isEmpty()) {
         return std::min_element(operations.begin(), operations.end(),
                                 [](const auto &a, const auto &b) { return a.comesBefore(b); })
@@ -267,7 +267,8 @@ bool NoteLog::isUnsent(const OperationId &identifier) const {
 
 std::optional<Error> NoteLog::replace(const QList<OperationId> &seen,
                                       const Operation &operation) const {
-    if (std::optional<Error> error = insert(operation, seen.value(0))) {
+    QSqlQuery insertion = prepareInsertion();
+    if (std::optional<Error> error = insert(insertion, operation, seen.value(0))) {
         return error;
     }
     if (std::optional<Error> error = erase(seen)) {
@@ -276,44 +277,66 @@ std::optional<Error> NoteLog::replace(const QList<OperationId> &seen,
     return supersede(operation.supersedes);
 }
 
-std::optional<Error> NoteLog::insert(const Operation &operation, const OperationId &seen) const {
-    QSqlQuery query = m_profile.prepare(QStringLiteral(
-        "INSERT OR IGNORE INTO operations (database, digest, note_uuid, title, text, modified,"
+QSqlQuery NoteLog::prepareInsertion() const {
+    return m_profile.prepare(QStringLiteral(
+        "WITH new (database, digest, note_uuid, title, text, modified, supersedes, salt, seen)"
+        " AS (VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?))"
+        " INSERT OR IGNORE INTO operations (database, digest, note_uuid, title, text, modified,"
         " supersedes, salt, position)"
-        " SELECT ?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, coalesce("
-        "  (SELECT min(position) FROM operations WHERE database = ?1 AND note_uuid = ?3),"
-        "  (SELECT position FROM operations WHERE database = ?1 AND digest = ?9),"
-        "  (SELECT max(position) + 1 FROM operations WHERE database = ?1), 0)"
-        " WHERE NOT EXISTS (SELECT 1 FROM superseded WHERE database = ?1 AND digest = ?2)"));
+        " SELECT database, digest, note_uuid, title, text, modified, supersedes, salt, coalesce("
+        "  (SELECT min(position) FROM operations AS o"
+        "   WHERE o.database = new.database AND o.note_uuid = new.note_uuid),"
+        "  (SELECT position FROM operations AS o"
+        "   WHERE o.database = new.database AND o.digest = new.seen),"
+        "  (SELECT max(position) + 1 FROM operations AS o WHERE o.database = new.database), 0)"
+        " FROM new WHERE NOT EXISTS (SELECT 1 FROM superseded AS s"
+        "  WHERE s.database = new.database AND s.digest = new.digest)"));
+}
+
+std::optional<Error> NoteLog::insert(QSqlQuery &insertion, const Operation &operation,
+                                     const OperationId &seen) const {
     const auto modified = operation.modified;
-    for (const QVariant &value :
-         QVariantList{m_database, blob(operation.id), ProfileDatabase::text(operation.note),
-                      ProfileDatabase::text(operation.title), ProfileDatabase::text(operation.text),
-                      modified ? QVariant(*modified) : QVariant(),
-                      Operation::packed(operation.supersedes), operation.salt, blob(seen)}) {
-        query.addBindValue(value);
+    const QVariantList values{m_database,
+                              blob(operation.id),
+                              ProfileDatabase::text(operation.note),
+                              ProfileDatabase::text(operation.title),
+                              ProfileDatabase::text(operation.text),
+                              modified ? QVariant(*modified) : QVariant(),
+                              Operation::packed(operation.supersedes),
+                              operation.salt,
+                              blob(seen)};
+    for (int i = 0; i < values.size(); ++i) {
+        insertion.bindValue(i, values[i]);
     }
-    return query.exec() ? std::nullopt : std::optional(m_profile.errorOf(query));
+    return insertion.exec() ? std::nullopt : std::optional(m_profile.errorOf(insertion));
 }
 
 std::optional<Error> NoteLog::erase(const QList<OperationId> &identifiers) const {
+    QSqlQuery deletion = m_profile.prepare(
+        QStringLiteral("DELETE FROM operations WHERE database = ? AND digest = ?"));
+    deletion.bindValue(0, m_database);
     for (const OperationId &identifier : identifiers) {
-        if (std::optional<Error> error = m_profile.run(
-                QStringLiteral("DELETE FROM operations WHERE database = ? AND digest = ?"),
-                {m_database, blob(identifier)})) {
-            return error;
+        deletion.bindValue(1, identifier);
+        if (!deletion.exec()) {
+            return m_profile.errorOf(deletion);
         }
     }
     return {};
 }
 
 std::optional<Error> NoteLog::supersede(const QList<OperationId> &identifiers) const {
+    QSqlQuery insertion = m_profile.prepare(
+        QStringLiteral("INSERT OR IGNORE INTO superseded (database, digest) VALUES (?, ?)"));
+    insertion.bindValue(0, m_database);
+    QList<OperationId> added;
     for (const OperationId &identifier : identifiers) {
-        if (std::optional<Error> error = m_profile.run(
-                QStringLiteral("INSERT OR IGNORE INTO superseded (database, digest) VALUES (?, ?)"),
-                {m_database, blob(identifier)})) {
-            return error;
+        insertion.bindValue(1, identifier);
+        if (!insertion.exec()) {
+            return m_profile.errorOf(insertion);
+        }
+        if (insertion.numRowsAffected() > 0) {
+            added.append(identifier);
         }
     }
-    return erase(identifiers);
+    return erase(added);
 }

@@ -60,7 +60,9 @@ private:
     bool isUnsent(const OperationId &identifier) const;
     /// Puts `operation` into the place of `seen`.
     std::optional<Error> replace(const QList<OperationId> &seen, const Operation &operation) const;
-    std::optional<Error> insert(const Operation &operation, const OperationId &seen) const;
+    QSqlQuery prepareInsertion() const;
+    std::optional<Error> insert(QSqlQuery &insertion, const Operation &operation,
+                                const OperationId &seen) const;
     std::optional<Error> erase(const QList<OperationId> &identifiers) const;
     std::optional<Error> supersede(const QList<OperationId> &identifiers) const;
 

@@ -43,8 +43,9 @@ bool Operation::isSound() const {
     const bool isTextSound = title.isValidUtf16() && text.isValidUtf16() &&
                              title.toUtf8().size() + text.toUtf8().size() <= NoteLimit;
     const bool isDateSound = !modified || isDate(*modified);
-    const bool isAscending = std::adjacent_find(supersedes.begin(), supersedes.end(),
-                                                std::greater_equal<>()) == supersedes.end();
+    const bool areSupersededSound = supersedes.size() <= SupersedesLimit &&
+                                    std::adjacent_find(supersedes.begin(), supersedes.end(),
+                                                       std::greater_equal<>()) == supersedes.end();
     return isNoteSound && isTextSound && isDateSound && areSupersededSound && id == reckonedId();
 }
 
