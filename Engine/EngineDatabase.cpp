@@ -5,15 +5,20 @@
 
 EngineDatabase::EngineDatabase(const ProfileDatabase &profile, const QString &UUID,
                                const QString &name, Kind kind, bool isOpen)
-    : m_profile(profile), m_UUID(UUID), m_name(name), m_kind(kind), m_isOpen(isOpen) {}
+    : m_profile(profile),
+      m_log(profile, UUID),
+      m_UUID(UUID),
+      m_name(name),
+      m_kind(kind),
+      m_isOpen(isOpen) {}
 
 QList<Note> EngineDatabase::notes() const {
-    return log().notes();
+    return m_log.notes();
 }
 
 std::optional<Error> EngineDatabase::saveNote(Note &note) {
     Note saved = note;
-    if (std::optional<Error> error = m_profile.write([&] { return log().save(saved); })) {
+    if (std::optional<Error> error = m_profile.write([&] { return m_log.save(saved); })) {
         return error;
     }
     note = saved;
@@ -22,7 +27,7 @@ std::optional<Error> EngineDatabase::saveNote(Note &note) {
 }
 
 std::optional<Error> EngineDatabase::removeNote(const QString &noteUUID) {
-    if (std::optional<Error> error = m_profile.write([&] { return log().remove(noteUUID); })) {
+    if (std::optional<Error> error = m_profile.write([&] { return m_log.remove(noteUUID); })) {
         return error;
     }
     Q_EMIT notesChanged();
@@ -31,7 +36,7 @@ std::optional<Error> EngineDatabase::removeNote(const QString &noteUUID) {
 
 std::optional<Error> EngineDatabase::setName(const QString &name) {
     if (std::optional<Error> error = m_profile.write([&] {
-            const std::optional<Error> logError = isInbox() ? std::nullopt : log().setName(name);
+            const std::optional<Error> logError = isInbox() ? std::nullopt : m_log.setName(name);
             return logError ? logError : writeName(name);
         })) {
         return error;
@@ -46,13 +51,13 @@ std::optional<Error> EngineDatabase::merge(const QList<Transaction> &transaction
     QString name = m_name;
     if (std::optional<Error> error = m_profile.write([&]() -> std::optional<Error> {
             for (const Transaction &transaction : transactions) {
-                if (std::optional<Error> mergeError = log().merge(transaction)) {
+                if (std::optional<Error> mergeError = m_log.merge(transaction)) {
                     return mergeError;
                 }
             }
-            const QString logName = isInbox() ? QString() : log().name();
+            const QString logName = isInbox() ? QString() : m_log.name();
             name = logName.isEmpty() ? m_name : logName;
-            const std::optional<Error> nameError = writeName(name);
+            const std::optional<Error> nameError = name == m_name ? std::nullopt : writeName(name);
             return nameError ? nameError : changes();
         })) {
         return error;

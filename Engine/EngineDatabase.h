@@ -8,7 +8,7 @@ class EngineDatabase : public NoteDatabase {
 public:
     enum class Kind { Inbox, Ordinary };
 
-    /// `profile` must outlive this.
+    /// `profile` holds the database already, and must outlive this.
     EngineDatabase(const ProfileDatabase &profile, const QString &UUID, const QString &name,
                    Kind kind, bool isOpen);
 
@@ -20,7 +20,7 @@ public:
     std::optional<Error> saveNote(Note &note) override;
     std::optional<Error> removeNote(const QString &noteUUID) override;
 
-    NoteLog log() const { return {m_profile, m_UUID}; }
+    const NoteLog &log() const { return m_log; }
 
     /// The library's: saves, then announces.
     std::optional<Error> setName(const QString &name);
@@ -35,6 +35,7 @@ private:
     std::optional<Error> writeName(const QString &name) const;
 
     const ProfileDatabase &m_profile;
+    const NoteLog m_log;
     const QString m_UUID;
     QString m_name;
     const Kind m_kind;

@@ -3,12 +3,8 @@
 #include "Engine/ProfileDatabase.h"
 
 KnownTransactions::KnownTransactions(const ProfileDatabase &profile, const QString &place,
-                                     const QString &databaseUUID)
-    : m_profile(profile),
-      m_place(place),
-      m_database(
-          profile.value(QStringLiteral("SELECT id FROM databases WHERE uuid = ?"), {databaseUUID})
-              .toLongLong()) {}
+                                     qint64 database)
+    : m_profile(profile), m_place(place), m_database(database) {}
 
 QHash<QString, KnownTransactions::Contents> KnownTransactions::all() const {
     QSqlQuery rows = m_profile.prepare(

@@ -18,9 +18,9 @@ public:
         qint64 size = 0;
     };
 
-    /// `place` names the store in `profile`, which must outlive this.
-    KnownTransactions(const ProfileDatabase &profile, const QString &place,
-                      const QString &databaseUUID);
+    /// `place` names the store in `profile`, which must outlive this; `database` is the identifier
+    /// of the database's row.
+    KnownTransactions(const ProfileDatabase &profile, const QString &place, qint64 database);
 
     /// By the names of the records.
     QHash<QString, Contents> all() const;

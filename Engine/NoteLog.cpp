@@ -49,6 +49,13 @@ bool holds(const Operation &operation, const Note &note) {
            operation.text == note.text && operation.modified == milliseconds(note.modified);
 }
 
+qsizetype roughSize(const Operation &operation) {
+    constexpr qsizetype members = 200;
+    constexpr qsizetype identifier = 35;
+    return members + operation.title.size() + operation.text.size() +
+           operation.supersedes.size() * identifier;
+}
+
 bool isTooLong(const Note &note) {
     return note.title.toUtf8().size() + note.text.toUtf8().size() > Operation::NoteLimit;
 }
@@ -227,20 +234,41 @@ OperationId NoteLog::shownUnder(const QString &noteUUID) const {
     return row == all.end() ? OperationId() : row->operation.id;
 }
 
-QList<Operation> NoteLog::select(const QString &condition, const QVariantList &values) const {
+QSqlQuery NoteLog::prepareSelection(const QString &condition) const {
     QSqlQuery rows = m_profile.prepare(
         QStringLiteral("SELECT digest, note_uuid, title, text, modified, supersedes, salt"
                        " FROM operations WHERE database = ? AND %1 ORDER BY position, id")
             .arg(condition));
-    rows.addBindValue(m_database);
-    for (const QVariant &value : values) {
-        rows.addBindValue(value);
+    rows.bindValue(0, m_database);
+    return rows;
+}
+
+QList<Operation> NoteLog::select(const QString &condition, const QVariantList &values) const {
+    QSqlQuery rows = prepareSelection(condition);
+    for (int i = 0; i < values.size(); ++i) {
+        rows.bindValue(i + 1, values[i]);
     }
     rows.exec();
     QList<Operation> operations;
     while (rows.next()) {
         operations.append(operationInRow(rows));
     }
+    return operations;
+}
+
+QList<Operation> NoteLog::takeOperations(QList<OperationId> &identifiers) const {
+    QSqlQuery row = prepareSelection(QStringLiteral("digest = ?"));
+    QList<Operation> operations;
+    qsizetype size = 0;
+    qsizetype taken = 0;
+    for (; taken < identifiers.size() && size < Transaction::UsualSize; ++taken) {
+        row.bindValue(1, identifiers[taken]);
+        if (row.exec() && row.next()) {
+            operations.append(operationInRow(row));
+            size += roughSize(operations.last());
+        }
+    }
+    identifiers.remove(0, taken);
     return operations;
 }
 

@@ -43,6 +43,11 @@ public:
     QSet<OperationId> supersededIds() const;
     /// nothing where it is not there any more.
     std::optional<Operation> operation(const OperationId &identifier) const;
+    /// Takes from the beginning of `identifiers` as many as fill a transaction, and answers those
+    /// operations of them that are there still.
+    QList<Operation> takeOperations(QList<OperationId> &identifiers) const;
+    /// Of the row of the database.
+    qint64 database() const { return m_database; }
 
 private:
     /// An operation under the UUID under which it shows.
@@ -54,6 +59,7 @@ private:
     QList<Row> rows() const;
     /// The operation that shows under `noteUUID`; empty where none does.
     OperationId shownUnder(const QString &noteUUID) const;
+    QSqlQuery prepareSelection(const QString &condition) const;
     QList<Operation> select(const QString &condition, const QVariantList &values) const;
     /// What an operation supersedes that replaces `seen`.
     QList<OperationId> predecessors(const QList<OperationId> &seen) const;

@@ -7,9 +7,6 @@
 
 namespace {
 
-/// Bytes that an operation takes besides its texts, and an identifier in a list.
-constexpr qsizetype OperationSize = 200;
-constexpr qsizetype IdentifierSize = 35;
 /// So many of them take about as much room as a usual transaction.
 constexpr qsizetype IdentifiersInTransaction = 30000;
 
@@ -23,12 +20,12 @@ std::shared_ptr<EngineDatabase> StoreSession::database() const {
     return m_library.synchronizedDatabase(m_subject.databaseUUID);
 }
 
-NoteLog StoreSession::log() const {
+const NoteLog &StoreSession::log() const {
     return database()->log();
 }
 
 KnownTransactions StoreSession::known() const {
-    return {m_profile, m_subject.place, database()->UUID()};
+    return {m_profile, m_subject.place, log().database()};
 }
 
 QString StoreSession::path(const QString &name) const {
@@ -37,18 +34,13 @@ QString StoreSession::path(const QString &name) const {
 }
 
 bool StoreSession::takeNext() {
-    m_transaction = {};
-    qsizetype size = 0;
-    while (!m_operationsToWrite.isEmpty() && size < Transaction::UsualSize) {
-        const std::optional<Operation> operation = log().operation(m_operationsToWrite.takeFirst());
-        if (!operation) {
-            m_hasFailedToWriteAll = true;
-            continue;
-        }
-        size += OperationSize + operation->title.size() + operation->text.size() +
-                operation->supersedes.size() * IdentifierSize;
-        m_transaction.operations.append(*operation);
-        for (const OperationId &identifier : operation->supersedes) {
+    const qsizetype left = m_operationsToWrite.size();
+    m_transaction = {database()->log().takeOperations(m_operationsToWrite), {}};
+    if (m_transaction.operations.size() < left - m_operationsToWrite.size()) {
+        m_hasFailedToWriteAll = true;
+    }
+    for (const Operation &operation : std::as_const(m_transaction.operations)) {
+        for (const OperationId &identifier : operation.supersedes) {
             m_supersededToWrite.remove(identifier);
         }
     }

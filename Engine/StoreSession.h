@@ -48,7 +48,7 @@ protected:
     /// nullptr while there is no such database in the profile.
     std::shared_ptr<EngineDatabase> database() const;
     /// Of the database, which must be there.
-    NoteLog log() const;
+    const NoteLog &log() const;
     KnownTransactions known() const;
 
     /// Where in the store the transaction `name` is; without one, where all are.

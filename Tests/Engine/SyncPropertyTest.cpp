@@ -372,7 +372,7 @@ private:
             taking.append(&replicas[i]);
         }
         History history(taking, 1 + upTo(2));
-        history.run(200 + upTo(600));
+        history.run(seed % 10 == 0 ? 1000 : 100 + upTo(300));
         history.settle();
         for (Replica *replica : history.replicas()) {
             history.verify(replica);
