@@ -17,10 +17,10 @@ void logIfFailed(const std::optional<Error> &error) {
 
 }  // namespace
 
-EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile)
+EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLibrary &library)
     : m_profile(profile),
       m_locationsController(std::make_unique<EngineLocationsController>(profile)),
-      m_dispatcher(std::make_unique<EngineDispatcher>()) {}
+      m_dispatcher(std::make_unique<EngineDispatcher>(profile, library)) {}
 
 EngineSyncPlugin::~EngineSyncPlugin() = default;
 

@@ -11,8 +11,8 @@ class LocalStore;
 class EngineSyncPlugin : public QVSyncPlugin {
     Q_OBJECT
 public:
-    /// `profile` must outlive this.
-    explicit EngineSyncPlugin(const ProfileDatabase &profile);
+    /// Both must outlive this.
+    EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLibrary &library);
     ~EngineSyncPlugin() override;
 
     /// Takes over what the profile holds; called once, when it was opened.
@@ -23,6 +23,7 @@ public:
     QVSyncLocationsController *locationsController() const override;
     QVSyncDispatcher *dispatcher() const override;
     QVDirectConnectionServer *server() const override { return nullptr; }
+    EngineDispatcher &engineDispatcher() const { return *m_dispatcher; }
     /// There once a profile is open.
     std::shared_ptr<QVSyncStore> localStore() const override;
     bool usesSandboxedAccess() const override;

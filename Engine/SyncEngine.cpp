@@ -5,7 +5,7 @@
 #include "Engine/EngineStore.h"
 
 SyncEngine::SyncEngine()
-    : m_library(m_profile), m_plugin(m_profile), m_classes(m_plugin, m_library) {}
+    : m_library(m_profile), m_plugin(m_profile, m_library), m_classes(m_plugin, m_library) {}
 
 SyncEngine::~SyncEngine() {
     EngineStore::waitForAll();
