@@ -105,6 +105,12 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
         return;
     }
     const auto database = m_library.synchronizedDatabase(state->databaseUUID());
+    if (!database && kind == SyncJob::Kind::CleanUp) {
+        logSync(localizedSyncString("“%1” was not cleaned up: it is not on this computer.")
+                    .arg(state->databaseName()));
+        MainThreadQueue::post(handler);
+        return;
+    }
     const StoreSession::Subject subject{state->databaseUUID(),
                                         database ? database->name() : state->databaseName(),
                                         location->identifier()};
