@@ -76,7 +76,7 @@ QString EngineDispatcher::activity() const {
     const QString text = first.job->kind() == SyncJob::Kind::CleanUp
                              ? localizedSyncString("Cleaning up “%1” at “%2”…")
                              : localizedSyncString("Synchronizing “%1” with “%2”…");
-    return text.arg(first.job->subject().databaseName, first.title);
+    return text.arg(nameOf(first.job->subject()), first.title);
 }
 
 void EngineDispatcher::synchronizeWithStore(
@@ -111,8 +111,7 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
         MainThreadQueue::post(handler);
         return;
     }
-    const StoreSession::Subject subject{state->databaseUUID(),
-                                        database ? database->name() : state->databaseName(),
+    const StoreSession::Subject subject{state->databaseUUID(), state->databaseName(),
                                         location->identifier()};
     m_waiting.append({std::make_shared<SyncJob>(kind, m_profile, m_library, subject,
                                                 location->createBlobStore()),
@@ -158,16 +157,22 @@ void EngineDispatcher::ended(const SyncJob *job) {
 }
 
 void EngineDispatcher::report(const Entry &entry) {
-    const QString name = entry.job->subject().databaseName;
+    const QString name = nameOf(entry.job->subject());
     const QList<Error> problems = entry.job->problems();
     for (const Error &problem : problems) {
-        logSync(failure(entry.job->kind()).arg(name, entry.title, problem.localizedDescription));
+        logSync(localizedSyncString("Of “%1” something was left out at “%2”: %3")
+                    .arg(name, entry.title, problem.localizedDescription));
     }
     if (const std::optional<Error> &error = entry.job->error()) {
         logSync(failure(entry.job->kind()).arg(name, entry.title, error->localizedDescription));
     } else {
         logSync(success(entry.job->kind()).arg(name, entry.title));
     }
+}
+
+QString EngineDispatcher::nameOf(const StoreSession::Subject &subject) const {
+    const auto database = m_library.synchronizedDatabase(subject.databaseUUID);
+    return database ? database->name() : subject.databaseName;
 }
 
 void EngineDispatcher::rememberSynchronized(QVSyncState &state) {

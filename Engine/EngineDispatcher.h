@@ -42,6 +42,7 @@ private:
     void startWaiting();
     bool isBusy(const StoreSession::Subject &subject) const;
     void ended(const SyncJob *job);
+    QString nameOf(const StoreSession::Subject &subject) const;
     void report(const Entry &entry);
     void rememberSynchronized(QVSyncState &state);
 
