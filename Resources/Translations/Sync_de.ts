@@ -388,14 +388,6 @@
         <translation>Der Datensatz „%1“ ist beschädigt.</translation>
     </message>
     <message>
-        <source>“%1” was not synchronized: this version of Velmora cannot synchronize yet.</source>
-        <translation>„%1“ wurde nicht synchronisiert: Diese Version von Velmora kann noch nicht synchronisieren.</translation>
-    </message>
-    <message>
-        <source>“%1” was not cleaned up: this version of Velmora cannot clean up yet.</source>
-        <translation>„%1“ wurde nicht aufgeräumt: Diese Version von Velmora kann noch nicht aufräumen.</translation>
-    </message>
-    <message>
         <source>Inbox</source>
         <translation>Eingang</translation>
     </message>
@@ -978,6 +970,66 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>The selected computer may not connect any more.</source>
         <translation>Der ausgewählte Computer darf sich nicht mehr verbinden.</translation>
+    </message>
+    <message>
+        <source>The record “%1” is too large.</source>
+        <translation>Der Datensatz „%1“ ist zu groß.</translation>
+    </message>
+    <message>
+        <source>The record “%1” was made by a newer version of Velmora.</source>
+        <translation>Der Datensatz „%1“ stammt von einer neueren Version von Velmora.</translation>
+    </message>
+    <message>
+        <source>No note can be called “%1”.</source>
+        <translation>Keine Notiz kann „%1“ heißen.</translation>
+    </message>
+    <message>
+        <source>The note “%1” is too long to be synchronized.</source>
+        <translation>Die Notiz „%1“ ist zu lang, um synchronisiert zu werden.</translation>
+    </message>
+    <message>
+        <source>The name of a database must not be so long.</source>
+        <translation>So lang darf der Name einer Datenbank nicht sein.</translation>
+    </message>
+    <message>
+        <source>No database can be called “%1”.</source>
+        <translation>Keine Datenbank kann „%1“ heißen.</translation>
+    </message>
+    <message>
+        <source>The database “%1” is neither here nor at the location.</source>
+        <translation>Die Datenbank „%1“ gibt es weder hier noch am Ort.</translation>
+    </message>
+    <message>
+        <source>“%1” was cleaned up at “%2”.</source>
+        <translation>„%1“ wurde bei „%2“ aufgeräumt.</translation>
+    </message>
+    <message>
+        <source>“%1” was synchronized with “%2”.</source>
+        <translation>„%1“ wurde mit „%2“ synchronisiert.</translation>
+    </message>
+    <message>
+        <source>“%1” was not cleaned up at “%2”: %3</source>
+        <translation>„%1“ wurde bei „%2“ nicht aufgeräumt: %3</translation>
+    </message>
+    <message>
+        <source>“%1” was not synchronized with “%2”: %3</source>
+        <translation>„%1“ wurde nicht mit „%2“ synchronisiert: %3</translation>
+    </message>
+    <message>
+        <source>“%1” was not cleaned up: it is not on this computer.</source>
+        <translation>„%1“ wurde nicht aufgeräumt: Die Datenbank ist nicht auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>Of “%1” something was left out at “%2”: %3</source>
+        <translation>Von „%1“ wurde bei „%2“ etwas ausgelassen: %3</translation>
+    </message>
+    <message>
+        <source>Cleaning up “%1” at “%2”…</source>
+        <translation>„%1“ wird bei „%2“ aufgeräumt …</translation>
+    </message>
+    <message>
+        <source>Synchronizing “%1” with “%2”…</source>
+        <translation>„%1“ wird mit „%2“ synchronisiert …</translation>
     </message>
 </context>
 </TS>
