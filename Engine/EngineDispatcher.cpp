@@ -165,7 +165,7 @@ void EngineDispatcher::report(const Entry &entry) {
     }
     if (const std::optional<Error> &error = entry.job->error()) {
         logSync(failure(entry.job->kind()).arg(name, entry.title, error->localizedDescription));
-    } else {
+    } else if (entry.state) {
         logSync(success(entry.job->kind()).arg(name, entry.title));
     }
 }

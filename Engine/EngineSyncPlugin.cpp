@@ -1,8 +1,8 @@
 #include "Engine/EngineSyncPlugin.h"
 
 #include "Engine/DirectConnectionPairings.h"
-#include "Engine/DirectConnectionRecords.h"
 #include "Engine/DirectConnectionServer.h"
+#include "Engine/DirectConnectionSynchronizer.h"
 #include "Engine/LocalStore.h"
 #include "Engine/MountedVolumes.h"
 #include "Engine/ProfileDatabase.h"
@@ -38,7 +38,8 @@ std::optional<Error> EngineSyncPlugin::load() {
     }
     m_pairings->load();
     const DirectConnectionPackage package(m_profile.directory());
-    m_serverHook = std::make_unique<DirectConnectionRecords>(m_library, package);
+    m_serverHook =
+        std::make_unique<DirectConnectionSynchronizer>(*m_dispatcher, m_library, package.path());
     m_server->load(package, *m_serverHook);
     return {};
 }

@@ -38,7 +38,7 @@ public:
 
 private:
     const ProfileDatabase &m_profile;
-    const EngineNoteLibrary &m_library;
+    EngineNoteLibrary &m_library;
     const std::unique_ptr<EngineLocationsController> m_locationsController;
     const std::unique_ptr<EngineDispatcher> m_dispatcher;
     const std::unique_ptr<DirectConnectionPairings> m_pairings;
