@@ -127,7 +127,7 @@ std::optional<Error> WebDAVStore::open(const PZFuture &future) {
                            place({}));
     }
     for (const QString &folder : needed) {
-        const std::optional<Error> error =
+        std::optional<Error> error =
             present.contains(folder) ? std::nullopt : makeFolder(folder, future);
         if (error) {
             return error;

@@ -53,14 +53,6 @@ UrlProtectionSpace space(const QString &URLText, const QString &method) {
     return {URL.host(), URL.port().value_or(0), URL.scheme(), {}, method};
 }
 
-/// Stores what the person has entered for a location.
-void storePassword(const QString &URLText, const QString &password,
-                   const QString &method = UrlAuthenticationMethodHttpBasic) {
-    UrlCredentialStorage::shared().setCredentialForProtectionSpace(
-        {WebDAVServer::User, password, UrlCredential::Persistence::ForSession},
-        space(URLText, method));
-}
-
 QByteArray multiStatus(const QByteArray &responses) {
     return "<?xml version=\"1.0\"?><D:multistatus xmlns:D=\"DAV:\">" + responses +
            "</D:multistatus>";
@@ -94,7 +86,7 @@ private:
     /// A server with the right password stored, and the store of a package that is not there yet.
     void start(WebDAVServer::Options options) {
         m_server = std::make_unique<WebDAVServer>(std::move(options));
-        storePassword(m_server->URLText({}), WebDAVServer::Password);
+        m_server->storePassword();
         m_store = storeAt(m_server->URLText(Package));
     }
     QString file(const QString &name) const {
@@ -268,7 +260,7 @@ private Q_SLOTS:
     void aWrongPasswordIsToldApart() {
         QFETCH(Authentication, authentication);
         start({.authentication = authentication});
-        storePassword(m_server->URLText({}), QStringLiteral("wrong"));
+        m_server->storePassword(QStringLiteral("wrong"));
         const std::optional<Error> error = m_store->open(m_future);
         if (authentication == Authentication::None) {
             QCOMPARE(error, std::nullopt);
@@ -278,7 +270,7 @@ private Q_SLOTS:
         QCOMPARE(description(error),
                  QStringLiteral("The server “%1” does not accept this user name and password.")
                      .arg(server()));
-        storePassword(m_server->URLText({}), WebDAVServer::Password);
+        m_server->storePassword();
         QCOMPARE(m_store->open(m_future), std::nullopt);
     }
 

@@ -13,6 +13,8 @@
 #include <csignal>
 #include <stdexcept>
 
+#include "Platform/Security/UrlCredentialStorage.h"
+
 namespace {
 
 const QString Realm = QStringLiteral("Velmora");
@@ -123,6 +125,17 @@ QString WebDAVServer::URLText(const QString &path, const QString &user) const {
         .arg(m_options.identity ? QStringLiteral("https") : QStringLiteral("http"), user)
         .arg(port())
         .arg(path);
+}
+
+void WebDAVServer::storePassword(const QString &password) const {
+    const UrlCredential credential = {User, password, UrlCredential::Persistence::ForSession};
+    const QString scheme = m_options.identity ? QStringLiteral("https") : QStringLiteral("http");
+    for (const QString &method :
+         {UrlAuthenticationMethodHttpBasic, UrlAuthenticationMethodHttpDigest}) {
+        UrlCredentialStorage::shared().setCredentialForProtectionSpace(
+            credential,
+            UrlProtectionSpace{QStringLiteral("localhost"), port(), scheme, {}, method});
+    }
 }
 
 void WebDAVServer::start() {

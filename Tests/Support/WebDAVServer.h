@@ -40,6 +40,9 @@ public:
     /// "SCHEME://USER@localhost:PORT/dav/PATH", `path` being percent-encoded already.
     QString URLText(const QString &path, const QString &user = User) const;
 
+    /// Stores the user's password for this run, as the editor of a location does.
+    void storePassword(const QString &password = Password) const;
+
     /// As when the computer goes down. `start` brings it back at the same port.
     void stop();
     void start();
