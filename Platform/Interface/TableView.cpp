@@ -83,7 +83,7 @@ void TableView::setSelectionIndexes(const IndexSet &indexes) {
 }
 
 void TableView::reloadData() {
-    // The views go; a row that is still there stays selected.
+    const IndexSet selected = selectionIndexes();
     setRowCount(m_delegate ? m_delegate->numberOfRowsInTableView(this) : 0);
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < columnCount(); ++column) {
@@ -92,6 +92,7 @@ void TableView::reloadData() {
             setCellWidget(row, column, view);
         }
     }
+    setSelectionIndexes(selected);
 }
 
 QWidget *TableView::makeViewWithIdentifier(const QString &identifier, QObject *owner) {

@@ -42,7 +42,7 @@ public:
     /// Not owned; it takes the place of the content. May go before the table.
     void setTableDelegate(TableViewDelegate *delegate) { m_delegate = delegate; }
     TableViewDelegate *tableDelegate() const { return m_delegate; }
-    /// Asks the delegate for all rows again.
+    /// Asks the delegate for all rows again. Keeps the selected rows by their position.
     void reloadData();
     /// A view that a form made for cells: a new one of the form named `identifier`, with `owner`.
     QWidget *makeViewWithIdentifier(const QString &identifier, QObject *owner);
