@@ -804,12 +804,12 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Die Verbindung mit „%1“ ist abgebrochen.</translation>
     </message>
     <message>
-        <source>It shows a code. Allow it only where the code is the same as here: %1</source>
+        <source>It shows a code. Allow it only where it is the same as here: %1</source>
         <translation>Dort wird ein Code gezeigt. Erlauben Sie es nur, wenn er derselbe ist wie hier: %1</translation>
     </message>
     <message>
-        <source>A computer of this name may synchronize already. This one takes its place.</source>
-        <translation>Ein Computer dieses Namens darf schon synchronisieren. Dieser tritt an seine Stelle.</translation>
+        <source>It takes the place of another one of this name.</source>
+        <translation>Er tritt an die Stelle eines anderen dieses Namens.</translation>
     </message>
     <message>
         <source>Let “%1” synchronize with this computer?</source>
@@ -832,7 +832,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Mit „%1“ verbinden?</translation>
     </message>
     <message>
-        <source>It shows a code. Connect only where the code is the same as here: %1</source>
+        <source>It shows a code. Connect only where it is the same as here: %1</source>
         <translation>Dort wird ein Code gezeigt. Verbinden Sie nur, wenn er derselbe ist wie hier: %1</translation>
     </message>
     <message>
@@ -840,8 +840,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Verbinden</translation>
     </message>
     <message>
-        <source>“%1” is not the computer that this one was paired with: it presents another certificate. If that is right, remove the location and add it again.</source>
-        <translation>„%1“ ist nicht der Computer, mit dem dieser verbunden wurde: Er zeigt ein anderes Zertifikat. Wenn das richtig ist, entfernen Sie den Ort und legen ihn neu an.</translation>
+        <source>“%1” is not the computer that was paired. If it should be, add the location anew.</source>
+        <translation>„%1“ ist nicht der Computer, mit dem dieser verbunden wurde. Wenn er es sein soll, legen Sie den Ort neu an.</translation>
     </message>
     <message>
         <source>“%1” cannot be asked just now. Try again in a while.</source>
