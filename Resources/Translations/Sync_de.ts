@@ -260,10 +260,6 @@
         <translation>Den Ordner „%1“ gibt es auf dem Server nicht.</translation>
     </message>
     <message>
-        <source>The profile “%1” was made by an older version of Velmora.</source>
-        <translation>Das Profil „%1“ stammt von einer älteren Version von Velmora.</translation>
-    </message>
-    <message>
         <source>The server does not allow you to use “%1”.</source>
         <translation>Der Server erlaubt Ihnen nicht, „%1“ zu benutzen.</translation>
     </message>
