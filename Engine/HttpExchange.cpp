@@ -173,14 +173,22 @@ Result<HttpClient::Response> HttpExchange::answer() const {
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     const bool isCutShort = m_reply->hasRawHeader("Content-Length") &&
                             m_reply->rawHeader("Content-Length").toLongLong() != m_body.size();
-    if (status == 0 || isCutShort || isOfTheWay(m_reply->error())) {
+    if (status == 0 || isOfTheWay(m_reply->error())) {
         return transportError();
+    }
+    if (isCutShort) {
+        return closedEarly();
     }
     HttpClient::Response response{status, {}, m_body};
     for (const auto &[name, value] : m_reply->rawHeaderPairs()) {
         response.headers.append({name, value});
     }
     return response;
+}
+
+Error HttpExchange::closedEarly() const {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "The server “%1” closed the connection before it had answered.", server());
 }
 
 Error HttpExchange::transportError() const {
@@ -194,7 +202,7 @@ Error HttpExchange::transportError() const {
             return unreachable("The server “%1” cannot be reached: nothing answers at this port.");
         case QNetworkReply::NoError:
         case QNetworkReply::RemoteHostClosedError:
-            return unreachable("The server “%1” closed the connection before it had answered.");
+            return closedEarly();
         case QNetworkReply::ProtocolFailure:
         case QNetworkReply::ProtocolUnknownError:
             return unreachable("The answer of the server “%1” is not understood.");
