@@ -279,7 +279,7 @@ private Q_SLOTS:
         const QVRemoteDatabases databases = fetched.get_future().get();
         QCOMPARE(databases.size(), 1);
         QCOMPARE(databases.first()->UUID(), UUID);
-        QCOMPARE(databases.first()->name(), QStringLiteral("Trip"));
+        QCOMPARE(databases.first()->metadata()->name(), QStringLiteral("Trip"));
     }
 
     void anExpiredTokenIsRefreshed() {
