@@ -3,6 +3,7 @@
 #include <QtCore/QParallelAnimationGroup>
 #include <QtCore/QPropertyAnimation>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyle>
 #include <utility>
 
@@ -13,6 +14,7 @@
 #include "Platform/Foundation/Localization.h"
 #include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/MainQueue.h"
+#include "Platform/Interface/TableView.h"
 
 namespace {
 
@@ -103,7 +105,7 @@ void QVImportDatabasesController::windowDidLoad() {
     m_databasesView->setParent(m_contentView);
     m_databasesView->setGeometry(frame.translated(frame.width() - frame.x(), 0));
     m_locationsView->show();
-    m_databasesView->show();
+    m_databasesView->hide();
 }
 
 QRect QVImportDatabasesController::contentFrame() const {
@@ -119,22 +121,31 @@ void QVImportDatabasesController::runImportDatabasesSheetModalForWindow(
     beginSheet(parentWindow);
 }
 
-void QVImportDatabasesController::slide(const QRect &databasesFrame, const QRect &locationsFrame) {
+void QVImportDatabasesController::turnTo(QWidget *page, QWidget *otherPage, int otherX) {
+    const QRect frame = contentFrame();
     m_slide = std::make_unique<QParallelAnimationGroup>();
-    for (const auto &[view, frame] :
-         {std::pair(m_databasesView, databasesFrame), std::pair(m_locationsView, locationsFrame)}) {
+    const auto addAnimation = [this](QWidget *view, const QRect &end) {
         auto *animation = new QPropertyAnimation(view, "geometry");
         animation->setDuration(SlideMilliseconds);
-        animation->setEndValue(frame);
+        animation->setEndValue(end);
         m_slide->addAnimation(animation);
-    }
+    };
+    addAnimation(page, frame);
+    addAnimation(otherPage, QRect(otherX, frame.y(), frame.width(), frame.height()));
+    // What is out of sight takes neither clicks nor keys.
+    page->setEnabled(true);
+    page->show();
+    otherPage->setEnabled(false);
+    page->findChild<TableView *>()->setFocus();
+    // The last button of a page is the one that goes on.
+    page->findChildren<QPushButton *>().last()->setDefault(true);
+    connect(m_slide.get(), &QAbstractAnimation::finished, otherPage, &QWidget::hide);
     m_slide->start();
 }
 
 void QVImportDatabasesController::fetchDatabasesForLocation(
     const std::shared_ptr<QVSyncLocation> &location) {
-    const QRect frame = contentFrame();
-    slide(frame, QRect(-frame.width(), frame.y(), frame.width(), frame.height()));
+    turnTo(m_databasesView, m_locationsView, -contentFrame().width());
     setDatabases({});
     setRemoteError({});
     m_store = location->createStore();
@@ -187,16 +198,19 @@ bool QVImportDatabasesController::shouldListDatabase(const Record &database) con
 }
 
 void QVImportDatabasesController::returnToLocationsView(QObject * /*sender*/) {
-    const QRect frame = contentFrame();
-    slide(QRect(frame.width(), frame.y(), frame.width(), frame.height()), frame);
-    future()->cancel();
+    turnTo(m_locationsView, m_databasesView, contentFrame().width());
+    cancelFetch();
 }
 
 void QVImportDatabasesController::cancelModalSheet(QObject * /*sender*/) {
+    cancelFetch();
+    sheetDidClose();
+}
+
+void QVImportDatabasesController::cancelFetch() {
     if (const auto running = future()) {
         running->cancel();
     }
-    sheetDidClose();
 }
 
 void QVImportDatabasesController::leaveSheet() {

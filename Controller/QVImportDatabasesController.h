@@ -116,11 +116,12 @@ protected:
 private:
     QVImportDatabasesController();
     QRect contentFrame() const;
-    void slide(const QRect &databasesFrame, const QRect &locationsFrame);
+    void turnTo(QWidget *page, QWidget *otherPage, int otherX);
     void didOpen(const std::optional<Error> &error);
     void didFetch(const std::optional<QVRemoteDatabases> &fetched,
                   const std::optional<Error> &error);
     void list(const QVRemoteDatabases &fetched);
+    void cancelFetch();
     void sheetDidClose();
 
     std::optional<Error> m_remoteError;

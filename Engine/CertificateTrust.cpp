@@ -19,7 +19,8 @@ QString fingerprint(const QSslCertificate &certificate) {
 QString shownName(const QString &name) {
     QString shown = name.simplified();
     shown.removeIf([](QChar character) { return !character.isPrint(); });
-    return shown.size() <= LongestNameShown ? shown : shown.first(LongestNameShown) + u'…';
+    return shown.size() <= LongestNameShown ? shown.trimmed()
+                                            : shown.first(LongestNameShown) + u'…';
 }
 
 QString shownDate(const QDateTime &date) {
@@ -37,11 +38,12 @@ Question question(const QString &server, const QSslCertificate &certificate,
             .arg(shownDate(certificate.effectiveDate()), shownDate(certificate.expiryDate())),
         localizedSyncString("Fingerprint (SHA-256): %1").arg(fingerprint(certificate)),
     };
-    return {localizedSyncString("The server “%1” cannot prove that it is the one it claims to be. "
-                                "Trust its certificate for this location?")
-                .arg(server),
-            details.join(u'\n'), localizedSyncString("Trust This Certificate"),
-            localizedSyncString("Do Not Trust")};
+    return {
+        localizedSyncString(
+            "The server “%1” cannot prove its identity. Trust its certificate for this location?")
+            .arg(server),
+        details.join(u'\n'), localizedSyncString("Trust This Certificate"),
+        localizedSyncString("Do Not Trust")};
 }
 
 }  // namespace

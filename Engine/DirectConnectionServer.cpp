@@ -1,5 +1,8 @@
 #include "Engine/DirectConnectionServer.h"
 
+#include <limits>
+#include <utility>
+
 #include "Engine/DirectConnection.h"
 #include "Engine/DirectConnectionClients.h"
 #include "Engine/DirectConnectionHook.h"
@@ -33,12 +36,10 @@ void present(const Error &error) {
 
 Question questionFor(const DirectConnectionPairing &client) {
     QString details =
-        localizedSyncString("It shows a code. Allow it only where the code is the same as here: %1")
+        localizedSyncString("It shows a code. Allow it only where it is the same as here: %1")
             .arg(client.code());
     if (DirectConnectionClients::isKnown(client.clientName)) {
-        details += u'\n' + localizedSyncString(
-                               "A computer of this name may synchronize already. This one takes "
-                               "its place.");
+        details += u'\n' + localizedSyncString("It takes the place of another one of this name.");
     }
     return {localizedSyncString("Let “%1” synchronize with this computer?").arg(client.clientName),
             details, localizedSyncString("Allow"), localizedSyncString("Refuse")};
@@ -64,8 +65,8 @@ void DirectConnectionServer::load(const DirectConnectionPackage &package,
 }
 
 void DirectConnectionServer::setPort(quint16 port) {
-    m_port = portOrDefault(port);
-    if (isServing()) {
+    const quint16 former = std::exchange(m_port, portOrDefault(port));
+    if (isServing() && m_port != former) {
         stopServing();
         startServing();
     }

@@ -37,8 +37,7 @@ QString clientName() {
 
 Question questionFor(const QString &host, const QString &code) {
     return {localizedSyncString("Connect with “%1”?").arg(host),
-            localizedSyncString("It shows a code. Connect only where the code is the same as "
-                                "here: %1")
+            localizedSyncString("It shows a code. Connect only where it is the same as here: %1")
                 .arg(code),
             localizedSyncString("Connect"), localizedSyncString("Cancel")};
 }
@@ -135,11 +134,10 @@ std::optional<Error> DirectConnectionStore::connect(const PZFuture &future) {
         m_link.connect(URL().host(), URL().port().value_or(DirectConnection::DefaultPort), future);
     const std::optional<QByteArray> pinned = pairings.fingerprint(m_pairingKey);
     if (!error && pinned && *pinned != m_link.serverFingerprint()) {
-        error = engineError(EngineErrorCode::CertificateUntrusted,
-                            "“%1” is not the computer that this one was paired with: it presents "
-                            "another certificate. If that is right, remove the location and add "
-                            "it again.",
-                            URL().host());
+        error = engineError(
+            EngineErrorCode::CertificateUntrusted,
+            "“%1” is not the computer that was paired. If it should be, add the location anew.",
+            URL().host());
     }
     if (!error) {
         const std::optional<QByteArray> secret =

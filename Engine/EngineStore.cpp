@@ -2,6 +2,8 @@
 
 #include <QtCore/QThread>
 #include <QtCore/QThreadPool>
+#include <mutex>
+#include <set>
 #include <utility>
 
 #include "Engine/EngineError.h"
@@ -13,10 +15,48 @@
 
 namespace {
 
+/// Milliseconds.
+constexpr int LongestUncancelled = 100;
+
+/// The futures of the operations that have not ended.
+class RunningOperations {
+public:
+    void add(const std::shared_ptr<PZFuture> &future) {
+        const std::lock_guard lock(m_mutex);
+        m_futures.insert(future);
+    }
+    void remove(const std::shared_ptr<PZFuture> &future) {
+        const std::lock_guard lock(m_mutex);
+        m_futures.erase(future);
+    }
+    void cancel() {
+        std::set<std::shared_ptr<PZFuture>> futures;
+        {
+            const std::lock_guard lock(m_mutex);
+            futures = m_futures;
+        }
+        for (const auto &future : futures) {
+            future->cancel();
+        }
+    }
+
+private:
+    std::mutex m_mutex;
+    std::set<std::shared_ptr<PZFuture>> m_futures;
+};
+
+RunningOperations &runningOperations() {
+    static RunningOperations running;
+    return running;
+}
+
 std::shared_ptr<PZFuture> start(std::function<void(EngineFuture &future)> operation) {
     const auto future = std::make_shared<EngineFuture>();
-    QThreadPool::globalInstance()->start(
-        [future, operation = std::move(operation)] { operation(*future); });
+    runningOperations().add(future);
+    QThreadPool::globalInstance()->start([future, operation = std::move(operation)] {
+        operation(*future);
+        runningOperations().remove(future);
+    });
     return future;
 }
 
@@ -58,8 +98,11 @@ std::shared_ptr<PZFuture> EngineStore::closeWithCompletionHandler(ErrorHandler h
     });
 }
 
-void EngineStore::waitForAll() {
-    QThreadPool::globalInstance()->waitForDone();
+void EngineStore::endAll() {
+    // Again and again, since the handler of one may start the next.
+    do {
+        runningOperations().cancel();
+    } while (!QThreadPool::globalInstance()->waitForDone(LongestUncancelled));
 }
 
 std::shared_ptr<QVRemoteDatabase> EngineStore::record(const QString &UUID, const QString &name) {

@@ -26,8 +26,9 @@ public:
     /// What opening does, at once: says why the store cannot be used. Blocks; on a worker thread.
     virtual std::optional<Error> open(const PZFuture &future) = 0;
 
-    /// Waits until no operation of any store runs any more: before the code goes.
-    static void waitForAll();
+    /// Cancels every operation of any store and waits until none runs any more: before the code
+    /// goes.
+    static void endAll();
 
 protected:
     struct Fetched {

@@ -1,8 +1,8 @@
 #include "Engine/EngineSyncPlugin.h"
 
 #include "Engine/DirectConnectionPairings.h"
-#include "Engine/DirectConnectionRecords.h"
 #include "Engine/DirectConnectionServer.h"
+#include "Engine/DirectConnectionSynchronizer.h"
 #include "Engine/FolderGrants.h"
 #include "Engine/LocalStore.h"
 #include "Engine/MountedVolumes.h"
@@ -19,11 +19,11 @@ void logIfFailed(const std::optional<Error> &error) {
 
 }  // namespace
 
-EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, const EngineNoteLibrary &library)
+EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLibrary &library)
     : m_profile(profile),
       m_library(library),
       m_locationsController(std::make_unique<EngineLocationsController>(profile)),
-      m_dispatcher(std::make_unique<EngineDispatcher>()),
+      m_dispatcher(std::make_unique<EngineDispatcher>(profile, library)),
       m_grants(std::make_unique<FolderGrants>(profile)),
       m_pairings(std::make_unique<DirectConnectionPairings>(profile)),
       m_server(std::make_unique<DirectConnectionServer>(profile)) {}
@@ -39,7 +39,8 @@ std::optional<Error> EngineSyncPlugin::load() {
     m_grants->load();
     m_pairings->load();
     const DirectConnectionPackage package(m_profile.directory());
-    m_serverHook = std::make_unique<DirectConnectionRecords>(m_library, package);
+    m_serverHook =
+        std::make_unique<DirectConnectionSynchronizer>(*m_dispatcher, m_library, package.path());
     m_server->load(package, *m_serverHook);
     return {};
 }

@@ -27,8 +27,8 @@ bool areOfOneServer(const QUrl &one, const QUrl &other) {
 Error redirectionRefused(const QUrl &from, const QUrl &to) {
     return engineError(
         EngineErrorCode::StoreUnreachable,
-        localizedSyncString("The server “%1” points to “%2”, which is not followed. If that is "
-                            "right, enter it as the address of the location.")
+        localizedSyncString(
+            "The server “%1” points to “%2”. If that is right, enter it as the address.")
             .arg(from.authority(), to.toString(QUrl::RemoveUserInfo)));
 }
 

@@ -23,9 +23,7 @@ class HttpClient {
 public:
     /// None of them is for ever, however slowly a server dribbles.
     struct Timeouts {
-        /// Until the request is on its way, TLS included.
-        std::chrono::milliseconds connecting = std::chrono::seconds(15);
-        /// Between two signs of life.
+        /// Without a sign of life, from the beginning on: Qt does not tell when it has connected.
         std::chrono::milliseconds idle = std::chrono::seconds(30);
         /// Of one request.
         std::chrono::milliseconds total = std::chrono::minutes(10);
@@ -57,6 +55,8 @@ public:
     struct Response {
         int status = 0;
         QList<Header> headers = {};
+        /// One that came in chunks, without the header "Content-Length", may have been cut short:
+        /// Qt does not always tell.
         QByteArray body = {};
 
         /// The value of the header of that name, in whatever case; empty where there is none.

@@ -35,6 +35,11 @@ QNetworkRequest plainRequest(const HttpClient::Request &request) {
     return result;
 }
 
+/// Qt sends user names and passwords in ISO 8859-1, where servers expect UTF-8 (RFC 7617, 2.1).
+QString bytesOfUTF8(const QString &text) {
+    return QString::fromLatin1(text.toUtf8());
+}
+
 QString certificateReason(const QSslError &error) {
     switch (error.error()) {
         case QSslError::SelfSignedCertificate:
@@ -80,7 +85,7 @@ void HttpExchange::start() {
         m_manager.sendCustomRequest(plainRequest(m_request), m_request.method, m_request.body);
     m_reply->setParent(this);
     watch();
-    m_patience.start(m_options.timeouts.connecting);
+    m_patience.start(m_options.timeouts.idle);
     m_end.start(m_options.timeouts.total);
 }
 
@@ -100,9 +105,7 @@ void HttpExchange::watch() {
         abort(engineError(EngineErrorCode::StoreUnreachable,
                           "The server “%1” takes too long to answer.", server()));
     });
-    for (const auto signal : {&QNetworkReply::requestSent, &QNetworkReply::metaDataChanged}) {
-        connect(m_reply, signal, this, &HttpExchange::showLife);
-    }
+    connect(m_reply, &QNetworkReply::metaDataChanged, this, &HttpExchange::showLife);
     for (const auto signal : {&QNetworkReply::uploadProgress, &QNetworkReply::downloadProgress}) {
         connect(m_reply, signal, this, &HttpExchange::showLife);
     }
@@ -124,8 +127,8 @@ void HttpExchange::answerChallenge(QAuthenticator &authenticator) {
     }
     m_hasAnsweredChallenge = true;
     if (const std::optional<UrlCredential> credential = m_options.credential()) {
-        authenticator.setUser(credential->user);
-        authenticator.setPassword(credential->password);
+        authenticator.setUser(bytesOfUTF8(credential->user));
+        authenticator.setPassword(bytesOfUTF8(credential->password));
     }
 }
 
@@ -136,10 +139,9 @@ void HttpExchange::judgeCertificate(const QList<QSslError> &errors) {
         m_reply->ignoreSslErrors(errors);
         return;
     }
-    m_error = engineError(
-        EngineErrorCode::CertificateUntrusted,
-        localizedSyncString("The server “%1” cannot prove that it is the one it claims to be: %2")
-            .arg(server(), reasons.join(u' ')));
+    m_error = engineError(EngineErrorCode::CertificateUntrusted,
+                          localizedSyncString("The server “%1” cannot prove its identity: %2")
+                              .arg(server(), reasons.join(u' ')));
 }
 
 void HttpExchange::takeBody() {
@@ -187,25 +189,25 @@ Result<HttpClient::Response> HttpExchange::answer() const {
 }
 
 Error HttpExchange::closedEarly() const {
+    // Qt says the same when it understands nothing.
     return engineError(EngineErrorCode::StoreUnreachable,
-                       "The server “%1” closed the connection before it had answered.", server());
+                       "The server “%1” broke off before it had answered, or is no web server.",
+                       server());
 }
 
 Error HttpExchange::transportError() const {
-    const auto unreachable = [this](const char *text) {
-        return engineError(EngineErrorCode::StoreUnreachable, text, server());
-    };
     switch (m_reply->error()) {
         case QNetworkReply::HostNotFoundError:
-            return unreachable("There is no server “%1”. Check its name and the network.");
+            return engineError(EngineErrorCode::StoreUnreachable,
+                               "There is no server “%1”. Check its name and the network.",
+                               server());
         case QNetworkReply::ConnectionRefusedError:
-            return unreachable("The server “%1” cannot be reached: nothing answers at this port.");
+            return engineError(EngineErrorCode::StoreUnreachable,
+                               "The server “%1” cannot be reached: nothing answers at this port.",
+                               server());
         case QNetworkReply::NoError:
         case QNetworkReply::RemoteHostClosedError:
             return closedEarly();
-        case QNetworkReply::ProtocolFailure:
-        case QNetworkReply::ProtocolUnknownError:
-            return unreachable("The answer of the server “%1” is not understood.");
         case QNetworkReply::SslHandshakeFailedError:
             return engineError(
                 EngineErrorCode::StoreUnreachable,

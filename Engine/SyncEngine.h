@@ -9,14 +9,15 @@
 #include "Engine/FirstContents.h"
 #include "Engine/MainThreadQueue.h"
 #include "Engine/ProfileDatabase.h"
+#include "Engine/SyncTriggers.h"
 
 /// The whole engine. Registers the host classes while it exists; there is one at a time. Main
 /// thread.
 class SyncEngine {
 public:
     SyncEngine();
-    /// Waits for what stores still do, so it must not be called while a handler waits for the main
-    /// thread.
+    /// Cancels what stores still do and waits for its end, so it must not be called while a handler
+    /// waits for the main thread.
     ~SyncEngine();
     SyncEngine(const SyncEngine &) = delete;
     SyncEngine &operator=(const SyncEngine &) = delete;
@@ -28,6 +29,7 @@ public:
     EngineNoteLibrary *library() { return m_isOpen ? &m_library : nullptr; }
     EngineSyncPlugin &plugin() { return m_plugin; }
     const ProfileDatabase &profile() const { return m_profile; }
+    SyncTriggers &triggers() { return m_triggers; }
 
 private:
     std::optional<Error> load();
@@ -39,6 +41,7 @@ private:
     CertificateTrust m_certificateTrust{m_profile};
     EngineNoteLibrary m_library;
     EngineSyncPlugin m_plugin;
+    SyncTriggers m_triggers;
     EngineClasses m_classes;
     bool m_isOpen = false;
 };

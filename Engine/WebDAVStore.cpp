@@ -35,6 +35,11 @@ QUrl packageURL(const Url &URL) {
                            QUrl::StripTrailingSlash);
 }
 
+/// For a person to read.
+QString plainText(const QUrl &URL) {
+    return URL.scheme() + QStringLiteral("://") + URL.authority() + URL.path(QUrl::FullyDecoded);
+}
+
 QStringList decodedParts(const QUrl &URL) {
     QStringList parts;
     for (const QString &part : URL.path(QUrl::FullyEncoded).split(u'/', Qt::SkipEmptyParts)) {
@@ -86,7 +91,7 @@ std::optional<UrlCredential> WebDAVStore::credential() {
 }
 
 QString WebDAVStore::place(const QString &name) const {
-    return blobURL(name).toString(QUrl::PrettyDecoded);
+    return plainText(blobURL(name));
 }
 
 QUrl WebDAVStore::blobURL(const QString &name) const {
@@ -122,7 +127,7 @@ std::optional<Error> WebDAVStore::open(const PZFuture &future) {
                            place({}));
     }
     for (const QString &folder : needed) {
-        const std::optional<Error> error =
+        std::optional<Error> error =
             present.contains(folder) ? std::nullopt : makeFolder(folder, future);
         if (error) {
             return error;
@@ -203,7 +208,12 @@ Result<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
     if (response.status == NotFound) {
         return missing(name);
     }
-    return response.status == OK ? Result<QByteArray>(response.body) : failure(response, name);
+    if (response.status != OK) {
+        return failure(response, name);
+    }
+    // Else nobody knows whether it is whole.
+    return response.header("Content-Length").isEmpty() ? Result<QByteArray>(notUnderstood())
+                                                       : response.body;
 }
 
 Result<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QByteArray &contents,
@@ -289,9 +299,8 @@ Error WebDAVStore::failure(const Response &response, const QString &name) const 
         case Unauthorized:
             return credentialRefused();
         case Forbidden:
-            return engineError(
-                EngineErrorCode::AccessDenied,
-                localizedSyncString("The server does not allow you to use “%1”.").arg(place(name)));
+            return engineError(EngineErrorCode::AccessDenied,
+                               "The server does not allow you to use “%1”.", place(name));
         case NotFound:
         case Conflict:
             return folderMissing(blobURL(name));
@@ -313,23 +322,25 @@ Error WebDAVStore::failure(const Response &response, const QString &name) const 
         case InsufficientStorage:
             return engineError(EngineErrorCode::StoreFull, "The server “%1” is full.", server);
         default:
-            return engineError(EngineErrorCode::StoreUnreachable,
-                               localizedSyncString(
-                                   response.status >= FirstServerError
-                                       ? "The server “%1” has a problem of its own (HTTP %2)."
-                                       : "The answer of the server “%1” is not expected (HTTP %2).")
-                                   .arg(server)
-                                   .arg(response.status));
+            return unexpected(response);
     }
+}
+
+Error WebDAVStore::unexpected(const Response &response) const {
+    const QString text =
+        response.status >= FirstServerError
+            ? localizedSyncString("The server “%1” has a problem of its own (HTTP %2).")
+            : localizedSyncString("The answer of the server “%1” is not expected (HTTP %2).");
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       text.arg(m_package.authority()).arg(response.status));
 }
 
 Error WebDAVStore::credentialRefused() const {
     if (!m_hasCredential) {
         return engineError(
             EngineErrorCode::AccessDenied,
-            localizedSyncString("The server “%1” asks for a user name and a password, and none are "
-                                "stored for this location.")
-                .arg(m_package.authority()));
+            "The server “%1” asks for a password, and none is stored for this location.",
+            m_package.authority());
     }
     return engineError(EngineErrorCode::AccessDenied,
                        "The server “%1” does not accept this user name and password.",
@@ -339,7 +350,7 @@ Error WebDAVStore::credentialRefused() const {
 Error WebDAVStore::folderMissing(const QUrl &URL) const {
     return engineError(EngineErrorCode::StoreUnreachable,
                        "The folder “%1” is not there on the server.",
-                       URL.adjusted(QUrl::StripTrailingSlash).toString(QUrl::PrettyDecoded));
+                       plainText(URL.adjusted(QUrl::StripTrailingSlash)));
 }
 
 Error WebDAVStore::notUnderstood() const {

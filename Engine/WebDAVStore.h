@@ -47,6 +47,7 @@ private:
     std::optional<Error> makeFoldersAbove(const QString &name, const PZFuture &future);
     std::optional<Error> makeFolder(const QString &name, const PZFuture &future);
     Error failure(const Response &response, const QString &name) const;
+    Error unexpected(const Response &response) const;
     Error credentialRefused() const;
     Error folderMissing(const QUrl &URL) const;
     Error notUnderstood() const;

@@ -4,7 +4,6 @@
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncStore.h"
-#include "Platform/Interface/TableView.h"
 
 namespace {
 
@@ -98,7 +97,13 @@ void QVDirectConnectionLocationEditor::netServiceBrowserDidFindServiceMoreComing
 void QVDirectConnectionLocationEditor::netServiceBrowserDidRemoveServiceMoreComing(
     NetServiceBrowser * /*browser*/, const std::shared_ptr<NetService> &service, bool moreComing) {
     service->setDelegate(nullptr);
-    m_services.removeIf([&](const auto &other) { return other->isEqual(service.get()); });
+    m_services.removeIf([&](const auto &other) {
+        if (!other->isEqual(service.get())) {
+            return false;
+        }
+        other->setDelegate(nullptr);
+        return true;
+    });
     announceServicesUnless(moreComing);
 }
 

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "Controller/Preferences/QVSyncLocationEditor.h"
+#include "Platform/Interface/TableView.h"
 #include "Platform/Network/NetService.h"
 #include "Platform/Network/NetServiceBrowser.h"
 #include "Platform/Network/NetServiceBrowserDelegate.h"
 #include "Platform/Network/NetServiceDelegate.h"
-
-class TableView;
 
 /// Edits the location of a direct connection with another computer: lists the servers that announce
 /// themselves on the local network, or takes a host and a port. Once accepted it contacts the

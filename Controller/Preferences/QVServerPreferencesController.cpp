@@ -47,6 +47,8 @@ void QVServerPreferencesController::setServerPort(quint16 port) {
         server()->setPort(port);
     }
     KeyValue::announce<&QVServerPreferencesController::serverPortChanged>(this);
+    // A server that was moved to a port in use has stopped.
+    KeyValue::announce<&QVServerPreferencesController::enabledChanged>(this);
 }
 
 bool QVServerPreferencesController::isEnabled() const {

@@ -149,6 +149,8 @@ void QVSyncPreferences::removeSyncSelection(
 
 void QVSyncPreferences::checkSelectedSyncLocation(QObject * /*sender*/) {
     if (const Selection row = selectedRow()) {
+        // A fetch leaves an older error where it is.
+        row->setError({});
         row->fetchDatabasesWithCompletionHandler([](const auto &, const auto &) {});
     }
 }

@@ -15,7 +15,6 @@
 #include "ui_QVDirectConnectionLocationEditor.h"
 #include "ui_QVFolderLocationEditor.h"
 #include "ui_QVImportDatabasesWindow.h"
-#include "ui_QVImportLocationItem.h"
 #include "ui_QVLocationItem.h"
 #include "ui_QVServerPreferences.h"
 #include "ui_QVSyncScheduleEditor.h"
@@ -63,6 +62,5 @@ void registerSyncPreferencesInterface() {
     registerSheets();
     Nib::registerUiForm<Ui::QVDatabaseItem, ListRow>(QStringLiteral("QVDatabaseItem"));
     Nib::registerUiForm<Ui::QVLocationItem, ListRow>(QStringLiteral("QVLocationItem"));
-    Nib::registerUiForm<Ui::QVImportLocationItem, ListRow>(QStringLiteral("QVImportLocationItem"));
     Nib::registerUiForm<Ui::BookmarkCell, QWidget>(QStringLiteral("BookmarkCell"));
 }

@@ -1,10 +1,12 @@
 #include "Platform/Interface/TableView.h"
 
 #include <QtGui/QMouseEvent>
+#include <QtGui/QPixmap>
 #include <QtWidgets/QHeaderView>
 
 #include "Platform/Interface/Nib.h"
 #include "Platform/Interface/TableViewDelegate.h"
+#include "Platform/KeyValue/ValueTransformer.h"
 
 TableViewDelegate::~TableViewDelegate() = default;
 
@@ -28,16 +30,34 @@ void TableView::setColumnIdentifiers(const QStringList &identifiers) {
 void TableView::setContent(const QVariantList &content) {
     m_content = content;
     const IndexSet selected = selectionIndexes();
+    m_isRebuilding = true;
     setRowCount(static_cast<int>(content.size()));
     for (int row = 0; row < rowCount(); ++row) {
         const QVariant &object = content.at(row);
-        const QVariant shown =
-            m_contentKey == QLatin1StringView("self")
-                ? object
-                : KeyValue::value(KeyValue::objectValue(object), m_contentKey.toUtf8());
-        setItem(row, 0, new QTableWidgetItem(m_rowIcon, shown.toString()));
+        setItem(row, 0, new QTableWidgetItem(iconOf(object), textOf(object)));
     }
     setSelectionIndexes(selected);
+    m_isRebuilding = false;
+}
+
+QString TableView::textOf(const QVariant &object) const {
+    if (!m_textTransformer.isEmpty()) {
+        return ValueTransformer::transformerForName(m_textTransformer)
+            ->transformedValue(object)
+            .toString();
+    }
+    return (m_contentKey == QLatin1StringView("self")
+                ? object
+                : KeyValue::value(KeyValue::objectValue(object), m_contentKey.toUtf8()))
+        .toString();
+}
+
+QIcon TableView::iconOf(const QVariant &object) const {
+    return m_iconTransformer.isEmpty()
+               ? m_rowIcon
+               : QIcon(ValueTransformer::transformerForName(m_iconTransformer)
+                           ->transformedValue(object)
+                           .value<QPixmap>());
 }
 
 IndexSet TableView::selectionIndexes() const {
@@ -65,7 +85,8 @@ void TableView::setSelectionIndexes(const IndexSet &indexes) {
 }
 
 void TableView::reloadData() {
-    // The views go; a row that is still there stays selected.
+    const IndexSet selected = selectionIndexes();
+    m_isRebuilding = true;
     setRowCount(m_delegate ? m_delegate->numberOfRowsInTableView(this) : 0);
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < columnCount(); ++column) {
@@ -73,6 +94,12 @@ void TableView::reloadData() {
                 this, m_columnIdentifiers.at(column), row);
             setCellWidget(row, column, view);
         }
+    }
+    setSelectionIndexes(selected);
+    m_isRebuilding = false;
+    paintViews();
+    if (selectionIndexes() != selected) {
+        selectionDidChange();
     }
 }
 
@@ -87,13 +114,42 @@ int TableView::selectedRow() const {
 
 void TableView::mouseReleaseEvent(QMouseEvent *event) {
     QTableWidget::mouseReleaseEvent(event);
-    m_clickedRow = rowAt(event->position().toPoint().y());
-    Q_EMIT action();
+    if (event->button() == Qt::LeftButton) {
+        m_clickedRow = rowAt(event->position().toPoint().y());
+        Q_EMIT action();
+    }
+}
+
+// For those who have no pointer.
+void TableView::keyPressEvent(QKeyEvent *event) {
+    QTableWidget::keyPressEvent(event);
+    if (event->key() == Qt::Key_Space && currentRow() >= 0) {
+        m_clickedRow = currentRow();
+        Q_EMIT action();
+    }
 }
 
 void TableView::selectionDidChange() {
+    if (m_isRebuilding) {
+        return;
+    }
+    paintViews();
     if (m_delegate) {
         m_delegate->tableViewSelectionDidChange(this);
     }
     KeyValue::announce<&TableView::selectionIndexesChanged>(this);
+}
+
+// Cells of Qt's own write in the colour for selected text; views have to be told.
+void TableView::paintViews() {
+    QPalette selected;
+    selected.setColor(QPalette::WindowText, palette().color(QPalette::HighlightedText));
+    const IndexSet rows = selectionIndexes();
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 0; column < columnCount(); ++column) {
+            if (QWidget *view = cellWidget(row, column)) {
+                view->setPalette(rows.contains(row) ? selected : QPalette());
+            }
+        }
+    }
 }

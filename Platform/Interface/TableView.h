@@ -15,12 +15,17 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_OBJECT
     /// One column for each; there is one without a name unless they are set.
     Q_PROPERTY(QStringList columnIdentifiers READ columnIdentifiers WRITE setColumnIdentifiers)
-    /// The objects of the rows. Setting it keeps the selected rows by their position.
+    /// The objects of the rows. Setting it keeps the selected rows by their position and announces
+    /// nothing, as an ArrayController expects that puts the selection on the same objects then.
     Q_PROPERTY(QVariantList content READ content WRITE setContent)
     /// "self", which is the object itself, unless it is set before the content.
     Q_PROPERTY(QString contentKey MEMBER m_contentKey)
     /// Shown before the text of each row; set before the content.
     Q_PROPERTY(QIcon rowIcon WRITE setRowIcon READ rowIcon)
+    /// Names of value transformers that make a row's text and its icon, a QPixmap, of its object;
+    /// set before the content. Where they are empty `contentKey` and `rowIcon` say what is shown.
+    Q_PROPERTY(QString textTransformer MEMBER m_textTransformer)
+    Q_PROPERTY(QString iconTransformer MEMBER m_iconTransformer)
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
                    selectionIndexesChanged)
 public:
@@ -38,31 +43,38 @@ public:
     /// Not owned; it takes the place of the content. May go before the table.
     void setTableDelegate(TableViewDelegate *delegate) { m_delegate = delegate; }
     TableViewDelegate *tableDelegate() const { return m_delegate; }
-    /// Asks the delegate for all rows again.
+    /// Asks the delegate for all rows again. Keeps the selected rows by their position.
     void reloadData();
     /// A view that a form made for cells: a new one of the form named `identifier`, with `owner`.
     QWidget *makeViewWithIdentifier(const QString &identifier, QObject *owner);
 
-    /// The row that was clicked last, -1 beside the rows.
+    /// The row that was clicked last, or chosen with the space bar; -1 beside the rows.
     int clickedRow() const { return m_clickedRow; }
     /// The first of the selected rows, -1 for none.
     int selectedRow() const;
 
 Q_SIGNALS:
-    /// The table was clicked, on a row or beside them.
+    /// The table was clicked, on a row or beside them; or the space bar was pressed on a row.
     void action();
     void selectionIndexesChanged();
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    QString textOf(const QVariant &object) const;
+    QIcon iconOf(const QVariant &object) const;
     void selectionDidChange();
+    void paintViews();
 
     QStringList m_columnIdentifiers;
     QVariantList m_content;
     QString m_contentKey = QStringLiteral("self");
     QIcon m_rowIcon;
+    QString m_textTransformer;
+    QString m_iconTransformer;
     TableViewDelegate *m_delegate = nullptr;
     int m_clickedRow = -1;
+    bool m_isRebuilding = false;
 };

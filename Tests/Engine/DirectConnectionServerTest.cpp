@@ -248,6 +248,18 @@ private Q_SLOTS:
         QTRY_VERIFY(before.hasEnded());
     }
 
+    void theSamePortWhileServingDisturbsNobody() {
+        serve();
+        Client client(m_port);
+        QVERIFY(client.waitForEncryption());
+        QSignalSpy serving(&server(), &QVDirectConnectionServer::servingChanged);
+        QSignalSpy ports(&server(), &QVDirectConnectionServer::portChanged);
+        server().setPort(m_port);
+        QCOMPARE(ports.count(), 1);
+        QCOMPARE(serving.count(), 0);
+        QVERIFY(!client.hasEnded());
+    }
+
     void aNewPortWhileStoppedDoesNotStart() {
         server().setPort(m_port);
         QVERIFY(!server().isServing());
@@ -350,7 +362,7 @@ private Q_SLOTS:
         DirectConnectionPairing client = newClient();
         askFor(connection, client);
         QTRY_COMPARE(m_person->asked().size(), 1);
-        QVERIFY(m_person->asked().first().details.contains(QStringLiteral("takes its place")));
+        QVERIFY(m_person->asked().first().details.contains(QStringLiteral("takes the place")));
         m_person->answerAll(isOneOfUs);
         QCOMPARE(connection.answer()[Type].toString(), Welcome);
         Client impostor(m_port);

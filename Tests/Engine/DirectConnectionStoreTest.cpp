@@ -94,13 +94,15 @@ class DirectConnectionStoreTest : public QObject {
         m_person->think();
     }
 
-    void revoke() {
+    static void forget(const QString &service) {
         Keychain &keychain = Keychain::shared();
-        const QString service = DirectConnection::ClientAuthorizationServiceName;
-        for (const QString &account : keychain.accounts(service).value_or(QStringList())) {
+        const QStringList accounts = keychain.accounts(service).value_or(QStringList());
+        for (const QString &account : accounts) {
             keychain.removeFirst(service.toUtf8(), account.toUtf8());
         }
     }
+
+    static void revoke() { forget(DirectConnection::ClientAuthorizationServiceName); }
 
 private Q_SLOTS:
     void init() {
@@ -219,15 +221,11 @@ private Q_SLOTS:
     void aForgottenSecretPairsAgainButOnlyWithThePinnedServer() {
         pair();
         const QString service = QStringLiteral("Velmora Direct Connection Servers");
-        for (const QString &account : Keychain::shared().accounts(service).value()) {
-            Keychain::shared().removeFirst(service.toUtf8(), account.toUtf8());
-        }
+        forget(service);
         m_person->answerAll(isAnything);
         QCOMPARE(open(newStore()), std::nullopt);
         QCOMPARE(m_person->asked().size(), 4);
-        for (const QString &account : Keychain::shared().accounts(service).value()) {
-            Keychain::shared().removeFirst(service.toUtf8(), account.toUtf8());
-        }
+        forget(service);
         server().stopServing();
         QVERIFY(QFile::remove(m_host->directory() + QStringLiteral("/Direct Connection.pem")));
         server().startServing();

@@ -393,7 +393,7 @@ private Q_SLOTS:
             {"garbage", Trouble::AnswersGarbage, "is not understood"},
             {"other JSON", Trouble::AnswersBesidesTheQuestion, "is not understood"},
             {"breaks down", Trouble::BreaksDown, "has a problem of its own (HTTP 500)"},
-            {"hangs up", Trouble::HangsUp, "closed the connection"},
+            {"hangs up", Trouble::HangsUp, "broke off"},
         };
         for (const auto &[name, trouble, text] : troubles) {
             QTest::addRow("token %s", name) << TokenPath << trouble << QString::fromLatin1(text);

@@ -448,7 +448,7 @@ private Q_SLOTS:
             {"stalls", Trouble::Stalls, "does not answer"},
             {"garbage", Trouble::AnswersGarbage, "is not understood"},
             {"breaks down", Trouble::BreaksDown, "has a problem of its own (HTTP 500)"},
-            {"hangs up", Trouble::HangsUp, "closed the connection"},
+            {"hangs up", Trouble::HangsUp, "broke off"},
         };
         for (const QString &path : {ListPath, UploadPath, DownloadPath, DeletePath}) {
             for (const auto &[name, trouble, expected] : troubles) {

@@ -2,10 +2,12 @@
 
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/prctl.h>
 #include <unistd.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QStandardPaths>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -45,9 +47,11 @@ QString systemProgram(const QString &name) {
     return path;
 }
 
-/// Starts `process` and waits until it has written `sign`, or forever with the test's time limit.
+/// Starts `process` and waits until it has written `sign`.
 void startAndAwait(QProcess &process, const QString &program, const QStringList &arguments,
                    const QByteArray &sign) {
+    // Whatever becomes of the test, nothing of it stays.
+    process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(systemProgram(program), arguments);
     QByteArray output;

@@ -131,7 +131,7 @@ private Q_SLOTS:
         const auto row = m_pane->synchronizationSelections().constLast();
         QCOMPARE(row->location()->URL().absoluteString(), URLs().last());
         QVERIFY(row->isSelected());
-        QCOMPARE(row->title(), QStringLiteral("Store (host)"));
+        QCOMPARE(row->title(), QStringLiteral("host"));
     }
 
     void cancellingANewLocationAddsAndSavesNothing() {
@@ -370,10 +370,12 @@ private Q_SLOTS:
         m_host->addLocation(QStringLiteral("file:///missing.qvSyncStore"));
         showPane();
         selectLocation(0);
-        choose("moreMenu", "checkItem");
         const auto row = m_pane->synchronizationSelections().constFirst();
-        QVERIFY(row->isActive());
-        QTRY_VERIFY(!row->isActive());
+        QList<bool> activity;
+        connect(row.get(), &QVSynchronizationSelection::activeChanged, this,
+                [&, raw = row.get()] { activity.append(raw->isActive()); });
+        choose("moreMenu", "checkItem");
+        QTRY_COMPARE(activity, QList<bool>({true, false}));
         QVERIFY(row->error());
         auto *warning = m_pane->locationsView()->items().at(0)->view()->findChild<QToolButton *>(
             QStringLiteral("rowWarningButton"));
@@ -382,13 +384,15 @@ private Q_SLOTS:
         QCOMPARE(m_host->application().presentedErrors(), QList<Error>{*row->error()});
     }
 
-    void checkingAStoreThatIsThereShowsNoWarning() {
+    void checkingAgainForgetsWhatWasWrongBefore() {
         m_host->addLocation();
         showPane();
         selectLocation(0);
-        choose("moreMenu", "checkItem");
         const auto row = m_pane->synchronizationSelections().constFirst();
-        QTRY_VERIFY(!row->isActive());
+        row->setError(Error{.localizedDescription = QStringLiteral("It was not there.")});
+        QSignalSpy activity(row.get(), &QVSynchronizationSelection::activeChanged);
+        choose("moreMenu", "checkItem");
+        QTRY_COMPARE(activity.count(), 2);
         QVERIFY(!row->error());
     }
 

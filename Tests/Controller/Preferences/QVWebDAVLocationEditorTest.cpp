@@ -332,6 +332,20 @@ private Q_SLOTS:
         QVERIFY(!m_location->URL().absoluteString().contains(password));
     }
 
+    // Last but one: the store of the process does without the service from here on.
+    void withoutASecretServiceTheSheetClosesAndTheSecretIsKeptForThisRun() {
+        m_secretService->stopBus();
+        open();
+        fill({.server = QStringLiteral("lonely"),
+              .user = QStringLiteral("u"),
+              .store = QStringLiteral("s")},
+             QStringLiteral("kept"));
+        m_editor->acceptModalSheet(nullptr);
+        QCOMPARE(m_results, QList<qint64>{1});
+        QTRY_VERIFY(SecretStore::shared().error());
+        QCOMPARE(QVDefaultURLCredentialForURL(m_location->URL())->password, QStringLiteral("kept"));
+    }
+
     // The same checks that the fuzz target makes, over inputs of the test's own making.
     void anyFieldsGiveNilOrAURLThatShowsThemAgain() {
         QRandomGenerator random(20261121);

@@ -1,0 +1,355 @@
+#include "Controller/Preferences/QVServerPreferencesController.h"
+
+#include <QtNetwork/QTcpServer>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QSpinBox>
+
+#include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/UserDefaults.h"
+#include "Platform/Interface/TableView.h"
+#include "Platform/Security/Keychain.h"
+#include "Support/AnnouncementRecorder.h"
+#include "Support/ScriptedHost.h"
+#include "Support/SecretService.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+const QString PortNumberKey = QStringLiteral("QVDirectConnectionServerPortNumber");
+const QString EnabledKey = QStringLiteral("QVDirectConnectionServerEnabled");
+
+quint16 freePort() {
+    QTcpServer server;
+    server.listen(QHostAddress::Any, 0);
+    return server.serverPort();
+}
+
+}  // namespace
+
+class QVServerPreferencesControllerTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<SecretService> m_secretService;
+    std::unique_ptr<ScriptedHost> m_host;
+    std::unique_ptr<TestHost> m_realHost;
+    std::unique_ptr<QVServerPreferencesController> m_controller;
+
+    void useRealHost() {
+        m_controller.reset();
+        m_host.reset();
+        m_realHost = std::make_unique<TestHost>();
+        m_controller = QVServerPreferencesController::controller();
+    }
+    /// Makes the controller anew, as the next opening of the sheet does.
+    void reopen() { m_controller = QVServerPreferencesController::controller(); }
+    static QMap<QString, QString> itemAttributes(const QString &client) {
+        return {{QStringLiteral("xdg:schema"), QStringLiteral("velmora.GenericPassword")},
+                {QStringLiteral("service"), QVDirectConnectionClientAuthorizationServiceName()},
+                {QStringLiteral("account"), client}};
+    }
+    void authorize(const QString &client) {
+        m_secretService->addItem(itemAttributes(client), "secret");
+    }
+    template <class Widget>
+    Widget *part(const char *name) {
+        return m_controller->window()->findChild<Widget *>(QLatin1StringView(name));
+    }
+    QStringList shownClients() {
+        QStringList names;
+        const auto *table = part<TableView>("clientsTable");
+        for (int row = 0; row < table->rowCount(); ++row) {
+            names.append(table->item(row, 0)->text());
+        }
+        return names;
+    }
+    static void whileModal(const std::function<void()> &act) { QTimer::singleShot(0, qApp, act); }
+
+private Q_SLOTS:
+    void initTestCase() {
+        registerSyncPreferencesInterface();
+        m_secretService = std::make_unique<SecretService>();
+    }
+    void cleanupTestCase() { m_secretService.reset(); }
+    void init() {
+        m_host = std::make_unique<ScriptedHost>();
+        m_controller = QVServerPreferencesController::controller();
+    }
+    void cleanup() {
+        m_controller.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_realHost.reset();
+        m_host.reset();
+        for (const QString &key : {PortNumberKey, EnabledKey}) {
+            UserDefaults::remove(key);
+        }
+        // What a test has authorized must not outlive it.
+        ScriptedHost host;
+        const QString service = QVDirectConnectionClientAuthorizationServiceName();
+        Keychain &keychain = Keychain::shared();
+        for (const QString &client : keychain.accounts(service).value_or(QStringList())) {
+            QVERIFY(keychain.removeFirst(service.toUtf8(), client.toUtf8()));
+        }
+    }
+
+    void theServerIsThatOfThePlugIn() { QCOMPARE(m_controller->server(), &m_host->server); }
+
+    void thePortIsTheServers() {
+        m_host->server.setPort(5000);
+        QCOMPARE(m_controller->serverPort(), 5000);
+    }
+
+    void aNewPortGoesToTheDefaultsThenToTheServer() {
+        m_controller->setServerPort(65535);
+        QCOMPARE(UserDefaults::integerForKey(PortNumberKey), 65535);
+        QCOMPARE(m_host->server.calls, QStringList{QStringLiteral("port 65535")});
+        QVERIFY(!UserDefaults::contains(EnabledKey));
+    }
+
+    void thePortIsReadAgainWheneverTheServerStartsOrStops() {
+        QCOMPARE(QVServerPreferencesController::keyPathsForValuesAffectingServerPort(),
+                 KeyValue::KeyPaths{"server.serving"});
+        AnnouncementRecorder recorder(m_controller.get());
+        m_host->server.startServing();
+        QCOMPARE(recorder.count("serverPort"), 1);
+        m_host->server.stopServing();
+        QCOMPARE(recorder.count("serverPort"), 2);
+    }
+
+    void switchingOnStartsTheServer() {
+        QVERIFY(!m_controller->isEnabled());
+        m_controller->setEnabled(true);
+        QVERIFY(UserDefaults::boolForKey(EnabledKey));
+        QCOMPARE(m_host->server.calls, QStringList{QStringLiteral("start")});
+        QVERIFY(m_controller->isEnabled());
+        m_controller->setEnabled(false);
+        QVERIFY(UserDefaults::contains(EnabledKey));
+        QVERIFY(!UserDefaults::boolForKey(EnabledKey));
+        QCOMPARE(m_host->server.calls,
+                 QStringList({QStringLiteral("start"), QStringLiteral("stop")}));
+        QVERIFY(!UserDefaults::contains(PortNumberKey));
+    }
+
+    void switchingToWhatIsAlreadySoOnlyWritesTheDefaults() {
+        m_host->server.startServing();
+        m_host->server.calls.clear();
+        m_controller->setEnabled(true);
+        QVERIFY(UserDefaults::boolForKey(EnabledKey));
+        QVERIFY(m_host->server.calls.isEmpty());
+        m_host->server.stopServing();
+        m_host->server.calls.clear();
+        m_controller->setEnabled(false);
+        QVERIFY(!UserDefaults::boolForKey(EnabledKey));
+        QVERIFY(m_host->server.calls.isEmpty());
+    }
+
+    void aServerThatCannotServeIsShownAsOff() {
+        m_host->server.cannotServe = true;
+        part<QCheckBox>("enabledCheckBox")->click();
+        QCOMPARE(m_host->server.calls, QStringList{QStringLiteral("start")});
+        QVERIFY(UserDefaults::boolForKey(EnabledKey));
+        QVERIFY(!part<QCheckBox>("enabledCheckBox")->isChecked());
+    }
+
+    void theRealServerIsSwitchedAndMoved() {
+        useRealHost();
+        const quint16 port = freePort();
+        m_controller->setServerPort(port);
+        m_controller->setEnabled(true);
+        QVERIFY(m_controller->server()->isServing());
+        QCOMPARE(m_controller->serverPort(), port);
+        m_controller.reset();
+        m_realHost->restart();
+        reopen();
+        QVERIFY(m_controller->isEnabled());
+        QCOMPARE(m_controller->serverPort(), port);
+        m_controller->setEnabled(false);
+        QVERIFY(!m_controller->server()->isServing());
+    }
+
+    void aPortInUseSwitchesTheServerOffAndTheCheckBoxSaysSo() {
+        useRealHost();
+        m_controller->setServerPort(freePort());
+        m_controller->setEnabled(true);
+        QVERIFY(part<QCheckBox>("enabledCheckBox")->isChecked());
+        QTcpServer other;
+        QVERIFY(other.listen(QHostAddress::Any, 0));
+        part<QSpinBox>("portField")->setValue(other.serverPort());
+        QVERIFY(!m_controller->server()->isServing());
+        QVERIFY(!part<QCheckBox>("enabledCheckBox")->isChecked());
+    }
+
+    void withoutItemsNobodyIsAuthorized() {
+        QVERIFY(m_controller->authorizedClients().isEmpty());
+        QVERIFY(m_host->application.presentedErrors().isEmpty());
+        m_controller->window()->show();
+        QVERIFY(part<QLabel>("emptyLabel")->isVisible());
+        QVERIFY(!part<QPushButton>("revokeButton")->isEnabled());
+    }
+
+    void clientsAreReadWhenTheControllerIsMade() {
+        authorize(QStringLiteral("Kim"));
+        QVERIFY(m_controller->authorizedClients().isEmpty());
+        reopen();
+        QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Kim")});
+    }
+
+    void itemsOfOtherServicesAreNoClients() {
+        QMap<QString, QString> attributes = itemAttributes(QStringLiteral("Kim"));
+        attributes[QStringLiteral("service")] = QStringLiteral("another service");
+        m_secretService->addItem(attributes, "secret");
+        reopen();
+        QVERIFY(m_controller->authorizedClients().isEmpty());
+    }
+
+    void itemsWithoutAccountAreLeftOut() {
+        QMap<QString, QString> attributes = itemAttributes({});
+        attributes.remove(QStringLiteral("account"));
+        m_secretService->addItem(attributes, "secret");
+        authorize(QStringLiteral("Kim"));
+        reopen();
+        QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Kim")});
+    }
+
+    void anUnreadableKeychainMeansNobody() {
+        authorize(QStringLiteral("Kim"));
+        m_secretService->stopKeyring();
+        reopen();
+        QVERIFY(m_controller->authorizedClients().isEmpty());
+        QVERIFY(m_host->application.presentedErrors().isEmpty());
+        m_secretService = nullptr;
+        m_secretService = std::make_unique<SecretService>();
+    }
+
+    void aClientIsInTheSetOnce() {
+        AnnouncementRecorder recorder(m_controller.get());
+        m_controller->addAuthorizedClientsObject(QStringLiteral("Kim"));
+        m_controller->addAuthorizedClientsObject(QStringLiteral("Kim"));
+        QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Kim")});
+        QCOMPARE(recorder.count("authorizedClients"), 2);
+    }
+
+    void clientsAreShownInTheOrderOfTheirNames() {
+        for (const char *name : {"kim", "Zoe", "Ada", "Émile"}) {
+            m_controller->addAuthorizedClientsObject(QString::fromUtf8(name));
+        }
+        QCOMPARE(m_controller->authorizedClientsSortDescriptors().size(), 1);
+        QCOMPARE(shownClients(), QStringList({QStringLiteral("Ada"), QStringLiteral("Zoe"),
+                                              QStringLiteral("kim"), QStringLiteral("Émile")}));
+    }
+
+    void revokingDeletesTheItem() {
+        authorize(QStringLiteral("Kim"));
+        authorize(QStringLiteral("Ada"));
+        reopen();
+        AnnouncementRecorder recorder(m_controller.get());
+        m_controller->removeAuthorizedClientsObject(QStringLiteral("Kim"));
+        QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Ada")});
+        QCOMPARE(recorder.count("authorizedClients"), 1);
+        QCOMPARE(m_secretService->count(itemAttributes(QStringLiteral("Kim"))), 0);
+        QCOMPARE(m_secretService->count(itemAttributes(QStringLiteral("Ada"))), 1);
+    }
+
+    void onlyTheFirstOfEqualItemsIsDeleted() {
+        authorize(QStringLiteral("Kim"));
+        authorize(QStringLiteral("Kim"));
+        reopen();
+        m_controller->removeAuthorizedClientsObject(QStringLiteral("Kim"));
+        QVERIFY(m_controller->authorizedClients().isEmpty());
+        QCOMPARE(m_secretService->count(itemAttributes(QStringLiteral("Kim"))), 1);
+    }
+
+    void aClientWhoseItemIsGoneStaysInTheList() {
+        authorize(QStringLiteral("Kim"));
+        reopen();
+        const QByteArray service = QVDirectConnectionClientAuthorizationServiceName().toUtf8();
+        QVERIFY(Keychain::shared().removeFirst(service, "Kim"));
+        AnnouncementRecorder recorder(m_controller.get());
+        m_controller->removeAuthorizedClientsObject(QStringLiteral("Kim"));
+        QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Kim")});
+        QVERIFY(recorder.announced().isEmpty());
+        QVERIFY(m_host->application.presentedErrors().isEmpty());
+    }
+
+    // "Zoé" has three UTF-16 units: it is looked for as "Zo" and the first byte of the last letter.
+    void aNameThatIsNotAsciiCannotBeRevoked() {
+        authorize(QStringLiteral("Zoé"));
+        reopen();
+        m_controller->removeAuthorizedClientsObject(QStringLiteral("Zoé"));
+        QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Zoé")});
+        QCOMPARE(m_secretService->count(itemAttributes(QStringLiteral("Zoé"))), 1);
+    }
+
+    // "éa" has two units; its first two bytes are "é", another client.
+    void aShortenedNameMayBeThatOfAnother() {
+        authorize(QStringLiteral("éa"));
+        authorize(QStringLiteral("é"));
+        reopen();
+        m_controller->removeAuthorizedClientsObject(QStringLiteral("éa"));
+        QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("é")});
+        QCOMPARE(m_secretService->count(itemAttributes(QStringLiteral("éa"))), 1);
+        QCOMPARE(m_secretService->count(itemAttributes(QStringLiteral("é"))), 0);
+    }
+
+    void theRevokeButtonRevokesTheSelectedClient() {
+        authorize(QStringLiteral("Kim"));
+        authorize(QStringLiteral("Ada"));
+        reopen();
+        part<TableView>("clientsTable")->selectRow(1);
+        QVERIFY(part<QPushButton>("revokeButton")->isEnabled());
+        part<QPushButton>("revokeButton")->click();
+        QCOMPARE(shownClients(), QStringList{QStringLiteral("Ada")});
+        QVERIFY(!part<QPushButton>("revokeButton")->isEnabled());
+    }
+
+    void theFieldsShowAndSetTheServer() {
+        m_host->server.setPort(5000);
+        m_host->server.startServing();
+        QCOMPARE(part<QSpinBox>("portField")->value(), 5000);
+        QVERIFY(part<QCheckBox>("enabledCheckBox")->isChecked());
+        part<QSpinBox>("portField")->setValue(6000);
+        QCOMPARE(m_host->server.port(), 6000);
+        part<QCheckBox>("enabledCheckBox")->click();
+        QVERIFY(!m_host->server.isServing());
+    }
+
+    void runningReturnsOnlyWhenTheSheetHasClosed() {
+        QWidget parent;
+        bool wasVisible = false;
+        whileModal([&] {
+            wasVisible = m_controller->window()->isVisible();
+            QCOMPARE(m_controller->window()->parentWidget(), &parent);
+            QCOMPARE(m_controller->window()->windowModality(), Qt::WindowModal);
+            part<QPushButton>("closeButton")->click();
+        });
+        m_controller->runServerPreferencesModalForWindow(&parent);
+        QVERIFY(wasVisible);
+        QVERIFY(!m_controller->window()->isVisible());
+    }
+
+    void escapeCloses() {
+        QWidget parent;
+        whileModal([&] { QTest::keyClick(m_controller->window(), Qt::Key_Escape); });
+        m_controller->runServerPreferencesModalForWindow(&parent);
+        QVERIFY(!m_controller->window()->isVisible());
+    }
+
+    void anAbsentWindowIsAProgrammingError() {
+        try {
+            m_controller->runServerPreferencesModalForWindow(nullptr);
+            QFAIL("nothing was raised");
+        } catch (const AssertionFailure &failure) {
+            QCOMPARE(failure.message(),
+                     QStringLiteral("Invalid parameter not satisfying: parentWindow != nil"));
+            QCOMPARE(failure.sourceFile(),
+                     QStringLiteral("Controller/Preferences/QVServerPreferencesController"));
+            QCOMPARE(failure.line(), 69);
+        }
+    }
+};
+
+VELMORA_TEST_MAIN(QVServerPreferencesControllerTest)
+#include "QVServerPreferencesControllerTest.moc"

@@ -1,0 +1,280 @@
+#include <sys/prctl.h>
+#include <unistd.h>
+
+#include <QtNetwork/QTcpServer>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+#include <csignal>
+#include <cstdio>
+#include <iostream>
+
+#include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
+#include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Engine/BlobStore.h"
+#include "Engine/DirectConnection.h"
+#include "Engine/EngineError.h"
+#include "Engine/EngineFuture.h"
+#include "Host/QVDirectConnectionServer.h"
+#include "Platform/Interface/TableView.h"
+#include "Platform/Network/NetService.h"
+#include "Platform/Security/Keychain.h"
+#include "Support/AskedPerson.h"
+#include "Support/PrivateNetwork.h"
+#include "Support/SecretService.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+constexpr int Patience = 60000;
+const QString ServerRole = QStringLiteral("--be-the-other-computer");
+const QString OtherInterface = QStringLiteral("other-end");
+const QString OwnInterface = QStringLiteral("own-end");
+
+/// The six digits in a question.
+QString codeIn(const QString &text) {
+    return QRegularExpression(QStringLiteral("\\d{3} \\d{3}")).match(text).captured();
+}
+
+void ip(const QString &arguments) {
+    runOrThrow(QStringLiteral("ip"), arguments.split(u' '));
+}
+
+void raise(const QString &interface, const QString &address) {
+    ip(QStringLiteral("address add %1/24 dev %2").arg(address, interface));
+    ip(QStringLiteral("link set %1 up").arg(interface));
+}
+
+void say(const QString &line) {
+    std::cout << line.toStdString() << std::endl;
+}
+
+/// Reads no further than the line's end: what follows is for the notifier to notice.
+QString nextCommand() {
+    QByteArray line;
+    char c = 0;
+    while (read(STDIN_FILENO, &c, 1) == 1) {
+        if (c == '\n') {
+            return QString::fromUtf8(line);
+        }
+        line.append(c);
+    }
+    return QStringLiteral("end");
+}
+
+/// The person at the other computer, whose screen the test reads line by line, and who does what
+/// the test says.
+class OtherPerson : public TestApplication {
+public:
+    void ask(const Question &question, std::function<void(bool)> handler) override {
+        say(QStringLiteral("question ") + question.text + u' ' + question.details);
+        handler(nextCommand() == QStringLiteral("allow"));
+    }
+};
+
+void revokeEveryone() {
+    const QString service = DirectConnection::ClientAuthorizationServiceName;
+    const QStringList clients = Keychain::shared().accounts(service).value_or(QStringList());
+    for (const QString &client : clients) {
+        if (Keychain::shared().removeFirst(service.toUtf8(), client.toUtf8())) {
+            say(QStringLiteral("revoked ") + client);
+        }
+    }
+}
+
+/// The other computer: a host with a bus, a discovery daemon, a keyring and a profile of its own.
+int beTheOtherComputer(int argumentCount, char **arguments) {
+    say(QStringLiteral("here"));
+    nextCommand();
+    raise(OtherInterface, QStringLiteral("10.77.0.1"));
+    DiscoveryDaemon daemon(QStringLiteral("hosta"), OtherInterface);
+    daemon.startBus();
+    daemon.startDaemon();
+    const QApplication application(argumentCount, arguments);
+    const SecretService keyring;
+    TestHost host;
+    const OtherPerson person;
+    host.addDatabase(QStringLiteral("Garden"));
+    QVDirectConnectionServer *server = host.engine().plugin().server();
+    server->startServing();
+    say(QStringLiteral("serving"));
+    QSocketNotifier input(fileno(stdin), QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, [&] {
+        const QString command = nextCommand();
+        if (command == QStringLiteral("revoke")) {
+            revokeEveryone();
+        } else if (command == QStringLiteral("clients")) {
+            const QString service = DirectConnection::ClientAuthorizationServiceName;
+            say(QStringLiteral("clients %1")
+                    .arg(Keychain::shared().accounts(service).value_or(QStringList()).size()));
+        } else if (command == QStringLiteral("stop")) {
+            server->stopServing();
+        } else {
+            QCoreApplication::quit();
+        }
+    });
+    return QCoreApplication::exec();
+}
+
+}  // namespace
+
+/// Two computers, joined by a wire: this process and one that it starts, each with its own network
+/// namespace, system bus and discovery daemon.
+class TwoComputersTest : public QObject {
+    Q_OBJECT
+
+    QProcess m_other;
+    std::unique_ptr<DiscoveryDaemon> m_daemon;
+
+    void tell(const QByteArray &command) { m_other.write(command + '\n'); }
+
+    /// The other computer's next line that begins with `start`.
+    QString awaitLine(const QString &start) {
+        QString line;
+        const auto isThere = [&] {
+            while (m_other.canReadLine() && !line.startsWith(start)) {
+                line = QString::fromUtf8(m_other.readLine()).trimmed();
+            }
+            return line.startsWith(start);
+        };
+        return QTest::qWaitFor(isThere, Patience) ? line : QString();
+    }
+
+    static EngineErrorCode await(const std::shared_ptr<BlobStore> &store) {
+        std::atomic<int> code = -1;
+        store->openWithCompletionHandler(
+            [&](const std::optional<Error> &error) { code = error ? error->code : 0; });
+        [&] { QTRY_VERIFY_WITH_TIMEOUT(code >= 0, Patience); }();
+        return static_cast<EngineErrorCode>(code.load());
+    }
+
+    static std::shared_ptr<BlobStore> newStore(const std::shared_ptr<QVSyncLocation> &location) {
+        return std::dynamic_pointer_cast<BlobStore>(location->createStore());
+    }
+
+    struct Fetched {
+        QStringList names;
+        int errorCode = -1;
+    };
+
+    static Fetched fetch(const std::shared_ptr<BlobStore> &store) {
+        Fetched result;
+        std::atomic<bool> isDone = false;
+        store->fetchDatabasesWithCompletionHandler(
+            [&](const std::optional<QVRemoteDatabases> &databases,
+                const std::optional<Error> &error) {
+                for (const auto &database : databases.value_or(QVRemoteDatabases())) {
+                    result.names.append(database->metadata()->name());
+                }
+                result.errorCode = error ? error->code : 0;
+                isDone = true;
+            });
+        [&] { QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience); }();
+        result.names.sort();
+        return result;
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        registerSyncPreferencesInterface();
+        m_other.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+        m_other.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        // By this name, since the path of the file may not lead to it from the new namespace.
+        m_other.start(QStringLiteral("/proc/self/exe"), {ServerRole});
+        QVERIFY(!awaitLine(QStringLiteral("here")).isEmpty());
+        ip(QStringLiteral("link add %1 type veth peer name %2 netns %3")
+               .arg(OwnInterface, OtherInterface)
+               .arg(m_other.processId()));
+        raise(OwnInterface, QStringLiteral("10.77.0.2"));
+        tell("join");
+        m_daemon = std::make_unique<DiscoveryDaemon>(QStringLiteral("hostb"), OwnInterface);
+        m_daemon->startBus();
+        m_daemon->startDaemon();
+        QVERIFY(!awaitLine(QStringLiteral("serving")).isEmpty());
+    }
+
+    void cleanupTestCase() {
+        tell("end");
+        if (!m_other.waitForFinished(Patience)) {
+            m_other.kill();
+            m_other.waitForFinished();
+        }
+        QCOMPARE(m_other.exitCode(), 0);
+    }
+
+    void aComputerFindsAnotherPairsWithItAndIsRefusedOnceRevoked() {
+        TestHost host;
+        AskedPerson person;
+        QVDirectConnectionServer *own = host.engine().plugin().server();
+        own->startServing();
+        QVERIFY(own->isServing());
+
+        QTRY_COMPARE_WITH_TIMEOUT(own->bonjourService()->name(), QStringLiteral("hostb"), Patience);
+
+        // Found, and never its own.
+        QWidget parent;
+        const auto location = std::make_shared<EngineSyncLocation>(Url());
+        const auto editor = QVDirectConnectionLocationEditor::editorWithSyncLocation(location);
+        qint64 result = -1;
+        editor->runLocationEditorModalForWindow(&parent, true, [&](qint64 code) { result = code; });
+        auto *table = editor->window()->findChild<TableView *>(QStringLiteral("servicesTable"));
+        QTRY_COMPARE_WITH_TIMEOUT(table->rowCount(), 1, Patience);
+        QCOMPARE(table->item(0, 0)->text(), QStringLiteral("hosta"));
+
+        // Resolved.
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                          table->visualItemRect(table->item(0, 0)).center());
+        auto *hostField = editor->window()->findChild<QLineEdit *>(QStringLiteral("hostField"));
+        QTRY_COMPARE_WITH_TIMEOUT(hostField->text(), QStringLiteral("hosta.local"), Patience);
+        QCOMPARE(location->URL().absoluteString(),
+                 QStringLiteral("velmora://hosta.local:%1").arg(DirectConnection::DefaultPort));
+        QCOMPARE(table->rowCount(), 1);
+
+        // Accepted, and paired by that: both persons see the same code.
+        person.answerAll([](const Question & /*question*/) { return true; });
+        editor->window()->findChild<QPushButton *>(QStringLiteral("acceptButton"))->click();
+        QCOMPARE(result, 1);
+        const QString question = awaitLine(QStringLiteral("question"));
+        QVERIFY2(question.contains(QSysInfo::machineHostName()), qPrintable(question));
+        tell("allow");
+        QTRY_COMPARE_WITH_TIMEOUT(person.asked().size(), 1, Patience);
+        QVERIFY(!codeIn(question).isEmpty());
+        QCOMPARE(codeIn(person.asked().first().details), codeIn(question));
+        const auto isPaired = [this] {
+            tell("clients");
+            return awaitLine(QStringLiteral("clients")) == QStringLiteral("clients 1");
+        };
+        QVERIFY(QTest::qWaitFor(isPaired, Patience));
+
+        // Its databases are fetched, by a store for which nobody is asked again.
+        const QStringList databases{QStringLiteral("Garden"), QStringLiteral("Inbox")};
+        const std::shared_ptr<BlobStore> store = newStore(location);
+        QCOMPARE(await(store), EngineErrorCode(0));
+        QCOMPARE(fetch(store).names, databases);
+        QCOMPARE(person.asked().size(), 1);
+
+        // Revoked: refused on the open connection and on a new one.
+        tell("revoke");
+        QVERIFY(!awaitLine(QStringLiteral("revoked")).isEmpty());
+        const Fetched refused = fetch(store);
+        QCOMPARE(static_cast<EngineErrorCode>(refused.errorCode), EngineErrorCode::AccessDenied);
+        QVERIFY(refused.names.isEmpty());
+        QCOMPARE(await(newStore(location)), EngineErrorCode::AccessDenied);
+
+        // Gone from the list when it stops serving.
+        tell("stop");
+        QTRY_COMPARE_WITH_TIMEOUT(editor->services().size(), 0, Patience);
+    }
+};
+
+int main(int argumentCount, char **arguments) {
+    enterPrivateNetwork();
+    prepareTestProcess();
+    if (argumentCount > 1 && arguments[1] == ServerRole.toStdString()) {
+        return beTheOtherComputer(argumentCount, arguments);
+    }
+    const QApplication application(argumentCount, arguments);
+    TwoComputersTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
+#include "TwoComputersTest.moc"

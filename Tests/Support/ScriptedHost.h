@@ -1,0 +1,66 @@
+#pragma once
+
+#include <memory>
+
+#include "Engine/EngineFuture.h"
+#include "Host/QVDirectConnectionServer.h"
+#include "Host/QVSyncLocationsController.h"
+#include "Host/QVSyncPlugin.h"
+#include "Support/TestApplication.h"
+
+/// A server that only writes down what it is told, in `calls`.
+class ScriptedServer : public QVDirectConnectionServer {
+public:
+    quint16 port() const override { return m_port; }
+    void setPort(quint16 port) override;
+    bool isServing() const override { return m_isServing; }
+    void startServing() override;
+    void stopServing() override;
+    std::shared_ptr<NetService> bonjourService() const override { return service; }
+
+    QStringList calls;
+    std::shared_ptr<NetService> service;
+    /// Starting fails, silently.
+    bool cannotServe = false;
+
+private:
+    void setServing(bool isServing);
+
+    quint16 m_port = 2222;
+    bool m_isServing = false;
+};
+
+/// A future of the engine that remembers which ones it was given, in the order given.
+class RecordingFuture : public EngineFuture {
+public:
+    void cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) override;
+    void passControlToFuture(const std::shared_ptr<PZFuture> &future) override;
+
+    QList<std::shared_ptr<PZFuture>> cascades;
+    QList<std::shared_ptr<PZFuture>> passes;
+};
+
+/// A host in the place of the engine that only writes down what it is told: what no real one can
+/// be brought to show.
+class ScriptedHost {
+public:
+    ScriptedHost();
+    ~ScriptedHost();
+    ScriptedHost(const ScriptedHost &) = delete;
+    ScriptedHost &operator=(const ScriptedHost &) = delete;
+
+    TestApplication application;
+    ScriptedServer server;
+    /// "save", "synchronize UUID UUID", "bookmark URL", "remove URL", "start", …
+    QStringList calls;
+    QStringList bookmarks;
+    /// The locations of the locations controller.
+    QList<std::shared_ptr<QVSyncLocation>> locations;
+    bool saves = true;
+    /// Every future that was asked for.
+    QList<std::shared_ptr<RecordingFuture>> futures;
+
+private:
+    struct Objects;
+    std::unique_ptr<Objects> m_objects;
+};

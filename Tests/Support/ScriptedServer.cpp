@@ -1,0 +1,95 @@
+#include "Support/ScriptedServer.h"
+
+#include <QtNetwork/QTcpServer>
+
+namespace {
+
+/// How often a waiting server looks whether the test is over.
+constexpr int LookInterval = 20;
+
+qsizetype contentLength(const QByteArray &headers) {
+    for (const QByteArray &line : headers.split('\n')) {
+        if (line.toLower().startsWith("content-length:")) {
+            return line.mid(15).trimmed().toLongLong();
+        }
+    }
+    return 0;
+}
+
+}  // namespace
+
+ScriptedServer::Connection::Connection(QTcpSocket &socket, const std::atomic<bool> &isEnding)
+    : m_socket(socket), m_isEnding(isEnding) {}
+
+QByteArray ScriptedServer::Connection::readRequest() {
+    while (isOpen()) {
+        const qsizetype headersEnd = m_received.indexOf("\r\n\r\n") + 4;
+        const qsizetype end = headersEnd + contentLength(m_received.left(headersEnd));
+        if (headersEnd >= 4 && m_received.size() >= end) {
+            const QByteArray request = m_received.first(end);
+            m_received.remove(0, end);
+            return request;
+        }
+        m_socket.waitForReadyRead(LookInterval);
+        m_received += m_socket.readAll();
+    }
+    return {};
+}
+
+void ScriptedServer::Connection::send(const QByteArray &bytes) {
+    m_socket.write(bytes);
+    while (isOpen() && m_socket.bytesToWrite() > 0) {
+        m_socket.waitForBytesWritten(LookInterval);
+    }
+}
+
+void ScriptedServer::Connection::answer(const QByteArray &statusAndHeaders,
+                                        const QByteArray &body) {
+    send("HTTP/1.1 " + statusAndHeaders + "\r\nContent-Length: " + QByteArray::number(body.size()) +
+         "\r\n\r\n" + body);
+}
+
+void ScriptedServer::Connection::waitUntilClosed() {
+    while (isOpen()) {
+        m_socket.waitForReadyRead(LookInterval);
+        m_socket.readAll();
+    }
+}
+
+bool ScriptedServer::Connection::isOpen() {
+    return !m_isEnding && m_socket.state() == QAbstractSocket::ConnectedState;
+}
+
+ScriptedServer::ScriptedServer(Script script) : m_script(std::move(script)) {
+    std::promise<quint16> port;
+    std::future<quint16> listeningPort = port.get_future();
+    m_thread.reset(QThread::create(
+        [this, promise = std::move(port)]() mutable { serve(std::move(promise)); }));
+    m_thread->start();
+    m_port = listeningPort.get();
+}
+
+ScriptedServer::~ScriptedServer() {
+    m_isEnding = true;
+    m_thread->wait();
+}
+
+QString ScriptedServer::URLText(const QString &path) const {
+    return QStringLiteral("http://ida@127.0.0.1:%1/%2").arg(m_port).arg(path);
+}
+
+void ScriptedServer::serve(std::promise<quint16> port) {
+    QTcpServer server;
+    server.listen(QHostAddress::LocalHost);
+    port.set_value(server.serverPort());
+    while (!m_isEnding) {
+        if (!server.waitForNewConnection(LookInterval)) {
+            continue;
+        }
+        ++m_connections;
+        const std::unique_ptr<QTcpSocket> socket(server.nextPendingConnection());
+        Connection connection(*socket, m_isEnding);
+        m_script(connection);
+        socket->disconnectFromHost();
+    }
+}
