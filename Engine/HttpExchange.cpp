@@ -175,14 +175,24 @@ Result<HttpClient::Response> HttpExchange::answer() const {
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     const bool isCutShort = m_reply->hasRawHeader("Content-Length") &&
                             m_reply->rawHeader("Content-Length").toLongLong() != m_body.size();
-    if (status == 0 || isCutShort || isOfTheWay(m_reply->error())) {
+    if (status == 0 || isOfTheWay(m_reply->error())) {
         return transportError();
+    }
+    if (isCutShort) {
+        return closedEarly();
     }
     HttpClient::Response response{status, {}, m_body};
     for (const auto &[name, value] : m_reply->rawHeaderPairs()) {
         response.headers.append({name, value});
     }
     return response;
+}
+
+Error HttpExchange::closedEarly() const {
+    // Qt says the same when it understands nothing.
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "The server “%1” broke off before it had answered, or is no web server.",
+                       server());
 }
 
 Error HttpExchange::transportError() const {
@@ -197,10 +207,7 @@ Error HttpExchange::transportError() const {
                                server());
         case QNetworkReply::NoError:
         case QNetworkReply::RemoteHostClosedError:
-            // Qt says the same when it understands nothing.
-            return engineError(
-                EngineErrorCode::StoreUnreachable,
-                "The server “%1” broke off before it had answered, or is no web server.", server());
+            return closedEarly();
         case QNetworkReply::SslHandshakeFailedError:
             return engineError(
                 EngineErrorCode::StoreUnreachable,

@@ -33,6 +33,7 @@ private:
     void showLife();
     void finish();
     Result<HttpClient::Response> answer() const;
+    Error closedEarly() const;
     Error transportError() const;
     QString server() const;
 
