@@ -33,7 +33,11 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
     const QCommandLineOption appearance(QStringLiteral("appearance"),
                                         tr("Use light or dark colours instead of the desktop's."),
                                         QStringLiteral("light|dark"));
-    parser.addOptions({profile, screenshot, describe, appearance});
+    const QCommandLineOption sandboxed(
+        QStringLiteral("sandboxed"),
+        tr("From now on let the profile reach only the folders granted to it, or any folder."),
+        QStringLiteral("on|off"));
+    parser.addOptions({profile, screenshot, describe, appearance, sandboxed});
     parser.process(arguments);
 
     LaunchOptions options;
@@ -44,11 +48,17 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
     options.describe = parser.isSet(describe);
     options.appearance = parser.value(appearance);
     options.hasNoDisplay = !hasDisplay();
+    const QStringList switches{QStringLiteral("off"), QStringLiteral("on")};
+    const qsizetype sandbox = switches.indexOf(parser.value(sandboxed));
+    if (sandbox >= 0) {
+        options.sandboxed = sandbox == 1;
+    }
 
     const bool isAppearanceKnown =
         QStringList({{}, QStringLiteral("light"), QStringLiteral("dark")})
             .contains(options.appearance);
-    if (!isAppearanceKnown || options.profile.isEmpty() ||
+    const bool isSandboxKnown = !parser.isSet(sandboxed) || options.sandboxed.has_value();
+    if (!isAppearanceKnown || !isSandboxKnown || options.profile.isEmpty() ||
         !parser.positionalArguments().isEmpty()) {
         parser.showHelp(EXIT_FAILURE);
     }

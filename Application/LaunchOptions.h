@@ -2,6 +2,7 @@
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>
+#include <optional>
 
 /// What the command line asks for.
 struct LaunchOptions {
@@ -13,6 +14,8 @@ struct LaunchOptions {
     bool describe = false;
     /// "light", "dark", or empty for what the desktop has.
     QString appearance;
+    /// Whether the profile is to be sandboxed from now on; absent: as it was.
+    std::optional<bool> sandboxed;
     /// Whether there is nothing to show a window on.
     bool hasNoDisplay = false;
 

@@ -86,5 +86,10 @@ QJsonObject describeProfile(const NoteLibrary &library) {
     for (const auto &location : syncLocations) {
         locations.append(describe(*location));
     }
-    return {{QStringLiteral("databases"), databases}, {QStringLiteral("locations"), locations}};
+    const QVSyncPlugin &plugin = *QVSyncPlugin::plugin();
+    return {{QStringLiteral("databases"), databases},
+            {QStringLiteral("locations"), locations},
+            {QStringLiteral("sandboxed"), plugin.usesSandboxedAccess()},
+            {QStringLiteral("grantedFolders"),
+             QJsonArray::fromStringList(plugin.bookmarkDictionaryKeys())}};
 }

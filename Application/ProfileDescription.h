@@ -4,6 +4,7 @@
 
 class NoteLibrary;
 
-/// The open profile as JSON: databases, locations, and how they synchronize. Without secrets:
+/// The open profile as JSON: databases, locations, how they synchronize, and the folders
+/// granted. Without secrets:
 /// passwords in URLs are left out.
 QJsonObject describeProfile(const NoteLibrary &library);

@@ -113,6 +113,9 @@ int main(int argumentCount, char **arguments) {
     if (sync) {
         error = sync->openProfile(options.profile);
     }
+    if (!error && options.sandboxed) {
+        error = sync->setUsesSandboxedAccess(*options.sandboxed);
+    }
     if (error) {
         return fail(application, *error, options.isBatch());
     }

@@ -1,6 +1,7 @@
 #include "Engine/EngineClasses.h"
 
 #include "Engine/DirectConnection.h"
+#include "Engine/DropboxSessionManager.h"
 #include "Engine/EngineDailySchedule.h"
 #include "Engine/EngineFuture.h"
 #include "Engine/EngineHourlySchedule.h"
@@ -122,6 +123,7 @@ struct EngineClasses::Objects {
     Registered<DailyScheduleClass> daily{QStringLiteral("QVDailySchedule")};
     Registered<WeeklyScheduleClass> weekly{QStringLiteral("QVWeeklySchedule")};
     Registered<FutureClass> future{QStringLiteral("PZFuture")};
+    Registered<DropboxSessionManager> dropbox{QStringLiteral("QVDropboxSessionManager")};
     Registered<DirectConnectionServerClass> server{QStringLiteral("QVDirectConnectionServer")};
 };
 

@@ -4,6 +4,7 @@
 
 #include "Engine/DirectConnection.h"
 #include "Engine/DirectConnectionStore.h"
+#include "Engine/DropboxStore.h"
 #include "Engine/FolderStore.h"
 #include "Engine/UnreachableStore.h"
 #include "Engine/WebDAVStore.h"
@@ -55,6 +56,9 @@ std::shared_ptr<BlobStore> EngineSyncLocation::createBlobStore() {
     }
     if (m_URL.scheme() == DirectConnection::URLScheme) {
         return std::make_shared<DirectConnectionStore>(shared_from_this());
+    }
+    if (m_URL.scheme() == QStringLiteral("dropbox")) {
+        return std::make_shared<DropboxStore>(shared_from_this());
     }
     return std::make_shared<UnreachableStore>(shared_from_this());
 }

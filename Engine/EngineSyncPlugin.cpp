@@ -3,14 +3,13 @@
 #include "Engine/DirectConnectionPairings.h"
 #include "Engine/DirectConnectionRecords.h"
 #include "Engine/DirectConnectionServer.h"
+#include "Engine/FolderGrants.h"
 #include "Engine/LocalStore.h"
 #include "Engine/MountedVolumes.h"
 #include "Engine/ProfileDatabase.h"
 #include "Platform/Foundation/Log.h"
 
 namespace {
-
-const QString SandboxSetting = QStringLiteral("usesSandboxedAccess");
 
 void logIfFailed(const std::optional<Error> &error) {
     if (error) {
@@ -25,6 +24,7 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, const EngineN
       m_library(library),
       m_locationsController(std::make_unique<EngineLocationsController>(profile)),
       m_dispatcher(std::make_unique<EngineDispatcher>()),
+      m_grants(std::make_unique<FolderGrants>(profile)),
       m_pairings(std::make_unique<DirectConnectionPairings>(profile)),
       m_server(std::make_unique<DirectConnectionServer>(profile)) {}
 
@@ -36,6 +36,7 @@ std::optional<Error> EngineSyncPlugin::load() {
     if (std::optional<Error> error = m_locationsController->load()) {
         return error;
     }
+    m_grants->load();
     m_pairings->load();
     const DirectConnectionPackage package(m_profile.directory());
     m_serverHook = std::make_unique<DirectConnectionRecords>(m_library, package);
@@ -44,9 +45,7 @@ std::optional<Error> EngineSyncPlugin::load() {
 }
 
 std::optional<Error> EngineSyncPlugin::setUsesSandboxedAccess(bool usesSandboxedAccess) {
-    return m_profile.run(QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
-                                        " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
-                         {SandboxSetting, usesSandboxedAccess});
+    return m_grants->setNeeded(usesSandboxedAccess);
 }
 
 QVSyncLocationsController *EngineSyncPlugin::locationsController() const {
@@ -66,33 +65,23 @@ std::shared_ptr<QVSyncStore> EngineSyncPlugin::localStore() const {
 }
 
 bool EngineSyncPlugin::usesSandboxedAccess() const {
-    return m_profile
-        .value(QStringLiteral("SELECT value FROM settings WHERE key = ?"), {SandboxSetting})
-        .toBool();
+    return m_grants->areNeeded();
 }
 
 void EngineSyncPlugin::bookmarkURL(const Url &URL) {
     if (URL.isFileURL()) {
-        logIfFailed(m_profile.run(QStringLiteral("INSERT OR IGNORE INTO grants (path) VALUES (?)"),
-                                  {ProfileDatabase::text(URL.path())}));
+        logIfFailed(m_grants->add(URL.path()));
     }
 }
 
 void EngineSyncPlugin::removeBookmarkForURL(const Url &URL) {
     if (URL.isFileURL()) {
-        logIfFailed(m_profile.run(QStringLiteral("DELETE FROM grants WHERE path = ?"),
-                                  {ProfileDatabase::text(URL.path())}));
+        logIfFailed(m_grants->remove(URL.path()));
     }
 }
 
 QStringList EngineSyncPlugin::bookmarkDictionaryKeys() const {
-    QSqlQuery rows = m_profile.prepare(QStringLiteral("SELECT path FROM grants ORDER BY id"));
-    rows.exec();
-    QStringList paths;
-    while (rows.next()) {
-        paths.append(rows.value(0).toString());
-    }
-    return paths;
+    return m_grants->paths();
 }
 
 bool EngineSyncPlugin::isVolumeMountedAtPath(const QString &path) const {

@@ -8,10 +8,12 @@ class DirectConnectionHook;
 class DirectConnectionPairings;
 class DirectConnectionServer;
 class EngineNoteLibrary;
+class FolderGrants;
 class LocalStore;
 
-/// Folder grants are a plain list kept in the profile, at once: nothing here is sandboxed but by
-/// the profile's setting "usesSandboxedAccess".
+/// Folder grants are a plain list kept in the profile, at once. Where the profile's setting
+/// "usesSandboxedAccess" is on, folder stores outside every granted folder fail; nothing else is
+/// sandboxed.
 class EngineSyncPlugin : public QVSyncPlugin {
     Q_OBJECT
 public:
@@ -40,6 +42,7 @@ private:
     const EngineNoteLibrary &m_library;
     const std::unique_ptr<EngineLocationsController> m_locationsController;
     const std::unique_ptr<EngineDispatcher> m_dispatcher;
+    const std::unique_ptr<FolderGrants> m_grants;
     const std::unique_ptr<DirectConnectionPairings> m_pairings;
     std::shared_ptr<LocalStore> m_localStore;
     std::unique_ptr<DirectConnectionHook> m_serverHook;

@@ -11,6 +11,7 @@
 #include <cstdio>
 
 #include "Engine/EngineError.h"
+#include "Engine/FolderGrants.h"
 #include "Engine/MountedVolumes.h"
 #include "Platform/Foundation/Localization.h"
 
@@ -52,6 +53,11 @@ int renameIfAbsent(int folder, const QByteArray &from, const QByteArray &to) {
     return linkat(folder, from.constData(), folder, to.constData(), 0) == 0 ? 0 : errno;
 }
 
+/// Where an open folder is. Nothing can put another one in its place any more.
+QString realPath(int folder) {
+    return QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(folder));
+}
+
 }  // namespace
 
 QString FolderStore::place(const QString &name) const {
@@ -80,6 +86,10 @@ std::optional<Error> FolderStore::open(const PZFuture & /*future*/) {
     if (std::optional<Error> error = unreachable()) {
         return error;
     }
+    const Result<FileDescriptor> opened = package();
+    if (const Error *error = errorOf(opened)) {
+        return *error;
+    }
     const QString path = URL().path();
     const bool isPackage = QFileInfo(path).suffix() == QStringLiteral("qvSyncStore") &&
                            QFileInfo(place(QStringLiteral("databases"))).isDir() &&
@@ -88,8 +98,8 @@ std::optional<Error> FolderStore::open(const PZFuture & /*future*/) {
         return engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.", path);
     }
     for (const char *name : {"databases", "transactions"}) {
-        const Result<FileDescriptor> opened = folder(QString::fromLatin1(name), Folders::Existing);
-        if (const Error *error = errorOf(opened)) {
+        const Result<FileDescriptor> inner = folder(QString::fromLatin1(name), Folders::Existing);
+        if (const Error *error = errorOf(inner)) {
             return *error;
         }
     }
@@ -100,7 +110,9 @@ Result<FileDescriptor> FolderStore::package() const {
     FileDescriptor package(::open(QFile::encodeName(URL().path()).constData(), FolderFlags));
     const int number = errno;
     if (package.isValid()) {
-        return package;
+        return FolderGrants::permit(realPath(package.number()))
+                   ? Result<FileDescriptor>(std::move(package))
+                   : notGranted();
     }
     const std::optional<Error> error = unreachable();
     return error ? *error : failure(number, {});
@@ -230,6 +242,12 @@ std::optional<Error> FolderStore::removeBlob(const QString &name, const PZFuture
         error = failure(errno, name);
     }
     return error && isMissing(*error) ? std::nullopt : error;
+}
+
+Error FolderStore::notGranted() const {
+    return engineError(EngineErrorCode::AccessDenied,
+                       "Velmora has no access to the folder “%1”. Grant it under Folder Access.",
+                       URL().path());
 }
 
 Error FolderStore::failure(int number, const QString &name) const {

@@ -6,6 +6,9 @@
 /// A package on a local or mounted volume: a folder with the extension "qvSyncStore" that holds the
 /// folders "databases" and "transactions". Within the package no symbolic link is followed, and
 /// nothing but plain files is read.
+///
+/// Where the profile is sandboxed, whatever is done in a package that really, all symbolic links
+/// followed, is in no granted folder fails with an error of the code AccessDenied.
 class FolderStore : public BlobStore {
 public:
     using BlobStore::BlobStore;
@@ -28,5 +31,6 @@ private:
     /// The folder at `name` in the package, the package itself where that is empty.
     Result<FileDescriptor> folder(const QString &name, Folders folders) const;
     Result<FileDescriptor> folderOf(const QString &name, Folders folders) const;
+    Error notGranted() const;
     Error failure(int number, const QString &name) const;
 };

@@ -12,6 +12,7 @@ class VelmoraSyncPlugIn : public QObject, public SyncPlugIn {
     Q_INTERFACES(SyncPlugIn)
 public:
     std::optional<Error> openProfile(const QString &directory) override;
+    std::optional<Error> setUsesSandboxedAccess(bool usesSandboxedAccess) override;
     void closeProfile() override;
     NoteLibrary *library() const override;
 

@@ -15,6 +15,8 @@ public:
     /// two databases and a folder location if it is not there or empty. Called once, after NSApp is
     /// set. An error says what is wrong and where, and leaves the folder as it was.
     virtual std::optional<Error> openProfile(const QString &directory) = 0;
+    /// Changes the open profile's setting, see QVSyncPlugin::usesSandboxedAccess.
+    virtual std::optional<Error> setUsesSandboxedAccess(bool usesSandboxedAccess) = 0;
     /// Closes it; the host classes are gone then, and so must be everything that shares their
     /// objects. Called before the application object goes.
     virtual void closeProfile() = 0;
@@ -22,5 +24,5 @@ public:
     virtual NoteLibrary *library() const = 0;
 };
 
-#define SyncPlugIn_iid "velmora.SyncPlugIn/1"
+#define SyncPlugIn_iid "velmora.SyncPlugIn/2"
 Q_DECLARE_INTERFACE(SyncPlugIn, SyncPlugIn_iid)

@@ -41,6 +41,10 @@ int integerForKey(const QString &key) {
     return withSettings([&](const QSettings &settings) { return settings.value(key).toInt(); });
 }
 
+QString stringForKey(const QString &key) {
+    return withSettings([&](const QSettings &settings) { return settings.value(key).toString(); });
+}
+
 bool contains(const QString &key) {
     return withSettings([&](const QSettings &settings) { return settings.contains(key); });
 }

@@ -13,6 +13,8 @@ namespace UserDefaults {
 PLATFORM_EXPORT bool boolForKey(const QString &key);
 /// 0 where nothing is set.
 PLATFORM_EXPORT int integerForKey(const QString &key);
+/// Empty where nothing is set.
+PLATFORM_EXPORT QString stringForKey(const QString &key);
 PLATFORM_EXPORT bool contains(const QString &key);
 PLATFORM_EXPORT void setValue(const QString &key, const QVariant &value);
 PLATFORM_EXPORT void remove(const QString &key);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QUrl>
 #include <QtGui/QIcon>
 
 #include "Platform/PlatformExport.h"
@@ -17,5 +18,9 @@ PLATFORM_EXPORT QIcon iconForFile(const QString &path);
 /// https://www.freedesktop.org/wiki/Specifications/file-manager-interface has it. Returns at once;
 /// where no file manager answers, nothing is shown.
 PLATFORM_EXPORT void selectFile(const QString &path);
+
+/// Opens `URL` in the program that the person has for it, for "http" and "https" their browser.
+/// False where there is none. A program may take over a scheme (QDesktopServices::setUrlHandler).
+PLATFORM_EXPORT bool openURL(const QUrl &URL);
 
 }  // namespace Workspace

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Host/PZDropboxAccountInfo.h"
+
+/// An account as Dropbox has named it.
+class DropboxAccountInfo : public PZDropboxAccountInfo {
+public:
+    explicit DropboxAccountInfo(const QString &email) : m_email(email) {}
+    QString email() const override { return m_email; }
+
+private:
+    const QString m_email;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtCore/QObject>
+#include <QtNetwork/QTcpServer>
+#include <chrono>
+
+#include "Host/PZFuture.h"
+#include "Platform/Foundation/Result.h"
+
+/// Where the browser is sent when the person has signed in, or has refused: an address of this
+/// computer's loopback interface (RFC 8252, 7.3) that is served for just as long. Anyone on this
+/// computer can call it, and every page in the browser; so nothing is believed but the answer to
+/// the one question of that `state` (RFC 6749, 10.12), and whatever else comes is turned away
+/// without an end to the waiting. Lives on the thread that made it, which need not have an event
+/// loop.
+class DropboxRedirectListener : public QObject {
+    Q_OBJECT
+public:
+    explicit DropboxRedirectListener(const QString &state);
+
+    /// Begins to serve at `port`, 0 for one that is free.
+    std::optional<Error> listen(quint16 port);
+    /// The address, once that is done.
+    QString address() const;
+    /// Waits for the answer, but not longer than `limit`: the authorization code, or why there is
+    /// none. The person is told in the browser that they may close its window.
+    Result<QString> wait(const PZFuture &future, std::chrono::milliseconds limit);
+
+private:
+    void accept();
+    void read(QTcpSocket *socket);
+    void answer(QTcpSocket *socket, const QByteArray &request);
+    std::optional<Result<QString>> resultOf(const QString &query) const;
+
+    const QString m_state;
+    QTcpServer m_server;
+    QList<QTcpSocket *> m_sockets;
+    std::optional<Result<QString>> m_result;
+};
