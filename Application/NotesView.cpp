@@ -79,38 +79,47 @@ void NotesView::setDatabase(const std::shared_ptr<NoteDatabase> &database) {
         connect(m_database.get(), &NoteDatabase::notesChanged, this, &NotesView::showNotes);
     }
     m_row = -1;
+    m_note = {};
     showNotes();
 }
 
 void NotesView::showNotes() {
-    const int row = m_row;
     m_notes = m_database ? m_database->notes() : QList<Note>();
+    const bool isTyping = m_pause.isActive();
+    const int row = rowOf(m_note);
     {
         const QSignalBlocker blocker(m_list);
         m_list->clear();
         for (const Note &note : std::as_const(m_notes)) {
             m_list->addItem(shownTitle(note));
         }
-        m_list->setCurrentRow(
-            qBound(m_notes.isEmpty() ? -1 : 0, row, static_cast<int>(m_notes.size()) - 1));
+        const int nearest = qBound(m_notes.isEmpty() ? -1 : 0, m_row, m_list->count() - 1);
+        m_list->setCurrentRow(row >= 0 || isTyping ? row : nearest);
     }
     m_addButton->setEnabled(m_database != nullptr);
-    if (!m_pause.isActive()) {
+    // What is being typed stays what it was typed over, whatever has come meanwhile.
+    if (!isTyping) {
         showNote(m_list->currentRow());
     }
 }
 
 void NotesView::showNote(int row) {
+    const Note wanted = row >= 0 ? m_notes.at(row) : Note();
     commit();
-    m_row = row;
-    const bool isNote = row >= 0 && row < m_notes.size();
-    const Note note = isNote ? m_notes.at(row) : Note();
-    const QSignalBlocker blocker(m_text);
-    if (m_title->text() != note.title) {
-        m_title->setText(note.title);
+    // Saving may have moved the rows.
+    m_row = rowOf(wanted);
+    const bool isNote = m_row >= 0;
+    m_note = isNote ? m_notes.at(m_row) : Note();
+    {
+        const QSignalBlocker blocker(m_list);
+        m_list->setCurrentRow(m_row);
     }
-    if (m_text->toPlainText() != note.text) {
-        m_text->setPlainText(note.text);
+    const QSignalBlocker blocker(m_text);
+    if (m_title->text() != m_note.title) {
+        m_title->setText(m_note.title);
+    }
+    if (m_text->toPlainText() != m_note.text) {
+        m_text->setPlainText(m_note.text);
     }
     m_title->setEnabled(isNote);
     m_text->setEnabled(isNote);
@@ -118,9 +127,15 @@ void NotesView::showNote(int row) {
 }
 
 void NotesView::noteEdited() {
-    if (m_row >= 0) {
+    if (!m_note.UUID.isEmpty()) {
         m_pause.start();
     }
+}
+
+int NotesView::rowOf(const Note &note) const {
+    const auto found = std::find_if(m_notes.begin(), m_notes.end(),
+                                    [&](const Note &each) { return each.UUID == note.UUID; });
+    return found == m_notes.end() ? -1 : static_cast<int>(found - m_notes.begin());
 }
 
 void NotesView::commit() {
@@ -128,10 +143,10 @@ void NotesView::commit() {
         return;
     }
     m_pause.stop();
-    Note note = m_notes.at(m_row);
+    Note note = m_note;
     note.title = m_title->text();
     note.text = m_text->toPlainText();
-    m_list->item(m_row)->setText(shownTitle(note));
+    note.modified = QDateTime::currentDateTime();
     presentIfAny(m_database->saveNote(note));
 }
 
@@ -139,6 +154,7 @@ void NotesView::addNote() {
     commit();
     Note note;
     note.title = tr("New Note");
+    note.modified = QDateTime::currentDateTime();
     if (const auto error = m_database->saveNote(note)) {
         presentIfAny(error);
         return;
@@ -150,5 +166,5 @@ void NotesView::addNote() {
 
 void NotesView::removeNote() {
     commit();
-    presentIfAny(m_database->removeNote(m_notes.at(m_row).UUID));
+    presentIfAny(m_database->removeNote(m_note.UUID));
 }

@@ -30,9 +30,13 @@ private:
     void addNote();
     void removeNote();
     void noteEdited();
+    /// Its row in the list; -1 where it is not there.
+    int rowOf(const Note &note) const;
 
     std::shared_ptr<NoteDatabase> m_database;
     QList<Note> m_notes;
+    /// The one that is shown, as it was when it was; without UUID while there is none.
+    Note m_note;
     int m_row = -1;
     QTimer m_pause;
     QListWidget *m_list;

@@ -3,6 +3,7 @@
 #include <QtCore/QParallelAnimationGroup>
 #include <QtCore/QPropertyAnimation>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyle>
 #include <utility>
 
@@ -13,6 +14,7 @@
 #include "Platform/Foundation/Localization.h"
 #include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/MainQueue.h"
+#include "Platform/Interface/TableView.h"
 
 namespace {
 
@@ -134,6 +136,9 @@ void QVImportDatabasesController::turnTo(QWidget *page, QWidget *otherPage, int 
     page->setEnabled(true);
     page->show();
     otherPage->setEnabled(false);
+    page->findChild<TableView *>()->setFocus();
+    // The last button of a page is the one that goes on.
+    page->findChildren<QPushButton *>().last()->setDefault(true);
     connect(m_slide.get(), &QAbstractAnimation::finished, otherPage, &QWidget::hide);
     m_slide->start();
 }

@@ -1,9 +1,8 @@
 #include "Engine/BlobStore.h"
 
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
 #include <QtCore/QUuid>
 
+#include "Engine/DatabaseRecord.h"
 #include "Engine/EngineError.h"
 #include "Engine/InboxUUID.h"
 #include "Platform/Foundation/Localization.h"
@@ -33,6 +32,7 @@ bool isName(const QString &name) {
 /// Whether the others can be read all the same.
 bool isOfOneBlob(const Error &error) {
     return error.code == static_cast<int>(EngineErrorCode::DamagedRecord) ||
+           error.code == static_cast<int>(EngineErrorCode::UnknownVersion) ||
            error.code == static_cast<int>(EngineErrorCode::AccessDenied);
 }
 
@@ -137,9 +137,5 @@ Result<QString> BlobStore::databaseName(const QString &file, const PZFuture &fut
         const bool isRefused = error->code == static_cast<int>(EngineErrorCode::BlobRefused);
         return isRefused ? damaged : *error;
     }
-    const QJsonObject object = QJsonDocument::fromJson(std::get<QByteArray>(contents)).object();
-    const QString name = object.value(QStringLiteral("name")).toString();
-    const bool isSound = object.value(QStringLiteral("uuid")) == UUID &&
-                         object.value(QStringLiteral("version")) == 1 && !name.trimmed().isEmpty();
-    return isSound ? Result<QString>(name) : damaged;
+    return DatabaseRecord::name(std::get<QByteArray>(contents), UUID, place(path));
 }

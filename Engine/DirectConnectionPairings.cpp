@@ -10,21 +10,21 @@ namespace {
 const QString KeychainService = QStringLiteral("Velmora Direct Connection Servers");
 const QString SettingPrefix = QStringLiteral("directConnectionServer ");
 
-DirectConnectionPairings *current = nullptr;
+DirectConnectionPairings *sharedPairings = nullptr;
 
 }  // namespace
 
 DirectConnectionPairings::DirectConnectionPairings(const ProfileDatabase &profile)
     : m_profile(profile) {
-    current = this;
+    sharedPairings = this;
 }
 
 DirectConnectionPairings::~DirectConnectionPairings() {
-    current = nullptr;
+    sharedPairings = nullptr;
 }
 
 DirectConnectionPairings &DirectConnectionPairings::shared() {
-    return *current;
+    return *sharedPairings;
 }
 
 void DirectConnectionPairings::load() {

@@ -1,5 +1,8 @@
 #include "Engine/DirectConnectionServer.h"
 
+#include <limits>
+#include <utility>
+
 #include "Engine/DirectConnection.h"
 #include "Engine/DirectConnectionClients.h"
 #include "Engine/DirectConnectionHook.h"
@@ -64,8 +67,8 @@ void DirectConnectionServer::load(const DirectConnectionPackage &package,
 }
 
 void DirectConnectionServer::setPort(quint16 port) {
-    m_port = portOrDefault(port);
-    if (isServing()) {
+    const quint16 former = std::exchange(m_port, portOrDefault(port));
+    if (isServing() && m_port != former) {
         stopServing();
         startServing();
     }

@@ -28,7 +28,7 @@ public:
     void setLimits(const DirectConnectionLimits &limits) { m_limits = limits; }
 
     quint16 port() const override { return m_port; }
-    /// 0 stands for the default port. While serving it restarts.
+    /// 0 stands for the default port. While serving, another port than before restarts.
     void setPort(quint16 port) override;
     bool isServing() const override { return m_listener != nullptr; }
     /// Presents an error and does not serve where that is impossible, the port being in use for

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "Engine/ScheduleByClock.h"
 #include "Host/QVDailySchedule.h"
 
-class EngineDailySchedule : public QVDailySchedule {
+class EngineDailySchedule : public QVDailySchedule, public ScheduleByClock {
 public:
     explicit EngineDailySchedule(const std::optional<HourAndMinute> &hourAndMinute);
 
@@ -12,7 +13,7 @@ public:
     QDateTime nextScheduledDate() const override;
     HourAndMinute hourAndMinute() const override { return m_hourAndMinute; }
 
-    QDateTime nextDateAfter(const QDateTime &now) const;
+    QDateTime nextDateAfter(const QDateTime &now) const override;
 
 private:
     const HourAndMinute m_hourAndMinute;

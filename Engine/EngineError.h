@@ -25,6 +25,8 @@ enum class EngineErrorCode {
     CertificateUntrusted,
     /// The server of this computer cannot serve.
     ServerUnusable,
+    /// A newer program has written it, and only a newer one may change it.
+    UnknownVersion,
 };
 
 /// `description` is a whole sentence for a person.

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "Engine/ScheduleByClock.h"
 #include "Host/QVHourlySchedule.h"
 
 /// Fires whenever the minute hand of the local clock reaches the offset.
-class EngineHourlySchedule : public QVHourlySchedule {
+class EngineHourlySchedule : public QVHourlySchedule, public ScheduleByClock {
 public:
     static constexpr quint32 DefaultOffset = 0;
 
@@ -15,7 +16,7 @@ public:
     QDateTime nextScheduledDate() const override;
     quint32 hourlyOffset() const override { return m_hourlyOffset; }
 
-    QDateTime nextDateAfter(const QDateTime &now) const;
+    QDateTime nextDateAfter(const QDateTime &now) const override;
 
 private:
     const quint32 m_hourlyOffset;

@@ -3,6 +3,7 @@
 #include <QtCore/QUuid>
 
 #include "Engine/EngineError.h"
+#include "Engine/InboxUUID.h"
 #include "Engine/ProfileDatabase.h"
 #include "Host/Notifications.h"
 #include "Platform/Foundation/Assertion.h"
@@ -12,11 +13,15 @@
 namespace {
 
 std::optional<Error> errorOfName(const QString &name) {
-    if (!name.trimmed().isEmpty()) {
-        return {};
+    if (name.trimmed().isEmpty()) {
+        return engineError(EngineErrorCode::InvalidDatabase,
+                           localizedSyncString("A database needs a name."));
     }
-    return engineError(EngineErrorCode::InvalidDatabase,
-                       localizedSyncString("A database needs a name."));
+    if (!Operation::isName(name)) {
+        return engineError(EngineErrorCode::InvalidDatabase,
+                           localizedSyncString("The name of a database must not be so long."));
+    }
+    return {};
 }
 
 void post(const QString &notification, QObject *database) {
@@ -58,6 +63,10 @@ std::shared_ptr<NoteDatabase> EngineNoteLibrary::databaseForUUID(const QString &
     return m_databaseByUUID.value(UUID);
 }
 
+std::shared_ptr<EngineDatabase> EngineNoteLibrary::synchronizedDatabase(const QString &UUID) const {
+    return UUID == InboxUUID ? m_databases.value(0) : m_databaseByUUID.value(UUID);
+}
+
 QList<std::shared_ptr<NoteDatabase>> EngineNoteLibrary::knownDatabases() const {
     return {m_databases.begin(), m_databases.end()};
 }
@@ -71,16 +80,48 @@ std::optional<Error> EngineNoteLibrary::createDatabase(const QString &name) {
         return error;
     }
     const QString UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    if (std::optional<Error> error = m_profile.run(
-            QStringLiteral("INSERT INTO databases (uuid, name) VALUES (?, ?)"), {UUID, name})) {
+    if (std::optional<Error> error = m_profile.write([&] {
+            const std::optional<Error> insertError = insert(UUID, name);
+            return insertError ? insertError : NoteLog(m_profile, UUID).setName(name);
+        })) {
         return error;
     }
+    add(UUID, name);
+    return {};
+}
+
+std::optional<Error> EngineNoteLibrary::importDatabase(const QString &UUID, const QString &name) {
+    if (std::optional<Error> error = insert(UUID, name)) {
+        return error;
+    }
+    add(UUID, name);
+    return {};
+}
+
+std::optional<Error> EngineNoteLibrary::merge(
+    const std::shared_ptr<EngineDatabase> &database, const QList<Transaction> &transactions,
+    const std::function<std::optional<Error>()> &changes) {
+    const QString name = database->name();
+    if (std::optional<Error> error = database->merge(transactions, changes)) {
+        return error;
+    }
+    if (database->name() != name) {
+        post(QVDatabaseRenamedNotification, database.get());
+    }
+    return {};
+}
+
+std::optional<Error> EngineNoteLibrary::insert(const QString &UUID, const QString &name) const {
+    return m_profile.run(QStringLiteral("INSERT INTO databases (uuid, name) VALUES (?, ?)"),
+                         {UUID, ProfileDatabase::text(name)});
+}
+
+void EngineNoteLibrary::add(const QString &UUID, const QString &name) {
     const auto database = std::make_shared<EngineDatabase>(m_profile, UUID, name,
                                                            EngineDatabase::Kind::Ordinary, true);
     append(database);
     Q_EMIT knownDatabasesChanged();
     post(QVSyncPluginDidOpenDatabase, database.get());
-    return {};
 }
 
 std::optional<Error> EngineNoteLibrary::renameDatabase(

@@ -22,6 +22,17 @@ public:
     /// nullptr where none is known.
     std::shared_ptr<NoteDatabase> databaseForUUID(const QString &UUID) const;
 
+    /// The one that stores call `UUID`, which is "@inbox" for the inbox; nullptr where there is
+    /// none.
+    std::shared_ptr<EngineDatabase> synchronizedDatabase(const QString &UUID) const;
+    /// Makes a local database of one that comes by synchronization.
+    std::optional<Error> importDatabase(const QString &UUID, const QString &name);
+    /// Takes over what others have done to `database` and whatever `changes` writes besides, in one
+    /// transaction, then announces it.
+    std::optional<Error> merge(const std::shared_ptr<EngineDatabase> &database,
+                               const QList<Transaction> &transactions,
+                               const std::function<std::optional<Error>()> &changes);
+
     QList<std::shared_ptr<NoteDatabase>> knownDatabases() const override;
     std::shared_ptr<NoteDatabase> inbox() const override;
     std::optional<Error> createDatabase(const QString &name) override;
@@ -32,6 +43,9 @@ public:
 
 private:
     std::shared_ptr<EngineDatabase> ours(const std::shared_ptr<NoteDatabase> &database) const;
+    std::optional<Error> insert(const QString &UUID, const QString &name) const;
+    /// Takes in, announces and posts the open database that was inserted.
+    void add(const QString &UUID, const QString &name);
     void append(const std::shared_ptr<EngineDatabase> &database);
 
     const ProfileDatabase &m_profile;

@@ -19,11 +19,11 @@ void logIfFailed(const std::optional<Error> &error) {
 
 }  // namespace
 
-EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, const EngineNoteLibrary &library)
+EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLibrary &library)
     : m_profile(profile),
       m_library(library),
       m_locationsController(std::make_unique<EngineLocationsController>(profile)),
-      m_dispatcher(std::make_unique<EngineDispatcher>()),
+      m_dispatcher(std::make_unique<EngineDispatcher>(profile, library)),
       m_grants(std::make_unique<FolderGrants>(profile)),
       m_pairings(std::make_unique<DirectConnectionPairings>(profile)),
       m_server(std::make_unique<DirectConnectionServer>(profile)) {}

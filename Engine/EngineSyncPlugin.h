@@ -18,7 +18,7 @@ class EngineSyncPlugin : public QVSyncPlugin {
     Q_OBJECT
 public:
     /// `profile` and `library` must outlive this.
-    EngineSyncPlugin(const ProfileDatabase &profile, const EngineNoteLibrary &library);
+    EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLibrary &library);
     ~EngineSyncPlugin() override;
 
     /// Takes over what the profile holds; called once, when it was opened.
@@ -29,6 +29,7 @@ public:
     QVSyncLocationsController *locationsController() const override;
     QVSyncDispatcher *dispatcher() const override;
     QVDirectConnectionServer *server() const override;
+    EngineDispatcher &engineDispatcher() const { return *m_dispatcher; }
     /// There once a profile is open.
     std::shared_ptr<QVSyncStore> localStore() const override;
     bool usesSandboxedAccess() const override;

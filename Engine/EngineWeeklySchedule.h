@@ -1,8 +1,9 @@
 #pragma once
 
+#include "Engine/ScheduleByClock.h"
 #include "Host/QVWeeklySchedule.h"
 
-class EngineWeeklySchedule : public QVWeeklySchedule {
+class EngineWeeklySchedule : public QVWeeklySchedule, public ScheduleByClock {
 public:
     EngineWeeklySchedule(const std::optional<HourAndMinute> &hourAndMinute, quint64 daysOfWeek);
 
@@ -13,7 +14,7 @@ public:
     HourAndMinute hourAndMinute() const override { return m_hourAndMinute; }
     quint64 daysOfWeek() const override { return m_daysOfWeek; }
 
-    QDateTime nextDateAfter(const QDateTime &now) const;
+    QDateTime nextDateAfter(const QDateTime &now) const override;
 
 private:
     bool firesOn(const QDate &date) const;

@@ -5,6 +5,7 @@
 #include <QtCore/QUuid>
 
 #include "Engine/EngineError.h"
+#include "Engine/NoteLog.h"
 #include "Engine/ProfileDatabase.h"
 #include "Platform/Foundation/Localization.h"
 #include "Platform/Foundation/Url.h"
@@ -52,17 +53,21 @@ std::optional<Error> writeInbox(const ProfileDatabase &profile) {
 
 std::optional<Error> writeDatabase(const ProfileDatabase &profile, const FirstDatabase &database,
                                    const QString &UUID) {
-    if (std::optional<Error> error =
-            profile.run(QStringLiteral("INSERT INTO databases (uuid, name) VALUES (?, ?)"),
-                        {UUID, localizedSyncString(database.name)})) {
+    const QString name = localizedSyncString(database.name);
+    if (std::optional<Error> error = profile.run(
+            QStringLiteral("INSERT INTO databases (uuid, name) VALUES (?, ?)"), {UUID, name})) {
         return error;
     }
-    for (const FirstNote &note : database.notes) {
-        if (std::optional<Error> error = profile.run(
-                QStringLiteral("INSERT INTO notes (database_uuid, uuid, title, text, modified)"
-                               " VALUES (?, ?, ?, ?, ?)"),
-                {UUID, newUUID(), localizedSyncString(note.title), localizedSyncString(note.text),
-                 QDateTime::currentMSecsSinceEpoch()})) {
+    const NoteLog log(profile, UUID);
+    if (std::optional<Error> error = log.setName(name)) {
+        return error;
+    }
+    for (const FirstNote &first : database.notes) {
+        Note note{{},
+                  localizedSyncString(first.title),
+                  localizedSyncString(first.text),
+                  QDateTime::currentDateTime()};
+        if (std::optional<Error> error = log.save(note)) {
             return error;
         }
     }

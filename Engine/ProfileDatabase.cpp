@@ -7,6 +7,7 @@
 
 #include "Engine/EngineError.h"
 #include "Engine/ProfileInspection.h"
+#include "Engine/ProfileUpgrade.h"
 #include "Platform/Foundation/Localization.h"
 
 namespace {
@@ -25,28 +26,47 @@ QStringList connectionSettings() {
 // States are loaded in the order of their rowid, which is that in which they were added.
 QStringList schema() {
     return {
-        QStringLiteral("CREATE TABLE settings (key TEXT PRIMARY KEY NOT NULL, value NOT NULL)"),
-        QStringLiteral("CREATE TABLE databases (id INTEGER PRIMARY KEY AUTOINCREMENT,"
+        QStringLiteral(
+            "CREATE TABLE IF NOT EXISTS settings (key TEXT PRIMARY KEY NOT NULL, value NOT NULL)"),
+        QStringLiteral("CREATE TABLE IF NOT EXISTS databases (id INTEGER PRIMARY KEY AUTOINCREMENT,"
                        " uuid TEXT NOT NULL UNIQUE, name TEXT NOT NULL,"
-                       " is_inbox INTEGER NOT NULL DEFAULT 0, is_open INTEGER NOT NULL DEFAULT 1)"),
-        QStringLiteral("CREATE UNIQUE INDEX one_inbox ON databases (is_inbox) WHERE is_inbox"),
-        QStringLiteral("CREATE TABLE notes (id INTEGER PRIMARY KEY AUTOINCREMENT,"
-                       " database_uuid TEXT NOT NULL REFERENCES databases (uuid) ON DELETE CASCADE,"
-                       " uuid TEXT NOT NULL, title TEXT NOT NULL, text TEXT NOT NULL,"
-                       " modified INTEGER, UNIQUE (database_uuid, uuid))"),
-        QStringLiteral("CREATE TABLE locations (uuid TEXT PRIMARY KEY NOT NULL,"
+                       " is_inbox INTEGER NOT NULL DEFAULT 0, is_open INTEGER NOT NULL DEFAULT 1,"
+                       " sent INTEGER NOT NULL DEFAULT 0)"),
+        QStringLiteral(
+            "CREATE UNIQUE INDEX IF NOT EXISTS one_inbox ON databases (is_inbox) WHERE is_inbox"),
+        // An operation has left the profile where its id is at most what its database has "sent".
+        QStringLiteral(
+            "CREATE TABLE IF NOT EXISTS operations (id INTEGER PRIMARY KEY AUTOINCREMENT,"
+            " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
+            " digest BLOB NOT NULL, note_uuid TEXT NOT NULL, title TEXT NOT NULL,"
+            " text TEXT NOT NULL, modified INTEGER, supersedes BLOB NOT NULL,"
+            " salt BLOB NOT NULL, position INTEGER NOT NULL,"
+            " UNIQUE (database, digest))"),
+        QStringLiteral("CREATE INDEX IF NOT EXISTS notes ON operations (database, note_uuid)"),
+        QStringLiteral(
+            "CREATE INDEX IF NOT EXISTS order_of_notes ON operations (database, position)"),
+        QStringLiteral("CREATE TABLE IF NOT EXISTS superseded ("
+                       " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
+                       " digest BLOB NOT NULL, PRIMARY KEY (database, digest)) WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE IF NOT EXISTS known_transactions (place TEXT NOT NULL,"
+                       " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
+                       " name TEXT NOT NULL, operations BLOB NOT NULL, superseded BLOB NOT NULL,"
+                       " size INTEGER NOT NULL,"
+                       " PRIMARY KEY (place, database, name)) WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE IF NOT EXISTS locations (uuid TEXT PRIMARY KEY NOT NULL,"
                        " position INTEGER NOT NULL, url TEXT NOT NULL)"),
-        QStringLiteral("CREATE TABLE states (id INTEGER PRIMARY KEY AUTOINCREMENT,"
+        QStringLiteral("CREATE TABLE IF NOT EXISTS states (id INTEGER PRIMARY KEY AUTOINCREMENT,"
                        " location_uuid TEXT NOT NULL REFERENCES locations (uuid) ON DELETE CASCADE,"
                        " database_uuid TEXT NOT NULL, database_name TEXT NOT NULL,"
                        " enabled INTEGER NOT NULL, sync_on_open INTEGER NOT NULL,"
                        " sync_on_close INTEGER NOT NULL, last_synced INTEGER,"
                        " schedule TEXT, schedule_minutes INTEGER, schedule_days INTEGER,"
                        " UNIQUE (location_uuid, database_uuid))"),
-        QStringLiteral("CREATE TABLE grants (id INTEGER PRIMARY KEY AUTOINCREMENT,"
+        QStringLiteral("CREATE TABLE IF NOT EXISTS grants (id INTEGER PRIMARY KEY AUTOINCREMENT,"
                        " path TEXT NOT NULL UNIQUE)"),
-        QStringLiteral("CREATE TABLE trusted_certificates (location_uuid TEXT NOT NULL,"
-                       " fingerprint TEXT NOT NULL, PRIMARY KEY (location_uuid, fingerprint))"),
+        QStringLiteral(
+            "CREATE TABLE IF NOT EXISTS trusted_certificates (location_uuid TEXT NOT NULL,"
+            " fingerprint TEXT NOT NULL, PRIMARY KEY (location_uuid, fingerprint))"),
         QStringLiteral("PRAGMA application_id = %1").arg(ProfileInspection::ApplicationId),
         QStringLiteral("PRAGMA user_version = %1").arg(ProfileInspection::SchemaVersion),
     };
@@ -117,17 +137,27 @@ std::optional<Error> ProfileDatabase::openFile(const Filler &fill) {
             return error;
         }
     }
-    const bool isEmpty = value(QStringLiteral("SELECT count(*) FROM sqlite_schema")) == 0;
-    return isEmpty ? write([&] { return makeTables(fill); }) : std::nullopt;
+    const int version = value(QStringLiteral("PRAGMA user_version")).toInt();
+    if (version == 0) {
+        return write([&] {
+            const std::optional<Error> error = makeTables();
+            return error ? error : fill();
+        });
+    }
+    const bool isOld = version < ProfileInspection::SchemaVersion;
+    return isOld ? write([this] {
+        return ProfileUpgrade::run(*this, [this] { return makeTables(); });
+    })
+                 : std::nullopt;
 }
 
-std::optional<Error> ProfileDatabase::makeTables(const Filler &fill) const {
+std::optional<Error> ProfileDatabase::makeTables() const {
     for (const QString &statement : schema()) {
         if (std::optional<Error> error = run(statement)) {
             return error;
         }
     }
-    return fill();
+    return {};
 }
 
 void ProfileDatabase::clearFolder(bool removingIt) {

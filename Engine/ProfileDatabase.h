@@ -49,7 +49,8 @@ public:
 private:
     std::optional<Error> openFolder(const QString &directory, const Filler &fill);
     std::optional<Error> openFile(const Filler &fill);
-    std::optional<Error> makeTables(const Filler &fill) const;
+    /// Those that are not there yet.
+    std::optional<Error> makeTables() const;
     void clearFolder(bool removingIt);
     void close();
 

@@ -41,11 +41,8 @@ std::optional<Error> obstacleInContents(const QString &path, const QSqlDatabase 
     }
     const bool isEmpty = tables == 0 && version == 0;
     const bool isOurs =
-        value(QStringLiteral("PRAGMA application_id")) == ProfileInspection::ApplicationId;
-    if (isOurs && version.toInt() < ProfileInspection::SchemaVersion) {
-        return engineError(EngineErrorCode::ProfileUnusable,
-                           "The profile “%1” was made by an older version of Velmora.", path);
-    }
+        value(QStringLiteral("PRAGMA application_id")) == ProfileInspection::ApplicationId &&
+        version.toInt() >= ProfileInspection::OldestSchemaVersion;
     if (!isEmpty && !isOurs) {
         return engineError(EngineErrorCode::ProfileUnusable,
                            "“%1” is a database of another program and not a profile.", path);

@@ -13,6 +13,8 @@ namespace ProfileInspection {
 inline constexpr int ApplicationId = 0x56656c6d;
 /// The number of the tables' arrangement (SQLite's user_version).
 inline constexpr int SchemaVersion = 2;
+/// Profiles from this one on are brought up to date when they are opened.
+inline constexpr int OldestSchemaVersion = 1;
 
 /// Why the existing database file at `path` cannot be used as a profile: unreadable, read-only,
 /// damaged, of another version, of another program. An empty database, as an interrupted first

@@ -5,7 +5,10 @@
 #include "Engine/EngineStore.h"
 
 SyncEngine::SyncEngine()
-    : m_library(m_profile), m_plugin(m_profile, m_library), m_classes(m_plugin, m_library) {}
+    : m_library(m_profile),
+      m_plugin(m_profile, m_library),
+      m_triggers(m_plugin, m_library),
+      m_classes(m_plugin, m_library) {}
 
 SyncEngine::~SyncEngine() {
     EngineStore::endAll();
@@ -29,7 +32,11 @@ std::optional<Error> SyncEngine::load() {
     if (std::optional<Error> error = m_certificateTrust.load()) {
         return error;
     }
-    return m_plugin.load();
+    if (std::optional<Error> error = m_plugin.load()) {
+        return error;
+    }
+    m_triggers.start();
+    return {};
 }
 
 void SyncEngine::installTranslation() {

@@ -9,6 +9,7 @@
 #include "Engine/FirstContents.h"
 #include "Engine/MainThreadQueue.h"
 #include "Engine/ProfileDatabase.h"
+#include "Engine/SyncTriggers.h"
 
 /// The whole engine. Registers the host classes while it exists; there is one at a time. Main
 /// thread.
@@ -28,6 +29,7 @@ public:
     EngineNoteLibrary *library() { return m_isOpen ? &m_library : nullptr; }
     EngineSyncPlugin &plugin() { return m_plugin; }
     const ProfileDatabase &profile() const { return m_profile; }
+    SyncTriggers &triggers() { return m_triggers; }
 
 private:
     std::optional<Error> load();
@@ -39,6 +41,7 @@ private:
     CertificateTrust m_certificateTrust{m_profile};
     EngineNoteLibrary m_library;
     EngineSyncPlugin m_plugin;
+    SyncTriggers m_triggers;
     EngineClasses m_classes;
     bool m_isOpen = false;
 };

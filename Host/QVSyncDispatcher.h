@@ -9,6 +9,7 @@
 /// Runs synchronizations and clean-ups. Called on the main thread; everything returns at once.
 class HOST_EXPORT QVSyncDispatcher : public QObject {
     Q_OBJECT
+    Q_PROPERTY(QString activity READ activity NOTIFY activityChanged)
 public:
     ~QVSyncDispatcher() override;
 
@@ -22,4 +23,9 @@ public:
     /// The same; `handler` is called once on the main thread, when all have ended, well or not.
     virtual void performSynchronizationsWithSynchronizationStates(
         const QVSyncStates &states, std::function<void()> handler) = 0;
+    /// What is being done now, for a person to read; empty while nothing is.
+    virtual QString activity() const = 0;
+
+Q_SIGNALS:
+    void activityChanged();
 };

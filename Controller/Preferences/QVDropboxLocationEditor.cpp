@@ -54,10 +54,10 @@ void QVDropboxLocationEditor::runLocationEditorModalForWindow(QWidget *parentWin
 void QVDropboxLocationEditor::authorize(QObject *sender) {
     setAuthorizationStatus(localizedSyncString("Authorizing…"));
     const auto self = std::static_pointer_cast<QVDropboxLocationEditor>(shared_from_this());
-    m_session->authorizeWithFuture(m_future,
-                                   [self, sender](const auto &accountInfo, const auto & /*error*/) {
-                                       self->didAuthorize(accountInfo, sender);
-                                   });
+    m_session->authorizeWithFuture(m_future, [self, sender = QPointer(sender)](
+                                                 const auto &accountInfo, const auto & /*error*/) {
+        self->didAuthorize(accountInfo, sender);
+    });
 }
 
 void QVDropboxLocationEditor::didAuthorize(const std::shared_ptr<PZDropboxAccountInfo> &accountInfo,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QPointer>
+
 #include "Controller/Preferences/QVSyncLocationEditor.h"
 #include "Host/PZDropboxAccountInfo.h"
 #include "Host/PZFuture.h"
@@ -44,7 +46,7 @@ public:
     }
 
 public Q_SLOTS:
-    /// May be called again after it has failed. `sender` must live until the end.
+    /// May be called again after it has failed.
     void authorize(QObject *sender);
     void acceptModalSheet(QObject *sender) override;
 

@@ -1,11 +1,10 @@
 #include "Controller/Preferences/QVSyncBookmarkManager.h"
 
-#include <QtWidgets/QFileDialog>
-
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/Localization.h"
 #include "Platform/Foundation/Log.h"
+#include "Platform/Interface/OpenPanel.h"
 
 QVSyncBookmarkManager::QVSyncBookmarkManager()
     : WindowController(QStringLiteral("QVBookmarkingWindow")) {}
@@ -37,12 +36,12 @@ void QVSyncBookmarkManager::leaveSheet() {
 }
 
 void QVSyncBookmarkManager::openPanelForBookmarkLocation(QObject * /*sender*/) {
-    auto *panel = new QFileDialog(window());
+    auto *panel = new OpenPanel(
+        localizedSyncString("Give Velmora access to any folder where indexed items may be kept."),
+        window());
     panel->setAttribute(Qt::WA_DeleteOnClose);
-    panel->setWindowTitle(
-        localizedSyncString("Give Velmora access to any folder where indexed items may be kept."));
-    panel->setFileMode(QFileDialog::Directory);
-    connect(panel, &QFileDialog::fileSelected, this, &QVSyncBookmarkManager::addBookmarksObject);
+    connect(panel, &QDialog::accepted, this,
+            [this, panel] { addBookmarksObject(panel->URL().path()); });
     panel->open();
 }
 
@@ -57,7 +56,7 @@ void QVSyncBookmarkManager::removeBookmarksObject(const QString &path) {
 }
 
 void QVSyncBookmarkManager::removeSelectedBookmarksObject(QObject * /*sender*/) {
-    const QVariantMap row = dataSource()->tableContents().at(m_tableView->selectedRow()).toMap();
+    const QVariantMap row = dataSource()->tableContents().value(m_tableView->selectedRow()).toMap();
     removeBookmarksObject(row.value(QStringLiteral("path")).toString());
 }
 

@@ -29,7 +29,7 @@ public:
 
 public Q_SLOTS:
     void acceptModalSheet(QObject *sender);
-    /// Asks for a folder to grant access to.
+    /// Asks for a folder, or a file, to grant access to.
     void openPanelForBookmarkLocation(QObject *sender);
     /// To be sent only while a row is selected.
     void removeSelectedBookmarksObject(QObject *sender);

@@ -211,7 +211,11 @@ private:
     void setTableDelegate(QObject *part) const {
         const QString name = part->property("tableDelegate").toString();
         if (auto *table = qobject_cast<TableView *>(part); table && !name.isEmpty()) {
-            table->setTableDelegate(dynamic_cast<TableViewDelegate *>(object(name)));
+            auto *delegate = dynamic_cast<TableViewDelegate *>(object(name));
+            if (!delegate) {
+                fail(QStringLiteral("\"%1\" is no delegate of a table").arg(name));
+            }
+            table->setTableDelegate(delegate);
         }
     }
 

@@ -30,12 +30,14 @@ void TableView::setColumnIdentifiers(const QStringList &identifiers) {
 void TableView::setContent(const QVariantList &content) {
     m_content = content;
     const IndexSet selected = selectionIndexes();
+    m_isRebuilding = true;
     setRowCount(static_cast<int>(content.size()));
     for (int row = 0; row < rowCount(); ++row) {
         const QVariant &object = content.at(row);
         setItem(row, 0, new QTableWidgetItem(iconOf(object), textOf(object)));
     }
     setSelectionIndexes(selected);
+    m_isRebuilding = false;
 }
 
 QString TableView::textOf(const QVariant &object) const {
@@ -83,7 +85,8 @@ void TableView::setSelectionIndexes(const IndexSet &indexes) {
 }
 
 void TableView::reloadData() {
-    // The views go; a row that is still there stays selected.
+    const IndexSet selected = selectionIndexes();
+    m_isRebuilding = true;
     setRowCount(m_delegate ? m_delegate->numberOfRowsInTableView(this) : 0);
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < columnCount(); ++column) {
@@ -91,6 +94,12 @@ void TableView::reloadData() {
                 this, m_columnIdentifiers.at(column), row);
             setCellWidget(row, column, view);
         }
+    }
+    setSelectionIndexes(selected);
+    m_isRebuilding = false;
+    paintViews();
+    if (selectionIndexes() != selected) {
+        selectionDidChange();
     }
 }
 
@@ -121,8 +130,26 @@ void TableView::keyPressEvent(QKeyEvent *event) {
 }
 
 void TableView::selectionDidChange() {
+    if (m_isRebuilding) {
+        return;
+    }
+    paintViews();
     if (m_delegate) {
         m_delegate->tableViewSelectionDidChange(this);
     }
     KeyValue::announce<&TableView::selectionIndexesChanged>(this);
+}
+
+// Cells of Qt's own write in the colour for selected text; views have to be told.
+void TableView::paintViews() {
+    QPalette selected;
+    selected.setColor(QPalette::WindowText, palette().color(QPalette::HighlightedText));
+    const IndexSet rows = selectionIndexes();
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 0; column < columnCount(); ++column) {
+            if (QWidget *view = cellWidget(row, column)) {
+                view->setPalette(rows.contains(row) ? selected : QPalette());
+            }
+        }
+    }
 }

@@ -15,7 +15,8 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_OBJECT
     /// One column for each; there is one without a name unless they are set.
     Q_PROPERTY(QStringList columnIdentifiers READ columnIdentifiers WRITE setColumnIdentifiers)
-    /// The objects of the rows. Setting it keeps the selected rows by their position.
+    /// The objects of the rows. Setting it keeps the selected rows by their position and announces
+    /// nothing, as an ArrayController expects that puts the selection on the same objects then.
     Q_PROPERTY(QVariantList content READ content WRITE setContent)
     /// "self", which is the object itself, unless it is set before the content.
     Q_PROPERTY(QString contentKey MEMBER m_contentKey)
@@ -42,7 +43,7 @@ public:
     /// Not owned; it takes the place of the content. May go before the table.
     void setTableDelegate(TableViewDelegate *delegate) { m_delegate = delegate; }
     TableViewDelegate *tableDelegate() const { return m_delegate; }
-    /// Asks the delegate for all rows again.
+    /// Asks the delegate for all rows again. Keeps the selected rows by their position.
     void reloadData();
     /// A view that a form made for cells: a new one of the form named `identifier`, with `owner`.
     QWidget *makeViewWithIdentifier(const QString &identifier, QObject *owner);
@@ -65,6 +66,7 @@ private:
     QString textOf(const QVariant &object) const;
     QIcon iconOf(const QVariant &object) const;
     void selectionDidChange();
+    void paintViews();
 
     QStringList m_columnIdentifiers;
     QVariantList m_content;
@@ -74,4 +76,5 @@ private:
     QString m_iconTransformer;
     TableViewDelegate *m_delegate = nullptr;
     int m_clickedRow = -1;
+    bool m_isRebuilding = false;
 };

@@ -19,6 +19,8 @@ QWidget *WindowController::window() {
         requireParameter(m_window, "window != nil", "WindowController::window",
                          "Platform/Interface/WindowController");
         connect(m_window, &SheetWindow::leaving, this, [this] { leaveSheet(); });
+        // Nobody could stop it any more.
+        connect(m_window, &QObject::destroyed, this, [this] { stopModal(0); });
         awakeFromNib();
         windowDidLoad();
     }

@@ -31,7 +31,8 @@ protected:
     void beginSheet(QWidget *parentWindow);
     /// Ends the sheet; harmless where none was begun.
     void endSheet(int returnCode);
-    /// Runs the event loop until `stopModal`, or the end of the application, and returns its code.
+    /// Runs the event loop until `stopModal` and returns its code; until the end of the application
+    /// or of the window too.
     int runModal();
     void stopModal(int code);
 

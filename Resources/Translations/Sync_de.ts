@@ -388,14 +388,6 @@
         <translation>Der Datensatz „%1“ ist beschädigt.</translation>
     </message>
     <message>
-        <source>“%1” was not synchronized: this version of Velmora cannot synchronize yet.</source>
-        <translation>„%1“ wurde nicht synchronisiert: Diese Version von Velmora kann noch nicht synchronisieren.</translation>
-    </message>
-    <message>
-        <source>“%1” was not cleaned up: this version of Velmora cannot clean up yet.</source>
-        <translation>„%1“ wurde nicht aufgeräumt: Diese Version von Velmora kann noch nicht aufräumen.</translation>
-    </message>
-    <message>
         <source>Inbox</source>
         <translation>Eingang</translation>
     </message>
@@ -794,6 +786,250 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>The folder “%1” could not be made.</source>
         <translation>Der Ordner „%1“ konnte nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The certificate “%1” of this computer cannot be made.</source>
+        <translation>Das Zertifikat „%1“ dieses Computers kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The certificate “%1” of this computer is damaged.</source>
+        <translation>Das Zertifikat „%1“ dieses Computers ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be reached.</source>
+        <translation>„%1“ ist nicht zu erreichen.</translation>
+    </message>
+    <message>
+        <source>The connection with “%1” was lost.</source>
+        <translation>Die Verbindung mit „%1“ ist abgebrochen.</translation>
+    </message>
+    <message>
+        <source>It shows a code. Allow it only where the code is the same as here: %1</source>
+        <translation>Dort wird ein Code gezeigt. Erlauben Sie es nur, wenn er derselbe ist wie hier: %1</translation>
+    </message>
+    <message>
+        <source>A computer of this name may synchronize already. This one takes its place.</source>
+        <translation>Ein Computer dieses Namens darf schon synchronisieren. Dieser tritt an seine Stelle.</translation>
+    </message>
+    <message>
+        <source>Let “%1” synchronize with this computer?</source>
+        <translation>Darf „%1“ mit diesem Computer synchronisieren?</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Erlauben</translation>
+    </message>
+    <message>
+        <source>Refuse</source>
+        <translation>Ablehnen</translation>
+    </message>
+    <message>
+        <source>The server cannot use the port %1: %2</source>
+        <translation>Der Server kann den Port %1 nicht verwenden: %2</translation>
+    </message>
+    <message>
+        <source>Connect with “%1”?</source>
+        <translation>Mit „%1“ verbinden?</translation>
+    </message>
+    <message>
+        <source>It shows a code. Connect only where the code is the same as here: %1</source>
+        <translation>Dort wird ein Code gezeigt. Verbinden Sie nur, wenn er derselbe ist wie hier: %1</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>“%1” is not the computer that this one was paired with: it presents another certificate. If that is right, remove the location and add it again.</source>
+        <translation>„%1“ ist nicht der Computer, mit dem dieser verbunden wurde: Er zeigt ein anderes Zertifikat. Wenn das richtig ist, entfernen Sie den Ort und legen ihn neu an.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be asked just now. Try again in a while.</source>
+        <translation>„%1“ kann gerade nicht gefragt werden. Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>“%1” does not let this computer synchronize.</source>
+        <translation>„%1“ lässt diesen Computer nicht synchronisieren.</translation>
+    </message>
+    <message>
+        <source>“%1” answers in a way that is not understood.</source>
+        <translation>„%1“ antwortet unverständlich.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot read or write its sync store.</source>
+        <translation>„%1“ kann seinen Sync-Speicher nicht lesen oder schreiben.</translation>
+    </message>
+    <message>
+        <source>The sync store “%1” may not be read.</source>
+        <translation>Der Sync-Speicher „%1“ darf nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Folder Access</source>
+        <translation>Ordnerzugriff</translation>
+    </message>
+    <message>
+        <source>Velmora may reach these folders:</source>
+        <translation>Velmora darf auf diese Ordner zugreifen:</translation>
+    </message>
+    <message>
+        <source>Folders that Velmora may reach</source>
+        <translation>Ordner, auf die Velmora zugreifen darf</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>Hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Computers on the local network:</source>
+        <translation>Computer im lokalen Netz:</translation>
+    </message>
+    <message>
+        <source>Computers on the local network</source>
+        <translation>Computer im lokalen Netz</translation>
+    </message>
+    <message>
+        <source>No computer found yet. Turn its server on under “Direct Connections…” there, or type its address.</source>
+        <translation>Noch kein Computer gefunden. Schalten Sie dort den Server unter „Direktverbindungen …“ ein, oder geben Sie die Adresse ein.</translation>
+    </message>
+    <message>
+        <source>Host:</source>
+        <translation>Adresse:</translation>
+    </message>
+    <message>
+        <source>computer.local</source>
+        <translation>computer.local</translation>
+    </message>
+    <message>
+        <source>Import Databases</source>
+        <translation>Datenbanken importieren</translation>
+    </message>
+    <message>
+        <source>Import databases from:</source>
+        <translation>Datenbanken importieren von:</translation>
+    </message>
+    <message>
+        <source>There is no location to import from yet.</source>
+        <translation>Es gibt noch keinen Ort, von dem importiert werden könnte.</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Databases that this computer does not have:</source>
+        <translation>Datenbanken, die dieser Computer nicht hat:</translation>
+    </message>
+    <message>
+        <source>Databases to import</source>
+        <translation>Zu importierende Datenbanken</translation>
+    </message>
+    <message>
+        <source>This location holds no database that this computer does not have.</source>
+        <translation>An diesem Ort liegt keine Datenbank, die dieser Computer nicht schon hat.</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Direct Connections</source>
+        <translation>Direkte Verbindungen</translation>
+    </message>
+    <message>
+        <source>Let other computers synchronize with this one</source>
+        <translation>Andere Computer dürfen sich mit diesem abgleichen</translation>
+    </message>
+    <message>
+        <source>Computers that may connect:</source>
+        <translation>Computer, die sich verbinden dürfen:</translation>
+    </message>
+    <message>
+        <source>Computers that may connect</source>
+        <translation>Computer, die sich verbinden dürfen</translation>
+    </message>
+    <message>
+        <source>None so far. When a computer connects for the first time, you are asked whether it may.</source>
+        <translation>Bisher keine. Wenn sich ein Computer zum ersten Mal verbindet, werden Sie gefragt, ob er es darf.</translation>
+    </message>
+    <message>
+        <source>Revoke</source>
+        <translation>Widerrufen</translation>
+    </message>
+    <message>
+        <source>The selected computer may not connect any more.</source>
+        <translation>Der ausgewählte Computer darf sich nicht mehr verbinden.</translation>
+    </message>
+    <message>
+        <source>The record “%1” is too large.</source>
+        <translation>Der Datensatz „%1“ ist zu groß.</translation>
+    </message>
+    <message>
+        <source>The record “%1” was made by a newer version of Velmora.</source>
+        <translation>Der Datensatz „%1“ stammt von einer neueren Version von Velmora.</translation>
+    </message>
+    <message>
+        <source>No note can be called “%1”.</source>
+        <translation>Keine Notiz kann „%1“ heißen.</translation>
+    </message>
+    <message>
+        <source>The note “%1” is too long to be synchronized.</source>
+        <translation>Die Notiz „%1“ ist zu lang, um synchronisiert zu werden.</translation>
+    </message>
+    <message>
+        <source>The name of a database must not be so long.</source>
+        <translation>So lang darf der Name einer Datenbank nicht sein.</translation>
+    </message>
+    <message>
+        <source>No database can be called “%1”.</source>
+        <translation>Keine Datenbank kann „%1“ heißen.</translation>
+    </message>
+    <message>
+        <source>The database “%1” is neither here nor at the location.</source>
+        <translation>Die Datenbank „%1“ gibt es weder hier noch am Ort.</translation>
+    </message>
+    <message>
+        <source>“%1” was cleaned up at “%2”.</source>
+        <translation>„%1“ wurde bei „%2“ aufgeräumt.</translation>
+    </message>
+    <message>
+        <source>“%1” was synchronized with “%2”.</source>
+        <translation>„%1“ wurde mit „%2“ synchronisiert.</translation>
+    </message>
+    <message>
+        <source>“%1” was not cleaned up at “%2”: %3</source>
+        <translation>„%1“ wurde bei „%2“ nicht aufgeräumt: %3</translation>
+    </message>
+    <message>
+        <source>“%1” was not synchronized with “%2”: %3</source>
+        <translation>„%1“ wurde nicht mit „%2“ synchronisiert: %3</translation>
+    </message>
+    <message>
+        <source>“%1” was not cleaned up: it is not on this computer.</source>
+        <translation>„%1“ wurde nicht aufgeräumt: Die Datenbank ist nicht auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>Of “%1” something was left out at “%2”: %3</source>
+        <translation>Von „%1“ wurde bei „%2“ etwas ausgelassen: %3</translation>
+    </message>
+    <message>
+        <source>Cleaning up “%1” at “%2”…</source>
+        <translation>„%1“ wird bei „%2“ aufgeräumt …</translation>
+    </message>
+    <message>
+        <source>Synchronizing “%1” with “%2”…</source>
+        <translation>„%1“ wird mit „%2“ synchronisiert …</translation>
     </message>
 </context>
 </TS>

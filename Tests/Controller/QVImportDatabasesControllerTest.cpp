@@ -200,6 +200,24 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_controller->databasesView()->isVisible());
     }
 
+    void returnGoesOn() {
+        useRealHost();
+        const auto location = m_realHost->addLocation();
+        putDatabaseRecord(location, QStringLiteral("11111111-1111-4111-8111-111111111111"),
+                          QStringLiteral("Projects"));
+        run();
+        part<TableView>("locationsTable")->selectRow(0);
+        QTest::keyClick(part<TableView>("locationsTable"), Qt::Key_Return);
+        QVERIFY(m_controller->store());
+        QTRY_COMPARE(part<TableView>("databasesTable")->rowCount(), 1);
+        QTest::keyClick(part<TableView>("databasesTable"), Qt::Key_Return);
+        QCOMPARE(m_completions, 0);
+        part<TableView>("databasesTable")->selectRow(0);
+        QTest::keyClick(part<TableView>("databasesTable"), Qt::Key_Return);
+        QCOMPARE(m_completions, 1);
+        QCOMPARE(location->synchronizationStates().size(), 1);
+    }
+
     void aFetchOpensThenFetchesThenCloses() {
         run();
         m_script->databases = QVRemoteDatabases{m_location->record(QStringLiteral("B")),

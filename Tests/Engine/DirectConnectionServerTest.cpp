@@ -248,6 +248,18 @@ private Q_SLOTS:
         QTRY_VERIFY(before.hasEnded());
     }
 
+    void theSamePortWhileServingDisturbsNobody() {
+        serve();
+        Client client(m_port);
+        QVERIFY(client.waitForEncryption());
+        QSignalSpy serving(&server(), &QVDirectConnectionServer::servingChanged);
+        QSignalSpy ports(&server(), &QVDirectConnectionServer::portChanged);
+        server().setPort(m_port);
+        QCOMPARE(ports.count(), 1);
+        QCOMPARE(serving.count(), 0);
+        QVERIFY(!client.hasEnded());
+    }
+
     void aNewPortWhileStoppedDoesNotStart() {
         server().setPort(m_port);
         QVERIFY(!server().isServing());

@@ -126,6 +126,61 @@ private Q_SLOTS:
             QVERIFY(first->isCancelled() && second->isCancelled());
         }
     }
+
+    void aRingCancelledFromTwoSidesAtOnceIsCancelledAltogether() {
+        for (int round = 0; round < 200; ++round) {
+            const auto first = newFuture();
+            const auto second = newFuture();
+            first->cascadeCancellationToFuture(second);
+            second->passControlToFuture(first);
+            std::latch start(2);
+            std::thread other([&] {
+                start.arrive_and_wait();
+                second->cancel();
+            });
+            start.arrive_and_wait();
+            first->cancel();
+            other.join();
+            QVERIFY(first->isCancelled() && second->isCancelled());
+        }
+    }
+
+    void anOperationThatEndsWhileItIsCancelledHandsTheCancellationOn() {
+        for (int round = 0; round < 200; ++round) {
+            const auto future = newFuture();
+            const auto attached = newFuture();
+            future->cascadeCancellationToFuture(attached);
+            std::latch start(2);
+            std::thread ending([&] {
+                start.arrive_and_wait();
+                future->finish();
+            });
+            start.arrive_and_wait();
+            future->cancel();
+            ending.join();
+            QVERIFY(attached->isCancelled());
+            const bool wasCancelled = future->isCancelled();
+            future->cancel();
+            QCOMPARE(future->isCancelled(), wasCancelled);
+        }
+    }
+
+    void whoWaitsForAnAttachedFutureMayLetItGoWhileOthersCancel() {
+        for (int round = 0; round < 200; ++round) {
+            const auto future = newFuture();
+            auto attached = newFuture();
+            future->passControlToFuture(attached);
+            std::latch start(2);
+            std::thread releasing([&] {
+                start.arrive_and_wait();
+                attached.reset();
+            });
+            start.arrive_and_wait();
+            future->cancel();
+            releasing.join();
+            QVERIFY(future->isCancelled());
+        }
+    }
 };
 
 VELMORA_TEST_MAIN(EngineFutureTest)

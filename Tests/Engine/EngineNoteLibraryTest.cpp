@@ -128,11 +128,11 @@ private Q_SLOTS:
                    QStringLiteral("Zoë’s"),
                    QStringLiteral("Line\nTwo\0three 𝄞"),
                    QDateTime::fromMSecsSinceEpoch(1234567890123)};
-        Note second{QStringLiteral("own"), {}, {}, {}};
+        Note second{QStringLiteral("0f7e2f2c-9d1b-4a53-9c6e-0d9f6f3f8a11"), {}, {}, {}};
         QCOMPARE(database->saveNote(first), std::nullopt);
         QVERIFY(!first.UUID.isEmpty());
         QCOMPARE(database->saveNote(second), std::nullopt);
-        QCOMPARE(second.UUID, QStringLiteral("own"));
+        QCOMPARE(second.UUID, QStringLiteral("0f7e2f2c-9d1b-4a53-9c6e-0d9f6f3f8a11"));
         first.title = QStringLiteral("Changed");
         QCOMPARE(database->saveNote(first), std::nullopt);
         QCOMPARE(changed.count(), 3);
@@ -149,7 +149,7 @@ private Q_SLOTS:
     void twoDatabasesMayHoldNotesOfOneUUID() {
         TestHost host;
         const auto database = host.addDatabase(QStringLiteral("Letters"));
-        Note note{QStringLiteral("same"), QStringLiteral("a"), {}, {}};
+        Note note{QStringLiteral("0f7e2f2c-9d1b-4a53-9c6e-0d9f6f3f8a11"), QStringLiteral("a"), {}, {}};
         QCOMPARE(database->saveNote(note), std::nullopt);
         note.title = QStringLiteral("b");
         QCOMPARE(host.inbox()->saveNote(note), std::nullopt);

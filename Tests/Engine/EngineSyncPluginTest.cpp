@@ -111,51 +111,6 @@ private Q_SLOTS:
             QStringLiteral("/media/nobody/No Such Volume/a.qvSyncStore")));
     }
 
-    void synchronizingSaysThatNothingWasDone() {
-        TestHost host(FirstContents::Welcome);
-        const QVSyncStates states =
-            host.locations().syncLocations().first()->synchronizationStates();
-        QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
-        dispatcher->performSynchronizationsWithSynchronizationStates(states);
-        int calls = 0;
-        QThread *thread = nullptr;
-        dispatcher->performSynchronizationsWithSynchronizationStates(states, [&] {
-            ++calls;
-            thread = QThread::currentThread();
-        });
-        QCOMPARE(calls, 0);
-        QTRY_COMPARE(calls, 1);
-        QCOMPARE(thread, qApp->thread());
-        QCOMPARE(host.application().logEntries().size(), 2);
-        for (const auto &entry : host.application().logEntries()) {
-            QCOMPARE(entry.title, QStringLiteral("Sync:"));
-            QVERIFY(entry.info.contains(QStringLiteral("“Projects” was not synchronized")));
-        }
-        QVERIFY(!states.first()->lastSynced().isValid());
-        QCoreApplication::processEvents();
-        QCOMPARE(calls, 1);
-    }
-
-    void synchronizingNothingCallsTheHandlerAllTheSame() {
-        TestHost host;
-        int calls = 0;
-        QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
-            {}, [&] { ++calls; });
-        QTRY_COMPARE(calls, 1);
-        QVERIFY(host.application().logEntries().isEmpty());
-    }
-
-    void cleaningSaysThatNothingWasDoneAndCallsItsHandlerOnce() {
-        TestHost host(FirstContents::Welcome);
-        int calls = 0;
-        QVSyncPlugin::plugin()->dispatcher()->cleanRemoteStoreWithSynchronizationState(
-            host.locations().syncLocations().first()->synchronizationStates().first(),
-            [&] { ++calls; });
-        QCOMPARE(calls, 0);
-        QTRY_COMPARE(calls, 1);
-        QCOMPARE(host.application().logEntries().size(), 1);
-    }
-
     void theClassesMakeSchedulesWithTheirDefaults() {
         TestHost host;
         QVERIFY(!QVSyncSchedule::newSchedule()->isHourly());

@@ -145,7 +145,7 @@ private Q_SLOTS:
         QVERIFY(button->isEnabled());
         const auto before = m_host->application().logEntries().size();
         button->click();
-        QCOMPARE(m_host->application().logEntries().size(), before + 1);
+        QTRY_COMPARE(m_host->application().logEntries().size(), before + 1);
         QVERIFY(
             m_host->application().logEntries().last().info.contains(QStringLiteral("Projects")));
     }

@@ -179,7 +179,8 @@ private Q_SLOTS:
         registerSyncPreferencesInterface();
         m_other.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
         m_other.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_other.start(QCoreApplication::applicationFilePath(), {ServerRole});
+        // By this name, since the path of the file may not lead to it from the new namespace.
+        m_other.start(QStringLiteral("/proc/self/exe"), {ServerRole});
         QVERIFY(!awaitLine(QStringLiteral("here")).isEmpty());
         ip(QStringLiteral("link add %1 type veth peer name %2 netns %3")
                .arg(OwnInterface, OtherInterface)

@@ -38,12 +38,17 @@ void TestHost::restart() {
     start(FirstContents::Inbox);
 }
 
+void TestHost::goToComputer(const QString &name) {
+    m_profileName = name;
+    restart();
+}
+
 EngineLocationsController &TestHost::locations() {
     return static_cast<EngineLocationsController &>(*m_engine->plugin().locationsController());
 }
 
 QString TestHost::directory() const {
-    return m_directory.filePath(QStringLiteral("Profile"));
+    return m_directory.filePath(m_profileName);
 }
 
 std::shared_ptr<NoteDatabase> TestHost::addDatabase(const QString &name) {

@@ -25,6 +25,8 @@ public:
     /// Closes the profile without saving and opens it again, as a restart does. All engine objects
     /// are new after that.
     void restart();
+    /// Closes the profile without saving and opens, or makes, that of another computer.
+    void goToComputer(const QString &name);
 
     std::shared_ptr<NoteDatabase> inbox() { return library().inbox(); }
     /// Makes and opens one.
@@ -57,6 +59,7 @@ private:
     void start(FirstContents contents);
 
     QTemporaryDir m_directory;
+    QString m_profileName = QStringLiteral("Profile");
     TestApplication m_application;
     std::unique_ptr<SyncEngine> m_engine;
     std::unique_ptr<ProfileDatabase> m_otherConnection;

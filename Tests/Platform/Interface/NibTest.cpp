@@ -3,6 +3,7 @@
 #include <QtGui/QAction>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
 
@@ -10,6 +11,8 @@
 #include "Platform/Interface/CollectionViewItem.h"
 #include "Platform/Interface/ContextMenu.h"
 #include "Platform/Interface/Control.h"
+#include "Platform/Interface/TableView.h"
+#include "Platform/Interface/TableViewDelegate.h"
 #include "Platform/KeyValue/ArrayController.h"
 #include "Support/TestMain.h"
 
@@ -58,6 +61,27 @@ public:
     std::shared_ptr<CollectionViewItem> m_itemPrototype;
 };
 
+/// An object that a form makes; it remembers what it was when it was awakened.
+class Helper : public QObject, public TableViewDelegate {
+    Q_OBJECT
+    Q_PROPERTY(QString text MEMBER m_text NOTIFY textChanged)
+public:
+    using QObject::QObject;
+    Q_INVOKABLE void awakeFromNib() { m_textsWhenAwakened.append(m_text); }
+    int numberOfRowsInTableView(TableView * /*tableView*/) override { return 0; }
+    QWidget *tableViewViewForTableColumnRow(TableView * /*tableView*/, const QString & /*column*/,
+                                            int /*row*/) override {
+        return nullptr;
+    }
+    void tableViewSelectionDidChange(TableView * /*tableView*/) override {}
+
+    QString m_text;
+    QStringList m_textsWhenAwakened;
+
+Q_SIGNALS:
+    void textChanged();
+};
+
 template <class Widget>
 Widget *addPart(QWidget *form, const char *name, const QStringList &bindings = {},
                 const QString &action = {}) {
@@ -94,6 +118,8 @@ private Q_SLOTS:
     void initTestCase() {
         Nib::registerClass(QStringLiteral("ArrayController"),
                            [](QObject *parent) { return new ArrayController(parent); });
+        Nib::registerClass(QStringLiteral("Helper"),
+                           [](QObject *parent) { return new Helper(parent); });
     }
 
     void anUnknownFormIsAProgrammingError() {
@@ -266,6 +292,109 @@ private Q_SLOTS:
                  QStringLiteral("row one"));
         QCOMPARE(row->findChild<QLabel *>(QStringLiteral("ownerLabel"))->text(),
                  QStringLiteral("first"));
+    }
+
+    void objectsOfTheFormAreAwakenedOnceWhenAllIsConnected() {
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            form->setProperty("objects", QStringList{QStringLiteral("helper Helper"),
+                                                     QStringLiteral("rows ArrayController")});
+            form->setProperty("bindings", QStringList{QStringLiteral("helper.text <- owner.text")});
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        QCOMPARE(form->findChild<Helper *>()->m_textsWhenAwakened,
+                 QStringList{QStringLiteral("first")});
+    }
+
+    void aTableGetsTheDelegateThatTheFormNames() {
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            form->setProperty("objects", QStringList{QStringLiteral("helper Helper")});
+            addPart<TableView>(form, "table")
+                ->setProperty("tableDelegate", QStringLiteral("helper"));
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        QCOMPARE(form->findChild<TableView *>()->tableDelegate(), form->findChild<Helper *>());
+    }
+
+    void whatIsNoDelegateOfATableIsAProgrammingError() {
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            addPart<TableView>(form, "table")
+                ->setProperty("tableDelegate", QStringLiteral("owner"));
+            return form;
+        });
+        QVERIFY_EXCEPTION_THROWN(Nib::load(name, &owner), AssertionFailure);
+    }
+
+    void aTableSendsItsAction() {
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            addPart<TableView>(form, "table", {}, QStringLiteral("owner.pressBy"));
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        Q_EMIT form->findChild<TableView *>()->action();
+        QCOMPARE(owner.m_calls, QStringList{QStringLiteral("table")});
+    }
+
+    void aFieldSendsWhatItsTextBecomesWhileItIsTyped() {
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            addPart<QLineEdit>(form, "field")
+                ->setProperty("textDidChange", QStringLiteral("owner.say(field.text)"));
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        auto *field = form->findChild<QLineEdit *>();
+        field->setText(QStringLiteral("set"));
+        QVERIFY(owner.m_calls.isEmpty());
+        QTest::keyClicks(field, QStringLiteral("s!"));
+        QCOMPARE(owner.m_calls, QStringList({QStringLiteral("sets"), QStringLiteral("sets!")}));
+    }
+
+    void aMenuItemIsValidatedEachTimeItsMenuOpens() {
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            auto *menu = addPart<QMenu>(form, "menu");
+            auto *flagItem = menu->addAction(QStringLiteral("flag"));
+            flagItem->setProperty("validation", QStringLiteral("owner.flag"));
+            auto *objectItem = menu->addAction(QStringLiteral("object"));
+            objectItem->setProperty("validation", QStringLiteral("owner.other"));
+            menu->addAction(QStringLiteral("always"));
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        auto *menu = form->findChild<QMenu *>();
+        const auto enabled = [menu] {
+            Q_EMIT menu->aboutToShow();
+            QList<bool> result;
+            for (const QAction *menuItem : menu->actions()) {
+                result.append(menuItem->isEnabled());
+            }
+            return result;
+        };
+        QCOMPARE(enabled(), QList<bool>({false, false, true}));
+        owner.m_flag = true;
+        QCOMPARE(enabled(), QList<bool>({true, false, true}));
+        owner.m_other = &owner;
+        QCOMPARE(enabled(), QList<bool>({true, true, true}));
+        owner.m_flag = false;
+        QCOMPARE(enabled(), QList<bool>({false, true, true}));
     }
 
     void whatAFormNamesButIsNotThereIsAProgrammingError_data() {

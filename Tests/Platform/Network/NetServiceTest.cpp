@@ -4,6 +4,7 @@
 #include <QtCore/QPointer>
 #include <thread>
 
+#include "Platform/Network/LocalHostName.h"
 #include "Platform/Network/NetService.h"
 #include "Platform/Network/NetServiceBrowser.h"
 #include "Platform/Network/NetServiceBrowserDelegate.h"
@@ -344,6 +345,23 @@ private Q_SLOTS:
         QCOMPARE(unnamed.service->name(), QStringLiteral("alone"));
         QCOMPARE(cut.service->name(), QString(31, QChar(u'é')));
         QCOMPARE(cut.service->domain(), QStringLiteral("local"));
+    }
+
+    void aComputerOfTheLocalNetworkHasAnAddress() {
+        QVERIFY(LocalHostName::isLocal(QStringLiteral("alone.local")));
+        QVERIFY(LocalHostName::isLocal(QStringLiteral("Alone.LOCAL.")));
+        QVERIFY(!LocalHostName::isLocal(QStringLiteral("local")));
+        QVERIFY(!LocalHostName::isLocal(QStringLiteral("alone.local.example")));
+        QCOMPARE(LocalHostName::address(QStringLiteral("alone.local"),
+                                        std::chrono::milliseconds(Patience)),
+                 QStringLiteral("127.0.0.1"));
+    }
+
+    void anAbsentComputerHasNoAddressAndNeitherHasAnyWithoutADaemon() {
+        const std::chrono::milliseconds little(100);
+        QCOMPARE(LocalHostName::address(QStringLiteral("nobody.local"), little), QString());
+        m_daemon->killDaemon();
+        QCOMPARE(LocalHostName::address(QStringLiteral("alone.local"), little), QString());
     }
 };
 

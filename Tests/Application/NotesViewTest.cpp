@@ -1,0 +1,103 @@
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QPlainTextEdit>
+
+#include "Application/NotesView.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+class NotesViewTest : public QObject {
+    Q_OBJECT
+private:
+    std::unique_ptr<TestHost> m_host;
+    std::shared_ptr<EngineDatabase> m_database;
+    std::unique_ptr<NotesView> m_view;
+    Note m_first;
+
+    QPlainTextEdit *text() const { return m_view->findChild<QPlainTextEdit *>(); }
+    QListWidget *list() const { return m_view->findChild<QListWidget *>(); }
+    /// As it comes from another computer.
+    void receive(const Transaction &transaction) {
+        QCOMPARE(m_host->library().merge(m_database, {transaction}, [] { return std::nullopt; }),
+                 std::nullopt);
+    }
+    OperationId operationOf(const Note &note) const {
+        return QByteArray::fromHex(note.revision.toLatin1());
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        const auto made = m_host->addDatabase(QStringLiteral("Plans"));
+        m_database = m_host->library().synchronizedDatabase(made->UUID());
+        m_first = {{}, QStringLiteral("First"), QStringLiteral("1"), {}};
+        QCOMPARE(m_database->saveNote(m_first), std::nullopt);
+        // It has left this computer.
+        receive({});
+        m_view = std::make_unique<NotesView>();
+        m_view->setDatabase(m_database);
+    }
+    void cleanup() {
+        m_view.reset();
+        m_database.reset();
+        m_host.reset();
+    }
+
+    void whatIsTypedIsSavedOverWhatWasShown() {
+        text()->setPlainText(QStringLiteral("typed"));
+        m_view->commit();
+        QCOMPARE(m_database->notes().size(), 1);
+        QCOMPARE(m_database->notes().first().text, QStringLiteral("typed"));
+        QVERIFY(m_database->notes().first().modified.isValid());
+        text()->setPlainText(QStringLiteral("typed again"));
+        m_view->commit();
+        QCOMPARE(m_database->notes().size(), 1);
+    }
+
+    void whatComesWhileTypingIsKeptBesideIt() {
+        text()->setPlainText(QStringLiteral("typed"));
+        receive({{Operation::make(m_first.UUID, QStringLiteral("First"),
+                                  QStringLiteral("from there"), {}, {operationOf(m_first)})},
+                 {}});
+        QCOMPARE(text()->toPlainText(), QStringLiteral("typed"));
+        m_view->commit();
+        QStringList texts;
+        for (const Note &note : m_database->notes()) {
+            texts.append(note.text);
+        }
+        QCOMPARE(texts, QStringList({QStringLiteral("typed"), QStringLiteral("from there")}));
+        QCOMPARE(list()->currentRow(), 0);
+    }
+
+    void whatIsTypedOutlivesItsDeletionElsewhere() {
+        text()->setPlainText(QStringLiteral("typed"));
+        receive({{}, {operationOf(m_first)}});
+        QVERIFY(m_database->notes().isEmpty());
+        m_view->commit();
+        QCOMPARE(m_database->notes().size(), 1);
+        QCOMPARE(m_database->notes().first().text, QStringLiteral("typed"));
+        QCOMPARE(list()->currentRow(), 0);
+    }
+
+    void theShownNoteStaysShownWhateverComesAndGoes() {
+        Note second{{}, QStringLiteral("Second"), QStringLiteral("2"), {}};
+        QCOMPARE(m_database->saveNote(second), std::nullopt);
+        list()->setCurrentRow(1);
+        receive({{}, {operationOf(m_first)}});
+        QCOMPARE(list()->currentRow(), 0);
+        QCOMPARE(text()->toPlainText(), QStringLiteral("2"));
+    }
+
+    void selectingAnotherNoteSavesWhatWasTyped() {
+        Note second{{}, QStringLiteral("Second"), QStringLiteral("2"), {}};
+        QCOMPARE(m_database->saveNote(second), std::nullopt);
+        text()->setPlainText(QStringLiteral("typed"));
+        list()->setCurrentRow(1);
+        QCOMPARE(list()->currentRow(), 1);
+        QCOMPARE(text()->toPlainText(), QStringLiteral("2"));
+        QCOMPARE(m_database->notes().first().text, QStringLiteral("typed"));
+    }
+};
+
+VELMORA_TEST_MAIN(NotesViewTest)
+#include "NotesViewTest.moc"

@@ -1,0 +1,160 @@
+#include <QtCore/QProcess>
+#include <cstdio>
+#include <random>
+
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+const QString DatabaseName = QStringLiteral("Projects");
+
+std::shared_ptr<NoteDatabase> projects(SyncEngine &engine) {
+    const auto all = engine.library()->knownDatabases();
+    const auto found = std::find_if(all.begin(), all.end(),
+                                    [](const auto &each) { return each->name() == DatabaseName; });
+    return found == all.end() ? nullptr : *found;
+}
+
+QVSyncStates allStates(SyncEngine &engine) {
+    QVSyncStates states;
+    const auto locations = engine.plugin().locationsController()->syncLocations();
+    for (const auto &location : locations) {
+        states.append(location->synchronizationStates());
+    }
+    return states;
+}
+
+/// Saves notes and synchronizes for ever, and says on standard output what was saved.
+int saveUntilKilled(const QString &profile, const QString &prefix) {
+    TestApplication application;
+    SyncEngine engine;
+    application.setEngine(&engine);
+    if (const auto error = engine.openProfile(profile)) {
+        std::fprintf(stderr, "%s\n", qPrintable(error->localizedDescription));
+        return EXIT_FAILURE;
+    }
+    for (int i = 0;; ++i) {
+        const QString title = QStringLiteral("%1 %2").arg(prefix).arg(i);
+        Note note{{}, title, QString(i % 7 * 500, u'x'), QDateTime::currentDateTime()};
+        if (projects(engine)->saveNote(note)) {
+            return EXIT_FAILURE;
+        }
+        // Of every third note only the second edit is to be found.
+        if (i % 3 == 0) {
+            note.text = QStringLiteral("again");
+            if (projects(engine)->saveNote(note)) {
+                return EXIT_FAILURE;
+            }
+        }
+        std::printf("%s\n", qPrintable(title));
+        std::fflush(stdout);
+        if (engine.plugin().dispatcher()->activity().isEmpty()) {
+            engine.plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+                allStates(engine));
+        }
+        QCoreApplication::processEvents();
+    }
+}
+
+}  // namespace
+
+class KilledProcessTest : public QObject {
+    Q_OBJECT
+private:
+    /// What a process reported as saved before it was killed, some time after `lines` reports.
+    static QStringList reportedUntilKilled(const QString &profile, const QString &prefix,
+                                           int lines) {
+        QProcess process;
+        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process.start(QCoreApplication::applicationFilePath(),
+                      {QStringLiteral("--save-until-killed"), profile, prefix});
+        QByteArray output;
+        while (output.count('\n') < lines && process.waitForReadyRead(30000)) {
+            output += process.readAll();
+        }
+        process.kill();
+        process.waitForFinished();
+        output += process.readAll();
+        if (process.exitStatus() != QProcess::CrashExit) {
+            return {};
+        }
+        return QString::fromUtf8(output.left(output.lastIndexOf('\n')))
+            .split(u'\n', Qt::SkipEmptyParts);
+    }
+
+    static void verifyHolds(const NoteDatabase &database, const QStringList &reported) {
+        QHash<QString, QString> texts;
+        const auto notes = database.notes();
+        for (const Note &note : notes) {
+            QVERIFY2(!texts.contains(note.title), qPrintable(note.title));
+            texts.insert(note.title, note.text);
+        }
+        for (const QString &title : reported) {
+            QVERIFY2(texts.contains(title), qPrintable(title));
+            if (title.section(u' ', 1).toInt() % 3 == 0) {
+                QCOMPARE(texts.value(title), QStringLiteral("again"));
+            }
+        }
+    }
+
+    static void synchronize(SyncEngine &engine) {
+        bool isDone = false;
+        engine.plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+            allStates(engine), [&] { isDone = true; });
+        QTRY_VERIFY_WITH_TIMEOUT(isDone, 30000);
+        for (const auto &state : allStates(engine)) {
+            QVERIFY(state->lastSynced().isValid());
+        }
+    }
+
+private Q_SLOTS:
+    void whatWasReportedSavedSurvivesBeingKilled() {
+        TestHost host;
+        const auto database = host.addDatabase(DatabaseName);
+        const QString UUID = database->UUID();
+        const QString store = host.makeSyncStore(QStringLiteral("Shared"));
+        host.addState(host.addLocation(store), database);
+        host.save();
+        const QString profile = host.directory();
+        host.goToComputer(QStringLiteral("Other computer"));
+        host.addLocation(store)->addStateForDatabaseWithUUID(UUID, DatabaseName);
+        host.save();
+
+        std::mt19937 randomBits(1);
+        QStringList reported;
+        for (int round = 0; round < 15; ++round) {
+            const QStringList more =
+                reportedUntilKilled(profile, QStringLiteral("Round%1").arg(round),
+                                    1 + static_cast<int>(randomBits() % 40));
+            QVERIFY(!more.isEmpty());
+            reported += more;
+        }
+        // What is in the store already is sound, and the killed one goes on where it was.
+        synchronize(host.engine());
+        for (const auto &entry : host.application().logEntries()) {
+            QVERIFY2(entry.info.contains(QStringLiteral("was synchronized")),
+                     qPrintable(entry.info));
+        }
+        host.goToComputer(QStringLiteral("Profile"));
+        verifyHolds(*projects(host.engine()), reported);
+        synchronize(host.engine());
+        const QList<Note> notes = projects(host.engine())->notes();
+        host.goToComputer(QStringLiteral("Other computer"));
+        synchronize(host.engine());
+        verifyHolds(*projects(host.engine()), reported);
+        QCOMPARE(projects(host.engine())->notes().size(), notes.size());
+    }
+};
+
+int main(int argumentCount, char **arguments) {
+    prepareTestProcess();
+    QApplication application(argumentCount, arguments);
+    const QStringList given = QCoreApplication::arguments();
+    if (given.value(1) == QStringLiteral("--save-until-killed")) {
+        return saveUntilKilled(given.value(2), given.value(3));
+    }
+    KilledProcessTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
+#include "KilledProcessTest.moc"

@@ -1,0 +1,394 @@
+#include <random>
+
+#include "Engine/CleanSession.h"
+#include "Engine/EngineFuture.h"
+#include "Engine/EngineNoteLibrary.h"
+#include "Engine/FirstContents.h"
+#include "Engine/ProfileDatabase.h"
+#include "Engine/SyncSession.h"
+#include "Support/MemoryStore.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+std::mt19937 randomBits;
+
+int upTo(int end) {
+    return static_cast<int>(randomBits() % static_cast<unsigned>(end));
+}
+
+bool happens(int percent) {
+    return upTo(100) < percent;
+}
+
+}  // namespace
+
+/// All that the engine leaves to chance follows the seed, so that a history can be told again.
+QUuid QUuid::createUuid() {
+    QByteArray bytes;
+    for (int i = 0; i < 16; ++i) {
+        bytes.append(static_cast<char>(upTo(256)));
+    }
+    bytes[6] = static_cast<char>((bytes[6] & 0x0f) | 0x40);
+    bytes[8] = static_cast<char>((bytes[8] & 0x3f) | 0x80);
+    return QUuid::fromRfc4122(bytes);
+}
+
+namespace {
+
+const QString Mark = QStringLiteral(" (conflict)");
+
+void require(const std::optional<Error> &error) {
+    if (error) {
+        throw std::runtime_error(error->localizedDescription.toStdString());
+    }
+}
+
+void require(bool condition, const char *words) {
+    if (!condition) {
+        throw std::runtime_error(words);
+    }
+}
+
+/// A profile, without the engine around it.
+class Replica {
+public:
+    Replica() : m_library(m_profile) {
+        require(m_profile.open(m_folder.filePath(QStringLiteral("Profile")), [this] {
+            return writeFirstContents(m_profile, FirstContents::Inbox);
+        }));
+        // No test of what the disk keeps.
+        require(m_profile.run(QStringLiteral("PRAGMA synchronous = OFF")));
+        require(m_library.load());
+    }
+
+    const ProfileDatabase &profile() const { return m_profile; }
+    EngineNoteLibrary &library() { return m_library; }
+
+private:
+    QTemporaryDir m_folder;
+    ProfileDatabase m_profile;
+    EngineNoteLibrary m_library;
+};
+
+/// What a person did to a note.
+struct Edit {
+    QString title;
+    QString text;
+    bool isSuperseded = false;
+};
+
+/// Some replicas and stores of one database, and what happens to them.
+class History {
+public:
+    History(QList<Replica *> replicas, int stores) : m_replicas(std::move(replicas)) {
+        m_stores.resize(stores);
+        require(m_replicas.first()->library().createDatabase(QStringLiteral("First name")));
+        m_UUID = m_replicas.first()->library().knownDatabases().last()->UUID();
+    }
+
+    void run(int steps) {
+        for (int step = 0; step < steps; ++step) {
+            switch (upTo(12)) {
+                case 0:
+                case 1:
+                case 2:
+                    edit(anyReplica());
+                    break;
+                case 3:
+                    remove(anyReplica());
+                    break;
+                case 4:
+                    saveWhatWasReadLongAgo(anyReplica());
+                    break;
+                case 5:
+                    happens(20) ? rename(anyReplica()) : begin<SyncSession>();
+                    break;
+                case 6:
+                    happens(25) ? begin<CleanSession>() : begin<SyncSession>();
+                    break;
+                default:
+                    goOn();
+            }
+        }
+        m_running.clear();
+    }
+
+    /// Synchronizes until everyone must know everything.
+    void settle() {
+        m_isFaulty = false;
+        for (int round = 0; round < 3; ++round) {
+            for (Replica *replica : std::as_const(m_replicas)) {
+                for (qsizetype store = 0; store < storeCount(); ++store) {
+                    runWhole<SyncSession>(replica, store);
+                }
+            }
+        }
+    }
+
+    template <class Session>
+    void runWhole(Replica *replica, qsizetype store) {
+        Session session(replica->profile(), replica->library(), subject(store));
+        MemoryStore blobs(m_stores[store], [] { return MemoryStore::Fault::None; });
+        const EngineFuture future;
+        while (!session.isDone()) {
+            require(session.work(blobs, future));
+            require(session.settle());
+        }
+    }
+
+    qsizetype storeCount() const { return static_cast<qsizetype>(m_stores.size()); }
+    const QList<Replica *> &replicas() const { return m_replicas; }
+
+    /// Everything is there that nobody who had seen it replaced or removed, and nothing else.
+    void verify(Replica *replica) const {
+        const auto database = replica->library().synchronizedDatabase(m_UUID);
+        QSet<QString> found;
+        for (const Note &note : database->notes()) {
+            const auto edit = m_edits.find(note.revision);
+            require(edit != m_edits.end(), "a note that nobody wrote");
+            require(!edit->isSuperseded, "an edit came back to life");
+            require(note.title == edit->title || note.title == edit->title + Mark, "another title");
+            require(note.text == edit->text, "another text");
+            found.insert(note.revision);
+        }
+        for (auto edit = m_edits.begin(); edit != m_edits.end(); ++edit) {
+            require(edit->isSuperseded || found.contains(edit.key()), "an edit was lost");
+        }
+    }
+
+    /// Whether both show the same, byte for byte.
+    void verifySame(Replica *one, Replica *other) const {
+        require(sortedNotes(one) == sortedNotes(other), "the notes differ");
+        require(one->library().synchronizedDatabase(m_UUID)->name() ==
+                    other->library().synchronizedDatabase(m_UUID)->name(),
+                "the names differ");
+    }
+
+    /// Of what can be read, the store holds no operation that is superseded and none twice.
+    void verifyClean(qsizetype store) const {
+        QSet<OperationId> operations;
+        qsizetype count = 0;
+        for (const auto &[name, contents] : m_stores[store]) {
+            const Result<Transaction> read = Transaction::decoded(contents, name);
+            if (!name.startsWith(QStringLiteral("transactions/")) || errorOf(read)) {
+                continue;
+            }
+            for (const Operation &operation : std::get<Transaction>(read).operations) {
+                operations.insert(operation.id);
+                ++count;
+            }
+        }
+        require(operations.size() == count, "an operation is there twice");
+        const QList<OperationId> needed =
+            m_replicas.first()->library().synchronizedDatabase(m_UUID)->log().operationIds();
+        require(operations == QSet(needed.begin(), needed.end()),
+                "the store does not hold just what is needed");
+    }
+
+private:
+    struct Running {
+        Replica *replica;
+        qsizetype store;
+        std::unique_ptr<StoreSession> session;
+        bool hasWorked = false;
+    };
+
+    Replica *anyReplica() const { return m_replicas[upTo(static_cast<int>(m_replicas.size()))]; }
+
+    StoreSession::Subject subject(qsizetype store) const {
+        return {m_UUID, QStringLiteral("Provisional name"), QString::number(store)};
+    }
+
+    QList<Note> sortedNotes(Replica *replica) const {
+        const auto database = replica->library().synchronizedDatabase(m_UUID);
+        QList<Note> notes = database ? database->notes() : QList<Note>();
+        std::sort(notes.begin(), notes.end(),
+                  [](const Note &a, const Note &b) { return a.UUID < b.UUID; });
+        return notes;
+    }
+
+    void save(Replica *replica, Note note) {
+        const auto database = replica->library().synchronizedDatabase(m_UUID);
+        const QString seen = note.revision;
+        note.title = QStringLiteral("Edit %1").arg(m_edits.size());
+        note.text = QString(upTo(40), QChar(0x20 + upTo(0x2000)));
+        note.modified = date(replica);
+        require(database->saveNote(note));
+        if (!seen.isEmpty()) {
+            m_edits[seen].isSuperseded = true;
+        }
+        m_edits.insert(note.revision, {note.title, note.text});
+    }
+
+    /// Some clocks are wrong, one by centuries.
+    QDateTime date(Replica *replica) {
+        const qint64 hours = m_replicas.indexOf(replica) == 1 ? 24 * 365 * 500 : upTo(100) - 50;
+        return QDateTime::fromMSecsSinceEpoch(1700000000000 + hours * 3600000 + ++m_clock);
+    }
+
+    void edit(Replica *replica) {
+        const QList<Note> notes = sortedNotes(replica);
+        if (!replica->library().synchronizedDatabase(m_UUID)) {
+            return;
+        }
+        const bool isNew = notes.isEmpty() || happens(20);
+        const Note note = isNew ? Note() : notes[upTo(static_cast<int>(notes.size()))];
+        if (happens(10)) {
+            m_readLongAgo.insert(replica, note);
+        }
+        save(replica, note);
+    }
+
+    void saveWhatWasReadLongAgo(Replica *replica) {
+        if (m_readLongAgo.contains(replica)) {
+            save(replica, m_readLongAgo.take(replica));
+        }
+    }
+
+    void remove(Replica *replica) {
+        const QList<Note> notes = sortedNotes(replica);
+        if (!notes.isEmpty() && happens(40)) {
+            const Note &note = notes[upTo(static_cast<int>(notes.size()))];
+            require(replica->library().synchronizedDatabase(m_UUID)->removeNote(note.UUID));
+            m_edits[note.revision].isSuperseded = true;
+        }
+    }
+
+    void rename(Replica *replica) {
+        if (const auto database = replica->library().synchronizedDatabase(m_UUID)) {
+            require(replica->library().renameDatabase(database,
+                                                      QStringLiteral("Name %1").arg(++m_clock)));
+        }
+    }
+
+    template <class Session>
+    void begin() {
+        Replica *replica = anyReplica();
+        const qsizetype store = upTo(static_cast<int>(m_stores.size()));
+        const bool isRunning =
+            std::any_of(m_running.begin(), m_running.end(), [&](const Running &running) {
+                return running.replica == replica && running.store == store;
+            });
+        const bool canClean = replica->library().synchronizedDatabase(m_UUID) != nullptr;
+        if (!isRunning && (canClean || std::is_same_v<Session, SyncSession>)) {
+            m_running.push_back({replica, store,
+                                 std::make_unique<Session>(replica->profile(), replica->library(),
+                                                           subject(store))});
+        }
+    }
+
+    /// Half a step of any session that runs; at times it is killed instead.
+    void goOn() {
+        if (m_running.empty()) {
+            return;
+        }
+        const auto running = m_running.begin() + upTo(static_cast<int>(m_running.size()));
+        std::optional<Error> error;
+        if (running->hasWorked) {
+            error = running->session->settle();
+            require(!error || error->code != 2 /* ProfileNotWritten */, "the profile failed");
+        } else {
+            MemoryStore blobs(m_stores[running->store], [this] { return nextFault(); });
+            const EngineFuture future;
+            error = running->session->work(blobs, future);
+        }
+        running->hasWorked = !running->hasWorked;
+        if (error || running->session->isDone() || happens(3)) {
+            m_running.erase(running);
+        }
+        if (happens(2)) {
+            deliverTwice();
+        }
+    }
+
+    MemoryStore::Fault nextFault() const {
+        if (!m_isFaulty || !happens(6)) {
+            return MemoryStore::Fault::None;
+        }
+        return std::array{MemoryStore::Fault::Unreachable, MemoryStore::Fault::LostAnswer,
+                          MemoryStore::Fault::Torn}[upTo(3)];
+    }
+
+    /// As a mirror of the store does that was cut off for a while.
+    void deliverTwice() {
+        MemoryStore::Blobs &blobs = m_stores[upTo(static_cast<int>(m_stores.size()))];
+        const QString folder = QStringLiteral("transactions/%1/").arg(m_UUID);
+        QStringList names;
+        for (const auto &[name, contents] : blobs) {
+            if (name.startsWith(folder)) {
+                names.append(name);
+            }
+        }
+        if (!names.isEmpty()) {
+            const QByteArray contents = blobs.at(names[upTo(static_cast<int>(names.size()))]);
+            blobs.emplace(folder + QUuid::createUuid().toString(QUuid::WithoutBraces) +
+                              QStringLiteral(".json"),
+                          contents);
+        }
+    }
+
+    const QList<Replica *> m_replicas;
+    std::vector<MemoryStore::Blobs> m_stores;
+    std::vector<Running> m_running;
+    QString m_UUID;
+    /// By revision.
+    QMap<QString, Edit> m_edits;
+    QMap<Replica *, Note> m_readLongAgo;
+    qint64 m_clock = 0;
+    bool m_isFaulty = true;
+};
+
+}  // namespace
+
+/// Tells random histories of replicas that edit and synchronize while everything fails. The seeds
+/// of a run are VELMORA_SEED (1 unless set) and those after it, VELMORA_HISTORIES (1,000) in all.
+class SyncPropertyTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void allReplicasConvergeAndNoEditIsLost() {
+        QHashSeed::setDeterministicGlobalSeed();
+        bool isSet = false;
+        const int first = qEnvironmentVariableIntValue("VELMORA_SEED", &isSet);
+        const int count = qEnvironmentVariableIntValue("VELMORA_HISTORIES");
+        std::array<Replica, 6> replicas;
+        for (int seed = isSet ? first : 1, left = count > 0 ? count : 1000; left > 0;
+             ++seed, --left) {
+            try {
+                tell(seed, replicas);
+            } catch (const std::exception &exception) {
+                QFAIL(qPrintable(QStringLiteral("VELMORA_SEED=%1 VELMORA_HISTORIES=1: %2")
+                                     .arg(seed)
+                                     .arg(QString::fromUtf8(exception.what()))));
+            }
+        }
+    }
+
+private:
+    static void tell(int seed, std::array<Replica, 6> &replicas) {
+        randomBits.seed(static_cast<unsigned>(seed));
+        QList<Replica *> taking;
+        for (int i = 3 + upTo(3); i > 0; --i) {
+            taking.append(&replicas[i]);
+        }
+        History history(taking, 1 + upTo(2));
+        history.run(seed % 10 == 0 ? 1000 : 100 + upTo(300));
+        history.settle();
+        for (Replica *replica : history.replicas()) {
+            history.verify(replica);
+            history.verifySame(replica, history.replicas().first());
+        }
+        for (qsizetype store = 0; store < history.storeCount(); ++store) {
+            history.runWhole<CleanSession>(taking.last(), store);
+            history.verifyClean(store);
+        }
+        // One who comes late reads the same from a clean store alone.
+        Replica *late = &replicas[0];
+        history.runWhole<SyncSession>(late, history.storeCount() - 1);
+        history.verify(late);
+        history.verifySame(late, taking.first());
+    }
+};
+
+VELMORA_TEST_MAIN(SyncPropertyTest)
+#include "SyncPropertyTest.moc"

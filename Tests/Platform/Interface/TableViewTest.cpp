@@ -1,0 +1,269 @@
+#include "Platform/Interface/TableView.h"
+
+#include <QtWidgets/QLabel>
+
+#include "Platform/Interface/Nib.h"
+#include "Platform/Interface/TableViewDelegate.h"
+#include "Platform/KeyValue/ArrayController.h"
+#include "Platform/KeyValue/Binding.h"
+#include "Platform/KeyValue/ValueTransformer.h"
+#include "Support/AnnouncementRecorder.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+class Person : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString name MEMBER m_name)
+public:
+    explicit Person(const QString &name) : m_name(name) {}
+
+private:
+    QString m_name;
+};
+
+QVariant person(const char *name) {
+    return QVariant::fromValue(std::make_shared<Person>(QLatin1StringView(name)));
+}
+
+class LoudTransformer : public ValueTransformer {
+public:
+    QMetaType transformedValueClass() const override { return QMetaType::fromType<QString>(); }
+    QVariant transformedValue(const QVariant &value) const override {
+        return value.toString().toUpper();
+    }
+};
+
+class ColorTransformer : public ValueTransformer {
+public:
+    QMetaType transformedValueClass() const override { return QMetaType::fromType<QPixmap>(); }
+    QVariant transformedValue(const QVariant &value) const override {
+        QPixmap pixmap(8, 8);
+        pixmap.fill(QColor(value.toString()));
+        return pixmap;
+    }
+};
+
+/// Shows labels that say where they are, in the column "label" only.
+class LabelDelegate : public TableViewDelegate {
+public:
+    int numberOfRowsInTableView(TableView * /*tableView*/) override { return rows; }
+    QWidget *tableViewViewForTableColumnRow(TableView * /*tableView*/,
+                                            const QString &columnIdentifier, int row) override {
+        asked.append(columnIdentifier + QString::number(row));
+        return columnIdentifier == QLatin1StringView("label") ? new QLabel(asked.last()) : nullptr;
+    }
+    void tableViewSelectionDidChange(TableView *tableView) override {
+        selections.append(tableView->selectionIndexes());
+    }
+
+    int rows = 0;
+    QStringList asked;
+    QList<IndexSet> selections;
+};
+
+}  // namespace
+
+class TableViewTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TableView> m_table;
+
+    QStringList texts() const {
+        QStringList result;
+        for (int row = 0; row < m_table->rowCount(); ++row) {
+            result.append(m_table->item(row, 0)->text());
+        }
+        return result;
+    }
+    QPoint middleOfRow(int row) const {
+        return m_table->visualItemRect(m_table->item(row, 0)).center();
+    }
+    void click(const QPoint &point, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(m_table->viewport(), button, {}, point);
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        ValueTransformer::setTransformerForName(std::make_unique<LoudTransformer>(),
+                                                QStringLiteral("Loud"));
+        ValueTransformer::setTransformerForName(std::make_unique<ColorTransformer>(),
+                                                QStringLiteral("Color"));
+    }
+    void init() {
+        m_table = std::make_unique<TableView>();
+        m_table->resize(300, 300);
+        m_table->show();
+    }
+    void cleanup() { m_table.reset(); }
+
+    void rowsShowTheObjectsThemselves() {
+        m_table->setContent({QStringLiteral("b"), QStringLiteral("a")});
+        QCOMPARE(texts(), QStringList({QStringLiteral("b"), QStringLiteral("a")}));
+        m_table->setContent({});
+        QCOMPARE(m_table->rowCount(), 0);
+    }
+
+    void rowsShowTheValueAtTheContentKeyWithAnIcon() {
+        QPixmap pixmap(8, 8);
+        pixmap.fill(Qt::red);
+        m_table->setRowIcon(QIcon(pixmap));
+        m_table->setProperty("contentKey", QStringLiteral("name"));
+        m_table->setContent({person("Kim"), person("Ada")});
+        QCOMPARE(texts(), QStringList({QStringLiteral("Kim"), QStringLiteral("Ada")}));
+        QVERIFY(!m_table->item(1, 0)->icon().isNull());
+    }
+
+    void transformersMakeTextAndIconOfEachObject() {
+        m_table->setProperty("textTransformer", QStringLiteral("Loud"));
+        m_table->setProperty("iconTransformer", QStringLiteral("Color"));
+        m_table->setContent({QStringLiteral("red"), QStringLiteral("blue")});
+        QCOMPARE(texts(), QStringList({QStringLiteral("RED"), QStringLiteral("BLUE")}));
+        const QImage icon = m_table->item(1, 0)->icon().pixmap(8).toImage();
+        QCOMPARE(icon.pixelColor(4, 4), QColor(Qt::blue));
+    }
+
+    void theSelectionIsAnnouncedAndCanBeSet() {
+        m_table->setContent({1, 2, 3});
+        AnnouncementRecorder recorder(m_table.get());
+        m_table->selectRow(1);
+        QCOMPARE(m_table->selectionIndexes(), IndexSet{1});
+        QCOMPARE(m_table->selectedRow(), 1);
+        QVERIFY(recorder.count("selectionIndexes") > 0);
+        m_table->setSelectionIndexes({0, 2, 7});
+        QCOMPARE(m_table->selectionIndexes(), IndexSet({0, 2}));
+        QCOMPARE(m_table->selectedRow(), 0);
+        m_table->setSelectionIndexes({});
+        QCOMPARE(m_table->selectedRow(), -1);
+    }
+
+    void settingTheSameSelectionAnnouncesNothing() {
+        m_table->setContent({1, 2, 3});
+        m_table->setSelectionIndexes({1});
+        AnnouncementRecorder recorder(m_table.get());
+        m_table->setSelectionIndexes({1});
+        QVERIFY(recorder.announced().isEmpty());
+    }
+
+    void newContentKeepsTheSelectedRowsByPosition() {
+        m_table->setContent({1, 2, 3});
+        m_table->setSelectionIndexes({2});
+        m_table->setContent({4, 5, 6});
+        QCOMPARE(m_table->selectionIndexes(), IndexSet{2});
+        m_table->setContent({7, 8});
+        QCOMPARE(m_table->selectionIndexes(), IndexSet());
+    }
+
+    void aTableFollowsAnArrayControllerBothWays() {
+        ArrayController controller;
+        KeyValue::bind(m_table.get(), "content", &controller, "arrangedObjects");
+        KeyValue::bind(m_table.get(), "selectionIndexes", &controller, "selectionIndexes", {},
+                       KeyValue::Direction::BothWays);
+        controller.setContent({1, 2, 3});
+        m_table->selectRow(2);
+        QCOMPARE(controller.selectedObjects(), QVariantList{3});
+        controller.setContent({3, 1});
+        QCOMPARE(controller.selectedObjects(), QVariantList{3});
+        QCOMPARE(m_table->selectionIndexes(), IndexSet{0});
+        controller.setContent({1});
+        QVERIFY(controller.selectedObjects().isEmpty());
+        QVERIFY(m_table->selectionIndexes().empty());
+        controller.setSelectionIndexes({0});
+        QCOMPARE(m_table->selectedRow(), 0);
+    }
+
+    void aClickSendsTheActionWithItsRow() {
+        m_table->setContent({1, 2});
+        QSignalSpy actions(m_table.get(), &TableView::action);
+        QCOMPARE(m_table->clickedRow(), -1);
+        click(middleOfRow(1));
+        QCOMPARE(m_table->clickedRow(), 1);
+        QCOMPARE(actions.count(), 1);
+        click({10, m_table->viewport()->height() - 2});
+        QCOMPARE(m_table->clickedRow(), -1);
+        QCOMPARE(actions.count(), 2);
+    }
+
+    void onlyTheLeftButtonSendsIt() {
+        m_table->setContent({1, 2});
+        QSignalSpy actions(m_table.get(), &TableView::action);
+        click(middleOfRow(0), Qt::RightButton);
+        QCOMPARE(actions.count(), 0);
+    }
+
+    void theSpaceBarSendsItToo() {
+        m_table->setContent({1, 2});
+        QSignalSpy actions(m_table.get(), &TableView::action);
+        QTest::keyClick(m_table.get(), Qt::Key_Space);
+        QCOMPARE(actions.count(), 0);
+        m_table->setCurrentCell(1, 0);
+        QTest::keyClick(m_table.get(), Qt::Key_Space);
+        QCOMPARE(actions.count(), 1);
+        QCOMPARE(m_table->clickedRow(), 1);
+    }
+
+    void aDelegateMakesTheViews() {
+        LabelDelegate delegate;
+        delegate.rows = 2;
+        m_table->setColumnIdentifiers({QStringLiteral("label"), QStringLiteral("empty")});
+        m_table->setTableDelegate(&delegate);
+        m_table->reloadData();
+        QCOMPARE(delegate.asked, QStringList({QStringLiteral("label0"), QStringLiteral("empty0"),
+                                              QStringLiteral("label1"), QStringLiteral("empty1")}));
+        QCOMPARE(m_table->rowCount(), 2);
+        QCOMPARE(qobject_cast<QLabel *>(m_table->cellWidget(1, 0))->text(),
+                 QStringLiteral("label1"));
+        QVERIFY(!m_table->cellWidget(1, 1));
+        m_table->setTableDelegate(nullptr);
+        m_table->reloadData();
+        QCOMPARE(m_table->rowCount(), 0);
+    }
+
+    void viewsOfSelectedRowsWriteInTheColourForIt() {
+        LabelDelegate delegate;
+        delegate.rows = 2;
+        m_table->setColumnIdentifiers({QStringLiteral("label")});
+        m_table->setTableDelegate(&delegate);
+        m_table->reloadData();
+        const auto color = [this](int row) {
+            return m_table->cellWidget(row, 0)->palette().color(QPalette::WindowText);
+        };
+        const QColor normal = color(0);
+        const QColor selected = m_table->palette().color(QPalette::HighlightedText);
+        QVERIFY(normal != selected);
+        m_table->selectRow(1);
+        QCOMPARE(color(1), selected);
+        QCOMPARE(color(0), normal);
+        m_table->reloadData();
+        QCOMPARE(color(1), selected);
+        m_table->clearSelection();
+        QCOMPARE(color(1), normal);
+        m_table->setTableDelegate(nullptr);
+    }
+
+    void theDelegateHearsOfTheSelection() {
+        LabelDelegate delegate;
+        delegate.rows = 2;
+        m_table->setTableDelegate(&delegate);
+        m_table->reloadData();
+        m_table->selectRow(1);
+        QCOMPARE(delegate.selections, QList<IndexSet>{{1}});
+        delegate.rows = 1;
+        m_table->reloadData();
+        QCOMPARE(delegate.selections.last(), IndexSet());
+        QVERIFY(m_table->selectionIndexes().empty());
+        m_table->setTableDelegate(nullptr);
+    }
+
+    void cellsAreMadeFromTheFormOfTheirIdentifier() {
+        Nib::registerForm(QStringLiteral("Cell"),
+                          [] { return new QLabel(QStringLiteral("cell")); });
+        QObject owner;
+        const std::unique_ptr<QWidget> view(
+            m_table->makeViewWithIdentifier(QStringLiteral("Cell"), &owner));
+        QCOMPARE(qobject_cast<QLabel *>(view.get())->text(), QStringLiteral("cell"));
+    }
+};
+
+VELMORA_TEST_MAIN(TableViewTest)
+#include "TableViewTest.moc"

@@ -1,0 +1,69 @@
+#include "Support/MemoryStore.h"
+
+#include "Engine/EngineError.h"
+#include "Engine/EngineSyncLocation.h"
+
+namespace {
+
+Error fault() {
+    return engineError(EngineErrorCode::StoreUnreachable, QStringLiteral("The test wants that."));
+}
+
+}  // namespace
+
+MemoryStore::MemoryStore(Blobs &blobs, std::function<Fault()> nextFault)
+    : BlobStore(std::make_shared<EngineSyncLocation>(Url())),
+      m_blobs(blobs),
+      m_nextFault(std::move(nextFault)) {}
+
+std::optional<Error> MemoryStore::open(const PZFuture & /*future*/) {
+    return {};
+}
+
+Result<QStringList> MemoryStore::listFolder(const QString &folder, const PZFuture & /*future*/) {
+    if (m_nextFault() != Fault::None) {
+        return fault();
+    }
+    QStringList names;
+    for (const auto &[name, contents] : m_blobs) {
+        if (name.startsWith(folder + u'/')) {
+            names.append(name.mid(folder.size() + 1));
+        }
+    }
+    return names;
+}
+
+Result<QByteArray> MemoryStore::readBlob(const QString &name, qint64 limit,
+                                         const PZFuture & /*future*/) {
+    if (m_nextFault() != Fault::None) {
+        return fault();
+    }
+    const auto blob = m_blobs.find(name);
+    if (blob == m_blobs.end()) {
+        return missing(name);
+    }
+    return blob->second.size() > limit ? Result<QByteArray>(tooLong(name)) : blob->second;
+}
+
+Result<BlobStore::Written> MemoryStore::writeBlob(const QString &name, const QByteArray &contents,
+                                                  const PZFuture & /*future*/) {
+    const Fault found = m_nextFault();
+    if (found == Fault::Unreachable) {
+        return fault();
+    }
+    const qsizetype size = found == Fault::Torn ? contents.size() / 2 : contents.size();
+    const bool isNew = m_blobs.emplace(name, contents.first(size)).second;
+    if (found != Fault::None) {
+        return fault();
+    }
+    return isNew ? Written::New : Written::AlreadyThere;
+}
+
+std::optional<Error> MemoryStore::removeBlob(const QString &name, const PZFuture & /*future*/) {
+    const Fault found = m_nextFault();
+    if (found == Fault::Unreachable) {
+        return fault();
+    }
+    m_blobs.erase(name);
+    return found == Fault::None ? std::nullopt : std::optional(fault());
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <map>
+
+#include "Engine/BlobStore.h"
+
+/// A store in memory that fails as it is told to.
+class MemoryStore : public BlobStore {
+public:
+    using Blobs = std::map<QString, QByteArray>;
+    enum class Fault {
+        None,
+        /// Nothing happens.
+        Unreachable,
+        /// It happens, but nobody learns of it.
+        LostAnswer,
+        /// Of what is written, only the beginning arrives, and nobody learns of it.
+        Torn
+    };
+
+    /// `blobs` must outlive this. `nextFault` is asked before each operation.
+    MemoryStore(Blobs &blobs, std::function<Fault()> nextFault);
+
+    std::optional<Error> open(const PZFuture &future) override;
+
+protected:
+    Result<QStringList> listFolder(const QString &folder, const PZFuture &future) override;
+    Result<QByteArray> readBlob(const QString &name, qint64 limit, const PZFuture &future) override;
+    Result<Written> writeBlob(const QString &name, const QByteArray &contents,
+                              const PZFuture &future) override;
+    std::optional<Error> removeBlob(const QString &name, const PZFuture &future) override;
+
+private:
+    Blobs &m_blobs;
+    const std::function<Fault()> m_nextFault;
+};
