@@ -34,7 +34,8 @@ private:
     std::optional<Result<QString>> resultOf(const QString &query) const;
 
     const QString m_state;
-    QTcpServer m_server;
     QList<QTcpSocket *> m_sockets;
     std::optional<Result<QString>> m_result;
+    /// The last, since the sockets that go with it say good-bye to the others.
+    QTcpServer m_server;
 };

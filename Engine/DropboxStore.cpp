@@ -49,6 +49,11 @@ bool isNotFound(const HttpClient::Response &response) {
     return failedPart(response).endsWith(QStringLiteral("/not_found"));
 }
 
+/// Whether the route has done what it was asked for; it tells in JSON what has come of it.
+bool isDone(const HttpClient::Response &response, const QByteArray &outcome) {
+    return response.status == DropboxOK && !QJsonDocument::fromJson(outcome).object().isEmpty();
+}
+
 struct Page {
     QStringList names;
     QString cursor;
@@ -143,7 +148,7 @@ Result<QByteArray> DropboxStore::readBlob(const QString &name, qint64 limit,
         return isTooLong ? tooLong(name) : *error;
     }
     const auto &response = std::get<Response>(answer);
-    if (response.status != DropboxOK) {
+    if (!isDone(response, response.header("Dropbox-API-Result"))) {
         return failure(response, name);
     }
     return response.body.size() <= limit ? Result<QByteArray>(response.body) : tooLong(name);
@@ -171,7 +176,8 @@ Result<BlobStore::Written> DropboxStore::writeBlob(const QString &name, const QB
     if (failedPart(response).startsWith(QStringLiteral("path/conflict"))) {
         return Written::AlreadyThere;
     }
-    return response.status == DropboxOK ? Result<Written>(Written::New) : failure(response, name);
+    return isDone(response, response.body) ? Result<Written>(Written::New)
+                                           : failure(response, name);
 }
 
 std::optional<Error> DropboxStore::removeBlob(const QString &name, const PZFuture &future) {
@@ -182,13 +188,19 @@ std::optional<Error> DropboxStore::removeBlob(const QString &name, const PZFutur
         return *error;
     }
     const auto &response = std::get<Response>(answer);
-    const bool isGone = response.status == DropboxOK || isNotFound(response);
+    const bool isGone = isDone(response, response.body) || isNotFound(response);
     return isGone ? std::nullopt : std::optional(failure(response, name));
 }
 
 Error DropboxStore::failure(const Response &response, const QString &name) const {
-    return response.status == RouteFailed ? failureOfPath(response, name)
-                                          : DropboxError::unexpected(response, m_account.server());
+    switch (response.status) {
+        case DropboxOK:
+            return DropboxError::notUnderstood(m_account.server());
+        case RouteFailed:
+            return failureOfPath(response, name);
+        default:
+            return DropboxError::unexpected(response, m_account.server());
+    }
 }
 
 Error DropboxStore::failureOfPath(const Response &response, const QString &name) const {
