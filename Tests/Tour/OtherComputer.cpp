@@ -48,7 +48,7 @@ QStringList nextCommand() {
 class OtherPerson : public TestApplication {
 public:
     void ask(const Question &question, std::function<void(bool)> handler) override {
-        const QRegularExpression code(QStringLiteral("\\d{3} \\d{3}"));
+        const QRegularExpression code(QStringLiteral("\\d{3}.\\d{3}"));
         say(CodeLine + code.match(question.details).captured());
         handler(nextCommand().first() == AllowCommand);
     }

@@ -4,7 +4,7 @@
 #include <QtNetwork/QTcpServer>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTextBrowser>
 
 #include "Host/NoteLibrary.h"
@@ -169,8 +169,20 @@ void Tour::addWebDAVServer() {
 
 void Tour::addOtherComputer() {
     openAddMenu(QStringLiteral("Direct Connection…"));
-    Person::fill(QStringLiteral("hostField"), QStringLiteral("127.0.0.1"));
-    Person::fill(QStringLiteral("portField"), QString::number(m_otherComputer.port()));
+    const QString name = m_surroundings.nameInNetwork;
+    const QString host = name.isEmpty() ? QStringLiteral("127.0.0.1") : name + u".local";
+    const QString port = QString::number(m_otherComputer.port());
+    if (name.isEmpty()) {
+        Person::fill(QStringLiteral("hostField"), host);
+        Person::fill(QStringLiteral("portField"), port);
+    } else {
+        Person::clickItem(QStringLiteral("servicesTable"), name);
+    }
+    Person::await(QStringLiteral("the address of the other computer"), [&] {
+        const auto *hostField = Screen::as<QLineEdit>(QStringLiteral("hostField"));
+        const auto *portField = Screen::as<QSpinBox>(QStringLiteral("portField"));
+        return hostField && hostField->text() == host && portField && portField->text() == port;
+    });
     show(QStringLiteral("direct-connection-sheet"),
          QStringLiteral("Another computer that runs Velmora is chosen from the list, or by its "
                         "address."));
@@ -183,7 +195,7 @@ void Tour::addOtherComputer() {
              .arg(code));
     m_otherComputer.allow();
     Person::click(QStringLiteral("Connect"));
-    awaitLocation(QStringLiteral("127.0.0.1"), 4);
+    awaitLocation(host, 4);
     Person::await(QStringLiteral("the end of the question"),
                   [] { return !QApplication::activeModalWidget(); });
     show(QStringLiteral("direct-connection-added"),
@@ -211,7 +223,7 @@ void Tour::addDropboxAccount() {
 
 void Tour::setSchedule() {
     Person::click(QStringLiteral("weeklyButton"));
-    Person::click(QStringLiteral("Friday"));
+    Person::click(QStringLiteral("Saturday"));
     Person::click(QStringLiteral("syncOnOpenBox"));
     Person::await(QStringLiteral("the schedule at each location"), [this] {
         bool isSet = states().size() == 5;
@@ -219,13 +231,14 @@ void Tour::setSchedule() {
             const auto weekly =
                 std::dynamic_pointer_cast<const QVWeeklySchedule>(state->schedule());
             isSet = isSet && state->syncOnOpen() && weekly &&
-                    (weekly->daysOfWeek() & (1U << Qt::Friday)) != 0;
+                    (weekly->daysOfWeek() & (1U << Qt::Saturday)) != 0;
         }
         return isSet;
     });
     show(QStringLiteral("schedule"),
-         QStringLiteral("“Projects” is to synchronize every week, on Fridays too, and whenever it "
-                        "is opened. It says when that will be next."));
+         QStringLiteral(
+             "“Projects” is to synchronize on working days and Saturdays at nine, and whenever it "
+             "is opened. The panel says when that will be next."));
 }
 
 void Tour::letOthersConnect() {

@@ -29,6 +29,8 @@ public:
         QTextBrowser &browserWindow;
         /// A folder for what is throw-away; the profile is in it.
         QString folder;
+        /// How the other computer is called in the local network; empty where there is none.
+        QString nameInNetwork;
     };
 
     Tour(const Surroundings &surroundings, TourPage &page);

@@ -19,12 +19,11 @@ const QString Page = QStringLiteral(R"(<!DOCTYPE html>
 body { font: 16px/1.5 sans-serif; max-width: 70rem; margin: 2rem auto; padding: 0 1rem; }
 li { margin-bottom: 3rem; }
 img { display: block; max-width: 100%; height: auto; margin-top: .75rem; }
-.failure { border-left: 4px solid #c22; padding-left: 1rem; }
 </style>
 <h1>A tour of Sync Preferences</h1>
 <ol>
 %1</ol>
-%2</html>
+</html>
 )");
 
 }  // namespace
@@ -48,18 +47,14 @@ void TourPage::add(const QString &name, const QString &sentence, const QImage &p
     m_steps.append({file, sentence, picture.width()});
 }
 
-void TourPage::write(const QString &failure) const {
+void TourPage::write() const {
     QString items;
     for (const Step &step : m_steps) {
         items += QStringLiteral("<li>%1\n<img src=\"%2\" width=\"%3\" alt=\"\"></li>\n")
                      .arg(step.sentence.toHtmlEscaped(), step.file.toHtmlEscaped())
                      .arg(step.width);
     }
-    const QString end =
-        failure.isEmpty()
-            ? QString()
-            : QStringLiteral("<p class=\"failure\">%1</p>\n").arg(failure.toHtmlEscaped());
-    const QByteArray text = Page.arg(items, end).toUtf8();
+    const QByteArray text = Page.arg(items).toUtf8();
     QFile file(m_folder.filePath(PageName));
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size()) {
         throw TourFailure(QStringLiteral("The page %1 cannot be written.").arg(file.fileName()));

@@ -14,8 +14,8 @@ public:
 
     /// Writes `picture` as "NN-`name`.png"; `sentence` says what happens in it.
     void add(const QString &name, const QString &sentence, const QImage &picture);
-    /// Writes the page; with why the tour has ended early, unless it is empty.
-    void write(const QString &failure = {}) const;
+    /// Writes the page.
+    void write() const;
 
     int count() const { return static_cast<int>(m_steps.size()); }
 

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QThread>
 #include <QtWidgets/QTextBrowser>
@@ -10,6 +12,7 @@
 #include "Application/VelmoraApplication.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
+#include "Support/PrivateNetwork.h"
 #include "Support/SecretService.h"
 #include "Support/TestMain.h"
 #include "Tour/Person.h"
@@ -17,6 +20,8 @@
 #include "Tour/Tour.h"
 
 namespace {
+
+const QString NameInNetwork = QStringLiteral("writing-desk");
 
 struct Options {
     QString folder;
@@ -43,6 +48,14 @@ Options parse(const QStringList &arguments) {
         parser.showHelp(EXIT_FAILURE);
     }
     return {QDir(parser.value(tour)).absolutePath(), colours == QStringLiteral("dark")};
+}
+
+/// What this display cannot do does not matter here.
+void leaveOutWhatIsMissing(QtMsgType type, const QMessageLogContext &context,
+                           const QString &message) {
+    if (!message.startsWith(QStringLiteral("This plugin does not support"))) {
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+    }
 }
 
 /// A screen with room for two windows.
@@ -79,7 +92,8 @@ int walk(const Tour::Surroundings &surroundings, TourPage &page) {
     return EXIT_FAILURE;
 }
 
-int open(VelmoraApplication &application, const QString &folder, TourPage &page) {
+int open(VelmoraApplication &application, const QString &folder, const QString &nameInNetwork,
+         TourPage &page) {
     std::optional<Error> error;
     SyncPlugIn *sync = PlugIns::loadSync(&error);
     if (sync) {
@@ -105,7 +119,9 @@ int open(VelmoraApplication &application, const QString &folder, TourPage &page)
         window.move(40, 60);
         window.show();
         window.showPreferences()->move(220, 160);
-        exitCode = walk({*sync->library(), keyring, dropbox, browser, browserWindow, folder}, page);
+        exitCode = walk(
+            {*sync->library(), keyring, dropbox, browser, browserWindow, folder, nameInNetwork},
+            page);
         window.close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
@@ -118,9 +134,18 @@ int open(VelmoraApplication &application, const QString &folder, TourPage &page)
 
 int main(int argumentCount, char **arguments) {
     prepareTestProcess();
+    QCoreApplication::setApplicationName(QStringLiteral("Velmora"));
+    qInstallMessageHandler(leaveOutWhatIsMissing);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-    if (argumentCount > 1 && OtherComputer::Role == QLatin1StringView(arguments[1])) {
+    const bool isOther =
+        argumentCount > 1 && OtherComputer::Role == QLatin1StringView(arguments[1]);
+    if (isOther) {
         return OtherComputer::be(argumentCount, arguments);
+    }
+    // The other computer is in a list, where one of a network can be made.
+    const bool hasNetwork = geteuid() == 0;
+    if (hasNetwork) {
+        enterPrivateNetwork();
     }
     Options options;
     {
@@ -136,7 +161,13 @@ int main(int argumentCount, char **arguments) {
         QDir::setCurrent(volume);
         VelmoraApplication application(argumentCount, arguments);
         application.setDarkAppearance(options.isDark);
-        return open(application, folder.path(), page);
+        std::optional<DiscoveryDaemon> daemon;
+        if (hasNetwork) {
+            daemon.emplace(NameInNetwork);
+            daemon->startBus();
+            daemon->startDaemon();
+        }
+        return open(application, folder.path(), hasNetwork ? NameInNetwork : QString(), page);
     } catch (const std::exception &exception) {
         std::fprintf(stderr, "%s\n", exception.what());
         return EXIT_FAILURE;
