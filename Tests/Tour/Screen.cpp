@@ -157,15 +157,6 @@ QWidget *Screen::row(const QString &list, const QString &name) {
     return nullptr;
 }
 
-QStringList Screen::rowTexts(const QString &list, const QString &name) {
-    QStringList texts;
-    const QWidget *found = row(list, name);
-    for (const QLabel *label : found ? found->findChildren<QLabel *>() : QList<QLabel *>()) {
-        texts.append(label->text());
-    }
-    return texts;
-}
-
 QStringList Screen::texts() {
     QStringList texts;
     for (const QWidget *widget : QApplication::allWidgets()) {

@@ -28,8 +28,6 @@ Type *as(const QString &name, QWidget *parent = nullptr) {
 QStringList rows(const QString &list);
 /// nullptr where there is none; the first where there are several.
 QWidget *row(const QString &list, const QString &name);
-/// The texts of one row.
-QStringList rowTexts(const QString &list, const QString &name);
 
 /// Every text that can be read.
 QStringList texts();
