@@ -126,15 +126,15 @@ private:
 
     QString signIn(const QString &address) {
         UserDefaults::setValue(DropboxConfiguration::ApplicationKeyDefault,
-                               QStringLiteral("test-key"));
+                               QStringLiteral("velmora-test-key"));
         UserDefaults::setValue(DropboxConfiguration::AuthorizeAddressDefault,
                                address + QStringLiteral("/oauth2/authorize"));
         UserDefaults::setValue(DropboxConfiguration::TokenAddressDefault,
                                address + QStringLiteral("/oauth2/token"));
-        for (const QString &key : {DropboxConfiguration::APIAddressDefault,
-                                   DropboxConfiguration::ContentAddressDefault}) {
-            UserDefaults::setValue(key, address + QStringLiteral("/2"));
-        }
+        UserDefaults::setValue(DropboxConfiguration::APIAddressDefault,
+                               address + QStringLiteral("/2"));
+        UserDefaults::setValue(DropboxConfiguration::ContentAddressDefault,
+                               address + QStringLiteral("/content/2"));
         const DropboxBrowser browser;
         const auto location = std::make_shared<EngineSyncLocation>(Url());
         const auto editor = QVDropboxLocationEditor::editorWithSyncLocation(location);
