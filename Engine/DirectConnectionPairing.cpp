@@ -30,5 +30,6 @@ QString DirectConnectionPairing::code() const {
                                  QCryptographicHash::Sha256);
     const quint64 number = qFromBigEndian<quint64>(digest.constData()) % CodeCount;
     const QString digits = QStringLiteral("%1").arg(number, 6, 10, QLatin1Char('0'));
-    return digits.left(3) + u' ' + digits.mid(3);
+    // A space at which no line is broken.
+    return digits.left(3) + QChar(QChar::Nbsp) + digits.mid(3);
 }

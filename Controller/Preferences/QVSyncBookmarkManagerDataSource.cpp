@@ -23,8 +23,10 @@ QWidget *makeBookmarkCell(TableView &tableView, const QString &identifier, QObje
     QWidget *view = tableView.makeViewWithIdentifier(identifier, owner);
     view->findChild<QLabel *>(QStringLiteral("imageView"))
         ->setPixmap(row.value(QStringLiteral("image")).value<QPixmap>());
-    view->findChild<QLabel *>(QStringLiteral("textField"))
-        ->setText(row.value(QStringLiteral("name")).toString());
+    auto *textField = view->findChild<QLabel *>(QStringLiteral("textField"));
+    textField->setText(row.value(QStringLiteral("name")).toString());
+    // A name that is cut short would show itself.
+    textField->setToolTip(pathOf(row));
     view->setToolTip(pathOf(row));
     return view;
 }

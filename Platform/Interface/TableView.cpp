@@ -92,6 +92,10 @@ void TableView::reloadData() {
         for (int column = 0; column < columnCount(); ++column) {
             QWidget *view = m_delegate->tableViewViewForTableColumnRow(
                 this, m_columnIdentifiers.at(column), row);
+            // The one before goes later, but must not be seen until then.
+            if (QWidget *before = cellWidget(row, column)) {
+                before->hide();
+            }
             setCellWidget(row, column, view);
         }
     }

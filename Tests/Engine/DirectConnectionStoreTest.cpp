@@ -36,7 +36,7 @@ bool isNothing(const Question & /*question*/) {
 
 /// The six digits in a question.
 QString codeIn(const Question &question) {
-    return QRegularExpression(QStringLiteral("\\d{3} \\d{3}")).match(question.details).captured();
+    return QRegularExpression(QStringLiteral("\\d{3}.\\d{3}")).match(question.details).captured();
 }
 
 EngineErrorCode codeOf(const std::optional<Error> &error) {

@@ -33,7 +33,7 @@ const QString OwnInterface = QStringLiteral("own-end");
 
 /// The six digits in a question.
 QString codeIn(const QString &text) {
-    return QRegularExpression(QStringLiteral("\\d{3} \\d{3}")).match(text).captured();
+    return QRegularExpression(QStringLiteral("\\d{3}.\\d{3}")).match(text).captured();
 }
 
 void ip(const QString &arguments) {

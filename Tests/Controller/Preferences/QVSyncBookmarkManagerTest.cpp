@@ -137,6 +137,15 @@ private Q_SLOTS:
         QCOMPARE(cellPart(1, "textField")->text(), QStringLiteral("Work"));
         QVERIFY(!cellPart(1, "imageView")->pixmap().isNull());
         QCOMPARE(table()->cellWidget(1, 0)->toolTip(), Work);
+        QCOMPARE(cellPart(1, "textField")->toolTip(), Work);
+    }
+
+    void theNameOfASelectedRowCanBeRead() {
+        load({Home});
+        m_manager->addBookmarksObject(Work);
+        table()->selectRow(0);
+        QCOMPARE(cellPart(0, "textField")->palette().color(QPalette::WindowText),
+                 table()->palette().color(QPalette::HighlightedText));
     }
 
     void onlyTheBookmarkColumnHasViews() {

@@ -1,0 +1,217 @@
+#include "Tour/OtherComputer.h"
+
+#include <sys/prctl.h>
+#include <unistd.h>
+
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSocketNotifier>
+#include <QtNetwork/QTcpServer>
+#include <csignal>
+#include <iostream>
+
+#include "Host/QVDirectConnectionServer.h"
+#include "Host/QVRemoteDatabase.h"
+#include "Host/QVSyncStore.h"
+#include "Platform/Foundation/UserDefaults.h"
+#include "Support/SecretService.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+#include "Tour/Person.h"
+
+namespace {
+
+constexpr int Patience = 30000;
+const QString ServingLine = QStringLiteral("serving ");
+const QString CodeLine = QStringLiteral("code ");
+const QString DoneLine = QStringLiteral("done");
+const QString AllowCommand = QStringLiteral("allow");
+const QString PutCommand = QStringLiteral("put");
+const QString EditCommand = QStringLiteral("edit");
+
+void say(const QString &line) {
+    std::cout << line.toStdString() << std::endl;
+}
+
+/// Reads no further than the line's end: what follows is for the notifier to notice.
+QStringList nextCommand() {
+    QByteArray line;
+    char character = 0;
+    while (read(STDIN_FILENO, &character, 1) == 1) {
+        if (character == '\n') {
+            return QString::fromUtf8(line).split(u'\t');
+        }
+        line.append(character);
+    }
+    return {QString()};
+}
+
+class OtherPerson : public TestApplication {
+public:
+    void ask(const Question &question, std::function<void(bool)> handler) override {
+        const QRegularExpression code(QStringLiteral("\\d{3}.\\d{3}"));
+        say(CodeLine + code.match(question.details).captured());
+        handler(nextCommand().first() == AllowCommand);
+    }
+};
+
+void require(const std::optional<Error> &error) {
+    if (error) {
+        throw TourFailure(error->localizedDescription);
+    }
+}
+
+std::shared_ptr<NoteDatabase> knownDatabase(TestHost &host, const QString &name) {
+    for (const auto &database : host.library().knownDatabases()) {
+        if (database->name() == name) {
+            return database;
+        }
+    }
+    return nullptr;
+}
+
+void synchronize(TestHost &host, const std::shared_ptr<QVSyncState> &state) {
+    bool isDone = false;
+    host.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+        {state}, [&] { isDone = true; });
+    if (!QTest::qWaitFor([&] { return isDone && state->lastSynced().isValid(); }, Patience)) {
+        throw TourFailure(QStringLiteral("The other computer does not synchronize."));
+    }
+}
+
+std::shared_ptr<QVSyncLocation> locationAt(TestHost &host, const QString &package) {
+    return host.addLocation(Url::fileURL(package).absoluteString());
+}
+
+/// The state, new here, of the database `name` that lies at `location`.
+std::shared_ptr<QVSyncState> newStateAt(const std::shared_ptr<QVSyncLocation> &location,
+                                        const QString &name) {
+    const std::shared_ptr<QVSyncStore> store = location->createStore();
+    std::atomic<bool> isOpen = false;
+    store->openWithCompletionHandler([&](const auto &error) { isOpen = !error; });
+    std::atomic<bool> isFetched = false;
+    QVRemoteDatabases fetched;
+    if (QTest::qWaitFor([&] { return isOpen.load(); }, Patience)) {
+        store->fetchDatabasesWithCompletionHandler([&](const auto &databases, const auto &) {
+            fetched = databases.value_or(QVRemoteDatabases());
+            isFetched = true;
+        });
+    }
+    const bool isThere = QTest::qWaitFor([&] { return isFetched.load(); }, Patience);
+    for (const auto &database : fetched) {
+        if (isThere && database->metadata()->name() == name) {
+            return location->addStateForDatabaseWithUUID(database->UUID(), name);
+        }
+    }
+    throw TourFailure(QStringLiteral("The other computer does not find the database."));
+}
+
+void putDatabase(TestHost &host, const QString &package) {
+    const auto database = knownDatabase(host, OtherComputer::Database);
+    synchronize(host, host.addState(locationAt(host, package), database));
+}
+
+void editNote(TestHost &host, const QString &package, const QString &name) {
+    const std::shared_ptr<QVSyncState> state = newStateAt(locationAt(host, package), name);
+    synchronize(host, state);
+    const auto database = knownDatabase(host, name);
+    host.openDatabase(database);
+    Note note = database->notes().value(0);
+    note.text += OtherComputer::Edit;
+    require(database->saveNote(note));
+    synchronize(host, state);
+}
+
+/// False when that was the last command.
+bool obey(TestHost &host, const QStringList &command) {
+    if (command.first() == PutCommand) {
+        putDatabase(host, command.value(1));
+    } else if (command.first() == EditCommand) {
+        editNote(host, command.value(1), command.value(2));
+    } else {
+        return false;
+    }
+    say(DoneLine);
+    return true;
+}
+
+quint16 freePort() {
+    QTcpServer server;
+    server.listen(QHostAddress::LocalHost);
+    return server.serverPort();
+}
+
+}  // namespace
+
+int OtherComputer::be(int argumentCount, char **arguments) {
+    const QApplication application(argumentCount, arguments);
+    const SecretService keyring;
+    TestHost host;
+    OtherPerson person;
+    person.setEngine(&host.engine());
+    const auto database = host.addDatabase(Database);
+    Note note;
+    note.title = NoteTitle;
+    note.text = NoteText;
+    require(database->saveNote(note));
+    QVDirectConnectionServer *server = host.engine().plugin().server();
+    server->setPort(freePort());
+    server->startServing();
+    say(ServingLine + QString::number(server->port()));
+    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, [&] {
+        if (!obey(host, nextCommand())) {
+            QCoreApplication::quit();
+        }
+    });
+    return QCoreApplication::exec();
+}
+
+OtherComputer::OtherComputer() {
+    m_process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.start(QCoreApplication::applicationFilePath(), {Role});
+    m_port = awaitLine(ServingLine).toUShort();
+}
+
+OtherComputer::~OtherComputer() {
+    m_process.closeWriteChannel();
+    if (!m_process.waitForFinished(Patience)) {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+}
+
+QString OtherComputer::awaitCode() {
+    return awaitLine(CodeLine);
+}
+
+void OtherComputer::allow() {
+    tell(AllowCommand);
+}
+
+void OtherComputer::putDatabase(const QString &package) {
+    tell(PutCommand + u'\t' + package);
+    awaitLine(DoneLine);
+}
+
+void OtherComputer::editNote(const QString &package, const QString &name) {
+    tell(EditCommand + u'\t' + package + u'\t' + name);
+    awaitLine(DoneLine);
+}
+
+void OtherComputer::tell(const QString &command) {
+    m_process.write(command.toUtf8() + '\n');
+    m_process.waitForBytesWritten();
+}
+
+QString OtherComputer::awaitLine(const QString &start) {
+    QString line;
+    while (!line.startsWith(start)) {
+        if (!m_process.canReadLine() && !m_process.waitForReadyRead(Patience)) {
+            throw TourFailure(QStringLiteral("The other computer does not answer."));
+        }
+        line =
+            m_process.canReadLine() ? QString::fromUtf8(m_process.readLine()).trimmed() : QString();
+    }
+    return line.mid(start.size());
+}

@@ -1,0 +1,193 @@
+#include "Tour/Screen.h"
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QTextBrowser>
+
+namespace {
+
+constexpr int Margin = 24;
+constexpr int TitleHeight = 28;
+const QColor DesktopColor(0x6d, 0x83, 0x99);
+
+bool isInFront(const QWidget *window) {
+    for (const QWidget *one = QApplication::activeWindow(); one; one = one->parentWidget()) {
+        if (one == window) {
+            return true;
+        }
+    }
+    return false;
+}
+
+int depth(const QWidget *widget) {
+    return widget->parentWidget() ? 1 + depth(widget->parentWidget()) : 0;
+}
+
+/// Windows of a higher layer lie over those of a lower one.
+QPair<int, int> layer(const QWidget *window) {
+    const int popup = window->windowType() == Qt::Popup ? 2 : 0;
+    return {popup + (isInFront(window) ? 1 : 0), depth(window)};
+}
+
+QString textOf(const QWidget *widget) {
+    if (const auto *button = qobject_cast<const QAbstractButton *>(widget)) {
+        return button->text();
+    }
+    if (const auto *label = qobject_cast<const QLabel *>(widget)) {
+        return label->text();
+    }
+    return {};
+}
+
+bool isNamed(const QWidget *widget, const QString &name) {
+    return widget->objectName() == name || widget->accessibleName() == name ||
+           Screen::withoutMnemonic(textOf(widget)) == name;
+}
+
+QList<QLabel *> rowNames(const QString &list) {
+    QList<QLabel *> names;
+    const QWidget *view = Screen::widget(list);
+    for (const char *label : {"rowName", "rowTitle"}) {
+        names += view ? view->findChildren<QLabel *>(QLatin1StringView(label)) : QList<QLabel *>();
+    }
+    std::sort(names.begin(), names.end(), [view](const QLabel *left, const QLabel *right) {
+        return left->mapTo(view, QPoint()).y() < right->mapTo(view, QPoint()).y();
+    });
+    return names;
+}
+
+QStringList itemTexts(const QAbstractItemModel &model) {
+    QStringList texts;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        for (int column = 0; column < model.columnCount(); ++column) {
+            texts.append(model.index(row, column).data().toString());
+        }
+    }
+    return texts;
+}
+
+QStringList textsOf(const QWidget *widget) {
+    QStringList texts{textOf(widget), widget->windowTitle(), widget->toolTip()};
+    if (const auto *field = qobject_cast<const QLineEdit *>(widget)) {
+        texts.append(field->displayText());
+    } else if (const auto *text = qobject_cast<const QPlainTextEdit *>(widget)) {
+        texts.append(text->toPlainText());
+    } else if (const auto *page = qobject_cast<const QTextBrowser *>(widget)) {
+        texts.append(page->toPlainText());
+    } else if (const auto *view = qobject_cast<const QAbstractItemView *>(widget)) {
+        texts += view->model() ? itemTexts(*view->model()) : QStringList();
+    }
+    return texts;
+}
+
+void drawTitle(QPainter &painter, const QWidget &window, const QRect &bar) {
+    painter.fillRect(bar, window.palette().color(QPalette::Mid));
+    painter.setPen(window.palette().color(QPalette::WindowText));
+    QFont font = window.font();
+    font.setBold(true);
+    painter.setFont(font);
+    painter.drawText(bar, Qt::AlignCenter, window.windowTitle());
+}
+
+/// With the bar that a desktop gives it.
+QRect frameOf(const QWidget *window) {
+    const QRect frame = window->geometry();
+    return window->windowType() == Qt::Popup ? frame : frame.adjusted(0, -TitleHeight, 0, 0);
+}
+
+}  // namespace
+
+QList<QWidget *> Screen::windows() {
+    QList<QWidget *> windows;
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->windowType() != Qt::ToolTip) {
+            windows.append(window);
+        }
+    }
+    std::stable_sort(windows.begin(), windows.end(), [](const QWidget *left, const QWidget *right) {
+        return layer(left) < layer(right);
+    });
+    return windows;
+}
+
+QWidget *Screen::window(const QString &title) {
+    for (QWidget *window : windows()) {
+        if (window->windowTitle() == title) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+QWidget *Screen::widget(const QString &name, QWidget *parent) {
+    QWidget *modal = QApplication::activeModalWidget();
+    const QList<QWidget *> places = modal ? QList{modal} : windows();
+    QList<QWidget *> found;
+    for (const QWidget *place : parent ? QList{parent} : places) {
+        for (QWidget *widget : place->findChildren<QWidget *>()) {
+            if (widget->isVisible() && isNamed(widget, name) &&
+                widget->window() == place->window()) {
+                found.append(widget);
+            }
+        }
+    }
+    return found.size() == 1 ? found.first() : nullptr;
+}
+
+QStringList Screen::rows(const QString &list) {
+    QStringList rows;
+    for (const QLabel *name : rowNames(list)) {
+        rows.append(name->text());
+    }
+    return rows;
+}
+
+QWidget *Screen::row(const QString &list, const QString &name) {
+    for (const QLabel *label : rowNames(list)) {
+        if (label->text() == name) {
+            return label->parentWidget();
+        }
+    }
+    return nullptr;
+}
+
+QStringList Screen::texts() {
+    QStringList texts;
+    for (const QWidget *widget : QApplication::allWidgets()) {
+        if (widget->isVisible()) {
+            texts += textsOf(widget);
+        }
+    }
+    return texts;
+}
+
+QImage Screen::picture() {
+    QRect desktop;
+    const QList<QWidget *> shown = windows();
+    for (const QWidget *window : shown) {
+        desktop |= frameOf(window);
+    }
+    desktop.adjust(-Margin, -Margin, Margin, Margin);
+    QImage picture(desktop.size(), QImage::Format_RGB32);
+    picture.fill(DesktopColor);
+    QPainter painter(&picture);
+    painter.translate(-desktop.topLeft());
+    for (QWidget *window : shown) {
+        const QRect frame = frameOf(window);
+        drawTitle(painter, *window, QRect(frame.topLeft(), QSize(frame.width(), TitleHeight)));
+        painter.drawPixmap(window->geometry().topLeft(), window->grab());
+        painter.setPen(QColor(0, 0, 0, 0x60));
+        painter.drawRect(frame.adjusted(-1, -1, 0, 0));
+    }
+    return picture;
+}
+
+QString Screen::withoutMnemonic(QString text) {
+    return text.remove(u'&');
+}

@@ -1,0 +1,175 @@
+#include <unistd.h>
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QThread>
+#include <QtWidgets/QTextBrowser>
+#include <cstdio>
+#include <cstdlib>
+
+#include "Application/MainWindow.h"
+#include "Application/PlugIns.h"
+#include "Application/PreferencesWindow.h"
+#include "Application/VelmoraApplication.h"
+#include "Support/DropboxBrowser.h"
+#include "Support/DropboxServer.h"
+#include "Support/PrivateNetwork.h"
+#include "Support/SecretService.h"
+#include "Support/TestMain.h"
+#include "Tour/Person.h"
+#include "Tour/Screen.h"
+#include "Tour/Tour.h"
+
+namespace {
+
+const QString NameInNetwork = QStringLiteral("writing-desk");
+
+struct Options {
+    QString folder;
+    bool isDark = false;
+};
+
+Options parse(const QStringList &arguments) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Walks through the typical use of Velmora on a profile that is thrown away, and shows "
+        "every step on a page."));
+    parser.addHelpOption();
+    const QCommandLineOption tour(QStringLiteral("tour"),
+                                  QStringLiteral("Write the page and its pictures into DIR."),
+                                  QStringLiteral("DIR"));
+    const QCommandLineOption appearance(QStringLiteral("appearance"),
+                                        QStringLiteral("Use light or dark colours."),
+                                        QStringLiteral("light|dark"), QStringLiteral("light"));
+    parser.addOptions({tour, appearance});
+    parser.process(arguments);
+    const QString colours = parser.value(appearance);
+    const bool isKnown = colours == QStringLiteral("light") || colours == QStringLiteral("dark");
+    if (parser.value(tour).isEmpty() || !isKnown || !parser.positionalArguments().isEmpty()) {
+        parser.showHelp(EXIT_FAILURE);
+    }
+    return {QDir(parser.value(tour)).absolutePath(), colours == QStringLiteral("dark")};
+}
+
+/// What this display cannot do does not matter here.
+void leaveOutWhatIsMissing(QtMsgType type, const QMessageLogContext &context,
+                           const QString &message) {
+    if (!message.startsWith(QStringLiteral("This plugin does not support"))) {
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+    }
+}
+
+/// A screen with room for two windows.
+void useOffscreenDisplay(const QString &folder) {
+    QFile file(folder + QStringLiteral("/screen.json"));
+    if (!file.open(QIODevice::WriteOnly)) {
+        throw TourFailure(QStringLiteral("%1 cannot be written.").arg(file.fileName()));
+    }
+    file.write(R"({"screens": [{"name": "tour", "x": 0, "y": 0, "width": 1280, "height": 1024,
+        "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName().toUtf8());
+}
+
+/// Takes the tour while the windows live, and writes its page.
+int walk(const Tour::Surroundings &surroundings, TourPage &page) {
+    QString failure;
+    const std::unique_ptr<QThread> thread(QThread::create([&] {
+        try {
+            Tour(surroundings, page).run();
+        } catch (const std::exception &exception) {
+            failure = QString::fromUtf8(exception.what());
+            onMainThread([&] { page.add(QStringLiteral("failure"), failure, Screen::picture()); });
+        }
+    }));
+    QObject::connect(thread.get(), &QThread::finished, qApp, &QCoreApplication::quit);
+    thread->start();
+    QCoreApplication::exec();
+    thread->wait();
+    page.write();
+    if (failure.isEmpty()) {
+        return EXIT_SUCCESS;
+    }
+    std::fprintf(stderr, "The tour ends at step %d: %s\n", page.count(), qPrintable(failure));
+    return EXIT_FAILURE;
+}
+
+int open(VelmoraApplication &application, const QString &folder, const QString &nameInNetwork,
+         TourPage &page) {
+    std::optional<Error> error;
+    SyncPlugIn *sync = PlugIns::loadSync(&error);
+    if (sync) {
+        error = sync->openProfile(folder + QStringLiteral("/Profile"));
+    }
+    if (!error) {
+        error = sync->setUsesSandboxedAccess(true);
+    }
+    if (error) {
+        throw TourFailure(error->localizedDescription);
+    }
+    application.setLibrary(sync->library());
+    int exitCode = EXIT_FAILURE;
+    {
+        const SecretService keyring;
+        const DropboxServer dropbox;
+        dropbox.configure();
+        const DropboxBrowser browser;
+        QTextBrowser browserWindow;
+        browserWindow.setWindowTitle(QStringLiteral("Browser"));
+        browserWindow.setGeometry(560, 500, 480, 160);
+        MainWindow window(sync->library(), application.eventLog());
+        window.move(40, 60);
+        window.show();
+        window.showPreferences()->move(220, 160);
+        exitCode = walk(
+            {*sync->library(), keyring, dropbox, browser, browserWindow, folder, nameInNetwork},
+            page);
+        window.close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    application.setLibrary(nullptr);
+    sync->closeProfile();
+    return exitCode;
+}
+
+}  // namespace
+
+int main(int argumentCount, char **arguments) {
+    prepareTestProcess();
+    QCoreApplication::setApplicationName(QStringLiteral("Velmora"));
+    qInstallMessageHandler(leaveOutWhatIsMissing);
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    const bool isOther =
+        argumentCount > 1 && OtherComputer::Role == QLatin1StringView(arguments[1]);
+    if (isOther) {
+        return OtherComputer::be(argumentCount, arguments);
+    }
+    // The other computer is in a list, where one of a network can be made.
+    const bool hasNetwork = geteuid() == 0;
+    if (hasNetwork) {
+        enterPrivateNetwork();
+    }
+    Options options;
+    {
+        const QCoreApplication early(argumentCount, arguments);
+        options = parse(QCoreApplication::arguments());
+    }
+    try {
+        TourPage page(options.folder);
+        const QTemporaryDir folder;
+        useOffscreenDisplay(folder.path());
+        const QString volume = folder.filePath(QStringLiteral("Team Volume"));
+        QDir().mkpath(volume + QStringLiteral("/Photos"));
+        QDir::setCurrent(volume);
+        VelmoraApplication application(argumentCount, arguments);
+        application.setDarkAppearance(options.isDark);
+        std::optional<DiscoveryDaemon> daemon;
+        if (hasNetwork) {
+            daemon.emplace(NameInNetwork);
+            daemon->startBus();
+            daemon->startDaemon();
+        }
+        return open(application, folder.path(), hasNetwork ? NameInNetwork : QString(), page);
+    } catch (const std::exception &exception) {
+        std::fprintf(stderr, "%s\n", exception.what());
+        return EXIT_FAILURE;
+    }
+}
