@@ -53,6 +53,7 @@ public:
     }
     void performSynchronizationsWithSynchronizationStates(
         const QVSyncStates & /*states*/, std::function<void()> /*handler*/) override {}
+    QString activity() const override { return {}; }
 
 private:
     ScriptedHost *const m_host;
