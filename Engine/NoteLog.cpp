@@ -97,9 +97,9 @@ std::optional<Error> NoteLog::save(Note &note) const {
         return engineError(EngineErrorCode::InvalidDatabase,
                            "The note “%1” is too long to be synchronized.", saved.title.left(80));
     }
-    const OperationId seen = saved.revision.isEmpty()
-                                 ? shownUnder(saved.UUID)
-                                 : QByteArray::fromHex(saved.revision.toLatin1());
+    const OperationId seen = note.revision.isEmpty()
+                                 ? shownUnder(note.UUID)
+                                 : QByteArray::fromHex(note.revision.toLatin1());
     std::optional<Operation> current = operation(seen);
     if (!current || !holds(*current, saved)) {
         const QList<OperationId> replaced = seen.isEmpty() ? QList<OperationId>() : QList{seen};
@@ -123,8 +123,7 @@ std::optional<Error> NoteLog::remove(const QString &noteUUID) const {
 }
 
 QString NoteLog::name() const {
-    const OperationId first = shownUnder({});
-    return first.isEmpty() ? QString() : operation(first).value_or(Operation()).title;
+    return first({}).value_or(Operation()).title;
 }
 
 std::optional<Error> NoteLog::setName(const QString &name) const {
@@ -220,15 +219,23 @@ QList<NoteLog::Row> NoteLog::rows() const {
     return rows;
 }
 
-OperationId NoteLog::shownUnder(const QString &noteUUID) const {
+std::optional<Operation> NoteLog::first(const QString &note) const {
     const QList<Operation> operations =
-        select(QStringLiteral("note_uuid = ?"), {ProfileDatabase::text(noteUUID)});
-    if (!operations.isEmpty()) {
-        return std::min_element(operations.begin(), operations.end(),
-                                [](const auto &a, const auto &b) { return a.comesBefore(b); })
-            ->id;
+        select(QStringLiteral("note_uuid = ?"), {ProfileDatabase::text(note)});
+    const auto first =
+        std::min_element(operations.begin(), operations.end(),
+                         [](const auto &a, const auto &b) { return a.comesBefore(b); });
+    return first == operations.end() ? std::nullopt : std::optional(*first);
+}
+
+OperationId NoteLog::shownUnder(const QString &noteUUID) const {
+    if (noteUUID.isEmpty()) {
+        return {};
     }
-    const QList<Row> all = noteUUID.isEmpty() ? QList<Row>() : rows();
+    if (const std::optional<Operation> shown = first(noteUUID)) {
+        return shown->id;
+    }
+    const QList<Row> all = rows();
     const auto row = std::find_if(all.begin(), all.end(),
                                   [&](const Row &each) { return each.UUID == noteUUID; });
     return row == all.end() ? OperationId() : row->operation.id;
@@ -312,8 +319,8 @@ QSqlQuery NoteLog::prepareInsertion() const {
         " INSERT OR IGNORE INTO operations (database, digest, note_uuid, title, text, modified,"
         " supersedes, salt, position)"
         " SELECT database, digest, note_uuid, title, text, modified, supersedes, salt, coalesce("
-        "  (SELECT min(position) FROM operations AS o"
-        "   WHERE o.database = new.database AND o.note_uuid = new.note_uuid),"
+        "  (SELECT position FROM operations AS o"
+        "   WHERE o.database = new.database AND o.note_uuid = new.note_uuid LIMIT 1),"
         "  (SELECT position FROM operations AS o"
         "   WHERE o.database = new.database AND o.digest = new.seen),"
         "  (SELECT max(position) + 1 FROM operations AS o WHERE o.database = new.database), 0)"

@@ -57,6 +57,8 @@ private:
     };
 
     QList<Row> rows() const;
+    /// That which shows first of those of `note`, which is empty for those of the name.
+    std::optional<Operation> first(const QString &note) const;
     /// The operation that shows under `noteUUID`; empty where none does.
     OperationId shownUnder(const QString &noteUUID) const;
     QSqlQuery prepareSelection(const QString &condition) const;

@@ -146,10 +146,35 @@ private Q_SLOTS:
         QVERIFY(host.inbox()->notes().isEmpty());
     }
 
+    void whatCannotBeSynchronizedIsNotSaved() {
+        TestHost host;
+        const auto database = host.addDatabase(QStringLiteral("Letters"));
+        Note note{QStringLiteral("../../note"), QStringLiteral("t"), {}, {}};
+        QVERIFY(database->saveNote(note));
+        note = {{}, QStringLiteral("t"), QString(Operation::NoteLimit, u'x'), {}};
+        QVERIFY(database->saveNote(note));
+        QVERIFY(database->notes().isEmpty());
+        QVERIFY(host.library().createDatabase(QString(Operation::NameLimit + 1, u'x')));
+        // What is no character would be another one on the next computer.
+        note = {{}, QString(QChar(0xd800)), {}, {}};
+        QCOMPARE(database->saveNote(note), std::nullopt);
+        QVERIFY(note.title.isValidUtf16());
+        QCOMPARE(database->notes(), QList<Note>{note});
+    }
+
+    void removingANoteWithoutUUIDRemovesNothing() {
+        TestHost host;
+        const auto database = host.addDatabase(QStringLiteral("Letters"));
+        QCOMPARE(database->removeNote({}), std::nullopt);
+        QCOMPARE(host.library().synchronizedDatabase(database->UUID())->log().name(),
+                 QStringLiteral("Letters"));
+    }
+
     void twoDatabasesMayHoldNotesOfOneUUID() {
         TestHost host;
         const auto database = host.addDatabase(QStringLiteral("Letters"));
-        Note note{QStringLiteral("0f7e2f2c-9d1b-4a53-9c6e-0d9f6f3f8a11"), QStringLiteral("a"), {}, {}};
+        Note note{
+            QStringLiteral("0f7e2f2c-9d1b-4a53-9c6e-0d9f6f3f8a11"), QStringLiteral("a"), {}, {}};
         QCOMPARE(database->saveNote(note), std::nullopt);
         note.title = QStringLiteral("b");
         QCOMPARE(host.inbox()->saveNote(note), std::nullopt);
