@@ -409,8 +409,7 @@ private Q_SLOTS:
         m_server->setTrouble(path, trouble);
         const std::chrono::milliseconds patience(trouble == DropboxServer::Trouble::Stalls ? 100
                                                                                            : 30000);
-        DropboxSessionManager manager(
-            {.server = {.connecting = std::chrono::seconds(15), .idle = patience}});
+        DropboxSessionManager manager({.server = {.idle = patience}});
         const auto outcome = authorize(*manager.sessionWithURL(Url()), PZFuture::future());
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->code(), EngineErrorCode::StoreUnreachable);

@@ -79,8 +79,7 @@ class DropboxStoreTest : public QObject {
         const Url URL = Url::fromString(QStringLiteral("dropbox://") + m_server->email());
         return std::make_shared<DropboxStore>(
             std::make_shared<EngineSyncLocation>(URL),
-            HttpClient::Timeouts{.connecting = std::chrono::seconds(15),
-                                 .idle = std::chrono::milliseconds(100)});
+            HttpClient::Timeouts{.idle = std::chrono::milliseconds(100)});
     }
     Result<QByteArray> read(const QString &name = Blob) {
         return m_store->read(name, Limit, m_future);
