@@ -170,7 +170,8 @@ void Tour::addWebDAVServer() {
 void Tour::addOtherComputer() {
     openAddMenu(QStringLiteral("Direct Connection…"));
     const QString name = m_surroundings.nameInNetwork;
-    const QString host = name.isEmpty() ? QStringLiteral("127.0.0.1") : name + u".local";
+    const QString host =
+        name.isEmpty() ? QStringLiteral("127.0.0.1") : name + QStringLiteral(".local");
     const QString port = QString::number(m_otherComputer.port());
     if (name.isEmpty()) {
         Person::fill(QStringLiteral("hostField"), host);
