@@ -112,11 +112,11 @@ std::optional<Error> DropboxAuthorization::openBrowser(const QUrl &address,
             return operationCancelled();
         }
     }
-    return isOpened.get() ? std::nullopt
-                          : std::optional(engineError(
-                                EngineErrorCode::StoreUnreachable,
-                                localizedSyncString("No browser can be opened to sign in to "
-                                                    "Dropbox.")));
+    if (isOpened.get()) {
+        return {};
+    }
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       localizedSyncString("No browser can be opened to sign in to Dropbox."));
 }
 
 Result<QString> DropboxAuthorization::accountAddress(const DropboxConfiguration &configuration,

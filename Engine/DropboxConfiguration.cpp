@@ -48,8 +48,7 @@ Result<DropboxConfiguration> DropboxConfiguration::current() {
                                 configuration.APIAddress, configuration.contentAddress}) {
         if (!isSafe(address)) {
             return engineError(EngineErrorCode::StoreUnreachable,
-                               "Dropbox cannot be used: the address “%1” that is configured for it "
-                               "is none of a secure server.",
+                               "The address “%1” configured for Dropbox is not secure.",
                                address.toString(QUrl::RemoveUserInfo));
         }
     }

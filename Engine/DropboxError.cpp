@@ -5,15 +5,12 @@
 
 Error DropboxError::notSignedIn(const QString &account) {
     return engineError(EngineErrorCode::AccessDenied,
-                       "This computer is not signed in to Dropbox as “%1”. Edit the location to "
-                       "sign in.",
-                       account);
+                       "Not signed in to Dropbox as “%1”. Edit the location to do so.", account);
 }
 
 Error DropboxError::signInAgain(const QString &account) {
     return engineError(EngineErrorCode::AccessDenied,
-                       "Dropbox does not accept the sign-in of “%1” any more. Edit the location to "
-                       "sign in again.",
+                       "“%1” has to sign in to Dropbox again. Edit the location to do so.",
                        account);
 }
 

@@ -147,7 +147,8 @@ void TableView::selectionDidChange() {
 // Cells of Qt's own write in the colour for selected text; views have to be told.
 void TableView::paintViews() {
     QPalette selected;
-    selected.setColor(QPalette::WindowText, palette().color(QPalette::HighlightedText));
+    // A label in a table writes in the colour for text on its base.
+    selected.setColor(QPalette::Text, palette().color(QPalette::HighlightedText));
     const IndexSet rows = selectionIndexes();
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < columnCount(); ++column) {

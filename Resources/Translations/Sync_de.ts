@@ -1027,5 +1027,61 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>Synchronizing “%1” with “%2”…</source>
         <translation>„%1“ wird mit „%2“ synchronisiert …</translation>
     </message>
+    <message>
+        <source>No browser can be opened to sign in to Dropbox.</source>
+        <translation>Es lässt sich kein Browser öffnen, um sich bei Dropbox anzumelden.</translation>
+    </message>
+    <message>
+        <source>Dropbox cannot be used: no application key is configured.</source>
+        <translation>Dropbox kann nicht benutzt werden: Es ist kein Anwendungsschlüssel eingerichtet.</translation>
+    </message>
+    <message>
+        <source>The address “%1” configured for Dropbox is not secure.</source>
+        <translation>Die für Dropbox eingerichtete Adresse „%1“ ist nicht sicher.</translation>
+    </message>
+    <message>
+        <source>Not signed in to Dropbox as “%1”. Edit the location to do so.</source>
+        <translation>Nicht als „%1“ bei Dropbox angemeldet. Bearbeiten Sie den Ort, um sich anzumelden.</translation>
+    </message>
+    <message>
+        <source>“%1” has to sign in to Dropbox again. Edit the location to do so.</source>
+        <translation>„%1“ muss sich erneut bei Dropbox anmelden. Bearbeiten Sie dazu den Ort.</translation>
+    </message>
+    <message>
+        <source>The answer of the browser cannot be awaited: %1.</source>
+        <translation>Auf die Antwort des Browsers kann nicht gewartet werden: %1.</translation>
+    </message>
+    <message>
+        <source>Nobody has signed in to Dropbox in time.</source>
+        <translation>Niemand hat sich rechtzeitig bei Dropbox angemeldet.</translation>
+    </message>
+    <message>
+        <source>You may close this window now and go back to Velmora.</source>
+        <translation>Sie können dieses Fenster jetzt schließen und zu Velmora zurückkehren.</translation>
+    </message>
+    <message>
+        <source>Velmora did not ask for this.</source>
+        <translation>Danach hat Velmora nicht gefragt.</translation>
+    </message>
+    <message>
+        <source>The sign-in to Dropbox was refused.</source>
+        <translation>Die Anmeldung bei Dropbox wurde abgelehnt.</translation>
+    </message>
+    <message>
+        <source>The answer of the browser is not understood.</source>
+        <translation>Die Antwort des Browsers ist unverständlich.</translation>
+    </message>
+    <message>
+        <source>The Dropbox of “%1” is full.</source>
+        <translation>Die Dropbox von „%1“ ist voll.</translation>
+    </message>
+    <message>
+        <source>Dropbox did not accept the sign-in.</source>
+        <translation>Dropbox hat die Anmeldung nicht angenommen.</translation>
+    </message>
+    <message>
+        <source>Velmora has no access to the folder “%1”. Grant it under Folder Access.</source>
+        <translation>Velmora hat keinen Zugriff auf den Ordner „%1“. Erlauben Sie ihn unter „Ordnerzugriff“.</translation>
+    </message>
 </context>
 </TS>

@@ -154,9 +154,28 @@ private Q_SLOTS:
         QVERIFY(refused.errors.contains("/no/such/folder/panel.png"));
     }
 
+    void theSandboxIsSwitchedForGood() {
+        const auto isSandboxed = [this](const QStringList &options) {
+            const Run described = run(
+                QStringList{QStringLiteral("--profile"), profile(), QStringLiteral("--describe")} +
+                options);
+            return QJsonDocument::fromJson(described.output)[QStringLiteral("sandboxed")];
+        };
+        QCOMPARE(isSandboxed({}), QJsonValue(false));
+        QCOMPARE(isSandboxed({QStringLiteral("--sandboxed"), QStringLiteral("on")}),
+                 QJsonValue(true));
+        QCOMPARE(isSandboxed({}), QJsonValue(true));
+        QCOMPARE(isSandboxed({QStringLiteral("--sandboxed"), QStringLiteral("off")}),
+                 QJsonValue(false));
+        QCOMPARE(isSandboxed({}), QJsonValue(false));
+    }
+
     void unknownOptionsAreRefused() {
         QVERIFY(run({QStringLiteral("--nonsense")}).exitCode > 0);
         QVERIFY(run({QStringLiteral("--appearance"), QStringLiteral("pink")}).exitCode > 0);
+        for (const char *value : {"", "perhaps", "ON"}) {
+            QVERIFY(run({QStringLiteral("--sandboxed"), QString::fromLatin1(value)}).exitCode > 0);
+        }
         QVERIFY(run({QStringLiteral("stray")}).exitCode > 0);
     }
 };

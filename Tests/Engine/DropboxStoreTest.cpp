@@ -330,8 +330,7 @@ private Q_SLOTS:
         const std::optional<Error> error = m_store->open(m_future);
         QCOMPARE(code(error), EngineErrorCode::AccessDenied);
         QCOMPARE(text(error),
-                 QStringLiteral("Dropbox does not accept the sign-in of “%1” any more. Edit the "
-                                "location to sign in again.")
+                 QStringLiteral("“%1” has to sign in to Dropbox again. Edit the location to do so.")
                      .arg(m_server->email()));
         QCOMPARE(m_server->count(TokenPath), 2);
         signIn();
@@ -340,7 +339,8 @@ private Q_SLOTS:
 
     void aFreshTokenThatIsNotTakenEitherIsNotRefreshedForEver() {
         m_server->setAnswer(ListPath, 401, R"({"error":{".tag":"missing_scope"}})");
-        QVERIFY(text(m_store->open(m_future)).contains(QStringLiteral("sign in again")));
+        QVERIFY(text(m_store->open(m_future))
+                    .contains(QStringLiteral("has to sign in to Dropbox again")));
         QCOMPARE(m_server->count(TokenPath), 2);
         QCOMPARE(m_server->count(ListPath), 2);
     }
@@ -349,16 +349,17 @@ private Q_SLOTS:
         m_server->giveNoRefreshTokens();
         signIn();
         m_server->expireAccessTokens();
-        QVERIFY(text(m_store->open(m_future)).contains(QStringLiteral("sign in again")));
+        QVERIFY(text(m_store->open(m_future))
+                    .contains(QStringLiteral("has to sign in to Dropbox again")));
     }
 
     void anAccountThatIsNotSignedInSaysSo() {
         m_server->setEmail(QStringLiteral("somebody.else@example.com"));
         const std::optional<Error> error = newStore()->open(m_future);
         QCOMPARE(code(error), EngineErrorCode::AccessDenied);
-        QCOMPARE(text(error), QStringLiteral("This computer is not signed in to Dropbox as "
-                                             "“somebody.else@example.com”. Edit the location to "
-                                             "sign in."));
+        QCOMPARE(text(error),
+                 QStringLiteral("Not signed in to Dropbox as “somebody.else@example.com”. Edit the "
+                                "location to do so."));
         QCOMPARE(m_server->count(ListPath), 0);
     }
 

@@ -358,6 +358,120 @@ private Q_SLOTS:
         QCOMPARE(store->read(Blob, Limit, m_future), Result<QByteArray>(QByteArray("x")));
     }
 
+    void aSandboxedProfileReachesGrantedFoldersOnly() {
+        EngineSyncPlugin &plugin = m_host->engine().plugin();
+        write(Blob, "x");
+        QCOMPARE(plugin.setUsesSandboxedAccess(true), std::nullopt);
+        const std::optional<Error> error = m_store->open(m_future);
+        QCOMPARE(error.value_or(Error()).code, static_cast<int>(EngineErrorCode::AccessDenied));
+        QVERIFY(error->localizedDescription.contains(path()));
+        QVERIFY(error->localizedDescription.contains(QStringLiteral("Folder Access")));
+        for (const QString &text :
+             {description(read(Blob)), description(write(QStringLiteral("databases/x"), "x")),
+              description(m_store->list(QStringLiteral("databases"), m_future)),
+              m_store->remove(Blob, m_future).value_or(Error()).localizedDescription}) {
+            QCOMPARE(text, error->localizedDescription);
+        }
+        QVERIFY(!QFileInfo::exists(path(QStringLiteral("databases/x"))));
+
+        plugin.bookmarkURL(Url::fileURL(path()));
+        QCOMPARE(descriptionOfOpening(*m_store), QString());
+        QVERIFY(!errorOf(read(Blob)));
+        plugin.removeBookmarkForURL(Url::fileURL(path()));
+        QCOMPARE(code(read(Blob)), EngineErrorCode::AccessDenied);
+        QCOMPARE(plugin.setUsesSandboxedAccess(false), std::nullopt);
+        QVERIFY(!errorOf(read(Blob)));
+    }
+
+    void aGrantHoldsForWhatIsInTheFolderAlsoInALaterRun() {
+        const QString package = path();
+        m_host->engine().plugin().bookmarkURL(Url::fileURL(QFileInfo(package).path()));
+        m_host->engine().plugin().setUsesSandboxedAccess(true);
+        QCOMPARE(descriptionOfOpening(*m_store), QString());
+        m_store.reset();
+        m_host->restart();
+        m_store = storeAt(package);
+        QCOMPARE(descriptionOfOpening(*m_store), QString());
+        m_host->engine().plugin().removeBookmarkForURL(Url::fileURL(QFileInfo(package).path()));
+        QVERIFY(m_store->open(m_future));
+    }
+
+    void aGrantHoldsForWholeComponentsOfAPath_data() {
+        QTest::addColumn<QString>("granted");
+        QTest::addColumn<bool>("isPermitted");
+        QTest::newRow("the root") << QStringLiteral("/") << true;
+        QTest::newRow("itself") << QStringLiteral("%1/Trip.qvSyncStore") << true;
+        QTest::newRow("the folder above") << QStringLiteral("%1") << true;
+        QTest::newRow("the folder above, by another way")
+            << QStringLiteral("%1/Trip.qvSyncStore/../../granted") << true;
+        QTest::newRow("the beginning of its name") << QStringLiteral("%1/Trip") << false;
+        QTest::newRow("the beginning of its folder's") << QStringLiteral("%1/../grant") << false;
+        QTest::newRow("a folder in it") << QStringLiteral("%1/Trip.qvSyncStore/databases") << false;
+        QTest::newRow("nothing there") << QStringLiteral("%1/none") << false;
+        QTest::newRow("relative") << QStringLiteral("granted") << false;
+    }
+
+    void aGrantHoldsForWholeComponentsOfAPath() {
+        QFETCH(QString, granted);
+        QFETCH(bool, isPermitted);
+        const QTemporaryDir folder;
+        const QString place = folder.filePath(QStringLiteral("granted"));
+        QVERIFY(QDir().mkpath(place + QStringLiteral("/Trip")));
+        QVERIFY(QDir().mkpath(folder.filePath(QStringLiteral("grant"))));
+        makePackageOn(place);
+        m_host->engine().plugin().setUsesSandboxedAccess(true);
+        m_host->engine().plugin().bookmarkURL(Url::fromString(
+            QStringLiteral("file://") + granted.replace(QStringLiteral("%1"), place)));
+        QCOMPARE(descriptionOfOpening(*m_store).isEmpty(), isPermitted);
+    }
+
+    void nothingLeadsOutOfAGrantedFolder() {
+        const QTemporaryDir folder;
+        const QString granted = folder.filePath(QStringLiteral("granted"));
+        const QString outside = folder.filePath(QStringLiteral("outside"));
+        QVERIFY(QDir().mkpath(granted));
+        const QString package = makePackageOn(outside);
+        QVERIFY(QFile::link(package, granted + QStringLiteral("/Link.qvSyncStore")));
+        QVERIFY(QFile::link(outside, granted + QStringLiteral("/folder")));
+        EngineSyncPlugin &plugin = m_host->engine().plugin();
+        plugin.setUsesSandboxedAccess(true);
+        plugin.bookmarkURL(Url::fileURL(granted));
+        for (const char *way : {"/Link.qvSyncStore", "/folder/Trip.qvSyncStore",
+                                "/../outside/Trip.qvSyncStore", "/./../outside/Trip.qvSyncStore"}) {
+            const auto store = storeAt(granted + QLatin1StringView(way));
+            QVERIFY2(descriptionOfOpening(*store).contains(QStringLiteral("has no access")), way);
+            QCOMPARE(code(store->writeIfAbsent(Blob, "x", m_future)),
+                     EngineErrorCode::AccessDenied);
+        }
+        // A grant for the way there is one for where it leads.
+        plugin.bookmarkURL(Url::fileURL(granted + QStringLiteral("/folder")));
+        QCOMPARE(descriptionOfOpening(*m_store), QString());
+    }
+
+    void aFolderThatIsPutIntoTheWayLaterIsNotFollowed() {
+        const QTemporaryDir folder;
+        const QString granted = folder.filePath(QStringLiteral("granted"));
+        const QString outside = folder.filePath(QStringLiteral("outside"));
+        makePackageOn(outside);
+        const QString package = makePackageOn(granted);
+        EngineSyncPlugin &plugin = m_host->engine().plugin();
+        plugin.setUsesSandboxedAccess(true);
+        plugin.bookmarkURL(Url::fileURL(granted));
+        QCOMPARE(descriptionOfOpening(*m_store), QString());
+        QVERIFY(QDir(package).removeRecursively());
+        QVERIFY(QFile::link(outside + QStringLiteral("/Trip.qvSyncStore"), package));
+        QCOMPARE(code(write(Blob, "x")), EngineErrorCode::AccessDenied);
+        QVERIFY(!QFileInfo::exists(outside + QStringLiteral("/Trip.qvSyncStore/") + Blob));
+    }
+
+    void theProfilesOwnFolderNeedsNoGrant() {
+        m_host->engine().plugin().setUsesSandboxedAccess(true);
+        makePackageOn(m_host->directory());
+        QCOMPARE(descriptionOfOpening(*m_store), QString());
+        makePackageOn(m_host->directory() + QStringLiteral(" 2"));
+        QVERIFY(m_store->open(m_future));
+    }
+
     void thereIsAStoreForEveryURLButItMayBeUnreachable() {
         const auto location = std::make_shared<EngineSyncLocation>(Url());
         const std::shared_ptr<BlobStore> store = location->createBlobStore();

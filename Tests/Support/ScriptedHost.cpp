@@ -6,24 +6,24 @@
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/Network/NetService.h"
 
-void ScriptedServer::setPort(quint16 port) {
+void ScriptedConnectionServer::setPort(quint16 port) {
     calls.append(QStringLiteral("port %1").arg(port));
     m_port = port;
 }
 
-void ScriptedServer::startServing() {
+void ScriptedConnectionServer::startServing() {
     calls.append(QStringLiteral("start"));
     setServing(!cannotServe);
 }
 
-void ScriptedServer::stopServing() {
+void ScriptedConnectionServer::stopServing() {
     calls.append(QStringLiteral("stop"));
     setServing(false);
 }
 
-void ScriptedServer::setServing(bool isServing) {
+void ScriptedConnectionServer::setServing(bool isServing) {
     m_isServing = isServing;
-    KeyValue::announce<&ScriptedServer::servingChanged>(this);
+    KeyValue::announce<&ScriptedConnectionServer::servingChanged>(this);
 }
 
 void RecordingFuture::cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) {
@@ -129,7 +129,7 @@ private:
     QVSyncPlugin *const m_plugin;
 };
 
-class ScriptedServerClass : public QVDirectConnectionServer::Class {
+class ScriptedConnectionServerClass : public QVDirectConnectionServer::Class {
 public:
     QString URLScheme() const override { return DirectConnection::URLScheme; }
     quint16 defaultPort() const override { return DirectConnection::DefaultPort; }
@@ -159,7 +159,7 @@ struct ScriptedHost::Objects {
 
     ScriptedPlugin plugin;
     ScriptedPluginClass pluginClass;
-    ScriptedServerClass serverClass;
+    ScriptedConnectionServerClass serverClass;
     ScriptedFutureClass futureClass;
     HostClassRegistration pluginRegistration{QStringLiteral("QVSyncPlugin"), &pluginClass};
     HostClassRegistration serverRegistration{QStringLiteral("QVDirectConnectionServer"),

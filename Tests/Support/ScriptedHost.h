@@ -9,7 +9,7 @@
 #include "Support/TestApplication.h"
 
 /// A server that only writes down what it is told, in `calls`.
-class ScriptedServer : public QVDirectConnectionServer {
+class ScriptedConnectionServer : public QVDirectConnectionServer {
 public:
     quint16 port() const override { return m_port; }
     void setPort(quint16 port) override;
@@ -50,7 +50,7 @@ public:
     ScriptedHost &operator=(const ScriptedHost &) = delete;
 
     TestApplication application;
-    ScriptedServer server;
+    ScriptedConnectionServer server;
     /// "save", "synchronize UUID UUID", "bookmark URL", "remove URL", "start", …
     QStringList calls;
     QStringList bookmarks;

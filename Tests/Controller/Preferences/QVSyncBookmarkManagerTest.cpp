@@ -144,7 +144,8 @@ private Q_SLOTS:
         load({Home});
         m_manager->addBookmarksObject(Work);
         table()->selectRow(0);
-        QCOMPARE(cellPart(0, "textField")->palette().color(QPalette::WindowText),
+        const QLabel *name = cellPart(0, "textField");
+        QCOMPARE(name->palette().color(name->foregroundRole()),
                  table()->palette().color(QPalette::HighlightedText));
     }
 

@@ -16,6 +16,7 @@ private Q_SLOTS:
         QVERIFY(!UserDefaults::contains(m_key));
         QVERIFY(!UserDefaults::boolForKey(m_key));
         QCOMPARE(UserDefaults::integerForKey(m_key), 0);
+        QCOMPARE(UserDefaults::stringForKey(m_key), QString());
     }
 
     void whatIsSetIsReadUntilItIsRemoved() {
@@ -24,6 +25,8 @@ private Q_SLOTS:
         QVERIFY(UserDefaults::boolForKey(m_key));
         UserDefaults::setValue(m_key, 10101);
         QCOMPARE(UserDefaults::integerForKey(m_key), 10101);
+        UserDefaults::setValue(m_key, QStringLiteral("a, b=\"ü\""));
+        QCOMPARE(UserDefaults::stringForKey(m_key), QStringLiteral("a, b=\"ü\""));
         UserDefaults::setValue(m_key, false);
         QVERIFY(UserDefaults::contains(m_key));
         QVERIFY(!UserDefaults::boolForKey(m_key));

@@ -226,7 +226,8 @@ private Q_SLOTS:
         m_table->setTableDelegate(&delegate);
         m_table->reloadData();
         const auto color = [this](int row) {
-            return m_table->cellWidget(row, 0)->palette().color(QPalette::WindowText);
+            const QWidget *view = m_table->cellWidget(row, 0);
+            return view->palette().color(view->foregroundRole());
         };
         const QColor normal = color(0);
         const QColor selected = m_table->palette().color(QPalette::HighlightedText);
