@@ -110,14 +110,17 @@ void putDatabase(TestHost &host, const QString &package) {
     synchronize(host, host.addState(locationAt(host, package), database));
 }
 
-void editNote(TestHost &host, const QString &package, const QString &name) {
+void editNote(TestHost &host, const QString &package, const QString &name, const QString &title) {
     const std::shared_ptr<QVSyncState> state = newStateAt(locationAt(host, package), name);
     synchronize(host, state);
     const auto database = knownDatabase(host, name);
     host.openDatabase(database);
-    Note note = database->notes().value(0);
-    note.text += OtherComputer::Edit;
-    require(database->saveNote(note));
+    for (Note note : database->notes()) {
+        if (note.title == title) {
+            note.text += OtherComputer::Edit;
+            require(database->saveNote(note));
+        }
+    }
     synchronize(host, state);
 }
 
@@ -126,7 +129,7 @@ bool obey(TestHost &host, const QStringList &command) {
     if (command.first() == PutCommand) {
         putDatabase(host, command.value(1));
     } else if (command.first() == EditCommand) {
-        editNote(host, command.value(1), command.value(2));
+        editNote(host, command.value(1), command.value(2), command.value(3));
     } else {
         return false;
     }
@@ -194,8 +197,8 @@ void OtherComputer::putDatabase(const QString &package) {
     awaitLine(DoneLine);
 }
 
-void OtherComputer::editNote(const QString &package, const QString &name) {
-    tell(EditCommand + u'\t' + package + u'\t' + name);
+void OtherComputer::editNote(const QString &package, const QString &name, const QString &title) {
+    tell(QStringList{EditCommand, package, name, title}.join(u'\t'));
     awaitLine(DoneLine);
 }
 

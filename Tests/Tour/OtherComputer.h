@@ -16,7 +16,7 @@ public:
     static inline const QString NoteTitle = QStringLiteral("Night Train");
     static inline const QString NoteText =
         QStringLiteral("Leaves at 21:40 from platform 3.\nTake the upper berth.");
-    /// What `editNote` appends.
+    /// What is appended to a note.
     static inline const QString Edit = QStringLiteral("\nAdded on the other computer.");
 
     /// Starts it, and waits until its server serves.
@@ -32,8 +32,8 @@ public:
     void allow();
     /// Puts `Database` into the folder store `package`.
     void putDatabase(const QString &package);
-    /// Takes the database `name` from there, appends to its first note, and puts that back.
-    void editNote(const QString &package, const QString &name);
+    /// Takes the database `name` from there, appends `Edit` to a note of it, and puts that back.
+    void editNote(const QString &package, const QString &name, const QString &title);
 
 private:
     void tell(const QString &command);

@@ -38,8 +38,9 @@ std::optional<Place> placeOf(const QWidget *widget) {
 
 std::optional<Place> placeOfItem(QAbstractItemView *view, const QString &text) {
     const QAbstractItemModel *model = view ? view->model() : nullptr;
-    for (int row = 0; model && row < model->rowCount(); ++row) {
-        const QModelIndex index = model->index(row, 0);
+    const QModelIndex root = view ? view->rootIndex() : QModelIndex();
+    for (int row = 0; model && row < model->rowCount(root); ++row) {
+        const QModelIndex index = model->index(row, 0, root);
         if (index.data().toString() == text) {
             view->scrollTo(index);
             return placeOf(view->viewport(), view->visualRect(index).center());

@@ -50,6 +50,16 @@ bool isNamed(const QWidget *widget, const QString &name) {
            Screen::withoutMnemonic(textOf(widget)) == name;
 }
 
+QList<QWidget *> widgetsNamed(const QString &name, const QWidget *place) {
+    QList<QWidget *> found;
+    for (QWidget *widget : place->findChildren<QWidget *>()) {
+        if (widget->isVisible() && widget->window() == place->window() && isNamed(widget, name)) {
+            found.append(widget);
+        }
+    }
+    return found;
+}
+
 QList<QLabel *> rowNames(const QString &list) {
     QList<QLabel *> names;
     const QWidget *view = Screen::widget(list);
@@ -126,18 +136,17 @@ QWidget *Screen::window(const QString &title) {
 }
 
 QWidget *Screen::widget(const QString &name, QWidget *parent) {
-    QWidget *modal = QApplication::activeModalWidget();
-    const QList<QWidget *> places = modal ? QList{modal} : windows();
-    QList<QWidget *> found;
-    for (const QWidget *place : parent ? QList{parent} : places) {
-        for (QWidget *widget : place->findChildren<QWidget *>()) {
-            if (widget->isVisible() && isNamed(widget, name) &&
-                widget->window() == place->window()) {
-                found.append(widget);
-            }
+    QWidget *const only = parent ? parent : QApplication::activeModalWidget();
+    QList<QWidget *> places = only ? QList{only} : windows();
+    // The window in front first.
+    std::reverse(places.begin(), places.end());
+    for (const QWidget *place : places) {
+        const QList<QWidget *> found = widgetsNamed(name, place);
+        if (!found.isEmpty()) {
+            return found.size() == 1 ? found.first() : nullptr;
         }
     }
-    return found.size() == 1 ? found.first() : nullptr;
+    return nullptr;
 }
 
 QStringList Screen::rows(const QString &list) {

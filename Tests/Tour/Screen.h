@@ -5,8 +5,7 @@
 #include <QtWidgets/QWidget>
 
 /// What a person sees of this process. A widget is named by its object name, its accessible name
-/// or, without the mnemonic, its text; of the widgets with a name the one that can be reached with
-/// the mouse is meant. Main thread.
+/// or, without the mnemonic, its text. Main thread.
 namespace Screen {
 
 /// The windows, the one in front last.
@@ -15,8 +14,8 @@ QList<QWidget *> windows();
 /// nullptr where none has that title.
 QWidget *window(const QString &title);
 
-/// nullptr where there is none, and where there are several. `parent`: in which to look; the
-/// windows that are not behind a modal one unless it is set.
+/// In `parent` or, unless it is set, in the modal window, or in the window nearest to the front
+/// that has one. nullptr where there is none, and where there are several in that window.
 QWidget *widget(const QString &name, QWidget *parent = nullptr);
 /// The same as `Type`; nullptr also where it is none.
 template <class Type>

@@ -170,7 +170,8 @@ void Tour::addWebDAVServer() {
 void Tour::addOtherComputer() {
     openAddMenu(QStringLiteral("Direct Connection…"));
     const QString name = m_surroundings.nameInNetwork;
-    const QString host = name.isEmpty() ? QStringLiteral("127.0.0.1") : name + u".local";
+    const QString host =
+        name.isEmpty() ? QStringLiteral("127.0.0.1") : name + QStringLiteral(".local");
     const QString port = QString::number(m_otherComputer.port());
     if (name.isEmpty()) {
         Person::fill(QStringLiteral("hostField"), host);
@@ -263,8 +264,7 @@ void Tour::grantFolder() {
     const QString path = QDir::current().filePath(name);
     Person::click(QStringLiteral("bookmarksButton"));
     Person::click(QStringLiteral("addButton"));
-    Person::fill(QStringLiteral("fileNameEdit"), name);
-    Person::press(Qt::Key_Escape);
+    Person::clickItem(QStringLiteral("treeView"), name);
     Person::click(QStringLiteral("Choose"));
     Person::await(QStringLiteral("the grant"),
                   [&] { return QVSyncPlugin::plugin()->bookmarkDictionaryKeys().contains(path); });
@@ -309,21 +309,21 @@ void Tour::readLog() {
 }
 
 void Tour::takeEdit() {
-    const auto projects = onMainThread(
+    const Note note = onMainThread(
         [this] { return knownDatabase(m_surroundings.library, DatabaseName)->notes().first(); });
-    m_otherComputer.editNote(sharedPackage(), DatabaseName);
+    m_otherComputer.editNote(sharedPackage(), DatabaseName, note.title);
     Person::turnTo(PanelTitle);
     synchronizeChosenDatabase();
     Person::await(QStringLiteral("the other computer's edit"), [&] {
-        return hasNote(m_surroundings.library, DatabaseName, projects.title,
-                       projects.text + OtherComputer::Edit);
+        return hasNote(m_surroundings.library, DatabaseName, note.title,
+                       note.text + OtherComputer::Edit);
     });
     Person::turnTo(MainTitle);
-    Person::clickItem(QStringLiteral("Notes"), projects.title);
+    Person::clickItem(QStringLiteral("Notes"), note.title);
     show(QStringLiteral("edit-arrived"),
          QStringLiteral("On the other computer a line was added to “%1”. After the next "
                         "synchronization it is here, too.")
-             .arg(projects.title));
+             .arg(note.title));
 }
 
 void Tour::importDatabase() {
@@ -338,7 +338,8 @@ void Tour::importDatabase() {
     Person::clickItem(QStringLiteral("databasesTable"), OtherComputer::Database);
     Person::await(QStringLiteral("the only database that is not here"), [] {
         const auto *table = Screen::as<QAbstractItemView>(QStringLiteral("databasesTable"));
-        return table && table->model()->rowCount() == 1;
+        const QWidget *page = Screen::widget(QStringLiteral("databasesView"));
+        return table && table->model()->rowCount() == 1 && page->x() == 0;
     });
     show(QStringLiteral("import-databases"),
          QStringLiteral("Listed is what this computer does not have: “Travel”, and neither the "

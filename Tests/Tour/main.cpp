@@ -142,15 +142,17 @@ int main(int argumentCount, char **arguments) {
     if (isOther) {
         return OtherComputer::be(argumentCount, arguments);
     }
+    Options options;
+    {
+        const QCoreApplication early(argumentCount, arguments);
+        // Kept from now on: the file may not be found again from another mount namespace.
+        QCoreApplication::applicationFilePath();
+        options = parse(QCoreApplication::arguments());
+    }
     // The other computer is in a list, where one of a network can be made.
     const bool hasNetwork = geteuid() == 0;
     if (hasNetwork) {
         enterPrivateNetwork();
-    }
-    Options options;
-    {
-        const QCoreApplication early(argumentCount, arguments);
-        options = parse(QCoreApplication::arguments());
     }
     try {
         TourPage page(options.folder);
