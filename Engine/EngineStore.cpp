@@ -99,10 +99,15 @@ std::shared_ptr<PZFuture> EngineStore::closeWithCompletionHandler(ErrorHandler h
 }
 
 void EngineStore::endAll() {
+    // Where no profile could be opened the engine goes at the very end, after the pool.
+    QThreadPool *pool = QThreadPool::globalInstance();
     // Again and again, since the handler of one may start the next.
-    do {
+    while (pool) {
         runningOperations().cancel();
-    } while (!QThreadPool::globalInstance()->waitForDone(LongestUncancelled));
+        if (pool->waitForDone(LongestUncancelled)) {
+            return;
+        }
+    }
 }
 
 std::shared_ptr<QVRemoteDatabase> EngineStore::record(const QString &UUID, const QString &name) {
