@@ -1,5 +1,6 @@
 #include "Engine/EngineStore.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QThread>
 #include <QtCore/QThreadPool>
 #include <mutex>
@@ -99,15 +100,14 @@ std::shared_ptr<PZFuture> EngineStore::closeWithCompletionHandler(ErrorHandler h
 }
 
 void EngineStore::endAll() {
-    // Where no profile could be opened the engine goes at the very end, after the pool.
-    QThreadPool *pool = QThreadPool::globalInstance();
-    // Again and again, since the handler of one may start the next.
-    while (pool) {
-        runningOperations().cancel();
-        if (pool->waitForDone(LongestUncancelled)) {
-            return;
-        }
+    // Where no profile could be opened the engine goes at the very end, after what is used here.
+    if (!QCoreApplication::instance()) {
+        return;
     }
+    // Again and again, since the handler of one may start the next.
+    do {
+        runningOperations().cancel();
+    } while (!QThreadPool::globalInstance()->waitForDone(LongestUncancelled));
 }
 
 std::shared_ptr<QVRemoteDatabase> EngineStore::record(const QString &UUID, const QString &name) {
