@@ -13,8 +13,9 @@ struct Registry {
 };
 
 Registry &registry() {
-    static Registry shared;
-    return shared;
+    // Never destroyed: a plug-in may go at the very end of the process.
+    static auto *const shared = new Registry;
+    return *shared;
 }
 
 }  // namespace
