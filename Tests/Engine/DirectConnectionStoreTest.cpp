@@ -273,9 +273,11 @@ private Q_SLOTS:
         for (const auto &database : *databases) {
             found.append(database->UUID() + u' ' + database->metadata()->name());
         }
+        QStringList expected{QStringLiteral("@inbox Inbox"),
+                             garden->UUID() + QStringLiteral(" Garden")};
         found.sort();
-        QCOMPARE(found, (QStringList{garden->UUID() + QStringLiteral(" Garden"),
-                                     QStringLiteral("@inbox Inbox")}));
+        expected.sort();
+        QCOMPARE(found, expected);
     }
 
     void blobsAreWrittenOnceListedReadAndRemoved() {
