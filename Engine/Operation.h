@@ -14,7 +14,7 @@ struct Operation {
     static constexpr qsizetype IdentifierSize = 16;
     /// Of title and text together, in bytes of UTF-8: with every character escaped they still fit a
     /// transaction.
-    static constexpr qsizetype NoteLimit = 8 * 1024 * 1024;
+    static constexpr qsizetype NoteLimit = 8LL << 20;
     /// Of the name of a database, in bytes of UTF-8.
     static constexpr qsizetype NameLimit = 4096;
     /// How many others one may supersede.

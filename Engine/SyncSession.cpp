@@ -9,7 +9,7 @@
 namespace {
 
 /// Bytes after which what was read is taken over before more is read.
-constexpr qsizetype ReadAtOnce = 4 * 1024 * 1024;
+constexpr qsizetype ReadAtOnce = 4LL << 20;
 
 bool isCode(const Error &error, EngineErrorCode code) {
     return error.domain == EngineErrorDomain && error.code == static_cast<int>(code);

@@ -9,9 +9,9 @@
 struct Transaction {
     static constexpr int Version = 1;
     /// Bytes. A longer record is refused and never written.
-    static constexpr qint64 SizeLimit = 64 * 1024 * 1024;
+    static constexpr qint64 SizeLimit = 64LL << 20;
     /// Bytes that a record may hold before the next one is begun.
-    static constexpr qsizetype UsualSize = 1024 * 1024;
+    static constexpr qsizetype UsualSize = 1LL << 20;
 
     QList<Operation> operations;
     QList<OperationId> superseded;
