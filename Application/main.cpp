@@ -76,6 +76,22 @@ int runWindows(VelmoraApplication &application, NoteLibrary *library) {
     return QApplication::exec();
 }
 
+int openProfileAndRun(VelmoraApplication &application, const LaunchOptions &options,
+                      SyncPlugIn &sync) {
+    std::optional<Error> error = sync.openProfile(options.profile);
+    if (!error && options.sandboxed) {
+        error = sync.setUsesSandboxedAccess(*options.sandboxed);
+    }
+    if (error) {
+        return fail(application, *error, options.isBatch());
+    }
+    application.setLibrary(sync.library());
+    const int exitCode = options.isBatch() ? runBatch(application, options, *sync.library())
+                                           : runWindows(application, sync.library());
+    application.setLibrary(nullptr);
+    return exitCode;
+}
+
 }  // namespace
 
 int main(int argumentCount, char **arguments) {
@@ -110,19 +126,11 @@ int main(int argumentCount, char **arguments) {
 
     std::optional<Error> error;
     SyncPlugIn *sync = PlugIns::loadSync(&error);
-    if (sync) {
-        error = sync->openProfile(options.profile);
+    if (!sync) {
+        return fail(application, error.value_or(Error()), options.isBatch());
     }
-    if (!error && options.sandboxed) {
-        error = sync->setUsesSandboxedAccess(*options.sandboxed);
-    }
-    if (error) {
-        return fail(application, *error, options.isBatch());
-    }
-    application.setLibrary(sync->library());
-    const int exitCode = options.isBatch() ? runBatch(application, options, *sync->library())
-                                           : runWindows(application, sync->library());
-    application.setLibrary(nullptr);
+    const int exitCode = openProfileAndRun(application, options, *sync);
+    // The engine ends while there is an application; the plug-in itself goes after it.
     sync->closeProfile();
     return exitCode;
 }

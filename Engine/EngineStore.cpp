@@ -1,6 +1,5 @@
 #include "Engine/EngineStore.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QThread>
 #include <QtCore/QThreadPool>
 #include <mutex>
@@ -100,10 +99,6 @@ std::shared_ptr<PZFuture> EngineStore::closeWithCompletionHandler(ErrorHandler h
 }
 
 void EngineStore::endAll() {
-    // Where no profile could be opened the engine goes at the very end, after what is used here.
-    if (!QCoreApplication::instance()) {
-        return;
-    }
     // Again and again, since the handler of one may start the next.
     do {
         runningOperations().cancel();

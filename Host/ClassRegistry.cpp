@@ -13,9 +13,8 @@ struct Registry {
 };
 
 Registry &registry() {
-    // Never destroyed: a plug-in may go at the very end of the process.
-    static auto *const shared = new Registry;
-    return *shared;
+    static Registry shared;
+    return shared;
 }
 
 }  // namespace
