@@ -15,9 +15,11 @@ WindowController::~WindowController() {
 
 QWidget *WindowController::window() {
     if (!m_window) {
-        m_window = qobject_cast<SheetWindow *>(Nib::load(m_windowNibName, this));
+        std::unique_ptr<QWidget> root(Nib::load(m_windowNibName, this));
+        m_window = qobject_cast<SheetWindow *>(root.get());
         requireParameter(m_window, "window != nil", "WindowController::window",
                          "Platform/Interface/WindowController");
+        root.release();
         connect(m_window, &SheetWindow::leaving, this, [this] { leaveSheet(); });
         // Nobody could stop it any more.
         connect(m_window, &QObject::destroyed, this, [this] { stopModal(0); });

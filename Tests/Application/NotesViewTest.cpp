@@ -99,5 +99,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(NotesViewTest)
+VELMORA_TEST(NotesViewTest)
 #include "NotesViewTest.moc"

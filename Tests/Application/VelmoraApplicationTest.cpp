@@ -47,7 +47,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argumentCount, char **arguments) {
+VELMORA_TEST_PROGRAM(VelmoraApplicationTest)(int argumentCount, char **arguments) {
     prepareTestProcess();
     const VelmoraApplication application(argumentCount, arguments);
     VelmoraApplicationTest test;

@@ -180,5 +180,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(VelmoraTest)
+VELMORA_TEST(VelmoraTest)
 #include "VelmoraTest.moc"

@@ -51,5 +51,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(LocationValueTransformersTest)
+VELMORA_TEST(LocationValueTransformersTest)
 #include "LocationValueTransformersTest.moc"

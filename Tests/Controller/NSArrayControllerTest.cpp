@@ -49,5 +49,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(NSArrayControllerTest)
+VELMORA_TEST(NSArrayControllerTest)
 #include "NSArrayControllerTest.moc"

@@ -138,5 +138,5 @@ private:
     std::shared_ptr<QVBinding> m_binding;
 };
 
-VELMORA_TEST_MAIN(QVBindingTest)
+VELMORA_TEST(QVBindingTest)
 #include "QVBindingTest.moc"

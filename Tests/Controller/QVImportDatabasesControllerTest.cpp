@@ -603,5 +603,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(QVImportDatabasesControllerTest)
+VELMORA_TEST(QVImportDatabasesControllerTest)
 #include "QVImportDatabasesControllerTest.moc"

@@ -93,5 +93,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(QVURLCredentialUtilitiesTest)
+VELMORA_TEST(QVURLCredentialUtilitiesTest)
 #include "QVURLCredentialUtilitiesTest.moc"

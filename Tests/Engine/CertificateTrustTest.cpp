@@ -150,5 +150,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(CertificateTrustTest)
+VELMORA_TEST(CertificateTrustTest)
 #include "CertificateTrustTest.moc"

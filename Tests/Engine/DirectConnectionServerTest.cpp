@@ -13,6 +13,8 @@
 #include "Platform/Network/NetService.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
+#include "Support/FreePort.h"
+#include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -20,16 +22,9 @@ using namespace DirectConnectionMessage;
 
 namespace {
 
-constexpr int Patience = 30000;
 const QString ClientName = QStringLiteral("kim at desk");
 const QString PortNumberKey = QStringLiteral("QVDirectConnectionServerPortNumber");
 const QString EnabledKey = QStringLiteral("QVDirectConnectionServerEnabled");
-
-quint16 freePort() {
-    QTcpServer server;
-    server.listen(QHostAddress::Any, 0);
-    return server.serverPort();
-}
 
 bool isOneOfUs(const Question & /*question*/) {
     return true;
@@ -701,5 +696,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(DirectConnectionServerTest)
+VELMORA_TEST(DirectConnectionServerTest)
 #include "DirectConnectionServerTest.moc"

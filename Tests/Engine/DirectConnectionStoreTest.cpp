@@ -9,18 +9,12 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
+#include "Support/FreePort.h"
+#include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
 namespace {
-
-constexpr int Patience = 30000;
-
-quint16 freePort() {
-    QTcpServer server;
-    server.listen(QHostAddress::Any, 0);
-    return server.serverPort();
-}
 
 bool isServersQuestion(const Question &question) {
     return question.acceptTitle == QStringLiteral("Allow");
@@ -376,5 +370,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(DirectConnectionStoreTest)
+VELMORA_TEST(DirectConnectionStoreTest)
 #include "DirectConnectionStoreTest.moc"

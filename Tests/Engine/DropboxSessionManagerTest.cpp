@@ -493,5 +493,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(DropboxSessionManagerTest)
+VELMORA_TEST(DropboxSessionManagerTest)
 #include "DropboxSessionManagerTest.moc"

@@ -529,5 +529,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(DropboxStoreTest)
+VELMORA_TEST(DropboxStoreTest)
 #include "DropboxStoreTest.moc"

@@ -481,5 +481,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(EngineDispatcherTest)
+VELMORA_TEST(EngineDispatcherTest)
 #include "EngineDispatcherTest.moc"

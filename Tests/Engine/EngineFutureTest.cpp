@@ -183,5 +183,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(EngineFutureTest)
+VELMORA_TEST(EngineFutureTest)
 #include "EngineFutureTest.moc"

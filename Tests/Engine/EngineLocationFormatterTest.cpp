@@ -102,5 +102,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(EngineLocationFormatterTest)
+VELMORA_TEST(EngineLocationFormatterTest)
 #include "EngineLocationFormatterTest.moc"

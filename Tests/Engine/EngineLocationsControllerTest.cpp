@@ -294,7 +294,9 @@ private Q_SLOTS:
         for (const int savesBeforeTheKill : {1, 7, 40, 150}) {
             QProcess process;
             process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-            process.start(QCoreApplication::applicationFilePath(), {SaveUntilKilled, directory});
+            process.start(
+                QCoreApplication::applicationFilePath(),
+                {QStringLiteral("EngineLocationsControllerTest"), SaveUntilKilled, directory});
             QByteArray reported;
             while (reported.count('\n') < savesBeforeTheKill) {
                 QVERIFY(process.waitForReadyRead());
@@ -324,7 +326,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argumentCount, char **arguments) {
+VELMORA_TEST_PROGRAM(EngineLocationsControllerTest)(int argumentCount, char **arguments) {
     prepareTestProcess();
     QApplication application(argumentCount, arguments);
     const QStringList given = QCoreApplication::arguments();

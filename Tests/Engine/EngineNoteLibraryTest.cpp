@@ -188,5 +188,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(EngineNoteLibraryTest)
+VELMORA_TEST(EngineNoteLibraryTest)
 #include "EngineNoteLibraryTest.moc"

@@ -300,5 +300,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(EngineStoreTest)
+VELMORA_TEST(EngineStoreTest)
 #include "EngineStoreTest.moc"

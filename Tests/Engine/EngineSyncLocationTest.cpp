@@ -62,8 +62,8 @@ private Q_SLOTS:
         QCOMPARE(location->stateForDatabaseWithUUID(UUID), state);
         QVERIFY(!location->stateForDatabaseWithUUID(UUID.toUpper()));
         QVERIFY(!location->stateForDatabaseWithUUID(QString()));
-        QVERIFY_EXCEPTION_THROWN(location->addStateForDatabaseWithUUID(QString(), QString()),
-                                 AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure,
+                                 location->addStateForDatabaseWithUUID(QString(), QString()));
     }
 
     void aStateKnowsItsLocationUntilThatIsGone() {
@@ -123,5 +123,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(EngineSyncLocationTest)
+VELMORA_TEST(EngineSyncLocationTest)
 #include "EngineSyncLocationTest.moc"

@@ -139,5 +139,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(EngineSyncPluginTest)
+VELMORA_TEST(EngineSyncPluginTest)
 #include "EngineSyncPluginTest.moc"

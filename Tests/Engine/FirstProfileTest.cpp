@@ -92,5 +92,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(FirstProfileTest)
+VELMORA_TEST(FirstProfileTest)
 #include "FirstProfileTest.moc"

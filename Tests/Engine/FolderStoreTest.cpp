@@ -484,7 +484,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argumentCount, char **arguments) {
+VELMORA_TEST_PROGRAM(FolderStoreTest)(int argumentCount, char **arguments) {
     enterPrivateMounts();
     prepareTestProcess();
     QApplication application(argumentCount, arguments);

@@ -474,5 +474,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(HttpClientTest)
+VELMORA_TEST(HttpClientTest)
 #include "HttpClientTest.moc"

@@ -68,7 +68,8 @@ private:
         QProcess process;
         process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         process.start(QCoreApplication::applicationFilePath(),
-                      {QStringLiteral("--save-until-killed"), profile, prefix});
+                      {QStringLiteral("KilledProcessTest"), QStringLiteral("--save-until-killed"),
+                       profile, prefix});
         QByteArray output;
         while (output.count('\n') < lines && process.waitForReadyRead(30000)) {
             output += process.readAll();
@@ -147,7 +148,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argumentCount, char **arguments) {
+VELMORA_TEST_PROGRAM(KilledProcessTest)(int argumentCount, char **arguments) {
     prepareTestProcess();
     QApplication application(argumentCount, arguments);
     const QStringList given = QCoreApplication::arguments();

@@ -332,5 +332,5 @@ private:
     }
 };
 
-VELMORA_TEST_MAIN(ProfileDatabaseTest)
+VELMORA_TEST(ProfileDatabaseTest)
 #include "ProfileDatabaseTest.moc"

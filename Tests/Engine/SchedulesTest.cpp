@@ -193,5 +193,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(SchedulesTest)
+VELMORA_TEST(SchedulesTest)
 #include "SchedulesTest.moc"

@@ -81,5 +81,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(SyncTriggersTest)
+VELMORA_TEST(SyncTriggersTest)
 #include "SyncTriggersTest.moc"

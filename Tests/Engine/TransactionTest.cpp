@@ -167,5 +167,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(TransactionTest)
+VELMORA_TEST(TransactionTest)
 #include "TransactionTest.moc"

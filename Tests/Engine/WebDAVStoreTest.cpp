@@ -573,7 +573,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argumentCount, char **arguments) {
+VELMORA_TEST_PROGRAM(WebDAVStoreTest)(int argumentCount, char **arguments) {
     enterPrivateMounts();
     prepareTestProcess();
     QApplication application(argumentCount, arguments);

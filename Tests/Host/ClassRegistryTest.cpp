@@ -37,7 +37,7 @@ private Q_SLOTS:
         FirstClass first;
         SecondClass second;
         const HostClassRegistration registration(m_name, &first);
-        QVERIFY_EXCEPTION_THROWN(HostClassRegistration(m_name, &second), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, HostClassRegistration(m_name, &second));
         QCOMPARE(NSClassFromString(m_name), &first);
     }
 
@@ -56,7 +56,7 @@ private Q_SLOTS:
         }
         SecondClass object;
         const HostClassRegistration registration(m_name, &object);
-        QVERIFY_EXCEPTION_THROWN(requiredHostClass<FirstClass>(m_name), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, requiredHostClass<FirstClass>(m_name));
     }
 
     void anyThreadMayRegisterAndLookUp() {
@@ -79,5 +79,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(ClassRegistryTest)
+VELMORA_TEST(ClassRegistryTest)
 #include "ClassRegistryTest.moc"

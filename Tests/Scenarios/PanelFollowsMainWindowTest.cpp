@@ -151,5 +151,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(PanelFollowsMainWindowTest)
+VELMORA_TEST(PanelFollowsMainWindowTest)
 #include "PanelFollowsMainWindowTest.moc"

@@ -19,6 +19,8 @@
 #include "Platform/Network/NetService.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
+#include "Support/Commands.h"
+#include "Support/Patience.h"
 #include "Support/PrivateNetwork.h"
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
@@ -26,7 +28,6 @@
 
 namespace {
 
-constexpr int Patience = 60000;
 const QString ServerRole = QStringLiteral("--be-the-other-computer");
 const QString OtherInterface = QStringLiteral("other-end");
 const QString OwnInterface = QStringLiteral("own-end");
@@ -47,19 +48,6 @@ void raise(const QString &interface, const QString &address) {
 
 void say(const QString &line) {
     std::cout << line.toStdString() << std::endl;
-}
-
-/// Reads no further than the line's end: what follows is for the notifier to notice.
-QString nextCommand() {
-    QByteArray line;
-    char c = 0;
-    while (read(STDIN_FILENO, &c, 1) == 1) {
-        if (c == '\n') {
-            return QString::fromUtf8(line);
-        }
-        line.append(c);
-    }
-    return QStringLiteral("end");
 }
 
 /// The person at the other computer, whose screen the test reads line by line, and who does what
@@ -180,7 +168,8 @@ private Q_SLOTS:
         m_other.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
         m_other.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         // By this name, since the path of the file may not lead to it from the new namespace.
-        m_other.start(QStringLiteral("/proc/self/exe"), {ServerRole});
+        m_other.start(QStringLiteral("/proc/self/exe"),
+                      {QStringLiteral("TwoComputersTest"), ServerRole});
         QVERIFY(!awaitLine(QStringLiteral("here")).isEmpty());
         ip(QStringLiteral("link add %1 type veth peer name %2 netns %3")
                .arg(OwnInterface, OtherInterface)
@@ -267,7 +256,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argumentCount, char **arguments) {
+VELMORA_TEST_PROGRAM(TwoComputersTest)(int argumentCount, char **arguments) {
     enterPrivateNetwork();
     prepareTestProcess();
     if (argumentCount > 1 && arguments[1] == ServerRole.toStdString()) {

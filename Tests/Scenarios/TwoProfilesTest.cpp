@@ -16,29 +16,17 @@
 #include "Other Sources/QVURLCredentialUtilities.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/UrlCredentialStorage.h"
+#include "Support/Commands.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
+#include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "Support/WebDAVServer.h"
 
 namespace {
 
-constexpr int Patience = 60000;
 const QString ProfileRole = QStringLiteral("--be-a-profile");
-
-/// Reads no further than the line's end: what follows is for the notifier to notice.
-QString nextCommand() {
-    QByteArray line;
-    char c = 0;
-    while (read(STDIN_FILENO, &c, 1) == 1) {
-        if (c == '\n') {
-            return QString::fromUtf8(line);
-        }
-        line.append(c);
-    }
-    return QStringLiteral("end");
-}
 
 /// A profile in a process of its own, and a person who consents to everything. Each command is a
 /// line of texts between tabs, and is answered by one line.
@@ -195,10 +183,12 @@ private:
             names.append(database->metadata()->name());
         }
         sheet->importDatabases(offered);
+        // A database is there before all of its notes are.
         const auto areHere = [&] {
-            return std::all_of(offered.begin(), offered.end(), [this](const auto &database) {
-                return databaseForUUID(database->UUID()) != nullptr;
-            });
+            return QVSyncPlugin::plugin()->dispatcher()->activity().isEmpty() &&
+                   std::all_of(offered.begin(), offered.end(), [this](const auto &database) {
+                       return databaseForUUID(database->UUID()) != nullptr;
+                   });
         };
         return QTest::qWaitFor(areHere, Patience) && isClosed ? names.join(u',') : lastLogged();
     }
@@ -242,7 +232,8 @@ public:
     OtherProcess() {
         m_process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QCoreApplication::applicationFilePath(), {ProfileRole});
+        m_process.start(QCoreApplication::applicationFilePath(),
+                        {QStringLiteral("TwoProfilesTest"), ProfileRole});
     }
     ~OtherProcess() {
         m_process.write("end\n");
@@ -402,7 +393,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argumentCount, char **arguments) {
+VELMORA_TEST_PROGRAM(TwoProfilesTest)(int argumentCount, char **arguments) {
     prepareTestProcess();
     if (argumentCount > 1 && arguments[1] == ProfileRole.toStdString()) {
         return beAProfile(argumentCount, arguments);

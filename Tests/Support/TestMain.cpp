@@ -16,3 +16,23 @@ void prepareTestProcess() {
     QCoreApplication::setOrganizationName(QStringLiteral("velmora-tests"));
     QCoreApplication::setApplicationName(QStringLiteral("velmora-tests"));
 }
+
+static QMap<QByteArray, TestProgram::Main> &programs() {
+    static QMap<QByteArray, TestProgram::Main> byName;
+    return byName;
+}
+
+TestProgram::TestProgram(const char *name, Main main) {
+    programs().insert(name, main);
+}
+
+int TestProgram::run(int argumentCount, char **arguments) {
+    const Main main = argumentCount > 1 ? programs().value(arguments[1]) : nullptr;
+    if (main) {
+        arguments[1] = arguments[0];
+        return main(argumentCount - 1, arguments + 1);
+    }
+    std::fprintf(stderr, "Please name one of these tests first: %s\n",
+                 programs().keys().join(' ').constData());
+    return 2;
+}

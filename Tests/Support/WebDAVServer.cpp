@@ -14,6 +14,7 @@
 #include <stdexcept>
 
 #include "Platform/Security/UrlCredentialStorage.h"
+#include "Support/FreePort.h"
 
 namespace {
 
@@ -78,12 +79,6 @@ void writeFile(const QString &path, const QString &text) {
     if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0) {
         throw std::runtime_error("cannot write " + path.toStdString());
     }
-}
-
-quint16 freePort() {
-    QTcpServer server;
-    server.listen(QHostAddress::LocalHost);
-    return server.serverPort();
 }
 
 /// As root, Apache becomes another user, to whom its files have to belong.

@@ -13,6 +13,9 @@
 #include "Host/QVRemoteDatabase.h"
 #include "Host/QVSyncStore.h"
 #include "Platform/Foundation/UserDefaults.h"
+#include "Support/Commands.h"
+#include "Support/FreePort.h"
+#include "Support/Patience.h"
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -20,7 +23,6 @@
 
 namespace {
 
-constexpr int Patience = 30000;
 const QString ServingLine = QStringLiteral("serving ");
 const QString CodeLine = QStringLiteral("code ");
 const QString DoneLine = QStringLiteral("done");
@@ -32,25 +34,12 @@ void say(const QString &line) {
     std::cout << line.toStdString() << std::endl;
 }
 
-/// Reads no further than the line's end: what follows is for the notifier to notice.
-QStringList nextCommand() {
-    QByteArray line;
-    char character = 0;
-    while (read(STDIN_FILENO, &character, 1) == 1) {
-        if (character == '\n') {
-            return QString::fromUtf8(line).split(u'\t');
-        }
-        line.append(character);
-    }
-    return {QString()};
-}
-
 class OtherPerson : public TestApplication {
 public:
     void ask(const Question &question, std::function<void(bool)> handler) override {
         const QRegularExpression code(QStringLiteral("\\d{3}.\\d{3}"));
         say(CodeLine + code.match(question.details).captured());
-        handler(nextCommand().first() == AllowCommand);
+        handler(nextCommand() == AllowCommand);
     }
 };
 
@@ -137,12 +126,6 @@ bool obey(TestHost &host, const QStringList &command) {
     return true;
 }
 
-quint16 freePort() {
-    QTcpServer server;
-    server.listen(QHostAddress::LocalHost);
-    return server.serverPort();
-}
-
 }  // namespace
 
 int OtherComputer::be(int argumentCount, char **arguments) {
@@ -162,7 +145,7 @@ int OtherComputer::be(int argumentCount, char **arguments) {
     say(ServingLine + QString::number(server->port()));
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, [&] {
-        if (!obey(host, nextCommand())) {
+        if (!obey(host, nextCommand().split(u'\t'))) {
             QCoreApplication::quit();
         }
     });

@@ -9,11 +9,11 @@
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QRadioButton>
 
+#include "Support/Patience.h"
 #include "Tour/Screen.h"
 
 namespace {
 
-constexpr int Patience = 30000;
 constexpr int LookInterval = 5;
 
 /// Where on the screen something is.

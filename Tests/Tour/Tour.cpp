@@ -15,6 +15,7 @@
 #include "Host/QVWeeklySchedule.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
+#include "Support/FreePort.h"
 #include "Support/SecretService.h"
 #include "Tour/Person.h"
 #include "Tour/Screen.h"
@@ -35,12 +36,6 @@ void check(bool holds, const QString &sentence) {
     if (!holds) {
         throw TourFailure(sentence);
     }
-}
-
-quint16 freePort() {
-    QTcpServer server;
-    server.listen(QHostAddress::LocalHost);
-    return server.serverPort();
 }
 
 bool isTicked(const QString &location) {

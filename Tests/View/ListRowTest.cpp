@@ -181,5 +181,5 @@ private:
     int m_margin = 0;
 };
 
-VELMORA_TEST_MAIN(ListRowTest)
+VELMORA_TEST(ListRowTest)
 #include "ListRowTest.moc"

@@ -767,5 +767,5 @@ private:
     std::unique_ptr<Delegate> m_delegate;
 };
 
-VELMORA_TEST_MAIN(QVListViewTest)
+VELMORA_TEST(QVListViewTest)
 #include "QVListViewTest.moc"

@@ -67,5 +67,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(QVMinimumWidthButtonTest)
+VELMORA_TEST(QVMinimumWidthButtonTest)
 #include "QVMinimumWidthButtonTest.moc"

@@ -223,5 +223,5 @@ private:
     };
 };
 
-VELMORA_TEST_MAIN(QVSelectedItemBackgroundViewTest)
+VELMORA_TEST(QVSelectedItemBackgroundViewTest)
 #include "QVSelectedItemBackgroundViewTest.moc"

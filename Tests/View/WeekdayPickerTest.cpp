@@ -65,5 +65,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(WeekdayPickerTest)
+VELMORA_TEST(WeekdayPickerTest)
 #include "WeekdayPickerTest.moc"

@@ -412,5 +412,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(LocationCommandsTest)
+VELMORA_TEST(LocationCommandsTest)
 #include "LocationCommandsTest.moc"

@@ -384,10 +384,10 @@ private Q_SLOTS:
     }
 
     void anAbsentWindowIsAProgrammingError() {
-        QVERIFY_EXCEPTION_THROWN(m_editor->runLocationEditorModalForWindow(nullptr, true, {}),
-                                 AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure,
+                                 m_editor->runLocationEditorModalForWindow(nullptr, true, {}));
     }
 };
 
-VELMORA_TEST_MAIN(QVDirectConnectionLocationEditorTest)
+VELMORA_TEST(QVDirectConnectionLocationEditorTest)
 #include "QVDirectConnectionLocationEditorTest.moc"

@@ -90,6 +90,10 @@ private Q_SLOTS:
         m_parent = std::make_unique<QWidget>();
     }
     void cleanup() {
+        // It keeps the editor, which keeps it.
+        if (session().isAsked()) {
+            session().answer(nullptr);
+        }
         m_editor.reset();
         m_location.reset();
         m_parent.reset();
@@ -238,5 +242,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(QVDropboxLocationEditorTest)
+VELMORA_TEST(QVDropboxLocationEditorTest)
 #include "QVDropboxLocationEditorTest.moc"

@@ -243,5 +243,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(QVFolderLocationEditorTest)
+VELMORA_TEST(QVFolderLocationEditorTest)
 #include "QVFolderLocationEditorTest.moc"

@@ -12,6 +12,7 @@
 #include "Platform/Interface/TableView.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AnnouncementRecorder.h"
+#include "Support/FreePort.h"
 #include "Support/ScriptedHost.h"
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
@@ -21,12 +22,6 @@ namespace {
 
 const QString PortNumberKey = QStringLiteral("QVDirectConnectionServerPortNumber");
 const QString EnabledKey = QStringLiteral("QVDirectConnectionServerEnabled");
-
-quint16 freePort() {
-    QTcpServer server;
-    server.listen(QHostAddress::Any, 0);
-    return server.serverPort();
-}
 
 }  // namespace
 
@@ -351,5 +346,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(QVServerPreferencesControllerTest)
+VELMORA_TEST(QVServerPreferencesControllerTest)
 #include "QVServerPreferencesControllerTest.moc"

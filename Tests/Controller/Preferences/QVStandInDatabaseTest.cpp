@@ -367,5 +367,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(QVStandInDatabaseTest)
+VELMORA_TEST(QVStandInDatabaseTest)
 #include "QVStandInDatabaseTest.moc"

@@ -357,5 +357,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(QVSyncBookmarkManagerTest)
+VELMORA_TEST(QVSyncBookmarkManagerTest)
 #include "QVSyncBookmarkManagerTest.moc"

@@ -499,5 +499,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(QVSyncPreferencesTest)
+VELMORA_TEST(QVSyncPreferencesTest)
 #include "QVSyncPreferencesTest.moc"

@@ -335,5 +335,5 @@ private Q_SLOTS:
     void theCalendarIsGregorian() { QVERIFY(m_editor->gregorianCalendar().isGregorian()); }
 };
 
-VELMORA_TEST_MAIN(QVSyncScheduleEditorTest)
+VELMORA_TEST(QVSyncScheduleEditorTest)
 #include "QVSyncScheduleEditorTest.moc"

@@ -448,5 +448,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(QVSynchronizationSelectionTest)
+VELMORA_TEST(QVSynchronizationSelectionTest)
 #include "QVSynchronizationSelectionTest.moc"

@@ -349,7 +349,8 @@ private Q_SLOTS:
     // The same checks that the fuzz target makes, over inputs of the test's own making.
     void anyFieldsGiveNilOrAURLThatShowsThemAgain() {
         QRandomGenerator random(20261121);
-        const QByteArray alphabet("aZ09.:/@?#[]% &='\"\\\xc3\xa4\xe2\x80\x99|^~-_\0\x7f,;", 38);
+        const QByteArray alphabet =
+            QByteArrayLiteral("aZ09.:/@?#[]% &='\"\\\xc3\xa4\xe2\x80\x99|^~-_\0\x7f,;");
         for (int i = 0; i < 20000; ++i) {
             QByteArray input;
             const int length = random.bounded(64);
@@ -362,5 +363,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(QVWebDAVLocationEditorTest)
+VELMORA_TEST(QVWebDAVLocationEditorTest)
 #include "QVWebDAVLocationEditorTest.moc"

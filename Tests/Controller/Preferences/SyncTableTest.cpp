@@ -48,5 +48,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(SyncTableTest)
+VELMORA_TEST(SyncTableTest)
 #include "SyncTableTest.moc"

@@ -1464,6 +1464,6 @@ void NSDataCommonCryptoTest::anyInputKeepsThePromisesOfTheFuzzTarget() {
     }
 }
 
-VELMORA_TEST_MAIN(NSDataCommonCryptoTest)
+VELMORA_TEST(NSDataCommonCryptoTest)
 
 #include "NSDataCommonCryptoTest.moc"

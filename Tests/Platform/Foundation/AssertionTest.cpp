@@ -11,7 +11,7 @@ class AssertionTest : public QObject {
     static QString lastWords(const QString &scenario) {
         QProcess process;
         process.start(QCoreApplication::applicationFilePath(),
-                      {QStringLiteral("--fail"), scenario});
+                      {QStringLiteral("AssertionTest"), QStringLiteral("--fail"), scenario});
         if (!process.waitForFinished() || process.exitStatus() != QProcess::CrashExit) {
             return {};
         }
@@ -111,7 +111,7 @@ struct FailsAtItsEnd {
 
 }  // namespace
 
-int main(int argumentCount, char **arguments) {
+VELMORA_TEST_PROGRAM(AssertionTest)(int argumentCount, char **arguments) {
     prepareTestProcess();
     QApplication application(argumentCount, arguments);
     if (const QStringList given = QCoreApplication::arguments();

@@ -76,5 +76,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(DispatchGroupTest)
+VELMORA_TEST(DispatchGroupTest)
 #include "DispatchGroupTest.moc"

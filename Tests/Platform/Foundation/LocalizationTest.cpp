@@ -34,5 +34,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(LocalizationTest)
+VELMORA_TEST(LocalizationTest)
 #include "LocalizationTest.moc"

@@ -105,7 +105,8 @@ private Q_SLOTS:
     void theSystemLogGetsTheMessagesAndNothingElse() {
         QProcess process;
         process.setProcessChannelMode(QProcess::SeparateChannels);
-        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--system-log")});
+        process.start(QCoreApplication::applicationFilePath(),
+                      {QStringLiteral("LogTest"), QStringLiteral("--system-log")});
         QVERIFY(process.waitForFinished());
         const QByteArray errors = process.readAllStandardError();
         QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0, errors);
@@ -113,8 +114,9 @@ private Q_SLOTS:
         const QByteArrayList lines = process.readAllStandardOutput().split('|');
         QCOMPARE(lines.size(), 3);
         QVERIFY2(lines[0].startsWith("<14>"), lines[0]);
-        QVERIFY2(lines[0].contains("LogTest: normal ü %s"), lines[0]);
-        QVERIFY2(lines[1].startsWith("<14>") && lines[1].contains("LogTest: verbose"), lines[1]);
+        QVERIFY2(lines[0].contains("PlatformTests: normal ü %s"), lines[0]);
+        QVERIFY2(lines[1].startsWith("<14>") && lines[1].contains("PlatformTests: verbose"),
+                 lines[1]);
         QCOMPARE(lines[2], QByteArray());
         QCOMPARE(errors, QByteArray("elsewhere\n"));
     }
@@ -180,7 +182,7 @@ int writeToSystemLog() {
 
 }  // namespace
 
-int main(int argumentCount, char **arguments) {
+VELMORA_TEST_PROGRAM(LogTest)(int argumentCount, char **arguments) {
     prepareTestProcess();
     // Before there are threads: a process with several cannot leave its user namespace.
     if (argumentCount > 1 && qstrcmp(arguments[1], "--system-log") == 0) {

@@ -148,5 +148,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(NotificationCenterTest)
+VELMORA_TEST(NotificationCenterTest)
 #include "NotificationCenterTest.moc"

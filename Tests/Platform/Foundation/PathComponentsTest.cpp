@@ -77,5 +77,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(PathComponentsTest)
+VELMORA_TEST(PathComponentsTest)
 #include "PathComponentsTest.moc"

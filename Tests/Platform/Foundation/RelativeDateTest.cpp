@@ -31,5 +31,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(RelativeDateTest)
+VELMORA_TEST(RelativeDateTest)
 #include "RelativeDateTest.moc"

@@ -322,5 +322,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(UrlTest)
+VELMORA_TEST(UrlTest)
 #include "UrlTest.moc"

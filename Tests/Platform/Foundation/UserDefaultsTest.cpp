@@ -59,5 +59,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(UserDefaultsTest)
+VELMORA_TEST(UserDefaultsTest)
 #include "UserDefaultsTest.moc"

@@ -124,8 +124,8 @@ private Q_SLOTS:
 
     void anUnknownFormIsAProgrammingError() {
         Owner owner;
-        QVERIFY_EXCEPTION_THROWN(Nib::load(QStringLiteral("No such form"), &owner),
-                                 AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure,
+                                 Nib::load(QStringLiteral("No such form"), &owner));
     }
 
     void aWidgetOfAnOutletsNameIsSetInTheOwner() {
@@ -332,7 +332,7 @@ private Q_SLOTS:
                 ->setProperty("tableDelegate", QStringLiteral("owner"));
             return form;
         });
-        QVERIFY_EXCEPTION_THROWN(Nib::load(name, &owner), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, Nib::load(name, &owner));
     }
 
     void aTableSendsItsAction() {
@@ -418,9 +418,9 @@ private Q_SLOTS:
         QFETCH(QString, action);
         Owner owner;
         const QStringList bindings = binding.isEmpty() ? QStringList() : QStringList{binding};
-        QVERIFY_EXCEPTION_THROWN(loadButton(&owner, bindings, action), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, loadButton(&owner, bindings, action));
     }
 };
 
-VELMORA_TEST_MAIN(NibTest)
+VELMORA_TEST(NibTest)
 #include "NibTest.moc"

@@ -67,5 +67,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(OpenPanelTest)
+VELMORA_TEST(OpenPanelTest)
 #include "OpenPanelTest.moc"

@@ -266,5 +266,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(TableViewTest)
+VELMORA_TEST(TableViewTest)
 #include "TableViewTest.moc"

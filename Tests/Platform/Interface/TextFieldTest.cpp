@@ -82,5 +82,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(TextFieldTest)
+VELMORA_TEST(TextFieldTest)
 #include "TextFieldTest.moc"

@@ -59,7 +59,7 @@ private Q_SLOTS:
 
     void aFormThatIsNoWindowIsAProgrammingError() {
         TestController controller(QStringLiteral("No window"));
-        QVERIFY_EXCEPTION_THROWN(controller.window(), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, controller.window());
     }
 
     void aSheetIsModalToTheWindowOfItsParent() {
@@ -146,5 +146,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(WindowControllerTest)
+VELMORA_TEST(WindowControllerTest)
 #include "WindowControllerTest.moc"

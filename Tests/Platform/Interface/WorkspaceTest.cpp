@@ -51,5 +51,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(WorkspaceTest)
+VELMORA_TEST(WorkspaceTest)
 #include "WorkspaceTest.moc"

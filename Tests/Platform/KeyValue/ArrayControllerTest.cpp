@@ -216,5 +216,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(ArrayControllerTest)
+VELMORA_TEST(ArrayControllerTest)
 #include "ArrayControllerTest.moc"

@@ -325,8 +325,8 @@ private Q_SLOTS:
         QVERIFY(box.isChecked());
         model.setFlag(true);
         QVERIFY(!box.isChecked());
-        QVERIFY_EXCEPTION_THROWN(
-            bind(&box, "checked", &model, "flag", options, Direction::BothWays), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(
+            AssertionFailure, bind(&box, "checked", &model, "flag", options, Direction::BothWays));
     }
 
     void unbindingKeepsTheValueAndEndsBothDirections() {
@@ -448,8 +448,8 @@ private Q_SLOTS:
         {
             const auto observation = KeyValue::observe(
                 &target, "text", [] { failAssertion(QStringLiteral("no"), "method", "file"); });
-            QVERIFY_EXCEPTION_THROWN(model.setText(a), AssertionFailure);
-            QVERIFY_EXCEPTION_THROWN(target.setText(b), AssertionFailure);
+            QVERIFY_THROWS_EXCEPTION(AssertionFailure, model.setText(a));
+            QVERIFY_THROWS_EXCEPTION(AssertionFailure, target.setText(b));
         }
         target.setText(QStringLiteral("c"));
         QCOMPARE(model.text(), QStringLiteral("c"));
@@ -464,7 +464,7 @@ private Q_SLOTS:
         {
             const auto observation = KeyValue::observe(
                 &model, "text", [] { failAssertion(QStringLiteral("no"), "method", "file"); });
-            QVERIFY_EXCEPTION_THROWN(target.setText(a), AssertionFailure);
+            QVERIFY_THROWS_EXCEPTION(AssertionFailure, target.setText(a));
         }
         model.setText(b);
         QCOMPARE(target.text(), b);
@@ -473,15 +473,15 @@ private Q_SLOTS:
     void whatCannotBeBoundIsLoudAndLeavesNoBinding() {
         Model model;
         Target target;
-        QVERIFY_EXCEPTION_THROWN(bind(&target, "missing", &model, "text"), AssertionFailure);
-        QVERIFY_EXCEPTION_THROWN(bind(&target, "text", &model, "missing"), AssertionFailure);
-        QVERIFY_EXCEPTION_THROWN(bind(&target, "missing", &model, "text", {}, Direction::BothWays),
-                                 AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, bind(&target, "missing", &model, "text"));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, bind(&target, "text", &model, "missing"));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure,
+                                 bind(&target, "missing", &model, "text", {}, Direction::BothWays));
         const QVariantMap unknown{
             {QStringLiteral("NSValueTransformerName"), QStringLiteral("unknown")}};
-        QVERIFY_EXCEPTION_THROWN(bind(&target, "text", &model, "text", unknown), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, bind(&target, "text", &model, "text", unknown));
         model.setText(a);
-        QVERIFY_EXCEPTION_THROWN(bind(&target, "number", &model, "text"), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, bind(&target, "number", &model, "text"));
         QCOMPARE(target.children().size(), 0);
         model.setText(b);
         QCOMPARE(target.sets, 0);
@@ -515,7 +515,7 @@ private Q_SLOTS:
         QCOMPARE(list.selectionIndexes(), IndexSet({1}));
         controller.setContent({2, 3});
         QCOMPARE(list.selectionIndexes(), IndexSet({0}));
-        QCOMPARE(controller.selectedObjects(), QVariantList({2}));
+        QCOMPARE(controller.selectedObjects(), QVariantList{2});
         controller.setContent({3});
         QCOMPARE(list.selectionIndexes(), IndexSet());
     }
@@ -558,5 +558,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(BindingTest)
+VELMORA_TEST(BindingTest)
 #include "BindingTest.moc"

@@ -358,7 +358,7 @@ private Q_SLOTS:
             }
         });
         Recorder recorder(&diamond);
-        QVERIFY_EXCEPTION_THROWN(diamond.announce_source(), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, diamond.announce_source());
         QCOMPARE(recorder.take(), QByteArray("source right behindSilent"));
         isThrowing = false;
         diamond.announce_source();
@@ -368,23 +368,23 @@ private Q_SLOTS:
     void aDependencyOnAMissingKeyIsLoud() {
         MisspeltDependency object;
         for (int i = 0; i < 2; ++i) {
-            QVERIFY_EXCEPTION_THROWN(object.announce_key(), AssertionFailure);
+            QVERIFY_THROWS_EXCEPTION(AssertionFailure, object.announce_key());
         }
-        QVERIFY_EXCEPTION_THROWN(KeyValue::followDependencies(&object), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::followDependencies(&object));
     }
 
     void aDeclarationOfAnotherTypeIsLoud() {
         WrongDeclaration object;
-        QVERIFY_EXCEPTION_THROWN(object.announce_key(), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, object.announce_key());
     }
 
     void aSignalWithArgumentsOrOfNoKeyCannotBeAnnounced() {
         SignalWithArgument object;
-        QVERIFY_EXCEPTION_THROWN(object.announce_key(), AssertionFailure);
-        QVERIFY_EXCEPTION_THROWN(KeyValue::announce<&SignalWithArgument::noKeyChanged>(&object),
-                                 AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, object.announce_key());
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure,
+                                 KeyValue::announce<&SignalWithArgument::noKeyChanged>(&object));
     }
 };
 
-VELMORA_TEST_MAIN(DependentKeysTest)
+VELMORA_TEST(DependentKeysTest)
 #include "DependentKeysTest.moc"

@@ -132,13 +132,13 @@ private Q_SLOTS:
         Person person;
         person.m_boss = &person;
         for (const char *key : {"missing", "", "boss.missing", "boss..name", ".name", "Name"}) {
-            QVERIFY_EXCEPTION_THROWN((void)KeyValue::value(&person, key), AssertionFailure);
-            QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, key, 1), AssertionFailure);
-            QVERIFY_EXCEPTION_THROWN((void)KeyValue::isWritable(&person, key), AssertionFailure);
+            QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(&person, key));
+            QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&person, key, 1));
+            QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::isWritable(&person, key));
         }
         QVERIFY(person.dynamicPropertyNames().isEmpty());
         person.setProperty("dynamic", 1);
-        QVERIFY_EXCEPTION_THROWN((void)KeyValue::value(&person, "dynamic"), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(&person, "dynamic"));
     }
 
     void theMessageNamesClassAndKey() {
@@ -163,12 +163,12 @@ private Q_SLOTS:
         Person person;
         QObject other;
         person.m_age = 5;
-        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, "age", QStringLiteral("x")),
-                                 AssertionFailure);
-        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, "friend_", 5), AssertionFailure);
-        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, "boss", QVariant::fromValue(&other)),
-                                 AssertionFailure);
-        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, "old", true), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure,
+                                 KeyValue::setValue(&person, "age", QStringLiteral("x")));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&person, "friend_", 5));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure,
+                                 KeyValue::setValue(&person, "boss", QVariant::fromValue(&other)));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&person, "old", true));
         QCOMPARE(person.m_age, 5);
         QCOMPARE(person.m_boss, nullptr);
         QVERIFY(person.dynamicPropertyNames().isEmpty());
@@ -176,16 +176,16 @@ private Q_SLOTS:
 
     void aPathThroughAValueThatIsNoObjectIsLoud() {
         Person person;
-        QVERIFY_EXCEPTION_THROWN((void)KeyValue::value(&person, "age.name"), AssertionFailure);
-        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(&person, "name.age", 1), AssertionFailure);
-        QVERIFY_EXCEPTION_THROWN((void)KeyValue::isWritable(&person, "name.age"), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(&person, "age.name"));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&person, "name.age", 1));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::isWritable(&person, "name.age"));
     }
 
     void noObjectIsLoud() {
-        QVERIFY_EXCEPTION_THROWN((void)KeyValue::value(nullptr, "name"), AssertionFailure);
-        QVERIFY_EXCEPTION_THROWN(KeyValue::setValue(nullptr, "name", 1), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(nullptr, "name"));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(nullptr, "name", 1));
     }
 };
 
-VELMORA_TEST_MAIN(KeyValueCodingTest)
+VELMORA_TEST(KeyValueCodingTest)
 #include "KeyValueCodingTest.moc"

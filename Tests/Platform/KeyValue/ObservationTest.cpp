@@ -434,16 +434,16 @@ private Q_SLOTS:
     void aKeyThatDoesNotExistCannotBeObserved() {
         Link link;
         const auto nothing = [] {};
-        QVERIFY_EXCEPTION_THROWN((void)observe(&link, "missing", nothing), AssertionFailure);
-        QVERIFY_EXCEPTION_THROWN((void)observe(&link, "missing.number", nothing), AssertionFailure);
-        QVERIFY_EXCEPTION_THROWN((void)observe(nullptr, "number", nothing), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)observe(&link, "missing", nothing));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)observe(&link, "missing.number", nothing));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)observe(nullptr, "number", nothing));
         link.setNext(std::make_shared<Link>());
-        QVERIFY_EXCEPTION_THROWN((void)observe(&link, "next.missing", nothing), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)observe(&link, "next.missing", nothing));
     }
 
     void aPathThroughAValueThatIsNoObjectCannotBeObserved() {
         Link link;
-        QVERIFY_EXCEPTION_THROWN((void)observe(&link, "number.next", [] {}), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)observe(&link, "number.next", [] {}));
     }
 
     void anObjectWithoutTheKeyInTheMiddleOfAPathIsLoudAndTheNextOneIsFollowedAgain() {
@@ -453,7 +453,7 @@ private Q_SLOTS:
         int count = 0;
         const auto observation = observe(&head, "anything.number", [&] { ++count; });
         head.setAnything(QVariant::fromValue(end));
-        QVERIFY_EXCEPTION_THROWN(head.setAnything(QVariant::fromValue(&wrong)), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, head.setAnything(QVariant::fromValue(&wrong)));
         end->setNumber(5);
         QCOMPARE(count, 1);
         head.setAnything(QVariant::fromValue(end));
@@ -471,7 +471,7 @@ private Q_SLOTS:
                 failAssertion(QStringLiteral("no"), "method", "file");
             }
         });
-        QVERIFY_EXCEPTION_THROWN(link.setNumber(1), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, link.setNumber(1));
         QCOMPARE(link.number(), 1);
         isThrowing = false;
         link.setNumber(2);
@@ -486,7 +486,7 @@ private Q_SLOTS:
             observation.stop();
             failAssertion(QStringLiteral("no"), "method", "file");
         });
-        QVERIFY_EXCEPTION_THROWN(link.setNumber(1), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, link.setNumber(1));
         QCOMPARE(kept.use_count(), 1);
         link.setNumber(2);
     }
@@ -498,8 +498,8 @@ private Q_SLOTS:
             ++count;
             failAssertion(QStringLiteral("no"), "method", "file");
         };
-        QVERIFY_EXCEPTION_THROWN(
-            (void)observe(&link, "number", handler, Deliver::InitialAndChanges), AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(
+            AssertionFailure, (void)observe(&link, "number", handler, Deliver::InitialAndChanges));
         link.setNumber(1);
         QCOMPARE(count, 1);
     }
@@ -564,5 +564,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(ObservationTest)
+VELMORA_TEST(ObservationTest)
 #include "ObservationTest.moc"

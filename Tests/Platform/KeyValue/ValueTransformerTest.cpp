@@ -53,9 +53,8 @@ private Q_SLOTS:
     }
 
     void anUnknownNameIsLoud() {
-        QVERIFY_EXCEPTION_THROWN(
-            (void)ValueTransformer::transformerForName(QStringLiteral("unknown")),
-            AssertionFailure);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)ValueTransformer::transformerForName(
+                                                       QStringLiteral("unknown")));
     }
 
     void aLaterTransformerReplacesAnEarlierOneAlsoInABindingThatStands() {
@@ -75,5 +74,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(ValueTransformerTest)
+VELMORA_TEST(ValueTransformerTest)
 #include "ValueTransformerTest.moc"

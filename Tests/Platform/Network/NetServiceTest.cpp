@@ -365,7 +365,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argumentCount, char **arguments) {
+VELMORA_TEST_PROGRAM(NetServiceTest)(int argumentCount, char **arguments) {
     enterPrivateNetwork();
     prepareTestProcess();
     const QCoreApplication application(argumentCount, arguments);

@@ -143,5 +143,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(KeychainTest)
+VELMORA_TEST(KeychainTest)
 #include "KeychainTest.moc"

@@ -394,5 +394,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(SecretStoreTest)
+VELMORA_TEST(SecretStoreTest)
 #include "SecretStoreTest.moc"

@@ -83,7 +83,8 @@ private Q_SLOTS:
             }
             QProcess other;
             other.start(QCoreApplication::applicationFilePath(),
-                        {QStringLiteral("--other-process"), User});
+                        {QStringLiteral("UrlCredentialStorageTest"),
+                         QStringLiteral("--other-process"), User});
             QVERIFY(other.waitForFinished());
             QCOMPARE(other.readAllStandardOutput(), QByteArray("secret"));
         }
@@ -92,7 +93,8 @@ private Q_SLOTS:
     void whatAProcessStoresBeforeItEndsIsKept() {
         QProcess other;
         other.start(QCoreApplication::applicationFilePath(),
-                    {QStringLiteral("--other-process"), User, QStringLiteral("secret")});
+                    {QStringLiteral("UrlCredentialStorageTest"), QStringLiteral("--other-process"),
+                     User, QStringLiteral("secret")});
         QVERIFY(other.waitForFinished());
         QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value(User).password,
                  QStringLiteral("secret"));
@@ -253,7 +255,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argumentCount, char **arguments) {
+VELMORA_TEST_PROGRAM(UrlCredentialStorageTest)(int argumentCount, char **arguments) {
     if (argumentCount > 1 && qstrcmp(arguments[1], "--other-process") == 0) {
         const QCoreApplication application(argumentCount, arguments);
         return runAsOtherProcess(QCoreApplication::arguments());

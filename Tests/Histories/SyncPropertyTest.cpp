@@ -23,7 +23,8 @@ bool happens(int percent) {
 
 }  // namespace
 
-/// All that the engine leaves to chance follows the seed, so that a history can be told again.
+/// In place of that of Qt: all that the engine leaves to chance follows the seed, so that a history
+/// can be told again.
 QUuid QUuid::createUuid() {
     QByteArray bytes;
     for (int i = 0; i < 16; ++i) {
@@ -399,5 +400,5 @@ private:
     }
 };
 
-VELMORA_TEST_MAIN(SyncPropertyTest)
+VELMORA_TEST(SyncPropertyTest)
 #include "SyncPropertyTest.moc"

@@ -65,5 +65,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_MAIN(SyncPreferencesPlugInTest)
+VELMORA_TEST(SyncPreferencesPlugInTest)
 #include "SyncPreferencesPlugInTest.moc"
