@@ -227,8 +227,7 @@ void QVImportDatabasesController::performActionWithDatabases(const QVariantList 
 
 std::shared_ptr<QVSyncState> QVImportDatabasesController::importDatabase(const Record &database) {
     const QString name = database->metadata()->name();
-    const auto state =
-        database->store()->location()->addStateForDatabaseWithUUID(database->UUID(), name);
+    auto state = database->store()->location()->addStateForDatabaseWithUUID(database->UUID(), name);
     state->setEnabled(true);
     Log::message(
         QStringLiteral("Importing database with name %1 and UUID %2").arg(name, database->UUID()));

@@ -23,7 +23,7 @@ namespace DirectConnectionMessage {
 inline constexpr qsizetype LengthSize = 4;
 /// Bytes; what is longer ends the connection.
 inline constexpr qsizetype LimitBeforeAuthorization = 4096;
-inline constexpr qsizetype Limit = 64 * 1024 * 1024;
+inline constexpr qsizetype Limit = qsizetype(64) * 1024 * 1024;
 /// Of the contents in a message, so that the rest finds room too.
 inline constexpr qint64 ContentsLimit = Limit - LimitBeforeAuthorization;
 

@@ -62,7 +62,8 @@ Result<QStringList> DirectConnectionStore::listFolder(const QString &folder,
         return *error;
     }
     QStringList names;
-    for (const QCborValue &name : std::get<QCborMap>(answer)[Names].toArray()) {
+    const QCborArray found = std::get<QCborMap>(answer)[Names].toArray();
+    for (const QCborValue name : found) {
         names.append(name.toString());
     }
     return names;

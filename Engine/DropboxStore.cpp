@@ -66,7 +66,7 @@ std::optional<Page> pageFrom(const QByteArray &answer) {
     const QJsonValue hasMore = object.value(QStringLiteral("has_more"));
     Page page{{}, object.value(QStringLiteral("cursor")).toString(), hasMore.toBool()};
     const QJsonArray array = entries.toArray();
-    for (const QJsonValue &entry : array) {
+    for (const QJsonValue entry : array) {
         const QString kind = entry[QStringLiteral(".tag")].toString();
         if (kind == QStringLiteral("file") || kind == QStringLiteral("folder")) {
             page.names.append(entry[QStringLiteral("name")].toString());

@@ -51,7 +51,7 @@ bool FolderGrants::areNeeded() const {
 }
 
 std::optional<Error> FolderGrants::setNeeded(bool areNeeded) {
-    const std::optional<Error> error =
+    std::optional<Error> error =
         m_profile.run(QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
                                      " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
                       {SandboxSetting, areNeeded});
@@ -64,7 +64,7 @@ QStringList FolderGrants::paths() const {
 }
 
 std::optional<Error> FolderGrants::add(const QString &path) {
-    const std::optional<Error> error =
+    std::optional<Error> error =
         m_profile.run(QStringLiteral("INSERT OR IGNORE INTO grants (path) VALUES (?)"),
                       {ProfileDatabase::text(path)});
     load();
@@ -72,8 +72,8 @@ std::optional<Error> FolderGrants::add(const QString &path) {
 }
 
 std::optional<Error> FolderGrants::remove(const QString &path) {
-    const std::optional<Error> error = m_profile.run(
-        QStringLiteral("DELETE FROM grants WHERE path = ?"), {ProfileDatabase::text(path)});
+    std::optional<Error> error = m_profile.run(QStringLiteral("DELETE FROM grants WHERE path = ?"),
+                                               {ProfileDatabase::text(path)});
     load();
     return error;
 }

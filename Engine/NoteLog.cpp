@@ -34,7 +34,7 @@ QString wellFormed(const QString &text) {
     return text.isValidUtf16() ? text : QString::fromUtf8(text.toUtf8());
 }
 
-std::optional<qint64> milliseconds(const QDateTime &date) {
+std::optional<qint64> soundMilliseconds(const QDateTime &date) {
     const qint64 sinceEpoch = date.toMSecsSinceEpoch();
     return date.isValid() && Operation::isDate(sinceEpoch) ? std::optional(sinceEpoch)
                                                            : std::nullopt;
@@ -46,7 +46,7 @@ QString revisionOf(const Operation &operation) {
 
 bool holds(const Operation &operation, const Note &note) {
     return operation.note == note.UUID && operation.title == note.title &&
-           operation.text == note.text && operation.modified == milliseconds(note.modified);
+           operation.text == note.text && operation.modified == soundMilliseconds(note.modified);
 }
 
 qsizetype roughSize(const Operation &operation) {
@@ -103,8 +103,8 @@ std::optional<Error> NoteLog::save(Note &note) const {
     std::optional<Operation> current = operation(seen);
     if (!current || !holds(*current, saved)) {
         const QList<OperationId> replaced = seen.isEmpty() ? QList<OperationId>() : QList{seen};
-        current = Operation::make(saved.UUID, saved.title, saved.text, milliseconds(saved.modified),
-                                  predecessors(replaced));
+        current = Operation::make(saved.UUID, saved.title, saved.text,
+                                  soundMilliseconds(saved.modified), predecessors(replaced));
         if (std::optional<Error> error = replace(replaced, *current)) {
             return error;
         }

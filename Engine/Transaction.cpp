@@ -53,7 +53,7 @@ struct Unsound {};
 
 QByteArray sixteenBytes(const QJsonValue &value) {
     const QByteArray digits = value.toString().toLatin1();
-    const QByteArray bytes = QByteArray::fromHex(digits);
+    QByteArray bytes = QByteArray::fromHex(digits);
     if (bytes.size() != Operation::IdentifierSize || bytes.toHex() != digits) {
         throw Unsound();
     }
@@ -80,7 +80,7 @@ QList<OperationId> identifiers(const QJsonObject &object, const QString &key) {
     const QJsonArray values = array(object, key);
     QList<OperationId> list;
     list.reserve(values.size());
-    for (const QJsonValue &value : values) {
+    for (const QJsonValue value : values) {
         list.append(sixteenBytes(value));
     }
     return list;
@@ -99,13 +99,13 @@ std::optional<qint64> date(const QJsonValue &value) {
 }
 
 Operation decodedOperation(const QJsonObject &object) {
-    const Operation operation{sixteenBytes(object.value(IdentifierKey)),
-                              string(object, NoteKey),
-                              string(object, TitleKey),
-                              string(object, TextKey),
-                              date(object.value(ModifiedKey)),
-                              identifiers(object, SupersedesKey),
-                              sixteenBytes(object.value(SaltKey))};
+    Operation operation{sixteenBytes(object.value(IdentifierKey)),
+                        string(object, NoteKey),
+                        string(object, TitleKey),
+                        string(object, TextKey),
+                        date(object.value(ModifiedKey)),
+                        identifiers(object, SupersedesKey),
+                        sixteenBytes(object.value(SaltKey))};
     if (!operation.isSound()) {
         throw Unsound();
     }
@@ -116,7 +116,7 @@ Transaction decodedTransaction(const QJsonObject &object) {
     Transaction transaction;
     const QJsonArray operations = array(object, OperationsKey);
     transaction.operations.reserve(operations.size());
-    for (const QJsonValue &operation : operations) {
+    for (const QJsonValue operation : operations) {
         transaction.operations.append(decodedOperation(operation.toObject()));
     }
     transaction.superseded = identifiers(object, SupersededKey);

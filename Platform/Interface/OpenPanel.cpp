@@ -23,7 +23,7 @@ Url OpenPanel::URL() const {
 // A folder would be entered by the dialog; that is what a double click is for.
 void OpenPanel::accept() {
     if (QFileInfo::exists(chosenPath())) {
-        QDialog::accept();
+        done(Accepted);
     }
 }
 

@@ -21,7 +21,7 @@ Url PackagePanel::URL() const {
 void PackagePanel::accept() {
     const QString path = chosenPath();
     if (path.endsWith(m_ending) && (m_purpose == Purpose::Save || QDir(path).exists())) {
-        QDialog::accept();
+        done(Accepted);
     } else {
         setDirectory(path);
     }

@@ -16,10 +16,12 @@ WindowController::~WindowController() {
 QWidget *WindowController::window() {
     if (!m_window) {
         std::unique_ptr<QWidget> root(Nib::load(m_windowNibName, this));
-        m_window = qobject_cast<SheetWindow *>(root.get());
-        requireParameter(m_window, "window != nil", "WindowController::window",
+        auto *const window = qobject_cast<SheetWindow *>(root.get());
+        requireParameter(window, "window != nil", "WindowController::window",
                          "Platform/Interface/WindowController");
-        root.release();
+        m_window = window;
+        // Ours from now on.
+        static_cast<void>(root.release());
         connect(m_window, &SheetWindow::leaving, this, [this] { leaveSheet(); });
         // Nobody could stop it any more.
         connect(m_window, &QObject::destroyed, this, [this] { stopModal(0); });

@@ -22,7 +22,7 @@ QString withinLabel(QString name) {
 
 QString alternativeTo(const QString &name) {
     char *alternative = avahi_alternative_service_name(name.toUtf8().constData());
-    const QString result = QString::fromUtf8(alternative);
+    QString result = QString::fromUtf8(alternative);
     avahi_free(alternative);
     return result;
 }
