@@ -224,12 +224,14 @@ QCborMap DirectConnectionSession::answerTo(const QCborMap &request) const {
         return answerWith(Contents, package.read(name, limit));
     }
     if (type == Write) {
+        QCborMap answer =
+            answerWith(IsNew, package.writeIfAbsent(name, request[Contents].toByteArray()));
         m_listener.storeDidChange();
-        return answerWith(IsNew, package.writeIfAbsent(name, request[Contents].toByteArray()));
+        return answer;
     }
     if (type == Remove) {
-        m_listener.storeDidChange();
         const std::optional<Error> error = package.remove(name);
+        m_listener.storeDidChange();
         return error ? failure(*error) : ofType(Done);
     }
     return ofType(Failed);
