@@ -19,18 +19,36 @@ set_target_properties(QtHeaders PROPERTIES AUTOMOC OFF AUTORCC OFF)
 target_link_libraries(QtHeaders PRIVATE Qt6::Widgets)
 target_precompile_headers(QtHeaders PRIVATE <QtCore/QtCore> <QtWidgets/QtWidgets> <functional> <memory>)
 
-# Sets what every target of ours has: includes from the root, precompiled Qt headers, clang-tidy.
+# Sets what every target of ours has: includes from the root, precompiled Qt headers, style.
 function(velmora_target target)
     target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
     target_link_libraries(${target} PUBLIC Qt6::Widgets)
     target_precompile_headers(${target} REUSE_FROM QtHeaders)
-    if(CMAKE_CXX_CLANG_TIDY)
-        # What moc and rcc make is not ours to keep tidy; one check has to be on.
-        foreach(generated "${target}_autogen" ".rcc")
-            file(WRITE "${CMAKE_CURRENT_BINARY_DIR}/${generated}/.clang-tidy" "Checks: '-*,llvm-twine-local'\n")
-        endforeach()
+    velmora_style(${target})
+endfunction()
+
+# The target "style" has clang-tidy check everything but tests and benchmarks.
+add_custom_target(style)
+
+# All sources of a target are checked in one piece, since it is Qt's headers that take the time.
+function(velmora_style target)
+    if(CMAKE_CURRENT_SOURCE_DIR MATCHES "/(Tests|Benchmarks)")
+        return()
     endif()
-    add_dependencies(sources ${target})
+    set(piece "${CMAKE_CURRENT_BINARY_DIR}/${target}Style.cpp")
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "\\.cpp$")
+    list(TRANSFORM sources REPLACE "^[^/].*$" "${CMAKE_CURRENT_SOURCE_DIR}/\\0")
+    list(TRANSFORM sources REPLACE "^.+$" "#include \"\\0\"\n")
+    list(JOIN sources "" includes)
+    file(CONFIGURE OUTPUT "${piece}" CONTENT "${includes}" @ONLY)
+    set(folders "$<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>")
+    set(definitions "$<TARGET_PROPERTY:${target},COMPILE_DEFINITIONS>")
+    add_custom_target(${target}Style
+        COMMAND clang-tidy -quiet "${piece}" -- -std=c++20 "-I$<JOIN:${folders},;-I>" "-D$<JOIN:${definitions},;-D>"
+        COMMAND_EXPAND_LISTS VERBATIM)
+    add_dependencies(${target}Style ${target})
+    add_dependencies(style ${target}Style)
 endfunction()
 
 # Compiles the Designer forms of a target to headers; a form's file name may hold spaces, as nib names do.

@@ -36,7 +36,9 @@ void endPrompt(GObject *prompt, GAsyncResult *result, gpointer data) {
     } else if (value && !open->isDismissed) {
         g_task_return_pointer(open->task, value, release);
     } else {
-        g_clear_pointer(&value, g_variant_unref);
+        if (value) {
+            g_variant_unref(value);
+        }
         g_task_return_new_error(open->task, G_IO_ERROR, G_IO_ERROR_CANCELLED, "dismissed");
     }
     g_object_unref(open->task);

@@ -1,6 +1,9 @@
 #pragma once
 
+// Not for moc, which would read all of Qt again for each test.
+#ifndef Q_MOC_RUN
 #include <QtTest/QtTest>
+#endif
 
 /// Gives every test process the names of its own, so that user defaults of tests and of a person
 /// never meet, and no session bus (see SecretService.h). Called first by every test.

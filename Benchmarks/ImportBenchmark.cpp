@@ -1,0 +1,89 @@
+#include <QtCore/QThreadPool>
+#include <QtCore/QUuid>
+#include <QtWidgets/QApplication>
+#include <algorithm>
+#include <ctime>
+
+#include "Benchmarks/Benchmark.h"
+#include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Controller/QVImportDatabasesController.h"
+#include "Support/ScriptedLocation.h"
+#include "Support/TestHost.h"
+
+namespace {
+
+QString UUID(int i) {
+    return QUuid::createUuidV5(QUuid(), QString::number(i)).toString(QUuid::WithoutBraces);
+}
+
+/// So many databases, and a location at which all of them are, and more.
+class ManyDatabases {
+public:
+    ManyDatabases(int records, int localDatabases) {
+        const auto error = m_host.engine().profile().write([&]() -> std::optional<Error> {
+            for (int i = 0; i < localDatabases; ++i) {
+                if (auto importError = m_host.library().importDatabase(UUID(i), UUID(i))) {
+                    return importError;
+                }
+            }
+            return {};
+        });
+        if (error) {
+            qFatal("%s", qPrintable(error->localizedDescription));
+        }
+        const auto location = std::make_shared<ScriptedLocation>(&m_script);
+        m_location = location;
+        QVRemoteDatabases fetched;
+        for (int i = 0; i < records; ++i) {
+            fetched.append(location->record(UUID(i), UUID(i)));
+        }
+        m_script.databases = fetched;
+    }
+
+    /// The processor time from the choice of the location to the list in the sheet.
+    double timeToList() const {
+        QWidget parent;
+        const auto sheet = QVImportDatabasesController::newController();
+        sheet->runImportDatabasesSheetModalForWindow(&parent, [] {});
+        const std::clock_t start = std::clock();
+        sheet->fetchDatabasesForLocation(m_location);
+        while (sheet->isActive()) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+        QThreadPool::globalInstance()->waitForDone();
+        const std::clock_t end = std::clock();
+        sheet->cancelModalSheet(nullptr);
+        return static_cast<double>(end - start) * 1000 / CLOCKS_PER_SEC;
+    }
+
+private:
+    TestHost m_host;
+    StoreScript m_script;
+    std::shared_ptr<QVSyncLocation> m_location;
+};
+
+double medianTimeToList(int records, int localDatabases) {
+    const ManyDatabases databases(records, localDatabases);
+    QList<double> samples;
+    for (int i = 0; i < 6; ++i) {
+        samples.append(databases.timeToList());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    samples.removeFirst();  // the caches were cold
+    std::sort(samples.begin(), samples.end());
+    return samples[samples.size() / 2];
+}
+
+void measureImport(Benchmark::Report &report) {
+    registerSyncPreferencesInterface();
+    const double whole = medianTimeToList(100000, 10000);
+    const auto unit = QStringLiteral("ms");
+    report.add({QStringLiteral("100,000 records beside 10,000 databases / five times 20,000"),
+                whole, 5 * medianTimeToList(20000, 10000), unit, 1.5});
+    report.add({QStringLiteral("100,000 records beside 10,000 databases / beside 100"), whole,
+                medianTimeToList(100000, 100), unit, 1.5});
+}
+
+const Benchmark::Suite importSuite(QStringLiteral("import"), &measureImport);
+
+}  // namespace
