@@ -80,12 +80,12 @@ void NotesView::setDatabase(const std::shared_ptr<NoteDatabase> &database) {
     }
     m_row = -1;
     m_note = {};
+    m_isEdited = false;
     showNotes();
 }
 
 void NotesView::showNotes() {
     m_notes = m_database ? m_database->notes() : QList<Note>();
-    const bool isTyping = m_pause.isActive();
     const int row = rowOf(m_note);
     {
         const QSignalBlocker blocker(m_list);
@@ -94,11 +94,11 @@ void NotesView::showNotes() {
             m_list->addItem(shownTitle(note));
         }
         const int nearest = qBound(m_notes.isEmpty() ? -1 : 0, m_row, m_list->count() - 1);
-        m_list->setCurrentRow(row >= 0 || isTyping ? row : nearest);
+        m_list->setCurrentRow(row >= 0 || m_isEdited ? row : nearest);
     }
     m_addButton->setEnabled(m_database != nullptr);
     // What is being typed stays what it was typed over, whatever has come meanwhile.
-    if (!isTyping) {
+    if (!m_isEdited) {
         showNote(m_list->currentRow());
     }
 }
@@ -110,6 +110,7 @@ void NotesView::showNote(int row) {
     m_row = rowOf(wanted);
     const bool isNote = m_row >= 0;
     m_note = isNote ? m_notes.at(m_row) : Note();
+    m_isEdited = false;
     {
         const QSignalBlocker blocker(m_list);
         m_list->setCurrentRow(m_row);
@@ -128,6 +129,7 @@ void NotesView::showNote(int row) {
 
 void NotesView::noteEdited() {
     if (!m_note.UUID.isEmpty()) {
+        m_isEdited = true;
         m_pause.start();
     }
 }
@@ -139,15 +141,19 @@ int NotesView::rowOf(const Note &note) const {
 }
 
 void NotesView::commit() {
-    if (!m_pause.isActive()) {
+    m_pause.stop();
+    if (!m_isEdited) {
         return;
     }
-    m_pause.stop();
+    m_isEdited = false;
     Note note = m_note;
     note.title = m_title->text();
     note.text = m_text->toPlainText();
     note.modified = QDateTime::currentDateTime();
-    presentIfAny(m_database->saveNote(note));
+    const std::optional<Error> error = m_database->saveNote(note);
+    // What could not be saved is tried again with what is typed next, or when the note is left.
+    m_isEdited = error.has_value();
+    presentIfAny(error);
 }
 
 void NotesView::addNote() {
@@ -166,5 +172,6 @@ void NotesView::addNote() {
 
 void NotesView::removeNote() {
     commit();
+    m_isEdited = false;
     presentIfAny(m_database->removeNote(m_note.UUID));
 }

@@ -38,6 +38,8 @@ private:
     /// The one that is shown, as it was when it was; without UUID while there is none.
     Note m_note;
     int m_row = -1;
+    /// Whether what is shown differs from it, and is to be saved after the pause.
+    bool m_isEdited = false;
     QTimer m_pause;
     QListWidget *m_list;
     QLineEdit *m_title;

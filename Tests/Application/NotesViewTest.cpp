@@ -54,6 +54,24 @@ private Q_SLOTS:
         QCOMPARE(m_database->notes().size(), 1);
     }
 
+    void whatIsTypedIsSavedAfterAPause() {
+        text()->setPlainText(QStringLiteral("typed"));
+        QCOMPARE(m_database->notes().first().text, QStringLiteral("1"));
+        QTRY_COMPARE(m_database->notes().first().text, QStringLiteral("typed"));
+        QCOMPARE(text()->toPlainText(), QStringLiteral("typed"));
+    }
+
+    void whatCouldNotBeSavedIsSavedLater() {
+        m_host->makeSavesFail();
+        text()->setPlainText(QStringLiteral("typed"));
+        m_view->commit();
+        QCOMPARE(m_host->application().presentedErrors().size(), 1);
+        QCOMPARE(text()->toPlainText(), QStringLiteral("typed"));
+        m_host->letSavesPass();
+        m_view->commit();
+        QCOMPARE(m_database->notes().first().text, QStringLiteral("typed"));
+    }
+
     void whatComesWhileTypingIsKeptBesideIt() {
         text()->setPlainText(QStringLiteral("typed"));
         receive({{Operation::make(m_first.UUID, QStringLiteral("First"),

@@ -260,7 +260,7 @@ void Tour::grantFolder() {
     Person::click(QStringLiteral("bookmarksButton"));
     Person::click(QStringLiteral("addButton"));
     Person::clickItem(QStringLiteral("treeView"), name);
-    Person::click(QStringLiteral("Choose"));
+    Person::click(QStringLiteral("Open"));
     Person::await(QStringLiteral("the grant"),
                   [&] { return QVSyncPlugin::plugin()->bookmarkDictionaryKeys().contains(path); });
     show(QStringLiteral("folder-access"),

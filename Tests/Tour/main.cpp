@@ -80,7 +80,8 @@ int walk(const Tour::Surroundings &surroundings, TourPage &page) {
             onMainThread([&] { page.add(QStringLiteral("failure"), failure, Screen::picture()); });
         }
     }));
-    QObject::connect(thread.get(), &QThread::finished, qApp, &QCoreApplication::quit);
+    // Not quit, which asks the windows first: a sheet that a failure leaves open would refuse.
+    QObject::connect(thread.get(), &QThread::finished, qApp, [] { QCoreApplication::exit(); });
     thread->start();
     QCoreApplication::exec();
     thread->wait();
