@@ -330,12 +330,12 @@ void Tour::importDatabase() {
          QStringLiteral("The other computer has put a database of its own into the folder. "
                         "“Import…” asks from where to import."));
     Person::click(QStringLiteral("continueButton"));
-    Person::clickItem(QStringLiteral("databasesTable"), OtherComputer::Database);
     Person::await(QStringLiteral("the only database that is not here"), [] {
         const auto *table = Screen::as<QAbstractItemView>(QStringLiteral("databasesTable"));
         const QWidget *page = Screen::widget(QStringLiteral("databasesView"));
         return table && table->model()->rowCount() == 1 && page->x() == 0;
     });
+    Person::clickItem(QStringLiteral("databasesTable"), OtherComputer::Database);
     show(QStringLiteral("import-databases"),
          QStringLiteral("Listed is what this computer does not have: “Travel”, and neither the "
                         "inbox nor “Projects”."));
