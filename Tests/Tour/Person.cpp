@@ -112,8 +112,7 @@ void Person::turnTo(const QString &title) {
     await(QStringLiteral("the window “%1”").arg(title), [=] {
         QWidget *window = Screen::window(title);
         if (window) {
-            window->raise();
-            window->activateWindow();
+            Screen::turnTo(window);
         }
         return window && window->isActiveWindow();
     });

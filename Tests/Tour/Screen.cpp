@@ -1,5 +1,6 @@
 #include "Tour/Screen.h"
 
+#include <QtCore/QPointer>
 #include <QtGui/QPainter>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAbstractItemView>
@@ -16,13 +17,19 @@ constexpr int Margin = 24;
 constexpr int TitleHeight = 28;
 const QColor DesktopColor(0x6d, 0x83, 0x99);
 
+/// The window to which the person turned last.
+QPointer<QWidget> &frontWindow() {
+    static QPointer<QWidget> window;
+    return window;
+}
+
+const QWidget *root(const QWidget *window) {
+    return window && window->parentWidget() ? root(window->parentWidget()->window()) : window;
+}
+
 bool isInFront(const QWidget *window) {
-    for (const QWidget *one = QApplication::activeWindow(); one; one = one->parentWidget()) {
-        if (one == window) {
-            return true;
-        }
-    }
-    return false;
+    const bool isQuestion = window->isModal() && !window->parentWidget();
+    return isQuestion || root(window) == frontWindow();
 }
 
 int depth(const QWidget *widget) {
@@ -133,6 +140,13 @@ QWidget *Screen::window(const QString &title) {
         }
     }
     return nullptr;
+}
+
+void Screen::turnTo(QWidget *window) {
+    // Remembered, since without a desktop nobody brings back the window over which a sheet was.
+    frontWindow() = window;
+    window->raise();
+    window->activateWindow();
 }
 
 QWidget *Screen::widget(const QString &name, QWidget *parent) {

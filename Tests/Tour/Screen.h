@@ -13,6 +13,8 @@ QList<QWidget *> windows();
 
 /// nullptr where none has that title.
 QWidget *window(const QString &title);
+/// Brings a window, with what belongs to it, to the front.
+void turnTo(QWidget *window);
 
 /// In `parent` or, unless it is set, in the modal window, or in the window nearest to the front
 /// that has one. nullptr where there is none, and where there are several in that window.
