@@ -65,15 +65,11 @@ class DirectConnectionStoreTest : public QObject {
     static auto await(const Work &work) {
         using Answer = decltype(work());
         std::optional<Answer> answer;
-        std::atomic<bool> isDone = false;
-        const std::unique_ptr<QThread> thread(QThread::create([&] {
-            answer.emplace(work());
-            isDone = true;
-        }));
+        const std::unique_ptr<QThread> thread(QThread::create([&] { answer.emplace(work()); }));
+        QEventLoop loop;
+        QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
         thread->start();
-        while (!isDone) {
-            QTest::qWait(1);
-        }
+        loop.exec();
         thread->wait();
         return *answer;
     }

@@ -17,7 +17,6 @@
 
 namespace {
 
-const QString TokenPath = QStringLiteral("/oauth2/token");
 const QString AccountPath = QStringLiteral("/2/users/get_current_account");
 
 /// What has become of one authorization.
@@ -175,7 +174,7 @@ private Q_SLOTS:
         QCOMPARE(outcome->code(), EngineErrorCode::AccessDenied);
         QCOMPARE(outcome->description(), QStringLiteral("The sign-in to Dropbox was refused."));
         QVERIFY(outcome->isOnMainThread);
-        QCOMPARE(m_server->count(TokenPath), 0);
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 0);
         QTRY_COMPARE(m_browser->statuses(), QList<int>{200});
         QVERIFY(!hasTokens(m_server->email()));
     }
@@ -210,7 +209,7 @@ private Q_SLOTS:
     }
 
     void aForgedCodeIsNotTakenByDropbox() {
-        m_server->setAnswer(TokenPath, 400, R"({"error":"invalid_grant"})");
+        m_server->setAnswer(DropboxServer::tokenPath(), 400, R"({"error":"invalid_grant"})");
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->code(), EngineErrorCode::AccessDenied);
@@ -304,7 +303,7 @@ private Q_SLOTS:
 
     void cancellingWhileDropboxIsAskedEndsItToo_data() {
         QTest::addColumn<QString>("path");
-        QTest::newRow("token") << TokenPath;
+        QTest::newRow("token") << DropboxServer::tokenPath();
         QTest::newRow("account") << AccountPath;
     }
 
@@ -396,7 +395,8 @@ private Q_SLOTS:
             {"hangs up", Trouble::HangsUp, "broke off"},
         };
         for (const auto &[name, trouble, text] : troubles) {
-            QTest::addRow("token %s", name) << TokenPath << trouble << QString::fromLatin1(text);
+            QTest::addRow("token %s", name)
+                << DropboxServer::tokenPath() << trouble << QString::fromLatin1(text);
             QTest::addRow("account %s", name)
                 << AccountPath << trouble << QString::fromLatin1(text);
         }

@@ -17,10 +17,9 @@ namespace {
 using Written = BlobStore::Written;
 
 const QString Package = QStringLiteral("/Velmora.qvSyncStore/");
-const QString Blob = QStringLiteral("transactions/11111111-1111-4111-8111-111111111111/1-a");
-constexpr qint64 Limit = 1000;
+const QString DropboxBlob = QStringLiteral("transactions/11111111-1111-4111-8111-111111111111/1-a");
+constexpr qint64 DropboxLimit = 1000;
 
-const QString TokenPath = QStringLiteral("/oauth2/token");
 const QString ListPath = QStringLiteral("/2/files/list_folder");
 const QString ContinuePath = QStringLiteral("/2/files/list_folder/continue");
 const QString DeletePath = QStringLiteral("/2/files/delete_v2");
@@ -81,8 +80,8 @@ class DropboxStoreTest : public QObject {
             std::make_shared<EngineSyncLocation>(URL),
             HttpClient::Timeouts{.idle = std::chrono::milliseconds(100)});
     }
-    Result<QByteArray> read(const QString &name = Blob) {
-        return m_store->read(name, Limit, m_future);
+    Result<QByteArray> read(const QString &name = DropboxBlob) {
+        return m_store->read(name, DropboxLimit, m_future);
     }
     Result<Written> write(const QString &name, const QByteArray &contents) {
         return m_store->writeIfAbsent(name, contents, m_future);
@@ -91,12 +90,12 @@ class DropboxStoreTest : public QObject {
     /// What an operation that needs the route at `path` ends with.
     std::optional<Error> errorAt(BlobStore &store, const QString &path) {
         if (path == UploadPath) {
-            return errorIn(store.writeIfAbsent(Blob, "x", m_future));
+            return errorIn(store.writeIfAbsent(DropboxBlob, "x", m_future));
         }
         if (path == DownloadPath) {
-            return errorIn(store.read(Blob, Limit, m_future));
+            return errorIn(store.read(DropboxBlob, DropboxLimit, m_future));
         }
-        return path == DeletePath ? store.remove(Blob, m_future)
+        return path == DeletePath ? store.remove(DropboxBlob, m_future)
                                   : errorIn(store.list(QStringLiteral("databases"), m_future));
     }
 
@@ -132,8 +131,8 @@ private Q_SLOTS:
             "\0\xff"
             "bytes",
             7);
-        QCOMPARE(write(Blob, contents), Result<Written>(Written::New));
-        QCOMPARE(m_server->files().value(Package + Blob), contents);
+        QCOMPARE(write(DropboxBlob, contents), Result<Written>(Written::New));
+        QCOMPARE(m_server->files().value(Package + DropboxBlob), contents);
         QCOMPARE(read(), Result<QByteArray>(contents));
         QCOMPARE(write(QStringLiteral("transactions/empty"), {}), Result<Written>(Written::New));
         QCOMPARE(read(QStringLiteral("transactions/empty")), Result<QByteArray>(QByteArray()));
@@ -150,10 +149,11 @@ private Q_SLOTS:
     }
 
     void aBlobIsNeverWrittenOver() {
-        QCOMPARE(write(Blob, "first"), Result<Written>(Written::New));
-        QCOMPARE(write(Blob, "second"), Result<Written>(Written::AlreadyThere));
-        QCOMPARE(write(Blob, "first"), Result<Written>(Written::AlreadyThere));
-        QCOMPARE(write(Blob.section(u'/', 0, 1), "x"), Result<Written>(Written::AlreadyThere));
+        QCOMPARE(write(DropboxBlob, "first"), Result<Written>(Written::New));
+        QCOMPARE(write(DropboxBlob, "second"), Result<Written>(Written::AlreadyThere));
+        QCOMPARE(write(DropboxBlob, "first"), Result<Written>(Written::AlreadyThere));
+        QCOMPARE(write(DropboxBlob.section(u'/', 0, 1), "x"),
+                 Result<Written>(Written::AlreadyThere));
         QCOMPARE(read(), Result<QByteArray>(QByteArray("first")));
     }
 
@@ -161,7 +161,7 @@ private Q_SLOTS:
         std::vector<std::future<Result<Written>>> writers;
         for (int i = 0; i < 8; ++i) {
             writers.push_back(std::async(std::launch::async, [this, i] {
-                return write(Blob, QByteArray(900, static_cast<char>('a' + i)));
+                return write(DropboxBlob, QByteArray(900, static_cast<char>('a' + i)));
             }));
         }
         int news = 0;
@@ -219,15 +219,15 @@ private Q_SLOTS:
         const auto error = errorIn(read());
         QCOMPARE(code(error), EngineErrorCode::BlobMissing);
         QVERIFY(text(error).contains(m_server->email()));
-        QVERIFY(text(error).contains(Package + Blob));
+        QVERIFY(text(error).contains(Package + DropboxBlob));
     }
 
     void aBlobLongerThanTheLimitIsRefused() {
-        m_server->putFile(Package + Blob, QByteArray(Limit, 'x'));
+        m_server->putFile(Package + DropboxBlob, QByteArray(DropboxLimit, 'x'));
         QVERIFY(!errorIn(read()));
-        m_server->putFile(Package + Blob, QByteArray(Limit + 1, 'x'));
+        m_server->putFile(Package + DropboxBlob, QByteArray(DropboxLimit + 1, 'x'));
         QCOMPARE(code(errorIn(read())), EngineErrorCode::BlobRefused);
-        m_server->putFile(Package + Blob, QByteArray(3 << 20, 'x'));
+        m_server->putFile(Package + DropboxBlob, QByteArray(3 << 20, 'x'));
         QCOMPARE(code(errorIn(read())), EngineErrorCode::BlobRefused);
         QVERIFY(text(errorIn(read())).contains(QStringLiteral("too long")));
     }
@@ -253,10 +253,10 @@ private Q_SLOTS:
     }
 
     void aBlobCanBeRemoved() {
-        write(Blob, "x");
-        QCOMPARE(m_store->remove(Blob, m_future), std::nullopt);
+        write(DropboxBlob, "x");
+        QCOMPARE(m_store->remove(DropboxBlob, m_future), std::nullopt);
         QVERIFY(m_server->files().isEmpty());
-        QCOMPARE(m_store->remove(Blob, m_future), std::nullopt);
+        QCOMPARE(m_store->remove(DropboxBlob, m_future), std::nullopt);
     }
 
     void recordsOfDatabasesAreFetched() {
@@ -282,46 +282,46 @@ private Q_SLOTS:
     }
 
     void anExpiredTokenIsRefreshed() {
-        write(Blob, "x");
+        write(DropboxBlob, "x");
         m_server->expireAccessTokens();
         QCOMPARE(text(errorIn(read())), QString());
-        QCOMPARE(m_server->count(TokenPath), 2);
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
         QCOMPARE(text(errorIn(read())), QString());
         // And kept.
         QCOMPARE(newStore()->open(m_future), std::nullopt);
-        QCOMPARE(m_server->count(TokenPath), 2);
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
         // More than once, since the refresh token stays.
         m_server->expireAccessTokens();
         QCOMPARE(text(errorIn(read())), QString());
-        QCOMPARE(m_server->count(TokenPath), 3);
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 3);
     }
 
     void aTokenThatIsAboutToExpireIsRefreshedBefore() {
         m_server->setSecondsToLive(30);
         signIn();
-        const int tokens = m_server->count(TokenPath);
+        const int tokens = m_server->count(DropboxServer::tokenPath());
         m_server->setSecondsToLive(14400);
         m_store = newStore();
         QCOMPARE(m_store->open(m_future), std::nullopt);
-        QCOMPARE(m_server->count(TokenPath), tokens + 1);
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), tokens + 1);
         QCOMPARE(m_server->count(ListPath), 1);
     }
 
     void ofManyWhoNeedAFreshTokenOneGetsItForAll() {
-        write(Blob, "x");
+        write(DropboxBlob, "x");
         m_server->expireAccessTokens();
         std::vector<std::shared_ptr<BlobStore>> stores;
         std::vector<std::future<std::optional<Error>>> readers;
         for (int i = 0; i < 8; ++i) {
             stores.push_back(newStore());
             readers.push_back(std::async(std::launch::async, [this, store = stores.back()] {
-                return errorIn(store->read(Blob, Limit, m_future));
+                return errorIn(store->read(DropboxBlob, DropboxLimit, m_future));
             }));
         }
         for (std::future<std::optional<Error>> &reader : readers) {
             QCOMPARE(text(reader.get()), QString());
         }
-        QCOMPARE(m_server->count(TokenPath), 2);
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
     }
 
     void whenTheSignInIsGoodForNothingAnyMoreThePersonIsAskedToSignInAgain() {
@@ -331,7 +331,7 @@ private Q_SLOTS:
         QCOMPARE(text(error),
                  QStringLiteral("“%1” has to sign in to Dropbox again. Edit the location to do so.")
                      .arg(m_server->email()));
-        QCOMPARE(m_server->count(TokenPath), 2);
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
         signIn();
         QCOMPARE(m_store->open(m_future), std::nullopt);
     }
@@ -340,7 +340,7 @@ private Q_SLOTS:
         m_server->setAnswer(ListPath, 401, R"({"error":{".tag":"missing_scope"}})");
         QVERIFY(text(m_store->open(m_future))
                     .contains(QStringLiteral("has to sign in to Dropbox again")));
-        QCOMPARE(m_server->count(TokenPath), 2);
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
         QCOMPARE(m_server->count(ListPath), 2);
     }
 
@@ -397,7 +397,7 @@ private Q_SLOTS:
 
     void aServerThatWantsToBeLeftAloneForLongIsNotWaitedFor() {
         m_server->limitRate(UploadPath, 1, "3600");
-        const auto error = errorIn(write(Blob, "x"));
+        const auto error = errorIn(write(DropboxBlob, "x"));
         QCOMPARE(code(error), EngineErrorCode::StoreUnreachable);
         QVERIFY(text(error).contains(QStringLiteral("is busy. Try again later.")));
         QCOMPARE(m_server->count(UploadPath), 1);
@@ -405,7 +405,8 @@ private Q_SLOTS:
 
     void waitingForTheServerCanBeCancelled() {
         m_server->limitRate(UploadPath, 1, "100");
-        auto writer = std::async(std::launch::async, [this] { return errorIn(write(Blob, "x")); });
+        auto writer =
+            std::async(std::launch::async, [this] { return errorIn(write(DropboxBlob, "x")); });
         QTRY_COMPARE(m_server->count(UploadPath), 1);
         m_future.cancel();
         QCOMPARE(code(writer.get()), EngineErrorCode::Cancelled);
@@ -417,21 +418,23 @@ private Q_SLOTS:
     void aCancelledOperationSaysSo() {
         EngineFuture cancelled;
         cancelled.cancel();
-        QCOMPARE(code(errorIn(m_store->read(Blob, Limit, cancelled))), EngineErrorCode::Cancelled);
-        QCOMPARE(code(errorIn(m_store->writeIfAbsent(Blob, "x", cancelled))),
+        QCOMPARE(code(errorIn(m_store->read(DropboxBlob, DropboxLimit, cancelled))),
                  EngineErrorCode::Cancelled);
-        QCOMPARE(code(m_store->remove(Blob, cancelled)), EngineErrorCode::Cancelled);
+        QCOMPARE(code(errorIn(m_store->writeIfAbsent(DropboxBlob, "x", cancelled))),
+                 EngineErrorCode::Cancelled);
+        QCOMPARE(code(m_store->remove(DropboxBlob, cancelled)), EngineErrorCode::Cancelled);
         QVERIFY(m_server->files().isEmpty());
     }
 
     void aStalledOperationCanBeCancelled() {
-        for (const QString &path : {TokenPath, DownloadPath}) {
+        for (const QString &path : {DropboxServer::tokenPath(), DownloadPath}) {
             EngineFuture future;
             m_server->expireAccessTokens();
             m_server->setTrouble(path, DropboxServer::Trouble::Stalls);
             const int before = m_server->count(path);
-            auto reader = std::async(std::launch::async,
-                                     [&] { return errorIn(m_store->read(Blob, Limit, future)); });
+            auto reader = std::async(std::launch::async, [&] {
+                return errorIn(m_store->read(DropboxBlob, DropboxLimit, future));
+            });
             QTRY_COMPARE(m_server->count(path), before + 1);
             future.cancel();
             QCOMPARE(code(reader.get()), EngineErrorCode::Cancelled);
@@ -465,8 +468,9 @@ private Q_SLOTS:
         QFETCH(DropboxServer::Trouble, trouble);
         QFETCH(QString, expected);
         // So that every route has something to say.
-        m_server->putFile(Package + (path == UploadPath ? QStringLiteral("databases/x") : Blob),
-                          "contents");
+        m_server->putFile(
+            Package + (path == UploadPath ? QStringLiteral("databases/x") : DropboxBlob),
+            "contents");
         m_server->setTrouble(path, trouble);
         const auto store =
             trouble == DropboxServer::Trouble::Stalls ? impatientStore() : newStore();
@@ -514,7 +518,7 @@ private Q_SLOTS:
         QFETCH(EngineErrorCode, expectedCode);
         QFETCH(QString, expected);
         m_server->setAnswer(UploadPath, status, body);
-        const auto error = errorIn(write(Blob, "x"));
+        const auto error = errorIn(write(DropboxBlob, "x"));
         QCOMPARE(code(error), expectedCode);
         QVERIFY2(text(error).contains(expected), qPrintable(text(error)));
     }

@@ -52,11 +52,11 @@ private Q_SLOTS:
 
     void isTheSameAfterARestart() {
         TestHost host(FirstContents::Welcome);
-        const QString UUID = host.library().knownDatabases().at(2)->UUID();
+        const QString recipes = host.library().knownDatabases().at(2)->UUID();
         const QList<Note> notes = host.library().knownDatabases().at(2)->notes();
         host.restart();
         QCOMPARE(host.library().knownDatabases().size(), 3);
-        QCOMPARE(host.library().knownDatabases().at(2)->UUID(), UUID);
+        QCOMPARE(host.library().knownDatabases().at(2)->UUID(), recipes);
         QCOMPARE(host.library().knownDatabases().at(2)->notes(), notes);
         QCOMPARE(host.locations().syncLocations().first()->synchronizationStates().size(), 1);
     }

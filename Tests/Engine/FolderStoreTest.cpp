@@ -14,8 +14,8 @@ namespace {
 
 using Written = BlobStore::Written;
 
-const QString Blob = QStringLiteral("transactions/11111111-1111-4111-8111-111111111111/1-a");
-constexpr qint64 Limit = 1000;
+const QString FolderBlob = QStringLiteral("transactions/11111111-1111-4111-8111-111111111111/1-a");
+constexpr qint64 FolderLimit = 1000;
 
 template <class Value>
 QString description(const Result<Value> &result) {
@@ -52,7 +52,9 @@ private:
         return std::make_shared<EngineSyncLocation>(Url::fileURL(path))->createBlobStore();
     }
     QString path(const QString &name = {}) const { return m_store->place(name); }
-    Result<QByteArray> read(const QString &name) { return m_store->read(name, Limit, m_future); }
+    Result<QByteArray> read(const QString &name) {
+        return m_store->read(name, FolderLimit, m_future);
+    }
     Result<Written> write(const QString &name, const QByteArray &contents) {
         return m_store->writeIfAbsent(name, contents, m_future);
     }
@@ -93,29 +95,29 @@ private Q_SLOTS:
             "\0\xff"
             "bytes",
             7);
-        QCOMPARE(write(Blob, contents), Result<Written>(Written::New));
-        QCOMPARE(read(Blob), Result<QByteArray>(contents));
+        QCOMPARE(write(FolderBlob, contents), Result<Written>(Written::New));
+        QCOMPARE(read(FolderBlob), Result<QByteArray>(contents));
         QCOMPARE(write(QStringLiteral("transactions/empty"), {}), Result<Written>(Written::New));
         QCOMPARE(read(QStringLiteral("transactions/empty")), Result<QByteArray>(QByteArray()));
     }
 
     void aBlobIsNeverWrittenOver() {
-        QCOMPARE(write(Blob, "first"), Result<Written>(Written::New));
-        QCOMPARE(write(Blob, "second"), Result<Written>(Written::AlreadyThere));
-        QCOMPARE(read(Blob), Result<QByteArray>(QByteArray("first")));
+        QCOMPARE(write(FolderBlob, "first"), Result<Written>(Written::New));
+        QCOMPARE(write(FolderBlob, "second"), Result<Written>(Written::AlreadyThere));
+        QCOMPARE(read(FolderBlob), Result<QByteArray>(QByteArray("first")));
     }
 
     void writingLeavesNothingBesideTheBlob() {
-        write(Blob, "first");
-        write(Blob, "second");
-        QCOMPARE(allNames(Blob.section(u'/', 0, 1)), QStringList(QStringLiteral("1-a")));
+        write(FolderBlob, "first");
+        write(FolderBlob, "second");
+        QCOMPARE(allNames(FolderBlob.section(u'/', 0, 1)), QStringList(QStringLiteral("1-a")));
     }
 
     void ofManyWritersOfOneNameOneIsTheFirst() {
         std::vector<std::future<Result<Written>>> writers;
         for (int i = 0; i < 8; ++i) {
             writers.push_back(std::async(std::launch::async, [this, i] {
-                return write(Blob, QByteArray(900, static_cast<char>('a' + i)));
+                return write(FolderBlob, QByteArray(900, static_cast<char>('a' + i)));
             }));
         }
         int news = 0;
@@ -125,7 +127,7 @@ private Q_SLOTS:
             news += std::get<Written>(result) == Written::New ? 1 : 0;
         }
         QCOMPARE(news, 1);
-        const auto contents = std::get<QByteArray>(read(Blob));
+        const auto contents = std::get<QByteArray>(read(FolderBlob));
         QCOMPARE(contents, QByteArray(900, contents.front()));
     }
 
@@ -188,14 +190,14 @@ private Q_SLOTS:
     }
 
     void aMissingBlobIsToldApart() {
-        QCOMPARE(code(read(Blob)), EngineErrorCode::BlobMissing);
-        QVERIFY(description(read(Blob)).contains(path(Blob)));
+        QCOMPARE(code(read(FolderBlob)), EngineErrorCode::BlobMissing);
+        QVERIFY(description(read(FolderBlob)).contains(path(FolderBlob)));
     }
 
     void aBlobLongerThanTheLimitIsNotRead() {
-        write(Blob, QByteArray(Limit, 'x'));
-        QVERIFY(!errorOf(read(Blob)));
-        write(QStringLiteral("databases/long"), QByteArray(Limit + 1, 'x'));
+        write(FolderBlob, QByteArray(FolderLimit, 'x'));
+        QVERIFY(!errorOf(read(FolderBlob)));
+        write(QStringLiteral("databases/long"), QByteArray(FolderLimit + 1, 'x'));
         QCOMPARE(code(read(QStringLiteral("databases/long"))), EngineErrorCode::BlobRefused);
         // Nobody has so much memory.
         QFile huge(path(QStringLiteral("databases/huge")));
@@ -242,63 +244,65 @@ private Q_SLOTS:
     }
 
     void aBlobCanBeRemoved() {
-        write(Blob, "x");
-        QCOMPARE(m_store->remove(Blob, m_future), std::nullopt);
-        QCOMPARE(code(read(Blob)), EngineErrorCode::BlobMissing);
-        QCOMPARE(m_store->remove(Blob, m_future), std::nullopt);
+        write(FolderBlob, "x");
+        QCOMPARE(m_store->remove(FolderBlob, m_future), std::nullopt);
+        QCOMPARE(code(read(FolderBlob)), EngineErrorCode::BlobMissing);
+        QCOMPARE(m_store->remove(FolderBlob, m_future), std::nullopt);
         QCOMPARE(m_store->remove(QStringLiteral("transactions/none/x"), m_future), std::nullopt);
     }
 
     void aFolderIsNotRemoved() {
-        write(Blob, "x");
-        QVERIFY(m_store->remove(Blob.section(u'/', 0, 1), m_future));
-        QVERIFY(!errorOf(read(Blob)));
+        write(FolderBlob, "x");
+        QVERIFY(m_store->remove(FolderBlob.section(u'/', 0, 1), m_future));
+        QVERIFY(!errorOf(read(FolderBlob)));
     }
 
     void aCancelledOperationSaysSo() {
         EngineFuture cancelled;
         cancelled.cancel();
-        QCOMPARE(code(m_store->read(Blob, Limit, cancelled)), EngineErrorCode::Cancelled);
-        QCOMPARE(code(m_store->writeIfAbsent(Blob, "x", cancelled)), EngineErrorCode::Cancelled);
+        QCOMPARE(code(m_store->read(FolderBlob, FolderLimit, cancelled)),
+                 EngineErrorCode::Cancelled);
+        QCOMPARE(code(m_store->writeIfAbsent(FolderBlob, "x", cancelled)),
+                 EngineErrorCode::Cancelled);
         QCOMPARE(code(m_store->list(QStringLiteral("databases"), cancelled)),
                  EngineErrorCode::Cancelled);
-        QVERIFY(m_store->remove(Blob, cancelled));
-        QVERIFY(!QFileInfo::exists(path(Blob)));
+        QVERIFY(m_store->remove(FolderBlob, cancelled));
+        QVERIFY(!QFileInfo::exists(path(FolderBlob)));
     }
 
     void aFullVolumeSaysSoAndKeepsNoPartOfTheBlob() {
         const PrivateVolume volume(m_host->directory() + QStringLiteral("/small"), 64 * 1024);
         makePackageOn(m_host->directory() + QStringLiteral("/small"));
-        const Result<Written> result = write(Blob, QByteArray(128 * 1024, 'x'));
+        const Result<Written> result = write(FolderBlob, QByteArray(128 * 1024, 'x'));
         QCOMPARE(code(result), EngineErrorCode::StoreFull);
         QVERIFY(description(result).contains(QStringLiteral("is full")));
         QVERIFY(description(result).contains(path()));
-        QCOMPARE(allNames(Blob.section(u'/', 0, 1)), QStringList());
-        QCOMPARE(write(Blob, "x"), Result<Written>(Written::New));
+        QCOMPARE(allNames(FolderBlob.section(u'/', 0, 1)), QStringList());
+        QCOMPARE(write(FolderBlob, "x"), Result<Written>(Written::New));
     }
 
     void aReadOnlyVolumeCanBeReadAndSaysSoWhenWritten() {
         PrivateVolume volume(m_host->directory() + QStringLiteral("/optical"), 1 << 20);
         makePackageOn(m_host->directory() + QStringLiteral("/optical"));
-        write(Blob, "x");
+        write(FolderBlob, "x");
         volume.makeReadOnly();
         QCOMPARE(descriptionOfOpening(*m_store), QString());
-        QVERIFY(!errorOf(read(Blob)));
+        QVERIFY(!errorOf(read(FolderBlob)));
         for (const char *name : {"databases/x", "transactions/22222222/x"}) {
             const Result<Written> result = write(QString::fromLatin1(name), "x");
             QCOMPARE(code(result), EngineErrorCode::AccessDenied);
             QVERIFY(description(result).contains(QStringLiteral("is read-only")));
         }
-        QVERIFY(m_store->remove(Blob, m_future));
+        QVERIFY(m_store->remove(FolderBlob, m_future));
     }
 
     void aStoreOfSomebodyElseSaysSo() {
-        write(Blob, "x");
+        write(FolderBlob, "x");
         // Folders of tests are private.
         QVERIFY(QFile::setPermissions(QFileInfo(path()).path(), QFileDevice::Permissions(0x7755)));
         const Unprivileged unprivileged;
         QCOMPARE(descriptionOfOpening(*m_store), QString());
-        QVERIFY(!errorOf(read(Blob)));
+        QVERIFY(!errorOf(read(FolderBlob)));
         const Result<Written> result = write(QStringLiteral("databases/x"), "x");
         QCOMPARE(code(result), EngineErrorCode::AccessDenied);
         QVERIFY(description(result).contains(QStringLiteral("do not have permission")));
@@ -333,20 +337,20 @@ private Q_SLOTS:
         std::optional<PrivateVolume> stick;
         stick.emplace(QStringLiteral("/mnt/stick"), 1 << 20);
         makePackageOn(QStringLiteral("/mnt/stick"));
-        write(Blob, "x");
+        write(FolderBlob, "x");
         stick.reset();
         custom.reset();
         for (const QString &text :
-             {description(read(Blob)), description(write(Blob, "x")),
+             {description(read(FolderBlob)), description(write(FolderBlob, "x")),
               description(m_store->list(QStringLiteral("transactions"), m_future))}) {
             QVERIFY2(text.contains(QStringLiteral("is not mounted")), qPrintable(text));
         }
 
         m_store = storeAt(m_host->directory() + QStringLiteral("/Gone.qvSyncStore"));
-        const Result<QByteArray> result = read(Blob);
+        const Result<QByteArray> result = read(FolderBlob);
         QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
         QVERIFY(description(result).contains(QStringLiteral("is not there")));
-        QVERIFY(m_store->remove(Blob, m_future));
+        QVERIFY(m_store->remove(FolderBlob, m_future));
     }
 
     void aPackageOnAPathThroughASymbolicLinkIsFine() {
@@ -354,33 +358,34 @@ private Q_SLOTS:
         QVERIFY(QFile::link(path(), link));
         const std::shared_ptr<BlobStore> store = storeAt(link);
         QCOMPARE(descriptionOfOpening(*store), QString());
-        write(Blob, "x");
-        QCOMPARE(store->read(Blob, Limit, m_future), Result<QByteArray>(QByteArray("x")));
+        write(FolderBlob, "x");
+        QCOMPARE(store->read(FolderBlob, FolderLimit, m_future),
+                 Result<QByteArray>(QByteArray("x")));
     }
 
     void aSandboxedProfileReachesGrantedFoldersOnly() {
         EngineSyncPlugin &plugin = m_host->engine().plugin();
-        write(Blob, "x");
+        write(FolderBlob, "x");
         QCOMPARE(plugin.setUsesSandboxedAccess(true), std::nullopt);
         const std::optional<Error> error = m_store->open(m_future);
         QCOMPARE(error.value_or(Error()).code, static_cast<int>(EngineErrorCode::AccessDenied));
         QVERIFY(error->localizedDescription.contains(path()));
         QVERIFY(error->localizedDescription.contains(QStringLiteral("Folder Access")));
         for (const QString &text :
-             {description(read(Blob)), description(write(QStringLiteral("databases/x"), "x")),
+             {description(read(FolderBlob)), description(write(QStringLiteral("databases/x"), "x")),
               description(m_store->list(QStringLiteral("databases"), m_future)),
-              m_store->remove(Blob, m_future).value_or(Error()).localizedDescription}) {
+              m_store->remove(FolderBlob, m_future).value_or(Error()).localizedDescription}) {
             QCOMPARE(text, error->localizedDescription);
         }
         QVERIFY(!QFileInfo::exists(path(QStringLiteral("databases/x"))));
 
         plugin.bookmarkURL(Url::fileURL(path()));
         QCOMPARE(descriptionOfOpening(*m_store), QString());
-        QVERIFY(!errorOf(read(Blob)));
+        QVERIFY(!errorOf(read(FolderBlob)));
         plugin.removeBookmarkForURL(Url::fileURL(path()));
-        QCOMPARE(code(read(Blob)), EngineErrorCode::AccessDenied);
+        QCOMPARE(code(read(FolderBlob)), EngineErrorCode::AccessDenied);
         QCOMPARE(plugin.setUsesSandboxedAccess(false), std::nullopt);
-        QVERIFY(!errorOf(read(Blob)));
+        QVERIFY(!errorOf(read(FolderBlob)));
     }
 
     void aGrantHoldsForWhatIsInTheFolderAlsoInALaterRun() {
@@ -440,7 +445,7 @@ private Q_SLOTS:
                                 "/../outside/Trip.qvSyncStore", "/./../outside/Trip.qvSyncStore"}) {
             const auto store = storeAt(granted + QLatin1StringView(way));
             QVERIFY2(descriptionOfOpening(*store).contains(QStringLiteral("has no access")), way);
-            QCOMPARE(code(store->writeIfAbsent(Blob, "x", m_future)),
+            QCOMPARE(code(store->writeIfAbsent(FolderBlob, "x", m_future)),
                      EngineErrorCode::AccessDenied);
         }
         // A grant for the way there is one for where it leads.
@@ -460,8 +465,8 @@ private Q_SLOTS:
         QCOMPARE(descriptionOfOpening(*m_store), QString());
         QVERIFY(QDir(package).removeRecursively());
         QVERIFY(QFile::link(outside + QStringLiteral("/Trip.qvSyncStore"), package));
-        QCOMPARE(code(write(Blob, "x")), EngineErrorCode::AccessDenied);
-        QVERIFY(!QFileInfo::exists(outside + QStringLiteral("/Trip.qvSyncStore/") + Blob));
+        QCOMPARE(code(write(FolderBlob, "x")), EngineErrorCode::AccessDenied);
+        QVERIFY(!QFileInfo::exists(outside + QStringLiteral("/Trip.qvSyncStore/") + FolderBlob));
     }
 
     void theProfilesOwnFolderNeedsNoGrant() {
@@ -478,9 +483,9 @@ private Q_SLOTS:
         const QString text = QStringLiteral("This location has no address yet.");
         QCOMPARE(descriptionOfOpening(*store), text);
         QCOMPARE(description(store->list(QStringLiteral("databases"), m_future)), text);
-        QCOMPARE(description(store->read(Blob, Limit, m_future)), text);
-        QCOMPARE(description(store->writeIfAbsent(Blob, "x", m_future)), text);
-        QVERIFY(store->remove(Blob, m_future));
+        QCOMPARE(description(store->read(FolderBlob, FolderLimit, m_future)), text);
+        QCOMPARE(description(store->writeIfAbsent(FolderBlob, "x", m_future)), text);
+        QVERIFY(store->remove(FolderBlob, m_future));
     }
 };
 

@@ -19,7 +19,7 @@ using Connection = ScriptedServer::Connection;
 using Written = BlobStore::Written;
 
 const QString UUID = QStringLiteral("11111111-1111-4111-8111-111111111111");
-const QString Blob = QStringLiteral("transactions/%1/1-a").arg(UUID);
+const QString WebDAVBlob = QStringLiteral("transactions/%1/1-a").arg(UUID);
 const QString Package = QStringLiteral("Trip%20%26%20more.qvSyncStore");
 constexpr HttpClient::Timeouts Hasty = {.idle = 300ms, .total = 2s};
 
@@ -126,25 +126,25 @@ private Q_SLOTS:
         QVERIFY(QFileInfo(file(QStringLiteral("databases"))).isDir());
         QVERIFY(QFileInfo(file(QStringLiteral("transactions"))).isDir());
         const QByteArray contents("\0\xff and more", 11);
-        QCOMPARE(write(Blob, contents), Result<Written>(Written::New));
-        QCOMPARE(read(Blob), Result<QByteArray>(contents));
+        QCOMPARE(write(WebDAVBlob, contents), Result<Written>(Written::New));
+        QCOMPARE(read(WebDAVBlob), Result<QByteArray>(contents));
         QCOMPARE(list(QStringLiteral("transactions")), Result<QStringList>(QStringList(UUID)));
-        QCOMPARE(list(Blob.section(u'/', 0, 1)),
+        QCOMPARE(list(WebDAVBlob.section(u'/', 0, 1)),
                  Result<QStringList>(QStringList(QStringLiteral("1-a"))));
-        QCOMPARE(m_store->remove(Blob, m_future), std::nullopt);
-        QCOMPARE(code(read(Blob)), EngineErrorCode::BlobMissing);
-        QCOMPARE(m_store->remove(Blob, m_future), std::nullopt);
-        QCOMPARE(list(Blob.section(u'/', 0, 1)), Result<QStringList>(QStringList()));
+        QCOMPARE(m_store->remove(WebDAVBlob, m_future), std::nullopt);
+        QCOMPARE(code(read(WebDAVBlob)), EngineErrorCode::BlobMissing);
+        QCOMPARE(m_store->remove(WebDAVBlob, m_future), std::nullopt);
+        QCOMPARE(list(WebDAVBlob.section(u'/', 0, 1)), Result<QStringList>(QStringList()));
     }
 
     void aLargeBlobMayBeTheFirstRequest() {
         start({.authentication = Authentication::Digest});
         QCOMPARE(open(m_server->URLText(Package)), std::nullopt);
         const QByteArray contents(3 << 20, 'x');
-        QCOMPARE(write(Blob, contents), Result<Written>(Written::New));
-        QCOMPARE(read(Blob, contents.size()), Result<QByteArray>(contents));
-        QCOMPARE(code(read(Blob, contents.size() - 1)), EngineErrorCode::BlobRefused);
-        QVERIFY(description(read(Blob)).contains(QStringLiteral("too long")));
+        QCOMPARE(write(WebDAVBlob, contents), Result<Written>(Written::New));
+        QCOMPARE(read(WebDAVBlob, contents.size()), Result<QByteArray>(contents));
+        QCOMPARE(code(read(WebDAVBlob, contents.size() - 1)), EngineErrorCode::BlobRefused);
+        QVERIFY(description(read(WebDAVBlob)).contains(QStringLiteral("too long")));
     }
 
     void aBlobIsNeverWrittenOver() {
@@ -153,17 +153,17 @@ private Q_SLOTS:
         std::vector<std::future<Result<Written>>> writers;
         for (int i = 0; i < 6; ++i) {
             writers.push_back(std::async(std::launch::async, [this, i] {
-                return write(Blob, QByteArray(900, static_cast<char>('a' + i)));
+                return write(WebDAVBlob, QByteArray(900, static_cast<char>('a' + i)));
             }));
         }
         for (std::future<Result<Written>> &writer : writers) {
             const Result<Written> result = writer.get();
             QVERIFY2(!errorOf(result), qPrintable(description(result)));
         }
-        const auto first = std::get<QByteArray>(read(Blob));
+        const auto first = std::get<QByteArray>(read(WebDAVBlob));
         QCOMPARE(first, QByteArray(900, first.front()));
-        QCOMPARE(write(Blob, "late"), Result<Written>(Written::AlreadyThere));
-        QCOMPARE(read(Blob), Result<QByteArray>(first));
+        QCOMPARE(write(WebDAVBlob, "late"), Result<Written>(Written::AlreadyThere));
+        QCOMPARE(read(WebDAVBlob), Result<QByteArray>(first));
     }
 
     void anyNameComesBackAsItWas() {
@@ -224,9 +224,9 @@ private Q_SLOTS:
     void openingTwiceFindsThePackage() {
         start({});
         QCOMPARE(m_store->open(m_future), std::nullopt);
-        write(Blob, "x");
+        write(WebDAVBlob, "x");
         QCOMPARE(m_store->open(m_future), std::nullopt);
-        QCOMPARE(read(Blob), Result<QByteArray>(QByteArray("x")));
+        QCOMPARE(read(WebDAVBlob), Result<QByteArray>(QByteArray("x")));
     }
 
     void anEmptyOrHalfMadePackageIsCompleted() {
@@ -327,8 +327,8 @@ private Q_SLOTS:
         m_store = storeAt(m_server->URLText(QStringLiteral("read-only/s.qvSyncStore")));
         QCOMPARE(description(m_store->open(m_future)), QString());
         QCOMPARE(list(QStringLiteral("databases")), Result<QStringList>(QStringList()));
-        QCOMPARE(code(write(Blob, "x")), EngineErrorCode::AccessDenied);
-        QCOMPARE(code(m_store->remove(Blob, m_future)), EngineErrorCode::AccessDenied);
+        QCOMPARE(code(write(WebDAVBlob, "x")), EngineErrorCode::AccessDenied);
+        QCOMPARE(code(m_store->remove(WebDAVBlob, m_future)), EngineErrorCode::AccessDenied);
         const std::optional<Error> error =
             open(m_server->URLText(QStringLiteral("read-only/new.qvSyncStore")));
         QCOMPARE(code(error), EngineErrorCode::AccessDenied);
@@ -339,11 +339,11 @@ private Q_SLOTS:
         const PrivateVolume volume(folder.path(), 256 * 1024);
         start({.folder = folder.path()});
         QCOMPARE(description(m_store->open(m_future)), QString());
-        const Result<Written> result = write(Blob, QByteArray(1 << 20, 'x'));
+        const Result<Written> result = write(WebDAVBlob, QByteArray(1 << 20, 'x'));
         QCOMPARE(code(result), EngineErrorCode::StoreFull);
         QCOMPARE(description(result), QStringLiteral("The server “%1” is full.").arg(server()));
-        QCOMPARE(code(read(Blob)), EngineErrorCode::BlobMissing);
-        QCOMPARE(write(Blob, "x"), Result<Written>(Written::New));
+        QCOMPARE(code(read(WebDAVBlob)), EngineErrorCode::BlobMissing);
+        QCOMPARE(write(WebDAVBlob, "x"), Result<Written>(Written::New));
     }
 
     void aServerWithoutWebDAVIsToldApart() {
@@ -381,9 +381,9 @@ private Q_SLOTS:
         const ScriptedServer scripted(always(status));
         m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
         for (const QString &text :
-             {description(m_store->open(m_future)), description(read(Blob)),
-              description(write(Blob, "x")), description(list(QStringLiteral("databases"))),
-              description(m_store->remove(Blob, m_future))}) {
+             {description(m_store->open(m_future)), description(read(WebDAVBlob)),
+              description(write(WebDAVBlob, "x")), description(list(QStringLiteral("databases"))),
+              description(m_store->remove(WebDAVBlob, m_future))}) {
             QVERIFY2(text.contains(words), qPrintable(text));
         }
     }
@@ -461,8 +461,8 @@ private Q_SLOTS:
     void aPlainFileInPlaceOfAFolderIsRefused() {
         start({});
         QCOMPARE(m_store->open(m_future), std::nullopt);
-        write(Blob, "x");
-        QVERIFY(errorOf(list(Blob)));
+        write(WebDAVBlob, "x");
+        QVERIFY(errorOf(list(WebDAVBlob)));
         const ScriptedServer scripted(always(
             "207 Multi-Status",
             multiStatus("<D:response><D:href>/s.qvSyncStore/databases</D:href></D:response>")));
@@ -494,7 +494,7 @@ private Q_SLOTS:
             connection.waitUntilClosed();
         });
         m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
-        QVERIFY(description(read(Blob)).contains(QStringLiteral("is not understood")));
+        QVERIFY(description(read(WebDAVBlob)).contains(QStringLiteral("is not understood")));
     }
 
     void aWriteWhoseAnswerIsLostIsFoundByTheNextTry() {

@@ -248,8 +248,8 @@ private:
     }
 
     void remove(Replica *replica) {
-        const QList<Note> notes = sortedNotes(replica);
-        if (!notes.isEmpty() && happens(40)) {
+        const QList<Note> notes = happens(40) ? sortedNotes(replica) : QList<Note>();
+        if (!notes.isEmpty()) {
             const Note &note = notes[upTo(static_cast<int>(notes.size()))];
             require(replica->library().synchronizedDatabase(m_UUID)->removeNote(note.UUID));
             m_edits[note.revision].isSuperseded = true;

@@ -17,7 +17,6 @@ namespace {
 
 const QString ApplicationKey = QStringLiteral("velmora-test-key");
 const QString AuthorizePath = QStringLiteral("/oauth2/authorize");
-const QString TokenPath = QStringLiteral("/oauth2/token");
 const QString APIPath = QStringLiteral("/2");
 const QString ContentPath = QStringLiteral("/content/2");
 const QString Scope =
@@ -87,7 +86,7 @@ void DropboxServer::configure() const {
     UserDefaults::setValue(Configuration::ApplicationKeyDefault, ApplicationKey);
     UserDefaults::setValue(Configuration::AuthorizeAddressDefault,
                            address(AuthorizePath).toString());
-    UserDefaults::setValue(Configuration::TokenAddressDefault, address(TokenPath).toString());
+    UserDefaults::setValue(Configuration::TokenAddressDefault, address(tokenPath()).toString());
     UserDefaults::setValue(Configuration::APIAddressDefault, address(APIPath).toString());
     UserDefaults::setValue(Configuration::ContentAddressDefault, address(ContentPath).toString());
 }
@@ -285,7 +284,7 @@ std::optional<DropboxServer::Answer> DropboxServer::answerLocked(const Request &
     if (request.path == AuthorizePath) {
         return m_person == Person::LooksAway ? std::nullopt : std::optional(authorizePage(request));
     }
-    return request.path == TokenPath ? token(request) : route(request);
+    return request.path == tokenPath() ? token(request) : route(request);
 }
 
 std::optional<DropboxServer::Answer> DropboxServer::limited(const QString &path) {

@@ -27,6 +27,9 @@ public:
         /// The browser comes back with neither a code nor an error.
         GetsLost
     };
+    /// Where tokens are asked for.
+    static QString tokenPath() { return QStringLiteral("/oauth2/token"); }
+
     enum class Trouble {
         None,
         /// Reads, and answers nothing.

@@ -52,9 +52,9 @@ private:
     Script *const m_script;
 };
 
-class ScriptedLocation : public QVSyncLocation {
+class LocationOfScript : public QVSyncLocation {
 public:
-    explicit ScriptedLocation(Script *script) : m_script(script) {}
+    explicit LocationOfScript(Script *script) : m_script(script) {}
 
     Url URL() const override { return {}; }
     void setURL(const Url & /*URL*/) override {}
@@ -421,7 +421,7 @@ private Q_SLOTS:
                       errorFor(closeError),
                       {}};
         const auto row =
-            Selection::selectionWithDatabase(nullptr, std::make_shared<ScriptedLocation>(&script));
+            Selection::selectionWithDatabase(nullptr, std::make_shared<LocationOfScript>(&script));
         bool isDone = false;
         bool deliversDatabases = false;
         row->fetchDatabasesWithCompletionHandler([&](const auto &databases, const auto &error) {

@@ -9,11 +9,11 @@
 #include "Support/TestMain.h"
 
 using namespace std::chrono_literals;
-using Person = PromptingSecretService::Person;
 
 /// Each store is a run of its own.
 class SecretStoreTest : public QObject {
     Q_OBJECT
+    using Person = PromptingSecretService::Person;
 
     static constexpr std::chrono::milliseconds Short = 300ms;
 
