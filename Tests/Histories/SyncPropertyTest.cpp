@@ -229,12 +229,11 @@ private:
     }
 
     void edit(Replica *replica) {
-        const QList<Note> notes = sortedNotes(replica);
         if (!replica->library().synchronizedDatabase(m_UUID)) {
             return;
         }
-        const bool isNew = notes.isEmpty() || happens(20);
-        const Note note = isNew ? Note() : notes[upTo(static_cast<int>(notes.size()))];
+        const QList<Note> notes = happens(20) ? QList<Note>() : sortedNotes(replica);
+        const Note note = notes.isEmpty() ? Note() : notes[upTo(static_cast<int>(notes.size()))];
         if (happens(10)) {
             m_readLongAgo.insert(replica, note);
         }
@@ -382,7 +381,7 @@ private:
             taking.append(&replicas[i]);
         }
         History history(taking, 1 + upTo(2));
-        history.run(seed % 10 == 0 ? 1000 : 100 + upTo(300));
+        history.run(seed % 10 == 0 ? 1000 : 100 + upTo(200));
         history.settle();
         for (Replica *replica : history.replicas()) {
             history.verify(replica);
