@@ -46,7 +46,7 @@ int callsPerSample(const Report::Work &work) {
     return calls;
 }
 
-double median(std::vector<double> values) {
+double medianOf(std::vector<double> values) {
     const auto middle = values.begin() + static_cast<qsizetype>(values.size() / 2);
     std::nth_element(values.begin(), middle, values.end());
     return *middle;
@@ -106,7 +106,7 @@ Row Report::compare(const QString &name, const Work &ours, const Work &yardstick
         yardstickTimes.push_back(nanosecondsFor(yardstick, yardstickCalls) / yardstickCalls);
     }
 
-    Row row{name, median(oursTimes), median(yardstickTimes), QStringLiteral("ns"), aim};
+    Row row{name, medianOf(oursTimes), medianOf(yardstickTimes), QStringLiteral("ns"), aim};
     for (const QString &unit : {QStringLiteral("µs"), QStringLiteral("ms")}) {
         if (row.yardstick >= 10'000) {
             row.ours /= 1000;
@@ -116,6 +116,19 @@ Row Report::compare(const QString &name, const Work &ours, const Work &yardstick
     }
     add(row);
     return row;
+}
+
+double Benchmark::median(const std::function<double()> &sample) {
+    constexpr int samples = 5;
+    std::vector<double> values;
+    for (int i = -1; i < samples; ++i) {
+        const double value = sample();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        if (i >= 0) {
+            values.push_back(value);
+        }
+    }
+    return medianOf(values);
 }
 
 Row Report::addGeometricMean(const QString &name, const QList<Row> &rows,

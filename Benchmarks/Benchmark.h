@@ -64,6 +64,10 @@ public:
     Suite(const QString &name, const std::function<void(Report &)> &run);
 };
 
+/// The median of five of what `sample` answers, after a first one with cold caches. What is to be
+/// deleted later goes after each.
+double median(const std::function<double()> &sample);
+
 /// Makes the optimizer believe that `value` is read.
 template <typename T>
 void keep(T &&value) {

@@ -1,7 +1,6 @@
 #include <QtCore/QThreadPool>
 #include <QtCore/QUuid>
 #include <QtWidgets/QApplication>
-#include <algorithm>
 #include <ctime>
 
 #include "Benchmarks/Benchmark.h"
@@ -64,14 +63,7 @@ private:
 
 double medianTimeToList(int records, int localDatabases) {
     const ManyDatabases databases(records, localDatabases);
-    QList<double> samples;
-    for (int i = 0; i < 6; ++i) {
-        samples.append(databases.timeToList());
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    samples.removeFirst();  // the caches were cold
-    std::sort(samples.begin(), samples.end());
-    return samples[samples.size() / 2];
+    return Benchmark::median([&] { return databases.timeToList(); });
 }
 
 void measureImport(Benchmark::Report &report) {

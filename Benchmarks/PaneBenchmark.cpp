@@ -1,6 +1,5 @@
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QApplication>
-#include <algorithm>
 #include <ctime>
 
 #include "Benchmarks/Benchmark.h"
@@ -64,14 +63,7 @@ double timeToShow() {
 
 double medianTimeToShow(int databases, int locations) {
     const Host host(databases, locations);
-    QList<double> samples;
-    for (int i = 0; i < 6; ++i) {
-        samples.append(timeToShow());
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    samples.removeFirst();  // the caches were cold
-    std::sort(samples.begin(), samples.end());
-    return samples[samples.size() / 2];
+    return Benchmark::median(&timeToShow);
 }
 
 void run(Benchmark::Report &report) {

@@ -57,6 +57,25 @@ int saveUntilKilled(const QString &profile, const QString &prefix) {
     }
 }
 
+/// Says when the profile is open and when everything is synchronized, and waits to be killed.
+int importUntilKilled(const QString &profile) {
+    TestApplication application;
+    SyncEngine engine;
+    application.setEngine(&engine);
+    if (const auto error = engine.openProfile(profile)) {
+        std::fprintf(stderr, "%s\n", qPrintable(error->localizedDescription));
+        return EXIT_FAILURE;
+    }
+    std::puts("open");
+    std::fflush(stdout);
+    engine.plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+        allStates(engine), [] {
+            std::puts("imported");
+            std::fflush(stdout);
+        });
+    return QCoreApplication::exec();
+}
+
 }  // namespace
 
 class KilledProcessTest : public QObject {
@@ -82,6 +101,21 @@ private:
         }
         return QString::fromUtf8(output.left(output.lastIndexOf('\n')))
             .split(u'\n', Qt::SkipEmptyParts);
+    }
+
+    /// Kills it `milliseconds` after its beginning, or when it is done.
+    static void killDuringImport(const QString &profile, int milliseconds) {
+        QProcess process;
+        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process.start(QCoreApplication::applicationFilePath(),
+                      {QStringLiteral("KilledProcessTest"), QStringLiteral("--import-until-killed"),
+                       profile});
+        QVERIFY(process.waitForReadyRead(30000));
+        process.readAll();
+        process.waitForReadyRead(milliseconds);
+        process.kill();
+        process.waitForFinished();
+        QCOMPARE(process.exitStatus(), QProcess::CrashExit);
     }
 
     static void verifyHolds(const NoteDatabase &database, const QStringList &reported) {
@@ -146,6 +180,37 @@ private Q_SLOTS:
         verifyHolds(*projects(host.engine()), reported);
         QCOMPARE(projects(host.engine())->notes().size(), notes.size());
     }
+
+    void anImportThatWasKilledIsFinishedByTheNextStart() {
+        TestHost host;
+        const auto database = host.addDatabase(DatabaseName);
+        const QString UUID = database->UUID();
+        const QString store = host.makeSyncStore(QStringLiteral("Shared"));
+        QStringList titles;
+        for (int i = 0; i < 300; ++i) {
+            Note note{{}, QStringLiteral("Note %1").arg(i), QStringLiteral("again"), {}};
+            QCOMPARE(database->saveNote(note), std::nullopt);
+            titles.append(note.title);
+        }
+        host.addState(host.addLocation(store), database);
+        host.save();
+        synchronize(host.engine());
+
+        std::mt19937 randomBits(2);
+        for (int round = 0; round < 12; ++round) {
+            const QString computer = QStringLiteral("Computer %1").arg(round);
+            host.goToComputer(computer);
+            host.addLocation(store)->addStateForDatabaseWithUUID(UUID, DatabaseName);
+            host.save();
+            const QString profile = host.directory();
+            host.goToComputer(QStringLiteral("Profile"));
+            killDuringImport(profile, static_cast<int>(randomBits() % 60));
+            host.goToComputer(computer);
+            synchronize(host.engine());
+            verifyHolds(*projects(host.engine()), titles);
+            QCOMPARE(projects(host.engine())->notes().size(), titles.size());
+        }
+    }
 };
 
 VELMORA_TEST_PROGRAM(KilledProcessTest)(int argumentCount, char **arguments) {
@@ -154,6 +219,9 @@ VELMORA_TEST_PROGRAM(KilledProcessTest)(int argumentCount, char **arguments) {
     const QStringList given = QCoreApplication::arguments();
     if (given.value(1) == QStringLiteral("--save-until-killed")) {
         return saveUntilKilled(given.value(2), given.value(3));
+    }
+    if (given.value(1) == QStringLiteral("--import-until-killed")) {
+        return importUntilKilled(given.value(2));
     }
     KilledProcessTest test;
     return QTest::qExec(&test, argumentCount, arguments);
