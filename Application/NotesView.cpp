@@ -106,11 +106,16 @@ void NotesView::showNotes() {
 void NotesView::showNote(int row) {
     const Note wanted = row >= 0 ? m_notes.at(row) : Note();
     commit();
+    if (m_isEdited) {
+        // It could not be saved, and nobody leaves it before it is.
+        const QSignalBlocker blocker(m_list);
+        m_list->setCurrentRow(rowOf(m_note));
+        return;
+    }
     // Saving may have moved the rows.
     m_row = rowOf(wanted);
     const bool isNote = m_row >= 0;
     m_note = isNote ? m_notes.at(m_row) : Note();
-    m_isEdited = false;
     {
         const QSignalBlocker blocker(m_list);
         m_list->setCurrentRow(m_row);
@@ -151,7 +156,7 @@ void NotesView::commit() {
     note.text = m_text->toPlainText();
     note.modified = QDateTime::currentDateTime();
     const std::optional<Error> error = m_database->saveNote(note);
-    // What could not be saved is tried again with what is typed next, or when the note is left.
+    // What could not be saved is tried again with what is typed next, or where another is chosen.
     m_isEdited = error.has_value();
     presentIfAny(error);
 }

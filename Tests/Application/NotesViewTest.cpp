@@ -72,6 +72,20 @@ private Q_SLOTS:
         QCOMPARE(m_database->notes().first().text, QStringLiteral("typed"));
     }
 
+    void aNoteThatCannotBeSavedIsNotLeft() {
+        Note second{{}, QStringLiteral("Second"), QStringLiteral("2"), {}};
+        QCOMPARE(m_database->saveNote(second), std::nullopt);
+        m_host->makeSavesFail();
+        text()->setPlainText(QStringLiteral("typed"));
+        list()->setCurrentRow(1);
+        QCOMPARE(list()->currentRow(), 0);
+        QCOMPARE(text()->toPlainText(), QStringLiteral("typed"));
+        m_host->letSavesPass();
+        list()->setCurrentRow(1);
+        QCOMPARE(text()->toPlainText(), QStringLiteral("2"));
+        QCOMPARE(m_database->notes().first().text, QStringLiteral("typed"));
+    }
+
     void whatComesWhileTypingIsKeptBesideIt() {
         text()->setPlainText(QStringLiteral("typed"));
         receive({{Operation::make(m_first.UUID, QStringLiteral("First"),
