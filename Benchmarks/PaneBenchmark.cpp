@@ -5,7 +5,7 @@
 #include "Benchmarks/Benchmark.h"
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
-#include "Engine/SyncEngine.h"
+#include "Engine/Plugin/SyncEngine.h"
 #include "Host/QVApplication.h"
 #include "Host/QVSyncLocationsController.h"
 

@@ -6,7 +6,7 @@
 #include <ctime>
 
 #include "Benchmarks/Benchmark.h"
-#include "Engine/SyncEngine.h"
+#include "Engine/Plugin/SyncEngine.h"
 #include "Host/QVApplication.h"
 
 namespace {

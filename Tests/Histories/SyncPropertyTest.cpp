@@ -1,11 +1,11 @@
 #include <random>
 
-#include "Engine/CleanSession.h"
-#include "Engine/EngineFuture.h"
-#include "Engine/EngineNoteLibrary.h"
-#include "Engine/FirstContents.h"
-#include "Engine/ProfileDatabase.h"
-#include "Engine/SyncSession.h"
+#include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Profile/FirstContents.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Synchronization/CleanSession.h"
+#include "Engine/Synchronization/SyncSession.h"
 #include "Support/MemoryStore.h"
 #include "Support/TestMain.h"
 

@@ -11,7 +11,7 @@
 #include "Controller/Preferences/QVDropboxLocationEditor.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Controller/QVImportDatabasesController.h"
-#include "Engine/DropboxConfiguration.h"
+#include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Other Sources/QVURLCredentialUtilities.h"
 #include "Platform/Foundation/UserDefaults.h"

@@ -10,7 +10,7 @@
 #include <QtNetwork/QTcpSocket>
 #include <stdexcept>
 
-#include "Engine/DropboxConfiguration.h"
+#include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Platform/Foundation/UserDefaults.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include "Support/MemoryStore.h"
 
-#include "Engine/EngineError.h"
-#include "Engine/EngineSyncLocation.h"
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Locations/EngineSyncLocation.h"
 
 namespace {
 

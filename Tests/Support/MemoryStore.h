@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "Engine/BlobStore.h"
+#include "Engine/Stores/BlobStore.h"
 
 /// A store in memory that fails as it is told to.
 class MemoryStore : public BlobStore {

@@ -1,6 +1,6 @@
 #include "Support/ScriptedHost.h"
 
-#include "Engine/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnection.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncStore.h"
 #include "Platform/KeyValue/KeyValue.h"

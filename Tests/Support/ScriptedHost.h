@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "Engine/EngineFuture.h"
+#include "Engine/Foundation/EngineFuture.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"

@@ -3,7 +3,7 @@
 #include <QtCore/QMutex>
 #include <QtCore/QThread>
 
-#include "Engine/EngineSyncLocation.h"
+#include "Engine/Locations/EngineSyncLocation.h"
 #include "Host/QVSyncStore.h"
 
 /// A future that remembers who cancelled it.

@@ -2,7 +2,7 @@
 
 #include <QtCore/QCoreApplication>
 
-#include "Engine/SyncEngine.h"
+#include "Engine/Plugin/SyncEngine.h"
 
 TestApplication::TestApplication() {
     setNSApp(this);

@@ -3,7 +3,7 @@
 #include <QtCore/QDir>
 #include <stdexcept>
 
-#include "Engine/InboxUUID.h"
+#include "Engine/Notes/InboxUUID.h"
 #include "Host/QVSyncStore.h"
 
 namespace {

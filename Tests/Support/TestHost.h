@@ -2,7 +2,7 @@
 
 #include <QtCore/QTemporaryDir>
 
-#include "Engine/SyncEngine.h"
+#include "Engine/Plugin/SyncEngine.h"
 #include "Support/TestApplication.h"
 
 /// The real engine on a fresh profile of its own, in the test's process. Whatever fails that a test

@@ -6,7 +6,7 @@
 #include <QtWidgets/QSpinBox>
 
 #include "Controller/Preferences/SyncPreferencesInterface.h"
-#include "Engine/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnection.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/TableView.h"
 #include "Platform/Interface/TextField.h"

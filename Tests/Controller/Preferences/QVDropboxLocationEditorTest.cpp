@@ -1,6 +1,6 @@
 #include "Controller/Preferences/QVDropboxLocationEditor.h"
 
-#include "Engine/EngineSyncLocation.h"
+#include "Engine/Locations/EngineSyncLocation.h"
 #include "Host/QVDropboxSessionManager.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Support/AnnouncementRecorder.h"

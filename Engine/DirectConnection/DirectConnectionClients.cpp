@@ -1,0 +1,47 @@
+#include "Engine/DirectConnection/DirectConnectionClients.h"
+
+#include <openssl/crypto.h>
+
+#include <QtCore/QCryptographicHash>
+#include <algorithm>
+
+#include "Engine/DirectConnection/DirectConnection.h"
+#include "Platform/Security/Keychain.h"
+
+namespace {
+
+constexpr qsizetype LongestName = 255;
+
+QByteArray passwordFor(const QByteArray &secret) {
+    return QCryptographicHash::hash(secret, QCryptographicHash::Sha256).toHex();
+}
+
+std::optional<QByteArray> storedPassword(const QString &name) {
+    return Keychain::shared().password(DirectConnection::ClientAuthorizationServiceName, name);
+}
+
+}  // namespace
+
+bool DirectConnectionClients::isName(const QString &name) {
+    const auto characters = name.toUcs4();
+    return !name.isEmpty() && name.toUtf8().size() <= LongestName &&
+           std::all_of(characters.begin(), characters.end(),
+                       [](char32_t character) { return QChar::isPrint(character); });
+}
+
+bool DirectConnectionClients::isKnown(const QString &name) {
+    return storedPassword(name).has_value();
+}
+
+bool DirectConnectionClients::isAuthorized(const QString &name, const QByteArray &secret) {
+    const QByteArray expected = passwordFor(secret);
+    const std::optional<QByteArray> stored = storedPassword(name);
+    return stored && stored->size() == expected.size() &&
+           CRYPTO_memcmp(stored->constData(), expected.constData(),
+                         static_cast<size_t>(expected.size())) == 0;
+}
+
+void DirectConnectionClients::authorize(const QString &name, const QByteArray &secret) {
+    Keychain::shared().setPassword(DirectConnection::ClientAuthorizationServiceName, name,
+                                   passwordFor(secret));
+}

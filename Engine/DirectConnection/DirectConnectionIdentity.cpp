@@ -1,0 +1,98 @@
+#include "Engine/DirectConnection/DirectConnectionIdentity.h"
+
+#include <openssl/bio.h>
+#include <openssl/ec.h>
+#include <openssl/evp.h>
+#include <openssl/pem.h>
+#include <openssl/rand.h>
+#include <openssl/x509.h>
+#include <unistd.h>
+
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <array>
+#include <memory>
+
+#include "Engine/Foundation/EngineError.h"
+
+namespace {
+
+constexpr QFile::Permissions OwnerOnly = QFile::ReadOwner | QFile::WriteOwner;
+
+using Key = std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)>;
+using Certificate = std::unique_ptr<X509, decltype(&X509_free)>;
+using Memory = std::unique_ptr<BIO, decltype(&BIO_free)>;
+
+/// A certificate over `key` that does not end (RFC 5280, section 4.1.2.5) and names nobody.
+Certificate selfSigned(EVP_PKEY *key) {
+    std::array<unsigned char, 16> serial{};
+    RAND_bytes(serial.data(), serial.size());
+    serial[0] &= 0x7f;
+    Certificate certificate(X509_new(), &X509_free);
+    X509_set_version(certificate.get(), X509_VERSION_3);
+    const std::unique_ptr<BIGNUM, decltype(&BN_free)> number(
+        BN_bin2bn(serial.data(), serial.size(), nullptr), &BN_free);
+    BN_to_ASN1_INTEGER(number.get(), X509_get_serialNumber(certificate.get()));
+    ASN1_TIME_set_string_X509(X509_getm_notBefore(certificate.get()), "20200101000000Z");
+    ASN1_TIME_set_string_X509(X509_getm_notAfter(certificate.get()), "99991231235959Z");
+    X509_set_pubkey(certificate.get(), key);
+    X509_NAME *name = X509_get_subject_name(certificate.get());
+    X509_NAME_add_entry_by_txt(name, "CN", MBSTRING_ASC,
+                               reinterpret_cast<const unsigned char *>("Velmora"), -1, -1, 0);
+    X509_set_issuer_name(certificate.get(), name);
+    return X509_sign(certificate.get(), key, EVP_sha256()) > 0 ? std::move(certificate)
+                                                               : Certificate(nullptr, &X509_free);
+}
+
+/// A new key and its certificate in PEM; empty where the library cannot.
+QByteArray newIdentity() {
+    const Key key(EVP_EC_gen("P-256"), &EVP_PKEY_free);
+    const Certificate certificate = key ? selfSigned(key.get()) : Certificate(nullptr, &X509_free);
+    const Memory memory(BIO_new(BIO_s_mem()), &BIO_free);
+    if (!certificate ||
+        PEM_write_bio_PrivateKey(memory.get(), key.get(), nullptr, nullptr, 0, nullptr, nullptr) !=
+            1 ||
+        PEM_write_bio_X509(memory.get(), certificate.get()) != 1) {
+        return {};
+    }
+    char *text = nullptr;
+    const long size = BIO_get_mem_data(memory.get(), &text);
+    return QByteArray(text, size);
+}
+
+/// Writes the whole file or none, never readable by others.
+bool writePrivately(const QString &path, const QByteArray &contents) {
+    const QString unfinished = path + QStringLiteral(".new");
+    QFile::remove(unfinished);
+    QFile file(unfinished);
+    return !contents.isEmpty() && file.open(QIODevice::WriteOnly | QIODevice::NewOnly, OwnerOnly) &&
+           file.write(contents) == contents.size() && file.flush() && fsync(file.handle()) == 0 &&
+           file.rename(path);
+}
+
+}  // namespace
+
+std::optional<Error> DirectConnectionIdentity::load(const QString &directory,
+                                                    DirectConnectionIdentity &identity) {
+    const QString path = directory + QStringLiteral("/Direct Connection.pem");
+    if (!QFileInfo::exists(path) && !writePrivately(path, newIdentity())) {
+        return engineError(EngineErrorCode::ServerUnusable,
+                           "The certificate “%1” of this computer cannot be made.", path);
+    }
+    QFile file(path);
+    // Whatever a copy of the profile has made of them.
+    file.setPermissions(OwnerOnly);
+    const QByteArray contents = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    identity.privateKey = QSslKey(contents, QSsl::Ec);
+    identity.certificate = QSslCertificate(contents);
+    if (identity.privateKey.isNull() || identity.certificate.isNull()) {
+        return engineError(EngineErrorCode::ServerUnusable,
+                           "The certificate “%1” of this computer is damaged.", path);
+    }
+    return {};
+}
+
+QByteArray DirectConnectionIdentity::fingerprint(const QByteArray &certificate) {
+    return QCryptographicHash::hash(certificate, QCryptographicHash::Sha256);
+}

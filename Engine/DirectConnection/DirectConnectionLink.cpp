@@ -1,0 +1,229 @@
+#include "Engine/DirectConnection/DirectConnectionLink.h"
+
+#include <fcntl.h>
+#include <netdb.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <openssl/err.h>
+#include <openssl/x509.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "Engine/DirectConnection/DirectConnectionIdentity.h"
+#include "Engine/DirectConnection/DirectConnectionMessage.h"
+#include "Engine/Foundation/EngineError.h"
+#include "Platform/Network/LocalHostName.h"
+
+namespace {
+
+constexpr std::chrono::seconds ConnectingPatience(10);
+/// How soon a cancellation is noticed.
+constexpr std::chrono::milliseconds WaitingSlice(100);
+
+using Addresses = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
+
+/// As Qt does for its own sockets: a peer that has gone is told by the result of writing.
+void ignoreBrokenPipes() {
+    static const auto previous = std::signal(SIGPIPE, SIG_IGN);
+    static_cast<void>(previous);
+}
+
+Error unreachable(const QString &host) {
+    return engineError(EngineErrorCode::StoreUnreachable, "“%1” cannot be reached.", host);
+}
+
+Addresses lookUp(const QString &host, quint16 port) {
+    addrinfo hints{};
+    hints.ai_socktype = SOCK_STREAM;
+    addrinfo *found = nullptr;
+    if (getaddrinfo(host.toUtf8().constData(), QByteArray::number(port).constData(), &hints,
+                    &found) != 0) {
+        found = nullptr;
+    }
+    return {found, &freeaddrinfo};
+}
+
+/// The host itself, or its address where only the local network knows it.
+QString reachableName(const QString &host) {
+    const QString address =
+        LocalHostName::isLocal(host) ? LocalHostName::address(host, ConnectingPatience) : QString();
+    return address.isEmpty() ? host : address;
+}
+
+}  // namespace
+
+DirectConnectionLink::DirectConnectionLink()
+    : m_context(nullptr, &SSL_CTX_free), m_session(nullptr, &SSL_free) {}
+
+DirectConnectionLink::~DirectConnectionLink() {
+    disconnect();
+}
+
+void DirectConnectionLink::disconnect() {
+    m_session.reset();
+    if (m_socket >= 0) {
+        close(m_socket);
+        m_socket = -1;
+    }
+}
+
+bool DirectConnectionLink::isConnected() const {
+    if (!m_session) {
+        return false;
+    }
+    // Nothing is to be read between two exchanges but the end.
+    char next = 0;
+    size_t count = 0;
+    ERR_clear_error();
+    const int result = SSL_peek_ex(m_session.get(), &next, sizeof next, &count);
+    return SSL_get_error(m_session.get(), result) == SSL_ERROR_WANT_READ;
+}
+
+std::optional<Error> DirectConnectionLink::connect(const QString &host, quint16 port,
+                                                   const PZFuture &future) {
+    ignoreBrokenPipes();
+    m_host = host;
+    const Addresses addresses = lookUp(reachableName(host), port);
+    for (const addrinfo *address = addresses.get(); address; address = address->ai_next) {
+        if (connectTo(*address, future)) {
+            return startEncryption(future);
+        }
+        disconnect();
+    }
+    return unreachable(host);
+}
+
+bool DirectConnectionLink::connectTo(const addrinfo &address, const PZFuture &future) {
+    m_socket = socket(address.ai_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+    if (m_socket < 0) {
+        return false;
+    }
+    if (::connect(m_socket, address.ai_addr, address.ai_addrlen) != 0 && errno != EINPROGRESS) {
+        return false;
+    }
+    if (!waitFor(POLLOUT, QDeadlineTimer(ConnectingPatience), future)) {
+        return false;
+    }
+    int failure = 0;
+    socklen_t size = sizeof failure;
+    const int immediately = 1;
+    setsockopt(m_socket, IPPROTO_TCP, TCP_NODELAY, &immediately, sizeof immediately);
+    return getsockopt(m_socket, SOL_SOCKET, SO_ERROR, &failure, &size) == 0 && failure == 0;
+}
+
+std::optional<Error> DirectConnectionLink::startEncryption(const PZFuture &future) {
+    m_context.reset(SSL_CTX_new(TLS_client_method()));
+    SSL_CTX_set_min_proto_version(m_context.get(), TLS1_3_VERSION);
+    // Nobody has signed the certificate: who pinned it compares the fingerprint.
+    SSL_CTX_set_verify(m_context.get(), SSL_VERIFY_NONE, nullptr);
+    SSL_CTX_set_mode(m_context.get(), SSL_MODE_ENABLE_PARTIAL_WRITE);
+    m_session.reset(SSL_new(m_context.get()));
+    SSL_set_fd(m_session.get(), m_socket);
+    const QDeadlineTimer deadline(ConnectingPatience);
+    int result = SSL_connect(m_session.get());
+    while (result != 1 && waitToGoOn(result, deadline, future)) {
+        result = SSL_connect(m_session.get());
+    }
+    const std::unique_ptr<X509, decltype(&X509_free)> certificate(
+        result == 1 ? SSL_get1_peer_certificate(m_session.get()) : nullptr, &X509_free);
+    if (!certificate) {
+        disconnect();
+        return unreachable(m_host);
+    }
+    QByteArray bytes(i2d_X509(certificate.get(), nullptr), Qt::Uninitialized);
+    auto *end = reinterpret_cast<unsigned char *>(bytes.data());
+    i2d_X509(certificate.get(), &end);
+    m_serverFingerprint = DirectConnectionIdentity::fingerprint(bytes);
+    return {};
+}
+
+std::optional<Error> DirectConnectionLink::exchange(const QCborMap &request, QCborMap &answer,
+                                                    std::chrono::seconds patience,
+                                                    const PZFuture &future) {
+    QByteArray start(DirectConnectionMessage::LengthSize, Qt::Uninitialized);
+    QByteArray body;
+    bool isThere = isConnected() &&
+                   send(DirectConnectionMessage::encode(request), patience, future) &&
+                   receive(start, patience, future);
+    if (isThere && DirectConnectionMessage::length(start) <= DirectConnectionMessage::Limit) {
+        body.resize(DirectConnectionMessage::length(start));
+        isThere = receive(body, patience, future);
+    }
+    const std::optional<QCborMap> message =
+        isThere ? DirectConnectionMessage::decode(body) : std::nullopt;
+    if (!message) {
+        disconnect();
+        return engineError(EngineErrorCode::StoreUnreachable, "The connection with “%1” was lost.",
+                           m_host);
+    }
+    answer = *message;
+    return {};
+}
+
+bool DirectConnectionLink::send(const QByteArray &bytes, std::chrono::seconds patience,
+                                const PZFuture &future) {
+    qsizetype sent = 0;
+    QDeadlineTimer deadline(patience);
+    while (sent < bytes.size()) {
+        size_t count = 0;
+        ERR_clear_error();
+        const int result = SSL_write_ex(m_session.get(), bytes.constData() + sent,
+                                        static_cast<size_t>(bytes.size() - sent), &count);
+        if (result == 1) {
+            sent += static_cast<qsizetype>(count);
+            deadline = QDeadlineTimer(patience);
+        } else if (!waitToGoOn(result, deadline, future)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool DirectConnectionLink::receive(QByteArray &bytes, std::chrono::seconds patience,
+                                   const PZFuture &future) {
+    qsizetype received = 0;
+    QDeadlineTimer deadline(patience);
+    while (received < bytes.size()) {
+        size_t count = 0;
+        ERR_clear_error();
+        const int result = SSL_read_ex(m_session.get(), bytes.data() + received,
+                                       static_cast<size_t>(bytes.size() - received), &count);
+        if (result == 1) {
+            received += static_cast<qsizetype>(count);
+            deadline = QDeadlineTimer(patience);
+        } else if (!waitToGoOn(result, deadline, future)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool DirectConnectionLink::waitToGoOn(int result, QDeadlineTimer deadline,
+                                      const PZFuture &future) const {
+    switch (SSL_get_error(m_session.get(), result)) {
+        case SSL_ERROR_WANT_READ:
+            return waitFor(POLLIN, deadline, future);
+        case SSL_ERROR_WANT_WRITE:
+            return waitFor(POLLOUT, deadline, future);
+        default:
+            return false;
+    }
+}
+
+bool DirectConnectionLink::waitFor(short events, QDeadlineTimer deadline,
+                                   const PZFuture &future) const {
+    while (!future.isCancelled() && !deadline.hasExpired()) {
+        pollfd waiting{m_socket, events, 0};
+        const int count = poll(&waiting, 1, WaitingSlice.count());
+        if (count > 0) {
+            return true;
+        }
+        if (count < 0 && errno != EINTR) {
+            return false;
+        }
+    }
+    return false;
+}

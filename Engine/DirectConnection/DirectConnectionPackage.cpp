@@ -1,0 +1,85 @@
+#include "Engine/DirectConnection/DirectConnectionPackage.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QRegularExpression>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Locations/EngineSyncLocation.h"
+#include "Engine/Stores/Folder/FolderStore.h"
+
+namespace {
+
+// The inbox goes by a name of its own.
+const QString DatabasePattern =
+    QStringLiteral("(?:[0-9A-Fa-f]{8}(?:-[0-9A-Fa-f]{4}){3}-[0-9A-Fa-f]{12}|@inbox)");
+
+bool matches(const QString &text, const QString &pattern) {
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(text).hasMatch();
+}
+
+bool isServedFolder(const QString &name) {
+    return matches(name, QStringLiteral("databases|transactions(?:/%1)?").arg(DatabasePattern));
+}
+
+bool isServedBlob(const QString &name) {
+    return matches(name, QStringLiteral("databases/%1\\.json|transactions/%1/"
+                                        "[0-9A-Za-z_-][0-9A-Za-z._-]{0,127}")
+                             .arg(DatabasePattern));
+}
+
+Error notServed(const QString &name) {
+    return engineError(EngineErrorCode::BlobRefused, "Nothing in a sync store may be called “%1”.",
+                       name);
+}
+
+}  // namespace
+
+DirectConnectionPackage::DirectConnectionPackage(const QString &directory)
+    : m_path(directory + QStringLiteral("/Direct Connection.qvSyncStore")),
+      m_store(std::make_shared<FolderStore>(
+          std::make_shared<EngineSyncLocation>(Url::fileURL(m_path)))),
+      m_future(std::make_shared<EngineFuture>()) {}
+
+std::optional<Error> DirectConnectionPackage::make() const {
+    for (const QString &folder : {QStringLiteral("/databases"), QStringLiteral("/transactions")}) {
+        if (!QDir().mkpath(m_path + folder)) {
+            return engineError(EngineErrorCode::ServerUnusable,
+                               "The sync store “%1” cannot be made.", m_path);
+        }
+    }
+    return {};
+}
+
+Result<QStringList> DirectConnectionPackage::list(const QString &folder) const {
+    if (!isServedFolder(folder)) {
+        return notServed(folder);
+    }
+    Result<QStringList> result = m_store->list(folder, *m_future);
+    if (auto *names = std::get_if<QStringList>(&result)) {
+        names->removeIf([&](const QString &entry) {
+            const QString name = folder + u'/' + entry;
+            return !isServedBlob(name) && !isServedFolder(name);
+        });
+    }
+    return result;
+}
+
+Result<QByteArray> DirectConnectionPackage::read(const QString &name, qint64 limit) const {
+    if (!isServedBlob(name)) {
+        return notServed(name);
+    }
+    return m_store->read(name, limit, *m_future);
+}
+
+Result<BlobStore::Written> DirectConnectionPackage::writeIfAbsent(
+    const QString &name, const QByteArray &contents) const {
+    if (!isServedBlob(name)) {
+        return notServed(name);
+    }
+    return m_store->writeIfAbsent(name, contents, *m_future);
+}
+
+std::optional<Error> DirectConnectionPackage::remove(const QString &name) const {
+    return isServedBlob(name) ? m_store->remove(name, *m_future) : std::optional(notServed(name));
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <memory>
+#include <optional>
+
+#include "Engine/Stores/BlobStore.h"
+
+/// The sync store that a direct-connection server serves, the package "Direct
+/// Connection.qvSyncStore" in the profile, as clients may reach it: "databases/UUID.json" and
+/// "transactions/UUID/NAME", where NAME consists of at most 128 ASCII letters, digits, "-", "_" and
+/// ".", and does not begin with the last. Any other name is refused, whatever it is. Shared; made
+/// on the main thread, blocking on any.
+class DirectConnectionPackage {
+public:
+    /// Of the profile in `directory`.
+    explicit DirectConnectionPackage(const QString &directory);
+
+    QString path() const { return m_path; }
+    /// Makes what is missing of the package.
+    std::optional<Error> make() const;
+
+    /// As BlobStore says; folders are "databases", "transactions" and "transactions/UUID".
+    Result<QStringList> list(const QString &folder) const;
+    Result<QByteArray> read(const QString &name, qint64 limit) const;
+    Result<BlobStore::Written> writeIfAbsent(const QString &name, const QByteArray &contents) const;
+    std::optional<Error> remove(const QString &name) const;
+
+private:
+    const QString m_path;
+    const std::shared_ptr<BlobStore> m_store;
+    const std::shared_ptr<PZFuture> m_future;
+};

@@ -1,0 +1,69 @@
+#include "Engine/DirectConnection/DirectConnectionPairings.h"
+
+#include "Engine/Foundation/MainThreadQueue.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Platform/Foundation/Log.h"
+#include "Platform/Security/Keychain.h"
+
+namespace {
+
+const QString KeychainService = QStringLiteral("Velmora Direct Connection Servers");
+const QString SettingPrefix = QStringLiteral("directConnectionServer ");
+
+DirectConnectionPairings *sharedPairings = nullptr;
+
+}  // namespace
+
+DirectConnectionPairings::DirectConnectionPairings(const ProfileDatabase &profile)
+    : m_profile(profile) {
+    sharedPairings = this;
+}
+
+DirectConnectionPairings::~DirectConnectionPairings() {
+    sharedPairings = nullptr;
+}
+
+DirectConnectionPairings &DirectConnectionPairings::shared() {
+    return *sharedPairings;
+}
+
+void DirectConnectionPairings::load() {
+    QSqlQuery rows = m_profile.prepare(
+        QStringLiteral("SELECT key, value FROM settings WHERE key LIKE ? || '%'"));
+    rows.addBindValue(SettingPrefix);
+    rows.exec();
+    const std::lock_guard lock(m_mutex);
+    while (rows.next()) {
+        m_fingerprints.insert(rows.value(0).toString().mid(SettingPrefix.size()),
+                              QByteArray::fromHex(rows.value(1).toByteArray()));
+    }
+}
+
+std::optional<QByteArray> DirectConnectionPairings::fingerprint(const QString &key) const {
+    const std::lock_guard lock(m_mutex);
+    const auto position = m_fingerprints.find(key);
+    return position == m_fingerprints.end() ? std::nullopt : std::optional(*position);
+}
+
+std::optional<QByteArray> DirectConnectionPairings::secret(const QString &key) const {
+    const auto hex = Keychain::shared().password(KeychainService, key);
+    return hex ? std::optional(QByteArray::fromHex(*hex)) : std::nullopt;
+}
+
+void DirectConnectionPairings::keep(const QString &key, const QByteArray &fingerprint,
+                                    const QByteArray &secret) {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_fingerprints.insert(key, fingerprint);
+    }
+    Keychain::shared().setPassword(KeychainService, key, secret.toHex());
+    MainThreadQueue::post([this, key, fingerprint] {
+        const std::optional<Error> error =
+            m_profile.run(QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
+                                         " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
+                          {SettingPrefix + key, QString::fromLatin1(fingerprint.toHex())});
+        if (error) {
+            Log::message(error->localizedDescription);
+        }
+    });
+}

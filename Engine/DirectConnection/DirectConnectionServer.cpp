@@ -1,0 +1,186 @@
+#include "Engine/DirectConnection/DirectConnectionServer.h"
+
+#include <limits>
+#include <utility>
+
+#include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionClients.h"
+#include "Engine/DirectConnection/DirectConnectionHook.h"
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/MainThreadQueue.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Host/QVApplication.h"
+#include "Platform/Foundation/Localization.h"
+#include "Platform/Foundation/UserDefaults.h"
+#include "Platform/KeyValue/KeyValue.h"
+#include "Platform/Network/NetService.h"
+
+namespace {
+
+const QString PortNumberKey = QStringLiteral("QVDirectConnectionServerPortNumber");
+const QString EnabledKey = QStringLiteral("QVDirectConnectionServerEnabled");
+
+quint16 portOrDefault(int port) {
+    const bool isPort = port > 0 && port <= std::numeric_limits<quint16>::max();
+    return isPort ? static_cast<quint16>(port) : DirectConnection::DefaultPort;
+}
+
+/// Later, since the application may be about to start.
+void present(const Error &error) {
+    MainThreadQueue::post([error] {
+        if (QVApplication *application = NSApp()) {
+            application->presentError(error);
+        }
+    });
+}
+
+Question questionFor(const DirectConnectionPairing &client) {
+    QString details =
+        localizedSyncString("It shows a code. Allow it only where it is the same as here: %1")
+            .arg(client.code());
+    if (DirectConnectionClients::isKnown(client.clientName)) {
+        details += u'\n' + localizedSyncString("It takes the place of another one of this name.");
+    }
+    return {localizedSyncString("Let “%1” synchronize with this computer?").arg(client.clientName),
+            details, localizedSyncString("Allow"), localizedSyncString("Refuse")};
+}
+
+}  // namespace
+
+DirectConnectionServer::DirectConnectionServer(const ProfileDatabase &profile)
+    : m_profile(profile), m_port(DirectConnection::DefaultPort) {}
+
+DirectConnectionServer::~DirectConnectionServer() {
+    stop();
+}
+
+void DirectConnectionServer::load(const DirectConnectionPackage &package,
+                                  DirectConnectionHook &hook) {
+    m_package.emplace(package);
+    m_hook = &hook;
+    m_port = portOrDefault(UserDefaults::integerForKey(PortNumberKey));
+    if (UserDefaults::boolForKey(EnabledKey)) {
+        startServing();
+    }
+}
+
+void DirectConnectionServer::setPort(quint16 port) {
+    const quint16 former = std::exchange(m_port, portOrDefault(port));
+    if (isServing() && m_port != former) {
+        stopServing();
+        startServing();
+    }
+    KeyValue::announce<&QVDirectConnectionServer::portChanged>(
+        static_cast<QVDirectConnectionServer *>(this));
+}
+
+void DirectConnectionServer::startServing() {
+    if (isServing()) {
+        return;
+    }
+    if (const std::optional<Error> error = start()) {
+        stop();
+        present(*error);
+    }
+    KeyValue::announce<&QVDirectConnectionServer::servingChanged>(
+        static_cast<QVDirectConnectionServer *>(this));
+}
+
+void DirectConnectionServer::stopServing() {
+    if (isServing()) {
+        stop();
+        KeyValue::announce<&QVDirectConnectionServer::servingChanged>(
+            static_cast<QVDirectConnectionServer *>(this));
+    }
+}
+
+std::optional<Error> DirectConnectionServer::start() {
+    DirectConnectionIdentity identity;
+    std::optional<Error> error = DirectConnectionIdentity::load(m_profile.directory(), identity);
+    if (!error) {
+        error = m_package->make();
+    }
+    if (!error) {
+        error = listen(identity);
+    }
+    if (!error) {
+        // Without a name: it bears the computer's.
+        m_service = std::make_shared<NetService>(QString(), DirectConnection::BonjourServiceType,
+                                                 QString(), m_port);
+        m_service->publish();
+    }
+    return error;
+}
+
+std::optional<Error> DirectConnectionServer::listen(const DirectConnectionIdentity &identity) {
+    ++m_listenerNumber;
+    m_listener = new DirectConnectionListener(identity, *m_package, m_limits, mainThread());
+    m_listener->moveToThread(&m_thread);
+    m_thread.start();
+    QString failure;
+    const auto listen = [&] {
+        if (!m_listener->listen(QHostAddress::Any, m_port)) {
+            failure = m_listener->errorString();
+        }
+    };
+    QMetaObject::invokeMethod(m_listener, listen, Qt::BlockingQueuedConnection);
+    if (failure.isEmpty()) {
+        return {};
+    }
+    return engineError(
+        EngineErrorCode::ServerUnusable,
+        localizedSyncString("The server cannot use the port %1: %2").arg(m_port).arg(failure));
+}
+
+void DirectConnectionServer::stop() {
+    m_service.reset();
+    if (m_listener) {
+        const auto end = [this] { delete m_listener; };
+        QMetaObject::invokeMethod(m_listener, end, Qt::BlockingQueuedConnection);
+        m_thread.quit();
+        m_thread.wait();
+    }
+}
+
+DirectConnectionListener::MainThread DirectConnectionServer::mainThread() {
+    const quint64 listener = m_listenerNumber;
+    return {
+        [=, this](const DirectConnectionPairing &client) {
+            postFor(listener, [=, this] { askFor(client); });
+        },
+        [=, this](quint64 session) { postFor(listener, [=, this] { prepareStore(session); }); },
+        [=, this] { postFor(listener, [this] { m_hook->clientsDidWrite(); }); },
+    };
+}
+
+void DirectConnectionServer::postFor(quint64 listener, std::function<void()> call) {
+    MainThreadQueue::post([=, this, call = std::move(call)] {
+        if (m_listener && listener == m_listenerNumber) {
+            call();
+        }
+    });
+}
+
+void DirectConnectionServer::askFor(const DirectConnectionPairing &client) {
+    // The answer may come when this listener, or the whole server, has gone.
+    const auto decide = [listener = m_listener](bool isAccepted) {
+        if (listener) {
+            QMetaObject::invokeMethod(
+                listener, [=] { listener->decide(isAccepted); }, Qt::QueuedConnection);
+        }
+    };
+    if (QVApplication *application = NSApp()) {
+        application->ask(questionFor(client), decide);
+    } else {
+        decide(false);
+    }
+}
+
+void DirectConnectionServer::prepareStore(quint64 session) {
+    m_hook->clientWillRead([listener = m_listener, session] {
+        if (listener) {
+            QMetaObject::invokeMethod(
+                listener, [=] { listener->proceed(session); }, Qt::QueuedConnection);
+        }
+    });
+}

@@ -1,0 +1,250 @@
+#include "Engine/DirectConnection/DirectConnectionSession.h"
+
+#include <QtCore/QCborArray>
+
+#include "Engine/DirectConnection/DirectConnectionClients.h"
+#include "Engine/DirectConnection/DirectConnectionListener.h"
+#include "Engine/DirectConnection/DirectConnectionMessage.h"
+#include "Engine/Foundation/EngineError.h"
+
+using namespace DirectConnectionMessage;
+
+namespace {
+
+constexpr qint64 ReadBufferSize = 65536;
+
+/// What the client is told of `error`, whose text is for this computer's person.
+QCborMap failure(const Error &error) {
+    const QHash<EngineErrorCode, QString> reasons{{EngineErrorCode::BlobMissing, BlobMissing},
+                                                  {EngineErrorCode::BlobRefused, BlobRefused},
+                                                  {EngineErrorCode::StoreFull, StoreFull}};
+    QCborMap answer = ofType(Failed);
+    answer[Reason] = reasons.value(static_cast<EngineErrorCode>(error.code));
+    return answer;
+}
+
+QCborValue valueOf(const QStringList &names) {
+    return QCborArray::fromStringList(names);
+}
+
+QCborValue valueOf(const QByteArray &contents) {
+    return contents;
+}
+
+QCborValue valueOf(BlobStore::Written written) {
+    return written == BlobStore::Written::New;
+}
+
+template <class Value>
+QCborMap answerWith(const QString &key, const Result<Value> &result) {
+    if (const Error *error = errorOf(result)) {
+        return failure(*error);
+    }
+    QCborMap answer = ofType(Done);
+    answer[key] = valueOf(std::get<Value>(result));
+    return answer;
+}
+
+}  // namespace
+
+DirectConnectionSession::DirectConnectionSession(qintptr descriptor,
+                                                 DirectConnectionListener &listener)
+    : m_listener(listener) {
+    connect(&m_timer, &QTimer::timeout, this, &DirectConnectionSession::end);
+    connect(&m_socket, &QSslSocket::disconnected, this, &DirectConnectionSession::end);
+    connect(&m_socket, &QSslSocket::errorOccurred, this, &DirectConnectionSession::end);
+    connect(&m_socket, &QSslSocket::readyRead, this, &DirectConnectionSession::readMore);
+    connect(&m_socket, &QSslSocket::encryptedBytesWritten, this,
+            &DirectConnectionSession::readMore);
+    m_timer.setSingleShot(true);
+    m_timer.start(listener.limits().greetingTime);
+    m_client.serverFingerprint = listener.fingerprint();
+    m_socket.setSocketDescriptor(descriptor);
+    m_socket.setReadBufferSize(ReadBufferSize);
+    m_socket.setSslConfiguration(listener.configuration());
+    m_socket.startServerEncryption();
+}
+
+DirectConnectionSession::~DirectConnectionSession() {
+    m_socket.disconnect(this);
+    m_socket.abort();
+}
+
+bool DirectConnectionSession::isExpendable() const {
+    return m_stage != Stage::Asking && m_stage != Stage::Preparing && m_stage != Stage::Serving;
+}
+
+void DirectConnectionSession::end() {
+    if (m_stage != Stage::Ended) {
+        m_stage = Stage::Ended;
+        m_timer.stop();
+        Q_EMIT ended();
+    }
+}
+
+void DirectConnectionSession::readMore() {
+    const bool isListening =
+        m_stage == Stage::Greeting || m_stage == Stage::Revealing || m_stage == Stage::Serving;
+    const bool isAnswering = m_socket.bytesToWrite() > 0 || m_socket.encryptedBytesToWrite() > 0;
+    if (!isListening || isAnswering || m_socket.bytesAvailable() == 0) {
+        return;
+    }
+    if (m_stage == Stage::Serving) {
+        m_timer.start(m_listener.limits().idleTime);
+    }
+    if (readMessage()) {
+        const std::optional<QCborMap> message = decode(m_received.mid(LengthSize));
+        m_received.clear();
+        if (message) {
+            handle(*message);
+        } else {
+            end();
+        }
+    }
+    // Others have their turn in between.
+    QMetaObject::invokeMethod(this, &DirectConnectionSession::readMore, Qt::QueuedConnection);
+}
+
+/// Takes in what there is of the next message; tells whether that is all of it.
+bool DirectConnectionSession::readMessage() {
+    if (m_received.size() < LengthSize) {
+        m_received += m_socket.read(LengthSize - m_received.size());
+    }
+    if (m_received.size() < LengthSize) {
+        return false;
+    }
+    const qsizetype size = length(m_received);
+    if (size > (m_stage == Stage::Serving ? Limit : LimitBeforeAuthorization)) {
+        end();
+        return false;
+    }
+    m_received += m_socket.read(LengthSize + size - m_received.size());
+    return m_received.size() == LengthSize + size;
+}
+
+void DirectConnectionSession::handle(const QCborMap &message) {
+    const QString type = message[Type].toString();
+    if (m_stage == Stage::Serving) {
+        serve(message);
+    } else if (m_stage == Stage::Greeting && type == Hello) {
+        greet(message);
+    } else if (m_stage == Stage::Greeting && type == Pair) {
+        beginPairing(message);
+    } else if (m_stage == Stage::Revealing && type == Reveal) {
+        reveal(message);
+    } else {
+        end();
+    }
+}
+
+void DirectConnectionSession::greet(const QCborMap &message) {
+    m_client.clientName = message[Name].toString();
+    m_client.clientSecret = message[Secret].toByteArray();
+    if (DirectConnectionClients::isAuthorized(m_client.clientName, m_client.clientSecret)) {
+        prepare();
+    } else {
+        sendLast(Refused);
+    }
+}
+
+void DirectConnectionSession::beginPairing(const QCborMap &message) {
+    m_client.clientName = message[Name].toString();
+    m_client.serverNonce = DirectConnectionPairing::random();
+    m_commitment = message[Commitment].toByteArray();
+    if (!DirectConnectionClients::isName(m_client.clientName)) {
+        end();
+        return;
+    }
+    m_stage = Stage::Revealing;
+    QCborMap answer = ofType(Pair);
+    answer[Nonce] = m_client.serverNonce;
+    send(answer);
+}
+
+void DirectConnectionSession::reveal(const QCborMap &message) {
+    m_client.clientNonce = message[Nonce].toByteArray();
+    m_client.clientSecret = message[Secret].toByteArray();
+    const bool isSound = m_client.clientNonce.size() == DirectConnectionPairing::RandomSize &&
+                         m_client.clientSecret.size() == DirectConnectionPairing::RandomSize &&
+                         m_client.commitment() == m_commitment;
+    if (!isSound) {
+        end();
+    } else if (m_listener.ask(*this, m_client)) {
+        m_stage = Stage::Asking;
+        m_timer.start(m_listener.limits().askingTime);
+    } else {
+        sendLast(Busy);
+    }
+}
+
+void DirectConnectionSession::decide(bool isAccepted) {
+    if (m_stage != Stage::Asking) {
+        return;
+    }
+    if (isAccepted) {
+        DirectConnectionClients::authorize(m_client.clientName, m_client.clientSecret);
+        prepare();
+    } else {
+        sendLast(Refused);
+    }
+}
+
+void DirectConnectionSession::prepare() {
+    m_stage = Stage::Preparing;
+    m_timer.start(m_listener.limits().idleTime);
+    m_listener.prepareStore(*this);
+}
+
+void DirectConnectionSession::proceed() {
+    if (m_stage == Stage::Preparing) {
+        m_stage = Stage::Serving;
+        m_timer.start(m_listener.limits().idleTime);
+        send(ofType(Welcome));
+        readMore();
+    }
+}
+
+void DirectConnectionSession::serve(const QCborMap &request) {
+    if (DirectConnectionClients::isAuthorized(m_client.clientName, m_client.clientSecret)) {
+        send(answerTo(request));
+    } else {
+        sendLast(Refused);
+    }
+}
+
+QCborMap DirectConnectionSession::answerTo(const QCborMap &request) const {
+    const DirectConnectionPackage &package = m_listener.package();
+    const QString type = request[Type].toString();
+    const QString name = request[Name].toString();
+    if (type == List) {
+        return answerWith(Names, package.list(request[Folder].toString()));
+    }
+    if (type == Read) {
+        const qint64 limit = qBound(0, request[SizeLimit].toInteger(), ContentsLimit);
+        return answerWith(Contents, package.read(name, limit));
+    }
+    if (type == Write) {
+        QCborMap answer =
+            answerWith(IsNew, package.writeIfAbsent(name, request[Contents].toByteArray()));
+        m_listener.storeDidChange();
+        return answer;
+    }
+    if (type == Remove) {
+        const std::optional<Error> error = package.remove(name);
+        m_listener.storeDidChange();
+        return error ? failure(*error) : ofType(Done);
+    }
+    return ofType(Failed);
+}
+
+void DirectConnectionSession::send(const QCborMap &message) {
+    m_socket.write(encode(message));
+}
+
+void DirectConnectionSession::sendLast(const QString &type) {
+    // Ends when the client has it, or when the time is over.
+    m_stage = Stage::Leaving;
+    m_timer.start(m_listener.limits().greetingTime);
+    send(ofType(type));
+    m_socket.disconnectFromHost();
+}

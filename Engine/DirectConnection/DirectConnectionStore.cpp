@@ -1,0 +1,237 @@
+#include "Engine/DirectConnection/DirectConnectionStore.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <QtCore/QCborArray>
+#include <QtCore/QSysInfo>
+#include <array>
+
+#include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionMessage.h"
+#include "Engine/DirectConnection/DirectConnectionPairing.h"
+#include "Engine/DirectConnection/DirectConnectionPairings.h"
+#include "Engine/DirectConnection/PersonsAnswer.h"
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Locations/EngineSyncLocation.h"
+#include "Platform/Foundation/Localization.h"
+
+using namespace DirectConnectionMessage;
+
+namespace {
+
+/// Without any sign from the server.
+constexpr std::chrono::seconds AnswerPatience(30);
+/// While the person at the server makes up their mind; longer than the server waits for them.
+constexpr std::chrono::seconds PairingPatience(150);
+
+/// Under which name this computer asks to be authorized.
+QString clientName() {
+    std::array<char, 16384> buffer{};
+    passwd entry{};
+    passwd *found = nullptr;
+    getpwuid_r(geteuid(), &entry, buffer.data(), buffer.size(), &found);
+    const QString user = found ? QString::fromUtf8(found->pw_name) : QString::number(geteuid());
+    return QStringLiteral("%1 at %2").arg(user, QSysInfo::machineHostName());
+}
+
+Question questionFor(const QString &host, const QString &code) {
+    return {localizedSyncString("Connect with “%1”?").arg(host),
+            localizedSyncString("It shows a code. Connect only where it is the same as here: %1")
+                .arg(code),
+            localizedSyncString("Connect"), localizedSyncString("Cancel")};
+}
+
+}  // namespace
+
+DirectConnectionStore::DirectConnectionStore(const std::shared_ptr<EngineSyncLocation> &location)
+    : BlobStore(location),
+      m_pairingKey(location->URL().absoluteString() + u' ' + location->identifier()) {}
+
+std::optional<Error> DirectConnectionStore::open(const PZFuture &future) {
+    const std::lock_guard lock(m_mutex);
+    return m_link.isConnected() ? std::nullopt : connect(future);
+}
+
+Result<QStringList> DirectConnectionStore::listFolder(const QString &folder,
+                                                      const PZFuture &future) {
+    QCborMap message = ofType(List);
+    message[Folder] = folder;
+    const Result<QCborMap> answer = request(message, folder, future);
+    if (const Error *error = errorOf(answer)) {
+        return *error;
+    }
+    QStringList names;
+    const QCborArray found = std::get<QCborMap>(answer)[Names].toArray();
+    for (const QCborValue name : found) {
+        names.append(name.toString());
+    }
+    return names;
+}
+
+Result<QByteArray> DirectConnectionStore::readBlob(const QString &name, qint64 limit,
+                                                   const PZFuture &future) {
+    QCborMap message = ofType(Read);
+    message[Name] = name;
+    message[SizeLimit] = limit;
+    const Result<QCborMap> answer = request(message, name, future);
+    if (const Error *error = errorOf(answer)) {
+        return *error;
+    }
+    const QByteArray contents = std::get<QCborMap>(answer)[Contents].toByteArray();
+    return contents.size() > limit ? Result<QByteArray>(tooLong(name)) : contents;
+}
+
+Result<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &name,
+                                                            const QByteArray &contents,
+                                                            const PZFuture &future) {
+    if (contents.size() > ContentsLimit) {
+        return refused(name);
+    }
+    QCborMap message = ofType(Write);
+    message[Name] = name;
+    message[Contents] = contents;
+    const Result<QCborMap> answer = request(message, name, future);
+    if (const Error *error = errorOf(answer)) {
+        return *error;
+    }
+    return std::get<QCborMap>(answer)[IsNew].toBool() ? Written::New : Written::AlreadyThere;
+}
+
+std::optional<Error> DirectConnectionStore::removeBlob(const QString &name,
+                                                       const PZFuture &future) {
+    QCborMap message = ofType(Remove);
+    message[Name] = name;
+    const Result<QCborMap> answer = request(message, name, future);
+    const Error *error = errorOf(answer);
+    return error ? std::optional(*error) : std::nullopt;
+}
+
+Result<QCborMap> DirectConnectionStore::request(const QCborMap &request, const QString &name,
+                                                const PZFuture &future) {
+    const std::lock_guard lock(m_mutex);
+    std::optional<Error> error = m_link.isConnected() ? std::nullopt : connect(future);
+    QCborMap answer;
+    if (!error) {
+        error = m_link.exchange(request, answer, AnswerPatience, future);
+    }
+    if (error) {
+        return future.isCancelled() ? operationCancelled() : *error;
+    }
+    if (answer[Type] == Done) {
+        return answer;
+    }
+    if (answer[Type] == Failed) {
+        return failure(answer, name);
+    }
+    m_link.disconnect();
+    return takeWelcome(answer).value_or(notUnderstood());
+}
+
+std::optional<Error> DirectConnectionStore::connect(const PZFuture &future) {
+    DirectConnectionPairings &pairings = DirectConnectionPairings::shared();
+    m_link.disconnect();
+    std::optional<Error> error =
+        m_link.connect(URL().host(), URL().port().value_or(DirectConnection::DefaultPort), future);
+    const std::optional<QByteArray> pinned = pairings.fingerprint(m_pairingKey);
+    if (!error && pinned && *pinned != m_link.serverFingerprint()) {
+        error = engineError(
+            EngineErrorCode::CertificateUntrusted,
+            "“%1” is not the computer that was paired. If it should be, add the location anew.",
+            URL().host());
+    }
+    if (!error) {
+        const std::optional<QByteArray> secret =
+            pinned ? pairings.secret(m_pairingKey) : std::nullopt;
+        error = secret ? greet(*secret, future) : pair(future);
+    }
+    if (error) {
+        m_link.disconnect();
+    }
+    return error && future.isCancelled() ? std::optional(operationCancelled()) : error;
+}
+
+std::optional<Error> DirectConnectionStore::greet(const QByteArray &secret,
+                                                  const PZFuture &future) {
+    QCborMap message = ofType(Hello);
+    message[Name] = clientName();
+    message[Secret] = secret;
+    QCborMap answer;
+    const std::optional<Error> error = m_link.exchange(message, answer, AnswerPatience, future);
+    return error ? error : takeWelcome(answer);
+}
+
+std::optional<Error> DirectConnectionStore::pair(const PZFuture &future) {
+    DirectConnectionPairing pairing;
+    pairing.serverFingerprint = m_link.serverFingerprint();
+    pairing.clientName = clientName();
+    pairing.clientNonce = DirectConnectionPairing::random();
+    pairing.clientSecret = DirectConnectionPairing::random();
+    QCborMap message = ofType(Pair);
+    message[Name] = pairing.clientName;
+    message[Commitment] = pairing.commitment();
+    QCborMap answer;
+    if (std::optional<Error> error = m_link.exchange(message, answer, AnswerPatience, future)) {
+        return error;
+    }
+    pairing.serverNonce = answer[Nonce].toByteArray();
+    if (pairing.serverNonce.size() != DirectConnectionPairing::RandomSize) {
+        return notUnderstood();
+    }
+    return confirm(pairing, future);
+}
+
+std::optional<Error> DirectConnectionStore::confirm(const DirectConnectionPairing &pairing,
+                                                    const PZFuture &future) {
+    // Both persons are asked at the same time, since each has to see the other's code.
+    const PersonsAnswer person(questionFor(URL().host(), pairing.code()));
+    QCborMap message = ofType(Reveal);
+    message[Nonce] = pairing.clientNonce;
+    message[Secret] = pairing.clientSecret;
+    QCborMap answer;
+    std::optional<Error> error = m_link.exchange(message, answer, PairingPatience, future);
+    if (!error) {
+        error = takeWelcome(answer);
+    }
+    if (!error && !person.wait(future, PairingPatience)) {
+        error = operationCancelled();
+    }
+    if (!error) {
+        DirectConnectionPairings::shared().keep(m_pairingKey, pairing.serverFingerprint,
+                                                pairing.clientSecret);
+    }
+    return error;
+}
+
+std::optional<Error> DirectConnectionStore::takeWelcome(const QCborMap &answer) const {
+    if (answer[Type] == Welcome) {
+        return {};
+    }
+    if (answer[Type] == Busy) {
+        return engineError(EngineErrorCode::AccessDenied,
+                           "“%1” cannot be asked just now. Try again in a while.", URL().host());
+    }
+    if (answer[Type] == Refused) {
+        return engineError(EngineErrorCode::AccessDenied,
+                           "“%1” does not let this computer synchronize.", URL().host());
+    }
+    return notUnderstood();
+}
+
+Error DirectConnectionStore::notUnderstood() const {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "“%1” answers in a way that is not understood.", URL().host());
+}
+
+Error DirectConnectionStore::failure(const QCborMap &answer, const QString &name) const {
+    const QString reason = answer[Reason].toString();
+    if (reason == BlobMissing) {
+        return missing(name);
+    }
+    if (reason == BlobRefused) {
+        return refused(name);
+    }
+    const bool isFull = reason == StoreFull;
+    return engineError(isFull ? EngineErrorCode::StoreFull : EngineErrorCode::StoreUnreachable,
+                       "“%1” cannot read or write its sync store.", URL().host());
+}

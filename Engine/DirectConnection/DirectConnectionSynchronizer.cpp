@@ -1,0 +1,78 @@
+#include "Engine/DirectConnection/DirectConnectionSynchronizer.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QTimer>
+#include <utility>
+
+#include "Engine/Locations/EngineSyncLocation.h"
+#include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Notes/InboxUUID.h"
+#include "Engine/Synchronization/EngineDispatcher.h"
+
+namespace {
+
+constexpr int MillisecondsToWait = 5000;
+const QString ServedPlace = QStringLiteral("direct connections");
+
+}  // namespace
+
+DirectConnectionSynchronizer::DirectConnectionSynchronizer(EngineDispatcher &dispatcher,
+                                                           EngineNoteLibrary &library,
+                                                           const QString &packagePath)
+    : m_dispatcher(dispatcher),
+      m_library(library),
+      m_location(std::make_shared<EngineSyncLocation>(Url::fileURL(packagePath))) {}
+
+DirectConnectionSynchronizer::~DirectConnectionSynchronizer() = default;
+
+void DirectConnectionSynchronizer::clientWillRead(std::function<void()> proceed) {
+    const auto once = std::make_shared<std::function<void()>>(std::move(proceed));
+    const auto proceedOnce = [once] {
+        if (const std::function<void()> call = std::exchange(*once, nullptr)) {
+            call();
+        }
+    };
+    QTimer::singleShot(MillisecondsToWait, m_location.get(), proceedOnce);
+    synchronize(proceedOnce);
+}
+
+void DirectConnectionSynchronizer::clientsDidWrite() {
+    if (m_isTakingOver) {
+        m_hasMoreToTakeOver = true;
+        return;
+    }
+    m_isTakingOver = true;
+    synchronize([this] {
+        m_isTakingOver = false;
+        if (std::exchange(m_hasMoreToTakeOver, false)) {
+            clientsDidWrite();
+        }
+    });
+}
+
+QStringList DirectConnectionSynchronizer::databaseUUIDs() const {
+    QStringList UUIDs;
+    for (const auto &database : m_library.knownDatabases()) {
+        UUIDs.append(database->isInbox() ? InboxUUID : database->UUID());
+    }
+    const QDir records(m_location->URL().path() + QStringLiteral("/databases"));
+    for (const QFileInfo &record : records.entryInfoList({QStringLiteral("*.json")}, QDir::Files)) {
+        UUIDs.append(record.completeBaseName());
+    }
+    UUIDs.removeDuplicates();
+    return UUIDs;
+}
+
+void DirectConnectionSynchronizer::synchronize(const std::function<void()> &handler) {
+    const QStringList UUIDs = databaseUUIDs();
+    const auto left = std::make_shared<qsizetype>(UUIDs.size());
+    for (const QString &UUID : UUIDs) {
+        m_dispatcher.synchronizeWithStore(
+            {.databaseUUID = UUID, .databaseName = UUID, .place = ServedPlace},
+            m_location->createBlobStore(), [left, handler](const auto & /*error*/) {
+                if (--*left == 0) {
+                    handler();
+                }
+            });
+    }
+}

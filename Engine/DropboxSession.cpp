@@ -1,7 +1,0 @@
-#include "Engine/DropboxSession.h"
-
-#include "Engine/DropboxSessionManager.h"
-
-void DropboxSession::authorizeWithFuture(const std::shared_ptr<PZFuture> &future, Handler handler) {
-    m_manager.authorize(future, std::move(handler));
-}

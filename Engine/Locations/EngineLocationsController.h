@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtCore/QSet>
+
+#include "Engine/Locations/EngineSyncLocation.h"
+#include "Host/QVSyncLocationsController.h"
+
+class ProfileDatabase;
+
+/// Reads the locations with their states from the profile, and writes what has changed in one
+/// transaction.
+class EngineLocationsController : public QVSyncLocationsController {
+    Q_OBJECT
+public:
+    /// `profile` must outlive this.
+    explicit EngineLocationsController(const ProfileDatabase &profile);
+
+    /// Takes over what the profile holds; called once, when it was opened.
+    std::optional<Error> load();
+
+    QList<std::shared_ptr<QVSyncLocation>> syncLocations() const override;
+    qsizetype countOfSyncLocations() const override { return m_locations.size(); }
+    void insertObjectInSyncLocationsAtIndex(const std::shared_ptr<QVSyncLocation> &location,
+                                            qsizetype index) override;
+    qsizetype indexOfObjectInSyncLocations(
+        const std::shared_ptr<QVSyncLocation> &location) const override;
+    void removeObjectFromSyncLocationsAtIndex(qsizetype index) override;
+    bool save(std::optional<Error> *error) override;
+
+private:
+    using Locations = QList<std::shared_ptr<EngineSyncLocation>>;
+
+    std::optional<Error> loadLocations();
+    std::optional<Error> loadStates();
+    std::optional<Error> writeLocations() const;
+    std::optional<Error> writeStates() const;
+    bool isSaved(const EngineSyncLocation &location) const;
+    void rememberSaved();
+
+    const ProfileDatabase &m_profile;
+    Locations m_locations;
+    /// The identifiers of the locations that the profile holds.
+    QSet<QString> m_saved;
+};

@@ -1,0 +1,82 @@
+#include "Engine/Locations/EngineSyncLocation.h"
+
+#include <QtCore/QUuid>
+
+#include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionStore.h"
+#include "Engine/Stores/Dropbox/DropboxStore.h"
+#include "Engine/Stores/Folder/FolderStore.h"
+#include "Engine/Stores/UnreachableStore.h"
+#include "Engine/Stores/WebDAV/WebDAVStore.h"
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/KeyValue/KeyValue.h"
+
+EngineSyncLocation::EngineSyncLocation(const Url &URL)
+    : m_identifier(QUuid::createUuid().toString(QUuid::WithoutBraces)),
+      m_URLText(URL.absoluteString()),
+      m_URL(URL) {}
+
+EngineSyncLocation::EngineSyncLocation(const QString &identifier, const QString &URLText)
+    : m_identifier(identifier), m_URLText(URLText), m_URL(Url::fromString(URLText)) {}
+
+void EngineSyncLocation::setURL(const Url &URL) {
+    m_URL = URL;
+    m_URLText = URL.absoluteString();
+    KeyValue::announce<&QVSyncLocation::URLChanged>(this);
+}
+
+std::shared_ptr<QVSyncState> EngineSyncLocation::stateForDatabaseWithUUID(
+    const QString &UUID) const {
+    return m_stateByUUID.value(UUID);
+}
+
+std::shared_ptr<QVSyncState> EngineSyncLocation::addStateForDatabaseWithUUID(const QString &UUID,
+                                                                             const QString &name) {
+    requireParameter(!UUID.isEmpty(), "!UUID.isEmpty()",
+                     "EngineSyncLocation::addStateForDatabaseWithUUID",
+                     "Engine/Locations/EngineSyncLocation");
+    if (const std::shared_ptr<EngineSyncState> known = m_stateByUUID.value(UUID)) {
+        return known;
+    }
+    const std::shared_ptr<EngineSyncState> state = insertState(UUID, name, {});
+    KeyValue::announce<&QVSyncLocation::synchronizationStatesChanged>(this);
+    return state;
+}
+
+std::shared_ptr<QVSyncStore> EngineSyncLocation::createStore() {
+    return createBlobStore();
+}
+
+std::shared_ptr<BlobStore> EngineSyncLocation::createBlobStore() {
+    if (m_URL.isFileURL()) {
+        return std::make_shared<FolderStore>(shared_from_this());
+    }
+    if (m_URL.scheme() == QStringLiteral("http") || m_URL.scheme() == QStringLiteral("https")) {
+        return std::make_shared<WebDAVStore>(shared_from_this(), m_identifier);
+    }
+    if (m_URL.scheme() == DirectConnection::URLScheme) {
+        return std::make_shared<DirectConnectionStore>(shared_from_this());
+    }
+    if (m_URL.scheme() == QStringLiteral("dropbox")) {
+        return std::make_shared<DropboxStore>(shared_from_this());
+    }
+    return std::make_shared<UnreachableStore>(shared_from_this());
+}
+
+void EngineSyncLocation::restoreState(const QString &databaseUUID, const QString &databaseName,
+                                      const EngineSyncState::Values &values) {
+    if (!databaseUUID.isEmpty() && !m_stateByUUID.contains(databaseUUID)) {
+        insertState(databaseUUID, databaseName, values)->setChanged(false);
+    }
+}
+
+std::shared_ptr<EngineSyncState> EngineSyncLocation::insertState(
+    const QString &databaseUUID, const QString &databaseName,
+    const EngineSyncState::Values &values) {
+    auto state =
+        std::make_shared<EngineSyncState>(weak_from_this(), databaseUUID, databaseName, values);
+    m_states.append(state);
+    m_engineStates.append(state);
+    m_stateByUUID.insert(databaseUUID, state);
+    return state;
+}

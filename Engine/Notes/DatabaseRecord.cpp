@@ -1,0 +1,43 @@
+#include "Engine/Notes/DatabaseRecord.h"
+
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/Operation.h"
+
+namespace {
+
+const QString RecordVersion = QStringLiteral("version");
+const QString RecordUUID = QStringLiteral("uuid");
+const QString RecordName = QStringLiteral("name");
+
+}  // namespace
+
+QString DatabaseRecord::path(const QString &databaseUUID) {
+    return QStringLiteral("databases/%1.json").arg(databaseUUID);
+}
+
+QByteArray DatabaseRecord::encoded(const QString &databaseUUID, const QString &name) {
+    return QJsonDocument(QJsonObject{{RecordVersion, Version},
+                                     {RecordUUID, databaseUUID},
+                                     {RecordName, name}})
+        .toJson(QJsonDocument::Compact);
+}
+
+Result<QString> DatabaseRecord::name(const QByteArray &record, const QString &databaseUUID,
+                                     const QString &place) {
+    const QJsonObject object = QJsonDocument::fromJson(record).object();
+    const QJsonValue version = object.value(RecordVersion);
+    if (version.toInteger() > Version) {
+        return engineError(EngineErrorCode::UnknownVersion,
+                           "The record “%1” was made by a newer version of Velmora.", place);
+    }
+    const QString name = object.value(RecordName).toString();
+    const bool isSound = version == Version && object.value(RecordUUID) == databaseUUID &&
+                         name.isValidUtf16() && Operation::isName(name);
+    if (!isSound) {
+        return engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", place);
+    }
+    return name;
+}

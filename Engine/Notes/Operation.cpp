@@ -1,0 +1,91 @@
+#include "Engine/Notes/Operation.h"
+
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QUuid>
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr qint64 FirstDate = -62135596800000;
+constexpr qint64 LastDate = 253402300799999;
+
+}  // namespace
+
+Operation Operation::make(const QString &note, const QString &title, const QString &text,
+                          std::optional<qint64> modified, QList<OperationId> supersedes) {
+    std::sort(supersedes.begin(), supersedes.end());
+    supersedes.erase(std::unique(supersedes.begin(), supersedes.end()), supersedes.end());
+    Operation operation{
+        {}, note, title, text, modified, std::move(supersedes), QUuid::createUuid().toRfc4122()};
+    operation.id = operation.reckonedId();
+    return operation;
+}
+
+OperationId Operation::reckonedId() const {
+    const QByteArray titleBytes = title.toUtf8();
+    QByteArrayList superseded;
+    superseded.reserve(supersedes.size());
+    for (const OperationId &identifier : supersedes) {
+        superseded.append(identifier.toHex());
+    }
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(note.toUtf8() + '\n' + salt.toHex() + '\n' +
+                 (modified ? QByteArray::number(*modified) : QByteArray()) + '\n' +
+                 superseded.join(',') + '\n' + QByteArray::number(titleBytes.size()) + '\n');
+    hash.addData(titleBytes);
+    hash.addData(text.toUtf8());
+    return hash.result().first(IdentifierSize);
+}
+
+bool Operation::isSound() const {
+    const bool isNoteSound = note.isEmpty() ? isName(title) && text.isEmpty() : isUUID(note);
+    const bool isTextSound = title.isValidUtf16() && text.isValidUtf16() &&
+                             title.toUtf8().size() + text.toUtf8().size() <= NoteLimit;
+    const bool isDateSound = !modified || isDate(*modified);
+    const bool areSupersededSound = supersedes.size() <= SupersedesLimit &&
+                                    std::adjacent_find(supersedes.begin(), supersedes.end(),
+                                                       std::greater_equal<>()) == supersedes.end();
+    return isNoteSound && isTextSound && isDateSound && areSupersededSound && id == reckonedId();
+}
+
+bool Operation::comesBefore(const Operation &other) const {
+    constexpr qint64 never = std::numeric_limits<qint64>::min();
+    return std::pair(modified.value_or(never), id) >
+           std::pair(other.modified.value_or(never), other.id);
+}
+
+QString Operation::UUIDOfCopy() const {
+    return QUuid::createUuidV5(QUuid(note), id.toHex()).toString(QUuid::WithoutBraces);
+}
+
+QByteArray Operation::packed(const QList<OperationId> &identifiers) {
+    QByteArray bytes("");
+    bytes.reserve(identifiers.size() * IdentifierSize);
+    for (const OperationId &identifier : identifiers) {
+        bytes.append(identifier);
+    }
+    return bytes;
+}
+
+QList<OperationId> Operation::unpacked(const QByteArray &bytes) {
+    QList<OperationId> identifiers;
+    identifiers.reserve(bytes.size() / IdentifierSize);
+    for (qsizetype at = 0; at < bytes.size(); at += IdentifierSize) {
+        identifiers.append(bytes.mid(at, IdentifierSize));
+    }
+    return identifiers;
+}
+
+bool Operation::isName(const QString &text) {
+    return !text.trimmed().isEmpty() && text.toUtf8().size() <= NameLimit;
+}
+
+bool Operation::isUUID(const QString &text) {
+    const QUuid UUID(text);
+    return !UUID.isNull() && UUID.toString(QUuid::WithoutBraces) == text;
+}
+
+bool Operation::isDate(qint64 milliseconds) {
+    return milliseconds >= FirstDate && milliseconds <= LastDate;
+}

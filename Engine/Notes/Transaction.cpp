@@ -1,0 +1,165 @@
+#include "Engine/Notes/Transaction.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+#include "Engine/Foundation/EngineError.h"
+
+namespace {
+
+const QString VersionKey = QStringLiteral("version");
+const QString OperationsKey = QStringLiteral("operations");
+const QString SupersededKey = QStringLiteral("superseded");
+const QString IdentifierKey = QStringLiteral("id");
+const QString NoteKey = QStringLiteral("note");
+const QString TitleKey = QStringLiteral("title");
+const QString TextKey = QStringLiteral("text");
+const QString ModifiedKey = QStringLiteral("modified");
+const QString SupersedesKey = QStringLiteral("supersedes");
+const QString SaltKey = QStringLiteral("salt");
+
+QString hexadecimal(const QByteArray &bytes) {
+    return QString::fromLatin1(bytes.toHex());
+}
+
+QJsonArray hexadecimals(const QList<OperationId> &identifiers) {
+    QJsonArray array;
+    for (const OperationId &identifier : identifiers) {
+        array.append(hexadecimal(identifier));
+    }
+    return array;
+}
+
+QJsonObject encodedOperation(const Operation &operation) {
+    QJsonObject object{{IdentifierKey, hexadecimal(operation.id)},
+                       {TitleKey, operation.title},
+                       {SaltKey, hexadecimal(operation.salt)}};
+    if (!operation.note.isEmpty()) {
+        object.insert(NoteKey, operation.note);
+        object.insert(TextKey, operation.text);
+    }
+    if (operation.modified) {
+        object.insert(ModifiedKey, *operation.modified);
+    }
+    if (!operation.supersedes.isEmpty()) {
+        object.insert(SupersedesKey, hexadecimals(operation.supersedes));
+    }
+    return object;
+}
+
+/// Thrown within this file where a record is not as it should be.
+struct Unsound {};
+
+QByteArray sixteenBytes(const QJsonValue &value) {
+    const QByteArray digits = value.toString().toLatin1();
+    QByteArray bytes = QByteArray::fromHex(digits);
+    if (bytes.size() != Operation::IdentifierSize || bytes.toHex() != digits) {
+        throw Unsound();
+    }
+    return bytes;
+}
+
+QString string(const QJsonObject &object, const QString &key) {
+    const QJsonValue value = object.value(key);
+    if (!value.isString() && !value.isUndefined()) {
+        throw Unsound();
+    }
+    return value.toString();
+}
+
+QJsonArray array(const QJsonObject &object, const QString &key) {
+    const QJsonValue value = object.value(key);
+    if (!value.isArray() && !value.isUndefined()) {
+        throw Unsound();
+    }
+    return value.toArray();
+}
+
+QList<OperationId> identifiers(const QJsonObject &object, const QString &key) {
+    const QJsonArray values = array(object, key);
+    QList<OperationId> list;
+    list.reserve(values.size());
+    for (const QJsonValue value : values) {
+        list.append(sixteenBytes(value));
+    }
+    return list;
+}
+
+std::optional<qint64> date(const QJsonValue &value) {
+    if (value.isUndefined()) {
+        return {};
+    }
+    constexpr qint64 none = std::numeric_limits<qint64>::max();
+    const qint64 milliseconds = value.toInteger(none);
+    if (milliseconds == none) {
+        throw Unsound();
+    }
+    return milliseconds;
+}
+
+Operation decodedOperation(const QJsonObject &object) {
+    Operation operation{sixteenBytes(object.value(IdentifierKey)),
+                        string(object, NoteKey),
+                        string(object, TitleKey),
+                        string(object, TextKey),
+                        date(object.value(ModifiedKey)),
+                        identifiers(object, SupersedesKey),
+                        sixteenBytes(object.value(SaltKey))};
+    if (!operation.isSound()) {
+        throw Unsound();
+    }
+    return operation;
+}
+
+Transaction decodedTransaction(const QJsonObject &object) {
+    Transaction transaction;
+    const QJsonArray operations = array(object, OperationsKey);
+    transaction.operations.reserve(operations.size());
+    for (const QJsonValue operation : operations) {
+        transaction.operations.append(decodedOperation(operation.toObject()));
+    }
+    transaction.superseded = identifiers(object, SupersededKey);
+    return transaction;
+}
+
+}  // namespace
+
+QList<OperationId> Transaction::allSuperseded() const {
+    QList<OperationId> all = superseded;
+    for (const Operation &operation : operations) {
+        all.append(operation.supersedes);
+    }
+    return all;
+}
+
+QByteArray Transaction::encoded() const {
+    QJsonArray operationArray;
+    for (const Operation &operation : operations) {
+        operationArray.append(encodedOperation(operation));
+    }
+    return QJsonDocument(QJsonObject{{VersionKey, Version},
+                                     {OperationsKey, operationArray},
+                                     {SupersededKey, hexadecimals(superseded)}})
+        .toJson(QJsonDocument::Compact);
+}
+
+Result<Transaction> Transaction::decoded(const QByteArray &record, const QString &name) {
+    if (record.size() > SizeLimit) {
+        return engineError(EngineErrorCode::DamagedRecord, "The record “%1” is too large.", name);
+    }
+    const QJsonObject object = QJsonDocument::fromJson(record).object();
+    const QJsonValue version = object.value(VersionKey);
+    if (version.toInteger() > Version) {
+        return engineError(EngineErrorCode::UnknownVersion,
+                           "The record “%1” was made by a newer version of Velmora.", name);
+    }
+    try {
+        if (version != Version) {
+            throw Unsound();
+        }
+        return decodedTransaction(object);
+    } catch (const Unsound &) {
+        return engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", name);
+    }
+}

@@ -1,0 +1,133 @@
+#include "Engine/Plugin/EngineClasses.h"
+
+#include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Locations/EngineLocationFormatter.h"
+#include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Plugin/EngineSyncPlugin.h"
+#include "Engine/Schedules/EngineDailySchedule.h"
+#include "Engine/Schedules/EngineHourlySchedule.h"
+#include "Engine/Schedules/EngineSchedule.h"
+#include "Engine/Schedules/EngineWeeklySchedule.h"
+#include "Engine/Stores/Dropbox/DropboxSessionManager.h"
+#include "Host/QVDirectConnectionServer.h"
+
+namespace {
+
+class SyncPluginClass : public QVSyncPlugin::Class {
+public:
+    SyncPluginClass(EngineSyncPlugin &plugin, const EngineNoteLibrary &library)
+        : m_plugin(plugin), m_library(library) {}
+    bool isAvailable() const override { return true; }
+    QVSyncPlugin *plugin() const override { return &m_plugin; }
+    std::shared_ptr<QVDatabase> databaseForUUID(const QString &UUID,
+                                                bool lookingUpAllKnownDatabases) const override {
+        const std::shared_ptr<NoteDatabase> database = m_library.databaseForUUID(UUID);
+        const bool isFound = database && (database->isOpen() || lookingUpAllKnownDatabases);
+        return isFound ? database : nullptr;
+    }
+
+private:
+    EngineSyncPlugin &m_plugin;
+    const EngineNoteLibrary &m_library;
+};
+
+class DatabaseClass : public QVDatabase::Class {
+public:
+    explicit DatabaseClass(const EngineNoteLibrary &library) : m_library(library) {}
+    QList<std::shared_ptr<QVDatabase>> databases() const override {
+        return m_library.openDatabases();
+    }
+
+private:
+    const EngineNoteLibrary &m_library;
+};
+
+class SyncLocationClass : public QVSyncLocation::Class {
+    std::shared_ptr<QVSyncLocation> syncLocationWithURL(const Url &URL) const override {
+        return std::make_shared<EngineSyncLocation>(URL);
+    }
+};
+
+class SyncLocationFormatterClass : public QVSyncLocationFormatter::Class {
+    std::unique_ptr<QVSyncLocationFormatter> formatterForLocationWithURL(
+        const Url &URL) const override {
+        return std::make_unique<EngineLocationFormatter>(URL);
+    }
+};
+
+class SyncScheduleClass : public QVSyncSchedule::Class {
+    QVSyncSchedulePtr newSchedule() const override { return std::make_shared<EngineSchedule>(); }
+};
+
+class HourlyScheduleClass : public QVHourlySchedule::Class {
+    std::shared_ptr<const QVHourlySchedule> newHourlySchedule() const override {
+        return initWithHourlyOffset(EngineHourlySchedule::DefaultOffset);
+    }
+    std::shared_ptr<const QVHourlySchedule> initWithHourlyOffset(
+        quint32 hourlyOffset) const override {
+        return std::make_shared<EngineHourlySchedule>(hourlyOffset);
+    }
+};
+
+class DailyScheduleClass : public QVDailySchedule::Class {
+    std::shared_ptr<const QVDailySchedule> initWithHourAndMinute(
+        const std::optional<HourAndMinute> &hourAndMinute) const override {
+        return std::make_shared<EngineDailySchedule>(hourAndMinute);
+    }
+};
+
+class WeeklyScheduleClass : public QVWeeklySchedule::Class {
+    std::shared_ptr<const QVWeeklySchedule> initWithHourAndMinute(
+        const std::optional<HourAndMinute> &hourAndMinute, quint64 daysOfWeek) const override {
+        return std::make_shared<EngineWeeklySchedule>(hourAndMinute, daysOfWeek);
+    }
+};
+
+class FutureClass : public PZFuture::Class {
+    std::shared_ptr<PZFuture> future() const override { return std::make_shared<EngineFuture>(); }
+};
+
+class DirectConnectionServerClass : public QVDirectConnectionServer::Class {
+    QString URLScheme() const override { return DirectConnection::URLScheme; }
+    quint16 defaultPort() const override { return DirectConnection::DefaultPort; }
+    QString bonjourServiceType() const override { return DirectConnection::BonjourServiceType; }
+    QString clientAuthorizationServiceName() const override {
+        return DirectConnection::ClientAuthorizationServiceName;
+    }
+};
+
+/// A class object and its registration.
+template <class ClassObject>
+struct Registered {
+    template <class... Arguments>
+    explicit Registered(const QString &name, Arguments &&...arguments)
+        : object(std::forward<Arguments>(arguments)...), registration(name, &object) {}
+    ClassObject object;
+    HostClassRegistration registration;
+};
+
+}  // namespace
+
+struct EngineClasses::Objects {
+    Objects(EngineSyncPlugin &syncPlugin, const EngineNoteLibrary &library)
+        : plugin(QStringLiteral("QVSyncPlugin"), syncPlugin, library),
+          database(QStringLiteral("QVDatabase"), library) {}
+
+    Registered<SyncPluginClass> plugin;
+    Registered<DatabaseClass> database;
+    Registered<SyncLocationClass> location{QStringLiteral("QVSyncLocation")};
+    Registered<SyncLocationFormatterClass> formatter{QStringLiteral("QVSyncLocationFormatter")};
+    Registered<SyncScheduleClass> schedule{QStringLiteral("QVSyncSchedule")};
+    Registered<HourlyScheduleClass> hourly{QStringLiteral("QVHourlySchedule")};
+    Registered<DailyScheduleClass> daily{QStringLiteral("QVDailySchedule")};
+    Registered<WeeklyScheduleClass> weekly{QStringLiteral("QVWeeklySchedule")};
+    Registered<FutureClass> future{QStringLiteral("PZFuture")};
+    Registered<DropboxSessionManager> dropbox{QStringLiteral("QVDropboxSessionManager")};
+    Registered<DirectConnectionServerClass> server{QStringLiteral("QVDirectConnectionServer")};
+};
+
+EngineClasses::EngineClasses(EngineSyncPlugin &plugin, const EngineNoteLibrary &library)
+    : m_objects(std::make_unique<Objects>(plugin, library)) {}
+
+EngineClasses::~EngineClasses() = default;

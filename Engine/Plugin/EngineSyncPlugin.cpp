@@ -1,0 +1,90 @@
+#include "Engine/Plugin/EngineSyncPlugin.h"
+
+#include "Engine/DirectConnection/DirectConnectionPairings.h"
+#include "Engine/DirectConnection/DirectConnectionServer.h"
+#include "Engine/DirectConnection/DirectConnectionSynchronizer.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Stores/Folder/FolderGrants.h"
+#include "Engine/Stores/Folder/LocalStore.h"
+#include "Engine/Stores/Folder/MountedVolumes.h"
+#include "Platform/Foundation/Log.h"
+
+namespace {
+
+void logIfFailed(const std::optional<Error> &error) {
+    if (error) {
+        Log::message(error->localizedDescription);
+    }
+}
+
+}  // namespace
+
+EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLibrary &library)
+    : m_profile(profile),
+      m_library(library),
+      m_locationsController(std::make_unique<EngineLocationsController>(profile)),
+      m_dispatcher(std::make_unique<EngineDispatcher>(profile, library)),
+      m_grants(std::make_unique<FolderGrants>(profile)),
+      m_pairings(std::make_unique<DirectConnectionPairings>(profile)),
+      m_server(std::make_unique<DirectConnectionServer>(profile)) {}
+
+EngineSyncPlugin::~EngineSyncPlugin() = default;
+
+std::optional<Error> EngineSyncPlugin::load() {
+    const auto location = std::make_shared<EngineSyncLocation>(Url::fileURL(m_profile.directory()));
+    m_localStore = std::make_shared<LocalStore>(location, m_profile.path());
+    if (std::optional<Error> error = m_locationsController->load()) {
+        return error;
+    }
+    m_grants->load();
+    m_pairings->load();
+    const DirectConnectionPackage package(m_profile.directory());
+    m_serverHook =
+        std::make_unique<DirectConnectionSynchronizer>(*m_dispatcher, m_library, package.path());
+    m_server->load(package, *m_serverHook);
+    return {};
+}
+
+std::optional<Error> EngineSyncPlugin::setUsesSandboxedAccess(bool usesSandboxedAccess) {
+    return m_grants->setNeeded(usesSandboxedAccess);
+}
+
+QVSyncLocationsController *EngineSyncPlugin::locationsController() const {
+    return m_locationsController.get();
+}
+
+QVSyncDispatcher *EngineSyncPlugin::dispatcher() const {
+    return m_dispatcher.get();
+}
+
+QVDirectConnectionServer *EngineSyncPlugin::server() const {
+    return m_server.get();
+}
+
+std::shared_ptr<QVSyncStore> EngineSyncPlugin::localStore() const {
+    return m_localStore;
+}
+
+bool EngineSyncPlugin::usesSandboxedAccess() const {
+    return m_grants->areNeeded();
+}
+
+void EngineSyncPlugin::bookmarkURL(const Url &URL) {
+    if (URL.isFileURL()) {
+        logIfFailed(m_grants->add(URL.path()));
+    }
+}
+
+void EngineSyncPlugin::removeBookmarkForURL(const Url &URL) {
+    if (URL.isFileURL()) {
+        logIfFailed(m_grants->remove(URL.path()));
+    }
+}
+
+QStringList EngineSyncPlugin::bookmarkDictionaryKeys() const {
+    return m_grants->paths();
+}
+
+bool EngineSyncPlugin::isVolumeMountedAtPath(const QString &path) const {
+    return MountedVolumes::contain(path, MountedVolumes::mountPoints);
+}

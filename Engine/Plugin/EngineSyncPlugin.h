@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Engine/Locations/EngineLocationsController.h"
+#include "Engine/Synchronization/EngineDispatcher.h"
+#include "Host/QVSyncPlugin.h"
+
+class DirectConnectionHook;
+class DirectConnectionPairings;
+class DirectConnectionServer;
+class EngineNoteLibrary;
+class FolderGrants;
+class LocalStore;
+
+/// Folder grants are a plain list kept in the profile, at once. Where the profile's setting
+/// "usesSandboxedAccess" is on, folder stores outside every granted folder fail; nothing else is
+/// sandboxed.
+class EngineSyncPlugin : public QVSyncPlugin {
+    Q_OBJECT
+public:
+    /// `profile` and `library` must outlive this.
+    EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLibrary &library);
+    ~EngineSyncPlugin() override;
+
+    /// Takes over what the profile holds; called once, when it was opened.
+    std::optional<Error> load();
+    /// Changes the profile's setting.
+    std::optional<Error> setUsesSandboxedAccess(bool usesSandboxedAccess);
+
+    QVSyncLocationsController *locationsController() const override;
+    QVSyncDispatcher *dispatcher() const override;
+    QVDirectConnectionServer *server() const override;
+    EngineDispatcher &engineDispatcher() const { return *m_dispatcher; }
+    /// There once a profile is open.
+    std::shared_ptr<QVSyncStore> localStore() const override;
+    bool usesSandboxedAccess() const override;
+    void bookmarkURL(const Url &URL) override;
+    void removeBookmarkForURL(const Url &URL) override;
+    QStringList bookmarkDictionaryKeys() const override;
+    bool isVolumeMountedAtPath(const QString &path) const override;
+
+private:
+    const ProfileDatabase &m_profile;
+    EngineNoteLibrary &m_library;
+    const std::unique_ptr<EngineLocationsController> m_locationsController;
+    const std::unique_ptr<EngineDispatcher> m_dispatcher;
+    const std::unique_ptr<FolderGrants> m_grants;
+    const std::unique_ptr<DirectConnectionPairings> m_pairings;
+    std::shared_ptr<LocalStore> m_localStore;
+    std::unique_ptr<DirectConnectionHook> m_serverHook;
+    const std::unique_ptr<DirectConnectionServer> m_server;
+};

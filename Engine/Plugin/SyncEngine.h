@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QtCore/QTranslator>
+
+#include "Engine/Foundation/MainThreadQueue.h"
+#include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Plugin/EngineClasses.h"
+#include "Engine/Plugin/EngineSyncPlugin.h"
+#include "Engine/Profile/FirstContents.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Stores/Http/CertificateTrust.h"
+#include "Engine/Synchronization/SyncTriggers.h"
+
+/// The whole engine. Registers the host classes while it exists; there is one at a time. Main
+/// thread.
+class SyncEngine {
+public:
+    SyncEngine();
+    /// Cancels what stores still do and waits for its end, so it must not be called while a handler
+    /// waits for the main thread.
+    ~SyncEngine();
+    SyncEngine(const SyncEngine &) = delete;
+    SyncEngine &operator=(const SyncEngine &) = delete;
+
+    /// As SyncPlugIn says; `contents` is for a new profile.
+    std::optional<Error> openProfile(const QString &directory,
+                                     FirstContents contents = FirstContents::Welcome);
+    /// nullptr while no profile is open.
+    EngineNoteLibrary *library() { return m_isOpen ? &m_library : nullptr; }
+    EngineSyncPlugin &plugin() { return m_plugin; }
+    const ProfileDatabase &profile() const { return m_profile; }
+    SyncTriggers &triggers() { return m_triggers; }
+
+private:
+    std::optional<Error> load();
+    void installTranslation();
+
+    MainThreadQueue m_mainThreadQueue;
+    QTranslator m_translator;
+    ProfileDatabase m_profile;
+    CertificateTrust m_certificateTrust{m_profile};
+    EngineNoteLibrary m_library;
+    EngineSyncPlugin m_plugin;
+    SyncTriggers m_triggers;
+    EngineClasses m_classes;
+    bool m_isOpen = false;
+};

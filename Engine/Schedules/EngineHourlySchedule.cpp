@@ -1,0 +1,15 @@
+#include "Engine/Schedules/EngineHourlySchedule.h"
+
+QDateTime EngineHourlySchedule::nextScheduledDate() const {
+    return nextDateAfter(QDateTime::currentDateTime());
+}
+
+QDateTime EngineHourlySchedule::nextDateAfter(const QDateTime &now) const {
+    const QTime time = now.time();
+    QDateTime next = now.addMSecs(60000 - time.second() * 1000 - time.msec());
+    // A step at a time, since a clock change need not be a whole hour.
+    while (next.time().minute() != static_cast<int>(m_hourlyOffset)) {
+        next = next.addSecs(60);
+    }
+    return next;
+}

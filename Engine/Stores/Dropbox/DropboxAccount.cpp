@@ -1,0 +1,157 @@
+#include "Engine/Stores/Dropbox/DropboxAccount.h"
+
+#include <QtCore/QJsonDocument>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Stores/Dropbox/DropboxError.h"
+#include "Engine/Stores/Dropbox/DropboxTokenEndpoint.h"
+
+namespace {
+
+constexpr std::chrono::milliseconds TurnLookInterval(20);
+
+QUrl routeBelow(QUrl address, const QString &route) {
+    address.setPath(address.path() + u'/' + route);
+    return address;
+}
+
+/// Only ASCII may stand in a header: JSON can write everything else as "\uXXXX".
+QByteArray headerText(const QJsonObject &object) {
+    const QString text = QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
+    QByteArray result;
+    for (const QChar character : text) {
+        if (character.unicode() < 0x7f) {
+            result += static_cast<char>(character.unicode());
+        } else {
+            result += "\\u" + QByteArray::number(character.unicode(), 16).rightJustified(4, '0');
+        }
+    }
+    return result;
+}
+
+/// One refresh at a time: those who wait find its tokens. Empty where the future is cancelled.
+std::unique_lock<std::timed_mutex> turnToRefresh(const PZFuture &future) {
+    static std::timed_mutex mutex;
+    std::unique_lock lock(mutex, std::defer_lock);
+    while (!future.isCancelled() && !lock.try_lock_for(TurnLookInterval)) {
+    }
+    return lock;
+}
+
+}  // namespace
+
+DropboxAccount::DropboxAccount(const QString &address, HttpClient::Timeouts timeouts)
+    : m_address(address),
+      m_configuration(DropboxConfiguration::current()),
+      m_connection(timeouts) {}
+
+QUrl DropboxAccount::server() const {
+    const auto *configuration = std::get_if<DropboxConfiguration>(&m_configuration);
+    return configuration ? configuration->APIAddress : QUrl();
+}
+
+Result<HttpClient::Response> DropboxAccount::call(const QString &route, const QJsonObject &argument,
+                                                  qint64 limit, const PZFuture &future) {
+    if (const Error *error = errorOf(m_configuration)) {
+        return *error;
+    }
+    const auto &configuration = std::get<DropboxConfiguration>(m_configuration);
+    return send({.method = "POST",
+                 .URL = routeBelow(configuration.APIAddress, route),
+                 .headers = {{"Content-Type", "application/json"}},
+                 .body = QJsonDocument(argument).toJson(QJsonDocument::Compact),
+                 .limit = limit},
+                future);
+}
+
+Result<HttpClient::Response> DropboxAccount::callForContents(const QString &route,
+                                                             const QJsonObject &argument,
+                                                             const QByteArray &contents,
+                                                             qint64 limit, const PZFuture &future) {
+    if (const Error *error = errorOf(m_configuration)) {
+        return *error;
+    }
+    const auto &configuration = std::get<DropboxConfiguration>(m_configuration);
+    return send({.method = "POST",
+                 .URL = routeBelow(configuration.contentAddress, route),
+                 .headers = {{"Content-Type", "application/octet-stream"},
+                             {"Dropbox-API-Arg", headerText(argument)}},
+                 .body = contents,
+                 .limit = limit},
+                future);
+}
+
+Result<HttpClient::Response> DropboxAccount::send(HttpClient::Request request,
+                                                  const PZFuture &future) {
+    constexpr int Unauthorized = 401;
+    Result<DropboxTokens> current = tokens(future);
+    const QList<HttpClient::Header> headers = request.headers;
+    for (int tries = 0; tries < 2; ++tries) {
+        if (const Error *error = errorOf(current)) {
+            return *error;
+        }
+        const QByteArray access = std::get<DropboxTokens>(current).access;
+        request.headers = headers;
+        request.headers.append({"Authorization", "Bearer " + access});
+        Result<HttpClient::Response> answer = m_connection.send(request, future);
+        const auto *response = std::get_if<HttpClient::Response>(&answer);
+        if (!response || response->status != Unauthorized) {
+            return answer;
+        }
+        if (tries == 0) {
+            current = renewedTokens(access, future);
+        }
+    }
+    return DropboxError::signInAgain(m_address);
+}
+
+Result<DropboxTokens> DropboxAccount::tokens(const PZFuture &future) {
+    std::optional<DropboxTokens> known;
+    {
+        const std::lock_guard lock(m_mutex);
+        known = m_tokens;
+    }
+    if (!known) {
+        known = DropboxTokens::stored(m_address);
+    }
+    if (!known) {
+        return DropboxError::notSignedIn(m_address);
+    }
+    if (known->areExpired()) {
+        return renewedTokens(known->access, future);
+    }
+    keep(*known);
+    return *known;
+}
+
+Result<DropboxTokens> DropboxAccount::renewedTokens(const QByteArray &access,
+                                                    const PZFuture &future) {
+    const std::unique_lock turn = turnToRefresh(future);
+    if (future.isCancelled()) {
+        return operationCancelled();
+    }
+    const std::optional<DropboxTokens> known = DropboxTokens::stored(m_address);
+    if (!known) {
+        return DropboxError::notSignedIn(m_address);
+    }
+    if (known->access != access && !known->areExpired()) {
+        keep(*known);
+        return *known;
+    }
+    if (known->refresh.isEmpty()) {
+        return DropboxError::signInAgain(m_address);
+    }
+    Result<DropboxTokens> renewed =
+        DropboxTokenEndpoint(std::get<DropboxConfiguration>(m_configuration), m_connection)
+            .refresh(*known, m_address, future);
+    if (const auto *fresh = std::get_if<DropboxTokens>(&renewed)) {
+        fresh->store(m_address);
+        keep(*fresh);
+    }
+    return renewed;
+}
+
+void DropboxAccount::keep(const DropboxTokens &tokens) {
+    const std::lock_guard lock(m_mutex);
+    m_tokens = tokens;
+}

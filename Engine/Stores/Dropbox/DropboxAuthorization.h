@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Engine/Stores/Dropbox/DropboxConfiguration.h"
+#include "Engine/Stores/Dropbox/DropboxConnection.h"
+#include "Engine/Stores/Dropbox/DropboxTokens.h"
+
+/// One sign-in to Dropbox as RFC 8252 has it for programs on a person's own computer: the browser
+/// shows Dropbox's page, and comes back to a loopback address with a code, which is exchanged for
+/// tokens together with the proof that it is ours (RFC 7636, method S256).
+class DropboxAuthorization {
+public:
+    struct Limits {
+        /// Until the person has signed in.
+        std::chrono::milliseconds person = std::chrono::minutes(10);
+        HttpClient::Timeouts server = {};
+    };
+
+    /// `mainThread`: an object there; it must outlive this.
+    DropboxAuthorization(QObject &mainThread, const Limits &limits);
+
+    /// The whole sign-in: the account's address, under which its tokens are stored now. Blocks, on
+    /// a worker thread; called once.
+    Result<QString> run(const PZFuture &future);
+
+private:
+    Result<DropboxTokens> tokens(const DropboxConfiguration &configuration, const PZFuture &future);
+    std::optional<Error> openBrowser(const QUrl &address, const PZFuture &future);
+    Result<QString> accountAddress(const DropboxConfiguration &configuration,
+                                   const DropboxTokens &tokens, const PZFuture &future);
+
+    QObject &m_mainThread;
+    const Limits m_limits;
+    DropboxConnection m_connection;
+};

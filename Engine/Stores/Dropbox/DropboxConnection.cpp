@@ -1,0 +1,60 @@
+#include "Engine/Stores/Dropbox/DropboxConnection.h"
+
+#include <QtCore/QDeadlineTimer>
+#include <algorithm>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Stores/Dropbox/DropboxError.h"
+
+namespace {
+
+/// How often a waiting thread looks whether it was cancelled.
+constexpr std::chrono::milliseconds CancellationInterval(20);
+
+bool asksToWait(const HttpClient::Response &response) {
+    constexpr int TooManyRequests = 429;
+    constexpr int ServiceUnavailable = 503;
+    return response.status == TooManyRequests ||
+           (response.status == ServiceUnavailable && !response.header("Retry-After").isEmpty());
+}
+
+std::chrono::seconds timeToWait(const HttpClient::Response &response) {
+    bool isNumber = false;
+    const int seconds = response.header("Retry-After").trimmed().toInt(&isNumber);
+    return isNumber && seconds >= 0
+               ? std::max(std::chrono::seconds(seconds), std::chrono::seconds(1))
+               : DropboxConnection::UnnamedWaiting;
+}
+
+void waitUnlessCancelled(std::chrono::seconds duration, const PZFuture &future) {
+    const QDeadlineTimer end(duration);
+    while (!end.hasExpired() && !future.isCancelled()) {
+        QThread::msleep(CancellationInterval.count());
+    }
+}
+
+}  // namespace
+
+DropboxConnection::DropboxConnection(HttpClient::Timeouts timeouts)
+    : m_client({.timeouts = timeouts}) {}
+
+Result<HttpClient::Response> DropboxConnection::send(const HttpClient::Request &request,
+                                                     const PZFuture &future) {
+    std::chrono::seconds waited(0);
+    for (;;) {
+        Result<HttpClient::Response> answer = m_client.send(request, future);
+        const auto *response = std::get_if<HttpClient::Response>(&answer);
+        if (!response || !asksToWait(*response)) {
+            return answer;
+        }
+        const std::chrono::seconds wanted = timeToWait(*response);
+        waited += wanted;
+        if (waited > MostWaiting) {
+            return DropboxError::busy(request.URL);
+        }
+        waitUnlessCancelled(wanted, future);
+        if (future.isCancelled()) {
+            return operationCancelled();
+        }
+    }
+}

@@ -1,0 +1,62 @@
+#include "Engine/Stores/Dropbox/DropboxSessionManager.h"
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Stores/Dropbox/DropboxAccountInfo.h"
+#include "Engine/Stores/Dropbox/DropboxSession.h"
+
+namespace {
+
+/// A person who has closed the browser's page without an answer may begin anew meanwhile.
+constexpr int MostAuthorizations = 16;
+
+}  // namespace
+
+DropboxSessionManager::DropboxSessionManager(const DropboxAuthorization::Limits &limits)
+    : m_limits(limits) {
+    m_threads.setMaxThreadCount(MostAuthorizations);
+}
+
+DropboxSessionManager::~DropboxSessionManager() {
+    for (const Run &run : std::as_const(m_runs)) {
+        run.future->cancel();
+    }
+    m_threads.waitForDone();
+    const QList<quint64> waiting = m_runs.keys();
+    for (const quint64 number : waiting) {
+        finish(number, operationCancelled());
+    }
+}
+
+std::shared_ptr<QVDropboxSession> DropboxSessionManager::sessionWithURL(const Url & /*URL*/) {
+    return std::make_shared<DropboxSession>(*this);
+}
+
+void DropboxSessionManager::authorize(const std::shared_ptr<PZFuture> &future,
+                                      QVDropboxSession::Handler handler) {
+    const auto operation = std::make_shared<EngineFuture>();
+    future->passControlToFuture(operation);
+    const quint64 number = ++m_lastNumber;
+    m_runs.insert(number, {operation, std::move(handler)});
+    m_threads.start([this, operation, number] {
+        const Result<QString> address =
+            DropboxAuthorization(m_mainThread, m_limits).run(*operation);
+        QMetaObject::invokeMethod(
+            &m_mainThread, [this, number, address] { finish(number, address); },
+            Qt::QueuedConnection);
+    });
+}
+
+void DropboxSessionManager::finish(quint64 number, const Result<QString> &address) {
+    const Run run = m_runs.take(number);
+    if (run.future->isCancelled()) {
+        run.handler(nullptr, operationCancelled());
+        return;
+    }
+    run.future->finish();
+    if (const Error *error = errorOf(address)) {
+        run.handler(nullptr, *error);
+        return;
+    }
+    run.handler(std::make_shared<DropboxAccountInfo>(std::get<QString>(address)), std::nullopt);
+}

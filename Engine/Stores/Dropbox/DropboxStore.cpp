@@ -1,0 +1,228 @@
+#include "Engine/Stores/Dropbox/DropboxStore.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Stores/Dropbox/DropboxError.h"
+#include "Platform/Foundation/Localization.h"
+
+namespace {
+
+const QString PackagePath = QStringLiteral("/Velmora.qvSyncStore");
+constexpr qint64 AnswerLimit = 1 << 20;
+constexpr int DropboxOK = 200;
+/// Says in JSON what is wrong with the arguments, or with what they name.
+constexpr int RouteFailed = 409;
+
+QString pathOf(const QString &name) {
+    return name.isEmpty() ? PackagePath : PackagePath + u'/' + name;
+}
+
+/// The address is the URL's own text: it was put there as it is.
+QString accountAddressOf(const Url &URL) {
+    return URL.absoluteString().section(QStringLiteral("://"), 1);
+}
+
+/// What is wrong, from the general to the particular: "path/conflict/file". Empty where the answer
+/// is none of a route that failed.
+QString failedPart(const HttpClient::Response &response) {
+    QStringList tags;
+    QJsonObject object;
+    if (response.status == RouteFailed) {
+        object = QJsonDocument::fromJson(response.body)
+                     .object()
+                     .value(QStringLiteral("error"))
+                     .toObject();
+    }
+    while (!object.isEmpty()) {
+        const QString tag = object.value(QStringLiteral(".tag")).toString();
+        tags.append(tag);
+        const QJsonValue particular = object.value(tag);
+        object = (particular.isObject() ? particular : object.value(QStringLiteral("reason")))
+                     .toObject();
+    }
+    return tags.join(u'/');
+}
+
+bool isNotFound(const HttpClient::Response &response) {
+    return failedPart(response).endsWith(QStringLiteral("/not_found"));
+}
+
+/// Whether the route has done what it was asked for; it tells in JSON what has come of it.
+bool isDone(const HttpClient::Response &response, const QByteArray &outcome) {
+    return response.status == DropboxOK && !QJsonDocument::fromJson(outcome).object().isEmpty();
+}
+
+struct Page {
+    QStringList names;
+    QString cursor;
+    bool hasMore = false;
+};
+
+std::optional<Page> pageFrom(const QByteArray &answer) {
+    const QJsonObject object = QJsonDocument::fromJson(answer).object();
+    const QJsonValue entries = object.value(QStringLiteral("entries"));
+    const QJsonValue hasMore = object.value(QStringLiteral("has_more"));
+    Page page{{}, object.value(QStringLiteral("cursor")).toString(), hasMore.toBool()};
+    const QJsonArray array = entries.toArray();
+    for (const QJsonValue entry : array) {
+        const QString kind = entry[QStringLiteral(".tag")].toString();
+        if (kind == QStringLiteral("file") || kind == QStringLiteral("folder")) {
+            page.names.append(entry[QStringLiteral("name")].toString());
+        }
+    }
+    const bool isPage =
+        entries.isArray() && hasMore.isBool() && (!page.hasMore || !page.cursor.isEmpty());
+    return isPage ? std::optional(page) : std::nullopt;
+}
+
+}  // namespace
+
+DropboxStore::DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
+                           HttpClient::Timeouts timeouts)
+    : BlobStore(location),
+      m_accountAddress(accountAddressOf(URL())),
+      m_account(m_accountAddress, timeouts) {}
+
+QString DropboxStore::place(const QString &name) const {
+    return URL().absoluteString() + pathOf(name);
+}
+
+std::optional<Error> DropboxStore::open(const PZFuture &future) {
+    const Result<QStringList> names = listFolder({}, future);
+    const Error *error = errorOf(names);
+    return error ? std::optional(*error) : std::nullopt;
+}
+
+Result<QStringList> DropboxStore::listFolder(const QString &folder, const PZFuture &future) {
+    Result<Response> answer = firstPage(folder, future);
+    QStringList names;
+    for (int pages = 0; pages < MostPages; ++pages) {
+        if (const Error *error = errorOf(answer)) {
+            return *error;
+        }
+        const auto &response = std::get<Response>(answer);
+        if (failedPart(response) == QStringLiteral("reset")) {
+            names.clear();
+            answer = firstPage(folder, future);
+            continue;
+        }
+        if (isNotFound(response)) {
+            return QStringList();
+        }
+        if (response.status != DropboxOK) {
+            return failure(response, folder);
+        }
+        const std::optional<Page> page = pageFrom(response.body);
+        if (!page) {
+            break;
+        }
+        names.append(page->names);
+        if (!page->hasMore) {
+            return names;
+        }
+        answer = nextPage(page->cursor, future);
+    }
+    return DropboxError::notUnderstood(m_account.server());
+}
+
+Result<HttpClient::Response> DropboxStore::firstPage(const QString &folder,
+                                                     const PZFuture &future) {
+    return m_account.call(QStringLiteral("files/list_folder"),
+                          {{QStringLiteral("path"), pathOf(folder)}}, PageLimit, future);
+}
+
+Result<HttpClient::Response> DropboxStore::nextPage(const QString &cursor, const PZFuture &future) {
+    return m_account.call(QStringLiteral("files/list_folder/continue"),
+                          {{QStringLiteral("cursor"), cursor}}, PageLimit, future);
+}
+
+Result<QByteArray> DropboxStore::readBlob(const QString &name, qint64 limit,
+                                          const PZFuture &future) {
+    const Result<Response> answer = m_account.callForContents(
+        QStringLiteral("files/download"), {{QStringLiteral("path"), pathOf(name)}}, {},
+        std::max(limit, AnswerLimit), future);
+    if (const Error *error = errorOf(answer)) {
+        const bool isTooLong = error->code == static_cast<int>(EngineErrorCode::BlobRefused);
+        return isTooLong ? tooLong(name) : *error;
+    }
+    const auto &response = std::get<Response>(answer);
+    if (!isDone(response, response.header("Dropbox-API-Result"))) {
+        return failure(response, name);
+    }
+    return response.body.size() <= limit ? Result<QByteArray>(response.body) : tooLong(name);
+}
+
+Result<BlobStore::Written> DropboxStore::writeBlob(const QString &name, const QByteArray &contents,
+                                                   const PZFuture &future) {
+    if (contents.size() > ContentsLimit) {
+        return engineError(EngineErrorCode::StoreFull, "“%1” is larger than the server accepts.",
+                           place(name));
+    }
+    const Result<Response> answer =
+        m_account.callForContents(QStringLiteral("files/upload"),
+                                  {{QStringLiteral("path"), pathOf(name)},
+                                   {QStringLiteral("mode"), QStringLiteral("add")},
+                                   {QStringLiteral("autorename"), false},
+                                   {QStringLiteral("strict_conflict"), true},
+                                   // Nobody wants to be told of each.
+                                   {QStringLiteral("mute"), true}},
+                                  contents, AnswerLimit, future);
+    if (const Error *error = errorOf(answer)) {
+        return *error;
+    }
+    const auto &response = std::get<Response>(answer);
+    if (failedPart(response).startsWith(QStringLiteral("path/conflict"))) {
+        return Written::AlreadyThere;
+    }
+    return isDone(response, response.body) ? Result<Written>(Written::New)
+                                           : failure(response, name);
+}
+
+std::optional<Error> DropboxStore::removeBlob(const QString &name, const PZFuture &future) {
+    const Result<Response> answer =
+        m_account.call(QStringLiteral("files/delete_v2"), {{QStringLiteral("path"), pathOf(name)}},
+                       AnswerLimit, future);
+    if (const Error *error = errorOf(answer)) {
+        return *error;
+    }
+    const auto &response = std::get<Response>(answer);
+    const bool isGone = isDone(response, response.body) || isNotFound(response);
+    return isGone ? std::nullopt : std::optional(failure(response, name));
+}
+
+Error DropboxStore::failure(const Response &response, const QString &name) const {
+    switch (response.status) {
+        case DropboxOK:
+            return DropboxError::notUnderstood(m_account.server());
+        case RouteFailed:
+            return failureOfPath(response, name);
+        default:
+            return DropboxError::unexpected(response, m_account.server());
+    }
+}
+
+Error DropboxStore::failureOfPath(const Response &response, const QString &name) const {
+    const QString reason = failedPart(response).section(u'/', 1);
+    if (reason == QStringLiteral("not_found")) {
+        return missing(name);
+    }
+    if (reason == QStringLiteral("insufficient_space")) {
+        return engineError(EngineErrorCode::StoreFull, "The Dropbox of “%1” is full.",
+                           m_accountAddress);
+    }
+    if (reason == QStringLiteral("too_many_write_operations")) {
+        return DropboxError::busy(m_account.server());
+    }
+    if (reason == QStringLiteral("no_write_permission") ||
+        reason == QStringLiteral("restricted_content")) {
+        return engineError(EngineErrorCode::AccessDenied,
+                           "The server does not allow you to use “%1”.", place(name));
+    }
+    const QStringList notABlob = {QStringLiteral("not_file"), QStringLiteral("not_folder"),
+                                  QStringLiteral("malformed_path"),
+                                  QStringLiteral("disallowed_name")};
+    return notABlob.contains(reason) ? refused(name)
+                                     : DropboxError::unexpected(response, m_account.server());
+}

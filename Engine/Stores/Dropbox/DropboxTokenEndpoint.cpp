@@ -1,0 +1,68 @@
+#include "Engine/Stores/Dropbox/DropboxTokenEndpoint.h"
+
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Stores/Dropbox/DropboxError.h"
+#include "Platform/Foundation/Localization.h"
+
+namespace {
+
+/// RFC 6749, 5.2: the code or the refresh token is not, or not any more, good for anything.
+bool isGrantRefused(const HttpClient::Response &response) {
+    constexpr int BadRequest = 400;
+    return response.status == BadRequest &&
+           QJsonDocument::fromJson(response.body).object().value(QStringLiteral("error")) ==
+               QStringLiteral("invalid_grant");
+}
+
+}  // namespace
+
+Result<DropboxTokens> DropboxTokenEndpoint::exchange(const QString &code, const QString &verifier,
+                                                     const QString &redirectAddress,
+                                                     const PZFuture &future) {
+    return ask({{"grant_type", QStringLiteral("authorization_code")},
+                {"code", code},
+                {"code_verifier", verifier},
+                {"redirect_uri", redirectAddress},
+                {"client_id", m_configuration.applicationKey}},
+               engineError(EngineErrorCode::AccessDenied,
+                           localizedSyncString("Dropbox did not accept the sign-in.")),
+               future);
+}
+
+Result<DropboxTokens> DropboxTokenEndpoint::refresh(const DropboxTokens &tokens,
+                                                    const QString &account,
+                                                    const PZFuture &future) {
+    Result<DropboxTokens> answer = ask({{"grant_type", QStringLiteral("refresh_token")},
+                                        {"refresh_token", QString::fromUtf8(tokens.refresh)},
+                                        {"client_id", m_configuration.applicationKey}},
+                                       DropboxError::signInAgain(account), future);
+    auto *fresh = std::get_if<DropboxTokens>(&answer);
+    if (fresh && fresh->refresh.isEmpty()) {
+        fresh->refresh = tokens.refresh;
+    }
+    return answer;
+}
+
+Result<DropboxTokens> DropboxTokenEndpoint::ask(const QList<FormEncoding::Field> &fields,
+                                                const Error &refusal, const PZFuture &future) {
+    constexpr int OK = 200;
+    const QUrl address = m_configuration.tokenAddress;
+    const Result<HttpClient::Response> answer =
+        m_connection.send({.method = "POST",
+                           .URL = address,
+                           .headers = {{"Content-Type", "application/x-www-form-urlencoded"}},
+                           .body = FormEncoding::encode(fields)},
+                          future);
+    if (const Error *error = errorOf(answer)) {
+        return *error;
+    }
+    const auto &response = std::get<HttpClient::Response>(answer);
+    if (response.status != OK) {
+        return isGrantRefused(response) ? refusal : DropboxError::unexpected(response, address);
+    }
+    const std::optional<DropboxTokens> tokens = DropboxTokens::fromAnswer(response.body);
+    return tokens ? Result<DropboxTokens>(*tokens) : DropboxError::notUnderstood(address);
+}

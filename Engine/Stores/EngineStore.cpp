@@ -1,0 +1,131 @@
+#include "Engine/Stores/EngineStore.h"
+
+#include <QtCore/QThread>
+#include <QtCore/QThreadPool>
+#include <mutex>
+#include <set>
+#include <utility>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Foundation/MainThreadQueue.h"
+#include "Engine/Stores/EngineRemoteDatabase.h"
+#include "Host/QVSyncLocation.h"
+#include "Platform/Foundation/Localization.h"
+
+namespace {
+
+/// Milliseconds.
+constexpr int LongestUncancelled = 100;
+
+/// The futures of the operations that have not ended.
+class RunningOperations {
+public:
+    void add(const std::shared_ptr<PZFuture> &future) {
+        const std::lock_guard lock(m_mutex);
+        m_futures.insert(future);
+    }
+    void remove(const std::shared_ptr<PZFuture> &future) {
+        const std::lock_guard lock(m_mutex);
+        m_futures.erase(future);
+    }
+    void cancel() {
+        std::set<std::shared_ptr<PZFuture>> futures;
+        {
+            const std::lock_guard lock(m_mutex);
+            futures = m_futures;
+        }
+        for (const auto &future : futures) {
+            future->cancel();
+        }
+    }
+
+private:
+    std::mutex m_mutex;
+    std::set<std::shared_ptr<PZFuture>> m_futures;
+};
+
+RunningOperations &runningOperations() {
+    static RunningOperations running;
+    return running;
+}
+
+std::shared_ptr<PZFuture> start(std::function<void(EngineFuture &future)> operation) {
+    const auto future = std::make_shared<EngineFuture>();
+    runningOperations().add(future);
+    QThreadPool::globalInstance()->start([future, operation = std::move(operation)] {
+        operation(*future);
+        runningOperations().remove(future);
+    });
+    return future;
+}
+
+}  // namespace
+
+EngineStore::EngineStore(const std::shared_ptr<QVSyncLocation> &location)
+    : m_location(location), m_URL(location->URL()) {}
+
+EngineStore::~EngineStore() {
+    // The last one to let go may be a worker thread, but locations die on the main thread only.
+    if (QThread::currentThread() != m_location->thread()) {
+        MainThreadQueue::post([location = std::exchange(m_location, nullptr)] {});
+    }
+}
+
+std::shared_ptr<PZFuture> EngineStore::openWithCompletionHandler(ErrorHandler handler) {
+    return start([store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
+        const std::optional<Error> error = store->openUnlessCancelled(future);
+        store->m_isOpen = !error;
+        future.finish();
+        handler(error);
+    });
+}
+
+std::shared_ptr<PZFuture> EngineStore::fetchDatabasesWithCompletionHandler(
+    DatabasesHandler handler) {
+    return start([store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
+        const Fetched fetched = store->fetchUnlessCancelled(future);
+        future.finish();
+        handler(fetched.databases, fetched.error);
+    });
+}
+
+std::shared_ptr<PZFuture> EngineStore::closeWithCompletionHandler(ErrorHandler handler) {
+    return start([store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
+        store->m_isOpen = false;
+        future.finish();
+        handler({});
+    });
+}
+
+void EngineStore::endAll() {
+    // Again and again, since the handler of one may start the next.
+    do {
+        runningOperations().cancel();
+    } while (!QThreadPool::globalInstance()->waitForDone(LongestUncancelled));
+}
+
+std::shared_ptr<QVRemoteDatabase> EngineStore::record(const QString &UUID, const QString &name) {
+    return std::make_shared<EngineRemoteDatabase>(UUID, name, shared_from_this());
+}
+
+std::optional<Error> EngineStore::openUnlessCancelled(const PZFuture &future) {
+    if (future.isCancelled()) {
+        return operationCancelled();
+    }
+    std::optional<Error> error = open(future);
+    return !error && future.isCancelled() ? operationCancelled() : error;
+}
+
+EngineStore::Fetched EngineStore::fetchUnlessCancelled(const PZFuture &future) {
+    if (future.isCancelled()) {
+        return {{}, operationCancelled()};
+    }
+    if (!m_isOpen) {
+        return {{},
+                engineError(EngineErrorCode::StoreUnreachable,
+                            localizedSyncString("The sync store is not open."))};
+    }
+    const Fetched fetched = fetch(future);
+    return future.isCancelled() ? Fetched{{}, operationCancelled()} : fetched;
+}

@@ -1,0 +1,278 @@
+#include "Engine/Stores/Folder/FolderStore.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QUuid>
+#include <cerrno>
+#include <cstdio>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Stores/Folder/FolderGrants.h"
+#include "Engine/Stores/Folder/MountedVolumes.h"
+#include "Platform/Foundation/Localization.h"
+
+namespace {
+
+constexpr int FolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+
+QString lastPart(const QString &name) {
+    return name.section(u'/', -1);
+}
+
+bool isMissing(const Error &error) {
+    return error.code == static_cast<int>(EngineErrorCode::BlobMissing);
+}
+
+/// 0, or the number of the error.
+int writeAll(int file, const QByteArray &contents) {
+    qsizetype written = 0;
+    while (written < contents.size()) {
+        const ssize_t count = ::write(file, contents.constData() + written,
+                                      static_cast<size_t>(contents.size() - written));
+        if (count < 0 && errno != EINTR) {
+            return errno;
+        }
+        written += std::max<ssize_t>(count, 0);
+    }
+    return fsync(file) == 0 ? 0 : errno;
+}
+
+/// 0, or the number of the error; EEXIST where `to` is taken.
+int renameIfAbsent(int folder, const QByteArray &from, const QByteArray &to) {
+    if (renameat2(folder, from.constData(), folder, to.constData(), RENAME_NOREPLACE) == 0) {
+        return 0;
+    }
+    if (errno != EINVAL && errno != ENOSYS) {
+        return errno;
+    }
+    // Network file systems that cannot do that can link.
+    return linkat(folder, from.constData(), folder, to.constData(), 0) == 0 ? 0 : errno;
+}
+
+/// Where an open folder is. Nothing can put another one in its place any more.
+QString realPath(int folder) {
+    return QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(folder));
+}
+
+}  // namespace
+
+QString FolderStore::place(const QString &name) const {
+    return name.isEmpty() ? URL().path() : URL().path() + u'/' + name;
+}
+
+std::optional<Error> FolderStore::unreachable() const {
+    const QString path = URL().path();
+    const QString host = URL().host();
+    if (!host.isEmpty() && host != QStringLiteral("localhost")) {
+        return engineError(EngineErrorCode::StoreUnreachable,
+                           "“%1” is a folder on another computer.", URL().absoluteString());
+    }
+    if (path.startsWith(u'/') && !MountedVolumes::contain(path, MountedVolumes::mountPoints)) {
+        return engineError(EngineErrorCode::StoreUnreachable,
+                           "The volume that holds the sync store “%1” is not mounted.", path);
+    }
+    if (!path.startsWith(u'/') || !QFileInfo::exists(path)) {
+        return engineError(EngineErrorCode::StoreUnreachable, "The sync store “%1” is not there.",
+                           path);
+    }
+    return {};
+}
+
+std::optional<Error> FolderStore::open(const PZFuture & /*future*/) {
+    if (std::optional<Error> error = unreachable()) {
+        return error;
+    }
+    const Result<FileDescriptor> opened = package();
+    if (const Error *error = errorOf(opened)) {
+        return *error;
+    }
+    const QString path = URL().path();
+    const bool isPackage = QFileInfo(path).suffix() == QStringLiteral("qvSyncStore") &&
+                           QFileInfo(place(QStringLiteral("databases"))).isDir() &&
+                           QFileInfo(place(QStringLiteral("transactions"))).isDir();
+    if (!isPackage) {
+        return engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.", path);
+    }
+    for (const char *name : {"databases", "transactions"}) {
+        const Result<FileDescriptor> inner = folder(QString::fromLatin1(name), Folders::Existing);
+        if (const Error *error = errorOf(inner)) {
+            return *error;
+        }
+    }
+    return {};
+}
+
+Result<FileDescriptor> FolderStore::package() const {
+    FileDescriptor package(::open(QFile::encodeName(URL().path()).constData(), FolderFlags));
+    const int number = errno;
+    if (package.isValid()) {
+        return FolderGrants::permit(realPath(package.number()))
+                   ? Result<FileDescriptor>(std::move(package))
+                   : notGranted();
+    }
+    const std::optional<Error> error = unreachable();
+    return error ? *error : failure(number, {});
+}
+
+Result<FileDescriptor> FolderStore::folder(const QString &name, Folders folders) const {
+    Result<FileDescriptor> current = package();
+    for (const QString &part : name.split(u'/', Qt::SkipEmptyParts)) {
+        if (errorOf(current)) {
+            break;
+        }
+        const int parent = std::get<FileDescriptor>(current).number();
+        const QByteArray partName = QFile::encodeName(part);
+        const auto open = [&] {
+            return FileDescriptor(openat(parent, partName.constData(), FolderFlags | O_NOFOLLOW));
+        };
+        FileDescriptor child = open();
+        if (!child.isValid() && errno == ENOENT && folders == Folders::Made &&
+            (mkdirat(parent, partName.constData(), 0777) == 0 || errno == EEXIST)) {
+            fsync(parent);
+            child = open();
+        }
+        const int number = errno;
+        current =
+            child.isValid() ? Result<FileDescriptor>(std::move(child)) : failure(number, name);
+    }
+    return current;
+}
+
+Result<FileDescriptor> FolderStore::folderOf(const QString &name, Folders folders) const {
+    return folder(name.section(u'/', 0, -2), folders);
+}
+
+Result<QStringList> FolderStore::listFolder(const QString &name, const PZFuture &future) {
+    Result<FileDescriptor> opened = folder(name, Folders::Existing);
+    if (const Error *error = errorOf(opened)) {
+        return isMissing(*error) ? Result<QStringList>(QStringList()) : *error;
+    }
+    DIR *const entries = fdopendir(std::get<FileDescriptor>(opened).take());
+    QStringList names;
+    errno = 0;
+    while (const dirent *entry = readdir(entries)) {
+        const QByteArray encoded(static_cast<const char *>(entry->d_name));
+        const QString decoded = QFile::decodeName(encoded);
+        if (QFile::encodeName(decoded) == encoded) {
+            names.append(decoded);
+        }
+        if (future.isCancelled()) {
+            break;
+        }
+    }
+    const int number = errno;
+    closedir(entries);
+    if (future.isCancelled()) {
+        return operationCancelled();
+    }
+    return number == 0 ? Result<QStringList>(names) : failure(number, name);
+}
+
+Result<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
+                                         const PZFuture & /*future*/) {
+    const Result<FileDescriptor> folder = folderOf(name, Folders::Existing);
+    if (const Error *error = errorOf(folder)) {
+        return isMissing(*error) ? missing(name) : *error;
+    }
+    // What is no plain file might never end, or wait for ever already when it is opened.
+    FileDescriptor descriptor(openat(std::get<FileDescriptor>(folder).number(),
+                                     QFile::encodeName(lastPart(name)).constData(),
+                                     O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat status = {};
+    if (!descriptor.isValid() || fstat(descriptor.number(), &status) != 0) {
+        return failure(errno, name);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return refused(name);
+    }
+    if (status.st_size > limit) {
+        return tooLong(name);
+    }
+    QFile file;
+    file.open(descriptor.take(), QIODevice::ReadOnly | QIODevice::Unbuffered,
+              QFileDevice::AutoCloseHandle);
+    const QByteArray contents = file.read(limit + 1);
+    if (file.error() != QFileDevice::NoError) {
+        return failure(EIO, name);
+    }
+    return contents.size() <= limit ? Result<QByteArray>(contents) : tooLong(name);
+}
+
+Result<BlobStore::Written> FolderStore::writeBlob(const QString &name, const QByteArray &contents,
+                                                  const PZFuture & /*future*/) {
+    const Result<FileDescriptor> parent = folderOf(name, Folders::Made);
+    if (const Error *error = errorOf(parent)) {
+        return *error;
+    }
+    const int folder = std::get<FileDescriptor>(parent).number();
+    const QByteArray finalName = QFile::encodeName(lastPart(name));
+    struct stat status = {};
+    if (fstatat(folder, finalName.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0) {
+        return Written::AlreadyThere;
+    }
+    const QByteArray temporaryName = ".new-" + QUuid::createUuid().toByteArray(QUuid::Id128);
+    const FileDescriptor file(openat(folder, temporaryName.constData(),
+                                     O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
+    if (!file.isValid()) {
+        return failure(errno, name);
+    }
+    int number = writeAll(file.number(), contents);
+    if (number == 0) {
+        number = renameIfAbsent(folder, temporaryName, finalName);
+    }
+    unlinkat(folder, temporaryName.constData(), 0);
+    if (number == 0) {
+        fsync(folder);
+        return Written::New;
+    }
+    return number == EEXIST ? Result<Written>(Written::AlreadyThere) : failure(number, name);
+}
+
+std::optional<Error> FolderStore::removeBlob(const QString &name, const PZFuture & /*future*/) {
+    const Result<FileDescriptor> folder = folderOf(name, Folders::Existing);
+    std::optional<Error> error;
+    if (const Error *folderError = errorOf(folder)) {
+        error = *folderError;
+    } else if (unlinkat(std::get<FileDescriptor>(folder).number(),
+                        QFile::encodeName(lastPart(name)).constData(), 0) != 0) {
+        error = failure(errno, name);
+    }
+    return error && isMissing(*error) ? std::nullopt : error;
+}
+
+Error FolderStore::notGranted() const {
+    return engineError(EngineErrorCode::AccessDenied,
+                       "Velmora has no access to the folder “%1”. Grant it under Folder Access.",
+                       URL().path());
+}
+
+Error FolderStore::failure(int number, const QString &name) const {
+    switch (number) {
+        case ENOENT:
+            return missing(name);
+        case ELOOP:
+        case ENOTDIR:
+        case EISDIR:
+        case ENXIO:
+            return refused(name);
+        case ENOSPC:
+        case EDQUOT:
+            return engineError(EngineErrorCode::StoreFull,
+                               "The volume that holds the sync store “%1” is full.", URL().path());
+        case EROFS:
+            return engineError(EngineErrorCode::AccessDenied, "The sync store “%1” is read-only.",
+                               URL().path());
+        case EACCES:
+        case EPERM:
+            return engineError(EngineErrorCode::AccessDenied,
+                               "You do not have permission to use “%1”.", place(name));
+        default:
+            return engineError(EngineErrorCode::StoreUnreachable,
+                               localizedSyncString("“%1” cannot be read or written: %2.")
+                                   .arg(place(name), qt_error_string(number)));
+    }
+}

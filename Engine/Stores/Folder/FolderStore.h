@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Engine/Stores/BlobStore.h"
+#include "Engine/Stores/Folder/FileDescriptor.h"
+
+/// A package on a local or mounted volume: a folder with the extension "qvSyncStore" that holds the
+/// folders "databases" and "transactions". Within the package no symbolic link is followed, and
+/// nothing but plain files is read.
+///
+/// Where the profile is sandboxed, whatever is done in a package that really, all symbolic links
+/// followed, is in no granted folder fails with an error of the code AccessDenied.
+class FolderStore : public BlobStore {
+public:
+    using BlobStore::BlobStore;
+
+    std::optional<Error> open(const PZFuture &future) override;
+    QString place(const QString &name) const override;
+
+protected:
+    Result<QStringList> listFolder(const QString &folder, const PZFuture &future) override;
+    Result<QByteArray> readBlob(const QString &name, qint64 limit, const PZFuture &future) override;
+    Result<Written> writeBlob(const QString &name, const QByteArray &contents,
+                              const PZFuture &future) override;
+    std::optional<Error> removeBlob(const QString &name, const PZFuture &future) override;
+
+private:
+    enum class Folders { Existing, Made };
+
+    std::optional<Error> unreachable() const;
+    Result<FileDescriptor> package() const;
+    /// The folder at `name` in the package, the package itself where that is empty.
+    Result<FileDescriptor> folder(const QString &name, Folders folders) const;
+    Result<FileDescriptor> folderOf(const QString &name, Folders folders) const;
+    Error notGranted() const;
+    Error failure(int number, const QString &name) const;
+};

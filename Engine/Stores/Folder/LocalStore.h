@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Engine/Stores/EngineStore.h"
+
+/// The databases that the profile knows, open or not. It reads what is on disk through a connection
+/// of its own, so that it need not wait for the main thread.
+class LocalStore : public EngineStore {
+public:
+    /// `path`: that of the profile's database file.
+    LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path);
+
+    std::optional<Error> open(const PZFuture &future) override;
+
+protected:
+    Fetched fetch(const PZFuture &future) override;
+
+private:
+    const QString m_path;
+};

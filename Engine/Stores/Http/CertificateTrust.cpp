@@ -1,0 +1,127 @@
+#include "Engine/Stores/Http/CertificateTrust.h"
+
+#include <QtCore/QLocale>
+#include <QtNetwork/QSslCertificate>
+
+#include "Engine/Foundation/MainThreadQueue.h"
+#include "Host/QVApplication.h"
+#include "Platform/Foundation/Localization.h"
+
+namespace {
+
+/// Of a text that a stranger wrote.
+constexpr qsizetype LongestNameShown = 120;
+
+QString fingerprint(const QSslCertificate &certificate) {
+    return QString::fromLatin1(certificate.digest(QCryptographicHash::Sha256).toHex(':').toUpper());
+}
+
+QString shownName(const QString &name) {
+    QString shown = name.simplified();
+    shown.removeIf([](QChar character) { return !character.isPrint(); });
+    return shown.size() <= LongestNameShown ? shown.trimmed()
+                                            : shown.first(LongestNameShown) + u'…';
+}
+
+QString shownDate(const QDateTime &date) {
+    return QLocale().toString(date.date(), QLocale::LongFormat);
+}
+
+Question question(const QString &server, const QSslCertificate &certificate,
+                  const QStringList &reasons) {
+    const QStringList details = {
+        reasons.join(u'\n'),
+        QString(),
+        localizedSyncString("Issued to: %1").arg(shownName(certificate.subjectDisplayName())),
+        localizedSyncString("Issued by: %1").arg(shownName(certificate.issuerDisplayName())),
+        localizedSyncString("Valid from %1 to %2")
+            .arg(shownDate(certificate.effectiveDate()), shownDate(certificate.expiryDate())),
+        localizedSyncString("Fingerprint (SHA-256): %1").arg(fingerprint(certificate)),
+    };
+    return {
+        localizedSyncString(
+            "The server “%1” cannot prove its identity. Trust its certificate for this location?")
+            .arg(server),
+        details.join(u'\n'), localizedSyncString("Trust This Certificate"),
+        localizedSyncString("Do Not Trust")};
+}
+
+}  // namespace
+
+std::mutex CertificateTrust::s_mutex;
+CertificateTrust *CertificateTrust::s_current = nullptr;
+
+CertificateTrust::CertificateTrust(const ProfileDatabase &profile) : m_profile(profile) {
+    const std::lock_guard lock(s_mutex);
+    s_current = this;
+}
+
+CertificateTrust::~CertificateTrust() {
+    const std::lock_guard lock(s_mutex);
+    s_current = nullptr;
+}
+
+std::optional<Error> CertificateTrust::load() {
+    if (std::optional<Error> error =
+            m_profile.run(QStringLiteral("DELETE FROM trusted_certificates WHERE location_uuid"
+                                         " NOT IN (SELECT uuid FROM locations)"))) {
+        return error;
+    }
+    QSqlQuery rows = m_profile.prepare(
+        QStringLiteral("SELECT location_uuid, fingerprint FROM trusted_certificates"));
+    if (!rows.exec()) {
+        return m_profile.errorOf(rows);
+    }
+    const std::lock_guard lock(s_mutex);
+    while (rows.next()) {
+        m_trusted.insert({rows.value(0).toString(), rows.value(1).toString()});
+    }
+    return {};
+}
+
+bool CertificateTrust::contains(const QString &location, const QSslCertificate &certificate) {
+    const std::lock_guard lock(s_mutex);
+    return s_current && s_current->m_trusted.contains(key(location, certificate));
+}
+
+void CertificateTrust::ask(const QString &location, const QString &server,
+                           const QSslCertificate &certificate, const QStringList &reasons) {
+    const Key asked = key(location, certificate);
+    {
+        const std::lock_guard lock(s_mutex);
+        if (!s_current || s_current->m_asked.contains(asked)) {
+            return;
+        }
+        s_current->m_asked.insert(asked);
+    }
+    MainThreadQueue::post([asked, question = question(server, certificate, reasons)] {
+        NSApp()->ask(question, [asked](bool isAccepted) {
+            if (isAccepted) {
+                accept(asked);
+            }
+        });
+    });
+}
+
+CertificateTrust::Key CertificateTrust::key(const QString &location,
+                                            const QSslCertificate &certificate) {
+    return {location, fingerprint(certificate)};
+}
+
+void CertificateTrust::accept(const Key &key) {
+    std::optional<Error> error;
+    {
+        const std::lock_guard lock(s_mutex);
+        if (!s_current) {
+            return;
+        }
+        s_current->m_trusted.insert(key);
+        error =
+            s_current->m_profile.run(QStringLiteral("INSERT OR IGNORE INTO trusted_certificates"
+                                                    " (location_uuid, fingerprint) VALUES (?, ?)"),
+                                     {key.location, key.fingerprint});
+    }
+    if (error) {
+        NSApp()->presentError(*error);
+    }
+}

@@ -1,0 +1,99 @@
+#include "Engine/Stores/Http/HttpClient.h"
+
+#include <QtNetwork/QNetworkAccessManager>
+#include <algorithm>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Stores/Http/HttpExchange.h"
+#include "Platform/Foundation/Localization.h"
+
+namespace {
+
+constexpr int MostRedirections = 5;
+/// How often a waiting thread looks whether it was cancelled.
+constexpr std::chrono::milliseconds LookInterval(20);
+
+bool isRedirection(int status) {
+    return status == 301 || status == 302 || status == 307 || status == 308;
+}
+
+bool areOfOneServer(const QUrl &one, const QUrl &other) {
+    const auto port = [](const QUrl &URL) {
+        return URL.port(URL.scheme() == QStringLiteral("https") ? 443 : 80);
+    };
+    return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
+}
+
+Error redirectionRefused(const QUrl &from, const QUrl &to) {
+    return engineError(
+        EngineErrorCode::StoreUnreachable,
+        localizedSyncString(
+            "The server “%1” points to “%2”. If that is right, enter it as the address.")
+            .arg(from.authority(), to.toString(QUrl::RemoveUserInfo)));
+}
+
+}  // namespace
+
+QByteArray HttpClient::Response::header(const QByteArray &name) const {
+    const auto found = std::find_if(headers.begin(), headers.end(), [&](const Header &header) {
+        return header.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == headers.end() ? QByteArray() : found->value;
+}
+
+HttpClient::HttpClient() : HttpClient(Options()) {}
+
+HttpClient::HttpClient(Options options)
+    : m_options(std::move(options)), m_manager(new QNetworkAccessManager) {
+    m_manager->moveToThread(&m_thread);
+    QObject::connect(&m_thread, &QThread::finished, m_manager, &QObject::deleteLater);
+    m_thread.setObjectName(QStringLiteral("HttpClient"));
+    m_thread.start();
+}
+
+HttpClient::~HttpClient() {
+    m_thread.quit();
+    m_thread.wait();
+}
+
+Result<HttpClient::Response> HttpClient::send(const Request &request, const PZFuture &future) {
+    Request current = request;
+    current.URL.setUserInfo({});
+    for (int hop = 0; hop <= MostRedirections; ++hop) {
+        Result<Response> result = exchange(current, future);
+        const auto *response = std::get_if<Response>(&result);
+        const QByteArray location = response ? response->header("Location") : QByteArray();
+        if (!response || !isRedirection(response->status) || location.isEmpty()) {
+            return result;
+        }
+        const QUrl target = current.URL.resolved(QUrl::fromEncoded(location));
+        if (!areOfOneServer(current.URL, target)) {
+            return redirectionRefused(current.URL, target);
+        }
+        current.URL = target.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveFragment);
+    }
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "The server “%1” points from one address to the next without end.",
+                       current.URL.authority());
+}
+
+Result<HttpClient::Response> HttpClient::exchange(const Request &request, const PZFuture &future) {
+    if (future.isCancelled()) {
+        return operationCancelled();
+    }
+    auto *const exchange = new HttpExchange(*m_manager, m_options, request);
+    std::future<Result<Response>> result = exchange->result();
+    exchange->moveToThread(&m_thread);
+    QMetaObject::invokeMethod(exchange, &HttpExchange::start, Qt::QueuedConnection);
+    bool isAborted = false;
+    while (result.wait_for(LookInterval) != std::future_status::ready) {
+        if (!isAborted && future.isCancelled()) {
+            isAborted = true;
+            QMetaObject::invokeMethod(
+                exchange, [exchange] { exchange->abort(operationCancelled()); },
+                Qt::QueuedConnection);
+        }
+    }
+    exchange->deleteLater();
+    return result.get();
+}

@@ -1,0 +1,359 @@
+#include "Engine/Stores/WebDAV/WebDAVStore.h"
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Stores/Http/CertificateTrust.h"
+#include "Engine/Stores/WebDAV/WebDAVMultiStatus.h"
+#include "Platform/Foundation/Localization.h"
+#include "Platform/Security/UrlCredentialStorage.h"
+
+namespace {
+
+enum Status {
+    OK = 200,
+    Created = 201,
+    NoContent = 204,
+    MultiStatus = 207,
+    Unauthorized = 401,
+    Forbidden = 403,
+    NotFound = 404,
+    MethodNotAllowed = 405,
+    Conflict = 409,
+    PreconditionFailed = 412,
+    ContentTooLarge = 413,
+    Locked = 423,
+    TooManyRequests = 429,
+    FirstServerError = 500,
+    NotImplemented = 501,
+    ServiceUnavailable = 503,
+    InsufficientStorage = 507,
+};
+
+/// The URL of the package without a "/" at the end, nor what is not sent.
+QUrl packageURL(const Url &URL) {
+    QUrl result = QUrl::fromEncoded(URL.absoluteString().toUtf8(), QUrl::StrictMode);
+    return result.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment |
+                           QUrl::StripTrailingSlash);
+}
+
+/// For a person to read.
+QString plainText(const QUrl &URL) {
+    return URL.scheme() + QStringLiteral("://") + URL.authority() + URL.path(QUrl::FullyDecoded);
+}
+
+QStringList decodedParts(const QUrl &URL) {
+    QStringList parts;
+    for (const QString &part : URL.path(QUrl::FullyEncoded).split(u'/', Qt::SkipEmptyParts)) {
+        parts.append(QUrl::fromPercentEncoding(part.toUtf8()));
+    }
+    return parts;
+}
+
+std::optional<UrlCredential> storedCredential(const Url &URL, const QString &method) {
+    UrlCredentialStorage &storage = UrlCredentialStorage::shared();
+    const UrlProtectionSpace space = {URL.host(), URL.port().value_or(0), URL.scheme(), {}, method};
+    const QHash<QString, UrlCredential> credentials = storage.credentialsForProtectionSpace(space);
+    const auto found = credentials.find(URL.user());
+    return !URL.user().isEmpty() && found != credentials.end()
+               ? std::optional(*found)
+               : storage.defaultCredentialForProtectionSpace(space);
+}
+
+std::optional<UrlCredential> storedCredential(const Url &URL) {
+    const auto basic = storedCredential(URL, UrlAuthenticationMethodHttpBasic);
+    return basic ? basic : storedCredential(URL, UrlAuthenticationMethodHttpDigest);
+}
+
+}  // namespace
+
+WebDAVStore::WebDAVStore(const std::shared_ptr<QVSyncLocation> &location,
+                         const QString &locationIdentifier, HttpClient::Timeouts timeouts)
+    : BlobStore(location),
+      m_package(packageURL(URL())),
+      m_client(clientOptions(locationIdentifier, timeouts)) {}
+
+HttpClient::Options WebDAVStore::clientOptions(const QString &locationIdentifier,
+                                               HttpClient::Timeouts timeouts) {
+    const auto trusts = [locationIdentifier, server = m_package.authority()](
+                            const QSslCertificate &certificate, const QStringList &reasons) {
+        const bool isTrusted = CertificateTrust::contains(locationIdentifier, certificate);
+        if (!isTrusted) {
+            CertificateTrust::ask(locationIdentifier, server, certificate, reasons);
+        }
+        return isTrusted;
+    };
+    return {timeouts, [this] { return credential(); }, trusts};
+}
+
+std::optional<UrlCredential> WebDAVStore::credential() {
+    std::optional<UrlCredential> credential = storedCredential(URL());
+    m_hasCredential = credential.has_value();
+    return credential;
+}
+
+QString WebDAVStore::place(const QString &name) const {
+    return plainText(blobURL(name));
+}
+
+QUrl WebDAVStore::blobURL(const QString &name) const {
+    QUrl result = m_package;
+    if (!name.isEmpty()) {
+        const QByteArray encoded = QUrl::toPercentEncoding(name, "/");
+        result.setPath(m_package.path(QUrl::FullyEncoded) + u'/' + QString::fromLatin1(encoded),
+                       QUrl::TolerantMode);
+    }
+    return result;
+}
+
+QUrl WebDAVStore::folderURL(const QString &name) const {
+    QUrl result = blobURL(name);
+    result.setPath(result.path(QUrl::FullyEncoded) + u'/', QUrl::TolerantMode);
+    return result;
+}
+
+std::optional<Error> WebDAVStore::open(const PZFuture &future) {
+    if (!m_package.isValid() || !m_package.path().endsWith(QStringLiteral(".qvSyncStore"))) {
+        return engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.",
+                           URL().stringWithoutPassword());
+    }
+    const Result<QStringList> names = namesInPackage(future);
+    if (const Error *error = errorOf(names)) {
+        return *error;
+    }
+    const QStringList needed = {QStringLiteral("databases"), QStringLiteral("transactions")};
+    const auto &present = std::get<QStringList>(names);
+    if (!present.isEmpty() && !present.contains(needed.first()) &&
+        !present.contains(needed.last())) {
+        return engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.",
+                           place({}));
+    }
+    for (const QString &folder : needed) {
+        std::optional<Error> error =
+            present.contains(folder) ? std::nullopt : makeFolder(folder, future);
+        if (error) {
+            return error;
+        }
+    }
+    return {};
+}
+
+Result<QStringList> WebDAVStore::namesInPackage(const PZFuture &future) {
+    const Result<Response> answer = propertiesOfAll({}, future);
+    const auto *response = std::get_if<Response>(&answer);
+    if (response && response->status == NotFound) {
+        const std::optional<Error> error = makeFolder({}, future);
+        return error ? Result<QStringList>(*error) : QStringList();
+    }
+    return names({}, answer);
+}
+
+Result<QStringList> WebDAVStore::listFolder(const QString &folder, const PZFuture &future) {
+    const Result<Response> answer = propertiesOfAll(folder, future);
+    const auto *response = std::get_if<Response>(&answer);
+    if (response && response->status == NotFound) {
+        return QStringList();
+    }
+    return names(folder, answer);
+}
+
+Result<HttpClient::Response> WebDAVStore::propertiesOfAll(const QString &folder,
+                                                          const PZFuture &future) {
+    return m_client.send({.method = "PROPFIND",
+                          .URL = folderURL(folder),
+                          .headers = {{"Depth", "1"}, {"Content-Type", "application/xml"}},
+                          .body = "<?xml version=\"1.0\"?><propfind xmlns=\"DAV:\"><prop>"
+                                  "<resourcetype/></prop></propfind>",
+                          .limit = ListingLimit},
+                         future);
+}
+
+Result<QStringList> WebDAVStore::names(const QString &folder,
+                                       const Result<Response> &answer) const {
+    if (const Error *error = errorOf(answer)) {
+        return *error;
+    }
+    const auto &response = std::get<Response>(answer);
+    if (response.status != MultiStatus) {
+        return failure(response, folder);
+    }
+    const auto listing = WebDAVMultiStatus::parse(response.body);
+    const QUrl folderItself = folderURL(folder);
+    const QStringList above = decodedParts(folderItself);
+    QStringList names;
+    for (const WebDAVMultiStatus::Resource &resource :
+         listing.value_or(WebDAVMultiStatus()).resources) {
+        const QStringList parts =
+            decodedParts(folderItself.resolved(QUrl::fromEncoded(resource.href.toUtf8())));
+        if (parts == above && !resource.isFolder) {
+            return refused(folder);
+        }
+        const bool isBelow =
+            parts.size() <= above.size() + 1 && parts.mid(0, above.size()) == above;
+        if (!isBelow) {
+            return notUnderstood();
+        }
+        names.append(parts.mid(above.size()));
+    }
+    return listing ? Result<QStringList>(names) : notUnderstood();
+}
+
+Result<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
+                                         const PZFuture &future) {
+    const Result<Response> answer =
+        m_client.send({.method = "GET", .URL = blobURL(name), .limit = limit}, future);
+    if (const Error *error = errorOf(answer)) {
+        const bool isTooLong = error->code == static_cast<int>(EngineErrorCode::BlobRefused);
+        return isTooLong ? tooLong(name) : *error;
+    }
+    const auto &response = std::get<Response>(answer);
+    if (response.status == NotFound) {
+        return missing(name);
+    }
+    if (response.status != OK) {
+        return failure(response, name);
+    }
+    // Else nobody knows whether it is whole.
+    return response.header("Content-Length").isEmpty() ? Result<QByteArray>(notUnderstood())
+                                                       : response.body;
+}
+
+Result<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QByteArray &contents,
+                                                  const PZFuture &future) {
+    Result<Response> answer = put(name, contents, future);
+    const auto *first = std::get_if<Response>(&answer);
+    if (first && (first->status == Conflict || first->status == NotFound)) {
+        if (const std::optional<Error> error = makeFoldersAbove(name, future)) {
+            return *error;
+        }
+        answer = put(name, contents, future);
+    }
+    if (const Error *error = errorOf(answer)) {
+        return *error;
+    }
+    const auto &response = std::get<Response>(answer);
+    switch (response.status) {
+        case OK:
+        case Created:
+        case NoContent:
+            return Written::New;
+        case PreconditionFailed:
+            return Written::AlreadyThere;
+        default:
+            return failure(response, name);
+    }
+}
+
+std::optional<Error> WebDAVStore::removeBlob(const QString &name, const PZFuture &future) {
+    const Result<Response> answer =
+        m_client.send({.method = "DELETE", .URL = blobURL(name)}, future);
+    if (const Error *error = errorOf(answer)) {
+        return *error;
+    }
+    const auto &response = std::get<Response>(answer);
+    const bool isGone =
+        response.status == OK || response.status == NoContent || response.status == NotFound;
+    return isGone ? std::nullopt : std::optional(failure(response, name));
+}
+
+Result<HttpClient::Response> WebDAVStore::put(const QString &name, const QByteArray &contents,
+                                              const PZFuture &future) {
+    return m_client.send(
+        {.method = "PUT",
+         .URL = blobURL(name),
+         .headers = {{"If-None-Match", "*"}, {"Content-Type", "application/octet-stream"}},
+         .body = contents},
+        future);
+}
+
+std::optional<Error> WebDAVStore::makeFoldersAbove(const QString &name, const PZFuture &future) {
+    std::optional<Error> error;
+    for (qsizetype end = name.indexOf(u'/'); end >= 0 && !error;
+         end = name.indexOf(u'/', end + 1)) {
+        error = makeFolder(name.first(end), future);
+    }
+    return error;
+}
+
+std::optional<Error> WebDAVStore::makeFolder(const QString &name, const PZFuture &future) {
+    const QUrl folder = folderURL(name);
+    const Result<Response> answer = m_client.send({.method = "MKCOL", .URL = folder}, future);
+    if (const Error *error = errorOf(answer)) {
+        return *error;
+    }
+    const auto &response = std::get<Response>(answer);
+    switch (response.status) {
+        case Created:
+        // It is there already.
+        case MethodNotAllowed:
+            return {};
+        case NotFound:
+        case Conflict:
+            return folderMissing(folder.resolved(QUrl(QStringLiteral(".."))));
+        default:
+            return failure(response, name);
+    }
+}
+
+Error WebDAVStore::failure(const Response &response, const QString &name) const {
+    const QString server = m_package.authority();
+    switch (response.status) {
+        case Unauthorized:
+            return credentialRefused();
+        case Forbidden:
+            return engineError(EngineErrorCode::AccessDenied,
+                               "The server does not allow you to use “%1”.", place(name));
+        case NotFound:
+        case Conflict:
+            return folderMissing(blobURL(name));
+        case OK:
+        case MethodNotAllowed:
+        case NotImplemented:
+            return engineError(EngineErrorCode::StoreUnreachable,
+                               "The server “%1” is no WebDAV server at this address.", server);
+        case ContentTooLarge:
+            return engineError(EngineErrorCode::StoreFull,
+                               "“%1” is larger than the server accepts.", place(name));
+        case Locked:
+            return engineError(EngineErrorCode::StoreUnreachable, "“%1” is locked on the server.",
+                               place(name));
+        case TooManyRequests:
+        case ServiceUnavailable:
+            return engineError(EngineErrorCode::StoreUnreachable,
+                               "The server “%1” is busy. Try again later.", server);
+        case InsufficientStorage:
+            return engineError(EngineErrorCode::StoreFull, "The server “%1” is full.", server);
+        default:
+            return unexpected(response);
+    }
+}
+
+Error WebDAVStore::unexpected(const Response &response) const {
+    const QString text =
+        response.status >= FirstServerError
+            ? localizedSyncString("The server “%1” has a problem of its own (HTTP %2).")
+            : localizedSyncString("The answer of the server “%1” is not expected (HTTP %2).");
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       text.arg(m_package.authority()).arg(response.status));
+}
+
+Error WebDAVStore::credentialRefused() const {
+    if (!m_hasCredential) {
+        return engineError(
+            EngineErrorCode::AccessDenied,
+            "The server “%1” asks for a password, and none is stored for this location.",
+            m_package.authority());
+    }
+    return engineError(EngineErrorCode::AccessDenied,
+                       "The server “%1” does not accept this user name and password.",
+                       m_package.authority());
+}
+
+Error WebDAVStore::folderMissing(const QUrl &URL) const {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "The folder “%1” is not there on the server.",
+                       plainText(URL.adjusted(QUrl::StripTrailingSlash)));
+}
+
+Error WebDAVStore::notUnderstood() const {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "The answer of the server “%1” is not understood.", m_package.authority());
+}

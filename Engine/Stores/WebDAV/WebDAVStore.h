@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Engine/Stores/BlobStore.h"
+#include "Engine/Stores/Http/HttpClient.h"
+
+/// A package on a WebDAV server (RFC 4918), laid out as a FolderStore is. Opening makes a package
+/// that is not there yet, since nothing else does, but not the folder that holds it.
+///
+/// The server's challenge is answered with the credential that is stored for the location's URL:
+/// that of its user under the protection space of HTTP Basic, else the default one there, else the
+/// same under HTTP Digest. A server whose certificate is not trusted fails, and the person is asked
+/// whether to trust it from the next try on.
+///
+/// A blob is written by one PUT on the condition that there is none (RFC 9110, 13.1.2). Whether a
+/// name holds a folder is not looked at before it is removed.
+class WebDAVStore : public BlobStore {
+public:
+    /// `locationIdentifier`: what trusted certificates are kept for.
+    WebDAVStore(const std::shared_ptr<QVSyncLocation> &location, const QString &locationIdentifier,
+                HttpClient::Timeouts timeouts = HttpClient::Timeouts());
+
+    /// Bytes of the answer that lists a folder; enough for some hundred thousand blobs.
+    static constexpr qint64 ListingLimit = 64 << 20;
+
+    std::optional<Error> open(const PZFuture &future) override;
+    QString place(const QString &name) const override;
+
+protected:
+    Result<QStringList> listFolder(const QString &folder, const PZFuture &future) override;
+    Result<QByteArray> readBlob(const QString &name, qint64 limit, const PZFuture &future) override;
+    Result<Written> writeBlob(const QString &name, const QByteArray &contents,
+                              const PZFuture &future) override;
+    std::optional<Error> removeBlob(const QString &name, const PZFuture &future) override;
+
+private:
+    using Response = HttpClient::Response;
+
+    HttpClient::Options clientOptions(const QString &locationIdentifier,
+                                      HttpClient::Timeouts timeouts);
+    std::optional<UrlCredential> credential();
+    QUrl blobURL(const QString &name) const;
+    QUrl folderURL(const QString &name) const;
+    Result<QStringList> namesInPackage(const PZFuture &future);
+    Result<Response> propertiesOfAll(const QString &folder, const PZFuture &future);
+    Result<QStringList> names(const QString &folder, const Result<Response> &answer) const;
+    Result<Response> put(const QString &name, const QByteArray &contents, const PZFuture &future);
+    std::optional<Error> makeFoldersAbove(const QString &name, const PZFuture &future);
+    std::optional<Error> makeFolder(const QString &name, const PZFuture &future);
+    Error failure(const Response &response, const QString &name) const;
+    Error unexpected(const Response &response) const;
+    Error credentialRefused() const;
+    Error folderMissing(const QUrl &URL) const;
+    Error notUnderstood() const;
+
+    const QUrl m_package;
+    std::atomic<bool> m_hasCredential = false;
+    HttpClient m_client;
+};

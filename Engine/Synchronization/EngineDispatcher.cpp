@@ -1,0 +1,192 @@
+#include "Engine/Synchronization/EngineDispatcher.h"
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/MainThreadQueue.h"
+#include "Engine/Locations/EngineLocationFormatter.h"
+#include "Engine/Locations/EngineSyncLocation.h"
+#include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Host/QVApplication.h"
+#include "Platform/Foundation/Localization.h"
+
+namespace {
+
+constexpr int JobsAtOnce = 4;
+
+void logSync(const QString &text) {
+    NSApp()->logItemCmd(QStringLiteral("Sync:"), text);
+}
+
+QString success(SyncJob::Kind kind) {
+    return kind == SyncJob::Kind::CleanUp ? localizedSyncString("“%1” was cleaned up at “%2”.")
+                                          : localizedSyncString("“%1” was synchronized with “%2”.");
+}
+
+QString failure(SyncJob::Kind kind) {
+    return kind == SyncJob::Kind::CleanUp
+               ? localizedSyncString("“%1” was not cleaned up at “%2”: %3")
+               : localizedSyncString("“%1” was not synchronized with “%2”: %3");
+}
+
+}  // namespace
+
+EngineDispatcher::EngineDispatcher(const ProfileDatabase &profile, EngineNoteLibrary &library)
+    : m_profile(profile), m_library(library) {
+    m_pool.setMaxThreadCount(JobsAtOnce);
+}
+
+EngineDispatcher::~EngineDispatcher() {
+    for (const Entry &entry : std::as_const(m_running)) {
+        entry.job->cancel();
+    }
+    m_pool.waitForDone();
+}
+
+void EngineDispatcher::cleanRemoteStoreWithSynchronizationState(
+    const std::shared_ptr<QVSyncState> &state, std::function<void()> handler) {
+    enqueue(SyncJob::Kind::CleanUp, state, handler);
+}
+
+void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
+    const QVSyncStates &states) {
+    performSynchronizationsWithSynchronizationStates(states, [] {});
+}
+
+void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
+    const QVSyncStates &states, std::function<void()> handler) {
+    if (states.isEmpty()) {
+        MainThreadQueue::post(std::move(handler));
+        return;
+    }
+    const auto left = std::make_shared<qsizetype>(states.size());
+    for (const std::shared_ptr<QVSyncState> &state : states) {
+        enqueue(SyncJob::Kind::Synchronization, state, [left, handler] {
+            if (--*left == 0) {
+                handler();
+            }
+        });
+    }
+}
+
+QString EngineDispatcher::activity() const {
+    if (m_running.isEmpty()) {
+        return {};
+    }
+    const Entry &first = m_running.first();
+    const QString text = first.job->kind() == SyncJob::Kind::CleanUp
+                             ? localizedSyncString("Cleaning up “%1” at “%2”…")
+                             : localizedSyncString("Synchronizing “%1” with “%2”…");
+    return text.arg(nameOf(first.job->subject()), first.title);
+}
+
+void EngineDispatcher::synchronizeWithStore(
+    const StoreSession::Subject &subject, const std::shared_ptr<BlobStore> &store,
+    std::function<void(const std::optional<Error> &error)> handler) {
+    m_waiting.append({std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, m_profile,
+                                                m_library, subject, store),
+                      store->place({}),
+                      nullptr,
+                      {std::move(handler)}});
+    startWaiting();
+}
+
+void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncState> &state,
+                               const std::function<void()> &handler) {
+    const auto location = std::dynamic_pointer_cast<EngineSyncLocation>(state->destination());
+    if (!location) {
+        MainThreadQueue::post(handler);
+        return;
+    }
+    const auto waiting = std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Entry &entry) {
+        return entry.state == state && entry.job->kind() == kind;
+    });
+    if (waiting != m_waiting.end()) {
+        waiting->handlers.append([handler](const auto &) { handler(); });
+        return;
+    }
+    const auto database = m_library.synchronizedDatabase(state->databaseUUID());
+    if (!database && kind == SyncJob::Kind::CleanUp) {
+        logSync(localizedSyncString("“%1” was not cleaned up: it is not on this computer.")
+                    .arg(state->databaseName()));
+        MainThreadQueue::post(handler);
+        return;
+    }
+    const StoreSession::Subject subject{state->databaseUUID(), state->databaseName(),
+                                        location->identifier()};
+    m_waiting.append({std::make_shared<SyncJob>(kind, m_profile, m_library, subject,
+                                                location->createBlobStore()),
+                      EngineLocationFormatter(location->URL()).title(),
+                      state,
+                      {[handler](const auto &) { handler(); }}});
+    startWaiting();
+}
+
+void EngineDispatcher::startWaiting() {
+    for (qsizetype i = 0; i < m_waiting.size() && m_running.size() < JobsAtOnce;) {
+        const std::shared_ptr<SyncJob> job = m_waiting[i].job;
+        if (isBusy(job->subject())) {
+            ++i;
+            continue;
+        }
+        m_running.append(m_waiting.takeAt(i));
+        job->start(m_pool, [this, job = job.get()] { ended(job); });
+    }
+    Q_EMIT activityChanged();
+}
+
+bool EngineDispatcher::isBusy(const StoreSession::Subject &subject) const {
+    return std::any_of(m_running.begin(), m_running.end(), [&](const Entry &entry) {
+        const StoreSession::Subject &running = entry.job->subject();
+        return running.databaseUUID == subject.databaseUUID || running.place == subject.place;
+    });
+}
+
+void EngineDispatcher::ended(const SyncJob *job) {
+    const auto entry = std::find_if(m_running.begin(), m_running.end(),
+                                    [&](const Entry &each) { return each.job.get() == job; });
+    const Entry done = *entry;
+    m_running.erase(entry);
+    report(done);
+    if (done.state && !done.job->error() && done.job->kind() == SyncJob::Kind::Synchronization) {
+        rememberSynchronized(*done.state);
+    }
+    startWaiting();
+    for (const auto &handler : done.handlers) {
+        handler(done.job->error());
+    }
+}
+
+void EngineDispatcher::report(const Entry &entry) {
+    const QString name = nameOf(entry.job->subject());
+    const QList<Error> problems = entry.job->problems();
+    for (const Error &problem : problems) {
+        logSync(localizedSyncString("Of “%1” something was left out at “%2”: %3")
+                    .arg(name, entry.title, problem.localizedDescription));
+    }
+    if (const std::optional<Error> &error = entry.job->error()) {
+        logSync(failure(entry.job->kind()).arg(name, entry.title, error->localizedDescription));
+    } else if (entry.state) {
+        logSync(success(entry.job->kind()).arg(name, entry.title));
+    }
+}
+
+QString EngineDispatcher::nameOf(const StoreSession::Subject &subject) const {
+    const auto database = m_library.synchronizedDatabase(subject.databaseUUID);
+    return database ? database->name() : subject.databaseName;
+}
+
+void EngineDispatcher::rememberSynchronized(QVSyncState &state) {
+    auto &ours = dynamic_cast<EngineSyncState &>(state);
+    const auto location = std::dynamic_pointer_cast<EngineSyncLocation>(state.destination());
+    ours.setLastSynced(QDateTime::currentDateTime());
+    // Whatever else has changed is not ours to save.
+    const std::optional<Error> error =
+        location ? m_profile.run(QStringLiteral("UPDATE states SET last_synced = ?"
+                                                " WHERE location_uuid = ? AND database_uuid = ?"),
+                                 {ours.lastSynced().toMSecsSinceEpoch(), location->identifier(),
+                                  ours.databaseUUID()})
+                 : std::nullopt;
+    if (error) {
+        logSync(error->localizedDescription);
+    }
+}

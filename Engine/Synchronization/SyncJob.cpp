@@ -1,0 +1,59 @@
+#include "Engine/Synchronization/SyncJob.h"
+
+#include <algorithm>
+
+#include "Engine/Foundation/MainThreadQueue.h"
+#include "Engine/Synchronization/CleanSession.h"
+#include "Engine/Synchronization/SyncSession.h"
+
+SyncJob::SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &library,
+                 const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store)
+    : m_kind(kind), m_subject(subject), m_store(std::move(store)) {
+    m_sessions.push_back(std::make_unique<SyncSession>(profile, library, subject));
+    if (kind == Kind::CleanUp) {
+        m_sessions.push_back(std::make_unique<CleanSession>(profile, library, subject));
+    }
+}
+
+void SyncJob::start(QThreadPool &pool, std::function<void()> handler) {
+    m_pool = &pool;
+    m_handler = std::move(handler);
+    runOnThread([this] { return m_store->open(*m_future); });
+}
+
+QList<Error> SyncJob::problems() const {
+    QList<Error> problems;
+    for (const std::unique_ptr<StoreSession> &session : m_sessions) {
+        problems.append(session->problems());
+    }
+    return problems;
+}
+
+void SyncJob::runOnThread(const std::function<std::optional<Error>()> &work) {
+    m_pool->start([job = shared_from_this(), work] {
+        const std::optional<Error> error = work();
+        MainThreadQueue::post([job, error] { job->settle(error); });
+    });
+}
+
+void SyncJob::settle(const std::optional<Error> &error) {
+    m_error = error;
+    if (!m_error && m_session) {
+        m_error = m_session->settle();
+    }
+    goOn();
+}
+
+void SyncJob::goOn() {
+    const auto next =
+        std::find_if(m_sessions.begin(), m_sessions.end(),
+                     [](const std::unique_ptr<StoreSession> &each) { return !each->isDone(); });
+    if (m_error || next == m_sessions.end()) {
+        m_future->finish();
+        // The handler may hold what holds this.
+        std::exchange(m_handler, nullptr)();
+        return;
+    }
+    m_session = next->get();
+    runOnThread([this] { return m_session->work(*m_store, *m_future); });
+}

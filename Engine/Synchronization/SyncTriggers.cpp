@@ -1,0 +1,94 @@
+#include "Engine/Synchronization/SyncTriggers.h"
+
+#include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Notes/InboxUUID.h"
+#include "Engine/Plugin/EngineSyncPlugin.h"
+#include "Engine/Schedules/ScheduleByClock.h"
+#include "Host/Notifications.h"
+#include "Platform/Foundation/NotificationCenter.h"
+
+namespace {
+
+constexpr int Minute = 60000;
+
+bool hasComeDue(const QVSyncSchedulePtr &schedule, const QDateTime &lastLook,
+                const QDateTime &now) {
+    const auto *byClock = dynamic_cast<const ScheduleByClock *>(schedule.get());
+    const QDateTime next = byClock ? byClock->nextDateAfter(lastLook) : QDateTime();
+    return next.isValid() && next <= now;
+}
+
+}  // namespace
+
+SyncTriggers::SyncTriggers(EngineSyncPlugin &plugin, EngineNoteLibrary &library)
+    : m_plugin(plugin), m_library(library) {
+    m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        look(QDateTime::currentDateTime());
+        waitForNextMinute();
+    });
+}
+
+void SyncTriggers::start() {
+    NotificationCenter &center = NotificationCenter::defaultCenter();
+    center.addObserver(this, QVSyncPluginDidOpenDatabase, [this](const Notification &posted) {
+        databaseOpened(*qobject_cast<QVDatabase *>(posted.object));
+    });
+    center.addObserver(this, QVSyncPluginDidCloseDatabase, [this](const Notification &posted) {
+        databaseClosed(*qobject_cast<QVDatabase *>(posted.object));
+    });
+    m_lastLook = QDateTime::currentDateTime();
+    waitForNextMinute();
+    const auto open = m_library.openDatabases();
+    for (const auto &database : open) {
+        databaseOpened(*database);
+    }
+}
+
+void SyncTriggers::look(const QDateTime &now) {
+    const QDateTime lastLook = std::exchange(m_lastLook, now);
+    const QVSyncStates due = states(
+        [&](const QVSyncState &state) { return hasComeDue(state.schedule(), lastLook, now); });
+    for (const std::shared_ptr<QVSyncState> &state : due) {
+        NotificationCenter::defaultCenter().post(QVSyncScheduleDidFireNotification, state.get());
+    }
+    synchronize(due);
+}
+
+void SyncTriggers::waitForNextMinute() {
+    const QTime time = QTime::currentTime();
+    m_timer.start(Minute - time.second() * 1000 - time.msec());
+}
+
+void SyncTriggers::databaseOpened(const QVDatabase &database) {
+    const bool isInbox = database.UUID() == m_library.inbox()->UUID();
+    const QString UUID = isInbox ? InboxUUID : database.UUID();
+    synchronize(states([&](const QVSyncState &state) {
+        return state.databaseUUID() == UUID && state.syncOnOpen();
+    }));
+}
+
+void SyncTriggers::databaseClosed(const QVDatabase &database) {
+    const QString UUID = database.UUID();
+    synchronize(states([&](const QVSyncState &state) {
+        return state.databaseUUID() == UUID && state.syncOnClose();
+    }));
+}
+
+QVSyncStates SyncTriggers::states(const std::function<bool(const QVSyncState &)> &asks) const {
+    QVSyncStates found;
+    const auto locations = m_plugin.locationsController()->syncLocations();
+    for (const auto &location : locations) {
+        const QVSyncStates all = location->synchronizationStates();
+        std::copy_if(all.begin(), all.end(), std::back_inserter(found),
+                     [&](const auto &state) { return state->isEnabled() && asks(*state); });
+    }
+    return found;
+}
+
+void SyncTriggers::synchronize(const QVSyncStates &states) {
+    if (!states.isEmpty()) {
+        m_plugin.dispatcher()->performSynchronizationsWithSynchronizationStates(states);
+    }
+}

@@ -1,0 +1,700 @@
+#include <QtCore/QCborArray>
+#include <QtNetwork/QSslSocket>
+#include <QtNetwork/QTcpServer>
+
+#include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionClients.h"
+#include "Engine/DirectConnection/DirectConnectionIdentity.h"
+#include "Engine/DirectConnection/DirectConnectionMessage.h"
+#include "Engine/DirectConnection/DirectConnectionPairing.h"
+#include "Engine/DirectConnection/DirectConnectionServer.h"
+#include "Engine/Foundation/EngineError.h"
+#include "Platform/Foundation/UserDefaults.h"
+#include "Platform/Network/NetService.h"
+#include "Platform/Security/Keychain.h"
+#include "Support/AskedPerson.h"
+#include "Support/FreePort.h"
+#include "Support/Patience.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+using namespace DirectConnectionMessage;
+
+namespace {
+
+const QString ClientName = QStringLiteral("kim at desk");
+const QString PortNumberKey = QStringLiteral("QVDirectConnectionServerPortNumber");
+const QString EnabledKey = QStringLiteral("QVDirectConnectionServerEnabled");
+
+bool isOneOfUs(const Question & /*question*/) {
+    return true;
+}
+
+bool isAStranger(const Question & /*question*/) {
+    return false;
+}
+
+/// A client that says what a test wants it to say.
+class Client {
+public:
+    explicit Client(quint16 port) {
+        m_socket.setPeerVerifyMode(QSslSocket::VerifyNone);
+        m_socket.connectToHostEncrypted(QStringLiteral("127.0.0.1"), port);
+    }
+    ~Client() { m_socket.abort(); }
+
+    bool waitForEncryption() {
+        return QTest::qWaitFor([this] { return m_socket.isEncrypted() || hasEnded(); }, Patience) &&
+               m_socket.isEncrypted();
+    }
+    void sendBytes(const QByteArray &bytes) { m_socket.write(bytes); }
+    void send(const QCborMap &message) { sendBytes(encode(message)); }
+
+    /// The next answer; an empty map where the server ends the connection without one.
+    QCborMap answer() {
+        const bool isThere =
+            QTest::qWaitFor([this] { return isAnswerThere() || hasEnded(); }, Patience);
+        if (!isThere || !isAnswerThere()) {
+            return {};
+        }
+        const qsizetype size = length(m_received);
+        const QCborMap message = decode(m_received.mid(LengthSize, size)).value_or(QCborMap());
+        m_received.remove(0, LengthSize + size);
+        return message;
+    }
+    QString answerTo(const QCborMap &message) {
+        send(message);
+        return answer()[Type].toString();
+    }
+    /// Whether the server ends the connection without having said anything more.
+    bool endsInSilence() {
+        return QTest::qWaitFor([this] { return hasEnded(); }, Patience) && !receive();
+    }
+    bool hasEnded() const { return m_socket.state() == QAbstractSocket::UnconnectedState; }
+    QByteArray fingerprint() const {
+        return DirectConnectionIdentity::fingerprint(m_socket.peerCertificate().toDer());
+    }
+    QSslSocket &socket() { return m_socket; }
+
+private:
+    qsizetype receive() {
+        m_received += m_socket.readAll();
+        return m_received.size();
+    }
+    bool isAnswerThere() {
+        return receive() >= LengthSize && m_received.size() >= LengthSize + length(m_received);
+    }
+
+    QSslSocket m_socket;
+    QByteArray m_received;
+};
+
+QCborMap hello(const QString &name, const QByteArray &secret) {
+    return {{Type, Hello}, {Name, name}, {Secret, secret}};
+}
+
+QCborMap list(const QString &folder) {
+    return {{Type, List}, {Folder, folder}};
+}
+
+QCborMap read(const QString &name) {
+    return {{Type, Read}, {Name, name}, {SizeLimit, 1000}};
+}
+
+QCborMap write(const QString &name, const QByteArray &contents) {
+    return {{Type, Write}, {Name, name}, {Contents, contents}};
+}
+
+DirectConnectionPairing newClient(const QString &name = ClientName) {
+    DirectConnectionPairing client;
+    client.clientName = name;
+    client.clientNonce = DirectConnectionPairing::random();
+    client.clientSecret = DirectConnectionPairing::random();
+    return client;
+}
+
+QCborMap pairMessage(const DirectConnectionPairing &client) {
+    return {{Type, Pair}, {Name, client.clientName}, {Commitment, client.commitment()}};
+}
+
+QCborMap revealMessage(const DirectConnectionPairing &client) {
+    return {{Type, Reveal}, {Nonce, client.clientNonce}, {Secret, client.clientSecret}};
+}
+
+}  // namespace
+
+class DirectConnectionServerTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestHost> m_host;
+    std::unique_ptr<AskedPerson> m_person;
+    quint16 m_port = 0;
+
+    DirectConnectionServer &server() {
+        return dynamic_cast<DirectConnectionServer &>(*m_host->engine().plugin().server());
+    }
+
+    void serve(const DirectConnectionLimits &limits = {}) {
+        server().setLimits(limits);
+        server().setPort(m_port);
+        server().startServing();
+        QVERIFY(server().isServing());
+    }
+
+    /// Sends what a client that is new sends up to the question.
+    static void askFor(Client &connection, DirectConnectionPairing &client) {
+        QVERIFY(connection.waitForEncryption());
+        client.serverFingerprint = connection.fingerprint();
+        connection.send(pairMessage(client));
+        client.serverNonce = connection.answer()[Nonce].toByteArray();
+        QCOMPARE(client.serverNonce.size(), DirectConnectionPairing::RandomSize);
+        connection.send(revealMessage(client));
+    }
+
+    QString package() const {
+        return m_host->directory() + QStringLiteral("/Direct Connection.qvSyncStore");
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        m_person = std::make_unique<AskedPerson>();
+        m_port = freePort();
+    }
+
+    void cleanup() {
+        Keychain &keychain = Keychain::shared();
+        const QString service = DirectConnection::ClientAuthorizationServiceName;
+        for (const QString &account : keychain.accounts(service).value_or(QStringList())) {
+            keychain.removeFirst(service.toUtf8(), account.toUtf8());
+        }
+        UserDefaults::remove(PortNumberKey);
+        UserDefaults::remove(EnabledKey);
+        m_person.reset();
+        m_host.reset();
+    }
+
+    void aFreshServerDoesNotServeAndHasTheDefaultPort() {
+        QVERIFY(!server().isServing());
+        QCOMPARE(server().port(), DirectConnection::DefaultPort);
+        QVERIFY(!server().bonjourService());
+    }
+
+    void servingIsAnnouncedToObserversAndOnTheNetwork() {
+        server().setPort(m_port);
+        QSignalSpy serving(&server(), &QVDirectConnectionServer::servingChanged);
+        server().startServing();
+        QVERIFY(server().isServing());
+        QCOMPARE(serving.count(), 1);
+        const std::shared_ptr<NetService> service = server().bonjourService();
+        QVERIFY(service);
+        QCOMPARE(service->type(), DirectConnection::BonjourServiceType);
+        QCOMPARE(service->port(), m_port);
+        QVERIFY(Client(m_port).waitForEncryption());
+        server().stopServing();
+        QVERIFY(!server().isServing());
+        QCOMPARE(serving.count(), 2);
+        QVERIFY(!server().bonjourService());
+        QVERIFY(!Client(m_port).waitForEncryption());
+    }
+
+    void startingTwiceAndStoppingTwiceDoNothing() {
+        serve();
+        Client client(m_port);
+        QVERIFY(client.waitForEncryption());
+        QSignalSpy serving(&server(), &QVDirectConnectionServer::servingChanged);
+        server().startServing();
+        QCOMPARE(serving.count(), 0);
+        QVERIFY(!client.hasEnded());
+        server().stopServing();
+        server().stopServing();
+        QCOMPARE(serving.count(), 1);
+    }
+
+    void aPortInUseIsAnErrorForThePersonAndTheServerDoesNotServe() {
+        QTcpServer other;
+        QVERIFY(other.listen(QHostAddress::Any, m_port));
+        server().setPort(m_port);
+        server().startServing();
+        QVERIFY(!server().isServing());
+        QVERIFY(!server().bonjourService());
+        QTRY_COMPARE(m_person->presentedErrors().size(), 1);
+        const Error error = m_person->presentedErrors().first();
+        QCOMPARE(error.domain, EngineErrorDomain);
+        QVERIFY(error.localizedDescription.contains(QString::number(m_port)));
+        other.close();
+        server().startServing();
+        QVERIFY(server().isServing());
+    }
+
+    void aNewPortWhileServingRestarts() {
+        serve();
+        Client before(m_port);
+        QVERIFY(before.waitForEncryption());
+        const quint16 other = freePort();
+        QSignalSpy ports(&server(), &QVDirectConnectionServer::portChanged);
+        server().setPort(other);
+        QCOMPARE(ports.count(), 1);
+        QCOMPARE(server().port(), other);
+        QVERIFY(server().isServing());
+        QCOMPARE(server().bonjourService()->port(), other);
+        QVERIFY(Client(other).waitForEncryption());
+        QVERIFY(!Client(m_port).waitForEncryption());
+        QTRY_VERIFY(before.hasEnded());
+    }
+
+    void theSamePortWhileServingDisturbsNobody() {
+        serve();
+        Client client(m_port);
+        QVERIFY(client.waitForEncryption());
+        QSignalSpy serving(&server(), &QVDirectConnectionServer::servingChanged);
+        QSignalSpy ports(&server(), &QVDirectConnectionServer::portChanged);
+        server().setPort(m_port);
+        QCOMPARE(ports.count(), 1);
+        QCOMPARE(serving.count(), 0);
+        QVERIFY(!client.hasEnded());
+    }
+
+    void aNewPortWhileStoppedDoesNotStart() {
+        server().setPort(m_port);
+        QVERIFY(!server().isServing());
+        server().setPort(0);
+        QCOMPARE(server().port(), DirectConnection::DefaultPort);
+    }
+
+    void theDefaultsSayWhetherAndWhereItServesFromTheStart() {
+        UserDefaults::setValue(PortNumberKey, m_port);
+        m_host->restart();
+        QVERIFY(!server().isServing());
+        QCOMPARE(server().port(), m_port);
+        UserDefaults::setValue(EnabledKey, true);
+        m_host->restart();
+        QVERIFY(server().isServing());
+        QVERIFY(Client(m_port).waitForEncryption());
+    }
+
+    void theCertificateIsKeptWithThePrivateKeyUnreadableToOthers() {
+        serve();
+        Client first(m_port);
+        QVERIFY(first.waitForEncryption());
+        const QString path = m_host->directory() + QStringLiteral("/Direct Connection.pem");
+        QCOMPARE(QFile::permissions(path) & ~(QFile::ReadUser | QFile::WriteUser),
+                 QFile::ReadOwner | QFile::WriteOwner);
+        m_host->restart();
+        serve();
+        Client second(m_port);
+        QVERIFY(second.waitForEncryption());
+        QCOMPARE(second.fingerprint(), first.fingerprint());
+        const QTemporaryDir otherProfile;
+        DirectConnectionIdentity other;
+        QVERIFY(!DirectConnectionIdentity::load(otherProfile.path(), other));
+        QVERIFY(DirectConnectionIdentity::fingerprint(other.certificate.toDer()) !=
+                first.fingerprint());
+    }
+
+    void theCertificateNamesNobodyAndDoesNotEnd() {
+        serve();
+        Client client(m_port);
+        QVERIFY(client.waitForEncryption());
+        const QSslCertificate certificate = client.socket().peerCertificate();
+        QCOMPARE(certificate.subjectDisplayName(), QStringLiteral("Velmora"));
+        QCOMPARE(certificate.expiryDate().date().year(), 9999);
+        QCOMPARE(client.socket().sessionProtocol(), QSsl::TlsV1_3);
+    }
+
+    void aDamagedCertificateIsAnErrorAndStays() {
+        const QString path = m_host->directory() + QStringLiteral("/Direct Connection.pem");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("no key");
+        file.close();
+        server().startServing();
+        QVERIFY(!server().isServing());
+        QTRY_COMPARE(m_person->presentedErrors().size(), 1);
+        QVERIFY(m_person->presentedErrors().first().localizedDescription.contains(path));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("no key"));
+    }
+
+    void aNewClientIsLetInWhenThePersonSaysSo() {
+        serve();
+        Client connection(m_port);
+        DirectConnectionPairing client = newClient();
+        askFor(connection, client);
+        QTRY_COMPARE(m_person->asked().size(), 1);
+        const Question question = m_person->asked().first();
+        QVERIFY(question.text.contains(ClientName));
+        QVERIFY2(question.details.contains(client.code()), qPrintable(question.details));
+        QVERIFY(!DirectConnectionClients::isKnown(ClientName));
+        m_person->answerAll(isOneOfUs);
+        QCOMPARE(connection.answer()[Type].toString(), Welcome);
+        QCOMPARE(Keychain::shared().accounts(DirectConnection::ClientAuthorizationServiceName),
+                 QStringList(ClientName));
+        QCOMPARE(connection.answerTo(list(QStringLiteral("databases"))), Done);
+
+        Client later(m_port);
+        QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret)), Welcome);
+    }
+
+    void aNewClientIsRefusedWhenThePersonSaysSo() {
+        serve();
+        m_person->answerAll(isAStranger);
+        Client connection(m_port);
+        DirectConnectionPairing client = newClient();
+        askFor(connection, client);
+        QCOMPARE(connection.answer()[Type].toString(), Refused);
+        QVERIFY(connection.endsInSilence());
+        QVERIFY(!DirectConnectionClients::isKnown(ClientName));
+        Client later(m_port);
+        QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret)), Refused);
+    }
+
+    void aClientOfAKnownNameIsAskedAboutAsSuchAndTakesItsPlace() {
+        serve();
+        const QByteArray former = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, former);
+        Client connection(m_port);
+        DirectConnectionPairing client = newClient();
+        askFor(connection, client);
+        QTRY_COMPARE(m_person->asked().size(), 1);
+        QVERIFY(m_person->asked().first().details.contains(QStringLiteral("takes the place")));
+        m_person->answerAll(isOneOfUs);
+        QCOMPARE(connection.answer()[Type].toString(), Welcome);
+        Client impostor(m_port);
+        QCOMPARE(impostor.answerTo(hello(ClientName, former)), Refused);
+    }
+
+    void whoeverIsInBetweenHasAnotherCode() {
+        DirectConnectionPairing client = newClient();
+        client.serverFingerprint = QByteArray(32, 's');
+        client.serverNonce = DirectConnectionPairing::random();
+        const QString code = client.code();
+        QCOMPARE(code.size(), 7);
+        QCOMPARE(client.code(), code);
+        DirectConnectionPairing relayed = client;
+        relayed.serverFingerprint = QByteArray(32, 'm');
+        QVERIFY(relayed.code() != code);
+        relayed = client;
+        relayed.clientSecret = DirectConnectionPairing::random();
+        QVERIFY(relayed.code() != code);
+        QVERIFY(relayed.commitment() != client.commitment());
+    }
+
+    void whoeverRevealsSomethingElseThanCommittedIsNotAskedAbout() {
+        serve();
+        Client connection(m_port);
+        DirectConnectionPairing client = newClient();
+        QVERIFY(connection.waitForEncryption());
+        connection.send(pairMessage(client));
+        QCOMPARE(connection.answer()[Type].toString(), Pair);
+        client.clientNonce = DirectConnectionPairing::random();
+        connection.send(revealMessage(client));
+        QVERIFY(connection.endsInSilence());
+        QVERIFY(m_person->asked().isEmpty());
+    }
+
+    void namesThatAPersonCannotReadAreNotAskedAbout() {
+        serve();
+        for (const QString &name :
+             {QString(), QStringLiteral("a\nb"), QString(QChar(0x202e)) + QStringLiteral("moc"),
+              QString(256, u'x'), QString(128, u'é')}) {
+            Client connection(m_port);
+            connection.send(pairMessage(newClient(name)));
+            QVERIFY(connection.endsInSilence());
+        }
+        QVERIFY(DirectConnectionClients::isName(QStringLiteral("Jürgen at 茶室 🍵")));
+        QVERIFY(m_person->asked().isEmpty());
+    }
+
+    void oneQuestionIsOpenAtATime() {
+        serve();
+        auto first = std::make_unique<Client>(m_port);
+        DirectConnectionPairing client = newClient();
+        askFor(*first, client);
+        QTRY_COMPARE(m_person->asked().size(), 1);
+        Client second(m_port);
+        DirectConnectionPairing other = newClient(QStringLiteral("other"));
+        askFor(second, other);
+        QCOMPARE(second.answer()[Type].toString(), Busy);
+        // Also when who asked has gone: the question is still there.
+        first.reset();
+        Client third(m_port);
+        askFor(third, other);
+        QCOMPARE(third.answer()[Type].toString(), Busy);
+        QCOMPARE(m_person->asked().size(), 1);
+        m_person->answerAll(isOneOfUs);
+        Client fourth(m_port);
+        askFor(fourth, other);
+        QCOMPARE(fourth.answer()[Type].toString(), Welcome);
+        QVERIFY(!DirectConnectionClients::isKnown(ClientName));
+    }
+
+    void afterARefusalNobodyIsAskedForAWhile() {
+        serve();
+        m_person->answerAll(isAStranger);
+        Client first(m_port);
+        DirectConnectionPairing client = newClient();
+        askFor(first, client);
+        QCOMPARE(first.answer()[Type].toString(), Refused);
+        Client second(m_port);
+        askFor(second, client);
+        QCOMPARE(second.answer()[Type].toString(), Busy);
+        QCOMPARE(m_person->asked().size(), 1);
+    }
+
+    void anAnswerAfterTheServerStoppedLetsNobodyIn() {
+        serve();
+        Client connection(m_port);
+        DirectConnectionPairing client = newClient();
+        askFor(connection, client);
+        QTRY_COMPARE(m_person->asked().size(), 1);
+        server().stopServing();
+        server().startServing();
+        m_person->answerAll(isOneOfUs);
+        QVERIFY(connection.endsInSilence());
+        QVERIFY(!DirectConnectionClients::isKnown(ClientName));
+        m_person->think();
+    }
+
+    void anAnswerThatTakesTooLongLetsNobodyIn() {
+        serve({.askingTime = std::chrono::milliseconds(50)});
+        Client connection(m_port);
+        DirectConnectionPairing client = newClient();
+        askFor(connection, client);
+        QVERIFY(connection.endsInSilence());
+        m_person->answerAll(isOneOfUs);
+        Client later(m_port);
+        QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret)), Refused);
+    }
+
+    void whoIsNotAuthorizedLearnsNothing() {
+        serve();
+        DirectConnectionClients::authorize(ClientName, DirectConnectionPairing::random());
+        for (const QCborMap &message :
+             {list(QStringLiteral("databases")), read(QStringLiteral("databases/@inbox.json")),
+              QCborMap(), ofType(Welcome), ofType(Reveal), QCborMap{{Type, 5}}}) {
+            Client client(m_port);
+            client.send(message);
+            QVERIFY(client.endsInSilence());
+        }
+        // Neither whether there is a client of that name.
+        const QByteArray guess = DirectConnectionPairing::random();
+        for (const QCborMap &message :
+             {hello(ClientName, guess), hello(QStringLiteral("nobody"), guess),
+              hello(ClientName, QByteArray()), ofType(Hello)}) {
+            Client client(m_port);
+            client.send(message);
+            QCOMPARE(client.answer(), ofType(Refused));
+            client.send(list(QStringLiteral("databases")));
+            QVERIFY(client.endsInSilence());
+        }
+    }
+
+    void garbageEndsTheConnectionAndNothingElse() {
+        serve();
+        for (const QByteArray &bytes :
+             {QByteArray("GET / HTTP/1.1\r\n\r\n"), QByteArray(4, '\xff'), QByteArray(4, '\0'),
+              QByteArray("\0\0\0\1\xff", 5), QByteArray("\0\0\0\2\xa0\xa0", 6),
+              QByteArray("\0\0\x10\1", 4) + QByteArray(4097, 'x'), encode({}).chopped(1) + 'x'}) {
+            Client client(m_port);
+            QVERIFY(client.waitForEncryption());
+            client.sendBytes(bytes);
+            QVERIFY(client.endsInSilence());
+        }
+        QTcpSocket plain;
+        plain.connectToHost(QStringLiteral("127.0.0.1"), m_port);
+        plain.write(QByteArray(100000, 'x'));
+        QTRY_COMPARE_WITH_TIMEOUT(plain.state(), QAbstractSocket::UnconnectedState, Patience);
+        QVERIFY(Client(m_port).waitForEncryption());
+    }
+
+    void whoDoesNotGreetInTimeIsDisconnected() {
+        serve({.greetingTime = std::chrono::milliseconds(50)});
+        QTcpSocket silent;
+        silent.connectToHost(QStringLiteral("127.0.0.1"), m_port);
+        QTRY_COMPARE_WITH_TIMEOUT(silent.state(), QAbstractSocket::ConnectedState, Patience);
+        QTRY_COMPARE_WITH_TIMEOUT(silent.state(), QAbstractSocket::UnconnectedState, Patience);
+    }
+
+    void whoIsIdleForTooLongIsDisconnected() {
+        serve({.idleTime = std::chrono::milliseconds(200)});
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        Client client(m_port);
+        QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
+        QVERIFY(client.endsInSilence());
+    }
+
+    void aFloodOfConnectionsTakesNoRoomFromThoseAuthorized() {
+        serve({.connections = 3});
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        Client friendly(m_port);
+        QCOMPARE(friendly.answerTo(hello(ClientName, secret)), Welcome);
+        std::vector<std::unique_ptr<QTcpSocket>> flood;
+        for (int i = 0; i < 200; ++i) {
+            flood.push_back(std::make_unique<QTcpSocket>());
+            flood.back()->connectToHost(QStringLiteral("127.0.0.1"), m_port);
+        }
+        // The oldest have given way to the others.
+        QTRY_COMPARE_WITH_TIMEOUT(flood.front()->state(), QAbstractSocket::UnconnectedState,
+                                  Patience);
+        QCOMPARE(friendly.answerTo(list(QStringLiteral("databases"))), Done);
+        Client another(m_port);
+        QCOMPARE(another.answerTo(hello(ClientName, secret)), Welcome);
+        Client third(m_port);
+        QCOMPARE(third.answerTo(hello(ClientName, secret)), Welcome);
+        // Now there is nobody who could give way.
+        Client fourth(m_port);
+        QVERIFY(fourth.endsInSilence());
+        QCOMPARE(friendly.answerTo(list(QStringLiteral("databases"))), Done);
+    }
+
+    void aClientThatDoesNotTakeItsAnswersIsNotReadAnyFurther() {
+        serve();
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        Client client(m_port);
+        QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
+        const QString name = QStringLiteral("transactions/@inbox/big");
+        QCOMPARE(client.answerTo(write(name, QByteArray(4000000, 'x'))), Done);
+        QCborMap reading = read(name);
+        reading[SizeLimit] = 5000000;
+        // As many answers at once would be 4 GB.
+        client.sendBytes(encode(reading).repeated(1000));
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(client.answer()[Contents].toByteArray().size(), 4000000);
+        }
+        Client other(m_port);
+        QCOMPARE(other.answerTo(hello(ClientName, secret)), Welcome);
+    }
+
+    void aRevokedClientIsRefusedAlsoOnAnOpenConnection() {
+        serve();
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        Client client(m_port);
+        QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
+        QCOMPARE(client.answerTo(list(QStringLiteral("databases"))), Done);
+        QVERIFY(Keychain::shared().removeFirst(
+            DirectConnection::ClientAuthorizationServiceName.toUtf8(), ClientName.toUtf8()));
+        client.send(list(QStringLiteral("databases")));
+        QCOMPARE(client.answer(), ofType(Refused));
+        QVERIFY(client.endsInSilence());
+        Client later(m_port);
+        QCOMPARE(later.answerTo(hello(ClientName, secret)), Refused);
+    }
+
+    void theDatabasesOfTheProfileAreThereWhenAClientOpens() {
+        serve();
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        const auto database = m_host->addDatabase(QStringLiteral("Garden"));
+        const QString record = QStringLiteral("databases/%1.json").arg(database->UUID());
+        Client client(m_port);
+        QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
+        client.send(list(QStringLiteral("databases")));
+        const QCborArray names = client.answer()[Names].toArray();
+        QCOMPARE(names.size(), 2);
+        QVERIFY(names.contains(QStringLiteral("@inbox.json")));
+        client.send(read(record));
+        QVERIFY(client.answer()[Contents].toByteArray().contains("\"Garden\""));
+        m_host->renameDatabase(database, QStringLiteral("Orchard"));
+        Client later(m_port);
+        QCOMPARE(later.answerTo(hello(ClientName, secret)), Welcome);
+        later.send(read(record));
+        QVERIFY(later.answer()[Contents].toByteArray().contains("\"Orchard\""));
+    }
+
+    void whatAClientWritesIsInThePackageAndNowhereElse() {
+        serve();
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        Client client(m_port);
+        QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
+        const QString folder = QStringLiteral("transactions/%1")
+                                   .arg(QUuid::createUuid().toString(QUuid::WithoutBraces));
+        const QString name = folder + QStringLiteral("/000-a.b");
+        client.send(write(name, "one"));
+        QCborMap answer = client.answer();
+        QCOMPARE(answer[Type].toString(), Done);
+        QVERIFY(answer[IsNew].toBool());
+        client.send(write(name, "two"));
+        answer = client.answer();
+        QCOMPARE(answer[Type].toString(), Done);
+        QVERIFY(!answer[IsNew].toBool());
+        QFile file(package() + u'/' + name);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("one"));
+        client.send(list(folder));
+        QCOMPARE(client.answer()[Names].toArray(), QCborArray{QStringLiteral("000-a.b")});
+        QCOMPARE(client.answerTo({{Type, Remove}, {Name, name}}), Done);
+        QVERIFY(!file.exists());
+        client.send(read(name));
+        answer = client.answer();
+        QCOMPARE(answer[Reason].toString(), BlobMissing);
+        QCOMPARE(client.answerTo(ofType(QStringLiteral("format"))), Failed);
+    }
+
+    void namesThatLeadElsewhereAreRefused_data() {
+        QTest::addColumn<QString>("name");
+        const QString UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
+        const QString transaction = QStringLiteral("transactions/") + UUID;
+        QTest::newRow("nothing") << QString();
+        QTest::newRow("the package") << QStringLiteral(".");
+        QTest::newRow("the profile") << QStringLiteral("../profile.sqlite");
+        QTest::newRow("absolute") << QStringLiteral("/etc/passwd");
+        QTest::newRow("up and down") << QStringLiteral("databases/../../Direct Connection.pem");
+        QTest::newRow("up in a transaction") << transaction + QStringLiteral("/../../../x");
+        QTest::newRow("hidden") << transaction + QStringLiteral("/.x");
+        QTest::newRow("deep") << transaction + QStringLiteral("/a/b");
+        QTest::newRow("no database") << QStringLiteral("databases/x.json");
+        QTest::newRow("no record") << QStringLiteral("databases/") + UUID;
+        QTest::newRow("transactions of nothing") << QStringLiteral("transactions/x/y");
+        QTest::newRow("a folder") << transaction;
+        QTest::newRow("line feed at the end") << transaction + QStringLiteral("/a\n");
+        QTest::newRow("NUL") << transaction + QStringLiteral("/a") + QChar(0);
+        QTest::newRow("too long") << transaction + u'/' + QString(129, u'a');
+        QTest::newRow("not ASCII") << transaction + QStringLiteral("/é");
+        QTest::newRow("another case") << QStringLiteral("Databases/%1.json").arg(UUID);
+        QTest::newRow("escapes") << QStringLiteral("databases%2f") + UUID + QStringLiteral(".json");
+    }
+
+    void namesThatLeadElsewhereAreRefused() {
+        QFETCH(const QString, name);
+        serve();
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        Client client(m_port);
+        QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
+        const QStringList before =
+            QDir(m_host->directory()).entryList(QDir::AllEntries | QDir::Hidden, QDir::Name);
+        for (const QCborMap &message :
+             {read(name), write(name, "x"), QCborMap{{Type, Remove}, {Name, name}}}) {
+            client.send(message);
+            const QCborMap answer = client.answer();
+            QCOMPARE(answer[Type].toString(), Failed);
+            QCOMPARE(answer[Reason].toString(), BlobRefused);
+        }
+        QCOMPARE(QDir(m_host->directory()).entryList(QDir::AllEntries | QDir::Hidden, QDir::Name),
+                 before);
+        if (name != QStringLiteral("transactions/") + name.section(u'/', 1, 1)) {
+            QCOMPARE(client.answerTo(list(name)), Failed);
+        }
+    }
+
+    void aLinkInThePackageIsNotFollowed() {
+        serve();
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        QVERIFY(QDir().mkpath(package() + QStringLiteral("/transactions/@inbox")));
+        QVERIFY(QFile::link(m_host->directory() + QStringLiteral("/Direct Connection.pem"),
+                            package() + QStringLiteral("/transactions/@inbox/link")));
+        Client client(m_port);
+        QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
+        QCOMPARE(client.answerTo(read(QStringLiteral("transactions/@inbox/link"))), Failed);
+    }
+};
+
+VELMORA_TEST(DirectConnectionServerTest)
+#include "DirectConnectionServerTest.moc"

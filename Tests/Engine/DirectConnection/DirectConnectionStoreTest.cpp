@@ -1,0 +1,370 @@
+#include <QtNetwork/QTcpServer>
+#include <latch>
+
+#include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionServer.h"
+#include "Engine/DirectConnection/DirectConnectionStore.h"
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/EngineFuture.h"
+#include "Platform/Foundation/UserDefaults.h"
+#include "Platform/Security/Keychain.h"
+#include "Support/AskedPerson.h"
+#include "Support/FreePort.h"
+#include "Support/Patience.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+bool isServersQuestion(const Question &question) {
+    return question.acceptTitle == QStringLiteral("Allow");
+}
+
+bool isAnything(const Question & /*question*/) {
+    return true;
+}
+
+bool isNothing(const Question & /*question*/) {
+    return false;
+}
+
+/// The six digits in a question.
+QString codeIn(const Question &question) {
+    return QRegularExpression(QStringLiteral("\\d{3}.\\d{3}")).match(question.details).captured();
+}
+
+EngineErrorCode codeOf(const std::optional<Error> &error) {
+    return static_cast<EngineErrorCode>(error ? error->code : 0);
+}
+
+}  // namespace
+
+/// A profile that synchronizes with its own server.
+class DirectConnectionStoreTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestHost> m_host;
+    std::unique_ptr<AskedPerson> m_person;
+    std::shared_ptr<QVSyncLocation> m_location;
+    quint16 m_port = 0;
+
+    DirectConnectionServer &server() {
+        return dynamic_cast<DirectConnectionServer &>(*m_host->engine().plugin().server());
+    }
+
+    QString address() const {
+        return QStringLiteral("%1://127.0.0.1:%2").arg(DirectConnection::URLScheme).arg(m_port);
+    }
+
+    std::shared_ptr<BlobStore> newStore() {
+        return std::dynamic_pointer_cast<BlobStore>(m_location->createStore());
+    }
+
+    /// Runs `work` on a thread that may block, and the event loop meanwhile.
+    template <class Work>
+    static auto await(const Work &work) {
+        using Answer = decltype(work());
+        std::optional<Answer> answer;
+        const std::unique_ptr<QThread> thread(QThread::create([&] { answer.emplace(work()); }));
+        QEventLoop loop;
+        QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
+        thread->start();
+        loop.exec();
+        thread->wait();
+        return *answer;
+    }
+
+    static std::optional<Error> open(const std::shared_ptr<BlobStore> &store) {
+        return await([&] { return store->open(EngineFuture()); });
+    }
+
+    void pair() {
+        m_person->answerAll(isAnything);
+        QCOMPARE(open(newStore()), std::nullopt);
+        m_person->think();
+    }
+
+    static void forget(const QString &service) {
+        Keychain &keychain = Keychain::shared();
+        const QStringList accounts = keychain.accounts(service).value_or(QStringList());
+        for (const QString &account : accounts) {
+            keychain.removeFirst(service.toUtf8(), account.toUtf8());
+        }
+    }
+
+    static void revoke() { forget(DirectConnection::ClientAuthorizationServiceName); }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        m_person = std::make_unique<AskedPerson>();
+        m_port = freePort();
+        m_location = m_host->addLocation(address());
+        server().setPort(m_port);
+        server().startServing();
+        QVERIFY(server().isServing());
+    }
+
+    void cleanup() {
+        revoke();
+        m_location.reset();
+        m_host.reset();
+        m_person.reset();
+    }
+
+    void theFirstOpeningPairsAndBothPersonsSeeTheSameCode() {
+        m_person->answerAll(isAnything);
+        QCOMPARE(open(newStore()), std::nullopt);
+        QCOMPARE(m_person->asked().size(), 2);
+        const QString code = codeIn(m_person->asked().first());
+        QVERIFY(!code.isEmpty());
+        QCOMPARE(codeIn(m_person->asked().last()), code);
+        const QStringList clients =
+            Keychain::shared().accounts(DirectConnection::ClientAuthorizationServiceName).value();
+        QCOMPARE(clients.size(), 1);
+        QVERIFY(clients.first().endsWith(QStringLiteral(" at ") + QSysInfo::machineHostName()));
+        QVERIFY(m_person->asked().first().text.contains(clients.first()) ||
+                m_person->asked().last().text.contains(clients.first()));
+        QCOMPARE(open(newStore()), std::nullopt);
+        QCOMPARE(m_person->asked().size(), 2);
+    }
+
+    void thePairingOutlivesTheProcessForItsLocationOnly() {
+        pair();
+        m_host->save();
+        const quint16 port = m_port;
+        UserDefaults::setValue(QStringLiteral("QVDirectConnectionServerPortNumber"), port);
+        UserDefaults::setValue(QStringLiteral("QVDirectConnectionServerEnabled"), true);
+        m_location.reset();
+        QCoreApplication::processEvents();
+        m_host->restart();
+        UserDefaults::remove(QStringLiteral("QVDirectConnectionServerPortNumber"));
+        UserDefaults::remove(QStringLiteral("QVDirectConnectionServerEnabled"));
+        m_location = m_host->locations().syncLocations().first();
+        setNSApp(m_person.get());
+        QCOMPARE(open(newStore()), std::nullopt);
+        QCOMPARE(m_person->asked().size(), 2);
+
+        m_location = m_host->addLocation(address());
+        m_person->answerAll(isNothing);
+        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::AccessDenied);
+        QCOMPARE(m_person->asked().size(), 4);
+    }
+
+    void thePersonAtTheServerMayRefuse() {
+        m_person->answerAll([](const Question &question) { return !isServersQuestion(question); });
+        const std::optional<Error> error = open(newStore());
+        QCOMPARE(codeOf(error), EngineErrorCode::AccessDenied);
+        QVERIFY(error->localizedDescription.contains(QStringLiteral("127.0.0.1")));
+        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::AccessDenied);
+    }
+
+    void thePersonAtTheClientMayRefuseAndNothingIsPinned() {
+        m_person->answerAll(isServersQuestion);
+        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::Cancelled);
+        QCOMPARE(m_person->asked().size(), 2);
+        m_person->answerAll(isAnything);
+        QCOMPARE(open(newStore()), std::nullopt);
+        QCOMPARE(m_person->asked().size(), 4);
+    }
+
+    void cancellingEndsWaitingForThePersons() {
+        const std::shared_ptr<BlobStore> store = newStore();
+        std::optional<Error> result;
+        std::atomic<bool> isDone = false;
+        const std::shared_ptr<PZFuture> future =
+            store->openWithCompletionHandler([&](const std::optional<Error> &error) {
+                result = error;
+                isDone = true;
+            });
+        QTRY_COMPARE_WITH_TIMEOUT(m_person->asked().size(), 2, Patience);
+        QVERIFY(!isDone);
+        future->cancel();
+        QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
+        QCOMPARE(codeOf(result), EngineErrorCode::Cancelled);
+    }
+
+    void quittingDoesNotWaitForThePersons() {
+        newStore()->openWithCompletionHandler([](const std::optional<Error> &) {});
+        QTRY_COMPARE_WITH_TIMEOUT(m_person->asked().size(), 2, Patience);
+        m_location.reset();
+        QElapsedTimer clock;
+        clock.start();
+        m_host.reset();
+        // The persons have minutes.
+        QVERIFY(clock.elapsed() < Patience);
+    }
+
+    void aServerWithAnotherCertificateIsRefused() {
+        pair();
+        server().stopServing();
+        QVERIFY(QFile::remove(m_host->directory() + QStringLiteral("/Direct Connection.pem")));
+        server().startServing();
+        m_person->answerAll(isAnything);
+        const qsizetype asked = m_person->asked().size();
+        const std::optional<Error> error = open(newStore());
+        QCOMPARE(codeOf(error), EngineErrorCode::CertificateUntrusted);
+        QVERIFY(error->localizedDescription.contains(QStringLiteral("127.0.0.1")));
+        QCOMPARE(m_person->asked().size(), asked);
+    }
+
+    void aForgottenSecretPairsAgainButOnlyWithThePinnedServer() {
+        pair();
+        const QString service = QStringLiteral("Velmora Direct Connection Servers");
+        forget(service);
+        m_person->answerAll(isAnything);
+        QCOMPARE(open(newStore()), std::nullopt);
+        QCOMPARE(m_person->asked().size(), 4);
+        forget(service);
+        server().stopServing();
+        QVERIFY(QFile::remove(m_host->directory() + QStringLiteral("/Direct Connection.pem")));
+        server().startServing();
+        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::CertificateUntrusted);
+    }
+
+    void aRevokedClientIsRefusedAlsoOnAnOpenConnection() {
+        pair();
+        const std::shared_ptr<BlobStore> store = newStore();
+        QCOMPARE(open(store), std::nullopt);
+        revoke();
+        const auto list = [&] { return store->list(QStringLiteral("databases"), EngineFuture()); };
+        for (int i = 0; i < 2; ++i) {
+            const Result<QStringList> names = await(list);
+            QVERIFY(errorOf(names));
+            QCOMPARE(codeOf(*errorOf(names)), EngineErrorCode::AccessDenied);
+        }
+        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::AccessDenied);
+        // Nobody is asked again.
+        QCOMPARE(m_person->asked().size(), 2);
+    }
+
+    void theServersDatabasesAreFetched() {
+        const auto garden = m_host->addDatabase(QStringLiteral("Garden"));
+        pair();
+        const std::shared_ptr<QVSyncStore> store = newStore();
+        std::atomic<int> done = 0;
+        std::optional<QVRemoteDatabases> databases;
+        store->openWithCompletionHandler([&](const std::optional<Error> &openingError) {
+            if (openingError) {
+                done = -1;
+                return;
+            }
+            store->fetchDatabasesWithCompletionHandler(
+                [&](const std::optional<QVRemoteDatabases> &fetched,
+                    const std::optional<Error> &error) {
+                    databases = fetched;
+                    done = error ? -2 : 1;
+                });
+        });
+        QTRY_VERIFY_WITH_TIMEOUT(done != 0, Patience);
+        QCOMPARE(done, 1);
+        QCOMPARE(databases->size(), 2);
+        QStringList found;
+        for (const auto &database : *databases) {
+            found.append(database->UUID() + u' ' + database->metadata()->name());
+        }
+        QStringList expected{QStringLiteral("@inbox Inbox"),
+                             garden->UUID() + QStringLiteral(" Garden")};
+        found.sort();
+        expected.sort();
+        QCOMPARE(found, expected);
+    }
+
+    void blobsAreWrittenOnceListedReadAndRemoved() {
+        pair();
+        const std::shared_ptr<BlobStore> store = newStore();
+        const QString folder = QStringLiteral("transactions/@inbox");
+        const QString name = folder + QStringLiteral("/0001");
+        const QByteArray contents = QByteArray("\0\xff", 2).repeated(1000000);
+        const EngineFuture future;
+        // Unopened, from one thread after another.
+        const auto write = [&] { return store->writeIfAbsent(name, contents, future); };
+        QCOMPARE(std::get<BlobStore::Written>(await(write)), BlobStore::Written::New);
+        QCOMPARE(std::get<BlobStore::Written>(await(write)), BlobStore::Written::AlreadyThere);
+        const auto list = [&] { return store->list(folder, future); };
+        QCOMPARE(std::get<QStringList>(await(list)), QStringList(QStringLiteral("0001")));
+        const auto read = [&] { return store->read(name, contents.size(), future); };
+        QCOMPARE(std::get<QByteArray>(await(read)), contents);
+        const auto readLess = [&] { return store->read(name, contents.size() - 1, future); };
+        QCOMPARE(codeOf(*errorOf(await(readLess))), EngineErrorCode::BlobRefused);
+        const auto remove = [&] { return store->remove(name, future); };
+        QCOMPARE(await(remove), std::nullopt);
+        QCOMPARE(await(remove), std::nullopt);
+        QCOMPARE(codeOf(*errorOf(await(read))), EngineErrorCode::BlobMissing);
+        QCOMPARE(std::get<QStringList>(await(list)), QStringList());
+    }
+
+    void severalThreadsMayUseOneStore() {
+        pair();
+        const std::shared_ptr<BlobStore> store = newStore();
+        const EngineFuture future;
+        std::atomic<int> written = 0;
+        const auto writeTwenty = [&](int writer) {
+            for (int i = 0; i < 20; ++i) {
+                const QString name = QStringLiteral("transactions/@inbox/%1-%2").arg(writer).arg(i);
+                written += errorOf(store->writeIfAbsent(name, "x", future)) ? 0 : 1;
+            }
+        };
+        std::vector<std::unique_ptr<QThread>> threads;
+        for (int writer = 0; writer < 4; ++writer) {
+            threads.emplace_back(QThread::create([&, writer] { writeTwenty(writer); }));
+            threads.back()->start();
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(
+            std::all_of(threads.begin(), threads.end(),
+                        [](const auto &thread) { return thread->isFinished(); }),
+            Patience);
+        QCOMPARE(written, 80);
+    }
+
+    void anIdleConnectionThatTheServerHasEndedIsMadeAgain() {
+        pair();
+        const std::shared_ptr<BlobStore> store = newStore();
+        QCOMPARE(open(store), std::nullopt);
+        server().stopServing();
+        server().startServing();
+        const auto list = [&] { return store->list(QStringLiteral("databases"), EngineFuture()); };
+        QCOMPARE(std::get<QStringList>(await(list)), QStringList(QStringLiteral("@inbox.json")));
+    }
+
+    void aServerThatIsNotThereIsUnreachable() {
+        server().stopServing();
+        const std::optional<Error> error = open(newStore());
+        QCOMPARE(codeOf(error), EngineErrorCode::StoreUnreachable);
+        QVERIFY(error->localizedDescription.contains(QStringLiteral("127.0.0.1")));
+        m_location->setURL(Url::fromString(QStringLiteral("velmora://no-such-host.invalid:1")));
+        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::StoreUnreachable);
+    }
+
+    void aServerThatSpeaksSomethingElseIsUnreachable() {
+        server().stopServing();
+        QTcpServer other;
+        QVERIFY(other.listen(QHostAddress::LocalHost, m_port));
+        connect(&other, &QTcpServer::newConnection, &other, [&] {
+            QTcpSocket *socket = other.nextPendingConnection();
+            socket->write("HTTP/1.1 400 Bad Request\r\n\r\n");
+            socket->disconnectFromHost();
+        });
+        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::StoreUnreachable);
+    }
+
+    void cancellingEndsWaitingForAServerThatDoesNotAnswer() {
+        server().stopServing();
+        QTcpServer silent;
+        QVERIFY(silent.listen(QHostAddress::LocalHost, m_port));
+        std::atomic<bool> isDone = false;
+        std::optional<Error> result;
+        const std::shared_ptr<PZFuture> future =
+            newStore()->openWithCompletionHandler([&](const std::optional<Error> &error) {
+                result = error;
+                isDone = true;
+            });
+        QTRY_VERIFY_WITH_TIMEOUT(silent.hasPendingConnections(), Patience);
+        future->cancel();
+        QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
+        QCOMPARE(codeOf(result), EngineErrorCode::Cancelled);
+    }
+};
+
+VELMORA_TEST(DirectConnectionStoreTest)
+#include "DirectConnectionStoreTest.moc"

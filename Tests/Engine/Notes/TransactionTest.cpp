@@ -1,0 +1,171 @@
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/Transaction.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+const QString NoteUUID = QStringLiteral("0f7e2f2c-9d1b-4a53-9c6e-0d9f6f3f8a11");
+
+Operation sample() {
+    return Operation::make(NoteUUID, QStringLiteral("Zoë’s"), QStringLiteral("Line\n\"𝄞\"\\"),
+                           1700000000000, {QByteArray(16, '\2'), QByteArray(16, '\1')});
+}
+
+Transaction decoded(const QByteArray &record) {
+    const Result<Transaction> result = Transaction::decoded(record, QStringLiteral("NAME"));
+    if (const Error *error = errorOf(result)) {
+        throw std::runtime_error(error->localizedDescription.toStdString());
+    }
+    return std::get<Transaction>(result);
+}
+
+}  // namespace
+
+class TransactionTest : public QObject {
+    Q_OBJECT
+private:
+    /// The record of `operation`, with "id" as it then has to be.
+    static QByteArray record(Operation operation) {
+        operation.id = operation.reckonedId();
+        return Transaction{{operation}, {}}.encoded();
+    }
+
+private Q_SLOTS:
+    void comesBackAsItWas() {
+        Operation bare = Operation::make({}, QStringLiteral("Name"), {}, {}, {});
+        const Transaction transaction{{sample(), bare}, {QByteArray(16, '\xff')}};
+        const Transaction again = decoded(transaction.encoded());
+        QCOMPARE(again.operations, transaction.operations);
+        QCOMPARE(again.superseded, transaction.superseded);
+        QCOMPARE(again.allSuperseded().size(), 3);
+    }
+
+    void identifiersAreReckonedAsTheFormatSays() {
+        const Operation operation{{},
+                                  NoteUUID,
+                                  QStringLiteral("Tä"),
+                                  QStringLiteral("x\ny"),
+                                  -5,
+                                  {QByteArray(16, '\1'), QByteArray(16, '\2')},
+                                  QByteArray(16, '\xab')};
+        const QByteArray bytes = NoteUUID.toLatin1() + '\n' + QByteArray(16, '\xab').toHex() +
+                                 "\n-5\n" + QByteArray(16, '\1').toHex() + ',' +
+                                 QByteArray(16, '\2').toHex() + "\n3\nT\xc3\xa4x\ny";
+        QCOMPARE(operation.reckonedId(),
+                 QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).first(16));
+    }
+
+    void doingTheSameTwiceIsTwoOperations() {
+        const auto make = [] { return Operation::make(NoteUUID, {}, {}, {}, {}); };
+        QVERIFY(make().id != make().id);
+    }
+
+    void whatIsMissingIsEmpty() {
+        QVERIFY(decoded("{\"version\":1}").isEmpty());
+        QVERIFY(decoded("{\"version\":1,\"added later\":[[]]}").isEmpty());
+    }
+
+    void aNewerVersionIsNotDamaged() {
+        for (const char *text : {"{\"version\":2}", "{\"version\":9007199254740993}"}) {
+            const auto result = Transaction::decoded(text, QStringLiteral("NAME"));
+            QCOMPARE(errorOf(result)->code, static_cast<int>(EngineErrorCode::UnknownVersion));
+            QVERIFY(errorOf(result)->localizedDescription.contains(QStringLiteral("“NAME”")));
+        }
+    }
+
+    void isRefusedAsAWholeWhereAnythingIsWrong_data() {
+        QTest::addColumn<QByteArray>("contents");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("no JSON") << QByteArray("{\"version\":1");
+        QTest::newRow("an array") << QByteArray("[]");
+        QTest::newRow("deep") << "{\"version\":1,\"x\":" + QByteArray(100000, '[') +
+                                     QByteArray(100000, ']') + '}';
+        QTest::newRow("no version") << QByteArray("{}");
+        QTest::newRow("version 0") << QByteArray("{\"version\":0}");
+        QTest::newRow("a text as version") << QByteArray("{\"version\":\"1\"}");
+        QTest::newRow("operations no list") << QByteArray("{\"version\":1,\"operations\":{}}");
+        QTest::newRow("an operation no object") << QByteArray("{\"version\":1,\"operations\":[1]}");
+        QTest::newRow("identifier too short")
+            << QByteArray("{\"version\":1,\"superseded\":[\"00\"]}");
+        QTest::newRow("identifier in capitals")
+            << "{\"version\":1,\"superseded\":[\"" + QByteArray(32, 'A') + "\"]}";
+        QTest::newRow("identifier not hexadecimal")
+            << "{\"version\":1,\"superseded\":[\"" + QByteArray(32, 'x') + "\"]}";
+        QTest::newRow("identifier a number") << QByteArray("{\"version\":1,\"superseded\":[1]}");
+        const QByteArray good = record(sample());
+        QTest::newRow("another text") << QByteArray(good).replace("Line", "Lime");
+        QTest::newRow("a null title") << QByteArray(good).replace("\"Zoë’s\"", "null");
+        QTest::newRow("a text as date")
+            << QByteArray(good).replace("1700000000000", "\"1700000000000\"");
+        QTest::newRow("half a millisecond")
+            << QByteArray(good).replace("1700000000000", "1700000000000.5");
+        Operation operation = sample();
+        operation.note = QStringLiteral("../../profile");
+        QTest::newRow("a path as note") << record(operation);
+        operation.note = NoteUUID.toUpper();
+        QTest::newRow("a note in capitals") << record(operation);
+        operation = sample();
+        operation.modified = 253402300800000;
+        QTest::newRow("the year 10000") << record(operation);
+        operation.modified = std::numeric_limits<qint64>::min();
+        QTest::newRow("before the year 1") << record(operation);
+        operation = sample();
+        std::reverse(operation.supersedes.begin(), operation.supersedes.end());
+        QTest::newRow("supersedes in disorder") << record(operation);
+        operation.supersedes = {QByteArray(16, '\1'), QByteArray(16, '\1')};
+        QTest::newRow("supersedes twice") << record(operation);
+        operation.supersedes.clear();
+        for (int i = 0; i <= Operation::SupersedesLimit; ++i) {
+            operation.supersedes.append(QByteArray(12, '\0') +
+                                        QByteArray::number(i + 1000000).right(4).rightJustified(4));
+        }
+        std::sort(operation.supersedes.begin(), operation.supersedes.end());
+        QTest::newRow("supersedes too many") << record(operation);
+        operation = sample();
+        operation.text = QString(Operation::NoteLimit, u'x');
+        QTest::newRow("too long a note") << record(operation);
+        operation = sample();
+        operation.note.clear();
+        operation.text.clear();
+        operation.title = QStringLiteral(" ");
+        QTest::newRow("a blank name") << record(operation);
+        operation.title = QString(Operation::NameLimit + 1, u'x');
+        QTest::newRow("too long a name") << record(operation);
+        QTest::newRow("half a character")
+            << "{\"version\":1,\"operations\":[" +
+                   QByteArray(good).replace("Line", "\\ud800").mid(good.indexOf('[') + 1);
+    }
+    void isRefusedAsAWholeWhereAnythingIsWrong() {
+        QFETCH(QByteArray, contents);
+        const auto result = Transaction::decoded(contents, QStringLiteral("NAME"));
+        const Error *error = errorOf(result);
+        QVERIFY(error);
+        QCOMPARE(error->code, static_cast<int>(EngineErrorCode::DamagedRecord));
+        QVERIFY(error->localizedDescription.contains(QStringLiteral("“NAME”")));
+    }
+
+    void theLongestNoteFitsARecord() {
+        const Operation operation =
+            Operation::make(NoteUUID, {}, QString(Operation::NoteLimit, QChar(1)), {}, {});
+        const QByteArray contents = Transaction{{operation}, {}}.encoded();
+        QVERIFY(contents.size() < Transaction::SizeLimit - 8 * Transaction::UsualSize);
+        QCOMPARE(decoded(contents).operations.size(), 1);
+    }
+
+    void theLaterOneComesFirstAndThenTheGreaterIdentifier() {
+        Operation older = sample();
+        Operation newer = sample();
+        newer.modified = *older.modified + 1;
+        Operation undated = sample();
+        undated.modified.reset();
+        QVERIFY(newer.comesBefore(older) && !older.comesBefore(newer));
+        QVERIFY(older.comesBefore(undated) && !undated.comesBefore(older));
+        older.id = QByteArray(16, '\x7f');
+        newer = older;
+        newer.id = QByteArray(16, '\x80');
+        QVERIFY(newer.comesBefore(older) && !older.comesBefore(newer));
+    }
+};
+
+VELMORA_TEST(TransactionTest)
+#include "TransactionTest.moc"

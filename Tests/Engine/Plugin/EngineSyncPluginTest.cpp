@@ -1,0 +1,143 @@
+#include "Engine/Stores/Folder/MountedVolumes.h"
+#include "Host/QVDailySchedule.h"
+#include "Host/QVDirectConnectionServer.h"
+#include "Host/QVHourlySchedule.h"
+#include "Host/QVSyncDispatcher.h"
+#include "Host/QVWeeklySchedule.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+Url folder(const char *path) {
+    return Url::fileURL(QString::fromUtf8(path));
+}
+
+bool contain(const char *path) {
+    static const QStringList mountPoints{QStringLiteral("/"),
+                                         QStringLiteral("/run"),
+                                         QStringLiteral("/home"),
+                                         QStringLiteral("/media/ida/Stick"),
+                                         QStringLiteral("/run/media/ida/Disk"),
+                                         QStringLiteral("/mnt/nas")};
+    return MountedVolumes::contain(QString::fromUtf8(path), [] { return mountPoints; });
+}
+
+}  // namespace
+
+class EngineSyncPluginTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void isOneObjectWithOneOfEachPart() {
+        TestHost host;
+        QVERIFY(QVSyncPlugin::isAvailable());
+        QVSyncPlugin *plugin = QVSyncPlugin::plugin();
+        QCOMPARE(plugin, &host.engine().plugin());
+        QCOMPARE(QVSyncPlugin::plugin(), plugin);
+        QVERIFY(plugin->locationsController());
+        QCOMPARE(plugin->locationsController(), plugin->locationsController());
+        QVERIFY(plugin->dispatcher());
+        QCOMPARE(plugin->dispatcher(), plugin->dispatcher());
+        QVERIFY(plugin->server());
+        QCOMPARE(plugin->server(), plugin->server());
+    }
+
+    void keepsGrantsInTheOrderInWhichTheyWereGiven() {
+        TestHost host;
+        QVSyncPlugin *plugin = QVSyncPlugin::plugin();
+        QVERIFY(plugin->bookmarkDictionaryKeys().isEmpty());
+        plugin->bookmarkURL(folder("/b"));
+        plugin->bookmarkURL(folder("/a b"));
+        plugin->bookmarkURL(folder("/b/"));
+        plugin->bookmarkURL(Url());
+        plugin->bookmarkURL(Url::fromString(QStringLiteral("https://host.example/x")));
+        const QStringList granted{QStringLiteral("/b"), QStringLiteral("/a b")};
+        QCOMPARE(plugin->bookmarkDictionaryKeys(), granted);
+        host.restart();
+        plugin = QVSyncPlugin::plugin();
+        QCOMPARE(plugin->bookmarkDictionaryKeys(), granted);
+        plugin->removeBookmarkForURL(folder("/none"));
+        plugin->removeBookmarkForURL(Url());
+        plugin->removeBookmarkForURL(folder("/b"));
+        QCOMPARE(plugin->bookmarkDictionaryKeys(), QStringList(QStringLiteral("/a b")));
+        plugin->bookmarkURL(folder("/b"));
+        QCOMPARE(plugin->bookmarkDictionaryKeys(),
+                 QStringList({QStringLiteral("/a b"), QStringLiteral("/b")}));
+    }
+
+    void sandboxedAccessIsASettingOfTheProfile() {
+        TestHost host;
+        QVERIFY(!QVSyncPlugin::plugin()->usesSandboxedAccess());
+        QCOMPARE(host.engine().plugin().setUsesSandboxedAccess(true), std::nullopt);
+        host.restart();
+        QVERIFY(QVSyncPlugin::plugin()->usesSandboxedAccess());
+        QCOMPARE(host.engine().plugin().setUsesSandboxedAccess(false), std::nullopt);
+        QVERIFY(!QVSyncPlugin::plugin()->usesSandboxedAccess());
+    }
+
+    void aPathOnTheSystemsOwnVolumesIsMounted() {
+        QVERIFY(contain("/"));
+        QVERIFY(contain("/home/ida/a.qvSyncStore"));
+        QVERIFY(contain("/home/nobody/not/there.qvSyncStore"));
+        QVERIFY(contain("/media"));
+        QVERIFY(contain("/mediathek/a.qvSyncStore"));
+        QVERIFY(contain(""));
+    }
+
+    void aPathOnARemovableVolumeIsMountedWhileTheVolumeIs() {
+        QVERIFY(contain("/media/ida/Stick"));
+        QVERIFY(contain("/media/ida/Stick/deep/a.qvSyncStore"));
+        QVERIFY(contain("/run/media/ida/Disk/a.qvSyncStore/"));
+        QVERIFY(contain("/mnt/nas/../nas/a.qvSyncStore"));
+        QVERIFY(!contain("/media/ida/Other/a.qvSyncStore"));
+        QVERIFY(!contain("/media/ida/Stick 2/a.qvSyncStore"));
+        QVERIFY(!contain("/media/ida"));
+        QVERIFY(!contain("/run/media/ida/Gone"));
+        QVERIFY(!contain("/mnt/data/a.qvSyncStore"));
+        QVERIFY(!contain("/home/../mnt/data"));
+    }
+
+    void aVolumeMountedOnTheWholeFolderHoldsAllBelow() {
+        QVERIFY(MountedVolumes::contain(QStringLiteral("/mnt/a"), [] {
+            return QStringList{QStringLiteral("/"), QStringLiteral("/mnt")};
+        }));
+    }
+
+    void asksTheSystemWhatIsMounted() {
+        TestHost host;
+        const QVSyncPlugin *plugin = QVSyncPlugin::plugin();
+        QVERIFY(MountedVolumes::mountPoints().contains(QStringLiteral("/")));
+        QVERIFY(plugin->isVolumeMountedAtPath(host.directory()));
+        QVERIFY(!plugin->isVolumeMountedAtPath(
+            QStringLiteral("/media/nobody/No Such Volume/a.qvSyncStore")));
+    }
+
+    void theClassesMakeSchedulesWithTheirDefaults() {
+        TestHost host;
+        QVERIFY(!QVSyncSchedule::newSchedule()->isHourly());
+        const auto &hourly =
+            requiredHostClass<QVHourlySchedule::Class>(QStringLiteral("QVHourlySchedule"));
+        QCOMPARE(hourly.newHourlySchedule()->hourlyOffset(), 0U);
+        QCOMPARE(hourly.initWithHourlyOffset(75)->hourlyOffset(), 15U);
+        const auto &daily =
+            requiredHostClass<QVDailySchedule::Class>(QStringLiteral("QVDailySchedule"));
+        QCOMPARE(daily.initWithHourAndMinute({})->hourAndMinute(), (HourAndMinute{9, 0}));
+        const auto &weekly =
+            requiredHostClass<QVWeeklySchedule::Class>(QStringLiteral("QVWeeklySchedule"));
+        QCOMPARE(weekly.initWithHourAndMinute(HourAndMinute{14, 37}, 62)->hourAndMinute(),
+                 (HourAndMinute{14, 37}));
+        QCOMPARE(weekly.initWithHourAndMinute({}, 62)->daysOfWeek(), 62U);
+    }
+
+    void theServersClassNamesDirectConnections() {
+        TestHost host;
+        QCOMPARE(QVDirectConnectionServer::URLScheme(), QStringLiteral("velmora"));
+        QCOMPARE(QVDirectConnectionServer::defaultPort(), 8442);
+        QCOMPARE(QVDirectConnectionServer::bonjourServiceType(), QStringLiteral("_velmora._tcp"));
+        QCOMPARE(QVDirectConnectionClientAuthorizationServiceName(),
+                 QStringLiteral("Velmora Direct Connection Clients"));
+    }
+};
+
+VELMORA_TEST(EngineSyncPluginTest)
+#include "EngineSyncPluginTest.moc"

@@ -1,0 +1,336 @@
+#include <grp.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlQuery>
+
+#include "Engine/Notes/NoteLog.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileInspection.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+constexpr uid_t Nobody = 65534;
+
+/// Every file below `directory` with its contents, to prove that none was touched.
+QMap<QString, QByteArray> contentsOf(const QString &directory) {
+    QMap<QString, QByteArray> contents;
+    QDirIterator entries(directory, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                         QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        QFile file(entries.next());
+        const bool isFile = entries.fileInfo().isFile() && file.open(QIODevice::ReadOnly);
+        contents.insert(file.fileName(), isFile ? file.readAll() : QByteArray("folder"));
+    }
+    return contents;
+}
+
+void writeFile(const QString &path, const QByteArray &contents) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(contents), contents.size());
+}
+
+void execute(const QString &path, const QString &statement) {
+    {
+        QSqlDatabase database =
+            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("test"));
+        database.setDatabaseName(path);
+        QVERIFY(database.open());
+        QVERIFY(QSqlQuery(database).exec(statement));
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("test"));
+}
+
+QString descriptionOfOpening(const QString &directory) {
+    ProfileDatabase profile;
+    const std::optional<Error> error =
+        profile.open(directory, [&] { return writeFirstContents(profile, FirstContents::Inbox); });
+    return error ? error->localizedDescription : QString();
+}
+
+/// The same in a process that file modes bind, which they do not for root.
+QString descriptionOfOpeningUnprivileged(const QString &directory) {
+    int ends[2];
+    if (pipe(ends) != 0) {
+        return QStringLiteral("no pipe");
+    }
+    const pid_t child = fork();
+    if (child == 0) {
+        const bool isBound = geteuid() != 0 || (setgroups(0, nullptr) == 0 &&
+                                                setresgid(Nobody, Nobody, Nobody) == 0 &&
+                                                setresuid(Nobody, Nobody, Nobody) == 0);
+        const QByteArray text =
+            isBound ? descriptionOfOpening(directory).toUtf8() : QByteArray("still root");
+        const bool isWritten = ::write(ends[1], text.constData(), text.size()) == text.size();
+        _exit(isWritten ? 0 : 1);
+    }
+    close(ends[1]);
+    QFile answer;
+    const bool isOpen = answer.open(ends[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+    const QString text = isOpen ? QString::fromUtf8(answer.readAll()) : QString();
+    waitpid(child, nullptr, 0);
+    return text;
+}
+
+}  // namespace
+
+class ProfileDatabaseTest : public QObject {
+    Q_OBJECT
+private:
+    std::unique_ptr<QTemporaryDir> m_directory;
+
+    QString folder() const { return m_directory->filePath(QStringLiteral("Profile")); }
+    QString file() const { return folder() + QStringLiteral("/profile.sqlite"); }
+    /// Refusing must say `words` and where, and touch nothing.
+    void verifyRefused(const QString &words, const QString &where) const {
+        const QMap<QString, QByteArray> before = contentsOf(m_directory->path());
+        const QString description = descriptionOfOpening(folder());
+        QVERIFY2(description.contains(words), qPrintable(description));
+        QVERIFY2(description.contains(where), qPrintable(description));
+        QCOMPARE(contentsOf(m_directory->path()), before);
+    }
+
+private Q_SLOTS:
+    void init() { m_directory = std::make_unique<QTemporaryDir>(); }
+
+    void makesTheFolderAndTheFoldersAboveIt() {
+        const QString deep = m_directory->filePath(QStringLiteral("a/b/Profile"));
+        QCOMPARE(descriptionOfOpening(deep), QString());
+        QVERIFY(QFileInfo(deep + QStringLiteral("/profile.sqlite")).isFile());
+    }
+
+    void takesAnEmptyFolder() {
+        QVERIFY(QDir().mkdir(folder()));
+        QCOMPARE(descriptionOfOpening(folder()), QString());
+    }
+
+    void finishesAnInterruptedFirstStart() {
+        QVERIFY(QDir().mkdir(folder()));
+        writeFile(file(), {});
+        QVERIFY(QDir(folder()).mkpath(QStringLiteral("Sync Stores")));
+        QCOMPARE(descriptionOfOpening(folder()), QString());
+        ProfileDatabase profile;
+        QCOMPARE(profile.open(folder(), [] { return std::nullopt; }), std::nullopt);
+        QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM databases")), 1);
+    }
+
+    void keepsToTheDisk() {
+        ProfileDatabase profile;
+        QCOMPARE(profile.open(folder(), [] { return std::nullopt; }), std::nullopt);
+        QCOMPARE(profile.value(QStringLiteral("PRAGMA journal_mode")), QStringLiteral("wal"));
+        QCOMPARE(profile.value(QStringLiteral("PRAGMA synchronous")), 2);
+        QCOMPARE(profile.value(QStringLiteral("PRAGMA foreign_keys")), 1);
+    }
+
+    void leavesNothingOfAFirstStartThatFails() {
+        const Error error{QStringLiteral("test"), 1, QStringLiteral("no"), {}};
+        ProfileDatabase profile;
+        QCOMPARE(profile.open(folder(), [&] { return error; }), error);
+        QVERIFY(!QFileInfo::exists(folder()));
+        QVERIFY(QDir().mkdir(folder()));
+        ProfileDatabase second;
+        QCOMPARE(second.open(folder(), [&] { return error; }), error);
+        QVERIFY(QDir(folder()).isEmpty());
+    }
+
+    void refusesAFileInPlaceOfTheFolder() {
+        writeFile(folder(), "something");
+        verifyRefused(QStringLiteral("is not a folder"), folder());
+    }
+
+    void refusesAFolderThatHoldsOtherThings() {
+        QVERIFY(QDir().mkdir(folder()));
+        writeFile(folder() + QStringLiteral("/letter.txt"), "Dear Ida");
+        verifyRefused(QStringLiteral("holds other things"), folder());
+    }
+
+    void refusesAFolderThatCannotBeMade() {
+        writeFile(m_directory->filePath(QStringLiteral("file")), "x");
+        const QString impossible = m_directory->filePath(QStringLiteral("file/Profile"));
+        QVERIFY(descriptionOfOpening(impossible).contains(QStringLiteral("cannot be made")));
+        QVERIFY(descriptionOfOpening(impossible).contains(impossible));
+    }
+
+    void refusesAFolderInPlaceOfTheFile() {
+        QVERIFY(QDir().mkpath(file()));
+        verifyRefused(QStringLiteral("is not a file"), file());
+    }
+
+    void refusesAFileThatIsNoDatabase() {
+        QVERIFY(QDir().mkdir(folder()));
+        writeFile(file(), QByteArray(10000, 'x'));
+        verifyRefused(QStringLiteral("is damaged"), file());
+    }
+
+    void refusesADatabaseOfWhichAPageIsDamaged() {
+        QCOMPARE(descriptionOfOpening(folder()), QString());
+        QFile database(file());
+        QVERIFY(database.open(QIODevice::ReadWrite));
+        for (qint64 page = 4096; page < database.size(); page += 4096) {
+            database.seek(page);
+            database.write(QByteArray(64, '\xff'));
+        }
+        database.close();
+        verifyRefused(QStringLiteral("is damaged"), file());
+    }
+
+    void refusesADatabaseCutShort() {
+        QCOMPARE(descriptionOfOpening(folder()), QString());
+        QVERIFY(QFile::resize(file(), QFileInfo(file()).size() / 2));
+        verifyRefused(QStringLiteral("is damaged"), file());
+    }
+
+    void refusesANewerVersion() {
+        QCOMPARE(descriptionOfOpening(folder()), QString());
+        execute(
+            file(),
+            QStringLiteral("PRAGMA user_version = %1").arg(ProfileInspection::SchemaVersion + 1));
+        verifyRefused(QStringLiteral("newer version"), file());
+    }
+
+    void bringsTheNotesOfTheFirstVersionAlong() {
+        QVERIFY(QDir().mkdir(folder()));
+        const QString UUID = QStringLiteral("11111111-1111-4111-8111-111111111111");
+        for (const QString &statement :
+             {QStringLiteral(
+                  "CREATE TABLE settings (key TEXT PRIMARY KEY NOT NULL, value NOT NULL)"),
+              QStringLiteral("CREATE TABLE databases (id INTEGER PRIMARY KEY AUTOINCREMENT, uuid"
+                             " TEXT NOT NULL UNIQUE, name TEXT NOT NULL, is_inbox INTEGER NOT NULL"
+                             " DEFAULT 0, is_open INTEGER NOT NULL DEFAULT 1)"),
+              QStringLiteral(
+                  "CREATE UNIQUE INDEX one_inbox ON databases (is_inbox) WHERE is_inbox"),
+              QStringLiteral(
+                  "CREATE TABLE notes (id INTEGER PRIMARY KEY AUTOINCREMENT,"
+                  " database_uuid TEXT NOT NULL REFERENCES databases (uuid) ON DELETE"
+                  " CASCADE, uuid TEXT NOT NULL, title TEXT NOT NULL, text TEXT NOT NULL,"
+                  " modified INTEGER, UNIQUE (database_uuid, uuid))"),
+              QStringLiteral(
+                  "INSERT INTO databases (uuid, name, is_inbox) VALUES ('i', 'Inbox', 1)"),
+              QStringLiteral("INSERT INTO databases (uuid, name) VALUES ('%1', 'Plans')").arg(UUID),
+              QStringLiteral("INSERT INTO notes (database_uuid, uuid, title, text, modified)"
+                             " VALUES ('%1', '%1', 'Title', 'Text', 5)")
+                  .arg(UUID),
+              QStringLiteral("PRAGMA application_id = %1").arg(ProfileInspection::ApplicationId),
+              QStringLiteral("PRAGMA user_version = 1")}) {
+            execute(file(), statement);
+        }
+        for (int time = 0; time < 2; ++time) {
+            ProfileDatabase profile;
+            const auto error = profile.open(folder(), [] { return std::nullopt; });
+            QVERIFY2(!error, qPrintable(error.value_or(Error()).localizedDescription));
+            const NoteLog log(profile, UUID);
+            QCOMPARE(log.name(), QStringLiteral("Plans"));
+            const QList<Note> notes = log.notes();
+            QCOMPARE(notes.size(), 1);
+            QCOMPARE(notes.first().UUID, UUID);
+            QCOMPARE(notes.first().text, QStringLiteral("Text"));
+            QCOMPARE(notes.first().modified, QDateTime::fromMSecsSinceEpoch(5));
+            QCOMPARE(profile.value(QStringLiteral("PRAGMA user_version")),
+                     ProfileInspection::SchemaVersion);
+        }
+    }
+
+    void refusesANewerVersionThatOnlyTheLogTellsOf() {
+        {
+            ProfileDatabase profile;
+            QCOMPARE(profile.open(folder(), [] { return std::nullopt; }), std::nullopt);
+            QCOMPARE(profile.run(QStringLiteral("PRAGMA wal_checkpoint")), std::nullopt);
+            QCOMPARE(profile.run(QStringLiteral("PRAGMA user_version = 99")), std::nullopt);
+            // As a killed process leaves the files.
+            QVERIFY(QDir().mkdir(m_directory->filePath(QStringLiteral("copy"))));
+            for (const QString &name : QDir(folder()).entryList(QDir::Files)) {
+                QVERIFY(QFile::copy(folder() + u'/' + name,
+                                    m_directory->filePath(QStringLiteral("copy/") + name)));
+            }
+        }
+        QVERIFY(QDir(folder()).removeRecursively());
+        QVERIFY(QDir().rename(m_directory->filePath(QStringLiteral("copy")), folder()));
+        const QByteArray log = contentsOf(folder()).value(file() + QStringLiteral("-wal"));
+        QVERIFY(!log.isEmpty());
+        const QByteArray database = contentsOf(folder()).value(file());
+        QVERIFY(descriptionOfOpening(folder()).contains(QStringLiteral("newer version")));
+        QCOMPARE(contentsOf(folder()).value(file()), database);
+        QCOMPARE(contentsOf(folder()).value(file() + QStringLiteral("-wal")), log);
+    }
+
+    void refusesADatabaseOfAnotherProgram() {
+        QVERIFY(QDir().mkdir(folder()));
+        execute(file(), QStringLiteral("CREATE TABLE something (a)"));
+        verifyRefused(QStringLiteral("another program"), file());
+    }
+
+    void refusesAReadOnlyFile() {
+        QCOMPARE(descriptionOfOpening(folder()), QString());
+        makeUnwritable(file(), QFileDevice::Permissions(0x4444));
+        verifyRefusedUnprivileged(QStringLiteral("is read-only"), file());
+    }
+
+    void refusesAReadOnlyFolder() {
+        QCOMPARE(descriptionOfOpening(folder()), QString());
+        QFile(file()).setPermissions(QFileDevice::Permissions(0x6666));
+        makeUnwritable(folder(), QFileDevice::Permissions(0x5555));
+        verifyRefusedUnprivileged(QStringLiteral("is read-only"), folder());
+    }
+
+    void refusesAnEmptyReadOnlyFolder() {
+        QVERIFY(QDir().mkdir(folder()));
+        makeUnwritable(folder(), QFileDevice::Permissions(0x5555));
+        verifyRefusedUnprivileged(QStringLiteral("is read-only"), folder());
+    }
+
+    void refusesAFileThatMayNotBeRead() {
+        QCOMPARE(descriptionOfOpening(folder()), QString());
+        makeUnwritable(file(), {});
+        verifyRefusedUnprivileged(QStringLiteral("may not be read"), file());
+    }
+
+    void refusesAFolderWhoseParentIsReadOnly() {
+        makeUnwritable(m_directory->path(), QFileDevice::Permissions(0x5555));
+        verifyRefusedUnprivileged(QStringLiteral("cannot be made"), folder());
+    }
+
+    void writesAllOrNothing() {
+        ProfileDatabase profile;
+        QCOMPARE(profile.open(folder(), [] { return std::nullopt; }), std::nullopt);
+        const QString insert = QStringLiteral("INSERT INTO grants (path) VALUES (?)");
+        const std::optional<Error> error = profile.write([&]() -> std::optional<Error> {
+            profile.run(insert, {QStringLiteral("/a")});
+            return profile.run(QStringLiteral("INSERT INTO nowhere VALUES (1)"));
+        });
+        QVERIFY(error && error->localizedDescription.contains(file()));
+        QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM grants")), 0);
+        QCOMPARE(profile.write([&] { return profile.run(insert, {QStringLiteral("/b")}); }),
+                 std::nullopt);
+        QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM grants")), 1);
+    }
+
+    void cleanup() {
+        QFile(m_directory->path()).setPermissions(QFileDevice::Permissions(0x7777));
+        QFile(folder()).setPermissions(QFileDevice::Permissions(0x7777));
+    }
+
+private:
+    /// Lets everyone reach the profile, and gives `path` these permissions.
+    void makeUnwritable(const QString &path, QFileDevice::Permissions permissions) const {
+        QVERIFY(QFile(m_directory->path()).setPermissions(QFileDevice::Permissions(0x7777)));
+        if (QFileInfo::exists(folder())) {
+            QVERIFY(QFile(folder()).setPermissions(QFileDevice::Permissions(0x7777)));
+        }
+        QVERIFY(QFile(path).setPermissions(permissions));
+    }
+
+    void verifyRefusedUnprivileged(const QString &words, const QString &where) const {
+        const QMap<QString, QByteArray> before = contentsOf(m_directory->path());
+        const QString description = descriptionOfOpeningUnprivileged(folder());
+        QVERIFY2(description.contains(words), qPrintable(description));
+        QVERIFY2(description.contains(where), qPrintable(description));
+        QCOMPARE(contentsOf(m_directory->path()), before);
+    }
+};
+
+VELMORA_TEST(ProfileDatabaseTest)
+#include "ProfileDatabaseTest.moc"

@@ -1,0 +1,537 @@
+#include "Engine/Stores/Dropbox/DropboxStore.h"
+
+#include <future>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/EngineFuture.h"
+#include "Host/QVDropboxSessionManager.h"
+#include "Platform/Foundation/UserDefaults.h"
+#include "Support/DropboxBrowser.h"
+#include "Support/DropboxServer.h"
+#include "Support/SecretService.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+using Written = BlobStore::Written;
+
+const QString Package = QStringLiteral("/Velmora.qvSyncStore/");
+const QString DropboxBlob = QStringLiteral("transactions/11111111-1111-4111-8111-111111111111/1-a");
+constexpr qint64 DropboxLimit = 1000;
+
+const QString ListPath = QStringLiteral("/2/files/list_folder");
+const QString ContinuePath = QStringLiteral("/2/files/list_folder/continue");
+const QString DeletePath = QStringLiteral("/2/files/delete_v2");
+const QString DownloadPath = QStringLiteral("/content/2/files/download");
+const QString UploadPath = QStringLiteral("/content/2/files/upload");
+
+template <class Value>
+std::optional<Error> errorIn(const Result<Value> &result) {
+    const Error *error = errorOf(result);
+    return error ? std::optional(*error) : std::nullopt;
+}
+
+EngineErrorCode code(const std::optional<Error> &error) {
+    return error ? static_cast<EngineErrorCode>(error->code) : EngineErrorCode();
+}
+
+QString text(const std::optional<Error> &error) {
+    return error ? error->localizedDescription : QString();
+}
+
+QByteArray pathFailure(const char *tag) {
+    return QByteArray(R"({"error":{".tag":"path","path":{".tag":")") + tag + "\"}}}";
+}
+
+}  // namespace
+
+/// A store in an account that was signed in to, over a real HTTP server and with a real keyring.
+class DropboxStoreTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<SecretService> m_secrets;
+    int m_tests = 0;
+    std::unique_ptr<TestHost> m_host;
+    std::unique_ptr<DropboxServer> m_server;
+    std::shared_ptr<BlobStore> m_store;
+    EngineFuture m_future;
+
+    void signIn() {
+        const DropboxBrowser browser;
+        const auto session =
+            requiredHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"))
+                .sessionWithURL(Url());
+        QString account;
+        session->authorizeWithFuture(
+            PZFuture::future(),
+            [&](const std::shared_ptr<PZDropboxAccountInfo> &info, const std::optional<Error> &) {
+                account = info ? info->email() : QStringLiteral("nobody");
+            });
+        QTRY_COMPARE(account, m_server->email());
+    }
+    std::shared_ptr<BlobStore> newStore() {
+        const Url URL = Url::fromString(QStringLiteral("dropbox://") + m_server->email());
+        return std::make_shared<EngineSyncLocation>(URL)->createBlobStore();
+    }
+    std::shared_ptr<BlobStore> impatientStore() {
+        const Url URL = Url::fromString(QStringLiteral("dropbox://") + m_server->email());
+        return std::make_shared<DropboxStore>(
+            std::make_shared<EngineSyncLocation>(URL),
+            HttpClient::Timeouts{.idle = std::chrono::milliseconds(100)});
+    }
+    Result<QByteArray> read(const QString &name = DropboxBlob) {
+        return m_store->read(name, DropboxLimit, m_future);
+    }
+    Result<Written> write(const QString &name, const QByteArray &contents) {
+        return m_store->writeIfAbsent(name, contents, m_future);
+    }
+    Result<QStringList> list(const QString &folder) { return m_store->list(folder, m_future); }
+    /// What an operation that needs the route at `path` ends with.
+    std::optional<Error> errorAt(BlobStore &store, const QString &path) {
+        if (path == UploadPath) {
+            return errorIn(store.writeIfAbsent(DropboxBlob, "x", m_future));
+        }
+        if (path == DownloadPath) {
+            return errorIn(store.read(DropboxBlob, DropboxLimit, m_future));
+        }
+        return path == DeletePath ? store.remove(DropboxBlob, m_future)
+                                  : errorIn(store.list(QStringLiteral("databases"), m_future));
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_secrets = std::make_unique<SecretService>(); }
+    void cleanupTestCase() { m_secrets.reset(); }
+
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        m_server = std::make_unique<DropboxServer>();
+        // An account of each test's own.
+        m_server->setEmail(QStringLiteral("test%1@example.com").arg(++m_tests));
+        m_server->configure();
+        signIn();
+        m_store = newStore();
+    }
+
+    void cleanup() {
+        m_store.reset();
+        m_host.reset();
+        QCOMPARE(m_server->violations(), QStringList());
+        m_server.reset();
+        DropboxServer::forget();
+    }
+
+    void openingMakesNothing() {
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+        QVERIFY(m_server->files().isEmpty());
+    }
+
+    void aBlobIsReadAsItWasWritten() {
+        QByteArray contents(
+            "\0\xff"
+            "bytes",
+            7);
+        QCOMPARE(write(DropboxBlob, contents), Result<Written>(Written::New));
+        QCOMPARE(m_server->files().value(Package + DropboxBlob), contents);
+        QCOMPARE(read(), Result<QByteArray>(contents));
+        QCOMPARE(write(QStringLiteral("transactions/empty"), {}), Result<Written>(Written::New));
+        QCOMPARE(read(QStringLiteral("transactions/empty")), Result<QByteArray>(QByteArray()));
+    }
+
+    void namesOfAllKindsArrive() {
+        const QString name = QStringLiteral("transactions/Ä \"quoted\" \\ 😀 \x7f").chopped(2) +
+                             QStringLiteral("%41+&");
+        QCOMPARE(write(name, "x"), Result<Written>(Written::New));
+        QCOMPARE(m_server->files().keys(), QStringList(Package + name));
+        QCOMPARE(read(name), Result<QByteArray>(QByteArray("x")));
+        QCOMPARE(list(QStringLiteral("transactions")),
+                 Result<QStringList>(QStringList(name.section(u'/', 1))));
+    }
+
+    void aBlobIsNeverWrittenOver() {
+        QCOMPARE(write(DropboxBlob, "first"), Result<Written>(Written::New));
+        QCOMPARE(write(DropboxBlob, "second"), Result<Written>(Written::AlreadyThere));
+        QCOMPARE(write(DropboxBlob, "first"), Result<Written>(Written::AlreadyThere));
+        QCOMPARE(write(DropboxBlob.section(u'/', 0, 1), "x"),
+                 Result<Written>(Written::AlreadyThere));
+        QCOMPARE(read(), Result<QByteArray>(QByteArray("first")));
+    }
+
+    void ofManyWritersOfOneNameOneIsTheFirst() {
+        std::vector<std::future<Result<Written>>> writers;
+        for (int i = 0; i < 8; ++i) {
+            writers.push_back(std::async(std::launch::async, [this, i] {
+                return write(DropboxBlob, QByteArray(900, static_cast<char>('a' + i)));
+            }));
+        }
+        int news = 0;
+        for (std::future<Result<Written>> &writer : writers) {
+            const Result<Written> result = writer.get();
+            QCOMPARE(text(errorIn(result)), QString());
+            news += std::get<Written>(result) == Written::New ? 1 : 0;
+        }
+        QCOMPARE(news, 1);
+    }
+
+    void aFolderIsListedInOrderWithItsFolders() {
+        m_server->putFile(Package + QStringLiteral("transactions/b/1"), "x");
+        m_server->putFile(Package + QStringLiteral("transactions/b/2"), "x");
+        m_server->putFile(Package + QStringLiteral("transactions/a"), "x");
+        m_server->putFile(Package + QStringLiteral("transactions/.hidden"), "x");
+        const QStringList names = {QStringLiteral("a"), QStringLiteral("b")};
+        QCOMPARE(list(QStringLiteral("transactions")), Result<QStringList>(names));
+    }
+
+    void aFolderThatIsNotThereIsEmpty() {
+        QCOMPARE(list(QStringLiteral("transactions/none")), Result<QStringList>(QStringList()));
+    }
+
+    void aLongFolderIsListedPageByPage() {
+        QStringList names;
+        for (int i = 0; i < 25; ++i) {
+            names.append(QStringLiteral("%1").arg(i, 2, 10, QLatin1Char('0')));
+            m_server->putFile(Package + QStringLiteral("transactions/") + names.last(), "x");
+        }
+        m_server->setPageSize(4);
+        QCOMPARE(list(QStringLiteral("transactions")), Result<QStringList>(names));
+        QCOMPARE(m_server->count(ListPath), 1);
+        QCOMPARE(m_server->count(ContinuePath), 6);
+    }
+
+    void aListThatHasToBeginAnewDoes() {
+        for (const char *name : {"a", "b", "c"}) {
+            m_server->putFile(Package + QStringLiteral("transactions/") + QLatin1StringView(name),
+                              "x");
+        }
+        m_server->setPageSize(2);
+        m_server->resetNextCursor();
+        QCOMPARE(std::get<QStringList>(list(QStringLiteral("transactions"))).size(), 3);
+        QCOMPARE(m_server->count(ListPath), 2);
+    }
+
+    void aListThatGoesOnWithoutACursorIsNotUnderstood() {
+        m_server->setAnswer(ListPath, 200, R"({"entries":[],"cursor":"","has_more":true})");
+        QVERIFY(text(errorIn(list(QStringLiteral("databases"))))
+                    .contains(QStringLiteral("is not understood")));
+    }
+
+    void aMissingBlobIsToldApart() {
+        const auto error = errorIn(read());
+        QCOMPARE(code(error), EngineErrorCode::BlobMissing);
+        QVERIFY(text(error).contains(m_server->email()));
+        QVERIFY(text(error).contains(Package + DropboxBlob));
+    }
+
+    void aBlobLongerThanTheLimitIsRefused() {
+        m_server->putFile(Package + DropboxBlob, QByteArray(DropboxLimit, 'x'));
+        QVERIFY(!errorIn(read()));
+        m_server->putFile(Package + DropboxBlob, QByteArray(DropboxLimit + 1, 'x'));
+        QCOMPARE(code(errorIn(read())), EngineErrorCode::BlobRefused);
+        m_server->putFile(Package + DropboxBlob, QByteArray(3 << 20, 'x'));
+        QCOMPARE(code(errorIn(read())), EngineErrorCode::BlobRefused);
+        QVERIFY(text(errorIn(read())).contains(QStringLiteral("too long")));
+    }
+
+    void whatIsNoFileIsRefused() {
+        m_server->putFile(Package + QStringLiteral("databases/folder/x"), "x");
+        QCOMPARE(code(errorIn(read(QStringLiteral("databases/folder")))),
+                 EngineErrorCode::BlobRefused);
+        m_server->putFile(Package + QStringLiteral("transactions"), "x");
+        QCOMPARE(code(errorIn(list(QStringLiteral("transactions")))), EngineErrorCode::BlobRefused);
+    }
+
+    void aFileInPlaceOfThePackageIsRefused() {
+        m_server->putFile(Package.chopped(1), "x");
+        QCOMPARE(code(m_store->open(m_future)), EngineErrorCode::BlobRefused);
+    }
+
+    void whatIsNoNameIsRefused() {
+        for (const char *name : {"", "/etc/passwd", "databases/../x", "databases/x\ny"}) {
+            QCOMPARE(code(errorIn(read(QString::fromLatin1(name)))), EngineErrorCode::BlobRefused);
+        }
+        QCOMPARE(m_server->count(DownloadPath), 0);
+    }
+
+    void aBlobCanBeRemoved() {
+        write(DropboxBlob, "x");
+        QCOMPARE(m_store->remove(DropboxBlob, m_future), std::nullopt);
+        QVERIFY(m_server->files().isEmpty());
+        QCOMPARE(m_store->remove(DropboxBlob, m_future), std::nullopt);
+    }
+
+    void recordsOfDatabasesAreFetched() {
+        const QString UUID = QStringLiteral("11111111-1111-4111-8111-111111111111");
+        m_server->putFile(Package + QStringLiteral("databases/") + UUID + QStringLiteral(".json"),
+                          R"({"uuid":"11111111-1111-4111-8111-111111111111","name":"Trip",)"
+                          R"("version":1})");
+        const auto location = m_host->addLocation(QStringLiteral("dropbox://") + m_server->email());
+        const std::shared_ptr<QVSyncStore> store = location->createStore();
+        std::promise<std::optional<Error>> opened;
+        store->openWithCompletionHandler(
+            [&](const std::optional<Error> &error) { opened.set_value(error); });
+        QCOMPARE(opened.get_future().get(), std::nullopt);
+        std::promise<QVRemoteDatabases> fetched;
+        store->fetchDatabasesWithCompletionHandler(
+            [&](const std::optional<QVRemoteDatabases> &databases, const std::optional<Error> &) {
+                fetched.set_value(databases.value_or(QVRemoteDatabases()));
+            });
+        const QVRemoteDatabases databases = fetched.get_future().get();
+        QCOMPARE(databases.size(), 1);
+        QCOMPARE(databases.first()->UUID(), UUID);
+        QCOMPARE(databases.first()->metadata()->name(), QStringLiteral("Trip"));
+    }
+
+    void anExpiredTokenIsRefreshed() {
+        write(DropboxBlob, "x");
+        m_server->expireAccessTokens();
+        QCOMPARE(text(errorIn(read())), QString());
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
+        QCOMPARE(text(errorIn(read())), QString());
+        // And kept.
+        QCOMPARE(newStore()->open(m_future), std::nullopt);
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
+        // More than once, since the refresh token stays.
+        m_server->expireAccessTokens();
+        QCOMPARE(text(errorIn(read())), QString());
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 3);
+    }
+
+    void aTokenThatIsAboutToExpireIsRefreshedBefore() {
+        m_server->setSecondsToLive(30);
+        signIn();
+        const int tokens = m_server->count(DropboxServer::tokenPath());
+        m_server->setSecondsToLive(14400);
+        m_store = newStore();
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), tokens + 1);
+        QCOMPARE(m_server->count(ListPath), 1);
+    }
+
+    void ofManyWhoNeedAFreshTokenOneGetsItForAll() {
+        write(DropboxBlob, "x");
+        m_server->expireAccessTokens();
+        std::vector<std::shared_ptr<BlobStore>> stores;
+        std::vector<std::future<std::optional<Error>>> readers;
+        for (int i = 0; i < 8; ++i) {
+            stores.push_back(newStore());
+            readers.push_back(std::async(std::launch::async, [this, store = stores.back()] {
+                return errorIn(store->read(DropboxBlob, DropboxLimit, m_future));
+            }));
+        }
+        for (std::future<std::optional<Error>> &reader : readers) {
+            QCOMPARE(text(reader.get()), QString());
+        }
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
+    }
+
+    void whenTheSignInIsGoodForNothingAnyMoreThePersonIsAskedToSignInAgain() {
+        m_server->revokeEverything();
+        const std::optional<Error> error = m_store->open(m_future);
+        QCOMPARE(code(error), EngineErrorCode::AccessDenied);
+        QCOMPARE(text(error),
+                 QStringLiteral("“%1” has to sign in to Dropbox again. Edit the location to do so.")
+                     .arg(m_server->email()));
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
+        signIn();
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+    }
+
+    void aFreshTokenThatIsNotTakenEitherIsNotRefreshedForEver() {
+        m_server->setAnswer(ListPath, 401, R"({"error":{".tag":"missing_scope"}})");
+        QVERIFY(text(m_store->open(m_future))
+                    .contains(QStringLiteral("has to sign in to Dropbox again")));
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
+        QCOMPARE(m_server->count(ListPath), 2);
+    }
+
+    void withoutARefreshTokenThePersonIsAskedToSignInAgain() {
+        m_server->giveNoRefreshTokens();
+        signIn();
+        m_server->expireAccessTokens();
+        QVERIFY(text(m_store->open(m_future))
+                    .contains(QStringLiteral("has to sign in to Dropbox again")));
+    }
+
+    void anAccountThatIsNotSignedInSaysSo() {
+        m_server->setEmail(QStringLiteral("somebody.else@example.com"));
+        const std::optional<Error> error = newStore()->open(m_future);
+        QCOMPARE(code(error), EngineErrorCode::AccessDenied);
+        QCOMPARE(text(error),
+                 QStringLiteral("Not signed in to Dropbox as “somebody.else@example.com”. Edit the "
+                                "location to do so."));
+        QCOMPARE(m_server->count(ListPath), 0);
+    }
+
+    void anAddressIsTakenAsItIsWritten() {
+        m_server->setEmail(QStringLiteral("Ada%2B%40l+x@Example.COM"));
+        signIn();
+        QCOMPARE(newStore()->open(m_future), std::nullopt);
+    }
+
+    void withoutAnApplicationKeyItSaysSo() {
+        DropboxServer::forget();
+        const std::shared_ptr<BlobStore> store = newStore();
+        const QString expected =
+            QStringLiteral("Dropbox cannot be used: no application key is configured.");
+        QCOMPARE(text(store->open(m_future)), expected);
+        for (const QString &path : {ListPath, UploadPath, DownloadPath, DeletePath}) {
+            QCOMPARE(text(errorAt(*store, path)), expected);
+        }
+    }
+
+    void whoSendsTooManyRequestsWaitsAsLongAsTheServerSays_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<int>("status");
+        QTest::newRow("upload") << UploadPath << 429;
+        QTest::newRow("list") << ListPath << 429;
+        QTest::newRow("unavailable") << UploadPath << 503;
+    }
+
+    void whoSendsTooManyRequestsWaitsAsLongAsTheServerSays() {
+        QFETCH(QString, path);
+        QFETCH(int, status);
+        m_server->limitRate(path, 2, "1", status);
+        QCOMPARE(text(errorAt(*m_store, path)), QString());
+        QCOMPARE(m_server->count(path), 3);
+    }
+
+    void aServerThatWantsToBeLeftAloneForLongIsNotWaitedFor() {
+        m_server->limitRate(UploadPath, 1, "3600");
+        const auto error = errorIn(write(DropboxBlob, "x"));
+        QCOMPARE(code(error), EngineErrorCode::StoreUnreachable);
+        QVERIFY(text(error).contains(QStringLiteral("is busy. Try again later.")));
+        QCOMPARE(m_server->count(UploadPath), 1);
+    }
+
+    void waitingForTheServerCanBeCancelled() {
+        m_server->limitRate(UploadPath, 1, "100");
+        auto writer =
+            std::async(std::launch::async, [this] { return errorIn(write(DropboxBlob, "x")); });
+        QTRY_COMPARE(m_server->count(UploadPath), 1);
+        m_future.cancel();
+        QCOMPARE(code(writer.get()), EngineErrorCode::Cancelled);
+        QCOMPARE(m_server->count(UploadPath), 1);
+        std::destroy_at(&m_future);
+        std::construct_at(&m_future);
+    }
+
+    void aCancelledOperationSaysSo() {
+        EngineFuture cancelled;
+        cancelled.cancel();
+        QCOMPARE(code(errorIn(m_store->read(DropboxBlob, DropboxLimit, cancelled))),
+                 EngineErrorCode::Cancelled);
+        QCOMPARE(code(errorIn(m_store->writeIfAbsent(DropboxBlob, "x", cancelled))),
+                 EngineErrorCode::Cancelled);
+        QCOMPARE(code(m_store->remove(DropboxBlob, cancelled)), EngineErrorCode::Cancelled);
+        QVERIFY(m_server->files().isEmpty());
+    }
+
+    void aStalledOperationCanBeCancelled() {
+        for (const QString &path : {DropboxServer::tokenPath(), DownloadPath}) {
+            EngineFuture future;
+            m_server->expireAccessTokens();
+            m_server->setTrouble(path, DropboxServer::Trouble::Stalls);
+            const int before = m_server->count(path);
+            auto reader = std::async(std::launch::async, [&] {
+                return errorIn(m_store->read(DropboxBlob, DropboxLimit, future));
+            });
+            QTRY_COMPARE(m_server->count(path), before + 1);
+            future.cancel();
+            QCOMPARE(code(reader.get()), EngineErrorCode::Cancelled);
+            m_server->clearTroubles();
+        }
+    }
+
+    void whatIsWrongWithTheServerIsTold_data() {
+        using Trouble = DropboxServer::Trouble;
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<Trouble>("trouble");
+        QTest::addColumn<QString>("expected");
+        const std::tuple<const char *, Trouble, const char *> troubles[] = {
+            {"stalls", Trouble::Stalls, "does not answer"},
+            {"garbage", Trouble::AnswersGarbage, "is not understood"},
+            {"breaks down", Trouble::BreaksDown, "has a problem of its own (HTTP 500)"},
+            {"hangs up", Trouble::HangsUp, "broke off"},
+        };
+        for (const QString &path : {ListPath, UploadPath, DownloadPath, DeletePath}) {
+            for (const auto &[name, trouble, expected] : troubles) {
+                QTest::addRow("%s %s", qPrintable(path.section(u'/', -1)), name)
+                    << path << trouble << QString::fromLatin1(expected);
+            }
+        }
+        QTest::newRow("list other JSON") << ListPath << Trouble::AnswersBesidesTheQuestion
+                                         << QStringLiteral("is not understood");
+    }
+
+    void whatIsWrongWithTheServerIsTold() {
+        QFETCH(QString, path);
+        QFETCH(DropboxServer::Trouble, trouble);
+        QFETCH(QString, expected);
+        // So that every route has something to say.
+        m_server->putFile(
+            Package + (path == UploadPath ? QStringLiteral("databases/x") : DropboxBlob),
+            "contents");
+        m_server->setTrouble(path, trouble);
+        const auto store =
+            trouble == DropboxServer::Trouble::Stalls ? impatientStore() : newStore();
+        const std::optional<Error> error = errorAt(*store, path);
+        QCOMPARE(code(error), EngineErrorCode::StoreUnreachable);
+        QVERIFY2(text(error).contains(expected), qPrintable(text(error)));
+    }
+
+    void whatDropboxRefusesIsToldInWords_data() {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<EngineErrorCode>("expectedCode");
+        QTest::addColumn<QString>("expected");
+        const auto row = [](const char *name, int status, const QByteArray &body,
+                            EngineErrorCode expectedCode, const char *expected) {
+            QTest::newRow(name) << status << body << expectedCode << QString::fromUtf8(expected);
+        };
+        row("full", 409, R"({"error":{".tag":"path","reason":{".tag":"insufficient_space"}}})",
+            EngineErrorCode::StoreFull, "The Dropbox of “test");
+        row("no permission", 409,
+            R"({"error":{".tag":"path","reason":{".tag":"no_write_permission"}}})",
+            EngineErrorCode::AccessDenied, "does not allow");
+        row("restricted", 409, pathFailure("restricted_content"), EngineErrorCode::AccessDenied,
+            "does not allow");
+        row("too many writes", 409,
+            R"({"error":{".tag":"path","reason":{".tag":"too_many_write_operations"}}})",
+            EngineErrorCode::StoreUnreachable, "is busy");
+        row("name", 409, pathFailure("disallowed_name"), EngineErrorCode::BlobRefused,
+            "something else");
+        row("unknown", 409, pathFailure("invented_yesterday"), EngineErrorCode::StoreUnreachable,
+            "is not expected (HTTP 409)");
+        row("no JSON", 409, "<html>", EngineErrorCode::StoreUnreachable,
+            "is not expected (HTTP 409)");
+        row("endless", 409, QByteArray(R"({"error":{".tag":"path","path":)").repeated(100),
+            EngineErrorCode::StoreUnreachable, "is not expected (HTTP 409)");
+        row("wrong request", 400, "Error in call", EngineErrorCode::StoreUnreachable,
+            "is not expected (HTTP 400)");
+        row("forbidden", 403, "{}", EngineErrorCode::AccessDenied, "does not allow");
+        row("unavailable", 503, "", EngineErrorCode::StoreUnreachable, "is busy");
+    }
+
+    void whatDropboxRefusesIsToldInWords() {
+        QFETCH(int, status);
+        QFETCH(QByteArray, body);
+        QFETCH(EngineErrorCode, expectedCode);
+        QFETCH(QString, expected);
+        m_server->setAnswer(UploadPath, status, body);
+        const auto error = errorIn(write(DropboxBlob, "x"));
+        QCOMPARE(code(error), expectedCode);
+        QVERIFY2(text(error).contains(expected), qPrintable(text(error)));
+    }
+
+    void aServerThatIsNotThereSaysSo() {
+        QTcpServer free;
+        QVERIFY(free.listen(QHostAddress::LocalHost));
+        UserDefaults::setValue(DropboxConfiguration::APIAddressDefault,
+                               QStringLiteral("http://127.0.0.1:%1/2").arg(free.serverPort()));
+        free.close();
+        QVERIFY(text(newStore()->open(m_future)).contains(QStringLiteral("nothing answers")));
+    }
+};
+
+VELMORA_TEST(DropboxStoreTest)
+#include "DropboxStoreTest.moc"

@@ -1,0 +1,304 @@
+#include <sys/stat.h>
+
+#include <future>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/InboxUUID.h"
+#include "Engine/Stores/Folder/FolderStore.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+const QString FirstUUID = QStringLiteral("11111111-1111-4111-8111-111111111111");
+const QString SecondUUID = QStringLiteral("22222222-2222-4222-8222-222222222222");
+
+struct Fetched {
+    std::optional<QVRemoteDatabases> databases;
+    std::optional<Error> error;
+    bool wasOnMainThread = true;
+};
+
+std::optional<Error> opened(QVSyncStore &store) {
+    std::promise<std::optional<Error>> promise;
+    store.openWithCompletionHandler(
+        [&](const std::optional<Error> &error) { promise.set_value(error); });
+    return promise.get_future().get();
+}
+
+Fetched fetched(QVSyncStore &store) {
+    std::promise<Fetched> promise;
+    store.fetchDatabasesWithCompletionHandler([&](const auto &databases, const auto &error) {
+        promise.set_value({databases, error, QThread::currentThread() == qApp->thread()});
+    });
+    return promise.get_future().get();
+}
+
+QStringList names(const Fetched &result) {
+    QStringList list;
+    for (const auto &database : result.databases.value_or(QVRemoteDatabases())) {
+        list.append(database->UUID() + u'=' + database->metadata()->name());
+    }
+    return list;
+}
+
+}  // namespace
+
+class EngineStoreTest : public QObject {
+    Q_OBJECT
+private:
+    std::unique_ptr<TestHost> m_host;
+    std::shared_ptr<QVSyncLocation> m_location;
+
+    QString record(const QString &stem) const {
+        return m_location->URL().path() + QStringLiteral("/databases/%1.json").arg(stem);
+    }
+    void write(const QString &stem, const QByteArray &contents) const {
+        QFile file(record(stem));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(contents), contents.size());
+    }
+    void writeSound(const QString &UUID, const QString &name) const {
+        write(UUID, QJsonDocument(QJsonObject{{QStringLiteral("uuid"), UUID},
+                                              {QStringLiteral("name"), name},
+                                              {QStringLiteral("version"), 1}})
+                        .toJson());
+    }
+    Fetched fetchedAfresh() const {
+        const auto store = m_location->createStore();
+        const std::optional<Error> error = opened(*store);
+        return error ? Fetched{{}, error} : fetched(*store);
+    }
+    QString descriptionOfOpening(const QString &URLText) const {
+        const auto store =
+            std::make_shared<EngineSyncLocation>(Url::fromString(URLText))->createStore();
+        const std::optional<Error> error = opened(*store);
+        return error ? error->localizedDescription : QString();
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        m_location = m_host->addLocation(m_host->makeSyncStore(QStringLiteral("Für unterwegs")));
+    }
+
+    void cleanup() {
+        m_location.reset();
+        m_host.reset();
+    }
+
+    void anEmptyFolderStoreHoldsNoDatabases() {
+        const Fetched result = fetchedAfresh();
+        QCOMPARE(result.databases, QVRemoteDatabases());
+        QCOMPARE(result.error, std::nullopt);
+        QVERIFY(!result.wasOnMainThread);
+    }
+
+    void aFolderStoreHoldsADatabaseForEachRecord() {
+        writeSound(SecondUUID, QStringLiteral("Projects"));
+        writeSound(FirstUUID, QStringLiteral("Rezepte für Ida"));
+        writeSound(InboxUUID, QStringLiteral("Inbox"));
+        const auto store = m_location->createStore();
+        QCOMPARE(store->location(), m_location);
+        QCOMPARE(opened(*store), std::nullopt);
+        const Fetched result = fetched(*store);
+        QCOMPARE(result.error, std::nullopt);
+        QCOMPARE(names(result), QStringList({FirstUUID + QStringLiteral("=Rezepte für Ida"),
+                                             SecondUUID + QStringLiteral("=Projects"),
+                                             QStringLiteral("@inbox=Inbox")}));
+        QCOMPARE(result.databases->first()->store(), store);
+        QCOMPARE(result.databases->first()->thread(), qApp->thread());
+    }
+
+    void aDamagedRecordIsToldBesideTheOthers_data() {
+        const QByteArray uuid = FirstUUID.toLatin1();
+        QTest::addColumn<QString>("stem");
+        QTest::addColumn<QByteArray>("contents");
+        QTest::newRow("empty") << FirstUUID << QByteArray();
+        QTest::newRow("no JSON") << FirstUUID << QByteArray("{\"uuid\":");
+        QTest::newRow("no object") << FirstUUID << QByteArray("[1]");
+        QTest::newRow("nested deeply") << FirstUUID << QByteArray(60000, '[');
+        QTest::newRow("no name") << FirstUUID
+                                 << QByteArray("{\"uuid\":\"" + uuid + "\",\"version\":1}");
+        QTest::newRow("empty name")
+            << FirstUUID << QByteArray("{\"uuid\":\"" + uuid + "\",\"name\":\" \",\"version\":1}");
+        QTest::newRow("name of another type")
+            << FirstUUID << QByteArray("{\"uuid\":\"" + uuid + "\",\"name\":7,\"version\":1}");
+        QTest::newRow("newer") << FirstUUID
+                               << QByteArray("{\"uuid\":\"" + uuid +
+                                             "\",\"name\":\"n\",\"version\":2}");
+        QTest::newRow("of another database")
+            << SecondUUID << QByteArray("{\"uuid\":\"" + uuid + "\",\"name\":\"n\",\"version\":1}");
+        QTest::newRow("no UUID") << QStringLiteral("x")
+                                 << QByteArray("{\"uuid\":\"x\",\"name\":\"n\",\"version\":1}");
+        QTest::newRow("too long") << FirstUUID
+                                  << QByteArray("{\"uuid\":\"" + uuid +
+                                                "\",\"version\":1,\"name\":\"" +
+                                                QByteArray(FolderStore::RecordLimit, 'n') + "\"}");
+    }
+
+    void aDamagedRecordIsToldBesideTheOthers() {
+        QFETCH(QString, stem);
+        QFETCH(QByteArray, contents);
+        const QString sound = QStringLiteral("33333333-3333-4333-8333-333333333333");
+        writeSound(sound, QStringLiteral("Sound"));
+        write(stem, contents);
+        const Fetched result = fetchedAfresh();
+        QCOMPARE(names(result), QStringList(sound + QStringLiteral("=Sound")));
+        QVERIFY(result.error);
+        QCOMPARE(result.error->domain, EngineErrorDomain);
+        QVERIFY(result.error->localizedDescription.contains(record(stem)));
+    }
+
+    void whatIsNoPlainFileIsNotRead() {
+        QCOMPARE(mkfifo(QFile::encodeName(record(FirstUUID)).constData(), 0600), 0);
+        QVERIFY(QDir().mkdir(record(SecondUUID)));
+        const QString third = QStringLiteral("33333333-3333-4333-8333-333333333333");
+        QVERIFY(QFile::link(QStringLiteral("/dev/zero"), record(third)));
+        const Fetched result = fetchedAfresh();
+        QCOMPARE(result.databases, QVRemoteDatabases());
+        QVERIFY(result.error);
+    }
+
+    void otherFilesAreNoRecords() {
+        QFile file(m_location->URL().path() + QStringLiteral("/databases/readme.txt"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(fetchedAfresh().error, std::nullopt);
+    }
+
+    void openingAFolderThatIsNoStoreSaysSo() {
+        const QString package = m_location->URL().path();
+        QVERIFY(QDir().rmdir(package + QStringLiteral("/transactions")));
+        QVERIFY(descriptionOfOpening(m_location->URL().absoluteString())
+                    .contains(QStringLiteral("is not a sync store")));
+        QVERIFY(descriptionOfOpening(Url::fileURL(m_host->directory()).absoluteString())
+                    .contains(QStringLiteral("is not a sync store")));
+        QVERIFY(descriptionOfOpening(QStringLiteral("file:///nowhere/at/all.qvSyncStore"))
+                    .contains(QStringLiteral("is not there")));
+        QVERIFY(descriptionOfOpening(QStringLiteral("file://elsewhere/a.qvSyncStore"))
+                    .contains(QStringLiteral("another computer")));
+        QVERIFY(descriptionOfOpening(QStringLiteral("file:relative.qvSyncStore"))
+                    .contains(QStringLiteral("is not there")));
+    }
+
+    void openingAnotherKindSaysThatItCannotBeReachedYet() {
+        QVERIFY(descriptionOfOpening(QStringLiteral("gopher://old.example"))
+                    .contains(QStringLiteral("cannot be reached yet")));
+        QVERIFY(descriptionOfOpening(QString()).contains(QStringLiteral("no address")));
+    }
+
+    void fetchingNeedsAnOpenStore() {
+        const auto store = m_location->createStore();
+        QVERIFY(fetched(*store).error);
+        QVERIFY(!fetched(*store).databases);
+        QCOMPARE(opened(*store), std::nullopt);
+        QVERIFY(fetched(*store).databases);
+        std::promise<std::optional<Error>> closed;
+        store->closeWithCompletionHandler(
+            [&](const std::optional<Error> &error) { closed.set_value(error); });
+        QCOMPARE(closed.get_future().get(), std::nullopt);
+        QVERIFY(!fetched(*store).databases);
+    }
+
+    void aStoreLivesUntilItsHandlerWasCalled() {
+        auto store = m_location->createStore();
+        const std::weak_ptr<QVSyncStore> watched = store;
+        std::promise<void> letGo;
+        std::promise<bool> wasAlive;
+        store->openWithCompletionHandler([&](const std::optional<Error> &) {
+            letGo.get_future().wait();
+            wasAlive.set_value(!watched.expired());
+        });
+        store.reset();
+        letGo.set_value();
+        QVERIFY(wasAlive.get_future().get());
+        QTRY_VERIFY(watched.expired());
+    }
+
+    void aLocationOfWhichOnlyAStoreIsLeftDiesOnTheMainThread() {
+        auto location = std::make_shared<EngineSyncLocation>(Url());
+        QThread *thread = nullptr;
+        connect(
+            location.get(), &QObject::destroyed, location.get(),
+            [&thread] { thread = QThread::currentThread(); }, Qt::DirectConnection);
+        auto store = location->createStore();
+        location.reset();
+        store->openWithCompletionHandler([](const std::optional<Error> &) {});
+        store.reset();
+        QTRY_VERIFY(thread);
+        QCOMPARE(thread, qApp->thread());
+    }
+
+    void theEngineMayGoWhileCallsToTheMainThreadWait() {
+        bool wasCalled = false;
+        m_host->engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+            {}, [&] { wasCalled = true; });
+        auto store = m_location->createStore();
+        const std::weak_ptr<QVSyncLocation> location = m_location;
+        store->openWithCompletionHandler([](const std::optional<Error> &) {});
+        store.reset();
+        m_location.reset();
+        m_host.reset();
+        QVERIFY(location.expired());
+        QCoreApplication::processEvents();
+        QVERIFY(!wasCalled);
+    }
+
+    void aCancelledOperationCallsItsHandlerOnceWithThatError() {
+        // All workers are busy, so that the operation is cancelled before it begins.
+        QThreadPool *pool = QThreadPool::globalInstance();
+        std::promise<void> letGo;
+        const std::shared_future<void> wait = letGo.get_future().share();
+        for (int i = 0; i < pool->maxThreadCount(); ++i) {
+            pool->start([wait] { wait.wait(); });
+        }
+        const auto store = m_location->createStore();
+        std::atomic<int> calls = 0;
+        std::promise<std::optional<Error>> promise;
+        const auto future =
+            store->openWithCompletionHandler([&](const std::optional<Error> &error) {
+                ++calls;
+                promise.set_value(error);
+            });
+        const auto handle = PZFuture::future();
+        handle->cascadeCancellationToFuture(future);
+        handle->cancel();
+        letGo.set_value();
+        const std::optional<Error> error = promise.get_future().get();
+        QVERIFY(error);
+        QCOMPARE(error->code, static_cast<int>(EngineErrorCode::Cancelled));
+        pool->waitForDone();
+        QCOMPARE(calls, 1);
+        QVERIFY(!fetched(*store).databases);
+    }
+
+    void cancellingAfterTheEndIsHarmless() {
+        const auto store = m_location->createStore();
+        std::promise<void> done;
+        const auto future = store->openWithCompletionHandler(
+            [&](const std::optional<Error> &) { done.set_value(); });
+        done.get_future().wait();
+        future->cancel();
+        QVERIFY(!future->isCancelled());
+        QVERIFY(fetched(*store).databases);
+    }
+
+    void theLocalStoreHoldsTheDatabasesOfTheProfile() {
+        const auto open = m_host->addDatabase(QStringLiteral("Open"));
+        const auto closed = m_host->addDatabase(QStringLiteral("Closed"));
+        m_host->closeDatabase(closed);
+        const auto store = m_host->engine().plugin().localStore();
+        QCOMPARE(m_host->engine().plugin().localStore(), store);
+        QVERIFY(store->location());
+        QCOMPARE(m_host->locations().indexOfObjectInSyncLocations(store->location()), -1);
+        QCOMPARE(opened(*store), std::nullopt);
+        const Fetched result = fetched(*store);
+        QCOMPARE(result.error, std::nullopt);
+        QCOMPARE(names(result), QStringList({QStringLiteral("@inbox=Inbox"),
+                                             open->UUID() + QStringLiteral("=Open"),
+                                             closed->UUID() + QStringLiteral("=Closed")}));
+    }
+};
+
+VELMORA_TEST(EngineStoreTest)
+#include "EngineStoreTest.moc"

@@ -1,0 +1,469 @@
+#include <QtCore/QMutex>
+#include <QtNetwork/QSslSocket>
+#include <thread>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Stores/Http/HttpClient.h"
+#include "Support/Failure.h"
+#include "Support/ScriptedServer.h"
+#include "Support/TestMain.h"
+#include "Support/WebDAVServer.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using Connection = ScriptedServer::Connection;
+using Response = HttpClient::Response;
+
+const QByteArray Challenge = "401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"x\"";
+
+/// Collects what several threads say.
+class Collected {
+public:
+    void add(const QByteArray &text) {
+        const QMutexLocker lock(&m_mutex);
+        m_texts.append(text);
+    }
+    QList<QByteArray> texts() {
+        const QMutexLocker lock(&m_mutex);
+        return m_texts;
+    }
+
+private:
+    QMutex m_mutex;
+    QList<QByteArray> m_texts;
+};
+
+int status(const Result<Response> &result) {
+    const auto *response = std::get_if<Response>(&result);
+    return response ? response->status : 0;
+}
+
+QByteArray body(const Result<Response> &result) {
+    const auto *response = std::get_if<Response>(&result);
+    return response ? response->body : QByteArray();
+}
+
+HttpClient::Options hasty() {
+    return {.timeouts = {.idle = 300ms, .total = 900ms}};
+}
+
+}  // namespace
+
+class HttpClientTest : public QObject {
+    Q_OBJECT
+private:
+    EngineFuture m_future;
+
+    Result<Response> get(const QString &URLText, HttpClient::Options options = hasty(),
+                         qint64 limit = 1000) {
+        HttpClient client(std::move(options));
+        return client.send({.method = "GET", .URL = QUrl(URLText), .limit = limit}, m_future);
+    }
+    Result<Response> get(const ScriptedServer &server, HttpClient::Options options = hasty(),
+                         qint64 limit = 1000) {
+        return get(server.URLText(QStringLiteral("a")), std::move(options), limit);
+    }
+
+private Q_SLOTS:
+    void aRequestIsSentAsItIs() {
+        Collected requests;
+        const ScriptedServer server([&](Connection &connection) {
+            requests.add(connection.readRequest());
+            connection.answer("207 Multi-Status\r\nX-Thing: one", "body");
+        });
+        HttpClient client(hasty());
+        const Result<Response> result =
+            client.send({.method = "PROPFIND",
+                         .URL = QUrl(server.URLText(QStringLiteral("a%20b%2Fc"))),
+                         .headers = {{"Depth", "1"}},
+                         .body = "<x/>"},
+                        m_future);
+        QCOMPARE(status(result), 207);
+        QCOMPARE(body(result), QByteArray("body"));
+        QCOMPARE(std::get<Response>(result).header("x-thing"), QByteArray("one"));
+        const QByteArray request = requests.texts().value(0);
+        QVERIFY2(request.startsWith("PROPFIND /a%20b%2Fc HTTP/1.1\r\n"), request.constData());
+        QVERIFY(request.contains("Depth: 1\r\n"));
+        QVERIFY(request.endsWith("\r\n\r\n<x/>"));
+        QVERIFY(!request.contains("ida"));
+        QVERIFY(!request.toLower().contains("authorization"));
+    }
+
+    void anAnswerOfAnyStatusIsAnAnswer() {
+        for (const char *text :
+             {"204 No Content", "400 Bad Request", "404 Not Found", "405 No", "409 Conflict",
+              "412 Precondition Failed", "418 Teapot", "429 Too Many Requests", "500 Oh", "501 No",
+              "503 Busy", "507 Insufficient Storage"}) {
+            const ScriptedServer server([&](Connection &connection) {
+                connection.readRequest();
+                connection.answer(text);
+            });
+            const Result<Response> result = get(server);
+            QCOMPARE(status(result), QByteArray(text).left(3).toInt());
+        }
+    }
+
+    void connectionsAreKept() {
+        const ScriptedServer server([&](Connection &connection) {
+            while (!connection.readRequest().isEmpty()) {
+                connection.answer("200 OK", "x");
+            }
+        });
+        HttpClient client(hasty());
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(
+                status(client.send({.method = "GET", .URL = QUrl(server.URLText({}))}, m_future)),
+                200);
+        }
+        QCOMPARE(server.connections(), 1);
+    }
+
+    void severalThreadsMaySendAtOnce() {
+        const WebDAVServer server({.authentication = WebDAVServer::Authentication::None});
+        HttpClient client;
+        std::atomic<int> answers = 0;
+        std::vector<std::thread> threads;
+        for (int i = 0; i < 8; ++i) {
+            threads.emplace_back([&] {
+                const auto result =
+                    client.send({.method = "OPTIONS", .URL = QUrl(server.URLText({}))}, m_future);
+                answers += status(result) == 200 ? 1 : 0;
+            });
+        }
+        for (std::thread &thread : threads) {
+            thread.join();
+        }
+        QCOMPARE(answers, 8);
+    }
+
+    void aServerThatIsNotThereIsToldApart() {
+        QVERIFY(description(get(QStringLiteral("http://no-such-host.invalid/")))
+                    .contains(QStringLiteral("There is no server “no-such-host.invalid”")));
+        quint16 port = 0;
+        {
+            const ScriptedServer gone([](Connection &) {});
+            port = gone.port();
+        }
+        const Result<Response> refused = get(QStringLiteral("http://127.0.0.1:%1/").arg(port));
+        QCOMPARE(code(refused), EngineErrorCode::StoreUnreachable);
+        QVERIFY(description(refused).contains(QStringLiteral("nothing answers at this port")));
+        QVERIFY(description(refused).contains(QStringLiteral("127.0.0.1:%1").arg(port)));
+    }
+
+    void aServerThatSaysNothingIsGivenUp() {
+        const ScriptedServer server([](Connection &connection) { connection.waitUntilClosed(); });
+        const Result<Response> result = get(server);
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+        QVERIFY2(description(result).contains(QStringLiteral("does not answer")),
+                 qPrintable(description(result)));
+    }
+
+    void aServerThatStopsInTheMiddleIsGivenUp() {
+        const ScriptedServer server([](Connection &connection) {
+            connection.readRequest();
+            connection.send("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nhalf");
+            connection.waitUntilClosed();
+        });
+        QVERIFY(description(get(server)).contains(QStringLiteral("does not answer")));
+    }
+
+    void aServerThatDribblesIsGivenUp() {
+        const ScriptedServer server([](Connection &connection) {
+            connection.readRequest();
+            connection.send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n");
+            while (connection.isOpen()) {
+                connection.send("x");
+                QThread::msleep(50);
+            }
+        });
+        const Result<Response> result = get(server, hasty(), 1 << 20);
+        QVERIFY2(description(result).contains(QStringLiteral("takes too long")),
+                 qPrintable(description(result)));
+    }
+
+    void anAnswerThatBreaksOffOrIsNoneIsToldApart_data() {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::newRow("at once") << QByteArray();
+        QTest::newRow("in the headers") << QByteArray("HTTP/1.1 200 OK\r\nContent-Le");
+        QTest::newRow("in the body")
+            << QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nhalf");
+        QTest::newRow("another protocol") << QByteArray("220 mail.example ESMTP\r\n");
+        QTest::newRow("bytes") << QByteArray("\x15\x03\x01\x00\x02\x02\x16\n\n", 9);
+        QTest::newRow("no status") << QByteArray("HTTP/1.1 hello\r\n\r\n");
+    }
+
+    void anAnswerThatBreaksOffOrIsNoneIsToldApart() {
+        QFETCH(QByteArray, answer);
+        const ScriptedServer server([&](Connection &connection) {
+            connection.readRequest();
+            connection.send(answer);
+        });
+        const Result<Response> result = get(server);
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+        QVERIFY2(description(result).contains(
+                     QStringLiteral("broke off before it had answered, or is no")),
+                 qPrintable(description(result)));
+    }
+
+    void anEndlessAnswerIsCutOff() {
+        const ScriptedServer server([](Connection &connection) {
+            connection.readRequest();
+            connection.send("HTTP/1.1 200 OK\r\n\r\n");
+            while (connection.isOpen()) {
+                connection.send(QByteArray(100000, 'x'));
+            }
+        });
+        const Result<Response> result = get(server);
+        QCOMPARE(code(result), EngineErrorCode::BlobRefused);
+        QVERIFY(description(result).contains(QStringLiteral("too long")));
+    }
+
+    void endlessHeadersAreGivenUp() {
+        // Qt reads them as long as they come, and its thread does not end before.
+        std::atomic<bool> isGivenUp = false;
+        const ScriptedServer server([&](Connection &connection) {
+            connection.readRequest();
+            connection.send("HTTP/1.1 200 OK\r\n");
+            while (connection.isOpen() && !isGivenUp) {
+                connection.send("X-More: " + QByteArray(1000, 'x') + "\r\n");
+                QThread::msleep(1);
+            }
+        });
+        HttpClient client(hasty());
+        const auto result =
+            client.send({.method = "GET", .URL = QUrl(server.URLText({}))}, m_future);
+        isGivenUp = true;
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+    }
+
+    void anAnswerOfTheLimitIsTaken() {
+        const ScriptedServer server([](Connection &connection) {
+            connection.readRequest();
+            connection.answer("200 OK", QByteArray(1000, 'x'));
+        });
+        QCOMPARE(body(get(server)).size(), 1000);
+        QCOMPARE(code(get(server, hasty(), 999)), EngineErrorCode::BlobRefused);
+    }
+
+    void packedContentsAreNotUnpacked() {
+        const ScriptedServer server([](Connection &connection) {
+            const QByteArray request = connection.readRequest();
+            connection.answer("200 OK\r\nContent-Encoding: gzip",
+                              request.contains("Accept-Encoding: identity") ? "packed" : "");
+        });
+        QCOMPARE(body(get(server)), QByteArray("packed"));
+    }
+
+    void cancellingEndsTheRequest() {
+        EngineFuture future;
+        const ScriptedServer server([&](Connection &connection) {
+            connection.readRequest();
+            future.cancel();
+            connection.waitUntilClosed();
+        });
+        HttpClient client;
+        const auto result = client.send({.method = "GET", .URL = QUrl(server.URLText({}))}, future);
+        QCOMPARE(code(result), EngineErrorCode::Cancelled);
+        QCOMPARE(code(client.send({.method = "GET", .URL = QUrl(server.URLText({}))}, future)),
+                 EngineErrorCode::Cancelled);
+        QCOMPARE(server.connections(), 1);
+    }
+
+    void redirectionsWithinTheServerAreFollowed_data() {
+        QTest::addColumn<QByteArray>("status");
+        for (const char *status : {"301 Moved", "302 Found", "307 Temporary", "308 Permanent"}) {
+            QTest::newRow(status) << QByteArray(status);
+        }
+    }
+
+    void redirectionsWithinTheServerAreFollowed() {
+        QFETCH(QByteArray, status);
+        Collected requests;
+        const ScriptedServer server([&](Connection &connection) {
+            requests.add(connection.readRequest());
+            connection.answer(status + "\r\nLocation: ../b/");
+            requests.add(connection.readRequest());
+            connection.answer("201 Created");
+        });
+        HttpClient client(hasty());
+        const auto result = client.send(
+            {.method = "PUT", .URL = QUrl(server.URLText(QStringLiteral("x/y"))), .body = "body"},
+            m_future);
+        QCOMPARE(::status(result), 201);
+        QVERIFY(requests.texts().value(1).startsWith("PUT /b/ HTTP/1.1\r\n"));
+        QVERIFY(requests.texts().value(1).endsWith("body"));
+    }
+
+    void redirectionsInACircleEnd() {
+        const ScriptedServer server([&](Connection &connection) {
+            while (!connection.readRequest().isEmpty()) {
+                connection.answer("302 Found\r\nLocation: /a");
+            }
+        });
+        QVERIFY(description(get(server)).contains(QStringLiteral("without end")));
+    }
+
+    void anotherServerNeverGetsARequest_data() {
+        QTest::addColumn<QString>("target");
+        QTest::newRow("port") << QStringLiteral("http://127.0.0.1:%1/a");
+        QTest::newRow("host") << QStringLiteral("http://localhost:%1/a");
+        QTest::newRow("scheme") << QStringLiteral("https://127.0.0.1:%1/a");
+        QTest::newRow("no host") << QStringLiteral("file:///etc/passwd?%1");
+    }
+
+    void anotherServerNeverGetsARequest() {
+        QFETCH(QString, target);
+        // It asks for the credential.
+        const ScriptedServer other([](Connection &connection) {
+            connection.readRequest();
+            connection.answer(Challenge);
+        });
+        const QByteArray location = target.arg(other.port()).toLatin1();
+        const ScriptedServer server([&](Connection &connection) {
+            connection.readRequest();
+            connection.answer("302 Found\r\nLocation: " + location);
+        });
+        HttpClient::Options options = hasty();
+        std::atomic<int> questions = 0;
+        options.credential = [&] {
+            ++questions;
+            return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
+        };
+        const Result<Response> result = get(server, options);
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+        QVERIFY(description(result).contains(QString::fromLatin1(location)));
+        QCOMPARE(other.connections(), 0);
+        QCOMPARE(questions, 0);
+    }
+
+    void aChallengeIsAnsweredOnce() {
+        Collected requests;
+        const ScriptedServer server([&](Connection &connection) {
+            QByteArray request;
+            while (!(request = connection.readRequest()).isEmpty()) {
+                requests.add(request);
+                connection.answer(Challenge);
+            }
+        });
+        std::atomic<int> questions = 0;
+        HttpClient::Options options = hasty();
+        options.credential = [&] {
+            ++questions;
+            return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
+        };
+        QCOMPARE(status(get(server, options)), 401);
+        QCOMPARE(questions, 1);
+        QCOMPARE(requests.texts().size(), 2);
+        QVERIFY(!requests.texts().first().contains("Authorization"));
+        QVERIFY(requests.texts().last().contains("Authorization: Basic " +
+                                                 QByteArray("ida:secret").toBase64()));
+    }
+
+    void withoutACredentialAChallengeIsNotAnswered() {
+        std::atomic<int> requests = 0;
+        const ScriptedServer server([&](Connection &connection) {
+            while (!connection.readRequest().isEmpty()) {
+                ++requests;
+                connection.answer(Challenge);
+            }
+        });
+        QCOMPARE(status(get(server)), 401);
+        HttpClient::Options options = hasty();
+        options.credential = [] { return std::nullopt; };
+        QCOMPARE(status(get(server, options)), 401);
+        QCOMPARE(requests, 2);
+    }
+
+    void cookiesAreNotKept() {
+        Collected requests;
+        const ScriptedServer server([&](Connection &connection) {
+            QByteArray request;
+            while (!(request = connection.readRequest()).isEmpty()) {
+                requests.add(request);
+                connection.answer("200 OK\r\nSet-Cookie: a=b");
+            }
+        });
+        HttpClient client(hasty());
+        for (int i = 0; i < 2; ++i) {
+            client.send({.method = "GET", .URL = QUrl(server.URLText({}))}, m_future);
+        }
+        QCOMPARE(requests.texts().size(), 2);
+        QVERIFY(!requests.texts().last().toLower().contains("cookie"));
+    }
+
+    void aTrustedCertificateNeedsNoQuestion() {
+        const TestAuthority authority;
+        const TrustedAuthority trusted(authority);
+        const WebDAVServer server({.authentication = WebDAVServer::Authentication::None,
+                                   .identity = authority.issue(QStringLiteral("DNS:localhost"))});
+        HttpClient::Options options = {};
+        std::atomic<int> questions = 0;
+        options.trusts = [&](const auto &, const auto &) { return ++questions > 0; };
+        HttpClient client(options);
+        QCOMPARE(
+            status(client.send({.method = "OPTIONS", .URL = QUrl(server.URLText({}))}, m_future)),
+            200);
+        QCOMPARE(questions, 0);
+    }
+
+    void anUntrustedCertificateFailsWithTheReason_data() {
+        QTest::addColumn<bool>("isAuthorityTrusted");
+        QTest::addColumn<QString>("names");
+        QTest::addColumn<int>("days");
+        QTest::addColumn<QString>("reason");
+        const QString ours = QStringLiteral("DNS:localhost");
+        QTest::newRow("authority")
+            << false << ours << 1
+            << QStringLiteral("an authority that this computer does not know");
+        QTest::newRow("host") << true << QStringLiteral("DNS:elsewhere.example") << 1
+                              << QStringLiteral("is that of another server");
+        QTest::newRow("expired") << true << ours << -1 << QStringLiteral("has expired");
+    }
+
+    void anUntrustedCertificateFailsWithTheReason() {
+        QFETCH(bool, isAuthorityTrusted);
+        QFETCH(QString, names);
+        QFETCH(int, days);
+        QFETCH(QString, reason);
+        const TestAuthority authority;
+        std::optional<TrustedAuthority> trusted;
+        if (isAuthorityTrusted) {
+            trusted.emplace(authority);
+        }
+        const TestAuthority::Identity identity = authority.issue(names, days);
+        const WebDAVServer server(
+            {.authentication = WebDAVServer::Authentication::None, .identity = identity});
+        QStringList reasons;
+        QByteArray digest;
+        HttpClient::Options options = {};
+        options.trusts = [&](const QSslCertificate &certificate, const QStringList &given) {
+            digest = certificate.digest();
+            reasons = given;
+            return false;
+        };
+        const Result<Response> result = get(server.URLText({}), options);
+        QCOMPARE(code(result), EngineErrorCode::CertificateUntrusted);
+        QVERIFY2(description(result).contains(reason), qPrintable(description(result)));
+        QCOMPARE(reasons.size(), 1);
+        QVERIFY(reasons.first().contains(reason));
+        QCOMPARE(digest, QSslCertificate::fromPath(identity.certificate).value(0).digest());
+        options.trusts = [](const auto &, const auto &) { return true; };
+        QVERIFY(status(get(server.URLText({}), options)) > 0);
+        options.trusts = {};
+        QCOMPARE(code(get(server.URLText({}), options)), EngineErrorCode::CertificateUntrusted);
+    }
+
+    void aServerWithoutTLSIsToldApart() {
+        const WebDAVServer server({.authentication = WebDAVServer::Authentication::None});
+        const Result<Response> result =
+            get(server.URLText({}).replace(QStringLiteral("http:"), QStringLiteral("https:")));
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+        QVERIFY2(description(result).contains(QStringLiteral("No secure connection")),
+                 qPrintable(description(result)));
+    }
+};
+
+VELMORA_TEST(HttpClientTest)
+#include "HttpClientTest.moc"

@@ -1,0 +1,564 @@
+#include <future>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Notes/InboxUUID.h"
+#include "Engine/Stores/WebDAV/WebDAVStore.h"
+#include "Platform/Security/UrlCredentialStorage.h"
+#include "Support/Failure.h"
+#include "Support/PrivateVolume.h"
+#include "Support/ScriptedServer.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+#include "Support/WebDAVServer.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using Authentication = WebDAVServer::Authentication;
+using Connection = ScriptedServer::Connection;
+using Written = BlobStore::Written;
+
+const QString UUID = QStringLiteral("11111111-1111-4111-8111-111111111111");
+const QString WebDAVBlob = QStringLiteral("transactions/%1/1-a").arg(UUID);
+const QString Package = QStringLiteral("Trip%20%26%20more.qvSyncStore");
+constexpr HttpClient::Timeouts Hasty = {.idle = 300ms, .total = 2s};
+
+std::shared_ptr<WebDAVStore> storeAt(const QString &URLText) {
+    const auto location = std::make_shared<EngineSyncLocation>(Url::fromString(URLText));
+    return std::make_shared<WebDAVStore>(location, location->identifier(), Hasty);
+}
+
+UrlProtectionSpace space(const QString &URLText, const QString &method) {
+    const Url URL = Url::fromString(URLText);
+    return {URL.host(), URL.port().value_or(0), URL.scheme(), {}, method};
+}
+
+QByteArray multiStatus(const QByteArray &responses) {
+    return "<?xml version=\"1.0\"?><D:multistatus xmlns:D=\"DAV:\">" + responses +
+           "</D:multistatus>";
+}
+
+QByteArray folderResponse(const QByteArray &href) {
+    return "<D:response><D:href>" + href +
+           "</D:href><D:propstat><D:prop><D:resourcetype><D:collection/></D:resourcetype></D:prop>"
+           "<D:status>HTTP/1.1 200 OK</D:status></D:propstat></D:response>";
+}
+
+/// A server that answers every request alike.
+ScriptedServer::Script always(const QByteArray &statusAndHeaders, const QByteArray &body = {}) {
+    return [=](Connection &connection) {
+        while (!connection.readRequest().isEmpty()) {
+            connection.answer(statusAndHeaders, body);
+        }
+    };
+}
+
+}  // namespace
+
+/// The store over Apache's WebDAV module, and over servers that misbehave.
+class WebDAVStoreTest : public QObject {
+    Q_OBJECT
+private:
+    std::unique_ptr<WebDAVServer> m_server;
+    std::shared_ptr<WebDAVStore> m_store;
+    EngineFuture m_future;
+
+    /// A server with the right password stored, and the store of a package that is not there yet.
+    void start(WebDAVServer::Options options) {
+        m_server = std::make_unique<WebDAVServer>(std::move(options));
+        m_server->storePassword();
+        m_store = storeAt(m_server->URLText(Package));
+    }
+    QString file(const QString &name) const {
+        return m_server->folder() + QStringLiteral("/Trip & more.qvSyncStore") +
+               (name.isEmpty() ? name : u'/' + name);
+    }
+    QString server() const { return QStringLiteral("localhost:%1").arg(m_server->port()); }
+    std::optional<Error> open(const QString &URLText) { return storeAt(URLText)->open(m_future); }
+    std::optional<Error> open(const ScriptedServer &scripted) {
+        return open(scripted.URLText(QStringLiteral("s.qvSyncStore")));
+    }
+    Result<QByteArray> read(const QString &name, qint64 limit = 1000) {
+        return m_store->read(name, limit, m_future);
+    }
+    Result<Written> write(const QString &name, const QByteArray &contents) {
+        return m_store->writeIfAbsent(name, contents, m_future);
+    }
+    Result<QStringList> list(const QString &folder) { return m_store->list(folder, m_future); }
+
+private Q_SLOTS:
+    void cleanup() {
+        m_store.reset();
+        m_server.reset();
+    }
+
+    void everyAuthenticationServesAllOperations_data() {
+        QTest::addColumn<Authentication>("authentication");
+        QTest::newRow("none") << Authentication::None;
+        QTest::newRow("Basic") << Authentication::Basic;
+        QTest::newRow("Digest") << Authentication::Digest;
+    }
+
+    void everyAuthenticationServesAllOperations() {
+        QFETCH(Authentication, authentication);
+        start({.authentication = authentication});
+        QCOMPARE(description(m_store->open(m_future)), QString());
+        QVERIFY(QFileInfo(file(QStringLiteral("databases"))).isDir());
+        QVERIFY(QFileInfo(file(QStringLiteral("transactions"))).isDir());
+        const QByteArray contents("\0\xff and more", 11);
+        QCOMPARE(write(WebDAVBlob, contents), Result<Written>(Written::New));
+        QCOMPARE(read(WebDAVBlob), Result<QByteArray>(contents));
+        QCOMPARE(list(QStringLiteral("transactions")), Result<QStringList>(QStringList(UUID)));
+        QCOMPARE(list(WebDAVBlob.section(u'/', 0, 1)),
+                 Result<QStringList>(QStringList(QStringLiteral("1-a"))));
+        QCOMPARE(m_store->remove(WebDAVBlob, m_future), std::nullopt);
+        QCOMPARE(code(read(WebDAVBlob)), EngineErrorCode::BlobMissing);
+        QCOMPARE(m_store->remove(WebDAVBlob, m_future), std::nullopt);
+        QCOMPARE(list(WebDAVBlob.section(u'/', 0, 1)), Result<QStringList>(QStringList()));
+    }
+
+    void aLargeBlobMayBeTheFirstRequest() {
+        start({.authentication = Authentication::Digest});
+        QCOMPARE(open(m_server->URLText(Package)), std::nullopt);
+        const QByteArray contents(3 << 20, 'x');
+        QCOMPARE(write(WebDAVBlob, contents), Result<Written>(Written::New));
+        QCOMPARE(read(WebDAVBlob, contents.size()), Result<QByteArray>(contents));
+        QCOMPARE(code(read(WebDAVBlob, contents.size() - 1)), EngineErrorCode::BlobRefused);
+        QVERIFY(description(read(WebDAVBlob)).contains(QStringLiteral("too long")));
+    }
+
+    void aBlobIsNeverWrittenOver() {
+        start({});
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+        std::vector<std::future<Result<Written>>> writers;
+        for (int i = 0; i < 6; ++i) {
+            writers.push_back(std::async(std::launch::async, [this, i] {
+                return write(WebDAVBlob, QByteArray(900, static_cast<char>('a' + i)));
+            }));
+        }
+        for (std::future<Result<Written>> &writer : writers) {
+            const Result<Written> result = writer.get();
+            QVERIFY2(!errorOf(result), qPrintable(description(result)));
+        }
+        const auto first = std::get<QByteArray>(read(WebDAVBlob));
+        QCOMPARE(first, QByteArray(900, first.front()));
+        QCOMPARE(write(WebDAVBlob, "late"), Result<Written>(Written::AlreadyThere));
+        QCOMPARE(read(WebDAVBlob), Result<QByteArray>(first));
+    }
+
+    void anyNameComesBackAsItWas() {
+        start({});
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+        const QStringList names = {QStringLiteral("% 100%25"), QStringLiteral("a b"),
+                                   QStringLiteral("a&b=c?d#e;f+g"), QStringLiteral("Grüße €"),
+                                   QStringLiteral("~(x)'\"!*@:,$[]<y>")};
+        for (const QString &name : names) {
+            const QString path = QStringLiteral("transactions/") + name + u'/' + name;
+            QCOMPARE(write(path, name.toUtf8()), Result<Written>(Written::New));
+            QCOMPARE(read(path), Result<QByteArray>(name.toUtf8()));
+            QVERIFY(QFileInfo(file(path)).isFile());
+            QCOMPARE(list(QStringLiteral("transactions/") + name),
+                     Result<QStringList>(QStringList(name)));
+        }
+        QStringList sorted = names;
+        sorted.sort();
+        QCOMPARE(list(QStringLiteral("transactions")), Result<QStringList>(sorted));
+    }
+
+    void theRecordsOfDatabasesAreFetched() {
+        start({});
+        const QString record = QStringLiteral("{\"uuid\":\"%1\",\"name\":\"%2\",\"version\":1}");
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+        write(QStringLiteral("databases/%1.json").arg(UUID),
+              record.arg(UUID, QStringLiteral("Rezepte für Ida")).toUtf8());
+        write(QStringLiteral("databases/@inbox.json"),
+              record.arg(InboxUUID, QStringLiteral("Inbox")).toUtf8());
+        write(QStringLiteral("databases/x.json"), "{}");
+        std::promise<std::optional<Error>> opened;
+        m_store->openWithCompletionHandler([&](const auto &error) { opened.set_value(error); });
+        QCOMPARE(opened.get_future().get(), std::nullopt);
+        std::promise<QStringList> names;
+        std::promise<QString> problem;
+        m_store->fetchDatabasesWithCompletionHandler([&](const auto &databases, const auto &error) {
+            QStringList found;
+            for (const auto &database : databases.value_or(QVRemoteDatabases())) {
+                found.append(database->UUID() + u'=' + database->metadata()->name());
+            }
+            names.set_value(found);
+            problem.set_value(description(error));
+        });
+        QCOMPARE(names.get_future().get(), QStringList({UUID + QStringLiteral("=Rezepte für Ida"),
+                                                        QStringLiteral("@inbox=Inbox")}));
+        QVERIFY(
+            problem.get_future().get().contains(QStringLiteral("databases/x.json” is damaged")));
+    }
+
+    void aLocationOfAWebAddressHasThisStore() {
+        for (const char *text : {"http://@h/s.qvSyncStore", "https://ida@h:81/a/s.qvSyncStore"}) {
+            const auto location =
+                std::make_shared<EngineSyncLocation>(Url::fromString(QString::fromLatin1(text)));
+            QVERIFY(std::dynamic_pointer_cast<WebDAVStore>(location->createStore()));
+        }
+    }
+
+    void openingTwiceFindsThePackage() {
+        start({});
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+        write(WebDAVBlob, "x");
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+        QCOMPARE(read(WebDAVBlob), Result<QByteArray>(QByteArray("x")));
+    }
+
+    void anEmptyOrHalfMadePackageIsCompleted() {
+        start({.authentication = Authentication::None});
+        QVERIFY(QDir().mkdir(file({})));
+        QVERIFY(QFile::setPermissions(file({}), QFileDevice::Permissions(0x7777)));
+        QCOMPARE(description(m_store->open(m_future)), QString());
+        QVERIFY(QFileInfo(file(QStringLiteral("databases"))).isDir());
+        QVERIFY(QDir().rmdir(file(QStringLiteral("databases"))));
+        QCOMPARE(description(m_store->open(m_future)), QString());
+        QVERIFY(QFileInfo(file(QStringLiteral("databases"))).isDir());
+    }
+
+    void whatIsNoStoreIsNotMadeOne() {
+        start({.authentication = Authentication::None});
+        QVERIFY(QDir().mkpath(file(QStringLiteral("holiday pictures"))));
+        QVERIFY(description(m_store->open(m_future))
+                    .endsWith(QStringLiteral("/Trip & more.qvSyncStore” is not a sync store.")));
+        QFile plain(m_server->folder() + QStringLiteral("/plain.qvSyncStore"));
+        QVERIFY(plain.open(QIODevice::WriteOnly));
+        QVERIFY(open(m_server->URLText(QStringLiteral("plain.qvSyncStore"))));
+        QVERIFY(description(open(m_server->URLText(QStringLiteral("folder"))))
+                    .contains(QStringLiteral("is not a sync store")));
+        QVERIFY(!QFileInfo::exists(m_server->folder() + QStringLiteral("/folder")));
+    }
+
+    // What a person reads must tell these apart.
+
+    void aWrongPasswordIsToldApart_data() { everyAuthenticationServesAllOperations_data(); }
+
+    void aWrongPasswordIsToldApart() {
+        QFETCH(Authentication, authentication);
+        start({.authentication = authentication});
+        m_server->storePassword(QStringLiteral("wrong"));
+        const std::optional<Error> error = m_store->open(m_future);
+        if (authentication == Authentication::None) {
+            QCOMPARE(error, std::nullopt);
+            return;
+        }
+        QCOMPARE(code(error), EngineErrorCode::AccessDenied);
+        QCOMPARE(description(error),
+                 QStringLiteral("The server “%1” does not accept this user name and password.")
+                     .arg(server()));
+        m_server->storePassword();
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+    }
+
+    void aMissingPasswordIsToldApart() {
+        start({});
+        const std::optional<Error> error =
+            open(m_server->URLText(Package, QStringLiteral("somebody")));
+        QCOMPARE(code(error), EngineErrorCode::AccessDenied);
+        QCOMPARE(description(error),
+                 QStringLiteral(
+                     "The server “%1” asks for a password, and none is stored for this location.")
+                     .arg(server()));
+    }
+
+    void aMissingFolderIsToldApart() {
+        start({});
+        const std::optional<Error> error =
+            open(m_server->URLText(QStringLiteral("no%20such/folder/s.qvSyncStore")));
+        QCOMPARE(code(error), EngineErrorCode::StoreUnreachable);
+        QCOMPARE(description(error),
+                 QStringLiteral("The folder “http://%1/dav/no such/folder” is not there on the "
+                                "server.")
+                     .arg(server()));
+    }
+
+    void aServerThatIsNotThereIsToldApart() {
+        start({});
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+        m_server->stop();
+        const std::optional<Error> error = m_store->open(m_future);
+        QCOMPARE(code(error), EngineErrorCode::StoreUnreachable);
+        QCOMPARE(description(error),
+                 QStringLiteral("The server “%1” cannot be reached: nothing answers at this port.")
+                     .arg(server()));
+        m_server->start();
+        QCOMPARE(description(m_store->open(m_future)), QString());
+    }
+
+    void aFolderThatIsNotAllowedIsToldApart() {
+        start({});
+        const std::optional<Error> error =
+            open(m_server->URLText(QStringLiteral("forbidden/s.qvSyncStore")));
+        QCOMPARE(code(error), EngineErrorCode::AccessDenied);
+        QCOMPARE(description(error), QStringLiteral("The server does not allow you to use "
+                                                    "“http://%1/dav/forbidden/s.qvSyncStore”.")
+                                         .arg(server()));
+    }
+
+    void aReadOnlyStoreCanBeReadOnly() {
+        start({});
+        const QString package = m_server->folder() + QStringLiteral("/read-only/s.qvSyncStore");
+        QVERIFY(QDir().mkpath(package + QStringLiteral("/databases")));
+        QVERIFY(QDir().mkpath(package + QStringLiteral("/transactions")));
+        m_store = storeAt(m_server->URLText(QStringLiteral("read-only/s.qvSyncStore")));
+        QCOMPARE(description(m_store->open(m_future)), QString());
+        QCOMPARE(list(QStringLiteral("databases")), Result<QStringList>(QStringList()));
+        QCOMPARE(code(write(WebDAVBlob, "x")), EngineErrorCode::AccessDenied);
+        QCOMPARE(code(m_store->remove(WebDAVBlob, m_future)), EngineErrorCode::AccessDenied);
+        const std::optional<Error> error =
+            open(m_server->URLText(QStringLiteral("read-only/new.qvSyncStore")));
+        QCOMPARE(code(error), EngineErrorCode::AccessDenied);
+    }
+
+    void aFullServerIsToldApart() {
+        const QTemporaryDir folder;
+        const PrivateVolume volume(folder.path(), 256 * 1024);
+        start({.folder = folder.path()});
+        QCOMPARE(description(m_store->open(m_future)), QString());
+        const Result<Written> result = write(WebDAVBlob, QByteArray(1 << 20, 'x'));
+        QCOMPARE(code(result), EngineErrorCode::StoreFull);
+        QCOMPARE(description(result), QStringLiteral("The server “%1” is full.").arg(server()));
+        QCOMPARE(code(read(WebDAVBlob)), EngineErrorCode::BlobMissing);
+        QCOMPARE(write(WebDAVBlob, "x"), Result<Written>(Written::New));
+    }
+
+    void aServerWithoutWebDAVIsToldApart() {
+        start({});
+        const QString text = QStringLiteral("http://ida@%1/s.qvSyncStore").arg(server());
+        QCOMPARE(
+            description(open(text)),
+            QStringLiteral("The server “%1” is no WebDAV server at this address.").arg(server()));
+        const ScriptedServer web(always("200 OK", "<html>Hello</html>"));
+        QVERIFY(description(open(web)).contains(QStringLiteral("is no WebDAV server")));
+    }
+
+    void otherAnswersAreToldApart_data() {
+        QTest::addColumn<QByteArray>("status");
+        QTest::addColumn<QString>("words");
+        QTest::newRow("429") << QByteArray("429 Too Many Requests")
+                             << QStringLiteral("is busy. Try again later.");
+        QTest::newRow("503") << QByteArray("503 Service Unavailable")
+                             << QStringLiteral("is busy. Try again later.");
+        QTest::newRow("500") << QByteArray("500 Internal Server Error")
+                             << QStringLiteral("has a problem of its own (HTTP 500)");
+        QTest::newRow("507") << QByteArray("507 Insufficient Storage") << QStringLiteral("is full");
+        QTest::newRow("413") << QByteArray("413 Content Too Large")
+                             << QStringLiteral("is larger than the server accepts");
+        QTest::newRow("423") << QByteArray("423 Locked") << QStringLiteral("is locked");
+        QTest::newRow("400") << QByteArray("400 Bad Request")
+                             << QStringLiteral("is not expected (HTTP 400)");
+        QTest::newRow("elsewhere") << QByteArray("302 Found\r\nLocation: http://other.example/")
+                                   << QStringLiteral("points to “http://other.example/”");
+    }
+
+    void otherAnswersAreToldApart() {
+        QFETCH(QByteArray, status);
+        QFETCH(QString, words);
+        const ScriptedServer scripted(always(status));
+        m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
+        for (const QString &text :
+             {description(m_store->open(m_future)), description(read(WebDAVBlob)),
+              description(write(WebDAVBlob, "x")), description(list(QStringLiteral("databases"))),
+              description(m_store->remove(WebDAVBlob, m_future))}) {
+            QVERIFY2(text.contains(words), qPrintable(text));
+        }
+    }
+
+    void aServerThatStallsIsGivenUpOrCancelled() {
+        EngineFuture future;
+        const ScriptedServer scripted([&](Connection &connection) {
+            connection.readRequest();
+            connection.waitUntilClosed();
+        });
+        QVERIFY(description(open(scripted)).contains(QStringLiteral("does not answer")));
+        const ScriptedServer cancelling([&](Connection &connection) {
+            connection.readRequest();
+            future.cancel();
+            connection.waitUntilClosed();
+        });
+        const auto store = storeAt(cancelling.URLText(QStringLiteral("s.qvSyncStore")));
+        QCOMPARE(code(store->open(future)), EngineErrorCode::Cancelled);
+    }
+
+    void aListingThatIsNoneIsNotUnderstood_data() {
+        const QByteArray self = folderResponse("/s.qvSyncStore/databases/");
+        QTest::addColumn<QByteArray>("document");
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("no XML") << QByteArray("Hello");
+        QTest::newRow("another document") << QByteArray("<html xmlns=\"DAV:\"/>");
+        QTest::newRow("another namespace") << QByteArray("<multistatus xmlns=\"x\"/>");
+        QTest::newRow("cut short") << multiStatus(self).chopped(20);
+        QTest::newRow("two documents") << multiStatus(self) + multiStatus(self);
+        QTest::newRow("nested deeply")
+            << multiStatus(QByteArray("<a>").repeated(5000) + QByteArray("</a>").repeated(5000));
+        QTest::newRow("document type")
+            << "<!DOCTYPE multistatus [<!ENTITY a \"aaaa\"><!ENTITY b \"&a;&a;&a;&a;\">]>" +
+                   multiStatus(folderResponse("/s.qvSyncStore/databases/&b;"))
+                       .replace("<?xml version=\"1.0\"?>", "");
+        QTest::newRow("unknown entity")
+            << multiStatus(folderResponse("/s.qvSyncStore/databases/&b;"));
+        for (const char *href :
+             {"/elsewhere/x", "/s.qvSyncStore/", "/s.qvSyncStore/transactions/x",
+              "/s.qvSyncStore/databases/a/b", "/s.qvSyncStore/databases/../x", "..",
+              "http://other.example/s.qvSyncStore/x", "//s.qvSyncStore/databases/x"}) {
+            QTest::newRow(href) << multiStatus(self + folderResponse(href));
+        }
+    }
+
+    void aListingThatIsNoneIsNotUnderstood() {
+        QFETCH(QByteArray, document);
+        const ScriptedServer scripted(always("207 Multi-Status", document));
+        m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
+        const Result<QStringList> result = list(QStringLiteral("databases"));
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+        QVERIFY2(description(result).contains(QStringLiteral("is not understood")),
+                 qPrintable(description(result)));
+    }
+
+    void namesInAListingAreReadInAllTheirForms() {
+        const ScriptedServer scripted(
+            always("207 Multi-Status",
+                   multiStatus(folderResponse("http://proxied.example/%73.qvSyncStore/databases") +
+                               folderResponse("/s.qvSyncStore/databases/plain") +
+                               folderResponse("/s.qvSyncStore/databases/Gr%C3%BC%c3%9fe%20x/") +
+                               folderResponse("\n  plain2\n") +
+                               folderResponse("/s.qvSyncStore/databases/a%2Fb") +
+                               folderResponse("/s.qvSyncStore/databases/..%2F..%2Fsecret") +
+                               folderResponse("/s.qvSyncStore/databases/%0Abreak") +
+                               folderResponse("/s.qvSyncStore/databases/.hidden") +
+                               folderResponse("/s.qvSyncStore/databases/plain"))));
+        m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
+        QCOMPARE(
+            list(QStringLiteral("databases")),
+            Result<QStringList>(QStringList(
+                {QStringLiteral("Grüße x"), QStringLiteral("plain"), QStringLiteral("plain2")})));
+    }
+
+    void aPlainFileInPlaceOfAFolderIsRefused() {
+        start({});
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+        write(WebDAVBlob, "x");
+        QVERIFY(errorOf(list(WebDAVBlob)));
+        const ScriptedServer scripted(always(
+            "207 Multi-Status",
+            multiStatus("<D:response><D:href>/s.qvSyncStore/databases</D:href></D:response>")));
+        m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
+        QCOMPARE(code(list(QStringLiteral("databases"))), EngineErrorCode::BlobRefused);
+    }
+
+    void anEndlessListingIsCutOff() {
+        const QByteArray part = folderResponse("/s.qvSyncStore/databases/x").repeated(5000);
+        const ScriptedServer scripted([&](Connection &connection) {
+            connection.readRequest();
+            connection.send("HTTP/1.1 207 Multi-Status\r\n\r\n<multistatus xmlns=\"DAV:\">");
+            while (connection.isOpen()) {
+                connection.send(part);
+            }
+        });
+        const auto location = std::make_shared<EngineSyncLocation>(
+            Url::fromString(scripted.URLText(QStringLiteral("s.qvSyncStore"))));
+        m_store = std::make_shared<WebDAVStore>(location, location->identifier());
+        const Result<QStringList> result = list(QStringLiteral("databases"));
+        QVERIFY(description(result).contains(QStringLiteral("is too long")));
+    }
+
+    void aBlobOfUnknownLengthIsNotBelieved() {
+        const ScriptedServer scripted([](Connection &connection) {
+            connection.readRequest();
+            connection.send(
+                "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n4\r\nhalf\r\n0\r\n\r\n");
+            connection.waitUntilClosed();
+        });
+        m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
+        QVERIFY(description(read(WebDAVBlob)).contains(QStringLiteral("is not understood")));
+    }
+
+    void aWriteWhoseAnswerIsLostIsFoundByTheNextTry() {
+        start({.authentication = Authentication::None});
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+        std::atomic<bool> isLosingAnswers = true;
+        const ScriptedServer relay([&](Connection &connection) {
+            QByteArray request;
+            while (!(request = connection.readRequest()).isEmpty()) {
+                QTcpSocket apache;
+                apache.connectToHost(QHostAddress::LocalHost, m_server->port());
+                apache.write(request.replace("Connection: Keep-Alive", "Connection: close"));
+                QByteArray answer;
+                while (apache.waitForReadyRead()) {
+                    answer += apache.readAll();
+                }
+                if (isLosingAnswers) {
+                    return;
+                }
+                connection.send(answer);
+            }
+        });
+        m_store = storeAt(relay.URLText(QStringLiteral("dav/") + Package));
+        const QByteArray contents(1 << 20, 'x');
+        QCOMPARE(code(write(QStringLiteral("databases/x"), contents)),
+                 EngineErrorCode::StoreUnreachable);
+        isLosingAnswers = false;
+        QCOMPARE(write(QStringLiteral("databases/x"), contents),
+                 Result<Written>(Written::AlreadyThere));
+        QCOMPARE(read(QStringLiteral("databases/x"), contents.size()),
+                 Result<QByteArray>(contents));
+    }
+
+    void anInterruptedWriteLeavesNothingUnderTheName() {
+        start({.authentication = Authentication::None});
+        QCOMPARE(m_store->open(m_future), std::nullopt);
+        QTcpSocket socket;
+        socket.connectToHost(QHostAddress::LocalHost, m_server->port());
+        socket.write("PUT /dav/" + Package.toLatin1() +
+                     "/databases/x HTTP/1.1\r\nHost: localhost\r\nIf-None-Match: *\r\n"
+                     "Content-Length: 1000000\r\n\r\n" +
+                     QByteArray(500000, 'x'));
+        while (socket.bytesToWrite() > 0) {
+            QVERIFY(socket.waitForBytesWritten());
+        }
+        // Apache keeps what has come under a hidden name until it has all.
+        QTRY_VERIFY(!QDir(file(QStringLiteral("databases")))
+                         .isEmpty(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot));
+        socket.disconnectFromHost();
+        QCOMPARE(code(read(QStringLiteral("databases/x"))), EngineErrorCode::BlobMissing);
+        QCOMPARE(list(QStringLiteral("databases")), Result<QStringList>(QStringList()));
+        QCOMPARE(write(QStringLiteral("databases/x"), "whole"), Result<Written>(Written::New));
+        QCOMPARE(read(QStringLiteral("databases/x")), Result<QByteArray>(QByteArray("whole")));
+    }
+
+    // Which credential is used.
+
+    void theCredentialMayBeThatOfTheDigestSpace() {
+        start({});
+        const QString URLText = m_server->URLText(Package, QStringLiteral("other"));
+        UrlCredentialStorage::shared().setDefaultCredentialForProtectionSpace(
+            {WebDAVServer::User, WebDAVServer::Password, UrlCredential::Persistence::ForSession},
+            space(URLText, UrlAuthenticationMethodHttpDigest));
+        QCOMPARE(description(open(URLText)), QString());
+    }
+
+    void withoutAUserTheDefaultCredentialIsUsed() {
+        start({});
+        const QString URLText = m_server->URLText(Package, {});
+        QVERIFY(URLText.contains(QStringLiteral("://@localhost")));
+        QVERIFY(description(open(URLText)).contains(QStringLiteral("none is stored")));
+        UrlCredentialStorage::shared().setDefaultCredentialForProtectionSpace(
+            {WebDAVServer::User, WebDAVServer::Password, UrlCredential::Persistence::ForSession},
+            space(URLText, UrlAuthenticationMethodHttpBasic));
+        QCOMPARE(description(open(URLText)), QString());
+    }
+};
+
+VELMORA_TEST_PROGRAM(WebDAVStoreTest)(int argumentCount, char **arguments) {
+    enterPrivateMounts();
+    prepareTestProcess();
+    QApplication application(argumentCount, arguments);
+    WebDAVStoreTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
+#include "WebDAVStoreTest.moc"

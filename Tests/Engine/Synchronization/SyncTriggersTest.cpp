@@ -1,0 +1,85 @@
+#include "Engine/Schedules/EngineDailySchedule.h"
+#include "Engine/Schedules/EngineHourlySchedule.h"
+#include "Engine/Schedules/EngineSchedule.h"
+#include "Host/Notifications.h"
+#include "Platform/Foundation/NotificationCenter.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+class SyncTriggersTest : public QObject {
+    Q_OBJECT
+private:
+    std::unique_ptr<TestHost> m_host;
+    QList<QObject *> m_fired;
+
+    /// The state of a new database.
+    std::shared_ptr<QVSyncState> scheduled(const QVSyncSchedulePtr &schedule) {
+        const auto state =
+            m_host->addState(m_host->addLocation(), m_host->addDatabase(QStringLiteral("Plans")));
+        state->setEnabled(true);
+        state->setSchedule(schedule);
+        return state;
+    }
+    void look(const QDate &date, const QTime &time) {
+        m_fired.clear();
+        m_host->engine().triggers().look(QDateTime(date, time));
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        NotificationCenter::defaultCenter().addObserver(
+            this, QVSyncScheduleDidFireNotification,
+            [this](const Notification &notification) { m_fired.append(notification.object); });
+    }
+    void cleanup() {
+        NotificationCenter::defaultCenter().removeObserver(this);
+        m_host.reset();
+    }
+
+    void aScheduleThatFiresIsPostedAndSynchronizes() {
+        const auto state = scheduled(std::make_shared<EngineHourlySchedule>(15));
+        const QDate date(2030, 3, 4);
+        look(date, QTime(10, 0));
+        look(date, QTime(10, 14, 59));
+        QVERIFY(m_fired.isEmpty());
+        look(date, QTime(10, 15));
+        QCOMPARE(m_fired, QList<QObject *>{state.get()});
+        look(date, QTime(10, 16));
+        QVERIFY(m_fired.isEmpty());
+        QTRY_VERIFY(state->lastSynced().isValid());
+    }
+
+    void whatWasSleptThroughFiresOnce() {
+        const auto state = scheduled(std::make_shared<EngineDailySchedule>(HourAndMinute{3, 0}));
+        look(QDate(2030, 3, 4), QTime(22, 0));
+        look(QDate(2030, 3, 9), QTime(7, 30));
+        QCOMPARE(m_fired, QList<QObject *>{state.get()});
+        look(QDate(2030, 3, 9), QTime(7, 31));
+        QVERIFY(m_fired.isEmpty());
+    }
+
+    void aClockSetBackFiresNothingUntilItsTimeComesAgain() {
+        const auto state = scheduled(std::make_shared<EngineDailySchedule>(HourAndMinute{12, 0}));
+        const QDate date(2030, 3, 4);
+        look(date, QTime(13, 0));
+        look(date, QTime(11, 0));
+        QVERIFY(m_fired.isEmpty());
+        look(date, QTime(11, 59));
+        QVERIFY(m_fired.isEmpty());
+        look(date, QTime(12, 0));
+        QCOMPARE(m_fired, QList<QObject *>{state.get()});
+    }
+
+    void whatIsDisabledOrNeverFiresIsLeftAlone() {
+        scheduled(std::make_shared<EngineHourlySchedule>(0))->setEnabled(false);
+        scheduled(std::make_shared<EngineSchedule>());
+        scheduled(nullptr);
+        look(QDate(2030, 3, 4), QTime(10, 30));
+        look(QDate(2030, 3, 4), QTime(11, 30));
+        QVERIFY(m_fired.isEmpty());
+    }
+};
+
+VELMORA_TEST(SyncTriggersTest)
+#include "SyncTriggersTest.moc"
