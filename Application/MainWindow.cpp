@@ -9,12 +9,12 @@
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QToolBar>
 
+#include "Application/Interface/NoteLibrary.h"
 #include "Application/LogWindow.h"
 #include "Application/NotesView.h"
 #include "Application/PlugIns.h"
 #include "Application/PreferencesWindow.h"
 #include "Application/PresentIfAny.h"
-#include "Host/NoteLibrary.h"
 
 namespace {
 

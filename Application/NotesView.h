@@ -4,7 +4,7 @@
 #include <QtWidgets/QWidget>
 #include <memory>
 
-#include "Host/NoteDatabase.h"
+#include "Application/Interface/NoteDatabase.h"
 
 class QLineEdit;
 class QListWidget;

@@ -3,7 +3,7 @@
 #include <QtCore/QJsonObject>
 #include <optional>
 
-#include "Host/SyncPlugIn.h"
+#include "Application/Interface/SyncPlugIn.h"
 #include "Platform/Interface/PreferencePane.h"
 
 /// The two plug-ins beside the program, each loaded once and kept. Main thread.

@@ -2,7 +2,7 @@
 
 #include <QtCore/QJsonArray>
 
-#include "Host/NoteLibrary.h"
+#include "Application/Interface/NoteLibrary.h"
 #include "Host/QVHourlySchedule.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationFormatter.h"

@@ -5,7 +5,7 @@
 #include <QtWidgets/QStyleFactory>
 #include <cstdio>
 
-#include "Host/NoteLibrary.h"
+#include "Application/Interface/NoteLibrary.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Platform/Security/SecretStore.h"
@@ -13,6 +13,7 @@
 VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
     : QApplication(argumentCount, arguments) {
     setNSApp(this);
+    QuestionPresenter::setShared(this);
     NotificationCenter::defaultCenter().addObserver(
         this, SecretsNotKeptNotification, [this](const Notification & /*notification*/) {
             presentError(SecretStore::shared().error().value_or(Error()));
@@ -20,6 +21,7 @@ VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
 }
 
 VelmoraApplication::~VelmoraApplication() {
+    QuestionPresenter::setShared(nullptr);
     setNSApp(nullptr);
 }
 

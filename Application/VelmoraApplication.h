@@ -3,6 +3,7 @@
 #include <QtWidgets/QApplication>
 
 #include "Application/EventLog.h"
+#include "Application/Interface/QuestionPresenter.h"
 #include "Host/QVApplication.h"
 
 class NoteLibrary;
@@ -10,7 +11,7 @@ class NoteLibrary;
 /// The application object. Errors and assertion failures end here in words: in a message box, or,
 /// while the program does its work without windows, on standard error. So does, once, that
 /// passwords cannot be saved.
-class VelmoraApplication : public QApplication, public QVApplication {
+class VelmoraApplication : public QApplication, public QVApplication, public QuestionPresenter {
     Q_OBJECT
 public:
     VelmoraApplication(int &argumentCount, char **arguments);

@@ -37,7 +37,6 @@ public:
     }
     void logItemCmd(const QString & /*title*/, const QString & /*info*/) override {}
     void presentError(const Error & /*error*/) override {}
-    void ask(const Question & /*question*/, std::function<void(bool)> /*handler*/) override {}
 
 private:
     QTemporaryDir m_folder;

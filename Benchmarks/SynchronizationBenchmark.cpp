@@ -63,7 +63,6 @@ public:
     std::shared_ptr<QVDatabase> inbox() const override { return nullptr; }
     void logItemCmd(const QString & /*title*/, const QString & /*info*/) override {}
     void presentError(const Error & /*error*/) override {}
-    void ask(const Question & /*question*/, std::function<void(bool)> /*handler*/) override {}
 
 private:
     static void require(const std::optional<Error> &error) {

@@ -1,5 +1,3 @@
-#include "Host/NoteDatabase.h"
-#include "Host/NoteLibrary.h"
 #include "Host/PZDropboxAccountInfo.h"
 #include "Host/PZFuture.h"
 #include "Host/QVApplication.h"
@@ -19,8 +17,6 @@
 #include "Host/QVWeeklySchedule.h"
 
 // Here, so that each class has one home for its type information, which plug-ins compare.
-NoteDatabase::~NoteDatabase() = default;
-NoteLibrary::~NoteLibrary() = default;
 PZDropboxAccountInfo::~PZDropboxAccountInfo() = default;
 PZFuture::~PZFuture() = default;
 QVApplication::~QVApplication() = default;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QtCore/QString>
-#include <functional>
 #include <memory>
 
 #include "Host/HostExport.h"
@@ -9,36 +8,24 @@
 
 class QVDatabase;
 
-/// What the person is asked. A value.
-struct Question {
-    /// The question, as a whole sentence.
-    QString text;
-    /// What helps to answer it; plain text, may have several lines.
-    QString details;
-    /// The titles of the two buttons.
-    QString acceptTitle;
-    QString refuseTitle;
-};
-
-/// The application object of the process. Main thread.
+/// The application object of the process. Must be used on the main thread.
 class HOST_EXPORT QVApplication {
 public:
     virtual ~QVApplication();
 
-    /// The inbox of the profile; nullptr only while no profile is open.
+    /// Returns the inbox of the profile; nullptr only while no profile is open.
     virtual std::shared_ptr<QVDatabase> inbox() const = 0;
-    /// Appends an entry to the log that the person can open.
+    /// Appends an entry to the log that the user can open. `title` names the source, `info` says
+    /// what happened.
     virtual void logItemCmd(const QString &title, const QString &info) = 0;
-    /// Shows `error` to the person and returns at once or when it was dismissed.
+    /// Shows `error` to the user. Returns at once or after the user has dismissed it.
     virtual void presentError(const Error &error) = 0;
-    /// Asks the person and returns at once. `handler` is called once, later, with whether they
-    /// accepted; closing the question refuses it.
-    virtual void ask(const Question &question, std::function<void(bool accepted)> handler) = 0;
 };
 
-/// The application object, which is there while anything of the plug-ins runs.
+/// Returns the application object, not owned; nullptr before the application has started and after
+/// it has ended. It exists while any code of the plug-ins runs.
 HOST_EXPORT QVApplication *NSApp();
 
-/// Makes `application` the application object; nullptr when it goes. Called by the application
-/// only.
+/// Makes `application`, which is not owned, the application object; nullptr when it ends. Called by
+/// the application only.
 HOST_EXPORT void setNSApp(QVApplication *application);

@@ -3,6 +3,7 @@
 #include <limits>
 #include <utility>
 
+#include "Application/Interface/QuestionPresenter.h"
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionClients.h"
 #include "Engine/DirectConnection/DirectConnectionHook.h"
@@ -169,8 +170,8 @@ void DirectConnectionServer::askFor(const DirectConnectionPairing &client) {
                 listener, [=] { listener->decide(isAccepted); }, Qt::QueuedConnection);
         }
     };
-    if (QVApplication *application = NSApp()) {
-        application->ask(questionFor(client), decide);
+    if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
+        presenter->ask(questionFor(client), decide);
     } else {
         decide(false);
     }

@@ -28,8 +28,8 @@ struct PersonsAnswer::State {
 
 PersonsAnswer::PersonsAnswer(const Question &question) : m_state(std::make_shared<State>()) {
     MainThreadQueue::post([question, state = m_state] {
-        if (QVApplication *application = NSApp()) {
-            application->ask(question, [state](bool isAccepted) { state->set(isAccepted); });
+        if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
+            presenter->ask(question, [state](bool isAccepted) { state->set(isAccepted); });
         } else {
             state->set(false);
         }

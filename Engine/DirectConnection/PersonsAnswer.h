@@ -3,8 +3,8 @@
 #include <chrono>
 #include <memory>
 
+#include "Application/Interface/QuestionPresenter.h"
 #include "Host/PZFuture.h"
-#include "Host/QVApplication.h"
 
 /// A question to the person, from a thread that can wait for the answer. Any thread.
 class PersonsAnswer {

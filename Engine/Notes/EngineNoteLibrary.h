@@ -2,8 +2,8 @@
 
 #include <QtCore/QHash>
 
+#include "Application/Interface/NoteLibrary.h"
 #include "Engine/Notes/EngineDatabase.h"
-#include "Host/NoteLibrary.h"
 
 class ProfileDatabase;
 

@@ -2,8 +2,8 @@
 
 #include <QtCore/QSet>
 
+#include "Application/Interface/NoteDatabase.h"
 #include "Engine/Notes/Transaction.h"
-#include "Host/NoteDatabase.h"
 
 class ProfileDatabase;
 class QSqlQuery;

@@ -2,8 +2,8 @@
 
 #include <QtCore/QObject>
 
+#include "Application/Interface/SyncPlugIn.h"
 #include "Engine/Plugin/SyncEngine.h"
-#include "Host/SyncPlugIn.h"
 
 /// The engine as a plug-in.
 class VelmoraSyncPlugIn : public QObject, public SyncPlugIn {

@@ -6,9 +6,11 @@
 
 TestApplication::TestApplication() {
     setNSApp(this);
+    QuestionPresenter::setShared(this);
 }
 
 TestApplication::~TestApplication() {
+    QuestionPresenter::setShared(nullptr);
     setNSApp(nullptr);
 }
 

@@ -2,12 +2,13 @@
 
 #include <QtCore/QList>
 
+#include "Application/Interface/QuestionPresenter.h"
 #include "Host/QVApplication.h"
 
 class SyncEngine;
 
 /// The application object of a test: it keeps what it was told.
-class TestApplication : public QVApplication {
+class TestApplication : public QVApplication, public QuestionPresenter {
 public:
     struct LogEntry {
         QString title;
@@ -15,7 +16,7 @@ public:
         bool operator==(const LogEntry &) const = default;
     };
 
-    /// Becomes NSApp while it exists.
+    /// Becomes NSApp and the shared question presenter while it exists.
     TestApplication();
     ~TestApplication() override;
 

@@ -7,7 +7,7 @@
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTextBrowser>
 
-#include "Host/NoteLibrary.h"
+#include "Application/Interface/NoteLibrary.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"

@@ -3,6 +3,7 @@
 #include <QtCore/QLocale>
 #include <QtNetwork/QSslCertificate>
 
+#include "Application/Interface/QuestionPresenter.h"
 #include "Engine/Foundation/MainThreadQueue.h"
 #include "Host/QVApplication.h"
 #include "Platform/Foundation/Localization.h"
@@ -95,11 +96,13 @@ void CertificateTrust::ask(const QString &location, const QString &server,
         s_current->m_asked.insert(asked);
     }
     MainThreadQueue::post([asked, question = question(server, certificate, reasons)] {
-        NSApp()->ask(question, [asked](bool isAccepted) {
-            if (isAccepted) {
-                accept(asked);
-            }
-        });
+        if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
+            presenter->ask(question, [asked](bool isAccepted) {
+                if (isAccepted) {
+                    accept(asked);
+                }
+            });
+        }
     });
 }
 

@@ -1,9 +1,9 @@
 #include <QtCore/QPluginLoader>
 
+#include "Application/Interface/SyncPlugIn.h"
 #include "Engine/Notes/InboxUUID.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocationFormatter.h"
-#include "Host/SyncPlugIn.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 

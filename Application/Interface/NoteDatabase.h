@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QtCore/QDateTime>
+#include <optional>
+
+#include "Application/Interface/InterfaceExport.h"
+#include "Host/QVDatabase.h"
+#include "Platform/Foundation/Error.h"
+
+/// One note. A value.
+struct Note {
+    QString UUID;
+    QString title;
+    QString text;
+    QDateTime modified;
+    /// Identifies the edit that this note shows; empty for a note that was never saved.
+    QString revision = {};
+    bool operator==(const Note &) const = default;
+};
+
+/// A database with its notes, as the application edits it. Must be used on the main thread. A call
+/// that returns an error has no effect; otherwise the change is durable when the call returns.
+class INTERFACE_EXPORT NoteDatabase : public QVDatabase {
+    Q_OBJECT
+    Q_PROPERTY(bool open READ isOpen NOTIFY openChanged)
+public:
+    ~NoteDatabase() override;
+
+    virtual bool isInbox() const = 0;
+    virtual bool isOpen() const = 0;
+    /// Returns the notes in the order in which they were added. A note that was edited in two
+    /// places at once appears once for each edit; all but one of these have UUIDs of their own and
+    /// say so in their titles.
+    virtual QList<Note> notes() const = 0;
+    /// Adds `note` or replaces the edit that its revision names, and updates `note.UUID` and
+    /// `note.revision`. An empty UUID is replaced by a new one. An empty revision stands for the
+    /// edit that the UUID shows now. If another computer has replaced the edit meanwhile, both
+    /// edits are kept.
+    virtual std::optional<Error> saveNote(Note &note) = 0;
+    /// Removes the note `noteUUID`; does nothing if there is none.
+    virtual std::optional<Error> removeNote(const QString &noteUUID) = 0;
+
+Q_SIGNALS:
+    /// Emitted after the database was opened or closed.
+    void openChanged();
+    /// Emitted after notes were added, changed or removed, here or by a synchronization.
+    void notesChanged();
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <memory>
+#include <optional>
+
+#include "Application/Interface/NoteDatabase.h"
+
+/// All databases of a profile, open or closed, as the application manages them. Must be used on the
+/// main thread. A call that returns an error has no effect; otherwise the change is durable when
+/// the call returns. Every database that is passed in must come from this library.
+class INTERFACE_EXPORT NoteLibrary : public QObject {
+    Q_OBJECT
+public:
+    ~NoteLibrary() override;
+
+    /// Returns all databases: the inbox first, then the others by age, oldest first. Ownership is
+    /// shared.
+    virtual QList<std::shared_ptr<NoteDatabase>> knownDatabases() const = 0;
+    /// Returns the inbox; never null.
+    virtual std::shared_ptr<NoteDatabase> inbox() const = 0;
+    /// Creates a database and opens it. Fails if `name` is empty, blank or too long.
+    virtual std::optional<Error> createDatabase(const QString &name) = 0;
+    /// Renames `database`. Fails if `name` is empty, blank or too long.
+    virtual std::optional<Error> renameDatabase(const std::shared_ptr<NoteDatabase> &database,
+                                                const QString &name) = 0;
+    /// Opens `database`; does nothing if it is open.
+    virtual std::optional<Error> openDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
+    /// Closes `database`; does nothing if it is closed.
+    virtual std::optional<Error> closeDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
+
+Q_SIGNALS:
+    /// Emitted after a database was created or arrived by a synchronization.
+    void knownDatabasesChanged();
+};

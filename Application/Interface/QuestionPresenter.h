@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <functional>
+
+#include "Application/Interface/InterfaceExport.h"
+
+/// A question that the user accepts or refuses. A value.
+struct Question {
+    /// The question, as a whole sentence.
+    QString text;
+    /// What helps to decide; plain text, may have several lines.
+    QString details;
+    /// The titles of the two buttons.
+    QString acceptTitle;
+    QString refuseTitle;
+};
+
+/// Asks the user questions for the sync plug-in. Must be used on the main thread.
+class INTERFACE_EXPORT QuestionPresenter {
+public:
+    virtual ~QuestionPresenter();
+
+    /// Shows `question` and returns at once. `handler` is called once, on the main thread, after
+    /// this call has returned, with true if the user accepted; closing the question refuses it.
+    virtual void ask(const Question &question, std::function<void(bool accepted)> handler) = 0;
+
+    /// The presenter of the process, not owned; nullptr before the application has set it and after
+    /// it has ended. Must be called on the main thread.
+    static QuestionPresenter *shared();
+    /// Called by the application only: at its start, and with nullptr at its end.
+    static void setShared(QuestionPresenter *presenter);
+};
