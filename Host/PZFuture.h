@@ -4,7 +4,8 @@
 
 #include "Host/ClassRegistry.h"
 
-/// A handle by which an operation under way can be cancelled. Shared; any thread may call anything.
+/// A handle that cancels an operation in progress. Has shared ownership. Thread-safe. A future must
+/// not be null where one is passed.
 class HOST_EXPORT PZFuture {
 public:
     /// Registered as "PZFuture".
@@ -12,17 +13,22 @@ public:
     public:
         virtual std::shared_ptr<PZFuture> future() const = 0;
     };
-    /// A new, pending future.
+    /// Returns a new, pending future.
     static std::shared_ptr<PZFuture> future();
 
     virtual ~PZFuture();
 
-    /// Cancels this and whatever is attached to it. Harmless when it is cancelled or finished
-    /// already.
+    /// Cancels this future and the futures attached to it. Returns without waiting for their
+    /// operations to end. Has no effect on a future that is cancelled already, and none on the own
+    /// operation of one that has finished.
     virtual void cancel() = 0;
     virtual bool isCancelled() const = 0;
-    /// From now on cancelling this cancels `future` too; at once where this is cancelled already.
+    /// Attaches `future`: cancelling this future cancels it too. If this future is cancelled
+    /// already, `future` is cancelled within this call. The attached future is kept alive until
+    /// this future is cancelled or destroyed or `future` has finished, unless it already keeps
+    /// this one alive.
     virtual void cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) = 0;
-    /// This now stands for the operation of `future`: cancelling it cancels that one.
+    /// Hands this future over to the operation of `future`, which is attached as above: this future
+    /// is pending again if it had finished, and cancelling it cancels that operation.
     virtual void passControlToFuture(const std::shared_ptr<PZFuture> &future) = 0;
 };

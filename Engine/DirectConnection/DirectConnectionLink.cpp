@@ -14,14 +14,13 @@
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
+#include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Platform/Network/LocalHostName.h"
 
 namespace {
 
 constexpr std::chrono::seconds ConnectingPatience(10);
-/// How soon a cancellation is noticed.
-constexpr std::chrono::milliseconds WaitingSlice(100);
 
 using Addresses = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
 
@@ -83,7 +82,7 @@ bool DirectConnectionLink::isConnected() const {
 }
 
 std::optional<Error> DirectConnectionLink::connect(const QString &host, quint16 port,
-                                                   const PZFuture &future) {
+                                                   const EngineFuture &future) {
     ignoreBrokenPipes();
     m_host = host;
     const Addresses addresses = lookUp(reachableName(host), port);
@@ -96,7 +95,7 @@ std::optional<Error> DirectConnectionLink::connect(const QString &host, quint16 
     return unreachable(host);
 }
 
-bool DirectConnectionLink::connectTo(const addrinfo &address, const PZFuture &future) {
+bool DirectConnectionLink::connectTo(const addrinfo &address, const EngineFuture &future) {
     m_socket = socket(address.ai_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
     if (m_socket < 0) {
         return false;
@@ -114,7 +113,7 @@ bool DirectConnectionLink::connectTo(const addrinfo &address, const PZFuture &fu
     return getsockopt(m_socket, SOL_SOCKET, SO_ERROR, &failure, &size) == 0 && failure == 0;
 }
 
-std::optional<Error> DirectConnectionLink::startEncryption(const PZFuture &future) {
+std::optional<Error> DirectConnectionLink::startEncryption(const EngineFuture &future) {
     m_context.reset(SSL_CTX_new(TLS_client_method()));
     SSL_CTX_set_min_proto_version(m_context.get(), TLS1_3_VERSION);
     // Nobody has signed the certificate: who pinned it compares the fingerprint.
@@ -142,7 +141,7 @@ std::optional<Error> DirectConnectionLink::startEncryption(const PZFuture &futur
 
 std::optional<Error> DirectConnectionLink::exchange(const QCborMap &request, QCborMap &answer,
                                                     std::chrono::seconds patience,
-                                                    const PZFuture &future) {
+                                                    const EngineFuture &future) {
     QByteArray start(DirectConnectionMessage::LengthSize, Qt::Uninitialized);
     QByteArray body;
     bool isThere = isConnected() &&
@@ -164,7 +163,7 @@ std::optional<Error> DirectConnectionLink::exchange(const QCborMap &request, QCb
 }
 
 bool DirectConnectionLink::send(const QByteArray &bytes, std::chrono::seconds patience,
-                                const PZFuture &future) {
+                                const EngineFuture &future) {
     qsizetype sent = 0;
     QDeadlineTimer deadline(patience);
     while (sent < bytes.size()) {
@@ -183,7 +182,7 @@ bool DirectConnectionLink::send(const QByteArray &bytes, std::chrono::seconds pa
 }
 
 bool DirectConnectionLink::receive(QByteArray &bytes, std::chrono::seconds patience,
-                                   const PZFuture &future) {
+                                   const EngineFuture &future) {
     qsizetype received = 0;
     QDeadlineTimer deadline(patience);
     while (received < bytes.size()) {
@@ -202,7 +201,7 @@ bool DirectConnectionLink::receive(QByteArray &bytes, std::chrono::seconds patie
 }
 
 bool DirectConnectionLink::waitToGoOn(int result, QDeadlineTimer deadline,
-                                      const PZFuture &future) const {
+                                      const EngineFuture &future) const {
     switch (SSL_get_error(m_session.get(), result)) {
         case SSL_ERROR_WANT_READ:
             return waitFor(POLLIN, deadline, future);
@@ -214,16 +213,6 @@ bool DirectConnectionLink::waitToGoOn(int result, QDeadlineTimer deadline,
 }
 
 bool DirectConnectionLink::waitFor(short events, QDeadlineTimer deadline,
-                                   const PZFuture &future) const {
-    while (!future.isCancelled() && !deadline.hasExpired()) {
-        pollfd waiting{m_socket, events, 0};
-        const int count = poll(&waiting, 1, WaitingSlice.count());
-        if (count > 0) {
-            return true;
-        }
-        if (count < 0 && errno != EINTR) {
-            return false;
-        }
-    }
-    return false;
+                                   const EngineFuture &future) const {
+    return CancellableWait(future, deadline).forDescriptor(m_socket, events);
 }

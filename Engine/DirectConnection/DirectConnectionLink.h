@@ -10,7 +10,7 @@
 #include <memory>
 #include <optional>
 
-#include "Host/PZFuture.h"
+#include "Engine/Foundation/EngineFuture.h"
 #include "Platform/Foundation/Error.h"
 
 struct addrinfo;
@@ -26,7 +26,7 @@ public:
     DirectConnectionLink &operator=(const DirectConnectionLink &) = delete;
 
     /// Connects, whoever answers: then `serverFingerprint` says who did. Called once.
-    std::optional<Error> connect(const QString &host, quint16 port, const PZFuture &future);
+    std::optional<Error> connect(const QString &host, quint16 port, const EngineFuture &future);
     /// Whether the server has not ended the connection yet. Between two exchanges.
     bool isConnected() const;
     /// That of the server's certificate.
@@ -34,16 +34,16 @@ public:
 
     /// Sends `request` and waits for its answer, for at most `patience` without any progress.
     std::optional<Error> exchange(const QCborMap &request, QCborMap &answer,
-                                  std::chrono::seconds patience, const PZFuture &future);
+                                  std::chrono::seconds patience, const EngineFuture &future);
     void disconnect();
 
 private:
-    bool connectTo(const addrinfo &address, const PZFuture &future);
-    std::optional<Error> startEncryption(const PZFuture &future);
-    bool send(const QByteArray &bytes, std::chrono::seconds patience, const PZFuture &future);
-    bool receive(QByteArray &bytes, std::chrono::seconds patience, const PZFuture &future);
-    bool waitToGoOn(int result, QDeadlineTimer deadline, const PZFuture &future) const;
-    bool waitFor(short events, QDeadlineTimer deadline, const PZFuture &future) const;
+    bool connectTo(const addrinfo &address, const EngineFuture &future);
+    std::optional<Error> startEncryption(const EngineFuture &future);
+    bool send(const QByteArray &bytes, std::chrono::seconds patience, const EngineFuture &future);
+    bool receive(QByteArray &bytes, std::chrono::seconds patience, const EngineFuture &future);
+    bool waitToGoOn(int result, QDeadlineTimer deadline, const EngineFuture &future) const;
+    bool waitFor(short events, QDeadlineTimer deadline, const EngineFuture &future) const;
 
     std::unique_ptr<SSL_CTX, decltype(&SSL_CTX_free)> m_context;
     std::unique_ptr<SSL, decltype(&SSL_free)> m_session;

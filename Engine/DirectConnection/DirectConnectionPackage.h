@@ -31,5 +31,5 @@ public:
 private:
     const QString m_path;
     const std::shared_ptr<BlobStore> m_store;
-    const std::shared_ptr<PZFuture> m_future;
+    const std::shared_ptr<EngineFuture> m_future;
 };

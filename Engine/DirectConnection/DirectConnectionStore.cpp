@@ -48,13 +48,13 @@ DirectConnectionStore::DirectConnectionStore(const std::shared_ptr<EngineSyncLoc
     : BlobStore(location),
       m_pairingKey(location->URL().absoluteString() + u' ' + location->identifier()) {}
 
-std::optional<Error> DirectConnectionStore::open(const PZFuture &future) {
+std::optional<Error> DirectConnectionStore::open(const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
     return m_link.isConnected() ? std::nullopt : connect(future);
 }
 
 Result<QStringList> DirectConnectionStore::listFolder(const QString &folder,
-                                                      const PZFuture &future) {
+                                                      const EngineFuture &future) {
     QCborMap message = ofType(List);
     message[Folder] = folder;
     const Result<QCborMap> answer = request(message, folder, future);
@@ -70,7 +70,7 @@ Result<QStringList> DirectConnectionStore::listFolder(const QString &folder,
 }
 
 Result<QByteArray> DirectConnectionStore::readBlob(const QString &name, qint64 limit,
-                                                   const PZFuture &future) {
+                                                   const EngineFuture &future) {
     QCborMap message = ofType(Read);
     message[Name] = name;
     message[SizeLimit] = limit;
@@ -84,7 +84,7 @@ Result<QByteArray> DirectConnectionStore::readBlob(const QString &name, qint64 l
 
 Result<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &name,
                                                             const QByteArray &contents,
-                                                            const PZFuture &future) {
+                                                            const EngineFuture &future) {
     if (contents.size() > ContentsLimit) {
         return refused(name);
     }
@@ -99,7 +99,7 @@ Result<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &name,
 }
 
 std::optional<Error> DirectConnectionStore::removeBlob(const QString &name,
-                                                       const PZFuture &future) {
+                                                       const EngineFuture &future) {
     QCborMap message = ofType(Remove);
     message[Name] = name;
     const Result<QCborMap> answer = request(message, name, future);
@@ -108,7 +108,7 @@ std::optional<Error> DirectConnectionStore::removeBlob(const QString &name,
 }
 
 Result<QCborMap> DirectConnectionStore::request(const QCborMap &request, const QString &name,
-                                                const PZFuture &future) {
+                                                const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
     std::optional<Error> error = m_link.isConnected() ? std::nullopt : connect(future);
     QCborMap answer;
@@ -128,7 +128,7 @@ Result<QCborMap> DirectConnectionStore::request(const QCborMap &request, const Q
     return takeWelcome(answer).value_or(notUnderstood());
 }
 
-std::optional<Error> DirectConnectionStore::connect(const PZFuture &future) {
+std::optional<Error> DirectConnectionStore::connect(const EngineFuture &future) {
     DirectConnectionPairings &pairings = DirectConnectionPairings::shared();
     m_link.disconnect();
     std::optional<Error> error =
@@ -152,7 +152,7 @@ std::optional<Error> DirectConnectionStore::connect(const PZFuture &future) {
 }
 
 std::optional<Error> DirectConnectionStore::greet(const QByteArray &secret,
-                                                  const PZFuture &future) {
+                                                  const EngineFuture &future) {
     QCborMap message = ofType(Hello);
     message[Name] = clientName();
     message[Secret] = secret;
@@ -161,7 +161,7 @@ std::optional<Error> DirectConnectionStore::greet(const QByteArray &secret,
     return error ? error : takeWelcome(answer);
 }
 
-std::optional<Error> DirectConnectionStore::pair(const PZFuture &future) {
+std::optional<Error> DirectConnectionStore::pair(const EngineFuture &future) {
     DirectConnectionPairing pairing;
     pairing.serverFingerprint = m_link.serverFingerprint();
     pairing.clientName = clientName();
@@ -182,7 +182,7 @@ std::optional<Error> DirectConnectionStore::pair(const PZFuture &future) {
 }
 
 std::optional<Error> DirectConnectionStore::confirm(const DirectConnectionPairing &pairing,
-                                                    const PZFuture &future) {
+                                                    const EngineFuture &future) {
     // Both persons are asked at the same time, since each has to see the other's code.
     const PersonsAnswer person(questionFor(URL().host(), pairing.code()));
     QCborMap message = ofType(Reveal);

@@ -16,22 +16,25 @@ class DirectConnectionStore : public BlobStore {
 public:
     explicit DirectConnectionStore(const std::shared_ptr<EngineSyncLocation> &location);
 
-    std::optional<Error> open(const PZFuture &future) override;
+    std::optional<Error> open(const EngineFuture &future) override;
 
 protected:
-    Result<QStringList> listFolder(const QString &folder, const PZFuture &future) override;
-    Result<QByteArray> readBlob(const QString &name, qint64 limit, const PZFuture &future) override;
+    Result<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
+    Result<QByteArray> readBlob(const QString &name, qint64 limit,
+                                const EngineFuture &future) override;
     Result<Written> writeBlob(const QString &name, const QByteArray &contents,
-                              const PZFuture &future) override;
-    std::optional<Error> removeBlob(const QString &name, const PZFuture &future) override;
+                              const EngineFuture &future) override;
+    std::optional<Error> removeBlob(const QString &name, const EngineFuture &future) override;
 
 private:
     /// Sends `request` over a connection that is there or made, and takes the answer "done".
-    Result<QCborMap> request(const QCborMap &request, const QString &name, const PZFuture &future);
-    std::optional<Error> connect(const PZFuture &future);
-    std::optional<Error> greet(const QByteArray &secret, const PZFuture &future);
-    std::optional<Error> pair(const PZFuture &future);
-    std::optional<Error> confirm(const DirectConnectionPairing &pairing, const PZFuture &future);
+    Result<QCborMap> request(const QCborMap &request, const QString &name,
+                             const EngineFuture &future);
+    std::optional<Error> connect(const EngineFuture &future);
+    std::optional<Error> greet(const QByteArray &secret, const EngineFuture &future);
+    std::optional<Error> pair(const EngineFuture &future);
+    std::optional<Error> confirm(const DirectConnectionPairing &pairing,
+                                 const EngineFuture &future);
     std::optional<Error> takeWelcome(const QCborMap &answer) const;
     Error notUnderstood() const;
     Error failure(const QCborMap &answer, const QString &name) const;

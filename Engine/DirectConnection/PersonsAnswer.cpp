@@ -1,18 +1,9 @@
 #include "Engine/DirectConnection/PersonsAnswer.h"
 
-#include <QtCore/QDeadlineTimer>
-#include <condition_variable>
-#include <mutex>
 #include <optional>
 
+#include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/MainThreadQueue.h"
-
-namespace {
-
-/// How soon a cancellation is noticed.
-constexpr std::chrono::milliseconds Slice(100);
-
-}  // namespace
 
 struct PersonsAnswer::State {
     void set(bool isAccepted) {
@@ -22,7 +13,7 @@ struct PersonsAnswer::State {
     }
 
     std::mutex mutex;
-    std::condition_variable answered;
+    std::condition_variable_any answered;
     std::optional<bool> answer;
 };
 
@@ -36,11 +27,10 @@ PersonsAnswer::PersonsAnswer(const Question &question) : m_state(std::make_share
     });
 }
 
-bool PersonsAnswer::wait(const PZFuture &future, std::chrono::milliseconds patience) const {
-    const QDeadlineTimer deadline(patience);
+bool PersonsAnswer::wait(const EngineFuture &future, std::chrono::milliseconds patience) const {
     std::unique_lock lock(m_state->mutex);
-    while (!m_state->answer && !future.isCancelled() && !deadline.hasExpired()) {
-        m_state->answered.wait_for(lock, Slice);
-    }
+    CancellableWait(future, QDeadlineTimer(patience)).until(m_state->answered, lock, [this] {
+        return m_state->answer.has_value();
+    });
     return m_state->answer.value_or(false);
 }

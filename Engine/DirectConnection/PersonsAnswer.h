@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "Application/Interface/QuestionPresenter.h"
-#include "Host/PZFuture.h"
+#include "Engine/Foundation/EngineFuture.h"
 
 /// A question to the person, from a thread that can wait for the answer. Any thread.
 class PersonsAnswer {
@@ -14,7 +14,7 @@ public:
 
     /// Waits until it is answered, `future` is cancelled or the `patience` is over; whether it was
     /// accepted. Never on the main thread.
-    bool wait(const PZFuture &future, std::chrono::milliseconds patience) const;
+    bool wait(const EngineFuture &future, std::chrono::milliseconds patience) const;
 
 private:
     struct State;

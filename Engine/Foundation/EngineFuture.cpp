@@ -1,34 +1,45 @@
 #include "Engine/Foundation/EngineFuture.h"
 
+#include <algorithm>
 #include <utility>
 
+namespace {
+
+/// Guards the members of all futures, since looking for rings visits several of them. It is held
+/// for a few instructions only.
+std::mutex mutex;
+
+}  // namespace
+
 void EngineFuture::cancel() {
-    Attached attached;
+    Attachments attachments;
+    bool isCancelledNow = false;
     {
-        const std::lock_guard lock(m_mutex);
-        if (m_isCancelled) {
-            return;
-        }
-        m_isCancelled = !m_isFinished;
-        attached.swap(m_attached);
+        const std::lock_guard lock(mutex);
+        isCancelledNow = !m_isCancelled && !m_isFinished;
+        m_isCancelled = m_isCancelled || isCancelledNow;
+        attachments.swap(m_attachments);
     }
-    for (const std::weak_ptr<PZFuture> &future : attached) {
-        if (const std::shared_ptr<PZFuture> living = future.lock()) {
-            living->cancel();
+    if (isCancelledNow) {
+        m_cancellation.request_stop();
+    }
+    for (const Attachment &attachment : attachments) {
+        if (const std::shared_ptr<PZFuture> future = attachment.future.lock()) {
+            future->cancel();
         }
     }
 }
 
 bool EngineFuture::isCancelled() const {
-    const std::lock_guard lock(m_mutex);
+    const std::lock_guard lock(mutex);
     return m_isCancelled;
 }
 
 void EngineFuture::cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) {
     {
-        const std::lock_guard lock(m_mutex);
+        const std::lock_guard lock(mutex);
         if (!m_isCancelled) {
-            m_attached.push_back(future);
+            attach(future);
             return;
         }
     }
@@ -37,13 +48,37 @@ void EngineFuture::cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &
 
 void EngineFuture::passControlToFuture(const std::shared_ptr<PZFuture> &future) {
     {
-        const std::lock_guard lock(m_mutex);
+        const std::lock_guard lock(mutex);
         m_isFinished = false;
     }
     cascadeCancellationToFuture(future);
 }
 
 void EngineFuture::finish() {
-    const std::lock_guard lock(m_mutex);
+    const std::lock_guard lock(mutex);
     m_isFinished = true;
+}
+
+void EngineFuture::attach(const std::shared_ptr<PZFuture> &future) {
+    std::erase_if(m_attachments, [](const Attachment &attachment) {
+        const auto *const ours = dynamic_cast<const EngineFuture *>(attachment.owned.get());
+        return attachment.future.expired() || (ours && ours->hasNothingToCancel());
+    });
+    const auto *const ours = dynamic_cast<const EngineFuture *>(future.get());
+    const bool wouldCloseARing = ours && ours->keepsAlive(*this);
+    m_attachments.push_back({wouldCloseARing ? nullptr : future, future});
+}
+
+bool EngineFuture::keepsAlive(const EngineFuture &other) const {
+    return this == &other ||
+           std::any_of(m_attachments.begin(), m_attachments.end(),
+                       [&](const Attachment &attachment) {
+                           const auto *const ours =
+                               dynamic_cast<const EngineFuture *>(attachment.owned.get());
+                           return ours && ours->keepsAlive(other);
+                       });
+}
+
+bool EngineFuture::hasNothingToCancel() const {
+    return (m_isFinished || m_isCancelled) && m_attachments.empty();
 }

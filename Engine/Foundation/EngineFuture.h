@@ -1,29 +1,57 @@
 #pragma once
 
 #include <mutex>
+#include <stop_token>
 #include <vector>
 
 #include "Host/PZFuture.h"
 
-/// What is attached is held weakly: whoever runs an operation keeps its future alive until the
-/// operation has ended, so that futures attached to each other neither leak nor cancel for ever.
-/// No lock is held while another future is called.
+/// The engine's future: cancels the operation that it stands for and the futures attached to it.
+/// An operation observes its cancellation without polling through `cancellation()`. Must be owned
+/// by a std::shared_ptr if it is attached to another future. Thread-safe. No lock is held while
+/// another future or a callback is called.
 class EngineFuture : public PZFuture {
 public:
+    /// Cancels this future unless its operation has finished, and in any case the attached ones.
+    /// The callbacks registered with `cancellation()` run before the attached futures are
+    /// cancelled. Idempotent.
     void cancel() override;
-    /// Whether this one was cancelled before its operation had ended.
+    /// Returns whether this future was cancelled before its operation finished.
     bool isCancelled() const override;
+    /// Shares the ownership of `future` until this future is cancelled or, at the latest,
+    /// destroyed; finished futures are released earlier. If `future` is this future or already
+    /// keeps it alive, it is attached without ownership, so that rings are freed.
     void cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) override;
+    /// Attaches `future` as `cascadeCancellationToFuture` does. If this future's own operation had
+    /// finished, this future can be cancelled again.
     void passControlToFuture(const std::shared_ptr<PZFuture> &future) override;
 
-    /// The operation has ended by itself: from now on cancelling is harmless.
+    /// Marks the operation as finished: `isCancelled` does not change any more and no callback
+    /// runs, unless control is passed to another future. Futures attached to this one are still
+    /// cancelled with it.
     void finish();
 
-private:
-    using Attached = std::vector<std::weak_ptr<PZFuture>>;
+    /// Returns the token that is notified when this future is cancelled. A std::stop_callback made
+    /// with it runs its function exactly once: in `cancel`, on the thread that calls it, or at once
+    /// in its constructor if this future is cancelled already. Its destructor unregisters the
+    /// function and waits for it if it runs on another thread. See CancellableWait for waiting.
+    std::stop_token cancellation() const { return m_cancellation.get_token(); }
 
-    mutable std::mutex m_mutex;
+private:
+    /// A future attached to this one.
+    struct Attachment {
+        /// Null if the future is not owned.
+        std::shared_ptr<PZFuture> owned;
+        std::weak_ptr<PZFuture> future;
+    };
+    using Attachments = std::vector<Attachment>;
+
+    void attach(const std::shared_ptr<PZFuture> &future);
+    bool keepsAlive(const EngineFuture &other) const;
+    bool hasNothingToCancel() const;
+
+    const std::stop_source m_cancellation;
     bool m_isCancelled = false;
     bool m_isFinished = false;
-    Attached m_attached;
+    Attachments m_attachments;
 };

@@ -38,7 +38,7 @@ bool isOfOneBlob(const Error &error) {
 
 }  // namespace
 
-Result<QStringList> BlobStore::list(const QString &folder, const PZFuture &future) {
+Result<QStringList> BlobStore::list(const QString &folder, const EngineFuture &future) {
     if (const std::optional<Error> error = obstacle(folder, future)) {
         return *error;
     }
@@ -51,7 +51,7 @@ Result<QStringList> BlobStore::list(const QString &folder, const PZFuture &futur
     return result;
 }
 
-Result<QByteArray> BlobStore::read(const QString &name, qint64 limit, const PZFuture &future) {
+Result<QByteArray> BlobStore::read(const QString &name, qint64 limit, const EngineFuture &future) {
     if (const std::optional<Error> error = obstacle(name, future)) {
         return *error;
     }
@@ -59,14 +59,14 @@ Result<QByteArray> BlobStore::read(const QString &name, qint64 limit, const PZFu
 }
 
 Result<BlobStore::Written> BlobStore::writeIfAbsent(const QString &name, const QByteArray &contents,
-                                                    const PZFuture &future) {
+                                                    const EngineFuture &future) {
     if (const std::optional<Error> error = obstacle(name, future)) {
         return *error;
     }
     return writeBlob(name, contents, future);
 }
 
-std::optional<Error> BlobStore::remove(const QString &name, const PZFuture &future) {
+std::optional<Error> BlobStore::remove(const QString &name, const EngineFuture &future) {
     const std::optional<Error> error = obstacle(name, future);
     return error ? error : removeBlob(name, future);
 }
@@ -90,7 +90,7 @@ Error BlobStore::refused(const QString &name) const {
                        place(name));
 }
 
-std::optional<Error> BlobStore::obstacle(const QString &name, const PZFuture &future) const {
+std::optional<Error> BlobStore::obstacle(const QString &name, const EngineFuture &future) const {
     if (future.isCancelled()) {
         return operationCancelled();
     }
@@ -101,7 +101,7 @@ std::optional<Error> BlobStore::obstacle(const QString &name, const PZFuture &fu
     return {};
 }
 
-EngineStore::Fetched BlobStore::fetch(const PZFuture &future) {
+EngineStore::Fetched BlobStore::fetch(const EngineFuture &future) {
     const Result<QStringList> files = list(QStringLiteral("databases"), future);
     if (const Error *error = errorOf(files)) {
         return {{}, *error};
@@ -124,7 +124,7 @@ EngineStore::Fetched BlobStore::fetch(const PZFuture &future) {
     return fetched;
 }
 
-Result<QString> BlobStore::databaseName(const QString &file, const PZFuture &future) {
+Result<QString> BlobStore::databaseName(const QString &file, const EngineFuture &future) {
     const QString path = QStringLiteral("databases/") + file;
     const Error damaged =
         engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", place(path));

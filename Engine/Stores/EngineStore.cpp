@@ -109,7 +109,7 @@ std::shared_ptr<QVRemoteDatabase> EngineStore::record(const QString &UUID, const
     return std::make_shared<EngineRemoteDatabase>(UUID, name, shared_from_this());
 }
 
-std::optional<Error> EngineStore::openUnlessCancelled(const PZFuture &future) {
+std::optional<Error> EngineStore::openUnlessCancelled(const EngineFuture &future) {
     if (future.isCancelled()) {
         return operationCancelled();
     }
@@ -117,7 +117,7 @@ std::optional<Error> EngineStore::openUnlessCancelled(const PZFuture &future) {
     return !error && future.isCancelled() ? operationCancelled() : error;
 }
 
-EngineStore::Fetched EngineStore::fetchUnlessCancelled(const PZFuture &future) {
+EngineStore::Fetched EngineStore::fetchUnlessCancelled(const EngineFuture &future) {
     if (future.isCancelled()) {
         return {{}, operationCancelled()};
     }

@@ -4,10 +4,9 @@
 #include <atomic>
 #include <functional>
 
+#include "Engine/Foundation/EngineFuture.h"
 #include "Host/QVSyncStore.h"
 #include "Platform/Foundation/Url.h"
-
-class EngineFuture;
 
 /// What all stores share: operations run on worker threads, each handler is called there once, and
 /// a cancelled operation ends with an error of the code Cancelled. Always shared; made on the main
@@ -24,7 +23,7 @@ public:
     std::shared_ptr<PZFuture> closeWithCompletionHandler(ErrorHandler handler) override;
 
     /// What opening does, at once: says why the store cannot be used. Blocks; on a worker thread.
-    virtual std::optional<Error> open(const PZFuture &future) = 0;
+    virtual std::optional<Error> open(const EngineFuture &future) = 0;
 
     /// Cancels every operation of any store and waits until none runs any more: before the code
     /// goes.
@@ -41,11 +40,11 @@ protected:
     std::shared_ptr<QVRemoteDatabase> record(const QString &UUID, const QString &name);
 
     /// What a kind of store does; called on a worker thread. `future` says whether to go on.
-    virtual Fetched fetch(const PZFuture &future) = 0;
+    virtual Fetched fetch(const EngineFuture &future) = 0;
 
 private:
-    std::optional<Error> openUnlessCancelled(const PZFuture &future);
-    Fetched fetchUnlessCancelled(const PZFuture &future);
+    std::optional<Error> openUnlessCancelled(const EngineFuture &future);
+    Fetched fetchUnlessCancelled(const EngineFuture &future);
 
     std::shared_ptr<QVSyncLocation> m_location;
     const Url m_URL;

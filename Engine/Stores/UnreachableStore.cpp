@@ -3,28 +3,28 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Platform/Foundation/Localization.h"
 
-std::optional<Error> UnreachableStore::open(const PZFuture & /*future*/) {
+std::optional<Error> UnreachableStore::open(const EngineFuture & /*future*/) {
     return reason();
 }
 
 Result<QStringList> UnreachableStore::listFolder(const QString & /*folder*/,
-                                                 const PZFuture & /*future*/) {
+                                                 const EngineFuture & /*future*/) {
     return reason();
 }
 
 Result<QByteArray> UnreachableStore::readBlob(const QString & /*name*/, qint64 /*limit*/,
-                                              const PZFuture & /*future*/) {
+                                              const EngineFuture & /*future*/) {
     return reason();
 }
 
 Result<BlobStore::Written> UnreachableStore::writeBlob(const QString & /*name*/,
                                                        const QByteArray & /*contents*/,
-                                                       const PZFuture & /*future*/) {
+                                                       const EngineFuture & /*future*/) {
     return reason();
 }
 
 std::optional<Error> UnreachableStore::removeBlob(const QString & /*name*/,
-                                                  const PZFuture & /*future*/) {
+                                                  const EngineFuture & /*future*/) {
     return reason();
 }
 

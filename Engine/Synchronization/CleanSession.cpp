@@ -10,7 +10,7 @@ constexpr qint64 SmallSize = Transaction::UsualSize / 16;
 
 }  // namespace
 
-std::optional<Error> CleanSession::work(BlobStore &store, const PZFuture &future) {
+std::optional<Error> CleanSession::work(BlobStore &store, const EngineFuture &future) {
     switch (m_step) {
         case Step::Choosing:
             return {};
@@ -91,7 +91,8 @@ void CleanSession::goOnWriting() {
     }
 }
 
-std::optional<Error> CleanSession::removeTransactions(BlobStore &store, const PZFuture &future) {
+std::optional<Error> CleanSession::removeTransactions(BlobStore &store,
+                                                      const EngineFuture &future) {
     for (const QString &name : std::as_const(m_toRemove)) {
         if (std::optional<Error> error = store.remove(path(name), future)) {
             return error;

@@ -15,7 +15,7 @@ class CleanSession : public StoreSession {
 public:
     using StoreSession::StoreSession;
 
-    std::optional<Error> work(BlobStore &store, const PZFuture &future) override;
+    std::optional<Error> work(BlobStore &store, const EngineFuture &future) override;
     std::optional<Error> settle() override;
 
 private:
@@ -25,7 +25,7 @@ private:
     QStringList wasteful(const QHash<QString, KnownTransactions::Contents> &all,
                          const QSet<OperationId> &needed) const;
     void goOnWriting();
-    std::optional<Error> removeTransactions(BlobStore &store, const PZFuture &future);
+    std::optional<Error> removeTransactions(BlobStore &store, const EngineFuture &future);
     std::optional<Error> settleRemoving();
 
     Step m_step = Step::Choosing;

@@ -59,7 +59,7 @@ bool StoreSession::takeNext() {
     return !m_transaction.isEmpty();
 }
 
-std::optional<Error> StoreSession::write(BlobStore &store, const PZFuture &future) {
+std::optional<Error> StoreSession::write(BlobStore &store, const EngineFuture &future) {
     const QByteArray record = m_transaction.encoded();
     const Result<BlobStore::Written> written =
         store.writeIfAbsent(path(m_transactionName), record, future);

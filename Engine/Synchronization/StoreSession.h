@@ -35,7 +35,7 @@ public:
     StoreSession &operator=(const StoreSession &) = delete;
 
     /// An error of either ends the session.
-    virtual std::optional<Error> work(BlobStore &store, const PZFuture &future) = 0;
+    virtual std::optional<Error> work(BlobStore &store, const EngineFuture &future) = 0;
     virtual std::optional<Error> settle() = 0;
     bool isDone() const { return m_isDone; }
     /// What is wrong with single records, which did not keep the others from being read.
@@ -62,7 +62,7 @@ protected:
     /// Takes the next record's worth of it; answers whether there was any. Main thread.
     bool takeNext();
     /// Writes the record that was taken.
-    std::optional<Error> write(BlobStore &store, const PZFuture &future);
+    std::optional<Error> write(BlobStore &store, const EngineFuture &future);
     /// Keeps in mind that it was written. Main thread.
     std::optional<Error> rememberWritten();
     /// Whether an operation that was to be written has been superseded meanwhile, or a record may

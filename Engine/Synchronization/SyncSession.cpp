@@ -21,7 +21,7 @@ bool isTransactionName(const QString &name) {
 
 }  // namespace
 
-std::optional<Error> SyncSession::work(BlobStore &store, const PZFuture &future) {
+std::optional<Error> SyncSession::work(BlobStore &store, const EngineFuture &future) {
     switch (m_step) {
         case Step::Listing:
             return list(store, future);
@@ -55,7 +55,7 @@ std::optional<Error> SyncSession::settle() {
     return {};
 }
 
-std::optional<Error> SyncSession::list(BlobStore &store, const PZFuture &future) {
+std::optional<Error> SyncSession::list(BlobStore &store, const EngineFuture &future) {
     const QString &UUID = subject().databaseUUID;
     if (UUID != InboxUUID && !Operation::isUUID(UUID.toLower())) {
         return engineError(EngineErrorCode::InvalidDatabase, "No database can be called “%1”.",
@@ -79,7 +79,7 @@ std::optional<Error> SyncSession::list(BlobStore &store, const PZFuture &future)
     return {};
 }
 
-std::optional<Error> SyncSession::readRecord(BlobStore &store, const PZFuture &future) {
+std::optional<Error> SyncSession::readRecord(BlobStore &store, const EngineFuture &future) {
     const QString file = DatabaseRecord::path(subject().databaseUUID);
     const Result<QByteArray> contents = store.read(file, BlobStore::RecordLimit, future);
     if (const Error *error = errorOf(contents)) {
@@ -106,7 +106,7 @@ std::optional<Error> SyncSession::readRecord(BlobStore &store, const PZFuture &f
     return {};
 }
 
-std::optional<Error> SyncSession::readSome(BlobStore &store, const PZFuture &future) {
+std::optional<Error> SyncSession::readSome(BlobStore &store, const EngineFuture &future) {
     qsizetype size = 0;
     while (!m_unread.isEmpty() && size < ReadAtOnce) {
         const QString name = m_unread.takeFirst();
@@ -132,7 +132,7 @@ std::optional<Error> SyncSession::readSome(BlobStore &store, const PZFuture &fut
     return {};
 }
 
-std::optional<Error> SyncSession::writeRecord(BlobStore &store, const PZFuture &future) const {
+std::optional<Error> SyncSession::writeRecord(BlobStore &store, const EngineFuture &future) const {
     const QString file = DatabaseRecord::path(subject().databaseUUID);
     if (m_record != Record::Absent) {
         if (std::optional<Error> error = store.remove(file, future)) {

@@ -9,7 +9,7 @@ class SyncSession : public StoreSession {
 public:
     using StoreSession::StoreSession;
 
-    std::optional<Error> work(BlobStore &store, const PZFuture &future) override;
+    std::optional<Error> work(BlobStore &store, const EngineFuture &future) override;
     std::optional<Error> settle() override;
 
 private:
@@ -22,10 +22,10 @@ private:
     /// The last: of an unknown version, or no plain file.
     enum class Record { Sound, Absent, Damaged, Untouchable };
 
-    std::optional<Error> list(BlobStore &store, const PZFuture &future);
-    std::optional<Error> readRecord(BlobStore &store, const PZFuture &future);
-    std::optional<Error> readSome(BlobStore &store, const PZFuture &future);
-    std::optional<Error> writeRecord(BlobStore &store, const PZFuture &future) const;
+    std::optional<Error> list(BlobStore &store, const EngineFuture &future);
+    std::optional<Error> readRecord(BlobStore &store, const EngineFuture &future);
+    std::optional<Error> readSome(BlobStore &store, const EngineFuture &future);
+    std::optional<Error> writeRecord(BlobStore &store, const EngineFuture &future) const;
 
     std::optional<Error> settleListing();
     std::optional<Error> importDatabase();

@@ -16,11 +16,12 @@ MemoryStore::MemoryStore(Blobs &blobs, std::function<Fault()> nextFault)
       m_blobs(blobs),
       m_nextFault(std::move(nextFault)) {}
 
-std::optional<Error> MemoryStore::open(const PZFuture & /*future*/) {
+std::optional<Error> MemoryStore::open(const EngineFuture & /*future*/) {
     return {};
 }
 
-Result<QStringList> MemoryStore::listFolder(const QString &folder, const PZFuture & /*future*/) {
+Result<QStringList> MemoryStore::listFolder(const QString &folder,
+                                            const EngineFuture & /*future*/) {
     if (m_nextFault() != Fault::None) {
         return fault();
     }
@@ -34,7 +35,7 @@ Result<QStringList> MemoryStore::listFolder(const QString &folder, const PZFutur
 }
 
 Result<QByteArray> MemoryStore::readBlob(const QString &name, qint64 limit,
-                                         const PZFuture & /*future*/) {
+                                         const EngineFuture & /*future*/) {
     if (m_nextFault() != Fault::None) {
         return fault();
     }
@@ -46,7 +47,7 @@ Result<QByteArray> MemoryStore::readBlob(const QString &name, qint64 limit,
 }
 
 Result<BlobStore::Written> MemoryStore::writeBlob(const QString &name, const QByteArray &contents,
-                                                  const PZFuture & /*future*/) {
+                                                  const EngineFuture & /*future*/) {
     const Fault found = m_nextFault();
     if (found == Fault::Unreachable) {
         return fault();
@@ -59,7 +60,7 @@ Result<BlobStore::Written> MemoryStore::writeBlob(const QString &name, const QBy
     return isNew ? Written::New : Written::AlreadyThere;
 }
 
-std::optional<Error> MemoryStore::removeBlob(const QString &name, const PZFuture & /*future*/) {
+std::optional<Error> MemoryStore::removeBlob(const QString &name, const EngineFuture & /*future*/) {
     const Fault found = m_nextFault();
     if (found == Fault::Unreachable) {
         return fault();

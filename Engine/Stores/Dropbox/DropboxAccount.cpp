@@ -30,7 +30,7 @@ QByteArray headerText(const QJsonObject &object) {
 }
 
 /// One refresh at a time: those who wait find its tokens. Empty where the future is cancelled.
-std::unique_lock<std::timed_mutex> turnToRefresh(const PZFuture &future) {
+std::unique_lock<std::timed_mutex> turnToRefresh(const EngineFuture &future) {
     static std::timed_mutex mutex;
     std::unique_lock lock(mutex, std::defer_lock);
     while (!future.isCancelled() && !lock.try_lock_for(TurnLookInterval)) {
@@ -51,7 +51,7 @@ QUrl DropboxAccount::server() const {
 }
 
 Result<HttpClient::Response> DropboxAccount::call(const QString &route, const QJsonObject &argument,
-                                                  qint64 limit, const PZFuture &future) {
+                                                  qint64 limit, const EngineFuture &future) {
     if (const Error *error = errorOf(m_configuration)) {
         return *error;
     }
@@ -67,7 +67,8 @@ Result<HttpClient::Response> DropboxAccount::call(const QString &route, const QJ
 Result<HttpClient::Response> DropboxAccount::callForContents(const QString &route,
                                                              const QJsonObject &argument,
                                                              const QByteArray &contents,
-                                                             qint64 limit, const PZFuture &future) {
+                                                             qint64 limit,
+                                                             const EngineFuture &future) {
     if (const Error *error = errorOf(m_configuration)) {
         return *error;
     }
@@ -82,7 +83,7 @@ Result<HttpClient::Response> DropboxAccount::callForContents(const QString &rout
 }
 
 Result<HttpClient::Response> DropboxAccount::send(HttpClient::Request request,
-                                                  const PZFuture &future) {
+                                                  const EngineFuture &future) {
     constexpr int Unauthorized = 401;
     Result<DropboxTokens> current = tokens(future);
     const QList<HttpClient::Header> headers = request.headers;
@@ -105,7 +106,7 @@ Result<HttpClient::Response> DropboxAccount::send(HttpClient::Request request,
     return DropboxError::signInAgain(m_address);
 }
 
-Result<DropboxTokens> DropboxAccount::tokens(const PZFuture &future) {
+Result<DropboxTokens> DropboxAccount::tokens(const EngineFuture &future) {
     std::optional<DropboxTokens> known;
     {
         const std::lock_guard lock(m_mutex);
@@ -125,7 +126,7 @@ Result<DropboxTokens> DropboxAccount::tokens(const PZFuture &future) {
 }
 
 Result<DropboxTokens> DropboxAccount::renewedTokens(const QByteArray &access,
-                                                    const PZFuture &future) {
+                                                    const EngineFuture &future) {
     const std::unique_lock turn = turnToRefresh(future);
     if (future.isCancelled()) {
         return operationCancelled();

@@ -18,17 +18,17 @@ public:
     QUrl server() const;
     /// Calls a route that takes and gives JSON. `limit`: bytes of the answer.
     Result<HttpClient::Response> call(const QString &route, const QJsonObject &argument,
-                                      qint64 limit, const PZFuture &future);
+                                      qint64 limit, const EngineFuture &future);
     /// Calls a route that takes or gives contents.
     Result<HttpClient::Response> callForContents(const QString &route, const QJsonObject &argument,
                                                  const QByteArray &contents, qint64 limit,
-                                                 const PZFuture &future);
+                                                 const EngineFuture &future);
 
 private:
-    Result<HttpClient::Response> send(HttpClient::Request request, const PZFuture &future);
-    Result<DropboxTokens> tokens(const PZFuture &future);
+    Result<HttpClient::Response> send(HttpClient::Request request, const EngineFuture &future);
+    Result<DropboxTokens> tokens(const EngineFuture &future);
     /// Tokens other than those with `access`, which is not good any more.
-    Result<DropboxTokens> renewedTokens(const QByteArray &access, const PZFuture &future);
+    Result<DropboxTokens> renewedTokens(const QByteArray &access, const EngineFuture &future);
     void keep(const DropboxTokens &tokens);
 
     const QString m_address;

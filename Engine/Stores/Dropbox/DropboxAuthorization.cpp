@@ -44,7 +44,7 @@ QUrl withQuery(QUrl address, const QList<FormEncoding::Field> &fields) {
 DropboxAuthorization::DropboxAuthorization(QObject &mainThread, const Limits &limits)
     : m_mainThread(mainThread), m_limits(limits), m_connection(limits.server) {}
 
-Result<QString> DropboxAuthorization::run(const PZFuture &future) {
+Result<QString> DropboxAuthorization::run(const EngineFuture &future) {
     if (future.isCancelled()) {
         return operationCancelled();
     }
@@ -70,7 +70,7 @@ Result<QString> DropboxAuthorization::run(const PZFuture &future) {
 }
 
 Result<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration &configuration,
-                                                   const PZFuture &future) {
+                                                   const EngineFuture &future) {
     const QString state = randomText();
     const QString verifier = randomText();
     DropboxRedirectListener listener(state);
@@ -101,7 +101,7 @@ Result<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration &c
 }
 
 std::optional<Error> DropboxAuthorization::openBrowser(const QUrl &address,
-                                                       const PZFuture &future) {
+                                                       const EngineFuture &future) {
     const auto opened = std::make_shared<std::promise<bool>>();
     std::future<bool> isOpened = opened->get_future();
     QMetaObject::invokeMethod(
@@ -121,7 +121,7 @@ std::optional<Error> DropboxAuthorization::openBrowser(const QUrl &address,
 
 Result<QString> DropboxAuthorization::accountAddress(const DropboxConfiguration &configuration,
                                                      const DropboxTokens &tokens,
-                                                     const PZFuture &future) {
+                                                     const EngineFuture &future) {
     constexpr int OK = 200;
     QUrl route = configuration.APIAddress;
     route.setPath(route.path() + QStringLiteral("/users/get_current_account"));

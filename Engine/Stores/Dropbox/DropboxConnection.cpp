@@ -26,7 +26,7 @@ std::chrono::seconds timeToWait(const HttpClient::Response &response) {
                : DropboxConnection::UnnamedWaiting;
 }
 
-void waitUnlessCancelled(std::chrono::seconds duration, const PZFuture &future) {
+void waitUnlessCancelled(std::chrono::seconds duration, const EngineFuture &future) {
     const QDeadlineTimer end(duration);
     while (!end.hasExpired() && !future.isCancelled()) {
         QThread::msleep(CancellationInterval.count());
@@ -39,7 +39,7 @@ DropboxConnection::DropboxConnection(HttpClient::Timeouts timeouts)
     : m_client({.timeouts = timeouts}) {}
 
 Result<HttpClient::Response> DropboxConnection::send(const HttpClient::Request &request,
-                                                     const PZFuture &future) {
+                                                     const EngineFuture &future) {
     std::chrono::seconds waited(0);
     for (;;) {
         Result<HttpClient::Response> answer = m_client.send(request, future);

@@ -14,7 +14,8 @@ public:
 
     explicit DropboxConnection(HttpClient::Timeouts timeouts);
 
-    Result<HttpClient::Response> send(const HttpClient::Request &request, const PZFuture &future);
+    Result<HttpClient::Response> send(const HttpClient::Request &request,
+                                      const EngineFuture &future);
 
 private:
     HttpClient m_client;

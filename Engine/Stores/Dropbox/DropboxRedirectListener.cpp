@@ -57,7 +57,7 @@ QString DropboxRedirectListener::address() const {
     return QStringLiteral("http://127.0.0.1:%1%2").arg(m_server.serverPort()).arg(RedirectPath);
 }
 
-Result<QString> DropboxRedirectListener::wait(const PZFuture &future,
+Result<QString> DropboxRedirectListener::wait(const EngineFuture &future,
                                               std::chrono::milliseconds limit) {
     const QDeadlineTimer end(limit);
     QEventLoop loop;

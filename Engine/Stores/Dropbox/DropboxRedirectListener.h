@@ -5,7 +5,7 @@
 #include <QtNetwork/QTcpServer>
 #include <chrono>
 
-#include "Host/PZFuture.h"
+#include "Engine/Foundation/EngineFuture.h"
 #include "Platform/Foundation/Result.h"
 
 /// Where the browser is sent when the person has signed in, or has refused: an address of this
@@ -25,7 +25,7 @@ public:
     QString address() const;
     /// Waits for the answer, but not longer than `limit`: the authorization code, or why there is
     /// none. The person is told in the browser that they may close its window.
-    Result<QString> wait(const PZFuture &future, std::chrono::milliseconds limit);
+    Result<QString> wait(const EngineFuture &future, std::chrono::milliseconds limit);
 
 private:
     void accept();

@@ -89,13 +89,13 @@ QString DropboxStore::place(const QString &name) const {
     return URL().absoluteString() + pathOf(name);
 }
 
-std::optional<Error> DropboxStore::open(const PZFuture &future) {
+std::optional<Error> DropboxStore::open(const EngineFuture &future) {
     const Result<QStringList> names = listFolder({}, future);
     const Error *error = errorOf(names);
     return error ? std::optional(*error) : std::nullopt;
 }
 
-Result<QStringList> DropboxStore::listFolder(const QString &folder, const PZFuture &future) {
+Result<QStringList> DropboxStore::listFolder(const QString &folder, const EngineFuture &future) {
     Result<Response> answer = firstPage(folder, future);
     QStringList names;
     for (int pages = 0; pages < MostPages; ++pages) {
@@ -128,18 +128,19 @@ Result<QStringList> DropboxStore::listFolder(const QString &folder, const PZFutu
 }
 
 Result<HttpClient::Response> DropboxStore::firstPage(const QString &folder,
-                                                     const PZFuture &future) {
+                                                     const EngineFuture &future) {
     return m_account.call(QStringLiteral("files/list_folder"),
                           {{QStringLiteral("path"), pathOf(folder)}}, PageLimit, future);
 }
 
-Result<HttpClient::Response> DropboxStore::nextPage(const QString &cursor, const PZFuture &future) {
+Result<HttpClient::Response> DropboxStore::nextPage(const QString &cursor,
+                                                    const EngineFuture &future) {
     return m_account.call(QStringLiteral("files/list_folder/continue"),
                           {{QStringLiteral("cursor"), cursor}}, PageLimit, future);
 }
 
 Result<QByteArray> DropboxStore::readBlob(const QString &name, qint64 limit,
-                                          const PZFuture &future) {
+                                          const EngineFuture &future) {
     const Result<Response> answer = m_account.callForContents(
         QStringLiteral("files/download"), {{QStringLiteral("path"), pathOf(name)}}, {},
         std::max(limit, AnswerLimit), future);
@@ -155,7 +156,7 @@ Result<QByteArray> DropboxStore::readBlob(const QString &name, qint64 limit,
 }
 
 Result<BlobStore::Written> DropboxStore::writeBlob(const QString &name, const QByteArray &contents,
-                                                   const PZFuture &future) {
+                                                   const EngineFuture &future) {
     if (contents.size() > ContentsLimit) {
         return engineError(EngineErrorCode::StoreFull, "“%1” is larger than the server accepts.",
                            place(name));
@@ -180,7 +181,7 @@ Result<BlobStore::Written> DropboxStore::writeBlob(const QString &name, const QB
                                            : failure(response, name);
 }
 
-std::optional<Error> DropboxStore::removeBlob(const QString &name, const PZFuture &future) {
+std::optional<Error> DropboxStore::removeBlob(const QString &name, const EngineFuture &future) {
     const Result<Response> answer =
         m_account.call(QStringLiteral("files/delete_v2"), {{QStringLiteral("path"), pathOf(name)}},
                        AnswerLimit, future);

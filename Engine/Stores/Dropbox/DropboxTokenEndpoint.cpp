@@ -21,7 +21,7 @@ bool isGrantRefused(const HttpClient::Response &response) {
 
 Result<DropboxTokens> DropboxTokenEndpoint::exchange(const QString &code, const QString &verifier,
                                                      const QString &redirectAddress,
-                                                     const PZFuture &future) {
+                                                     const EngineFuture &future) {
     return ask({{"grant_type", QStringLiteral("authorization_code")},
                 {"code", code},
                 {"code_verifier", verifier},
@@ -34,7 +34,7 @@ Result<DropboxTokens> DropboxTokenEndpoint::exchange(const QString &code, const 
 
 Result<DropboxTokens> DropboxTokenEndpoint::refresh(const DropboxTokens &tokens,
                                                     const QString &account,
-                                                    const PZFuture &future) {
+                                                    const EngineFuture &future) {
     Result<DropboxTokens> answer = ask({{"grant_type", QStringLiteral("refresh_token")},
                                         {"refresh_token", QString::fromUtf8(tokens.refresh)},
                                         {"client_id", m_configuration.applicationKey}},
@@ -47,7 +47,7 @@ Result<DropboxTokens> DropboxTokenEndpoint::refresh(const DropboxTokens &tokens,
 }
 
 Result<DropboxTokens> DropboxTokenEndpoint::ask(const QList<FormEncoding::Field> &fields,
-                                                const Error &refusal, const PZFuture &future) {
+                                                const Error &refusal, const EngineFuture &future) {
     constexpr int OK = 200;
     const QUrl address = m_configuration.tokenAddress;
     const Result<HttpClient::Response> answer =

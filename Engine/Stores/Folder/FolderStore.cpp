@@ -82,7 +82,7 @@ std::optional<Error> FolderStore::unreachable() const {
     return {};
 }
 
-std::optional<Error> FolderStore::open(const PZFuture & /*future*/) {
+std::optional<Error> FolderStore::open(const EngineFuture & /*future*/) {
     if (std::optional<Error> error = unreachable()) {
         return error;
     }
@@ -146,7 +146,7 @@ Result<FileDescriptor> FolderStore::folderOf(const QString &name, Folders folder
     return folder(name.section(u'/', 0, -2), folders);
 }
 
-Result<QStringList> FolderStore::listFolder(const QString &name, const PZFuture &future) {
+Result<QStringList> FolderStore::listFolder(const QString &name, const EngineFuture &future) {
     Result<FileDescriptor> opened = folder(name, Folders::Existing);
     if (const Error *error = errorOf(opened)) {
         return isMissing(*error) ? Result<QStringList>(QStringList()) : *error;
@@ -173,7 +173,7 @@ Result<QStringList> FolderStore::listFolder(const QString &name, const PZFuture 
 }
 
 Result<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
-                                         const PZFuture & /*future*/) {
+                                         const EngineFuture & /*future*/) {
     const Result<FileDescriptor> folder = folderOf(name, Folders::Existing);
     if (const Error *error = errorOf(folder)) {
         return isMissing(*error) ? missing(name) : *error;
@@ -203,7 +203,7 @@ Result<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
 }
 
 Result<BlobStore::Written> FolderStore::writeBlob(const QString &name, const QByteArray &contents,
-                                                  const PZFuture & /*future*/) {
+                                                  const EngineFuture & /*future*/) {
     const Result<FileDescriptor> parent = folderOf(name, Folders::Made);
     if (const Error *error = errorOf(parent)) {
         return *error;
@@ -232,7 +232,7 @@ Result<BlobStore::Written> FolderStore::writeBlob(const QString &name, const QBy
     return number == EEXIST ? Result<Written>(Written::AlreadyThere) : failure(number, name);
 }
 
-std::optional<Error> FolderStore::removeBlob(const QString &name, const PZFuture & /*future*/) {
+std::optional<Error> FolderStore::removeBlob(const QString &name, const EngineFuture & /*future*/) {
     const Result<FileDescriptor> folder = folderOf(name, Folders::Existing);
     std::optional<Error> error;
     if (const Error *folderError = errorOf(folder)) {

@@ -13,7 +13,7 @@
 LocalStore::LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path)
     : EngineStore(location), m_path(path) {}
 
-std::optional<Error> LocalStore::open(const PZFuture & /*future*/) {
+std::optional<Error> LocalStore::open(const EngineFuture & /*future*/) {
     if (QFileInfo::exists(m_path)) {
         return {};
     }
@@ -21,7 +21,7 @@ std::optional<Error> LocalStore::open(const PZFuture & /*future*/) {
                        localizedSyncString("The profile “%1” is gone.").arg(m_path));
 }
 
-EngineStore::Fetched LocalStore::fetch(const PZFuture & /*future*/) {
+EngineStore::Fetched LocalStore::fetch(const EngineFuture & /*future*/) {
     const QString connection = QUuid::createUuid().toString();
     Fetched fetched;
     {

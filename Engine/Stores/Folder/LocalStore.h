@@ -9,10 +9,10 @@ public:
     /// `path`: that of the profile's database file.
     LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path);
 
-    std::optional<Error> open(const PZFuture &future) override;
+    std::optional<Error> open(const EngineFuture &future) override;
 
 protected:
-    Fetched fetch(const PZFuture &future) override;
+    Fetched fetch(const EngineFuture &future) override;
 
 private:
     const QString m_path;

@@ -56,7 +56,7 @@ HttpClient::~HttpClient() {
     m_thread.wait();
 }
 
-Result<HttpClient::Response> HttpClient::send(const Request &request, const PZFuture &future) {
+Result<HttpClient::Response> HttpClient::send(const Request &request, const EngineFuture &future) {
     Request current = request;
     current.URL.setUserInfo({});
     for (int hop = 0; hop <= MostRedirections; ++hop) {
@@ -77,7 +77,8 @@ Result<HttpClient::Response> HttpClient::send(const Request &request, const PZFu
                        current.URL.authority());
 }
 
-Result<HttpClient::Response> HttpClient::exchange(const Request &request, const PZFuture &future) {
+Result<HttpClient::Response> HttpClient::exchange(const Request &request,
+                                                  const EngineFuture &future) {
     if (future.isCancelled()) {
         return operationCancelled();
     }

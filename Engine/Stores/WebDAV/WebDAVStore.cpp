@@ -110,7 +110,7 @@ QUrl WebDAVStore::folderURL(const QString &name) const {
     return result;
 }
 
-std::optional<Error> WebDAVStore::open(const PZFuture &future) {
+std::optional<Error> WebDAVStore::open(const EngineFuture &future) {
     if (!m_package.isValid() || !m_package.path().endsWith(QStringLiteral(".qvSyncStore"))) {
         return engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.",
                            URL().stringWithoutPassword());
@@ -136,7 +136,7 @@ std::optional<Error> WebDAVStore::open(const PZFuture &future) {
     return {};
 }
 
-Result<QStringList> WebDAVStore::namesInPackage(const PZFuture &future) {
+Result<QStringList> WebDAVStore::namesInPackage(const EngineFuture &future) {
     const Result<Response> answer = propertiesOfAll({}, future);
     const auto *response = std::get_if<Response>(&answer);
     if (response && response->status == NotFound) {
@@ -146,7 +146,7 @@ Result<QStringList> WebDAVStore::namesInPackage(const PZFuture &future) {
     return names({}, answer);
 }
 
-Result<QStringList> WebDAVStore::listFolder(const QString &folder, const PZFuture &future) {
+Result<QStringList> WebDAVStore::listFolder(const QString &folder, const EngineFuture &future) {
     const Result<Response> answer = propertiesOfAll(folder, future);
     const auto *response = std::get_if<Response>(&answer);
     if (response && response->status == NotFound) {
@@ -156,7 +156,7 @@ Result<QStringList> WebDAVStore::listFolder(const QString &folder, const PZFutur
 }
 
 Result<HttpClient::Response> WebDAVStore::propertiesOfAll(const QString &folder,
-                                                          const PZFuture &future) {
+                                                          const EngineFuture &future) {
     return m_client.send({.method = "PROPFIND",
                           .URL = folderURL(folder),
                           .headers = {{"Depth", "1"}, {"Content-Type", "application/xml"}},
@@ -197,7 +197,7 @@ Result<QStringList> WebDAVStore::names(const QString &folder,
 }
 
 Result<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
-                                         const PZFuture &future) {
+                                         const EngineFuture &future) {
     const Result<Response> answer =
         m_client.send({.method = "GET", .URL = blobURL(name), .limit = limit}, future);
     if (const Error *error = errorOf(answer)) {
@@ -217,7 +217,7 @@ Result<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
 }
 
 Result<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QByteArray &contents,
-                                                  const PZFuture &future) {
+                                                  const EngineFuture &future) {
     Result<Response> answer = put(name, contents, future);
     const auto *first = std::get_if<Response>(&answer);
     if (first && (first->status == Conflict || first->status == NotFound)) {
@@ -242,7 +242,7 @@ Result<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QBy
     }
 }
 
-std::optional<Error> WebDAVStore::removeBlob(const QString &name, const PZFuture &future) {
+std::optional<Error> WebDAVStore::removeBlob(const QString &name, const EngineFuture &future) {
     const Result<Response> answer =
         m_client.send({.method = "DELETE", .URL = blobURL(name)}, future);
     if (const Error *error = errorOf(answer)) {
@@ -255,7 +255,7 @@ std::optional<Error> WebDAVStore::removeBlob(const QString &name, const PZFuture
 }
 
 Result<HttpClient::Response> WebDAVStore::put(const QString &name, const QByteArray &contents,
-                                              const PZFuture &future) {
+                                              const EngineFuture &future) {
     return m_client.send(
         {.method = "PUT",
          .URL = blobURL(name),
@@ -264,7 +264,8 @@ Result<HttpClient::Response> WebDAVStore::put(const QString &name, const QByteAr
         future);
 }
 
-std::optional<Error> WebDAVStore::makeFoldersAbove(const QString &name, const PZFuture &future) {
+std::optional<Error> WebDAVStore::makeFoldersAbove(const QString &name,
+                                                   const EngineFuture &future) {
     std::optional<Error> error;
     for (qsizetype end = name.indexOf(u'/'); end >= 0 && !error;
          end = name.indexOf(u'/', end + 1)) {
@@ -273,7 +274,7 @@ std::optional<Error> WebDAVStore::makeFoldersAbove(const QString &name, const PZ
     return error;
 }
 
-std::optional<Error> WebDAVStore::makeFolder(const QString &name, const PZFuture &future) {
+std::optional<Error> WebDAVStore::makeFolder(const QString &name, const EngineFuture &future) {
     const QUrl folder = folderURL(name);
     const Result<Response> answer = m_client.send({.method = "MKCOL", .URL = folder}, future);
     if (const Error *error = errorOf(answer)) {

@@ -22,15 +22,16 @@ public:
     /// Bytes of the answer that lists a folder; enough for some hundred thousand blobs.
     static constexpr qint64 ListingLimit = 64 << 20;
 
-    std::optional<Error> open(const PZFuture &future) override;
+    std::optional<Error> open(const EngineFuture &future) override;
     QString place(const QString &name) const override;
 
 protected:
-    Result<QStringList> listFolder(const QString &folder, const PZFuture &future) override;
-    Result<QByteArray> readBlob(const QString &name, qint64 limit, const PZFuture &future) override;
+    Result<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
+    Result<QByteArray> readBlob(const QString &name, qint64 limit,
+                                const EngineFuture &future) override;
     Result<Written> writeBlob(const QString &name, const QByteArray &contents,
-                              const PZFuture &future) override;
-    std::optional<Error> removeBlob(const QString &name, const PZFuture &future) override;
+                              const EngineFuture &future) override;
+    std::optional<Error> removeBlob(const QString &name, const EngineFuture &future) override;
 
 private:
     using Response = HttpClient::Response;
@@ -40,12 +41,13 @@ private:
     std::optional<UrlCredential> credential();
     QUrl blobURL(const QString &name) const;
     QUrl folderURL(const QString &name) const;
-    Result<QStringList> namesInPackage(const PZFuture &future);
-    Result<Response> propertiesOfAll(const QString &folder, const PZFuture &future);
+    Result<QStringList> namesInPackage(const EngineFuture &future);
+    Result<Response> propertiesOfAll(const QString &folder, const EngineFuture &future);
     Result<QStringList> names(const QString &folder, const Result<Response> &answer) const;
-    Result<Response> put(const QString &name, const QByteArray &contents, const PZFuture &future);
-    std::optional<Error> makeFoldersAbove(const QString &name, const PZFuture &future);
-    std::optional<Error> makeFolder(const QString &name, const PZFuture &future);
+    Result<Response> put(const QString &name, const QByteArray &contents,
+                         const EngineFuture &future);
+    std::optional<Error> makeFoldersAbove(const QString &name, const EngineFuture &future);
+    std::optional<Error> makeFolder(const QString &name, const EngineFuture &future);
     Error failure(const Response &response, const QString &name) const;
     Error unexpected(const Response &response) const;
     Error credentialRefused() const;

@@ -1,3 +1,4 @@
+#include <array>
 #include <latch>
 #include <thread>
 
@@ -98,11 +99,122 @@ private Q_SLOTS:
         QVERIFY(watched.expired());
     }
 
-    void attachedFuturesMayDieFirst() {
+    void aRingOfFuturesIsFreedWithoutBeingCancelled() {
+        std::weak_ptr<EngineFuture> watched;
+        std::weak_ptr<EngineFuture> last;
+        {
+            const auto first = newFuture();
+            const auto second = newFuture();
+            const auto third = newFuture();
+            watched = first;
+            last = third;
+            first->cascadeCancellationToFuture(first);
+            first->cascadeCancellationToFuture(second);
+            second->cascadeCancellationToFuture(third);
+            third->passControlToFuture(first);
+        }
+        QVERIFY(watched.expired());
+        QVERIFY(last.expired());
+    }
+
+    void everyFutureOfARingCancelsTheOthers() {
+        for (int i = 0; i < 3; ++i) {
+            const std::array ring{newFuture(), newFuture(), newFuture()};
+            ring[0]->cascadeCancellationToFuture(ring[1]);
+            ring[1]->cascadeCancellationToFuture(ring[2]);
+            ring[2]->cascadeCancellationToFuture(ring[0]);
+            ring[static_cast<size_t>(i)]->cancel();
+            QVERIFY(ring[0]->isCancelled() && ring[1]->isCancelled() && ring[2]->isCancelled());
+        }
+    }
+
+    void attachedFuturesLiveUntilTheyAreCancelled() {
         const auto future = newFuture();
-        future->cascadeCancellationToFuture(newFuture());
+        const auto operation = newFuture();
+        std::weak_ptr<EngineFuture> watched;
+        {
+            const auto between = newFuture();
+            watched = between;
+            between->cascadeCancellationToFuture(operation);
+            future->cascadeCancellationToFuture(between);
+        }
+        QVERIFY(!watched.expired());
         future->cancel();
-        QVERIFY(future->isCancelled());
+        QVERIFY(operation->isCancelled());
+        QVERIFY(watched.expired());
+    }
+
+    void attachedFuturesDieWithTheOneTheyAreAttachedTo() {
+        auto future = newFuture();
+        const std::weak_ptr<EngineFuture> watched = [&] {
+            const auto attached = newFuture();
+            future->passControlToFuture(attached);
+            return attached;
+        }();
+        QVERIFY(!watched.expired());
+        future.reset();
+        QVERIFY(watched.expired());
+    }
+
+    void finishedFuturesAreReleasedWhenTheNextIsAttached() {
+        const auto future = newFuture();
+        const std::weak_ptr<EngineFuture> watched = [&] {
+            const auto attached = newFuture();
+            future->cascadeCancellationToFuture(attached);
+            attached->finish();
+            return attached;
+        }();
+        future->passControlToFuture(newFuture());
+        QVERIFY(watched.expired());
+    }
+
+    void aCallbackRunsOnceOnTheThreadThatCancels() {
+        const auto future = newFuture();
+        const auto attached = newFuture();
+        future->cascadeCancellationToFuture(attached);
+        QList<std::thread::id> callers;
+        const std::stop_callback registration(attached->cancellation(),
+                                              [&] { callers.append(std::this_thread::get_id()); });
+        QVERIFY(callers.isEmpty());
+        std::thread::id canceller;
+        std::thread cancelling([&] {
+            canceller = std::this_thread::get_id();
+            future->cancel();
+            future->cancel();
+        });
+        cancelling.join();
+        QCOMPARE(callers.size(), 1);
+        QVERIFY(callers.first() == canceller);
+    }
+
+    void aCallbackRunsAtOnceIfTheFutureIsCancelledAlready() {
+        const auto future = newFuture();
+        future->cancel();
+        bool hasRun = false;
+        const std::stop_callback registration(future->cancellation(), [&] { hasRun = true; });
+        QVERIFY(hasRun);
+    }
+
+    void aCallbackDoesNotRunAfterItsRegistrationHasEnded() {
+        const auto future = newFuture();
+        bool hasRun = false;
+        {
+            const std::stop_callback registration(future->cancellation(), [&] { hasRun = true; });
+        }
+        future->cancel();
+        QVERIFY(!hasRun);
+    }
+
+    void aCallbackDoesNotRunOnceTheOperationHasFinished() {
+        const auto future = newFuture();
+        bool hasRun = false;
+        const std::stop_callback registration(future->cancellation(), [&] { hasRun = true; });
+        future->finish();
+        future->cancel();
+        QVERIFY(!hasRun);
+        future->passControlToFuture(newFuture());
+        future->cancel();
+        QVERIFY(hasRun);
     }
 
     void everyFutureAttachedWhileOthersCancelIsCancelled() {
