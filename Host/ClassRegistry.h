@@ -4,19 +4,24 @@
 
 #include "Host/HostExport.h"
 
-/// A class object: what the class of a name can do without an instance. Each host class that has
-/// such operations declares its own as a nested `Class`; a host implements and registers it.
+/// Base of all class objects. A class object implements the operations of a host class that need no
+/// instance, such as creating one. Each host class with such operations declares them as a nested
+/// `Class`; a host implements that and registers it with HostClassRegistration.
 class HOST_EXPORT HostClass {
 public:
     virtual ~HostClass();
 };
 
-/// The class object registered under `name`, or nullptr. It belongs to whoever registered it. Any
-/// thread.
+/// Returns the class object that is registered under `name`, or nullptr if there is none. The host
+/// that registered it owns it; it is valid until its registration is destroyed. Thread-safe, but
+/// the caller must ensure that the host does not remove the registration while the object is used:
+/// use class objects on the main thread, where hosts register and remove them.
 HOST_EXPORT HostClass *NSClassFromString(const QString &name);
 
-/// Registers `classObject` under `name` while it exists: a host keeps one of these beside each of
-/// its class objects. Registering a second class of the same name is a programming error.
+/// Registers `classObject` under `name` from construction to destruction. A host keeps one
+/// registration with each class object, which must outlive it and must not be null. Raises an
+/// AssertionFailure if `name` is registered already; the first registration then stays in effect.
+/// Create and destroy it on the main thread.
 class HOST_EXPORT HostClassRegistration {
 public:
     HostClassRegistration(const QString &name, HostClass *classObject);
@@ -28,10 +33,13 @@ private:
     const QString m_name;
 };
 
+/// Raises an AssertionFailure that says that the host has no class `name`. Used by
+/// requiredHostClass().
 [[noreturn]] HOST_EXPORT void failForMissingHostClass(const QString &name);
 
-/// The class object of `name`, which must be there and must be a `ClassObject`; otherwise raises an
-/// AssertionFailure. For classes whose presence was tested when the pane was loaded.
+/// Returns the class object that is registered under `name`. Raises an AssertionFailure if there is
+/// none or if it is not a `ClassObject`. For classes that the pane has found when it was loaded;
+/// use NSClassFromString() for classes that a host may leave out.
 template <class ClassObject>
 ClassObject &requiredHostClass(const QString &name) {
     auto *classObject = dynamic_cast<ClassObject *>(NSClassFromString(name));

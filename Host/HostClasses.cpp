@@ -16,7 +16,7 @@
 #include "Host/QVSyncStore.h"
 #include "Host/QVWeeklySchedule.h"
 
-// Here, so that each class has one home for its type information, which plug-ins compare.
+// Key functions: each class has its type information in this library only, which plug-ins compare.
 PZDropboxAccountInfo::~PZDropboxAccountInfo() = default;
 PZFuture::~PZFuture() = default;
 QVApplication::~QVApplication() = default;

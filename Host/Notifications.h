@@ -2,16 +2,20 @@
 
 #include <QtCore/QString>
 
-/// Names of the notifications that the sync plug-in posts to the default centre, on the main
-/// thread.
+/// Names of the notifications that a host posts to NotificationCenter::defaultCenter(), always on
+/// the main thread and after the change that they report is in effect.
 
-/// Object: the QVDatabase just opened.
+/// Posted after a database was opened or created. The object is the QVDatabase, which
+/// QVDatabase::databases() contains.
 inline const QString QVSyncPluginDidOpenDatabase = QStringLiteral("QVSyncPluginDidOpenDatabase");
-/// Object: the QVDatabase being closed.
+/// Posted when a database was closed. The object is the QVDatabase, which QVDatabase::databases()
+/// does not contain any more.
 inline const QString QVSyncPluginDidCloseDatabase = QStringLiteral("QVSyncPluginDidCloseDatabase");
-/// Object: the renamed QVDatabase, which has its new name already.
+/// Posted after a database was renamed, by the user or by a synchronization. The object is the
+/// QVDatabase, whose `name` is the new one.
 inline const QString QVDatabaseRenamedNotification =
     QStringLiteral("QVDatabaseRenamedNotification");
-/// A schedule has fired; the object is the host's own affair.
+/// Posted when a schedule has fired, so that displayed dates can be updated. The object is not
+/// specified and may be null.
 inline const QString QVSyncScheduleDidFireNotification =
     QStringLiteral("QVSyncScheduleDidFireNotification");

@@ -4,9 +4,10 @@
 
 #include "Host/HostExport.h"
 
-/// An account that was authorized. Immutable; shared.
+/// The account that a user has authorized. Immutable, therefore thread-safe. Shared ownership.
 class HOST_EXPORT PZDropboxAccountInfo {
 public:
     virtual ~PZDropboxAccountInfo();
+    /// Returns the e-mail address of the account, as the service reports it. Never empty.
     virtual QString email() const = 0;
 };

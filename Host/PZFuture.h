@@ -4,31 +4,37 @@
 
 #include "Host/ClassRegistry.h"
 
-/// A handle that cancels an operation in progress. Has shared ownership. Thread-safe. A future must
-/// not be null where one is passed.
+/// A handle through which an operation can be cancelled. It carries no result: results go to the
+/// handler of the operation. Shared ownership; releasing a future does not cancel its operation.
+/// Every function is thread-safe, returns at once, and may be called from within a handler.
 class HOST_EXPORT PZFuture {
 public:
     /// Registered as "PZFuture".
     class HOST_EXPORT Class : public HostClass {
     public:
+        /// Implements PZFuture::future().
         virtual std::shared_ptr<PZFuture> future() const = 0;
     };
-    /// Returns a new, pending future.
+    /// Returns a new future that is neither cancelled nor attached to an operation. Never null.
     static std::shared_ptr<PZFuture> future();
 
     virtual ~PZFuture();
 
-    /// Cancels this future and the futures attached to it. Returns without waiting for their
-    /// operations to end. Has no effect on a future that is cancelled already, and none on the own
-    /// operation of one that has finished.
+    /// Cancels this future and every future attached to it; returns without waiting for their
+    /// operations to end. An operation that is cancelled still calls its handler once, with an
+    /// error that says so, but not from within this call. Idempotent; has no effect on the own
+    /// operation of a future that has finished.
     virtual void cancel() = 0;
+    /// Returns whether cancel() was called before the operation had finished. Once true, it stays
+    /// true.
     virtual bool isCancelled() const = 0;
-    /// Attaches `future`: cancelling this future cancels it too. If this future is cancelled
+    /// Attaches `future`: cancelling this future also cancels `future`. If this future is cancelled
     /// already, `future` is cancelled within this call. The attached future is kept alive until
-    /// this future is cancelled or destroyed or `future` has finished, unless it already keeps
-    /// this one alive.
+    /// this future is cancelled or destroyed or `future` has finished, unless it already keeps this
+    /// one alive: a ring of futures is allowed and does not leak. `future` must not be null.
     virtual void cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) = 0;
     /// Hands this future over to the operation of `future`, which is attached as above: this future
-    /// is pending again if it had finished, and cancelling it cancels that operation.
+    /// is pending again if it had finished, and cancelling it cancels that operation. `future` must
+    /// not be null.
     virtual void passControlToFuture(const std::shared_ptr<PZFuture> &future) = 0;
 };

@@ -4,24 +4,29 @@
 
 #include "Host/QVSyncSchedule.h"
 
-/// A time of day: hour 0 to 23, minute 0 to 59, by the local clock.
+/// A time of day in the local time zone. A value.
 struct HourAndMinute {
+    /// 0 to 23.
     int hour = 0;
+    /// 0 to 59.
     int minute = 0;
     bool operator==(const HourAndMinute &) const = default;
 };
 
-/// Fires every day at a time of day.
+/// A schedule that fires once a day. On a day on which the clock is changed it still fires once: at
+/// the first of two equal times, and after the gap for a time that is skipped.
 class HOST_EXPORT QVDailySchedule : public QVSyncSchedule {
 public:
     /// Registered as "QVDailySchedule".
     class HOST_EXPORT Class : public HostClass {
     public:
-        /// Without a time of day, the host's default is taken.
+        /// Returns a new schedule. If `hourAndMinute` is std::nullopt or not a valid time of day,
+        /// the host's default time is used. Never null.
         virtual std::shared_ptr<const QVDailySchedule> initWithHourAndMinute(
             const std::optional<HourAndMinute> &hourAndMinute) const = 0;
     };
     ~QVDailySchedule() override;
 
+    /// Returns the time of day at which the schedule fires. Always valid.
     virtual HourAndMinute hourAndMinute() const = 0;
 };

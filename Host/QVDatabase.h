@@ -7,7 +7,8 @@
 #include "Host/ClassRegistry.h"
 #include "Platform/KeyValue/SharedPointer.h"
 
-/// A database of the application. Shared with the host; main thread.
+/// A database of the host application. Shared ownership: a database stays valid, but not
+/// necessarily open, while someone holds it. Must be used on the main thread.
 class HOST_EXPORT QVDatabase : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString UUID READ UUID CONSTANT)
@@ -16,16 +17,21 @@ public:
     /// Registered as "QVDatabase".
     class HOST_EXPORT Class : public HostClass {
     public:
-        /// The open databases, the inbox included, in the host's order.
+        /// Implements QVDatabase::databases().
         virtual QList<std::shared_ptr<QVDatabase>> databases() const = 0;
     };
+    /// Returns the open databases, including the inbox, in the order in which the host shows them.
+    /// No entry is null. A change is posted as QVSyncPluginDidOpenDatabase or
+    /// QVSyncPluginDidCloseDatabase.
     static QList<std::shared_ptr<QVDatabase>> databases();
 
     ~QVDatabase() override;
 
-    /// Never empty and never changes; two databases are the same when these are equal.
+    /// Returns the identifier of the database. Never empty, constant, and compared as text: two
+    /// objects with equal identifiers represent the same database.
     virtual QString UUID() const = 0;
-    /// What the person calls it. A change is posted as QVDatabaseRenamedNotification as well.
+    /// Returns the name that the user has given the database. A change emits nameChanged() and is
+    /// then posted as QVDatabaseRenamedNotification.
     virtual QString name() const = 0;
 
 Q_SIGNALS:

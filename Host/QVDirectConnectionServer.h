@@ -7,7 +7,8 @@
 
 class NetService;
 
-/// The built-in server to which other computers connect directly. Main thread.
+/// The built-in server to which other computers connect directly. The host owns it. It must be used
+/// on the main thread; it serves its clients on threads of its own.
 class HOST_EXPORT QVDirectConnectionServer : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool serving READ isServing NOTIFY servingChanged)
@@ -16,26 +17,43 @@ public:
     /// Registered as "QVDirectConnectionServer".
     class HOST_EXPORT Class : public HostClass {
     public:
-        /// The scheme of direct-connection locations.
+        /// These implement the functions of the same names below.
         virtual QString URLScheme() const = 0;
         virtual quint16 defaultPort() const = 0;
-        /// The DNS-SD service type under which servers announce themselves.
         virtual QString bonjourServiceType() const = 0;
-        /// The service name of the keychain items of authorized clients, one item for each.
         virtual QString clientAuthorizationServiceName() const = 0;
     };
+    /// Returns the URL scheme of direct-connection locations, in lower case.
     static QString URLScheme();
+    /// Returns the port that a server uses unless the user chooses another. Never 0.
     static quint16 defaultPort();
+    /// Returns the service type (RFC 6763, section 7) under which servers are announced on the
+    /// local network.
     static QString bonjourServiceType();
 
     ~QVDirectConnectionServer() override;
 
+    /// Returns the TCP port on which the server listens, or will listen once it is started. Never
+    /// 0.
     virtual quint16 port() const = 0;
+    /// Sets the port and emits portChanged(), also if the port stays the same. 0 selects
+    /// defaultPort(). If the server is serving and the port differs, the server is restarted, which
+    /// closes its connections; if it cannot listen on the new port, it is stopped and the error
+    /// presented as by startServing(). The port is not saved.
     virtual void setPort(quint16 port) = 0;
+    /// Returns whether the server accepts connections.
     virtual bool isServing() const = 0;
+    /// Starts the server; when the call returns, isServing() says whether that succeeded. If it
+    /// failed, for example because another program uses the port, the host presents the error to
+    /// the user later, from the event loop. Emits servingChanged() in both cases. Has no effect
+    /// while the server is serving. Blocks for a moment to open
+    /// the port and, the first time, to create a key and a certificate.
     virtual void startServing() = 0;
+    /// Closes all connections, withdraws the announcement and emits servingChanged(). Blocks until
+    /// the server's threads have ended. Has no effect unless the server is serving.
     virtual void stopServing() = 0;
-    /// This computer's own announcement; nullptr while there is none.
+    /// Returns the announcement of this server on the local network, or nullptr unless the server
+    /// is serving. Its name may change while it is published. Shared ownership.
     virtual std::shared_ptr<NetService> bonjourService() const = 0;
 
 Q_SIGNALS:
@@ -43,5 +61,5 @@ Q_SIGNALS:
     void portChanged();
 };
 
-/// The symbol that the host exports for the keychain.
+/// Returns the service name of the keychain items of authorized clients, one item for each client.
 HOST_EXPORT QString QVDirectConnectionClientAuthorizationServiceName();

@@ -10,22 +10,27 @@
 #include "Platform/Foundation/Error.h"
 #include "Platform/Foundation/Url.h"
 
-/// The authorization of one Dropbox account. Main thread.
+/// Authorizes this application to use one Dropbox account. Shared ownership. Must be used on the
+/// main thread, and not after the host has closed its profile.
 class HOST_EXPORT QVDropboxSession {
 public:
+    /// Receives the account and std::nullopt, or nullptr and the error.
     using Handler = std::function<void(const std::shared_ptr<PZDropboxAccountInfo> &accountInfo,
                                        const std::optional<Error> &error)>;
 
     virtual ~QVDropboxSession();
-    /// Lets the person sign in outside this program's windows. Cancelling `future` cancels it.
-    /// `handler` is called once, on the main thread: with the account, or with nullptr and the
-    /// reason.
+    /// Lets the user sign in outside this program's windows and returns at once. `handler`, which
+    /// must not be empty, is called exactly once, on the main thread and after this function has
+    /// returned: also when the sign-in fails, times out, or is cancelled through `future`, which
+    /// must not be null. The session may be released, and another authorization started, before
+    /// that.
     virtual void authorizeWithFuture(const std::shared_ptr<PZFuture> &future, Handler handler) = 0;
 };
 
-/// Makes sessions. Registered as "QVDropboxSessionManager".
+/// Creates authorization sessions. Registered as "QVDropboxSessionManager". Main thread only.
 class HOST_EXPORT QVDropboxSessionManager : public HostClass {
 public:
-    /// `URL`: that of the location, nil for a new one.
+    /// Returns a new session for the location with this URL; a nil URL stands for a location that
+    /// is not configured yet. Never null.
     virtual std::shared_ptr<QVDropboxSession> sessionWithURL(const Url &URL) = 0;
 };

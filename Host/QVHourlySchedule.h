@@ -2,20 +2,21 @@
 
 #include "Host/QVSyncSchedule.h"
 
-/// Fires every hour.
+/// A schedule that fires once an hour.
 class HOST_EXPORT QVHourlySchedule : public QVSyncSchedule {
 public:
     /// Registered as "QVHourlySchedule".
     class HOST_EXPORT Class : public HostClass {
     public:
-        /// With the host's default offset.
+        /// Returns a new schedule with the host's default offset. Never null.
         virtual std::shared_ptr<const QVHourlySchedule> newHourlySchedule() const = 0;
-        /// `hourlyOffset`: minutes past the full hour; what lies above 59 is taken modulo 60.
+        /// Returns a new schedule that fires `hourlyOffset` minutes past each full hour of the
+        /// local clock. Values above 59 are reduced modulo 60. Never null.
         virtual std::shared_ptr<const QVHourlySchedule> initWithHourlyOffset(
             quint32 hourlyOffset) const = 0;
     };
     ~QVHourlySchedule() override;
 
-    /// Minutes past the full hour, 0 to 59.
+    /// Returns the minutes past the full hour, 0 to 59.
     virtual quint32 hourlyOffset() const = 0;
 };

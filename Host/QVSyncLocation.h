@@ -9,8 +9,9 @@
 
 class QVSyncStore;
 
-/// A place with which databases synchronize. The locations controller owns those in its list;
-/// anyone else who keeps one shares it. Main thread.
+/// A location that databases synchronize with, such as a folder or a server. Shared ownership: the
+/// locations controller shares those in its list. Locations are compared by identity. Must be used
+/// on the main thread.
 class HOST_EXPORT QVSyncLocation : public QObject {
     Q_OBJECT
     Q_PROPERTY(Url URL READ URL WRITE setURL NOTIFY URLChanged)
@@ -20,26 +21,34 @@ public:
     /// Registered as "QVSyncLocation".
     class HOST_EXPORT Class : public HostClass {
     public:
-        /// A new location, in no list yet. A nil URL makes one that is to be configured.
+        /// Returns a new location that is in no list yet. `URL` may be nil; the location is then
+        /// not configured until setURL() is called. Never null.
         virtual std::shared_ptr<QVSyncLocation> syncLocationWithURL(const Url &URL) const = 0;
     };
 
     ~QVSyncLocation() override;
 
-    /// Its scheme says what kind of place it is. nil while it is not configured.
+    /// Returns the address, or nil if the location is not configured. The scheme determines the
+    /// kind of location. Contains no password.
     virtual Url URL() const = 0;
+    /// Sets the address, which may be nil, and announces `URL`, also if it is equal to the former
+    /// one. Stores that were created before, and jobs that use them, continue with the former
+    /// address. Not saved until QVSyncLocationsController::save() is called.
     virtual void setURL(const Url &URL) = 0;
-    /// At most one for each database.
+    /// Returns the states in the order in which they were added, at most one for each database. No
+    /// entry is null.
     virtual QVSyncStates synchronizationStates() const = 0;
-    /// nullptr for a database that has none here, and for an empty UUID. Takes the same time
-    /// however many states there are.
+    /// Returns the state of the database, or nullptr if it has none at this location; always
+    /// nullptr for an empty UUID. O(1).
     virtual std::shared_ptr<QVSyncState> stateForDatabaseWithUUID(const QString &UUID) const = 0;
-    /// The state of that database, made (disabled, without schedule) and announced if there is none
-    /// yet.
+    /// Returns the state of the database. If there is none yet, adds one that is disabled and has
+    /// no schedule, and announces `synchronizationStates`; otherwise `name` is ignored. Never null.
+    /// Raises an AssertionFailure if `UUID` is empty.
     virtual std::shared_ptr<QVSyncState> addStateForDatabaseWithUUID(const QString &UUID,
                                                                      const QString &name) = 0;
-    /// A new store, not open yet, for what lies at the location. Never nullptr: where there is no
-    /// store for the URL, opening it fails.
+    /// Returns a new store, not open yet, for the location's current address. Never null: if the
+    /// address is nil or of an unknown kind, opening the store fails. The store shares ownership of
+    /// the location.
     virtual std::shared_ptr<QVSyncStore> createStore() = 0;
 
 Q_SIGNALS:

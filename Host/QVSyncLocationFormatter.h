@@ -7,24 +7,29 @@
 #include "Host/ClassRegistry.h"
 #include "Platform/Foundation/Url.h"
 
-/// How a location looks to a person. Made for one URL; main thread.
+/// Describes a location for display. A formatter is created for one URL, which does not change; the
+/// caller owns it. Must be used on the main thread.
 class HOST_EXPORT QVSyncLocationFormatter {
 public:
     /// Registered as "QVSyncLocationFormatter".
     class HOST_EXPORT Class : public HostClass {
     public:
-        /// Never nullptr, also for a nil URL or an unknown scheme.
+        /// Implements QVSyncLocationFormatter::formatterForLocationWithURL().
         virtual std::unique_ptr<QVSyncLocationFormatter> formatterForLocationWithURL(
             const Url &URL) const = 0;
     };
+    /// Returns a formatter for `URL`. Never null, also for a nil URL or an unknown scheme.
     static std::unique_ptr<QVSyncLocationFormatter> formatterForLocationWithURL(const Url &URL);
 
     virtual ~QVSyncLocationFormatter();
 
+    /// Returns the name of the location, such as the host or the folder. Localized where it is no
+    /// proper name; never contains a password.
     virtual QString title() const = 0;
-    /// 32 by 32 in device-independent pixels, drawn for the densest screen.
+    /// Returns an icon of 32 by 32 device-independent pixels at a device pixel ratio of at least 2,
+    /// so that it is sharp on every screen. Never null.
     virtual QPixmap icon() const = 0;
-    /// The name of the kind, localized with the table "Sync": "Dropbox", "Local Sync Store",
-    /// "WebDAV", "Direct Connection".
+    /// Returns the kind of the location, localized with the table "Sync" from the keys "Dropbox",
+    /// "Local Sync Store", "WebDAV" and "Direct Connection".
     virtual QString locationType() const = 0;
 };

@@ -11,23 +11,33 @@
 
 class QVSyncLocation;
 
-/// Owns the person's sync locations, in their order, and saves them. Main thread.
+/// The user's sync locations in their order. It shares ownership of the locations in its list and
+/// saves them. It announces no changes: whoever changes the list updates what is derived from it.
+/// Must be used on the main thread.
 class HOST_EXPORT QVSyncLocationsController : public QObject {
     Q_OBJECT
 public:
     ~QVSyncLocationsController() override;
 
+    /// Returns the locations in the user's order. No entry is null.
     virtual QList<std::shared_ptr<QVSyncLocation>> syncLocations() const = 0;
+    /// Returns the size of syncLocations().
     virtual qsizetype countOfSyncLocations() const = 0;
-    /// `index` from 0 to the count; the count appends.
+    /// Inserts `location` before the one at `index`, which must be from 0 to
+    /// countOfSyncLocations(); that count appends. Raises an AssertionFailure if `location` is null
+    /// or not one of this host. It must not be in the list already.
     virtual void insertObjectInSyncLocationsAtIndex(const std::shared_ptr<QVSyncLocation> &location,
                                                     qsizetype index) = 0;
-    /// The index of that very object, or -1.
+    /// Returns the index of this object (compared by identity), or -1 if the list does not contain
+    /// it. `location` may be null.
     virtual qsizetype indexOfObjectInSyncLocations(
         const std::shared_ptr<QVSyncLocation> &location) const = 0;
-    /// Removes the location and, with it, its states from what is saved.
+    /// Removes the location at `index` with its states. Has no effect if `index` is not from 0 to
+    /// countOfSyncLocations() - 1, in particular if it is the -1 of indexOfObjectInSyncLocations().
+    /// Others who hold the location can continue to use it, but it is not saved any more.
     virtual void removeObjectFromSyncLocationsAtIndex(qsizetype index) = 0;
-    /// Saves all locations with their states and schedules, or nothing: then it answers false and,
-    /// where `error` is given, says why in it.
+    /// Saves all locations with their states and schedules in one transaction. Returns true if they
+    /// are on disk. Returns false if nothing was saved; if `error` is not null, it then receives
+    /// the reason, and is not changed otherwise. Blocks for the time of a disk write.
     virtual bool save(std::optional<Error> *error) = 0;
 };

@@ -13,7 +13,8 @@ class QVDirectConnectionServer;
 class QVSyncLocationsController;
 class QVSyncStore;
 
-/// The entry to all sync services: one shared object, which outlives the pane. Main thread.
+/// The entry point to all sync services. A host has one instance, which outlives the pane. Must be
+/// used on the main thread.
 class HOST_EXPORT QVSyncPlugin : public QObject {
     Q_OBJECT
     Q_PROPERTY(QVSyncDispatcher *dispatcher READ dispatcher CONSTANT)
@@ -22,40 +23,47 @@ public:
     /// Registered as "QVSyncPlugin".
     class HOST_EXPORT Class : public HostClass {
     public:
-        /// Whether synchronization can run on this system.
+        /// These implement the static functions of the same names below.
         virtual bool isAvailable() const = 0;
-        /// Never nullptr, and the same each time.
         virtual QVSyncPlugin *plugin() const = 0;
-        /// The database of that UUID that is open or, where asked for, known to the profile; or
-        /// nullptr.
         virtual std::shared_ptr<QVDatabase> databaseForUUID(
             const QString &UUID, bool lookingUpAllKnownDatabases) const = 0;
     };
+    /// Returns whether synchronization can run on this system.
     static bool isAvailable();
+    /// Returns the plug-in. Never null, and the same object in every call.
     static QVSyncPlugin *plugin();
+    /// Returns the database with this UUID on this computer, or nullptr if there is none. If
+    /// `lookingUpAllKnownDatabases` is true, databases are found that the host knows but does not
+    /// list otherwise.
     static std::shared_ptr<QVDatabase> databaseForUUID(const QString &UUID,
                                                        bool lookingUpAllKnownDatabases);
 
     ~QVSyncPlugin() override;
 
-    /// These belong to the plug-in and are the same each time.
+    /// Returns the list of locations. Owned by the plug-in, never null, the same in every call.
     virtual QVSyncLocationsController *locationsController() const = 0;
+    /// Returns the dispatcher. Owned by the plug-in, never null, the same in every call.
     virtual QVSyncDispatcher *dispatcher() const = 0;
-    /// nullptr where the host has no server.
+    /// Returns the server for direct connections, or nullptr if the host has none. Owned by the
+    /// plug-in, the same in every call.
     virtual QVDirectConnectionServer *server() const = 0;
-    /// The store of the databases on this computer; every local database is contained in its
-    /// location.
+    /// Returns the store of the databases on this computer. Its location contains every local
+    /// database. Never null; shared ownership.
     virtual std::shared_ptr<QVSyncStore> localStore() const = 0;
 
-    /// Whether folders can be reached only after the person has granted it.
+    /// Returns whether the host can use a folder only after the user has granted access to it.
     virtual bool usesSandboxedAccess() const = 0;
-    /// Keeps the grant for a folder, given by its file URL; a nil or other URL is ignored.
+    /// Saves a grant for the folder with this `file` URL. Idempotent. Any other URL, also nil, is
+    /// ignored. If the grant cannot be saved, it is not in bookmarkDictionaryKeys() afterwards.
     virtual void bookmarkURL(const Url &URL) = 0;
-    /// Withdraws it; harmless where there is none.
+    /// Withdraws the grant for the folder. Has no effect if there is none.
     virtual void removeBookmarkForURL(const Url &URL) = 0;
-    /// The paths of the folders granted, in the order in which they were.
+    /// Returns the paths of the granted folders in the order in which they were granted.
     virtual QStringList bookmarkDictionaryKeys() const = 0;
 
-    /// Whether the volume that holds `path` is mounted.
+    /// Returns whether the removable volume or network share that contains `path` is mounted; true
+    /// for a path that is on no such volume. `path` need not exist. Reads the list of mounted
+    /// volumes, which may block while one of them does not respond.
     virtual bool isVolumeMountedAtPath(const QString &path) const = 0;
 };

@@ -6,26 +6,31 @@
 
 #include "Host/ClassRegistry.h"
 
-/// When a database synchronizes by itself. An immutable value, shared by all that hold it; any
-/// thread.
+/// Determines when a database is synchronized automatically. Immutable, therefore thread-safe.
+/// Shared ownership. An instance of this class itself never fires; QVHourlySchedule,
+/// QVDailySchedule and QVWeeklySchedule do.
 class HOST_EXPORT QVSyncSchedule {
 public:
     /// Registered as "QVSyncSchedule".
     class HOST_EXPORT Class : public HostClass {
     public:
-        /// A schedule that never fires: neither hourly, daily nor weekly.
+        /// Implements QVSyncSchedule::newSchedule().
         virtual std::shared_ptr<const QVSyncSchedule> newSchedule() const = 0;
     };
+    /// Returns a new schedule that never fires and is neither hourly, daily nor weekly. Never null.
     static std::shared_ptr<const QVSyncSchedule> newSchedule();
 
     virtual ~QVSyncSchedule();
 
+    /// At most one of these three is true. The schedule can then be cast to the class of that name.
     virtual bool isHourly() const = 0;
     virtual bool isDaily() const = 0;
     virtual bool isWeekly() const = 0;
-    /// The next time it fires after now, in local time; an invalid date where it never does.
+    /// Returns the next date after the current time at which the schedule fires, in local time, or
+    /// an invalid date if it never fires. Computed anew in each call.
     virtual QDateTime nextScheduledDate() const = 0;
 };
 
+/// A shared schedule; null means that there is no schedule.
 using QVSyncSchedulePtr = std::shared_ptr<const QVSyncSchedule>;
 Q_DECLARE_METATYPE(QVSyncSchedulePtr)

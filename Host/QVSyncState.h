@@ -10,8 +10,10 @@
 
 class QVSyncLocation;
 
-/// How one database synchronizes with one location. It belongs to the location; the pane refers to
-/// it. Main thread. Every setter announces its key, equal or not.
+/// How one database synchronizes with one location. The location shares ownership of its states and
+/// never removes one. Must be used on the main thread. Every setter announces its key, also if the
+/// value stays the same, and takes effect at once; values are on disk after
+/// QVSyncLocationsController::save().
 class HOST_EXPORT QVSyncState : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString databaseUUID READ databaseUUID CONSTANT)
@@ -24,23 +26,29 @@ class HOST_EXPORT QVSyncState : public QObject {
 public:
     ~QVSyncState() override;
 
-    /// "@inbox" for the host's inbox.
+    /// Returns the UUID of the database, "@inbox" for the host's inbox. Constant; never empty.
     virtual QString databaseUUID() const = 0;
-    /// The name of the database as the location last knew it.
+    /// Returns the name of the database as the location last knew it.
     virtual QString databaseName() const = 0;
-    /// The very object in the locations controller's list; nullptr once the location is gone.
+    /// Returns the location that holds this state, the same object as in the locations controller's
+    /// list; nullptr if the location has been destroyed.
     virtual std::shared_ptr<QVSyncLocation> destination() const = 0;
-    /// Whether the database synchronizes with the location at all.
+    /// Returns whether the database is kept in sync with the location automatically. A disabled
+    /// state keeps its schedule and the date of its last synchronization.
     virtual bool isEnabled() const = 0;
     virtual void setEnabled(bool enabled) = 0;
-    /// nullptr: none.
+    /// Returns the schedule, or null if there is none.
     virtual QVSyncSchedulePtr schedule() const = 0;
+    /// Sets the schedule; null removes it.
     virtual void setSchedule(const QVSyncSchedulePtr &schedule) = 0;
+    /// Returns whether the database is synchronized when it is opened.
     virtual bool syncOnOpen() const = 0;
     virtual void setSyncOnOpen(bool syncOnOpen) = 0;
+    /// Returns whether the database is synchronized when it is closed.
     virtual bool syncOnClose() const = 0;
     virtual void setSyncOnClose(bool syncOnClose) = 0;
-    /// When a synchronization last succeeded; an invalid date: never.
+    /// Returns the date of the last successful synchronization, or an invalid date if there was
+    /// none. The host updates it on the main thread and saves it by itself.
     virtual QDateTime lastSynced() const = 0;
 
 Q_SIGNALS:
@@ -51,5 +59,5 @@ Q_SIGNALS:
     void lastSyncedChanged();
 };
 
-/// A set of states in a fixed order, that in which they were added.
+/// A set of states, in the order in which they were added.
 using QVSyncStates = QList<std::shared_ptr<QVSyncState>>;

@@ -10,24 +10,38 @@
 
 class QVSyncLocation;
 
-/// Access to what lies at a location. Shared; any thread may call. Each handler is called exactly
-/// once, on a thread of the store's choosing, also when the operation is cancelled; the store keeps
-/// itself alive until then.
+/// Gives access to the contents of a location. Shared ownership; a store keeps itself alive until
+/// its running operations have ended.
+///
+/// Every operation returns its future at once and runs on a worker thread. Its handler, which must
+/// not be empty, is called there exactly once, possibly before the operation has returned its
+/// future. If the future is cancelled, the handler receives an error that says so. Handlers may
+/// start other operations but must not wait for the main thread, which waits for them when the host
+/// closes its profile. Every function is thread-safe, but operations of one store should follow
+/// each other: closing neither waits for nor cancels an operation that is running.
 class HOST_EXPORT QVSyncStore {
 public:
+    /// Receives the error, or std::nullopt if the operation succeeded.
     using ErrorHandler = std::function<void(const std::optional<Error> &error)>;
-    /// Both may be there at once: a partial result.
+    /// Receives the databases, or an error, or both: then the result is partial, and the error says
+    /// why the first of the missing databases could not be read.
     using DatabasesHandler = std::function<void(const std::optional<QVRemoteDatabases> &databases,
                                                 const std::optional<Error> &error)>;
 
     virtual ~QVSyncStore();
 
-    /// The location that made this store.
+    /// Returns the location that created this store. Never null. The store uses the address that
+    /// the location had at that time.
     virtual std::shared_ptr<QVSyncLocation> location() const = 0;
-    /// Opens the store; it must be open before anything is fetched.
+    /// Opens the store: checks that it can be reached and used. May ask the user, for example about
+    /// a certificate. A store that failed to open is not open and may be opened again, as may one
+    /// that was closed. If the store is closed while this runs, it is open again if this succeeds.
     virtual std::shared_ptr<PZFuture> openWithCompletionHandler(ErrorHandler handler) = 0;
-    /// Reads which databases the store holds.
+    /// Reads the list of databases in the store. Fails if the store is not open, also after it was
+    /// closed. Changes nothing in the store.
     virtual std::shared_ptr<PZFuture> fetchDatabasesWithCompletionHandler(
         DatabasesHandler handler) = 0;
+    /// Closes the store. Succeeds also if the store is not open. Optional: a store that is released
+    /// while it is open leaves nothing behind.
     virtual std::shared_ptr<PZFuture> closeWithCompletionHandler(ErrorHandler handler) = 0;
 };
