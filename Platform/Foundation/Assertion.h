@@ -5,21 +5,23 @@
 
 #include "Platform/PlatformExport.h"
 
-/// A programming error. It is thrown so that nothing goes on with a broken premise; where nobody
-/// catches it, `installAssertionReporter` sees to it that it ends in words.
+/// A programming error, such as an argument that violates a contract. It is thrown, so that nothing
+/// continues on a false assumption. If it is not caught, the process terminates, and reports it
+/// first if installAssertionReporter() was called.
 class PLATFORM_EXPORT AssertionFailure : public std::logic_error {
 public:
-    /// `sourceFile` has no extension; `line` is 0 where none is stated.
+    /// `sourceFile` is given without its extension. `line` is 0 if no line is stated.
     AssertionFailure(const QString &message, const QString &method, const QString &sourceFile,
                      int line);
     ~AssertionFailure() override;
 
-    /// "Invalid parameter not satisfying: location != nil"
+    /// What is wrong, for example "Invalid parameter not satisfying: location != nil".
     const QString &message() const { return m_message; }
+    /// The function in which it was found, with its class.
     const QString &method() const { return m_method; }
     const QString &sourceFile() const { return m_sourceFile; }
     int line() const { return m_line; }
-    /// The message, the method, and where it stands, in one line.
+    /// Returns the message, the method, the source file and the line in one line of text.
     QString report() const;
 
 private:
@@ -29,10 +31,12 @@ private:
     int m_line;
 };
 
+/// Throws an AssertionFailure. Parameters as for its constructor, in UTF-8. Thread-safe.
 [[noreturn]] PLATFORM_EXPORT void failAssertion(const QString &message, const char *method,
                                                 const char *sourceFile, int line = 0);
 
-/// Raises "Invalid parameter not satisfying: CONDITION" unless `isSatisfied`.
+/// Throws an AssertionFailure with the message "Invalid parameter not satisfying: CONDITION" unless
+/// `isSatisfied`. Thread-safe.
 inline void requireParameter(bool isSatisfied, const char *condition, const char *method,
                              const char *sourceFile, int line = 0) {
     if (!isSatisfied) {
@@ -42,6 +46,6 @@ inline void requireParameter(bool isSatisfied, const char *condition, const char
     }
 }
 
-/// From now on an exception that nobody catches writes its report to standard error before it ends
-/// the program. Called once, at the start of a program.
+/// Makes the process write a report to standard error before an uncaught exception terminates it.
+/// Call it once, at the start of a program; it replaces the process's terminate handler.
 PLATFORM_EXPORT void installAssertionReporter();

@@ -10,7 +10,7 @@ struct DispatchGroup::State {
     int count = 0;
     std::function<void()> block;
 
-    /// Takes the block if it is due. Called with the mutex held.
+    /// Returns the block if it is due, and clears it. Must be called with the mutex locked.
     std::function<void()> takeBlock() {
         return count == 0 ? std::exchange(block, nullptr) : nullptr;
     }

@@ -5,18 +5,23 @@
 
 #include "Platform/PlatformExport.h"
 
-/// Counts work under way and tells when none is left. A handle: copies stand for the same group.
-/// Any thread.
+/// Counts running work and calls a block when none is left. Copies share the same group, which
+/// lives as long as one of them or a queued block. Thread-safe. The blocks run on the main thread,
+/// from its event loop, never within a call of these functions.
 class PLATFORM_EXPORT DispatchGroup {
 public:
     DispatchGroup();
 
-    /// Each `enter` is answered by one `leave`, from any thread.
+    /// Adds one unit of work. Each call must be balanced by one leave(), on any thread. If one is
+    /// missing, the block of notify() is never called; if there is one too many, the count becomes
+    /// negative, with the same result.
     void enter() const;
+    /// Removes one unit of work, and queues the block of notify() if it was the last one.
     void leave() const;
-    /// Queues `block` on the main queue as work of this group.
+    /// Queues `block` on the main queue. It counts as work of this group until it has returned.
     void dispatchAsync(std::function<void()> block) const;
-    /// Queues `block` on the main queue as soon as no work is under way. Called once for a group.
+    /// Queues `block` on the main queue as soon as there is no work, at once if there is none now.
+    /// It is called once. A second call before that replaces the block.
     void notify(std::function<void()> block) const;
 
 private:

@@ -4,14 +4,16 @@
 #include <QtCore/QString>
 #include <optional>
 
-/// What went wrong, for a person to read. A value; "no error" is an empty std::optional<Error>.
+/// An error that can be shown to the user. A value. Functions that return std::optional<Error>
+/// return std::nullopt on success.
 struct Error {
-    /// Who numbers the codes, such as "CommonCryptoErrorDomain".
+    /// The name space of `code`, such as "CommonCryptoErrorDomain".
     QString domain = {};
+    /// Identifies the error within its domain.
     int code = 0;
-    /// A sentence, in the person's language.
+    /// Complete sentences in the user's language: what happened, to what, and what to do next.
     QString localizedDescription = {};
-    /// Why, where it is known; else empty.
+    /// The technical reason in the user's language, or empty if it is not known.
     QString localizedFailureReason = {};
 
     bool operator==(const Error &) const = default;

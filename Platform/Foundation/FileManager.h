@@ -6,14 +6,15 @@
 #include "Platform/Foundation/Error.h"
 #include "Platform/PlatformExport.h"
 
-/// Changes to the file system that answer in words. Any thread.
+/// File system operations that return an error for the user. Thread-safe. They block for the time
+/// that the file system takes.
 namespace FileManager {
 
-/// The domain of its errors; their codes are those of errno(3).
+/// The domain of the errors. The codes are those of errno(3).
 inline const QString ErrorDomain = QStringLiteral("POSIXErrorDomain");
 
-/// Makes one directory, with the permissions that are usual for the user. An error where anything
-/// of that name exists or the directory above does not.
+/// Creates one directory with the user's default permissions. Returns an error if anything of that
+/// name exists already, if the parent directory does not exist, or if the file system refuses.
 PLATFORM_EXPORT std::optional<Error> createDirectory(const QString &path);
 
 }  // namespace FileManager

@@ -5,25 +5,27 @@
 
 #include "Platform/PlatformExport.h"
 
-/// Diagnostic messages to the system log. They are written only while the user defaults ask for
-/// them, which is looked up at each message. Any thread. Never log a secret.
+/// Diagnostic messages for the system log. They are written only if the user's settings ask for
+/// them, which is checked for each message. Thread-safe. Never log a secret; use
+/// Url::stringWithoutPassword() for URLs.
 namespace Log {
 
-/// The category under which the messages go through Qt's message handler.
+/// Returns the category with which the messages are sent to Qt's message handler.
 PLATFORM_EXPORT const QLoggingCategory &category();
 
-/// Whether "QVSyncDebug" is on.
+/// Returns whether the setting "QVSyncDebug" is on.
 PLATFORM_EXPORT bool isEnabled();
-/// Whether "QVSyncDebug" and "QVSyncDebugHigh" are both on.
+/// Returns whether the settings "QVSyncDebug" and "QVSyncDebugHigh" are both on.
 PLATFORM_EXPORT bool isVerbose();
 
-/// Written while `isEnabled`.
+/// Writes `text` if isEnabled().
 PLATFORM_EXPORT void message(const QString &text);
-/// Written while `isVerbose`.
+/// Writes `text` if isVerbose().
 PLATFORM_EXPORT void verbose(const QString &text);
 
-/// From now on messages of `category` go to the system log (syslog(3), facility user) and all
-/// others where they went before. Called once, by the application.
+/// Sends the messages of category() to the system log (syslog(3), facility user) from now on. All
+/// other messages go to the message handler that was installed before. Call it once, from the
+/// application.
 PLATFORM_EXPORT void sendToSystemLog();
 
 }  // namespace Log

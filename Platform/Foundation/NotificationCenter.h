@@ -8,20 +8,25 @@
 
 #include "Platform/PlatformExport.h"
 
-/// What a notification tells: its name and the object it is about.
+/// One notification. A value.
 struct Notification {
     QString name;
+    /// The object that the notification is about. Not owned; may be null.
     QObject *object = nullptr;
 };
 
 class NotificationChannel;
 
-/// Carries notifications from whoever posts them to whoever observes their name. Main thread;
-/// delivery is direct, in the order in which observers were added.
+/// Delivers notifications to the observers of their name. Must be used on the main thread. Delivery
+/// is synchronous: post() returns when every handler has returned. Observers are called in the
+/// order in which they were added. A handler may add and remove observers and post notifications;
+/// an observer that is added during a delivery does not receive the notification being delivered.
+/// If a handler throws, the exception leaves post(), and the observers after it are not called.
 class PLATFORM_EXPORT NotificationCenter {
 public:
     using Handler = std::function<void(const Notification &)>;
 
+    /// Returns the notification center of the process.
     static NotificationCenter &defaultCenter();
 
     NotificationCenter();
@@ -29,15 +34,17 @@ public:
     NotificationCenter(const NotificationCenter &) = delete;
     NotificationCenter &operator=(const NotificationCenter &) = delete;
 
-    /// Calls `handler` for each notification of that name, from any object, until it is removed or
-    /// `observer` is destroyed. Adding twice delivers twice.
+    /// Calls `handler` for each notification named `name`, whatever its object, until the observer
+    /// is removed or `observer`, which must not be null, is destroyed. Adding an observer twice
+    /// delivers each notification twice.
     void addObserver(QObject *observer, const QString &name, Handler handler);
-    /// Removes what `observer` observes under that name; harmless where it is nothing.
+    /// Removes all handlers of `observer` for `name`. Has no effect if there are none.
     void removeObserver(QObject *observer, const QString &name);
-    /// Removes all that `observer` observes.
+    /// Removes all handlers of `observer`.
     void removeObserver(QObject *observer);
 
-    /// `object` stays the caller's and need only live during the call.
+    /// Calls the handlers for `name`. `object` may be null; it is not owned and needs to live only
+    /// during the call.
     void post(const QString &name, QObject *object);
 
 private:

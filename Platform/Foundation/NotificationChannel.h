@@ -2,7 +2,7 @@
 
 #include "Platform/Foundation/NotificationCenter.h"
 
-/// The notifications of one name.
+/// Delivers the notifications of one name for NotificationCenter.
 class NotificationChannel : public QObject {
     Q_OBJECT
 Q_SIGNALS:

@@ -4,22 +4,27 @@
 
 #include "Platform/PlatformExport.h"
 
-/// Paths as texts of components between "/". Nothing here looks at the file system. Any thread.
+/// Operations on paths as text, whose components are separated by "/". None of them accesses the
+/// file system. Thread-safe.
 namespace PathComponents {
 
-/// The text behind the last "/", one at the end of the path aside.
+/// Returns the last component, ignoring slashes at the end of `path`: "b" for "/a/b/", "/" for "/",
+/// and an empty text for an empty path.
 PLATFORM_EXPORT QString last(const QString &path);
-/// What stands before the last component: "/" for "/a", empty for "a".
+/// Returns `path` without its last component and the slashes before that: "/" for "/a", and an
+/// empty text for "a".
 PLATFORM_EXPORT QString withoutLast(const QString &path);
-/// Without the last point and what follows it in the last component, unless there is nothing before
-/// or behind the point.
+/// Returns `path` without the extension of its last component, which is the text from the last dot
+/// on. A dot at the beginning or end of the component does not count: ".a" and "a." are unchanged.
 PLATFORM_EXPORT QString withoutExtension(const QString &path);
-/// `path`, "/", and `component`, without a "/" too many; an empty one of them adds nothing.
+/// Returns `path` and `component` joined by exactly one slash. If one of them is empty, returns the
+/// other.
 PLATFORM_EXPORT QString appending(const QString &path, const QString &component);
-/// `path` without "/" at its end, ".", and `extension`; an empty path stays empty.
+/// Returns `path` without slashes at its end, followed by a dot and `extension`. An empty path
+/// stays empty.
 PLATFORM_EXPORT QString appendingExtension(const QString &path, const QString &extension);
-/// Makes several "/" one, and drops segments "." and a "/" at the end. Segments ".." stay: what
-/// they lead to is not known of a relative path.
+/// Returns `path` with repeated slashes merged and without "." components and slashes at the end.
+/// ".." components are kept, because their target is unknown in a relative path.
 PLATFORM_EXPORT QString standardizingRelative(const QString &path);
 
 }  // namespace PathComponents

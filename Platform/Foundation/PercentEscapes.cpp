@@ -4,7 +4,7 @@
 #include <algorithm>
 
 QString PercentEscapes::adding(const QString &text, const QString &alsoEscaped) {
-    // What is not ASCII is always escaped. "-", ".", "_" and "~" stay without being named.
+    // Qt always encodes non-ASCII characters and never encodes "-", ".", "_" and "~".
     QString ascii = alsoEscaped;
     ascii.removeIf([](QChar c) { return c > QChar(0x7F); });
     return QString::fromLatin1(QUrl::toPercentEncoding(text, "!*'();/?:@&=+$,", ascii.toLatin1()));

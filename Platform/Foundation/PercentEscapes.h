@@ -4,12 +4,13 @@
 
 #include "Platform/PlatformExport.h"
 
-/// Percent escapes as RFC 2396 has them. Any thread.
+/// Percent encoding according to RFC 2396. Thread-safe.
 namespace PercentEscapes {
 
-/// `text` in UTF-8 with every byte escaped, in capital digits, that may not stand in a URL: all but
-/// the unreserved characters (letters, digits, "-_.!~*'()") and the reserved ";/?:@&=+$,". Those of
-/// them that `alsoEscaped` holds are escaped too.
+/// Returns `text` in UTF-8 with every byte percent-encoded (hexadecimal digits in upper case) that
+/// must not occur in a URL: all except the unreserved characters (letters, digits, "-_.!~*'()") and
+/// the reserved characters ";/?:@&=+$,". Characters of these that `alsoEscaped` contains are
+/// encoded too.
 PLATFORM_EXPORT QString adding(const QString &text, const QString &alsoEscaped = {});
 
 }  // namespace PercentEscapes

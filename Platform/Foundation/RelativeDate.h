@@ -5,7 +5,8 @@
 
 #include "Platform/PlatformExport.h"
 
-/// `date` as a person would say it at `now`: "today at 10:32", "yesterday at …", "tomorrow at …",
-/// or else the short date and time of the user's locale. Both in local time. Empty for an invalid
-/// date.
+/// Returns `date` as text in the user's language, relative to `now`: "today at 10:32", "yesterday
+/// at …", "tomorrow at …", or the short date and time of the user's locale for any other day. Days
+/// are those of the local time zone, in which `now` must be given. Returns an empty text for an
+/// invalid date.
 PLATFORM_EXPORT QString relativeDateString(const QDateTime &date, const QDateTime &now);

@@ -6,8 +6,7 @@
 #include <algorithm>
 #include <array>
 
-// The names of the grammar's parts are those of RFC 3986, appendix A. Every function here looks at
-// each character a fixed number of times.
+// Names of grammar rules are those of RFC 3986, appendix A. Every function here is O(n).
 
 namespace {
 
@@ -33,8 +32,8 @@ bool isUnreserved(QChar c) {
     return isAlpha(c) || isDigit(c) || isOneOf(c, "-._~");
 }
 
-/// Whether `text` is made of unreserved characters, sub-delims, percent escapes and characters of
-/// `others`.
+/// Returns whether `text` consists of unreserved characters, sub-delims, percent escapes and
+/// characters of `others`.
 bool isEscapedText(QStringView text, const char *others) {
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text[i];
@@ -76,8 +75,8 @@ bool isIPvFuture(QStringView text) {
            isEscapedText(address, ":");
 }
 
-/// Cuts the first `separator` and what follows it off `text` and returns what follows it; a null
-/// view where there is none.
+/// Truncates `text` before the first `separator` and returns what follows the separator, or a null
+/// view if there is none.
 QStringView cutAfter(QStringView &text, QChar separator) {
     const auto at = text.indexOf(separator);
     if (at < 0) {

@@ -6,35 +6,42 @@
 
 #include "Platform/PlatformExport.h"
 
-/// An absolute URL as RFC 3986 has it, or nil. A value. It keeps its exact text, the case of scheme
-/// and host included, and two are equal when their texts are. Parsing is strict: what the grammar
-/// does not allow, a bare blank or a second port for example, gives a nil URL; so does a port above
-/// 65535. A text of any length is parsed, in time proportional to it.
+/// An absolute URL according to RFC 3986, or nil. A value; thread-safe like QString. It keeps its
+/// exact text, including the case of scheme and host; two URLs are equal if their texts are.
+/// Parsing is strict: text that the grammar does not allow, such as a space or a second port, and a
+/// port above 65535 give a nil URL. Parsing takes O(n) for a text of any length. All parts of a nil
+/// URL are empty.
 class PLATFORM_EXPORT Url {
 public:
-    /// nil
+    /// Creates a nil URL.
     Url() = default;
-    /// nil where `text` does not parse; a scheme is required.
+    /// Returns the URL with this text, or nil if it is not an absolute URL.
     static Url fromString(const QString &text);
-    /// The "file" URL of an absolute path; nil for any other.
+    /// Returns the "file" URL of an absolute path, or nil if `path` is not absolute.
     static Url fileURL(const QString &path);
 
+    /// Returns whether there is no URL.
     bool isNil() const { return m_text.isEmpty(); }
-    /// Whether the scheme is exactly "file".
+    /// Returns whether the scheme is exactly "file", in lower case.
     bool isFileURL() const;
 
+    /// Returns the complete text, including a password. Never show or log it; use
+    /// stringWithoutPassword() for that.
     QString absoluteString() const { return m_text; }
-    /// The text for others to read.
+    /// Returns the text without the password.
     QString stringWithoutPassword() const;
+    /// Returns the scheme as it is written, without the colon.
     QString scheme() const { return m_scheme; }
-    /// Percent escapes decoded; empty where there is none before the "@", null where there is no
-    /// "@".
+    /// Returns the user, percent-decoded: an empty text if there is nothing before the "@", a null
+    /// text if there is no "@".
     QString user() const { return m_user; }
-    /// Percent escapes decoded; an IP address in brackets without them; empty where there is none.
+    /// Returns the host, percent-decoded, and without the brackets of an IP address; an empty text
+    /// if there is none.
     QString host() const { return m_host; }
+    /// Returns the port, or std::nullopt if the URL does not state one.
     std::optional<quint16> port() const { return m_port; }
-    /// Percent escapes decoded, without a "/" at the end (but for the root); empty where there is
-    /// none.
+    /// Returns the path, percent-decoded and without slashes at its end, except for the root "/";
+    /// an empty text if there is none.
     QString path() const { return m_path; }
 
     bool operator==(const Url &other) const { return m_text == other.m_text; }

@@ -9,8 +9,8 @@ namespace UserDefaults {
 
 namespace {
 
-/// The main thread's settings, as they are now, also where another program has written them.
-/// Opening them for each look would cost several times the look. They go with the application
+/// Returns the settings object of the main thread, updated with what other processes have written.
+/// It is kept because opening one takes several times as long as a read. Owned by the application
 /// object.
 QSettings &mainThreadSettings() {
     static QPointer<QSettings> settings;

@@ -5,18 +5,22 @@
 
 #include "Platform/PlatformExport.h"
 
-/// The user's settings of the application, shared by everything in its process and kept between
-/// runs. Any thread.
+/// The user's settings of this application, which are saved in a file and shared by all code of the
+/// process. Thread-safe. Each read sees what other processes have written before it. Neither
+/// reading nor writing reports errors: a setting that cannot be read counts as not set.
 namespace UserDefaults {
 
-/// False where nothing is set.
+/// Returns the setting, or false if it is not set.
 PLATFORM_EXPORT bool boolForKey(const QString &key);
-/// 0 where nothing is set.
+/// Returns the setting, or 0 if it is not set or is not a number.
 PLATFORM_EXPORT int integerForKey(const QString &key);
-/// Empty where nothing is set.
+/// Returns the setting, or an empty text if it is not set.
 PLATFORM_EXPORT QString stringForKey(const QString &key);
+/// Returns whether the setting is set.
 PLATFORM_EXPORT bool contains(const QString &key);
+/// Sets the setting. It is written to disk before the process ends.
 PLATFORM_EXPORT void setValue(const QString &key, const QVariant &value);
+/// Removes the setting. Has no effect if it is not set.
 PLATFORM_EXPORT void remove(const QString &key);
 
 }  // namespace UserDefaults
