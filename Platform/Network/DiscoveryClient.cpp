@@ -6,11 +6,11 @@
 
 namespace {
 
-// How long to wait for a system bus that is not there; a daemon that is not there says when it is.
+// Interval of attempts while the system bus is not running. A daemon that starts reports itself.
 constexpr std::chrono::seconds RetryInterval(2);
 
-// More urgent than what Qt posts: whatever the daemon has sent is taken in before any of it is
-// delivered.
+// Higher priority than Qt's posted events: everything that the daemon has sent is read before any
+// of it is delivered.
 constexpr int PollPriority = -1;
 
 }  // namespace
@@ -43,7 +43,7 @@ DiscoveryClient::~DiscoveryClient() {
 }
 
 void DiscoveryClient::connectToDaemon() {
-    // Calls back before it returns.
+    // The callback is called within this call.
     m_client = avahi_client_new(avahi_glib_poll_get(m_poll), AVAHI_CLIENT_NO_FAIL,
                                 &DiscoveryClient::clientChanged, this, nullptr);
     if (!m_client) {
@@ -59,7 +59,7 @@ void DiscoveryClient::clientChanged(AvahiClient *client, AvahiClientState state,
     if (state == AVAHI_CLIENT_FAILURE) {
         discovery.m_isAvailable = false;
         discovery.m_isHostRegistered = false;
-        // Not here, where the client still works with itself.
+        // Later: the client must not be freed within its callback.
         QMetaObject::invokeMethod(&discovery, &DiscoveryClient::reconnect, Qt::QueuedConnection);
         return;
     }

@@ -7,27 +7,34 @@
 #include <QtCore/QTimer>
 #include <memory>
 
-/// This process's connection with the Avahi daemon, on the event loop of the main thread; shared by
-/// whoever browses, resolves or publishes, and closed when the last of them lets go. It waits for a
-/// daemon, or a system bus, that is not there, and connects anew after it was lost.
+/// The connection of this process to the Avahi daemon. Runs on the event loop of the main thread,
+/// on which it must be used. Shared by all browsers, resolutions and publications, and closed with
+/// the last of them. If the daemon or the system bus is not running, it waits for it; if the
+/// connection is lost, it connects again.
 class DiscoveryClient : public QObject {
     Q_OBJECT
 public:
+    /// Returns the shared connection, which is created if nobody holds it. Never null. Does not
+    /// block: whether the daemon is available is known later.
     static std::shared_ptr<DiscoveryClient> shared();
 
     DiscoveryClient();
     ~DiscoveryClient() override;
 
-    /// nullptr while there is no daemon that answers.
+    /// Returns the client for calls of Avahi's library, or nullptr if the daemon is not available.
+    /// Owned by this object; invalid after lost().
     AvahiClient *client() const { return m_isAvailable ? m_client : nullptr; }
-    /// Whether the daemon has found a name for this computer, so that services can be published.
+    /// Returns whether the daemon has registered a host name for this computer, which publishing a
+    /// service requires.
     bool isHostRegistered() const { return m_isHostRegistered; }
 
 Q_SIGNALS:
-    /// `client` can be used from now on.
+    /// Emitted when client() has become available.
     void available();
-    /// The daemon is gone: whatever was made with `client` is to be freed within this call.
+    /// Emitted when the connection is lost. Objects that were created with client() must be freed
+    /// within this signal.
     void lost();
+    /// Emitted when isHostRegistered() has changed, except by a loss of the connection.
     void hostRegisteredChanged();
 
 private:

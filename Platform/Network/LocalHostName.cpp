@@ -73,7 +73,7 @@ bool LocalHostName::isLocal(const QString &hostName) {
 }
 
 QString LocalHostName::address(const QString &hostName, std::chrono::milliseconds patience) {
-    // Half of the time for each, since a computer that has no address of one kind does not say so.
+    // Half of the time for each family: a host without an address of one does not reply to it.
     for (const AvahiProtocol protocol : {AVAHI_PROTO_INET, AVAHI_PROTO_INET6}) {
         QString text = lookUp(hostName.toUtf8(), protocol, QDeadlineTimer(patience / 2));
         if (!text.isEmpty()) {

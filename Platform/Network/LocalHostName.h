@@ -5,17 +5,18 @@
 
 #include "Platform/PlatformExport.h"
 
-/// The addresses of computers by name.
+/// Host names of the local network (RFC 6762).
 namespace LocalHostName {
 
-/// Whether `hostName` is one that only the computers of the local network know among themselves: it
-/// ends in ".local" (RFC 6762, section 3).
+/// Returns whether `hostName` is resolved by multicast DNS: it ends in ".local" or ".local." (RFC
+/// 6762, section 3), in upper or lower case. Thread-safe.
 PLATFORM_EXPORT bool isLocal(const QString &hostName);
 
-/// An address of such a name, in numbers, of IPv4 where there is one; a link-local one with its
-/// interface. Asks the Avahi daemon, since many systems' own look-up does not know these names.
-/// Empty where there is no such computer, no daemon, or no answer in time. Blocks for at most
-/// `patience`; any thread.
+/// Returns an address of `hostName` as text: an IPv4 address if there is one, otherwise an IPv6
+/// address, with its interface if it is link-local. Returns an empty text if the name is unknown,
+/// if the Avahi daemon is not running, or if it does not respond in time. Uses the daemon because
+/// the resolvers of many systems do not know these names. Blocks for at most `patience`.
+/// Thread-safe.
 PLATFORM_EXPORT QString address(const QString &hostName, std::chrono::milliseconds patience);
 
 }  // namespace LocalHostName

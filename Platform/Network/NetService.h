@@ -10,10 +10,11 @@ class NetServiceDelegate;
 class NetServicePublication;
 class NetServiceResolution;
 
-/// A service on the local network: one that a browser found, to be resolved, or one of our own, to
-/// be published. DNS service discovery (RFC 6763) through the Avahi daemon; where that is not
-/// running, resolving runs into its time-out and publishing waits for it. Always shared; main
-/// thread.
+/// A service on the local network (DNS-based service discovery, RFC 6763): either one that a
+/// browser has found and that can be resolved, or one of this computer that can be published. It
+/// needs the Avahi daemon: without it, resolving fails at its timeout, and publishing waits until
+/// the daemon runs. Shared ownership: create it with std::make_shared. Must be used on the main
+/// thread. Calls return at once.
 class PLATFORM_EXPORT NetService : public QObject, public std::enable_shared_from_this<NetService> {
     Q_OBJECT
     Q_PROPERTY(QString name READ name NOTIFY nameChanged)
@@ -22,35 +23,41 @@ class PLATFORM_EXPORT NetService : public QObject, public std::enable_shared_fro
     Q_PROPERTY(QString hostName READ hostName)
     Q_PROPERTY(quint16 port READ port)
 public:
-    /// `domain`: empty for the default one. `type`: such as "_http._tcp". `name`: for a person to
-    /// read, up to 63 bytes of UTF-8 (RFC 6763, section 4.1.1); what is longer is cut when it is
-    /// published, and an empty one becomes the computer's name. `port` is 0 where it is to be
-    /// resolved.
+    /// An empty `domain` selects the default domain. `type` is a service type such as "_http._tcp".
+    /// `name` is a name for users, at most 63 bytes of UTF-8 (RFC 6763, section 4.1.1); a longer
+    /// one is truncated when it is published, and an empty one is replaced by the host name. `port`
+    /// is 0 for a service that is to be resolved.
     NetService(const QString &domain, const QString &type, const QString &name, quint16 port = 0);
     ~NetService() override;
 
-    /// These three say which service it is. Publishing may change the name, where another computer
-    /// has it, and gives an empty domain its name.
+    /// Name, type and domain identify the service. Publishing changes the name if another service
+    /// uses it, and sets an empty domain to the default domain.
     QString name() const { return m_name; }
     QString type() const { return m_type; }
     QString domain() const { return m_domain; }
-    /// Whether both stand for the same service: name, type and domain are equal.
+    /// Returns whether both objects represent the same service: name, type and domain are equal.
+    /// False if `other` is null.
     bool isEqual(const NetService *other) const;
 
-    /// Empty until it was resolved.
+    /// Returns the host name, or an empty text if the service has not been resolved.
     QString hostName() const { return m_hostName; }
+    /// Returns the port, or 0 if it is not known.
     quint16 port() const { return m_port; }
 
-    /// Not owned: who goes sets it to nullptr before.
+    /// The delegate is not owned and may be null. It must be reset before it is destroyed.
     NetServiceDelegate *delegate() const { return m_delegate; }
     void setDelegate(NetServiceDelegate *delegate) { m_delegate = delegate; }
 
-    /// Asks for host name and port; the delegate is told later, once. Asking again starts anew.
+    /// Looks up host name and port, and notifies the delegate once, later, of success or failure.
+    /// Calling it again restarts the look-up. A timeout of 0 or less fails at the next turn of the
+    /// event loop; one above a day is reduced to a day. The service must be kept alive meanwhile:
+    /// destroying it ends the look-up.
     void resolveWithTimeout(double seconds);
-    /// Announces the service from now on, also when the daemon comes back after a while. Harmless
-    /// where it is announced already.
+    /// Announces the service until stop() is called or the service is destroyed; again whenever the
+    /// daemon is restarted. The delegate is notified of each announcement. Idempotent.
     void publish();
-    /// Ends resolving and publishing. Letting the service go does the same.
+    /// Ends resolving and publishing. The delegate is not notified of that, nor of anything that
+    /// was still pending.
     void stop();
 
 Q_SIGNALS:

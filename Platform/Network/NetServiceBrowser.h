@@ -7,27 +7,31 @@
 
 class NetServiceBrowserDelegate;
 
-/// Finds the services of one type on the local network, through the Avahi daemon. A daemon that
-/// stops takes all services with it; when it comes back they are found again. Where there is none
-/// nothing is found until there is. Main thread.
+/// Finds the services of one type on the local network through the Avahi daemon. If the daemon
+/// stops, all services are reported as removed, and as found again when it is back; if it is not
+/// running, nothing is found until it is started. Must be used on the main thread.
 ///
-/// What one turn of the event loop brings is delivered together, in order: each call but the last
-/// says that more is coming. A service is found once, on however many interfaces it is seen, and
-/// removed when it is gone from all of them.
+/// Events that arrive in one turn of the event loop are delivered together and in order; every call
+/// except the last one says that more are coming. A service is reported as found once, regardless
+/// of the number of interfaces on which it is seen, and as removed when it has disappeared from all
+/// of them.
 class PLATFORM_EXPORT NetServiceBrowser : public QObject {
     Q_OBJECT
 public:
     NetServiceBrowser();
-    /// Ends the search; nothing is delivered any more.
+    /// Ends the search. The delegate is not called any more, also if this is destroyed within a
+    /// call of the delegate.
     ~NetServiceBrowser() override;
 
-    /// Not owned: who goes sets it to nullptr, or deletes the browser, before.
+    /// The delegate is not owned and may be null; events are then dropped. It must be reset, or the
+    /// browser be destroyed, before the delegate is destroyed.
     NetServiceBrowserDelegate *delegate() const { return m_delegate; }
     void setDelegate(NetServiceBrowserDelegate *delegate) { m_delegate = delegate; }
 
-    /// Searches from now on; an earlier search ends, without removing what it had found. `domain`:
-    /// empty for the default ones. The delegate is never called within this call.
+    /// Starts a search. A former search ends without reporting its services as removed. An empty
+    /// `domain` selects the default domains. The delegate is called later, from the event loop.
     void searchForServicesOfTypeInDomain(const QString &type, const QString &domain);
+    /// Ends the search without reporting services as removed. Has no effect if there is none.
     void stop();
 
 private:

@@ -7,16 +7,18 @@
 class NetService;
 class NetServiceBrowser;
 
-/// Who is told which services come and go. Main thread, from the event loop. With `moreComing`
-/// another call follows at once. The browser may be deleted within a call; nothing follows then.
+/// Receives the events of a NetServiceBrowser on the main thread, from the event loop. If
+/// `moreComing` is true, another call follows immediately, so the user interface can be updated
+/// after that. The browser may be stopped or destroyed within a call; then no other call follows.
 class PLATFORM_EXPORT NetServiceBrowserDelegate {
 public:
     virtual ~NetServiceBrowserDelegate();
 
+    /// Called when `service` was found. It is shared: keep it to resolve it.
     virtual void netServiceBrowserDidFindServiceMoreComing(
         NetServiceBrowser *browser, const std::shared_ptr<NetService> &service,
         bool moreComing) = 0;
-    /// `service` is the very object that was found.
+    /// Called when `service` has disappeared. It is the same object that was reported as found.
     virtual void netServiceBrowserDidRemoveServiceMoreComing(
         NetServiceBrowser *browser, const std::shared_ptr<NetService> &service,
         bool moreComing) = 0;

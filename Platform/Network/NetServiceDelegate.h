@@ -6,16 +6,18 @@
 
 class NetService;
 
-/// Who is told what becomes of a service. Main thread, from the event loop. The service may be
-/// told anything and be let go within a call.
+/// Receives the events of a NetService on the main thread, from the event loop. Any function of the
+/// service may be called, and the service be released, within a call. Implement only the functions
+/// that are needed.
 class PLATFORM_EXPORT NetServiceDelegate {
 public:
     virtual ~NetServiceDelegate();
 
-    /// `service` has its host name and port now.
+    /// Called when the host name and port of `service` are known.
     virtual void netServiceDidResolveAddress(const std::shared_ptr<NetService> &service);
-    /// The address was not found in time, or there is none; host name and port are as they were.
+    /// Called when the service was not found, or not before the timeout. Host name and port are
+    /// unchanged.
     virtual void netServiceDidNotResolve(const std::shared_ptr<NetService> &service);
-    /// The network knows `service` from now on, by its name as it is now.
+    /// Called when `service` is announced on the network under its current name.
     virtual void netServiceDidPublish(const std::shared_ptr<NetService> &service);
 };

@@ -12,7 +12,8 @@
 
 namespace {
 
-/// `name` without what is beyond the longest label (RFC 1035, section 2.3.4), in whole characters.
+/// Returns `name` truncated to the maximum length of a label (RFC 1035, section 2.3.4), without
+/// splitting a character.
 QString withinLabel(QString name) {
     while (name.toUtf8().size() >= AVAHI_LABEL_MAX) {
         name.chop(name.back().isLowSurrogate() ? 2 : 1);

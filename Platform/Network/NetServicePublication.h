@@ -8,8 +8,8 @@
 class DiscoveryClient;
 class NetService;
 
-/// The announcement of a service, which owns it: made whenever there is a daemon, under another
-/// name where the service's is taken, and withdrawn when this goes.
+/// The announcement of a NetService, which owns it. The service is announced whenever the daemon is
+/// available, under another name if its own is in use, and withdrawn when this is destroyed.
 class NetServicePublication : public QObject {
     Q_OBJECT
 public:

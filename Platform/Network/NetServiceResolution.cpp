@@ -54,7 +54,7 @@ void NetServiceResolution::resolverEvent(AvahiServiceResolver * /*resolver*/,
                                          AvahiLookupResultFlags /*flags*/, void *self) {
     auto *resolution = static_cast<NetServiceResolution *>(self);
     resolution->m_timeout.stop();
-    // Later: whoever is told may run the event loop, in which Avahi would stand still.
+    // Later: the delegate may run a nested event loop, and Avahi cannot be reentered.
     if (event == AVAHI_RESOLVER_FOUND) {
         const auto succeed = [resolution, name = QString::fromUtf8(hostName), port] {
             resolution->succeed(name, port);

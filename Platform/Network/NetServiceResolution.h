@@ -8,8 +8,8 @@
 class DiscoveryClient;
 class NetService;
 
-/// One attempt to resolve a service, which owns it: tells the service's delegate how it ended,
-/// once, from the event loop. A daemon that goes and comes back within the time does no harm.
+/// One attempt to resolve a NetService, which owns it and destroys it before it notifies its
+/// delegate of the result. The attempt continues if the daemon is restarted before the timeout.
 class NetServiceResolution : public QObject {
     Q_OBJECT
 public:
