@@ -31,6 +31,7 @@ namespace {
 const QString ServerRole = QStringLiteral("--be-the-other-computer");
 const QString OtherInterface = QStringLiteral("other-end");
 const QString OwnInterface = QStringLiteral("own-end");
+const QString PairedServersService = QStringLiteral("Velmora Direct Connection Servers");
 
 /// The six digits in a question.
 QString codeIn(const QString &text) {
@@ -50,14 +51,18 @@ void say(const QString &line) {
     std::cout << line.toStdString() << std::endl;
 }
 
-/// The person at the other computer, whose screen the test reads line by line, and who does what
-/// the test says.
+/// The user of the other computer, whose screen the test reads line by line. Questions stay open,
+/// as dialogs do, until the test answers the last one.
 class OtherPerson : public TestApplication {
 public:
     void ask(const Question &question, std::function<void(bool)> handler) override {
         say(QStringLiteral("question ") + question.text + u' ' + question.details);
-        handler(nextCommand() == QStringLiteral("allow"));
+        m_handler = std::move(handler);
     }
+    void allow() { std::exchange(m_handler, nullptr)(true); }
+
+private:
+    std::function<void(bool)> m_handler;
 };
 
 void revokeEveryone() {
@@ -81,7 +86,7 @@ int beTheOtherComputer(int argumentCount, char **arguments) {
     const QApplication application(argumentCount, arguments);
     const SecretService keyring;
     TestHost host;
-    const OtherPerson person;
+    OtherPerson person;
     host.addDatabase(QStringLiteral("Garden"));
     QVDirectConnectionServer *server = host.engine().plugin().server();
     server->startServing();
@@ -89,7 +94,9 @@ int beTheOtherComputer(int argumentCount, char **arguments) {
     QSocketNotifier input(fileno(stdin), QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, [&] {
         const QString command = nextCommand();
-        if (command == QStringLiteral("revoke")) {
+        if (command == QStringLiteral("allow")) {
+            person.allow();
+        } else if (command == QStringLiteral("revoke")) {
             revokeEveryone();
         } else if (command == QStringLiteral("clients")) {
             const QString service = DirectConnection::ClientAuthorizationServiceName;
@@ -229,11 +236,16 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(person.asked().size(), 1, Patience);
         QVERIFY(!codeIn(question).isEmpty());
         QCOMPARE(codeIn(person.asked().first().details), codeIn(question));
-        const auto isPaired = [this] {
-            tell("clients");
-            return awaitLine(QStringLiteral("clients")) == QStringLiteral("clients 1");
+        // Until this computer, too, knows that it is paired, each store would ask both users again.
+        const auto isPaired = [] {
+            return Keychain::shared()
+                       .accounts(PairedServersService)
+                       .value_or(QStringList())
+                       .size() == 1;
         };
-        QVERIFY(QTest::qWaitFor(isPaired, Patience));
+        QTRY_VERIFY_WITH_TIMEOUT(isPaired(), Patience);
+        tell("clients");
+        QCOMPARE(awaitLine(QStringLiteral("clients")), QStringLiteral("clients 1"));
 
         // Its databases are fetched, by a store for which nobody is asked again.
         const QStringList databases{QStringLiteral("Garden"), QStringLiteral("Inbox")};
