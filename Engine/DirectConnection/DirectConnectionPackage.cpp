@@ -51,35 +51,35 @@ std::optional<Error> DirectConnectionPackage::make() const {
     return {};
 }
 
-Result<QStringList> DirectConnectionPackage::list(const QString &folder) const {
+Expected<QStringList> DirectConnectionPackage::list(const QString &folder) const {
     if (!isServedFolder(folder)) {
-        return notServed(folder);
+        return failure(notServed(folder));
     }
-    Result<QStringList> result = m_store->list(folder, *m_future);
-    if (auto *names = std::get_if<QStringList>(&result)) {
+    Expected<QStringList> names = m_store->list(folder, *m_future);
+    if (names) {
         names->removeIf([&](const QString &entry) {
             const QString name = folder + u'/' + entry;
             return !isServedBlob(name) && !isServedFolder(name);
         });
     }
-    return result;
+    return names;
 }
 
-Result<QByteArray> DirectConnectionPackage::read(const QString &name, qint64 limit) const {
+Expected<QByteArray> DirectConnectionPackage::read(const QString &name, qint64 limit) const {
     if (!isServedBlob(name)) {
-        return notServed(name);
+        return failure(notServed(name));
     }
     return m_store->read(name, limit, *m_future);
 }
 
-Result<BlobStore::Written> DirectConnectionPackage::writeIfAbsent(
+Expected<BlobStore::Written> DirectConnectionPackage::writeIfAbsent(
     const QString &name, const QByteArray &contents) const {
     if (!isServedBlob(name)) {
-        return notServed(name);
+        return failure(notServed(name));
     }
     return m_store->writeIfAbsent(name, contents, *m_future);
 }
 
-std::optional<Error> DirectConnectionPackage::remove(const QString &name) const {
-    return isServedBlob(name) ? m_store->remove(name, *m_future) : std::optional(notServed(name));
+Expected<void> DirectConnectionPackage::remove(const QString &name) const {
+    return isServedBlob(name) ? m_store->remove(name, *m_future) : failure(notServed(name));
 }

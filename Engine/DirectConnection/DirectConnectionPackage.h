@@ -23,10 +23,11 @@ public:
     std::optional<Error> make() const;
 
     /// As BlobStore says; folders are "databases", "transactions" and "transactions/UUID".
-    Result<QStringList> list(const QString &folder) const;
-    Result<QByteArray> read(const QString &name, qint64 limit) const;
-    Result<BlobStore::Written> writeIfAbsent(const QString &name, const QByteArray &contents) const;
-    std::optional<Error> remove(const QString &name) const;
+    Expected<QStringList> list(const QString &folder) const;
+    Expected<QByteArray> read(const QString &name, qint64 limit) const;
+    Expected<BlobStore::Written> writeIfAbsent(const QString &name,
+                                               const QByteArray &contents) const;
+    Expected<void> remove(const QString &name) const;
 
 private:
     const QString m_path;

@@ -14,7 +14,7 @@ namespace {
 constexpr qint64 ReadBufferSize = 65536;
 
 /// What the client is told of `error`, whose text is for this computer's person.
-QCborMap failure(const Error &error) {
+QCborMap refusal(const Error &error) {
     const QHash<EngineErrorCode, QString> reasons{{EngineErrorCode::BlobMissing, BlobMissing},
                                                   {EngineErrorCode::BlobRefused, BlobRefused},
                                                   {EngineErrorCode::StoreFull, StoreFull}};
@@ -36,12 +36,12 @@ QCborValue valueOf(BlobStore::Written written) {
 }
 
 template <class Value>
-QCborMap answerWith(const QString &key, const Result<Value> &result) {
-    if (const Error *error = errorOf(result)) {
-        return failure(*error);
+QCborMap answerWith(const QString &key, const Expected<Value> &result) {
+    if (!result) {
+        return refusal(result.error());
     }
     QCborMap answer = ofType(Done);
-    answer[key] = valueOf(std::get<Value>(result));
+    answer[key] = valueOf(*result);
     return answer;
 }
 
@@ -230,9 +230,9 @@ QCborMap DirectConnectionSession::answerTo(const QCborMap &request) const {
         return answer;
     }
     if (type == Remove) {
-        const std::optional<Error> error = package.remove(name);
+        const Expected<void> removed = package.remove(name);
         m_listener.storeDidChange();
-        return error ? failure(*error) : ofType(Done);
+        return removed ? ofType(Done) : refusal(removed.error());
     }
     return ofType(Failed);
 }

@@ -48,67 +48,66 @@ DirectConnectionStore::DirectConnectionStore(const std::shared_ptr<EngineSyncLoc
     : BlobStore(location),
       m_pairingKey(location->URL().absoluteString() + u' ' + location->identifier()) {}
 
-std::optional<Error> DirectConnectionStore::open(const EngineFuture &future) {
+Expected<void> DirectConnectionStore::open(const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
-    return m_link.isConnected() ? std::nullopt : connect(future);
+    const std::optional<Error> error = m_link.isConnected() ? std::nullopt : connect(future);
+    return error ? failure(*error) : Expected<void>();
 }
 
-Result<QStringList> DirectConnectionStore::listFolder(const QString &folder,
-                                                      const EngineFuture &future) {
+Expected<QStringList> DirectConnectionStore::listFolder(const QString &folder,
+                                                        const EngineFuture &future) {
     QCborMap message = ofType(List);
     message[Folder] = folder;
-    const Result<QCborMap> answer = request(message, folder, future);
-    if (const Error *error = errorOf(answer)) {
-        return *error;
+    const Expected<QCborMap> answer = request(message, folder, future);
+    if (!answer) {
+        return failure(answer.error());
     }
     QStringList names;
-    const QCborArray found = std::get<QCborMap>(answer)[Names].toArray();
+    const QCborArray found = (*answer)[Names].toArray();
     for (const QCborValue name : found) {
         names.append(name.toString());
     }
     return names;
 }
 
-Result<QByteArray> DirectConnectionStore::readBlob(const QString &name, qint64 limit,
-                                                   const EngineFuture &future) {
+Expected<QByteArray> DirectConnectionStore::readBlob(const QString &name, qint64 limit,
+                                                     const EngineFuture &future) {
     QCborMap message = ofType(Read);
     message[Name] = name;
     message[SizeLimit] = limit;
-    const Result<QCborMap> answer = request(message, name, future);
-    if (const Error *error = errorOf(answer)) {
-        return *error;
+    const Expected<QCborMap> answer = request(message, name, future);
+    if (!answer) {
+        return failure(answer.error());
     }
-    const QByteArray contents = std::get<QCborMap>(answer)[Contents].toByteArray();
-    return contents.size() > limit ? Result<QByteArray>(tooLong(name)) : contents;
+    const QByteArray contents = (*answer)[Contents].toByteArray();
+    return contents.size() > limit ? failure(tooLong(name)) : Expected<QByteArray>(contents);
 }
 
-Result<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &name,
-                                                            const QByteArray &contents,
-                                                            const EngineFuture &future) {
+Expected<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &name,
+                                                              const QByteArray &contents,
+                                                              const EngineFuture &future) {
     if (contents.size() > ContentsLimit) {
-        return refused(name);
+        return failure(refused(name));
     }
     QCborMap message = ofType(Write);
     message[Name] = name;
     message[Contents] = contents;
-    const Result<QCborMap> answer = request(message, name, future);
-    if (const Error *error = errorOf(answer)) {
-        return *error;
+    const Expected<QCborMap> answer = request(message, name, future);
+    if (!answer) {
+        return failure(answer.error());
     }
-    return std::get<QCborMap>(answer)[IsNew].toBool() ? Written::New : Written::AlreadyThere;
+    return (*answer)[IsNew].toBool() ? Written::New : Written::AlreadyThere;
 }
 
-std::optional<Error> DirectConnectionStore::removeBlob(const QString &name,
-                                                       const EngineFuture &future) {
+Expected<void> DirectConnectionStore::removeBlob(const QString &name, const EngineFuture &future) {
     QCborMap message = ofType(Remove);
     message[Name] = name;
-    const Result<QCborMap> answer = request(message, name, future);
-    const Error *error = errorOf(answer);
-    return error ? std::optional(*error) : std::nullopt;
+    const Expected<QCborMap> answer = request(message, name, future);
+    return answer ? Expected<void>() : failure(answer.error());
 }
 
-Result<QCborMap> DirectConnectionStore::request(const QCborMap &request, const QString &name,
-                                                const EngineFuture &future) {
+Expected<QCborMap> DirectConnectionStore::request(const QCborMap &request, const QString &name,
+                                                  const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
     std::optional<Error> error = m_link.isConnected() ? std::nullopt : connect(future);
     QCborMap answer;
@@ -116,16 +115,16 @@ Result<QCborMap> DirectConnectionStore::request(const QCborMap &request, const Q
         error = m_link.exchange(request, answer, AnswerPatience, future);
     }
     if (error) {
-        return future.isCancelled() ? operationCancelled() : *error;
+        return failure(future.isCancelled() ? operationCancelled() : *error);
     }
     if (answer[Type] == Done) {
         return answer;
     }
     if (answer[Type] == Failed) {
-        return failure(answer, name);
+        return failure(refusal(answer, name));
     }
     m_link.disconnect();
-    return takeWelcome(answer).value_or(notUnderstood());
+    return failure(takeWelcome(answer).value_or(notUnderstood()));
 }
 
 std::optional<Error> DirectConnectionStore::connect(const EngineFuture &future) {
@@ -223,7 +222,7 @@ Error DirectConnectionStore::notUnderstood() const {
                        "“%1” answers in a way that is not understood.", URL().host());
 }
 
-Error DirectConnectionStore::failure(const QCborMap &answer, const QString &name) const {
+Error DirectConnectionStore::refusal(const QCborMap &answer, const QString &name) const {
     const QString reason = answer[Reason].toString();
     if (reason == BlobMissing) {
         return missing(name);

@@ -16,20 +16,20 @@ class DirectConnectionStore : public BlobStore {
 public:
     explicit DirectConnectionStore(const std::shared_ptr<EngineSyncLocation> &location);
 
-    std::optional<Error> open(const EngineFuture &future) override;
+    Expected<void> open(const EngineFuture &future) override;
 
 protected:
-    Result<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
-    Result<QByteArray> readBlob(const QString &name, qint64 limit,
+    Expected<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
+    Expected<QByteArray> readBlob(const QString &name, qint64 limit,
+                                  const EngineFuture &future) override;
+    Expected<Written> writeBlob(const QString &name, const QByteArray &contents,
                                 const EngineFuture &future) override;
-    Result<Written> writeBlob(const QString &name, const QByteArray &contents,
-                              const EngineFuture &future) override;
-    std::optional<Error> removeBlob(const QString &name, const EngineFuture &future) override;
+    Expected<void> removeBlob(const QString &name, const EngineFuture &future) override;
 
 private:
     /// Sends `request` over a connection that is there or made, and takes the answer "done".
-    Result<QCborMap> request(const QCborMap &request, const QString &name,
-                             const EngineFuture &future);
+    Expected<QCborMap> request(const QCborMap &request, const QString &name,
+                               const EngineFuture &future);
     std::optional<Error> connect(const EngineFuture &future);
     std::optional<Error> greet(const QByteArray &secret, const EngineFuture &future);
     std::optional<Error> pair(const EngineFuture &future);
@@ -37,7 +37,7 @@ private:
                                  const EngineFuture &future);
     std::optional<Error> takeWelcome(const QCborMap &answer) const;
     Error notUnderstood() const;
-    Error failure(const QCborMap &answer, const QString &name) const;
+    Error refusal(const QCborMap &answer, const QString &name) const;
 
     /// Under which the pairing is kept.
     const QString m_pairingKey;

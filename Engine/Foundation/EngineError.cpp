@@ -10,6 +10,10 @@ Error engineError(EngineErrorCode code, const char *text, const QString &place) 
     return engineError(code, localizedSyncString(text).arg(place));
 }
 
+bool isEngineError(const Error &error, EngineErrorCode code) {
+    return error.domain == EngineErrorDomain && error.code == static_cast<int>(code);
+}
+
 Error operationCancelled() {
     return engineError(EngineErrorCode::Cancelled,
                        localizedSyncString("The operation was cancelled."));

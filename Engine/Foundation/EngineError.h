@@ -33,5 +33,7 @@ enum class EngineErrorCode {
 Error engineError(EngineErrorCode code, const QString &description);
 /// `text` localized, its "%1" being `place`.
 Error engineError(EngineErrorCode code, const char *text, const QString &place);
+/// Returns true if `error` is the engine's error `code`; codes of other domains do not count.
+bool isEngineError(const Error &error, EngineErrorCode code);
 /// What an operation ends with that was cancelled.
 Error operationCancelled();

@@ -31,44 +31,48 @@ bool isName(const QString &name) {
 
 /// Whether the others can be read all the same.
 bool isOfOneBlob(const Error &error) {
-    return error.code == static_cast<int>(EngineErrorCode::DamagedRecord) ||
-           error.code == static_cast<int>(EngineErrorCode::UnknownVersion) ||
-           error.code == static_cast<int>(EngineErrorCode::AccessDenied);
+    return isEngineError(error, EngineErrorCode::DamagedRecord) ||
+           isEngineError(error, EngineErrorCode::UnknownVersion) ||
+           isEngineError(error, EngineErrorCode::AccessDenied);
 }
 
 }  // namespace
 
-Result<QStringList> BlobStore::list(const QString &folder, const EngineFuture &future) {
+Expected<QStringList> BlobStore::list(const QString &folder, const EngineFuture &future) {
     if (const std::optional<Error> error = obstacle(folder, future)) {
-        return *error;
+        return failure(*error);
     }
-    Result<QStringList> result = listFolder(folder, future);
-    if (auto *names = std::get_if<QStringList>(&result)) {
+    Expected<QStringList> names = listFolder(folder, future);
+    if (names) {
         names->removeIf([](const QString &name) { return !isNamePart(name); });
         names->sort();
         names->removeDuplicates();
     }
-    return result;
+    return names;
 }
 
-Result<QByteArray> BlobStore::read(const QString &name, qint64 limit, const EngineFuture &future) {
+Expected<QByteArray> BlobStore::read(const QString &name, qint64 limit,
+                                     const EngineFuture &future) {
     if (const std::optional<Error> error = obstacle(name, future)) {
-        return *error;
+        return failure(*error);
     }
     return readBlob(name, limit, future);
 }
 
-Result<BlobStore::Written> BlobStore::writeIfAbsent(const QString &name, const QByteArray &contents,
-                                                    const EngineFuture &future) {
+Expected<BlobStore::Written> BlobStore::writeIfAbsent(const QString &name,
+                                                      const QByteArray &contents,
+                                                      const EngineFuture &future) {
     if (const std::optional<Error> error = obstacle(name, future)) {
-        return *error;
+        return failure(*error);
     }
     return writeBlob(name, contents, future);
 }
 
-std::optional<Error> BlobStore::remove(const QString &name, const EngineFuture &future) {
-    const std::optional<Error> error = obstacle(name, future);
-    return error ? error : removeBlob(name, future);
+Expected<void> BlobStore::remove(const QString &name, const EngineFuture &future) {
+    if (const std::optional<Error> error = obstacle(name, future)) {
+        return failure(*error);
+    }
+    return removeBlob(name, future);
 }
 
 QString BlobStore::place(const QString &name) const {
@@ -101,41 +105,44 @@ std::optional<Error> BlobStore::obstacle(const QString &name, const EngineFuture
     return {};
 }
 
-EngineStore::Fetched BlobStore::fetch(const EngineFuture &future) {
-    const Result<QStringList> files = list(QStringLiteral("databases"), future);
-    if (const Error *error = errorOf(files)) {
-        return {{}, *error};
+Expected<EngineStore::Fetched> BlobStore::fetch(const EngineFuture &future) {
+    const Expected<QStringList> files = list(QStringLiteral("databases"), future);
+    if (!files) {
+        return failure(files.error());
     }
-    Fetched fetched{QVRemoteDatabases(), {}};
-    for (const QString &file : std::get<QStringList>(files)) {
+    Fetched fetched;
+    for (const QString &file : *files) {
         if (!file.endsWith(QStringLiteral(".json"))) {
             continue;
         }
-        const Result<QString> name = databaseName(file, future);
-        const Error *error = errorOf(name);
-        if (!error) {
-            fetched.databases->append(record(file.chopped(5), std::get<QString>(name)));
-        } else if (isOfOneBlob(*error)) {
-            fetched.error = fetched.error ? fetched.error : *error;
-        } else if (error->code != static_cast<int>(EngineErrorCode::BlobMissing)) {
-            return {{}, *error};
+        const Expected<QString> name = databaseName(file, future);
+        if (name) {
+            fetched.databases.append(record(file.chopped(5), *name));
+        } else if (isOfOneBlob(name.error())) {
+            fetched.problem = fetched.problem ? fetched.problem : name.error();
+        } else if (!isEngineError(name.error(), EngineErrorCode::BlobMissing)) {
+            return failure(name.error());
         }
     }
     return fetched;
 }
 
-Result<QString> BlobStore::databaseName(const QString &file, const EngineFuture &future) {
+Expected<QString> BlobStore::databaseName(const QString &file, const EngineFuture &future) {
     const QString path = QStringLiteral("databases/") + file;
     const Error damaged =
         engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", place(path));
     const QString UUID = file.chopped(5);
     if (!isUUID(UUID)) {
-        return damaged;
+        return failure(damaged);
     }
-    const Result<QByteArray> contents = read(path, RecordLimit, future);
-    if (const Error *error = errorOf(contents)) {
-        const bool isRefused = error->code == static_cast<int>(EngineErrorCode::BlobRefused);
-        return isRefused ? damaged : *error;
+    const Expected<QByteArray> contents = read(path, RecordLimit, future);
+    if (!contents) {
+        const bool isRefused = isEngineError(contents.error(), EngineErrorCode::BlobRefused);
+        return failure(isRefused ? damaged : contents.error());
     }
-    return DatabaseRecord::name(std::get<QByteArray>(contents), UUID, place(path));
+    const Result<QString> name = DatabaseRecord::name(*contents, UUID, place(path));
+    if (const Error *error = errorOf(name)) {
+        return failure(*error);
+    }
+    return std::get<QString>(name);
 }

@@ -4,7 +4,7 @@
 #include <QtCore/QStringList>
 
 #include "Engine/Stores/EngineStore.h"
-#include "Platform/Foundation/Result.h"
+#include "Platform/Foundation/Expected.h"
 
 /// What all kinds of sync stores are: named blobs that are written once and never change.
 ///
@@ -34,29 +34,29 @@ public:
 
     /// The names directly in `folder`, folders among them, sorted; without those that are no names
     /// of blobs. A folder that is not there is empty.
-    Result<QStringList> list(const QString &folder, const EngineFuture &future);
+    Expected<QStringList> list(const QString &folder, const EngineFuture &future);
     /// The contents of a blob. One that is not there is an error of the code BlobMissing; one
     /// longer than `limit` bytes, which is not read whole, or which is no plain file, one of the
     /// code BlobRefused.
-    Result<QByteArray> read(const QString &name, qint64 limit, const EngineFuture &future);
+    Expected<QByteArray> read(const QString &name, qint64 limit, const EngineFuture &future);
     /// Writes a blob where there is none of that name, with the folders that it needs. It is there
     /// whole or not at all, whatever happens meanwhile.
-    Result<Written> writeIfAbsent(const QString &name, const QByteArray &contents,
-                                  const EngineFuture &future);
+    Expected<Written> writeIfAbsent(const QString &name, const QByteArray &contents,
+                                    const EngineFuture &future);
     /// Harmless where there is no such blob. Folders stay.
-    std::optional<Error> remove(const QString &name, const EngineFuture &future);
+    Expected<void> remove(const QString &name, const EngineFuture &future);
 
     /// Where `name` is, for a person to read.
     virtual QString place(const QString &name) const;
 
 protected:
     /// What a kind of store does; the names were checked.
-    virtual Result<QStringList> listFolder(const QString &folder, const EngineFuture &future) = 0;
-    virtual Result<QByteArray> readBlob(const QString &name, qint64 limit,
+    virtual Expected<QStringList> listFolder(const QString &folder, const EngineFuture &future) = 0;
+    virtual Expected<QByteArray> readBlob(const QString &name, qint64 limit,
+                                          const EngineFuture &future) = 0;
+    virtual Expected<Written> writeBlob(const QString &name, const QByteArray &contents,
                                         const EngineFuture &future) = 0;
-    virtual Result<Written> writeBlob(const QString &name, const QByteArray &contents,
-                                      const EngineFuture &future) = 0;
-    virtual std::optional<Error> removeBlob(const QString &name, const EngineFuture &future) = 0;
+    virtual Expected<void> removeBlob(const QString &name, const EngineFuture &future) = 0;
 
     Error missing(const QString &name) const;
     Error tooLong(const QString &name) const;
@@ -66,9 +66,9 @@ protected:
     /// is that of the file name, "name", which is not empty, and "version", which is 1. What is
     /// wrong with one is told beside the databases of the others; where the store fails meanwhile,
     /// there is only the error.
-    Fetched fetch(const EngineFuture &future) override;
+    Expected<Fetched> fetch(const EngineFuture &future) override;
 
 private:
     std::optional<Error> obstacle(const QString &name, const EngineFuture &future) const;
-    Result<QString> databaseName(const QString &file, const EngineFuture &future);
+    Expected<QString> databaseName(const QString &file, const EngineFuture &future);
 };

@@ -74,19 +74,23 @@ EngineStore::~EngineStore() {
 
 std::shared_ptr<PZFuture> EngineStore::openWithCompletionHandler(ErrorHandler handler) {
     return start([store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
-        const std::optional<Error> error = store->openUnlessCancelled(future);
-        store->m_isOpen = !error;
+        const Expected<void> opened = store->openUnlessCancelled(future);
+        store->m_isOpen = opened.has_value();
         future.finish();
-        handler(error);
+        handler(opened ? std::nullopt : std::optional(opened.error()));
     });
 }
 
 std::shared_ptr<PZFuture> EngineStore::fetchDatabasesWithCompletionHandler(
     DatabasesHandler handler) {
     return start([store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
-        const Fetched fetched = store->fetchUnlessCancelled(future);
+        const Expected<Fetched> fetched = store->fetchUnlessCancelled(future);
         future.finish();
-        handler(fetched.databases, fetched.error);
+        if (fetched) {
+            handler(fetched->databases, fetched->problem);
+        } else {
+            handler(std::nullopt, fetched.error());
+        }
     });
 }
 
@@ -109,23 +113,28 @@ std::shared_ptr<QVRemoteDatabase> EngineStore::record(const QString &UUID, const
     return std::make_shared<EngineRemoteDatabase>(UUID, name, shared_from_this());
 }
 
-std::optional<Error> EngineStore::openUnlessCancelled(const EngineFuture &future) {
+Expected<void> EngineStore::openUnlessCancelled(const EngineFuture &future) {
     if (future.isCancelled()) {
-        return operationCancelled();
+        return failure(operationCancelled());
     }
-    std::optional<Error> error = open(future);
-    return !error && future.isCancelled() ? operationCancelled() : error;
+    Expected<void> opened = open(future);
+    if (opened && future.isCancelled()) {
+        return failure(operationCancelled());
+    }
+    return opened;
 }
 
-EngineStore::Fetched EngineStore::fetchUnlessCancelled(const EngineFuture &future) {
+Expected<EngineStore::Fetched> EngineStore::fetchUnlessCancelled(const EngineFuture &future) {
     if (future.isCancelled()) {
-        return {{}, operationCancelled()};
+        return failure(operationCancelled());
     }
     if (!m_isOpen) {
-        return {{},
-                engineError(EngineErrorCode::StoreUnreachable,
-                            localizedSyncString("The sync store is not open."))};
+        return failure(engineError(EngineErrorCode::StoreUnreachable,
+                                   localizedSyncString("The sync store is not open.")));
     }
-    const Fetched fetched = fetch(future);
-    return future.isCancelled() ? Fetched{{}, operationCancelled()} : fetched;
+    Expected<Fetched> fetched = fetch(future);
+    if (future.isCancelled()) {
+        return failure(operationCancelled());
+    }
+    return fetched;
 }

@@ -6,6 +6,7 @@
 
 #include "Engine/Foundation/EngineFuture.h"
 #include "Host/QVSyncStore.h"
+#include "Platform/Foundation/Expected.h"
 #include "Platform/Foundation/Url.h"
 
 /// What all stores share: operations run on worker threads, each handler is called there once, and
@@ -23,7 +24,7 @@ public:
     std::shared_ptr<PZFuture> closeWithCompletionHandler(ErrorHandler handler) override;
 
     /// What opening does, at once: says why the store cannot be used. Blocks; on a worker thread.
-    virtual std::optional<Error> open(const EngineFuture &future) = 0;
+    virtual Expected<void> open(const EngineFuture &future) = 0;
 
     /// Cancels every operation of any store and waits until none runs any more: before the code
     /// goes.
@@ -31,8 +32,9 @@ public:
 
 protected:
     struct Fetched {
-        std::optional<QVRemoteDatabases> databases;
-        std::optional<Error> error;
+        QVRemoteDatabases databases;
+        /// What is wrong with single records, although the others were read; empty if nothing is.
+        std::optional<Error> problem = {};
     };
 
     /// That of the location when the store was made.
@@ -40,11 +42,11 @@ protected:
     std::shared_ptr<QVRemoteDatabase> record(const QString &UUID, const QString &name);
 
     /// What a kind of store does; called on a worker thread. `future` says whether to go on.
-    virtual Fetched fetch(const EngineFuture &future) = 0;
+    virtual Expected<Fetched> fetch(const EngineFuture &future) = 0;
 
 private:
-    std::optional<Error> openUnlessCancelled(const EngineFuture &future);
-    Fetched fetchUnlessCancelled(const EngineFuture &future);
+    Expected<void> openUnlessCancelled(const EngineFuture &future);
+    Expected<Fetched> fetchUnlessCancelled(const EngineFuture &future);
 
     std::shared_ptr<QVSyncLocation> m_location;
     const Url m_URL;

@@ -3,29 +3,29 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Platform/Foundation/Localization.h"
 
-std::optional<Error> UnreachableStore::open(const EngineFuture & /*future*/) {
-    return reason();
+Expected<void> UnreachableStore::open(const EngineFuture & /*future*/) {
+    return failure(reason());
 }
 
-Result<QStringList> UnreachableStore::listFolder(const QString & /*folder*/,
-                                                 const EngineFuture & /*future*/) {
-    return reason();
+Expected<QStringList> UnreachableStore::listFolder(const QString & /*folder*/,
+                                                   const EngineFuture & /*future*/) {
+    return failure(reason());
 }
 
-Result<QByteArray> UnreachableStore::readBlob(const QString & /*name*/, qint64 /*limit*/,
-                                              const EngineFuture & /*future*/) {
-    return reason();
+Expected<QByteArray> UnreachableStore::readBlob(const QString & /*name*/, qint64 /*limit*/,
+                                                const EngineFuture & /*future*/) {
+    return failure(reason());
 }
 
-Result<BlobStore::Written> UnreachableStore::writeBlob(const QString & /*name*/,
-                                                       const QByteArray & /*contents*/,
-                                                       const EngineFuture & /*future*/) {
-    return reason();
+Expected<BlobStore::Written> UnreachableStore::writeBlob(const QString & /*name*/,
+                                                         const QByteArray & /*contents*/,
+                                                         const EngineFuture & /*future*/) {
+    return failure(reason());
 }
 
-std::optional<Error> UnreachableStore::removeBlob(const QString & /*name*/,
-                                                  const EngineFuture & /*future*/) {
-    return reason();
+Expected<void> UnreachableStore::removeBlob(const QString & /*name*/,
+                                            const EngineFuture & /*future*/) {
+    return failure(reason());
 }
 
 Error UnreachableStore::reason() const {

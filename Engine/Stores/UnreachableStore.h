@@ -7,15 +7,15 @@ class UnreachableStore : public BlobStore {
 public:
     using BlobStore::BlobStore;
 
-    std::optional<Error> open(const EngineFuture &future) override;
+    Expected<void> open(const EngineFuture &future) override;
 
 protected:
-    Result<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
-    Result<QByteArray> readBlob(const QString &name, qint64 limit,
+    Expected<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
+    Expected<QByteArray> readBlob(const QString &name, qint64 limit,
+                                  const EngineFuture &future) override;
+    Expected<Written> writeBlob(const QString &name, const QByteArray &contents,
                                 const EngineFuture &future) override;
-    Result<Written> writeBlob(const QString &name, const QByteArray &contents,
-                              const EngineFuture &future) override;
-    std::optional<Error> removeBlob(const QString &name, const EngineFuture &future) override;
+    Expected<void> removeBlob(const QString &name, const EngineFuture &future) override;
 
 private:
     Error reason() const;

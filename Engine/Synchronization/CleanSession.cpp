@@ -94,8 +94,8 @@ void CleanSession::goOnWriting() {
 std::optional<Error> CleanSession::removeTransactions(BlobStore &store,
                                                       const EngineFuture &future) {
     for (const QString &name : std::as_const(m_toRemove)) {
-        if (std::optional<Error> error = store.remove(path(name), future)) {
-            return error;
+        if (const Expected<void> removed = store.remove(path(name), future); !removed) {
+            return removed.error();
         }
     }
     return {};

@@ -61,14 +61,14 @@ bool StoreSession::takeNext() {
 
 std::optional<Error> StoreSession::write(BlobStore &store, const EngineFuture &future) {
     const QByteArray record = m_transaction.encoded();
-    const Result<BlobStore::Written> written =
+    const Expected<BlobStore::Written> written =
         store.writeIfAbsent(path(m_transactionName), record, future);
-    if (const Error *error = errorOf(written)) {
-        return *error;
+    if (!written) {
+        return written.error();
     }
     // Nobody else can have taken the name; what is there may be what a try has left of which the
     // answer was lost. The next session reads it and sees.
-    if (std::get<BlobStore::Written>(written) == BlobStore::Written::New) {
+    if (*written == BlobStore::Written::New) {
         m_writtenSize = record.size();
     }
     return {};

@@ -18,7 +18,10 @@ SyncJob::SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &l
 void SyncJob::start(QThreadPool &pool, std::function<void()> handler) {
     m_pool = &pool;
     m_handler = std::move(handler);
-    runOnThread([this] { return m_store->open(*m_future); });
+    runOnThread([this] {
+        const Expected<void> opened = m_store->open(*m_future);
+        return opened ? std::nullopt : std::optional(opened.error());
+    });
 }
 
 QList<Error> SyncJob::problems() const {

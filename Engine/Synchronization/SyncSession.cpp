@@ -11,10 +11,6 @@ namespace {
 /// Bytes after which what was read is taken over before more is read.
 constexpr qsizetype ReadAtOnce = 4LL << 20;
 
-bool isCode(const Error &error, EngineErrorCode code) {
-    return error.domain == EngineErrorDomain && error.code == static_cast<int>(code);
-}
-
 bool isTransactionName(const QString &name) {
     return name.endsWith(QStringLiteral(".json")) && Operation::isUUID(name.chopped(5));
 }
@@ -64,11 +60,11 @@ std::optional<Error> SyncSession::list(BlobStore &store, const EngineFuture &fut
     if (std::optional<Error> error = readRecord(store, future)) {
         return error;
     }
-    const Result<QStringList> names = store.list(path({}), future);
-    if (const Error *error = errorOf(names)) {
-        return *error;
+    const Expected<QStringList> names = store.list(path({}), future);
+    if (!names) {
+        return names.error();
     }
-    for (const QString &name : std::get<QStringList>(names)) {
+    for (const QString &name : *names) {
         if (isTransactionName(name)) {
             m_unread.append(name);
         } else if (name.endsWith(QStringLiteral(".json"))) {
@@ -81,22 +77,22 @@ std::optional<Error> SyncSession::list(BlobStore &store, const EngineFuture &fut
 
 std::optional<Error> SyncSession::readRecord(BlobStore &store, const EngineFuture &future) {
     const QString file = DatabaseRecord::path(subject().databaseUUID);
-    const Result<QByteArray> contents = store.read(file, BlobStore::RecordLimit, future);
-    if (const Error *error = errorOf(contents)) {
-        if (isCode(*error, EngineErrorCode::BlobMissing)) {
+    const Expected<QByteArray> contents = store.read(file, BlobStore::RecordLimit, future);
+    if (!contents) {
+        if (isEngineError(contents.error(), EngineErrorCode::BlobMissing)) {
             return {};
         }
-        if (isCode(*error, EngineErrorCode::BlobRefused)) {
+        if (isEngineError(contents.error(), EngineErrorCode::BlobRefused)) {
             m_record = Record::Untouchable;
-            addProblem(*error);
+            addProblem(contents.error());
             return {};
         }
-        return *error;
+        return contents.error();
     }
-    const Result<QString> name = DatabaseRecord::name(std::get<QByteArray>(contents),
-                                                      subject().databaseUUID, store.place(file));
+    const Result<QString> name =
+        DatabaseRecord::name(*contents, subject().databaseUUID, store.place(file));
     if (const Error *error = errorOf(name)) {
-        const bool isUnknown = isCode(*error, EngineErrorCode::UnknownVersion);
+        const bool isUnknown = isEngineError(*error, EngineErrorCode::UnknownVersion);
         m_record = isUnknown ? Record::Untouchable : Record::Damaged;
         addProblem(*error);
         return {};
@@ -110,19 +106,19 @@ std::optional<Error> SyncSession::readSome(BlobStore &store, const EngineFuture 
     qsizetype size = 0;
     while (!m_unread.isEmpty() && size < ReadAtOnce) {
         const QString name = m_unread.takeFirst();
-        const Result<QByteArray> record = store.read(path(name), Transaction::SizeLimit, future);
-        if (const Error *error = errorOf(record)) {
-            if (isCode(*error, EngineErrorCode::BlobRefused)) {
-                addProblem(*error);
-            } else if (!isCode(*error, EngineErrorCode::BlobMissing)) {
-                return *error;
+        const Expected<QByteArray> record = store.read(path(name), Transaction::SizeLimit, future);
+        if (!record) {
+            if (isEngineError(record.error(), EngineErrorCode::BlobRefused)) {
+                addProblem(record.error());
+            } else if (!isEngineError(record.error(), EngineErrorCode::BlobMissing)) {
+                return record.error();
             }
             continue;
         }
-        const qint64 recordSize = std::get<QByteArray>(record).size();
+        const qint64 recordSize = record->size();
         size += recordSize;
         const Result<Transaction> transaction =
-            Transaction::decoded(std::get<QByteArray>(record), store.place(path(name)));
+            Transaction::decoded(*record, store.place(path(name)));
         if (const Error *error = errorOf(transaction)) {
             addProblem(*error);
         } else {
@@ -135,14 +131,13 @@ std::optional<Error> SyncSession::readSome(BlobStore &store, const EngineFuture 
 std::optional<Error> SyncSession::writeRecord(BlobStore &store, const EngineFuture &future) const {
     const QString file = DatabaseRecord::path(subject().databaseUUID);
     if (m_record != Record::Absent) {
-        if (std::optional<Error> error = store.remove(file, future)) {
-            return error;
+        if (const Expected<void> removed = store.remove(file, future); !removed) {
+            return removed.error();
         }
     }
-    const Result<BlobStore::Written> written = store.writeIfAbsent(
+    const Expected<BlobStore::Written> written = store.writeIfAbsent(
         file, DatabaseRecord::encoded(subject().databaseUUID, m_nameToRecord), future);
-    const Error *error = errorOf(written);
-    return error ? std::optional(*error) : std::nullopt;
+    return written ? std::nullopt : std::optional(written.error());
 }
 
 std::optional<Error> SyncSession::settleListing() {

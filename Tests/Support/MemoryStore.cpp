@@ -16,14 +16,14 @@ MemoryStore::MemoryStore(Blobs &blobs, std::function<Fault()> nextFault)
       m_blobs(blobs),
       m_nextFault(std::move(nextFault)) {}
 
-std::optional<Error> MemoryStore::open(const EngineFuture & /*future*/) {
+Expected<void> MemoryStore::open(const EngineFuture & /*future*/) {
     return {};
 }
 
-Result<QStringList> MemoryStore::listFolder(const QString &folder,
-                                            const EngineFuture & /*future*/) {
+Expected<QStringList> MemoryStore::listFolder(const QString &folder,
+                                              const EngineFuture & /*future*/) {
     if (m_nextFault() != Fault::None) {
-        return fault();
+        return failure(fault());
     }
     QStringList names;
     for (const auto &[name, contents] : m_blobs) {
@@ -34,37 +34,38 @@ Result<QStringList> MemoryStore::listFolder(const QString &folder,
     return names;
 }
 
-Result<QByteArray> MemoryStore::readBlob(const QString &name, qint64 limit,
-                                         const EngineFuture & /*future*/) {
+Expected<QByteArray> MemoryStore::readBlob(const QString &name, qint64 limit,
+                                           const EngineFuture & /*future*/) {
     if (m_nextFault() != Fault::None) {
-        return fault();
+        return failure(fault());
     }
     const auto blob = m_blobs.find(name);
     if (blob == m_blobs.end()) {
-        return missing(name);
+        return failure(missing(name));
     }
-    return blob->second.size() > limit ? Result<QByteArray>(tooLong(name)) : blob->second;
+    return blob->second.size() > limit ? failure(tooLong(name))
+                                       : Expected<QByteArray>(blob->second);
 }
 
-Result<BlobStore::Written> MemoryStore::writeBlob(const QString &name, const QByteArray &contents,
-                                                  const EngineFuture & /*future*/) {
+Expected<BlobStore::Written> MemoryStore::writeBlob(const QString &name, const QByteArray &contents,
+                                                    const EngineFuture & /*future*/) {
     const Fault found = m_nextFault();
     if (found == Fault::Unreachable) {
-        return fault();
+        return failure(fault());
     }
     const qsizetype size = found == Fault::Torn ? contents.size() / 2 : contents.size();
     const bool isNew = m_blobs.emplace(name, contents.first(size)).second;
     if (found != Fault::None) {
-        return fault();
+        return failure(fault());
     }
     return isNew ? Written::New : Written::AlreadyThere;
 }
 
-std::optional<Error> MemoryStore::removeBlob(const QString &name, const EngineFuture & /*future*/) {
+Expected<void> MemoryStore::removeBlob(const QString &name, const EngineFuture & /*future*/) {
     const Fault found = m_nextFault();
     if (found == Fault::Unreachable) {
-        return fault();
+        return failure(fault());
     }
     m_blobs.erase(name);
-    return found == Fault::None ? std::nullopt : std::optional(fault());
+    return found == Fault::None ? Expected<void>() : failure(fault());
 }

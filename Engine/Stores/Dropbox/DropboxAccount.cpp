@@ -46,35 +46,33 @@ DropboxAccount::DropboxAccount(const QString &address, HttpClient::Timeouts time
       m_connection(timeouts) {}
 
 QUrl DropboxAccount::server() const {
-    const auto *configuration = std::get_if<DropboxConfiguration>(&m_configuration);
-    return configuration ? configuration->APIAddress : QUrl();
+    return m_configuration ? m_configuration->APIAddress : QUrl();
 }
 
-Result<HttpClient::Response> DropboxAccount::call(const QString &route, const QJsonObject &argument,
-                                                  qint64 limit, const EngineFuture &future) {
-    if (const Error *error = errorOf(m_configuration)) {
-        return *error;
+Expected<HttpClient::Response> DropboxAccount::call(const QString &route,
+                                                    const QJsonObject &argument, qint64 limit,
+                                                    const EngineFuture &future) {
+    if (!m_configuration) {
+        return failure(m_configuration.error());
     }
-    const auto &configuration = std::get<DropboxConfiguration>(m_configuration);
     return send({.method = "POST",
-                 .URL = routeBelow(configuration.APIAddress, route),
+                 .URL = routeBelow(m_configuration->APIAddress, route),
                  .headers = {{"Content-Type", "application/json"}},
                  .body = QJsonDocument(argument).toJson(QJsonDocument::Compact),
                  .limit = limit},
                 future);
 }
 
-Result<HttpClient::Response> DropboxAccount::callForContents(const QString &route,
-                                                             const QJsonObject &argument,
-                                                             const QByteArray &contents,
-                                                             qint64 limit,
-                                                             const EngineFuture &future) {
-    if (const Error *error = errorOf(m_configuration)) {
-        return *error;
+Expected<HttpClient::Response> DropboxAccount::callForContents(const QString &route,
+                                                               const QJsonObject &argument,
+                                                               const QByteArray &contents,
+                                                               qint64 limit,
+                                                               const EngineFuture &future) {
+    if (!m_configuration) {
+        return failure(m_configuration.error());
     }
-    const auto &configuration = std::get<DropboxConfiguration>(m_configuration);
     return send({.method = "POST",
-                 .URL = routeBelow(configuration.contentAddress, route),
+                 .URL = routeBelow(m_configuration->contentAddress, route),
                  .headers = {{"Content-Type", "application/octet-stream"},
                              {"Dropbox-API-Arg", headerText(argument)}},
                  .body = contents,
@@ -82,31 +80,30 @@ Result<HttpClient::Response> DropboxAccount::callForContents(const QString &rout
                 future);
 }
 
-Result<HttpClient::Response> DropboxAccount::send(HttpClient::Request request,
-                                                  const EngineFuture &future) {
+Expected<HttpClient::Response> DropboxAccount::send(HttpClient::Request request,
+                                                    const EngineFuture &future) {
     constexpr int Unauthorized = 401;
-    Result<DropboxTokens> current = tokens(future);
+    Expected<DropboxTokens> current = tokens(future);
     const QList<HttpClient::Header> headers = request.headers;
     for (int tries = 0; tries < 2; ++tries) {
-        if (const Error *error = errorOf(current)) {
-            return *error;
+        if (!current) {
+            return failure(current.error());
         }
-        const QByteArray access = std::get<DropboxTokens>(current).access;
+        const QByteArray access = current->access;
         request.headers = headers;
         request.headers.append({"Authorization", "Bearer " + access});
-        Result<HttpClient::Response> answer = m_connection.send(request, future);
-        const auto *response = std::get_if<HttpClient::Response>(&answer);
-        if (!response || response->status != Unauthorized) {
+        Expected<HttpClient::Response> answer = m_connection.send(request, future);
+        if (!answer || answer->status != Unauthorized) {
             return answer;
         }
         if (tries == 0) {
             current = renewedTokens(access, future);
         }
     }
-    return DropboxError::signInAgain(m_address);
+    return failure(DropboxError::signInAgain(m_address));
 }
 
-Result<DropboxTokens> DropboxAccount::tokens(const EngineFuture &future) {
+Expected<DropboxTokens> DropboxAccount::tokens(const EngineFuture &future) {
     std::optional<DropboxTokens> known;
     {
         const std::lock_guard lock(m_mutex);
@@ -116,7 +113,7 @@ Result<DropboxTokens> DropboxAccount::tokens(const EngineFuture &future) {
         known = DropboxTokens::stored(m_address);
     }
     if (!known) {
-        return DropboxError::notSignedIn(m_address);
+        return failure(DropboxError::notSignedIn(m_address));
     }
     if (known->areExpired()) {
         return renewedTokens(known->access, future);
@@ -125,29 +122,28 @@ Result<DropboxTokens> DropboxAccount::tokens(const EngineFuture &future) {
     return *known;
 }
 
-Result<DropboxTokens> DropboxAccount::renewedTokens(const QByteArray &access,
-                                                    const EngineFuture &future) {
+Expected<DropboxTokens> DropboxAccount::renewedTokens(const QByteArray &access,
+                                                      const EngineFuture &future) {
     const std::unique_lock turn = turnToRefresh(future);
     if (future.isCancelled()) {
-        return operationCancelled();
+        return failure(operationCancelled());
     }
     const std::optional<DropboxTokens> known = DropboxTokens::stored(m_address);
     if (!known) {
-        return DropboxError::notSignedIn(m_address);
+        return failure(DropboxError::notSignedIn(m_address));
     }
     if (known->access != access && !known->areExpired()) {
         keep(*known);
         return *known;
     }
     if (known->refresh.isEmpty()) {
-        return DropboxError::signInAgain(m_address);
+        return failure(DropboxError::signInAgain(m_address));
     }
-    Result<DropboxTokens> renewed =
-        DropboxTokenEndpoint(std::get<DropboxConfiguration>(m_configuration), m_connection)
-            .refresh(*known, m_address, future);
-    if (const auto *fresh = std::get_if<DropboxTokens>(&renewed)) {
-        fresh->store(m_address);
-        keep(*fresh);
+    Expected<DropboxTokens> renewed =
+        DropboxTokenEndpoint(*m_configuration, m_connection).refresh(*known, m_address, future);
+    if (renewed) {
+        renewed->store(m_address);
+        keep(*renewed);
     }
     return renewed;
 }

@@ -17,22 +17,23 @@ public:
     /// What serves the API, for a person to read.
     QUrl server() const;
     /// Calls a route that takes and gives JSON. `limit`: bytes of the answer.
-    Result<HttpClient::Response> call(const QString &route, const QJsonObject &argument,
-                                      qint64 limit, const EngineFuture &future);
+    Expected<HttpClient::Response> call(const QString &route, const QJsonObject &argument,
+                                        qint64 limit, const EngineFuture &future);
     /// Calls a route that takes or gives contents.
-    Result<HttpClient::Response> callForContents(const QString &route, const QJsonObject &argument,
-                                                 const QByteArray &contents, qint64 limit,
-                                                 const EngineFuture &future);
+    Expected<HttpClient::Response> callForContents(const QString &route,
+                                                   const QJsonObject &argument,
+                                                   const QByteArray &contents, qint64 limit,
+                                                   const EngineFuture &future);
 
 private:
-    Result<HttpClient::Response> send(HttpClient::Request request, const EngineFuture &future);
-    Result<DropboxTokens> tokens(const EngineFuture &future);
+    Expected<HttpClient::Response> send(HttpClient::Request request, const EngineFuture &future);
+    Expected<DropboxTokens> tokens(const EngineFuture &future);
     /// Tokens other than those with `access`, which is not good any more.
-    Result<DropboxTokens> renewedTokens(const QByteArray &access, const EngineFuture &future);
+    Expected<DropboxTokens> renewedTokens(const QByteArray &access, const EngineFuture &future);
     void keep(const DropboxTokens &tokens);
 
     const QString m_address;
-    const Result<DropboxConfiguration> m_configuration;
+    const Expected<DropboxConfiguration> m_configuration;
     DropboxConnection m_connection;
     std::mutex m_mutex;
     std::optional<DropboxTokens> m_tokens;

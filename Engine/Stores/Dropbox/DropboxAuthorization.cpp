@@ -44,38 +44,35 @@ QUrl withQuery(QUrl address, const QList<FormEncoding::Field> &fields) {
 DropboxAuthorization::DropboxAuthorization(QObject &mainThread, const Limits &limits)
     : m_mainThread(mainThread), m_limits(limits), m_connection(limits.server) {}
 
-Result<QString> DropboxAuthorization::run(const EngineFuture &future) {
+Expected<QString> DropboxAuthorization::run(const EngineFuture &future) {
     if (future.isCancelled()) {
-        return operationCancelled();
+        return failure(operationCancelled());
     }
-    const Result<DropboxConfiguration> configuration = DropboxConfiguration::current();
-    if (const Error *error = errorOf(configuration)) {
-        return *error;
+    const Expected<DropboxConfiguration> configuration = DropboxConfiguration::current();
+    if (!configuration) {
+        return failure(configuration.error());
     }
-    const Result<DropboxTokens> granted =
-        tokens(std::get<DropboxConfiguration>(configuration), future);
-    if (const Error *error = errorOf(granted)) {
-        return *error;
+    const Expected<DropboxTokens> granted = tokens(*configuration, future);
+    if (!granted) {
+        return failure(granted.error());
     }
-    const auto &grantedTokens = std::get<DropboxTokens>(granted);
-    Result<QString> address =
-        accountAddress(std::get<DropboxConfiguration>(configuration), grantedTokens, future);
+    Expected<QString> address = accountAddress(*configuration, *granted, future);
     if (future.isCancelled()) {
-        return operationCancelled();
+        return failure(operationCancelled());
     }
-    if (const auto *account = std::get_if<QString>(&address)) {
-        grantedTokens.store(*account);
+    if (address) {
+        granted->store(*address);
     }
     return address;
 }
 
-Result<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration &configuration,
-                                                   const EngineFuture &future) {
+Expected<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration &configuration,
+                                                     const EngineFuture &future) {
     const QString state = randomText();
     const QString verifier = randomText();
     DropboxRedirectListener listener(state);
-    if (const std::optional<Error> error = listener.listen(configuration.redirectPort)) {
-        return *error;
+    if (const Expected<void> listening = listener.listen(configuration.redirectPort); !listening) {
+        return failure(listening.error());
     }
     const QUrl signInPage =
         withQuery(configuration.authorizeAddress,
@@ -89,19 +86,18 @@ Result<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration &c
                    {"token_access_type", QStringLiteral("offline")},
                    {"scope", QStringLiteral("account_info.read files.metadata.read "
                                             "files.content.read files.content.write")}});
-    if (const std::optional<Error> error = openBrowser(signInPage, future)) {
-        return *error;
+    if (const Expected<void> opened = openBrowser(signInPage, future); !opened) {
+        return failure(opened.error());
     }
-    const Result<QString> code = listener.wait(future, m_limits.person);
-    if (const Error *error = errorOf(code)) {
-        return *error;
+    const Expected<QString> code = listener.wait(future, m_limits.person);
+    if (!code) {
+        return failure(code.error());
     }
     return DropboxTokenEndpoint(configuration, m_connection)
-        .exchange(std::get<QString>(code), verifier, listener.address(), future);
+        .exchange(*code, verifier, listener.address(), future);
 }
 
-std::optional<Error> DropboxAuthorization::openBrowser(const QUrl &address,
-                                                       const EngineFuture &future) {
+Expected<void> DropboxAuthorization::openBrowser(const QUrl &address, const EngineFuture &future) {
     const auto opened = std::make_shared<std::promise<bool>>();
     std::future<bool> isOpened = opened->get_future();
     QMetaObject::invokeMethod(
@@ -109,37 +105,39 @@ std::optional<Error> DropboxAuthorization::openBrowser(const QUrl &address,
         Qt::QueuedConnection);
     while (isOpened.wait_for(BrowserLookInterval) != std::future_status::ready) {
         if (future.isCancelled()) {
-            return operationCancelled();
+            return failure(operationCancelled());
         }
     }
     if (isOpened.get()) {
         return {};
     }
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       localizedSyncString("No browser can be opened to sign in to Dropbox."));
+    return failure(
+        engineError(EngineErrorCode::StoreUnreachable,
+                    localizedSyncString("No browser can be opened to sign in to Dropbox.")));
 }
 
-Result<QString> DropboxAuthorization::accountAddress(const DropboxConfiguration &configuration,
-                                                     const DropboxTokens &tokens,
-                                                     const EngineFuture &future) {
+Expected<QString> DropboxAuthorization::accountAddress(const DropboxConfiguration &configuration,
+                                                       const DropboxTokens &tokens,
+                                                       const EngineFuture &future) {
     constexpr int OK = 200;
     QUrl route = configuration.APIAddress;
     route.setPath(route.path() + QStringLiteral("/users/get_current_account"));
-    const Result<HttpClient::Response> answer =
+    const Expected<HttpClient::Response> answer =
         m_connection.send({.method = "POST",
                            .URL = route,
                            .headers = {{"Authorization", "Bearer " + tokens.access},
                                        {"Content-Type", "application/json"}},
                            .body = "null"},
                           future);
-    if (const Error *error = errorOf(answer)) {
-        return *error;
+    if (!answer) {
+        return failure(answer.error());
     }
-    const auto &response = std::get<HttpClient::Response>(answer);
+    const auto &response = *answer;
     if (response.status != OK) {
-        return DropboxError::unexpected(response, route);
+        return failure(DropboxError::unexpected(response, route));
     }
     const QString email =
         QJsonDocument::fromJson(response.body).object().value(QStringLiteral("email")).toString();
-    return email.contains(u'@') ? Result<QString>(email) : DropboxError::notUnderstood(route);
+    return email.contains(u'@') ? Expected<QString>(email)
+                                : failure(DropboxError::notUnderstood(route));
 }

@@ -20,14 +20,14 @@ public:
 
     /// The whole sign-in: the account's address, under which its tokens are stored now. Blocks, on
     /// a worker thread; called once.
-    Result<QString> run(const EngineFuture &future);
+    Expected<QString> run(const EngineFuture &future);
 
 private:
-    Result<DropboxTokens> tokens(const DropboxConfiguration &configuration,
-                                 const EngineFuture &future);
-    std::optional<Error> openBrowser(const QUrl &address, const EngineFuture &future);
-    Result<QString> accountAddress(const DropboxConfiguration &configuration,
-                                   const DropboxTokens &tokens, const EngineFuture &future);
+    Expected<DropboxTokens> tokens(const DropboxConfiguration &configuration,
+                                   const EngineFuture &future);
+    Expected<void> openBrowser(const QUrl &address, const EngineFuture &future);
+    Expected<QString> accountAddress(const DropboxConfiguration &configuration,
+                                     const DropboxTokens &tokens, const EngineFuture &future);
 
     QObject &m_mainThread;
     const Limits m_limits;

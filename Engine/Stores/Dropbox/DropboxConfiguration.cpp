@@ -27,7 +27,7 @@ bool isSafe(const QUrl &address) {
 
 }  // namespace
 
-Result<DropboxConfiguration> DropboxConfiguration::current() {
+Expected<DropboxConfiguration> DropboxConfiguration::current() {
     DropboxConfiguration configuration{
         .applicationKey = UserDefaults::stringForKey(ApplicationKeyDefault),
         .authorizeAddress = configuredAddress(
@@ -40,16 +40,16 @@ Result<DropboxConfiguration> DropboxConfiguration::current() {
                                             QStringLiteral("https://content.dropboxapi.com/2")),
         .redirectPort = static_cast<quint16>(UserDefaults::integerForKey(RedirectPortDefault))};
     if (configuration.applicationKey.isEmpty()) {
-        return engineError(
+        return failure(engineError(
             EngineErrorCode::StoreUnreachable,
-            localizedSyncString("Dropbox cannot be used: no application key is configured."));
+            localizedSyncString("Dropbox cannot be used: no application key is configured.")));
     }
     for (const QUrl &address : {configuration.authorizeAddress, configuration.tokenAddress,
                                 configuration.APIAddress, configuration.contentAddress}) {
         if (!isSafe(address)) {
-            return engineError(EngineErrorCode::StoreUnreachable,
-                               "The address “%1” configured for Dropbox is not secure.",
-                               address.toString(QUrl::RemoveUserInfo));
+            return failure(engineError(EngineErrorCode::StoreUnreachable,
+                                       "The address “%1” configured for Dropbox is not secure.",
+                                       address.toString(QUrl::RemoveUserInfo)));
         }
     }
     return configuration;

@@ -3,7 +3,7 @@
 #include <QtCore/QString>
 #include <QtCore/QUrl>
 
-#include "Platform/Foundation/Result.h"
+#include "Platform/Foundation/Expected.h"
 
 /// How Dropbox is reached, as the user defaults have it. A value.
 ///
@@ -33,5 +33,5 @@ struct DropboxConfiguration {
     quint16 redirectPort = 0;
 
     /// Read anew each time; or what is wrong with it. Any thread.
-    static Result<DropboxConfiguration> current();
+    static Expected<DropboxConfiguration> current();
 };

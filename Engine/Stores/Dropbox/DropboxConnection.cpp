@@ -38,23 +38,22 @@ void waitUnlessCancelled(std::chrono::seconds duration, const EngineFuture &futu
 DropboxConnection::DropboxConnection(HttpClient::Timeouts timeouts)
     : m_client({.timeouts = timeouts}) {}
 
-Result<HttpClient::Response> DropboxConnection::send(const HttpClient::Request &request,
-                                                     const EngineFuture &future) {
+Expected<HttpClient::Response> DropboxConnection::send(const HttpClient::Request &request,
+                                                       const EngineFuture &future) {
     std::chrono::seconds waited(0);
     for (;;) {
-        Result<HttpClient::Response> answer = m_client.send(request, future);
-        const auto *response = std::get_if<HttpClient::Response>(&answer);
-        if (!response || !asksToWait(*response)) {
+        Expected<HttpClient::Response> answer = m_client.send(request, future);
+        if (!answer || !asksToWait(*answer)) {
             return answer;
         }
-        const std::chrono::seconds wanted = timeToWait(*response);
+        const std::chrono::seconds wanted = timeToWait(*answer);
         waited += wanted;
         if (waited > MostWaiting) {
-            return DropboxError::busy(request.URL);
+            return failure(DropboxError::busy(request.URL));
         }
         waitUnlessCancelled(wanted, future);
         if (future.isCancelled()) {
-            return operationCancelled();
+            return failure(operationCancelled());
         }
     }
 }

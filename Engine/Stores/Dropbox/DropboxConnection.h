@@ -14,8 +14,8 @@ public:
 
     explicit DropboxConnection(HttpClient::Timeouts timeouts);
 
-    Result<HttpClient::Response> send(const HttpClient::Request &request,
-                                      const EngineFuture &future);
+    Expected<HttpClient::Response> send(const HttpClient::Request &request,
+                                        const EngineFuture &future);
 
 private:
     HttpClient m_client;

@@ -45,20 +45,21 @@ DropboxRedirectListener::DropboxRedirectListener(const QString &state) : m_state
     connect(&m_server, &QTcpServer::newConnection, this, &DropboxRedirectListener::accept);
 }
 
-std::optional<Error> DropboxRedirectListener::listen(quint16 port) {
+Expected<void> DropboxRedirectListener::listen(quint16 port) {
     if (m_server.listen(QHostAddress::LocalHost, port)) {
         return {};
     }
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       "The answer of the browser cannot be awaited: %1.", m_server.errorString());
+    return failure(engineError(EngineErrorCode::StoreUnreachable,
+                               "The answer of the browser cannot be awaited: %1.",
+                               m_server.errorString()));
 }
 
 QString DropboxRedirectListener::address() const {
     return QStringLiteral("http://127.0.0.1:%1%2").arg(m_server.serverPort()).arg(RedirectPath);
 }
 
-Result<QString> DropboxRedirectListener::wait(const EngineFuture &future,
-                                              std::chrono::milliseconds limit) {
+Expected<QString> DropboxRedirectListener::wait(const EngineFuture &future,
+                                                std::chrono::milliseconds limit) {
     const QDeadlineTimer end(limit);
     QEventLoop loop;
     QTimer waking;
@@ -67,11 +68,11 @@ Result<QString> DropboxRedirectListener::wait(const EngineFuture &future,
         loop.processEvents(QEventLoop::WaitForMoreEvents);
     }
     if (future.isCancelled()) {
-        return operationCancelled();
+        return failure(operationCancelled());
     }
     return m_result.value_or(
-        engineError(EngineErrorCode::AccessDenied,
-                    localizedSyncString("Nobody has signed in to Dropbox in time.")));
+        failure(engineError(EngineErrorCode::AccessDenied,
+                            localizedSyncString("Nobody has signed in to Dropbox in time."))));
 }
 
 void DropboxRedirectListener::accept() {
@@ -103,7 +104,7 @@ void DropboxRedirectListener::answer(QTcpSocket *socket, const QByteArray &reque
     const QUrl target = QUrl::fromEncoded(line.value(1));
     const bool isOurs = line.size() == 3 && line.first() == "GET" && target.isRelative() &&
                         target.path() == RedirectPath;
-    const std::optional<Result<QString>> result =
+    const std::optional<Expected<QString>> result =
         isOurs && !m_result ? resultOf(target.query(QUrl::FullyEncoded)) : std::nullopt;
     if (result) {
         m_result = result;
@@ -120,19 +121,20 @@ void DropboxRedirectListener::answer(QTcpSocket *socket, const QByteArray &reque
     }
 }
 
-std::optional<Result<QString>> DropboxRedirectListener::resultOf(const QString &query) const {
+std::optional<Expected<QString>> DropboxRedirectListener::resultOf(const QString &query) const {
     const QUrlQuery parameters(query);
     if (onlyValue(parameters, QStringLiteral("state")) != m_state) {
         return std::nullopt;
     }
     const QString code = onlyValue(parameters, QStringLiteral("code"));
     if (parameters.hasQueryItem(QStringLiteral("error"))) {
-        return engineError(EngineErrorCode::AccessDenied,
-                           localizedSyncString("The sign-in to Dropbox was refused."));
+        return failure(engineError(EngineErrorCode::AccessDenied,
+                                   localizedSyncString("The sign-in to Dropbox was refused.")));
     }
     if (code.isEmpty()) {
-        return engineError(EngineErrorCode::StoreUnreachable,
-                           localizedSyncString("The answer of the browser is not understood."));
+        return failure(
+            engineError(EngineErrorCode::StoreUnreachable,
+                        localizedSyncString("The answer of the browser is not understood.")));
     }
     return code;
 }

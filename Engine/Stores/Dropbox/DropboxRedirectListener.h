@@ -6,7 +6,7 @@
 #include <chrono>
 
 #include "Engine/Foundation/EngineFuture.h"
-#include "Platform/Foundation/Result.h"
+#include "Platform/Foundation/Expected.h"
 
 /// Where the browser is sent when the person has signed in, or has refused: an address of this
 /// computer's loopback interface (RFC 8252, 7.3) that is served for just as long. Anyone on this
@@ -20,22 +20,22 @@ public:
     explicit DropboxRedirectListener(const QString &state);
 
     /// Begins to serve at `port`, 0 for one that is free.
-    std::optional<Error> listen(quint16 port);
+    Expected<void> listen(quint16 port);
     /// The address, once that is done.
     QString address() const;
     /// Waits for the answer, but not longer than `limit`: the authorization code, or why there is
     /// none. The person is told in the browser that they may close its window.
-    Result<QString> wait(const EngineFuture &future, std::chrono::milliseconds limit);
+    Expected<QString> wait(const EngineFuture &future, std::chrono::milliseconds limit);
 
 private:
     void accept();
     void read(QTcpSocket *socket);
     void answer(QTcpSocket *socket, const QByteArray &request);
-    std::optional<Result<QString>> resultOf(const QString &query) const;
+    std::optional<Expected<QString>> resultOf(const QString &query) const;
 
     const QString m_state;
     QList<QTcpSocket *> m_sockets;
-    std::optional<Result<QString>> m_result;
+    std::optional<Expected<QString>> m_result;
     /// The last, since the sockets that go with it say good-bye to the others.
     QTcpServer m_server;
 };

@@ -24,7 +24,7 @@ DropboxSessionManager::~DropboxSessionManager() {
     m_threads.waitForDone();
     const QList<quint64> waiting = m_runs.keys();
     for (const quint64 number : waiting) {
-        finish(number, operationCancelled());
+        finish(number, failure(operationCancelled()));
     }
 }
 
@@ -39,7 +39,7 @@ void DropboxSessionManager::authorize(const std::shared_ptr<PZFuture> &future,
     const quint64 number = ++m_lastNumber;
     m_runs.insert(number, {operation, std::move(handler)});
     m_threads.start([this, operation, number] {
-        const Result<QString> address =
+        const Expected<QString> address =
             DropboxAuthorization(m_mainThread, m_limits).run(*operation);
         QMetaObject::invokeMethod(
             &m_mainThread, [this, number, address] { finish(number, address); },
@@ -47,16 +47,16 @@ void DropboxSessionManager::authorize(const std::shared_ptr<PZFuture> &future,
     });
 }
 
-void DropboxSessionManager::finish(quint64 number, const Result<QString> &address) {
+void DropboxSessionManager::finish(quint64 number, const Expected<QString> &address) {
     const Run run = m_runs.take(number);
     if (run.future->isCancelled()) {
         run.handler(nullptr, operationCancelled());
         return;
     }
     run.future->finish();
-    if (const Error *error = errorOf(address)) {
-        run.handler(nullptr, *error);
+    if (!address) {
+        run.handler(nullptr, address.error());
         return;
     }
-    run.handler(std::make_shared<DropboxAccountInfo>(std::get<QString>(address)), std::nullopt);
+    run.handler(std::make_shared<DropboxAccountInfo>(*address), std::nullopt);
 }

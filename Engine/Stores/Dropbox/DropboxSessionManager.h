@@ -30,7 +30,7 @@ private:
         QVDropboxSession::Handler handler;
     };
 
-    void finish(quint64 number, const Result<QString> &address);
+    void finish(quint64 number, const Expected<QString> &address);
 
     const DropboxAuthorization::Limits m_limits;
     quint64 m_lastNumber = 0;

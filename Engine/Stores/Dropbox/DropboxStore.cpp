@@ -89,20 +89,19 @@ QString DropboxStore::place(const QString &name) const {
     return URL().absoluteString() + pathOf(name);
 }
 
-std::optional<Error> DropboxStore::open(const EngineFuture &future) {
-    const Result<QStringList> names = listFolder({}, future);
-    const Error *error = errorOf(names);
-    return error ? std::optional(*error) : std::nullopt;
+Expected<void> DropboxStore::open(const EngineFuture &future) {
+    const Expected<QStringList> names = listFolder({}, future);
+    return names ? Expected<void>() : failure(names.error());
 }
 
-Result<QStringList> DropboxStore::listFolder(const QString &folder, const EngineFuture &future) {
-    Result<Response> answer = firstPage(folder, future);
+Expected<QStringList> DropboxStore::listFolder(const QString &folder, const EngineFuture &future) {
+    Expected<Response> answer = firstPage(folder, future);
     QStringList names;
     for (int pages = 0; pages < MostPages; ++pages) {
-        if (const Error *error = errorOf(answer)) {
-            return *error;
+        if (!answer) {
+            return failure(answer.error());
         }
-        const auto &response = std::get<Response>(answer);
+        const auto &response = *answer;
         if (failedPart(response) == QStringLiteral("reset")) {
             names.clear();
             answer = firstPage(folder, future);
@@ -112,7 +111,7 @@ Result<QStringList> DropboxStore::listFolder(const QString &folder, const Engine
             return QStringList();
         }
         if (response.status != DropboxOK) {
-            return failure(response, folder);
+            return failure(routeError(response, folder));
         }
         const std::optional<Page> page = pageFrom(response.body);
         if (!page) {
@@ -124,44 +123,46 @@ Result<QStringList> DropboxStore::listFolder(const QString &folder, const Engine
         }
         answer = nextPage(page->cursor, future);
     }
-    return DropboxError::notUnderstood(m_account.server());
+    return failure(DropboxError::notUnderstood(m_account.server()));
 }
 
-Result<HttpClient::Response> DropboxStore::firstPage(const QString &folder,
-                                                     const EngineFuture &future) {
+Expected<HttpClient::Response> DropboxStore::firstPage(const QString &folder,
+                                                       const EngineFuture &future) {
     return m_account.call(QStringLiteral("files/list_folder"),
                           {{QStringLiteral("path"), pathOf(folder)}}, PageLimit, future);
 }
 
-Result<HttpClient::Response> DropboxStore::nextPage(const QString &cursor,
-                                                    const EngineFuture &future) {
+Expected<HttpClient::Response> DropboxStore::nextPage(const QString &cursor,
+                                                      const EngineFuture &future) {
     return m_account.call(QStringLiteral("files/list_folder/continue"),
                           {{QStringLiteral("cursor"), cursor}}, PageLimit, future);
 }
 
-Result<QByteArray> DropboxStore::readBlob(const QString &name, qint64 limit,
-                                          const EngineFuture &future) {
-    const Result<Response> answer = m_account.callForContents(
+Expected<QByteArray> DropboxStore::readBlob(const QString &name, qint64 limit,
+                                            const EngineFuture &future) {
+    const Expected<Response> answer = m_account.callForContents(
         QStringLiteral("files/download"), {{QStringLiteral("path"), pathOf(name)}}, {},
         std::max(limit, AnswerLimit), future);
-    if (const Error *error = errorOf(answer)) {
-        const bool isTooLong = error->code == static_cast<int>(EngineErrorCode::BlobRefused);
-        return isTooLong ? tooLong(name) : *error;
+    if (!answer) {
+        const bool isTooLong = isEngineError(answer.error(), EngineErrorCode::BlobRefused);
+        return failure(isTooLong ? tooLong(name) : answer.error());
     }
-    const auto &response = std::get<Response>(answer);
+    const auto &response = *answer;
     if (!isDone(response, response.header("Dropbox-API-Result"))) {
-        return failure(response, name);
+        return failure(routeError(response, name));
     }
-    return response.body.size() <= limit ? Result<QByteArray>(response.body) : tooLong(name);
+    return response.body.size() <= limit ? Expected<QByteArray>(response.body)
+                                         : failure(tooLong(name));
 }
 
-Result<BlobStore::Written> DropboxStore::writeBlob(const QString &name, const QByteArray &contents,
-                                                   const EngineFuture &future) {
+Expected<BlobStore::Written> DropboxStore::writeBlob(const QString &name,
+                                                     const QByteArray &contents,
+                                                     const EngineFuture &future) {
     if (contents.size() > ContentsLimit) {
-        return engineError(EngineErrorCode::StoreFull, "“%1” is larger than the server accepts.",
-                           place(name));
+        return failure(engineError(EngineErrorCode::StoreFull,
+                                   "“%1” is larger than the server accepts.", place(name)));
     }
-    const Result<Response> answer =
+    const Expected<Response> answer =
         m_account.callForContents(QStringLiteral("files/upload"),
                                   {{QStringLiteral("path"), pathOf(name)},
                                    {QStringLiteral("mode"), QStringLiteral("add")},
@@ -170,41 +171,41 @@ Result<BlobStore::Written> DropboxStore::writeBlob(const QString &name, const QB
                                    // Nobody wants to be told of each.
                                    {QStringLiteral("mute"), true}},
                                   contents, AnswerLimit, future);
-    if (const Error *error = errorOf(answer)) {
-        return *error;
+    if (!answer) {
+        return failure(answer.error());
     }
-    const auto &response = std::get<Response>(answer);
+    const auto &response = *answer;
     if (failedPart(response).startsWith(QStringLiteral("path/conflict"))) {
         return Written::AlreadyThere;
     }
-    return isDone(response, response.body) ? Result<Written>(Written::New)
-                                           : failure(response, name);
+    return isDone(response, response.body) ? Expected<Written>(Written::New)
+                                           : failure(routeError(response, name));
 }
 
-std::optional<Error> DropboxStore::removeBlob(const QString &name, const EngineFuture &future) {
-    const Result<Response> answer =
+Expected<void> DropboxStore::removeBlob(const QString &name, const EngineFuture &future) {
+    const Expected<Response> answer =
         m_account.call(QStringLiteral("files/delete_v2"), {{QStringLiteral("path"), pathOf(name)}},
                        AnswerLimit, future);
-    if (const Error *error = errorOf(answer)) {
-        return *error;
+    if (!answer) {
+        return failure(answer.error());
     }
-    const auto &response = std::get<Response>(answer);
+    const auto &response = *answer;
     const bool isGone = isDone(response, response.body) || isNotFound(response);
-    return isGone ? std::nullopt : std::optional(failure(response, name));
+    return isGone ? Expected<void>() : failure(routeError(response, name));
 }
 
-Error DropboxStore::failure(const Response &response, const QString &name) const {
+Error DropboxStore::routeError(const Response &response, const QString &name) const {
     switch (response.status) {
         case DropboxOK:
             return DropboxError::notUnderstood(m_account.server());
         case RouteFailed:
-            return failureOfPath(response, name);
+            return pathError(response, name);
         default:
             return DropboxError::unexpected(response, m_account.server());
     }
 }
 
-Error DropboxStore::failureOfPath(const Response &response, const QString &name) const {
+Error DropboxStore::pathError(const Response &response, const QString &name) const {
     const QString reason = failedPart(response).section(u'/', 1);
     if (reason == QStringLiteral("not_found")) {
         return missing(name);

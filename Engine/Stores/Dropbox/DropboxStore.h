@@ -24,24 +24,24 @@ public:
     /// Bytes; Dropbox takes no longer blob in one piece.
     static constexpr qint64 ContentsLimit = 150 << 20;
 
-    std::optional<Error> open(const EngineFuture &future) override;
+    Expected<void> open(const EngineFuture &future) override;
     QString place(const QString &name) const override;
 
 protected:
-    Result<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
-    Result<QByteArray> readBlob(const QString &name, qint64 limit,
+    Expected<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
+    Expected<QByteArray> readBlob(const QString &name, qint64 limit,
+                                  const EngineFuture &future) override;
+    Expected<Written> writeBlob(const QString &name, const QByteArray &contents,
                                 const EngineFuture &future) override;
-    Result<Written> writeBlob(const QString &name, const QByteArray &contents,
-                              const EngineFuture &future) override;
-    std::optional<Error> removeBlob(const QString &name, const EngineFuture &future) override;
+    Expected<void> removeBlob(const QString &name, const EngineFuture &future) override;
 
 private:
     using Response = HttpClient::Response;
 
-    Result<Response> firstPage(const QString &folder, const EngineFuture &future);
-    Result<Response> nextPage(const QString &cursor, const EngineFuture &future);
-    Error failure(const Response &response, const QString &name) const;
-    Error failureOfPath(const Response &response, const QString &name) const;
+    Expected<Response> firstPage(const QString &folder, const EngineFuture &future);
+    Expected<Response> nextPage(const QString &cursor, const EngineFuture &future);
+    Error routeError(const Response &response, const QString &name) const;
+    Error pathError(const Response &response, const QString &name) const;
 
     const QString m_accountAddress;
     DropboxAccount m_account;

@@ -19,9 +19,9 @@ bool isGrantRefused(const HttpClient::Response &response) {
 
 }  // namespace
 
-Result<DropboxTokens> DropboxTokenEndpoint::exchange(const QString &code, const QString &verifier,
-                                                     const QString &redirectAddress,
-                                                     const EngineFuture &future) {
+Expected<DropboxTokens> DropboxTokenEndpoint::exchange(const QString &code, const QString &verifier,
+                                                       const QString &redirectAddress,
+                                                       const EngineFuture &future) {
     return ask({{"grant_type", QStringLiteral("authorization_code")},
                 {"code", code},
                 {"code_verifier", verifier},
@@ -32,37 +32,39 @@ Result<DropboxTokens> DropboxTokenEndpoint::exchange(const QString &code, const 
                future);
 }
 
-Result<DropboxTokens> DropboxTokenEndpoint::refresh(const DropboxTokens &tokens,
-                                                    const QString &account,
-                                                    const EngineFuture &future) {
-    Result<DropboxTokens> answer = ask({{"grant_type", QStringLiteral("refresh_token")},
-                                        {"refresh_token", QString::fromUtf8(tokens.refresh)},
-                                        {"client_id", m_configuration.applicationKey}},
-                                       DropboxError::signInAgain(account), future);
-    auto *fresh = std::get_if<DropboxTokens>(&answer);
-    if (fresh && fresh->refresh.isEmpty()) {
-        fresh->refresh = tokens.refresh;
+Expected<DropboxTokens> DropboxTokenEndpoint::refresh(const DropboxTokens &tokens,
+                                                      const QString &account,
+                                                      const EngineFuture &future) {
+    Expected<DropboxTokens> answer = ask({{"grant_type", QStringLiteral("refresh_token")},
+                                          {"refresh_token", QString::fromUtf8(tokens.refresh)},
+                                          {"client_id", m_configuration.applicationKey}},
+                                         DropboxError::signInAgain(account), future);
+    if (answer && answer->refresh.isEmpty()) {
+        answer->refresh = tokens.refresh;
     }
     return answer;
 }
 
-Result<DropboxTokens> DropboxTokenEndpoint::ask(const QList<FormEncoding::Field> &fields,
-                                                const Error &refusal, const EngineFuture &future) {
+Expected<DropboxTokens> DropboxTokenEndpoint::ask(const QList<FormEncoding::Field> &fields,
+                                                  const Error &refusal,
+                                                  const EngineFuture &future) {
     constexpr int OK = 200;
     const QUrl address = m_configuration.tokenAddress;
-    const Result<HttpClient::Response> answer =
+    const Expected<HttpClient::Response> answer =
         m_connection.send({.method = "POST",
                            .URL = address,
                            .headers = {{"Content-Type", "application/x-www-form-urlencoded"}},
                            .body = FormEncoding::encode(fields)},
                           future);
-    if (const Error *error = errorOf(answer)) {
-        return *error;
+    if (!answer) {
+        return failure(answer.error());
     }
-    const auto &response = std::get<HttpClient::Response>(answer);
+    const auto &response = *answer;
     if (response.status != OK) {
-        return isGrantRefused(response) ? refusal : DropboxError::unexpected(response, address);
+        return failure(isGrantRefused(response) ? refusal
+                                                : DropboxError::unexpected(response, address));
     }
     const std::optional<DropboxTokens> tokens = DropboxTokens::fromAnswer(response.body);
-    return tokens ? Result<DropboxTokens>(*tokens) : DropboxError::notUnderstood(address);
+    return tokens ? Expected<DropboxTokens>(*tokens)
+                  : failure(DropboxError::notUnderstood(address));
 }

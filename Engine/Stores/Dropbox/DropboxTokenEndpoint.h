@@ -15,15 +15,15 @@ public:
 
     /// The tokens for `code`, which the browser has brought to `redirectAddress` (RFC 6749, 4.1.3);
     /// `verifier` proves who had asked for it (RFC 7636, 4.5).
-    Result<DropboxTokens> exchange(const QString &code, const QString &verifier,
-                                   const QString &redirectAddress, const EngineFuture &future);
+    Expected<DropboxTokens> exchange(const QString &code, const QString &verifier,
+                                     const QString &redirectAddress, const EngineFuture &future);
     /// Fresh tokens of `account` for those of old (RFC 6749, 6).
-    Result<DropboxTokens> refresh(const DropboxTokens &tokens, const QString &account,
-                                  const EngineFuture &future);
+    Expected<DropboxTokens> refresh(const DropboxTokens &tokens, const QString &account,
+                                    const EngineFuture &future);
 
 private:
-    Result<DropboxTokens> ask(const QList<FormEncoding::Field> &fields, const Error &refusal,
-                              const EngineFuture &future);
+    Expected<DropboxTokens> ask(const QList<FormEncoding::Field> &fields, const Error &refusal,
+                                const EngineFuture &future);
 
     const DropboxConfiguration &m_configuration;
     DropboxConnection &m_connection;

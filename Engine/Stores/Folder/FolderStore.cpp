@@ -24,7 +24,7 @@ QString lastPart(const QString &name) {
 }
 
 bool isMissing(const Error &error) {
-    return error.code == static_cast<int>(EngineErrorCode::BlobMissing);
+    return isEngineError(error, EngineErrorCode::BlobMissing);
 }
 
 /// 0, or the number of the error.
@@ -82,49 +82,49 @@ std::optional<Error> FolderStore::unreachable() const {
     return {};
 }
 
-std::optional<Error> FolderStore::open(const EngineFuture & /*future*/) {
-    if (std::optional<Error> error = unreachable()) {
-        return error;
+Expected<void> FolderStore::open(const EngineFuture & /*future*/) {
+    if (const std::optional<Error> error = unreachable()) {
+        return failure(*error);
     }
-    const Result<FileDescriptor> opened = package();
-    if (const Error *error = errorOf(opened)) {
-        return *error;
+    const Expected<FileDescriptor> opened = package();
+    if (!opened) {
+        return failure(opened.error());
     }
     const QString path = URL().path();
     const bool isPackage = QFileInfo(path).suffix() == QStringLiteral("qvSyncStore") &&
                            QFileInfo(place(QStringLiteral("databases"))).isDir() &&
                            QFileInfo(place(QStringLiteral("transactions"))).isDir();
     if (!isPackage) {
-        return engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.", path);
+        return failure(
+            engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.", path));
     }
     for (const char *name : {"databases", "transactions"}) {
-        const Result<FileDescriptor> inner = folder(QString::fromLatin1(name), Folders::Existing);
-        if (const Error *error = errorOf(inner)) {
-            return *error;
+        const Expected<FileDescriptor> inner = folder(QString::fromLatin1(name), Folders::Existing);
+        if (!inner) {
+            return failure(inner.error());
         }
     }
     return {};
 }
 
-Result<FileDescriptor> FolderStore::package() const {
+Expected<FileDescriptor> FolderStore::package() const {
     FileDescriptor package(::open(QFile::encodeName(URL().path()).constData(), FolderFlags));
     const int number = errno;
     if (package.isValid()) {
         return FolderGrants::permit(realPath(package.number()))
-                   ? Result<FileDescriptor>(std::move(package))
-                   : notGranted();
+                   ? Expected<FileDescriptor>(std::move(package))
+                   : failure(notGranted());
     }
-    const std::optional<Error> error = unreachable();
-    return error ? *error : failure(number, {});
+    return failure(unreachable().value_or(systemError(number, {})));
 }
 
-Result<FileDescriptor> FolderStore::folder(const QString &name, Folders folders) const {
-    Result<FileDescriptor> current = package();
+Expected<FileDescriptor> FolderStore::folder(const QString &name, Folders folders) const {
+    Expected<FileDescriptor> current = package();
     for (const QString &part : name.split(u'/', Qt::SkipEmptyParts)) {
-        if (errorOf(current)) {
+        if (!current) {
             break;
         }
-        const int parent = std::get<FileDescriptor>(current).number();
+        const int parent = current->number();
         const QByteArray partName = QFile::encodeName(part);
         const auto open = [&] {
             return FileDescriptor(openat(parent, partName.constData(), FolderFlags | O_NOFOLLOW));
@@ -136,22 +136,23 @@ Result<FileDescriptor> FolderStore::folder(const QString &name, Folders folders)
             child = open();
         }
         const int number = errno;
-        current =
-            child.isValid() ? Result<FileDescriptor>(std::move(child)) : failure(number, name);
+        current = child.isValid() ? Expected<FileDescriptor>(std::move(child))
+                                  : failure(systemError(number, name));
     }
     return current;
 }
 
-Result<FileDescriptor> FolderStore::folderOf(const QString &name, Folders folders) const {
+Expected<FileDescriptor> FolderStore::folderOf(const QString &name, Folders folders) const {
     return folder(name.section(u'/', 0, -2), folders);
 }
 
-Result<QStringList> FolderStore::listFolder(const QString &name, const EngineFuture &future) {
-    Result<FileDescriptor> opened = folder(name, Folders::Existing);
-    if (const Error *error = errorOf(opened)) {
-        return isMissing(*error) ? Result<QStringList>(QStringList()) : *error;
+Expected<QStringList> FolderStore::listFolder(const QString &name, const EngineFuture &future) {
+    Expected<FileDescriptor> opened = folder(name, Folders::Existing);
+    if (!opened) {
+        return isMissing(opened.error()) ? Expected<QStringList>(QStringList())
+                                         : failure(opened.error());
     }
-    DIR *const entries = fdopendir(std::get<FileDescriptor>(opened).take());
+    DIR *const entries = fdopendir(opened->take());
     QStringList names;
     errno = 0;
     while (const dirent *entry = readdir(entries)) {
@@ -167,48 +168,48 @@ Result<QStringList> FolderStore::listFolder(const QString &name, const EngineFut
     const int number = errno;
     closedir(entries);
     if (future.isCancelled()) {
-        return operationCancelled();
+        return failure(operationCancelled());
     }
-    return number == 0 ? Result<QStringList>(names) : failure(number, name);
+    return number == 0 ? Expected<QStringList>(names) : failure(systemError(number, name));
 }
 
-Result<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
-                                         const EngineFuture & /*future*/) {
-    const Result<FileDescriptor> folder = folderOf(name, Folders::Existing);
-    if (const Error *error = errorOf(folder)) {
-        return isMissing(*error) ? missing(name) : *error;
+Expected<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
+                                           const EngineFuture & /*future*/) {
+    const Expected<FileDescriptor> folder = folderOf(name, Folders::Existing);
+    if (!folder) {
+        return failure(isMissing(folder.error()) ? missing(name) : folder.error());
     }
     // What is no plain file might never end, or wait for ever already when it is opened.
-    FileDescriptor descriptor(openat(std::get<FileDescriptor>(folder).number(),
+    FileDescriptor descriptor(openat(folder->number(),
                                      QFile::encodeName(lastPart(name)).constData(),
                                      O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat status = {};
     if (!descriptor.isValid() || fstat(descriptor.number(), &status) != 0) {
-        return failure(errno, name);
+        return failure(systemError(errno, name));
     }
     if (!S_ISREG(status.st_mode)) {
-        return refused(name);
+        return failure(refused(name));
     }
     if (status.st_size > limit) {
-        return tooLong(name);
+        return failure(tooLong(name));
     }
     QFile file;
     file.open(descriptor.take(), QIODevice::ReadOnly | QIODevice::Unbuffered,
               QFileDevice::AutoCloseHandle);
     const QByteArray contents = file.read(limit + 1);
     if (file.error() != QFileDevice::NoError) {
-        return failure(EIO, name);
+        return failure(systemError(EIO, name));
     }
-    return contents.size() <= limit ? Result<QByteArray>(contents) : tooLong(name);
+    return contents.size() <= limit ? Expected<QByteArray>(contents) : failure(tooLong(name));
 }
 
-Result<BlobStore::Written> FolderStore::writeBlob(const QString &name, const QByteArray &contents,
-                                                  const EngineFuture & /*future*/) {
-    const Result<FileDescriptor> parent = folderOf(name, Folders::Made);
-    if (const Error *error = errorOf(parent)) {
-        return *error;
+Expected<BlobStore::Written> FolderStore::writeBlob(const QString &name, const QByteArray &contents,
+                                                    const EngineFuture & /*future*/) {
+    const Expected<FileDescriptor> parent = folderOf(name, Folders::Made);
+    if (!parent) {
+        return failure(parent.error());
     }
-    const int folder = std::get<FileDescriptor>(parent).number();
+    const int folder = parent->number();
     const QByteArray finalName = QFile::encodeName(lastPart(name));
     struct stat status = {};
     if (fstatat(folder, finalName.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0) {
@@ -218,7 +219,7 @@ Result<BlobStore::Written> FolderStore::writeBlob(const QString &name, const QBy
     const FileDescriptor file(openat(folder, temporaryName.constData(),
                                      O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
     if (!file.isValid()) {
-        return failure(errno, name);
+        return failure(systemError(errno, name));
     }
     int number = writeAll(file.number(), contents);
     if (number == 0) {
@@ -229,19 +230,19 @@ Result<BlobStore::Written> FolderStore::writeBlob(const QString &name, const QBy
         fsync(folder);
         return Written::New;
     }
-    return number == EEXIST ? Result<Written>(Written::AlreadyThere) : failure(number, name);
+    return number == EEXIST ? Expected<Written>(Written::AlreadyThere)
+                            : failure(systemError(number, name));
 }
 
-std::optional<Error> FolderStore::removeBlob(const QString &name, const EngineFuture & /*future*/) {
-    const Result<FileDescriptor> folder = folderOf(name, Folders::Existing);
-    std::optional<Error> error;
-    if (const Error *folderError = errorOf(folder)) {
-        error = *folderError;
-    } else if (unlinkat(std::get<FileDescriptor>(folder).number(),
-                        QFile::encodeName(lastPart(name)).constData(), 0) != 0) {
-        error = failure(errno, name);
+Expected<void> FolderStore::removeBlob(const QString &name, const EngineFuture & /*future*/) {
+    const Expected<FileDescriptor> folder = folderOf(name, Folders::Existing);
+    if (!folder) {
+        return isMissing(folder.error()) ? Expected<void>() : failure(folder.error());
     }
-    return error && isMissing(*error) ? std::nullopt : error;
+    const bool isGone =
+        unlinkat(folder->number(), QFile::encodeName(lastPart(name)).constData(), 0) == 0 ||
+        errno == ENOENT;
+    return isGone ? Expected<void>() : failure(systemError(errno, name));
 }
 
 Error FolderStore::notGranted() const {
@@ -250,7 +251,7 @@ Error FolderStore::notGranted() const {
                        URL().path());
 }
 
-Error FolderStore::failure(int number, const QString &name) const {
+Error FolderStore::systemError(int number, const QString &name) const {
     switch (number) {
         case ENOENT:
             return missing(name);

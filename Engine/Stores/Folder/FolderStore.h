@@ -13,25 +13,27 @@ class FolderStore : public BlobStore {
 public:
     using BlobStore::BlobStore;
 
-    std::optional<Error> open(const EngineFuture &future) override;
+    Expected<void> open(const EngineFuture &future) override;
     QString place(const QString &name) const override;
 
 protected:
-    Result<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
-    Result<QByteArray> readBlob(const QString &name, qint64 limit,
+    Expected<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
+    Expected<QByteArray> readBlob(const QString &name, qint64 limit,
+                                  const EngineFuture &future) override;
+    Expected<Written> writeBlob(const QString &name, const QByteArray &contents,
                                 const EngineFuture &future) override;
-    Result<Written> writeBlob(const QString &name, const QByteArray &contents,
-                              const EngineFuture &future) override;
-    std::optional<Error> removeBlob(const QString &name, const EngineFuture &future) override;
+    Expected<void> removeBlob(const QString &name, const EngineFuture &future) override;
 
 private:
     enum class Folders { Existing, Made };
 
+    /// Why the package cannot be there; empty if nothing is known against it.
     std::optional<Error> unreachable() const;
-    Result<FileDescriptor> package() const;
+    Expected<FileDescriptor> package() const;
     /// The folder at `name` in the package, the package itself where that is empty.
-    Result<FileDescriptor> folder(const QString &name, Folders folders) const;
-    Result<FileDescriptor> folderOf(const QString &name, Folders folders) const;
+    Expected<FileDescriptor> folder(const QString &name, Folders folders) const;
+    Expected<FileDescriptor> folderOf(const QString &name, Folders folders) const;
     Error notGranted() const;
-    Error failure(int number, const QString &name) const;
+    /// The error of a system call on the blob `name` that failed with `number`.
+    Error systemError(int number, const QString &name) const;
 };

@@ -56,34 +56,34 @@ HttpClient::~HttpClient() {
     m_thread.wait();
 }
 
-Result<HttpClient::Response> HttpClient::send(const Request &request, const EngineFuture &future) {
+Expected<HttpClient::Response> HttpClient::send(const Request &request,
+                                                const EngineFuture &future) {
     Request current = request;
     current.URL.setUserInfo({});
     for (int hop = 0; hop <= MostRedirections; ++hop) {
-        Result<Response> result = exchange(current, future);
-        const auto *response = std::get_if<Response>(&result);
+        Expected<Response> response = exchange(current, future);
         const QByteArray location = response ? response->header("Location") : QByteArray();
         if (!response || !isRedirection(response->status) || location.isEmpty()) {
-            return result;
+            return response;
         }
         const QUrl target = current.URL.resolved(QUrl::fromEncoded(location));
         if (!areOfOneServer(current.URL, target)) {
-            return redirectionRefused(current.URL, target);
+            return failure(redirectionRefused(current.URL, target));
         }
         current.URL = target.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveFragment);
     }
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       "The server “%1” points from one address to the next without end.",
-                       current.URL.authority());
+    return failure(engineError(EngineErrorCode::StoreUnreachable,
+                               "The server “%1” points from one address to the next without end.",
+                               current.URL.authority()));
 }
 
-Result<HttpClient::Response> HttpClient::exchange(const Request &request,
-                                                  const EngineFuture &future) {
+Expected<HttpClient::Response> HttpClient::exchange(const Request &request,
+                                                    const EngineFuture &future) {
     if (future.isCancelled()) {
-        return operationCancelled();
+        return failure(operationCancelled());
     }
     auto *const exchange = new HttpExchange(*m_manager, m_options, request);
-    std::future<Result<Response>> result = exchange->result();
+    std::future<Expected<Response>> result = exchange->result();
     exchange->moveToThread(&m_thread);
     QMetaObject::invokeMethod(exchange, &HttpExchange::start, Qt::QueuedConnection);
     bool isAborted = false;

@@ -10,7 +10,7 @@
 #include <optional>
 
 #include "Engine/Foundation/EngineFuture.h"
-#include "Platform/Foundation/Result.h"
+#include "Platform/Foundation/Expected.h"
 #include "Platform/Security/UrlCredential.h"
 
 class QNetworkAccessManager;
@@ -74,10 +74,10 @@ public:
     /// with the same method and body, but never to another scheme, host or port. Errors of the code
     /// StoreUnreachable say what is wrong with the server or the way to it, CertificateUntrusted
     /// why its certificate is not trusted, BlobRefused that the answer is longer than the limit.
-    Result<Response> send(const Request &request, const EngineFuture &future);
+    Expected<Response> send(const Request &request, const EngineFuture &future);
 
 private:
-    Result<Response> exchange(const Request &request, const EngineFuture &future);
+    Expected<Response> exchange(const Request &request, const EngineFuture &future);
 
     const Options m_options;
     QThread m_thread;

@@ -160,7 +160,7 @@ void HttpExchange::finish() {
     if (!m_error) {
         takeBody();
     }
-    const Result<HttpClient::Response> result = answer();
+    const Expected<HttpClient::Response> result = answer();
     m_patience.stop();
     m_end.stop();
     m_reply->disconnect(this);
@@ -168,18 +168,18 @@ void HttpExchange::finish() {
     m_result.set_value(result);
 }
 
-Result<HttpClient::Response> HttpExchange::answer() const {
+Expected<HttpClient::Response> HttpExchange::answer() const {
     if (m_error) {
-        return *m_error;
+        return failure(*m_error);
     }
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     const bool isCutShort = m_reply->hasRawHeader("Content-Length") &&
                             m_reply->rawHeader("Content-Length").toLongLong() != m_body.size();
     if (status == 0 || isOfTheWay(m_reply->error())) {
-        return transportError();
+        return failure(transportError());
     }
     if (isCutShort) {
-        return closedEarly();
+        return failure(closedEarly());
     }
     HttpClient::Response response{status, {}, m_body};
     for (const auto &[name, value] : m_reply->rawHeaderPairs()) {

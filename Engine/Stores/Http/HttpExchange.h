@@ -23,7 +23,7 @@ public:
     /// Ends it soon with `error`, where it has not ended yet; on the network's thread.
     void abort(const Error &error);
 
-    std::future<Result<HttpClient::Response>> result() { return m_result.get_future(); }
+    std::future<Expected<HttpClient::Response>> result() { return m_result.get_future(); }
 
 private:
     void watch();
@@ -32,7 +32,7 @@ private:
     void takeBody();
     void showLife();
     void finish();
-    Result<HttpClient::Response> answer() const;
+    Expected<HttpClient::Response> answer() const;
     Error closedEarly() const;
     Error transportError() const;
     QString server() const;
@@ -46,5 +46,5 @@ private:
     bool m_hasAnsweredChallenge = false;
     QByteArray m_body;
     std::optional<Error> m_error;
-    std::promise<Result<HttpClient::Response>> m_result;
+    std::promise<Expected<HttpClient::Response>> m_result;
 };

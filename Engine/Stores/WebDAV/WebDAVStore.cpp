@@ -110,53 +110,53 @@ QUrl WebDAVStore::folderURL(const QString &name) const {
     return result;
 }
 
-std::optional<Error> WebDAVStore::open(const EngineFuture &future) {
+Expected<void> WebDAVStore::open(const EngineFuture &future) {
     if (!m_package.isValid() || !m_package.path().endsWith(QStringLiteral(".qvSyncStore"))) {
-        return engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.",
-                           URL().stringWithoutPassword());
+        return failure(engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.",
+                                   URL().stringWithoutPassword()));
     }
-    const Result<QStringList> names = namesInPackage(future);
-    if (const Error *error = errorOf(names)) {
-        return *error;
+    const Expected<QStringList> names = namesInPackage(future);
+    if (!names) {
+        return failure(names.error());
     }
     const QStringList needed = {QStringLiteral("databases"), QStringLiteral("transactions")};
-    const auto &present = std::get<QStringList>(names);
+    const auto &present = *names;
     if (!present.isEmpty() && !present.contains(needed.first()) &&
         !present.contains(needed.last())) {
-        return engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.",
-                           place({}));
+        return failure(
+            engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.", place({})));
     }
     for (const QString &folder : needed) {
-        std::optional<Error> error =
-            present.contains(folder) ? std::nullopt : makeFolder(folder, future);
-        if (error) {
-            return error;
+        Expected<void> made;
+        if (!present.contains(folder)) {
+            made = makeFolder(folder, future);
+        }
+        if (!made) {
+            return made;
         }
     }
     return {};
 }
 
-Result<QStringList> WebDAVStore::namesInPackage(const EngineFuture &future) {
-    const Result<Response> answer = propertiesOfAll({}, future);
-    const auto *response = std::get_if<Response>(&answer);
-    if (response && response->status == NotFound) {
-        const std::optional<Error> error = makeFolder({}, future);
-        return error ? Result<QStringList>(*error) : QStringList();
+Expected<QStringList> WebDAVStore::namesInPackage(const EngineFuture &future) {
+    const Expected<Response> answer = propertiesOfAll({}, future);
+    if (answer && answer->status == NotFound) {
+        const Expected<void> made = makeFolder({}, future);
+        return made ? Expected<QStringList>(QStringList()) : failure(made.error());
     }
     return names({}, answer);
 }
 
-Result<QStringList> WebDAVStore::listFolder(const QString &folder, const EngineFuture &future) {
-    const Result<Response> answer = propertiesOfAll(folder, future);
-    const auto *response = std::get_if<Response>(&answer);
-    if (response && response->status == NotFound) {
+Expected<QStringList> WebDAVStore::listFolder(const QString &folder, const EngineFuture &future) {
+    const Expected<Response> answer = propertiesOfAll(folder, future);
+    if (answer && answer->status == NotFound) {
         return QStringList();
     }
     return names(folder, answer);
 }
 
-Result<HttpClient::Response> WebDAVStore::propertiesOfAll(const QString &folder,
-                                                          const EngineFuture &future) {
+Expected<HttpClient::Response> WebDAVStore::propertiesOfAll(const QString &folder,
+                                                            const EngineFuture &future) {
     return m_client.send({.method = "PROPFIND",
                           .URL = folderURL(folder),
                           .headers = {{"Depth", "1"}, {"Content-Type", "application/xml"}},
@@ -166,14 +166,14 @@ Result<HttpClient::Response> WebDAVStore::propertiesOfAll(const QString &folder,
                          future);
 }
 
-Result<QStringList> WebDAVStore::names(const QString &folder,
-                                       const Result<Response> &answer) const {
-    if (const Error *error = errorOf(answer)) {
-        return *error;
+Expected<QStringList> WebDAVStore::names(const QString &folder,
+                                         const Expected<Response> &answer) const {
+    if (!answer) {
+        return failure(answer.error());
     }
-    const auto &response = std::get<Response>(answer);
+    const auto &response = *answer;
     if (response.status != MultiStatus) {
-        return failure(response, folder);
+        return failure(httpError(response, folder));
     }
     const auto listing = WebDAVMultiStatus::parse(response.body);
     const QUrl folderItself = folderURL(folder);
@@ -184,52 +184,51 @@ Result<QStringList> WebDAVStore::names(const QString &folder,
         const QStringList parts =
             decodedParts(folderItself.resolved(QUrl::fromEncoded(resource.href.toUtf8())));
         if (parts == above && !resource.isFolder) {
-            return refused(folder);
+            return failure(refused(folder));
         }
         const bool isBelow =
             parts.size() <= above.size() + 1 && parts.mid(0, above.size()) == above;
         if (!isBelow) {
-            return notUnderstood();
+            return failure(notUnderstood());
         }
         names.append(parts.mid(above.size()));
     }
-    return listing ? Result<QStringList>(names) : notUnderstood();
+    return listing ? Expected<QStringList>(names) : failure(notUnderstood());
 }
 
-Result<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
-                                         const EngineFuture &future) {
-    const Result<Response> answer =
+Expected<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
+                                           const EngineFuture &future) {
+    const Expected<Response> answer =
         m_client.send({.method = "GET", .URL = blobURL(name), .limit = limit}, future);
-    if (const Error *error = errorOf(answer)) {
-        const bool isTooLong = error->code == static_cast<int>(EngineErrorCode::BlobRefused);
-        return isTooLong ? tooLong(name) : *error;
+    if (!answer) {
+        const bool isTooLong = isEngineError(answer.error(), EngineErrorCode::BlobRefused);
+        return failure(isTooLong ? tooLong(name) : answer.error());
     }
-    const auto &response = std::get<Response>(answer);
+    const auto &response = *answer;
     if (response.status == NotFound) {
-        return missing(name);
+        return failure(missing(name));
     }
     if (response.status != OK) {
-        return failure(response, name);
+        return failure(httpError(response, name));
     }
     // Else nobody knows whether it is whole.
-    return response.header("Content-Length").isEmpty() ? Result<QByteArray>(notUnderstood())
-                                                       : response.body;
+    return response.header("Content-Length").isEmpty() ? failure(notUnderstood())
+                                                       : Expected<QByteArray>(response.body);
 }
 
-Result<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QByteArray &contents,
-                                                  const EngineFuture &future) {
-    Result<Response> answer = put(name, contents, future);
-    const auto *first = std::get_if<Response>(&answer);
-    if (first && (first->status == Conflict || first->status == NotFound)) {
-        if (const std::optional<Error> error = makeFoldersAbove(name, future)) {
-            return *error;
+Expected<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QByteArray &contents,
+                                                    const EngineFuture &future) {
+    Expected<Response> answer = put(name, contents, future);
+    if (answer && (answer->status == Conflict || answer->status == NotFound)) {
+        if (const Expected<void> made = makeFoldersAbove(name, future); !made) {
+            return failure(made.error());
         }
         answer = put(name, contents, future);
     }
-    if (const Error *error = errorOf(answer)) {
-        return *error;
+    if (!answer) {
+        return failure(answer.error());
     }
-    const auto &response = std::get<Response>(answer);
+    const auto &response = *answer;
     switch (response.status) {
         case OK:
         case Created:
@@ -238,24 +237,24 @@ Result<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QBy
         case PreconditionFailed:
             return Written::AlreadyThere;
         default:
-            return failure(response, name);
+            return failure(httpError(response, name));
     }
 }
 
-std::optional<Error> WebDAVStore::removeBlob(const QString &name, const EngineFuture &future) {
-    const Result<Response> answer =
+Expected<void> WebDAVStore::removeBlob(const QString &name, const EngineFuture &future) {
+    const Expected<Response> answer =
         m_client.send({.method = "DELETE", .URL = blobURL(name)}, future);
-    if (const Error *error = errorOf(answer)) {
-        return *error;
+    if (!answer) {
+        return failure(answer.error());
     }
-    const auto &response = std::get<Response>(answer);
+    const auto &response = *answer;
     const bool isGone =
         response.status == OK || response.status == NoContent || response.status == NotFound;
-    return isGone ? std::nullopt : std::optional(failure(response, name));
+    return isGone ? Expected<void>() : failure(httpError(response, name));
 }
 
-Result<HttpClient::Response> WebDAVStore::put(const QString &name, const QByteArray &contents,
-                                              const EngineFuture &future) {
+Expected<HttpClient::Response> WebDAVStore::put(const QString &name, const QByteArray &contents,
+                                                const EngineFuture &future) {
     return m_client.send(
         {.method = "PUT",
          .URL = blobURL(name),
@@ -264,23 +263,21 @@ Result<HttpClient::Response> WebDAVStore::put(const QString &name, const QByteAr
         future);
 }
 
-std::optional<Error> WebDAVStore::makeFoldersAbove(const QString &name,
-                                                   const EngineFuture &future) {
-    std::optional<Error> error;
-    for (qsizetype end = name.indexOf(u'/'); end >= 0 && !error;
-         end = name.indexOf(u'/', end + 1)) {
-        error = makeFolder(name.first(end), future);
+Expected<void> WebDAVStore::makeFoldersAbove(const QString &name, const EngineFuture &future) {
+    Expected<void> made;
+    for (qsizetype end = name.indexOf(u'/'); end >= 0 && made; end = name.indexOf(u'/', end + 1)) {
+        made = makeFolder(name.first(end), future);
     }
-    return error;
+    return made;
 }
 
-std::optional<Error> WebDAVStore::makeFolder(const QString &name, const EngineFuture &future) {
+Expected<void> WebDAVStore::makeFolder(const QString &name, const EngineFuture &future) {
     const QUrl folder = folderURL(name);
-    const Result<Response> answer = m_client.send({.method = "MKCOL", .URL = folder}, future);
-    if (const Error *error = errorOf(answer)) {
-        return *error;
+    const Expected<Response> answer = m_client.send({.method = "MKCOL", .URL = folder}, future);
+    if (!answer) {
+        return failure(answer.error());
     }
-    const auto &response = std::get<Response>(answer);
+    const auto &response = *answer;
     switch (response.status) {
         case Created:
         // It is there already.
@@ -288,13 +285,13 @@ std::optional<Error> WebDAVStore::makeFolder(const QString &name, const EngineFu
             return {};
         case NotFound:
         case Conflict:
-            return folderMissing(folder.resolved(QUrl(QStringLiteral(".."))));
+            return failure(folderMissing(folder.resolved(QUrl(QStringLiteral("..")))));
         default:
-            return failure(response, name);
+            return failure(httpError(response, name));
     }
 }
 
-Error WebDAVStore::failure(const Response &response, const QString &name) const {
+Error WebDAVStore::httpError(const Response &response, const QString &name) const {
     const QString server = m_package.authority();
     switch (response.status) {
         case Unauthorized:

@@ -22,16 +22,16 @@ public:
     /// Bytes of the answer that lists a folder; enough for some hundred thousand blobs.
     static constexpr qint64 ListingLimit = 64 << 20;
 
-    std::optional<Error> open(const EngineFuture &future) override;
+    Expected<void> open(const EngineFuture &future) override;
     QString place(const QString &name) const override;
 
 protected:
-    Result<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
-    Result<QByteArray> readBlob(const QString &name, qint64 limit,
+    Expected<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;
+    Expected<QByteArray> readBlob(const QString &name, qint64 limit,
+                                  const EngineFuture &future) override;
+    Expected<Written> writeBlob(const QString &name, const QByteArray &contents,
                                 const EngineFuture &future) override;
-    Result<Written> writeBlob(const QString &name, const QByteArray &contents,
-                              const EngineFuture &future) override;
-    std::optional<Error> removeBlob(const QString &name, const EngineFuture &future) override;
+    Expected<void> removeBlob(const QString &name, const EngineFuture &future) override;
 
 private:
     using Response = HttpClient::Response;
@@ -41,14 +41,15 @@ private:
     std::optional<UrlCredential> credential();
     QUrl blobURL(const QString &name) const;
     QUrl folderURL(const QString &name) const;
-    Result<QStringList> namesInPackage(const EngineFuture &future);
-    Result<Response> propertiesOfAll(const QString &folder, const EngineFuture &future);
-    Result<QStringList> names(const QString &folder, const Result<Response> &answer) const;
-    Result<Response> put(const QString &name, const QByteArray &contents,
-                         const EngineFuture &future);
-    std::optional<Error> makeFoldersAbove(const QString &name, const EngineFuture &future);
-    std::optional<Error> makeFolder(const QString &name, const EngineFuture &future);
-    Error failure(const Response &response, const QString &name) const;
+    Expected<QStringList> namesInPackage(const EngineFuture &future);
+    Expected<Response> propertiesOfAll(const QString &folder, const EngineFuture &future);
+    Expected<QStringList> names(const QString &folder, const Expected<Response> &answer) const;
+    Expected<Response> put(const QString &name, const QByteArray &contents,
+                           const EngineFuture &future);
+    Expected<void> makeFoldersAbove(const QString &name, const EngineFuture &future);
+    Expected<void> makeFolder(const QString &name, const EngineFuture &future);
+    /// The error of a request for `name` that `response` answers.
+    Error httpError(const Response &response, const QString &name) const;
     Error unexpected(const Response &response) const;
     Error credentialRefused() const;
     Error folderMissing(const QUrl &URL) const;

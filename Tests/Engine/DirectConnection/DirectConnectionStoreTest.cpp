@@ -9,6 +9,7 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
+#include "Support/Failure.h"
 #include "Support/FreePort.h"
 #include "Support/Patience.h"
 #include "Support/TestHost.h"
@@ -31,10 +32,6 @@ bool isNothing(const Question & /*question*/) {
 /// The six digits in a question.
 QString codeIn(const Question &question) {
     return QRegularExpression(QStringLiteral("\\d{3}.\\d{3}")).match(question.details).captured();
-}
-
-EngineErrorCode codeOf(const std::optional<Error> &error) {
-    return static_cast<EngineErrorCode>(error ? error->code : 0);
 }
 
 }  // namespace
@@ -74,13 +71,13 @@ class DirectConnectionStoreTest : public QObject {
         return *answer;
     }
 
-    static std::optional<Error> open(const std::shared_ptr<BlobStore> &store) {
+    static Expected<void> open(const std::shared_ptr<BlobStore> &store) {
         return await([&] { return store->open(EngineFuture()); });
     }
 
     void pair() {
         m_person->answerAll(isAnything);
-        QCOMPARE(open(newStore()), std::nullopt);
+        QCOMPARE(description(open(newStore())), QString());
         m_person->think();
     }
 
@@ -114,7 +111,7 @@ private Q_SLOTS:
 
     void theFirstOpeningPairsAndBothPersonsSeeTheSameCode() {
         m_person->answerAll(isAnything);
-        QCOMPARE(open(newStore()), std::nullopt);
+        QCOMPARE(description(open(newStore())), QString());
         QCOMPARE(m_person->asked().size(), 2);
         const QString code = codeIn(m_person->asked().first());
         QVERIFY(!code.isEmpty());
@@ -125,7 +122,7 @@ private Q_SLOTS:
         QVERIFY(clients.first().endsWith(QStringLiteral(" at ") + QSysInfo::machineHostName()));
         QVERIFY(m_person->asked().first().text.contains(clients.first()) ||
                 m_person->asked().last().text.contains(clients.first()));
-        QCOMPARE(open(newStore()), std::nullopt);
+        QCOMPARE(description(open(newStore())), QString());
         QCOMPARE(m_person->asked().size(), 2);
     }
 
@@ -142,29 +139,29 @@ private Q_SLOTS:
         UserDefaults::remove(QStringLiteral("QVDirectConnectionServerEnabled"));
         m_location = m_host->locations().syncLocations().first();
         setNSApp(m_person.get());
-        QCOMPARE(open(newStore()), std::nullopt);
+        QCOMPARE(description(open(newStore())), QString());
         QCOMPARE(m_person->asked().size(), 2);
 
         m_location = m_host->addLocation(address());
         m_person->answerAll(isNothing);
-        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::AccessDenied);
+        QCOMPARE(code(open(newStore())), EngineErrorCode::AccessDenied);
         QCOMPARE(m_person->asked().size(), 4);
     }
 
     void thePersonAtTheServerMayRefuse() {
         m_person->answerAll([](const Question &question) { return !isServersQuestion(question); });
-        const std::optional<Error> error = open(newStore());
-        QCOMPARE(codeOf(error), EngineErrorCode::AccessDenied);
-        QVERIFY(error->localizedDescription.contains(QStringLiteral("127.0.0.1")));
-        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::AccessDenied);
+        const Expected<void> opened = open(newStore());
+        QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
+        QVERIFY(description(opened).contains(QStringLiteral("127.0.0.1")));
+        QCOMPARE(code(open(newStore())), EngineErrorCode::AccessDenied);
     }
 
     void thePersonAtTheClientMayRefuseAndNothingIsPinned() {
         m_person->answerAll(isServersQuestion);
-        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::Cancelled);
+        QCOMPARE(code(open(newStore())), EngineErrorCode::Cancelled);
         QCOMPARE(m_person->asked().size(), 2);
         m_person->answerAll(isAnything);
-        QCOMPARE(open(newStore()), std::nullopt);
+        QCOMPARE(description(open(newStore())), QString());
         QCOMPARE(m_person->asked().size(), 4);
     }
 
@@ -181,7 +178,7 @@ private Q_SLOTS:
         QVERIFY(!isDone);
         future->cancel();
         QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
-        QCOMPARE(codeOf(result), EngineErrorCode::Cancelled);
+        QCOMPARE(code(result), EngineErrorCode::Cancelled);
     }
 
     void quittingDoesNotWaitForThePersons() {
@@ -202,9 +199,9 @@ private Q_SLOTS:
         server().startServing();
         m_person->answerAll(isAnything);
         const qsizetype asked = m_person->asked().size();
-        const std::optional<Error> error = open(newStore());
-        QCOMPARE(codeOf(error), EngineErrorCode::CertificateUntrusted);
-        QVERIFY(error->localizedDescription.contains(QStringLiteral("127.0.0.1")));
+        const Expected<void> opened = open(newStore());
+        QCOMPARE(code(opened), EngineErrorCode::CertificateUntrusted);
+        QVERIFY(description(opened).contains(QStringLiteral("127.0.0.1")));
         QCOMPARE(m_person->asked().size(), asked);
     }
 
@@ -213,27 +210,25 @@ private Q_SLOTS:
         const QString service = QStringLiteral("Velmora Direct Connection Servers");
         forget(service);
         m_person->answerAll(isAnything);
-        QCOMPARE(open(newStore()), std::nullopt);
+        QCOMPARE(description(open(newStore())), QString());
         QCOMPARE(m_person->asked().size(), 4);
         forget(service);
         server().stopServing();
         QVERIFY(QFile::remove(m_host->directory() + QStringLiteral("/Direct Connection.pem")));
         server().startServing();
-        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::CertificateUntrusted);
+        QCOMPARE(code(open(newStore())), EngineErrorCode::CertificateUntrusted);
     }
 
     void aRevokedClientIsRefusedAlsoOnAnOpenConnection() {
         pair();
         const std::shared_ptr<BlobStore> store = newStore();
-        QCOMPARE(open(store), std::nullopt);
+        QCOMPARE(description(open(store)), QString());
         revoke();
         const auto list = [&] { return store->list(QStringLiteral("databases"), EngineFuture()); };
         for (int i = 0; i < 2; ++i) {
-            const Result<QStringList> names = await(list);
-            QVERIFY(errorOf(names));
-            QCOMPARE(codeOf(*errorOf(names)), EngineErrorCode::AccessDenied);
+            QCOMPARE(code(await(list)), EngineErrorCode::AccessDenied);
         }
-        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::AccessDenied);
+        QCOMPARE(code(open(newStore())), EngineErrorCode::AccessDenied);
         // Nobody is asked again.
         QCOMPARE(m_person->asked().size(), 2);
     }
@@ -279,19 +274,19 @@ private Q_SLOTS:
         const EngineFuture future;
         // Unopened, from one thread after another.
         const auto write = [&] { return store->writeIfAbsent(name, contents, future); };
-        QCOMPARE(std::get<BlobStore::Written>(await(write)), BlobStore::Written::New);
-        QCOMPARE(std::get<BlobStore::Written>(await(write)), BlobStore::Written::AlreadyThere);
+        QCOMPARE(await(write).value(), BlobStore::Written::New);
+        QCOMPARE(await(write).value(), BlobStore::Written::AlreadyThere);
         const auto list = [&] { return store->list(folder, future); };
-        QCOMPARE(std::get<QStringList>(await(list)), QStringList(QStringLiteral("0001")));
+        QCOMPARE(await(list).value(), QStringList(QStringLiteral("0001")));
         const auto read = [&] { return store->read(name, contents.size(), future); };
-        QCOMPARE(std::get<QByteArray>(await(read)), contents);
+        QCOMPARE(await(read).value(), contents);
         const auto readLess = [&] { return store->read(name, contents.size() - 1, future); };
-        QCOMPARE(codeOf(*errorOf(await(readLess))), EngineErrorCode::BlobRefused);
+        QCOMPARE(code(await(readLess)), EngineErrorCode::BlobRefused);
         const auto remove = [&] { return store->remove(name, future); };
-        QCOMPARE(await(remove), std::nullopt);
-        QCOMPARE(await(remove), std::nullopt);
-        QCOMPARE(codeOf(*errorOf(await(read))), EngineErrorCode::BlobMissing);
-        QCOMPARE(std::get<QStringList>(await(list)), QStringList());
+        QCOMPARE(description(await(remove)), QString());
+        QCOMPARE(description(await(remove)), QString());
+        QCOMPARE(code(await(read)), EngineErrorCode::BlobMissing);
+        QCOMPARE(await(list).value(), QStringList());
     }
 
     void severalThreadsMayUseOneStore() {
@@ -302,7 +297,7 @@ private Q_SLOTS:
         const auto writeTwenty = [&](int writer) {
             for (int i = 0; i < 20; ++i) {
                 const QString name = QStringLiteral("transactions/@inbox/%1-%2").arg(writer).arg(i);
-                written += errorOf(store->writeIfAbsent(name, "x", future)) ? 0 : 1;
+                written += store->writeIfAbsent(name, "x", future) ? 1 : 0;
             }
         };
         std::vector<std::unique_ptr<QThread>> threads;
@@ -320,20 +315,20 @@ private Q_SLOTS:
     void anIdleConnectionThatTheServerHasEndedIsMadeAgain() {
         pair();
         const std::shared_ptr<BlobStore> store = newStore();
-        QCOMPARE(open(store), std::nullopt);
+        QCOMPARE(description(open(store)), QString());
         server().stopServing();
         server().startServing();
         const auto list = [&] { return store->list(QStringLiteral("databases"), EngineFuture()); };
-        QCOMPARE(std::get<QStringList>(await(list)), QStringList(QStringLiteral("@inbox.json")));
+        QCOMPARE(await(list).value(), QStringList(QStringLiteral("@inbox.json")));
     }
 
     void aServerThatIsNotThereIsUnreachable() {
         server().stopServing();
-        const std::optional<Error> error = open(newStore());
-        QCOMPARE(codeOf(error), EngineErrorCode::StoreUnreachable);
-        QVERIFY(error->localizedDescription.contains(QStringLiteral("127.0.0.1")));
+        const Expected<void> opened = open(newStore());
+        QCOMPARE(code(opened), EngineErrorCode::StoreUnreachable);
+        QVERIFY(description(opened).contains(QStringLiteral("127.0.0.1")));
         m_location->setURL(Url::fromString(QStringLiteral("velmora://no-such-host.invalid:1")));
-        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::StoreUnreachable);
+        QCOMPARE(code(open(newStore())), EngineErrorCode::StoreUnreachable);
     }
 
     void aServerThatSpeaksSomethingElseIsUnreachable() {
@@ -345,7 +340,7 @@ private Q_SLOTS:
             socket->write("HTTP/1.1 400 Bad Request\r\n\r\n");
             socket->disconnectFromHost();
         });
-        QCOMPARE(codeOf(open(newStore())), EngineErrorCode::StoreUnreachable);
+        QCOMPARE(code(open(newStore())), EngineErrorCode::StoreUnreachable);
     }
 
     void cancellingEndsWaitingForAServerThatDoesNotAnswer() {
@@ -362,7 +357,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(silent.hasPendingConnections(), Patience);
         future->cancel();
         QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
-        QCOMPARE(codeOf(result), EngineErrorCode::Cancelled);
+        QCOMPARE(code(result), EngineErrorCode::Cancelled);
     }
 };
 

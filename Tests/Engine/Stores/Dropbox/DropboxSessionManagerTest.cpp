@@ -11,6 +11,7 @@
 #include "Platform/Security/SecretStore.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
+#include "Support/Failure.h"
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -458,19 +459,17 @@ private Q_SLOTS:
               DropboxConfiguration::ContentAddressDefault}) {
             m_server->configure();
             UserDefaults::setValue(key, address);
-            const Result<DropboxConfiguration> configuration = DropboxConfiguration::current();
-            QCOMPARE(!errorOf(configuration), isTaken);
-            if (const Error *error = errorOf(configuration)) {
-                QVERIFY(!error->localizedDescription.contains(QStringLiteral("pw")));
-            }
+            const Expected<DropboxConfiguration> configuration = DropboxConfiguration::current();
+            QCOMPARE(configuration.has_value(), isTaken);
+            QVERIFY(!description(configuration).contains(QStringLiteral("pw")));
         }
     }
 
     void withoutConfigurationItIsDropboxItself() {
         DropboxServer::forget();
         UserDefaults::setValue(DropboxConfiguration::ApplicationKeyDefault, QStringLiteral("key"));
-        const Result<DropboxConfiguration> result = DropboxConfiguration::current();
-        const auto configuration = std::get<DropboxConfiguration>(result);
+        const Expected<DropboxConfiguration> result = DropboxConfiguration::current();
+        const auto configuration = result.value();
         QCOMPARE(configuration.authorizeAddress,
                  QUrl(QStringLiteral("https://www.dropbox.com/oauth2/authorize")));
         QCOMPARE(configuration.tokenAddress,

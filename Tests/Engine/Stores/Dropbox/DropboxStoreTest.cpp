@@ -8,6 +8,7 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
+#include "Support/Failure.h"
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -25,20 +26,6 @@ const QString ContinuePath = QStringLiteral("/2/files/list_folder/continue");
 const QString DeletePath = QStringLiteral("/2/files/delete_v2");
 const QString DownloadPath = QStringLiteral("/content/2/files/download");
 const QString UploadPath = QStringLiteral("/content/2/files/upload");
-
-template <class Value>
-std::optional<Error> errorIn(const Result<Value> &result) {
-    const Error *error = errorOf(result);
-    return error ? std::optional(*error) : std::nullopt;
-}
-
-EngineErrorCode code(const std::optional<Error> &error) {
-    return error ? static_cast<EngineErrorCode>(error->code) : EngineErrorCode();
-}
-
-QString text(const std::optional<Error> &error) {
-    return error ? error->localizedDescription : QString();
-}
 
 QByteArray pathFailure(const char *tag) {
     return QByteArray(R"({"error":{".tag":"path","path":{".tag":")") + tag + "\"}}}";
@@ -80,23 +67,25 @@ class DropboxStoreTest : public QObject {
             std::make_shared<EngineSyncLocation>(URL),
             HttpClient::Timeouts{.idle = std::chrono::milliseconds(100)});
     }
-    Result<QByteArray> read(const QString &name = DropboxBlob) {
+    Expected<QByteArray> read(const QString &name = DropboxBlob) {
         return m_store->read(name, DropboxLimit, m_future);
     }
-    Result<Written> write(const QString &name, const QByteArray &contents) {
+    Expected<Written> write(const QString &name, const QByteArray &contents) {
         return m_store->writeIfAbsent(name, contents, m_future);
     }
-    Result<QStringList> list(const QString &folder) { return m_store->list(folder, m_future); }
+    Expected<QStringList> list(const QString &folder) { return m_store->list(folder, m_future); }
     /// What an operation that needs the route at `path` ends with.
-    std::optional<Error> errorAt(BlobStore &store, const QString &path) {
+    Expected<void> outcomeAt(BlobStore &store, const QString &path) {
         if (path == UploadPath) {
-            return errorIn(store.writeIfAbsent(DropboxBlob, "x", m_future));
+            return store.writeIfAbsent(DropboxBlob, "x", m_future).map([](auto) {});
         }
         if (path == DownloadPath) {
-            return errorIn(store.read(DropboxBlob, DropboxLimit, m_future));
+            return store.read(DropboxBlob, DropboxLimit, m_future).map([](const auto &) {});
         }
-        return path == DeletePath ? store.remove(DropboxBlob, m_future)
-                                  : errorIn(store.list(QStringLiteral("databases"), m_future));
+        if (path == DeletePath) {
+            return store.remove(DropboxBlob, m_future);
+        }
+        return store.list(QStringLiteral("databases"), m_future).map([](const auto &) {});
     }
 
 private Q_SLOTS:
@@ -122,7 +111,7 @@ private Q_SLOTS:
     }
 
     void openingMakesNothing() {
-        QCOMPARE(m_store->open(m_future), std::nullopt);
+        QCOMPARE(description(m_store->open(m_future)), QString());
         QVERIFY(m_server->files().isEmpty());
     }
 
@@ -131,44 +120,44 @@ private Q_SLOTS:
             "\0\xff"
             "bytes",
             7);
-        QCOMPARE(write(DropboxBlob, contents), Result<Written>(Written::New));
+        QCOMPARE(write(DropboxBlob, contents), Expected<Written>(Written::New));
         QCOMPARE(m_server->files().value(Package + DropboxBlob), contents);
-        QCOMPARE(read(), Result<QByteArray>(contents));
-        QCOMPARE(write(QStringLiteral("transactions/empty"), {}), Result<Written>(Written::New));
-        QCOMPARE(read(QStringLiteral("transactions/empty")), Result<QByteArray>(QByteArray()));
+        QCOMPARE(read(), Expected<QByteArray>(contents));
+        QCOMPARE(write(QStringLiteral("transactions/empty"), {}), Expected<Written>(Written::New));
+        QCOMPARE(read(QStringLiteral("transactions/empty")), Expected<QByteArray>(QByteArray()));
     }
 
     void namesOfAllKindsArrive() {
         const QString name = QStringLiteral("transactions/Ä \"quoted\" \\ 😀 \x7f").chopped(2) +
                              QStringLiteral("%41+&");
-        QCOMPARE(write(name, "x"), Result<Written>(Written::New));
+        QCOMPARE(write(name, "x"), Expected<Written>(Written::New));
         QCOMPARE(m_server->files().keys(), QStringList(Package + name));
-        QCOMPARE(read(name), Result<QByteArray>(QByteArray("x")));
+        QCOMPARE(read(name), Expected<QByteArray>(QByteArray("x")));
         QCOMPARE(list(QStringLiteral("transactions")),
-                 Result<QStringList>(QStringList(name.section(u'/', 1))));
+                 Expected<QStringList>(QStringList(name.section(u'/', 1))));
     }
 
     void aBlobIsNeverWrittenOver() {
-        QCOMPARE(write(DropboxBlob, "first"), Result<Written>(Written::New));
-        QCOMPARE(write(DropboxBlob, "second"), Result<Written>(Written::AlreadyThere));
-        QCOMPARE(write(DropboxBlob, "first"), Result<Written>(Written::AlreadyThere));
+        QCOMPARE(write(DropboxBlob, "first"), Expected<Written>(Written::New));
+        QCOMPARE(write(DropboxBlob, "second"), Expected<Written>(Written::AlreadyThere));
+        QCOMPARE(write(DropboxBlob, "first"), Expected<Written>(Written::AlreadyThere));
         QCOMPARE(write(DropboxBlob.section(u'/', 0, 1), "x"),
-                 Result<Written>(Written::AlreadyThere));
-        QCOMPARE(read(), Result<QByteArray>(QByteArray("first")));
+                 Expected<Written>(Written::AlreadyThere));
+        QCOMPARE(read(), Expected<QByteArray>(QByteArray("first")));
     }
 
     void ofManyWritersOfOneNameOneIsTheFirst() {
-        std::vector<std::future<Result<Written>>> writers;
+        std::vector<std::future<Expected<Written>>> writers;
         for (int i = 0; i < 8; ++i) {
             writers.push_back(std::async(std::launch::async, [this, i] {
                 return write(DropboxBlob, QByteArray(900, static_cast<char>('a' + i)));
             }));
         }
         int news = 0;
-        for (std::future<Result<Written>> &writer : writers) {
-            const Result<Written> result = writer.get();
-            QCOMPARE(text(errorIn(result)), QString());
-            news += std::get<Written>(result) == Written::New ? 1 : 0;
+        for (std::future<Expected<Written>> &writer : writers) {
+            const Expected<Written> result = writer.get();
+            QCOMPARE(description(result), QString());
+            news += *result == Written::New ? 1 : 0;
         }
         QCOMPARE(news, 1);
     }
@@ -179,11 +168,11 @@ private Q_SLOTS:
         m_server->putFile(Package + QStringLiteral("transactions/a"), "x");
         m_server->putFile(Package + QStringLiteral("transactions/.hidden"), "x");
         const QStringList names = {QStringLiteral("a"), QStringLiteral("b")};
-        QCOMPARE(list(QStringLiteral("transactions")), Result<QStringList>(names));
+        QCOMPARE(list(QStringLiteral("transactions")), Expected<QStringList>(names));
     }
 
     void aFolderThatIsNotThereIsEmpty() {
-        QCOMPARE(list(QStringLiteral("transactions/none")), Result<QStringList>(QStringList()));
+        QCOMPARE(list(QStringLiteral("transactions/none")), Expected<QStringList>(QStringList()));
     }
 
     void aLongFolderIsListedPageByPage() {
@@ -193,7 +182,7 @@ private Q_SLOTS:
             m_server->putFile(Package + QStringLiteral("transactions/") + names.last(), "x");
         }
         m_server->setPageSize(4);
-        QCOMPARE(list(QStringLiteral("transactions")), Result<QStringList>(names));
+        QCOMPARE(list(QStringLiteral("transactions")), Expected<QStringList>(names));
         QCOMPARE(m_server->count(ListPath), 1);
         QCOMPARE(m_server->count(ContinuePath), 6);
     }
@@ -205,39 +194,38 @@ private Q_SLOTS:
         }
         m_server->setPageSize(2);
         m_server->resetNextCursor();
-        QCOMPARE(std::get<QStringList>(list(QStringLiteral("transactions"))).size(), 3);
+        QCOMPARE(list(QStringLiteral("transactions"))->size(), 3);
         QCOMPARE(m_server->count(ListPath), 2);
     }
 
     void aListThatGoesOnWithoutACursorIsNotUnderstood() {
         m_server->setAnswer(ListPath, 200, R"({"entries":[],"cursor":"","has_more":true})");
-        QVERIFY(text(errorIn(list(QStringLiteral("databases"))))
+        QVERIFY(description(list(QStringLiteral("databases")))
                     .contains(QStringLiteral("is not understood")));
     }
 
     void aMissingBlobIsToldApart() {
-        const auto error = errorIn(read());
-        QCOMPARE(code(error), EngineErrorCode::BlobMissing);
-        QVERIFY(text(error).contains(m_server->email()));
-        QVERIFY(text(error).contains(Package + DropboxBlob));
+        const auto result = read();
+        QCOMPARE(code(result), EngineErrorCode::BlobMissing);
+        QVERIFY(description(result).contains(m_server->email()));
+        QVERIFY(description(result).contains(Package + DropboxBlob));
     }
 
     void aBlobLongerThanTheLimitIsRefused() {
         m_server->putFile(Package + DropboxBlob, QByteArray(DropboxLimit, 'x'));
-        QVERIFY(!errorIn(read()));
+        QVERIFY(read());
         m_server->putFile(Package + DropboxBlob, QByteArray(DropboxLimit + 1, 'x'));
-        QCOMPARE(code(errorIn(read())), EngineErrorCode::BlobRefused);
+        QCOMPARE(code(read()), EngineErrorCode::BlobRefused);
         m_server->putFile(Package + DropboxBlob, QByteArray(3 << 20, 'x'));
-        QCOMPARE(code(errorIn(read())), EngineErrorCode::BlobRefused);
-        QVERIFY(text(errorIn(read())).contains(QStringLiteral("too long")));
+        QCOMPARE(code(read()), EngineErrorCode::BlobRefused);
+        QVERIFY(description(read()).contains(QStringLiteral("too long")));
     }
 
     void whatIsNoFileIsRefused() {
         m_server->putFile(Package + QStringLiteral("databases/folder/x"), "x");
-        QCOMPARE(code(errorIn(read(QStringLiteral("databases/folder")))),
-                 EngineErrorCode::BlobRefused);
+        QCOMPARE(code(read(QStringLiteral("databases/folder"))), EngineErrorCode::BlobRefused);
         m_server->putFile(Package + QStringLiteral("transactions"), "x");
-        QCOMPARE(code(errorIn(list(QStringLiteral("transactions")))), EngineErrorCode::BlobRefused);
+        QCOMPARE(code(list(QStringLiteral("transactions"))), EngineErrorCode::BlobRefused);
     }
 
     void aFileInPlaceOfThePackageIsRefused() {
@@ -247,16 +235,16 @@ private Q_SLOTS:
 
     void whatIsNoNameIsRefused() {
         for (const char *name : {"", "/etc/passwd", "databases/../x", "databases/x\ny"}) {
-            QCOMPARE(code(errorIn(read(QString::fromLatin1(name)))), EngineErrorCode::BlobRefused);
+            QCOMPARE(code(read(QString::fromLatin1(name))), EngineErrorCode::BlobRefused);
         }
         QCOMPARE(m_server->count(DownloadPath), 0);
     }
 
     void aBlobCanBeRemoved() {
         write(DropboxBlob, "x");
-        QCOMPARE(m_store->remove(DropboxBlob, m_future), std::nullopt);
+        QCOMPARE(description(m_store->remove(DropboxBlob, m_future)), QString());
         QVERIFY(m_server->files().isEmpty());
-        QCOMPARE(m_store->remove(DropboxBlob, m_future), std::nullopt);
+        QCOMPARE(description(m_store->remove(DropboxBlob, m_future)), QString());
     }
 
     void recordsOfDatabasesAreFetched() {
@@ -284,15 +272,15 @@ private Q_SLOTS:
     void anExpiredTokenIsRefreshed() {
         write(DropboxBlob, "x");
         m_server->expireAccessTokens();
-        QCOMPARE(text(errorIn(read())), QString());
+        QCOMPARE(description(read()), QString());
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
-        QCOMPARE(text(errorIn(read())), QString());
+        QCOMPARE(description(read()), QString());
         // And kept.
-        QCOMPARE(newStore()->open(m_future), std::nullopt);
+        QCOMPARE(description(newStore()->open(m_future)), QString());
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
         // More than once, since the refresh token stays.
         m_server->expireAccessTokens();
-        QCOMPARE(text(errorIn(read())), QString());
+        QCOMPARE(description(read()), QString());
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 3);
     }
 
@@ -302,7 +290,7 @@ private Q_SLOTS:
         const int tokens = m_server->count(DropboxServer::tokenPath());
         m_server->setSecondsToLive(14400);
         m_store = newStore();
-        QCOMPARE(m_store->open(m_future), std::nullopt);
+        QCOMPARE(description(m_store->open(m_future)), QString());
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), tokens + 1);
         QCOMPARE(m_server->count(ListPath), 1);
     }
@@ -311,34 +299,34 @@ private Q_SLOTS:
         write(DropboxBlob, "x");
         m_server->expireAccessTokens();
         std::vector<std::shared_ptr<BlobStore>> stores;
-        std::vector<std::future<std::optional<Error>>> readers;
+        std::vector<std::future<Expected<QByteArray>>> readers;
         for (int i = 0; i < 8; ++i) {
             stores.push_back(newStore());
             readers.push_back(std::async(std::launch::async, [this, store = stores.back()] {
-                return errorIn(store->read(DropboxBlob, DropboxLimit, m_future));
+                return store->read(DropboxBlob, DropboxLimit, m_future);
             }));
         }
-        for (std::future<std::optional<Error>> &reader : readers) {
-            QCOMPARE(text(reader.get()), QString());
+        for (std::future<Expected<QByteArray>> &reader : readers) {
+            QCOMPARE(description(reader.get()), QString());
         }
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
     }
 
     void whenTheSignInIsGoodForNothingAnyMoreThePersonIsAskedToSignInAgain() {
         m_server->revokeEverything();
-        const std::optional<Error> error = m_store->open(m_future);
-        QCOMPARE(code(error), EngineErrorCode::AccessDenied);
-        QCOMPARE(text(error),
+        const Expected<void> result = m_store->open(m_future);
+        QCOMPARE(code(result), EngineErrorCode::AccessDenied);
+        QCOMPARE(description(result),
                  QStringLiteral("“%1” has to sign in to Dropbox again. Edit the location to do so.")
                      .arg(m_server->email()));
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
         signIn();
-        QCOMPARE(m_store->open(m_future), std::nullopt);
+        QCOMPARE(description(m_store->open(m_future)), QString());
     }
 
     void aFreshTokenThatIsNotTakenEitherIsNotRefreshedForEver() {
         m_server->setAnswer(ListPath, 401, R"({"error":{".tag":"missing_scope"}})");
-        QVERIFY(text(m_store->open(m_future))
+        QVERIFY(description(m_store->open(m_future))
                     .contains(QStringLiteral("has to sign in to Dropbox again")));
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
         QCOMPARE(m_server->count(ListPath), 2);
@@ -348,15 +336,15 @@ private Q_SLOTS:
         m_server->giveNoRefreshTokens();
         signIn();
         m_server->expireAccessTokens();
-        QVERIFY(text(m_store->open(m_future))
+        QVERIFY(description(m_store->open(m_future))
                     .contains(QStringLiteral("has to sign in to Dropbox again")));
     }
 
     void anAccountThatIsNotSignedInSaysSo() {
         m_server->setEmail(QStringLiteral("somebody.else@example.com"));
-        const std::optional<Error> error = newStore()->open(m_future);
-        QCOMPARE(code(error), EngineErrorCode::AccessDenied);
-        QCOMPARE(text(error),
+        const Expected<void> result = newStore()->open(m_future);
+        QCOMPARE(code(result), EngineErrorCode::AccessDenied);
+        QCOMPARE(description(result),
                  QStringLiteral("Not signed in to Dropbox as “somebody.else@example.com”. Edit the "
                                 "location to do so."));
         QCOMPARE(m_server->count(ListPath), 0);
@@ -365,7 +353,7 @@ private Q_SLOTS:
     void anAddressIsTakenAsItIsWritten() {
         m_server->setEmail(QStringLiteral("Ada%2B%40l+x@Example.COM"));
         signIn();
-        QCOMPARE(newStore()->open(m_future), std::nullopt);
+        QCOMPARE(description(newStore()->open(m_future)), QString());
     }
 
     void withoutAnApplicationKeyItSaysSo() {
@@ -373,9 +361,9 @@ private Q_SLOTS:
         const std::shared_ptr<BlobStore> store = newStore();
         const QString expected =
             QStringLiteral("Dropbox cannot be used: no application key is configured.");
-        QCOMPARE(text(store->open(m_future)), expected);
+        QCOMPARE(description(store->open(m_future)), expected);
         for (const QString &path : {ListPath, UploadPath, DownloadPath, DeletePath}) {
-            QCOMPARE(text(errorAt(*store, path)), expected);
+            QCOMPARE(description(outcomeAt(*store, path)), expected);
         }
     }
 
@@ -391,22 +379,21 @@ private Q_SLOTS:
         QFETCH(QString, path);
         QFETCH(int, status);
         m_server->limitRate(path, 2, "1", status);
-        QCOMPARE(text(errorAt(*m_store, path)), QString());
+        QCOMPARE(description(outcomeAt(*m_store, path)), QString());
         QCOMPARE(m_server->count(path), 3);
     }
 
     void aServerThatWantsToBeLeftAloneForLongIsNotWaitedFor() {
         m_server->limitRate(UploadPath, 1, "3600");
-        const auto error = errorIn(write(DropboxBlob, "x"));
-        QCOMPARE(code(error), EngineErrorCode::StoreUnreachable);
-        QVERIFY(text(error).contains(QStringLiteral("is busy. Try again later.")));
+        const auto result = write(DropboxBlob, "x");
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+        QVERIFY(description(result).contains(QStringLiteral("is busy. Try again later.")));
         QCOMPARE(m_server->count(UploadPath), 1);
     }
 
     void waitingForTheServerCanBeCancelled() {
         m_server->limitRate(UploadPath, 1, "100");
-        auto writer =
-            std::async(std::launch::async, [this] { return errorIn(write(DropboxBlob, "x")); });
+        auto writer = std::async(std::launch::async, [this] { return write(DropboxBlob, "x"); });
         QTRY_COMPARE(m_server->count(UploadPath), 1);
         m_future.cancel();
         QCOMPARE(code(writer.get()), EngineErrorCode::Cancelled);
@@ -418,9 +405,9 @@ private Q_SLOTS:
     void aCancelledOperationSaysSo() {
         EngineFuture cancelled;
         cancelled.cancel();
-        QCOMPARE(code(errorIn(m_store->read(DropboxBlob, DropboxLimit, cancelled))),
+        QCOMPARE(code(m_store->read(DropboxBlob, DropboxLimit, cancelled)),
                  EngineErrorCode::Cancelled);
-        QCOMPARE(code(errorIn(m_store->writeIfAbsent(DropboxBlob, "x", cancelled))),
+        QCOMPARE(code(m_store->writeIfAbsent(DropboxBlob, "x", cancelled)),
                  EngineErrorCode::Cancelled);
         QCOMPARE(code(m_store->remove(DropboxBlob, cancelled)), EngineErrorCode::Cancelled);
         QVERIFY(m_server->files().isEmpty());
@@ -433,7 +420,7 @@ private Q_SLOTS:
             m_server->setTrouble(path, DropboxServer::Trouble::Stalls);
             const int before = m_server->count(path);
             auto reader = std::async(std::launch::async, [&] {
-                return errorIn(m_store->read(DropboxBlob, DropboxLimit, future));
+                return m_store->read(DropboxBlob, DropboxLimit, future);
             });
             QTRY_COMPARE(m_server->count(path), before + 1);
             future.cancel();
@@ -474,9 +461,9 @@ private Q_SLOTS:
         m_server->setTrouble(path, trouble);
         const auto store =
             trouble == DropboxServer::Trouble::Stalls ? impatientStore() : newStore();
-        const std::optional<Error> error = errorAt(*store, path);
-        QCOMPARE(code(error), EngineErrorCode::StoreUnreachable);
-        QVERIFY2(text(error).contains(expected), qPrintable(text(error)));
+        const Expected<void> result = outcomeAt(*store, path);
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+        QVERIFY2(description(result).contains(expected), qPrintable(description(result)));
     }
 
     void whatDropboxRefusesIsToldInWords_data() {
@@ -518,9 +505,9 @@ private Q_SLOTS:
         QFETCH(EngineErrorCode, expectedCode);
         QFETCH(QString, expected);
         m_server->setAnswer(UploadPath, status, body);
-        const auto error = errorIn(write(DropboxBlob, "x"));
-        QCOMPARE(code(error), expectedCode);
-        QVERIFY2(text(error).contains(expected), qPrintable(text(error)));
+        const auto result = write(DropboxBlob, "x");
+        QCOMPARE(code(result), expectedCode);
+        QVERIFY2(description(result).contains(expected), qPrintable(description(result)));
     }
 
     void aServerThatIsNotThereSaysSo() {
@@ -529,7 +516,8 @@ private Q_SLOTS:
         UserDefaults::setValue(DropboxConfiguration::APIAddressDefault,
                                QStringLiteral("http://127.0.0.1:%1/2").arg(free.serverPort()));
         free.close();
-        QVERIFY(text(newStore()->open(m_future)).contains(QStringLiteral("nothing answers")));
+        QVERIFY(
+            description(newStore()->open(m_future)).contains(QStringLiteral("nothing answers")));
     }
 };
 

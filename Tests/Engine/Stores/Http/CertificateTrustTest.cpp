@@ -1,6 +1,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/WebDAV/WebDAVStore.h"
+#include "Support/Failure.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "Support/WebDAVServer.h"
@@ -20,8 +21,7 @@ private:
             m_host->locations().syncLocations().at(index));
     }
     EngineErrorCode open(qsizetype index = 0) {
-        const std::optional<Error> error = location(index)->createBlobStore()->open(m_future);
-        return error ? static_cast<EngineErrorCode>(error->code) : EngineErrorCode();
+        return code(location(index)->createBlobStore()->open(m_future));
     }
     const QList<Question> &questions() { return m_host->application().questions(); }
     int rows() {

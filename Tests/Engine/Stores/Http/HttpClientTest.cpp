@@ -35,14 +35,12 @@ private:
     QList<QByteArray> m_texts;
 };
 
-int status(const Result<Response> &result) {
-    const auto *response = std::get_if<Response>(&result);
-    return response ? response->status : 0;
+int status(const Expected<Response> &result) {
+    return result ? result->status : 0;
 }
 
-QByteArray body(const Result<Response> &result) {
-    const auto *response = std::get_if<Response>(&result);
-    return response ? response->body : QByteArray();
+QByteArray body(const Expected<Response> &result) {
+    return result ? result->body : QByteArray();
 }
 
 HttpClient::Options hasty() {
@@ -56,13 +54,13 @@ class HttpClientTest : public QObject {
 private:
     EngineFuture m_future;
 
-    Result<Response> get(const QString &URLText, HttpClient::Options options = hasty(),
-                         qint64 limit = 1000) {
+    Expected<Response> get(const QString &URLText, HttpClient::Options options = hasty(),
+                           qint64 limit = 1000) {
         HttpClient client(std::move(options));
         return client.send({.method = "GET", .URL = QUrl(URLText), .limit = limit}, m_future);
     }
-    Result<Response> get(const ScriptedServer &server, HttpClient::Options options = hasty(),
-                         qint64 limit = 1000) {
+    Expected<Response> get(const ScriptedServer &server, HttpClient::Options options = hasty(),
+                           qint64 limit = 1000) {
         return get(server.URLText(QStringLiteral("a")), std::move(options), limit);
     }
 
@@ -74,7 +72,7 @@ private Q_SLOTS:
             connection.answer("207 Multi-Status\r\nX-Thing: one", "body");
         });
         HttpClient client(hasty());
-        const Result<Response> result =
+        const Expected<Response> result =
             client.send({.method = "PROPFIND",
                          .URL = QUrl(server.URLText(QStringLiteral("a%20b%2Fc"))),
                          .headers = {{"Depth", "1"}},
@@ -82,7 +80,7 @@ private Q_SLOTS:
                         m_future);
         QCOMPARE(status(result), 207);
         QCOMPARE(body(result), QByteArray("body"));
-        QCOMPARE(std::get<Response>(result).header("x-thing"), QByteArray("one"));
+        QCOMPARE(result->header("x-thing"), QByteArray("one"));
         const QByteArray request = requests.texts().value(0);
         QVERIFY2(request.startsWith("PROPFIND /a%20b%2Fc HTTP/1.1\r\n"), request.constData());
         QVERIFY(request.contains("Depth: 1\r\n"));
@@ -100,7 +98,7 @@ private Q_SLOTS:
                 connection.readRequest();
                 connection.answer(text);
             });
-            const Result<Response> result = get(server);
+            const Expected<Response> result = get(server);
             QCOMPARE(status(result), QByteArray(text).left(3).toInt());
         }
     }
@@ -146,7 +144,7 @@ private Q_SLOTS:
             const ScriptedServer gone([](Connection &) {});
             port = gone.port();
         }
-        const Result<Response> refused = get(QStringLiteral("http://127.0.0.1:%1/").arg(port));
+        const Expected<Response> refused = get(QStringLiteral("http://127.0.0.1:%1/").arg(port));
         QCOMPARE(code(refused), EngineErrorCode::StoreUnreachable);
         QVERIFY(description(refused).contains(QStringLiteral("nothing answers at this port")));
         QVERIFY(description(refused).contains(QStringLiteral("127.0.0.1:%1").arg(port)));
@@ -154,7 +152,7 @@ private Q_SLOTS:
 
     void aServerThatSaysNothingIsGivenUp() {
         const ScriptedServer server([](Connection &connection) { connection.waitUntilClosed(); });
-        const Result<Response> result = get(server);
+        const Expected<Response> result = get(server);
         QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
         QVERIFY2(description(result).contains(QStringLiteral("does not answer")),
                  qPrintable(description(result)));
@@ -178,7 +176,7 @@ private Q_SLOTS:
                 QThread::msleep(50);
             }
         });
-        const Result<Response> result = get(server, hasty(), 1 << 20);
+        const Expected<Response> result = get(server, hasty(), 1 << 20);
         QVERIFY2(description(result).contains(QStringLiteral("takes too long")),
                  qPrintable(description(result)));
     }
@@ -200,7 +198,7 @@ private Q_SLOTS:
             connection.readRequest();
             connection.send(answer);
         });
-        const Result<Response> result = get(server);
+        const Expected<Response> result = get(server);
         QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
         QVERIFY2(description(result).contains(
                      QStringLiteral("broke off before it had answered, or is no")),
@@ -215,7 +213,7 @@ private Q_SLOTS:
                 connection.send(QByteArray(100000, 'x'));
             }
         });
-        const Result<Response> result = get(server);
+        const Expected<Response> result = get(server);
         QCOMPARE(code(result), EngineErrorCode::BlobRefused);
         QVERIFY(description(result).contains(QStringLiteral("too long")));
     }
@@ -331,7 +329,7 @@ private Q_SLOTS:
             ++questions;
             return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
         };
-        const Result<Response> result = get(server, options);
+        const Expected<Response> result = get(server, options);
         QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
         QVERIFY(description(result).contains(QString::fromLatin1(location)));
         QCOMPARE(other.connections(), 0);
@@ -443,7 +441,7 @@ private Q_SLOTS:
             reasons = given;
             return false;
         };
-        const Result<Response> result = get(server.URLText({}), options);
+        const Expected<Response> result = get(server.URLText({}), options);
         QCOMPARE(code(result), EngineErrorCode::CertificateUntrusted);
         QVERIFY2(description(result).contains(reason), qPrintable(description(result)));
         QCOMPARE(reasons.size(), 1);
@@ -457,7 +455,7 @@ private Q_SLOTS:
 
     void aServerWithoutTLSIsToldApart() {
         const WebDAVServer server({.authentication = WebDAVServer::Authentication::None});
-        const Result<Response> result =
+        const Expected<Response> result =
             get(server.URLText({}).replace(QStringLiteral("http:"), QStringLiteral("https:")));
         QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
         QVERIFY2(description(result).contains(QStringLiteral("No secure connection")),
