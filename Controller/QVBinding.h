@@ -6,6 +6,7 @@
 #include <QtCore/QVariant>
 #include <memory>
 
+#include "Platform/Interface/ViewBinding.h"
 #include "Platform/KeyValue/KeyValue.h"
 
 /// The record of a binding that carries a view's own changes back to the model: it observes one
@@ -13,7 +14,7 @@
 ///
 /// Main thread. A window's form owns both the view and the model, so a record keeps neither alive;
 /// it falls silent when either of them goes. The view holds its records until it is unbound.
-class QVBinding : public QObject {
+class QVBinding : public QObject, public ViewBinding {
     Q_OBJECT
 public:
     /// A new record, which does not observe yet. `key` is the bound property of `object`, `keyPath`
@@ -26,15 +27,15 @@ public:
 
     QObject *object() const { return m_object; }
     QObject *target() const { return m_target; }
-    QByteArray key() const { return m_key; }
+    QByteArray key() const override { return m_key; }
     QByteArray keyPath() const { return m_keyPath; }
     QVariantMap options() const { return m_options; }
 
     /// Gives the object the target's value, and from then on writes what is set in the object to
     /// the target.
-    void bind();
+    void bind() override;
     /// Ends the writing. The fields stay as they are, so that `bind` may be called again.
-    void unbind();
+    void unbind() override;
 
 private:
     QVBinding(QObject *object, const QByteArray &key, QObject *target, const QByteArray &keyPath,

@@ -4,7 +4,7 @@
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QAbstractScrollArea>
 
-#include "Controller/QVBinding.h"
+#include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/ContextMenu.h"
 #include "Platform/KeyValue/Binding.h"
 #include "View/QVListViewDelegate.h"
@@ -24,7 +24,16 @@ int widthOfEnclosingScrollArea(const QWidget *view) {
     return 0;
 }
 
+ViewBinding::Factory &bindingFactory() {
+    static ViewBinding::Factory factory;
+    return factory;
+}
+
 }  // namespace
+
+void QVListView::registerBindingFactory(const ViewBinding::Factory &makeBinding) {
+    bindingFactory() = makeBinding;
+}
 
 QVListView::~QVListView() {
     QVListView::unbind(contentBinding);
@@ -52,31 +61,33 @@ QSet<QByteArray> QVListView::editableBindings() {
 void QVListView::bind(const QByteArray &binding, QObject *observable, const QByteArray &keyPath,
                       const QVariantMap &options) {
     if (editableBindings().contains(binding)) {
-        addBinding(QVBinding::bindingWithObject(this, binding, observable, keyPath, options));
+        requireParameter(bool(bindingFactory()), "bindingFactory != nil", "QVListView::bind",
+                         "View/QVListView");
+        addBinding(bindingFactory()(this, binding, observable, keyPath, options));
     }
     KeyValue::bind(this, binding, observable, keyPath, options);
 }
 
 void QVListView::unbind(const QByteArray &binding) {
-    for (const std::shared_ptr<QVBinding> &record : bindingsForKey(binding)) {
+    for (const std::shared_ptr<ViewBinding> &record : bindingsForKey(binding)) {
         removeBinding(record);
     }
     KeyValue::unbind(this, binding);
 }
 
-void QVListView::addBinding(const std::shared_ptr<QVBinding> &binding) {
+void QVListView::addBinding(const std::shared_ptr<ViewBinding> &binding) {
     m_bindings.insert(binding);
     binding->bind();
 }
 
-void QVListView::removeBinding(const std::shared_ptr<QVBinding> &binding) {
+void QVListView::removeBinding(const std::shared_ptr<ViewBinding> &binding) {
     binding->unbind();
     m_bindings.erase(binding);
 }
 
 QVListView::Bindings QVListView::bindingsForKey(const QByteArray &binding) const {
     Bindings result;
-    for (const std::shared_ptr<QVBinding> &record : m_bindings) {
+    for (const std::shared_ptr<ViewBinding> &record : m_bindings) {
         if (record->key() == binding) {
             result.insert(record);
         }

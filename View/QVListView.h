@@ -8,16 +8,16 @@
 
 #include "Platform/Interface/BindableView.h"
 #include "Platform/Interface/CollectionViewItem.h"
+#include "Platform/Interface/ViewBinding.h"
 #include "Platform/KeyValue/IndexSet.h"
 
-class QVBinding;
 class QVListViewDelegate;
 
 /// A vertical list, the widget of a scroll area: one item for each object of its content, their
 /// views stacked from the top at their own heights and at the list's width. It draws nothing
 /// itself. One item is selected by click, if the delegate lets it; without a delegate none is.
 ///
-/// Main thread. "content" is bound one way; "selectionIndexes" both ways, through a QVBinding.
+/// Main thread. "content" is bound one way; "selectionIndexes" both ways, through a ViewBinding.
 /// The view ends its bindings when it is destroyed.
 class QVListView : public QWidget, public BindableView {
     Q_OBJECT
@@ -38,10 +38,14 @@ class QVListView : public QWidget, public BindableView {
         std::shared_ptr<CollectionViewItem> itemPrototype READ itemPrototype WRITE setItemPrototype)
 public:
     using Item = std::shared_ptr<CollectionViewItem>;
-    using Bindings = std::set<std::shared_ptr<QVBinding>>;
+    using Bindings = std::set<std::shared_ptr<ViewBinding>>;
 
     using QWidget::QWidget;
     ~QVListView() override;
+
+    /// Sets what makes the records of editable bindings, for all lists. Must be called before the
+    /// first such binding.
+    static void registerBindingFactory(const ViewBinding::Factory &makeBinding);
 
     /// The keys made for binding, in this order.
     static QByteArrayList exposedBindings();
@@ -57,9 +61,9 @@ public:
     /// Removes every record of `binding`, then ends the following.
     void unbind(const QByteArray &binding) override;
     /// Keeps `binding` and connects it.
-    void addBinding(const std::shared_ptr<QVBinding> &binding);
+    void addBinding(const std::shared_ptr<ViewBinding> &binding);
     /// Disconnects `binding` and lets go of it.
-    void removeBinding(const std::shared_ptr<QVBinding> &binding);
+    void removeBinding(const std::shared_ptr<ViewBinding> &binding);
     /// The records for the key `binding`.
     Bindings bindingsForKey(const QByteArray &binding) const;
 

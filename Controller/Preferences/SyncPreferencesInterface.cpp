@@ -2,6 +2,7 @@
 
 #include "Controller/NSArrayController+Emptiness.h"
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
+#include "Controller/QVBinding.h"
 #include "Controller/QVLastSynchronizationValueTransformer.h"
 #include "Controller/QVLocationImageValueTransformer.h"
 #include "Controller/QVLocationTitleValueTransformer.h"
@@ -9,6 +10,7 @@
 #include "Platform/Interface/Nib.h"
 #include "Platform/Interface/SheetWindow.h"
 #include "View/ListRow.h"
+#include "View/QVListView.h"
 #include "ui_BookmarkCell.h"
 #include "ui_QVBookmarkingWindow.h"
 #include "ui_QVDatabaseItem.h"
@@ -49,6 +51,7 @@ void registerSheets() {
 
 void registerSyncPreferencesInterface() {
     Q_INIT_RESOURCE(SyncPreferences);
+    QVListView::registerBindingFactory(&QVBinding::bindingWithObject);
     Nib::registerClass(QStringLiteral("NSArrayController"),
                        [](QObject *parent) { return new NSArrayController(parent); });
     registerTransformer<QVLastSynchronizationValueTransformer>(

@@ -68,6 +68,7 @@ public:
 class QVListViewTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase() { QVListView::registerBindingFactory(&QVBinding::bindingWithObject); }
     void init() {
         m_area = std::make_unique<ListScrollArea>();
         m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -135,7 +136,8 @@ private Q_SLOTS:
         QCOMPARE(m_list->bindings().size(), std::size_t(1));
         QCOMPARE(m_list->bindingsForKey("selectionIndexes"), m_list->bindings());
         QVERIFY(m_list->bindingsForKey("content").empty());
-        const auto record = *m_list->bindings().begin();
+        const auto record = std::dynamic_pointer_cast<QVBinding>(*m_list->bindings().begin());
+        QVERIFY(record);
         QCOMPARE(record->object(), m_list);
         QCOMPARE(record->target(), &controller);
         QCOMPARE(record->key(), QByteArray("selectionIndexes"));
@@ -245,7 +247,7 @@ private Q_SLOTS:
     void aDestroyedViewIsUnboundFromAModelThatLivesOn() {
         ArrayController controller;
         bindBoth(controller, texts({"a", "b"}));
-        const std::weak_ptr<QVBinding> record = *m_list->bindings().begin();
+        const std::weak_ptr<ViewBinding> record = *m_list->bindings().begin();
         delete m_list;
         QVERIFY(record.expired());
         controller.setContent(texts({"c"}));
@@ -601,6 +603,15 @@ private Q_SLOTS:
         m_area->resize(200, 200);
         QCOMPARE(frames(), QList<QRect>({{0, 0, 200, 40}, {0, 40, 200, 60}}));
         QCOMPARE(m_list->size(), QSize(200, 100));
+    }
+
+    void aListThatIsShownAgainIsLaidOutAgain() {
+        m_list->setContent(texts({"40", "60"}));
+        m_area->hide();
+        m_list->items().at(0)->view()->resize(300, 50);
+        m_area->show();
+        QCOMPARE(frames(), QList<QRect>({{0, 0, 300, 50}, {0, 50, 300, 60}}));
+        QCOMPARE(m_list->height(), 110);
     }
 
     void rowsMakeRoomForAScrollBarThatAppears() {

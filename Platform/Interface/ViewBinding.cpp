@@ -1,0 +1,3 @@
+#include "Platform/Interface/ViewBinding.h"
+
+ViewBinding::~ViewBinding() = default;
