@@ -361,12 +361,6 @@ private Q_SLOTS:
         QVERIFY(part<QAction>("checkItem")->isEnabled());
     }
 
-    void revealingWithoutASelectedRowDoesNothing() {
-        showPane();
-        m_pane->revealInFinder(nullptr);
-        QVERIFY(!m_pane->isRevealableInFinder());
-    }
-
     void checkingShowsActivityAndThenWhatWentWrong() {
         m_host->addLocation(QStringLiteral("file:///missing.qvSyncStore"));
         showPane();

@@ -75,12 +75,16 @@ private Q_SLOTS:
         QCOMPARE(seen, QStringLiteral("cbc"));
     }
 
-    void removingWhatObservesNothingIsHarmless() {
+    void removingAnObserverOfNothingKeepsTheOthers() {
         NotificationCenter center;
         QObject observer;
+        QObject other;
+        int count = 0;
+        center.addObserver(&other, m_name, [&](const Notification &) { ++count; });
         center.removeObserver(&observer, m_name);
         center.removeObserver(&observer);
         center.post(m_name, nullptr);
+        QCOMPARE(count, 1);
     }
 
     void aDestroyedObserverHearsNoMoreAndItsHandlerIsReleased() {
@@ -143,8 +147,15 @@ private Q_SLOTS:
         QCOMPARE(seen, QStringLiteral("ababc"));
     }
 
-    void thereIsOneDefaultCenter() {
-        QCOMPARE(&NotificationCenter::defaultCenter(), &NotificationCenter::defaultCenter());
+    void theDefaultCenterConnectsThoseWhoShareNothingElse() {
+        QObject observer;
+        int count = 0;
+        NotificationCenter::defaultCenter().addObserver(&observer, m_name,
+                                                        [&](const Notification &) { ++count; });
+        NotificationCenter().post(m_name, nullptr);
+        QCOMPARE(count, 0);
+        NotificationCenter::defaultCenter().post(m_name, nullptr);
+        QCOMPARE(count, 1);
     }
 };
 
