@@ -1,6 +1,6 @@
 #include "Controller/QVLastSynchronizationValueTransformer.h"
 
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/RelativeDate.h"
 
 QMetaType QVLastSynchronizationValueTransformer::transformedValueClass() const {

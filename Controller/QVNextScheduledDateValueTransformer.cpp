@@ -1,6 +1,6 @@
 #include "Controller/QVNextScheduledDateValueTransformer.h"
 
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/RelativeDate.h"
 
 QMetaType QVNextScheduledDateValueTransformer::transformedValueClass() const {

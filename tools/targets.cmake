@@ -61,7 +61,7 @@ function(velmora_forms target)
         string(REPLACE " " "" header "ui_${name}.h")
         add_custom_command(
             OUTPUT "${directory}/${header}"
-            COMMAND Qt6::uic --tr localizedSyncString --include Platform/Foundation/Localization.h
+            COMMAND Qt6::uic --tr localizedSyncString --include Host/SyncStrings.h
                     -o "${directory}/${header}" "${form}"
             DEPENDS "${form}"
             VERBATIM)

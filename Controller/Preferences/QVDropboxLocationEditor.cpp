@@ -1,8 +1,8 @@
 #include "Controller/Preferences/QVDropboxLocationEditor.h"
 
 #include "Host/QVDropboxSessionManager.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
-#include "Platform/Foundation/Localization.h"
 
 QVDropboxLocationEditor::QVDropboxLocationEditor(const std::shared_ptr<QVSyncLocation> &location)
     : QVSyncLocationEditor(QStringLiteral("QVDropboxLocationEditor"), location),

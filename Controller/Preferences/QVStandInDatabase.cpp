@@ -6,7 +6,7 @@
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncStore.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/NotificationCenter.h"
 

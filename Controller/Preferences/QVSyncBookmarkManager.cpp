@@ -1,8 +1,8 @@
 #include "Controller/Preferences/QVSyncBookmarkManager.h"
 
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
-#include "Platform/Foundation/Localization.h"
 #include "Platform/Foundation/Log.h"
 #include "Platform/Interface/OpenPanel.h"
 

@@ -4,9 +4,9 @@
 #include <QtWidgets/QApplication>
 
 #include "Host/QVSyncPlugin.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/DispatchGroup.h"
-#include "Platform/Foundation/Localization.h"
 #include "Platform/Foundation/Log.h"
 #include "Platform/KeyValue/Binding.h"
 

@@ -3,7 +3,7 @@
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Host/ClassRegistry.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/QVApplication.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/Network/NetService.h"

@@ -14,7 +14,7 @@
 #include "Engine/DirectConnection/PersonsAnswer.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Locations/EngineSyncLocation.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 using namespace DirectConnectionMessage;
 

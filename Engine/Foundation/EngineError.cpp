@@ -1,6 +1,6 @@
 #include "Engine/Foundation/EngineError.h"
 
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 Error engineError(EngineErrorCode code, const QString &description) {
     return {EngineErrorDomain, static_cast<int>(code), description, {}};

@@ -4,7 +4,7 @@
 #include <QtGui/QIcon>
 
 #include "Engine/DirectConnection/DirectConnection.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 EngineLocationFormatter::EngineLocationFormatter(const Url &URL) {
     const QString scheme = URL.scheme();

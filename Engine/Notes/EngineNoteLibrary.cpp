@@ -6,8 +6,8 @@
 #include "Engine/Notes/InboxUUID.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/Notifications.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
-#include "Platform/Foundation/Localization.h"
 #include "Platform/Foundation/NotificationCenter.h"
 
 namespace {

@@ -1,8 +1,7 @@
 #include "Engine/Plugin/SyncEngine.h"
 
-#include <QtCore/QCoreApplication>
-
 #include "Engine/Stores/EngineStore.h"
+#include "Host/SyncStrings.h"
 
 SyncEngine::SyncEngine()
     : m_library(m_profile),
@@ -12,6 +11,7 @@ SyncEngine::SyncEngine()
 
 SyncEngine::~SyncEngine() {
     EngineStore::endAll();
+    removeLocalizationTables(&m_translator);
 }
 
 std::optional<Error> SyncEngine::openProfile(const QString &directory, FirstContents contents) {
@@ -42,6 +42,7 @@ std::optional<Error> SyncEngine::load() {
 void SyncEngine::installTranslation() {
     if (m_translator.load(QLocale(), QStringLiteral("Sync"), QStringLiteral("_"),
                           QStringLiteral(":/VelmoraSync/Translations"))) {
-        QCoreApplication::installTranslator(&m_translator);
+        setLocalizationTable(SyncTable, &m_translator);
+        setLocalizationTable(PlatformTable, &m_translator);
     }
 }

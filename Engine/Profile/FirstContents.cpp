@@ -7,7 +7,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/Url.h"
 
 namespace {

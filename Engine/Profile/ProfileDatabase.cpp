@@ -8,7 +8,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfileUpgrade.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 

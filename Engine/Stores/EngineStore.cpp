@@ -11,7 +11,7 @@
 #include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Stores/EngineRemoteDatabase.h"
 #include "Host/QVSyncLocation.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 

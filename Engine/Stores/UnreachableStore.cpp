@@ -1,7 +1,7 @@
 #include "Engine/Stores/UnreachableStore.h"
 
 #include "Engine/Foundation/EngineError.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 Expected<void> UnreachableStore::open(const EngineFuture & /*future*/) {
     return failure(reason());

@@ -7,7 +7,7 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/QVApplication.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 

@@ -18,8 +18,8 @@
 #include <array>
 #include <cstring>
 
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
-#include "Platform/Foundation/Localization.h"
 
 using namespace CommonCryptoErrorDomain;
 

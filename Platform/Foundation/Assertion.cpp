@@ -1,5 +1,6 @@
 #include "Platform/Foundation/Assertion.h"
 
+#include <QtCore/QCoreApplication>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -13,7 +14,9 @@ QString makeReport(const QString &message, const QString &method, const QString 
 }
 
 void report(const char *reason) {
-    std::fprintf(stderr, "Velmora stopped because of %s\n", reason);
+    const QByteArray program = QCoreApplication::applicationName().toUtf8();
+    std::fprintf(stderr, "%s stopped because of %s\n",
+                 program.isEmpty() ? "The program" : program.constData(), reason);
 }
 
 [[noreturn]] void reportAndAbort() {

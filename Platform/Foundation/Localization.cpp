@@ -1,7 +1,37 @@
 #include "Platform/Foundation/Localization.h"
 
-#include <QtCore/QCoreApplication>
+#include <QtCore/QHash>
+#include <QtCore/QReadWriteLock>
+#include <QtCore/QTranslator>
 
-QString localizedSyncString(const char *key, const char * /*comment*/) {
-    return QCoreApplication::translate("Sync", key);
+namespace {
+
+struct Tables {
+    QReadWriteLock lock;
+    QHash<QByteArray, const QTranslator *> translators;
+};
+
+Tables &tables() {
+    static Tables all;
+    return all;
+}
+
+}  // namespace
+
+QString localizedString(const char *table, const char *key) {
+    const QReadLocker lock(&tables().lock);
+    const QTranslator *translator =
+        tables().translators.value(QByteArray::fromRawData(table, qstrlen(table)));
+    const QString text = translator ? translator->translate(table, key) : QString();
+    return text.isEmpty() ? QString::fromUtf8(key) : text;
+}
+
+void setLocalizationTable(const QByteArray &table, const QTranslator *translator) {
+    const QWriteLocker lock(&tables().lock);
+    tables().translators.insert(table, translator);
+}
+
+void removeLocalizationTables(const QTranslator *translator) {
+    const QWriteLocker lock(&tables().lock);
+    tables().translators.removeIf([=](const auto &entry) { return entry.value() == translator; });
 }

@@ -1,10 +1,29 @@
 #pragma once
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 
 #include "Platform/PlatformExport.h"
 
-/// `key`, an English text in UTF-8, in the person's language as the table "Sync" of the sync
-/// plug-in has it; the key itself where the table has nothing. The second parameter serves uic and
-/// is not read.
-PLATFORM_EXPORT QString localizedSyncString(const char *key, const char *comment = nullptr);
+class QTranslator;
+
+/// Returns `key`, an English text in UTF-8, in the user's language as the table `table` has it.
+///
+/// Only the translator that was set for the table is searched; translators that are installed in
+/// the application are not, even if they know a context of the same name. Returns the key itself if
+/// the table has no translator or the translator has no such text. Thread-safe.
+PLATFORM_EXPORT QString localizedString(const char *table, const char *key);
+
+/// The table of Platform's own texts.
+inline constexpr char PlatformTable[] = "Platform";
+
+/// Makes `translator` the source of the texts of `table`, which is the name of a context in it.
+///
+/// The translator is not owned. It must not be null, and must be removed by
+/// `removeLocalizationTables` before it is destroyed. Replaces an earlier translator of the same
+/// table. Thread-safe.
+PLATFORM_EXPORT void setLocalizationTable(const QByteArray &table, const QTranslator *translator);
+
+/// Removes `translator` from each table whose source it still is. Thread-safe; no other thread uses
+/// the translator any more when this returns.
+PLATFORM_EXPORT void removeLocalizationTables(const QTranslator *translator);

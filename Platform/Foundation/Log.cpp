@@ -23,7 +23,7 @@ void handleMessage(QtMsgType type, const QMessageLogContext &context, const QStr
 }  // namespace
 
 const QLoggingCategory &category() {
-    static const QLoggingCategory syncCategory("velmora.sync");
+    static const QLoggingCategory syncCategory("sync");
     return syncCategory;
 }
 

@@ -13,11 +13,11 @@ QString relativeDateString(const QDateTime &date, const QDateTime &now) {
     const QString time = locale.toString(local.time(), QLocale::ShortFormat);
     switch (now.date().daysTo(local.date())) {
         case -1:
-            return localizedSyncString("yesterday at %1").arg(time);
+            return localizedString(PlatformTable, "yesterday at %1").arg(time);
         case 0:
-            return localizedSyncString("today at %1").arg(time);
+            return localizedString(PlatformTable, "today at %1").arg(time);
         case 1:
-            return localizedSyncString("tomorrow at %1").arg(time);
+            return localizedString(PlatformTable, "tomorrow at %1").arg(time);
         default:
             return locale.toString(local, QLocale::ShortFormat);
     }

@@ -52,5 +52,5 @@ public:
                                                                std::optional<Error> *error) = 0;
 };
 
-#define PreferencePanePlugIn_iid "velmora.PreferencePanePlugIn/1"
+#define PreferencePanePlugIn_iid "PreferencePanePlugIn/1"
 Q_DECLARE_INTERFACE(PreferencePanePlugIn, PreferencePanePlugIn_iid)

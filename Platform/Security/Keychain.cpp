@@ -1,5 +1,6 @@
 #include "Platform/Security/Keychain.h"
 
+#include "Platform/Security/SecretNames.h"
 #include "Platform/Security/SecretStore.h"
 
 namespace {
@@ -7,7 +8,7 @@ namespace {
 const QByteArray AccountAttribute = QByteArrayLiteral("account");
 
 SecretAttributes serviceAttributes(const QByteArray &service) {
-    return {{"xdg:schema", "velmora.GenericPassword"}, {"service", service}};
+    return {{"xdg:schema", secretSchema("GenericPassword")}, {"service", service}};
 }
 
 SecretAttributes itemAttributes(const QByteArray &service, const QByteArray &account) {
@@ -26,7 +27,7 @@ Keychain &Keychain::shared() {
 void Keychain::setPassword(const QString &service, const QString &account,
                            const QByteArray &password) {
     m_store.set({.attributes = itemAttributes(service.toUtf8(), account.toUtf8()),
-                 .label = QStringLiteral("Velmora: %1").arg(account),
+                 .label = secretLabel(account),
                  .secret = password});
 }
 

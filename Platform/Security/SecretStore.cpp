@@ -34,20 +34,23 @@ Error errorFor(Failure failure) {
     QString reason;
     switch (failure) {
         case Failure::NoService:
-            reason = localizedSyncString("No password service is running on this computer.");
+            reason =
+                localizedString(PlatformTable, "No password service is running on this computer.");
             break;
         case Failure::Locked:
-            reason = localizedSyncString("The keyring is locked.");
+            reason = localizedString(PlatformTable, "The keyring is locked.");
             break;
         case Failure::Broken:
         case Failure::Cancelled:
-            reason = localizedSyncString("The password service does not work.");
+            reason = localizedString(PlatformTable, "The password service does not work.");
             break;
     }
     return {.domain = QStringLiteral("SecretStore"),
             .code = static_cast<int>(failure),
-            .localizedDescription = localizedSyncString(
-                "Passwords cannot be saved. They are kept until you quit Velmora."),
+            .localizedDescription =
+                localizedString(PlatformTable,
+                                "Passwords cannot be saved. They are kept until you quit %1.")
+                    .arg(QCoreApplication::applicationName()),
             .localizedFailureReason = reason};
 }
 

@@ -1,5 +1,6 @@
 #include "Platform/Security/UrlCredentialStorage.h"
 
+#include "Platform/Security/SecretNames.h"
 #include "Platform/Security/SecretStore.h"
 
 namespace {
@@ -9,7 +10,7 @@ const QByteArray UserAttribute = QByteArrayLiteral("user");
 /// Every item has the same attributes, an absent realm included: the Secret Service replaces and
 /// finds by what is there, not by what is missing.
 SecretAttributes spaceAttributes(const UrlProtectionSpace &space, const char *schema) {
-    return {{"xdg:schema", schema},
+    return {{"xdg:schema", secretSchema(schema)},
             {"host", space.host.toUtf8()},
             {"port", QByteArray::number(space.port)},
             {"protocol", space.protocol.toUtf8()},
@@ -19,13 +20,13 @@ SecretAttributes spaceAttributes(const UrlProtectionSpace &space, const char *sc
 }
 
 SecretAttributes credentialAttributes(const UrlProtectionSpace &space) {
-    return spaceAttributes(space, "velmora.UrlCredential");
+    return spaceAttributes(space, "UrlCredential");
 }
 
 /// The attributes of the item that holds, in place of a password, the user of the default
 /// credential.
 SecretAttributes defaultUserAttributes(const UrlProtectionSpace &space) {
-    return spaceAttributes(space, "velmora.UrlCredential.DefaultUser");
+    return spaceAttributes(space, "UrlCredential.DefaultUser");
 }
 
 SecretKeeping keepingOf(const UrlCredential &credential) {
@@ -82,7 +83,7 @@ void UrlCredentialStorage::setCredentialForProtectionSpace(
         return;
     }
     StoredSecret item{.attributes = credentialAttributes(*space),
-                      .label = QStringLiteral("Velmora: %1@%2").arg(credential.user, space->host),
+                      .label = secretLabel(credential.user + u'@' + space->host),
                       .secret = credential.password.toUtf8(),
                       .keeping = keepingOf(credential)};
     item.attributes.emplace(UserAttribute, credential.user.toUtf8());
@@ -96,7 +97,7 @@ void UrlCredentialStorage::setDefaultCredentialForProtectionSpace(
     }
     setCredentialForProtectionSpace(credential, space);
     m_store.set({.attributes = defaultUserAttributes(*space),
-                 .label = QStringLiteral("Velmora: user at %1").arg(space->host),
+                 .label = secretLabel(QStringLiteral("user at %1").arg(space->host)),
                  .secret = credential.user.toUtf8(),
                  .keeping = keepingOf(credential)});
 }

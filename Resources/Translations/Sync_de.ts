@@ -584,18 +584,6 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>am</translation>
     </message>
     <message>
-        <source>today at %1</source>
-        <translation>heute um %1</translation>
-    </message>
-    <message>
-        <source>tomorrow at %1</source>
-        <translation>morgen um %1</translation>
-    </message>
-    <message>
-        <source>yesterday at %1</source>
-        <translation>gestern um %1</translation>
-    </message>
-    <message>
         <source>New</source>
         <translation>Neu</translation>
     </message>
@@ -606,22 +594,6 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>Save</source>
         <translation>Sichern</translation>
-    </message>
-    <message>
-        <source>Passwords cannot be saved. They are kept until you quit Velmora.</source>
-        <translation>Passwörter können nicht gesichert werden. Sie bleiben erhalten, bis Velmora beendet wird.</translation>
-    </message>
-    <message>
-        <source>No password service is running on this computer.</source>
-        <translation>Auf diesem Computer läuft kein Passwortdienst.</translation>
-    </message>
-    <message>
-        <source>The keyring is locked.</source>
-        <translation>Der Schlüsselbund ist gesperrt.</translation>
-    </message>
-    <message>
-        <source>The password service does not work.</source>
-        <translation>Der Passwortdienst funktioniert nicht.</translation>
     </message>
     <message>
         <source>Import…</source>
@@ -778,10 +750,6 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>Choose…</source>
         <translation>Wählen …</translation>
-    </message>
-    <message>
-        <source>The folder “%1” could not be made.</source>
-        <translation>Der Ordner „%1“ konnte nicht angelegt werden.</translation>
     </message>
     <message>
         <source>The certificate “%1” of this computer cannot be made.</source>
@@ -1082,6 +1050,41 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>Velmora has no access to the folder “%1”. Grant it under Folder Access.</source>
         <translation>Velmora hat keinen Zugriff auf den Ordner „%1“. Erlauben Sie ihn unter „Ordnerzugriff“.</translation>
+    </message>
+</context>
+<context>
+    <name>Platform</name>
+    <message>
+        <source>No password service is running on this computer.</source>
+        <translation>Auf diesem Computer läuft kein Passwortdienst.</translation>
+    </message>
+    <message>
+        <source>The keyring is locked.</source>
+        <translation>Der Schlüsselbund ist gesperrt.</translation>
+    </message>
+    <message>
+        <source>The password service does not work.</source>
+        <translation>Der Passwortdienst funktioniert nicht.</translation>
+    </message>
+    <message>
+        <source>Passwords cannot be saved. They are kept until you quit %1.</source>
+        <translation>Passwörter können nicht gesichert werden. Sie bleiben erhalten, bis %1 beendet wird.</translation>
+    </message>
+    <message>
+        <source>yesterday at %1</source>
+        <translation>gestern um %1</translation>
+    </message>
+    <message>
+        <source>today at %1</source>
+        <translation>heute um %1</translation>
+    </message>
+    <message>
+        <source>tomorrow at %1</source>
+        <translation>morgen um %1</translation>
+    </message>
+    <message>
+        <source>The folder “%1” could not be made.</source>
+        <translation>Der Ordner „%1“ konnte nicht angelegt werden.</translation>
     </message>
 </context>
 </TS>

@@ -35,7 +35,7 @@ private Q_SLOTS:
         QTRY_COMPARE(messageBoxes().size(), 1);
         QMessageBox *box = messageBoxes().first();
         QCOMPARE(box->text(), QStringLiteral("Passwords cannot be saved. "
-                                             "They are kept until you quit Velmora."));
+                                             "They are kept until you quit velmora-tests."));
         QCOMPARE(box->informativeText(),
                  QStringLiteral("No password service is running on this computer."));
         box->close();

@@ -12,7 +12,7 @@
 #include "Engine/Stores/Dropbox/DropboxRedirectListener.h"
 #include "Engine/Stores/Dropbox/DropboxTokenEndpoint.h"
 #include "Engine/Stores/Http/FormEncoding.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Interface/Workspace.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <QtNetwork/QHostAddress>
 
 #include "Engine/Foundation/EngineError.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/UserDefaults.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include "Engine/Stores/Dropbox/DropboxError.h"
 
 #include "Engine/Foundation/EngineError.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 Error DropboxError::notSignedIn(const QString &account) {
     return engineError(EngineErrorCode::AccessDenied,

@@ -7,7 +7,7 @@
 #include <QtNetwork/QTcpSocket>
 
 #include "Engine/Foundation/EngineError.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 

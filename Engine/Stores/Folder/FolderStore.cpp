@@ -13,7 +13,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Folder/FolderGrants.h"
 #include "Engine/Stores/Folder/MountedVolumes.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 

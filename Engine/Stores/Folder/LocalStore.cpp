@@ -9,7 +9,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/InboxUUID.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 LocalStore::LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path)
     : EngineStore(location), m_path(path) {}

@@ -6,7 +6,7 @@
 #include "Application/Interface/QuestionPresenter.h"
 #include "Engine/Foundation/MainThreadQueue.h"
 #include "Host/QVApplication.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 

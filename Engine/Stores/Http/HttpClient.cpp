@@ -5,7 +5,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Http/HttpExchange.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <QtNetwork/QSslError>
 
 #include "Engine/Foundation/EngineError.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 

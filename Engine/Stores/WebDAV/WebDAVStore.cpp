@@ -3,7 +3,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Engine/Stores/WebDAV/WebDAVMultiStatus.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 
 namespace {

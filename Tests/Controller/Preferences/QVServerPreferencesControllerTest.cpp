@@ -42,7 +42,7 @@ class QVServerPreferencesControllerTest : public QObject {
     /// Makes the controller anew, as the next opening of the sheet does.
     void reopen() { m_controller = QVServerPreferencesController::controller(); }
     static QMap<QString, QString> itemAttributes(const QString &client) {
-        return {{QStringLiteral("xdg:schema"), QStringLiteral("velmora.GenericPassword")},
+        return {{QStringLiteral("xdg:schema"), QStringLiteral("velmora-tests.GenericPassword")},
                 {QStringLiteral("service"), QVDirectConnectionClientAuthorizationServiceName()},
                 {QStringLiteral("account"), client}};
     }

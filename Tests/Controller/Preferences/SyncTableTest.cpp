@@ -38,7 +38,8 @@ private Q_SLOTS:
             read(QStringLiteral(VELMORA_SOURCE_DIR "/Resources/Translations/Sync_de.ts"));
         QStringList texts = captured("Resources/Interface", "*.ui", "<string>([^<]+)</string>");
         for (const char *folder : {"Controller", "View", "Platform"}) {
-            texts += captured(folder, "*.cpp", "localizedSyncString\\(\\s*\"([^\"]+)\"");
+            texts += captured(folder, "*.cpp",
+                              "localized(?:Sync)?String\\((?:PlatformTable,)?\\s*\"([^\"]+)\"");
         }
         QVERIFY(texts.size() > 30);
         for (const QString &text : std::as_const(texts)) {

@@ -1,5 +1,5 @@
 #include "Engine/Locations/EngineLocationFormatter.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -85,10 +85,11 @@ private Q_SLOTS:
         const QString translated = QString::fromUtf8(table.readAll());
         static const QRegularExpression text(
             QStringLiteral("(?:localizedSyncString\\(|EngineErrorCode::\\w+,)\\s*\"([^\"]+)\""));
-        const QDir folder(QStringLiteral(VELMORA_SOURCE_DIR "/Engine"));
+        QDirIterator sources(QStringLiteral(VELMORA_SOURCE_DIR "/Engine"),
+                             {QStringLiteral("*.cpp")}, QDir::Files, QDirIterator::Subdirectories);
         int found = 0;
-        for (const QString &name : folder.entryList({QStringLiteral("*.cpp")})) {
-            QFile source(folder.filePath(name));
+        while (sources.hasNext()) {
+            QFile source(sources.next());
             QVERIFY(source.open(QIODevice::ReadOnly));
             auto matches = text.globalMatch(QString::fromUtf8(source.readAll()));
             while (matches.hasNext()) {

@@ -56,7 +56,8 @@ private Q_SLOTS:
     void anUncaughtFailureEndsTheProgramInWords_data() {
         QTest::addColumn<QString>("words");
         const QString failure = QStringLiteral(
-            "Velmora stopped because of a programming error: Invalid parameter not satisfying: "
+            "velmora-tests stopped because of a programming error: Invalid parameter not "
+            "satisfying: "
             "window != nil (in method, file)\n");
         QTest::newRow("main") << failure;
         QTest::newRow("event loop") << failure;
@@ -64,11 +65,11 @@ private Q_SLOTS:
         QTest::newRow("thread") << failure;
         QTest::newRow("destructor") << failure;
         QTest::newRow("other exception")
-            << QStringLiteral("Velmora stopped because of a programming error: bad\n");
+            << QStringLiteral("velmora-tests stopped because of a programming error: bad\n");
         QTest::newRow("no exception class")
-            << QStringLiteral("Velmora stopped because of an unknown programming error.\n");
+            << QStringLiteral("velmora-tests stopped because of an unknown programming error.\n");
         QTest::newRow("terminate")
-            << QStringLiteral("Velmora stopped because of an unknown programming error.\n");
+            << QStringLiteral("velmora-tests stopped because of an unknown programming error.\n");
     }
     void anUncaughtFailureEndsTheProgramInWords() {
         QFETCH(QString, words);

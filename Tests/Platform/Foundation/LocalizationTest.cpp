@@ -2,7 +2,7 @@
 
 #include "Support/TestMain.h"
 
-/// The table "Sync" in German, as far as it goes.
+/// A German table of one text.
 class GermanTable : public QTranslator {
     Q_OBJECT
 public:
@@ -18,19 +18,35 @@ class LocalizationTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void withoutATableTheKeyIsTheText() {
-        QCOMPARE(localizedSyncString("Add Location…"), QStringLiteral("Add Location…"));
-        QCOMPARE(localizedSyncString(""), QString());
+        QCOMPARE(localizedString("Sync", "Add Location…"), QStringLiteral("Add Location…"));
+        QCOMPARE(localizedString("Sync", ""), QString());
     }
 
-    void theTableSyncGivesTheTextAndTheKeyWhereItHasNone() {
+    void aTableGivesItsTextsAndTheKeyIfItHasNone() {
+        const GermanTable table;
+        setLocalizationTable("Sync", &table);
+        QCOMPARE(localizedString("Sync", "Add Location…"), QStringLiteral("Ort hinzufügen …"));
+        QCOMPARE(localizedString("Sync", "Remove"), QStringLiteral("Remove"));
+        QCOMPARE(localizedString("Other", "Add Location…"), QStringLiteral("Add Location…"));
+        removeLocalizationTables(&table);
+        QCOMPARE(localizedString("Sync", "Add Location…"), QStringLiteral("Add Location…"));
+    }
+
+    void aTranslatorOfTheApplicationIsNotSearched() {
         GermanTable table;
         QVERIFY(QCoreApplication::installTranslator(&table));
-        QCOMPARE(localizedSyncString("Add Location…"), QStringLiteral("Ort hinzufügen …"));
-        QCOMPARE(localizedSyncString("Add Location…", "comment"),
-                 QStringLiteral("Ort hinzufügen …"));
-        QCOMPARE(localizedSyncString("Remove"), QStringLiteral("Remove"));
+        QCOMPARE(localizedString("Sync", "Add Location…"), QStringLiteral("Add Location…"));
         QCoreApplication::removeTranslator(&table);
-        QCOMPARE(localizedSyncString("Add Location…"), QStringLiteral("Add Location…"));
+    }
+
+    void removingAReplacedTranslatorKeepsTheTable() {
+        const GermanTable first;
+        const GermanTable second;
+        setLocalizationTable("Sync", &first);
+        setLocalizationTable("Sync", &second);
+        removeLocalizationTables(&first);
+        QCOMPARE(localizedString("Sync", "Add Location…"), QStringLiteral("Ort hinzufügen …"));
+        removeLocalizationTables(&second);
     }
 };
 

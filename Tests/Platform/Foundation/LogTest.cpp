@@ -98,7 +98,7 @@ private Q_SLOTS:
         qInstallMessageHandler(before);
         QCOMPARE(caught.size(), 1);
         QCOMPARE(caught[0].type, QtInfoMsg);
-        QCOMPARE(caught[0].category, QStringLiteral("velmora.sync"));
+        QCOMPARE(caught[0].category, QStringLiteral("sync"));
         QCOMPARE(caught[0].text, text);
     }
 

@@ -30,7 +30,7 @@ class KeychainTest : public QObject {
 
     void addForeignItem(const QMap<QString, QString> &attributes) {
         QMap<QString, QString> all = attributes;
-        all.insert(QStringLiteral("xdg:schema"), QStringLiteral("velmora.GenericPassword"));
+        all.insert(QStringLiteral("xdg:schema"), QStringLiteral("velmora-tests.GenericPassword"));
         all.insert(QStringLiteral("service"), Service);
         m_service->addItem(all, "foreign");
     }

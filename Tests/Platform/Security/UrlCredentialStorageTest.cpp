@@ -257,6 +257,8 @@ private Q_SLOTS:
 
 VELMORA_TEST_PROGRAM(UrlCredentialStorageTest)(int argumentCount, char **arguments) {
     if (argumentCount > 1 && qstrcmp(arguments[1], "--other-process") == 0) {
+        // Items are found by the application that has stored them.
+        QCoreApplication::setApplicationName(QStringLiteral("velmora-tests"));
         const QCoreApplication application(argumentCount, arguments);
         return runAsOtherProcess(QCoreApplication::arguments());
     }

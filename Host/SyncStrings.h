@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Platform/Foundation/Localization.h"
+
+/// The table of the sync plug-in's texts, which the pane and the engine share.
+inline constexpr char SyncTable[] = "Sync";
+
+/// Returns `key`, an English text in UTF-8, in the user's language as the sync plug-in's own table
+/// has it, or `key` if the table has no such text. Thread-safe.
+///
+/// The second parameter exists for code that uic generates and is ignored.
+inline QString localizedSyncString(const char *key, const char * /*comment*/ = nullptr) {
+    return localizedString(SyncTable, key);
+}

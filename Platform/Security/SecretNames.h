@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QString>
+
+/// Returns the value of an item's attribute "xdg:schema" for secrets of the kind `kind`: the name
+/// of the application in lower case, a point, and the kind. It keeps the items of different
+/// applications apart and must not change between two versions of one application.
+inline QByteArray secretSchema(const char *kind) {
+    return QCoreApplication::applicationName().toLower().toUtf8() + '.' + kind;
+}
+
+/// Returns the label under which the desktop's password manager lists an item of this application.
+inline QString secretLabel(const QString &item) {
+    return QStringLiteral("%1: %2").arg(QCoreApplication::applicationName(), item);
+}
