@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QtCore/QString>
-#include <QtGui/QPixmap>
 #include <memory>
 
 #include "Host/ClassRegistry.h"
 #include "Platform/Foundation/Url.h"
+
+class QPixmap;
 
 /// Describes a location for display. A formatter is created for one URL, which does not change; the
 /// caller owns it. Must be used on the main thread.

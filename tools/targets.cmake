@@ -12,19 +12,65 @@ function(velmora_sources variable)
     set(${variable} "${found}" PARENT_SCOPE)
 endfunction()
 
-# Qt's headers, precompiled once for all targets.
-file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/QtHeaders.cpp" CONTENT "")
-add_library(QtHeaders STATIC "${PROJECT_BINARY_DIR}/QtHeaders.cpp")
-set_target_properties(QtHeaders PROPERTIES AUTOMOC OFF AUTORCC OFF)
-target_link_libraries(QtHeaders PRIVATE Qt6::Widgets)
-target_precompile_headers(QtHeaders PRIVATE <QtCore/QtCore> <QtWidgets/QtWidgets> <functional> <memory>)
+# Makes the library NAME, which precompiles the headers of the Qt modules in ARGN for other targets.
+function(velmora_precompiled_headers name)
+    file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/${name}.cpp" CONTENT "")
+    add_library(${name} STATIC "${PROJECT_BINARY_DIR}/${name}.cpp")
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTORCC OFF)
+    set(headers <functional> <memory>)
+    foreach(module IN LISTS ARGN)
+        target_link_libraries(${name} PRIVATE Qt6::${module})
+        list(APPEND headers <Qt${module}/Qt${module}>)
+    endforeach()
+    target_precompile_headers(${name} PRIVATE ${headers})
+endfunction()
 
-# Sets what every target of ours has: includes from the root, precompiled Qt headers, style.
+velmora_precompiled_headers(CoreHeaders Core)
+velmora_precompiled_headers(WidgetHeaders Core Widgets)
+
+# Sets the properties that all targets share: includes from the root, precompiled Qt headers, and the
+# checks of style and headers. A target links Qt Core only, unless the option WIDGETS is given.
 function(velmora_target target)
+    cmake_parse_arguments(TARGET "WIDGETS" "" "" ${ARGN})
     target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
-    target_link_libraries(${target} PUBLIC Qt6::Widgets)
-    target_precompile_headers(${target} REUSE_FROM QtHeaders)
+    if(TARGET_WIDGETS)
+        target_link_libraries(${target} PUBLIC Qt6::Widgets)
+        target_precompile_headers(${target} REUSE_FROM WidgetHeaders)
+    else()
+        target_link_libraries(${target} PUBLIC Qt6::Core)
+        target_precompile_headers(${target} REUSE_FROM CoreHeaders)
+    endif()
     velmora_style(${target})
+    velmora_headers(${target})
+endfunction()
+
+# The target "headers" compiles each header on its own, so that it includes all that it uses.
+add_custom_target(headers)
+
+function(velmora_headers target)
+    get_target_property(headers ${target} SOURCES)
+    list(FILTER headers INCLUDE REGEX "\\.h$")
+    list(TRANSFORM headers REPLACE "^[^/].*$" "${CMAKE_CURRENT_SOURCE_DIR}/\\0")
+    set(pieces "")
+    foreach(header IN LISTS headers)
+        file(RELATIVE_PATH name "${PROJECT_SOURCE_DIR}" "${header}")
+        set(piece "${PROJECT_BINARY_DIR}/Headers/${name}.cpp")
+        file(CONFIGURE OUTPUT "${piece}" CONTENT "#include \"${header}\"\n" @ONLY)
+        list(APPEND pieces "${piece}")
+    endforeach()
+    if(NOT pieces)
+        return()
+    endif()
+    set(checked "${target}Headers")
+    add_library(${checked} OBJECT EXCLUDE_FROM_ALL ${pieces})
+    set_target_properties(${checked} PROPERTIES
+        AUTOMOC OFF AUTORCC OFF UNITY_BUILD OFF DISABLE_PRECOMPILE_HEADERS ON)
+    target_include_directories(${checked} PRIVATE $<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>)
+    target_compile_definitions(${checked} PRIVATE $<TARGET_PROPERTY:${target},COMPILE_DEFINITIONS>)
+    target_link_libraries(${checked} PRIVATE $<TARGET_PROPERTY:${target},LINK_LIBRARIES>)
+    # Generated headers.
+    add_dependencies(${checked} ${target})
+    add_dependencies(headers ${checked})
 endfunction()
 
 # The target "style" has clang-tidy check everything but tests and benchmarks.
