@@ -49,10 +49,6 @@ bool isEscapedText(QStringView text, const char *others) {
     return true;
 }
 
-bool isVisibleAscii(QChar c) {
-    return c > u' ' && c < QChar(0x7F);
-}
-
 bool isScheme(QStringView text) {
     return !text.isEmpty() && isAlpha(text.front()) &&
            std::all_of(text.begin(), text.end(),
@@ -61,7 +57,9 @@ bool isScheme(QStringView text) {
 
 bool isIPv6Address(QStringView text) {
     std::array<unsigned char, sizeof(in6_addr)> address{};
-    return inet_pton(AF_INET6, text.toLatin1().constData(), address.data()) == 1;
+    // inet_pton would stop at a null character.
+    return !text.contains(QChar::Null) &&
+           inet_pton(AF_INET6, text.toLatin1().constData(), address.data()) == 1;
 }
 
 bool isIPvFuture(QStringView text) {
@@ -125,9 +123,6 @@ QString Url::stringWithoutPassword() const {
 }
 
 bool Url::parse(const QString &text) {
-    if (!std::all_of(text.begin(), text.end(), isVisibleAscii)) {
-        return false;
-    }
     QStringView rest = text;
     const QStringView fragment = cutAfter(rest, u'#');
     const QStringView query = cutAfter(rest, u'?');
