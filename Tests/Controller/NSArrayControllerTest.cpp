@@ -14,11 +14,6 @@ private Q_SLOTS:
         QVERIFY(controller.isEmpty());
     }
 
-    void emptinessDependsOnTheArrangedObjectsAlone() {
-        QCOMPARE(NSArrayController::keyPathsForValuesAffectingIsEmpty(),
-                 KeyValue::KeyPaths({"arrangedObjects"}));
-    }
-
     void emptinessIsAnnouncedOnceAfterTheArrangedObjects() {
         NSArrayController controller;
         QStringList announced;

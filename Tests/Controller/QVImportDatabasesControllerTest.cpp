@@ -397,10 +397,14 @@ private Q_SLOTS:
         QVERIFY(!m_controller->future()->isCancelled());
     }
 
-    void goingBackBeforeAnyFetchIsHarmless() {
+    void goingBackBeforeAnyFetchChangesNothing() {
         run();
         m_controller->returnToLocationsView(nullptr);
         QVERIFY(!m_controller->future());
+        QVERIFY(!m_controller->store());
+        QVERIFY(!m_controller->databases());
+        QVERIFY(!m_controller->remoteError());
+        QCOMPARE(m_completions, 0);
     }
 
     void aLateAnswerOfAnEarlierFetchIsStillShown() {

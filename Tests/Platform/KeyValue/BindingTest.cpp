@@ -421,9 +421,12 @@ private Q_SLOTS:
         Model model;
         auto *target = new Target;
         bind(target, "text", &model, "text", {}, Direction::BothWays);
-        const auto observation = KeyValue::observe(target, "text", [&] { delete target; });
+        const auto observation =
+            KeyValue::observe(target, "text", [&] { delete std::exchange(target, nullptr); });
         model.setText(a);
+        QVERIFY(!target);
         model.setText(b);
+        QCOMPARE(model.text(), b);
     }
 
     void aModelThatChangesWhileItIsShownEndsUpShown() {
