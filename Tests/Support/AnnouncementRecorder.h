@@ -6,7 +6,7 @@
 
 #include "Platform/KeyValue/KeyValue.h"
 
-/// Writes down which keys an object announces, in order.
+/// Records the keys that an object announces, in order.
 class AnnouncementRecorder {
 public:
     explicit AnnouncementRecorder(QObject *object);

@@ -5,15 +5,15 @@
 
 #include "Support/TestApplication.h"
 
-/// The application object of a test that says itself when, and how, questions are answered. It
-/// takes the place of the TestHost's.
+/// Application object of a test that controls when and how questions are answered. Replaces the
+/// TestHost's.
 class AskedPerson : public TestApplication {
 public:
     void ask(const Question &question, std::function<void(bool)> handler) override;
 
-    /// Every question is answered so from now on; those that wait too.
+    /// Answers every question with `answer` from now on, including the waiting ones.
     void answerAll(const std::function<bool(const Question &)> &answer);
-    /// From now on questions wait.
+    /// Lets questions wait until the next call of `answerAll`.
     void think() { m_answer = nullptr; }
     const QList<Question> &asked() const { return m_asked; }
 

@@ -2,7 +2,7 @@
 
 #include <QtCore/QString>
 
-/// For a process that does what the test that started it writes to its standard input: waits for
-/// the next line, and returns it without its end; "end" where there are no more. Reads no further
-/// than that, so that a QSocketNotifier notices what follows.
+/// Reads the next command in a process that is controlled by a test through its standard input.
+/// Blocks until there is a line. Returns it without the line break, or "end" at the end of the
+/// input. Does not read ahead, so that a QSocketNotifier notices the following lines.
 QString nextCommand();

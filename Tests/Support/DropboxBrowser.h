@@ -4,9 +4,8 @@
 #include <QtCore/QUrl>
 #include <QtNetwork/QNetworkAccessManager>
 
-/// The browser of a person who is sent to a DropboxServer: while it exists, every address of the
-/// scheme "http" that this process opens comes here, is loaded, and whatever it leads to. Main
-/// thread.
+/// The browser of a user who is sent to a DropboxServer. While it exists, it loads every "http"
+/// address that this process opens and follows the redirections. Must be used on the main thread.
 class DropboxBrowser : public QObject {
     Q_OBJECT
 public:
@@ -15,15 +14,15 @@ public:
     DropboxBrowser(const DropboxBrowser &) = delete;
     DropboxBrowser &operator=(const DropboxBrowser &) = delete;
 
-    /// From now on an address is only kept.
+    /// Stops loading: later addresses are only recorded.
     void onlyRemember() { m_loads = false; }
-    /// Loads `address` as if the person had typed it.
+    /// Loads `address` as if the user had typed it.
     Q_INVOKABLE void open(const QUrl &address);
     void load(const QUrl &address);
 
-    /// The addresses that were opened.
+    /// The opened addresses, in order.
     const QList<QUrl> &opened() const { return m_opened; }
-    /// The texts of the pages that were shown in the end, and their statuses.
+    /// The texts and HTTP status codes of the pages at which loading ended.
     const QStringList &pages() const { return m_pages; }
     const QList<int> &statuses() const { return m_statuses; }
 

@@ -11,46 +11,45 @@
 
 class QTcpSocket;
 
-/// Dropbox as far as Velmora speaks to it, on this computer's loopback interface: the page where a
-/// person signs in, the token endpoint, and the routes for the account and its files. It takes no
-/// request that is not exactly as it should be, and remembers what was wrong with it. It serves on
-/// a thread of its own; everything may be called from any thread.
+/// The part of Dropbox that Velmora uses, served on the loopback interface: the sign-in page, the
+/// token endpoint, and the routes for the account and its files. Rejects every request that is not
+/// exactly right and records what is wrong with it. Serves on its own thread. Thread-safe.
 class DropboxServer : public QObject {
     Q_OBJECT
 public:
-    /// What the person does on the page.
+    /// What the user does on the sign-in page.
     enum class Person {
         SignsIn,
         Refuses,
-        /// The browser shows the page for ever.
+        /// The browser keeps showing the page.
         LooksAway,
-        /// The browser comes back with neither a code nor an error.
+        /// The browser is redirected with neither a code nor an error.
         GetsLost
     };
-    /// Where tokens are asked for.
+    /// The path of the token endpoint.
     static QString tokenPath() { return QStringLiteral("/oauth2/token"); }
 
     enum class Trouble {
         None,
-        /// Reads, and answers nothing.
+        /// Reads the request and sends no response.
         Stalls,
-        /// Status 200, and no JSON.
+        /// Status 200 with a body that is not JSON.
         AnswersGarbage,
-        /// Status 200, and JSON of another shape.
+        /// Status 200 with JSON of another structure.
         AnswersBesidesTheQuestion,
         /// Status 500.
         BreaksDown,
-        /// Closes the connection in the middle of the answer.
+        /// Closes the connection in the middle of the response.
         HangsUp
     };
 
-    /// Begins to serve. An account without files, whose person signs in.
+    /// Starts serving an account without files, whose user signs in.
     DropboxServer();
     ~DropboxServer() override;
     DropboxServer(const DropboxServer &) = delete;
     DropboxServer &operator=(const DropboxServer &) = delete;
 
-    /// Sets the user defaults by which Velmora finds this server; `forget` removes them.
+    /// Sets the user defaults that direct Velmora to this server; `forget` removes them.
     void configure() const;
     static void forget();
     QUrl address(const QString &path = {}) const;
@@ -59,37 +58,37 @@ public:
     QString email() const;
     void setEmail(const QString &email);
     void setPerson(Person person);
-    /// The access tokens given so far are expired: status 401.
+    /// Expires the access tokens issued so far: requests with them get status 401.
     void expireAccessTokens();
-    /// Nothing given so far is good for anything any more.
+    /// Invalidates every code and token issued so far.
     void revokeEverything();
-    /// How long access tokens are said to live; 4 hours unless set. They live longer.
+    /// Sets the lifetime that responses announce for access tokens (default: 4 hours). They are
+    /// accepted for longer.
     void setSecondsToLive(int seconds);
-    /// The token endpoint gives no refresh token from now on.
+    /// Makes the token endpoint issue no refresh tokens from now on.
     void giveNoRefreshTokens();
-    /// From now on requests to `path`, such as "/2/files/upload", meet trouble.
+    /// Makes requests to `path`, for example "/2/files/upload", fail from now on.
     void setTrouble(const QString &path, Trouble trouble);
-    /// From now on requests to `path` are answered with this.
+    /// Sets the response to every later request to `path`.
     void setAnswer(const QString &path, int status, const QByteArray &body);
     void clearTroubles();
-    /// The next `times` requests to `path` are answered with `status` (429), and Retry-After where
-    /// it is not empty. A request that comes before that time is a violation.
+    /// Rejects the next `times` requests to `path` with `status` (429), and with a Retry-After
+    /// header unless it is empty. A request before that time is a violation.
     void limitRate(const QString &path, int times, const QByteArray &retryAfter, int status = 429);
-    /// How many entries a page of a list has.
+    /// Sets the number of entries on a page of a listing.
     void setPageSize(qsizetype size);
-    /// The next continuation of a list has to begin anew.
+    /// Rejects the next continuation of a listing, which then has to start again.
     void resetNextCursor();
 
-    /// The account's files by their paths.
+    /// The account's files by path.
     QMap<QString, QByteArray> files() const;
     void putFile(const QString &path, const QByteArray &contents);
 
-    /// How often `path` was asked for.
+    /// The number of requests to `path`.
     int count(const QString &path) const;
-    /// What was wrong with requests; of a sound program, nothing.
+    /// What was wrong with requests; empty if the program is correct.
     QStringList violations() const;
-    /// The verifier, codes and tokens there were, none of which may be written anywhere but in the
-    /// secret store.
+    /// All verifiers, codes and tokens so far. None of them may be stored outside the secret store.
     QStringList secrets() const;
 
 private:

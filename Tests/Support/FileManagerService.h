@@ -3,8 +3,8 @@
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
 
-/// A file manager on a session bus, as far as it can be asked to show files selected. It serves
-/// while it exists.
+/// The part of a file manager on a session bus that selects files in a window. Serves while it
+/// exists.
 class FileManagerService : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")

@@ -2,5 +2,5 @@
 
 #include <QtCore/QtGlobal>
 
-/// A TCP port on which nothing of this computer listens just now.
+/// Returns a TCP port of this computer on which nothing listens at the moment.
 quint16 freePort();

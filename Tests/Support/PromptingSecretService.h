@@ -4,22 +4,22 @@
 #include <QtDBus/QDBusVirtualObject>
 #include <atomic>
 
-/// A Secret Service that does nothing without a prompt. Whatever is looked for, it has one item:
-/// locked, unless its name (the attribute "name") is "open". It runs on a thread of its own, on a
-/// bus where there is no other.
+/// A Secret Service that requires a prompt for everything. Every search finds one item, which is
+/// locked unless its attribute "name" is "open". Runs on its own thread, on a bus without another
+/// Secret Service.
 class PromptingSecretService : public QDBusVirtualObject {
 public:
     enum class Person {
         /// Dismisses every prompt.
         Declines,
-        /// Leaves every prompt open, also when the program takes it back.
+        /// Leaves every prompt open, even if the program cancels it.
         LooksAway
     };
 
     PromptingSecretService(const QString &busAddress, Person person);
     ~PromptingSecretService() override;
 
-    /// How many prompts the person has seen.
+    /// The number of prompts shown so far.
     int countOfPrompts() const { return m_countOfPrompts; }
 
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;

@@ -8,7 +8,7 @@
 #include "Host/QVSyncPlugin.h"
 #include "Support/TestApplication.h"
 
-/// A server that only writes down what it is told, in `calls`.
+/// Server that only records its calls, in `calls`.
 class ScriptedConnectionServer : public QVDirectConnectionServer {
 public:
     quint16 port() const override { return m_port; }
@@ -20,7 +20,7 @@ public:
 
     QStringList calls;
     std::shared_ptr<NetService> service;
-    /// Starting fails, silently.
+    /// Whether starting fails without an error.
     bool cannotServe = false;
 
 private:
@@ -30,7 +30,7 @@ private:
     bool m_isServing = false;
 };
 
-/// A future of the engine that remembers which ones it was given, in the order given.
+/// Engine future that records the futures passed to it, in order.
 class RecordingFuture : public EngineFuture {
 public:
     void cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) override;
@@ -40,8 +40,8 @@ public:
     QList<std::shared_ptr<PZFuture>> passes;
 };
 
-/// A host in the place of the engine that only writes down what it is told: what no real one can
-/// be brought to show.
+/// Host that replaces the engine and only records its calls, for states that the engine cannot be
+/// brought into.
 class ScriptedHost {
 public:
     ScriptedHost();
@@ -57,7 +57,7 @@ public:
     /// The locations of the locations controller.
     QList<std::shared_ptr<QVSyncLocation>> locations;
     bool saves = true;
-    /// Every future that was asked for.
+    /// Every future that was created.
     QList<std::shared_ptr<RecordingFuture>> futures;
 
 private:

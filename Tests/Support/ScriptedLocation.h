@@ -6,7 +6,7 @@
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Host/QVSyncStore.h"
 
-/// A future that remembers who cancelled it.
+/// Future that records the thread that cancelled it.
 class ScriptedFuture : public PZFuture {
 public:
     void cancel() override { m_cancellingThread = QThread::currentThread(); }
@@ -20,8 +20,8 @@ private:
     std::atomic<QThread *> m_cancellingThread = nullptr;
 };
 
-/// What each step of the work on a store answers, from a thread of the pool as stores may, and
-/// which steps there were. No real store can be brought to all of this.
+/// The results of the steps of a store, delivered on a thread of the pool, and a record of the
+/// steps. Used where no real store can be brought to produce a result.
 class StoreScript {
 public:
     std::optional<Error> openError;
@@ -29,13 +29,13 @@ public:
     std::optional<Error> fetchError;
     std::optional<Error> closeError;
 
-    /// From now on steps wait with their answers.
+    /// Holds back the results of later steps.
     void hold() { m_isHeld = true; }
-    /// They answer, those still to come too.
+    /// Delivers the results, also of later steps.
     void release();
-    /// "open", "fetch", "close", in the order in which they were asked for. Any thread.
+    /// Returns the steps so far ("open", "fetch", "close"), in order. Thread-safe.
     QStringList steps() const;
-    /// What the last step of that name has returned.
+    /// Returns the future of the last step of that name.
     std::shared_ptr<ScriptedFuture> future(const QString &step) const;
 
     std::shared_ptr<PZFuture> begin(const QString &step, std::function<void()> answer);
@@ -48,7 +48,7 @@ private:
     bool m_isHeld = false;
 };
 
-/// A database as a scripted store delivers it.
+/// A database in a scripted store.
 class ScriptedRecord : public QVRemoteDatabase {
 public:
     ScriptedRecord(const QString &UUID, const QString &name,
@@ -74,7 +74,7 @@ private:
     const std::shared_ptr<QVSyncStore> m_store;
 };
 
-/// A location whose stores follow a script. It keeps its states as the engine does.
+/// A location whose stores follow a script. It stores its states as the engine's locations do.
 class ScriptedLocation : public QVSyncLocation,
                          public std::enable_shared_from_this<ScriptedLocation> {
 public:
@@ -98,7 +98,7 @@ public:
     std::shared_ptr<QVRemoteDatabase> record(const QString &UUID, const QString &name = {}) {
         return std::make_shared<ScriptedRecord>(UUID, name, createStore());
     }
-    /// Called before each store is made.
+    /// Called before each store is created.
     std::function<void()> willCreateStore;
 
 private:

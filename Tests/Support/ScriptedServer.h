@@ -7,21 +7,21 @@
 #include <future>
 #include <memory>
 
-/// A server on a port of this computer that answers each connection as a test's function says, one
-/// after the other, on a thread of its own.
+/// A server on a port of this computer that handles connections with a function of the test, one
+/// after the other, on its own thread.
 class ScriptedServer {
 public:
-    /// One connection, for the function that answers it.
+    /// One connection, passed to the handling function.
     class Connection {
     public:
         Connection(QTcpSocket &socket, const std::atomic<bool> &isEnding);
 
-        /// The next request with its body; empty when the client has closed.
+        /// Waits for the next request. Returns it with its body, or empty if the client has closed.
         QByteArray readRequest();
         void send(const QByteArray &bytes);
-        /// Sends an answer with its length.
+        /// Sends a response with its Content-Length.
         void answer(const QByteArray &statusAndHeaders, const QByteArray &body = {});
-        /// Says nothing more until the client closes, or the test is over.
+        /// Sends nothing more until the client closes or the test ends.
         void waitUntilClosed();
         bool isOpen();
 
@@ -40,7 +40,7 @@ public:
     quint16 port() const { return m_port; }
     /// "http://ida@127.0.0.1:PORT/PATH"
     QString URLText(const QString &path) const;
-    /// How many connections there were.
+    /// The number of connections so far.
     int connections() const { return m_connections; }
 
 private:

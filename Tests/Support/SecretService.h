@@ -5,32 +5,32 @@
 #include <QtCore/QTemporaryDir>
 #include <QtDBus/QDBusConnection>
 
-/// A session bus and a GNOME Keyring of the test's own, in a folder of their own. While it exists
-/// the bus is this process's session bus; but for that, test programs have none, so that nothing
-/// reaches the keyring of a person. What cannot be done raises std::runtime_error.
+/// A private session bus with a private GNOME Keyring, in a temporary folder. While it exists, the
+/// bus is this process's session bus. Otherwise test programs have none, so that they cannot reach
+/// the user's own keyring. Failures throw std::runtime_error.
 class SecretService {
 public:
-    /// Starts both; the keyring is unlocked and empty.
+    /// Starts both. The keyring is unlocked and empty.
     SecretService();
     ~SecretService();
     SecretService(const SecretService &) = delete;
     SecretService &operator=(const SecretService &) = delete;
 
     void startBus();
-    /// Kills it, as when the desktop's session ends; the keyring ends with it.
+    /// Kills the bus, as the end of a desktop session does. The keyring ends with it.
     void stopBus();
-    /// With another password than at first the keyring stays locked.
+    /// Starts the keyring. With another password than the first time it stays locked.
     void startKeyring(const QByteArray &password = "password");
-    /// Kills it, whatever it does.
+    /// Kills the keyring.
     void stopKeyring();
-    /// From now on the keyring reads nothing and answers nothing, until it is stopped.
+    /// Suspends the keyring until it is stopped.
     void freezeKeyring();
-    /// Locks what is in it. Nobody can be asked to unlock it.
+    /// Locks the keyring. No prompt can unlock it.
     void lock();
 
-    /// Adds an item as another program would, also where one has the same attributes.
+    /// Adds an item as another program would, even if one with the same attributes exists.
     void addItem(const QMap<QString, QString> &attributes, const QByteArray &secret);
-    /// How many items have all of `attributes`, locked ones included.
+    /// Returns the number of items with all of `attributes`, including locked ones.
     qsizetype count(const QMap<QString, QString> &attributes) const;
 
     QString busAddress() const { return m_busAddress; }

@@ -7,7 +7,7 @@
 
 class SyncEngine;
 
-/// The application object of a test: it keeps what it was told.
+/// Application object of a test that records its calls.
 class TestApplication : public QVApplication, public QuestionPresenter {
 public:
     struct LogEntry {
@@ -24,7 +24,7 @@ public:
     const QList<Error> &presentedErrors() const { return m_presentedErrors; }
     const QList<LogEntry> &logEntries() const { return m_logEntries; }
     const QList<Question> &questions() const { return m_questions; }
-    /// What every question is answered from now on; refused unless set.
+    /// Sets the answer to every later question (default: refused).
     void answerQuestions(bool accepting) { m_isAccepting = accepting; }
 
     std::shared_ptr<QVDatabase> inbox() const override;

@@ -4,11 +4,11 @@
 #include <QtNetwork/QSslCertificate>
 #include <QtNetwork/QSslConfiguration>
 
-/// An authority of the test's own that issues certificates with openssl's program. Nobody trusts
-/// it, but for tests that let this process do so. What fails raises std::runtime_error.
+/// A private certificate authority that issues certificates with the openssl program. It is
+/// untrusted unless a test makes this process trust it. Failures throw std::runtime_error.
 class TestAuthority {
 public:
-    /// Paths of PEM files, which live as long as the authority.
+    /// Paths of PEM files, which are removed with the authority.
     struct Identity {
         QString certificate;
         QString key;
@@ -17,8 +17,8 @@ public:
     explicit TestAuthority(const QString &name = QStringLiteral("Test Authority"));
 
     QSslCertificate certificate() const;
-    /// The identity of a server of those names, such as "DNS:localhost,IP:127.0.0.1"; with a
-    /// negative number of days it has expired.
+    /// Issues the identity of a server with those names, for example "DNS:localhost,IP:127.0.0.1".
+    /// It has expired if the number of days is negative.
     Identity issue(const QString &names, int days = 1) const;
 
 private:
@@ -27,7 +27,7 @@ private:
     mutable int m_count = 0;
 };
 
-/// While it exists, this process trusts an authority as if it were the system's.
+/// Makes this process trust an authority like the system's while it exists.
 class TrustedAuthority {
 public:
     explicit TrustedAuthority(const TestAuthority &authority);

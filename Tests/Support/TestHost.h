@@ -5,11 +5,11 @@
 #include "Engine/Plugin/SyncEngine.h"
 #include "Support/TestApplication.h"
 
-/// The real engine on a fresh profile of its own, in the test's process. Whatever fails that a test
-/// takes for granted raises std::runtime_error.
+/// The real engine in the test's process, with a new profile in a temporary folder. Failures that a
+/// test does not expect throw std::runtime_error.
 class TestHost {
 public:
-    /// With FirstContents::Inbox: the inbox (open) and no location.
+    /// FirstContents::Inbox gives the open inbox and no location.
     explicit TestHost(FirstContents contents = FirstContents::Inbox);
     ~TestHost();
     TestHost(const TestHost &) = delete;
@@ -22,36 +22,36 @@ public:
     /// The folder of the profile.
     QString directory() const;
 
-    /// Closes the profile without saving and opens it again, as a restart does. All engine objects
-    /// are new after that.
+    /// Closes the profile without saving and opens it again, as a restart does. Replaces all engine
+    /// objects.
     void restart();
-    /// Closes the profile without saving and opens, or makes, that of another computer.
+    /// Closes the profile without saving, and opens or creates the one of another computer.
     void goToComputer(const QString &name);
 
     std::shared_ptr<NoteDatabase> inbox() { return library().inbox(); }
-    /// Makes and opens one.
+    /// Creates and opens a database.
     std::shared_ptr<NoteDatabase> addDatabase(const QString &name);
     void openDatabase(const std::shared_ptr<NoteDatabase> &database);
     void closeDatabase(const std::shared_ptr<NoteDatabase> &database);
     void renameDatabase(const std::shared_ptr<NoteDatabase> &database, const QString &name);
 
-    /// Appends a location with a fresh, empty sync store in a folder. Not saved.
+    /// Appends a location with a new, empty sync store in a folder. Does not save it.
     std::shared_ptr<QVSyncLocation> addLocation();
-    /// Appends a location; a text that does not parse gives one with a nil URL. Not saved.
+    /// Appends a location, with a nil URL if the text does not parse. Does not save it.
     std::shared_ptr<QVSyncLocation> addLocation(const QString &URLText);
-    /// The state of `database` at `location`, made where there is none; the inbox has "@inbox".
+    /// Returns the state of `database` at `location`. Creates it if there is none.
     std::shared_ptr<QVSyncState> addState(const std::shared_ptr<QVSyncLocation> &location,
                                           const std::shared_ptr<QVDatabase> &database);
     static void setLastSynced(const std::shared_ptr<QVSyncState> &state, const QDateTime &date);
-    /// An empty sync store in the test's folder; its URL text.
+    /// Creates an empty sync store in the test's folder and returns the text of its URL.
     QString makeSyncStore(const QString &name);
     /// The location of the databases on this computer.
     std::shared_ptr<QVSyncLocation> localLocation();
     /// Saves all locations.
     void save();
 
-    /// From now on every write of the engine fails, since another connection has taken the lock of
-    /// the profile's database, until `letSavesPass`.
+    /// Makes every write of the engine fail until `letSavesPass`: another connection holds the lock
+    /// of the profile's database.
     void makeSavesFail();
     void letSavesPass();
 

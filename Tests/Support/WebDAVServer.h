@@ -6,23 +6,22 @@
 
 #include "Support/TestAuthority.h"
 
-/// Apache's WebDAV module on a port of this computer, with a configuration of the test's own. Ready
-/// when it was made; ends with the object, and with the process. What fails raises
-/// std::runtime_error with a sentence, also where Apache is not installed.
+/// Apache's WebDAV module on a port of this computer, with a private configuration. Accepts
+/// requests when the constructor returns. Ends with the object or the process. Failures, including
+/// a missing Apache, throw std::runtime_error with a sentence.
 ///
-/// Below "/dav" are `folder()`'s files. Whatever the authentication, "/dav/read-only" can only be
-/// read, and "/dav/forbidden" not even that.
+/// Serves the files of `folder()` below "/dav". With every kind of authentication,
+/// "/dav/read-only" is read-only and "/dav/forbidden" is not accessible.
 class WebDAVServer {
 public:
     enum class Authentication { None, Basic, Digest };
     struct Options {
         Authentication authentication = Authentication::Basic;
-        /// With TLS where there is one.
+        /// Uses TLS if set.
         std::optional<TestAuthority::Identity> identity = {};
-        /// Where the files are; a folder of the server's own unless set. Made where it is not
-        /// there.
+        /// The folder of the files, created if it does not exist (default: a temporary folder).
         QString folder = {};
-        /// A free one unless set.
+        /// The port (default: a free one).
         quint16 port = 0;
     };
 
@@ -37,13 +36,13 @@ public:
 
     quint16 port() const { return m_options.port; }
     QString folder() const { return m_options.folder; }
-    /// "SCHEME://USER@localhost:PORT/dav/PATH", `path` being percent-encoded already.
+    /// Returns "SCHEME://USER@localhost:PORT/dav/PATH". `path` must be percent-encoded.
     QString URLText(const QString &path, const QString &user = User) const;
 
     /// Stores the user's password for this run, as the editor of a location does.
     void storePassword(const QString &password = Password) const;
 
-    /// As when the computer goes down. `start` brings it back at the same port.
+    /// Ends the server, as a shutdown does. `start` starts it again on the same port.
     void stop();
     void start();
 
