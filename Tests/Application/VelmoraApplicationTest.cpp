@@ -30,7 +30,7 @@ class VelmoraApplicationTest : public QObject {
     }
 
 private Q_SLOTS:
-    void thePersonIsToldOnceThatPasswordsCannotBeSaved() {
+    void theUserIsNotifiedOnceThatPasswordsCannotBeSaved() {
         store(QStringLiteral("first"));
         QTRY_COMPARE(messageBoxes().size(), 1);
         QMessageBox *box = messageBoxes().first();

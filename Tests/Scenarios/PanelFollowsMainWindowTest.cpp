@@ -104,7 +104,7 @@ private Q_SLOTS:
         QCOMPARE(panelRows(), before);
     }
 
-    void aNoteThatIsTypedIsSavedWhenThePersonGoesOn() {
+    void aTypedNoteIsSavedWhenTheUserGoesOn() {
         databases()->setCurrentRow(1);
         auto *text = m_window->findChild<QPlainTextEdit *>();
         text->setPlainText(QStringLiteral("typed just now"));

@@ -46,7 +46,7 @@ private Q_SLOTS:
         QVERIFY(!button(picker, "Saturday")->isChecked());
     }
 
-    void aClickTurnsOneDayAndTellsIt() {
+    void aClickTogglesOneDayAndEmitsItsSignal() {
         WeekdayPicker picker;
         picker.setDays(62);
         QSignalSpy changes(&picker, &WeekdayPicker::daysChanged);

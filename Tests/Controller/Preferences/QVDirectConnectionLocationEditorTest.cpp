@@ -193,7 +193,7 @@ private Q_SLOTS:
         QVERIFY(m_editor->services().isEmpty());
     }
 
-    void whoIsGoneIsToldNothing() {
+    void aReleasedEditorIsNoLongerADelegate() {
         const auto service = makeService(QStringLiteral("Studio"));
         find(service);
         m_editor.reset();
@@ -282,7 +282,7 @@ private Q_SLOTS:
                  (QList<std::shared_ptr<PZFuture>>{m_script->future(QStringLiteral("close"))}));
     }
 
-    void aHandlerThatLetsGoOfTheEditorDoesNotKeepItFromPairing() {
+    void aHandlerThatReleasesTheEditorDoesNotPreventPairing() {
         m_location->setURL(URLOf(QStringLiteral("studio.local:5000")));
         m_editor->runLocationEditorModalForWindow(m_parent.get(), true,
                                                   [this](qint64) { m_editor.reset(); });
@@ -293,7 +293,7 @@ private Q_SLOTS:
         QCOMPARE(m_script->steps().last(), QStringLiteral("close"));
     }
 
-    void withoutURLThereIsNobodyToPairWith() {
+    void withoutURLThereIsNoComputerToPairWith() {
         accept();
         QCOMPARE(m_results, QList<qint64>{1});
         QVERIFY(m_script->steps().isEmpty());

@@ -177,7 +177,7 @@ private Q_SLOTS:
         QVERIFY(!part<QCheckBox>("enabledCheckBox")->isChecked());
     }
 
-    void withoutItemsNobodyIsAuthorized() {
+    void withoutItemsNoClientIsAuthorized() {
         QVERIFY(m_controller->authorizedClients().isEmpty());
         QVERIFY(m_host->application.presentedErrors().isEmpty());
         m_controller->window()->show();
@@ -209,7 +209,7 @@ private Q_SLOTS:
         QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Kim")});
     }
 
-    void anUnreadableKeychainMeansNobody() {
+    void anUnreadableKeychainListsNoClients() {
         authorize(QStringLiteral("Kim"));
         m_secretService->stopKeyring();
         reopen();

@@ -198,7 +198,7 @@ private Q_SLOTS:
         QCOMPARE(paths(), QStringList{Home});
     }
 
-    void addingTellsTheHostEachTimeAndShowsOneRow() {
+    void addingCallsTheHostEachTimeAndShowsOneRow() {
         load({});
         m_manager->addBookmarksObject(Work);
         m_manager->addBookmarksObject(Work);
@@ -209,7 +209,7 @@ private Q_SLOTS:
         QCOMPARE(cellPart(0, "textField")->text(), QStringLiteral("Work"));
     }
 
-    void removingTellsTheHostAndTakesTheRowAway() {
+    void removingCallsTheHostAndRemovesTheRow() {
         load({Work, Home});
         m_manager->removeBookmarksObject(Work);
         QCOMPARE(m_host->calls,

@@ -481,7 +481,7 @@ private Q_SLOTS:
         QCOMPARE(m_pane->plugin(), QVSyncPlugin::plugin());
     }
 
-    void everyControlTellsWhatItIs() {
+    void everyControlHasAnAccessibleName() {
         m_host->addLocation();
         showPane();
         QStringList nameless;

@@ -84,7 +84,7 @@ private Q_SLOTS:
         QVERIFY(m_editor->canSchedule());
     }
 
-    void choosingHourlySetsTheDefaultOffsetAndTellsTheDelegateThreeTimes() {
+    void choosingHourlySetsTheDefaultOffsetAndCallsTheDelegateThreeTimes() {
         m_editor->setHourly(true);
         QVERIFY(m_editor->isHourly());
         const auto fresh = dynamic_cast<QVHourlySchedule::Class *>(
@@ -98,7 +98,7 @@ private Q_SLOTS:
         QCOMPARE(m_delegate.m_schedules[2], m_row->schedule());
     }
 
-    void choosingDailyTellsTheDelegateOnce() {
+    void choosingDailyCallsTheDelegateOnce() {
         m_editor->setDaily(true);
         QVERIFY(m_editor->isDaily());
         QVERIFY(m_editor->dailyDate().isValid());

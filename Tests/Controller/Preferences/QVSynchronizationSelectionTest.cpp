@@ -327,7 +327,7 @@ private Q_SLOTS:
         QVERIFY(!row->isMounted());
     }
 
-    void aFetchAnswersTheDatabasesOfTheStore() {
+    void aFetchReturnsTheDatabasesOfTheStore() {
         const auto location = m_host->addLocation();
         putDatabaseRecord(location, QStringLiteral("5c9f2f6e-3f4f-4b55-8a52-0c8a2a0a1b11"),
                           QStringLiteral("Remote"));
@@ -356,7 +356,7 @@ private Q_SLOTS:
         QCOMPARE(activity, QList<bool>({true, false}));
     }
 
-    void aFetchThatCannotOpenTheStoreAnswersTheErrorAlone() {
+    void aFetchThatCannotOpenTheStoreReturnsOnlyTheError() {
         const auto row = Selection::selectionWithDatabase(
             nullptr, m_host->addLocation(QStringLiteral("file:///no/such/Work.qvSyncStore")));
         QList<bool> activity;

@@ -211,7 +211,7 @@ private Q_SLOTS:
         QCOMPARE(serving.count(), 1);
     }
 
-    void aPortInUseIsAnErrorForThePersonAndTheServerDoesNotServe() {
+    void aPortInUseIsPresentedAsAnErrorAndTheServerDoesNotServe() {
         QTcpServer other;
         QVERIFY(other.listen(QHostAddress::Any, m_port));
         server().setPort(m_port);
@@ -243,7 +243,7 @@ private Q_SLOTS:
         QTRY_VERIFY(before.hasEnded());
     }
 
-    void theSamePortWhileServingDisturbsNobody() {
+    void settingTheSamePortWhileServingKeepsTheConnections() {
         serve();
         Client client(m_port);
         QVERIFY(client.waitForEncryption());
@@ -292,7 +292,7 @@ private Q_SLOTS:
                 first.fingerprint());
     }
 
-    void theCertificateNamesNobodyAndDoesNotEnd() {
+    void theCertificateNamesNoComputerAndDoesNotExpire() {
         serve();
         Client client(m_port);
         QVERIFY(client.waitForEncryption());
@@ -316,7 +316,7 @@ private Q_SLOTS:
         QCOMPARE(file.readAll(), QByteArray("no key"));
     }
 
-    void aNewClientIsLetInWhenThePersonSaysSo() {
+    void aNewClientIsAuthorizedIfTheUserAllowsIt() {
         serve();
         Client connection(m_port);
         DirectConnectionPairing client = newClient();
@@ -336,7 +336,7 @@ private Q_SLOTS:
         QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret)), Welcome);
     }
 
-    void aNewClientIsRefusedWhenThePersonSaysSo() {
+    void aNewClientIsRefusedIfTheUserRefusesIt() {
         serve();
         m_person->answerAll(isAStranger);
         Client connection(m_port);
@@ -364,7 +364,7 @@ private Q_SLOTS:
         QCOMPARE(impostor.answerTo(hello(ClientName, former)), Refused);
     }
 
-    void whoeverIsInBetweenHasAnotherCode() {
+    void aManInTheMiddleHasAnotherCode() {
         DirectConnectionPairing client = newClient();
         client.serverFingerprint = QByteArray(32, 's');
         client.serverNonce = DirectConnectionPairing::random();
@@ -380,7 +380,7 @@ private Q_SLOTS:
         QVERIFY(relayed.commitment() != client.commitment());
     }
 
-    void whoeverRevealsSomethingElseThanCommittedIsNotAskedAbout() {
+    void aClientThatBreaksItsCommitmentIsRefusedWithoutAQuestion() {
         serve();
         Client connection(m_port);
         DirectConnectionPairing client = newClient();
@@ -393,7 +393,7 @@ private Q_SLOTS:
         QVERIFY(m_person->asked().isEmpty());
     }
 
-    void namesThatAPersonCannotReadAreNotAskedAbout() {
+    void clientsWithUnprintableNamesAreRefusedWithoutAQuestion() {
         serve();
         for (const QString &name :
              {QString(), QStringLiteral("a\nb"), QString(QChar(0x202e)) + QStringLiteral("moc"),
@@ -429,7 +429,7 @@ private Q_SLOTS:
         QVERIFY(!DirectConnectionClients::isKnown(ClientName));
     }
 
-    void afterARefusalNobodyIsAskedForAWhile() {
+    void afterARefusalTheUserIsNotAskedForAWhile() {
         serve();
         m_person->answerAll(isAStranger);
         Client first(m_port);
@@ -442,7 +442,7 @@ private Q_SLOTS:
         QCOMPARE(m_person->asked().size(), 1);
     }
 
-    void anAnswerAfterTheServerStoppedLetsNobodyIn() {
+    void anAnswerAfterTheServerStoppedAuthorizesNoClient() {
         serve();
         Client connection(m_port);
         DirectConnectionPairing client = newClient();
@@ -456,7 +456,7 @@ private Q_SLOTS:
         m_person->think();
     }
 
-    void anAnswerThatTakesTooLongLetsNobodyIn() {
+    void anAnswerAfterTheDeadlineAuthorizesNoClient() {
         serve({.askingTime = std::chrono::milliseconds(50)});
         Client connection(m_port);
         DirectConnectionPairing client = newClient();
@@ -550,7 +550,7 @@ private Q_SLOTS:
         QCOMPARE(friendly.answerTo(list(QStringLiteral("databases"))), Done);
     }
 
-    void aClientThatDoesNotTakeItsAnswersIsNotReadAnyFurther() {
+    void aClientThatDoesNotReadItsResponsesIsNotReadFrom() {
         serve();
         const QByteArray secret = DirectConnectionPairing::random();
         DirectConnectionClients::authorize(ClientName, secret);

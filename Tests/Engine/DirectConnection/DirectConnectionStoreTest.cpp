@@ -109,7 +109,7 @@ private Q_SLOTS:
         m_person.reset();
     }
 
-    void theFirstOpeningPairsAndBothPersonsSeeTheSameCode() {
+    void theFirstOpeningPairsAndBothUsersSeeTheSameCode() {
         m_person->answerAll(isAnything);
         QCOMPARE(description(open(newStore())), QString());
         QCOMPARE(m_person->asked().size(), 2);
@@ -148,7 +148,7 @@ private Q_SLOTS:
         QCOMPARE(m_person->asked().size(), 4);
     }
 
-    void thePersonAtTheServerMayRefuse() {
+    void theUserAtTheServerMayRefuse() {
         m_person->answerAll([](const Question &question) { return !isServersQuestion(question); });
         const Expected<void> opened = open(newStore());
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
@@ -156,7 +156,7 @@ private Q_SLOTS:
         QCOMPARE(code(open(newStore())), EngineErrorCode::AccessDenied);
     }
 
-    void thePersonAtTheClientMayRefuseAndNothingIsPinned() {
+    void theUserAtTheClientMayRefuseAndNothingIsPinned() {
         m_person->answerAll(isServersQuestion);
         QCOMPARE(code(open(newStore())), EngineErrorCode::Cancelled);
         QCOMPARE(m_person->asked().size(), 2);
@@ -165,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(m_person->asked().size(), 4);
     }
 
-    void cancellingEndsWaitingForThePersons() {
+    void cancellingEndsWaitingForTheUsers() {
         const std::shared_ptr<BlobStore> store = newStore();
         std::optional<Error> result;
         std::atomic<bool> isDone = false;
@@ -181,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(code(result), EngineErrorCode::Cancelled);
     }
 
-    void quittingDoesNotWaitForThePersons() {
+    void quittingDoesNotWaitForTheUsers() {
         newStore()->openWithCompletionHandler([](const std::optional<Error> &) {});
         QTRY_COMPARE_WITH_TIMEOUT(m_person->asked().size(), 2, Patience);
         m_location.reset();

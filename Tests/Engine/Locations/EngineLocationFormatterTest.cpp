@@ -64,7 +64,7 @@ private Q_SLOTS:
         QCOMPARE(iconOf(QStringLiteral("gopher://a")), iconOf(QString()));
     }
 
-    void speaksThePersonsLanguage() {
+    void usesTheLanguageOfTheUser() {
         QLocale::setDefault(QLocale(QLocale::German));
         {
             TestHost host(FirstContents::Welcome);

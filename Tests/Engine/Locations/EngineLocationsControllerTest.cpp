@@ -241,7 +241,7 @@ private Q_SLOTS:
         QCOMPARE(host.locations().syncLocations().at(1)->URL().scheme(), QStringLiteral("gopher"));
     }
 
-    void keepsTheStateOfADatabaseThatNobodyKnows() {
+    void keepsTheStateOfAnUnknownDatabase() {
         TestHost host(FirstContents::Welcome);
         host.locations().syncLocations().first()->addStateForDatabaseWithUUID(
             QStringLiteral("stranger"), QStringLiteral("Stranger"));

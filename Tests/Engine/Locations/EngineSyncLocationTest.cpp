@@ -47,7 +47,7 @@ private Q_SLOTS:
         QCOMPARE(location->synchronizationStates(), QVSyncStates{state});
     }
 
-    void addingAStateForAKnownDatabaseAnswersTheOneThatIsThere() {
+    void addingAStateForAKnownDatabaseReturnsTheExistingOne() {
         const auto location = newLocation();
         const auto state =
             location->addStateForDatabaseWithUUID(DatabaseUUID, QStringLiteral("Projects"));

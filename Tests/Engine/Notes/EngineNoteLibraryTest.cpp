@@ -181,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(database->notes().first().title, QStringLiteral("a"));
     }
 
-    void aDatabaseThatNobodyKnowsIsNotFound() {
+    void anUnknownDatabaseIsNotFound() {
         TestHost host;
         QVERIFY(!QVSyncPlugin::databaseForUUID(QStringLiteral("@inbox"), true));
         QVERIFY(!QVSyncPlugin::databaseForUUID(QString(), true));

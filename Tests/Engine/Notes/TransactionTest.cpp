@@ -40,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(again.allSuperseded().size(), 3);
     }
 
-    void identifiersAreReckonedAsTheFormatSays() {
+    void identifiersAreComputedAsTheFormatDefines() {
         const Operation operation{{},
                                   NoteUUID,
                                   QStringLiteral("Tä"),

@@ -234,7 +234,7 @@ private Q_SLOTS:
         }
     }
 
-    void refusesANewerVersionThatOnlyTheLogTellsOf() {
+    void refusesANewerVersionThatOnlyTheLogHas() {
         {
             ProfileDatabase profile;
             QCOMPARE(profile.open(folder(), [] { return std::nullopt; }), std::nullopt);

@@ -110,7 +110,7 @@ private Q_SLOTS:
         QCOMPARE(result.databases->first()->thread(), qApp->thread());
     }
 
-    void aDamagedRecordIsToldBesideTheOthers_data() {
+    void aDamagedRecordIsReportedAndTheOthersAreListed_data() {
         const QByteArray uuid = FirstUUID.toLatin1();
         QTest::addColumn<QString>("stem");
         QTest::addColumn<QByteArray>("contents");
@@ -137,7 +137,7 @@ private Q_SLOTS:
                                                 QByteArray(FolderStore::RecordLimit, 'n') + "\"}");
     }
 
-    void aDamagedRecordIsToldBesideTheOthers() {
+    void aDamagedRecordIsReportedAndTheOthersAreListed() {
         QFETCH(QString, stem);
         QFETCH(QByteArray, contents);
         const QString sound = QStringLiteral("33333333-3333-4333-8333-333333333333");

@@ -280,7 +280,7 @@ private Q_SLOTS:
         QTRY_COMPARE(calls, 2);
     }
 
-    void whatIsDoneIsToldWhileItIsDone() {
+    void progressIsReportedDuringTheWork() {
         const auto made = m_host->addDatabase(QStringLiteral("Projects"));
         QStringList activities;
         connect(dispatcher(), &QVSyncDispatcher::activityChanged, this,
@@ -320,7 +320,7 @@ private Q_SLOTS:
         QCOMPARE(texts(*database(made->UUID())), QStringList{QStringLiteral("First=1")});
     }
 
-    void cleaningDropsWhatNobodyNeeds() {
+    void cleaningRemovesUnneededOperations() {
         const QString UUID = synchronizedDatabase(QStringLiteral("Projects"))->UUID();
         m_host->goToComputer(There);
         synchronize({state(UUID)});
@@ -372,7 +372,7 @@ private Q_SLOTS:
         QVERIFY(log().last().contains(QStringLiteral("not on this computer")));
     }
 
-    void hostileRecordsAreToldOneByOneAndTheRestGoesOn() {
+    void hostileRecordsAreReportedOneByOneAndTheRestIsSynchronized() {
         const QString UUID = synchronizedDatabase(QStringLiteral("Projects"))->UUID();
         const QString folder = transactions(UUID) + u'/';
         const auto name = [&](int i) {

@@ -19,7 +19,7 @@ class AssertionTest : public QObject {
     }
 
 private Q_SLOTS:
-    void aFailureTellsMessageMethodAndPlace() {
+    void aFailureReportsMessageMethodAndPlace() {
         try {
             failAssertion(QStringLiteral("Näh"), "Class::method", "Controller/Class", 12);
         } catch (const AssertionFailure &failure) {

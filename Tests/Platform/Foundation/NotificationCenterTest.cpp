@@ -100,7 +100,7 @@ private Q_SLOTS:
         QCOMPARE(kept.use_count(), 1L);
     }
 
-    void anObserverRemovedByAnEarlierOneIsNotToldAnyMore() {
+    void anObserverRemovedByAnEarlierOneIsNotCalled() {
         NotificationCenter center;
         QObject first;
         auto second = std::make_unique<QObject>();

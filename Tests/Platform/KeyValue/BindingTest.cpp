@@ -188,7 +188,7 @@ private Q_SLOTS:
         QCOMPARE(model.writes, 0);
     }
 
-    void aTwoWayBindingWritesWhatThePersonChanges() {
+    void aTwoWayBindingWritesTheChangesOfTheUser() {
         Model model;
         QLineEdit edit;
         bind(&edit, "text", &model, "text", {}, Direction::BothWays);

@@ -349,7 +349,7 @@ private Q_SLOTS:
         QCOMPARE(row.use_count(), 1L);
     }
 
-    void anExceptionOnTheWayKeepsTheRestFromBeingToldThisOnceOnly() {
+    void anExceptionKeepsTheOtherObserversFromThisNotificationOnly() {
         Diamond diamond;
         bool isThrowing = true;
         const auto observation = KeyValue::observe(&diamond, "left", [&] {

@@ -282,7 +282,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(witness.failed, 1, Patience);
     }
 
-    void aServiceMayBeLetGoWhileItResolvesAndWhenItIsTold() {
+    void aServiceMayBeReleasedWhileItResolvesAndByItsDelegate() {
         const Published published(QStringLiteral("Here"));
         QTRY_COMPARE_WITH_TIMEOUT(published.witness.published, 1, Patience);
         const auto resolving = [&] {
@@ -301,7 +301,7 @@ private Q_SLOTS:
         QVERIFY(!watched);
     }
 
-    void aBrowserMayBeDeletedWhenItsDelegateIsTold() {
+    void aBrowserMayBeDeletedByItsDelegate() {
         const Published first(QStringLiteral("1"));
         const Published second(QStringLiteral("2"));
         QTRY_COMPARE_WITH_TIMEOUT(second.witness.published, 1, Patience);
@@ -314,7 +314,7 @@ private Q_SLOTS:
         QCOMPARE(m_listener.events.size(), 1);
     }
 
-    void aDelegateThatUnsetsItselfIsToldNothingMore() {
+    void aDelegateThatWasUnsetIsNotCalled() {
         search();
         const Published first(QStringLiteral("1"));
         QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);

@@ -120,7 +120,7 @@ private Q_SLOTS:
         QCOMPARE(Run().keychain.password(Service, Name), bytes);
     }
 
-    void failingToLookUpIsToldFromFindingNothing() {
+    void aFailedLookUpDiffersFromAnEmptyResult() {
         m_service->stopKeyring();
         Run run;
         QVERIFY(!run.keychain.accounts(Service));

@@ -106,7 +106,7 @@ private Q_SLOTS:
         DropboxServer::forget();
     }
 
-    void thePersonSignsInInTheBrowserAndTheAccountIsKnown() {
+    void signingInInTheBrowserMakesTheAccountKnown() {
         const auto outcome = authorize();
         QCOMPARE(outcome->calls, 0);
         QTRY_COMPARE(outcome->calls, 1);
@@ -383,7 +383,7 @@ private Q_SLOTS:
         QVERIFY(outcome->isOnMainThread);
     }
 
-    void whatIsWrongWithDropboxIsToldOnceAndNothingIsKept_data() {
+    void aFailureOfDropboxIsReportedOnceAndNothingIsKept_data() {
         using Trouble = DropboxServer::Trouble;
         QTest::addColumn<QString>("path");
         QTest::addColumn<Trouble>("trouble");
@@ -403,7 +403,7 @@ private Q_SLOTS:
         }
     }
 
-    void whatIsWrongWithDropboxIsToldOnceAndNothingIsKept() {
+    void aFailureOfDropboxIsReportedOnceAndNothingIsKept() {
         QFETCH(QString, path);
         QFETCH(DropboxServer::Trouble, trouble);
         QFETCH(QString, text);

@@ -204,7 +204,7 @@ private Q_SLOTS:
                     .contains(QStringLiteral("is not understood")));
     }
 
-    void aMissingBlobIsToldApart() {
+    void aMissingBlobHasItsOwnError() {
         const auto result = read();
         QCOMPARE(code(result), EngineErrorCode::BlobMissing);
         QVERIFY(description(result).contains(m_server->email()));
@@ -312,7 +312,7 @@ private Q_SLOTS:
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
     }
 
-    void whenTheSignInIsGoodForNothingAnyMoreThePersonIsAskedToSignInAgain() {
+    void anInvalidatedSignInAsksTheUserToSignInAgain() {
         m_server->revokeEverything();
         const Expected<void> result = m_store->open(m_future);
         QCOMPARE(code(result), EngineErrorCode::AccessDenied);
@@ -332,7 +332,7 @@ private Q_SLOTS:
         QCOMPARE(m_server->count(ListPath), 2);
     }
 
-    void withoutARefreshTokenThePersonIsAskedToSignInAgain() {
+    void withoutARefreshTokenTheUserIsAskedToSignInAgain() {
         m_server->giveNoRefreshTokens();
         signIn();
         m_server->expireAccessTokens();
@@ -429,7 +429,7 @@ private Q_SLOTS:
         }
     }
 
-    void whatIsWrongWithTheServerIsTold_data() {
+    void failuresOfTheServerAreReported_data() {
         using Trouble = DropboxServer::Trouble;
         QTest::addColumn<QString>("path");
         QTest::addColumn<Trouble>("trouble");
@@ -450,7 +450,7 @@ private Q_SLOTS:
                                          << QStringLiteral("is not understood");
     }
 
-    void whatIsWrongWithTheServerIsTold() {
+    void failuresOfTheServerAreReported() {
         QFETCH(QString, path);
         QFETCH(DropboxServer::Trouble, trouble);
         QFETCH(QString, expected);
@@ -466,7 +466,7 @@ private Q_SLOTS:
         QVERIFY2(description(result).contains(expected), qPrintable(description(result)));
     }
 
-    void whatDropboxRefusesIsToldInWords_data() {
+    void refusalsOfDropboxAreReportedInWords_data() {
         QTest::addColumn<int>("status");
         QTest::addColumn<QByteArray>("body");
         QTest::addColumn<EngineErrorCode>("expectedCode");
@@ -499,7 +499,7 @@ private Q_SLOTS:
         row("unavailable", 503, "", EngineErrorCode::StoreUnreachable, "is busy");
     }
 
-    void whatDropboxRefusesIsToldInWords() {
+    void refusalsOfDropboxAreReportedInWords() {
         QFETCH(int, status);
         QFETCH(QByteArray, body);
         QFETCH(EngineErrorCode, expectedCode);

@@ -174,7 +174,7 @@ private Q_SLOTS:
         QCOMPARE(read(name), Expected<QByteArray>(QByteArray("x")));
     }
 
-    void aMissingBlobIsToldApart() {
+    void aMissingBlobHasItsOwnError() {
         QCOMPARE(code(read(FolderBlob)), EngineErrorCode::BlobMissing);
         QVERIFY(description(read(FolderBlob)).contains(path(FolderBlob)));
     }
@@ -282,7 +282,7 @@ private Q_SLOTS:
         QVERIFY(!m_store->remove(FolderBlob, m_future));
     }
 
-    void aStoreOfSomebodyElseSaysSo() {
+    void aStoreOfAnotherUserReportsAccessDenied() {
         write(FolderBlob, "x");
         // Folders of tests are private.
         QVERIFY(QFile::setPermissions(QFileInfo(path()).path(), QFileDevice::Permissions(0x7755)));

@@ -136,7 +136,7 @@ private Q_SLOTS:
         QCOMPARE(answers, 8);
     }
 
-    void aServerThatIsNotThereIsToldApart() {
+    void anAbsentServerHasItsOwnError() {
         QVERIFY(description(get(QStringLiteral("http://no-such-host.invalid/")))
                     .contains(QStringLiteral("There is no server “no-such-host.invalid”")));
         quint16 port = 0;
@@ -181,7 +181,7 @@ private Q_SLOTS:
                  qPrintable(description(result)));
     }
 
-    void anAnswerThatBreaksOffOrIsNoneIsToldApart_data() {
+    void aTruncatedOrMissingResponseHasItsOwnError_data() {
         QTest::addColumn<QByteArray>("answer");
         QTest::newRow("at once") << QByteArray();
         QTest::newRow("in the headers") << QByteArray("HTTP/1.1 200 OK\r\nContent-Le");
@@ -192,7 +192,7 @@ private Q_SLOTS:
         QTest::newRow("no status") << QByteArray("HTTP/1.1 hello\r\n\r\n");
     }
 
-    void anAnswerThatBreaksOffOrIsNoneIsToldApart() {
+    void aTruncatedOrMissingResponseHasItsOwnError() {
         QFETCH(QByteArray, answer);
         const ScriptedServer server([&](Connection &connection) {
             connection.readRequest();
@@ -453,7 +453,7 @@ private Q_SLOTS:
         QCOMPARE(code(get(server.URLText({}), options)), EngineErrorCode::CertificateUntrusted);
     }
 
-    void aServerWithoutTLSIsToldApart() {
+    void aServerWithoutTLSHasItsOwnError() {
         const WebDAVServer server({.authentication = WebDAVServer::Authentication::None});
         const Expected<Response> result =
             get(server.URLText({}).replace(QStringLiteral("http:"), QStringLiteral("https:")));

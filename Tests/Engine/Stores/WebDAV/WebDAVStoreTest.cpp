@@ -236,9 +236,9 @@ private Q_SLOTS:
 
     // What a person reads must tell these apart.
 
-    void aWrongPasswordIsToldApart_data() { everyAuthenticationServesAllOperations_data(); }
+    void aWrongPasswordHasItsOwnError_data() { everyAuthenticationServesAllOperations_data(); }
 
-    void aWrongPasswordIsToldApart() {
+    void aWrongPasswordHasItsOwnError() {
         QFETCH(Authentication, authentication);
         start({.authentication = authentication});
         m_server->storePassword(QStringLiteral("wrong"));
@@ -255,7 +255,7 @@ private Q_SLOTS:
         QCOMPARE(description(m_store->open(m_future)), QString());
     }
 
-    void aMissingPasswordIsToldApart() {
+    void aMissingPasswordHasItsOwnError() {
         start({});
         const Expected<void> opened = open(m_server->URLText(Package, QStringLiteral("somebody")));
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
@@ -265,7 +265,7 @@ private Q_SLOTS:
                      .arg(server()));
     }
 
-    void aMissingFolderIsToldApart() {
+    void aMissingFolderHasItsOwnError() {
         start({});
         const Expected<void> opened =
             open(m_server->URLText(QStringLiteral("no%20such/folder/s.qvSyncStore")));
@@ -276,7 +276,7 @@ private Q_SLOTS:
                      .arg(server()));
     }
 
-    void aServerThatIsNotThereIsToldApart() {
+    void anAbsentServerHasItsOwnError() {
         start({});
         QCOMPARE(description(m_store->open(m_future)), QString());
         m_server->stop();
@@ -289,7 +289,7 @@ private Q_SLOTS:
         QCOMPARE(description(m_store->open(m_future)), QString());
     }
 
-    void aFolderThatIsNotAllowedIsToldApart() {
+    void aForbiddenFolderHasItsOwnError() {
         start({});
         const Expected<void> opened =
             open(m_server->URLText(QStringLiteral("forbidden/s.qvSyncStore")));
@@ -314,7 +314,7 @@ private Q_SLOTS:
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
     }
 
-    void aFullServerIsToldApart() {
+    void aFullServerHasItsOwnError() {
         const QTemporaryDir folder;
         const PrivateVolume volume(folder.path(), 256 * 1024);
         start({.folder = folder.path()});
@@ -326,7 +326,7 @@ private Q_SLOTS:
         QCOMPARE(write(WebDAVBlob, "x"), Expected<Written>(Written::New));
     }
 
-    void aServerWithoutWebDAVIsToldApart() {
+    void aServerWithoutWebDAVHasItsOwnError() {
         start({});
         const QString text = QStringLiteral("http://ida@%1/s.qvSyncStore").arg(server());
         QCOMPARE(
@@ -336,7 +336,7 @@ private Q_SLOTS:
         QVERIFY(description(open(web)).contains(QStringLiteral("is no WebDAV server")));
     }
 
-    void otherAnswersAreToldApart_data() {
+    void otherResponsesHaveTheirOwnErrors_data() {
         QTest::addColumn<QByteArray>("status");
         QTest::addColumn<QString>("words");
         QTest::newRow("429") << QByteArray("429 Too Many Requests")
@@ -355,7 +355,7 @@ private Q_SLOTS:
                                    << QStringLiteral("points to “http://other.example/”");
     }
 
-    void otherAnswersAreToldApart() {
+    void otherResponsesHaveTheirOwnErrors() {
         QFETCH(QByteArray, status);
         QFETCH(QString, words);
         const ScriptedServer scripted(always(status));
