@@ -282,6 +282,18 @@ private Q_SLOTS:
         }
     }
 
+    void contentSetBeforeTheListIsShownAppearsWithIt() {
+        ListScrollArea area;
+        auto *list = new QVListView;
+        area.setWidget(list);
+        list->setItemPrototype(std::make_shared<CollectionViewItem>(&makeRow));
+        list->setContent(texts({"a"}));
+        QVERIFY(!list->isVisible());
+        area.show();
+        QVERIFY(list->isVisible());
+        QVERIFY(list->items().constFirst()->view()->isVisible());
+    }
+
     void newContentLeavesExactlyTheNewViews() {
         m_list->setContent(texts({"a", "b", "c"}));
         const QPointer<QWidget> old = m_list->items().constFirst()->view();

@@ -328,6 +328,20 @@ private Q_SLOTS:
         QCOMPARE(m_listener.services.size(), 1);
     }
 
+    void aStoppedSearchFindsNothingMore() {
+        search();
+        Listener other;
+        NetServiceBrowser otherBrowser;
+        otherBrowser.setDelegate(&other);
+        otherBrowser.searchForServicesOfTypeInDomain(Type, QString());
+        const Published first(QStringLiteral("1"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        m_browser->stop();
+        const Published second(QStringLiteral("2"));
+        QTRY_COMPARE_WITH_TIMEOUT(other.services.size(), 2, Patience);
+        QCOMPARE(m_listener.services.size(), 1);
+    }
+
     void aNameThatIsTakenIsChanged() {
         const Published first(QStringLiteral("Taken"));
         QTRY_COMPARE_WITH_TIMEOUT(first.witness.published, 1, Patience);
