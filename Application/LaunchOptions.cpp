@@ -20,7 +20,7 @@ bool hasDisplay() {
 LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        tr("Notes and documents, synchronized with the places you choose."));
+        tr("Notes and documents, synchronized with the locations you choose."));
     parser.addHelpOption();
     const QCommandLineOption profile(QStringLiteral("profile"), tr("Use the profile in DIR."),
                                      QStringLiteral("DIR"));
@@ -31,11 +31,11 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
         QStringLiteral("describe"),
         tr("Print the profile's databases, locations, states and schedules as JSON, then exit."));
     const QCommandLineOption appearance(QStringLiteral("appearance"),
-                                        tr("Use light or dark colours instead of the desktop's."),
+                                        tr("Use light or dark colors instead of the desktop's."),
                                         QStringLiteral("light|dark"));
     const QCommandLineOption sandboxed(
         QStringLiteral("sandboxed"),
-        tr("From now on let the profile reach only the folders granted to it, or any folder."),
+        tr("Restrict the profile to folders that you have granted access to, or not."),
         QStringLiteral("on|off"));
     parser.addOptions({profile, screenshot, describe, appearance, sandboxed});
     parser.process(arguments);

@@ -88,11 +88,11 @@ bool VelmoraApplication::notify(QObject *receiver, QEvent *event) {
         return QApplication::notify(receiver, event);
     } catch (const AssertionFailure &failure) {
         std::fprintf(stderr, "%s\n", qPrintable(failure.report()));
-        logItemCmd(tr("Programming error:"), failure.report());
-        presentError(
-            {.domain = QStringLiteral("Velmora"),
-             .localizedDescription = tr("Velmora made a mistake and left off what it was doing."),
-             .localizedFailureReason = failure.report()});
+        logItemCmd(tr("Internal error:"), failure.report());
+        presentError({.domain = QStringLiteral("Velmora"),
+                      .localizedDescription = tr(
+                          "An internal error occurred, and Velmora cancelled the current action."),
+                      .localizedFailureReason = failure.report()});
         return true;
     }
 }

@@ -30,8 +30,10 @@ Result<QString> DatabaseRecord::name(const QByteArray &record, const QString &da
     const QJsonObject object = QJsonDocument::fromJson(record).object();
     const QJsonValue version = object.value(RecordVersion);
     if (version.toInteger() > Version) {
-        return engineError(EngineErrorCode::UnknownVersion,
-                           "The record “%1” was made by a newer version of Velmora.", place);
+        return engineError(
+            EngineErrorCode::UnknownVersion,
+            "The record “%1” was created by a newer version of Velmora. Update Velmora to read it.",
+            place);
     }
     const QString name = object.value(RecordName).toString();
     const bool isSound = version == Version && object.value(RecordUUID) == databaseUUID &&

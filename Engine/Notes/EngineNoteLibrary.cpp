@@ -15,11 +15,12 @@ namespace {
 std::optional<Error> errorOfName(const QString &name) {
     if (name.trimmed().isEmpty()) {
         return engineError(EngineErrorCode::InvalidDatabase,
-                           localizedSyncString("A database needs a name."));
+                           localizedSyncString("Enter a name for the database."));
     }
     if (!Operation::isName(name)) {
-        return engineError(EngineErrorCode::InvalidDatabase,
-                           localizedSyncString("The name of a database must not be so long."));
+        return engineError(
+            EngineErrorCode::InvalidDatabase,
+            localizedSyncString("The name of the database is too long. Enter a shorter one."));
     }
     return {};
 }
@@ -47,7 +48,9 @@ std::optional<Error> EngineNoteLibrary::load() {
     if (m_databases.isEmpty() || !m_databases.first()->isInbox()) {
         return engineError(
             EngineErrorCode::ProfileUnusable,
-            localizedSyncString("The profile “%1” has no inbox.").arg(m_profile.path()));
+            localizedSyncString(
+                "The profile “%1” has no inbox. Restore it from a backup or use another profile.")
+                .arg(m_profile.path()));
     }
     return {};
 }

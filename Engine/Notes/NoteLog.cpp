@@ -90,12 +90,14 @@ std::optional<Error> NoteLog::save(Note &note) const {
         saved.UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
     }
     if (!Operation::isUUID(saved.UUID)) {
-        return engineError(EngineErrorCode::InvalidDatabase, "No note can be called “%1”.",
-                           saved.UUID);
+        return engineError(EngineErrorCode::InvalidDatabase,
+                           "“%1” is not a valid identifier of a note.", saved.UUID);
     }
     if (isTooLong(saved)) {
-        return engineError(EngineErrorCode::InvalidDatabase,
-                           "The note “%1” is too long to be synchronized.", saved.title.left(80));
+        return engineError(
+            EngineErrorCode::InvalidDatabase,
+            "The note “%1” is too long to be synchronized. Divide it into several notes.",
+            saved.title.left(80));
     }
     const OperationId seen = note.revision.isEmpty()
                                  ? shownUnder(note.UUID)

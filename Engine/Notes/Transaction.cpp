@@ -151,8 +151,10 @@ Result<Transaction> Transaction::decoded(const QByteArray &record, const QString
     const QJsonObject object = QJsonDocument::fromJson(record).object();
     const QJsonValue version = object.value(VersionKey);
     if (version.toInteger() > Version) {
-        return engineError(EngineErrorCode::UnknownVersion,
-                           "The record “%1” was made by a newer version of Velmora.", name);
+        return engineError(
+            EngineErrorCode::UnknownVersion,
+            "The record “%1” was created by a newer version of Velmora. Update Velmora to read it.",
+            name);
     }
     try {
         if (version != Version) {

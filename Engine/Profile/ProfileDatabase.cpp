@@ -97,7 +97,8 @@ std::optional<Error> ProfileDatabase::openFolder(const QString &directory, const
     m_directory = directory;
     const QFileInfo folder(m_directory);
     if (folder.exists() && !folder.isDir()) {
-        return engineError(EngineErrorCode::ProfileUnusable, "“%1” is not a folder.", m_directory);
+        return engineError(EngineErrorCode::ProfileUnusable,
+                           "“%1” is not a folder. Choose a folder for the profile.", m_directory);
     }
     if (QFileInfo::exists(path())) {
         const std::optional<Error> obstacle = ProfileInspection::obstacle(path());
@@ -106,16 +107,22 @@ std::optional<Error> ProfileDatabase::openFolder(const QString &directory, const
     const bool isNewFolder = !folder.exists();
     if (isNewFolder && !QDir().mkpath(m_directory)) {
         return engineError(EngineErrorCode::ProfileUnusable,
-                           "The profile folder “%1” cannot be made.", m_directory);
+                           "The profile folder “%1” could not be created. Check the permissions of "
+                           "the folder that contains it.",
+                           m_directory);
     }
     if (!QDir(m_directory)
              .isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System)) {
-        return engineError(EngineErrorCode::ProfileUnusable,
-                           "The folder “%1” holds other things and no profile.", m_directory);
+        return engineError(
+            EngineErrorCode::ProfileUnusable,
+            "The folder “%1” contains other files and no profile. Choose an empty folder.",
+            m_directory);
     }
     if (!QFileInfo(m_directory).isWritable()) {
-        return engineError(EngineErrorCode::ProfileUnusable,
-                           "The profile folder “%1” is read-only.", m_directory);
+        return engineError(
+            EngineErrorCode::ProfileUnusable,
+            "The profile folder “%1” is read-only. Change its permissions or use another profile.",
+            m_directory);
     }
     std::optional<Error> error = openFile(fill);
     if (error) {

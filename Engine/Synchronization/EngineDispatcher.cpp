@@ -24,8 +24,8 @@ QString success(SyncJob::Kind kind) {
 
 QString failure(SyncJob::Kind kind) {
     return kind == SyncJob::Kind::CleanUp
-               ? localizedSyncString("“%1” was not cleaned up at “%2”: %3")
-               : localizedSyncString("“%1” was not synchronized with “%2”: %3");
+               ? localizedSyncString("“%1” could not be cleaned up at “%2”: %3")
+               : localizedSyncString("“%1” could not be synchronized with “%2”: %3");
 }
 
 }  // namespace
@@ -106,7 +106,8 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
     }
     const auto database = m_library.synchronizedDatabase(state->databaseUUID());
     if (!database && kind == SyncJob::Kind::CleanUp) {
-        logSync(localizedSyncString("“%1” was not cleaned up: it is not on this computer.")
+        logSync(localizedSyncString(
+                    "“%1” could not be cleaned up because the database is not on this computer.")
                     .arg(state->databaseName()));
         MainThreadQueue::post(handler);
         return;
@@ -160,7 +161,7 @@ void EngineDispatcher::report(const Entry &entry) {
     const QString name = nameOf(entry.job->subject());
     const QList<Error> problems = entry.job->problems();
     for (const Error &problem : problems) {
-        logSync(localizedSyncString("Of “%1” something was left out at “%2”: %3")
+        logSync(localizedSyncString("Some items of “%1” could not be synchronized with “%2”: %3")
                     .arg(name, entry.title, problem.localizedDescription));
     }
     if (const std::optional<Error> &error = entry.job->error()) {

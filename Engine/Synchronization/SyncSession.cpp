@@ -54,8 +54,8 @@ std::optional<Error> SyncSession::settle() {
 std::optional<Error> SyncSession::list(BlobStore &store, const EngineFuture &future) {
     const QString &UUID = subject().databaseUUID;
     if (UUID != InboxUUID && !Operation::isUUID(UUID.toLower())) {
-        return engineError(EngineErrorCode::InvalidDatabase, "No database can be called “%1”.",
-                           UUID);
+        return engineError(EngineErrorCode::InvalidDatabase,
+                           "“%1” is not a valid identifier of a database.", UUID);
     }
     if (std::optional<Error> error = readRecord(store, future)) {
         return error;
@@ -175,7 +175,7 @@ std::optional<Error> SyncSession::importDatabase() {
     }
     if (m_record == Record::Absent && m_unread.isEmpty()) {
         return engineError(EngineErrorCode::InvalidDatabase,
-                           "The database “%1” is neither here nor at the location.",
+                           "The database “%1” exists neither on this computer nor at the location.",
                            subject().databaseName);
     }
     const QString name = m_recordedName.isEmpty() ? subject().databaseName : m_recordedName;

@@ -14,9 +14,10 @@ std::optional<Error> FileManager::createDirectory(const QString &path) {
     if (!code) {
         return {};
     }
-    return Error{.domain = ErrorDomain,
-                 .code = code.value(),
-                 .localizedDescription =
-                     localizedString(PlatformTable, "The folder “%1” could not be made.").arg(path),
-                 .localizedFailureReason = QString::fromLocal8Bit(code.message())};
+    return Error{
+        .domain = ErrorDomain,
+        .code = code.value(),
+        .localizedDescription =
+            localizedString(PlatformTable, "The folder “%1” could not be created.").arg(path),
+        .localizedFailureReason = QString::fromLocal8Bit(code.message())};
 }

@@ -42,7 +42,7 @@ Error errorFor(Failure failure) {
             break;
         case Failure::Broken:
         case Failure::Cancelled:
-            reason = localizedString(PlatformTable, "The password service does not work.");
+            reason = localizedString(PlatformTable, "The password service failed.");
             break;
     }
     return {.domain = QStringLiteral("SecretStore"),

@@ -21,7 +21,7 @@
     </message>
     <message>
         <source>Direct Connection</source>
-        <translation>Direkte Verbindung</translation>
+        <translation>Direktverbindung</translation>
     </message>
     <message>
         <source>Unknown Location</source>
@@ -49,7 +49,7 @@
     </message>
     <message>
         <source>Give Velmora access to any folder where indexed items may be kept.</source>
-        <translation>Geben Sie Velmora Zugriff auf jeden Ordner, in dem indizierte Objekte liegen können.</translation>
+        <translation>Erlauben Sie Velmora den Zugriff auf jeden Ordner, in dem indizierte Dateien liegen können.</translation>
     </message>
     <message>
         <source>Success</source>
@@ -112,44 +112,44 @@
         <translation>Die Angaben zur Datenbank konnten nicht geholt werden (%@)</translation>
     </message>
     <message>
-        <source>The profile “%1” is damaged and cannot be opened.</source>
-        <translation>Das Profil „%1“ ist beschädigt und kann nicht geöffnet werden.</translation>
+        <source>The profile “%1” is damaged and cannot be opened. Restore it from a backup or use another profile.</source>
+        <translation>Das Profil „%1“ ist beschädigt und kann nicht geöffnet werden. Stellen Sie es aus einer Sicherungskopie wieder her, oder verwenden Sie ein anderes Profil.</translation>
     </message>
     <message>
-        <source>The profile “%1” was made by a newer version of Velmora.</source>
-        <translation>Das Profil „%1“ stammt von einer neueren Version von Velmora.</translation>
+        <source>The profile “%1” was created by a newer version of Velmora. Update Velmora to open it.</source>
+        <translation>Das Profil „%1“ wurde von einer neueren Version von Velmora angelegt. Aktualisieren Sie Velmora, um es zu öffnen.</translation>
     </message>
     <message>
-        <source>“%1” is a database of another program and not a profile.</source>
-        <translation>„%1“ ist die Datenbank eines anderen Programms und kein Profil.</translation>
+        <source>“%1” is a database of another program, not a profile. Choose another folder.</source>
+        <translation>„%1“ ist die Datenbank eines anderen Programms, kein Profil. Wählen Sie einen anderen Ordner.</translation>
     </message>
     <message>
-        <source>“%1” is not a file and cannot be opened as a profile.</source>
-        <translation>„%1“ ist keine Datei und kann nicht als Profil geöffnet werden.</translation>
+        <source>“%1” is not a file, so it cannot be opened as a profile. Choose another folder.</source>
+        <translation>„%1“ ist keine Datei und kann deshalb nicht als Profil geöffnet werden. Wählen Sie einen anderen Ordner.</translation>
     </message>
     <message>
-        <source>The profile “%1” may not be read.</source>
-        <translation>Das Profil „%1“ darf nicht gelesen werden.</translation>
+        <source>You do not have permission to read the profile “%1”. Change its permissions or use another profile.</source>
+        <translation>Sie haben keine Berechtigung, das Profil „%1“ zu lesen. Ändern Sie seine Zugriffsrechte, oder verwenden Sie ein anderes Profil.</translation>
     </message>
     <message>
-        <source>The profile “%1” is read-only.</source>
-        <translation>Das Profil „%1“ ist schreibgeschützt.</translation>
+        <source>The profile “%1” is read-only. Change its permissions or use another profile.</source>
+        <translation>Das Profil „%1“ ist schreibgeschützt. Ändern Sie seine Zugriffsrechte, oder verwenden Sie ein anderes Profil.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” is read-only.</source>
-        <translation>Der Profilordner „%1“ ist schreibgeschützt.</translation>
+        <source>The profile folder “%1” is read-only. Change its permissions or use another profile.</source>
+        <translation>Der Profilordner „%1“ ist schreibgeschützt. Ändern Sie seine Zugriffsrechte, oder verwenden Sie ein anderes Profil.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be made.</source>
-        <translation>Der Profilordner „%1“ kann nicht angelegt werden.</translation>
+        <source>The profile folder “%1” could not be created. Check the permissions of the folder that contains it.</source>
+        <translation>Der Profilordner „%1“ konnte nicht angelegt werden. Prüfen Sie die Zugriffsrechte des Ordners, in dem er liegen soll.</translation>
     </message>
     <message>
-        <source>“%1” is not a folder.</source>
-        <translation>„%1“ ist kein Ordner.</translation>
+        <source>“%1” is not a folder. Choose a folder for the profile.</source>
+        <translation>„%1“ ist kein Ordner. Wählen Sie einen Ordner für das Profil.</translation>
     </message>
     <message>
-        <source>The folder “%1” holds other things and no profile.</source>
-        <translation>Der Ordner „%1“ enthält anderes und kein Profil.</translation>
+        <source>The folder “%1” contains other files and no profile. Choose an empty folder.</source>
+        <translation>Der Ordner „%1“ enthält andere Dateien und kein Profil. Wählen Sie einen leeren Ordner.</translation>
     </message>
     <message>
         <source>The profile “%1” cannot be opened: %2</source>
@@ -160,16 +160,16 @@
         <translation>Das Profil „%1“ kann nicht gelesen oder geschrieben werden: %2</translation>
     </message>
     <message>
-        <source>The profile “%1” has no inbox.</source>
-        <translation>Dem Profil „%1“ fehlt der Eingang.</translation>
+        <source>The profile “%1” has no inbox. Restore it from a backup or use another profile.</source>
+        <translation>Dem Profil „%1“ fehlt der Eingang. Stellen Sie es aus einer Sicherungskopie wieder her, oder verwenden Sie ein anderes Profil.</translation>
     </message>
     <message>
         <source>The profile “%1” is gone.</source>
-        <translation>Das Profil „%1“ ist nicht mehr da.</translation>
+        <translation>Das Profil „%1“ ist nicht mehr vorhanden. Beenden Sie Velmora, und stellen Sie es aus einer Sicherungskopie wieder her.</translation>
     </message>
     <message>
-        <source>A database needs a name.</source>
-        <translation>Eine Datenbank braucht einen Namen.</translation>
+        <source>Enter a name for the database.</source>
+        <translation>Geben Sie einen Namen für die Datenbank ein.</translation>
     </message>
     <message>
         <source>The operation was cancelled.</source>
@@ -181,23 +181,23 @@
     </message>
     <message>
         <source>This location has no address yet.</source>
-        <translation>Dieser Ort hat noch keine Adresse.</translation>
+        <translation>Dieser Ort hat keine Adresse. Entfernen Sie ihn, und fügen Sie ihn neu hinzu.</translation>
     </message>
     <message>
         <source>Locations of the kind “%1” cannot be reached yet.</source>
-        <translation>Orte der Art „%1“ sind noch nicht erreichbar.</translation>
+        <translation>Velmora unterstützt keine Orte der Art „%1“. Entfernen Sie diesen Ort, und fügen Sie einen anderen hinzu.</translation>
     </message>
     <message>
         <source>“%1” is a folder on another computer.</source>
-        <translation>„%1“ ist ein Ordner auf einem anderen Rechner.</translation>
+        <translation>„%1“ ist ein Ordner auf einem anderen Computer. Wählen Sie einen Ordner auf diesem Computer.</translation>
     </message>
     <message>
         <source>The sync store “%1” is not there.</source>
-        <translation>Der Sync-Speicher „%1“ ist nicht da.</translation>
+        <translation>Der Sync-Speicher „%1“ ist nicht vorhanden. Prüfen Sie, ob er verschoben oder umbenannt wurde.</translation>
     </message>
     <message>
         <source>“%1” is not a sync store.</source>
-        <translation>„%1“ ist kein Sync-Speicher.</translation>
+        <translation>„%1“ ist kein Sync-Speicher. Bearbeiten Sie den Ort, und wählen Sie einen anderen.</translation>
     </message>
     <message>
         <source>Do Not Trust</source>
@@ -217,23 +217,23 @@
     </message>
     <message>
         <source>No secure connection to the server “%1” can be made: %2.</source>
-        <translation>Zum Server „%1“ lässt sich keine sichere Verbindung herstellen: %2.</translation>
+        <translation>Zum Server „%1“ konnte keine sichere Verbindung hergestellt werden: %2.</translation>
     </message>
     <message>
         <source>Nothing in a sync store may be called “%1”.</source>
-        <translation>Nichts in einem Sync-Speicher darf „%1“ heißen.</translation>
+        <translation>„%1“ ist kein gültiger Name in einem Sync-Speicher.</translation>
     </message>
     <message>
         <source>The answer of the server “%1” is not expected (HTTP %2).</source>
-        <translation>Die Antwort des Servers „%1“ ist nicht vorgesehen (HTTP %2).</translation>
+        <translation>Der Server „%1“ hat unerwartet geantwortet (HTTP %2). Versuchen Sie es später noch einmal, oder fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
         <source>The answer of the server “%1” is not understood.</source>
-        <translation>Die Antwort des Servers „%1“ ist unverständlich.</translation>
+        <translation>Der Server „%1“ hat eine ungültige Antwort gesendet. Versuchen Sie es später noch einmal, oder fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
         <source>The answer of the server “%1” is too long.</source>
-        <translation>Die Antwort des Servers „%1“ ist zu lang.</translation>
+        <translation>Der Server „%1“ hat eine zu lange Antwort gesendet. Fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
         <source>The certificate has expired.</source>
@@ -245,43 +245,43 @@
     </message>
     <message>
         <source>The certificate is signed by nobody but itself.</source>
-        <translation>Das Zertifikat ist von niemandem als sich selbst unterschrieben.</translation>
+        <translation>Das Zertifikat ist selbst signiert.</translation>
     </message>
     <message>
         <source>The certificate is that of another server.</source>
-        <translation>Das Zertifikat ist das eines anderen Servers.</translation>
+        <translation>Das Zertifikat wurde für einen anderen Server ausgestellt.</translation>
     </message>
     <message>
         <source>The certificate was issued by an authority that this computer does not know.</source>
-        <translation>Das Zertifikat stammt von einer Stelle, die dieser Rechner nicht kennt.</translation>
+        <translation>Das Zertifikat wurde von einer Stelle ausgestellt, der dieser Computer nicht vertraut.</translation>
     </message>
     <message>
         <source>The folder “%1” is not there on the server.</source>
-        <translation>Den Ordner „%1“ gibt es auf dem Server nicht.</translation>
+        <translation>Der Ordner „%1“ ist auf dem Server nicht vorhanden. Legen Sie ihn dort an, oder bearbeiten Sie den Ort.</translation>
     </message>
     <message>
         <source>The server does not allow you to use “%1”.</source>
-        <translation>Der Server erlaubt Ihnen nicht, „%1“ zu benutzen.</translation>
+        <translation>Der Server erlaubt Ihnen nicht, „%1“ zu benutzen. Bitten Sie seinen Verwalter um Zugriff.</translation>
     </message>
     <message>
         <source>The server “%1” asks for a password, and none is stored for this location.</source>
-        <translation>Der Server „%1“ verlangt ein Passwort, und für diesen Ort ist keines hinterlegt.</translation>
+        <translation>Der Server „%1“ verlangt ein Passwort, aber für diesen Ort ist keines gespeichert. Bearbeiten Sie den Ort, um es einzugeben.</translation>
     </message>
     <message>
         <source>The server “%1” broke off before it had answered, or is no web server.</source>
-        <translation>Der Server „%1“ hat die Verbindung vor seiner Antwort beendet oder ist kein Webserver.</translation>
+        <translation>Der Server „%1“ hat die Verbindung ohne Antwort beendet. Prüfen Sie seinen Namen und den Port.</translation>
     </message>
     <message>
         <source>The server “%1” cannot be reached: %2.</source>
-        <translation>Der Server „%1“ ist nicht erreichbar: %2.</translation>
+        <translation>Der Server „%1“ ist nicht erreichbar: %2. Prüfen Sie die Netzverbindung.</translation>
     </message>
     <message>
         <source>The server “%1” cannot be reached: nothing answers at this port.</source>
-        <translation>Der Server „%1“ ist nicht erreichbar: An diesem Port antwortet nichts.</translation>
+        <translation>Der Server „%1“ hat die Verbindung abgelehnt. Prüfen Sie den Port und ob der Server läuft.</translation>
     </message>
     <message>
         <source>The server “%1” cannot prove its identity. Trust its certificate for this location?</source>
-        <translation>Der Server „%1“ kann sich nicht ausweisen. Seinem Zertifikat für diesen Ort vertrauen?</translation>
+        <translation>Der Server „%1“ kann sich nicht ausweisen. Möchten Sie seinem Zertifikat für diesen Ort vertrauen?</translation>
     </message>
     <message>
         <source>The server “%1” cannot prove its identity: %2</source>
@@ -289,15 +289,15 @@
     </message>
     <message>
         <source>The server “%1” does not accept this user name and password.</source>
-        <translation>Der Server „%1“ nimmt diesen Benutzernamen und dieses Passwort nicht an.</translation>
+        <translation>Der Server „%1“ akzeptiert diesen Benutzernamen und dieses Passwort nicht. Bearbeiten Sie den Ort, um sie zu berichtigen.</translation>
     </message>
     <message>
         <source>The server “%1” does not answer.</source>
-        <translation>Der Server „%1“ antwortet nicht.</translation>
+        <translation>Der Server „%1“ antwortet nicht. Prüfen Sie die Netzverbindung, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>The server “%1” has a problem of its own (HTTP %2).</source>
-        <translation>Der Server „%1“ hat selbst ein Problem (HTTP %2).</translation>
+        <translation>Der Server „%1“ hat einen internen Fehler gemeldet (HTTP %2). Versuchen Sie es später noch einmal, oder fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
         <source>The server “%1” is busy. Try again later.</source>
@@ -305,39 +305,39 @@
     </message>
     <message>
         <source>The server “%1” is full.</source>
-        <translation>Der Server „%1“ ist voll.</translation>
+        <translation>Auf dem Server „%1“ ist kein Platz mehr. Löschen Sie dort Dateien, oder fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
         <source>The server “%1” is no WebDAV server at this address.</source>
-        <translation>Der Server „%1“ ist unter dieser Adresse kein WebDAV-Server.</translation>
+        <translation>Der Server „%1“ bietet unter dieser Adresse kein WebDAV an. Bearbeiten Sie den Ort, um sie zu berichtigen.</translation>
     </message>
     <message>
         <source>The server “%1” points from one address to the next without end.</source>
-        <translation>Der Server „%1“ verweist endlos von einer Adresse zur nächsten.</translation>
+        <translation>Der Server „%1“ leitet zu oft weiter. Prüfen Sie die Adresse des Ortes.</translation>
     </message>
     <message>
         <source>The server “%1” points to “%2”. If that is right, enter it as the address.</source>
-        <translation>Der Server „%1“ verweist auf „%2“. Wenn das richtig ist, tragen Sie es als Adresse ein.</translation>
+        <translation>Der Server „%1“ leitet zu „%2“ weiter. Wenn das richtig ist, bearbeiten Sie den Ort, und tragen Sie es als Adresse ein.</translation>
     </message>
     <message>
         <source>The server “%1” takes too long to answer.</source>
-        <translation>Der Server „%1“ braucht zu lange für seine Antwort.</translation>
+        <translation>Der Server „%1“ braucht zu lange für seine Antwort. Versuchen Sie es später noch einmal.</translation>
     </message>
     <message>
         <source>The sync store “%1” is read-only.</source>
-        <translation>Der Sync-Speicher „%1“ ist schreibgeschützt.</translation>
+        <translation>Der Sync-Speicher „%1“ ist schreibgeschützt. Ändern Sie seine Zugriffsrechte, oder wählen Sie einen anderen.</translation>
     </message>
     <message>
         <source>The volume that holds the sync store “%1” is full.</source>
-        <translation>Das Volume mit dem Sync-Speicher „%1“ ist voll.</translation>
+        <translation>Der Datenträger mit dem Sync-Speicher „%1“ ist voll. Schaffen Sie darauf Platz.</translation>
     </message>
     <message>
         <source>The volume that holds the sync store “%1” is not mounted.</source>
-        <translation>Das Volume mit dem Sync-Speicher „%1“ ist nicht eingehängt.</translation>
+        <translation>Der Datenträger mit dem Sync-Speicher „%1“ ist nicht eingehängt. Schließen Sie ihn an, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>There is no server “%1”. Check its name and the network.</source>
-        <translation>Einen Server „%1“ gibt es nicht. Prüfen Sie seinen Namen und das Netz.</translation>
+        <translation>Der Server „%1“ wurde nicht gefunden. Prüfen Sie seinen Namen und die Netzverbindung.</translation>
     </message>
     <message>
         <source>Trust This Certificate</source>
@@ -349,7 +349,7 @@
     </message>
     <message>
         <source>You do not have permission to use “%1”.</source>
-        <translation>Sie haben keine Berechtigung, „%1“ zu benutzen.</translation>
+        <translation>Sie haben keine Berechtigung, „%1“ zu benutzen. Ändern Sie die Zugriffsrechte, oder wählen Sie einen anderen Sync-Speicher.</translation>
     </message>
     <message>
         <source>“%1” cannot be read or written: %2.</source>
@@ -357,27 +357,27 @@
     </message>
     <message>
         <source>“%1” is larger than the server accepts.</source>
-        <translation>„%1“ ist größer, als der Server annimmt.</translation>
+        <translation>„%1“ ist größer, als der Server erlaubt. Bitten Sie seinen Verwalter, die Grenze zu erhöhen.</translation>
     </message>
     <message>
         <source>“%1” is locked on the server.</source>
-        <translation>„%1“ ist auf dem Server gesperrt.</translation>
+        <translation>„%1“ ist auf dem Server gesperrt. Versuchen Sie es später noch einmal.</translation>
     </message>
     <message>
         <source>“%1” is not there.</source>
-        <translation>„%1“ ist nicht da.</translation>
+        <translation>„%1“ ist nicht vorhanden.</translation>
     </message>
     <message>
         <source>“%1” is something else than a file or folder of a sync store.</source>
-        <translation>„%1“ ist etwas anderes als eine Datei oder ein Ordner eines Sync-Speichers.</translation>
+        <translation>„%1“ ist kein gültiges Objekt in einem Sync-Speicher.</translation>
     </message>
     <message>
         <source>“%1” is too long and was not read.</source>
-        <translation>„%1“ ist zu lang und wurde nicht gelesen.</translation>
+        <translation>„%1“ ist zu groß und wurde nicht gelesen.</translation>
     </message>
     <message>
         <source>The sync store “%1” cannot be made.</source>
-        <translation>Der Sync-Speicher „%1“ kann nicht angelegt werden.</translation>
+        <translation>Der Sync-Speicher „%1“ konnte nicht angelegt werden. Prüfen Sie die Zugriffsrechte des Ordners, in dem er liegen soll.</translation>
     </message>
     <message>
         <source>The record “%1” is damaged.</source>
@@ -465,7 +465,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>Days of the weekly synchronization</source>
-        <translation>Tage des wöchentlichen Abgleichs</translation>
+        <translation>Tage der wöchentlichen Synchronisierung</translation>
     </message>
     <message>
         <source>Every &amp;day</source>
@@ -480,8 +480,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Jede &amp;Woche</translation>
     </message>
     <message>
-        <source>From then on the database synchronizes only when you ask for it, or when it is opened or closed.</source>
-        <translation>Danach gleicht sich die Datenbank nur noch ab, wenn Sie es verlangen oder wenn sie geöffnet oder geschlossen wird.</translation>
+        <source>The database is then synchronized only when you ask for it, or when it is opened or closed.</source>
+        <translation>Die Datenbank wird danach nur noch synchronisiert, wenn Sie es verlangen oder wenn sie geöffnet oder geschlossen wird.</translation>
     </message>
     <message>
         <source>Location</source>
@@ -497,19 +497,19 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>Never synchronized</source>
-        <translation>Noch nie abgeglichen</translation>
+        <translation>Noch nie synchronisiert</translation>
     </message>
     <message>
         <source>Next synchronization: %1</source>
-        <translation>Nächster Abgleich: %1</translation>
+        <translation>Nächste Synchronisierung: %1</translation>
     </message>
     <message>
         <source>No database is open.</source>
-        <translation>Keine Datenbank ist geöffnet.</translation>
+        <translation>Es ist keine Datenbank geöffnet.</translation>
     </message>
     <message>
         <source>No synchronization is scheduled.</source>
-        <translation>Kein Abgleich ist geplant.</translation>
+        <translation>Es ist keine Synchronisierung geplant.</translation>
     </message>
     <message>
         <source>Reading the location</source>
@@ -520,44 +520,44 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Zeitplan der ausgewählten Datenbank</translation>
     </message>
     <message>
-        <source>Show what went wrong</source>
-        <translation>Zeigen, was schiefging</translation>
+        <source>Show the error</source>
+        <translation>Fehler anzeigen</translation>
     </message>
     <message>
-        <source>Something went wrong with this location. Show what.</source>
-        <translation>Mit diesem Ort ist etwas schiefgegangen. Zeigen, was.</translation>
+        <source>An error occurred at this location. Show it.</source>
+        <translation>An diesem Ort ist ein Fehler aufgetreten. Fehler anzeigen.</translation>
     </message>
     <message>
         <source>Sync Preferences cannot be used: the sync plug-in has no %1.</source>
-        <translation>Die Abgleich-Einstellungen sind nicht verwendbar: dem Abgleich-Modul fehlt %1.</translation>
+        <translation>Die Sync-Einstellungen sind nicht verwendbar: Dem Sync-Modul fehlt %1.</translation>
     </message>
     <message>
         <source>Sync locations</source>
-        <translation>Abgleichorte</translation>
+        <translation>Sync-Orte</translation>
     </message>
     <message>
         <source>Synchronize this database with all its locations now</source>
-        <translation>Diese Datenbank jetzt mit allen ihren Orten abgleichen</translation>
+        <translation>Diese Datenbank jetzt mit allen ihren Orten synchronisieren</translation>
     </message>
     <message>
         <source>Synchronize with</source>
-        <translation>Abgleichen mit</translation>
+        <translation>Synchronisieren mit</translation>
     </message>
     <message>
         <source>Synchronized %1</source>
-        <translation>Abgeglichen %1</translation>
+        <translation>Synchronisiert %1</translation>
     </message>
     <message>
         <source>There is no location to synchronize with yet.</source>
-        <translation>Es gibt noch keinen Ort zum Abgleichen.</translation>
+        <translation>Es gibt noch keinen Ort zum Synchronisieren.</translation>
     </message>
     <message>
         <source>Time of the daily synchronization</source>
-        <translation>Uhrzeit des täglichen Abgleichs</translation>
+        <translation>Uhrzeit der täglichen Synchronisierung</translation>
     </message>
     <message>
         <source>Time of the weekly synchronization</source>
-        <translation>Uhrzeit des wöchentlichen Abgleichs</translation>
+        <translation>Uhrzeit der wöchentlichen Synchronisierung</translation>
     </message>
     <message>
         <source>Version of this pane</source>
@@ -573,7 +573,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>Whether the selected database synchronizes with this location</source>
-        <translation>Ob sich die ausgewählte Datenbank mit diesem Ort abgleicht</translation>
+        <translation>Ob die ausgewählte Datenbank mit diesem Ort synchronisiert wird</translation>
     </message>
     <message>
         <source>minutes past the hour</source>
@@ -593,7 +593,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>Save</source>
-        <translation>Sichern</translation>
+        <translation>Speichern</translation>
     </message>
     <message>
         <source>Import…</source>
@@ -633,11 +633,11 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>New Folder Store…</source>
-        <translation>Neuer Ablageordner …</translation>
+        <translation>Neuer Sync-Speicher …</translation>
     </message>
     <message>
         <source>Existing Folder Store…</source>
-        <translation>Vorhandener Ablageordner …</translation>
+        <translation>Vorhandener Sync-Speicher …</translation>
     </message>
     <message>
         <source>WebDAV Server…</source>
@@ -705,15 +705,15 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>optional, such as documents/sync</source>
-        <translation>freiwillig, etwa dokumente/sync</translation>
+        <translation>optional, etwa dokumente/sync</translation>
     </message>
     <message>
         <source>Store name:</source>
-        <translation>Name der Ablage:</translation>
+        <translation>Name des Sync-Speichers:</translation>
     </message>
     <message>
-        <source>The password is kept in your keyring and nowhere else.</source>
-        <translation>Das Passwort wird in Ihrem Schlüsselbund aufbewahrt und sonst nirgends.</translation>
+        <source>The password is saved in your keyring and nowhere else.</source>
+        <translation>Das Passwort wird in Ihrem Schlüsselbund gespeichert und sonst nirgends.</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -725,23 +725,23 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>Folder Location</source>
-        <translation>Ordner-Ort</translation>
+        <translation>Ordner als Ziel</translation>
     </message>
     <message>
-        <source>A sync store is a package in a folder that all your computers reach, such as one on a shared volume.</source>
-        <translation>Eine Sync-Ablage ist ein Paket in einem Ordner, den alle Ihre Computer erreichen, etwa auf einem gemeinsamen Laufwerk.</translation>
+        <source>A sync store is a package in a folder that all your computers can access, such as one on a shared volume.</source>
+        <translation>Ein Sync-Speicher ist ein Paket in einem Ordner, auf den alle Ihre Computer zugreifen können, etwa auf einem gemeinsamen Datenträger.</translation>
     </message>
     <message>
         <source>Sync store:</source>
-        <translation>Sync-Ablage:</translation>
+        <translation>Sync-Speicher:</translation>
     </message>
     <message>
         <source>Sync store</source>
-        <translation>Sync-Ablage</translation>
+        <translation>Sync-Speicher</translation>
     </message>
     <message>
         <source>None chosen yet</source>
-        <translation>Noch keine gewählt</translation>
+        <translation>Noch keiner gewählt</translation>
     </message>
     <message>
         <source>New…</source>
@@ -753,19 +753,19 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>The certificate “%1” of this computer cannot be made.</source>
-        <translation>Das Zertifikat „%1“ dieses Computers kann nicht angelegt werden.</translation>
+        <translation>Das Zertifikat „%1“ dieses Computers konnte nicht angelegt werden. Prüfen Sie die Zugriffsrechte des Profilordners.</translation>
     </message>
     <message>
         <source>The certificate “%1” of this computer is damaged.</source>
-        <translation>Das Zertifikat „%1“ dieses Computers ist beschädigt.</translation>
+        <translation>Das Zertifikat „%1“ dieses Computers ist beschädigt. Löschen Sie es, und verbinden Sie die anderen Computer neu.</translation>
     </message>
     <message>
         <source>“%1” cannot be reached.</source>
-        <translation>„%1“ ist nicht zu erreichen.</translation>
+        <translation>„%1“ ist nicht erreichbar. Prüfen Sie, ob der Computer eingeschaltet ist und anderen Computern das Synchronisieren erlaubt.</translation>
     </message>
     <message>
         <source>The connection with “%1” was lost.</source>
-        <translation>Die Verbindung mit „%1“ ist abgebrochen.</translation>
+        <translation>Die Verbindung zu „%1“ ist abgebrochen. Versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>It shows a code. Allow it only where it is the same as here: %1</source>
@@ -773,7 +773,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>It takes the place of another one of this name.</source>
-        <translation>Er tritt an die Stelle eines anderen dieses Namens.</translation>
+        <translation>Er ersetzt einen anderen Computer dieses Namens.</translation>
     </message>
     <message>
         <source>Let “%1” synchronize with this computer?</source>
@@ -789,7 +789,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>The server cannot use the port %1: %2</source>
-        <translation>Der Server kann den Port %1 nicht verwenden: %2</translation>
+        <translation>Der Server kann den Port %1 nicht verwenden. Wählen Sie einen anderen Port. (%2)</translation>
     </message>
     <message>
         <source>Connect with “%1”?</source>
@@ -805,38 +805,34 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>“%1” is not the computer that was paired. If it should be, add the location anew.</source>
-        <translation>„%1“ ist nicht der Computer, mit dem dieser verbunden wurde. Wenn er es sein soll, legen Sie den Ort neu an.</translation>
+        <translation>„%1“ ist nicht der Computer, mit dem dieser verbunden wurde. Wenn das gewollt ist, entfernen Sie den Ort, und fügen Sie ihn neu hinzu.</translation>
     </message>
     <message>
         <source>“%1” cannot be asked just now. Try again in a while.</source>
-        <translation>„%1“ kann gerade nicht gefragt werden. Versuchen Sie es später noch einmal.</translation>
+        <translation>„%1“ bearbeitet gerade eine andere Anfrage. Versuchen Sie es später noch einmal.</translation>
     </message>
     <message>
         <source>“%1” does not let this computer synchronize.</source>
-        <translation>„%1“ lässt diesen Computer nicht synchronisieren.</translation>
+        <translation>„%1“ erlaubt diesem Computer nicht zu synchronisieren. Erlauben Sie es dort, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>“%1” answers in a way that is not understood.</source>
-        <translation>„%1“ antwortet unverständlich.</translation>
+        <translation>„%1“ hat eine ungültige Antwort gesendet. Verwenden Sie auf beiden Computern dieselbe Version von Velmora.</translation>
     </message>
     <message>
         <source>“%1” cannot read or write its sync store.</source>
-        <translation>„%1“ kann seinen Sync-Speicher nicht lesen oder schreiben.</translation>
-    </message>
-    <message>
-        <source>The sync store “%1” may not be read.</source>
-        <translation>Der Sync-Speicher „%1“ darf nicht gelesen werden.</translation>
+        <translation>„%1“ kann seinen Sync-Speicher nicht lesen oder schreiben. Prüfen Sie den Datenträger dort.</translation>
     </message>
     <message>
         <source>Folder Access</source>
         <translation>Ordnerzugriff</translation>
     </message>
     <message>
-        <source>Velmora may reach these folders:</source>
+        <source>Velmora can access these folders:</source>
         <translation>Velmora darf auf diese Ordner zugreifen:</translation>
     </message>
     <message>
-        <source>Folders that Velmora may reach</source>
+        <source>Folders that Velmora can access</source>
         <translation>Ordner, auf die Velmora zugreifen darf</translation>
     </message>
     <message>
@@ -856,7 +852,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Computer im lokalen Netz</translation>
     </message>
     <message>
-        <source>No computer found yet. Turn its server on under “Direct Connections…” there, or type its address.</source>
+        <source>No computer has been found yet. Turn on its server there under “Direct Connections…”, or enter its address.</source>
         <translation>Noch kein Computer gefunden. Schalten Sie dort den Server unter „Direktverbindungen …“ ein, oder geben Sie die Adresse ein.</translation>
     </message>
     <message>
@@ -877,7 +873,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>There is no location to import from yet.</source>
-        <translation>Es gibt noch keinen Ort, von dem importiert werden könnte.</translation>
+        <translation>Es gibt noch keinen Ort, von dem Sie importieren können.</translation>
     </message>
     <message>
         <source>Continue</source>
@@ -892,7 +888,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Zu importierende Datenbanken</translation>
     </message>
     <message>
-        <source>This location holds no database that this computer does not have.</source>
+        <source>This location contains no database that this computer does not have.</source>
         <translation>An diesem Ort liegt keine Datenbank, die dieser Computer nicht schon hat.</translation>
     </message>
     <message>
@@ -909,11 +905,11 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>Direct Connections</source>
-        <translation>Direkte Verbindungen</translation>
+        <translation>Direktverbindungen</translation>
     </message>
     <message>
         <source>Let other computers synchronize with this one</source>
-        <translation>Andere Computer dürfen sich mit diesem abgleichen</translation>
+        <translation>Anderen Computern erlauben, mit diesem zu synchronisieren</translation>
     </message>
     <message>
         <source>Computers that may connect:</source>
@@ -924,72 +920,72 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Computer, die sich verbinden dürfen</translation>
     </message>
     <message>
-        <source>None so far. When a computer connects for the first time, you are asked whether it may.</source>
-        <translation>Bisher keine. Wenn sich ein Computer zum ersten Mal verbindet, werden Sie gefragt, ob er es darf.</translation>
+        <source>None yet. When a computer connects for the first time, you are asked for permission.</source>
+        <translation>Noch keine. Wenn sich ein Computer zum ersten Mal verbindet, werden Sie um Erlaubnis gefragt.</translation>
     </message>
     <message>
         <source>Revoke</source>
         <translation>Widerrufen</translation>
     </message>
     <message>
-        <source>The selected computer may not connect any more.</source>
-        <translation>Der ausgewählte Computer darf sich nicht mehr verbinden.</translation>
+        <source>Prevent the selected computer from connecting.</source>
+        <translation>Dem ausgewählten Computer das Verbinden nicht mehr erlauben.</translation>
     </message>
     <message>
         <source>The record “%1” is too large.</source>
         <translation>Der Datensatz „%1“ ist zu groß.</translation>
     </message>
     <message>
-        <source>The record “%1” was made by a newer version of Velmora.</source>
-        <translation>Der Datensatz „%1“ stammt von einer neueren Version von Velmora.</translation>
+        <source>The record “%1” was created by a newer version of Velmora. Update Velmora to read it.</source>
+        <translation>Der Datensatz „%1“ wurde von einer neueren Version von Velmora angelegt. Aktualisieren Sie Velmora, um ihn zu lesen.</translation>
     </message>
     <message>
-        <source>No note can be called “%1”.</source>
-        <translation>Keine Notiz kann „%1“ heißen.</translation>
+        <source>“%1” is not a valid identifier of a note.</source>
+        <translation>„%1“ ist keine gültige Kennung einer Notiz.</translation>
     </message>
     <message>
-        <source>The note “%1” is too long to be synchronized.</source>
-        <translation>Die Notiz „%1“ ist zu lang, um synchronisiert zu werden.</translation>
+        <source>The note “%1” is too long to be synchronized. Divide it into several notes.</source>
+        <translation>Die Notiz „%1“ ist zu lang, um synchronisiert zu werden. Teilen Sie sie in mehrere Notizen auf.</translation>
     </message>
     <message>
-        <source>The name of a database must not be so long.</source>
-        <translation>So lang darf der Name einer Datenbank nicht sein.</translation>
+        <source>The name of the database is too long. Enter a shorter one.</source>
+        <translation>Der Name der Datenbank ist zu lang. Geben Sie einen kürzeren ein.</translation>
     </message>
     <message>
-        <source>No database can be called “%1”.</source>
-        <translation>Keine Datenbank kann „%1“ heißen.</translation>
+        <source>“%1” is not a valid identifier of a database.</source>
+        <translation>„%1“ ist keine gültige Kennung einer Datenbank.</translation>
     </message>
     <message>
-        <source>The database “%1” is neither here nor at the location.</source>
-        <translation>Die Datenbank „%1“ gibt es weder hier noch am Ort.</translation>
+        <source>The database “%1” exists neither on this computer nor at the location.</source>
+        <translation>Die Datenbank „%1“ gibt es weder auf diesem Computer noch am Ort.</translation>
     </message>
     <message>
         <source>“%1” was cleaned up at “%2”.</source>
-        <translation>„%1“ wurde bei „%2“ aufgeräumt.</translation>
+        <translation>„%1“ wurde an „%2“ aufgeräumt.</translation>
     </message>
     <message>
         <source>“%1” was synchronized with “%2”.</source>
         <translation>„%1“ wurde mit „%2“ synchronisiert.</translation>
     </message>
     <message>
-        <source>“%1” was not cleaned up at “%2”: %3</source>
-        <translation>„%1“ wurde bei „%2“ nicht aufgeräumt: %3</translation>
+        <source>“%1” could not be cleaned up at “%2”: %3</source>
+        <translation>„%1“ konnte an „%2“ nicht aufgeräumt werden: %3</translation>
     </message>
     <message>
-        <source>“%1” was not synchronized with “%2”: %3</source>
-        <translation>„%1“ wurde nicht mit „%2“ synchronisiert: %3</translation>
+        <source>“%1” could not be synchronized with “%2”: %3</source>
+        <translation>„%1“ konnte nicht mit „%2“ synchronisiert werden: %3</translation>
     </message>
     <message>
-        <source>“%1” was not cleaned up: it is not on this computer.</source>
-        <translation>„%1“ wurde nicht aufgeräumt: Die Datenbank ist nicht auf diesem Computer.</translation>
+        <source>“%1” could not be cleaned up because the database is not on this computer.</source>
+        <translation>„%1“ konnte nicht aufgeräumt werden, weil die Datenbank nicht auf diesem Computer ist.</translation>
     </message>
     <message>
-        <source>Of “%1” something was left out at “%2”: %3</source>
-        <translation>Von „%1“ wurde bei „%2“ etwas ausgelassen: %3</translation>
+        <source>Some items of “%1” could not be synchronized with “%2”: %3</source>
+        <translation>Einige Objekte von „%1“ konnten nicht mit „%2“ synchronisiert werden: %3</translation>
     </message>
     <message>
         <source>Cleaning up “%1” at “%2”…</source>
-        <translation>„%1“ wird bei „%2“ aufgeräumt …</translation>
+        <translation>„%1“ wird an „%2“ aufgeräumt …</translation>
     </message>
     <message>
         <source>Synchronizing “%1” with “%2”…</source>
@@ -997,31 +993,31 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>No browser can be opened to sign in to Dropbox.</source>
-        <translation>Es lässt sich kein Browser öffnen, um sich bei Dropbox anzumelden.</translation>
+        <translation>Zum Anmelden bei Dropbox konnte kein Webbrowser geöffnet werden. Legen Sie einen Standardbrowser fest, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>Dropbox cannot be used: no application key is configured.</source>
-        <translation>Dropbox kann nicht benutzt werden: Es ist kein Anwendungsschlüssel eingerichtet.</translation>
+        <translation>Dropbox kann nicht benutzt werden, weil kein Anwendungsschlüssel eingerichtet ist. Die Dokumentation von Velmora beschreibt, wie Sie einen eintragen.</translation>
     </message>
     <message>
         <source>The address “%1” configured for Dropbox is not secure.</source>
-        <translation>Die für Dropbox eingerichtete Adresse „%1“ ist nicht sicher.</translation>
+        <translation>Die für Dropbox eingerichtete Adresse „%1“ ist nicht sicher. Verwenden Sie eine https-Adresse.</translation>
     </message>
     <message>
         <source>Not signed in to Dropbox as “%1”. Edit the location to do so.</source>
-        <translation>Nicht als „%1“ bei Dropbox angemeldet. Bearbeiten Sie den Ort, um sich anzumelden.</translation>
+        <translation>Velmora ist nicht als „%1“ bei Dropbox angemeldet. Bearbeiten Sie den Ort, um sich anzumelden.</translation>
     </message>
     <message>
         <source>“%1” has to sign in to Dropbox again. Edit the location to do so.</source>
-        <translation>„%1“ muss sich erneut bei Dropbox anmelden. Bearbeiten Sie dazu den Ort.</translation>
+        <translation>Die Anmeldung bei Dropbox als „%1“ ist nicht mehr gültig. Bearbeiten Sie den Ort, um sich erneut anzumelden.</translation>
     </message>
     <message>
         <source>The answer of the browser cannot be awaited: %1.</source>
-        <translation>Auf die Antwort des Browsers kann nicht gewartet werden: %1.</translation>
+        <translation>Die Antwort des Webbrowsers kann nicht empfangen werden: %1.</translation>
     </message>
     <message>
         <source>Nobody has signed in to Dropbox in time.</source>
-        <translation>Niemand hat sich rechtzeitig bei Dropbox angemeldet.</translation>
+        <translation>Die Zeit für die Anmeldung bei Dropbox ist abgelaufen. Versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>You may close this window now and go back to Velmora.</source>
@@ -1029,27 +1025,27 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>Velmora did not ask for this.</source>
-        <translation>Danach hat Velmora nicht gefragt.</translation>
+        <translation>Velmora hat diese Seite nicht angefordert.</translation>
     </message>
     <message>
         <source>The sign-in to Dropbox was refused.</source>
-        <translation>Die Anmeldung bei Dropbox wurde abgelehnt.</translation>
+        <translation>Der Zugriff auf Dropbox wurde im Webbrowser abgelehnt. Versuchen Sie es noch einmal, und erlauben Sie ihn.</translation>
     </message>
     <message>
         <source>The answer of the browser is not understood.</source>
-        <translation>Die Antwort des Browsers ist unverständlich.</translation>
+        <translation>Der Webbrowser hat eine ungültige Antwort gesendet. Melden Sie sich noch einmal an.</translation>
     </message>
     <message>
         <source>The Dropbox of “%1” is full.</source>
-        <translation>Die Dropbox von „%1“ ist voll.</translation>
+        <translation>Die Dropbox von „%1“ ist voll. Löschen Sie dort Dateien.</translation>
     </message>
     <message>
         <source>Dropbox did not accept the sign-in.</source>
-        <translation>Dropbox hat die Anmeldung nicht angenommen.</translation>
+        <translation>Dropbox hat die Anmeldung abgelehnt. Versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>Velmora has no access to the folder “%1”. Grant it under Folder Access.</source>
-        <translation>Velmora hat keinen Zugriff auf den Ordner „%1“. Erlauben Sie ihn unter „Ordnerzugriff“.</translation>
+        <translation>Velmora hat keinen Zugriff auf den Ordner „%1“. Erlauben Sie ihn unter „Ordnerzugriff …“.</translation>
     </message>
 </context>
 <context>
@@ -1063,12 +1059,12 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Schlüsselbund ist gesperrt.</translation>
     </message>
     <message>
-        <source>The password service does not work.</source>
-        <translation>Der Passwortdienst funktioniert nicht.</translation>
+        <source>The password service failed.</source>
+        <translation>Der Passwortdienst ist fehlgeschlagen.</translation>
     </message>
     <message>
         <source>Passwords cannot be saved. They are kept until you quit %1.</source>
-        <translation>Passwörter können nicht gesichert werden. Sie bleiben erhalten, bis %1 beendet wird.</translation>
+        <translation>Passwörter können nicht gespeichert werden. Sie bleiben erhalten, bis %1 beendet wird.</translation>
     </message>
     <message>
         <source>yesterday at %1</source>
@@ -1083,7 +1079,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>morgen um %1</translation>
     </message>
     <message>
-        <source>The folder “%1” could not be made.</source>
+        <source>The folder “%1” could not be created.</source>
         <translation>Der Ordner „%1“ konnte nicht angelegt werden.</translation>
     </message>
 </context>

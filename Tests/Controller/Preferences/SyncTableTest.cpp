@@ -39,9 +39,12 @@ private Q_SLOTS:
         QStringList texts = captured("Resources/Interface", "*.ui", "<string>([^<]+)</string>");
         for (const char *folder : {"Controller", "View", "Platform"}) {
             texts += captured(folder, "*.cpp",
-                              "localized(?:Sync)?String\\((?:PlatformTable,)?\\s*\"([^\"]+)\"");
+                              "localized(?:Sync)?String\\((?:PlatformTable,)?\\s*\"([^\"]+"
+                              "(?:\"\\s+\"[^\"]+)*)\"");
         }
         QVERIFY(texts.size() > 30);
+        static const QRegularExpression seam(QStringLiteral("\"\\s+\""));
+        texts.replaceInStrings(seam, QString());
         for (const QString &text : std::as_const(texts)) {
             QVERIFY2(table.contains(QStringLiteral("<source>%1</source>").arg(text)),
                      qPrintable(text));

@@ -1,3 +1,5 @@
+#include <QtCore/QDirIterator>
+
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Host/SyncStrings.h"
 #include "Support/TestHost.h"
@@ -84,7 +86,9 @@ private Q_SLOTS:
         QVERIFY(table.open(QIODevice::ReadOnly));
         const QString translated = QString::fromUtf8(table.readAll());
         static const QRegularExpression text(
-            QStringLiteral("(?:localizedSyncString\\(|EngineErrorCode::\\w+,)\\s*\"([^\"]+)\""));
+            QStringLiteral("(?:localizedSyncString\\(|EngineErrorCode::\\w+,)\\s*\"([^\"]+"
+                           "(?:\"\\s+\"[^\"]+)*)\""));
+        static const QRegularExpression seam(QStringLiteral("\"\\s+\""));
         QDirIterator sources(QStringLiteral(VELMORA_SOURCE_DIR "/Engine"),
                              {QStringLiteral("*.cpp")}, QDir::Files, QDirIterator::Subdirectories);
         int found = 0;
@@ -93,7 +97,7 @@ private Q_SLOTS:
             QVERIFY(source.open(QIODevice::ReadOnly));
             auto matches = text.globalMatch(QString::fromUtf8(source.readAll()));
             while (matches.hasNext()) {
-                const QString key = matches.next().captured(1);
+                const QString key = matches.next().captured(1).remove(seam);
                 QVERIFY2(translated.contains(QStringLiteral("<source>%1</source>").arg(key)),
                          qPrintable(key));
                 ++found;

@@ -145,13 +145,13 @@ private Q_SLOTS:
     void refusesAFolderThatHoldsOtherThings() {
         QVERIFY(QDir().mkdir(folder()));
         writeFile(folder() + QStringLiteral("/letter.txt"), "Dear Ida");
-        verifyRefused(QStringLiteral("holds other things"), folder());
+        verifyRefused(QStringLiteral("contains other files"), folder());
     }
 
     void refusesAFolderThatCannotBeMade() {
         writeFile(m_directory->filePath(QStringLiteral("file")), "x");
         const QString impossible = m_directory->filePath(QStringLiteral("file/Profile"));
-        QVERIFY(descriptionOfOpening(impossible).contains(QStringLiteral("cannot be made")));
+        QVERIFY(descriptionOfOpening(impossible).contains(QStringLiteral("could not be created")));
         QVERIFY(descriptionOfOpening(impossible).contains(impossible));
     }
 
@@ -285,12 +285,12 @@ private Q_SLOTS:
     void refusesAFileThatMayNotBeRead() {
         QCOMPARE(descriptionOfOpening(folder()), QString());
         makeUnwritable(file(), {});
-        verifyRefusedUnprivileged(QStringLiteral("may not be read"), file());
+        verifyRefusedUnprivileged(QStringLiteral("have permission to read"), file());
     }
 
     void refusesAFolderWhoseParentIsReadOnly() {
         makeUnwritable(m_directory->path(), QFileDevice::Permissions(0x5555));
-        verifyRefusedUnprivileged(QStringLiteral("cannot be made"), folder());
+        verifyRefusedUnprivileged(QStringLiteral("could not be created"), folder());
     }
 
     void writesAllOrNothing() {

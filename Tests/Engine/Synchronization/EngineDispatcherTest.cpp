@@ -249,8 +249,9 @@ private Q_SLOTS:
         QVERIFY(!bad->lastSynced().isValid());
         QVERIFY(good->lastSynced().isValid());
         QCOMPARE(log().size(), 2);
-        QVERIFY2(log().first().startsWith(QStringLiteral("Sync: “Projects” was not synchronized")),
-                 qPrintable(log().first()));
+        QVERIFY2(
+            log().first().startsWith(QStringLiteral("Sync: “Projects” could not be synchronized")),
+            qPrintable(log().first()));
     }
 
     void aDatabaseThatIsNowhereIsNotMade() {
@@ -258,7 +259,7 @@ private Q_SLOTS:
         synchronize({nowhere});
         QCOMPARE(m_host->library().knownDatabases().size(), 1);
         QVERIFY(!nowhere->lastSynced().isValid());
-        QVERIFY(log().first().contains(QStringLiteral("“Ghost” is neither here nor")));
+        QVERIFY(log().first().contains(QStringLiteral("“Ghost” exists neither")));
     }
 
     void theHandlerComesOnceOnTheMainThreadAndLater() {
@@ -368,7 +369,7 @@ private Q_SLOTS:
                   ->addStateForDatabaseWithUUID(made->UUID(), made->name()));
         clean(state(UnknownUUID, QStringLiteral("Ghost")));
         QCOMPARE(log().size(), 2);
-        QVERIFY(log().first().contains(QStringLiteral("was not cleaned up")));
+        QVERIFY(log().first().contains(QStringLiteral("could not be cleaned up")));
         QVERIFY(log().last().contains(QStringLiteral("not on this computer")));
     }
 
