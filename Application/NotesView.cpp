@@ -85,7 +85,8 @@ void NotesView::setDatabase(const std::shared_ptr<NoteDatabase> &database) {
 }
 
 void NotesView::showNotes() {
-    m_notes = m_database ? m_database->notes() : QList<Note>();
+    const Expected<QList<Note>> notes = m_database ? m_database->notes() : QList<Note>();
+    m_notes = notes.value_or(QList<Note>());
     const int row = rowOf(m_note);
     {
         const QSignalBlocker blocker(m_list);
@@ -100,6 +101,9 @@ void NotesView::showNotes() {
     // What is being typed stays what it was typed over, whatever has come meanwhile.
     if (!m_isEdited) {
         showNote(m_list->currentRow());
+    }
+    if (!notes) {
+        NSApp()->presentError(notes.error());
     }
 }
 
@@ -155,10 +159,10 @@ void NotesView::commit() {
     note.title = m_title->text();
     note.text = m_text->toPlainText();
     note.modified = QDateTime::currentDateTime();
-    const std::optional<Error> error = m_database->saveNote(note);
+    const Expected<void> saved = m_database->saveNote(note);
     // What could not be saved is tried again with what is typed next, or where another is chosen.
-    m_isEdited = error.has_value();
-    presentIfAny(error);
+    m_isEdited = !saved;
+    presentIfAny(saved);
 }
 
 void NotesView::addNote() {
@@ -166,8 +170,8 @@ void NotesView::addNote() {
     Note note;
     note.title = tr("New Note");
     note.modified = QDateTime::currentDateTime();
-    if (const auto error = m_database->saveNote(note)) {
-        presentIfAny(error);
+    if (const Expected<void> saved = m_database->saveNote(note); !saved) {
+        presentIfAny(saved);
         return;
     }
     m_list->setCurrentRow(m_list->count() - 1);

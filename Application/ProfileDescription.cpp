@@ -12,12 +12,14 @@
 
 namespace {
 
-QJsonObject describe(const NoteDatabase &database) {
-    return {{QStringLiteral("UUID"), database.UUID()},
-            {QStringLiteral("name"), database.name()},
-            {QStringLiteral("open"), database.isOpen()},
-            {QStringLiteral("inbox"), database.isInbox()},
-            {QStringLiteral("notes"), database.notes().size()}};
+Expected<QJsonObject> describe(const NoteDatabase &database) {
+    return database.notes().map([&](const QList<Note> &notes) {
+        return QJsonObject{{QStringLiteral("UUID"), database.UUID()},
+                           {QStringLiteral("name"), database.name()},
+                           {QStringLiteral("open"), database.isOpen()},
+                           {QStringLiteral("inbox"), database.isInbox()},
+                           {QStringLiteral("notes"), notes.size()}};
+    });
 }
 
 QString timeOfDay(const HourAndMinute &time) {
@@ -75,11 +77,15 @@ QJsonObject describe(const QVSyncLocation &location) {
 
 }  // namespace
 
-QJsonObject describeProfile(const NoteLibrary &library) {
+Expected<QJsonObject> describeProfile(const NoteLibrary &library) {
     QJsonArray databases;
     const auto knownDatabases = library.knownDatabases();
     for (const auto &database : knownDatabases) {
-        databases.append(describe(*database));
+        const Expected<QJsonObject> description = describe(*database);
+        if (!description) {
+            return failure(description.error());
+        }
+        databases.append(*description);
     }
     QJsonArray locations;
     const auto syncLocations = QVSyncPlugin::plugin()->locationsController()->syncLocations();
@@ -87,9 +93,9 @@ QJsonObject describeProfile(const NoteLibrary &library) {
         locations.append(describe(*location));
     }
     const QVSyncPlugin &plugin = *QVSyncPlugin::plugin();
-    return {{QStringLiteral("databases"), databases},
-            {QStringLiteral("locations"), locations},
-            {QStringLiteral("sandboxed"), plugin.usesSandboxedAccess()},
-            {QStringLiteral("grantedFolders"),
-             QJsonArray::fromStringList(plugin.bookmarkDictionaryKeys())}};
+    return QJsonObject{{QStringLiteral("databases"), databases},
+                       {QStringLiteral("locations"), locations},
+                       {QStringLiteral("sandboxed"), plugin.usesSandboxedAccess()},
+                       {QStringLiteral("grantedFolders"),
+                        QJsonArray::fromStringList(plugin.bookmarkDictionaryKeys())}};
 }

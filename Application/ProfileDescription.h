@@ -2,9 +2,11 @@
 
 #include <QtCore/QJsonObject>
 
+#include "Platform/Foundation/Expected.h"
+
 class NoteLibrary;
 
 /// The open profile as JSON: databases, locations, how they synchronize, and the folders
 /// granted. Without secrets:
 /// passwords in URLs are left out.
-QJsonObject describeProfile(const NoteLibrary &library);
+Expected<QJsonObject> describeProfile(const NoteLibrary &library);

@@ -64,7 +64,11 @@ int runBatch(VelmoraApplication &application, LaunchOptions options, const NoteL
         return fail(application, error.value_or(Error()), true);
     }
     if (options.describe) {
-        std::fputs(QJsonDocument(describeProfile(library)).toJson().constData(), stdout);
+        const Expected<QJsonObject> description = describeProfile(library);
+        if (!description) {
+            return fail(application, description.error(), true);
+        }
+        std::fputs(QJsonDocument(*description).toJson().constData(), stdout);
     }
     return EXIT_SUCCESS;
 }

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QtCore/QDateTime>
-#include <optional>
 
 #include "Application/Interface/InterfaceExport.h"
 #include "Host/QVDatabase.h"
-#include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Expected.h"
 
 /// One note. A value.
 struct Note {
@@ -28,17 +27,17 @@ public:
 
     virtual bool isInbox() const = 0;
     virtual bool isOpen() const = 0;
-    /// Returns the notes in the order in which they were added. A note that was edited in two
-    /// places at once appears once for each edit; all but one of these have UUIDs of their own and
-    /// say so in their titles.
-    virtual QList<Note> notes() const = 0;
+    /// Returns the notes in the order in which they were added, or an error if they cannot be read.
+    /// A note that was edited in two places at once appears once for each edit; all but one of
+    /// these have UUIDs of their own and say so in their titles.
+    virtual Expected<QList<Note>> notes() const = 0;
     /// Adds `note` or replaces the edit that its revision names, and updates `note.UUID` and
     /// `note.revision`. An empty UUID is replaced by a new one. An empty revision stands for the
     /// edit that the UUID shows now. If another computer has replaced the edit meanwhile, both
     /// edits are kept.
-    virtual std::optional<Error> saveNote(Note &note) = 0;
+    virtual Expected<void> saveNote(Note &note) = 0;
     /// Removes the note `noteUUID`; does nothing if there is none.
-    virtual std::optional<Error> removeNote(const QString &noteUUID) = 0;
+    virtual Expected<void> removeNote(const QString &noteUUID) = 0;
 
 Q_SIGNALS:
     /// Emitted after the database was opened or closed.

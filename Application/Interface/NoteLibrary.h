@@ -2,7 +2,6 @@
 
 #include <QtCore/QObject>
 #include <memory>
-#include <optional>
 
 #include "Application/Interface/NoteDatabase.h"
 
@@ -20,14 +19,14 @@ public:
     /// Returns the inbox; never null.
     virtual std::shared_ptr<NoteDatabase> inbox() const = 0;
     /// Creates a database and opens it. Fails if `name` is empty, blank or too long.
-    virtual std::optional<Error> createDatabase(const QString &name) = 0;
+    virtual Expected<void> createDatabase(const QString &name) = 0;
     /// Renames `database`. Fails if `name` is empty, blank or too long.
-    virtual std::optional<Error> renameDatabase(const std::shared_ptr<NoteDatabase> &database,
+    virtual Expected<void> renameDatabase(const std::shared_ptr<NoteDatabase> &database,
                                                 const QString &name) = 0;
     /// Opens `database`; does nothing if it is open.
-    virtual std::optional<Error> openDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
+    virtual Expected<void> openDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
     /// Closes `database`; does nothing if it is closed.
-    virtual std::optional<Error> closeDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
+    virtual Expected<void> closeDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
 
 Q_SIGNALS:
     /// Emitted after a database was created or arrived by a synchronization.

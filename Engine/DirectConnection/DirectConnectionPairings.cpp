@@ -27,16 +27,14 @@ DirectConnectionPairings &DirectConnectionPairings::shared() {
     return *sharedPairings;
 }
 
-void DirectConnectionPairings::load() {
-    QSqlQuery rows = m_profile.prepare(
-        QStringLiteral("SELECT key, value FROM settings WHERE key LIKE ? || '%'"));
-    rows.addBindValue(SettingPrefix);
-    rows.exec();
+Expected<void> DirectConnectionPairings::load() {
     const std::lock_guard lock(m_mutex);
-    while (rows.next()) {
-        m_fingerprints.insert(rows.value(0).toString().mid(SettingPrefix.size()),
-                              QByteArray::fromHex(rows.value(1).toByteArray()));
-    }
+    return m_profile.read(QStringLiteral("SELECT key, value FROM settings WHERE key LIKE ? || '%'"),
+                          {SettingPrefix}, [this](const QSqlQuery &row) {
+                              m_fingerprints.insert(
+                                  row.value(0).toString().mid(SettingPrefix.size()),
+                                  QByteArray::fromHex(row.value(1).toByteArray()));
+                          });
 }
 
 std::optional<QByteArray> DirectConnectionPairings::fingerprint(const QString &key) const {
@@ -58,12 +56,12 @@ void DirectConnectionPairings::keep(const QString &key, const QByteArray &finger
     }
     Keychain::shared().setPassword(KeychainService, key, secret.toHex());
     MainThreadQueue::post([this, key, fingerprint] {
-        const std::optional<Error> error =
+        const Expected<void> written =
             m_profile.run(QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
                                          " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
                           {SettingPrefix + key, QString::fromLatin1(fingerprint.toHex())});
-        if (error) {
-            Log::message(error->localizedDescription);
+        if (!written) {
+            Log::message(written.error().localizedDescription);
         }
     });
 }

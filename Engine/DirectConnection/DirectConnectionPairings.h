@@ -6,6 +6,8 @@
 #include <mutex>
 #include <optional>
 
+#include "Platform/Foundation/Expected.h"
+
 class ProfileDatabase;
 
 /// The servers that this profile's locations were paired with: the fingerprints of their
@@ -23,7 +25,7 @@ public:
     static DirectConnectionPairings &shared();
 
     /// Takes over what the profile holds; called once, when it was opened.
-    void load();
+    Expected<void> load();
 
     /// That of the server that was paired for `key`.
     std::optional<QByteArray> fingerprint(const QString &key) const;

@@ -68,7 +68,7 @@ void DirectConnectionSynchronizer::synchronize(const std::function<void()> &hand
     const auto left = std::make_shared<qsizetype>(UUIDs.size());
     for (const QString &UUID : UUIDs) {
         m_dispatcher.synchronizeWithStore(
-            {.databaseUUID = UUID, .databaseName = UUID, .place = ServedPlace},
+            {.databaseUUID = UUID, .databaseName = UUID, .store = ServedPlace},
             m_location->createBlobStore(), [left, handler](const auto & /*error*/) {
                 if (--*left == 0) {
                     handler();

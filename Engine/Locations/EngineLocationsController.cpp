@@ -25,18 +25,18 @@ EngineSyncState::Values stateValues(const QSqlQuery &row) {
     };
 }
 
-void bindState(QSqlQuery &query, const QString &location, const EngineSyncState &state) {
+QVariantList columnsOf(const QString &location, const EngineSyncState &state) {
     const ScheduleColumns schedule = ScheduleColumns::fromSchedule(state.schedule());
-    query.bindValue(0, location);
-    query.bindValue(1, state.databaseUUID());
-    query.bindValue(2, ProfileDatabase::text(state.databaseName()));
-    query.bindValue(3, state.isEnabled());
-    query.bindValue(4, state.syncOnOpen());
-    query.bindValue(5, state.syncOnClose());
-    query.bindValue(6, milliseconds(state.lastSynced()));
-    query.bindValue(7, schedule.kind);
-    query.bindValue(8, schedule.minutes);
-    query.bindValue(9, schedule.days);
+    return {location,
+            state.databaseUUID(),
+            ProfileDatabase::text(state.databaseName()),
+            state.isEnabled(),
+            state.syncOnOpen(),
+            state.syncOnClose(),
+            milliseconds(state.lastSynced()),
+            schedule.kind,
+            schedule.minutes,
+            schedule.days};
 }
 
 }  // namespace
@@ -44,46 +44,34 @@ void bindState(QSqlQuery &query, const QString &location, const EngineSyncState 
 EngineLocationsController::EngineLocationsController(const ProfileDatabase &profile)
     : m_profile(profile) {}
 
-std::optional<Error> EngineLocationsController::load() {
-    if (std::optional<Error> error = loadLocations()) {
-        return error;
-    }
-    return loadStates();
+Expected<void> EngineLocationsController::load() {
+    return loadLocations().and_then([this] { return loadStates(); });
 }
 
-std::optional<Error> EngineLocationsController::loadLocations() {
-    QSqlQuery rows =
-        m_profile.prepare(QStringLiteral("SELECT uuid, url FROM locations ORDER BY position"));
-    if (!rows.exec()) {
-        return m_profile.errorOf(rows);
-    }
-    while (rows.next()) {
-        m_locations.append(std::make_shared<EngineSyncLocation>(rows.value(0).toString(),
-                                                                rows.value(1).toString()));
-        m_saved.insert(rows.value(0).toString());
-    }
-    return {};
+Expected<void> EngineLocationsController::loadLocations() {
+    return m_profile.read(QStringLiteral("SELECT uuid, url FROM locations ORDER BY position"), {},
+                          [this](const QSqlQuery &row) {
+                              m_locations.append(std::make_shared<EngineSyncLocation>(
+                                  row.value(0).toString(), row.value(1).toString()));
+                              m_saved.insert(row.value(0).toString());
+                          });
 }
 
-std::optional<Error> EngineLocationsController::loadStates() {
+Expected<void> EngineLocationsController::loadStates() {
     QHash<QString, EngineSyncLocation *> locations;
     for (const std::shared_ptr<EngineSyncLocation> &location : std::as_const(m_locations)) {
         locations.insert(location->identifier(), location.get());
     }
-    QSqlQuery rows = m_profile.prepare(
+    return m_profile.read(
         QStringLiteral("SELECT location_uuid, database_uuid, database_name, enabled, sync_on_open,"
                        " sync_on_close, last_synced, schedule, schedule_minutes, schedule_days"
-                       " FROM states ORDER BY id"));
-    if (!rows.exec()) {
-        return m_profile.errorOf(rows);
-    }
-    while (rows.next()) {
-        if (EngineSyncLocation *location = locations.value(rows.value(0).toString())) {
-            location->restoreState(rows.value(1).toString(), rows.value(2).toString(),
-                                   stateValues(rows));
-        }
-    }
-    return {};
+                       " FROM states ORDER BY id"),
+        {}, [&](const QSqlQuery &row) {
+            if (EngineSyncLocation *location = locations.value(row.value(0).toString())) {
+                location->restoreState(row.value(1).toString(), row.value(2).toString(),
+                                       stateValues(row));
+            }
+        });
 }
 
 QList<std::shared_ptr<QVSyncLocation>> EngineLocationsController::syncLocations() const {
@@ -109,46 +97,42 @@ void EngineLocationsController::removeObjectFromSyncLocationsAtIndex(qsizetype i
 }
 
 bool EngineLocationsController::save(std::optional<Error> *error) {
-    std::optional<Error> problem = m_profile.write([this]() -> std::optional<Error> {
-        if (std::optional<Error> locationsError = writeLocations()) {
-            return locationsError;
-        }
-        return writeStates();
-    });
-    if (!problem) {
+    const Expected<void> written = m_profile.write(
+        [this] { return writeLocations().and_then([this] { return writeStates(); }); });
+    if (written) {
         rememberSaved();
-        return true;
+    } else if (error) {
+        *error = written.error();
     }
-    if (error) {
-        *error = std::move(problem);
-    }
-    return false;
+    return written.has_value();
 }
 
-std::optional<Error> EngineLocationsController::writeLocations() const {
+Expected<void> EngineLocationsController::writeLocations() const {
     QSet<QString> gone = m_saved;
     qsizetype position = 0;
     for (const std::shared_ptr<EngineSyncLocation> &location : m_locations) {
         gone.remove(location->identifier());
-        if (std::optional<Error> error = m_profile.run(
+        if (Expected<void> written = m_profile.run(
                 QStringLiteral("INSERT INTO locations (uuid, position, url) VALUES (?, ?, ?)"
                                " ON CONFLICT (uuid) DO UPDATE SET position = excluded.position,"
                                " url = excluded.url"),
-                {location->identifier(), position++, ProfileDatabase::text(location->URLText())})) {
-            return error;
+                {location->identifier(), position++, ProfileDatabase::text(location->URLText())});
+            !written) {
+            return written;
         }
     }
     for (const QString &identifier : std::as_const(gone)) {
-        if (std::optional<Error> error = m_profile.run(
-                QStringLiteral("DELETE FROM locations WHERE uuid = ?"), {identifier})) {
-            return error;
+        if (Expected<void> deleted =
+                m_profile.run(QStringLiteral("DELETE FROM locations WHERE uuid = ?"), {identifier});
+            !deleted) {
+            return deleted;
         }
     }
     return {};
 }
 
-std::optional<Error> EngineLocationsController::writeStates() const {
-    QSqlQuery query = m_profile.prepare(
+Expected<void> EngineLocationsController::writeStates() const {
+    Expected<QSqlQuery> query = m_profile.prepare(
         QStringLiteral("INSERT INTO states (location_uuid, database_uuid, database_name, enabled,"
                        " sync_on_open, sync_on_close, last_synced, schedule, schedule_minutes,"
                        " schedule_days) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"
@@ -159,15 +143,19 @@ std::optional<Error> EngineLocationsController::writeStates() const {
                        " last_synced = excluded.last_synced, schedule = excluded.schedule,"
                        " schedule_minutes = excluded.schedule_minutes,"
                        " schedule_days = excluded.schedule_days"));
+    if (!query) {
+        return failure(query.error());
+    }
     for (const std::shared_ptr<EngineSyncLocation> &location : m_locations) {
         const bool isNew = !isSaved(*location);
         for (const std::shared_ptr<EngineSyncState> &state : location->engineStates()) {
             if (!isNew && !state->isChanged()) {
                 continue;
             }
-            bindState(query, location->identifier(), *state);
-            if (!query.exec()) {
-                return m_profile.errorOf(query);
+            if (Expected<void> written =
+                    m_profile.run(*query, columnsOf(location->identifier(), *state));
+                !written) {
+                return written;
             }
         }
     }

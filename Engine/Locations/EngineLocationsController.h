@@ -5,6 +5,7 @@
 
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"
+#include "Platform/Foundation/Expected.h"
 
 class ProfileDatabase;
 
@@ -17,7 +18,7 @@ public:
     explicit EngineLocationsController(const ProfileDatabase &profile);
 
     /// Takes over what the profile holds; called once, when it was opened.
-    std::optional<Error> load();
+    Expected<void> load();
 
     QList<std::shared_ptr<QVSyncLocation>> syncLocations() const override;
     qsizetype countOfSyncLocations() const override { return m_locations.size(); }
@@ -31,10 +32,10 @@ public:
 private:
     using Locations = QList<std::shared_ptr<EngineSyncLocation>>;
 
-    std::optional<Error> loadLocations();
-    std::optional<Error> loadStates();
-    std::optional<Error> writeLocations() const;
-    std::optional<Error> writeStates() const;
+    Expected<void> loadLocations();
+    Expected<void> loadStates();
+    Expected<void> writeLocations() const;
+    Expected<void> writeStates() const;
     bool isSaved(const EngineSyncLocation &location) const;
     void rememberSaved();
 

@@ -25,21 +25,22 @@ QByteArray DatabaseRecord::encoded(const QString &databaseUUID, const QString &n
         .toJson(QJsonDocument::Compact);
 }
 
-Result<QString> DatabaseRecord::name(const QByteArray &record, const QString &databaseUUID,
-                                     const QString &place) {
+Expected<QString> DatabaseRecord::name(const QByteArray &record, const QString &databaseUUID,
+                                       const QString &place) {
     const QJsonObject object = QJsonDocument::fromJson(record).object();
     const QJsonValue version = object.value(RecordVersion);
     if (version.toInteger() > Version) {
-        return engineError(
+        return failure(engineError(
             EngineErrorCode::UnknownVersion,
             "The record “%1” was created by a newer version of Velmora. Update Velmora to read it.",
-            place);
+            place));
     }
     const QString name = object.value(RecordName).toString();
     const bool isSound = version == Version && object.value(RecordUUID) == databaseUUID &&
                          name.isValidUtf16() && Operation::isName(name);
     if (!isSound) {
-        return engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", place);
+        return failure(
+            engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", place));
     }
     return name;
 }

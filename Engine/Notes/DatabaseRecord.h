@@ -1,18 +1,21 @@
 #pragma once
 
-#include "Platform/Foundation/Result.h"
+#include "Platform/Foundation/Expected.h"
 
-/// The record of a database in a store's folder "databases". See Engine/Notes/StoreFormat.md.
+/// The record of a database in the folder "databases" of a store. The format is defined in
+/// Engine/Notes/StoreFormat.md. Thread-safe.
 namespace DatabaseRecord {
 
+/// The version of the format that this program reads and writes.
 inline constexpr int Version = 1;
 
-/// Where in a store it is.
+/// Returns the name of the blob that holds the record.
 QString path(const QString &databaseUUID);
+/// Returns the record of a database.
 QByteArray encoded(const QString &databaseUUID, const QString &name);
-/// The name that `record` gives the database, or what is wrong with it: then an error of the code
-/// DamagedRecord, or UnknownVersion for a record that must be left as it is. `place` is for a
-/// person to read.
-Result<QString> name(const QByteArray &record, const QString &databaseUUID, const QString &place);
+/// Returns the name of the database in `record`, which may be hostile. Errors have the code
+/// DamagedRecord, or UnknownVersion for a record that a newer program wrote and that must not be
+/// changed. `place` names the record in the error.
+Expected<QString> name(const QByteArray &record, const QString &databaseUUID, const QString &place);
 
 }  // namespace DatabaseRecord

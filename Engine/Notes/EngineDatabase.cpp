@@ -3,84 +3,85 @@
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Platform/KeyValue/KeyValue.h"
 
-EngineDatabase::EngineDatabase(const ProfileDatabase &profile, const QString &UUID,
-                               const QString &name, Kind kind, bool isOpen)
-    : m_profile(profile),
-      m_log(profile, UUID),
-      m_UUID(UUID),
-      m_name(name),
-      m_kind(kind),
-      m_isOpen(isOpen) {}
+EngineDatabase::EngineDatabase(const ProfileDatabase &profile, const Row &row)
+    : m_profile(profile), m_log(profile, row.id), m_row(row) {}
 
-QList<Note> EngineDatabase::notes() const {
+Expected<QList<Note>> EngineDatabase::notes() const {
     return m_log.notes();
 }
 
-std::optional<Error> EngineDatabase::saveNote(Note &note) {
+Expected<void> EngineDatabase::saveNote(Note &note) {
     Note saved = note;
-    if (std::optional<Error> error = m_profile.write([&] { return m_log.save(saved); })) {
-        return error;
+    if (Expected<void> written = m_profile.write([&] { return m_log.save(saved); }); !written) {
+        return written;
     }
     note = saved;
     Q_EMIT notesChanged();
     return {};
 }
 
-std::optional<Error> EngineDatabase::removeNote(const QString &noteUUID) {
-    if (std::optional<Error> error = m_profile.write([&] { return m_log.remove(noteUUID); })) {
-        return error;
-    }
-    Q_EMIT notesChanged();
-    return {};
+Expected<void> EngineDatabase::removeNote(const QString &noteUUID) {
+    return m_profile.write([&] { return m_log.remove(noteUUID); }).map([this] {
+        Q_EMIT notesChanged();
+    });
 }
 
-std::optional<Error> EngineDatabase::setName(const QString &name) {
-    if (std::optional<Error> error = m_profile.write([&] {
-            const std::optional<Error> logError = isInbox() ? std::nullopt : m_log.setName(name);
-            return logError ? logError : writeName(name);
-        })) {
-        return error;
-    }
-    m_name = name;
-    KeyValue::announce<&QVDatabase::nameChanged>(this);
-    return {};
+Expected<void> EngineDatabase::setName(const QString &name) {
+    return m_profile
+        .write([&] {
+            const Expected<void> logged = isInbox() ? Expected<void>() : m_log.setName(name);
+            return logged.and_then([&] { return writeName(name); });
+        })
+        .map([&] {
+            m_row.name = name;
+            KeyValue::announce<&QVDatabase::nameChanged>(this);
+        });
 }
 
-std::optional<Error> EngineDatabase::merge(const QList<Transaction> &transactions,
-                                           const std::function<std::optional<Error>()> &changes) {
-    QString name = m_name;
-    if (std::optional<Error> error = m_profile.write([&]() -> std::optional<Error> {
-            for (const Transaction &transaction : transactions) {
-                if (std::optional<Error> mergeError = m_log.merge(transaction)) {
-                    return mergeError;
-                }
-            }
-            const QString logName = isInbox() ? QString() : m_log.name();
-            name = logName.isEmpty() ? m_name : logName;
-            const std::optional<Error> nameError = name == m_name ? std::nullopt : writeName(name);
-            return nameError ? nameError : changes();
-        })) {
-        return error;
+Expected<void> EngineDatabase::merge(const QList<Transaction> &transactions,
+                                     const std::function<Expected<void>()> &changes) {
+    QString name;
+    const auto write = [&](const QString &mergedName) {
+        name = mergedName;
+        const Expected<void> named = name == m_row.name ? Expected<void>() : writeName(name);
+        return named.and_then(changes);
+    };
+    if (Expected<void> written =
+            m_profile.write([&] { return mergeLog(transactions).and_then(write); });
+        !written) {
+        return written;
     }
     Q_EMIT notesChanged();
-    if (name != m_name) {
-        m_name = name;
+    if (name != m_row.name) {
+        m_row.name = name;
         KeyValue::announce<&QVDatabase::nameChanged>(this);
     }
     return {};
 }
 
-std::optional<Error> EngineDatabase::writeName(const QString &name) const {
-    return m_profile.run(QStringLiteral("UPDATE databases SET name = ? WHERE uuid = ?"),
-                         {name, m_UUID});
+Expected<QString> EngineDatabase::mergeLog(const QList<Transaction> &transactions) const {
+    for (const Transaction &transaction : transactions) {
+        if (const Expected<void> merged = m_log.merge(transaction); !merged) {
+            return failure(merged.error());
+        }
+    }
+    if (isInbox()) {
+        return m_row.name;
+    }
+    return m_log.name().map(
+        [this](const QString &name) { return name.isEmpty() ? m_row.name : name; });
 }
 
-std::optional<Error> EngineDatabase::setOpen(bool isOpen) {
-    if (std::optional<Error> error = m_profile.run(
-            QStringLiteral("UPDATE databases SET is_open = ? WHERE uuid = ?"), {isOpen, m_UUID})) {
-        return error;
-    }
-    m_isOpen = isOpen;
-    KeyValue::announce<&NoteDatabase::openChanged>(this);
-    return {};
+Expected<void> EngineDatabase::writeName(const QString &name) const {
+    return m_profile.run(QStringLiteral("UPDATE databases SET name = ? WHERE id = ?"),
+                         {name, m_row.id});
+}
+
+Expected<void> EngineDatabase::setOpen(bool isOpen) {
+    return m_profile
+        .run(QStringLiteral("UPDATE databases SET is_open = ? WHERE id = ?"), {isOpen, m_row.id})
+        .map([&] {
+            m_row.isOpen = isOpen;
+            KeyValue::announce<&NoteDatabase::openChanged>(this);
+        });
 }

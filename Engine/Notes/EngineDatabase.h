@@ -1,43 +1,56 @@
 #pragma once
 
+#include <functional>
+
 #include "Engine/Notes/NoteLog.h"
 
-/// A database of the profile. Its notes are read from there each time.
+/// A database of the profile. Does not cache notes: they are read from the profile by each call.
+/// Main thread; all functions that read or write the profile block for it.
 class EngineDatabase : public NoteDatabase {
     Q_OBJECT
 public:
     enum class Kind { Inbox, Ordinary };
 
-    /// `profile` holds the database already, and must outlive this.
-    EngineDatabase(const ProfileDatabase &profile, const QString &UUID, const QString &name,
-                   Kind kind, bool isOpen);
+    /// The columns of a database's row in the profile.
+    struct Row {
+        qint64 id = 0;
+        QString UUID;
+        QString name;
+        Kind kind = Kind::Ordinary;
+        bool isOpen = true;
+    };
 
-    QString UUID() const override { return m_UUID; }
-    QString name() const override { return m_name; }
-    bool isInbox() const override { return m_kind == Kind::Inbox; }
-    bool isOpen() const override { return m_isOpen; }
-    QList<Note> notes() const override;
-    std::optional<Error> saveNote(Note &note) override;
-    std::optional<Error> removeNote(const QString &noteUUID) override;
+    /// `profile` is not owned and must outlive this object; it must contain `row`.
+    EngineDatabase(const ProfileDatabase &profile, const Row &row);
 
+    QString UUID() const override { return m_row.UUID; }
+    QString name() const override { return m_row.name; }
+    bool isInbox() const override { return m_row.kind == Kind::Inbox; }
+    bool isOpen() const override { return m_row.isOpen; }
+    Expected<QList<Note>> notes() const override;
+    Expected<void> saveNote(Note &note) override;
+    Expected<void> removeNote(const QString &noteUUID) override;
+
+    /// Returns the operations of the database. The reference is valid as long as this object.
     const NoteLog &log() const { return m_log; }
 
-    /// The library's: saves, then announces.
-    std::optional<Error> setName(const QString &name);
-    std::optional<Error> setOpen(bool isOpen);
-    /// Takes over what others have done and whatever `changes` writes besides, in one transaction,
-    /// then announces it.
-    std::optional<Error> merge(const QList<Transaction> &transactions,
-                               const std::function<std::optional<Error>()> &changes);
+    /// Renames the database and emits `nameChanged`. Called by the library only.
+    Expected<void> setName(const QString &name);
+    /// Opens or closes the database and emits `openChanged`. Called by the library only.
+    Expected<void> setOpen(bool isOpen);
+    /// Merges `transactions` and calls `changes`, in one transaction of the profile, then emits
+    /// `notesChanged`, and `nameChanged` if the name is another one. An error has no effect.
+    Expected<void> merge(const QList<Transaction> &transactions,
+                         const std::function<Expected<void>()> &changes);
 
 private:
-    /// The inbox is called in the person's language, so its name stays in the profile.
-    std::optional<Error> writeName(const QString &name) const;
+    /// The name is also stored in the row, since that of the inbox, which is in the user's
+    /// language, is not synchronized.
+    Expected<void> writeName(const QString &name) const;
+    /// Merges within the caller's transaction and returns the resulting name of the database.
+    Expected<QString> mergeLog(const QList<Transaction> &transactions) const;
 
     const ProfileDatabase &m_profile;
     const NoteLog m_log;
-    const QString m_UUID;
-    QString m_name;
-    const Kind m_kind;
-    bool m_isOpen;
+    Row m_row;
 };

@@ -1,6 +1,7 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 
 #include <QtCore/QUuid>
+#include <algorithm>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/InboxUUID.h"
@@ -12,15 +13,15 @@
 
 namespace {
 
-std::optional<Error> errorOfName(const QString &name) {
+Expected<void> checkName(const QString &name) {
     if (name.trimmed().isEmpty()) {
-        return engineError(EngineErrorCode::InvalidDatabase,
-                           localizedSyncString("Enter a name for the database."));
+        return failure(engineError(EngineErrorCode::InvalidDatabase,
+                                   localizedSyncString("Enter a name for the database.")));
     }
     if (!Operation::isName(name)) {
-        return engineError(
+        return failure(engineError(
             EngineErrorCode::InvalidDatabase,
-            localizedSyncString("The name of the database is too long. Enter a shorter one."));
+            localizedSyncString("The name of the database is too long. Enter a shorter one.")));
     }
     return {};
 }
@@ -33,24 +34,25 @@ void post(const QString &notification, QObject *database) {
 
 EngineNoteLibrary::EngineNoteLibrary(const ProfileDatabase &profile) : m_profile(profile) {}
 
-std::optional<Error> EngineNoteLibrary::load() {
-    QSqlQuery rows = m_profile.prepare(QStringLiteral(
-        "SELECT uuid, name, is_inbox, is_open FROM databases ORDER BY is_inbox DESC, id"));
-    if (!rows.exec()) {
-        return m_profile.errorOf(rows);
-    }
-    while (rows.next()) {
-        append(std::make_shared<EngineDatabase>(
-            m_profile, rows.value(0).toString(), rows.value(1).toString(),
-            rows.value(2).toBool() ? EngineDatabase::Kind::Inbox : EngineDatabase::Kind::Ordinary,
-            rows.value(3).toBool()));
+Expected<void> EngineNoteLibrary::load() {
+    if (Expected<void> done = m_profile.read(
+            QStringLiteral("SELECT id, uuid, name, is_inbox, is_open FROM databases"
+                           " ORDER BY is_inbox DESC, id"),
+            {},
+            [this](const QSqlQuery &row) {
+                append({row.value(0).toLongLong(), row.value(1).toString(), row.value(2).toString(),
+                        row.value(3).toBool() ? EngineDatabase::Kind::Inbox
+                                              : EngineDatabase::Kind::Ordinary,
+                        row.value(4).toBool()});
+            });
+        !done) {
+        return done;
     }
     if (m_databases.isEmpty() || !m_databases.first()->isInbox()) {
-        return engineError(
+        return failure(engineError(
             EngineErrorCode::ProfileUnusable,
-            localizedSyncString(
-                "The profile “%1” has no inbox. Restore it from a backup or use another profile.")
-                .arg(m_profile.path()));
+            "The profile “%1” has no inbox. Restore it from a backup or use another profile.",
+            m_profile.path()));
     }
     return {};
 }
@@ -78,100 +80,79 @@ std::shared_ptr<NoteDatabase> EngineNoteLibrary::inbox() const {
     return m_databases.value(0);
 }
 
-std::optional<Error> EngineNoteLibrary::createDatabase(const QString &name) {
-    if (std::optional<Error> error = errorOfName(name)) {
-        return error;
+Expected<void> EngineNoteLibrary::createDatabase(const QString &name) {
+    if (Expected<void> checked = checkName(name); !checked) {
+        return checked;
     }
-    const QString UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    if (std::optional<Error> error = m_profile.write([&] {
-            const std::optional<Error> insertError = insert(UUID, name);
-            return insertError ? insertError : NoteLog(m_profile, UUID).setName(name);
-        })) {
-        return error;
-    }
-    add(UUID, name);
-    return {};
+    EngineDatabase::Row row{.UUID = QUuid::createUuid().toString(QUuid::WithoutBraces),
+                            .name = name};
+    return m_profile
+        .write([&] {
+            return NoteLog::insertDatabase(m_profile, row.UUID, name).and_then([&](qint64 id) {
+                row.id = id;
+                return NoteLog(m_profile, id).setName(name);
+            });
+        })
+        .map([&] { add(row); });
 }
 
-std::optional<Error> EngineNoteLibrary::importDatabase(const QString &UUID, const QString &name) {
-    if (std::optional<Error> error = insert(UUID, name)) {
-        return error;
-    }
-    add(UUID, name);
-    return {};
+Expected<void> EngineNoteLibrary::importDatabase(const QString &UUID, const QString &name) {
+    return NoteLog::insertDatabase(m_profile, UUID, name).map([&](qint64 id) {
+        add({.id = id, .UUID = UUID, .name = name});
+    });
 }
 
-std::optional<Error> EngineNoteLibrary::merge(
-    const std::shared_ptr<EngineDatabase> &database, const QList<Transaction> &transactions,
-    const std::function<std::optional<Error>()> &changes) {
+Expected<void> EngineNoteLibrary::merge(const std::shared_ptr<EngineDatabase> &database,
+                                        const QList<Transaction> &transactions,
+                                        const std::function<Expected<void>()> &changes) {
     const QString name = database->name();
-    if (std::optional<Error> error = database->merge(transactions, changes)) {
-        return error;
-    }
-    if (database->name() != name) {
-        post(QVDatabaseRenamedNotification, database.get());
-    }
-    return {};
+    return database->merge(transactions, changes).map([&] {
+        if (database->name() != name) {
+            post(QVDatabaseRenamedNotification, database.get());
+        }
+    });
 }
 
-std::optional<Error> EngineNoteLibrary::insert(const QString &UUID, const QString &name) const {
-    return m_profile.run(QStringLiteral("INSERT INTO databases (uuid, name) VALUES (?, ?)"),
-                         {UUID, ProfileDatabase::text(name)});
-}
-
-void EngineNoteLibrary::add(const QString &UUID, const QString &name) {
-    const auto database = std::make_shared<EngineDatabase>(m_profile, UUID, name,
-                                                           EngineDatabase::Kind::Ordinary, true);
-    append(database);
+void EngineNoteLibrary::add(const EngineDatabase::Row &row) {
+    append(row);
+    const std::shared_ptr<EngineDatabase> database = m_databases.last();
     Q_EMIT knownDatabasesChanged();
     post(QVSyncPluginDidOpenDatabase, database.get());
 }
 
-std::optional<Error> EngineNoteLibrary::renameDatabase(
-    const std::shared_ptr<NoteDatabase> &database, const QString &name) {
-    if (std::optional<Error> error = errorOfName(name)) {
-        return error;
-    }
-    if (std::optional<Error> error = ours(database)->setName(name)) {
-        return error;
-    }
-    post(QVDatabaseRenamedNotification, database.get());
-    return {};
+Expected<void> EngineNoteLibrary::renameDatabase(const std::shared_ptr<NoteDatabase> &database,
+                                                 const QString &name) {
+    return checkName(name).and_then([&] { return own(database)->setName(name); }).map([&] {
+        post(QVDatabaseRenamedNotification, database.get());
+    });
 }
 
-std::optional<Error> EngineNoteLibrary::openDatabase(
-    const std::shared_ptr<NoteDatabase> &database) {
+Expected<void> EngineNoteLibrary::openDatabase(const std::shared_ptr<NoteDatabase> &database) {
     if (database->isOpen()) {
         return {};
     }
-    if (std::optional<Error> error = ours(database)->setOpen(true)) {
-        return error;
-    }
-    post(QVSyncPluginDidOpenDatabase, database.get());
-    return {};
+    return own(database)->setOpen(true).map(
+        [&] { post(QVSyncPluginDidOpenDatabase, database.get()); });
 }
 
-std::optional<Error> EngineNoteLibrary::closeDatabase(
-    const std::shared_ptr<NoteDatabase> &database) {
+Expected<void> EngineNoteLibrary::closeDatabase(const std::shared_ptr<NoteDatabase> &database) {
     if (!database->isOpen()) {
         return {};
     }
-    if (std::optional<Error> error = ours(database)->setOpen(false)) {
-        return error;
-    }
-    post(QVSyncPluginDidCloseDatabase, database.get());
-    return {};
+    return own(database)->setOpen(false).map(
+        [&] { post(QVSyncPluginDidCloseDatabase, database.get()); });
 }
 
-std::shared_ptr<EngineDatabase> EngineNoteLibrary::ours(
+std::shared_ptr<EngineDatabase> EngineNoteLibrary::own(
     const std::shared_ptr<NoteDatabase> &database) const {
     std::shared_ptr<EngineDatabase> known = m_databaseByUUID.value(database->UUID());
     requireParameter(known == database, "the database belongs to this library",
-                     "EngineNoteLibrary::ours", "Engine/Notes/EngineNoteLibrary");
+                     "EngineNoteLibrary::own", "Engine/Notes/EngineNoteLibrary");
     return known;
 }
 
-void EngineNoteLibrary::append(const std::shared_ptr<EngineDatabase> &database) {
+void EngineNoteLibrary::append(const EngineDatabase::Row &row) {
+    const auto database = std::make_shared<EngineDatabase>(m_profile, row);
     m_databases.append(database);
-    m_databaseByUUID.insert(database->UUID(), database);
+    m_databaseByUUID.insert(row.UUID, database);
 }

@@ -7,46 +7,51 @@
 
 class ProfileDatabase;
 
-/// The databases of the profile. Posts the notifications of Host/Notifications.h to the default
-/// centre, each after the change is on disk and announced.
+/// The databases of the profile. Main thread; functions that write block for the profile.
+///
+/// Posts the notifications of Host/Notifications.h to the default notification center, each after
+/// the change is durable and the corresponding signal was emitted.
 class EngineNoteLibrary : public NoteLibrary {
     Q_OBJECT
 public:
-    /// `profile` must outlive this.
+    /// `profile` is not owned and must outlive this object.
     explicit EngineNoteLibrary(const ProfileDatabase &profile);
 
-    /// Takes over what the profile holds; called once, when it was opened.
-    std::optional<Error> load();
-    /// Those that are open, in the order of the known ones.
-    QList<std::shared_ptr<QVDatabase>> openDatabases() const;
-    /// nullptr where none is known.
-    std::shared_ptr<NoteDatabase> databaseForUUID(const QString &UUID) const;
+    /// Reads the databases from the open profile. Must be called once, before all other functions.
+    /// Returns an error if the profile cannot be read or has no inbox; this object is then
+    /// unusable.
+    Expected<void> load();
 
-    /// The one that stores call `UUID`, which is "@inbox" for the inbox; nullptr where there is
-    /// none.
+    /// Returns the open databases in the order of `knownDatabases()`.
+    QList<std::shared_ptr<QVDatabase>> openDatabases() const;
+    /// Returns the database with the local `UUID`, or null.
+    std::shared_ptr<NoteDatabase> databaseForUUID(const QString &UUID) const;
+    /// Returns the database that stores name `UUID`, which is InboxUUID for the inbox, or null.
     std::shared_ptr<EngineDatabase> synchronizedDatabase(const QString &UUID) const;
-    /// Makes a local database of one that comes by synchronization.
-    std::optional<Error> importDatabase(const QString &UUID, const QString &name);
-    /// Takes over what others have done to `database` and whatever `changes` writes besides, in one
-    /// transaction, then announces it.
-    std::optional<Error> merge(const std::shared_ptr<EngineDatabase> &database,
-                               const QList<Transaction> &transactions,
-                               const std::function<std::optional<Error>()> &changes);
+
+    /// Creates a local database for one that exists in a store. It has no operations yet.
+    Expected<void> importDatabase(const QString &UUID, const QString &name);
+    /// Calls EngineDatabase::merge for `database`, and posts QVDatabaseRenamedNotification if the
+    /// name has changed.
+    Expected<void> merge(const std::shared_ptr<EngineDatabase> &database,
+                         const QList<Transaction> &transactions,
+                         const std::function<Expected<void>()> &changes);
 
     QList<std::shared_ptr<NoteDatabase>> knownDatabases() const override;
     std::shared_ptr<NoteDatabase> inbox() const override;
-    std::optional<Error> createDatabase(const QString &name) override;
-    std::optional<Error> renameDatabase(const std::shared_ptr<NoteDatabase> &database,
-                                        const QString &name) override;
-    std::optional<Error> openDatabase(const std::shared_ptr<NoteDatabase> &database) override;
-    std::optional<Error> closeDatabase(const std::shared_ptr<NoteDatabase> &database) override;
+    Expected<void> createDatabase(const QString &name) override;
+    Expected<void> renameDatabase(const std::shared_ptr<NoteDatabase> &database,
+                                  const QString &name) override;
+    Expected<void> openDatabase(const std::shared_ptr<NoteDatabase> &database) override;
+    Expected<void> closeDatabase(const std::shared_ptr<NoteDatabase> &database) override;
 
 private:
-    std::shared_ptr<EngineDatabase> ours(const std::shared_ptr<NoteDatabase> &database) const;
-    std::optional<Error> insert(const QString &UUID, const QString &name) const;
-    /// Takes in, announces and posts the open database that was inserted.
-    void add(const QString &UUID, const QString &name);
-    void append(const std::shared_ptr<EngineDatabase> &database);
+    /// Returns `database` as this library's own; another library's is a programming error.
+    std::shared_ptr<EngineDatabase> own(const std::shared_ptr<NoteDatabase> &database) const;
+    /// Adds the database that was inserted into the profile, emits `knownDatabasesChanged`, and
+    /// posts that it was opened.
+    void add(const EngineDatabase::Row &row);
+    void append(const EngineDatabase::Row &row);
 
     const ProfileDatabase &m_profile;
     QList<std::shared_ptr<EngineDatabase>> m_databases;

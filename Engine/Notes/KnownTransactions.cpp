@@ -2,28 +2,28 @@
 
 #include "Engine/Profile/ProfileDatabase.h"
 
-KnownTransactions::KnownTransactions(const ProfileDatabase &profile, const QString &place,
+KnownTransactions::KnownTransactions(const ProfileDatabase &profile, const QString &store,
                                      qint64 database)
-    : m_profile(profile), m_place(place), m_database(database) {}
+    : m_profile(profile), m_store(store), m_database(database) {}
 
-QHash<QString, KnownTransactions::Contents> KnownTransactions::all() const {
-    QSqlQuery rows = m_profile.prepare(
-        QStringLiteral("SELECT name, operations, superseded, size FROM known_transactions"
-                       " WHERE place = ? AND database = ?"));
-    rows.addBindValue(m_place);
-    rows.addBindValue(m_database);
-    rows.exec();
+Expected<QHash<QString, KnownTransactions::Contents>> KnownTransactions::all() const {
     QHash<QString, Contents> known;
-    while (rows.next()) {
-        known.insert(rows.value(0).toString(), {Operation::unpacked(rows.value(1).toByteArray()),
-                                                Operation::unpacked(rows.value(2).toByteArray()),
-                                                rows.value(3).toLongLong()});
+    const Expected<void> done = m_profile.read(
+        QStringLiteral("SELECT name, operations, superseded, size FROM known_transactions"
+                       " WHERE place = ? AND database = ?"),
+        {m_store, m_database}, [&](const QSqlQuery &row) {
+            known.insert(row.value(0).toString(), {Operation::unpacked(row.value(1).toByteArray()),
+                                                   Operation::unpacked(row.value(2).toByteArray()),
+                                                   row.value(3).toLongLong()});
+        });
+    if (!done) {
+        return failure(done.error());
     }
     return known;
 }
 
-std::optional<Error> KnownTransactions::add(const QString &name, const Transaction &transaction,
-                                            qint64 size) const {
+Expected<void> KnownTransactions::add(const QString &name, const Transaction &transaction,
+                                      qint64 size) const {
     QList<OperationId> operations;
     for (const Operation &operation : transaction.operations) {
         operations.append(operation.id);
@@ -32,12 +32,22 @@ std::optional<Error> KnownTransactions::add(const QString &name, const Transacti
         QStringLiteral(
             "INSERT OR REPLACE INTO known_transactions"
             " (place, database, name, operations, superseded, size) VALUES (?, ?, ?, ?, ?, ?)"),
-        {m_place, m_database, name, Operation::packed(operations),
+        {m_store, m_database, name, Operation::packed(operations),
          Operation::packed(transaction.allSuperseded()), size});
 }
 
-std::optional<Error> KnownTransactions::remove(const QString &name) const {
-    return m_profile.run(QStringLiteral("DELETE FROM known_transactions"
-                                        " WHERE place = ? AND database = ? AND name = ?"),
-                         {m_place, m_database, name});
+Expected<void> KnownTransactions::remove(const QStringList &names) const {
+    Expected<QSqlQuery> deletion =
+        m_profile.prepare(QStringLiteral("DELETE FROM known_transactions"
+                                         " WHERE place = ? AND database = ? AND name = ?"));
+    if (!deletion) {
+        return failure(deletion.error());
+    }
+    for (const QString &name : names) {
+        if (Expected<void> removed = m_profile.run(*deletion, {m_store, m_database, name});
+            !removed) {
+            return removed;
+        }
+    }
+    return {};
 }

@@ -1,36 +1,40 @@
 #pragma once
 
 #include <QtCore/QHash>
-#include <QtCore/QSet>
 
 #include "Engine/Notes/Transaction.h"
 
 class ProfileDatabase;
 
-/// What the profile knows of the transactions of one database in one store: which there are, and
-/// what each of them holds. Main thread; changes are made within the caller's transaction.
+/// The transactions of one database in one store that the profile has read or written, and what
+/// each of them contains.
+///
+/// Main thread. All errors have the code ProfileNotWritten. Changes must be made within a
+/// transaction of the profile.
 class KnownTransactions {
 public:
+    /// The contents of one record, without the notes themselves.
     struct Contents {
         QList<OperationId> operations;
+        /// The identifiers that the record declares superseded, in either way.
         QList<OperationId> superseded;
-        /// Bytes of the record.
+        /// The size of the record in bytes.
         qint64 size = 0;
     };
 
-    /// `place` names the store in `profile`, which must outlive this; `database` is the identifier
-    /// of the database's row.
-    KnownTransactions(const ProfileDatabase &profile, const QString &place, qint64 database);
+    /// `profile` is not owned and must outlive this object. `store` identifies the store in the
+    /// profile; `database` is the id of the database's row.
+    KnownTransactions(const ProfileDatabase &profile, const QString &store, qint64 database);
 
-    /// By the names of the records.
-    QHash<QString, Contents> all() const;
-    std::optional<Error> add(const QString &name, const Transaction &transaction,
-                             qint64 size) const;
-    /// Harmless for one that is not known.
-    std::optional<Error> remove(const QString &name) const;
+    /// Returns the contents by the names of the records.
+    Expected<QHash<QString, Contents>> all() const;
+    /// Adds the record `name` of `size` bytes, or replaces it.
+    Expected<void> add(const QString &name, const Transaction &transaction, qint64 size) const;
+    /// Removes the records `names`. Names that are not known are ignored.
+    Expected<void> remove(const QStringList &names) const;
 
 private:
     const ProfileDatabase &m_profile;
-    const QString m_place;
+    const QString m_store;
     const qint64 m_database;
 };

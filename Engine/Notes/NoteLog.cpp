@@ -6,14 +6,14 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileDatabase.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 
-/// The same on every computer, so not in the person's language.
+/// Not localized: all computers must show the same title.
 const QString ConflictMark = QStringLiteral(" (conflict)");
 
-/// Never NULL, as a column of identifiers is not.
+/// A column of identifiers must not be NULL.
 QByteArray blob(const OperationId &identifier) {
     return identifier.isNull() ? QByteArray("") : identifier;
 }
@@ -29,7 +29,7 @@ Operation operationInRow(const QSqlQuery &row) {
             row.value(6).toByteArray()};
 }
 
-/// With what is no character replaced, as it would be on its way through a store.
+/// Returns `text` with unpaired surrogates replaced, as encoding a transaction would replace them.
 QString wellFormed(const QString &text) {
     return text.isValidUtf16() ? text : QString::fromUtf8(text.toUtf8());
 }
@@ -56,23 +56,52 @@ qsizetype roughSize(const Operation &operation) {
            operation.supersedes.size() * identifier;
 }
 
-bool isTooLong(const Note &note) {
-    return note.title.toUtf8().size() + note.text.toUtf8().size() > Operation::NoteLimit;
+QString selection(const QString &condition) {
+    return QStringLiteral(
+               "SELECT digest, note_uuid, title, text, modified, supersedes, salt"
+               " FROM operations WHERE database = ? AND %1 ORDER BY position, id")
+        .arg(condition);
+}
+
+Expected<void> checkNote(const Note &note) {
+    if (!Operation::isUUID(note.UUID)) {
+        return failure(engineError(EngineErrorCode::InvalidDatabase,
+                                   "“%1” is not a valid identifier of a note.", note.UUID));
+    }
+    if (note.title.toUtf8().size() + note.text.toUtf8().size() > Operation::NoteLimit) {
+        return failure(engineError(
+            EngineErrorCode::InvalidDatabase,
+            "The note “%1” is too long to be synchronized. Divide it into several notes.",
+            note.title.left(80)));
+    }
+    return {};
+}
+
+bool comesBefore(const Operation &a, const Operation &b) {
+    return a.comesBefore(b);
 }
 
 }  // namespace
 
-NoteLog::NoteLog(const ProfileDatabase &profile, const QString &databaseUUID)
-    : m_profile(profile),
-      m_database(
-          profile.value(QStringLiteral("SELECT id FROM databases WHERE uuid = ?"), {databaseUUID})
-              .toLongLong()) {}
+Expected<qint64> NoteLog::insertDatabase(const ProfileDatabase &profile, const QString &UUID,
+                                         const QString &name) {
+    return profile
+        .value(QStringLiteral("INSERT INTO databases (uuid, name) VALUES (?, ?) RETURNING id"),
+               {UUID, ProfileDatabase::text(name)})
+        .map([](const QVariant &id) { return id.toLongLong(); });
+}
 
-QList<Note> NoteLog::notes() const {
+NoteLog::NoteLog(const ProfileDatabase &profile, qint64 database)
+    : m_profile(profile), m_database(database) {}
+
+Expected<QList<Note>> NoteLog::notes() const {
+    const Expected<QList<Row>> all = rows();
+    if (!all) {
+        return failure(all.error());
+    }
     QList<Note> notes;
-    const QList<Row> all = rows();
-    notes.reserve(all.size());
-    for (const auto &[UUID, operation] : all) {
+    notes.reserve(all->size());
+    for (const auto &[UUID, operation] : *all) {
         const bool isCopy = UUID != operation.note;
         const auto modified = operation.modified;
         notes.append({UUID, isCopy ? operation.title + ConflictMark : operation.title,
@@ -83,76 +112,96 @@ QList<Note> NoteLog::notes() const {
     return notes;
 }
 
-std::optional<Error> NoteLog::save(Note &note) const {
+Expected<void> NoteLog::save(Note &note) const {
     Note saved{note.UUID, wellFormed(note.title), wellFormed(note.text), note.modified,
                note.revision};
     if (saved.UUID.isEmpty()) {
         saved.UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
     }
-    if (!Operation::isUUID(saved.UUID)) {
-        return engineError(EngineErrorCode::InvalidDatabase,
-                           "“%1” is not a valid identifier of a note.", saved.UUID);
+    if (Expected<void> checked = checkNote(saved); !checked) {
+        return checked;
     }
-    if (isTooLong(saved)) {
-        return engineError(
-            EngineErrorCode::InvalidDatabase,
-            "The note “%1” is too long to be synchronized. Divide it into several notes.",
-            saved.title.left(80));
-    }
-    const OperationId seen = note.revision.isEmpty()
-                                 ? shownUnder(note.UUID)
-                                 : QByteArray::fromHex(note.revision.toLatin1());
-    std::optional<Operation> current = operation(seen);
-    if (!current || !holds(*current, saved)) {
-        const QList<OperationId> replaced = seen.isEmpty() ? QList<OperationId>() : QList{seen};
-        current = Operation::make(saved.UUID, saved.title, saved.text,
-                                  soundMilliseconds(saved.modified), predecessors(replaced));
-        if (std::optional<Error> error = replace(replaced, *current)) {
-            return error;
-        }
+    const Expected<OperationId> seen =
+        note.revision.isEmpty()
+            ? shownAs(note.UUID)
+            : Expected<OperationId>(QByteArray::fromHex(note.revision.toLatin1()));
+    const Expected<Operation> current =
+        seen.and_then([&](const OperationId &seenId) { return writeEdit(saved, seenId); });
+    if (!current) {
+        return failure(current.error());
     }
     saved.revision = revisionOf(*current);
     note = saved;
     return {};
 }
 
-std::optional<Error> NoteLog::remove(const QString &noteUUID) const {
-    const OperationId seen = shownUnder(noteUUID);
-    if (seen.isEmpty()) {
+Expected<Operation> NoteLog::writeEdit(const Note &note, const OperationId &seen) const {
+    const Expected<std::optional<Operation>> current = operation(seen);
+    if (!current) {
+        return failure(current.error());
+    }
+    if (*current && holds(**current, note)) {
+        return **current;
+    }
+    const QList<OperationId> replaced = seen.isEmpty() ? QList<OperationId>() : QList{seen};
+    const Expected<QList<OperationId>> superseded = predecessors(replaced);
+    if (!superseded) {
+        return failure(superseded.error());
+    }
+    const Operation edit = Operation::make(note.UUID, note.title, note.text,
+                                           soundMilliseconds(note.modified), *superseded);
+    return replace(replaced, edit).map([&] { return edit; });
+}
+
+Expected<void> NoteLog::remove(const QString &noteUUID) const {
+    const Expected<OperationId> seen = shownAs(noteUUID);
+    if (!seen) {
+        return failure(seen.error());
+    }
+    if (seen->isEmpty()) {
         return {};
     }
-    return isUnsent(seen) ? erase({seen}) : supersede({seen});
+    return isUnsent(*seen).and_then(
+        [&](bool unsent) { return unsent ? erase({*seen}) : supersede({*seen}); });
 }
 
-QString NoteLog::name() const {
-    return first({}).value_or(Operation()).title;
+Expected<QString> NoteLog::name() const {
+    return first({}).map([](const std::optional<Operation> &operation) {
+        return operation ? operation->title : QString();
+    });
 }
 
-std::optional<Error> NoteLog::setName(const QString &name) const {
+Expected<void> NoteLog::setName(const QString &name) const {
+    const Expected<QList<Operation>> names = select(QStringLiteral("note_uuid = ''"), {});
+    if (!names) {
+        return failure(names.error());
+    }
     QList<OperationId> seen;
-    const QList<Operation> names = select(QStringLiteral("note_uuid = ''"), {});
-    for (const Operation &operation : names.first(qMin(names.size(), Operation::SupersedesLimit))) {
+    for (const Operation &operation :
+         names->first(qMin(names->size(), Operation::SupersedesLimit))) {
         seen.append(operation.id);
     }
-    return replace(seen, Operation::make({}, wellFormed(name), {},
-                                         QDateTime::currentMSecsSinceEpoch(), predecessors(seen)));
+    return predecessors(seen).and_then([&](const QList<OperationId> &superseded) {
+        return replace(seen, Operation::make({}, wellFormed(name), {},
+                                             QDateTime::currentMSecsSinceEpoch(), superseded));
+    });
 }
 
-std::optional<Error> NoteLog::merge(const Transaction &transaction) const {
-    QSqlQuery insertion = prepareInsertion();
+Expected<void> NoteLog::merge(const Transaction &transaction) const {
+    Expected<QSqlQuery> insertion = prepareInsertion();
+    if (!insertion) {
+        return failure(insertion.error());
+    }
     for (const Operation &operation : transaction.operations) {
-        if (std::optional<Error> error =
-                insert(insertion, operation, operation.supersedes.value(0))) {
-            return error;
+        if (Expected<void> inserted = insert(*insertion, operation, operation.supersedes.value(0));
+            !inserted) {
+            return inserted;
         }
     }
-    if (std::optional<Error> error = supersede(transaction.allSuperseded())) {
-        return error;
-    }
-    return markAllSent();
+    return supersede(transaction.allSuperseded()).and_then([&] { return markAllSent(); });
 }
 
-std::optional<Error> NoteLog::markAllSent() const {
+Expected<void> NoteLog::markAllSent() const {
     return m_profile.run(
         QStringLiteral("UPDATE databases SET sent = coalesce("
                        "(SELECT max(id) FROM operations WHERE database = databases.id), sent)"
@@ -160,40 +209,44 @@ std::optional<Error> NoteLog::markAllSent() const {
         {m_database});
 }
 
-QList<OperationId> NoteLog::operationIds() const {
-    QSqlQuery rows = m_profile.prepare(
-        QStringLiteral("SELECT digest FROM operations WHERE database = ? ORDER BY id"));
-    rows.addBindValue(m_database);
-    rows.exec();
+Expected<QList<OperationId>> NoteLog::operationIds() const {
     QList<OperationId> identifiers;
-    while (rows.next()) {
-        identifiers.append(rows.value(0).toByteArray());
+    const Expected<void> done = m_profile.read(
+        QStringLiteral("SELECT digest FROM operations WHERE database = ? ORDER BY id"),
+        {m_database},
+        [&](const QSqlQuery &row) { identifiers.append(row.value(0).toByteArray()); });
+    if (!done) {
+        return failure(done.error());
     }
     return identifiers;
 }
 
-QSet<OperationId> NoteLog::supersededIds() const {
-    QSqlQuery rows =
-        m_profile.prepare(QStringLiteral("SELECT digest FROM superseded WHERE database = ?"));
-    rows.addBindValue(m_database);
-    rows.exec();
+Expected<QSet<OperationId>> NoteLog::supersededIds() const {
     QSet<OperationId> identifiers;
-    while (rows.next()) {
-        identifiers.insert(rows.value(0).toByteArray());
+    const Expected<void> done = m_profile.read(
+        QStringLiteral("SELECT digest FROM superseded WHERE database = ?"), {m_database},
+        [&](const QSqlQuery &row) { identifiers.insert(row.value(0).toByteArray()); });
+    if (!done) {
+        return failure(done.error());
     }
     return identifiers;
 }
 
-std::optional<Operation> NoteLog::operation(const OperationId &identifier) const {
-    const QList<Operation> found = select(QStringLiteral("digest = ?"), {blob(identifier)});
-    return found.isEmpty() ? std::nullopt : std::optional(found.first());
+Expected<std::optional<Operation>> NoteLog::operation(const OperationId &identifier) const {
+    return select(QStringLiteral("digest = ?"), {blob(identifier)})
+        .map([](const QList<Operation> &found) {
+            return found.isEmpty() ? std::nullopt : std::optional(found.first());
+        });
 }
 
-QList<NoteLog::Row> NoteLog::rows() const {
-    const QList<Operation> all = select(QStringLiteral("note_uuid <> ''"), {});
+Expected<QList<NoteLog::Row>> NoteLog::rows() const {
+    const Expected<QList<Operation>> all = select(QStringLiteral("note_uuid <> ''"), {});
+    if (!all) {
+        return failure(all.error());
+    }
     QHash<QString, QList<Operation>> operationsByNote;
     QStringList notes;
-    for (const Operation &operation : all) {
+    for (const Operation &operation : *all) {
         QList<Operation> &operations = operationsByNote[operation.note];
         if (operations.isEmpty()) {
             notes.append(operation.note);
@@ -201,16 +254,15 @@ QList<NoteLog::Row> NoteLog::rows() const {
         operations.append(operation);
     }
     QList<Row> rows;
-    rows.reserve(all.size());
+    rows.reserve(all->size());
     QSet<QString> taken(notes.begin(), notes.end());
     for (const QString &note : std::as_const(notes)) {
         QList<Operation> &operations = operationsByNote[note];
-        std::sort(operations.begin(), operations.end(),
-                  [](const auto &a, const auto &b) { return a.comesBefore(b); });
+        std::sort(operations.begin(), operations.end(), comesBefore);
         rows.append({note, operations.first()});
         for (const Operation &copy : operations.mid(1)) {
             QString UUID = copy.UUIDOfCopy();
-            // Only someone who means to can have made a note of that UUID.
+            // A note has this UUID already only if somebody created it on purpose.
             while (taken.contains(UUID)) {
                 UUID = QUuid::createUuidV5(QUuid(UUID), UUID).toString(QUuid::WithoutBraces);
             }
@@ -221,100 +273,103 @@ QList<NoteLog::Row> NoteLog::rows() const {
     return rows;
 }
 
-std::optional<Operation> NoteLog::first(const QString &note) const {
-    const QList<Operation> operations =
-        select(QStringLiteral("note_uuid = ?"), {ProfileDatabase::text(note)});
-    const auto first =
-        std::min_element(operations.begin(), operations.end(),
-                         [](const auto &a, const auto &b) { return a.comesBefore(b); });
-    return first == operations.end() ? std::nullopt : std::optional(*first);
+Expected<std::optional<Operation>> NoteLog::first(const QString &note) const {
+    return select(QStringLiteral("note_uuid = ?"), {ProfileDatabase::text(note)})
+        .map([](const QList<Operation> &operations) {
+            const auto first = std::min_element(operations.begin(), operations.end(), comesBefore);
+            return first == operations.end() ? std::nullopt : std::optional(*first);
+        });
 }
 
-OperationId NoteLog::shownUnder(const QString &noteUUID) const {
+Expected<OperationId> NoteLog::shownAs(const QString &noteUUID) const {
     if (noteUUID.isEmpty()) {
-        return {};
+        return OperationId();
     }
-    if (const std::optional<Operation> shown = first(noteUUID)) {
-        return shown->id;
+    const Expected<std::optional<Operation>> shown = first(noteUUID);
+    if (!shown) {
+        return failure(shown.error());
     }
-    const QList<Row> all = rows();
-    const auto row = std::find_if(all.begin(), all.end(),
-                                  [&](const Row &each) { return each.UUID == noteUUID; });
-    return row == all.end() ? OperationId() : row->operation.id;
+    if (*shown) {
+        return (*shown)->id;
+    }
+    return rows().map([&](const QList<Row> &all) {
+        const auto row = std::find_if(all.begin(), all.end(),
+                                      [&](const Row &each) { return each.UUID == noteUUID; });
+        return row == all.end() ? OperationId() : row->operation.id;
+    });
 }
 
-QSqlQuery NoteLog::prepareSelection(const QString &condition) const {
-    QSqlQuery rows = m_profile.prepare(
-        QStringLiteral("SELECT digest, note_uuid, title, text, modified, supersedes, salt"
-                       " FROM operations WHERE database = ? AND %1 ORDER BY position, id")
-            .arg(condition));
-    rows.bindValue(0, m_database);
-    return rows;
-}
-
-QList<Operation> NoteLog::select(const QString &condition, const QVariantList &values) const {
-    QSqlQuery rows = prepareSelection(condition);
-    for (int i = 0; i < values.size(); ++i) {
-        rows.bindValue(i + 1, values[i]);
-    }
-    rows.exec();
+Expected<QList<Operation>> NoteLog::select(const QString &condition,
+                                           const QVariantList &values) const {
     QList<Operation> operations;
-    while (rows.next()) {
-        operations.append(operationInRow(rows));
+    const Expected<void> done =
+        m_profile.read(selection(condition), QVariantList{m_database} + values,
+                       [&](const QSqlQuery &row) { operations.append(operationInRow(row)); });
+    if (!done) {
+        return failure(done.error());
     }
     return operations;
 }
 
-QList<Operation> NoteLog::takeOperations(QList<OperationId> &identifiers) const {
-    QSqlQuery row = prepareSelection(QStringLiteral("digest = ?"));
+Expected<QList<Operation>> NoteLog::takeOperations(QList<OperationId> &identifiers) const {
+    Expected<QSqlQuery> query = m_profile.prepare(selection(QStringLiteral("digest = ?")));
+    if (!query) {
+        return failure(query.error());
+    }
     QList<Operation> operations;
     qsizetype size = 0;
     qsizetype taken = 0;
     for (; taken < identifiers.size() && size < Transaction::UsualSize; ++taken) {
-        row.bindValue(1, identifiers[taken]);
-        if (row.exec() && row.next()) {
-            operations.append(operationInRow(row));
-            size += roughSize(operations.last());
+        const Expected<void> done =
+            m_profile.read(*query, {m_database, identifiers[taken]}, [&](const QSqlQuery &row) {
+                operations.append(operationInRow(row));
+                size += roughSize(operations.last());
+            });
+        if (!done) {
+            return failure(done.error());
         }
     }
     identifiers.remove(0, taken);
     return operations;
 }
 
-QList<OperationId> NoteLog::predecessors(const QList<OperationId> &seen) const {
+Expected<QList<OperationId>> NoteLog::predecessors(const QList<OperationId> &seen) const {
     QList<OperationId> identifiers;
     for (const OperationId &identifier : seen) {
-        if (isUnsent(identifier)) {
-            identifiers.append(operation(identifier).value_or(Operation()).supersedes);
-        } else {
-            identifiers.append(identifier);
+        const Expected<bool> unsent = isUnsent(identifier);
+        if (!unsent) {
+            return failure(unsent.error());
         }
+        if (!*unsent) {
+            identifiers.append(identifier);
+            continue;
+        }
+        const Expected<std::optional<Operation>> replaced = operation(identifier);
+        if (!replaced) {
+            return failure(replaced.error());
+        }
+        identifiers.append(replaced->value_or(Operation()).supersedes);
     }
     return identifiers;
 }
 
-bool NoteLog::isUnsent(const OperationId &identifier) const {
+Expected<bool> NoteLog::isUnsent(const OperationId &identifier) const {
     return m_profile
         .value(QStringLiteral("SELECT 1 FROM operations JOIN databases"
                               " ON databases.id = operations.database WHERE database = ?"
                               " AND digest = ? AND operations.id > sent"),
                {m_database, blob(identifier)})
-        .toBool();
+        .map([](const QVariant &found) { return found.isValid(); });
 }
 
-std::optional<Error> NoteLog::replace(const QList<OperationId> &seen,
-                                      const Operation &operation) const {
-    QSqlQuery insertion = prepareInsertion();
-    if (std::optional<Error> error = insert(insertion, operation, seen.value(0))) {
-        return error;
-    }
-    if (std::optional<Error> error = erase(seen)) {
-        return error;
-    }
-    return supersede(operation.supersedes);
+Expected<void> NoteLog::replace(const QList<OperationId> &seen, const Operation &operation) const {
+    return prepareInsertion()
+        .and_then([&](QSqlQuery insertion) { return insert(insertion, operation, seen.value(0)); })
+        .and_then([&] { return erase(seen); })
+        .and_then([&] { return supersede(operation.supersedes); });
 }
 
-QSqlQuery NoteLog::prepareInsertion() const {
+Expected<QSqlQuery> NoteLog::prepareInsertion() const {
     return m_profile.prepare(QStringLiteral(
         "WITH new (database, digest, note_uuid, title, text, modified, supersedes, salt, seen)"
         " AS (VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?))"
@@ -330,48 +385,43 @@ QSqlQuery NoteLog::prepareInsertion() const {
         "  WHERE s.database = new.database AND s.digest = new.digest)"));
 }
 
-std::optional<Error> NoteLog::insert(QSqlQuery &insertion, const Operation &operation,
-                                     const OperationId &seen) const {
+Expected<void> NoteLog::insert(QSqlQuery &insertion, const Operation &operation,
+                               const OperationId &seen) const {
     const auto modified = operation.modified;
-    const QVariantList values{m_database,
-                              blob(operation.id),
-                              ProfileDatabase::text(operation.note),
-                              ProfileDatabase::text(operation.title),
-                              ProfileDatabase::text(operation.text),
-                              modified ? QVariant(*modified) : QVariant(),
-                              Operation::packed(operation.supersedes),
-                              operation.salt,
-                              blob(seen)};
-    for (int i = 0; i < values.size(); ++i) {
-        insertion.bindValue(i, values[i]);
-    }
-    return insertion.exec() ? std::nullopt : std::optional(m_profile.errorOf(insertion));
+    return m_profile.run(
+        insertion, {m_database, blob(operation.id), ProfileDatabase::text(operation.note),
+                    ProfileDatabase::text(operation.title), ProfileDatabase::text(operation.text),
+                    modified ? QVariant(*modified) : QVariant(),
+                    Operation::packed(operation.supersedes), operation.salt, blob(seen)});
 }
 
-std::optional<Error> NoteLog::erase(const QList<OperationId> &identifiers) const {
-    QSqlQuery deletion = m_profile.prepare(
+Expected<void> NoteLog::erase(const QList<OperationId> &identifiers) const {
+    Expected<QSqlQuery> deletion = m_profile.prepare(
         QStringLiteral("DELETE FROM operations WHERE database = ? AND digest = ?"));
-    deletion.bindValue(0, m_database);
+    if (!deletion) {
+        return failure(deletion.error());
+    }
     for (const OperationId &identifier : identifiers) {
-        deletion.bindValue(1, identifier);
-        if (!deletion.exec()) {
-            return m_profile.errorOf(deletion);
+        if (Expected<void> erased = m_profile.run(*deletion, {m_database, identifier}); !erased) {
+            return erased;
         }
     }
     return {};
 }
 
-std::optional<Error> NoteLog::supersede(const QList<OperationId> &identifiers) const {
-    QSqlQuery insertion = m_profile.prepare(
+Expected<void> NoteLog::supersede(const QList<OperationId> &identifiers) const {
+    Expected<QSqlQuery> insertion = m_profile.prepare(
         QStringLiteral("INSERT OR IGNORE INTO superseded (database, digest) VALUES (?, ?)"));
-    insertion.bindValue(0, m_database);
+    if (!insertion) {
+        return failure(insertion.error());
+    }
     QList<OperationId> added;
     for (const OperationId &identifier : identifiers) {
-        insertion.bindValue(1, identifier);
-        if (!insertion.exec()) {
-            return m_profile.errorOf(insertion);
+        if (Expected<void> inserted = m_profile.run(*insertion, {m_database, identifier});
+            !inserted) {
+            return inserted;
         }
-        if (insertion.numRowsAffected() > 0) {
+        if (insertion->numRowsAffected() > 0) {
             added.append(identifier);
         }
     }

@@ -8,71 +8,85 @@
 class ProfileDatabase;
 class QSqlQuery;
 
-/// The operations of one database of the profile, and the notes that follow from them. Keeps those
-/// that nothing supersedes, and the bare identifiers of those that something does: that set only
-/// ever grows, so that nothing superseded comes back, in whatever order operations arrive. Main
-/// thread.
+/// The operations of one database of the profile, and the notes that follow from them.
 ///
-/// An operation that has not left the profile for any store is not superseded by the next edit of
-/// its note but gives way to it altogether.
+/// Stores the current operations, and of superseded operations only the identifiers. The set of
+/// superseded identifiers never shrinks, so that the order in which operations arrive does not
+/// matter and no superseded operation returns. An operation that has not been sent to any store is
+/// not superseded by the next edit of its note but replaced, and leaves no trace.
+///
+/// Main thread only; all functions block for the database. Functions that write must be called
+/// within a transaction of the profile, which the caller must roll back if they return an error.
+/// All functions return an error of the code ProfileNotWritten if the database cannot be read or
+/// written; a failed read never looks like an empty result.
 class NoteLog {
 public:
-    /// The database `databaseUUID` must be in `profile`, which must outlive this.
-    NoteLog(const ProfileDatabase &profile, const QString &databaseUUID);
+    /// Adds the row of an open database to the profile and returns its id.
+    static Expected<qint64> insertDatabase(const ProfileDatabase &profile, const QString &UUID,
+                                           const QString &name);
 
-    /// In the order in which they were added; of a note with conflicting edits each of them, one
-    /// after the other.
-    QList<Note> notes() const;
-    /// As NoteDatabase says, within the caller's transaction.
-    std::optional<Error> save(Note &note) const;
-    std::optional<Error> remove(const QString &noteUUID) const;
+    /// `profile` is not owned and must outlive this object. `database` is the id of the database's
+    /// row.
+    NoteLog(const ProfileDatabase &profile, qint64 database);
 
-    /// Empty while no operation gives the database a name.
-    QString name() const;
-    /// Gives it one, within the caller's transaction.
-    std::optional<Error> setName(const QString &name) const;
+    /// Returns the notes in the order in which they were added. A note with conflicting edits is
+    /// followed by one copy for each of the other edits.
+    Expected<QList<Note>> notes() const;
+    /// See NoteDatabase::saveNote. Also returns an error of the code InvalidDatabase if the UUID is
+    /// not valid or the note is longer than Operation::NoteLimit.
+    Expected<void> save(Note &note) const;
+    /// See NoteDatabase::removeNote.
+    Expected<void> remove(const QString &noteUUID) const;
 
-    /// Takes over what others have done, within the caller's transaction. What is known already
-    /// changes nothing.
-    std::optional<Error> merge(const Transaction &transaction) const;
-    /// From now on whatever is there counts as having left the profile; within the caller's
-    /// transaction.
-    std::optional<Error> markAllSent() const;
-    /// Those that nothing supersedes, in the order in which they came.
-    QList<OperationId> operationIds() const;
-    QSet<OperationId> supersededIds() const;
-    /// nothing where it is not there any more.
-    std::optional<Operation> operation(const OperationId &identifier) const;
-    /// Takes from the beginning of `identifiers` as many as fill a transaction, and answers those
-    /// operations of them that are there still.
-    QList<Operation> takeOperations(QList<OperationId> &identifiers) const;
-    /// Of the row of the database.
+    /// Returns the name of the database, or an empty string if no operation names it.
+    Expected<QString> name() const;
+    /// Adds an operation that names the database. `name` must satisfy Operation::isName.
+    Expected<void> setName(const QString &name) const;
+
+    /// Adds what `transaction` contains. Idempotent.
+    Expected<void> merge(const Transaction &transaction) const;
+    /// Marks all operations as sent, so that later edits supersede them.
+    Expected<void> markAllSent() const;
+
+    /// Returns the identifiers of the current operations in the order in which they arrived.
+    Expected<QList<OperationId>> operationIds() const;
+    /// Returns the identifiers of the superseded operations.
+    Expected<QSet<OperationId>> supersededIds() const;
+    /// Removes from the beginning of `identifiers` as many as fill one transaction, and returns
+    /// those of these operations that are still current. If it returns an error, `identifiers` is
+    /// unchanged.
+    Expected<QList<Operation>> takeOperations(QList<OperationId> &identifiers) const;
+
+    /// Returns the id of the database's row.
     qint64 database() const { return m_database; }
 
 private:
-    /// An operation under the UUID under which it shows.
+    /// An operation, and the UUID of the note that it shows as.
     struct Row {
         QString UUID;
         Operation operation;
     };
 
-    QList<Row> rows() const;
-    /// That which shows first of those of `note`, which is empty for those of the name.
-    std::optional<Operation> first(const QString &note) const;
-    /// The operation that shows under `noteUUID`; empty where none does.
-    OperationId shownUnder(const QString &noteUUID) const;
-    QSqlQuery prepareSelection(const QString &condition) const;
-    QList<Operation> select(const QString &condition, const QVariantList &values) const;
-    /// What an operation supersedes that replaces `seen`.
-    QList<OperationId> predecessors(const QList<OperationId> &seen) const;
-    bool isUnsent(const OperationId &identifier) const;
-    /// Puts `operation` into the place of `seen`.
-    std::optional<Error> replace(const QList<OperationId> &seen, const Operation &operation) const;
-    QSqlQuery prepareInsertion() const;
-    std::optional<Error> insert(QSqlQuery &insertion, const Operation &operation,
-                                const OperationId &seen) const;
-    std::optional<Error> erase(const QList<OperationId> &identifiers) const;
-    std::optional<Error> supersede(const QList<OperationId> &identifiers) const;
+    Expected<QList<Row>> rows() const;
+    Expected<QList<Operation>> select(const QString &condition, const QVariantList &values) const;
+    Expected<std::optional<Operation>> operation(const OperationId &identifier) const;
+    /// Returns the operation that shows first among those of `note`; the empty string stands for
+    /// the name of the database.
+    Expected<std::optional<Operation>> first(const QString &note) const;
+    /// Returns the operation that shows as the note `noteUUID`, or an empty identifier.
+    Expected<OperationId> shownAs(const QString &noteUUID) const;
+    /// Returns what an operation that replaces `seen` must supersede.
+    Expected<QList<OperationId>> predecessors(const QList<OperationId> &seen) const;
+    Expected<bool> isUnsent(const OperationId &identifier) const;
+
+    Expected<Operation> writeEdit(const Note &note, const OperationId &seen) const;
+    /// Adds `operation` in place of `seen`.
+    Expected<void> replace(const QList<OperationId> &seen, const Operation &operation) const;
+    Expected<QSqlQuery> prepareInsertion() const;
+    Expected<void> insert(QSqlQuery &insertion, const Operation &operation,
+                          const OperationId &seen) const;
+    Expected<void> erase(const QList<OperationId> &identifiers) const;
+    Expected<void> supersede(const QList<OperationId> &identifiers) const;
 
     const ProfileDatabase &m_profile;
     const qint64 m_database;

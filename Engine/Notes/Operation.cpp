@@ -18,11 +18,11 @@ Operation Operation::make(const QString &note, const QString &title, const QStri
     supersedes.erase(std::unique(supersedes.begin(), supersedes.end()), supersedes.end());
     Operation operation{
         {}, note, title, text, modified, std::move(supersedes), QUuid::createUuid().toRfc4122()};
-    operation.id = operation.reckonedId();
+    operation.id = operation.computedId();
     return operation;
 }
 
-OperationId Operation::reckonedId() const {
+OperationId Operation::computedId() const {
     const QByteArray titleBytes = title.toUtf8();
     QByteArrayList superseded;
     superseded.reserve(supersedes.size());
@@ -46,7 +46,7 @@ bool Operation::isSound() const {
     const bool areSupersededSound = supersedes.size() <= SupersedesLimit &&
                                     std::adjacent_find(supersedes.begin(), supersedes.end(),
                                                        std::greater_equal<>()) == supersedes.end();
-    return isNoteSound && isTextSound && isDateSound && areSupersededSound && id == reckonedId();
+    return isNoteSound && isTextSound && isDateSound && areSupersededSound && id == computedId();
 }
 
 bool Operation::comesBefore(const Operation &other) const {

@@ -5,60 +5,66 @@
 #include <QtCore/QString>
 #include <optional>
 
-/// Names an operation by what it holds: 16 bytes, ordered as bytes.
+/// Identifies an operation by its contents: 16 bytes, ordered as bytes.
 using OperationId = QByteArray;
 
-/// One edit of one note, or of the database's name. An immutable value; Engine/Notes/StoreFormat.md
-/// says what it means and how its identifier is reckoned.
+/// One edit of one note, or of the name of the database. An immutable value; its functions are
+/// thread-safe. Engine/Notes/StoreFormat.md defines what it means and how its identifier is
+/// computed.
 struct Operation {
+    /// Number of bytes in an OperationId.
     static constexpr qsizetype IdentifierSize = 16;
-    /// Of title and text together, in bytes of UTF-8: with every character escaped they still fit a
-    /// transaction.
+    /// Maximum size of title and text together, in bytes of UTF-8. Even if every character has to
+    /// be escaped, they fit into a transaction.
     static constexpr qsizetype NoteLimit = 8LL << 20;
-    /// Of the name of a database, in bytes of UTF-8.
+    /// Maximum size of the name of a database, in bytes of UTF-8.
     static constexpr qsizetype NameLimit = 4096;
-    /// How many others one may supersede.
+    /// Maximum number of operations that one operation supersedes.
     static constexpr qsizetype SupersedesLimit = 10000;
 
     OperationId id;
-    /// The UUID of the note; empty where this names the database, by its title.
+    /// The UUID of the note, or an empty string if `title` is the name of the database.
     QString note;
     QString title;
     QString text;
-    /// Milliseconds since the beginning of 1970, UTC.
+    /// Milliseconds since 1970-01-01T00:00 UTC, if known.
     std::optional<qint64> modified;
-    /// The operations that its author saw and replaced: ascending, each once.
+    /// The operations that the author saw and replaced: ascending, without duplicates.
     QList<OperationId> supersedes;
-    /// Random, so that doing the same again is another operation.
+    /// 16 random bytes, so that repeating an edit makes a different operation.
     QByteArray salt;
 
     bool operator==(const Operation &) const = default;
 
-    /// A new operation with a new salt.
+    /// Returns a new operation with a new salt and its identifier. `supersedes` may be in any order
+    /// and contain duplicates.
     static Operation make(const QString &note, const QString &title, const QString &text,
                           std::optional<qint64> modified, QList<OperationId> supersedes);
-    /// What the identifier of an operation like this one has to be.
-    OperationId reckonedId() const;
-    /// Whether all of it is as the format demands.
+    /// Returns the identifier that follows from the other members.
+    OperationId computedId() const;
+    /// Returns whether all members have the format and limits that StoreFormat.md requires, and
+    /// `id` equals `computedId()`.
     bool isSound() const;
 
-    /// Whether it shows before `other` among operations of one note none of which supersedes
-    /// another: the one modified last, of these the one with the greatest identifier.
+    /// Returns whether this operation shows before `other` among the current operations of one
+    /// note: the one modified last shows first, and of equals the one with the greater identifier.
     bool comesBefore(const Operation &other) const;
 
-    /// Under which an operation shows that is not the first of its note: a UUID of version 5
-    /// (RFC 4122, section 4.3) in the name space of the note, the name being the identifier's
-    /// hexadecimal digits.
+    /// Returns the UUID of the copy as which this operation shows if it is not the first of its
+    /// note: a UUID of version 5 (RFC 4122, section 4.3) whose name space is the UUID of the note
+    /// and whose name is the identifier in hexadecimal digits.
     QString UUIDOfCopy() const;
 
-    /// One after the other, and back; never null.
+    /// Returns `identifiers` concatenated; never null.
     static QByteArray packed(const QList<OperationId> &identifiers);
+    /// The inverse of `packed`.
     static QList<OperationId> unpacked(const QByteArray &bytes);
 
-    /// Whether a database may be called `text`.
+    /// Returns whether `text` is allowed as the name of a database: not blank, and not longer than
+    /// NameLimit.
     static bool isName(const QString &text);
-    /// Whether `text` is a UUID in small letters without braces.
+    /// Returns whether `text` is a UUID other than the nil UUID, in lower case without braces.
     static bool isUUID(const QString &text);
-    /// The years 1 to 9999.
+    /// Returns whether `milliseconds` since 1970 are within the years 1 to 9999.
     static bool isDate(qint64 milliseconds);
 };

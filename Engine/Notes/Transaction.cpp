@@ -48,7 +48,7 @@ QJsonObject encodedOperation(const Operation &operation) {
     return object;
 }
 
-/// Thrown within this file where a record is not as it should be.
+/// Thrown and caught within this file if a record violates the format.
 struct Unsound {};
 
 QByteArray sixteenBytes(const QJsonValue &value) {
@@ -144,17 +144,18 @@ QByteArray Transaction::encoded() const {
         .toJson(QJsonDocument::Compact);
 }
 
-Result<Transaction> Transaction::decoded(const QByteArray &record, const QString &name) {
+Expected<Transaction> Transaction::decoded(const QByteArray &record, const QString &name) {
     if (record.size() > SizeLimit) {
-        return engineError(EngineErrorCode::DamagedRecord, "The record “%1” is too large.", name);
+        return failure(
+            engineError(EngineErrorCode::DamagedRecord, "The record “%1” is too large.", name));
     }
     const QJsonObject object = QJsonDocument::fromJson(record).object();
     const QJsonValue version = object.value(VersionKey);
     if (version.toInteger() > Version) {
-        return engineError(
+        return failure(engineError(
             EngineErrorCode::UnknownVersion,
             "The record “%1” was created by a newer version of Velmora. Update Velmora to read it.",
-            name);
+            name));
     }
     try {
         if (version != Version) {
@@ -162,6 +163,7 @@ Result<Transaction> Transaction::decoded(const QByteArray &record, const QString
         }
         return decodedTransaction(object);
     } catch (const Unsound &) {
-        return engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", name);
+        return failure(
+            engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", name));
     }
 }

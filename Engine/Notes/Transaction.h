@@ -1,27 +1,30 @@
 #pragma once
 
 #include "Engine/Notes/Operation.h"
-#include "Platform/Foundation/Result.h"
+#include "Platform/Foundation/Expected.h"
 
-/// What one record of a store's folder "transactions" holds: operations, and the identifiers of
-/// operations that are superseded whatever else is known. A value; any thread. See
+/// The contents of one transaction record of a store: operations, and identifiers of superseded
+/// operations. A value; its functions are thread-safe. The format is defined in
 /// Engine/Notes/StoreFormat.md.
 struct Transaction {
+    /// The version of the format that this program reads and writes.
     static constexpr int Version = 1;
-    /// Bytes. A longer record is refused and never written.
+    /// Maximum size of a record in bytes. A longer record is never read or written.
     static constexpr qint64 SizeLimit = 64LL << 20;
-    /// Bytes that a record may hold before the next one is begun.
+    /// Size in bytes from which on a writer starts the next record.
     static constexpr qsizetype UsualSize = 1LL << 20;
 
     QList<Operation> operations;
     QList<OperationId> superseded;
 
     bool isEmpty() const { return operations.isEmpty() && superseded.isEmpty(); }
-    /// All that it says to be superseded.
+    /// Returns `superseded`, followed by what the operations supersede. May contain duplicates.
     QList<OperationId> allSuperseded() const;
 
+    /// Returns the record.
     QByteArray encoded() const;
-    /// The transaction in the record `name`, or what is wrong with it: nothing of a record is taken
-    /// of which anything is wrong.
-    static Result<Transaction> decoded(const QByteArray &record, const QString &name);
+    /// Returns the transaction in `record`, which may be hostile. If anything in it violates the
+    /// format, nothing of it is returned, but an error of the code DamagedRecord, or UnknownVersion
+    /// if a newer program wrote it. `name` names the record in the error.
+    static Expected<Transaction> decoded(const QByteArray &record, const QString &name);
 };

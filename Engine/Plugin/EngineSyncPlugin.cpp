@@ -11,9 +11,9 @@
 
 namespace {
 
-void logIfFailed(const std::optional<Error> &error) {
-    if (error) {
-        Log::message(error->localizedDescription);
+void logIfFailed(const Expected<void> &result) {
+    if (!result) {
+        Log::message(result.error().localizedDescription);
     }
 }
 
@@ -30,14 +30,15 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLib
 
 EngineSyncPlugin::~EngineSyncPlugin() = default;
 
-std::optional<Error> EngineSyncPlugin::load() {
+Expected<void> EngineSyncPlugin::load() {
     const auto location = std::make_shared<EngineSyncLocation>(Url::fileURL(m_profile.directory()));
     m_localStore = std::make_shared<LocalStore>(location, m_profile.path());
-    if (std::optional<Error> error = m_locationsController->load()) {
-        return error;
+    if (Expected<void> loaded = m_locationsController->load()
+                                    .and_then([this] { return m_grants->load(); })
+                                    .and_then([this] { return m_pairings->load(); });
+        !loaded) {
+        return loaded;
     }
-    m_grants->load();
-    m_pairings->load();
     const DirectConnectionPackage package(m_profile.directory());
     m_serverHook =
         std::make_unique<DirectConnectionSynchronizer>(*m_dispatcher, m_library, package.path());
@@ -46,7 +47,8 @@ std::optional<Error> EngineSyncPlugin::load() {
 }
 
 std::optional<Error> EngineSyncPlugin::setUsesSandboxedAccess(bool usesSandboxedAccess) {
-    return m_grants->setNeeded(usesSandboxedAccess);
+    const Expected<void> set = m_grants->setNeeded(usesSandboxedAccess);
+    return set ? std::nullopt : std::optional(set.error());
 }
 
 QVSyncLocationsController *EngineSyncPlugin::locationsController() const {

@@ -22,7 +22,7 @@ public:
     ~EngineSyncPlugin() override;
 
     /// Takes over what the profile holds; called once, when it was opened.
-    std::optional<Error> load();
+    Expected<void> load();
     /// Changes the profile's setting.
     std::optional<Error> setUsesSandboxedAccess(bool usesSandboxedAccess);
 

@@ -1,12 +1,13 @@
 #include "Engine/Plugin/SyncEngine.h"
 
+#include "Engine/Notes/NoteConversion.h"
 #include "Engine/Stores/EngineStore.h"
 #include "Host/SyncStrings.h"
 
 SyncEngine::SyncEngine()
     : m_library(m_profile),
       m_plugin(m_profile, m_library),
-      m_triggers(m_plugin, m_library),
+      m_triggers(*m_plugin.locationsController(), *m_plugin.dispatcher(), m_library),
       m_classes(m_plugin, m_library) {}
 
 SyncEngine::~SyncEngine() {
@@ -16,27 +17,21 @@ SyncEngine::~SyncEngine() {
 
 std::optional<Error> SyncEngine::openProfile(const QString &directory, FirstContents contents) {
     installTranslation();
-    std::optional<Error> error = m_profile.open(
-        directory, [this, contents] { return writeFirstContents(m_profile, contents); });
-    if (!error) {
-        error = load();
-    }
-    m_isOpen = !error;
-    return error;
+    const Expected<void> opened =
+        m_profile
+            .open(
+                directory, [this, contents] { return writeFirstContents(m_profile, contents); },
+                [this] { return convertOldNotes(m_profile); })
+            .and_then([this] { return load(); });
+    m_isOpen = opened.has_value();
+    return m_isOpen ? std::nullopt : std::optional(opened.error());
 }
 
-std::optional<Error> SyncEngine::load() {
-    if (std::optional<Error> error = m_library.load()) {
-        return error;
-    }
-    if (std::optional<Error> error = m_certificateTrust.load()) {
-        return error;
-    }
-    if (std::optional<Error> error = m_plugin.load()) {
-        return error;
-    }
-    m_triggers.start();
-    return {};
+Expected<void> SyncEngine::load() {
+    return m_library.load()
+        .and_then([this] { return m_certificateTrust.load(); })
+        .and_then([this] { return m_plugin.load(); })
+        .map([this] { m_triggers.start(); });
 }
 
 void SyncEngine::installTranslation() {

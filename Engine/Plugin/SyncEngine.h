@@ -4,9 +4,9 @@
 
 #include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Notes/FirstContents.h"
 #include "Engine/Plugin/EngineClasses.h"
 #include "Engine/Plugin/EngineSyncPlugin.h"
-#include "Engine/Profile/FirstContents.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Engine/Synchronization/SyncTriggers.h"
@@ -32,7 +32,7 @@ public:
     SyncTriggers &triggers() { return m_triggers; }
 
 private:
-    std::optional<Error> load();
+    Expected<void> load();
     void installTranslation();
 
     MainThreadQueue m_mainThreadQueue;

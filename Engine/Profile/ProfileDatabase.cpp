@@ -7,7 +7,6 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileInspection.h"
-#include "Engine/Profile/ProfileUpgrade.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -23,7 +22,7 @@ QStringList connectionSettings() {
     };
 }
 
-// States are loaded in the order of their rowid, which is that in which they were added.
+// States are loaded in the order of their ids, which is the order in which they were added.
 QStringList schema() {
     return {
         QStringLiteral(
@@ -34,7 +33,7 @@ QStringList schema() {
                        " sent INTEGER NOT NULL DEFAULT 0)"),
         QStringLiteral(
             "CREATE UNIQUE INDEX IF NOT EXISTS one_inbox ON databases (is_inbox) WHERE is_inbox"),
-        // An operation has left the profile where its id is at most what its database has "sent".
+        // An operation has left the profile if its id is not greater than "sent" of its database.
         QStringLiteral(
             "CREATE TABLE IF NOT EXISTS operations (id INTEGER PRIMARY KEY AUTOINCREMENT,"
             " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
@@ -72,6 +71,10 @@ QStringList schema() {
     };
 }
 
+tl::unexpected<Error> openingFailure(const char *text, const QString &path) {
+    return failure(engineError(EngineErrorCode::ProfileUnusable, text, path));
+}
+
 }  // namespace
 
 ProfileDatabase::ProfileDatabase()
@@ -85,83 +88,97 @@ QString ProfileDatabase::path() const {
     return m_directory + u'/' + FileName;
 }
 
-std::optional<Error> ProfileDatabase::open(const QString &directory, const Filler &fill) {
-    std::optional<Error> error = openFolder(QDir(directory).absolutePath(), fill);
-    if (error) {
+Expected<void> ProfileDatabase::open(const QString &directory, const Changes &fill,
+                                     const Changes &convertNotes) {
+    Expected<void> opened = openFolder(QDir(directory).absolutePath(), fill, convertNotes);
+    if (!opened) {
         close();
     }
-    return error;
+    return opened;
 }
 
-std::optional<Error> ProfileDatabase::openFolder(const QString &directory, const Filler &fill) {
+Expected<void> ProfileDatabase::openFolder(const QString &directory, const Changes &fill,
+                                           const Changes &convertNotes) {
     m_directory = directory;
     const QFileInfo folder(m_directory);
     if (folder.exists() && !folder.isDir()) {
-        return engineError(EngineErrorCode::ProfileUnusable,
-                           "“%1” is not a folder. Choose a folder for the profile.", m_directory);
+        return openingFailure("“%1” is not a folder. Choose a folder for the profile.",
+                              m_directory);
     }
     if (QFileInfo::exists(path())) {
-        const std::optional<Error> obstacle = ProfileInspection::obstacle(path());
-        return obstacle ? obstacle : openFile(fill);
+        return ProfileInspection::check(path()).and_then(
+            [&] { return openFile(fill, convertNotes); });
     }
     const bool isNewFolder = !folder.exists();
     if (isNewFolder && !QDir().mkpath(m_directory)) {
-        return engineError(EngineErrorCode::ProfileUnusable,
-                           "The profile folder “%1” could not be created. Check the permissions of "
-                           "the folder that contains it.",
-                           m_directory);
+        return openingFailure(
+            "The profile folder “%1” could not be created. Check the permissions of the folder "
+            "that contains it.",
+            m_directory);
     }
     if (!QDir(m_directory)
              .isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System)) {
-        return engineError(
-            EngineErrorCode::ProfileUnusable,
+        return openingFailure(
             "The folder “%1” contains other files and no profile. Choose an empty folder.",
             m_directory);
     }
     if (!QFileInfo(m_directory).isWritable()) {
-        return engineError(
-            EngineErrorCode::ProfileUnusable,
+        return openingFailure(
             "The profile folder “%1” is read-only. Change its permissions or use another profile.",
             m_directory);
     }
-    std::optional<Error> error = openFile(fill);
-    if (error) {
+    Expected<void> opened = openFile(fill, convertNotes);
+    if (!opened) {
         clearFolder(isNewFolder);
     }
-    return error;
+    return opened;
 }
 
-std::optional<Error> ProfileDatabase::openFile(const Filler &fill) {
+Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &convertNotes) {
     m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     m_database.setDatabaseName(path());
     if (!m_database.open()) {
-        return engineError(EngineErrorCode::ProfileUnusable,
-                           localizedSyncString("The profile “%1” cannot be opened: %2")
-                               .arg(path(), m_database.lastError().databaseText()));
+        return failure(engineError(EngineErrorCode::ProfileUnusable,
+                                   localizedSyncString("The profile “%1” cannot be opened: %2")
+                                       .arg(path(), m_database.lastError().databaseText())));
     }
-    for (const QString &setting : connectionSettings()) {
-        if (std::optional<Error> error = run(setting)) {
-            return error;
-        }
+    if (Expected<void> set = runAll(connectionSettings()); !set) {
+        return set;
     }
-    const int version = value(QStringLiteral("PRAGMA user_version")).toInt();
-    if (version == 0) {
-        return write([&] {
-            const std::optional<Error> error = makeTables();
-            return error ? error : fill();
-        });
+    const Expected<QVariant> version = value(QStringLiteral("PRAGMA user_version"));
+    if (!version) {
+        return failure(version.error());
     }
-    const bool isOld = version < ProfileInspection::SchemaVersion;
-    return isOld ? write([this] {
-        return ProfileUpgrade::run(*this, [this] { return makeTables(); });
-    })
-                 : std::nullopt;
+    if (version->toInt() == 0) {
+        return create(fill);
+    }
+    return version->toInt() < ProfileInspection::SchemaVersion ? upgrade(convertNotes)
+                                                               : Expected<void>();
 }
 
-std::optional<Error> ProfileDatabase::makeTables() const {
-    for (const QString &statement : schema()) {
-        if (std::optional<Error> error = run(statement)) {
-            return error;
+Expected<void> ProfileDatabase::create(const Changes &fill) const {
+    return write([&] { return createMissingTables().and_then(fill); });
+}
+
+Expected<void> ProfileDatabase::upgrade(const Changes &convertNotes) const {
+    return write([&] {
+        return runAll({QStringLiteral("ALTER TABLE notes RENAME TO old_notes"),
+                       QStringLiteral(
+                           "ALTER TABLE databases ADD COLUMN sent INTEGER NOT NULL DEFAULT 0")})
+            .and_then([&] { return createMissingTables(); })
+            .and_then(convertNotes)
+            .and_then([&] { return run(QStringLiteral("DROP TABLE old_notes")); });
+    });
+}
+
+Expected<void> ProfileDatabase::createMissingTables() const {
+    return runAll(schema());
+}
+
+Expected<void> ProfileDatabase::runAll(const QStringList &statements) const {
+    for (const QString &statement : statements) {
+        if (Expected<void> done = run(statement); !done) {
+            return done;
         }
     }
     return {};
@@ -182,51 +199,80 @@ void ProfileDatabase::close() {
     m_directory.clear();
 }
 
-QSqlQuery ProfileDatabase::prepare(const QString &statement) const {
+Expected<QSqlQuery> ProfileDatabase::prepare(const QString &statement) const {
     QSqlQuery query(m_database);
     query.setForwardOnly(true);
-    query.prepare(statement);
+    if (!query.prepare(statement)) {
+        return failure(queryError(query));
+    }
     return query;
 }
 
-std::optional<Error> ProfileDatabase::run(const QString &statement,
-                                          const QVariantList &values) const {
-    QSqlQuery query = prepare(statement);
-    for (const QVariant &value : values) {
-        query.addBindValue(value);
+Expected<void> ProfileDatabase::run(const QString &statement, const QVariantList &values) const {
+    return prepare(statement).and_then([&](QSqlQuery query) { return run(query, values); });
+}
+
+Expected<void> ProfileDatabase::run(QSqlQuery &query, const QVariantList &values) const {
+    for (qsizetype i = 0; i < values.size(); ++i) {
+        query.bindValue(static_cast<int>(i), values[i]);
     }
-    return query.exec() ? std::nullopt : std::optional(errorOf(query));
+    if (!query.exec()) {
+        return failure(queryError(query));
+    }
+    return {};
+}
+
+Expected<void> ProfileDatabase::read(const QString &statement, const QVariantList &values,
+                                     const RowVisitor &visit) const {
+    return prepare(statement).and_then([&](QSqlQuery query) { return read(query, values, visit); });
+}
+
+Expected<void> ProfileDatabase::read(QSqlQuery &query, const QVariantList &values,
+                                     const RowVisitor &visit) const {
+    if (Expected<void> executed = run(query, values); !executed) {
+        return executed;
+    }
+    while (query.next()) {
+        visit(query);
+    }
+    // The end of the result and an error in the middle of it differ in this only.
+    if (query.lastError().isValid()) {
+        return failure(queryError(query));
+    }
+    query.finish();
+    return {};
+}
+
+Expected<QVariant> ProfileDatabase::value(const QString &statement,
+                                          const QVariantList &values) const {
+    QVariant first;
+    const Expected<void> done = read(statement, values, [&](const QSqlQuery &row) {
+        first = first.isValid() ? first : row.value(0);
+    });
+    if (!done) {
+        return failure(done.error());
+    }
+    return first;
+}
+
+Expected<void> ProfileDatabase::write(const Changes &changes) const {
+    if (Expected<void> begun = run(QStringLiteral("BEGIN IMMEDIATE")); !begun) {
+        return begun;
+    }
+    Expected<void> done = changes().and_then([&] { return run(QStringLiteral("COMMIT")); });
+    if (!done) {
+        // Fails if SQLite has rolled back by itself, as it does after some errors.
+        run(QStringLiteral("ROLLBACK"));
+    }
+    return done;
 }
 
 QVariant ProfileDatabase::text(const QString &string) {
     return string.isNull() ? QStringLiteral("") : string;
 }
 
-QVariant ProfileDatabase::value(const QString &statement, const QVariantList &values) const {
-    QSqlQuery query = prepare(statement);
-    for (const QVariant &value : values) {
-        query.addBindValue(value);
-    }
-    return query.exec() && query.next() ? query.value(0) : QVariant();
-}
-
-Error ProfileDatabase::errorOf(const QSqlQuery &query) const {
+Error ProfileDatabase::queryError(const QSqlQuery &query) const {
     return engineError(EngineErrorCode::ProfileNotWritten,
                        localizedSyncString("The profile “%1” cannot be read or written: %2")
                            .arg(path(), query.lastError().databaseText()));
-}
-
-std::optional<Error> ProfileDatabase::write(
-    const std::function<std::optional<Error>()> &changes) const {
-    if (std::optional<Error> error = run(QStringLiteral("BEGIN IMMEDIATE"))) {
-        return error;
-    }
-    std::optional<Error> error = changes();
-    if (!error) {
-        error = run(QStringLiteral("COMMIT"));
-    }
-    if (error) {
-        run(QStringLiteral("ROLLBACK"));
-    }
-    return error;
 }

@@ -5,52 +5,85 @@
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 #include <functional>
-#include <optional>
 
-#include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Expected.h"
 
-/// The file "profile.sqlite" in which a profile keeps everything. Main thread.
+/// The SQLite 3 database "profile.sqlite", which holds everything that a profile stores.
 ///
-/// It is an SQLite 3 database with a write-ahead log. What was committed survives the end of the
-/// process at any moment, and of the machine as far as its disk keeps what it was told to.
+/// Main thread only. Every call blocks until SQLite has finished, and waits up to one second for a
+/// lock that another process holds. All functions that access the database return an error of the
+/// code ProfileNotWritten if SQLite reports one at any point, also in the middle of a result; a
+/// failed read never looks like an empty result. Before `open` has succeeded they return an error.
+///
+/// The database uses a write-ahead log and synchronizes it at each commit, so that a committed
+/// change is durable: it survives the end of the process at any moment, and a power failure if the
+/// disk writes what it is told to.
 class ProfileDatabase {
 public:
-    /// Puts the first rows into a new profile; called inside the transaction that makes its tables.
-    using Filler = std::function<std::optional<Error>()>;
+    /// Writes rows within a transaction. An error rolls the transaction back.
+    using Changes = std::function<Expected<void>()>;
+    /// Receives one row of a result. `row` is valid only during the call.
+    using RowVisitor = std::function<void(const QSqlQuery &row)>;
 
     ProfileDatabase();
+    /// Closes the database. Queries that `prepare` returned must have been destroyed.
     ~ProfileDatabase();
     ProfileDatabase(const ProfileDatabase &) = delete;
     ProfileDatabase &operator=(const ProfileDatabase &) = delete;
 
-    /// Opens the profile in the folder `directory`. A folder that is not there or empty becomes a
-    /// new profile, filled by `fill`. An error says what is wrong and where; the folder is then as
-    /// it was. Called once.
-    std::optional<Error> open(const QString &directory, const Filler &fill);
+    /// Opens the profile in the folder `directory`. Must be called at most once.
+    ///
+    /// If the folder does not exist or is empty, creates a new profile in it: creates the tables
+    /// and calls `fill` to write the first rows, in one transaction. A profile of schema version 1
+    /// is upgraded: its table of notes is renamed to "old_notes" and `convertNotes` is called to
+    /// write the notes into the current tables, in one transaction, after which "old_notes" is
+    /// dropped.
+    ///
+    /// An error describes the problem and names the file or folder. The folder is then as it was
+    /// before the call. The code is ProfileUnusable or that of the failed callback.
+    Expected<void> open(const QString &directory, const Changes &fill, const Changes &convertNotes);
 
-    /// The absolute path of the folder; empty while none is open.
+    /// Returns the absolute path of the folder, or an empty string if no profile is open.
     QString directory() const { return m_directory; }
-    /// The absolute path of the file.
+    /// Returns the absolute path of the database file.
     QString path() const;
 
-    /// A statement ready to bind and execute; forward only.
-    QSqlQuery prepare(const QString &statement) const;
-    /// Executes `statement` with `values` for its placeholders.
-    std::optional<Error> run(const QString &statement, const QVariantList &values = {}) const;
-    /// `string` as a value; an absent one as "", since no text column holds NULL.
+    /// Returns `statement` compiled, to be passed repeatedly to the overloads below that take a
+    /// query. The query is forward-only, and must be destroyed before this object.
+    Expected<QSqlQuery> prepare(const QString &statement) const;
+
+    /// Executes a statement that returns no rows, with `values` for its placeholders.
+    Expected<void> run(const QString &statement, const QVariantList &values = {}) const;
+    Expected<void> run(QSqlQuery &query, const QVariantList &values) const;
+
+    /// Executes a statement, with `values` for its placeholders, and calls `visit` with each row.
+    /// If it returns an error, `visit` may have been called with some of the rows.
+    Expected<void> read(const QString &statement, const QVariantList &values,
+                        const RowVisitor &visit) const;
+    Expected<void> read(QSqlQuery &query, const QVariantList &values,
+                        const RowVisitor &visit) const;
+
+    /// Returns the first column of the first row, or an invalid QVariant if there is no row.
+    Expected<QVariant> value(const QString &statement, const QVariantList &values = {}) const;
+
+    /// Calls `changes` within a transaction and commits it. If `changes` or the commit fails,
+    /// nothing is changed and that error is returned. Must not be nested: the inner call returns an
+    /// error.
+    Expected<void> write(const Changes &changes) const;
+
+    /// Returns `string` as a value for a text column, which must not be NULL: a null string is
+    /// stored as an empty one.
     static QVariant text(const QString &string);
-    /// The first column of the first row, or an invalid variant.
-    QVariant value(const QString &statement, const QVariantList &values = {}) const;
-    /// What went wrong with `query`.
-    Error errorOf(const QSqlQuery &query) const;
-    /// Commits all that `changes` writes, or nothing where it answers an error or the commit fails.
-    std::optional<Error> write(const std::function<std::optional<Error>()> &changes) const;
 
 private:
-    std::optional<Error> openFolder(const QString &directory, const Filler &fill);
-    std::optional<Error> openFile(const Filler &fill);
-    /// Those that are not there yet.
-    std::optional<Error> makeTables() const;
+    Expected<void> openFolder(const QString &directory, const Changes &fill,
+                              const Changes &convertNotes);
+    Expected<void> openFile(const Changes &fill, const Changes &convertNotes);
+    Expected<void> createMissingTables() const;
+    Expected<void> create(const Changes &fill) const;
+    Expected<void> upgrade(const Changes &convertNotes) const;
+    Expected<void> runAll(const QStringList &statements) const;
+    Error queryError(const QSqlQuery &query) const;
     void clearFolder(bool removingIt);
     void close();
 

@@ -1,24 +1,26 @@
 #pragma once
 
 #include <QtCore/QString>
-#include <optional>
 
-#include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Expected.h"
 
-/// Looks at a profile's files without changing a byte of them, so that nothing is opened for
-/// writing that this program does not understand.
+/// Inspects the files of a profile without changing a byte, so that a file of another program or of
+/// a newer version is never opened for writing. Main thread.
 namespace ProfileInspection {
 
-/// "Velm" in ASCII: marks a database file as a profile (SQLite's application_id).
+/// Marks a database file as a profile (SQLite's application_id): "Velm" in ASCII.
 inline constexpr int ApplicationId = 0x56656c6d;
-/// The number of the tables' arrangement (SQLite's user_version).
+/// The version of the tables that this program reads and writes (SQLite's user_version).
 inline constexpr int SchemaVersion = 2;
-/// Profiles from this one on are brought up to date when they are opened.
+/// The oldest version that ProfileDatabase::open can upgrade.
 inline constexpr int OldestSchemaVersion = 1;
 
-/// Why the existing database file at `path` cannot be used as a profile: unreadable, read-only,
-/// damaged, of another version, of another program. An empty database, as an interrupted first
-/// start leaves it, can be.
-std::optional<Error> obstacle(const QString &path);
+/// Checks whether the existing database file at `path` can be used as a profile.
+///
+/// Returns an error of the code ProfileUnusable that describes the reason if it cannot: the file is
+/// unreadable, read-only, damaged, of an unsupported version, or of another program. An empty
+/// database, which an interrupted first start leaves, passes the check. Reads the whole file, so it
+/// may block for some seconds.
+Expected<void> check(const QString &path);
 
 }  // namespace ProfileInspection

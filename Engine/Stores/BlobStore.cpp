@@ -5,7 +5,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/InboxUUID.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 
@@ -140,9 +140,5 @@ Expected<QString> BlobStore::databaseName(const QString &file, const EngineFutur
         const bool isRefused = isEngineError(contents.error(), EngineErrorCode::BlobRefused);
         return failure(isRefused ? damaged : contents.error());
     }
-    const Result<QString> name = DatabaseRecord::name(*contents, UUID, place(path));
-    if (const Error *error = errorOf(name)) {
-        return failure(*error);
-    }
-    return std::get<QString>(name);
+    return DatabaseRecord::name(*contents, UUID, place(path));
 }

@@ -1,114 +1,114 @@
 #include "Engine/Synchronization/CleanSession.h"
 
+#include <algorithm>
+
 #include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Profile/ProfileDatabase.h"
 
 namespace {
 
-/// Bytes; smaller transactions are put together.
+/// Size in bytes below which transactions are merged.
 constexpr qint64 SmallSize = Transaction::UsualSize / 16;
 
 }  // namespace
 
-std::optional<Error> CleanSession::work(BlobStore &store, const EngineFuture &future) {
+Expected<void> CleanSession::accessStore(BlobStore &store, const EngineFuture &future) {
     switch (m_step) {
         case Step::Choosing:
             return {};
         case Step::Writing:
-            return write(store, future);
+            return writeTransaction(store, future);
         case Step::Removing:
             return removeTransactions(store, future);
     }
     return {};
 }
 
-std::optional<Error> CleanSession::settle() {
+Expected<void> CleanSession::accessProfile() {
     switch (m_step) {
         case Step::Choosing:
-            choose();
-            return {};
-        case Step::Writing: {
-            if (std::optional<Error> error = rememberWritten()) {
-                return error;
-            }
-            goOnWriting();
-            return {};
-        }
+            return chooseTransactions();
+        case Step::Writing:
+            return recordWrittenTransaction().and_then([this] { return continueWriting(); });
         case Step::Removing:
-            return settleRemoving();
+            return forgetTransactions();
     }
     return {};
 }
 
-void CleanSession::choose() {
-    const QHash<QString, KnownTransactions::Contents> all = known().all();
-    const QList<OperationId> current = log().operationIds();
-    const QSet<OperationId> needed(current.begin(), current.end());
+Expected<void> CleanSession::chooseTransactions() {
+    const Expected<Transactions> all = known().all();
+    if (!all) {
+        return failure(all.error());
+    }
+    const Expected<QList<OperationId>> operations = log().operationIds();
+    if (!operations) {
+        return failure(operations.error());
+    }
+    const QSet<OperationId> current(operations->begin(), operations->end());
     QSet<OperationId> chosen;
-    m_toRemove = wasteful(all, needed);
+    m_toRemove = transactionsToRewrite(*all, current);
     for (const QString &name : std::as_const(m_toRemove)) {
-        const KnownTransactions::Contents contents = all.value(name);
+        const KnownTransactions::Contents contents = all->value(name);
         for (const OperationId &identifier : contents.operations) {
-            (needed.contains(identifier) ? chosen : m_supersededToWrite).insert(identifier);
+            (current.contains(identifier) ? chosen : m_supersededToWrite).insert(identifier);
         }
         m_supersededToWrite.unite(QSet(contents.superseded.begin(), contents.superseded.end()));
     }
     m_operationsToWrite = chosen.values();
-    goOnWriting();
+    return continueWriting();
 }
 
-QStringList CleanSession::wasteful(const QHash<QString, KnownTransactions::Contents> &all,
-                                   const QSet<OperationId> &needed) const {
+QStringList CleanSession::transactionsToRewrite(const Transactions &all,
+                                                const QSet<OperationId> &current) {
     QHash<OperationId, int> count;
     for (const KnownTransactions::Contents &contents : all) {
         for (const OperationId &identifier : contents.operations) {
             ++count[identifier];
         }
     }
-    QStringList wasteful;
+    QStringList obsolete;
     QStringList small;
     for (auto each = all.begin(); each != all.end(); ++each) {
         const QList<OperationId> &operations = each->operations;
         if (std::any_of(operations.begin(), operations.end(), [&](const OperationId &identifier) {
-                return !needed.contains(identifier) || count.value(identifier) > 1;
+                return !current.contains(identifier) || count.value(identifier) > 1;
             })) {
-            wasteful.append(each.key());
+            obsolete.append(each.key());
         } else if (each->size < SmallSize) {
             small.append(each.key());
         }
     }
-    return wasteful.size() + small.size() > 1 || !wasteful.isEmpty() ? wasteful + small
-                                                                     : QStringList();
+    // A single small transaction would only be replaced by another one.
+    return obsolete.isEmpty() && small.size() == 1 ? QStringList() : obsolete + small;
 }
 
-void CleanSession::goOnWriting() {
-    if (takeNext()) {
+Expected<void> CleanSession::continueWriting() {
+    const Expected<bool> remains = prepareNextTransaction();
+    if (!remains) {
+        return failure(remains.error());
+    }
+    if (*remains) {
         m_step = Step::Writing;
     } else if (m_toRemove.isEmpty() || hasFailedToWriteAll()) {
         setDone();
     } else {
         m_step = Step::Removing;
     }
+    return {};
 }
 
-std::optional<Error> CleanSession::removeTransactions(BlobStore &store,
-                                                      const EngineFuture &future) {
-    for (const QString &name : std::as_const(m_toRemove)) {
-        if (const Expected<void> removed = store.remove(path(name), future); !removed) {
-            return removed.error();
+Expected<void> CleanSession::removeTransactions(BlobStore &store,
+                                                const EngineFuture &future) const {
+    for (const QString &name : m_toRemove) {
+        if (Expected<void> removed = store.remove(path(name), future); !removed) {
+            return removed;
         }
     }
     return {};
 }
 
-std::optional<Error> CleanSession::settleRemoving() {
+Expected<void> CleanSession::forgetTransactions() {
     setDone();
-    return profile().write([this]() -> std::optional<Error> {
-        for (const QString &name : std::as_const(m_toRemove)) {
-            if (std::optional<Error> error = known().remove(name)) {
-                return error;
-            }
-        }
-        return {};
-    });
+    return profile().write([this] { return known().remove(m_toRemove); });
 }

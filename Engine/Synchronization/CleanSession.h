@@ -2,31 +2,33 @@
 
 #include "Engine/Synchronization/StoreSession.h"
 
-/// Drops from a store what no replica needs: writes again what is still needed of the transactions
-/// that hold anything superseded or anything twice, or that hold little, and then removes these.
+/// Removes from a store what no replica needs: rewrites the current contents of those transactions
+/// that contain superseded or duplicate operations or are small, and then removes these
+/// transactions. Must follow a completed SyncSession of the same subject.
 ///
-/// What keeps it safe, whoever else writes, reads or cleans at the same time: a transaction is
-/// removed only after this session has itself written every operation of it that nothing supersedes
-/// and the identifiers of all others. So what the store as a whole says never becomes less.
-/// Transactions that could not be read stay.
-///
-/// Comes after a SyncSession of the same subject.
+/// Safe while others write, read or clean up the same store: a transaction is removed only after
+/// this session has written every current operation of it and the identifiers of all others, so
+/// that the store as a whole never contains less information. Transactions that could not be read
+/// are left alone. If any read of the profile fails, the session ends with that error, and nothing
+/// is declared superseded or removed.
 class CleanSession : public StoreSession {
 public:
     using StoreSession::StoreSession;
 
-    std::optional<Error> work(BlobStore &store, const EngineFuture &future) override;
-    std::optional<Error> settle() override;
+    Expected<void> accessStore(BlobStore &store, const EngineFuture &future) override;
+    Expected<void> accessProfile() override;
 
 private:
     enum class Step { Choosing, Writing, Removing };
+    using Transactions = QHash<QString, KnownTransactions::Contents>;
 
-    void choose();
-    QStringList wasteful(const QHash<QString, KnownTransactions::Contents> &all,
-                         const QSet<OperationId> &needed) const;
-    void goOnWriting();
-    std::optional<Error> removeTransactions(BlobStore &store, const EngineFuture &future);
-    std::optional<Error> settleRemoving();
+    Expected<void> chooseTransactions();
+    static QStringList transactionsToRewrite(const Transactions &all,
+                                             const QSet<OperationId> &current);
+    /// Chooses the next step from what remains to be written.
+    Expected<void> continueWriting();
+    Expected<void> removeTransactions(BlobStore &store, const EngineFuture &future) const;
+    Expected<void> forgetTransactions();
 
     Step m_step = Step::Choosing;
     QStringList m_toRemove;

@@ -17,12 +17,12 @@ void logSync(const QString &text) {
     NSApp()->logItemCmd(QStringLiteral("Sync:"), text);
 }
 
-QString success(SyncJob::Kind kind) {
+QString successText(SyncJob::Kind kind) {
     return kind == SyncJob::Kind::CleanUp ? localizedSyncString("“%1” was cleaned up at “%2”.")
                                           : localizedSyncString("“%1” was synchronized with “%2”.");
 }
 
-QString failure(SyncJob::Kind kind) {
+QString failureText(SyncJob::Kind kind) {
     return kind == SyncJob::Kind::CleanUp
                ? localizedSyncString("“%1” could not be cleaned up at “%2”: %3")
                : localizedSyncString("“%1” could not be synchronized with “%2”: %3");
@@ -138,7 +138,7 @@ void EngineDispatcher::startWaiting() {
 bool EngineDispatcher::isBusy(const StoreSession::Subject &subject) const {
     return std::any_of(m_running.begin(), m_running.end(), [&](const Entry &entry) {
         const StoreSession::Subject &running = entry.job->subject();
-        return running.databaseUUID == subject.databaseUUID || running.place == subject.place;
+        return running.databaseUUID == subject.databaseUUID || running.store == subject.store;
     });
 }
 
@@ -165,9 +165,9 @@ void EngineDispatcher::report(const Entry &entry) {
                     .arg(name, entry.title, problem.localizedDescription));
     }
     if (const std::optional<Error> &error = entry.job->error()) {
-        logSync(failure(entry.job->kind()).arg(name, entry.title, error->localizedDescription));
+        logSync(failureText(entry.job->kind()).arg(name, entry.title, error->localizedDescription));
     } else if (entry.state) {
-        logSync(success(entry.job->kind()).arg(name, entry.title));
+        logSync(successText(entry.job->kind()).arg(name, entry.title));
     }
 }
 
@@ -180,14 +180,15 @@ void EngineDispatcher::rememberSynchronized(QVSyncState &state) {
     auto &ours = dynamic_cast<EngineSyncState &>(state);
     const auto location = std::dynamic_pointer_cast<EngineSyncLocation>(state.destination());
     ours.setLastSynced(QDateTime::currentDateTime());
-    // Whatever else has changed is not ours to save.
-    const std::optional<Error> error =
-        location ? m_profile.run(QStringLiteral("UPDATE states SET last_synced = ?"
-                                                " WHERE location_uuid = ? AND database_uuid = ?"),
-                                 {ours.lastSynced().toMSecsSinceEpoch(), location->identifier(),
-                                  ours.databaseUUID()})
-                 : std::nullopt;
-    if (error) {
-        logSync(error->localizedDescription);
+    if (!location) {
+        return;
+    }
+    // Only this column: other changes of the state are saved when the user saves them.
+    const Expected<void> written = m_profile.run(
+        QStringLiteral("UPDATE states SET last_synced = ?"
+                       " WHERE location_uuid = ? AND database_uuid = ?"),
+        {ours.lastSynced().toMSecsSinceEpoch(), location->identifier(), ours.databaseUUID()});
+    if (!written) {
+        logSync(written.error().localizedDescription);
     }
 }

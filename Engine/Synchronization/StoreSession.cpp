@@ -7,7 +7,7 @@
 
 namespace {
 
-/// So many of them take about as much room as a usual transaction.
+/// As many identifiers take about as much space as a usual transaction.
 constexpr qsizetype IdentifiersInTransaction = 30000;
 
 }  // namespace
@@ -25,26 +25,33 @@ const NoteLog &StoreSession::log() const {
 }
 
 KnownTransactions StoreSession::known() const {
-    return {m_profile, m_subject.place, log().database()};
+    return {m_profile, m_subject.store, log().database()};
+}
+
+QString StoreSession::folder() const {
+    return QStringLiteral("transactions/") + m_subject.databaseUUID;
 }
 
 QString StoreSession::path(const QString &name) const {
-    const QString folder = QStringLiteral("transactions/") + m_subject.databaseUUID;
-    return name.isEmpty() ? folder : folder + u'/' + name;
+    return folder() + u'/' + name;
 }
 
-bool StoreSession::takeNext() {
-    const qsizetype left = m_operationsToWrite.size();
-    m_transaction = {database()->log().takeOperations(m_operationsToWrite), {}};
-    if (m_transaction.operations.size() < left - m_operationsToWrite.size()) {
+Expected<bool> StoreSession::prepareNextTransaction() {
+    const qsizetype count = m_operationsToWrite.size();
+    const Expected<QList<Operation>> operations = log().takeOperations(m_operationsToWrite);
+    if (!operations) {
+        return failure(operations.error());
+    }
+    m_transaction = {*operations, {}};
+    if (operations->size() < count - m_operationsToWrite.size()) {
         m_hasFailedToWriteAll = true;
     }
-    for (const Operation &operation : std::as_const(m_transaction.operations)) {
+    for (const Operation &operation : *operations) {
         for (const OperationId &identifier : operation.supersedes) {
             m_supersededToWrite.remove(identifier);
         }
     }
-    // Not before what supersedes them is there, lest a note be missing for a while.
+    // A reader must not learn that an operation is superseded before it can read the successor.
     if (m_operationsToWrite.isEmpty() && !m_hasFailedToWriteAll) {
         auto next = m_supersededToWrite.begin();
         while (next != m_supersededToWrite.end() &&
@@ -59,22 +66,17 @@ bool StoreSession::takeNext() {
     return !m_transaction.isEmpty();
 }
 
-std::optional<Error> StoreSession::write(BlobStore &store, const EngineFuture &future) {
+Expected<void> StoreSession::writeTransaction(BlobStore &store, const EngineFuture &future) {
     const QByteArray record = m_transaction.encoded();
-    const Expected<BlobStore::Written> written =
-        store.writeIfAbsent(path(m_transactionName), record, future);
-    if (!written) {
-        return written.error();
-    }
-    // Nobody else can have taken the name; what is there may be what a try has left of which the
-    // answer was lost. The next session reads it and sees.
-    if (*written == BlobStore::Written::New) {
-        m_writtenSize = record.size();
-    }
-    return {};
+    return store.writeIfAbsent(path(m_transactionName), record, future)
+        .map([&](BlobStore::Written written) {
+            // The name is random, so an existing record is that of an earlier attempt whose
+            // response was lost. It may be incomplete; the next session reads it.
+            m_writtenSize = written == BlobStore::Written::New ? record.size() : 0;
+        });
 }
 
-std::optional<Error> StoreSession::rememberWritten() {
+Expected<void> StoreSession::recordWrittenTransaction() {
     if (m_writtenSize == 0) {
         m_hasFailedToWriteAll = true;
         return {};

@@ -7,66 +7,80 @@
 class EngineDatabase;
 class EngineNoteLibrary;
 
-/// Something that is done between the profile and a store for one database, step by step:
+/// A task that involves one database of the profile and one store, and alternates between two
+/// threads:
 ///
-///     while (!session.isDone() && !error) {
-///         error = session.work(store, future);  // on a worker thread; touches the store alone
-///         error = error ? error : session.settle();  // on the main thread; the profile alone
+///     Expected<void> result;
+///     while (result && !session.isDone()) {
+///         result = session.accessStore(store, future);  // on a worker thread
+///         if (result) {
+///             result = session.accessProfile();  // on the main thread
+///         }
 ///     }
 ///
-/// It can be abandoned at any point: each step leaves store and profile as a later session needs
-/// them. There is one session at a time for a database and a store.
+/// The calls must not overlap. A session can be abandoned after any call: each step leaves store
+/// and profile in a state from which a later session continues. There must be at most one session
+/// at a time for a database and a store.
 class StoreSession {
 public:
-    /// Whose session it is.
+    /// The database and the store of a session.
     struct Subject {
-        /// As the store has it: "@inbox" for the inbox.
+        /// The UUID in the store: InboxUUID for the inbox.
         QString databaseUUID;
-        /// What the database is called until the store says better.
+        /// The name of the database until one is read from the store.
         QString databaseName;
-        /// Names the store in the profile, for as long as it is the same store; any text.
-        QString place;
+        /// Identifies the store in the profile: any text, as long as it is the same store.
+        QString store;
     };
 
-    /// Both must outlive this.
+    /// `profile` and `library` are not owned and must outlive this object.
     StoreSession(const ProfileDatabase &profile, EngineNoteLibrary &library, Subject subject);
     virtual ~StoreSession() = default;
     StoreSession(const StoreSession &) = delete;
     StoreSession &operator=(const StoreSession &) = delete;
 
-    /// An error of either ends the session.
-    virtual std::optional<Error> work(BlobStore &store, const EngineFuture &future) = 0;
-    virtual std::optional<Error> settle() = 0;
+    /// Performs the part of the current step that reads or writes `store`. Blocks, and returns an
+    /// error of the code Cancelled soon after `future` is cancelled. An error ends the session.
+    virtual Expected<void> accessStore(BlobStore &store, const EngineFuture &future) = 0;
+    /// Performs the part of the current step that reads or writes the profile, and chooses the next
+    /// step. Main thread. An error, such as a failed read, ends the session before anything is
+    /// written to the store or removed from it on account of it.
+    virtual Expected<void> accessProfile() = 0;
+    /// Returns whether the session has completed all steps.
     bool isDone() const { return m_isDone; }
-    /// What is wrong with single records, which did not keep the others from being read.
+    /// Returns the problems with single records, which did not prevent the others from being read.
     const QList<Error> &problems() const { return m_problems; }
 
 protected:
     const Subject &subject() const { return m_subject; }
     const ProfileDatabase &profile() const { return m_profile; }
     EngineNoteLibrary &library() const { return m_library; }
-    /// nullptr while there is no such database in the profile.
+    /// Returns null as long as the profile has no such database.
     std::shared_ptr<EngineDatabase> database() const;
-    /// Of the database, which must be there.
+    /// The database must exist.
     const NoteLog &log() const;
+    /// The database must exist.
     KnownTransactions known() const;
 
-    /// Where in the store the transaction `name` is; without one, where all are.
+    /// Returns the folder of the database's transactions in the store.
+    QString folder() const;
+    /// Returns the blob name of the transaction record `name`.
     QString path(const QString &name) const;
     void addProblem(const Error &error) { m_problems.append(error); }
     void setDone() { m_isDone = true; }
 
-    /// What is still to be written into the store.
+    /// What remains to be written to the store.
     QList<OperationId> m_operationsToWrite;
     QSet<OperationId> m_supersededToWrite;
-    /// Takes the next record's worth of it; answers whether there was any. Main thread.
-    bool takeNext();
-    /// Writes the record that was taken.
-    std::optional<Error> write(BlobStore &store, const EngineFuture &future);
-    /// Keeps in mind that it was written. Main thread.
-    std::optional<Error> rememberWritten();
-    /// Whether an operation that was to be written has been superseded meanwhile, or a record may
-    /// not be there.
+    /// Moves as much of it as fills a record to the next transaction. Returns false if nothing
+    /// remains. Main thread.
+    Expected<bool> prepareNextTransaction();
+    /// Writes the prepared transaction to the store. Worker thread.
+    Expected<void> writeTransaction(BlobStore &store, const EngineFuture &future);
+    /// Adds the transaction that was written to the known ones. Main thread.
+    Expected<void> recordWrittenTransaction();
+    /// Returns whether an operation was superseded before it was written, or a record may be
+    /// incomplete in the store.
     bool hasFailedToWriteAll() const { return m_hasFailedToWriteAll; }
 
 private:

@@ -1,6 +1,7 @@
 #include "Engine/Synchronization/SyncJob.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Synchronization/CleanSession.h"
@@ -18,10 +19,7 @@ SyncJob::SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &l
 void SyncJob::start(QThreadPool &pool, std::function<void()> handler) {
     m_pool = &pool;
     m_handler = std::move(handler);
-    runOnThread([this] {
-        const Expected<void> opened = m_store->open(*m_future);
-        return opened ? std::nullopt : std::optional(opened.error());
-    });
+    runOnThread([this] { return m_store->open(*m_future); });
 }
 
 QList<Error> SyncJob::problems() const {
@@ -32,31 +30,32 @@ QList<Error> SyncJob::problems() const {
     return problems;
 }
 
-void SyncJob::runOnThread(const std::function<std::optional<Error>()> &work) {
+void SyncJob::runOnThread(const std::function<Expected<void>()> &work) {
     m_pool->start([job = shared_from_this(), work] {
-        const std::optional<Error> error = work();
-        MainThreadQueue::post([job, error] { job->settle(error); });
+        const Expected<void> result = work();
+        MainThreadQueue::post([job, result] { job->finishStep(result); });
     });
 }
 
-void SyncJob::settle(const std::optional<Error> &error) {
-    m_error = error;
-    if (!m_error && m_session) {
-        m_error = m_session->settle();
+void SyncJob::finishStep(const Expected<void> &result) {
+    const Expected<void> finished = result.and_then(
+        [this] { return m_session ? m_session->accessProfile() : Expected<void>(); });
+    if (!finished) {
+        m_error = finished.error();
     }
-    goOn();
+    continueJob();
 }
 
-void SyncJob::goOn() {
+void SyncJob::continueJob() {
     const auto next =
         std::find_if(m_sessions.begin(), m_sessions.end(),
                      [](const std::unique_ptr<StoreSession> &each) { return !each->isDone(); });
     if (m_error || next == m_sessions.end()) {
         m_future->finish();
-        // The handler may hold what holds this.
+        // The handler may own the last reference to this job.
         std::exchange(m_handler, nullptr)();
         return;
     }
     m_session = next->get();
-    runOnThread([this] { return m_session->work(*m_store, *m_future); });
+    runOnThread([this] { return m_session->accessStore(*m_store, *m_future); });
 }

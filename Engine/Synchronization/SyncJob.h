@@ -1,44 +1,50 @@
 #pragma once
 
 #include <QtCore/QThreadPool>
+#include <memory>
+#include <vector>
 
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Synchronization/StoreSession.h"
 
-/// Opens a store, runs sessions with it one after the other, and closes it: the work on a thread of
-/// a pool, the rest on the main thread, where everything here is called. Always shared.
+/// Opens a store, runs sessions with it one after the other, and closes it. The store is accessed
+/// on a thread of a pool, the profile on the main thread. Must be owned by a std::shared_ptr; all
+/// functions must be called on the main thread.
 class SyncJob : public std::enable_shared_from_this<SyncJob> {
 public:
     enum class Kind { Synchronization, CleanUp };
 
-    /// `profile` and `library` must outlive the pool's threads.
+    /// `profile` and `library` are not owned and must outlive the threads of the pool. The job
+    /// shares ownership of `store`.
     SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &library,
             const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store);
 
-    /// `handler` is called once, later, when the job has ended, well or not; not at all where the
-    /// engine goes before.
+    /// Starts the job and returns at once. `handler` is called once, later, on the main thread,
+    /// when the job has succeeded or failed; it is not called if the engine is destroyed before.
+    /// Must be called once. `pool` is not owned and must outlive the job.
     void start(QThreadPool &pool, std::function<void()> handler);
-    /// Lets it end soon, with an error of the code Cancelled.
+    /// Makes a running job end soon with an error of the code Cancelled. `handler` is still called.
     void cancel() { m_future->cancel(); }
 
     Kind kind() const { return m_kind; }
     const StoreSession::Subject &subject() const { return m_subject; }
-    /// Why it failed, once it has ended.
+    /// Returns why the job failed, or std::nullopt if it succeeded or has not ended.
     const std::optional<Error> &error() const { return m_error; }
-    /// What is wrong with single records of the store.
+    /// Returns the problems with single records of the store.
     QList<Error> problems() const;
 
 private:
-    void goOn();
-    void runOnThread(const std::function<std::optional<Error>()> &work);
-    void settle(const std::optional<Error> &error);
+    /// Starts the next step, or ends the job if there is none or an error occurred.
+    void continueJob();
+    void runOnThread(const std::function<Expected<void>()> &work);
+    void finishStep(const Expected<void> &result);
 
     const Kind m_kind;
     const StoreSession::Subject m_subject;
     const std::shared_ptr<BlobStore> m_store;
     const std::shared_ptr<EngineFuture> m_future = std::make_shared<EngineFuture>();
     std::vector<std::unique_ptr<StoreSession>> m_sessions;
-    /// nullptr until the store is open.
+    /// Null until the store is open.
     StoreSession *m_session = nullptr;
     std::optional<Error> m_error;
     QThreadPool *m_pool = nullptr;

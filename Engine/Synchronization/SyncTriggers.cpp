@@ -2,30 +2,32 @@
 
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/InboxUUID.h"
-#include "Engine/Plugin/EngineSyncPlugin.h"
 #include "Engine/Schedules/ScheduleByClock.h"
 #include "Host/Notifications.h"
+#include "Host/QVSyncDispatcher.h"
+#include "Host/QVSyncLocation.h"
+#include "Host/QVSyncLocationsController.h"
 #include "Platform/Foundation/NotificationCenter.h"
 
 namespace {
 
 constexpr int Minute = 60000;
 
-bool hasComeDue(const QVSyncSchedulePtr &schedule, const QDateTime &lastLook,
-                const QDateTime &now) {
+bool isDue(const QVSyncSchedulePtr &schedule, const QDateTime &lastCheck, const QDateTime &now) {
     const auto *byClock = dynamic_cast<const ScheduleByClock *>(schedule.get());
-    const QDateTime next = byClock ? byClock->nextDateAfter(lastLook) : QDateTime();
+    const QDateTime next = byClock ? byClock->nextDateAfter(lastCheck) : QDateTime();
     return next.isValid() && next <= now;
 }
 
 }  // namespace
 
-SyncTriggers::SyncTriggers(EngineSyncPlugin &plugin, EngineNoteLibrary &library)
-    : m_plugin(plugin), m_library(library) {
+SyncTriggers::SyncTriggers(const QVSyncLocationsController &locations, QVSyncDispatcher &dispatcher,
+                           EngineNoteLibrary &library)
+    : m_locations(locations), m_dispatcher(dispatcher), m_library(library) {
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);
     connect(&m_timer, &QTimer::timeout, this, [this] {
-        look(QDateTime::currentDateTime());
+        checkSchedules(QDateTime::currentDateTime());
         waitForNextMinute();
     });
 }
@@ -38,7 +40,7 @@ void SyncTriggers::start() {
     center.addObserver(this, QVSyncPluginDidCloseDatabase, [this](const Notification &posted) {
         databaseClosed(*qobject_cast<QVDatabase *>(posted.object));
     });
-    m_lastLook = QDateTime::currentDateTime();
+    m_lastCheck = QDateTime::currentDateTime();
     waitForNextMinute();
     const auto open = m_library.openDatabases();
     for (const auto &database : open) {
@@ -46,10 +48,10 @@ void SyncTriggers::start() {
     }
 }
 
-void SyncTriggers::look(const QDateTime &now) {
-    const QDateTime lastLook = std::exchange(m_lastLook, now);
-    const QVSyncStates due = states(
-        [&](const QVSyncState &state) { return hasComeDue(state.schedule(), lastLook, now); });
+void SyncTriggers::checkSchedules(const QDateTime &now) {
+    const QDateTime lastCheck = std::exchange(m_lastCheck, now);
+    const QVSyncStates due =
+        states([&](const QVSyncState &state) { return isDue(state.schedule(), lastCheck, now); });
     for (const std::shared_ptr<QVSyncState> &state : due) {
         NotificationCenter::defaultCenter().post(QVSyncScheduleDidFireNotification, state.get());
     }
@@ -76,19 +78,19 @@ void SyncTriggers::databaseClosed(const QVDatabase &database) {
     }));
 }
 
-QVSyncStates SyncTriggers::states(const std::function<bool(const QVSyncState &)> &asks) const {
+QVSyncStates SyncTriggers::states(const std::function<bool(const QVSyncState &)> &condition) const {
     QVSyncStates found;
-    const auto locations = m_plugin.locationsController()->syncLocations();
+    const auto locations = m_locations.syncLocations();
     for (const auto &location : locations) {
         const QVSyncStates all = location->synchronizationStates();
         std::copy_if(all.begin(), all.end(), std::back_inserter(found),
-                     [&](const auto &state) { return state->isEnabled() && asks(*state); });
+                     [&](const auto &state) { return state->isEnabled() && condition(*state); });
     }
     return found;
 }
 
 void SyncTriggers::synchronize(const QVSyncStates &states) {
     if (!states.isEmpty()) {
-        m_plugin.dispatcher()->performSynchronizationsWithSynchronizationStates(states);
+        m_dispatcher.performSynchronizationsWithSynchronizationStates(states);
     }
 }

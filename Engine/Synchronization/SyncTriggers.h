@@ -6,38 +6,42 @@
 #include "Host/QVSyncState.h"
 
 class EngineNoteLibrary;
-class EngineSyncPlugin;
 class QVDatabase;
+class QVSyncDispatcher;
+class QVSyncLocationsController;
 
-/// Starts synchronizations by themselves: where a state is enabled and asks for it, when its
-/// database is opened (or was open when the profile was), when it is closed, and when its schedule
-/// fires. Nothing waits for them.
+/// Starts the synchronizations that an enabled state requests: when its database is opened (or is
+/// open when the profile is opened), when its database is closed, and when its schedule fires. Main
+/// thread.
 ///
-/// Schedules are compared with the wall clock at every full minute, and at once after the computer
-/// has slept. One that would have fired since the last look, however often, fires once; one set
-/// back is not made up for. Each firing is posted as QVSyncScheduleDidFireNotification with the
-/// QVSyncState.
+/// Schedules are compared with the wall clock at every full minute, and when the computer wakes up.
+/// A schedule that was due several times since the last check fires once. If the clock is set back,
+/// a schedule does not fire again for the time that is repeated. Each firing posts
+/// QVSyncScheduleDidFireNotification with the QVSyncState.
 class SyncTriggers : public QObject {
     Q_OBJECT
 public:
-    /// Both must outlive this.
-    SyncTriggers(EngineSyncPlugin &plugin, EngineNoteLibrary &library);
+    /// None of the arguments is owned; all must outlive this object.
+    SyncTriggers(const QVSyncLocationsController &locations, QVSyncDispatcher &dispatcher,
+                 EngineNoteLibrary &library);
 
-    /// Called once, when the profile was opened.
+    /// Starts with the databases that are open. Must be called once, after the profile was opened.
     void start();
-    /// Fires what has come due since the last look; `now` is the time by the wall clock.
-    void look(const QDateTime &now);
+    /// Fires the schedules that were due after the previous check and not after `now`, the time of
+    /// the wall clock.
+    void checkSchedules(const QDateTime &now);
 
 private:
     void waitForNextMinute();
     void databaseOpened(const QVDatabase &database);
     void databaseClosed(const QVDatabase &database);
-    /// The enabled states of all locations that `asks` holds for.
-    QVSyncStates states(const std::function<bool(const QVSyncState &)> &asks) const;
+    /// Returns the enabled states of all locations that satisfy `condition`.
+    QVSyncStates states(const std::function<bool(const QVSyncState &)> &condition) const;
     void synchronize(const QVSyncStates &states);
 
-    EngineSyncPlugin &m_plugin;
+    const QVSyncLocationsController &m_locations;
+    QVSyncDispatcher &m_dispatcher;
     EngineNoteLibrary &m_library;
     QTimer m_timer;
-    QDateTime m_lastLook;
+    QDateTime m_lastCheck;
 };

@@ -1,8 +1,9 @@
 #include <random>
 
+#include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
-#include "Engine/Profile/FirstContents.h"
+#include "Engine/Notes/FirstContents.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
@@ -39,9 +40,9 @@ namespace {
 
 const QString Mark = QStringLiteral(" (conflict)");
 
-void require(const std::optional<Error> &error) {
-    if (error) {
-        throw std::runtime_error(error->localizedDescription.toStdString());
+void require(const Expected<void> &result) {
+    if (!result) {
+        throw std::runtime_error(result.error().localizedDescription.toStdString());
     }
 }
 
@@ -55,9 +56,10 @@ void require(bool condition, const char *words) {
 class Replica {
 public:
     Replica() : m_library(m_profile) {
-        require(m_profile.open(m_folder.filePath(QStringLiteral("Profile")), [this] {
-            return writeFirstContents(m_profile, FirstContents::Inbox);
-        }));
+        require(m_profile.open(
+            m_folder.filePath(QStringLiteral("Profile")),
+            [this] { return writeFirstContents(m_profile, FirstContents::Inbox); },
+            [] { return Expected<void>(); }));
         // No test of what the disk keeps.
         require(m_profile.run(QStringLiteral("PRAGMA synchronous = OFF")));
         require(m_library.load());
@@ -133,8 +135,8 @@ public:
         MemoryStore blobs(m_stores[store], [] { return MemoryStore::Fault::None; });
         const EngineFuture future;
         while (!session.isDone()) {
-            require(session.work(blobs, future));
-            require(session.settle());
+            require(session.accessStore(blobs, future));
+            require(session.accessProfile());
         }
     }
 
@@ -145,7 +147,8 @@ public:
     void verify(Replica *replica) const {
         const auto database = replica->library().synchronizedDatabase(m_UUID);
         QSet<QString> found;
-        for (const Note &note : database->notes()) {
+        const QList<Note> notes = database->notes().value();
+        for (const Note &note : notes) {
             const auto edit = m_edits.find(note.revision);
             require(edit != m_edits.end(), "a note that nobody wrote");
             require(!edit->isSuperseded, "an edit came back to life");
@@ -171,18 +174,22 @@ public:
         QSet<OperationId> operations;
         qsizetype count = 0;
         for (const auto &[name, contents] : m_stores[store]) {
-            const Result<Transaction> read = Transaction::decoded(contents, name);
-            if (!name.startsWith(QStringLiteral("transactions/")) || errorOf(read)) {
+            const Expected<Transaction> read = Transaction::decoded(contents, name);
+            if (!name.startsWith(QStringLiteral("transactions/")) || !read) {
                 continue;
             }
-            for (const Operation &operation : std::get<Transaction>(read).operations) {
+            for (const Operation &operation : read->operations) {
                 operations.insert(operation.id);
                 ++count;
             }
         }
         require(operations.size() == count, "an operation is there twice");
-        const QList<OperationId> needed =
-            m_replicas.first()->library().synchronizedDatabase(m_UUID)->log().operationIds();
+        const QList<OperationId> needed = m_replicas.first()
+                                              ->library()
+                                              .synchronizedDatabase(m_UUID)
+                                              ->log()
+                                              .operationIds()
+                                              .value();
         require(operations == QSet(needed.begin(), needed.end()),
                 "the store does not hold just what is needed");
     }
@@ -203,7 +210,7 @@ private:
 
     QList<Note> sortedNotes(Replica *replica) const {
         const auto database = replica->library().synchronizedDatabase(m_UUID);
-        QList<Note> notes = database ? database->notes() : QList<Note>();
+        QList<Note> notes = database ? database->notes().value() : QList<Note>();
         std::sort(notes.begin(), notes.end(),
                   [](const Note &a, const Note &b) { return a.UUID < b.UUID; });
         return notes;
@@ -284,17 +291,18 @@ private:
             return;
         }
         const auto running = m_running.begin() + upTo(static_cast<int>(m_running.size()));
-        std::optional<Error> error;
+        Expected<void> result;
         if (running->hasWorked) {
-            error = running->session->settle();
-            require(!error || error->code != 2 /* ProfileNotWritten */, "the profile failed");
+            result = running->session->accessProfile();
+            require(result || !isEngineError(result.error(), EngineErrorCode::ProfileNotWritten),
+                    "the profile failed");
         } else {
             MemoryStore blobs(m_stores[running->store], [this] { return nextFault(); });
             const EngineFuture future;
-            error = running->session->work(blobs, future);
+            result = running->session->accessStore(blobs, future);
         }
         running->hasWorked = !running->hasWorked;
-        if (error || running->session->isDone() || happens(3)) {
+        if (!result || running->session->isDone() || happens(3)) {
             m_running.erase(running);
         }
         if (happens(2)) {

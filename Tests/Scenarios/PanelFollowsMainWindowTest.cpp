@@ -109,7 +109,7 @@ private Q_SLOTS:
         auto *text = m_window->findChild<QPlainTextEdit *>();
         text->setPlainText(QStringLiteral("typed just now"));
         databases()->setCurrentRow(2);
-        QCOMPARE(m_host->library().knownDatabases()[1]->notes().first().text,
+        QCOMPARE(m_host->library().knownDatabases()[1]->notes().value().first().text,
                  QStringLiteral("typed just now"));
     }
 

@@ -80,8 +80,8 @@ private:
         return contents(*database);
     }
 
-    static QString said(const std::optional<Error> &error) {
-        return error ? error->localizedDescription : QStringLiteral("done");
+    static QString said(const Expected<void> &result) {
+        return result ? QStringLiteral("done") : result.error().localizedDescription;
     }
 
     std::shared_ptr<NoteDatabase> databaseForUUID(const QString &UUID) {
@@ -94,7 +94,8 @@ private:
     }
 
     static Note noteTitled(const NoteDatabase &database, const QString &title) {
-        for (const Note &note : database.notes()) {
+        const QList<Note> notes = database.notes().value();
+        for (const Note &note : notes) {
             if (note.title == title) {
                 return note;
             }
@@ -194,15 +195,16 @@ private:
     }
 
     static QString contents(const NoteDatabase &database) {
-        QStringList notes;
-        for (const Note &note : database.notes()) {
-            notes.append(
+        QStringList lines;
+        const QList<Note> notes = database.notes().value();
+        for (const Note &note : notes) {
+            lines.append(
                 QString::fromUtf8(QJsonDocument(QJsonArray{note.UUID, note.title, note.text,
                                                            note.modified.toMSecsSinceEpoch()})
                                       .toJson(QJsonDocument::Compact)));
         }
-        notes.sort();
-        return database.name() + u' ' + notes.join(u' ');
+        lines.sort();
+        return database.name() + u' ' + lines.join(u' ');
     }
 
     TestHost m_host;

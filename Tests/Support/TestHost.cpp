@@ -14,6 +14,12 @@ void require(const std::optional<Error> &error) {
     }
 }
 
+void require(const Expected<void> &result) {
+    if (!result) {
+        require(result.error());
+    }
+}
+
 }  // namespace
 
 TestHost::TestHost(FirstContents contents) {
@@ -111,7 +117,8 @@ void TestHost::save() {
 
 void TestHost::makeSavesFail() {
     m_otherConnection = std::make_unique<ProfileDatabase>();
-    require(m_otherConnection->open(directory(), [] { return std::nullopt; }));
+    const auto nothing = [] { return Expected<void>(); };
+    require(m_otherConnection->open(directory(), nothing, nothing));
     require(m_otherConnection->run(QStringLiteral("BEGIN IMMEDIATE")));
 }
 

@@ -43,9 +43,9 @@ public:
     }
 };
 
-void require(const std::optional<Error> &error) {
-    if (error) {
-        throw TourFailure(error->localizedDescription);
+void require(const Expected<void> &result) {
+    if (!result) {
+        throw TourFailure(result.error().localizedDescription);
     }
 }
 
@@ -104,7 +104,8 @@ void editNote(TestHost &host, const QString &package, const QString &name, const
     synchronize(host, state);
     const auto database = knownDatabase(host, name);
     host.openDatabase(database);
-    for (Note note : database->notes()) {
+    const QList<Note> notes = database->notes().value();
+    for (Note note : notes) {
         if (note.title == title) {
             note.text += OtherComputer::Edit;
             require(database->saveNote(note));

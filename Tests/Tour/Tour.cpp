@@ -56,7 +56,8 @@ std::shared_ptr<NoteDatabase> knownDatabase(const NoteLibrary &library, const QS
 bool hasNote(const NoteLibrary &library, const QString &database, const QString &title,
              const QString &text) {
     const auto found = knownDatabase(library, database);
-    for (const Note &note : found && found->isOpen() ? found->notes() : QList<Note>()) {
+    const QList<Note> notes = found && found->isOpen() ? found->notes().value() : QList<Note>();
+    for (const Note &note : notes) {
         if (note.title == title && note.text == text) {
             return true;
         }
@@ -304,8 +305,9 @@ void Tour::readLog() {
 }
 
 void Tour::takeEdit() {
-    const Note note = onMainThread(
-        [this] { return knownDatabase(m_surroundings.library, DatabaseName)->notes().first(); });
+    const Note note = onMainThread([this] {
+        return knownDatabase(m_surroundings.library, DatabaseName)->notes().value().first();
+    });
     m_otherComputer.editNote(sharedPackage(), DatabaseName, note.title);
     Person::turnTo(PanelTitle);
     synchronizeChosenDatabase();

@@ -29,53 +29,52 @@ FolderGrants::~FolderGrants() {
     s_current = nullptr;
 }
 
-void FolderGrants::load() {
-    QSqlQuery rows = m_profile.prepare(QStringLiteral("SELECT path FROM grants ORDER BY id"));
-    rows.exec();
+Expected<void> FolderGrants::load() {
     QStringList paths;
-    while (rows.next()) {
-        paths.append(rows.value(0).toString());
+    const Expected<void> read =
+        m_profile.read(QStringLiteral("SELECT path FROM grants ORDER BY id"), {},
+                       [&](const QSqlQuery &row) { paths.append(row.value(0).toString()); });
+    const Expected<QVariant> areNeeded = read.and_then([this] {
+        return m_profile.value(QStringLiteral("SELECT value FROM settings WHERE key = ?"),
+                               {SandboxSetting});
+    });
+    if (!areNeeded) {
+        return failure(areNeeded.error());
     }
-    const bool areNeeded =
-        m_profile
-            .value(QStringLiteral("SELECT value FROM settings WHERE key = ?"), {SandboxSetting})
-            .toBool();
     const std::lock_guard lock(s_mutex);
     m_paths = paths;
-    m_areNeeded = areNeeded;
+    m_areNeeded = areNeeded->toBool();
     m_ownFolder = m_profile.directory();
+    return {};
 }
 
 bool FolderGrants::areNeeded() const {
     return m_areNeeded;
 }
 
-std::optional<Error> FolderGrants::setNeeded(bool areNeeded) {
-    std::optional<Error> error =
-        m_profile.run(QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
-                                     " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
-                      {SandboxSetting, areNeeded});
-    load();
-    return error;
+Expected<void> FolderGrants::setNeeded(bool areNeeded) {
+    return m_profile
+        .run(QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
+                            " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
+             {SandboxSetting, areNeeded})
+        .and_then([this] { return load(); });
 }
 
 QStringList FolderGrants::paths() const {
     return m_paths;
 }
 
-std::optional<Error> FolderGrants::add(const QString &path) {
-    std::optional<Error> error =
-        m_profile.run(QStringLiteral("INSERT OR IGNORE INTO grants (path) VALUES (?)"),
-                      {ProfileDatabase::text(path)});
-    load();
-    return error;
+Expected<void> FolderGrants::add(const QString &path) {
+    return m_profile
+        .run(QStringLiteral("INSERT OR IGNORE INTO grants (path) VALUES (?)"),
+             {ProfileDatabase::text(path)})
+        .and_then([this] { return load(); });
 }
 
-std::optional<Error> FolderGrants::remove(const QString &path) {
-    std::optional<Error> error = m_profile.run(QStringLiteral("DELETE FROM grants WHERE path = ?"),
-                                               {ProfileDatabase::text(path)});
-    load();
-    return error;
+Expected<void> FolderGrants::remove(const QString &path) {
+    return m_profile
+        .run(QStringLiteral("DELETE FROM grants WHERE path = ?"), {ProfileDatabase::text(path)})
+        .and_then([this] { return load(); });
 }
 
 bool FolderGrants::permit(const QString &realPath) {

@@ -2,9 +2,8 @@
 
 #include <QtCore/QStringList>
 #include <mutex>
-#include <optional>
 
-#include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Expected.h"
 
 class ProfileDatabase;
 
@@ -19,15 +18,15 @@ public:
     FolderGrants &operator=(const FolderGrants &) = delete;
 
     /// Takes over what the profile holds.
-    void load();
+    Expected<void> load();
 
     /// Whether only what is granted may be reached.
     bool areNeeded() const;
-    std::optional<Error> setNeeded(bool areNeeded);
+    Expected<void> setNeeded(bool areNeeded);
     /// In the order in which they were granted.
     QStringList paths() const;
-    std::optional<Error> add(const QString &path);
-    std::optional<Error> remove(const QString &path);
+    Expected<void> add(const QString &path);
+    Expected<void> remove(const QString &path);
 
     /// Whether `realPath`, which no symbolic link and no ".." is part of, may be reached: is a
     /// granted folder or in one, or no grant is needed. A grant for a path that leads through

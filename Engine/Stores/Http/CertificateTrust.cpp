@@ -62,22 +62,18 @@ CertificateTrust::~CertificateTrust() {
     s_current = nullptr;
 }
 
-std::optional<Error> CertificateTrust::load() {
-    if (std::optional<Error> error =
-            m_profile.run(QStringLiteral("DELETE FROM trusted_certificates WHERE location_uuid"
-                                         " NOT IN (SELECT uuid FROM locations)"))) {
-        return error;
-    }
-    QSqlQuery rows = m_profile.prepare(
-        QStringLiteral("SELECT location_uuid, fingerprint FROM trusted_certificates"));
-    if (!rows.exec()) {
-        return m_profile.errorOf(rows);
-    }
+Expected<void> CertificateTrust::load() {
     const std::lock_guard lock(s_mutex);
-    while (rows.next()) {
-        m_trusted.insert({rows.value(0).toString(), rows.value(1).toString()});
-    }
-    return {};
+    return m_profile
+        .run(QStringLiteral("DELETE FROM trusted_certificates WHERE location_uuid"
+                            " NOT IN (SELECT uuid FROM locations)"))
+        .and_then([this] {
+            return m_profile.read(
+                QStringLiteral("SELECT location_uuid, fingerprint FROM trusted_certificates"), {},
+                [this](const QSqlQuery &row) {
+                    m_trusted.insert({row.value(0).toString(), row.value(1).toString()});
+                });
+        });
 }
 
 bool CertificateTrust::contains(const QString &location, const QSslCertificate &certificate) {
@@ -112,19 +108,19 @@ CertificateTrust::Key CertificateTrust::key(const QString &location,
 }
 
 void CertificateTrust::accept(const Key &key) {
-    std::optional<Error> error;
+    Expected<void> written;
     {
         const std::lock_guard lock(s_mutex);
         if (!s_current) {
             return;
         }
         s_current->m_trusted.insert(key);
-        error =
+        written =
             s_current->m_profile.run(QStringLiteral("INSERT OR IGNORE INTO trusted_certificates"
                                                     " (location_uuid, fingerprint) VALUES (?, ?)"),
                                      {key.location, key.fingerprint});
     }
-    if (error) {
-        NSApp()->presentError(*error);
+    if (!written) {
+        NSApp()->presentError(written.error());
     }
 }

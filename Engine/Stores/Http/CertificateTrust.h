@@ -20,7 +20,7 @@ public:
     CertificateTrust &operator=(const CertificateTrust &) = delete;
 
     /// Takes over what the profile holds, and forgets there what belongs to no location any more.
-    std::optional<Error> load();
+    Expected<void> load();
 
     /// Whether the location of that identifier trusts `certificate`. Any thread.
     static bool contains(const QString &location, const QSslCertificate &certificate);

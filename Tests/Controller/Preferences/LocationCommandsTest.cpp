@@ -90,6 +90,7 @@ class LocationCommandsTest : public QObject {
         return m_host->engine()
             .profile()
             .value(QStringLiteral("SELECT count(*) FROM locations"))
+            .value()
             .toLongLong();
     }
     void inPanel(const std::function<void(PackagePanel &)> &act) const {

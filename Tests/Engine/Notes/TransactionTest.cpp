@@ -1,5 +1,6 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/Transaction.h"
+#include "Support/Failure.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -12,11 +13,7 @@ Operation sample() {
 }
 
 Transaction decoded(const QByteArray &record) {
-    const Result<Transaction> result = Transaction::decoded(record, QStringLiteral("NAME"));
-    if (const Error *error = errorOf(result)) {
-        throw std::runtime_error(error->localizedDescription.toStdString());
-    }
-    return std::get<Transaction>(result);
+    return Transaction::decoded(record, QStringLiteral("NAME")).value();
 }
 
 }  // namespace
@@ -26,7 +23,7 @@ class TransactionTest : public QObject {
 private:
     /// The record of `operation`, with "id" as it then has to be.
     static QByteArray record(Operation operation) {
-        operation.id = operation.reckonedId();
+        operation.id = operation.computedId();
         return Transaction{{operation}, {}}.encoded();
     }
 
@@ -51,7 +48,7 @@ private Q_SLOTS:
         const QByteArray bytes = NoteUUID.toLatin1() + '\n' + QByteArray(16, '\xab').toHex() +
                                  "\n-5\n" + QByteArray(16, '\1').toHex() + ',' +
                                  QByteArray(16, '\2').toHex() + "\n3\nT\xc3\xa4x\ny";
-        QCOMPARE(operation.reckonedId(),
+        QCOMPARE(operation.computedId(),
                  QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).first(16));
     }
 
@@ -68,8 +65,8 @@ private Q_SLOTS:
     void aNewerVersionIsNotDamaged() {
         for (const char *text : {"{\"version\":2}", "{\"version\":9007199254740993}"}) {
             const auto result = Transaction::decoded(text, QStringLiteral("NAME"));
-            QCOMPARE(errorOf(result)->code, static_cast<int>(EngineErrorCode::UnknownVersion));
-            QVERIFY(errorOf(result)->localizedDescription.contains(QStringLiteral("“NAME”")));
+            QCOMPARE(code(result), EngineErrorCode::UnknownVersion);
+            QVERIFY(description(result).contains(QStringLiteral("“NAME”")));
         }
     }
 
@@ -138,10 +135,8 @@ private Q_SLOTS:
     void isRefusedAsAWholeWhereAnythingIsWrong() {
         QFETCH(QByteArray, contents);
         const auto result = Transaction::decoded(contents, QStringLiteral("NAME"));
-        const Error *error = errorOf(result);
-        QVERIFY(error);
-        QCOMPARE(error->code, static_cast<int>(EngineErrorCode::DamagedRecord));
-        QVERIFY(error->localizedDescription.contains(QStringLiteral("“NAME”")));
+        QCOMPARE(code(result), EngineErrorCode::DamagedRecord);
+        QVERIFY(description(result).contains(QStringLiteral("“NAME”")));
     }
 
     void theLongestNoteFitsARecord() {

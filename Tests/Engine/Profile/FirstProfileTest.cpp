@@ -17,7 +17,7 @@ private Q_SLOTS:
             names.append(database->name());
             QVERIFY(database->isOpen());
             QCOMPARE(database->isInbox(), database == host.inbox());
-            QCOMPARE(database->notes().isEmpty(), database->isInbox());
+            QCOMPARE(database->notes().value().isEmpty(), database->isInbox());
         }
         QCOMPARE(names, QStringList({QStringLiteral("Inbox"), QStringLiteral("Projects"),
                                      QStringLiteral("Recipes")}));
@@ -53,7 +53,7 @@ private Q_SLOTS:
     void isTheSameAfterARestart() {
         TestHost host(FirstContents::Welcome);
         const QString recipes = host.library().knownDatabases().at(2)->UUID();
-        const QList<Note> notes = host.library().knownDatabases().at(2)->notes();
+        const QList<Note> notes = host.library().knownDatabases().at(2)->notes().value();
         host.restart();
         QCOMPARE(host.library().knownDatabases().size(), 3);
         QCOMPARE(host.library().knownDatabases().at(2)->UUID(), recipes);

@@ -5,9 +5,12 @@
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 
+#include "Engine/Notes/FirstContents.h"
+#include "Engine/Notes/NoteConversion.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileInspection.h"
+#include "Support/Failure.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -45,11 +48,15 @@ void execute(const QString &path, const QString &statement) {
     QSqlDatabase::removeDatabase(QStringLiteral("test"));
 }
 
+Expected<void> nothing() {
+    return {};
+}
+
 QString descriptionOfOpening(const QString &directory) {
     ProfileDatabase profile;
-    const std::optional<Error> error =
-        profile.open(directory, [&] { return writeFirstContents(profile, FirstContents::Inbox); });
-    return error ? error->localizedDescription : QString();
+    return description(profile.open(
+        directory, [&] { return writeFirstContents(profile, FirstContents::Inbox); },
+        [&] { return convertOldNotes(profile); }));
 }
 
 /// The same in a process that file modes bind, which they do not for root.
@@ -114,13 +121,13 @@ private Q_SLOTS:
         QVERIFY(QDir(folder()).mkpath(QStringLiteral("Sync Stores")));
         QCOMPARE(descriptionOfOpening(folder()), QString());
         ProfileDatabase profile;
-        QCOMPARE(profile.open(folder(), [] { return std::nullopt; }), std::nullopt);
+        QVERIFY(profile.open(folder(), nothing, nothing));
         QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM databases")), 1);
     }
 
     void keepsToTheDisk() {
         ProfileDatabase profile;
-        QCOMPARE(profile.open(folder(), [] { return std::nullopt; }), std::nullopt);
+        QVERIFY(profile.open(folder(), nothing, nothing));
         QCOMPARE(profile.value(QStringLiteral("PRAGMA journal_mode")), QStringLiteral("wal"));
         QCOMPARE(profile.value(QStringLiteral("PRAGMA synchronous")), 2);
         QCOMPARE(profile.value(QStringLiteral("PRAGMA foreign_keys")), 1);
@@ -128,12 +135,13 @@ private Q_SLOTS:
 
     void leavesNothingOfAFirstStartThatFails() {
         const Error error{QStringLiteral("test"), 1, QStringLiteral("no"), {}};
+        const auto fail = [&] { return Expected<void>(failure(error)); };
         ProfileDatabase profile;
-        QCOMPARE(profile.open(folder(), [&] { return error; }), error);
+        QCOMPARE(profile.open(folder(), fail, nothing), failure(error));
         QVERIFY(!QFileInfo::exists(folder()));
         QVERIFY(QDir().mkdir(folder()));
         ProfileDatabase second;
-        QCOMPARE(second.open(folder(), [&] { return error; }), error);
+        QCOMPARE(second.open(folder(), fail, nothing), failure(error));
         QVERIFY(QDir(folder()).isEmpty());
     }
 
@@ -192,7 +200,7 @@ private Q_SLOTS:
         verifyRefused(QStringLiteral("newer version"), file());
     }
 
-    void bringsTheNotesOfTheFirstVersionAlong() {
+    void convertsTheNotesOfTheFirstVersion() {
         QVERIFY(QDir().mkdir(folder()));
         const QString UUID = QStringLiteral("11111111-1111-4111-8111-111111111111");
         for (const QString &statement :
@@ -220,11 +228,16 @@ private Q_SLOTS:
         }
         for (int time = 0; time < 2; ++time) {
             ProfileDatabase profile;
-            const auto error = profile.open(folder(), [] { return std::nullopt; });
-            QVERIFY2(!error, qPrintable(error.value_or(Error()).localizedDescription));
-            const NoteLog log(profile, UUID);
+            QCOMPARE(description(
+                         profile.open(folder(), nothing, [&] { return convertOldNotes(profile); })),
+                     QString());
+            const NoteLog log(
+                profile,
+                profile.value(QStringLiteral("SELECT id FROM databases WHERE NOT is_inbox"))
+                    .value()
+                    .toLongLong());
             QCOMPARE(log.name(), QStringLiteral("Plans"));
-            const QList<Note> notes = log.notes();
+            const QList<Note> notes = log.notes().value();
             QCOMPARE(notes.size(), 1);
             QCOMPARE(notes.first().UUID, UUID);
             QCOMPARE(notes.first().text, QStringLiteral("Text"));
@@ -237,9 +250,9 @@ private Q_SLOTS:
     void refusesANewerVersionThatOnlyTheLogHas() {
         {
             ProfileDatabase profile;
-            QCOMPARE(profile.open(folder(), [] { return std::nullopt; }), std::nullopt);
-            QCOMPARE(profile.run(QStringLiteral("PRAGMA wal_checkpoint")), std::nullopt);
-            QCOMPARE(profile.run(QStringLiteral("PRAGMA user_version = 99")), std::nullopt);
+            QVERIFY(profile.open(folder(), nothing, nothing));
+            QVERIFY(profile.run(QStringLiteral("PRAGMA wal_checkpoint")));
+            QVERIFY(profile.run(QStringLiteral("PRAGMA user_version = 99")));
             // As a killed process leaves the files.
             QVERIFY(QDir().mkdir(m_directory->filePath(QStringLiteral("copy"))));
             for (const QString &name : QDir(folder()).entryList(QDir::Files)) {
@@ -295,16 +308,16 @@ private Q_SLOTS:
 
     void writesAllOrNothing() {
         ProfileDatabase profile;
-        QCOMPARE(profile.open(folder(), [] { return std::nullopt; }), std::nullopt);
+        QVERIFY(profile.open(folder(), nothing, nothing));
         const QString insert = QStringLiteral("INSERT INTO grants (path) VALUES (?)");
-        const std::optional<Error> error = profile.write([&]() -> std::optional<Error> {
-            profile.run(insert, {QStringLiteral("/a")});
-            return profile.run(QStringLiteral("INSERT INTO nowhere VALUES (1)"));
+        const Expected<void> written = profile.write([&] {
+            return profile.run(insert, {QStringLiteral("/a")}).and_then([&] {
+                return profile.run(QStringLiteral("INSERT INTO nowhere VALUES (1)"));
+            });
         });
-        QVERIFY(error && error->localizedDescription.contains(file()));
+        QVERIFY(description(written).contains(file()));
         QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM grants")), 0);
-        QCOMPARE(profile.write([&] { return profile.run(insert, {QStringLiteral("/b")}); }),
-                 std::nullopt);
+        QVERIFY(profile.write([&] { return profile.run(insert, {QStringLiteral("/b")}); }));
         QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM grants")), 1);
     }
 

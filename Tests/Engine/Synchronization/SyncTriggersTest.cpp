@@ -22,7 +22,7 @@ private:
     }
     void look(const QDate &date, const QTime &time) {
         m_fired.clear();
-        m_host->engine().triggers().look(QDateTime(date, time));
+        m_host->engine().triggers().checkSchedules(QDateTime(date, time));
     }
 
 private Q_SLOTS:

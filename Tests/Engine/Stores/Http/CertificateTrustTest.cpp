@@ -28,6 +28,7 @@ private:
         return m_host->engine()
             .profile()
             .value(QStringLiteral("SELECT count(*) FROM trusted_certificates"))
+            .value()
             .toInt();
     }
     /// Lets the person be asked, and answer.

@@ -21,7 +21,7 @@ using Written = BlobStore::Written;
 
 const QString UUID = QStringLiteral("11111111-1111-4111-8111-111111111111");
 const QString WebDAVBlob = QStringLiteral("transactions/%1/1-a").arg(UUID);
-const QString Package = QStringLiteral("Trip%20%26%20more.qvSyncStore");
+const QString PackageName = QStringLiteral("Trip%20%26%20more.qvSyncStore");
 constexpr HttpClient::Timeouts Hasty = {.idle = 300ms, .total = 2s};
 
 std::shared_ptr<WebDAVStore> storeAt(const QString &URLText) {
@@ -68,7 +68,7 @@ private:
     void start(WebDAVServer::Options options) {
         m_server = std::make_unique<WebDAVServer>(std::move(options));
         m_server->storePassword();
-        m_store = storeAt(m_server->URLText(Package));
+        m_store = storeAt(m_server->URLText(PackageName));
     }
     QString file(const QString &name) const {
         return m_server->folder() + QStringLiteral("/Trip & more.qvSyncStore") +
@@ -120,7 +120,7 @@ private Q_SLOTS:
 
     void aLargeBlobMayBeTheFirstRequest() {
         start({.authentication = Authentication::Digest});
-        QCOMPARE(description(open(m_server->URLText(Package))), QString());
+        QCOMPARE(description(open(m_server->URLText(PackageName))), QString());
         const QByteArray contents(3 << 20, 'x');
         QCOMPARE(write(WebDAVBlob, contents), Expected<Written>(Written::New));
         QCOMPARE(read(WebDAVBlob, contents.size()), Expected<QByteArray>(contents));
@@ -257,7 +257,7 @@ private Q_SLOTS:
 
     void aMissingPasswordHasItsOwnError() {
         start({});
-        const Expected<void> opened = open(m_server->URLText(Package, QStringLiteral("somebody")));
+        const Expected<void> opened = open(m_server->URLText(PackageName, QStringLiteral("somebody")));
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
         QCOMPARE(description(opened),
                  QStringLiteral(
@@ -497,7 +497,7 @@ private Q_SLOTS:
                 connection.send(answer);
             }
         });
-        m_store = storeAt(relay.URLText(QStringLiteral("dav/") + Package));
+        m_store = storeAt(relay.URLText(QStringLiteral("dav/") + PackageName));
         const QByteArray contents(1 << 20, 'x');
         QCOMPARE(code(write(QStringLiteral("databases/x"), contents)),
                  EngineErrorCode::StoreUnreachable);
@@ -513,7 +513,7 @@ private Q_SLOTS:
         QCOMPARE(description(m_store->open(m_future)), QString());
         QTcpSocket socket;
         socket.connectToHost(QHostAddress::LocalHost, m_server->port());
-        socket.write("PUT /dav/" + Package.toLatin1() +
+        socket.write("PUT /dav/" + PackageName.toLatin1() +
                      "/databases/x HTTP/1.1\r\nHost: localhost\r\nIf-None-Match: *\r\n"
                      "Content-Length: 1000000\r\n\r\n" +
                      QByteArray(500000, 'x'));
@@ -534,7 +534,7 @@ private Q_SLOTS:
 
     void theCredentialMayBeThatOfTheDigestSpace() {
         start({});
-        const QString URLText = m_server->URLText(Package, QStringLiteral("other"));
+        const QString URLText = m_server->URLText(PackageName, QStringLiteral("other"));
         UrlCredentialStorage::shared().setDefaultCredentialForProtectionSpace(
             {WebDAVServer::User, WebDAVServer::Password, UrlCredential::Persistence::ForSession},
             space(URLText, UrlAuthenticationMethodHttpDigest));
@@ -543,7 +543,7 @@ private Q_SLOTS:
 
     void withoutAUserTheDefaultCredentialIsUsed() {
         start({});
-        const QString URLText = m_server->URLText(Package, {});
+        const QString URLText = m_server->URLText(PackageName, {});
         QVERIFY(URLText.contains(QStringLiteral("://@localhost")));
         QVERIFY(description(open(URLText)).contains(QStringLiteral("none is stored")));
         UrlCredentialStorage::shared().setDefaultCredentialForProtectionSpace(

@@ -1,4 +1,4 @@
-#include "Engine/Profile/FirstContents.h"
+#include "Engine/Notes/FirstContents.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
@@ -45,72 +45,75 @@ QString newUUID() {
     return QUuid::createUuid().toString(QUuid::WithoutBraces);
 }
 
-std::optional<Error> writeInbox(const ProfileDatabase &profile) {
+Expected<void> writeInbox(const ProfileDatabase &profile) {
     return profile.run(
         QStringLiteral("INSERT INTO databases (uuid, name, is_inbox) VALUES (?, ?, 1)"),
         {newUUID(), localizedSyncString("Inbox")});
 }
 
-std::optional<Error> writeDatabase(const ProfileDatabase &profile, const FirstDatabase &database,
-                                   const QString &UUID) {
-    const QString name = localizedSyncString(database.name);
-    if (std::optional<Error> error = profile.run(
-            QStringLiteral("INSERT INTO databases (uuid, name) VALUES (?, ?)"), {UUID, name})) {
-        return error;
-    }
-    const NoteLog log(profile, UUID);
-    if (std::optional<Error> error = log.setName(name)) {
-        return error;
-    }
-    for (const FirstNote &first : database.notes) {
+Expected<void> writeNotes(const NoteLog &log, const QList<FirstNote> &notes) {
+    for (const FirstNote &first : notes) {
         Note note{{},
                   localizedSyncString(first.title),
                   localizedSyncString(first.text),
                   QDateTime::currentDateTime()};
-        if (std::optional<Error> error = log.save(note)) {
-            return error;
+        if (Expected<void> saved = log.save(note); !saved) {
+            return saved;
         }
     }
     return {};
 }
 
-/// A sync store in the profile folder, with which the database `UUID` is to synchronize.
-std::optional<Error> writeLocation(const ProfileDatabase &profile, const QString &UUID,
-                                   const QString &name) {
+Expected<void> writeDatabase(const ProfileDatabase &profile, const FirstDatabase &database,
+                             const QString &UUID) {
+    const QString name = localizedSyncString(database.name);
+    const Expected<qint64> row = NoteLog::insertDatabase(profile, UUID, name);
+    if (!row) {
+        return failure(row.error());
+    }
+    const NoteLog log(profile, *row);
+    return log.setName(name).and_then([&] { return writeNotes(log, database.notes); });
+}
+
+/// Creates a sync store in the profile folder, with which the database `UUID` synchronizes.
+Expected<void> writeLocation(const ProfileDatabase &profile, const QString &UUID,
+                             const QString &name) {
     const QString package = profile.directory() + QStringLiteral("/Sync Stores/Home.qvSyncStore");
     if (!QDir().mkpath(package + QStringLiteral("/databases")) ||
         !QDir().mkpath(package + QStringLiteral("/transactions"))) {
-        return engineError(EngineErrorCode::ProfileUnusable,
-                           localizedSyncString("The sync store “%1” cannot be made.").arg(package));
+        return failure(engineError(EngineErrorCode::ProfileUnusable,
+                                   "The sync store “%1” cannot be made.", package));
     }
     const QString location = newUUID();
-    if (std::optional<Error> error = profile.run(
-            QStringLiteral("INSERT INTO locations (uuid, position, url) VALUES (?, 0, ?)"),
-            {location, Url::fileURL(package).absoluteString()})) {
-        return error;
-    }
-    return profile.run(
-        QStringLiteral("INSERT INTO states (location_uuid, database_uuid, database_name, enabled,"
-                       " sync_on_open, sync_on_close) VALUES (?, ?, ?, 1, 0, 0)"),
-        {location, UUID, name});
+    return profile
+        .run(QStringLiteral("INSERT INTO locations (uuid, position, url) VALUES (?, 0, ?)"),
+             {location, Url::fileURL(package).absoluteString()})
+        .and_then([&] {
+            return profile.run(
+                QStringLiteral(
+                    "INSERT INTO states (location_uuid, database_uuid, database_name, enabled,"
+                    " sync_on_open, sync_on_close) VALUES (?, ?, ?, 1, 0, 0)"),
+                {location, UUID, name});
+        });
 }
 
-}  // namespace
-
-std::optional<Error> writeFirstContents(const ProfileDatabase &profile, FirstContents contents) {
-    if (std::optional<Error> error = writeInbox(profile)) {
-        return error;
-    }
-    if (contents == FirstContents::Inbox) {
-        return {};
-    }
+Expected<void> writeWelcome(const ProfileDatabase &profile) {
     const QList<FirstDatabase> databases = firstDatabases();
     QStringList UUIDs;
     for (const FirstDatabase &database : databases) {
         UUIDs.append(newUUID());
-        if (std::optional<Error> error = writeDatabase(profile, database, UUIDs.last())) {
-            return error;
+        if (Expected<void> written = writeDatabase(profile, database, UUIDs.last()); !written) {
+            return written;
         }
     }
     return writeLocation(profile, UUIDs.first(), localizedSyncString(databases.first().name));
+}
+
+}  // namespace
+
+Expected<void> writeFirstContents(const ProfileDatabase &profile, FirstContents contents) {
+    Expected<void> written = writeInbox(profile);
+    return contents == FirstContents::Inbox
+               ? written
+               : written.and_then([&] { return writeWelcome(profile); });
 }

@@ -1,0 +1,145 @@
+#include "Engine/Notes/InboxUUID.h"
+#include "Engine/Notes/KnownTransactions.h"
+#include "Support/FailingTable.h"
+#include "Support/Failure.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+Q_DECLARE_METATYPE(FailingTable::Fault)
+
+using Fault = FailingTable::Fault;
+
+namespace {
+
+const QString Store = QStringLiteral("store");
+
+}  // namespace
+
+/// A read of the profile that fails returns an error, whether it fails at once or in the middle of
+/// the result, and never an empty or a shorter result.
+class FailedReadTest : public QObject {
+    Q_OBJECT
+private:
+    std::unique_ptr<TestHost> m_host;
+
+    const ProfileDatabase &profile() const { return m_host->engine().profile(); }
+    std::shared_ptr<EngineDatabase> database() const {
+        return m_host->library().synchronizedDatabase(InboxUUID);
+    }
+    const NoteLog &log() const { return database()->log(); }
+    KnownTransactions known() const { return {profile(), Store, log().database()}; }
+
+    static void addFaults() {
+        QTest::addColumn<Fault>("fault");
+        QTest::addRow("all rows") << Fault::AllRows;
+        QTest::addRow("later rows") << Fault::LaterRows;
+    }
+
+    /// Three notes, two of them in the store; two superseded operations.
+    void addNotes() {
+        QList<Note> notes;
+        for (const QString &title :
+             {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d")}) {
+            Note note{{}, title, title, {}};
+            QVERIFY(database()->saveNote(note));
+            notes.append(note);
+        }
+        QVERIFY(log().markAllSent());
+        notes[1].text = QStringLiteral("changed");
+        QVERIFY(database()->saveNote(notes[1]));
+        QVERIFY(database()->removeNote(notes[3].UUID));
+        for (const Operation &operation : operations()) {
+            QVERIFY(known().add(QString::fromLatin1(operation.id.toHex()),
+                                Transaction{{operation}, {}}, 100));
+        }
+    }
+
+    QList<Operation> operations() const {
+        QList<OperationId> identifiers = log().operationIds().value();
+        return log().takeOperations(identifiers).value();
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        addNotes();
+    }
+    void cleanup() { m_host.reset(); }
+
+    void ofOperations_data() { addFaults(); }
+    void ofOperations() {
+        QFETCH(Fault, fault);
+        QList<OperationId> identifiers = log().operationIds().value();
+        const QList<OperationId> allIdentifiers = identifiers;
+        Note note = database()->notes().value().last();
+        note.revision.clear();
+        note.text = QStringLiteral("lost");
+        const FailingTable failing(profile(), QStringLiteral("operations"), fault);
+        QCOMPARE(code(log().notes()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(database()->notes()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().operationIds()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().name()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().takeOperations(identifiers)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(identifiers, allIdentifiers);
+        QCOMPARE(code(log().save(note)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().remove(note.UUID)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().setName(QStringLiteral("n"))), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().merge({})), EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofTheDatabaseOfAnOperation() {
+        const QString UUID = database()->notes().value().first().UUID;
+        const FailingTable failing(profile(), QStringLiteral("databases"), Fault::AllRows);
+        QCOMPARE(code(log().remove(UUID)), EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofSupersededIdentifiers_data() { addFaults(); }
+    void ofSupersededIdentifiers() {
+        QFETCH(Fault, fault);
+        QCOMPARE(log().supersededIds().value().size(), 2);
+        const FailingTable failing(profile(), QStringLiteral("superseded"), fault);
+        QCOMPARE(code(log().supersededIds()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().merge(Transaction{{}, {QByteArray(16, '\1')}})),
+                 EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofKnownTransactions_data() { addFaults(); }
+    void ofKnownTransactions() {
+        QFETCH(Fault, fault);
+        QCOMPARE(known().all().value().size(), 3);
+        const FailingTable failing(profile(), QStringLiteral("known_transactions"), fault);
+        QCOMPARE(code(known().all()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(known().remove({QStringLiteral("name")})),
+                 EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofDatabases_data() { addFaults(); }
+    void ofDatabases() {
+        QFETCH(Fault, fault);
+        m_host->addDatabase(QStringLiteral("Letters"));
+        EngineNoteLibrary library(profile());
+        const FailingTable failing(profile(), QStringLiteral("databases"), fault);
+        QCOMPARE(code(library.load()), EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofAnyStatement_data() { addFaults(); }
+    void ofAnyStatement() {
+        QFETCH(Fault, fault);
+        const QString statement = QStringLiteral("SELECT title FROM operations");
+        QCOMPARE(profile().value(statement), QStringLiteral("a"));
+        QVERIFY(!profile().value(QStringLiteral("SELECT 1 WHERE 0")).value().isValid());
+        const FailingTable failing(profile(), QStringLiteral("operations"), fault);
+        QCOMPARE(code(profile().value(statement)), EngineErrorCode::ProfileNotWritten);
+        QVERIFY(description(profile().value(statement)).contains(profile().path()));
+        QStringList titles;
+        QCOMPARE(code(profile().read(
+                     statement, {},
+                     [&](const QSqlQuery &row) { titles.append(row.value(0).toString()); })),
+                 EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(titles,
+                 fault == Fault::LaterRows ? QStringList{QStringLiteral("a")} : QStringList());
+    }
+};
+
+VELMORA_TEST(FailedReadTest)
+#include "FailedReadTest.moc"

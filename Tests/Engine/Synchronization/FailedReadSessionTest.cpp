@@ -1,0 +1,122 @@
+#include "Engine/Notes/InboxUUID.h"
+#include "Engine/Synchronization/CleanSession.h"
+#include "Engine/Synchronization/SyncSession.h"
+#include "Support/FailingTable.h"
+#include "Support/Failure.h"
+#include "Support/MemoryStore.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+using Fault = FailingTable::Fault;
+
+/// A session that cannot read the profile ends with the error, and writes to the store and removes
+/// from it nothing.
+class FailedReadSessionTest : public QObject {
+    Q_OBJECT
+private:
+    std::unique_ptr<TestHost> m_host;
+    MemoryStore::Blobs m_blobs;
+
+    const ProfileDatabase &profile() const { return m_host->engine().profile(); }
+
+    void saveNote(const QString &title) {
+        Note note{{}, title, title, {}};
+        QVERIFY(m_host->inbox()->saveNote(note));
+    }
+
+    template <class Session>
+    Expected<void> run() {
+        Session session(profile(), m_host->library(),
+                        {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
+        MemoryStore store(m_blobs, [] { return MemoryStore::Fault::None; });
+        const EngineFuture future;
+        Expected<void> result;
+        while (result && !session.isDone()) {
+            result = session.accessStore(store, future).and_then([&] {
+                return session.accessProfile();
+            });
+        }
+        return result;
+    }
+
+    static void addTables() {
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<Fault>("fault");
+        for (const char *table : {"operations", "superseded", "known_transactions"}) {
+            QTest::addRow("%s, all rows", table) << QString::fromLatin1(table) << Fault::AllRows;
+            QTest::addRow("%s, later rows", table)
+                << QString::fromLatin1(table) << Fault::LaterRows;
+        }
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        m_blobs.clear();
+        for (const QString &title :
+             {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}) {
+            saveNote(title);
+            QVERIFY(run<SyncSession>());
+        }
+        // Two superseded operations, in the store and in the profile.
+        for (int i = 0; i < 2; ++i) {
+            Note note = m_host->inbox()->notes().value().at(i);
+            note.text = QStringLiteral("changed");
+            QVERIFY(m_host->inbox()->saveNote(note));
+        }
+        QVERIFY(run<SyncSession>());
+    }
+    void cleanup() { m_host.reset(); }
+
+    void cleaningUp_data() { addTables(); }
+    void cleaningUp() {
+        QFETCH(QString, table);
+        QFETCH(Fault, fault);
+        const MemoryStore::Blobs before = m_blobs;
+        {
+            const FailingTable failing(profile(), table, fault);
+            // The session need not read the table, but must not take it for empty.
+            const Expected<void> cleaned = run<CleanSession>();
+            if (table != QStringLiteral("superseded")) {
+                QCOMPARE(code(cleaned), EngineErrorCode::ProfileNotWritten);
+                QCOMPARE(m_blobs, before);
+            }
+        }
+        QVERIFY(run<SyncSession>());
+        QVERIFY(run<CleanSession>());
+        QCOMPARE(m_host->inbox()->notes().value().size(), 3);
+        verifyNotesOfAnotherComputer();
+    }
+
+    void synchronizing_data() { addTables(); }
+    void synchronizing() {
+        QFETCH(QString, table);
+        QFETCH(Fault, fault);
+        saveNote(QStringLiteral("new"));
+        const MemoryStore::Blobs before = m_blobs;
+        {
+            const FailingTable failing(profile(), table, fault);
+            QCOMPARE(code(run<SyncSession>()), EngineErrorCode::ProfileNotWritten);
+            QCOMPARE(m_blobs, before);
+        }
+        QVERIFY(run<SyncSession>());
+        QVERIFY(m_blobs != before);
+        verifyNotesOfAnotherComputer();
+    }
+
+private:
+    /// Another computer must get the same notes from the store.
+    void verifyNotesOfAnotherComputer() {
+        const QList<Note> notes = m_host->inbox()->notes().value();
+        m_host->goToComputer(QStringLiteral("Other"));
+        QVERIFY(run<SyncSession>());
+        QList<Note> others = m_host->inbox()->notes().value();
+        QCOMPARE(others.size(), notes.size());
+        for (const Note &note : notes) {
+            QVERIFY(others.contains(note));
+        }
+    }
+};
+
+VELMORA_TEST(FailedReadSessionTest)
+#include "FailedReadSessionTest.moc"
