@@ -22,7 +22,7 @@ public:
     virtual Expected<void> createDatabase(const QString &name) = 0;
     /// Renames `database`. Fails if `name` is empty, blank or too long.
     virtual Expected<void> renameDatabase(const std::shared_ptr<NoteDatabase> &database,
-                                                const QString &name) = 0;
+                                          const QString &name) = 0;
     /// Opens `database`; does nothing if it is open.
     virtual Expected<void> openDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
     /// Closes `database`; does nothing if it is closed.

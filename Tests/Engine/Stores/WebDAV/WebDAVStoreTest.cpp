@@ -257,7 +257,8 @@ private Q_SLOTS:
 
     void aMissingPasswordHasItsOwnError() {
         start({});
-        const Expected<void> opened = open(m_server->URLText(PackageName, QStringLiteral("somebody")));
+        const Expected<void> opened =
+            open(m_server->URLText(PackageName, QStringLiteral("somebody")));
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
         QCOMPARE(description(opened),
                  QStringLiteral(
