@@ -97,8 +97,12 @@ private:
                 !value.convert(method.parameterMetaType(0))) {
                 break;
             }
-            method.invoke(receiver, Qt::DirectConnection,
-                          QGenericArgument(method.parameterMetaType(0).name(), value.constData()));
+            // Named as the method declares it, which may be by an alias of the type.
+            const QByteArray typeName = method.parameterTypeName(0);
+            if (!method.invoke(receiver, Qt::DirectConnection,
+                               QGenericArgument(typeName.constData(), value.constData()))) {
+                break;
+            }
             return;
         }
         fail(QStringLiteral("%1 has no operation \"%2\" for what a form sends")

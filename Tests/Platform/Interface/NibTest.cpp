@@ -18,6 +18,8 @@
 
 namespace {
 
+using Numbers = QList<int>;
+
 /// What a form's owner may offer.
 class Owner : public QObject {
     Q_OBJECT
@@ -27,6 +29,7 @@ class Owner : public QObject {
     Q_PROPERTY(ArrayController *rows MEMBER m_rows)
     Q_PROPERTY(QVariantList content MEMBER m_content NOTIFY contentChanged)
     Q_PROPERTY(QObject *other MEMBER m_other)
+    Q_PROPERTY(Numbers numbers MEMBER m_numbers)
 public:
     bool flag() const { return m_flag; }
     void setFlag(bool flag) {
@@ -36,6 +39,7 @@ public:
     Q_SLOT void press() { m_calls.append(QStringLiteral("press")); }
     Q_SLOT void pressBy(QObject *sender) { m_calls.append(sender->objectName()); }
     Q_SLOT void say(const QString &text) { m_calls.append(text); }
+    Q_SLOT void count(const Numbers &numbers) { m_calls.append(QString::number(numbers.size())); }
 
     QString m_text = QStringLiteral("first");
     bool m_flag = false;
@@ -44,6 +48,7 @@ public:
     ArrayController *m_rows = nullptr;
     QVariantList m_content{1, 2};
     QObject *m_other = nullptr;
+    Numbers m_numbers{3, 4, 5};
     QStringList m_calls;
 
 Q_SIGNALS:
@@ -219,6 +224,13 @@ private Q_SLOTS:
         owner.m_text = QStringLiteral("later");
         form->findChild<QCheckBox *>()->click();
         QCOMPARE(owner.m_calls, QStringList{QStringLiteral("later")});
+    }
+
+    void anActionPassesAnArgumentWhoseTypeIsDeclaredByAnAlias() {
+        Owner owner;
+        const auto form = loadButton(&owner, {}, QStringLiteral("owner.count(owner.numbers)"));
+        form->findChild<QCheckBox *>()->click();
+        QCOMPARE(owner.m_calls, QStringList{QStringLiteral("3")});
     }
 
     void anActionFindsItsTargetAlongAPath() {
