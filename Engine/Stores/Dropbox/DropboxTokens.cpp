@@ -49,7 +49,7 @@ std::optional<DropboxTokens> DropboxTokens::stored(const QString &account) {
     DropboxTokens tokens{.access = object.value(AccessKey).toString().toUtf8(),
                          .refresh = object.value(RefreshKey).toString().toUtf8()};
     if (object.contains(ExpiryKey)) {
-        tokens.expiry = QDateTime::fromSecsSinceEpoch(object.value(ExpiryKey).toInteger(), Qt::UTC);
+        tokens.expiry = QDateTime::fromSecsSinceEpoch(object.value(ExpiryKey).toInteger()).toUTC();
     }
     const bool isSound =
         !tokens.access.isEmpty() && isToken(tokens.access) && isToken(tokens.refresh);
