@@ -1,10 +1,18 @@
 #include "Support/TestMain.h"
 
+#include <langinfo.h>
+
 #include <QtCore/QStandardPaths>
+#include <clocale>
 
 #include "Platform/Foundation/Assertion.h"
 
 void prepareTestProcess() {
+    // In another encoding Qt writes a warning to standard error, which some tests compare.
+    std::setlocale(LC_CTYPE, "");
+    if (qstrcmp(nl_langinfo(CODESET), "UTF-8") != 0) {
+        qputenv("LC_ALL", "C.UTF-8");
+    }
     installAssertionReporter();
     static const QTemporaryDir settings;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
