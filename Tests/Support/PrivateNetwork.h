@@ -3,14 +3,9 @@
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 
-/// What a test prints and ends with where it may not make network namespaces; the test's property
-/// SKIP_RETURN_CODE makes ctest say so.
-inline constexpr int NeedsRootExitCode = 77;
-
-/// Gives this process, and those it starts, a network with nothing but the loopback interface, and
-/// a
-/// "/run" of their own. All of it is gone with them. Called first, while there is one thread. Ends
-/// the process with a sentence where it cannot be done.
+/// Gives this process and those that it starts a private network, with only the loopback interface,
+/// and a private "/run". Both disappear with them. Must be called while the process has one thread.
+/// Exits the process with CannotRunExitCode if the system does not allow it.
 void enterPrivateNetwork();
 
 /// Runs a program to its end; raises std::runtime_error with its output where it fails.

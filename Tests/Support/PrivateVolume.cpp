@@ -6,10 +6,10 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <stdexcept>
+
+#include "Support/Namespaces.h"
 
 namespace {
 
@@ -23,12 +23,7 @@ void requireMounted(int result) {
 }  // namespace
 
 void enterPrivateMounts() {
-    if (unshare(CLONE_NEWNS) != 0 ||
-        mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) {
-        std::fprintf(stderr, "This test needs root, to mount volumes of its own: %s.\n",
-                     std::strerror(errno));
-        std::exit(EXIT_FAILURE);
-    }
+    enterNamespaces(CLONE_NEWNS, NamespaceUser::Same);
 }
 
 PrivateVolume::PrivateVolume(const QString &path, qint64 bytes) : m_path(QFile::encodeName(path)) {

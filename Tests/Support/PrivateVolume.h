@@ -2,8 +2,9 @@
 
 #include <QtCore/QString>
 
-/// Gives this process, and those it starts, mounts of their own, which are gone with them. Called
-/// first, while there is one thread. Ends the process with a sentence where it cannot be done.
+/// Gives this process and those that it starts private mounts, which disappear with them. Must be
+/// called while the process has one thread. Exits the process with CannotRunExitCode if the system
+/// does not allow it.
 void enterPrivateMounts();
 
 /// A small volume, mounted until it goes; for a process with mounts of its own. What fails raises

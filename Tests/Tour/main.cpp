@@ -1,3 +1,4 @@
+#include <sched.h>
 #include <unistd.h>
 
 #include <QtCore/QCommandLineParser>
@@ -12,6 +13,7 @@
 #include "Application/VelmoraApplication.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
+#include "Support/Namespaces.h"
 #include "Support/PrivateNetwork.h"
 #include "Support/SecretService.h"
 #include "Support/TestMain.h"
@@ -151,7 +153,8 @@ int main(int argumentCount, char **arguments) {
         options = parse(QCoreApplication::arguments());
     }
     // The other computer is in a list, where one of a network can be made.
-    const bool hasNetwork = geteuid() == 0;
+    const bool hasNetwork =
+        geteuid() == 0 && areNamespacesAllowed(CLONE_NEWNET | CLONE_NEWNS, NamespaceUser::Root);
     if (hasNetwork) {
         enterPrivateNetwork();
     }

@@ -1,6 +1,9 @@
-#include <sys/fsuid.h>
+#include <linux/capability.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
+#include <array>
 #include <future>
 
 #include "Engine/Foundation/EngineError.h"
@@ -18,13 +21,30 @@ using Written = BlobStore::Written;
 const QString FolderBlob = QStringLiteral("transactions/11111111-1111-4111-8111-111111111111/1-a");
 constexpr qint64 FolderLimit = 1000;
 
-/// While it exists, this thread uses files as a user does who owns none.
+/// While it exists, file permissions apply to this thread, even if it is privileged.
 class Unprivileged {
 public:
-    Unprivileged() { setfsuid(65534); }
-    ~Unprivileged() { setfsuid(0); }
+    Unprivileged() : m_before(capabilities()) {
+        Capabilities reduced = m_before;
+        reduced[0].effective &= ~(1U << CAP_DAC_OVERRIDE | 1U << CAP_DAC_READ_SEARCH);
+        set(reduced);
+    }
+    ~Unprivileged() { set(m_before); }
     Unprivileged(const Unprivileged &) = delete;
     Unprivileged &operator=(const Unprivileged &) = delete;
+
+private:
+    using Capabilities = std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3>;
+
+    static Capabilities capabilities() {
+        Capabilities current{};
+        syscall(SYS_capget, &header, current.data());
+        return current;
+    }
+    static void set(const Capabilities &wanted) { syscall(SYS_capset, &header, wanted.data()); }
+
+    static inline __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+    const Capabilities m_before;
 };
 
 }  // namespace
@@ -284,8 +304,8 @@ private Q_SLOTS:
 
     void aStoreOfAnotherUserReportsAccessDenied() {
         write(FolderBlob, "x");
-        // Folders of tests are private.
-        QVERIFY(QFile::setPermissions(QFileInfo(path()).path(), QFileDevice::Permissions(0x7755)));
+        QVERIFY(QFile::setPermissions(path(QStringLiteral("databases")),
+                                      QFileDevice::Permissions(0x5555)));
         const Unprivileged unprivileged;
         QCOMPARE(descriptionOfOpening(*m_store), QString());
         QVERIFY(read(FolderBlob));
@@ -295,9 +315,8 @@ private Q_SLOTS:
     }
 
     void aStoreThatMayNotBeReadSaysSo() {
-        QVERIFY(QFile::setPermissions(QFileInfo(path()).path(), QFileDevice::Permissions(0x7755)));
         QVERIFY(QFile::setPermissions(path(QStringLiteral("transactions")),
-                                      QFileDevice::Permissions(0x7700)));
+                                      QFileDevice::Permissions()));
         const Unprivileged unprivileged;
         const QString text = descriptionOfOpening(*m_store);
         QVERIFY(text.contains(QStringLiteral("do not have permission")));
