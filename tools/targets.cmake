@@ -91,7 +91,7 @@ function(velmora_style target)
     set(folders "$<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>")
     set(definitions "$<TARGET_PROPERTY:${target},COMPILE_DEFINITIONS>")
     add_custom_target(${target}Style
-        COMMAND clang-tidy -quiet "${piece}" -- -std=c++20 "-I$<JOIN:${folders},;-I>" "-D$<JOIN:${definitions},;-D>"
+        COMMAND clang-tidy-14 -quiet "${piece}" -- -std=c++20 "-I$<JOIN:${folders},;-I>" "-D$<JOIN:${definitions},;-D>"
         COMMAND_EXPAND_LISTS VERBATIM)
     add_dependencies(${target}Style ${target})
     add_dependencies(style ${target}Style)
