@@ -2,13 +2,12 @@
 
 #include <QtCore/QJsonDocument>
 
+#include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Engine/Stores/Dropbox/DropboxTokenEndpoint.h"
 
 namespace {
-
-constexpr std::chrono::milliseconds TurnLookInterval(20);
 
 QUrl routeBelow(QUrl address, const QString &route) {
     address.setPath(address.path() + u'/' + route);
@@ -29,14 +28,35 @@ QByteArray headerText(const QJsonObject &object) {
     return result;
 }
 
-/// One refresh at a time: those who wait find its tokens. Empty where the future is cancelled.
-std::unique_lock<std::timed_mutex> turnToRefresh(const EngineFuture &future) {
-    static std::timed_mutex mutex;
-    std::unique_lock lock(mutex, std::defer_lock);
-    while (!future.isCancelled() && !lock.try_lock_for(TurnLookInterval)) {
+/// Lets one thread at a time refresh tokens; the threads that wait find the tokens of the first.
+/// Process-wide, as the secret store is that holds the tokens.
+class RefreshTurn {
+public:
+    /// Waits until no other thread has the turn, or until `future` is cancelled.
+    explicit RefreshTurn(const EngineFuture &future) {
+        std::unique_lock lock(s_mutex);
+        m_isOurs = CancellableWait(future, QDeadlineTimer::Forever).until(s_ended, lock, [] {
+            return !s_isTaken;
+        });
+        s_isTaken = s_isTaken || m_isOurs;
     }
-    return lock;
-}
+    ~RefreshTurn() {
+        if (m_isOurs) {
+            const std::lock_guard lock(s_mutex);
+            s_isTaken = false;
+            s_ended.notify_one();
+        }
+    }
+    RefreshTurn(const RefreshTurn &) = delete;
+    RefreshTurn &operator=(const RefreshTurn &) = delete;
+
+private:
+    bool m_isOurs = false;
+
+    static inline std::mutex s_mutex;
+    static inline std::condition_variable_any s_ended;
+    static inline bool s_isTaken = false;
+};
 
 }  // namespace
 
@@ -124,7 +144,7 @@ Expected<DropboxTokens> DropboxAccount::tokens(const EngineFuture &future) {
 
 Expected<DropboxTokens> DropboxAccount::renewedTokens(const QByteArray &access,
                                                       const EngineFuture &future) {
-    const std::unique_lock turn = turnToRefresh(future);
+    const RefreshTurn turn(future);
     if (future.isCancelled()) {
         return failure(operationCancelled());
     }

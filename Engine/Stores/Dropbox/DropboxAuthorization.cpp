@@ -5,8 +5,10 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QRandomGenerator>
 #include <array>
-#include <future>
+#include <condition_variable>
+#include <mutex>
 
+#include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Engine/Stores/Dropbox/DropboxRedirectListener.h"
@@ -17,8 +19,31 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds BrowserLookInterval(20);
 constexpr auto Base64Url = QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals;
+
+/// Whether the main thread has opened the browser. Shared, since the thread that waits may be gone
+/// when the main thread gets to it.
+class BrowserStart {
+public:
+    void setOpened(bool isOpened) {
+        const std::lock_guard lock(m_mutex);
+        m_isOpened = isOpened;
+        m_changed.notify_one();
+    }
+    /// Waits for `setOpened`; empty if `future` is cancelled before.
+    std::optional<bool> wait(const EngineFuture &future) {
+        std::unique_lock lock(m_mutex);
+        CancellableWait(future, QDeadlineTimer::Forever).until(m_changed, lock, [this] {
+            return m_isOpened.has_value();
+        });
+        return m_isOpened;
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable_any m_changed;
+    std::optional<bool> m_isOpened;
+};
 
 /// 43 characters from 256 random bits, as RFC 7636, 4.1 recommends it.
 QString randomText() {
@@ -98,17 +123,15 @@ Expected<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration 
 }
 
 Expected<void> DropboxAuthorization::openBrowser(const QUrl &address, const EngineFuture &future) {
-    const auto opened = std::make_shared<std::promise<bool>>();
-    std::future<bool> isOpened = opened->get_future();
+    const auto start = std::make_shared<BrowserStart>();
     QMetaObject::invokeMethod(
-        &m_mainThread, [opened, address] { opened->set_value(Workspace::openURL(address)); },
+        &m_mainThread, [start, address] { start->setOpened(Workspace::openURL(address)); },
         Qt::QueuedConnection);
-    while (isOpened.wait_for(BrowserLookInterval) != std::future_status::ready) {
-        if (future.isCancelled()) {
-            return failure(operationCancelled());
-        }
+    const std::optional<bool> isOpened = start->wait(future);
+    if (!isOpened) {
+        return failure(operationCancelled());
     }
-    if (isOpened.get()) {
+    if (*isOpened) {
         return {};
     }
     return failure(

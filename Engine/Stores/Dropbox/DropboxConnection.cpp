@@ -1,15 +1,12 @@
 #include "Engine/Stores/Dropbox/DropboxConnection.h"
 
-#include <QtCore/QDeadlineTimer>
 #include <algorithm>
 
+#include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
 
 namespace {
-
-/// How often a waiting thread looks whether it was cancelled.
-constexpr std::chrono::milliseconds CancellationInterval(20);
 
 bool asksToWait(const HttpClient::Response &response) {
     constexpr int TooManyRequests = 429;
@@ -24,13 +21,6 @@ std::chrono::seconds timeToWait(const HttpClient::Response &response) {
     return isNumber && seconds >= 0
                ? std::max(std::chrono::seconds(seconds), std::chrono::seconds(1))
                : DropboxConnection::UnnamedWaiting;
-}
-
-void waitUnlessCancelled(std::chrono::seconds duration, const EngineFuture &future) {
-    const QDeadlineTimer end(duration);
-    while (!end.hasExpired() && !future.isCancelled()) {
-        QThread::msleep(CancellationInterval.count());
-    }
 }
 
 }  // namespace
@@ -51,8 +41,7 @@ Expected<HttpClient::Response> DropboxConnection::send(const HttpClient::Request
         if (waited > MostWaiting) {
             return failure(DropboxError::busy(request.URL));
         }
-        waitUnlessCancelled(wanted, future);
-        if (future.isCancelled()) {
+        if (!CancellableWait(future, QDeadlineTimer(wanted)).forDeadline()) {
             return failure(operationCancelled());
         }
     }

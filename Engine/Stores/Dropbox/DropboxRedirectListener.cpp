@@ -1,7 +1,5 @@
 #include "Engine/Stores/Dropbox/DropboxRedirectListener.h"
 
-#include <QtCore/QDeadlineTimer>
-#include <QtCore/QEventLoop>
 #include <QtCore/QTimer>
 #include <QtCore/QUrlQuery>
 #include <QtNetwork/QTcpSocket>
@@ -16,7 +14,6 @@ const QString RedirectPath = QStringLiteral("/dropbox");
 /// Browsers open some connections ahead, and leave them unused.
 constexpr qsizetype MostConnections = 32;
 constexpr qsizetype LongestRequest = 16384;
-constexpr std::chrono::milliseconds WakingInterval(20);
 constexpr int MillisecondsToDeliver = 2000;
 
 QByteArray httpAnswer(const QByteArray &status, const QString &text) {
@@ -60,12 +57,13 @@ QString DropboxRedirectListener::address() const {
 
 Expected<QString> DropboxRedirectListener::wait(const EngineFuture &future,
                                                 std::chrono::milliseconds limit) {
-    const QDeadlineTimer end(limit);
-    QEventLoop loop;
-    QTimer waking;
-    waking.start(WakingInterval);
-    while (!m_result && !future.isCancelled() && !end.hasExpired()) {
-        loop.processEvents(QEventLoop::WaitForMoreEvents);
+    QTimer::singleShot(limit, &m_waiting, &QEventLoop::quit);
+    const auto quit = [this] {
+        QMetaObject::invokeMethod(&m_waiting, &QEventLoop::quit, Qt::QueuedConnection);
+    };
+    const std::stop_callback cancellation(future.cancellation(), quit);
+    if (!m_result) {
+        m_waiting.exec();
     }
     if (future.isCancelled()) {
         return failure(operationCancelled());
@@ -108,6 +106,7 @@ void DropboxRedirectListener::answer(QTcpSocket *socket, const QByteArray &reque
         isOurs && !m_result ? resultOf(target.query(QUrl::FullyEncoded)) : std::nullopt;
     if (result) {
         m_result = result;
+        m_waiting.quit();
         socket->write(httpAnswer(
             "200 OK",
             localizedSyncString("You may close this window now and go back to Velmora.")));

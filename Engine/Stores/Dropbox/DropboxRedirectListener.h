@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QHash>
+#include <QtCore/QEventLoop>
 #include <QtCore/QObject>
 #include <QtNetwork/QTcpServer>
 #include <chrono>
@@ -36,6 +36,7 @@ private:
     const QString m_state;
     QList<QTcpSocket *> m_sockets;
     std::optional<Expected<QString>> m_result;
+    QEventLoop m_waiting;
     /// The last, since the sockets that go with it say good-bye to the others.
     QTcpServer m_server;
 };

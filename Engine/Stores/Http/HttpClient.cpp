@@ -10,8 +10,6 @@
 namespace {
 
 constexpr int MostRedirections = 5;
-/// How often a waiting thread looks whether it was cancelled.
-constexpr std::chrono::milliseconds LookInterval(20);
 
 bool isRedirection(int status) {
     return status == 301 || status == 302 || status == 307 || status == 308;
@@ -86,14 +84,13 @@ Expected<HttpClient::Response> HttpClient::exchange(const Request &request,
     std::future<Expected<Response>> result = exchange->result();
     exchange->moveToThread(&m_thread);
     QMetaObject::invokeMethod(exchange, &HttpExchange::start, Qt::QueuedConnection);
-    bool isAborted = false;
-    while (result.wait_for(LookInterval) != std::future_status::ready) {
-        if (!isAborted && future.isCancelled()) {
-            isAborted = true;
+    {
+        const std::stop_callback abortion(future.cancellation(), [exchange] {
             QMetaObject::invokeMethod(
                 exchange, [exchange] { exchange->abort(operationCancelled()); },
                 Qt::QueuedConnection);
-        }
+        });
+        result.wait();
     }
     exchange->deleteLater();
     return result.get();
