@@ -170,9 +170,9 @@ void DropboxServer::setPageSize(qsizetype size) {
     m_pageSize = size;
 }
 
-void DropboxServer::resetNextCursor() {
+void DropboxServer::resetNextCursor(const QString &removedPath) {
     const std::lock_guard lock(m_mutex);
-    m_resetsNextCursor = true;
+    m_removedByReset = removedPath;
 }
 
 QMap<QString, QByteArray> DropboxServer::files() const {
@@ -488,7 +488,8 @@ DropboxServer::Answer DropboxServer::continueList(const QJsonObject &argument) {
     const QString cursor = argument.value(QStringLiteral("cursor")).toString();
     expect(argument.keys() == QStringList{QStringLiteral("cursor")} && m_cursors.contains(cursor),
            QStringLiteral("continue: no such cursor"));
-    if (std::exchange(m_resetsNextCursor, false)) {
+    if (const auto removed = std::exchange(m_removedByReset, std::nullopt)) {
+        m_files.remove(*removed);
         return failed(tagged("reset"));
     }
     return page(m_cursors.take(cursor));

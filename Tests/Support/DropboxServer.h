@@ -77,8 +77,9 @@ public:
     void limitRate(const QString &path, int times, const QByteArray &retryAfter, int status = 429);
     /// Sets the number of entries on a page of a listing.
     void setPageSize(qsizetype size);
-    /// Rejects the next continuation of a listing, which then has to start again.
-    void resetNextCursor();
+    /// Rejects the next continuation of a listing, which then has to start again, and removes the
+    /// file at `removedPath` before that.
+    void resetNextCursor(const QString &removedPath);
 
     /// The account's files by path.
     QMap<QString, QByteArray> files() const;
@@ -151,7 +152,7 @@ private:
     int m_secondsToLive = 14400;
     bool m_givesRefreshTokens = true;
     qsizetype m_pageSize = 1000;
-    bool m_resetsNextCursor = false;
+    std::optional<QString> m_removedByReset;
     QHash<QString, Trouble> m_troubles;
     QHash<QString, Answer> m_answers;
     QHash<QString, Limit> m_limits;

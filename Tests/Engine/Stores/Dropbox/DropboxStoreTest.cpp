@@ -187,14 +187,15 @@ private Q_SLOTS:
         QCOMPARE(m_server->count(ContinuePath), 6);
     }
 
-    void aListThatHasToBeginAnewDoes() {
+    void aListingThatStartsAgainForgetsEarlierPages() {
         for (const char *name : {"a", "b", "c"}) {
             m_server->putFile(Package + QStringLiteral("transactions/") + QLatin1StringView(name),
                               "x");
         }
         m_server->setPageSize(2);
-        m_server->resetNextCursor();
-        QCOMPARE(list(QStringLiteral("transactions"))->size(), 3);
+        m_server->resetNextCursor(Package + QStringLiteral("transactions/a"));
+        QCOMPARE(list(QStringLiteral("transactions")),
+                 Expected<QStringList>(QStringList{QStringLiteral("b"), QStringLiteral("c")}));
         QCOMPARE(m_server->count(ListPath), 2);
     }
 
@@ -310,6 +311,28 @@ private Q_SLOTS:
             QCOMPARE(description(reader.get()), QString());
         }
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
+    }
+
+    void waitingForATokenThatAnotherRefreshesCanBeCancelled() {
+        m_server->expireAccessTokens();
+        m_server->setTrouble(DropboxServer::tokenPath(), DropboxServer::Trouble::Stalls);
+        const int tokens = m_server->count(DropboxServer::tokenPath());
+        const auto read = [](const std::shared_ptr<BlobStore> &store, const EngineFuture &future) {
+            return std::async(std::launch::async, [store, &future] {
+                return store->read(DropboxBlob, DropboxLimit, future);
+            });
+        };
+        EngineFuture refreshing;
+        auto first = read(newStore(), refreshing);
+        QTRY_COMPARE(m_server->count(DropboxServer::tokenPath()), tokens + 1);
+        EngineFuture waiting;
+        auto second = read(newStore(), waiting);
+        QTRY_COMPARE(m_server->count(DownloadPath), 2);
+        waiting.cancel();
+        QCOMPARE(code(second.get()), EngineErrorCode::Cancelled);
+        QCOMPARE(m_server->count(DropboxServer::tokenPath()), tokens + 1);
+        refreshing.cancel();
+        QCOMPARE(code(first.get()), EngineErrorCode::Cancelled);
     }
 
     void anInvalidatedSignInAsksTheUserToSignInAgain() {
