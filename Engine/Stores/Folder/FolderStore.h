@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Engine/Stores/BlobStore.h"
-#include "Engine/Stores/Folder/FileDescriptor.h"
+#include "Platform/Foundation/FileDescriptor.h"
 
 /// A package on a local or mounted volume: a folder with the extension "qvSyncStore" that holds the
 /// folders "databases" and "transactions". Within the package no symbolic link is followed, and
