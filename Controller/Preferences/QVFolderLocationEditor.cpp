@@ -2,17 +2,17 @@
 
 #include "Host/QVApplication.h"
 #include "Host/QVSyncPlugin.h"
+#include "Host/SyncStoreLayout.h"
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/PathComponents.h"
 #include "Platform/Interface/PackagePanel.h"
 
 namespace {
 
-const QString PackageExtension = QStringLiteral("qvSyncStore");
-
 std::optional<Error> makePackage(const QString &path) {
-    for (const char *folder : {"", "databases", "transactions"}) {
-        const QString directory = PathComponents::appending(path, QLatin1StringView(folder));
+    for (const QString &folder :
+         {QString(), SyncStoreLayout::DatabasesFolder, SyncStoreLayout::TransactionsFolder}) {
+        const QString directory = PathComponents::appending(path, folder);
         if (std::optional<Error> error = FileManager::createDirectory(directory)) {
             return error;
         }
@@ -33,7 +33,7 @@ std::shared_ptr<QVFolderLocationEditor> QVFolderLocationEditor::editorWithSyncLo
 }
 
 void QVFolderLocationEditor::createFolderWithCompletionHandler(const CompletionHandler &handler) {
-    PackagePanel panel(PackagePanel::Purpose::Save, PackageExtension);
+    PackagePanel panel(PackagePanel::Purpose::Save, SyncStoreLayout::Extension);
     if (panel.exec() != 1) {
         return;
     }
@@ -49,7 +49,7 @@ void QVFolderLocationEditor::createFolderWithCompletionHandler(const CompletionH
 }
 
 void QVFolderLocationEditor::selectFolderWithCompletionHandler(const CompletionHandler &handler) {
-    PackagePanel panel(PackagePanel::Purpose::Open, PackageExtension);
+    PackagePanel panel(PackagePanel::Purpose::Open, SyncStoreLayout::Extension);
     if (panel.exec() != 1) {
         return;
     }

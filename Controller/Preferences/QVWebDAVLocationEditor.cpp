@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "Host/SyncStoreLayout.h"
 #include "Other Sources/QVURLCredentialUtilities.h"
 #include "Platform/Foundation/PathComponents.h"
 #include "Platform/Foundation/PercentEscapes.h"
@@ -65,7 +66,7 @@ Url QVWebDAVLocationEditor::URLWithFields(const Fields &fields) {
     }
     const QString path = PercentEscapes::adding(fields.path);
     const QString store = PercentEscapes::adding(
-        PathComponents::appendingExtension(fields.store, QStringLiteral("qvSyncStore")));
+        PathComponents::appendingExtension(fields.store, SyncStoreLayout::Extension));
     const QString fullPath = PathComponents::standardizingRelative(
         PathComponents::appending(PathComponents::appending(hostPart, path), store));
     const QString user = PercentEscapes::adding(fields.user, EscapedInUser);

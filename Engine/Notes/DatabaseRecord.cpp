@@ -5,6 +5,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/Operation.h"
+#include "Host/SyncStoreLayout.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ const QString RecordName = QStringLiteral("name");
 }  // namespace
 
 QString DatabaseRecord::path(const QString &databaseUUID) {
-    return QStringLiteral("databases/%1.json").arg(databaseUUID);
+    return SyncStoreLayout::DatabasesFolder + u'/' + databaseUUID + SyncStoreLayout::RecordEnding;
 }
 
 QByteArray DatabaseRecord::encoded(const QString &databaseUUID, const QString &name) {

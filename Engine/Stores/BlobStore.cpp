@@ -1,19 +1,18 @@
 #include "Engine/Stores/BlobStore.h"
 
-#include <QtCore/QUuid>
-
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/InboxUUID.h"
+#include "Engine/Notes/Operation.h"
+#include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 
 namespace {
 
 constexpr qsizetype LongestNamePart = 255;
 
-bool isUUID(const QString &text) {
-    return text == InboxUUID ||
-           QUuid::fromString(text).toString(QUuid::WithoutBraces) == text.toLower();
+bool isDatabaseUUID(const QString &text) {
+    return text == InboxUUID || Operation::isUUID(text);
 }
 
 bool isNamePart(QStringView part) {
@@ -106,18 +105,19 @@ std::optional<Error> BlobStore::obstacle(const QString &name, const EngineFuture
 }
 
 Expected<EngineStore::Fetched> BlobStore::fetch(const EngineFuture &future) {
-    const Expected<QStringList> files = list(QStringLiteral("databases"), future);
+    const Expected<QStringList> files = list(SyncStoreLayout::DatabasesFolder, future);
     if (!files) {
         return failure(files.error());
     }
     Fetched fetched;
     for (const QString &file : *files) {
-        if (!file.endsWith(QStringLiteral(".json"))) {
+        if (!file.endsWith(SyncStoreLayout::RecordEnding)) {
             continue;
         }
         const Expected<QString> name = databaseName(file, future);
         if (name) {
-            fetched.databases.append(record(file.chopped(5), *name));
+            fetched.databases.append(
+                record(file.chopped(SyncStoreLayout::RecordEnding.size()), *name));
         } else if (isOfOneBlob(name.error())) {
             fetched.problem = fetched.problem ? fetched.problem : name.error();
         } else if (!isEngineError(name.error(), EngineErrorCode::BlobMissing)) {
@@ -128,11 +128,11 @@ Expected<EngineStore::Fetched> BlobStore::fetch(const EngineFuture &future) {
 }
 
 Expected<QString> BlobStore::databaseName(const QString &file, const EngineFuture &future) {
-    const QString path = QStringLiteral("databases/") + file;
+    const QString path = SyncStoreLayout::DatabasesFolder + u'/' + file;
     const Error damaged =
         engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", place(path));
-    const QString UUID = file.chopped(5);
-    if (!isUUID(UUID)) {
+    const QString UUID = file.chopped(SyncStoreLayout::RecordEnding.size());
+    if (!isDatabaseUUID(UUID)) {
         return failure(damaged);
     }
     const Expected<QByteArray> contents = read(path, RecordLimit, future);

@@ -49,6 +49,11 @@ QString PathComponents::appendingExtension(const QString &path, const QString &e
     return trimmed.isEmpty() ? trimmed : trimmed + u'.' + extension;
 }
 
+bool PathComponents::isAtOrBelow(const QString &path, const QString &folder) {
+    const QString prefix = folder.endsWith(u'/') ? folder : folder + u'/';
+    return path == folder || path.startsWith(prefix);
+}
+
 QString PathComponents::standardizingRelative(const QString &path) {
     QStringList segments = path.split(u'/', Qt::SkipEmptyParts);
     segments.removeAll(QStringLiteral("."));

@@ -23,6 +23,9 @@ PLATFORM_EXPORT QString appending(const QString &path, const QString &component)
 /// Returns `path` without slashes at its end, followed by a dot and `extension`. An empty path
 /// stays empty.
 PLATFORM_EXPORT QString appendingExtension(const QString &path, const QString &extension);
+/// Returns whether `path` is `folder` or lies in it, at any depth. Both must be absolute and clean:
+/// without "." and ".." components and repeated slashes.
+PLATFORM_EXPORT bool isAtOrBelow(const QString &path, const QString &folder);
 /// Returns `path` with repeated slashes merged and without "." components and slashes at the end.
 /// ".." components are kept, because their target is unknown in a relative path.
 PLATFORM_EXPORT QString standardizingRelative(const QString &path);

@@ -6,6 +6,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Engine/Stores/Dropbox/DropboxTokenEndpoint.h"
+#include "Engine/Stores/Http/HttpStatus.h"
 
 namespace {
 
@@ -102,7 +103,6 @@ Expected<HttpClient::Response> DropboxAccount::callForContents(const QString &ro
 
 Expected<HttpClient::Response> DropboxAccount::send(HttpClient::Request request,
                                                     const EngineFuture &future) {
-    constexpr int Unauthorized = 401;
     Expected<DropboxTokens> current = tokens(future);
     const QList<HttpClient::Header> headers = request.headers;
     for (int tries = 0; tries < 2; ++tries) {
@@ -113,7 +113,7 @@ Expected<HttpClient::Response> DropboxAccount::send(HttpClient::Request request,
         request.headers = headers;
         request.headers.append({"Authorization", "Bearer " + access});
         Expected<HttpClient::Response> answer = m_connection.send(request, future);
-        if (!answer || answer->status != Unauthorized) {
+        if (!answer || answer->status != HttpStatus::Unauthorized) {
             return answer;
         }
         if (tries == 0) {

@@ -14,6 +14,7 @@
 #include "Engine/Stores/Dropbox/DropboxRedirectListener.h"
 #include "Engine/Stores/Dropbox/DropboxTokenEndpoint.h"
 #include "Engine/Stores/Http/FormEncoding.h"
+#include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Interface/Workspace.h"
 
@@ -142,7 +143,6 @@ Expected<void> DropboxAuthorization::openBrowser(const QUrl &address, const Engi
 Expected<QString> DropboxAuthorization::accountAddress(const DropboxConfiguration &configuration,
                                                        const DropboxTokens &tokens,
                                                        const EngineFuture &future) {
-    constexpr int OK = 200;
     QUrl route = configuration.APIAddress;
     route.setPath(route.path() + QStringLiteral("/users/get_current_account"));
     const Expected<HttpClient::Response> answer =
@@ -156,7 +156,7 @@ Expected<QString> DropboxAuthorization::accountAddress(const DropboxConfiguratio
         return failure(answer.error());
     }
     const auto &response = *answer;
-    if (response.status != OK) {
+    if (response.status != HttpStatus::OK) {
         return failure(DropboxError::unexpected(response, route));
     }
     const QString email =

@@ -5,14 +5,14 @@
 #include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
+#include "Engine/Stores/Http/HttpStatus.h"
 
 namespace {
 
 bool asksToWait(const HttpClient::Response &response) {
-    constexpr int TooManyRequests = 429;
-    constexpr int ServiceUnavailable = 503;
-    return response.status == TooManyRequests ||
-           (response.status == ServiceUnavailable && !response.header("Retry-After").isEmpty());
+    return response.status == HttpStatus::TooManyRequests ||
+           (response.status == HttpStatus::ServiceUnavailable &&
+            !response.header("Retry-After").isEmpty());
 }
 
 std::chrono::seconds timeToWait(const HttpClient::Response &response) {

@@ -1,6 +1,7 @@
 #include "Engine/Stores/Dropbox/DropboxError.h"
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/SyncStrings.h"
 
 Error DropboxError::notSignedIn(const QString &account) {
@@ -15,21 +16,17 @@ Error DropboxError::signInAgain(const QString &account) {
 }
 
 Error DropboxError::unexpected(const HttpClient::Response &response, const QUrl &server) {
-    constexpr int Forbidden = 403;
-    constexpr int TooManyRequests = 429;
-    constexpr int FirstServerError = 500;
-    constexpr int ServiceUnavailable = 503;
     switch (response.status) {
-        case Forbidden:
+        case HttpStatus::Forbidden:
             return engineError(EngineErrorCode::AccessDenied,
                                "The server does not allow you to use “%1”.", server.authority());
-        case TooManyRequests:
-        case ServiceUnavailable:
+        case HttpStatus::TooManyRequests:
+        case HttpStatus::ServiceUnavailable:
             return busy(server);
         default:
             return engineError(EngineErrorCode::StoreUnreachable,
                                localizedSyncString(
-                                   response.status >= FirstServerError
+                                   response.status >= HttpStatus::InternalServerError
                                        ? "The server “%1” has a problem of its own (HTTP %2)."
                                        : "The answer of the server “%1” is not expected (HTTP %2).")
                                    .arg(server.authority())

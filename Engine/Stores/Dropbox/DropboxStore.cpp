@@ -5,15 +5,16 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
+#include "Engine/Stores/Http/HttpStatus.h"
+#include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 
 namespace {
 
-const QString PackagePath = QStringLiteral("/Velmora.qvSyncStore");
+const QString PackagePath = QStringLiteral("/Velmora.") + SyncStoreLayout::Extension;
 constexpr qint64 AnswerLimit = 1 << 20;
-constexpr int DropboxOK = 200;
 /// Says in JSON what is wrong with the arguments, or with what they name.
-constexpr int RouteFailed = 409;
+constexpr int RouteFailed = HttpStatus::Conflict;
 
 QString pathOf(const QString &name) {
     return name.isEmpty() ? PackagePath : PackagePath + u'/' + name;
@@ -51,7 +52,8 @@ bool isNotFound(const HttpClient::Response &response) {
 
 /// Whether the route has done what it was asked for; it tells in JSON what has come of it.
 bool isDone(const HttpClient::Response &response, const QByteArray &outcome) {
-    return response.status == DropboxOK && !QJsonDocument::fromJson(outcome).object().isEmpty();
+    return response.status == HttpStatus::OK &&
+           !QJsonDocument::fromJson(outcome).object().isEmpty();
 }
 
 struct Page {
@@ -110,7 +112,7 @@ Expected<QStringList> DropboxStore::listFolder(const QString &folder, const Engi
         if (isNotFound(response)) {
             return QStringList();
         }
-        if (response.status != DropboxOK) {
+        if (response.status != HttpStatus::OK) {
             return failure(routeError(response, folder));
         }
         const std::optional<Page> page = pageFrom(response.body);
@@ -196,7 +198,7 @@ Expected<void> DropboxStore::removeBlob(const QString &name, const EngineFuture 
 
 Error DropboxStore::routeError(const Response &response, const QString &name) const {
     switch (response.status) {
-        case DropboxOK:
+        case HttpStatus::OK:
             return DropboxError::notUnderstood(m_account.server());
         case RouteFailed:
             return pathError(response, name);

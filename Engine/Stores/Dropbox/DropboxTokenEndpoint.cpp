@@ -5,14 +5,14 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
+#include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/SyncStrings.h"
 
 namespace {
 
 /// RFC 6749, 5.2: the code or the refresh token is not, or not any more, good for anything.
 bool isGrantRefused(const HttpClient::Response &response) {
-    constexpr int BadRequest = 400;
-    return response.status == BadRequest &&
+    return response.status == HttpStatus::BadRequest &&
            QJsonDocument::fromJson(response.body).object().value(QStringLiteral("error")) ==
                QStringLiteral("invalid_grant");
 }
@@ -48,7 +48,6 @@ Expected<DropboxTokens> DropboxTokenEndpoint::refresh(const DropboxTokens &token
 Expected<DropboxTokens> DropboxTokenEndpoint::ask(const QList<FormEncoding::Field> &fields,
                                                   const Error &refusal,
                                                   const EngineFuture &future) {
-    constexpr int OK = 200;
     const QUrl address = m_configuration.tokenAddress;
     const Expected<HttpClient::Response> answer =
         m_connection.send({.method = "POST",
@@ -60,7 +59,7 @@ Expected<DropboxTokens> DropboxTokenEndpoint::ask(const QList<FormEncoding::Fiel
         return failure(answer.error());
     }
     const auto &response = *answer;
-    if (response.status != OK) {
+    if (response.status != HttpStatus::OK) {
         return failure(isGrantRefused(response) ? refusal
                                                 : DropboxError::unexpected(response, address));
     }

@@ -4,15 +4,11 @@
 #include <algorithm>
 
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Platform/Foundation/PathComponents.h"
 
 namespace {
 
 const QString SandboxSetting = QStringLiteral("usesSandboxedAccess");
-
-bool isAtOrBelow(const QString &path, const QString &folder) {
-    const QString prefix = folder.endsWith(u'/') ? folder : folder + u'/';
-    return path == folder || path.startsWith(prefix);
-}
 
 }  // namespace
 
@@ -89,6 +85,6 @@ bool FolderGrants::permit(const QString &realPath) {
     }
     return std::any_of(paths.begin(), paths.end(), [&](const QString &path) {
         const QString folder = QFileInfo(path).canonicalFilePath();
-        return !folder.isEmpty() && isAtOrBelow(realPath, folder);
+        return !folder.isEmpty() && PathComponents::isAtOrBelow(realPath, folder);
     });
 }

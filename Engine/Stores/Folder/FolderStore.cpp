@@ -13,6 +13,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Folder/FolderGrants.h"
 #include "Engine/Stores/Folder/MountedVolumes.h"
+#include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -91,15 +92,16 @@ Expected<void> FolderStore::open(const EngineFuture & /*future*/) {
         return failure(opened.error());
     }
     const QString path = URL().path();
-    const bool isPackage = QFileInfo(path).suffix() == QStringLiteral("qvSyncStore") &&
-                           QFileInfo(place(QStringLiteral("databases"))).isDir() &&
-                           QFileInfo(place(QStringLiteral("transactions"))).isDir();
+    const bool isPackage = QFileInfo(path).suffix() == SyncStoreLayout::Extension &&
+                           QFileInfo(place(SyncStoreLayout::DatabasesFolder)).isDir() &&
+                           QFileInfo(place(SyncStoreLayout::TransactionsFolder)).isDir();
     if (!isPackage) {
         return failure(
             engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.", path));
     }
-    for (const char *name : {"databases", "transactions"}) {
-        const Expected<FileDescriptor> inner = folder(QString::fromLatin1(name), Folders::Existing);
+    for (const QString &name :
+         {SyncStoreLayout::DatabasesFolder, SyncStoreLayout::TransactionsFolder}) {
+        const Expected<FileDescriptor> inner = folder(name, Folders::Existing);
         if (!inner) {
             return failure(inner.error());
         }

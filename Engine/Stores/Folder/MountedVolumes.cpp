@@ -3,13 +3,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QStorageInfo>
 
-namespace {
-
-bool isBelow(const QString &path, const QString &folder) {
-    return path.startsWith(folder + u'/');
-}
-
-}  // namespace
+#include "Platform/Foundation/PathComponents.h"
 
 QStringList MountedVolumes::mountPoints() {
     QStringList result;
@@ -23,11 +17,11 @@ bool MountedVolumes::contain(const QString &path, const std::function<QStringLis
     const QString cleanPath = QDir::cleanPath(path);
     for (const QString &base :
          {QStringLiteral("/media"), QStringLiteral("/run/media"), QStringLiteral("/mnt")}) {
-        if (isBelow(cleanPath, base)) {
+        if (cleanPath != base && PathComponents::isAtOrBelow(cleanPath, base)) {
             const QStringList points = mountPoints();
             return std::any_of(points.begin(), points.end(), [&](const QString &point) {
-                const bool isVolume = point == base || isBelow(point, base);
-                return isVolume && (cleanPath == point || isBelow(cleanPath, point));
+                return PathComponents::isAtOrBelow(point, base) &&
+                       PathComponents::isAtOrBelow(cleanPath, point);
             });
         }
     }

@@ -5,6 +5,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Http/HttpExchange.h"
+#include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -12,7 +13,8 @@ namespace {
 constexpr int MostRedirections = 5;
 
 bool isRedirection(int status) {
-    return status == 301 || status == 302 || status == 307 || status == 308;
+    return status == HttpStatus::MovedPermanently || status == HttpStatus::Found ||
+           status == HttpStatus::TemporaryRedirect || status == HttpStatus::PermanentRedirect;
 }
 
 bool areOfOneServer(const QUrl &one, const QUrl &other) {

@@ -2,31 +2,13 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
+#include "Engine/Stores/Http/HttpStatus.h"
 #include "Engine/Stores/WebDAV/WebDAVMultiStatus.h"
+#include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 
 namespace {
-
-enum Status {
-    OK = 200,
-    Created = 201,
-    NoContent = 204,
-    MultiStatus = 207,
-    Unauthorized = 401,
-    Forbidden = 403,
-    NotFound = 404,
-    MethodNotAllowed = 405,
-    Conflict = 409,
-    PreconditionFailed = 412,
-    ContentTooLarge = 413,
-    Locked = 423,
-    TooManyRequests = 429,
-    FirstServerError = 500,
-    NotImplemented = 501,
-    ServiceUnavailable = 503,
-    InsufficientStorage = 507,
-};
 
 /// The URL of the package without a "/" at the end, nor what is not sent.
 QUrl packageURL(const Url &URL) {
@@ -111,7 +93,7 @@ QUrl WebDAVStore::folderURL(const QString &name) const {
 }
 
 Expected<void> WebDAVStore::open(const EngineFuture &future) {
-    if (!m_package.isValid() || !m_package.path().endsWith(QStringLiteral(".qvSyncStore"))) {
+    if (!m_package.isValid() || !m_package.path().endsWith(u'.' + SyncStoreLayout::Extension)) {
         return failure(engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.",
                                    URL().stringWithoutPassword()));
     }
@@ -119,7 +101,8 @@ Expected<void> WebDAVStore::open(const EngineFuture &future) {
     if (!names) {
         return failure(names.error());
     }
-    const QStringList needed = {QStringLiteral("databases"), QStringLiteral("transactions")};
+    const QStringList needed = {SyncStoreLayout::DatabasesFolder,
+                                SyncStoreLayout::TransactionsFolder};
     const auto &present = *names;
     if (!present.isEmpty() && !present.contains(needed.first()) &&
         !present.contains(needed.last())) {
@@ -140,7 +123,7 @@ Expected<void> WebDAVStore::open(const EngineFuture &future) {
 
 Expected<QStringList> WebDAVStore::namesInPackage(const EngineFuture &future) {
     const Expected<Response> answer = propertiesOfAll({}, future);
-    if (answer && answer->status == NotFound) {
+    if (answer && answer->status == HttpStatus::NotFound) {
         const Expected<void> made = makeFolder({}, future);
         return made ? Expected<QStringList>(QStringList()) : failure(made.error());
     }
@@ -149,7 +132,7 @@ Expected<QStringList> WebDAVStore::namesInPackage(const EngineFuture &future) {
 
 Expected<QStringList> WebDAVStore::listFolder(const QString &folder, const EngineFuture &future) {
     const Expected<Response> answer = propertiesOfAll(folder, future);
-    if (answer && answer->status == NotFound) {
+    if (answer && answer->status == HttpStatus::NotFound) {
         return QStringList();
     }
     return names(folder, answer);
@@ -172,7 +155,7 @@ Expected<QStringList> WebDAVStore::names(const QString &folder,
         return failure(answer.error());
     }
     const auto &response = *answer;
-    if (response.status != MultiStatus) {
+    if (response.status != HttpStatus::MultiStatus) {
         return failure(httpError(response, folder));
     }
     const auto listing = WebDAVMultiStatus::parse(response.body);
@@ -205,10 +188,10 @@ Expected<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
         return failure(isTooLong ? tooLong(name) : answer.error());
     }
     const auto &response = *answer;
-    if (response.status == NotFound) {
+    if (response.status == HttpStatus::NotFound) {
         return failure(missing(name));
     }
-    if (response.status != OK) {
+    if (response.status != HttpStatus::OK) {
         return failure(httpError(response, name));
     }
     // Else nobody knows whether it is whole.
@@ -219,7 +202,8 @@ Expected<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
 Expected<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QByteArray &contents,
                                                     const EngineFuture &future) {
     Expected<Response> answer = put(name, contents, future);
-    if (answer && (answer->status == Conflict || answer->status == NotFound)) {
+    if (answer &&
+        (answer->status == HttpStatus::Conflict || answer->status == HttpStatus::NotFound)) {
         if (const Expected<void> made = makeFoldersAbove(name, future); !made) {
             return failure(made.error());
         }
@@ -230,11 +214,11 @@ Expected<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const Q
     }
     const auto &response = *answer;
     switch (response.status) {
-        case OK:
-        case Created:
-        case NoContent:
+        case HttpStatus::OK:
+        case HttpStatus::Created:
+        case HttpStatus::NoContent:
             return Written::New;
-        case PreconditionFailed:
+        case HttpStatus::PreconditionFailed:
             return Written::AlreadyThere;
         default:
             return failure(httpError(response, name));
@@ -248,8 +232,9 @@ Expected<void> WebDAVStore::removeBlob(const QString &name, const EngineFuture &
         return failure(answer.error());
     }
     const auto &response = *answer;
-    const bool isGone =
-        response.status == OK || response.status == NoContent || response.status == NotFound;
+    const bool isGone = response.status == HttpStatus::OK ||
+                        response.status == HttpStatus::NoContent ||
+                        response.status == HttpStatus::NotFound;
     return isGone ? Expected<void>() : failure(httpError(response, name));
 }
 
@@ -279,12 +264,12 @@ Expected<void> WebDAVStore::makeFolder(const QString &name, const EngineFuture &
     }
     const auto &response = *answer;
     switch (response.status) {
-        case Created:
+        case HttpStatus::Created:
         // It is there already.
-        case MethodNotAllowed:
+        case HttpStatus::MethodNotAllowed:
             return {};
-        case NotFound:
-        case Conflict:
+        case HttpStatus::NotFound:
+        case HttpStatus::Conflict:
             return failure(folderMissing(folder.resolved(QUrl(QStringLiteral("..")))));
         default:
             return failure(httpError(response, name));
@@ -294,30 +279,30 @@ Expected<void> WebDAVStore::makeFolder(const QString &name, const EngineFuture &
 Error WebDAVStore::httpError(const Response &response, const QString &name) const {
     const QString server = m_package.authority();
     switch (response.status) {
-        case Unauthorized:
+        case HttpStatus::Unauthorized:
             return credentialRefused();
-        case Forbidden:
+        case HttpStatus::Forbidden:
             return engineError(EngineErrorCode::AccessDenied,
                                "The server does not allow you to use “%1”.", place(name));
-        case NotFound:
-        case Conflict:
+        case HttpStatus::NotFound:
+        case HttpStatus::Conflict:
             return folderMissing(blobURL(name));
-        case OK:
-        case MethodNotAllowed:
-        case NotImplemented:
+        case HttpStatus::OK:
+        case HttpStatus::MethodNotAllowed:
+        case HttpStatus::NotImplemented:
             return engineError(EngineErrorCode::StoreUnreachable,
                                "The server “%1” is no WebDAV server at this address.", server);
-        case ContentTooLarge:
+        case HttpStatus::ContentTooLarge:
             return engineError(EngineErrorCode::StoreFull,
                                "“%1” is larger than the server accepts.", place(name));
-        case Locked:
+        case HttpStatus::Locked:
             return engineError(EngineErrorCode::StoreUnreachable, "“%1” is locked on the server.",
                                place(name));
-        case TooManyRequests:
-        case ServiceUnavailable:
+        case HttpStatus::TooManyRequests:
+        case HttpStatus::ServiceUnavailable:
             return engineError(EngineErrorCode::StoreUnreachable,
                                "The server “%1” is busy. Try again later.", server);
-        case InsufficientStorage:
+        case HttpStatus::InsufficientStorage:
             return engineError(EngineErrorCode::StoreFull, "The server “%1” is full.", server);
         default:
             return unexpected(response);
@@ -326,7 +311,7 @@ Error WebDAVStore::httpError(const Response &response, const QString &name) cons
 
 Error WebDAVStore::unexpected(const Response &response) const {
     const QString text =
-        response.status >= FirstServerError
+        response.status >= HttpStatus::InternalServerError
             ? localizedSyncString("The server “%1” has a problem of its own (HTTP %2).")
             : localizedSyncString("The answer of the server “%1” is not expected (HTTP %2).");
     return engineError(EngineErrorCode::StoreUnreachable,

@@ -59,6 +59,19 @@ private Q_SLOTS:
                  QStringLiteral("/a"));
     }
 
+    void aPathLiesInAFolderOnlyByWholeComponents() {
+        const auto isAtOrBelow = [](const char *path, const char *folder) {
+            return PathComponents::isAtOrBelow(QString::fromLatin1(path),
+                                               QString::fromLatin1(folder));
+        };
+        QVERIFY(isAtOrBelow("/a/b", "/a/b"));
+        QVERIFY(isAtOrBelow("/a/b/c/d", "/a/b"));
+        QVERIFY(isAtOrBelow("/a", "/"));
+        QVERIFY(isAtOrBelow("/a/b", "/a/"));
+        QVERIFY(!isAtOrBelow("/a/bc", "/a/b"));
+        QVERIFY(!isAtOrBelow("/a", "/a/b"));
+    }
+
     void whatMayNotStandInAURLIsEscaped() {
         QCOMPARE(PercentEscapes::adding(QStringLiteral("#%[]^ \"<>\\`{|}")),
                  QStringLiteral("%23%25%5B%5D%5E%20%22%3C%3E%5C%60%7B%7C%7D"));
