@@ -272,6 +272,18 @@ private Q_SLOTS:
         // Leaving the block ends the store's run: it has to, though nothing was answered.
     }
 
+    void aRemovalThatTimedOutDoesNotBlockLaterWrites() {
+        SecretStore store(Short);
+        m_service->freezeKeyring();
+        store.set(item("one", "1"));
+        QVERIFY(!store.removeFirst(item("other", {}).attributes));
+        m_service->stopKeyring();
+        m_service->startKeyring();
+        store.set(item("two", "2"));
+        SecretStore later;
+        QTRY_COMPARE(secretOf(later, "two"), QByteArray("2"));
+    }
+
     void whatIsStillToBeWrittenAtTheEndIsWritten() {
         {
             SecretStore store;
