@@ -281,6 +281,18 @@ private Q_SLOTS:
         QCOMPARE(ContextMenu::menu(label)->objectName(), QStringLiteral("labelMenu"));
     }
 
+    void aContextMenuIsReplacedAndRemoved() {
+        QWidget view;
+        QMenu first;
+        QMenu second;
+        ContextMenu::setMenu(&view, &first);
+        QCOMPARE(ContextMenu::menu(&view), &first);
+        ContextMenu::setMenu(&view, &second);
+        QCOMPARE(ContextMenu::menu(&view), &second);
+        ContextMenu::setMenu(&view, nullptr);
+        QVERIFY(!ContextMenu::menu(&view));
+    }
+
     void aListGetsAPrototypeWhoseRowsNameTheirItem() {
         Owner owner;
         const QString rowName = uniqueName();
@@ -407,6 +419,17 @@ private Q_SLOTS:
         QCOMPARE(enabled(), QList<bool>({true, true, true}));
         owner.m_flag = false;
         QCOMPARE(enabled(), QList<bool>({false, true, true}));
+    }
+
+    void anObjectOfAnUnknownClassIsAProgrammingError() {
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            form->setProperty("objects", QStringList{QStringLiteral("thing Nothing")});
+            return form;
+        });
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, Nib::load(name, &owner));
     }
 
     void whatAFormNamesButIsNotThereIsAProgrammingError_data() {
