@@ -182,5 +182,5 @@ void NotesView::addNote() {
 void NotesView::removeNote() {
     commit();
     m_isEdited = false;
-    presentIfAny(m_database->removeNote(m_note.UUID));
+    presentIfAny(m_database->removeNote(m_note));
 }

@@ -36,8 +36,10 @@ public:
     /// edit that the UUID shows now. If another computer has replaced the edit meanwhile, both
     /// edits are kept.
     virtual Expected<void> saveNote(Note &note) = 0;
-    /// Removes the note `noteUUID`; does nothing if there is none.
-    virtual Expected<void> removeNote(const QString &noteUUID) = 0;
+    /// Removes the edit of `note` that its revision names; an empty revision stands for the edit
+    /// that the UUID shows now. If that edit was replaced meanwhile, or is not there, nothing is
+    /// removed: an edit that the caller has not seen survives.
+    virtual Expected<void> removeNote(const Note &note) = 0;
 
 Q_SIGNALS:
     /// Emitted after the database was opened or closed.

@@ -20,8 +20,8 @@ Expected<void> EngineDatabase::saveNote(Note &note) {
     return {};
 }
 
-Expected<void> EngineDatabase::removeNote(const QString &noteUUID) {
-    return m_profile.write([&] { return m_log.remove(noteUUID); }).map([this] {
+Expected<void> EngineDatabase::removeNote(const Note &note) {
+    return m_profile.write([&] { return m_log.remove(note); }).map([this] {
         Q_EMIT notesChanged();
     });
 }

@@ -29,7 +29,7 @@ public:
     bool isOpen() const override { return m_row.isOpen; }
     Expected<QList<Note>> notes() const override;
     Expected<void> saveNote(Note &note) override;
-    Expected<void> removeNote(const QString &noteUUID) override;
+    Expected<void> removeNote(const Note &note) override;
 
     /// Returns the operations of the database. The reference is valid as long as this object.
     const NoteLog &log() const { return m_log; }

@@ -121,12 +121,8 @@ Expected<void> NoteLog::save(Note &note) const {
     if (Expected<void> checked = checkNote(saved); !checked) {
         return checked;
     }
-    const Expected<OperationId> seen =
-        note.revision.isEmpty()
-            ? shownAs(note.UUID)
-            : Expected<OperationId>(QByteArray::fromHex(note.revision.toLatin1()));
     const Expected<Operation> current =
-        seen.and_then([&](const OperationId &seenId) { return writeEdit(saved, seenId); });
+        seenAs(note).and_then([&](const OperationId &seenId) { return writeEdit(saved, seenId); });
     if (!current) {
         return failure(current.error());
     }
@@ -153,16 +149,26 @@ Expected<Operation> NoteLog::writeEdit(const Note &note, const OperationId &seen
     return replace(replaced, edit).map([&] { return edit; });
 }
 
-Expected<void> NoteLog::remove(const QString &noteUUID) const {
-    const Expected<OperationId> seen = shownAs(noteUUID);
+Expected<void> NoteLog::remove(const Note &note) const {
+    const Expected<std::optional<Operation>> seen =
+        seenAs(note).and_then([&](const OperationId &identifier) { return operation(identifier); });
     if (!seen) {
         return failure(seen.error());
     }
-    if (seen->isEmpty()) {
+    if (!*seen) {
         return {};
     }
-    return isUnsent(*seen).and_then(
-        [&](bool unsent) { return unsent ? erase({*seen}) : supersede({*seen}); });
+    const OperationId identifier = (*seen)->id;
+    return isUnsent(identifier).and_then([&](bool unsent) {
+        return unsent ? erase({identifier}) : supersede({identifier});
+    });
+}
+
+Expected<OperationId> NoteLog::seenAs(const Note &note) const {
+    if (note.revision.isEmpty()) {
+        return shownAs(note.UUID);
+    }
+    return QByteArray::fromHex(note.revision.toLatin1());
 }
 
 Expected<QString> NoteLog::name() const {

@@ -36,7 +36,7 @@ public:
     /// not valid or the note is longer than Operation::NoteLimit.
     Expected<void> save(Note &note) const;
     /// See NoteDatabase::removeNote.
-    Expected<void> remove(const QString &noteUUID) const;
+    Expected<void> remove(const Note &note) const;
 
     /// Returns the name of the database, or an empty string if no operation names it.
     Expected<QString> name() const;
@@ -75,6 +75,9 @@ private:
     Expected<std::optional<Operation>> first(const QString &note) const;
     /// Returns the operation that shows as the note `noteUUID`, or an empty identifier.
     Expected<OperationId> shownAs(const QString &noteUUID) const;
+    /// Returns the edit that the revision of `note` names or, if it is empty, the one that its UUID
+    /// shows.
+    Expected<OperationId> seenAs(const Note &note) const;
     /// Returns what an operation that replaces `seen` must supersede.
     Expected<QList<OperationId>> predecessors(const QList<OperationId> &seen) const;
     Expected<bool> isUnsent(const OperationId &identifier) const;

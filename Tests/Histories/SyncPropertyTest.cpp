@@ -257,7 +257,7 @@ private:
         const QList<Note> notes = happens(40) ? sortedNotes(replica) : QList<Note>();
         if (!notes.isEmpty()) {
             const Note &note = notes[upTo(static_cast<int>(notes.size()))];
-            require(replica->library().synchronizedDatabase(m_UUID)->removeNote(note.UUID));
+            require(replica->library().synchronizedDatabase(m_UUID)->removeNote(note));
             m_edits[note.revision].isSuperseded = true;
         }
     }

@@ -69,7 +69,7 @@ private:
             return said(database->saveNote(note));
         }
         if (name == QStringLiteral("delete")) {
-            return said(database->removeNote(noteTitled(*database, command[2]).UUID));
+            return said(database->removeNote(noteTitled(*database, command[2])));
         }
         if (name == QStringLiteral("rename")) {
             return said(m_host.library().renameDatabase(database, command[2]));

@@ -140,8 +140,8 @@ private Q_SLOTS:
         host.restart();
         const auto again = host.library().knownDatabases().last();
         QCOMPARE(again->notes(), (QList<Note>{first, second}));
-        QVERIFY(again->removeNote(first.UUID));
-        QVERIFY(again->removeNote(QStringLiteral("none")));
+        QVERIFY(again->removeNote(first));
+        QVERIFY(again->removeNote(Note{.UUID = QStringLiteral("none")}));
         QCOMPARE(again->notes(), (QList<Note>{second}));
         QVERIFY(host.inbox()->notes().value().isEmpty());
     }

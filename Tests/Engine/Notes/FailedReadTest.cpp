@@ -47,7 +47,7 @@ private:
         QVERIFY(log().markAllSent());
         notes[1].text = QStringLiteral("changed");
         QVERIFY(database()->saveNote(notes[1]));
-        QVERIFY(database()->removeNote(notes[3].UUID));
+        QVERIFY(database()->removeNote(notes[3]));
         for (const Operation &operation : operations()) {
             QVERIFY(known().add(QString::fromLatin1(operation.id.toHex()),
                                 Transaction{{operation}, {}}, 100));
@@ -82,15 +82,15 @@ private Q_SLOTS:
         QCOMPARE(code(log().takeOperations(identifiers)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(identifiers, allIdentifiers);
         QCOMPARE(code(log().save(note)), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().remove(note.UUID)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().remove(note)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().setName(QStringLiteral("n"))), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().merge({})), EngineErrorCode::ProfileNotWritten);
     }
 
     void ofTheDatabaseOfAnOperation() {
-        const QString UUID = database()->notes().value().first().UUID;
+        const Note note = database()->notes().value().first();
         const FailingTable failing(profile(), QStringLiteral("databases"), Fault::AllRows);
-        QCOMPARE(code(log().remove(UUID)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().remove(note)), EngineErrorCode::ProfileNotWritten);
     }
 
     void ofSupersededIdentifiers_data() { addFaults(); }

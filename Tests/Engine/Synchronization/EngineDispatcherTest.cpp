@@ -145,7 +145,7 @@ private Q_SLOTS:
         m_host->renameDatabase(database(UUID), QStringLiteral("Plans"));
         synchronize({state(UUID)});
         m_host->goToComputer(Here);
-        QVERIFY(database(UUID)->removeNote(database(UUID)->notes().value().at(1).UUID));
+        QVERIFY(database(UUID)->removeNote(database(UUID)->notes().value().at(1)));
         QSignalSpy renamed(database(UUID).get(), &QVDatabase::nameChanged);
         synchronize({state(UUID)});
         const QStringList expected{QStringLiteral("First=1, changed there"),
@@ -189,7 +189,7 @@ private Q_SLOTS:
         const QString UUID = synchronizedDatabase(QStringLiteral("Projects"))->UUID();
         m_host->goToComputer(There);
         synchronize({state(UUID)});
-        QVERIFY(database(UUID)->removeNote(database(UUID)->notes().value().first().UUID));
+        QVERIFY(database(UUID)->removeNote(database(UUID)->notes().value().first()));
         synchronize({state(UUID)});
         m_host->goToComputer(Here);
         save(*database(UUID), QStringLiteral("First"), QStringLiteral("changed"));
