@@ -135,13 +135,12 @@ void MainWindow::toggleOpen() {
 
 PreferencesWindow *MainWindow::showPreferences() {
     if (!m_preferences) {
-        std::optional<Error> error;
-        auto pane = PlugIns::makeSyncPreferences(&error);
-        presentIfAny(error);
+        auto pane = PlugIns::makeSyncPreferences();
         if (!pane) {
+            NSApp()->presentError(pane.error());
             return nullptr;
         }
-        m_preferences = new PreferencesWindow(std::move(pane));
+        m_preferences = new PreferencesWindow(std::move(*pane));
     }
     m_preferences->show();
     m_preferences->raise();
@@ -155,6 +154,13 @@ void MainWindow::showLog() {
     }
     m_logWindow->show();
     m_logWindow->raise();
+}
+
+void MainWindow::bringToFront() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event) {

@@ -24,6 +24,8 @@ public:
     /// Opens Sync Preferences, or brings the open window to the front. nullptr where the pane
     /// cannot be loaded, after the person was told.
     PreferencesWindow *showPreferences();
+    /// Brings the window to the front.
+    void bringToFront();
 
 protected:
     void closeEvent(QCloseEvent *event) override;

@@ -10,30 +10,40 @@ QString plugInPath(const char *name) {
         .arg(QCoreApplication::applicationDirPath(), QLatin1StringView(name));
 }
 
+Error loadingError(const QPluginLoader &loader) {
+    return {.domain = QStringLiteral("Velmora"),
+            .localizedDescription =
+                QCoreApplication::translate("PlugIns", "A part of Velmora cannot be loaded: %1")
+                    .arg(loader.fileName()),
+            .localizedFailureReason = loader.errorString()};
+}
+
 template <class Interface>
-Interface *load(QPluginLoader &loader, std::optional<Error> *error) {
-    auto *plugIn = qobject_cast<Interface *>(loader.instance());
-    if (!plugIn) {
-        *error =
-            Error{.domain = QStringLiteral("Velmora"),
-                  .localizedDescription = QCoreApplication::translate(
-                                              "PlugIns", "A part of Velmora cannot be loaded: %1")
-                                              .arg(loader.fileName()),
-                  .localizedFailureReason = loader.errorString()};
+Expected<Interface *> load(QPluginLoader &loader) {
+    if (auto *plugIn = qobject_cast<Interface *>(loader.instance())) {
+        return plugIn;
     }
-    return plugIn;
+    return failure(loadingError(loader));
 }
 
 }  // namespace
 
-SyncPlugIn *PlugIns::loadSync(std::optional<Error> *error) {
+Expected<SyncPlugIn *> PlugIns::loadSync() {
     QPluginLoader loader(plugInPath("VelmoraSync"));
-    return load<SyncPlugIn>(loader, error);
+    return load<SyncPlugIn>(loader);
 }
 
-std::unique_ptr<PreferencePane> PlugIns::makeSyncPreferences(std::optional<Error> *error) {
+Expected<std::unique_ptr<PreferencePane>> PlugIns::makeSyncPreferences() {
     QPluginLoader loader(plugInPath("SyncPreferences"));
-    auto *plugIn = load<PreferencePanePlugIn>(loader, error);
-    const QJsonObject info = loader.metaData().value(QLatin1StringView("MetaData")).toObject();
-    return plugIn ? plugIn->makePreferencePane(info, error) : nullptr;
+    const auto plugIn = load<PreferencePanePlugIn>(loader);
+    if (!plugIn) {
+        return failure(plugIn.error());
+    }
+    std::optional<Error> error;
+    auto pane = (*plugIn)->makePreferencePane(
+        loader.metaData().value(QLatin1StringView("MetaData")).toObject(), &error);
+    if (!pane) {
+        return failure(error.value_or(loadingError(loader)));
+    }
+    return pane;
 }

@@ -1,19 +1,20 @@
 #pragma once
 
-#include <QtCore/QJsonObject>
-#include <optional>
+#include <memory>
 
 #include "Application/Interface/SyncPlugIn.h"
+#include "Platform/Foundation/Expected.h"
 #include "Platform/Interface/PreferencePane.h"
 
-/// The two plug-ins beside the program, each loaded once and kept. Main thread.
+/// The two plug-ins of the program, from the folder "lib" beside that of the program. Each is
+/// loaded once and never unloaded. Main thread only.
 namespace PlugIns {
 
-/// nullptr where it cannot be loaded; `error` then says why.
-SyncPlugIn *loadSync(std::optional<Error> *error);
+/// Loads the sync plug-in, which the application keeps until it ends. Never returns null.
+Expected<SyncPlugIn *> loadSync();
 
-/// A fresh pane. Loads the plug-in, after that of the sync services. nullptr where that fails or
-/// the pane refuses; `error` then says why.
-std::unique_ptr<PreferencePane> makeSyncPreferences(std::optional<Error> *error);
+/// Returns a new pane and loads its plug-in if necessary. Must be called after loadSync(). Fails if
+/// the plug-in cannot be loaded, or if the pane misses something of the host. Never returns null.
+Expected<std::unique_ptr<PreferencePane>> makeSyncPreferences();
 
 }  // namespace PlugIns

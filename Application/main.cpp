@@ -1,8 +1,11 @@
 #include <QtCore/QAbstractEventDispatcher>
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QThread>
 #include <QtGui/QIcon>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
@@ -11,11 +14,15 @@
 #include "Application/PlugIns.h"
 #include "Application/PreferencesWindow.h"
 #include "Application/ProfileDescription.h"
+#include "Application/RunningInstance.h"
 #include "Application/VelmoraApplication.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/Log.h"
 
 namespace {
+
+constexpr std::chrono::seconds RaiseTimeout(3);
+constexpr std::chrono::milliseconds RaiseInterval(50);
 
 int fail(VelmoraApplication &application, const Error &error, bool isBatch) {
     std::fprintf(stderr, "%s\n", qPrintable(error.localizedDescription));
@@ -29,25 +36,31 @@ int fail(VelmoraApplication &application, const Error &error, bool isBatch) {
     return EXIT_FAILURE;
 }
 
-/// Draws the panel as a person would see it, and writes it to `file`.
-bool writeScreenshot(const QString &file, std::optional<Error> *error) {
-    auto pane = PlugIns::makeSyncPreferences(error);
+/// Renders Sync Preferences as the user would see them, and writes the picture to `file`.
+Expected<void> writeScreenshot(const QString &file) {
+    auto pane = PlugIns::makeSyncPreferences();
     if (!pane) {
-        return false;
+        return failure(pane.error());
     }
-    auto *window = new PreferencesWindow(std::move(pane));
+    auto *window = new PreferencesWindow(std::move(*pane));
     window->show();
     QCoreApplication::processEvents();
     const bool isWritten = window->grab().save(file);
     window->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (!isWritten) {
-        *error = Error{.domain = QStringLiteral("Velmora"),
-                       .localizedDescription = QCoreApplication::translate(
-                                                   "main", "The picture cannot be written to %1.")
-                                                   .arg(file)};
+        return failure({.domain = QStringLiteral("Velmora"),
+                        .localizedDescription = QCoreApplication::translate(
+                                                    "main", "The picture cannot be written to %1.")
+                                                    .arg(file)});
     }
-    return isWritten;
+    return {};
+}
+
+Expected<void> printDescription(const NoteLibrary &library) {
+    return describeProfile(library).map([](const QJsonObject &description) {
+        std::fputs(QJsonDocument(description).toJson().constData(), stdout);
+    });
 }
 
 int runBatch(VelmoraApplication &application, LaunchOptions options, const NoteLibrary &library) {
@@ -59,39 +72,55 @@ int runBatch(VelmoraApplication &application, LaunchOptions options, const NoteL
             "There is no display to open a window on. A picture of Sync Preferences is in\n%s\n",
             qPrintable(options.screenshot));
     }
-    std::optional<Error> error;
-    if (!options.screenshot.isEmpty() && !writeScreenshot(options.screenshot, &error)) {
-        return fail(application, error.value_or(Error()), true);
+    Expected<void> result;
+    if (!options.screenshot.isEmpty()) {
+        result = writeScreenshot(options.screenshot);
     }
-    if (options.describe) {
-        const Expected<QJsonObject> description = describeProfile(library);
-        if (!description) {
-            return fail(application, description.error(), true);
-        }
-        std::fputs(QJsonDocument(*description).toJson().constData(), stdout);
+    if (result && options.describe) {
+        result = printDescription(library);
     }
-    return EXIT_SUCCESS;
+    return result ? EXIT_SUCCESS : fail(application, result.error(), true);
 }
 
-int runWindows(VelmoraApplication &application, NoteLibrary *library) {
+int runWindows(VelmoraApplication &application, const LaunchOptions &options,
+               NoteLibrary *library) {
     MainWindow window(library, application.eventLog());
+    const RunningInstance instance(options.profile);
+    QObject::connect(&instance, &RunningInstance::raiseRequested, &window,
+                     &MainWindow::bringToFront);
     window.show();
     window.showPreferences();
     return QApplication::exec();
 }
 
-int openProfileAndRun(VelmoraApplication &application, const LaunchOptions &options,
-                      SyncPlugIn &sync) {
-    std::optional<Error> error = sync.openProfile(options.profile);
-    if (!error && options.sandboxed) {
-        error = sync.setUsesSandboxedAccess(*options.sandboxed);
+ProfileUse profileUse(const LaunchOptions &options) {
+    if (!options.isBatch()) {
+        return ProfileUse::Run;
     }
-    if (error) {
-        return fail(application, *error, options.isBatch());
+    return options.sandboxed ? ProfileUse::Edit : ProfileUse::Snapshot;
+}
+
+int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugIn &sync) {
+    Expected<void> opened = sync.openProfile(options.profile, profileUse(options));
+    // The process that uses the profile may have begun, and show its windows soon.
+    const QDeadlineTimer deadline(RaiseTimeout);
+    while (!opened && !options.isBatch() && sync.isProfileInUse(opened.error()) &&
+           !deadline.hasExpired()) {
+        if (RunningInstance::raise(options.profile)) {
+            return EXIT_SUCCESS;
+        }
+        QThread::msleep(RaiseInterval.count());
+        opened = sync.openProfile(options.profile, profileUse(options));
+    }
+    if (opened && options.sandboxed) {
+        opened = sync.setUsesSandboxedAccess(*options.sandboxed);
+    }
+    if (!opened) {
+        return fail(application, opened.error(), options.isBatch());
     }
     application.setLibrary(sync.library());
     const int exitCode = options.isBatch() ? runBatch(application, options, *sync.library())
-                                           : runWindows(application, sync.library());
+                                           : runWindows(application, options, sync.library());
     application.setLibrary(nullptr);
     return exitCode;
 }
@@ -128,13 +157,12 @@ int main(int argumentCount, char **arguments) {
                 "main", "Nearby computers are out of reach: Qt runs without GLib."));
     }
 
-    std::optional<Error> error;
-    SyncPlugIn *sync = PlugIns::loadSync(&error);
+    const auto sync = PlugIns::loadSync();
     if (!sync) {
-        return fail(application, error.value_or(Error()), options.isBatch());
+        return fail(application, sync.error(), options.isBatch());
     }
-    const int exitCode = openProfileAndRun(application, options, *sync);
-    // The engine ends while there is an application; the plug-in itself goes after it.
-    sync->closeProfile();
+    const int exitCode = run(application, options, **sync);
+    // The engine needs the application object, which is destroyed before the plug-in is unloaded.
+    (*sync)->closeProfile();
     return exitCode;
 }

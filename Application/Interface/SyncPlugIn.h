@@ -1,9 +1,20 @@
 #pragma once
 
 #include <QtCore/QtPlugin>
-#include <optional>
 
 #include "Application/Interface/NoteLibrary.h"
+#include "Platform/Foundation/Expected.h"
+
+/// What a profile is opened for.
+enum class ProfileUse {
+    /// Exclusively, with scheduled synchronizations and the direct-connection server.
+    Run,
+    /// Exclusively. No synchronization and no server is started.
+    Edit,
+    /// A private copy, also beside a process that uses the profile. No synchronization and no
+    /// server is started; changes are discarded.
+    Snapshot,
+};
 
 /// The root object of the sync plug-in, as the application loads it. It registers the host classes
 /// until closeProfile() is called. Must be used on the main thread.
@@ -13,11 +24,14 @@ public:
 
     /// Opens the profile in the folder `directory`. A folder that does not exist or is empty
     /// becomes a new profile with an inbox, two databases and a folder location. Must be called
-    /// once, after NSApp() is set. A failure leaves the folder as it was; the error names what is
-    /// wrong and where.
-    virtual std::optional<Error> openProfile(const QString &directory) = 0;
+    /// after NSApp() is set, and not again once it has succeeded. A failure leaves the folder as it
+    /// was; the error names what is wrong and where. If another process uses the profile, the error
+    /// is `isProfileInUse`, unless `use` is Snapshot.
+    virtual Expected<void> openProfile(const QString &directory, ProfileUse use) = 0;
     /// Changes the setting QVSyncPlugin::usesSandboxedAccess of the open profile.
-    virtual std::optional<Error> setUsesSandboxedAccess(bool usesSandboxedAccess) = 0;
+    virtual Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess) = 0;
+    /// Returns whether `error` says that another process uses the profile.
+    virtual bool isProfileInUse(const Error &error) const = 0;
     /// Closes the profile and removes the host classes. Must be called before the application
     /// object is destroyed, after everything that shares the profile's objects has released them.
     virtual void closeProfile() = 0;
@@ -26,5 +40,5 @@ public:
     virtual NoteLibrary *library() const = 0;
 };
 
-#define SyncPlugIn_iid "velmora.SyncPlugIn/2"
+#define SyncPlugIn_iid "velmora.SyncPlugIn/3"
 Q_DECLARE_INTERFACE(SyncPlugIn, SyncPlugIn_iid)

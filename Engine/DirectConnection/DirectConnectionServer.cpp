@@ -60,6 +60,9 @@ void DirectConnectionServer::load(const DirectConnectionPackage &package,
     m_package.emplace(package);
     m_hook = &hook;
     m_port = portOrDefault(UserDefaults::integerForKey(PortNumberKey));
+}
+
+void DirectConnectionServer::startIfEnabled() {
     if (UserDefaults::boolForKey(EnabledKey)) {
         startServing();
     }

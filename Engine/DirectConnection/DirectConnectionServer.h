@@ -21,9 +21,11 @@ public:
     explicit DirectConnectionServer(const ProfileDatabase &profile);
     ~DirectConnectionServer() override;
 
-    /// Starts as the defaults say; called once, when the profile was opened. `hook` must outlive
-    /// this.
+    /// Reads the user defaults. Must be called once, after the profile was opened. `hook` is not
+    /// owned and must outlive this object.
     void load(const DirectConnectionPackage &package, DirectConnectionHook &hook);
+    /// Starts serving if the user has enabled the server. Must be called after load().
+    void startIfEnabled();
     /// For those served from the next start on.
     void setLimits(const DirectConnectionLimits &limits) { m_limits = limits; }
 

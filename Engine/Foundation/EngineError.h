@@ -27,6 +27,8 @@ enum class EngineErrorCode {
     ServerUnusable,
     /// A newer program has written it, and only a newer one may change it.
     UnknownVersion,
+    /// Another process uses the profile.
+    ProfileInUse,
 };
 
 /// `description` is a whole sentence for a person.

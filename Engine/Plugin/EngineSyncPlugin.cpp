@@ -46,9 +46,12 @@ Expected<void> EngineSyncPlugin::load() {
     return {};
 }
 
-std::optional<Error> EngineSyncPlugin::setUsesSandboxedAccess(bool usesSandboxedAccess) {
-    const Expected<void> set = m_grants->setNeeded(usesSandboxedAccess);
-    return set ? std::nullopt : std::optional(set.error());
+void EngineSyncPlugin::startServer() {
+    m_server->startIfEnabled();
+}
+
+Expected<void> EngineSyncPlugin::setUsesSandboxedAccess(bool usesSandboxedAccess) {
+    return m_grants->setNeeded(usesSandboxedAccess);
 }
 
 QVSyncLocationsController *EngineSyncPlugin::locationsController() const {

@@ -23,8 +23,10 @@ public:
 
     /// Takes over what the profile holds; called once, when it was opened.
     Expected<void> load();
+    /// Starts the direct-connection server if the user has enabled it.
+    void startServer();
     /// Changes the profile's setting.
-    std::optional<Error> setUsesSandboxedAccess(bool usesSandboxedAccess);
+    Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess);
 
     QVSyncLocationsController *locationsController() const override;
     QVSyncDispatcher *dispatcher() const override;

@@ -1,8 +1,20 @@
 #include "Engine/Plugin/SyncEngine.h"
 
 #include "Engine/Notes/NoteConversion.h"
+#include "Engine/Profile/ProfileSnapshot.h"
 #include "Engine/Stores/EngineStore.h"
 #include "Host/SyncStrings.h"
+
+namespace {
+
+Expected<void> openDatabase(ProfileDatabase &profile, const QString &directory,
+                            FirstContents contents) {
+    return profile.open(
+        directory, [&profile, contents] { return writeFirstContents(profile, contents); },
+        [&profile] { return convertOldNotes(profile); });
+}
+
+}  // namespace
 
 SyncEngine::SyncEngine()
     : m_library(m_profile),
@@ -15,23 +27,36 @@ SyncEngine::~SyncEngine() {
     removeLocalizationTables(&m_translator);
 }
 
-std::optional<Error> SyncEngine::openProfile(const QString &directory, FirstContents contents) {
+Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents contents,
+                                       ProfileUse use) {
     installTranslation();
-    const Expected<void> opened =
-        m_profile
-            .open(
-                directory, [this, contents] { return writeFirstContents(m_profile, contents); },
-                [this] { return convertOldNotes(m_profile); })
-            .and_then([this] { return load(); });
+    Expected<void> opened = use == ProfileUse::Snapshot
+                                ? openSnapshot(directory, contents)
+                                : openDatabase(m_profile, directory, contents);
+    opened = opened.and_then([this] { return load(); });
     m_isOpen = opened.has_value();
-    return m_isOpen ? std::nullopt : std::optional(opened.error());
+    if (m_isOpen && use == ProfileUse::Run) {
+        m_plugin.startServer();
+        m_triggers.start();
+    }
+    return opened;
+}
+
+Expected<void> SyncEngine::openSnapshot(const QString &directory, FirstContents contents) {
+    const auto create = [&] {
+        ProfileDatabase profile;
+        return openDatabase(profile, directory, contents);
+    };
+    m_snapshotFolder = std::make_unique<QTemporaryDir>();
+    return ProfileSnapshot::write(directory, m_snapshotFolder->path(), create).and_then([&] {
+        return openDatabase(m_profile, m_snapshotFolder->path(), contents);
+    });
 }
 
 Expected<void> SyncEngine::load() {
-    return m_library.load()
-        .and_then([this] { return m_certificateTrust.load(); })
-        .and_then([this] { return m_plugin.load(); })
-        .map([this] { m_triggers.start(); });
+    return m_library.load().and_then([this] { return m_certificateTrust.load(); }).and_then([this] {
+        return m_plugin.load();
+    });
 }
 
 void SyncEngine::installTranslation() {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QtCore/QTemporaryDir>
 #include <QtCore/QTranslator>
+#include <memory>
 
+#include "Application/Interface/SyncPlugIn.h"
 #include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/FirstContents.h"
@@ -22,9 +25,10 @@ public:
     SyncEngine(const SyncEngine &) = delete;
     SyncEngine &operator=(const SyncEngine &) = delete;
 
-    /// As SyncPlugIn says; `contents` is for a new profile.
-    std::optional<Error> openProfile(const QString &directory,
-                                     FirstContents contents = FirstContents::Welcome);
+    /// See SyncPlugIn::openProfile; `contents` is for a new profile.
+    Expected<void> openProfile(const QString &directory,
+                               FirstContents contents = FirstContents::Welcome,
+                               ProfileUse use = ProfileUse::Run);
     /// nullptr while no profile is open.
     EngineNoteLibrary *library() { return m_isOpen ? &m_library : nullptr; }
     EngineSyncPlugin &plugin() { return m_plugin; }
@@ -32,11 +36,14 @@ public:
     SyncTriggers &triggers() { return m_triggers; }
 
 private:
+    Expected<void> openSnapshot(const QString &directory, FirstContents contents);
     Expected<void> load();
     void installTranslation();
 
     MainThreadQueue m_mainThreadQueue;
     QTranslator m_translator;
+    /// Holds the copy of the profile; must be destroyed after the database in it is closed.
+    std::unique_ptr<QTemporaryDir> m_snapshotFolder;
     ProfileDatabase m_profile;
     CertificateTrust m_certificateTrust{m_profile};
     EngineNoteLibrary m_library;

@@ -1,11 +1,18 @@
 #include "Engine/Plugin/VelmoraSyncPlugIn.h"
 
-std::optional<Error> VelmoraSyncPlugIn::openProfile(const QString &directory) {
-    return m_engine->openProfile(directory);
+#include "Engine/Foundation/EngineError.h"
+
+Expected<void> VelmoraSyncPlugIn::openProfile(const QString &directory, ProfileUse use) {
+    return m_engine->openProfile(directory, FirstContents::Welcome, use);
 }
 
-std::optional<Error> VelmoraSyncPlugIn::setUsesSandboxedAccess(bool usesSandboxedAccess) {
+Expected<void> VelmoraSyncPlugIn::setUsesSandboxedAccess(bool usesSandboxedAccess) {
     return m_engine->plugin().setUsesSandboxedAccess(usesSandboxedAccess);
+}
+
+bool VelmoraSyncPlugIn::isProfileInUse(const Error &error) const {
+    return error.domain == EngineErrorDomain &&
+           error.code == static_cast<int>(EngineErrorCode::ProfileInUse);
 }
 
 void VelmoraSyncPlugIn::closeProfile() {

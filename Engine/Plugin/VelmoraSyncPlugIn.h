@@ -11,8 +11,9 @@ class VelmoraSyncPlugIn : public QObject, public SyncPlugIn {
     Q_PLUGIN_METADATA(IID SyncPlugIn_iid)
     Q_INTERFACES(SyncPlugIn)
 public:
-    std::optional<Error> openProfile(const QString &directory) override;
-    std::optional<Error> setUsesSandboxedAccess(bool usesSandboxedAccess) override;
+    Expected<void> openProfile(const QString &directory, ProfileUse use) override;
+    Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess) override;
+    bool isProfileInUse(const Error &error) const override;
     void closeProfile() override;
     NoteLibrary *library() const override;
 

@@ -12,6 +12,15 @@
 namespace {
 
 const QString FileName = QStringLiteral("profile.sqlite");
+const QString SyncStoresName = QStringLiteral("Sync Stores");
+
+/// Whether a profile can be made in the existing folder `directory`.
+bool isUnused(const QString &directory) {
+    QStringList names = QDir(directory).entryList(QDir::AllEntries | QDir::NoDotAndDotDot |
+                                                  QDir::Hidden | QDir::System);
+    names.removeOne(ProfileLock::FileName);
+    return names.isEmpty();
+}
 
 QStringList connectionSettings() {
     return {
@@ -81,7 +90,7 @@ ProfileDatabase::ProfileDatabase()
     : m_connectionName(QUuid::createUuid().toString(QUuid::WithoutBraces)) {}
 
 ProfileDatabase::~ProfileDatabase() {
-    close();
+    closeFile();
 }
 
 QString ProfileDatabase::path() const {
@@ -92,7 +101,12 @@ Expected<void> ProfileDatabase::open(const QString &directory, const Changes &fi
                                      const Changes &convertNotes) {
     Expected<void> opened = openFolder(QDir(directory).absolutePath(), fill, convertNotes);
     if (!opened) {
-        close();
+        closeFile();
+        m_lock.undo();
+        if (m_hasMadeFolder) {
+            QDir().rmdir(m_directory);
+        }
+        m_directory.clear();
     }
     return opened;
 }
@@ -105,31 +119,39 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
         return openingFailure("“%1” is not a folder. Choose a folder for the profile.",
                               m_directory);
     }
-    if (QFileInfo::exists(path())) {
-        return ProfileInspection::check(path()).and_then(
-            [&] { return openFile(fill, convertNotes); });
+    // Nothing is written into a folder of the user's, not even the lock file. Another process may
+    // be creating the profile, so its file is looked for last.
+    if (folder.exists() && !isUnused(m_directory) && !QFileInfo::exists(path())) {
+        return openingFailure(
+            "The folder “%1” contains other files and no profile. Choose an empty folder.",
+            m_directory);
     }
-    const bool isNewFolder = !folder.exists();
-    if (isNewFolder && !QDir().mkpath(m_directory)) {
+    m_hasMadeFolder = QDir().mkpath(folder.path()) && QDir().mkdir(m_directory);
+    if (!QFileInfo(m_directory).isDir()) {
         return openingFailure(
             "The profile folder “%1” could not be created. Check the permissions of the folder "
             "that contains it.",
             m_directory);
     }
-    if (!QDir(m_directory)
-             .isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System)) {
+    if (Expected<void> locked = m_lock.acquire(m_directory); !locked) {
+        const bool isBusy = locked.error().code == static_cast<int>(EngineErrorCode::ProfileInUse);
+        // The file may say more precisely what is wrong with the folder.
+        const bool canCheck = !isBusy && QFileInfo::exists(path());
+        return canCheck ? ProfileInspection::check(path()).and_then([&] { return locked; })
+                        : locked;
+    }
+    if (QFileInfo::exists(path())) {
+        return ProfileInspection::check(path()).and_then(
+            [&] { return openFile(fill, convertNotes); });
+    }
+    if (!isUnused(m_directory)) {
         return openingFailure(
             "The folder “%1” contains other files and no profile. Choose an empty folder.",
             m_directory);
     }
-    if (!QFileInfo(m_directory).isWritable()) {
-        return openingFailure(
-            "The profile folder “%1” is read-only. Change its permissions or use another profile.",
-            m_directory);
-    }
     Expected<void> opened = openFile(fill, convertNotes);
     if (!opened) {
-        clearFolder(isNewFolder);
+        removeNewProfile();
     }
     return opened;
 }
@@ -184,19 +206,20 @@ Expected<void> ProfileDatabase::runAll(const QStringList &statements) const {
     return {};
 }
 
-void ProfileDatabase::clearFolder(bool removingIt) {
-    const QString directory = m_directory;
-    close();
-    QDir(directory).removeRecursively();
-    if (!removingIt) {
-        QDir().mkdir(directory);
+void ProfileDatabase::removeNewProfile() {
+    closeFile();
+    const QDir folder(m_directory);
+    const QStringList names = folder.entryList({FileName + u'*'}, QDir::Files | QDir::System);
+    for (const QString &name : names) {
+        QFile::remove(folder.filePath(name));
     }
+    // The first contents are a sync store; the lock assures that nobody else made it.
+    QDir(folder.filePath(SyncStoresName)).removeRecursively();
 }
 
-void ProfileDatabase::close() {
+void ProfileDatabase::closeFile() {
     m_database = QSqlDatabase();
     QSqlDatabase::removeDatabase(m_connectionName);
-    m_directory.clear();
 }
 
 Expected<QSqlQuery> ProfileDatabase::prepare(const QString &statement) const {

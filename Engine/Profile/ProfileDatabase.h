@@ -6,6 +6,7 @@
 #include <QtSql/QSqlQuery>
 #include <functional>
 
+#include "Engine/Profile/ProfileLock.h"
 #include "Platform/Foundation/Expected.h"
 
 /// The SQLite 3 database "profile.sqlite", which holds everything that a profile stores.
@@ -31,7 +32,8 @@ public:
     ProfileDatabase(const ProfileDatabase &) = delete;
     ProfileDatabase &operator=(const ProfileDatabase &) = delete;
 
-    /// Opens the profile in the folder `directory`. Must be called at most once.
+    /// Opens the profile in the folder `directory` and locks it until this object is destroyed.
+    /// Must not be called again once it has succeeded.
     ///
     /// If the folder does not exist or is empty, creates a new profile in it: creates the tables
     /// and calls `fill` to write the first rows, in one transaction. A profile of schema version 1
@@ -40,7 +42,8 @@ public:
     /// dropped.
     ///
     /// An error describes the problem and names the file or folder. The folder is then as it was
-    /// before the call. The code is ProfileUnusable or that of the failed callback.
+    /// before the call. The code is ProfileUnusable, ProfileInUse if another process or object has
+    /// the profile open, or that of the failed callback.
     Expected<void> open(const QString &directory, const Changes &fill, const Changes &convertNotes);
 
     /// Returns the absolute path of the folder, or an empty string if no profile is open.
@@ -84,9 +87,13 @@ private:
     Expected<void> upgrade(const Changes &convertNotes) const;
     Expected<void> runAll(const QStringList &statements) const;
     Error queryError(const QSqlQuery &query) const;
-    void clearFolder(bool removingIt);
-    void close();
+    /// Removes what openFile() has written into a folder that had no profile.
+    void removeNewProfile();
+    void closeFile();
 
+    /// Declared first: the lock is released after the database is closed.
+    ProfileLock m_lock;
+    bool m_hasMadeFolder = false;
     const QString m_connectionName;
     QSqlDatabase m_database;
     QString m_directory;

@@ -128,6 +128,18 @@
         <translation>„%1“ ist keine Datei und kann deshalb nicht als Profil geöffnet werden. Wählen Sie einen anderen Ordner.</translation>
     </message>
     <message>
+        <source>The profile “%1” is in use by another Velmora. Quit it and try again.</source>
+        <translation>Das Profil „%1“ wird von einem anderen Velmora benutzt. Beenden Sie es, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The profile folder “%1” cannot be locked: %2</source>
+        <translation>Der Profilordner „%1“ kann nicht gesperrt werden: %2</translation>
+    </message>
+    <message>
+        <source>The profile “%1” cannot be copied: %2</source>
+        <translation>Das Profil „%1“ kann nicht kopiert werden: %2</translation>
+    </message>
+    <message>
         <source>You do not have permission to read the profile “%1”. Change its permissions or use another profile.</source>
         <translation>Sie haben keine Berechtigung, das Profil „%1“ zu lesen. Ändern Sie seine Zugriffsrechte, oder verwenden Sie ein anderes Profil.</translation>
     </message>

@@ -3,6 +3,7 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 
+#include "Support/Patience.h"
 #include "Support/TestMain.h"
 
 /// Runs the program itself, as a person or a script would.
@@ -22,6 +23,7 @@ class VelmoraTest : public QObject {
     Run run(const QStringList &arguments, const QStringList &without = {}) const {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("HOME"), m_folder.path());
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeFolder());
         for (const QString &name : without) {
             environment.remove(name);
         }
@@ -35,6 +37,48 @@ class VelmoraTest : public QObject {
         result.output = process.readAllStandardOutput();
         result.errors = process.readAllStandardError();
         return result;
+    }
+
+    std::unique_ptr<QProcess> start(const QStringList &arguments) const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), m_folder.path());
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeFolder());
+        auto process = std::make_unique<QProcess>();
+        process->setProcessEnvironment(environment);
+        process->start(QStringLiteral(VELMORA),
+                       QStringList{QStringLiteral("--profile"), profile()} + arguments);
+        return process;
+    }
+
+    QString runtimeFolder() const { return m_folder.filePath(QStringLiteral("run")); }
+
+    /// Starts the program with its windows and waits until other starts find it.
+    std::unique_ptr<QProcess> startWindows() const {
+        QDir(runtimeFolder()).removeRecursively();
+        QDir().mkdir(runtimeFolder());
+        QFile::setPermissions(runtimeFolder(),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        auto process = start({});
+        const QDir folder(runtimeFolder());
+        if (!QTest::qWaitFor(
+                [&] {
+                    return !folder
+                                .entryList({QStringLiteral("velmora-*")},
+                                           QDir::System | QDir::Files)
+                                .isEmpty();
+                },
+                Patience)) {
+            qWarning("%s", process->readAllStandardError().constData());
+        }
+        return process;
+    }
+
+    /// Ends the program as a session does.
+    static void terminate(QProcess &process) {
+        process.terminate();
+        QVERIFY(process.waitForFinished(Patience));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
     }
 
     static QByteArray contents(const QString &path) {
@@ -168,6 +212,51 @@ private Q_SLOTS:
         QCOMPARE(isSandboxed({QStringLiteral("--sandboxed"), QStringLiteral("off")}),
                  QJsonValue(false));
         QCOMPARE(isSandboxed({}), QJsonValue(false));
+    }
+
+    void twoFirstStartsAtOnceMakeOneProfile() {
+        for (int round = 0; round < 40; ++round) {
+            QVERIFY(QDir(profile()).removeRecursively());
+            const auto first = start({QStringLiteral("--describe")});
+            const auto second = start({QStringLiteral("--describe")});
+            for (const auto &process : {first.get(), second.get()}) {
+                QVERIFY(process->waitForFinished(60000));
+                QCOMPARE(process->exitCode(), 0);
+            }
+            const QByteArray described = first->readAllStandardOutput();
+            QVERIFY(QJsonDocument::fromJson(described).isObject());
+            QCOMPARE(second->readAllStandardOutput(), described);
+        }
+    }
+
+    void aSecondStartRaisesTheFirstWindow() {
+        const auto first = startWindows();
+        const Run second = run({QStringLiteral("--profile"), profile()});
+        QCOMPARE(second.exitCode, 0);
+        QVERIFY2(second.errors.isEmpty(), second.errors.constData());
+        QCOMPARE(first->state(), QProcess::Running);
+        terminate(*first);
+    }
+
+    void aProfileInUseIsDescribedBesideTheProgram() {
+        const auto first = startWindows();
+        const Run described =
+            run({QStringLiteral("--profile"), profile(), QStringLiteral("--describe")});
+        QCOMPARE(described.exitCode, 0);
+        QVERIFY(QJsonDocument::fromJson(described.output).isObject());
+        const Run refused =
+            run({QStringLiteral("--profile"), profile(), QStringLiteral("--describe"),
+                 QStringLiteral("--sandboxed"), QStringLiteral("on")});
+        QCOMPARE(refused.exitCode, 1);
+        QVERIFY2(refused.errors.contains("in use"), refused.errors.constData());
+        terminate(*first);
+    }
+
+    void theProfileOfAKilledProcessIsFree() {
+        const auto first = startWindows();
+        first->kill();
+        QVERIFY(first->waitForFinished());
+        terminate(*startWindows());
     }
 
     void unknownOptionsAreRefused() {

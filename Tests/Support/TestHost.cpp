@@ -8,6 +8,8 @@
 
 namespace {
 
+const QString OtherConnection = QStringLiteral("test-host-other-connection");
+
 void require(const std::optional<Error> &error) {
     if (error) {
         throw std::runtime_error(error->localizedDescription.toStdString());
@@ -27,6 +29,7 @@ TestHost::TestHost(FirstContents contents) {
 }
 
 TestHost::~TestHost() {
+    letSavesPass();
     m_application.setEngine(nullptr);
 }
 
@@ -116,12 +119,13 @@ void TestHost::save() {
 }
 
 void TestHost::makeSavesFail() {
-    m_otherConnection = std::make_unique<ProfileDatabase>();
-    const auto nothing = [] { return Expected<void>(); };
-    require(m_otherConnection->open(directory(), nothing, nothing));
-    require(m_otherConnection->run(QStringLiteral("BEGIN IMMEDIATE")));
+    auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), OtherConnection);
+    database.setDatabaseName(m_engine->profile().path());
+    if (!database.open() || !QSqlQuery(database).exec(QStringLiteral("BEGIN IMMEDIATE"))) {
+        throw std::runtime_error("cannot lock the profile's database");
+    }
 }
 
 void TestHost::letSavesPass() {
-    m_otherConnection.reset();
+    QSqlDatabase::removeDatabase(OtherConnection);
 }

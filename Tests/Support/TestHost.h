@@ -62,5 +62,4 @@ private:
     QString m_profileName = QStringLiteral("Profile");
     TestApplication m_application;
     std::unique_ptr<SyncEngine> m_engine;
-    std::unique_ptr<ProfileDatabase> m_otherConnection;
 };

@@ -97,16 +97,17 @@ int walk(const Tour::Surroundings &surroundings, TourPage &page) {
 
 int open(VelmoraApplication &application, const QString &folder, const QString &nameInNetwork,
          TourPage &page) {
-    std::optional<Error> error;
-    SyncPlugIn *sync = PlugIns::loadSync(&error);
-    if (sync) {
-        error = sync->openProfile(folder + QStringLiteral("/Profile"));
+    const auto loaded = PlugIns::loadSync();
+    if (!loaded) {
+        throw TourFailure(loaded.error().localizedDescription);
     }
-    if (!error) {
-        error = sync->setUsesSandboxedAccess(true);
-    }
-    if (error) {
-        throw TourFailure(error->localizedDescription);
+    SyncPlugIn *sync = *loaded;
+    const QString profile = folder + QStringLiteral("/Profile");
+    const Expected<void> opened = sync->openProfile(profile, ProfileUse::Run).and_then([&] {
+        return sync->setUsesSandboxedAccess(true);
+    });
+    if (!opened) {
+        throw TourFailure(opened.error().localizedDescription);
     }
     application.setLibrary(sync->library());
     int exitCode = EXIT_FAILURE;

@@ -21,7 +21,7 @@ QDateTime moment(qint64 seconds) {
 int saveUntilKilled(const QString &directory) {
     TestApplication application;
     SyncEngine engine;
-    if (engine.openProfile(directory)) {
+    if (!engine.openProfile(directory)) {
         return 1;
     }
     QVSyncLocationsController *controller = engine.plugin().locationsController();
@@ -312,7 +312,7 @@ private Q_SLOTS:
 
             TestApplication application;
             SyncEngine engine;
-            QCOMPARE(engine.openProfile(directory), std::nullopt);
+            QVERIFY(engine.openProfile(directory));
             const QVSyncStates states = engine.plugin()
                                             .locationsController()
                                             ->syncLocations()

@@ -81,7 +81,7 @@ private Q_SLOTS:
             QVERIFY2(NSClassFromString(name), qPrintable(name));
         }
         QVERIFY(!plugIn->library());
-        QCOMPARE(plugIn->openProfile(directory.path()), std::nullopt);
+        QVERIFY(plugIn->openProfile(directory.path(), ProfileUse::Run));
         QCOMPARE(plugIn->library()->knownDatabases().size(), 3);
         QCOMPARE(QVDatabase::databases().size(), 3);
         QVERIFY(!QVSyncLocationFormatter::formatterForLocationWithURL(Url())->icon().isNull());

@@ -30,8 +30,8 @@ int saveUntilKilled(const QString &profile, const QString &prefix) {
     TestApplication application;
     SyncEngine engine;
     application.setEngine(&engine);
-    if (const auto error = engine.openProfile(profile)) {
-        std::fprintf(stderr, "%s\n", qPrintable(error->localizedDescription));
+    if (const auto opened = engine.openProfile(profile); !opened) {
+        std::fprintf(stderr, "%s\n", qPrintable(opened.error().localizedDescription));
         return EXIT_FAILURE;
     }
     for (int i = 0;; ++i) {
@@ -62,8 +62,8 @@ int importUntilKilled(const QString &profile) {
     TestApplication application;
     SyncEngine engine;
     application.setEngine(&engine);
-    if (const auto error = engine.openProfile(profile)) {
-        std::fprintf(stderr, "%s\n", qPrintable(error->localizedDescription));
+    if (const auto opened = engine.openProfile(profile); !opened) {
+        std::fprintf(stderr, "%s\n", qPrintable(opened.error().localizedDescription));
         return EXIT_FAILURE;
     }
     std::puts("open");

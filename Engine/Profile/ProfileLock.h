@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QtCore/QString>
+
+#include "Platform/Foundation/Expected.h"
+
+/// The right of one process to use a profile folder: a lock on the file "profile.lock" in it, which
+/// the kernel releases when the process ends, in whatever way. Works across processes and between
+/// objects of one process. Any thread, one at a time.
+class ProfileLock {
+public:
+    /// The name of the lock file. It stays in the folder; only the lock counts.
+    static inline const QString FileName = QStringLiteral("profile.lock");
+
+    ProfileLock() = default;
+    /// Releases the lock.
+    ~ProfileLock();
+    ProfileLock(const ProfileLock &) = delete;
+    ProfileLock &operator=(const ProfileLock &) = delete;
+
+    /// Locks the existing folder `directory`, without waiting. Fails with the code ProfileInUse if
+    /// the folder is locked, and with ProfileUnusable if the lock file cannot be opened. Must not
+    /// be called while the lock is held.
+    Expected<void> acquire(const QString &directory);
+    /// Releases the lock; does nothing if it is not held.
+    void release();
+    /// Removes the lock file if acquire() has created it, then releases the lock.
+    void undo();
+
+    bool isHeld() const { return m_file >= 0; }
+
+private:
+    Expected<bool> tryAcquire();
+
+    QString m_path;
+    int m_file = -1;
+    bool m_hasCreatedFile = false;
+};
