@@ -14,7 +14,7 @@
 #include "Application/NotesView.h"
 #include "Application/PlugIns.h"
 #include "Application/PreferencesWindow.h"
-#include "Application/PresentIfAny.h"
+#include "Application/PresentIfFailed.h"
 
 namespace {
 
@@ -24,8 +24,12 @@ QString shownName(const NoteDatabase &database) {
 
 }  // namespace
 
-MainWindow::MainWindow(NoteLibrary *library, EventLog *log)
-    : m_library(library), m_log(log), m_databases(new QListWidget), m_notes(new NotesView) {
+MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profileFolder)
+    : m_library(library),
+      m_log(log),
+      m_databases(new QListWidget),
+      m_notes(new NotesView(UnsavedTexts(profileFolder))) {
+    restoreUnsavedTexts(UnsavedTexts(profileFolder));
     setWindowTitle(QStringLiteral("Velmora"));
     resize(900, 560);
     m_databases->setObjectName(QStringLiteral("databases"));
@@ -42,8 +46,8 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log)
     connect(m_library, &NoteLibrary::knownDatabasesChanged, this, &MainWindow::showDatabases);
     connect(m_databases, &QListWidget::currentRowChanged, this, &MainWindow::showDatabase);
     connect(m_databases, &QListWidget::itemActivated, this, &MainWindow::toggleOpen);
+    m_database = m_library->inbox();
     showDatabases();
-    m_databases->setCurrentRow(0);
 }
 
 MainWindow::~MainWindow() = default;
@@ -59,6 +63,9 @@ void MainWindow::makeActions() {
     databaseMenu->addSeparator();
     databaseMenu->addAction(tr("&Quit"), this, &QWidget::close)->setShortcut(QKeySequence::Quit);
 
+    QMenu *editMenu = menuBar()->addMenu(tr("&Edit"));
+    editMenu->addAction(m_notes->undoDeletionAction());
+
     QMenu *toolsMenu = menuBar()->addMenu(tr("&Tools"));
     QAction *preferencesAction =
         toolsMenu->addAction(tr("Sync &Preferences…"), this, &MainWindow::showPreferences);
@@ -72,7 +79,6 @@ void MainWindow::makeActions() {
 }
 
 void MainWindow::showDatabases() {
-    const int row = m_databases->currentRow();
     {
         const QSignalBlocker blocker(m_databases);
         m_databases->clear();
@@ -84,14 +90,24 @@ void MainWindow::showDatabases() {
             connect(database.get(), &NoteDatabase::nameChanged, this, &MainWindow::showDatabases,
                     Qt::UniqueConnection);
         }
-        m_databases->setCurrentRow(row);
+        m_databases->setCurrentRow(rowOf(m_database));
     }
     showDatabase();
 }
 
 void MainWindow::showDatabase() {
     const auto database = currentDatabase();
-    m_notes->setDatabase(database);
+    if (!m_notes->setDatabase(database)) {
+        const QSignalBlocker blocker(m_databases);
+        m_databases->setCurrentRow(rowOf(m_database));
+        return;
+    }
+    m_database = database;
+    {
+        // The list may have changed while the user was asked.
+        const QSignalBlocker blocker(m_databases);
+        m_databases->setCurrentRow(rowOf(m_database));
+    }
     m_renameAction->setEnabled(database && !database->isInbox());
     m_openAction->setEnabled(database && !database->isInbox());
     m_openAction->setText(database && database->isOpen() ? tr("&Close") : tr("&Open"));
@@ -109,7 +125,7 @@ void MainWindow::createDatabase() {
         QInputDialog::getText(this, tr("New Database"), tr("Name of the new database:"),
                               QLineEdit::Normal, {}, &isAccepted);
     if (isAccepted) {
-        presentIfAny(m_library->createDatabase(name));
+        presentIfFailed(m_library->createDatabase(name));
     }
 }
 
@@ -119,18 +135,17 @@ void MainWindow::renameDatabase() {
     const QString name = QInputDialog::getText(this, tr("Rename"), tr("New name of the database:"),
                                                QLineEdit::Normal, database->name(), &isAccepted);
     if (isAccepted) {
-        presentIfAny(m_library->renameDatabase(database, name));
+        presentIfFailed(m_library->renameDatabase(database, name));
     }
 }
 
 void MainWindow::toggleOpen() {
     const auto database = currentDatabase();
-    if (!database || database->isInbox()) {
+    if (!database || database->isInbox() || !m_notes->leave()) {
         return;
     }
-    m_notes->commit();
-    presentIfAny(database->isOpen() ? m_library->closeDatabase(database)
-                                    : m_library->openDatabase(database));
+    presentIfFailed(database->isOpen() ? m_library->closeDatabase(database)
+                                       : m_library->openDatabase(database));
 }
 
 PreferencesWindow *MainWindow::showPreferences() {
@@ -163,10 +178,35 @@ void MainWindow::bringToFront() {
     activateWindow();
 }
 
-void MainWindow::closeEvent(QCloseEvent *event) {
+void MainWindow::saveAll() {
     m_notes->commit();
     if (m_preferences) {
         m_preferences->close();
     }
+}
+
+void MainWindow::restoreUnsavedTexts(const UnsavedTexts &unsavedTexts) {
+    const Expected<QStringList> titles = unsavedTexts.restore(*m_library);
+    if (!titles) {
+        NSApp()->presentError(titles.error());
+        return;
+    }
+    for (const QString &title : *titles) {
+        m_log->append(
+            windowTitle(),
+            tr("The text of “%1”, which could not be saved before, is saved.").arg(title));
+    }
+}
+
+int MainWindow::rowOf(const std::shared_ptr<NoteDatabase> &database) const {
+    return static_cast<int>(m_library->knownDatabases().indexOf(database));
+}
+
+void MainWindow::closeEvent(QCloseEvent *event) {
+    if (!m_notes->leave()) {
+        event->ignore();
+        return;
+    }
+    saveAll();
     event->accept();
 }

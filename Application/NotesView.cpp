@@ -1,37 +1,71 @@
 #include "Application/NotesView.h"
 
 #include <QtCore/QSignalBlocker>
+#include <QtGui/QAction>
 #include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
-#include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSplitter>
+#include <algorithm>
 
-#include "Application/PresentIfAny.h"
+#include "Application/NoteTextEdit.h"
+#include "Application/PresentIfFailed.h"
+#include "Application/UnsavedTextDialog.h"
 
 namespace {
 
+/// Longer titles are not editable: a line edit would take seconds for each key.
+constexpr int LongestTitle = 200000;
+
 QString shownTitle(const Note &note) {
-    return note.title.isEmpty() ? NotesView::tr("Untitled") : note.title;
+    constexpr qsizetype longest = 200;
+    return note.title.isEmpty() ? NotesView::tr("Untitled") : note.title.left(longest);
 }
 
 }  // namespace
 
-NotesView::NotesView(QWidget *parent)
+NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     : QWidget(parent),
+      m_unsavedTexts(std::move(unsavedTexts)),
       m_list(new QListWidget),
       m_title(new QLineEdit),
-      m_text(new QPlainTextEdit),
+      m_text(new NoteTextEdit),
+      m_notice(new QLabel),
       m_addButton(new QPushButton(tr("New &Note"))),
-      m_removeButton(new QPushButton(tr("&Delete Note"))) {
+      m_removeButton(new QPushButton(tr("De&lete Note"))),
+      m_undoAction(new QAction(tr("&Undo Delete Note"), this)) {
     m_list->setAccessibleName(tr("Notes"));
     m_title->setAccessibleName(tr("Title"));
     m_title->setPlaceholderText(tr("Title"));
+    m_title->setMaxLength(LongestTitle);
     m_text->setAccessibleName(tr("Text"));
+    m_notice->setObjectName(QStringLiteral("notice"));
+    m_notice->setTextFormat(Qt::PlainText);
+    m_notice->setWordWrap(true);
+    m_notice->hide();
+    m_undoAction->setShortcut(QKeySequence::Undo);
+    m_undoAction->setEnabled(false);
     m_pause.setSingleShot(true);
     m_pause.setInterval(500);
+    makeWidgets();
 
+    connect(&m_pause, &QTimer::timeout, this, &NotesView::commit);
+    connect(m_list, &QListWidget::currentRowChanged, this, &NotesView::selectNote);
+    connect(m_title, &QLineEdit::textEdited, this, &NotesView::noteEdited);
+    connect(m_text, &QPlainTextEdit::textChanged, this, &NotesView::noteEdited);
+    connect(m_addButton, &QPushButton::clicked, this, &NotesView::addNote);
+    connect(m_removeButton, &QPushButton::clicked, this, &NotesView::removeNote);
+    connect(m_undoAction, &QAction::triggered, this, &NotesView::undoDeletion);
+    showNotes();
+}
+
+NotesView::~NotesView() {
+    commit();
+}
+
+void NotesView::makeWidgets() {
     auto *listSide = new QWidget;
     auto *listLayout = new QVBoxLayout(listSide);
     listLayout->setContentsMargins(0, 0, 0, 0);
@@ -45,6 +79,7 @@ NotesView::NotesView(QWidget *parent)
     auto *noteLayout = new QVBoxLayout(noteSide);
     noteLayout->setContentsMargins(0, 0, 0, 0);
     noteLayout->addWidget(m_title);
+    noteLayout->addWidget(m_notice);
     noteLayout->addWidget(m_text);
 
     auto *splitter = new QSplitter;
@@ -55,38 +90,36 @@ NotesView::NotesView(QWidget *parent)
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(splitter);
-
-    connect(&m_pause, &QTimer::timeout, this, &NotesView::commit);
-    connect(m_list, &QListWidget::currentRowChanged, this, &NotesView::showNote);
-    connect(m_title, &QLineEdit::textEdited, this, &NotesView::noteEdited);
-    connect(m_text, &QPlainTextEdit::textChanged, this, &NotesView::noteEdited);
-    connect(m_addButton, &QPushButton::clicked, this, &NotesView::addNote);
-    connect(m_removeButton, &QPushButton::clicked, this, &NotesView::removeNote);
-    showNotes();
 }
 
-NotesView::~NotesView() {
-    commit();
-}
-
-void NotesView::setDatabase(const std::shared_ptr<NoteDatabase> &database) {
-    commit();
+bool NotesView::setDatabase(const std::shared_ptr<NoteDatabase> &database) {
+    const auto shown = database && database->isOpen() ? database : nullptr;
+    if (shown == m_database) {
+        return true;
+    }
+    if (!leave()) {
+        return false;
+    }
     if (m_database) {
         disconnect(m_database.get(), nullptr, this, nullptr);
     }
-    m_database = database && database->isOpen() ? database : nullptr;
+    m_database = shown;
     if (m_database) {
         connect(m_database.get(), &NoteDatabase::notesChanged, this, &NotesView::showNotes);
     }
     m_row = -1;
     m_note = {};
-    m_isEdited = false;
     showNotes();
+    return true;
 }
 
 void NotesView::showNotes() {
     const Expected<QList<Note>> notes = m_database ? m_database->notes() : QList<Note>();
-    m_notes = notes.value_or(QList<Note>());
+    if (!notes) {
+        NSApp()->presentError(notes.error());
+        return;
+    }
+    m_notes = *notes;
     const int row = rowOf(m_note);
     {
         const QSignalBlocker blocker(m_list);
@@ -98,42 +131,50 @@ void NotesView::showNotes() {
         m_list->setCurrentRow(row >= 0 || m_isEdited ? row : nearest);
     }
     m_addButton->setEnabled(m_database != nullptr);
-    // What is being typed stays what it was typed over, whatever has come meanwhile.
+    // The base of what the user types stays the edit that was shown, also if another one arrives.
     if (!m_isEdited) {
         showNote(m_list->currentRow());
     }
-    if (!notes) {
-        NSApp()->presentError(notes.error());
+}
+
+void NotesView::selectNote(int row) {
+    const Note wanted = row >= 0 ? m_notes.at(row) : Note();
+    if (leave()) {
+        // Saving may have moved the rows.
+        showNote(rowOf(wanted));
+    } else {
+        const QSignalBlocker blocker(m_list);
+        m_list->setCurrentRow(rowOf(m_note));
     }
 }
 
 void NotesView::showNote(int row) {
-    const Note wanted = row >= 0 ? m_notes.at(row) : Note();
-    commit();
-    if (m_isEdited) {
-        // It could not be saved, and nobody leaves it before it is.
-        const QSignalBlocker blocker(m_list);
-        m_list->setCurrentRow(rowOf(m_note));
-        return;
-    }
-    // Saving may have moved the rows.
-    m_row = rowOf(wanted);
-    const bool isNote = m_row >= 0;
-    m_note = isNote ? m_notes.at(m_row) : Note();
+    m_row = row;
+    m_note = row >= 0 ? m_notes.at(row) : Note();
     {
         const QSignalBlocker blocker(m_list);
-        m_list->setCurrentRow(m_row);
+        m_list->setCurrentRow(row);
     }
+    showContents();
+    m_title->setEnabled(row >= 0);
+    m_text->setEnabled(row >= 0);
+    m_removeButton->setEnabled(row >= 0);
+}
+
+void NotesView::showContents() {
     const QSignalBlocker blocker(m_text);
     if (m_title->text() != m_note.title) {
         m_title->setText(m_note.title);
     }
-    if (m_text->toPlainText() != m_note.text) {
-        m_text->setPlainText(m_note.text);
+    if (m_text->noteText() != m_note.text) {
+        m_text->setNoteText(m_note.text);
     }
-    m_title->setEnabled(isNote);
-    m_text->setEnabled(isNote);
-    m_removeButton->setEnabled(isNote);
+    const bool isExact = m_title->text() == m_note.title && m_text->noteText() == m_note.text;
+    m_title->setReadOnly(!isExact);
+    m_text->setReadOnly(!isExact);
+    setNotice(isExact ? QString()
+                      : tr("This note cannot be edited here: it contains something that the editor "
+                           "would change."));
 }
 
 void NotesView::noteEdited() {
@@ -149,38 +190,121 @@ int NotesView::rowOf(const Note &note) const {
     return found == m_notes.end() ? -1 : static_cast<int>(found - m_notes.begin());
 }
 
-void NotesView::commit() {
+Note NotesView::editedNote() const {
+    Note note = m_note;
+    if (m_isEdited) {
+        note.title = m_title->text();
+        note.text = m_text->noteText();
+        note.modified = QDateTime::currentDateTime();
+    }
+    return note;
+}
+
+Expected<void> NotesView::save() {
     m_pause.stop();
     if (!m_isEdited) {
-        return;
+        return {};
     }
+    Note note = editedNote();
+    // The view shows the saved note as soon as the database announces it.
     m_isEdited = false;
-    Note note = m_note;
-    note.title = m_title->text();
-    note.text = m_text->toPlainText();
-    note.modified = QDateTime::currentDateTime();
-    const Expected<void> saved = m_database->saveNote(note);
-    // What could not be saved is tried again with what is typed next, or where another is chosen.
+    Expected<void> saved = m_database->saveNote(note);
     m_isEdited = !saved;
-    presentIfAny(saved);
+    if (saved) {
+        m_unsavedTexts.remove(note.UUID);
+        m_hasToldFailure = false;
+        setNotice({});
+    } else {
+        saveFailed(saved.error());
+    }
+    return saved;
+}
+
+void NotesView::saveFailed(const Error &error) {
+    const Expected<void> kept = m_unsavedTexts.keep(m_database->UUID(), editedNote());
+    setNotice(tr("This note is not saved: %1").arg(error.localizedDescription));
+    if (!kept) {
+        NSApp()->presentError(kept.error());
+    }
+}
+
+void NotesView::setNotice(const QString &text) {
+    m_notice->setText(text);
+    m_notice->setVisible(!text.isEmpty());
+}
+
+bool NotesView::commit() {
+    const Expected<void> saved = save();
+    // The user is told once, not after each pause.
+    if (!saved && !std::exchange(m_hasToldFailure, true)) {
+        NSApp()->presentError(saved.error());
+    }
+    return saved.has_value();
+}
+
+bool NotesView::leave() {
+    for (Expected<void> saved = save(); !saved; saved = save()) {
+        switch (UnsavedTextDialog::ask(this, editedNote(), saved.error())) {
+            case UnsavedTextDialog::Choice::TryAgain:
+                break;
+            case UnsavedTextDialog::Choice::Discard:
+                discard();
+                return true;
+            case UnsavedTextDialog::Choice::KeepEditing:
+                return false;
+        }
+    }
+    return true;
+}
+
+void NotesView::discard() {
+    m_isEdited = false;
+    m_hasToldFailure = false;
+    m_unsavedTexts.remove(m_note.UUID);
+    setNotice({});
+    showContents();
 }
 
 void NotesView::addNote() {
-    commit();
+    if (!leave()) {
+        return;
+    }
     Note note;
     note.title = tr("New Note");
     note.modified = QDateTime::currentDateTime();
-    if (const Expected<void> saved = m_database->saveNote(note); !saved) {
-        presentIfAny(saved);
-        return;
+    if (presentIfFailed(m_database->saveNote(note))) {
+        m_list->setCurrentRow(rowOf(note));
+        m_title->setFocus();
+        m_title->selectAll();
     }
-    m_list->setCurrentRow(m_list->count() - 1);
-    m_title->setFocus();
-    m_title->selectAll();
 }
 
 void NotesView::removeNote() {
-    commit();
-    m_isEdited = false;
-    presentIfAny(m_database->removeNote(m_note));
+    const Note deleted = editedNote();
+    const bool wasEdited = std::exchange(m_isEdited, false);
+    m_pause.stop();
+    if (!presentIfFailed(m_database->removeNote(m_note))) {
+        m_isEdited = wasEdited;
+        return;
+    }
+    m_unsavedTexts.remove(deleted.UUID);
+    m_deletions.append({m_database, deleted});
+    m_undoAction->setEnabled(true);
+    // Not to the button, where one more key would delete the next note.
+    m_list->setFocus();
+}
+
+void NotesView::undoDeletion() {
+    if (!leave()) {
+        return;
+    }
+    auto [database, note] = m_deletions.last();
+    if (!presentIfFailed(database->saveNote(note))) {
+        return;
+    }
+    m_deletions.removeLast();
+    m_undoAction->setEnabled(!m_deletions.isEmpty());
+    if (database == m_database) {
+        m_list->setCurrentRow(rowOf(note));
+    }
 }

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "Application/EndSignals.h"
 #include "Application/LaunchOptions.h"
 #include "Application/MainWindow.h"
 #include "Application/PlugIns.h"
@@ -84,10 +85,17 @@ int runBatch(VelmoraApplication &application, LaunchOptions options, const NoteL
 
 int runWindows(VelmoraApplication &application, const LaunchOptions &options,
                NoteLibrary *library) {
-    MainWindow window(library, application.eventLog());
+    MainWindow window(library, application.eventLog(), options.profile);
+    const EndSignals endSignals;
+    QObject::connect(&endSignals, &EndSignals::received, &window, [&window] {
+        window.saveAll();
+        QCoreApplication::exit();
+    });
     const RunningInstance instance(options.profile);
     QObject::connect(&instance, &RunningInstance::raiseRequested, &window,
                      &MainWindow::bringToFront);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
+                     &MainWindow::saveAll);
     window.show();
     window.showPreferences();
     return QApplication::exec();

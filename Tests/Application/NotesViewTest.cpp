@@ -1,5 +1,6 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPlainTextEdit>
 
 #include "Application/NotesView.h"
@@ -34,7 +35,7 @@ private Q_SLOTS:
         QVERIFY(m_database->saveNote(m_first));
         // It has left this computer.
         receive({});
-        m_view = std::make_unique<NotesView>();
+        m_view = std::make_unique<NotesView>(UnsavedTexts(m_host->directory()));
         m_view->setDatabase(m_database);
     }
     void cleanup() {
@@ -77,6 +78,11 @@ private Q_SLOTS:
         QVERIFY(m_database->saveNote(second));
         m_host->makeSavesFail();
         text()->setPlainText(QStringLiteral("typed"));
+        QTimer::singleShot(0, m_view.get(), [] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            QVERIFY(box);
+            box->reject();
+        });
         list()->setCurrentRow(1);
         QCOMPARE(list()->currentRow(), 0);
         QCOMPARE(text()->toPlainText(), QStringLiteral("typed"));

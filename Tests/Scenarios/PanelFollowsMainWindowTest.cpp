@@ -62,7 +62,7 @@ private Q_SLOTS:
 
     void init() {
         m_host = std::make_unique<TestHost>(FirstContents::Welcome);
-        m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log);
+        m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
         m_window->show();
         m_preferences = new PreferencesWindow(std::make_unique<QVSyncPreferences>());
         m_preferences->show();
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         m_window.reset();
         m_host->restart();
-        m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log);
+        m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
 
         const auto recipes = m_host->library().knownDatabases()[2];
         QCOMPARE(recipes->name(), QStringLiteral("Recipes"));

@@ -119,7 +119,7 @@ int open(VelmoraApplication &application, const QString &folder, const QString &
         QTextBrowser browserWindow;
         browserWindow.setWindowTitle(QStringLiteral("Browser"));
         browserWindow.setGeometry(560, 500, 480, 160);
-        MainWindow window(sync->library(), application.eventLog());
+        MainWindow window(sync->library(), application.eventLog(), profile);
         window.move(40, 60);
         window.show();
         window.showPreferences()->move(220, 160);

@@ -1,0 +1,37 @@
+#include "Application/UnsavedTextDialog.h"
+
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+
+namespace {
+
+QString dialogText(const char *text) {
+    return QCoreApplication::translate("UnsavedTextDialog", text);
+}
+
+}  // namespace
+
+UnsavedTextDialog::Choice UnsavedTextDialog::ask(QWidget *parent, const Note &note,
+                                                 const Error &error) {
+    QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
+                    dialogText("Your text is not saved."), QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(error.localizedDescription);
+    QPushButton *tryAgain = box.addButton(dialogText("&Try Again"), QMessageBox::AcceptRole);
+    QPushButton *discard = box.addButton(dialogText("&Discard"), QMessageBox::DestructiveRole);
+    QPushButton *copy = box.addButton(dialogText("&Copy Text"), QMessageBox::ActionRole);
+    // The dialog stays open, since a copy in the clipboard is soon lost.
+    copy->disconnect(&box);
+    QObject::connect(copy, &QPushButton::clicked, &box, [&note] {
+        QGuiApplication::clipboard()->setText(note.title + QStringLiteral("\n\n") + note.text);
+    });
+    box.addButton(dialogText("&Keep Editing"), QMessageBox::RejectRole);
+    box.setDefaultButton(tryAgain);
+    box.exec();
+    if (box.clickedButton() == tryAgain) {
+        return Choice::TryAgain;
+    }
+    return box.clickedButton() == discard ? Choice::Discard : Choice::KeepEditing;
+}

@@ -1,0 +1,143 @@
+#include "Application/UnsavedTexts.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QSaveFile>
+#include <QtCore/QStandardPaths>
+#include <algorithm>
+
+#include "Application/Interface/NoteLibrary.h"
+
+namespace {
+
+const QString DatabaseKey = QStringLiteral("database");
+const QString NoteKey = QStringLiteral("note");
+const QString RevisionKey = QStringLiteral("revision");
+const QString TitleKey = QStringLiteral("title");
+const QString TextKey = QStringLiteral("text");
+const QString ModifiedKey = QStringLiteral("modified");
+
+QString textOf(const char *text) {
+    return QCoreApplication::translate("UnsavedTexts", text);
+}
+
+Error journalError(const QString &description, const QString &reason) {
+    return {.domain = QStringLiteral("Velmora"),
+            .localizedDescription = description,
+            .localizedFailureReason = reason};
+}
+
+QString shortDigest(const QString &text) {
+    const QByteArray hash =
+        QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256).first(8);
+    return QString::fromLatin1(hash.toHex());
+}
+
+bool writeFile(const QString &path, const QByteArray &contents) {
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) &&
+           file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) &&
+           file.write(contents) == contents.size() && file.commit();
+}
+
+std::shared_ptr<NoteDatabase> databaseFor(const NoteLibrary &library, const QString &UUID) {
+    const auto databases = library.knownDatabases();
+    const auto found = std::find_if(databases.begin(), databases.end(),
+                                    [&](const auto &each) { return each->UUID() == UUID; });
+    return found == databases.end() ? library.inbox() : *found;
+}
+
+/// Whether `note` was saved before the process ended.
+Expected<bool> isSaved(const NoteDatabase &database, const Note &note) {
+    return database.notes().map([&](const QList<Note> &notes) {
+        return std::any_of(notes.begin(), notes.end(), [&](const Note &each) {
+            return each.UUID == note.UUID && each.title == note.title && each.text == note.text;
+        });
+    });
+}
+
+Expected<QString> restoreFile(const QString &path, const NoteLibrary &library) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return failure(journalError(file.errorString(), {}));
+    }
+    const QJsonObject object = QJsonDocument::fromJson(file.readAll()).object();
+    Note note{object[NoteKey].toString(), object[TitleKey].toString(), object[TextKey].toString(),
+              QDateTime::fromMSecsSinceEpoch(object[ModifiedKey].toInteger()),
+              object[RevisionKey].toString()};
+    if (note.UUID.isEmpty()) {
+        return failure(journalError(textOf("The file is damaged."), {}));
+    }
+    const auto database = databaseFor(library, object[DatabaseKey].toString());
+    return isSaved(*database, note)
+        .and_then([&](bool saved) { return saved ? Expected<void>() : database->saveNote(note); })
+        .map([&] { return note.title; });
+}
+
+}  // namespace
+
+UnsavedTexts::UnsavedTexts(const QString &profileFolder)
+    : m_folders({profileFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
+                 QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)}),
+      m_prefix(QStringLiteral("unsaved-%1-").arg(shortDigest(QDir(profileFolder).absolutePath()))) {
+}
+
+Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note) const {
+    const QByteArray contents =
+        QJsonDocument(QJsonObject{{DatabaseKey, databaseUUID},
+                                  {NoteKey, note.UUID},
+                                  {RevisionKey, note.revision},
+                                  {TitleKey, note.title},
+                                  {TextKey, note.text},
+                                  {ModifiedKey, note.modified.toMSecsSinceEpoch()}})
+            .toJson(QJsonDocument::Compact);
+    const QString name = m_prefix + shortDigest(note.UUID) + QStringLiteral(".json");
+    for (const QString &folder : m_folders) {
+        if (QDir().mkpath(folder) && writeFile(folder + u'/' + name, contents)) {
+            return {};
+        }
+    }
+    return failure(journalError(textOf("The text of “%1” cannot be kept for the next start either.")
+                                    .arg(note.title.left(80)),
+                                textOf("Make room on the disk, or copy the text.")));
+}
+
+void UnsavedTexts::remove(const QString &noteUUID) const {
+    for (const QString &folder : m_folders) {
+        QFile::remove(folder + u'/' + m_prefix + shortDigest(noteUUID) + QStringLiteral(".json"));
+    }
+}
+
+QStringList UnsavedTexts::files() const {
+    QStringList paths;
+    for (const QString &folder : m_folders) {
+        const QDir directory(folder);
+        const QStringList names = directory.entryList({m_prefix + u'*'}, QDir::Files);
+        for (const QString &name : names) {
+            paths.append(directory.filePath(name));
+        }
+    }
+    return paths;
+}
+
+Expected<QStringList> UnsavedTexts::restore(const NoteLibrary &library) const {
+    QStringList titles;
+    const QStringList paths = files();
+    for (const QString &path : paths) {
+        const Expected<QString> title = restoreFile(path, library);
+        if (!title) {
+            return failure(
+                journalError(textOf("A text that was not saved cannot be restored. It is in the "
+                                    "file “%1”.")
+                                 .arg(path),
+                             title.error().localizedDescription));
+        }
+        QFile::remove(path);
+        titles.append(*title);
+    }
+    return titles;
+}

@@ -1,0 +1,254 @@
+#include "Application/MainWindow.h"
+
+#include <QtGui/QAction>
+#include <QtGui/QClipboard>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
+
+#include <csignal>
+
+#include "Application/EndSignals.h"
+#include "Application/EventLog.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+/// The main window with its real widgets on the real engine.
+class MainWindowTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestHost> m_host;
+    std::shared_ptr<NoteDatabase> m_plans;
+    EventLog m_log;
+    std::unique_ptr<MainWindow> m_window;
+
+    QListWidget *list(const char *accessibleName) const {
+        for (QListWidget *list : m_window->findChildren<QListWidget *>()) {
+            if (list->accessibleName() == QLatin1StringView(accessibleName)) {
+                return list;
+            }
+        }
+        return nullptr;
+    }
+    QListWidget *databases() const { return list("Databases"); }
+    QListWidget *notes() const { return list("Notes"); }
+    QPlainTextEdit *text() const { return m_window->findChild<QPlainTextEdit *>(); }
+    QLineEdit *title() const { return m_window->findChild<QLineEdit *>(); }
+    QPushButton *deleteButton() const {
+        const auto buttons = m_window->findChildren<QPushButton *>();
+        const auto found = std::find_if(buttons.begin(), buttons.end(), [](QPushButton *button) {
+            return button->text().remove(u'&') == QStringLiteral("Delete Note");
+        });
+        return found == buttons.end() ? nullptr : *found;
+    }
+    QAction *undoAction() const {
+        for (QAction *action : m_window->findChildren<QAction *>()) {
+            if (action->text().contains(QStringLiteral("Undo Delete"))) {
+                return action;
+            }
+        }
+        return nullptr;
+    }
+
+    void openWindow() {
+        m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
+        m_window->show();
+        databases()->setCurrentRow(1);
+    }
+    void typeText(const QString &typed) const {
+        text()->moveCursor(QTextCursor::End);
+        QTest::keyClicks(text(), typed);
+    }
+    QStringList savedTexts() const {
+        QStringList texts;
+        const QList<Note> saved = m_plans->notes().value();
+        for (const Note &note : saved) {
+            texts.append(note.text);
+        }
+        return texts;
+    }
+    QStringList journal() const {
+        return QDir(m_host->directory()).entryList({QStringLiteral("unsaved-*")});
+    }
+    /// Clicks the buttons of the questions that come next, one after the other.
+    void answer(QStringList buttons) const {
+        QTimer::singleShot(0, m_window.get(), [this, buttons]() mutable {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            QVERIFY(box);
+            const QString wanted = buttons.takeFirst();
+            for (QAbstractButton *button : box->buttons()) {
+                if (button->text().remove(u'&') == wanted) {
+                    if (!buttons.isEmpty()) {
+                        answer(buttons);
+                    }
+                    button->click();
+                    return;
+                }
+            }
+            QFAIL(qPrintable(wanted));
+        });
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        m_plans = m_host->addDatabase(QStringLiteral("Plans"));
+        m_host->addDatabase(QStringLiteral("Other"));
+        for (const char *name : {"First", "Second"}) {
+            Note note{.title = QString::fromLatin1(name), .text = QString::fromLatin1(name)};
+            QVERIFY(m_plans->saveNote(note));
+        }
+        openWindow();
+    }
+    void cleanup() {
+        m_window.reset();
+        m_plans.reset();
+        m_host.reset();
+    }
+
+    void anotherDatabaseIsNotChosenWhileTextIsUnsaved() {
+        m_host->makeSavesFail();
+        typeText(QStringLiteral(" typed"));
+        answer({QStringLiteral("Copy Text"), QStringLiteral("Keep Editing")});
+        databases()->setCurrentRow(2);
+        QCOMPARE(databases()->currentRow(), 1);
+        QCOMPARE(text()->toPlainText(), QStringLiteral("First typed"));
+        QVERIFY(QGuiApplication::clipboard()->text().endsWith(QStringLiteral("First typed")));
+        m_host->letSavesPass();
+        databases()->setCurrentRow(2);
+        QCOMPARE(databases()->currentRow(), 2);
+        QCOMPARE(savedTexts().first(), QStringLiteral("First typed"));
+        QVERIFY(journal().isEmpty());
+    }
+
+    void aChangedListOfDatabasesLeavesTheTextAlone() {
+        m_host->makeSavesFail();
+        typeText(QStringLiteral(" typed"));
+        Q_EMIT m_host->library().knownDatabasesChanged();
+        QCOMPARE(databases()->currentRow(), 1);
+        QCOMPARE(text()->toPlainText(), QStringLiteral("First typed"));
+        m_host->letSavesPass();
+        QTRY_COMPARE(savedTexts().first(), QStringLiteral("First typed"));
+    }
+
+    void theWindowStaysOpenUntilTheTextIsSaved() {
+        m_host->makeSavesFail();
+        typeText(QStringLiteral(" typed"));
+        answer({QStringLiteral("Keep Editing")});
+        QVERIFY(!m_window->close());
+        QVERIFY(m_window->isVisible());
+        answer({QStringLiteral("Try Again"), QStringLiteral("Keep Editing")});
+        QVERIFY(!m_window->close());
+        m_host->letSavesPass();
+        QVERIFY(m_window->close());
+        QCOMPARE(savedTexts().first(), QStringLiteral("First typed"));
+    }
+
+    void aTextThatTheUserDiscardsIsGone() {
+        m_host->makeSavesFail();
+        typeText(QStringLiteral(" typed"));
+        answer({QStringLiteral("Discard")});
+        QVERIFY(m_window->close());
+        QVERIFY(journal().isEmpty());
+        m_host->letSavesPass();
+        QCOMPARE(savedTexts().first(), QStringLiteral("First"));
+    }
+
+    void anUnsavedTextSurvivesTheProcess() {
+        m_host->makeSavesFail();
+        typeText(QStringLiteral(" typed"));
+        QTRY_COMPARE(journal().size(), 1);
+        m_window.reset();
+        m_host->letSavesPass();
+        m_plans.reset();
+        m_host->restart();
+        m_plans = m_host->library().knownDatabases().at(1);
+        openWindow();
+        QCOMPARE(savedTexts(),
+                 QStringList({QStringLiteral("First typed"), QStringLiteral("Second")}));
+        QVERIFY(journal().isEmpty());
+    }
+
+    void theSignalToEndSavesWhatIsTyped() {
+        const EndSignals endSignals;
+        connect(&endSignals, &EndSignals::received, m_window.get(), &MainWindow::saveAll);
+        const QSignalSpy received(&endSignals, &EndSignals::received);
+        typeText(QStringLiteral(" typed"));
+        QCOMPARE(::raise(SIGTERM), 0);
+        QTRY_COMPARE(received.size(), 1);
+        QCOMPARE(savedTexts().first(), QStringLiteral("First typed"));
+    }
+
+    void aDeletedNoteComesBack() {
+        deleteButton()->setFocus();
+        QTest::keyClick(deleteButton(), Qt::Key_Space);
+        QCOMPARE(savedTexts(), QStringList{QStringLiteral("Second")});
+        QVERIFY(notes()->hasFocus() || m_window->focusWidget() == notes());
+        undoAction()->trigger();
+        QCOMPARE(savedTexts(), QStringList({QStringLiteral("Second"), QStringLiteral("First")}));
+        QCOMPARE(text()->toPlainText(), QStringLiteral("First"));
+        QVERIFY(!undoAction()->isEnabled());
+    }
+
+    void deletingSparesAnEditThatWasNotSeen() {
+        // What the user is typing hides the edit that another computer makes.
+        QTest::keyClicks(text(), QStringLiteral("typed "));
+        Note edit = m_plans->notes().value().first();
+        edit.text = QStringLiteral("from another computer");
+        QVERIFY(m_plans->saveNote(edit));
+        deleteButton()->click();
+        QVERIFY(savedTexts().contains(QStringLiteral("from another computer")));
+        undoAction()->trigger();
+        QVERIFY(savedTexts().contains(QStringLiteral("typed First")));
+    }
+
+    void noMnemonicIsUsedTwice() {
+        QStringList titles;
+        for (const QAction *action : m_window->menuBar()->actions()) {
+            titles.append(action->text());
+        }
+        for (const QPushButton *button : m_window->findChildren<QPushButton *>()) {
+            titles.append(button->text());
+        }
+        QSet<QKeySequence> mnemonics;
+        for (const QString &each : titles) {
+            const QKeySequence mnemonic = QKeySequence::mnemonic(each);
+            QVERIFY2(!mnemonic.isEmpty(), qPrintable(each));
+            QVERIFY2(!mnemonics.contains(mnemonic), qPrintable(each));
+            mnemonics.insert(mnemonic);
+        }
+    }
+
+    void aLongTitleIsNotCut() {
+        Note note = m_plans->notes().value().first();
+        note.title = QString(40000, u't') + QStringLiteral("\u00A0\u2028\r\n end");
+        QVERIFY(m_plans->saveNote(note));
+        typeText(QStringLiteral("!"));
+        m_window->saveAll();
+        QCOMPARE(m_plans->notes().value().first().title, note.title);
+        QTest::keyClicks(title(), QStringLiteral("s"));
+        m_window->saveAll();
+        QCOMPARE(m_plans->notes().value().first().title, note.title + u's');
+    }
+
+    void aNoteThatCannotBeShownIsLeftAlone() {
+        Note note = m_plans->notes().value().first();
+        note.title = QString(250000, u't');
+        QVERIFY(m_plans->saveNote(note));
+        QVERIFY(title()->isReadOnly());
+        QVERIFY(text()->isReadOnly());
+        QVERIFY(m_window->findChild<QLabel *>(QStringLiteral("notice"))->isVisible());
+        typeText(QStringLiteral("!"));
+        m_window->saveAll();
+        QCOMPARE(m_plans->notes().value().first().title, note.title);
+        notes()->setCurrentRow(1);
+        QVERIFY(!title()->isReadOnly());
+    }
+};
+
+VELMORA_TEST(MainWindowTest)
+#include "MainWindowTest.moc"

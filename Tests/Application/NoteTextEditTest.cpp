@@ -1,0 +1,79 @@
+#include "Application/NoteTextEdit.h"
+
+#include <random>
+
+#include "Support/TestMain.h"
+
+/// The editor returns what it was given, with nothing but the user's edits.
+class NoteTextEditTest : public QObject {
+    Q_OBJECT
+
+    /// Shows `text`, types `key` at its end, and returns what the editor holds then.
+    static QString textWithKeyAtEnd(const QString &text) {
+        NoteTextEdit editor;
+        if (!editor.setNoteText(text)) {
+            return QStringLiteral("not shown");
+        }
+        editor.moveCursor(QTextCursor::End);
+        QTest::keyClick(&editor, Qt::Key_Exclam);
+        return editor.noteText();
+    }
+
+private Q_SLOTS:
+    void everyCharacterSurvivesAnEditBesideIt() {
+        constexpr char32_t last = 0x10FFFF;
+        constexpr char32_t piece = 0x400;
+        for (char32_t first = 0; first <= last; first += piece) {
+            QString text = QStringLiteral("a");
+            for (char32_t code = first; code < first + piece; ++code) {
+                if (!QChar::isSurrogate(code)) {
+                    text += QChar::fromUcs4(code);
+                    text += u'x';
+                }
+            }
+            QVERIFY2(textWithKeyAtEnd(text) == text + u'!',
+                     QByteArray::number(first, 16).constData());
+        }
+    }
+
+    void lineEndsSurviveInAnyOrder() {
+        const QStringList pieces{
+            QStringLiteral("\n"),     QStringLiteral("\r"),     QStringLiteral("\r\n"),
+            QStringLiteral("\u2028"), QStringLiteral("\u2029"), QStringLiteral("\uFDD0"),
+            QStringLiteral("\uFDD1"), QStringLiteral("\u00A0"), QStringLiteral("word"),
+            QStringLiteral("\t"),     QStringLiteral("\u0085"), QStringLiteral("😀")};
+        std::mt19937 random(20);
+        std::uniform_int_distribution<qsizetype> anyPiece(0, pieces.size() - 1);
+        for (int round = 0; round < 2000; ++round) {
+            QString text;
+            for (int i = 0; i < round % 12; ++i) {
+                text += pieces[anyPiece(random)];
+            }
+            const QString after = textWithKeyAtEnd(text);
+            QVERIFY2(after == text + u'!', qPrintable(QString::number(round)));
+        }
+    }
+
+    void removingTextBetweenLineEndsKeepsThem() {
+        NoteTextEdit editor;
+        QVERIFY(editor.setNoteText(QStringLiteral("one\rtwo\r\nthree\u2029four")));
+        editor.moveCursor(QTextCursor::End);
+        for (int i = 0; i < 4; ++i) {
+            QTest::keyClick(&editor, Qt::Key_Backspace);
+        }
+        QCOMPARE(editor.noteText(), QStringLiteral("one\rtwo\r\nthree\u2029"));
+        QTest::keyClick(&editor, Qt::Key_Backspace);
+        QCOMPARE(editor.noteText(), QStringLiteral("one\rtwo\r\nthree"));
+        editor.moveCursor(QTextCursor::Start);
+        QTest::keyClick(&editor, Qt::Key_End);
+        QTest::keyClick(&editor, Qt::Key_Return);
+        const QString after = editor.noteText();
+        QVERIFY(after.endsWith(QStringLiteral("two\r\nthree")));
+        NoteTextEdit again;
+        QVERIFY(again.setNoteText(after));
+        QCOMPARE(again.blockCount(), editor.blockCount());
+    }
+};
+
+VELMORA_TEST(NoteTextEditTest)
+#include "NoteTextEditTest.moc"
