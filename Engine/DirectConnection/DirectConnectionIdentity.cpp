@@ -78,7 +78,9 @@ std::optional<Error> DirectConnectionIdentity::load(const QString &directory,
     const QString path = directory + QStringLiteral("/Direct Connection.pem");
     if (!QFileInfo::exists(path) && !writePrivately(path, newIdentity())) {
         return engineError(EngineErrorCode::ServerUnusable,
-                           "The certificate “%1” of this computer cannot be made.", path);
+                           "The certificate “%1” of this computer could not be created. Check the "
+                           "permissions of the profile folder.",
+                           path);
     }
     QFile file(path);
     // Whatever a copy of the profile has made of them.
@@ -88,7 +90,9 @@ std::optional<Error> DirectConnectionIdentity::load(const QString &directory,
     identity.certificate = QSslCertificate(contents);
     if (identity.privateKey.isNull() || identity.certificate.isNull()) {
         return engineError(EngineErrorCode::ServerUnusable,
-                           "The certificate “%1” of this computer is damaged.", path);
+                           "The certificate “%1” of this computer is damaged. Delete it and pair "
+                           "the other computers again.",
+                           path);
     }
     return {};
 }

@@ -31,7 +31,10 @@ void ignoreBrokenPipes() {
 }
 
 Error unreachable(const QString &host) {
-    return engineError(EngineErrorCode::StoreUnreachable, "“%1” cannot be reached.", host);
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "“%1” cannot be reached. Check that the computer is on and lets other "
+                       "computers synchronize.",
+                       host);
 }
 
 Addresses lookUp(const QString &host, quint16 port) {
@@ -155,8 +158,8 @@ std::optional<Error> DirectConnectionLink::exchange(const QCborMap &request, QCb
         isThere ? DirectConnectionMessage::decode(body) : std::nullopt;
     if (!message) {
         disconnect();
-        return engineError(EngineErrorCode::StoreUnreachable, "The connection with “%1” was lost.",
-                           m_host);
+        return engineError(EngineErrorCode::StoreUnreachable,
+                           "The connection to “%1” was lost. Try again.", m_host);
     }
     answer = *message;
     return {};

@@ -29,7 +29,7 @@ bool isServedBlob(const QString &name) {
 }
 
 Error notServed(const QString &name) {
-    return engineError(EngineErrorCode::BlobRefused, "Nothing in a sync store may be called “%1”.",
+    return engineError(EngineErrorCode::BlobRefused, "“%1” is not a valid name in a sync store.",
                        name);
 }
 
@@ -45,7 +45,9 @@ std::optional<Error> DirectConnectionPackage::make() const {
     for (const QString &folder : {QStringLiteral("/databases"), QStringLiteral("/transactions")}) {
         if (!QDir().mkpath(m_path + folder)) {
             return engineError(EngineErrorCode::ServerUnusable,
-                               "The sync store “%1” cannot be made.", m_path);
+                               "The sync store “%1” could not be created. Check the permissions of "
+                               "the folder that contains it.",
+                               m_path);
         }
     }
     return {};

@@ -37,10 +37,10 @@ void present(const Error &error) {
 
 Question questionFor(const DirectConnectionPairing &client) {
     QString details =
-        localizedSyncString("It shows a code. Allow it only where it is the same as here: %1")
+        localizedSyncString("It shows a code. Allow it only if the code is the same as here: %1")
             .arg(client.code());
     if (DirectConnectionClients::isKnown(client.clientName)) {
-        details += u'\n' + localizedSyncString("It takes the place of another one of this name.");
+        details += u'\n' + localizedSyncString("It replaces another computer of this name.");
     }
     return {localizedSyncString("Let “%1” synchronize with this computer?").arg(client.clientName),
             details, localizedSyncString("Allow"), localizedSyncString("Refuse")};
@@ -133,7 +133,9 @@ std::optional<Error> DirectConnectionServer::listen(const DirectConnectionIdenti
     }
     return engineError(
         EngineErrorCode::ServerUnusable,
-        localizedSyncString("The server cannot use the port %1: %2").arg(m_port).arg(failure));
+        localizedSyncString("The server cannot use the port %1. Choose another port. (%2)")
+            .arg(m_port)
+            .arg(failure));
 }
 
 void DirectConnectionServer::stop() {

@@ -37,7 +37,7 @@ QString clientName() {
 
 Question questionFor(const QString &host, const QString &code) {
     return {localizedSyncString("Connect with “%1”?").arg(host),
-            localizedSyncString("It shows a code. Connect only where it is the same as here: %1")
+            localizedSyncString("It shows a code. Connect only if the code is the same as here: %1")
                 .arg(code),
             localizedSyncString("Connect"), localizedSyncString("Cancel")};
 }
@@ -134,10 +134,10 @@ std::optional<Error> DirectConnectionStore::connect(const EngineFuture &future) 
         m_link.connect(URL().host(), URL().port().value_or(DirectConnection::DefaultPort), future);
     const std::optional<QByteArray> pinned = pairings.fingerprint(m_pairingKey);
     if (!error && pinned && *pinned != m_link.serverFingerprint()) {
-        error = engineError(
-            EngineErrorCode::CertificateUntrusted,
-            "“%1” is not the computer that was paired. If it should be, add the location anew.",
-            URL().host());
+        error = engineError(EngineErrorCode::CertificateUntrusted,
+                            "“%1” is not the computer that was paired. If this is intended, remove "
+                            "the location and add it again.",
+                            URL().host());
     }
     if (!error) {
         const std::optional<QByteArray> secret =
@@ -208,18 +208,22 @@ std::optional<Error> DirectConnectionStore::takeWelcome(const QCborMap &answer) 
     }
     if (answer[Type] == Busy) {
         return engineError(EngineErrorCode::AccessDenied,
-                           "“%1” cannot be asked just now. Try again in a while.", URL().host());
+                           "“%1” is busy with another request. Try again later.", URL().host());
     }
     if (answer[Type] == Refused) {
-        return engineError(EngineErrorCode::AccessDenied,
-                           "“%1” does not let this computer synchronize.", URL().host());
+        return engineError(
+            EngineErrorCode::AccessDenied,
+            "“%1” does not allow this computer to synchronize. Allow it there and try again.",
+            URL().host());
     }
     return notUnderstood();
 }
 
 Error DirectConnectionStore::notUnderstood() const {
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       "“%1” answers in a way that is not understood.", URL().host());
+    return engineError(
+        EngineErrorCode::StoreUnreachable,
+        "“%1” sent an invalid response. Use the same version of Velmora on both computers.",
+        URL().host());
 }
 
 Error DirectConnectionStore::refusal(const QCborMap &answer, const QString &name) const {
@@ -232,5 +236,5 @@ Error DirectConnectionStore::refusal(const QCborMap &answer, const QString &name
     }
     const bool isFull = reason == StoreFull;
     return engineError(isFull ? EngineErrorCode::StoreFull : EngineErrorCode::StoreUnreachable,
-                       "“%1” cannot read or write its sync store.", URL().host());
+                       "“%1” cannot read or write its sync store. Check its disk.", URL().host());
 }

@@ -82,7 +82,9 @@ Expected<void> writeLocation(const ProfileDatabase &profile, const QString &UUID
     if (!QDir().mkpath(package + QStringLiteral("/databases")) ||
         !QDir().mkpath(package + QStringLiteral("/transactions"))) {
         return failure(engineError(EngineErrorCode::ProfileUnusable,
-                                   "The sync store “%1” cannot be made.", package));
+                                   "The sync store “%1” could not be created. Check the "
+                                   "permissions of the folder that contains it.",
+                                   package));
     }
     const QString location = newUUID();
     return profile

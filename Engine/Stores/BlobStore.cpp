@@ -79,17 +79,16 @@ QString BlobStore::place(const QString &name) const {
 }
 
 Error BlobStore::missing(const QString &name) const {
-    return engineError(EngineErrorCode::BlobMissing, "“%1” is not there.", place(name));
+    return engineError(EngineErrorCode::BlobMissing, "“%1” does not exist.", place(name));
 }
 
 Error BlobStore::tooLong(const QString &name) const {
-    return engineError(EngineErrorCode::BlobRefused, "“%1” is too long and was not read.",
+    return engineError(EngineErrorCode::BlobRefused, "“%1” is too large and was not read.",
                        place(name));
 }
 
 Error BlobStore::refused(const QString &name) const {
-    return engineError(EngineErrorCode::BlobRefused,
-                       "“%1” is something else than a file or folder of a sync store.",
+    return engineError(EngineErrorCode::BlobRefused, "“%1” isn’t a valid item in a sync store.",
                        place(name));
 }
 
@@ -99,7 +98,7 @@ std::optional<Error> BlobStore::obstacle(const QString &name, const EngineFuture
     }
     if (!isName(name)) {
         return engineError(EngineErrorCode::BlobRefused,
-                           "Nothing in a sync store may be called “%1”.", name);
+                           "“%1” is not a valid name in a sync store.", name);
     }
     return {};
 }

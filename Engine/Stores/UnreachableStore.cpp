@@ -30,8 +30,11 @@ Expected<void> UnreachableStore::removeBlob(const QString & /*name*/,
 
 Error UnreachableStore::reason() const {
     const QString description =
-        URL().isNil() ? localizedSyncString("This location has no address yet.")
-                      : localizedSyncString("Locations of the kind “%1” cannot be reached yet.")
-                            .arg(URL().scheme());
+        URL().isNil()
+            ? localizedSyncString("This location has no address. Remove it and add it again.")
+            : localizedSyncString(
+                  "Velmora does not support locations of the kind “%1”. Remove this location and "
+                  "add another one.")
+                  .arg(URL().scheme());
     return engineError(EngineErrorCode::StoreUnreachable, description);
 }

@@ -176,7 +176,7 @@
         <translation>Dem Profil „%1“ fehlt der Eingang. Stellen Sie es aus einer Sicherungskopie wieder her, oder verwenden Sie ein anderes Profil.</translation>
     </message>
     <message>
-        <source>The profile “%1” is gone.</source>
+        <source>The profile “%1” no longer exists. Quit Velmora and restore it from a backup.</source>
         <translation>Das Profil „%1“ ist nicht mehr vorhanden. Beenden Sie Velmora, und stellen Sie es aus einer Sicherungskopie wieder her.</translation>
     </message>
     <message>
@@ -192,23 +192,23 @@
         <translation>Der Sync-Speicher ist nicht geöffnet.</translation>
     </message>
     <message>
-        <source>This location has no address yet.</source>
+        <source>This location has no address. Remove it and add it again.</source>
         <translation>Dieser Ort hat keine Adresse. Entfernen Sie ihn, und fügen Sie ihn neu hinzu.</translation>
     </message>
     <message>
-        <source>Locations of the kind “%1” cannot be reached yet.</source>
+        <source>Velmora does not support locations of the kind “%1”. Remove this location and add another one.</source>
         <translation>Velmora unterstützt keine Orte der Art „%1“. Entfernen Sie diesen Ort, und fügen Sie einen anderen hinzu.</translation>
     </message>
     <message>
-        <source>“%1” is a folder on another computer.</source>
+        <source>“%1” is a folder on another computer. Choose a folder on this computer.</source>
         <translation>„%1“ ist ein Ordner auf einem anderen Computer. Wählen Sie einen Ordner auf diesem Computer.</translation>
     </message>
     <message>
-        <source>The sync store “%1” is not there.</source>
+        <source>The sync store “%1” does not exist. Check whether it was moved or renamed.</source>
         <translation>Der Sync-Speicher „%1“ ist nicht vorhanden. Prüfen Sie, ob er verschoben oder umbenannt wurde.</translation>
     </message>
     <message>
-        <source>“%1” is not a sync store.</source>
+        <source>“%1” is not a sync store. Edit the location and choose another one.</source>
         <translation>„%1“ ist kein Sync-Speicher. Bearbeiten Sie den Ort, und wählen Sie einen anderen.</translation>
     </message>
     <message>
@@ -228,23 +228,23 @@
         <translation>Ausgestellt für: %1</translation>
     </message>
     <message>
-        <source>No secure connection to the server “%1” can be made: %2.</source>
+        <source>A secure connection to the server “%1” could not be established: %2.</source>
         <translation>Zum Server „%1“ konnte keine sichere Verbindung hergestellt werden: %2.</translation>
     </message>
     <message>
-        <source>Nothing in a sync store may be called “%1”.</source>
+        <source>“%1” is not a valid name in a sync store.</source>
         <translation>„%1“ ist kein gültiger Name in einem Sync-Speicher.</translation>
     </message>
     <message>
-        <source>The answer of the server “%1” is not expected (HTTP %2).</source>
+        <source>The server “%1” sent an unexpected response (HTTP %2). Try again later or ask its administrator.</source>
         <translation>Der Server „%1“ hat unerwartet geantwortet (HTTP %2). Versuchen Sie es später noch einmal, oder fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
-        <source>The answer of the server “%1” is not understood.</source>
+        <source>The server “%1” sent an invalid response. Try again later or ask its administrator.</source>
         <translation>Der Server „%1“ hat eine ungültige Antwort gesendet. Versuchen Sie es später noch einmal, oder fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
-        <source>The answer of the server “%1” is too long.</source>
+        <source>The server “%1” sent a response that is too long. Ask its administrator.</source>
         <translation>Der Server „%1“ hat eine zu lange Antwort gesendet. Fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
@@ -256,39 +256,39 @@
         <translation>Das Zertifikat ist noch nicht gültig.</translation>
     </message>
     <message>
-        <source>The certificate is signed by nobody but itself.</source>
+        <source>The certificate is self-signed.</source>
         <translation>Das Zertifikat ist selbst signiert.</translation>
     </message>
     <message>
-        <source>The certificate is that of another server.</source>
+        <source>The certificate was issued for another server.</source>
         <translation>Das Zertifikat wurde für einen anderen Server ausgestellt.</translation>
     </message>
     <message>
-        <source>The certificate was issued by an authority that this computer does not know.</source>
+        <source>The certificate was issued by an authority that this computer does not trust.</source>
         <translation>Das Zertifikat wurde von einer Stelle ausgestellt, der dieser Computer nicht vertraut.</translation>
     </message>
     <message>
-        <source>The folder “%1” is not there on the server.</source>
+        <source>The folder “%1” does not exist on the server. Create it there or edit the location.</source>
         <translation>Der Ordner „%1“ ist auf dem Server nicht vorhanden. Legen Sie ihn dort an, oder bearbeiten Sie den Ort.</translation>
     </message>
     <message>
-        <source>The server does not allow you to use “%1”.</source>
+        <source>The server does not allow you to use “%1”. Ask its administrator for access.</source>
         <translation>Der Server erlaubt Ihnen nicht, „%1“ zu benutzen. Bitten Sie seinen Verwalter um Zugriff.</translation>
     </message>
     <message>
-        <source>The server “%1” asks for a password, and none is stored for this location.</source>
+        <source>The server “%1” requires a password, but none is saved for this location. Edit the location to enter it.</source>
         <translation>Der Server „%1“ verlangt ein Passwort, aber für diesen Ort ist keines gespeichert. Bearbeiten Sie den Ort, um es einzugeben.</translation>
     </message>
     <message>
-        <source>The server “%1” broke off before it had answered, or is no web server.</source>
+        <source>The server “%1” closed the connection without a response. Check its name and port.</source>
         <translation>Der Server „%1“ hat die Verbindung ohne Antwort beendet. Prüfen Sie seinen Namen und den Port.</translation>
     </message>
     <message>
-        <source>The server “%1” cannot be reached: %2.</source>
+        <source>The server “%1” cannot be reached: %2. Check the network connection.</source>
         <translation>Der Server „%1“ ist nicht erreichbar: %2. Prüfen Sie die Netzverbindung.</translation>
     </message>
     <message>
-        <source>The server “%1” cannot be reached: nothing answers at this port.</source>
+        <source>The server “%1” refused the connection. Check the port, and whether the server is running.</source>
         <translation>Der Server „%1“ hat die Verbindung abgelehnt. Prüfen Sie den Port und ob der Server läuft.</translation>
     </message>
     <message>
@@ -300,15 +300,15 @@
         <translation>Der Server „%1“ kann sich nicht ausweisen: %2</translation>
     </message>
     <message>
-        <source>The server “%1” does not accept this user name and password.</source>
+        <source>The server “%1” does not accept this user name and password. Edit the location to correct them.</source>
         <translation>Der Server „%1“ akzeptiert diesen Benutzernamen und dieses Passwort nicht. Bearbeiten Sie den Ort, um sie zu berichtigen.</translation>
     </message>
     <message>
-        <source>The server “%1” does not answer.</source>
+        <source>The server “%1” does not respond. Check the network connection and try again.</source>
         <translation>Der Server „%1“ antwortet nicht. Prüfen Sie die Netzverbindung, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
-        <source>The server “%1” has a problem of its own (HTTP %2).</source>
+        <source>The server “%1” reported an internal error (HTTP %2). Try again later or ask its administrator.</source>
         <translation>Der Server „%1“ hat einen internen Fehler gemeldet (HTTP %2). Versuchen Sie es später noch einmal, oder fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
@@ -316,39 +316,39 @@
         <translation>Der Server „%1“ ist überlastet. Versuchen Sie es später noch einmal.</translation>
     </message>
     <message>
-        <source>The server “%1” is full.</source>
+        <source>The server “%1” has no space left. Delete files there or ask its administrator.</source>
         <translation>Auf dem Server „%1“ ist kein Platz mehr. Löschen Sie dort Dateien, oder fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
-        <source>The server “%1” is no WebDAV server at this address.</source>
+        <source>The server “%1” does not offer WebDAV at this address. Edit the location to correct it.</source>
         <translation>Der Server „%1“ bietet unter dieser Adresse kein WebDAV an. Bearbeiten Sie den Ort, um sie zu berichtigen.</translation>
     </message>
     <message>
-        <source>The server “%1” points from one address to the next without end.</source>
+        <source>The server “%1” redirects too often. Check the address of the location.</source>
         <translation>Der Server „%1“ leitet zu oft weiter. Prüfen Sie die Adresse des Ortes.</translation>
     </message>
     <message>
-        <source>The server “%1” points to “%2”. If that is right, enter it as the address.</source>
+        <source>The server “%1” redirects to “%2”. If that is correct, edit the location and enter it as the address.</source>
         <translation>Der Server „%1“ leitet zu „%2“ weiter. Wenn das richtig ist, bearbeiten Sie den Ort, und tragen Sie es als Adresse ein.</translation>
     </message>
     <message>
-        <source>The server “%1” takes too long to answer.</source>
+        <source>The server “%1” takes too long to respond. Try again later.</source>
         <translation>Der Server „%1“ braucht zu lange für seine Antwort. Versuchen Sie es später noch einmal.</translation>
     </message>
     <message>
-        <source>The sync store “%1” is read-only.</source>
+        <source>The sync store “%1” is read-only. Change its permissions or choose another one.</source>
         <translation>Der Sync-Speicher „%1“ ist schreibgeschützt. Ändern Sie seine Zugriffsrechte, oder wählen Sie einen anderen.</translation>
     </message>
     <message>
-        <source>The volume that holds the sync store “%1” is full.</source>
+        <source>The volume that contains the sync store “%1” is full. Free some space on it.</source>
         <translation>Der Datenträger mit dem Sync-Speicher „%1“ ist voll. Schaffen Sie darauf Platz.</translation>
     </message>
     <message>
-        <source>The volume that holds the sync store “%1” is not mounted.</source>
+        <source>The volume that contains the sync store “%1” is not mounted. Connect it and try again.</source>
         <translation>Der Datenträger mit dem Sync-Speicher „%1“ ist nicht eingehängt. Schließen Sie ihn an, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
-        <source>There is no server “%1”. Check its name and the network.</source>
+        <source>The server “%1” was not found. Check its name and the network connection.</source>
         <translation>Der Server „%1“ wurde nicht gefunden. Prüfen Sie seinen Namen und die Netzverbindung.</translation>
     </message>
     <message>
@@ -360,7 +360,7 @@
         <translation>Gültig von %1 bis %2</translation>
     </message>
     <message>
-        <source>You do not have permission to use “%1”.</source>
+        <source>You do not have permission to use “%1”. Change its permissions or choose another sync store.</source>
         <translation>Sie haben keine Berechtigung, „%1“ zu benutzen. Ändern Sie die Zugriffsrechte, oder wählen Sie einen anderen Sync-Speicher.</translation>
     </message>
     <message>
@@ -368,27 +368,27 @@
         <translation>„%1“ kann nicht gelesen oder geschrieben werden: %2.</translation>
     </message>
     <message>
-        <source>“%1” is larger than the server accepts.</source>
+        <source>“%1” is larger than the server accepts. Ask its administrator to raise the limit.</source>
         <translation>„%1“ ist größer, als der Server erlaubt. Bitten Sie seinen Verwalter, die Grenze zu erhöhen.</translation>
     </message>
     <message>
-        <source>“%1” is locked on the server.</source>
+        <source>“%1” is locked on the server. Try again later.</source>
         <translation>„%1“ ist auf dem Server gesperrt. Versuchen Sie es später noch einmal.</translation>
     </message>
     <message>
-        <source>“%1” is not there.</source>
+        <source>“%1” does not exist.</source>
         <translation>„%1“ ist nicht vorhanden.</translation>
     </message>
     <message>
-        <source>“%1” is something else than a file or folder of a sync store.</source>
+        <source>“%1” isn’t a valid item in a sync store.</source>
         <translation>„%1“ ist kein gültiges Objekt in einem Sync-Speicher.</translation>
     </message>
     <message>
-        <source>“%1” is too long and was not read.</source>
+        <source>“%1” is too large and was not read.</source>
         <translation>„%1“ ist zu groß und wurde nicht gelesen.</translation>
     </message>
     <message>
-        <source>The sync store “%1” cannot be made.</source>
+        <source>The sync store “%1” could not be created. Check the permissions of the folder that contains it.</source>
         <translation>Der Sync-Speicher „%1“ konnte nicht angelegt werden. Prüfen Sie die Zugriffsrechte des Ordners, in dem er liegen soll.</translation>
     </message>
     <message>
@@ -764,27 +764,27 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Wählen …</translation>
     </message>
     <message>
-        <source>The certificate “%1” of this computer cannot be made.</source>
+        <source>The certificate “%1” of this computer could not be created. Check the permissions of the profile folder.</source>
         <translation>Das Zertifikat „%1“ dieses Computers konnte nicht angelegt werden. Prüfen Sie die Zugriffsrechte des Profilordners.</translation>
     </message>
     <message>
-        <source>The certificate “%1” of this computer is damaged.</source>
+        <source>The certificate “%1” of this computer is damaged. Delete it and pair the other computers again.</source>
         <translation>Das Zertifikat „%1“ dieses Computers ist beschädigt. Löschen Sie es, und verbinden Sie die anderen Computer neu.</translation>
     </message>
     <message>
-        <source>“%1” cannot be reached.</source>
+        <source>“%1” cannot be reached. Check that the computer is on and lets other computers synchronize.</source>
         <translation>„%1“ ist nicht erreichbar. Prüfen Sie, ob der Computer eingeschaltet ist und anderen Computern das Synchronisieren erlaubt.</translation>
     </message>
     <message>
-        <source>The connection with “%1” was lost.</source>
+        <source>The connection to “%1” was lost. Try again.</source>
         <translation>Die Verbindung zu „%1“ ist abgebrochen. Versuchen Sie es noch einmal.</translation>
     </message>
     <message>
-        <source>It shows a code. Allow it only where it is the same as here: %1</source>
+        <source>It shows a code. Allow it only if the code is the same as here: %1</source>
         <translation>Dort wird ein Code gezeigt. Erlauben Sie es nur, wenn er derselbe ist wie hier: %1</translation>
     </message>
     <message>
-        <source>It takes the place of another one of this name.</source>
+        <source>It replaces another computer of this name.</source>
         <translation>Er ersetzt einen anderen Computer dieses Namens.</translation>
     </message>
     <message>
@@ -800,7 +800,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Ablehnen</translation>
     </message>
     <message>
-        <source>The server cannot use the port %1: %2</source>
+        <source>The server cannot use the port %1. Choose another port. (%2)</source>
         <translation>Der Server kann den Port %1 nicht verwenden. Wählen Sie einen anderen Port. (%2)</translation>
     </message>
     <message>
@@ -808,7 +808,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Mit „%1“ verbinden?</translation>
     </message>
     <message>
-        <source>It shows a code. Connect only where it is the same as here: %1</source>
+        <source>It shows a code. Connect only if the code is the same as here: %1</source>
         <translation>Dort wird ein Code gezeigt. Verbinden Sie nur, wenn er derselbe ist wie hier: %1</translation>
     </message>
     <message>
@@ -816,23 +816,23 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Verbinden</translation>
     </message>
     <message>
-        <source>“%1” is not the computer that was paired. If it should be, add the location anew.</source>
+        <source>“%1” is not the computer that was paired. If this is intended, remove the location and add it again.</source>
         <translation>„%1“ ist nicht der Computer, mit dem dieser verbunden wurde. Wenn das gewollt ist, entfernen Sie den Ort, und fügen Sie ihn neu hinzu.</translation>
     </message>
     <message>
-        <source>“%1” cannot be asked just now. Try again in a while.</source>
+        <source>“%1” is busy with another request. Try again later.</source>
         <translation>„%1“ bearbeitet gerade eine andere Anfrage. Versuchen Sie es später noch einmal.</translation>
     </message>
     <message>
-        <source>“%1” does not let this computer synchronize.</source>
+        <source>“%1” does not allow this computer to synchronize. Allow it there and try again.</source>
         <translation>„%1“ erlaubt diesem Computer nicht zu synchronisieren. Erlauben Sie es dort, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
-        <source>“%1” answers in a way that is not understood.</source>
+        <source>“%1” sent an invalid response. Use the same version of Velmora on both computers.</source>
         <translation>„%1“ hat eine ungültige Antwort gesendet. Verwenden Sie auf beiden Computern dieselbe Version von Velmora.</translation>
     </message>
     <message>
-        <source>“%1” cannot read or write its sync store.</source>
+        <source>“%1” cannot read or write its sync store. Check its disk.</source>
         <translation>„%1“ kann seinen Sync-Speicher nicht lesen oder schreiben. Prüfen Sie den Datenträger dort.</translation>
     </message>
     <message>
@@ -1004,59 +1004,59 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>„%1“ wird mit „%2“ synchronisiert …</translation>
     </message>
     <message>
-        <source>No browser can be opened to sign in to Dropbox.</source>
+        <source>No web browser could be opened to sign in to Dropbox. Set a default web browser and try again.</source>
         <translation>Zum Anmelden bei Dropbox konnte kein Webbrowser geöffnet werden. Legen Sie einen Standardbrowser fest, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
-        <source>Dropbox cannot be used: no application key is configured.</source>
+        <source>Dropbox cannot be used because no application key is configured. Velmora’s documentation describes how to set one.</source>
         <translation>Dropbox kann nicht benutzt werden, weil kein Anwendungsschlüssel eingerichtet ist. Die Dokumentation von Velmora beschreibt, wie Sie einen eintragen.</translation>
     </message>
     <message>
-        <source>The address “%1” configured for Dropbox is not secure.</source>
+        <source>The address “%1” configured for Dropbox is not secure. Use an https address.</source>
         <translation>Die für Dropbox eingerichtete Adresse „%1“ ist nicht sicher. Verwenden Sie eine https-Adresse.</translation>
     </message>
     <message>
-        <source>Not signed in to Dropbox as “%1”. Edit the location to do so.</source>
+        <source>Velmora is not signed in to Dropbox as “%1”. Edit the location to sign in.</source>
         <translation>Velmora ist nicht als „%1“ bei Dropbox angemeldet. Bearbeiten Sie den Ort, um sich anzumelden.</translation>
     </message>
     <message>
-        <source>“%1” has to sign in to Dropbox again. Edit the location to do so.</source>
+        <source>The sign-in to Dropbox as “%1” is no longer valid. Edit the location to sign in again.</source>
         <translation>Die Anmeldung bei Dropbox als „%1“ ist nicht mehr gültig. Bearbeiten Sie den Ort, um sich erneut anzumelden.</translation>
     </message>
     <message>
-        <source>The answer of the browser cannot be awaited: %1.</source>
+        <source>The response of the web browser cannot be received: %1.</source>
         <translation>Die Antwort des Webbrowsers kann nicht empfangen werden: %1.</translation>
     </message>
     <message>
-        <source>Nobody has signed in to Dropbox in time.</source>
+        <source>The sign-in to Dropbox timed out. Try again.</source>
         <translation>Die Zeit für die Anmeldung bei Dropbox ist abgelaufen. Versuchen Sie es noch einmal.</translation>
     </message>
     <message>
-        <source>You may close this window now and go back to Velmora.</source>
+        <source>You can close this window now and return to Velmora.</source>
         <translation>Sie können dieses Fenster jetzt schließen und zu Velmora zurückkehren.</translation>
     </message>
     <message>
-        <source>Velmora did not ask for this.</source>
+        <source>Velmora did not request this page.</source>
         <translation>Velmora hat diese Seite nicht angefordert.</translation>
     </message>
     <message>
-        <source>The sign-in to Dropbox was refused.</source>
+        <source>Access to Dropbox was denied in the web browser. Try again and allow it.</source>
         <translation>Der Zugriff auf Dropbox wurde im Webbrowser abgelehnt. Versuchen Sie es noch einmal, und erlauben Sie ihn.</translation>
     </message>
     <message>
-        <source>The answer of the browser is not understood.</source>
+        <source>The web browser sent an invalid response. Sign in again.</source>
         <translation>Der Webbrowser hat eine ungültige Antwort gesendet. Melden Sie sich noch einmal an.</translation>
     </message>
     <message>
-        <source>The Dropbox of “%1” is full.</source>
+        <source>The Dropbox of “%1” is full. Delete files there.</source>
         <translation>Die Dropbox von „%1“ ist voll. Löschen Sie dort Dateien.</translation>
     </message>
     <message>
-        <source>Dropbox did not accept the sign-in.</source>
+        <source>Dropbox rejected the sign-in. Try again.</source>
         <translation>Dropbox hat die Anmeldung abgelehnt. Versuchen Sie es noch einmal.</translation>
     </message>
     <message>
-        <source>Velmora has no access to the folder “%1”. Grant it under Folder Access.</source>
+        <source>Velmora has no access to the folder “%1”. Grant it under “Folder Access…”.</source>
         <translation>Velmora hat keinen Zugriff auf den Ordner „%1“. Erlauben Sie ihn unter „Ordnerzugriff …“.</translation>
     </message>
 </context>

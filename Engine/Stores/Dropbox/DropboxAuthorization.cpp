@@ -137,7 +137,8 @@ Expected<void> DropboxAuthorization::openBrowser(const QUrl &address, const Engi
     }
     return failure(
         engineError(EngineErrorCode::StoreUnreachable,
-                    localizedSyncString("No browser can be opened to sign in to Dropbox.")));
+                    localizedSyncString("No web browser could be opened to sign in to Dropbox. Set "
+                                        "a default web browser and try again.")));
 }
 
 Expected<QString> DropboxAuthorization::accountAddress(const DropboxConfiguration &configuration,

@@ -42,14 +42,16 @@ Expected<DropboxConfiguration> DropboxConfiguration::current() {
     if (configuration.applicationKey.isEmpty()) {
         return failure(engineError(
             EngineErrorCode::StoreUnreachable,
-            localizedSyncString("Dropbox cannot be used: no application key is configured.")));
+            localizedSyncString("Dropbox cannot be used because no application key is configured. "
+                                "Velmora’s documentation describes how to set one.")));
     }
     for (const QUrl &address : {configuration.authorizeAddress, configuration.tokenAddress,
                                 configuration.APIAddress, configuration.contentAddress}) {
         if (!isSafe(address)) {
-            return failure(engineError(EngineErrorCode::StoreUnreachable,
-                                       "The address “%1” configured for Dropbox is not secure.",
-                                       address.toString(QUrl::RemoveUserInfo)));
+            return failure(engineError(
+                EngineErrorCode::StoreUnreachable,
+                "The address “%1” configured for Dropbox is not secure. Use an https address.",
+                address.toString(QUrl::RemoveUserInfo)));
         }
     }
     return configuration;

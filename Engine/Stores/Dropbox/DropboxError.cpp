@@ -6,37 +6,45 @@
 
 Error DropboxError::notSignedIn(const QString &account) {
     return engineError(EngineErrorCode::AccessDenied,
-                       "Not signed in to Dropbox as “%1”. Edit the location to do so.", account);
+                       "Velmora is not signed in to Dropbox as “%1”. Edit the location to sign in.",
+                       account);
 }
 
 Error DropboxError::signInAgain(const QString &account) {
-    return engineError(EngineErrorCode::AccessDenied,
-                       "“%1” has to sign in to Dropbox again. Edit the location to do so.",
-                       account);
+    return engineError(
+        EngineErrorCode::AccessDenied,
+        "The sign-in to Dropbox as “%1” is no longer valid. Edit the location to sign in again.",
+        account);
 }
 
 Error DropboxError::unexpected(const HttpClient::Response &response, const QUrl &server) {
     switch (response.status) {
         case HttpStatus::Forbidden:
-            return engineError(EngineErrorCode::AccessDenied,
-                               "The server does not allow you to use “%1”.", server.authority());
+            return engineError(
+                EngineErrorCode::AccessDenied,
+                "The server does not allow you to use “%1”. Ask its administrator for access.",
+                server.authority());
         case HttpStatus::TooManyRequests:
         case HttpStatus::ServiceUnavailable:
             return busy(server);
         default:
-            return engineError(EngineErrorCode::StoreUnreachable,
-                               localizedSyncString(
-                                   response.status >= HttpStatus::InternalServerError
-                                       ? "The server “%1” has a problem of its own (HTTP %2)."
-                                       : "The answer of the server “%1” is not expected (HTTP %2).")
-                                   .arg(server.authority())
-                                   .arg(response.status));
+            return engineError(
+                EngineErrorCode::StoreUnreachable,
+                localizedSyncString(response.status >= HttpStatus::InternalServerError
+                                        ? "The server “%1” reported an internal error (HTTP %2). "
+                                          "Try again later or ask its administrator."
+                                        : "The server “%1” sent an unexpected response (HTTP %2). "
+                                          "Try again later or ask its administrator.")
+                    .arg(server.authority())
+                    .arg(response.status));
     }
 }
 
 Error DropboxError::notUnderstood(const QUrl &server) {
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       "The answer of the server “%1” is not understood.", server.authority());
+    return engineError(
+        EngineErrorCode::StoreUnreachable,
+        "The server “%1” sent an invalid response. Try again later or ask its administrator.",
+        server.authority());
 }
 
 Error DropboxError::busy(const QUrl &server) {

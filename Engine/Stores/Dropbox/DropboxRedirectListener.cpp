@@ -47,7 +47,7 @@ Expected<void> DropboxRedirectListener::listen(quint16 port) {
         return {};
     }
     return failure(engineError(EngineErrorCode::StoreUnreachable,
-                               "The answer of the browser cannot be awaited: %1.",
+                               "The response of the web browser cannot be received: %1.",
                                m_server.errorString()));
 }
 
@@ -70,7 +70,7 @@ Expected<QString> DropboxRedirectListener::wait(const EngineFuture &future,
     }
     return m_result.value_or(
         failure(engineError(EngineErrorCode::AccessDenied,
-                            localizedSyncString("Nobody has signed in to Dropbox in time."))));
+                            localizedSyncString("The sign-in to Dropbox timed out. Try again."))));
 }
 
 void DropboxRedirectListener::accept() {
@@ -108,11 +108,10 @@ void DropboxRedirectListener::answer(QTcpSocket *socket, const QByteArray &reque
         m_result = result;
         m_waiting.quit();
         socket->write(httpAnswer(
-            "200 OK",
-            localizedSyncString("You may close this window now and go back to Velmora.")));
+            "200 OK", localizedSyncString("You can close this window now and return to Velmora.")));
     } else {
         socket->write(httpAnswer(isOurs ? "400 Bad Request" : "404 Not Found",
-                                 localizedSyncString("Velmora did not ask for this.")));
+                                 localizedSyncString("Velmora did not request this page.")));
     }
     socket->disconnectFromHost();
     if (socket->state() != QAbstractSocket::UnconnectedState) {
@@ -127,13 +126,15 @@ std::optional<Expected<QString>> DropboxRedirectListener::resultOf(const QString
     }
     const QString code = onlyValue(parameters, QStringLiteral("code"));
     if (parameters.hasQueryItem(QStringLiteral("error"))) {
-        return failure(engineError(EngineErrorCode::AccessDenied,
-                                   localizedSyncString("The sign-in to Dropbox was refused.")));
+        return failure(engineError(
+            EngineErrorCode::AccessDenied,
+            localizedSyncString(
+                "Access to Dropbox was denied in the web browser. Try again and allow it.")));
     }
     if (code.isEmpty()) {
-        return failure(
-            engineError(EngineErrorCode::StoreUnreachable,
-                        localizedSyncString("The answer of the browser is not understood.")));
+        return failure(engineError(
+            EngineErrorCode::StoreUnreachable,
+            localizedSyncString("The web browser sent an invalid response. Sign in again.")));
     }
     return code;
 }

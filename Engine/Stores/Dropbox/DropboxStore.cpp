@@ -161,8 +161,10 @@ Expected<BlobStore::Written> DropboxStore::writeBlob(const QString &name,
                                                      const QByteArray &contents,
                                                      const EngineFuture &future) {
     if (contents.size() > ContentsLimit) {
-        return failure(engineError(EngineErrorCode::StoreFull,
-                                   "“%1” is larger than the server accepts.", place(name)));
+        return failure(engineError(
+            EngineErrorCode::StoreFull,
+            "“%1” is larger than the server accepts. Ask its administrator to raise the limit.",
+            place(name)));
     }
     const Expected<Response> answer =
         m_account.callForContents(QStringLiteral("files/upload"),
@@ -213,16 +215,18 @@ Error DropboxStore::pathError(const Response &response, const QString &name) con
         return missing(name);
     }
     if (reason == QStringLiteral("insufficient_space")) {
-        return engineError(EngineErrorCode::StoreFull, "The Dropbox of “%1” is full.",
-                           m_accountAddress);
+        return engineError(EngineErrorCode::StoreFull,
+                           "The Dropbox of “%1” is full. Delete files there.", m_accountAddress);
     }
     if (reason == QStringLiteral("too_many_write_operations")) {
         return DropboxError::busy(m_account.server());
     }
     if (reason == QStringLiteral("no_write_permission") ||
         reason == QStringLiteral("restricted_content")) {
-        return engineError(EngineErrorCode::AccessDenied,
-                           "The server does not allow you to use “%1”.", place(name));
+        return engineError(
+            EngineErrorCode::AccessDenied,
+            "The server does not allow you to use “%1”. Ask its administrator for access.",
+            place(name));
     }
     const QStringList notABlob = {QStringLiteral("not_file"), QStringLiteral("not_folder"),
                                   QStringLiteral("malformed_path"),

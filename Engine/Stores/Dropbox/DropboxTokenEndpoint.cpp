@@ -28,7 +28,7 @@ Expected<DropboxTokens> DropboxTokenEndpoint::exchange(const QString &code, cons
                 {"redirect_uri", redirectAddress},
                 {"client_id", m_configuration.applicationKey}},
                engineError(EngineErrorCode::AccessDenied,
-                           localizedSyncString("Dropbox did not accept the sign-in.")),
+                           localizedSyncString("Dropbox rejected the sign-in. Try again.")),
                future);
 }
 

@@ -69,16 +69,21 @@ std::optional<Error> FolderStore::unreachable() const {
     const QString path = URL().path();
     const QString host = URL().host();
     if (!host.isEmpty() && host != QStringLiteral("localhost")) {
-        return engineError(EngineErrorCode::StoreUnreachable,
-                           "“%1” is a folder on another computer.", URL().absoluteString());
+        return engineError(
+            EngineErrorCode::StoreUnreachable,
+            "“%1” is a folder on another computer. Choose a folder on this computer.",
+            URL().absoluteString());
     }
     if (path.startsWith(u'/') && !MountedVolumes::contain(path, MountedVolumes::mountPoints)) {
         return engineError(EngineErrorCode::StoreUnreachable,
-                           "The volume that holds the sync store “%1” is not mounted.", path);
+                           "The volume that contains the sync store “%1” is not mounted. Connect "
+                           "it and try again.",
+                           path);
     }
     if (!path.startsWith(u'/') || !QFileInfo::exists(path)) {
-        return engineError(EngineErrorCode::StoreUnreachable, "The sync store “%1” is not there.",
-                           path);
+        return engineError(
+            EngineErrorCode::StoreUnreachable,
+            "The sync store “%1” does not exist. Check whether it was moved or renamed.", path);
     }
     return {};
 }
@@ -96,8 +101,9 @@ Expected<void> FolderStore::open(const EngineFuture & /*future*/) {
                            QFileInfo(place(SyncStoreLayout::DatabasesFolder)).isDir() &&
                            QFileInfo(place(SyncStoreLayout::TransactionsFolder)).isDir();
     if (!isPackage) {
-        return failure(
-            engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.", path));
+        return failure(engineError(
+            EngineErrorCode::StoreUnreachable,
+            "“%1” is not a sync store. Edit the location and choose another one.", path));
     }
     for (const QString &name :
          {SyncStoreLayout::DatabasesFolder, SyncStoreLayout::TransactionsFolder}) {
@@ -249,7 +255,7 @@ Expected<void> FolderStore::removeBlob(const QString &name, const EngineFuture &
 
 Error FolderStore::notGranted() const {
     return engineError(EngineErrorCode::AccessDenied,
-                       "Velmora has no access to the folder “%1”. Grant it under Folder Access.",
+                       "Velmora has no access to the folder “%1”. Grant it under “Folder Access…”.",
                        URL().path());
 }
 
@@ -264,15 +270,21 @@ Error FolderStore::systemError(int number, const QString &name) const {
             return refused(name);
         case ENOSPC:
         case EDQUOT:
-            return engineError(EngineErrorCode::StoreFull,
-                               "The volume that holds the sync store “%1” is full.", URL().path());
+            return engineError(
+                EngineErrorCode::StoreFull,
+                "The volume that contains the sync store “%1” is full. Free some space on it.",
+                URL().path());
         case EROFS:
-            return engineError(EngineErrorCode::AccessDenied, "The sync store “%1” is read-only.",
-                               URL().path());
+            return engineError(
+                EngineErrorCode::AccessDenied,
+                "The sync store “%1” is read-only. Change its permissions or choose another one.",
+                URL().path());
         case EACCES:
         case EPERM:
             return engineError(EngineErrorCode::AccessDenied,
-                               "You do not have permission to use “%1”.", place(name));
+                               "You do not have permission to use “%1”. Change its permissions or "
+                               "choose another sync store.",
+                               place(name));
         default:
             return engineError(EngineErrorCode::StoreUnreachable,
                                localizedSyncString("“%1” cannot be read or written: %2.")

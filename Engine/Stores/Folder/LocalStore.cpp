@@ -18,8 +18,11 @@ Expected<void> LocalStore::open(const EngineFuture & /*future*/) {
     if (QFileInfo::exists(m_path)) {
         return {};
     }
-    return failure(engineError(EngineErrorCode::StoreUnreachable,
-                               localizedSyncString("The profile “%1” is gone.").arg(m_path)));
+    return failure(engineError(
+        EngineErrorCode::StoreUnreachable,
+        localizedSyncString(
+            "The profile “%1” no longer exists. Quit Velmora and restore it from a backup.")
+            .arg(m_path)));
 }
 
 Expected<EngineStore::Fetched> LocalStore::fetch(const EngineFuture & /*future*/) {

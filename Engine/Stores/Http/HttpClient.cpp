@@ -25,11 +25,10 @@ bool areOfOneServer(const QUrl &one, const QUrl &other) {
 }
 
 Error redirectionRefused(const QUrl &from, const QUrl &to) {
-    return engineError(
-        EngineErrorCode::StoreUnreachable,
-        localizedSyncString(
-            "The server “%1” points to “%2”. If that is right, enter it as the address.")
-            .arg(from.authority(), to.toString(QUrl::RemoveUserInfo)));
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       localizedSyncString("The server “%1” redirects to “%2”. If that is correct, "
+                                           "edit the location and enter it as the address.")
+                           .arg(from.authority(), to.toString(QUrl::RemoveUserInfo)));
 }
 
 }  // namespace
@@ -72,9 +71,10 @@ Expected<HttpClient::Response> HttpClient::send(const Request &request,
         }
         current.URL = target.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveFragment);
     }
-    return failure(engineError(EngineErrorCode::StoreUnreachable,
-                               "The server “%1” points from one address to the next without end.",
-                               current.URL.authority()));
+    return failure(
+        engineError(EngineErrorCode::StoreUnreachable,
+                    "The server “%1” redirects too often. Check the address of the location.",
+                    current.URL.authority()));
 }
 
 Expected<HttpClient::Response> HttpClient::exchange(const Request &request,

@@ -43,20 +43,20 @@ QString bytesOfUTF8(const QString &text) {
 QString certificateReason(const QSslError &error) {
     switch (error.error()) {
         case QSslError::SelfSignedCertificate:
-            return localizedSyncString("The certificate is signed by nobody but itself.");
+            return localizedSyncString("The certificate is self-signed.");
         case QSslError::SelfSignedCertificateInChain:
         case QSslError::UnableToGetLocalIssuerCertificate:
         case QSslError::UnableToVerifyFirstCertificate:
         case QSslError::UnableToGetIssuerCertificate:
         case QSslError::CertificateUntrusted:
             return localizedSyncString(
-                "The certificate was issued by an authority that this computer does not know.");
+                "The certificate was issued by an authority that this computer does not trust.");
         case QSslError::CertificateExpired:
             return localizedSyncString("The certificate has expired.");
         case QSslError::CertificateNotYetValid:
             return localizedSyncString("The certificate is not valid yet.");
         case QSslError::HostNameMismatch:
-            return localizedSyncString("The certificate is that of another server.");
+            return localizedSyncString("The certificate was issued for another server.");
         default:
             return error.errorString();
     }
@@ -98,12 +98,14 @@ void HttpExchange::abort(const Error &error) {
 
 void HttpExchange::watch() {
     connect(&m_patience, &QTimer::timeout, this, [this] {
-        abort(engineError(EngineErrorCode::StoreUnreachable, "The server “%1” does not answer.",
-                          server()));
+        abort(engineError(
+            EngineErrorCode::StoreUnreachable,
+            "The server “%1” does not respond. Check the network connection and try again.",
+            server()));
     });
     connect(&m_end, &QTimer::timeout, this, [this] {
         abort(engineError(EngineErrorCode::StoreUnreachable,
-                          "The server “%1” takes too long to answer.", server()));
+                          "The server “%1” takes too long to respond. Try again later.", server()));
     });
     connect(m_reply, &QNetworkReply::metaDataChanged, this, &HttpExchange::showLife);
     for (const auto signal : {&QNetworkReply::uploadProgress, &QNetworkReply::downloadProgress}) {
@@ -147,8 +149,9 @@ void HttpExchange::judgeCertificate(const QList<QSslError> &errors) {
 void HttpExchange::takeBody() {
     m_body += m_reply->read(m_request.limit + 1 - m_body.size());
     if (m_body.size() > m_request.limit) {
-        abort(engineError(EngineErrorCode::BlobRefused,
-                          "The answer of the server “%1” is too long.", server()));
+        abort(engineError(
+            EngineErrorCode::BlobRefused,
+            "The server “%1” sent a response that is too long. Ask its administrator.", server()));
     }
 }
 
@@ -190,20 +193,23 @@ Expected<HttpClient::Response> HttpExchange::answer() const {
 
 Error HttpExchange::closedEarly() const {
     // Qt says the same when it understands nothing.
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       "The server “%1” broke off before it had answered, or is no web server.",
-                       server());
+    return engineError(
+        EngineErrorCode::StoreUnreachable,
+        "The server “%1” closed the connection without a response. Check its name and port.",
+        server());
 }
 
 Error HttpExchange::transportError() const {
     switch (m_reply->error()) {
         case QNetworkReply::HostNotFoundError:
-            return engineError(EngineErrorCode::StoreUnreachable,
-                               "There is no server “%1”. Check its name and the network.",
-                               server());
+            return engineError(
+                EngineErrorCode::StoreUnreachable,
+                "The server “%1” was not found. Check its name and the network connection.",
+                server());
         case QNetworkReply::ConnectionRefusedError:
             return engineError(EngineErrorCode::StoreUnreachable,
-                               "The server “%1” cannot be reached: nothing answers at this port.",
+                               "The server “%1” refused the connection. Check the port, and "
+                               "whether the server is running.",
                                server());
         case QNetworkReply::NoError:
         case QNetworkReply::RemoteHostClosedError:
@@ -211,12 +217,15 @@ Error HttpExchange::transportError() const {
         case QNetworkReply::SslHandshakeFailedError:
             return engineError(
                 EngineErrorCode::StoreUnreachable,
-                localizedSyncString("No secure connection to the server “%1” can be made: %2.")
+                localizedSyncString(
+                    "A secure connection to the server “%1” could not be established: %2.")
                     .arg(server(), m_reply->errorString()));
         default:
-            return engineError(EngineErrorCode::StoreUnreachable,
-                               localizedSyncString("The server “%1” cannot be reached: %2.")
-                                   .arg(server(), m_reply->errorString()));
+            return engineError(
+                EngineErrorCode::StoreUnreachable,
+                localizedSyncString(
+                    "The server “%1” cannot be reached: %2. Check the network connection.")
+                    .arg(server(), m_reply->errorString()));
     }
 }
 

@@ -94,8 +94,10 @@ QUrl WebDAVStore::folderURL(const QString &name) const {
 
 Expected<void> WebDAVStore::open(const EngineFuture &future) {
     if (!m_package.isValid() || !m_package.path().endsWith(u'.' + SyncStoreLayout::Extension)) {
-        return failure(engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.",
-                                   URL().stringWithoutPassword()));
+        return failure(
+            engineError(EngineErrorCode::StoreUnreachable,
+                        "“%1” is not a sync store. Edit the location and choose another one.",
+                        URL().stringWithoutPassword()));
     }
     const Expected<QStringList> names = namesInPackage(future);
     if (!names) {
@@ -106,8 +108,9 @@ Expected<void> WebDAVStore::open(const EngineFuture &future) {
     const auto &present = *names;
     if (!present.isEmpty() && !present.contains(needed.first()) &&
         !present.contains(needed.last())) {
-        return failure(
-            engineError(EngineErrorCode::StoreUnreachable, "“%1” is not a sync store.", place({})));
+        return failure(engineError(
+            EngineErrorCode::StoreUnreachable,
+            "“%1” is not a sync store. Edit the location and choose another one.", place({})));
     }
     for (const QString &folder : needed) {
         Expected<void> made;
@@ -282,8 +285,10 @@ Error WebDAVStore::httpError(const Response &response, const QString &name) cons
         case HttpStatus::Unauthorized:
             return credentialRefused();
         case HttpStatus::Forbidden:
-            return engineError(EngineErrorCode::AccessDenied,
-                               "The server does not allow you to use “%1”.", place(name));
+            return engineError(
+                EngineErrorCode::AccessDenied,
+                "The server does not allow you to use “%1”. Ask its administrator for access.",
+                place(name));
         case HttpStatus::NotFound:
         case HttpStatus::Conflict:
             return folderMissing(blobURL(name));
@@ -291,52 +296,66 @@ Error WebDAVStore::httpError(const Response &response, const QString &name) cons
         case HttpStatus::MethodNotAllowed:
         case HttpStatus::NotImplemented:
             return engineError(EngineErrorCode::StoreUnreachable,
-                               "The server “%1” is no WebDAV server at this address.", server);
+                               "The server “%1” does not offer WebDAV at this address. Edit the "
+                               "location to correct it.",
+                               server);
         case HttpStatus::ContentTooLarge:
-            return engineError(EngineErrorCode::StoreFull,
-                               "“%1” is larger than the server accepts.", place(name));
+            return engineError(
+                EngineErrorCode::StoreFull,
+                "“%1” is larger than the server accepts. Ask its administrator to raise the limit.",
+                place(name));
         case HttpStatus::Locked:
-            return engineError(EngineErrorCode::StoreUnreachable, "“%1” is locked on the server.",
-                               place(name));
+            return engineError(EngineErrorCode::StoreUnreachable,
+                               "“%1” is locked on the server. Try again later.", place(name));
         case HttpStatus::TooManyRequests:
         case HttpStatus::ServiceUnavailable:
             return engineError(EngineErrorCode::StoreUnreachable,
                                "The server “%1” is busy. Try again later.", server);
         case HttpStatus::InsufficientStorage:
-            return engineError(EngineErrorCode::StoreFull, "The server “%1” is full.", server);
+            return engineError(
+                EngineErrorCode::StoreFull,
+                "The server “%1” has no space left. Delete files there or ask its administrator.",
+                server);
         default:
             return unexpected(response);
     }
 }
 
 Error WebDAVStore::unexpected(const Response &response) const {
-    const QString text =
-        response.status >= HttpStatus::InternalServerError
-            ? localizedSyncString("The server “%1” has a problem of its own (HTTP %2).")
-            : localizedSyncString("The answer of the server “%1” is not expected (HTTP %2).");
+    const QString text = response.status >= HttpStatus::InternalServerError
+                             ? localizedSyncString(
+                                   "The server “%1” reported an internal error (HTTP %2). Try "
+                                   "again later or ask its administrator.")
+                             : localizedSyncString(
+                                   "The server “%1” sent an unexpected response (HTTP %2). Try "
+                                   "again later or ask its administrator.");
     return engineError(EngineErrorCode::StoreUnreachable,
                        text.arg(m_package.authority()).arg(response.status));
 }
 
 Error WebDAVStore::credentialRefused() const {
     if (!m_hasCredential) {
-        return engineError(
-            EngineErrorCode::AccessDenied,
-            "The server “%1” asks for a password, and none is stored for this location.",
-            m_package.authority());
+        return engineError(EngineErrorCode::AccessDenied,
+                           "The server “%1” requires a password, but none is saved for this "
+                           "location. Edit the location to enter it.",
+                           m_package.authority());
     }
     return engineError(EngineErrorCode::AccessDenied,
-                       "The server “%1” does not accept this user name and password.",
+                       "The server “%1” does not accept this user name and password. Edit the "
+                       "location to correct them.",
                        m_package.authority());
 }
 
 Error WebDAVStore::folderMissing(const QUrl &URL) const {
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       "The folder “%1” is not there on the server.",
-                       plainText(URL.adjusted(QUrl::StripTrailingSlash)));
+    return engineError(
+        EngineErrorCode::StoreUnreachable,
+        "The folder “%1” does not exist on the server. Create it there or edit the location.",
+        plainText(URL.adjusted(QUrl::StripTrailingSlash)));
 }
 
 Error WebDAVStore::notUnderstood() const {
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       "The answer of the server “%1” is not understood.", m_package.authority());
+    return engineError(
+        EngineErrorCode::StoreUnreachable,
+        "The server “%1” sent an invalid response. Try again later or ask its administrator.",
+        m_package.authority());
 }

@@ -357,7 +357,7 @@ private Q_SLOTS:
         DirectConnectionPairing client = newClient();
         askFor(connection, client);
         QTRY_COMPARE(m_person->asked().size(), 1);
-        QVERIFY(m_person->asked().first().details.contains(QStringLiteral("takes the place")));
+        QVERIFY(m_person->asked().first().details.contains(QStringLiteral("replaces another")));
         m_person->answerAll(isOneOfUs);
         QCOMPARE(connection.answer()[Type].toString(), Welcome);
         Client impostor(m_port);

@@ -174,16 +174,16 @@ private Q_SLOTS:
         QVERIFY(descriptionOfOpening(Url::fileURL(m_host->directory()).absoluteString())
                     .contains(QStringLiteral("is not a sync store")));
         QVERIFY(descriptionOfOpening(QStringLiteral("file:///nowhere/at/all.qvSyncStore"))
-                    .contains(QStringLiteral("is not there")));
+                    .contains(QStringLiteral("does not exist")));
         QVERIFY(descriptionOfOpening(QStringLiteral("file://elsewhere/a.qvSyncStore"))
                     .contains(QStringLiteral("another computer")));
         QVERIFY(descriptionOfOpening(QStringLiteral("file:relative.qvSyncStore"))
-                    .contains(QStringLiteral("is not there")));
+                    .contains(QStringLiteral("does not exist")));
     }
 
     void openingAnotherKindSaysThatItCannotBeReachedYet() {
         QVERIFY(descriptionOfOpening(QStringLiteral("gopher://old.example"))
-                    .contains(QStringLiteral("cannot be reached yet")));
+                    .contains(QStringLiteral("does not support locations")));
         QVERIFY(descriptionOfOpening(QString()).contains(QStringLiteral("no address")));
     }
 

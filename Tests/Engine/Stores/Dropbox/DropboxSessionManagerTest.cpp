@@ -115,7 +115,7 @@ private Q_SLOTS:
         QVERIFY(outcome->isOnMainThread);
         QCOMPARE(m_browser->opened().size(), 1);
         QTRY_COMPARE(m_browser->statuses(), QList<int>{200});
-        QVERIFY(m_browser->pages().first().contains(QStringLiteral("You may close this window")));
+        QVERIFY(m_browser->pages().first().contains(QStringLiteral("You can close this window")));
     }
 
     void tokensAreInTheSecretStoreAndNowhereElse() {
@@ -173,7 +173,9 @@ private Q_SLOTS:
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->email, QString());
         QCOMPARE(outcome->code(), EngineErrorCode::AccessDenied);
-        QCOMPARE(outcome->description(), QStringLiteral("The sign-in to Dropbox was refused."));
+        QCOMPARE(outcome->description(),
+                 QStringLiteral(
+                     "Access to Dropbox was denied in the web browser. Try again and allow it."));
         QVERIFY(outcome->isOnMainThread);
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 0);
         QTRY_COMPARE(m_browser->statuses(), QList<int>{200});
@@ -185,7 +187,7 @@ private Q_SLOTS:
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->description(),
-                 QStringLiteral("The answer of the browser is not understood."));
+                 QStringLiteral("The web browser sent an invalid response. Sign in again."));
     }
 
     void anAnswerOfAnotherStateIsNotBelieved() {
@@ -214,7 +216,8 @@ private Q_SLOTS:
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->code(), EngineErrorCode::AccessDenied);
-        QCOMPARE(outcome->description(), QStringLiteral("Dropbox did not accept the sign-in."));
+        QCOMPARE(outcome->description(),
+                 QStringLiteral("Dropbox rejected the sign-in. Try again."));
     }
 
     void whateverElseComesToTheRedirectAddressIsTurnedAway() {
@@ -277,7 +280,7 @@ private Q_SLOTS:
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QVERIFY2(outcome->description().startsWith(
-                     QStringLiteral("The answer of the browser cannot be awaited: ")),
+                     QStringLiteral("The response of the web browser cannot be received: ")),
                  qPrintable(outcome->description()));
         QVERIFY(m_browser->opened().isEmpty());
         free.close();
@@ -369,7 +372,7 @@ private Q_SLOTS:
         const auto outcome = authorize(*manager.sessionWithURL(Url()), PZFuture::future());
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->description(),
-                 QStringLiteral("Nobody has signed in to Dropbox in time."));
+                 QStringLiteral("The sign-in to Dropbox timed out. Try again."));
     }
 
     void whenTheManagerGoesTheHandlersThatWaitAreCalled() {
@@ -389,11 +392,11 @@ private Q_SLOTS:
         QTest::addColumn<Trouble>("trouble");
         QTest::addColumn<QString>("text");
         const std::tuple<const char *, Trouble, const char *> troubles[] = {
-            {"stalls", Trouble::Stalls, "does not answer"},
-            {"garbage", Trouble::AnswersGarbage, "is not understood"},
-            {"other JSON", Trouble::AnswersBesidesTheQuestion, "is not understood"},
-            {"breaks down", Trouble::BreaksDown, "has a problem of its own (HTTP 500)"},
-            {"hangs up", Trouble::HangsUp, "broke off"},
+            {"stalls", Trouble::Stalls, "does not respond"},
+            {"garbage", Trouble::AnswersGarbage, "sent an invalid response"},
+            {"other JSON", Trouble::AnswersBesidesTheQuestion, "sent an invalid response"},
+            {"breaks down", Trouble::BreaksDown, "reported an internal error (HTTP 500)"},
+            {"hangs up", Trouble::HangsUp, "closed the connection"},
         };
         for (const auto &[name, trouble, text] : troubles) {
             QTest::addRow("token %s", name)
@@ -431,7 +434,8 @@ private Q_SLOTS:
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->description(),
-                 QStringLiteral("Dropbox cannot be used: no application key is configured."));
+                 QStringLiteral("Dropbox cannot be used because no application key is configured. "
+                                "Velmora’s documentation describes how to set one."));
         QVERIFY(m_browser->opened().isEmpty());
     }
 
@@ -488,7 +492,8 @@ private Q_SLOTS:
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->description(),
-                 QStringLiteral("No browser can be opened to sign in to Dropbox."));
+                 QStringLiteral("No web browser could be opened to sign in to Dropbox. Set a "
+                                "default web browser and try again."));
     }
 };
 

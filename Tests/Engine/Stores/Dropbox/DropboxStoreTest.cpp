@@ -202,7 +202,7 @@ private Q_SLOTS:
     void aListThatGoesOnWithoutACursorIsNotUnderstood() {
         m_server->setAnswer(ListPath, 200, R"({"entries":[],"cursor":"","has_more":true})");
         QVERIFY(description(list(QStringLiteral("databases")))
-                    .contains(QStringLiteral("is not understood")));
+                    .contains(QStringLiteral("sent an invalid response")));
     }
 
     void aMissingBlobHasItsOwnError() {
@@ -219,7 +219,7 @@ private Q_SLOTS:
         QCOMPARE(code(read()), EngineErrorCode::BlobRefused);
         m_server->putFile(Package + DropboxBlob, QByteArray(3 << 20, 'x'));
         QCOMPARE(code(read()), EngineErrorCode::BlobRefused);
-        QVERIFY(description(read()).contains(QStringLiteral("too long")));
+        QVERIFY(description(read()).contains(QStringLiteral("too large")));
     }
 
     void whatIsNoFileIsRefused() {
@@ -339,9 +339,9 @@ private Q_SLOTS:
         m_server->revokeEverything();
         const Expected<void> result = m_store->open(m_future);
         QCOMPARE(code(result), EngineErrorCode::AccessDenied);
-        QCOMPARE(description(result),
-                 QStringLiteral("“%1” has to sign in to Dropbox again. Edit the location to do so.")
-                     .arg(m_server->email()));
+        QCOMPARE(description(result), QStringLiteral("The sign-in to Dropbox as “%1” is no longer "
+                                                     "valid. Edit the location to sign in again.")
+                                          .arg(m_server->email()));
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
         signIn();
         QCOMPARE(description(m_store->open(m_future)), QString());
@@ -349,8 +349,8 @@ private Q_SLOTS:
 
     void aFreshTokenThatIsNotTakenEitherIsNotRefreshedForEver() {
         m_server->setAnswer(ListPath, 401, R"({"error":{".tag":"missing_scope"}})");
-        QVERIFY(description(m_store->open(m_future))
-                    .contains(QStringLiteral("has to sign in to Dropbox again")));
+        QVERIFY(
+            description(m_store->open(m_future)).contains(QStringLiteral("is no longer valid")));
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
         QCOMPARE(m_server->count(ListPath), 2);
     }
@@ -359,17 +359,18 @@ private Q_SLOTS:
         m_server->giveNoRefreshTokens();
         signIn();
         m_server->expireAccessTokens();
-        QVERIFY(description(m_store->open(m_future))
-                    .contains(QStringLiteral("has to sign in to Dropbox again")));
+        QVERIFY(
+            description(m_store->open(m_future)).contains(QStringLiteral("is no longer valid")));
     }
 
     void anAccountThatIsNotSignedInSaysSo() {
         m_server->setEmail(QStringLiteral("somebody.else@example.com"));
         const Expected<void> result = newStore()->open(m_future);
         QCOMPARE(code(result), EngineErrorCode::AccessDenied);
-        QCOMPARE(description(result),
-                 QStringLiteral("Not signed in to Dropbox as “somebody.else@example.com”. Edit the "
-                                "location to do so."));
+        QCOMPARE(
+            description(result),
+            QStringLiteral("Velmora is not signed in to Dropbox as “somebody.else@example.com”. "
+                           "Edit the location to sign in."));
         QCOMPARE(m_server->count(ListPath), 0);
     }
 
@@ -382,8 +383,9 @@ private Q_SLOTS:
     void withoutAnApplicationKeyItSaysSo() {
         DropboxServer::forget();
         const std::shared_ptr<BlobStore> store = newStore();
-        const QString expected =
-            QStringLiteral("Dropbox cannot be used: no application key is configured.");
+        const QString expected = QStringLiteral(
+            "Dropbox cannot be used because no application key is configured. Velmora’s "
+            "documentation describes how to set one.");
         QCOMPARE(description(store->open(m_future)), expected);
         for (const QString &path : {ListPath, UploadPath, DownloadPath, DeletePath}) {
             QCOMPARE(description(outcomeAt(*store, path)), expected);
@@ -458,10 +460,10 @@ private Q_SLOTS:
         QTest::addColumn<Trouble>("trouble");
         QTest::addColumn<QString>("expected");
         const std::tuple<const char *, Trouble, const char *> troubles[] = {
-            {"stalls", Trouble::Stalls, "does not answer"},
-            {"garbage", Trouble::AnswersGarbage, "is not understood"},
-            {"breaks down", Trouble::BreaksDown, "has a problem of its own (HTTP 500)"},
-            {"hangs up", Trouble::HangsUp, "broke off"},
+            {"stalls", Trouble::Stalls, "does not respond"},
+            {"garbage", Trouble::AnswersGarbage, "sent an invalid response"},
+            {"breaks down", Trouble::BreaksDown, "reported an internal error (HTTP 500)"},
+            {"hangs up", Trouble::HangsUp, "closed the connection"},
         };
         for (const QString &path : {ListPath, UploadPath, DownloadPath, DeletePath}) {
             for (const auto &[name, trouble, expected] : troubles) {
@@ -470,7 +472,7 @@ private Q_SLOTS:
             }
         }
         QTest::newRow("list other JSON") << ListPath << Trouble::AnswersBesidesTheQuestion
-                                         << QStringLiteral("is not understood");
+                                         << QStringLiteral("sent an invalid response");
     }
 
     void failuresOfTheServerAreReported() {
@@ -509,15 +511,15 @@ private Q_SLOTS:
             R"({"error":{".tag":"path","reason":{".tag":"too_many_write_operations"}}})",
             EngineErrorCode::StoreUnreachable, "is busy");
         row("name", 409, pathFailure("disallowed_name"), EngineErrorCode::BlobRefused,
-            "something else");
+            "a valid item");
         row("unknown", 409, pathFailure("invented_yesterday"), EngineErrorCode::StoreUnreachable,
-            "is not expected (HTTP 409)");
+            "unexpected response (HTTP 409)");
         row("no JSON", 409, "<html>", EngineErrorCode::StoreUnreachable,
-            "is not expected (HTTP 409)");
+            "unexpected response (HTTP 409)");
         row("endless", 409, QByteArray(R"({"error":{".tag":"path","path":)").repeated(100),
-            EngineErrorCode::StoreUnreachable, "is not expected (HTTP 409)");
+            EngineErrorCode::StoreUnreachable, "unexpected response (HTTP 409)");
         row("wrong request", 400, "Error in call", EngineErrorCode::StoreUnreachable,
-            "is not expected (HTTP 400)");
+            "unexpected response (HTTP 400)");
         row("forbidden", 403, "{}", EngineErrorCode::AccessDenied, "does not allow");
         row("unavailable", 503, "", EngineErrorCode::StoreUnreachable, "is busy");
     }
@@ -539,8 +541,8 @@ private Q_SLOTS:
         UserDefaults::setValue(DropboxConfiguration::APIAddressDefault,
                                QStringLiteral("http://127.0.0.1:%1/2").arg(free.serverPort()));
         free.close();
-        QVERIFY(
-            description(newStore()->open(m_future)).contains(QStringLiteral("nothing answers")));
+        QVERIFY(description(newStore()->open(m_future))
+                    .contains(QStringLiteral("refused the connection")));
     }
 };
 

@@ -210,7 +210,7 @@ private Q_SLOTS:
         QVERIFY(huge.resize(qint64(1) << 40));
         QCOMPARE(code(read(QStringLiteral("databases/huge"))), EngineErrorCode::BlobRefused);
         QVERIFY(description(read(QStringLiteral("databases/huge")))
-                    .contains(QStringLiteral("too long")));
+                    .contains(QStringLiteral("too large")));
     }
 
     void whatIsNoPlainFileIsRefused() {
@@ -354,7 +354,7 @@ private Q_SLOTS:
         m_store = storeAt(m_host->directory() + QStringLiteral("/Gone.qvSyncStore"));
         const Expected<QByteArray> result = read(FolderBlob);
         QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
-        QVERIFY(description(result).contains(QStringLiteral("is not there")));
+        QVERIFY(description(result).contains(QStringLiteral("does not exist")));
         QVERIFY(!m_store->remove(FolderBlob, m_future));
     }
 
@@ -485,7 +485,8 @@ private Q_SLOTS:
     void thereIsAStoreForEveryURLButItMayBeUnreachable() {
         const auto location = std::make_shared<EngineSyncLocation>(Url());
         const std::shared_ptr<BlobStore> store = location->createBlobStore();
-        const QString text = QStringLiteral("This location has no address yet.");
+        const QString text =
+            QStringLiteral("This location has no address. Remove it and add it again.");
         QCOMPARE(descriptionOfOpening(*store), text);
         QCOMPARE(description(store->list(QStringLiteral("databases"), m_future)), text);
         QCOMPARE(description(store->read(FolderBlob, FolderLimit, m_future)), text);

@@ -64,7 +64,7 @@ private Q_SLOTS:
                                                "identity. Trust its certificate for this location?")
                                     .arg(m_server->port()));
         for (const QString &part :
-             {QStringLiteral("issued by an authority that this computer does not know"),
+             {QStringLiteral("issued by an authority that this computer does not trust"),
               QStringLiteral("Issued to: Test Server\n"),
               QStringLiteral("Issued by: Test Authority\n"),
               QLocale().toString(certificate.effectiveDate().date(), QLocale::LongFormat),

@@ -125,7 +125,7 @@ private Q_SLOTS:
         QCOMPARE(write(WebDAVBlob, contents), Expected<Written>(Written::New));
         QCOMPARE(read(WebDAVBlob, contents.size()), Expected<QByteArray>(contents));
         QCOMPARE(code(read(WebDAVBlob, contents.size() - 1)), EngineErrorCode::BlobRefused);
-        QVERIFY(description(read(WebDAVBlob)).contains(QStringLiteral("too long")));
+        QVERIFY(description(read(WebDAVBlob)).contains(QStringLiteral("too large")));
     }
 
     void aBlobIsNeverWrittenOver() {
@@ -225,7 +225,8 @@ private Q_SLOTS:
         start({.authentication = Authentication::None});
         QVERIFY(QDir().mkpath(file(QStringLiteral("holiday pictures"))));
         QVERIFY(description(m_store->open(m_future))
-                    .endsWith(QStringLiteral("/Trip & more.qvSyncStore” is not a sync store.")));
+                    .endsWith(QStringLiteral("/Trip & more.qvSyncStore” is not a sync store. Edit "
+                                             "the location and choose another one.")));
         QFile plain(m_server->folder() + QStringLiteral("/plain.qvSyncStore"));
         QVERIFY(plain.open(QIODevice::WriteOnly));
         QVERIFY(!open(m_server->URLText(QStringLiteral("plain.qvSyncStore"))));
@@ -249,7 +250,8 @@ private Q_SLOTS:
         }
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
         QCOMPARE(description(opened),
-                 QStringLiteral("The server “%1” does not accept this user name and password.")
+                 QStringLiteral("The server “%1” does not accept this user name and password. Edit "
+                                "the location to correct them.")
                      .arg(server()));
         m_server->storePassword();
         QCOMPARE(description(m_store->open(m_future)), QString());
@@ -261,8 +263,8 @@ private Q_SLOTS:
             open(m_server->URLText(PackageName, QStringLiteral("somebody")));
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
         QCOMPARE(description(opened),
-                 QStringLiteral(
-                     "The server “%1” asks for a password, and none is stored for this location.")
+                 QStringLiteral("The server “%1” requires a password, but none is saved for this "
+                                "location. Edit the location to enter it.")
                      .arg(server()));
     }
 
@@ -272,8 +274,8 @@ private Q_SLOTS:
             open(m_server->URLText(QStringLiteral("no%20such/folder/s.qvSyncStore")));
         QCOMPARE(code(opened), EngineErrorCode::StoreUnreachable);
         QCOMPARE(description(opened),
-                 QStringLiteral("The folder “http://%1/dav/no such/folder” is not there on the "
-                                "server.")
+                 QStringLiteral("The folder “http://%1/dav/no such/folder” does not exist on the "
+                                "server. Create it there or edit the location.")
                      .arg(server()));
     }
 
@@ -284,7 +286,8 @@ private Q_SLOTS:
         const Expected<void> opened = m_store->open(m_future);
         QCOMPARE(code(opened), EngineErrorCode::StoreUnreachable);
         QCOMPARE(description(opened),
-                 QStringLiteral("The server “%1” cannot be reached: nothing answers at this port.")
+                 QStringLiteral("The server “%1” refused the connection. Check the port, and "
+                                "whether the server is running.")
                      .arg(server()));
         m_server->start();
         QCOMPARE(description(m_store->open(m_future)), QString());
@@ -295,9 +298,11 @@ private Q_SLOTS:
         const Expected<void> opened =
             open(m_server->URLText(QStringLiteral("forbidden/s.qvSyncStore")));
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
-        QCOMPARE(description(opened), QStringLiteral("The server does not allow you to use "
-                                                     "“http://%1/dav/forbidden/s.qvSyncStore”.")
-                                          .arg(server()));
+        QCOMPARE(description(opened),
+                 QStringLiteral(
+                     "The server does not allow you to use "
+                     "“http://%1/dav/forbidden/s.qvSyncStore”. Ask its administrator for access.")
+                     .arg(server()));
     }
 
     void aReadOnlyStoreCanBeReadOnly() {
@@ -322,7 +327,11 @@ private Q_SLOTS:
         QCOMPARE(description(m_store->open(m_future)), QString());
         const Expected<Written> result = write(WebDAVBlob, QByteArray(1 << 20, 'x'));
         QCOMPARE(code(result), EngineErrorCode::StoreFull);
-        QCOMPARE(description(result), QStringLiteral("The server “%1” is full.").arg(server()));
+        QCOMPARE(
+            description(result),
+            QStringLiteral(
+                "The server “%1” has no space left. Delete files there or ask its administrator.")
+                .arg(server()));
         QCOMPARE(code(read(WebDAVBlob)), EngineErrorCode::BlobMissing);
         QCOMPARE(write(WebDAVBlob, "x"), Expected<Written>(Written::New));
     }
@@ -330,11 +339,12 @@ private Q_SLOTS:
     void aServerWithoutWebDAVHasItsOwnError() {
         start({});
         const QString text = QStringLiteral("http://ida@%1/s.qvSyncStore").arg(server());
-        QCOMPARE(
-            description(open(text)),
-            QStringLiteral("The server “%1” is no WebDAV server at this address.").arg(server()));
+        QCOMPARE(description(open(text)),
+                 QStringLiteral("The server “%1” does not offer WebDAV at this address. Edit the "
+                                "location to correct it.")
+                     .arg(server()));
         const ScriptedServer web(always("200 OK", "<html>Hello</html>"));
-        QVERIFY(description(open(web)).contains(QStringLiteral("is no WebDAV server")));
+        QVERIFY(description(open(web)).contains(QStringLiteral("does not offer WebDAV")));
     }
 
     void otherResponsesHaveTheirOwnErrors_data() {
@@ -345,15 +355,16 @@ private Q_SLOTS:
         QTest::newRow("503") << QByteArray("503 Service Unavailable")
                              << QStringLiteral("is busy. Try again later.");
         QTest::newRow("500") << QByteArray("500 Internal Server Error")
-                             << QStringLiteral("has a problem of its own (HTTP 500)");
-        QTest::newRow("507") << QByteArray("507 Insufficient Storage") << QStringLiteral("is full");
+                             << QStringLiteral("reported an internal error (HTTP 500)");
+        QTest::newRow("507") << QByteArray("507 Insufficient Storage")
+                             << QStringLiteral("has no space left");
         QTest::newRow("413") << QByteArray("413 Content Too Large")
                              << QStringLiteral("is larger than the server accepts");
         QTest::newRow("423") << QByteArray("423 Locked") << QStringLiteral("is locked");
         QTest::newRow("400") << QByteArray("400 Bad Request")
-                             << QStringLiteral("is not expected (HTTP 400)");
+                             << QStringLiteral("unexpected response (HTTP 400)");
         QTest::newRow("elsewhere") << QByteArray("302 Found\r\nLocation: http://other.example/")
-                                   << QStringLiteral("points to “http://other.example/”");
+                                   << QStringLiteral("redirects to “http://other.example/”");
     }
 
     void otherResponsesHaveTheirOwnErrors() {
@@ -375,7 +386,7 @@ private Q_SLOTS:
             connection.readRequest();
             connection.waitUntilClosed();
         });
-        QVERIFY(description(open(scripted)).contains(QStringLiteral("does not answer")));
+        QVERIFY(description(open(scripted)).contains(QStringLiteral("does not respond")));
         const ScriptedServer cancelling([&](Connection &connection) {
             connection.readRequest();
             future.cancel();
@@ -416,7 +427,7 @@ private Q_SLOTS:
         m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
         const Expected<QStringList> result = list(QStringLiteral("databases"));
         QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
-        QVERIFY2(description(result).contains(QStringLiteral("is not understood")),
+        QVERIFY2(description(result).contains(QStringLiteral("sent an invalid response")),
                  qPrintable(description(result)));
     }
 
@@ -475,7 +486,7 @@ private Q_SLOTS:
             connection.waitUntilClosed();
         });
         m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
-        QVERIFY(description(read(WebDAVBlob)).contains(QStringLiteral("is not understood")));
+        QVERIFY(description(read(WebDAVBlob)).contains(QStringLiteral("sent an invalid response")));
     }
 
     void aWriteWhoseAnswerIsLostIsFoundByTheNextTry() {
@@ -546,7 +557,7 @@ private Q_SLOTS:
         start({});
         const QString URLText = m_server->URLText(PackageName, {});
         QVERIFY(URLText.contains(QStringLiteral("://@localhost")));
-        QVERIFY(description(open(URLText)).contains(QStringLiteral("none is stored")));
+        QVERIFY(description(open(URLText)).contains(QStringLiteral("none is saved")));
         UrlCredentialStorage::shared().setDefaultCredentialForProtectionSpace(
             {WebDAVServer::User, WebDAVServer::Password, UrlCredential::Persistence::ForSession},
             space(URLText, UrlAuthenticationMethodHttpBasic));
