@@ -19,16 +19,16 @@ QString UUID(int i) {
 class ManyDatabases {
 public:
     ManyDatabases(int records, int localDatabases) {
-        const auto error = m_host.engine().profile().write([&]() -> std::optional<Error> {
+        const Expected<void> imported = m_host.engine().profile().write([&]() -> Expected<void> {
             for (int i = 0; i < localDatabases; ++i) {
-                if (auto importError = m_host.library().importDatabase(UUID(i), UUID(i))) {
-                    return importError;
+                if (auto result = m_host.library().importDatabase(UUID(i), UUID(i)); !result) {
+                    return result;
                 }
             }
             return {};
         });
-        if (error) {
-            qFatal("%s", qPrintable(error->localizedDescription));
+        if (!imported) {
+            qFatal("%s", qPrintable(imported.error().localizedDescription));
         }
         const auto location = std::make_shared<ScriptedLocation>(&m_script);
         m_location = location;

@@ -29,7 +29,7 @@ public:
         require(m_engine.library()->createDatabase(QStringLiteral("Notes")));
         const auto database = m_engine.library()->synchronizedDatabase(
             m_engine.library()->knownDatabases().last()->UUID());
-        require(m_engine.profile().write([&]() -> std::optional<Error> {
+        require(m_engine.profile().write([&]() -> Expected<void> {
             for (int i = 0; i < NoteCount; ++i) {
                 Note note{{},
                           QStringLiteral("Note %1").arg(i),
@@ -53,7 +53,7 @@ public:
     qsizetype notes(const QString &UUID) const {
         const auto database =
             const_cast<SyncEngine &>(m_engine).library()->synchronizedDatabase(UUID);
-        return database ? database->notes().size() : 0;
+        return database ? database->notes().value().size() : 0;
     }
 
     static QString text(int i) {
@@ -65,9 +65,9 @@ public:
     void presentError(const Error & /*error*/) override {}
 
 private:
-    static void require(const std::optional<Error> &error) {
-        if (error) {
-            qFatal("%s", qPrintable(error->localizedDescription));
+    static void require(const Expected<void> &result) {
+        if (!result) {
+            qFatal("%s", qPrintable(result.error().localizedDescription));
         }
     }
 
