@@ -3,10 +3,10 @@
 #include <QtCore/QParallelAnimationGroup>
 #include <QtCore/QPropertyAnimation>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyle>
 #include <utility>
 
+#include "Host/InboxUUID.h"
 #include "Host/QVApplication.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
@@ -14,7 +14,6 @@
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/MainQueue.h"
-#include "Platform/Interface/TableView.h"
 
 namespace {
 
@@ -121,7 +120,7 @@ void QVImportDatabasesController::runImportDatabasesSheetModalForWindow(
     beginSheet(parentWindow);
 }
 
-void QVImportDatabasesController::turnTo(QWidget *page, QWidget *otherPage, int otherX) {
+void QVImportDatabasesController::turnTo(const Page &page, QWidget *otherPage, int otherX) {
     const QRect frame = contentFrame();
     m_slide = std::make_unique<QParallelAnimationGroup>();
     const auto addAnimation = [this](QWidget *view, const QRect &end) {
@@ -130,22 +129,22 @@ void QVImportDatabasesController::turnTo(QWidget *page, QWidget *otherPage, int 
         animation->setEndValue(end);
         m_slide->addAnimation(animation);
     };
-    addAnimation(page, frame);
+    addAnimation(page.view, frame);
     addAnimation(otherPage, QRect(otherX, frame.y(), frame.width(), frame.height()));
     // What is out of sight takes neither clicks nor keys.
-    page->setEnabled(true);
-    page->show();
+    page.view->setEnabled(true);
+    page.view->show();
     otherPage->setEnabled(false);
-    page->findChild<TableView *>()->setFocus();
-    // The last button of a page is the one that goes on.
-    page->findChildren<QPushButton *>().last()->setDefault(true);
+    page.table->setFocus();
+    page.defaultButton->setDefault(true);
     connect(m_slide.get(), &QAbstractAnimation::finished, otherPage, &QWidget::hide);
     m_slide->start();
 }
 
 void QVImportDatabasesController::fetchDatabasesForLocation(
     const std::shared_ptr<QVSyncLocation> &location) {
-    turnTo(m_databasesView, m_locationsView, -contentFrame().width());
+    turnTo({m_databasesView, m_databasesTable, m_actionButton}, m_locationsView,
+           -contentFrame().width());
     setDatabases({});
     setRemoteError({});
     m_store = location->createStore();
@@ -193,12 +192,12 @@ void QVImportDatabasesController::list(const QVRemoteDatabases &fetched) {
 }
 
 bool QVImportDatabasesController::shouldListDatabase(const Record &database) const {
-    return database->UUID() != QLatin1StringView("@inbox") &&
-           !QVSyncPlugin::databaseForUUID(database->UUID(), false);
+    return database->UUID() != InboxUUID && !QVSyncPlugin::databaseForUUID(database->UUID(), false);
 }
 
 void QVImportDatabasesController::returnToLocationsView(QObject * /*sender*/) {
-    turnTo(m_locationsView, m_databasesView, contentFrame().width());
+    turnTo({m_locationsView, m_locationsTable, m_continueButton}, m_databasesView,
+           contentFrame().width());
     cancelFetch();
 }
 

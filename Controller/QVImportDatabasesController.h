@@ -2,6 +2,7 @@
 
 #include <QtCore/QPointer>
 #include <QtGui/QIcon>
+#include <QtWidgets/QPushButton>
 #include <atomic>
 #include <functional>
 #include <memory>
@@ -11,6 +12,7 @@
 #include "Host/QVRemoteDatabase.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncStore.h"
+#include "Platform/Interface/TableView.h"
 #include "Platform/Interface/WindowController.h"
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/KeyValue/SharedPointer.h"
@@ -44,6 +46,10 @@ class QVImportDatabasesController
     Q_PROPERTY(QWidget *contentView MEMBER m_contentView)
     Q_PROPERTY(QWidget *locationsView MEMBER m_locationsView)
     Q_PROPERTY(QWidget *databasesView MEMBER m_databasesView)
+    Q_PROPERTY(TableView *locationsTable MEMBER m_locationsTable)
+    Q_PROPERTY(TableView *databasesTable MEMBER m_databasesTable)
+    Q_PROPERTY(QPushButton *continueButton MEMBER m_continueButton)
+    Q_PROPERTY(QPushButton *actionButton MEMBER m_actionButton)
 public:
     using Record = std::shared_ptr<QVRemoteDatabase>;
 
@@ -114,9 +120,16 @@ protected:
     void leaveSheet() override;
 
 private:
+    /// One of the two pages that slide into the sheet.
+    struct Page {
+        QWidget *view;
+        TableView *table;
+        QPushButton *defaultButton;
+    };
+
     QVImportDatabasesController();
     QRect contentFrame() const;
-    void turnTo(QWidget *page, QWidget *otherPage, int otherX);
+    void turnTo(const Page &page, QWidget *otherPage, int otherX);
     void didOpen(const std::optional<Error> &error);
     void didFetch(const std::optional<QVRemoteDatabases> &fetched,
                   const std::optional<Error> &error);
@@ -128,6 +141,10 @@ private:
     QPointer<QWidget> m_contentView;
     QPointer<QWidget> m_locationsView;
     QPointer<QWidget> m_databasesView;
+    QPointer<TableView> m_locationsTable;
+    QPointer<TableView> m_databasesTable;
+    QPointer<QPushButton> m_continueButton;
+    QPointer<QPushButton> m_actionButton;
     std::atomic<std::shared_ptr<QVSyncStore>> m_store;
     std::optional<QVRemoteDatabases> m_databases;
     std::atomic<std::shared_ptr<PZFuture>> m_future;

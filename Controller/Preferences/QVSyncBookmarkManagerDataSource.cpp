@@ -7,6 +7,7 @@
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/PathComponents.h"
+#include "Platform/Interface/RequiredChild.h"
 #include "Platform/Interface/TableView.h"
 #include "Platform/Interface/Workspace.h"
 
@@ -21,12 +22,12 @@ QString pathOf(const QVariant &row) {
 QWidget *makeBookmarkCell(TableView &tableView, const QString &identifier, QObject *owner,
                           const QVariantMap &row) {
     QWidget *view = tableView.makeViewWithIdentifier(identifier, owner);
-    view->findChild<QLabel *>(QStringLiteral("imageView"))
-        ->setPixmap(row.value(QStringLiteral("image")).value<QPixmap>());
-    auto *textField = view->findChild<QLabel *>(QStringLiteral("textField"));
-    textField->setText(row.value(QStringLiteral("name")).toString());
+    requiredChild<QLabel>(*view, QStringLiteral("imageView"))
+        .setPixmap(row.value(QStringLiteral("image")).value<QPixmap>());
+    auto &textField = requiredChild<QLabel>(*view, QStringLiteral("textField"));
+    textField.setText(row.value(QStringLiteral("name")).toString());
     // A name that is cut short would show itself.
-    textField->setToolTip(pathOf(row));
+    textField.setToolTip(pathOf(row));
     view->setToolTip(pathOf(row));
     return view;
 }

@@ -8,6 +8,7 @@
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolButton>
+#include <memory>
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/BindableView.h"
@@ -114,13 +115,25 @@ private:
     const QPointer<QObject> m_argument;
 };
 
+void makeObjects(QWidget *form) {
+    const QStringList declarations = form->property("objects").toStringList();
+    for (const QString &declaration : declarations) {
+        const QString className = declaration.section(u' ', 1);
+        const auto makeObject = classes().value(className);
+        if (!makeObject) {
+            fail(
+                QStringLiteral("No class \"%1\" is registered for a form's object").arg(className));
+        }
+        makeObject(form)->setObjectName(declaration.section(u' ', 0, 0));
+    }
+}
+
 /// Connects one form that was just made.
 class Connector {
 public:
     Connector(QWidget *form, QObject *owner, const Nib::Objects &named)
         : m_form(form), m_objects(named) {
         m_objects.insert(QStringLiteral("owner"), owner);
-        makeObjects();
         m_parts = m_form->findChildren<QObject *>();
         m_parts.prepend(m_form);
         for (QObject *part : std::as_const(m_parts)) {
@@ -155,22 +168,10 @@ public:
     }
 
 private:
-    void makeObjects() {
-        const QStringList declared = m_form->property("objects").toStringList();
-        for (const QString &declaration : declared) {
-            const QString className = declaration.section(u' ', 1);
-            const auto makeObject = classes().value(className);
-            if (!makeObject) {
-                fail(QStringLiteral("No class \"%1\" is there for a form's object").arg(className));
-            }
-            QObject *made = makeObject(m_form);
-            made->setObjectName(declaration.section(u' ', 0, 0));
-            m_made.append(made);
-        }
-    }
-
     void awakeObjects() const {
-        for (QObject *made : m_made) {
+        const QStringList declarations = m_form->property("objects").toStringList();
+        for (const QString &declaration : declarations) {
+            QObject *made = object(declaration.section(u' ', 0, 0));
             const int index = made->metaObject()->indexOfMethod("awakeFromNib()");
             made->metaObject()->method(index).invoke(made, Qt::DirectConnection);
         }
@@ -307,7 +308,6 @@ private:
     QWidget *const m_form;
     Nib::Objects m_objects;
     QObjectList m_parts;
-    QObjectList m_made;
 };
 
 }  // namespace
@@ -320,12 +320,18 @@ void Nib::registerClass(const QString &className, const ObjectFactory &makeObjec
     classes().insert(className, makeObject);
 }
 
-QWidget *Nib::load(const QString &nibName, QObject *owner, const Objects &named) {
-    const Form makeForm = forms().value(nibName);
-    if (!makeForm) {
+QWidget *Nib::makeForm(const QString &nibName) {
+    const Form makeWidgets = forms().value(nibName);
+    if (!makeWidgets) {
         fail(QStringLiteral("No form is named \"%1\"").arg(nibName));
     }
-    QWidget *form = makeForm();
+    auto form = std::unique_ptr<QWidget>(makeWidgets());
+    makeObjects(form.get());
+    return form.release();
+}
+
+QWidget *Nib::load(const QString &nibName, QObject *owner, const Objects &named) {
+    QWidget *form = makeForm(nibName);
     Connector(form, owner, named).connect();
     return form;
 }

@@ -46,6 +46,10 @@ PLATFORM_EXPORT void registerForm(const QString &nibName, const Form &makeForm);
 using ObjectFactory = std::function<QObject *(QObject *parent)>;
 PLATFORM_EXPORT void registerClass(const QString &className, const ObjectFactory &makeObject);
 
+/// Makes the widgets and the `objects` of the form of that name, without connecting them. The
+/// caller owns the form, which has no parent.
+PLATFORM_EXPORT QWidget *makeForm(const QString &nibName);
+
 /// Makes the form of that name and connects it: outlets and prototypes first, then bindings, then
 /// actions. The
 /// caller owns what it gets. The owner is not awakened; that is for the caller to do.

@@ -4,9 +4,10 @@
 #include <QtCore/QString>
 
 #include "Platform/KeyValue/Binding.h"
+#include "Platform/PlatformExport.h"
 
 /// The name of an object and, behind its first point, a key path from it.
-struct NibPath {
+struct PLATFORM_EXPORT NibPath {
     QString object;
     QByteArray keyPath;
 
@@ -15,7 +16,7 @@ struct NibPath {
 };
 
 /// One entry of a form's `bindings`.
-struct NibBinding {
+struct PLATFORM_EXPORT NibBinding {
     QByteArray key;
     NibPath path;
     QString transformer;  ///< empty: none
@@ -26,7 +27,7 @@ struct NibBinding {
 };
 
 /// A form's `action`.
-struct NibAction {
+struct PLATFORM_EXPORT NibAction {
     NibPath target;
     QByteArray method;
     NibPath argument;  ///< without an object: the sender

@@ -3,6 +3,8 @@
 #include <QtCore/QDir>
 #include <QtWidgets/QLineEdit>
 
+#include "Platform/Interface/RequiredChild.h"
+
 OpenPanel::OpenPanel(const QString &message, QWidget *parent) : QFileDialog(parent, message) {
     // The desktop's own panels choose either files or folders.
     setOption(DontUseNativeDialog);
@@ -10,8 +12,8 @@ OpenPanel::OpenPanel(const QString &message, QWidget *parent) : QFileDialog(pare
     connect(this, &QFileDialog::currentChanged, this, [this](const QString &path) {
         // The dialog names only files by itself.
         if (QFileInfo(path).isDir()) {
-            findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
-                ->setText(QFileInfo(path).fileName());
+            requiredChild<QLineEdit>(*this, QStringLiteral("fileNameEdit"))
+                .setText(QFileInfo(path).fileName());
         }
     });
 }
