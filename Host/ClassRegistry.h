@@ -35,6 +35,13 @@ private:
 
 /// Raises an AssertionFailure that says that the host has no class `name`. Used by
 /// requiredHostClass().
+/// Returns the class object registered under `name`, or null if there is none or it is not a
+/// `ClassObject`. For classes that a host may lack.
+template <class ClassObject>
+ClassObject *optionalHostClass(const QString &name) {
+    return dynamic_cast<ClassObject *>(NSClassFromString(name));
+}
+
 [[noreturn]] HOST_EXPORT void failForMissingHostClass(const QString &name);
 
 /// Returns the class object that is registered under `name`. Raises an AssertionFailure if there is
@@ -42,7 +49,7 @@ private:
 /// use NSClassFromString() for classes that a host may leave out.
 template <class ClassObject>
 ClassObject &requiredHostClass(const QString &name) {
-    auto *classObject = dynamic_cast<ClassObject *>(NSClassFromString(name));
+    auto *classObject = optionalHostClass<ClassObject>(name);
     if (!classObject) {
         failForMissingHostClass(name);
     }

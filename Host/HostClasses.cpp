@@ -45,9 +45,10 @@ QVSyncPlugin::Class &syncPluginClass() {
     return requiredHostClass<QVSyncPlugin::Class>(QStringLiteral("QVSyncPlugin"));
 }
 
-QVDirectConnectionServer::Class &serverClass() {
-    return requiredHostClass<QVDirectConnectionServer::Class>(
-        QStringLiteral("QVDirectConnectionServer"));
+const QString ServerClassName = QStringLiteral("QVDirectConnectionServer");
+
+QVDirectConnectionServer::Class *serverClass() {
+    return optionalHostClass<QVDirectConnectionServer::Class>(ServerClassName);
 }
 
 }  // namespace
@@ -74,7 +75,8 @@ std::shared_ptr<QVDatabase> QVSyncPlugin::databaseForUUID(const QString &UUID,
 }
 
 QList<std::shared_ptr<QVDatabase>> QVDatabase::databases() {
-    return requiredHostClass<QVDatabase::Class>(QStringLiteral("QVDatabase")).databases();
+    const auto *databaseClass = optionalHostClass<QVDatabase::Class>(QStringLiteral("QVDatabase"));
+    return databaseClass ? databaseClass->databases() : QList<std::shared_ptr<QVDatabase>>();
 }
 
 QVSyncSchedulePtr QVSyncSchedule::newSchedule() {
@@ -93,17 +95,18 @@ std::shared_ptr<PZFuture> PZFuture::future() {
 }
 
 QString QVDirectConnectionServer::URLScheme() {
-    return serverClass().URLScheme();
+    return serverClass() ? serverClass()->URLScheme() : QString();
 }
 
 quint16 QVDirectConnectionServer::defaultPort() {
-    return serverClass().defaultPort();
+    return serverClass() ? serverClass()->defaultPort() : 0;
 }
 
 QString QVDirectConnectionServer::bonjourServiceType() {
-    return serverClass().bonjourServiceType();
+    return serverClass() ? serverClass()->bonjourServiceType() : QString();
 }
 
 QString QVDirectConnectionClientAuthorizationServiceName() {
-    return serverClass().clientAuthorizationServiceName();
+    return requiredHostClass<QVDirectConnectionServer::Class>(ServerClassName)
+        .clientAuthorizationServiceName();
 }

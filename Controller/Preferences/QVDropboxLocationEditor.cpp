@@ -4,11 +4,18 @@
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
 
+namespace {
+/// Null if the host has no class that makes sessions.
+std::shared_ptr<QVDropboxSession> sessionWithURL(const Url &URL) {
+    auto *manager =
+        optionalHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"));
+    return manager ? manager->sessionWithURL(URL) : nullptr;
+}
+}  // namespace
+
 QVDropboxLocationEditor::QVDropboxLocationEditor(const std::shared_ptr<QVSyncLocation> &location)
     : QVSyncLocationEditor(QStringLiteral("QVDropboxLocationEditor"), location),
-      m_session(
-          requiredHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"))
-              .sessionWithURL(location->URL())),
+      m_session(sessionWithURL(location->URL())),
       m_authorizationStatus(localizedSyncString("Not authorized")),
       m_future(PZFuture::future()) {
     KeyValue::followDependencies(this);
@@ -52,6 +59,9 @@ void QVDropboxLocationEditor::runLocationEditorModalForWindow(QWidget *parentWin
 }
 
 void QVDropboxLocationEditor::authorize(QObject *sender) {
+    if (!m_session) {
+        return;
+    }
     setAuthorizationStatus(localizedSyncString("Authorizing…"));
     const auto self = std::static_pointer_cast<QVDropboxLocationEditor>(shared_from_this());
     m_session->authorizeWithFuture(m_future, [self, sender = QPointer(sender)](

@@ -1,5 +1,6 @@
 #include "Controller/Preferences/QVServerPreferencesController.h"
 
+#include "Host/DefaultsKeys.h"
 #include "Host/QVSyncPlugin.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/UserDefaults.h"
@@ -42,7 +43,7 @@ quint16 QVServerPreferencesController::serverPort() const {
 }
 
 void QVServerPreferencesController::setServerPort(quint16 port) {
-    UserDefaults::setValue(QStringLiteral("QVDirectConnectionServerPortNumber"), port);
+    UserDefaults::setValue(DefaultsKeys::DirectConnectionServerPortNumber, port);
     if (server()) {
         server()->setPort(port);
     }
@@ -56,7 +57,7 @@ bool QVServerPreferencesController::isEnabled() const {
 }
 
 void QVServerPreferencesController::setEnabled(bool enabled) {
-    UserDefaults::setValue(QStringLiteral("QVDirectConnectionServerEnabled"), enabled);
+    UserDefaults::setValue(DefaultsKeys::DirectConnectionServerEnabled, enabled);
     if (server() && enabled != server()->isServing()) {
         enabled ? server()->startServing() : server()->stopServing();
     }

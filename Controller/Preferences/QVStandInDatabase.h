@@ -7,10 +7,10 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "Host/QVSyncLocation.h"
 #include "Host/QVSyncState.h"
 #include "Platform/KeyValue/KeyValue.h"
 
-class QVSyncLocation;
 struct Notification;
 
 /// One row of the database list: a database with all its synchronization states, seen as one.
@@ -39,6 +39,9 @@ class QVStandInDatabase : public QObject {
     Q_PROPERTY(bool syncOnOpen READ syncOnOpen WRITE setSyncOnOpen NOTIFY syncOnOpenChanged)
     Q_PROPERTY(bool syncOnClose READ syncOnClose WRITE setSyncOnClose NOTIFY syncOnCloseChanged)
     Q_PROPERTY(bool existsLocally READ existsLocally)
+    /// The locations at which the database exists.
+    Q_PROPERTY(std::unordered_set<std::shared_ptr<QVSyncLocation>> containingLocations READ
+                   containingLocations NOTIFY containingLocationsChanged)
 public:
     QVStandInDatabase();
     ~QVStandInDatabase() override;
@@ -91,6 +94,7 @@ Q_SIGNALS:
     void UUIDChanged();
     void nameChanged();
     void synchronizationStatesChanged();
+    void containingLocationsChanged();
     void canSynchronizeChanged();
     void dateOfLastSynchronizationChanged();
     void scheduleChanged();
@@ -114,6 +118,8 @@ private:
     std::unordered_set<std::shared_ptr<QVSyncLocation>> m_containingLocations;
     QDateTime m_dateOfLastSynchronization;
     bool m_canSynchronize = false;
+    /// How often the set of states has changed.
+    quint64 m_changeCount = 0;
     /// Whether both aggregates are what a recomputation would give.
     bool m_aggregatesAreCurrent = true;
     /// Apart from the states: dropping all of them keeps their observations.

@@ -1,3 +1,4 @@
+#include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
 #include "Controller/Preferences/QVDropboxLocationEditor.h"
 #include "Controller/Preferences/QVFolderLocationEditor.h"
@@ -6,19 +7,21 @@
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/QVWebDAVLocationEditor.h"
 #include "Controller/QVImportDatabasesController.h"
-#include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/Log.h"
+#include "Platform/Foundation/MainQueue.h"
 #include "Platform/Interface/Workspace.h"
 
 namespace {
 
 constexpr char commandsSourceFile[] = "Controller/Preferences/QVSyncPreferences";
 
+/// Null if the host has no such class: there is nothing to add then.
 std::shared_ptr<QVSyncLocation> newLocation() {
-    return requiredHostClass<QVSyncLocation::Class>(QStringLiteral("QVSyncLocation"))
-        .syncLocationWithURL({});
+    const auto *locationClass =
+        optionalHostClass<QVSyncLocation::Class>(QStringLiteral("QVSyncLocation"));
+    return locationClass ? locationClass->syncLocationWithURL({}) : nullptr;
 }
 
 }  // namespace
@@ -30,29 +33,45 @@ QVSyncPreferences::Selection QVSyncPreferences::selectedRow() const {
 }
 
 void QVSyncPreferences::addFileLocation(QObject * /*sender*/) {
-    editLocationWithEditor(QVFolderLocationEditor::editorWithSyncLocation(newLocation()));
+    if (const auto location = newLocation()) {
+        editLocationWithEditor(QVFolderLocationEditor::editorWithSyncLocation(location));
+    }
 }
 
 void QVSyncPreferences::addWebDAVLocation(QObject * /*sender*/) {
-    editLocationWithEditor(QVWebDAVLocationEditor::editorWithSyncLocation(newLocation()));
+    if (const auto location = newLocation()) {
+        editLocationWithEditor(QVWebDAVLocationEditor::editorWithSyncLocation(location));
+    }
 }
 
 void QVSyncPreferences::addDropboxLocation(QObject * /*sender*/) {
-    editLocationWithEditor(QVDropboxLocationEditor::editorWithSyncLocation(newLocation()));
+    if (const auto location = newLocation()) {
+        editLocationWithEditor(QVDropboxLocationEditor::editorWithSyncLocation(location));
+    }
 }
 
 void QVSyncPreferences::addDirectConnectionLocation(QObject * /*sender*/) {
-    editLocationWithEditor(QVDirectConnectionLocationEditor::editorWithSyncLocation(newLocation()));
+    if (const auto location = newLocation()) {
+        editLocationWithEditor(QVDirectConnectionLocationEditor::editorWithSyncLocation(location));
+    }
 }
 
 void QVSyncPreferences::createFolder(QObject * /*sender*/) {
-    const auto editor = QVFolderLocationEditor::editorWithSyncLocation(newLocation());
+    const auto location = newLocation();
+    if (!location) {
+        return;
+    }
+    const auto editor = QVFolderLocationEditor::editorWithSyncLocation(location);
     editor->createFolderWithCompletionHandler(
         [this, &editor](qint64 result) { addFolderLocation(*editor, result); });
 }
 
 void QVSyncPreferences::selectFolder(QObject * /*sender*/) {
-    const auto editor = QVFolderLocationEditor::editorWithSyncLocation(newLocation());
+    const auto location = newLocation();
+    if (!location) {
+        return;
+    }
+    const auto editor = QVFolderLocationEditor::editorWithSyncLocation(location);
     editor->selectFolderWithCompletionHandler(
         [this, &editor](qint64 result) { addFolderLocation(*editor, result); });
 }
@@ -76,20 +95,8 @@ void QVSyncPreferences::editSelectedSyncLocation(QObject * /*sender*/) {
 
 std::shared_ptr<QVSyncLocationEditor> QVSyncPreferences::locationEditorForLocation(
     const std::shared_ptr<QVSyncLocation> &location) const {
-    const Url URL = location->URL();
-    if (URL.isFileURL()) {
-        return QVFolderLocationEditor::editorWithSyncLocation(location);
-    }
-    if (URL.scheme() == QLatin1StringView("http") || URL.scheme() == QLatin1StringView("https")) {
-        return QVWebDAVLocationEditor::editorWithSyncLocation(location);
-    }
-    if (URL.scheme() == QVDirectConnectionServer::URLScheme()) {
-        return QVDirectConnectionLocationEditor::editorWithSyncLocation(location);
-    }
-    if (URL.scheme() == QLatin1StringView("dropbox")) {
-        return QVDropboxLocationEditor::editorWithSyncLocation(location);
-    }
-    return nullptr;
+    const LocationKind *kind = location ? LocationKind::ofURL(location->URL()) : nullptr;
+    return kind ? kind->makeEditor(location) : nullptr;
 }
 
 void QVSyncPreferences::editLocationWithEditor(
@@ -131,6 +138,8 @@ void QVSyncPreferences::addSyncLocation(const std::shared_ptr<QVSyncLocation> &l
 
 void QVSyncPreferences::removeSyncSelection(
     const std::shared_ptr<QVSynchronizationSelection> &selection) {
+    requireParameter(selection != nullptr, "selection != nil",
+                     "QVSyncPreferences::removeSyncSelection", commandsSourceFile);
     const QVSyncStates states = selection->location()->synchronizationStates();
     const QVariantList rows = m_databasesController->arrangedObjects();
     for (const auto &state : states) {
@@ -170,8 +179,11 @@ void QVSyncPreferences::cleanLocationForDatabaseWithUUID(
     Log::message(QStringLiteral("Attempting to clean location %1")
                      .arg(location->URL().stringWithoutPassword()));
     plugin()->dispatcher()->cleanRemoteStoreWithSynchronizationState(
-        location->stateForDatabaseWithUUID(UUID), [name = location->URL().stringWithoutPassword()] {
-            Log::message(QStringLiteral("Finished cleaning location %1").arg(name));
+        location->stateForDatabaseWithUUID(UUID), [location] {
+            MainQueue::dispatchAsync([location] {
+                Log::message(QStringLiteral("Finished cleaning location %1")
+                                 .arg(location->URL().stringWithoutPassword()));
+            });
         });
 }
 

@@ -2,8 +2,10 @@
 
 #include <QtWidgets/QMenu>
 
+#include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/QVSyncLocationEditor.h"
 #include "Controller/Preferences/QVSyncScheduleEditor.h"
+#include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
 #include "Host/QVApplication.h"
 #include "Host/QVDatabase.h"
@@ -24,7 +26,7 @@ QVSyncPreferences *livePane = nullptr;
 /// Under what the row of a database is kept: the inbox has one key in every profile.
 QString rowKey(const QVDatabase &database) {
     const auto inbox = NSApp()->inbox();
-    return inbox && inbox->UUID() == database.UUID() ? QStringLiteral("@inbox") : database.UUID();
+    return inbox && inbox->UUID() == database.UUID() ? InboxUUID : database.UUID();
 }
 
 }  // namespace
@@ -53,6 +55,7 @@ void QVSyncPreferences::awakeFromNib() {
         embedScheduleEditor();
         livePane = this;
     }
+    fillAddMenu();
     m_databasesView->setDelegate(this);
     m_locationsView->setDelegate(this);
     m_warningIcon = QIcon(QStringLiteral(":/SyncPreferences/QVSyncSelectionWarning.png"));
@@ -69,10 +72,22 @@ void QVSyncPreferences::embedScheduleEditor() {
     view->setGeometry(m_scheduleView->geometry());
     view->show();
     m_scheduleEditor->setDelegate(this);
+    KeyValue::announce<&QVSyncPreferences::scheduleEditorChanged>(this);
+}
+
+void QVSyncPreferences::fillAddMenu() {
+    for (const LocationKind &kind : LocationKind::all()) {
+        for (const LocationKind::MenuEntry &entry : kind.menuEntries) {
+            QAction *item = m_addMenu->addAction(localizedSyncString(entry.title));
+            item->setObjectName(QLatin1StringView(entry.name));
+            connect(item, &QAction::triggered, this,
+                    [this, choose = entry.choose] { choose(*this); });
+        }
+    }
 }
 
 void QVSyncPreferences::willSelect() {
-    m_localDatabasesByUUID.clear();
+    setLocalDatabasesByUUID(QVStandInsByUUID());
     // Announced together: for each row alone, the list would be built again as often as it has
     // rows.
     const auto locations = plugin()->locationsController()->syncLocations();
@@ -85,7 +100,7 @@ void QVSyncPreferences::willSelect() {
     KeyValue::announce<&QVSyncPreferences::synchronizationSelectionsChanged>(this);
 
     for (const StandIn &database : openDatabases()) {
-        m_localDatabasesByUUID[database->UUID()] = database;
+        (*m_localDatabasesByUUID)[database->UUID()] = database;
     }
     KeyValue::announce<&QVSyncPreferences::localDatabasesChanged>(this);
 
@@ -103,16 +118,24 @@ void QVSyncPreferences::willSelect() {
 
 void QVSyncPreferences::appendLocationEditMenuItems() {
     for (const char *title : {"New", "Open", "Save"}) {
-        locationEditMenu()->addAction(localizedSyncString(title));
+        locationEditMenu()->addAction(QLatin1StringView(title));
     }
 }
 
 void QVSyncPreferences::willDeselect() {
     saveAndPresentError();
-    m_localDatabasesByUUID.clear();
+    setLocalDatabasesByUUID({});
     NotificationCenter::defaultCenter().removeObserver(this);
     m_scheduleEditor->stopObservingScheduleFiring();
     KeyValue::unbind(m_scheduleEditor.get(), "representedObjects");
+    // The lists and the schedule editor let go of the database rows, which share host objects.
+    KeyValue::announce<&QVSyncPreferences::localDatabasesChanged>(this);
+    m_scheduleEditor->setRepresentedObjects({});
+}
+
+void QVSyncPreferences::setLocalDatabasesByUUID(const std::optional<QVStandInsByUUID> &rows) {
+    m_localDatabasesByUUID = rows;
+    KeyValue::announce<&QVSyncPreferences::localDatabasesByUUIDChanged>(this);
 }
 
 QString QVSyncPreferences::currentVersionString() const {
@@ -143,7 +166,7 @@ QMenu *QVSyncPreferences::locationEditMenu() const {
 
 QList<QVSyncPreferences::StandIn> QVSyncPreferences::localDatabases() const {
     QList<StandIn> rows;
-    for (const auto &[UUID, row] : m_localDatabasesByUUID) {
+    for (const auto &[UUID, row] : m_localDatabasesByUUID.value_or(QVStandInsByUUID())) {
         rows.append(row);
     }
     return sortedUsingDescriptors(rows, databaseSortDescriptors());
@@ -193,17 +216,24 @@ QVSyncPreferences::StandIn QVSyncPreferences::standInForAsynchronousDatabase(
 }
 
 QVSyncPreferences::StandIn QVSyncPreferences::localDatabaseForUUID(const QString &UUID) const {
-    const auto found = m_localDatabasesByUUID.find(UUID);
-    return found == m_localDatabasesByUUID.end() ? nullptr : found->second;
+    if (!m_localDatabasesByUUID) {
+        return nullptr;
+    }
+    const auto found = m_localDatabasesByUUID->find(UUID);
+    return found == m_localDatabasesByUUID->end() ? nullptr : found->second;
 }
 
 void QVSyncPreferences::addLocalDatabasesObject(const StandIn &database) {
-    m_localDatabasesByUUID[database->UUID()] = database;
+    if (m_localDatabasesByUUID) {
+        (*m_localDatabasesByUUID)[database->UUID()] = database;
+    }
     KeyValue::announce<&QVSyncPreferences::localDatabasesChanged>(this);
 }
 
 void QVSyncPreferences::removeLocalDatabasesObject(const StandIn &database) {
-    m_localDatabasesByUUID.erase(database->UUID());
+    if (m_localDatabasesByUUID) {
+        m_localDatabasesByUUID->erase(database->UUID());
+    }
     KeyValue::announce<&QVSyncPreferences::localDatabasesChanged>(this);
 }
 
@@ -259,12 +289,15 @@ void QVSyncPreferences::removeSynchronizationSelectionsObject(const Selection &s
 
 QVSyncPreferences::Selection QVSyncPreferences::synchronizationSelectionForState(
     const std::shared_ptr<QVSyncState> &state, const StandIn &database) const {
+    if (!state) {
+        return nullptr;
+    }
     for (const Selection &selection : m_synchronizationSelections) {
         const StandIn selected = selection->database();
         if (selection->location() == state->destination() && selected && database &&
             selected->UUID() == database->UUID()) {
-            Log::verbose(
-                QStringLiteral("Found synchronization selection %1").arg(selection->title()));
+            Log::verbose(QStringLiteral("Found synchronization selection %1")
+                             .arg(selection->locationFormatter()->title()));
             return selection;
         }
     }

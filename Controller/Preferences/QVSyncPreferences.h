@@ -3,12 +3,14 @@
 #include <QtCore/QMutex>
 #include <QtGui/QIcon>
 #include <QtGui/QPixmap>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
 #include <map>
 #include <memory>
 
 #include "Controller/NSArrayController+Emptiness.h"
 #include "Controller/Preferences/QVStandInDatabase.h"
+#include "Controller/Preferences/QVSyncScheduleEditor.h"
 #include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
 #include "Controller/Preferences/QVSynchronizationSelection.h"
 #include "Host/QVSyncPlugin.h"
@@ -16,12 +18,12 @@
 #include "View/QVListView.h"
 #include "View/QVListViewDelegate.h"
 
-class QMenu;
 class QVDatabase;
+/// The rows of the database list by UUID, the inbox under `InboxUUID`.
+using QVStandInsByUUID = std::map<QString, std::shared_ptr<QVStandInDatabase>>;
 class QVFolderLocationEditor;
 class QVImportDatabasesController;
 class QVSyncLocationEditor;
-class QVSyncScheduleEditor;
 struct Notification;
 
 /// The pane "Sync Preferences": which open database synchronizes with which location, and when.
@@ -42,6 +44,12 @@ class QVSyncPreferences : public PreferencePane,
                    localDatabasesChanged)
     /// Fresh rows for the databases that are open now, in the host's order.
     Q_PROPERTY(QList<std::shared_ptr<QVStandInDatabase>> openDatabases READ openDatabases)
+    /// The rows by UUID. Empty optional before the first showing and after the pane was left.
+    Q_PROPERTY(std::optional<QVStandInsByUUID> localDatabasesByUUID READ localDatabasesByUUID NOTIFY
+                   localDatabasesByUUIDChanged)
+    /// Null before `awakeFromNib`. Owned by the pane.
+    Q_PROPERTY(
+        QVSyncScheduleEditor *scheduleEditor READ scheduleEditor NOTIFY scheduleEditorChanged)
     /// One row more for each location at each showing of the pane.
     Q_PROPERTY(QList<std::shared_ptr<QVSynchronizationSelection>> synchronizationSelections READ
                    synchronizationSelections NOTIFY synchronizationSelectionsChanged)
@@ -58,6 +66,7 @@ class QVSyncPreferences : public PreferencePane,
     Q_PROPERTY(QVListView *locationsView MEMBER m_locationsView)
     Q_PROPERTY(QWidget *scheduleView MEMBER m_scheduleView)
     Q_PROPERTY(QPushButton *locationEditPopUpButton MEMBER m_locationEditPopUpButton)
+    Q_PROPERTY(QMenu *addMenu MEMBER m_addMenu)
 public:
     using StandIn = std::shared_ptr<QVStandInDatabase>;
     using Selection = std::shared_ptr<QVSynchronizationSelection>;
@@ -94,7 +103,7 @@ public:
     QList<SortDescriptor> databaseSortDescriptors() const;
     QList<StandIn> openDatabases() const;
     /// The rows by UUID, the inbox under "@inbox".
-    const std::map<QString, StandIn> &localDatabasesByUUID() const {
+    const std::optional<QVStandInsByUUID> &localDatabasesByUUID() const {
         return m_localDatabasesByUUID;
     }
     /// A new row for an open database, with its state at each location that has one.
@@ -173,10 +182,14 @@ public:
 Q_SIGNALS:
     void databasesChanged();
     void localDatabasesChanged();
+    void localDatabasesByUUIDChanged();
+    void scheduleEditorChanged();
     void synchronizationSelectionsChanged();
 
 private:
     void embedScheduleEditor();
+    void fillAddMenu();
+    void setLocalDatabasesByUUID(const std::optional<QVStandInsByUUID> &rows);
     void appendLocationEditMenuItems();
     void appendSelection(const Selection &selection);
     Selection selectedRow() const;
@@ -196,8 +209,9 @@ private:
     mutable QPixmap m_databaseIcon;
     std::unique_ptr<QVSyncScheduleEditor> m_scheduleEditor;
     QList<Selection> m_synchronizationSelections;
-    std::map<QString, StandIn> m_localDatabasesByUUID;
+    std::optional<QVStandInsByUUID> m_localDatabasesByUUID;
     QPointer<QPushButton> m_locationEditPopUpButton;
+    QPointer<QMenu> m_addMenu;
     QList<std::shared_ptr<QVSyncLocationEditor>> m_editors;
     std::shared_ptr<QVImportDatabasesController> m_importController;
 };

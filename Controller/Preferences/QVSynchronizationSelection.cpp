@@ -3,6 +3,7 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 
+#include "Controller/Preferences/LocationKind.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
@@ -124,12 +125,20 @@ bool QVSynchronizationSelection::isCleanable() const {
            type == localizedSyncString("Local Sync Store") || type == localizedSyncString("WebDAV");
 }
 
+bool QVSynchronizationSelection::isEditable() const {
+    return LocationKind::ofURL(m_location->URL()) != nullptr;
+}
+
+bool QVSynchronizationSelection::canCleanUp() const {
+    return isCleanable() && isSelected();
+}
+
 bool QVSynchronizationSelection::isMounted() const {
     const Url URL = m_location->URL();
     const bool isMounted =
         !URL.isFileURL() || QVSyncPlugin::plugin()->isVolumeMountedAtPath(URL.path());
     Log::verbose(QStringLiteral("Location: %1 (%2) %3 mounted.")
-                     .arg(URL.absoluteString(), URL.path(),
+                     .arg(URL.stringWithoutPassword(), URL.path(),
                           isMounted ? QStringLiteral("is") : QStringLiteral("is not")));
     return isMounted;
 }
@@ -222,6 +231,10 @@ void QVSynchronizationSelection::fetchDatabasesWithCompletionHandler(
 
 KeyValue::KeyPaths QVSynchronizationSelection::keyPathsForValuesAffectingSelected() {
     return {"database", "location", "location.synchronizationStates"};
+}
+
+KeyValue::KeyPaths QVSynchronizationSelection::keyPathsForValuesAffectingEditable() {
+    return {"location", "location.URL"};
 }
 
 KeyValue::KeyPaths QVSynchronizationSelection::keyPathsForValuesAffectingSelectable() {

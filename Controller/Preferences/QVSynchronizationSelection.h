@@ -42,6 +42,10 @@ class QVSynchronizationSelection : public QObject,
     Q_PROPERTY(bool selectable READ isSelectable NOTIFY selectableChanged)
     /// Whether the location is of a kind that can be cleaned up.
     Q_PROPERTY(bool cleanable READ isCleanable)
+    /// Whether there is an editor for the location's URL.
+    Q_PROPERTY(bool editable READ isEditable NOTIFY editableChanged)
+    /// Whether the database synchronizes with the location and the location can be cleaned up.
+    Q_PROPERTY(bool canCleanUp READ canCleanUp)
     Q_PROPERTY(bool mounted READ isMounted)
     /// Black, half transparent where the location is not mounted.
     Q_PROPERTY(QColor textColor READ textColor)
@@ -70,6 +74,8 @@ public:
     void setSelected(bool selected);
     bool isSelectable() const;
     bool isCleanable() const;
+    bool isEditable() const;
+    bool canCleanUp() const;
     bool isMounted() const;
     QColor textColor() const;
     QVariantList selectedDatabases() const;
@@ -85,6 +91,7 @@ public:
 
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingSelected();
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingSelectable();
+    Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingEditable();
 
 Q_SIGNALS:
     void databaseChanged();
@@ -93,6 +100,7 @@ Q_SIGNALS:
     void activeChanged();
     void selectedChanged();
     void selectableChanged();
+    void editableChanged();
     void selectedDatabasesChanged();
 
 private:

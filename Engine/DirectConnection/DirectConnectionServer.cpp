@@ -10,6 +10,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Host/DefaultsKeys.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/UserDefaults.h"
@@ -17,9 +18,6 @@
 #include "Platform/Network/NetService.h"
 
 namespace {
-
-const QString PortNumberKey = QStringLiteral("QVDirectConnectionServerPortNumber");
-const QString EnabledKey = QStringLiteral("QVDirectConnectionServerEnabled");
 
 quint16 portOrDefault(int port) {
     const bool isPort = port > 0 && port <= std::numeric_limits<quint16>::max();
@@ -59,11 +57,12 @@ void DirectConnectionServer::load(const DirectConnectionPackage &package,
                                   DirectConnectionHook &hook) {
     m_package.emplace(package);
     m_hook = &hook;
-    m_port = portOrDefault(UserDefaults::integerForKey(PortNumberKey));
+    m_port =
+        portOrDefault(UserDefaults::integerForKey(DefaultsKeys::DirectConnectionServerPortNumber));
 }
 
 void DirectConnectionServer::startIfEnabled() {
-    if (UserDefaults::boolForKey(EnabledKey)) {
+    if (UserDefaults::boolForKey(DefaultsKeys::DirectConnectionServerEnabled)) {
         startServing();
     }
 }

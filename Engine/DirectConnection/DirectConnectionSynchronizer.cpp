@@ -6,8 +6,8 @@
 
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
-#include "Engine/Notes/InboxUUID.h"
 #include "Engine/Synchronization/EngineDispatcher.h"
+#include "Host/InboxUUID.h"
 
 namespace {
 

@@ -93,7 +93,9 @@ qsizetype EngineLocationsController::indexOfObjectInSyncLocations(
 }
 
 void EngineLocationsController::removeObjectFromSyncLocationsAtIndex(qsizetype index) {
-    m_locations.removeAt(index);
+    if (index >= 0 && index < m_locations.size()) {
+        m_locations.removeAt(index);
+    }
 }
 
 bool EngineLocationsController::save(std::optional<Error> *error) {

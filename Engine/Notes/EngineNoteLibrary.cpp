@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Notes/InboxUUID.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"

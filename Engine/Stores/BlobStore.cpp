@@ -2,8 +2,8 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DatabaseRecord.h"
-#include "Engine/Notes/InboxUUID.h"
 #include "Engine/Notes/Operation.h"
+#include "Host/InboxUUID.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 

@@ -92,7 +92,8 @@ void EngineDispatcher::synchronizeWithStore(
 
 void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncState> &state,
                                const std::function<void()> &handler) {
-    const auto location = std::dynamic_pointer_cast<EngineSyncLocation>(state->destination());
+    const auto location =
+        state ? std::dynamic_pointer_cast<EngineSyncLocation>(state->destination()) : nullptr;
     if (!location) {
         MainThreadQueue::post(handler);
         return;

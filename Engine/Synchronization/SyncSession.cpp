@@ -3,8 +3,8 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
-#include "Engine/Notes/InboxUUID.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Host/InboxUUID.h"
 
 namespace {
 

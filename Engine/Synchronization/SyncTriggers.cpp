@@ -1,8 +1,8 @@
 #include "Engine/Synchronization/SyncTriggers.h"
 
 #include "Engine/Notes/EngineNoteLibrary.h"
-#include "Engine/Notes/InboxUUID.h"
 #include "Engine/Schedules/ScheduleByClock.h"
+#include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocation.h"

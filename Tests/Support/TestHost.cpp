@@ -3,7 +3,7 @@
 #include <QtCore/QDir>
 #include <stdexcept>
 
-#include "Engine/Notes/InboxUUID.h"
+#include "Host/InboxUUID.h"
 #include "Host/QVSyncStore.h"
 
 namespace {

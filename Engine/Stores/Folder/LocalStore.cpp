@@ -8,7 +8,7 @@
 #include <QtSql/QSqlQuery>
 
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Notes/InboxUUID.h"
+#include "Host/InboxUUID.h"
 #include "Host/SyncStrings.h"
 
 LocalStore::LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path)

@@ -7,11 +7,13 @@
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/QVWebDAVLocationEditor.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/PackagePanel.h"
 #include "Platform/Interface/SheetWindow.h"
 #include "Support/HostShortcuts.h"
+#include "Support/MessageRecorder.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -271,10 +273,65 @@ private Q_SLOTS:
         const auto location = std::make_shared<EngineSyncLocation>(Url());
         QCOMPARE(failureOf([this] { m_pane->addSyncLocation(nullptr); }),
                  failure("location != nil"));
+        QCOMPARE(failureOf([this] { m_pane->editSyncLocation(nullptr); }),
+                 failure("editor != nil"));
+        QCOMPARE(failureOf([this] { m_pane->removeSyncSelection(nullptr); }),
+                 failure("selection != nil"));
         QCOMPARE(failureOf([this] { m_pane->cleanSelectedSyncLocation(nullptr); }),
                  failure("_location != nil"));
         QCOMPARE(failureOf([&] { m_pane->cleanLocationForDatabaseWithUUID(location, {}); }),
                  failure("_UUID != nil"));
+    }
+
+    void bothRowsOfALocationCanBeRemoved() {
+        m_host->addLocation();
+        showPane();
+        m_pane->willDeselect();
+        m_pane->willSelect();
+        const auto rows = m_pane->synchronizationSelections();
+        QCOMPARE(rows.size(), 2);
+        m_pane->removeSyncSelection(rows[0]);
+        m_pane->removeSyncSelection(rows[1]);
+        QVERIFY(m_pane->synchronizationSelections().isEmpty());
+        QVERIFY(URLs().isEmpty());
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
+    }
+
+    void cleaningWithoutAStateFinishes() {
+        const auto location = m_host->addLocation();
+        showPane();
+        setDebugging(Debugging::Normal);
+        const MessageRecorder recorder;
+        m_pane->cleanLocationForDatabaseWithUUID(location, QStringLiteral("no such database"));
+        location->setURL(Url::fromString(QStringLiteral("http://u:geheim@h/moved.qvSyncStore")));
+        QTRY_COMPARE(recorder.messages().size(), 2);
+        QCOMPARE(recorder.messages()[1],
+                 QStringLiteral("Finished cleaning location http://u@h/moved.qvSyncStore"));
+    }
+
+    void onlyALocationWithAnEditorCanBeEdited() {
+        m_host->addLocation(QStringLiteral("gopher://h/a"));
+        m_host->addLocation(QStringLiteral("dropbox://u@h"));
+        showPane();
+        selectLocation(0);
+        QVERIFY(!part<QPushButton>("editLocationButton")->isEnabled());
+        selectLocation(1);
+        QVERIFY(part<QPushButton>("editLocationButton")->isEnabled());
+    }
+
+    void onlyASelectedRowOfACleanableKindCanBeCleanedUp() {
+        const auto database = m_host->addDatabase(QStringLiteral("Data"));
+        const QString direct = QVDirectConnectionServer::URLScheme() + QStringLiteral("://h:4711");
+        m_host->addState(m_host->addLocation(), database)->setEnabled(true);
+        m_host->addState(m_host->addLocation(direct), database)->setEnabled(true);
+        showPane();
+        m_pane->databasesController()->setSelectionIndexes({0});
+        QCOMPARE(m_pane->databases().first()->name(), QStringLiteral("Data"));
+        for (const qsizetype index : {0, 1}) {
+            selectLocation(index);
+            Q_EMIT part<QMenu>("moreMenu")->aboutToShow();
+            QCOMPARE(part<QAction>("cleanItem")->isEnabled(), index == 0);
+        }
     }
 
     void removingALocationTakesItsStatesFromEveryRowFirst() {

@@ -13,6 +13,7 @@
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/AnnouncementRecorder.h"
 #include "Support/HostShortcuts.h"
+#include "Support/MessageRecorder.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -320,7 +321,7 @@ private Q_SLOTS:
         m_pane->scheduleEditor()->setSyncOnOpen(true);
         m_pane->willDeselect();
         QVERIFY(m_pane->localDatabases().isEmpty());
-        QVERIFY(m_pane->localDatabasesByUUID().empty());
+        QVERIFY(!m_pane->localDatabasesByUUID());
         AnnouncementRecorder recorder(m_pane.get());
         AnnouncementRecorder editorRecorder(m_pane->scheduleEditor());
         m_host->addDatabase(QStringLiteral("Later"));
@@ -428,10 +429,88 @@ private Q_SLOTS:
         showPane();
         selectDatabase(m_host->inbox()->name());
         setDebugging(Debugging::High);
-        QTest::ignoreMessage(
-            QtInfoMsg, QRegularExpression(QStringLiteral("^Found synchronization selection ")));
+        const MessageRecorder recorder;
         m_pane->synchronizationSelectionForState(
             state, m_pane->localDatabaseForUUID(QStringLiteral("@inbox")));
+        QCOMPARE(recorder.messages().size(), 1);
+        QVERIFY(recorder.messages().first().startsWith(
+            QStringLiteral("Found synchronization selection ")));
+    }
+
+    void noRowBelongsToAnAbsentState() {
+        m_host->addLocation();
+        showPane();
+        QVERIFY(!m_pane->synchronizationSelectionForState(
+            nullptr, m_pane->localDatabaseForUUID(QStringLiteral("@inbox"))));
+    }
+
+    void theRowsByUUIDAreAbsentWhileThePaneIsNotShown() {
+        m_pane = std::make_unique<QVSyncPreferences>();
+        m_pane->loadMainView();
+        const auto row = std::make_shared<QVStandInDatabase>();
+        QVERIFY(!m_pane->localDatabasesByUUID());
+        m_pane->addLocalDatabasesObject(row);
+        m_pane->removeLocalDatabasesObject(row);
+        QVERIFY(!m_pane->localDatabasesByUUID());
+        AnnouncementRecorder recorder(m_pane.get());
+        m_pane->willSelect();
+        QCOMPARE(recorder.count("localDatabasesByUUID"), 1);
+        QCOMPARE(m_pane->localDatabasesByUUID()->size(), std::size_t(1));
+        m_pane->willDeselect();
+        QCOMPARE(recorder.count("localDatabasesByUUID"), 2);
+        QVERIFY(!m_pane->localDatabasesByUUID());
+        QVERIFY(m_pane->databases().isEmpty());
+    }
+
+    void theScheduleEditorIsAnObservableKey() {
+        QVSyncPreferences pane;
+        AnnouncementRecorder recorder(&pane);
+        pane.loadMainView();
+        QCOMPARE(recorder.count("scheduleEditor"), 1);
+        QCOMPARE(KeyValue::value(&pane, "scheduleEditor").value<QVSyncScheduleEditor *>(),
+                 pane.scheduleEditor());
+    }
+
+    void leavingThePaneReleasesRowsAndHostObjects() {
+        const auto database = m_host->addDatabase(QStringLiteral("Data"));
+        const auto state = m_host->addState(m_host->addLocation(), database);
+        const auto local = m_host->localLocation();
+        const long stateOwners = state.use_count();
+        const long localOwners = local.use_count();
+        showPane();
+        selectDatabase(QStringLiteral("Data"));
+        const std::weak_ptr<QVStandInDatabase> row = m_pane->localDatabaseForUUID(database->UUID());
+        QVERIFY(state.use_count() > stateOwners);
+        m_pane->willDeselect();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(row.expired());
+        QCOMPARE(state.use_count(), stateOwners);
+        QCOMPARE(local.use_count(), localOwners);
+        QCOMPARE(m_pane->synchronizationSelections().size(), 1);
+    }
+
+    void showingAgainTicksNothing() {
+        m_host->addDatabase(QStringLiteral("Data"));
+        const auto location = m_host->addLocation();
+        showPane();
+        selectDatabase(QStringLiteral("Data"));
+        m_pane->willDeselect();
+        m_pane->willSelect();
+        QVERIFY(location->synchronizationStates().isEmpty());
+    }
+
+    void theAppendedMenuItemsAreNotTranslated() {
+        m_host.reset();
+        QLocale::setDefault(QLocale(QLocale::German));
+        m_host = std::make_unique<TestHost>();
+        showPane();
+        QLocale::setDefault(QLocale::c());
+        QStringList titles;
+        for (const QAction *item : m_pane->locationEditMenu()->actions()) {
+            titles.append(item->text());
+        }
+        QCOMPARE(titles, QStringList({QStringLiteral("New"), QStringLiteral("Open"),
+                                      QStringLiteral("Save")}));
     }
 
     void absentArgumentsAreProgrammingErrors() {

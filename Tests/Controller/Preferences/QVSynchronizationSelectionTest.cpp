@@ -10,6 +10,7 @@
 #include "Platform/KeyValue/Binding.h"
 #include "Support/AnnouncementRecorder.h"
 #include "Support/HostShortcuts.h"
+#include "Support/MessageRecorder.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -225,11 +226,11 @@ private Q_SLOTS:
         QCOMPARE(recorder.announced(), QByteArrayList({"database", "selected", "selectable"}));
     }
 
-    void anotherLocationAnnouncesWhetherItIsSelected() {
+    void anotherLocationAnnouncesWhetherItIsSelectedAndEditable() {
         const auto row = Selection::selectionWithDatabase(nullptr, m_host->addLocation());
         AnnouncementRecorder recorder(row.get());
         row->setLocation(m_host->addLocation());
-        QCOMPARE(recorder.announced(), QByteArrayList({"location", "selected"}));
+        QCOMPARE(recorder.announced(), QByteArrayList({"location", "editable", "selected"}));
     }
 
     void aNewStateAtTheLocationAnnouncesWhetherItIsSelected() {
@@ -261,6 +262,17 @@ private Q_SLOTS:
         QCOMPARE(row->icon().toImage(), formatter->icon().toImage());
         QCOMPARE(row->locationType(), formatter->locationType());
         QCOMPARE(row->textColor(), QColor(Qt::black));
+    }
+
+    void noPasswordIsLogged() {
+        const auto selection = Selection::selectionWithDatabase(
+            nullptr, m_host->addLocation(QStringLiteral("https://u:geheim@h/a.qvSyncStore")));
+        setDebugging(Debugging::High);
+        const MessageRecorder recorder;
+        QVERIFY(selection->isMounted());
+        QCOMPARE(recorder.messages(),
+                 QStringList{QStringLiteral(
+                     "Location: https://u@h/a.qvSyncStore (/a.qvSyncStore) is mounted.")});
     }
 
     void aFolderOnAnUnmountedVolumeIsShownAsUnavailable() {

@@ -39,8 +39,8 @@ private Q_SLOTS:
         QStringList texts = captured("Resources/Interface", "*.ui", "<string>([^<]+)</string>");
         for (const char *folder : {"Controller", "View", "Platform"}) {
             texts += captured(folder, "*.cpp",
-                              "localized(?:Sync)?String\\((?:PlatformTable,)?\\s*\"([^\"]+"
-                              "(?:\"\\s+\"[^\"]+)*)\"");
+                              "(?:localized(?:Sync)?String|QT_TRANSLATE_NOOP)\\((?:PlatformTable,|"
+                              "\"Sync\",)?\\s*\"([^\"]+(?:\"\\s+\"[^\"]+)*)\"");
         }
         QVERIFY(texts.size() > 30);
         static const QRegularExpression seam(QStringLiteral("\"\\s+\""));

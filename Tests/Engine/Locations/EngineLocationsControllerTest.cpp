@@ -1,10 +1,10 @@
 #include <QtCore/QProcess>
 
-#include "Engine/Notes/InboxUUID.h"
 #include "Engine/Schedules/EngineDailySchedule.h"
 #include "Engine/Schedules/EngineHourlySchedule.h"
 #include "Engine/Schedules/EngineSchedule.h"
 #include "Engine/Schedules/EngineWeeklySchedule.h"
+#include "Host/InboxUUID.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 

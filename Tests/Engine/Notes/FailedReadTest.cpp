@@ -1,4 +1,4 @@
-#include "Engine/Notes/InboxUUID.h"
+#include "Host/InboxUUID.h"
 #include "Engine/Notes/KnownTransactions.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"

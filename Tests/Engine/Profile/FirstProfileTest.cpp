@@ -1,7 +1,7 @@
 #include <QtCore/QPluginLoader>
 
 #include "Application/Interface/SyncPlugIn.h"
-#include "Engine/Notes/InboxUUID.h"
+#include "Host/InboxUUID.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocationFormatter.h"
 #include "Support/TestHost.h"

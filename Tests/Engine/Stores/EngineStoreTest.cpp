@@ -3,8 +3,8 @@
 #include <future>
 
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Notes/InboxUUID.h"
 #include "Engine/Stores/Folder/FolderStore.h"
+#include "Host/InboxUUID.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 

@@ -1,5 +1,5 @@
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Notes/InboxUUID.h"
+#include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/TestHost.h"

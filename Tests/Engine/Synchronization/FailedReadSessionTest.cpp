@@ -1,4 +1,4 @@
-#include "Engine/Notes/InboxUUID.h"
+#include "Host/InboxUUID.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Support/FailingTable.h"

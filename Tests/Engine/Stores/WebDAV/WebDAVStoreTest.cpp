@@ -2,8 +2,8 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
-#include "Engine/Notes/InboxUUID.h"
 #include "Engine/Stores/WebDAV/WebDAVStore.h"
+#include "Host/InboxUUID.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 #include "Support/Failure.h"
 #include "Support/PrivateVolume.h"

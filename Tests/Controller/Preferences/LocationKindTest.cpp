@@ -1,0 +1,51 @@
+#include "Controller/Preferences/LocationKind.h"
+
+#include "Controller/Preferences/QVSyncLocationEditor.h"
+#include "Host/QVDatabase.h"
+#include "Host/QVDirectConnectionServer.h"
+#include "Platform/Foundation/Url.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+class LocationKindTest : public QObject {
+    Q_OBJECT
+
+    /// The class of the editor for `URLText`.
+    static QByteArray editorClass(const QString &URLText) {
+        const auto location = std::make_shared<EngineSyncLocation>(Url::fromString(URLText));
+        const LocationKind *kind = LocationKind::ofURL(location->URL());
+        return kind ? kind->makeEditor(location)->metaObject()->className() : "";
+    }
+
+private Q_SLOTS:
+    void theSchemeChoosesTheEditorExactly() {
+        const TestHost host;
+        const QString direct = QVDirectConnectionServer::URLScheme();
+        QCOMPARE(editorClass(QStringLiteral("file:///a")), QByteArray("QVFolderLocationEditor"));
+        QCOMPARE(editorClass(QStringLiteral("http://h/a")), QByteArray("QVWebDAVLocationEditor"));
+        QCOMPARE(editorClass(QStringLiteral("https://h/a")), QByteArray("QVWebDAVLocationEditor"));
+        QCOMPARE(editorClass(direct + QStringLiteral("://h")),
+                 QByteArray("QVDirectConnectionLocationEditor"));
+        QCOMPARE(editorClass(QStringLiteral("dropbox://u@h")),
+                 QByteArray("QVDropboxLocationEditor"));
+        QCOMPARE(editorClass(QStringLiteral("HTTP://h/a")), QByteArray());
+        QCOMPARE(editorClass(QStringLiteral("gopher://h/a")), QByteArray());
+        QCOMPARE(editorClass(QString()), QByteArray());
+    }
+
+    void aMissingHostClassLeadsToTheNextRule() {
+        const QString direct = [] {
+            const TestHost host;
+            return QVDirectConnectionServer::URLScheme();
+        }();
+        QVERIFY(QVDirectConnectionServer::URLScheme().isNull());
+        QCOMPARE(QVDirectConnectionServer::defaultPort(), quint16(0));
+        QVERIFY(QVDatabase::databases().isEmpty());
+        QVERIFY(!LocationKind::ofURL(Url::fromString(direct + QStringLiteral("://h"))));
+        QVERIFY(!LocationKind::ofURL({}));
+        QVERIFY(LocationKind::ofURL(Url::fromString(QStringLiteral("dropbox://u@h"))));
+    }
+};
+
+VELMORA_TEST(LocationKindTest)
+#include "LocationKindTest.moc"

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QtCore/QStringList>
+#include <QtCore/QtGlobal>
+
+/// Catches the messages that Qt's logging delivers while it exists, in place of its output. There
+/// is one at a time.
+class MessageRecorder {
+public:
+    MessageRecorder();
+    ~MessageRecorder();
+    MessageRecorder(const MessageRecorder &) = delete;
+    MessageRecorder &operator=(const MessageRecorder &) = delete;
+
+    QStringList messages() const;
+
+private:
+    QtMessageHandler m_previous;
+};
