@@ -18,6 +18,14 @@ QDateTime later(const QDateTime &left, const QDateTime &right) {
     }
     return std::max(left, right);
 }
+
+QString descriptionOf(const QObject *object) {
+    return object ? QStringLiteral("<%1: 0x%2>")
+                        .arg(QLatin1StringView(object->metaObject()->className()))
+                        .arg(reinterpret_cast<quintptr>(object), 0, 16)
+                  : QStringLiteral("(null)");
+}
+
 }  // namespace
 
 QVStandInDatabase::QVStandInDatabase() {
@@ -106,6 +114,7 @@ void QVStandInDatabase::addSynchronizationStatesObject(const std::shared_ptr<QVS
     if (!m_members.contains(state.get())) {
         m_members.insert(state.get());
         m_states.append(state);
+        ++m_changeCount;
     }
     m_observations.emplace(
         state.get(),
@@ -120,15 +129,20 @@ void QVStandInDatabase::addSynchronizationStatesObject(const std::shared_ptr<QVS
 // As long as the aggregates are current, a new state can only raise them. Going through all the
 // states at each addition would cost the square of their number.
 void QVStandInDatabase::includeInAggregates(const QVSyncState &state) {
-    if (!m_aggregatesAreCurrent || Log::isVerbose()) {
+    const bool wereCurrent = m_aggregatesAreCurrent && !Log::isVerbose();
+    const quint64 change = m_changeCount;
+    if (wereCurrent) {
+        setDateOfLastSynchronization(later(m_dateOfLastSynchronization, state.lastSynced()));
+    } else {
         updateDateOfLastSynchronization();
-        updateCanSynchronize();
-        m_aggregatesAreCurrent = true;
-        return;
     }
-    setDateOfLastSynchronization(later(m_dateOfLastSynchronization, state.lastSynced()));
-    setCanSynchronize(m_canSynchronize || state.isEnabled());
-    m_aggregatesAreCurrent = true;
+    // A handler may have added or removed states meanwhile.
+    if (wereCurrent && change == m_changeCount) {
+        setCanSynchronize(m_canSynchronize || state.isEnabled());
+    } else {
+        updateCanSynchronize();
+    }
+    m_aggregatesAreCurrent = change == m_changeCount;
 }
 
 void QVStandInDatabase::removeSynchronizationStatesObject(
@@ -136,6 +150,7 @@ void QVStandInDatabase::removeSynchronizationStatesObject(
     if (m_members.remove(state.get())) {
         m_observations.erase(m_observations.find(state.get()));
         m_states.removeOne(state);
+        ++m_changeCount;
     }
     updateDateOfLastSynchronization();
     KeyValue::announce<&QVStandInDatabase::synchronizationStatesChanged>(this);
@@ -144,17 +159,20 @@ void QVStandInDatabase::removeSynchronizationStatesObject(
 void QVStandInDatabase::removeAllSynchronizationStates() {
     m_states.clear();
     m_members.clear();
+    ++m_changeCount;
     m_aggregatesAreCurrent = false;
 }
 
 void QVStandInDatabase::addContainingLocationsObject(
     const std::shared_ptr<QVSyncLocation> &location) {
     m_containingLocations.insert(location);
+    KeyValue::announce<&QVStandInDatabase::containingLocationsChanged>(this);
 }
 
 void QVStandInDatabase::removeContainingLocationsObject(
     const std::shared_ptr<QVSyncLocation> &location) {
     m_containingLocations.erase(location);
+    KeyValue::announce<&QVStandInDatabase::containingLocationsChanged>(this);
 }
 
 bool QVStandInDatabase::existsInLocation(const std::shared_ptr<QVSyncLocation> &location) const {
@@ -188,7 +206,7 @@ QString QVStandInDatabase::description() const {
     return QStringLiteral("<%1: 0x%2 %3>")
         .arg(QLatin1StringView(metaObject()->className()))
         .arg(address, 0, 16)
-        .arg(m_UUID);
+        .arg(m_UUID.isNull() ? QStringLiteral("(null)") : m_UUID);
 }
 
 void QVStandInDatabase::didReceiveDatabaseRenamedNotification(const Notification &notification) {
@@ -196,9 +214,7 @@ void QVStandInDatabase::didReceiveDatabaseRenamedNotification(const Notification
     if (!database) {
         Log::message(
             QStringLiteral("Received database-renamed notification with non-database object: %1")
-                .arg(QString::fromUtf8(notification.object
-                                           ? notification.object->metaObject()->className()
-                                           : "(null)")));
+                .arg(descriptionOf(notification.object)));
         return;
     }
     if (database->UUID() == m_UUID) {

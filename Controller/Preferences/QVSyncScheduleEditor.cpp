@@ -10,16 +10,33 @@ namespace {
 /// Monday to Friday, as the weekly schedule counts.
 constexpr quint64 workdays = 62;
 
-QVHourlySchedule::Class &hourlyClass() {
-    return requiredHostClass<QVHourlySchedule::Class>(QStringLiteral("QVHourlySchedule"));
+// A schedule of a class that the host lacks is null.
+
+QVSyncSchedulePtr newHourlySchedule() {
+    const auto *scheduleClass =
+        optionalHostClass<QVHourlySchedule::Class>(QStringLiteral("QVHourlySchedule"));
+    return scheduleClass ? scheduleClass->newHourlySchedule() : nullptr;
 }
 
-QVDailySchedule::Class &dailyClass() {
-    return requiredHostClass<QVDailySchedule::Class>(QStringLiteral("QVDailySchedule"));
+QVSyncSchedulePtr hourlyScheduleAt(qint32 offset) {
+    const auto *scheduleClass =
+        optionalHostClass<QVHourlySchedule::Class>(QStringLiteral("QVHourlySchedule"));
+    return scheduleClass ? scheduleClass->initWithHourlyOffset(static_cast<quint32>(offset))
+                         : nullptr;
 }
 
-QVWeeklySchedule::Class &weeklyClass() {
-    return requiredHostClass<QVWeeklySchedule::Class>(QStringLiteral("QVWeeklySchedule"));
+QVSyncSchedulePtr dailyScheduleAt(const std::optional<HourAndMinute> &hourAndMinute) {
+    const auto *scheduleClass =
+        optionalHostClass<QVDailySchedule::Class>(QStringLiteral("QVDailySchedule"));
+    return scheduleClass ? scheduleClass->initWithHourAndMinute(hourAndMinute) : nullptr;
+}
+
+QVSyncSchedulePtr weeklyScheduleAt(const std::optional<HourAndMinute> &hourAndMinute,
+                                   quint64 daysOfWeek) {
+    const auto *scheduleClass =
+        optionalHostClass<QVWeeklySchedule::Class>(QStringLiteral("QVWeeklySchedule"));
+    return scheduleClass ? scheduleClass->initWithHourAndMinute(hourAndMinute, daysOfWeek)
+                         : nullptr;
 }
 
 }  // namespace
@@ -27,6 +44,11 @@ QVWeeklySchedule::Class &weeklyClass() {
 QVSyncScheduleEditor::QVSyncScheduleEditor()
     : ViewController(QStringLiteral("QVSyncScheduleEditor")) {
     KeyValue::followDependencies(this);
+}
+
+void QVSyncScheduleEditor::setDelegate(QVSyncScheduleEditorDelegate *delegate) {
+    m_delegate = delegate;
+    KeyValue::announce<&QVSyncScheduleEditor::delegateChanged>(this);
 }
 
 std::shared_ptr<QVStandInDatabase> QVSyncScheduleEditor::database() const {
@@ -83,9 +105,10 @@ void QVSyncScheduleEditor::setHourly(bool hourly) {
     if (!hourly) {
         return;
     }
-    setSchedule(hourlyClass().newHourlySchedule());
-    Log::verbose(QStringLiteral("1Setting hourly with hourlyOffset: %1").arg(hourlyOffset()));
-    setSchedule(hourlyClass().initWithHourlyOffset(static_cast<quint32>(hourlyOffset())));
+    setSchedule(newHourlySchedule());
+    Log::verbose(QStringLiteral("1Setting hourly with hourlyOffset: %1")
+                     .arg(static_cast<quint32>(hourlyOffset())));
+    setSchedule(hourlyScheduleAt(hourlyOffset()));
     tellDelegate(schedule());
 }
 
@@ -95,7 +118,7 @@ bool QVSyncScheduleEditor::isDaily() const {
 
 void QVSyncScheduleEditor::setDaily(bool daily) {
     if (daily) {
-        setSchedule(dailyClass().initWithHourAndMinute(m_hourAndMinute));
+        setSchedule(dailyScheduleAt(m_hourAndMinute));
     }
 }
 
@@ -105,7 +128,7 @@ bool QVSyncScheduleEditor::isWeekly() const {
 
 void QVSyncScheduleEditor::setWeekly(bool weekly) {
     if (weekly) {
-        setSchedule(weeklyClass().initWithHourAndMinute(m_hourAndMinute, workdays));
+        setSchedule(weeklyScheduleAt(m_hourAndMinute, workdays));
     }
 }
 
@@ -124,7 +147,7 @@ void QVSyncScheduleEditor::setHourlyOffset(qint32 offset) {
     }
     Log::verbose(
         QStringLiteral("2Setting hourly with hourlyOffset: %1").arg(static_cast<quint32>(offset)));
-    setSchedule(hourlyClass().initWithHourlyOffset(static_cast<quint32>(offset)));
+    setSchedule(hourlyScheduleAt(offset));
     tellDelegate(schedule());
 }
 
@@ -137,7 +160,7 @@ void QVSyncScheduleEditor::setDailyDate(const QDateTime &date) {
     if (!isDaily()) {
         return;
     }
-    setSchedule(dailyClass().initWithHourAndMinute(hourAndMinuteOf(date)));
+    setSchedule(dailyScheduleAt(hourAndMinuteOf(date)));
     tellDelegate(schedule());
 }
 
@@ -151,7 +174,7 @@ void QVSyncScheduleEditor::setWeeklyDate(const QDateTime &date) {
     if (!weekly) {
         return;
     }
-    setSchedule(weeklyClass().initWithHourAndMinute(hourAndMinuteOf(date), weekly->daysOfWeek()));
+    setSchedule(weeklyScheduleAt(hourAndMinuteOf(date), weekly->daysOfWeek()));
     tellDelegate(schedule());
 }
 
@@ -165,7 +188,7 @@ void QVSyncScheduleEditor::setWeeklyDays(quint64 days) {
     if (!weekly) {
         return;
     }
-    setSchedule(weeklyClass().initWithHourAndMinute(weekly->hourAndMinute(), days));
+    setSchedule(weeklyScheduleAt(weekly->hourAndMinute(), days));
     tellDelegate(schedule());
 }
 
@@ -205,7 +228,8 @@ QCalendar QVSyncScheduleEditor::gregorianCalendar() const {
 }
 
 HourAndMinute QVSyncScheduleEditor::hourAndMinuteOf(const QDateTime &date) const {
-    return {date.time().hour(), date.time().minute()};
+    const QTime time = date.toLocalTime().time();
+    return {time.hour(), time.minute()};
 }
 
 QDateTime QVSyncScheduleEditor::dateOf(const HourAndMinute &hourAndMinute) const {

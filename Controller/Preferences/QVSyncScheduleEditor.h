@@ -5,12 +5,11 @@
 #include <memory>
 
 #include "Controller/Preferences/QVStandInDatabase.h"
+#include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
 #include "Host/QVDailySchedule.h"
 #include "Host/QVHourlySchedule.h"
 #include "Host/QVWeeklySchedule.h"
 #include "Platform/Interface/ViewController.h"
-
-class QVSyncScheduleEditorDelegate;
 
 /// Edits when the represented database row synchronizes by itself. What is set here is set on the
 /// row, and so on all of the row's states; the row announces it, and the delegate is told of
@@ -41,12 +40,20 @@ class QVSyncScheduleEditor : public ViewController {
         qint32 hourlyOffset READ hourlyOffset WRITE setHourlyOffset NOTIFY hourlyOffsetChanged)
     /// The row's, or a base schedule for a row that has none.
     Q_PROPERTY(QVSyncSchedulePtr schedule READ schedule WRITE setSchedule NOTIFY scheduleChanged)
+    /// The schedule as one of the three kinds; null if it is of another kind.
+    Q_PROPERTY(std::shared_ptr<const QVHourlySchedule> hourlySchedule READ hourlySchedule)
+    Q_PROPERTY(std::shared_ptr<const QVDailySchedule> dailySchedule READ dailySchedule)
+    Q_PROPERTY(std::shared_ptr<const QVWeeklySchedule> weeklySchedule READ weeklySchedule)
+    Q_PROPERTY(QCalendar gregorianCalendar READ gregorianCalendar)
+    /// Not owned; null if there is none.
+    Q_PROPERTY(QVSyncScheduleEditorDelegate *delegate READ delegate WRITE setDelegate NOTIFY
+                   delegateChanged)
 public:
     QVSyncScheduleEditor();
 
     QVSyncScheduleEditorDelegate *delegate() const { return m_delegate; }
     /// Not owned; nullptr: none.
-    void setDelegate(QVSyncScheduleEditorDelegate *delegate) { m_delegate = delegate; }
+    void setDelegate(QVSyncScheduleEditorDelegate *delegate);
 
     std::shared_ptr<QVStandInDatabase> database() const;
     bool canSchedule() const { return true; }
@@ -115,6 +122,7 @@ Q_SIGNALS:
     void representedObjectsChanged();
     void hourlyOffsetChanged();
     void scheduleChanged();
+    void delegateChanged();
 
 private:
     void tellDelegate(const QVSyncSchedulePtr &schedule);

@@ -267,7 +267,8 @@ private Q_SLOTS:
         setDebugging(Debugging::Normal);
         QTest::ignoreMessage(
             QtInfoMsg, QRegularExpression(QStringLiteral(
-                           "^Received database-renamed notification with non-database object: ")));
+                           "^Received database-renamed notification with non-database object: "
+                           "<QObject: 0x[0-9a-f]+>$")));
         NotificationCenter::defaultCenter().post(QVDatabaseRenamedNotification, &noDatabase);
         QCOMPARE(row.name(), QStringLiteral("Mine"));
     }
@@ -304,6 +305,37 @@ private Q_SLOTS:
             QString::number(static_cast<quint32>(reinterpret_cast<quintptr>(&row)), 16);
         QCOMPARE(row.description(),
                  QStringLiteral("<QVStandInDatabase: 0x%1 some-uuid>").arg(address));
+    }
+
+    void withoutAUUIDItDescribesThatAsThePlatformDoes() {
+        QVERIFY(QVStandInDatabase().description().endsWith(QStringLiteral(" (null)>")));
+    }
+
+    void aHandlerMayRemoveAStateWhileAnotherIsAdded() {
+        QVStandInDatabase row;
+        const auto enabled = makeState(true, QDateTime::fromSecsSinceEpoch(1000));
+        row.addSynchronizationStatesObject(enabled);
+        bool isRemoved = false;
+        connect(&row, &QVStandInDatabase::dateOfLastSynchronizationChanged, &row, [&] {
+            if (!std::exchange(isRemoved, true)) {
+                row.removeSynchronizationStatesObject(enabled);
+            }
+        });
+        row.addSynchronizationStatesObject(makeState(false, QDateTime::fromSecsSinceEpoch(500)));
+        QVERIFY(isRemoved);
+        QVERIFY(!row.canSynchronize());
+        QCOMPARE(row.dateOfLastSynchronization(), QDateTime::fromSecsSinceEpoch(500));
+        row.addSynchronizationStatesObject(makeState(false));
+        QVERIFY(!row.canSynchronize());
+    }
+
+    void itsContainingLocationsAreAnObservableKey() {
+        QVStandInDatabase row;
+        AnnouncementRecorder recorder(&row);
+        const auto location = m_host->addLocation();
+        row.addContainingLocationsObject(location);
+        row.removeContainingLocationsObject(location);
+        QCOMPARE(recorder.count("containingLocations"), 2);
     }
 
     void addingAStateAnnouncesWhatDependsOnTheStates() {

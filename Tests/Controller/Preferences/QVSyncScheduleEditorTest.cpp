@@ -209,6 +209,22 @@ private Q_SLOTS:
         QCOMPARE(m_delegate.m_schedules.size(), 2);
     }
 
+    void aTimeIsTakenInLocalTimeWhateverItsZone() {
+        qputenv("TZ", "Asia/Tokyo");
+        tzset();
+        const QDateTime date(QDate(2026, 1, 15), QTime(3, 21), Qt::UTC);
+        m_editor->setDaily(true);
+        m_editor->setDailyDate(date);
+        const HourAndMinute daily = m_editor->dailySchedule()->hourAndMinute();
+        m_editor->setWeekly(true);
+        m_editor->setWeeklyDate(date);
+        const HourAndMinute weekly = m_editor->weeklySchedule()->hourAndMinute();
+        qunsetenv("TZ");
+        tzset();
+        QCOMPARE(daily, HourAndMinute({12, 21}));
+        QCOMPARE(weekly, HourAndMinute({12, 21}));
+    }
+
     void theWeeklyTimeKeepsTheDays() {
         m_editor->setWeekly(true);
         m_editor->setWeeklyDays(5);
@@ -330,6 +346,21 @@ private Q_SLOTS:
         m_editor->setHourly(true);
         QTest::ignoreMessage(QtInfoMsg, "2Setting hourly with hourlyOffset: 17");
         m_editor->setHourlyOffset(17);
+    }
+
+    void itsDelegateSchedulesAndCalendarAreKeys() {
+        AnnouncementRecorder recorder(m_editor.get());
+        m_editor->setDelegate(m_editor->delegate());
+        QCOMPARE(recorder.count("delegate"), 1);
+        m_editor->setWeekly(true);
+        QVERIFY(KeyValue::value(m_editor.get(), "weeklySchedule")
+                    .value<std::shared_ptr<const QVWeeklySchedule>>());
+        QVERIFY(!KeyValue::value(m_editor.get(), "dailySchedule")
+                     .value<std::shared_ptr<const QVDailySchedule>>());
+        QVERIFY(!KeyValue::value(m_editor.get(), "hourlySchedule")
+                     .value<std::shared_ptr<const QVHourlySchedule>>());
+        QVERIFY(
+            KeyValue::value(m_editor.get(), "gregorianCalendar").value<QCalendar>().isGregorian());
     }
 
     void theCalendarIsGregorian() { QVERIFY(m_editor->gregorianCalendar().isGregorian()); }
