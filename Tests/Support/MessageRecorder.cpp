@@ -1,13 +1,16 @@
 #include "Support/MessageRecorder.h"
 
+#include "Platform/Foundation/Log.h"
+
 static QStringList &recorded() {
     static QStringList messages;
     return messages;
 }
 
-static void record(QtMsgType /*type*/, const QMessageLogContext & /*context*/,
-                   const QString &text) {
-    recorded().append(text);
+static void record(QtMsgType /*type*/, const QMessageLogContext &context, const QString &text) {
+    if (qstrcmp(context.category, Log::category().categoryName()) == 0) {
+        recorded().append(text);
+    }
 }
 
 MessageRecorder::MessageRecorder() : m_previous(qInstallMessageHandler(&record)) {

@@ -3,7 +3,7 @@
 #include <QtCore/QStringList>
 #include <QtCore/QtGlobal>
 
-/// Catches the messages that Qt's logging delivers while it exists, in place of its output. There
+/// Catches the diagnostic messages that are logged while it exists, in place of Qt's output. There
 /// is one at a time.
 class MessageRecorder {
 public:

@@ -230,7 +230,7 @@ private Q_SLOTS:
         const auto row = Selection::selectionWithDatabase(nullptr, m_host->addLocation());
         AnnouncementRecorder recorder(row.get());
         row->setLocation(m_host->addLocation());
-        QCOMPARE(recorder.announced(), QByteArrayList({"location", "editable", "selected"}));
+        QCOMPARE(recorder.announced(), QByteArrayList({"location", "selected", "editable"}));
     }
 
     void aNewStateAtTheLocationAnnouncesWhetherItIsSelected() {
