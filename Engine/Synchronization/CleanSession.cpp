@@ -31,13 +31,14 @@ Expected<void> CleanSession::accessProfile() {
         case Step::Writing:
             return recordWrittenTransaction().and_then([this] { return continueWriting(); });
         case Step::Removing:
-            return forgetTransactions();
+            setDone();
+            return forgetTransactions(m_toRemove);
     }
     return {};
 }
 
 Expected<void> CleanSession::chooseTransactions() {
-    const Expected<Transactions> all = known().all();
+    Expected<Transactions> all = known().all();
     if (!all) {
         return failure(all.error());
     }
@@ -45,7 +46,12 @@ Expected<void> CleanSession::chooseTransactions() {
     if (!operations) {
         return failure(operations.error());
     }
+    const Expected<QSet<OperationId>> superseded = log().supersededIds();
+    if (!superseded) {
+        return failure(superseded.error());
+    }
     const QSet<OperationId> current(operations->begin(), operations->end());
+    const QStringList lost = takeTransactionsWithOthers(*all, current + *superseded);
     QSet<OperationId> chosen;
     m_toRemove = transactionsToRewrite(*all, current);
     for (const QString &name : std::as_const(m_toRemove)) {
@@ -56,7 +62,22 @@ Expected<void> CleanSession::chooseTransactions() {
         m_supersededToWrite.unite(QSet(contents.superseded.begin(), contents.superseded.end()));
     }
     m_operationsToWrite = chosen.values();
-    return continueWriting();
+    return forgetTransactions(lost).and_then([this] { return continueWriting(); });
+}
+
+QStringList CleanSession::takeTransactionsWithOthers(Transactions &all,
+                                                     const QSet<OperationId> &operations) {
+    QStringList taken;
+    all.removeIf([&](Transactions::iterator each) {
+        const bool isComplete =
+            std::all_of(each->operations.begin(), each->operations.end(),
+                        [&](const OperationId &id) { return operations.contains(id); });
+        if (!isComplete) {
+            taken.append(each.key());
+        }
+        return !isComplete;
+    });
+    return taken;
 }
 
 QStringList CleanSession::transactionsToRewrite(const Transactions &all,
@@ -106,9 +127,4 @@ Expected<void> CleanSession::removeTransactions(BlobStore &store,
         }
     }
     return {};
-}
-
-Expected<void> CleanSession::forgetTransactions() {
-    setDone();
-    return profile().write([this] { return known().remove(m_toRemove); });
 }

@@ -9,8 +9,10 @@
 /// Safe while others write, read or clean up the same store: a transaction is removed only after
 /// this session has written every current operation of it and the identifiers of all others, so
 /// that the store as a whole never contains less information. Transactions that could not be read
-/// are left alone. If any read of the profile fails, the session ends with that error, and nothing
-/// is declared superseded or removed.
+/// are left alone, and so are those with an operation of which the profile knows neither that it is
+/// current nor that it is superseded: these are forgotten, so that the next SyncSession reads them
+/// again. If any read of the profile fails, the session ends with that error, and nothing is
+/// declared superseded or removed.
 class CleanSession : public StoreSession {
 public:
     using StoreSession::StoreSession;
@@ -23,12 +25,15 @@ private:
     using Transactions = QHash<QString, KnownTransactions::Contents>;
 
     Expected<void> chooseTransactions();
+    /// Removes from `all` the transactions with an operation that is not in `operations`, and
+    /// returns their names.
+    static QStringList takeTransactionsWithOthers(Transactions &all,
+                                                  const QSet<OperationId> &operations);
     static QStringList transactionsToRewrite(const Transactions &all,
                                              const QSet<OperationId> &current);
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
     Expected<void> removeTransactions(BlobStore &store, const EngineFuture &future) const;
-    Expected<void> forgetTransactions();
 
     Step m_step = Step::Choosing;
     QStringList m_toRemove;

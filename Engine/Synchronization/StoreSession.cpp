@@ -2,6 +2,7 @@
 
 #include <QtCore/QUuid>
 
+#include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Profile/ProfileDatabase.h"
 
@@ -36,6 +37,11 @@ QString StoreSession::path(const QString &name) const {
     return folder() + u'/' + name;
 }
 
+Expected<void> StoreSession::forgetTransactions(const QStringList &names) {
+    return names.isEmpty() ? Expected<void>()
+                           : m_profile.write([&] { return known().remove(names); });
+}
+
 Expected<bool> StoreSession::prepareNextTransaction() {
     const qsizetype count = m_operationsToWrite.size();
     const Expected<QList<Operation>> operations = log().takeOperations(m_operationsToWrite);
@@ -67,20 +73,29 @@ Expected<bool> StoreSession::prepareNextTransaction() {
 }
 
 Expected<void> StoreSession::writeTransaction(BlobStore &store, const EngineFuture &future) {
+    const QString name = path(m_transactionName);
     const QByteArray record = m_transaction.encoded();
-    return store.writeIfAbsent(path(m_transactionName), record, future)
-        .map([&](BlobStore::Written written) {
-            // The name is random, so an existing record is that of an earlier attempt whose
-            // response was lost. It may be incomplete; the next session reads it.
-            m_writtenSize = written == BlobStore::Written::New ? record.size() : 0;
+    m_writtenSize = record.size();
+    // The name is random, so an existing record is that of an earlier attempt whose response was
+    // lost.
+    return store.writeIfAbsent(name, record, future)
+        .and_then(
+            [&](BlobStore::Written) { return store.read(name, Transaction::SizeLimit, future); })
+        .and_then([&](const QByteArray &stored) -> Expected<void> {
+            if (stored == record) {
+                return {};
+            }
+            // If this fails too, every reader skips the record as damaged.
+            store.remove(name, future);
+            return failure(engineError(
+                EngineErrorCode::DamagedRecord,
+                "The record “%1” was not stored as it was written. Try again. If this happens "
+                "repeatedly, use another location.",
+                store.place(name)));
         });
 }
 
 Expected<void> StoreSession::recordWrittenTransaction() {
-    if (m_writtenSize == 0) {
-        m_hasFailedToWriteAll = true;
-        return {};
-    }
     return m_profile.write(
         [this] { return known().add(m_transactionName, m_transaction, m_writtenSize); });
 }

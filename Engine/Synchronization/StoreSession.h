@@ -61,6 +61,8 @@ protected:
     const NoteLog &log() const;
     /// The database must exist.
     KnownTransactions known() const;
+    /// Removes the transactions `names` from the known ones. Main thread.
+    Expected<void> forgetTransactions(const QStringList &names);
 
     /// Returns the folder of the database's transactions in the store.
     QString folder() const;
@@ -75,12 +77,12 @@ protected:
     /// Moves as much of it as fills a record to the next transaction. Returns false if nothing
     /// remains. Main thread.
     Expected<bool> prepareNextTransaction();
-    /// Writes the prepared transaction to the store. Worker thread.
+    /// Writes the prepared transaction to the store and reads it back. Returns an error of the code
+    /// DamagedRecord if the store does not contain what was written. Worker thread.
     Expected<void> writeTransaction(BlobStore &store, const EngineFuture &future);
     /// Adds the transaction that was written to the known ones. Main thread.
     Expected<void> recordWrittenTransaction();
-    /// Returns whether an operation was superseded before it was written, or a record may be
-    /// incomplete in the store.
+    /// Returns whether an operation was superseded before it was written.
     bool hasFailedToWriteAll() const { return m_hasFailedToWriteAll; }
 
 private:

@@ -177,11 +177,6 @@ Expected<void> SyncSession::importDatabase() {
     return library().importDatabase(subject().databaseUUID, name);
 }
 
-Expected<void> SyncSession::forgetTransactions(const QStringList &names) {
-    return names.isEmpty() ? Expected<void>()
-                           : profile().write([&] { return known().remove(names); });
-}
-
 Expected<void> SyncSession::continueReading() {
     return mergeTransactions().and_then(
         [this] { return m_unread.isEmpty() ? prepareWriting() : Expected<void>(); });

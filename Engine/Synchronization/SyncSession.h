@@ -35,7 +35,6 @@ private:
 
     Expected<void> compareListing();
     Expected<void> importDatabase();
-    Expected<void> forgetTransactions(const QStringList &names);
     Expected<void> mergeTransactions();
     /// Merges what was read, and proceeds to writing if everything was read.
     Expected<void> continueReading();

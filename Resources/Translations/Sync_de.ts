@@ -392,6 +392,10 @@
         <translation>Der Sync-Speicher „%1“ konnte nicht angelegt werden. Prüfen Sie die Zugriffsrechte des Ordners, in dem er liegen soll.</translation>
     </message>
     <message>
+        <source>The record “%1” was not stored as it was written. Try again. If this happens repeatedly, use another location.</source>
+        <translation>Der Datensatz „%1“ wurde nicht so gespeichert, wie er geschrieben wurde. Versuchen Sie es erneut. Wenn das wiederholt geschieht, verwenden Sie einen anderen Ort.</translation>
+    </message>
+    <message>
         <source>The record “%1” is damaged.</source>
         <translation>Der Datensatz „%1“ ist beschädigt.</translation>
     </message>

@@ -315,7 +315,7 @@ private:
             return MemoryStore::Fault::None;
         }
         return std::array{MemoryStore::Fault::Unreachable, MemoryStore::Fault::LostAnswer,
-                          MemoryStore::Fault::Torn}[upTo(3)];
+                          MemoryStore::Fault::Torn, MemoryStore::Fault::HalfKept}[upTo(4)];
     }
 
     /// As a mirror of the store does that was cut off for a while.

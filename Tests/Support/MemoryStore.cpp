@@ -9,6 +9,10 @@ Error fault() {
     return engineError(EngineErrorCode::StoreUnreachable, QStringLiteral("The test wants that."));
 }
 
+bool isFailing(MemoryStore::Fault found) {
+    return found != MemoryStore::Fault::None && found != MemoryStore::Fault::HalfKept;
+}
+
 }  // namespace
 
 MemoryStore::MemoryStore(Blobs &blobs, std::function<Fault()> nextFault)
@@ -22,7 +26,7 @@ Expected<void> MemoryStore::open(const EngineFuture & /*future*/) {
 
 Expected<QStringList> MemoryStore::listFolder(const QString &folder,
                                               const EngineFuture & /*future*/) {
-    if (m_nextFault() != Fault::None) {
+    if (isFailing(m_nextFault())) {
         return failure(fault());
     }
     QStringList names;
@@ -36,7 +40,7 @@ Expected<QStringList> MemoryStore::listFolder(const QString &folder,
 
 Expected<QByteArray> MemoryStore::readBlob(const QString &name, qint64 limit,
                                            const EngineFuture & /*future*/) {
-    if (m_nextFault() != Fault::None) {
+    if (isFailing(m_nextFault())) {
         return failure(fault());
     }
     const auto blob = m_blobs.find(name);
@@ -53,9 +57,10 @@ Expected<BlobStore::Written> MemoryStore::writeBlob(const QString &name, const Q
     if (found == Fault::Unreachable) {
         return failure(fault());
     }
-    const qsizetype size = found == Fault::Torn ? contents.size() / 2 : contents.size();
+    const bool isCut = found == Fault::Torn || found == Fault::HalfKept;
+    const qsizetype size = isCut ? contents.size() / 2 : contents.size();
     const bool isNew = m_blobs.emplace(name, contents.first(size)).second;
-    if (found != Fault::None) {
+    if (isFailing(found)) {
         return failure(fault());
     }
     return isNew ? Written::New : Written::AlreadyThere;
@@ -67,5 +72,5 @@ Expected<void> MemoryStore::removeBlob(const QString &name, const EngineFuture &
         return failure(fault());
     }
     m_blobs.erase(name);
-    return found == Fault::None ? Expected<void>() : failure(fault());
+    return isFailing(found) ? failure(fault()) : Expected<void>();
 }

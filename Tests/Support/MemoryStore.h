@@ -15,7 +15,9 @@ public:
         /// It happens, but nobody learns of it.
         LostAnswer,
         /// Of what is written, only the beginning arrives, and nobody learns of it.
-        Torn
+        Torn,
+        /// Of what is written, only the beginning arrives, and the store reports success.
+        HalfKept
     };
 
     /// `blobs` must outlive this. `nextFault` is asked before each operation.
