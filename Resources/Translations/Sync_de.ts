@@ -280,6 +280,10 @@
         <translation>Der Server „%1“ verlangt ein Passwort, aber für diesen Ort ist keines gespeichert. Bearbeiten Sie den Ort, um es einzugeben.</translation>
     </message>
     <message>
+        <source>The server “%1” supports neither Basic nor Digest authentication with MD5 or SHA-256. Ask its administrator to allow one of them.</source>
+        <translation>Der Server „%1“ unterstützt weder Basic- noch Digest-Anmeldung mit MD5 oder SHA-256. Bitten Sie seinen Verwalter, eine davon zu erlauben.</translation>
+    </message>
+    <message>
         <source>The server “%1” closed the connection without a response. Check its name and port.</source>
         <translation>Der Server „%1“ hat die Verbindung ohne Antwort beendet. Prüfen Sie seinen Namen und den Port.</translation>
     </message>

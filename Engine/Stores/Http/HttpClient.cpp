@@ -24,6 +24,13 @@ bool areOfOneServer(const QUrl &one, const QUrl &other) {
     return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
 }
 
+/// The request target that is sent for `URL` (RFC 9112, section 3.2.1).
+QByteArray targetOf(const QUrl &URL) {
+    const QByteArray target = URL.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority |
+                                            QUrl::RemoveFragment | QUrl::NormalizePathSegments);
+    return target.startsWith('/') ? target : '/' + target;
+}
+
 Error redirectionRefused(const QUrl &from, const QUrl &to) {
     return engineError(EngineErrorCode::StoreUnreachable,
                        localizedSyncString("The server “%1” redirects to “%2”. If that is correct, "
@@ -60,7 +67,7 @@ Expected<HttpClient::Response> HttpClient::send(const Request &request,
     Request current = request;
     current.URL.setUserInfo({});
     for (int hop = 0; hop <= MostRedirections; ++hop) {
-        Expected<Response> response = exchange(current, future);
+        Expected<Response> response = sendAuthorized(current, future);
         const QByteArray location = response ? response->header("Location") : QByteArray();
         if (!response || !isRedirection(response->status) || location.isEmpty()) {
             return response;
@@ -75,6 +82,52 @@ Expected<HttpClient::Response> HttpClient::send(const Request &request,
         engineError(EngineErrorCode::StoreUnreachable,
                     "The server “%1” redirects too often. Check the address of the location.",
                     current.URL.authority()));
+}
+
+std::optional<HttpClient::Request> HttpClient::Login::authorized(Request request) {
+    const std::optional<QByteArray> value =
+        authentication.authorization(credential, request.method, targetOf(request.URL));
+    if (!value) {
+        return {};
+    }
+    request.headers.append({"Authorization", *value});
+    return request;
+}
+
+Expected<HttpClient::Response> HttpClient::sendAuthorized(const Request &request,
+                                                          const EngineFuture &future) {
+    Expected<Response> first = exchange(withKnownLogin(request), future);
+    if (!first || first->status != HttpStatus::Unauthorized || !m_options.credential) {
+        return first;
+    }
+    std::optional<Login> login = loginFor(request, *first);
+    const std::optional<Request> authorized = login ? login->authorized(request) : std::nullopt;
+    if (!authorized) {
+        return first;
+    }
+    Expected<Response> second = exchange(*authorized, future);
+    const bool isAccepted = second && second->status != HttpStatus::Unauthorized;
+    const std::lock_guard lock(m_mutex);
+    m_login = isAccepted ? std::move(login) : std::nullopt;
+    return second;
+}
+
+HttpClient::Request HttpClient::withKnownLogin(const Request &request) {
+    const std::lock_guard lock(m_mutex);
+    const bool isKnown = m_login && areOfOneServer(m_login->server, request.URL);
+    return isKnown ? m_login->authorized(request).value_or(request) : request;
+}
+
+std::optional<HttpClient::Login> HttpClient::loginFor(const Request &request,
+                                                      const Response &challenge) const {
+    const auto authentication =
+        HttpAuthentication::fromChallenges(challenge.header("WWW-Authenticate"));
+    if (!authentication) {
+        return {};
+    }
+    const std::optional<UrlCredential> credential = m_options.credential(authentication->scheme());
+    return credential ? std::optional<Login>({request.URL, *authentication, *credential})
+                      : std::nullopt;
 }
 
 Expected<HttpClient::Response> HttpClient::exchange(const Request &request,

@@ -7,9 +7,11 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Stores/Http/HttpAuthentication.h"
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Security/UrlCredential.h"
 
@@ -28,14 +30,16 @@ public:
         /// Of one request.
         std::chrono::milliseconds total = std::chrono::minutes(10);
     };
-    /// The functions are called on a thread of the client's own, and may block.
     struct Options {
         Timeouts timeouts = {};
-        /// The answer to a challenge (Basic, RFC 7617; Digest, RFC 7616), asked once a request at
-        /// the most; absent for none.
-        std::function<std::optional<UrlCredential>()> credential = {};
+        /// Returns the credential that may be sent with `scheme`, or an empty optional if there is
+        /// none. Called on the thread of `send`, at most once for each request of that server, and
+        /// may block. Null means that no challenge is answered.
+        std::function<std::optional<UrlCredential>(HttpAuthentication::Scheme scheme)> credential =
+            {};
         /// Whether to trust exactly this certificate, although `reasons`, which are sentences,
-        /// speak against it; absent for never.
+        /// speak against it; absent for never. Called on a thread of the client's own, and may
+        /// block.
         std::function<bool(const QSslCertificate &certificate, const QStringList &reasons)> trusts =
             {};
     };
@@ -71,15 +75,32 @@ public:
     HttpClient &operator=(const HttpClient &) = delete;
 
     /// The server's answer, whatever its status. Redirections (301, 302, 307, 308) are followed
-    /// with the same method and body, but never to another scheme, host or port. Errors of the code
+    /// with the same method and body, but never to another scheme, host or port. One challenge of
+    /// each request is answered (see HttpAuthentication); a credential that the server has accepted
+    /// is sent with the following requests to it. Errors of the code
     /// StoreUnreachable say what is wrong with the server or the way to it, CertificateUntrusted
     /// why its certificate is not trusted, BlobRefused that the answer is longer than the limit.
     Expected<Response> send(const Request &request, const EngineFuture &future);
 
 private:
+    /// What a server has accepted.
+    struct Login {
+        QUrl server;
+        HttpAuthentication authentication;
+        UrlCredential credential;
+
+        std::optional<Request> authorized(Request request);
+    };
+
+    Expected<Response> sendAuthorized(const Request &request, const EngineFuture &future);
+    Request withKnownLogin(const Request &request);
+    std::optional<Login> loginFor(const Request &request, const Response &challenge) const;
     Expected<Response> exchange(const Request &request, const EngineFuture &future);
 
     const Options m_options;
+    std::mutex m_mutex;
+    /// Guarded by `m_mutex`.
+    std::optional<Login> m_login;
     QThread m_thread;
     QNetworkAccessManager *const m_manager;
 };

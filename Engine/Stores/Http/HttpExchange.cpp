@@ -1,6 +1,5 @@
 #include "Engine/Stores/Http/HttpExchange.h"
 
-#include <QtNetwork/QAuthenticator>
 #include <QtNetwork/QNetworkAccessManager>
 #include <QtNetwork/QNetworkReply>
 #include <QtNetwork/QSslCertificate>
@@ -23,6 +22,8 @@ QNetworkRequest plainRequest(const HttpClient::Request &request) {
     QNetworkRequest result(request.URL);
     result.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                         QNetworkRequest::ManualRedirectPolicy);
+    // No challenge is answered by Qt, which would also use NTLM and Negotiate.
+    result.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
     result.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     result.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     result.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
@@ -33,11 +34,6 @@ QNetworkRequest plainRequest(const HttpClient::Request &request) {
         result.setRawHeader(header.name, header.value);
     }
     return result;
-}
-
-/// Qt sends user names and passwords in ISO 8859-1, where servers expect UTF-8 (RFC 7617, 2.1).
-QString bytesOfUTF8(const QString &text) {
-    return QString::fromLatin1(text.toUtf8());
 }
 
 QString certificateReason(const QSslError &error) {
@@ -114,24 +110,6 @@ void HttpExchange::watch() {
     connect(m_reply, &QNetworkReply::readyRead, this, &HttpExchange::takeBody);
     connect(m_reply, &QNetworkReply::sslErrors, this, &HttpExchange::judgeCertificate);
     connect(m_reply, &QNetworkReply::finished, this, &HttpExchange::finish);
-    connect(&m_manager, &QNetworkAccessManager::authenticationRequired, this,
-            [this](const QNetworkReply *reply, QAuthenticator *authenticator) {
-                if (reply == m_reply) {
-                    answerChallenge(*authenticator);
-                }
-            });
-}
-
-void HttpExchange::answerChallenge(QAuthenticator &authenticator) {
-    // Being asked again means that the answer was wrong.
-    if (m_hasAnsweredChallenge || !m_options.credential) {
-        return;
-    }
-    m_hasAnsweredChallenge = true;
-    if (const std::optional<UrlCredential> credential = m_options.credential()) {
-        authenticator.setUser(bytesOfUTF8(credential->user));
-        authenticator.setPassword(bytesOfUTF8(credential->password));
-    }
 }
 
 void HttpExchange::judgeCertificate(const QList<QSslError> &errors) {

@@ -5,7 +5,6 @@
 
 #include "Engine/Stores/Http/HttpClient.h"
 
-class QAuthenticator;
 class QNetworkReply;
 class QSslError;
 
@@ -27,7 +26,6 @@ public:
 
 private:
     void watch();
-    void answerChallenge(QAuthenticator &authenticator);
     void judgeCertificate(const QList<QSslError> &errors);
     void takeBody();
     void showLife();
@@ -43,7 +41,6 @@ private:
     QNetworkReply *m_reply = nullptr;
     QTimer m_patience{this};
     QTimer m_end{this};
-    bool m_hasAnsweredChallenge = false;
     QByteArray m_body;
     std::optional<Error> m_error;
     std::promise<Expected<HttpClient::Response>> m_result;

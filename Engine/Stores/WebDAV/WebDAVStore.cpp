@@ -40,9 +40,13 @@ std::optional<UrlCredential> storedCredential(const Url &URL, const QString &met
                : storage.defaultCredentialForProtectionSpace(space);
 }
 
-std::optional<UrlCredential> storedCredential(const Url &URL) {
+/// A credential that is stored for Basic may be used with Digest, which does not disclose it, but
+/// not the other way round.
+std::optional<UrlCredential> storedCredential(const Url &URL, HttpAuthentication::Scheme scheme) {
     const auto basic = storedCredential(URL, UrlAuthenticationMethodHttpBasic);
-    return basic ? basic : storedCredential(URL, UrlAuthenticationMethodHttpDigest);
+    return basic || scheme == HttpAuthentication::Scheme::Basic
+               ? basic
+               : storedCredential(URL, UrlAuthenticationMethodHttpDigest);
 }
 
 }  // namespace
@@ -63,11 +67,12 @@ HttpClient::Options WebDAVStore::clientOptions(const QString &locationIdentifier
         }
         return isTrusted;
     };
-    return {timeouts, [this] { return credential(); }, trusts};
+    return {timeouts, [this](HttpAuthentication::Scheme scheme) { return credential(scheme); },
+            trusts};
 }
 
-std::optional<UrlCredential> WebDAVStore::credential() {
-    std::optional<UrlCredential> credential = storedCredential(URL());
+std::optional<UrlCredential> WebDAVStore::credential(HttpAuthentication::Scheme scheme) {
+    std::optional<UrlCredential> credential = storedCredential(URL(), scheme);
     m_hasCredential = credential.has_value();
     return credential;
 }
@@ -283,7 +288,7 @@ Error WebDAVStore::httpError(const Response &response, const QString &name) cons
     const QString server = m_package.authority();
     switch (response.status) {
         case HttpStatus::Unauthorized:
-            return credentialRefused();
+            return credentialRefused(response);
         case HttpStatus::Forbidden:
             return engineError(
                 EngineErrorCode::AccessDenied,
@@ -333,7 +338,13 @@ Error WebDAVStore::unexpected(const Response &response) const {
                        text.arg(m_package.authority()).arg(response.status));
 }
 
-Error WebDAVStore::credentialRefused() const {
+Error WebDAVStore::credentialRefused(const Response &response) const {
+    if (!HttpAuthentication::fromChallenges(response.header("WWW-Authenticate"))) {
+        return engineError(EngineErrorCode::AccessDenied,
+                           "The server “%1” supports neither Basic nor Digest authentication with "
+                           "MD5 or SHA-256. Ask its administrator to allow one of them.",
+                           m_package.authority());
+    }
     if (!m_hasCredential) {
         return engineError(EngineErrorCode::AccessDenied,
                            "The server “%1” requires a password, but none is saved for this "

@@ -7,9 +7,10 @@
 /// that is not there yet, since nothing else does, but not the folder that holds it.
 ///
 /// The server's challenge is answered with the credential that is stored for the location's URL:
-/// that of its user under the protection space of HTTP Basic, else the default one there, else the
-/// same under HTTP Digest. A server whose certificate is not trusted fails, and the person is asked
-/// whether to trust it from the next try on.
+/// that of its user under the protection space of HTTP Basic, else the default one there. A Digest
+/// challenge is answered with one under HTTP Digest if there is none under HTTP Basic; such a
+/// credential is never sent with Basic. A server whose certificate is not trusted fails, and the
+/// person is asked whether to trust it from the next try on.
 ///
 /// A blob is written by one PUT on the condition that there is none (RFC 9110, 13.1.2). Whether a
 /// name holds a folder is not looked at before it is removed.
@@ -38,7 +39,7 @@ private:
 
     HttpClient::Options clientOptions(const QString &locationIdentifier,
                                       HttpClient::Timeouts timeouts);
-    std::optional<UrlCredential> credential();
+    std::optional<UrlCredential> credential(HttpAuthentication::Scheme scheme);
     QUrl blobURL(const QString &name) const;
     QUrl folderURL(const QString &name) const;
     Expected<QStringList> namesInPackage(const EngineFuture &future);
@@ -51,7 +52,7 @@ private:
     /// The error of a request for `name` that `response` answers.
     Error httpError(const Response &response, const QString &name) const;
     Error unexpected(const Response &response) const;
-    Error credentialRefused() const;
+    Error credentialRefused(const Response &response) const;
     Error folderMissing(const QUrl &URL) const;
     Error notUnderstood() const;
 

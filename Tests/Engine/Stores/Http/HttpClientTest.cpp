@@ -47,6 +47,28 @@ HttpClient::Options hasty() {
     return {.timeouts = {.idle = 300ms, .total = 900ms}};
 }
 
+HttpClient::Options withCredential() {
+    HttpClient::Options options = hasty();
+    options.credential = [](auto) {
+        return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
+    };
+    return options;
+}
+
+/// Responds to every request with 401 and the header fields that `challenges` returns for its
+/// number.
+ScriptedServer::Script challenging(Collected &requests,
+                                   std::function<QByteArray(int number)> challenges) {
+    return [&requests, challenges = std::move(challenges)](Connection &connection) {
+        QByteArray request;
+        while (!(request = connection.readRequest()).isEmpty()) {
+            requests.add(request);
+            connection.answer("401 Unauthorized" +
+                              challenges(static_cast<int>(requests.texts().size())));
+        }
+    };
+}
+
 }  // namespace
 
 class HttpClientTest : public QObject {
@@ -325,7 +347,7 @@ private Q_SLOTS:
         });
         HttpClient::Options options = hasty();
         std::atomic<int> questions = 0;
-        options.credential = [&] {
+        options.credential = [&](auto) {
             ++questions;
             return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
         };
@@ -347,7 +369,7 @@ private Q_SLOTS:
         });
         std::atomic<int> questions = 0;
         HttpClient::Options options = hasty();
-        options.credential = [&] {
+        options.credential = [&](auto) {
             ++questions;
             return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
         };
@@ -369,9 +391,113 @@ private Q_SLOTS:
         });
         QCOMPARE(status(get(server)), 401);
         HttpClient::Options options = hasty();
-        options.credential = [] { return std::nullopt; };
+        options.credential = [](auto) { return std::nullopt; };
         QCOMPARE(status(get(server, options)), 401);
         QCOMPARE(requests, 2);
+    }
+
+    void otherSchemesAreNotAnswered_data() {
+        QTest::addColumn<QByteArray>("challenges");
+        QTest::newRow("NTLM") << QByteArray("\r\nWWW-Authenticate: NTLM");
+        QTest::newRow("NTLM, type 2") << QByteArray(
+            "\r\nWWW-Authenticate: NTLM TlRMTVNTUAACAAAAAAAAADgAAAABggAAASNFZ4mrze8=");
+        QTest::newRow("Negotiate") << QByteArray("\r\nWWW-Authenticate: Negotiate");
+        QTest::newRow("both") << QByteArray(
+            "\r\nWWW-Authenticate: Negotiate\r\nWWW-Authenticate: NTLM");
+        QTest::newRow("unknown algorithm") << QByteArray(
+            "\r\nWWW-Authenticate: Digest realm=\"x\", nonce=\"n\", qop=\"auth\", algorithm=MD4");
+        QTest::newRow("none") << QByteArray();
+    }
+
+    void otherSchemesAreNotAnswered() {
+        QFETCH(QByteArray, challenges);
+        Collected requests;
+        const ScriptedServer server(challenging(requests, [&](int) { return challenges; }));
+        QCOMPARE(status(get(server, withCredential())), 401);
+        QCOMPARE(requests.texts().size(), 1);
+        QVERIFY(!requests.texts().first().contains("Authorization"));
+    }
+
+    void besideNTLMOnlyBasicIsAnswered() {
+        Collected requests;
+        const ScriptedServer server(challenging(requests, [](int) {
+            return "\r\nWWW-Authenticate: NTLM\r\nWWW-Authenticate: Basic realm=\"x\"";
+        }));
+        QCOMPARE(status(get(server, withCredential())), 401);
+        QCOMPARE(requests.texts().size(), 2);
+        QVERIFY(requests.texts().last().contains("\r\nAuthorization: Basic "));
+    }
+
+    void changingChallengesEnd_data() {
+        QTest::addColumn<QByteArray>("challenge");
+        QTest::newRow("Basic") << QByteArray("Basic realm=\"%1\"");
+        QTest::newRow("Digest") << QByteArray("Digest realm=\"%1\", nonce=\"%1\", qop=\"auth\"");
+        QTest::newRow("stale") << QByteArray(
+            "Digest realm=\"x\", nonce=\"%1\", qop=\"auth\", stale=true");
+    }
+
+    void changingChallengesEnd() {
+        QFETCH(QByteArray, challenge);
+        Collected requests;
+        const ScriptedServer server(challenging(requests, [&](int number) {
+            return "\r\nWWW-Authenticate: " +
+                   QByteArray(challenge).replace("%1", QByteArray::number(number));
+        }));
+        QCOMPARE(status(get(server, withCredential())), 401);
+        QCOMPARE(requests.texts().size(), 2);
+    }
+
+    void aNonceIsUsedUntilTheServerGivesAnotherOne() {
+        Collected requests;
+        std::atomic<int> nonce = 1;
+        const ScriptedServer server([&](Connection &connection) {
+            QByteArray request;
+            while (!(request = connection.readRequest()).isEmpty()) {
+                requests.add(request);
+                const QByteArray current = "nonce=\"" + QByteArray::number(nonce) + '"';
+                connection.answer(request.contains(current)
+                                      ? QByteArray("200 OK")
+                                      : "401 Unauthorized\r\nWWW-Authenticate: Digest realm=\"x\", "
+                                        "qop=\"auth\", stale=true, " +
+                                            current);
+            }
+        });
+        HttpClient client(withCredential());
+        const HttpClient::Request request = {.method = "GET",
+                                             .URL = QUrl(server.URLText(QStringLiteral("a b?c")))};
+        QCOMPARE(status(client.send(request, m_future)), 200);
+        QCOMPARE(status(client.send(request, m_future)), 200);
+        nonce = 2;
+        QCOMPARE(status(client.send(request, m_future)), 200);
+        const QList<QByteArray> texts = requests.texts();
+        QCOMPARE(texts.size(), 5);
+        QVERIFY(texts.at(1).contains("nc=00000001"));
+        QVERIFY(texts.at(1).contains("uri=\"/a%20b?c\""));
+        QVERIFY(texts.at(1).startsWith("GET /a%20b?c HTTP"));
+        QVERIFY(texts.at(2).contains("nc=00000002"));
+        QVERIFY(texts.at(3).contains("nc=00000003"));
+        QVERIFY(texts.at(4).contains("nc=00000001"));
+    }
+
+    void anAcceptedCredentialIsForOneServer() {
+        Collected requests;
+        const ScriptedServer::Script asking = [&](Connection &connection) {
+            QByteArray request;
+            while (!(request = connection.readRequest()).isEmpty()) {
+                requests.add(request);
+                connection.answer(request.contains("Authorization") ? QByteArray("200 OK")
+                                                                    : Challenge);
+            }
+        };
+        const ScriptedServer server(asking);
+        const ScriptedServer other(asking);
+        HttpClient client(withCredential());
+        for (const ScriptedServer *each : {&server, &server, &other}) {
+            client.send({.method = "GET", .URL = QUrl(each->URLText({}))}, m_future);
+        }
+        QCOMPARE(requests.texts().size(), 5);
+        QVERIFY(requests.texts().at(2).contains("Authorization"));
+        QVERIFY(!requests.texts().at(3).contains("Authorization"));
     }
 
     void cookiesAreNotKept() {

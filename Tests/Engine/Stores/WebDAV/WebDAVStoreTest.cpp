@@ -544,13 +544,28 @@ private Q_SLOTS:
 
     // Which credential is used.
 
-    void theCredentialMayBeThatOfTheDigestSpace() {
-        start({});
-        const QString URLText = m_server->URLText(PackageName, QStringLiteral("other"));
-        UrlCredentialStorage::shared().setDefaultCredentialForProtectionSpace(
-            {WebDAVServer::User, WebDAVServer::Password, UrlCredential::Persistence::ForSession},
-            space(URLText, UrlAuthenticationMethodHttpDigest));
-        QCOMPARE(description(open(URLText)), QString());
+    void aCredentialOfTheDigestSpaceIsNeverSentWithBasic() {
+        const auto storedForDigest = [&](Authentication authentication) {
+            start({.authentication = authentication});
+            QString URLText = m_server->URLText(PackageName, QStringLiteral("other"));
+            UrlCredentialStorage::shared().setDefaultCredentialForProtectionSpace(
+                {WebDAVServer::User, WebDAVServer::Password,
+                 UrlCredential::Persistence::ForSession},
+                space(URLText, UrlAuthenticationMethodHttpDigest));
+            return URLText;
+        };
+        QCOMPARE(description(open(storedForDigest(Authentication::Digest))), QString());
+        QVERIFY(description(open(storedForDigest(Authentication::Basic)))
+                    .contains(QStringLiteral("none is saved")));
+    }
+
+    void aServerWithOtherSchemesHasItsOwnError() {
+        const ScriptedServer scripted(
+            always("401 Unauthorized\r\nWWW-Authenticate: NTLM\r\nWWW-Authenticate: Negotiate"));
+        const Expected<void> opened = open(scripted);
+        QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
+        QVERIFY2(description(opened).contains(QStringLiteral("neither Basic nor Digest")),
+                 qPrintable(description(opened)));
     }
 
     void withoutAUserTheDefaultCredentialIsUsed() {

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QCryptographicHash>
+#include <optional>
+
+#include "Platform/Security/UrlCredential.h"
+
+/// Computes the answer to the challenge of an HTTP server: Basic (RFC 7617) or Digest (RFC 7616)
+/// with SHA-256 or MD5 and the quality of protection "auth". No other scheme is ever answered, so
+/// that no password takes part in NTLM or Negotiate. A value; not thread-safe. No function blocks.
+class HttpAuthentication {
+public:
+    enum class Scheme { Basic, Digest };
+
+    /// Returns the strongest supported challenge of `challenges`, the value of the header field
+    /// "WWW-Authenticate" (several fields are joined with commas): Digest with SHA-256, Digest with
+    /// MD5, Basic. Returns an empty optional if there is none.
+    static std::optional<HttpAuthentication> fromChallenges(const QByteArray &challenges);
+
+    Scheme scheme() const { return m_digest ? Scheme::Digest : Scheme::Basic; }
+
+    /// Returns the value of the header field "Authorization" for a request with `method` and the
+    /// request target `target` (path and query, percent-encoded). Counts the uses of the server's
+    /// nonce, so every request needs its own call. Returns an empty optional if the scheme cannot
+    /// transport the user name: control characters, or a colon in Basic.
+    std::optional<QByteArray> authorization(const UrlCredential &credential,
+                                            const QByteArray &method, const QByteArray &target);
+    /// Does the same with the client nonce `clientNonce` instead of a random one.
+    std::optional<QByteArray> authorization(const UrlCredential &credential,
+                                            const QByteArray &method, const QByteArray &target,
+                                            const QByteArray &clientNonce);
+
+private:
+    struct Digest {
+        QCryptographicHash::Algorithm algorithm = QCryptographicHash::Md5;
+        QByteArray realm = {};
+        QByteArray nonce = {};
+        /// Null if the challenge has none.
+        QByteArray opaque = {};
+        quint32 nonceCount = 0;
+    };
+    struct Challenge;
+    class Parser;
+
+    explicit HttpAuthentication(std::optional<Digest> digest) : m_digest(std::move(digest)) {}
+    static std::optional<Digest> digestOf(const Challenge &challenge);
+
+    /// Empty for Basic.
+    std::optional<Digest> m_digest;
+};
