@@ -272,6 +272,12 @@ Expected<void> WebDAVStore::makeFolder(const QString &name, const EngineFuture &
     }
     const auto &response = *answer;
     switch (response.status) {
+        case HttpStatus::Forbidden: {
+            // Apache's response, too, if another request has just made the folder.
+            const Expected<Response> found = propertiesOfAll(name, future);
+            const bool isThere = found && found->status == HttpStatus::MultiStatus;
+            return isThere ? Expected<void>() : failure(httpError(response, name));
+        }
         case HttpStatus::Created:
         // It is there already.
         case HttpStatus::MethodNotAllowed:

@@ -147,6 +147,24 @@ private Q_SLOTS:
         QCOMPARE(read(WebDAVBlob), Expected<QByteArray>(first));
     }
 
+    void aFolderThatAnotherRequestHasJustMadeIsUsed() {
+        std::atomic<int> puts = 0;
+        const ScriptedServer scripted([&](Connection &connection) {
+            QByteArray request;
+            while (!(request = connection.readRequest()).isEmpty()) {
+                if (request.startsWith("MKCOL")) {
+                    connection.answer("403 Forbidden");
+                } else if (request.startsWith("PROPFIND")) {
+                    connection.answer("207 Multi-Status", multiStatus({}));
+                } else {
+                    connection.answer(++puts == 1 ? "409 Conflict" : "201 Created");
+                }
+            }
+        });
+        m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
+        QCOMPARE(write(WebDAVBlob, "x"), Expected<Written>(Written::New));
+    }
+
     void anyNameComesBackAsItWas() {
         start({});
         QCOMPARE(description(m_store->open(m_future)), QString());
