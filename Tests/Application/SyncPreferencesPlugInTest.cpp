@@ -61,7 +61,7 @@ private Q_SLOTS:
         QVERIFY(first);
         QVERIFY(first != second);
         QCOMPARE(first->mainNibName(), QStringLiteral("Sync Preferences"));
-        QCOMPARE(first->property("currentVersionString").toString(), QStringLiteral("1.0"));
+        QCOMPARE(first->property("currentVersionString").toString(), QStringLiteral(VELMORA_VERSION));
     }
 };
 
