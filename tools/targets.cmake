@@ -44,7 +44,8 @@ function(velmora_target target)
     velmora_headers(${target})
 endfunction()
 
-# The target "headers" compiles each header on its own, so that it includes all that it uses.
+# The target "headers" compiles each header on its own, so that it includes all that it uses. It
+# leaves out those that a source of the same name includes first: the preset "plain" compiles these.
 add_custom_target(headers)
 
 function(velmora_headers target)
@@ -53,6 +54,10 @@ function(velmora_headers target)
     list(TRANSFORM headers REPLACE "^[^/].*$" "${CMAKE_CURRENT_SOURCE_DIR}/\\0")
     set(pieces "")
     foreach(header IN LISTS headers)
+        string(REGEX REPLACE "\\.h$" ".cpp" source "${header}")
+        if(EXISTS "${source}")
+            continue()
+        endif()
         file(RELATIVE_PATH name "${PROJECT_SOURCE_DIR}" "${header}")
         set(piece "${PROJECT_BINARY_DIR}/Headers/${name}.cpp")
         file(CONFIGURE OUTPUT "${piece}" CONTENT "#include \"${header}\"\n" @ONLY)
