@@ -22,7 +22,7 @@ public:
         }
         QVSyncLocationsController *controller = m_engine.plugin().locationsController();
         for (int i = 0; i < locations; ++i) {
-            const auto location = std::make_shared<EngineSyncLocation>(Url::fromString(
+            const auto location = m_engine.plugin().newLocation(Url::fromString(
                 QStringLiteral("https://u@host%1.example/Store.qvSyncStore").arg(i)));
             for (const auto &database : m_engine.library()->knownDatabases()) {
                 location->addStateForDatabaseWithUUID(database->UUID(), database->name());

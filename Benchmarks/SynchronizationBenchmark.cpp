@@ -19,7 +19,7 @@ public:
     Computer(const QString &profile, const QString &store) {
         setNSApp(this);
         require(m_engine.openProfile(profile, FirstContents::Inbox));
-        m_location = std::make_shared<EngineSyncLocation>(Url::fileURL(store));
+        m_location = m_engine.plugin().newLocation(Url::fileURL(store));
         m_engine.plugin().locationsController()->insertObjectInSyncLocationsAtIndex(m_location, 0);
     }
     ~Computer() override { setNSApp(nullptr); }

@@ -8,11 +8,7 @@
 #include <vector>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
-#include "Engine/DirectConnection/DirectConnectionLimits.h"
-#include "Engine/DirectConnection/DirectConnectionPackage.h"
-#include "Engine/DirectConnection/DirectConnectionPairing.h"
-
-class DirectConnectionSession;
+#include "Engine/DirectConnection/DirectConnectionSession.h"
 
 /// Accepts direct connections, on a thread of its own, so that no flood keeps the application from
 /// its work. Made on the main thread, moved to the other, and deleted when that has ended.
@@ -37,16 +33,6 @@ public:
     void decide(bool isAccepted);
     void proceed(quint64 session);
 
-    /// For its sessions.
-    const DirectConnectionLimits &limits() const { return m_limits; }
-    const DirectConnectionPackage &package() const { return m_package; }
-    const QSslConfiguration &configuration() const { return m_configuration; }
-    QByteArray fingerprint() const;
-    /// False where the person is being asked for somebody else, or has just refused somebody.
-    bool ask(const DirectConnectionSession &session, const DirectConnectionPairing &client);
-    void prepareStore(const DirectConnectionSession &session);
-    void storeDidChange() { m_mainThread.storeDidChange(); }
-
 protected:
     void incomingConnection(qintptr descriptor) override;
 
@@ -56,15 +42,14 @@ private:
         std::unique_ptr<DirectConnectionSession> session;
     };
 
+    /// False if the user is being asked about another client, or has just refused one.
+    bool ask(quint64 session, const DirectConnectionPairing &client);
     bool makeRoom();
     void remove(quint64 number);
-    quint64 numberOf(const DirectConnectionSession &session) const;
     DirectConnectionSession *sessionOf(quint64 number) const;
 
-    const DirectConnectionPackage m_package;
-    const DirectConnectionLimits m_limits;
+    const DirectConnectionSession::Server m_server;
     const MainThread m_mainThread;
-    QSslConfiguration m_configuration;
     /// The oldest first.
     std::vector<Connection> m_connections;
     quint64 m_lastNumber = 0;

@@ -5,8 +5,6 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
-#include "Engine/Locations/EngineSyncLocation.h"
-#include "Engine/Stores/Folder/FolderStore.h"
 
 namespace {
 
@@ -35,11 +33,13 @@ Error notServed(const QString &name) {
 
 }  // namespace
 
-DirectConnectionPackage::DirectConnectionPackage(const QString &directory)
-    : m_path(directory + QStringLiteral("/Direct Connection.qvSyncStore")),
-      m_store(std::make_shared<FolderStore>(
-          std::make_shared<EngineSyncLocation>(Url::fileURL(m_path)))),
-      m_future(std::make_shared<EngineFuture>()) {}
+QString DirectConnectionPackage::pathInProfile(const QString &directory) {
+    return directory + QStringLiteral("/Direct Connection.qvSyncStore");
+}
+
+DirectConnectionPackage::DirectConnectionPackage(const QString &path,
+                                                 std::shared_ptr<BlobStore> store)
+    : m_path(path), m_store(std::move(store)), m_future(std::make_shared<EngineFuture>()) {}
 
 std::optional<Error> DirectConnectionPackage::make() const {
     for (const QString &folder : {QStringLiteral("/databases"), QStringLiteral("/transactions")}) {

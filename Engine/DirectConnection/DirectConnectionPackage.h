@@ -15,8 +15,11 @@
 /// on the main thread, blocking on any.
 class DirectConnectionPackage {
 public:
-    /// Of the profile in `directory`.
-    explicit DirectConnectionPackage(const QString &directory);
+    /// Returns the path of the package of the profile in `directory`.
+    static QString pathInProfile(const QString &directory);
+
+    /// `store`: that at `path`.
+    DirectConnectionPackage(const QString &path, std::shared_ptr<BlobStore> store);
 
     QString path() const { return m_path; }
     /// Makes what is missing of the package.

@@ -6,7 +6,7 @@
 #include "Application/Interface/QuestionPresenter.h"
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionClients.h"
-#include "Engine/DirectConnection/DirectConnectionHook.h"
+#include "Engine/DirectConnection/ServedStoreObserver.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -54,9 +54,9 @@ DirectConnectionServer::~DirectConnectionServer() {
 }
 
 void DirectConnectionServer::load(const DirectConnectionPackage &package,
-                                  DirectConnectionHook &hook) {
+                                  ServedStoreObserver &observer) {
     m_package.emplace(package);
-    m_hook = &hook;
+    m_observer = &observer;
     m_port =
         portOrDefault(UserDefaults::integerForKey(DefaultsKeys::DirectConnectionServerPortNumber));
 }
@@ -154,7 +154,7 @@ DirectConnectionListener::MainThread DirectConnectionServer::mainThread() {
             postFor(listener, [=, this] { askFor(client); });
         },
         [=, this](quint64 session) { postFor(listener, [=, this] { prepareStore(session); }); },
-        [=, this] { postFor(listener, [this] { m_hook->clientsDidWrite(); }); },
+        [=, this] { postFor(listener, [this] { m_observer->clientsDidWrite(); }); },
     };
 }
 
@@ -182,7 +182,7 @@ void DirectConnectionServer::askFor(const DirectConnectionPairing &client) {
 }
 
 void DirectConnectionServer::prepareStore(quint64 session) {
-    m_hook->clientWillRead([listener = m_listener, session] {
+    m_observer->clientWillRead([listener = m_listener, session] {
         if (listener) {
             QMetaObject::invokeMethod(
                 listener, [=] { listener->proceed(session); }, Qt::QueuedConnection);

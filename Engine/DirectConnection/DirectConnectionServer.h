@@ -7,7 +7,7 @@
 #include "Engine/DirectConnection/DirectConnectionListener.h"
 #include "Host/QVDirectConnectionServer.h"
 
-class DirectConnectionHook;
+class ServedStoreObserver;
 class ProfileDatabase;
 
 /// The server of a profile. It speaks TLS 1.3, under a certificate of the profile's own, to clients
@@ -21,9 +21,9 @@ public:
     explicit DirectConnectionServer(const ProfileDatabase &profile);
     ~DirectConnectionServer() override;
 
-    /// Reads the user defaults. Must be called once, after the profile was opened. `hook` is not
+    /// Reads the user defaults. Must be called once, after the profile was opened. `observer` is not
     /// owned and must outlive this object.
-    void load(const DirectConnectionPackage &package, DirectConnectionHook &hook);
+    void load(const DirectConnectionPackage &package, ServedStoreObserver &observer);
     /// Starts serving if the user has enabled the server. Must be called after load().
     void startIfEnabled();
     /// For those served from the next start on.
@@ -51,7 +51,7 @@ private:
 
     const ProfileDatabase &m_profile;
     std::optional<DirectConnectionPackage> m_package;
-    DirectConnectionHook *m_hook = nullptr;
+    ServedStoreObserver *m_observer = nullptr;
     DirectConnectionLimits m_limits;
     quint16 m_port;
     QThread m_thread;

@@ -3,7 +3,7 @@
 #include <QtCore/QCborArray>
 
 #include "Engine/DirectConnection/DirectConnectionClients.h"
-#include "Engine/DirectConnection/DirectConnectionListener.h"
+#include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/Foundation/EngineError.h"
 
@@ -47,9 +47,9 @@ QCborMap answerWith(const QString &key, const Expected<Value> &result) {
 
 }  // namespace
 
-DirectConnectionSession::DirectConnectionSession(qintptr descriptor,
-                                                 DirectConnectionListener &listener)
-    : m_listener(listener) {
+DirectConnectionSession::DirectConnectionSession(qintptr descriptor, const Server &server,
+                                                 Requests requests)
+    : m_server(server), m_requests(std::move(requests)) {
     connect(&m_timer, &QTimer::timeout, this, &DirectConnectionSession::end);
     connect(&m_socket, &QSslSocket::disconnected, this, &DirectConnectionSession::end);
     connect(&m_socket, &QSslSocket::errorOccurred, this, &DirectConnectionSession::end);
@@ -57,11 +57,12 @@ DirectConnectionSession::DirectConnectionSession(qintptr descriptor,
     connect(&m_socket, &QSslSocket::encryptedBytesWritten, this,
             &DirectConnectionSession::readMore);
     m_timer.setSingleShot(true);
-    m_timer.start(listener.limits().greetingTime);
-    m_client.serverFingerprint = listener.fingerprint();
+    m_timer.start(server.limits.greetingTime);
+    m_client.serverFingerprint =
+        DirectConnectionIdentity::fingerprint(server.configuration.localCertificate().toDer());
     m_socket.setSocketDescriptor(descriptor);
     m_socket.setReadBufferSize(ReadBufferSize);
-    m_socket.setSslConfiguration(listener.configuration());
+    m_socket.setSslConfiguration(server.configuration);
     m_socket.startServerEncryption();
 }
 
@@ -90,7 +91,7 @@ void DirectConnectionSession::readMore() {
         return;
     }
     if (m_stage == Stage::Serving) {
-        m_timer.start(m_listener.limits().idleTime);
+        m_timer.start(m_server.limits.idleTime);
     }
     if (readMessage()) {
         const std::optional<QCborMap> message = decode(m_received.mid(LengthSize));
@@ -169,9 +170,9 @@ void DirectConnectionSession::reveal(const QCborMap &message) {
                          m_client.commitment() == m_commitment;
     if (!isSound) {
         end();
-    } else if (m_listener.ask(*this, m_client)) {
+    } else if (m_requests.ask(m_client)) {
         m_stage = Stage::Asking;
-        m_timer.start(m_listener.limits().askingTime);
+        m_timer.start(m_server.limits.askingTime);
     } else {
         sendLast(Busy);
     }
@@ -191,14 +192,14 @@ void DirectConnectionSession::decide(bool isAccepted) {
 
 void DirectConnectionSession::prepare() {
     m_stage = Stage::Preparing;
-    m_timer.start(m_listener.limits().idleTime);
-    m_listener.prepareStore(*this);
+    m_timer.start(m_server.limits.idleTime);
+    m_requests.prepareStore();
 }
 
 void DirectConnectionSession::proceed() {
     if (m_stage == Stage::Preparing) {
         m_stage = Stage::Serving;
-        m_timer.start(m_listener.limits().idleTime);
+        m_timer.start(m_server.limits.idleTime);
         send(ofType(Welcome));
         readMore();
     }
@@ -213,7 +214,7 @@ void DirectConnectionSession::serve(const QCborMap &request) {
 }
 
 QCborMap DirectConnectionSession::answerTo(const QCborMap &request) const {
-    const DirectConnectionPackage &package = m_listener.package();
+    const DirectConnectionPackage &package = m_server.package;
     const QString type = request[Type].toString();
     const QString name = request[Name].toString();
     if (type == List) {
@@ -226,12 +227,12 @@ QCborMap DirectConnectionSession::answerTo(const QCborMap &request) const {
     if (type == Write) {
         QCborMap answer =
             answerWith(IsNew, package.writeIfAbsent(name, request[Contents].toByteArray()));
-        m_listener.storeDidChange();
+        m_requests.storeDidChange();
         return answer;
     }
     if (type == Remove) {
         const Expected<void> removed = package.remove(name);
-        m_listener.storeDidChange();
+        m_requests.storeDidChange();
         return removed ? ofType(Done) : refusal(removed.error());
     }
     return ofType(Failed);
@@ -244,7 +245,7 @@ void DirectConnectionSession::send(const QCborMap &message) {
 void DirectConnectionSession::sendLast(const QString &type) {
     // Ends when the client has it, or when the time is over.
     m_stage = Stage::Leaving;
-    m_timer.start(m_listener.limits().greetingTime);
+    m_timer.start(m_server.limits.greetingTime);
     send(ofType(type));
     m_socket.disconnectFromHost();
 }

@@ -3,10 +3,11 @@
 #include <QtCore/QCborMap>
 #include <QtCore/QTimer>
 #include <QtNetwork/QSslSocket>
+#include <functional>
 
+#include "Engine/DirectConnection/DirectConnectionLimits.h"
+#include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/DirectConnection/DirectConnectionPairing.h"
-
-class DirectConnectionListener;
 
 /// The server's end of one direct connection. Lives on the listener's thread; the listener owns it.
 ///
@@ -16,8 +17,25 @@ class DirectConnectionListener;
 class DirectConnectionSession : public QObject {
     Q_OBJECT
 public:
-    /// `descriptor`: the socket, which this closes.
-    DirectConnectionSession(qintptr descriptor, DirectConnectionListener &listener);
+    /// What all sessions of a server share.
+    struct Server {
+        QSslConfiguration configuration;
+        DirectConnectionPackage package;
+        DirectConnectionLimits limits;
+    };
+    /// The requests of a session to its owner; they return at once.
+    struct Requests {
+        /// Asks the user whether to authorize `client`; `decide` is called with the answer. Returns
+        /// false if the user cannot be asked now.
+        std::function<bool(const DirectConnectionPairing &client)> ask;
+        /// `proceed` is called when the store is ready to be read.
+        std::function<void()> prepareStore;
+        /// The client has changed the store.
+        std::function<void()> storeDidChange;
+    };
+
+    /// `descriptor`: the connected socket, which this object closes. `server` must outlive this.
+    DirectConnectionSession(qintptr descriptor, const Server &server, Requests requests);
     ~DirectConnectionSession() override;
 
     /// Whether it may be ended in favour of another one.
@@ -47,7 +65,8 @@ private:
     void sendLast(const QString &type);
     void end();
 
-    DirectConnectionListener &m_listener;
+    const Server &m_server;
+    const Requests m_requests;
     QSslSocket m_socket;
     QTimer m_timer;
     Stage m_stage = Stage::Greeting;

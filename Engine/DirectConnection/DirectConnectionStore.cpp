@@ -13,7 +13,7 @@
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/DirectConnection/PersonsAnswer.h"
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Locations/EngineSyncLocation.h"
+#include "Host/QVSyncLocation.h"
 #include "Host/SyncStrings.h"
 
 using namespace DirectConnectionMessage;
@@ -44,9 +44,10 @@ Question questionFor(const QString &host, const QString &code) {
 
 }  // namespace
 
-DirectConnectionStore::DirectConnectionStore(const std::shared_ptr<EngineSyncLocation> &location)
+DirectConnectionStore::DirectConnectionStore(const std::shared_ptr<QVSyncLocation> &location,
+                                             const QString &locationIdentifier)
     : BlobStore(location),
-      m_pairingKey(location->URL().absoluteString() + u' ' + location->identifier()) {}
+      m_pairingKey(location->URL().absoluteString() + u' ' + locationIdentifier) {}
 
 Expected<void> DirectConnectionStore::open(const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);

@@ -6,7 +6,6 @@
 #include "Engine/Stores/BlobStore.h"
 
 struct DirectConnectionPairing;
-class EngineSyncLocation;
 
 /// The store that another computer's server serves. The first connection of a location pairs the
 /// two computers: both persons compare a code, and the server's certificate is pinned, so that
@@ -14,7 +13,9 @@ class EngineSyncLocation;
 /// again where the server has ended an idle connection; letting the store go disconnects.
 class DirectConnectionStore : public BlobStore {
 public:
-    explicit DirectConnectionStore(const std::shared_ptr<EngineSyncLocation> &location);
+    /// `locationIdentifier`: what the pairing is kept for, together with the URL of `location`.
+    DirectConnectionStore(const std::shared_ptr<QVSyncLocation> &location,
+                          const QString &locationIdentifier);
 
     Expected<void> open(const EngineFuture &future) override;
 

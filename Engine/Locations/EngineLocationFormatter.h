@@ -1,17 +1,20 @@
 #pragma once
 
+#include "Engine/Locations/LocationKind.h"
 #include "Host/QVSyncLocationFormatter.h"
 
+/// Shows a location by the entry of its kind. Must be used on the main thread.
 class EngineLocationFormatter : public QVSyncLocationFormatter {
 public:
-    explicit EngineLocationFormatter(const Url &URL);
+    /// `kind`: that of `URL`.
+    EngineLocationFormatter(const Url &URL, const LocationKind &kind);
 
     QString title() const override { return m_title; }
     QPixmap icon() const override;
     QString locationType() const override { return m_locationType; }
 
 private:
-    QString m_title;
-    QString m_iconName;
-    QString m_locationType;
+    const QString m_iconName;
+    const QString m_locationType;
+    const QString m_title;
 };

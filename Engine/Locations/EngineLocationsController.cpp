@@ -41,8 +41,9 @@ QVariantList columnsOf(const QString &location, const EngineSyncState &state) {
 
 }  // namespace
 
-EngineLocationsController::EngineLocationsController(const ProfileDatabase &profile)
-    : m_profile(profile) {}
+EngineLocationsController::EngineLocationsController(const ProfileDatabase &profile,
+                                                     std::shared_ptr<const LocationKinds> kinds)
+    : m_profile(profile), m_kinds(std::move(kinds)) {}
 
 Expected<void> EngineLocationsController::load() {
     return loadLocations().and_then([this] { return loadStates(); });
@@ -52,7 +53,7 @@ Expected<void> EngineLocationsController::loadLocations() {
     return m_profile.read(QStringLiteral("SELECT uuid, url FROM locations ORDER BY position"), {},
                           [this](const QSqlQuery &row) {
                               m_locations.append(std::make_shared<EngineSyncLocation>(
-                                  row.value(0).toString(), row.value(1).toString()));
+                                  row.value(0).toString(), row.value(1).toString(), m_kinds));
                               m_saved.insert(row.value(0).toString());
                           });
 }

@@ -15,7 +15,8 @@ class EngineLocationsController : public QVSyncLocationsController {
     Q_OBJECT
 public:
     /// `profile` must outlive this.
-    explicit EngineLocationsController(const ProfileDatabase &profile);
+    EngineLocationsController(const ProfileDatabase &profile,
+                              std::shared_ptr<const LocationKinds> kinds);
 
     /// Takes over what the profile holds; called once, when it was opened.
     Expected<void> load();
@@ -40,6 +41,7 @@ private:
     void rememberSaved();
 
     const ProfileDatabase &m_profile;
+    const std::shared_ptr<const LocationKinds> m_kinds;
     Locations m_locations;
     /// The identifiers of the locations that the profile holds.
     QSet<QString> m_saved;

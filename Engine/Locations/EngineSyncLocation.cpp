@@ -2,22 +2,21 @@
 
 #include <QtCore/QUuid>
 
-#include "Engine/DirectConnection/DirectConnection.h"
-#include "Engine/DirectConnection/DirectConnectionStore.h"
-#include "Engine/Stores/Dropbox/DropboxStore.h"
-#include "Engine/Stores/Folder/FolderStore.h"
-#include "Engine/Stores/UnreachableStore.h"
-#include "Engine/Stores/WebDAV/WebDAVStore.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/KeyValue/KeyValue.h"
 
-EngineSyncLocation::EngineSyncLocation(const Url &URL)
-    : m_identifier(QUuid::createUuid().toString(QUuid::WithoutBraces)),
+EngineSyncLocation::EngineSyncLocation(const Url &URL, std::shared_ptr<const LocationKinds> kinds)
+    : m_kinds(std::move(kinds)),
+      m_identifier(QUuid::createUuid().toString(QUuid::WithoutBraces)),
       m_URLText(URL.absoluteString()),
       m_URL(URL) {}
 
-EngineSyncLocation::EngineSyncLocation(const QString &identifier, const QString &URLText)
-    : m_identifier(identifier), m_URLText(URLText), m_URL(Url::fromString(URLText)) {}
+EngineSyncLocation::EngineSyncLocation(const QString &identifier, const QString &URLText,
+                                       std::shared_ptr<const LocationKinds> kinds)
+    : m_kinds(std::move(kinds)),
+      m_identifier(identifier),
+      m_URLText(URLText),
+      m_URL(Url::fromString(URLText)) {}
 
 void EngineSyncLocation::setURL(const Url &URL) {
     m_URL = URL;
@@ -48,19 +47,7 @@ std::shared_ptr<QVSyncStore> EngineSyncLocation::createStore() {
 }
 
 std::shared_ptr<BlobStore> EngineSyncLocation::createBlobStore() {
-    if (m_URL.isFileURL()) {
-        return std::make_shared<FolderStore>(shared_from_this());
-    }
-    if (m_URL.scheme() == QStringLiteral("http") || m_URL.scheme() == QStringLiteral("https")) {
-        return std::make_shared<WebDAVStore>(shared_from_this(), m_identifier);
-    }
-    if (m_URL.scheme() == DirectConnection::URLScheme) {
-        return std::make_shared<DirectConnectionStore>(shared_from_this());
-    }
-    if (m_URL.scheme() == QStringLiteral("dropbox")) {
-        return std::make_shared<DropboxStore>(shared_from_this());
-    }
-    return std::make_shared<UnreachableStore>(shared_from_this());
+    return kind().createStore(shared_from_this());
 }
 
 void EngineSyncLocation::restoreState(const QString &databaseUUID, const QString &databaseName,

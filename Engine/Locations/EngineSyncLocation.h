@@ -3,20 +3,20 @@
 #include <QtCore/QHash>
 
 #include "Engine/Locations/EngineSyncState.h"
+#include "Engine/Locations/LocationKinds.h"
 #include "Host/QVSyncLocation.h"
-
-class BlobStore;
 
 /// A location with its states. Always shared.
 class EngineSyncLocation : public QVSyncLocation,
                            public std::enable_shared_from_this<EngineSyncLocation> {
     Q_OBJECT
 public:
-    /// A new location.
-    explicit EngineSyncLocation(const Url &URL);
-    /// The location of a row of the profile. A `URLText` that does not parse gives a nil URL, but
-    /// is kept until the URL is set.
-    EngineSyncLocation(const QString &identifier, const QString &URLText);
+    /// Creates a new location with an identifier of its own.
+    EngineSyncLocation(const Url &URL, std::shared_ptr<const LocationKinds> kinds);
+    /// Creates the location of a row of the profile. A `URLText` that does not parse gives a nil
+    /// URL, but is kept until the URL is set.
+    EngineSyncLocation(const QString &identifier, const QString &URLText,
+                       std::shared_ptr<const LocationKinds> kinds);
 
     Url URL() const override { return m_URL; }
     void setURL(const Url &URL) override;
@@ -26,9 +26,11 @@ public:
                                                              const QString &name) override;
     std::shared_ptr<QVSyncStore> createStore() override;
 
-    /// The same, as the engine uses it; never nullptr: where there is no store for the URL,
-    /// whatever is asked of it fails.
+    /// Returns the same as the engine uses it, never nullptr. Every operation of the store fails
+    /// if the URL belongs to no known kind.
     std::shared_ptr<BlobStore> createBlobStore();
+    /// Returns the kind that the URL belongs to now.
+    const LocationKind &kind() const { return m_kinds->kindForURL(m_URL); }
     /// Names the location in the profile for as long as it exists.
     QString identifier() const { return m_identifier; }
     /// What is saved.
@@ -44,6 +46,7 @@ private:
                                                  const QString &databaseName,
                                                  const EngineSyncState::Values &values);
 
+    const std::shared_ptr<const LocationKinds> m_kinds;
     const QString m_identifier;
     QString m_URLText;
     Url m_URL;

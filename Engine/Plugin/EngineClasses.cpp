@@ -44,16 +44,28 @@ private:
 };
 
 class SyncLocationClass : public QVSyncLocation::Class {
+public:
+    explicit SyncLocationClass(const EngineSyncPlugin &plugin) : m_plugin(plugin) {}
+
+private:
     std::shared_ptr<QVSyncLocation> syncLocationWithURL(const Url &URL) const override {
-        return std::make_shared<EngineSyncLocation>(URL);
+        return m_plugin.newLocation(URL);
     }
+
+    const EngineSyncPlugin &m_plugin;
 };
 
 class SyncLocationFormatterClass : public QVSyncLocationFormatter::Class {
+public:
+    explicit SyncLocationFormatterClass(const EngineSyncPlugin &plugin) : m_plugin(plugin) {}
+
+private:
     std::unique_ptr<QVSyncLocationFormatter> formatterForLocationWithURL(
         const Url &URL) const override {
-        return std::make_unique<EngineLocationFormatter>(URL);
+        return std::make_unique<EngineLocationFormatter>(URL, m_plugin.kindForURL(URL));
     }
+
+    const EngineSyncPlugin &m_plugin;
 };
 
 class SyncScheduleClass : public QVSyncSchedule::Class {
@@ -112,12 +124,14 @@ struct Registered {
 struct EngineClasses::Objects {
     Objects(EngineSyncPlugin &syncPlugin, const EngineNoteLibrary &library)
         : plugin(QStringLiteral("QVSyncPlugin"), syncPlugin, library),
-          database(QStringLiteral("QVDatabase"), library) {}
+          database(QStringLiteral("QVDatabase"), library),
+          location(QStringLiteral("QVSyncLocation"), syncPlugin),
+          formatter(QStringLiteral("QVSyncLocationFormatter"), syncPlugin) {}
 
     Registered<SyncPluginClass> plugin;
     Registered<DatabaseClass> database;
-    Registered<SyncLocationClass> location{QStringLiteral("QVSyncLocation")};
-    Registered<SyncLocationFormatterClass> formatter{QStringLiteral("QVSyncLocationFormatter")};
+    Registered<SyncLocationClass> location;
+    Registered<SyncLocationFormatterClass> formatter;
     Registered<SyncScheduleClass> schedule{QStringLiteral("QVSyncSchedule")};
     Registered<HourlyScheduleClass> hourly{QStringLiteral("QVHourlySchedule")};
     Registered<DailyScheduleClass> daily{QStringLiteral("QVDailySchedule")};

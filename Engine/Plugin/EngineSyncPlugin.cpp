@@ -2,7 +2,8 @@
 
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/DirectConnection/DirectConnectionServer.h"
-#include "Engine/DirectConnection/DirectConnectionSynchronizer.h"
+#include "Engine/Plugin/EngineLocationKinds.h"
+#include "Engine/Plugin/ServedStoreSynchronizer.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Stores/Folder/FolderGrants.h"
 #include "Engine/Stores/Folder/LocalStore.h"
@@ -22,7 +23,8 @@ void logIfFailed(const Expected<void> &result) {
 EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLibrary &library)
     : m_profile(profile),
       m_library(library),
-      m_locationsController(std::make_unique<EngineLocationsController>(profile)),
+      m_kinds(std::make_shared<LocationKinds>(engineLocationKinds())),
+      m_locationsController(std::make_unique<EngineLocationsController>(profile, m_kinds)),
       m_dispatcher(std::make_unique<EngineDispatcher>(profile, library)),
       m_grants(std::make_unique<FolderGrants>(profile)),
       m_pairings(std::make_unique<DirectConnectionPairings>(profile)),
@@ -31,23 +33,29 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLib
 EngineSyncPlugin::~EngineSyncPlugin() = default;
 
 Expected<void> EngineSyncPlugin::load() {
-    const auto location = std::make_shared<EngineSyncLocation>(Url::fileURL(m_profile.directory()));
-    m_localStore = std::make_shared<LocalStore>(location, m_profile.path());
+    m_localStore = std::make_shared<LocalStore>(newLocation(Url::fileURL(m_profile.directory())),
+                                                m_profile.path());
     if (Expected<void> loaded = m_locationsController->load()
                                     .and_then([this] { return m_grants->load(); })
                                     .and_then([this] { return m_pairings->load(); });
         !loaded) {
         return loaded;
     }
-    const DirectConnectionPackage package(m_profile.directory());
-    m_serverHook =
-        std::make_unique<DirectConnectionSynchronizer>(*m_dispatcher, m_library, package.path());
-    m_server->load(package, *m_serverHook);
+    const QString servedPath = DirectConnectionPackage::pathInProfile(m_profile.directory());
+    const auto served = newLocation(Url::fileURL(servedPath));
+    m_servedStoreSynchronizer =
+        std::make_unique<ServedStoreSynchronizer>(*m_dispatcher, m_library, served);
+    m_server->load(DirectConnectionPackage(servedPath, served->createBlobStore()),
+                   *m_servedStoreSynchronizer);
     return {};
 }
 
 void EngineSyncPlugin::startServer() {
     m_server->startIfEnabled();
+}
+
+std::shared_ptr<EngineSyncLocation> EngineSyncPlugin::newLocation(const Url &URL) const {
+    return std::make_shared<EngineSyncLocation>(URL, m_kinds);
 }
 
 Expected<void> EngineSyncPlugin::setUsesSandboxedAccess(bool usesSandboxedAccess) {

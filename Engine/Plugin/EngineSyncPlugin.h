@@ -4,12 +4,12 @@
 #include "Engine/Synchronization/EngineDispatcher.h"
 #include "Host/QVSyncPlugin.h"
 
-class DirectConnectionHook;
 class DirectConnectionPairings;
 class DirectConnectionServer;
 class EngineNoteLibrary;
 class FolderGrants;
 class LocalStore;
+class ServedStoreSynchronizer;
 
 /// Folder grants are a plain list kept in the profile, at once. Where the profile's setting
 /// "usesSandboxedAccess" is on, folder stores outside every granted folder fail; nothing else is
@@ -25,13 +25,16 @@ public:
     Expected<void> load();
     /// Starts the direct-connection server if the user has enabled it.
     void startServer();
+    /// Returns a new location that is in no list yet.
+    std::shared_ptr<EngineSyncLocation> newLocation(const Url &URL) const;
+    /// Returns the kind of locations with `URL`, valid as long as this object.
+    const LocationKind &kindForURL(const Url &URL) const { return m_kinds->kindForURL(URL); }
     /// Changes the profile's setting.
     Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess);
 
     QVSyncLocationsController *locationsController() const override;
     QVSyncDispatcher *dispatcher() const override;
     QVDirectConnectionServer *server() const override;
-    EngineDispatcher &engineDispatcher() const { return *m_dispatcher; }
     /// There once a profile is open.
     std::shared_ptr<QVSyncStore> localStore() const override;
     bool usesSandboxedAccess() const override;
@@ -43,11 +46,12 @@ public:
 private:
     const ProfileDatabase &m_profile;
     EngineNoteLibrary &m_library;
+    const std::shared_ptr<const LocationKinds> m_kinds;
     const std::unique_ptr<EngineLocationsController> m_locationsController;
     const std::unique_ptr<EngineDispatcher> m_dispatcher;
     const std::unique_ptr<FolderGrants> m_grants;
     const std::unique_ptr<DirectConnectionPairings> m_pairings;
     std::shared_ptr<LocalStore> m_localStore;
-    std::unique_ptr<DirectConnectionHook> m_serverHook;
+    std::unique_ptr<ServedStoreSynchronizer> m_servedStoreSynchronizer;
     const std::unique_ptr<DirectConnectionServer> m_server;
 };

@@ -117,7 +117,7 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
                                         location->identifier()};
     m_waiting.append({std::make_shared<SyncJob>(kind, m_profile, m_library, subject,
                                                 location->createBlobStore()),
-                      EngineLocationFormatter(location->URL()).title(),
+                      EngineLocationFormatter(location->URL(), location->kind()).title(),
                       state,
                       {[handler](const auto &) { handler(); }}});
     startWaiting();

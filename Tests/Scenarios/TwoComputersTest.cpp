@@ -209,7 +209,7 @@ private Q_SLOTS:
 
         // Found, and never its own.
         QWidget parent;
-        const auto location = std::make_shared<EngineSyncLocation>(Url());
+        const auto location = host.newLocation(Url());
         const auto editor = QVDirectConnectionLocationEditor::editorWithSyncLocation(location);
         qint64 result = -1;
         editor->runLocationEditorModalForWindow(&parent, true, [&](qint64 code) { result = code; });

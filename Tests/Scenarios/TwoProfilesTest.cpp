@@ -125,7 +125,7 @@ private:
         UserDefaults::setValue(DropboxConfiguration::ContentAddressDefault,
                                address + QStringLiteral("/content/2"));
         const DropboxBrowser browser;
-        const auto location = std::make_shared<EngineSyncLocation>(Url());
+        const auto location = m_host.newLocation(Url());
         const auto editor = QVDropboxLocationEditor::editorWithSyncLocation(location);
         QWidget window;
         bool isAccepted = false;

@@ -1,7 +1,7 @@
 #include "Support/MemoryStore.h"
 
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Locations/EngineSyncLocation.h"
+#include "Support/TestLocation.h"
 
 namespace {
 
@@ -16,9 +16,7 @@ bool isFailing(MemoryStore::Fault found) {
 }  // namespace
 
 MemoryStore::MemoryStore(Blobs &blobs, std::function<Fault()> nextFault)
-    : BlobStore(std::make_shared<EngineSyncLocation>(Url())),
-      m_blobs(blobs),
-      m_nextFault(std::move(nextFault)) {}
+    : BlobStore(locationWithoutEngine()), m_blobs(blobs), m_nextFault(std::move(nextFault)) {}
 
 Expected<void> MemoryStore::open(const EngineFuture & /*future*/) {
     return {};

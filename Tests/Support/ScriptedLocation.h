@@ -3,8 +3,8 @@
 #include <QtCore/QMutex>
 #include <QtCore/QThread>
 
-#include "Engine/Locations/EngineSyncLocation.h"
 #include "Host/QVSyncStore.h"
+#include "Support/TestLocation.h"
 
 /// Future that records the thread that cancelled it.
 class ScriptedFuture : public PZFuture {
@@ -103,6 +103,5 @@ public:
 
 private:
     StoreScript *const m_script;
-    const std::shared_ptr<EngineSyncLocation> m_states =
-        std::make_shared<EngineSyncLocation>(Url());
+    const std::shared_ptr<EngineSyncLocation> m_states = locationWithoutEngine();
 };

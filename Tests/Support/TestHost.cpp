@@ -86,8 +86,12 @@ std::shared_ptr<QVSyncLocation> TestHost::localLocation() {
     return m_engine->plugin().localStore()->location();
 }
 
+std::shared_ptr<EngineSyncLocation> TestHost::newLocation(const Url &URL) const {
+    return m_engine->plugin().newLocation(URL);
+}
+
 std::shared_ptr<QVSyncLocation> TestHost::addLocation(const QString &URLText) {
-    const auto location = std::make_shared<EngineSyncLocation>(Url::fromString(URLText));
+    const auto location = newLocation(Url::fromString(URLText));
     locations().insertObjectInSyncLocationsAtIndex(location, locations().countOfSyncLocations());
     return location;
 }

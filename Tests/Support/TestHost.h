@@ -35,6 +35,8 @@ public:
     void closeDatabase(const std::shared_ptr<NoteDatabase> &database);
     void renameDatabase(const std::shared_ptr<NoteDatabase> &database, const QString &name);
 
+    /// Returns a location that is in no list yet.
+    std::shared_ptr<EngineSyncLocation> newLocation(const Url &URL) const;
     /// Appends a location with a new, empty sync store in a folder. Does not save it.
     std::shared_ptr<QVSyncLocation> addLocation();
     /// Appends a location, with a nil URL if the text does not parse. Does not save it.

@@ -245,7 +245,7 @@ private Q_SLOTS:
         showPane();
         const auto editorFor = [this](const char *text) {
             return m_pane->locationEditorForLocation(
-                std::make_shared<EngineSyncLocation>(Url::fromString(QLatin1StringView(text))));
+                m_host->newLocation(Url::fromString(QLatin1StringView(text))));
         };
         const auto isA = [](const auto &editor, const QMetaObject &meta) {
             return editor && editor->metaObject() == &meta;
@@ -270,7 +270,7 @@ private Q_SLOTS:
 
     void absentArgumentsAreProgrammingErrors() {
         showPane();
-        const auto location = std::make_shared<EngineSyncLocation>(Url());
+        const auto location = m_host->newLocation(Url());
         QCOMPARE(failureOf([this] { m_pane->addSyncLocation(nullptr); }),
                  failure("location != nil"));
         QCOMPARE(failureOf([this] { m_pane->editSyncLocation(nullptr); }),

@@ -5,6 +5,7 @@
 #include "Platform/Foundation/Assertion.h"
 #include "Support/AnnouncementRecorder.h"
 #include "Support/ScriptedHost.h"
+#include "Support/TestLocation.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -85,7 +86,7 @@ private Q_SLOTS:
         m_results.clear();
         m_host = std::make_unique<ScriptedHost>();
         m_manager = std::make_unique<Manager>();
-        m_location = std::make_shared<EngineSyncLocation>(Url());
+        m_location = locationWithoutEngine();
         m_editor = Editor::editorWithSyncLocation(m_location);
         m_parent = std::make_unique<QWidget>();
     }
@@ -111,8 +112,7 @@ private Q_SLOTS:
 
     void theSessionIsThatOfTheLocationsURL() {
         const Url URL = Url::fromString(QStringLiteral("dropbox://kim@example.org"));
-        const auto editor =
-            Editor::editorWithSyncLocation(std::make_shared<EngineSyncLocation>(URL));
+        const auto editor = Editor::editorWithSyncLocation(locationWithoutEngine(URL));
         QCOMPARE(m_manager->manager.URLs.last(), URL);
     }
 

@@ -61,7 +61,7 @@ private Q_SLOTS:
     void init() {
         m_host = std::make_unique<TestHost>();
         m_folder = std::make_unique<QTemporaryDir>();
-        m_location = std::make_shared<EngineSyncLocation>(Url());
+        m_location = m_host->newLocation(Url());
         m_editor = QVFolderLocationEditor::editorWithSyncLocation(m_location);
         m_results.clear();
     }

@@ -23,7 +23,7 @@ class QVWebDAVLocationEditorTest : public QObject {
     QList<qint64> m_results;
 
     void open(const QString &URLText = {}) {
-        m_location = std::make_shared<EngineSyncLocation>(Url::fromString(URLText));
+        m_location = m_host->newLocation(Url::fromString(URLText));
         m_editor = QVWebDAVLocationEditor::editorWithSyncLocation(m_location);
         m_editor->runLocationEditorModalForWindow(
             m_parent.get(), false, [this](qint64 result) { m_results.append(result); });
@@ -278,7 +278,7 @@ private Q_SLOTS:
     }
 
     void theCredentialIsStoredBeforeTheHandlerRuns() {
-        m_location = std::make_shared<EngineSyncLocation>(Url());
+        m_location = m_host->newLocation(Url());
         m_editor = QVWebDAVLocationEditor::editorWithSyncLocation(m_location);
         std::optional<UrlCredential> found;
         m_editor->runLocationEditorModalForWindow(m_parent.get(), true, [&](qint64) {

@@ -1,6 +1,7 @@
 #include <QtCore/QDirIterator>
 
 #include "Engine/Locations/EngineLocationFormatter.h"
+#include "Engine/Plugin/EngineLocationKinds.h"
 #include "Host/SyncStrings.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -8,7 +9,9 @@
 namespace {
 
 QImage iconOf(const QString &URLText) {
-    return EngineLocationFormatter(Url::fromString(URLText)).icon().toImage();
+    const LocationKinds kinds = engineLocationKinds();
+    const Url URL = Url::fromString(URLText);
+    return EngineLocationFormatter(URL, kinds.kindForURL(URL)).icon().toImage();
 }
 
 }  // namespace
@@ -70,9 +73,9 @@ private Q_SLOTS:
         QLocale::setDefault(QLocale(QLocale::German));
         {
             TestHost host(FirstContents::Welcome);
-            const EngineLocationFormatter formatter(
+            const auto formatter = QVSyncLocationFormatter::formatterForLocationWithURL(
                 Url::fromString(QStringLiteral("file:///a.qvSyncStore")));
-            QCOMPARE(formatter.locationType(), QStringLiteral("Lokaler Sync-Speicher"));
+            QCOMPARE(formatter->locationType(), QStringLiteral("Lokaler Sync-Speicher"));
             QCOMPARE(localizedSyncString("Unavailable"), QStringLiteral("nicht verfügbar"));
             QCOMPARE(localizedSyncString("nowhere"), QStringLiteral("nowhere"));
             QCOMPARE(host.library().knownDatabases().at(1)->name(), QStringLiteral("Projekte"));
@@ -85,9 +88,9 @@ private Q_SLOTS:
         QFile table(QStringLiteral(VELMORA_SOURCE_DIR "/Resources/Translations/Sync_de.ts"));
         QVERIFY(table.open(QIODevice::ReadOnly));
         const QString translated = QString::fromUtf8(table.readAll());
-        static const QRegularExpression text(
-            QStringLiteral("(?:localizedSyncString\\(|EngineErrorCode::\\w+,)\\s*\"([^\"]+"
-                           "(?:\"\\s+\"[^\"]+)*)\""));
+        static const QRegularExpression text(QStringLiteral(
+            "(?:\\.type = |localizedSyncString\\(|EngineErrorCode::\\w+,)\\s*\"([^\"]+"
+            "(?:\"\\s+\"[^\"]+)*)\""));
         static const QRegularExpression seam(QStringLiteral("\"\\s+\""));
         QDirIterator sources(QStringLiteral(VELMORA_SOURCE_DIR "/Engine"),
                              {QStringLiteral("*.cpp")}, QDir::Files, QDirIterator::Subdirectories);

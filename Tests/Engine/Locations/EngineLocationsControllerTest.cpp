@@ -6,6 +6,7 @@
 #include "Engine/Schedules/EngineWeeklySchedule.h"
 #include "Host/InboxUUID.h"
 #include "Support/TestHost.h"
+#include "Support/TestLocation.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -58,8 +59,7 @@ private Q_SLOTS:
         TestHost host;
         const auto first = host.addLocation(QStringLiteral("https://first.example/dav"));
         const auto third = host.addLocation(QStringLiteral("dropbox://ida@third.example"));
-        const auto second =
-            std::make_shared<EngineSyncLocation>(Url::fromString(QStringLiteral("velmora://b")));
+        const auto second = locationWithoutEngine(Url::fromString(QStringLiteral("velmora://b")));
         host.locations().insertObjectInSyncLocationsAtIndex(second, 1);
         QCOMPARE(host.locations().countOfSyncLocations(), 3);
         QCOMPARE(host.locations().syncLocations(),
@@ -80,7 +80,7 @@ private Q_SLOTS:
         TestHost host;
         const auto location = host.addLocation(QStringLiteral("https://same.example/"));
         const auto twin = host.addLocation(QStringLiteral("https://same.example/"));
-        const auto stranger = std::make_shared<EngineSyncLocation>(location->URL());
+        const auto stranger = locationWithoutEngine(location->URL());
         QCOMPARE(host.locations().indexOfObjectInSyncLocations(location), 0);
         QCOMPARE(host.locations().indexOfObjectInSyncLocations(twin), 1);
         QCOMPARE(host.locations().indexOfObjectInSyncLocations(stranger), -1);

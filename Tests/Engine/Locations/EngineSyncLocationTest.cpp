@@ -2,6 +2,7 @@
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/KeyValue/KeyValue.h"
 #include "Support/TestHost.h"
+#include "Support/TestLocation.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -9,8 +10,7 @@ namespace {
 const QString DatabaseUUID = QStringLiteral("5c0ba4b5-6d43-4bb9-8f2c-fd3ab4da3f6f");
 
 std::shared_ptr<EngineSyncLocation> newLocation() {
-    return std::make_shared<EngineSyncLocation>(
-        Url::fromString(QStringLiteral("https://host.example/")));
+    return locationWithoutEngine(Url::fromString(QStringLiteral("https://host.example/")));
 }
 
 }  // namespace

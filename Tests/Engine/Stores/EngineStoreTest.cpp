@@ -70,8 +70,7 @@ private:
         return error ? Fetched{{}, error} : fetched(*store);
     }
     QString descriptionOfOpening(const QString &URLText) const {
-        const auto store =
-            std::make_shared<EngineSyncLocation>(Url::fromString(URLText))->createStore();
+        const auto store = m_host->newLocation(Url::fromString(URLText))->createStore();
         const std::optional<Error> error = opened(*store);
         return error ? error->localizedDescription : QString();
     }
@@ -216,7 +215,7 @@ private Q_SLOTS:
     }
 
     void aLocationOfWhichOnlyAStoreIsLeftDiesOnTheMainThread() {
-        auto location = std::make_shared<EngineSyncLocation>(Url());
+        auto location = m_host->newLocation(Url());
         QThread *thread = nullptr;
         connect(
             location.get(), &QObject::destroyed, location.get(),

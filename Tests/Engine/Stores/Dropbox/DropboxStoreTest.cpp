@@ -59,13 +59,12 @@ class DropboxStoreTest : public QObject {
     }
     std::shared_ptr<BlobStore> newStore() {
         const Url URL = Url::fromString(QStringLiteral("dropbox://") + m_server->email());
-        return std::make_shared<EngineSyncLocation>(URL)->createBlobStore();
+        return m_host->newLocation(URL)->createBlobStore();
     }
     std::shared_ptr<BlobStore> impatientStore() {
         const Url URL = Url::fromString(QStringLiteral("dropbox://") + m_server->email());
         return std::make_shared<DropboxStore>(
-            std::make_shared<EngineSyncLocation>(URL),
-            HttpClient::Timeouts{.idle = std::chrono::milliseconds(100)});
+            m_host->newLocation(URL), HttpClient::Timeouts{.idle = std::chrono::milliseconds(100)});
     }
     Expected<QByteArray> read(const QString &name = DropboxBlob) {
         return m_store->read(name, DropboxLimit, m_future);

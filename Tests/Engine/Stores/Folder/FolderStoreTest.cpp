@@ -57,8 +57,8 @@ private:
     std::shared_ptr<BlobStore> m_store;
     EngineFuture m_future;
 
-    static std::shared_ptr<BlobStore> storeAt(const QString &path) {
-        return std::make_shared<EngineSyncLocation>(Url::fileURL(path))->createBlobStore();
+    std::shared_ptr<BlobStore> storeAt(const QString &path) {
+        return m_host->newLocation(Url::fileURL(path))->createBlobStore();
     }
     QString path(const QString &name = {}) const { return m_store->place(name); }
     Expected<QByteArray> read(const QString &name) {
@@ -483,7 +483,7 @@ private Q_SLOTS:
     }
 
     void thereIsAStoreForEveryURLButItMayBeUnreachable() {
-        const auto location = std::make_shared<EngineSyncLocation>(Url());
+        const auto location = m_host->newLocation(Url());
         const std::shared_ptr<BlobStore> store = location->createBlobStore();
         const QString text =
             QStringLiteral("This location has no address. Remove it and add it again.");

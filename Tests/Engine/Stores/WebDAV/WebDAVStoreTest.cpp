@@ -9,6 +9,7 @@
 #include "Support/PrivateVolume.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
+#include "Support/TestLocation.h"
 #include "Support/TestMain.h"
 #include "Support/WebDAVServer.h"
 
@@ -25,7 +26,7 @@ const QString PackageName = QStringLiteral("Trip%20%26%20more.qvSyncStore");
 constexpr HttpClient::Timeouts Hasty = {.idle = 300ms, .total = 2s};
 
 std::shared_ptr<WebDAVStore> storeAt(const QString &URLText) {
-    const auto location = std::make_shared<EngineSyncLocation>(Url::fromString(URLText));
+    const auto location = locationWithoutEngine(Url::fromString(URLText));
     return std::make_shared<WebDAVStore>(location, location->identifier(), Hasty);
 }
 
@@ -213,9 +214,9 @@ private Q_SLOTS:
     }
 
     void aLocationOfAWebAddressHasThisStore() {
+        const TestHost host;
         for (const char *text : {"http://@h/s.qvSyncStore", "https://ida@h:81/a/s.qvSyncStore"}) {
-            const auto location =
-                std::make_shared<EngineSyncLocation>(Url::fromString(QString::fromLatin1(text)));
+            const auto location = host.newLocation(Url::fromString(QString::fromLatin1(text)));
             QVERIFY(std::dynamic_pointer_cast<WebDAVStore>(location->createStore()));
         }
     }
@@ -489,7 +490,7 @@ private Q_SLOTS:
                 connection.send(part);
             }
         });
-        const auto location = std::make_shared<EngineSyncLocation>(
+        const auto location = locationWithoutEngine(
             Url::fromString(scripted.URLText(QStringLiteral("s.qvSyncStore"))));
         m_store = std::make_shared<WebDAVStore>(location, location->identifier());
         const Expected<QStringList> result = list(QStringLiteral("databases"));

@@ -4,9 +4,9 @@
 
 /// Who keeps the sync store that the direct-connection server serves in step with the databases of
 /// this computer. Main thread.
-class DirectConnectionHook {
+class ServedStoreObserver {
 public:
-    virtual ~DirectConnectionHook() = default;
+    virtual ~ServedStoreObserver() = default;
 
     /// An authorized client is about to look into the store. It waits until `proceed` is called,
     /// on the main thread, within this call or later; the client may be gone by then.

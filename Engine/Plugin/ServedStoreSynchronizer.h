@@ -3,7 +3,7 @@
 #include <QtCore/QStringList>
 #include <memory>
 
-#include "Engine/DirectConnection/DirectConnectionHook.h"
+#include "Engine/DirectConnection/ServedStoreObserver.h"
 
 class EngineDispatcher;
 class EngineNoteLibrary;
@@ -12,12 +12,12 @@ class EngineSyncLocation;
 /// Keeps the store that is served in step with the databases of the profile: before a client reads
 /// it gets what they hold, and they get what clients have written. A database that the profile does
 /// not have yet is made, since whoever wrote it was let in by the person. Main thread.
-class DirectConnectionSynchronizer : public DirectConnectionHook {
+class ServedStoreSynchronizer : public ServedStoreObserver {
 public:
-    /// `dispatcher` and `library` must outlive this. `packagePath`: where the served store is.
-    DirectConnectionSynchronizer(EngineDispatcher &dispatcher, EngineNoteLibrary &library,
-                                 const QString &packagePath);
-    ~DirectConnectionSynchronizer() override;
+    /// `dispatcher` and `library` must outlive this. `location`: that of the served store.
+    ServedStoreSynchronizer(EngineDispatcher &dispatcher, EngineNoteLibrary &library,
+                            std::shared_ptr<EngineSyncLocation> location);
+    ~ServedStoreSynchronizer() override;
 
     /// A client does not wait longer than a few seconds: the other computer may be waiting for this
     /// one in turn. What has not arrived by then does so the next time.

@@ -1,4 +1,4 @@
-#include "Engine/DirectConnection/DirectConnectionSynchronizer.h"
+#include "Engine/Plugin/ServedStoreSynchronizer.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QTimer>
@@ -16,16 +16,14 @@ const QString ServedPlace = QStringLiteral("direct connections");
 
 }  // namespace
 
-DirectConnectionSynchronizer::DirectConnectionSynchronizer(EngineDispatcher &dispatcher,
-                                                           EngineNoteLibrary &library,
-                                                           const QString &packagePath)
-    : m_dispatcher(dispatcher),
-      m_library(library),
-      m_location(std::make_shared<EngineSyncLocation>(Url::fileURL(packagePath))) {}
+ServedStoreSynchronizer::ServedStoreSynchronizer(EngineDispatcher &dispatcher,
+                                                 EngineNoteLibrary &library,
+                                                 std::shared_ptr<EngineSyncLocation> location)
+    : m_dispatcher(dispatcher), m_library(library), m_location(std::move(location)) {}
 
-DirectConnectionSynchronizer::~DirectConnectionSynchronizer() = default;
+ServedStoreSynchronizer::~ServedStoreSynchronizer() = default;
 
-void DirectConnectionSynchronizer::clientWillRead(std::function<void()> proceed) {
+void ServedStoreSynchronizer::clientWillRead(std::function<void()> proceed) {
     const auto once = std::make_shared<std::function<void()>>(std::move(proceed));
     const auto proceedOnce = [once] {
         if (const std::function<void()> call = std::exchange(*once, nullptr)) {
@@ -36,7 +34,7 @@ void DirectConnectionSynchronizer::clientWillRead(std::function<void()> proceed)
     synchronize(proceedOnce);
 }
 
-void DirectConnectionSynchronizer::clientsDidWrite() {
+void ServedStoreSynchronizer::clientsDidWrite() {
     if (m_isTakingOver) {
         m_hasMoreToTakeOver = true;
         return;
@@ -50,7 +48,7 @@ void DirectConnectionSynchronizer::clientsDidWrite() {
     });
 }
 
-QStringList DirectConnectionSynchronizer::databaseUUIDs() const {
+QStringList ServedStoreSynchronizer::databaseUUIDs() const {
     QStringList UUIDs;
     for (const auto &database : m_library.knownDatabases()) {
         UUIDs.append(database->isInbox() ? InboxUUID : database->UUID());
@@ -63,7 +61,7 @@ QStringList DirectConnectionSynchronizer::databaseUUIDs() const {
     return UUIDs;
 }
 
-void DirectConnectionSynchronizer::synchronize(const std::function<void()> &handler) {
+void ServedStoreSynchronizer::synchronize(const std::function<void()> &handler) {
     const QStringList UUIDs = databaseUUIDs();
     const auto left = std::make_shared<qsizetype>(UUIDs.size());
     for (const QString &UUID : UUIDs) {

@@ -1,0 +1,28 @@
+#include "Engine/Locations/LocationKinds.h"
+
+#include <algorithm>
+
+#include "Engine/Locations/EngineSyncLocation.h"
+#include "Engine/Stores/UnreachableStore.h"
+#include "Host/SyncStrings.h"
+
+LocationKinds::LocationKinds(QList<LocationKind> kinds)
+    : m_kinds(std::move(kinds)),
+      m_unknown{
+          .schemes = {},
+          .type = "Unknown Location",
+          .iconName = QStringLiteral("unknown"),
+          .title =
+              [](const Url &URL) {
+                  return URL.isNil() ? localizedSyncString("No Address") : URL.host();
+              },
+          .createStore =
+              [](const auto &location) { return std::make_shared<UnreachableStore>(location); },
+      } {}
+
+const LocationKind &LocationKinds::kindForURL(const Url &URL) const {
+    const auto kind = std::find_if(m_kinds.begin(), m_kinds.end(), [&](const LocationKind &each) {
+        return each.schemes.contains(URL.scheme());
+    });
+    return kind == m_kinds.end() ? m_unknown : *kind;
+}
