@@ -10,22 +10,10 @@ namespace {
 const QString KeychainService = QStringLiteral("Velmora Direct Connection Servers");
 const QString SettingPrefix = QStringLiteral("directConnectionServer ");
 
-DirectConnectionPairings *sharedPairings = nullptr;
-
 }  // namespace
 
 DirectConnectionPairings::DirectConnectionPairings(const ProfileDatabase &profile)
-    : m_profile(profile) {
-    sharedPairings = this;
-}
-
-DirectConnectionPairings::~DirectConnectionPairings() {
-    sharedPairings = nullptr;
-}
-
-DirectConnectionPairings &DirectConnectionPairings::shared() {
-    return *sharedPairings;
-}
+    : m_profile(profile) {}
 
 Expected<void> DirectConnectionPairings::load() {
     const std::lock_guard lock(m_mutex);
@@ -55,11 +43,11 @@ void DirectConnectionPairings::keep(const QString &key, const QByteArray &finger
         m_fingerprints.insert(key, fingerprint);
     }
     Keychain::shared().setPassword(KeychainService, key, secret.toHex());
-    MainThreadQueue::post([this, key, fingerprint] {
-        const Expected<void> written =
-            m_profile.run(QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
-                                         " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
-                          {SettingPrefix + key, QString::fromLatin1(fingerprint.toHex())});
+    MainThreadQueue::post([self = shared_from_this(), key, fingerprint] {
+        const Expected<void> written = self->m_profile.run(
+            QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
+                           " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
+            {SettingPrefix + key, QString::fromLatin1(fingerprint.toHex())});
         if (!written) {
             Log::message(written.error().localizedDescription);
         }

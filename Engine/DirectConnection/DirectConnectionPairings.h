@@ -3,6 +3,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QHash>
 #include <QtCore/QString>
+#include <memory>
 #include <mutex>
 #include <optional>
 
@@ -10,19 +11,16 @@
 
 class ProfileDatabase;
 
-/// The servers that this profile's locations were paired with: the fingerprints of their
-/// certificates, kept in the profile, and the secrets by which this computer is known there, kept
-/// in the keychain, by location and address. Made and destroyed on the main thread; any thread may
-/// ask.
-class DirectConnectionPairings {
+/// The servers that this profile's locations are paired with: the fingerprints of their
+/// certificates, stored in the profile, and the secrets that authorize this computer there, stored
+/// in the keychain; both by location and address. The engine and its stores share the ownership;
+/// create it with std::make_shared. Thread-safe except for `load`.
+class DirectConnectionPairings : public std::enable_shared_from_this<DirectConnectionPairings> {
 public:
-    /// There is one at a time, `shared` from then on. `profile` must outlive it.
+    /// `profile` must outlive the engine.
     explicit DirectConnectionPairings(const ProfileDatabase &profile);
-    ~DirectConnectionPairings();
     DirectConnectionPairings(const DirectConnectionPairings &) = delete;
     DirectConnectionPairings &operator=(const DirectConnectionPairings &) = delete;
-
-    static DirectConnectionPairings &shared();
 
     /// Takes over what the profile holds; called once, when it was opened.
     Expected<void> load();

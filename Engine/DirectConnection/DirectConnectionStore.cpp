@@ -45,9 +45,11 @@ Question questionFor(const QString &host, const QString &code) {
 }  // namespace
 
 DirectConnectionStore::DirectConnectionStore(const std::shared_ptr<QVSyncLocation> &location,
-                                             const QString &locationIdentifier)
+                                             const QString &locationIdentifier,
+                                             std::shared_ptr<DirectConnectionPairings> pairings)
     : BlobStore(location),
-      m_pairingKey(location->URL().absoluteString() + u' ' + locationIdentifier) {}
+      m_pairingKey(location->URL().absoluteString() + u' ' + locationIdentifier),
+      m_pairings(std::move(pairings)) {}
 
 Expected<void> DirectConnectionStore::open(const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
@@ -129,11 +131,10 @@ Expected<QCborMap> DirectConnectionStore::request(const QCborMap &request, const
 }
 
 std::optional<Error> DirectConnectionStore::connect(const EngineFuture &future) {
-    DirectConnectionPairings &pairings = DirectConnectionPairings::shared();
     m_link.disconnect();
     std::optional<Error> error =
         m_link.connect(URL().host(), URL().port().value_or(DirectConnection::DefaultPort), future);
-    const std::optional<QByteArray> pinned = pairings.fingerprint(m_pairingKey);
+    const std::optional<QByteArray> pinned = m_pairings->fingerprint(m_pairingKey);
     if (!error && pinned && *pinned != m_link.serverFingerprint()) {
         error = engineError(EngineErrorCode::CertificateUntrusted,
                             "“%1” is not the computer that was paired. If this is intended, remove "
@@ -142,7 +143,7 @@ std::optional<Error> DirectConnectionStore::connect(const EngineFuture &future) 
     }
     if (!error) {
         const std::optional<QByteArray> secret =
-            pinned ? pairings.secret(m_pairingKey) : std::nullopt;
+            pinned ? m_pairings->secret(m_pairingKey) : std::nullopt;
         error = secret ? greet(*secret, future) : pair(future);
     }
     if (error) {
@@ -197,8 +198,7 @@ std::optional<Error> DirectConnectionStore::confirm(const DirectConnectionPairin
         error = operationCancelled();
     }
     if (!error) {
-        DirectConnectionPairings::shared().keep(m_pairingKey, pairing.serverFingerprint,
-                                                pairing.clientSecret);
+        m_pairings->keep(m_pairingKey, pairing.serverFingerprint, pairing.clientSecret);
     }
     return error;
 }

@@ -5,6 +5,7 @@
 #include "Engine/DirectConnection/DirectConnectionLink.h"
 #include "Engine/Stores/BlobStore.h"
 
+class DirectConnectionPairings;
 struct DirectConnectionPairing;
 
 /// The store that another computer's server serves. The first connection of a location pairs the
@@ -14,8 +15,10 @@ struct DirectConnectionPairing;
 class DirectConnectionStore : public BlobStore {
 public:
     /// `locationIdentifier`: what the pairing is kept for, together with the URL of `location`.
+    /// `pairings` must not be null.
     DirectConnectionStore(const std::shared_ptr<QVSyncLocation> &location,
-                          const QString &locationIdentifier);
+                          const QString &locationIdentifier,
+                          std::shared_ptr<DirectConnectionPairings> pairings);
 
     Expected<void> open(const EngineFuture &future) override;
 
@@ -42,6 +45,7 @@ private:
 
     /// Under which the pairing is kept.
     const QString m_pairingKey;
+    const std::shared_ptr<DirectConnectionPairings> m_pairings;
     std::mutex m_mutex;
     DirectConnectionLink m_link;
 };

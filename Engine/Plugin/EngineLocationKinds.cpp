@@ -5,6 +5,7 @@
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionStore.h"
 #include "Engine/Locations/EngineSyncLocation.h"
+#include "Engine/Plugin/EngineContext.h"
 #include "Engine/Stores/Dropbox/DropboxStore.h"
 #include "Engine/Stores/Folder/FolderStore.h"
 #include "Engine/Stores/WebDAV/WebDAVStore.h"
@@ -13,26 +14,28 @@ namespace {
 
 using Location = std::shared_ptr<EngineSyncLocation>;
 
-LocationKind folder() {
+LocationKind folder(const std::shared_ptr<const FolderGrants> &grants) {
     return {
         .schemes = {QStringLiteral("file")},
         .type = "Local Sync Store",
         .iconName = QStringLiteral("folder-store"),
         .title = [](const Url &URL) { return QFileInfo(URL.path()).completeBaseName(); },
         .createStore =
-            [](const Location &location) { return std::make_shared<FolderStore>(location); },
+            [grants](const Location &location) {
+                return std::make_shared<FolderStore>(location, grants);
+            },
     };
 }
 
-LocationKind webDAV() {
+LocationKind webDAV(const std::shared_ptr<CertificateTrust> &trust) {
     return {
         .schemes = {QStringLiteral("http"), QStringLiteral("https")},
         .type = "WebDAV",
         .iconName = QStringLiteral("webdav"),
         .title = &Url::host,
         .createStore =
-            [](const Location &location) {
-                return std::make_shared<WebDAVStore>(location, location->identifier());
+            [trust](const Location &location) {
+                return std::make_shared<WebDAVStore>(location, location->identifier(), trust);
             },
     };
 }
@@ -51,21 +54,23 @@ LocationKind dropbox() {
     };
 }
 
-LocationKind directConnection() {
+LocationKind directConnection(const std::shared_ptr<DirectConnectionPairings> &pairings) {
     return {
         .schemes = {DirectConnection::URLScheme},
         .type = "Direct Connection",
         .iconName = QStringLiteral("direct-connection"),
         .title = &Url::host,
         .createStore =
-            [](const Location &location) {
-                return std::make_shared<DirectConnectionStore>(location, location->identifier());
+            [pairings](const Location &location) {
+                return std::make_shared<DirectConnectionStore>(location, location->identifier(),
+                                                               pairings);
             },
     };
 }
 
 }  // namespace
 
-LocationKinds engineLocationKinds() {
-    return LocationKinds({folder(), webDAV(), dropbox(), directConnection()});
+LocationKinds engineLocationKinds(const EngineContext &context) {
+    return LocationKinds({folder(context.folderGrants), webDAV(context.certificateTrust), dropbox(),
+                          directConnection(context.pairings)});
 }

@@ -2,6 +2,9 @@
 
 #include "Engine/Locations/LocationKinds.h"
 
+class EngineContext;
+
 /// Returns the table of all kinds of locations that the engine reaches. Another kind is another
 /// entry here, a store class, and a form with its menu entry in the preference pane.
-LocationKinds engineLocationKinds();
+/// The table shares the ownership of what the stores need of `context`.
+LocationKinds engineLocationKinds(const EngineContext &context);

@@ -1,6 +1,5 @@
 #include "Engine/Plugin/EngineSyncPlugin.h"
 
-#include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/DirectConnection/DirectConnectionServer.h"
 #include "Engine/Plugin/EngineLocationKinds.h"
 #include "Engine/Plugin/ServedStoreSynchronizer.h"
@@ -23,11 +22,10 @@ void logIfFailed(const Expected<void> &result) {
 EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLibrary &library)
     : m_profile(profile),
       m_library(library),
-      m_kinds(std::make_shared<LocationKinds>(engineLocationKinds())),
+      m_context(profile),
+      m_kinds(std::make_shared<LocationKinds>(engineLocationKinds(m_context))),
       m_locationsController(std::make_unique<EngineLocationsController>(profile, m_kinds)),
       m_dispatcher(std::make_unique<EngineDispatcher>(profile, library)),
-      m_grants(std::make_unique<FolderGrants>(profile)),
-      m_pairings(std::make_unique<DirectConnectionPairings>(profile)),
       m_server(std::make_unique<DirectConnectionServer>(profile)) {}
 
 EngineSyncPlugin::~EngineSyncPlugin() = default;
@@ -35,9 +33,8 @@ EngineSyncPlugin::~EngineSyncPlugin() = default;
 Expected<void> EngineSyncPlugin::load() {
     m_localStore = std::make_shared<LocalStore>(newLocation(Url::fileURL(m_profile.directory())),
                                                 m_profile.path());
-    if (Expected<void> loaded = m_locationsController->load()
-                                    .and_then([this] { return m_grants->load(); })
-                                    .and_then([this] { return m_pairings->load(); });
+    if (Expected<void> loaded =
+            m_context.load().and_then([this] { return m_locationsController->load(); });
         !loaded) {
         return loaded;
     }
@@ -59,7 +56,7 @@ std::shared_ptr<EngineSyncLocation> EngineSyncPlugin::newLocation(const Url &URL
 }
 
 Expected<void> EngineSyncPlugin::setUsesSandboxedAccess(bool usesSandboxedAccess) {
-    return m_grants->setNeeded(usesSandboxedAccess);
+    return m_context.folderGrants->setNeeded(usesSandboxedAccess);
 }
 
 QVSyncLocationsController *EngineSyncPlugin::locationsController() const {
@@ -79,23 +76,23 @@ std::shared_ptr<QVSyncStore> EngineSyncPlugin::localStore() const {
 }
 
 bool EngineSyncPlugin::usesSandboxedAccess() const {
-    return m_grants->areNeeded();
+    return m_context.folderGrants->areNeeded();
 }
 
 void EngineSyncPlugin::bookmarkURL(const Url &URL) {
     if (URL.isFileURL()) {
-        logIfFailed(m_grants->add(URL.path()));
+        logIfFailed(m_context.folderGrants->add(URL.path()));
     }
 }
 
 void EngineSyncPlugin::removeBookmarkForURL(const Url &URL) {
     if (URL.isFileURL()) {
-        logIfFailed(m_grants->remove(URL.path()));
+        logIfFailed(m_context.folderGrants->remove(URL.path()));
     }
 }
 
 QStringList EngineSyncPlugin::bookmarkDictionaryKeys() const {
-    return m_grants->paths();
+    return m_context.folderGrants->paths();
 }
 
 bool EngineSyncPlugin::isVolumeMountedAtPath(const QString &path) const {

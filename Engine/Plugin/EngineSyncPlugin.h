@@ -1,13 +1,12 @@
 #pragma once
 
 #include "Engine/Locations/EngineLocationsController.h"
+#include "Engine/Plugin/EngineContext.h"
 #include "Engine/Synchronization/EngineDispatcher.h"
 #include "Host/QVSyncPlugin.h"
 
-class DirectConnectionPairings;
 class DirectConnectionServer;
 class EngineNoteLibrary;
-class FolderGrants;
 class LocalStore;
 class ServedStoreSynchronizer;
 
@@ -29,6 +28,7 @@ public:
     std::shared_ptr<EngineSyncLocation> newLocation(const Url &URL) const;
     /// Returns the kind of locations with `URL`, valid as long as this object.
     const LocationKind &kindForURL(const Url &URL) const { return m_kinds->kindForURL(URL); }
+    const EngineContext &context() const { return m_context; }
     /// Changes the profile's setting.
     Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess);
 
@@ -46,11 +46,11 @@ public:
 private:
     const ProfileDatabase &m_profile;
     EngineNoteLibrary &m_library;
+    /// Before everything that has worker threads.
+    EngineContext m_context;
     const std::shared_ptr<const LocationKinds> m_kinds;
     const std::unique_ptr<EngineLocationsController> m_locationsController;
     const std::unique_ptr<EngineDispatcher> m_dispatcher;
-    const std::unique_ptr<FolderGrants> m_grants;
-    const std::unique_ptr<DirectConnectionPairings> m_pairings;
     std::shared_ptr<LocalStore> m_localStore;
     std::unique_ptr<ServedStoreSynchronizer> m_servedStoreSynchronizer;
     const std::unique_ptr<DirectConnectionServer> m_server;

@@ -54,9 +54,7 @@ Expected<void> SyncEngine::openSnapshot(const QString &directory, FirstContents 
 }
 
 Expected<void> SyncEngine::load() {
-    return m_library.load().and_then([this] { return m_certificateTrust.load(); }).and_then([this] {
-        return m_plugin.load();
-    });
+    return m_library.load().and_then([this] { return m_plugin.load(); });
 }
 
 void SyncEngine::installTranslation() {

@@ -11,7 +11,6 @@
 #include "Engine/Plugin/EngineClasses.h"
 #include "Engine/Plugin/EngineSyncPlugin.h"
 #include "Engine/Profile/ProfileDatabase.h"
-#include "Engine/Stores/Http/CertificateTrust.h"
 #include "Engine/Synchronization/SyncTriggers.h"
 
 /// The whole engine. Registers the host classes while it exists; there is one at a time. Main
@@ -45,7 +44,6 @@ private:
     /// Holds the copy of the profile; must be destroyed after the database in it is closed.
     std::unique_ptr<QTemporaryDir> m_snapshotFolder;
     ProfileDatabase m_profile;
-    CertificateTrust m_certificateTrust{m_profile};
     EngineNoteLibrary m_library;
     EngineSyncPlugin m_plugin;
     SyncTriggers m_triggers;

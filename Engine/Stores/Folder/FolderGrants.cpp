@@ -12,18 +12,7 @@ const QString SandboxSetting = QStringLiteral("usesSandboxedAccess");
 
 }  // namespace
 
-std::mutex FolderGrants::s_mutex;
-FolderGrants *FolderGrants::s_current = nullptr;
-
-FolderGrants::FolderGrants(const ProfileDatabase &profile) : m_profile(profile) {
-    const std::lock_guard lock(s_mutex);
-    s_current = this;
-}
-
-FolderGrants::~FolderGrants() {
-    const std::lock_guard lock(s_mutex);
-    s_current = nullptr;
-}
+FolderGrants::FolderGrants(const ProfileDatabase &profile) : m_profile(profile) {}
 
 Expected<void> FolderGrants::load() {
     QStringList paths;
@@ -37,7 +26,7 @@ Expected<void> FolderGrants::load() {
     if (!areNeeded) {
         return failure(areNeeded.error());
     }
-    const std::lock_guard lock(s_mutex);
+    const std::lock_guard lock(m_mutex);
     m_paths = paths;
     m_areNeeded = areNeeded->toBool();
     m_ownFolder = m_profile.directory();
@@ -73,15 +62,15 @@ Expected<void> FolderGrants::remove(const QString &path) {
         .and_then([this] { return load(); });
 }
 
-bool FolderGrants::permit(const QString &realPath) {
+bool FolderGrants::permit(const QString &realPath) const {
     QStringList paths;
     {
-        const std::lock_guard lock(s_mutex);
-        if (!s_current || !s_current->m_areNeeded) {
+        const std::lock_guard lock(m_mutex);
+        if (!m_areNeeded) {
             return true;
         }
-        paths = s_current->m_paths;
-        paths.append(s_current->m_ownFolder);
+        paths = m_paths;
+        paths.append(m_ownFolder);
     }
     return std::any_of(paths.begin(), paths.end(), [&](const QString &path) {
         const QString folder = QFileInfo(path).canonicalFilePath();

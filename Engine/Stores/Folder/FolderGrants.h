@@ -7,13 +7,13 @@
 
 class ProfileDatabase;
 
-/// Which folders may be reached, kept in the profile at once. The profile's own folder always may.
-/// The engine owns the only one; the static function answers for it. Main thread but for that.
+/// The folders that may be accessed, stored in the profile at once. The profile's own folder always
+/// may. The engine and its stores share the ownership. `permit` is thread-safe; everything else
+/// must be called on the main thread while the engine exists.
 class FolderGrants {
 public:
     /// `profile` must outlive this.
     explicit FolderGrants(const ProfileDatabase &profile);
-    ~FolderGrants();
     FolderGrants(const FolderGrants &) = delete;
     FolderGrants &operator=(const FolderGrants &) = delete;
 
@@ -31,15 +31,13 @@ public:
     /// Whether `realPath`, which no symbolic link and no ".." is part of, may be reached: is a
     /// granted folder or in one, or no grant is needed. A grant for a path that leads through
     /// symbolic links is one for where they lead now; one for a path where nothing is grants
-    /// nothing. True where there is no engine. Any thread.
-    static bool permit(const QString &realPath);
+    /// nothing.
+    bool permit(const QString &realPath) const;
 
 private:
     const ProfileDatabase &m_profile;
+    mutable std::mutex m_mutex;
     bool m_areNeeded = false;
     QStringList m_paths;
     QString m_ownFolder;
-
-    static std::mutex s_mutex;
-    static FolderGrants *s_current;
 };

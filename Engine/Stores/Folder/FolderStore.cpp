@@ -88,6 +88,10 @@ std::optional<Error> FolderStore::unreachable() const {
     return {};
 }
 
+FolderStore::FolderStore(const std::shared_ptr<QVSyncLocation> &location,
+                         std::shared_ptr<const FolderGrants> grants)
+    : BlobStore(location), m_grants(std::move(grants)) {}
+
 Expected<void> FolderStore::open(const EngineFuture & /*future*/) {
     if (const std::optional<Error> error = unreachable()) {
         return failure(*error);
@@ -119,7 +123,7 @@ Expected<FileDescriptor> FolderStore::package() const {
     FileDescriptor package(::open(QFile::encodeName(URL().path()).constData(), FolderFlags));
     const int number = errno;
     if (package.isValid()) {
-        return FolderGrants::permit(realPath(package.number()))
+        return m_grants->permit(realPath(package.number()))
                    ? Expected<FileDescriptor>(std::move(package))
                    : failure(notGranted());
     }

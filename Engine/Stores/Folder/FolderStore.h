@@ -3,6 +3,8 @@
 #include "Engine/Stores/BlobStore.h"
 #include "Platform/Foundation/FileDescriptor.h"
 
+class FolderGrants;
+
 /// A package on a local or mounted volume: a folder with the extension "qvSyncStore" that holds the
 /// folders "databases" and "transactions". Within the package no symbolic link is followed, and
 /// nothing but plain files is read.
@@ -11,7 +13,9 @@
 /// followed, is in no granted folder fails with an error of the code AccessDenied.
 class FolderStore : public BlobStore {
 public:
-    using BlobStore::BlobStore;
+    /// `grants` must not be null.
+    FolderStore(const std::shared_ptr<QVSyncLocation> &location,
+                std::shared_ptr<const FolderGrants> grants);
 
     Expected<void> open(const EngineFuture &future) override;
     QString place(const QString &name) const override;
@@ -36,4 +40,6 @@ private:
     Error notGranted() const;
     /// The error of a system call on the blob `name` that failed with `number`.
     Error systemError(int number, const QString &name) const;
+
+    const std::shared_ptr<const FolderGrants> m_grants;
 };

@@ -49,26 +49,21 @@ Question question(const QString &server, const QSslCertificate &certificate,
 
 }  // namespace
 
-std::mutex CertificateTrust::s_mutex;
-CertificateTrust *CertificateTrust::s_current = nullptr;
+CertificateTrust::CertificateTrust(const ProfileDatabase &profile) : m_profile(&profile) {}
 
-CertificateTrust::CertificateTrust(const ProfileDatabase &profile) : m_profile(profile) {
-    const std::lock_guard lock(s_mutex);
-    s_current = this;
-}
-
-CertificateTrust::~CertificateTrust() {
-    const std::lock_guard lock(s_mutex);
-    s_current = nullptr;
+void CertificateTrust::close() {
+    const std::lock_guard lock(m_mutex);
+    m_profile = nullptr;
+    m_trusted.clear();
 }
 
 Expected<void> CertificateTrust::load() {
-    const std::lock_guard lock(s_mutex);
+    const std::lock_guard lock(m_mutex);
     return m_profile
-        .run(QStringLiteral("DELETE FROM trusted_certificates WHERE location_uuid"
-                            " NOT IN (SELECT uuid FROM locations)"))
+        ->run(QStringLiteral("DELETE FROM trusted_certificates WHERE location_uuid"
+                             " NOT IN (SELECT uuid FROM locations)"))
         .and_then([this] {
-            return m_profile.read(
+            return m_profile->read(
                 QStringLiteral("SELECT location_uuid, fingerprint FROM trusted_certificates"), {},
                 [this](const QSqlQuery &row) {
                     m_trusted.insert({row.value(0).toString(), row.value(1).toString()});
@@ -76,30 +71,32 @@ Expected<void> CertificateTrust::load() {
         });
 }
 
-bool CertificateTrust::contains(const QString &location, const QSslCertificate &certificate) {
-    const std::lock_guard lock(s_mutex);
-    return s_current && s_current->m_trusted.contains(key(location, certificate));
+bool CertificateTrust::contains(const QString &location, const QSslCertificate &certificate) const {
+    const std::lock_guard lock(m_mutex);
+    return m_trusted.contains(key(location, certificate));
 }
 
 void CertificateTrust::ask(const QString &location, const QString &server,
                            const QSslCertificate &certificate, const QStringList &reasons) {
     const Key asked = key(location, certificate);
     {
-        const std::lock_guard lock(s_mutex);
-        if (!s_current || s_current->m_asked.contains(asked)) {
+        const std::lock_guard lock(m_mutex);
+        if (!m_profile || m_asked.contains(asked)) {
             return;
         }
-        s_current->m_asked.insert(asked);
+        m_asked.insert(asked);
     }
-    MainThreadQueue::post([asked, question = question(server, certificate, reasons)] {
-        if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
-            presenter->ask(question, [asked](bool isAccepted) {
-                if (isAccepted) {
-                    accept(asked);
-                }
-            });
-        }
-    });
+    MainThreadQueue::post(
+        [trust = weak_from_this(), asked, question = question(server, certificate, reasons)] {
+            if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
+                presenter->ask(question, [trust, asked](bool isAccepted) {
+                    const auto living = trust.lock();
+                    if (living && isAccepted) {
+                        living->accept(asked);
+                    }
+                });
+            }
+        });
 }
 
 CertificateTrust::Key CertificateTrust::key(const QString &location,
@@ -110,15 +107,14 @@ CertificateTrust::Key CertificateTrust::key(const QString &location,
 void CertificateTrust::accept(const Key &key) {
     Expected<void> written;
     {
-        const std::lock_guard lock(s_mutex);
-        if (!s_current) {
+        const std::lock_guard lock(m_mutex);
+        if (!m_profile) {
             return;
         }
-        s_current->m_trusted.insert(key);
-        written =
-            s_current->m_profile.run(QStringLiteral("INSERT OR IGNORE INTO trusted_certificates"
-                                                    " (location_uuid, fingerprint) VALUES (?, ?)"),
-                                     {key.location, key.fingerprint});
+        m_trusted.insert(key);
+        written = m_profile->run(QStringLiteral("INSERT OR IGNORE INTO trusted_certificates"
+                                                " (location_uuid, fingerprint) VALUES (?, ?)"),
+                                 {key.location, key.fingerprint});
     }
     if (!written) {
         NSApp()->presentError(written.error());

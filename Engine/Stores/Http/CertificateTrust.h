@@ -2,20 +2,21 @@
 
 #include <QtCore/QSet>
 #include <QtCore/QStringList>
+#include <memory>
 #include <mutex>
 
 #include "Engine/Profile/ProfileDatabase.h"
 
 class QSslCertificate;
 
-/// The certificates that the person trusts although nothing vouches for them: each for one
-/// location, kept in the profile by its SHA-256 fingerprint. The engine owns the only one; the
-/// static functions answer for it, and trust nothing where there is none.
-class CertificateTrust {
+/// The certificates that the user trusts although no authority vouches for them: each for one
+/// location, stored in the profile by its SHA-256 fingerprint. The engine and its stores share the
+/// ownership; create it with std::make_shared. `contains` and `ask` are thread-safe; everything
+/// else must be called on the main thread.
+class CertificateTrust : public std::enable_shared_from_this<CertificateTrust> {
 public:
-    /// `profile` must outlive this. Main thread, as are destruction and `load`.
+    /// `profile` must outlive this object or the call of `close`.
     explicit CertificateTrust(const ProfileDatabase &profile);
-    ~CertificateTrust();
     CertificateTrust(const CertificateTrust &) = delete;
     CertificateTrust &operator=(const CertificateTrust &) = delete;
 
@@ -23,12 +24,15 @@ public:
     Expected<void> load();
 
     /// Whether the location of that identifier trusts `certificate`. Any thread.
-    static bool contains(const QString &location, const QSslCertificate &certificate);
+    bool contains(const QString &location, const QSslCertificate &certificate) const;
     /// Asks the person whether to trust `certificate`, which `server` shows and `reasons` speak
     /// against, and keeps a yes. Returns at once; asks once for each location and certificate as
     /// long as the engine runs. Any thread.
-    static void ask(const QString &location, const QString &server,
-                    const QSslCertificate &certificate, const QStringList &reasons);
+    void ask(const QString &location, const QString &server, const QSslCertificate &certificate,
+             const QStringList &reasons);
+    /// Called when the engine ends: from then on no certificate is trusted and no answer of the
+    /// user is stored.
+    void close();
 
 private:
     struct Key {
@@ -41,12 +45,11 @@ private:
     };
 
     static Key key(const QString &location, const QSslCertificate &certificate);
-    static void accept(const Key &key);
+    void accept(const Key &key);
 
-    const ProfileDatabase &m_profile;
+    mutable std::mutex m_mutex;
+    /// nullptr once this is closed.
+    const ProfileDatabase *m_profile;
     QSet<Key> m_trusted;
     QSet<Key> m_asked;
-
-    static std::mutex s_mutex;
-    static CertificateTrust *s_current;
 };

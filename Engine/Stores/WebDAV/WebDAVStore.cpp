@@ -52,18 +52,21 @@ std::optional<UrlCredential> storedCredential(const Url &URL, HttpAuthentication
 }  // namespace
 
 WebDAVStore::WebDAVStore(const std::shared_ptr<QVSyncLocation> &location,
-                         const QString &locationIdentifier, HttpClient::Timeouts timeouts)
+                         const QString &locationIdentifier, std::shared_ptr<CertificateTrust> trust,
+                         HttpClient::Timeouts timeouts)
     : BlobStore(location),
       m_package(packageURL(URL())),
-      m_client(clientOptions(locationIdentifier, timeouts)) {}
+      m_client(clientOptions(locationIdentifier, std::move(trust), timeouts)) {}
 
 HttpClient::Options WebDAVStore::clientOptions(const QString &locationIdentifier,
+                                               std::shared_ptr<CertificateTrust> trust,
                                                HttpClient::Timeouts timeouts) {
-    const auto trusts = [locationIdentifier, server = m_package.authority()](
-                            const QSslCertificate &certificate, const QStringList &reasons) {
-        const bool isTrusted = CertificateTrust::contains(locationIdentifier, certificate);
+    const auto trusts = [locationIdentifier, trust = std::move(trust),
+                         server = m_package.authority()](const QSslCertificate &certificate,
+                                                         const QStringList &reasons) {
+        const bool isTrusted = trust->contains(locationIdentifier, certificate);
         if (!isTrusted) {
-            CertificateTrust::ask(locationIdentifier, server, certificate, reasons);
+            trust->ask(locationIdentifier, server, certificate, reasons);
         }
         return isTrusted;
     };

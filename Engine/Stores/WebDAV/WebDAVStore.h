@@ -3,6 +3,8 @@
 #include "Engine/Stores/BlobStore.h"
 #include "Engine/Stores/Http/HttpClient.h"
 
+class CertificateTrust;
+
 /// A package on a WebDAV server (RFC 4918), laid out as a FolderStore is. Opening makes a package
 /// that is not there yet, since nothing else does, but not the folder that holds it.
 ///
@@ -16,8 +18,9 @@
 /// name holds a folder is not looked at before it is removed.
 class WebDAVStore : public BlobStore {
 public:
-    /// `locationIdentifier`: what trusted certificates are kept for.
+    /// `locationIdentifier`: what trusted certificates are kept for. `trust` must not be null.
     WebDAVStore(const std::shared_ptr<QVSyncLocation> &location, const QString &locationIdentifier,
+                std::shared_ptr<CertificateTrust> trust,
                 HttpClient::Timeouts timeouts = HttpClient::Timeouts());
 
     /// Bytes of the answer that lists a folder; enough for some hundred thousand blobs.
@@ -38,6 +41,7 @@ private:
     using Response = HttpClient::Response;
 
     HttpClient::Options clientOptions(const QString &locationIdentifier,
+                                      std::shared_ptr<CertificateTrust> trust,
                                       HttpClient::Timeouts timeouts);
     std::optional<UrlCredential> credential(HttpAuthentication::Scheme scheme);
     QUrl blobURL(const QString &name) const;

@@ -126,6 +126,25 @@ private Q_SLOTS:
         QCOMPARE(m_person->asked().size(), 2);
     }
 
+    void theEngineMayEndWhileAConnectionIsBeingMade() {
+        // Accepts connections and never sends a byte.
+        QTcpServer silent;
+        QVERIFY(silent.listen(QHostAddress::LocalHost));
+        const auto location = m_host->addLocation(QStringLiteral("%1://127.0.0.1:%2")
+                                                      .arg(DirectConnection::URLScheme)
+                                                      .arg(silent.serverPort()));
+        const auto state = m_host->addState(location, m_host->inbox());
+        QVSyncDispatcher *dispatcher = m_host->engine().plugin().dispatcher();
+        dispatcher->performSynchronizationsWithSynchronizationStates({state});
+        QTRY_VERIFY(silent.hasPendingConnections());
+        m_location.reset();
+        QElapsedTimer time;
+        time.start();
+        m_host.reset();
+        // The connection was not waited for until its deadline.
+        QVERIFY(time.elapsed() < 5000);
+    }
+
     void thePairingOutlivesTheProcessForItsLocationOnly() {
         pair();
         m_host->save();

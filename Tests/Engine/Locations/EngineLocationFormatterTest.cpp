@@ -1,7 +1,9 @@
 #include <QtCore/QDirIterator>
 
 #include "Engine/Locations/EngineLocationFormatter.h"
+#include "Engine/Plugin/EngineContext.h"
 #include "Engine/Plugin/EngineLocationKinds.h"
+#include "Engine/Profile/ProfileDatabase.h"
 #include "Host/SyncStrings.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -9,7 +11,9 @@
 namespace {
 
 QImage iconOf(const QString &URLText) {
-    const LocationKinds kinds = engineLocationKinds();
+    const ProfileDatabase profile;
+    const EngineContext context(profile);
+    const LocationKinds kinds = engineLocationKinds(context);
     const Url URL = Url::fromString(URLText);
     return EngineLocationFormatter(URL, kinds.kindForURL(URL)).icon().toImage();
 }

@@ -1,6 +1,6 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
-#include "Engine/Stores/WebDAV/WebDAVStore.h"
+#include "Engine/Stores/Http/CertificateTrust.h"
 #include "Support/Failure.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -137,17 +137,23 @@ private Q_SLOTS:
     void aStrangersNameCannotFillTheQuestion() {
         m_host->application().answerQuestions(false);
         const QString name = QStringLiteral("Bank\nof Ida") + QString(5, QChar(0x202e));
-        CertificateTrust::ask(QStringLiteral("x"), QStringLiteral("h"),
-                              TestAuthority(name).certificate(), {});
+        m_host->engine().plugin().context().certificateTrust->ask(
+            QStringLiteral("x"), QStringLiteral("h"), TestAuthority(name).certificate(), {});
         QTRY_COMPARE(questions().size(), 1);
         QVERIFY(questions().first().details.contains(QStringLiteral("Issued to: Bank of Ida\n")));
     }
 
-    void nothingIsTrustedWithoutAnEngine() {
+    void nothingIsTrustedOnceTheEngineHasEnded() {
+        trust();
+        const auto trusted = m_host->engine().plugin().context().certificateTrust;
+        const QSslCertificate certificate =
+            QSslCertificate::fromPath(m_identity.certificate).value(0);
+        const QString identifier = location()->identifier();
+        QVERIFY(trusted->contains(identifier, certificate));
         m_host.reset();
-        const QSslCertificate certificate = m_authority.certificate();
-        QVERIFY(!CertificateTrust::contains(QStringLiteral("x"), certificate));
-        CertificateTrust::ask(QStringLiteral("x"), QStringLiteral("h"), certificate, {});
+        QVERIFY(!trusted->contains(identifier, certificate));
+        trusted->ask(identifier, QStringLiteral("h"), m_authority.certificate(), {});
+        QVERIFY(!trusted->contains(identifier, m_authority.certificate()));
     }
 };
 

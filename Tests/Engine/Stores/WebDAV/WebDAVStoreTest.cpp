@@ -2,6 +2,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Stores/Http/CertificateTrust.h"
 #include "Engine/Stores/WebDAV/WebDAVStore.h"
 #include "Host/InboxUUID.h"
 #include "Platform/Security/UrlCredentialStorage.h"
@@ -15,6 +16,14 @@
 
 namespace {
 
+/// Trusts no certificate that no authority vouches for.
+std::shared_ptr<CertificateTrust> noTrust() {
+    const ProfileDatabase profile;
+    const auto trust = std::make_shared<CertificateTrust>(profile);
+    trust->close();
+    return trust;
+}
+
 using namespace std::chrono_literals;
 using Authentication = WebDAVServer::Authentication;
 using Connection = ScriptedServer::Connection;
@@ -27,7 +36,7 @@ constexpr HttpClient::Timeouts Hasty = {.idle = 300ms, .total = 2s};
 
 std::shared_ptr<WebDAVStore> storeAt(const QString &URLText) {
     const auto location = locationWithoutEngine(Url::fromString(URLText));
-    return std::make_shared<WebDAVStore>(location, location->identifier(), Hasty);
+    return std::make_shared<WebDAVStore>(location, location->identifier(), noTrust(), Hasty);
 }
 
 UrlProtectionSpace space(const QString &URLText, const QString &method) {
@@ -492,7 +501,7 @@ private Q_SLOTS:
         });
         const auto location = locationWithoutEngine(
             Url::fromString(scripted.URLText(QStringLiteral("s.qvSyncStore"))));
-        m_store = std::make_shared<WebDAVStore>(location, location->identifier());
+        m_store = std::make_shared<WebDAVStore>(location, location->identifier(), noTrust());
         const Expected<QStringList> result = list(QStringLiteral("databases"));
         QVERIFY(description(result).contains(QStringLiteral("is too long")));
     }

@@ -1,0 +1,20 @@
+#include "Engine/Plugin/EngineContext.h"
+
+#include "Engine/DirectConnection/DirectConnectionPairings.h"
+#include "Engine/Stores/Folder/FolderGrants.h"
+#include "Engine/Stores/Http/CertificateTrust.h"
+
+EngineContext::EngineContext(const ProfileDatabase &profile)
+    : certificateTrust(std::make_shared<CertificateTrust>(profile)),
+      folderGrants(std::make_shared<FolderGrants>(profile)),
+      pairings(std::make_shared<DirectConnectionPairings>(profile)) {}
+
+EngineContext::~EngineContext() {
+    certificateTrust->close();
+}
+
+Expected<void> EngineContext::load() {
+    return folderGrants->load()
+        .and_then([this] { return pairings->load(); })
+        .and_then([this] { return certificateTrust->load(); });
+}
