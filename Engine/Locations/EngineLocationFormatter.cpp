@@ -12,7 +12,7 @@ QString titleOr(const QString &title, const QString &locationType) {
 
 }  // namespace
 
-EngineLocationFormatter::EngineLocationFormatter(const Url &URL, const LocationKind &kind)
+EngineLocationFormatter::EngineLocationFormatter(const Url &URL, const EngineLocationKind &kind)
     : m_iconName(kind.iconName),
       m_locationType(localizedSyncString(kind.type)),
       m_title(titleOr(kind.title(URL), m_locationType)) {}

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "Engine/Locations/LocationKind.h"
+#include "Engine/Locations/EngineLocationKind.h"
 #include "Host/QVSyncLocationFormatter.h"
 
 /// Shows a location by the entry of its kind. Must be used on the main thread.
 class EngineLocationFormatter : public QVSyncLocationFormatter {
 public:
     /// `kind`: that of `URL`.
-    EngineLocationFormatter(const Url &URL, const LocationKind &kind);
+    EngineLocationFormatter(const Url &URL, const EngineLocationKind &kind);
 
     QString title() const override { return m_title; }
     QPixmap icon() const override;

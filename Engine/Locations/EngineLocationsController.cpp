@@ -41,8 +41,8 @@ QVariantList columnsOf(const QString &location, const EngineSyncState &state) {
 
 }  // namespace
 
-EngineLocationsController::EngineLocationsController(const ProfileDatabase &profile,
-                                                     std::shared_ptr<const LocationKinds> kinds)
+EngineLocationsController::EngineLocationsController(
+    const ProfileDatabase &profile, std::shared_ptr<const EngineLocationKinds> kinds)
     : m_profile(profile), m_kinds(std::move(kinds)) {}
 
 Expected<void> EngineLocationsController::load() {

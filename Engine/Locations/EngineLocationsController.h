@@ -16,7 +16,7 @@ class EngineLocationsController : public QVSyncLocationsController {
 public:
     /// `profile` must outlive this.
     EngineLocationsController(const ProfileDatabase &profile,
-                              std::shared_ptr<const LocationKinds> kinds);
+                              std::shared_ptr<const EngineLocationKinds> kinds);
 
     /// Takes over what the profile holds; called once, when it was opened.
     Expected<void> load();
@@ -41,7 +41,7 @@ private:
     void rememberSaved();
 
     const ProfileDatabase &m_profile;
-    const std::shared_ptr<const LocationKinds> m_kinds;
+    const std::shared_ptr<const EngineLocationKinds> m_kinds;
     Locations m_locations;
     /// The identifiers of the locations that the profile holds.
     QSet<QString> m_saved;

@@ -5,14 +5,15 @@
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/KeyValue/KeyValue.h"
 
-EngineSyncLocation::EngineSyncLocation(const Url &URL, std::shared_ptr<const LocationKinds> kinds)
+EngineSyncLocation::EngineSyncLocation(const Url &URL,
+                                       std::shared_ptr<const EngineLocationKinds> kinds)
     : m_kinds(std::move(kinds)),
       m_identifier(QUuid::createUuid().toString(QUuid::WithoutBraces)),
       m_URLText(URL.absoluteString()),
       m_URL(URL) {}
 
 EngineSyncLocation::EngineSyncLocation(const QString &identifier, const QString &URLText,
-                                       std::shared_ptr<const LocationKinds> kinds)
+                                       std::shared_ptr<const EngineLocationKinds> kinds)
     : m_kinds(std::move(kinds)),
       m_identifier(identifier),
       m_URLText(URLText),

@@ -2,8 +2,8 @@
 
 #include <QtCore/QHash>
 
+#include "Engine/Locations/EngineLocationKinds.h"
 #include "Engine/Locations/EngineSyncState.h"
-#include "Engine/Locations/LocationKinds.h"
 #include "Host/QVSyncLocation.h"
 
 /// A location with its states. Always shared.
@@ -12,11 +12,11 @@ class EngineSyncLocation : public QVSyncLocation,
     Q_OBJECT
 public:
     /// Creates a new location with an identifier of its own.
-    EngineSyncLocation(const Url &URL, std::shared_ptr<const LocationKinds> kinds);
+    EngineSyncLocation(const Url &URL, std::shared_ptr<const EngineLocationKinds> kinds);
     /// Creates the location of a row of the profile. A `URLText` that does not parse gives a nil
     /// URL, but is kept until the URL is set.
     EngineSyncLocation(const QString &identifier, const QString &URLText,
-                       std::shared_ptr<const LocationKinds> kinds);
+                       std::shared_ptr<const EngineLocationKinds> kinds);
 
     Url URL() const override { return m_URL; }
     void setURL(const Url &URL) override;
@@ -30,7 +30,7 @@ public:
     /// if the URL belongs to no known kind.
     std::shared_ptr<BlobStore> createBlobStore();
     /// Returns the kind that the URL belongs to now.
-    const LocationKind &kind() const { return m_kinds->kindForURL(m_URL); }
+    const EngineLocationKind &kind() const { return m_kinds->kindForURL(m_URL); }
     /// Names the location in the profile for as long as it exists.
     QString identifier() const { return m_identifier; }
     /// What is saved.
@@ -46,7 +46,7 @@ private:
                                                  const QString &databaseName,
                                                  const EngineSyncState::Values &values);
 
-    const std::shared_ptr<const LocationKinds> m_kinds;
+    const std::shared_ptr<const EngineLocationKinds> m_kinds;
     const QString m_identifier;
     QString m_URLText;
     Url m_URL;

@@ -1,7 +1,7 @@
 #include "Engine/Plugin/EngineSyncPlugin.h"
 
 #include "Engine/DirectConnection/DirectConnectionServer.h"
-#include "Engine/Plugin/EngineLocationKinds.h"
+#include "Engine/Plugin/BuiltInLocationKinds.h"
 #include "Engine/Plugin/ServedStoreSynchronizer.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Stores/Folder/FolderGrants.h"
@@ -23,7 +23,7 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLib
     : m_profile(profile),
       m_library(library),
       m_context(profile),
-      m_kinds(std::make_shared<LocationKinds>(engineLocationKinds(m_context))),
+      m_kinds(std::make_shared<EngineLocationKinds>(builtInLocationKinds(m_context))),
       m_locationsController(std::make_unique<EngineLocationsController>(profile, m_kinds)),
       m_dispatcher(std::make_unique<EngineDispatcher>(profile, library)),
       m_server(std::make_unique<DirectConnectionServer>(profile)) {}

@@ -27,7 +27,7 @@ public:
     /// Returns a new location that is in no list yet.
     std::shared_ptr<EngineSyncLocation> newLocation(const Url &URL) const;
     /// Returns the kind of locations with `URL`, valid as long as this object.
-    const LocationKind &kindForURL(const Url &URL) const { return m_kinds->kindForURL(URL); }
+    const EngineLocationKind &kindForURL(const Url &URL) const { return m_kinds->kindForURL(URL); }
     const EngineContext &context() const { return m_context; }
     /// Changes the profile's setting.
     Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess);
@@ -48,7 +48,7 @@ private:
     EngineNoteLibrary &m_library;
     /// Before everything that has worker threads.
     EngineContext m_context;
-    const std::shared_ptr<const LocationKinds> m_kinds;
+    const std::shared_ptr<const EngineLocationKinds> m_kinds;
     const std::unique_ptr<EngineLocationsController> m_locationsController;
     const std::unique_ptr<EngineDispatcher> m_dispatcher;
     std::shared_ptr<LocalStore> m_localStore;

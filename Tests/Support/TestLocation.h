@@ -4,5 +4,5 @@
 
 /// Returns a location of no engine, whose own stores cannot be used.
 inline std::shared_ptr<EngineSyncLocation> locationWithoutEngine(const Url &URL = {}) {
-    return std::make_shared<EngineSyncLocation>(URL, std::make_shared<LocationKinds>());
+    return std::make_shared<EngineSyncLocation>(URL, std::make_shared<EngineLocationKinds>());
 }

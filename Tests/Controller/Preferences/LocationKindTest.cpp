@@ -5,6 +5,7 @@
 #include "Host/QVDirectConnectionServer.h"
 #include "Platform/Foundation/Url.h"
 #include "Support/TestHost.h"
+#include "Support/TestLocation.h"
 #include "Support/TestMain.h"
 
 class LocationKindTest : public QObject {
@@ -12,7 +13,7 @@ class LocationKindTest : public QObject {
 
     /// The class of the editor for `URLText`.
     static QByteArray editorClass(const QString &URLText) {
-        const auto location = std::make_shared<EngineSyncLocation>(Url::fromString(URLText));
+        const auto location = locationWithoutEngine(Url::fromString(URLText));
         const LocationKind *kind = LocationKind::ofURL(location->URL());
         return kind ? kind->makeEditor(location)->metaObject()->className() : "";
     }

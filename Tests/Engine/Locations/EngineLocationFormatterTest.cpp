@@ -1,8 +1,8 @@
 #include <QtCore/QDirIterator>
 
 #include "Engine/Locations/EngineLocationFormatter.h"
+#include "Engine/Plugin/BuiltInLocationKinds.h"
 #include "Engine/Plugin/EngineContext.h"
-#include "Engine/Plugin/EngineLocationKinds.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/SyncStrings.h"
 #include "Support/TestHost.h"
@@ -13,7 +13,7 @@ namespace {
 QImage iconOf(const QString &URLText) {
     const ProfileDatabase profile;
     const EngineContext context(profile);
-    const LocationKinds kinds = engineLocationKinds(context);
+    const EngineLocationKinds kinds = builtInLocationKinds(context);
     const Url URL = Url::fromString(URLText);
     return EngineLocationFormatter(URL, kinds.kindForURL(URL)).icon().toImage();
 }

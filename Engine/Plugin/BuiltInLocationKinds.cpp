@@ -1,4 +1,4 @@
-#include "Engine/Plugin/EngineLocationKinds.h"
+#include "Engine/Plugin/BuiltInLocationKinds.h"
 
 #include <QtCore/QFileInfo>
 
@@ -9,12 +9,13 @@
 #include "Engine/Stores/Dropbox/DropboxStore.h"
 #include "Engine/Stores/Folder/FolderStore.h"
 #include "Engine/Stores/WebDAV/WebDAVStore.h"
+#include "Host/LocationSchemes.h"
 
 namespace {
 
 using Location = std::shared_ptr<EngineSyncLocation>;
 
-LocationKind folder(const std::shared_ptr<const FolderGrants> &grants) {
+EngineLocationKind folder(const std::shared_ptr<const FolderGrants> &grants) {
     return {
         .schemes = {QStringLiteral("file")},
         .type = "Local Sync Store",
@@ -27,9 +28,9 @@ LocationKind folder(const std::shared_ptr<const FolderGrants> &grants) {
     };
 }
 
-LocationKind webDAV(const std::shared_ptr<CertificateTrust> &trust) {
+EngineLocationKind webDAV(const std::shared_ptr<CertificateTrust> &trust) {
     return {
-        .schemes = {QStringLiteral("http"), QStringLiteral("https")},
+        .schemes = {LocationSchemes::Http, LocationSchemes::Https},
         .type = "WebDAV",
         .iconName = QStringLiteral("webdav"),
         .title = &Url::host,
@@ -40,9 +41,9 @@ LocationKind webDAV(const std::shared_ptr<CertificateTrust> &trust) {
     };
 }
 
-LocationKind dropbox() {
+EngineLocationKind dropbox() {
     return {
-        .schemes = {QStringLiteral("dropbox")},
+        .schemes = {LocationSchemes::Dropbox},
         .type = "Dropbox",
         .iconName = QStringLiteral("dropbox"),
         .title =
@@ -54,7 +55,7 @@ LocationKind dropbox() {
     };
 }
 
-LocationKind directConnection(const std::shared_ptr<DirectConnectionPairings> &pairings) {
+EngineLocationKind directConnection(const std::shared_ptr<DirectConnectionPairings> &pairings) {
     return {
         .schemes = {DirectConnection::URLScheme},
         .type = "Direct Connection",
@@ -70,7 +71,7 @@ LocationKind directConnection(const std::shared_ptr<DirectConnectionPairings> &p
 
 }  // namespace
 
-LocationKinds engineLocationKinds(const EngineContext &context) {
-    return LocationKinds({folder(context.folderGrants), webDAV(context.certificateTrust), dropbox(),
-                          directConnection(context.pairings)});
+EngineLocationKinds builtInLocationKinds(const EngineContext &context) {
+    return EngineLocationKinds({folder(context.folderGrants), webDAV(context.certificateTrust),
+                                dropbox(), directConnection(context.pairings)});
 }

@@ -10,7 +10,7 @@ class EngineSyncLocation;
 
 /// A kind of sync location: how it is recognised, shown and reached. A value; the functions must
 /// not be null.
-struct LocationKind {
+struct EngineLocationKind {
     /// The URL schemes of the kind, in small letters.
     QStringList schemes;
     /// The untranslated name of the kind.

@@ -1,4 +1,4 @@
-#include "Engine/Locations/LocationKinds.h"
+#include "Engine/Locations/EngineLocationKinds.h"
 
 #include <algorithm>
 
@@ -6,7 +6,7 @@
 #include "Engine/Stores/UnreachableStore.h"
 #include "Host/SyncStrings.h"
 
-LocationKinds::LocationKinds(QList<LocationKind> kinds)
+EngineLocationKinds::EngineLocationKinds(QList<EngineLocationKind> kinds)
     : m_kinds(std::move(kinds)),
       m_unknown{
           .schemes = {},
@@ -20,9 +20,9 @@ LocationKinds::LocationKinds(QList<LocationKind> kinds)
               [](const auto &location) { return std::make_shared<UnreachableStore>(location); },
       } {}
 
-const LocationKind &LocationKinds::kindForURL(const Url &URL) const {
-    const auto kind = std::find_if(m_kinds.begin(), m_kinds.end(), [&](const LocationKind &each) {
-        return each.schemes.contains(URL.scheme());
-    });
+const EngineLocationKind &EngineLocationKinds::kindForURL(const Url &URL) const {
+    const auto kind = std::find_if(
+        m_kinds.begin(), m_kinds.end(),
+        [&](const EngineLocationKind &each) { return each.schemes.contains(URL.scheme()); });
     return kind == m_kinds.end() ? m_unknown : *kind;
 }
