@@ -79,7 +79,10 @@ Expected<void> EngineDatabase::writeName(const QString &name) const {
 
 Expected<void> EngineDatabase::setOpen(bool isOpen) {
     return m_profile
-        .run(QStringLiteral("UPDATE databases SET is_open = ? WHERE id = ?"), {isOpen, m_row.id})
+        .write([&] {
+            return m_profile.run(QStringLiteral("UPDATE databases SET is_open = ? WHERE id = ?"),
+                                 {isOpen, m_row.id});
+        })
         .map([&] {
             m_row.isOpen = isOpen;
             KeyValue::announce<&NoteDatabase::openChanged>(this);

@@ -97,9 +97,14 @@ Expected<void> EngineNoteLibrary::createDatabase(const QString &name) {
 }
 
 Expected<void> EngineNoteLibrary::importDatabase(const QString &UUID, const QString &name) {
-    return NoteLog::insertDatabase(m_profile, UUID, name).map([&](qint64 id) {
-        add({.id = id, .UUID = UUID, .name = name});
-    });
+    EngineDatabase::Row row{.UUID = UUID, .name = name};
+    return m_profile
+        .write([&] {
+            return NoteLog::insertDatabase(m_profile, UUID, name).map([&](qint64 id) {
+                row.id = id;
+            });
+        })
+        .map([&] { add(row); });
 }
 
 Expected<void> EngineNoteLibrary::merge(const std::shared_ptr<EngineDatabase> &database,

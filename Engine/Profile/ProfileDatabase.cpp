@@ -171,6 +171,7 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
     if (!version) {
         return failure(version.error());
     }
+    rememberFiles();
     if (version->toInt() == 0) {
         return create(fill);
     }
@@ -218,6 +219,7 @@ void ProfileDatabase::removeNewProfile() {
 }
 
 void ProfileDatabase::closeFile() {
+    m_files.clear();
     m_database = QSqlDatabase();
     QSqlDatabase::removeDatabase(m_connectionName);
 }
@@ -282,12 +284,35 @@ Expected<void> ProfileDatabase::write(const Changes &changes) const {
     if (Expected<void> begun = run(QStringLiteral("BEGIN IMMEDIATE")); !begun) {
         return begun;
     }
-    Expected<void> done = changes().and_then([&] { return run(QStringLiteral("COMMIT")); });
+    Expected<void> done = changes().and_then([&] { return checkFiles(); }).and_then([&] {
+        return run(QStringLiteral("COMMIT"));
+    });
     if (!done) {
         // Fails if SQLite has rolled back by itself, as it does after some errors.
         run(QStringLiteral("ROLLBACK"));
     }
-    return done;
+    return done.and_then([&] { return checkFiles(); });
+}
+
+void ProfileDatabase::rememberFiles() {
+    for (const QString &file : {path(), path() + QStringLiteral("-wal")}) {
+        if (const std::optional<FileIdentity> identity = FileIdentity::of(file)) {
+            m_files.insert(file, *identity);
+        }
+    }
+}
+
+Expected<void> ProfileDatabase::checkFiles() const {
+    for (auto file = m_files.begin(); file != m_files.end(); ++file) {
+        if (FileIdentity::of(file.key()) != file.value()) {
+            return failure(engineError(
+                EngineErrorCode::ProfileNotWritten,
+                "The profile file “%1” was moved, deleted or replaced, so nothing can be saved. "
+                "Put it back, or copy unsaved text elsewhere and restart Velmora.",
+                file.key()));
+        }
+    }
+    return {};
 }
 
 QVariant ProfileDatabase::text(const QString &string) {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QtCore/QHash>
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 #include <functional>
 
+#include "Engine/Profile/FileIdentity.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Platform/Foundation/Expected.h"
 
@@ -71,7 +73,8 @@ public:
 
     /// Calls `changes` within a transaction and commits it. If `changes` or the commit fails,
     /// nothing is changed and that error is returned. Must not be nested: the inner call returns an
-    /// error.
+    /// error. Also returns an error if a file of the profile was moved, deleted or replaced since
+    /// it was opened: what was written would not be found there.
     Expected<void> write(const Changes &changes) const;
 
     /// Returns `string` as a value for a text column, which must not be NULL: a null string is
@@ -86,6 +89,10 @@ private:
     Expected<void> create(const Changes &fill) const;
     Expected<void> upgrade(const Changes &convertNotes) const;
     Expected<void> runAll(const QStringList &statements) const;
+    /// Remembers which files are open.
+    void rememberFiles();
+    /// Returns an error if the paths of the open files name other files or none.
+    Expected<void> checkFiles() const;
     Error queryError(const QSqlQuery &query) const;
     /// Removes what openFile() has written into a folder that had no profile.
     void removeNewProfile();
@@ -97,4 +104,6 @@ private:
     const QString m_connectionName;
     QSqlDatabase m_database;
     QString m_directory;
+    /// By path.
+    QHash<QString, FileIdentity> m_files;
 };

@@ -400,6 +400,10 @@
         <translation>Der Datensatz „%1“ wurde nicht so gespeichert, wie er geschrieben wurde. Versuchen Sie es erneut. Wenn das wiederholt geschieht, verwenden Sie einen anderen Ort.</translation>
     </message>
     <message>
+        <source>The profile file “%1” was moved, deleted or replaced, so nothing can be saved. Put it back, or copy unsaved text elsewhere and restart Velmora.</source>
+        <translation>Die Profildatei „%1“ wurde verschoben, gelöscht oder ersetzt, daher kann nichts gesichert werden. Legen Sie sie zurück, oder kopieren Sie ungesicherten Text an eine andere Stelle, und starten Sie Velmora neu.</translation>
+    </message>
+    <message>
         <source>The record “%1” is damaged.</source>
         <translation>Der Datensatz „%1“ ist beschädigt.</translation>
     </message>

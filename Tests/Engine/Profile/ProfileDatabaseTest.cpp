@@ -48,6 +48,14 @@ void execute(const QString &path, const QString &statement) {
     QSqlDatabase::removeDatabase(QStringLiteral("test"));
 }
 
+bool copyFolder(const QString &source, const QString &destination) {
+    const QStringList names = QDir(source).entryList(QDir::Files);
+    return QDir().mkdir(destination) &&
+           std::all_of(names.begin(), names.end(), [&](const QString &name) {
+               return QFile::copy(source + u'/' + name, destination + u'/' + name);
+           });
+}
+
 Expected<void> nothing() {
     return {};
 }
@@ -319,6 +327,47 @@ private Q_SLOTS:
         QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM grants")), 0);
         QVERIFY(profile.write([&] { return profile.run(insert, {QStringLiteral("/b")}); }));
         QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM grants")), 1);
+    }
+
+    void noticesThatItsFilesAreGone_data() {
+        QTest::addColumn<QString>("removed");
+        QTest::addColumn<bool>("isReplaced");
+        for (const char *name : {"", "/profile.sqlite", "/profile.sqlite-wal"}) {
+            QTest::addRow("“%s” is moved", name) << QString::fromLatin1(name) << false;
+            QTest::addRow("“%s” is replaced", name) << QString::fromLatin1(name) << true;
+        }
+    }
+    void noticesThatItsFilesAreGone() {
+        QFETCH(QString, removed);
+        QFETCH(bool, isReplaced);
+        const QString insert = QStringLiteral("INSERT INTO grants (path) VALUES (?)");
+        ProfileDatabase profile;
+        QVERIFY(profile.open(folder(), nothing, nothing));
+        QVERIFY(profile.write([&] { return profile.run(insert, {QStringLiteral("/a")}); }));
+        const QString path = folder() + removed;
+        const QString aside = m_directory->filePath(QStringLiteral("aside"));
+        QVERIFY(QFile::rename(path, aside));
+        if (isReplaced) {
+            QVERIFY(removed.isEmpty() ? copyFolder(aside, path) : QFile::copy(aside, path));
+        }
+        const Expected<void> written =
+            profile.write([&] { return profile.run(insert, {QStringLiteral("/b")}); });
+        QCOMPARE(code(written), EngineErrorCode::ProfileNotWritten);
+        QVERIFY2(description(written).contains(folder()), qPrintable(description(written)));
+        QVERIFY(!isReplaced || QFile::remove(path) || QDir(path).removeRecursively());
+        QVERIFY(QFile::rename(aside, path));
+        QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM grants")), 1);
+        QVERIFY(profile.write([&] { return profile.run(insert, {QStringLiteral("/b")}); }));
+    }
+
+    void noticesThatItsFolderIsDeletedWhileItWrites() {
+        ProfileDatabase profile;
+        QVERIFY(profile.open(folder(), nothing, nothing));
+        const Expected<void> written = profile.write([&] {
+            QDir(folder()).removeRecursively();
+            return profile.run(QStringLiteral("INSERT INTO grants (path) VALUES ('/a')"));
+        });
+        QCOMPARE(code(written), EngineErrorCode::ProfileNotWritten);
     }
 
     void cleanup() {

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <optional>
+
+/// Which file a path names, regardless of its contents. A value; any thread.
+///
+/// As long as a file is open, no other file of the same disk gets an equal identity.
+struct FileIdentity {
+    quint64 device = 0;
+    quint64 number = 0;
+
+    bool operator==(const FileIdentity &) const = default;
+
+    /// Returns the identity of what `path` names now, or std::nullopt if there is nothing. Follows
+    /// symbolic links. Blocks for the file system.
+    static std::optional<FileIdentity> of(const QString &path);
+};
