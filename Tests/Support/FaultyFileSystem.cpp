@@ -1,0 +1,241 @@
+#include "Support/FaultyFileSystem.h"
+
+#include <sqlite3.h>
+
+#include <stdexcept>
+
+namespace {
+
+enum class Need { Nothing, Space };
+
+struct Plan {
+    bool isActive = false;
+    FaultyFileSystem::Fault fault = FaultyFileSystem::Fault::Error;
+    FaultyFileSystem::Duration duration = FaultyFileSystem::Duration::Once;
+    qint64 first = 0;
+    qint64 calls = 0;
+    bool hasFailed = false;
+};
+
+Plan &plan() {
+    static Plan onlyPlan;
+    return onlyPlan;
+}
+
+sqlite3_vfs *systemFiles = nullptr;
+
+struct File {
+    sqlite3_file base;
+    bool isTemporary;
+    /// Of the file system below; its object follows this one.
+    sqlite3_file *below() { return reinterpret_cast<sqlite3_file *>(this + 1); }
+};
+
+File *own(sqlite3_file *file) {
+    return reinterpret_cast<File *>(file);
+}
+
+sqlite3_file *below(sqlite3_file *file) {
+    return own(file)->below();
+}
+
+bool isConcerned(Need need, bool isTemporary) {
+    switch (plan().fault) {
+        case FaultyFileSystem::Fault::Error:
+            return true;
+        case FaultyFileSystem::Fault::Full:
+            return need == Need::Space;
+        case FaultyFileSystem::Fault::NoTemporaryFiles:
+            return isTemporary;
+    }
+    return false;
+}
+
+/// Counts the call, and returns whether it must fail.
+bool fails(Need need, bool isTemporary) {
+    Plan &current = plan();
+    if (!current.isActive || !isConcerned(need, isTemporary)) {
+        return false;
+    }
+    ++current.calls;
+    const bool isDue = current.duration == FaultyFileSystem::Duration::Once
+                           ? current.calls == current.first
+                           : current.calls >= current.first;
+    current.hasFailed = current.hasFailed || isDue;
+    return isDue;
+}
+
+int failureOf(Need need, int error) {
+    return need == Need::Space && plan().fault == FaultyFileSystem::Fault::Full ? SQLITE_FULL
+                                                                                : error;
+}
+
+template <class Call>
+int unlessFailing(sqlite3_file *file, Need need, int error, const Call &call) {
+    return fails(need, own(file)->isTemporary) ? failureOf(need, error) : call();
+}
+
+int closeFile(sqlite3_file *file) {
+    return below(file)->pMethods->xClose(below(file));
+}
+
+int readFile(sqlite3_file *file, void *buffer, int size, sqlite3_int64 offset) {
+    return unlessFailing(file, Need::Nothing, SQLITE_IOERR_READ, [&] {
+        return below(file)->pMethods->xRead(below(file), buffer, size, offset);
+    });
+}
+
+int writeFile(sqlite3_file *file, const void *buffer, int size, sqlite3_int64 offset) {
+    return unlessFailing(file, Need::Space, SQLITE_IOERR_WRITE, [&] {
+        return below(file)->pMethods->xWrite(below(file), buffer, size, offset);
+    });
+}
+
+int truncateFile(sqlite3_file *file, sqlite3_int64 size) {
+    return unlessFailing(file, Need::Nothing, SQLITE_IOERR_TRUNCATE,
+                         [&] { return below(file)->pMethods->xTruncate(below(file), size); });
+}
+
+int syncFile(sqlite3_file *file, int flags) {
+    return unlessFailing(file, Need::Nothing, SQLITE_IOERR_FSYNC,
+                         [&] { return below(file)->pMethods->xSync(below(file), flags); });
+}
+
+int sizeOfFile(sqlite3_file *file, sqlite3_int64 *size) {
+    return unlessFailing(file, Need::Nothing, SQLITE_IOERR_FSTAT,
+                         [&] { return below(file)->pMethods->xFileSize(below(file), size); });
+}
+
+int lockFile(sqlite3_file *file, int lock) {
+    return unlessFailing(file, Need::Nothing, SQLITE_IOERR_LOCK,
+                         [&] { return below(file)->pMethods->xLock(below(file), lock); });
+}
+
+int unlockFile(sqlite3_file *file, int lock) {
+    return below(file)->pMethods->xUnlock(below(file), lock);
+}
+
+int checkReservedLock(sqlite3_file *file, int *result) {
+    return below(file)->pMethods->xCheckReservedLock(below(file), result);
+}
+
+int controlFile(sqlite3_file *file, int operation, void *argument) {
+    const auto control = [&] {
+        return below(file)->pMethods->xFileControl(below(file), operation, argument);
+    };
+    return operation == SQLITE_FCNTL_SIZE_HINT
+               ? unlessFailing(file, Need::Space, SQLITE_IOERR_TRUNCATE, control)
+               : control();
+}
+
+int sectorSize(sqlite3_file *file) {
+    return below(file)->pMethods->xSectorSize(below(file));
+}
+
+int deviceCharacteristics(sqlite3_file *file) {
+    return below(file)->pMethods->xDeviceCharacteristics(below(file));
+}
+
+int mapSharedMemory(sqlite3_file *file, int page, int size, int isExtending,
+                    volatile void **memory) {
+    return unlessFailing(
+        file, isExtending ? Need::Space : Need::Nothing, SQLITE_IOERR_SHMSIZE, [&] {
+            return below(file)->pMethods->xShmMap(below(file), page, size, isExtending, memory);
+        });
+}
+
+int lockSharedMemory(sqlite3_file *file, int offset, int count, int flags) {
+    return below(file)->pMethods->xShmLock(below(file), offset, count, flags);
+}
+
+void barrierOfSharedMemory(sqlite3_file *file) {
+    below(file)->pMethods->xShmBarrier(below(file));
+}
+
+int unmapSharedMemory(sqlite3_file *file, int isDeleting) {
+    return below(file)->pMethods->xShmUnmap(below(file), isDeleting);
+}
+
+const sqlite3_io_methods Methods = {2,
+                                    closeFile,
+                                    readFile,
+                                    writeFile,
+                                    truncateFile,
+                                    syncFile,
+                                    sizeOfFile,
+                                    lockFile,
+                                    unlockFile,
+                                    checkReservedLock,
+                                    controlFile,
+                                    sectorSize,
+                                    deviceCharacteristics,
+                                    mapSharedMemory,
+                                    lockSharedMemory,
+                                    barrierOfSharedMemory,
+                                    unmapSharedMemory,
+                                    nullptr,
+                                    nullptr};
+
+int openFile(sqlite3_vfs * /*files*/, sqlite3_filename name, sqlite3_file *file, int flags,
+             int *flagsFound) {
+    constexpr int temporary = SQLITE_OPEN_TEMP_DB | SQLITE_OPEN_TEMP_JOURNAL |
+                              SQLITE_OPEN_TRANSIENT_DB | SQLITE_OPEN_SUBJOURNAL;
+    File *opened = own(file);
+    opened->base.pMethods = nullptr;
+    opened->isTemporary = (flags & temporary) != 0 || !name;
+    if (fails(Need::Nothing, opened->isTemporary)) {
+        return SQLITE_CANTOPEN;
+    }
+    const int result = systemFiles->xOpen(systemFiles, name, below(file), flags, flagsFound);
+    if (below(file)->pMethods) {
+        opened->base.pMethods = &Methods;
+    }
+    return result;
+}
+
+int deleteFile(sqlite3_vfs * /*files*/, const char *name, int isSyncing) {
+    return fails(Need::Nothing, false) ? SQLITE_IOERR_DELETE
+                                       : systemFiles->xDelete(systemFiles, name, isSyncing);
+}
+
+int accessFile(sqlite3_vfs * /*files*/, const char *name, int flags, int *result) {
+    return fails(Need::Nothing, false) ? SQLITE_IOERR_ACCESS
+                                       : systemFiles->xAccess(systemFiles, name, flags, result);
+}
+
+}  // namespace
+
+FaultyFileSystem::FaultyFileSystem(Fault fault, qint64 first, Duration duration) {
+    if (!systemFiles || plan().isActive) {
+        throw std::logic_error("install() first, and have one at a time");
+    }
+    plan() = {true, fault, duration, first};
+}
+
+FaultyFileSystem::~FaultyFileSystem() {
+    plan() = {};
+}
+
+bool FaultyFileSystem::hasFailed() const {
+    return plan().hasFailed;
+}
+
+qint64 FaultyFileSystem::calls() const {
+    return plan().calls;
+}
+
+void FaultyFileSystem::install() {
+    if (systemFiles) {
+        return;
+    }
+    systemFiles = sqlite3_vfs_find(nullptr);
+    static sqlite3_vfs files = *systemFiles;
+    files.zName = "velmora-faulty";
+    files.szOsFile = static_cast<int>(sizeof(File)) + systemFiles->szOsFile;
+    files.xOpen = openFile;
+    files.xDelete = deleteFile;
+    files.xAccess = accessFile;
+    if (sqlite3_vfs_register(&files, 1) != SQLITE_OK) {
+        throw std::runtime_error("SQLite does not accept the file system");
+    }
+}

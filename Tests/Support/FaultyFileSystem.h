@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QtCore/QtGlobal>
+
+/// Makes SQLite's input and output fail in the whole process until destroyed. There is one at a
+/// time, and every database opened before and after is affected. Main thread.
+class FaultyFileSystem {
+public:
+    enum class Fault {
+        /// Any call fails with an input or output error.
+        Error,
+        /// Calls that need space on the disk fail because there is none.
+        Full,
+        /// Temporary files cannot be opened, and calls on those that are open fail.
+        NoTemporaryFiles,
+    };
+    enum class Duration { Once, FromThenOn };
+
+    /// The call number `first` to which `fault` applies fails; the first call has the number 1.
+    FaultyFileSystem(Fault fault, qint64 first, Duration duration);
+    ~FaultyFileSystem();
+    FaultyFileSystem(const FaultyFileSystem &) = delete;
+    FaultyFileSystem &operator=(const FaultyFileSystem &) = delete;
+
+    /// Returns whether any call has failed.
+    bool hasFailed() const;
+    /// Returns the number of calls to which the fault applies, whether they failed or not.
+    qint64 calls() const;
+
+    /// Puts the failing file system between SQLite and the disk. Must be called before the first
+    /// database is opened; later calls have no effect.
+    static void install();
+};
