@@ -2,6 +2,8 @@
 
 #include <QtCore/QLocale>
 
+#include "Platform/Interface/PlainText.h"
+
 void EventLog::append(const QString &title, const QString &info) {
     const auto row = static_cast<int>(m_entries.size());
     beginInsertRows({}, row, row);
@@ -18,9 +20,20 @@ int EventLog::columnCount(const QModelIndex &parent) const {
 }
 
 QVariant EventLog::data(const QModelIndex &index, int role) const {
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) {
+    if (!index.isValid()) {
         return {};
     }
+    switch (role) {
+        case Qt::DisplayRole:
+            return textAt(index);
+        case Qt::ToolTipRole:
+            return PlainText::toolTip(textAt(index));
+        default:
+            return {};
+    }
+}
+
+QString EventLog::textAt(const QModelIndex &index) const {
     const Entry &entry = m_entries.at(index.row());
     switch (index.column()) {
         case 0:

@@ -24,5 +24,7 @@ private:
         QString info;
     };
 
+    QString textAt(const QModelIndex &index) const;
+
     QList<Entry> m_entries;
 };

@@ -5,6 +5,8 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
+#include "Platform/Interface/PlainText.h"
+
 namespace {
 
 QString dialogText(const char *text) {
@@ -15,10 +17,9 @@ QString dialogText(const char *text) {
 
 UnsavedTextDialog::Choice UnsavedTextDialog::ask(QWidget *parent, const Note &note,
                                                  const Error &error) {
-    QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
-                    dialogText("Your text is not saved."), QMessageBox::NoButton, parent);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(error.localizedDescription);
+    QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), {},
+                    QMessageBox::NoButton, parent);
+    PlainText::setTexts(&box, dialogText("Your text is not saved."), error.localizedDescription);
     QPushButton *tryAgain = box.addButton(dialogText("&Try Again"), QMessageBox::AcceptRole);
     QPushButton *discard = box.addButton(dialogText("&Discard"), QMessageBox::DestructiveRole);
     QPushButton *copy = box.addButton(dialogText("&Copy Text"), QMessageBox::ActionRole);

@@ -8,6 +8,7 @@
 #include "Application/Interface/NoteLibrary.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/NotificationCenter.h"
+#include "Platform/Interface/PlainText.h"
 #include "Platform/Security/SecretStore.h"
 
 VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
@@ -57,9 +58,9 @@ void VelmoraApplication::presentError(const Error &error) {
         std::fprintf(stderr, "%s\n", qPrintable(error.localizedDescription));
         return;
     }
-    auto *box = new QMessageBox(QMessageBox::Warning, applicationDisplayName(),
-                                error.localizedDescription, QMessageBox::Ok, activeWindow());
-    box->setInformativeText(error.localizedFailureReason);
+    auto *box = new QMessageBox(QMessageBox::Warning, applicationDisplayName(), {}, QMessageBox::Ok,
+                                activeWindow());
+    PlainText::setTexts(box, error.localizedDescription, error.localizedFailureReason);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
 }
@@ -70,10 +71,9 @@ void VelmoraApplication::ask(const Question &question, std::function<void(bool)>
             this, [handler = std::move(handler)] { handler(false); }, Qt::QueuedConnection);
         return;
     }
-    auto *box = new QMessageBox(QMessageBox::Question, applicationDisplayName(), question.text,
+    auto *box = new QMessageBox(QMessageBox::Question, applicationDisplayName(), {},
                                 QMessageBox::NoButton, activeWindow());
-    box->setTextFormat(Qt::PlainText);
-    box->setInformativeText(question.details);
+    PlainText::setTexts(box, question.text, question.details);
     box->setAttribute(Qt::WA_DeleteOnClose);
     QPushButton *accept = box->addButton(question.acceptTitle, QMessageBox::AcceptRole);
     box->setDefaultButton(box->addButton(question.refuseTitle, QMessageBox::RejectRole));

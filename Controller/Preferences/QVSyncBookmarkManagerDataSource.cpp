@@ -7,6 +7,7 @@
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/PathComponents.h"
+#include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/RequiredChild.h"
 #include "Platform/Interface/TableView.h"
 #include "Platform/Interface/Workspace.h"
@@ -27,8 +28,9 @@ QWidget *makeBookmarkCell(TableView &tableView, const QString &identifier, QObje
     auto &textField = requiredChild<QLabel>(*view, QStringLiteral("textField"));
     textField.setText(row.value(QStringLiteral("name")).toString());
     // A name that is cut short would show itself.
-    textField.setToolTip(pathOf(row));
-    view->setToolTip(pathOf(row));
+    const QString toolTip = PlainText::toolTip(pathOf(row));
+    textField.setToolTip(toolTip);
+    view->setToolTip(toolTip);
     return view;
 }
 

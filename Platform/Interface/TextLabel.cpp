@@ -6,6 +6,7 @@
 #include <QtWidgets/QToolTip>
 
 #include "Platform/Interface/Control.h"
+#include "Platform/Interface/PlainText.h"
 
 TextLabel::TextLabel(QWidget *parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
@@ -43,7 +44,8 @@ bool TextLabel::event(QEvent *event) {
     }
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty() &&
         fontMetrics().horizontalAdvance(text()) > width()) {
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text(), this);
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
+                           PlainText::toolTip(text()), this);
         return true;
     }
     return QLabel::event(event);

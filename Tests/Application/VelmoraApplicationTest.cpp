@@ -4,6 +4,7 @@
 
 #include "Platform/Security/SecretStore.h"
 #include "Platform/Security/UrlCredentialStorage.h"
+#include "Support/ShownName.h"
 #include "Support/TestMain.h"
 
 /// The application object itself. The test has no session bus, hence no password service.
@@ -44,6 +45,30 @@ private Q_SLOTS:
         store(QStringLiteral("second"));
         QCoreApplication::processEvents();
         QVERIFY(messageBoxes().isEmpty());
+    }
+
+    void namesInErrorsAndQuestionsAreShownAsTheyAre() {
+        auto &application = *static_cast<VelmoraApplication *>(qApp);
+        const QString name = ShownName::Hostile;
+        application.presentError({.localizedDescription = name, .localizedFailureReason = name});
+        application.presentError({.localizedDescription = name});
+        application.ask({.text = name,
+                         .details = name,
+                         .acceptTitle = QStringLiteral("Yes"),
+                         .refuseTitle = QStringLiteral("No")},
+                        [](bool) {});
+        const QList<QMessageBox *> boxes = messageBoxes();
+        QCOMPARE(boxes.size(), 3);
+        for (const QMessageBox *box : boxes) {
+            QCOMPARE(box->text(), name);
+        }
+        const ShownName shown(name);
+        QCOMPARE(shown.places().filter(QStringLiteral("QLabel")).size(), 5);
+        QCOMPARE(shown.misreadPlaces(), QStringList());
+        for (QMessageBox *box : boxes) {
+            box->close();
+        }
+        QTRY_VERIFY(messageBoxes().isEmpty());
     }
 };
 

@@ -10,6 +10,7 @@
 #include "Support/AnnouncementRecorder.h"
 #include "Support/HostShortcuts.h"
 #include "Support/ScriptedHost.h"
+#include "Support/ShownName.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -138,6 +139,13 @@ private Q_SLOTS:
         QVERIFY(!cellPart(1, "imageView")->pixmap().isNull());
         QCOMPARE(table()->cellWidget(1, 0)->toolTip(), Work);
         QCOMPARE(cellPart(1, "textField")->toolTip(), Work);
+    }
+
+    void aCellShowsMarkupInItsPathAsItIs() {
+        load({QStringLiteral("/home/") + ShownName::Hostile});
+        const ShownName shown(ShownName::Hostile);
+        QCOMPARE(shown.places().size(), 3);
+        QCOMPARE(shown.misreadPlaces(), QStringList());
     }
 
     void theNameOfASelectedRowCanBeRead() {

@@ -1,0 +1,108 @@
+#include <QtGui/QHelpEvent>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QToolTip>
+
+#include "Application/EventLog.h"
+#include "Application/LogWindow.h"
+#include "Application/MainWindow.h"
+#include "Application/PreferencesWindow.h"
+#include "Controller/Preferences/QVSyncPreferences.h"
+#include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Controller/QVImportDatabasesController.h"
+#include "Platform/Interface/TableView.h"
+#include "Platform/Interface/TextLabel.h"
+#include "Support/HostShortcuts.h"
+#include "Support/ShownName.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+/// Names that another computer controls, full of markup: wherever they are shown, they are shown
+/// as they are.
+class HostileNamesTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestHost> m_host;
+    std::shared_ptr<QVSyncLocation> m_location;
+    EventLog m_log;
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<LogWindow> m_logWindow;
+    std::unique_ptr<PreferencesWindow> m_preferences;
+
+private Q_SLOTS:
+    void initTestCase() { registerSyncPreferencesInterface(); }
+
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        const auto database = m_host->addDatabase(ShownName::Hostile);
+        Note note{.title = ShownName::Hostile, .text = ShownName::Hostile};
+        QVERIFY(database->saveNote(note));
+        m_location = m_host->addLocation(m_host->makeSyncStore(ShownName::Hostile));
+        m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
+        m_window->show();
+        m_window->findChild<QListWidget *>(QStringLiteral("databases"))->setCurrentRow(1);
+        m_log.append(ShownName::Hostile, ShownName::Hostile);
+        m_logWindow = std::make_unique<LogWindow>(&m_log, nullptr);
+        m_logWindow->show();
+        m_preferences = std::make_unique<PreferencesWindow>(std::make_unique<QVSyncPreferences>());
+        m_preferences->show();
+        QVSyncPreferences::preferences()->databasesController()->setSelectionIndexes({0});
+        QVSyncPreferences::preferences()->syncLocationsController()->setSelectionIndexes({0});
+    }
+
+    void cleanup() {
+        m_preferences.reset();
+        m_logWindow.reset();
+        m_window.reset();
+        m_location.reset();
+        m_host.reset();
+    }
+
+    void theWindowsShowThemAsTheyAre() {
+        const ShownName shown(ShownName::Hostile);
+        for (const char *place :
+             {"TextLabel rowName", "TextLabel rowTitle", "QListWidget databases", "QListWidget ",
+              "QLineEdit ", "NoteTextEdit ", "QTreeView "}) {
+            QVERIFY2(shown.places().contains(QLatin1StringView(place)), place);
+        }
+        QCOMPARE(shown.misreadPlaces(), QStringList());
+    }
+
+    void theToolTipsOfElidedNamesShowThemAsTheyAre() {
+        for (const char *name : {"rowName", "rowTitle"}) {
+            const auto labels = m_preferences->findChildren<TextLabel *>(QLatin1StringView(name));
+            const auto found = std::find_if(labels.begin(), labels.end(), [](TextLabel *label) {
+                return label->text().contains(ShownName::Hostile);
+            });
+            QVERIFY(found != labels.end());
+            (*found)->resize(20, (*found)->height());
+            QHelpEvent event(QEvent::ToolTip, QPoint(1, 1), (*found)->mapToGlobal(QPoint(1, 1)));
+            QApplication::sendEvent(*found, &event);
+            QVERIFY(ShownName::isToolTipOf(QToolTip::text(), (*found)->text()));
+            QToolTip::hideText();
+        }
+    }
+
+    void theImportSheetShowsThemAsTheyAre() {
+        putDatabaseRecord(m_location, QStringLiteral("11111111-2222-4333-8444-555555555555"),
+                          ShownName::Hostile);
+        QWidget parent;
+        parent.show();
+        const auto controller = QVImportDatabasesController::newController();
+        controller->runImportDatabasesSheetModalForWindow(&parent, [] {});
+        controller->fetchDatabasesForLocation(m_location);
+        auto *table =
+            controller->window()->findChild<TableView *>(QStringLiteral("databasesTable"));
+        QTRY_COMPARE(table->rowCount(), 1);
+        controller->setRemoteError(Error{.localizedDescription = ShownName::Hostile,
+                                         .localizedFailureReason = ShownName::Hostile});
+        const ShownName shown(ShownName::Hostile);
+        for (const char *place :
+             {"TableView locationsTable", "TableView databasesTable", "QLabel errorLabel"}) {
+            QVERIFY2(shown.places().contains(QLatin1StringView(place)), place);
+        }
+        QCOMPARE(shown.misreadPlaces(), QStringList());
+    }
+};
+
+VELMORA_TEST(HostileNamesTest)
+#include "HostileNamesTest.moc"
