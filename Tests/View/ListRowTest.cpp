@@ -13,7 +13,11 @@ public:
         setProperty("rowPlace", QString::fromLatin1(place));
     }
     QSize sizeHint() const override { return m_size; }
-    QSize minimumSizeHint() const override { return m_size; }
+    QSize minimumSizeHint() const override {
+        ++m_measurements;
+        return m_size;
+    }
+    int measurements() const { return m_measurements; }
     void want(const QSize &size) {
         m_size = size;
         updateGeometry();
@@ -21,6 +25,7 @@ public:
 
 private:
     QSize m_size;
+    mutable int m_measurements = 0;
 };
 
 }  // namespace
@@ -48,6 +53,24 @@ private Q_SLOTS:
         m_row->setParent(m_window.get());
         QCOMPARE(m_row->height(), 18 + 1 + 14 + 2 * m_margin);
         QCOMPARE(m_row->sizeHint().height(), m_row->height());
+    }
+
+    void onlyTheFirstParentMakesItMeasureItsChildren() {
+        m_row->setParent(m_window.get());
+        const int measurements = m_title->measurements();
+        QVERIFY(measurements > 0);
+        QWidget other;
+        m_row->setParent(&other);
+        m_row->setParent(nullptr);
+        m_row->setParent(m_window.get());
+        QCOMPARE(m_title->measurements(), measurements);
+    }
+
+    void withoutAParentItMeasuresNothing() {
+        const std::unique_ptr<ListRow> row(m_row);
+        QEvent event(QEvent::ParentChange);
+        QCoreApplication::sendEvent(row.get(), &event);
+        QCOMPARE(m_title->measurements(), 0);
     }
 
     void childrenStandFromStartToEndInTheOrderOfTheForm() {

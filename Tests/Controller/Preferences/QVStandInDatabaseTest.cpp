@@ -171,9 +171,11 @@ private Q_SLOTS:
         row.addSynchronizationStatesObject(state);
         row.removeAllSynchronizationStates();
         row.addSynchronizationStatesObject(state);
+        QCOMPARE(row.synchronizationStates(), QVSyncStates{state});
         AnnouncementRecorder recorder(&row);
         state->setEnabled(false);
         QCOMPARE(recorder.count("canSynchronize"), 2);
+        QVERIFY(!row.canSynchronize());
         row.removeSynchronizationStatesObject(state);
         recorder.clear();
         state->setEnabled(true);
