@@ -217,6 +217,8 @@ QVSyncPreferences::StandIn QVSyncPreferences::standInForAsynchronousDatabase(
 
 QVSyncPreferences::StandIn QVSyncPreferences::localDatabaseForUUID(const QString &UUID) const {
     if (!m_localDatabasesByUUID) {
+    requireParameter(database != nullptr, "database != nil",
+                     "QVSyncPreferences::addLocalDatabasesObject", sourceFile);
         return nullptr;
     }
     const auto found = m_localDatabasesByUUID->find(UUID);
@@ -224,6 +226,8 @@ QVSyncPreferences::StandIn QVSyncPreferences::localDatabaseForUUID(const QString
 }
 
 void QVSyncPreferences::addLocalDatabasesObject(const StandIn &database) {
+    requireParameter(database != nullptr, "database != nil",
+                     "QVSyncPreferences::removeLocalDatabasesObject", sourceFile);
     if (m_localDatabasesByUUID) {
         (*m_localDatabasesByUUID)[database->UUID()] = database;
     }
