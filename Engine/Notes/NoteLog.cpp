@@ -144,8 +144,8 @@ Expected<Operation> NoteLog::writeEdit(const Note &note, const OperationId &seen
     if (!superseded) {
         return failure(superseded.error());
     }
-    const Operation edit = Operation::make(note.UUID, note.title, note.text,
-                                           soundMilliseconds(note.modified), *superseded);
+    Operation edit = Operation::make(note.UUID, note.title, note.text,
+                                     soundMilliseconds(note.modified), *superseded);
     return replace(replaced, edit).map([&] { return edit; });
 }
 

@@ -78,7 +78,7 @@ Expected<bool> tryToCopy(const QString &directory, const QString &target) {
     if (const Expected<void> acquired = lock.acquire(directory); !acquired) {
         return isInUse(acquired.error()) ? copy(path, target, false) : failure(acquired.error());
     }
-    const Expected<bool> copied = copyUnused(path, target);
+    Expected<bool> copied = copyUnused(path, target);
     lock.undo();
     return copied;
 }
@@ -97,7 +97,7 @@ Expected<void> ProfileSnapshot::write(const QString &directory, const QString &t
         if (*copied) {
             return {};
         }
-        const Expected<void> created = create();
+        Expected<void> created = create();
         if (!created && (!isInUse(created.error()) || deadline.hasExpired())) {
             return created;
         }

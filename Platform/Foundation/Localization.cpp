@@ -20,8 +20,9 @@ Tables &tables() {
 
 QString localizedString(const char *table, const char *key) {
     const QReadLocker lock(&tables().lock);
+    const auto length = static_cast<qsizetype>(qstrlen(table));
     const QTranslator *translator =
-        tables().translators.value(QByteArray::fromRawData(table, qstrlen(table)));
+        tables().translators.value(QByteArray::fromRawData(table, length));
     const QString text = translator ? translator->translate(table, key) : QString();
     return text.isEmpty() ? QString::fromUtf8(key) : text;
 }
