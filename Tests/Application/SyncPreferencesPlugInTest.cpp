@@ -61,7 +61,8 @@ private Q_SLOTS:
         QVERIFY(first);
         QVERIFY(first != second);
         QCOMPARE(first->mainNibName(), QStringLiteral("Sync Preferences"));
-        QCOMPARE(first->property("currentVersionString").toString(), QStringLiteral(VELMORA_VERSION));
+        QCOMPARE(first->property("currentVersionString").toString(),
+                 QStringLiteral(VELMORA_VERSION));
     }
 };
 

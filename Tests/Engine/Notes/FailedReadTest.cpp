@@ -1,5 +1,5 @@
-#include "Host/InboxUUID.h"
 #include "Engine/Notes/KnownTransactions.h"
+#include "Host/InboxUUID.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
 #include "Support/TestHost.h"

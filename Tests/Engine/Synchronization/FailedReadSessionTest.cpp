@@ -1,6 +1,6 @@
-#include "Host/InboxUUID.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
+#include "Host/InboxUUID.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
 #include "Support/MemoryStore.h"
