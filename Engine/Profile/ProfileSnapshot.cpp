@@ -12,7 +12,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfileLock.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 
