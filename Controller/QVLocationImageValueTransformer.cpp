@@ -1,5 +1,7 @@
 #include "Controller/QVLocationImageValueTransformer.h"
 
+#include <QtGui/QPixmap>
+
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationFormatter.h"
 

@@ -11,7 +11,7 @@
 #include <utility>
 
 #include "Engine/Foundation/EngineError.h"
-#include "Platform/Foundation/Localization.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 // Whatever is typed into the WebDAV sheet gives no URL or one that shows the same again.
 
 #include <QtCore/QList>
+#include <QtCore/QRegularExpression>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>

@@ -2,6 +2,8 @@
 
 #include <QtCore/QDirIterator>
 #include <QtNetwork/QTcpServer>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QSpinBox>

@@ -1,5 +1,7 @@
 #include "View/ListRow.h"
 
+#include <QtWidgets/QLabel>
+
 #include "Support/TestMain.h"
 #include "View/ListScrollArea.h"
 #include "View/QVListView.h"

@@ -1,5 +1,8 @@
 #include "View/QVListView.h"
 
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QPushButton>
 #include <functional>
 
 #include "Controller/QVBinding.h"

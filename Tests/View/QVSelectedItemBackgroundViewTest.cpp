@@ -1,5 +1,8 @@
 #include "View/QVSelectedItemBackgroundView.h"
 
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+
 #include "Platform/Interface/ListPalette.h"
 #include "Support/TestMain.h"
 #include "View/QVSelectedView.h"

@@ -1,5 +1,7 @@
 #include "Controller/Preferences/QVSyncPreferences.h"
 
+#include <QtGui/QAccessible>
+#include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
