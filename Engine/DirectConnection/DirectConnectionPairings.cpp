@@ -1,8 +1,8 @@
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 
-#include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Platform/Foundation/Log.h"
+#include "Platform/Foundation/MainQueue.h"
 #include "Platform/Security/Keychain.h"
 
 namespace {
@@ -13,16 +13,20 @@ const QString SettingPrefix = QStringLiteral("directConnectionServer ");
 }  // namespace
 
 DirectConnectionPairings::DirectConnectionPairings(const ProfileDatabase &profile)
-    : m_profile(profile) {}
+    : m_profile(&profile) {}
+
+void DirectConnectionPairings::close() {
+    m_profile = nullptr;
+}
 
 Expected<void> DirectConnectionPairings::load() {
     const std::lock_guard lock(m_mutex);
-    return m_profile.read(QStringLiteral("SELECT key, value FROM settings WHERE key LIKE ? || '%'"),
-                          {SettingPrefix}, [this](const QSqlQuery &row) {
-                              m_fingerprints.insert(
-                                  row.value(0).toString().mid(SettingPrefix.size()),
+    return m_profile->read(
+        QStringLiteral("SELECT key, value FROM settings WHERE key LIKE ? || '%'"), {SettingPrefix},
+        [this](const QSqlQuery &row) {
+            m_fingerprints.insert(row.value(0).toString().mid(SettingPrefix.size()),
                                   QByteArray::fromHex(row.value(1).toByteArray()));
-                          });
+        });
 }
 
 std::optional<QByteArray> DirectConnectionPairings::fingerprint(const QString &key) const {
@@ -43,13 +47,22 @@ void DirectConnectionPairings::keep(const QString &key, const QByteArray &finger
         m_fingerprints.insert(key, fingerprint);
     }
     Keychain::shared().setPassword(KeychainService, key, secret.toHex());
-    MainThreadQueue::post([self = shared_from_this(), key, fingerprint] {
-        const Expected<void> written = self->m_profile.run(
-            QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
-                           " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
-            {SettingPrefix + key, QString::fromLatin1(fingerprint.toHex())});
-        if (!written) {
-            Log::message(written.error().localizedDescription);
+    MainQueue::dispatchAsync([pairings = weak_from_this(), key, fingerprint] {
+        if (const auto living = pairings.lock()) {
+            living->save(key, fingerprint);
         }
     });
+}
+
+void DirectConnectionPairings::save(const QString &key, const QByteArray &fingerprint) const {
+    if (!m_profile) {
+        return;
+    }
+    const Expected<void> written =
+        m_profile->run(QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
+                                      " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
+                       {SettingPrefix + key, QString::fromLatin1(fingerprint.toHex())});
+    if (!written) {
+        Log::message(written.error().localizedDescription);
+    }
 }

@@ -8,11 +8,11 @@
 #include "Engine/DirectConnection/DirectConnectionClients.h"
 #include "Engine/DirectConnection/ServedStoreObserver.h"
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/DefaultsKeys.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/MainQueue.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/Network/NetService.h"
@@ -26,7 +26,7 @@ quint16 portOrDefault(int port) {
 
 /// Later, since the application may be about to start.
 void present(const Error &error) {
-    MainThreadQueue::post([error] {
+    MainQueue::dispatchAsync([error] {
         if (QVApplication *application = NSApp()) {
             application->presentError(error);
         }
@@ -159,11 +159,13 @@ DirectConnectionListener::MainThread DirectConnectionServer::mainThread() {
 }
 
 void DirectConnectionServer::postFor(quint64 listener, std::function<void()> call) {
-    MainThreadQueue::post([=, this, call = std::move(call)] {
+    // Safe on the listener's thread: stop() ends it before this object is destroyed.
+    const auto callIfCurrent = [=, this, call = std::move(call)] {
         if (m_listener && listener == m_listenerNumber) {
             call();
         }
-    });
+    };
+    QMetaObject::invokeMethod(this, callIfCurrent, Qt::QueuedConnection);
 }
 
 void DirectConnectionServer::askFor(const DirectConnectionPairing &client) {

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "Engine/Foundation/CancellableWait.h"
-#include "Engine/Foundation/MainThreadQueue.h"
+#include "Platform/Foundation/MainQueue.h"
 
 struct PersonsAnswer::State {
     void set(bool isAccepted) {
@@ -18,7 +18,11 @@ struct PersonsAnswer::State {
 };
 
 PersonsAnswer::PersonsAnswer(const Question &question) : m_state(std::make_shared<State>()) {
-    MainThreadQueue::post([question, state = m_state] {
+    MainQueue::dispatchAsync([question, asker = std::weak_ptr(m_state)] {
+        const std::shared_ptr<State> state = asker.lock();
+        if (!state) {
+            return;
+        }
         if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
             presenter->ask(question, [state](bool isAccepted) { state->set(isAccepted); });
         } else {

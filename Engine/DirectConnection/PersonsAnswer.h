@@ -9,7 +9,8 @@
 /// A question to the person, from a thread that can wait for the answer. Any thread.
 class PersonsAnswer {
 public:
-    /// Asks.
+    /// Shows the question from the main thread's event loop, unless this object is destroyed
+    /// before.
     explicit PersonsAnswer(const Question &question);
 
     /// Waits until it is answered, `future` is cancelled or the `patience` is over; whether it was

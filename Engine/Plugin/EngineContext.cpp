@@ -11,6 +11,7 @@ EngineContext::EngineContext(const ProfileDatabase &profile)
 
 EngineContext::~EngineContext() {
     certificateTrust->close();
+    pairings->close();
 }
 
 Expected<void> EngineContext::load() {

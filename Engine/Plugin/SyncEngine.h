@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "Application/Interface/SyncPlugIn.h"
-#include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/FirstContents.h"
 #include "Engine/Plugin/EngineClasses.h"
@@ -39,7 +38,6 @@ private:
     Expected<void> load();
     void installTranslation();
 
-    MainThreadQueue m_mainThreadQueue;
     QTranslator m_translator;
     /// Holds the copy of the profile; must be destroyed after the database in it is closed.
     std::unique_ptr<QTemporaryDir> m_snapshotFolder;

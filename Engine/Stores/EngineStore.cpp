@@ -8,10 +8,10 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
-#include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Stores/EngineRemoteDatabase.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/MainQueue.h"
 
 namespace {
 
@@ -68,7 +68,7 @@ EngineStore::EngineStore(const std::shared_ptr<QVSyncLocation> &location)
 EngineStore::~EngineStore() {
     // The last one to let go may be a worker thread, but locations die on the main thread only.
     if (QThread::currentThread() != m_location->thread()) {
-        MainThreadQueue::post([location = std::exchange(m_location, nullptr)] {});
+        MainQueue::dispatchAsync([location = std::exchange(m_location, nullptr)] {});
     }
 }
 

@@ -1,7 +1,6 @@
 #include "Engine/Synchronization/EngineDispatcher.h"
 
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
@@ -55,7 +54,7 @@ void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
 void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
     const QVSyncStates &states, std::function<void()> handler) {
     if (states.isEmpty()) {
-        MainThreadQueue::post(std::move(handler));
+        postHandler(std::move(handler));
         return;
     }
     const auto left = std::make_shared<qsizetype>(states.size());
@@ -95,7 +94,7 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
     const auto location =
         state ? std::dynamic_pointer_cast<EngineSyncLocation>(state->destination()) : nullptr;
     if (!location) {
-        MainThreadQueue::post(handler);
+        postHandler(handler);
         return;
     }
     const auto waiting = std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Entry &entry) {
@@ -110,7 +109,7 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
         logSync(localizedSyncString(
                     "“%1” could not be cleaned up because the database is not on this computer.")
                     .arg(state->databaseName()));
-        MainThreadQueue::post(handler);
+        postHandler(handler);
         return;
     }
     const StoreSession::Subject subject{state->databaseUUID(), state->databaseName(),
@@ -121,6 +120,10 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
                       state,
                       {[handler](const auto &) { handler(); }}});
     startWaiting();
+}
+
+void EngineDispatcher::postHandler(std::function<void()> handler) {
+    QMetaObject::invokeMethod(this, std::move(handler), Qt::QueuedConnection);
 }
 
 void EngineDispatcher::startWaiting() {

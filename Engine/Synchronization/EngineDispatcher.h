@@ -39,6 +39,8 @@ private:
 
     void enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncState> &state,
                  const std::function<void()> &handler);
+    /// Calls `handler` from the event loop, unless this object is destroyed before.
+    void postHandler(std::function<void()> handler);
     void startWaiting();
     bool isBusy(const StoreSession::Subject &subject) const;
     void ended(const SyncJob *job);

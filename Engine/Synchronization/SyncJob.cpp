@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "Engine/Foundation/MainThreadQueue.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
+#include "Platform/Foundation/MainQueue.h"
 
 SyncJob::SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &library,
                  const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store)
@@ -33,7 +33,12 @@ QList<Error> SyncJob::problems() const {
 void SyncJob::runOnThread(const std::function<Expected<void>()> &work) {
     m_pool->start([job = shared_from_this(), work] {
         const Expected<void> result = work();
-        MainThreadQueue::post([job, result] { job->finishStep(result); });
+        // The dispatcher, which owns a job until it has ended, may be destroyed before this runs.
+        MainQueue::dispatchAsync([weakJob = std::weak_ptr(job), result] {
+            if (const std::shared_ptr<SyncJob> living = weakJob.lock()) {
+                living->finishStep(result);
+            }
+        });
     });
 }
 

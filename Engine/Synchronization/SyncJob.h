@@ -20,7 +20,7 @@ public:
             const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store);
 
     /// Starts the job and returns at once. `handler` is called once, later, on the main thread,
-    /// when the job has succeeded or failed; it is not called if the engine is destroyed before.
+    /// when the job has succeeded or failed; it is not called if the job is destroyed before.
     /// Must be called once. `pool` is not owned and must outlive the job.
     void start(QThreadPool &pool, std::function<void()> handler);
     /// Makes a running job end soon with an error of the code Cancelled. `handler` is still called.

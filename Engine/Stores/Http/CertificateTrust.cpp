@@ -4,9 +4,9 @@
 #include <QtNetwork/QSslCertificate>
 
 #include "Application/Interface/QuestionPresenter.h"
-#include "Engine/Foundation/MainThreadQueue.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/MainQueue.h"
 
 namespace {
 
@@ -51,6 +51,11 @@ Question question(const QString &server, const QSslCertificate &certificate,
 
 CertificateTrust::CertificateTrust(const ProfileDatabase &profile) : m_profile(&profile) {}
 
+bool CertificateTrust::isOpen() const {
+    const std::lock_guard lock(m_mutex);
+    return m_profile;
+}
+
 void CertificateTrust::close() {
     const std::lock_guard lock(m_mutex);
     m_profile = nullptr;
@@ -86,9 +91,11 @@ void CertificateTrust::ask(const QString &location, const QString &server,
         }
         m_asked.insert(asked);
     }
-    MainThreadQueue::post(
+    MainQueue::dispatchAsync(
         [trust = weak_from_this(), asked, question = question(server, certificate, reasons)] {
-            if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
+            const auto asker = trust.lock();
+            QuestionPresenter *presenter = QuestionPresenter::shared();
+            if (asker && asker->isOpen() && presenter) {
                 presenter->ask(question, [trust, asked](bool isAccepted) {
                     const auto living = trust.lock();
                     if (living && isAccepted) {

@@ -44,6 +44,7 @@ private:
         }
     };
 
+    bool isOpen() const;
     static Key key(const QString &location, const QSslCertificate &certificate);
     void accept(const Key &key);
 
