@@ -35,10 +35,16 @@ SyncTriggers::SyncTriggers(const QVSyncLocationsController &locations, QVSyncDis
 void SyncTriggers::start() {
     NotificationCenter &center = NotificationCenter::defaultCenter();
     center.addObserver(this, QVSyncPluginDidOpenDatabase, [this](const Notification &posted) {
-        databaseOpened(*qobject_cast<QVDatabase *>(posted.object));
+        const auto &database = *qobject_cast<QVDatabase *>(posted.object);
+        if (isOwn(database)) {
+            databaseOpened(database);
+        }
     });
     center.addObserver(this, QVSyncPluginDidCloseDatabase, [this](const Notification &posted) {
-        databaseClosed(*qobject_cast<QVDatabase *>(posted.object));
+        const auto &database = *qobject_cast<QVDatabase *>(posted.object);
+        if (isOwn(database)) {
+            databaseClosed(database);
+        }
     });
     m_lastCheck = QDateTime::currentDateTime();
     waitForNextMinute();
@@ -61,6 +67,10 @@ void SyncTriggers::checkSchedules(const QDateTime &now) {
 void SyncTriggers::waitForNextMinute() {
     const QTime time = QTime::currentTime();
     m_timer.start(Minute - time.second() * 1000 - time.msec());
+}
+
+bool SyncTriggers::isOwn(const QVDatabase &database) const {
+    return m_library.databaseForUUID(database.UUID()).get() == &database;
 }
 
 void SyncTriggers::databaseOpened(const QVDatabase &database) {

@@ -33,6 +33,9 @@ public:
 
 private:
     void waitForNextMinute();
+    /// Returns whether `database` belongs to the library. The notifications of databases are posted
+    /// for the databases of every engine of the process.
+    bool isOwn(const QVDatabase &database) const;
     void databaseOpened(const QVDatabase &database);
     void databaseClosed(const QVDatabase &database);
     /// Returns the enabled states of all locations that satisfy `condition`.
