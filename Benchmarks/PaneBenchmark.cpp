@@ -5,6 +5,7 @@
 #include "Benchmarks/Benchmark.h"
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Engine/Plugin/EngineClasses.h"
 #include "Engine/Plugin/SyncEngine.h"
 #include "Host/QVApplication.h"
 #include "Host/QVSyncLocationsController.h"
@@ -41,6 +42,7 @@ public:
 private:
     QTemporaryDir m_folder;
     SyncEngine m_engine;
+    EngineClasses m_classes{m_engine};
 };
 
 double processorMilliseconds() {

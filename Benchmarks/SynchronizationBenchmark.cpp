@@ -6,6 +6,7 @@
 #include <ctime>
 
 #include "Benchmarks/Benchmark.h"
+#include "Engine/Plugin/EngineClasses.h"
 #include "Engine/Plugin/SyncEngine.h"
 #include "Host/QVApplication.h"
 
@@ -72,6 +73,7 @@ private:
     }
 
     SyncEngine m_engine;
+    EngineClasses m_classes{m_engine};
     std::shared_ptr<EngineSyncLocation> m_location;
 };
 

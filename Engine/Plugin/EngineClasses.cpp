@@ -3,8 +3,7 @@
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
-#include "Engine/Notes/EngineNoteLibrary.h"
-#include "Engine/Plugin/EngineSyncPlugin.h"
+#include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Schedules/EngineDailySchedule.h"
 #include "Engine/Schedules/EngineHourlySchedule.h"
 #include "Engine/Schedules/EngineSchedule.h"
@@ -16,31 +15,32 @@ namespace {
 
 class SyncPluginClass : public QVSyncPlugin::Class {
 public:
-    SyncPluginClass(EngineSyncPlugin &plugin, const EngineNoteLibrary &library)
-        : m_plugin(plugin), m_library(library) {}
+    explicit SyncPluginClass(SyncEngine &engine) : m_engine(engine) {}
     bool isAvailable() const override { return true; }
-    QVSyncPlugin *plugin() const override { return &m_plugin; }
+    QVSyncPlugin *plugin() const override { return &m_engine.plugin(); }
     std::shared_ptr<QVDatabase> databaseForUUID(const QString &UUID,
                                                 bool lookingUpAllKnownDatabases) const override {
-        const std::shared_ptr<NoteDatabase> database = m_library.databaseForUUID(UUID);
+        const EngineNoteLibrary *library = m_engine.library();
+        const std::shared_ptr<NoteDatabase> database =
+            library ? library->databaseForUUID(UUID) : nullptr;
         const bool isFound = database && (database->isOpen() || lookingUpAllKnownDatabases);
         return isFound ? database : nullptr;
     }
 
 private:
-    EngineSyncPlugin &m_plugin;
-    const EngineNoteLibrary &m_library;
+    SyncEngine &m_engine;
 };
 
 class DatabaseClass : public QVDatabase::Class {
 public:
-    explicit DatabaseClass(const EngineNoteLibrary &library) : m_library(library) {}
+    explicit DatabaseClass(SyncEngine &engine) : m_engine(engine) {}
     QList<std::shared_ptr<QVDatabase>> databases() const override {
-        return m_library.openDatabases();
+        const EngineNoteLibrary *library = m_engine.library();
+        return library ? library->openDatabases() : QList<std::shared_ptr<QVDatabase>>();
     }
 
 private:
-    const EngineNoteLibrary &m_library;
+    SyncEngine &m_engine;
 };
 
 class SyncLocationClass : public QVSyncLocation::Class {
@@ -122,11 +122,11 @@ struct Registered {
 }  // namespace
 
 struct EngineClasses::Objects {
-    Objects(EngineSyncPlugin &syncPlugin, const EngineNoteLibrary &library)
-        : plugin(QStringLiteral("QVSyncPlugin"), syncPlugin, library),
-          database(QStringLiteral("QVDatabase"), library),
-          location(QStringLiteral("QVSyncLocation"), syncPlugin),
-          formatter(QStringLiteral("QVSyncLocationFormatter"), syncPlugin) {}
+    explicit Objects(SyncEngine &engine)
+        : plugin(QStringLiteral("QVSyncPlugin"), engine),
+          database(QStringLiteral("QVDatabase"), engine),
+          location(QStringLiteral("QVSyncLocation"), engine.plugin()),
+          formatter(QStringLiteral("QVSyncLocationFormatter"), engine.plugin()) {}
 
     Registered<SyncPluginClass> plugin;
     Registered<DatabaseClass> database;
@@ -141,7 +141,6 @@ struct EngineClasses::Objects {
     Registered<DirectConnectionServerClass> server{QStringLiteral("QVDirectConnectionServer")};
 };
 
-EngineClasses::EngineClasses(EngineSyncPlugin &plugin, const EngineNoteLibrary &library)
-    : m_objects(std::make_unique<Objects>(plugin, library)) {}
+EngineClasses::EngineClasses(SyncEngine &engine) : m_objects(std::make_unique<Objects>(engine)) {}
 
 EngineClasses::~EngineClasses() = default;

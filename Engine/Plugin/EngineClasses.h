@@ -2,14 +2,16 @@
 
 #include <memory>
 
-class EngineNoteLibrary;
-class EngineSyncPlugin;
+class SyncEngine;
 
-/// The class objects of the engine, registered under the host's names while this exists.
+/// The class objects of one engine, registered under the host's names while this object exists. At
+/// most one engine of a process can have its classes registered at a time. Must be used on the main
+/// thread.
 class EngineClasses {
 public:
-    /// Both must outlive this.
-    EngineClasses(EngineSyncPlugin &plugin, const EngineNoteLibrary &library);
+    /// Raises an AssertionFailure if the classes of another engine are registered. `engine` is not
+    /// owned and must outlive this object; it need not have opened its profile.
+    explicit EngineClasses(SyncEngine &engine);
     ~EngineClasses();
     EngineClasses(const EngineClasses &) = delete;
     EngineClasses &operator=(const EngineClasses &) = delete;

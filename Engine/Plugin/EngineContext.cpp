@@ -15,7 +15,7 @@ EngineContext::~EngineContext() {
 }
 
 Expected<void> EngineContext::load() {
-    return folderGrants->load()
-        .and_then([this] { return pairings->load(); })
-        .and_then([this] { return certificateTrust->load(); });
+    return folderGrants->load().and_then([this] { return pairings->load(); }).and_then([this] {
+        return certificateTrust->load();
+    });
 }

@@ -19,8 +19,7 @@ Expected<void> openDatabase(ProfileDatabase &profile, const QString &directory,
 SyncEngine::SyncEngine()
     : m_library(m_profile),
       m_plugin(m_profile, m_library),
-      m_triggers(*m_plugin.locationsController(), *m_plugin.dispatcher(), m_library),
-      m_classes(m_plugin, m_library) {}
+      m_triggers(*m_plugin.locationsController(), *m_plugin.dispatcher(), m_library) {}
 
 SyncEngine::~SyncEngine() {
     EngineStore::endAll();

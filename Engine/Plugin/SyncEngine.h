@@ -7,13 +7,12 @@
 #include "Application/Interface/SyncPlugIn.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/FirstContents.h"
-#include "Engine/Plugin/EngineClasses.h"
 #include "Engine/Plugin/EngineSyncPlugin.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/SyncTriggers.h"
 
-/// The whole engine. Registers the host classes while it exists; there is one at a time. Main
-/// thread.
+/// The whole engine of one profile. A process can have several; EngineClasses makes one of them
+/// available to the preference pane. Must be used on the main thread.
 class SyncEngine {
 public:
     SyncEngine();
@@ -45,6 +44,5 @@ private:
     EngineNoteLibrary m_library;
     EngineSyncPlugin m_plugin;
     SyncTriggers m_triggers;
-    EngineClasses m_classes;
     bool m_isOpen = false;
 };

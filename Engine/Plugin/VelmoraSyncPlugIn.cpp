@@ -16,6 +16,7 @@ bool VelmoraSyncPlugIn::isProfileInUse(const Error &error) const {
 }
 
 void VelmoraSyncPlugIn::closeProfile() {
+    m_classes.reset();
     m_engine.reset();
 }
 

@@ -3,6 +3,7 @@
 #include <QtCore/QObject>
 
 #include "Application/Interface/SyncPlugIn.h"
+#include "Engine/Plugin/EngineClasses.h"
 #include "Engine/Plugin/SyncEngine.h"
 
 /// The engine as a plug-in.
@@ -19,4 +20,5 @@ public:
 
 private:
     std::unique_ptr<SyncEngine> m_engine = std::make_unique<SyncEngine>();
+    std::unique_ptr<EngineClasses> m_classes = std::make_unique<EngineClasses>(*m_engine);
 };

@@ -35,6 +35,7 @@ TestHost::~TestHost() {
 
 void TestHost::start(FirstContents contents) {
     m_engine = std::make_unique<SyncEngine>();
+    m_classes = std::make_unique<EngineClasses>(*m_engine);
     m_application.setEngine(m_engine.get());
     require(m_engine->openProfile(directory(), contents));
     // A test need not wait for a lock that nobody will give back.
@@ -43,6 +44,7 @@ void TestHost::start(FirstContents contents) {
 
 void TestHost::restart() {
     m_application.setEngine(nullptr);
+    m_classes.reset();
     m_engine.reset();
     start(FirstContents::Inbox);
 }

@@ -2,6 +2,7 @@
 
 #include <QtCore/QTemporaryDir>
 
+#include "Engine/Plugin/EngineClasses.h"
 #include "Engine/Plugin/SyncEngine.h"
 #include "Support/TestApplication.h"
 
@@ -64,4 +65,5 @@ private:
     QString m_profileName = QStringLiteral("Profile");
     TestApplication m_application;
     std::unique_ptr<SyncEngine> m_engine;
+    std::unique_ptr<EngineClasses> m_classes;
 };

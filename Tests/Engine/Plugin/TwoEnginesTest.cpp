@@ -1,0 +1,117 @@
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+/// Two engines in one process, each with a profile of its own, that share a sync store in a folder.
+class TwoEnginesTest : public QObject {
+    Q_OBJECT
+
+    const QString m_UUID = QStringLiteral("8f1dd2f4-2d04-4c06-9a0e-0d6f8f8f6f01");
+    std::unique_ptr<TestHost> m_host;
+    std::unique_ptr<QTemporaryDir> m_otherFolder;
+    std::unique_ptr<SyncEngine> m_other;
+
+    SyncEngine &first() { return m_host->engine(); }
+
+    /// Creates the state of a new database in `engine`.
+    std::shared_ptr<QVSyncState> newState(SyncEngine &engine, const QString &URLText) const {
+        if (!engine.library()->importDatabase(m_UUID, QStringLiteral("Plans"))) {
+            return nullptr;
+        }
+        QVSyncLocationsController *locations = engine.plugin().locationsController();
+        const auto location = engine.plugin().newLocation(Url::fromString(URLText));
+        locations->insertObjectInSyncLocationsAtIndex(location, locations->countOfSyncLocations());
+        const auto state = location->addStateForDatabaseWithUUID(m_UUID, QStringLiteral("Plans"));
+        state->setEnabled(true);
+        return state;
+    }
+    std::shared_ptr<NoteDatabase> database(SyncEngine &engine) const {
+        return engine.library()->databaseForUUID(m_UUID);
+    }
+    QStringList titles(SyncEngine &engine) const {
+        QStringList titles;
+        const Expected<QList<Note>> notes = database(engine)->notes();
+        for (const Note &note : notes.value_or(QList<Note>())) {
+            titles.append(note.title);
+        }
+        return titles;
+    }
+    static bool saveNote(NoteDatabase &database, const QString &title) {
+        Note note{{}, title, QStringLiteral("Text"), QDateTime::currentDateTime()};
+        return database.saveNote(note).has_value();
+    }
+    static void synchronize(SyncEngine &engine, const std::shared_ptr<QVSyncState> &state) {
+        bool isDone = false;
+        engine.plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+            {state}, [&] { isDone = true; });
+        QTRY_VERIFY(isDone);
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        m_otherFolder = std::make_unique<QTemporaryDir>();
+        m_other = std::make_unique<SyncEngine>();
+        QVERIFY(m_other->openProfile(m_otherFolder->filePath(QStringLiteral("Profile")),
+                                     FirstContents::Inbox));
+    }
+    void cleanup() {
+        m_other.reset();
+        m_otherFolder.reset();
+        m_host.reset();
+    }
+
+    void bothSynchronizeOverOneFolder() {
+        const QString URLText = m_host->makeSyncStore(QStringLiteral("Shared"));
+        const auto state = newState(first(), URLText);
+        const auto otherState = newState(*m_other, URLText);
+        QVERIFY(state && otherState);
+        QVERIFY(saveNote(*database(first()), QStringLiteral("From the first")));
+        QVERIFY(saveNote(*database(*m_other), QStringLiteral("From the other")));
+        synchronize(first(), state);
+        synchronize(*m_other, otherState);
+        synchronize(first(), state);
+        const QSet<QString> both{QStringLiteral("From the first"),
+                                 QStringLiteral("From the other")};
+        const QStringList titlesOfFirst = titles(first());
+        QCOMPARE(QSet<QString>(titlesOfFirst.begin(), titlesOfFirst.end()), both);
+        const QStringList titlesOfOther = titles(*m_other);
+        QCOMPARE(QSet<QString>(titlesOfOther.begin(), titlesOfOther.end()), both);
+    }
+
+    void anOpenedOrClosedDatabaseTriggersOnlyItsOwnEngine() {
+        const QString URLText = m_host->makeSyncStore(QStringLiteral("Shared"));
+        const auto state = newState(first(), URLText);
+        const auto otherState = newState(*m_other, URLText);
+        QVERIFY(state && otherState);
+        for (const auto &each : {state, otherState}) {
+            each->setSyncOnOpen(true);
+            each->setSyncOnClose(true);
+        }
+        m_host->closeDatabase(database(first()));
+        QVERIFY(!first().plugin().dispatcher()->activity().isEmpty());
+        QVERIFY(m_other->plugin().dispatcher()->activity().isEmpty());
+        QTRY_VERIFY(first().plugin().dispatcher()->activity().isEmpty());
+        m_host->openDatabase(database(first()));
+        QVERIFY(!first().plugin().dispatcher()->activity().isEmpty());
+        QVERIFY(m_other->plugin().dispatcher()->activity().isEmpty());
+        QTRY_VERIFY(first().plugin().dispatcher()->activity().isEmpty());
+        QVERIFY(state->lastSynced().isValid());
+        QVERIFY(!otherState->lastSynced().isValid());
+    }
+
+    void endingOneEngineLeavesTheOtherUsable() {
+        const QString URLText = m_host->makeSyncStore(QStringLiteral("Shared"));
+        const auto state = newState(first(), URLText);
+        const auto otherState = newState(*m_other, URLText);
+        QVERIFY(state && otherState);
+        m_other->plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+            {otherState});
+        m_other.reset();
+        QVERIFY(saveNote(*database(first()), QStringLiteral("Afterwards")));
+        synchronize(first(), state);
+        QVERIFY(state->lastSynced().isValid());
+    }
+};
+
+VELMORA_TEST(TwoEnginesTest)
+#include "TwoEnginesTest.moc"
