@@ -2,6 +2,8 @@
 
 #include <glib.h>
 
+#include <utility>
+
 GLibThread::GLibThread()
     : m_context(g_main_context_new()),
       m_loop(g_main_loop_new(m_context, FALSE)),

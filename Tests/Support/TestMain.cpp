@@ -4,6 +4,7 @@
 
 #include <QtCore/QStandardPaths>
 #include <clocale>
+#include <cstdio>
 
 #include "Platform/Foundation/Assertion.h"
 

@@ -1,5 +1,6 @@
 #include "Platform/Foundation/Assertion.h"
 
+#include <cstdlib>
 #include <thread>
 
 #include "Support/TestMain.h"
