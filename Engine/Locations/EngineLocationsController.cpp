@@ -50,12 +50,14 @@ Expected<void> EngineLocationsController::load() {
 }
 
 Expected<void> EngineLocationsController::loadLocations() {
-    return m_profile.read(QStringLiteral("SELECT uuid, url FROM locations ORDER BY position"), {},
-                          [this](const QSqlQuery &row) {
-                              m_locations.append(std::make_shared<EngineSyncLocation>(
-                                  row.value(0).toString(), row.value(1).toString(), m_kinds));
-                              m_saved.insert(row.value(0).toString());
-                          });
+    return m_profile.read(
+        QStringLiteral("SELECT uuid, url, position FROM locations ORDER BY position"), {},
+        [this](const QSqlQuery &row) {
+            m_locations.append(std::make_shared<EngineSyncLocation>(
+                row.value(0).toString(), row.value(1).toString(), m_kinds));
+            m_saved.insert(row.value(0).toString(),
+                           {row.value(1).toString(), row.value(2).toLongLong()});
+        });
 }
 
 Expected<void> EngineLocationsController::loadStates() {
@@ -95,7 +97,8 @@ qsizetype EngineLocationsController::indexOfObjectInSyncLocations(
 
 void EngineLocationsController::removeObjectFromSyncLocationsAtIndex(qsizetype index) {
     if (index >= 0 && index < m_locations.size()) {
-        m_locations.removeAt(index);
+        const QString identifier = m_locations.takeAt(index)->identifier();
+        Q_EMIT locationRemoved(identifier);
     }
 }
 
@@ -111,15 +114,11 @@ bool EngineLocationsController::save(std::optional<Error> *error) {
 }
 
 Expected<void> EngineLocationsController::writeLocations() const {
-    QSet<QString> gone = m_saved;
-    qsizetype position = 0;
-    for (const std::shared_ptr<EngineSyncLocation> &location : m_locations) {
-        gone.remove(location->identifier());
-        if (Expected<void> written = m_profile.run(
-                QStringLiteral("INSERT INTO locations (uuid, position, url) VALUES (?, ?, ?)"
-                               " ON CONFLICT (uuid) DO UPDATE SET position = excluded.position,"
-                               " url = excluded.url"),
-                {location->identifier(), position++, ProfileDatabase::text(location->URLText())});
+    QSet<QString> gone(m_saved.keyBegin(), m_saved.keyEnd());
+    for (qsizetype i = 0; i < m_locations.size(); ++i) {
+        const QString identifier = m_locations[i]->identifier();
+        gone.remove(identifier);
+        if (Expected<void> written = writeLocation(identifier, {m_locations[i]->URLText(), i});
             !written) {
             return written;
         }
@@ -134,11 +133,27 @@ Expected<void> EngineLocationsController::writeLocations() const {
     return {};
 }
 
+Expected<void> EngineLocationsController::writeLocation(const QString &identifier,
+                                                        const Row &row) const {
+    const auto saved = m_saved.constFind(identifier);
+    if (saved == m_saved.constEnd()) {
+        return m_profile.run(
+            QStringLiteral("INSERT INTO locations (url, position, uuid) VALUES (?, ?, ?)"),
+            {ProfileDatabase::text(row.URLText), row.position, identifier});
+    }
+    return *saved == row
+               ? Expected<void>()
+               : m_profile.run(
+                     QStringLiteral("UPDATE locations SET url = ?, position = ? WHERE uuid = ?"),
+                     {ProfileDatabase::text(row.URLText), row.position, identifier});
+}
+
 Expected<void> EngineLocationsController::writeStates() const {
     Expected<QSqlQuery> query = m_profile.prepare(
         QStringLiteral("INSERT INTO states (location_uuid, database_uuid, database_name, enabled,"
                        " sync_on_open, sync_on_close, last_synced, schedule, schedule_minutes,"
-                       " schedule_days) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"
+                       " schedule_days) SELECT ?, ?, ?, ?, ?, ?, ?, ?, ?, ?"
+                       " WHERE EXISTS (SELECT 1 FROM locations WHERE uuid = ?)"
                        " ON CONFLICT (location_uuid, database_uuid) DO UPDATE SET"
                        " database_name = excluded.database_name, enabled = excluded.enabled,"
                        " sync_on_open = excluded.sync_on_open,"
@@ -156,7 +171,8 @@ Expected<void> EngineLocationsController::writeStates() const {
                 continue;
             }
             if (Expected<void> written =
-                    m_profile.run(*query, columnsOf(location->identifier(), *state));
+                    m_profile.run(*query, columnsOf(location->identifier(), *state) +
+                                              QVariantList{location->identifier()});
                 !written) {
                 return written;
             }
@@ -171,9 +187,9 @@ bool EngineLocationsController::isSaved(const EngineSyncLocation &location) cons
 
 void EngineLocationsController::rememberSaved() {
     m_saved.clear();
-    for (const std::shared_ptr<EngineSyncLocation> &location : std::as_const(m_locations)) {
-        m_saved.insert(location->identifier());
-        for (const std::shared_ptr<EngineSyncState> &state : location->engineStates()) {
+    for (qsizetype i = 0; i < m_locations.size(); ++i) {
+        m_saved.insert(m_locations[i]->identifier(), {m_locations[i]->URLText(), i});
+        for (const std::shared_ptr<EngineSyncState> &state : m_locations[i]->engineStates()) {
             state->setChanged(false);
         }
     }

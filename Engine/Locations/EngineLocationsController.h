@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QtCore/QHash>
-#include <QtCore/QSet>
 
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"
@@ -10,7 +9,8 @@
 class ProfileDatabase;
 
 /// Reads the locations with their states from the profile, and writes what has changed in one
-/// transaction.
+/// transaction. What another process has removed or changed in the meantime stays as it left it,
+/// unless it was changed here too; a location that it has removed does not come back.
 class EngineLocationsController : public QVSyncLocationsController {
     Q_OBJECT
 public:
@@ -30,12 +30,23 @@ public:
     void removeObjectFromSyncLocationsAtIndex(qsizetype index) override;
     bool save(std::optional<Error> *error) override;
 
+Q_SIGNALS:
+    /// Emitted after a location was removed from the list, with its identifier.
+    void locationRemoved(const QString &identifier);
+
 private:
+    /// What the profile holds of a location, without its states.
+    struct Row {
+        QString URLText;
+        qsizetype position = 0;
+        bool operator==(const Row &) const = default;
+    };
     using Locations = QList<std::shared_ptr<EngineSyncLocation>>;
 
     Expected<void> loadLocations();
     Expected<void> loadStates();
     Expected<void> writeLocations() const;
+    Expected<void> writeLocation(const QString &identifier, const Row &row) const;
     Expected<void> writeStates() const;
     bool isSaved(const EngineSyncLocation &location) const;
     void rememberSaved();
@@ -43,6 +54,6 @@ private:
     const ProfileDatabase &m_profile;
     const std::shared_ptr<const EngineLocationKinds> m_kinds;
     Locations m_locations;
-    /// The identifiers of the locations that the profile holds.
-    QSet<QString> m_saved;
+    /// The locations that the profile holds, by their identifiers.
+    QHash<QString, Row> m_saved;
 };

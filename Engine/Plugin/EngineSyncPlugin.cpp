@@ -26,7 +26,10 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLib
       m_kinds(std::make_shared<EngineLocationKinds>(builtInLocationKinds(m_context))),
       m_locationsController(std::make_unique<EngineLocationsController>(profile, m_kinds)),
       m_dispatcher(std::make_unique<EngineDispatcher>(profile, library)),
-      m_server(std::make_unique<DirectConnectionServer>(profile)) {}
+      m_server(std::make_unique<DirectConnectionServer>(profile)) {
+    connect(m_locationsController.get(), &EngineLocationsController::locationRemoved,
+            m_dispatcher.get(), &EngineDispatcher::cancelJobsOfLocation);
+}
 
 EngineSyncPlugin::~EngineSyncPlugin() = default;
 

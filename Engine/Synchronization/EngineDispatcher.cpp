@@ -89,6 +89,21 @@ void EngineDispatcher::synchronizeWithStore(
     startWaiting();
 }
 
+void EngineDispatcher::cancelJobsOfLocation(const QString &identifier) {
+    for (const Entry &entry : std::as_const(m_running)) {
+        if (entry.job->subject().store == identifier) {
+            entry.job->cancel();
+        }
+    }
+    m_waiting.removeIf([&](const Entry &entry) {
+        const bool isRemoved = entry.job->subject().store == identifier;
+        for (const auto &handler : isRemoved ? entry.handlers : decltype(entry.handlers)()) {
+            MainThreadQueue::post([handler] { handler(operationCancelled()); });
+        }
+        return isRemoved;
+    });
+}
+
 void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncState> &state,
                                const std::function<void()> &handler) {
     const auto location =

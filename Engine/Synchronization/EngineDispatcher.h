@@ -27,6 +27,10 @@ public:
                               const std::shared_ptr<BlobStore> &store,
                               std::function<void(const std::optional<Error> &error)> handler);
 
+    /// Cancels the jobs of the location `identifier`: those that run end soon, and those that wait
+    /// never start. Their handlers are called later, with an error of the code Cancelled.
+    void cancelJobsOfLocation(const QString &identifier);
+
 private:
     struct Entry {
         std::shared_ptr<SyncJob> job;

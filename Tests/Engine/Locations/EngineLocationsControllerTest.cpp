@@ -55,6 +55,25 @@ QStringList savedURLTexts(TestHost &host) {
 class EngineLocationsControllerTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void writesOnlyWhatHasChangedHere() {
+        TestHost host;
+        const auto removed = host.addLocation(QStringLiteral("https://removed.example"));
+        const auto changed = host.addLocation(QStringLiteral("https://first.example"));
+        const auto state = host.addState(removed, host.inbox());
+        host.save();
+        EngineLocationsController other(host.engine().profile(),
+                                        std::make_shared<EngineLocationKinds>());
+        QVERIFY(other.load());
+        other.syncLocations().at(1)->setURL(Url::fromString(QStringLiteral("https://b.example")));
+        other.removeObjectFromSyncLocationsAtIndex(0);
+        QVERIFY(other.save(nullptr));
+        state->setEnabled(!state->isEnabled());
+        host.addState(changed, host.inbox());
+        host.save();
+        QCOMPARE(savedURLTexts(host), QStringList{QStringLiteral("https://b.example")});
+        QCOMPARE(host.engine().profile().value(QStringLiteral("SELECT count(*) FROM states")), 1);
+    }
+
     void keepsLocationsInTheirOrder() {
         TestHost host;
         const auto first = host.addLocation(QStringLiteral("https://first.example/dav"));

@@ -158,6 +158,26 @@ private Q_SLOTS:
         QCOMPARE(texts(*database(UUID)), expected);
     }
 
+    void jobsOfARemovedLocationStop() {
+        QVSyncStates states;
+        for (const QString &name : {QStringLiteral("Projects"), QStringLiteral("Recipes")}) {
+            const auto made = m_host->addDatabase(name);
+            save(*made, QStringLiteral("First"), QStringLiteral("1"));
+            states.append(state(made->UUID(), name));
+        }
+        // The second one waits for the first one.
+        bool isDone = false;
+        dispatcher()->performSynchronizationsWithSynchronizationStates(states,
+                                                                       [&] { isDone = true; });
+        m_host->locations().removeObjectFromSyncLocationsAtIndex(0);
+        QTRY_VERIFY(isDone);
+        for (const auto &state : std::as_const(states)) {
+            QCOMPARE(transactionNames(state->databaseUUID()), QStringList());
+            QVERIFY(!state->lastSynced().isValid());
+        }
+        QVERIFY(dispatcher()->activity().isEmpty());
+    }
+
     void conflictingEditsAreBothKept() {
         const QString UUID = synchronizedDatabase(QStringLiteral("Projects"))->UUID();
         m_host->goToComputer(There);
