@@ -2,47 +2,112 @@
 
 #include <QtCore/QXmlStreamReader>
 
+#include "Engine/Foundation/EngineFuture.h"
+
 namespace {
 
 constexpr int DeepestNesting = 32;
+constexpr qsizetype PieceSize = 4 << 10;
 
-bool isOfDAV(const QXmlStreamReader &reader, QLatin1StringView name) {
-    return reader.namespaceUri() == QLatin1StringView("DAV:") && reader.name() == name;
-}
+/// Reads a document piece by piece, so that no step of QXmlStreamReader, which takes quadratic time
+/// for the attributes of a tag, sees more than a long token.
+class MultiStatusReader {
+public:
+    MultiStatusReader(const QByteArray &document, const EngineFuture &future)
+        : m_document(document), m_future(future) {}
+
+    std::optional<WebDAVMultiStatus> read() {
+        while (m_reader.readNext() != QXmlStreamReader::EndDocument) {
+            const bool isAtEndOfPiece =
+                m_reader.error() == QXmlStreamReader::PrematureEndOfDocumentError;
+            if (!(isAtEndOfPiece ? addPiece() : takeToken())) {
+                return {};
+            }
+        }
+        const bool isWhole = m_document.mid(m_position).trimmed().isEmpty();
+        return isWhole ? std::optional(m_result) : std::nullopt;
+    }
+
+private:
+    bool addPiece() {
+        m_tokenLength += PieceSize;
+        if (m_position >= m_document.size() || m_future.isCancelled() ||
+            m_tokenLength > WebDAVMultiStatus::LongestToken + PieceSize) {
+            return false;
+        }
+        const QByteArray piece = m_document.mid(m_position, PieceSize);
+        m_position += piece.size();
+        m_reader.addData(piece);
+        return true;
+    }
+
+    bool takeToken() {
+        m_tokenLength = 0;
+        switch (m_reader.tokenType()) {
+            case QXmlStreamReader::StartElement:
+                return beginElement();
+            case QXmlStreamReader::EndElement:
+                endElement();
+                return true;
+            case QXmlStreamReader::Characters:
+                m_text += m_isInHref ? m_reader.text() : QStringView();
+                return m_text.size() <= WebDAVMultiStatus::LongestToken;
+            case QXmlStreamReader::DTD:
+            case QXmlStreamReader::EntityReference:
+            case QXmlStreamReader::Invalid:
+                return false;
+            default:
+                return true;
+        }
+    }
+
+    bool beginElement() {
+        ++m_depth;
+        if (++m_elements > WebDAVMultiStatus::MostElements || m_depth > DeepestNesting ||
+            m_isInHref || m_reader.attributes().size() > WebDAVMultiStatus::MostAttributes ||
+            m_reader.namespaceDeclarations().size() > WebDAVMultiStatus::MostAttributes) {
+            return false;
+        }
+        if (m_depth == 1) {
+            return isOfDAV(QLatin1StringView("multistatus"));
+        }
+        if (m_depth == 2 && isOfDAV(QLatin1StringView("response"))) {
+            m_result.resources.append(WebDAVMultiStatus::Resource());
+        } else if (!m_result.resources.isEmpty()) {
+            m_isInHref = m_depth == 3 && isOfDAV(QLatin1StringView("href"));
+            m_result.resources.last().isFolder |= isOfDAV(QLatin1StringView("collection"));
+        }
+        return true;
+    }
+
+    void endElement() {
+        --m_depth;
+        if (m_isInHref) {
+            m_isInHref = false;
+            m_result.resources.last().href = m_text.trimmed();
+            m_text.clear();
+        }
+    }
+
+    bool isOfDAV(QLatin1StringView name) const {
+        return m_reader.namespaceUri() == QLatin1StringView("DAV:") && m_reader.name() == name;
+    }
+
+    const QByteArray &m_document;
+    const EngineFuture &m_future;
+    QXmlStreamReader m_reader;
+    WebDAVMultiStatus m_result;
+    qsizetype m_position = 0;
+    qsizetype m_tokenLength = 0;
+    int m_elements = 0;
+    int m_depth = 0;
+    bool m_isInHref = false;
+    QString m_text;
+};
 
 }  // namespace
 
-std::optional<WebDAVMultiStatus> WebDAVMultiStatus::parse(const QByteArray &document) {
-    QXmlStreamReader reader(document);
-    WebDAVMultiStatus result;
-    int depth = 0;
-    while (!reader.atEnd()) {
-        const QXmlStreamReader::TokenType token = reader.readNext();
-        const bool isHostile = token == QXmlStreamReader::DTD ||
-                               token == QXmlStreamReader::EntityReference || depth > DeepestNesting;
-        if (isHostile) {
-            return {};
-        }
-        if (token == QXmlStreamReader::EndElement) {
-            --depth;
-        }
-        if (token != QXmlStreamReader::StartElement) {
-            continue;
-        }
-        ++depth;
-        if (depth == 1 && !isOfDAV(reader, QLatin1StringView("multistatus"))) {
-            return {};
-        }
-        if (depth == 2 && isOfDAV(reader, QLatin1StringView("response"))) {
-            result.resources.append(Resource());
-        } else if (result.resources.isEmpty()) {
-            continue;
-        } else if (depth == 3 && isOfDAV(reader, QLatin1StringView("href"))) {
-            result.resources.last().href = reader.readElementText().trimmed();
-            --depth;
-        } else if (isOfDAV(reader, QLatin1StringView("collection"))) {
-            result.resources.last().isFolder = true;
-        }
-    }
-    return reader.hasError() || depth != 0 ? std::nullopt : std::optional(result);
+std::optional<WebDAVMultiStatus> WebDAVMultiStatus::parse(const QByteArray &document,
+                                                          const EngineFuture &future) {
+    return MultiStatusReader(document, future).read();
 }

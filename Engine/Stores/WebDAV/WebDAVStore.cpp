@@ -138,7 +138,7 @@ Expected<QStringList> WebDAVStore::namesInPackage(const EngineFuture &future) {
         const Expected<void> made = makeFolder({}, future);
         return made ? Expected<QStringList>(QStringList()) : failure(made.error());
     }
-    return names({}, answer);
+    return names({}, answer, future);
 }
 
 Expected<QStringList> WebDAVStore::listFolder(const QString &folder, const EngineFuture &future) {
@@ -146,7 +146,7 @@ Expected<QStringList> WebDAVStore::listFolder(const QString &folder, const Engin
     if (answer && answer->status == HttpStatus::NotFound) {
         return QStringList();
     }
-    return names(folder, answer);
+    return names(folder, answer, future);
 }
 
 Expected<HttpClient::Response> WebDAVStore::propertiesOfAll(const QString &folder,
@@ -160,8 +160,8 @@ Expected<HttpClient::Response> WebDAVStore::propertiesOfAll(const QString &folde
                          future);
 }
 
-Expected<QStringList> WebDAVStore::names(const QString &folder,
-                                         const Expected<Response> &answer) const {
+Expected<QStringList> WebDAVStore::names(const QString &folder, const Expected<Response> &answer,
+                                         const EngineFuture &future) const {
     if (!answer) {
         return failure(answer.error());
     }
@@ -169,12 +169,15 @@ Expected<QStringList> WebDAVStore::names(const QString &folder,
     if (response.status != HttpStatus::MultiStatus) {
         return failure(httpError(response, folder));
     }
-    const auto listing = WebDAVMultiStatus::parse(response.body);
+    const auto listing = WebDAVMultiStatus::parse(response.body, future);
     const QUrl folderItself = folderURL(folder);
     const QStringList above = decodedParts(folderItself);
     QStringList names;
     for (const WebDAVMultiStatus::Resource &resource :
          listing.value_or(WebDAVMultiStatus()).resources) {
+        if (future.isCancelled()) {
+            break;
+        }
         const QStringList parts =
             decodedParts(folderItself.resolved(QUrl::fromEncoded(resource.href.toUtf8())));
         if (parts == above && !resource.isFolder) {
@@ -186,6 +189,9 @@ Expected<QStringList> WebDAVStore::names(const QString &folder,
             return failure(notUnderstood());
         }
         names.append(parts.mid(above.size()));
+    }
+    if (future.isCancelled()) {
+        return failure(operationCancelled());
     }
     return listing ? Expected<QStringList>(names) : failure(notUnderstood());
 }

@@ -48,7 +48,8 @@ private:
     QUrl folderURL(const QString &name) const;
     Expected<QStringList> namesInPackage(const EngineFuture &future);
     Expected<Response> propertiesOfAll(const QString &folder, const EngineFuture &future);
-    Expected<QStringList> names(const QString &folder, const Expected<Response> &answer) const;
+    Expected<QStringList> names(const QString &folder, const Expected<Response> &answer,
+                                const EngineFuture &future) const;
     Expected<Response> put(const QString &name, const QByteArray &contents,
                            const EngineFuture &future);
     Expected<void> makeFoldersAbove(const QString &name, const EngineFuture &future);
