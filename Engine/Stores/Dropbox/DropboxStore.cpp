@@ -2,6 +2,7 @@
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
+#include <numeric>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
@@ -56,6 +57,15 @@ bool isDone(const HttpClient::Response &response, const QByteArray &outcome) {
            !QJsonDocument::fromJson(outcome).object().isEmpty();
 }
 
+/// Bytes, roughly.
+qsizetype memoryOf(const QStringList &names) {
+    return std::accumulate(names.begin(), names.end(), qsizetype(0),
+                           [](qsizetype sum, const QString &name) {
+                               constexpr qsizetype Overhead = 2 * sizeof(QString);
+                               return sum + Overhead + name.size() * qsizetype(sizeof(QChar));
+                           });
+}
+
 struct Page {
     QStringList names;
     QString cursor;
@@ -99,6 +109,7 @@ Expected<void> DropboxStore::open(const EngineFuture &future) {
 Expected<QStringList> DropboxStore::listFolder(const QString &folder, const EngineFuture &future) {
     Expected<Response> answer = firstPage(folder, future);
     QStringList names;
+    qsizetype memory = 0;
     for (int pages = 0; pages < MostPages; ++pages) {
         if (!answer) {
             return failure(answer.error());
@@ -106,6 +117,7 @@ Expected<QStringList> DropboxStore::listFolder(const QString &folder, const Engi
         const auto &response = *answer;
         if (failedPart(response) == QStringLiteral("reset")) {
             names.clear();
+            memory = 0;
             answer = firstPage(folder, future);
             continue;
         }
@@ -120,6 +132,10 @@ Expected<QStringList> DropboxStore::listFolder(const QString &folder, const Engi
             break;
         }
         names.append(page->names);
+        memory += memoryOf(page->names);
+        if (memory > ListingLimit) {
+            return failure(tooLong(folder));
+        }
         if (!page->hasMore) {
             return names;
         }

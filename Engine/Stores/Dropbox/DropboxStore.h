@@ -18,7 +18,9 @@ public:
                           HttpClient::Timeouts timeouts = HttpClient::Timeouts());
 
     /// Bytes of one page of the answer that lists a folder.
-    static constexpr qint64 PageLimit = 16 << 20;
+    static constexpr qint64 PageLimit = 4 << 20;
+    /// Bytes of memory for the names of one folder; a longer listing is refused.
+    static constexpr qsizetype ListingLimit = 64 << 20;
     /// Of one folder; a list that goes on is not understood.
     static constexpr int MostPages = 10000;
     /// Bytes; Dropbox takes no longer blob in one piece.

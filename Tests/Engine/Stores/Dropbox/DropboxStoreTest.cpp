@@ -1,5 +1,7 @@
 #include "Engine/Stores/Dropbox/DropboxStore.h"
 
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
 #include <future>
 
 #include "Engine/Foundation/EngineError.h"
@@ -29,6 +31,18 @@ const QString UploadPath = QStringLiteral("/content/2/files/upload");
 
 QByteArray pathFailure(const char *tag) {
     return QByteArray(R"({"error":{".tag":"path","path":{".tag":")") + tag + "\"}}}";
+}
+
+/// A page of 10,000 long names, which is not the last one.
+QByteArray fullPage() {
+    const QByteArray name(200, 'x');
+    const QJsonArray entries = QJsonArray::fromVariantList(
+        QVariantList(10'000, QVariantMap{{QStringLiteral(".tag"), QStringLiteral("file")},
+                                         {QStringLiteral("name"), QString::fromLatin1(name)}}));
+    return QJsonDocument(QJsonObject{{QStringLiteral("cursor"), QStringLiteral("c")},
+                                     {QStringLiteral("has_more"), true},
+                                     {QStringLiteral("entries"), entries}})
+        .toJson(QJsonDocument::Compact);
 }
 
 }  // namespace
@@ -196,6 +210,16 @@ private Q_SLOTS:
         QCOMPARE(list(QStringLiteral("transactions")),
                  Expected<QStringList>(QStringList{QStringLiteral("b"), QStringLiteral("c")}));
         QCOMPARE(m_server->count(ListPath), 2);
+    }
+
+    void anEndlessListIsRefused() {
+        const QByteArray page = fullPage();
+        m_server->setAnswer(ListPath, 200, page);
+        m_server->setAnswer(ContinuePath, 200, page);
+        const Expected<QStringList> result = list(QStringLiteral("databases"));
+        QCOMPARE(code(result), EngineErrorCode::BlobRefused);
+        QVERIFY2(m_server->count(ContinuePath) < 20,
+                 qPrintable(QString::number(m_server->count(ContinuePath))));
     }
 
     void aListThatGoesOnWithoutACursorIsNotUnderstood() {
