@@ -23,14 +23,11 @@ Expected<void> FolderGrants::load() {
         return m_profile.value(QStringLiteral("SELECT value FROM settings WHERE key = ?"),
                                {SandboxSetting});
     });
-    if (!areNeeded) {
-        return failure(areNeeded.error());
-    }
     const std::lock_guard lock(m_mutex);
-    m_paths = paths;
-    m_areNeeded = areNeeded->toBool();
     m_ownFolder = m_profile.directory();
-    return {};
+    m_paths = areNeeded ? paths : QStringList();
+    m_areNeeded = !areNeeded || areNeeded->toBool();
+    return areNeeded ? Expected<void>() : failure(areNeeded.error());
 }
 
 bool FolderGrants::areNeeded() const {
