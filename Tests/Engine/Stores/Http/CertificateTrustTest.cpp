@@ -1,6 +1,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
+#include "Support/FailingTable.h"
 #include "Support/Failure.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -132,6 +133,23 @@ private Q_SLOTS:
         m_host->save();
         m_host->restart();
         QCOMPARE(rows(), 0);
+    }
+
+    void aFailedReadTrustsNothing() {
+        trust();
+        const ProfileDatabase &profile = m_host->engine().profile();
+        const QString identifier = location()->identifier();
+        const QSslCertificate certificate =
+            QSslCertificate::fromPath(m_identity.certificate).value(0);
+        const auto other = std::make_shared<CertificateTrust>(profile);
+        {
+            const FailingTable failing(profile, QStringLiteral("trusted_certificates"),
+                                       FailingTable::Fault::AllRows);
+            QVERIFY(!other->load());
+        }
+        QVERIFY(!other->contains(identifier, certificate));
+        QCOMPARE(description(other->load()), QString());
+        QVERIFY(other->contains(identifier, certificate));
     }
 
     void aStrangersNameCannotFillTheQuestion() {
