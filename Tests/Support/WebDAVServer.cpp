@@ -8,8 +8,6 @@
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
-#include <QtNetwork/QTcpServer>
-#include <QtNetwork/QTcpSocket>
 #include <csignal>
 #include <stdexcept>
 
@@ -152,10 +150,11 @@ void WebDAVServer::stop() {
     m_process.waitForFinished();
 }
 
-bool WebDAVServer::isReady() {
-    QTcpSocket socket;
-    socket.connectToHost(QHostAddress::LocalHost, port());
-    return socket.waitForConnected();
+bool WebDAVServer::isReady() const {
+    // Apache writes it when it listens. That something listens there proves less.
+    QFile file(m_ownFolder.filePath(QStringLiteral("pid")));
+    return file.open(QIODevice::ReadOnly) &&
+           file.readAll() == QByteArray::number(m_process.processId()) + '\n';
 }
 
 void WebDAVServer::writeConfiguration() const {

@@ -50,7 +50,7 @@ private:
     void writeConfiguration() const;
     QString configuration() const;
     QString authenticationConfiguration() const;
-    bool isReady();
+    bool isReady() const;
 
     Options m_options;
     QTemporaryDir m_ownFolder;
