@@ -1,10 +1,7 @@
 #include "Engine/Stores/Http/HttpClient.h"
 
-#include <QtNetwork/QNetworkAccessManager>
-#include <algorithm>
-
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Stores/Http/HttpExchange.h"
+#include "Engine/Stores/Http/HttpConnection.h"
 #include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/SyncStrings.h"
 
@@ -41,26 +38,20 @@ Error redirectionRefused(const QUrl &from, const QUrl &to) {
 }  // namespace
 
 QByteArray HttpClient::Response::header(const QByteArray &name) const {
-    const auto found = std::find_if(headers.begin(), headers.end(), [&](const Header &header) {
-        return header.name.compare(name, Qt::CaseInsensitive) == 0;
-    });
-    return found == headers.end() ? QByteArray() : found->value;
+    QByteArrayList values;
+    for (const Header &header : headers) {
+        if (header.name.compare(name, Qt::CaseInsensitive) == 0) {
+            values.append(header.value);
+        }
+    }
+    return values.join(", ");
 }
 
 HttpClient::HttpClient() : HttpClient(Options()) {}
 
-HttpClient::HttpClient(Options options)
-    : m_options(std::move(options)), m_manager(new QNetworkAccessManager) {
-    m_manager->moveToThread(&m_thread);
-    QObject::connect(&m_thread, &QThread::finished, m_manager, &QObject::deleteLater);
-    m_thread.setObjectName(QStringLiteral("HttpClient"));
-    m_thread.start();
-}
+HttpClient::HttpClient(Options options) : m_options(std::move(options)) {}
 
-HttpClient::~HttpClient() {
-    m_thread.quit();
-    m_thread.wait();
-}
+HttpClient::~HttpClient() = default;
 
 Expected<HttpClient::Response> HttpClient::send(const Request &request,
                                                 const EngineFuture &future) {
@@ -135,18 +126,19 @@ Expected<HttpClient::Response> HttpClient::exchange(const Request &request,
     if (future.isCancelled()) {
         return failure(operationCancelled());
     }
-    auto *const exchange = new HttpExchange(*m_manager, m_options, request);
-    std::future<Expected<Response>> result = exchange->result();
-    exchange->moveToThread(&m_thread);
-    QMetaObject::invokeMethod(exchange, &HttpExchange::start, Qt::QueuedConnection);
-    {
-        const std::stop_callback abortion(future.cancellation(), [exchange] {
-            QMetaObject::invokeMethod(
-                exchange, [exchange] { exchange->abort(operationCancelled()); },
-                Qt::QueuedConnection);
-        });
-        result.wait();
+    std::unique_ptr<HttpConnection> connection = takeConnection();
+    Expected<Response> response = connection->exchange(request, future);
+    const std::lock_guard lock(m_mutex);
+    m_idleConnections.push_back(std::move(connection));
+    return response;
+}
+
+std::unique_ptr<HttpConnection> HttpClient::takeConnection() {
+    const std::lock_guard lock(m_mutex);
+    if (m_idleConnections.empty()) {
+        return std::make_unique<HttpConnection>(m_options);
     }
-    exchange->deleteLater();
-    return result.get();
+    std::unique_ptr<HttpConnection> connection = std::move(m_idleConnections.back());
+    m_idleConnections.pop_back();
+    return connection;
 }

@@ -2,34 +2,34 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
-#include <QtCore/QThread>
 #include <QtCore/QUrl>
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <vector>
 
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Http/HttpAuthentication.h"
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Security/UrlCredential.h"
 
-class QNetworkAccessManager;
+class HttpConnection;
 class QSslCertificate;
 
-/// Requests to an HTTP server (RFC 9110) for threads that may wait. Connections are kept from one
-/// request to the next, credentials and all else only as long as the client. Made and destroyed on
-/// any thread; several threads may send at once.
+/// Sends requests to HTTP servers (RFC 9110) for threads that may wait. Keeps connections, and the
+/// login that a server has accepted, until it is destroyed. May be created and destroyed on any
+/// thread; several threads may send at the same time.
 class HttpClient {
 public:
-    /// None of them is for ever, however slowly a server dribbles.
     struct Timeouts {
-        /// Without a sign of life, from the beginning on: Qt does not tell when it has connected.
+        /// Maximum time without sent or received data, including connection setup.
         std::chrono::milliseconds idle = std::chrono::seconds(30);
-        /// Of one request.
+        /// Maximum time of one request, however slowly the server sends data.
         std::chrono::milliseconds total = std::chrono::minutes(10);
     };
+    /// The functions are called on the thread of `send`, and may block.
     struct Options {
         Timeouts timeouts = {};
         /// Returns the credential that may be sent with `scheme`, or an empty optional if there is
@@ -37,9 +37,8 @@ public:
         /// may block. Null means that no challenge is answered.
         std::function<std::optional<UrlCredential>(HttpAuthentication::Scheme scheme)> credential =
             {};
-        /// Whether to trust exactly this certificate, although `reasons`, which are sentences,
-        /// speak against it; absent for never. Called on a thread of the client's own, and may
-        /// block.
+        /// Returns whether to trust exactly this certificate despite `reasons`, which are
+        /// sentences. Null means never.
         std::function<bool(const QSslCertificate &certificate, const QStringList &reasons)> trusts =
             {};
     };
@@ -59,11 +58,12 @@ public:
     struct Response {
         int status = 0;
         QList<Header> headers = {};
-        /// One that came in chunks, without the header "Content-Length", may have been cut short:
-        /// Qt does not always tell.
+        /// May have been cut short if the response has neither a header field "Content-Length" nor
+        /// the transfer encoding "chunked".
         QByteArray body = {};
 
-        /// The value of the header of that name, in whatever case; empty where there is none.
+        /// Returns the values of the header fields of that name, regardless of case, joined with
+        /// commas; empty if there is none.
         QByteArray header(const QByteArray &name) const;
     };
 
@@ -74,12 +74,14 @@ public:
     HttpClient(const HttpClient &) = delete;
     HttpClient &operator=(const HttpClient &) = delete;
 
-    /// The server's answer, whatever its status. Redirections (301, 302, 307, 308) are followed
-    /// with the same method and body, but never to another scheme, host or port. One challenge of
-    /// each request is answered (see HttpAuthentication); a credential that the server has accepted
-    /// is sent with the following requests to it. Errors of the code
-    /// StoreUnreachable say what is wrong with the server or the way to it, CertificateUntrusted
-    /// why its certificate is not trusted, BlobRefused that the answer is longer than the limit.
+    /// Sends `request` and returns the response, whatever its status. Blocks until the response is
+    /// complete, a timeout passes, or `future` is cancelled, which takes effect at once. Follows
+    /// redirects (301, 302, 307, 308) with the same method and body, but never to another scheme,
+    /// host or port. Answers one challenge of each request (see HttpAuthentication), and sends a
+    /// credential that the server has accepted with the following requests to it.
+    /// Errors: StoreUnreachable if the server cannot be reached or does not send a valid response,
+    /// CertificateUntrusted, BlobRefused if the body of any response is longer than the limit, and
+    /// Cancelled.
     Expected<Response> send(const Request &request, const EngineFuture &future);
 
 private:
@@ -96,11 +98,11 @@ private:
     Request withKnownLogin(const Request &request);
     std::optional<Login> loginFor(const Request &request, const Response &challenge) const;
     Expected<Response> exchange(const Request &request, const EngineFuture &future);
+    std::unique_ptr<HttpConnection> takeConnection();
 
     const Options m_options;
     std::mutex m_mutex;
-    /// Guarded by `m_mutex`.
+    // Guarded by `m_mutex`.
     std::optional<Login> m_login;
-    QThread m_thread;
-    QNetworkAccessManager *const m_manager;
+    std::vector<std::unique_ptr<HttpConnection>> m_idleConnections;
 };

@@ -526,7 +526,7 @@ private Q_SLOTS:
             while (!(request = connection.readRequest()).isEmpty()) {
                 QTcpSocket apache;
                 apache.connectToHost(QHostAddress::LocalHost, m_server->port());
-                apache.write(request.replace("Connection: Keep-Alive", "Connection: close"));
+                apache.write(request.insert(request.indexOf("\r\n") + 2, "Connection: close\r\n"));
                 QByteArray answer;
                 while (apache.waitForReadyRead()) {
                     answer += apache.readAll();

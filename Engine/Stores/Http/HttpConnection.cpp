@@ -1,0 +1,311 @@
+#include "Engine/Stores/Http/HttpConnection.h"
+
+#include <openssl/ssl.h>
+
+#include <QtNetwork/QSslCertificate>
+#include <QtNetwork/QSslError>
+#include <algorithm>
+#include <cerrno>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Host/SyncStrings.h"
+
+namespace {
+
+QString certificateReason(const QSslError &error) {
+    switch (error.error()) {
+        case QSslError::SelfSignedCertificate:
+            return localizedSyncString("The certificate is self-signed.");
+        case QSslError::SelfSignedCertificateInChain:
+        case QSslError::UnableToGetLocalIssuerCertificate:
+        case QSslError::UnableToVerifyFirstCertificate:
+        case QSslError::UnableToGetIssuerCertificate:
+        case QSslError::CertificateUntrusted:
+            return localizedSyncString(
+                "The certificate was issued by an authority that this computer does not trust.");
+        case QSslError::CertificateExpired:
+            return localizedSyncString("The certificate has expired.");
+        case QSslError::CertificateNotYetValid:
+            return localizedSyncString("The certificate is not valid yet.");
+        case QSslError::HostNameMismatch:
+            return localizedSyncString("The certificate was issued for another server.");
+        default:
+            return error.errorString();
+    }
+}
+
+QStringList certificateReasons(const QList<QSslError> &errors) {
+    QStringList reasons;
+    for (const QSslError &error : errors) {
+        reasons.append(certificateReason(error));
+    }
+    reasons.removeDuplicates();
+    return reasons;
+}
+
+QSslCertificate certificateFrom(X509 *certificate) {
+    QByteArray bytes(std::max(i2d_X509(certificate, nullptr), 0), '\0');
+    auto *end = reinterpret_cast<unsigned char *>(bytes.data());
+    i2d_X509(certificate, &end);
+    return QSslCertificate(bytes, QSsl::Der);
+}
+
+}  // namespace
+
+HttpConnection::HttpConnection(const HttpClient::Options &options) : m_options(options) {
+    static const CURLcode initialized = curl_global_init(CURL_GLOBAL_DEFAULT);
+    if (initialized == CURLE_OK) {
+        m_multi.reset(curl_multi_init());
+        m_easy.reset(curl_easy_init());
+    }
+}
+
+HttpConnection::~HttpConnection() = default;
+
+Expected<HttpClient::Response> HttpConnection::exchange(const HttpClient::Request &request,
+                                                        const EngineFuture &future) {
+    m_request = &request;
+    m_response = {};
+    m_headerSize = 0;
+    m_areHeadersComplete = false;
+    m_transferred = 0;
+    m_error.reset();
+    configure(request);
+    const CURLcode code = m_isConfigured ? run(future) : CURLE_FAILED_INIT;
+    if (m_error) {
+        return failure(*m_error);
+    }
+    if (code != CURLE_OK || !m_areHeadersComplete) {
+        return failure(transportError(code == CURLE_OK ? CURLE_PARTIAL_FILE : code));
+    }
+    long status = 0;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_RESPONSE_CODE, &status);
+    m_response.status = static_cast<int>(status);
+    return std::move(m_response);
+}
+
+template <class Value>
+void HttpConnection::set(CURLoption option, Value value) {
+    m_isConfigured = m_isConfigured && curl_easy_setopt(m_easy.get(), option, value) == CURLE_OK;
+}
+
+/// Sets everything for each request. Nothing that libcurl could do by itself is left to it:
+/// redirects, challenges, cookies, proxies and certificates.
+void HttpConnection::configure(const HttpClient::Request &request) {
+    m_isConfigured = m_multi && m_easy;
+    if (!m_isConfigured) {
+        return;
+    }
+    curl_easy_reset(m_easy.get());
+    m_errorText[0] = '\0';
+    const QByteArray URL = request.URL.toEncoded(QUrl::RemoveUserInfo | QUrl::RemoveFragment |
+                                                 QUrl::NormalizePathSegments);
+    set(CURLOPT_URL, URL.constData());
+    set(CURLOPT_PATH_AS_IS, 1L);
+    set(CURLOPT_PROTOCOLS_STR, "http,https");
+    set(CURLOPT_HTTP_VERSION, long(CURL_HTTP_VERSION_1_1));
+    set(CURLOPT_FOLLOWLOCATION, 0L);
+    set(CURLOPT_PROXY, "");
+    set(CURLOPT_NOSIGNAL, 1L);
+    set(CURLOPT_QUICK_EXIT, 1L);
+    set(CURLOPT_USERAGENT, "Velmora");
+    set(CURLOPT_ERRORBUFFER, m_errorText);
+    // The certificate is verified by verifyCertificate instead.
+    set(CURLOPT_SSL_VERIFYPEER, 0L);
+    set(CURLOPT_SSL_VERIFYHOST, 0L);
+    set(CURLOPT_SSL_SESSIONID_CACHE, 0L);
+    set(CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
+    set(CURLOPT_SSL_CTX_FUNCTION, &HttpConnection::prepareTLS);
+    set(CURLOPT_SSL_CTX_DATA, this);
+    set(CURLOPT_HEADERFUNCTION, &HttpConnection::takeHeader);
+    set(CURLOPT_HEADERDATA, this);
+    set(CURLOPT_WRITEFUNCTION, &HttpConnection::takeBody);
+    set(CURLOPT_WRITEDATA, this);
+    set(CURLOPT_NOPROGRESS, 0L);
+    set(CURLOPT_XFERINFOFUNCTION, &HttpConnection::takeProgress);
+    set(CURLOPT_XFERINFODATA, this);
+    configureHeaders(request);
+    configureBody(request);
+}
+
+void HttpConnection::configureHeaders(const HttpClient::Request &request) {
+    // A compressed response could not be limited by what is received. A header without a value is
+    // not sent.
+    QByteArrayList lines = {"Accept-Encoding: identity", "Expect:"};
+    for (const HttpClient::Header &header : request.headers) {
+        lines.append(header.name + ": " + header.value);
+    }
+    curl_slist *list = nullptr;
+    for (const QByteArray &line : lines) {
+        list = curl_slist_append(list, line.constData());
+    }
+    m_headers.reset(list);
+    set(CURLOPT_HTTPHEADER, list);
+}
+
+void HttpConnection::configureBody(const HttpClient::Request &request) {
+    if (!request.body.isEmpty() || request.method == "PUT" || request.method == "POST") {
+        set(CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(request.body.size()));
+        set(CURLOPT_POSTFIELDS, request.body.constData());
+    }
+    set(CURLOPT_CUSTOMREQUEST, request.method.constData());
+}
+
+CURLcode HttpConnection::run(const EngineFuture &future) {
+    const QDeadlineTimer end(m_options.timeouts.total);
+    m_idleDeadline = QDeadlineTimer(m_options.timeouts.idle);
+    const std::stop_callback wakeUp(future.cancellation(),
+                                    [this] { curl_multi_wakeup(m_multi.get()); });
+    curl_multi_add_handle(m_multi.get(), m_easy.get());
+    std::optional<CURLcode> result;
+    while (!result && !m_error) {
+        int count = 0;
+        curl_multi_perform(m_multi.get(), &count);
+        if (const CURLMsg *message = curl_multi_info_read(m_multi.get(), &count)) {
+            result = message->data.result;
+        } else if (future.isCancelled()) {
+            m_error = operationCancelled();
+        } else if (end.hasExpired()) {
+            m_error = engineError(EngineErrorCode::StoreUnreachable,
+                                  "The server “%1” takes too long to respond. Try again later.",
+                                  server());
+        } else if (m_idleDeadline.hasExpired()) {
+            m_error = engineError(
+                EngineErrorCode::StoreUnreachable,
+                "The server “%1” does not respond. Check the network connection and try again.",
+                server());
+        } else {
+            const qint64 wait = std::min(end.remainingTime(), m_idleDeadline.remainingTime());
+            curl_multi_poll(m_multi.get(), nullptr, 0, static_cast<int>(wait) + 1, nullptr);
+        }
+    }
+    curl_multi_remove_handle(m_multi.get(), m_easy.get());
+    return result.value_or(CURLE_ABORTED_BY_CALLBACK);
+}
+
+size_t HttpConnection::takeHeader(char *bytes, size_t size, size_t count, void *connection) {
+    const QByteArray line(bytes, static_cast<qsizetype>(size * count));
+    return static_cast<HttpConnection *>(connection)->takeHeaderLine(line) ? size * count : 0;
+}
+
+bool HttpConnection::takeHeaderLine(const QByteArray &line) {
+    m_headerSize += line.size();
+    if (m_headerSize > HeaderLimit) {
+        m_error = engineError(EngineErrorCode::StoreUnreachable,
+                              "The server “%1” sent a response that is too long. Ask its "
+                              "administrator.",
+                              server());
+        return false;
+    }
+    const qsizetype colon = line.indexOf(':');
+    m_areHeadersComplete = line.trimmed().isEmpty();
+    if (line.startsWith("HTTP/")) {
+        m_response.headers.clear();
+    } else if (colon > 0) {
+        m_response.headers.append({line.first(colon), line.mid(colon + 1).trimmed()});
+    }
+    return true;
+}
+
+size_t HttpConnection::takeBody(char *bytes, size_t size, size_t count, void *connection) {
+    auto &self = *static_cast<HttpConnection *>(connection);
+    const auto length = static_cast<qsizetype>(size * count);
+    if (self.m_response.body.size() + length > self.m_request->limit) {
+        self.m_error =
+            engineError(EngineErrorCode::BlobRefused,
+                        "The server “%1” sent a response that is too long. Ask its administrator.",
+                        self.server());
+        return 0;
+    }
+    self.m_response.body.append(bytes, length);
+    return size * count;
+}
+
+int HttpConnection::takeProgress(void *connection, curl_off_t, curl_off_t received, curl_off_t,
+                                 curl_off_t sent) {
+    auto &self = *static_cast<HttpConnection *>(connection);
+    const curl_off_t transferred = received + sent + self.m_headerSize;
+    if (transferred != self.m_transferred) {
+        self.m_transferred = transferred;
+        self.m_idleDeadline = QDeadlineTimer(self.m_options.timeouts.idle);
+    }
+    return 0;
+}
+
+CURLcode HttpConnection::prepareTLS(CURL *, void *context, void *connection) {
+    auto *const TLS = static_cast<SSL_CTX *>(context);
+    SSL_CTX_set_verify(TLS, SSL_VERIFY_PEER, nullptr);
+    SSL_CTX_set_cert_verify_callback(TLS, &HttpConnection::verifyCertificate, connection);
+    return CURLE_OK;
+}
+
+int HttpConnection::verifyCertificate(X509_STORE_CTX *context, void *connection) {
+    QList<QSslCertificate> chain;
+    const STACK_OF(X509) *const certificates = X509_STORE_CTX_get0_untrusted(context);
+    for (int i = 0; i < sk_X509_num(certificates); ++i) {
+        chain.append(certificateFrom(sk_X509_value(certificates, i)));
+    }
+    const bool isAccepted = static_cast<HttpConnection *>(connection)->judgeCertificate(chain);
+    X509_STORE_CTX_set_error(context, isAccepted ? X509_V_OK : X509_V_ERR_APPLICATION_VERIFICATION);
+    return isAccepted ? 1 : 0;
+}
+
+bool HttpConnection::judgeCertificate(const QList<QSslCertificate> &chain) {
+    const QSslCertificate certificate = chain.value(0);
+    const QList<QSslError> errors = QSslCertificate::verify(chain, m_request->URL.host());
+    const QStringList reasons = certificateReasons(errors);
+    if (!certificate.isNull() &&
+        (errors.isEmpty() || (m_options.trusts && m_options.trusts(certificate, reasons)))) {
+        return true;
+    }
+    m_error = engineError(EngineErrorCode::CertificateUntrusted,
+                          localizedSyncString("The server “%1” cannot prove its identity: %2")
+                              .arg(server(), reasons.join(u' ')));
+    return false;
+}
+
+Error HttpConnection::transportError(CURLcode code) const {
+    long systemError = 0;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_OS_ERRNO, &systemError);
+    const QString text = QString::fromUtf8(*m_errorText ? m_errorText : curl_easy_strerror(code));
+    switch (code) {
+        case CURLE_COULDNT_RESOLVE_HOST:
+            return engineError(
+                EngineErrorCode::StoreUnreachable,
+                "The server “%1” was not found. Check its name and the network connection.",
+                server());
+        case CURLE_UNSUPPORTED_PROTOCOL:
+        case CURLE_WEIRD_SERVER_REPLY:
+        case CURLE_GOT_NOTHING:
+        case CURLE_PARTIAL_FILE:
+        case CURLE_SEND_ERROR:
+        case CURLE_RECV_ERROR:
+            return engineError(
+                EngineErrorCode::StoreUnreachable,
+                "The server “%1” closed the connection without a response. Check its name and "
+                "port.",
+                server());
+        case CURLE_SSL_CONNECT_ERROR:
+            return engineError(
+                EngineErrorCode::StoreUnreachable,
+                localizedSyncString(
+                    "A secure connection to the server “%1” could not be established: %2.")
+                    .arg(server(), text));
+        default:
+            break;
+    }
+    if (code == CURLE_COULDNT_CONNECT && systemError == ECONNREFUSED) {
+        return engineError(EngineErrorCode::StoreUnreachable,
+                           "The server “%1” refused the connection. Check the port, and "
+                           "whether the server is running.",
+                           server());
+    }
+    return engineError(
+        EngineErrorCode::StoreUnreachable,
+        localizedSyncString("The server “%1” cannot be reached: %2. Check the network connection.")
+            .arg(server(), text));
+}
+
+QString HttpConnection::server() const {
+    return m_request->URL.authority();
+}
