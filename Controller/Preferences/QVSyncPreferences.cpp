@@ -217,8 +217,6 @@ QVSyncPreferences::StandIn QVSyncPreferences::standInForAsynchronousDatabase(
 
 QVSyncPreferences::StandIn QVSyncPreferences::localDatabaseForUUID(const QString &UUID) const {
     if (!m_localDatabasesByUUID) {
-    requireParameter(database != nullptr, "database != nil",
-                     "QVSyncPreferences::addLocalDatabasesObject", sourceFile);
         return nullptr;
     }
     const auto found = m_localDatabasesByUUID->find(UUID);
@@ -227,7 +225,7 @@ QVSyncPreferences::StandIn QVSyncPreferences::localDatabaseForUUID(const QString
 
 void QVSyncPreferences::addLocalDatabasesObject(const StandIn &database) {
     requireParameter(database != nullptr, "database != nil",
-                     "QVSyncPreferences::removeLocalDatabasesObject", sourceFile);
+                     "QVSyncPreferences::addLocalDatabasesObject", sourceFile);
     if (m_localDatabasesByUUID) {
         (*m_localDatabasesByUUID)[database->UUID()] = database;
     }
@@ -235,6 +233,8 @@ void QVSyncPreferences::addLocalDatabasesObject(const StandIn &database) {
 }
 
 void QVSyncPreferences::removeLocalDatabasesObject(const StandIn &database) {
+    requireParameter(database != nullptr, "database != nil",
+                     "QVSyncPreferences::removeLocalDatabasesObject", sourceFile);
     if (m_localDatabasesByUUID) {
         m_localDatabasesByUUID->erase(database->UUID());
     }
