@@ -98,7 +98,7 @@ void EngineDispatcher::cancelJobsOfLocation(const QString &identifier) {
     m_waiting.removeIf([&](const Entry &entry) {
         const bool isRemoved = entry.job->subject().store == identifier;
         for (const auto &handler : isRemoved ? entry.handlers : decltype(entry.handlers)()) {
-            MainThreadQueue::post([handler] { handler(operationCancelled()); });
+            postHandler([handler] { handler(operationCancelled()); });
         }
         return isRemoved;
     });
