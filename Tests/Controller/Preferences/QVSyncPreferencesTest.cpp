@@ -526,6 +526,14 @@ private Q_SLOTS:
                  prefix + QStringLiteral("location != nil"));
         QCOMPARE(conditionOf([&] { m_pane->synchronizationSelectionForSyncLocationWithURL({}); }),
                  prefix + QStringLiteral("URL != nil"));
+        QCOMPARE(conditionOf([&] { m_pane->presentSynchronizationSelectionError({}); }),
+                 prefix + QStringLiteral("error != nil"));
+        QCOMPARE(conditionOf([&] { m_pane->addLocalDatabasesObject(nullptr); }),
+                 prefix + QStringLiteral("database != nil"));
+        QCOMPARE(conditionOf([&] { m_pane->removeLocalDatabasesObject(nullptr); }),
+                 prefix + QStringLiteral("database != nil"));
+        QVERIFY(m_pane->synchronizationSelections().isEmpty());
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
     }
 
     void databaseRowsCanBeSelectedButNoStringsAndPlaceholders() {
@@ -581,12 +589,4 @@ private Q_SLOTS:
 };
 
 VELMORA_TEST(QVSyncPreferencesTest)
-QCOMPARE(conditionOf([&] { m_pane->presentSynchronizationSelectionError({}); }),
-         prefix + QStringLiteral("error != nil"));
-QCOMPARE(conditionOf([&] { m_pane->addLocalDatabasesObject(nullptr); }),
-         prefix + QStringLiteral("database != nil"));
-QCOMPARE(conditionOf([&] { m_pane->removeLocalDatabasesObject(nullptr); }),
-         prefix + QStringLiteral("database != nil"));
-QVERIFY(m_pane->synchronizationSelections().isEmpty());
-QVERIFY(m_host->application().presentedErrors().isEmpty());
 #include "QVSyncPreferencesTest.moc"
