@@ -101,13 +101,15 @@ void QVListView::setContent(const QVariantList &content) {
     }
     // Kept: what is called on the way may replace the list that `content` refers to.
     const QVariantList objects = content;  // NOLINT(performance-unnecessary-copy-initialization)
-    // A visible list would look for what is under the pointer at each row that comes or goes.
-    const bool wasVisible = isVisible();
-    if (wasVisible) {
+    // A visible list looks for what is under the pointer at each row that comes or goes. To hide it
+    // costs as much as it keeps rows.
+    const qsizetype kept = reusableViews(objects);
+    const bool hides = isVisible() && m_items.size() + objects.size() > 3 * kept;
+    if (hides) {
         hide();
     }
     makeItems(objects);
-    if (wasVisible) {
+    if (hides) {
         show();
     }
     KeyValue::announce<&QVListView::contentChanged>(this);
@@ -116,11 +118,23 @@ void QVListView::setContent(const QVariantList &content) {
 void QVListView::makeItems(const QVariantList &objects) {
     bool selectionIsEmpty = selectionIndexes().empty();
     m_content = objects;
-    removeItems();
+    qsizetype kept = reusableViews(objects);
+    QList<Item> before = std::exchange(m_items, {});
+    discardViews(kept, before);
     for (qsizetype i = 0; i < objects.size(); ++i) {
-        const Item item = newItemForRepresentedObject(objects.at(i));
+        const Item item = copyPrototype(objects.at(i));
+        if (i < kept && !item->takeView(before.at(i).get())) {
+            // The delegate has named another prototype than before.
+            kept = i;
+            discardViews(kept, before);
+        }
         m_items.append(item);
-        item->view()->setParent(this);
+        if (i < kept) {
+            setMenu(item->view());
+        } else {
+            connectView(item.get());
+            item->view()->setParent(this);
+        }
         if (selectionIsEmpty && shouldSelect(item.get())) {
             selectionIsEmpty = false;
             setSelectionIndexes({i});
@@ -130,22 +144,39 @@ void QVListView::makeItems(const QVariantList &objects) {
         }
     }
     layoutSubviews();
-    for (const Item &item : std::as_const(m_items)) {
-        item->view()->show();
+    for (qsizetype i = kept; i < m_items.size(); ++i) {
+        m_items.at(i)->view()->show();
     }
 }
 
-void QVListView::removeItems() {
+/// The number of items, from the first on, whose views can show the first of `objects`.
+qsizetype QVListView::reusableViews(const QVariantList &objects) const {
+    const QList<QWidget *> views = subviews();
+    const qsizetype most = qMin(views.size(), qMin(m_items.size(), objects.size()));
+    qsizetype count = 0;
+    while (count < most && m_items.at(count)->model() &&
+           m_items.at(count)->view() == views.at(count) &&
+           m_items.at(count)->representedObject() == objects.at(count)) {
+        ++count;
+    }
+    return count;
+}
+
+/// Discards all views from `first` on, and the items from there on, which had them.
+void QVListView::discardViews(qsizetype first, QList<Item> &items) {
+    const QList<QWidget *> views = subviews().mid(first);
+    if (views.isEmpty()) {
+        return;
+    }
     // One of the views may be handling an event right now, so they go later. Until then they stay
     // in the window: leaving it would search its whole chain of focus once for each.
     auto *discarded = new QWidget(isWindow() ? nullptr : window());
-    const QList<QWidget *> old = subviews();
-    for (QWidget *view : old) {
+    for (QWidget *view : views) {
         view->setParent(discarded);
     }
     // Before their parent goes: views that wait to be deleted one by one go fast, but as children
     // each would search all that waits.
-    m_items.clear();
+    items.remove(first, items.size() - first);
     discarded->deleteLater();
 }
 
@@ -170,18 +201,31 @@ void QVListView::setSelectionIndexes(const IndexSet &indexes) {
     KeyValue::announce<&QVListView::selectionIndexesChanged>(this);
 }
 
-QVListView::Item QVListView::newItemForRepresentedObject(const QVariant &object) {
+QVListView::Item QVListView::copyPrototype(const QVariant &object) {
     const CollectionViewItem *prototype =
         m_delegate ? m_delegate->collectionViewItemPrototypeForRepresentedObject(this, object)
                    : nullptr;
     Item item = (prototype ? prototype : m_itemPrototype.get())->copy();
     item->setRepresentedObject(object);
-    QWidget *view = item->view();
+    return item;
+}
+
+void QVListView::setMenu(QWidget *view) const {
     ContextMenu::setMenu(view,
                          m_itemPrototype ? ContextMenu::menu(m_itemPrototype->view()) : nullptr);
+}
+
+void QVListView::connectView(CollectionViewItem *item) const {
+    QWidget *view = item->view();
+    setMenu(view);
     if (view->metaObject()->indexOfProperty(selectedKey) >= 0) {
-        KeyValue::bind(view, selectedKey, item.get(), selectedKey);
+        KeyValue::bind(view, selectedKey, item->model(), selectedKey);
     }
+}
+
+QVListView::Item QVListView::newItemForRepresentedObject(const QVariant &object) {
+    Item item = copyPrototype(object);
+    connectView(item.get());
     return item;
 }
 

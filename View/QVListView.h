@@ -24,7 +24,9 @@ class QVListView : public QWidget, public BindableView {
     /// The objects, in display order. Setting the very list that is there (shared, not equal) does
     /// nothing. Any other rebuilds all items before it returns: with nothing selected before, the
     /// first item that the delegate accepts is selected then, and "selectionIndexes" announced;
-    /// otherwise nothing is selected afterwards, without an announcement.
+    /// otherwise nothing is selected afterwards, without an announcement. As far as the new list
+    /// begins like the old one, the new items take the views of the old ones, so that an appended
+    /// object costs one view.
     Q_PROPERTY(QVariantList content READ content WRITE setContent NOTIFY contentChanged)
     /// The positions of the selected items, computed from them. Setting it goes item by item:
     /// where the delegate refuses one, its selection stays as it is. Positions past the end are
@@ -100,8 +102,12 @@ protected:
 
 private:
     bool shouldSelect(CollectionViewItem *item);
-    void removeItems();
     void makeItems(const QVariantList &objects);
+    Item copyPrototype(const QVariant &object);
+    void setMenu(QWidget *view) const;
+    void connectView(CollectionViewItem *item) const;
+    qsizetype reusableViews(const QVariantList &objects) const;
+    void discardViews(qsizetype first, QList<Item> &items);
     QList<QWidget *> subviews() const;
 
     std::optional<QVariantList> m_content;

@@ -14,14 +14,19 @@ class QWidget;
 /// Main thread. The item owns its view until the view gets a parent, and deletes it in any case
 /// when it goes: later, from the event loop, because the item may go while its view handles an
 /// event.
+///
+/// A view can pass from one item to the next that shows the same object. What it observes is
+/// therefore not the item itself but another one, its model, which goes with the view and follows
+/// the item that has it.
 class PLATFORM_EXPORT CollectionViewItem : public QObject {
     Q_OBJECT
     Q_PROPERTY(QVariant representedObject READ representedObject WRITE setRepresentedObject NOTIFY
                    representedObjectChanged)
     Q_PROPERTY(bool selected READ isSelected WRITE setSelected NOTIFY selectedChanged)
 public:
-    /// Makes the view of `item`, without a parent. Never answers nullptr.
-    using ViewFactory = std::function<QWidget *(CollectionViewItem *item)>;
+    /// Makes a view, without a parent, that observes `model` and does not write to it. Never
+    /// returns nullptr. `model` lives as long as an item has the view.
+    using ViewFactory = std::function<QWidget *(CollectionViewItem *model)>;
 
     explicit CollectionViewItem(ViewFactory makeView, QObject *parent = nullptr);
     ~CollectionViewItem() override;
@@ -35,14 +40,23 @@ public:
     void setSelected(bool selected);
     /// Made when first asked for.
     QWidget *view();
+    /// What the view observes; nullptr before the view is made.
+    CollectionViewItem *model() const { return m_model.get(); }
+    /// Takes the view of `other`, with its model, if this item has none, represents an equal object
+    /// and is a copy of the same item. Returns whether it did; `other` then has no view.
+    bool takeView(CollectionViewItem *other);
 
 Q_SIGNALS:
     void representedObjectChanged();
     void selectedChanged();
 
 private:
-    const ViewFactory m_makeView;
+    explicit CollectionViewItem(std::shared_ptr<const ViewFactory> makeView);
+
+    /// Shared by all copies.
+    const std::shared_ptr<const ViewFactory> m_makeView;
     QPointer<QWidget> m_view;
+    std::unique_ptr<CollectionViewItem> m_model;
     QVariant m_representedObject;
     bool m_isSelected = false;
 };

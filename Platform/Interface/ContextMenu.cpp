@@ -45,7 +45,11 @@ QMenu *ContextMenu::menu(const QWidget *view) {
 }
 
 void ContextMenu::setMenu(QWidget *view, QMenu *menu) {
-    delete openerOf(view);
+    const MenuOpener *opener = openerOf(view);
+    if (opener && opener->menu() == menu) {
+        return;
+    }
+    delete opener;
     if (menu) {
         new MenuOpener(view, menu);
     }

@@ -192,8 +192,8 @@ private:
             return;
         }
         const auto prototype =
-            std::make_shared<CollectionViewItem>([nibName, owner](CollectionViewItem *item) {
-                return Nib::load(nibName, owner, {{QStringLiteral("item"), item}});
+            std::make_shared<CollectionViewItem>([nibName, owner](CollectionViewItem *model) {
+                return Nib::load(nibName, owner, {{QStringLiteral("item"), model}});
             });
         KeyValue::setValue(part, "itemPrototype", QVariant::fromValue(prototype));
     }

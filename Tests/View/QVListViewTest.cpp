@@ -434,6 +434,85 @@ private Q_SLOTS:
         QVERIFY(m_list->items().at(1) != items.at(1));
     }
 
+    void itemsOfTheSameBeginningTakeTheViewsOfTheOldOnes() {
+        m_list->setContent(texts({"40", "60", "20"}));
+        const auto before = m_list->items();
+        const QWidgetList views = subviews();
+        before.at(1)->setSelected(true);
+        m_list->setContent(texts({"40", "60", "30", "20"}));
+        const auto after = m_list->items();
+        QCOMPARE(subviews().size(), 4);
+        QCOMPARE(subviews().mid(0, 2), views.mid(0, 2));
+        for (qsizetype i = 0; i < after.size(); ++i) {
+            QVERIFY(!before.contains(after.at(i)));
+            QCOMPARE(after.at(i)->view(), subviews().at(i));
+            QVERIFY(after.at(i)->view()->isVisible());
+        }
+        QCOMPARE(frames(),
+                 QList<QRect>(
+                     {{0, 0, 300, 40}, {0, 40, 300, 60}, {0, 100, 300, 30}, {0, 130, 300, 20}}));
+        QCOMPARE(m_list->height(), 150);
+        QCOMPARE(m_list->selectionIndexes(), IndexSet());
+        QVERIFY(!row(1)->isSelected());
+        QVERIFY(!views.contains(row(2)));
+    }
+
+    void aTakenViewFollowsItsNewItemAlone() {
+        m_list->setContent(texts({"a"}));
+        const QVListView::Item old = m_list->items().constFirst();
+        m_list->setContent(texts({"a", "b"}));
+        old->setSelected(false);
+        m_list->items().constFirst()->setSelected(true);
+        QVERIFY(row(0)->isSelected());
+        old->setSelected(false);
+        QVERIFY(row(0)->isSelected());
+        QVERIFY(!old->model());
+        QVERIFY(old->view() != m_list->items().constFirst()->view());
+    }
+
+    void anotherPrototypeMakesAnotherView() {
+        m_list->setContent(texts({"a", "b", "c"}));
+        const QWidgetList views = subviews();
+        CollectionViewItem special([](CollectionViewItem *) { return new QLabel; });
+        m_delegate->specialObject = QStringLiteral("b");
+        m_delegate->specialPrototype = &special;
+        m_list->setContent(texts({"a", "b", "c"}));
+        QCOMPARE(subviews().size(), 3);
+        QCOMPARE(subviews().at(0), views.at(0));
+        QVERIFY(qobject_cast<QLabel *>(subviews().at(1)));
+        QVERIFY(subviews().at(2) != views.at(2));
+        QCOMPARE(m_list->items().at(2)->view(), subviews().at(2));
+    }
+
+    void aTakenViewGetsTheMenuOfThePresentPrototype() {
+        QMenu first;
+        QMenu second;
+        ContextMenu::setMenu(m_list->itemPrototype()->view(), &first);
+        m_list->setContent(texts({"a"}));
+        ContextMenu::setMenu(m_list->itemPrototype()->view(), &second);
+        m_list->setContent(texts({"a", "b"}));
+        QCOMPARE(ContextMenu::menu(row(0)), &second);
+        QCOMPARE(ContextMenu::menu(row(1)), &second);
+    }
+
+    void contentSetWhileOldViewsWaitToBeTakenWins() {
+        m_list->setContent(texts({"a", "b", "c"}));
+        m_list->setSelectionIndexes({});
+        m_list->items().at(0)->setSelected(false);
+        const QVariantList other = texts({"a", "x"});
+        bool isFirst = true;
+        const auto observation = KeyValue::observe(m_list, "selectionIndexes", [&] {
+            if (std::exchange(isFirst, false)) {
+                m_list->setContent(other);
+            }
+        });
+        m_list->setContent(texts({"a", "b", "c", "d"}));
+        QCOMPARE(m_list->content(), other);
+        QCOMPARE(m_list->items().size(), 2);
+        QCOMPARE(subviews(),
+                 QWidgetList({m_list->items().at(0)->view(), m_list->items().at(1)->view()}));
+    }
+
     void contentIsACopy() {
         QVariantList content = texts({"a"});
         m_list->setContent(content);
