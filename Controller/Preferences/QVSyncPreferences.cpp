@@ -88,17 +88,10 @@ void QVSyncPreferences::fillAddMenu() {
 
 void QVSyncPreferences::willSelect() {
     setLocalDatabasesByUUID(QVStandInsByUUID());
-    // Announced together: for each row alone, the list would be built again as often as it has
-    // rows.
     const auto locations = plugin()->locationsController()->syncLocations();
     for (const auto &location : locations) {
-        const Selection selection =
-            QVSynchronizationSelection::selectionWithDatabase(nullptr, location);
-        appendSelection(selection);
-        selection->setSelected(true);
+        addSelectionForLocation(location);
     }
-    KeyValue::announce<&QVSyncPreferences::synchronizationSelectionsChanged>(this);
-
     for (const StandIn &database : openDatabases()) {
         (*m_localDatabasesByUUID)[database->UUID()] = database;
     }
@@ -256,15 +249,11 @@ void QVSyncPreferences::didCloseDatabase(const Notification &notification) {
     }
 }
 
-void QVSyncPreferences::appendSelection(const Selection &selection) {
+void QVSyncPreferences::addSynchronizationSelectionsObject(const Selection &selection) {
     requireParameter(selection != nullptr, "selection != nil",
                      "QVSyncPreferences::addSynchronizationSelectionsObject", sourceFile);
     KeyValue::bind(selection.get(), "selectedDatabases", m_databasesController, "selectedObjects");
     m_synchronizationSelections.append(selection);
-}
-
-void QVSyncPreferences::addSynchronizationSelectionsObject(const Selection &selection) {
-    appendSelection(selection);
     KeyValue::announce<&QVSyncPreferences::synchronizationSelectionsChanged>(this);
 }
 

@@ -191,7 +191,6 @@ private:
     void fillAddMenu();
     void setLocalDatabasesByUUID(const std::optional<QVStandInsByUUID> &rows);
     void appendLocationEditMenuItems();
-    void appendSelection(const Selection &selection);
     Selection selectedRow() const;
     void addFolderLocation(const QVFolderLocationEditor &editor, qint64 result);
     void didEditLocation(const std::shared_ptr<QVSyncLocationEditor> &editor, bool isNew,

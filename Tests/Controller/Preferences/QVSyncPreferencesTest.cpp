@@ -446,6 +446,61 @@ private Q_SLOTS:
             nullptr, m_pane->localDatabaseForUUID(QStringLiteral("@inbox"))));
     }
 
+    void eachRowIsAnnouncedByItself_data() {
+        QTest::addColumn<int>("locations");
+        QTest::newRow("none") << 0;
+        QTest::newRow("one") << 1;
+        QTest::newRow("three") << 3;
+    }
+    void eachRowIsAnnouncedByItself() {
+        QFETCH(int, locations);
+        QList<std::shared_ptr<QVSyncLocation>> expected;
+        for (int i = 0; i < locations; ++i) {
+            expected.append(m_host->addLocation());
+        }
+        QVSyncPreferences pane;
+        pane.loadMainView();
+        QList<qsizetype> rows;
+        QList<qsizetype> rowsInList;
+        const auto observation = KeyValue::observe(&pane, "synchronizationSelections", [&] {
+            rows.append(pane.synchronizationSelections().size());
+            rowsInList.append(pane.locationsView()->items().size());
+        });
+        pane.willSelect();
+        QList<qsizetype> counts;
+        for (int i = 1; i <= locations; ++i) {
+            counts.append(i);
+        }
+        QCOMPARE(rows, counts);
+        QCOMPARE(rowsInList, counts);
+        QList<std::shared_ptr<QVSyncLocation>> shown;
+        for (const auto &selection : pane.synchronizationSelections()) {
+            shown.append(selection->location());
+        }
+        QCOMPARE(shown, expected);
+        pane.willDeselect();
+    }
+
+    void anAppendedLocationLeavesTheRowsBeforeItAsTheyAre() {
+        m_host->addLocation();
+        m_host->addLocation();
+        showPane();
+        const auto before = m_pane->locationsView()->items();
+        QWidgetList views;
+        for (const auto &item : before) {
+            views.append(item->view());
+        }
+        m_pane->addSelectionForLocation(m_host->addLocation());
+        const auto after = m_pane->locationsView()->items();
+        QCOMPARE(after.size(), 3);
+        for (qsizetype i = 0; i < before.size(); ++i) {
+            QVERIFY(after.at(i) != before.at(i));
+            QCOMPARE(after.at(i)->view(), views.at(i));
+        }
+        QCOMPARE(rowPart<QLabel>(m_pane->locationsView(), 2, "rowTitle")->text(),
+                 QStringLiteral("Store 2"));
+    }
+
     void theRowsByUUIDAreAbsentWhileThePaneIsNotShown() {
         m_pane = std::make_unique<QVSyncPreferences>();
         m_pane->loadMainView();
