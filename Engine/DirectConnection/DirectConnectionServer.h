@@ -21,8 +21,8 @@ public:
     explicit DirectConnectionServer(const ProfileDatabase &profile);
     ~DirectConnectionServer() override;
 
-    /// Reads the user defaults. Must be called once, after the profile was opened. `observer` is not
-    /// owned and must outlive this object.
+    /// Reads the user defaults. Must be called once, after the profile was opened. `observer` is
+    /// not owned and must outlive this object.
     void load(const DirectConnectionPackage &package, ServedStoreObserver &observer);
     /// Starts serving if the user has enabled the server. Must be called after load().
     void startIfEnabled();
