@@ -87,8 +87,7 @@ void QVServerPreferencesController::runServerPreferencesModalForWindow(QWidget *
     requireParameter(parentWindow, "parentWindow != nil",
                      "QVServerPreferencesController::runServerPreferencesModalForWindow",
                      "Controller/Preferences/QVServerPreferencesController", 69);
-    beginSheet(parentWindow);
-    endSheet(runModal());
+    runModalSheet(parentWindow);
 }
 
 void QVServerPreferencesController::acceptModalSheet(QObject * /*sender*/) {

@@ -23,8 +23,7 @@ void QVSyncBookmarkManager::runBookmarkManagerModalForWindow(QWidget *parentWind
     requireParameter(parentWindow, "_parentWindow != nil",
                      "QVSyncBookmarkManager::runBookmarkManagerModalForWindow",
                      "Controller/Preferences/QVSyncBookmarkManager", 52);
-    beginSheet(parentWindow);
-    endSheet(runModal());
+    runModalSheet(parentWindow);
 }
 
 void QVSyncBookmarkManager::acceptModalSheet(QObject * /*sender*/) {

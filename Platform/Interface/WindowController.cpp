@@ -42,8 +42,11 @@ void WindowController::endSheet(int returnCode) {
     }
 }
 
-int WindowController::runModal() {
-    return m_modalLoop.exec();
+void WindowController::runModalSheet(QWidget *parentWindow) {
+    window()->setParent(parentWindow->window(), Qt::Dialog);
+    m_window->setWindowModality(Qt::ApplicationModal);
+    m_window->show();
+    endSheet(m_modalLoop.exec());
 }
 
 void WindowController::stopModal(int code) {

@@ -6,8 +6,7 @@
 
 #include "Platform/Interface/SheetWindow.h"
 
-/// Controls one window, which it loads from the nib of a name, and runs it as a sheet: modal to its
-/// parent window only. Main thread.
+/// Controls one window, which it loads from the nib of a name, and runs it as a sheet. Main thread.
 class PLATFORM_EXPORT WindowController : public QObject {
     Q_OBJECT
 public:
@@ -27,13 +26,14 @@ protected:
     /// The person pressed Escape or closed the window. Nothing happens unless overridden.
     virtual void leaveSheet() {}
 
-    /// Shows the window as a sheet of `parentWindow`'s window and returns at once.
+    /// Shows the window as a sheet, modal to `parentWindow`'s window only, and returns at once.
     void beginSheet(QWidget *parentWindow);
     /// Ends the sheet; harmless where none was begun.
     void endSheet(int returnCode);
-    /// Runs the event loop until `stopModal` and returns its code; until the end of the application
-    /// or of the window too.
-    int runModal();
+    /// Shows the window as a sheet of `parentWindow`'s window, modal to the whole application. Runs
+    /// the event loop until `stopModal`, or until the application or the window ends, and then ends
+    /// the sheet with that code.
+    void runModalSheet(QWidget *parentWindow);
     void stopModal(int code);
 
 private:

@@ -317,7 +317,7 @@ private Q_SLOTS:
         whileModal([&] {
             wasVisible = m_controller->window()->isVisible();
             QCOMPARE(m_controller->window()->parentWidget(), &parent);
-            QCOMPARE(m_controller->window()->windowModality(), Qt::WindowModal);
+            QCOMPARE(m_controller->window()->windowModality(), Qt::ApplicationModal);
             part<QPushButton>("closeButton")->click();
         });
         m_controller->runServerPreferencesModalForWindow(&parent);

@@ -17,7 +17,7 @@ public:
     explicit TestController(const QString &nibName = WindowNib) : WindowController(nibName) {}
     using WindowController::beginSheet;
     using WindowController::endSheet;
-    using WindowController::runModal;
+    using WindowController::runModalSheet;
     using WindowController::stopModal;
 
     QWidget *m_outlet = nullptr;
@@ -104,22 +104,48 @@ private Q_SLOTS:
         controller.endSheet(0);
     }
 
-    void runningModallyReturnsTheCodeOfTheStop() {
+    void aModalSheetEndsWithTheCodeOfTheStop() {
         QWidget parent;
         TestController controller;
-        controller.beginSheet(&parent);
-        QTimer::singleShot(0, &controller, [&] { controller.stopModal(3); });
-        QCOMPARE(controller.runModal(), 3);
-        QVERIFY(controller.window()->isVisible());
-        controller.endSheet(0);
+        auto *window = qobject_cast<QDialog *>(controller.window());
+        QTimer::singleShot(0, &controller, [&] {
+            QVERIFY(window->isVisible());
+            controller.stopModal(3);
+        });
+        controller.runModalSheet(&parent);
+        QVERIFY(!window->isVisible());
+        QCOMPARE(window->result(), 3);
+    }
+
+    void aModalSheetKeepsClicksFromAllOtherWindows() {
+        QWidget parent;
+        QWidget otherWindow;
+        QPushButton button(QStringLiteral("Click"), &otherWindow);
+        otherWindow.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&otherWindow));
+        QSignalSpy clicks(&button, &QPushButton::clicked);
+        const auto click = [&] {
+            QTest::mouseClick(otherWindow.windowHandle(), Qt::LeftButton, {},
+                              button.geometry().center());
+        };
+        TestController controller;
+        QTimer::singleShot(0, &controller, [&] {
+            QCOMPARE(controller.window()->parentWidget(), &parent);
+            QCOMPARE(controller.window()->windowModality(), Qt::ApplicationModal);
+            click();
+            controller.stopModal(1);
+        });
+        controller.runModalSheet(&parent);
+        QCOMPARE(clicks.count(), 0);
+        click();
+        QCOMPARE(clicks.count(), 1);
     }
 
     void aParentThatGoesEndsTheModalRun() {
         auto parent = std::make_unique<QWidget>();
         TestController controller;
-        controller.beginSheet(parent.get());
         QTimer::singleShot(0, &controller, [&] { parent.reset(); });
-        QCOMPARE(controller.runModal(), 0);
+        controller.runModalSheet(parent.get());
         QVERIFY(!controller.isWindowLoaded());
         controller.endSheet(0);
     }
