@@ -2,13 +2,15 @@
 
 #include "Platform/Foundation/Log.h"
 
-std::shared_ptr<QVBinding> QVBinding::bindingWithObject(QObject *object, const QByteArray &key,
-                                                        QObject *target, const QByteArray &keyPath,
+std::shared_ptr<QVBinding> QVBinding::bindingWithObject(const BoundObject &object,
+                                                        const QByteArray &key,
+                                                        const BoundObject &target,
+                                                        const QByteArray &keyPath,
                                                         const QVariantMap &options) {
     return std::shared_ptr<QVBinding>(new QVBinding(object, key, target, keyPath, options));
 }
 
-QVBinding::QVBinding(QObject *object, const QByteArray &key, QObject *target,
+QVBinding::QVBinding(const BoundObject &object, const QByteArray &key, const BoundObject &target,
                      const QByteArray &keyPath, const QVariantMap &options)
     : m_object(object), m_target(target), m_key(key), m_keyPath(keyPath), m_options(options) {}
 
@@ -18,11 +20,11 @@ QVBinding::~QVBinding() {
 }
 
 void QVBinding::bind() {
-    if (!m_object || !m_target) {
+    if (!object() || !target()) {
         return;
     }
-    KeyValue::setValue(m_object, m_key, KeyValue::value(m_target, m_keyPath));
-    m_observation = KeyValue::observe(m_object, m_key, [this] { observeValue(); });
+    KeyValue::setValue(object(), m_key, KeyValue::value(target(), m_keyPath));
+    m_observation = KeyValue::observe(object(), m_key, [this] { observeValue(); });
 }
 
 void QVBinding::unbind() {
@@ -30,10 +32,10 @@ void QVBinding::unbind() {
 }
 
 void QVBinding::observeValue() const {
-    if (!m_target) {
+    if (!target()) {
         return;
     }
     // The model may unbind the view while it takes the value, which ends this record.
     const QByteArray keyPath = m_keyPath;
-    KeyValue::setValue(m_target, keyPath, KeyValue::value(m_object, m_key));
+    KeyValue::setValue(target(), keyPath, KeyValue::value(object(), m_key));
 }

@@ -104,7 +104,27 @@ private Q_SLOTS:
         QCOMPARE(m_model->number(), 4);
     }
 
-    void aRecordIsSilentOnceItsTargetOrItsObjectIsGone() {
+    void aRecordKeepsSharedObjectsAliveUntilItGoes() {
+        auto view = std::make_shared<Holder>();
+        auto model = std::make_shared<Holder>();
+        const std::weak_ptr<Holder> weakView = view;
+        const std::weak_ptr<Holder> weakModel = model;
+        auto binding = QVBinding::bindingWithObject(view, "number", model, "number", {});
+        binding->bind();
+        model.reset();
+        view->setNumber(4);
+        QVERIFY(!weakModel.expired());
+        QCOMPARE(weakModel.lock()->number(), 4);
+        view.reset();
+        binding->unbind();
+        QVERIFY(binding->object());
+        QVERIFY(binding->target());
+        binding.reset();
+        QVERIFY(weakView.expired());
+        QVERIFY(weakModel.expired());
+    }
+
+    void aRecordIsSilentOnceAGuardedTargetOrObjectIsGone() {
         m_binding->bind();
         m_model.reset();
         m_view->setNumber(4);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <memory>
+
+/// One end of a binding: an object that is kept alive if its ownership is shared, and otherwise
+/// only guarded, because its owner deletes it. A value. Main thread only.
+class BoundObject {
+public:
+    /// Guards an object that is owned elsewhere, such as by a form.
+    BoundObject(QObject *object) : m_object(object) {}  // NOLINT(google-explicit-constructor)
+    /// Shares the ownership of an object.
+    template <class Shared>
+    BoundObject(const std::shared_ptr<Shared> &object)  // NOLINT(google-explicit-constructor)
+        : m_object(object.get()), m_shared(object) {}
+
+    /// Returns null if the object is gone.
+    QObject *get() const { return m_object; }
+
+private:
+    QPointer<QObject> m_object;
+    std::shared_ptr<QObject> m_shared;
+};
