@@ -23,6 +23,8 @@
 
 using namespace CommonCryptoErrorDomain;
 
+const QString kCommonCryptoErrorDomain = QStringLiteral("CommonCryptoErrorDomain");
+
 namespace {
 
 constexpr const char *sourceFile = "Model/Categories/NSData+CommonCrypto";

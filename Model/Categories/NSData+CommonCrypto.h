@@ -59,8 +59,8 @@ enum class HMACAlgorithm : quint32 {
 /// What a cipher answers: `Success` or one of the failures in CommonCryptoErrorDomain.
 using CCCryptorStatus = qint32;
 
-/// The domain of `CommonCryptoErrorDomain::errorWithCCCryptorStatus`.
-inline const QString kCommonCryptoErrorDomain = QStringLiteral("CommonCryptoErrorDomain");
+/// The domain of `CommonCryptoErrorDomain::errorWithCCCryptorStatus`, "CommonCryptoErrorDomain".
+Q_DECL_EXPORT extern const QString kCommonCryptoErrorDomain;
 
 namespace CommonCryptoErrorDomain {
 

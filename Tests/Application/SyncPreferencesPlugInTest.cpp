@@ -1,4 +1,6 @@
+#include <QtCore/QLibrary>
 #include <QtCore/QPluginLoader>
+#include <QtCore/QProcess>
 
 #include "Host/ClassRegistry.h"
 #include "Platform/Interface/PreferencePane.h"
@@ -17,7 +19,40 @@ class SyncPreferencesPlugInTest : public QObject {
         return plugIn ? plugIn->makePreferencePane(info, error) : nullptr;
     }
 
+    /// The symbols of the plug-in, also those that it does not export, one a line.
+    static QString symbols() {
+        QProcess nm;
+        nm.start(QStringLiteral("nm"),
+                 {QStringLiteral("-C"), QStringLiteral(SYNC_PREFERENCES_PLUG_IN)});
+        return nm.waitForFinished() ? QString::fromUtf8(nm.readAllStandardOutput()) : QString();
+    }
+
 private Q_SLOTS:
+    void itHoldsTheDigestsAndCiphers_data() {
+        QTest::addColumn<QString>("symbol");
+        for (const char *symbol : {"CommonDigest::MD2Sum(", "CommonDigest::SHA512Hash(",
+                                   "CommonCryptor::AES256EncryptedDataUsingKey(",
+                                   "CommonCryptor::decryptedCASTDataUsingKey(",
+                                   "LowLevelCommonCryptor::dataEncryptedUsingAlgorithm(",
+                                   "CommonHMAC::HMACWithAlgorithm(",
+                                   "CommonCryptoErrorDomain::errorWithCCCryptorStatus("}) {
+            QTest::newRow(symbol) << QString::fromLatin1(symbol);
+        }
+    }
+    void itHoldsTheDigestsAndCiphers() {
+        QFETCH(QString, symbol);
+        QVERIFY(symbols().contains(symbol));
+    }
+
+    void itExportsTheErrorDomainOfTheCiphers() {
+        QLibrary plugIn(QStringLiteral(SYNC_PREFERENCES_PLUG_IN));
+        QVERIFY(plugIn.load());
+        const auto *domain =
+            reinterpret_cast<const QString *>(plugIn.resolve("kCommonCryptoErrorDomain"));
+        QVERIFY(domain);
+        QCOMPARE(*domain, QStringLiteral("CommonCryptoErrorDomain"));
+    }
+
     void itNamesAllClassesThatAreMissing() {
         std::optional<Error> error;
         QVERIFY(!makePane(&error));
