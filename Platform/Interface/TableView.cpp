@@ -8,6 +8,11 @@
 #include "Platform/Interface/TableViewDelegate.h"
 #include "Platform/KeyValue/ValueTransformer.h"
 
+namespace {
+/// The form and the owner of a view that the table has made.
+constexpr char originProperty[] = "tableViewOrigin";
+}  // namespace
+
 TableViewDelegate::~TableViewDelegate() = default;
 
 TableView::TableView(QWidget *parent)
@@ -90,13 +95,7 @@ void TableView::reloadData() {
     setRowCount(m_delegate ? m_delegate->numberOfRowsInTableView(this) : 0);
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < columnCount(); ++column) {
-            QWidget *view = m_delegate->tableViewViewForTableColumnRow(
-                this, m_columnIdentifiers.at(column), row);
-            // The one before goes later, but must not be seen until then.
-            if (QWidget *before = cellWidget(row, column)) {
-                before->hide();
-            }
-            setCellWidget(row, column, view);
+            reloadCell(row, column);
         }
     }
     setSelectionIndexes(selected);
@@ -107,8 +106,30 @@ void TableView::reloadData() {
     }
 }
 
+void TableView::reloadCell(int row, int column) {
+    QWidget *before = cellWidget(row, column);
+    m_reusableView = before;
+    QWidget *view =
+        m_delegate->tableViewViewForTableColumnRow(this, m_columnIdentifiers.at(column), row);
+    m_reusableView = nullptr;
+    if (view == before) {
+        return;
+    }
+    // The one before goes later, but must not be seen until then.
+    if (before) {
+        before->hide();
+    }
+    setCellWidget(row, column, view);
+}
+
 QWidget *TableView::makeViewWithIdentifier(const QString &identifier, QObject *owner) {
-    return Nib::load(identifier, owner);
+    const QVariantList origin{identifier, QVariant::fromValue(owner)};
+    if (m_reusableView && m_reusableView->property(originProperty) == origin) {
+        return m_reusableView;
+    }
+    QWidget *view = Nib::load(identifier, owner);
+    view->setProperty(originProperty, origin);
+    return view;
 }
 
 int TableView::selectedRow() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QPointer>
 #include <QtCore/QVariantList>
 #include <QtWidgets/QTableWidget>
 
@@ -45,7 +46,8 @@ public:
     TableViewDelegate *tableDelegate() const { return m_delegate; }
     /// Asks the delegate for all rows again. Keeps the selected rows by their position.
     void reloadData();
-    /// A view that a form made for cells: a new one of the form named `identifier`, with `owner`.
+    /// Returns a view for the cell that the delegate is asked for: the one that is there if it was
+    /// made in the same way, otherwise a new one from the form named `identifier` with `owner`.
     QWidget *makeViewWithIdentifier(const QString &identifier, QObject *owner);
 
     /// The row that was clicked last, or chosen with the space bar; -1 beside the rows.
@@ -65,6 +67,7 @@ protected:
 private:
     QString textOf(const QVariant &object) const;
     QIcon iconOf(const QVariant &object) const;
+    void reloadCell(int row, int column);
     void selectionDidChange();
     void paintViews();
 
@@ -76,5 +79,7 @@ private:
     QString m_iconTransformer;
     TableViewDelegate *m_delegate = nullptr;
     int m_clickedRow = -1;
+    /// What the cell that is being made anew shows.
+    QPointer<QWidget> m_reusableView;
     bool m_isRebuilding = false;
 };

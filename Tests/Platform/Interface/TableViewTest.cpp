@@ -62,6 +62,28 @@ public:
     QList<IndexSet> selections;
 };
 
+/// Asks the table for the view of each of its two rows.
+class ReusingDelegate : public TableViewDelegate {
+public:
+    explicit ReusingDelegate(QObject &owner) : m_owner(owner) {}
+    int numberOfRowsInTableView(TableView * /*tableView*/) override { return 2; }
+    QWidget *tableViewViewForTableColumnRow(TableView *tableView,
+                                            const QString & /*columnIdentifier*/,
+                                            int /*row*/) override {
+        auto *label =
+            qobject_cast<QLabel *>(tableView->makeViewWithIdentifier(identifier, &m_owner));
+        label->setText(text);
+        return label;
+    }
+    void tableViewSelectionDidChange(TableView * /*tableView*/) override {}
+
+    QString identifier = QStringLiteral("Cell");
+    QString text;
+
+private:
+    QObject &m_owner;
+};
+
 }  // namespace
 
 class TableViewTest : public QObject {
@@ -253,6 +275,31 @@ private Q_SLOTS:
         m_table->reloadData();
         QCOMPARE(delegate.selections.last(), IndexSet());
         QVERIFY(m_table->selectionIndexes().empty());
+        m_table->setTableDelegate(nullptr);
+    }
+
+    void aCellIsReusedUnlessItWouldBeMadeInAnotherWay() {
+        Nib::registerForm(QStringLiteral("Cell"), [] { return new QLabel; });
+        Nib::registerForm(QStringLiteral("Other"), [] { return new QLabel; });
+        QObject owner;
+        ReusingDelegate delegate(owner);
+        m_table->setTableDelegate(&delegate);
+        m_table->reloadData();
+        const QList<QPointer<QWidget>> before{m_table->cellWidget(0, 0), m_table->cellWidget(1, 0)};
+        QVERIFY(before.first() != before.last());
+        delegate.text = QStringLiteral("again");
+        m_table->reloadData();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        for (int row = 0; row < 2; ++row) {
+            QVERIFY(before.at(row));
+            QCOMPARE(m_table->cellWidget(row, 0), before.at(row));
+            QCOMPARE(qobject_cast<QLabel *>(before.at(row))->text(), QStringLiteral("again"));
+        }
+        delegate.identifier = QStringLiteral("Other");
+        m_table->reloadData();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!before.first());
+        QVERIFY(m_table->cellWidget(0, 0));
         m_table->setTableDelegate(nullptr);
     }
 
