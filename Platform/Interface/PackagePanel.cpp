@@ -2,6 +2,7 @@
 
 #include <QtCore/QDir>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
 
 PackagePanel::PackagePanel(Purpose purpose, const QString &extension)
     : QFileDialog(QApplication::activeWindow()), m_purpose(purpose), m_ending(u'.' + extension) {
@@ -29,7 +30,13 @@ void PackagePanel::accept() {
 
 QString PackagePanel::chosenPath() const {
     const QString path = QDir::cleanPath(selectedFiles().value(0, directory().path()));
-    const bool needsEnding =
-        m_purpose == Purpose::Save && !path.endsWith(m_ending) && !QDir(path).exists();
+    const bool needsEnding = m_purpose == Purpose::Save && !path.endsWith(m_ending) &&
+                             (!QDir(path).exists() || isTyped(path));
     return needsEnding ? path + m_ending : path;
+}
+
+bool PackagePanel::isTyped(const QString &path) const {
+    const auto *nameField = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    const QString typedName = nameField ? nameField->text().section(u'/', -1) : QString();
+    return !typedName.isEmpty() && typedName == path.section(u'/', -1);
 }

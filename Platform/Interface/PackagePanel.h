@@ -26,6 +26,9 @@ protected:
 
 private:
     QString chosenPath() const;
+    /// Whether the name field holds the name at the end of `path`. A name that ends in a slash, or
+    /// "..", enters a folder.
+    bool isTyped(const QString &path) const;
 
     const Purpose m_purpose;
     const QString m_ending;

@@ -89,6 +89,28 @@ private Q_SLOTS:
         QCOMPARE(m_location->URL(), Url::fileURL(path(QStringLiteral("Other.txt.qvSyncStore"))));
     }
 
+    void theExtensionIsAppendedBesideAFolderOfTheTypedName() {
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("Work")));
+        createPackage(QStringLiteral("Work"));
+        QCOMPARE(m_location->URL(), Url::fileURL(path(QStringLiteral("Work.qvSyncStore"))));
+        QCOMPARE(m_results, QList<qint64>{1});
+    }
+
+    void aFolderTypedWithASlashIsEntered() {
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("Work")));
+        inPanel([=, this](PackagePanel &panel) {
+            panel.setDirectory(m_folder->path());
+            panel.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+                ->setText(QStringLiteral("Work/"));
+            confirm(panel);
+            QVERIFY(panel.isVisible());
+            QCOMPARE(panel.directory().path(), path(QStringLiteral("Work")));
+            panel.reject();
+        });
+        m_editor->createFolderWithCompletionHandler(recordResult());
+        QVERIFY(m_results.isEmpty());
+    }
+
     void theHostIsAskedToKeepAccessToAPackage() {
         createPackage(QStringLiteral("Work"));
         QCOMPARE(m_host->engine().plugin().bookmarkDictionaryKeys(),
