@@ -1,7 +1,9 @@
 #include "View/QVSelectedItemBackgroundView.h"
 
+#include <QtGui/QGuiApplication>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QStyleHints>
 
 #include "Platform/Interface/ListPalette.h"
 #include "Platform/KeyValue/KeyValue.h"
@@ -49,12 +51,28 @@ void QVSelectedItemBackgroundView::focusInEvent(QFocusEvent * /*event*/) {
     clearFocus();
 }
 
+void QVSelectedItemBackgroundView::mousePressEvent(QMouseEvent *event) {
+    const auto interval =
+        static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    const bool isFurther = m_clickCount > 0 && event->timestamp() - m_lastClick < interval;
+    m_clickCount = event->button() != Qt::LeftButton ? 0 : isFurther ? m_clickCount + 1 : 1;
+    m_lastClick = event->timestamp();
+    event->ignore();
+}
+
+// Qt reports every second of several quick clicks here, also the fourth.
 void QVSelectedItemBackgroundView::mouseDoubleClickEvent(QMouseEvent *event) {
     if (event->button() != Qt::LeftButton) {
         event->ignore();
         return;
     }
-    Q_EMIT action();
+    m_clickCount = qMax(m_clickCount, 1) + 1;
+    m_lastClick = event->timestamp();
+    if (m_clickCount == 2) {
+        Q_EMIT action();
+    } else {
+        event->ignore();
+    }
 }
 
 void QVSelectedItemBackgroundView::paintEvent(QPaintEvent *event) {

@@ -10,7 +10,16 @@
 
 namespace {
 constexpr char backgroundStyleProperty[] = "backgroundStyle";
+
+/// Makes the colours of the views in `control` their own, so that they do not inherit others.
+void keepOwnPalettes(const QWidget *control) {
+    for (QWidget *view : control->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        QPalette own = view->palette();
+        own.setResolveMask(~QPalette::ResolveMask{0});
+        view->setPalette(own);
+    }
 }
+}  // namespace
 
 bool Control::isControl(const QWidget *view) {
     return qobject_cast<const Control *>(view) || qobject_cast<const QLabel *>(view) ||
@@ -19,6 +28,7 @@ bool Control::isControl(const QWidget *view) {
 }
 
 void Control::setBackgroundStyle(QWidget *control, BackgroundStyle style) {
+    keepOwnPalettes(control);
     control->setPalette(style == BackgroundStyle::Dark ? ListPalette::selected()
                                                        : ListPalette::normal());
     // Last: a label with a colour of its own puts it in when it hears of the style.

@@ -17,7 +17,7 @@ public:
     /// Qt's.
     static bool isControl(const QWidget *view);
     /// Makes a control write in the colour for text on white (Light) or on the selection colour
-    /// (Dark).
+    /// (Dark). Views in the control keep the palettes that they have.
     static void setBackgroundStyle(QWidget *control, BackgroundStyle style);
     /// Light for a control whose style was never set.
     static BackgroundStyle backgroundStyle(const QWidget *control);

@@ -94,6 +94,23 @@ private Q_SLOTS:
         QCOMPARE(Control::backgroundStyle(nestedRow), Style::Light);
     }
 
+    void aControlInAControlKeepsItsPalette() {
+        QVSelectedItemBackgroundView view;
+        QPushButton button(&view);
+        QLabel nested(&button);
+        QLabel nestedDeeper(&nested);
+        QPalette red;
+        red.setColor(QPalette::WindowText, Qt::red);
+        QLabel coloured(&button);
+        coloured.setPalette(red);
+        for (const bool selected : {true, false, true}) {
+            view.setSelected(selected);
+            QCOMPARE(nested.palette().color(QPalette::WindowText), QColor(Qt::black));
+            QCOMPARE(nestedDeeper.palette().color(QPalette::WindowText), QColor(Qt::black));
+            QCOMPARE(coloured.palette().color(QPalette::WindowText), QColor(Qt::red));
+        }
+    }
+
     void textIsLegibleInEveryTheme() {
         QApplication::setPalette(darkPalette());
         QVSelectedItemBackgroundView view;
@@ -155,6 +172,23 @@ private Q_SLOTS:
         QCOMPARE(actions.count(), 1);
     }
 
+    // Counted by Qt, as the window system reports them.
+    void onlyTheSecondOfFourQuickClicksSendsTheAction() {
+        ClickCounter list;
+        list.resize(80, 40);
+        QVSelectedItemBackgroundView view(&list);
+        view.resize(list.size());
+        QSignalSpy actions(&view, &Control::action);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        clickFast(list, 4);
+        QCOMPARE(actions.count(), 1);
+        QCOMPARE(list.presses + list.doubleClicks, 3);
+        clickFast(list, 2);
+        QCOMPARE(actions.count(), 2);
+        QCOMPARE(list.presses + list.doubleClicks, 4);
+    }
+
     void otherButtonsSendNoAction() {
         ClickCounter list;
         QVSelectedItemBackgroundView view(&list);
@@ -210,6 +244,26 @@ private Q_SLOTS:
     }
 
 private:
+    /// Clicks `count` times in quick succession, long after the clicks before.
+    static void clickFast(QWidget &window, int count) {
+        constexpr int Pause = 10000;
+        constexpr int Step = 20;
+        const QPointF local(10, 10);
+        QTest::lastMouseTimestamp += Pause;
+        const auto send = [&](QEvent::Type type) {
+            const Qt::MouseButtons held =
+                type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+            qt_handleMouseEvent(window.windowHandle(), local, window.mapToGlobal(local), held,
+                                Qt::LeftButton, type, Qt::NoModifier,
+                                QTest::lastMouseTimestamp += Step);
+            QCoreApplication::processEvents();
+        };
+        for (int i = 0; i < count; ++i) {
+            send(QEvent::MouseButtonPress);
+            send(QEvent::MouseButtonRelease);
+        }
+    }
+
     /// What a view is asked to paint.
     class PaintCounter : public QObject {
     public:
