@@ -83,6 +83,9 @@ void QVDropboxLocationEditor::didAuthorize(const std::shared_ptr<PZDropboxAccoun
 }
 
 void QVDropboxLocationEditor::acceptModalSheet(QObject *sender) {
+    if (!m_accountInfo) {
+        return;
+    }
     location()->setURL(Url::fromString(QLatin1StringView("dropbox://") + m_accountInfo->email()));
     QVSyncLocationEditor::acceptModalSheet(sender);
 }

@@ -48,6 +48,7 @@ public:
 public Q_SLOTS:
     /// May be called again after it has failed.
     void authorize(QObject *sender);
+    /// Has no effect before an account was authorized.
     void acceptModalSheet(QObject *sender) override;
 
 Q_SIGNALS:

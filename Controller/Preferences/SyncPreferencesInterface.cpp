@@ -15,6 +15,7 @@
 #include "ui_QVBookmarkingWindow.h"
 #include "ui_QVDatabaseItem.h"
 #include "ui_QVDirectConnectionLocationEditor.h"
+#include "ui_QVDropboxLocationEditor.h"
 #include "ui_QVFolderLocationEditor.h"
 #include "ui_QVImportDatabasesWindow.h"
 #include "ui_QVLocationItem.h"
@@ -41,6 +42,7 @@ void registerSheets() {
                        [](QObject *parent) { return new QVSyncBookmarkManagerDataSource(parent); });
     registerSheet<Ui::QVBookmarkingWindow>("QVBookmarkingWindow");
     registerSheet<Ui::QVDirectConnectionLocationEditor>("QVDirectConnectionLocationEditor");
+    registerSheet<Ui::QVDropboxLocationEditor>("QVDropboxLocationEditor");
     registerSheet<Ui::QVFolderLocationEditor>("QVFolderLocationEditor");
     registerSheet<Ui::QVImportDatabasesWindow>("QVImportDatabasesWindow");
     registerSheet<Ui::QVServerPreferences>("QVServerPreferences");

@@ -20,6 +20,14 @@
         <translation>WebDAV</translation>
     </message>
     <message>
+        <source>Dropbox Location</source>
+        <translation>Dropbox-Ort</translation>
+    </message>
+    <message>
+        <source>Sign In…</source>
+        <translation>Anmelden …</translation>
+    </message>
+    <message>
         <source>Direct Connection</source>
         <translation>Direktverbindung</translation>
     </message>
@@ -1030,6 +1038,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>Velmora is not signed in to Dropbox as “%1”. Edit the location to sign in.</source>
         <translation>Velmora ist nicht als „%1“ bei Dropbox angemeldet. Bearbeiten Sie den Ort, um sich anzumelden.</translation>
+    </message>
+    <message>
+        <source>You signed in to Dropbox as “%1”, but this location belongs to “%2”. Sign out of Dropbox in your browser, edit the location again, and sign in as “%2”.</source>
+        <translation>Sie haben sich bei Dropbox als „%1“ angemeldet, aber dieser Ort gehört zu „%2“. Melden Sie sich im Browser bei Dropbox ab, bearbeiten Sie den Ort erneut und melden Sie sich als „%2“ an.</translation>
     </message>
     <message>
         <source>The sign-in to Dropbox as “%1” is no longer valid. Edit the location to sign in again.</source>

@@ -6,6 +6,7 @@
 
 #include "Controller/NSArrayController+Emptiness.h"
 #include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
+#include "Controller/Preferences/QVDropboxLocationEditor.h"
 #include "Controller/Preferences/QVFolderLocationEditor.h"
 #include "Controller/Preferences/QVServerPreferencesController.h"
 #include "Controller/Preferences/QVSyncBookmarkManager.h"
@@ -65,6 +66,8 @@ const QHash<QString, FormContract> &contracts() {
         {QStringLiteral("QVDirectConnectionLocationEditor"),
          {.owner = &QVDirectConnectionLocationEditor::staticMetaObject,
           .classes = {{QStringLiteral("servicesTable"), &NetService::staticMetaObject}}}},
+        {QStringLiteral("QVDropboxLocationEditor"),
+         {.owner = &QVDropboxLocationEditor::staticMetaObject}},
         {QStringLiteral("QVFolderLocationEditor"),
          {.owner = &QVFolderLocationEditor::staticMetaObject}},
         {QStringLiteral("QVImportDatabasesWindow"),

@@ -10,6 +10,15 @@ Error DropboxError::notSignedIn(const QString &account) {
                        account);
 }
 
+Error DropboxError::otherAccount(const QString &account, const QString &signedIn) {
+    return engineError(
+        EngineErrorCode::AccessDenied,
+        localizedSyncString(
+            "You signed in to Dropbox as “%1”, but this location belongs to “%2”. Sign out of "
+            "Dropbox in your browser, edit the location again, and sign in as “%2”.")
+            .arg(signedIn, account));
+}
+
 Error DropboxError::signInAgain(const QString &account) {
     return engineError(
         EngineErrorCode::AccessDenied,

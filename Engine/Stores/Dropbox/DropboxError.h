@@ -9,6 +9,8 @@ namespace DropboxError {
 Error notSignedIn(const QString &account);
 /// The account's tokens are not taken any more.
 Error signInAgain(const QString &account);
+/// The user signed in as `signedIn`, but the location's account is `account`.
+Error otherAccount(const QString &account, const QString &signedIn);
 /// An answer of `server` that says nothing of the matter itself.
 Error unexpected(const HttpClient::Response &response, const QUrl &server);
 /// An answer of `server` that is none.

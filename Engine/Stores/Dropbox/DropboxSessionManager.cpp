@@ -28,8 +28,8 @@ DropboxSessionManager::~DropboxSessionManager() {
     }
 }
 
-std::shared_ptr<QVDropboxSession> DropboxSessionManager::sessionWithURL(const Url & /*URL*/) {
-    return std::make_shared<DropboxSession>(*this);
+std::shared_ptr<QVDropboxSession> DropboxSessionManager::sessionWithURL(const Url &URL) {
+    return std::make_shared<DropboxSession>(*this, URL);
 }
 
 void DropboxSessionManager::authorize(const std::shared_ptr<PZFuture> &future,

@@ -1,5 +1,9 @@
 #include "Controller/Preferences/QVDropboxLocationEditor.h"
 
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+
+#include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Host/QVDropboxSessionManager.h"
 #include "Platform/Foundation/Assertion.h"
@@ -182,6 +186,30 @@ private Q_SLOTS:
         session().answer(nullptr);
         compareState(QStringLiteral("Not authorized"), true);
         QCOMPARE(m_results, QList<qint64>{1});
+    }
+
+    void acceptingBeforeAnAuthorizationChangesNothing() {
+        const Url before = Url::fromString(QStringLiteral("dropbox://before@example.org"));
+        m_location->setURL(before);
+        run();
+        m_editor->acceptModalSheet(nullptr);
+        QCOMPARE(m_location->URL(), before);
+        QVERIFY(m_results.isEmpty());
+        session().authorizeAs(QStringLiteral("before@example.org"));
+        QCOMPARE(m_results, QList<qint64>{1});
+    }
+
+    void theFormShowsTheStatusAndAcceptsOnlyWhatIsAuthorized() {
+        registerSyncPreferencesInterface();
+        QWidget *window = m_editor->window();
+        const auto *status = window->findChild<QLabel *>(QStringLiteral("statusLabel"));
+        const auto *ok = window->findChild<QPushButton *>(QStringLiteral("acceptButton"));
+        QCOMPARE(status->text(), QStringLiteral("Not authorized"));
+        QVERIFY(!ok->isEnabled());
+        m_editor->setAuthorized(true);
+        QVERIFY(ok->isEnabled());
+        m_editor->setAuthorizationStatus(QStringLiteral("Authorized"));
+        QCOMPARE(status->text(), QStringLiteral("Authorized"));
     }
 
     void anAddressThatDoesNotParseGivesANilURL() {

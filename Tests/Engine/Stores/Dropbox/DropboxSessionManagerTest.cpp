@@ -66,6 +66,10 @@ class DropboxSessionManagerTest : public QObject {
         session.authorizeWithFuture(future, keepIn(outcome));
         return outcome;
     }
+    static std::shared_ptr<QVDropboxSession> sessionFor(const QString &account) {
+        return requiredHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"))
+            .sessionWithURL(Url::fromString(QLatin1StringView("dropbox://") + account));
+    }
     std::shared_ptr<Outcome> authorize() { return authorize(*m_session, PZFuture::future()); }
     /// The address of the loopback interface to which the browser is to come back.
     QUrl redirectAddress(const QList<QPair<QString, QString>> &parameters) const {
@@ -116,6 +120,28 @@ private Q_SLOTS:
         QCOMPARE(m_browser->opened().size(), 1);
         QTRY_COMPARE(m_browser->statuses(), QList<int>{200});
         QVERIFY(m_browser->pages().first().contains(QStringLiteral("You can close this window")));
+    }
+
+    void theAccountOfALocationMaySignInAgain() {
+        const auto session = sessionFor(m_server->email().toUpper());
+        const auto outcome = authorize(*session, PZFuture::future());
+        QTRY_COMPARE(outcome->calls, 1);
+        QCOMPARE(outcome->email, m_server->email());
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
+    }
+
+    void anotherAccountThanThatOfTheLocationIsRefusedInWords() {
+        const auto session = sessionFor(QStringLiteral("kim@example.org"));
+        const auto outcome = authorize(*session, PZFuture::future());
+        QTRY_COMPARE(outcome->calls, 1);
+        QCOMPARE(outcome->email, QString());
+        QVERIFY(outcome->isOnMainThread);
+        for (const QString &account : {QStringLiteral("kim@example.org"), m_server->email()}) {
+            QVERIFY(outcome->description().contains(account));
+        }
+        QCOMPARE(m_host->application().presentedErrors().size(), 1);
+        QCOMPARE(m_host->application().presentedErrors().first().localizedDescription,
+                 outcome->description());
     }
 
     void tokensAreInTheSecretStoreAndNowhereElse() {
