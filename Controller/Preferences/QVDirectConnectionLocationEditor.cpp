@@ -1,5 +1,7 @@
 #include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
 
+#include <utility>
+
 #include "Host/PZFuture.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncPlugin.h"
@@ -10,8 +12,9 @@ namespace {
 constexpr double ResolutionTimeout = 3.0;
 
 Url directConnectionURL(const QString &host, quint16 port) {
-    return Url::fromString(
-        QStringLiteral("%1://%2:%3").arg(QVDirectConnectionServer::URLScheme(), host).arg(port));
+    return Url::fromString(QStringLiteral("%1://%2:%3")
+                               .arg(QVDirectConnectionServer::URLScheme(), Url::hostInURL(host))
+                               .arg(port));
 }
 
 /// Whether `service` is the one by which this computer announces itself.
@@ -56,7 +59,12 @@ QString QVDirectConnectionLocationEditor::host() const {
 }
 
 void QVDirectConnectionLocationEditor::setHost(const QString &host) {
-    location()->setURL(URLWithHost(host, port()));
+    // A text field is empty, but never null.
+    location()->setURL(URLWithHost(host.isEmpty() ? QString() : host, port()));
+}
+
+bool QVDirectConnectionLocationEditor::canAccept() const {
+    return hasHost() || !shouldShowCancelButton();
 }
 
 quint16 QVDirectConnectionLocationEditor::port() const {
@@ -120,8 +128,9 @@ void QVDirectConnectionLocationEditor::netServiceDidResolveAddress(
 
 void QVDirectConnectionLocationEditor::acceptModalSheet(QObject *sender) {
     const auto self = shared_from_this();
+    const bool isFirst = !std::exchange(m_isAccepted, true);
     QVSyncLocationEditor::acceptModalSheet(sender);
-    if (!location()->URL().isNil()) {
+    if (isFirst && !location()->URL().isNil()) {
         attemptPair();
     }
 }

@@ -16,10 +16,13 @@ class QVDirectConnectionLocationEditor : public QVSyncLocationEditor,
     Q_OBJECT
     /// In the order found; announced once for each batch.
     Q_PROPERTY(QList<std::shared_ptr<NetService>> services READ services NOTIFY servicesChanged)
-    /// Of the location's URL; null where that is nil. Setting a null one makes the URL nil.
+    /// Of the location's URL, an IPv6 address without brackets; null where the URL is nil. Setting
+    /// an empty or null one makes the URL nil.
     Q_PROPERTY(QString host READ host WRITE setHost NOTIFY hostChanged)
     /// Whether there is a host to connect with.
     Q_PROPERTY(bool hasHost READ hasHost NOTIFY hasHostChanged)
+    /// Whether OK is enabled: if there is a host, and without a Cancel button always.
+    Q_PROPERTY(bool canAccept READ canAccept NOTIFY canAcceptChanged)
     /// 1 to 65535: that of the location's URL, else the default port. 0 sets the default port.
     Q_PROPERTY(quint16 port READ port WRITE setPort NOTIFY portChanged)
 public:
@@ -35,6 +38,7 @@ public:
     QString host() const;
     void setHost(const QString &host);
     bool hasHost() const { return !host().isEmpty(); }
+    bool canAccept() const;
     quint16 port() const;
     void setPort(quint16 port);
 
@@ -56,6 +60,9 @@ public:
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingHasHost() {
         return {"location.URL"};
     }
+    Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingCanAccept() {
+        return {"hasHost", "shouldShowCancelButton"};
+    }
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingPort() {
         return {"location.URL"};
     }
@@ -63,12 +70,14 @@ public:
 public Q_SLOTS:
     /// Takes the service of the row that was clicked; a click beside the rows does nothing.
     void selectURLWithNetServiceFromTableView(TableView *tableView);
+    /// Pairs the first time that it is sent.
     void acceptModalSheet(QObject *sender) override;
 
 Q_SIGNALS:
     void servicesChanged();
     void hostChanged();
     void hasHostChanged();
+    void canAcceptChanged();
     void portChanged();
 
 protected:
@@ -81,4 +90,5 @@ private:
 
     NetServiceBrowser m_browser;
     QList<std::shared_ptr<NetService>> m_services;
+    bool m_isAccepted = false;
 };

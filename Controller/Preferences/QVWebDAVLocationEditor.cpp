@@ -60,7 +60,8 @@ QString QVWebDAVLocationEditor::sanitizeHost(const QString &host) {
 Url QVWebDAVLocationEditor::URLWithFields(const Fields &fields) {
     const QString scheme = fields.isHTTPS ? QStringLiteral("https") : QStringLiteral("http");
     const quint16 port = portWithFields(fields);
-    QString hostPart = sanitizeHost(fields.server);
+    // First, because sanitizing takes the colons at the ends of an address.
+    QString hostPart = sanitizeHost(Url::hostInURL(fields.server));
     if (port != 0 && port != defaultPortForHTTPS(fields.isHTTPS)) {
         hostPart += QStringLiteral(":%1").arg(port);
     }
@@ -76,8 +77,7 @@ Url QVWebDAVLocationEditor::URLWithFields(const Fields &fields) {
 QVWebDAVLocationEditor::Fields QVWebDAVLocationEditor::fieldsOfURL(const Url &URL) {
     Fields fields;
     fields.isHTTPS = URL.scheme() == QLatin1StringView("https");
-    // An IPv6 address without its brackets would not be taken for a host again.
-    fields.server = URL.host().contains(u':') ? u'[' + URL.host() + u']' : URL.host();
+    fields.server = URL.host();
     const quint16 port = URL.port().value_or(0);
     if (port != 0 && port != defaultPortForHTTPS(fields.isHTTPS)) {
         fields.port = QString::number(port);

@@ -104,6 +104,10 @@ Url Url::fileURL(const QString &path) {
                       QString::fromLatin1(QUrl::toPercentEncoding(path, "/!$&'()*+,;=:@")));
 }
 
+QString Url::hostInURL(const QString &host) {
+    return isIPv6Address(host) ? u'[' + host + u']' : host;
+}
+
 bool Url::isFileURL() const {
     return m_scheme == QLatin1StringView("file");
 }

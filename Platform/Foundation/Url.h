@@ -20,6 +20,9 @@ public:
     /// Returns the "file" URL of an absolute path, or nil if `path` is not absolute.
     static Url fileURL(const QString &path);
 
+    /// Returns `host` as a URL writes it: an IPv6 address in brackets, any other text unchanged.
+    static QString hostInURL(const QString &host);
+
     /// Returns whether there is no URL.
     bool isNil() const { return m_text.isEmpty(); }
     /// Returns whether the scheme is exactly "file", in lower case.

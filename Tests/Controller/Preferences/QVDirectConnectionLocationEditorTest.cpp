@@ -365,6 +365,50 @@ private Q_SLOTS:
         QVERIFY(!part<QPushButton>("acceptButton")->isEnabled());
     }
 
+    void anEmptiedHostFieldGivesANilHost() {
+        m_location->setURL(URLOf(QStringLiteral("studio.local:5000")));
+        run();
+        auto *host = part<TextField>("hostField");
+        host->selectAll();
+        QTest::keyClick(host, Qt::Key_Backspace);
+        QVERIFY(host->text().isEmpty());
+        QVERIFY(m_editor->host().isNull());
+        QVERIFY(m_location->URL().isNil());
+    }
+
+    void theSheetOfAnExistingLocationCanBeLeftWithoutAHost() {
+        m_location->setURL(URLOf(QStringLiteral("studio.local:5000")));
+        m_editor->runLocationEditorModalForWindow(
+            m_parent.get(), false, [this](qint64 result) { m_results.append(result); });
+        QVERIFY(part<QPushButton>("cancelButton")->isHidden());
+        auto *host = part<TextField>("hostField");
+        host->selectAll();
+        QTest::keyClick(host, Qt::Key_Backspace);
+        QVERIFY(part<QPushButton>("acceptButton")->isEnabled());
+        part<QPushButton>("acceptButton")->click();
+        QCOMPARE(m_results, QList<qint64>{1});
+        QThreadPool::globalInstance()->waitForDone();
+        QVERIFY(m_script->steps().isEmpty());
+    }
+
+    void acceptingTwicePairsOnce() {
+        m_location->setURL(URLOf(QStringLiteral("studio.local:5000")));
+        run();
+        m_editor->acceptModalSheet(nullptr);
+        m_editor->acceptModalSheet(nullptr);
+        QThreadPool::globalInstance()->waitForDone();
+        QCOMPARE(m_results, QList<qint64>{1});
+        QCOMPARE(m_script->steps(), QStringList({QStringLiteral("open"), QStringLiteral("fetch"),
+                                                 QStringLiteral("close")}));
+    }
+
+    void aNewPortKeepsAnIPv6Host() {
+        m_location->setURL(URLOf(QStringLiteral("[fe80::1]:5000")));
+        QCOMPARE(m_editor->host(), QStringLiteral("fe80::1"));
+        m_editor->setPort(6000);
+        QCOMPARE(m_location->URL(), URLOf(QStringLiteral("[fe80::1]:6000")));
+    }
+
     void aHostThatIsNotCompleteYetStaysInItsField() {
         run();
         auto *host = part<TextField>("hostField");

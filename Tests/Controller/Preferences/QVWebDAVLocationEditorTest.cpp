@@ -116,6 +116,12 @@ private Q_SLOTS:
             "https://user@host:80/path/store.qvSyncStore");
         row("an empty user keeps its sign", {.server = host, .store = store},
             "http://@host/store.qvSyncStore");
+        row("an IPv6 address gets its brackets",
+            {.server = QStringLiteral("::1"), .store = store, .port = QStringLiteral("8080")},
+            "http://@[::1]:8080/store.qvSyncStore");
+        row("an IPv6 address keeps its brackets",
+            {.server = QStringLiteral("https://[fe80::1]/"), .store = store},
+            "http://@[fe80::1]/store.qvSyncStore");
         row("the user is escaped",
             {.server = host, .user = QStringLiteral("a@b:c"), .store = store},
             "http://a%40b%3Ac@host/store.qvSyncStore");

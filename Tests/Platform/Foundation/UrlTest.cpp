@@ -305,6 +305,16 @@ private Q_SLOTS:
         QCOMPARE(Url().stringWithoutPassword(), QString());
     }
 
+    void onlyAnIPv6AddressNeedsBracketsInAURL() {
+        QCOMPARE(Url::hostInURL(QStringLiteral("fe80::1")), QStringLiteral("[fe80::1]"));
+        QCOMPARE(Url::hostInURL(QStringLiteral("::1")), QStringLiteral("[::1]"));
+        for (const QString &host :
+             {QStringLiteral("[fe80::1]"), QStringLiteral("127.0.0.1"), QStringLiteral("host"),
+              QStringLiteral("host:8080"), QString()}) {
+            QCOMPARE(Url::hostInURL(host), host);
+        }
+    }
+
     void urlsAreEqualWhenTheirTextsAre() {
         const QString text = QStringLiteral("http://a/b");
         QCOMPARE(Url::fromString(text), Url::fromString(text));
