@@ -93,6 +93,19 @@ void QVSyncPreferences::editSelectedSyncLocation(QObject * /*sender*/) {
     }
 }
 
+void QVSyncPreferences::editSyncSelection(const Selection &selection) {
+    if (selection->isEditable()) {
+        editSyncLocation(selection->location());
+    }
+}
+
+void QVSyncPreferences::synchronizeDatabase(const StandIn &database) {
+    if (database->canSynchronize()) {
+        plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
+            database->synchronizationStates());
+    }
+}
+
 std::shared_ptr<QVSyncLocationEditor> QVSyncPreferences::locationEditorForLocation(
     const std::shared_ptr<QVSyncLocation> &location) const {
     const LocationKind *kind = location ? LocationKind::ofURL(location->URL()) : nullptr;
@@ -209,6 +222,9 @@ void QVSyncPreferences::showServerPreferences(QObject * /*sender*/) {
 }
 
 void QVSyncPreferences::showImportDatabasesSheet(QObject * /*sender*/) {
+    if (m_importController) {
+        return;
+    }
     m_importController = QVImportDatabasesController::newController();
     m_importController->runImportDatabasesSheetModalForWindow(
         mainView()->window(), [pane = QPointer(this)] {

@@ -140,6 +140,10 @@ public:
     Q_SLOT void selectFolder(QObject *sender);
     void editSyncLocation(const std::shared_ptr<QVSyncLocation> &location);
     Q_SLOT void editSelectedSyncLocation(QObject *sender);
+    /// Opens the editor of the row's location if there is one.
+    Q_SLOT void editSyncSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);
+    /// Starts to synchronize the row's database with all its locations if it can.
+    Q_SLOT void synchronizeDatabase(const std::shared_ptr<QVStandInDatabase> &database);
     /// Removes the row's location, and its states from every database row, without asking. Saves.
     Q_SLOT void removeSyncSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);
     /// Reads which databases the location of the selected row holds; the row shows the activity

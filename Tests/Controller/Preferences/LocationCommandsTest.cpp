@@ -77,6 +77,11 @@ class LocationCommandsTest : public QObject {
     void typeInSheet(const char *name, const QString &text) const {
         QTest::keyClicks(sheet()->findChild<QLineEdit *>(QLatin1StringView(name)), text);
     }
+    static void doubleClick(QVListView *list, qsizetype row) {
+        QWidget *view = list->items().at(row)->view();
+        QTest::mouseClick(view, Qt::LeftButton);
+        QTest::mouseDClick(view, Qt::LeftButton);
+    }
     void selectLocation(qsizetype index) const {
         m_pane->syncLocationsController()->setSelectionIndexes({index});
     }
@@ -117,6 +122,33 @@ private Q_SLOTS:
         m_pane.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         m_host.reset();
+    }
+
+    void theImportCommandDoesNothingWhileItsSheetIsUp() {
+        showPane();
+        m_pane->showImportDatabasesSheet(nullptr);
+        const QPointer<QWidget> first = sheet();
+        QVERIFY(first);
+        m_pane->showImportDatabasesSheet(nullptr);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(first);
+        QCOMPARE(sheet(), first);
+        QTest::keyClick(first, Qt::Key_Escape);
+        QVERIFY(!sheet());
+        m_pane->showImportDatabasesSheet(nullptr);
+        QVERIFY(sheet());
+    }
+
+    void aDoubleClickOnALocationOpensItsEditor() {
+        m_host->addLocation(QStringLiteral("http://h/S.qvSyncStore"));
+        m_host->addLocation(QStringLiteral("unknown://h"));
+        showPane();
+        doubleClick(m_pane->locationsView(), 1);
+        QVERIFY(!sheet());
+        doubleClick(m_pane->locationsView(), 0);
+        QVERIFY(sheet());
+        QCOMPARE(sheet()->findChild<QLineEdit *>(QStringLiteral("serverField"))->text(),
+                 QStringLiteral("h"));
     }
 
     void acceptingAWebDAVLocationAppendsItSelectsItAndSaves() {

@@ -132,6 +132,24 @@ private Q_SLOTS:
         QVERIFY(!m_pane->localDatabaseForUUID(QStringLiteral("unknown")));
     }
 
+    void aDoubleClickOnADatabaseSynchronizesItIfItCan() {
+        const auto database = m_host->addDatabase(QStringLiteral("A database"));
+        const auto location = m_host->addLocation(m_host->makeSyncStore(QStringLiteral("Store")));
+        const auto state = m_host->addState(location, database);
+        state->setEnabled(true);
+        showPane();
+        const auto doubleClick = [this](qsizetype row) {
+            QWidget *view = m_pane->databasesView()->items().at(row)->view();
+            QTest::mouseClick(view, Qt::LeftButton);
+            QTest::mouseDClick(view, Qt::LeftButton);
+        };
+        QVERIFY(!m_pane->databases().at(1)->canSynchronize());
+        doubleClick(1);
+        QVERIFY(state->lastSynced().isNull());
+        doubleClick(0);
+        QTRY_VERIFY(!state->lastSynced().isNull());
+    }
+
     void aRowHoldsItsStatesAndExistsLocally() {
         const auto database = m_host->addDatabase(QStringLiteral("Data"));
         const auto here = m_host->addLocation();
