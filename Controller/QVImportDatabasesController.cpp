@@ -121,6 +121,9 @@ void QVImportDatabasesController::runImportDatabasesSheetModalForWindow(
 }
 
 void QVImportDatabasesController::turnTo(const Page &page, QWidget *otherPage, int otherX) {
+    if (!isWindowLoaded()) {
+        return;
+    }
     const QRect frame = contentFrame();
     m_slide = std::make_unique<QParallelAnimationGroup>();
     const auto addAnimation = [this](QWidget *view, const QRect &end) {

@@ -33,9 +33,9 @@ public:
     static bool isAvailable();
     /// Returns the plug-in. Never null, and the same object in every call.
     static QVSyncPlugin *plugin();
-    /// Returns the database with this UUID on this computer, or nullptr if there is none. If
-    /// `lookingUpAllKnownDatabases` is true, databases are found that the host knows but does not
-    /// list otherwise.
+    /// Returns the database with this UUID on this computer, open or closed, or nullptr if there is
+    /// none. If `lookingUpAllKnownDatabases` is true, a database that is known only from the
+    /// locations is returned too, with the name last known there.
     static std::shared_ptr<QVDatabase> databaseForUUID(const QString &UUID,
                                                        bool lookingUpAllKnownDatabases);
 

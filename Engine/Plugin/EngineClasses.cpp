@@ -13,6 +13,18 @@
 
 namespace {
 
+/// A database that is only at a location, not on this computer.
+class LocationDatabase : public QVDatabase {
+public:
+    LocationDatabase(const QString &UUID, const QString &name) : m_UUID(UUID), m_name(name) {}
+    QString UUID() const override { return m_UUID; }
+    QString name() const override { return m_name; }
+
+private:
+    const QString m_UUID;
+    const QString m_name;
+};
+
 class SyncPluginClass : public QVSyncPlugin::Class {
 public:
     explicit SyncPluginClass(SyncEngine &engine) : m_engine(engine) {}
@@ -21,13 +33,25 @@ public:
     std::shared_ptr<QVDatabase> databaseForUUID(const QString &UUID,
                                                 bool lookingUpAllKnownDatabases) const override {
         const EngineNoteLibrary *library = m_engine.library();
-        const std::shared_ptr<NoteDatabase> database =
-            library ? library->databaseForUUID(UUID) : nullptr;
-        const bool isFound = database && (database->isOpen() || lookingUpAllKnownDatabases);
-        return isFound ? database : nullptr;
+        if (!library) {
+            return nullptr;
+        }
+        if (const std::shared_ptr<NoteDatabase> database = library->databaseForUUID(UUID)) {
+            return database;
+        }
+        return lookingUpAllKnownDatabases ? databaseAtLocations(UUID) : nullptr;
     }
 
 private:
+    std::shared_ptr<QVDatabase> databaseAtLocations(const QString &UUID) const {
+        for (const auto &location : m_engine.plugin().locationsController()->syncLocations()) {
+            if (const auto state = location->stateForDatabaseWithUUID(UUID)) {
+                return std::make_shared<LocationDatabase>(UUID, state->databaseName());
+            }
+        }
+        return nullptr;
+    }
+
     SyncEngine &m_engine;
 };
 

@@ -376,7 +376,19 @@ private Q_SLOTS:
         QVERIFY(!m_controller->isActive());
         QVERIFY(part<QLabel>("nothingLabel")->isVisible());
         m_realHost->closeDatabase(here);
-        QVERIFY(m_controller->shouldListDatabase(m_location->record(here->UUID())));
+        QVERIFY(!m_controller->shouldListDatabase(m_location->record(here->UUID())));
+        QVERIFY(m_controller->shouldListDatabase(m_location->record(QStringLiteral("elsewhere"))));
+    }
+
+    void aFetchAndAStepBackWorkBeforeTheWindowIsLoaded() {
+        m_script->databases = QVRemoteDatabases{m_location->record(QStringLiteral("elsewhere"))};
+        m_controller->fetchDatabasesForLocation(m_location);
+        QTRY_VERIFY(!m_controller->isActive());
+        QCOMPARE(m_controller->databases()->size(), 1);
+        const auto future = m_controller->future();
+        m_controller->returnToLocationsView(nullptr);
+        QVERIFY(future->isCancelled());
+        QVERIFY(!m_controller->isWindowLoaded());
     }
 
     void goingBackCancelsAndKeepsWhatWasFound() {

@@ -265,7 +265,11 @@ private Q_SLOTS:
             QStringLiteral("stranger"));
         QVERIFY(state);
         QCOMPARE(state->databaseName(), QStringLiteral("Stranger"));
-        QVERIFY(!QVSyncPlugin::databaseForUUID(state->databaseUUID(), true));
+        QVERIFY(!QVSyncPlugin::databaseForUUID(state->databaseUUID(), false));
+        const auto known = QVSyncPlugin::databaseForUUID(state->databaseUUID(), true);
+        QVERIFY(known);
+        QCOMPARE(known->UUID(), state->databaseUUID());
+        QCOMPARE(known->name(), QStringLiteral("Stranger"));
     }
 
     void writesOnlyWhatHasChanged() {

@@ -65,7 +65,7 @@ private Q_SLOTS:
         QVERIFY(!database->isOpen());
         QCOMPARE(m_posted, (QList<Posted>{{QVSyncPluginDidCloseDatabase, database.get(),
                                            QStringLiteral("Letters"), 1}}));
-        QVERIFY(!QVSyncPlugin::databaseForUUID(database->UUID(), false));
+        QCOMPARE(QVSyncPlugin::databaseForUUID(database->UUID(), false), database);
         QCOMPARE(QVSyncPlugin::databaseForUUID(database->UUID(), true), database);
 
         host.restart();
