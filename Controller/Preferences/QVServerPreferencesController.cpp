@@ -29,9 +29,21 @@ std::unique_ptr<QVServerPreferencesController> QVServerPreferencesController::co
 
 void QVServerPreferencesController::loadAuthorizedClients() {
     const QString service = QVDirectConnectionClientAuthorizationServiceName();
-    for (const QString &client : Keychain::shared().accounts(service).value_or(QStringList())) {
+    Keychain::shared().findAccounts(
+        service, [controller = QPointer(this)](const Expected<QStringList> &clients) {
+            if (controller) {
+                controller->didLoadAuthorizedClients(clients);
+            }
+        });
+}
+
+void QVServerPreferencesController::didLoadAuthorizedClients(const Expected<QStringList> &clients) {
+    for (const QString &client : clients.value_or(QStringList())) {
         addAuthorizedClientsObject(client);
     }
+    m_knowsClients = clients.has_value();
+    m_isLoadingClients = false;
+    KeyValue::announce<&QVServerPreferencesController::authorizedClientsChanged>(this);
 }
 
 QVDirectConnectionServer *QVServerPreferencesController::server() const {

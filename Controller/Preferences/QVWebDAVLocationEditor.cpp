@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "Host/SyncStoreLayout.h"
+#include "Host/SyncStrings.h"
 #include "Other Sources/QVURLCredentialUtilities.h"
 #include "Platform/Foundation/PathComponents.h"
 #include "Platform/Foundation/PercentEscapes.h"
@@ -27,8 +28,51 @@ quint16 portWithFields(const QVWebDAVLocationEditor::Fields &fields) {
 }  // namespace
 
 QVWebDAVLocationEditor::QVWebDAVLocationEditor(const std::shared_ptr<QVSyncLocation> &location)
-    : QVSyncLocationEditor(QStringLiteral("QVWebDAVLocationEditor"), location),
-      m_credential(QVDefaultURLCredentialForURL(location->URL())) {}
+    : QVSyncLocationEditor(QStringLiteral("QVWebDAVLocationEditor"), location) {
+    if (!location->URL().isNil()) {
+        readCredential();
+    }
+}
+
+void QVWebDAVLocationEditor::readCredential() {
+    m_credentialState = CredentialState::Reading;
+    UrlCredentialStorage::shared().findCredentialForURL(
+        location()->URL(), [editor = QPointer(this)](const auto &credential) {
+            if (editor) {
+                editor->didReadCredential(credential);
+            }
+        });
+}
+
+void QVWebDAVLocationEditor::didReadCredential(
+    const Expected<std::optional<UrlCredential>> &credential) {
+    m_credentialState = credential ? CredentialState::Known : CredentialState::Unreadable;
+    if (credential) {
+        setCredential(*credential);
+    } else {
+        m_readingError = credential.error();
+    }
+    if (isWindowLoaded()) {
+        showCredential();
+    }
+}
+
+void QVWebDAVLocationEditor::showCredential() {
+    const bool isReading = m_credentialState == CredentialState::Reading;
+    m_userField->setEnabled(!isReading);
+    m_passwordField->setEnabled(!isReading);
+    m_passwordField->setPlaceholderText(isReading ? localizedSyncString("Reading the password…")
+                                                  : QString());
+    const UrlCredential shown = m_credential.value_or(UrlCredential());
+    m_userField->setText(m_credentialState == CredentialState::Known ? shown.user
+                                                                     : location()->URL().user());
+    m_passwordField->setText(shown.password);
+    if (m_credentialState == CredentialState::Unreadable) {
+        m_explanationLabel->setText(
+            localizedSyncString("%1 %2 To replace the password, enter it again.")
+                .arg(m_readingError.localizedDescription, m_readingError.localizedFailureReason));
+    }
+}
 
 std::shared_ptr<QVWebDAVLocationEditor> QVWebDAVLocationEditor::editorWithSyncLocation(
     const std::shared_ptr<QVSyncLocation> &location) {
@@ -122,8 +166,7 @@ void QVWebDAVLocationEditor::awakeFromNib() {
     m_HTTPSCheckbox->setChecked(shown.isHTTPS);
     toggleHTTPS(m_HTTPSCheckbox);
     m_serverField->setText(shown.server);
-    m_userField->setText(m_credential ? m_credential->user : QString());
-    m_passwordField->setText(m_credential ? m_credential->password : QString());
+    showCredential();
     m_portField->setText(shown.port);
     m_pathField->setText(shown.path);
     m_storeField->setText(shown.store);
@@ -141,9 +184,16 @@ QVWebDAVLocationEditor::Fields QVWebDAVLocationEditor::fields() const {
             .port = m_portField->text()};
 }
 
+bool QVWebDAVLocationEditor::mayStoreCredential() const {
+    return m_credentialState == CredentialState::Known ||
+           (m_credentialState == CredentialState::Unreadable && m_passwordField->isModified());
+}
+
 void QVWebDAVLocationEditor::acceptModalSheet(QObject *sender) {
     location()->setURL(URLWithFields(fields()));
-    storeCredential();
+    if (mayStoreCredential()) {
+        storeCredential();
+    }
     QVSyncLocationEditor::acceptModalSheet(sender);
 }
 

@@ -2,19 +2,25 @@
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QCheckBox>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 #include <optional>
 
 #include "Controller/Preferences/QVSyncLocationEditor.h"
+#include "Platform/Foundation/Expected.h"
 #include "Platform/Security/UrlCredential.h"
 
 /// Edits the location of a sync store on a WebDAV server. The password goes into the credential
 /// storage when the sheet is accepted, for HTTP Basic and for HTTP Digest, and never into the URL.
 /// Whether the server is there, or takes the password, is not checked.
+///
+/// The credential of an existing location is read without waiting: until it is there, the fields
+/// for user and password are disabled. As long as it has not been read, accepting stores none; if
+/// it could not be read, only a password that the user has entered is stored.
 class QVWebDAVLocationEditor : public QVSyncLocationEditor {
     Q_OBJECT
-    /// The one shown and, once accepted, the one stored.
+    /// The one shown and, once accepted, the one stored. Empty while it is read.
     Q_PROPERTY(std::optional<UrlCredential> credential READ credential WRITE setCredential NOTIFY
                    credentialChanged)
     // Outlets
@@ -26,6 +32,7 @@ class QVWebDAVLocationEditor : public QVSyncLocationEditor {
     Q_PROPERTY(QLineEdit *portField MEMBER m_portField)
     Q_PROPERTY(QCheckBox *HTTPSCheckbox MEMBER m_HTTPSCheckbox)
     Q_PROPERTY(QPushButton *acceptButton MEMBER m_acceptButton)
+    Q_PROPERTY(QLabel *explanationLabel MEMBER m_explanationLabel)
 public:
     /// What the sheet says of the location; a value.
     struct Fields {
@@ -86,8 +93,17 @@ protected:
 
 private:
     explicit QVWebDAVLocationEditor(const std::shared_ptr<QVSyncLocation> &location);
+    enum class CredentialState { Known, Reading, Unreadable };
+
     Fields fields() const;
+    void readCredential();
+    void didReadCredential(const Expected<std::optional<UrlCredential>> &credential);
+    void showCredential();
+    bool mayStoreCredential() const;
     void storeCredential();
+
+    CredentialState m_credentialState = CredentialState::Known;
+    Error m_readingError;
 
     std::optional<UrlCredential> m_credential;
     QPointer<QLineEdit> m_serverField;
@@ -98,4 +114,5 @@ private:
     QPointer<QLineEdit> m_portField;
     QPointer<QCheckBox> m_HTTPSCheckbox;
     QPointer<QPushButton> m_acceptButton;
+    QPointer<QLabel> m_explanationLabel;
 };

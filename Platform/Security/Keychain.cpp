@@ -17,6 +17,17 @@ SecretAttributes itemAttributes(const QByteArray &service, const QByteArray &acc
     return attributes;
 }
 
+QStringList accountsOf(const QList<SecretAttributes> &items) {
+    QStringList accounts;
+    for (const SecretAttributes &attributes : items) {
+        const auto account = attributes.find(AccountAttribute);
+        if (account != attributes.end()) {
+            accounts.append(QString::fromUtf8(account->second));
+        }
+    }
+    return accounts;
+}
+
 }  // namespace
 
 Keychain &Keychain::shared() {
@@ -32,18 +43,15 @@ void Keychain::setPassword(const QString &service, const QString &account,
 }
 
 std::optional<QStringList> Keychain::accounts(const QString &service) const {
-    const auto items = m_store.find(serviceAttributes(service.toUtf8()));
-    if (!items) {
-        return std::nullopt;
-    }
-    QStringList accounts;
-    for (const StoredSecret &item : *items) {
-        const auto account = item.attributes.find(AccountAttribute);
-        if (account != item.attributes.end()) {
-            accounts.append(QString::fromUtf8(account->second));
-        }
-    }
-    return accounts;
+    const auto items = m_store.findAttributes(serviceAttributes(service.toUtf8()));
+    return items ? std::optional(accountsOf(*items)) : std::nullopt;
+}
+
+void Keychain::findAccounts(const QString &service, const AccountsHandler &handler) const {
+    m_store.findAttributesLater(serviceAttributes(service.toUtf8()),
+                                [handler](const Expected<QList<SecretAttributes>> &items) {
+                                    handler(items.map(accountsOf));
+                                });
 }
 
 std::optional<QByteArray> Keychain::password(const QString &service, const QString &account) const {

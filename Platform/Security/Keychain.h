@@ -2,8 +2,10 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QStringList>
+#include <functional>
 #include <optional>
 
+#include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
 
 class SecretStore;
@@ -22,9 +24,15 @@ public:
     void setPassword(const QString &service, const QString &account, const QByteArray &password);
 
     /// The accounts of the items of `service`, in no particular order, an account twice where two
-    /// items have it. Items whose account cannot be read are left out. Empty optional where the
-    /// items cannot be looked up.
+    /// items have it. Only attributes are read: a locked keyring names its accounts too, and the
+    /// user is not asked to unlock it. Items without an account are left out. Empty optional where
+    /// the items cannot be looked up.
     std::optional<QStringList> accounts(const QString &service) const;
+    /// Receives the accounts, or the reason why they cannot be looked up.
+    using AccountsHandler = std::function<void(const Expected<QStringList> &accounts)>;
+    /// Finds the same accounts without waiting. Returns at once; see SecretStore::findLater for
+    /// when `handler` is called.
+    void findAccounts(const QString &service, const AccountsHandler &handler) const;
     /// The password of the first item of `service` and `account`; empty optional where there is no
     /// such item or it cannot be read.
     std::optional<QByteArray> password(const QString &service, const QString &account) const;

@@ -133,9 +133,25 @@ std::vector<std::shared_ptr<SecretItem>> adoptItems(GList *list) {
     return items;
 }
 
-SecretServiceClient::FoundItems foundItems(GList *list) {
+int searchFlags(SecretServiceClient::Access access) {
+    switch (access) {
+        case SecretServiceClient::Access::Attributes:
+            return SECRET_SEARCH_ALL;
+        case SecretServiceClient::Access::UnlockedSecrets:
+            return SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS;
+        case SecretServiceClient::Access::Secrets:
+            break;
+    }
+    return SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS | SECRET_SEARCH_UNLOCK;
+}
+
+SecretServiceClient::FoundItems foundItems(GList *list, SecretServiceClient::Access access) {
     SecretServiceClient::FoundItems found;
     for (const auto &item : adoptItems(list)) {
+        if (access == SecretServiceClient::Access::Attributes) {
+            found.items.append({.attributes = attributesOf(item.get())});
+            continue;
+        }
         const std::unique_ptr<SecretValue, decltype(&secret_value_unref)> value(
             secret_item_get_secret(item.get()), &secret_value_unref);
         if (value) {
@@ -160,26 +176,22 @@ void SecretServiceClient::cancel() {
     g_cancellable_cancel(m_cancellable.get());
 }
 
-void SecretServiceClient::find(const SecretAttributes &attributes, Unlocking unlocking,
+void SecretServiceClient::find(const SecretAttributes &attributes, Access access,
                                const std::function<void(const FoundItems &)> &handler) {
-    const auto opened = [cancellable = m_cancellable, attributes, unlocking, handler](
+    const auto opened = [cancellable = m_cancellable, attributes, access, handler](
                             const ServicePointer &service, std::optional<Failure> failure) {
         if (failure) {
             handler({.failure = failure});
             return;
         }
-        const auto ready = [service, handler](GAsyncResult *result) {
+        const auto ready = [service, access, handler](GAsyncResult *result) {
             CallError error;
             GList *list = secret_service_search_finish(service.get(), result, error.out());
-            handler(error ? FoundItems{.failure = error.failure()} : foundItems(list));
+            handler(error ? FoundItems{.failure = error.failure()} : foundItems(list, access));
         };
-        int flags = SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS;
-        if (unlocking == Unlocking::Yes) {
-            flags |= SECRET_SEARCH_UNLOCK;
-        }
         secret_service_search(service.get(), nullptr, hashTable(attributes).get(),
-                              static_cast<SecretSearchFlags>(flags), cancellable.get(), &callReady,
-                              readyData(ready));
+                              static_cast<SecretSearchFlags>(searchFlags(access)),
+                              cancellable.get(), &callReady, readyData(ready));
     };
     open(m_cancellable, opened);
 }

@@ -24,12 +24,19 @@ public:
         /// `cancel` was called.
         Cancelled
     };
-    enum class Unlocking { No, Yes };
+    enum class Access {
+        /// All items, locked ones too, without their secrets.
+        Attributes,
+        /// The items that are not locked.
+        UnlockedSecrets,
+        /// All items; the user is asked to unlock them, and those that stay locked are left out.
+        Secrets
+    };
 
     struct FoundItems {
         std::optional<Failure> failure = {};
-        /// Without the locked ones.
         QList<StoredSecret> items = {};
+        /// Whether items were left out because they are locked.
         bool isAnyLocked = false;
     };
 
@@ -39,7 +46,7 @@ public:
     SecretServiceClient &operator=(const SecretServiceClient &) = delete;
 
     /// Each handler is called once.
-    void find(const SecretAttributes &attributes, Unlocking unlocking,
+    void find(const SecretAttributes &attributes, Access access,
               const std::function<void(const FoundItems &)> &handler);
     /// Replaces the item of the same attributes in the default collection.
     void store(const StoredSecret &item,

@@ -16,7 +16,7 @@
 namespace {
 
 using Failure = SecretServiceClient::Failure;
-using Unlocking = SecretServiceClient::Unlocking;
+using Access = SecretServiceClient::Access;
 using FoundItems = SecretServiceClient::FoundItems;
 
 /// Whether D-Bus can carry them: it hangs up on who sends it other bytes.
@@ -30,28 +30,57 @@ bool hasAll(const SecretAttributes &attributes, const SecretAttributes &wanted) 
     return std::includes(attributes.begin(), attributes.end(), wanted.begin(), wanted.end());
 }
 
-Error errorFor(Failure failure) {
-    QString reason;
+/// What this run has set, and what else the service has.
+QList<StoredSecret> merged(const QList<StoredSecret> &own, const QList<StoredSecret> &found) {
+    QList<StoredSecret> items = own;
+    for (const StoredSecret &item : found) {
+        if (std::none_of(own.begin(), own.end(), [&item](const StoredSecret &other) {
+                return hasAll(item.attributes, other.attributes);
+            })) {
+            items.append(item);
+        }
+    }
+    return items;
+}
+
+QList<SecretAttributes> attributesOfAll(const QList<StoredSecret> &items) {
+    QList<SecretAttributes> attributes;
+    for (const StoredSecret &item : items) {
+        attributes.append(item.attributes);
+    }
+    return attributes;
+}
+
+QString reasonOf(Failure failure) {
     switch (failure) {
         case Failure::NoService:
-            reason =
-                localizedString(PlatformTable, "No password service is running on this computer.");
-            break;
+            return localizedString(PlatformTable,
+                                   "No password service is running on this computer.");
         case Failure::Locked:
-            reason = localizedString(PlatformTable, "The keyring is locked.");
-            break;
+            return localizedString(PlatformTable, "The keyring is locked.");
         case Failure::Broken:
         case Failure::Cancelled:
-            reason = localizedString(PlatformTable, "The password service failed.");
             break;
     }
+    return localizedString(PlatformTable, "The password service failed.");
+}
+
+Error errorOfReading(Failure failure) {
+    return {.domain = QStringLiteral("SecretStore"),
+            .code = static_cast<int>(failure),
+            .localizedDescription =
+                localizedString(PlatformTable, "The saved password could not be read."),
+            .localizedFailureReason = reasonOf(failure)};
+}
+
+Error errorOfWriting(Failure failure) {
     return {.domain = QStringLiteral("SecretStore"),
             .code = static_cast<int>(failure),
             .localizedDescription =
                 localizedString(PlatformTable,
                                 "Passwords cannot be saved. They are kept until you quit %1.")
                     .arg(QCoreApplication::applicationName()),
-            .localizedFailureReason = reason};
+            .localizedFailureReason = reasonOf(failure)};
 }
 
 }  // namespace
@@ -63,7 +92,8 @@ public:
     explicit Implementation(std::chrono::milliseconds patience) : m_patience(patience) {}
     ~Implementation() { stop(); }
 
-    std::optional<QList<StoredSecret>> find(const SecretAttributes &attributes);
+    std::optional<QList<StoredSecret>> find(const SecretAttributes &attributes, bool wantsSecrets);
+    void findLater(const SecretAttributes &attributes, bool wantsSecrets, const Handler &handler);
     void set(const StoredSecret &item);
     bool removeFirst(const SecretAttributes &attributes);
     std::optional<Error> error() const;
@@ -90,8 +120,9 @@ private:
     };
 
     QList<StoredSecret> remembered(const SecretAttributes &attributes) const;
-    std::optional<QList<StoredSecret>> ask(Lock &lock, const SecretAttributes &attributes);
-    void didAnswer(Question &question, const FoundItems &found, Unlocking unlocking);
+    std::optional<QList<StoredSecret>> ask(Lock &lock, const SecretAttributes &attributes,
+                                           bool wantsSecrets);
+    void didAnswer(Question &question, const FoundItems &found, Access access);
     /// Appends a job and returns its number.
     quint64 append(std::function<void(const Done &)> job);
     void beginFirstJob();
@@ -135,39 +166,61 @@ QList<StoredSecret> SecretStore::Implementation::remembered(
 }
 
 std::optional<QList<StoredSecret>> SecretStore::Implementation::find(
-    const SecretAttributes &attributes) {
+    const SecretAttributes &attributes, bool wantsSecrets) {
     Lock lock(m_mutex);
     // Taken before the service is asked: what has reached the service meanwhile may be missing in
     // its answer.
-    QList<StoredSecret> items = remembered(attributes);
-    const auto found = ask(lock, attributes);
-    if (!found && items.isEmpty()) {
+    const QList<StoredSecret> own = remembered(attributes);
+    const auto found = ask(lock, attributes, wantsSecrets);
+    if (!found && own.isEmpty()) {
         return std::nullopt;
     }
-    const auto isRemembered = [own = items](const StoredSecret &item) {
-        return std::any_of(own.begin(), own.end(), [&item](const StoredSecret &other) {
-            return hasAll(item.attributes, other.attributes);
-        });
+    return merged(own, found.value_or(QList<StoredSecret>()));
+}
+
+void SecretStore::Implementation::findLater(const SecretAttributes &attributes, bool wantsSecrets,
+                                            const Handler &handler) {
+    const Lock lock(m_mutex);
+    const auto deliver = [handler, own = remembered(attributes)](const FoundItems &found) {
+        const std::optional<Failure> failed =
+            found.isAnyLocked ? std::optional(Failure::Locked) : found.failure;
+        MainQueue::dispatchAsync(
+            [handler, failed, items = merged(own, found.items), isError = failed && own.isEmpty()] {
+                handler(isError ? failure(errorOfReading(*failed))
+                                : Expected<QList<StoredSecret>>(items));
+            });
     };
-    for (const StoredSecret &item : found.value_or(QList<StoredSecret>())) {
-        if (!isRemembered(item)) {
-            items.append(item);
-        }
+    if (m_isStopped || !canBeSent(attributes)) {
+        deliver({.failure = Failure::NoService});
+        return;
     }
-    return items;
+    ++m_openQuestions;
+    m_thread.run([this, attributes, wantsSecrets, deliver] {
+        m_client.find(attributes, wantsSecrets ? Access::Secrets : Access::Attributes,
+                      [this, deliver](const FoundItems &found) {
+                          const Lock answering(m_mutex);
+                          --m_openQuestions;
+                          m_changed.notify_all();
+                          if (!m_isStopped) {
+                              deliver(found);
+                          }
+                      });
+    });
 }
 
 std::optional<QList<StoredSecret>> SecretStore::Implementation::ask(
-    Lock &lock, const SecretAttributes &attributes) {
+    Lock &lock, const SecretAttributes &attributes, bool wantsSecrets) {
     if (m_isStopped || m_abandonedQuestions > 0 || !canBeSent(attributes)) {
         return std::nullopt;
     }
     const auto question = std::make_shared<Question>();
-    const Unlocking unlocking = m_mayUnlockToFind ? Unlocking::Yes : Unlocking::No;
+    const Access access = !wantsSecrets       ? Access::Attributes
+                          : m_mayUnlockToFind ? Access::Secrets
+                                              : Access::UnlockedSecrets;
     ++m_openQuestions;
-    m_thread.run([this, question, attributes, unlocking] {
-        m_client.find(attributes, unlocking, [this, question, unlocking](const FoundItems &found) {
-            didAnswer(*question, found, unlocking);
+    m_thread.run([this, question, attributes, access] {
+        m_client.find(attributes, access, [this, question, access](const FoundItems &found) {
+            didAnswer(*question, found, access);
         });
     });
     m_changed.wait_for(lock, m_patience, [&] { return question->answer.has_value(); });
@@ -180,13 +233,13 @@ std::optional<QList<StoredSecret>> SecretStore::Implementation::ask(
 }
 
 void SecretStore::Implementation::didAnswer(Question &question, const FoundItems &found,
-                                            Unlocking unlocking) {
+                                            Access access) {
     const Lock lock(m_mutex);
     --m_openQuestions;
     if (!question.isAwaited) {
         --m_abandonedQuestions;
     }
-    if (unlocking == Unlocking::Yes && found.isAnyLocked) {
+    if (access == Access::Secrets && found.isAnyLocked) {
         m_mayUnlockToFind = false;
     }
     question.answer = found;
@@ -276,7 +329,7 @@ void SecretStore::Implementation::fail(Failure failure) {
     if (m_error) {
         return;
     }
-    m_error = errorFor(failure);
+    m_error = errorOfWriting(failure);
     if (!m_isStopped && QCoreApplication::instance()) {
         MainQueue::dispatchAsync(
             [] { NotificationCenter::defaultCenter().post(SecretsNotKeptNotification, nullptr); });
@@ -373,7 +426,25 @@ SecretStore::SecretStore(std::chrono::milliseconds patience)
 SecretStore::~SecretStore() = default;
 
 std::optional<QList<StoredSecret>> SecretStore::find(const SecretAttributes &attributes) {
-    return m_implementation->find(attributes);
+    return m_implementation->find(attributes, true);
+}
+
+std::optional<QList<SecretAttributes>> SecretStore::findAttributes(
+    const SecretAttributes &attributes) {
+    const auto items = m_implementation->find(attributes, false);
+    return items ? std::optional(attributesOfAll(*items)) : std::nullopt;
+}
+
+void SecretStore::findLater(const SecretAttributes &attributes, const Handler &handler) {
+    m_implementation->findLater(attributes, true, handler);
+}
+
+void SecretStore::findAttributesLater(const SecretAttributes &attributes,
+                                      const AttributesHandler &handler) {
+    m_implementation->findLater(attributes, false,
+                                [handler](const Expected<QList<StoredSecret>> &items) {
+                                    handler(items.map(attributesOfAll));
+                                });
 }
 
 void SecretStore::set(const StoredSecret &item) {

@@ -4,11 +4,13 @@
 #include <QtCore/QList>
 #include <QtCore/QString>
 #include <chrono>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 
 #include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
 
 /// Posted to the default notification centre on the main thread when a secret that should have been
@@ -32,7 +34,7 @@ struct StoredSecret {
 
 /// The user's secrets in the desktop's Secret Service, and those of this run that the service has
 /// not taken, or not yet. Any thread; nothing here waits longer than the store's patience, whatever
-/// the service does. Error texts and logs never hold a secret.
+/// the service does, unless stated otherwise. Error texts and logs never hold a secret.
 class PLATFORM_EXPORT SecretStore {
 public:
     /// The store of the process. When the application object goes, what is still to be written gets
@@ -51,6 +53,23 @@ public:
     /// asked and this run has set none of them. After one call has waited in vain, others do not
     /// wait while that question is still open.
     std::optional<QList<StoredSecret>> find(const SecretAttributes &attributes);
+    /// Returns the attributes of the items that have all of `attributes`, also of locked ones. No
+    /// secret is requested and the user is never asked to unlock anything. Empty optional if the
+    /// service cannot be asked and this run has set none of them.
+    std::optional<QList<SecretAttributes>> findAttributes(const SecretAttributes &attributes);
+
+    /// Receives the items, or the reason why they cannot be read.
+    using Handler = std::function<void(const Expected<QList<StoredSecret>> &items)>;
+    using AttributesHandler =
+        std::function<void(const Expected<QList<SecretAttributes>> &attributes)>;
+    /// Finds what `find` and `findAttributes` find, but returns at once and waits for the service
+    /// as long as it takes, such as until the user has unlocked the keyring. The handler is called
+    /// exactly once, from the event loop of the main thread, or never if the application ends
+    /// before. Unless this run has set some of the items, it receives an error if items stay locked
+    /// or the service fails.
+    void findLater(const SecretAttributes &attributes, const Handler &handler);
+    void findAttributesLater(const SecretAttributes &attributes, const AttributesHandler &handler);
+
     /// Replaces the item of the same attributes. Returns at once.
     void set(const StoredSecret &item);
     /// Deletes the first item that has all of `attributes`, and tells whether that was done.

@@ -1,5 +1,10 @@
 #include "Platform/Security/UrlCredentialStorage.h"
 
+#include <algorithm>
+#include <functional>
+
+#include "Platform/Foundation/MainQueue.h"
+#include "Platform/Foundation/Url.h"
 #include "Platform/Security/SecretNames.h"
 #include "Platform/Security/SecretStore.h"
 
@@ -34,21 +39,29 @@ SecretKeeping keepingOf(const UrlCredential &credential) {
                                                                            : SecretKeeping::ThisRun;
 }
 
-}  // namespace
+/// Finds the items that have all of the attributes.
+using Finder = std::function<QList<StoredSecret>(const SecretAttributes &attributes)>;
 
-UrlCredentialStorage &UrlCredentialStorage::shared() {
-    static UrlCredentialStorage storage(SecretStore::shared());
-    return storage;
+Finder finder(SecretStore &store) {
+    return [&store](const SecretAttributes &attributes) {
+        return store.find(attributes).value_or(QList<StoredSecret>());
+    };
 }
 
-QHash<QString, UrlCredential> UrlCredentialStorage::credentialsForProtectionSpace(
-    const std::optional<UrlProtectionSpace> &space) const {
+Finder finder(const QList<StoredSecret> &items) {
+    return [items](const SecretAttributes &attributes) {
+        QList<StoredSecret> found = items;
+        found.removeIf([&](const StoredSecret &item) {
+            return !std::includes(item.attributes.begin(), item.attributes.end(),
+                                  attributes.begin(), attributes.end());
+        });
+        return found;
+    };
+}
+
+QHash<QString, UrlCredential> credentialsIn(const Finder &find, const UrlProtectionSpace &space) {
     QHash<QString, UrlCredential> credentials;
-    if (!space) {
-        return credentials;
-    }
-    const auto items = m_store.find(credentialAttributes(*space));
-    for (const StoredSecret &item : items.value_or(QList<StoredSecret>())) {
+    for (const StoredSecret &item : find(credentialAttributes(space))) {
         const auto user = item.attributes.find(UserAttribute);
         if (user != item.attributes.end()) {
             const UrlCredential credential{
@@ -63,18 +76,78 @@ QHash<QString, UrlCredential> UrlCredentialStorage::credentialsForProtectionSpac
     return credentials;
 }
 
-std::optional<UrlCredential> UrlCredentialStorage::defaultCredentialForProtectionSpace(
-    const std::optional<UrlProtectionSpace> &space) const {
+std::optional<UrlCredential> defaultCredentialIn(const Finder &find,
+                                                 const UrlProtectionSpace &space) {
+    const QList<StoredSecret> users = find(defaultUserAttributes(space));
+    if (users.isEmpty()) {
+        return std::nullopt;
+    }
+    const auto credentials = credentialsIn(find, space);
+    const auto found = credentials.find(QString::fromUtf8(users.first().secret));
+    return found == credentials.end() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<UrlCredential> credentialOf(const Finder &find, const Url &URL,
+                                          const QString &method) {
+    const auto space = UrlProtectionSpace::ofURL(URL, method);
     if (!space) {
         return std::nullopt;
     }
-    const auto users = m_store.find(defaultUserAttributes(*space));
-    if (!users || users->isEmpty()) {
-        return std::nullopt;
+    if (!URL.user().isNull()) {
+        const auto credentials = credentialsIn(find, *space);
+        if (const auto found = credentials.find(URL.user()); found != credentials.end()) {
+            return *found;
+        }
     }
-    const auto credentials = credentialsForProtectionSpace(space);
-    const auto found = credentials.find(QString::fromUtf8(users->first().secret));
-    return found == credentials.end() ? std::nullopt : std::optional(*found);
+    return defaultCredentialIn(find, *space);
+}
+
+std::optional<UrlCredential> credentialOf(const Finder &find, const Url &URL) {
+    const auto basic = credentialOf(find, URL, UrlAuthenticationMethodHttpBasic);
+    return basic ? basic : credentialOf(find, URL, UrlAuthenticationMethodHttpDigest);
+}
+
+}  // namespace
+
+UrlCredentialStorage &UrlCredentialStorage::shared() {
+    static UrlCredentialStorage storage(SecretStore::shared());
+    return storage;
+}
+
+QHash<QString, UrlCredential> UrlCredentialStorage::credentialsForProtectionSpace(
+    const std::optional<UrlProtectionSpace> &space) const {
+    return space ? credentialsIn(finder(m_store), *space) : QHash<QString, UrlCredential>();
+}
+
+std::optional<UrlCredential> UrlCredentialStorage::defaultCredentialForProtectionSpace(
+    const std::optional<UrlProtectionSpace> &space) const {
+    return space ? defaultCredentialIn(finder(m_store), *space) : std::nullopt;
+}
+
+std::optional<UrlCredential> UrlCredentialStorage::credentialForURL(
+    const Url &URL, const QString &authenticationMethod) const {
+    return credentialOf(finder(m_store), URL, authenticationMethod);
+}
+
+std::optional<UrlCredential> UrlCredentialStorage::credentialForURL(const Url &URL) const {
+    return credentialOf(finder(m_store), URL);
+}
+
+void UrlCredentialStorage::findCredentialForURL(const Url &URL,
+                                                const CredentialHandler &handler) const {
+    const auto space = UrlProtectionSpace::ofURL(URL, {});
+    if (!space) {
+        MainQueue::dispatchAsync([handler] { handler(std::nullopt); });
+        return;
+    }
+    // One question for all that is stored for the server.
+    SecretAttributes attributes = credentialAttributes(*space);
+    attributes.erase("xdg:schema");
+    attributes.erase("authentication-method");
+    m_store.findLater(attributes, [URL, handler](const Expected<QList<StoredSecret>> &items) {
+        handler(items.map(
+            [&](const QList<StoredSecret> &all) { return credentialOf(finder(all), URL); }));
+    });
 }
 
 void UrlCredentialStorage::setCredentialForProtectionSpace(

@@ -1,13 +1,16 @@
 #pragma once
 
 #include <QtCore/QHash>
+#include <functional>
 #include <optional>
 
+#include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
 #include "Platform/Security/UrlCredential.h"
 #include "Platform/Security/UrlProtectionSpace.h"
 
 class SecretStore;
+class Url;
 
 /// The credentials of the user by protection space, kept in the desktop's Secret Service
 /// (https://specifications.freedesktop.org/secret-service). A space has any number of credentials,
@@ -31,6 +34,20 @@ public:
         const std::optional<UrlProtectionSpace> &space) const;
     std::optional<UrlCredential> defaultCredentialForProtectionSpace(
         const std::optional<UrlProtectionSpace> &space) const;
+
+    /// Returns the credential of the URL's user for `authenticationMethod` at the URL's server, or
+    /// if there is none, the default credential there. The empty user of "//@host" is a user.
+    /// Returns nothing for a nil URL.
+    std::optional<UrlCredential> credentialForURL(const Url &URL,
+                                                  const QString &authenticationMethod) const;
+    /// Returns the credential for Basic, or if there is none, the one for Digest.
+    std::optional<UrlCredential> credentialForURL(const Url &URL) const;
+    /// Receives the credential, if there is one, or the reason why it cannot be read.
+    using CredentialHandler =
+        std::function<void(const Expected<std::optional<UrlCredential>> &credential)>;
+    /// Finds the credential for Basic or Digest without waiting. Returns at once; see
+    /// SecretStore::findLater for when `handler` is called.
+    void findCredentialForURL(const Url &URL, const CredentialHandler &handler) const;
 
     /// Replaces the credential of the same user. One with Persistence::None is not stored, and
     /// changes nothing. A name with a NUL character is kept for this run only.

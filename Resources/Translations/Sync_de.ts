@@ -28,6 +28,14 @@
         <translation>Anmelden …</translation>
     </message>
     <message>
+        <source>Reading the password…</source>
+        <translation>Passwort wird gelesen …</translation>
+    </message>
+    <message>
+        <source>%1 %2 To replace the password, enter it again.</source>
+        <translation>%1 %2 Um das Passwort zu ersetzen, geben Sie es erneut ein.</translation>
+    </message>
+    <message>
         <source>Direct Connection</source>
         <translation>Direktverbindung</translation>
     </message>
@@ -1089,6 +1097,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>No password service is running on this computer.</source>
         <translation>Auf diesem Computer läuft kein Passwortdienst.</translation>
+    </message>
+    <message>
+        <source>The saved password could not be read.</source>
+        <translation>Das gespeicherte Passwort konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>The keyring is locked.</source>

@@ -30,23 +30,13 @@ QStringList decodedParts(const QUrl &URL) {
     return parts;
 }
 
-std::optional<UrlCredential> storedCredential(const Url &URL, const QString &method) {
-    UrlCredentialStorage &storage = UrlCredentialStorage::shared();
-    const UrlProtectionSpace space = {URL.host(), URL.port().value_or(0), URL.scheme(), {}, method};
-    const QHash<QString, UrlCredential> credentials = storage.credentialsForProtectionSpace(space);
-    const auto found = credentials.find(URL.user());
-    return !URL.user().isEmpty() && found != credentials.end()
-               ? std::optional(*found)
-               : storage.defaultCredentialForProtectionSpace(space);
-}
-
 /// A credential that is stored for Basic may be used with Digest, which does not disclose it, but
 /// not the other way round.
 std::optional<UrlCredential> storedCredential(const Url &URL, HttpAuthentication::Scheme scheme) {
-    const auto basic = storedCredential(URL, UrlAuthenticationMethodHttpBasic);
-    return basic || scheme == HttpAuthentication::Scheme::Basic
-               ? basic
-               : storedCredential(URL, UrlAuthenticationMethodHttpDigest);
+    const UrlCredentialStorage &storage = UrlCredentialStorage::shared();
+    return scheme == HttpAuthentication::Scheme::Basic
+               ? storage.credentialForURL(URL, UrlAuthenticationMethodHttpBasic)
+               : storage.credentialForURL(URL);
 }
 
 }  // namespace

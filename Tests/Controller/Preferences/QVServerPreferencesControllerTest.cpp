@@ -37,10 +37,13 @@ class QVServerPreferencesControllerTest : public QObject {
         m_controller.reset();
         m_host.reset();
         m_realHost = std::make_unique<TestHost>();
-        m_controller = QVServerPreferencesController::controller();
+        reopen();
     }
     /// Makes the controller anew, as the next opening of the sheet does.
-    void reopen() { m_controller = QVServerPreferencesController::controller(); }
+    void reopen() {
+        m_controller = QVServerPreferencesController::controller();
+        QTRY_VERIFY(!m_controller->isLoadingClients());
+    }
     static QMap<QString, QString> itemAttributes(const QString &client) {
         return {{QStringLiteral("xdg:schema"), QStringLiteral("velmora-tests.GenericPassword")},
                 {QStringLiteral("service"), QVDirectConnectionClientAuthorizationServiceName()},
@@ -71,7 +74,7 @@ private Q_SLOTS:
     void cleanupTestCase() { m_secretService.reset(); }
     void init() {
         m_host = std::make_unique<ScriptedHost>();
-        m_controller = QVServerPreferencesController::controller();
+        reopen();
     }
     void cleanup() {
         m_controller.reset();
@@ -175,6 +178,7 @@ private Q_SLOTS:
         part<QSpinBox>("portField")->setValue(other.serverPort());
         QVERIFY(!m_controller->server()->isServing());
         QVERIFY(!part<QCheckBox>("enabledCheckBox")->isChecked());
+        QTRY_COMPARE(m_realHost->application().presentedErrors().size(), 1);
     }
 
     void withoutItemsNoClientIsAuthorized() {
@@ -217,6 +221,30 @@ private Q_SLOTS:
         QVERIFY(m_host->application.presentedErrors().isEmpty());
         m_secretService = nullptr;
         m_secretService = std::make_unique<SecretService>();
+    }
+
+    void aLockedKeychainNamesItsClientsWithoutAPrompt() {
+        authorize(QStringLiteral("Kim"));
+        m_secretService->lock();
+        reopen();
+        QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Kim")});
+        m_secretService = nullptr;
+        m_secretService = std::make_unique<SecretService>();
+    }
+
+    void aKeychainThatDoesNotAnswerNeitherBlocksNorLooksEmpty() {
+        m_secretService->freezeKeyring();
+        QElapsedTimer elapsed;
+        elapsed.start();
+        m_controller = QVServerPreferencesController::controller();
+        m_controller->window()->show();
+        QVERIFY(elapsed.elapsed() < 2000);
+        QVERIFY(m_controller->isLoadingClients());
+        QVERIFY(!part<QLabel>("emptyLabel")->isVisible());
+        m_secretService = nullptr;
+        m_secretService = std::make_unique<SecretService>();
+        QTRY_VERIFY(!m_controller->isLoadingClients());
+        QVERIFY(!part<QLabel>("emptyLabel")->isVisible());
     }
 
     void aClientIsInTheSetOnce() {

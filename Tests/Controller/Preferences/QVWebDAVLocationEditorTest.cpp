@@ -23,10 +23,30 @@ class QVWebDAVLocationEditorTest : public QObject {
     QList<qint64> m_results;
 
     void open(const QString &URLText = {}) {
+        openAtOnce(URLText);
+        QTRY_VERIFY(m_editor->userField()->isEnabled());
+    }
+    /// Does not wait until the credential has been read.
+    void openAtOnce(const QString &URLText) {
         m_location = m_host->newLocation(Url::fromString(URLText));
         m_editor = QVWebDAVLocationEditor::editorWithSyncLocation(m_location);
         m_editor->runLocationEditorModalForWindow(
             m_parent.get(), false, [this](qint64 result) { m_results.append(result); });
+    }
+    static std::optional<UrlCredential> storedCredential(const QString &URLText) {
+        return QVDefaultURLCredentialForURL(Url::fromString(URLText));
+    }
+    static void storePassword(const QString &URLText, const QString &user) {
+        UrlCredentialStorage::shared().setCredentialForProtectionSpace(
+            {.user = user,
+             .password = QStringLiteral("secret"),
+             .persistence = UrlCredential::Persistence::Permanent},
+            QVHTTPBasicURLProtectionSpaceForURL(Url::fromString(URLText)));
+        QVERIFY(SecretStore::shared().finishWriting());
+    }
+    void restartKeyring() {
+        m_secretService->stopKeyring();
+        m_secretService->startKeyring();
     }
     static void type(QLineEdit *field, const QString &text) {
         field->clear();
@@ -62,6 +82,53 @@ private Q_SLOTS:
         m_parent.reset();
         m_location.reset();
         m_host.reset();
+    }
+
+    void theFieldsWaitForTheCredential() {
+        const QString URL = QStringLiteral("http://ida@waiting/a/S.qvSyncStore");
+        storePassword(URL, QStringLiteral("ida"));
+        openAtOnce(URL);
+        QVERIFY(!m_editor->userField()->isEnabled());
+        QVERIFY(!m_editor->passwordField()->isEnabled());
+        QCOMPARE(m_editor->passwordField()->placeholderText(),
+                 QStringLiteral("Reading the password…"));
+        QTRY_VERIFY(m_editor->passwordField()->isEnabled());
+        QCOMPARE(m_editor->userField()->text(), QStringLiteral("ida"));
+        QCOMPARE(m_editor->passwordField()->text(), QStringLiteral("secret"));
+        QVERIFY(m_editor->passwordField()->placeholderText().isEmpty());
+    }
+
+    void aKeyringThatDoesNotAnswerNeitherBlocksNorLosesTheCredential() {
+        const QString URL = QStringLiteral("http://ida@frozen/a/S.qvSyncStore");
+        storePassword(URL, QStringLiteral("ida"));
+        m_secretService->freezeKeyring();
+        QElapsedTimer elapsed;
+        elapsed.start();
+        openAtOnce(URL);
+        QVERIFY(elapsed.elapsed() < 2000);
+        QVERIFY(!m_editor->passwordField()->isEnabled());
+        m_editor->acceptModalSheet(nullptr);
+        QCOMPARE(m_location->URL().absoluteString(), URL);
+        QCOMPARE(m_results, QList<qint64>{1});
+        restartKeyring();
+        QTRY_VERIFY(storedCredential(URL));
+        QCOMPARE(storedCredential(URL)->password, QStringLiteral("secret"));
+    }
+
+    void aLockedKeyringIsNotTakenForNoCredential() {
+        const QString URL = QStringLiteral("http://ida@locked/a/S.qvSyncStore");
+        storePassword(URL, QStringLiteral("ida"));
+        m_secretService->lock();
+        open(URL);
+        QCOMPARE(m_editor->userField()->text(), QStringLiteral("ida"));
+        const auto *explanation =
+            m_editor->window()->findChild<QLabel *>(QStringLiteral("explanationLabel"));
+        QVERIFY(explanation->text().contains(QStringLiteral("The keyring is locked.")));
+        m_editor->acceptModalSheet(nullptr);
+        QCOMPARE(m_location->URL().absoluteString(), URL);
+        restartKeyring();
+        QTRY_VERIFY(storedCredential(URL));
+        QCOMPARE(storedCredential(URL)->password, QStringLiteral("secret"));
     }
 
     void theDefaultPortFollowsHTTPS() {

@@ -131,7 +131,33 @@ private Q_SLOTS:
         QVERIFY(!run.keychain.accounts(Service));
     }
 
-    void theItemsOfALockedKeyringCannotBeLookedUp() {
+    void aLockedKeyringNamesItsAccounts() {
+        keep(Name, "secret");
+        m_service->lock();
+        Run run;
+        QCOMPARE(run.keychain.accounts(Service), QStringList{Name});
+        std::optional<Expected<QStringList>> found;
+        run.keychain.findAccounts(Service, [&](const auto &accounts) { found = accounts; });
+        QVERIFY(!found);
+        QTRY_VERIFY(found);
+        QCOMPARE(*found, Expected<QStringList>(QStringList{Name}));
+    }
+
+    void findingAccountsTellsAFailureFromAnEmptyResult() {
+        Run run;
+        std::optional<Expected<QStringList>> found;
+        const auto keepResult = [&](const auto &accounts) { found = accounts; };
+        run.keychain.findAccounts(Service, keepResult);
+        QTRY_VERIFY(found);
+        QCOMPARE(*found, Expected<QStringList>(QStringList()));
+        m_service->stopKeyring();
+        found.reset();
+        run.keychain.findAccounts(Service, keepResult);
+        QTRY_VERIFY(found);
+        QVERIFY(!found->has_value());
+    }
+
+    void thePasswordsOfALockedKeyringCannotBeLookedUp() {
         keep(Name, "secret");
         m_service->lock();
         Run run;

@@ -317,6 +317,46 @@ private Q_SLOTS:
         QVERIFY(prompting.countOfPrompts() > before);
     }
 
+    void attributesAreFoundWithoutAPrompt() {
+        m_service->stopKeyring();
+        PromptingSecretService prompting(m_service->busAddress(), Person::LooksAway);
+        SecretStore store(Short);
+        QCOMPARE(store.findAttributes(item("one", {}).attributes)->size(), 1);
+        bool isFound = false;
+        store.findAttributesLater(item("one", {}).attributes, [&](const auto &found) {
+            isFound = found && found->size() == 1;
+        });
+        QTRY_VERIFY(isFound);
+        QCOMPARE(prompting.countOfPrompts(), 0);
+    }
+
+    void findingLaterReportsADeclinedPromptAsAnError() {
+        m_service->stopKeyring();
+        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        SecretStore store(Short);
+        std::optional<Expected<QList<StoredSecret>>> found;
+        store.findLater(item("one", {}).attributes, [&](const auto &items) { found = items; });
+        QVERIFY(!found);
+        QTRY_VERIFY(found);
+        QVERIFY(!*found);
+        QCOMPARE(found->error().localizedFailureReason, QStringLiteral("The keyring is locked."));
+    }
+
+    void findingLaterFindsWhatFindFinds() {
+        keep("kept", "1");
+        SecretStore store;
+        store.set(item("set", "2", SecretKeeping::ThisRun));
+        QByteArrayList secrets;
+        const auto keepSecrets = [&](const Expected<QList<StoredSecret>> &items) {
+            for (const StoredSecret &found : items.value_or(QList<StoredSecret>())) {
+                secrets.append(found.secret);
+            }
+        };
+        store.findLater({{"xdg:schema", "velmora.Test"}}, keepSecrets);
+        QTRY_COMPARE(secrets.size(), 2);
+        QCOMPARE(secrets, QByteArrayList({"2", "1"}));
+    }
+
     void onceDeclinedLookingUpDoesNotPromptAgain() {
         m_service->stopKeyring();
         PromptingSecretService prompting(m_service->busAddress(), Person::Declines);

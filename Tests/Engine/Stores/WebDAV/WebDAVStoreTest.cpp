@@ -596,6 +596,19 @@ private Q_SLOTS:
                  qPrintable(description(opened)));
     }
 
+    void theCredentialOfTheEmptyUserIsSentWhenTheServerAsks() {
+        const ScriptedServer scripted(
+            always("401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"x\""));
+        const QString URLText =
+            scripted.URLText(PackageName).replace(QStringLiteral("ida@"), QStringLiteral("@"));
+        UrlCredentialStorage::shared().setCredentialForProtectionSpace(
+            {QLatin1StringView(""), QStringLiteral("secret"),
+             UrlCredential::Persistence::ForSession},
+            space(URLText, UrlAuthenticationMethodHttpBasic));
+        const QString refusal = description(open(URLText));
+        QVERIFY2(!refusal.contains(QStringLiteral("none is saved")), qPrintable(refusal));
+    }
+
     void withoutAUserTheDefaultCredentialIsUsed() {
         start({});
         const QString URLText = m_server->URLText(PackageName, {});
