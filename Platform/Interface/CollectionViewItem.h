@@ -11,39 +11,46 @@
 class QWidget;
 
 /// One item of a list: an object, whether it is selected, and the view that shows it.
-/// Main thread. The item owns its view until the view gets a parent, and deletes it in any case
-/// when it goes: later, from the event loop, because the item may go while its view handles an
-/// event.
 ///
-/// A view can pass from one item to the next that shows the same object. What it observes is
-/// therefore not the item itself but another one, its model, which goes with the view and follows
-/// the item that has it.
+/// Must be used on the main thread. The item owns its view, even after the view gets a parent. Its
+/// destructor hides the view and deletes it from the event loop, because an item may be destroyed
+/// while its view handles an event. If a parent has deleted the view before, the next call of
+/// view() makes a new one.
+///
+/// A view can be passed to another item that shows the same object. Therefore it does not observe
+/// the item, but a second one, its model, which belongs to the view and follows the item that has
+/// the view.
 class PLATFORM_EXPORT CollectionViewItem : public QObject {
     Q_OBJECT
+    /// The object that the item shows; a shared pointer in it keeps the object alive. Announced
+    /// each time it is set, equal or not.
     Q_PROPERTY(QVariant representedObject READ representedObject WRITE setRepresentedObject NOTIFY
                    representedObjectChanged)
+    /// Whether the item is selected. Announced each time it is set, equal or not.
     Q_PROPERTY(bool selected READ isSelected WRITE setSelected NOTIFY selectedChanged)
 public:
-    /// Makes a view, without a parent, that observes `model` and does not write to it. Never
-    /// returns nullptr. `model` lives as long as an item has the view.
+    /// Returns a new view, without a parent, that observes `model` and does not write to it. Must
+    /// not return null. `model` exists as long as an item has the view.
     using ViewFactory = std::function<QWidget *(CollectionViewItem *model)>;
 
     explicit CollectionViewItem(ViewFactory makeView, QObject *parent = nullptr);
     ~CollectionViewItem() override;
 
-    /// A new item that makes its view as this one does; nothing is represented or selected in it.
+    /// Returns a new item with the same view factory, without a represented object, not selected.
+    /// Does not make a view.
     std::unique_ptr<CollectionViewItem> copy() const;
 
     QVariant representedObject() const { return m_representedObject; }
     void setRepresentedObject(const QVariant &object);
     bool isSelected() const { return m_isSelected; }
     void setSelected(bool selected);
-    /// Made when first asked for.
+    /// Returns the view, which the first call makes. Never null. Owned by the item.
     QWidget *view();
-    /// What the view observes; nullptr before the view is made.
+    /// Returns the model that the view observes; null before the view is made. Owned by the item.
     CollectionViewItem *model() const { return m_model.get(); }
     /// Takes the view of `other`, with its model, if this item has none, represents an equal object
-    /// and is a copy of the same item. Returns whether it did; `other` then has no view.
+    /// and is a copy of the same prototype. Returns whether it did; `other`, which must not be
+    /// null, then has no view.
     bool takeView(CollectionViewItem *other);
 
 Q_SIGNALS:
@@ -56,6 +63,7 @@ private:
     /// Shared by all copies.
     const std::shared_ptr<const ViewFactory> m_makeView;
     QPointer<QWidget> m_view;
+    /// Null before the view is made.
     std::unique_ptr<CollectionViewItem> m_model;
     QVariant m_representedObject;
     bool m_isSelected = false;

@@ -4,8 +4,10 @@
 
 #include "Platform/PlatformExport.h"
 
-/// A place for a view that comes from elsewhere: it asks for as much room as that view, and makes
-/// it follow its own size.
+/// Placeholder in a form for a view from elsewhere. Its size hints are those of the largest child,
+/// and every child gets the container's whole rectangle. Children that are added or change their
+/// size hint update the geometry of the container. Must not be given a layout. Must be used on the
+/// main thread.
 class PLATFORM_EXPORT ContainerView : public QWidget {
     Q_OBJECT
 public:

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Opens the menu of the view whose child it is.
+/// Opens the menu of its parent, a view.
 class MenuOpener : public QObject {
 public:
     MenuOpener(QWidget *view, QMenu *menu) : QObject(view), m_menu(menu) {

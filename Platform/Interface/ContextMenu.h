@@ -5,13 +5,13 @@
 class QMenu;
 class QWidget;
 
-/// The menu that a secondary click or the menu key opens on a view. The view does not own it; it
-/// may go first.
+/// The menu that a secondary click or the menu key opens on a view. The menu is not owned; if it is
+/// destroyed, the view has none. Must be used on the main thread.
 namespace ContextMenu {
 
-/// nullptr where there is none.
+/// Returns the view's menu, or null if it has none. `view` must not be null.
 PLATFORM_EXPORT QMenu *menu(const QWidget *view);
-/// nullptr takes the menu away.
+/// Sets the view's menu, in place of an earlier one; null removes it. `view` must not be null.
 PLATFORM_EXPORT void setMenu(QWidget *view, QMenu *menu);
 
 }  // namespace ContextMenu

@@ -31,7 +31,7 @@ void Control::setBackgroundStyle(QWidget *control, BackgroundStyle style) {
     keepOwnPalettes(control);
     control->setPalette(style == BackgroundStyle::Dark ? ListPalette::selected()
                                                        : ListPalette::normal());
-    // Last: a label with a colour of its own puts it in when it hears of the style.
+    // Last: a label with its own color applies it when this property changes.
     control->setProperty(backgroundStyleProperty, static_cast<int>(style));
 }
 

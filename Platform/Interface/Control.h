@@ -4,24 +4,28 @@
 
 #include "Platform/PlatformExport.h"
 
-/// A view with an action. What is connected to `action` is its target.
+/// A view with an action: the target is what is connected to the `action` signal. Must be used on
+/// the main thread.
 class PLATFORM_EXPORT Control : public QWidget {
     Q_OBJECT
 public:
     using QWidget::QWidget;
 
-    /// How what a control writes stands out from what is painted behind it.
+    /// What is painted behind a control: white (Light), for which its text is dark, or the
+    /// selection color (Dark).
     enum class BackgroundStyle { Light = 0, Dark = 1 };
 
-    /// Whether `view` is a control: one of ours, or a label, button, field, spin box or pop-up of
-    /// Qt's.
+    /// Returns whether `view` is a Control, QLabel, QAbstractButton, QLineEdit, QAbstractSpinBox or
+    /// QComboBox; false for null.
     static bool isControl(const QWidget *view);
-    /// Makes a control write in the colour for text on white (Light) or on the selection colour
-    /// (Dark). Views in the control keep the palettes that they have.
+    /// Sets the palette of `control`, which may be any widget, to the list palette for `style`, and
+    /// stores the style in its dynamic property "backgroundStyle". Child widgets keep their
+    /// palettes.
     static void setBackgroundStyle(QWidget *control, BackgroundStyle style);
-    /// Light for a control whose style was never set.
+    /// Returns the stored style; Light if none was set.
     static BackgroundStyle backgroundStyle(const QWidget *control);
 
 Q_SIGNALS:
+    /// Emitted when the user triggers the control.
     void action();
 };

@@ -15,7 +15,7 @@ QPalette lightPalette(const QPalette &application) {
 }  // namespace
 
 QPalette ListPalette::normal() {
-    // Kept, because every row of a list asks for it, and Qt compares copies of one palette fast.
+    // Cached, because every row of a list uses it and Qt compares copies of one palette quickly.
     static QPalette application = QGuiApplication::palette();
     static QPalette palette = lightPalette(application);
     if (const QPalette current = QGuiApplication::palette(); current != application) {

@@ -4,15 +4,17 @@
 
 #include "Platform/PlatformExport.h"
 
-/// The colours in lists, which paint white and the selection colour whatever the theme: what stands
-/// in them must be legible there, under a dark theme too.
+/// Palettes for the contents of lists. Lists are white with rows in the selection color under every
+/// theme, so their text must not use the theme's colors. Each function follows the application's
+/// current palette. Must be used on the main thread, while a QGuiApplication exists.
 namespace ListPalette {
 
-/// Dark on white, with the application's selection colours.
+/// Returns dark on white, with the application's selection colors. Returns copies of the same
+/// palette until the application's changes, so Qt can compare them in O(1).
 PLATFORM_EXPORT QPalette normal();
-/// The selection's text colour on the selection colour. Buttons keep their own light faces.
+/// Returns the selection's text color on the selection color. Buttons keep their light faces.
 PLATFORM_EXPORT QPalette selected();
-/// The colour of the selection.
+/// Returns the color of the selection in an active window.
 PLATFORM_EXPORT QColor alternateSelectedControlColor();
 
 }  // namespace ListPalette

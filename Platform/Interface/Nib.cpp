@@ -36,7 +36,7 @@ QHash<QString, Nib::ObjectFactory> &classes() {
     failAssertion(message, "Nib::load", "Platform/Interface/Nib");
 }
 
-/// The binding that `text` states; rows state the same ones over and over.
+/// Returns the parsed binding. Cached, since the rows of a list repeat the same texts.
 const NibBinding &parsedBinding(const QString &text) {
     static QHash<QString, NibBinding> parsed;
     auto found = parsed.find(text);
@@ -55,7 +55,7 @@ const NibAction &parsedAction(const QString &text) {
     return *found;
 }
 
-/// Sends what `action` says when its sender is used.
+/// Calls the method of `action` when its parent, the sender, is triggered.
 class ActionSender : public QObject {
 public:
     ActionSender(QObject *sender, const NibAction &action, QObject *target, QObject *argument)
@@ -98,7 +98,7 @@ private:
                 !value.convert(method.parameterMetaType(0))) {
                 break;
             }
-            // Named as the method declares it, which may be by an alias of the type.
+            // As the method declares it, which may be by an alias of the type.
             const QByteArray typeName = method.parameterTypeName(0);
             if (!method.invoke(receiver, Qt::DirectConnection,
                                QGenericArgument(typeName.constData(), value.constData()))) {
@@ -128,7 +128,7 @@ void makeObjects(QWidget *form) {
     }
 }
 
-/// Connects one form that was just made.
+/// Connects one newly created form.
 class Connector {
 public:
     Connector(QWidget *form, QObject *owner, const Nib::Objects &named)

@@ -9,53 +9,66 @@
 class QObject;
 class QWidget;
 
-/// Interface files: Designer forms that carry, besides their widgets, how these are connected.
+/// Interface files: Designer forms that contain, besides their widgets, how these are connected.
 ///
-/// A form's dynamic properties say so:
-/// - `objects` (string list, on the form itself): further objects that the form makes, as "name
-///   class". One that has an operation "awakeFromNib" is sent it when all is connected.
+/// The connections are dynamic properties in the form:
+/// - `objects` (string list, on the form itself): further objects that the form creates, as "name
+///   class". If one has a method "awakeFromNib", it is called after everything is connected.
 /// - `bindings` (string list, on any widget or action): "key <- path" makes the key follow the
-///   path, "key <-> path" also writes back what the person changes; "| name" at the end names a
-///   ValueTransformer. On the form itself "object.key" binds a key of one of its `objects`.
+///   path; "key <-> path" also writes changes by the user to the model; "| name" at the end names a
+///   ValueTransformer. On the form itself, "object.key" binds a key of one of its `objects`.
 /// - `itemNib` (string, on a list): the form of its rows. The list's "itemPrototype" becomes an
-///   item whose views are made from it, with the same owner, and in which "item" names the model
-///   of the row's CollectionViewItem.
-/// - `menu` (string): the form's QMenu that a button opens, or a secondary click on any other
-///   widget.
-/// - `validation` (string, on an action of a menu): the path whose value enables the action. It is
-///   read each time the menu is about to open.
-/// - `action` (string): what a button, action or control sends: "path.method" gives the method the
-///   sender, if it wants an argument; "path.method(path)" gives it the value at a path.
+///   item whose views are made from it, with the same owner, and in which "item" names the model of
+///   the row's CollectionViewItem.
+/// - `menu` (string): the form's QMenu that a button opens, or that a secondary click opens on any
+///   other widget.
+/// - `validation` (string, on an action of a menu): the path whose value enables the action, read
+///   each time before the menu opens.
+/// - `action` (string): what a button, action, control or table calls: "path.method" passes the
+///   sender if the method has a parameter; "path.method(path)" passes the value at a path. If an
+///   object on the path to the receiver is null, nothing is called.
 /// - `tableDelegate` (string, on a table view): the object that is its delegate.
-/// - `textDidChange` (string, on a text field): what the field sends, written like an `action`,
-///   each time the person has changed its text.
+/// - `textDidChange` (string, on a text field): a call, written like an `action`, that is made each
+///   time the user changes the text.
+///
 /// A path begins with the name of an object: "owner", one of the form's objects or widgets, or one
 /// that the caller of `load` names.
 ///
 /// An outlet is a writable property of the owner with the name of a widget or object of the form.
-/// A name that does not exist raises an AssertionFailure while the form is loaded. Main thread.
+/// Objects that a form refers to are not owned; connections to destroyed objects do nothing, but a
+/// table delegate must outlive its table's use of it. A name that does not exist raises an
+/// AssertionFailure while the form is loaded; a method that does not exist, when it is called. All
+/// functions must be called on the main thread.
 namespace Nib {
 
+/// Objects by the names that the paths of a form use. Not owned.
 using Objects = QHash<QString, QObject *>;
 
-/// Makes the form's widgets, without a parent.
+/// Creates the form's widgets and returns their root, without a parent. The caller owns it.
 using Form = std::function<QWidget *()>;
+/// Registers a form until the program ends. A later one replaces an earlier one of the same name.
 PLATFORM_EXPORT void registerForm(const QString &nibName, const Form &makeForm);
 
-/// Makes an object of a class that forms name in `objects`; it gets the form as its parent.
+/// Creates an object of a class that forms name in `objects`. `parent` is the form, which must
+/// become the owner of the object.
 using ObjectFactory = std::function<QObject *(QObject *parent)>;
+/// Registers a class until the program ends. A later factory replaces an earlier one of the same
+/// name.
 PLATFORM_EXPORT void registerClass(const QString &className, const ObjectFactory &makeObject);
 
-/// Makes the widgets and the `objects` of the form of that name, without connecting them. The
-/// caller owns the form, which has no parent.
+/// Creates the widgets and the `objects` of the form named `nibName` without connecting them.
+/// Returns the form, which has no parent, never null; the caller owns it. Raises an
+/// AssertionFailure if there is no such form.
 PLATFORM_EXPORT QWidget *makeForm(const QString &nibName);
 
-/// Makes the form of that name and connects it: outlets and prototypes first, then bindings, then
-/// actions. The
-/// caller owns what it gets. The owner is not awakened; that is for the caller to do.
+/// Creates the form named `nibName` and connects it: first outlets, prototypes, menus and
+/// delegates, then bindings, then actions. Returns the root widget, never null; the caller owns it.
+/// `owner` must not be null. It may be destroyed before the form, provided that the form's lists
+/// make no rows afterwards. Does not call the owner's "awakeFromNib". Raises an AssertionFailure if
+/// the form cannot be loaded as it is written.
 PLATFORM_EXPORT QWidget *load(const QString &nibName, QObject *owner, const Objects &named = {});
 
-/// Registers a form that uic has made for a `FormWidget`.
+/// Registers a form generated by uic. `FormWidget` is the class of its root widget.
 template <class UiForm, class FormWidget>
 void registerUiForm(const QString &nibName) {
     registerForm(nibName, [] {

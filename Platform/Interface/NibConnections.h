@@ -6,32 +6,37 @@
 #include "Platform/KeyValue/Binding.h"
 #include "Platform/PlatformExport.h"
 
-/// The name of an object and, behind its first point, a key path from it.
+/// The name of an object and, after its first point, a key path from it.
 struct PLATFORM_EXPORT NibPath {
     QString object;
     QByteArray keyPath;
 
-    /// Of "object.key.key"; the key path is empty where there is no point.
+    /// Parses "object.key.key". The key path is empty if there is no point. Never fails.
     static NibPath parse(const QString &text);
 };
 
 /// One entry of a form's `bindings`.
 struct PLATFORM_EXPORT NibBinding {
+    /// The bound key, or "object.key".
     QByteArray key;
     NibPath path;
-    QString transformer;  ///< empty: none
+    /// Name of a ValueTransformer; empty if there is none.
+    QString transformer;
     KeyValue::Direction direction = KeyValue::Direction::FromModel;
 
-    /// Raises an AssertionFailure for what is not a binding.
+    /// Parses "key <- path | transformer". Raises an AssertionFailure if `text` has another form.
     static NibBinding parse(const QString &text);
 };
 
-/// A form's `action`.
+/// A form's `action` or `textDidChange`.
 struct PLATFORM_EXPORT NibAction {
+    /// The object to call, by name or by path.
     NibPath target;
     QByteArray method;
-    NibPath argument;  ///< without an object: the sender
+    /// The argument; an empty object name means the sender.
+    NibPath argument;
 
-    /// Raises an AssertionFailure for what is not an action.
+    /// Parses "path.method" or "path.method(path)". Raises an AssertionFailure if `text` has
+    /// another form.
     static NibAction parse(const QString &text);
 };

@@ -6,11 +6,11 @@
 #include "Platform/Interface/RequiredChild.h"
 
 OpenPanel::OpenPanel(const QString &message, QWidget *parent) : QFileDialog(parent, message) {
-    // The desktop's own panels choose either files or folders.
+    // Native panels choose either files or folders.
     setOption(DontUseNativeDialog);
     setFileMode(ExistingFile);
     connect(this, &QFileDialog::currentChanged, this, [this](const QString &path) {
-        // The dialog names only files by itself.
+        // The dialog itself fills in names of files only.
         if (QFileInfo(path).isDir()) {
             requiredChild<QLineEdit>(*this, QStringLiteral("fileNameEdit"))
                 .setText(QFileInfo(path).fileName());
@@ -22,7 +22,7 @@ Url OpenPanel::URL() const {
     return Url::fileURL(chosenPath());
 }
 
-// A folder would be entered by the dialog; that is what a double click is for.
+// QFileDialog would enter a folder. A double click still does.
 void OpenPanel::accept() {
     if (QFileInfo::exists(chosenPath())) {
         done(Accepted);

@@ -5,18 +5,21 @@
 #include "Platform/Foundation/Url.h"
 #include "Platform/PlatformExport.h"
 
-/// Asks for one thing that exists, a file or a folder. Its result is 1 where the person has chosen.
-/// Main thread.
+/// A panel in which the user chooses one existing file or folder. exec() runs a nested event loop
+/// and returns 1 if the user has chosen, 0 if the panel was cancelled. Must be used on the main
+/// thread.
 class PLATFORM_EXPORT OpenPanel : public QFileDialog {
     Q_OBJECT
 public:
-    /// `message` says what for.
+    /// `message` is the title and says what to choose. `parent` owns the panel; it may be null.
     OpenPanel(const QString &message, QWidget *parent);
 
-    /// The file URL of what was chosen.
+    /// Returns the file URL of the item chosen. If none is, that of the folder shown.
     Url URL() const;
 
 protected:
+    /// Accepts a folder instead of entering it, as QFileDialog would do. Ignored for an item that
+    /// does not exist.
     void accept() override;
 
 private:

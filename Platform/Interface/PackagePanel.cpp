@@ -6,7 +6,7 @@
 
 PackagePanel::PackagePanel(Purpose purpose, const QString &extension)
     : QFileDialog(QApplication::activeWindow()), m_purpose(purpose), m_ending(u'.' + extension) {
-    // The desktop's own panels would enter a package like any other folder.
+    // Native panels would enter a package like any other folder.
     setOption(DontUseNativeDialog);
     setAcceptMode(purpose == Purpose::Save ? AcceptSave : AcceptOpen);
     setFileMode(purpose == Purpose::Save ? AnyFile : Directory);
@@ -17,8 +17,8 @@ Url PackagePanel::URL() const {
     return Url::fileURL(chosenPath());
 }
 
-// A name of an existing folder would be entered by the dialog; a package is chosen instead, also
-// where it is in the way of a new one, so that saving over it fails in words.
+// QFileDialog would enter an existing folder; a package is chosen instead. This also applies to
+// saving, where creating a package of an existing name then fails with an error message.
 void PackagePanel::accept() {
     const QString path = chosenPath();
     if (path.endsWith(m_ending) && (m_purpose == Purpose::Save || QDir(path).exists())) {

@@ -5,20 +5,26 @@
 #include "Platform/Foundation/Url.h"
 #include "Platform/PlatformExport.h"
 
-/// A save or open panel for packages: folders that the person takes for files, told by their
-/// extension. Run it with `exec`, which answers 1 where the person has chosen. Main thread.
+/// A save or open panel for packages: folders with a given extension that are shown to the user as
+/// files. exec() runs a nested event loop and returns 1 if the user has chosen, 0 if the panel was
+/// cancelled. Its parent is the active window. Must be used on the main thread.
 class PLATFORM_EXPORT PackagePanel : public QFileDialog {
     Q_OBJECT
 public:
+    /// What the panel asks for.
     enum class Purpose {
-        Save,  ///< asks for the name of a new package and appends the extension itself
-        Open   ///< asks for an existing package and takes nothing else
+        /// The name of a new package; the panel appends the extension. It also accepts the name of
+        /// an existing package, so saving must not overwrite one unasked.
+        Save,
+        /// An existing package. Other folders are entered, not chosen.
+        Open
     };
 
-    /// `extension` without a point.
+    /// `extension` is without the point.
     PackagePanel(Purpose purpose, const QString &extension);
 
-    /// The file URL of the package chosen.
+    /// Returns the file URL of the chosen package, including the extension. Another process may
+    /// have created or removed the package in the meantime.
     Url URL() const;
 
 protected:
@@ -26,8 +32,8 @@ protected:
 
 private:
     QString chosenPath() const;
-    /// Whether the name field holds the name at the end of `path`. A name that ends in a slash, or
-    /// "..", enters a folder.
+    /// Returns whether the name field contains the last component of `path`. A name that ends in a
+    /// slash, and "..", enter a folder instead.
     bool isTyped(const QString &path) const;
 
     const Purpose m_purpose;

@@ -11,30 +11,37 @@
 #include "Platform/Foundation/Error.h"
 #include "Platform/PlatformExport.h"
 
-/// A pane of the application's preferences. The application makes it, calls `loadMainView` once,
-/// shows the view, and tells the pane each time it is shown and left. Main thread.
+/// A pane of the application's preferences. The application creates and owns it, calls
+/// loadMainView() once, shows the view, and notifies the pane each time it is shown and left. Must
+/// be used on the main thread.
 class PLATFORM_EXPORT PreferencePane : public QObject {
     Q_OBJECT
 public:
-    /// `info`: the information dictionary of the plug-in that the pane comes from.
+    /// `info` is the information dictionary (metadata) of the plug-in that contains the pane.
     explicit PreferencePane(QJsonObject info);
+    /// Deletes the view unless its window has done so.
     ~PreferencePane() override;
 
+    /// Returns the name of the pane's form, which must be registered with Nib.
     virtual QString mainNibName() const = 0;
-    /// The interface has just been loaded and the outlets are set.
+    /// Called by loadMainView() when the form is loaded and the outlets are set.
     virtual void awakeFromNib() {}
-    /// Called each time before the pane is shown, and before it is left.
+    /// Called each time before the pane is shown. Must not block.
     virtual void willSelect() {}
+    /// Called each time before the pane is left.
     virtual void willDeselect() {}
 
-    /// Loads the nib named by `mainNibName` and awakes the pane.
+    /// Loads the form named by mainNibName() and calls awakeFromNib(). Must be called once. Raises
+    /// an AssertionFailure if the form cannot be loaded.
     void loadMainView();
-    /// nullptr until it is loaded. It belongs to the pane, also while a window shows it.
+    /// Returns the view; null until it is loaded and after it was deleted. The pane owns it, also
+    /// while a window is its parent.
     QWidget *mainView() const { return m_mainView; }
     const QJsonObject &info() const { return m_info; }
 
 protected:
-    /// For the destructors of panes: deletes the view while the pane is still whole.
+    /// Deletes the view. Destructors of panes call it while their own members, to which the view is
+    /// bound, still exist. Idempotent.
     void discardMainView();
 
 private:
@@ -42,12 +49,14 @@ private:
     QPointer<QWidget> m_mainView;
 };
 
-/// The root object of a plug-in that holds a pane.
+/// The root object of a plug-in that contains a pane. Owned by the plug-in loader; must be used on
+/// the main thread.
 class PreferencePanePlugIn {
 public:
     virtual ~PreferencePanePlugIn() = default;
 
-    /// A new pane. nullptr where something it needs is missing; `error` then says what.
+    /// Returns a new pane, which must be destroyed before the plug-in is unloaded. Returns null if
+    /// something it needs is missing; `error`, which must not be null, then receives the reason.
     virtual std::unique_ptr<PreferencePane> makePreferencePane(const QJsonObject &info,
                                                                std::optional<Error> *error) = 0;
 };

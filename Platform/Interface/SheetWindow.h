@@ -4,16 +4,20 @@
 
 #include "Platform/PlatformExport.h"
 
-/// The window of a sheet. It does not close by itself: Escape and the window manager's close
-/// button only announce that the person wants to leave it.
+/// The window of a sheet. It never closes itself: the Escape key and the window manager's close
+/// button only emit leaving(), and the controller decides. QDialog::done() ends the sheet. Must be
+/// used on the main thread.
 class PLATFORM_EXPORT SheetWindow : public QDialog {
     Q_OBJECT
 public:
     using QDialog::QDialog;
 
+    /// Emits leaving(); does not close the window.
     void reject() override;
 
 Q_SIGNALS:
+    /// Emitted when the user wants to leave the sheet. A handler may delete the window later, not
+    /// immediately.
     void leaving();
 
 protected:

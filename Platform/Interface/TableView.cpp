@@ -115,7 +115,7 @@ void TableView::reloadCell(int row, int column) {
     if (view == before) {
         return;
     }
-    // The one before goes later, but must not be seen until then.
+    // The old widget is deleted later; hide it now.
     if (before) {
         before->hide();
     }
@@ -145,7 +145,7 @@ void TableView::mouseReleaseEvent(QMouseEvent *event) {
     }
 }
 
-// For those who have no pointer.
+// Makes the action available from the keyboard.
 void TableView::keyPressEvent(QKeyEvent *event) {
     QTableWidget::keyPressEvent(event);
     if (event->key() == Qt::Key_Space && currentRow() >= 0) {
@@ -165,10 +165,10 @@ void TableView::selectionDidChange() {
     KeyValue::announce<&TableView::selectionIndexesChanged>(this);
 }
 
-// Cells of Qt's own write in the colour for selected text; views have to be told.
+// Qt's own cells use the color of selected text automatically; cell widgets do not.
 void TableView::paintViews() {
     QPalette selected;
-    // A label in a table writes in the colour for text on its base.
+    // A label in a table uses the color for text on its base.
     selected.setColor(QPalette::Text, palette().color(QPalette::HighlightedText));
     const IndexSet rows = selectionIndexes();
     for (int row = 0; row < rowCount(); ++row) {

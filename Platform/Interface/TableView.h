@@ -9,24 +9,31 @@
 
 class TableViewDelegate;
 
-/// A table of rows, whose columns have identifiers but no titles. Its rows come either from the key
-/// `content`, each showing the value at `contentKey`, or from a delegate that makes a view for
-/// each cell. Main thread.
+/// A table whose columns have identifiers but no titles. Its rows come either from the key
+/// `content`, each showing the value at `contentKey`, or from a delegate that makes a view for each
+/// cell. Must be used on the main thread.
 class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_OBJECT
-    /// One column for each; there is one without a name unless they are set.
+    /// One column for each identifier. A new table has one column with an empty identifier. Must be
+    /// set before reloadData().
     Q_PROPERTY(QStringList columnIdentifiers READ columnIdentifiers WRITE setColumnIdentifiers)
-    /// The objects of the rows. Setting it keeps the selected rows by their position and announces
-    /// nothing, as an ArrayController expects that puts the selection on the same objects then.
+    /// The objects of the rows. Setting it keeps the selected rows by position and announces
+    /// nothing: an ArrayController announces the positions of the selected objects afterwards.
+    /// O(n).
     Q_PROPERTY(QVariantList content READ content WRITE setContent)
-    /// "self", which is the object itself, unless it is set before the content.
+    /// The key path of a row's text. "self", the default, is the object itself. Must be set before
+    /// the content.
     Q_PROPERTY(QString contentKey MEMBER m_contentKey)
-    /// Shown before the text of each row; set before the content.
+    /// Shown before the text of each row. Must be set before the content.
     Q_PROPERTY(QIcon rowIcon WRITE setRowIcon READ rowIcon)
-    /// Names of value transformers that make a row's text and its icon, a QPixmap, of its object;
-    /// set before the content. Where they are empty `contentKey` and `rowIcon` say what is shown.
+    /// Name of the value transformer that converts a row's object to its text. If empty,
+    /// `contentKey` is used. Must be set before the content.
     Q_PROPERTY(QString textTransformer MEMBER m_textTransformer)
+    /// Name of the value transformer that converts a row's object to its icon, a QPixmap. If empty,
+    /// `rowIcon` is used. Must be set before the content.
     Q_PROPERTY(QString iconTransformer MEMBER m_iconTransformer)
+    /// The selected rows. Rows out of range are ignored; setting an equal set has no effect. A
+    /// change, also one by the user, calls the delegate and is announced.
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
                    selectionIndexesChanged)
 public:
@@ -41,22 +48,31 @@ public:
     IndexSet selectionIndexes() const;
     void setSelectionIndexes(const IndexSet &indexes);
 
-    /// Not owned; it takes the place of the content. May go before the table.
+    /// Sets the delegate that provides the cells instead of `content`; null removes it. Not owned.
+    /// It may be destroyed before the table if neither reloadData() nor a change of the selection
+    /// follows.
     void setTableDelegate(TableViewDelegate *delegate) { m_delegate = delegate; }
     TableViewDelegate *tableDelegate() const { return m_delegate; }
-    /// Asks the delegate for all rows again. Keeps the selected rows by their position.
+    /// Asks the delegate for all rows again; without a delegate, removes all rows. Keeps the
+    /// selected rows by position; if some of them no longer exist, announces the selection. Views
+    /// that the delegate returns again are reused; replaced ones are deleted from the event loop.
+    /// O(rows times columns).
     void reloadData();
-    /// Returns a view for the cell that the delegate is asked for: the one that is there if it was
-    /// made in the same way, otherwise a new one from the form named `identifier` with `owner`.
+    /// Returns a view for the cell that the delegate is asked for: the view shown there, if it was
+    /// made from the same form for the same owner, otherwise a new one of the form named
+    /// `identifier` with `owner` as the form's owner. The delegate must return it for that cell;
+    /// the table owns it then. Raises an AssertionFailure if there is no such form.
     QWidget *makeViewWithIdentifier(const QString &identifier, QObject *owner);
 
-    /// The row that was clicked last, or chosen with the space bar; -1 beside the rows.
+    /// Returns the row that was clicked last or triggered with the space bar; -1 if the last click
+    /// was below the rows. May be past the end after the rows changed.
     int clickedRow() const { return m_clickedRow; }
-    /// The first of the selected rows, -1 for none.
+    /// Returns the first selected row, or -1 if none is selected.
     int selectedRow() const;
 
 Q_SIGNALS:
-    /// The table was clicked, on a row or beside them; or the space bar was pressed on a row.
+    /// Emitted when the table is clicked, on a row or below the rows, and when the space bar is
+    /// pressed on a row. clickedRow() is set by then.
     void action();
     void selectionIndexesChanged();
 
@@ -67,6 +83,7 @@ protected:
 private:
     QString textOf(const QVariant &object) const;
     QIcon iconOf(const QVariant &object) const;
+    /// Asks the delegate for the view of one cell and shows it.
     void reloadCell(int row, int column);
     void selectionDidChange();
     void paintViews();
@@ -79,7 +96,7 @@ private:
     QString m_iconTransformer;
     TableViewDelegate *m_delegate = nullptr;
     int m_clickedRow = -1;
-    /// What the cell that is being made anew shows.
+    /// The view of the cell that is being reloaded; null otherwise.
     QPointer<QWidget> m_reusableView;
     bool m_isRebuilding = false;
 };

@@ -6,15 +6,19 @@ class QString;
 class QWidget;
 class TableView;
 
-/// Fills a table and follows its selection. Main thread.
+/// Provides the cells of a table and observes its selection. Called on the main thread, from within
+/// functions of the table, which must not be deleted in a call.
 class PLATFORM_EXPORT TableViewDelegate {
 public:
     virtual ~TableViewDelegate();
 
+    /// Returns the number of rows, at least 0.
     virtual int numberOfRowsInTableView(TableView *tableView) = 0;
-    /// The view of a cell, which the table takes over; nullptr for an empty one. `row` from 0 to
-    /// the number of rows.
+    /// Returns the view of a cell, of which the table takes ownership; null for an empty cell.
+    /// `row` is from 0 to the number of rows - 1.
     virtual QWidget *tableViewViewForTableColumnRow(TableView *tableView,
                                                     const QString &columnIdentifier, int row) = 0;
+    /// Called after each change of the selection, by the user or by the program, but not while the
+    /// table is rebuilt.
     virtual void tableViewSelectionDidChange(TableView *tableView) = 0;
 };

@@ -4,25 +4,29 @@
 
 #include "Platform/PlatformExport.h"
 
-/// A text field to be bound both ways by "stringValue". The model hears of each character; but what
-/// it makes of the text, as of a host that is not complete yet, is shown only when the person has
-/// left the field or pressed Return.
+/// A text field to be bound both ways by "stringValue". Each edit is written to the model
+/// immediately. What the model makes of the text (for example, of an incomplete host name) is shown
+/// only when the user leaves the field or presses Return, so it does not disturb typing. Must be
+/// used on the main thread.
 class PLATFORM_EXPORT TextField : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(QString stringValue READ text WRITE setStringValue NOTIFY stringValueChanged)
 public:
     explicit TextField(QWidget *parent = nullptr);
 
+    /// Shows `value`, immediately or, while the user edits the text, at the end of editing. Emits
+    /// nothing.
     void setStringValue(const QString &value);
 
 Q_SIGNALS:
-    /// The person has changed the text.
+    /// Emitted after each edit by the user.
     void stringValueChanged();
 
 private:
     void didEdit(const QString &text);
     void didEndEditing();
 
+    /// The model's text, which may differ from the text shown while the user edits it.
     QString m_value;
     bool m_isEditing = false;
 };

@@ -5,11 +5,12 @@
 
 #include "Platform/PlatformExport.h"
 
-/// One line of plain text, cut with an ellipsis where there is no room for it; the tool tip then
-/// has it whole.
+/// One line of plain text, elided at its end if it is too long; the tool tip then shows the whole
+/// text, unless one was set. The label shows markup as plain text. Must be used on the main thread.
 class PLATFORM_EXPORT TextLabel : public QLabel {
     Q_OBJECT
-    /// On a dark background the selection's text colour stands for it, with its opacity.
+    /// The color of the text; black by default. On a dark background it is replaced by the
+    /// selection's text color with the opacity of this one.
     Q_PROPERTY(QColor textColor READ textColor WRITE setTextColor)
 public:
     explicit TextLabel(QWidget *parent = nullptr);
@@ -17,7 +18,9 @@ public:
     QColor textColor() const { return m_textColor; }
     void setTextColor(const QColor &color);
 
+    /// The size at which nothing is elided.
     QSize sizeHint() const override;
+    /// The height of a line, at width 0.
     QSize minimumSizeHint() const override;
 
 protected:

@@ -8,7 +8,7 @@ WindowController::WindowController(const QString &windowNibName) : m_windowNibNa
 WindowController::~WindowController() {
     if (m_window) {
         m_window->hide();
-        // It may be one of its own buttons that ended the controller.
+        // The caller may be one of the window's own buttons.
         m_window->deleteLater();
     }
 }
@@ -20,10 +20,10 @@ QWidget *WindowController::window() {
         requireParameter(window, "window != nil", "WindowController::window",
                          "Platform/Interface/WindowController");
         m_window = window;
-        // Ours from now on.
+        // Owned by this controller from now on.
         static_cast<void>(root.release());
         connect(m_window, &SheetWindow::leaving, this, [this] { leaveSheet(); });
-        // Nobody could stop it any more.
+        // Without a window, nothing else could end the modal loop.
         connect(m_window, &QObject::destroyed, this, [this] { stopModal(0); });
         awakeFromNib();
         windowDidLoad();

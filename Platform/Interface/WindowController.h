@@ -6,34 +6,46 @@
 
 #include "Platform/Interface/SheetWindow.h"
 
-/// Controls one window, which it loads from the nib of a name, and runs it as a sheet. Main thread.
+/// Controls one window, loaded from a form, and runs it as a sheet. Must be used on the main
+/// thread.
 class PLATFORM_EXPORT WindowController : public QObject {
     Q_OBJECT
 public:
-    /// The form of that name must be made of a SheetWindow.
+    /// `windowNibName` is the name of a form whose root is a SheetWindow. The form is not loaded
+    /// yet.
     explicit WindowController(const QString &windowNibName);
+    /// Hides the window and deletes it from the event loop, since one of its buttons may be the
+    /// caller.
     ~WindowController() override;
 
-    /// Loaded and connected when first asked for; `awakeFromNib` and `windowDidLoad` then run
-    /// before this returns. The controller owns it, but so does the parent that a sheet gets.
+    /// Returns the window. The first call loads and connects it and calls awakeFromNib() and
+    /// windowDidLoad(). Never null. The controller and the parent of the sheet both own it: if the
+    /// parent deletes it, runModal() returns 0 and the next call loads a new window. Raises an
+    /// AssertionFailure if the form cannot be loaded or is not made of a SheetWindow.
     QWidget *window();
+    /// Returns whether window() has loaded the window and it still exists.
     bool isWindowLoaded() const { return m_window; }
 
 protected:
-    /// The window has just been loaded and the outlets are set.
+    /// Called when the window is loaded and the outlets are set.
     virtual void awakeFromNib() {}
+    /// Called after awakeFromNib().
     virtual void windowDidLoad() {}
-    /// The person pressed Escape or closed the window. Nothing happens unless overridden.
+    /// Called when the user presses Escape or closes the window. The default has no effect: the
+    /// sheet stays.
     virtual void leaveSheet() {}
 
-    /// Shows the window as a sheet, modal to `parentWindow`'s window only, and returns at once.
+    /// Shows the window as a sheet of the window that contains `parentWindow`, modal to that window
+    /// only. `parentWindow` must not be null. Returns without waiting for the end of the sheet.
     void beginSheet(QWidget *parentWindow);
-    /// Ends the sheet; harmless where none was begun.
+    /// Closes the sheet with `returnCode`. Has no effect if the window is not loaded.
     void endSheet(int returnCode);
-    /// Shows the window as a sheet of `parentWindow`'s window, modal to the whole application. Runs
-    /// the event loop until `stopModal`, or until the application or the window ends, and then ends
-    /// the sheet with that code.
+    /// Shows the window as a sheet of the window that contains `parentWindow`, which must not be
+    /// null, modal to the whole application. Runs a nested event loop until stopModal(), until the
+    /// window is destroyed, or until the application quits, and then ends the sheet with that code.
+    /// Not reentrant. The controller must not be destroyed meanwhile.
     void runModalSheet(QWidget *parentWindow);
+    /// Ends the nested event loop with `code`. Has no effect if it is not running.
     void stopModal(int code);
 
 private:

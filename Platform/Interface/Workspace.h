@@ -5,22 +5,25 @@
 
 #include "Platform/PlatformExport.h"
 
-/// What the desktop knows of files. Main thread.
+/// Services of the desktop for files and URLs. Must be called on the main thread.
 namespace Workspace {
 
-/// The icon of files with that extension, as the icon theme has it; `fallback` where it has none.
+/// Returns the icon theme's icon for files with `extension` (without the point), or `fallback` if
+/// the type is unknown or the theme has no icon for it. Reads no file.
 PLATFORM_EXPORT QIcon iconForFileType(const QString &extension, const QIcon &fallback);
 
-/// The icon of what is at `path`, or of a plain file where nothing is.
+/// Returns the icon of the file or folder at `path`, or of a plain file if nothing exists there.
+/// Reads the file's metadata, so it may block on a slow volume.
 PLATFORM_EXPORT QIcon iconForFile(const QString &path);
 
-/// Shows the file in the desktop's file manager, selected in the folder that holds it, as
-/// https://www.freedesktop.org/wiki/Specifications/file-manager-interface has it. Returns at once;
-/// where no file manager answers, nothing is shown.
+/// Shows the file in the desktop's file manager, selected in its folder
+/// (https://www.freedesktop.org/wiki/Specifications/file-manager-interface). Asynchronous: returns
+/// at once. If no file manager implements this, nothing is shown and no error is reported.
 PLATFORM_EXPORT void selectFile(const QString &path);
 
-/// Opens `URL` in the program that the person has for it, for "http" and "https" their browser.
-/// False where there is none. A program may take over a scheme (QDesktopServices::setUrlHandler).
+/// Opens `URL` in the user's program for its scheme, for "http" and "https" the browser. Returns
+/// false if there is none; true does not mean that the program could load it. A handler set by
+/// QDesktopServices::setUrlHandler takes precedence.
 PLATFORM_EXPORT bool openURL(const QUrl &URL);
 
 }  // namespace Workspace

@@ -14,14 +14,14 @@ namespace KeyValue {
 
 namespace {
 
-/// The NOTIFY signal of a key, ready to be activated.
+/// The NOTIFY signal of a key, in the form that QMetaObject::activate takes.
 struct Signal {
     const QMetaObject *declaringClass;
     int localIndex;
     bool operator==(const Signal &) const = default;
 };
 
-/// What each derived key of a class depends on.
+/// The declared dependencies of each derived key of a class.
 using Dependencies = QHash<QByteArray, KeyPaths>;
 
 KeyPaths declaredDependencies(QObject *object, const QByteArray &key) {
@@ -56,8 +56,8 @@ Dependencies dependenciesOfClass(QObject *object) {
     return dependencies;
 }
 
-/// The keys that depend on one of `sources` (keys or a key path) or on a path through it, in
-/// declared order.
+/// Returns the keys that depend on one of `sources` (keys or a key path) or on a path through it,
+/// in declaration order.
 QByteArrayList directDependents(const QMetaObject *meta, const Dependencies &dependencies,
                                 const QByteArrayList &sources) {
     const auto isAffected = [&](const QByteArray &path) {
@@ -76,7 +76,7 @@ QByteArrayList directDependents(const QMetaObject *meta, const Dependencies &dep
     return result;
 }
 
-/// The keys whose NOTIFY is the method of that index.
+/// Returns the keys whose NOTIFY is the method with this index.
 QByteArrayList keysAnnouncedBy(const QMetaObject *meta, int signalIndex) {
     QByteArrayList keys;
     for (int i = 0; i < meta->propertyCount(); ++i) {
@@ -87,15 +87,15 @@ QByteArrayList keysAnnouncedBy(const QMetaObject *meta, int signalIndex) {
     return keys;
 }
 
-/// `key` and those that share its NOTIFY: they are announced together.
+/// Returns `key` and the keys that share its NOTIFY: they are announced together.
 QByteArrayList keysAnnouncedWith(const QMetaObject *meta, const QByteArray &key) {
     const int signalIndex =
         meta->property(meta->indexOfProperty(key.constData())).notifySignalIndex();
     return signalIndex < 0 ? QByteArrayList{key} : keysAnnouncedBy(meta, signalIndex);
 }
 
-/// Appends to `order` the dependents of `sources` and theirs, each after all that depend on it:
-/// reversed, that puts every key after what it depends on. Leaves out what was `seen`.
+/// Appends the direct and indirect dependents of `sources` to `order`, each after all keys that
+/// depend on it; the reverse order puts every key after its dependencies. Skips keys in `seen`.
 void collectDependents(const QMetaObject *meta, const Dependencies &dependencies,
                        const QByteArrayList &sources, KeyPaths &seen, QByteArrayList &order) {
     QByteArrayList dependents = directDependents(meta, dependencies, sources);
@@ -163,7 +163,8 @@ private:
 
 namespace {
 
-/// The plan for a change of `sources`: keys of that class, which are announced too, or a key path.
+/// Returns the plan for a change of `sources`: keys of the class, which are announced as well, or a
+/// key path.
 AnnouncementPlan makePlan(QObject *object, const QByteArrayList &sources) {
     KeyPaths seen(sources.begin(), sources.end());
     QByteArrayList keys;
@@ -175,7 +176,7 @@ AnnouncementPlan makePlan(QObject *object, const QByteArrayList &sources) {
     return {object, keys};
 }
 
-/// The plans of all classes, made when first needed.
+/// Returns the plan from a cache for all classes. Thread-safe.
 const AnnouncementPlan *cachedPlan(QObject *object, const QByteArrayList &sources) {
     using Key = std::pair<const QMetaObject *, QByteArrayList>;
     static QMutex mutex;
@@ -215,7 +216,7 @@ bool announceBy(const AnnouncementPlan *plan, QObject *object) {
 }
 
 void followDependencies(QObject *object) {
-    // Sorted, so that every run announces in the same order.
+    // Sorted, so that the order of announcements is deterministic.
     QByteArrayList paths;
     for (const KeyPaths &declared : dependenciesOfClass(object)) {
         for (const QByteArray &path : declared) {

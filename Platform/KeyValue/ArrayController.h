@@ -7,27 +7,34 @@
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/KeyValue/SortDescriptor.h"
 
-/// Orders the objects of a list for a view and holds which of them are selected.
-/// Used from one thread. Holds its content by value: shared pointers in it keep their objects
-/// alive.
+/// Sorts the objects of a list for a view and holds which of them are selected.
+///
+/// Not thread-safe: use an instance from one thread. It stores its content by value, so shared
+/// pointers in the content keep their objects alive and raw pointers must outlive it. Every setter
+/// announces before it returns; an observer may call any setter again or delete the controller.
+/// Objects are compared with QVariant's operator==, so restoring a selection of k objects in n
+/// takes O(k n).
 class PLATFORM_EXPORT ArrayController : public QObject {
     Q_OBJECT
-    /// The objects, in any order. Setting it keeps the selection on the same objects as far as they
-    /// are still there, and announces "selectionIndexes" after "arrangedObjects", equal or not,
-    /// because a view that rebuilds itself loses its selection without a word.
+    /// The objects, in any order. Setting it keeps those objects selected that are still in the
+    /// list. It announces "content", "arrangedObjects" and then "selectionIndexes", even if the
+    /// selection is equal, because a view that rebuilds its rows loses its own selection without a
+    /// signal.
     Q_PROPERTY(QVariantList content READ content WRITE setContent NOTIFY contentChanged)
-    /// The content in the order of the sort descriptors; the very list that was set where there are
-    /// none.
+    /// The content sorted by the sort descriptors; without descriptors, the list that was set.
+    /// Computed when the content or the descriptors are set, not when an object changes.
     Q_PROPERTY(QVariantList arrangedObjects READ arrangedObjects NOTIFY arrangedObjectsChanged)
+    /// The first descriptor that distinguishes two objects determines their order. Setting them
+    /// keeps the same objects selected and announces like `content`.
     Q_PROPERTY(QList<SortDescriptor> sortDescriptors READ sortDescriptors WRITE setSortDescriptors
                    NOTIFY sortDescriptorsChanged)
-    /// Positions in the arranged objects; positions past the end are left out. Setting an equal set
-    /// does nothing at all, which ends the loop of a two-way binding.
+    /// Positions in the arranged objects. Positions out of range are ignored. Setting an equal set
+    /// neither changes nor announces anything, which ends the loop of a two-way binding.
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
                    selectionIndexesChanged)
     /// The selected objects, in arranged order.
     Q_PROPERTY(QVariantList selectedObjects READ selectedObjects NOTIFY selectedObjectsChanged)
-    /// The last of the selected objects; invalid where none is.
+    /// The last of the selected objects in arranged order; invalid if none is selected.
     Q_PROPERTY(QVariant lastSelectedObject READ lastSelectedObject NOTIFY lastSelectedObjectChanged)
 
 public:
@@ -43,6 +50,7 @@ public:
     QVariantList selectedObjects() const;
     QVariant lastSelectedObject() const;
 
+    /// Dependencies of the derived keys, read by KeyValue.
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingArrangedObjects() {
         return {"content", "sortDescriptors"};
     }
@@ -62,6 +70,8 @@ Q_SIGNALS:
     void lastSelectedObjectChanged();
 
 private:
+    /// Sorts the content and moves the selection to the new positions of the selected objects.
+    /// Announces nothing.
     void rearrange();
     void announceSelection();
 

@@ -11,7 +11,7 @@ namespace KeyValue {
 
 namespace {
 
-/// One binding; a child of its target.
+/// One binding. Owned by its target.
 class Binding : public QObject {
 public:
     Binding(QObject *target, const QByteArray &key, QObject *observed, const QByteArray &keyPath,
@@ -36,7 +36,7 @@ public:
     }
 
 private:
-    /// Sets a flag until the end of the scope, which the binding need not live to see.
+    /// Sets a flag until the end of the scope. The binding may be destroyed before that.
     auto raise(bool Binding::*flag) {
         return qScopeGuard(
             [alive = QPointer(this), flag, before = std::exchange(this->*flag, true)] {

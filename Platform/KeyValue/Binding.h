@@ -8,24 +8,40 @@
 
 namespace KeyValue {
 
-/// The option that names the ValueTransformer through which a binding passes the values it carries.
+/// Option with the name of the ValueTransformer that converts each value on its way from the model
+/// to the target.
 inline constexpr char valueTransformerNameOption[] = "NSValueTransformerName";
 
+/// Which side of a binding follows the other.
 enum class Direction {
-    FromModel,  ///< the target's key follows the model
-    BothWays,   ///< and what the person changes in the target is written to the model
+    /// The target's key follows the model.
+    FromModel,
+    /// Additionally, each change that the target announces is written to the model.
+    BothWays,
 };
 
-/// Makes `key` of `target` follow `keyPath` of `observed`: sets it now and after each announcement.
-/// The binding belongs to `target` and ends with `unbind`, with `target`, or quietly with
-/// `observed`. BothWays writes the target's value to the model when the target announces one that
-/// differs, and shows what the model made of it where that differs in turn; it takes no
-/// transformer. What cannot be bound raises an AssertionFailure and leaves no binding.
+/// Binds `key` of `target` to `keyPath` of `observed`: sets the key before returning and after each
+/// announcement of the path, equal values included.
+///
+/// With BothWays, a value that the target announces is written to the model if it differs from the
+/// model's; if the model then holds another value (for example, a normalized one), that is shown in
+/// turn. If an object on the path is null, nothing is written. BothWays cannot be combined with a
+/// transformer. A key may have several bindings: the last announcement wins, and each model that is
+/// bound with BothWays receives it.
+///
+/// Neither object is owned. The binding is a child of `target`; it ends with unbind() or when
+/// `target` is destroyed, and does nothing any more once `observed` is destroyed. Either object may
+/// be deleted during a delivery.
+///
+/// Raises an AssertionFailure, and leaves no binding, if an object is null, a key or transformer
+/// does not exist, the value does not fit the key, or a transformer is given with BothWays. Both
+/// objects must live on the calling thread.
 PLATFORM_EXPORT void bind(QObject *target, const QByteArray &key, QObject *observed,
                           const QByteArray &keyPath, const QVariantMap &options = {},
                           Direction direction = Direction::FromModel);
 
-/// Ends every binding of `key`; the target keeps its value. Harmless where there is none.
+/// Ends every binding of `key`; the target keeps its value. Has no effect if there is none.
+/// `target` must not be null. O(number of the target's children).
 PLATFORM_EXPORT void unbind(QObject *target, const QByteArray &key);
 
 }  // namespace KeyValue

@@ -21,7 +21,7 @@ void DependencyFollower::followHead() {
 }
 
 void DependencyFollower::announceDependents() {
-    // Not known before: the constructor may have been that of a base class.
+    // Not known earlier: the constructor may have been that of a base class.
     if (!announceBy(m_plan, m_object)) {
         m_plan = planForPath(m_object, m_path);
         announceBy(m_plan, m_object);

@@ -6,13 +6,16 @@
 
 namespace KeyValue {
 
-/// The plan of `object`'s class for a change behind `path`.
+/// Returns the announcement plan of `object`'s class for a change behind the first key of `path`.
+/// Never null; valid until the program ends.
 const AnnouncementPlan *planForPath(QObject *object, const QByteArray &path);
 
-/// Announces the dependents of `path` whenever something changes behind the object that the first
-/// key of `path`, the head, holds. A new value of `head` itself is only followed: whoever announces
-/// `head` announces the dependents. A child of `object`, made in its constructor and so the first
-/// to hear of `head`.
+/// Announces the dependents of `path` when something changes behind the object that the first key
+/// of `path` (the head) holds. When the head itself changes, it only observes the new object:
+/// announcing the head already announces its dependents.
+///
+/// Created in the constructor of `object`, which owns it as its parent, so that it is the first
+/// observer of the head. Raises an AssertionFailure if a key of `path` does not exist.
 class DependencyFollower : public QObject {
     Q_OBJECT
 public:
@@ -22,9 +25,12 @@ private:
     void followHead();
     void announceDependents();
 
+    /// The parent.
     QObject *const m_object;
     const QByteArray m_path;
+    /// Null until the first change, since the class of `m_object` is not known in its constructor.
     const AnnouncementPlan *m_plan = nullptr;
+    /// Replaces `m_restObservation` when the head changes.
     Observation m_headObservation;
     Observation m_restObservation;
 };

@@ -7,7 +7,7 @@
 namespace KeyValue {
 
 namespace {
-/// The number of the only method that Observer has beyond QObject's.
+/// The index of the only method that Observer adds to those of QObject.
 const int receiveMethod = QObject::staticMetaObject.methodCount();
 }  // namespace
 

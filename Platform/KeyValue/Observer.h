@@ -6,27 +6,36 @@
 
 namespace KeyValue {
 
-/// One observed key; deletes itself after `stop`, as soon as no delivery is under way.
-/// Takes its signal by `qt_metacall` itself, as QSignalSpy does: that is how a signal known only by
-/// its index is received quickest.
+/// Observer of one key. It deletes itself after stop(), once no delivery is in progress; it is not
+/// a child of the observed object.
+///
+/// Receives its signal in `qt_metacall`, as QSignalSpy does: the fastest way to receive a signal
+/// that is known only by its index. Raises an AssertionFailure if `object` is null or has no such
+/// key.
 class Observer : public QObject {
 public:
+    /// Connects to the key's NOTIFY signal, if it has one. Does not call `handler`.
     Observer(QObject *object, const QByteArray &key, std::function<void()> handler);
+    /// Ends the delivery and deletes the observer, at the latest when the running handler returns.
+    /// The caller must not use the pointer afterwards.
     void stop();
-    /// Calls the handler, unless stopped.
+    /// Calls the handler, unless stopped. Reentrant. The observer may be deleted when it returns.
     void deliver();
     int qt_metacall(QMetaObject::Call call, int method, void **arguments) override;
 
 protected:
+    /// Called for each announcement of the key while not stopped.
     virtual void keyChanged() { deliver(); }
 
 private:
     std::function<void()> m_handler;
+    /// Number of calls of the handler that are in progress.
     int m_deliveries = 0;
     bool m_isStopped = false;
 };
 
-/// An observed key whose value is followed further, along `rest`.
+/// Observer of a key path of at least two keys: observes `key` of `object`, and `rest` of the
+/// object that it currently holds.
 class PathObserver : public Observer {
 public:
     PathObserver(QObject *object, const QByteArray &key, QByteArray rest,
@@ -39,13 +48,15 @@ private:
     void followRest();
     void restChanged();
 
+    /// Null once the object is destroyed.
     QPointer<QObject> m_object;
     const QByteArray m_key;
     const QByteArray m_rest;
     Observation m_restObservation;
 };
 
-/// An observer of `keyPath`, whatever its length. The caller stops it.
+/// Returns an observer for `keyPath` of any length. Never null. The caller must end it with stop(),
+/// and must not delete it.
 Observer *makeObserver(QObject *object, const QByteArray &keyPath, std::function<void()> handler);
 
 }  // namespace KeyValue

@@ -11,7 +11,7 @@ QVariant sortValue(const QVariant &object, const QByteArray &key) {
     return holder ? KeyValue::value(holder, key) : QVariant();
 }
 
-/// Nothing comes before anything, so that all values have one order.
+/// Absent values come first, so that all values have a total order.
 QPartialOrdering compare(const QVariant &left, const QVariant &right) {
     const bool isLeftAbsent = KeyValue::isAbsent(left);
     const bool isRightAbsent = KeyValue::isAbsent(right);

@@ -7,8 +7,9 @@
 
 #include "Platform/PlatformExport.h"
 
-/// One rule by which objects are sorted: the values of a key path, compared as they are (strings by
-/// their code units, nothing before anything). The key "self" stands for the object itself.
+/// One sort criterion: the values at a key path are compared without regard to the locale (strings
+/// by code unit). Absent values come first in ascending order. The key "self" denotes the object
+/// itself; any other key raises an AssertionFailure while sorting if an object does not have it.
 struct SortDescriptor {
     QByteArray key;
     bool ascending = true;
@@ -16,11 +17,13 @@ struct SortDescriptor {
     bool operator==(const SortDescriptor &) const = default;
 };
 
-/// Whether `left` comes before `right` by the first of `descriptors` that tells them apart.
+/// Returns whether `left` comes before `right` by the first of `descriptors` that distinguishes
+/// them; false if none does. Values of types that cannot be compared count as equal.
 PLATFORM_EXPORT bool isOrderedBefore(const QVariant &left, const QVariant &right,
                                      const QList<SortDescriptor> &descriptors);
 
-/// `objects` in the order of `descriptors`; those that no rule tells apart keep their order.
+/// Returns `objects` sorted by `descriptors`. The sort is stable. Takes O(n log n) comparisons,
+/// each of which reads the keys again.
 template <class Object>
 QList<Object> sortedUsingDescriptors(QList<Object> objects,
                                      const QList<SortDescriptor> &descriptors) {

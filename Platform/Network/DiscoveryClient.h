@@ -14,7 +14,7 @@
 class DiscoveryClient : public QObject {
     Q_OBJECT
 public:
-    /// Returns the shared connection, which is created if nobody holds it. Never null. Does not
+    /// Returns the shared connection, which is created if there is none. Never null. Does not
     /// block: whether the daemon is available is known later.
     static std::shared_ptr<DiscoveryClient> shared();
 
@@ -38,12 +38,17 @@ Q_SIGNALS:
     void hostRegisteredChanged();
 
 private:
+    /// Callback of Avahi's library, called on the main thread, also within connectToDaemon().
     static void clientChanged(AvahiClient *client, AvahiClientState state, void *self);
+    /// Creates the client; tries again later if the system bus is not running.
     void connectToDaemon();
+    /// Emits lost(), frees the client and connects again.
     void reconnect();
     void setHostRegistered(bool isHostRegistered);
 
+    /// Polls on GLib's main context, which must be that of Qt's event loop.
     AvahiGLibPoll *const m_poll;
+    /// Null if the system bus is not running.
     AvahiClient *m_client = nullptr;
     bool m_isAvailable = false;
     bool m_isHostRegistered = false;

@@ -23,11 +23,13 @@ class PLATFORM_EXPORT NetService : public QObject, public std::enable_shared_fro
     Q_PROPERTY(QString hostName READ hostName)
     Q_PROPERTY(quint16 port READ port)
 public:
-    /// An empty `domain` selects the default domain. `type` is a service type such as "_http._tcp".
-    /// `name` is a name for users, at most 63 bytes of UTF-8 (RFC 6763, section 4.1.1); a longer
-    /// one is truncated when it is published, and an empty one is replaced by the host name. `port`
-    /// is 0 for a service that is to be resolved.
+    /// Creates a service that is neither resolved nor published. An empty `domain` selects the
+    /// default domain. `type` is a service type such as "_http._tcp". `name` is a name for users,
+    /// at most 63 bytes of UTF-8 (RFC 6763, section 4.1.1); a longer one is truncated when it is
+    /// published, and an empty one is replaced by the host name. `port` is 0 for a service that is
+    /// to be resolved.
     NetService(const QString &domain, const QString &type, const QString &name, quint16 port = 0);
+    /// Stops, without notifying the delegate.
     ~NetService() override;
 
     /// Name, type and domain identify the service. Publishing changes the name if another service
@@ -67,7 +69,10 @@ private:
     friend class NetServicePublication;
     friend class NetServiceResolution;
 
+    /// Called by the resolution that succeeded.
     void setAddress(const QString &hostName, quint16 port);
+    /// Sets the name and domain under which the service is published, and announces the name if it
+    /// changes.
     void setPublished(const QString &name, const QString &domain);
 
     QString m_name;
@@ -76,6 +81,8 @@ private:
     QString m_hostName;
     quint16 m_port;
     NetServiceDelegate *m_delegate = nullptr;
+    /// Null unless the service is being resolved.
     std::unique_ptr<NetServiceResolution> m_resolution;
+    /// Null unless the service is published.
     std::unique_ptr<NetServicePublication> m_publication;
 };

@@ -35,8 +35,10 @@ public:
     void stop();
 
 private:
+    /// One search, which owns the services that it has found.
     class Search;
 
     NetServiceBrowserDelegate *m_delegate = nullptr;
+    /// Null unless a search is running.
     std::unique_ptr<Search> m_search;
 };

@@ -25,7 +25,7 @@ void GLibThread::finish() {
 void GLibThread::runLoop() {
     g_main_context_push_thread_default(m_context);
     g_main_loop_run(m_loop);
-    // What GLib has put off to a later turn frees memory.
+    // Drain pending sources; they free memory.
     while (g_main_context_iteration(m_context, FALSE)) {
     }
     g_main_context_pop_thread_default(m_context);

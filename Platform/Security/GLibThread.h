@@ -9,8 +9,8 @@
 struct _GMainContext;  // NOLINT(*-reserved-identifier, cert-dcl*)
 struct _GMainLoop;     // NOLINT(*-reserved-identifier, cert-dcl*)
 
-/// A thread with a GLib main loop of its own, on which GLib's asynchronous calls that were begun
-/// there come back, whatever event loop the rest of the process has.
+/// A thread that runs its own GLib main loop. Asynchronous GLib calls started on it complete on it,
+/// regardless of the event loops of other threads.
 class GLibThread {
 public:
     GLibThread();
@@ -18,10 +18,10 @@ public:
     GLibThread(const GLibThread &) = delete;
     GLibThread &operator=(const GLibThread &) = delete;
 
-    /// Runs `block` on the thread, after those given before. Any thread; returns at once.
+    /// Runs `block` on the thread, after the blocks submitted before. Returns at once. Thread-safe.
     void run(std::function<void()> block);
-    /// Ends the loop behind the blocks that were given so far, and waits for the thread. Calls that
-    /// have not come back by then never do, and later blocks are not run.
+    /// Ends the loop after the blocks submitted so far, and waits for the thread. Calls that have
+    /// not completed by then never do; blocks submitted later are not run. Idempotent.
     void finish();
 
 private:

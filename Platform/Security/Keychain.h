@@ -10,36 +10,38 @@
 
 class SecretStore;
 
-/// Generic passwords of the user: secrets by service and account, kept in the desktop's Secret
-/// Service. Any thread. Time limits, what a setter does, and what is done without a service are as
-/// in UrlCredentialStorage.
+/// Generic passwords of the user: secrets identified by service and account, stored in the
+/// desktop's Secret Service. Thread-safe. Timeouts, asynchronous writing, and the behavior without
+/// a service are those of SecretStore.
 class PLATFORM_EXPORT Keychain {
 public:
+    /// Returns the keychain of the process.
     static Keychain &shared();
-    /// `store` has to outlive the keychain.
+    /// `store` is not owned and must outlive the keychain.
     explicit Keychain(SecretStore &store) : m_store(store) {}
 
     /// Adds the item of `service` and `account`, or replaces its password, which may be any bytes.
     /// Returns at once.
     void setPassword(const QString &service, const QString &account, const QByteArray &password);
 
-    /// The accounts of the items of `service`, in no particular order, an account twice where two
-    /// items have it. Only attributes are read: a locked keyring names its accounts too, and the
-    /// user is not asked to unlock it. Items without an account are left out. Empty optional where
-    /// the items cannot be looked up.
+    /// Returns the accounts of the items of `service`, in undefined order, with duplicates if
+    /// several items have the same account. Only attributes are read, so the accounts of a locked
+    /// keyring are returned too, and the user is not asked to unlock it. Items without an account
+    /// are omitted. Returns an empty optional if the items cannot be looked up. Blocks as
+    /// SecretStore::findAttributes() does.
     std::optional<QStringList> accounts(const QString &service) const;
     /// Receives the accounts, or the reason why they cannot be looked up.
     using AccountsHandler = std::function<void(const Expected<QStringList> &accounts)>;
-    /// Finds the same accounts without waiting. Returns at once; see SecretStore::findLater for
+    /// Finds the same accounts asynchronously. Returns at once; see SecretStore::findLater() for
     /// when `handler` is called.
     void findAccounts(const QString &service, const AccountsHandler &handler) const;
-    /// The password of the first item of `service` and `account`; empty optional where there is no
-    /// such item or it cannot be read.
+    /// Returns the password of the first item of `service` and `account`, or an empty optional if
+    /// there is none or it cannot be read. Blocks as SecretStore::find() does.
     std::optional<QByteArray> password(const QString &service, const QString &account) const;
 
-    /// Deletes the first item of `service` and `account`, both in UTF-8; others with the same two
-    /// stay. Returns when that is done: false where there is no such item, where it cannot be
-    /// deleted in time, and where the bytes are not valid UTF-8.
+    /// Deletes the first item of `service` and `account`, both in UTF-8; other items with the same
+    /// two remain. Blocks until that is done or the timeout expires. Returns false if there is no
+    /// such item, if it cannot be deleted in time, or if the bytes are not valid UTF-8.
     bool removeFirst(const QByteArray &service, const QByteArray &account);
 
 private:

@@ -54,7 +54,7 @@ void beginPrompt(SecretService *service, SecretPrompt *prompt, const GVariantTyp
     g_object_ref(open->connection);
     const std::unique_ptr<gchar, decltype(&g_free)> owner(g_dbus_proxy_get_name_owner(proxy),
                                                           &g_free);
-    // Subscribed as libsecret does, and before it, hence told before it.
+    // Subscribed before libsecret subscribes, and therefore notified before it.
     open->subscription = g_dbus_connection_signal_subscribe(
         open->connection, owner.get(), "org.freedesktop.Secret.Prompt", "Completed",
         g_dbus_proxy_get_object_path(proxy), nullptr, G_DBUS_SIGNAL_FLAGS_NONE, &noteCompleted,

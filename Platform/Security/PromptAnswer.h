@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-/// The GType of a libsecret service that takes a dismissed prompt, or one whose service has gone,
-/// for a failed question: it ends with G_IO_ERROR_CANCELLED. Without that libsecret 0.20 holds a
-/// dismissed deletion for done, and some other dismissed questions are never answered.
+/// Returns the GType of a libsecret service that ends an operation with G_IO_ERROR_CANCELLED if its
+/// prompt is dismissed or the service disappears. Without it, libsecret 0.20 reports a dismissed
+/// deletion as successful and never completes some other dismissed operations.
 std::size_t promptAnsweringServiceType();

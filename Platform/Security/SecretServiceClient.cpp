@@ -17,7 +17,7 @@ std::shared_ptr<Object> adopt(Object *object) {
     return object ? std::shared_ptr<Object>(object, &g_object_unref) : nullptr;
 }
 
-/// An error that a GLib call writes through `out`.
+/// Receives the error that a GLib call stores through `out`.
 class CallError {
 public:
     CallError() = default;
@@ -47,7 +47,7 @@ private:
 
 using Ready = std::function<void(GAsyncResult *)>;
 
-/// The user data of a call that `callReady` ends.
+/// Returns the user data for a call that `callReady` completes.
 gpointer readyData(Ready ready) {
     return new Ready(std::move(ready));
 }
@@ -57,7 +57,7 @@ void callReady(GObject * /*source*/, GAsyncResult *result, gpointer data) {
     (*ready)(result);
 }
 
-/// GLib would start a bus where there is none, which helps nobody to find a password.
+/// GLib would start a bus if there is none; a new bus has no password service.
 bool hasSessionBus() {
     return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
            QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
@@ -88,9 +88,9 @@ void open(const std::shared_ptr<GCancellable> &cancellable, const Opened &opened
             opened(nullptr, isCancelled ? Failure::Cancelled : Failure::NoService);
             return;
         }
-        // GLib would end the process together with its bus.
+        // GLib would terminate the process when the bus closes the connection.
         g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
-        // The service takes up the same connection, for it is the process's.
+        // The service shares this connection, which is the process-wide one.
         openService(cancellable.get(), [connection, opened](const ServicePointer &service,
                                                             std::optional<Failure> failure) {
             opened(service, failure);
@@ -123,7 +123,7 @@ SecretAttributes attributesOf(SecretItem *item) {
     return attributes;
 }
 
-/// Frees the list, and the items in it.
+/// Takes ownership of the list and of its items.
 std::vector<std::shared_ptr<SecretItem>> adoptItems(GList *list) {
     std::vector<std::shared_ptr<SecretItem>> items;
     for (GList *link = list; link; link = link->next) {

@@ -9,27 +9,31 @@
 // GLib's own name.
 struct _GCancellable;  // NOLINT(*-reserved-identifier, cert-dcl*)
 
-/// Asks the Secret Service of the session bus, without ever waiting. Every question opens
-/// the service anew, and lets go of the bus, so that none depends on what became of either since
-/// the one before. All on one thread, whose default GLib context the answers come back on.
+/// Asynchronous client of the Secret Service on the session bus; it never blocks. Every request
+/// opens the service anew and releases the bus connection, so that it does not depend on the state
+/// left by earlier requests. Must be used on one thread; handlers are called on the default GLib
+/// context of that thread.
 class SecretServiceClient {
 public:
+    /// Why a request failed.
     enum class Failure {
         /// No session bus, or no service on it.
         NoService,
-        /// Locked, and the person has not unlocked it.
+        /// The item or collection is locked and the user has not unlocked it.
         Locked,
-        /// Anything else: the service has died, does not answer, or answers nonsense.
+        /// Any other failure: the service has crashed, does not reply, or replies with invalid
+        /// data.
         Broken,
-        /// `cancel` was called.
+        /// cancel() was called.
         Cancelled
     };
+    /// What is read of the items.
     enum class Access {
-        /// All items, locked ones too, without their secrets.
+        /// All items, including locked ones, without their secrets.
         Attributes,
         /// The items that are not locked.
         UnlockedSecrets,
-        /// All items; the user is asked to unlock them, and those that stay locked are left out.
+        /// All items; the user is asked to unlock them, and those that stay locked are omitted.
         Secrets
     };
 
@@ -45,16 +49,19 @@ public:
     SecretServiceClient(const SecretServiceClient &) = delete;
     SecretServiceClient &operator=(const SecretServiceClient &) = delete;
 
-    /// Each handler is called once.
+    /// Finds all items that have all of `attributes`. As for all requests, the handler is called
+    /// exactly once.
     void find(const SecretAttributes &attributes, Access access,
               const std::function<void(const FoundItems &)> &handler);
-    /// Replaces the item of the same attributes in the default collection.
+    /// Stores `item` in the default collection, replacing the item with the same attributes.
     void store(const StoredSecret &item,
                const std::function<void(std::optional<Failure>)> &handler);
-    /// Deletes the first item that has all of `attributes`; false where there is none.
+    /// Deletes the first item that has all of `attributes`; `isRemoved` is false if there is none
+    /// or it cannot be deleted.
     void removeFirst(const SecretAttributes &attributes,
                      const std::function<void(bool isRemoved)> &handler);
-    /// Ends what is under way as soon as the service lets it, and every later question at once.
+    /// Cancels the requests that are running, as soon as the service allows it, and all later
+    /// requests immediately.
     void cancel();
 
 private:

@@ -19,7 +19,8 @@ using Failure = SecretServiceClient::Failure;
 using Access = SecretServiceClient::Access;
 using FoundItems = SecretServiceClient::FoundItems;
 
-/// Whether D-Bus can carry them: it hangs up on who sends it other bytes.
+/// Returns whether D-Bus can carry the attributes: it closes the connection of a client that sends
+/// invalid strings.
 bool canBeSent(const SecretAttributes &attributes) {
     return std::all_of(attributes.begin(), attributes.end(), [](const auto &attribute) {
         return attribute.second.isValidUtf8() && !attribute.second.contains('\0');
@@ -85,8 +86,8 @@ Error errorOfWriting(Failure failure) {
 
 }  // namespace
 
-/// The callers' calls and what the thread gets back meet under one mutex. Whoever waits is woken
-/// for whatever changes.
+/// Callers and the worker thread share their data under one mutex. Every change wakes all waiting
+/// callers.
 class SecretStore::Implementation {
 public:
     explicit Implementation(std::chrono::milliseconds patience) : m_patience(patience) {}
@@ -104,10 +105,10 @@ private:
     using Lock = std::unique_lock<std::mutex>;
     using Done = std::function<void()>;
 
-    /// What was set in this run and is not, or not yet, with the service.
+    /// A secret that was set in this run and is not stored by the service, or not yet.
     struct Entry {
         StoredSecret item;
-        /// What writes it; 0 where nothing does.
+        /// The job that writes it; 0 if there is none.
         quint64 job = 0;
     };
     struct Question {
@@ -131,7 +132,7 @@ private:
     void didWrite(const SecretAttributes &attributes, quint64 job, std::optional<Failure> failure);
     void remove(const SecretAttributes &attributes, quint64 job,
                 const std::shared_ptr<Removal> &removal, const Done &done);
-    /// Leaves what was set after `job`.
+    /// Keeps entries that were set after `job`.
     bool forgetFirst(const SecretAttributes &attributes, quint64 job);
     void fail(Failure failure);
 
@@ -139,11 +140,10 @@ private:
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
     std::map<SecretAttributes, Entry> m_entries;
-    /// Changes of the service's items, made one after the other, as they came; the first is being
-    /// made.
+    /// Changes of the service's items, executed one at a time in order; the first is in progress.
     std::deque<std::function<void(const Done &)>> m_jobs;
     quint64 m_lastJob = 0;
-    /// Up to here nothing is written any more: the person has declined to unlock the keyring.
+    /// Jobs up to this one are not written: the user has declined to unlock the keyring.
     quint64 m_lastDeclinedJob = 0;
     int m_openQuestions = 0;
     int m_abandonedQuestions = 0;
@@ -403,7 +403,7 @@ void SecretStore::Implementation::stop() {
         m_isStopped = true;
         m_changed.wait_for(lock, m_patience, [this] { return m_jobs.empty(); });
         m_thread.run([this] { m_client.cancel(); });
-        // A service that does not even let go is left behind.
+        // If the service does not even confirm the cancellation, continue without it.
         m_changed.wait_for(lock, std::chrono::seconds(1),
                            [this] { return m_jobs.empty() && m_openQuestions == 0; });
     }

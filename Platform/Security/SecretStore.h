@@ -13,72 +13,79 @@
 #include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
 
-/// Posted to the default notification centre on the main thread when a secret that should have been
-/// kept for good cannot be: once for each store, however many secrets follow. Object: none; the
-/// store's `error()` says why.
+/// Posted to the default notification center on the main thread when a secret that should be stored
+/// permanently cannot be: once for each store, however many secrets follow. It has no object; the
+/// store's error() returns the reason.
 inline const QString SecretsNotKeptNotification = QStringLiteral("SecretsNotKeptNotification");
 
-/// What an item is found by: names and values in UTF-8. They are no secret.
+/// The attributes by which an item is found: names and values in UTF-8. They are not secret.
 using SecretAttributes = std::map<QByteArray, QByteArray>;
 
+/// Whether a secret is kept until the process ends or stored permanently.
 enum class SecretKeeping { ThisRun, ForGood };
 
-/// A secret and what it is found by. A value.
+/// A secret and its attributes.
 struct StoredSecret {
     SecretAttributes attributes = {};
-    /// How the person sees it named in the desktop's password manager.
+    /// The name shown to the user by the desktop's password manager.
     QString label = {};
     QByteArray secret = {};
     SecretKeeping keeping = SecretKeeping::ForGood;
 };
 
-/// The user's secrets in the desktop's Secret Service, and those of this run that the service has
-/// not taken, or not yet. Any thread; nothing here waits longer than the store's patience, whatever
-/// the service does, unless stated otherwise. Error texts and logs never hold a secret.
+/// The user's secrets in the desktop's Secret Service, together with those set in this run that the
+/// service has not stored, or not yet. Thread-safe. No call blocks longer than the store's timeout
+/// (`patience`), whatever the service does, unless stated otherwise. Error texts and logs never
+/// contain a secret.
 class PLATFORM_EXPORT SecretStore {
 public:
-    /// The store of the process. When the application object goes, what is still to be written gets
-    /// the store's patience to arrive; from then on there is only what is in memory.
+    /// Returns the store of the process. When the application object is destroyed, pending writes
+    /// get the store's timeout to complete; afterwards only the secrets in memory are available.
     static SecretStore &shared();
 
+    /// `patience` is the timeout of each blocking call.
     explicit SecretStore(std::chrono::milliseconds patience = std::chrono::seconds(3));
-    /// As when the application object goes.
+    /// Waits for pending writes, at most for the store's timeout, then cancels them, which takes at
+    /// most another second.
     ~SecretStore();
     SecretStore(const SecretStore &) = delete;
     SecretStore &operator=(const SecretStore &) = delete;
 
-    /// The items that have all of `attributes`; with those set in this run in place of the
-    /// service's. Items that are locked are unlocked first, for which the person may be asked; once
-    /// they have declined, locked items are left out. Empty optional where the service cannot be
-    /// asked and this run has set none of them. After one call has waited in vain, others do not
-    /// wait while that question is still open.
+    /// Returns the items that have all of `attributes`, where those set in this run replace the
+    /// service's. Locked items are unlocked first, for which the user may be prompted; once the
+    /// user has declined, they are omitted. Returns an empty optional if the service is not
+    /// available and this run has set no such item. Blocks for at most the store's timeout; after
+    /// one call has timed out, others do not block while that request is pending.
     std::optional<QList<StoredSecret>> find(const SecretAttributes &attributes);
-    /// Returns the attributes of the items that have all of `attributes`, also of locked ones. No
-    /// secret is requested and the user is never asked to unlock anything. Empty optional if the
-    /// service cannot be asked and this run has set none of them.
+    /// Returns the attributes of the items that have all of `attributes`, including locked ones.
+    /// Requests no secret and never asks the user to unlock anything. Returns an empty optional if
+    /// the service is not available and this run has set no such item.
     std::optional<QList<SecretAttributes>> findAttributes(const SecretAttributes &attributes);
 
     /// Receives the items, or the reason why they cannot be read.
     using Handler = std::function<void(const Expected<QList<StoredSecret>> &items)>;
     using AttributesHandler =
         std::function<void(const Expected<QList<SecretAttributes>> &attributes)>;
-    /// Finds what `find` and `findAttributes` find, but returns at once and waits for the service
-    /// as long as it takes, such as until the user has unlocked the keyring. The handler is called
-    /// exactly once, from the event loop of the main thread, or never if the application ends
-    /// before. Unless this run has set some of the items, it receives an error if items stay locked
-    /// or the service fails.
+    /// Finds what find() and findAttributes() find, but returns at once and waits for the service
+    /// without a timeout, for example until the user has unlocked the keyring. The handler is
+    /// called exactly once, from the event loop of the main thread, or never if the application
+    /// ends before. Unless this run has set some of the items, it receives an error if items stay
+    /// locked or the service fails.
     void findLater(const SecretAttributes &attributes, const Handler &handler);
     void findAttributesLater(const SecretAttributes &attributes, const AttributesHandler &handler);
 
-    /// Replaces the item of the same attributes. Returns at once.
+    /// Stores `item`, replacing the item with the same attributes. Returns at once; later calls of
+    /// find() see it immediately.
     void set(const StoredSecret &item);
-    /// Deletes the first item that has all of `attributes`, and tells whether that was done.
+    /// Deletes the first item that has all of `attributes`. Blocks for at most the store's timeout.
+    /// Returns whether an item was deleted.
     bool removeFirst(const SecretAttributes &attributes);
 
-    /// Why secrets are not kept for good, for the person; empty as long as they are.
+    /// Returns why secrets cannot be stored permanently, as a message for the user; empty while
+    /// they can.
     std::optional<Error> error() const;
-    /// Waits until nothing is left to be written, or the patience is over. Tells whether all that
-    /// was set for good has been kept.
+    /// Blocks until all pending writes have completed, or for the store's timeout. Returns whether
+    /// all permanent secrets were stored.
     bool finishWriting();
 
 private:

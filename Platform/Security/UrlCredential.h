@@ -10,9 +10,9 @@ struct UrlCredential {
     enum class Persistence {
         /// Not stored at all.
         None = 0,
-        /// Found by this process until it ends.
+        /// Available to this process until it ends.
         ForSession = 1,
-        /// Found by every program of the user's, in later runs too.
+        /// Available to every program of the user, also in later runs.
         Permanent = 2
     };
 

@@ -12,8 +12,8 @@ namespace {
 
 const QByteArray UserAttribute = QByteArrayLiteral("user");
 
-/// Every item has the same attributes, an absent realm included: the Secret Service replaces and
-/// finds by what is there, not by what is missing.
+/// All items have the same attributes, including one for a missing realm, because the Secret
+/// Service finds and replaces items by the attributes present, not by those missing.
 SecretAttributes spaceAttributes(const UrlProtectionSpace &space, const char *schema) {
     return {{"xdg:schema", secretSchema(schema)},
             {"host", space.host.toUtf8()},
@@ -28,8 +28,8 @@ SecretAttributes credentialAttributes(const UrlProtectionSpace &space) {
     return spaceAttributes(space, "UrlCredential");
 }
 
-/// The attributes of the item that holds, in place of a password, the user of the default
-/// credential.
+/// Returns the attributes of the item that stores, instead of a password, the user name of the
+/// default credential.
 SecretAttributes defaultUserAttributes(const UrlProtectionSpace &space) {
     return spaceAttributes(space, "UrlCredential.DefaultUser");
 }

@@ -12,26 +12,28 @@
 class SecretStore;
 class Url;
 
-/// The credentials of the user by protection space, kept in the desktop's Secret Service
+/// The credentials of the user by protection space, stored in the desktop's Secret Service
 /// (https://specifications.freedesktop.org/secret-service). A space has any number of credentials,
-/// one for each user name, and may have a default one. Any thread.
+/// one for each user name, and may have a default one. Thread-safe.
 ///
-/// Looking up takes a few seconds at the most; where the service does not answer by then, or has
-/// nothing to answer with, what this process has set is found all the same. Setting returns at once
-/// and is seen by all look-ups of this process from then on; the service is told behind the
-/// caller's back and may ask the person to unlock it. Where that fails the credential is kept until
-/// the process ends, and `SecretsNotKeptNotification` (see SecretStore.h) says so.
+/// A lookup blocks for at most the timeout of the SecretStore; credentials set by this process are
+/// found even if the service does not reply or is not available. Setting returns at once and is
+/// visible to all later lookups of this process. The service is updated asynchronously and may
+/// prompt the user to unlock it. If that fails, the credential is kept until the process ends and
+/// `SecretsNotKeptNotification` (see SecretStore.h) is posted.
 ///
-/// An absent space has no credentials, and setting one there does nothing.
+/// For an empty optional instead of a space, lookups find nothing and setting has no effect.
 class PLATFORM_EXPORT UrlCredentialStorage {
 public:
+    /// Returns the storage of the process.
     static UrlCredentialStorage &shared();
-    /// `store` has to outlive the storage.
+    /// `store` is not owned and must outlive the storage.
     explicit UrlCredentialStorage(SecretStore &store) : m_store(store) {}
 
-    /// The credentials of `space` by user name; empty where there is none.
+    /// Returns the credentials of `space` by user name; empty if there are none.
     QHash<QString, UrlCredential> credentialsForProtectionSpace(
         const std::optional<UrlProtectionSpace> &space) const;
+    /// Returns the default credential of `space`; empty if there is none.
     std::optional<UrlCredential> defaultCredentialForProtectionSpace(
         const std::optional<UrlProtectionSpace> &space) const;
 
@@ -49,12 +51,12 @@ public:
     /// SecretStore::findLater for when `handler` is called.
     void findCredentialForURL(const Url &URL, const CredentialHandler &handler) const;
 
-    /// Replaces the credential of the same user. One with Persistence::None is not stored, and
-    /// changes nothing. A name with a NUL character is kept for this run only.
+    /// Sets a credential, replacing that of the same user. One with Persistence::None is not stored
+    /// and has no effect. One whose user name contains a NUL character is kept for this run only.
     void setCredentialForProtectionSpace(const UrlCredential &credential,
                                          const std::optional<UrlProtectionSpace> &space);
-    /// The same; besides, it is the default credential of `space` from now on, as long as its own
-    /// persistence says.
+    /// Sets a credential as setCredentialForProtectionSpace() does and makes it the default
+    /// credential of `space`, for as long as its persistence says.
     void setDefaultCredentialForProtectionSpace(const UrlCredential &credential,
                                                 const std::optional<UrlProtectionSpace> &space);
 

@@ -12,15 +12,15 @@ class Url;
 inline const QString UrlAuthenticationMethodHttpBasic = QStringLiteral("basic");
 inline const QString UrlAuthenticationMethodHttpDigest = QStringLiteral("digest");
 
-/// What a credential is good for: a server, and the way in which it asks. A value; two are equal
-/// when all their texts are, letter by letter.
+/// Where a credential applies: a server and its authentication method. Spaces are equal if all
+/// their texts are equal, including case.
 struct PLATFORM_EXPORT UrlProtectionSpace {
     QString host = {};
-    /// 0 where the URL has none.
+    /// 0 if the URL has no port.
     int port = 0;
     /// The scheme of the URL.
     QString protocol = {};
-    /// Absent is not the same as empty.
+    /// An empty optional differs from an empty text.
     std::optional<QString> realm = {};
     QString authenticationMethod = {};
 
