@@ -5,17 +5,17 @@
 #include <memory>
 
 /// One end of a binding: an object that is kept alive if its ownership is shared, and otherwise
-/// only guarded, because its owner deletes it. A value. Main thread only.
+/// only guarded, because another object owns it. A value. Must be used on the main thread.
 class BoundObject {
 public:
-    /// Guards an object that is owned elsewhere, such as by a form.
+    /// Guards an object that is owned elsewhere, such as by a form. Null is allowed.
     BoundObject(QObject *object) : m_object(object) {}  // NOLINT(google-explicit-constructor)
-    /// Shares the ownership of an object.
+    /// Shares ownership of an object. Null is allowed.
     template <class Shared>
     BoundObject(const std::shared_ptr<Shared> &object)  // NOLINT(google-explicit-constructor)
         : m_object(object.get()), m_shared(object) {}
 
-    /// Returns null if the object is gone.
+    /// Returns the object; null once it is destroyed.
     QObject *get() const { return m_object; }
 
 private:

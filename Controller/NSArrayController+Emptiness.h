@@ -2,14 +2,15 @@
 
 #include "Platform/KeyValue/ArrayController.h"
 
-/// An array controller that also tells whether it has anything to show.
+/// An ArrayController with a key for empty lists, to which forms bind their placeholders.
 class NSArrayController : public ArrayController {
     Q_OBJECT
+    /// Whether there are no arranged objects. Announced with "arrangedObjects", even if it does not
+    /// change.
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY isEmptyChanged)
 public:
     using ArrayController::ArrayController;
 
-    /// Whether there are no arranged objects.
     bool isEmpty() const;
 
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingIsEmpty() {
@@ -17,5 +18,6 @@ public:
     }
 
 Q_SIGNALS:
+    /// Emitted with arrangedObjectsChanged().
     void isEmptyChanged();
 };

@@ -35,7 +35,8 @@ void QVBinding::observeValue() const {
     if (!target()) {
         return;
     }
-    // The model may unbind the view while it takes the value, which ends this record.
+    // Copied: the model may unbind the view while it receives the value, which destroys this
+    // record.
     const QByteArray keyPath = m_keyPath;
     KeyValue::setValue(target(), keyPath, KeyValue::value(object(), m_key));
 }

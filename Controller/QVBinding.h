@@ -9,42 +9,48 @@
 #include "Platform/Interface/ViewBinding.h"
 #include "Platform/KeyValue/KeyValue.h"
 
-/// The record of a binding that carries a view's own changes back to the model: it observes one
-/// property of the view and writes each value that is set there into the model.
+/// The record of a binding that writes a view's own changes to the model: it observes one property
+/// of the view and writes each value that is set there to the model.
 ///
-/// Main thread. A record keeps its object and its target alive until it is destroyed if they are
-/// given as shared pointers. What is given as a plain pointer belongs to someone else, as a form
-/// owns its views and controllers; the record stops writing when one of those is deleted. The view
-/// holds its records until it is unbound.
+/// Must be used on the main thread. A record keeps the view and the model alive if they are given
+/// as shared pointers. Objects given as plain pointers are not owned (a form owns its views and
+/// controllers); the record does nothing once one of them is destroyed. The view holds its records
+/// until they are unbound.
 class QVBinding : public QObject, public ViewBinding {
     Q_OBJECT
 public:
-    /// A new record, which does not observe yet. `key` is the bound property of `object`, `keyPath`
-    /// what it is bound to within `target`. The options are stored and never interpreted.
+    /// Returns a new record, which does not observe anything yet; never null. It binds the property
+    /// `key` of `object` to `keyPath` of `target`. Null objects are accepted: bind() then has no
+    /// effect. The options are stored and never interpreted.
     static std::shared_ptr<QVBinding> bindingWithObject(const BoundObject &object,
                                                         const QByteArray &key,
                                                         const BoundObject &target,
                                                         const QByteArray &keyPath,
                                                         const QVariantMap &options);
-    /// Logs, verbosely, that the record is gone.
+    /// Stops writing and logs, verbosely, that the record was destroyed.
     ~QVBinding() override;
 
-    /// Null if it was only guarded and is gone.
+    /// Returns the view; null once it is destroyed.
     QObject *object() const { return m_object.get(); }
+    /// Returns the model object; null once it is destroyed.
     QObject *target() const { return m_target.get(); }
     QByteArray key() const override { return m_key; }
+    /// These return what the record was created with.
     QByteArray keyPath() const { return m_keyPath; }
     QVariantMap options() const { return m_options; }
 
-    /// Gives the object the target's value, and from then on writes what is set in the object to
-    /// the target.
+    /// Sets the view's property to the model's value and from then on writes each value set in the
+    /// view to the model, equal values included. Calling it again replaces the observation. Raises
+    /// an AssertionFailure if a key does not exist.
     void bind() override;
-    /// Ends the writing. The fields stay as they are, so that `bind` may be called again.
+    /// Stops writing. Idempotent; bind() may be called again. A model may call it while it receives
+    /// a value.
     void unbind() override;
 
 private:
     QVBinding(const BoundObject &object, const QByteArray &key, const BoundObject &target,
               const QByteArray &keyPath, const QVariantMap &options);
+    /// Writes the view's value to the model.
     void observeValue() const;
 
     const BoundObject m_object;
@@ -52,5 +58,6 @@ private:
     const QByteArray m_key;
     const QByteArray m_keyPath;
     const QVariantMap m_options;
+    /// Active while bound.
     KeyValue::Observation m_observation;
 };

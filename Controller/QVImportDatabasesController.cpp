@@ -40,7 +40,7 @@ QVImportDatabasesController::QVImportDatabasesController()
 QVImportDatabasesController::~QVImportDatabasesController() = default;
 
 std::shared_ptr<QVImportDatabasesController> QVImportDatabasesController::newController() {
-    // The last one to let go may be a thread of a store.
+    // The last owner may be a worker thread of a store.
     return {new QVImportDatabasesController,
             [](QVImportDatabasesController *controller) { controller->deleteLater(); }};
 }
@@ -134,7 +134,7 @@ void QVImportDatabasesController::turnTo(const Page &page, QWidget *otherPage, i
     };
     addAnimation(page.view, frame);
     addAnimation(otherPage, QRect(otherX, frame.y(), frame.width(), frame.height()));
-    // What is out of sight takes neither clicks nor keys.
+    // Disable the hidden page, so that it receives neither clicks nor keys.
     page.view->setEnabled(true);
     page.view->show();
     otherPage->setEnabled(false);

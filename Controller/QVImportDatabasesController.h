@@ -19,30 +19,39 @@
 
 class QParallelAnimationGroup;
 
-/// The sheet that imports databases: from a list of the sync locations it slides to a list of those
-/// databases of the chosen one that this computer does not have. Main thread, but that a store
-/// calls back on its own threads. Always shared: what runs for it keeps it alive.
+/// The sheet that imports databases. It shows a list of the sync locations, then slides to a list
+/// of the databases at the chosen location that are not open on this computer.
+///
+/// Must be used on the main thread, except that a store calls its handlers on worker threads;
+/// results are then delivered on the main thread. Shared ownership: running operations keep the
+/// controller alive. The last owner may be a worker thread, so the controller is deleted from the
+/// main thread's event loop.
 class QVImportDatabasesController
     : public WindowController,
       public std::enable_shared_from_this<QVImportDatabasesController> {
     Q_OBJECT
-    /// Why the chosen location cannot be used.
+    /// The reason why the chosen location cannot be used; empty if there is none. A cancelled fetch
+    /// sets it too.
     Q_PROPERTY(std::optional<Error> remoteError READ remoteError WRITE setRemoteError NOTIFY
                    remoteErrorChanged)
+    /// The description and the reason of `remoteError`, on separate lines; empty if there is no
+    /// error.
     Q_PROPERTY(QString remoteErrorText READ remoteErrorText NOTIFY remoteErrorTextChanged)
-    /// Those offered; empty, too, until the location has answered.
+    /// The databases offered. Also empty while the location is being read.
     Q_PROPERTY(QVariantList databases READ databaseList NOTIFY databasesChanged)
-    /// Whether the location has answered with nothing to offer.
+    /// Whether the location was read and has no database to offer.
     Q_PROPERTY(bool nothingToImport READ isNothingToImport NOTIFY nothingToImportChanged)
-    /// Whether neither databases nor an error are there yet.
+    /// Whether there is neither a list of databases nor an error yet; shown as progress.
     Q_PROPERTY(bool active READ isActive NOTIFY activeChanged)
-    /// Read afresh each time.
+    /// All sync locations in the user's order, read again at each call. Not announced.
     Q_PROPERTY(QList<std::shared_ptr<QVSyncLocation>> locations READ locations)
+    /// The title of the button that imports; "Import", localized, by default.
     Q_PROPERTY(QString actionButtonTitle READ actionButtonTitle WRITE setActionButtonTitle NOTIFY
                    actionButtonTitleChanged)
     Q_PROPERTY(QIcon databaseIcon READ databaseIcon)
     Q_PROPERTY(QIcon warningIcon READ warningIcon)
-    // Outlets: the two pages, and what they slide in.
+    /// Outlets: the two pages, the view in which they slide, their tables and default buttons. Null
+    /// until the window is loaded; owned by the window.
     Q_PROPERTY(QWidget *contentView MEMBER m_contentView)
     Q_PROPERTY(QWidget *locationsView MEMBER m_locationsView)
     Q_PROPERTY(QWidget *databasesView MEMBER m_databasesView)
@@ -51,17 +60,23 @@ class QVImportDatabasesController
     Q_PROPERTY(QPushButton *continueButton MEMBER m_continueButton)
     Q_PROPERTY(QPushButton *actionButton MEMBER m_actionButton)
 public:
+    /// A database at the chosen location, as its store describes it.
     using Record = std::shared_ptr<QVRemoteDatabase>;
 
+    /// Returns a new controller. Never null. Loads no window yet.
     static std::shared_ptr<QVImportDatabasesController> newController();
     ~QVImportDatabasesController() override;
 
     std::optional<Error> remoteError() const { return m_remoteError; }
+    /// Called by the fetch. Announces the key even if the value is equal.
     void setRemoteError(const std::optional<Error> &error);
     QString remoteErrorText() const;
-    /// Empty optional until a fetch has answered with a list.
+    /// Returns the databases offered, or an empty optional until a fetch has succeeded.
     const std::optional<QVRemoteDatabases> &databases() const { return m_databases; }
+    /// Sets the databases offered; an empty optional means that none were fetched yet.
     void setDatabases(const std::optional<QVRemoteDatabases> &databases);
+    /// Returns the same databases as a list for binding, each a Record; empty if there are none
+    /// yet.
     QVariantList databaseList() const;
     bool isNothingToImport() const;
     bool isActive() const;
@@ -73,22 +88,30 @@ public:
     QWidget *contentView() const { return m_contentView; }
     QWidget *locationsView() const { return m_locationsView; }
     QWidget *databasesView() const { return m_databasesView; }
-    /// That of the chosen location, and what cancels the work on it. Any thread.
+    /// Returns the store of the location chosen last; null if none was chosen. Thread-safe.
     std::shared_ptr<QVSyncStore> store() const { return m_store.load(); }
+    /// Returns the future that cancels the work on that store; null if no location was chosen.
+    /// Thread-safe.
     std::shared_ptr<PZFuture> future() const { return m_future.load(); }
 
-    /// Shows the sheet and returns at once; `handler` is called once, when it has closed. An absent
-    /// window is a programming error.
+    /// Shows the sheet on the window of `parentWindow` and returns at once. `handler`, which may be
+    /// empty, is called once, on the main thread, after the sheet has closed. Raises an
+    /// AssertionFailure if `parentWindow` is null.
     void runImportDatabasesSheetModalForWindow(QWidget *parentWindow,
                                                std::function<void()> handler);
 
-    /// Whether a fetched database is offered: never the inbox, nor what is open here.
+    /// Returns whether a fetched database is offered: not the inbox, and not a database that is
+    /// open on this computer. `database` must not be null.
     bool shouldListDatabase(const Record &database) const;
-    /// Makes the enabled state for one database and returns it.
+    /// Adds the state of one database to its location, or finds it, and enables it. Returns the
+    /// state; never null. Does not save. `database` must not be null.
     std::shared_ptr<QVSyncState> importDatabase(const Record &database);
-    /// Imports all, saves, starts their synchronization, and closes the sheet.
+    /// Imports all databases, saves, starts their synchronization, and closes the sheet. Returns
+    /// before they are synchronized. A failure to save is not reported here; the states stay
+    /// enabled until the program ends.
     void importDatabases(const QVRemoteDatabases &databases);
 
+    /// Dependencies of the derived keys, read by KeyValue.
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingActive() {
         return {"databases", "remoteError"};
     }
@@ -100,14 +123,21 @@ public:
     }
 
 public Q_SLOTS:
-    /// Slides to the databases and fetches those of `location`.
+    /// Slides to the databases page, opens the store of `location`, which must not be null, and
+    /// reads its databases. Returns at once. The time depends on the location: there is no deadline
+    /// other than those of its store.
     void fetchDatabasesForLocation(const std::shared_ptr<QVSyncLocation> &location);
-    /// Slides back and cancels the fetch.
+    /// Slides back to the locations and cancels the fetch, without waiting for it.
     void returnToLocationsView(QObject *sender);
+    /// Cancels the fetch, closes the sheet and calls its handler. The controller may be destroyed
+    /// when this returns.
     void cancelModalSheet(QObject *sender);
+    /// Calls importDatabases() with `databases`, a list of Record.
     void performActionWithDatabases(const QVariantList &databases);
 
 Q_SIGNALS:
+    /// Emitted each time the value is set or one that it depends on is announced, even if it stays
+    /// equal.
     void remoteErrorChanged();
     void remoteErrorTextChanged();
     void databasesChanged();
@@ -116,7 +146,9 @@ Q_SIGNALS:
     void actionButtonTitleChanged();
 
 protected:
+    /// Places the pages side by side, the locations in front.
     void windowDidLoad() override;
+    /// Cancels, as the Cancel button does.
     void leaveSheet() override;
 
 private:
@@ -128,16 +160,24 @@ private:
     };
 
     QVImportDatabasesController();
+    /// Returns the frame in which a page is visible; empty until the window is loaded.
     QRect contentFrame() const;
+    /// Slides `page` in and `otherPage` out to the horizontal position `otherX`, which disables and
+    /// hides the latter.
     void turnTo(const Page &page, QWidget *otherPage, int otherX);
+    /// Handlers of the store, called on its threads.
     void didOpen(const std::optional<Error> &error);
     void didFetch(const std::optional<QVRemoteDatabases> &fetched,
                   const std::optional<Error> &error);
+    /// Sets those of the fetched databases that are offered.
     void list(const QVRemoteDatabases &fetched);
+    /// Cancels the running fetch, if there is one, without waiting for it.
     void cancelFetch();
+    /// Closes the sheet and calls the completion handler, at most once.
     void sheetDidClose();
 
     std::optional<Error> m_remoteError;
+    /// The outlets: null until the window is loaded, and after it is deleted.
     QPointer<QWidget> m_contentView;
     QPointer<QWidget> m_locationsView;
     QPointer<QWidget> m_databasesView;
@@ -145,10 +185,14 @@ private:
     QPointer<TableView> m_databasesTable;
     QPointer<QPushButton> m_continueButton;
     QPointer<QPushButton> m_actionButton;
+    /// Atomic, because the store's handlers read it on worker threads; so is the future.
     std::atomic<std::shared_ptr<QVSyncStore>> m_store;
+    /// Empty until a fetch has succeeded.
     std::optional<QVRemoteDatabases> m_databases;
     std::atomic<std::shared_ptr<PZFuture>> m_future;
+    /// Empty after it was called.
     std::function<void()> m_completionHandler;
     QString m_actionButtonTitle;
+    /// The latest animation; null before the first. A new one replaces a running one.
     std::unique_ptr<QParallelAnimationGroup> m_slide;
 };

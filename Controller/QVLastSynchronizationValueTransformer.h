@@ -2,8 +2,9 @@
 
 #include "Platform/KeyValue/ValueTransformer.h"
 
-/// When a database was last synchronized, as its row says it: a QDateTime, invalid for never, to a
-/// string.
+/// Converts the date of the last synchronization (QDateTime) to the localized text of a database
+/// row. The text is relative to the current time, so it must be computed again to stay correct. An
+/// invalid date means "never".
 class QVLastSynchronizationValueTransformer : public ValueTransformer {
 public:
     QMetaType transformedValueClass() const override;

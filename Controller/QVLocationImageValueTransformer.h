@@ -2,7 +2,8 @@
 
 #include "Platform/KeyValue/ValueTransformer.h"
 
-/// Turns a QVSyncLocation (by shared pointer) into its icon, a QPixmap.
+/// Converts a std::shared_ptr<QVSyncLocation> to its icon, a QPixmap. A null pointer or another
+/// type gives an invalid variant. Must be used on the main thread.
 class QVLocationImageValueTransformer : public ValueTransformer {
 public:
     QMetaType transformedValueClass() const override;

@@ -2,7 +2,8 @@
 
 #include "Platform/KeyValue/ValueTransformer.h"
 
-/// Turns a QVSyncLocation (by shared pointer) into its title, a string.
+/// Converts a std::shared_ptr<QVSyncLocation> to its title, a QString. A null pointer or another
+/// type gives an invalid variant. Must be used on the main thread.
 class QVLocationTitleValueTransformer : public ValueTransformer {
 public:
     QMetaType transformedValueClass() const override;

@@ -2,8 +2,9 @@
 
 #include "Platform/KeyValue/ValueTransformer.h"
 
-/// When a database synchronizes next by itself, as the schedule editor says it: a QDateTime,
-/// invalid for never, to a string.
+/// Converts the date of the next scheduled synchronization (QDateTime) to the localized text of the
+/// schedule editor. The text is relative to the current time. An invalid date means that none is
+/// scheduled.
 class QVNextScheduledDateValueTransformer : public ValueTransformer {
 public:
     QMetaType transformedValueClass() const override;

@@ -24,7 +24,7 @@ QSize wantedSize(const QWidget *child) {
     return child->sizeHint().expandedTo(child->minimumSize()).boundedTo(child->maximumSize());
 }
 
-/// The children of a row by place, in the order in which they were made.
+/// The children of a row by place, in creation order.
 struct Children {
     explicit Children(const QWidget *row) {
         for (QObject *object : row->children()) {
@@ -53,7 +53,7 @@ struct Children {
     QList<QWidget *> trailing;
 };
 
-/// The distances in a row, from the height of its font.
+/// The distances in a row, derived from the height of its font.
 struct Distances {
     explicit Distances(const QWidget *row) : fontHeight(row->fontMetrics().height()) {}
 
@@ -128,7 +128,7 @@ void ListRow::hideEvent(QHideEvent *event) {
 }
 
 void ListRow::showEvent(QShowEvent *event) {
-    // What changes in the children of a hidden row is told to nobody.
+    // A hidden row is not notified of changes in its children.
     if (m_wasHidden) {
         fitHeight();
         placeChildren();

@@ -2,27 +2,28 @@
 
 #include "View/QVSelectedItemBackgroundView.h"
 
-/// A row of a list that places its children without a layout, which makes it cheap enough for long
+/// A list row that places its children without a QLayout, which makes it cheap enough for long
 /// lists. A Designer form gives each child the dynamic string property "rowPlace":
 ///
-///   "leading"   at the start of the row, at the size the child wants
-///   "text"      in what remains between, one line under another
-///   "trailing"  at the end of the row, at the size the child wants
+///     "leading"   at the start of the row, at the child's size hint
+///     "text"      in the remaining width, one line below the other
+///     "trailing"  at the end of the row, at the child's size hint
 ///
-/// Those of one place stand in the order in which the form makes them. Start and end follow the
+/// Children of one place keep the order in which the form creates them. Start and end follow the
 /// layout direction; distances grow with the font. A hidden child takes no width. The row's height
-/// is its own: what the tallest of its children needs at the present font, hidden ones included, so
-/// that a row does not jump when they appear. Children without "rowPlace" stay where they are. The
-/// row must not be given a layout as well.
+/// is that of the tallest child at the current font, hidden ones included, so the row does not jump
+/// when a child appears. Children without "rowPlace" are not moved. The row must not be given a
+/// layout. Must be used on the main thread.
 ///
-/// The height is there as soon as the row has a parent. A later change of it is told to the parent
-/// by a layout request, after which a ListScrollArea stacks the rows anew.
+/// The height is set when the row first gets a parent. When it changes later, the parent receives a
+/// layout request, after which a ListScrollArea stacks the rows again. O(number of children) each
+/// time.
 class ListRow : public QVSelectedItemBackgroundView {
     Q_OBJECT
 public:
     using QVSelectedItemBackgroundView::QVSelectedItemBackgroundView;
 
-    /// The row's height, and the width at which nothing in it is cut off.
+    /// Returns the row's height, and the width at which no child is cut off.
     QSize sizeHint() const override;
 
 protected:
@@ -33,9 +34,12 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    /// Sets the height that the children need; posts a layout request to the parent if it changes.
     void fitHeight();
     void placeChildren();
 
+    /// Whether the height was set once.
     bool m_isFitted = false;
+    /// Whether the row was hidden before: it then missed the changes of its children.
     bool m_wasHidden = false;
 };

@@ -29,7 +29,7 @@ void ListScrollArea::resizeEvent(QResizeEvent *event) {
 }
 
 void ListScrollArea::showEvent(QShowEvent *event) {
-    // Rows of a hidden list cannot tell that they have changed.
+    // Rows of a hidden list do not report changes.
     if (list()) {
         list()->layoutSubviews();
     }

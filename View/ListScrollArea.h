@@ -4,13 +4,16 @@
 
 class QVListView;
 
-/// The scroll area of a QVListView: keeps the list as wide as its viewport and lays the list out
-/// again whenever that width or the height of a row changes. Its viewport is white in every theme.
+/// The scroll area of a QVListView. It keeps the list as wide as its viewport, and calls
+/// QVListView::layoutSubviews() when that width or the height of a row changes and when the area is
+/// shown. Its viewport is white under every theme. If its widget is not a QVListView it is a plain
+/// scroll area. Must be used on the main thread.
 class ListScrollArea : public QScrollArea {
     Q_OBJECT
 public:
     explicit ListScrollArea(QWidget *parent = nullptr);
 
+    /// Receives the layout requests that rows send to the list.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
@@ -19,6 +22,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    /// Returns the widget as a list; null if it is none.
     QVListView *list() const;
     void useListPalette();
 };

@@ -99,10 +99,10 @@ void QVListView::setContent(const QVariantList &content) {
     if (m_content && m_content->isSharedWith(content)) {
         return;
     }
-    // Kept: what is called on the way may replace the list that `content` refers to.
+    // Copied, because observers may replace the list that `content` refers to.
     const QVariantList objects = content;  // NOLINT(performance-unnecessary-copy-initialization)
-    // A visible list looks for what is under the pointer at each row that comes or goes. To hide it
-    // costs as much as it keeps rows.
+    // A visible list looks for the widget under the pointer each time a row is added or removed.
+    // Hiding it takes time for each row that is kept.
     const qsizetype kept = reusableViews(objects);
     const bool hides = isVisible() && m_items.size() + objects.size() > 3 * kept;
     if (hides) {
@@ -124,7 +124,7 @@ void QVListView::makeItems(const QVariantList &objects) {
     for (qsizetype i = 0; i < objects.size(); ++i) {
         const Item item = copyPrototype(objects.at(i));
         if (i < kept && !item->takeView(before.at(i).get())) {
-            // The delegate has named another prototype than before.
+            // The delegate has returned another prototype than before.
             kept = i;
             discardViews(kept, before);
         }
@@ -149,7 +149,7 @@ void QVListView::makeItems(const QVariantList &objects) {
     }
 }
 
-/// The number of items, from the first on, whose views can show the first of `objects`.
+/// Returns the number of leading items whose views can show the first of `objects`.
 qsizetype QVListView::reusableViews(const QVariantList &objects) const {
     const QList<QWidget *> views = subviews();
     const qsizetype most = qMin(views.size(), qMin(m_items.size(), objects.size()));
@@ -162,20 +162,20 @@ qsizetype QVListView::reusableViews(const QVariantList &objects) const {
     return count;
 }
 
-/// Discards all views from `first` on, and the items from there on, which had them.
+/// Discards all views from `first` on, and the items that had them.
 void QVListView::discardViews(qsizetype first, QList<Item> &items) {
     const QList<QWidget *> views = subviews().mid(first);
     if (views.isEmpty()) {
         return;
     }
-    // One of the views may be handling an event right now, so they go later. Until then they stay
-    // in the window: leaving it would search its whole chain of focus once for each.
+    // Deleted later, because one of the views may be handling an event. Until then they stay in
+    // the window: removing each from it would search the window's whole focus chain.
     auto *discarded = new QWidget(isWindow() ? nullptr : window());
     for (QWidget *view : views) {
         view->setParent(discarded);
     }
-    // Before their parent goes: views that wait to be deleted one by one go fast, but as children
-    // each would search all that waits.
+    // Before their parent is deleted: deleting the views one by one is fast, but as children each
+    // would search all pending deletions.
     items.remove(first, items.size() - first);
     discarded->deleteLater();
 }

@@ -13,83 +13,91 @@
 
 class QVListViewDelegate;
 
-/// A vertical list, the widget of a scroll area: one item for each object of its content, their
-/// views stacked from the top at their own heights and at the list's width. It draws nothing
-/// itself. One item is selected by click, if the delegate lets it; without a delegate none is.
+/// A vertical list, the widget of a scroll area: one item for each object of its content, with the
+/// items' views stacked from the top at their own heights and at the list's width. It paints
+/// nothing itself. A click selects one item if the delegate accepts it; without a delegate, nothing
+/// can be selected.
 ///
-/// Main thread. "content" is bound one way; "selectionIndexes" both ways, through a ViewBinding.
-/// The view ends its bindings when it is destroyed.
+/// Must be used on the main thread. "content" is bound one way; "selectionIndexes" both ways,
+/// through a ViewBinding. The view ends its bindings when it is destroyed.
 class QVListView : public QWidget, public BindableView {
     Q_OBJECT
-    /// The objects, in display order. Setting the very list that is there (shared, not equal) does
-    /// nothing. Any other rebuilds all items before it returns: with nothing selected before, the
-    /// first item that the delegate accepts is selected then, and "selectionIndexes" announced;
-    /// otherwise nothing is selected afterwards, without an announcement. As far as the new list
-    /// begins like the old one, the new items take the views of the old ones, so that an appended
-    /// object costs one view.
+    /// The objects, in display order. Setting the list that is already set (shared, not merely
+    /// equal) has no effect. Any other list rebuilds all items before the setter returns. If
+    /// nothing was selected before, the first item that the delegate accepts becomes selected and
+    /// "selectionIndexes" is announced; otherwise nothing is selected afterwards, and nothing
+    /// announced. The new items reuse the views of the old ones as far as both lists begin with
+    /// equal objects, so appending an object makes one view.
     Q_PROPERTY(QVariantList content READ content WRITE setContent NOTIFY contentChanged)
-    /// The positions of the selected items, computed from them. Setting it goes item by item:
-    /// where the delegate refuses one, its selection stays as it is. Positions past the end are
-    /// ignored. Announced at every setting, whatever came of it.
+    /// The positions of the selected items, computed in O(n). The setter asks the delegate for each
+    /// item; an item that is refused keeps its state. Positions past the end are ignored. Announced
+    /// each time it is set, even if nothing changed.
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
                    selectionIndexesChanged)
-    /// What new items are copies of where the delegate names no other. The menu of its view is the
-    /// menu of every item's view. There must be one for every object; setting it changes no item
-    /// that is already made.
+    /// The prototype that new items are copied from unless the delegate provides one. The menu of
+    /// its view is shared by all items. Must not be null when content is set. Setting it does not
+    /// change existing items.
     Q_PROPERTY(
         std::shared_ptr<CollectionViewItem> itemPrototype READ itemPrototype WRITE setItemPrototype)
 public:
+    /// Shared ownership: the list keeps an item until its content is replaced.
     using Item = std::shared_ptr<CollectionViewItem>;
+    /// The records of editable bindings.
     using Bindings = std::set<std::shared_ptr<ViewBinding>>;
 
     using QWidget::QWidget;
+    /// Ends the bindings and deletes the items.
     ~QVListView() override;
 
-    /// Sets what makes the records of editable bindings, for all lists. Must be called before the
-    /// first such binding.
+    /// Sets the factory for the records of editable bindings, for all lists. Must be called before
+    /// the first such binding; a later call replaces the factory.
     static void registerBindingFactory(const ViewBinding::Factory &makeBinding);
 
-    /// The keys made for binding, in this order.
+    /// Returns the names of the bindings, in a fixed order.
     static QByteArrayList exposedBindings();
-    /// The type of values that `binding` carries; invalid where it is none of the exposed ones.
+    /// Returns the type of the values of `binding`; invalid if it is not one of exposedBindings().
     static QMetaType valueClassForBinding(const QByteArray &binding);
-    /// The bindings through which the view writes back.
+    /// Returns the bindings through which the view writes to the model.
     static QSet<QByteArray> editableBindings();
 
-    /// Adds a record for an editable binding, then lets the property follow the model. Binding
-    /// twice without unbinding adds a second record.
+    /// Adds a record if `binding` is editable, then binds the property to `keyPath` of
+    /// `observable`, which is not owned. Binding twice without unbinding adds a second record.
+    /// Raises an AssertionFailure if a key does not exist or no factory is registered.
     void bind(const QByteArray &binding, QObject *observable, const QByteArray &keyPath,
               const QVariantMap &options) override;
-    /// Removes every record of `binding`, then ends the following.
+    /// Removes all records of `binding`, then ends the binding. Has no effect if there is none.
     void unbind(const QByteArray &binding) override;
-    /// Keeps `binding` and connects it.
+    /// Stores `binding`, which must not be null, and calls its bind().
     void addBinding(const std::shared_ptr<ViewBinding> &binding);
-    /// Disconnects `binding` and lets go of it.
+    /// Calls unbind() of `binding` and removes it. `binding` must not be null.
     void removeBinding(const std::shared_ptr<ViewBinding> &binding);
-    /// The records for the key `binding`.
+    /// Returns the records whose key is `binding`.
     Bindings bindingsForKey(const QByteArray &binding) const;
 
+    /// Returns the content; empty if none was set.
     QVariantList content() const { return m_content.value_or(QVariantList()); }
     void setContent(const QVariantList &content);
-    /// One for each object, in the same order.
+    /// Returns one item for each object, in the same order. While `content` is being set, only
+    /// those made so far.
     QList<Item> items() const { return m_items; }
     void setItems(const QList<Item> &items) { m_items = items; }
     Item itemPrototype() const { return m_itemPrototype; }
     void setItemPrototype(const Item &prototype) { m_itemPrototype = prototype; }
     Bindings bindings() const { return m_bindings; }
     void setBindings(const Bindings &bindings) { m_bindings = bindings; }
-    /// Not owned; whoever sets it takes it away (nullptr) before it goes.
+    /// Null if none is set. Not owned; must be reset to null before it is destroyed.
     QVListViewDelegate *delegate() const { return m_delegate; }
     void setDelegate(QVListViewDelegate *delegate) { m_delegate = delegate; }
     IndexSet selectionIndexes() const;
     void setSelectionIndexes(const IndexSet &indexes);
 
-    /// A new item for `object`, with the shared menu; a view with a property "selected" follows
-    /// the item's. The list does not keep it.
+    /// Returns a new item for `object`, copied from its prototype, with the shared menu. If its
+    /// view has a property "selected", that follows the item's. The list does not store the item.
     Item newItemForRepresentedObject(const QVariant &object);
-    /// Stacks the views of the items at the list's present width, then takes the width of the
-    /// enclosing scroll area's viewport (0 without one) and the height of all of them. Called when
-    /// the content changes; whoever changes the width or a row's height calls it as well.
+    /// Stacks the items' views at the list's current width, then resizes the list to the width of
+    /// the enclosing scroll area's viewport (0 without one) and the total height. The list calls it
+    /// when the content changes; other code that changes the width or a row's height must call it.
+    /// O(n).
     void layoutSubviews();
 
 Q_SIGNALS:
@@ -97,19 +105,29 @@ Q_SIGNALS:
     void selectionIndexesChanged();
 
 protected:
-    /// Selects the item under the pointer, whatever the modifier keys, if the delegate lets it.
+    /// Selects the item under the pointer, regardless of modifier keys, if the delegate accepts it.
     void mousePressEvent(QMouseEvent *event) override;
 
 private:
+    /// Returns the delegate's decision; false without a delegate.
     bool shouldSelect(CollectionViewItem *item);
+    /// Replaces the items. Stops early if an observer of the selection sets other content
+    /// meanwhile.
     void makeItems(const QVariantList &objects);
+    /// Returns a new item for `object` without making its view.
     Item copyPrototype(const QVariant &object);
+    /// Gives `view` the shared menu.
     void setMenu(QWidget *view) const;
+    /// Makes the item's view, gives it the shared menu, and binds its key "selected".
     void connectView(CollectionViewItem *item) const;
+    /// Returns the number of leading items whose views can show the first of `objects`.
     qsizetype reusableViews(const QVariantList &objects) const;
+    /// Discards all views from the index `first` on, and the items in `items` that had them.
     void discardViews(qsizetype first, QList<Item> &items);
     QList<QWidget *> subviews() const;
 
+    /// Empty until content is set for the first time, so that setting an empty list counts as a
+    /// change.
     std::optional<QVariantList> m_content;
     QList<Item> m_items;
     Item m_itemPrototype;

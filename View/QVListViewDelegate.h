@@ -5,16 +5,19 @@
 class CollectionViewItem;
 class QVListView;
 
-/// Chooses how a list shows its objects and which of them can be selected. Main thread.
+/// Determines how a list shows its objects and which of them can be selected. Called on the main
+/// thread, from within functions of the list; it must not delete the list or set its content in a
+/// call.
 class QVListViewDelegate {
 public:
     virtual ~QVListViewDelegate() = default;
 
-    /// The item to copy for `object`, or nullptr for the list's own prototype. Asked once for each
-    /// item that is made. The delegate keeps the prototype.
+    /// Returns the item to copy for `object`, or null for the list's own prototype. Called once for
+    /// each item that is made. The delegate owns the prototype, which must stay valid until the
+    /// call of the list that asked returns.
     virtual CollectionViewItem *collectionViewItemPrototypeForRepresentedObject(
         QVListView *listView, const QVariant &object) = 0;
-    /// Whether `item` takes part in selection. Asked for each item whose selection the list is
-    /// about to set; an item that is refused keeps the selection it has.
+    /// Returns whether `item` takes part in selection. Called for each item before the list sets
+    /// its state; an item that is refused keeps the state it has. `item` is never null.
     virtual bool collectionViewShouldSelectItem(QVListView *listView, CollectionViewItem *item) = 0;
 };

@@ -2,10 +2,11 @@
 
 #include <QtWidgets/QPushButton>
 
-/// A push button exactly as wide as its title needs. It is placed by its frame, not by a layout: a
-/// new title moves its left edge and leaves its right edge and its top where they are.
+/// A push button exactly as wide as its title needs. It must not be placed by a layout: a new title
+/// moves its left edge and keeps its right edge and its top. Must be used on the main thread.
 class QVMinimumWidthButton : public QPushButton {
     Q_OBJECT
+    /// The button's text. Setting it resizes the button immediately. Not announced.
     Q_PROPERTY(QString title READ title WRITE setTitle)
 public:
     using QPushButton::QPushButton;

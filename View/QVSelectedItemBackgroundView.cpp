@@ -60,7 +60,7 @@ void QVSelectedItemBackgroundView::mousePressEvent(QMouseEvent *event) {
     event->ignore();
 }
 
-// Qt reports every second of several quick clicks here, also the fourth.
+// Qt calls this for every second click of a succession, including the fourth.
 void QVSelectedItemBackgroundView::mouseDoubleClickEvent(QMouseEvent *event) {
     if (event->button() != Qt::LeftButton) {
         event->ignore();

@@ -2,15 +2,16 @@
 
 #include "Platform/Interface/Control.h"
 
-/// The background of one list item: paints whether the item is selected and makes the controls
-/// directly in it legible on that. Made by a form, which connects its `action`.
+/// The background of one list item: paints whether the item is selected, and gives the controls
+/// that are its direct children a matching text color. Created by a form, which connects its
+/// `action`. Must be used on the main thread.
 ///
-/// A click is passed on to the list. The second of several quick clicks sends `action` instead; all
-/// further ones are the list's again. Never takes keyboard focus.
+/// It does not accept clicks, so the list receives them, except for the second of several clicks in
+/// quick succession, which emits `action` instead. Never takes the keyboard focus.
 class QVSelectedItemBackgroundView : public Control {
     Q_OBJECT
-    /// Setting it repaints the view and gives the controls among its children the dark background
-    /// style when true, the light one when false; controls further down are left alone.
+    /// Setting it repaints the view and sets the background style of the controls among its direct
+    /// children: dark if true, light if false. Announced each time it is set.
     Q_PROPERTY(bool selected READ isSelected WRITE setSelected NOTIFY selectedChanged)
 public:
     explicit QVSelectedItemBackgroundView(QWidget *parent = nullptr);
@@ -29,9 +30,12 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    /// Returns the direct children that are controls (see Control::isControl).
     QList<QWidget *> controls() const;
 
     bool m_isSelected = false;
+    /// The number of clicks in the current succession, and the timestamp of the last one in
+    /// milliseconds.
     int m_clickCount = 0;
     quint64 m_lastClick = 0;
 };

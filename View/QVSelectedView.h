@@ -2,7 +2,8 @@
 
 #include <QtWidgets/QWidget>
 
-/// A view that is always painted in the selection colour and never takes keyboard focus.
+/// A view filled with the selection color, opaque, that never takes the keyboard focus. Must be
+/// used on the main thread.
 class QVSelectedView : public QWidget {
     Q_OBJECT
 public:

@@ -17,7 +17,7 @@ WeekdayPicker::WeekdayPicker(QWidget *parent) : QWidget(parent) {
 }
 
 QToolButton *WeekdayPicker::makeButton(int day) {
-    // QLocale counts from Monday, 1, to Sunday, 7.
+    // QLocale numbers days from 1 (Monday) to 7 (Sunday).
     const int localeDay = day == 0 ? Qt::Sunday : day;
     const QLocale locale;
     auto *button = new QToolButton(this);

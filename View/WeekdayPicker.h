@@ -5,10 +5,12 @@
 
 class QToolButton;
 
-/// Seven buttons for the days of the week, in the order and with the names of the user's locale.
+/// Seven toggle buttons for the days of the week, in the order and with the names of the locale at
+/// construction. Must be used on the main thread.
 class WeekdayPicker : public QWidget {
     Q_OBJECT
-    /// Bit 0 is Sunday, bit 6 Saturday; other bits are kept as they are.
+    /// The set of days: bit 0 is Sunday, bit 6 Saturday. Other bits have no button; they are kept
+    /// when the user toggles a day. Announced each time it is set, equal or not.
     Q_PROPERTY(quint64 days READ days WRITE setDays NOTIFY daysChanged USER true)
 public:
     explicit WeekdayPicker(QWidget *parent = nullptr);
@@ -22,8 +24,10 @@ Q_SIGNALS:
 private:
     static constexpr int daysInWeek = 7;
 
+    /// Returns the button of `day` (0 is Sunday), which toggles its bit. The picker owns it.
     QToolButton *makeButton(int day);
 
     quint64 m_days = 0;
-    std::array<QToolButton *, daysInWeek> m_buttons{};  ///< by bit
+    /// Indexed by bit. Owned as children.
+    std::array<QToolButton *, daysInWeek> m_buttons{};
 };

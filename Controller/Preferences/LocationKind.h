@@ -8,20 +8,21 @@ class QVSyncLocationEditor;
 class QVSyncPreferences;
 class Url;
 
-/// One kind of sync location as the pane offers it: how its URLs are recognized, its editor, and
-/// its entries in the menu that adds locations. A value; the table `all` is where a kind is added.
-/// Main thread.
+/// One kind of sync location in the pane: how its URLs are recognized, its editor, and its entries
+/// in the menu that adds locations. To support another kind, add an entry to the table behind
+/// all(). Immutable; must be used on the main thread.
 struct LocationKind {
     /// An entry of the menu "Add".
     struct MenuEntry {
-        /// The object name of the menu's action.
+        /// The object name of the menu's action. A string literal.
         const char *name;
-        /// The English title, a key of the table "Sync".
+        /// The English title, a key of the translation table "Sync".
         const char *title;
+        /// Called when the user chooses the entry. May run a nested event loop.
         void (*choose)(QVSyncPreferences &pane);
     };
 
-    /// Returns whether a location with that URL is of this kind. A nil URL is of no kind.
+    /// Returns whether a location with `URL` is of this kind. A nil URL is of no kind.
     bool (*matches)(const Url &URL);
     /// Returns a new editor of `location`, which must not be null. Never returns null.
     std::shared_ptr<QVSyncLocationEditor> (*makeEditor)(

@@ -17,7 +17,7 @@ Url directConnectionURL(const QString &host, quint16 port) {
                                .arg(port));
 }
 
-/// Whether `service` is the one by which this computer announces itself.
+/// Returns whether `service` announces this computer's own server.
 bool isOwn(const NetService &service) {
     const QVDirectConnectionServer *server = QVSyncPlugin::plugin()->server();
     const std::shared_ptr<NetService> own = server ? server->bonjourService() : nullptr;

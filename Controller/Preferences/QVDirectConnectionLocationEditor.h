@@ -7,45 +7,55 @@
 #include "Platform/Network/NetServiceBrowserDelegate.h"
 #include "Platform/Network/NetServiceDelegate.h"
 
-/// Edits the location of a direct connection with another computer: lists the servers that announce
-/// themselves on the local network, or takes a host and a port. Once accepted it contacts the
-/// server, by which the two computers pair; what comes of that is not reported.
+/// Edits the location of a direct connection to another computer: lists the servers announced on
+/// the local network, and accepts a host and a port. When accepted, it contacts the server so that
+/// the two computers pair; the result is not reported.
+///
+/// Must be used on the main thread. Browsing starts when the window is loaded and ends when the
+/// editor is destroyed. A pairing that is running is not cancelled then.
 class QVDirectConnectionLocationEditor : public QVSyncLocationEditor,
                                          public NetServiceBrowserDelegate,
                                          public NetServiceDelegate {
     Q_OBJECT
-    /// In the order found; announced once for each batch.
+    /// The servers found, without this computer's own, in the order found. Announced once for each
+    /// batch of changes.
     Q_PROPERTY(QList<std::shared_ptr<NetService>> services READ services NOTIFY servicesChanged)
-    /// Of the location's URL, an IPv6 address without brackets; null where the URL is nil. Setting
-    /// an empty or null one makes the URL nil.
+    /// The host of the location's URL, null if the URL is nil. An IPv6 address is without brackets.
+    /// Setting an empty or null host makes the URL nil.
     Q_PROPERTY(QString host READ host WRITE setHost NOTIFY hostChanged)
-    /// Whether there is a host to connect with.
+    /// Whether the host is not empty.
     Q_PROPERTY(bool hasHost READ hasHost NOTIFY hasHostChanged)
-    /// Whether OK is enabled: if there is a host, and without a Cancel button always.
+    /// Whether the sheet can be accepted: if there is a host, and always if there is no Cancel
+    /// button.
     Q_PROPERTY(bool canAccept READ canAccept NOTIFY canAcceptChanged)
-    /// 1 to 65535: that of the location's URL, else the default port. 0 sets the default port.
+    /// The port of the location's URL, or the default port if it has none; never 0. Setting 0
+    /// selects the default port.
     Q_PROPERTY(quint16 port READ port WRITE setPort NOTIFY portChanged)
 public:
+    /// Returns a new editor of `location`, which must not be null. Never null. Loads no window yet.
     static std::shared_ptr<QVDirectConnectionLocationEditor> editorWithSyncLocation(
         const std::shared_ptr<QVSyncLocation> &location);
     ~QVDirectConnectionLocationEditor() override;
 
-    /// nil for a null host, and where what comes out does not parse; port 0 stands for the default
-    /// port.
+    /// Returns the URL for a host and a port, where 0 means the default port. Returns nil if `host`
+    /// is null or the result is not a valid URL.
     static Url URLWithHost(const QString &host, quint16 port);
 
     QList<std::shared_ptr<NetService>> services() const { return m_services; }
     QString host() const;
+    /// Setting the host or the port changes the location's URL immediately.
     void setHost(const QString &host);
     bool hasHost() const { return !host().isEmpty(); }
     bool canAccept() const;
     quint16 port() const;
     void setPort(quint16 port);
 
-    /// Takes over the address of `service` once it is resolved, within 3 seconds; else nothing
-    /// happens.
+    /// Resolves `service`, which must not be null, asynchronously and then sets its address as the
+    /// location's URL. If it is not resolved within 3 seconds, the URL does not change and no error
+    /// is reported.
     void acceptURLWithNetService(const std::shared_ptr<NetService> &service);
 
+    /// Delegate functions, called on the main thread.
     void netServiceBrowserDidFindServiceMoreComing(NetServiceBrowser *browser,
                                                    const std::shared_ptr<NetService> &service,
                                                    bool moreComing) override;
@@ -54,6 +64,7 @@ public:
                                                      bool moreComing) override;
     void netServiceDidResolveAddress(const std::shared_ptr<NetService> &service) override;
 
+    /// Dependencies of the derived keys, read by KeyValue.
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingHost() {
         return {"location.URL"};
     }
@@ -68,12 +79,15 @@ public:
     }
 
 public Q_SLOTS:
-    /// Takes the service of the row that was clicked; a click beside the rows does nothing.
+    /// Accepts the service in the row that was clicked. Has no effect if the click was below the
+    /// rows.
     void selectURLWithNetServiceFromTableView(TableView *tableView);
-    /// Pairs the first time that it is sent.
+    /// Closes the sheet and calls the completion handler. The first call then starts to pair if the
+    /// location has a URL.
     void acceptModalSheet(QObject *sender) override;
 
 Q_SIGNALS:
+    /// The others are emitted when the location's URL is announced.
     void servicesChanged();
     void hostChanged();
     void hasHostChanged();
@@ -81,14 +95,21 @@ Q_SIGNALS:
     void portChanged();
 
 protected:
+    /// Starts to browse.
     void awakeFromNib() override;
 
 private:
     explicit QVDirectConnectionLocationEditor(const std::shared_ptr<QVSyncLocation> &location);
+    /// Opens the location's store, reads its databases and closes it, on worker threads. Errors are
+    /// ignored.
     void attemptPair();
+    /// Announces "services" at the end of a batch.
     void announceServicesUnless(bool moreComing);
 
+    /// Its delegate is this object, which must outlive it.
     NetServiceBrowser m_browser;
+    /// Their delegate is this object, until it is destroyed.
     QList<std::shared_ptr<NetService>> m_services;
+    /// Whether acceptModalSheet() was called.
     bool m_isAccepted = false;
 };

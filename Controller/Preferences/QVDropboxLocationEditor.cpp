@@ -5,7 +5,7 @@
 #include "Platform/Foundation/Assertion.h"
 
 namespace {
-/// Null if the host has no class that makes sessions.
+/// Returns null if the host provides no Dropbox sessions.
 std::shared_ptr<QVDropboxSession> sessionWithURL(const Url &URL) {
     auto *manager =
         optionalHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"));

@@ -8,8 +8,8 @@
 
 namespace {
 
-/// The first bytes of `text` in UTF-8, as many as it has UTF-16 units. A name that is not all ASCII
-/// is cut by this, finds no item, and so cannot be revoked.
+/// Returns the first bytes of `text` in UTF-8, as many as it has UTF-16 code units. This truncates
+/// a name that is not ASCII, which then matches no item and cannot be revoked.
 QByteArray bytesOfUnitLength(const QString &text) {
     return text.toUtf8().left(text.size());
 }
@@ -60,7 +60,7 @@ void QVServerPreferencesController::setServerPort(quint16 port) {
         server()->setPort(port);
     }
     KeyValue::announce<&QVServerPreferencesController::serverPortChanged>(this);
-    // A server that was moved to a port in use has stopped.
+    // A server whose new port is in use has stopped.
     KeyValue::announce<&QVServerPreferencesController::enabledChanged>(this);
 }
 

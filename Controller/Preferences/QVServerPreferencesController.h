@@ -9,41 +9,53 @@
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/KeyValue/SortDescriptor.h"
 
-/// The settings of the built-in server, in a sheet: whether it serves, its port, and which clients
-/// may connect. Every change reaches the server and the user defaults at once. The clients are read
-/// from the keychain once, without waiting, when the controller is made. Main thread.
+/// The settings of the built-in server, in a sheet: whether it is enabled, its port, and which
+/// clients may connect. Each change is applied to the server and written to the user defaults
+/// immediately. The clients are read from the keychain once, asynchronously, after the controller
+/// is created. Must be used on the main thread.
 class QVServerPreferencesController : public WindowController {
     Q_OBJECT
-    /// nullptr where the host has none.
+    /// The host's server, not owned; null if the host has none. The settings are then only stored.
     Q_PROPERTY(QVDirectConnectionServer *server READ server CONSTANT)
+    /// The server's port; 0 without a server. Setting 0 selects the default port.
     Q_PROPERTY(quint16 serverPort READ serverPort WRITE setServerPort NOTIFY serverPortChanged)
+    /// Whether the server is serving. Setting it to true announces the key also if the server could
+    /// not be started, in which case it is still false.
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled NOTIFY enabledChanged)
-    /// The names of the authorized clients, each once.
+    /// The names of the authorized clients, without duplicates, in the order of the keychain.
     Q_PROPERTY(QStringList authorizedClients READ authorizedClients NOTIFY authorizedClientsChanged)
+    /// Sorts the clients by name.
     Q_PROPERTY(QList<SortDescriptor> authorizedClientsSortDescriptors READ
                    authorizedClientsSortDescriptors CONSTANT)
-    /// Whether the keychain names no client; false until it has been read.
+    /// Whether the keychain contains no client; false until it has been read.
     Q_PROPERTY(bool hasNoClients READ hasNoClients NOTIFY hasNoClientsChanged)
 public:
+    /// Returns a new controller, which starts to read the keychain. Never null.
     static std::unique_ptr<QVServerPreferencesController> controller();
 
     QVDirectConnectionServer *server() const;
     quint16 serverPort() const;
-    /// Written to the defaults as "QVDirectConnectionServerPortNumber".
+    /// Stores the port in the defaults and restarts the server if it is serving. Blocks while it
+    /// restarts.
     void setServerPort(quint16 port);
     bool isEnabled() const;
-    /// Written to the defaults as "QVDirectConnectionServerEnabled".
+    /// Stores the setting in the defaults and starts or stops the server. Blocks until the server
+    /// has ended its connections.
     void setEnabled(bool enabled);
     QStringList authorizedClients() const { return m_authorizedClients; }
     bool hasNoClients() const { return m_knowsClients && m_authorizedClients.isEmpty(); }
     /// Returns whether the keychain is still being read.
     bool isLoadingClients() const { return m_isLoadingClients; }
     QList<SortDescriptor> authorizedClientsSortDescriptors() const;
+    /// Adds a name to the list only; authorizes no client. Has no effect if it is in the list, but
+    /// announces it.
     void addAuthorizedClientsObject(const QString &client);
 
-    /// Returns when the sheet has closed. An absent window is a programming error.
+    /// Shows the sheet on the window of `parentWindow`, running a nested event loop, and returns
+    /// when it has closed. Raises an AssertionFailure if `parentWindow` is null.
     void runServerPreferencesModalForWindow(QWidget *parentWindow);
 
+    /// Dependency of the derived key, read by KeyValue.
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingServerPort() {
         return {"server.serving"};
     }
@@ -53,21 +65,27 @@ public:
     }
 
 public Q_SLOTS:
-    /// Revokes a client, by deleting its keychain item. Where that fails it stays in the list.
+    /// Revokes a client by deleting its keychain item; a connected client is refused at its next
+    /// request. If it cannot be deleted, the client stays in the list.
     void removeAuthorizedClientsObject(const QString &client);
+    /// Closes the sheet.
     void acceptModalSheet(QObject *sender);
 
 Q_SIGNALS:
+    /// Emitted each time the value is set, even if it stays equal; the port also when the server
+    /// starts or stops.
     void serverPortChanged();
     void enabledChanged();
     void authorizedClientsChanged();
     void hasNoClientsChanged();
 
 protected:
+    /// Closes the sheet: there is nothing to cancel.
     void leaveSheet() override;
 
 private:
     explicit QVServerPreferencesController(const QString &windowNibName);
+    /// Starts to read the clients from the keychain.
     void loadAuthorizedClients();
     void didLoadAuthorizedClients(const Expected<QStringList> &clients);
 

@@ -11,7 +11,7 @@
 #include "Platform/Foundation/NotificationCenter.h"
 
 namespace {
-/// An absent date is earlier than any other.
+/// Returns the later date; an invalid date is earlier than any other.
 QDateTime later(const QDateTime &left, const QDateTime &right) {
     if (!left.isValid() || !right.isValid()) {
         return left.isValid() ? left : right;
@@ -126,8 +126,8 @@ void QVStandInDatabase::addSynchronizationStatesObject(const std::shared_ptr<QVS
     KeyValue::announce<&QVStandInDatabase::synchronizationStatesChanged>(this);
 }
 
-// As long as the aggregates are current, a new state can only raise them. Going through all the
-// states at each addition would cost the square of their number.
+// While the aggregates are current, a new state can only raise them. Recomputing them from all
+// states for each addition would take quadratic time.
 void QVStandInDatabase::includeInAggregates(const QVSyncState &state) {
     const bool wereCurrent = m_aggregatesAreCurrent && !Log::isVerbose();
     const quint64 change = m_changeCount;

@@ -13,36 +13,41 @@
 
 struct Notification;
 
-/// One row of the database list: a database with all its synchronization states, seen as one.
+/// One row of the database list: a database together with its synchronization states.
 ///
-/// Holds its states and locations by shared pointer; they are the engine's. It observes
-/// "lastSynced" and "enabled" of its states and follows renames of its database until it is
-/// destroyed. Main thread.
+/// Shares ownership of its states and locations with the engine. It observes "lastSynced" and
+/// "enabled" of its states, and renames of its database, until it is destroyed. Must be used on the
+/// main thread. Setters announce their keys even if the value does not change.
 class QVStandInDatabase : public QObject {
     Q_OBJECT
+    /// The UUID of the database, InboxUUID for the inbox.
     Q_PROPERTY(QString UUID READ UUID WRITE setUUID NOTIFY UUIDChanged)
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
     /// The title of the button that synchronizes this database now.
     Q_PROPERTY(QString localizedSyncButtonTitle READ localizedSyncButtonTitle CONSTANT)
-    /// One for each location at which the database is, or has been, synchronized.
+    /// One state for each location with which the database is, or has been, synchronized, in the
+    /// order in which they were added. No duplicates.
     Q_PROPERTY(QVSyncStates synchronizationStates READ synchronizationStates NOTIFY
                    synchronizationStatesChanged)
-    /// Whether at least one state is enabled, as of the last `updateCanSynchronize`.
+    /// Whether at least one state is enabled. Updated when a state is added or its "enabled" is
+    /// announced, and by updateCanSynchronize().
     Q_PROPERTY(bool canSynchronize READ canSynchronize WRITE setCanSynchronize NOTIFY
                    canSynchronizeChanged)
-    /// The latest of the states' dates; invalid: never.
+    /// The latest of the states' dates; invalid if the database was never synchronized.
     Q_PROPERTY(QDateTime dateOfLastSynchronization READ dateOfLastSynchronization WRITE
                    setDateOfLastSynchronization NOTIFY dateOfLastSynchronizationChanged)
-    /// These three are the first state's, and none, false and false without states. Setting one
-    /// sets it on every state, and does nothing without states.
+    /// The next three keys have the value of the first state; null or false if there are no states.
+    /// Setting one sets it on every state, and only announces if there are none.
     Q_PROPERTY(QVSyncSchedulePtr schedule READ schedule WRITE setSchedule NOTIFY scheduleChanged)
     Q_PROPERTY(bool syncOnOpen READ syncOnOpen WRITE setSyncOnOpen NOTIFY syncOnOpenChanged)
     Q_PROPERTY(bool syncOnClose READ syncOnClose WRITE setSyncOnClose NOTIFY syncOnCloseChanged)
+    /// Whether the database exists on this computer.
     Q_PROPERTY(bool existsLocally READ existsLocally)
     /// The locations at which the database exists.
     Q_PROPERTY(std::unordered_set<std::shared_ptr<QVSyncLocation>> containingLocations READ
                    containingLocations NOTIFY containingLocationsChanged)
 public:
+    /// Makes a row without a UUID, name or states, and starts to observe renames.
     QVStandInDatabase();
     ~QVStandInDatabase() override;
 
@@ -53,44 +58,58 @@ public:
     QString localizedSyncButtonTitle() const;
     QVSyncStates synchronizationStates() const { return m_states; }
     bool canSynchronize() const { return m_canSynchronize; }
+    /// The setters of the aggregates are for this class: a value set by others is replaced at the
+    /// next update.
     void setCanSynchronize(bool canSynchronize);
     QDateTime dateOfLastSynchronization() const { return m_dateOfLastSynchronization; }
     void setDateOfLastSynchronization(const QDateTime &date);
     QVSyncSchedulePtr schedule() const;
+    /// The setters of the schedule and the triggers change every state. They do not save.
     void setSchedule(const QVSyncSchedulePtr &schedule);
     bool syncOnOpen() const;
     void setSyncOnOpen(bool syncOnOpen);
     bool syncOnClose() const;
     void setSyncOnClose(bool syncOnClose);
     bool existsLocally() const;
+    /// Valid until the set changes.
     const std::unordered_set<std::shared_ptr<QVSyncLocation>> &containingLocations() const {
         return m_containingLocations;
     }
 
-    /// A state that comes to a row with a schedule gets that schedule. Both aggregates are up to
-    /// date when this returns.
+    /// Adds `state`, which must not be null, and observes it. If the row has a schedule, the state
+    /// receives it. Both aggregates are up to date when this returns. A state that is already in
+    /// the row is observed once more, but not added. Amortized O(1), except while verbose logging
+    /// is on.
     void addSynchronizationStatesObject(const std::shared_ptr<QVSyncState> &state);
-    /// Updates the date, but deliberately not `canSynchronize`. Harmless for a state that is not
-    /// here.
+    /// Removes `state` and stops observing it. Updates the date but not `canSynchronize`. A state
+    /// that is not in the row is ignored; null is too. O(n).
     void removeSynchronizationStatesObject(const std::shared_ptr<QVSyncState> &state);
-    /// Updates nothing, and goes on observing the states that it drops.
+    /// Removes all states without updating the aggregates or announcing. The removed states remain
+    /// observed.
     void removeAllSynchronizationStates();
+    /// Add and remove a location, announcing "containingLocations".
     void addContainingLocationsObject(const std::shared_ptr<QVSyncLocation> &location);
     void removeContainingLocationsObject(const std::shared_ptr<QVSyncLocation> &location);
+    /// Returns whether `location` is in containingLocations(). O(1).
     bool existsInLocation(const std::shared_ptr<QVSyncLocation> &location) const;
 
+    /// Recompute an aggregate from all states and announce it. O(n).
     void updateCanSynchronize();
     void updateDateOfLastSynchronization();
 
-    /// "<QVStandInDatabase: 0xADDRESS UUID>", the address cut to 32 bits.
+    /// Returns "<QVStandInDatabase: 0xADDRESS UUID>" for the log, with the address truncated to 32
+    /// bits.
     QString description() const;
 
+    /// Dependencies of the derived keys, read by KeyValue.
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingCanSynchronize();
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingSchedule();
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingSyncOnOpen();
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingSyncOnClose();
 
 Q_SIGNALS:
+    /// Emitted each time the value is set or one that it depends on is announced, even if it stays
+    /// equal.
     void UUIDChanged();
     void nameChanged();
     void synchronizationStatesChanged();
@@ -102,26 +121,31 @@ Q_SIGNALS:
     void syncOnCloseChanged();
 
 private:
+    /// The observations of one state; destroying it ends them.
     struct StateObservation {
         KeyValue::Observation lastSynced;
         KeyValue::Observation enabled;
     };
 
+    /// Returns the first state; null if there is none.
     std::shared_ptr<QVSyncState> anyState() const;
+    /// Updates both aggregates after `state` was added.
     void includeInAggregates(const QVSyncState &state);
+    /// Updates the name if the notification is about this database.
     void didReceiveDatabaseRenamedNotification(const Notification &notification);
 
     QString m_UUID;
     QString m_name;
     QVSyncStates m_states;
+    /// The states in `m_states`, for lookup in O(1).
     QSet<const QVSyncState *> m_members;
     std::unordered_set<std::shared_ptr<QVSyncLocation>> m_containingLocations;
     QDateTime m_dateOfLastSynchronization;
     bool m_canSynchronize = false;
-    /// How often the set of states has changed.
+    /// Incremented each time the set of states changes.
     quint64 m_changeCount = 0;
-    /// Whether both aggregates are what a recomputation would give.
+    /// Whether both aggregates equal what recomputing them would give.
     bool m_aggregatesAreCurrent = true;
-    /// Apart from the states: dropping all of them keeps their observations.
+    /// Separate from the states, because removing all states keeps their observations.
     std::unordered_multimap<const QVSyncState *, StateObservation> m_observations;
 };

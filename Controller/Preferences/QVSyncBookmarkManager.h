@@ -8,38 +8,46 @@
 
 class QVSyncBookmarkManagerDataSource;
 
-/// The sheet in which the person sees which folders the host may reach, grants another, and
-/// withdraws one. Every change takes effect at once. Main thread.
+/// The sheet that lists the folders which the host may access, and in which the user grants access
+/// to another folder or withdraws it. Each change takes effect immediately. Must be used on the
+/// main thread.
 class QVSyncBookmarkManager : public WindowController {
     Q_OBJECT
-    // Outlet
+    /// Outlet. Null until the window is loaded; owned by the window.
     Q_PROPERTY(TableView *tableView MEMBER m_tableView)
 public:
+    /// Returns a new manager. Never null.
     static std::unique_ptr<QVSyncBookmarkManager> bookmarkManager();
 
     QVSyncBookmarkManager();
 
     TableView *tableView() const { return m_tableView; }
 
-    /// Returns when the sheet has closed. An absent window is a programming error.
+    /// Shows the sheet on the window of `parentWindow`, running a nested event loop, and returns
+    /// when it has closed. Raises an AssertionFailure if `parentWindow` is null.
     void runBookmarkManagerModalForWindow(QWidget *parentWindow);
-    /// Grant access to the folder at `path`, and withdraw it.
+    /// Grants access to the file or folder at `path` and shows it. The window must be loaded.
     void addBookmarksObject(const QString &path);
+    /// Withdraws the access to `path` and removes its row. Has no effect if there is none.
     void removeBookmarksObject(const QString &path);
 
 public Q_SLOTS:
+    /// Closes the sheet.
     void acceptModalSheet(QObject *sender);
-    /// Asks for a folder, or a file, to grant access to.
+    /// Opens a panel in which the user chooses a file or folder to grant access to. Returns at
+    /// once.
     void openPanelForBookmarkLocation(QObject *sender);
-    /// To be sent only while a row is selected.
+    /// Withdraws the access shown in the selected row. Must be called only while a row is selected.
     void removeSelectedBookmarksObject(QObject *sender);
 
 protected:
+    /// Fills the table.
     void windowDidLoad() override;
+    /// Closes the sheet: there is nothing to cancel.
     void leaveSheet() override;
 
 private:
-    /// The table's delegate.
+    /// Returns the table's delegate, which the form creates and owns.
     QVSyncBookmarkManagerDataSource *dataSource() const;
 
     QPointer<TableView> m_tableView;

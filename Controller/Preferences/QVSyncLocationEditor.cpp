@@ -48,7 +48,7 @@ void QVSyncLocationEditor::leaveSheet() {
 }
 
 void QVSyncLocationEditor::finish(int result) {
-    // The handler lets go of the editor.
+    // The handler may release the editor.
     const auto self = shared_from_this();
     endSheet(result);
     if (const CompletionHandler handler = std::exchange(m_completionHandler, nullptr)) {

@@ -8,53 +8,62 @@
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/KeyValue/SharedPointer.h"
 
-/// Edits one sync location in a sheet; what comes out is the location's new URL. Each kind of
-/// location has a subclass, whose nib bears its name. Main thread. Always shared; whoever runs an
-/// editor keeps it until the completion handler has run.
+/// Edits one sync location in a sheet; the result is the location's new URL. Each kind of location
+/// has a subclass, named like its form. Must be used on the main thread. Shared ownership: the
+/// caller must keep an editor until its completion handler is called.
 class QVSyncLocationEditor : public WindowController,
                              public std::enable_shared_from_this<QVSyncLocationEditor> {
     Q_OBJECT
-    /// Shared with the caller, who has made it.
+    /// The location being edited, which the caller has created; never null. Changes are visible
+    /// immediately, also if the user cancels later.
     Q_PROPERTY(std::shared_ptr<QVSyncLocation> location READ location WRITE setLocation NOTIFY
                    locationChanged)
-    /// Whether the sheet offers Cancel.
+    /// Whether the sheet has a Cancel button; false by default.
     Q_PROPERTY(bool shouldShowCancelButton READ shouldShowCancelButton WRITE
                    setShouldShowCancelButton NOTIFY shouldShowCancelButtonChanged)
 public:
-    /// Gets 1 when the person has accepted, 0 when they have cancelled.
+    /// Called with 1 if the user accepted, or 0 if the user cancelled.
     using CompletionHandler = std::function<void(qint64 result)>;
 
     std::shared_ptr<QVSyncLocation> location() const { return m_location; }
+    /// `location` must not be null.
     void setLocation(const std::shared_ptr<QVSyncLocation> &location);
     bool shouldShowCancelButton() const { return m_shouldShowCancelButton; }
     void setShouldShowCancelButton(bool shouldShow);
 
-    /// Shows the sheet on the window of `parentWindow` and returns at once; `handler` is called
-    /// once, when the sheet has closed. An absent window is a programming error.
+    /// Shows the sheet on the window of `parentWindow` and returns at once. `handler`, which may be
+    /// empty, is called once on the main thread after the sheet has closed. Raises an
+    /// AssertionFailure if `parentWindow` is null.
     virtual void runLocationEditorModalForWindow(QWidget *parentWindow, bool showCancelButton,
                                                  CompletionHandler handler);
 
 public Q_SLOTS:
-    /// Close the sheet and call the completion handler. The editor may be gone afterwards.
+    /// Close the sheet and call the completion handler. The handler may release the editor, so it
+    /// may be destroyed when this returns. Calling them again has no effect.
     virtual void acceptModalSheet(QObject *sender);
     virtual void cancelModalSheet(QObject *sender);
 
 Q_SIGNALS:
+    /// Emitted each time the value is set, even if it stays equal.
     void locationChanged();
     void shouldShowCancelButtonChanged();
 
 protected:
+    /// For subclasses. `location` must not be null.
     QVSyncLocationEditor(const QString &windowNibName,
                          const std::shared_ptr<QVSyncLocation> &location);
 
+    /// Sets the handler that finish() calls, at most once.
     void setCompletionHandler(CompletionHandler handler);
-    /// As Cancel, where there is a Cancel button.
+    /// Cancels if there is a Cancel button; otherwise has no effect.
     void leaveSheet() override;
 
 private:
+    /// Closes the sheet and calls the completion handler with `result`.
     void finish(int result);
 
     std::shared_ptr<QVSyncLocation> m_location;
     bool m_shouldShowCancelButton = false;
+    /// Empty after it was called.
     CompletionHandler m_completionHandler;
 };

@@ -17,7 +17,7 @@ namespace {
 
 constexpr char commandsSourceFile[] = "Controller/Preferences/QVSyncPreferences";
 
-/// Null if the host has no such class: there is nothing to add then.
+/// Returns a new location without URL; null if the host provides no such class.
 std::shared_ptr<QVSyncLocation> newLocation() {
     const auto *locationClass =
         optionalHostClass<QVSyncLocation::Class>(QStringLiteral("QVSyncLocation"));
@@ -118,7 +118,8 @@ void QVSyncPreferences::editLocationWithEditor(
                      "QVSyncPreferences::editLocationWithEditor", commandsSourceFile);
     const bool isNew =
         !plugin()->locationsController()->syncLocations().contains(editor->location());
-    // The sheet may outlast the pane. It is kept here and not by its handler, which it keeps.
+    // The pane keeps the editor; its handler must not, since the editor keeps the handler. The
+    // sheet may outlive the pane.
     m_editors.append(editor);
     editor->runLocationEditorModalForWindow(
         mainView()->window(), isNew,
@@ -171,7 +172,7 @@ void QVSyncPreferences::removeSyncSelection(
 
 void QVSyncPreferences::checkSelectedSyncLocation(QObject * /*sender*/) {
     if (const Selection row = selectedRow()) {
-        // A fetch leaves an older error where it is.
+        // A fetch does not clear an earlier error.
         row->setError({});
         row->fetchDatabasesWithCompletionHandler([](const auto &, const auto &) {});
     }

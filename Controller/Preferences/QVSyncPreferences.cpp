@@ -23,7 +23,7 @@ constexpr char sourceFile[] = "Controller/Preferences/QVSyncPreferences";
 
 QVSyncPreferences *livePane = nullptr;
 
-/// Under what the row of a database is kept: the inbox has one key in every profile.
+/// Returns the key of a database's row: the same for the inbox of every profile.
 QString rowKey(const QVDatabase &database) {
     const auto inbox = NSApp()->inbox();
     return inbox && inbox->UUID() == database.UUID() ? InboxUUID : database.UUID();
@@ -139,7 +139,7 @@ QVSyncPlugin *QVSyncPreferences::plugin() const {
     return QVSyncPlugin::plugin();
 }
 
-// Each row asks for it, and the icon theme takes its time.
+// Cached, because each row reads it and looking it up in the icon theme is slow.
 QPixmap QVSyncPreferences::databaseIcon() const {
     if (m_databaseIcon.isNull()) {
         const QIcon fallback(QStringLiteral(":/SyncPreferences/database.svg"));
@@ -243,7 +243,7 @@ void QVSyncPreferences::didOpenDatabase(const Notification &notification) {
 
 void QVSyncPreferences::didCloseDatabase(const Notification &notification) {
     const auto *closed = qobject_cast<const QVDatabase *>(notification.object);
-    // By its own UUID: the row of the inbox stays.
+    // By the database's own UUID, so that the inbox keeps its row.
     if (const StandIn row = closed ? localDatabaseForUUID(closed->UUID()) : nullptr) {
         removeLocalDatabasesObject(row);
     }

@@ -28,38 +28,45 @@ struct Notification;
 
 /// The pane "Sync Preferences": which open database synchronizes with which location, and when.
 ///
-/// Main thread. It owns its rows and the schedule editor; databases, locations and states are the
-/// sync plug-in's. Assertion failures are raised for absent arguments; errors of saving are
-/// presented.
+/// Must be used on the main thread. It owns its rows and the schedule editor, and shares databases,
+/// locations and states with the sync plug-in. Changes are saved immediately unless a function says
+/// otherwise; errors are presented to the user. An AssertionFailure is raised for null arguments
+/// where a function says that they must not be null.
 class QVSyncPreferences : public PreferencePane,
                           public QVListViewDelegate,
                           public QVSyncScheduleEditorDelegate {
     Q_OBJECT
     Q_PROPERTY(QString currentVersionString READ currentVersionString CONSTANT)
+    /// The host's sync plug-in. Not owned; lives as long as the program.
     Q_PROPERTY(QVSyncPlugin *plugin READ plugin CONSTANT)
+    /// The same as localDatabases; the name to which the form binds.
     Q_PROPERTY(
         QList<std::shared_ptr<QVStandInDatabase>> databases READ databases NOTIFY databasesChanged)
-    /// The rows of the open databases and the inbox, by name. Empty while the pane is not shown.
+    /// The rows of the open databases and the inbox, sorted by name. Empty while the pane is not
+    /// shown.
     Q_PROPERTY(QList<std::shared_ptr<QVStandInDatabase>> localDatabases READ localDatabases NOTIFY
                    localDatabasesChanged)
-    /// Fresh rows for the databases that are open now, in the host's order.
+    /// New rows for the databases that are open now, in the host's order. Each read makes new ones.
     Q_PROPERTY(QList<std::shared_ptr<QVStandInDatabase>> openDatabases READ openDatabases)
-    /// The rows by UUID. Empty optional before the first showing and after the pane was left.
+    /// The rows by UUID. An empty optional before the pane is shown and after it is left.
     Q_PROPERTY(std::optional<QVStandInsByUUID> localDatabasesByUUID READ localDatabasesByUUID NOTIFY
                    localDatabasesByUUIDChanged)
-    /// Null before `awakeFromNib`. Owned by the pane.
+    /// Null before awakeFromNib(). Owned by the pane.
     Q_PROPERTY(
         QVSyncScheduleEditor *scheduleEditor READ scheduleEditor NOTIFY scheduleEditorChanged)
-    /// One row more for each location at each showing of the pane.
+    /// The rows of the location list. Each time the pane is shown, one row for each location is
+    /// added.
     Q_PROPERTY(QList<std::shared_ptr<QVSynchronizationSelection>> synchronizationSelections READ
                    synchronizationSelections NOTIFY synchronizationSelectionsChanged)
+    /// Whether the host restricts access to folders that the user has granted.
     Q_PROPERTY(bool sandboxed READ isSandboxed)
-    /// Whether the selected location is a folder. Read it again to learn of a change.
+    /// Whether the selected location is a folder. Not announced; read it again when the selection
+    /// changes.
     Q_PROPERTY(bool isRevealableInFinder READ isRevealableInFinder)
     Q_PROPERTY(QIcon warningIcon READ warningIcon CONSTANT)
     /// The icon of database files, 32 by 32.
     Q_PROPERTY(QPixmap databaseIcon READ databaseIcon CONSTANT)
-    // Outlets
+    /// Outlets. Null until the form is loaded; owned by it.
     Q_PROPERTY(NSArrayController *syncLocationsController MEMBER m_syncLocationsController)
     Q_PROPERTY(NSArrayController *databasesController MEMBER m_databasesController)
     Q_PROPERTY(QVListView *databasesView MEMBER m_databasesView)
@@ -71,15 +78,24 @@ public:
     using StandIn = std::shared_ptr<QVStandInDatabase>;
     using Selection = std::shared_ptr<QVSynchronizationSelection>;
 
+    /// `info` is the plug-in's information dictionary; it contains the version.
     explicit QVSyncPreferences(const QJsonObject &info = {});
+    /// Deletes the view. Handlers of sheets that are still open have no effect afterwards.
     ~QVSyncPreferences() override;
 
-    /// The pane that was awakened last; nullptr once a pane is gone.
+    /// Returns the pane whose form was loaded last; null once any pane is destroyed. Not owned.
     static QVSyncPreferences *preferences();
 
+    /// Logs if the host provides no sync plug-in.
     QString mainNibName() const override;
+    /// Creates the schedule editor, fills the menus and makes this pane the result of
+    /// preferences().
     void awakeFromNib() override;
+    /// Builds both lists from the host's databases and locations, and starts to observe databases
+    /// that open and close. O(databases times locations).
     void willSelect() override;
+    /// Saves, presenting any error, and releases the rows of the database list. Blocks for the time
+    /// of a disk write.
     void willDeselect() override;
 
     QString currentVersionString() const;
@@ -95,95 +111,124 @@ public:
     QWidget *scheduleView() const { return m_scheduleView; }
     QVSyncScheduleEditor *scheduleEditor() const { return m_scheduleEditor.get(); }
     QPushButton *locationEditPopUpButton() const { return m_locationEditPopUpButton; }
+    /// Returns the menu of locationEditPopUpButton(), which owns it. The form must be loaded.
     QMenu *locationEditMenu() const;
 
     // The database list
     QList<StandIn> databases() const { return localDatabases(); }
     QList<StandIn> localDatabases() const;
+    /// Sorts database rows by name.
     QList<SortDescriptor> databaseSortDescriptors() const;
     QList<StandIn> openDatabases() const;
-    /// The rows by UUID, the inbox under "@inbox".
+    /// Returns the rows by UUID, the inbox under InboxUUID.
     const std::optional<QVStandInsByUUID> &localDatabasesByUUID() const {
         return m_localDatabasesByUUID;
     }
-    /// A new row for an open database, with its state at each location that has one.
+    /// Returns a new row for an open database, with its state at each location that has one.
     StandIn standInForDatabase(const QVDatabase &database) const;
-    /// A new row for the database of a state, with that state alone.
+    /// Returns a new row for the database of `state`, which must not be null, with that state only.
     StandIn standInForSynchronizationState(const std::shared_ptr<QVSyncState> &state) const;
-    /// A new row, without states, for a database that a store holds.
+    /// Returns a new row, without states, for a database in a store. `database` must not be null.
     StandIn standInForAsynchronousDatabase(const std::shared_ptr<QVRemoteDatabase> &database) const;
-    /// nullptr where there is none.
+    /// Returns the row of the database, or null if there is none. O(log n).
     StandIn localDatabaseForUUID(const QString &UUID) const;
+    /// Adds a row, replacing one of the same UUID. Has no effect, except that it announces the
+    /// list, while the pane is not shown.
     void addLocalDatabasesObject(const StandIn &database);
+    /// Removes the row with the same UUID, if there is one, and announces the list.
     void removeLocalDatabasesObject(const StandIn &database);
 
     // The location list
     QList<Selection> synchronizationSelections() const { return m_synchronizationSelections; }
+    /// Appends a row, which must not be null, and binds it to the selected database.
     void addSynchronizationSelectionsObject(const Selection &selection);
-    /// Adds a row and, where a database is selected, switches it on for that database.
+    /// Appends a row for `location`, which must not be null, and enables it for the selected
+    /// database, if there is one. Does not save.
     void addSelectionForLocation(const std::shared_ptr<QVSyncLocation> &location);
-    /// Disables the location's states and drops its row.
+    /// Disables the states of the row's location and removes the row, which must not be null. Does
+    /// not save.
     void removeSynchronizationSelectionsObject(const Selection &selection);
-    /// nullptr where there is none.
+    /// Returns the row of the state's location if it shows `database`; otherwise null, also for
+    /// null arguments.
     Selection synchronizationSelectionForState(const std::shared_ptr<QVSyncState> &state,
                                                const StandIn &database) const;
+    /// Returns the first row whose location has this URL, or null if there is none. `URL` must not
+    /// be nil.
     Selection synchronizationSelectionForSyncLocationWithURL(const Url &URL) const;
 
-    // The commands on locations. They work on the last selected row; their sheets belong to the
-    // window that shows the pane.
+    /// Commands on locations. Those for a selected location use the row that was selected last and
+    /// have no effect if there is none. Sheets are attached to the window that shows the pane.
+    /// These four run the editor for a new location, which is added when the user accepts.
     Q_SLOT void addFileLocation(QObject *sender);
     Q_SLOT void addWebDAVLocation(QObject *sender);
     Q_SLOT void addDropboxLocation(QObject *sender);
     Q_SLOT void addDirectConnectionLocation(QObject *sender);
-    /// Make a new package for a location, or choose an existing one, in a panel; then add it.
+    /// Let the user create or choose a package in a panel, and then add its location and save. Run
+    /// a nested event loop.
     Q_SLOT void createFolder(QObject *sender);
     Q_SLOT void selectFolder(QObject *sender);
+    /// Runs the editor of `location`, which must not be null and must have an editor.
     void editSyncLocation(const std::shared_ptr<QVSyncLocation> &location);
+    /// Runs the editor of the selected location.
     Q_SLOT void editSelectedSyncLocation(QObject *sender);
-    /// Opens the editor of the row's location if there is one.
+    /// Runs the editor of the row's location, if there is one.
     Q_SLOT void editSyncSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);
-    /// Starts to synchronize the row's database with all its locations if it can.
+    /// Starts to synchronize the row's database with all its locations, if it can be synchronized.
+    /// Returns at once.
     Q_SLOT void synchronizeDatabase(const std::shared_ptr<QVStandInDatabase> &database);
-    /// Removes the row's location, and its states from every database row, without asking. Saves.
+    /// Removes the row's location, and its states from every database row, without confirmation.
+    /// `selection` must not be null. Saves.
     Q_SLOT void removeSyncSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);
-    /// Reads which databases the location of the selected row holds; the row shows the activity
-    /// and, in the end, an error.
+    /// Reads which databases the selected location contains. Returns at once; the row shows the
+    /// progress and then any error.
     Q_SLOT void checkSelectedSyncLocation(QObject *sender);
-    /// To be sent only while a row is selected.
+    /// Cleans up the selected database at the selected location. Must be called only while both are
+    /// selected.
     Q_SLOT void cleanSelectedSyncLocation(QObject *sender);
-    /// Starts the clean-up of that database's store at the location, and returns at once.
+    /// Starts to remove superseded data of that database at `location`, and returns at once.
+    /// `location` and `UUID` must not be null. The result is reported in the application's log.
     void cleanLocationForDatabaseWithUUID(const std::shared_ptr<QVSyncLocation> &location,
                                           const QString &UUID);
-    /// Shows the selected row's folder in the desktop's file manager.
+    /// Shows the selected location's folder in the desktop's file manager.
     Q_SLOT void revealInFinder(QObject *sender);
+    /// These two run a nested event loop until the sheet is closed.
     Q_SLOT void openBookmarkManager(QObject *sender);
     Q_SLOT void showServerPreferences(QObject *sender);
+    /// Shows the sheet and returns at once.
     Q_SLOT void showImportDatabasesSheet(QObject *sender);
-    /// A new editor for the location by the scheme of its URL, letter by letter; nullptr where
-    /// there is none.
+    /// Returns a new editor for the kind of the location's URL, whose scheme is compared with case;
+    /// null if there is none or `location` is null.
     std::shared_ptr<QVSyncLocationEditor> locationEditorForLocation(
         const std::shared_ptr<QVSyncLocation> &location) const;
-    /// Runs the editor, with a Cancel button for a location that is not in the list yet. When it
-    /// was accepted such a location is added; saves in any case.
+    /// Runs the editor, with a Cancel button if its location is not in the list yet. Such a
+    /// location is added when the user accepts. Saves when the user accepts. `editor` must not be
+    /// null; the pane keeps it until its handler is called.
     void editLocationWithEditor(const std::shared_ptr<QVSyncLocationEditor> &editor);
-    /// Appends the location and its row.
+    /// Appends `location`, which must not be null or in the list, and its row. Does not save.
     void addSyncLocation(const std::shared_ptr<QVSyncLocation> &location);
 
-    // Saving and errors
+    /// Saves all locations with their states and schedules, and presents an error. Blocks for the
+    /// time of a disk write.
     void saveAndPresentError();
+    /// Saves.
     void editorDidChangeSchedule(QVSyncScheduleEditor *editor,
                                  const QVSyncSchedulePtr &schedule) override;
+    /// Saves. The row's check box has already changed the selection through its binding.
     Q_SLOT void toggleSynchronizationSelection(QObject *sender);
+    /// Presents the error of a row. `error` must not be empty.
     Q_SLOT void presentSynchronizationSelectionError(const std::optional<Error> &error);
 
-    // The lists' delegate
+    /// Delegate functions of the lists. Group rows, which are strings or null, cannot be selected.
     CollectionViewItem *collectionViewItemPrototypeForRepresentedObject(
         QVListView *listView, const QVariant &object) override;
     bool collectionViewShouldSelectItem(QVListView *listView, CollectionViewItem *item) override;
 
+    /// Dependency of the derived key, read by KeyValue.
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingDatabases();
 
 Q_SIGNALS:
+    /// Emitted each time the value is set or one that it depends on is announced, even if it stays
+    /// equal.
     void databasesChanged();
     void localDatabasesChanged();
     void localDatabasesByUUIDChanged();
@@ -191,30 +236,44 @@ Q_SIGNALS:
     void synchronizationSelectionsChanged();
 
 private:
+    /// Creates the schedule editor, once.
     void embedScheduleEditor();
+    /// Adds an entry for each kind of location (see LocationKind).
     void fillAddMenu();
+    /// Replaces the rows and announces only "localDatabasesByUUID".
     void setLocalDatabasesByUUID(const std::optional<QVStandInsByUUID> &rows);
+    /// Appends the entries New, Open and Save, which have no action, to the menu. Called each time
+    /// the pane is shown.
     void appendLocationEditMenuItems();
+    /// Returns the row of the location list that was selected last; null if none is.
     Selection selectedRow() const;
+    /// Handler of the folder panels: adds the location and saves if `result` is 1.
     void addFolderLocation(const QVFolderLocationEditor &editor, qint64 result);
+    /// Handler of the editors' sheets.
     void didEditLocation(const std::shared_ptr<QVSyncLocationEditor> &editor, bool isNew,
                          qint64 result);
+    /// Add the row of a database that was opened, and remove that of one that was closed.
     void didOpenDatabase(const Notification &notification);
     void didCloseDatabase(const Notification &notification);
 
+    /// The outlets: null until the form is loaded, and after it is deleted.
     QPointer<NSArrayController> m_syncLocationsController;
     QPointer<NSArrayController> m_databasesController;
     QPointer<QVListView> m_databasesView;
     QPointer<QVListView> m_locationsView;
     QPointer<QWidget> m_scheduleView;
+    /// Guards the creation of the schedule editor.
     QMutex m_awakening;
     QIcon m_warningIcon;
+    /// Cached; null until it is read for the first time.
     mutable QPixmap m_databaseIcon;
     std::unique_ptr<QVSyncScheduleEditor> m_scheduleEditor;
     QList<Selection> m_synchronizationSelections;
     std::optional<QVStandInsByUUID> m_localDatabasesByUUID;
     QPointer<QPushButton> m_locationEditPopUpButton;
     QPointer<QMenu> m_addMenu;
+    /// The editors that are running.
     QList<std::shared_ptr<QVSyncLocationEditor>> m_editors;
+    /// Null while its sheet is closed.
     std::shared_ptr<QVImportDatabasesController> m_importController;
 };

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Monday to Friday, as the weekly schedule counts.
+/// Monday to Friday, as a mask of the weekly schedule.
 constexpr quint64 workdays = 62;
 
 // A schedule of a class that the host lacks is null.
@@ -100,7 +100,7 @@ bool QVSyncScheduleEditor::isHourly() const {
     return schedule()->isHourly();
 }
 
-// The delegate hears of it three times; hosts rely on that.
+// The delegate is called three times; hosts rely on that.
 void QVSyncScheduleEditor::setHourly(bool hourly) {
     if (!hourly) {
         return;
@@ -233,7 +233,7 @@ HourAndMinute QVSyncScheduleEditor::hourAndMinuteOf(const QDateTime &date) const
 }
 
 QDateTime QVSyncScheduleEditor::dateOf(const HourAndMinute &hourAndMinute) const {
-    // A day on which no clock is changed anywhere, so that every time of day exists.
+    // No clock changes on this date, so every time of day exists.
     return {gregorianCalendar().dateFromParts(2001, 1, 1),
             QTime(hourAndMinute.hour, hourAndMinute.minute)};
 }

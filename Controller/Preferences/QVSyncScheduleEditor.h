@@ -11,55 +11,70 @@
 #include "Host/QVWeeklySchedule.h"
 #include "Platform/Interface/ViewController.h"
 
-/// Edits when the represented database row synchronizes by itself. What is set here is set on the
-/// row, and so on all of the row's states; the row announces it, and the delegate is told of
-/// schedules, and saves. Main thread.
+/// Edits when the represented database row is synchronized automatically. A value set here is set
+/// on the row and thereby on all of its states. The row announces it; the delegate is called for
+/// changes of the schedule, and saves.
 ///
-/// The owner calls `stopObservingScheduleFiring` before it lets go of an editor that observes.
+/// Must be used on the main thread. The owner must call stopObservingScheduleFiring() before it
+/// destroys an editor that observes. Without a represented object, setters change nothing; those of
+/// the schedule still call the delegate.
 class QVSyncScheduleEditor : public ViewController {
     Q_OBJECT
+    /// Always true.
     Q_PROPERTY(bool canSchedule READ canSchedule NOTIFY canScheduleChanged)
-    /// Setting one of the four modes to false does nothing: another mode replaces it.
+    /// The four modes. Setting one to true replaces the schedule; setting it to false has no
+    /// effect, since another mode replaces it.
     Q_PROPERTY(bool disabled READ isDisabled WRITE setDisabled NOTIFY disabledChanged)
     Q_PROPERTY(bool hourly READ isHourly WRITE setHourly NOTIFY hourlyChanged)
     Q_PROPERTY(bool daily READ isDaily WRITE setDaily NOTIFY dailyChanged)
     Q_PROPERTY(bool weekly READ isWeekly WRITE setWeekly NOTIFY weeklyChanged)
+    /// The next date in local time; invalid if there is none.
     Q_PROPERTY(QDateTime nextScheduledDate READ nextScheduledDate NOTIFY nextScheduledDateChanged)
-    /// Of these dates only hour and minute matter. Invalid, and not to be set, in another mode.
+    /// Only the hour and minute, in local time, are significant. Invalid in another mode, in which
+    /// setting them has no effect.
     Q_PROPERTY(QDateTime dailyDate READ dailyDate WRITE setDailyDate NOTIFY dailyDateChanged)
     Q_PROPERTY(QDateTime weeklyDate READ weeklyDate WRITE setWeeklyDate NOTIFY weeklyDateChanged)
-    /// The schedule class's mask of weekdays; 0, and not to be set, in another mode.
+    /// The weekly schedule's mask of days: bit 0 is Sunday. 0 in another mode, in which setting it
+    /// has no effect.
     Q_PROPERTY(quint64 weeklyDays READ weeklyDays WRITE setWeeklyDays NOTIFY weeklyDaysChanged)
+    /// The row's settings; false without a row.
     Q_PROPERTY(bool syncOnOpen READ syncOnOpen WRITE setSyncOnOpen NOTIFY syncOnOpenChanged)
     Q_PROPERTY(bool syncOnClose READ syncOnClose WRITE setSyncOnClose NOTIFY syncOnCloseChanged)
-    /// For binding: the represented object alone or nothing; the last one set becomes it.
+    /// For binding: a list of the represented object, or an empty list. Setting it represents the
+    /// last object of the list, or none.
     Q_PROPERTY(QVariantList representedObjects READ representedObjects WRITE setRepresentedObjects
                    NOTIFY representedObjectsChanged)
-    /// The schedule class's offset; 0, and not to be set, in another mode.
+    /// The hourly schedule's offset. 0 in another mode, in which setting it has no effect. A
+    /// negative value wraps around to an unsigned one.
     Q_PROPERTY(
         qint32 hourlyOffset READ hourlyOffset WRITE setHourlyOffset NOTIFY hourlyOffsetChanged)
-    /// The row's, or a base schedule for a row that has none.
+    /// The row's schedule, or a base schedule, which never fires, if it has none. Null disables
+    /// scheduling.
     Q_PROPERTY(QVSyncSchedulePtr schedule READ schedule WRITE setSchedule NOTIFY scheduleChanged)
     /// The schedule as one of the three kinds; null if it is of another kind.
     Q_PROPERTY(std::shared_ptr<const QVHourlySchedule> hourlySchedule READ hourlySchedule)
     Q_PROPERTY(std::shared_ptr<const QVDailySchedule> dailySchedule READ dailySchedule)
     Q_PROPERTY(std::shared_ptr<const QVWeeklySchedule> weeklySchedule READ weeklySchedule)
     Q_PROPERTY(QCalendar gregorianCalendar READ gregorianCalendar)
-    /// Not owned; null if there is none.
+    /// Not owned; null if there is none. Must be reset before it is destroyed.
     Q_PROPERTY(QVSyncScheduleEditorDelegate *delegate READ delegate WRITE setDelegate NOTIFY
                    delegateChanged)
 public:
     QVSyncScheduleEditor();
 
     QVSyncScheduleEditorDelegate *delegate() const { return m_delegate; }
-    /// Not owned; nullptr: none.
     void setDelegate(QVSyncScheduleEditorDelegate *delegate);
 
+    /// Returns the represented row; null if there is none.
     std::shared_ptr<QVStandInDatabase> database() const;
     bool canSchedule() const { return true; }
+    /// False, even without a schedule, since schedule() then returns a base schedule.
     bool isDisabled() const;
     void setDisabled(bool disabled);
+    /// The kinds of the schedule: at most one is true.
     bool isHourly() const;
+    /// Each setter of a mode replaces the schedule by one of the host's default time. Without the
+    /// host's class of that schedule, scheduling is disabled.
     void setHourly(bool hourly);
     bool isDaily() const;
     void setDaily(bool daily);
@@ -67,32 +82,39 @@ public:
     void setWeekly(bool weekly);
     QDateTime nextScheduledDate() const;
     QDateTime dailyDate() const;
+    /// The setters of a mode's values replace the schedule by one of the same kind.
     void setDailyDate(const QDateTime &date);
     QDateTime weeklyDate() const;
     void setWeeklyDate(const QDateTime &date);
     quint64 weeklyDays() const;
     void setWeeklyDays(quint64 days);
     bool syncOnOpen() const;
+    /// These do not call the delegate, so they are saved with the next change of a schedule or when
+    /// the pane is left.
     void setSyncOnOpen(bool syncOnOpen);
     bool syncOnClose() const;
     void setSyncOnClose(bool syncOnClose);
     QVariantList representedObjects() const;
+    /// Does not change the schedule of the former row.
     void setRepresentedObjects(const QVariantList &objects);
     qint32 hourlyOffset() const;
     void setHourlyOffset(qint32 offset);
     QVSyncSchedulePtr schedule() const;
+    /// Sets the schedule of the row and calls the delegate, which saves.
     void setSchedule(const QVSyncSchedulePtr &schedule);
-    /// nullptr for a schedule of another kind.
     std::shared_ptr<const QVHourlySchedule> hourlySchedule() const;
     std::shared_ptr<const QVDailySchedule> dailySchedule() const;
     std::shared_ptr<const QVWeeklySchedule> weeklySchedule() const;
-    /// A new one at each call.
+    /// Returns a Gregorian calendar, a new value each time.
     QCalendar gregorianCalendar() const;
 
-    /// While it observes, each firing of a schedule announces "schedule".
+    /// While observing, each firing of a schedule announces "schedule", so that the next date is
+    /// updated. Must not be called twice without stopping.
     void startObservingScheduleFiring();
+    /// Idempotent.
     void stopObservingScheduleFiring();
 
+    /// Dependencies of the derived keys, read by KeyValue.
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingSchedule();
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingCanSchedule();
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingDisabled();
@@ -108,6 +130,8 @@ public:
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingSyncOnClose();
 
 Q_SIGNALS:
+    /// Emitted each time the value is set or one that it depends on is announced, even if it stays
+    /// equal; all that depend on the schedule also when it fires.
     void canScheduleChanged();
     void disabledChanged();
     void hourlyChanged();
@@ -125,12 +149,17 @@ Q_SIGNALS:
     void delegateChanged();
 
 private:
+    /// Calls the delegate, if there is one.
     void tellDelegate(const QVSyncSchedulePtr &schedule);
+    /// Returns the time of day in local time.
     HourAndMinute hourAndMinuteOf(const QDateTime &date) const;
+    /// Returns a date with this time of day, on a day without a change of clocks.
     QDateTime dateOf(const HourAndMinute &hourAndMinute) const;
+    /// Announces "schedule".
     void scheduleDidFire();
 
-    /// Never set, so that a change to daily or weekly takes the schedule class's own time of day.
+    /// Never set, so that changing to the daily or weekly mode uses the default time of day of the
+    /// schedule's class.
     std::optional<HourAndMinute> m_hourAndMinute;
     QVSyncScheduleEditorDelegate *m_delegate = nullptr;
 };

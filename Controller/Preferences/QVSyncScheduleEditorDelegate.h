@@ -4,11 +4,14 @@
 
 class QVSyncScheduleEditor;
 
-/// Hears of each change of a schedule in an editor.
+/// Observes the changes of a schedule in an editor. Called on the main thread, within the setter
+/// that changed it.
 class QVSyncScheduleEditorDelegate {
 public:
     virtual ~QVSyncScheduleEditorDelegate() = default;
-    /// `schedule`: the new one; nullptr: none.
+    /// Called after each change, possibly several times for one change by the user. `schedule` is
+    /// the new schedule; null if scheduling was disabled. `editor` is never null and must not be
+    /// destroyed in the call.
     virtual void editorDidChangeSchedule(QVSyncScheduleEditor *editor,
                                          const QVSyncSchedulePtr &schedule) = 0;
 };

@@ -157,8 +157,8 @@ void QVSynchronizationSelection::setSelectedDatabases(const QVariantList &databa
     KeyValue::announce<&QVSynchronizationSelection::selectedDatabasesChanged>(this);
 }
 
-/// One fetch, shared by the handlers of its steps. The store may call them on any thread, so that
-/// whatever the row shows is changed on the main queue.
+/// One fetch, shared by the handlers of its steps. The store calls them on worker threads; what the
+/// row shows is changed on the main queue.
 class QVSynchronizationSelection::Fetch : public std::enable_shared_from_this<Fetch> {
 public:
     explicit Fetch(std::shared_ptr<QVSynchronizationSelection> row)
@@ -220,7 +220,7 @@ private:
     const std::shared_ptr<QVSynchronizationSelection> m_row;
     const std::shared_ptr<QVSyncStore> m_store;
     const DispatchGroup m_group;
-    /// Written by the fetch's handler only, read when the group is empty.
+    /// Written only by the handler of the fetch; read when the group is empty.
     std::optional<QVRemoteDatabases> m_databases;
 };
 

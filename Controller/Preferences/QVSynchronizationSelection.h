@@ -14,54 +14,66 @@
 #include "Platform/Foundation/Error.h"
 #include "Platform/KeyValue/KeyValue.h"
 
-/// One row of the location list: a sync location as seen from the database that is selected beside
-/// it. Shares both. Main thread. The keys without a notification are read when the list makes a
-/// row.
+/// One row of the location list: a sync location with respect to the selected database. Shares
+/// ownership of both. Must be used on the main thread. Keys without a NOTIFY signal are read when
+/// the list makes the row's view.
 class QVSynchronizationSelection : public QObject,
                                    public std::enable_shared_from_this<QVSynchronizationSelection> {
     Q_OBJECT
-    /// The database the row speaks for; nullptr: none.
+    /// The selected database; null if there is none.
     Q_PROPERTY(std::shared_ptr<QVStandInDatabase> database READ database WRITE setDatabase NOTIFY
                    databaseChanged)
-    /// Never nullptr.
+    /// Never null.
     Q_PROPERTY(std::shared_ptr<QVSyncLocation> location READ location WRITE setLocation NOTIFY
                    locationChanged)
+    /// The location's icon, dimmed if it is not mounted.
     Q_PROPERTY(QPixmap icon READ icon)
     /// The location's icon at half its opacity.
     Q_PROPERTY(QPixmap dimmedIcon READ dimmedIcon)
+    /// The location's title, with a note if it is not mounted.
     Q_PROPERTY(QString title READ title)
+    /// The localized name of the kind of location.
     Q_PROPERTY(QString locationType READ locationType)
-    /// The last error of a fetch; a later fetch does not clear it.
+    /// The last error of a fetch. A later fetch does not clear it.
     Q_PROPERTY(std::optional<Error> error READ error WRITE setError NOTIFY errorChanged)
-    /// Whether a fetch is under way.
+    /// Whether a fetch is running.
     Q_PROPERTY(bool active READ isActive WRITE setActive NOTIFY activeChanged)
-    /// Whether the database synchronizes with the location. Setting it makes the state or enables
-    /// it, or disables it; without a database it does nothing. Saving is the caller's affair.
+    /// Whether the database synchronizes with the location. Setting it to true adds the state if
+    /// needed and enables it; false disables it. Only announces if there is no database. Does not
+    /// save.
     Q_PROPERTY(bool selected READ isSelected WRITE setSelected NOTIFY selectedChanged)
-    /// Whether `selected` may be changed: not for a database that exists only elsewhere.
+    /// Whether the user may change `selected`: if the database exists on this computer or at this
+    /// location.
     Q_PROPERTY(bool selectable READ isSelectable NOTIFY selectableChanged)
-    /// Whether the location is of a kind that can be cleaned up.
+    /// Whether this kind of location can be cleaned up.
     Q_PROPERTY(bool cleanable READ isCleanable)
     /// Whether there is an editor for the location's URL.
     Q_PROPERTY(bool editable READ isEditable NOTIFY editableChanged)
     /// Whether the database synchronizes with the location and the location can be cleaned up.
     Q_PROPERTY(bool canCleanUp READ canCleanUp)
+    /// Whether the volume of a folder location is mounted; true for all other kinds.
     Q_PROPERTY(bool mounted READ isMounted)
-    /// Black, half transparent where the location is not mounted.
+    /// Black, at half opacity if the location is not mounted.
     Q_PROPERTY(QColor textColor READ textColor)
-    /// For binding: the database alone or nothing; the last one set becomes the database.
+    /// For binding: a list of the database, or an empty list. Setting it selects the last database
+    /// of the list, or none.
     Q_PROPERTY(QVariantList selectedDatabases READ selectedDatabases WRITE setSelectedDatabases
                    NOTIFY selectedDatabasesChanged)
 public:
+    /// Returns a new row; never null. `database` may be null. Raises an AssertionFailure if
+    /// `location` is null.
     static std::shared_ptr<QVSynchronizationSelection> selectionWithDatabase(
         const std::shared_ptr<QVStandInDatabase> &database,
         const std::shared_ptr<QVSyncLocation> &location);
+    /// Ends the binding of "selectedDatabases".
     ~QVSynchronizationSelection() override;
 
     std::shared_ptr<QVStandInDatabase> database() const { return m_database; }
     void setDatabase(const std::shared_ptr<QVStandInDatabase> &database);
     std::shared_ptr<QVSyncLocation> location() const { return m_location; }
+    /// `location` must not be null.
     void setLocation(const std::shared_ptr<QVSyncLocation> &location);
+    /// Icons and titles are computed at each call, from the location's current URL.
     QPixmap icon() const;
     QPixmap dimmedIcon() const;
     QString title() const;
@@ -76,24 +88,30 @@ public:
     bool isCleanable() const;
     bool isEditable() const;
     bool canCleanUp() const;
+    /// Checks the file system, so it may block for a slow volume.
     bool isMounted() const;
     QColor textColor() const;
     QVariantList selectedDatabases() const;
     void setSelectedDatabases(const QVariantList &databases);
 
-    /// A new one at each call.
+    /// Returns a new formatter for the location's current URL. Never null.
     std::unique_ptr<QVSyncLocationFormatter> locationFormatter() const;
 
-    /// Opens the location's store, reads which databases it holds, and closes it. `handler` is
-    /// called once, on the main thread, with the databases, if there are any, and `error` as it
-    /// stands then, which may be an older one. The row lives until then.
+    /// Opens the location's store, reads which databases it contains, and closes it, on worker
+    /// threads; returns at once. `handler`, which must not be empty, is called once, on the main
+    /// thread, with the databases, if the fetch succeeded, and with `error` as it is then, which
+    /// may come from an earlier fetch. The row is kept alive until then. Cannot be cancelled; its
+    /// duration is limited only by the deadlines of the store.
     void fetchDatabasesWithCompletionHandler(QVSyncStore::DatabasesHandler handler);
 
+    /// Dependencies of the derived keys, read by KeyValue.
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingSelected();
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingSelectable();
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingEditable();
 
 Q_SIGNALS:
+    /// Emitted each time the value is set or one that it depends on is announced, even if it stays
+    /// equal.
     void databaseChanged();
     void locationChanged();
     void errorChanged();
@@ -104,13 +122,17 @@ Q_SIGNALS:
     void selectedDatabasesChanged();
 
 private:
+    /// One running fetch.
     class Fetch;
 
     QVSynchronizationSelection(const std::shared_ptr<QVStandInDatabase> &database,
                                const std::shared_ptr<QVSyncLocation> &location);
+    /// Returns the database's state at the location; null if there is none.
     std::shared_ptr<QVSyncState> state() const;
+    /// Adds a state with the settings of the database's row. Never null. There must be a database.
     std::shared_ptr<QVSyncState> addState();
 
+    /// Null if no database is selected.
     std::shared_ptr<QVStandInDatabase> m_database;
     std::shared_ptr<QVSyncLocation> m_location;
     std::optional<Error> m_error;

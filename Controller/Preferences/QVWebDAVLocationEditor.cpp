@@ -11,10 +11,10 @@
 
 namespace {
 
-/// Both apostrophes are meant.
+/// Both ' and ’ are included on purpose.
 const QString EscapedInUser = QStringLiteral(":/?#[]@!$&\u2019'()*+,;=");
 
-/// The integer at the start of `text`, 0 where there is none.
+/// Returns the integer at the start of `text`, or 0 if there is none.
 qint64 integerValue(const QString &text) {
     return std::strtoll(text.toUtf8().constData(), nullptr, 10);
 }
@@ -170,7 +170,7 @@ void QVWebDAVLocationEditor::awakeFromNib() {
     m_portField->setText(shown.port);
     m_pathField->setText(shown.path);
     m_storeField->setText(shown.store);
-    // Also where the location is in the list already: what was typed can always be dropped.
+    // For locations in the list as well: the user can always discard the input.
     setShouldShowCancelButton(true);
     validate(nullptr);
 }

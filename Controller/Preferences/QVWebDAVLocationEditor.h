@@ -11,19 +11,21 @@
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Security/UrlCredential.h"
 
-/// Edits the location of a sync store on a WebDAV server. The password goes into the credential
-/// storage when the sheet is accepted, for HTTP Basic and for HTTP Digest, and never into the URL.
-/// Whether the server is there, or takes the password, is not checked.
+/// Edits the location of a sync store on a WebDAV server. When the sheet is accepted, the password
+/// is stored in the credential storage, for HTTP Basic and HTTP Digest authentication; it is never
+/// part of the URL. Neither the server nor the password is checked. Must be used on the main
+/// thread.
 ///
-/// The credential of an existing location is read without waiting: until it is there, the fields
-/// for user and password are disabled. As long as it has not been read, accepting stores none; if
-/// it could not be read, only a password that the user has entered is stored.
+/// The credential of an existing location is read asynchronously; until then, the fields for user
+/// and password are disabled, and accepting the sheet stores no credential. If it cannot be read,
+/// only a password that the user has entered is stored.
 class QVWebDAVLocationEditor : public QVSyncLocationEditor {
     Q_OBJECT
-    /// The one shown and, once accepted, the one stored. Empty while it is read.
+    /// The credential shown and, after acceptance, the one stored; empty if none is known or while
+    /// it is being read.
     Q_PROPERTY(std::optional<UrlCredential> credential READ credential WRITE setCredential NOTIFY
                    credentialChanged)
-    // Outlets
+    /// Outlets. Null until the window is loaded; owned by the window.
     Q_PROPERTY(QLineEdit *serverField MEMBER m_serverField)
     Q_PROPERTY(QLineEdit *userField MEMBER m_userField)
     Q_PROPERTY(QLineEdit *passwordField MEMBER m_passwordField)
@@ -34,35 +36,40 @@ class QVWebDAVLocationEditor : public QVSyncLocationEditor {
     Q_PROPERTY(QPushButton *acceptButton MEMBER m_acceptButton)
     Q_PROPERTY(QLabel *explanationLabel MEMBER m_explanationLabel)
 public:
-    /// What the sheet says of the location; a value.
+    /// The contents of the sheet's fields.
     struct Fields {
         bool isHTTPS = false;
-        /// May be typed with "http:" or "https:" in front, which is left out and decides nothing.
+        /// A leading "http:" or "https:" is ignored; `isHTTPS` determines the scheme.
         QString server = {};
+        /// Percent-encoded in the URL.
         QString user = {};
+        /// The folder on the server that contains the store, without percent-encoding.
         QString path = {};
-        /// Without the extension.
+        /// The store's name without the extension.
         QString store = {};
-        /// Empty for the default port; read modulo 65536.
+        /// Empty means the default port. Only the leading integer is used, modulo 65536.
         QString port = {};
 
         bool operator==(const Fields &) const = default;
     };
 
+    /// Returns a new editor of `location`, which must not be null. Never null.
     static std::shared_ptr<QVWebDAVLocationEditor> editorWithSyncLocation(
         const std::shared_ptr<QVSyncLocation> &location);
-    /// 443 for HTTPS, else 80.
+    /// Returns 443 for HTTPS, otherwise 80.
     static quint16 defaultPortForHTTPS(bool isHTTPS);
-    /// `host` without one leading "http:" or "https:" (in small letters), and without "/", ":" and
-    /// "@" at its ends.
+    /// Returns `host` without a leading "http:" or "https:" (lower case only), and without "/", ":"
+    /// and "@" at either end.
     static QString sanitizeHost(const QString &host);
-    /// nil where what comes out does not parse.
+    /// Returns the URL for `fields`, or nil if the result is not a valid URL.
     static Url URLWithFields(const Fields &fields);
-    /// What the sheet shows for a URL, all but the credential's part; nothing for a nil one.
+    /// Returns the fields for `URL` except the user; empty fields for nil.
     static Fields fieldsOfURL(const Url &URL);
 
     std::optional<UrlCredential> credential() const { return m_credential; }
+    /// Sets the credential without storing it.
     void setCredential(const std::optional<UrlCredential> &credential);
+    /// The outlets; null until the window is loaded.
     QLineEdit *serverField() const { return m_serverField; }
     QLineEdit *userField() const { return m_userField; }
     QLineEdit *passwordField() const { return m_passwordField; }
@@ -72,34 +79,42 @@ public:
     QCheckBox *HTTPSCheckbox() const { return m_HTTPSCheckbox; }
     QPushButton *acceptButton() const { return m_acceptButton; }
 
-    /// Whether the field holds anything.
+    /// Returns whether the field is not empty. `field` must not be null.
     bool validateValueOfField(const QLineEdit *field) const;
-    /// Whether server and store are given.
+    /// Returns whether the server and the store are not empty. The window must be loaded.
     bool isValid() const;
 
 public Q_SLOTS:
-    /// Shows the default port of what `checkBox` says.
+    /// Shows the default port for the state of `checkBox`, which must be a QCheckBox.
     void toggleHTTPS(QObject *checkBox);
-    /// Enables the OK button exactly when the sheet is valid.
+    /// Enables the OK button if isValid().
     void validate(QObject *sender);
+    /// Called each time the user edits a field.
     void controlTextDidChange();
+    /// Sets the location's URL, stores the credential, closes the sheet and calls the completion
+    /// handler. The credential is stored asynchronously; a failure is reported to the user later.
     void acceptModalSheet(QObject *sender) override;
 
 Q_SIGNALS:
+    /// Emitted each time the credential is set, even if it stays equal.
     void credentialChanged();
 
 protected:
+    /// Shows the location's URL and credential. Always shows the Cancel button.
     void awakeFromNib() override;
 
 private:
     explicit QVWebDAVLocationEditor(const std::shared_ptr<QVSyncLocation> &location);
+    /// Whether the stored credential is known, is being read, or cannot be read.
     enum class CredentialState { Known, Reading, Unreadable };
 
+    /// Returns what the sheet shows.
     Fields fields() const;
     void readCredential();
     void didReadCredential(const Expected<std::optional<UrlCredential>> &credential);
     void showCredential();
     bool mayStoreCredential() const;
+    /// Stores the user and the password shown.
     void storeCredential();
 
     CredentialState m_credentialState = CredentialState::Known;
