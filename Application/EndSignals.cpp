@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::array Signals = {SIGTERM, SIGINT, SIGHUP};
 
-// Handlers of signals can reach nothing but globals.
+// Global, because a signal handler has no other way to reach it.
 volatile int wakeUp = -1;
 std::array<struct sigaction, Signals.size()> formerActions;
 

@@ -2,8 +2,9 @@
 
 #include <QtCore/QObject>
 
-/// Turns the signals that ask a process to end (SIGTERM, SIGINT, SIGHUP) into a Qt signal on the
-/// main thread. There can be one object at a time; its destructor restores the former handlers.
+/// Converts the signals that ask a process to end (SIGTERM, SIGINT, SIGHUP) to a Qt signal on the
+/// main thread. Only one instance may exist at a time. The constructor replaces the process's
+/// handlers of these signals; the destructor restores them. Must be used on the main thread.
 class EndSignals : public QObject {
     Q_OBJECT
 public:
@@ -11,6 +12,7 @@ public:
     ~EndSignals() override;
 
 Q_SIGNALS:
-    /// Emitted from the event loop after the process has received one of the signals.
+    /// Emitted from the event loop after the process has received one of the signals; once for
+    /// several signals that arrive together.
     void received();
 };

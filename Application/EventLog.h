@@ -3,21 +3,24 @@
 #include <QtCore/QAbstractTableModel>
 #include <QtCore/QDateTime>
 
-/// The application's log: what happened, newest last. Lives as long as the application; main
-/// thread.
+/// The application's log as a table model: one row for each event, oldest first, with time, origin
+/// and text. It is kept in memory only and never truncated. Must be used on the main thread.
 class EventLog : public QAbstractTableModel {
     Q_OBJECT
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
+    /// Appends an event with the current time. `title` is the part of the program that reports it.
     void append(const QString &title, const QString &info);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
+    /// Returns the localized text of a cell; invalid for other roles.
     QVariant data(const QModelIndex &index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
+    /// One event.
     struct Entry {
         QDateTime time;
         QString title;

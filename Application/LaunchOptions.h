@@ -4,25 +4,26 @@
 #include <QtCore/QStringList>
 #include <optional>
 
-/// What the command line asks for.
+/// The command line and environment, parsed.
 struct LaunchOptions {
-    /// The profile's folder; the user's own where none is named.
+    /// Path of the profile folder; never empty. By default the user's application data folder.
     QString profile;
-    /// Where to write a picture of the panel; empty: nowhere.
+    /// Path of the image file of Sync Preferences to write; empty if none is requested.
     QString screenshot;
-    /// Whether to print the profile.
+    /// Whether to print the profile as JSON.
     bool describe = false;
-    /// "light", "dark", or empty for what the desktop has.
+    /// "light", "dark", or empty for the desktop's colors.
     QString appearance;
-    /// Whether the profile is to be sandboxed from now on; absent: as it was.
+    /// Whether the profile is sandboxed from now on; empty leaves the setting unchanged.
     std::optional<bool> sandboxed;
-    /// Whether there is nothing to show a window on.
+    /// Whether no display server is available (no DISPLAY, WAYLAND_DISPLAY or QT_QPA_PLATFORM).
     bool hasNoDisplay = false;
 
-    /// Whether the program does its work without opening a window.
+    /// Returns whether the program works without opening a window.
     bool isBatch() const { return describe || hasNoDisplay || !screenshot.isEmpty(); }
 
-    /// Reads the command line and the environment. Ends the program for --help, and for options
-    /// that make no sense, after saying so.
+    /// Parses the command line and the environment. `arguments` includes the program's name. Exits
+    /// the process for --help, and, with a usage message and EXIT_FAILURE, if an option or argument
+    /// is invalid. A QCoreApplication must exist.
     static LaunchOptions parse(const QStringList &arguments);
 };

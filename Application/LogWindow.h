@@ -4,10 +4,11 @@
 
 class EventLog;
 
-/// Shows the application's log.
+/// A window that shows the application's log and scrolls to new entries. Must be used on the main
+/// thread.
 class LogWindow : public QWidget {
     Q_OBJECT
 public:
-    /// `log` outlives the window.
+    /// `log` is not owned and must outlive the window.
     explicit LogWindow(EventLog *log, QWidget *parent = nullptr);
 };

@@ -14,48 +14,62 @@ class QAction;
 class QListWidget;
 class UnsavedTexts;
 
-/// The databases of the profile on the left, the notes of the chosen one on the right.
+/// The main window: the databases of the profile on the left, the notes of the selected one on the
+/// right. Must be used on the main thread.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
-    /// `library` and `log` are not owned and must outlive the window. `profileFolder` is the folder
-    /// of the profile. Saves the texts that an earlier run could not save.
+    /// `library` and `log` are not owned, must not be null, and must outlive the window.
+    /// `profileFolder` is the folder of the profile. Saves the texts that an earlier run could not
+    /// save, and presents an error if that fails.
     MainWindow(NoteLibrary *library, EventLog *log, const QString &profileFolder);
+    /// Saves typed text if possible, without asking the user.
     ~MainWindow() override;
 
-    /// Opens Sync Preferences, or brings the open window to the front. Returns the window, which
-    /// deletes itself when it is closed; nullptr if the pane cannot be loaded, after the user was
-    /// told.
+    /// Opens Sync Preferences, or raises the open window. Returns the window, which deletes itself
+    /// when it is closed; null if the pane cannot be loaded, after presenting the error.
     PreferencesWindow *showPreferences();
-    /// Brings the window to the front.
+    /// Shows, restores and raises the window.
     void bringToFront();
-    /// Saves everything that is not saved yet, without asking the user, and closes Sync
-    /// Preferences. Text that cannot be saved is kept for the next start.
+    /// Saves all changes without asking the user and closes Sync Preferences. Text that cannot be
+    /// saved is kept for the next start. Blocks for disk writes.
     void saveAll();
 
 protected:
+    /// Saves everything first. The window stays open if the user decides to keep editing a text
+    /// that cannot be saved; asking runs a nested event loop.
     void closeEvent(QCloseEvent *event) override;
 
 private:
     void makeActions();
+    /// Updates the list of databases, and then the selected database.
     void showDatabases();
+    /// Shows the notes of the selected database and updates the actions. Selects the former
+    /// database again if the user does not leave its text.
     void showDatabase();
+    /// Saves the texts of an earlier run and logs their titles.
     void restoreUnsavedTexts(const UnsavedTexts &unsavedTexts);
+    /// Returns the row of `database`; -1 if the library does not know it.
     int rowOf(const std::shared_ptr<NoteDatabase> &database) const;
+    /// Returns the database of the current row; null if there is none.
     std::shared_ptr<NoteDatabase> currentDatabase() const;
+    /// These ask for a name in a dialog, which runs a nested event loop.
     void createDatabase();
     void renameDatabase();
+    /// Opens or closes the selected database. Has no effect for the inbox.
     void toggleOpen();
     void showLog();
 
     NoteLibrary *const m_library;
     EventLog *const m_log;
-    /// The database that is chosen; not necessarily open.
+    /// The selected database, open or not; null if there is none.
     std::shared_ptr<NoteDatabase> m_database;
     QListWidget *m_databases;
     NotesView *m_notes;
     QAction *m_renameAction = nullptr;
     QAction *m_openAction = nullptr;
+    /// Null while the window is closed.
     QPointer<PreferencesWindow> m_preferences;
+    /// Null until it is opened for the first time.
     QPointer<LogWindow> m_logWindow;
 };

@@ -6,7 +6,7 @@ namespace {
 
 const QString Newline = QStringLiteral("\n");
 
-/// What separates a block from the one before it. Blocks without it follow a LF.
+/// The line end between a block and the one before it. Blocks without it follow an LF.
 class LineEnd : public QTextBlockUserData {
 public:
     explicit LineEnd(QStringView text) : m_text(text.toString()) {}
@@ -62,7 +62,7 @@ QString NoteTextEdit::noteText() const {
     for (QTextBlock block = document()->firstBlock().next(); block.isValid();
          block = block.next()) {
         const auto *lineEnd = static_cast<const LineEnd *>(block.userData());
-        // A new LF right behind a CR would be read as one line end with it.
+        // An LF directly after a CR would be read as a single line end.
         const QString &added = text.endsWith(u'\r') ? QStringLiteral("\r") : Newline;
         text += lineEnd ? lineEnd->text() : added;
         text += block.text();

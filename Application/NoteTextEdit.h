@@ -2,16 +2,18 @@
 
 #include <QtWidgets/QPlainTextEdit>
 
-/// An editor of plain text that changes nothing but what the user edits: every other character and
-/// line end (LF, CR, CRLF, U+2029 and the like) is returned as it was shown.
+/// An editor of plain text that changes only what the user edits: all other characters and line
+/// ends (LF, CR, CRLF, U+2029 and the like) are returned as they were set. Must be used on the main
+/// thread.
 class NoteTextEdit : public QPlainTextEdit {
     Q_OBJECT
 public:
     using QPlainTextEdit::QPlainTextEdit;
 
-    /// Shows `text` and forgets the undo history. Returns false if the editor cannot show `text`
-    /// without changing it.
+    /// Shows `text` and clears the undo history. Returns false if the editor cannot represent
+    /// `text` exactly; noteText() then differs from it. O(n).
     bool setNoteText(const QString &text);
-    /// Returns the text with the user's edits. Line ends that the user has added are LF.
+    /// Returns the text with the user's edits. Line ends that the user has added are LF, or CR
+    /// directly after a CR. O(n).
     QString noteText() const;
 };

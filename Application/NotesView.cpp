@@ -131,7 +131,8 @@ void NotesView::showNotes() {
         m_list->setCurrentRow(row >= 0 || m_isEdited ? row : nearest);
     }
     m_addButton->setEnabled(m_database != nullptr);
-    // The base of what the user types stays the edit that was shown, also if another one arrives.
+    // While the user edits, the base revision stays the one that was shown, even if another
+    // arrives.
     if (!m_isEdited) {
         showNote(m_list->currentRow());
     }
@@ -235,7 +236,7 @@ void NotesView::setNotice(const QString &text) {
 
 bool NotesView::commit() {
     const Expected<void> saved = save();
-    // The user is told once, not after each pause.
+    // Notify the user once, not after each pause.
     if (!saved && !std::exchange(m_hasToldFailure, true)) {
         NSApp()->presentError(saved.error());
     }
@@ -290,7 +291,7 @@ void NotesView::removeNote() {
     m_unsavedTexts.remove(deleted.UUID);
     m_deletions.append({m_database, deleted});
     m_undoAction->setEnabled(true);
-    // Not to the button, where one more key would delete the next note.
+    // Not the button: another key press would delete the next note.
     m_list->setFocus();
 }
 

@@ -13,50 +13,62 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 
-/// Shows and edits the notes of one database. Typed text is saved when the user pauses or leaves
-/// the note. Text that cannot be saved is kept in `UnsavedTexts` and stays in the editor until it
-/// is saved or the user discards it. Main thread only.
+/// Shows and edits the notes of one database. Typed text is saved when the user pauses (500 ms) or
+/// leaves the note. Text that cannot be saved is kept in `UnsavedTexts` and stays in the editor
+/// until it is saved or the user discards it. Must be used on the main thread.
 class NotesView : public QWidget {
     Q_OBJECT
 public:
+    /// Shows no database.
     explicit NotesView(UnsavedTexts unsavedTexts, QWidget *parent = nullptr);
     /// Saves typed text if possible, without asking the user.
     ~NotesView() override;
 
-    /// Shows `database`; nullptr, or a database that is not open, shows nothing. Has no effect and
-    /// returns false if the user does not leave a text that cannot be saved, see leave().
+    /// Shows `database`, sharing its ownership. Null, or a database that is not open, shows
+    /// nothing. Has no effect and returns false if the user does not leave a text that cannot be
+    /// saved, see leave().
     bool setDatabase(const std::shared_ptr<NoteDatabase> &database);
-    /// Returns the database that is shown, or nullptr.
+    /// Returns the database that is shown; null if there is none.
     std::shared_ptr<NoteDatabase> database() const { return m_database; }
-    /// Saves typed text. Returns whether nothing is left to save; otherwise the user is told why.
+    /// Saves typed text. Returns whether nothing is left to save. Otherwise the error is presented,
+    /// once until a save succeeds. Blocks for the time of a disk write.
     bool commit();
-    /// Saves typed text. If that fails, asks the user what to do with the text and blocks for the
-    /// answer. Returns whether the text was saved or discarded.
+    /// Saves typed text. If that fails, asks the user what to do with it, running a nested event
+    /// loop. Returns whether the text was saved or discarded.
     bool leave();
-    /// Restores the note that was deleted last, in its database. Owned by this view; disabled while
-    /// there is no such note.
+    /// Returns the action that restores the note deleted last, in its database. Owned by this view;
+    /// disabled while there is no such note.
     QAction *undoDeletionAction() const { return m_undoAction; }
 
 private:
+    /// A deleted note that can be restored.
     struct Deletion {
         std::shared_ptr<NoteDatabase> database;
         Note note;
     };
 
     void makeWidgets();
+    /// Reads the notes again, keeping the selected note and any edits. Presents an error if they
+    /// cannot be read.
     void showNotes();
+    /// Shows the note in `row`, or keeps the former one if the user does not leave it.
     void selectNote(int row);
+    /// Shows the note in `row`, discarding edits; -1 shows none.
     void showNote(int row);
+    /// Shows the text of the note, read-only if the editor cannot represent it exactly.
     void showContents();
     void addNote();
     void removeNote();
     void undoDeletion();
+    /// Marks the note as edited and restarts the timer.
     void noteEdited();
+    /// Saves edits. If that fails, keeps them in `UnsavedTexts` and shows a notice.
     Expected<void> save();
+    /// Reverts the note to its saved text.
     void discard();
     void saveFailed(const Error &error);
     void setNotice(const QString &text);
-    /// Returns the shown note with the user's edits.
+    /// Returns the shown note with the user's edits and the current time.
     Note editedNote() const;
     /// Returns the row of the note with the UUID of `note`; -1 if there is none.
     int rowOf(const Note &note) const;
@@ -64,13 +76,16 @@ private:
     const UnsavedTexts m_unsavedTexts;
     std::shared_ptr<NoteDatabase> m_database;
     QList<Note> m_notes;
-    /// The shown note as it was when it was shown; without UUID while there is none.
+    /// The shown note as it was when it was shown; its UUID is empty while there is none.
     Note m_note;
     int m_row = -1;
     /// Whether the editor differs from `m_note`.
     bool m_isEdited = false;
+    /// Whether the user was notified of the current failure.
     bool m_hasToldFailure = false;
+    /// Saves when the user stops typing.
     QTimer m_pause;
+    /// The deleted notes, last deletion last.
     QList<Deletion> m_deletions;
     QListWidget *m_list;
     QLineEdit *m_title;

@@ -6,15 +6,17 @@
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Interface/PreferencePane.h"
 
-/// The two plug-ins of the program, from the folder "lib" beside that of the program. Each is
-/// loaded once and never unloaded. Main thread only.
+/// The two plug-ins of the program, loaded from the folder "lib" next to the program's folder. Each
+/// is loaded once and never unloaded. Must be used on the main thread, while a QCoreApplication
+/// exists.
 namespace PlugIns {
 
-/// Loads the sync plug-in, which the application keeps until it ends. Never returns null.
+/// Loads the sync plug-in. Returns its root object, which is not owned and exists until the program
+/// ends; never null. Fails if the file cannot be loaded or is a different plug-in.
 Expected<SyncPlugIn *> loadSync();
 
-/// Returns a new pane and loads its plug-in if necessary. Must be called after loadSync(). Fails if
-/// the plug-in cannot be loaded, or if the pane misses something of the host. Never returns null.
+/// Returns a new pane, never null, and loads its plug-in if necessary. Must be called after
+/// loadSync(). Fails if the plug-in cannot be loaded or the host lacks a class that the pane needs.
 Expected<std::unique_ptr<PreferencePane>> makeSyncPreferences();
 
 }  // namespace PlugIns

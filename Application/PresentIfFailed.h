@@ -3,8 +3,8 @@
 #include "Host/QVApplication.h"
 #include "Platform/Foundation/Expected.h"
 
-/// Shows the error of `result` to the user if there is one. Returns whether `result` is a success.
-/// Must be called on the main thread.
+/// Presents the error of `result`, if there is one. Returns whether `result` is a success. Must be
+/// called on the main thread. Does not wait for the user.
 inline bool presentIfFailed(const Expected<void> &result) {
     if (!result) {
         NSApp()->presentError(result.error());

@@ -3,24 +3,28 @@
 #include <QtCore/QObject>
 #include <QtNetwork/QLocalServer>
 
-/// The process that runs the windows of a profile, as other processes of the same user find it: a
-/// local socket in the user's runtime folder, which only the user can use. Main thread only.
+/// The process that shows the windows of a profile, as other processes of the same user find it: a
+/// local socket in the user's runtime folder, accessible only to the user. Must be used on the main
+/// thread.
 class RunningInstance : public QObject {
     Q_OBJECT
 public:
     /// Listens for other starts. The process must hold the lock of the profile in the folder
-    /// `profile`. Without a runtime folder it does nothing.
+    /// `profile`, since a socket left by another process is removed. Without a runtime folder, or
+    /// if it cannot listen, it has no effect.
     explicit RunningInstance(const QString &profile, QObject *parent = nullptr);
 
-    /// Asks the process that runs the windows of the profile in the folder `profile` to raise them.
-    /// Returns whether it has confirmed; blocks for at most a second.
+    /// Asks the process that shows the windows of the profile in the folder `profile` to raise
+    /// them. Returns whether it has confirmed. Blocks until then, for at most 2 seconds (one each
+    /// for the connection and the confirmation).
     static bool raise(const QString &profile);
 
 Q_SIGNALS:
-    /// Emitted when another process has called raise().
+    /// Emitted from the event loop when another process has called raise().
     void raiseRequested();
 
 private:
+    /// Confirms the requests that have arrived.
     void answer();
 
     QLocalServer m_server;

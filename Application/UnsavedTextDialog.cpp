@@ -23,7 +23,7 @@ UnsavedTextDialog::Choice UnsavedTextDialog::ask(QWidget *parent, const Note &no
     QPushButton *tryAgain = box.addButton(dialogText("&Try Again"), QMessageBox::AcceptRole);
     QPushButton *discard = box.addButton(dialogText("&Discard"), QMessageBox::DestructiveRole);
     QPushButton *copy = box.addButton(dialogText("&Copy Text"), QMessageBox::ActionRole);
-    // The dialog stays open, since a copy in the clipboard is soon lost.
+    // Keep the dialog open, since the clipboard does not keep the copy for long.
     copy->disconnect(&box);
     QObject::connect(copy, &QPushButton::clicked, &box, [&note] {
         QGuiApplication::clipboard()->setText(note.title + QStringLiteral("\n\n") + note.text);

@@ -10,27 +10,30 @@ class NoteLibrary;
 
 /// Journal of texts that could not be saved, so that they survive the end of the process. A text is
 /// a file in the profile folder or, if that cannot be written, in the user's cache or runtime
-/// folder; only the user can read it. Calls block until the file is written. Main thread only.
+/// folder; only the user can read it. Calls block for disk access. Must be used on the main thread.
 class UnsavedTexts {
 public:
-    /// `profileFolder` is the folder of the open profile.
+    /// `profileFolder` is the folder of the open profile. Reads and writes nothing.
     explicit UnsavedTexts(const QString &profileFolder);
 
-    /// Writes `note` of the database `databaseUUID`, in place of an earlier text of that note.
-    /// Fails if no folder can be written.
+    /// Writes `note` of the database `databaseUUID`, replacing an earlier text of that note in the
+    /// same folder. Fails if no folder can be written.
     Expected<void> keep(const QString &databaseUUID, const Note &note) const;
-    /// Removes the text of the note `noteUUID`; does nothing if there is none.
+    /// Removes the text of the note `noteUUID` from all folders. Has no effect if there is none. A
+    /// file that cannot be removed is restored again at the next start, which is harmless if the
+    /// note was saved.
     void remove(const QString &noteUUID) const;
-    /// Saves all texts in `library` and removes them from the journal. The text of a database that
-    /// is not known is saved in the inbox. Returns the titles of the notes that were saved. A text
-    /// that cannot be saved stays in the journal, and an error is returned that names its file.
+    /// Saves all texts in `library` and removes them from the journal. The text of an unknown
+    /// database is saved in the inbox. Returns the titles of the notes. Stops at the first text
+    /// that cannot be saved, which stays in the journal, and returns an error that names its file.
     Expected<QStringList> restore(const NoteLibrary &library) const;
 
 private:
+    /// Returns the paths of the profile's texts in all folders.
     QStringList files() const;
 
-    /// Where to write, in the order of preference.
+    /// The folders in order of preference.
     QStringList m_folders;
-    /// How the names of the profile's files begin.
+    /// Prefix of the names of the profile's files, derived from the path of its folder.
     QString m_prefix;
 };

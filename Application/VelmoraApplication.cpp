@@ -27,7 +27,7 @@ VelmoraApplication::~VelmoraApplication() {
 }
 
 void VelmoraApplication::setDarkAppearance(bool dark) {
-    // Fusion draws in whatever colours it is given.
+    // Fusion uses every color of the palette.
     setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (!dark) {
         setPalette(QPalette(QColor(0xef, 0xef, 0xef)));

@@ -8,29 +8,37 @@
 
 class NoteLibrary;
 
-/// The application object. Errors and assertion failures end here in words: in a message box, or,
-/// while the program does its work without windows, on standard error. So does, once, that
-/// passwords cannot be saved.
+/// The application object. It presents errors and assertion failures: in a message box or, in batch
+/// mode, on standard error. It also reports, once, that passwords cannot be saved. Must be used on
+/// the main thread; it is NSApp() and the shared QuestionPresenter as long as it exists.
 class VelmoraApplication : public QApplication, public QVApplication, public QuestionPresenter {
     Q_OBJECT
 public:
     VelmoraApplication(int &argumentCount, char **arguments);
     ~VelmoraApplication() override;
 
-    /// Not owned; where the inbox comes from.
+    /// Sets the library that contains the inbox; null removes it. Not owned.
     void setLibrary(NoteLibrary *library) { m_library = library; }
+    /// Sets batch mode: no windows, and errors on standard error.
     void setBatch(bool isBatch) { m_isBatch = isBatch; }
-    /// Light or dark colours instead of the desktop's.
+    /// Uses dark or light colors instead of the desktop's, with the Fusion style.
     void setDarkAppearance(bool dark);
+    /// Returns the log, never null. Owned by the application.
     EventLog *eventLog() { return &m_eventLog; }
 
+    /// Returns the inbox; null if there is no library.
     std::shared_ptr<QVDatabase> inbox() const override;
+    /// Appends to the event log.
     void logItemCmd(const QString &title, const QString &info) override;
-    /// Returns at once; the message box is modal to the active window.
+    /// Shows a message box, modal to the active window, and returns at once. In batch mode, writes
+    /// to standard error.
     void presentError(const Error &error) override;
-    /// Without windows every question is refused.
+    /// Shows a message box and returns at once. `handler` is called once, from the event loop; with
+    /// false if the user closes the box, and always in batch mode.
     void ask(const Question &question, std::function<void(bool)> handler) override;
 
+    /// Dispatches an event. If a handler raises an AssertionFailure, logs and presents it and
+    /// returns true; the program continues.
     bool notify(QObject *receiver, QEvent *event) override;
 
 private:

@@ -110,7 +110,7 @@ ProfileUse profileUse(const LaunchOptions &options) {
 
 int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugIn &sync) {
     Expected<void> opened = sync.openProfile(options.profile, profileUse(options));
-    // The process that uses the profile may have begun, and show its windows soon.
+    // The process that uses the profile may just have started; its windows follow soon.
     const QDeadlineTimer deadline(RaiseTimeout);
     while (!opened && !options.isBatch() && sync.isProfileInUse(opened.error()) &&
            !deadline.hasExpired()) {
@@ -142,7 +142,8 @@ int main(int argumentCount, char **arguments) {
 
     LaunchOptions options;
     {
-        // Read before the application object is made: it decides on what that one draws.
+        // Parsed before the application object is created, because the options select its platform
+        // plug-in.
         const QCoreApplication early(argumentCount, arguments);
         options = LaunchOptions::parse(QCoreApplication::arguments());
     }
