@@ -8,7 +8,7 @@
 #include "Platform/KeyValue/SharedPointer.h"
 
 /// A database of the host application. Shared ownership: a database stays valid, but not
-/// necessarily open, while someone holds it. Must be used on the main thread.
+/// necessarily open, as long as a reference to it is held. Must be used on the main thread.
 class HOST_EXPORT QVDatabase : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString UUID READ UUID CONSTANT)

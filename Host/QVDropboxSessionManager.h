@@ -27,7 +27,8 @@ public:
     virtual void authorizeWithFuture(const std::shared_ptr<PZFuture> &future, Handler handler) = 0;
 };
 
-/// Creates authorization sessions. Registered as "QVDropboxSessionManager". Main thread only.
+/// Creates authorization sessions. Registered as "QVDropboxSessionManager". Must be used on the
+/// main thread.
 class HOST_EXPORT QVDropboxSessionManager : public HostClass {
 public:
     /// Returns a new session for the location with this URL; a nil URL stands for a location that

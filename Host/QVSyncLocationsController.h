@@ -12,8 +12,8 @@
 class QVSyncLocation;
 
 /// The user's sync locations in their order. It shares ownership of the locations in its list and
-/// saves them. It announces no changes: whoever changes the list updates what is derived from it.
-/// Must be used on the main thread.
+/// saves them. It announces no changes: code that changes the list must update what is derived from
+/// it. Must be used on the main thread.
 class HOST_EXPORT QVSyncLocationsController : public QObject {
     Q_OBJECT
 public:

@@ -3,17 +3,23 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-/// Whom this computer's server lets in: one keychain item for each client, whose account is the
-/// client's name and whose password is the SHA-256 of the client's secret in hexadecimal, so that
-/// reading it does not let anyone pass for the client. Looked up each time, so that deleting the
-/// item revokes at once. Any thread.
+/// The clients that are authorized to connect to this computer's server. There is one keychain item
+/// for each client: its account is the client's name and its password is the SHA-256 of the
+/// client's secret in hexadecimal, so that reading the item is not enough to impersonate the
+/// client. Every call looks up the item again, so deleting it revokes the client immediately.
+/// Thread-safe. Lookups block for at most the timeout of the secret store.
 namespace DirectConnectionClients {
 
-/// Whether `name` can be shown to a person as it is: not empty, at most 255 bytes of UTF-8, and
+/// Returns whether `name` can be displayed unchanged: not empty, at most 255 bytes of UTF-8, and
 /// printable characters only.
 bool isName(const QString &name);
+/// Returns whether there is a client of this name.
 bool isKnown(const QString &name);
+/// Returns whether the client `name` is authorized with `secret`. Compares in constant time. False
+/// if the keychain is not available.
 bool isAuthorized(const QString &name, const QByteArray &secret);
+/// Authorizes the client `name` with `secret`, replacing a client of the same name. Returns at
+/// once.
 void authorize(const QString &name, const QByteArray &secret);
 
 }  // namespace DirectConnectionClients

@@ -24,7 +24,8 @@ using Key = std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)>;
 using Certificate = std::unique_ptr<X509, decltype(&X509_free)>;
 using Memory = std::unique_ptr<BIO, decltype(&BIO_free)>;
 
-/// A certificate over `key` that does not end (RFC 5280, section 4.1.2.5) and names nobody.
+/// Returns a certificate for `key` that does not expire (RFC 5280, section 4.1.2.5) and identifies
+/// no person or host.
 Certificate selfSigned(EVP_PKEY *key) {
     std::array<unsigned char, 16> serial{};
     RAND_bytes(serial.data(), serial.size());
@@ -45,7 +46,7 @@ Certificate selfSigned(EVP_PKEY *key) {
                                                                : Certificate(nullptr, &X509_free);
 }
 
-/// A new key and its certificate in PEM; empty where the library cannot.
+/// Returns a new key and its certificate in PEM; empty if OpenSSL fails.
 QByteArray newIdentity() {
     const Key key(EVP_EC_gen("P-256"), &EVP_PKEY_free);
     const Certificate certificate = key ? selfSigned(key.get()) : Certificate(nullptr, &X509_free);
@@ -61,7 +62,7 @@ QByteArray newIdentity() {
     return QByteArray(text, size);
 }
 
-/// Writes the whole file or none, never readable by others.
+/// Writes the file atomically; it is never readable by other users.
 bool writePrivately(const QString &path, const QByteArray &contents) {
     const QString unfinished = path + QStringLiteral(".new");
     QFile::remove(unfinished);
@@ -83,7 +84,7 @@ std::optional<Error> DirectConnectionIdentity::load(const QString &directory,
                            path);
     }
     QFile file(path);
-    // Whatever a copy of the profile has made of them.
+    // A copy of the profile may have other permissions.
     file.setPermissions(OwnerOnly);
     const QByteArray contents = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     identity.privateKey = QSslKey(contents, QSsl::Ec);

@@ -8,18 +8,18 @@
 
 #include "Platform/Foundation/Error.h"
 
-/// What a profile's server proves itself by: a private key and a certificate that it signed itself,
-/// which others know again by its fingerprint. Kept as PEM (RFC 7468) in one file of the profile,
-/// which its owner alone may read. A value.
+/// The identity of a profile's server: a private key and a self-signed certificate, which clients
+/// recognize by its fingerprint. Stored as PEM (RFC 7468) in one file of the profile that only its
+/// owner can read.
 struct DirectConnectionIdentity {
     QSslKey privateKey;
     QSslCertificate certificate;
 
-    /// That of the profile in `directory`; made where there is none yet. Any thread. A file that
-    /// is damaged is left as it is, and answered by an error: another key would be a stranger to
-    /// everyone who knows this one.
+    /// Loads the identity of the profile in `directory`, or creates one if there is no file. Blocks
+    /// for file access. Thread-safe. Fails if the file cannot be created or is damaged; a damaged
+    /// file is not replaced, because no paired client would recognize another key.
     static std::optional<Error> load(const QString &directory, DirectConnectionIdentity &identity);
 
-    /// The SHA-256 of a certificate in DER.
+    /// Returns the SHA-256 of a certificate in DER.
     static QByteArray fingerprint(const QByteArray &certificate);
 };

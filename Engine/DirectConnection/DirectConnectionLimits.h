@@ -3,16 +3,17 @@
 #include <QtCore/QtGlobal>
 #include <chrono>
 
-/// What a direct-connection server lets others take of it. A value.
+/// Resource limits of a direct-connection server.
 struct DirectConnectionLimits {
-    /// Beyond it the oldest one that is not authorized gives way; where there is none, the new one.
+    /// Maximum number of connections. Beyond it, the oldest connection that is not authorized is
+    /// closed; if there is none, the new one.
     qsizetype connections = 32;
-    /// From connecting to a greeting or a request to be authorized.
+    /// Timeout from the connection to a greeting or a pairing request.
     std::chrono::milliseconds greetingTime = std::chrono::seconds(10);
-    /// For the person's answer.
+    /// Timeout for the user's answer.
     std::chrono::milliseconds askingTime = std::chrono::minutes(2);
-    /// Without a byte from an authorized client.
+    /// Timeout without received data from an authorized client.
     std::chrono::milliseconds idleTime = std::chrono::minutes(5);
-    /// In which nobody is asked, after the person has refused somebody.
+    /// Time in which the user is not asked again after refusing a client.
     std::chrono::milliseconds pauseAfterRefusal = std::chrono::seconds(10);
 };

@@ -24,7 +24,7 @@ constexpr std::chrono::seconds ConnectingPatience(10);
 
 using Addresses = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
 
-/// As Qt does for its own sockets: a peer that has gone is told by the result of writing.
+/// As Qt does for its own sockets: a closed connection is reported by the result of writing.
 void ignoreBrokenPipes() {
     static const auto previous = std::signal(SIGPIPE, SIG_IGN);
     static_cast<void>(previous);
@@ -48,7 +48,7 @@ Addresses lookUp(const QString &host, quint16 port) {
     return {found, &freeaddrinfo};
 }
 
-/// The host itself, or its address where only the local network knows it.
+/// Returns the host name, or its address if only multicast DNS resolves it.
 QString reachableName(const QString &host) {
     const QString address =
         LocalHostName::isLocal(host) ? LocalHostName::address(host, ConnectingPatience) : QString();
@@ -76,7 +76,7 @@ bool DirectConnectionLink::isConnected() const {
     if (!m_session) {
         return false;
     }
-    // Nothing is to be read between two exchanges but the end.
+    // Between two exchanges, only the end of the connection can be read.
     char next = 0;
     size_t count = 0;
     ERR_clear_error();
@@ -119,7 +119,7 @@ bool DirectConnectionLink::connectTo(const addrinfo &address, const EngineFuture
 std::optional<Error> DirectConnectionLink::startEncryption(const EngineFuture &future) {
     m_context.reset(SSL_CTX_new(TLS_client_method()));
     SSL_CTX_set_min_proto_version(m_context.get(), TLS1_3_VERSION);
-    // Nobody has signed the certificate: who pinned it compares the fingerprint.
+    // The certificate is self-signed; the caller compares the pinned fingerprint.
     SSL_CTX_set_verify(m_context.get(), SSL_VERIFY_NONE, nullptr);
     SSL_CTX_set_mode(m_context.get(), SSL_MODE_ENABLE_PARTIAL_WRITE);
     m_session.reset(SSL_new(m_context.get()));

@@ -15,9 +15,9 @@
 
 struct addrinfo;
 
-/// A client's end of one direct connection. Blocking, but not bound to a thread, as the operations
-/// of a store are not; used by one at a time. TLS is OpenSSL's own, since a QSslSocket stays with
-/// its thread. Whatever fails ends the connection; cancelling the future given ends waiting soon.
+/// The client's end of one direct connection. All functions block; they may be called on any
+/// thread, but only one at a time. It uses OpenSSL directly, because a QSslSocket is bound to its
+/// thread. Any failure closes the connection; cancelling the given future ends a wait at once.
 class DirectConnectionLink {
 public:
     DirectConnectionLink();
@@ -25,28 +25,39 @@ public:
     DirectConnectionLink(const DirectConnectionLink &) = delete;
     DirectConnectionLink &operator=(const DirectConnectionLink &) = delete;
 
-    /// Connects, whoever answers: then `serverFingerprint` says who did. Called once.
+    /// Connects to the server, whatever its identity: the caller must then check
+    /// serverFingerprint(). Must not be called while connected. Blocks while it resolves the name,
+    /// which cannot be cancelled, then for at most 10 seconds for each address and 10 seconds for
+    /// the TLS handshake.
     std::optional<Error> connect(const QString &host, quint16 port, const EngineFuture &future);
-    /// Whether the server has not ended the connection yet. Between two exchanges.
+    /// Returns whether the server has not closed the connection. Must be called between two
+    /// exchanges. Does not block.
     bool isConnected() const;
-    /// That of the server's certificate.
+    /// Returns the SHA-256 of the server's certificate; empty before the first connection.
     QByteArray serverFingerprint() const { return m_serverFingerprint; }
 
-    /// Sends `request` and waits for its answer, for at most `patience` without any progress.
+    /// Sends `request` and waits for the response, for at most `patience` without progress in
+    /// either direction.
     std::optional<Error> exchange(const QCborMap &request, QCborMap &answer,
                                   std::chrono::seconds patience, const EngineFuture &future);
+    /// Closes the connection. Idempotent.
     void disconnect();
 
 private:
+    /// Connects to one address.
     bool connectTo(const addrinfo &address, const EngineFuture &future);
+    /// Performs the TLS handshake and stores the fingerprint.
     std::optional<Error> startEncryption(const EngineFuture &future);
+    /// Transfer exactly `bytes`; return false on failure, timeout or cancellation.
     bool send(const QByteArray &bytes, std::chrono::seconds patience, const EngineFuture &future);
     bool receive(QByteArray &bytes, std::chrono::seconds patience, const EngineFuture &future);
+    /// Wait until the socket is ready again; return false on failure, timeout or cancellation.
     bool waitToGoOn(int result, QDeadlineTimer deadline, const EngineFuture &future) const;
     bool waitFor(short events, QDeadlineTimer deadline, const EngineFuture &future) const;
 
     std::unique_ptr<SSL_CTX, decltype(&SSL_CTX_free)> m_context;
     std::unique_ptr<SSL, decltype(&SSL_free)> m_session;
+    /// File descriptor; -1 while not connected.
     int m_socket = -1;
     QString m_host;
     QByteArray m_serverFingerprint;

@@ -10,50 +10,64 @@
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/DirectConnectionSession.h"
 
-/// Accepts direct connections, on a thread of its own, so that no flood keeps the application from
-/// its work. Made on the main thread, moved to the other, and deleted when that has ended.
+/// Accepts direct connections on its own thread, so that a flood of connections does not block the
+/// application. Created on the main thread, moved to the listener's thread, and deleted there. It
+/// owns its sessions.
 class DirectConnectionListener : public QTcpServer {
     Q_OBJECT
 public:
-    /// What it needs from the main thread. Called on the listener's own thread.
+    /// Requests to the main thread. The functions are called on the listener's thread and must
+    /// return at once.
     struct MainThread {
-        /// Asks the person whether to authorize `client`; `decide` is called with the answer.
+        /// Asks the user whether to authorize `client`; decide() must be called with the answer.
         std::function<void(const DirectConnectionPairing &client)> ask;
-        /// `proceed` is called with `session` when the store is ready to be read.
+        /// Prepares the store; proceed() must be called with `session` when it is ready to be read.
         std::function<void(quint64 session)> prepareStore;
+        /// Notifies that a client has changed the store.
         std::function<void()> storeDidChange;
     };
 
+    /// Does not listen yet.
     DirectConnectionListener(const DirectConnectionIdentity &identity,
                              const DirectConnectionPackage &package,
                              const DirectConnectionLimits &limits, const MainThread &mainThread);
+    /// Closes all connections.
     ~DirectConnectionListener() override;
 
-    /// Of the main thread's answers. On this object's thread.
+    /// Called with the user's decision, on the listener's thread. Ignored if that client has
+    /// disconnected.
     void decide(bool isAccepted);
+    /// Called when the store is ready, on the listener's thread. Ignored if that session has ended.
     void proceed(quint64 session);
 
 protected:
+    /// Creates a session for the socket `descriptor`, or closes it if there are too many.
     void incomingConnection(qintptr descriptor) override;
 
 private:
+    /// An open connection.
     struct Connection {
         quint64 number;
         std::unique_ptr<DirectConnectionSession> session;
     };
 
-    /// False if the user is being asked about another client, or has just refused one.
+    /// Forwards the question; returns false if the user is being asked about another client, or has
+    /// just refused one.
     bool ask(quint64 session, const DirectConnectionPairing &client);
+    /// Closes the oldest expendable session if the limit is reached. Returns false if there is
+    /// none.
     bool makeRoom();
     void remove(quint64 number);
+    /// Returns null if the session has ended.
     DirectConnectionSession *sessionOf(quint64 number) const;
 
     const DirectConnectionSession::Server m_server;
     const MainThread m_mainThread;
-    /// The oldest first.
+    /// Oldest first.
     std::vector<Connection> m_connections;
     quint64 m_lastNumber = 0;
-    /// For whom the person is asked; it may be gone before they answer.
+    /// The session for which the user is being asked; it may have ended meanwhile.
     std::optional<quint64> m_askedFor;
+    /// Until it expires, the user is not asked.
     QDeadlineTimer m_pause{0};
 };

@@ -5,26 +5,30 @@
 #include <QtCore/QString>
 #include <optional>
 
-/// What client and server of a direct connection say to each other: over TLS 1.3, one message after
-/// the other, each four bytes of length, most significant first, and a map in CBOR (RFC 8949) of
-/// that length. Every request has a "type" and gets one answer; keys that nobody knows are ignored.
+/// The protocol of direct connections. Over TLS 1.3, each message consists of four bytes of length
+/// (big-endian) and a CBOR map (RFC 8949) of that length. Every request has a "type" and gets one
+/// response; unknown keys are ignored.
 ///
-/// A client greets first, with "hello", "name" and "secret", or asks to be authorized, as
-/// Pairing says. Both end in "welcome", or in "refused" (nothing tells why), or in "busy" while the
-/// person is asked for somebody else, whereupon the server closes. Only then it may send
-///   "list": "folder" → "names"
-///   "read": "name", "limit" (bytes) → "contents"
-///   "write": "name", "contents" → "isNew", false where there was one of that name before
-///   "remove": "name" → nothing
-/// whose answer is "done", or "failed" with a "reason": "missing", "refused", "full" or
-/// something else.
+/// A client first sends "hello" with "name" and "secret", or starts pairing (see
+/// DirectConnectionPairing). The response is "welcome", "refused" (without a reason), or "busy"
+/// while the user is being asked about another client; after the last two the server closes the
+/// connection. After "welcome" the client may send
+///
+///     "list": "folder" → "names"
+///     "read": "name", "limit" (bytes) → "contents"
+///     "write": "name", "contents" → "isNew", false if a blob of that name existed
+///     "remove": "name" → nothing
+///
+/// The response is "done", or "failed" with a "reason": "missing", "refused", "full", or another
+/// text.
 namespace DirectConnectionMessage {
 
+/// Size of the length in bytes.
 inline constexpr qsizetype LengthSize = 4;
-/// Bytes; what is longer ends the connection.
+/// Maximum message sizes in bytes; a longer message ends the connection.
 inline constexpr qsizetype LimitBeforeAuthorization = 4096;
 inline constexpr qsizetype Limit = qsizetype(64) * 1024 * 1024;
-/// Of the contents in a message, so that the rest finds room too.
+/// Maximum size of the contents in a message, which leaves room for the other keys.
 inline constexpr qint64 ContentsLimit = Limit - LimitBeforeAuthorization;
 
 inline const QString Type = QStringLiteral("type");
@@ -56,13 +60,13 @@ inline const QString BlobMissing = QStringLiteral("missing");
 inline const QString BlobRefused = QStringLiteral("refused");
 inline const QString StoreFull = QStringLiteral("full");
 
-/// A message of that type without anything else.
+/// Returns a message of this type without other keys.
 QCborMap ofType(const QString &type);
-/// Its bytes, the length included.
+/// Returns the bytes of `message`, including the length.
 QByteArray encode(const QCborMap &message);
-/// The length that the first LengthSize bytes tell.
+/// Returns the length in the first LengthSize bytes of `start`, which must not be shorter.
 qsizetype length(const QByteArray &start);
-/// Empty where the bytes after the length are not one map, or hold anything else.
+/// Parses the bytes after the length. Returns an empty optional unless they are exactly one map.
 std::optional<QCborMap> decode(const QByteArray &body);
 
 }  // namespace DirectConnectionMessage

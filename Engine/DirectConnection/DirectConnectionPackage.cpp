@@ -8,7 +8,7 @@
 
 namespace {
 
-// The inbox goes by a name of its own.
+// The inbox has a name of its own.
 const QString DatabasePattern =
     QStringLiteral("(?:[0-9A-Fa-f]{8}(?:-[0-9A-Fa-f]{4}){3}-[0-9A-Fa-f]{12}|@inbox)");
 

@@ -9,23 +9,25 @@
 #include "Engine/Stores/BlobStore.h"
 
 /// The sync store that a direct-connection server serves, the package "Direct
-/// Connection.qvSyncStore" in the profile, as clients may reach it: "databases/UUID.json" and
-/// "transactions/UUID/NAME", where NAME consists of at most 128 ASCII letters, digits, "-", "_" and
-/// ".", and does not begin with the last. Any other name is refused, whatever it is. Shared; made
-/// on the main thread, blocking on any.
+/// Connection.qvSyncStore" in the profile, restricted to the names that clients may use:
+/// "databases/UUID.json" and "transactions/UUID/NAME", where NAME consists of 1 to 128 ASCII
+/// letters, digits, "-", "_" and ".", and does not begin with a point. Any other name is refused
+/// with the code BlobRefused. Copies share the store. Must be created on the main thread; the other
+/// functions block for file access and are thread-safe.
 class DirectConnectionPackage {
 public:
     /// Returns the path of the package of the profile in `directory`.
     static QString pathInProfile(const QString &directory);
 
-    /// `store`: that at `path`.
+    /// `store` is the store of the package at `path`; it must not be null.
     DirectConnectionPackage(const QString &path, std::shared_ptr<BlobStore> store);
 
     QString path() const { return m_path; }
-    /// Makes what is missing of the package.
+    /// Creates the folders of the package that do not exist.
     std::optional<Error> make() const;
 
-    /// As BlobStore says; folders are "databases", "transactions" and "transactions/UUID".
+    /// The operations of BlobStore. Folders are "databases", "transactions" and
+    /// "transactions/UUID".
     Expected<QStringList> list(const QString &folder) const;
     Expected<QByteArray> read(const QString &name, qint64 limit) const;
     Expected<BlobStore::Written> writeIfAbsent(const QString &name,
@@ -35,5 +37,6 @@ public:
 private:
     const QString m_path;
     const std::shared_ptr<BlobStore> m_store;
+    /// Never cancelled.
     const std::shared_ptr<EngineFuture> m_future;
 };

@@ -23,13 +23,13 @@ QByteArray DirectConnectionPairing::commitment() const {
 }
 
 QString DirectConnectionPairing::code() const {
-    // All but the name are of one size each, so that no other parts give the same bytes.
+    // All parts but the name have a fixed size, so no other parts give the same bytes.
     const QByteArray digest =
         QCryptographicHash::hash("velmora code" + serverFingerprint + clientNonce + clientSecret +
                                      serverNonce + clientName.toUtf8(),
                                  QCryptographicHash::Sha256);
     const quint64 number = qFromBigEndian<quint64>(digest.constData()) % CodeCount;
     const QString digits = QStringLiteral("%1").arg(number, 6, 10, QLatin1Char('0'));
-    // A space at which no line is broken.
+    // Separated by a no-break space.
     return digits.left(3) + QChar(QChar::Nbsp) + digits.mid(3);
 }

@@ -3,29 +3,32 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-/// How a client that the server does not know yet is authorized. Both computers show the same short
-/// code; somebody between them, who would have to show one certificate to the client and have
-/// another shown by the server, has another code at each, and cannot choose one:
-///   client → "pair": "name", "commitment", which settles the client's nonce and secret;
-///   server → "pair": "nonce";
-///   client → "reveal": "nonce", "secret";
-/// then both compute the code, the server asks its person, and answers as to a greeting. The
-/// commitment keeps everyone from trying nonces until two codes are equal (as in RFC 6189, section
-/// 4.4.1.1), so that six digits are enough.
+/// The data of a pairing, by which a server authorizes a client that it does not know yet. Both
+/// computers show the same short code. A man in the middle would have to present different
+/// certificates to client and server, so the codes would differ, and he cannot choose them:
+///
+///     client → "pair": "name", "commitment", which fixes the client's nonce and secret
+///     server → "pair": "nonce"
+///     client → "reveal": "nonce", "secret"
+///
+/// Then both compute the code, the server asks its user, and responds as to a greeting. The
+/// commitment prevents trying nonces until two codes are equal (as in RFC 6189, section 4.4.1.1),
+/// so six digits are sufficient. A value; the functions are thread-safe.
 struct DirectConnectionPairing {
-    /// Bytes of a nonce and of a secret.
+    /// Size of nonces and secrets in bytes.
     static constexpr qsizetype RandomSize = 32;
 
-    /// That of the certificate that the server presents.
+    /// Fingerprint of the certificate that the server presents.
     QByteArray serverFingerprint;
     QString clientName;
     QByteArray clientNonce;
     QByteArray clientSecret;
     QByteArray serverNonce;
 
-    /// As many bytes that nobody can guess.
+    /// Returns `RandomSize` cryptographically random bytes.
     static QByteArray random();
+    /// Returns the SHA-256 that the client sends first.
     QByteArray commitment() const;
-    /// Six digits, in two groups for reading aloud.
+    /// Returns the code as text: six digits in two groups.
     QString code() const;
 };

@@ -11,38 +11,39 @@
 
 class ProfileDatabase;
 
-/// The servers that this profile's locations are paired with: the fingerprints of their
-/// certificates, stored in the profile, and the secrets that authorize this computer there, stored
-/// in the keychain; both by location and address. The engine and its stores share the ownership;
-/// create it with std::make_shared. Thread-safe except for `load` and `close`, which must be called
-/// on the main thread.
+/// The servers that this profile's locations are paired with. The fingerprints of their
+/// certificates are stored in the profile, and the secrets that authorize this computer there in
+/// the keychain, both by location and address. Shared ownership by the engine and its stores; must
+/// be created with std::make_shared. Thread-safe except for load() and close(), which must be
+/// called on the main thread.
 class DirectConnectionPairings : public std::enable_shared_from_this<DirectConnectionPairings> {
 public:
-    /// `profile` must outlive this object or the call of `close`.
+    /// `profile` is not owned and must outlive this object or the call of close().
     explicit DirectConnectionPairings(const ProfileDatabase &profile);
     DirectConnectionPairings(const DirectConnectionPairings &) = delete;
     DirectConnectionPairings &operator=(const DirectConnectionPairings &) = delete;
 
-    /// Takes over what the profile holds; called once, when it was opened.
+    /// Reads the fingerprints from the profile. Must be called once on the main thread, after the
+    /// profile was opened.
     Expected<void> load();
 
-    /// Called when the engine ends: from then on no pairing is written to the profile.
+    /// Called when the engine ends. From then on no pairing is written to the profile. Idempotent.
     void close();
 
-    /// Returns the fingerprint of the certificate of the server that `key` is paired with, or an
-    /// empty optional if it is paired with none.
+    /// Returns the fingerprint of the server that was paired for `key`; empty if there is none.
     std::optional<QByteArray> fingerprint(const QString &key) const;
-    /// Returns the secret that authorizes this computer at that server, or an empty optional if
-    /// there is none in the keychain.
+    /// Returns the secret of that pairing; empty also if the keychain does not contain it or is not
+    /// available. Blocks for at most the timeout of the secret store.
     std::optional<QByteArray> secret(const QString &key) const;
-    /// Stores a pairing in place of an earlier one for `key`. Returns at once; the fingerprint is
-    /// written to the profile later, from the main thread's event loop. A failure is logged.
+    /// Stores a pairing, replacing that of the same key. Effective at once for this run; written to
+    /// the keychain and the profile asynchronously. A failure to write the profile is logged.
     void keep(const QString &key, const QByteArray &fingerprint, const QByteArray &secret);
 
 private:
+    /// Writes a fingerprint to the profile, unless this is closed.
     void save(const QString &key, const QByteArray &fingerprint) const;
 
-    /// nullptr once this is closed. Main thread only.
+    /// Null after close(). Used on the main thread only.
     const ProfileDatabase *m_profile;
     mutable std::mutex m_mutex;
     QHash<QString, QByteArray> m_fingerprints;

@@ -24,7 +24,7 @@ quint16 portOrDefault(int port) {
     return isPort ? static_cast<quint16>(port) : DirectConnection::DefaultPort;
 }
 
-/// Later, since the application may be about to start.
+/// Presents the error later, since the application may still be starting.
 void present(const Error &error) {
     MainQueue::dispatchAsync([error] {
         if (QVApplication *application = NSApp()) {
@@ -107,7 +107,7 @@ std::optional<Error> DirectConnectionServer::start() {
         error = listen(identity);
     }
     if (!error) {
-        // Without a name: it bears the computer's.
+        // Without a name: it is announced under the computer's name.
         m_service = std::make_shared<NetService>(QString(), DirectConnection::BonjourServiceType,
                                                  QString(), m_port);
         m_service->publish();
@@ -169,7 +169,7 @@ void DirectConnectionServer::postFor(quint64 listener, std::function<void()> cal
 }
 
 void DirectConnectionServer::askFor(const DirectConnectionPairing &client) {
-    // The answer may come when this listener, or the whole server, has gone.
+    // The decision may arrive after the listener, or the whole server, was destroyed.
     const auto decide = [listener = m_listener](bool isAccepted) {
         if (listener) {
             QMetaObject::invokeMethod(

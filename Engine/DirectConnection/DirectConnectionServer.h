@@ -10,15 +10,17 @@
 class ServedStoreObserver;
 class ProfileDatabase;
 
-/// The server of a profile. It speaks TLS 1.3, under a certificate of the profile's own, to clients
-/// that its person has authorized; DirectConnectionMessage says what. The defaults
+/// The direct-connection server of a profile. It serves clients that the user has authorized, over
+/// TLS 1.3 with the profile's own certificate (see DirectConnectionMessage). Must be used on the
+/// main thread; clients are served on its own thread. The user defaults
 /// "QVDirectConnectionServerPortNumber" and "QVDirectConnectionServerEnabled" are read when the
-/// profile is opened, and written by whoever changes them.
+/// profile is opened; this class does not write them.
 class DirectConnectionServer : public QVDirectConnectionServer {
     Q_OBJECT
 public:
-    /// `profile` must outlive this.
+    /// `profile` is not owned and must outlive this object.
     explicit DirectConnectionServer(const ProfileDatabase &profile);
+    /// Stops serving, see stopServing(), without announcing it.
     ~DirectConnectionServer() override;
 
     /// Reads the user defaults. Must be called once, after the profile was opened. `observer` is
@@ -26,38 +28,48 @@ public:
     void load(const DirectConnectionPackage &package, ServedStoreObserver &observer);
     /// Starts serving if the user has enabled the server. Must be called after load().
     void startIfEnabled();
-    /// For those served from the next start on.
+    /// Sets the limits, which apply from the next start on.
     void setLimits(const DirectConnectionLimits &limits) { m_limits = limits; }
 
     quint16 port() const override { return m_port; }
-    /// 0 stands for the default port. While serving, another port than before restarts.
+    /// Sets the port; 0 selects the default port. Restarts the server if it is serving and the port
+    /// differs.
     void setPort(quint16 port) override;
     bool isServing() const override { return m_listener != nullptr; }
-    /// Presents an error and does not serve where that is impossible, the port being in use for
-    /// example. Harmless while serving.
+    /// Starts serving, blocking for the creation of files and the socket. If that fails, for
+    /// example because the port is in use, presents an error later and does not serve. Has no
+    /// effect while serving.
     void startServing() override;
+    /// Closes all connections and blocks until the server's thread has ended.
     void stopServing() override;
     std::shared_ptr<NetService> bonjourService() const override { return m_service; }
 
 private:
     std::optional<Error> start();
+    /// Starts the thread and the listener.
     std::optional<Error> listen(const DirectConnectionIdentity &identity);
     void stop();
+    /// Returns the functions by which the listener posts its requests to the main thread.
     DirectConnectionListener::MainThread mainThread();
-    /// On the main thread, while the listener is still the one that asks.
+    /// Posts `call` to the main thread. It is dropped if `listener` is no longer the current one by
+    /// then.
     void postFor(quint64 listener, std::function<void()> call);
+    /// Asks the user; refuses if questions cannot be presented.
     void askFor(const DirectConnectionPairing &client);
+    /// Calls the observer, and lets the session proceed when it is done.
     void prepareStore(quint64 session);
 
     const ProfileDatabase &m_profile;
+    /// Empty before load(), as is the observer.
     std::optional<DirectConnectionPackage> m_package;
     ServedStoreObserver *m_observer = nullptr;
     DirectConnectionLimits m_limits;
     quint16 m_port;
     QThread m_thread;
-    /// Lives on the thread.
+    /// Lives on `m_thread`; null while not serving.
     QPointer<DirectConnectionListener> m_listener;
-    /// Counts the listeners.
+    /// Identifies the current listener; incremented for each.
     quint64 m_listenerNumber = 0;
+    /// Null while not serving.
     std::shared_ptr<NetService> m_service;
 };

@@ -13,7 +13,7 @@ namespace {
 
 constexpr qint64 ReadBufferSize = 65536;
 
-/// What the client is told of `error`, whose text is for this computer's person.
+/// Returns the response for `error`, without its text, which is meant for this computer's user.
 QCborMap refusal(const Error &error) {
     const QHash<EngineErrorCode, QString> reasons{{EngineErrorCode::BlobMissing, BlobMissing},
                                                   {EngineErrorCode::BlobRefused, BlobRefused},
@@ -102,11 +102,11 @@ void DirectConnectionSession::readMore() {
             end();
         }
     }
-    // Others have their turn in between.
+    // Let other sessions run in between.
     QMetaObject::invokeMethod(this, &DirectConnectionSession::readMore, Qt::QueuedConnection);
 }
 
-/// Takes in what there is of the next message; tells whether that is all of it.
+/// Reads what has arrived of the next message.
 bool DirectConnectionSession::readMessage() {
     if (m_received.size() < LengthSize) {
         m_received += m_socket.read(LengthSize - m_received.size());
@@ -243,7 +243,7 @@ void DirectConnectionSession::send(const QCborMap &message) {
 }
 
 void DirectConnectionSession::sendLast(const QString &type) {
-    // Ends when the client has it, or when the time is over.
+    // Ends when the client has received the message, or at the timeout.
     m_stage = Stage::Leaving;
     m_timer.start(m_server.limits.greetingTime);
     send(ofType(type));

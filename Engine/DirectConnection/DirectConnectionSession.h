@@ -9,15 +9,16 @@
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/DirectConnection/DirectConnectionPairing.h"
 
-/// The server's end of one direct connection. Lives on the listener's thread; the listener owns it.
+/// The server's end of one direct connection. Lives on the listener's thread; owned by the
+/// listener.
 ///
-/// It answers one message after the other, and takes in no more than what it is about to answer.
-/// Whoever is not authorized can only greet or ask to be, once, in a short message and a short
-/// time; anything else ends the connection without a word.
+/// It responds to one message after the other and buffers at most one. A client that is not
+/// authorized can only greet or pair, once, with a short message and within a short time; anything
+/// else closes the connection without a response.
 class DirectConnectionSession : public QObject {
     Q_OBJECT
 public:
-    /// What all sessions of a server share.
+    /// Shared by all sessions of a server. Constant.
     struct Server {
         QSslConfiguration configuration;
         DirectConnectionPackage package;
@@ -25,43 +26,57 @@ public:
     };
     /// The requests of a session to its owner; they return at once.
     struct Requests {
-        /// Asks the user whether to authorize `client`; `decide` is called with the answer. Returns
-        /// false if the user cannot be asked now.
+        /// Asks the user whether to authorize `client`; decide() must be called with the answer.
+        /// Returns false if the user cannot be asked now.
         std::function<bool(const DirectConnectionPairing &client)> ask;
-        /// `proceed` is called when the store is ready to be read.
+        /// proceed() must be called when the store is ready to be read.
         std::function<void()> prepareStore;
-        /// The client has changed the store.
+        /// Notifies that the client has changed the store.
         std::function<void()> storeDidChange;
     };
 
-    /// `descriptor`: the connected socket, which this object closes. `server` must outlive this.
+    /// `descriptor` is the connected socket, which this object closes. `server` is not owned and
+    /// must outlive this object.
     DirectConnectionSession(qintptr descriptor, const Server &server, Requests requests);
     ~DirectConnectionSession() override;
 
-    /// Whether it may be ended in favour of another one.
+    /// Returns whether the session may be closed in favor of another: if its client is not
+    /// authorized and the user is not being asked about it.
     bool isExpendable() const;
-    /// The person's answer to the question whether to authorize the client.
+    /// Called with the user's decision. Ignored unless it was requested and the session still
+    /// waits.
     void decide(bool isAccepted);
-    /// The store is ready for the client to look into.
+    /// Called when the store is ready to be read. Ignored unless the session waits for that.
     void proceed();
 
 Q_SIGNALS:
-    /// The connection has ended: this can be deleted, though not within this call.
+    /// Emitted once when the connection has ended. The session may be deleted, but not from within
+    /// a handler.
     void ended();
 
 private:
+    /// The stages of a session, in order.
     enum class Stage { Greeting, Revealing, Asking, Preparing, Serving, Leaving, Ended };
 
+    /// Reads what has arrived, unless a response is still being sent, and handles a message that is
+    /// complete.
     void readMore();
+    /// Returns whether the next message is complete. Ends the session if it is too long.
     bool readMessage();
+    /// Dispatches a message by stage and type.
     void handle(const QCborMap &message);
+    /// Check the client's authorization, or start and complete its pairing.
     void greet(const QCborMap &message);
     void beginPairing(const QCborMap &message);
     void reveal(const QCborMap &message);
+    /// Waits until the store is ready.
     void prepare();
+    /// Responds to a request. Looks up the authorization each time, so a revoked client is
+    /// disconnected.
     void serve(const QCborMap &request);
     QCborMap answerTo(const QCborMap &request) const;
     void send(const QCborMap &message);
+    /// Sends a message, after which the connection is closed.
     void sendLast(const QString &type);
     void end();
 
@@ -70,8 +85,9 @@ private:
     QSslSocket m_socket;
     QTimer m_timer;
     Stage m_stage = Stage::Greeting;
+    /// The incomplete message.
     QByteArray m_received;
     QByteArray m_commitment;
-    /// Who the client says it is.
+    /// The client's claims about itself.
     DirectConnectionPairing m_client;
 };

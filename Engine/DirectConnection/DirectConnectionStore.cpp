@@ -20,12 +20,12 @@ using namespace DirectConnectionMessage;
 
 namespace {
 
-/// Without any sign from the server.
+/// Maximum time without received data.
 constexpr std::chrono::seconds AnswerPatience(30);
-/// While the person at the server makes up their mind; longer than the server waits for them.
+/// The same while the server's user decides; longer than the server waits.
 constexpr std::chrono::seconds PairingPatience(150);
 
-/// Under which name this computer asks to be authorized.
+/// Returns the name under which this computer asks for authorization.
 QString clientName() {
     std::array<char, 16384> buffer{};
     passwd entry{};
@@ -184,7 +184,7 @@ std::optional<Error> DirectConnectionStore::pair(const EngineFuture &future) {
 
 std::optional<Error> DirectConnectionStore::confirm(const DirectConnectionPairing &pairing,
                                                     const EngineFuture &future) {
-    // Both persons are asked at the same time, since each has to see the other's code.
+    // Both users are asked at the same time, since each has to see the other's code.
     const PersonsAnswer person(questionFor(URL().host(), pairing.code()));
     QCborMap message = ofType(Reveal);
     message[Nonce] = pairing.clientNonce;

@@ -9,17 +9,20 @@ class DirectConnectionPairings;
 struct DirectConnectionPairing;
 
 /// The store that another computer's server serves. The first connection of a location pairs the
-/// two computers: both persons compare a code, and the server's certificate is pinned, so that
-/// later connections are refused where another one is presented. Connects when it is needed, and
-/// again where the server has ended an idle connection; letting the store go disconnects.
+/// two computers: the users of both compare a code, and the server's certificate is pinned, so
+/// later connections are refused if another one is presented. It connects when needed, and again if
+/// the server has closed an idle connection; it disconnects when it is destroyed. Requests of
+/// several threads are sent one after the other.
 class DirectConnectionStore : public BlobStore {
 public:
-    /// `locationIdentifier`: what the pairing is kept for, together with the URL of `location`.
-    /// `pairings` must not be null.
+    /// A pairing is stored for `locationIdentifier` together with the URL of `location`. `pairings`
+    /// must not be null.
     DirectConnectionStore(const std::shared_ptr<QVSyncLocation> &location,
                           const QString &locationIdentifier,
                           std::shared_ptr<DirectConnectionPairings> pairings);
 
+    /// Connects. May ask the user to compare the pairing code, and then blocks for up to five
+    /// minutes.
     Expected<void> open(const EngineFuture &future) override;
 
 protected:
@@ -31,21 +34,27 @@ protected:
     Expected<void> removeBlob(const QString &name, const EngineFuture &future) override;
 
 private:
-    /// Sends `request` over a connection that is there or made, and takes the answer "done".
+    /// Sends `request`, connecting if necessary, and returns the response if it is "done". `name`
+    /// is used in error messages.
     Expected<QCborMap> request(const QCborMap &request, const QString &name,
                                const EngineFuture &future);
+    /// Connects, checks the pinned certificate, and greets or pairs.
     std::optional<Error> connect(const EngineFuture &future);
+    /// Steps of connecting.
     std::optional<Error> greet(const QByteArray &secret, const EngineFuture &future);
     std::optional<Error> pair(const EngineFuture &future);
     std::optional<Error> confirm(const DirectConnectionPairing &pairing,
                                  const EngineFuture &future);
+    /// Returns an error unless `answer` is "welcome".
     std::optional<Error> takeWelcome(const QCborMap &answer) const;
     Error notUnderstood() const;
+    /// Returns the error for a "failed" response.
     Error refusal(const QCborMap &answer, const QString &name) const;
 
-    /// Under which the pairing is kept.
+    /// Key of the pairing in `m_pairings`.
     const QString m_pairingKey;
     const std::shared_ptr<DirectConnectionPairings> m_pairings;
+    /// Guards the connection.
     std::mutex m_mutex;
     DirectConnectionLink m_link;
 };

@@ -6,15 +6,15 @@
 #include "Application/Interface/QuestionPresenter.h"
 #include "Engine/Foundation/EngineFuture.h"
 
-/// A question to the person, from a thread that can wait for the answer. Any thread.
+/// A question to the user, asked from a thread that can block for the answer. Thread-safe.
 class PersonsAnswer {
 public:
-    /// Shows the question from the main thread's event loop, unless this object is destroyed
-    /// before.
+    /// Presents the question later, from the main thread's event loop. Returns at once. If this
+    /// object is destroyed before, the question is not presented.
     explicit PersonsAnswer(const Question &question);
 
-    /// Waits until it is answered, `future` is cancelled or the `patience` is over; whether it was
-    /// accepted. Never on the main thread.
+    /// Blocks until the user has answered, `future` is cancelled, or `patience` has expired.
+    /// Returns whether the user accepted. Must not be called on the main thread.
     bool wait(const EngineFuture &future, std::chrono::milliseconds patience) const;
 
 private:

@@ -2,15 +2,16 @@
 
 #include <functional>
 
-/// Who keeps the sync store that the direct-connection server serves in step with the databases of
-/// this computer. Main thread.
+/// Observer that keeps the served sync store in sync with this computer's databases. Called on the
+/// main thread.
 class ServedStoreObserver {
 public:
     virtual ~ServedStoreObserver() = default;
 
-    /// An authorized client is about to look into the store. It waits until `proceed` is called,
-    /// on the main thread, within this call or later; the client may be gone by then.
+    /// Called when an authorized client is about to read the store. The client waits until
+    /// `proceed` is called, on the main thread, within this call or later; it may have disconnected
+    /// by then.
     virtual void clientWillRead(std::function<void()> proceed) = 0;
-    /// Clients have written into the store since the last call.
+    /// Called after clients have written to the store, at least once after the last write.
     virtual void clientsDidWrite() = 0;
 };

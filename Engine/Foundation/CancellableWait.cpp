@@ -30,7 +30,7 @@ private:
     const int m_descriptor;
 };
 
-/// In milliseconds, as poll(2) takes it.
+/// Returns the remaining time in milliseconds, as poll(2) expects it.
 int timeLeft(QDeadlineTimer deadline) {
     constexpr qint64 Longest = std::numeric_limits<int>::max();
     return deadline.isForever() ? -1

@@ -8,17 +8,17 @@
 
 #include "Engine/Foundation/EngineFuture.h"
 
-/// Lets a thread wait for an event until a deadline passes or an operation is cancelled, whichever
-/// comes first; cancelling ends the wait at once. The deadline is the total of all waits of one
-/// object. Every function blocks and must not be called on the main thread.
+/// Blocks a thread until an event, a deadline, or the cancellation of an operation, whichever comes
+/// first; cancelling ends the wait at once. The deadline applies to all waits of one object
+/// together. Every function blocks and must not be called on the main thread.
 class CancellableWait {
 public:
     /// `future` must outlive this object.
     CancellableWait(const EngineFuture &future, QDeadlineTimer deadline)
         : m_future(future), m_deadline(deadline) {}
 
-    /// Waits until `isDone`, which is called with `lock` held, returns true; whoever makes it true
-    /// must notify `changed`. Returns the last result of `isDone`.
+    /// Waits until `isDone`, which is called with `lock` held, returns true; the code that makes it
+    /// true must notify `changed`. Returns the last result of `isDone`.
     template <class Condition>
     bool until(std::condition_variable_any &changed, std::unique_lock<std::mutex> &lock,
                Condition isDone) const {

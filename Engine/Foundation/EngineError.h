@@ -16,26 +16,26 @@ enum class EngineErrorCode {
     Cancelled,
     /// The store has no such blob.
     BlobMissing,
-    /// A blob is too long, no plain file, or of a name that no blob may have.
+    /// A blob is too long, not a plain file, or has a name that is not valid for a blob.
     BlobRefused,
-    /// The store does not let this user do that: wrong password, no right, read-only.
+    /// The store denies access: wrong password, missing permission, or read-only.
     AccessDenied,
     StoreFull,
-    /// The server cannot prove to be the one it claims to be.
+    /// The server cannot prove its identity.
     CertificateUntrusted,
-    /// The server of this computer cannot serve.
+    /// The server of this computer cannot be used.
     ServerUnusable,
-    /// A newer program has written it, and only a newer one may change it.
+    /// A newer version of the program has written the data, and only such a version may change it.
     UnknownVersion,
     /// Another process uses the profile.
     ProfileInUse,
 };
 
-/// `description` is a whole sentence for a person.
+/// Returns an error whose message to the user is `description`, a complete sentence.
 Error engineError(EngineErrorCode code, const QString &description);
-/// `text` localized, its "%1" being `place`.
+/// Returns an error whose message is `text`, localized, with `place` for its "%1".
 Error engineError(EngineErrorCode code, const char *text, const QString &place);
 /// Returns true if `error` is the engine's error `code`; codes of other domains do not count.
 bool isEngineError(const Error &error, EngineErrorCode code);
-/// What an operation ends with that was cancelled.
+/// Returns the error of an operation that was cancelled.
 Error operationCancelled();

@@ -8,18 +8,18 @@
 
 class EngineSyncLocation;
 
-/// A kind of sync location: how it is recognised, shown and reached. A value; the functions must
-/// not be null.
+/// A kind of sync location: how it is recognized, shown and accessed. None of the functions may be
+/// empty.
 struct EngineLocationKind {
-    /// The URL schemes of the kind, in small letters.
+    /// The URL schemes of the kind, in lower case.
     QStringList schemes;
-    /// The untranslated name of the kind.
+    /// The untranslated name of the kind, a key of the translation table "Sync".
     const char *type;
-    /// The name of the icon in the engine's resources.
+    /// The name of the icon in the engine's resources, without extension.
     QString iconName;
-    /// Returns the title of a location; where it is empty, the name of the kind is shown.
+    /// Returns the title of a location. If it is empty, the name of the kind is shown.
     std::function<QString(const Url &URL)> title;
-    /// Returns a new store for a location. Called on the main thread.
+    /// Returns a new store for a location; never null. Called on the main thread.
     std::function<std::shared_ptr<BlobStore>(const std::shared_ptr<EngineSyncLocation> &location)>
         createStore;
 };

@@ -5,15 +5,17 @@
 /// The kinds of locations of an engine. Immutable, thus thread-safe.
 class EngineLocationKinds {
 public:
-    /// The schemes of the kinds must differ.
+    /// The schemes of the kinds must be distinct.
     explicit EngineLocationKinds(QList<EngineLocationKind> kinds = {});
 
-    /// Returns the kind whose schemes contain that of `URL`. Any other URL, a nil one included,
-    /// is of a kind whose stores fail in every operation. The reference is valid as long as this
-    /// object.
+    /// Returns the kind whose schemes contain that of `URL`. Any other URL, including nil, has a
+    /// kind whose stores fail in every operation. The reference is valid as long as this object.
+    /// O(number of kinds).
     const EngineLocationKind &kindForURL(const Url &URL) const;
 
 private:
+    /// In the order in which a URL is tested.
     const QList<EngineLocationKind> m_kinds;
+    /// The kind of URLs that no other kind matches.
     const EngineLocationKind m_unknown;
 };

@@ -9,25 +9,33 @@
 class ProfileDatabase;
 
 /// Reads the locations with their states from the profile, and writes what has changed in one
-/// transaction. What another process has removed or changed in the meantime stays as it left it,
-/// unless it was changed here too; a location that it has removed does not come back.
+/// transaction. Changes and removals by another process are kept unless the same value was changed
+/// here too; a location that it has removed is not written again. Must be used on the main thread.
 class EngineLocationsController : public QVSyncLocationsController {
     Q_OBJECT
 public:
-    /// `profile` must outlive this.
+    /// `profile` is not owned and must outlive this object.
     EngineLocationsController(const ProfileDatabase &profile,
                               std::shared_ptr<const EngineLocationKinds> kinds);
 
-    /// Takes over what the profile holds; called once, when it was opened.
+    /// Reads the locations and states from the profile. Must be called once, after the profile was
+    /// opened. If it fails, the controller must not be used. States of locations that do not exist
+    /// are ignored.
     Expected<void> load();
 
     QList<std::shared_ptr<QVSyncLocation>> syncLocations() const override;
     qsizetype countOfSyncLocations() const override { return m_locations.size(); }
+    /// `location` must be an EngineSyncLocation. Neither this nor removing is saved until save() is
+    /// called.
     void insertObjectInSyncLocationsAtIndex(const std::shared_ptr<QVSyncLocation> &location,
                                             qsizetype index) override;
+    /// Locations are compared by identity. O(n).
     qsizetype indexOfObjectInSyncLocations(
         const std::shared_ptr<QVSyncLocation> &location) const override;
+    /// An index out of range is ignored.
     void removeObjectFromSyncLocationsAtIndex(qsizetype index) override;
+    /// Writes the locations and states that have changed, in one transaction. If it fails, nothing
+    /// is written and the changes remain to be saved.
     bool save(std::optional<Error> *error) override;
 
 Q_SIGNALS:
@@ -35,7 +43,7 @@ Q_SIGNALS:
     void locationRemoved(const QString &identifier);
 
 private:
-    /// What the profile holds of a location, without its states.
+    /// The values of a location's row in the profile.
     struct Row {
         QString URLText;
         qsizetype position = 0;
@@ -43,15 +51,20 @@ private:
     };
     using Locations = QList<std::shared_ptr<EngineSyncLocation>>;
 
+    /// Steps of load() and save().
     Expected<void> loadLocations();
+    /// Must follow loadLocations().
     Expected<void> loadStates();
     Expected<void> writeLocations() const;
     Expected<void> writeLocation(const QString &identifier, const Row &row) const;
     Expected<void> writeStates() const;
+    /// Returns whether the profile contains the location.
     bool isSaved(const EngineSyncLocation &location) const;
+    /// Marks all locations and states as saved.
     void rememberSaved();
 
     const ProfileDatabase &m_profile;
+    /// Passed to the locations that are read.
     const std::shared_ptr<const EngineLocationKinds> m_kinds;
     Locations m_locations;
     /// The locations that the profile holds, by their identifiers.

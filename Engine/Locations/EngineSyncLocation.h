@@ -6,51 +6,63 @@
 #include "Engine/Locations/EngineSyncState.h"
 #include "Host/QVSyncLocation.h"
 
-/// A location with its states. Always shared.
+/// A location with its states. Must be created with std::make_shared, and used and destroyed on the
+/// main thread.
 class EngineSyncLocation : public QVSyncLocation,
                            public std::enable_shared_from_this<EngineSyncLocation> {
     Q_OBJECT
 public:
-    /// Creates a new location with an identifier of its own.
+    /// Creates a new location with a random identifier. `URL` may be nil. `kinds` must not be null.
     EngineSyncLocation(const Url &URL, std::shared_ptr<const EngineLocationKinds> kinds);
-    /// Creates the location of a row of the profile. A `URLText` that does not parse gives a nil
-    /// URL, but is kept until the URL is set.
+    /// Creates the location of a row of the profile. If `URLText` cannot be parsed, the URL is nil,
+    /// but the text is kept until setURL() is called.
     EngineSyncLocation(const QString &identifier, const QString &URLText,
                        std::shared_ptr<const EngineLocationKinds> kinds);
 
+    /// Returns nil if there is no URL or its text cannot be parsed.
     Url URL() const override { return m_URL; }
+    /// Later stores are those of the kind of the new URL.
     void setURL(const Url &URL) override;
     QVSyncStates synchronizationStates() const override { return m_states; }
+    /// These are O(1).
     std::shared_ptr<QVSyncState> stateForDatabaseWithUUID(const QString &UUID) const override;
     std::shared_ptr<QVSyncState> addStateForDatabaseWithUUID(const QString &UUID,
                                                              const QString &name) override;
+    /// Returns the same as createBlobStore().
     std::shared_ptr<QVSyncStore> createStore() override;
 
-    /// Returns the same as the engine uses it, never nullptr. Every operation of the store fails
-    /// if the URL belongs to no known kind.
+    /// Returns a new store for the current URL, as the engine uses it; never null. If the URL is of
+    /// an unknown kind, every operation of the store fails. The store keeps this location alive.
     std::shared_ptr<BlobStore> createBlobStore();
-    /// Returns the kind that the URL belongs to now.
+    /// Returns the kind of the current URL. Valid as long as this object.
     const EngineLocationKind &kind() const { return m_kinds->kindForURL(m_URL); }
-    /// Names the location in the profile for as long as it exists.
+    /// Returns the UUID that identifies the location in the profile. Constant.
     QString identifier() const { return m_identifier; }
-    /// What is saved.
+    /// Returns the text of the URL that is saved in the profile.
     QString URLText() const { return m_URLText; }
-    /// Adds a state as the profile holds it, unannounced; ignored where there is one for its
-    /// database.
+    /// Adds a state read from the profile, without announcing it and marked as saved. Ignored if
+    /// `databaseUUID` is empty or has a state already.
     void restoreState(const QString &databaseUUID, const QString &databaseName,
                       const EngineSyncState::Values &values);
+    /// Returns the states in the order of synchronizationStates().
     const QList<std::shared_ptr<EngineSyncState>> &engineStates() const { return m_engineStates; }
 
 private:
+    /// Appends a new state, marked as changed. There must be none for `databaseUUID`.
     std::shared_ptr<EngineSyncState> insertState(const QString &databaseUUID,
                                                  const QString &databaseName,
                                                  const EngineSyncState::Values &values);
 
+    /// Shared with the other locations of the engine.
     const std::shared_ptr<const EngineLocationKinds> m_kinds;
     const QString m_identifier;
+    /// The text of the URL as it was read or set; differs from that of `m_URL` only if it cannot be
+    /// parsed.
     QString m_URLText;
     Url m_URL;
     QVSyncStates m_states;
+    /// The same objects as in `m_states`, in the same order.
     QList<std::shared_ptr<EngineSyncState>> m_engineStates;
+    /// The same states by the UUID of their database.
     QHash<QString, std::shared_ptr<EngineSyncState>> m_stateByUUID;
 };

@@ -4,25 +4,35 @@
 
 class EngineSyncLocation;
 
-/// Keeps what a state's row of the profile holds, and whether the row is still the same.
+/// The state of one database at one location, with the values of its row in the profile. It records
+/// whether they differ from the row. Shared ownership; must be used on the main thread.
 class EngineSyncState : public QVSyncState {
     Q_OBJECT
 public:
+    /// The values of a state that can change.
     struct Values {
         bool isEnabled = false;
         bool syncOnOpen = false;
         bool syncOnClose = false;
+        /// Null if there is none.
         QVSyncSchedulePtr schedule;
+        /// Invalid if the database was never synchronized with the location.
         QDateTime lastSynced;
     };
 
+    /// A new state is marked as changed. `destination` is weak because the location owns its
+    /// states.
     EngineSyncState(std::weak_ptr<EngineSyncLocation> destination, const QString &databaseUUID,
                     const QString &databaseName, const Values &values);
 
     QString databaseUUID() const override { return m_databaseUUID; }
+    /// Returns the name that is saved with the state.
     QString databaseName() const override { return m_databaseName; }
+    /// Returns null once the location is destroyed.
     std::shared_ptr<QVSyncLocation> destination() const override;
     bool isEnabled() const override { return m_values.isEnabled; }
+    /// Each setter marks the state as changed and announces its key, even if the value is equal.
+    /// The location must be saved separately.
     void setEnabled(bool enabled) override;
     QVSyncSchedulePtr schedule() const override { return m_values.schedule; }
     void setSchedule(const QVSyncSchedulePtr &schedule) override;
@@ -31,17 +41,19 @@ public:
     bool syncOnClose() const override { return m_values.syncOnClose; }
     void setSyncOnClose(bool syncOnClose) override;
     QDateTime lastSynced() const override { return m_values.lastSynced; }
-    /// A synchronization has succeeded; the engine's only.
+    /// Called by the dispatcher after a successful synchronization. Announces "lastSynced".
     void setLastSynced(const QDateTime &lastSynced);
 
-    /// Whether the profile does not hold these values yet.
+    /// Returns whether a value was set since the state was last saved.
     bool isChanged() const { return m_isChanged; }
     void setChanged(bool isChanged) { m_isChanged = isChanged; }
 
 private:
+    /// Weak, because the location owns its states.
     const std::weak_ptr<EngineSyncLocation> m_destination;
     const QString m_databaseUUID;
     const QString m_databaseName;
     Values m_values;
+    /// Whether the values differ from the row of the profile.
     bool m_isChanged = true;
 };

@@ -5,7 +5,7 @@
 #include "Engine/Notes/NoteLog.h"
 
 /// A database of the profile. Does not cache notes: they are read from the profile by each call.
-/// Main thread; all functions that read or write the profile block for it.
+/// Must be used on the main thread; all functions that read or write the profile block for it.
 class EngineDatabase : public NoteDatabase {
     Q_OBJECT
 public:

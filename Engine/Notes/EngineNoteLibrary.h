@@ -7,7 +7,8 @@
 
 class ProfileDatabase;
 
-/// The databases of the profile. Main thread; functions that write block for the profile.
+/// The databases of the profile. Must be used on the main thread; functions that write block for
+/// the profile.
 ///
 /// Posts the notifications of Host/Notifications.h to the default notification center, each after
 /// the change is durable and the corresponding signal was emitted.

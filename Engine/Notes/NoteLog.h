@@ -15,10 +15,10 @@ class QSqlQuery;
 /// matter and no superseded operation returns. An operation that has not been sent to any store is
 /// not superseded by the next edit of its note but replaced, and leaves no trace.
 ///
-/// Main thread only; all functions block for the database. Functions that write must be called
-/// within a transaction of the profile, which the caller must roll back if they return an error.
-/// All functions return an error of the code ProfileNotWritten if the database cannot be read or
-/// written; a failed read never looks like an empty result.
+/// Must be used on the main thread; all functions block for the database. Functions that write must
+/// be called within a transaction of the profile, which the caller must roll back if they return an
+/// error. All functions return an error of the code ProfileNotWritten if the database cannot be
+/// read or written; a failed read never looks like an empty result.
 class NoteLog {
 public:
     /// Adds the row of an open database to the profile and returns its id.

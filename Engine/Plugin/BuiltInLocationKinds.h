@@ -4,7 +4,7 @@
 
 class EngineContext;
 
-/// Returns the table of all kinds of locations that the engine reaches. Another kind is another
-/// entry here, a store class, and a form with its menu entry in the preference pane.
-/// The table shares the ownership of what the stores need of `context`.
+/// Returns the table of all kinds of locations that the engine supports. To support another kind,
+/// add an entry here, a store class, and an editor with its menu entry in the preference pane. The
+/// table shares ownership of the parts of `context` that its stores need.
 EngineLocationKinds builtInLocationKinds(const EngineContext &context);

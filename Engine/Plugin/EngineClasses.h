@@ -10,13 +10,16 @@ class SyncEngine;
 class EngineClasses {
 public:
     /// Raises an AssertionFailure if the classes of another engine are registered. `engine` is not
-    /// owned and must outlive this object; it need not have opened its profile.
+    /// owned and must outlive this object; its profile need not be open.
     explicit EngineClasses(SyncEngine &engine);
+    /// Unregisters the classes. Cancels running Dropbox authorizations, and waits for their
+    /// threads.
     ~EngineClasses();
     EngineClasses(const EngineClasses &) = delete;
     EngineClasses &operator=(const EngineClasses &) = delete;
 
 private:
+    /// The class objects with their registrations.
     struct Objects;
     const std::unique_ptr<Objects> m_objects;
 };

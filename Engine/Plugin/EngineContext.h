@@ -9,21 +9,22 @@ class DirectConnectionPairings;
 class FolderGrants;
 class ProfileDatabase;
 
-/// What the stores of one engine share. The stores keep what they use alive, so that an operation
-/// on a worker thread never outlives it. Must be used on the main thread.
+/// The objects that all stores of one engine share. A store shares ownership of those that it uses,
+/// so they outlive an operation on a worker thread. Must be used on the main thread.
 class EngineContext {
 public:
-    /// `profile` must outlive this object.
+    /// `profile` is not owned and must outlive this object.
     explicit EngineContext(const ProfileDatabase &profile);
-    /// Closes what stores may still hold.
+    /// Closes the certificate trust and the pairings, which stores may still hold.
     ~EngineContext();
     EngineContext(const EngineContext &) = delete;
     EngineContext &operator=(const EngineContext &) = delete;
 
-    /// Reads what the profile holds; called once, after it was opened.
+    /// Reads the stored data from the profile. Must be called once, after the profile was opened.
+    /// If it fails, the engine must not be used.
     Expected<void> load();
 
-    /// Never null.
+    /// None of these is null.
     const std::shared_ptr<CertificateTrust> certificateTrust;
     const std::shared_ptr<FolderGrants> folderGrants;
     const std::shared_ptr<DirectConnectionPairings> pairings;

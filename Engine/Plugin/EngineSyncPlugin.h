@@ -10,47 +10,61 @@ class EngineNoteLibrary;
 class LocalStore;
 class ServedStoreSynchronizer;
 
-/// Folder grants are a plain list kept in the profile, at once. Where the profile's setting
-/// "usesSandboxedAccess" is on, folder stores outside every granted folder fail; nothing else is
-/// sandboxed.
+/// The engine as the host's sync plug-in. It owns the locations, the dispatcher and the server.
+/// Must be used on the main thread.
+///
+/// Folder grants are stored in the profile immediately. If the profile's setting
+/// "usesSandboxedAccess" is on, folder stores outside of all granted folders fail; nothing else is
+/// restricted.
 class EngineSyncPlugin : public QVSyncPlugin {
     Q_OBJECT
 public:
-    /// `profile` and `library` must outlive this.
+    /// Neither argument is owned; both must outlive this object.
     EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLibrary &library);
+    /// Stops the server, and cancels running jobs and waits for them.
     ~EngineSyncPlugin() override;
 
-    /// Takes over what the profile holds; called once, when it was opened.
+    /// Reads the stored data from the profile. Must be called once, after the profile was opened.
+    /// If it fails, this object must not be used.
     Expected<void> load();
-    /// Starts the direct-connection server if the user has enabled it.
+    /// Starts the direct-connection server if the user has enabled it. Must be called after load().
+    /// Errors are presented to the user.
     void startServer();
-    /// Returns a new location that is in no list yet.
+    /// Returns a new location that is in no list. Never null.
     std::shared_ptr<EngineSyncLocation> newLocation(const Url &URL) const;
-    /// Returns the kind of locations with `URL`, valid as long as this object.
+    /// Returns the kind of locations with `URL`. Valid as long as this object.
     const EngineLocationKind &kindForURL(const Url &URL) const { return m_kinds->kindForURL(URL); }
+    /// Returns what the stores share. Valid as long as this object.
     const EngineContext &context() const { return m_context; }
-    /// Changes the profile's setting.
+    /// Stores the setting in the profile. Takes effect at once, except for files that are open.
     Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess);
 
+    /// These are owned by this object, and never null.
     QVSyncLocationsController *locationsController() const override;
     QVSyncDispatcher *dispatcher() const override;
     QVDirectConnectionServer *server() const override;
-    /// There once a profile is open.
+    /// Returns the store of this computer's databases; null before load().
     std::shared_ptr<QVSyncStore> localStore() const override;
+    /// Returns the setting as it was last read from or written to the profile.
     bool usesSandboxedAccess() const override;
+    /// Grants access to the folder, or withdraws it. URLs other than file URLs are ignored. A
+    /// failure is only logged.
     void bookmarkURL(const Url &URL) override;
     void removeBookmarkForURL(const Url &URL) override;
+    /// Returns the granted paths in the order in which they were granted.
     QStringList bookmarkDictionaryKeys() const override;
+    /// See MountedVolumes::contain(), which may block for a network volume.
     bool isVolumeMountedAtPath(const QString &path) const override;
 
 private:
     const ProfileDatabase &m_profile;
     EngineNoteLibrary &m_library;
-    /// Before everything that has worker threads.
+    /// Declared first, so that it is destroyed after all objects with worker threads.
     EngineContext m_context;
     const std::shared_ptr<const EngineLocationKinds> m_kinds;
     const std::unique_ptr<EngineLocationsController> m_locationsController;
     const std::unique_ptr<EngineDispatcher> m_dispatcher;
+    /// Null before load(), as is the synchronizer.
     std::shared_ptr<LocalStore> m_localStore;
     std::unique_ptr<ServedStoreSynchronizer> m_servedStoreSynchronizer;
     const std::unique_ptr<DirectConnectionServer> m_server;

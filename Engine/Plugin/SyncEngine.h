@@ -15,34 +15,44 @@
 /// available to the preference pane. Must be used on the main thread.
 class SyncEngine {
 public:
+    /// Opens no profile yet. The application object must exist.
     SyncEngine();
-    /// Cancels what stores still do and waits for its end, so it must not be called while a handler
-    /// waits for the main thread.
+    /// Cancels the operations of all stores (see EngineStore::endAll()), blocks until they have
+    /// ended, and closes the profile. Must not be called while a handler waits for the main thread.
     ~SyncEngine();
     SyncEngine(const SyncEngine &) = delete;
     SyncEngine &operator=(const SyncEngine &) = delete;
 
-    /// See SyncPlugIn::openProfile; `contents` is for a new profile.
+    /// Opens the profile in `directory`, see SyncPlugIn::openProfile. `contents` are the initial
+    /// contents of a new profile. Must be called at most once successfully. Triggers and the server
+    /// start only if `use` is Run.
     Expected<void> openProfile(const QString &directory,
                                FirstContents contents = FirstContents::Welcome,
                                ProfileUse use = ProfileUse::Run);
-    /// nullptr while no profile is open.
+    /// Returns the library; null while no profile is open. Owned by the engine.
     EngineNoteLibrary *library() { return m_isOpen ? &m_library : nullptr; }
+    /// Returns the sync plug-in, owned by the engine. Its data is complete once a profile is open.
     EngineSyncPlugin &plugin() { return m_plugin; }
     const ProfileDatabase &profile() const { return m_profile; }
+    /// Returns the triggers, which start when a profile is opened.
     SyncTriggers &triggers() { return m_triggers; }
 
 private:
+    /// Opens a temporary copy of the profile, so that another process can use the profile itself.
     Expected<void> openSnapshot(const QString &directory, FirstContents contents);
+    /// Reads everything that the profile contains.
     Expected<void> load();
+    /// Installs the translations for the current locale, if there are any.
     void installTranslation();
 
     QTranslator m_translator;
-    /// Holds the copy of the profile; must be destroyed after the database in it is closed.
+    /// Contains the copy of the profile; must be destroyed after the database in it is closed.
     std::unique_ptr<QTemporaryDir> m_snapshotFolder;
     ProfileDatabase m_profile;
     EngineNoteLibrary m_library;
     EngineSyncPlugin m_plugin;
+    /// After the objects that it uses.
     SyncTriggers m_triggers;
+    /// Whether openProfile() has succeeded.
     bool m_isOpen = false;
 };

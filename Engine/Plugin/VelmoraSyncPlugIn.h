@@ -6,7 +6,8 @@
 #include "Engine/Plugin/EngineClasses.h"
 #include "Engine/Plugin/SyncEngine.h"
 
-/// The engine as a plug-in.
+/// The root object of the engine's plug-in. It creates the engine when it is loaded and destroys it
+/// in closeProfile(). Must be used on the main thread.
 class VelmoraSyncPlugIn : public QObject, public SyncPlugIn {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID SyncPlugIn_iid)
@@ -14,11 +15,16 @@ class VelmoraSyncPlugIn : public QObject, public SyncPlugIn {
 public:
     Expected<void> openProfile(const QString &directory, ProfileUse use) override;
     Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess) override;
+    /// Returns whether `error` says that another process uses the profile.
     bool isProfileInUse(const Error &error) const override;
+    /// Destroys the engine, see ~SyncEngine(). No function except library() may be called
+    /// afterwards. Idempotent.
     void closeProfile() override;
+    /// Returns null unless a profile is open.
     NoteLibrary *library() const override;
 
 private:
+    /// Null after closeProfile().
     std::unique_ptr<SyncEngine> m_engine = std::make_unique<SyncEngine>();
     std::unique_ptr<EngineClasses> m_classes = std::make_unique<EngineClasses>(*m_engine);
 };

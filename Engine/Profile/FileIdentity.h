@@ -3,7 +3,7 @@
 #include <QtCore/QString>
 #include <optional>
 
-/// Which file a path names, regardless of its contents. A value; any thread.
+/// Which file a path names, regardless of its contents. A value; thread-safe.
 ///
 /// As long as a file is open, no other file of the same disk gets an equal identity.
 struct FileIdentity {

@@ -5,7 +5,7 @@
 #include "Platform/Foundation/Expected.h"
 
 /// Inspects the files of a profile without changing a byte, so that a file of another program or of
-/// a newer version is never opened for writing. Main thread.
+/// a newer version is never opened for writing. Must be used on the main thread.
 namespace ProfileInspection {
 
 /// Marks a database file as a profile (SQLite's application_id): "Velm" in ASCII.

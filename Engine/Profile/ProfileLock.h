@@ -6,7 +6,7 @@
 
 /// The right of one process to use a profile folder: a lock on the file "profile.lock" in it, which
 /// the kernel releases when the process ends, in whatever way. Works across processes and between
-/// objects of one process. Any thread, one at a time.
+/// objects of one process. May be used on any thread, by one at a time.
 class ProfileLock {
 public:
     /// The name of the lock file. It stays in the folder; only the lock counts.

@@ -2,7 +2,7 @@
 
 #include "Host/QVSyncSchedule.h"
 
-/// A schedule that never fires.
+/// A schedule that never fires. Immutable, thus thread-safe.
 class EngineSchedule : public QVSyncSchedule {
 public:
     bool isHourly() const override { return false; }

@@ -2,10 +2,11 @@
 
 #include <QtCore/QDateTime>
 
-/// What every schedule of the engine can tell besides what the host asks. Any thread.
+/// Interface of the schedules that depend on the clock. Thread-safe.
 class ScheduleByClock {
 public:
     virtual ~ScheduleByClock() = default;
-    /// The first time it fires after `now`, in local time; an invalid date where it never does.
+    /// Returns the first time after `now` at which the schedule fires, in local time; an invalid
+    /// date if it never does. The current clock is not read.
     virtual QDateTime nextDateAfter(const QDateTime &now) const = 0;
 };

@@ -4,16 +4,18 @@
 
 #include "Host/QVSyncSchedule.h"
 
-/// A schedule as the three columns in which a state's row keeps it; all are null for none.
+/// A schedule as the three columns of a state's row in the profile. All are null for no schedule.
 struct ScheduleColumns {
     /// "never", "hourly", "daily" or "weekly".
     QVariant kind;
-    /// Past the hour for an hourly schedule, past midnight for the others.
+    /// Minutes past the hour for an hourly schedule, past midnight for the others.
     QVariant minutes;
-    /// The mask of a weekly schedule.
+    /// The mask of days of a weekly schedule.
     QVariant days;
 
+    /// Returns the columns for `schedule`, which may be null.
     static ScheduleColumns fromSchedule(const QVSyncSchedulePtr &schedule);
-    /// nullptr also for a kind that is unknown.
+    /// Returns a new schedule; null if the kind is null or unknown. Values out of range are handled
+    /// as by the constructors of the schedules.
     QVSyncSchedulePtr schedule() const;
 };

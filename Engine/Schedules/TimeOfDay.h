@@ -4,18 +4,18 @@
 
 #include "Host/QVDailySchedule.h"
 
-/// Times of day by the local clock, also on the days on which it is changed.
+/// Times of day by the local clock, also on days on which the clock changes. Thread-safe.
 namespace TimeOfDay {
 
-/// Where a schedule is made without one.
+/// The time of a schedule that is created without one.
 inline constexpr HourAndMinute Default{9, 0};
 
-/// `time`, or the default for none or one that no clock shows.
+/// Returns `time`, or Default if it is empty or not a valid time.
 HourAndMinute valid(const std::optional<HourAndMinute> &time);
 
-/// The moment at which the local clock shows `time` on `date`. One that it shows twice is the
-/// first; one that it skips is as many minutes after the gap as it would have been into it (RFC
-/// 5545, section 3.3.5).
+/// Returns the moment at which the local clock shows `time` on `date`. If it does so twice, returns
+/// the first. If it skips that time, returns the moment that is as long after the gap as `time` is
+/// into it (RFC 5545, section 3.3.5). `time` must be valid.
 QDateTime on(const QDate &date, const HourAndMinute &time);
 
 }  // namespace TimeOfDay

@@ -28,7 +28,7 @@ bool isName(const QString &name) {
     return std::all_of(parts.begin(), parts.end(), isNamePart);
 }
 
-/// Whether the others can be read all the same.
+/// Returns whether the error concerns a single blob, so that others can still be read.
 bool isOfOneBlob(const Error &error) {
     return isEngineError(error, EngineErrorCode::DamagedRecord) ||
            isEngineError(error, EngineErrorCode::UnknownVersion) ||

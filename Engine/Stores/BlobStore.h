@@ -6,51 +6,55 @@
 #include "Engine/Stores/EngineStore.h"
 #include "Platform/Foundation/Expected.h"
 
-/// What all kinds of sync stores are: named blobs that are written once and never change.
+/// Common base of all kinds of sync stores: named blobs that are written once and never change.
 ///
-/// A name is the way to the blob from the store's own folder, such as "databases/UUID.json" or
-/// "transactions/UUID/NAME", always with "/". Each part has 1 to 255 bytes in UTF-8, no control
-/// character, and does not begin with a point; anything else is refused before the store is asked.
+/// A name is the path of the blob in the store's folder, such as "databases/UUID.json" or
+/// "transactions/UUID/NAME", always with "/" as separator. Each component has 1 to 255 bytes of
+/// UTF-8, contains no control character, and does not begin with a point. Any other name is refused
+/// with the code BlobRefused, without access to the store.
 ///
-/// All operations block and are called on a worker thread; several threads may call. An operation
-/// whose `future` is cancelled soon ends with an error of the code Cancelled. The store need not
-/// have been opened by a handler; `open` tells best why nothing would work.
+/// All operations block and must be called on a worker thread; they are thread-safe. If `future` is
+/// cancelled, an operation soon returns an error of the code Cancelled; a write or removal may have
+/// happened nevertheless. open() need not have been called, but returns the best error message if
+/// the store cannot be used.
 ///
-/// Others write there too, and nothing that they wrote is believed: what is read is whatever lies
-/// under that name now.
+/// Other clients write to the same store, and their data is not trusted: a read returns whatever is
+/// stored under the name at that time.
 class BlobStore : public EngineStore {
 public:
     using EngineStore::EngineStore;
 
-    /// Bytes; a longer record of a database is refused.
+    /// Maximum size of a database record in bytes; a longer one is refused.
     static constexpr qint64 RecordLimit = 65536;
 
+    /// Result of a write.
     enum class Written {
         New,
-        /// Something was there before, which may be what an earlier try of the same write has left
-        /// when its answer was lost.
+        /// A blob of this name existed before. It may come from an earlier attempt of the same
+        /// write whose response was lost.
         AlreadyThere
     };
 
-    /// The names directly in `folder`, folders among them, sorted; without those that are no names
-    /// of blobs. A folder that is not there is empty.
+    /// Returns the names directly in `folder`, including folders, sorted and without duplicates.
+    /// Entries that are not valid names are omitted. A folder that does not exist is empty.
     Expected<QStringList> list(const QString &folder, const EngineFuture &future);
-    /// The contents of a blob. One that is not there is an error of the code BlobMissing; one
-    /// longer than `limit` bytes, which is not read whole, or which is no plain file, one of the
-    /// code BlobRefused.
+    /// Returns the contents of a blob. Fails with the code BlobMissing if it does not exist, and
+    /// with BlobRefused if it is longer than `limit` bytes (no more than that is read) or not a
+    /// plain file.
     Expected<QByteArray> read(const QString &name, qint64 limit, const EngineFuture &future);
-    /// Writes a blob where there is none of that name, with the folders that it needs. It is there
-    /// whole or not at all, whatever happens meanwhile.
+    /// Writes a blob unless one of that name exists, and creates the folders that it needs. Atomic:
+    /// other clients see the complete blob or none, also if the write is interrupted.
     Expected<Written> writeIfAbsent(const QString &name, const QByteArray &contents,
                                     const EngineFuture &future);
-    /// Harmless where there is no such blob. Folders stay.
+    /// Removes a blob. Succeeds if it does not exist. Its folders remain.
     Expected<void> remove(const QString &name, const EngineFuture &future);
 
-    /// Where `name` is, for a person to read.
+    /// Returns the location of `name` as text for the user.
     virtual QString place(const QString &name) const;
 
 protected:
-    /// What a kind of store does; the names were checked.
+    /// Implementations of the operations above. Names were checked, and `future` was not cancelled
+    /// before. Names returned by listFolder() need not be valid or sorted.
     virtual Expected<QStringList> listFolder(const QString &folder, const EngineFuture &future) = 0;
     virtual Expected<QByteArray> readBlob(const QString &name, qint64 limit,
                                           const EngineFuture &future) = 0;
@@ -58,17 +62,20 @@ protected:
                                         const EngineFuture &future) = 0;
     virtual Expected<void> removeBlob(const QString &name, const EngineFuture &future) = 0;
 
+    /// Return the errors for a blob that does not exist, is too long, or is not a plain file.
     Error missing(const QString &name) const;
     Error tooLong(const QString &name) const;
     Error refused(const QString &name) const;
 
-    /// Reads the records "databases/UUID.json". Each is a JSON object (RFC 8259) of "uuid", which
-    /// is that of the file name, "name", which is not empty, and "version", which is 1. What is
-    /// wrong with one is told beside the databases of the others; where the store fails meanwhile,
-    /// there is only the error.
+    /// Reads the records "databases/UUID.json". Each is a JSON object (RFC 8259) with "uuid", the
+    /// UUID of the file name; "name", which is not empty; and "version", which is 1. The first
+    /// record that is damaged or not accessible is reported as `problem` next to the other
+    /// databases. If the store fails, returns only the error.
     Expected<Fetched> fetch(const EngineFuture &future) override;
 
 private:
+    /// Returns an error if `future` is cancelled or `name` is not valid.
     std::optional<Error> obstacle(const QString &name, const EngineFuture &future) const;
+    /// Returns the name in the record `file`.
     Expected<QString> databaseName(const QString &file, const EngineFuture &future);
 };

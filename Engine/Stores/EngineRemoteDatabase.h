@@ -2,10 +2,12 @@
 
 #include "Engine/Stores/EngineRemoteDatabaseMetadata.h"
 
-/// Made on a worker thread; lives on the main thread.
+/// A database in a store. Immutable. Created on a worker thread and moved to the main thread, on
+/// which it must be destroyed.
 class EngineRemoteDatabase : public QVRemoteDatabase {
     Q_OBJECT
 public:
+    /// Shares ownership of `store`, which must not be null. The application object must exist.
     EngineRemoteDatabase(const QString &UUID, const QString &name,
                          const std::shared_ptr<QVSyncStore> &store);
 
@@ -15,6 +17,7 @@ public:
 
 private:
     const QString m_UUID;
+    /// Owned as a child.
     QVRemoteDatabaseMetadata *const m_metadata;
     const std::shared_ptr<QVSyncStore> m_store;
 };

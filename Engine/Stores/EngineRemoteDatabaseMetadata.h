@@ -2,6 +2,7 @@
 
 #include "Host/QVRemoteDatabase.h"
 
+/// The metadata of a database in a store. Immutable; owned by its EngineRemoteDatabase.
 class EngineRemoteDatabaseMetadata : public QVRemoteDatabaseMetadata {
     Q_OBJECT
 public:

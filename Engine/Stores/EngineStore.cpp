@@ -15,10 +15,10 @@
 
 namespace {
 
-/// Milliseconds.
+/// Interval in milliseconds in which endAll() cancels operations started by handlers.
 constexpr int LongestUncancelled = 100;
 
-/// The futures of the operations that have not ended.
+/// The futures of running operations. Thread-safe.
 class RunningOperations {
 public:
     void add(const std::shared_ptr<PZFuture> &future) {
@@ -66,7 +66,7 @@ EngineStore::EngineStore(const std::shared_ptr<QVSyncLocation> &location)
     : m_location(location), m_URL(location->URL()) {}
 
 EngineStore::~EngineStore() {
-    // The last one to let go may be a worker thread, but locations die on the main thread only.
+    // The last owner may be a worker thread, but locations must be destroyed on the main thread.
     if (QThread::currentThread() != m_location->thread()) {
         MainQueue::dispatchAsync([location = std::exchange(m_location, nullptr)] {});
     }
@@ -103,7 +103,7 @@ std::shared_ptr<PZFuture> EngineStore::closeWithCompletionHandler(ErrorHandler h
 }
 
 void EngineStore::endAll() {
-    // Again and again, since the handler of one may start the next.
+    // Repeated, since the handler of one operation may start the next.
     do {
         runningOperations().cancel();
     } while (!QThreadPool::globalInstance()->waitForDone(LongestUncancelled));

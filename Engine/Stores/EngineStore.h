@@ -9,12 +9,15 @@
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Foundation/Url.h"
 
-/// What all stores share: operations run on worker threads, each handler is called there once, and
-/// a cancelled operation ends with an error of the code Cancelled. Always shared; made on the main
-/// thread.
+/// Common base of all stores. Operations run on threads of the global thread pool, each handler is
+/// called there exactly once, and a cancelled operation ends with an error of the code Cancelled.
+/// Must be created with std::make_shared on the main thread; the last owner may be any thread.
 class EngineStore : public QVSyncStore, public std::enable_shared_from_this<EngineStore> {
 public:
+    /// Shares ownership of `location`, which must not be null. The store keeps using the URL that
+    /// the location has now.
     explicit EngineStore(const std::shared_ptr<QVSyncLocation> &location);
+    /// Releases the location on the main thread.
     ~EngineStore() override;
 
     std::shared_ptr<QVSyncLocation> location() const override { return m_location; }
@@ -23,32 +26,40 @@ public:
         DatabasesHandler handler) override;
     std::shared_ptr<PZFuture> closeWithCompletionHandler(ErrorHandler handler) override;
 
-    /// What opening does, at once: says why the store cannot be used. Blocks; on a worker thread.
+    /// Opens the store: returns an error that says why it cannot be used. Blocks; must be called on
+    /// a worker thread.
     virtual Expected<void> open(const EngineFuture &future) = 0;
 
-    /// Cancels every operation of any store and waits until none runs any more: before the code
-    /// goes.
+    /// Cancels the operations of all stores and blocks until none is running, including those that
+    /// handlers start meanwhile. Must be called on the main thread, before the code is unloaded.
     static void endAll();
 
 protected:
+    /// The result of fetch().
     struct Fetched {
         QVRemoteDatabases databases;
-        /// What is wrong with single records, although the others were read; empty if nothing is.
+        /// Why single records could not be read although the others were; empty if all were read.
         std::optional<Error> problem = {};
     };
 
-    /// That of the location when the store was made.
+    /// Returns the URL that the location had when the store was created.
     const Url &URL() const { return m_URL; }
+    /// Returns a new database of this store. Never null.
     std::shared_ptr<QVRemoteDatabase> record(const QString &UUID, const QString &name);
 
-    /// What a kind of store does; called on a worker thread. `future` says whether to go on.
+    /// Reads the databases. Blocks; called on a worker thread while the store is open. Should
+    /// return soon after `future` is cancelled.
     virtual Expected<Fetched> fetch(const EngineFuture &future) = 0;
 
 private:
+    /// Call open() and fetch(), and return the error of a cancelled operation if `future` is
+    /// cancelled.
     Expected<void> openUnlessCancelled(const EngineFuture &future);
     Expected<Fetched> fetchUnlessCancelled(const EngineFuture &future);
 
+    /// Not const only because the destructor moves it to the main thread.
     std::shared_ptr<QVSyncLocation> m_location;
     const Url m_URL;
+    /// Set by the last open operation that has ended, cleared by closing.
     std::atomic<bool> m_isOpen = false;
 };

@@ -2,7 +2,8 @@
 
 #include "Engine/Stores/BlobStore.h"
 
-/// Stands where there is no store for the location's URL: whatever is asked of it fails.
+/// The store of a location whose URL is nil or of an unknown kind: every operation fails with an
+/// error that says so.
 class UnreachableStore : public BlobStore {
 public:
     using BlobStore::BlobStore;

@@ -17,24 +17,32 @@ class CleanSession : public StoreSession {
 public:
     using StoreSession::StoreSession;
 
+    /// Writes or removes transactions, depending on the step.
     Expected<void> accessStore(BlobStore &store, const EngineFuture &future) override;
     Expected<void> accessProfile() override;
 
 private:
+    /// The steps, in order. Writing is repeated for each new transaction.
     enum class Step { Choosing, Writing, Removing };
+    /// The contents of known transactions by name.
     using Transactions = QHash<QString, KnownTransactions::Contents>;
 
+    /// Determines which transactions to rewrite and remove, and what must be written before.
     Expected<void> chooseTransactions();
     /// Removes from `all` the transactions with an operation that is not in `operations`, and
     /// returns their names.
     static QStringList takeTransactionsWithOthers(Transactions &all,
                                                   const QSet<OperationId> &operations);
+    /// Returns the names of the transactions that contain operations other than `current` ones, or
+    /// ones that another transaction contains too, or that are small. O(number of operations).
     static QStringList transactionsToRewrite(const Transactions &all,
                                              const QSet<OperationId> &current);
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
+    /// Removes the chosen transactions from the store; stops at the first error.
     Expected<void> removeTransactions(BlobStore &store, const EngineFuture &future) const;
 
     Step m_step = Step::Choosing;
+    /// The names of the transactions to remove.
     QStringList m_toRemove;
 };

@@ -3,17 +3,19 @@
 #include "Engine/Synchronization/SyncJob.h"
 #include "Host/QVSyncDispatcher.h"
 
-/// Runs up to four jobs at a time, in the order in which they were asked for, but only one for any
-/// database and one for any location. What goes wrong and what went well is told in the
-/// application's log.
+/// Runs up to four jobs at a time, in the order in which they were requested, but only one for each
+/// database and one for each location. Failures and successes are reported in the application's
+/// log. Must be used on the main thread.
 class EngineDispatcher : public QVSyncDispatcher {
     Q_OBJECT
 public:
-    /// Both must outlive this.
+    /// Neither argument is owned; both must outlive this object.
     EngineDispatcher(const ProfileDatabase &profile, EngineNoteLibrary &library);
-    /// Cancels what runs and waits for it; handlers that were not called are dropped.
+    /// Cancels the running jobs and waits for their threads. Handlers that were not called yet are
+    /// not called.
     ~EngineDispatcher() override;
 
+    /// Starts a clean-up. `handler` is called on the main thread, from the event loop.
     void cleanRemoteStoreWithSynchronizationState(const std::shared_ptr<QVSyncState> &state,
                                                   std::function<void()> handler) override;
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states) override;
@@ -21,35 +23,45 @@ public:
                                                           std::function<void()> handler) override;
     QString activity() const override;
 
-    /// Synchronizes with a store that is no location; `handler` is called on the main thread when
-    /// that has ended, with why it failed.
+    /// Starts a synchronization with a store that belongs to no location. `handler` is called on
+    /// the main thread when it has ended, with the error if it failed; it is not called if the
+    /// dispatcher is destroyed before.
     void synchronizeWithStore(const StoreSession::Subject &subject,
                               const std::shared_ptr<BlobStore> &store,
                               std::function<void(const std::optional<Error> &error)> handler);
 
-    /// Cancels the jobs of the location `identifier`: those that run end soon, and those that wait
-    /// never start. Their handlers are called later, with an error of the code Cancelled.
+    /// Cancels the jobs of the location `identifier`: running ones end soon, and waiting ones never
+    /// start. Their handlers are called later, with an error of the code Cancelled.
     void cancelJobsOfLocation(const QString &identifier);
 
 private:
+    /// A job that is waiting or running.
     struct Entry {
         std::shared_ptr<SyncJob> job;
-        /// The title of the location.
+        /// The title of the location, or the path of a store without location.
         QString title;
-        /// nullptr where the store is no location.
+        /// Null if the store belongs to no location.
         std::shared_ptr<QVSyncState> state;
         QList<std::function<void(const std::optional<Error> &error)>> handlers;
     };
 
+    /// Adds a job, or only `handler` if such a job is already waiting. Calls `handler` later,
+    /// without a job, if the state has no location of this engine.
     void enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncState> &state,
                  const std::function<void()> &handler);
     /// Calls `handler` from the event loop, unless this object is destroyed before.
     void postHandler(std::function<void()> handler);
+    /// Starts waiting jobs as far as the limits allow, and announces the activity.
     void startWaiting();
+    /// Returns whether a running job uses the same database or store.
     bool isBusy(const StoreSession::Subject &subject) const;
+    /// Reports the result of `job`, starts waiting jobs, and calls the job's handlers.
     void ended(const SyncJob *job);
+    /// Returns the name of the database, as far as it is known.
     QString nameOf(const StoreSession::Subject &subject) const;
+    /// Writes the problems and the result of a job to the application's log.
     void report(const Entry &entry);
+    /// Sets and stores the date of the last synchronization.
     void rememberSynchronized(QVSyncState &state);
 
     const ProfileDatabase &m_profile;

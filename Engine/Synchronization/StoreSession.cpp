@@ -8,7 +8,7 @@
 
 namespace {
 
-/// As many identifiers take about as much space as a usual transaction.
+/// This many identifiers take about as much space as a usual transaction.
 constexpr qsizetype IdentifiersInTransaction = 30000;
 
 }  // namespace

@@ -43,8 +43,8 @@ public:
     /// error of the code Cancelled soon after `future` is cancelled. An error ends the session.
     virtual Expected<void> accessStore(BlobStore &store, const EngineFuture &future) = 0;
     /// Performs the part of the current step that reads or writes the profile, and chooses the next
-    /// step. Main thread. An error, such as a failed read, ends the session before anything is
-    /// written to the store or removed from it on account of it.
+    /// step. Must be called on the main thread. An error, such as a failed read, ends the session
+    /// before anything is written to the store or removed from it on account of it.
     virtual Expected<void> accessProfile() = 0;
     /// Returns whether the session has completed all steps.
     bool isDone() const { return m_isDone; }
@@ -52,6 +52,7 @@ public:
     const QList<Error> &problems() const { return m_problems; }
 
 protected:
+    /// Constant, thus thread-safe.
     const Subject &subject() const { return m_subject; }
     const ProfileDatabase &profile() const { return m_profile; }
     EngineNoteLibrary &library() const { return m_library; }
@@ -61,7 +62,7 @@ protected:
     const NoteLog &log() const;
     /// The database must exist.
     KnownTransactions known() const;
-    /// Removes the transactions `names` from the known ones. Main thread.
+    /// Removes the transactions from the known ones. Must be called on the main thread.
     Expected<void> forgetTransactions(const QStringList &names);
 
     /// Returns the folder of the database's transactions in the store.
@@ -74,13 +75,13 @@ protected:
     /// What remains to be written to the store.
     QList<OperationId> m_operationsToWrite;
     QSet<OperationId> m_supersededToWrite;
-    /// Moves as much of it as fills a record to the next transaction. Returns false if nothing
-    /// remains. Main thread.
+    /// Moves as much as fits into a record to the next transaction. Returns false if nothing
+    /// remains. Must be called on the main thread.
     Expected<bool> prepareNextTransaction();
-    /// Writes the prepared transaction to the store and reads it back. Returns an error of the code
-    /// DamagedRecord if the store does not contain what was written. Worker thread.
+    /// Writes the prepared transaction to the store, and reads it back to verify it. Must be called
+    /// on a worker thread.
     Expected<void> writeTransaction(BlobStore &store, const EngineFuture &future);
-    /// Adds the transaction that was written to the known ones. Main thread.
+    /// Adds the written transaction to the known ones. Must be called on the main thread.
     Expected<void> recordWrittenTransaction();
     /// Returns whether an operation was superseded before it was written.
     bool hasFailedToWriteAll() const { return m_hasFailedToWriteAll; }
@@ -90,6 +91,7 @@ private:
     EngineNoteLibrary &m_library;
     const Subject m_subject;
     QList<Error> m_problems;
+    /// The prepared transaction, its name and, once it is written, its size in bytes.
     Transaction m_transaction;
     QString m_transactionName;
     qint64 m_writtenSize = 0;

@@ -12,6 +12,7 @@
 /// functions must be called on the main thread.
 class SyncJob : public std::enable_shared_from_this<SyncJob> {
 public:
+    /// A clean-up synchronizes first.
     enum class Kind { Synchronization, CleanUp };
 
     /// `profile` and `library` are not owned and must outlive the threads of the pool. The job
@@ -36,7 +37,9 @@ public:
 private:
     /// Starts the next step, or ends the job if there is none or an error occurred.
     void continueJob();
+    /// Runs `work` on a thread of the pool, then finishStep() on the main thread.
     void runOnThread(const std::function<Expected<void>()> &work);
+    /// Continues the current session on the main thread, unless the step failed.
     void finishStep(const Expected<void> &result);
 
     const Kind m_kind;
@@ -48,5 +51,6 @@ private:
     StoreSession *m_session = nullptr;
     std::optional<Error> m_error;
     QThreadPool *m_pool = nullptr;
+    /// Empty after it was called.
     std::function<void()> m_handler;
 };

@@ -12,20 +12,25 @@ class SyncSession : public StoreSession {
 public:
     using StoreSession::StoreSession;
 
+    /// Reads or writes the store, depending on the step.
     Expected<void> accessStore(BlobStore &store, const EngineFuture &future) override;
     Expected<void> accessProfile() override;
 
 private:
+    /// The steps, in order. Reading and Writing are repeated until everything is read or written.
     enum class Step { Listing, Reading, Writing, Naming };
+    /// A transaction that was read and not merged yet.
     struct Read {
         QString name;
         Transaction transaction;
+        /// Size of its record in bytes.
         qint64 size = 0;
     };
-    /// State of the database's record in the store. Untouchable: of an unknown version, or not a
+    /// State of the database's record in the store. Untouchable means an unknown version, or not a
     /// plain file.
     enum class Record { Sound, Absent, Damaged, Untouchable };
 
+    /// Parts that access the store, called on a worker thread.
     Expected<void> list(BlobStore &store, const EngineFuture &future);
     Expected<void> readDatabaseRecord(BlobStore &store, const EngineFuture &future);
     Expected<void> readTransactions(BlobStore &store, const EngineFuture &future);
@@ -33,6 +38,7 @@ private:
                                    const EngineFuture &future);
     Expected<void> writeDatabaseRecord(BlobStore &store, const EngineFuture &future) const;
 
+    /// Parts that access the profile, called on the main thread.
     Expected<void> compareListing();
     Expected<void> importDatabase();
     Expected<void> mergeTransactions();
@@ -44,10 +50,14 @@ private:
     Expected<void> continueWriting();
 
     Step m_step = Step::Listing;
+    /// The names of the transactions that remain to be read.
     QStringList m_unread;
+    /// The transactions read since the last merge, and their total size in bytes.
     QList<Read> m_read;
     qsizetype m_readSize = 0;
     Record m_record = Record::Absent;
+    /// The name of the database in the store's record; empty unless a valid record was read.
     QString m_recordedName;
+    /// The name to write to the store's record.
     QString m_nameToRecord;
 };

@@ -11,8 +11,8 @@ class QVSyncDispatcher;
 class QVSyncLocationsController;
 
 /// Starts the synchronizations that an enabled state requests: when its database is opened (or is
-/// open when the profile is opened), when its database is closed, and when its schedule fires. Main
-/// thread.
+/// open when the profile is opened), when its database is closed, and when its schedule fires. Must
+/// be used on the main thread.
 ///
 /// Schedules are compared with the wall clock at every full minute, and when the computer wakes up.
 /// A schedule that was due several times since the last check fires once. If the clock is set back,
@@ -32,19 +32,23 @@ public:
     void checkSchedules(const QDateTime &now);
 
 private:
+    /// Starts the timer for the next check.
     void waitForNextMinute();
     /// Returns whether `database` belongs to the library. The notifications of databases are posted
     /// for the databases of every engine of the process.
     bool isOwn(const QVDatabase &database) const;
+    /// Start the synchronizations that the states request for that event.
     void databaseOpened(const QVDatabase &database);
     void databaseClosed(const QVDatabase &database);
     /// Returns the enabled states of all locations that satisfy `condition`.
     QVSyncStates states(const std::function<bool(const QVSyncState &)> &condition) const;
+    /// Passes the states to the dispatcher, unless there are none.
     void synchronize(const QVSyncStates &states);
 
     const QVSyncLocationsController &m_locations;
     QVSyncDispatcher &m_dispatcher;
     EngineNoteLibrary &m_library;
     QTimer m_timer;
+    /// The time of the latest check.
     QDateTime m_lastCheck;
 };

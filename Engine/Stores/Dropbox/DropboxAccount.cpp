@@ -15,7 +15,7 @@ QUrl routeBelow(QUrl address, const QString &route) {
     return address;
 }
 
-/// Only ASCII may stand in a header: JSON can write everything else as "\uXXXX".
+/// Returns the object as JSON in ASCII, as header fields require: other characters become "\uXXXX".
 QByteArray headerText(const QJsonObject &object) {
     const QString text = QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
     QByteArray result;
@@ -29,11 +29,11 @@ QByteArray headerText(const QJsonObject &object) {
     return result;
 }
 
-/// Lets one thread at a time refresh tokens; the threads that wait find the tokens of the first.
-/// Process-wide, as the secret store is that holds the tokens.
+/// Lock that lets one thread at a time refresh tokens; waiting threads then find the new tokens.
+/// Process-wide, as is the secret store that contains the tokens.
 class RefreshTurn {
 public:
-    /// Waits until no other thread has the turn, or until `future` is cancelled.
+    /// Waits until no other thread has the lock, or until `future` is cancelled.
     explicit RefreshTurn(const EngineFuture &future) {
         std::unique_lock lock(s_mutex);
         m_isOurs = CancellableWait(future, QDeadlineTimer::Forever).until(s_ended, lock, [] {

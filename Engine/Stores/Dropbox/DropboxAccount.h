@@ -7,28 +7,35 @@
 #include "Engine/Stores/Dropbox/DropboxConnection.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
 
-/// Calls of Dropbox's API in the name of one account that was signed in. Tokens are refreshed when
-/// they have ended; where that does not help any more, an error of the code AccessDenied asks the
-/// person to sign in again. All blocks, on worker threads; several may call.
+/// Calls Dropbox's API on behalf of one account that has signed in. Expired tokens are refreshed;
+/// if that does not help, an error of the code AccessDenied tells the user to sign in again. All
+/// calls block and must be made on worker threads; they are thread-safe.
 class DropboxAccount {
 public:
+    /// `address` is the e-mail address of the account. `timeouts` apply to each request. Reads the
+    /// configuration.
     DropboxAccount(const QString &address, HttpClient::Timeouts timeouts);
 
-    /// What serves the API, for a person to read.
+    /// Returns the address of the API, for messages to the user; empty if the configuration is not
+    /// valid.
     QUrl server() const;
-    /// Calls a route that takes and gives JSON. `limit`: bytes of the answer.
+    /// Calls a route with JSON as argument and result. `limit` is the maximum size of the response
+    /// in bytes.
     Expected<HttpClient::Response> call(const QString &route, const QJsonObject &argument,
                                         qint64 limit, const EngineFuture &future);
-    /// Calls a route that takes or gives contents.
+    /// Calls a route that transfers contents.
     Expected<HttpClient::Response> callForContents(const QString &route,
                                                    const QJsonObject &argument,
                                                    const QByteArray &contents, qint64 limit,
                                                    const EngineFuture &future);
 
 private:
+    /// Sends a request with the account's token; once more with a new token if that is refused.
     Expected<HttpClient::Response> send(HttpClient::Request request, const EngineFuture &future);
+    /// Returns the tokens in memory or in the secret store, refreshed if they have expired.
     Expected<DropboxTokens> tokens(const EngineFuture &future);
-    /// Tokens other than those with `access`, which is not good any more.
+    /// Returns tokens other than those with the access token `access`, which has become invalid.
+    /// One thread of the process at a time refreshes tokens.
     Expected<DropboxTokens> renewedTokens(const QByteArray &access, const EngineFuture &future);
     void keep(const DropboxTokens &tokens);
 

@@ -2,7 +2,7 @@
 
 #include "Host/PZDropboxAccountInfo.h"
 
-/// An account as Dropbox has named it.
+/// An account, identified by the e-mail address that Dropbox reports. Immutable.
 class DropboxAccountInfo : public PZDropboxAccountInfo {
 public:
     explicit DropboxAccountInfo(const QString &email) : m_email(email) {}

@@ -22,8 +22,8 @@ namespace {
 
 constexpr auto Base64Url = QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals;
 
-/// Whether the main thread has opened the browser. Shared, since the thread that waits may be gone
-/// when the main thread gets to it.
+/// The result of opening the browser. Shared, since the waiting thread may have given up before the
+/// main thread opens it.
 class BrowserStart {
 public:
     void setOpened(bool isOpened) {
@@ -31,7 +31,7 @@ public:
         m_isOpened = isOpened;
         m_changed.notify_one();
     }
-    /// Waits for `setOpened`; empty if `future` is cancelled before.
+    /// Waits for setOpened(); returns an empty optional if `future` is cancelled before.
     std::optional<bool> wait(const EngineFuture &future) {
         std::unique_lock lock(m_mutex);
         CancellableWait(future, QDeadlineTimer::Forever).until(m_changed, lock, [this] {
@@ -46,7 +46,7 @@ private:
     std::optional<bool> m_isOpened;
 };
 
-/// 43 characters from 256 random bits, as RFC 7636, 4.1 recommends it.
+/// Returns 43 characters from 256 random bits, as RFC 7636, section 4.1 recommends.
 QString randomText() {
     std::array<quint32, 8> words{};
     QRandomGenerator::system()->fillRange(words.data(), words.size());
@@ -108,7 +108,7 @@ Expected<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration 
                    {"state", state},
                    {"code_challenge", challengeFor(verifier)},
                    {"code_challenge_method", QStringLiteral("S256")},
-                   // Only then there is a refresh token.
+                   // Required to receive a refresh token.
                    {"token_access_type", QStringLiteral("offline")},
                    {"scope", QStringLiteral("account_info.read files.metadata.read "
                                             "files.content.read files.content.write")}});

@@ -4,28 +4,34 @@
 #include "Engine/Stores/Dropbox/DropboxConnection.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
 
-/// One sign-in to Dropbox as RFC 8252 has it for programs on a person's own computer: the browser
-/// shows Dropbox's page, and comes back to a loopback address with a code, which is exchanged for
-/// tokens together with the proof that it is ours (RFC 7636, method S256).
+/// One sign-in to Dropbox as described in RFC 8252 for native programs: the browser shows Dropbox's
+/// page and is redirected to a loopback address with a code, which is exchanged for tokens. The
+/// exchange is protected by PKCE (RFC 7636, method S256).
 class DropboxAuthorization {
 public:
+    /// The timeouts of a sign-in.
     struct Limits {
-        /// Until the person has signed in.
+        /// Maximum time for the user to sign in.
         std::chrono::milliseconds person = std::chrono::minutes(10);
         HttpClient::Timeouts server = {};
     };
 
-    /// `mainThread`: an object there; it must outlive this.
+    /// `mainThread` is an object that lives on the main thread, where the browser is opened. It is
+    /// not owned and must outlive this object.
     DropboxAuthorization(QObject &mainThread, const Limits &limits);
 
-    /// The whole sign-in: the account's address, under which its tokens are stored now. Blocks, on
-    /// a worker thread; called once.
+    /// Performs the whole sign-in. Returns the account's e-mail address, under which its tokens are
+    /// then stored. Blocks until the user has signed in, the timeout has expired or `future` is
+    /// cancelled; must be called once, on a worker thread.
     Expected<QString> run(const EngineFuture &future);
 
 private:
+    /// Lets the user sign in, and returns the tokens.
     Expected<DropboxTokens> tokens(const DropboxConfiguration &configuration,
                                    const EngineFuture &future);
+    /// Opens the browser on the main thread and waits for that.
     Expected<void> openBrowser(const QUrl &address, const EngineFuture &future);
+    /// Asks the server for the address of the account.
     Expected<QString> accountAddress(const DropboxConfiguration &configuration,
                                      const DropboxTokens &tokens, const EngineFuture &future);
 

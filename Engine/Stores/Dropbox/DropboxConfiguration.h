@@ -5,24 +5,24 @@
 
 #include "Platform/Foundation/Expected.h"
 
-/// How Dropbox is reached, as the user defaults have it. A value.
+/// The addresses and the application key used for Dropbox, as set in the user defaults.
 ///
-/// The addresses are "https", or "http" on this computer's loopback interface. Those not set are
-/// Dropbox's public ones, see https://www.dropbox.com/developers/documentation/http.
+/// Addresses must use https (http is allowed for loopback only). Those not set are Dropbox's public
+/// ones, see https://www.dropbox.com/developers/documentation/http.
 struct DropboxConfiguration {
-    /// What Dropbox knows this program by; there is none of its own yet.
+    /// The key that identifies this program to Dropbox. There is no built-in key yet.
     static inline const QString ApplicationKeyDefault = QStringLiteral("QVDropboxApplicationKey");
-    /// Where the person signs in: "https://www.dropbox.com/oauth2/authorize".
+    /// The page on which the user signs in; by default "https://www.dropbox.com/oauth2/authorize".
     static inline const QString AuthorizeAddressDefault =
         QStringLiteral("QVDropboxAuthorizeAddress");
-    /// Where tokens come from: "https://api.dropboxapi.com/oauth2/token".
+    /// The token endpoint; by default "https://api.dropboxapi.com/oauth2/token".
     static inline const QString TokenAddressDefault = QStringLiteral("QVDropboxTokenAddress");
-    /// What routes are appended to: "https://api.dropboxapi.com/2".
+    /// The prefix of routes; by default "https://api.dropboxapi.com/2".
     static inline const QString APIAddressDefault = QStringLiteral("QVDropboxAPIAddress");
-    /// The same for routes that carry contents: "https://content.dropboxapi.com/2".
+    /// The prefix of routes that transfer contents; by default "https://content.dropboxapi.com/2".
     static inline const QString ContentAddressDefault = QStringLiteral("QVDropboxContentAddress");
-    /// The port of this computer to which the browser is sent back; 0 for any that is free. A
-    /// server that takes only addresses which were registered with it needs a certain one.
+    /// The local port to which the browser is redirected; 0 selects a free one. A server that
+    /// accepts only registered addresses needs a fixed port.
     static inline const QString RedirectPortDefault = QStringLiteral("QVDropboxRedirectPort");
 
     QString applicationKey;
@@ -32,6 +32,7 @@ struct DropboxConfiguration {
     QUrl contentAddress;
     quint16 redirectPort = 0;
 
-    /// Read anew each time; or what is wrong with it. Any thread.
+    /// Reads the configuration from the user defaults, each time. Fails if there is no application
+    /// key or an address is not secure. Thread-safe.
     static Expected<DropboxConfiguration> current();
 };

@@ -2,18 +2,21 @@
 
 #include "Engine/Stores/Http/HttpClient.h"
 
-/// Requests to Dropbox's servers, which say when there are too many (status 429, or 503, with
-/// Retry-After; RFC 6585, 4 and RFC 9110, 10.2.3): the same request is sent again then, but not
-/// before the time they name. As HttpClient in all else.
+/// Sends requests to Dropbox's servers and obeys their rate limits: after status 429, or 503 with
+/// Retry-After (RFC 6585, section 4; RFC 9110, section 10.2.3), the request is sent again after the
+/// time that the server states. Otherwise like HttpClient, including threads.
 class DropboxConnection {
 public:
-    /// Of one request, all its tries together. Where a server wants more, that is an error.
+    /// Maximum waiting time of one request, all attempts together. If a server demands more, the
+    /// request fails.
     static constexpr std::chrono::seconds MostWaiting = std::chrono::seconds(120);
-    /// Where a server wants some, but does not say how much.
+    /// Waiting time if the server does not state one in seconds.
     static constexpr std::chrono::seconds UnnamedWaiting = std::chrono::seconds(5);
 
     explicit DropboxConnection(HttpClient::Timeouts timeouts);
 
+    /// Sends `request` and returns the response. Blocks; returns an error of the code Cancelled at
+    /// once if `future` is cancelled while waiting.
     Expected<HttpClient::Response> send(const HttpClient::Request &request,
                                         const EngineFuture &future);
 

@@ -2,20 +2,20 @@
 
 #include "Engine/Stores/Http/HttpClient.h"
 
-/// What is told when Dropbox does not do what it was asked for.
+/// The errors of requests to Dropbox, with messages for the user.
 namespace DropboxError {
 
-/// No tokens of the account are there.
+/// There are no tokens for the account.
 Error notSignedIn(const QString &account);
-/// The account's tokens are not taken any more.
+/// The account's tokens are no longer accepted.
 Error signInAgain(const QString &account);
 /// The user signed in as `signedIn`, but the location's account is `account`.
 Error otherAccount(const QString &account, const QString &signedIn);
-/// An answer of `server` that says nothing of the matter itself.
+/// The response of `server` has an unexpected status.
 Error unexpected(const HttpClient::Response &response, const QUrl &server);
-/// An answer of `server` that is none.
+/// The response of `server` is not valid.
 Error notUnderstood(const QUrl &server);
-/// `server` wants to be left alone for long.
+/// `server` demands a longer waiting time than allowed.
 Error busy(const QUrl &server);
 
 }  // namespace DropboxError

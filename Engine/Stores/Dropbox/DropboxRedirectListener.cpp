@@ -11,7 +11,7 @@ namespace {
 
 const QString RedirectPath = QStringLiteral("/dropbox");
 
-/// Browsers open some connections ahead, and leave them unused.
+/// Browsers open some connections in advance and leave them unused.
 constexpr qsizetype MostConnections = 32;
 constexpr qsizetype LongestRequest = 16384;
 constexpr int MillisecondsToDeliver = 2000;
@@ -30,7 +30,7 @@ QByteArray httpAnswer(const QByteArray &status, const QString &text) {
            body;
 }
 
-/// The value of the only parameter of that name; null where there is none, or more than one.
+/// Returns the value of the parameter of that name; null unless there is exactly one.
 QString onlyValue(const QUrlQuery &query, const QString &name) {
     const QStringList values = query.allQueryItemValues(name, QUrl::FullyDecoded);
     return values.size() == 1 ? values.first() : QString();

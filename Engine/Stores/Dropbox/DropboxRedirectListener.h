@@ -8,35 +8,39 @@
 #include "Engine/Foundation/EngineFuture.h"
 #include "Platform/Foundation/Expected.h"
 
-/// Where the browser is sent when the person has signed in, or has refused: an address of this
-/// computer's loopback interface (RFC 8252, 7.3) that is served for just as long. Anyone on this
-/// computer can call it, and every page in the browser; so nothing is believed but the answer to
-/// the one question of that `state` (RFC 6749, 10.12), and whatever else comes is turned away
-/// without an end to the waiting. Lives on the thread that made it, which need not have an event
-/// loop.
+/// Receives the browser's redirect after the user has signed in or refused: a server at a loopback
+/// address (RFC 8252, section 7.3) that exists only as long as this object. Every program and every
+/// web page on this computer can send requests to it, so only the response with the given `state`
+/// (RFC 6749, section 10.12) is accepted; all other requests are rejected without ending the wait.
+/// Must be used on the thread that created it, which need not run an event loop.
 class DropboxRedirectListener : public QObject {
     Q_OBJECT
 public:
+    /// `state` must be unguessable.
     explicit DropboxRedirectListener(const QString &state);
 
-    /// Begins to serve at `port`, 0 for one that is free.
+    /// Starts to listen at `port`; 0 selects a free port. Fails if the port cannot be used.
     Expected<void> listen(quint16 port);
-    /// The address, once that is done.
+    /// Returns the redirect address. Valid after listen().
     QString address() const;
-    /// Waits for the answer, but not longer than `limit`: the authorization code, or why there is
-    /// none. The person is told in the browser that they may close its window.
+    /// Waits for the redirect, at most for `limit` or until `future` is cancelled, running an event
+    /// loop. Returns the authorization code, or an error if the user refused or the time expired.
+    /// The browser shows that its window can be closed.
     Expected<QString> wait(const EngineFuture &future, std::chrono::milliseconds limit);
 
 private:
+    /// Handle connections; the oldest is closed if there are too many.
     void accept();
     void read(QTcpSocket *socket);
     void answer(QTcpSocket *socket, const QByteArray &request);
+    /// Returns the result that the redirect's query contains; empty if it is not that of `m_state`.
     std::optional<Expected<QString>> resultOf(const QString &query) const;
 
     const QString m_state;
     QList<QTcpSocket *> m_sockets;
     std::optional<Expected<QString>> m_result;
     QEventLoop m_waiting;
-    /// The last, since the sockets that go with it say good-bye to the others.
+    /// Must be the last member: destroying the server closes its sockets, whose slots use the
+    /// members above.
     QTcpServer m_server;
 };

@@ -4,11 +4,12 @@
 
 class DropboxSessionManager;
 
-/// Authorizes the account of a location's URL, and only that one; any account if the URL is nil.
-/// When the user signs in with another account, the error is presented, and the handler gets it.
+/// An authorization session. If the location has a URL, only its account is authorized: if the user
+/// signs in with another one, the session presents the error and passes it to the handler. If the
+/// URL is nil, any account is. Must be used on the main thread.
 class DropboxSession : public QVDropboxSession {
 public:
-    /// `manager` must outlive every use of this.
+    /// `manager` is not owned and must outlive every use of this object.
     DropboxSession(DropboxSessionManager &manager, const Url &URL)
         : m_manager(manager), m_URL(URL) {}
     void authorizeWithFuture(const std::shared_ptr<PZFuture> &future, Handler handler) override;

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// A person who has closed the browser's page without an answer may begin anew meanwhile.
+/// A user who closes the browser's page without signing in may start again meanwhile.
 constexpr int MostAuthorizations = 16;
 
 }  // namespace

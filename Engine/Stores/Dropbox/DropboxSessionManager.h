@@ -9,33 +9,38 @@
 
 class EngineFuture;
 
-/// Runs the authorizations of all sessions, each on a thread of its own. Main thread.
+/// Runs the authorizations of all sessions, each on its own thread. Must be used on the main
+/// thread.
 class DropboxSessionManager : public QVDropboxSessionManager {
 public:
     explicit DropboxSessionManager(const DropboxAuthorization::Limits &limits = {});
-    /// Cancels what still runs, and calls the handlers that wait.
+    /// Cancels the authorizations that are running, blocks until their threads have ended, and
+    /// calls the pending handlers with an error of the code Cancelled.
     ~DropboxSessionManager() override;
     DropboxSessionManager(const DropboxSessionManager &) = delete;
     DropboxSessionManager &operator=(const DropboxSessionManager &) = delete;
 
     std::shared_ptr<QVDropboxSession> sessionWithURL(const Url &URL) override;
 
-    /// As QVDropboxSession has it. `handler` is never called before this returns. A future that is
-    /// cancelled stays so: with it, every later authorization ends at once.
+    /// Starts an authorization, see QVDropboxSession. `handler` is never called from within this
+    /// call. A cancelled future stays cancelled: later authorizations with it end at once.
     void authorize(const std::shared_ptr<PZFuture> &future, QVDropboxSession::Handler handler);
 
 private:
+    /// A running authorization.
     struct Run {
         std::shared_ptr<EngineFuture> future;
         QVDropboxSession::Handler handler;
     };
 
+    /// Calls the handler of the authorization `number`, once.
     void finish(quint64 number, const Expected<QString> &address);
 
     const DropboxAuthorization::Limits m_limits;
     quint64 m_lastNumber = 0;
     QHash<quint64, Run> m_runs;
-    /// What is queued for it runs here, and goes with it.
+    /// Receives the results of the threads; calls that are still queued are dropped when it is
+    /// destroyed.
     QObject m_mainThread;
     QThreadPool m_threads;
 };

@@ -14,20 +14,20 @@ namespace {
 
 const QString PackagePath = QStringLiteral("/Velmora.") + SyncStoreLayout::Extension;
 constexpr qint64 AnswerLimit = 1 << 20;
-/// Says in JSON what is wrong with the arguments, or with what they name.
+/// The body describes the error in JSON.
 constexpr int RouteFailed = HttpStatus::Conflict;
 
 QString pathOf(const QString &name) {
     return name.isEmpty() ? PackagePath : PackagePath + u'/' + name;
 }
 
-/// The address is the URL's own text: it was put there as it is.
+/// Returns the account's address, which is the text after the scheme, without any encoding.
 QString accountAddressOf(const Url &URL) {
     return URL.absoluteString().section(QStringLiteral("://"), 1);
 }
 
-/// What is wrong, from the general to the particular: "path/conflict/file". Empty where the answer
-/// is none of a route that failed.
+/// Returns the tags of the error, from general to specific, such as "path/conflict/file"; empty
+/// unless the response is an error of a route.
 QString failedPart(const HttpClient::Response &response) {
     QStringList tags;
     QJsonObject object;
@@ -51,7 +51,7 @@ bool isNotFound(const HttpClient::Response &response) {
     return failedPart(response).endsWith(QStringLiteral("/not_found"));
 }
 
-/// Whether the route has done what it was asked for; it tells in JSON what has come of it.
+/// Returns whether the route succeeded; `outcome` is the JSON that describes its result.
 bool isDone(const HttpClient::Response &response, const QByteArray &outcome) {
     return response.status == HttpStatus::OK &&
            !QJsonDocument::fromJson(outcome).object().isEmpty();
@@ -188,7 +188,7 @@ Expected<BlobStore::Written> DropboxStore::writeBlob(const QString &name,
                                    {QStringLiteral("mode"), QStringLiteral("add")},
                                    {QStringLiteral("autorename"), false},
                                    {QStringLiteral("strict_conflict"), true},
-                                   // Nobody wants to be told of each.
+                                   // Suppress Dropbox's notification for each upload.
                                    {QStringLiteral("mute"), true}},
                                   contents, AnswerLimit, future);
     if (!answer) {

@@ -3,27 +3,27 @@
 #include "Engine/Stores/BlobStore.h"
 #include "Engine/Stores/Dropbox/DropboxAccount.h"
 
-/// A package in a Dropbox account, which is named by the location's URL: "dropbox://" and the
-/// account's e-mail address. There is one package in an account, the folder "/Velmora.qvSyncStore",
-/// laid out as a FolderStore is; Dropbox makes it and the folders in it when something is written
-/// there, so that one which is not there is as good as an empty one.
+/// A package in a Dropbox account, identified by the location's URL: "dropbox://" followed by the
+/// account's e-mail address. An account contains one package, the folder "/Velmora.qvSyncStore",
+/// with the same layout as a FolderStore. Dropbox creates it and its folders when a blob is
+/// written, so a package that does not exist is equivalent to an empty one.
 ///
-/// A blob is written with the mode "add" and strict about conflicts, so that a name which is taken
-/// stays as it is. Dropbox does not tell names apart by their case. Whether a name holds a folder
-/// is not looked at before it is removed. The interface is that of
-/// https://www.dropbox.com/developers/documentation/http, version 2.
+/// A blob is written with the mode "add" and strict conflicts, so an existing blob is never
+/// overwritten. Dropbox does not distinguish names by case. Removing does not check whether a name
+/// is a folder. Uses version 2 of https://www.dropbox.com/developers/documentation/http.
 class DropboxStore : public BlobStore {
 public:
+    /// `timeouts` apply to each request.
     explicit DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
                           HttpClient::Timeouts timeouts = HttpClient::Timeouts());
 
-    /// Bytes of one page of the answer that lists a folder.
+    /// Maximum size in bytes of one page of a folder listing.
     static constexpr qint64 PageLimit = 4 << 20;
-    /// Bytes of memory for the names of one folder; a longer listing is refused.
+    /// Maximum memory in bytes for the names of one folder; a longer listing is refused.
     static constexpr qsizetype ListingLimit = 64 << 20;
-    /// Of one folder; a list that goes on is not understood.
+    /// Maximum number of pages of a folder; a longer listing is an error.
     static constexpr int MostPages = 10000;
-    /// Bytes; Dropbox takes no longer blob in one piece.
+    /// Maximum size of a blob in bytes; Dropbox accepts no larger single upload.
     static constexpr qint64 ContentsLimit = 150 << 20;
 
     Expected<void> open(const EngineFuture &future) override;
@@ -40,8 +40,10 @@ protected:
 private:
     using Response = HttpClient::Response;
 
+    /// Request a page of a folder's listing.
     Expected<Response> firstPage(const QString &folder, const EngineFuture &future);
     Expected<Response> nextPage(const QString &cursor, const EngineFuture &future);
+    /// Return the error for the response to a request for `name`.
     Error routeError(const Response &response, const QString &name) const;
     Error pathError(const Response &response, const QString &name) const;
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// RFC 6749, 5.2: the code or the refresh token is not, or not any more, good for anything.
+/// Returns whether the code or refresh token is invalid or has expired (RFC 6749, section 5.2).
 bool isGrantRefused(const HttpClient::Response &response) {
     return response.status == HttpStatus::BadRequest &&
            QJsonDocument::fromJson(response.body).object().value(QStringLiteral("error")) ==

@@ -5,23 +5,25 @@
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
 #include "Engine/Stores/Http/FormEncoding.h"
 
-/// Where tokens come from (RFC 6749, 3.2), for a program that cannot keep a secret of its own. All
-/// blocks; on a worker thread.
+/// The token endpoint (RFC 6749, section 3.2), used as a public client, which has no client secret.
+/// All calls block and must be made on a worker thread.
 class DropboxTokenEndpoint {
 public:
-    /// Both must outlive this.
+    /// Neither argument is owned; both must outlive this object.
     DropboxTokenEndpoint(const DropboxConfiguration &configuration, DropboxConnection &connection)
         : m_configuration(configuration), m_connection(connection) {}
 
-    /// The tokens for `code`, which the browser has brought to `redirectAddress` (RFC 6749, 4.1.3);
-    /// `verifier` proves who had asked for it (RFC 7636, 4.5).
+    /// Exchanges `code`, which the browser brought to `redirectAddress`, for tokens (RFC 6749,
+    /// section 4.1.3). `verifier` proves that this program requested it (RFC 7636, section 4.5).
     Expected<DropboxTokens> exchange(const QString &code, const QString &verifier,
                                      const QString &redirectAddress, const EngineFuture &future);
-    /// Fresh tokens of `account` for those of old (RFC 6749, 6).
+    /// Refreshes the tokens of `account` (RFC 6749, section 6). The old refresh token is kept if
+    /// the server sends no new one.
     Expected<DropboxTokens> refresh(const DropboxTokens &tokens, const QString &account,
                                     const EngineFuture &future);
 
 private:
+    /// Sends a request; returns `refusal` if the server rejects it.
     Expected<DropboxTokens> ask(const QList<FormEncoding::Field> &fields, const Error &refusal,
                                 const EngineFuture &future);
 

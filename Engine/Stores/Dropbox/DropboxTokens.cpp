@@ -13,11 +13,11 @@ const QString AccessKey = QStringLiteral("access");
 const QString RefreshKey = QStringLiteral("refresh");
 const QString ExpiryKey = QStringLiteral("expiry");
 
-/// A request that is sent now arrives within that time.
+/// Maximum time between sending a request and its arrival.
 constexpr qint64 SecondsOnTheWay = 60;
 constexpr double LongestLife = 10.0 * 365 * 24 * 3600;
 
-/// What may stand in a header (RFC 6750, 2.1); nothing else is a token.
+/// Returns whether `text` can be sent in a header (RFC 6750, section 2.1).
 bool isToken(const QByteArray &text) {
     return std::all_of(text.begin(), text.end(),
                        [](char character) { return character > ' ' && character < '\x7f'; });

@@ -4,26 +4,27 @@
 #include <QtCore/QDateTime>
 #include <optional>
 
-/// What an account's requests are authorized with (RFC 6749, 1.4 and 1.5). A value.
+/// The tokens that authorize requests for an account (RFC 6749, sections 1.4 and 1.5).
 ///
-/// They are kept nowhere but in the desktop's secret store: as a generic password of the service
-/// "Velmora Dropbox", under the account's address.
+/// They are stored only in the desktop's secret store: as a generic password of the service
+/// "Velmora Dropbox", with the account's address as account.
 struct DropboxTokens {
     QByteArray access = {};
-    /// Empty where there is none.
+    /// Empty if there is none.
     QByteArray refresh = {};
-    /// When `access` ends; invalid where that is not known.
+    /// When `access` expires; invalid if that is not known.
     QDateTime expiry = {};
 
-    /// From the answer of the token endpoint (RFC 6749, 5.1); empty optional where it is none.
+    /// Parses the response of the token endpoint (RFC 6749, section 5.1). Returns an empty optional
+    /// if it is not valid.
     static std::optional<DropboxTokens> fromAnswer(const QByteArray &answer);
 
-    /// Those of the account with the address `account`; empty optional where there are none or they
-    /// cannot be read. May wait for the secret store. Any thread, as is the next.
+    /// Returns the stored tokens of the account with the address `account`; empty if there are none
+    /// or they cannot be read. Blocks for at most the timeout of the secret store. Thread-safe.
     static std::optional<DropboxTokens> stored(const QString &account);
-    /// Returns at once.
+    /// Stores the tokens, replacing those of the account. Returns at once. Thread-safe.
     void store(const QString &account) const;
 
-    /// Whether `access` is known to have ended, or is about to.
+    /// Returns whether `access` is known to have expired, or is about to.
     bool areExpired() const;
 };

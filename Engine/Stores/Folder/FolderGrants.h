@@ -7,31 +7,35 @@
 
 class ProfileDatabase;
 
-/// The folders that may be accessed, stored in the profile at once. The profile's own folder always
-/// may. The engine and its stores share the ownership. `permit` is thread-safe; everything else
-/// must be called on the main thread while the engine exists.
+/// The folders that may be accessed, stored in the profile immediately. The profile's own folder is
+/// always permitted. Shared ownership by the engine and its stores. permit() is thread-safe; all
+/// other functions must be called on the main thread while the engine exists.
 class FolderGrants {
 public:
-    /// `profile` must outlive this.
+    /// `profile` is not owned; see above. Until load() is called, everything is permitted.
     explicit FolderGrants(const ProfileDatabase &profile);
     FolderGrants(const FolderGrants &) = delete;
     FolderGrants &operator=(const FolderGrants &) = delete;
 
-    /// Takes over what the profile holds.
+    /// Reads the grants and the setting from the profile. If it fails, nothing but the profile's
+    /// own folder is permitted.
     Expected<void> load();
 
-    /// Whether only what is granted may be reached.
+    /// Returns whether only granted folders may be accessed.
     bool areNeeded() const;
+    /// Stores the setting in the profile.
     Expected<void> setNeeded(bool areNeeded);
-    /// In the order in which they were granted.
+    /// Returns the granted paths in the order in which they were granted.
     QStringList paths() const;
+    /// Grants access to `path` and everything below it. Succeeds if it is granted already.
     Expected<void> add(const QString &path);
+    /// Withdraws the grant of exactly this path. Succeeds if there is none.
     Expected<void> remove(const QString &path);
 
-    /// Whether `realPath`, which no symbolic link and no ".." is part of, may be reached: is a
-    /// granted folder or in one, or no grant is needed. A grant for a path that leads through
-    /// symbolic links is one for where they lead now; one for a path where nothing is grants
-    /// nothing.
+    /// Returns whether `realPath`, which must contain no symbolic link and no "..", may be
+    /// accessed: if it is a granted folder or below one, or if no grants are needed. A granted path
+    /// with symbolic links grants what they refer to at the time of this call; a granted path that
+    /// does not exist grants nothing. Blocks for file system access.
     bool permit(const QString &realPath) const;
 
 private:

@@ -28,7 +28,7 @@ bool isMissing(const Error &error) {
     return isEngineError(error, EngineErrorCode::BlobMissing);
 }
 
-/// 0, or the number of the error.
+/// Returns 0, or the errno value.
 int writeAll(int file, const QByteArray &contents) {
     qsizetype written = 0;
     while (written < contents.size()) {
@@ -42,7 +42,7 @@ int writeAll(int file, const QByteArray &contents) {
     return fsync(file) == 0 ? 0 : errno;
 }
 
-/// 0, or the number of the error; EEXIST where `to` is taken.
+/// Returns 0, or the errno value; EEXIST if `to` exists.
 int renameIfAbsent(int folder, const QByteArray &from, const QByteArray &to) {
     if (renameat2(folder, from.constData(), folder, to.constData(), RENAME_NOREPLACE) == 0) {
         return 0;
@@ -50,11 +50,11 @@ int renameIfAbsent(int folder, const QByteArray &from, const QByteArray &to) {
     if (errno != EINVAL && errno != ENOSYS) {
         return errno;
     }
-    // Network file systems that cannot do that can link.
+    // Network file systems without this flag support links.
     return linkat(folder, from.constData(), folder, to.constData(), 0) == 0 ? 0 : errno;
 }
 
-/// Where an open folder is. Nothing can put another one in its place any more.
+/// Returns the path of an open folder, which no other folder can replace any more.
 QString realPath(int folder) {
     return QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(folder));
 }
@@ -191,7 +191,7 @@ Expected<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
     if (!folder) {
         return failure(isMissing(folder.error()) ? missing(name) : folder.error());
     }
-    // What is no plain file might never end, or wait for ever already when it is opened.
+    // Opening or reading anything but a plain file could block forever.
     FileDescriptor descriptor(openat(folder->number(),
                                      QFile::encodeName(lastPart(name)).constData(),
                                      O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));

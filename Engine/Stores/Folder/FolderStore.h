@@ -5,18 +5,20 @@
 
 class FolderGrants;
 
-/// A package on a local or mounted volume: a folder with the extension "qvSyncStore" that holds the
-/// folders "databases" and "transactions". Within the package no symbolic link is followed, and
-/// nothing but plain files is read.
+/// A package on a local or mounted volume: a folder with the extension "qvSyncStore" that contains
+/// the folders "databases" and "transactions". Inside the package, symbolic links are not followed
+/// and only plain files are read.
 ///
-/// Where the profile is sandboxed, whatever is done in a package that really, all symbolic links
-/// followed, is in no granted folder fails with an error of the code AccessDenied.
+/// If the profile is sandboxed, every operation on a package whose real path (with all symbolic
+/// links resolved) is in no granted folder fails with the code AccessDenied.
 class FolderStore : public BlobStore {
 public:
     /// `grants` must not be null.
     FolderStore(const std::shared_ptr<QVSyncLocation> &location,
                 std::shared_ptr<const FolderGrants> grants);
 
+    /// Fails if the volume is not mounted, or the package or one of its folders does not exist or
+    /// is not accessible. Creates nothing.
     Expected<void> open(const EngineFuture &future) override;
     QString place(const QString &name) const override;
 
@@ -29,16 +31,20 @@ protected:
     Expected<void> removeBlob(const QString &name, const EngineFuture &future) override;
 
 private:
+    /// Whether folders that do not exist are created.
     enum class Folders { Existing, Made };
 
-    /// Why the package cannot be there; empty if nothing is known against it.
+    /// Returns why the package cannot exist; empty if no reason is known.
     std::optional<Error> unreachable() const;
+    /// Opens the package's folder and checks the grants.
     Expected<FileDescriptor> package() const;
-    /// The folder at `name` in the package, the package itself where that is empty.
+    /// Open the folder `name` in the package (the package itself if it is empty), or the folder
+    /// that contains the blob `name`.
     Expected<FileDescriptor> folder(const QString &name, Folders folders) const;
     Expected<FileDescriptor> folderOf(const QString &name, Folders folders) const;
     Error notGranted() const;
-    /// The error of a system call on the blob `name` that failed with `number`.
+    /// Returns the error for a system call on the blob `name` that failed with the errno value
+    /// `number`.
     Error systemError(int number, const QString &name) const;
 
     const std::shared_ptr<const FolderGrants> m_grants;

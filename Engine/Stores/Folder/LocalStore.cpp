@@ -46,7 +46,7 @@ Expected<EngineStore::Fetched> LocalStore::databasesIn(const QSqlDatabase &datab
         const QString UUID = rows.value(2).toBool() ? InboxUUID : rows.value(0).toString();
         fetched.databases.append(record(UUID, rows.value(1).toString()));
     }
-    // Reading can fail at any row.
+    // Stepping can fail at any row.
     if (rows.lastError().isValid()) {
         return failure(cannotBeRead(rows.lastError()));
     }

@@ -5,19 +5,21 @@
 class QSqlDatabase;
 class QSqlError;
 
-/// The databases that the profile knows, open or not. It reads what is on disk through a connection
-/// of its own, so that it need not wait for the main thread.
+/// The databases that the profile contains, open or not, as a store. It reads the profile through
+/// its own connection, so it does not wait for the main thread, and sees what is on disk.
 class LocalStore : public EngineStore {
 public:
-    /// `path`: that of the profile's database file.
+    /// `path` is the path of the profile's database file.
     LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path);
 
+    /// Fails if the file does not exist.
     Expected<void> open(const EngineFuture &future) override;
 
 protected:
     Expected<Fetched> fetch(const EngineFuture &future) override;
 
 private:
+    /// Reads the databases through an open connection.
     Expected<Fetched> databasesIn(const QSqlDatabase &database);
     Error cannotBeRead(const QSqlError &error) const;
 

@@ -3,17 +3,18 @@
 #include <QtCore/QStringList>
 #include <functional>
 
-/// Which folders lie on a volume that is there.
+/// Finds out whether folders are on mounted volumes. Thread-safe.
 namespace MountedVolumes {
 
-/// Where volumes are mounted now, as absolute paths. Any thread.
+/// Returns the absolute paths at which volumes are mounted now. May block for a network volume that
+/// does not respond.
 QStringList mountPoints();
 
-/// Whether the volume that holds `path` is mounted; `mountPoints` is asked only where it matters,
-/// since looking at every volume can take its time. Below the folders
-/// where removable and network volumes are mounted by custom (Filesystem Hierarchy Standard 3.0,
-/// "/media", "/mnt" and "/run/media") nothing but a mounted volume counts: what else lies there is
-/// the folder that an absent volume left behind. Every other path is on the system's own volumes.
+/// Returns whether the volume that should contain `path` is mounted. Below the folders in which
+/// removable and network volumes are usually mounted (Filesystem Hierarchy Standard 3.0: "/media",
+/// "/mnt" and "/run/media"), only a mounted volume counts, since a folder there may be left over
+/// from a volume that was removed. Every other path is on a volume of the system. `mountPoints` is
+/// called only if needed.
 bool contain(const QString &path, const std::function<QStringList()> &mountPoints);
 
 }  // namespace MountedVolumes

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Of a text that a stranger wrote.
+/// Limit for text from an unknown source.
 constexpr qsizetype LongestNameShown = 120;
 
 QString fingerprint(const QSslCertificate &certificate) {

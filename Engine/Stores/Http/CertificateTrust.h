@@ -10,31 +10,34 @@
 class QSslCertificate;
 
 /// The certificates that the user trusts although no authority vouches for them: each for one
-/// location, stored in the profile by its SHA-256 fingerprint. The engine and its stores share the
-/// ownership; create it with std::make_shared. `contains` and `ask` are thread-safe; everything
-/// else must be called on the main thread.
+/// location, stored in the profile by its SHA-256 fingerprint. Shared ownership by the engine and
+/// its stores; must be created with std::make_shared. contains() and ask() are thread-safe; all
+/// other functions must be called on the main thread.
 class CertificateTrust : public std::enable_shared_from_this<CertificateTrust> {
 public:
-    /// `profile` must outlive this object or the call of `close`.
+    /// `profile` is not owned and must outlive this object or the call of close().
     explicit CertificateTrust(const ProfileDatabase &profile);
     CertificateTrust(const CertificateTrust &) = delete;
     CertificateTrust &operator=(const CertificateTrust &) = delete;
 
-    /// Takes over what the profile holds, and forgets there what belongs to no location any more.
+    /// Reads the certificates from the profile, and deletes those of locations that no longer
+    /// exist. If it fails, no certificate is trusted.
     Expected<void> load();
 
-    /// Whether the location of that identifier trusts `certificate`. Any thread.
+    /// Returns whether the location with this identifier trusts `certificate`.
     bool contains(const QString &location, const QSslCertificate &certificate) const;
-    /// Asks the person whether to trust `certificate`, which `server` shows and `reasons` speak
-    /// against, and keeps a yes. Returns at once; asks once for each location and certificate as
-    /// long as the engine runs. Any thread.
+    /// Asks the user whether to trust `certificate`, which `server` presents and which `reasons`
+    /// (sentences) speak against, and stores a positive answer. Returns at once; contains() returns
+    /// true after the answer. Asks once for each location and certificate while the engine runs,
+    /// also after a negative answer.
     void ask(const QString &location, const QString &server, const QSslCertificate &certificate,
              const QStringList &reasons);
-    /// Called when the engine ends: from then on no certificate is trusted and no answer of the
-    /// user is stored.
+    /// Called when the engine ends. From then on no certificate is trusted and no answer is stored.
+    /// Idempotent.
     void close();
 
 private:
+    /// Identifies a certificate at a location.
     struct Key {
         QString location;
         QString fingerprint;
@@ -45,12 +48,16 @@ private:
     };
 
     bool isOpen() const;
+    /// Returns the key of `certificate` at `location`.
     static Key key(const QString &location, const QSslCertificate &certificate);
+    /// Stores the user's positive answer, and presents an error if that fails.
     void accept(const Key &key);
 
+    /// Guards the members below.
     mutable std::mutex m_mutex;
-    /// nullptr once this is closed.
+    /// Null after close().
     const ProfileDatabase *m_profile;
     QSet<Key> m_trusted;
+    /// The certificates that the user was asked about in this run.
     QSet<Key> m_asked;
 };

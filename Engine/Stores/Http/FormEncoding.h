@@ -3,15 +3,17 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
 
-/// Names and values as "application/x-www-form-urlencoded" has them, for queries and bodies alike.
-/// Blanks become "%20".
+/// Encodes names and values as "application/x-www-form-urlencoded", for queries and bodies. Spaces
+/// become "%20". Thread-safe.
 namespace FormEncoding {
 
+/// A name, which is not encoded and must be ASCII, and its value.
 struct Field {
     QByteArray name;
     QString value;
 };
 
+/// Returns the fields in order, joined with "&".
 QByteArray encode(const QList<Field> &fields);
 
 }  // namespace FormEncoding

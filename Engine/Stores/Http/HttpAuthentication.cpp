@@ -38,7 +38,7 @@ QByteArray randomClientNonce() {
 }  // namespace
 
 struct HttpAuthentication::Challenge {
-    /// In small letters, as are the names of the parameters.
+    /// In lower case, as are the names of the parameters.
     QByteArray scheme;
     QHash<QByteArray, QByteArray> parameters;
 };

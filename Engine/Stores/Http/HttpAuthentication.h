@@ -6,11 +6,12 @@
 
 #include "Platform/Security/UrlCredential.h"
 
-/// Computes the answer to the challenge of an HTTP server: Basic (RFC 7617) or Digest (RFC 7616)
-/// with SHA-256 or MD5 and the quality of protection "auth". No other scheme is ever answered, so
-/// that no password takes part in NTLM or Negotiate. A value; not thread-safe. No function blocks.
+/// Computes the response to the challenge of an HTTP server: Basic (RFC 7617) or Digest (RFC 7616)
+/// with SHA-256 or MD5 and the quality of protection "auth". No other scheme is ever used, so that
+/// no password takes part in NTLM or Negotiate. Not thread-safe. No function blocks.
 class HttpAuthentication {
 public:
+    /// The supported schemes.
     enum class Scheme { Basic, Digest };
 
     /// Returns the strongest supported challenge of `challenges`, the value of the header field
@@ -32,18 +33,21 @@ public:
                                             const QByteArray &clientNonce);
 
 private:
+    /// The parameters of a Digest challenge.
     struct Digest {
         QCryptographicHash::Algorithm algorithm = QCryptographicHash::Md5;
         QByteArray realm = {};
         QByteArray nonce = {};
         /// Null if the challenge has none.
         QByteArray opaque = {};
+        /// The number of requests sent with the nonce.
         quint32 nonceCount = 0;
     };
     struct Challenge;
     class Parser;
 
     explicit HttpAuthentication(std::optional<Digest> digest) : m_digest(std::move(digest)) {}
+    /// Returns the parameters of `challenge`; empty if it is not a supported Digest challenge.
     static std::optional<Digest> digestOf(const Challenge &challenge);
 
     /// Empty for Basic.

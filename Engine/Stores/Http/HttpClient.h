@@ -23,6 +23,7 @@ class QSslCertificate;
 /// thread; several threads may send at the same time.
 class HttpClient {
 public:
+    /// Every request has a deadline, even if the server sends data slowly.
     struct Timeouts {
         /// Maximum time without sent or received data, including connection setup.
         std::chrono::milliseconds idle = std::chrono::seconds(30);
@@ -42,20 +43,25 @@ public:
         std::function<bool(const QSslCertificate &certificate, const QStringList &reasons)> trusts =
             {};
     };
+    /// A header field.
     struct Header {
         QByteArray name;
         QByteArray value;
     };
+    /// A request.
     struct Request {
+        /// The method, such as "GET".
         QByteArray method;
-        /// "http" or "https". A user name in it is not sent.
+        /// An "http" or "https" URL. Its user information is not sent.
         QUrl URL;
         QList<Header> headers = {};
         QByteArray body = {};
-        /// Bytes of the answer's body.
+        /// Maximum size of the response's body in bytes.
         qint64 limit = 1 << 20;
     };
+    /// A response of the server.
     struct Response {
+        /// The status code; see HttpStatus.
         int status = 0;
         QList<Header> headers = {};
         /// May have been cut short if the response has neither a header field "Content-Length" nor
@@ -69,7 +75,7 @@ public:
 
     HttpClient();
     explicit HttpClient(Options options);
-    /// Must not be called while another thread is in `send`.
+    /// Closes all connections. Must not be called while another thread is in send().
     ~HttpClient();
     HttpClient(const HttpClient &) = delete;
     HttpClient &operator=(const HttpClient &) = delete;
@@ -85,19 +91,26 @@ public:
     Expected<Response> send(const Request &request, const EngineFuture &future);
 
 private:
-    /// What a server has accepted.
+    /// A credential that a server has accepted.
     struct Login {
+        /// A URL of the server: scheme, host and port are compared.
         QUrl server;
         HttpAuthentication authentication;
         UrlCredential credential;
 
+        /// Returns `request` with the credential; empty if the scheme cannot transport it.
         std::optional<Request> authorized(Request request);
     };
 
+    /// Sends one hop, responding to a challenge if there is one.
     Expected<Response> sendAuthorized(const Request &request, const EngineFuture &future);
+    /// Returns `request`, with the accepted credential if it is for the same server.
     Request withKnownLogin(const Request &request);
+    /// Returns the answer to `challenge`; empty if there is no supported scheme or no credential.
     std::optional<Login> loginFor(const Request &request, const Response &challenge) const;
+    /// Sends one request and blocks for its response.
     Expected<Response> exchange(const Request &request, const EngineFuture &future);
+    /// Returns an idle connection, or a new one; never null.
     std::unique_ptr<HttpConnection> takeConnection();
 
     const Options m_options;

@@ -7,11 +7,12 @@
 
 #include "Engine/Stores/Http/HttpClient.h"
 
-/// Connections of an HttpClient that one thread uses at a time: sends a request and receives the
-/// response with libcurl, and keeps the connection for the next request.
+/// A connection of an HttpClient, used by one thread at a time. It sends requests and receives
+/// responses with libcurl, and keeps the network connection open for the next request.
 class HttpConnection {
 public:
-    /// Bytes of the header fields of a response, including those of provisional responses.
+    /// Maximum size in bytes of the header fields of a response, including those of provisional
+    /// responses.
     static constexpr qsizetype HeaderLimit = 64 << 10;
 
     /// `options` is not owned and must outlive this object.
@@ -20,8 +21,9 @@ public:
     HttpConnection(const HttpConnection &) = delete;
     HttpConnection &operator=(const HttpConnection &) = delete;
 
-    /// Sends `request`, whose redirects and challenges are not followed. Blocks until the response
-    /// is complete, one of the deadlines passes, or `future` is cancelled; ends at once then.
+    /// Sends `request` and returns its response; follows no redirection and responds to no
+    /// challenge. Blocks until the response is complete, a deadline passes, or `future` is
+    /// cancelled, which ends the request at once.
     Expected<HttpClient::Response> exchange(const HttpClient::Request &request,
                                             const EngineFuture &future);
 
@@ -36,6 +38,7 @@ private:
         void operator()(CURLM *multi) const { curl_multi_cleanup(multi); }
     };
 
+    /// Callbacks of libcurl and OpenSSL; `connection` is this object.
     static size_t takeHeader(char *bytes, size_t size, size_t count, void *connection);
     static size_t takeBody(char *bytes, size_t size, size_t count, void *connection);
     static int takeProgress(void *connection, curl_off_t, curl_off_t received, curl_off_t,
@@ -45,12 +48,17 @@ private:
 
     template <class Value>
     void set(CURLoption option, Value value);
+    /// Set the options of libcurl for `request`.
     void configure(const HttpClient::Request &request);
     void configureHeaders(const HttpClient::Request &request);
     void configureBody(const HttpClient::Request &request);
+    /// Performs the request. Blocks.
     CURLcode run(const EngineFuture &future);
     bool takeHeaderLine(const QByteArray &line);
+    /// Returns whether the server's certificate is valid or trusted by the user; otherwise sets the
+    /// error.
     bool judgeCertificate(const QList<QSslCertificate> &chain);
+    /// Returns the error for a failed transfer.
     Error transportError(CURLcode code) const;
     QString server() const;
 
@@ -58,7 +66,9 @@ private:
     std::unique_ptr<CURLM, MultiDeleter> m_multi;
     std::unique_ptr<CURL, EasyDeleter> m_easy;
     std::unique_ptr<curl_slist, ListDeleter> m_headers;
+    /// Whether libcurl has accepted all options.
     bool m_isConfigured = true;
+    /// The message of libcurl about the last failure.
     char m_errorText[CURL_ERROR_SIZE] = {};
 
     // Of the current request.
@@ -66,7 +76,9 @@ private:
     HttpClient::Response m_response;
     qsizetype m_headerSize = 0;
     bool m_areHeadersComplete = false;
+    /// Bytes transferred at the last progress, which restarts the idle deadline.
     curl_off_t m_transferred = 0;
     QDeadlineTimer m_idleDeadline;
+    /// Takes precedence over the error of libcurl.
     std::optional<Error> m_error;
 };

@@ -1,7 +1,7 @@
 #pragma once
 
-/// The status codes of HTTP (RFC 9110, section 15; RFC 4918, section 11; RFC 6585, section 4) that
-/// the engine tells apart. A plain enumeration, because a server may send any number.
+/// The HTTP status codes (RFC 9110, section 15; RFC 4918, section 11; RFC 6585, section 4) that the
+/// engine distinguishes. An unscoped enumeration, because a server may send any number.
 namespace HttpStatus {
 
 enum Code {

@@ -8,21 +8,24 @@
 class EngineFuture;
 
 /// The body of a response to a PROPFIND request for the resource type (RFC 4918, sections 13 and
-/// 14.24). A value.
+/// 14.24). The document is not trusted: document types, entities and deep nesting are refused, and
+/// its size is limited.
 struct WebDAVMultiStatus {
+    /// One resource of the response.
     struct Resource {
         /// As the server wrote it: an absolute path or a URL, percent-encoded.
         QString href;
         bool isFolder = false;
     };
 
-    /// Limits of a document. Parsing takes O(n) time within them.
+    /// Maximum number of elements. Within the limits, parsing takes O(n).
     static constexpr int MostElements = 2'000'000;
-    /// Attributes of one element and, separately, its namespace declarations.
+    /// Maximum number of attributes of one element and, separately, of its namespace declarations.
     static constexpr int MostAttributes = 32;
-    /// Bytes of one tag, text or other token.
+    /// Maximum size in bytes of one tag, text or other token.
     static constexpr qsizetype LongestToken = 16 << 10;
 
+    /// In the order of the document.
     QList<Resource> resources;
 
     /// Parses `document`. Returns an empty optional if it is not such a body, if it exceeds a

@@ -10,14 +10,15 @@
 
 namespace {
 
-/// The URL of the package without a "/" at the end, nor what is not sent.
+/// Returns the URL of the package without a slash at the end and without the parts that are not
+/// sent.
 QUrl packageURL(const Url &URL) {
     QUrl result = QUrl::fromEncoded(URL.absoluteString().toUtf8(), QUrl::StrictMode);
     return result.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment |
                            QUrl::StripTrailingSlash);
 }
 
-/// For a person to read.
+/// Returns the URL as text for the user.
 QString plainText(const QUrl &URL) {
     return URL.scheme() + QStringLiteral("://") + URL.authority() + URL.path(QUrl::FullyDecoded);
 }
@@ -30,8 +31,8 @@ QStringList decodedParts(const QUrl &URL) {
     return parts;
 }
 
-/// A credential that is stored for Basic may be used with Digest, which does not disclose it, but
-/// not the other way round.
+/// A credential stored for Basic may be used with Digest, which does not disclose it, but not vice
+/// versa.
 std::optional<UrlCredential> storedCredential(const Url &URL, HttpAuthentication::Scheme scheme) {
     const UrlCredentialStorage &storage = UrlCredentialStorage::shared();
     return scheme == HttpAuthentication::Scheme::Basic
@@ -201,7 +202,7 @@ Expected<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
     if (response.status != HttpStatus::OK) {
         return failure(httpError(response, name));
     }
-    // Else nobody knows whether it is whole.
+    // Otherwise a truncated response could not be detected.
     return response.header("Content-Length").isEmpty() ? failure(notUnderstood())
                                                        : Expected<QByteArray>(response.body);
 }
@@ -272,13 +273,13 @@ Expected<void> WebDAVStore::makeFolder(const QString &name, const EngineFuture &
     const auto &response = *answer;
     switch (response.status) {
         case HttpStatus::Forbidden: {
-            // Apache's response, too, if another request has just made the folder.
+            // Apache also responds like this if another request has just created the folder.
             const Expected<Response> found = propertiesOfAll(name, future);
             const bool isThere = found && found->status == HttpStatus::MultiStatus;
             return isThere ? Expected<void>() : failure(httpError(response, name));
         }
         case HttpStatus::Created:
-        // It is there already.
+        // The folder exists.
         case HttpStatus::MethodNotAllowed:
             return {};
         case HttpStatus::NotFound:

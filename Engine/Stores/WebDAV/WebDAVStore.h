@@ -5,25 +5,27 @@
 
 class CertificateTrust;
 
-/// A package on a WebDAV server (RFC 4918), laid out as a FolderStore is. Opening makes a package
-/// that is not there yet, since nothing else does, but not the folder that holds it.
+/// A package on a WebDAV server (RFC 4918), with the same layout as a FolderStore. Opening creates
+/// the package if it does not exist, but not the folder that contains it.
 ///
-/// The server's challenge is answered with the credential that is stored for the location's URL:
-/// that of its user under the protection space of HTTP Basic, else the default one there. A Digest
-/// challenge is answered with one under HTTP Digest if there is none under HTTP Basic; such a
-/// credential is never sent with Basic. A server whose certificate is not trusted fails, and the
-/// person is asked whether to trust it from the next try on.
+/// A challenge of the server is answered with the credential that is stored for the location's URL:
+/// that of its user in the protection space of HTTP Basic, otherwise the default one there. A
+/// Digest challenge is answered with one of HTTP Digest if there is none of HTTP Basic; such a
+/// credential is never sent with Basic. If the server's certificate is not trusted, the operation
+/// fails and the user is asked whether to trust it from the next attempt on.
 ///
-/// A blob is written by one PUT on the condition that there is none (RFC 9110, 13.1.2). Whether a
-/// name holds a folder is not looked at before it is removed.
+/// A blob is written by a single PUT on the condition that none exists (RFC 9110, section 13.1.2).
+/// Removing does not check whether a name is a folder.
 class WebDAVStore : public BlobStore {
 public:
-    /// `locationIdentifier`: what trusted certificates are kept for. `trust` must not be null.
+    /// `locationIdentifier` identifies the location for which `trust`, which must not be null,
+    /// stores certificates. `timeouts` apply to each request.
     WebDAVStore(const std::shared_ptr<QVSyncLocation> &location, const QString &locationIdentifier,
                 std::shared_ptr<CertificateTrust> trust,
                 HttpClient::Timeouts timeouts = HttpClient::Timeouts());
 
-    /// Bytes of the answer that lists a folder; enough for some hundred thousand blobs.
+    /// Maximum size in bytes of a response that lists a folder; enough for several hundred thousand
+    /// blobs.
     static constexpr qint64 ListingLimit = 64 << 20;
 
     Expected<void> open(const EngineFuture &future) override;
@@ -40,28 +42,39 @@ protected:
 private:
     using Response = HttpClient::Response;
 
+    /// Returns the client's settings, whose callbacks use this object.
     HttpClient::Options clientOptions(const QString &locationIdentifier,
                                       std::shared_ptr<CertificateTrust> trust,
                                       HttpClient::Timeouts timeouts);
+    /// Looks up the stored credential. Blocks.
     std::optional<UrlCredential> credential(HttpAuthentication::Scheme scheme);
+    /// Return the URL of a blob, and of a folder (with a slash at the end).
     QUrl blobURL(const QString &name) const;
     QUrl folderURL(const QString &name) const;
+    /// Lists the package's own folder, which is created if it does not exist.
     Expected<QStringList> namesInPackage(const EngineFuture &future);
+    /// Sends the PROPFIND request.
     Expected<Response> propertiesOfAll(const QString &folder, const EngineFuture &future);
+    /// Returns the names in the response; a folder that does not exist is empty.
     Expected<QStringList> names(const QString &folder, const Expected<Response> &answer,
                                 const EngineFuture &future) const;
     Expected<Response> put(const QString &name, const QByteArray &contents,
                            const EngineFuture &future);
+    /// Creates the folders that contain the blob `name`.
     Expected<void> makeFoldersAbove(const QString &name, const EngineFuture &future);
+    /// Creates one folder. Succeeds if it exists.
     Expected<void> makeFolder(const QString &name, const EngineFuture &future);
-    /// The error of a request for `name` that `response` answers.
+    /// Returns the error for a request for `name` with the response `response`.
     Error httpError(const Response &response, const QString &name) const;
     Error unexpected(const Response &response) const;
+    /// Returns the error for a response with status 401, which depends on the reason.
     Error credentialRefused(const Response &response) const;
     Error folderMissing(const QUrl &URL) const;
     Error notUnderstood() const;
 
+    /// The URL of the package without slash, user information, query and fragment.
     const QUrl m_package;
+    /// Whether a credential was found, for the error message.
     std::atomic<bool> m_hasCredential = false;
     HttpClient m_client;
 };
