@@ -20,7 +20,7 @@ QMap<QString, std::function<void(Report &)>> &suites() {
     return suites;
 }
 
-/// What the process has computed so far, on all its threads.
+/// Returns the CPU time of the process so far, on all its threads.
 double processorNanoseconds() {
     timespec time = {};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
@@ -35,7 +35,8 @@ double nanosecondsFor(const Report::Work &work, int calls) {
     return processorNanoseconds() - start;
 }
 
-/// As many calls as take about as long as a sample should; the search warms everything up.
+/// Returns the number of calls that take about the duration of a sample; finding it warms
+/// everything up.
 int callsPerSample(const Report::Work &work) {
     constexpr double sampleNanoseconds = 500'000;
     constexpr int maximum = 1 << 20;

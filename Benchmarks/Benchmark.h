@@ -17,37 +17,37 @@
 namespace Benchmark {
 
 struct Row {
-    /// What is measured and, where a suite has several yardsticks, against which.
+    /// What is measured and, if a suite has several baselines, the baseline.
     QString name;
     double ours = 0;
     double yardstick = 0;
     /// Of both values: "ns", "µs" or "ms", or whatever a suite adds by itself.
     QString unit;
-    /// The ratio that must not be exceeded, where there is one.
+    /// The target: the ratio that must not be exceeded; empty if there is none.
     std::optional<double> aim;
 
-    /// Ours by the yardstick's: smaller is better.
+    /// Returns our time divided by the baseline's: smaller is better.
     double ratio() const { return ours / yardstick; }
     bool isMissed() const { return aim && ratio() > *aim; }
 };
 
-/// What a suite writes its rows to; they are printed as they come.
+/// Receives the rows of a suite and prints them as they are added.
 class Report {
 public:
     using Work = std::function<void()>;
 
     explicit Report(const QString &suite) : m_suite(suite) {}
 
-    /// Adds a row of the processor time that one call of `ours` and of `yardstick` takes: the
-    /// medians over samples taken in turn, so that whatever else the machine does meets both alike.
-    /// Waiting does not count. Quick works are repeated within a sample. Both are called a few
-    /// times before they are measured.
+    /// Adds a row with the CPU times of one call of `ours` and of the baseline: medians over
+    /// samples taken alternately, so that other load on the machine affects both equally. Waiting
+    /// is not counted. Short calls are repeated within a sample. Both are called a few times before
+    /// they are measured.
     Row compare(const QString &name, const Work &ours, const Work &yardstick,
                 std::optional<double> aim = std::nullopt);
     /// Adds the geometric mean of the ratios of `rows`, which are not added again.
     Row addGeometricMean(const QString &name, const QList<Row> &rows,
                          std::optional<double> aim = std::nullopt);
-    /// Adds a row measured elsewhere.
+    /// Adds a row that was measured elsewhere.
     void add(const Row &row);
 
     const QList<Row> &rows() const { return m_rows; }
@@ -58,14 +58,14 @@ private:
     QList<Row> m_rows;
 };
 
-/// Registers a suite at the start of the program, for the rest of it.
+/// Registers a suite until the program ends.
 class Suite {
 public:
     Suite(const QString &name, const std::function<void(Report &)> &run);
 };
 
-/// The median of five of what `sample` answers, after a first one with cold caches. What is to be
-/// deleted later goes after each.
+/// Returns the median of five results of `sample`, after a first call with cold caches. Deferred
+/// deletions are performed after each.
 double median(const std::function<double()> &sample);
 
 /// Makes the optimizer believe that `value` is read.

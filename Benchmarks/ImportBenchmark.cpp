@@ -15,7 +15,7 @@ QString UUID(int i) {
     return QUuid::createUuidV5(QUuid(), QString::number(i)).toString(QUuid::WithoutBraces);
 }
 
-/// So many databases, and a location at which all of them are, and more.
+/// A given number of databases, and a location that contains them and more.
 class ManyDatabases {
 public:
     ManyDatabases(int records, int localDatabases) {
@@ -39,7 +39,7 @@ public:
         m_script.databases = fetched;
     }
 
-    /// The processor time from the choice of the location to the list in the sheet.
+    /// Returns the CPU time from choosing the location until the sheet shows the list.
     double timeToList() const {
         QWidget parent;
         const auto sheet = QVImportDatabasesController::newController();

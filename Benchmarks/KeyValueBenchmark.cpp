@@ -6,7 +6,7 @@ namespace {
 constexpr int changesAWork = 1000;
 constexpr int dependentCount = 8;
 
-/// "lone" has no dependents, "source" has eight.
+/// The key "lone" has no dependents, "source" has eight.
 class Subject : public QObject {
     Q_OBJECT
     Q_PROPERTY(int lone READ value NOTIFY loneChanged)
@@ -77,7 +77,7 @@ void run(Benchmark::Report &report) {
     Subject source;
     const auto ofSource = KeyValue::observe(&source, "source", [&] { ++count; });
 
-    // The yardstick is always the bare signal, heard by one lambda.
+    // The baseline is the bare signal, received by one lambda.
     const auto emission = repeat(bare, &Subject::emitLone);
     const Benchmark::Row alone =
         report.compare(QStringLiteral("1,000 changes heard by one observer"),

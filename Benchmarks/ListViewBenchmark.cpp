@@ -24,7 +24,7 @@ public:
     }
 };
 
-/// What stands in a row: an icon, a title, a line below it and a button.
+/// The contents of a row: an icon, a title, a line below it and a button.
 struct Parts {
     Parts(QWidget *row, const QString &text)
         : icon(new QLabel(row)),
@@ -57,7 +57,7 @@ QWidget *makeListRow(const QString &text) {
     return row;
 }
 
-/// The row as one would make it without ours.
+/// Returns a row with a QLayout, for comparison.
 QWidget *makeRowWithLayout(const QString &text) {
     auto *row = new QWidget;
     const Parts parts(row, text);
@@ -79,7 +79,7 @@ QVariantList objects() {
     return result;
 }
 
-/// Until every pixel is there and everything that was discarded is gone.
+/// Waits until everything is painted and all discarded objects are deleted.
 void finish(QAbstractScrollArea &area) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();

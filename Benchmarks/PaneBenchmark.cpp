@@ -12,7 +12,8 @@
 
 namespace {
 
-/// An engine with a profile of so many databases and locations, and a state for each pair.
+/// An engine whose profile has a given number of databases and locations, and a state for each
+/// pair.
 class Host : public QVApplication {
 public:
     Host(int databases, int locations) {
@@ -49,7 +50,7 @@ double processorMilliseconds() {
     return static_cast<double>(std::clock()) * 1000 / CLOCKS_PER_SEC;
 }
 
-/// From nothing to a painted panel.
+/// Returns the time from creating the pane until it is painted.
 double timeToShow() {
     const double start = processorMilliseconds();
     QVSyncPreferences pane;

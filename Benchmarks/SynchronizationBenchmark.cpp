@@ -14,7 +14,7 @@ namespace {
 
 constexpr int NoteCount = 10000;
 
-/// A profile on which the engine runs, as on a computer of its own.
+/// An engine with its own profile, like a separate computer.
 class Computer : public QVApplication {
 public:
     Computer(const QString &profile, const QString &store) {
@@ -25,7 +25,7 @@ public:
     }
     ~Computer() override { setNSApp(nullptr); }
 
-    /// Makes the database and its notes; answers its UUID.
+    /// Creates the database and its notes; returns its UUID.
     QString makeNotes() {
         require(m_engine.library()->createDatabase(QStringLiteral("Notes")));
         const auto database = m_engine.library()->synchronizedDatabase(
@@ -90,7 +90,7 @@ double processorMillisecondsOf(const std::function<void()> &work) {
     return static_cast<double>(std::clock() - start) * 1000 / CLOCKS_PER_SEC;
 }
 
-/// The time that `cp -r` takes for the notes as a file each.
+/// Returns the time that `cp -r` takes for the same notes as files.
 double timeToCopy(const QString &folder) {
     const QString from = folder + QStringLiteral("/notes");
     QDir().mkpath(from);

@@ -10,9 +10,9 @@
 
 /// Digests, symmetric ciphers and keyed digests over byte buffers.
 ///
-/// All functions may be called on any thread. They read nothing outside the buffers they are given,
-/// keep nothing of them, and make no copy of the data beyond the one result. Copies of keys, and
-/// what is derived from keys, are wiped before a function returns.
+/// All functions are thread-safe. They read nothing outside the buffers they are given, keep
+/// nothing of them, and make no copy of the data beyond the one result. Copies of keys, and what is
+/// derived from keys, are wiped before a function returns.
 ///
 /// A key or an initialization vector is a QByteArray, or a QString, which stands for its UTF-8
 /// bytes; absent is an invalid QVariant. Any other type fails an assertion.
@@ -56,7 +56,7 @@ enum class HMACAlgorithm : quint32 {
     SHA224 = 5,
 };
 
-/// What a cipher answers: `Success` or one of the failures in CommonCryptoErrorDomain.
+/// The result of a cipher: `Success` or one of the failures in CommonCryptoErrorDomain.
 using CCCryptorStatus = qint32;
 
 /// The domain of `CommonCryptoErrorDomain::errorWithCCCryptorStatus`, "CommonCryptoErrorDomain".
@@ -75,8 +75,8 @@ inline constexpr CCCryptorStatus AlignmentError = -4303;
 inline constexpr CCCryptorStatus DecodeError = -4304;
 inline constexpr CCCryptorStatus Unimplemented = -4305;
 
-/// `status` in words, in the person's language; any number may be given. The code is the status.
-/// Success and unknown statuses have no failure reason.
+/// Returns the error for `status`, with a localized message; any number may be given. The code is
+/// the status. Success and unknown statuses have no failure reason.
 Error errorWithCCCryptorStatus(CCCryptorStatus status);
 
 }  // namespace CommonCryptoErrorDomain
@@ -169,8 +169,8 @@ std::optional<QByteArray> decryptedDataUsingAlgorithm(
 /// Keyed digests (RFC 2104).
 namespace CommonHMAC {
 
-/// 16 bytes for MD5 and 20 for every other algorithm: the SHA-2 results are cut to their first 20
-/// bytes. An absent key is an empty key.
+/// Returns 16 bytes for MD5 and 20 for every other algorithm: the SHA-2 results are truncated to 20
+/// bytes. An invalid key is an empty key.
 QByteArray HMACWithAlgorithm(const QByteArray &data, HMACAlgorithm algorithm,
                              const QVariant &key = {});
 

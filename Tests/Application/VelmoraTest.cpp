@@ -6,7 +6,7 @@
 #include "Support/Patience.h"
 #include "Support/TestMain.h"
 
-/// Runs the program itself, as a person or a script would.
+/// Runs the program itself, as a user or a script would.
 class VelmoraTest : public QObject {
     Q_OBJECT
 

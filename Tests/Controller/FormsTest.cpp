@@ -33,8 +33,8 @@ using MetaObject = const QMetaObject *;
 /// What a form may rely on.
 struct FormContract {
     MetaObject owner;
-    /// The classes of objects that the types of keys do not tell, by path. Under the name of a
-    /// table: the class of its rows.
+    /// The classes of objects that cannot be derived from the types of keys, by path. Under the
+    /// name of a table: the class of its rows.
     QHash<QString, MetaObject> classes = {};
     /// Its owner has outlets for other forms.
     bool isRow = false;

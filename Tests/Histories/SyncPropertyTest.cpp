@@ -24,8 +24,8 @@ bool happens(int percent) {
 
 }  // namespace
 
-/// In place of that of Qt: all that the engine leaves to chance follows the seed, so that a history
-/// can be told again.
+/// Replaces Qt's implementation, so that everything random in the engine depends on the seed and a
+/// history can be reproduced.
 QUuid QUuid::createUuid() {
     QByteArray bytes;
     for (int i = 0; i < 16; ++i) {
@@ -74,7 +74,7 @@ private:
     EngineNoteLibrary m_library;
 };
 
-/// What a person did to a note.
+/// A user's edit of a note.
 struct Edit {
     QString title;
     QString text;
@@ -117,7 +117,7 @@ public:
         m_running.clear();
     }
 
-    /// Synchronizes until everyone must know everything.
+    /// Synchronizes until every replica must have every edit.
     void settle() {
         m_isFaulty = false;
         for (int round = 0; round < 3; ++round) {
@@ -143,7 +143,8 @@ public:
     qsizetype storeCount() const { return static_cast<qsizetype>(m_stores.size()); }
     const QList<Replica *> &replicas() const { return m_replicas; }
 
-    /// Everything is there that nobody who had seen it replaced or removed, and nothing else.
+    /// Verifies that the replica contains every edit that was not replaced or removed by a user who
+    /// had seen it, and nothing else.
     void verify(Replica *replica) const {
         const auto database = replica->library().synchronizedDatabase(m_UUID);
         QSet<QString> found;
@@ -349,8 +350,9 @@ private:
 
 }  // namespace
 
-/// Tells random histories of replicas that edit and synchronize while everything fails. The seeds
-/// of a run are VELMORA_SEED (1 unless set) and those after it, VELMORA_HISTORIES (1,000) in all.
+/// Property test: runs random histories of replicas that edit and synchronize while any operation
+/// may fail. The seeds are VELMORA_SEED (default 1) and the following ones, VELMORA_HISTORIES
+/// (default 1,000) in all.
 class SyncPropertyTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:

@@ -15,7 +15,7 @@
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
-/// What a person does in the main window shows in the panel at once.
+/// The panel shows immediately what the user does in the main window.
 class PanelFollowsMainWindowTest : public QObject {
     Q_OBJECT
 

@@ -51,8 +51,8 @@ void say(const QString &line) {
     std::cout << line.toStdString() << std::endl;
 }
 
-/// The user of the other computer, whose screen the test reads line by line. Questions stay open,
-/// as dialogs do, until the test answers the last one.
+/// The user of the other computer, whose questions the test reads line by line. Questions stay
+/// open, as dialogs do, until the test answers the last one.
 class OtherPerson : public TestApplication {
 public:
     void ask(const Question &question, std::function<void(bool)> handler) override {
@@ -226,7 +226,7 @@ private Q_SLOTS:
                  QStringLiteral("velmora://hosta.local:%1").arg(DirectConnection::DefaultPort));
         QCOMPARE(table->rowCount(), 1);
 
-        // Accepted, and paired by that: both persons see the same code.
+        // Accepted, which pairs the computers: both users see the same code.
         person.answerAll([](const Question & /*question*/) { return true; });
         editor->window()->findChild<QPushButton *>(QStringLiteral("acceptButton"))->click();
         QCOMPARE(result, 1);
@@ -247,7 +247,7 @@ private Q_SLOTS:
         tell("clients");
         QCOMPARE(awaitLine(QStringLiteral("clients")), QStringLiteral("clients 1"));
 
-        // Its databases are fetched, by a store for which nobody is asked again.
+        // Its databases are fetched by a store that asks no user again.
         const QStringList databases{QStringLiteral("Garden"), QStringLiteral("Inbox")};
         const std::shared_ptr<BlobStore> store = newStore(location);
         QCOMPARE(await(store), EngineErrorCode(0));

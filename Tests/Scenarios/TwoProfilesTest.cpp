@@ -28,8 +28,8 @@ namespace {
 
 const QString ProfileRole = QStringLiteral("--be-a-profile");
 
-/// A profile in a process of its own, and a person who consents to everything. Each command is a
-/// line of texts between tabs, and is answered by one line.
+/// A profile in its own process, whose user accepts every question. Each command is a line of texts
+/// separated by tabs, and gets one line as response.
 class Profile {
 public:
     Profile() { m_host.application().answerQuestions(true); }

@@ -5,7 +5,7 @@
 
 #include "Support/TestApplication.h"
 
-/// Application object of a test that controls when and how questions are answered. Replaces the
+/// Application object of a test that controls when and how the user answers questions. Replaces the
 /// TestHost's.
 class AskedPerson : public TestApplication {
 public:
@@ -13,7 +13,7 @@ public:
 
     /// Answers every question with `answer` from now on, including the waiting ones.
     void answerAll(const std::function<bool(const Question &)> &answer);
-    /// Lets questions wait until the next call of `answerAll`.
+    /// Leaves questions open until the next call of answerAll().
     void think() { m_answer = nullptr; }
     const QList<Question> &asked() const { return m_asked; }
 

@@ -4,23 +4,25 @@
 
 #include "Engine/Stores/BlobStore.h"
 
-/// A store in memory that fails as it is told to.
+/// A store in memory that fails on request.
 class MemoryStore : public BlobStore {
 public:
     using Blobs = std::map<QString, QByteArray>;
+    /// How an operation fails.
     enum class Fault {
         None,
-        /// Nothing happens.
+        /// The operation has no effect and returns an error.
         Unreachable,
-        /// It happens, but nobody learns of it.
+        /// The operation succeeds, but returns an error.
         LostAnswer,
-        /// Of what is written, only the beginning arrives, and nobody learns of it.
+        /// Only the beginning is written, and an error is returned.
         Torn,
-        /// Of what is written, only the beginning arrives, and the store reports success.
+        /// Only the beginning is written, and success is returned.
         HalfKept
     };
 
-    /// `blobs` must outlive this. `nextFault` is asked before each operation.
+    /// `blobs` is not owned and must outlive this object. `nextFault` is called before each
+    /// operation.
     MemoryStore(Blobs &blobs, std::function<Fault()> nextFault);
 
     Expected<void> open(const EngineFuture &future) override;

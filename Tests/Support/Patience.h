@@ -1,5 +1,5 @@
 #pragma once
 
-/// How long a test waits for what must come, in milliseconds: far longer than it ever takes, so
-/// that a busy computer fails no test.
+/// Timeout in milliseconds for events that a test waits for: much longer than they ever take, so
+/// that no test fails on a busy computer.
 inline constexpr int Patience = 60000;

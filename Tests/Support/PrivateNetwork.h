@@ -8,27 +8,27 @@
 /// Exits the process with CannotRunExitCode if the system does not allow it.
 void enterPrivateNetwork();
 
-/// Runs a program to its end; raises std::runtime_error with its output where it fails.
+/// Runs a program and blocks until it ends. Raises std::runtime_error with its output if it fails.
 void runOrThrow(const QString &program, const QStringList &arguments);
 
-/// A system bus and a discovery daemon on it, as a computer of its own has them. This process uses
-/// them from the making on.
+/// A system bus with a discovery daemon, as a separate computer has them. This process uses them
+/// while the object exists.
 class DiscoveryDaemon {
 public:
-    /// `interface`: the only one on which it speaks.
+    /// `interface` is the only network interface that the daemon uses.
     explicit DiscoveryDaemon(const QString &hostName,
                              const QString &interface = QStringLiteral("lo"));
     ~DiscoveryDaemon();
     DiscoveryDaemon(const DiscoveryDaemon &) = delete;
     DiscoveryDaemon &operator=(const DiscoveryDaemon &) = delete;
 
-    /// Each waits until it is done.
+    /// Each blocks until it is done.
     void startBus();
     void stopBus();
     void startDaemon();
-    /// It says good-bye.
+    /// Stops the daemon, which withdraws its services.
     void stopDaemon();
-    /// It does not.
+    /// Kills the daemon, which withdraws nothing.
     void killDaemon();
 
 private:

@@ -7,11 +7,12 @@
 /// does not allow it.
 void enterPrivateMounts();
 
-/// A small volume, mounted until it goes; for a process with mounts of its own. What fails raises
-/// std::runtime_error.
+/// A small volume that is mounted while the object exists, in a process with private mounts.
+/// Failures raise std::runtime_error.
 class PrivateVolume {
 public:
-    /// Mounts an empty volume of so many bytes over the folder `path`, made where it is not there.
+    /// Mounts an empty volume of this size over the folder `path`, which is created if it does not
+    /// exist.
     PrivateVolume(const QString &path, qint64 bytes);
     ~PrivateVolume();
     PrivateVolume(const PrivateVolume &) = delete;

@@ -38,7 +38,7 @@ void TestHost::start(FirstContents contents) {
     m_classes = std::make_unique<EngineClasses>(*m_engine);
     m_application.setEngine(m_engine.get());
     require(m_engine->openProfile(directory(), contents));
-    // A test need not wait for a lock that nobody will give back.
+    // A test need not wait for a lock that is never released.
     require(m_engine->profile().run(QStringLiteral("PRAGMA busy_timeout = 1")));
 }
 

@@ -20,7 +20,7 @@ void prepareTestProcess() {
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
         qputenv("XDG_RUNTIME_DIR", settings.path().toUtf8());
     }
-    // Nobody listens there: nothing a test does reaches a person's own services, and passwords.
+    // No bus has this address, so a test cannot reach the user's services and passwords.
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + settings.path().toUtf8() + "/no-bus");
     QCoreApplication::setOrganizationName(QStringLiteral("velmora-tests"));
     QCoreApplication::setApplicationName(QStringLiteral("velmora-tests"));

@@ -5,20 +5,21 @@
 #include <QtTest/QtTest>
 #endif
 
-/// Gives every test process the names of its own, so that user defaults of tests and of a person
-/// never meet, and no session bus (see SecretService.h). Called first by every test.
+/// Gives every test process its own application name, so that it does not share user defaults with
+/// the user, and no session bus (see SecretService.h). Must be called first by every test.
 void prepareTestProcess();
 
-/// A test by its name. One executable holds all of a folder; its first argument says which of them
-/// it is, and the others are that test's own.
+/// A test by its name. One executable contains all tests of a folder; its first argument selects
+/// the test, and the others are passed to it.
 class TestProgram {
 public:
     using Main = int (*)(int argumentCount, char **arguments);
 
-    /// Offers `main` as `name`, for as long as the process lasts.
+    /// Registers `main` as `name` until the process ends.
     TestProgram(const char *name, Main main);
 
-    /// Runs the one that the arguments name; 2, with the names there are, where they name none.
+    /// Runs the test that the arguments name. Returns 2, after printing all names, if there is
+    /// none.
     static int run(int argumentCount, char **arguments);
 };
 

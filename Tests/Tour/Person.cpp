@@ -73,7 +73,7 @@ std::optional<Place> placeOfMenuItem(const QString &text) {
     return {};
 }
 
-/// Waits until `find`, called on the main thread, answers something, and clicks there.
+/// Waits until `find`, called on the main thread, returns a place, and clicks there.
 void clickWhenThere(const QString &what, const std::function<std::optional<Place>()> &find) {
     Person::await(QStringLiteral("“%1” to be there to be clicked").arg(what),
                   [&] { return find().has_value(); });

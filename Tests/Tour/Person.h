@@ -10,14 +10,14 @@
 class QWidget;
 class QWindow;
 
-/// Raised where something does not come about; `what` is a sentence.
+/// Raised if something does not happen in time; `what` is a sentence.
 class TourFailure : public std::runtime_error {
 public:
     explicit TourFailure(const QString &sentence) : std::runtime_error(sentence.toStdString()) {}
 };
 
-/// Runs `call` on the main thread, also while a menu or a panel waits there for its end; answers
-/// what it answers, and raises what it raises. To be called on another thread.
+/// Runs `call` on the main thread, also while a menu or panel runs a nested event loop there.
+/// Returns its result, or raises its exception. Must be called on another thread.
 template <class Call>
 auto onMainThread(Call call) {
     std::packaged_task<std::invoke_result_t<Call>()> task(std::move(call));
@@ -27,27 +27,28 @@ auto onMainThread(Call call) {
     return result.get();
 }
 
-/// Someone at the mouse and the keyboard of this process: what they do arrives at its windows as
-/// it does from a desktop. Whatever they look for they wait for, but not for ever: then it raises a
-/// TourFailure. Widgets are named as in Screen.h. On any thread but the main one, on which menus
-/// and panels run loops of their own.
+/// A simulated user at the mouse and keyboard of this process, whose events reach the windows as
+/// they do from a desktop. Each function waits for the widget that it needs, and raises a
+/// TourFailure if it does not appear in time. Widgets are named as in Screen.h. Must be called on a
+/// thread other than the main thread, on which menus and panels run nested event loops.
 namespace Person {
 
-/// Waits until `condition`, asked on the main thread, is true. `what` says what for.
+/// Waits until `condition`, evaluated on the main thread, is true. `what` describes it for the
+/// failure.
 void await(const QString &what, const std::function<bool()> &condition);
 
 /// Brings the window with that title to the front.
 void turnTo(const QString &title);
 void click(const QString &widget);
-/// In the list `list`, on the row that shows `row`: on the row itself, or on a widget in it.
+/// Clicks in the row of `list` that shows `row`: on the row itself, or on a widget in it.
 void clickRow(const QString &list, const QString &row, const QString &widget = {});
-/// In a table or list of Qt's.
+/// Clicks an item of a QTableView or QListView.
 void clickItem(const QString &view, const QString &text);
-/// In the menu that is open or, where none is, in the menu bar.
+/// Chooses an item of the open menu or, if none is open, of the menu bar.
 void choose(const QString &menuItem);
-/// Clicks a field and types over what is in it.
+/// Clicks a field and replaces its text.
 void fill(const QString &field, const QString &text);
-/// Where the keyboard's focus is.
+/// Types into the widget with the keyboard focus.
 void type(const QString &text);
 void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 

@@ -17,7 +17,7 @@ constexpr int Margin = 24;
 constexpr int TitleHeight = 28;
 const QColor DesktopColor(0x6d, 0x83, 0x99);
 
-/// The window to which the person turned last.
+/// The window that was raised last.
 QPointer<QWidget> &frontWindow() {
     static QPointer<QWidget> window;
     return window;
@@ -143,7 +143,7 @@ QWidget *Screen::window(const QString &title) {
 }
 
 void Screen::turnTo(QWidget *window) {
-    // Remembered, since without a desktop nobody brings back the window over which a sheet was.
+    // Remembered, since without a window manager the window under a closed sheet is not raised.
     frontWindow() = window;
     window->raise();
     window->activateWindow();

@@ -4,35 +4,36 @@
 #include <QtGui/QImage>
 #include <QtWidgets/QWidget>
 
-/// What a person sees of this process. A widget is named by its object name, its accessible name
-/// or, without the mnemonic, its text. Main thread.
+/// What a user sees of this process. A widget is named by its object name, its accessible name or,
+/// without the mnemonic, its text. Must be used on the main thread.
 namespace Screen {
 
-/// The windows, the one in front last.
+/// Returns the windows, the frontmost last.
 QList<QWidget *> windows();
 
-/// nullptr where none has that title.
+/// Returns the window with this title; null if there is none.
 QWidget *window(const QString &title);
-/// Brings a window, with what belongs to it, to the front.
+/// Raises a window and its child windows.
 void turnTo(QWidget *window);
 
-/// In `parent` or, unless it is set, in the modal window, or in the window nearest to the front
-/// that has one. nullptr where there is none, and where there are several in that window.
+/// Returns the widget of this name in `parent`. If that is null, searches the modal window, or the
+/// frontmost window that contains the name. Returns null if there is none, or if there are several
+/// in that window.
 QWidget *widget(const QString &name, QWidget *parent = nullptr);
-/// The same as `Type`; nullptr also where it is none.
+/// Returns the same as `Type`; null also if the widget has another class.
 template <class Type>
 Type *as(const QString &name, QWidget *parent = nullptr) {
     return qobject_cast<Type *>(widget(name, parent));
 }
 
-/// What the rows of a list of the panel show as their names, from top to bottom.
+/// Returns the names shown by the rows of a list of the panel, from top to bottom.
 QStringList rows(const QString &list);
-/// nullptr where there is none; the first where there are several.
+/// Returns the first row with this name; null if there is none.
 QWidget *row(const QString &list, const QString &name);
 
-/// Every text that can be read.
+/// Returns all visible texts.
 QStringList texts();
-/// All windows as they lie over each other, on a plain desktop.
+/// Returns an image of all windows, stacked, on a plain desktop.
 QImage picture();
 
 QString withoutMnemonic(QString text);

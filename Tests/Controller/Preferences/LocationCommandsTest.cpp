@@ -38,7 +38,7 @@ QString failure(const char *condition) {
 
 }  // namespace
 
-/// The pane's commands on locations, sent as the person sends them: by its buttons and menus.
+/// The pane's commands on locations, triggered as by the user: through its buttons and menus.
 class LocationCommandsTest : public QObject {
     Q_OBJECT
 
@@ -57,7 +57,7 @@ class LocationCommandsTest : public QObject {
         return m_pane->mainView()->findChild<Part *>(QLatin1StringView(name));
     }
     void click(const char *name) const { part<QPushButton>(name)->click(); }
-    /// Chooses an item of a menu as the person does: it is enabled when the menu opens.
+    /// Chooses an item of a menu as the user does: it is enabled when the menu opens.
     void choose(const char *menu, const char *item) const {
         Q_EMIT part<QMenu>(menu)->aboutToShow();
         part<QAction>(item)->trigger();

@@ -23,7 +23,7 @@ std::shared_ptr<NetService> makeService(const QString &name, quint16 port = 0) {
     return std::make_shared<NetService>(QStringLiteral("local"), ServiceType, name, port);
 }
 
-/// Is told whether a service was resolved.
+/// Records whether a service was resolved.
 class Resolution : public NetServiceDelegate {
 public:
     void netServiceDidNotResolve(const std::shared_ptr<NetService> & /*service*/) override {
@@ -222,7 +222,7 @@ private Q_SLOTS:
         QVERIFY(m_host->application.presentedErrors().isEmpty());
     }
 
-    // Nobody answers in a test, which takes the three seconds that resolving may take.
+    // No service replies in a test, so this takes the three seconds of the timeout.
     void aClickOnARowResolvesItsService() {
         run();
         const auto service = makeService(QStringLiteral("Attic"));

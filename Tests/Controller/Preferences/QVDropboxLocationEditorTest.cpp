@@ -23,7 +23,7 @@ private:
     const QString m_email;
 };
 
-/// A session that answers when the test says so.
+/// A session whose result the test controls.
 class ScriptedSession : public QVDropboxSession {
 public:
     void authorizeWithFuture(const std::shared_ptr<PZFuture> &future, Handler handler) override {

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// What each step of a fetch shall answer, and which steps there were.
+/// The result of each step of a fetch, and a record of the steps.
 struct Script {
     std::optional<Error> openError;
     std::optional<QVRemoteDatabases> databases;
@@ -25,8 +25,8 @@ struct Script {
     QStringList steps;
 };
 
-/// A store that answers by a script, from a thread of its own as stores may. No real store can be
-/// brought to fail at closing.
+/// A store with scripted results, delivered on its own thread, as stores may do. No real store can
+/// be made to fail when it is closed.
 class ScriptedStore : public QVSyncStore {
 public:
     explicit ScriptedStore(Script *script) : m_script(script) {}

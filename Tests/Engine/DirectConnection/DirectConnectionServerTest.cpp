@@ -34,7 +34,7 @@ bool isAStranger(const Question & /*question*/) {
     return false;
 }
 
-/// A client that says what a test wants it to say.
+/// A client that sends what a test specifies.
 class Client {
 public:
     explicit Client(quint16 port) {
@@ -50,7 +50,7 @@ public:
     void sendBytes(const QByteArray &bytes) { m_socket.write(bytes); }
     void send(const QCborMap &message) { sendBytes(encode(message)); }
 
-    /// The next answer; an empty map where the server ends the connection without one.
+    /// Returns the next response; an empty map if the server closes the connection without one.
     QCborMap answer() {
         const bool isThere =
             QTest::qWaitFor([this] { return isAnswerThere() || hasEnded(); }, Patience);
@@ -560,7 +560,7 @@ private Q_SLOTS:
         QCOMPARE(client.answerTo(write(name, QByteArray(4000000, 'x'))), Done);
         QCborMap reading = read(name);
         reading[SizeLimit] = 5000000;
-        // As many answers at once would be 4 GB.
+        // This many simultaneous responses would take 4 GB.
         client.sendBytes(encode(reading).repeated(1000));
         for (int i = 0; i < 3; ++i) {
             QCOMPARE(client.answer()[Contents].toByteArray().size(), 4000000);

@@ -207,7 +207,7 @@ private Q_SLOTS:
         QElapsedTimer clock;
         clock.start();
         m_host.reset();
-        // The persons have minutes.
+        // The users have minutes.
         QVERIFY(clock.elapsed() < Patience);
     }
 
@@ -248,7 +248,7 @@ private Q_SLOTS:
             QCOMPARE(code(await(list)), EngineErrorCode::AccessDenied);
         }
         QCOMPARE(code(open(newStore())), EngineErrorCode::AccessDenied);
-        // Nobody is asked again.
+        // No user is asked again.
         QCOMPARE(m_person->asked().size(), 2);
     }
 

@@ -66,7 +66,7 @@ qsizetype blockSize(CipherAlgorithm algorithm) {
     return algorithm == CipherAlgorithm::AES ? 16 : 8;
 }
 
-/// What a cipher answers; compared as a whole.
+/// The result of a cipher; compared as a whole.
 struct Answer {
     std::optional<QByteArray> result;
     CCCryptorStatus status = Success;
@@ -155,7 +155,7 @@ private:
     char *m_start;
 };
 
-/// Runs `work` on a thread with a stack of its own and answers what it left on that stack.
+/// Runs `work` on a thread with its own stack and returns what it left on that stack.
 QByteArray stackAfter(const std::function<void()> &work) {
     constexpr size_t size = 1 << 20;
     void *const stack =

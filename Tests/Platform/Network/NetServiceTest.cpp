@@ -16,7 +16,7 @@ namespace {
 
 const QString Type = QStringLiteral("_velmora-test._tcp");
 
-/// Keeps what a browser tells, and the list as somebody who shows it would have it.
+/// Records the events of a browser, and the list of services that results from them.
 class Listener : public NetServiceBrowserDelegate {
 public:
     struct Event {
@@ -54,7 +54,7 @@ public:
     std::function<void()> react = [] {};
 };
 
-/// Keeps what a service tells.
+/// Records the events of a service.
 class Witness : public NetServiceDelegate {
 public:
     void netServiceDidResolveAddress(const std::shared_ptr<NetService> & /*service*/) override {
@@ -96,8 +96,8 @@ void allForNow(AvahiServiceBrowser * /*browser*/, AvahiIfIndex /*interface*/,
     }
 }
 
-/// Blocks, without running the event loop, until the daemon has told another client all that it
-/// knows; what it told the clients before that waits in their connections.
+/// Blocks, without running the event loop, until the daemon has sent another client everything it
+/// knows; what it sent to the other clients before is then waiting in their connections.
 void letTheDaemonSpeak() {
     std::thread other([] {
         AvahiSimplePoll *poll = avahi_simple_poll_new();

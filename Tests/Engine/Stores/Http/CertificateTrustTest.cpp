@@ -7,7 +7,7 @@
 #include "Support/TestMain.h"
 #include "Support/WebDAVServer.h"
 
-/// A server whose certificate nobody vouches for, and the person who is asked about it.
+/// A server whose certificate no authority vouches for, and the user who is asked about it.
 class CertificateTrustTest : public QObject {
     Q_OBJECT
 private:
@@ -32,7 +32,7 @@ private:
             .value()
             .toInt();
     }
-    /// Lets the person be asked, and answer.
+    /// Lets the user be asked, and accepts.
     void trust() {
         m_host->application().answerQuestions(true);
         QCOMPARE(open(), EngineErrorCode::CertificateUntrusted);

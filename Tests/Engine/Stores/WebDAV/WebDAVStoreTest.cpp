@@ -55,7 +55,7 @@ QByteArray folderResponse(const QByteArray &href) {
            "<D:status>HTTP/1.1 200 OK</D:status></D:propstat></D:response>";
 }
 
-/// A server that answers every request alike.
+/// A server that sends the same response to every request.
 ScriptedServer::Script always(const QByteArray &statusAndHeaders, const QByteArray &body = {}) {
     return [=](Connection &connection) {
         while (!connection.readRequest().isEmpty()) {
