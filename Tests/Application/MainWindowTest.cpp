@@ -148,7 +148,7 @@ private Q_SLOTS:
         QCOMPARE(savedTexts().first(), QStringLiteral("First typed"));
     }
 
-    void aTextThatTheUserDiscardsIsGone() {
+    void aTextThatTheUserDiscardsIsRemoved() {
         m_host->makeSavesFail();
         typeText(QStringLiteral(" typed"));
         answer({QStringLiteral("Discard")});

@@ -118,7 +118,7 @@ private Q_SLOTS:
         QCOMPARE(list()->currentRow(), 0);
     }
 
-    void theShownNoteStaysShownWhateverComesAndGoes() {
+    void theShownNoteStaysWhileOthersAreAddedAndRemoved() {
         Note second{{}, QStringLiteral("Second"), QStringLiteral("2"), {}};
         QVERIFY(m_database->saveNote(second));
         list()->setCurrentRow(1);

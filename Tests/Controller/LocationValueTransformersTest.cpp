@@ -35,7 +35,7 @@ private Q_SLOTS:
         QVERIFY(!transformer.transformedValue({}).isValid());
     }
 
-    void datesAreSaidInWords() {
+    void datesAreFormattedAsText() {
         const QDateTime now = QDateTime::currentDateTime();
         const QVLastSynchronizationValueTransformer last;
         const QVNextScheduledDateValueTransformer next;

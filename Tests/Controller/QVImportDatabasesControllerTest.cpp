@@ -172,7 +172,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_controller->locationsView()->geometry(), frameAt(0));
     }
 
-    void aSlideGoesOnFromWhereItIsTurnedBack() {
+    void aReversedSlideContinuesFromItsPosition() {
         run();
         m_script->hold();
         m_controller->fetchDatabasesForLocation(m_location);
@@ -419,7 +419,7 @@ private Q_SLOTS:
         QCOMPARE(m_completions, 0);
     }
 
-    void aLateAnswerOfAnEarlierFetchIsStillShown() {
+    void aLateResultOfAnEarlierFetchIsStillShown() {
         run();
         m_script->hold();
         m_script->openError = ImportTestError;
@@ -533,7 +533,7 @@ private Q_SLOTS:
         QCOMPARE(m_completions, 1);
     }
 
-    void aClosedSheetLivesUntilItsLastAnswer() {
+    void aClosedSheetLivesUntilItsLastResult() {
         run();
         m_script->hold();
         m_script->databases = QVRemoteDatabases();

@@ -305,7 +305,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!old);
     }
 
-    void anItemThatSomeoneKeepsOutlivesTheRebuildInItsOwnRight() {
+    void aSharedItemOutlivesTheRebuild() {
         m_list->setContent(texts({"a"}));
         const QVListView::Item kept = m_list->items().constFirst();
         m_list->setContent(texts({"b"}));

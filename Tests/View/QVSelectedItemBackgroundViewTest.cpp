@@ -141,7 +141,7 @@ private Q_SLOTS:
         QCOMPARE(announced.count(), 2);
     }
 
-    void aSingleClickGoesToTheSuperview() {
+    void aSingleClickIsPassedToTheSuperview() {
         ClickCounter list;
         QVSelectedItemBackgroundView view(&list);
         QSignalSpy actions(&view, &Control::action);
@@ -161,7 +161,7 @@ private Q_SLOTS:
         QCOMPARE(actions.count(), 1);
     }
 
-    void aTripleClickGoesToTheSuperviewLikeASingleOne() {
+    void aThirdClickIsPassedToTheSuperview() {
         ClickCounter list;
         QVSelectedItemBackgroundView view(&list);
         QSignalSpy actions(&view, &Control::action);

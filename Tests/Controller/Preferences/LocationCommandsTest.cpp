@@ -481,7 +481,7 @@ private Q_SLOTS:
         QVERIFY(!row->error());
     }
 
-    void aSheetThatOutlastsThePaneDoesNoHarm() {
+    void aSheetMayOutliveThePane() {
         showPane();
         QWidget window;
         m_pane->mainView()->setParent(&window);

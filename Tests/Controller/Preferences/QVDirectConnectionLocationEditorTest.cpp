@@ -175,7 +175,7 @@ private Q_SLOTS:
         QCOMPARE(recorder.count("services"), 1);
     }
 
-    void aServiceThatIsGoneIsRemovedWithAllItsEquals() {
+    void aRemovedServiceIsRemovedWithAllEqualOnes() {
         const auto service = makeService(QStringLiteral("Studio"));
         const auto equal = makeService(QStringLiteral("Studio"));
         const auto other = makeService(QStringLiteral("Attic"));

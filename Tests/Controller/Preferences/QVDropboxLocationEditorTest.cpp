@@ -235,7 +235,7 @@ private Q_SLOTS:
         QVERIFY(m_editor->canAccept());
     }
 
-    void theSessionKeepsTheEditorUntilItHasAnswered() {
+    void theSessionKeepsTheEditorUntilItsHandlerIsCalled() {
         run();
         const std::weak_ptr<Editor> editor = m_editor;
         m_editor.reset();
@@ -245,7 +245,7 @@ private Q_SLOTS:
         QVERIFY(editor.expired());
     }
 
-    void aSenderMayGoBeforeTheAnswer() {
+    void theSenderMayBeDestroyedBeforeTheResult() {
         run();
         {
             QObject sender;

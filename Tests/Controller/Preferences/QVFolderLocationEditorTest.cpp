@@ -117,7 +117,7 @@ private Q_SLOTS:
                  QStringList{path(QStringLiteral("Work.qvSyncStore"))});
     }
 
-    void savingOverAFolderFailsInWordsAndStillCallsTheHandler() {
+    void savingOverAFolderPresentsAnErrorAndCallsTheHandler() {
         QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("Work.qvSyncStore")));
         createPackage(QStringLiteral("Work.qvSyncStore"));
         QCOMPARE(m_host->application().presentedErrors().size(), 1);
@@ -205,7 +205,7 @@ private Q_SLOTS:
         QCOMPARE(m_results, QList<qint64>{1});
     }
 
-    void cancelClosesTheSheetAndSaysNo() {
+    void cancelClosesTheSheetWithResult0() {
         QWidget parent;
         m_editor->runLocationEditorModalForWindow(&parent, true, recordResult());
         part<QPushButton>("cancelButton")->click();
@@ -243,7 +243,7 @@ private Q_SLOTS:
         QCOMPARE(m_results, QList<qint64>{0});
     }
 
-    void theHandlerMayLetGoOfTheEditor() {
+    void theHandlerMayReleaseTheEditor() {
         QWidget parent;
         m_editor->runLocationEditorModalForWindow(&parent, true,
                                                   [this](qint64) { m_editor.reset(); });

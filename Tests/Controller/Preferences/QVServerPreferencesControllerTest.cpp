@@ -100,7 +100,7 @@ private Q_SLOTS:
         QCOMPARE(m_controller->serverPort(), 5000);
     }
 
-    void aNewPortGoesToTheDefaultsThenToTheServer() {
+    void aNewPortIsStoredAndThenSetOnTheServer() {
         m_controller->setServerPort(65535);
         QCOMPARE(UserDefaults::integerForKey(PortNumberKey), 65535);
         QCOMPARE(m_host->server.calls, QStringList{QStringLiteral("port 65535")});
@@ -285,7 +285,7 @@ private Q_SLOTS:
         QCOMPARE(m_secretService->count(itemAttributes(QStringLiteral("Kim"))), 1);
     }
 
-    void aClientWhoseItemIsGoneStaysInTheList() {
+    void aClientWhoseItemWasDeletedStaysInTheList() {
         authorize(QStringLiteral("Kim"));
         reopen();
         const QByteArray service = QVDirectConnectionClientAuthorizationServiceName().toUtf8();

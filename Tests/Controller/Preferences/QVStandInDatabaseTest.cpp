@@ -149,7 +149,7 @@ private Q_SLOTS:
         QCOMPARE(row.dateOfLastSynchronization(), at(9));
     }
 
-    void droppingAllStatesUpdatesNothingAndGoesOnObserving() {
+    void removingAllStatesUpdatesNothingAndKeepsObserving() {
         QVStandInDatabase row;
         const auto state = makeState(true, at(10));
         row.addSynchronizationStatesObject(state);

@@ -276,7 +276,7 @@ private Q_SLOTS:
         QCOMPARE(titles, once + once);
     }
 
-    void theRowsSpeakOfTheSelectedDatabase() {
+    void theRowsShowTheSelectedDatabase() {
         const auto database = m_host->addDatabase(QStringLiteral("Data"));
         const auto location = m_host->addLocation();
         location->addStateForDatabaseWithUUID(database->UUID(), database->name())->setEnabled(true);

@@ -209,7 +209,7 @@ private Q_SLOTS:
         QCOMPARE(m_delegate.m_schedules.size(), 2);
     }
 
-    void aTimeIsTakenInLocalTimeWhateverItsZone() {
+    void aTimeIsConvertedToLocalTimeFromAnyZone() {
         qputenv("TZ", "Asia/Tokyo");
         tzset();
         const QDateTime date(QDate(2026, 1, 15), QTime(3, 21), Qt::UTC);
@@ -255,7 +255,7 @@ private Q_SLOTS:
         QVERIFY(m_delegate.m_schedules.isEmpty());
     }
 
-    void withoutARowOnlyTheDelegateHears() {
+    void withoutARowOnlyTheDelegateIsCalled() {
         m_editor->setRepresentedObject({});
         m_editor->setDaily(true);
         m_editor->setSyncOnOpen(true);
@@ -316,7 +316,7 @@ private Q_SLOTS:
         QCOMPARE(recorder.announced(), QByteArrayList({"syncOnOpen", "syncOnClose"}));
     }
 
-    void aRowThatWasReplacedIsNoLongerHeard() {
+    void aReplacedRowIsNoLongerObserved() {
         m_editor->setRepresentedObject(QVariant::fromValue(makeRow(QStringLiteral("E"), 1)));
         AnnouncementRecorder recorder(m_editor.get());
         m_row->setSyncOnOpen(true);

@@ -208,7 +208,7 @@ private Q_SLOTS:
         QVERIFY(!row->database());
     }
 
-    void aRowThatIsGoneNoLongerFollows() {
+    void aDestroyedRowNoLongerFollows() {
         ArrayController controller;
         {
             const auto row = Selection::selectionWithDatabase(nullptr, m_host->addLocation());

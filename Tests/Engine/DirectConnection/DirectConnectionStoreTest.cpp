@@ -362,7 +362,7 @@ private Q_SLOTS:
         QCOMPARE(code(open(newStore())), EngineErrorCode::StoreUnreachable);
     }
 
-    void cancellingEndsWaitingForAServerThatDoesNotAnswer() {
+    void cancellingEndsWaitingForAServerThatDoesNotRespond() {
         server().stopServing();
         QTcpServer silent;
         QVERIFY(silent.listen(QHostAddress::LocalHost, m_port));

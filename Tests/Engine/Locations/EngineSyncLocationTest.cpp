@@ -69,7 +69,7 @@ private Q_SLOTS:
                                  location->addStateForDatabaseWithUUID(QString(), QString()));
     }
 
-    void aStateKnowsItsLocationUntilThatIsGone() {
+    void aStateReturnsItsLocationUntilThatIsDestroyed() {
         auto location = newLocation();
         const auto state = location->addStateForDatabaseWithUUID(DatabaseUUID, QString());
         QCOMPARE(state->destination(), location);

@@ -134,7 +134,7 @@ private Q_SLOTS:
         QCOMPARE(database(UUID)->notes(), notes);
     }
 
-    void whatTwoComputersDoComesTogether() {
+    void editsOfTwoComputersAreMerged() {
         const QString UUID = synchronizedDatabase(QStringLiteral("Projects"))->UUID();
         save(*database(UUID), QStringLiteral("Second"), QStringLiteral("2"));
         synchronize({state(UUID)});

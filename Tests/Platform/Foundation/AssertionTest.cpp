@@ -54,7 +54,7 @@ private Q_SLOTS:
 
     void aSatisfiedParameterPasses() { requireParameter(true, "condition", "method", "file"); }
 
-    void anUncaughtFailureEndsTheProgramInWords_data() {
+    void anUncaughtFailureIsReportedBeforeTheProgramTerminates_data() {
         QTest::addColumn<QString>("words");
         const QString failure = QStringLiteral(
             "velmora-tests stopped because of a programming error: Invalid parameter not "
@@ -72,7 +72,7 @@ private Q_SLOTS:
         QTest::newRow("terminate")
             << QStringLiteral("velmora-tests stopped because of an unknown programming error.\n");
     }
-    void anUncaughtFailureEndsTheProgramInWords() {
+    void anUncaughtFailureIsReportedBeforeTheProgramTerminates() {
         QFETCH(QString, words);
         QCOMPARE(lastWords(QString::fromLatin1(QTest::currentDataTag())), words);
     }

@@ -8,7 +8,7 @@ class NotificationCenterTest : public QObject {
     const QString m_name = QStringLiteral("QVDatabaseRenamedNotification");
 
 private Q_SLOTS:
-    void anObserverHearsTheNameAndTheObjectBeforePostReturns() {
+    void anObserverReceivesNameAndObjectBeforePostReturns() {
         NotificationCenter center;
         QObject observer;
         QObject object;
@@ -21,7 +21,7 @@ private Q_SLOTS:
         QCOMPARE(seen.object, nullptr);
     }
 
-    void onlyTheObservedNameIsHeard() {
+    void onlyTheObservedNameIsDelivered() {
         NotificationCenter center;
         QObject observer;
         int count = 0;
@@ -87,7 +87,7 @@ private Q_SLOTS:
         QCOMPARE(count, 1);
     }
 
-    void aDestroyedObserverHearsNoMoreAndItsHandlerIsReleased() {
+    void aDestroyedObserverIsNotCalledAndItsHandlerIsReleased() {
         NotificationCenter center;
         const auto kept = std::make_shared<int>(0);
         {

@@ -13,7 +13,7 @@ private Q_SLOTS:
         QVERIFY(!Url().isFileURL());
     }
 
-    void aTextWithinTheGrammarIsTakenApart_data() {
+    void aTextWithinTheGrammarIsParsed_data() {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("scheme");
         QTest::addColumn<QString>("user");
@@ -80,7 +80,7 @@ private Q_SLOTS:
         row("mailto:u@a", "mailto", "", "", none, "u@a");
         row("urn:a:b", "urn", "", "", none, "a:b");
     }
-    void aTextWithinTheGrammarIsTakenApart() {
+    void aTextWithinTheGrammarIsParsed() {
         QFETCH(QString, text);
         QFETCH(QString, scheme);
         QFETCH(QString, user);

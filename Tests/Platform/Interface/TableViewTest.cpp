@@ -264,7 +264,7 @@ private Q_SLOTS:
         m_table->setTableDelegate(nullptr);
     }
 
-    void theDelegateHearsOfTheSelection() {
+    void theDelegateIsCalledWhenTheSelectionChanges() {
         LabelDelegate delegate;
         delegate.rows = 2;
         m_table->setTableDelegate(&delegate);

@@ -85,13 +85,13 @@ private Q_SLOTS:
         }
     }
 
-    void endingWhatWasNotBegunIsHarmless() {
+    void endingASheetThatWasNotBegunHasNoEffect() {
         TestController controller;
         controller.endSheet(0);
         QVERIFY(!controller.isWindowLoaded());
     }
 
-    void escapeAndTheCloseButtonOnlySayThatThePersonWantsToLeave() {
+    void escapeAndTheCloseButtonOnlyEmitLeaving() {
         QWidget parent;
         TestController controller;
         controller.beginSheet(&parent);
@@ -141,7 +141,7 @@ private Q_SLOTS:
         QCOMPARE(clicks.count(), 1);
     }
 
-    void aParentThatGoesEndsTheModalRun() {
+    void destroyingTheParentEndsTheModalLoop() {
         auto parent = std::make_unique<QWidget>();
         TestController controller;
         QTimer::singleShot(0, &controller, [&] { parent.reset(); });
@@ -150,7 +150,7 @@ private Q_SLOTS:
         controller.endSheet(0);
     }
 
-    void theWindowGoesWithItsController() {
+    void theWindowIsDestroyedWithItsController() {
         QPointer<QWidget> window;
         {
             TestController controller;

@@ -523,7 +523,7 @@ private Q_SLOTS:
         QCOMPARE(list.selectionIndexes(), IndexSet());
     }
 
-    void aSelectionThatTheListRefusesIsTakenBackFromTheController() {
+    void aSelectionRefusedByTheListIsResetInTheController() {
         ArrayController controller;
         controller.setContent({1, 2, 3});
         List list;

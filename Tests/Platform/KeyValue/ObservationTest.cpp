@@ -215,7 +215,7 @@ private Q_SLOTS:
         QCOMPARE(link.number(), 2);
     }
 
-    void aHandlerMayAddAnObserverWhichHearsTheNextChange() {
+    void anObserverAddedByAHandlerReceivesTheNextChange() {
         Link link;
         QStringList seen;
         std::vector<Observation> added;
@@ -320,7 +320,7 @@ private Q_SLOTS:
         QCOMPARE(seen, (QList<QVariant>{QVariant(), 2, 3, QVariant()}));
     }
 
-    void aReplacedMiddleIsNotHeardAnyMore() {
+    void aReplacedMiddleObjectIsNoLongerObserved() {
         Link head;
         const auto before = std::make_shared<Link>(1);
         const auto after = std::make_shared<Link>(2);
@@ -335,7 +335,7 @@ private Q_SLOTS:
         QCOMPARE(count, 2);
     }
 
-    void aMiddleThatDiesWithItsReplacementIsLetGo() {
+    void aMiddleObjectDestroyedWithItsReplacementIsReleased() {
         Link head;
         head.setNext(std::make_shared<Link>(1));
         int count = 0;

@@ -170,7 +170,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(published.witness.published, 1, Patience);
     }
 
-    void whatOneTurnOfTheEventLoopBringsIsOneBatch() {
+    void eventsOfOneEventLoopTurnAreOneBatch() {
         const Published first(QStringLiteral("1"));
         const Published second(QStringLiteral("2"));
         const Published third(QStringLiteral("3"));
@@ -342,7 +342,7 @@ private Q_SLOTS:
         QCOMPARE(m_listener.services.size(), 1);
     }
 
-    void aNameThatIsTakenIsChanged() {
+    void aNameInUseIsChanged() {
         const Published first(QStringLiteral("Taken"));
         QTRY_COMPARE_WITH_TIMEOUT(first.witness.published, 1, Patience);
         // With another port: two announcements of the very same would be one.

@@ -236,7 +236,7 @@ private Q_SLOTS:
         expectKeptInMemoryAndToldOnce(store, QStringLiteral("The keyring is locked."));
     }
 
-    void aKeyringThatDiesWhileItWritesIsNoticed() {
+    void aKeyringThatCrashesWhileWritingIsDetected() {
         SecretStore store;
         m_service->freezeKeyring();
         store.set(item("one", "1"));
@@ -260,7 +260,7 @@ private Q_SLOTS:
         QVERIFY(store.find(item("one", {}).attributes).has_value());
     }
 
-    void aServiceThatDoesNotAnswerIsWaitedForOnce() {
+    void aServiceThatDoesNotReplyIsWaitedForOnce() {
         SecretStore store(Short);
         m_service->freezeKeyring();
         store.set(item("one", "1"));
@@ -378,7 +378,7 @@ private Q_SLOTS:
         QCOMPARE(prompting.countOfPrompts(), 2);
     }
 
-    void aServiceThatDiesWhileItPromptsIsNoticed() {
+    void aServiceThatCrashesDuringAPromptIsDetected() {
         m_service->stopKeyring();
         auto prompting =
             std::make_unique<PromptingSecretService>(m_service->busAddress(), Person::LooksAway);
@@ -391,7 +391,7 @@ private Q_SLOTS:
         QCOMPARE(secretOf(store, "one"), QByteArray("1"));
     }
 
-    void aPromptThatIsLeftOpenHoldsNothingUp() {
+    void anOpenPromptBlocksNoOtherCall() {
         m_service->stopKeyring();
         PromptingSecretService prompting(m_service->busAddress(), Person::LooksAway);
         SecretStore store(Short);

@@ -221,7 +221,7 @@ private Q_SLOTS:
         QVERIFY(!run.storage.defaultCredentialForProtectionSpace(basicSpace()));
     }
 
-    void anAbsentSpaceHasNothingAndTakesNothing() {
+    void anAbsentSpaceHasNoCredentialsAndStoresNone() {
         Run run;
         const UrlCredential some = credential(User, QStringLiteral("secret"));
         run.storage.setCredentialForProtectionSpace(some, std::nullopt);

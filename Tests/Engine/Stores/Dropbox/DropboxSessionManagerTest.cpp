@@ -208,7 +208,7 @@ private Q_SLOTS:
         QVERIFY(!hasTokens(m_server->email()));
     }
 
-    void anAnswerWithNeitherCodeNorErrorIsAnError() {
+    void aRedirectWithNeitherCodeNorErrorIsAnError() {
         m_server->setPerson(DropboxServer::Person::GetsLost);
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
@@ -216,7 +216,7 @@ private Q_SLOTS:
                  QStringLiteral("The web browser sent an invalid response. Sign in again."));
     }
 
-    void anAnswerOfAnotherStateIsNotBelieved() {
+    void aRedirectWithAnotherStateIsRejected() {
         m_browser->onlyRemember();
         const auto outcome = authorize();
         QTRY_COMPARE(m_browser->opened().size(), 1);
@@ -246,7 +246,7 @@ private Q_SLOTS:
                  QStringLiteral("Dropbox rejected the sign-in. Try again."));
     }
 
-    void whateverElseComesToTheRedirectAddressIsTurnedAway() {
+    void otherRequestsToTheRedirectAddressAreRejected() {
         m_browser->onlyRemember();
         const auto outcome = authorize();
         QTRY_COMPARE(m_browser->opened().size(), 1);
@@ -273,7 +273,7 @@ private Q_SLOTS:
         QCOMPARE(outcome->email, m_server->email());
     }
 
-    void manyIdleConnectionsDoNotKeepTheAnswerOut() {
+    void manyIdleConnectionsDoNotBlockTheRedirect() {
         m_browser->onlyRemember();
         const auto outcome = authorize();
         QTRY_COMPARE(m_browser->opened().size(), 1);
@@ -349,7 +349,7 @@ private Q_SLOTS:
         QVERIFY(!hasTokens(m_server->email()));
     }
 
-    void withACancelledFutureNothingBegins() {
+    void aCancelledFutureStartsNoAuthorization() {
         const auto future = PZFuture::future();
         future->cancel();
         const auto outcome = authorize(*m_session, future);
@@ -401,7 +401,7 @@ private Q_SLOTS:
                  QStringLiteral("The sign-in to Dropbox timed out. Try again."));
     }
 
-    void whenTheManagerGoesTheHandlersThatWaitAreCalled() {
+    void destroyingTheManagerCallsPendingHandlers() {
         m_browser->onlyRemember();
         auto manager = std::make_unique<DropboxSessionManager>();
         const auto outcome = authorize(*manager->sessionWithURL(Url()), PZFuture::future());

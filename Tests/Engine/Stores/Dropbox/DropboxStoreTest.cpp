@@ -222,7 +222,7 @@ private Q_SLOTS:
                  qPrintable(QString::number(m_server->count(ContinuePath))));
     }
 
-    void aListThatGoesOnWithoutACursorIsNotUnderstood() {
+    void anIncompleteListWithoutCursorIsInvalid() {
         m_server->setAnswer(ListPath, 200, R"({"entries":[],"cursor":"","has_more":true})");
         QVERIFY(description(list(QStringLiteral("databases")))
                     .contains(QStringLiteral("sent an invalid response")));

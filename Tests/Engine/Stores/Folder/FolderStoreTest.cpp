@@ -336,7 +336,7 @@ private Q_SLOTS:
         QVERIFY(descriptionOfOpening(*m_store).contains(package));
     }
 
-    void aStoreThatGoesInTheMiddleSaysSo() {
+    void aStoreThatDisappearsWhileInUseReportsAnError() {
         std::optional<PrivateVolume> custom;
         custom.emplace(QStringLiteral("/mnt"), 1 << 20);
         std::optional<PrivateVolume> stick;

@@ -55,7 +55,7 @@ private Q_SLOTS:
         m_server.reset();
     }
 
-    void thePersonIsShownWhatTheyNeed() {
+    void theQuestionShowsServerCertificateAndReasons() {
         QCOMPARE(open(), EngineErrorCode::CertificateUntrusted);
         QTRY_COMPARE(questions().size(), 1);
         const Question question = questions().first();
@@ -98,7 +98,7 @@ private Q_SLOTS:
         QCOMPARE(questions().size(), 1);
     }
 
-    void theAnswerIsKept() {
+    void theUsersAnswerIsStored() {
         trust();
         m_host->restart();
         QCOMPARE(open(), EngineErrorCode());
@@ -152,7 +152,7 @@ private Q_SLOTS:
         QVERIFY(other->contains(identifier, certificate));
     }
 
-    void aStrangersNameCannotFillTheQuestion() {
+    void aLongNameInACertificateIsTruncatedInTheQuestion() {
         m_host->application().answerQuestions(false);
         const QString name = QStringLiteral("Bank\nof Ida") + QString(5, QChar(0x202e));
         m_host->engine().plugin().context().certificateTrust->ask(

@@ -111,7 +111,7 @@ private Q_SLOTS:
         QVERIFY(!request.toLower().contains("authorization"));
     }
 
-    void anAnswerOfAnyStatusIsAnAnswer() {
+    void aResponseOfAnyStatusIsReturned() {
         for (const char *text :
              {"204 No Content", "400 Bad Request", "404 Not Found", "405 No", "409 Conflict",
               "412 Precondition Failed", "418 Teapot", "429 Too Many Requests", "500 Oh", "501 No",
@@ -227,7 +227,7 @@ private Q_SLOTS:
                  qPrintable(description(result)));
     }
 
-    void anEndlessAnswerIsCutOff_data() {
+    void anEndlessResponseIsAborted_data() {
         QTest::addColumn<QByteArray>("status");
         for (const char *status :
              {"200 OK", "302 Found\r\nLocation: /b", "401 Unauthorized",
@@ -239,7 +239,7 @@ private Q_SLOTS:
         }
     }
 
-    void anEndlessAnswerIsCutOff() {
+    void anEndlessResponseIsAborted() {
         QFETCH(QByteArray, status);
         std::atomic<qsizetype> sent = 0;
         const ScriptedServer server([&](Connection &connection) {
@@ -286,7 +286,7 @@ private Q_SLOTS:
         QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
     }
 
-    void anAnswerOfTheLimitIsTaken() {
+    void aResponseOfTheMaximumSizeIsAccepted() {
         const ScriptedServer server([](Connection &connection) {
             connection.readRequest();
             connection.answer("200 OK", QByteArray(1000, 'x'));
@@ -409,7 +409,7 @@ private Q_SLOTS:
                                                  QByteArray("ida:secret").toBase64()));
     }
 
-    void withoutACredentialAChallengeIsNotAnswered() {
+    void aChallengeIsNotAnsweredWithoutACredential() {
         std::atomic<int> requests = 0;
         const ScriptedServer server([&](Connection &connection) {
             while (!connection.readRequest().isEmpty()) {

@@ -517,7 +517,7 @@ private Q_SLOTS:
         QVERIFY(description(read(WebDAVBlob)).contains(QStringLiteral("sent an invalid response")));
     }
 
-    void aWriteWhoseAnswerIsLostIsFoundByTheNextTry() {
+    void aWriteWhoseResponseWasLostIsFoundByTheNextAttempt() {
         start({.authentication = Authentication::None});
         QCOMPARE(description(m_store->open(m_future)), QString());
         std::atomic<bool> isLosingAnswers = true;
