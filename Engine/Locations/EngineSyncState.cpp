@@ -39,6 +39,11 @@ void EngineSyncState::setSyncOnClose(bool syncOnClose) {
     KeyValue::announce<&QVSyncState::syncOnCloseChanged>(this);
 }
 
+void EngineSyncState::setDatabaseName(const QString &databaseName) {
+    m_databaseName = databaseName;
+    m_isChanged = true;
+}
+
 void EngineSyncState::setLastSynced(const QDateTime &lastSynced) {
     m_values.lastSynced = lastSynced;
     m_isChanged = true;

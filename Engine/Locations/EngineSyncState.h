@@ -41,6 +41,9 @@ public:
     bool syncOnClose() const override { return m_values.syncOnClose; }
     void setSyncOnClose(bool syncOnClose) override;
     QDateTime lastSynced() const override { return m_values.lastSynced; }
+    /// Called by the dispatcher after a successful synchronization: the location now knows the
+    /// database by this name.
+    void setDatabaseName(const QString &databaseName);
     /// Called by the dispatcher after a successful synchronization. Announces "lastSynced".
     void setLastSynced(const QDateTime &lastSynced);
 
@@ -52,7 +55,7 @@ private:
     /// Weak, because the location owns its states.
     const std::weak_ptr<EngineSyncLocation> m_destination;
     const QString m_databaseUUID;
-    const QString m_databaseName;
+    QString m_databaseName;
     Values m_values;
     /// Whether the values differ from the row of the profile.
     bool m_isChanged = true;

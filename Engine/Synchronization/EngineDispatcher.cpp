@@ -198,15 +198,21 @@ QString EngineDispatcher::nameOf(const StoreSession::Subject &subject) const {
 void EngineDispatcher::rememberSynchronized(QVSyncState &state) {
     auto &ours = dynamic_cast<EngineSyncState &>(state);
     const auto location = std::dynamic_pointer_cast<EngineSyncLocation>(state.destination());
+    const auto database = m_library.synchronizedDatabase(ours.databaseUUID());
+    // The name of an inbox stays on its computer.
+    if (database && !database->isInbox()) {
+        ours.setDatabaseName(database->name());
+    }
     ours.setLastSynced(QDateTime::currentDateTime());
     if (!location) {
         return;
     }
-    // Only this column: other changes of the state are saved when the user saves them.
+    // Only these columns: other changes of the state are saved when the user saves them.
     const Expected<void> written = m_profile.run(
-        QStringLiteral("UPDATE states SET last_synced = ?"
+        QStringLiteral("UPDATE states SET last_synced = ?, database_name = ?"
                        " WHERE location_uuid = ? AND database_uuid = ?"),
-        {ours.lastSynced().toMSecsSinceEpoch(), location->identifier(), ours.databaseUUID()});
+        {ours.lastSynced().toMSecsSinceEpoch(), ProfileDatabase::text(ours.databaseName()),
+         location->identifier(), ours.databaseUUID()});
     if (!written) {
         logSync(written.error().localizedDescription);
     }

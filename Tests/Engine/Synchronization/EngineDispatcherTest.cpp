@@ -134,6 +134,19 @@ private Q_SLOTS:
         QCOMPARE(database(UUID)->notes(), notes);
     }
 
+    void aStateFollowsTheNameThatTheLocationKnows() {
+        const QString UUID = synchronizedDatabase(QStringLiteral("Notes"))->UUID();
+        m_host->renameDatabase(database(UUID), QStringLiteral("Plans"));
+        const auto nameOfState = [&] {
+            return location()->stateForDatabaseWithUUID(UUID)->databaseName();
+        };
+        QCOMPARE(nameOfState(), QStringLiteral("Notes"));
+        synchronize({location()->stateForDatabaseWithUUID(UUID)});
+        QCOMPARE(nameOfState(), QStringLiteral("Plans"));
+        m_host->restart();
+        QCOMPARE(nameOfState(), QStringLiteral("Plans"));
+    }
+
     void editsOfTwoComputersAreMerged() {
         const QString UUID = synchronizedDatabase(QStringLiteral("Projects"))->UUID();
         save(*database(UUID), QStringLiteral("Second"), QStringLiteral("2"));
