@@ -184,6 +184,20 @@ private Q_SLOTS:
         QVERIFY(m_results.isEmpty());
     }
 
+    void aPackageThatDoesNotExistIsNotChosen() {
+        inPanel([=, this](PackagePanel &panel) {
+            panel.setDirectory(m_folder->path());
+            panel.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+                ->setText(path(QStringLiteral("Missing.qvSyncStore")));
+            confirm(panel);
+            QVERIFY(panel.isVisible());
+            panel.reject();
+        });
+        m_editor->selectFolderWithCompletionHandler(recordResult());
+        QVERIFY(m_results.isEmpty());
+        QVERIFY(m_location->URL().isNil());
+    }
+
     void theSheetShowsThePackageThatItsButtonsMake() {
         QWidget parent;
         m_editor->runLocationEditorModalForWindow(&parent, true, recordResult());

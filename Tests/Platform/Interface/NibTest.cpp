@@ -245,6 +245,20 @@ private Q_SLOTS:
         QCOMPARE(other.m_calls.size(), 1);
     }
 
+    void anActionThatItsTargetLacksIsAProgrammingError() {
+        Owner owner;
+        QObject other;
+        owner.m_other = &other;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            addPart<Control>(form, "control", {}, QStringLiteral("owner.other.press"));
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, Q_EMIT form->findChild<Control *>()->action());
+    }
+
     void menuItemsAndControlsSendActionsToo() {
         Owner owner;
         const QString name = uniqueName();

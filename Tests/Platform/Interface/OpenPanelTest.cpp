@@ -17,6 +17,9 @@ class OpenPanelTest : public QObject {
     QPushButton *openButton() const {
         return m_panel->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Open);
     }
+    QLineEdit *nameField() const {
+        return m_panel->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    }
     /// Makes the entry of that name the current one, as a click does.
     void choose(const char *name) {
         auto *list = m_panel->findChild<QListView *>(QStringLiteral("listView"));
@@ -59,9 +62,13 @@ private Q_SLOTS:
         QCOMPARE(m_panel->URL(), Url::fileURL(path(name.constData())));
     }
 
+    void theNameOfAChosenFolderIsShown() {
+        choose("folder");
+        QCOMPARE(nameField()->text(), QStringLiteral("folder"));
+    }
+
     void whatDoesNotExistIsNotChosen() {
-        m_panel->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
-            ->setText(QStringLiteral("missing"));
+        nameField()->setText(QStringLiteral("missing"));
         QMetaObject::invokeMethod(m_panel.get(), "accept");
         QVERIFY(m_panel->isVisible());
     }
