@@ -74,28 +74,28 @@ bool writePrivately(const QString &path, const QByteArray &contents) {
 
 }  // namespace
 
-std::optional<Error> DirectConnectionIdentity::load(const QString &directory,
-                                                    DirectConnectionIdentity &identity) {
+Expected<DirectConnectionIdentity> DirectConnectionIdentity::load(const QString &directory) {
     const QString path = directory + QStringLiteral("/Direct Connection.pem");
     if (!QFileInfo::exists(path) && !writePrivately(path, newIdentity())) {
-        return engineError(EngineErrorCode::ServerUnusable,
-                           "The certificate “%1” of this computer could not be created. Check the "
-                           "permissions of the profile folder.",
-                           path);
+        return failure(
+            engineError(EngineErrorCode::ServerUnusable,
+                        "The certificate “%1” of this computer could not be created. Check the "
+                        "permissions of the profile folder.",
+                        path));
     }
     QFile file(path);
     // A copy of the profile may have other permissions.
     file.setPermissions(OwnerOnly);
     const QByteArray contents = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    identity.privateKey = QSslKey(contents, QSsl::Ec);
-    identity.certificate = QSslCertificate(contents);
+    const DirectConnectionIdentity identity{QSslKey(contents, QSsl::Ec), QSslCertificate(contents)};
     if (identity.privateKey.isNull() || identity.certificate.isNull()) {
-        return engineError(EngineErrorCode::ServerUnusable,
-                           "The certificate “%1” of this computer is damaged. Delete it and pair "
-                           "the other computers again.",
-                           path);
+        return failure(
+            engineError(EngineErrorCode::ServerUnusable,
+                        "The certificate “%1” of this computer is damaged. Delete it and pair "
+                        "the other computers again.",
+                        path));
     }
-    return {};
+    return identity;
 }
 
 QByteArray DirectConnectionIdentity::fingerprint(const QByteArray &certificate) {

@@ -4,9 +4,8 @@
 #include <QtCore/QString>
 #include <QtNetwork/QSslCertificate>
 #include <QtNetwork/QSslKey>
-#include <optional>
 
-#include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Expected.h"
 
 /// The identity of a profile's server: a private key and a self-signed certificate, which clients
 /// recognize by its fingerprint. Stored as PEM (RFC 7468) in one file of the profile that only its
@@ -18,7 +17,7 @@ struct DirectConnectionIdentity {
     /// Loads the identity of the profile in `directory`, or creates one if there is no file. Blocks
     /// for file access. Thread-safe. Fails if the file cannot be created or is damaged; a damaged
     /// file is not replaced, because no paired client would recognize another key.
-    static std::optional<Error> load(const QString &directory, DirectConnectionIdentity &identity);
+    static Expected<DirectConnectionIdentity> load(const QString &directory);
 
     /// Returns the SHA-256 of a certificate in DER.
     static QByteArray fingerprint(const QByteArray &certificate);

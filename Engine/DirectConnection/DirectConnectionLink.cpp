@@ -84,8 +84,8 @@ bool DirectConnectionLink::isConnected() const {
     return SSL_get_error(m_session.get(), result) == SSL_ERROR_WANT_READ;
 }
 
-std::optional<Error> DirectConnectionLink::connect(const QString &host, quint16 port,
-                                                   const EngineFuture &future) {
+Expected<void> DirectConnectionLink::connect(const QString &host, quint16 port,
+                                             const EngineFuture &future) {
     ignoreBrokenPipes();
     m_host = host;
     const Addresses addresses = lookUp(reachableName(host), port);
@@ -95,7 +95,7 @@ std::optional<Error> DirectConnectionLink::connect(const QString &host, quint16 
         }
         disconnect();
     }
-    return unreachable(host);
+    return failure(unreachable(host));
 }
 
 bool DirectConnectionLink::connectTo(const addrinfo &address, const EngineFuture &future) {
@@ -109,14 +109,14 @@ bool DirectConnectionLink::connectTo(const addrinfo &address, const EngineFuture
     if (!waitFor(POLLOUT, QDeadlineTimer(ConnectingPatience), future)) {
         return false;
     }
-    int failure = 0;
-    socklen_t size = sizeof failure;
+    int problem = 0;
+    socklen_t size = sizeof problem;
     const int immediately = 1;
     setsockopt(m_socket, IPPROTO_TCP, TCP_NODELAY, &immediately, sizeof immediately);
-    return getsockopt(m_socket, SOL_SOCKET, SO_ERROR, &failure, &size) == 0 && failure == 0;
+    return getsockopt(m_socket, SOL_SOCKET, SO_ERROR, &problem, &size) == 0 && problem == 0;
 }
 
-std::optional<Error> DirectConnectionLink::startEncryption(const EngineFuture &future) {
+Expected<void> DirectConnectionLink::startEncryption(const EngineFuture &future) {
     m_context.reset(SSL_CTX_new(TLS_client_method()));
     SSL_CTX_set_min_proto_version(m_context.get(), TLS1_3_VERSION);
     // The certificate is self-signed; the caller compares the pinned fingerprint.
@@ -133,7 +133,7 @@ std::optional<Error> DirectConnectionLink::startEncryption(const EngineFuture &f
         result == 1 ? SSL_get1_peer_certificate(m_session.get()) : nullptr, &X509_free);
     if (!certificate) {
         disconnect();
-        return unreachable(m_host);
+        return failure(unreachable(m_host));
     }
     QByteArray bytes(i2d_X509(certificate.get(), nullptr), Qt::Uninitialized);
     auto *end = reinterpret_cast<unsigned char *>(bytes.data());
@@ -142,27 +142,31 @@ std::optional<Error> DirectConnectionLink::startEncryption(const EngineFuture &f
     return {};
 }
 
-std::optional<Error> DirectConnectionLink::exchange(const QCborMap &request, QCborMap &answer,
-                                                    std::chrono::seconds patience,
-                                                    const EngineFuture &future) {
-    QByteArray start(DirectConnectionMessage::LengthSize, Qt::Uninitialized);
-    QByteArray body;
-    bool isThere = isConnected() &&
-                   send(DirectConnectionMessage::encode(request), patience, future) &&
-                   receive(start, patience, future);
-    if (isThere && DirectConnectionMessage::length(start) <= DirectConnectionMessage::Limit) {
-        body.resize(DirectConnectionMessage::length(start));
-        isThere = receive(body, patience, future);
+Expected<QCborMap> DirectConnectionLink::exchange(const QCborMap &request,
+                                                  std::chrono::seconds patience,
+                                                  const EngineFuture &future) {
+    std::optional<QCborMap> answer;
+    if (isConnected() && send(DirectConnectionMessage::encode(request), patience, future)) {
+        answer = receiveMessage(patience, future);
     }
-    const std::optional<QCborMap> message =
-        isThere ? DirectConnectionMessage::decode(body) : std::nullopt;
-    if (!message) {
+    if (!answer) {
         disconnect();
-        return engineError(EngineErrorCode::StoreUnreachable,
-                           "The connection to “%1” was lost. Try again.", m_host);
+        return failure(engineError(EngineErrorCode::StoreUnreachable,
+                                   "The connection to “%1” was lost. Try again.", m_host));
     }
-    answer = *message;
-    return {};
+    return *answer;
+}
+
+std::optional<QCborMap> DirectConnectionLink::receiveMessage(std::chrono::seconds patience,
+                                                             const EngineFuture &future) {
+    const std::optional<QByteArray> start =
+        receive(DirectConnectionMessage::LengthSize, patience, future);
+    const qsizetype length = start ? DirectConnectionMessage::length(*start) : 0;
+    if (!start || length > DirectConnectionMessage::Limit) {
+        return std::nullopt;
+    }
+    const std::optional<QByteArray> body = receive(length, patience, future);
+    return body ? DirectConnectionMessage::decode(*body) : std::nullopt;
 }
 
 bool DirectConnectionLink::send(const QByteArray &bytes, std::chrono::seconds patience,
@@ -184,23 +188,25 @@ bool DirectConnectionLink::send(const QByteArray &bytes, std::chrono::seconds pa
     return true;
 }
 
-bool DirectConnectionLink::receive(QByteArray &bytes, std::chrono::seconds patience,
-                                   const EngineFuture &future) {
+std::optional<QByteArray> DirectConnectionLink::receive(qsizetype count,
+                                                        std::chrono::seconds patience,
+                                                        const EngineFuture &future) {
+    QByteArray bytes(count, Qt::Uninitialized);
     qsizetype received = 0;
     QDeadlineTimer deadline(patience);
-    while (received < bytes.size()) {
-        size_t count = 0;
+    while (received < count) {
+        size_t read = 0;
         ERR_clear_error();
         const int result = SSL_read_ex(m_session.get(), bytes.data() + received,
-                                       static_cast<size_t>(bytes.size() - received), &count);
+                                       static_cast<size_t>(count - received), &read);
         if (result == 1) {
-            received += static_cast<qsizetype>(count);
+            received += static_cast<qsizetype>(read);
             deadline = QDeadlineTimer(patience);
         } else if (!waitToGoOn(result, deadline, future)) {
-            return false;
+            return std::nullopt;
         }
     }
-    return true;
+    return bytes;
 }
 
 bool DirectConnectionLink::waitToGoOn(int result, QDeadlineTimer deadline,

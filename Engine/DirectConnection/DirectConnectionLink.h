@@ -11,7 +11,7 @@
 #include <optional>
 
 #include "Engine/Foundation/EngineFuture.h"
-#include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Expected.h"
 
 struct addrinfo;
 
@@ -29,7 +29,7 @@ public:
     /// serverFingerprint(). Must not be called while connected. Blocks while it resolves the name,
     /// which cannot be cancelled, then for at most 10 seconds for each address and 10 seconds for
     /// the TLS handshake.
-    std::optional<Error> connect(const QString &host, quint16 port, const EngineFuture &future);
+    Expected<void> connect(const QString &host, quint16 port, const EngineFuture &future);
     /// Returns whether the server has not closed the connection. Must be called between two
     /// exchanges. Does not block.
     bool isConnected() const;
@@ -38,8 +38,8 @@ public:
 
     /// Sends `request` and waits for the response, for at most `patience` without progress in
     /// either direction.
-    std::optional<Error> exchange(const QCborMap &request, QCborMap &answer,
-                                  std::chrono::seconds patience, const EngineFuture &future);
+    Expected<QCborMap> exchange(const QCborMap &request, std::chrono::seconds patience,
+                                const EngineFuture &future);
     /// Closes the connection. Idempotent.
     void disconnect();
 
@@ -47,10 +47,15 @@ private:
     /// Connects to one address.
     bool connectTo(const addrinfo &address, const EngineFuture &future);
     /// Performs the TLS handshake and stores the fingerprint.
-    std::optional<Error> startEncryption(const EngineFuture &future);
-    /// Transfer exactly `bytes`; return false on failure, timeout or cancellation.
+    Expected<void> startEncryption(const EngineFuture &future);
+    /// Sends all `bytes`; returns false on failure, timeout or cancellation.
     bool send(const QByteArray &bytes, std::chrono::seconds patience, const EngineFuture &future);
-    bool receive(QByteArray &bytes, std::chrono::seconds patience, const EngineFuture &future);
+    /// Receive exactly `count` bytes or one message; return an empty optional on failure, timeout
+    /// or cancellation.
+    std::optional<QByteArray> receive(qsizetype count, std::chrono::seconds patience,
+                                      const EngineFuture &future);
+    std::optional<QCborMap> receiveMessage(std::chrono::seconds patience,
+                                           const EngineFuture &future);
     /// Wait until the socket is ready again; return false on failure, timeout or cancellation.
     bool waitToGoOn(int result, QDeadlineTimer deadline, const EngineFuture &future) const;
     bool waitFor(short events, QDeadlineTimer deadline, const EngineFuture &future) const;

@@ -41,13 +41,14 @@ DirectConnectionPackage::DirectConnectionPackage(const QString &path,
                                                  std::shared_ptr<BlobStore> store)
     : m_path(path), m_store(std::move(store)), m_future(std::make_shared<EngineFuture>()) {}
 
-std::optional<Error> DirectConnectionPackage::make() const {
+Expected<void> DirectConnectionPackage::make() const {
     for (const QString &folder : {QStringLiteral("/databases"), QStringLiteral("/transactions")}) {
         if (!QDir().mkpath(m_path + folder)) {
-            return engineError(EngineErrorCode::ServerUnusable,
-                               "The sync store “%1” could not be created. Check the permissions of "
-                               "the folder that contains it.",
-                               m_path);
+            return failure(
+                engineError(EngineErrorCode::ServerUnusable,
+                            "The sync store “%1” could not be created. Check the permissions of "
+                            "the folder that contains it.",
+                            m_path));
         }
     }
     return {};

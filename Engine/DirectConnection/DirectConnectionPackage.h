@@ -4,7 +4,6 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 #include <memory>
-#include <optional>
 
 #include "Engine/Stores/BlobStore.h"
 
@@ -24,7 +23,7 @@ public:
 
     QString path() const { return m_path; }
     /// Creates the folders of the package that do not exist.
-    std::optional<Error> make() const;
+    Expected<void> make() const;
 
     /// The operations of BlobStore. Folders are "databases", "transactions" and
     /// "transactions/UUID".

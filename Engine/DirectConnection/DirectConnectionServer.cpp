@@ -81,9 +81,9 @@ void DirectConnectionServer::startServing() {
     if (isServing()) {
         return;
     }
-    if (const std::optional<Error> error = start()) {
+    if (const Expected<void> started = start(); !started) {
         stop();
-        present(*error);
+        present(started.error());
     }
     KeyValue::announce<&QVDirectConnectionServer::servingChanged>(
         static_cast<QVDirectConnectionServer *>(this));
@@ -97,44 +97,41 @@ void DirectConnectionServer::stopServing() {
     }
 }
 
-std::optional<Error> DirectConnectionServer::start() {
-    DirectConnectionIdentity identity;
-    std::optional<Error> error = DirectConnectionIdentity::load(m_profile.directory(), identity);
-    if (!error) {
-        error = m_package->make();
+Expected<void> DirectConnectionServer::start() {
+    const auto identity = DirectConnectionIdentity::load(m_profile.directory());
+    if (!identity) {
+        return failure(identity.error());
     }
-    if (!error) {
-        error = listen(identity);
-    }
-    if (!error) {
+    const Expected<void> listening = m_package->make().and_then([&] { return listen(*identity); });
+    if (listening) {
         // Without a name: it is announced under the computer's name.
         m_service = std::make_shared<NetService>(QString(), DirectConnection::BonjourServiceType,
                                                  QString(), m_port);
         m_service->publish();
     }
-    return error;
+    return listening;
 }
 
-std::optional<Error> DirectConnectionServer::listen(const DirectConnectionIdentity &identity) {
+Expected<void> DirectConnectionServer::listen(const DirectConnectionIdentity &identity) {
     ++m_listenerNumber;
     m_listener = new DirectConnectionListener(identity, *m_package, m_limits, mainThread());
     m_listener->moveToThread(&m_thread);
     m_thread.start();
-    QString failure;
+    QString problem;
     const auto listen = [&] {
         if (!m_listener->listen(QHostAddress::Any, m_port)) {
-            failure = m_listener->errorString();
+            problem = m_listener->errorString();
         }
     };
     QMetaObject::invokeMethod(m_listener, listen, Qt::BlockingQueuedConnection);
-    if (failure.isEmpty()) {
+    if (problem.isEmpty()) {
         return {};
     }
-    return engineError(
+    return failure(engineError(
         EngineErrorCode::ServerUnusable,
         localizedSyncString("The server cannot use the port %1. Choose another port. (%2)")
             .arg(m_port)
-            .arg(failure));
+            .arg(problem)));
 }
 
 void DirectConnectionServer::stop() {

@@ -45,9 +45,9 @@ public:
     std::shared_ptr<NetService> bonjourService() const override { return m_service; }
 
 private:
-    std::optional<Error> start();
+    Expected<void> start();
     /// Starts the thread and the listener.
-    std::optional<Error> listen(const DirectConnectionIdentity &identity);
+    Expected<void> listen(const DirectConnectionIdentity &identity);
     void stop();
     /// Returns the functions by which the listener posts its requests to the main thread.
     DirectConnectionListener::MainThread mainThread();

@@ -53,8 +53,7 @@ DirectConnectionStore::DirectConnectionStore(const std::shared_ptr<QVSyncLocatio
 
 Expected<void> DirectConnectionStore::open(const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
-    const std::optional<Error> error = m_link.isConnected() ? std::nullopt : connect(future);
-    return error ? failure(*error) : Expected<void>();
+    return connectIfNeeded(future);
 }
 
 Expected<QStringList> DirectConnectionStore::listFolder(const QString &folder,
@@ -112,57 +111,62 @@ Expected<void> DirectConnectionStore::removeBlob(const QString &name, const Engi
 Expected<QCborMap> DirectConnectionStore::request(const QCborMap &request, const QString &name,
                                                   const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
-    std::optional<Error> error = m_link.isConnected() ? std::nullopt : connect(future);
-    QCborMap answer;
-    if (!error) {
-        error = m_link.exchange(request, answer, AnswerPatience, future);
+    const Expected<QCborMap> answer = connectIfNeeded(future).and_then(
+        [&] { return m_link.exchange(request, AnswerPatience, future); });
+    if (!answer) {
+        return failure(future.isCancelled() ? operationCancelled() : answer.error());
     }
-    if (error) {
-        return failure(future.isCancelled() ? operationCancelled() : *error);
-    }
-    if (answer[Type] == Done) {
+    if ((*answer)[Type] == Done) {
         return answer;
     }
-    if (answer[Type] == Failed) {
-        return failure(refusal(answer, name));
+    if ((*answer)[Type] == Failed) {
+        return failure(refusal(*answer, name));
     }
     m_link.disconnect();
-    return failure(takeWelcome(answer).value_or(notUnderstood()));
+    const Expected<void> welcome = takeWelcome(*answer);
+    return failure(welcome ? notUnderstood() : welcome.error());
 }
 
-std::optional<Error> DirectConnectionStore::connect(const EngineFuture &future) {
+Expected<void> DirectConnectionStore::connectIfNeeded(const EngineFuture &future) {
+    return m_link.isConnected() ? Expected<void>() : connect(future);
+}
+
+Expected<void> DirectConnectionStore::connect(const EngineFuture &future) {
     m_link.disconnect();
-    std::optional<Error> error =
-        m_link.connect(URL().host(), URL().port().value_or(DirectConnection::DefaultPort), future);
+    Expected<void> connected =
+        m_link.connect(URL().host(), URL().port().value_or(DirectConnection::DefaultPort), future)
+            .and_then([&] { return authenticate(future); });
+    if (connected) {
+        return connected;
+    }
+    m_link.disconnect();
+    return future.isCancelled() ? failure(operationCancelled()) : connected;
+}
+
+Expected<void> DirectConnectionStore::authenticate(const EngineFuture &future) {
     const std::optional<QByteArray> pinned = m_pairings->fingerprint(m_pairingKey);
-    if (!error && pinned && *pinned != m_link.serverFingerprint()) {
-        error = engineError(EngineErrorCode::CertificateUntrusted,
-                            "“%1” is not the computer that was paired. If this is intended, remove "
-                            "the location and add it again.",
-                            URL().host());
+    if (pinned && *pinned != m_link.serverFingerprint()) {
+        return failure(
+            engineError(EngineErrorCode::CertificateUntrusted,
+                        "“%1” is not the computer that was paired. If this is intended, remove "
+                        "the location and add it again.",
+                        URL().host()));
     }
-    if (!error) {
-        const std::optional<QByteArray> secret =
-            pinned ? m_pairings->secret(m_pairingKey) : std::nullopt;
-        error = secret ? greet(*secret, future) : pair(future);
-    }
-    if (error) {
-        m_link.disconnect();
-    }
-    return error && future.isCancelled() ? std::optional(operationCancelled()) : error;
+    const std::optional<QByteArray> secret =
+        pinned ? m_pairings->secret(m_pairingKey) : std::nullopt;
+    return secret ? greet(*secret, future) : pair(future);
 }
 
-std::optional<Error> DirectConnectionStore::greet(const QByteArray &secret,
-                                                  const EngineFuture &future) {
+Expected<void> DirectConnectionStore::greet(const QByteArray &secret, const EngineFuture &future) {
     QCborMap message = ofType(Hello);
     message[Name] = clientName();
     message[Secret] = secret;
-    QCborMap answer;
-    const std::optional<Error> error = m_link.exchange(message, answer, AnswerPatience, future);
-    return error ? error : takeWelcome(answer);
+    return m_link.exchange(message, AnswerPatience, future).and_then([this](const auto &answer) {
+        return takeWelcome(answer);
+    });
 }
 
-std::optional<Error> DirectConnectionStore::pair(const EngineFuture &future) {
+Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
     DirectConnectionPairing pairing;
     pairing.serverFingerprint = m_link.serverFingerprint();
     pairing.clientName = clientName();
@@ -171,53 +175,54 @@ std::optional<Error> DirectConnectionStore::pair(const EngineFuture &future) {
     QCborMap message = ofType(Pair);
     message[Name] = pairing.clientName;
     message[Commitment] = pairing.commitment();
-    QCborMap answer;
-    if (std::optional<Error> error = m_link.exchange(message, answer, AnswerPatience, future)) {
-        return error;
+    const Expected<QCborMap> answer = m_link.exchange(message, AnswerPatience, future);
+    if (!answer) {
+        return failure(answer.error());
     }
-    pairing.serverNonce = answer[Nonce].toByteArray();
+    pairing.serverNonce = (*answer)[Nonce].toByteArray();
     if (pairing.serverNonce.size() != DirectConnectionPairing::RandomSize) {
-        return notUnderstood();
+        return failure(notUnderstood());
     }
     return confirm(pairing, future);
 }
 
-std::optional<Error> DirectConnectionStore::confirm(const DirectConnectionPairing &pairing,
-                                                    const EngineFuture &future) {
+Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pairing,
+                                              const EngineFuture &future) {
     // Both users are asked at the same time, since each has to see the other's code.
     const PersonsAnswer person(questionFor(URL().host(), pairing.code()));
     QCborMap message = ofType(Reveal);
     message[Nonce] = pairing.clientNonce;
     message[Secret] = pairing.clientSecret;
-    QCborMap answer;
-    std::optional<Error> error = m_link.exchange(message, answer, PairingPatience, future);
-    if (!error) {
-        error = takeWelcome(answer);
+    const Expected<void> welcome =
+        m_link.exchange(message, PairingPatience, future).and_then([this](const auto &answer) {
+            return takeWelcome(answer);
+        });
+    if (!welcome) {
+        return welcome;
     }
-    if (!error && !person.wait(future, PairingPatience)) {
-        error = operationCancelled();
+    if (!person.wait(future, PairingPatience)) {
+        return failure(operationCancelled());
     }
-    if (!error) {
-        m_pairings->keep(m_pairingKey, pairing.serverFingerprint, pairing.clientSecret);
-    }
-    return error;
+    m_pairings->keep(m_pairingKey, pairing.serverFingerprint, pairing.clientSecret);
+    return {};
 }
 
-std::optional<Error> DirectConnectionStore::takeWelcome(const QCborMap &answer) const {
+Expected<void> DirectConnectionStore::takeWelcome(const QCborMap &answer) const {
     if (answer[Type] == Welcome) {
         return {};
     }
     if (answer[Type] == Busy) {
-        return engineError(EngineErrorCode::AccessDenied,
-                           "“%1” is busy with another request. Try again later.", URL().host());
+        return failure(engineError(EngineErrorCode::AccessDenied,
+                                   "“%1” is busy with another request. Try again later.",
+                                   URL().host()));
     }
     if (answer[Type] == Refused) {
-        return engineError(
+        return failure(engineError(
             EngineErrorCode::AccessDenied,
             "“%1” does not allow this computer to synchronize. Allow it there and try again.",
-            URL().host());
+            URL().host()));
     }
-    return notUnderstood();
+    return failure(notUnderstood());
 }
 
 Error DirectConnectionStore::notUnderstood() const {

@@ -39,14 +39,15 @@ private:
     Expected<QCborMap> request(const QCborMap &request, const QString &name,
                                const EngineFuture &future);
     /// Connects, checks the pinned certificate, and greets or pairs.
-    std::optional<Error> connect(const EngineFuture &future);
+    Expected<void> connect(const EngineFuture &future);
+    Expected<void> connectIfNeeded(const EngineFuture &future);
     /// Steps of connecting.
-    std::optional<Error> greet(const QByteArray &secret, const EngineFuture &future);
-    std::optional<Error> pair(const EngineFuture &future);
-    std::optional<Error> confirm(const DirectConnectionPairing &pairing,
-                                 const EngineFuture &future);
+    Expected<void> authenticate(const EngineFuture &future);
+    Expected<void> greet(const QByteArray &secret, const EngineFuture &future);
+    Expected<void> pair(const EngineFuture &future);
+    Expected<void> confirm(const DirectConnectionPairing &pairing, const EngineFuture &future);
     /// Returns an error unless `answer` is "welcome".
-    std::optional<Error> takeWelcome(const QCborMap &answer) const;
+    Expected<void> takeWelcome(const QCborMap &answer) const;
     Error notUnderstood() const;
     /// Returns the error for a "failed" response.
     Error refusal(const QCborMap &answer, const QString &name) const;

@@ -286,9 +286,9 @@ private Q_SLOTS:
         QVERIFY(second.waitForEncryption());
         QCOMPARE(second.fingerprint(), first.fingerprint());
         const QTemporaryDir otherProfile;
-        DirectConnectionIdentity other;
-        QVERIFY(!DirectConnectionIdentity::load(otherProfile.path(), other));
-        QVERIFY(DirectConnectionIdentity::fingerprint(other.certificate.toDer()) !=
+        const auto other = DirectConnectionIdentity::load(otherProfile.path());
+        QVERIFY(other);
+        QVERIFY(DirectConnectionIdentity::fingerprint(other->certificate.toDer()) !=
                 first.fingerprint());
     }
 
