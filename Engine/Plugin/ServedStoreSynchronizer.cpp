@@ -67,7 +67,7 @@ void ServedStoreSynchronizer::synchronize(const std::function<void()> &handler) 
     for (const QString &UUID : UUIDs) {
         m_dispatcher.synchronizeWithStore(
             {.databaseUUID = UUID, .databaseName = UUID, .store = ServedPlace},
-            m_location->createBlobStore(), [left, handler](const auto & /*error*/) {
+            m_location->createBlobStore(), [left, handler](const auto & /*result*/) {
                 if (--*left == 0) {
                     handler();
                 }

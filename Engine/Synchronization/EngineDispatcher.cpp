@@ -80,7 +80,7 @@ QString EngineDispatcher::activity() const {
 
 void EngineDispatcher::synchronizeWithStore(
     const StoreSession::Subject &subject, const std::shared_ptr<BlobStore> &store,
-    std::function<void(const std::optional<Error> &error)> handler) {
+    std::function<void(const Expected<void> &result)> handler) {
     m_waiting.append({std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, m_profile,
                                                 m_library, subject, store),
                       store->place({}),
@@ -98,7 +98,7 @@ void EngineDispatcher::cancelJobsOfLocation(const QString &identifier) {
     m_waiting.removeIf([&](const Entry &entry) {
         const bool isRemoved = entry.job->subject().store == identifier;
         for (const auto &handler : isRemoved ? entry.handlers : decltype(entry.handlers)()) {
-            postHandler([handler] { handler(operationCancelled()); });
+            postHandler([handler] { handler(failure(operationCancelled())); });
         }
         return isRemoved;
     });
@@ -167,12 +167,12 @@ void EngineDispatcher::ended(const SyncJob *job) {
     const Entry done = *entry;
     m_running.erase(entry);
     report(done);
-    if (done.state && !done.job->error() && done.job->kind() == SyncJob::Kind::Synchronization) {
+    if (done.state && done.job->result() && done.job->kind() == SyncJob::Kind::Synchronization) {
         rememberSynchronized(*done.state);
     }
     startWaiting();
     for (const auto &handler : done.handlers) {
-        handler(done.job->error());
+        handler(done.job->result());
     }
 }
 
@@ -183,8 +183,9 @@ void EngineDispatcher::report(const Entry &entry) {
         logSync(localizedSyncString("Some items of “%1” could not be synchronized with “%2”: %3")
                     .arg(name, entry.title, problem.localizedDescription));
     }
-    if (const std::optional<Error> &error = entry.job->error()) {
-        logSync(failureText(entry.job->kind()).arg(name, entry.title, error->localizedDescription));
+    if (const Expected<void> &result = entry.job->result(); !result) {
+        logSync(failureText(entry.job->kind())
+                    .arg(name, entry.title, result.error().localizedDescription));
     } else if (entry.state) {
         logSync(successText(entry.job->kind()).arg(name, entry.title));
     }

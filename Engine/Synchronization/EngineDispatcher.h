@@ -28,7 +28,7 @@ public:
     /// dispatcher is destroyed before.
     void synchronizeWithStore(const StoreSession::Subject &subject,
                               const std::shared_ptr<BlobStore> &store,
-                              std::function<void(const std::optional<Error> &error)> handler);
+                              std::function<void(const Expected<void> &result)> handler);
 
     /// Cancels the jobs of the location `identifier`: running ones end soon, and waiting ones never
     /// start. Their handlers are called later, with an error of the code Cancelled.
@@ -42,7 +42,7 @@ private:
         QString title;
         /// Null if the store belongs to no location.
         std::shared_ptr<QVSyncState> state;
-        QList<std::function<void(const std::optional<Error> &error)>> handlers;
+        QList<std::function<void(const Expected<void> &result)>> handlers;
     };
 
     /// Adds a job, or only `handler` if such a job is already waiting. Calls `handler` later,

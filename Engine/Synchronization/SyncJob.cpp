@@ -43,11 +43,8 @@ void SyncJob::runOnThread(const std::function<Expected<void>()> &work) {
 }
 
 void SyncJob::finishStep(const Expected<void> &result) {
-    const Expected<void> finished = result.and_then(
+    m_result = result.and_then(
         [this] { return m_session ? m_session->accessProfile() : Expected<void>(); });
-    if (!finished) {
-        m_error = finished.error();
-    }
     continueJob();
 }
 
@@ -55,7 +52,7 @@ void SyncJob::continueJob() {
     const auto next =
         std::find_if(m_sessions.begin(), m_sessions.end(),
                      [](const std::unique_ptr<StoreSession> &each) { return !each->isDone(); });
-    if (m_error || next == m_sessions.end()) {
+    if (!m_result || next == m_sessions.end()) {
         m_future->finish();
         // The handler may own the last reference to this job.
         std::exchange(m_handler, nullptr)();

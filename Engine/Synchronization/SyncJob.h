@@ -29,8 +29,8 @@ public:
 
     Kind kind() const { return m_kind; }
     const StoreSession::Subject &subject() const { return m_subject; }
-    /// Returns why the job failed, or std::nullopt if it succeeded or has not ended.
-    const std::optional<Error> &error() const { return m_error; }
+    /// Returns an error if the job has failed. It has succeeded if it has ended without one.
+    const Expected<void> &result() const { return m_result; }
     /// Returns the problems with single records of the store.
     QList<Error> problems() const;
 
@@ -49,7 +49,7 @@ private:
     std::vector<std::unique_ptr<StoreSession>> m_sessions;
     /// Null until the store is open.
     StoreSession *m_session = nullptr;
-    std::optional<Error> m_error;
+    Expected<void> m_result;
     QThreadPool *m_pool = nullptr;
     /// Empty after it was called.
     std::function<void()> m_handler;
