@@ -39,11 +39,6 @@ Expected<std::unique_ptr<PreferencePane>> PlugIns::makeSyncPreferences() {
     if (!plugIn) {
         return failure(plugIn.error());
     }
-    std::optional<Error> error;
-    auto pane = (*plugIn)->makePreferencePane(
-        loader.metaData().value(QLatin1StringView("MetaData")).toObject(), &error);
-    if (!pane) {
-        return failure(error.value_or(loadingError(loader)));
-    }
-    return pane;
+    return (*plugIn)->makePreferencePane(
+        loader.metaData().value(QLatin1StringView("MetaData")).toObject());
 }

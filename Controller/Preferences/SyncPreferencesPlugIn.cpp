@@ -20,15 +20,14 @@ QStringList missingHostClasses() {
 
 }  // namespace
 
-std::unique_ptr<PreferencePane> SyncPreferencesPlugIn::makePreferencePane(
-    const QJsonObject &info, std::optional<Error> *error) {
+Expected<std::unique_ptr<PreferencePane>> SyncPreferencesPlugIn::makePreferencePane(
+    const QJsonObject &info) {
     if (const QStringList missing = missingHostClasses(); !missing.isEmpty()) {
-        *error = Error{
-            .domain = QStringLiteral("SyncPreferences"),
-            .localizedDescription =
-                localizedSyncString("Sync Preferences cannot be used: the sync plug-in has no %1.")
-                    .arg(missing.join(QStringLiteral(", ")))};
-        return nullptr;
+        return failure(
+            {.domain = QStringLiteral("SyncPreferences"),
+             .localizedDescription =
+                 localizedSyncString("Sync Preferences cannot be used: the sync plug-in has no %1.")
+                     .arg(missing.join(QStringLiteral(", ")))});
     }
     registerSyncPreferencesInterface();
     return std::make_unique<QVSyncPreferences>(info);

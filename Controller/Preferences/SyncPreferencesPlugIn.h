@@ -10,8 +10,7 @@ class SyncPreferencesPlugIn : public QObject, public PreferencePanePlugIn {
     Q_PLUGIN_METADATA(IID PreferencePanePlugIn_iid FILE "Info.json")
     Q_INTERFACES(PreferencePanePlugIn)
 public:
-    /// Returns a new pane, or null if the host lacks a class that every pane needs; `error`, which
-    /// must not be null, then names the missing classes.
-    std::unique_ptr<PreferencePane> makePreferencePane(const QJsonObject &info,
-                                                       std::optional<Error> *error) override;
+    /// Returns a new pane, or an error that names the classes which every pane needs and the host
+    /// lacks.
+    Expected<std::unique_ptr<PreferencePane>> makePreferencePane(const QJsonObject &info) override;
 };

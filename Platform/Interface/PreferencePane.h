@@ -6,9 +6,8 @@
 #include <QtCore/QtPlugin>
 #include <QtWidgets/QWidget>
 #include <memory>
-#include <optional>
 
-#include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
 
 /// A pane of the application's preferences. The application creates and owns it, calls
@@ -55,10 +54,10 @@ class PreferencePanePlugIn {
 public:
     virtual ~PreferencePanePlugIn() = default;
 
-    /// Returns a new pane, which must be destroyed before the plug-in is unloaded. Returns null if
-    /// something it needs is missing; `error`, which must not be null, then receives the reason.
-    virtual std::unique_ptr<PreferencePane> makePreferencePane(const QJsonObject &info,
-                                                               std::optional<Error> *error) = 0;
+    /// Returns a new pane, never null, which must be destroyed before the plug-in is unloaded, or
+    /// an error if something it needs is missing.
+    virtual Expected<std::unique_ptr<PreferencePane>> makePreferencePane(
+        const QJsonObject &info) = 0;
 };
 
 #define PreferencePanePlugIn_iid "PreferencePanePlugIn/1"

@@ -12,11 +12,12 @@ class SyncPreferencesPlugInTest : public QObject {
 
     QPluginLoader m_loader{QStringLiteral(SYNC_PREFERENCES_PLUG_IN)};
 
-    std::unique_ptr<PreferencePane> makePane(std::optional<Error> *error) {
+    Expected<std::unique_ptr<PreferencePane>> makePane() {
         auto *plugIn = qobject_cast<PreferencePanePlugIn *>(m_loader.instance());
         const QJsonObject info =
             m_loader.metaData().value(QLatin1StringView("MetaData")).toObject();
-        return plugIn ? plugIn->makePreferencePane(info, error) : nullptr;
+        return plugIn ? plugIn->makePreferencePane(info)
+                      : failure({.localizedDescription = m_loader.errorString()});
     }
 
     /// The symbols of the plug-in, also those that it does not export, one a line.
@@ -54,12 +55,11 @@ private Q_SLOTS:
     }
 
     void itNamesAllClassesThatAreMissing() {
-        std::optional<Error> error;
-        QVERIFY(!makePane(&error));
-        QVERIFY(error);
+        const auto pane = makePane();
+        QVERIFY(!pane);
         for (const char *name :
              {"QVSyncPlugin", "QVSyncLocationFormatter", "QVSyncSchedule", "PZFuture"}) {
-            QVERIFY(error->localizedDescription.contains(QLatin1StringView(name)));
+            QVERIFY(pane.error().localizedDescription.contains(QLatin1StringView(name)));
         }
     }
 
@@ -82,21 +82,19 @@ private Q_SLOTS:
                     std::make_unique<HostClassRegistration>(QLatin1StringView(name), &anyClass));
             }
         }
-        std::optional<Error> error;
-        QVERIFY(!makePane(&error));
-        QVERIFY(error->localizedDescription.endsWith(missing + u'.'));
+        const auto pane = makePane();
+        QVERIFY(!pane);
+        QVERIFY(pane.error().localizedDescription.endsWith(missing + u'.'));
     }
 
     void onAHostItMakesAFreshPaneEachTime() {
         const TestHost host;
-        std::optional<Error> error;
-        const auto first = makePane(&error);
-        const auto second = makePane(&error);
-        QVERIFY(!error);
-        QVERIFY(first);
-        QVERIFY(first != second);
-        QCOMPARE(first->mainNibName(), QStringLiteral("Sync Preferences"));
-        QCOMPARE(first->property("currentVersionString").toString(),
+        const auto first = makePane();
+        const auto second = makePane();
+        QVERIFY(first && second);
+        QVERIFY(*first != *second);
+        QCOMPARE((*first)->mainNibName(), QStringLiteral("Sync Preferences"));
+        QCOMPARE((*first)->property("currentVersionString").toString(),
                  QStringLiteral(VELMORA_VERSION));
     }
 };
