@@ -2,18 +2,11 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Platform/Foundation/Expected.h"
-#include "Platform/Foundation/Result.h"
 
 /// The text for the user if `result` is an error; otherwise empty.
 template <class Value>
 QString description(const Expected<Value> &result) {
     return result ? QString() : result.error().localizedDescription;
-}
-
-template <class Value>
-QString description(const Result<Value> &result) {
-    const Error *error = errorOf(result);
-    return error ? error->localizedDescription : QString();
 }
 
 inline QString description(const std::optional<Error> &error) {
@@ -24,12 +17,6 @@ inline QString description(const std::optional<Error> &error) {
 template <class Value>
 EngineErrorCode code(const Expected<Value> &result) {
     return result ? EngineErrorCode() : static_cast<EngineErrorCode>(result.error().code);
-}
-
-template <class Value>
-EngineErrorCode code(const Result<Value> &result) {
-    const Error *error = errorOf(result);
-    return error ? static_cast<EngineErrorCode>(error->code) : EngineErrorCode();
 }
 
 inline EngineErrorCode code(const std::optional<Error> &error) {
