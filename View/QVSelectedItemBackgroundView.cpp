@@ -51,10 +51,13 @@ void QVSelectedItemBackgroundView::focusInEvent(QFocusEvent * /*event*/) {
     clearFocus();
 }
 
+// Qt reports the third of several quick clicks here, but not the second: a press that follows a
+// single one is too far away from it to be its second click.
 void QVSelectedItemBackgroundView::mousePressEvent(QMouseEvent *event) {
     const auto interval =
         static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
-    const bool isFurther = m_clickCount > 0 && event->timestamp() - m_lastClick < interval;
+    const bool isFurther =
+        m_clickCount > 0 && m_clickCount % 2 == 0 && event->timestamp() - m_lastClick < interval;
     m_clickCount = event->button() != Qt::LeftButton ? 0 : isFurther ? m_clickCount + 1 : 1;
     m_lastClick = event->timestamp();
     event->ignore();

@@ -189,6 +189,22 @@ private Q_SLOTS:
         QCOMPARE(list.presses + list.doubleClicks, 4);
     }
 
+    void aDoubleClickBesideAnEarlierClickSendsTheAction() {
+        ClickCounter list;
+        list.resize(200, 40);
+        QVSelectedItemBackgroundView view(&list);
+        view.resize(list.size());
+        QSignalSpy actions(&view, &Control::action);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        clickFast(list, 1, QPointF(10, 10));
+        QTest::lastMouseTimestamp -= Pause;
+        clickFast(list, 2, QPointF(150, 10));
+        QCOMPARE(actions.count(), 1);
+        QCOMPARE(list.presses, 2);
+        QCOMPARE(list.doubleClicks, 0);
+    }
+
     void otherButtonsSendNoAction() {
         ClickCounter list;
         QVSelectedItemBackgroundView view(&list);
@@ -244,11 +260,10 @@ private Q_SLOTS:
     }
 
 private:
+    static constexpr int Pause = 10000;
     /// Clicks `count` times in quick succession, long after the clicks before.
-    static void clickFast(QWidget &window, int count) {
-        constexpr int Pause = 10000;
+    static void clickFast(QWidget &window, int count, QPointF local = {10, 10}) {
         constexpr int Step = 20;
-        const QPointF local(10, 10);
         QTest::lastMouseTimestamp += Pause;
         const auto send = [&](QEvent::Type type) {
             const Qt::MouseButtons held =
