@@ -88,8 +88,22 @@ void QVServerPreferencesController::addAuthorizedClientsObject(const QString &cl
 }
 
 void QVServerPreferencesController::removeAuthorizedClientsObject(const QString &client) {
+    if (m_clientsBeingRevoked.contains(client)) {
+        return;
+    }
+    m_clientsBeingRevoked.append(client);
     const QString service = QVDirectConnectionClientAuthorizationServiceName();
-    if (Keychain::shared().removeFirst(bytesOfUnitLength(service), bytesOfUnitLength(client))) {
+    Keychain::shared().removeFirstLater(bytesOfUnitLength(service), bytesOfUnitLength(client),
+                                        [controller = QPointer(this), client](bool isRemoved) {
+                                            if (controller) {
+                                                controller->didRevoke(client, isRemoved);
+                                            }
+                                        });
+}
+
+void QVServerPreferencesController::didRevoke(const QString &client, bool isRemoved) {
+    m_clientsBeingRevoked.removeOne(client);
+    if (isRemoved) {
         m_authorizedClients.removeOne(client);
         KeyValue::announce<&QVServerPreferencesController::authorizedClientsChanged>(this);
     }

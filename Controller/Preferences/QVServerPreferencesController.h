@@ -66,7 +66,8 @@ public:
 
 public Q_SLOTS:
     /// Revokes a client by deleting its keychain item; a connected client is refused at its next
-    /// request. If it cannot be deleted, the client stays in the list.
+    /// request. Returns at once: the client stays in the list until the item is deleted, and also
+    /// if it cannot be deleted. Has no effect while the client is being revoked.
     void removeAuthorizedClientsObject(const QString &client);
     /// Closes the sheet.
     void acceptModalSheet(QObject *sender);
@@ -88,8 +89,11 @@ private:
     /// Starts to read the clients from the keychain.
     void loadAuthorizedClients();
     void didLoadAuthorizedClients(const Expected<QStringList> &clients);
+    /// Receives whether the item of `client` is deleted.
+    void didRevoke(const QString &client, bool isRemoved);
 
     QStringList m_authorizedClients;
+    QStringList m_clientsBeingRevoked;
     bool m_isLoadingClients = true;
     bool m_knowsClients = false;
 };

@@ -62,3 +62,8 @@ std::optional<QByteArray> Keychain::password(const QString &service, const QStri
 bool Keychain::removeFirst(const QByteArray &service, const QByteArray &account) {
     return m_store.removeFirst(itemAttributes(service, account));
 }
+
+void Keychain::removeFirstLater(const QByteArray &service, const QByteArray &account,
+                                const std::function<void(bool)> &handler) {
+    m_store.removeFirstLater(itemAttributes(service, account), handler);
+}

@@ -43,6 +43,10 @@ public:
     /// two remain. Blocks until that is done or the timeout expires. Returns false if there is no
     /// such item, if it cannot be deleted in time, or if the bytes are not valid UTF-8.
     bool removeFirst(const QByteArray &service, const QByteArray &account);
+    /// Does the same without waiting. Returns at once; `handler` is called as that of
+    /// findAccounts().
+    void removeFirstLater(const QByteArray &service, const QByteArray &account,
+                          const std::function<void(bool isRemoved)> &handler);
 
 private:
     SecretStore &m_store;

@@ -97,6 +97,8 @@ public:
     void findLater(const SecretAttributes &attributes, bool wantsSecrets, const Handler &handler);
     void set(const StoredSecret &item);
     bool removeFirst(const SecretAttributes &attributes);
+    void removeFirstLater(const SecretAttributes &attributes,
+                          const std::function<void(bool)> &handler);
     std::optional<Error> error() const;
     bool finishWriting();
     void stop();
@@ -118,6 +120,7 @@ private:
     struct Removal {
         std::optional<bool> answer;
         bool isAwaited = true;
+        std::function<void(bool)> handler = {};
     };
 
     QList<StoredSecret> remembered(const SecretAttributes &attributes) const;
@@ -350,6 +353,22 @@ bool SecretStore::Implementation::removeFirst(const SecretAttributes &attributes
     return removal->answer.value_or(false);
 }
 
+void SecretStore::Implementation::removeFirstLater(const SecretAttributes &attributes,
+                                                   const std::function<void(bool)> &handler) {
+    const Lock lock(m_mutex);
+    const auto deliver = [handler](bool isRemoved) {
+        MainQueue::dispatchAsync([handler, isRemoved] { handler(isRemoved); });
+    };
+    if (m_isStopped || !canBeSent(attributes)) {
+        deliver(forgetFirst(attributes, m_lastJob));
+        return;
+    }
+    const auto removal = std::make_shared<Removal>(Removal{.handler = deliver});
+    append([this, attributes, job = m_lastJob + 1, removal](const Done &done) {
+        remove(attributes, job, removal, done);
+    });
+}
+
 void SecretStore::Implementation::remove(const SecretAttributes &attributes, quint64 job,
                                          const std::shared_ptr<Removal> &removal,
                                          const Done &done) {
@@ -367,6 +386,9 @@ void SecretStore::Implementation::remove(const SecretAttributes &attributes, qui
             const Lock lock(m_mutex);
             const bool isForgotten = forgetFirst(attributes, job);
             removal->answer = isRemoved || isForgotten;
+            if (removal->handler && !m_isStopped) {
+                removal->handler(*removal->answer);
+            }
         }
         done();
     });
@@ -453,6 +475,11 @@ void SecretStore::set(const StoredSecret &item) {
 
 bool SecretStore::removeFirst(const SecretAttributes &attributes) {
     return m_implementation->removeFirst(attributes);
+}
+
+void SecretStore::removeFirstLater(const SecretAttributes &attributes,
+                                   const std::function<void(bool)> &handler) {
+    m_implementation->removeFirstLater(attributes, handler);
 }
 
 std::optional<Error> SecretStore::error() const {

@@ -80,6 +80,10 @@ public:
     /// Deletes the first item that has all of `attributes`. Blocks for at most the store's timeout.
     /// Returns whether an item was deleted.
     bool removeFirst(const SecretAttributes &attributes);
+    /// Does the same, but returns at once and waits for the service as long as it takes. `handler`
+    /// is called as that of findLater().
+    void removeFirstLater(const SecretAttributes &attributes,
+                          const std::function<void(bool isRemoved)> &handler);
 
     /// Returns why secrets cannot be stored permanently, as a message for the user; empty while
     /// they can.

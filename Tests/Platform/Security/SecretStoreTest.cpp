@@ -182,6 +182,21 @@ private Q_SLOTS:
         QVERIFY(!store.removeFirst(item("twice", {}).attributes));
     }
 
+    void removingLaterTellsWhetherItWasDone() {
+        keep("name", "secret");
+        SecretStore store;
+        QList<bool> answers;
+        const auto remember = [&](bool isRemoved) { answers.append(isRemoved); };
+        store.removeFirstLater(item("name", {}).attributes, remember);
+        store.removeFirstLater(item("name", {}).attributes, remember);
+        QVERIFY(answers.isEmpty());
+        QTRY_COMPARE(answers, QList<bool>({true, false}));
+        QVERIFY(isNotFound("name"));
+        store.set(item("J\xC3", "1"));
+        store.removeFirstLater(item("J\xC3", {}).attributes, remember);
+        QTRY_COMPARE(answers, QList<bool>({true, false, true}));
+    }
+
     void whatIsStillToBeWrittenCanBeRemovedToo() {
         SecretStore store;
         store.set(item("name", "secret"));
