@@ -107,6 +107,5 @@ QString QVDirectConnectionServer::bonjourServiceType() {
 }
 
 QString QVDirectConnectionClientAuthorizationServiceName() {
-    return requiredHostClass<QVDirectConnectionServer::Class>(ServerClassName)
-        .clientAuthorizationServiceName();
+    return serverClass() ? serverClass()->clientAuthorizationServiceName() : QString();
 }

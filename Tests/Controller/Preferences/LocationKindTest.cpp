@@ -41,6 +41,7 @@ private Q_SLOTS:
         }();
         QVERIFY(QVDirectConnectionServer::URLScheme().isNull());
         QCOMPARE(QVDirectConnectionServer::defaultPort(), quint16(0));
+        QVERIFY(QVDirectConnectionClientAuthorizationServiceName().isNull());
         QVERIFY(QVDatabase::databases().isEmpty());
         QVERIFY(!LocationKind::ofURL(Url::fromString(direct + QStringLiteral("://h"))));
         QVERIFY(!LocationKind::ofURL({}));
