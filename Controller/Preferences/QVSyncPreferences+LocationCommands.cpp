@@ -94,12 +94,16 @@ void QVSyncPreferences::editSelectedSyncLocation(QObject * /*sender*/) {
 }
 
 void QVSyncPreferences::editSyncSelection(const Selection &selection) {
+    requireParameter(selection != nullptr, "selection != nil",
+                     "QVSyncPreferences::editSyncSelection", commandsSourceFile);
     if (selection->isEditable()) {
         editSyncLocation(selection->location());
     }
 }
 
 void QVSyncPreferences::synchronizeDatabase(const StandIn &database) {
+    requireParameter(database != nullptr, "database != nil",
+                     "QVSyncPreferences::synchronizeDatabase", commandsSourceFile);
     if (database->canSynchronize()) {
         plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
             database->synchronizationStates());

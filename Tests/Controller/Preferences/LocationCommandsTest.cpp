@@ -309,6 +309,10 @@ private Q_SLOTS:
                  failure("editor != nil"));
         QCOMPARE(failureOf([this] { m_pane->removeSyncSelection(nullptr); }),
                  failure("selection != nil"));
+        QCOMPARE(failureOf([this] { m_pane->editSyncSelection(nullptr); }),
+                 failure("selection != nil"));
+        QCOMPARE(failureOf([this] { m_pane->synchronizeDatabase(nullptr); }),
+                 failure("database != nil"));
         QCOMPARE(failureOf([this] { m_pane->cleanSelectedSyncLocation(nullptr); }),
                  failure("_location != nil"));
         QCOMPARE(failureOf([&] { m_pane->cleanLocationForDatabaseWithUUID(location, {}); }),
