@@ -197,8 +197,9 @@ void QVSyncPreferences::cleanLocationForDatabaseWithUUID(
     Log::message(QStringLiteral("Attempting to clean location %1")
                      .arg(location->URL().stringWithoutPassword()));
     plugin()->dispatcher()->cleanRemoteStoreWithSynchronizationState(
-        location->stateForDatabaseWithUUID(UUID), [location] {
-            MainQueue::dispatchAsync([location] {
+        location->stateForDatabaseWithUUID(UUID), [location = location]() mutable {
+            // Moved, so that the location is never released on the thread of the clean-up.
+            MainQueue::dispatchAsync([location = std::move(location)] {
                 Log::message(QStringLiteral("Finished cleaning location %1")
                                  .arg(location->URL().stringWithoutPassword()));
             });

@@ -10,6 +10,7 @@
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/MainQueue.h"
 #include "Platform/Interface/PackagePanel.h"
 #include "Platform/Interface/SheetWindow.h"
 #include "Support/HostShortcuts.h"
@@ -427,6 +428,21 @@ private Q_SLOTS:
         m_pane->plugin()->dispatcher()->cleanRemoteStoreWithSynchronizationState(
             location->stateForDatabaseWithUUID(database->UUID()),
             [&] { QMetaObject::invokeMethod(qApp, [&] { isFinished = true; }); });
+        QTRY_VERIFY(isFinished);
+    }
+
+    void theEndOfACleanUpIsLoggedWithTheAddressOfThen() {
+        const auto location = m_host->addLocation();
+        showPane();
+        setDebugging(Debugging::Normal);
+        QTest::ignoreMessage(
+            QtInfoMsg, QRegularExpression(QStringLiteral("^Attempting to clean location file:")));
+        QTest::ignoreMessage(QtInfoMsg, "Finished cleaning location https://elsewhere/a");
+        bool isFinished = false;
+        m_pane->cleanLocationForDatabaseWithUUID(location, QStringLiteral("unknown"));
+        location->setURL(Url::fromString(QStringLiteral("https://elsewhere/a")));
+        m_pane->plugin()->dispatcher()->cleanRemoteStoreWithSynchronizationState(
+            nullptr, [&] { MainQueue::dispatchAsync([&] { isFinished = true; }); });
         QTRY_VERIFY(isFinished);
     }
 
