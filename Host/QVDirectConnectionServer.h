@@ -61,5 +61,6 @@ Q_SIGNALS:
     void portChanged();
 };
 
-/// Returns the service name of the keychain items of authorized clients, one item for each client.
+/// Returns the service name of the keychain items of authorized clients, one item for each client,
+/// or a null string if the host has no class "QVDirectConnectionServer".
 HOST_EXPORT QString QVDirectConnectionClientAuthorizationServiceName();
