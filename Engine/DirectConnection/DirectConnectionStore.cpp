@@ -45,9 +45,10 @@ Question questionFor(const QString &host, const QString &code) {
 }  // namespace
 
 DirectConnectionStore::DirectConnectionStore(const std::shared_ptr<QVSyncLocation> &location,
+                                             std::shared_ptr<StoreOperations> operations,
                                              const QString &locationIdentifier,
                                              std::shared_ptr<DirectConnectionPairings> pairings)
-    : BlobStore(location),
+    : BlobStore(location, std::move(operations)),
       m_pairingKey(location->URL().absoluteString() + u' ' + locationIdentifier),
       m_pairings(std::move(pairings)) {}
 

@@ -18,6 +18,7 @@ public:
     /// A pairing is stored for `locationIdentifier` together with the URL of `location`. `pairings`
     /// must not be null.
     DirectConnectionStore(const std::shared_ptr<QVSyncLocation> &location,
+                          std::shared_ptr<StoreOperations> operations,
                           const QString &locationIdentifier,
                           std::shared_ptr<DirectConnectionPairings> pairings);
 

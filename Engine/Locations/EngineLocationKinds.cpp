@@ -6,7 +6,8 @@
 #include "Engine/Stores/UnreachableStore.h"
 #include "Host/SyncStrings.h"
 
-EngineLocationKinds::EngineLocationKinds(QList<EngineLocationKind> kinds)
+EngineLocationKinds::EngineLocationKinds(const std::shared_ptr<StoreOperations> &operations,
+                                         QList<EngineLocationKind> kinds)
     : m_kinds(std::move(kinds)),
       m_unknown{
           .schemes = {},
@@ -17,7 +18,9 @@ EngineLocationKinds::EngineLocationKinds(QList<EngineLocationKind> kinds)
                   return URL.isNil() ? localizedSyncString("No Address") : URL.host();
               },
           .createStore =
-              [](const auto &location) { return std::make_shared<UnreachableStore>(location); },
+              [operations](const auto &location) {
+                  return std::make_shared<UnreachableStore>(location, operations);
+              },
       } {}
 
 const EngineLocationKind &EngineLocationKinds::kindForURL(const Url &URL) const {

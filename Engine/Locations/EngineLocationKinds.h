@@ -5,8 +5,10 @@
 /// The kinds of locations of an engine. Immutable, thus thread-safe.
 class EngineLocationKinds {
 public:
-    /// The schemes of the kinds must be distinct.
-    explicit EngineLocationKinds(QList<EngineLocationKind> kinds = {});
+    /// `operations` starts the operations of stores of no kind in `kinds`; it must not be null. The
+    /// schemes of the kinds must be distinct.
+    explicit EngineLocationKinds(const std::shared_ptr<StoreOperations> &operations,
+                                 QList<EngineLocationKind> kinds = {});
 
     /// Returns the kind whose schemes contain that of `URL`. Any other URL, including nil, has a
     /// kind whose stores fail in every operation. The reference is valid as long as this object.

@@ -14,34 +14,39 @@
 namespace {
 
 using Location = std::shared_ptr<EngineSyncLocation>;
+using Operations = std::shared_ptr<StoreOperations>;
 
-EngineLocationKind folder(const std::shared_ptr<const FolderGrants> &grants) {
+EngineLocationKind folder(const Operations &operations,
+                          const std::shared_ptr<const FolderGrants> &grants) {
     return {
         .schemes = {QStringLiteral("file")},
         .type = "Local Sync Store",
         .iconName = QStringLiteral("folder-store"),
         .title = [](const Url &URL) { return QFileInfo(URL.path()).completeBaseName(); },
         .createStore =
-            [grants](const Location &location) {
-                return std::make_shared<FolderStore>(location, grants);
+            [operations, grants](const Location &location) {
+                return std::make_shared<FolderStore>(location, operations, grants);
             },
     };
 }
 
-EngineLocationKind webDAV(const std::shared_ptr<CertificateTrust> &trust) {
+EngineLocationKind webDAV(const Operations &operations,
+                          const std::shared_ptr<CertificateTrust> &trust) {
     return {
         .schemes = {LocationSchemes::Http, LocationSchemes::Https},
         .type = "WebDAV",
         .iconName = QStringLiteral("webdav"),
         .title = &Url::host,
         .createStore =
-            [trust](const Location &location) {
-                return std::make_shared<WebDAVStore>(location, location->identifier(), trust);
+            [operations, trust](const Location &location) {
+                return std::make_shared<WebDAVStore>(location, operations, location->identifier(),
+                                                     trust);
             },
     };
 }
 
-EngineLocationKind dropbox() {
+EngineLocationKind dropbox(const Operations &operations,
+                           const std::shared_ptr<DropboxRefreshTurn> &refreshTurn) {
     return {
         .schemes = {LocationSchemes::Dropbox},
         .type = "Dropbox",
@@ -51,20 +56,23 @@ EngineLocationKind dropbox() {
                 return URL.user().isEmpty() ? URL.host() : URL.user() + u'@' + URL.host();
             },
         .createStore =
-            [](const Location &location) { return std::make_shared<DropboxStore>(location); },
+            [operations, refreshTurn](const Location &location) {
+                return std::make_shared<DropboxStore>(location, operations, refreshTurn);
+            },
     };
 }
 
-EngineLocationKind directConnection(const std::shared_ptr<DirectConnectionPairings> &pairings) {
+EngineLocationKind directConnection(const Operations &operations,
+                                    const std::shared_ptr<DirectConnectionPairings> &pairings) {
     return {
         .schemes = {DirectConnection::URLScheme},
         .type = "Direct Connection",
         .iconName = QStringLiteral("direct-connection"),
         .title = &Url::host,
         .createStore =
-            [pairings](const Location &location) {
-                return std::make_shared<DirectConnectionStore>(location, location->identifier(),
-                                                               pairings);
+            [operations, pairings](const Location &location) {
+                return std::make_shared<DirectConnectionStore>(location, operations,
+                                                               location->identifier(), pairings);
             },
     };
 }
@@ -72,6 +80,9 @@ EngineLocationKind directConnection(const std::shared_ptr<DirectConnectionPairin
 }  // namespace
 
 EngineLocationKinds builtInLocationKinds(const EngineContext &context) {
-    return EngineLocationKinds({folder(context.folderGrants), webDAV(context.certificateTrust),
-                                dropbox(), directConnection(context.pairings)});
+    const Operations &operations = context.storeOperations;
+    return EngineLocationKinds(operations, {folder(operations, context.folderGrants),
+                                            webDAV(operations, context.certificateTrust),
+                                            dropbox(operations, context.dropboxRefreshTurn),
+                                            directConnection(operations, context.pairings)});
 }

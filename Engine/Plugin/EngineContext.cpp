@@ -1,13 +1,17 @@
 #include "Engine/Plugin/EngineContext.h"
 
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
+#include "Engine/Stores/Dropbox/DropboxRefreshTurn.h"
 #include "Engine/Stores/Folder/FolderGrants.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
+#include "Engine/Stores/StoreOperations.h"
 
 EngineContext::EngineContext(const ProfileDatabase &profile)
     : certificateTrust(std::make_shared<CertificateTrust>(profile)),
       folderGrants(std::make_shared<FolderGrants>(profile)),
-      pairings(std::make_shared<DirectConnectionPairings>(profile)) {}
+      pairings(std::make_shared<DirectConnectionPairings>(profile)),
+      dropboxRefreshTurn(std::make_shared<DropboxRefreshTurn>()),
+      storeOperations(std::make_shared<StoreOperations>()) {}
 
 EngineContext::~EngineContext() {
     certificateTrust->close();

@@ -6,8 +6,10 @@
 
 class CertificateTrust;
 class DirectConnectionPairings;
+class DropboxRefreshTurn;
 class FolderGrants;
 class ProfileDatabase;
+class StoreOperations;
 
 /// The objects that all stores of one engine share. A store shares ownership of those that it uses,
 /// so they outlive an operation on a worker thread. Must be used on the main thread.
@@ -28,4 +30,6 @@ public:
     const std::shared_ptr<CertificateTrust> certificateTrust;
     const std::shared_ptr<FolderGrants> folderGrants;
     const std::shared_ptr<DirectConnectionPairings> pairings;
+    const std::shared_ptr<DropboxRefreshTurn> dropboxRefreshTurn;
+    const std::shared_ptr<StoreOperations> storeOperations;
 };

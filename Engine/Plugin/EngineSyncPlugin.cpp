@@ -35,7 +35,7 @@ EngineSyncPlugin::~EngineSyncPlugin() = default;
 
 Expected<void> EngineSyncPlugin::load() {
     m_localStore = std::make_shared<LocalStore>(newLocation(Url::fileURL(m_profile.directory())),
-                                                m_profile.path());
+                                                m_context.storeOperations, m_profile.path());
     if (Expected<void> loaded =
             m_context.load().and_then([this] { return m_locationsController->load(); });
         !loaded) {

@@ -2,7 +2,7 @@
 
 #include "Engine/Notes/NoteConversion.h"
 #include "Engine/Profile/ProfileSnapshot.h"
-#include "Engine/Stores/EngineStore.h"
+#include "Engine/Stores/StoreOperations.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -22,7 +22,7 @@ SyncEngine::SyncEngine()
       m_triggers(*m_plugin.locationsController(), *m_plugin.dispatcher(), m_library) {}
 
 SyncEngine::~SyncEngine() {
-    EngineStore::endAll();
+    m_plugin.context().storeOperations->end();
     removeLocalizationTables(&m_translator);
 }
 

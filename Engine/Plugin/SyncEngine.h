@@ -17,8 +17,8 @@ class SyncEngine {
 public:
     /// Opens no profile yet. The application object must exist.
     SyncEngine();
-    /// Cancels the operations of all stores (see EngineStore::endAll()), blocks until they have
-    /// ended, and closes the profile. Must not be called while a handler waits for the main thread.
+    /// Cancels the operations of this engine's stores, blocks until they have ended, and closes the
+    /// profile. Must not be called while a handler waits for the main thread.
     ~SyncEngine();
     SyncEngine(const SyncEngine &) = delete;
     SyncEngine &operator=(const SyncEngine &) = delete;

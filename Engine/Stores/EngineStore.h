@@ -5,19 +5,21 @@
 #include <functional>
 
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Stores/StoreOperations.h"
 #include "Host/QVSyncStore.h"
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Foundation/Url.h"
 
-/// Common base of all stores. Operations run on threads of the global thread pool, each handler is
+/// Common base of all stores. Operations run on threads of the engine's pool, each handler is
 /// called there exactly once, and a cancelled operation ends with an error of the code Cancelled.
 /// Must be created with std::make_shared on the main thread; the last owner may be any thread.
 class EngineStore : public QVSyncStore, public std::enable_shared_from_this<EngineStore> {
 public:
-    /// Shares ownership of `location`, which must not be null. The store keeps using the URL that
-    /// the location has now.
-    explicit EngineStore(const std::shared_ptr<QVSyncLocation> &location);
-    /// Releases the location on the main thread.
+    /// Shares ownership of `location` and of `operations`, which starts the operations of this
+    /// store; neither must be null. The store keeps using the URL that the location has now.
+    EngineStore(const std::shared_ptr<QVSyncLocation> &location,
+                std::shared_ptr<StoreOperations> operations);
+    /// Releases the location and the operations on the main thread.
     ~EngineStore() override;
 
     std::shared_ptr<QVSyncLocation> location() const override { return m_location; }
@@ -29,10 +31,6 @@ public:
     /// Opens the store: returns an error that says why it cannot be used. Blocks; must be called on
     /// a worker thread.
     virtual Expected<void> open(const EngineFuture &future) = 0;
-
-    /// Cancels the operations of all stores and blocks until none is running, including those that
-    /// handlers start meanwhile. Must be called on the main thread, before the code is unloaded.
-    static void endAll();
 
 protected:
     /// The result of fetch().
@@ -57,8 +55,9 @@ private:
     Expected<void> openUnlessCancelled(const EngineFuture &future);
     Expected<Fetched> fetchUnlessCancelled(const EngineFuture &future);
 
-    /// Not const only because the destructor moves it to the main thread.
+    /// Not const only because the destructor moves them to the main thread.
     std::shared_ptr<QVSyncLocation> m_location;
+    std::shared_ptr<StoreOperations> m_operations;
     const Url m_URL;
     /// Set by the last open operation that has ended, cleared by closing.
     std::atomic<bool> m_isOpen = false;

@@ -16,7 +16,9 @@ bool isFailing(MemoryStore::Fault found) {
 }  // namespace
 
 MemoryStore::MemoryStore(Blobs &blobs, std::function<Fault()> nextFault)
-    : BlobStore(locationWithoutEngine()), m_blobs(blobs), m_nextFault(std::move(nextFault)) {}
+    : BlobStore(locationWithoutEngine(), std::make_shared<StoreOperations>()),
+      m_blobs(blobs),
+      m_nextFault(std::move(nextFault)) {}
 
 Expected<void> MemoryStore::open(const EngineFuture & /*future*/) {
     return {};

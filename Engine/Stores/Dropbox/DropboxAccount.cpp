@@ -1,8 +1,8 @@
 #include "Engine/Stores/Dropbox/DropboxAccount.h"
 
 #include <QtCore/QJsonDocument>
+#include <QtCore/QScopeGuard>
 
-#include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Engine/Stores/Dropbox/DropboxTokenEndpoint.h"
@@ -29,40 +29,13 @@ QByteArray headerText(const QJsonObject &object) {
     return result;
 }
 
-/// Lock that lets one thread at a time refresh tokens; waiting threads then find the new tokens.
-/// Process-wide, as is the secret store that contains the tokens.
-class RefreshTurn {
-public:
-    /// Waits until no other thread has the lock, or until `future` is cancelled.
-    explicit RefreshTurn(const EngineFuture &future) {
-        std::unique_lock lock(s_mutex);
-        m_isOurs = CancellableWait(future, QDeadlineTimer::Forever).until(s_ended, lock, [] {
-            return !s_isTaken;
-        });
-        s_isTaken = s_isTaken || m_isOurs;
-    }
-    ~RefreshTurn() {
-        if (m_isOurs) {
-            const std::lock_guard lock(s_mutex);
-            s_isTaken = false;
-            s_ended.notify_one();
-        }
-    }
-    RefreshTurn(const RefreshTurn &) = delete;
-    RefreshTurn &operator=(const RefreshTurn &) = delete;
-
-private:
-    bool m_isOurs = false;
-
-    static inline std::mutex s_mutex;
-    static inline std::condition_variable_any s_ended;
-    static inline bool s_isTaken = false;
-};
-
 }  // namespace
 
-DropboxAccount::DropboxAccount(const QString &address, HttpClient::Timeouts timeouts)
+DropboxAccount::DropboxAccount(const QString &address,
+                               std::shared_ptr<DropboxRefreshTurn> refreshTurn,
+                               HttpClient::Timeouts timeouts)
     : m_address(address),
+      m_refreshTurn(std::move(refreshTurn)),
       m_configuration(DropboxConfiguration::current()),
       m_connection(timeouts) {}
 
@@ -144,10 +117,10 @@ Expected<DropboxTokens> DropboxAccount::tokens(const EngineFuture &future) {
 
 Expected<DropboxTokens> DropboxAccount::renewedTokens(const QByteArray &access,
                                                       const EngineFuture &future) {
-    const RefreshTurn turn(future);
-    if (future.isCancelled()) {
+    if (!m_refreshTurn->take(future)) {
         return failure(operationCancelled());
     }
+    const auto end = qScopeGuard([this] { m_refreshTurn->release(); });
     const std::optional<DropboxTokens> known = DropboxTokens::stored(m_address);
     if (!known) {
         return failure(DropboxError::notSignedIn(m_address));

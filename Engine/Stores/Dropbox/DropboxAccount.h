@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QtCore/QJsonObject>
+#include <memory>
 #include <mutex>
 
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Engine/Stores/Dropbox/DropboxConnection.h"
+#include "Engine/Stores/Dropbox/DropboxRefreshTurn.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
 
 /// Calls Dropbox's API on behalf of one account that has signed in. Expired tokens are refreshed;
@@ -12,9 +14,10 @@
 /// calls block and must be made on worker threads; they are thread-safe.
 class DropboxAccount {
 public:
-    /// `address` is the e-mail address of the account. `timeouts` apply to each request. Reads the
-    /// configuration.
-    DropboxAccount(const QString &address, HttpClient::Timeouts timeouts);
+    /// `address` is the e-mail address of the account. `refreshTurn` must not be null. `timeouts`
+    /// apply to each request. Reads the configuration.
+    DropboxAccount(const QString &address, std::shared_ptr<DropboxRefreshTurn> refreshTurn,
+                   HttpClient::Timeouts timeouts);
 
     /// Returns the address of the API, for messages to the user; empty if the configuration is not
     /// valid.
@@ -35,11 +38,12 @@ private:
     /// Returns the tokens in memory or in the secret store, refreshed if they have expired.
     Expected<DropboxTokens> tokens(const EngineFuture &future);
     /// Returns tokens other than those with the access token `access`, which has become invalid.
-    /// One thread of the process at a time refreshes tokens.
+    /// One thread of the engine at a time refreshes tokens.
     Expected<DropboxTokens> renewedTokens(const QByteArray &access, const EngineFuture &future);
     void keep(const DropboxTokens &tokens);
 
     const QString m_address;
+    const std::shared_ptr<DropboxRefreshTurn> m_refreshTurn;
     const Expected<DropboxConfiguration> m_configuration;
     DropboxConnection m_connection;
     std::mutex m_mutex;

@@ -92,10 +92,12 @@ std::optional<Page> pageFrom(const QByteArray &answer) {
 }  // namespace
 
 DropboxStore::DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
+                           std::shared_ptr<StoreOperations> operations,
+                           std::shared_ptr<DropboxRefreshTurn> refreshTurn,
                            HttpClient::Timeouts timeouts)
-    : BlobStore(location),
+    : BlobStore(location, std::move(operations)),
       m_accountAddress(accountAddressOf(URL())),
-      m_account(m_accountAddress, timeouts) {}
+      m_account(m_accountAddress, std::move(refreshTurn), timeouts) {}
 
 QString DropboxStore::place(const QString &name) const {
     return URL().absoluteString() + pathOf(name);

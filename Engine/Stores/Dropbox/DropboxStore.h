@@ -13,9 +13,12 @@
 /// is a folder. Uses version 2 of https://www.dropbox.com/developers/documentation/http.
 class DropboxStore : public BlobStore {
 public:
-    /// `timeouts` apply to each request.
-    explicit DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
-                          HttpClient::Timeouts timeouts = HttpClient::Timeouts());
+    /// `refreshTurn`, which must not be null, is that of all stores of the engine. `timeouts` apply
+    /// to each request.
+    DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
+                 std::shared_ptr<StoreOperations> operations,
+                 std::shared_ptr<DropboxRefreshTurn> refreshTurn,
+                 HttpClient::Timeouts timeouts = HttpClient::Timeouts());
 
     /// Maximum size in bytes of one page of a folder listing.
     static constexpr qint64 PageLimit = 4 << 20;

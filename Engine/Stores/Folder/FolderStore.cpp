@@ -89,8 +89,9 @@ std::optional<Error> FolderStore::unreachable() const {
 }
 
 FolderStore::FolderStore(const std::shared_ptr<QVSyncLocation> &location,
+                         std::shared_ptr<StoreOperations> operations,
                          std::shared_ptr<const FolderGrants> grants)
-    : BlobStore(location), m_grants(std::move(grants)) {}
+    : BlobStore(location, std::move(operations)), m_grants(std::move(grants)) {}
 
 Expected<void> FolderStore::open(const EngineFuture & /*future*/) {
     if (const std::optional<Error> error = unreachable()) {

@@ -15,6 +15,7 @@ class FolderStore : public BlobStore {
 public:
     /// `grants` must not be null.
     FolderStore(const std::shared_ptr<QVSyncLocation> &location,
+                std::shared_ptr<StoreOperations> operations,
                 std::shared_ptr<const FolderGrants> grants);
 
     /// Fails if the volume is not mounted, or the package or one of its folders does not exist or

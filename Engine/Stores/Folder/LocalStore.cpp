@@ -11,8 +11,9 @@
 #include "Host/InboxUUID.h"
 #include "Host/SyncStrings.h"
 
-LocalStore::LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path)
-    : EngineStore(location), m_path(path) {}
+LocalStore::LocalStore(const std::shared_ptr<QVSyncLocation> &location,
+                       std::shared_ptr<StoreOperations> operations, const QString &path)
+    : EngineStore(location, std::move(operations)), m_path(path) {}
 
 Expected<void> LocalStore::open(const EngineFuture & /*future*/) {
     if (QFileInfo::exists(m_path)) {

@@ -10,7 +10,8 @@ class QSqlError;
 class LocalStore : public EngineStore {
 public:
     /// `path` is the path of the profile's database file.
-    LocalStore(const std::shared_ptr<QVSyncLocation> &location, const QString &path);
+    LocalStore(const std::shared_ptr<QVSyncLocation> &location,
+               std::shared_ptr<StoreOperations> operations, const QString &path);
 
     /// Fails if the file does not exist.
     Expected<void> open(const EngineFuture &future) override;

@@ -43,9 +43,10 @@ std::optional<UrlCredential> storedCredential(const Url &URL, HttpAuthentication
 }  // namespace
 
 WebDAVStore::WebDAVStore(const std::shared_ptr<QVSyncLocation> &location,
+                         std::shared_ptr<StoreOperations> operations,
                          const QString &locationIdentifier, std::shared_ptr<CertificateTrust> trust,
                          HttpClient::Timeouts timeouts)
-    : BlobStore(location),
+    : BlobStore(location, std::move(operations)),
       m_package(packageURL(URL())),
       m_client(clientOptions(locationIdentifier, std::move(trust), timeouts)) {}
 

@@ -20,7 +20,8 @@ class WebDAVStore : public BlobStore {
 public:
     /// `locationIdentifier` identifies the location for which `trust`, which must not be null,
     /// stores certificates. `timeouts` apply to each request.
-    WebDAVStore(const std::shared_ptr<QVSyncLocation> &location, const QString &locationIdentifier,
+    WebDAVStore(const std::shared_ptr<QVSyncLocation> &location,
+                std::shared_ptr<StoreOperations> operations, const QString &locationIdentifier,
                 std::shared_ptr<CertificateTrust> trust,
                 HttpClient::Timeouts timeouts = HttpClient::Timeouts());
 

@@ -61,8 +61,9 @@ private Q_SLOTS:
         const auto changed = host.addLocation(QStringLiteral("https://first.example"));
         const auto state = host.addState(removed, host.inbox());
         host.save();
-        EngineLocationsController other(host.engine().profile(),
-                                        std::make_shared<EngineLocationKinds>());
+        EngineLocationsController other(
+            host.engine().profile(),
+            std::make_shared<EngineLocationKinds>(std::make_shared<StoreOperations>()));
         QVERIFY(other.load());
         other.syncLocations().at(1)->setURL(Url::fromString(QStringLiteral("https://b.example")));
         other.removeObjectFromSyncLocationsAtIndex(0);

@@ -1,5 +1,19 @@
+#include <future>
+
+#include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+
+namespace {
+
+/// The folders of a sync store as a WebDAV server lists them.
+constexpr const char *StoreListing =
+    R"(<?xml version="1.0"?><D:multistatus xmlns:D="DAV:">)"
+    R"(<D:response><D:href>/Shared.qvSyncStore/databases/</D:href></D:response>)"
+    R"(<D:response><D:href>/Shared.qvSyncStore/transactions/</D:href></D:response>)"
+    R"(</D:multistatus>)";
+
+}  // namespace
 
 /// Two engines in one process, each with a profile of its own, that share a sync store in a folder.
 class TwoEnginesTest : public QObject {
@@ -110,6 +124,29 @@ private Q_SLOTS:
         QVERIFY(saveNote(*database(first()), QStringLiteral("Afterwards")));
         synchronize(first(), state);
         QVERIFY(state->lastSynced().isValid());
+    }
+
+    void endingOneEngineLetsAStoreOperationOfTheOtherComplete() {
+        std::promise<void> asked;
+        std::promise<void> mayAnswer;
+        const ScriptedServer server([&](ScriptedServer::Connection &connection) {
+            connection.readRequest();
+            asked.set_value();
+            mayAnswer.get_future().wait();
+            connection.answer("207 Multi-Status", StoreListing);
+        });
+        const auto store =
+            first()
+                .plugin()
+                .newLocation(Url::fromString(server.URLText(QStringLiteral("Shared.qvSyncStore"))))
+                ->createStore();
+        std::promise<std::optional<Error>> opened;
+        store->openWithCompletionHandler(
+            [&](const std::optional<Error> &error) { opened.set_value(error); });
+        asked.get_future().wait();
+        m_other.reset();
+        mayAnswer.set_value();
+        QCOMPARE(opened.get_future().get(), std::nullopt);
     }
 };
 

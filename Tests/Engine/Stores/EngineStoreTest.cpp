@@ -244,12 +244,12 @@ private Q_SLOTS:
     }
 
     void aCancelledOperationCallsItsHandlerOnceWithThatError() {
-        // All workers are busy, so that the operation is cancelled before it begins.
-        QThreadPool *pool = QThreadPool::globalInstance();
+        // All threads are busy, so that the operation is cancelled before it begins.
+        StoreOperations &operations = *m_host->engine().plugin().context().storeOperations;
         std::promise<void> letGo;
         const std::shared_future<void> wait = letGo.get_future().share();
-        for (int i = 0; i < pool->maxThreadCount(); ++i) {
-            pool->start([wait] { wait.wait(); });
+        for (int i = 0; i < QThread::idealThreadCount(); ++i) {
+            operations.start([wait](EngineFuture &) { wait.wait(); });
         }
         const auto store = m_location->createStore();
         std::atomic<int> calls = 0;
@@ -266,7 +266,7 @@ private Q_SLOTS:
         const std::optional<Error> error = promise.get_future().get();
         QVERIFY(error);
         QCOMPARE(error->code, static_cast<int>(EngineErrorCode::Cancelled));
-        pool->waitForDone();
+        operations.end();
         QCOMPARE(calls, 1);
         QVERIFY(!fetched(*store).databases);
     }

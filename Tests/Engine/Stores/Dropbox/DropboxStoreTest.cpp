@@ -78,7 +78,9 @@ class DropboxStoreTest : public QObject {
     std::shared_ptr<BlobStore> impatientStore() {
         const Url URL = Url::fromString(QStringLiteral("dropbox://") + m_server->email());
         return std::make_shared<DropboxStore>(
-            m_host->newLocation(URL), HttpClient::Timeouts{.idle = std::chrono::milliseconds(100)});
+            m_host->newLocation(URL), std::make_shared<StoreOperations>(),
+            std::make_shared<DropboxRefreshTurn>(),
+            HttpClient::Timeouts{.idle = std::chrono::milliseconds(100)});
     }
     Expected<QByteArray> read(const QString &name = DropboxBlob) {
         return m_store->read(name, DropboxLimit, m_future);

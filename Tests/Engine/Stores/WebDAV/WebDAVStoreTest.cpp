@@ -36,7 +36,8 @@ constexpr HttpClient::Timeouts Hasty = {.idle = 300ms, .total = 2s};
 
 std::shared_ptr<WebDAVStore> storeAt(const QString &URLText) {
     const auto location = locationWithoutEngine(Url::fromString(URLText));
-    return std::make_shared<WebDAVStore>(location, location->identifier(), noTrust(), Hasty);
+    return std::make_shared<WebDAVStore>(location, std::make_shared<StoreOperations>(),
+                                         location->identifier(), noTrust(), Hasty);
 }
 
 UrlProtectionSpace space(const QString &URLText, const QString &method) {
@@ -501,7 +502,8 @@ private Q_SLOTS:
         });
         const auto location = locationWithoutEngine(
             Url::fromString(scripted.URLText(QStringLiteral("s.qvSyncStore"))));
-        m_store = std::make_shared<WebDAVStore>(location, location->identifier(), noTrust());
+        m_store = std::make_shared<WebDAVStore>(location, std::make_shared<StoreOperations>(),
+                                                location->identifier(), noTrust());
         const Expected<QStringList> result = list(QStringLiteral("databases"));
         QVERIFY(description(result).contains(QStringLiteral("is too long")));
     }
