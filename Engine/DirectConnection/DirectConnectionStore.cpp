@@ -11,7 +11,7 @@
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/DirectConnection/DirectConnectionPairing.h"
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
-#include "Engine/DirectConnection/PersonsAnswer.h"
+#include "Engine/DirectConnection/UserConfirmation.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/SyncStrings.h"
@@ -190,7 +190,7 @@ Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
 Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pairing,
                                               const EngineFuture &future) {
     // Both users are asked at the same time, since each has to see the other's code.
-    const PersonsAnswer person(questionFor(URL().host(), pairing.code()));
+    const UserConfirmation confirmation(questionFor(URL().host(), pairing.code()));
     QCborMap message = ofType(Reveal);
     message[Nonce] = pairing.clientNonce;
     message[Secret] = pairing.clientSecret;
@@ -201,7 +201,7 @@ Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pai
     if (!welcome) {
         return welcome;
     }
-    if (!person.wait(future, PairingPatience)) {
+    if (!confirmation.wait(future, PairingPatience)) {
         return failure(operationCancelled());
     }
     m_pairings->keep(m_pairingKey, pairing.serverFingerprint, pairing.clientSecret);

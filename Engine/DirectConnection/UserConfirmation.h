@@ -7,11 +7,11 @@
 #include "Engine/Foundation/EngineFuture.h"
 
 /// A question to the user, asked from a thread that can block for the answer. Thread-safe.
-class PersonsAnswer {
+class UserConfirmation {
 public:
     /// Presents the question later, from the main thread's event loop. Returns at once. If this
     /// object is destroyed before, the question is not presented.
-    explicit PersonsAnswer(const Question &question);
+    explicit UserConfirmation(const Question &question);
 
     /// Blocks until the user has answered, `future` is cancelled, or `patience` has expired.
     /// Returns whether the user accepted. Must not be called on the main thread.

@@ -1,11 +1,11 @@
-#include "Engine/DirectConnection/PersonsAnswer.h"
+#include "Engine/DirectConnection/UserConfirmation.h"
 
 #include <optional>
 
 #include "Engine/Foundation/CancellableWait.h"
 #include "Platform/Foundation/MainQueue.h"
 
-struct PersonsAnswer::State {
+struct UserConfirmation::State {
     void set(bool isAccepted) {
         const std::lock_guard lock(mutex);
         answer = isAccepted;
@@ -17,7 +17,7 @@ struct PersonsAnswer::State {
     std::optional<bool> answer;
 };
 
-PersonsAnswer::PersonsAnswer(const Question &question) : m_state(std::make_shared<State>()) {
+UserConfirmation::UserConfirmation(const Question &question) : m_state(std::make_shared<State>()) {
     MainQueue::dispatchAsync([question, asker = std::weak_ptr(m_state)] {
         const std::shared_ptr<State> state = asker.lock();
         if (!state) {
@@ -31,7 +31,7 @@ PersonsAnswer::PersonsAnswer(const Question &question) : m_state(std::make_share
     });
 }
 
-bool PersonsAnswer::wait(const EngineFuture &future, std::chrono::milliseconds patience) const {
+bool UserConfirmation::wait(const EngineFuture &future, std::chrono::milliseconds patience) const {
     std::unique_lock lock(m_state->mutex);
     CancellableWait(future, QDeadlineTimer(patience)).until(m_state->answered, lock, [this] {
         return m_state->answer.has_value();
