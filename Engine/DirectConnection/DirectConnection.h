@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QtCore/QString>
+#include <chrono>
 
-/// The names and numbers that identify direct connections.
+/// The names and numbers that identify direct connections, and their limits.
 namespace DirectConnection {
 
 /// The scheme of URLs of direct-connection locations.
@@ -14,5 +15,20 @@ inline const QString BonjourServiceType = QStringLiteral("_velmora._tcp");
 /// Service name of the keychain items of authorized clients.
 inline const QString ClientAuthorizationServiceName =
     QStringLiteral("Velmora Direct Connection Clients");
+
+/// Resource limits of a direct-connection server.
+struct Limits {
+    /// Maximum number of connections. Beyond it, the oldest connection that is not authorized is
+    /// closed; if there is none, the new one.
+    qsizetype connections = 32;
+    /// Timeout from the connection to a greeting or a pairing request.
+    std::chrono::milliseconds greetingTime = std::chrono::seconds(10);
+    /// Timeout for the user's answer.
+    std::chrono::milliseconds askingTime = std::chrono::minutes(2);
+    /// Timeout without received data from an authorized client.
+    std::chrono::milliseconds idleTime = std::chrono::minutes(5);
+    /// Time in which the user is not asked again after refusing a client.
+    std::chrono::milliseconds pauseAfterRefusal = std::chrono::seconds(10);
+};
 
 }  // namespace DirectConnection

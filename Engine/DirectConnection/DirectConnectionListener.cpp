@@ -19,7 +19,7 @@ QSslConfiguration configurationFor(const DirectConnectionIdentity &identity) {
 
 DirectConnectionListener::DirectConnectionListener(const DirectConnectionIdentity &identity,
                                                    const DirectConnectionPackage &package,
-                                                   const DirectConnectionLimits &limits,
+                                                   const DirectConnection::Limits &limits,
                                                    const MainThread &mainThread)
     : m_server{configurationFor(identity), package, limits}, m_mainThread(mainThread) {}
 

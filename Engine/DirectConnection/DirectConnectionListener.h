@@ -30,7 +30,7 @@ public:
     /// Does not listen yet.
     DirectConnectionListener(const DirectConnectionIdentity &identity,
                              const DirectConnectionPackage &package,
-                             const DirectConnectionLimits &limits, const MainThread &mainThread);
+                             const DirectConnection::Limits &limits, const MainThread &mainThread);
     /// Closes all connections.
     ~DirectConnectionListener() override;
 

@@ -3,7 +3,7 @@
 #include <QtCore/QPointer>
 #include <QtCore/QThread>
 
-#include "Engine/DirectConnection/DirectConnectionLimits.h"
+#include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionListener.h"
 #include "Host/QVDirectConnectionServer.h"
 
@@ -29,7 +29,7 @@ public:
     /// Starts serving if the user has enabled the server. Must be called after load().
     void startIfEnabled();
     /// Sets the limits, which apply from the next start on.
-    void setLimits(const DirectConnectionLimits &limits) { m_limits = limits; }
+    void setLimits(const DirectConnection::Limits &limits) { m_limits = limits; }
 
     quint16 port() const override { return m_port; }
     /// Sets the port; 0 selects the default port. Restarts the server if it is serving and the port
@@ -63,7 +63,7 @@ private:
     /// Empty before load(), as is the observer.
     std::optional<DirectConnectionPackage> m_package;
     ServedStoreObserver *m_observer = nullptr;
-    DirectConnectionLimits m_limits;
+    DirectConnection::Limits m_limits;
     quint16 m_port;
     QThread m_thread;
     /// Lives on `m_thread`; null while not serving.

@@ -5,7 +5,7 @@
 #include <QtNetwork/QSslSocket>
 #include <functional>
 
-#include "Engine/DirectConnection/DirectConnectionLimits.h"
+#include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/DirectConnection/DirectConnectionPairing.h"
 
@@ -22,7 +22,7 @@ public:
     struct Server {
         QSslConfiguration configuration;
         DirectConnectionPackage package;
-        DirectConnectionLimits limits;
+        DirectConnection::Limits limits;
     };
     /// The requests of a session to its owner; they return at once.
     struct Requests {

@@ -134,7 +134,7 @@ class DirectConnectionServerTest : public QObject {
         return dynamic_cast<DirectConnectionServer &>(*m_host->engine().plugin().server());
     }
 
-    void serve(const DirectConnectionLimits &limits = {}) {
+    void serve(const DirectConnection::Limits &limits = {}) {
         server().setLimits(limits);
         server().setPort(m_port);
         server().startServing();
