@@ -29,10 +29,6 @@ bool DirectConnectionClients::isName(const QString &name) {
                        [](char32_t character) { return QChar::isPrint(character); });
 }
 
-bool DirectConnectionClients::isKnown(const QString &name) {
-    return storedPassword(name).has_value();
-}
-
 bool DirectConnectionClients::isAuthorized(const QString &name, const QByteArray &secret) {
     const QByteArray expected = passwordFor(secret);
     const std::optional<QByteArray> stored = storedPassword(name);

@@ -13,8 +13,6 @@ namespace DirectConnectionClients {
 /// Returns whether `name` can be displayed unchanged: not empty, at most 255 bytes of UTF-8, and
 /// printable characters only.
 bool isName(const QString &name);
-/// Returns whether there is a client of this name.
-bool isKnown(const QString &name);
 /// Returns whether the client `name` is authorized with `secret`. Compares in constant time. False
 /// if the keychain is not available.
 bool isAuthorized(const QString &name, const QByteArray &secret);

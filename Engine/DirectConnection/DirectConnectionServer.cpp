@@ -16,6 +16,7 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/Network/NetService.h"
+#include "Platform/Security/Keychain.h"
 
 namespace {
 
@@ -33,11 +34,16 @@ void present(const Error &error) {
     });
 }
 
-Question questionFor(const DirectConnectionPairing &client) {
+/// `known` are the names of the authorized clients.
+Question questionFor(const DirectConnectionPairing &client, const Expected<QStringList> &known) {
     QString details =
         localizedSyncString("It shows a code. Allow it only if the code is the same as here: %1")
             .arg(client.code());
-    if (DirectConnectionClients::isKnown(client.clientName)) {
+    if (!known) {
+        details += u'\n' + localizedSyncString(
+                               "Whether it replaces another computer of this name "
+                               "is unknown, because the keyring cannot be read.");
+    } else if (known->contains(client.clientName)) {
         details += u'\n' + localizedSyncString("It replaces another computer of this name.");
     }
     return {localizedSyncString("Let “%1” synchronize with this computer?").arg(client.clientName),
@@ -173,11 +179,15 @@ void DirectConnectionServer::askFor(const DirectConnectionPairing &client) {
                 listener, [=] { listener->decide(isAccepted); }, Qt::QueuedConnection);
         }
     };
-    if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
-        presenter->ask(questionFor(client), decide);
-    } else {
-        decide(false);
-    }
+    Keychain::shared().findAccounts(
+        DirectConnection::ClientAuthorizationServiceName,
+        [client, decide](const Expected<QStringList> &known) {
+            if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
+                presenter->ask(questionFor(client, known), decide);
+            } else {
+                decide(false);
+            }
+        });
 }
 
 void DirectConnectionServer::prepareStore(quint64 session) {

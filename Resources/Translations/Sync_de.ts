@@ -816,6 +816,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Er ersetzt einen anderen Computer dieses Namens.</translation>
     </message>
     <message>
+        <source>Whether it replaces another computer of this name is unknown, because the keyring cannot be read.</source>
+        <translation>Ob er einen anderen Computer dieses Namens ersetzt, ist unbekannt, weil der Schlüsselbund nicht gelesen werden kann.</translation>
+    </message>
+    <message>
         <source>Let “%1” synchronize with this computer?</source>
         <translation>Darf „%1“ mit diesem Computer synchronisieren?</translation>
     </message>
