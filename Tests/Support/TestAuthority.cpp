@@ -53,7 +53,7 @@ TestAuthority::Identity TestAuthority::issue(const QString &names, int days) con
     runOpenssl(NewKey + QStringList{QStringLiteral("-subj"), QStringLiteral("/CN=Test Server"),
                                     QStringLiteral("-keyout"), identity.key, QStringLiteral("-out"),
                                     request});
-    // "req" could sign as well, but not for days that are over.
+    // "req" could sign as well, but not for 0 days, which make an expired certificate.
     runOpenssl({QStringLiteral("x509"), QStringLiteral("-req"), QStringLiteral("-in"), request,
                 QStringLiteral("-CA"), m_identity.certificate, QStringLiteral("-CAkey"),
                 m_identity.key, QStringLiteral("-CAcreateserial"), QStringLiteral("-days"),

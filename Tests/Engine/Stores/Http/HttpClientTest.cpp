@@ -571,7 +571,7 @@ private Q_SLOTS:
             << QStringLiteral("an authority that this computer does not trust");
         QTest::newRow("host") << true << QStringLiteral("DNS:elsewhere.example") << 1
                               << QStringLiteral("was issued for another server");
-        QTest::newRow("expired") << true << ours << -1 << QStringLiteral("has expired");
+        QTest::newRow("expired") << true << ours << 0 << QStringLiteral("has expired");
     }
 
     void anUntrustedCertificateFailsWithTheReason() {
