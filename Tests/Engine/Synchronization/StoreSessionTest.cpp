@@ -1,3 +1,4 @@
+#include "Engine/Notes/Transaction.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Host/InboxUUID.h"
@@ -71,6 +72,23 @@ private Q_SLOTS:
         QVERIFY(run<CleanSession>());
         QVERIFY(run<SyncSession>());
         QCOMPARE(titles(), (QSet{QStringLiteral("a"), QStringLiteral("b")}));
+    }
+
+    void nothingIsSupersededBeforeItsSuccessorIsWritten() {
+        const QList<Note> notes = m_host->inbox()->notes().value();
+        for (Note note : notes) {
+            note.text = QString(Transaction::UsualSize, u'x');
+            QVERIFY(m_host->inbox()->saveNote(note));
+        }
+        const MemoryStore::Blobs before = m_blobs;
+        QVERIFY(run<SyncSession>());
+        QCOMPARE(m_blobs.size(), before.size() + notes.size());
+        for (const auto &[name, record] : m_blobs) {
+            if (name.startsWith(QLatin1StringView("transactions/"))) {
+                const auto transaction = Transaction::decoded(record, name);
+                QVERIFY(transaction && transaction->superseded.isEmpty());
+            }
+        }
     }
 
     void aRecordOfWhichTheStoreKeepsHalfIsWrittenAgain() {

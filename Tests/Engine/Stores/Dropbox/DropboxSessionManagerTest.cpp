@@ -510,6 +510,30 @@ private Q_SLOTS:
         QCOMPARE(configuration.redirectPort, 0);
     }
 
+    void onlyTokensThatAHeaderCanCarryAreTaken_data() {
+        QTest::addColumn<QByteArray>("access");
+        QTest::addColumn<QByteArray>("refresh");
+        QTest::addColumn<bool>("isTaken");
+        QTest::newRow("printable") << QByteArray("!a~") << QByteArray("r") << true;
+        QTest::newRow("no refresh token") << QByteArray("a") << QByteArray() << true;
+        QTest::newRow("no access token") << QByteArray() << QByteArray("r") << false;
+        QTest::newRow("blank") << QByteArray("a b") << QByteArray("r") << false;
+        QTest::newRow("line break") << QByteArray("a\\r\\nX: y") << QByteArray("r") << false;
+        QTest::newRow("DEL") << QByteArray("a\x7f") << QByteArray("r") << false;
+        QTest::newRow("not ASCII") << QByteArray("\xc3\xa4") << QByteArray("r") << false;
+        QTest::newRow("blank in the refresh token")
+            << QByteArray("a") << QByteArray("r s") << false;
+    }
+    void onlyTokensThatAHeaderCanCarryAreTaken() {
+        QFETCH(QByteArray, access);
+        QFETCH(QByteArray, refresh);
+        const auto tokens =
+            DropboxTokens::fromAnswer(R"({"token_type":"bearer","access_token":")" + access +
+                                      R"(","refresh_token":")" + refresh + R"("})");
+        QTEST(tokens.has_value(), "isTaken");
+        QCOMPARE(tokens.value_or(DropboxTokens()).access, tokens ? access : QByteArray());
+    }
+
     void withoutABrowserItSaysSo() {
         // Without a desktop there is none for any scheme that nobody has taken over.
         UserDefaults::setValue(DropboxConfiguration::AuthorizeAddressDefault,

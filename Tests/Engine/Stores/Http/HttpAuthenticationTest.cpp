@@ -111,10 +111,11 @@ private Q_SLOTS:
     }
 
     void aSupportedSchemeIsFoundBesideOthers() {
-        for (const char *text : {"NTLM, Basic realm=\"x\"", "Negotiate abc=, basic",
-                                 "Bearer a=\"b, Digest \\\" c\", "
-                                 "BASIC realm=x",
-                                 "NTLM abc , Basic realm = \"x\"", ",, Basic"}) {
+        for (const char *text :
+             {"NTLM, Basic realm=\"x\"", "Negotiate abc=, basic",
+              "Bearer a=\"b, Digest \\\" c\", "
+              "BASIC realm=x",
+              "NTLM abc , Basic realm = \"x\"", "NTLM a/b+c, Basic", ",, Basic"}) {
             const auto found = HttpAuthentication::fromChallenges(text);
             QVERIFY2(found && found->scheme() == Scheme::Basic, text);
         }
