@@ -1,6 +1,8 @@
 #include "Controller/Preferences/QVFolderLocationEditor.h"
 
+#include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
 #include <QtWidgets/QPushButton>
 
 #include "Controller/Preferences/SyncPreferencesInterface.h"
@@ -94,6 +96,52 @@ private Q_SLOTS:
         createPackage(QStringLiteral("Work"));
         QCOMPARE(m_location->URL(), Url::fileURL(path(QStringLiteral("Work.qvSyncStore"))));
         QCOMPARE(m_results, QList<qint64>{1});
+    }
+
+    void theExtensionIsAppendedBesideAFolderOfTheTypedPath() {
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("Work")));
+        inPanel([=, this](PackagePanel &panel) {
+            panel.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+                ->setText(path(QStringLiteral("Work")));
+            confirm(panel);
+            QVERIFY(!panel.isVisible());
+        });
+        m_editor->createFolderWithCompletionHandler(recordResult());
+        QCOMPARE(m_location->URL(), Url::fileURL(path(QStringLiteral("Work.qvSyncStore"))));
+    }
+
+    void thePanelForAnExistingPackageListsFoldersOnly() {
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
+        QFile file(path(QStringLiteral("file")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        inPanel([=, this](PackagePanel &panel) {
+            panel.setDirectory(m_folder->path());
+            const auto *list = panel.findChild<QListView *>(QStringLiteral("listView"));
+            const auto count = [=] { return list->model()->rowCount(list->rootIndex()); };
+            QTRY_VERIFY(count() > 0);
+            QCOMPARE(count(), 1);
+            QCOMPARE(panel.fileMode(), QFileDialog::Directory);
+            panel.reject();
+        });
+        m_editor->selectFolderWithCompletionHandler(recordResult());
+    }
+
+    void thePanelsButtonSaysWhatItDoes() {
+        const auto hasButton = [](const PackagePanel &panel,
+                                  QDialogButtonBox::StandardButton which) {
+            return panel.findChild<QDialogButtonBox *>()->button(which) != nullptr;
+        };
+        inPanel([=](PackagePanel &panel) {
+            QVERIFY(panel.testOption(QFileDialog::DontUseNativeDialog));
+            QVERIFY(hasButton(panel, QDialogButtonBox::Save));
+            panel.reject();
+        });
+        m_editor->createFolderWithCompletionHandler(recordResult());
+        inPanel([=](PackagePanel &panel) {
+            QVERIFY(hasButton(panel, QDialogButtonBox::Open));
+            panel.reject();
+        });
+        m_editor->selectFolderWithCompletionHandler(recordResult());
     }
 
     void aFolderTypedWithASlashIsEntered() {

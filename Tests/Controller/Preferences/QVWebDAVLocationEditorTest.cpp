@@ -196,6 +196,9 @@ private Q_SLOTS:
             {.server = host, .user = QStringLiteral(":/?#[]@!$&\u2019'()*+,;="), .store = store},
             "http://%3A%2F%3F%23%5B%5D%40%21%24%26%E2%80%99%27%28%29%2A%2B%2C%3B%3D@host/"
             "store.qvSyncStore");
+        row("without unreserved ones",
+            {.server = host, .user = QStringLiteral("a-b.c_d~1"), .store = store},
+            "http://a-b.c_d~1@host/store.qvSyncStore");
         row("slashes of the path are not doubled",
             {.server = host,
              .path = QStringLiteral("/dav/sync/"),
@@ -403,6 +406,19 @@ private Q_SLOTS:
             QVERIFY2(!file.readAll().contains(password.toUtf8()), qPrintable(file.fileName()));
         }
         QVERIFY(!m_location->URL().absoluteString().contains(password));
+    }
+
+    // After the tests that need a store without an error.
+    void aPasswordTypedIntoALockedKeyringReplacesTheStoredOne() {
+        const QString URL = QStringLiteral("http://ida@replaced/a/S.qvSyncStore");
+        storePassword(URL, QStringLiteral("ida"));
+        m_secretService->lock();
+        open(URL);
+        type(m_editor->passwordField(), QStringLiteral("new"));
+        m_editor->acceptModalSheet(nullptr);
+        restartKeyring();
+        QTRY_VERIFY(storedCredential(URL));
+        QCOMPARE(storedCredential(URL)->password, QStringLiteral("new"));
     }
 
     // Last but one: the store of the process does without the service from here on.
