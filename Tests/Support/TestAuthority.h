@@ -18,7 +18,7 @@ public:
 
     QSslCertificate certificate() const;
     /// Issues the identity of a server with those names, for example "DNS:localhost,IP:127.0.0.1".
-    /// It has expired if the number of days is negative.
+    /// It has expired if the number of days is 0.
     Identity issue(const QString &names, int days = 1) const;
 
 private:
