@@ -214,7 +214,7 @@ void ProfileDatabase::removeNewProfile() {
     for (const QString &name : names) {
         QFile::remove(folder.filePath(name));
     }
-    // The first contents are a sync store; the lock assures that nobody else made it.
+    // The first contents are a sync store. The lock guarantees that this process created it.
     QDir(folder.filePath(SyncStoresName)).removeRecursively();
 }
 
