@@ -207,9 +207,9 @@ bool HttpConnection::takeHeaderLine(const QByteArray &line) {
     return true;
 }
 
-size_t HttpConnection::takeBody(char *bytes, size_t size, size_t count, void *connection) {
+size_t HttpConnection::takeBody(char *bytes, size_t /*size*/, size_t count, void *connection) {
     auto &self = *static_cast<HttpConnection *>(connection);
-    const auto length = static_cast<qsizetype>(size * count);
+    const auto length = static_cast<qsizetype>(count);
     if (self.m_response.body.size() + length > self.m_request->limit) {
         self.m_error =
             engineError(EngineErrorCode::BlobRefused,
@@ -218,7 +218,7 @@ size_t HttpConnection::takeBody(char *bytes, size_t size, size_t count, void *co
         return 0;
     }
     self.m_response.body.append(bytes, length);
-    return size * count;
+    return count;
 }
 
 int HttpConnection::takeProgress(void *connection, curl_off_t, curl_off_t received, curl_off_t,

@@ -40,6 +40,7 @@ private:
 
     /// Callbacks of libcurl and OpenSSL; `connection` is this object.
     static size_t takeHeader(char *bytes, size_t size, size_t count, void *connection);
+    /// libcurl passes 1 as `size`.
     static size_t takeBody(char *bytes, size_t size, size_t count, void *connection);
     static int takeProgress(void *connection, curl_off_t, curl_off_t received, curl_off_t,
                             curl_off_t sent);
