@@ -9,12 +9,12 @@
 
 namespace {
 
-std::optional<Error> makePackage(const QString &path) {
+Expected<void> makePackage(const QString &path) {
     for (const QString &folder :
          {QString(), SyncStoreLayout::DatabasesFolder, SyncStoreLayout::TransactionsFolder}) {
         const QString directory = PathComponents::appending(path, folder);
-        if (std::optional<Error> error = FileManager::createDirectory(directory)) {
-            return error;
+        if (Expected<void> made = FileManager::createDirectory(directory); !made) {
+            return made;
         }
     }
     return {};
@@ -38,10 +38,10 @@ void QVFolderLocationEditor::createFolderWithCompletionHandler(const CompletionH
         return;
     }
     const Url URL = panel.URL();
-    if (const std::optional<Error> error = makePackage(URL.path())) {
-        NSApp()->presentError(*error);
-    } else {
+    if (const Expected<void> made = makePackage(URL.path())) {
         setPackage(URL);
+    } else {
+        NSApp()->presentError(made.error());
     }
     if (handler) {
         handler(1);

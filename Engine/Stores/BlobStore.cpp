@@ -38,8 +38,8 @@ bool isOfOneBlob(const Error &error) {
 }  // namespace
 
 Expected<QStringList> BlobStore::list(const QString &folder, const EngineFuture &future) {
-    if (const std::optional<Error> error = obstacle(folder, future)) {
-        return failure(*error);
+    if (const Expected<void> checked = checkRequest(folder, future); !checked) {
+        return failure(checked.error());
     }
     Expected<QStringList> names = listFolder(folder, future);
     if (names) {
@@ -52,8 +52,8 @@ Expected<QStringList> BlobStore::list(const QString &folder, const EngineFuture 
 
 Expected<QByteArray> BlobStore::read(const QString &name, qint64 limit,
                                      const EngineFuture &future) {
-    if (const std::optional<Error> error = obstacle(name, future)) {
-        return failure(*error);
+    if (const Expected<void> checked = checkRequest(name, future); !checked) {
+        return failure(checked.error());
     }
     return readBlob(name, limit, future);
 }
@@ -61,15 +61,15 @@ Expected<QByteArray> BlobStore::read(const QString &name, qint64 limit,
 Expected<BlobStore::Written> BlobStore::writeIfAbsent(const QString &name,
                                                       const QByteArray &contents,
                                                       const EngineFuture &future) {
-    if (const std::optional<Error> error = obstacle(name, future)) {
-        return failure(*error);
+    if (const Expected<void> checked = checkRequest(name, future); !checked) {
+        return failure(checked.error());
     }
     return writeBlob(name, contents, future);
 }
 
 Expected<void> BlobStore::remove(const QString &name, const EngineFuture &future) {
-    if (const std::optional<Error> error = obstacle(name, future)) {
-        return failure(*error);
+    if (const Expected<void> checked = checkRequest(name, future); !checked) {
+        return failure(checked.error());
     }
     return removeBlob(name, future);
 }
@@ -92,13 +92,13 @@ Error BlobStore::refused(const QString &name) const {
                        place(name));
 }
 
-std::optional<Error> BlobStore::obstacle(const QString &name, const EngineFuture &future) const {
+Expected<void> BlobStore::checkRequest(const QString &name, const EngineFuture &future) const {
     if (future.isCancelled()) {
-        return operationCancelled();
+        return failure(operationCancelled());
     }
     if (!isName(name)) {
-        return engineError(EngineErrorCode::BlobRefused,
-                           "“%1” is not a valid name in a sync store.", name);
+        return failure(engineError(EngineErrorCode::BlobRefused,
+                                   "“%1” is not a valid name in a sync store.", name));
     }
     return {};
 }

@@ -75,7 +75,7 @@ protected:
 
 private:
     /// Returns an error if `future` is cancelled or `name` is not valid.
-    std::optional<Error> obstacle(const QString &name, const EngineFuture &future) const;
+    Expected<void> checkRequest(const QString &name, const EngineFuture &future) const;
     /// Returns the name in the record `file`.
     Expected<QString> databaseName(const QString &file, const EngineFuture &future);
 };

@@ -5,7 +5,7 @@
 
 #include "Platform/Foundation/Localization.h"
 
-std::optional<Error> FileManager::createDirectory(const QString &path) {
+Expected<void> FileManager::createDirectory(const QString &path) {
     std::error_code code;
     const bool isNew = std::filesystem::create_directory(path.toStdString(), code);
     if (!isNew && !code) {
@@ -14,10 +14,10 @@ std::optional<Error> FileManager::createDirectory(const QString &path) {
     if (!code) {
         return {};
     }
-    return Error{
-        .domain = ErrorDomain,
-        .code = code.value(),
-        .localizedDescription =
-            localizedString(PlatformTable, "The folder “%1” could not be created.").arg(path),
-        .localizedFailureReason = QString::fromLocal8Bit(code.message())};
+    return failure(
+        {.domain = ErrorDomain,
+         .code = code.value(),
+         .localizedDescription =
+             localizedString(PlatformTable, "The folder “%1” could not be created.").arg(path),
+         .localizedFailureReason = QString::fromLocal8Bit(code.message())});
 }

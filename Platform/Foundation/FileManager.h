@@ -1,9 +1,8 @@
 #pragma once
 
 #include <QtCore/QString>
-#include <optional>
 
-#include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
 
 /// File system operations that return an error for the user. Thread-safe. They block for the time
@@ -15,6 +14,6 @@ inline const QString ErrorDomain = QStringLiteral("POSIXErrorDomain");
 
 /// Creates one directory with the user's default permissions. Returns an error if anything of that
 /// name exists already, if the parent directory does not exist, or if the file system refuses.
-PLATFORM_EXPORT std::optional<Error> createDirectory(const QString &path);
+PLATFORM_EXPORT Expected<void> createDirectory(const QString &path);
 
 }  // namespace FileManager

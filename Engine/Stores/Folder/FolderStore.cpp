@@ -65,25 +65,25 @@ QString FolderStore::place(const QString &name) const {
     return name.isEmpty() ? URL().path() : URL().path() + u'/' + name;
 }
 
-std::optional<Error> FolderStore::unreachable() const {
+Expected<void> FolderStore::checkPackage() const {
     const QString path = URL().path();
     const QString host = URL().host();
     if (!host.isEmpty() && host != QStringLiteral("localhost")) {
-        return engineError(
-            EngineErrorCode::StoreUnreachable,
-            "“%1” is a folder on another computer. Choose a folder on this computer.",
-            URL().absoluteString());
+        return failure(
+            engineError(EngineErrorCode::StoreUnreachable,
+                        "“%1” is a folder on another computer. Choose a folder on this computer.",
+                        URL().absoluteString()));
     }
     if (path.startsWith(u'/') && !MountedVolumes::contain(path, MountedVolumes::mountPoints)) {
-        return engineError(EngineErrorCode::StoreUnreachable,
-                           "The volume that contains the sync store “%1” is not mounted. Connect "
-                           "it and try again.",
-                           path);
+        return failure(engineError(EngineErrorCode::StoreUnreachable,
+                                   "The volume that contains the sync store “%1” is not mounted. "
+                                   "Connect it and try again.",
+                                   path));
     }
     if (!path.startsWith(u'/') || !QFileInfo::exists(path)) {
-        return engineError(
+        return failure(engineError(
             EngineErrorCode::StoreUnreachable,
-            "The sync store “%1” does not exist. Check whether it was moved or renamed.", path);
+            "The sync store “%1” does not exist. Check whether it was moved or renamed.", path));
     }
     return {};
 }
@@ -94,8 +94,8 @@ FolderStore::FolderStore(const std::shared_ptr<QVSyncLocation> &location,
     : BlobStore(location, std::move(operations)), m_grants(std::move(grants)) {}
 
 Expected<void> FolderStore::open(const EngineFuture & /*future*/) {
-    if (const std::optional<Error> error = unreachable()) {
-        return failure(*error);
+    if (Expected<void> checked = checkPackage(); !checked) {
+        return checked;
     }
     const Expected<FileDescriptor> opened = package();
     if (!opened) {
@@ -128,7 +128,8 @@ Expected<FileDescriptor> FolderStore::package() const {
                    ? Expected<FileDescriptor>(std::move(package))
                    : failure(notGranted());
     }
-    return failure(unreachable().value_or(systemError(number, {})));
+    const Expected<void> checked = checkPackage();
+    return failure(checked ? systemError(number, {}) : checked.error());
 }
 
 Expected<FileDescriptor> FolderStore::folder(const QString &name, Folders folders) const {

@@ -35,8 +35,8 @@ private:
     /// Whether folders that do not exist are created.
     enum class Folders { Existing, Made };
 
-    /// Returns why the package cannot exist; empty if no reason is known.
-    std::optional<Error> unreachable() const;
+    /// Returns the reason why the package cannot exist, if one is known.
+    Expected<void> checkPackage() const;
     /// Opens the package's folder and checks the grants.
     Expected<FileDescriptor> package() const;
     /// Open the folder `name` in the package (the package itself if it is empty), or the folder

@@ -162,13 +162,15 @@ Expected<QStringList> WebDAVStore::names(const QString &folder, const Expected<R
         return failure(httpError(response, folder));
     }
     const auto listing = WebDAVMultiStatus::parse(response.body, future);
+    if (!listing) {
+        return failure(future.isCancelled() ? operationCancelled() : notUnderstood());
+    }
     const QUrl folderItself = folderURL(folder);
     const QStringList above = decodedParts(folderItself);
     QStringList names;
-    for (const WebDAVMultiStatus::Resource &resource :
-         listing.value_or(WebDAVMultiStatus()).resources) {
+    for (const WebDAVMultiStatus::Resource &resource : listing->resources) {
         if (future.isCancelled()) {
-            break;
+            return failure(operationCancelled());
         }
         const QStringList parts =
             decodedParts(folderItself.resolved(QUrl::fromEncoded(resource.href.toUtf8())));
@@ -182,10 +184,7 @@ Expected<QStringList> WebDAVStore::names(const QString &folder, const Expected<R
         }
         names.append(parts.mid(above.size()));
     }
-    if (future.isCancelled()) {
-        return failure(operationCancelled());
-    }
-    return listing ? Expected<QStringList>(names) : failure(notUnderstood());
+    return names;
 }
 
 Expected<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
