@@ -19,6 +19,13 @@
 namespace {
 
 constexpr int FolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+constexpr mode_t FolderPermissions = S_ISGID | S_IRWXU | S_IRWXG | S_IRWXO;
+constexpr mode_t FilePermissions = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+
+/// The start of the name of a file that is being written.
+const QByteArray UnfinishedPrefix = QByteArrayLiteral(".new-");
+/// No process takes longer to write a file.
+constexpr time_t SecondsUntilLeftOver = 24 * 60 * 60;
 
 QString lastPart(const QString &name) {
     return name.section(u'/', -1);
@@ -39,7 +46,48 @@ int writeAll(int file, const QByteArray &contents) {
         }
         written += std::max<ssize_t>(count, 0);
     }
-    return fsync(file) == 0 ? 0 : errno;
+    return fdatasync(file) == 0 ? 0 : errno;
+}
+
+/// Makes the entries of an open folder durable. Returns 0, or the errno value.
+int synchronizeFolder(int folder) {
+    // Some file systems cannot synchronize a folder, and need not.
+    return fsync(folder) == 0 || errno == EINVAL || errno == ENOTSUP ? 0 : errno;
+}
+
+/// Gives a new item the permissions of the folder that contains it, as far as `mask` allows. If the
+/// file system refuses, the item remains accessible to its owner only.
+void inheritPermissions(int item, int folder, mode_t mask) {
+    struct stat status = {};
+    if (fstat(folder, &status) == 0) {
+        (void)fchmod(item, status.st_mode & mask);
+    }
+}
+
+/// Creates the folder `name` unless it exists, and makes it durable. Returns 0, or the errno value.
+int makeFolder(int parent, const QByteArray &name) {
+    if (mkdirat(parent, name.constData(), S_IRWXU) == 0) {
+        const FileDescriptor made(openat(parent, name.constData(), FolderFlags | O_NOFOLLOW));
+        inheritPermissions(made.number(), parent, FolderPermissions);
+    } else if (errno != EEXIST) {
+        return errno;
+    }
+    return synchronizeFolder(parent);
+}
+
+/// Returns the next entry of a folder; null at its end with errno 0, or after an error.
+const dirent *nextEntry(DIR *entries) {
+    errno = 0;
+    return readdir(entries);
+}
+
+/// Removes a file that a process left unfinished when it ended.
+void removeIfLeftOver(int folder, const QByteArray &name) {
+    struct stat status = {};
+    if (fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+        S_ISREG(status.st_mode) && status.st_mtime < time(nullptr) - SecondsUntilLeftOver) {
+        unlinkat(folder, name.constData(), 0);
+    }
 }
 
 /// Returns 0, or the errno value; EEXIST if `to` exists.
@@ -52,6 +100,25 @@ int renameIfAbsent(int folder, const QByteArray &from, const QByteArray &to) {
     }
     // Network file systems without this flag support links.
     return linkat(folder, from.constData(), folder, to.constData(), 0) == 0 ? 0 : errno;
+}
+
+/// Writes a file that does not exist yet. Returns 0, or the errno value; EEXIST if it exists.
+int writeNew(int folder, const QByteArray &name, const QByteArray &contents) {
+    const QByteArray temporaryName =
+        UnfinishedPrefix + QUuid::createUuid().toByteArray(QUuid::Id128);
+    const FileDescriptor file(openat(folder, temporaryName.constData(),
+                                     O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                                     S_IRUSR | S_IWUSR));
+    if (!file.isValid()) {
+        return errno;
+    }
+    inheritPermissions(file.number(), folder, FilePermissions);
+    int number = writeAll(file.number(), contents);
+    if (number == 0) {
+        number = renameIfAbsent(folder, temporaryName, name);
+    }
+    unlinkat(folder, temporaryName.constData(), 0);
+    return number;
 }
 
 /// Returns the path of an open folder, which no other folder can replace any more.
@@ -144,12 +211,12 @@ Expected<FileDescriptor> FolderStore::folder(const QString &name, Folders folder
             return FileDescriptor(openat(parent, partName.constData(), FolderFlags | O_NOFOLLOW));
         };
         FileDescriptor child = open();
-        if (!child.isValid() && errno == ENOENT && folders == Folders::Made &&
-            (mkdirat(parent, partName.constData(), 0777) == 0 || errno == EEXIST)) {
-            fsync(parent);
-            child = open();
+        int number = errno;
+        if (!child.isValid() && number == ENOENT && folders == Folders::Made) {
+            number = makeFolder(parent, partName);
+            child = number == 0 ? open() : FileDescriptor();
+            number = number == 0 ? errno : number;
         }
-        const int number = errno;
         current = child.isValid() ? Expected<FileDescriptor>(std::move(child))
                                   : failure(systemError(number, name));
     }
@@ -166,11 +233,15 @@ Expected<QStringList> FolderStore::listFolder(const QString &name, const EngineF
         return isMissing(opened.error()) ? Expected<QStringList>(QStringList())
                                          : failure(opened.error());
     }
+    const int descriptor = opened->number();
     DIR *const entries = fdopendir(opened->take());
     QStringList names;
-    errno = 0;
-    while (const dirent *entry = readdir(entries)) {
+    while (const dirent *entry = nextEntry(entries)) {
         const QByteArray encoded(static_cast<const char *>(entry->d_name));
+        if (encoded.startsWith(UnfinishedPrefix)) {
+            removeIfLeftOver(descriptor, encoded);
+            continue;
+        }
         const QString decoded = QFile::decodeName(encoded);
         if (QFile::encodeName(decoded) == encoded) {
             names.append(decoded);
@@ -226,26 +297,15 @@ Expected<BlobStore::Written> FolderStore::writeBlob(const QString &name, const Q
     const int folder = parent->number();
     const QByteArray finalName = QFile::encodeName(lastPart(name));
     struct stat status = {};
-    if (fstatat(folder, finalName.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0) {
-        return Written::AlreadyThere;
+    const bool isPresent =
+        fstatat(folder, finalName.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    int number = isPresent ? EEXIST : writeNew(folder, finalName, contents);
+    const Written written = number == EEXIST ? Written::AlreadyThere : Written::New;
+    if (number == 0 || number == EEXIST) {
+        // Also if it exists: synchronizing the folder may have failed when it was written.
+        number = synchronizeFolder(folder);
     }
-    const QByteArray temporaryName = ".new-" + QUuid::createUuid().toByteArray(QUuid::Id128);
-    const FileDescriptor file(openat(folder, temporaryName.constData(),
-                                     O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
-    if (!file.isValid()) {
-        return failure(systemError(errno, name));
-    }
-    int number = writeAll(file.number(), contents);
-    if (number == 0) {
-        number = renameIfAbsent(folder, temporaryName, finalName);
-    }
-    unlinkat(folder, temporaryName.constData(), 0);
-    if (number == 0) {
-        fsync(folder);
-        return Written::New;
-    }
-    return number == EEXIST ? Expected<Written>(Written::AlreadyThere)
-                            : failure(systemError(number, name));
+    return number == 0 ? Expected<Written>(written) : failure(systemError(number, name));
 }
 
 Expected<void> FolderStore::removeBlob(const QString &name, const EngineFuture & /*future*/) {

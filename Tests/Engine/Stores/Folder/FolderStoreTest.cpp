@@ -9,10 +9,12 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Folder/FolderStore.h"
+#include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/PrivateVolume.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Umask.h"
 
 namespace {
 
@@ -117,6 +119,58 @@ private Q_SLOTS:
         write(FolderBlob, "first");
         write(FolderBlob, "second");
         QCOMPARE(allNames(FolderBlob.section(u'/', 0, 1)), QStringList(QStringLiteral("1-a")));
+    }
+
+    void newItemsHaveThePermissionsOfThePackage_data() {
+        QTest::addColumn<int>("mask");
+        QTest::addColumn<int>("package");
+        QTest::newRow("private") << 0 << 0700;
+        QTest::newRow("private, usual umask") << 022 << 0700;
+        QTest::newRow("shared with a group") << 022 << 0770;
+        QTest::newRow("read by others, strict umask") << 077 << 0755;
+    }
+
+    void newItemsHaveThePermissionsOfThePackage() {
+        QFETCH(int, mask);
+        QFETCH(int, package);
+        const Umask umask(static_cast<mode_t>(mask));
+        for (const char *folder : {"", "transactions"}) {
+            chmod(QFile::encodeName(path(QLatin1StringView(folder))).constData(), package);
+        }
+        QCOMPARE(write(FolderBlob, "x"), Expected<Written>(Written::New));
+        QCOMPARE(permissionsOf(path(FolderBlob)), static_cast<unsigned>(package & 0666));
+        QCOMPARE(permissionsOf(path(FolderBlob.section(u'/', 0, 1))),
+                 static_cast<unsigned>(package));
+    }
+
+    void onlyAnOldUnfinishedFileIsRemoved() {
+        const QString folder = path(QStringLiteral("databases/"));
+        for (const char *name : {".new-old", ".new-young", ".old"}) {
+            QFile file(folder + QLatin1StringView(name));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            if (!QByteArrayView(name).endsWith("young")) {
+                QVERIFY(file.setFileTime(QDateTime::currentDateTime().addDays(-2),
+                                         QFileDevice::FileModificationTime));
+            }
+        }
+        QCOMPARE(m_store->list(QStringLiteral("databases"), m_future),
+                 Expected<QStringList>(QStringList()));
+        QCOMPARE(allNames(QStringLiteral("databases")),
+                 QStringList({QStringLiteral(".new-young"), QStringLiteral(".old")}));
+    }
+
+    void aFolderThatCannotBeMadeDurableIsAnError() {
+        Expected<Written> first;
+        Expected<Written> again;
+        runWithFailingSystemCall(SYS_fsync, EIO, [&] {
+            first = write(QStringLiteral("databases/x"), "x");
+            again = write(QStringLiteral("databases/x"), "x");
+        });
+        QCOMPARE(code(first), EngineErrorCode::StoreUnreachable);
+        QCOMPARE(code(again), EngineErrorCode::StoreUnreachable);
+        runWithFailingSystemCall(SYS_fsync, EINVAL,
+                                 [&] { again = write(QStringLiteral("databases/x"), "x"); });
+        QCOMPARE(again, Expected<Written>(Written::AlreadyThere));
     }
 
     void ofManyWritersOfOneNameOneIsTheFirst() {
