@@ -1,10 +1,11 @@
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
 
-#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
+#include "Platform/Foundation/FileManager.h"
 
 namespace {
 
@@ -42,8 +43,9 @@ DirectConnectionPackage::DirectConnectionPackage(const QString &path,
     : m_path(path), m_store(std::move(store)), m_future(std::make_shared<EngineFuture>()) {}
 
 Expected<void> DirectConnectionPackage::make() const {
-    for (const QString &folder : {QStringLiteral("/databases"), QStringLiteral("/transactions")}) {
-        if (!QDir().mkpath(m_path + folder)) {
+    for (const QString &folder : {m_path, m_path + QStringLiteral("/databases"),
+                                  m_path + QStringLiteral("/transactions")}) {
+        if (!QFileInfo(folder).isDir() && !FileManager::createDirectory(folder)) {
             return failure(
                 engineError(EngineErrorCode::ServerUnusable,
                             "The sync store “%1” could not be created. Check the permissions of "

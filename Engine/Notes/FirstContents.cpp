@@ -1,13 +1,13 @@
 #include "Engine/Notes/FirstContents.h"
 
 #include <QtCore/QDateTime>
-#include <QtCore/QDir>
 #include <QtCore/QUuid>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/Url.h"
 
 namespace {
@@ -78,13 +78,16 @@ Expected<void> writeDatabase(const ProfileDatabase &profile, const FirstDatabase
 /// Creates a sync store in the profile folder, with which the database `UUID` synchronizes.
 Expected<void> writeLocation(const ProfileDatabase &profile, const QString &UUID,
                              const QString &name) {
-    const QString package = profile.directory() + QStringLiteral("/Sync Stores/Home.qvSyncStore");
-    if (!QDir().mkpath(package + QStringLiteral("/databases")) ||
-        !QDir().mkpath(package + QStringLiteral("/transactions"))) {
-        return failure(engineError(EngineErrorCode::ProfileUnusable,
-                                   "The sync store “%1” could not be created. Check the "
-                                   "permissions of the folder that contains it.",
-                                   package));
+    const QString stores = profile.directory() + QStringLiteral("/Sync Stores");
+    const QString package = stores + QStringLiteral("/Home.qvSyncStore");
+    for (const QString &folder : {stores, package, package + QStringLiteral("/databases"),
+                                  package + QStringLiteral("/transactions")}) {
+        if (!FileManager::createDirectory(folder)) {
+            return failure(engineError(EngineErrorCode::ProfileUnusable,
+                                       "The sync store “%1” could not be created. Check the "
+                                       "permissions of the folder that contains it.",
+                                       package));
+        }
     }
     const QString location = newUUID();
     return profile

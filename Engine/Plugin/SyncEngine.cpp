@@ -3,6 +3,7 @@
 #include "Engine/Notes/NoteConversion.h"
 #include "Engine/Profile/ProfileSnapshot.h"
 #include "Engine/Stores/StoreOperations.h"
+#include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -34,6 +35,10 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
                                 : openDatabase(m_profile, directory, contents);
     opened = opened.and_then([this] { return load(); });
     m_isOpen = opened.has_value();
+    if (m_isOpen && !m_profile.protection()) {
+        NSApp()->logItemCmd(localizedSyncString("Profile:"),
+                            m_profile.protection().error().localizedDescription);
+    }
     if (m_isOpen && use == ProfileUse::Run) {
         m_plugin.startServer();
         m_triggers.start();

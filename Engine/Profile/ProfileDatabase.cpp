@@ -7,6 +7,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileInspection.h"
+#include "Engine/Profile/ProfilePermissions.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -126,7 +127,9 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
             "The folder “%1” contains other files and no profile. Choose an empty folder.",
             m_directory);
     }
-    m_hasMadeFolder = QDir().mkpath(folder.path()) && QDir().mkdir(m_directory);
+    m_hasMadeFolder =
+        QDir().mkpath(folder.path()) &&
+        QDir().mkdir(m_directory, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     if (!QFileInfo(m_directory).isDir()) {
         return openingFailure(
             "The profile folder “%1” could not be created. Check the permissions of the folder "
@@ -157,6 +160,11 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
 }
 
 Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &convertNotes) {
+    m_protection = ProfilePermissions::removeForOthers(m_directory);
+    // SQLite gives the files beside it the same permissions.
+    if (Expected<void> created = ProfilePermissions::createFile(path()); !created) {
+        return created;
+    }
     m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     m_database.setDatabaseName(path());
     if (!m_database.open()) {

@@ -44,15 +44,23 @@ public:
     /// write the notes into the current tables, in one transaction, after which "old_notes" is
     /// dropped.
     ///
+    /// A new folder and its files are accessible to their owner only. The permissions of the group
+    /// and of other users are removed from an existing profile; if they cannot be, the profile is
+    /// opened nevertheless, see `protection`.
+    ///
     /// An error describes the problem and names the file or folder. The folder is then as it was
-    /// before the call. The code is ProfileUnusable, ProfileInUse if another process or object has
-    /// the profile open, or that of the failed callback.
+    /// before the call, apart from those permissions. The code is ProfileUnusable, ProfileInUse if
+    /// another process or object has the profile open, or that of the failed callback.
     Expected<void> open(const QString &directory, const Changes &fill, const Changes &convertNotes);
 
     /// Returns the absolute path of the folder, or an empty string if no profile is open.
     QString directory() const { return m_directory; }
     /// Returns the absolute path of the database file.
     QString path() const;
+
+    /// Returns an error of the code ProfileUnusable if other users of the computer may be able to
+    /// read the open profile.
+    const Expected<void> &protection() const { return m_protection; }
 
     /// Returns `statement` compiled, to be passed repeatedly to the overloads below that take a
     /// query. The query is forward-only, and must be destroyed before this object.
@@ -102,6 +110,7 @@ private:
     /// Declared first: the lock is released after the database is closed.
     ProfileLock m_lock;
     bool m_hasMadeFolder = false;
+    Expected<void> m_protection;
     const QString m_connectionName;
     QSqlDatabase m_database;
     QString m_directory;

@@ -1,23 +1,22 @@
 #include "Platform/Foundation/FileManager.h"
 
-#include <filesystem>
-#include <system_error>
+#include <sys/stat.h>
+
+#include <QtCore/QFile>
+#include <cerrno>
+#include <cstring>
 
 #include "Platform/Foundation/Localization.h"
 
 Expected<void> FileManager::createDirectory(const QString &path) {
-    std::error_code code;
-    const bool isNew = std::filesystem::create_directory(path.toStdString(), code);
-    if (!isNew && !code) {
-        code = std::make_error_code(std::errc::file_exists);
-    }
-    if (!code) {
+    if (mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0) {
         return {};
     }
+    const int number = errno;
     return failure(
         {.domain = ErrorDomain,
-         .code = code.value(),
+         .code = number,
          .localizedDescription =
              localizedString(PlatformTable, "The folder “%1” could not be created.").arg(path),
-         .localizedFailureReason = QString::fromLocal8Bit(code.message())});
+         .localizedFailureReason = QString::fromLocal8Bit(std::strerror(number))});
 }

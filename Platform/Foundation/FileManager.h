@@ -12,7 +12,7 @@ namespace FileManager {
 /// The domain of the errors. The codes are those of errno(3).
 inline const QString ErrorDomain = QStringLiteral("POSIXErrorDomain");
 
-/// Creates one directory with the user's default permissions. Returns an error if anything of that
+/// Creates one directory, which only its owner can access. Returns an error if anything of that
 /// name exists already, if the parent directory does not exist, or if the file system refuses.
 PLATFORM_EXPORT Expected<void> createDirectory(const QString &path);
 

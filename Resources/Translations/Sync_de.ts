@@ -180,6 +180,14 @@
         <translation>Der Ordner „%1“ enthält andere Dateien und kein Profil. Wählen Sie einen leeren Ordner.</translation>
     </message>
     <message>
+        <source>Profile:</source>
+        <translation>Profil:</translation>
+    </message>
+    <message>
+        <source>Other users of this computer may be able to read the profile “%1”, because its permissions cannot be changed. Move it to a folder of your own.</source>
+        <translation>Andere Benutzer dieses Computers können das Profil „%1“ möglicherweise lesen, weil sich seine Zugriffsrechte nicht ändern lassen. Verschieben Sie es in einen eigenen Ordner.</translation>
+    </message>
+    <message>
         <source>The profile “%1” cannot be opened: %2</source>
         <translation>Das Profil „%1“ kann nicht geöffnet werden: %2</translation>
     </message>

@@ -11,6 +11,7 @@
 #include "Support/AnnouncementRecorder.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Umask.h"
 
 namespace {
 
@@ -75,10 +76,14 @@ private Q_SLOTS:
     }
 
     void aNewPackageHoldsItsTwoFoldersAndNothingElse() {
+        const Umask umask(0);
         createPackage(QStringLiteral("Work.qvSyncStore"));
         const QString package = path(QStringLiteral("Work.qvSyncStore"));
         QCOMPARE(QDir(package).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
                  QStringList({QStringLiteral("databases"), QStringLiteral("transactions")}));
+        for (const char *folder : {"", "/databases", "/transactions"}) {
+            QCOMPARE(permissionsOf(package + QLatin1StringView(folder)), 0700U);
+        }
         QCOMPARE(m_location->URL(), Url::fileURL(package));
         QCOMPARE(m_results, QList<qint64>{1});
         QVERIFY(m_host->application().presentedErrors().isEmpty());
