@@ -2,12 +2,10 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
-#include "Engine/Notes/EngineNoteLibrary.h"
-#include "Engine/Notes/FirstContents.h"
-#include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Support/MemoryStore.h"
+#include "Support/Replica.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -51,28 +49,6 @@ void require(bool condition, const char *words) {
         throw std::runtime_error(words);
     }
 }
-
-/// A profile, without the engine around it.
-class Replica {
-public:
-    Replica() : m_library(m_profile) {
-        require(m_profile.open(
-            m_folder.filePath(QStringLiteral("Profile")),
-            [this] { return writeFirstContents(m_profile, FirstContents::Inbox); },
-            [] { return Expected<void>(); }));
-        // No test of what the disk keeps.
-        require(m_profile.run(QStringLiteral("PRAGMA synchronous = OFF")));
-        require(m_library.load());
-    }
-
-    const ProfileDatabase &profile() const { return m_profile; }
-    EngineNoteLibrary &library() { return m_library; }
-
-private:
-    QTemporaryDir m_folder;
-    ProfileDatabase m_profile;
-    EngineNoteLibrary m_library;
-};
 
 /// A user's edit of a note.
 struct Edit {
