@@ -3,6 +3,7 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtCore/QUuid>
 
 #include "Engine/Foundation/EngineError.h"
 
@@ -139,6 +140,7 @@ QByteArray Transaction::encoded() const {
         operationArray.append(encodedOperation(operation));
     }
     return QJsonDocument(QJsonObject{{VersionKey, Version},
+                                     {SaltKey, hexadecimal(QUuid::createUuid().toRfc4122())},
                                      {OperationsKey, operationArray},
                                      {SupersededKey, hexadecimals(superseded)}})
         .toJson(QJsonDocument::Compact);

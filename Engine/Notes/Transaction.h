@@ -21,7 +21,7 @@ struct Transaction {
     /// Returns `superseded`, followed by what the operations supersede. May contain duplicates.
     QList<OperationId> allSuperseded() const;
 
-    /// Returns the record.
+    /// Returns the record. It contains a random salt, so no two records are the same.
     QByteArray encoded() const;
     /// Returns the transaction in `record`, which may be hostile. If anything in it violates the
     /// format, nothing of it is returned, but an error of the code DamagedRecord, or UnknownVersion

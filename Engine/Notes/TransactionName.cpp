@@ -1,0 +1,46 @@
+#include "Engine/Notes/TransactionName.h"
+
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QUuid>
+
+#include "Engine/Notes/Operation.h"
+#include "Host/SyncStoreLayout.h"
+
+namespace {
+
+constexpr qsizetype UUIDSize = 16;
+/// The version of the UUID, and where its text states it.
+constexpr QChar DigestVersion = u'8';
+constexpr qsizetype PositionOfVersion = 14;
+
+QByteArray digestOf(const QByteArray &record) {
+    return QCryptographicHash::hash(record, QCryptographicHash::Sha256);
+}
+
+QString stem(const QString &name) {
+    return name.chopped(SyncStoreLayout::RecordEnding.size());
+}
+
+}  // namespace
+
+QString TransactionName::of(const QByteArray &record) {
+    QByteArray bytes = digestOf(record).first(UUIDSize);
+    // The bits that RFC 9562 reserves for version and variant.
+    bytes[6] = static_cast<char>((bytes[6] & 0x0f) | 0x80);
+    bytes[8] = static_cast<char>((bytes[8] & 0x3f) | 0x80);
+    return QUuid::fromRfc4122(bytes).toString(QUuid::WithoutBraces) + SyncStoreLayout::RecordEnding;
+}
+
+bool TransactionName::isValid(const QString &name) {
+    return name.endsWith(SyncStoreLayout::RecordEnding) && Operation::isUUID(stem(name));
+}
+
+bool TransactionName::matches(const QString &name, const QByteArray &record) {
+    return name.at(PositionOfVersion) != DigestVersion || name == of(record);
+}
+
+QString TransactionName::ofDamaged(const QString &name, const QByteArray &record) {
+    constexpr qsizetype bytes = 8;
+    return stem(name) + QStringLiteral(".damaged-") +
+           QString::fromLatin1(digestOf(record).first(bytes).toHex());
+}

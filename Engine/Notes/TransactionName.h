@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+/// The names of transaction records in a store, such as "UUID.json", without the folder. The format
+/// is defined in Engine/Notes/StoreFormat.md. Thread-safe.
+namespace TransactionName {
+
+/// Returns the name for `record`: a UUID of version 8 that consists of its SHA-256 digest.
+QString of(const QByteArray &record);
+/// Returns whether `name` can be that of a transaction record.
+bool isValid(const QString &name);
+/// Returns false if `name`, which must be valid, contains a digest that is not that of `record`.
+/// Names that other versions of the program have given contain none.
+bool matches(const QString &name, const QByteArray &record);
+/// Returns the name under which the damaged `record` is kept that was found under `name`. No reader
+/// takes it for a record.
+QString ofDamaged(const QString &name, const QByteArray &record);
+
+}  // namespace TransactionName
