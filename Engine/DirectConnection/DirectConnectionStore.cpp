@@ -112,7 +112,7 @@ Expected<void> DirectConnectionStore::removeBlob(const QString &name, const Engi
 Expected<QCborMap> DirectConnectionStore::request(const QCborMap &request, const QString &name,
                                                   const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
-    Expected<QCborMap> answer = connectIfNeeded(future).and_then(
+    const Expected<QCborMap> answer = connectIfNeeded(future).and_then(
         [&] { return m_link.exchange(request, AnswerPatience, future); });
     if (!answer) {
         return failure(future.isCancelled() ? operationCancelled() : answer.error());
@@ -194,7 +194,7 @@ Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pai
     QCborMap message = ofType(Reveal);
     message[Nonce] = pairing.clientNonce;
     message[Secret] = pairing.clientSecret;
-    Expected<void> welcome =
+    const Expected<void> welcome =
         m_link.exchange(message, PairingPatience, future).and_then([this](const auto &answer) {
             return takeWelcome(answer);
         });

@@ -2,6 +2,15 @@
 
 #include "Engine/Profile/ProfileDatabase.h"
 
+KnownTransactions::Contents KnownTransactions::Contents::of(const Transaction &transaction,
+                                                            qint64 size) {
+    QList<OperationId> operations;
+    for (const Operation &operation : transaction.operations) {
+        operations.append(operation.id);
+    }
+    return {operations, transaction.allSuperseded(), size};
+}
+
 KnownTransactions::KnownTransactions(const ProfileDatabase &profile, const QString &store,
                                      qint64 database)
     : m_profile(profile), m_store(store), m_database(database) {}
@@ -24,16 +33,29 @@ Expected<QHash<QString, KnownTransactions::Contents>> KnownTransactions::all() c
 
 Expected<void> KnownTransactions::add(const QString &name, const Transaction &transaction,
                                       qint64 size) const {
-    QList<OperationId> operations;
-    for (const Operation &operation : transaction.operations) {
-        operations.append(operation.id);
-    }
+    const Contents contents = Contents::of(transaction, size);
     return m_profile.run(
         QStringLiteral(
             "INSERT OR REPLACE INTO known_transactions"
             " (place, database, name, operations, superseded, size) VALUES (?, ?, ?, ?, ?, ?)"),
-        {m_store, m_database, name, Operation::packed(operations),
-         Operation::packed(transaction.allSuperseded()), size});
+        {m_store, m_database, name, Operation::packed(contents.operations),
+         Operation::packed(contents.superseded), size});
+}
+
+Expected<QString> KnownTransactions::lastVerified() const {
+    return m_profile
+        .value(QStringLiteral("SELECT value FROM settings WHERE key = ?"), {keyOfVerified()})
+        .map([](const QVariant &name) { return name.toString(); });
+}
+
+Expected<void> KnownTransactions::setLastVerified(const QString &name) const {
+    return m_profile.run(QStringLiteral("INSERT OR REPLACE INTO settings (key, value)"
+                                        " VALUES (?, ?)"),
+                         {keyOfVerified(), ProfileDatabase::text(name)});
+}
+
+QString KnownTransactions::keyOfVerified() const {
+    return QStringLiteral("lastVerified %1 %2").arg(m_database).arg(m_store);
 }
 
 Expected<void> KnownTransactions::remove(const QStringList &names) const {

@@ -20,6 +20,10 @@ public:
         QList<OperationId> superseded;
         /// The size of the record in bytes.
         qint64 size = 0;
+
+        /// Returns the contents of `transaction`, whose record has `size` bytes.
+        static Contents of(const Transaction &transaction, qint64 size);
+        bool operator==(const Contents &) const = default;
     };
 
     /// `profile` is not owned and must outlive this object. `store` identifies the store in the
@@ -33,7 +37,15 @@ public:
     /// Removes the records `names`. Names that are not known are ignored.
     Expected<void> remove(const QStringList &names) const;
 
+    /// Returns the name up to which the records were verified, in the order of their names, or an
+    /// empty string.
+    Expected<QString> lastVerified() const;
+    Expected<void> setLastVerified(const QString &name) const;
+
 private:
+    /// The key of the setting that lastVerified() returns.
+    QString keyOfVerified() const;
+
     const ProfileDatabase &m_profile;
     const QString m_store;
     const qint64 m_database;

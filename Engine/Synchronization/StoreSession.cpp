@@ -1,10 +1,10 @@
 #include "Engine/Synchronization/StoreSession.h"
 
-#include <QtCore/QUuid>
-
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Notes/TransactionName.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Synchronization/TransactionRecords.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ KnownTransactions StoreSession::known() const {
 }
 
 QString StoreSession::folder() const {
-    return QStringLiteral("transactions/") + m_subject.databaseUUID;
+    return TransactionRecords::folder(m_subject.databaseUUID);
 }
 
 QString StoreSession::path(const QString &name) const {
@@ -66,18 +66,16 @@ Expected<bool> StoreSession::prepareNextTransaction() {
             next = m_supersededToWrite.erase(next);
         }
     }
-    m_transactionName =
-        QUuid::createUuid().toString(QUuid::WithoutBraces) + QStringLiteral(".json");
-    m_writtenSize = 0;
     return !m_transaction.isEmpty();
 }
 
 Expected<void> StoreSession::writeTransaction(BlobStore &store, const EngineFuture &future) {
-    const QString name = path(m_transactionName);
     const QByteArray record = m_transaction.encoded();
+    m_transactionName = TransactionName::of(record);
     m_writtenSize = record.size();
-    // The name is random, so an existing record is that of an earlier attempt whose response was
-    // lost.
+    const QString name = path(m_transactionName);
+    // No two records are the same, so an existing record is that of an earlier attempt whose
+    // response was lost.
     return store.writeIfAbsent(name, record, future)
         .and_then(
             [&](BlobStore::Written) { return store.read(name, Transaction::SizeLimit, future); })

@@ -91,7 +91,7 @@ private:
     EngineNoteLibrary &m_library;
     const Subject m_subject;
     QList<Error> m_problems;
-    /// The prepared transaction, its name and, once it is written, its size in bytes.
+    /// The prepared transaction and, once it is written, its name and its size in bytes.
     Transaction m_transaction;
     QString m_transactionName;
     qint64 m_writtenSize = 0;

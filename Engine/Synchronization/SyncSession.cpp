@@ -3,23 +3,29 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Notes/TransactionName.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/InboxUUID.h"
+#include "Host/SyncStoreLayout.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 
 /// Number of bytes after which the records that were read are merged before more are read.
 constexpr qsizetype ReadAtOnce = 4LL << 20;
 
-bool isRecordName(const QString &name) {
-    return name.endsWith(QStringLiteral(".json"));
-}
-
-bool isTransactionName(const QString &name) {
-    return isRecordName(name) && Operation::isUUID(name.chopped(5));
+/// Returns whether the error concerns a single record, and not that the store cannot be read.
+bool isOfOneRecord(const Error &error) {
+    return isEngineError(error, EngineErrorCode::DamagedRecord) ||
+           isEngineError(error, EngineErrorCode::UnknownVersion) ||
+           isEngineError(error, EngineErrorCode::BlobRefused);
 }
 
 }  // namespace
+
+SyncSession::SyncSession(const ProfileDatabase &profile, EngineNoteLibrary &library,
+                         Subject subject, Verification verification)
+    : StoreSession(profile, library, std::move(subject)), m_verification(verification) {}
 
 Expected<void> SyncSession::accessStore(BlobStore &store, const EngineFuture &future) {
     switch (m_step) {
@@ -27,6 +33,8 @@ Expected<void> SyncSession::accessStore(BlobStore &store, const EngineFuture &fu
             return readDatabaseRecord(store, future).and_then([&] { return list(store, future); });
         case Step::Reading:
             return readTransactions(store, future);
+        case Step::Verifying:
+            return verifyTransactions(store, future);
         case Step::Writing:
             return writeTransaction(store, future);
         case Step::Naming:
@@ -41,6 +49,8 @@ Expected<void> SyncSession::accessProfile() {
             return compareListing();
         case Step::Reading:
             return continueReading();
+        case Step::Verifying:
+            return recordVerification().and_then([this] { return prepareWriting(); });
         case Step::Writing:
             return recordWrittenTransaction().and_then([this] { return continueWriting(); });
         case Step::Naming:
@@ -87,9 +97,9 @@ Expected<void> SyncSession::list(BlobStore &store, const EngineFuture &future) {
         return failure(names.error());
     }
     for (const QString &name : *names) {
-        if (isTransactionName(name)) {
+        if (TransactionName::isValid(name)) {
             m_unread.append(name);
-        } else if (isRecordName(name)) {
+        } else if (name.endsWith(SyncStoreLayout::RecordEnding)) {
             addProblem(engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.",
                                    store.place(path(name))));
         }
@@ -98,35 +108,90 @@ Expected<void> SyncSession::list(BlobStore &store, const EngineFuture &future) {
 }
 
 Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFuture &future) {
+    const TransactionRecords records(store, subject().databaseUUID, future);
     m_readSize = 0;
     while (!m_unread.isEmpty() && m_readSize < ReadAtOnce) {
-        if (Expected<void> read = readTransaction(store, m_unread.takeFirst(), future); !read) {
+        if (Expected<void> read = readTransaction(records, m_unread.takeFirst()); !read) {
             return read;
         }
     }
     return {};
 }
 
-Expected<void> SyncSession::readTransaction(BlobStore &store, const QString &name,
-                                            const EngineFuture &future) {
-    const Expected<QByteArray> record = store.read(path(name), Transaction::SizeLimit, future);
-    if (!record) {
-        if (isEngineError(record.error(), EngineErrorCode::BlobRefused)) {
-            addProblem(record.error());
-        } else if (!isEngineError(record.error(), EngineErrorCode::BlobMissing)) {
-            return failure(record.error());
-        }
+Expected<void> SyncSession::readTransaction(const TransactionRecords &records,
+                                            const QString &name) {
+    const Expected<TransactionRecords::Record> record = records.read(name);
+    if (record) {
+        m_readSize += record->size;
+        m_read.append({name, record->transaction, record->size});
         return {};
     }
-    m_readSize += record->size();
-    const Expected<Transaction> transaction =
-        Transaction::decoded(*record, store.place(path(name)));
-    if (transaction) {
-        m_read.append({name, *transaction, record->size()});
-    } else {
-        addProblem(transaction.error());
+    const Error &error = record.error();
+    if (isEngineError(error, EngineErrorCode::DamagedRecord) &&
+        m_damaged.size() < RecordsToSetAside) {
+        m_damaged.append({name, {}});
+    } else if (isOfOneRecord(error)) {
+        addProblem(error);
+    } else if (!isEngineError(error, EngineErrorCode::BlobMissing)) {
+        return failure(error);
     }
     return {};
+}
+
+Expected<void> SyncSession::verifyTransactions(BlobStore &store, const EngineFuture &future) {
+    const TransactionRecords records(store, subject().databaseUUID, future);
+    for (const Suspect &suspect : std::as_const(m_suspects)) {
+        if (future.isCancelled() || !verify(records, suspect)) {
+            break;
+        }
+    }
+    for (const Suspect &damaged : std::as_const(m_damaged)) {
+        if (!future.isCancelled()) {
+            setAside(records, damaged);
+        }
+    }
+    return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
+}
+
+bool SyncSession::verify(const TransactionRecords &records, const Suspect &suspect) {
+    const Expected<TransactionRecords::Record> record = records.read(suspect.name, suspect.written);
+    m_lastVerified = suspect.name;
+    // The next listing shows whether a missing record is gone.
+    if (record || isEngineError(record.error(), EngineErrorCode::BlobMissing)) {
+        return true;
+    }
+    if (isEngineError(record.error(), EngineErrorCode::DamagedRecord) &&
+        m_damaged.size() < RecordsToSetAside) {
+        m_lost.append(suspect.name);
+        m_damaged.append(suspect);
+        return true;
+    }
+    addProblem(record.error());
+    if (isOfOneRecord(record.error())) {
+        m_lost.append(suspect.name);
+        return true;
+    }
+    return false;
+}
+
+void SyncSession::setAside(const TransactionRecords &records, const Suspect &damaged) {
+    const Expected<QString> copy = records.setAside(damaged.name, damaged.written);
+    if (!copy) {
+        // Another computer has set it aside.
+        if (!isEngineError(copy.error(), EngineErrorCode::BlobMissing)) {
+            addProblem(copy.error());
+        }
+        return;
+    }
+    const QString text = damaged.written
+                             ? localizedSyncString(
+                                   "The record “%1” was damaged. It was moved to “%2”, and this "
+                                   "computer writes its contents again.")
+                             : localizedSyncString(
+                                   "The record “%1” was damaged and was moved to “%2”. Synchronize "
+                                   "on the computer that wrote it to restore its contents.");
+    addProblem(
+        engineError(EngineErrorCode::DamagedRecord, text.arg(records.place(damaged.name), *copy)));
 }
 
 Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store,
@@ -160,7 +225,48 @@ Expected<void> SyncSession::compareListing() {
     }
     m_unread.removeIf([&](const QString &name) { return all->contains(name); });
     m_step = Step::Reading;
-    return forgetTransactions(gone).and_then([this] { return continueReading(); });
+    return forgetTransactions(gone)
+        .and_then([&] { return chooseSuspects(*all, listed); })
+        .and_then([this] { return continueReading(); });
+}
+
+Expected<void> SyncSession::chooseSuspects(const QHash<QString, KnownTransactions::Contents> &known,
+                                           const QSet<QString> &listed) {
+    const Expected<QString> last = this->known().lastVerified();
+    if (!last) {
+        return failure(last.error());
+    }
+    m_lastVerified = *last;
+    QStringList names = known.keys();
+    names.removeIf([&](const QString &name) { return !listed.contains(name); });
+    names.sort();
+    std::rotate(names.begin(), std::upper_bound(names.begin(), names.end(), *last), names.end());
+    qint64 size = 0;
+    for (const QString &name : std::as_const(names)) {
+        const KnownTransactions::Contents contents = known.value(name);
+        size += contents.size;
+        const bool isEnough =
+            m_suspects.size() == RecordsToVerify || (!m_suspects.isEmpty() && size > BytesToVerify);
+        if (isEnough && m_verification == Verification::Some) {
+            break;
+        }
+        m_suspects.append({name, contents});
+    }
+    return {};
+}
+
+Expected<void> SyncSession::recordVerification() {
+    const Expected<QString> last = known().lastVerified();
+    if (!last) {
+        return failure(last.error());
+    }
+    if (m_lost.isEmpty() && *last == m_lastVerified) {
+        return {};
+    }
+    return profile().write([this] {
+        return known().remove(m_lost).and_then(
+            [this] { return known().setLastVerified(m_lastVerified); });
+    });
 }
 
 Expected<void> SyncSession::importDatabase() {
@@ -178,8 +284,13 @@ Expected<void> SyncSession::importDatabase() {
 }
 
 Expected<void> SyncSession::continueReading() {
-    return mergeTransactions().and_then(
-        [this] { return m_unread.isEmpty() ? prepareWriting() : Expected<void>(); });
+    return mergeTransactions().and_then([this]() -> Expected<void> {
+        if (!m_unread.isEmpty()) {
+            return {};
+        }
+        m_step = Step::Verifying;
+        return m_suspects.isEmpty() && m_damaged.isEmpty() ? prepareWriting() : Expected<void>();
+    });
 }
 
 Expected<void> SyncSession::mergeTransactions() {

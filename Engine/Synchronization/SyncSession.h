@@ -1,16 +1,34 @@
 #pragma once
 
 #include "Engine/Synchronization/StoreSession.h"
+#include "Engine/Synchronization/TransactionRecords.h"
 
 /// Synchronizes a database with a store: merges what others have written there, creates the
 /// database if the profile does not have it, then writes what the store lacks. What the store lost
 /// is written again.
 ///
-/// Damaged records are reported as problems and skipped. If a read of the profile fails, the
-/// session ends with that error and writes nothing further.
+/// Each session also reads some of the records again that the profile has read or written before,
+/// and continues where the previous one stopped. A damaged record is reported as a problem and
+/// moved to a name that no reader takes for a record. What it contained is written again as far as
+/// the profile has known the record. A failed read is never taken for damage: it ends the session
+/// or, if the record was known, the verification, which is reported as a problem.
+///
+/// If a read of the profile fails, the session ends with that error and writes nothing further.
 class SyncSession : public StoreSession {
 public:
-    using StoreSession::StoreSession;
+    /// Which of the known records a session verifies.
+    enum class Verification {
+        /// At most RecordsToVerify, and not more than BytesToVerify unless the first one is larger.
+        Some,
+        All
+    };
+    static constexpr int RecordsToVerify = 8;
+    static constexpr qint64 BytesToVerify = 2LL << 20;
+    /// The maximum number of records that one session moves; the others are only reported.
+    static constexpr qsizetype RecordsToSetAside = 100;
+
+    SyncSession(const ProfileDatabase &profile, EngineNoteLibrary &library, Subject subject,
+                Verification verification = Verification::Some);
 
     /// Reads or writes the store, depending on the step.
     Expected<void> accessStore(BlobStore &store, const EngineFuture &future) override;
@@ -18,13 +36,18 @@ public:
 
 private:
     /// The steps, in order. Reading and Writing are repeated until everything is read or written.
-    enum class Step { Listing, Reading, Writing, Naming };
+    enum class Step { Listing, Reading, Verifying, Writing, Naming };
     /// A transaction that was read and not merged yet.
     struct Read {
         QString name;
         Transaction transaction;
         /// Size of its record in bytes.
         qint64 size = 0;
+    };
+    /// A record to verify. `written` is empty if the profile has never read it.
+    struct Suspect {
+        QString name;
+        std::optional<KnownTransactions::Contents> written;
     };
     /// State of the database's record in the store. Untouchable means an unknown version, or not a
     /// plain file.
@@ -34,12 +57,22 @@ private:
     Expected<void> list(BlobStore &store, const EngineFuture &future);
     Expected<void> readDatabaseRecord(BlobStore &store, const EngineFuture &future);
     Expected<void> readTransactions(BlobStore &store, const EngineFuture &future);
-    Expected<void> readTransaction(BlobStore &store, const QString &name,
-                                   const EngineFuture &future);
+    Expected<void> readTransaction(const TransactionRecords &records, const QString &name);
+    /// Verifies the chosen records and sets aside all that are damaged.
+    Expected<void> verifyTransactions(BlobStore &store, const EngineFuture &future);
+    /// Returns false if no further record must be read.
+    bool verify(const TransactionRecords &records, const Suspect &suspect);
+    void setAside(const TransactionRecords &records, const Suspect &damaged);
     Expected<void> writeDatabaseRecord(BlobStore &store, const EngineFuture &future) const;
 
     /// Parts that access the profile, called on the main thread.
     Expected<void> compareListing();
+    /// Chooses which of the `known` records that are `listed` to verify.
+    Expected<void> chooseSuspects(const QHash<QString, KnownTransactions::Contents> &known,
+                                  const QSet<QString> &listed);
+    /// Forgets the records that are not what was written, and records where the next session
+    /// continues.
+    Expected<void> recordVerification();
     Expected<void> importDatabase();
     Expected<void> mergeTransactions();
     /// Merges what was read, and proceeds to writing if everything was read.
@@ -49,12 +82,19 @@ private:
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
 
+    const Verification m_verification;
     Step m_step = Step::Listing;
     /// The names of the transactions that remain to be read.
     QStringList m_unread;
     /// The transactions read since the last merge, and their total size in bytes.
     QList<Read> m_read;
     qsizetype m_readSize = 0;
+    /// The known records to verify, and all that turned out to be damaged.
+    QList<Suspect> m_suspects;
+    QList<Suspect> m_damaged;
+    /// The known records that cannot be read again, and the last one that was verified.
+    QStringList m_lost;
+    QString m_lastVerified;
     Record m_record = Record::Absent;
     /// The name of the database in the store's record; empty unless a valid record was read.
     QString m_recordedName;

@@ -428,6 +428,18 @@
         <translation>Die Profildatei „%1“ wurde verschoben, gelöscht oder ersetzt, daher kann nichts gesichert werden. Legen Sie sie zurück, oder kopieren Sie ungesicherten Text an eine andere Stelle, und starten Sie Velmora neu.</translation>
     </message>
     <message>
+        <source>The record “%1” was damaged. It was moved to “%2”, and this computer writes its contents again.</source>
+        <translation>Der Datensatz „%1“ war beschädigt. Er wurde nach „%2“ verschoben, und dieser Computer schreibt seinen Inhalt erneut.</translation>
+    </message>
+    <message>
+        <source>The record “%1” was damaged and was moved to “%2”. Synchronize on the computer that wrote it to restore its contents.</source>
+        <translation>Der Datensatz „%1“ war beschädigt und wurde nach „%2“ verschoben. Synchronisieren Sie auf dem Computer, der ihn geschrieben hat, um seinen Inhalt wiederherzustellen.</translation>
+    </message>
+    <message>
+        <source>The record “%1” was read differently each time, so it was left as it is. Check the disk or the server.</source>
+        <translation>Der Datensatz „%1“ wurde jedes Mal anders gelesen und deshalb unverändert gelassen. Überprüfen Sie die Festplatte oder den Server.</translation>
+    </message>
+    <message>
         <source>The record “%1” is damaged.</source>
         <translation>Der Datensatz „%1“ ist beschädigt.</translation>
     </message>

@@ -185,6 +185,11 @@ void DropboxServer::putFile(const QString &path, const QByteArray &contents) {
     m_files.insert(path, contents);
 }
 
+void DropboxServer::removeFile(const QString &path) {
+    const std::lock_guard lock(m_mutex);
+    m_files.remove(path);
+}
+
 int DropboxServer::count(const QString &path) const {
     const std::lock_guard lock(m_mutex);
     return m_counts.value(path);
@@ -272,6 +277,7 @@ std::optional<DropboxServer::Answer> DropboxServer::answerLocked(const Request &
         case Trouble::BreaksDown:
             return Answer{.status = 500, .body = "Internal Server Error", .type = "text/plain"};
         case Trouble::HangsUp:
+        case Trouble::KeepsHalf:
         case Trouble::None:
             break;
     }
@@ -540,7 +546,8 @@ DropboxServer::Answer DropboxServer::upload(const QJsonObject &argument, const R
                        {QStringLiteral("reason"), reason},
                        {QStringLiteral("upload_session_id"), QString()}});
     }
-    m_files.insert(path, request.body);
+    const bool isCut = m_troubles.value(request.path) == Trouble::KeepsHalf;
+    m_files.insert(path, isCut ? request.body.first(request.body.size() / 2) : request.body);
     return {.body = json({{QStringLiteral("name"), lastComponent(path)}})};
 }
 

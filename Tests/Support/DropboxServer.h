@@ -40,7 +40,9 @@ public:
         /// Status 500.
         BreaksDown,
         /// Closes the connection in the middle of the response.
-        HangsUp
+        HangsUp,
+        /// Keeps half of an uploaded file and reports success.
+        KeepsHalf
     };
 
     /// Starts serving an account without files, whose user signs in.
@@ -84,6 +86,7 @@ public:
     /// The account's files by path.
     QMap<QString, QByteArray> files() const;
     void putFile(const QString &path, const QByteArray &contents);
+    void removeFile(const QString &path);
 
     /// The number of requests to `path`.
     int count(const QString &path) const;

@@ -1,4 +1,5 @@
 #include "Engine/Notes/Transaction.h"
+#include "Engine/Notes/TransactionName.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Host/InboxUUID.h"
@@ -33,6 +34,55 @@ private:
             return m_blobs.size() == before ? writeFault : MemoryStore::Fault::None;
         });
         return runSession(session, store);
+    }
+
+    /// Synchronizes and returns the problems. `nextFault` is called before each operation.
+    QStringList problems(const std::function<MemoryStore::Fault()> &nextFault) {
+        SyncSession session(profile(), m_host->library(),
+                            {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
+        MemoryStore store(m_blobs, nextFault);
+        QStringList problems{description(runSession(session, store))};
+        for (const Error &problem : session.problems()) {
+            problems.append(problem.localizedDescription);
+        }
+        problems.removeAll(QString());
+        return problems;
+    }
+    QStringList problems() {
+        return problems([] { return MemoryStore::Fault::None; });
+    }
+
+    QStringList records() const {
+        QStringList names;
+        for (const auto &[name, record] : m_blobs) {
+            if (name.startsWith(QStringLiteral("transactions/")) &&
+                name.endsWith(QStringLiteral(".json"))) {
+                names.append(name);
+            }
+        }
+        return names;
+    }
+
+    /// Renames all records as a program did that wrote no digests.
+    void giveOldNames() {
+        const QStringList names = records();
+        for (const QString &name : names) {
+            const QString old = QUuid::createUuid().toString(QUuid::WithoutBraces);
+            m_blobs[QStringLiteral("transactions/@inbox/%1.json").arg(old)] = m_blobs.at(name);
+            m_blobs.erase(name);
+        }
+    }
+
+    /// Changes a superseded identifier, which leaves a valid record.
+    void changeSuperseded() {
+        for (auto &[name, record] : m_blobs) {
+            const QByteArray key = "\"superseded\":[\"";
+            const qsizetype at = record.indexOf(key);
+            if (at >= 0) {
+                char &digit = record[at + key.size()];
+                digit = digit == '0' ? '1' : '0';
+            }
+        }
     }
 
     QSet<QString> titles() {
@@ -88,6 +138,81 @@ private Q_SLOTS:
                 const auto transaction = Transaction::decoded(record, name);
                 QVERIFY(transaction && transaction->superseded.isEmpty());
             }
+        }
+    }
+
+    void aChangedDeletionIsNoticedByTheNameOfItsRecord() {
+        QVERIFY(m_host->inbox()->removeNote(m_host->inbox()->notes().value().first()));
+        QVERIFY(run<SyncSession>());
+        changeSuperseded();
+        m_host->goToComputer(QStringLiteral("Other"));
+        QCOMPARE(problems().size(), 1);
+        QCOMPARE(titles(), (QSet{QStringLiteral("a"), QStringLiteral("b")}));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(problems(), QStringList());
+        QCOMPARE(titlesOnAnotherComputer(), QSet{QStringLiteral("b")});
+    }
+
+    void aChangedRecordWithAnOldNameIsNoticedByWhoHasReadIt() {
+        QVERIFY(m_host->inbox()->removeNote(m_host->inbox()->notes().value().first()));
+        QVERIFY(run<SyncSession>());
+        giveOldNames();
+        QCOMPARE(problems(), QStringList());
+        QCOMPARE(problems(), QStringList());
+        changeSuperseded();
+        QCOMPARE(problems().size(), 1);
+        QCOMPARE(titlesOnAnotherComputer(), QSet{QStringLiteral("b")});
+    }
+
+    void aFailedVerificationIsReportedAndChangesNothing() {
+        const MemoryStore::Blobs before = m_blobs;
+        int operations = 0;
+        // After the record of the database and the listing.
+        const QStringList told = problems([&] {
+            return ++operations > 2 ? MemoryStore::Fault::Unreachable : MemoryStore::Fault::None;
+        });
+        QCOMPARE(operations, 3);
+        QCOMPARE(told.size(), 1);
+        QCOMPARE(m_blobs, before);
+        QCOMPARE(problems(), QStringList());
+        QCOMPARE(m_blobs, before);
+    }
+
+    void eachSynchronizationVerifiesAShareOfTheRecords() {
+        constexpr qsizetype count = 20;
+        for (qsizetype i = records().size(); i < count; ++i) {
+            saveNote(QString::number(i));
+            QVERIFY(run<SyncSession>());
+        }
+        QCOMPARE(records().size(), count);
+        const QString last = records().last();
+        m_blobs[last] = "damaged";
+        QStringList told;
+        int sessions = 0;
+        while (told.isEmpty() && sessions < 10) {
+            ++sessions;
+            int operations = 0;
+            told = problems([&] {
+                ++operations;
+                return MemoryStore::Fault::None;
+            });
+            QVERIFY(!told.isEmpty() || operations == 2 + SyncSession::RecordsToVerify);
+        }
+        QVERIFY(sessions <= 3);
+        QVERIFY(told.first().contains(QFileInfo(last).fileName()));
+        QCOMPARE(records().size(), count);
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(problems(), QStringList());
+        }
+    }
+
+    void aRecordOfANewerVersionIsNeitherMovedNorChanged() {
+        const QByteArray newer = "{\"version\":2}";
+        m_blobs[QStringLiteral("transactions/@inbox/") + TransactionName::of(newer)] = newer;
+        const MemoryStore::Blobs before = m_blobs;
+        for (int i = 0; i < 2; ++i) {
+            QVERIFY(problems().value(0).contains(QStringLiteral("newer version")));
+            QCOMPARE(m_blobs, before);
         }
     }
 

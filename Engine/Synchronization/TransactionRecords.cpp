@@ -1,0 +1,76 @@
+#include "Engine/Synchronization/TransactionRecords.h"
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/TransactionName.h"
+#include "Host/SyncStoreLayout.h"
+
+TransactionRecords::TransactionRecords(BlobStore &store, const QString &databaseUUID,
+                                       const EngineFuture &future)
+    : m_store(store), m_folder(folder(databaseUUID)), m_future(future) {}
+
+QString TransactionRecords::folder(const QString &databaseUUID) {
+    return SyncStoreLayout::TransactionsFolder + u'/' + databaseUUID;
+}
+
+Expected<TransactionRecords::Record> TransactionRecords::read(
+    const QString &name, const std::optional<Contents> &written) const {
+    return bytes(name).and_then(
+        [&](const QByteArray &record) { return verified(record, name, written); });
+}
+
+Expected<QString> TransactionRecords::setAside(const QString &name,
+                                               const std::optional<Contents> &written) const {
+    const Expected<QByteArray> damaged = bytes(name);
+    if (!damaged) {
+        return failure(damaged.error());
+    }
+    const auto isDamaged = [&](const QByteArray &record) {
+        const Expected<Record> read = verified(record, name, written);
+        return !read && isEngineError(read.error(), EngineErrorCode::DamagedRecord);
+    };
+    const QString copy = TransactionName::ofDamaged(name, *damaged);
+    const auto isSame = [&](const QByteArray &record) -> Expected<void> {
+        if (record == *damaged && isDamaged(record)) {
+            return {};
+        }
+        return failure(engineError(EngineErrorCode::DamagedRecord,
+                                   "The record “%1” was read differently each time, so it was left "
+                                   "as it is. Check the disk or the server.",
+                                   place(name)));
+    };
+    const QString copyPath = m_folder + u'/' + copy;
+    return isSame(*damaged)
+        .and_then([&] { return m_store.writeIfAbsent(copyPath, *damaged, m_future); })
+        .and_then([&](BlobStore::Written) { return bytes(copy).and_then(isSame); })
+        // Another computer may be about to complete the record.
+        .and_then([&] { return bytes(name).and_then(isSame); })
+        .and_then([&] { return m_store.remove(m_folder + u'/' + name, m_future); })
+        .map([&] { return place(copy); });
+}
+
+QString TransactionRecords::place(const QString &name) const {
+    return m_store.place(m_folder + u'/' + name);
+}
+
+Expected<QByteArray> TransactionRecords::bytes(const QString &name) const {
+    return m_store.read(m_folder + u'/' + name, Transaction::SizeLimit, m_future);
+}
+
+Expected<TransactionRecords::Record> TransactionRecords::verified(
+    const QByteArray &record, const QString &name, const std::optional<Contents> &written) const {
+    const auto damaged = [&] {
+        return failure(engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.",
+                                   place(name)));
+    };
+    if (!TransactionName::matches(name, record)) {
+        return damaged();
+    }
+    const Expected<Transaction> transaction = Transaction::decoded(record, place(name));
+    if (!transaction) {
+        return failure(transaction.error());
+    }
+    if (written && Contents::of(*transaction, record.size()) != *written) {
+        return damaged();
+    }
+    return Record{*transaction, record.size()};
+}

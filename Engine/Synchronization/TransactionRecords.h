@@ -1,0 +1,50 @@
+#pragma once
+
+#include <optional>
+
+#include "Engine/Notes/KnownTransactions.h"
+#include "Engine/Stores/BlobStore.h"
+
+/// The transaction records of one database in one store. All functions block and must be called on
+/// a worker thread.
+class TransactionRecords {
+public:
+    using Contents = KnownTransactions::Contents;
+
+    struct Record {
+        Transaction transaction;
+        /// In bytes.
+        qint64 size = 0;
+    };
+
+    /// `store` and `future` are not owned and must outlive this object. Operations return an error
+    /// of the code Cancelled soon after `future` is cancelled.
+    TransactionRecords(BlobStore &store, const QString &databaseUUID, const EngineFuture &future);
+
+    /// Returns the folder of the transactions of a database in every store.
+    static QString folder(const QString &databaseUUID);
+
+    /// Reads the record `name`, which is verified against its name and, if it is known what was
+    /// written, against `written`. Returns an error of the code DamagedRecord if the record is not
+    /// what was written, UnknownVersion if a newer program wrote it, and otherwise that of
+    /// BlobStore::read.
+    Expected<Record> read(const QString &name, const std::optional<Contents> &written = {}) const;
+    /// Moves the record `name`, of which `read` has returned that it is damaged, to a name that no
+    /// reader takes for a record. Copies it first and verifies the copy. Returns the location of
+    /// the copy as text for the user. Fails without an effect if the store now returns another
+    /// record; fails with the code BlobMissing if there is none any more.
+    Expected<QString> setAside(const QString &name,
+                               const std::optional<Contents> &written = {}) const;
+
+    /// Returns the location of the record as text for the user.
+    QString place(const QString &name) const;
+
+private:
+    Expected<QByteArray> bytes(const QString &name) const;
+    Expected<Record> verified(const QByteArray &record, const QString &name,
+                              const std::optional<Contents> &written) const;
+
+    BlobStore &m_store;
+    const QString m_folder;
+    const EngineFuture &m_future;
+};
