@@ -35,6 +35,11 @@ void QVListView::registerBindingFactory(const ViewBinding::Factory &makeBinding)
     bindingFactory() = makeBinding;
 }
 
+QVListView::QVListView(QWidget *parent)
+    : QWidget(parent),
+      m_viewHandler(std::make_shared<const CollectionViewItem::ViewHandler>(
+          [this](CollectionViewItem *item) { prepareView(item); })) {}
+
 QVListView::~QVListView() {
     QVListView::unbind(contentBinding);
     QVListView::unbind(selectionIndexesBinding);
@@ -101,38 +106,31 @@ void QVListView::setContent(const QVariantList &content) {
     }
     // Copied, because observers may replace the list that `content` refers to.
     const QVariantList objects = content;  // NOLINT(performance-unnecessary-copy-initialization)
+    whileHidden([&] { makeItems(objects); });
+    KeyValue::announce<&QVListView::contentChanged>(this);
+}
+
+void QVListView::whileHidden(const std::function<void()> &change) {
     // A visible list looks for the widget under the pointer each time a row is added or removed.
-    // Hiding it takes time for each row that is kept.
-    const qsizetype kept = reusableViews(objects);
-    const bool hides = isVisible() && m_items.size() + objects.size() > 3 * kept;
-    if (hides) {
+    const bool wasVisible = isVisible();
+    if (wasVisible) {
         hide();
     }
-    makeItems(objects);
-    if (hides) {
+    change();
+    if (wasVisible) {
         show();
     }
-    KeyValue::announce<&QVListView::contentChanged>(this);
 }
 
 void QVListView::makeItems(const QVariantList &objects) {
     bool selectionIsEmpty = selectionIndexes().empty();
     m_content = objects;
-    qsizetype kept = reusableViews(objects);
-    QList<Item> before = std::exchange(m_items, {});
-    discardViews(kept, before);
+    removeItems();
+    m_needsViews = m_isInBatch;
     for (qsizetype i = 0; i < objects.size(); ++i) {
-        const Item item = copyPrototype(objects.at(i));
-        if (i < kept && !item->takeView(before.at(i).get())) {
-            // The delegate has returned another prototype than before.
-            kept = i;
-            discardViews(kept, before);
-        }
+        const Item item = makeItem(objects.at(i));
         m_items.append(item);
-        if (i < kept) {
-            setMenu(item->view());
-        } else {
-            connectView(item.get());
+        if (!m_isInBatch) {
             item->view()->setParent(this);
         }
         if (selectionIsEmpty && shouldSelect(item.get())) {
@@ -143,29 +141,15 @@ void QVListView::makeItems(const QVariantList &objects) {
             }
         }
     }
-    layoutSubviews();
-    for (qsizetype i = kept; i < m_items.size(); ++i) {
-        m_items.at(i)->view()->show();
+    if (!m_isInBatch) {
+        showViews();
     }
 }
 
-/// Returns the number of leading items whose views can show the first of `objects`.
-qsizetype QVListView::reusableViews(const QVariantList &objects) const {
+void QVListView::removeItems() {
     const QList<QWidget *> views = subviews();
-    const qsizetype most = qMin(views.size(), qMin(m_items.size(), objects.size()));
-    qsizetype count = 0;
-    while (count < most && m_items.at(count)->model() &&
-           m_items.at(count)->view() == views.at(count) &&
-           m_items.at(count)->representedObject() == objects.at(count)) {
-        ++count;
-    }
-    return count;
-}
-
-/// Discards all views from `first` on, and the items that had them.
-void QVListView::discardViews(qsizetype first, QList<Item> &items) {
-    const QList<QWidget *> views = subviews().mid(first);
     if (views.isEmpty()) {
+        m_items.clear();
         return;
     }
     // Deleted later, because one of the views may be handling an event. Until then they stay in
@@ -176,8 +160,43 @@ void QVListView::discardViews(qsizetype first, QList<Item> &items) {
     }
     // Before their parent is deleted: deleting the views one by one is fast, but as children each
     // would search all pending deletions.
-    items.remove(first, items.size() - first);
+    m_items.clear();
     discarded->deleteLater();
+}
+
+void QVListView::showViews() {
+    layoutSubviews();
+    for (const Item &item : std::as_const(m_items)) {
+        item->view()->show();
+    }
+}
+
+void QVListView::performBatchUpdates(const std::function<void()> &updates) {
+    if (m_isInBatch) {
+        updates();
+        return;
+    }
+    m_isInBatch = true;
+    try {
+        updates();
+    } catch (...) {
+        endBatch();
+        throw;
+    }
+    endBatch();
+}
+
+void QVListView::endBatch() {
+    m_isInBatch = false;
+    if (!std::exchange(m_needsViews, false)) {
+        return;
+    }
+    whileHidden([this] {
+        for (const Item &item : std::as_const(m_items)) {
+            item->view()->setParent(this);
+        }
+        showViews();
+    });
 }
 
 IndexSet QVListView::selectionIndexes() const {
@@ -201,31 +220,28 @@ void QVListView::setSelectionIndexes(const IndexSet &indexes) {
     KeyValue::announce<&QVListView::selectionIndexesChanged>(this);
 }
 
-QVListView::Item QVListView::copyPrototype(const QVariant &object) {
+QVListView::Item QVListView::makeItem(const QVariant &object) {
     const CollectionViewItem *prototype =
         m_delegate ? m_delegate->collectionViewItemPrototypeForRepresentedObject(this, object)
                    : nullptr;
     Item item = (prototype ? prototype : m_itemPrototype.get())->copy();
     item->setRepresentedObject(object);
+    item->setViewHandler(m_viewHandler);
     return item;
 }
 
-void QVListView::setMenu(QWidget *view) const {
+void QVListView::prepareView(CollectionViewItem *item) const {
+    QWidget *view = item->view();
     ContextMenu::setMenu(view,
                          m_itemPrototype ? ContextMenu::menu(m_itemPrototype->view()) : nullptr);
-}
-
-void QVListView::connectView(CollectionViewItem *item) const {
-    QWidget *view = item->view();
-    setMenu(view);
     if (view->metaObject()->indexOfProperty(selectedKey) >= 0) {
-        KeyValue::bind(view, selectedKey, item->model(), selectedKey);
+        KeyValue::bind(view, selectedKey, item, selectedKey);
     }
 }
 
 QVListView::Item QVListView::newItemForRepresentedObject(const QVariant &object) {
-    Item item = copyPrototype(object);
-    connectView(item.get());
+    Item item = makeItem(object);
+    item->view();
     return item;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QtCore/QMetaType>
 #include <QtWidgets/QWidget>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -26,8 +27,8 @@ class QVListView : public QWidget, public BindableView {
     /// equal) has no effect. Any other list rebuilds all items before the setter returns. If
     /// nothing was selected before, the first item that the delegate accepts becomes selected and
     /// "selectionIndexes" is announced; otherwise nothing is selected afterwards, and nothing
-    /// announced. The new items reuse the views of the old ones as far as both lists begin with
-    /// equal objects, so appending an object makes one view.
+    /// announced. Each item gets a new view, and all old views are discarded, in O(n) even if one
+    /// object was appended; see performBatchUpdates().
     Q_PROPERTY(QVariantList content READ content WRITE setContent NOTIFY contentChanged)
     /// The positions of the selected items, computed in O(n). The setter asks the delegate for each
     /// item; an item that is refused keeps its state. Positions past the end are ignored. Announced
@@ -45,7 +46,7 @@ public:
     /// The records of editable bindings.
     using Bindings = std::set<std::shared_ptr<ViewBinding>>;
 
-    using QWidget::QWidget;
+    explicit QVListView(QWidget *parent = nullptr);
     /// Ends the bindings and deletes the items.
     ~QVListView() override;
 
@@ -99,6 +100,13 @@ public:
     /// when the content changes; other code that changes the width or a row's height must call it.
     /// O(n).
     void layoutSubviews();
+    /// Calls `updates`, which may set the content repeatedly and must not destroy the list. Each
+    /// change makes its items and announces as usual, but until the call returns the list has no
+    /// views after a change; only an item that is asked for its view makes it. Then the views of
+    /// the last content are added, stacked and shown. n appended objects so cost n views rather
+    /// than n². If `updates` throws, the views are added as well. A nested call only calls
+    /// `updates`.
+    void performBatchUpdates(const std::function<void()> &updates);
 
 Q_SIGNALS:
     void contentChanged();
@@ -111,19 +119,21 @@ protected:
 private:
     /// Returns the delegate's decision; false without a delegate.
     bool shouldSelect(CollectionViewItem *item);
+    /// Calls `change`, which adds or removes views, while the list is hidden.
+    void whileHidden(const std::function<void()> &change);
     /// Replaces the items. Stops early if an observer of the selection sets other content
     /// meanwhile.
     void makeItems(const QVariantList &objects);
-    /// Returns a new item for `object` without making its view.
-    Item copyPrototype(const QVariant &object);
-    /// Gives `view` the shared menu.
-    void setMenu(QWidget *view) const;
-    /// Makes the item's view, gives it the shared menu, and binds its key "selected".
-    void connectView(CollectionViewItem *item) const;
-    /// Returns the number of leading items whose views can show the first of `objects`.
-    qsizetype reusableViews(const QVariantList &objects) const;
-    /// Discards all views from the index `first` on, and the items in `items` that had them.
-    void discardViews(qsizetype first, QList<Item> &items);
+    /// Removes all items and views.
+    void removeItems();
+    /// Stacks and shows all views after they were added.
+    void showViews();
+    /// Makes the views that the batch left out.
+    void endBatch();
+    /// Returns a new item for `object` that prepares its view when it is made.
+    Item makeItem(const QVariant &object);
+    /// Gives the view of `item` the shared menu, and binds its key "selected".
+    void prepareView(CollectionViewItem *item) const;
     QList<QWidget *> subviews() const;
 
     /// Empty until content is set for the first time, so that setting an empty list counts as a
@@ -133,4 +143,9 @@ private:
     Item m_itemPrototype;
     Bindings m_bindings;
     QVListViewDelegate *m_delegate = nullptr;
+    /// Prepares the views of the items.
+    const std::shared_ptr<const CollectionViewItem::ViewHandler> m_viewHandler;
+    bool m_isInBatch = false;
+    /// Whether the views of the present content are yet to be made, at the end of the batch.
+    bool m_needsViews = false;
 };

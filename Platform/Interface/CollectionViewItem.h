@@ -16,10 +16,6 @@ class QWidget;
 /// destructor hides the view and deletes it from the event loop, because an item may be destroyed
 /// while its view handles an event. If a parent has deleted the view before, the next call of
 /// view() makes a new one.
-///
-/// A view can be passed to another item that shows the same object. Therefore it does not observe
-/// the item, but a second one, its model, which belongs to the view and follows the item that has
-/// the view.
 class PLATFORM_EXPORT CollectionViewItem : public QObject {
     Q_OBJECT
     /// The object that the item shows; a shared pointer in it keeps the object alive. Announced
@@ -29,9 +25,11 @@ class PLATFORM_EXPORT CollectionViewItem : public QObject {
     /// Whether the item is selected. Announced each time it is set, equal or not.
     Q_PROPERTY(bool selected READ isSelected WRITE setSelected NOTIFY selectedChanged)
 public:
-    /// Returns a new view, without a parent, that observes `model` and does not write to it. Must
-    /// not return null. `model` exists as long as an item has the view.
-    using ViewFactory = std::function<QWidget *(CollectionViewItem *model)>;
+    /// Returns a new view of `item`, without a parent. Must not return null.
+    using ViewFactory = std::function<QWidget *(CollectionViewItem *item)>;
+
+    /// Called with an item that has just made its view.
+    using ViewHandler = std::function<void(CollectionViewItem *item)>;
 
     explicit CollectionViewItem(ViewFactory makeView, QObject *parent = nullptr);
     ~CollectionViewItem() override;
@@ -46,12 +44,11 @@ public:
     void setSelected(bool selected);
     /// Returns the view, which the first call makes. Never null. Owned by the item.
     QWidget *view();
-    /// Returns the model that the view observes; null before the view is made. Owned by the item.
-    CollectionViewItem *model() const { return m_model.get(); }
-    /// Takes the view of `other`, with its model, if this item has none, represents an equal object
-    /// and is a copy of the same prototype. Returns whether it did; `other`, which must not be
-    /// null, then has no view.
-    bool takeView(CollectionViewItem *other);
+    /// Sets what a call of view() that makes the view calls before it returns. Not owned, so that
+    /// many items can share one handler; has no effect once it is destroyed.
+    void setViewHandler(const std::weak_ptr<const ViewHandler> &handler) {
+        m_viewHandler = handler;
+    }
 
 Q_SIGNALS:
     void representedObjectChanged();
@@ -62,9 +59,8 @@ private:
 
     /// Shared by all copies.
     const std::shared_ptr<const ViewFactory> m_makeView;
+    std::weak_ptr<const ViewHandler> m_viewHandler;
     QPointer<QWidget> m_view;
-    /// Null before the view is made.
-    std::unique_ptr<CollectionViewItem> m_model;
     QVariant m_representedObject;
     bool m_isSelected = false;
 };

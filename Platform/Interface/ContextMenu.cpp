@@ -45,11 +45,7 @@ QMenu *ContextMenu::menu(const QWidget *view) {
 }
 
 void ContextMenu::setMenu(QWidget *view, QMenu *menu) {
-    const MenuOpener *opener = openerOf(view);
-    if (opener && opener->menu() == menu) {
-        return;
-    }
-    delete opener;
+    delete openerOf(view);
     if (menu) {
         new MenuOpener(view, menu);
     }

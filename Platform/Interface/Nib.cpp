@@ -192,8 +192,8 @@ private:
             return;
         }
         const auto prototype =
-            std::make_shared<CollectionViewItem>([nibName, owner](CollectionViewItem *model) {
-                return Nib::load(nibName, owner, {{QStringLiteral("item"), model}});
+            std::make_shared<CollectionViewItem>([nibName, owner](CollectionViewItem *item) {
+                return Nib::load(nibName, owner, {{QStringLiteral("item"), item}});
             });
         KeyValue::setValue(part, "itemPrototype", QVariant::fromValue(prototype));
     }

@@ -18,8 +18,8 @@ class QWidget;
 ///   path; "key <-> path" also writes changes by the user to the model; "| name" at the end names a
 ///   ValueTransformer. On the form itself, "object.key" binds a key of one of its `objects`.
 /// - `itemNib` (string, on a list): the form of its rows. The list's "itemPrototype" becomes an
-///   item whose views are made from it, with the same owner, and in which "item" names the model of
-///   the row's CollectionViewItem.
+///   item whose views are made from it, with the same owner, and in which "item" names the row's
+///   CollectionViewItem.
 /// - `menu` (string): the form's QMenu that a button opens, or that a secondary click opens on any
 ///   other widget.
 /// - `validation` (string, on an action of a menu): the path whose value enables the action, read

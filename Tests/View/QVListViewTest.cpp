@@ -4,6 +4,7 @@
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
 #include <functional>
+#include <stdexcept>
 
 #include "Controller/QVBinding.h"
 #include "Platform/Interface/ContextMenu.h"
@@ -434,70 +435,28 @@ private Q_SLOTS:
         QVERIFY(m_list->items().at(1) != items.at(1));
     }
 
-    void itemsOfTheSameBeginningTakeTheViewsOfTheOldOnes() {
-        m_list->setContent(texts({"40", "60", "20"}));
-        const auto before = m_list->items();
+    void everyContentChangeDiscardsAllItemsAndViews() {
+        m_list->setContent(texts({"40", "60"}));
+        const auto items = m_list->items();
         const QWidgetList views = subviews();
-        before.at(1)->setSelected(true);
-        m_list->setContent(texts({"40", "60", "30", "20"}));
-        const auto after = m_list->items();
-        QCOMPARE(subviews().size(), 4);
-        QCOMPARE(subviews().mid(0, 2), views.mid(0, 2));
-        for (qsizetype i = 0; i < after.size(); ++i) {
-            QVERIFY(!before.contains(after.at(i)));
-            QCOMPARE(after.at(i)->view(), subviews().at(i));
-            QVERIFY(after.at(i)->view()->isVisible());
-        }
-        QCOMPARE(frames(),
-                 QList<QRect>(
-                     {{0, 0, 300, 40}, {0, 40, 300, 60}, {0, 100, 300, 30}, {0, 130, 300, 20}}));
-        QCOMPARE(m_list->height(), 150);
-        QCOMPARE(m_list->selectionIndexes(), IndexSet());
-        QVERIFY(!row(1)->isSelected());
-        QVERIFY(!views.contains(row(2)));
-    }
-
-    void aTakenViewFollowsItsNewItemAlone() {
-        m_list->setContent(texts({"a"}));
-        const QVListView::Item old = m_list->items().constFirst();
-        m_list->setContent(texts({"a", "b"}));
-        old->setSelected(false);
-        m_list->items().constFirst()->setSelected(true);
-        QVERIFY(row(0)->isSelected());
-        old->setSelected(false);
-        QVERIFY(row(0)->isSelected());
-        QVERIFY(!old->model());
-        QVERIFY(old->view() != m_list->items().constFirst()->view());
-    }
-
-    void anotherPrototypeMakesAnotherView() {
-        m_list->setContent(texts({"a", "b", "c"}));
-        const QWidgetList views = subviews();
-        CollectionViewItem special([](CollectionViewItem *) { return new QLabel; });
-        m_delegate->specialObject = QStringLiteral("b");
-        m_delegate->specialPrototype = &special;
-        m_list->setContent(texts({"a", "b", "c"}));
+        QList<QPointer<QWidget>> old(views.begin(), views.end());
+        QVariantList content = m_list->content();
+        content.append(QStringLiteral("20"));
+        m_list->setContent(content);
         QCOMPARE(subviews().size(), 3);
-        QCOMPARE(subviews().at(0), views.at(0));
-        QVERIFY(qobject_cast<QLabel *>(subviews().at(1)));
-        QVERIFY(subviews().at(2) != views.at(2));
-        QCOMPARE(m_list->items().at(2)->view(), subviews().at(2));
+        for (qsizetype i = 0; i < 3; ++i) {
+            const QVListView::Item item = m_list->items().at(i);
+            QVERIFY(!items.contains(item));
+            QVERIFY(!views.contains(item->view()));
+            QCOMPARE(item->view(), subviews().at(i));
+            QVERIFY(item->view()->isVisible());
+        }
+        QCOMPARE(frames(), QList<QRect>({{0, 0, 300, 40}, {0, 40, 300, 60}, {0, 100, 300, 20}}));
+        QTRY_VERIFY(!old.at(0) && !old.at(1));
     }
 
-    void aTakenViewGetsTheMenuOfThePresentPrototype() {
-        QMenu first;
-        QMenu second;
-        ContextMenu::setMenu(m_list->itemPrototype()->view(), &first);
-        m_list->setContent(texts({"a"}));
-        ContextMenu::setMenu(m_list->itemPrototype()->view(), &second);
-        m_list->setContent(texts({"a", "b"}));
-        QCOMPARE(ContextMenu::menu(row(0)), &second);
-        QCOMPARE(ContextMenu::menu(row(1)), &second);
-    }
-
-    void contentSetWhileOldViewsWaitToBeTakenWins() {
+    void contentSetByAnObserverDuringARebuildWins() {
         m_list->setContent(texts({"a", "b", "c"}));
-        m_list->setSelectionIndexes({});
         m_list->items().at(0)->setSelected(false);
         const QVariantList other = texts({"a", "x"});
         bool isFirst = true;
@@ -511,6 +470,86 @@ private Q_SLOTS:
         QCOMPARE(m_list->items().size(), 2);
         QCOMPARE(subviews(),
                  QWidgetList({m_list->items().at(0)->view(), m_list->items().at(1)->view()}));
+    }
+
+    void aBatchMakesTheViewsOfItsLastContentOnly() {
+        int made = 0;
+        m_list->setItemPrototype(
+            std::make_shared<CollectionViewItem>([&made](CollectionViewItem *item) {
+                ++made;
+                return makeRow(item);
+            }));
+        QList<IndexSet> selections;
+        m_list->performBatchUpdates([&] {
+            m_list->setContent(texts({"40"}));
+            const QVListView::Item first = m_list->items().constFirst();
+            selections.append(m_list->selectionIndexes());
+            m_list->setContent(texts({"40", "60"}));
+            QVERIFY(!m_list->items().contains(first));
+            selections.append(m_list->selectionIndexes());
+        });
+        QCOMPARE(selections, QList<IndexSet>({{0}, {}}));
+        QCOMPARE(m_delegate->prototypeQuestions, texts({"40", "40", "60"}));
+        // One more is the prototype's own.
+        QCOMPARE(made, 3);
+        QCOMPARE(subviews(), QWidgetList({row(0), row(1)}));
+        QVERIFY(row(0)->isVisible() && row(1)->isVisible());
+        QCOMPARE(frames(), QList<QRect>({{0, 0, 300, 40}, {0, 40, 300, 60}}));
+        QCOMPARE(m_list->height(), 100);
+    }
+
+    void aBatchDiscardsTheOldViewsAtItsFirstChange() {
+        m_list->setContent(texts({"a", "b"}));
+        const QPointer<QWidget> old = row(0);
+        m_list->performBatchUpdates([&] {
+            QCOMPARE(subviews().size(), 2);
+            m_list->setContent(texts({"c"}));
+            QVERIFY(subviews().isEmpty());
+        });
+        QCOMPARE(subviews(), QWidgetList({row(0)}));
+        QTRY_VERIFY(!old);
+    }
+
+    void aBatchWithoutAChangeKeepsTheViews() {
+        m_list->setContent(texts({"a", "b"}));
+        const QWidgetList views = subviews();
+        m_list->performBatchUpdates([] {});
+        QCOMPARE(subviews(), views);
+    }
+
+    void anItemAskedForItsViewDuringABatchHasIt() {
+        QMenu menu;
+        ContextMenu::setMenu(m_list->itemPrototype()->view(), &menu);
+        QWidget *view = nullptr;
+        m_list->performBatchUpdates([&] {
+            m_list->setContent(texts({"40", "60"}));
+            view = row(1);
+            QCOMPARE(ContextMenu::menu(view), &menu);
+            m_list->items().at(1)->setSelected(true);
+            QVERIFY(row(1)->isSelected());
+        });
+        QCOMPARE(row(1), view);
+        QCOMPARE(subviews(), QWidgetList({row(0), view}));
+        QCOMPARE(view->geometry(), QRect(0, 40, 300, 60));
+    }
+
+    void aBatchInsideAnotherEndsWithIt() {
+        m_list->performBatchUpdates([&] {
+            m_list->performBatchUpdates([&] { m_list->setContent(texts({"a"})); });
+            QVERIFY(subviews().isEmpty());
+        });
+        QCOMPARE(subviews().size(), 1);
+    }
+
+    void aBatchThatFailsMakesTheViewsToo() {
+        const auto fail = [&] {
+            m_list->setContent(texts({"a"}));
+            throw std::runtime_error("failure");
+        };
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, m_list->performBatchUpdates(fail));
+        QCOMPARE(subviews().size(), 1);
+        m_list->setContent(texts({"a", "b"}));
+        QCOMPARE(subviews().size(), 2);
     }
 
     void contentIsACopy() {
