@@ -76,6 +76,8 @@ void run(Benchmark::Report &report) {
                 2 * medianTimeToShow(500, 100), unit, 1.2});
     report.add({QStringLiteral("1,000 databases × 100 locations shown / twice 1,000 × 50"), whole,
                 2 * medianTimeToShow(1000, 50), unit, 1.2});
+    report.add({QStringLiteral("1 database × 1,000 locations shown / ten times 1 × 100"),
+                medianTimeToShow(1, 1000), 10 * medianTimeToShow(1, 100), unit, 1.5});
 }
 
 const Benchmark::Suite suite(QStringLiteral("pane"), &run);

@@ -88,10 +88,12 @@ void QVSyncPreferences::fillAddMenu() {
 
 void QVSyncPreferences::willSelect() {
     setLocalDatabasesByUUID(QVStandInsByUUID());
-    const auto locations = plugin()->locationsController()->syncLocations();
-    for (const auto &location : locations) {
-        addSelectionForLocation(location);
-    }
+    m_locationsView->performBatchUpdates([this] {
+        const auto locations = plugin()->locationsController()->syncLocations();
+        for (const auto &location : locations) {
+            addSelectionForLocation(location);
+        }
+    });
     for (const StandIn &database : openDatabases()) {
         (*m_localDatabasesByUUID)[database->UUID()] = database;
     }
