@@ -10,6 +10,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
@@ -142,12 +143,14 @@ Expected<void> DirectConnectionLink::startEncryption(const EngineFuture &future)
     return {};
 }
 
-Expected<QCborMap> DirectConnectionLink::exchange(const QCborMap &request,
-                                                  std::chrono::seconds patience,
+Expected<QCborMap> DirectConnectionLink::exchange(const QCborMap &request, const Timeouts &timeouts,
                                                   const EngineFuture &future) {
+    m_idleTimeout = timeouts.idle;
+    m_end = QDeadlineTimer(timeouts.total);
+    noteProgress();
     std::optional<QCborMap> answer;
-    if (isConnected() && send(DirectConnectionMessage::encode(request), patience, future)) {
-        answer = receiveMessage(patience, future);
+    if (isConnected() && send(DirectConnectionMessage::encode(request), future)) {
+        answer = receiveMessage(future);
     }
     if (!answer) {
         disconnect();
@@ -157,22 +160,22 @@ Expected<QCborMap> DirectConnectionLink::exchange(const QCborMap &request,
     return *answer;
 }
 
-std::optional<QCborMap> DirectConnectionLink::receiveMessage(std::chrono::seconds patience,
-                                                             const EngineFuture &future) {
-    const std::optional<QByteArray> start =
-        receive(DirectConnectionMessage::LengthSize, patience, future);
+void DirectConnectionLink::noteProgress() {
+    m_deadline = std::min(QDeadlineTimer(m_idleTimeout), m_end);
+}
+
+std::optional<QCborMap> DirectConnectionLink::receiveMessage(const EngineFuture &future) {
+    const std::optional<QByteArray> start = receive(DirectConnectionMessage::LengthSize, future);
     const qsizetype length = start ? DirectConnectionMessage::length(*start) : 0;
     if (!start || length > DirectConnectionMessage::Limit) {
         return std::nullopt;
     }
-    const std::optional<QByteArray> body = receive(length, patience, future);
+    const std::optional<QByteArray> body = receive(length, future);
     return body ? DirectConnectionMessage::decode(*body) : std::nullopt;
 }
 
-bool DirectConnectionLink::send(const QByteArray &bytes, std::chrono::seconds patience,
-                                const EngineFuture &future) {
+bool DirectConnectionLink::send(const QByteArray &bytes, const EngineFuture &future) {
     qsizetype sent = 0;
-    QDeadlineTimer deadline(patience);
     while (sent < bytes.size()) {
         size_t count = 0;
         ERR_clear_error();
@@ -180,8 +183,8 @@ bool DirectConnectionLink::send(const QByteArray &bytes, std::chrono::seconds pa
                                         static_cast<size_t>(bytes.size() - sent), &count);
         if (result == 1) {
             sent += static_cast<qsizetype>(count);
-            deadline = QDeadlineTimer(patience);
-        } else if (!waitToGoOn(result, deadline, future)) {
+            noteProgress();
+        } else if (!waitToGoOn(result, m_deadline, future)) {
             return false;
         }
     }
@@ -189,11 +192,9 @@ bool DirectConnectionLink::send(const QByteArray &bytes, std::chrono::seconds pa
 }
 
 std::optional<QByteArray> DirectConnectionLink::receive(qsizetype count,
-                                                        std::chrono::seconds patience,
                                                         const EngineFuture &future) {
     QByteArray bytes(count, Qt::Uninitialized);
     qsizetype received = 0;
-    QDeadlineTimer deadline(patience);
     while (received < count) {
         size_t read = 0;
         ERR_clear_error();
@@ -201,8 +202,8 @@ std::optional<QByteArray> DirectConnectionLink::receive(qsizetype count,
                                        static_cast<size_t>(count - received), &read);
         if (result == 1) {
             received += static_cast<qsizetype>(read);
-            deadline = QDeadlineTimer(patience);
-        } else if (!waitToGoOn(result, deadline, future)) {
+            noteProgress();
+        } else if (!waitToGoOn(result, m_deadline, future)) {
             return std::nullopt;
         }
     }

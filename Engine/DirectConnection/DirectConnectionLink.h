@@ -20,6 +20,14 @@ struct addrinfo;
 /// thread. Any failure closes the connection; cancelling the given future ends a wait at once.
 class DirectConnectionLink {
 public:
+    /// Timeouts of an exchange.
+    struct Timeouts {
+        /// Maximum time without progress in either direction.
+        std::chrono::milliseconds idle;
+        /// Maximum time of the exchange, even if the server sends data slowly.
+        std::chrono::milliseconds total = std::chrono::minutes(10);
+    };
+
     DirectConnectionLink();
     ~DirectConnectionLink();
     DirectConnectionLink(const DirectConnectionLink &) = delete;
@@ -36,9 +44,8 @@ public:
     /// Returns the SHA-256 of the server's certificate; empty before the first connection.
     QByteArray serverFingerprint() const { return m_serverFingerprint; }
 
-    /// Sends `request` and waits for the response, for at most `patience` without progress in
-    /// either direction.
-    Expected<QCborMap> exchange(const QCborMap &request, std::chrono::seconds patience,
+    /// Sends `request` and waits for the response.
+    Expected<QCborMap> exchange(const QCborMap &request, const Timeouts &timeouts,
                                 const EngineFuture &future);
     /// Closes the connection. Idempotent.
     void disconnect();
@@ -49,13 +56,13 @@ private:
     /// Performs the TLS handshake and stores the fingerprint.
     Expected<void> startEncryption(const EngineFuture &future);
     /// Sends all `bytes`; returns false on failure, timeout or cancellation.
-    bool send(const QByteArray &bytes, std::chrono::seconds patience, const EngineFuture &future);
+    bool send(const QByteArray &bytes, const EngineFuture &future);
     /// Receive exactly `count` bytes or one message; return an empty optional on failure, timeout
     /// or cancellation.
-    std::optional<QByteArray> receive(qsizetype count, std::chrono::seconds patience,
-                                      const EngineFuture &future);
-    std::optional<QCborMap> receiveMessage(std::chrono::seconds patience,
-                                           const EngineFuture &future);
+    std::optional<QByteArray> receive(qsizetype count, const EngineFuture &future);
+    std::optional<QCborMap> receiveMessage(const EngineFuture &future);
+    /// Restarts the idle deadline, which is never later than the end of the exchange.
+    void noteProgress();
     /// Wait until the socket is ready again; return false on failure, timeout or cancellation.
     bool waitToGoOn(int result, QDeadlineTimer deadline, const EngineFuture &future) const;
     bool waitFor(short events, QDeadlineTimer deadline, const EngineFuture &future) const;
@@ -66,4 +73,9 @@ private:
     int m_socket = -1;
     QString m_host;
     QByteArray m_serverFingerprint;
+
+    // Of the current exchange.
+    std::chrono::milliseconds m_idleTimeout{};
+    QDeadlineTimer m_end;
+    QDeadlineTimer m_deadline;
 };

@@ -113,7 +113,7 @@ Expected<QCborMap> DirectConnectionStore::request(const QCborMap &request, const
                                                   const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
     const Expected<QCborMap> answer = connectIfNeeded(future).and_then(
-        [&] { return m_link.exchange(request, AnswerPatience, future); });
+        [&] { return m_link.exchange(request, {AnswerPatience}, future); });
     if (!answer) {
         return failure(future.isCancelled() ? operationCancelled() : answer.error());
     }
@@ -162,7 +162,7 @@ Expected<void> DirectConnectionStore::greet(const QByteArray &secret, const Engi
     QCborMap message = ofType(Hello);
     message[Name] = clientName();
     message[Secret] = secret;
-    return m_link.exchange(message, AnswerPatience, future).and_then([this](const auto &answer) {
+    return m_link.exchange(message, {AnswerPatience}, future).and_then([this](const auto &answer) {
         return takeWelcome(answer);
     });
 }
@@ -176,7 +176,7 @@ Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
     QCborMap message = ofType(Pair);
     message[Name] = pairing.clientName;
     message[Commitment] = pairing.commitment();
-    const Expected<QCborMap> answer = m_link.exchange(message, AnswerPatience, future);
+    const Expected<QCborMap> answer = m_link.exchange(message, {AnswerPatience}, future);
     if (!answer) {
         return failure(answer.error());
     }
@@ -195,7 +195,7 @@ Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pai
     message[Nonce] = pairing.clientNonce;
     message[Secret] = pairing.clientSecret;
     const Expected<void> welcome =
-        m_link.exchange(message, PairingPatience, future).and_then([this](const auto &answer) {
+        m_link.exchange(message, {PairingPatience}, future).and_then([this](const auto &answer) {
             return takeWelcome(answer);
         });
     if (!welcome) {
