@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int JobsAtOnce = 4;
-
 void logSync(const QString &text) {
     NSApp()->logItemCmd(QStringLiteral("Sync:"), text);
 }
@@ -30,15 +28,13 @@ QString failureText(SyncJob::Kind kind) {
 }  // namespace
 
 EngineDispatcher::EngineDispatcher(const ProfileDatabase &profile, EngineNoteLibrary &library)
-    : m_profile(profile), m_library(library) {
-    m_pool.setMaxThreadCount(JobsAtOnce);
-}
+    : m_profile(profile), m_library(library) {}
 
 EngineDispatcher::~EngineDispatcher() {
     for (const Entry &entry : std::as_const(m_running)) {
-        entry.job->cancel();
+        entry.job->abandon();
     }
-    m_pool.waitForDone();
+    m_threads.end();
 }
 
 void EngineDispatcher::cleanRemoteStoreWithSynchronizationState(
@@ -142,22 +138,21 @@ void EngineDispatcher::postHandler(std::function<void()> handler) {
 }
 
 void EngineDispatcher::startWaiting() {
-    for (qsizetype i = 0; i < m_waiting.size() && m_running.size() < JobsAtOnce;) {
+    for (qsizetype i = 0; i < m_waiting.size();) {
         const std::shared_ptr<SyncJob> job = m_waiting[i].job;
         if (isBusy(job->subject())) {
             ++i;
             continue;
         }
         m_running.append(m_waiting.takeAt(i));
-        job->start(m_pool, [this, job = job.get()] { ended(job); });
+        job->start(m_threads, [this, job = job.get()] { ended(job); });
     }
     Q_EMIT activityChanged();
 }
 
 bool EngineDispatcher::isBusy(const StoreSession::Subject &subject) const {
     return std::any_of(m_running.begin(), m_running.end(), [&](const Entry &entry) {
-        const StoreSession::Subject &running = entry.job->subject();
-        return running.databaseUUID == subject.databaseUUID || running.store == subject.store;
+        return entry.job->subject().store == subject.store;
     });
 }
 

@@ -3,16 +3,17 @@
 #include "Engine/Synchronization/SyncJob.h"
 #include "Host/QVSyncDispatcher.h"
 
-/// Runs up to four jobs at a time, in the order in which they were requested, but only one for each
-/// database and one for each location. Failures and successes are reported in the application's
+/// Runs the jobs of each location one at a time, in the order in which they were requested, and
+/// those of different locations at the same time, so that a location that does not respond delays
+/// no other. Failures and successes are reported in the application's
 /// log. Must be used on the main thread.
 class EngineDispatcher : public QVSyncDispatcher {
     Q_OBJECT
 public:
     /// Neither argument is owned; both must outlive this object.
     EngineDispatcher(const ProfileDatabase &profile, EngineNoteLibrary &library);
-    /// Cancels the running jobs and waits for their threads. Handlers that were not called yet are
-    /// not called.
+    /// Cancels the running jobs and waits for their threads; those that have not ended in time are
+    /// abandoned, see WorkerThreads. Handlers that were not called yet are not called.
     ~EngineDispatcher() override;
 
     /// Starts a clean-up. `handler` is called on the main thread, from the event loop.
@@ -51,9 +52,9 @@ private:
                  const std::function<void()> &handler);
     /// Calls `handler` from the event loop, unless this object is destroyed before.
     void postHandler(std::function<void()> handler);
-    /// Starts waiting jobs as far as the limits allow, and announces the activity.
+    /// Starts the waiting jobs whose stores are free, and announces the activity.
     void startWaiting();
-    /// Returns whether a running job uses the same database or store.
+    /// Returns whether a running job uses the same store.
     bool isBusy(const StoreSession::Subject &subject) const;
     /// Reports the result of `job`, starts waiting jobs, and calls the job's handlers.
     void ended(const SyncJob *job);
@@ -66,7 +67,7 @@ private:
 
     const ProfileDatabase &m_profile;
     EngineNoteLibrary &m_library;
-    QThreadPool m_pool;
+    WorkerThreads m_threads;
     QList<Entry> m_waiting;
     QList<Entry> m_running;
 };

@@ -16,10 +16,15 @@ SyncJob::SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &l
     }
 }
 
-void SyncJob::start(QThreadPool &pool, std::function<void()> handler) {
-    m_pool = &pool;
+void SyncJob::start(WorkerThreads &threads, std::function<void()> handler) {
+    m_threads = &threads;
     m_handler = std::move(handler);
     runOnThread([this] { return m_store->open(*m_future); });
+}
+
+void SyncJob::abandon() {
+    m_handler = nullptr;
+    cancel();
 }
 
 QList<Error> SyncJob::problems() const {
@@ -31,9 +36,8 @@ QList<Error> SyncJob::problems() const {
 }
 
 void SyncJob::runOnThread(const std::function<Expected<void>()> &work) {
-    m_pool->start([job = shared_from_this(), work] {
+    m_threads->start([job = shared_from_this(), work] {
         const Expected<void> result = work();
-        // The dispatcher, which owns a job until it has ended, may be destroyed before this runs.
         MainQueue::dispatchAsync([weakJob = std::weak_ptr(job), result] {
             if (const std::shared_ptr<SyncJob> living = weakJob.lock()) {
                 living->finishStep(result);
@@ -43,6 +47,9 @@ void SyncJob::runOnThread(const std::function<Expected<void>()> &work) {
 }
 
 void SyncJob::finishStep(const Expected<void> &result) {
+    if (!m_handler) {
+        return;
+    }
     m_result = result.and_then(
         [this] { return m_session ? m_session->accessProfile() : Expected<void>(); });
     continueJob();

@@ -1,31 +1,34 @@
 #pragma once
 
-#include <QtCore/QThreadPool>
 #include <memory>
 #include <vector>
 
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Foundation/WorkerThreads.h"
 #include "Engine/Synchronization/StoreSession.h"
 
 /// Opens a store, runs sessions with it one after the other, and closes it. The store is accessed
-/// on a thread of a pool, the profile on the main thread. Must be owned by a std::shared_ptr; all
+/// on a worker thread, the profile on the main thread. Must be owned by a std::shared_ptr; all
 /// functions must be called on the main thread.
 class SyncJob : public std::enable_shared_from_this<SyncJob> {
 public:
     /// A clean-up synchronizes first.
     enum class Kind { Synchronization, CleanUp };
 
-    /// `profile` and `library` are not owned and must outlive the threads of the pool. The job
-    /// shares ownership of `store`.
+    /// `profile` and `library` are not owned and must exist until the job has ended or was
+    /// abandoned. The job shares ownership of `store`.
     SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &library,
             const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store);
 
     /// Starts the job and returns at once. `handler` is called once, later, on the main thread,
-    /// when the job has succeeded or failed; it is not called if the job is destroyed before.
-    /// Must be called once. `pool` is not owned and must outlive the job.
-    void start(QThreadPool &pool, std::function<void()> handler);
+    /// when the job has succeeded or failed; it is not called if the job is destroyed or abandoned
+    /// before. Must be called once. `threads` is not owned and must exist until then.
+    void start(WorkerThreads &threads, std::function<void()> handler);
     /// Makes a running job end soon with an error of the code Cancelled. `handler` is still called.
     void cancel() { m_future->cancel(); }
+    /// Cancels the job and ends it on the main thread: `handler` is not called any more, and the
+    /// profile is not used. A running access to the store may still go on.
+    void abandon();
 
     Kind kind() const { return m_kind; }
     const StoreSession::Subject &subject() const { return m_subject; }
@@ -37,7 +40,7 @@ public:
 private:
     /// Starts the next step, or ends the job if there is none or an error occurred.
     void continueJob();
-    /// Runs `work` on a thread of the pool, then finishStep() on the main thread.
+    /// Runs `work` on a worker thread, then finishStep() on the main thread.
     void runOnThread(const std::function<Expected<void>()> &work);
     /// Continues the current session on the main thread, unless the step failed.
     void finishStep(const Expected<void> &result);
@@ -50,7 +53,7 @@ private:
     /// Null until the store is open.
     StoreSession *m_session = nullptr;
     Expected<void> m_result;
-    QThreadPool *m_pool = nullptr;
-    /// Empty after it was called.
+    WorkerThreads *m_threads = nullptr;
+    /// Empty after the job has ended or was abandoned.
     std::function<void()> m_handler;
 };

@@ -40,6 +40,7 @@ private:
 }  // namespace
 
 void MainQueue::dispatchAsync(std::function<void()> block) {
-    static Runner runner;
+    // Never destroyed: threads may still use it while the process ends.
+    static auto &runner = *new Runner;
     runner.append(std::move(block));
 }

@@ -56,6 +56,13 @@ void ScriptedServer::Connection::waitUntilClosed() {
     }
 }
 
+void ScriptedServer::Connection::dribble(const QByteArray &bytes) {
+    for (qsizetype i = 0; i < bytes.size() && isOpen(); ++i) {
+        send(bytes.mid(i, 1));
+        m_socket.waitForReadyRead(LookInterval);
+    }
+}
+
 bool ScriptedServer::Connection::isOpen() {
     return !m_isEnding && m_socket.state() == QAbstractSocket::ConnectedState;
 }

@@ -23,6 +23,9 @@ public:
         void answer(const QByteArray &statusAndHeaders, const QByteArray &body = {});
         /// Sends nothing more until the client closes or the test ends.
         void waitUntilClosed();
+        /// Sends `bytes` one after the other, with pauses, until the client closes or the test
+        /// ends.
+        void dribble(const QByteArray &bytes);
         bool isOpen();
 
     private:

@@ -1,0 +1,183 @@
+#include <QtNetwork/QTcpServer>
+
+#include "Engine/DirectConnection/DirectConnection.h"
+#include "Host/QVDropboxSessionManager.h"
+#include "Support/DropboxBrowser.h"
+#include "Support/DropboxServer.h"
+#include "Support/HangingVolume.h"
+#include "Support/Namespaces.h"
+#include "Support/PrivateVolume.h"
+#include "Support/ScriptedServer.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+/// The maximum time in milliseconds that quitting may wait for stores.
+constexpr qint64 QuittingLimit = 2000;
+
+/// Sends the body of a response one byte at a time.
+void dribble(ScriptedServer::Connection &connection) {
+    connection.readRequest();
+    connection.send("HTTP/1.1 207 Multi-Status\r\nContent-Length: 100000\r\n\r\n");
+    connection.dribble(QByteArray(100'000, 'x'));
+}
+
+}  // namespace
+
+/// Locations that do not respond, beside one that does.
+class HangingLocationTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<TestHost> m_host;
+    std::unique_ptr<HangingVolume> m_volume;
+    std::unique_ptr<ScriptedServer> m_server;
+    std::unique_ptr<QTcpServer> m_silent;
+
+    static void addKinds() {
+        QTest::addColumn<QByteArray>("kind");
+        for (const char *kind : {"silent WebDAV server", "dribbling WebDAV server",
+                                 "silent direct connection", "hanging volume"}) {
+            QTest::newRow(kind) << QByteArray(kind);
+        }
+    }
+    /// Starts the counterpart of a location that does not respond, and returns its URL.
+    QString hangingURL(const QByteArray &kind) {
+        if (kind == "hanging volume") {
+            const QString path = m_folder->filePath(QStringLiteral("volume"));
+            m_volume = std::make_unique<HangingVolume>(path);
+            return Url::fileURL(path + QStringLiteral("/Shared.qvSyncStore")).absoluteString();
+        }
+        if (kind == "silent direct connection") {
+            m_silent = std::make_unique<QTcpServer>();
+            m_silent->listen(QHostAddress::LocalHost);
+            return QStringLiteral("%1://127.0.0.1:%2")
+                .arg(DirectConnection::URLScheme)
+                .arg(m_silent->serverPort());
+        }
+        const bool isSilent = kind == "silent WebDAV server";
+        m_server = std::make_unique<ScriptedServer>(
+            isSilent ? [](ScriptedServer::Connection &connection) { connection.waitUntilClosed(); }
+                     : &dribble);
+        return m_server->URLText(QStringLiteral("Shared.qvSyncStore"));
+    }
+    std::shared_ptr<QVSyncState> stateAt(const std::shared_ptr<QVSyncLocation> &location) {
+        const auto state = m_host->addState(location, m_host->inbox());
+        state->setEnabled(true);
+        m_host->save();
+        return state;
+    }
+    QVSyncDispatcher &dispatcher() { return *m_host->engine().plugin().dispatcher(); }
+    /// Quits and returns how long that took in milliseconds.
+    qint64 quit() {
+        QElapsedTimer time;
+        time.start();
+        m_host.reset();
+        return time.elapsed();
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_host = std::make_unique<TestHost>();
+    }
+    void cleanup() {
+        m_host.reset();
+        m_server.reset();
+        m_silent.reset();
+        m_volume.reset();
+        m_folder.reset();
+    }
+
+    void anotherLocationOfTheDatabaseIsNotDelayed_data() { addKinds(); }
+    void anotherLocationOfTheDatabaseIsNotDelayed() {
+        QFETCH(QByteArray, kind);
+        const auto hanging = stateAt(m_host->addLocation(hangingURL(kind)));
+        const auto sound = stateAt(m_host->addLocation());
+        bool isDone = false;
+        dispatcher().performSynchronizationsWithSynchronizationStates({hanging});
+        dispatcher().performSynchronizationsWithSynchronizationStates({sound},
+                                                                      [&] { isDone = true; });
+        QTRY_VERIFY(isDone);
+        QVERIFY(sound->lastSynced().isValid());
+        QVERIFY(!hanging->lastSynced().isValid());
+        QVERIFY(!dispatcher().activity().isEmpty());
+    }
+
+    void manyHangingLocationsDelayNoOther() {
+        QVSyncStates hanging;
+        const QString URL = hangingURL("silent direct connection");
+        for (int i = 0; i < 20; ++i) {
+            hanging.append(stateAt(m_host->addLocation(URL)));
+        }
+        const auto sound = stateAt(m_host->addLocation());
+        bool isDone = false;
+        dispatcher().performSynchronizationsWithSynchronizationStates(hanging);
+        dispatcher().performSynchronizationsWithSynchronizationStates({sound},
+                                                                      [&] { isDone = true; });
+        QTRY_VERIFY(isDone);
+        QVERIFY(sound->lastSynced().isValid());
+    }
+
+    void quittingDoesNotWaitForASynchronization_data() { addKinds(); }
+    void quittingDoesNotWaitForASynchronization() {
+        QFETCH(QByteArray, kind);
+        const auto hanging = stateAt(m_host->addLocation(hangingURL(kind)));
+        const auto sound = stateAt(m_host->addLocation());
+        bool isDone = false;
+        dispatcher().performSynchronizationsWithSynchronizationStates({hanging});
+        dispatcher().performSynchronizationsWithSynchronizationStates({sound},
+                                                                      [&] { isDone = true; });
+        QTRY_VERIFY(isDone);
+        const qint64 time = quit();
+        QVERIFY2(time < QuittingLimit, qPrintable(QString::number(time)));
+    }
+
+    void quittingDoesNotWaitForAnImport_data() { addKinds(); }
+    void quittingDoesNotWaitForAnImport() {
+        QFETCH(QByteArray, kind);
+        std::atomic<int> answers = 0;
+        auto store = m_host->addLocation(hangingURL(kind))->createStore();
+        store->openWithCompletionHandler([&](const std::optional<Error> &) { ++answers; });
+        store.reset();
+        // What hangs has begun when a later operation has ended.
+        auto sound = m_host->addLocation()->createStore();
+        sound->openWithCompletionHandler([&](const std::optional<Error> &) { ++answers; });
+        QTRY_COMPARE(answers.load(), 1);
+        sound.reset();
+        const qint64 time = quit();
+        QVERIFY2(time < QuittingLimit, qPrintable(QString::number(time)));
+        // The handler refers to this function.
+        m_volume.reset();
+        QTRY_COMPARE(answers.load(), 2);
+    }
+
+    void quittingDoesNotWaitForASignIn() {
+        DropboxServer server;
+        server.configure();
+        DropboxBrowser browser;
+        browser.onlyRemember();
+        const auto session =
+            requiredHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"))
+                .sessionWithURL(Url());
+        session->authorizeWithFuture(PZFuture::future(), [](const auto &, const auto &) {});
+        QTRY_VERIFY(!browser.opened().isEmpty());
+        const qint64 time = quit();
+        QVERIFY2(time < QuittingLimit, qPrintable(QString::number(time)));
+        DropboxServer::forget();
+    }
+};
+
+VELMORA_TEST_PROGRAM(HangingLocationTest)(int argumentCount, char **arguments) {
+    enterPrivateMounts();
+    if (!HangingVolume::isAvailable()) {
+        std::fputs("Skipped: this system does not allow tests to mount a file system.\n", stderr);
+        return CannotRunExitCode;
+    }
+    prepareTestProcess();
+    QApplication application(argumentCount, arguments);
+    HangingLocationTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
+#include "HangingLocationTest.moc"
