@@ -4,14 +4,13 @@
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QThread>
-#include <QtCore/QUrl>
-#include <QtSql/QSqlDatabase>
+#include <QtCore/QVariant>
 #include <QtSql/QSqlError>
-#include <QtSql/QSqlQuery>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfileLock.h"
+#include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -19,33 +18,23 @@ namespace {
 constexpr std::chrono::seconds CreationTimeout(10);
 constexpr std::chrono::milliseconds RetryInterval(20);
 
-const QString SnapshotConnection = QStringLiteral("velmora-profile-snapshot");
 const QString DatabaseFile = QStringLiteral("/profile.sqlite");
 
 bool isInUse(const Error &error) {
     return error.code == static_cast<int>(EngineErrorCode::ProfileInUse);
 }
 
-/// Whether the first transaction of the profile is committed.
-bool isComplete(const QSqlDatabase &database) {
-    QSqlQuery query(database);
-    return query.exec(QStringLiteral("PRAGMA user_version")) && query.next() &&
-           query.value(0).toInt() > 0;
-}
-
-Expected<bool> copyComplete(const QString &path, const QString &target, bool isLocked) {
-    QSqlDatabase database =
-        QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), SnapshotConnection);
+/// Copies the profile if its first transaction is committed; returns whether it is.
+Expected<bool> copy(const QString &path, const QString &target, bool isLocked) {
     // A locked profile has no other user. Without a log, SQLite need not create its files then.
     const bool isImmutable = isLocked && QFileInfo(path + QStringLiteral("-wal")).size() == 0;
-    database.setDatabaseName(
-        QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded()) +
-        (isImmutable ? QStringLiteral("?mode=ro&immutable=1") : QStringLiteral("?mode=ro")));
-    database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_OPEN_READONLY"));
-    if (!QFileInfo::exists(path) || !database.open() || !isComplete(database)) {
+    const ReadOnlyConnection database(path, isImmutable ? ReadOnlyConnection::Sharing::Immutable
+                                                        : ReadOnlyConnection::Sharing::Shared);
+    if (!QFileInfo::exists(path) || !database.isOpen() ||
+        database.value(QStringLiteral("PRAGMA user_version")).toInt() == 0) {
         return false;
     }
-    QSqlQuery query(database);
+    QSqlQuery query = database.query();
     query.prepare(QStringLiteral("VACUUM INTO ?"));
     query.addBindValue(target + DatabaseFile);
     if (!query.exec()) {
@@ -54,13 +43,6 @@ Expected<bool> copyComplete(const QString &path, const QString &target, bool isL
                                        .arg(path, query.lastError().databaseText())));
     }
     return true;
-}
-
-/// Copies the profile if it is complete; returns whether it is.
-Expected<bool> copy(const QString &path, const QString &target, bool isLocked) {
-    Expected<bool> copied = copyComplete(path, target, isLocked);
-    QSqlDatabase::removeDatabase(SnapshotConnection);
-    return copied;
 }
 
 /// Checks and copies a profile that no other process uses.

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlQuery>
+
+/// A connection to an SQLite database that changes neither the database nor its folder. Must be
+/// used on the thread that has created it; several can exist at a time. Every call blocks for the
+/// disk.
+class ReadOnlyConnection {
+public:
+    /// How other connections use the file meanwhile.
+    enum class Sharing {
+        /// No connection writes. SQLite creates no files beside the database.
+        Immutable,
+        /// Other connections may write. SQLite may create its "-wal" and "-shm" files.
+        Shared,
+    };
+
+    /// Opens the database file at `path`.
+    ReadOnlyConnection(const QString &path, Sharing sharing);
+    /// Closes the database. The queries must have been destroyed.
+    ~ReadOnlyConnection();
+    ReadOnlyConnection(const ReadOnlyConnection &) = delete;
+    ReadOnlyConnection &operator=(const ReadOnlyConnection &) = delete;
+
+    /// Returns whether the file could be opened. SQLite reads it only with the first statement, so
+    /// that it may be damaged all the same.
+    bool isOpen() const { return m_database.isOpen(); }
+    /// Returns a query on this connection.
+    QSqlQuery query() const { return QSqlQuery(m_database); }
+    /// Returns the first column of the first row; an invalid QVariant if the statement fails or has
+    /// no row.
+    QVariant value(const QString &statement) const;
+
+private:
+    const QString m_name;
+    QSqlDatabase m_database;
+};
