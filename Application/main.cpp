@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "Application/DamagedProfileDialog.h"
 #include "Application/EndSignals.h"
 #include "Application/LaunchOptions.h"
 #include "Application/MainWindow.h"
@@ -118,6 +119,12 @@ int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugI
             return EXIT_SUCCESS;
         }
         QThread::msleep(RaiseInterval.count());
+        opened = sync.openProfile(options.profile, profileUse(options));
+    }
+    while (!opened && !options.isBatch() && sync.isProfileDamaged(opened.error())) {
+        if (!DamagedProfileDialog::run(sync, options.profile, opened.error())) {
+            return EXIT_FAILURE;
+        }
         opened = sync.openProfile(options.profile, profileUse(options));
     }
     if (opened && options.sandboxed) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QtCore/QDate>
 #include <QtCore/QtPlugin>
+#include <optional>
 
 #include "Application/Interface/NoteLibrary.h"
 #include "Platform/Foundation/Expected.h"
@@ -14,6 +16,14 @@ enum class ProfileUse {
     /// A private copy, also beside a process that uses the profile. No synchronization and no
     /// server is started; changes are discarded.
     Snapshot,
+};
+
+/// How a damaged profile is replaced. The damaged files are set aside, not deleted.
+enum class ProfileReplacement {
+    /// By the newest backup that is sound.
+    Backup,
+    /// By a profile with an empty inbox and, as far as they can be read, the former locations.
+    Empty,
 };
 
 /// The root object of the sync plug-in, as the application loads it. It registers the host classes
@@ -32,6 +42,15 @@ public:
     virtual Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess) = 0;
     /// Returns whether `error` says that another process uses the profile.
     virtual bool isProfileInUse(const Error &error) const = 0;
+    /// Returns whether `error` says that the profile is damaged, so that it can be replaced.
+    virtual bool isProfileDamaged(const Error &error) const = 0;
+    /// Returns the day of the newest backup of the profile in the folder `directory` that is sound,
+    /// or std::nullopt. Checks the backup completely, so it may block for some seconds.
+    virtual std::optional<QDate> dateOfBackup(const QString &directory) const = 0;
+    /// Replaces the damaged profile in the folder `directory`, which must not be open. Blocks for
+    /// the disk. A failure leaves the profile as it was.
+    virtual Expected<void> replaceProfile(const QString &directory,
+                                          ProfileReplacement replacement) = 0;
     /// Closes the profile and removes the host classes. Must be called before the application
     /// object is destroyed, after everything that shares the profile's objects has released them.
     virtual void closeProfile() = 0;
@@ -40,5 +59,5 @@ public:
     virtual NoteLibrary *library() const = 0;
 };
 
-#define SyncPlugIn_iid "velmora.SyncPlugIn/3"
+#define SyncPlugIn_iid "velmora.SyncPlugIn/4"
 Q_DECLARE_INTERFACE(SyncPlugIn, SyncPlugIn_iid)

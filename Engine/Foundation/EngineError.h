@@ -29,6 +29,10 @@ enum class EngineErrorCode {
     UnknownVersion,
     /// Another process uses the profile.
     ProfileInUse,
+    /// The profile's file is damaged or missing. A backup or a new profile can replace it.
+    ProfileDamaged,
+    /// No backup of the profile could be made or restored.
+    BackupFailed,
 };
 
 /// Returns an error whose message to the user is `description`, a complete sentence.

@@ -1,6 +1,7 @@
 #include "Engine/Plugin/SyncEngine.h"
 
 #include "Engine/Notes/NoteConversion.h"
+#include "Engine/Profile/ProfileRecovery.h"
 #include "Engine/Profile/ProfileSnapshot.h"
 #include "Engine/Stores/StoreOperations.h"
 #include "Host/QVApplication.h"
@@ -42,8 +43,16 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
     if (m_isOpen && use == ProfileUse::Run) {
         m_plugin.startServer();
         m_triggers.start();
+        m_backups.start(m_profile.directory());
     }
     return opened;
+}
+
+Expected<void> SyncEngine::beginProfile(const QString &directory) {
+    return ProfileRecovery::begin(directory, [](const QString &folder) {
+        ProfileDatabase profile;
+        return openDatabase(profile, folder, FirstContents::Inbox);
+    });
 }
 
 Expected<void> SyncEngine::openSnapshot(const QString &directory, FirstContents contents) {

@@ -8,6 +8,7 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/FirstContents.h"
 #include "Engine/Plugin/EngineSyncPlugin.h"
+#include "Engine/Profile/BackupSchedule.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/SyncTriggers.h"
 
@@ -24,8 +25,8 @@ public:
     SyncEngine &operator=(const SyncEngine &) = delete;
 
     /// Opens the profile in `directory`, see SyncPlugIn::openProfile. `contents` are the initial
-    /// contents of a new profile. Must be called at most once successfully. Triggers and the server
-    /// start only if `use` is Run.
+    /// contents of a new profile. Must be called at most once successfully. Triggers, backups and
+    /// the server start only if `use` is Run.
     Expected<void> openProfile(const QString &directory,
                                FirstContents contents = FirstContents::Welcome,
                                ProfileUse use = ProfileUse::Run);
@@ -36,6 +37,12 @@ public:
     const ProfileDatabase &profile() const { return m_profile; }
     /// Returns the triggers, which start when a profile is opened.
     SyncTriggers &triggers() { return m_triggers; }
+    /// Returns the schedule of the backups, which starts when a profile is opened.
+    BackupSchedule &backups() { return m_backups; }
+
+    /// Replaces the database of a profile that is not open by an empty one with the inbox and the
+    /// former locations, see ProfileRecovery::begin.
+    static Expected<void> beginProfile(const QString &directory);
 
 private:
     /// Opens a temporary copy of the profile, so that another process can use the profile itself.
@@ -53,6 +60,7 @@ private:
     EngineSyncPlugin m_plugin;
     /// After the objects that it uses.
     SyncTriggers m_triggers;
+    BackupSchedule m_backups;
     /// Whether openProfile() has succeeded.
     bool m_isOpen = false;
 };

@@ -1,6 +1,7 @@
 #include "Engine/Plugin/VelmoraSyncPlugIn.h"
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/ProfileRecovery.h"
 
 Expected<void> VelmoraSyncPlugIn::openProfile(const QString &directory, ProfileUse use) {
     return m_engine->openProfile(directory, FirstContents::Welcome, use);
@@ -11,8 +12,22 @@ Expected<void> VelmoraSyncPlugIn::setUsesSandboxedAccess(bool usesSandboxedAcces
 }
 
 bool VelmoraSyncPlugIn::isProfileInUse(const Error &error) const {
-    return error.domain == EngineErrorDomain &&
-           error.code == static_cast<int>(EngineErrorCode::ProfileInUse);
+    return isEngineError(error, EngineErrorCode::ProfileInUse);
+}
+
+bool VelmoraSyncPlugIn::isProfileDamaged(const Error &error) const {
+    return isEngineError(error, EngineErrorCode::ProfileDamaged);
+}
+
+std::optional<QDate> VelmoraSyncPlugIn::dateOfBackup(const QString &directory) const {
+    const std::optional<ProfileBackups::Backup> backup = ProfileBackups(directory).newestSound();
+    return backup ? std::optional(backup->date) : std::nullopt;
+}
+
+Expected<void> VelmoraSyncPlugIn::replaceProfile(const QString &directory,
+                                                 ProfileReplacement replacement) {
+    return replacement == ProfileReplacement::Backup ? ProfileRecovery::restoreBackup(directory)
+                                                     : SyncEngine::beginProfile(directory);
 }
 
 void VelmoraSyncPlugIn::closeProfile() {

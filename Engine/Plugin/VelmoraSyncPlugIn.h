@@ -17,6 +17,10 @@ public:
     Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess) override;
     /// Returns whether `error` says that another process uses the profile.
     bool isProfileInUse(const Error &error) const override;
+    bool isProfileDamaged(const Error &error) const override;
+    std::optional<QDate> dateOfBackup(const QString &directory) const override;
+    Expected<void> replaceProfile(const QString &directory,
+                                  ProfileReplacement replacement) override;
     /// Destroys the engine, see ~SyncEngine(). No function except library() may be called
     /// afterwards. Idempotent.
     void closeProfile() override;

@@ -6,8 +6,10 @@
 #include <QtSql/QSqlError>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfilePermissions.h"
+#include "Engine/Profile/ProfileRecovery.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -85,6 +87,18 @@ tl::unexpected<Error> openingFailure(const char *text, const QString &path) {
     return failure(engineError(EngineErrorCode::ProfileUnusable, text, path));
 }
 
+/// The folder has files, but not those of a profile.
+tl::unexpected<Error> noProfile(const QString &directory) {
+    if (ProfileRecovery::hasTraces(directory)) {
+        return failure(engineError(EngineErrorCode::ProfileDamaged,
+                                   "The profile is missing from the folder “%1”. Restore it from a "
+                                   "backup or use another profile.",
+                                   directory));
+    }
+    return openingFailure(
+        "The folder “%1” contains other files and no profile. Choose an empty folder.", directory);
+}
+
 }  // namespace
 
 ProfileDatabase::ProfileDatabase()
@@ -123,9 +137,7 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
     // Nothing is written into a folder of the user's, not even the lock file. Another process may
     // be creating the profile, so its file is looked for last.
     if (folder.exists() && !isUnused(m_directory) && !QFileInfo::exists(path())) {
-        return openingFailure(
-            "The folder “%1” contains other files and no profile. Choose an empty folder.",
-            m_directory);
+        return noProfile(m_directory);
     }
     m_hasMadeFolder =
         QDir().mkpath(folder.path()) &&
@@ -148,9 +160,7 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
             [&] { return openFile(fill, convertNotes); });
     }
     if (!isUnused(m_directory)) {
-        return openingFailure(
-            "The folder “%1” contains other files and no profile. Choose an empty folder.",
-            m_directory);
+        return noProfile(m_directory);
     }
     Expected<void> opened = openFile(fill, convertNotes);
     if (!opened) {
@@ -168,9 +178,13 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
     m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     m_database.setDatabaseName(path());
     if (!m_database.open()) {
-        return failure(engineError(EngineErrorCode::ProfileUnusable,
-                                   localizedSyncString("The profile “%1” cannot be opened: %2")
-                                       .arg(path(), m_database.lastError().databaseText())));
+        const QSqlError error = m_database.lastError();
+        return failure(
+            engineError(EngineErrorCode::ProfileUnusable,
+                        FullDisk::isCauseOf(error, path())
+                            ? FullDisk::message(path())
+                            : localizedSyncString("The profile “%1” cannot be opened: %2")
+                                  .arg(path(), error.databaseText())));
     }
     if (Expected<void> set = runAll(connectionSettings()); !set) {
         return set;
@@ -328,7 +342,10 @@ QVariant ProfileDatabase::text(const QString &string) {
 }
 
 Error ProfileDatabase::queryError(const QSqlQuery &query) const {
+    const QSqlError error = query.lastError();
     return engineError(EngineErrorCode::ProfileNotWritten,
-                       localizedSyncString("The profile “%1” cannot be read or written: %2")
-                           .arg(path(), query.lastError().databaseText()));
+                       FullDisk::isCauseOf(error, path())
+                           ? FullDisk::message(path())
+                           : localizedSyncString("The profile “%1” cannot be read or written: %2")
+                                 .arg(path(), error.databaseText()));
 }

@@ -49,8 +49,10 @@ public:
     /// opened nevertheless, see `protection`.
     ///
     /// An error describes the problem and names the file or folder. The folder is then as it was
-    /// before the call, apart from those permissions. The code is ProfileUnusable, ProfileInUse if
-    /// another process or object has the profile open, or that of the failed callback.
+    /// before the call, apart from those permissions. The code is ProfileUnusable, ProfileDamaged if
+    /// the database is damaged or missing from a folder that had one (see ProfileRecovery),
+    /// ProfileInUse if another process or object has the profile open, ProfileNotWritten, or that of
+    /// the failed callback.
     Expected<void> open(const QString &directory, const Changes &fill, const Changes &convertNotes);
 
     /// Returns the absolute path of the folder, or an empty string if no profile is open.

@@ -1,23 +1,20 @@
 #include "Engine/Profile/ProfileInspection.h"
 
 #include <QtCore/QFileInfo>
-#include <QtCore/QUrl>
-#include <QtSql/QSqlDatabase>
-#include <QtSql/QSqlError>
-#include <QtSql/QSqlQuery>
+#include <QtCore/QVariant>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/FullDisk.h"
+#include "Engine/Profile/ReadOnlyConnection.h"
 
 namespace {
 
-const QString InspectionConnection = QStringLiteral("velmora-profile-inspection");
-
 /// SQLite must not create a log if there is none. Otherwise it needs the log to see the latest
 /// state; a read-only connection does not change it.
-QString addressForReading(const QString &path) {
-    const bool hasLog = QFileInfo(path + QStringLiteral("-wal")).size() > 0;
-    return QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded()) +
-           (hasLog ? QStringLiteral("?mode=ro") : QStringLiteral("?mode=ro&immutable=1"));
+ReadOnlyConnection::Sharing sharingFor(const QString &path) {
+    return QFileInfo(path + QStringLiteral("-wal")).size() > 0
+               ? ReadOnlyConnection::Sharing::Shared
+               : ReadOnlyConnection::Sharing::Immutable;
 }
 
 tl::unexpected<Error> unusable(const char *text, const QString &path) {
@@ -25,21 +22,22 @@ tl::unexpected<Error> unusable(const char *text, const QString &path) {
 }
 
 tl::unexpected<Error> damaged(const QString &path) {
-    return unusable(
+    // SQLite cannot read a log then, which does not mean that it is damaged.
+    if (FullDisk::isFull(path)) {
+        return failure(engineError(EngineErrorCode::ProfileUnusable, FullDisk::message(path)));
+    }
+    return failure(engineError(
+        EngineErrorCode::ProfileDamaged,
         "The profile “%1” is damaged and cannot be opened. Restore it from a backup or use another "
         "profile.",
-        path);
+        path));
 }
 
-Expected<void> checkContents(const QString &path, const QSqlDatabase &database) {
-    QSqlQuery query(database);
+Expected<void> checkContents(const QString &path, const ReadOnlyConnection &database) {
     // An invalid variant stands for a failed read. None of these statements has an empty result.
-    const auto value = [&](const QString &statement) {
-        return query.exec(statement) && query.next() ? query.value(0) : QVariant();
-    };
-    const QVariant version = value(QStringLiteral("PRAGMA user_version"));
-    const QVariant tables = value(QStringLiteral("SELECT count(*) FROM sqlite_schema"));
-    const QVariant application = value(QStringLiteral("PRAGMA application_id"));
+    const QVariant version = database.value(QStringLiteral("PRAGMA user_version"));
+    const QVariant tables = database.value(QStringLiteral("SELECT count(*) FROM sqlite_schema"));
+    const QVariant application = database.value(QStringLiteral("PRAGMA application_id"));
     if (!version.isValid() || !tables.isValid() || !application.isValid()) {
         return damaged(path);
     }
@@ -49,7 +47,7 @@ Expected<void> checkContents(const QString &path, const QSqlDatabase &database) 
             "it.",
             path);
     }
-    if (value(QStringLiteral("PRAGMA quick_check(1)")) != QStringLiteral("ok")) {
+    if (database.value(QStringLiteral("PRAGMA quick_check(1)")) != QStringLiteral("ok")) {
         return damaged(path);
     }
     const bool isEmpty = tables == 0 && version == 0;
@@ -90,17 +88,9 @@ Expected<void> checkAccess(const QString &path) {
 }  // namespace
 
 Expected<void> ProfileInspection::check(const QString &path) {
-    Expected<void> result = checkAccess(path);
-    if (!result) {
-        return result;
+    if (Expected<void> accessible = checkAccess(path); !accessible) {
+        return accessible;
     }
-    {
-        QSqlDatabase database =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), InspectionConnection);
-        database.setDatabaseName(addressForReading(path));
-        database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_OPEN_READONLY"));
-        result = database.open() ? checkContents(path, database) : damaged(path);
-    }
-    QSqlDatabase::removeDatabase(InspectionConnection);
-    return result;
+    const ReadOnlyConnection database(path, sharingFor(path));
+    return database.isOpen() ? checkContents(path, database) : damaged(path);
 }

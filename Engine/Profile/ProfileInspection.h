@@ -5,7 +5,7 @@
 #include "Platform/Foundation/Expected.h"
 
 /// Inspects the files of a profile without changing a byte, so that a file of another program or of
-/// a newer version is never opened for writing. Must be used on the main thread.
+/// a newer version is never opened for writing. Thread-safe.
 namespace ProfileInspection {
 
 /// Marks a database file as a profile (SQLite's application_id): "Velm" in ASCII.
@@ -17,10 +17,10 @@ inline constexpr int OldestSchemaVersion = 1;
 
 /// Checks whether the existing database file at `path` can be used as a profile.
 ///
-/// Returns an error of the code ProfileUnusable that describes the reason if it cannot: the file is
-/// unreadable, read-only, damaged, of an unsupported version, or of another program. An empty
-/// database, which an interrupted first start leaves, passes the check. Reads the whole file, so it
-/// may block for some seconds.
+/// Returns an error that describes the reason if it cannot: of the code ProfileDamaged if the file
+/// is damaged, and ProfileUnusable if it is unreadable, read-only, of an unsupported version, or of
+/// another program. An empty database, which an interrupted first start leaves, passes the check.
+/// Reads the whole file, so it may block for some seconds.
 Expected<void> check(const QString &path);
 
 }  // namespace ProfileInspection

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/FullDisk.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -30,6 +31,9 @@ Error openError(const QString &path, int number) {
             EngineErrorCode::ProfileUnusable,
             "The profile folder “%1” is read-only. Change its permissions or use another profile.",
             folder);
+    }
+    if (number == ENOSPC || number == EDQUOT) {
+        return engineError(EngineErrorCode::ProfileUnusable, FullDisk::message(folder));
     }
     return engineError(EngineErrorCode::ProfileUnusable,
                        localizedSyncString("The profile folder “%1” cannot be locked: %2")

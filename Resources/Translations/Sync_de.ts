@@ -1115,6 +1115,50 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>Velmora has no access to the folder “%1”. Grant it under “Folder Access…”.</source>
         <translation>Velmora hat keinen Zugriff auf den Ordner „%1“. Erlauben Sie ihn unter „Ordnerzugriff …“.</translation>
     </message>
+    <message>
+        <source>The profile is missing from the folder “%1”. Restore it from a backup or use another profile.</source>
+        <translation>Das Profil fehlt im Ordner „%1“. Stellen Sie es aus einer Sicherungskopie wieder her oder verwenden Sie ein anderes Profil.</translation>
+    </message>
+    <message>
+        <source>There is no space left on the disk with the profile “%1”. Delete files that you no longer need, then try again.</source>
+        <translation>Auf dem Datenträger mit dem Profil „%1“ ist kein Platz mehr. Löschen Sie Dateien, die Sie nicht mehr brauchen, und versuchen Sie es dann erneut.</translation>
+    </message>
+    <message>
+        <source>No backup of the profile “%1” could be made: %2</source>
+        <translation>Vom Profil „%1“ konnte keine Sicherungskopie angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>Its size is %1, and all backups together may have %2.</source>
+        <translation>Es ist %1 groß, und alle Sicherungskopien zusammen dürfen %2 groß sein.</translation>
+    </message>
+    <message>
+        <source>The disk has only %1 left, and %2 are needed. Delete files that you no longer need.</source>
+        <translation>Auf dem Datenträger sind nur noch %1 frei, und %2 werden benötigt. Löschen Sie Dateien, die Sie nicht mehr brauchen.</translation>
+    </message>
+    <message>
+        <source>The copy is not complete.</source>
+        <translation>Die Kopie ist nicht vollständig.</translation>
+    </message>
+    <message>
+        <source>The backup “%1” is damaged.</source>
+        <translation>Die Sicherungskopie „%1“ ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” has no backup that is sound.</source>
+        <translation>Vom Profil „%1“ gibt es keine unbeschädigte Sicherungskopie.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” could not be replaced: %2</source>
+        <translation>Das Profil „%1“ konnte nicht ersetzt werden: %2</translation>
+    </message>
+    <message>
+        <source>Backup:</source>
+        <translation>Sicherungskopie:</translation>
+    </message>
+    <message>
+        <source>It cannot be read.</source>
+        <translation>Es kann nicht gelesen werden.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1,0 +1,79 @@
+#include "Application/DamagedProfileDialog.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QLocale>
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+
+#include "Application/Interface/SyncPlugIn.h"
+#include "Platform/Interface/PlainText.h"
+#include "Platform/Interface/Workspace.h"
+
+namespace {
+
+QString damageText(const char *text) {
+    return QCoreApplication::translate("DamagedProfileDialog", text);
+}
+
+enum class Choice { Restore, Begin, Quit };
+
+QString explanation(const std::optional<QDate> &backup) {
+    const QString next =
+        backup ? damageText(
+                     "You can restore the copy that Velmora made of it on %1; later changes are "
+                     "then missing until they are synchronized again. Or you can start with an "
+                     "empty profile and import your databases from the sync locations.")
+                     .arg(QLocale().toString(*backup, QLocale::LongFormat))
+               : damageText(
+                     "There is no copy of it that can be restored. You can start with an empty "
+                     "profile and import your databases from the sync locations.");
+    return next + QStringLiteral("\n\n") +
+           damageText("The damaged files are kept in the folder “Damaged Profiles”.");
+}
+
+Choice ask(const QString &directory, const QString &text, const std::optional<QDate> &backup) {
+    QMessageBox box(QMessageBox::Critical, QGuiApplication::applicationDisplayName(), {},
+                    QMessageBox::NoButton);
+    PlainText::setTexts(&box, text, explanation(backup));
+    QPushButton *restore = nullptr;
+    if (backup) {
+        restore = box.addButton(damageText("&Restore the Copy of %1")
+                                    .arg(QLocale().toString(*backup, QLocale::ShortFormat)),
+                                QMessageBox::AcceptRole);
+    }
+    QPushButton *begin =
+        box.addButton(damageText("Start from the Sync &Locations"), QMessageBox::AcceptRole);
+    QPushButton *show = box.addButton(damageText("Show &Folder"), QMessageBox::ActionRole);
+    // Keep the dialog open.
+    show->disconnect(&box);
+    QObject::connect(show, &QPushButton::clicked, &box,
+                     [&directory] { Workspace::selectFile(QDir(directory).absolutePath()); });
+    QPushButton *quit = box.addButton(damageText("&Quit"), QMessageBox::RejectRole);
+    box.setDefaultButton(restore ? restore : quit);
+    box.setEscapeButton(quit);
+    box.exec();
+    if (restore && box.clickedButton() == restore) {
+        return Choice::Restore;
+    }
+    return box.clickedButton() == begin ? Choice::Begin : Choice::Quit;
+}
+
+}  // namespace
+
+bool DamagedProfileDialog::run(SyncPlugIn &sync, const QString &directory, const Error &error) {
+    QString text = error.localizedDescription;
+    for (;;) {
+        const Choice choice = ask(directory, text, sync.dateOfBackup(directory));
+        if (choice == Choice::Quit) {
+            return false;
+        }
+        const Expected<void> replaced =
+            sync.replaceProfile(directory, choice == Choice::Restore ? ProfileReplacement::Backup
+                                                                     : ProfileReplacement::Empty);
+        if (replaced) {
+            return true;
+        }
+        text = replaced.error().localizedDescription;
+    }
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QtCore/QString>
+
+#include "Platform/Foundation/Error.h"
+
+class SyncPlugIn;
+
+/// The window that a damaged profile opens instead of the main window. Must be used on the main
+/// thread.
+namespace DamagedProfileDialog {
+
+/// Shows `error`, which says that the profile in the folder `directory` is damaged, and offers to
+/// restore its newest backup, to start from the sync locations, and to show the folder. Runs a
+/// nested event loop. Returns true if the profile was replaced, so that it can be opened again, and
+/// false if the user quits.
+bool run(SyncPlugIn &sync, const QString &directory, const Error &error);
+
+}  // namespace DamagedProfileDialog

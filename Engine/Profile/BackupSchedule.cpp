@@ -1,0 +1,61 @@
+#include "Engine/Profile/BackupSchedule.h"
+
+#include <QtCore/QPointer>
+
+#include "Engine/Profile/ProfileBackups.h"
+#include "Host/QVApplication.h"
+#include "Host/SyncStrings.h"
+#include "Platform/Foundation/MainQueue.h"
+
+namespace {
+
+/// Not at once, so that the start of the program is not slowed down.
+constexpr std::chrono::seconds FirstDelay(5);
+constexpr std::chrono::hours Interval(1);
+
+}  // namespace
+
+BackupSchedule::BackupSchedule() {
+    m_pool.setMaxThreadCount(1);
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        check();
+        m_timer.start(Interval);
+    });
+}
+
+BackupSchedule::~BackupSchedule() {
+    m_pool.waitForDone();
+}
+
+void BackupSchedule::start(const QString &directory) {
+    m_directory = directory;
+    m_timer.start(FirstDelay);
+}
+
+void BackupSchedule::check() {
+    const ProfileBackups backups(m_directory);
+    const QDate today = QDate::currentDate();
+    if (m_isRunning || !backups.isDue(today)) {
+        return;
+    }
+    m_isRunning = true;
+    m_pool.start([directory = m_directory, today, self = QPointer(this)] {
+        const Expected<void> result = ProfileBackups(directory).make(today);
+        MainQueue::dispatchAsync([self, result] {
+            if (self) {
+                self->report(result);
+            }
+        });
+    });
+}
+
+void BackupSchedule::report(const Expected<void> &result) {
+    m_isRunning = false;
+    const QString problem = result ? QString() : result.error().localizedDescription;
+    if (!problem.isEmpty() && problem != m_reported) {
+        NSApp()->logItemCmd(localizedSyncString("Backup:"), problem);
+    }
+    m_reported = problem;
+    Q_EMIT ended(result ? std::nullopt : std::optional(result.error()));
+}

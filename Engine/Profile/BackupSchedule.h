@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QThreadPool>
+#include <QtCore/QTimer>
+
+#include "Platform/Foundation/Expected.h"
+
+/// Makes a backup of the open profile on each day, on a thread of its own. Failures are reported in
+/// the application's log, each once until a backup succeeds. Must be used on the main thread.
+class BackupSchedule : public QObject {
+    Q_OBJECT
+public:
+    /// Does nothing until start() is called.
+    BackupSchedule();
+    /// Blocks until a running backup is complete.
+    ~BackupSchedule() override;
+
+    /// Makes a backup of the profile in the folder `directory` soon, if there is none of this day,
+    /// and then on each day. A failed backup is tried again after an hour. Must be called once.
+    void start(const QString &directory);
+    /// Makes a backup in the background if one is due and none is being made.
+    void check();
+
+Q_SIGNALS:
+    /// Emitted when an attempt has ended; `error` is null if a backup was made.
+    void ended(const std::optional<Error> &error);
+
+private:
+    void report(const Expected<void> &result);
+
+    QString m_directory;
+    QTimer m_timer;
+    QThreadPool m_pool;
+    bool m_isRunning = false;
+    /// The failure that was reported last; empty after a success.
+    QString m_reported;
+};

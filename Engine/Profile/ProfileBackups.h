@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QtCore/QDate>
+#include <QtCore/QList>
+#include <optional>
+
+#include "Platform/Foundation/Expected.h"
+
+/// The daily backups of a profile: complete copies of its database, one file for each day, in the
+/// folder "Backups" of the profile folder, which only the user can read. Thread-safe; all functions
+/// block for the disk. Errors have the code BackupFailed.
+class ProfileBackups {
+public:
+    /// What the backups may occupy.
+    struct Limits {
+        /// Number of backups.
+        int count = 7;
+        /// Size of all backups together, in bytes. A larger profile is not backed up.
+        qint64 bytes = 4LL << 30;
+        /// Number of bytes that a backup leaves free on the disk.
+        qint64 free = 64LL << 20;
+    };
+    struct Backup {
+        QString path;
+        QDate date;
+    };
+
+    /// The name of the folder within the profile folder.
+    static inline const QString FolderName = QStringLiteral("Backups");
+
+    /// `directory` is the profile folder. Reads and writes nothing.
+    explicit ProfileBackups(const QString &directory);
+    ProfileBackups(const QString &directory, const Limits &limits);
+
+    /// Returns the backups, newest first. They may be damaged.
+    QList<Backup> all() const;
+    /// Returns the newest backup that verify() accepts, or std::nullopt.
+    std::optional<Backup> newestSound() const;
+    /// Returns whether there is no backup of the day `today`.
+    bool isDue(const QDate &today) const;
+    /// Makes the backup of the day `today`, replacing one of the same day, and removes the oldest
+    /// ones beyond the limits. The profile may be in use. A backup gets its name only after it was
+    /// verified and written to the disk; a failure leaves the earlier backups as they are.
+    Expected<void> make(const QDate &today) const;
+
+    /// Checks the whole backup at `path`: that it is a profile, and SQLite finds no damage.
+    static Expected<void> verify(const QString &path);
+
+private:
+    Expected<void> checkSpace() const;
+    Expected<void> writeCopy(const QString &path) const;
+    /// Removes the files that failed or interrupted attempts have left.
+    void removeUnfinished() const;
+    void removeBeyondLimits(const QDate &today) const;
+
+    const QString m_profile;
+    const QString m_folder;
+    const Limits m_limits;
+};

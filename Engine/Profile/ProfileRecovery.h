@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+
+#include "Engine/Profile/ProfileBackups.h"
+
+/// Replaces the database of a profile that is damaged or missing. The damaged files are moved into
+/// a folder "Damaged Profiles" with the date in its name, and never deleted. Must be used on the
+/// main thread; the functions block for the disk.
+///
+/// A failure leaves the profile as it was. If the process ends in between, the profile counts as
+/// missing, so that the functions can be called again. Errors have the code ProfileInUse if another
+/// process uses the profile, and otherwise BackupFailed or that of the failed callback.
+namespace ProfileRecovery {
+
+/// The name of the folder within the profile folder.
+inline const QString FolderName = QStringLiteral("Damaged Profiles");
+
+/// Returns whether the profile folder `directory` contains traces of a profile that can be
+/// recovered: backups, or damaged profiles.
+bool hasTraces(const QString &directory);
+
+/// Replaces the database by the newest backup that is sound.
+Expected<void> restoreBackup(const QString &directory);
+
+/// Replaces the database by a new one. `create` makes a profile in the empty folder that it is
+/// given and closes it. The locations of the damaged profile or of its newest sound backup and
+/// their states are copied as far as they can be read.
+Expected<void> begin(const QString &directory,
+                     const std::function<Expected<void>(const QString &folder)> &create);
+
+}  // namespace ProfileRecovery

@@ -1,0 +1,154 @@
+#include "Application/DamagedProfileDialog.h"
+
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+
+#include "Application/Interface/SyncPlugIn.h"
+#include "Support/TestApplication.h"
+#include "Support/TestMain.h"
+
+/// What a damaged profile opens, with the real sync plug-in and real keys.
+class DamagedProfileDialogTest : public QObject {
+    Q_OBJECT
+private:
+    TestApplication m_application;
+    std::unique_ptr<QTemporaryDir> m_folder;
+
+    QString profile() const { return m_folder->filePath(QStringLiteral("Profile")); }
+    QString file() const { return profile() + QStringLiteral("/profile.sqlite"); }
+
+    /// Makes a profile, a backup of it with the note "kept", and destroys the profile.
+    void damage(bool hasBackup) const {
+        QPluginLoader loader(QStringLiteral(VELMORA_SYNC_PLUG_IN));
+        auto *sync = qobject_cast<SyncPlugIn *>(loader.instance());
+        QVERIFY(sync);
+        QVERIFY(sync->openProfile(profile(), ProfileUse::Edit));
+        sync->closeProfile();
+        QVERIFY(loader.unload());
+        if (hasBackup) {
+            QVERIFY(QDir(profile()).mkdir(QStringLiteral("Backups")));
+            QVERIFY(QFile::copy(file(), profile() + QStringLiteral("/Backups/2026-11-21.sqlite")));
+        }
+        QFile damaged(file());
+        QVERIFY(damaged.open(QIODevice::ReadWrite));
+        damaged.write(QByteArray(20000, 'x'));
+    }
+
+    struct Result {
+        bool isReplaced = false;
+        QString text;
+        QStringList buttons;
+        Expected<void> opened;
+        qsizetype databases = 0;
+    };
+
+    /// Presses the button whose title begins with `title` by the keyboard, or Escape if there is
+    /// none.
+    static void press(QMessageBox *box, const QString &title) {
+        for (QAbstractButton *button : box->buttons()) {
+            if (button->text().remove(u'&').startsWith(title)) {
+                button->setFocus();
+                QTest::keyClick(button, Qt::Key_Space);
+                return;
+            }
+        }
+        QTest::keyClick(box, Qt::Key_Escape);
+    }
+
+    /// Opens the window as the program does, and presses each of the `buttons`.
+    Result run(const QStringList &buttons) const {
+        Result result;
+        QPluginLoader loader(QStringLiteral(VELMORA_SYNC_PLUG_IN));
+        auto *sync = qobject_cast<SyncPlugIn *>(loader.instance());
+        const Expected<void> refused = sync->openProfile(profile(), ProfileUse::Edit);
+        if (refused || !sync->isProfileDamaged(refused.error())) {
+            return result;
+        }
+        QTimer::singleShot(0, qApp, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            result.text = box->text() + u' ' + box->informativeText();
+            for (const QAbstractButton *button : box->buttons()) {
+                result.buttons.append(button->text());
+            }
+            for (const QString &title : buttons) {
+                press(box, title);
+            }
+        });
+        result.isReplaced = DamagedProfileDialog::run(*sync, profile(), refused.error());
+        if (result.isReplaced) {
+            result.opened = sync->openProfile(profile(), ProfileUse::Edit);
+            result.databases = sync->library() ? sync->library()->knownDatabases().size() : 0;
+        }
+        sync->closeProfile();
+        loader.unload();
+        return result;
+    }
+
+    QStringList damagedFiles() const {
+        QStringList files;
+        QDirIterator each(profile() + QStringLiteral("/Damaged Profiles"), QDir::Files,
+                          QDirIterator::Subdirectories);
+        while (each.hasNext()) {
+            files.append(QFileInfo(each.next()).fileName());
+        }
+        return files;
+    }
+
+private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom)); }
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+    void theCopyIsRestored() {
+        damage(true);
+        const Result result = run({QStringLiteral("Restore")});
+        QVERIFY(result.isReplaced);
+        QVERIFY(result.opened);
+        QCOMPARE(result.databases, 3);
+        QVERIFY2(result.text.contains(file()), qPrintable(result.text));
+        QVERIFY2(result.text.contains(QStringLiteral("21 November 2026")), qPrintable(result.text));
+        QVERIFY2(result.buttons.contains(QStringLiteral("&Restore the Copy of 21/11/2026")),
+                 qPrintable(result.buttons.join(u'|')));
+        QCOMPARE(damagedFiles(), QStringList{QStringLiteral("profile.sqlite")});
+    }
+
+    void aProfileWithoutExamplesIsBegun() {
+        damage(true);
+        const Result result = run({QStringLiteral("Start from")});
+        QVERIFY(result.isReplaced);
+        QVERIFY(result.opened);
+        QCOMPARE(result.databases, 1);
+        QCOMPARE(damagedFiles(), QStringList{QStringLiteral("profile.sqlite")});
+    }
+
+    void withoutACopyOnlyTheOtherChoicesAreOffered() {
+        damage(false);
+        const Result result = run({QStringLiteral("none")});
+        QVERIFY(!result.isReplaced);
+        QCOMPARE(result.buttons.size(), 3);
+        QVERIFY(damagedFiles().isEmpty());
+        QVERIFY(!QFileInfo::exists(profile() + QStringLiteral("/Damaged Profiles")));
+    }
+
+    void quittingLeavesTheProfileAsItIs() {
+        damage(true);
+        const QByteArray before = contentsOf(file());
+        QVERIFY(!run({QStringLiteral("Quit")}).isReplaced);
+        QCOMPARE(contentsOf(file()), before);
+    }
+
+    void showingTheFolderKeepsTheWindowOpen() {
+        damage(true);
+        const Result result = run({QStringLiteral("Show Folder"), QStringLiteral("Quit")});
+        QVERIFY(!result.isReplaced);
+        QVERIFY(!result.text.isEmpty());
+    }
+
+private:
+    static QByteArray contentsOf(const QString &path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+};
+
+VELMORA_TEST(DamagedProfileDialogTest)
+#include "DamagedProfileDialogTest.moc"

@@ -1,0 +1,298 @@
+#include "Engine/Plugin/SyncEngine.h"
+#include "Engine/Profile/BackupSchedule.h"
+#include "Engine/Profile/ProfileBackups.h"
+#include "Engine/Profile/ProfileRecovery.h"
+#include "Support/Failure.h"
+#include "Support/FaultyFileSystem.h"
+#include "Support/Patience.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+/// The daily backups of a real profile, and how they replace a damaged one.
+class ProfileBackupsTest : public QObject {
+    Q_OBJECT
+private:
+    std::unique_ptr<TestHost> m_host;
+    const QDate m_today = QDate(2026, 11, 22);
+
+    QString folder() const { return m_host->directory() + QStringLiteral("/Backups"); }
+    QString file() const { return m_host->directory() + QStringLiteral("/profile.sqlite"); }
+    QStringList names() const { return QDir(folder()).entryList(QDir::Files | QDir::Hidden); }
+    QString pathFor(const QDate &date) const {
+        return folder() + u'/' + date.toString(Qt::ISODate) + QStringLiteral(".sqlite");
+    }
+
+    void addNote(const QString &title) const {
+        Note note{{}, title, QString(20000, u'x'), {}};
+        QVERIFY(m_host->inbox()->saveNote(note));
+    }
+    QStringList titles() const {
+        QStringList titles;
+        const QList<Note> notes = m_host->inbox()->notes().value();
+        for (const Note &note : notes) {
+            titles.append(note.title);
+        }
+        return titles;
+    }
+
+    static void overwrite(const QString &path, qint64 offset, qsizetype length) {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.seek(offset));
+        QCOMPARE(file.write(QByteArray(length, 'x')), length);
+    }
+
+    static QStringList damagedFiles(const QString &directory) {
+        QStringList files;
+        QDirIterator each(directory + u'/' + ProfileRecovery::FolderName, QDir::Files,
+                          QDirIterator::Subdirectories);
+        while (each.hasNext()) {
+            files.append(QFileInfo(each.next()).fileName());
+        }
+        files.sort();
+        return files;
+    }
+
+private Q_SLOTS:
+    void initTestCase() { FaultyFileSystem::install(); }
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        addNote(QStringLiteral("first"));
+    }
+    void cleanup() { m_host.reset(); }
+
+    void aBackupHoldsEverythingAndIsPrivate() {
+        const ProfileBackups backups(m_host->directory());
+        QVERIFY(backups.isDue(m_today));
+        QVERIFY(backups.make(m_today));
+        QVERIFY(!backups.isDue(m_today));
+        QVERIFY(backups.isDue(m_today.addDays(1)));
+        QCOMPARE(names(), QStringList{QStringLiteral("2026-11-22.sqlite")});
+        QVERIFY(ProfileBackups::verify(pathFor(m_today)));
+        constexpr auto others = QFileDevice::ReadGroup | QFileDevice::WriteGroup |
+                                QFileDevice::ReadOther | QFileDevice::WriteOther;
+        QVERIFY(!(QFile::permissions(pathFor(m_today)) & others));
+        QVERIFY(!(QFile::permissions(folder()) & others));
+        // It opens as a profile with the same notes.
+        const QString restored = m_host->directory() + QStringLiteral("-restored");
+        QVERIFY(QDir().mkdir(restored));
+        QVERIFY(QFile::copy(pathFor(m_today), restored + QStringLiteral("/profile.sqlite")));
+        m_host->goToComputer(QStringLiteral("Profile-restored"));
+        QCOMPARE(titles(), QStringList{QStringLiteral("first")});
+    }
+
+    void sevenAreKept() {
+        const ProfileBackups backups(m_host->directory());
+        for (int day = 0; day < 9; ++day) {
+            QVERIFY(backups.make(m_today.addDays(day)));
+        }
+        QCOMPARE(names().size(), 7);
+        QCOMPARE(backups.all().first().date, m_today.addDays(8));
+        QCOMPARE(backups.all().last().date, m_today.addDays(2));
+    }
+
+    void aClockThatWasSetBackKeepsTheNewBackup() {
+        const ProfileBackups backups(m_host->directory());
+        for (int day = 0; day < 7; ++day) {
+            QVERIFY(backups.make(m_today.addDays(day)));
+        }
+        QVERIFY(backups.make(m_today.addYears(-1)));
+        QCOMPARE(names().size(), 7);
+        QVERIFY(!backups.isDue(m_today.addYears(-1)));
+    }
+
+    void theirSizeIsBounded() {
+        const qint64 size = QFileInfo(file()).size() + QFileInfo(file() + QStringLiteral("-wal")).size();
+        const ProfileBackups backups(m_host->directory(), {.bytes = size + 1000});
+        QVERIFY(backups.make(m_today));
+        for (int i = 0; i < 4; ++i) {
+            addNote(QString::number(i));
+        }
+        QVERIFY(m_host->engine().profile().run(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")));
+        const ProfileBackups roomier(m_host->directory(),
+                                     {.bytes = QFileInfo(file()).size() + 100000});
+        QVERIFY(roomier.make(m_today.addDays(1)));
+        QVERIFY(roomier.make(m_today.addDays(2)));
+        QCOMPARE(names(), QStringList{QStringLiteral("2026-11-24.sqlite")});
+        const ProfileBackups tight(m_host->directory(), {.bytes = 1000});
+        const Expected<void> refused = tight.make(m_today.addDays(3));
+        QCOMPARE(code(refused), EngineErrorCode::BackupFailed);
+        QVERIFY(description(refused).contains(file()));
+        QCOMPARE(names(), QStringList{QStringLiteral("2026-11-24.sqlite")});
+    }
+
+    void noBackupFillsTheDisk() {
+        const ProfileBackups backups(m_host->directory(),
+                                     {.free = std::numeric_limits<qint64>::max() / 2});
+        const Expected<void> refused = backups.make(m_today);
+        QCOMPARE(code(refused), EngineErrorCode::BackupFailed);
+        QVERIFY2(description(refused).contains(QStringLiteral("Delete files")),
+                 qPrintable(description(refused)));
+        QVERIFY(names().isEmpty());
+    }
+
+    void aFailingDiskLeavesTheEarlierBackups_data() {
+        QTest::addColumn<int>("fault");
+        QTest::addRow("full") << static_cast<int>(FaultyFileSystem::Fault::Full);
+        QTest::addRow("error") << static_cast<int>(FaultyFileSystem::Fault::Error);
+    }
+    void aFailingDiskLeavesTheEarlierBackups() {
+        QFETCH(int, fault);
+        const ProfileBackups backups(m_host->directory());
+        QVERIFY(backups.make(m_today));
+        bool hasSucceeded = false;
+        for (qint64 call = 1; !hasSucceeded; call += call < 20 ? 1 : 7) {
+            const FaultyFileSystem disk(static_cast<FaultyFileSystem::Fault>(fault), call,
+                                        FaultyFileSystem::Duration::FromThenOn);
+            const Expected<void> made = backups.make(m_today.addDays(1));
+            QVERIFY(made.has_value() != disk.hasFailed());
+            hasSucceeded = made.has_value();
+            if (!hasSucceeded) {
+                QCOMPARE(code(made), EngineErrorCode::BackupFailed);
+                QCOMPARE(names(), QStringList{QStringLiteral("2026-11-22.sqlite")});
+            }
+        }
+        QCOMPARE(names().size(), 2);
+        QVERIFY(ProfileBackups::verify(pathFor(m_today)));
+        QVERIFY(ProfileBackups::verify(pathFor(m_today.addDays(1))));
+    }
+
+    void theScheduleMakesOneADayAndReportsFailuresOnce() {
+        BackupSchedule &schedule = m_host->engine().backups();
+        QSignalSpy ended(&schedule, &BackupSchedule::ended);
+        QFile obstacle(folder());
+        QVERIFY(obstacle.open(QIODevice::WriteOnly));
+        for (int i = 1; i <= 2; ++i) {
+            schedule.check();
+            QTRY_COMPARE_WITH_TIMEOUT(ended.size(), i, Patience);
+        }
+        QCOMPARE(m_host->application().logEntries().size(), 1);
+        QVERIFY(m_host->application().logEntries().first().info.contains(file()));
+        QVERIFY(obstacle.remove());
+        schedule.check();
+        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 3, Patience);
+        QCOMPARE(names().size(), 1);
+        schedule.check();
+        addNote(QStringLiteral("second"));
+        QCOMPARE(ended.size(), 3);
+        QCOMPARE(m_host->application().logEntries().size(), 1);
+    }
+
+    void aDamagedProfileIsRestoredFromTheNewestSoundBackup() {
+        const QString directory = m_host->directory();
+        const ProfileBackups backups(directory);
+        QVERIFY(backups.make(m_today.addDays(-1)));
+        addNote(QStringLiteral("second"));
+        QVERIFY(backups.make(m_today));
+        addNote(QStringLiteral("third"));
+        QVERIFY(backups.make(m_today.addDays(1)));
+        overwrite(pathFor(m_today.addDays(1)), 8192, 8192);
+        QVERIFY(!ProfileBackups::verify(pathFor(m_today.addDays(1))));
+        m_host->goToComputer(QStringLiteral("Other"));
+        overwrite(directory + QStringLiteral("/profile.sqlite"), 4096, 20000);
+        {
+            SyncEngine engine;
+            QCOMPARE(code(engine.openProfile(directory)), EngineErrorCode::ProfileDamaged);
+        }
+        QVERIFY(ProfileRecovery::restoreBackup(directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(titles(), QStringList({QStringLiteral("first"), QStringLiteral("second")}));
+        QCOMPARE(damagedFiles(directory), QStringList{QStringLiteral("profile.sqlite")});
+        QVERIFY(QDir(directory).entryList({QStringLiteral("*Profile-*")}).isEmpty());
+    }
+
+    void withoutASoundBackupNothingIsChanged() {
+        const QString directory = m_host->directory();
+        m_host->goToComputer(QStringLiteral("Other"));
+        QCOMPARE(code(ProfileRecovery::restoreBackup(directory)), EngineErrorCode::BackupFailed);
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(titles(), QStringList{QStringLiteral("first")});
+        QCOMPARE(code(ProfileRecovery::restoreBackup(directory)), EngineErrorCode::ProfileInUse);
+    }
+
+    void aMissingProfileIsNoticed() {
+        const QString directory = m_host->directory();
+        QVERIFY(ProfileBackups(directory).make(m_today));
+        m_host->goToComputer(QStringLiteral("Other"));
+        QVERIFY(QFile::remove(directory + QStringLiteral("/profile.sqlite")));
+        {
+            SyncEngine engine;
+            QCOMPARE(code(engine.openProfile(directory)), EngineErrorCode::ProfileDamaged);
+        }
+        QVERIFY(ProfileRecovery::restoreBackup(directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(titles(), QStringList{QStringLiteral("first")});
+    }
+
+    void aNewProfileKeepsTheLocations_data() {
+        QTest::addColumn<bool>("isReadable");
+        QTest::addRow("of the damaged profile") << true;
+        QTest::addRow("of the backup") << false;
+    }
+    void aNewProfileKeepsTheLocations() {
+        QFETCH(bool, isReadable);
+        const QString directory = m_host->directory();
+        const auto database = m_host->addDatabase(QStringLiteral("Plans"));
+        const auto location = m_host->addLocation();
+        const QString URL = location->URL().absoluteString();
+        m_host->addState(location, database)->setEnabled(true);
+        m_host->save();
+        if (!isReadable) {
+            QVERIFY(ProfileBackups(directory).make(m_today));
+        }
+        m_host->goToComputer(QStringLiteral("Other"));
+        if (!isReadable) {
+            overwrite(directory + QStringLiteral("/profile.sqlite"), 0, 4096);
+        }
+        QVERIFY(SyncEngine::beginProfile(directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QVERIFY(titles().isEmpty());
+        QCOMPARE(m_host->library().knownDatabases().size(), 1);
+        const auto locations = m_host->locations().syncLocations();
+        QCOMPARE(locations.size(), 1);
+        QCOMPARE(locations.first()->URL().absoluteString(), URL);
+        const QVSyncStates states = locations.first()->synchronizationStates();
+        QCOMPARE(states.size(), 1);
+        QVERIFY((*states.begin())->isEnabled());
+        QCOMPARE(damagedFiles(directory), QStringList{QStringLiteral("profile.sqlite")});
+    }
+
+    /// SQLite would apply the log of the damaged profile to the restored one.
+    void aLogOfTheDamagedProfileIsSetAsideToo() {
+        const QString directory = m_host->directory();
+        QVERIFY(ProfileBackups(directory).make(m_today));
+        addNote(QStringLiteral("second"));
+        const QString log = directory + QStringLiteral("/profile.sqlite-wal");
+        const QString copy = directory + QStringLiteral("/copy");
+        QVERIFY(QFile::copy(log, copy));
+        m_host->goToComputer(QStringLiteral("Other"));
+        QVERIFY(QFile::remove(directory + QStringLiteral("/profile.sqlite")));
+        QVERIFY(QFile::rename(copy, log));
+        QVERIFY(ProfileRecovery::restoreBackup(directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(titles(), QStringList{QStringLiteral("first")});
+        QCOMPARE(damagedFiles(directory), QStringList{QStringLiteral("profile.sqlite-wal")});
+    }
+
+    void aFullDiskIsSaidInThoseWords_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addRow("first start") << QStringLiteral("New");
+        QTest::addRow("start") << QStringLiteral("Profile");
+    }
+    void aFullDiskIsSaidInThoseWords() {
+        QFETCH(QString, name);
+        const QString directory = QFileInfo(m_host->directory()).path() + u'/' + name;
+        m_host->goToComputer(QStringLiteral("Other"));
+        const FaultyFileSystem disk(FaultyFileSystem::Fault::Full, 1,
+                                    FaultyFileSystem::Duration::FromThenOn);
+        SyncEngine engine;
+        const Expected<void> opened = engine.openProfile(directory);
+        QVERIFY(disk.hasFailed());
+        QVERIFY2(description(opened).contains(QStringLiteral("no space left")),
+                 qPrintable(description(opened)));
+        QVERIFY(description(opened).contains(directory));
+    }
+};
+
+VELMORA_TEST(ProfileBackupsTest)
+#include "ProfileBackupsTest.moc"
