@@ -54,13 +54,24 @@ void QVSelectedItemBackgroundView::focusInEvent(QFocusEvent * /*event*/) {
 // Qt reports the third of several quick clicks here, but not the second: a press that follows a
 // single one is too far away from it to be its second click.
 void QVSelectedItemBackgroundView::mousePressEvent(QMouseEvent *event) {
-    const auto interval =
-        static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
     const bool isFurther =
-        m_clickCount > 0 && m_clickCount % 2 == 0 && event->timestamp() - m_lastClick < interval;
+        m_clickCount > 0 && m_clickCount % 2 == 0 && followsLastClickQuickly(*event);
     m_clickCount = event->button() != Qt::LeftButton ? 0 : isFurther ? m_clickCount + 1 : 1;
-    m_lastClick = event->timestamp();
+    rememberClick(*event);
     event->ignore();
+}
+
+bool QVSelectedItemBackgroundView::followsLastClickQuickly(const QMouseEvent &event) const {
+    const QStyleHints &hints = *QGuiApplication::styleHints();
+    const QPointF moved = event.globalPosition() - m_lastPosition;
+    return event.timestamp() - m_lastClick <
+               static_cast<quint64>(hints.mouseDoubleClickInterval()) &&
+           qMax(qAbs(moved.x()), qAbs(moved.y())) <= hints.mouseDoubleClickDistance();
+}
+
+void QVSelectedItemBackgroundView::rememberClick(const QMouseEvent &event) {
+    m_lastClick = event.timestamp();
+    m_lastPosition = event.globalPosition();
 }
 
 // Qt calls this for every second click of a succession, including the fourth.
@@ -70,7 +81,7 @@ void QVSelectedItemBackgroundView::mouseDoubleClickEvent(QMouseEvent *event) {
         return;
     }
     m_clickCount = qMax(m_clickCount, 1) + 1;
-    m_lastClick = event->timestamp();
+    rememberClick(*event);
     if (m_clickCount == 2) {
         Q_EMIT action();
     } else {

@@ -32,10 +32,15 @@ protected:
 private:
     /// Returns the direct children that are controls (see Control::isControl).
     QList<QWidget *> controls() const;
+    /// Returns whether `event` is as close to the last click, in time and place, as the clicks of a
+    /// double-click are.
+    bool followsLastClickQuickly(const QMouseEvent &event) const;
+    void rememberClick(const QMouseEvent &event);
 
     bool m_isSelected = false;
-    /// The number of clicks in the current succession, and the timestamp of the last one in
-    /// milliseconds.
+    /// The number of clicks in the current succession, and the timestamp in milliseconds and global
+    /// position of the last one.
     int m_clickCount = 0;
     quint64 m_lastClick = 0;
+    QPointF m_lastPosition;
 };

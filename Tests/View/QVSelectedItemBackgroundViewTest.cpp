@@ -205,6 +205,22 @@ private Q_SLOTS:
         QCOMPARE(list.doubleClicks, 0);
     }
 
+    void aDoubleClickBesideAnEarlierOneSendsTheActionAgain() {
+        ClickCounter list;
+        list.resize(200, 40);
+        QVSelectedItemBackgroundView view(&list);
+        view.resize(list.size());
+        QSignalSpy actions(&view, &Control::action);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        clickFast(list, 2, QPointF(10, 10));
+        QTest::lastMouseTimestamp -= Pause;
+        clickFast(list, 2, QPointF(150, 10));
+        QCOMPARE(actions.count(), 2);
+        QCOMPARE(list.presses, 2);
+        QCOMPARE(list.doubleClicks, 0);
+    }
+
     void otherButtonsSendNoAction() {
         ClickCounter list;
         QVSelectedItemBackgroundView view(&list);
