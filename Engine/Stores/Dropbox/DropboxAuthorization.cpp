@@ -70,7 +70,7 @@ QUrl withQuery(QUrl address, const QList<FormEncoding::Field> &fields) {
 DropboxAuthorization::DropboxAuthorization(QObject &mainThread, const Limits &limits)
     : m_mainThread(mainThread), m_limits(limits), m_connection(limits.server) {}
 
-Expected<QString> DropboxAuthorization::run(const EngineFuture &future) {
+Expected<DropboxAuthorization::SignIn> DropboxAuthorization::run(const EngineFuture &future) {
     if (future.isCancelled()) {
         return failure(operationCancelled());
     }
@@ -82,14 +82,9 @@ Expected<QString> DropboxAuthorization::run(const EngineFuture &future) {
     if (!granted) {
         return failure(granted.error());
     }
-    Expected<QString> address = accountAddress(*configuration, *granted, future);
-    if (future.isCancelled()) {
-        return failure(operationCancelled());
-    }
-    if (address) {
-        granted->store(*address);
-    }
-    return address;
+    return accountAddress(*configuration, *granted, future).map([&](const QString &address) {
+        return SignIn{.address = address, .tokens = *granted};
+    });
 }
 
 Expected<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration &configuration,

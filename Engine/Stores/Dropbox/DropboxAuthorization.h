@@ -9,6 +9,13 @@
 /// exchange is protected by PKCE (RFC 7636, method S256).
 class DropboxAuthorization {
 public:
+    /// The account that the user has signed in to.
+    struct SignIn {
+        /// Its e-mail address.
+        QString address = {};
+        /// Not stored yet.
+        DropboxTokens tokens = {};
+    };
     /// The timeouts of a sign-in.
     struct Limits {
         /// Maximum time for the user to sign in.
@@ -20,10 +27,9 @@ public:
     /// not owned and must outlive this object.
     DropboxAuthorization(QObject &mainThread, const Limits &limits);
 
-    /// Performs the whole sign-in. Returns the account's e-mail address, under which its tokens are
-    /// then stored. Blocks until the user has signed in, the timeout has expired or `future` is
-    /// cancelled; must be called once, on a worker thread.
-    Expected<QString> run(const EngineFuture &future);
+    /// Performs the whole sign-in. Blocks until the user has signed in, the timeout has expired or
+    /// `future` is cancelled; must be called once, on a worker thread.
+    Expected<SignIn> run(const EngineFuture &future);
 
 private:
     /// Lets the user sign in, and returns the tokens.

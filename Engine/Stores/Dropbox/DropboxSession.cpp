@@ -1,37 +1,47 @@
 #include "Engine/Stores/Dropbox/DropboxSession.h"
 
+#include "Engine/Stores/Dropbox/DropboxAccountInfo.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Engine/Stores/Dropbox/DropboxSessionManager.h"
 #include "Host/QVApplication.h"
 
 namespace {
 
-/// Calls `handler` with the account that `URL` names, and with an error instead of any other.
-void handOver(const std::shared_ptr<PZDropboxAccountInfo> &account, const Url &URL,
-              const QVDropboxSession::Handler &handler) {
+/// Returns the address of the account that `URL` names; empty if it names none.
+QString accountOf(const Url &URL) {
     const QLatin1StringView scheme("dropbox://");
-    const QString expected = URL.absoluteString().sliced(scheme.size());
-    if (account->email().compare(expected, Qt::CaseInsensitive) == 0) {
-        handler(account, std::nullopt);
-        return;
-    }
-    const Error error = DropboxError::otherAccount(expected, account->email());
+    const QString text = URL.absoluteString();
+    return text.startsWith(scheme) ? text.sliced(scheme.size()) : QString();
+}
+
+bool isAccount(const QString &address, const QString &expected) {
+    return expected.isEmpty() || address.compare(expected, Qt::CaseInsensitive) == 0;
+}
+
+/// Presents and returns the error that the user signed in to another account.
+Error refuse(const QString &address, const QString &expected) {
+    const Error error = DropboxError::otherAccount(expected, address);
     if (QVApplication *application = NSApp()) {
         application->presentError(error);
     }
-    handler(nullptr, error);
+    return error;
 }
 
 }  // namespace
 
 void DropboxSession::authorizeWithFuture(const std::shared_ptr<PZFuture> &future, Handler handler) {
-    if (!m_URL.absoluteString().startsWith(QLatin1StringView("dropbox://"))) {
-        m_manager.authorize(future, std::move(handler));
-        return;
-    }
-    m_manager.authorize(future, [URL = m_URL, handler = std::move(handler)](
-                                    const std::shared_ptr<PZDropboxAccountInfo> &account,
-                                    const std::optional<Error> &error) {
-        account ? handOver(account, URL, handler) : handler(nullptr, error);
+    m_manager.authorize(future, [expected = accountOf(m_URL), handler = std::move(handler)](
+                                    const Expected<DropboxAuthorization::SignIn> &signIn) {
+        if (!signIn) {
+            handler(nullptr, signIn.error());
+            return;
+        }
+        const auto &[address, tokens] = *signIn;
+        if (!isAccount(address, expected)) {
+            handler(nullptr, refuse(address, expected));
+            return;
+        }
+        tokens.store(address);
+        handler(std::make_shared<DropboxAccountInfo>(address), std::nullopt);
     });
 }

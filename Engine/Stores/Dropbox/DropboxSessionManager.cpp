@@ -2,7 +2,6 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
-#include "Engine/Stores/Dropbox/DropboxAccountInfo.h"
 #include "Engine/Stores/Dropbox/DropboxSession.h"
 
 namespace {
@@ -32,31 +31,26 @@ std::shared_ptr<QVDropboxSession> DropboxSessionManager::sessionWithURL(const Ur
     return std::make_shared<DropboxSession>(*this, URL);
 }
 
-void DropboxSessionManager::authorize(const std::shared_ptr<PZFuture> &future,
-                                      QVDropboxSession::Handler handler) {
+void DropboxSessionManager::authorize(const std::shared_ptr<PZFuture> &future, Handler handler) {
     const auto operation = std::make_shared<EngineFuture>();
     future->passControlToFuture(operation);
     const quint64 number = ++m_lastNumber;
     m_runs.insert(number, {operation, std::move(handler)});
     m_threads.start([this, operation, number] {
-        const Expected<QString> address =
-            DropboxAuthorization(m_mainThread, m_limits).run(*operation);
+        const auto signIn = DropboxAuthorization(m_mainThread, m_limits).run(*operation);
         QMetaObject::invokeMethod(
-            &m_mainThread, [this, number, address] { finish(number, address); },
+            &m_mainThread, [this, number, signIn] { finish(number, signIn); },
             Qt::QueuedConnection);
     });
 }
 
-void DropboxSessionManager::finish(quint64 number, const Expected<QString> &address) {
+void DropboxSessionManager::finish(quint64 number,
+                                   const Expected<DropboxAuthorization::SignIn> &signIn) {
     const Run run = m_runs.take(number);
     if (run.future->isCancelled()) {
-        run.handler(nullptr, operationCancelled());
+        run.handler(failure(operationCancelled()));
         return;
     }
     run.future->finish();
-    if (!address) {
-        run.handler(nullptr, address.error());
-        return;
-    }
-    run.handler(std::make_shared<DropboxAccountInfo>(*address), std::nullopt);
+    run.handler(signIn);
 }

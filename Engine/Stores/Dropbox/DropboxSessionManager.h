@@ -13,6 +13,9 @@ class EngineFuture;
 /// thread.
 class DropboxSessionManager : public QVDropboxSessionManager {
 public:
+    /// Receives the account that the user has signed in to, whose tokens are not stored yet.
+    using Handler = std::function<void(const Expected<DropboxAuthorization::SignIn> &signIn)>;
+
     explicit DropboxSessionManager(const DropboxAuthorization::Limits &limits = {});
     /// Cancels the authorizations that are running, blocks until their threads have ended, and
     /// calls the pending handlers with an error of the code Cancelled.
@@ -24,17 +27,17 @@ public:
 
     /// Starts an authorization, see QVDropboxSession. `handler` is never called from within this
     /// call. A cancelled future stays cancelled: later authorizations with it end at once.
-    void authorize(const std::shared_ptr<PZFuture> &future, QVDropboxSession::Handler handler);
+    void authorize(const std::shared_ptr<PZFuture> &future, Handler handler);
 
 private:
     /// A running authorization.
     struct Run {
         std::shared_ptr<EngineFuture> future;
-        QVDropboxSession::Handler handler;
+        Handler handler;
     };
 
     /// Calls the handler of the authorization `number`, once.
-    void finish(quint64 number, const Expected<QString> &address);
+    void finish(quint64 number, const Expected<DropboxAuthorization::SignIn> &signIn);
 
     const DropboxAuthorization::Limits m_limits;
     quint64 m_lastNumber = 0;

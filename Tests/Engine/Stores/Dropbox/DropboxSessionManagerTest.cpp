@@ -142,6 +142,20 @@ private Q_SLOTS:
         QCOMPARE(m_host->application().presentedErrors().size(), 1);
         QCOMPARE(m_host->application().presentedErrors().first().localizedDescription,
                  outcome->description());
+        QVERIFY(!hasTokens(m_server->email()));
+    }
+
+    void aRefusedAccountKeepsTheTokensOfItsOwnLocations() {
+        const auto own = authorize();
+        QTRY_COMPARE(own->calls, 1);
+        const QByteArray access = DropboxTokens::stored(m_server->email())->access;
+        const auto session = sessionFor(QStringLiteral("kim@example.org"));
+        const auto refused = authorize(*session, PZFuture::future());
+        QTRY_COMPARE(refused->calls, 1);
+        QCOMPARE(refused->email, QString());
+        const auto tokens = DropboxTokens::stored(m_server->email());
+        QVERIFY(tokens);
+        QCOMPARE(tokens->access, access);
     }
 
     void tokensAreInTheSecretStoreAndNowhereElse() {
