@@ -306,6 +306,15 @@ private Q_SLOTS:
         QCOMPARE(m_editor->portField()->placeholderText(), QStringLiteral("80"));
     }
 
+    void togglingHTTPSValidates() {
+        open();
+        m_editor->serverField()->setText(QStringLiteral("h"));
+        m_editor->storeField()->setText(QStringLiteral("s"));
+        QVERIFY(!m_editor->acceptButton()->isEnabled());
+        m_editor->HTTPSCheckbox()->click();
+        QVERIFY(m_editor->acceptButton()->isEnabled());
+    }
+
     void thePasswordIsNotShown() {
         open();
         QCOMPARE(m_editor->passwordField()->echoMode(), QLineEdit::Password);
