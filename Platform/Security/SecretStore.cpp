@@ -118,7 +118,7 @@ private:
         bool isAwaited = true;
     };
     struct Removal {
-        std::optional<bool> answer;
+        std::optional<bool> answer = {};
         bool isAwaited = true;
         std::function<void(bool)> handler = {};
     };
