@@ -5,6 +5,7 @@
 #include "Engine/Plugin/EngineContext.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/Localization.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -82,6 +83,8 @@ private Q_SLOTS:
             QCOMPARE(formatter->locationType(), QStringLiteral("Lokaler Sync-Speicher"));
             QCOMPARE(localizedSyncString("Unavailable"), QStringLiteral("nicht verfügbar"));
             QCOMPARE(localizedSyncString("nowhere"), QStringLiteral("nowhere"));
+            QCOMPARE(localizedString(PlatformTable, "The keyring is locked."),
+                     QStringLiteral("Der Schlüsselbund ist gesperrt."));
             QCOMPARE(host.library().knownDatabases().at(1)->name(), QStringLiteral("Projekte"));
         }
         QLocale::setDefault(QLocale::c());
