@@ -6,6 +6,8 @@
 
 namespace {
 
+const QString VerifyCommand = QStringLiteral("verify");
+
 QString tr(const char *text) {
     return QCoreApplication::translate("LaunchOptions", text);
 }
@@ -37,7 +39,18 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
         QStringLiteral("sandboxed"),
         tr("Restrict the profile to folders that you have granted access to, or not."),
         QStringLiteral("on|off"));
-    parser.addOptions({profile, screenshot, describe, appearance, sandboxed});
+    const QCommandLineOption repair(
+        QStringLiteral("repair"),
+        tr("With “verify”: synchronize with every location and repair what is damaged there. "
+           "Velmora must not be running with the same profile."));
+    const QCommandLineOption json(QStringLiteral("json"),
+                                  tr("With “verify”: print the result as JSON."));
+    parser.addPositionalArgument(
+        VerifyCommand,
+        tr("Check the profile and every sync location and print what was found, then exit with 0 "
+           "if all is well, 1 if there are problems, or 2 if something could not be checked."),
+        u'[' + VerifyCommand + u']');
+    parser.addOptions({profile, screenshot, describe, appearance, sandboxed, repair, json});
     parser.process(arguments);
 
     LaunchOptions options;
@@ -46,6 +59,9 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
                           : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     options.screenshot = parser.value(screenshot);
     options.describe = parser.isSet(describe);
+    options.verify = parser.positionalArguments() == QStringList{VerifyCommand};
+    options.repair = parser.isSet(repair);
+    options.json = parser.isSet(json);
     options.appearance = parser.value(appearance);
     options.hasNoDisplay = !hasDisplay();
     const QStringList switches{QStringLiteral("off"), QStringLiteral("on")};
@@ -58,8 +74,10 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
         QStringList({{}, QStringLiteral("light"), QStringLiteral("dark")})
             .contains(options.appearance);
     const bool isSandboxKnown = !parser.isSet(sandboxed) || options.sandboxed.has_value();
-    if (!isAppearanceKnown || !isSandboxKnown || options.profile.isEmpty() ||
-        !parser.positionalArguments().isEmpty()) {
+    const bool isCommandKnown =
+        options.verify ? !options.describe && options.screenshot.isEmpty() && !options.sandboxed
+                       : parser.positionalArguments().isEmpty() && !options.repair && !options.json;
+    if (!isAppearanceKnown || !isSandboxKnown || options.profile.isEmpty() || !isCommandKnown) {
         parser.showHelp(EXIT_FAILURE);
     }
     return options;

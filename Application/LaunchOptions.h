@@ -12,6 +12,11 @@ struct LaunchOptions {
     QString screenshot;
     /// Whether to print the profile as JSON.
     bool describe = false;
+    /// Whether to verify the profile and its sync stores, and whether to repair what is damaged.
+    bool verify = false;
+    bool repair = false;
+    /// Whether to print the result of the verification as JSON.
+    bool json = false;
     /// "light", "dark", or empty for the desktop's colors.
     QString appearance;
     /// Whether the profile is sandboxed from now on; empty leaves the setting unchanged.
@@ -20,7 +25,7 @@ struct LaunchOptions {
     bool hasNoDisplay = false;
 
     /// Returns whether the program works without opening a window.
-    bool isBatch() const { return describe || hasNoDisplay || !screenshot.isEmpty(); }
+    bool isBatch() const { return verify || describe || hasNoDisplay || !screenshot.isEmpty(); }
 
     /// Parses the command line and the environment. `arguments` includes the program's name. Exits
     /// the process for --help, and, with a usage message and EXIT_FAILURE, if an option or argument

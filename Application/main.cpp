@@ -18,6 +18,7 @@
 #include "Application/ProfileDescription.h"
 #include "Application/RunningInstance.h"
 #include "Application/VelmoraApplication.h"
+#include "Application/VerificationOutput.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/Log.h"
 
@@ -140,6 +141,37 @@ int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugI
     return exitCode;
 }
 
+Expected<void> openForVerification(const LaunchOptions &options, SyncPlugIn &sync) {
+    if (QDir(options.profile).isEmpty()) {
+        return failure({.domain = QStringLiteral("Velmora"),
+                        .localizedDescription =
+                            QCoreApplication::translate("main",
+                                                        "There is no profile in the folder “%1”. "
+                                                        "State another one with --profile.")
+                                .arg(options.profile)});
+    }
+    return sync.openProfile(options.profile,
+                            options.repair ? ProfileUse::Edit : ProfileUse::Snapshot);
+}
+
+int runVerification(VelmoraApplication &application, const LaunchOptions &options,
+                    SyncPlugIn &sync) {
+    using Outcome = VerificationReport::Outcome;
+    const Expected<void> opened = openForVerification(options, sync);
+    if (!opened) {
+        fail(application, opened.error(), true);
+        const bool isDamaged = sync.isProfileDamaged(opened.error());
+        return VerificationOutput::exitCode(isDamaged ? Outcome::Problems : Outcome::NotChecked);
+    }
+    const VerificationReport report =
+        sync.verify(options.repair ? VerificationMode::Repair : VerificationMode::Report);
+    const QByteArray output = options.json
+                                  ? QJsonDocument(VerificationOutput::json(report)).toJson()
+                                  : VerificationOutput::text(report).toUtf8();
+    std::fputs(output.constData(), stdout);
+    return VerificationOutput::exitCode(report.outcome());
+}
+
 }  // namespace
 
 int main(int argumentCount, char **arguments) {
@@ -157,7 +189,10 @@ int main(int argumentCount, char **arguments) {
     QTemporaryDir runtimeDirectory;
     if (options.isBatch()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        qputenv("XDG_RUNTIME_DIR", runtimeDirectory.path().toUtf8());
+        // The secrets of the locations are reached through the user's own one.
+        if (!options.verify || !qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
+            qputenv("XDG_RUNTIME_DIR", runtimeDirectory.path().toUtf8());
+        }
     }
     VelmoraApplication application(argumentCount, arguments);
     application.setBatch(options.isBatch());
@@ -177,7 +212,8 @@ int main(int argumentCount, char **arguments) {
     if (!sync) {
         return fail(application, sync.error(), options.isBatch());
     }
-    const int exitCode = run(application, options, **sync);
+    const int exitCode = options.verify ? runVerification(application, options, **sync)
+                                        : run(application, options, **sync);
     // The engine needs the application object, which is destroyed before the plug-in is unloaded.
     (*sync)->closeProfile();
     return exitCode;

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "Application/Interface/NoteLibrary.h"
+#include "Application/Interface/VerificationReport.h"
 #include "Platform/Foundation/Expected.h"
 
 /// What a profile is opened for.
@@ -24,6 +25,14 @@ enum class ProfileReplacement {
     Backup,
     /// By a profile with an empty inbox and, as far as they can be read, the former locations.
     Empty,
+};
+
+/// What SyncPlugIn::verify does with what it finds.
+enum class VerificationMode {
+    /// Changes nothing.
+    Report,
+    /// Synchronizes with every store, and repairs what is damaged there.
+    Repair,
 };
 
 /// The root object of the sync plug-in, as the application loads it. It registers the host classes
@@ -51,6 +60,11 @@ public:
     /// the disk. A failure leaves the profile as it was.
     virtual Expected<void> replaceProfile(const QString &directory,
                                           ProfileReplacement replacement) = 0;
+    /// Verifies the open profile and every store with which it synchronizes: whether everything
+    /// that can be read is what was written, and whether profile and stores contain the same.
+    /// Blocks until that is done, and runs the event loop meanwhile. Repairing needs a profile that
+    /// was opened exclusively; the report states what is wrong after that.
+    virtual VerificationReport verify(VerificationMode mode) = 0;
     /// Closes the profile and removes the host classes. Must be called before the application
     /// object is destroyed, after everything that shares the profile's objects has released them.
     virtual void closeProfile() = 0;

@@ -33,6 +33,8 @@ enum class EngineErrorCode {
     ProfileDamaged,
     /// No backup of the profile could be made or restored.
     BackupFailed,
+    /// A record was damaged, and its contents are written again.
+    RecordRepaired,
 };
 
 /// Returns an error whose message to the user is `description`, a complete sentence.

@@ -238,6 +238,17 @@ Expected<QSet<OperationId>> NoteLog::supersededIds() const {
     return identifiers;
 }
 
+Expected<qsizetype> NoteLog::damagedOperations() const {
+    const Expected<QList<Operation>> all = select(QStringLiteral("TRUE"), {});
+    const Expected<QSet<OperationId>> superseded = supersededIds();
+    if (!all || !superseded) {
+        return failure(all ? superseded.error() : all.error());
+    }
+    return std::count_if(all->begin(), all->end(), [&](const Operation &operation) {
+        return !operation.isSound() || superseded->contains(operation.id);
+    });
+}
+
 Expected<std::optional<Operation>> NoteLog::operation(const OperationId &identifier) const {
     return select(QStringLiteral("digest = ?"), {blob(identifier)})
         .map([](const QList<Operation> &found) {

@@ -52,6 +52,9 @@ public:
     Expected<QList<OperationId>> operationIds() const;
     /// Returns the identifiers of the superseded operations.
     Expected<QSet<OperationId>> supersededIds() const;
+    /// Returns the number of current operations that are not what was saved: whose identifier is
+    /// not their digest, or that are superseded. Reads all operations.
+    Expected<qsizetype> damagedOperations() const;
     /// Removes from the beginning of `identifiers` as many as fill one transaction, and returns
     /// those of these operations that are still current. If it returns an error, `identifiers` is
     /// unchanged.

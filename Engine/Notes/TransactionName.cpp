@@ -13,6 +13,8 @@ constexpr qsizetype UUIDSize = 16;
 constexpr QChar DigestVersion = u'8';
 constexpr qsizetype PositionOfVersion = 14;
 
+const QString DamagedMark = QStringLiteral(".damaged-");
+
 QByteArray digestOf(const QByteArray &record) {
     return QCryptographicHash::hash(record, QCryptographicHash::Sha256);
 }
@@ -41,6 +43,9 @@ bool TransactionName::matches(const QString &name, const QByteArray &record) {
 
 QString TransactionName::ofDamaged(const QString &name, const QByteArray &record) {
     constexpr qsizetype bytes = 8;
-    return stem(name) + QStringLiteral(".damaged-") +
-           QString::fromLatin1(digestOf(record).first(bytes).toHex());
+    return stem(name) + DamagedMark + QString::fromLatin1(digestOf(record).first(bytes).toHex());
+}
+
+bool TransactionName::isOfDamaged(const QString &name) {
+    return Operation::isUUID(name.section(DamagedMark, 0, 0)) && name.contains(DamagedMark);
 }

@@ -17,5 +17,7 @@ bool matches(const QString &name, const QByteArray &record);
 /// Returns the name under which the damaged `record` is kept that was found under `name`. No reader
 /// takes it for a record.
 QString ofDamaged(const QString &name, const QByteArray &record);
+/// Returns whether `name` is one that ofDamaged() returns.
+bool isOfDamaged(const QString &name);
 
 }  // namespace TransactionName

@@ -12,7 +12,6 @@
 namespace {
 
 constexpr int MillisecondsToWait = 5000;
-const QString ServedPlace = QStringLiteral("direct connections");
 
 }  // namespace
 
@@ -66,7 +65,7 @@ void ServedStoreSynchronizer::synchronize(const std::function<void()> &handler) 
     const auto left = std::make_shared<qsizetype>(UUIDs.size());
     for (const QString &UUID : UUIDs) {
         m_dispatcher.synchronizeWithStore(
-            {.databaseUUID = UUID, .databaseName = UUID, .store = ServedPlace},
+            {.databaseUUID = UUID, .databaseName = UUID, .store = Place},
             m_location->createBlobStore(), [left, handler](const auto & /*result*/) {
                 if (--*left == 0) {
                     handler();

@@ -15,6 +15,9 @@ class EngineSyncLocation;
 /// used on the main thread.
 class ServedStoreSynchronizer : public ServedStoreObserver {
 public:
+    /// Identifies the served store in the profile.
+    static inline const QString Place = QStringLiteral("direct connections");
+
     /// `dispatcher` and `library` are not owned and must outlive this object. `location` is that of
     /// the served store and must not be null.
     ServedStoreSynchronizer(EngineDispatcher &dispatcher, EngineNoteLibrary &library,

@@ -1,6 +1,10 @@
 #include "Engine/Plugin/SyncEngine.h"
 
+#include <QtCore/QDir>
+
+#include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/Notes/NoteConversion.h"
+#include "Engine/Plugin/ProfileVerification.h"
 #include "Engine/Profile/ProfileRecovery.h"
 #include "Engine/Profile/ProfileSnapshot.h"
 #include "Engine/Stores/StoreOperations.h"
@@ -31,6 +35,7 @@ SyncEngine::~SyncEngine() {
 Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents contents,
                                        ProfileUse use) {
     installTranslation();
+    m_directory = QDir(directory).absolutePath();
     Expected<void> opened = use == ProfileUse::Snapshot
                                 ? openSnapshot(directory, contents)
                                 : openDatabase(m_profile, directory, contents);
@@ -53,6 +58,12 @@ Expected<void> SyncEngine::beginProfile(const QString &directory) {
         ProfileDatabase profile;
         return openDatabase(profile, folder, FirstContents::Inbox);
     });
+}
+
+VerificationReport SyncEngine::verify(VerificationMode mode) {
+    return ProfileVerification(m_profile, m_library, m_plugin,
+                               DirectConnectionPackage::pathInProfile(m_directory))
+        .run(mode);
 }
 
 Expected<void> SyncEngine::openSnapshot(const QString &directory, FirstContents contents) {

@@ -30,6 +30,8 @@ public:
     Expected<void> openProfile(const QString &directory,
                                FirstContents contents = FirstContents::Welcome,
                                ProfileUse use = ProfileUse::Run);
+    /// See SyncPlugIn::verify.
+    VerificationReport verify(VerificationMode mode);
     /// Returns the library; null while no profile is open. Owned by the engine.
     EngineNoteLibrary *library() { return m_isOpen ? &m_library : nullptr; }
     /// Returns the sync plug-in, owned by the engine. Its data is complete once a profile is open.
@@ -53,6 +55,8 @@ private:
     void installTranslation();
 
     QTranslator m_translator;
+    /// The folder of the profile, not that of its copy.
+    QString m_directory;
     /// Contains the copy of the profile; must be destroyed after the database in it is closed.
     std::unique_ptr<QTemporaryDir> m_snapshotFolder;
     ProfileDatabase m_profile;

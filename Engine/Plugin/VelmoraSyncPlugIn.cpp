@@ -30,6 +30,10 @@ Expected<void> VelmoraSyncPlugIn::replaceProfile(const QString &directory,
                                                      : SyncEngine::beginProfile(directory);
 }
 
+VerificationReport VelmoraSyncPlugIn::verify(VerificationMode mode) {
+    return m_engine->verify(mode);
+}
+
 void VelmoraSyncPlugIn::closeProfile() {
     m_classes.reset();
     m_engine.reset();

@@ -21,6 +21,7 @@ public:
     std::optional<QDate> dateOfBackup(const QString &directory) const override;
     Expected<void> replaceProfile(const QString &directory,
                                   ProfileReplacement replacement) override;
+    VerificationReport verify(VerificationMode mode) override;
     /// Destroys the engine, see ~SyncEngine(). No function except library() may be called
     /// afterwards. Idempotent.
     void closeProfile() override;

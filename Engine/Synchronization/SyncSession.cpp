@@ -14,13 +14,6 @@ namespace {
 /// Number of bytes after which the records that were read are merged before more are read.
 constexpr qsizetype ReadAtOnce = 4LL << 20;
 
-/// Returns whether the error concerns a single record, and not that the store cannot be read.
-bool isOfOneRecord(const Error &error) {
-    return isEngineError(error, EngineErrorCode::DamagedRecord) ||
-           isEngineError(error, EngineErrorCode::UnknownVersion) ||
-           isEngineError(error, EngineErrorCode::BlobRefused);
-}
-
 }  // namespace
 
 SyncSession::SyncSession(const ProfileDatabase &profile, EngineNoteLibrary &library,
@@ -83,7 +76,10 @@ Expected<void> SyncSession::readDatabaseRecord(BlobStore &store, const EngineFut
     if (!name) {
         const bool isUnknown = isEngineError(name.error(), EngineErrorCode::UnknownVersion);
         m_record = isUnknown ? Record::Untouchable : Record::Damaged;
-        addProblem(name.error());
+        addProblem(isUnknown ? name.error()
+                             : engineError(EngineErrorCode::RecordRepaired,
+                                           "The record “%1” was damaged and is written again.",
+                                           store.place(file)));
         return {};
     }
     m_record = Record::Sound;
@@ -130,7 +126,7 @@ Expected<void> SyncSession::readTransaction(const TransactionRecords &records,
     if (isEngineError(error, EngineErrorCode::DamagedRecord) &&
         m_damaged.size() < RecordsToSetAside) {
         m_damaged.append({name, {}});
-    } else if (isOfOneRecord(error)) {
+    } else if (TransactionRecords::isOfOneRecord(error)) {
         addProblem(error);
     } else if (!isEngineError(error, EngineErrorCode::BlobMissing)) {
         return failure(error);
@@ -167,7 +163,7 @@ bool SyncSession::verify(const TransactionRecords &records, const Suspect &suspe
         return true;
     }
     addProblem(record.error());
-    if (isOfOneRecord(record.error())) {
+    if (TransactionRecords::isOfOneRecord(record.error())) {
         m_lost.append(suspect.name);
         return true;
     }
@@ -183,6 +179,8 @@ void SyncSession::setAside(const TransactionRecords &records, const Suspect &dam
         }
         return;
     }
+    const EngineErrorCode code =
+        damaged.written ? EngineErrorCode::RecordRepaired : EngineErrorCode::DamagedRecord;
     const QString text = damaged.written
                              ? localizedSyncString(
                                    "The record “%1” was damaged. It was moved to “%2”, and this "
@@ -190,8 +188,7 @@ void SyncSession::setAside(const TransactionRecords &records, const Suspect &dam
                              : localizedSyncString(
                                    "The record “%1” was damaged and was moved to “%2”. Synchronize "
                                    "on the computer that wrote it to restore its contents.");
-    addProblem(
-        engineError(EngineErrorCode::DamagedRecord, text.arg(records.place(damaged.name), *copy)));
+    addProblem(engineError(code, text.arg(records.place(damaged.name), *copy)));
 }
 
 Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store,

@@ -12,6 +12,12 @@ QString TransactionRecords::folder(const QString &databaseUUID) {
     return SyncStoreLayout::TransactionsFolder + u'/' + databaseUUID;
 }
 
+bool TransactionRecords::isOfOneRecord(const Error &error) {
+    return isEngineError(error, EngineErrorCode::DamagedRecord) ||
+           isEngineError(error, EngineErrorCode::UnknownVersion) ||
+           isEngineError(error, EngineErrorCode::BlobRefused);
+}
+
 Expected<TransactionRecords::Record> TransactionRecords::read(
     const QString &name, const std::optional<Contents> &written) const {
     return bytes(name).and_then(

@@ -24,6 +24,9 @@ public:
     /// Returns the folder of the transactions of a database in every store.
     static QString folder(const QString &databaseUUID);
 
+    /// Returns whether `error` concerns a single record, and not that the store cannot be read.
+    static bool isOfOneRecord(const Error &error);
+
     /// Reads the record `name`, which is verified against its name and, if it is known what was
     /// written, against `written`. Returns an error of the code DamagedRecord if the record is not
     /// what was written, UnknownVersion if a newer program wrote it, and otherwise that of

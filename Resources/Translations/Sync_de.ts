@@ -440,6 +440,50 @@
         <translation>Der Datensatz „%1“ wurde jedes Mal anders gelesen und deshalb unverändert gelassen. Überprüfen Sie die Festplatte oder den Server.</translation>
     </message>
     <message>
+        <source>Profile</source>
+        <translation>Profil</translation>
+    </message>
+    <message>
+        <source>The database of the profile is damaged (%1). Restore it from a backup.</source>
+        <translation>Die Datenbank des Profils ist beschädigt (%1). Stellen Sie es aus einer Sicherung wieder her.</translation>
+    </message>
+    <message>
+        <source>Damaged notes in the database “%1”: %2. Restore the profile from a backup.</source>
+        <translation>Beschädigte Notizen in der Datenbank „%1“: %2. Stellen Sie das Profil aus einer Sicherung wieder her.</translation>
+    </message>
+    <message>
+        <source>databases: %1, notes: %2</source>
+        <translation>Datenbanken: %1, Notizen: %2</translation>
+    </message>
+    <message>
+        <source>“%1” at “%2”</source>
+        <translation>„%1“ an „%2“</translation>
+    </message>
+    <message>
+        <source>records: %1, moved aside: %2</source>
+        <translation>Datensätze: %1, beiseitegelegt: %2</translation>
+    </message>
+    <message>
+        <source>The database “%1” is not on this computer yet. Synchronize it with the location.</source>
+        <translation>Die Datenbank „%1“ ist noch nicht auf diesem Computer. Synchronisieren Sie sie mit dem Ort.</translation>
+    </message>
+    <message>
+        <source>Another computer changes the location. Try again later.</source>
+        <translation>Ein anderer Computer ändert gerade den Ort. Versuchen Sie es später erneut.</translation>
+    </message>
+    <message>
+        <source>Changes at the location that are not on this computer: %1. Synchronize to get them.</source>
+        <translation>Änderungen am Ort, die nicht auf diesem Computer sind: %1. Synchronisieren Sie, um sie zu erhalten.</translation>
+    </message>
+    <message>
+        <source>Changes on this computer that are not at the location: %1. Synchronize to send them.</source>
+        <translation>Änderungen auf diesem Computer, die nicht am Ort sind: %1. Synchronisieren Sie, um sie zu senden.</translation>
+    </message>
+    <message>
+        <source>The record “%1” was damaged and is written again.</source>
+        <translation>Der Datensatz „%1“ war beschädigt und wird erneut geschrieben.</translation>
+    </message>
+    <message>
         <source>The record “%1” is damaged.</source>
         <translation>Der Datensatz „%1“ ist beschädigt.</translation>
     </message>

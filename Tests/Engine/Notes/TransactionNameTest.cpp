@@ -23,6 +23,8 @@ private Q_SLOTS:
         const QString aside = TransactionName::ofDamaged(TransactionName::of("abc"), "abd");
         QVERIFY(aside.startsWith(QStringLiteral("ba7816bf-8f01-8fea-8141-40de5dae2223.damaged-")));
         QVERIFY(!TransactionName::isValid(aside));
+        QVERIFY(TransactionName::isOfDamaged(aside));
+        QVERIFY(!TransactionName::isOfDamaged(TransactionName::of("abc")));
         QVERIFY(!aside.endsWith(QStringLiteral(".json")));
         QVERIFY(aside != TransactionName::ofDamaged(TransactionName::of("abc"), "abe"));
     }

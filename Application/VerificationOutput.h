@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QtCore/QJsonObject>
+
+#include "Application/Interface/VerificationReport.h"
+
+/// How `velmora verify` reports to the user and to scripts.
+namespace VerificationOutput {
+
+/// Returns the report as text of several lines.
+QString text(const VerificationReport &report);
+/// Returns the report as JSON: "outcome" and "parts", each of these with "name", "outcome",
+/// "extent", "repairs" and "problems". An outcome is "sound", "problems" or "not checked".
+QJsonObject json(const VerificationReport &report);
+/// Returns the exit code of the process: 0 if everything is sound, 1 if there are problems, 2 if
+/// something could not be checked.
+int exitCode(VerificationReport::Outcome outcome);
+
+}  // namespace VerificationOutput

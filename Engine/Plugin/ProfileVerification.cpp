@@ -1,0 +1,176 @@
+#include "Engine/Plugin/ProfileVerification.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QEventLoop>
+#include <QtCore/QThread>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Locations/EngineLocationFormatter.h"
+#include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Plugin/EngineSyncPlugin.h"
+#include "Engine/Plugin/ServedStoreSynchronizer.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Synchronization/SyncSession.h"
+#include "Engine/Synchronization/VerificationSession.h"
+#include "Host/SyncStoreLayout.h"
+#include "Host/SyncStrings.h"
+
+namespace {
+
+/// Calls `work` on a thread that may block, and runs the event loop meanwhile.
+Expected<void> onThread(const std::function<Expected<void>()> &work) {
+    Expected<void> result;
+    QEventLoop loop;
+    const std::unique_ptr<QThread> thread(QThread::create([&] { result = work(); }));
+    QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
+    thread->start();
+    loop.exec();
+    thread->wait();
+    return result;
+}
+
+}  // namespace
+
+ProfileVerification::ProfileVerification(const ProfileDatabase &profile, EngineNoteLibrary &library,
+                                         const EngineSyncPlugin &plugin, QString served)
+    : m_profile(profile), m_library(library), m_plugin(plugin), m_served(std::move(served)) {}
+
+VerificationReport ProfileVerification::run(VerificationMode mode) {
+    m_mode = mode;
+    m_report = {};
+    m_report.parts.append(verifyProfile());
+    const auto locations = m_plugin.locationsController()->syncLocations();
+    for (const auto &location : locations) {
+        verifyLocation(dynamic_cast<EngineSyncLocation &>(*location));
+    }
+    verifyServedStore();
+    return m_report;
+}
+
+VerificationReport::Part ProfileVerification::verifyProfile() const {
+    Part part{.name = localizedSyncString("Profile")};
+    const Expected<QStringList> problems = profileProblems();
+    const Expected<QString> extent = profileExtent();
+    if (!problems || !extent) {
+        part.outcome = VerificationReport::Outcome::NotChecked;
+        part.problems.append((problems ? extent.error() : problems.error()).localizedDescription);
+        return part;
+    }
+    part.extent = *extent;
+    part.problems = *problems;
+    if (!part.problems.isEmpty()) {
+        part.outcome = VerificationReport::Outcome::Problems;
+    }
+    return part;
+}
+
+Expected<QStringList> ProfileVerification::profileProblems() const {
+    QStringList problems;
+    const auto check = [&](const char *pragma) {
+        return m_profile.read(QLatin1StringView(pragma), {}, [&](const QSqlQuery &row) {
+            if (const QString text = row.value(0).toString(); text != QStringLiteral("ok")) {
+                problems.append(
+                    localizedSyncString("The database of the profile is damaged (%1). Restore it "
+                                        "from a backup.")
+                        .arg(text));
+            }
+        });
+    };
+    Expected<void> done =
+        check("PRAGMA integrity_check").and_then([&] { return check("PRAGMA foreign_key_check"); });
+    const auto databases = m_library.knownDatabases();
+    for (const auto &database : databases) {
+        const NoteLog &log = static_cast<const EngineDatabase &>(*database).log();
+        done = done.and_then([&] { return log.damagedOperations(); }).map([&](qsizetype count) {
+            if (count > 0) {
+                problems.append(localizedSyncString("Damaged notes in the database “%1”: %2. "
+                                                    "Restore the profile from a backup.")
+                                    .arg(database->name())
+                                    .arg(count));
+            }
+        });
+    }
+    return done.map([&] { return problems; });
+}
+
+Expected<QString> ProfileVerification::profileExtent() const {
+    const auto databases = m_library.knownDatabases();
+    qsizetype count = 0;
+    for (const auto &database : databases) {
+        const Expected<QList<Note>> notes = database->notes();
+        if (!notes) {
+            return failure(notes.error());
+        }
+        count += notes->size();
+    }
+    return localizedSyncString("databases: %1, notes: %2").arg(databases.size()).arg(count);
+}
+
+void ProfileVerification::verifyLocation(EngineSyncLocation &location) {
+    const QString title = EngineLocationFormatter(location.URL(), location.kind()).title();
+    const QVSyncStates states = location.synchronizationStates();
+    for (const auto &state : states) {
+        if (state->isEnabled()) {
+            verifyStore({.databaseUUID = state->databaseUUID(),
+                         .databaseName = state->databaseName(),
+                         .store = location.identifier()},
+                        title, *location.createBlobStore());
+        }
+    }
+}
+
+void ProfileVerification::verifyServedStore() {
+    const auto location = m_plugin.newLocation(Url::fileURL(m_served));
+    const QDir folders(m_served + u'/' + SyncStoreLayout::TransactionsFolder);
+    const QStringList names = folders.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString &UUID : names) {
+        const auto database = m_library.synchronizedDatabase(UUID);
+        verifyStore({.databaseUUID = UUID,
+                     .databaseName = database ? database->name() : UUID,
+                     .store = ServedStoreSynchronizer::Place},
+                    localizedSyncString("Direct Connection"), *location->createBlobStore());
+    }
+}
+
+void ProfileVerification::verifyStore(const StoreSession::Subject &subject, const QString &title,
+                                      BlobStore &store) {
+    using Outcome = VerificationReport::Outcome;
+    Part part{.name = localizedSyncString("“%1” at “%2”").arg(subject.databaseName, title)};
+    Expected<void> result;
+    if (m_mode == VerificationMode::Repair) {
+        SyncSession repair(m_profile, m_library, subject, SyncSession::Verification::All);
+        result = onThread([&] { return store.open(EngineFuture()); }).and_then([&] {
+            return runSession(repair, store);
+        });
+        for (const Error &problem : repair.problems()) {
+            const bool isRepaired = isEngineError(problem, EngineErrorCode::RecordRepaired);
+            (isRepaired ? part.repairs : part.problems).append(problem.localizedDescription);
+        }
+    }
+    VerificationSession session(m_profile, m_library, subject);
+    result = result.and_then([&] { return runSession(session, store); });
+    for (const Error &problem : session.problems()) {
+        part.problems.append(problem.localizedDescription);
+    }
+    part.extent = localizedSyncString("records: %1, moved aside: %2")
+                      .arg(session.recordCount())
+                      .arg(session.setAsideCount());
+    part.outcome = part.problems.isEmpty() ? Outcome::Sound : Outcome::Problems;
+    if (!result) {
+        part.problems.append(result.error().localizedDescription);
+        part.outcome = part.outcome == Outcome::Sound ? Outcome::NotChecked : part.outcome;
+    }
+    part.problems.removeDuplicates();
+    m_report.parts.append(part);
+}
+
+Expected<void> ProfileVerification::runSession(StoreSession &session, BlobStore &store) {
+    const EngineFuture future;
+    Expected<void> result;
+    while (result && !session.isDone()) {
+        result = onThread([&] { return session.accessStore(store, future); }).and_then([&] {
+            return session.accessProfile();
+        });
+    }
+    return result;
+}

@@ -1,0 +1,210 @@
+#include <QtCore/QDirIterator>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QProcess>
+#include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlQuery>
+
+#include "Engine/Profile/ProfileLock.h"
+#include "Support/TestMain.h"
+
+/// Runs "velmora verify" as a user or a script would.
+class VerifyCommandTest : public QObject {
+    Q_OBJECT
+
+    struct Run {
+        int exitCode = -1;
+        QString output;
+        QString errors;
+    };
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+
+    QString profile() const { return m_folder->filePath(QStringLiteral("profile")); }
+    QString store() const { return profile() + QStringLiteral("/Sync Stores/Home.qvSyncStore"); }
+
+    Run run(const QStringList &arguments) const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), m_folder->path());
+        // A command for scripts needs no display.
+        for (const QString &name : {QStringLiteral("DISPLAY"), QStringLiteral("WAYLAND_DISPLAY"),
+                                    QStringLiteral("QT_QPA_PLATFORM")}) {
+            environment.remove(name);
+        }
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(VELMORA),
+                      QStringList{QStringLiteral("--profile"), profile()} + arguments);
+        Run result;
+        if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit) {
+            result.exitCode = process.exitCode();
+        }
+        result.output = QString::fromUtf8(process.readAllStandardOutput());
+        result.errors = QString::fromUtf8(process.readAllStandardError());
+        return result;
+    }
+    Run verify(const QStringList &options = {}) const {
+        return run(QStringList{QStringLiteral("verify")} + options);
+    }
+    Run repair() const { return verify({QStringLiteral("--repair")}); }
+
+    /// The files below `folder` with their contents.
+    static QMap<QString, QByteArray> contents(const QString &folder) {
+        QMap<QString, QByteArray> all;
+        QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            all.insert(file.fileName(),
+                       file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
+        }
+        return all;
+    }
+    /// The only transaction record of the store.
+    QString record() const {
+        const QStringList names = contents(store() + QStringLiteral("/transactions"))
+                                      .keys()
+                                      .filter(QRegularExpression(QStringLiteral("\\.json$")));
+        return names.size() == 1 ? names.first() : QString();
+    }
+    static void flipABit(const QString &path) {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.seek(file.size() / 2));
+        char byte = 0;
+        QVERIFY(file.peek(&byte, 1) == 1);
+        byte = static_cast<char>(byte ^ 1);
+        QCOMPARE(file.write(&byte, 1), 1);
+    }
+    void executeInProfile(const QString &statement) const {
+        {
+            auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), statement);
+            database.setDatabaseName(profile() + QStringLiteral("/profile.sqlite"));
+            QVERIFY(database.open());
+            QVERIFY(QSqlQuery(database).exec(statement));
+        }
+        QSqlDatabase::removeDatabase(statement);
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QCOMPARE(run({QStringLiteral("--describe")}).exitCode, 0);
+        QCOMPARE(repair().exitCode, 0);
+    }
+
+    void aSoundProfileIsReportedAsSound() {
+        const Run text = verify();
+        QCOMPARE(text.exitCode, 0);
+        QVERIFY(text.output.contains(QStringLiteral("Everything is in order.")));
+        const Run json = verify({QStringLiteral("--json")});
+        QCOMPARE(json.exitCode, 0);
+        const QJsonObject report = QJsonDocument::fromJson(json.output.toUtf8()).object();
+        QCOMPARE(report[QStringLiteral("outcome")].toString(), QStringLiteral("sound"));
+        const QJsonArray parts = report[QStringLiteral("parts")].toArray();
+        QCOMPARE(parts.size(), 2);
+        for (const QJsonValue part : parts) {
+            QCOMPARE(part[QStringLiteral("outcome")].toString(), QStringLiteral("sound"));
+            QCOMPARE(part[QStringLiteral("problems")].toArray(), QJsonArray());
+        }
+    }
+
+    void whatIsNotSynchronizedIsAProblemThatSynchronizingRepairs() {
+        QVERIFY(QFile::remove(record()));
+        const auto before = contents(store());
+        const Run found = verify();
+        QCOMPARE(found.exitCode, 1);
+        QVERIFY(found.output.contains(QStringLiteral("not at the location: 3.")));
+        QCOMPARE(contents(store()), before);
+        QCOMPARE(repair().exitCode, 0);
+        QCOMPARE(verify().exitCode, 0);
+    }
+
+    void aDamagedRecordIsReportedAndRepaired() {
+        const QString damaged = record();
+        flipABit(damaged);
+        const auto before = contents(store());
+        const Run found = verify();
+        QCOMPARE(found.exitCode, 1);
+        QVERIFY2(found.output.contains(damaged + QStringLiteral("” is damaged.")),
+                 qPrintable(found.output));
+        QVERIFY(found.output.contains(QStringLiteral("velmora verify --repair")));
+        QCOMPARE(contents(store()), before);
+        const Run repaired = repair();
+        QCOMPARE(repaired.exitCode, 0);
+        QVERIFY(repaired.output.contains(QStringLiteral("writes its contents again")));
+        QVERIFY(record() != damaged);
+        const Run after = verify();
+        QCOMPARE(after.exitCode, 0);
+        QVERIFY(after.output.contains(QStringLiteral("moved aside: 1")));
+    }
+
+    void aDamagedRecordOfADatabaseIsReportedAndRepaired() {
+        const QString damaged = contents(store() + QStringLiteral("/databases")).firstKey();
+        QFile file(damaged);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.close();
+        QCOMPARE(verify().exitCode, 1);
+        QCOMPARE(repair().exitCode, 0);
+        QCOMPARE(verify().exitCode, 0);
+    }
+
+    void aDamagedNoteInTheProfileIsReported() {
+        executeInProfile(
+            QStringLiteral("UPDATE operations SET text = text || 'x' WHERE note_uuid <> ''"));
+        const Run found = verify();
+        QCOMPARE(found.exitCode, 1);
+        QVERIFY(found.output.contains(QStringLiteral("Damaged notes in the database")));
+        QVERIFY(found.output.contains(QStringLiteral("Restore the profile from a backup")));
+    }
+
+    void aDamagedProfileIsAProblem() {
+        QFile file(profile() + QStringLiteral("/profile.sqlite"));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.resize(file.size() / 2));
+        const Run found = verify();
+        QCOMPARE(found.exitCode, 1);
+        QVERIFY2(found.errors.contains(QStringLiteral("damaged")), qPrintable(found.errors));
+    }
+
+    void aStoreThatCannotBeReachedIsNotChecked() {
+        QVERIFY(QFile::rename(store(), store() + QStringLiteral(".away")));
+        for (const Run &found : {verify(), repair()}) {
+            QCOMPARE(found.exitCode, 2);
+            QVERIFY(found.output.contains(QStringLiteral("could not be checked")));
+            QVERIFY(found.output.contains(QStringLiteral("does not exist. Check whether")));
+        }
+    }
+
+    void aProfileInUseCanBeVerifiedButNotRepaired() {
+        ProfileLock lock;
+        QVERIFY(lock.acquire(profile()));
+        QCOMPARE(verify().exitCode, 0);
+        const Run refused = repair();
+        QCOMPARE(refused.exitCode, 2);
+        QVERIFY2(refused.errors.contains(profile()), qPrintable(refused.errors));
+        QVERIFY(refused.errors.contains(QStringLiteral("use")));
+    }
+
+    void withoutAProfileThereIsNothingToCheckAndNothingIsMade() {
+        QVERIFY(QDir(profile()).removeRecursively());
+        for (const Run &refused : {verify(), repair()}) {
+            QCOMPARE(refused.exitCode, 2);
+            QVERIFY(refused.errors.contains(profile()));
+            QVERIFY(!QFileInfo::exists(profile()));
+        }
+    }
+
+    void itsOptionsBelongToTheCommand() {
+        QVERIFY(run({QStringLiteral("--help")}).output.contains(QStringLiteral("--repair")));
+        for (const QStringList &arguments :
+             {QStringList{QStringLiteral("--repair")}, QStringList{QStringLiteral("--json")},
+              QStringList{QStringLiteral("verify"), QStringLiteral("all")},
+              QStringList{QStringLiteral("verify"), QStringLiteral("--describe")}}) {
+            QCOMPARE(run(arguments).exitCode, 1);
+        }
+    }
+};
+
+VELMORA_TEST(VerifyCommandTest)
+#include "VerifyCommandTest.moc"
