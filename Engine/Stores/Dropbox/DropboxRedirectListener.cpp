@@ -1,15 +1,13 @@
 #include "Engine/Stores/Dropbox/DropboxRedirectListener.h"
 
 #include <QtCore/QTimer>
-#include <QtCore/QUrlQuery>
 #include <QtNetwork/QTcpSocket>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Stores/Dropbox/DropboxRedirect.h"
 #include "Host/SyncStrings.h"
 
 namespace {
-
-const QString RedirectPath = QStringLiteral("/dropbox");
 
 /// Browsers open some connections in advance and leave them unused.
 constexpr qsizetype MostConnections = 32;
@@ -30,12 +28,6 @@ QByteArray httpAnswer(const QByteArray &status, const QString &text) {
            body;
 }
 
-/// Returns the value of the parameter of that name; null unless there is exactly one.
-QString onlyValue(const QUrlQuery &query, const QString &name) {
-    const QStringList values = query.allQueryItemValues(name, QUrl::FullyDecoded);
-    return values.size() == 1 ? values.first() : QString();
-}
-
 }  // namespace
 
 DropboxRedirectListener::DropboxRedirectListener(const QString &state) : m_state(state) {
@@ -52,7 +44,9 @@ Expected<void> DropboxRedirectListener::listen(quint16 port) {
 }
 
 QString DropboxRedirectListener::address() const {
-    return QStringLiteral("http://127.0.0.1:%1%2").arg(m_server.serverPort()).arg(RedirectPath);
+    return QStringLiteral("http://127.0.0.1:%1%2")
+        .arg(m_server.serverPort())
+        .arg(DropboxRedirect::Path);
 }
 
 Expected<QString> DropboxRedirectListener::wait(const EngineFuture &future,
@@ -98,43 +92,20 @@ void DropboxRedirectListener::read(QTcpSocket *socket) {
 }
 
 void DropboxRedirectListener::answer(QTcpSocket *socket, const QByteArray &request) {
-    const QByteArrayList line = request.left(request.indexOf("\r\n")).split(' ');
-    const QUrl target = QUrl::fromEncoded(line.value(1));
-    const bool isOurs = line.size() == 3 && line.first() == "GET" && target.isRelative() &&
-                        target.path() == RedirectPath;
+    const std::optional<DropboxRedirect> redirect = DropboxRedirect::parse(request);
     const std::optional<Expected<QString>> result =
-        isOurs && !m_result ? resultOf(target.query(QUrl::FullyEncoded)) : std::nullopt;
+        redirect && !m_result ? redirect->result(m_state) : std::nullopt;
     if (result) {
         m_result = result;
         m_waiting.quit();
         socket->write(httpAnswer(
             "200 OK", localizedSyncString("You can close this window now and return to Velmora.")));
     } else {
-        socket->write(httpAnswer(isOurs ? "400 Bad Request" : "404 Not Found",
+        socket->write(httpAnswer(redirect ? "400 Bad Request" : "404 Not Found",
                                  localizedSyncString("Velmora did not request this page.")));
     }
     socket->disconnectFromHost();
     if (socket->state() != QAbstractSocket::UnconnectedState) {
         socket->waitForDisconnected(MillisecondsToDeliver);
     }
-}
-
-std::optional<Expected<QString>> DropboxRedirectListener::resultOf(const QString &query) const {
-    const QUrlQuery parameters(query);
-    if (onlyValue(parameters, QStringLiteral("state")) != m_state) {
-        return std::nullopt;
-    }
-    const QString code = onlyValue(parameters, QStringLiteral("code"));
-    if (parameters.hasQueryItem(QStringLiteral("error"))) {
-        return failure(engineError(
-            EngineErrorCode::AccessDenied,
-            localizedSyncString(
-                "Access to Dropbox was denied in the web browser. Try again and allow it.")));
-    }
-    if (code.isEmpty()) {
-        return failure(engineError(
-            EngineErrorCode::StoreUnreachable,
-            localizedSyncString("The web browser sent an invalid response. Sign in again.")));
-    }
-    return code;
 }

@@ -33,8 +33,6 @@ private:
     void accept();
     void read(QTcpSocket *socket);
     void answer(QTcpSocket *socket, const QByteArray &request);
-    /// Returns the result that the redirect's query contains; empty if it is not that of `m_state`.
-    std::optional<Expected<QString>> resultOf(const QString &query) const;
 
     const QString m_state;
     QList<QTcpSocket *> m_sockets;

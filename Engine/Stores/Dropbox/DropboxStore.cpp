@@ -1,11 +1,10 @@
 #include "Engine/Stores/Dropbox/DropboxStore.h"
 
-#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
-#include <numeric>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
+#include "Engine/Stores/Dropbox/DropboxListingPage.h"
 #include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
@@ -57,38 +56,6 @@ bool isDone(const HttpClient::Response &response, const QByteArray &outcome) {
            !QJsonDocument::fromJson(outcome).object().isEmpty();
 }
 
-/// Bytes, roughly.
-qsizetype memoryOf(const QStringList &names) {
-    return std::accumulate(names.begin(), names.end(), qsizetype(0),
-                           [](qsizetype sum, const QString &name) {
-                               constexpr qsizetype Overhead = 2 * sizeof(QString);
-                               return sum + Overhead + name.size() * qsizetype(sizeof(QChar));
-                           });
-}
-
-struct Page {
-    QStringList names;
-    QString cursor;
-    bool hasMore = false;
-};
-
-std::optional<Page> pageFrom(const QByteArray &answer) {
-    const QJsonObject object = QJsonDocument::fromJson(answer).object();
-    const QJsonValue entries = object.value(QStringLiteral("entries"));
-    const QJsonValue hasMore = object.value(QStringLiteral("has_more"));
-    Page page{{}, object.value(QStringLiteral("cursor")).toString(), hasMore.toBool()};
-    const QJsonArray array = entries.toArray();
-    for (const QJsonValue entry : array) {
-        const QString kind = entry[QStringLiteral(".tag")].toString();
-        if (kind == QStringLiteral("file") || kind == QStringLiteral("folder")) {
-            page.names.append(entry[QStringLiteral("name")].toString());
-        }
-    }
-    const bool isPage =
-        entries.isArray() && hasMore.isBool() && (!page.hasMore || !page.cursor.isEmpty());
-    return isPage ? std::optional(page) : std::nullopt;
-}
-
 }  // namespace
 
 DropboxStore::DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
@@ -129,12 +96,12 @@ Expected<QStringList> DropboxStore::listFolder(const QString &folder, const Engi
         if (response.status != HttpStatus::OK) {
             return failure(routeError(response, folder));
         }
-        const std::optional<Page> page = pageFrom(response.body);
+        const auto page = DropboxListingPage::parse(response.body);
         if (!page) {
             break;
         }
         names.append(page->names);
-        memory += memoryOf(page->names);
+        memory += page->memory();
         if (memory > ListingLimit) {
             return failure(tooLong(folder));
         }

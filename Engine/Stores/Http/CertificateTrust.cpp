@@ -1,53 +1,10 @@
 #include "Engine/Stores/Http/CertificateTrust.h"
 
-#include <QtCore/QLocale>
 #include <QtNetwork/QSslCertificate>
 
-#include "Application/Interface/QuestionPresenter.h"
+#include "Engine/Stores/Http/CertificateQuestion.h"
 #include "Host/QVApplication.h"
-#include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
-
-namespace {
-
-/// Limit for text from an unknown source.
-constexpr qsizetype LongestNameShown = 120;
-
-QString fingerprint(const QSslCertificate &certificate) {
-    return QString::fromLatin1(certificate.digest(QCryptographicHash::Sha256).toHex(':').toUpper());
-}
-
-QString shownName(const QString &name) {
-    QString shown = name.simplified();
-    shown.removeIf([](QChar character) { return !character.isPrint(); });
-    return shown.size() <= LongestNameShown ? shown.trimmed()
-                                            : shown.first(LongestNameShown) + u'…';
-}
-
-QString shownDate(const QDateTime &date) {
-    return QLocale().toString(date.date(), QLocale::LongFormat);
-}
-
-Question question(const QString &server, const QSslCertificate &certificate,
-                  const QStringList &reasons) {
-    const QStringList details = {
-        reasons.join(u'\n'),
-        QString(),
-        localizedSyncString("Issued to: %1").arg(shownName(certificate.subjectDisplayName())),
-        localizedSyncString("Issued by: %1").arg(shownName(certificate.issuerDisplayName())),
-        localizedSyncString("Valid from %1 to %2")
-            .arg(shownDate(certificate.effectiveDate()), shownDate(certificate.expiryDate())),
-        localizedSyncString("Fingerprint (SHA-256): %1").arg(fingerprint(certificate)),
-    };
-    return {
-        localizedSyncString(
-            "The server “%1” cannot prove its identity. Trust its certificate for this location?")
-            .arg(server),
-        details.join(u'\n'), localizedSyncString("Trust This Certificate"),
-        localizedSyncString("Do Not Trust")};
-}
-
-}  // namespace
 
 CertificateTrust::CertificateTrust(const ProfileDatabase &profile) : m_profile(&profile) {}
 
@@ -91,24 +48,24 @@ void CertificateTrust::ask(const QString &location, const QString &server,
         }
         m_asked.insert(asked);
     }
-    MainQueue::dispatchAsync(
-        [trust = weak_from_this(), asked, question = question(server, certificate, reasons)] {
-            const auto asker = trust.lock();
-            QuestionPresenter *presenter = QuestionPresenter::shared();
-            if (asker && asker->isOpen() && presenter) {
-                presenter->ask(question, [trust, asked](bool isAccepted) {
-                    const auto living = trust.lock();
-                    if (living && isAccepted) {
-                        living->accept(asked);
-                    }
-                });
-            }
-        });
+    MainQueue::dispatchAsync([trust = weak_from_this(), asked,
+                              question = CertificateQuestion::make(server, certificate, reasons)] {
+        const auto asker = trust.lock();
+        QuestionPresenter *presenter = QuestionPresenter::shared();
+        if (asker && asker->isOpen() && presenter) {
+            presenter->ask(question, [trust, asked](bool isAccepted) {
+                const auto living = trust.lock();
+                if (living && isAccepted) {
+                    living->accept(asked);
+                }
+            });
+        }
+    });
 }
 
 CertificateTrust::Key CertificateTrust::key(const QString &location,
                                             const QSslCertificate &certificate) {
-    return {location, fingerprint(certificate)};
+    return {location, CertificateQuestion::fingerprint(certificate)};
 }
 
 void CertificateTrust::accept(const Key &key) {

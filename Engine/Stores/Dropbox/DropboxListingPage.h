@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QStringList>
+#include <optional>
+
+/// A page of a folder's listing: the response of the routes "files/list_folder" and
+/// "files/list_folder/continue". A value.
+struct DropboxListingPage {
+    /// The names of the files and folders, as the server sent them.
+    QStringList names;
+    /// Identifies the next page; not empty if `hasMore`.
+    QString cursor;
+    bool hasMore = false;
+
+    /// Parses `response`, which is not trusted. Returns an empty optional if it is not a page.
+    /// Thread-safe. O(n).
+    static std::optional<DropboxListingPage> parse(const QByteArray &response);
+    /// Returns the approximate memory for `names`, in bytes.
+    qsizetype memory() const;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+#include <optional>
+
+#include "Platform/Foundation/Expected.h"
+
+/// The request with which a browser reports the result of a sign-in (RFC 6749, section 4.1.2). Any
+/// program and any web page can send such a request, so it is not trusted. A value.
+class DropboxRedirect {
+public:
+    /// The path of the redirect address.
+    static inline const QString Path = QStringLiteral("/dropbox");
+
+    /// Parses an HTTP request, of which only the first line is used. Returns an empty optional if
+    /// it is not a GET request of the redirect address.
+    static std::optional<DropboxRedirect> parse(const QByteArray &request);
+
+    /// Returns the authorization code, or the error if the user refused or the response is not
+    /// valid. Returns an empty optional if the request has another state than `state`, which was
+    /// sent with the sign-in (RFC 6749, section 10.12).
+    std::optional<Expected<QString>> result(const QString &state) const;
+
+private:
+    explicit DropboxRedirect(const QString &query) : m_query(query) {}
+
+    /// Percent-encoded.
+    QString m_query;
+};
