@@ -22,6 +22,14 @@ QByteArray quoted(const QByteArray &text) {
     return '"' + QByteArray(text).replace('\\', "\\\\").replace('"', "\\\"") + '"';
 }
 
+/// Returns whether a quoted string may contain `bytes` (RFC 9110, section 5.6.4).
+bool isText(const QByteArray &bytes) {
+    return std::all_of(bytes.begin(), bytes.end(), [](char character) {
+        const auto code = static_cast<uchar>(character);
+        return character == '\t' || (code >= ' ' && code != 0x7f);
+    });
+}
+
 bool hasControlCharacter(const QString &text) {
     return std::any_of(text.begin(), text.end(), [](QChar character) {
         return character.category() == QChar::Other_Control;
@@ -145,6 +153,10 @@ std::optional<HttpAuthentication::Digest> HttpAuthentication::digestOf(const Cha
     const QByteArrayList protections = value("qop").toLower().replace(' ', "").split(',');
     if (challenge.scheme != "digest" || !(isSha256 || isMd5) || !protections.contains("auth") ||
         value("nonce").isEmpty() || value("realm").isNull()) {
+        return {};
+    }
+    // These are sent back, and must not end the header line.
+    if (!isText(value("realm")) || !isText(value("nonce")) || !isText(value("opaque"))) {
         return {};
     }
     return Digest{isSha256 ? QCryptographicHash::Sha256 : QCryptographicHash::Md5, value("realm"),

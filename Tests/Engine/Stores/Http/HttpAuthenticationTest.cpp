@@ -95,6 +95,8 @@ private Q_SLOTS:
                                  "Digest realm=\"x\", nonce=\"\", qop=auth",
                                  "Digest realm=\"x\", nonce=\"n\"",
                                  "Digest realm=\"x\", nonce=\"n\", qop=\"auth-int\"",
+                                 "Digest realm=\"x\r\nY: z\", nonce=\"n\", qop=auth",
+                                 "Digest realm=\"x\", nonce=\"n\r\", qop=auth",
                                  "Digest realm=\"x\", nonce=\"n\", qop=auth, algorithm=MD5-sess",
                                  "Digest realm=\"x\", nonce=\"n\", qop=auth, algorithm=SHA-512-256",
                                  "Digest nonce=\"n\", qop=auth",
