@@ -14,7 +14,6 @@
 #include <csignal>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
-#include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Platform/Network/LocalHostName.h"
@@ -143,35 +142,37 @@ Expected<void> DirectConnectionLink::startEncryption(const EngineFuture &future)
     return {};
 }
 
-Expected<QCborMap> DirectConnectionLink::exchange(const QCborMap &request, const Timeouts &timeouts,
-                                                  const EngineFuture &future) {
+Expected<DirectConnectionMessage::Received> DirectConnectionLink::exchange(
+    const QCborMap &request, qsizetype limit, const Timeouts &timeouts,
+    const EngineFuture &future) {
     m_idleTimeout = timeouts.idle;
     m_end = QDeadlineTimer(timeouts.total);
     noteProgress();
-    std::optional<QCborMap> answer;
+    std::optional<DirectConnectionMessage::Received> answer;
     if (isConnected() && send(DirectConnectionMessage::encode(request), future)) {
-        answer = receiveMessage(future);
+        answer = receiveMessage(limit, future);
     }
     if (!answer) {
         disconnect();
         return failure(engineError(EngineErrorCode::StoreUnreachable,
                                    "The connection to “%1” was lost. Try again.", m_host));
     }
-    return *answer;
+    return std::move(*answer);
 }
 
 void DirectConnectionLink::noteProgress() {
     m_deadline = std::min(QDeadlineTimer(m_idleTimeout), m_end);
 }
 
-std::optional<QCborMap> DirectConnectionLink::receiveMessage(const EngineFuture &future) {
+std::optional<DirectConnectionMessage::Received> DirectConnectionLink::receiveMessage(
+    qsizetype limit, const EngineFuture &future) {
     const std::optional<QByteArray> start = receive(DirectConnectionMessage::LengthSize, future);
     const qsizetype length = start ? DirectConnectionMessage::length(*start) : 0;
-    if (!start || length > DirectConnectionMessage::Limit) {
+    if (!start || length > limit) {
         return std::nullopt;
     }
-    const std::optional<QByteArray> body = receive(length, future);
-    return body ? DirectConnectionMessage::decode(*body) : std::nullopt;
+    std::optional<QByteArray> body = receive(length, future);
+    return body ? DirectConnectionMessage::decode(std::move(*body)) : std::nullopt;
 }
 
 bool DirectConnectionLink::send(const QByteArray &bytes, const EngineFuture &future) {

@@ -3,13 +3,13 @@
 #include <openssl/ssl.h>
 
 #include <QtCore/QByteArray>
-#include <QtCore/QCborMap>
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QString>
 #include <chrono>
 #include <memory>
 #include <optional>
 
+#include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Platform/Foundation/Expected.h"
 
@@ -44,9 +44,11 @@ public:
     /// Returns the SHA-256 of the server's certificate; empty before the first connection.
     QByteArray serverFingerprint() const { return m_serverFingerprint; }
 
-    /// Sends `request` and waits for the response.
-    Expected<QCborMap> exchange(const QCborMap &request, const Timeouts &timeouts,
-                                const EngineFuture &future);
+    /// Sends `request` and waits for the response. A response of more than `limit` bytes is a
+    /// failure; no memory is allocated for it.
+    Expected<DirectConnectionMessage::Received> exchange(const QCborMap &request, qsizetype limit,
+                                                         const Timeouts &timeouts,
+                                                         const EngineFuture &future);
     /// Closes the connection. Idempotent.
     void disconnect();
 
@@ -60,7 +62,8 @@ private:
     /// Receive exactly `count` bytes or one message; return an empty optional on failure, timeout
     /// or cancellation.
     std::optional<QByteArray> receive(qsizetype count, const EngineFuture &future);
-    std::optional<QCborMap> receiveMessage(const EngineFuture &future);
+    std::optional<DirectConnectionMessage::Received> receiveMessage(qsizetype limit,
+                                                                    const EngineFuture &future);
     /// Restarts the idle deadline, which is never later than the end of the exchange.
     void noteProgress();
     /// Wait until the socket is ready again; return false on failure, timeout or cancellation.

@@ -4,6 +4,81 @@
 #include <QtCore/QCborValue>
 #include <QtCore/QtEndian>
 
+using namespace DirectConnectionMessage;
+
+namespace {
+
+/// Skips a string without copying it.
+bool skipString(QCborStreamReader &reader) {
+    return reader.isLengthKnown() &&
+           reader.readStringChunk(nullptr, 0).status == QCborStreamReader::Ok &&
+           reader.readStringChunk(nullptr, 0).status == QCborStreamReader::EndOfString;
+}
+
+bool isWithinLimits(QCborStreamReader &reader, int depth, int &itemsLeft);
+
+/// Skips one item and returns whether it is within the limits.
+bool isItemWithinLimits(QCborStreamReader &reader, int depth, int &itemsLeft) {
+    if (--itemsLeft < 0 || reader.isTag()) {
+        return false;
+    }
+    if (reader.isContainer()) {
+        return depth < DeepestNesting && reader.enterContainer() &&
+               isWithinLimits(reader, depth + 1, itemsLeft) && reader.leaveContainer();
+    }
+    return reader.isString() || reader.isByteArray() ? skipString(reader) : reader.next();
+}
+
+bool isWithinLimits(QCborStreamReader &reader, int depth, int &itemsLeft) {
+    while (reader.hasNext()) {
+        if (!isItemWithinLimits(reader, depth, itemsLeft)) {
+            return false;
+        }
+    }
+    return reader.lastError() == QCborError::NoError;
+}
+
+bool isOneMap(const QByteArray &body) {
+    QCborStreamReader reader(body);
+    int itemsLeft = MostItems;
+    return reader.isMap() && isItemWithinLimits(reader, 0, itemsLeft) &&
+           reader.currentOffset() == body.size();
+}
+
+/// Where the contents are in a body.
+struct Place {
+    qsizetype position = 0;
+    qsizetype size = 0;
+};
+
+/// Reads the next key and value: the contents into `contents`, anything else into `values`.
+bool readMember(QCborStreamReader &reader, QCborMap &values, Place &contents) {
+    const QString key = QCborValue::fromCbor(reader).toString();
+    if (key == Contents && reader.isByteArray()) {
+        contents.size = reader.currentStringChunkSize();
+        const bool isSkipped = skipString(reader);
+        contents.position = reader.currentOffset() - contents.size;
+        return isSkipped;
+    }
+    QCborValue value = QCborValue::fromCbor(reader);
+    if (reader.lastError() != QCborError::NoError) {
+        return false;
+    }
+    values[key] = std::move(value);
+    return true;
+}
+
+bool readMembers(const QByteArray &body, QCborMap &values, Place &contents) {
+    QCborStreamReader reader(body);
+    bool isSound = reader.enterContainer();
+    for (int count = 0; isSound && reader.hasNext(); ++count) {
+        isSound = count < MostMembers && reader.isString() && readMember(reader, values, contents);
+    }
+    return isSound;
+}
+
+}  // namespace
+
 QCborMap DirectConnectionMessage::ofType(const QString &type) {
     return {{Type, type}};
 }
@@ -19,10 +94,14 @@ qsizetype DirectConnectionMessage::length(const QByteArray &start) {
     return qFromBigEndian<quint32>(start.constData());
 }
 
-std::optional<QCborMap> DirectConnectionMessage::decode(const QByteArray &body) {
-    QCborStreamReader reader(body);
-    const QCborValue value = QCborValue::fromCbor(reader);
-    const bool isWhole = reader.lastError() == QCborError::NoError && value.isMap() &&
-                         reader.currentOffset() == body.size();
-    return isWhole ? std::optional(value.toMap()) : std::nullopt;
+std::optional<Received> DirectConnectionMessage::decode(QByteArray body) {
+    Received message;
+    Place contents;
+    if (!isOneMap(body) || !readMembers(body, message.values, contents)) {
+        return {};
+    }
+    body.remove(0, contents.position);
+    body.truncate(contents.size);
+    message.contents = std::move(body);
+    return message;
 }

@@ -30,6 +30,11 @@ inline constexpr qsizetype LimitBeforeAuthorization = 4096;
 inline constexpr qsizetype Limit = qsizetype(64) * 1024 * 1024;
 /// Maximum size of the contents in a message, which leaves room for the other keys.
 inline constexpr qint64 ContentsLimit = Limit - LimitBeforeAuthorization;
+/// Maximum number of members of a message, of all keys, values and elements in it, and of their
+/// nesting. They bound the memory for a message, which may be many times its size otherwise.
+inline constexpr int MostMembers = 64;
+inline constexpr int MostItems = 500'000;
+inline constexpr int DeepestNesting = 4;
 
 inline const QString Type = QStringLiteral("type");
 inline const QString Name = QStringLiteral("name");
@@ -66,7 +71,17 @@ QCborMap ofType(const QString &type);
 QByteArray encode(const QCborMap &message);
 /// Returns the length in the first LengthSize bytes of `start`, which must not be shorter.
 qsizetype length(const QByteArray &start);
-/// Parses the bytes after the length. Returns an empty optional unless they are exactly one map.
-std::optional<QCborMap> decode(const QByteArray &body);
+
+/// A message that was received.
+struct Received {
+    /// All values but the contents.
+    QCborMap values;
+    /// The byte string "contents"; empty if there is none.
+    QByteArray contents;
+};
+/// Parses the bytes after the length, which are not trusted. Returns an empty optional unless they
+/// are exactly one map with text as keys, within the limits, without tags and without strings of
+/// unknown length. The contents take over the memory of `body`, which should be moved here.
+std::optional<Received> decode(QByteArray body);
 
 }  // namespace DirectConnectionMessage

@@ -94,8 +94,8 @@ void DirectConnectionSession::readMore() {
         m_timer.start(m_server.limits.idleTime);
     }
     if (readMessage()) {
-        const std::optional<QCborMap> message = decode(m_received.mid(LengthSize));
-        m_received.clear();
+        const std::optional<Received> message =
+            decode(std::exchange(m_received, {}).remove(0, LengthSize));
         if (message) {
             handle(*message);
         } else {
@@ -123,10 +123,11 @@ bool DirectConnectionSession::readMessage() {
     return m_received.size() == LengthSize + size;
 }
 
-void DirectConnectionSession::handle(const QCborMap &message) {
+void DirectConnectionSession::handle(const Received &received) {
+    const QCborMap &message = received.values;
     const QString type = message[Type].toString();
     if (m_stage == Stage::Serving) {
-        serve(message);
+        serve(received);
     } else if (m_stage == Stage::Greeting && type == Hello) {
         greet(message);
     } else if (m_stage == Stage::Greeting && type == Pair) {
@@ -205,7 +206,7 @@ void DirectConnectionSession::proceed() {
     }
 }
 
-void DirectConnectionSession::serve(const QCborMap &request) {
+void DirectConnectionSession::serve(const Received &request) {
     if (DirectConnectionClients::isAuthorized(m_client.clientName, m_client.clientSecret)) {
         send(answerTo(request));
     } else {
@@ -213,7 +214,8 @@ void DirectConnectionSession::serve(const QCborMap &request) {
     }
 }
 
-QCborMap DirectConnectionSession::answerTo(const QCborMap &request) const {
+QCborMap DirectConnectionSession::answerTo(const Received &received) const {
+    const QCborMap &request = received.values;
     const DirectConnectionPackage &package = m_server.package;
     const QString type = request[Type].toString();
     const QString name = request[Name].toString();
@@ -225,8 +227,7 @@ QCborMap DirectConnectionSession::answerTo(const QCborMap &request) const {
         return answerWith(Contents, package.read(name, limit));
     }
     if (type == Write) {
-        QCborMap answer =
-            answerWith(IsNew, package.writeIfAbsent(name, request[Contents].toByteArray()));
+        QCborMap answer = answerWith(IsNew, package.writeIfAbsent(name, received.contents));
         m_requests.storeDidChange();
         return answer;
     }

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QtCore/QCborMap>
 #include <QtCore/QTimer>
 #include <QtNetwork/QSslSocket>
 #include <functional>
 
 #include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/DirectConnection/DirectConnectionPairing.h"
 
@@ -64,7 +64,7 @@ private:
     /// Returns whether the next message is complete. Ends the session if it is too long.
     bool readMessage();
     /// Dispatches a message by stage and type.
-    void handle(const QCborMap &message);
+    void handle(const DirectConnectionMessage::Received &received);
     /// Check the client's authorization, or start and complete its pairing.
     void greet(const QCborMap &message);
     void beginPairing(const QCborMap &message);
@@ -73,8 +73,8 @@ private:
     void prepare();
     /// Responds to a request. Looks up the authorization each time, so a revoked client is
     /// disconnected.
-    void serve(const QCborMap &request);
-    QCborMap answerTo(const QCborMap &request) const;
+    void serve(const DirectConnectionMessage::Received &request);
+    QCborMap answerTo(const DirectConnectionMessage::Received &received) const;
     void send(const QCborMap &message);
     /// Sends a message, after which the connection is closed.
     void sendLast(const QString &type);

@@ -61,12 +61,12 @@ Expected<QStringList> DirectConnectionStore::listFolder(const QString &folder,
                                                         const EngineFuture &future) {
     QCborMap message = ofType(List);
     message[Folder] = folder;
-    const Expected<QCborMap> answer = request(message, folder, future);
+    const Expected<Received> answer = request(message, folder, future);
     if (!answer) {
         return failure(answer.error());
     }
     QStringList names;
-    const QCborArray found = (*answer)[Names].toArray();
+    const QCborArray found = answer->values[Names].toArray();
     for (const QCborValue name : found) {
         names.append(name.toString());
     }
@@ -78,12 +78,12 @@ Expected<QByteArray> DirectConnectionStore::readBlob(const QString &name, qint64
     QCborMap message = ofType(Read);
     message[Name] = name;
     message[SizeLimit] = limit;
-    const Expected<QCborMap> answer = request(message, name, future);
+    const Expected<Received> answer = request(message, name, future);
     if (!answer) {
         return failure(answer.error());
     }
-    const QByteArray contents = (*answer)[Contents].toByteArray();
-    return contents.size() > limit ? failure(tooLong(name)) : Expected<QByteArray>(contents);
+    return answer->contents.size() > limit ? failure(tooLong(name))
+                                           : Expected<QByteArray>(answer->contents);
 }
 
 Expected<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &name,
@@ -95,36 +95,37 @@ Expected<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &nam
     QCborMap message = ofType(Write);
     message[Name] = name;
     message[Contents] = contents;
-    const Expected<QCborMap> answer = request(message, name, future);
+    const Expected<Received> answer = request(message, name, future);
     if (!answer) {
         return failure(answer.error());
     }
-    return (*answer)[IsNew].toBool() ? Written::New : Written::AlreadyThere;
+    return answer->values[IsNew].toBool() ? Written::New : Written::AlreadyThere;
 }
 
 Expected<void> DirectConnectionStore::removeBlob(const QString &name, const EngineFuture &future) {
     QCborMap message = ofType(Remove);
     message[Name] = name;
-    const Expected<QCborMap> answer = request(message, name, future);
+    const Expected<Received> answer = request(message, name, future);
     return answer ? Expected<void>() : failure(answer.error());
 }
 
-Expected<QCborMap> DirectConnectionStore::request(const QCborMap &request, const QString &name,
+Expected<Received> DirectConnectionStore::request(const QCborMap &request, const QString &name,
                                                   const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
-    const Expected<QCborMap> answer = connectIfNeeded(future).and_then(
-        [&] { return m_link.exchange(request, {AnswerPatience}, future); });
+    Expected<Received> answer = connectIfNeeded(future).and_then(
+        [&] { return m_link.exchange(request, Limit, {AnswerPatience}, future); });
     if (!answer) {
         return failure(future.isCancelled() ? operationCancelled() : answer.error());
     }
-    if ((*answer)[Type] == Done) {
+    const QCborMap &values = answer->values;
+    if (values[Type] == Done) {
         return answer;
     }
-    if ((*answer)[Type] == Failed) {
-        return failure(refusal(*answer, name));
+    if (values[Type] == Failed) {
+        return failure(refusal(values, name));
     }
     m_link.disconnect();
-    const Expected<void> welcome = takeWelcome(*answer);
+    const Expected<void> welcome = takeWelcome(values);
     return failure(welcome ? notUnderstood() : welcome.error());
 }
 
@@ -162,9 +163,8 @@ Expected<void> DirectConnectionStore::greet(const QByteArray &secret, const Engi
     QCborMap message = ofType(Hello);
     message[Name] = clientName();
     message[Secret] = secret;
-    return m_link.exchange(message, {AnswerPatience}, future).and_then([this](const auto &answer) {
-        return takeWelcome(answer);
-    });
+    return m_link.exchange(message, LimitBeforeAuthorization, {AnswerPatience}, future)
+        .and_then([this](const auto &answer) { return takeWelcome(answer.values); });
 }
 
 Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
@@ -176,11 +176,12 @@ Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
     QCborMap message = ofType(Pair);
     message[Name] = pairing.clientName;
     message[Commitment] = pairing.commitment();
-    const Expected<QCborMap> answer = m_link.exchange(message, {AnswerPatience}, future);
+    const Expected<Received> answer =
+        m_link.exchange(message, LimitBeforeAuthorization, {AnswerPatience}, future);
     if (!answer) {
         return failure(answer.error());
     }
-    pairing.serverNonce = (*answer)[Nonce].toByteArray();
+    pairing.serverNonce = answer->values[Nonce].toByteArray();
     if (pairing.serverNonce.size() != DirectConnectionPairing::RandomSize) {
         return failure(notUnderstood());
     }
@@ -195,9 +196,8 @@ Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pai
     message[Nonce] = pairing.clientNonce;
     message[Secret] = pairing.clientSecret;
     const Expected<void> welcome =
-        m_link.exchange(message, {PairingPatience}, future).and_then([this](const auto &answer) {
-            return takeWelcome(answer);
-        });
+        m_link.exchange(message, LimitBeforeAuthorization, {PairingPatience}, future)
+            .and_then([this](const auto &answer) { return takeWelcome(answer.values); });
     if (!welcome) {
         return welcome;
     }

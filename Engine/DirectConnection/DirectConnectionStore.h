@@ -37,8 +37,9 @@ protected:
 private:
     /// Sends `request`, connecting if necessary, and returns the response if it is "done". `name`
     /// is used in error messages.
-    Expected<QCborMap> request(const QCborMap &request, const QString &name,
-                               const EngineFuture &future);
+    Expected<DirectConnectionMessage::Received> request(const QCborMap &request,
+                                                        const QString &name,
+                                                        const EngineFuture &future);
     /// Connects, checks the pinned certificate, and greets or pairs.
     Expected<void> connect(const EngineFuture &future);
     Expected<void> connectIfNeeded(const EngineFuture &future);

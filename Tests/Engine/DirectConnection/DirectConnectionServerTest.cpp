@@ -58,9 +58,12 @@ public:
             return {};
         }
         const qsizetype size = length(m_received);
-        const QCborMap message = decode(m_received.mid(LengthSize, size)).value_or(QCborMap());
+        Received message = decode(m_received.mid(LengthSize, size)).value_or(Received());
         m_received.remove(0, LengthSize + size);
-        return message;
+        if (!message.contents.isEmpty()) {
+            message.values[Contents] = message.contents;
+        }
+        return message.values;
     }
     QString answerTo(const QCborMap &message) {
         send(message);
