@@ -1,0 +1,60 @@
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QMap>
+
+#include "Support/TestMain.h"
+#include "Tests/FuzzTargets.inc"
+
+namespace {
+
+const QString CorpusFolder = QStringLiteral(VELMORA_SOURCE_DIR "/Tests/Fuzz/Corpus/");
+/// Maximum time for one input. The inputs take a small fraction of it unless work is not linear.
+constexpr qint64 MillisecondsForOneInput = 5000;
+
+}  // namespace
+
+/// Runs every fuzz target over its corpus. A target aborts the process if a promise is broken.
+class CorpusTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void everyTargetHasACorpus() {
+        const QStringList names =
+            QDir(CorpusFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+        QStringList targets;
+        for (auto each = FuzzTargets.keyBegin(); each != FuzzTargets.keyEnd(); ++each) {
+            targets.append(QString::fromLatin1(*each));
+        }
+        QCOMPARE(names, targets);
+        QVERIFY(targets.size() >= 12);
+    }
+
+    void everyInputKeepsThePromises_data() {
+        QTest::addColumn<QString>("target");
+        QTest::addColumn<QString>("path");
+        for (auto each = FuzzTargets.keyBegin(); each != FuzzTargets.keyEnd(); ++each) {
+            const QString name = QString::fromLatin1(*each);
+            const QStringList files = QDir(CorpusFolder + name).entryList(QDir::Files);
+            QVERIFY2(files.size() >= 5, each->constData());
+            for (const QString &file : files) {
+                QTest::addRow("%s/%s", each->constData(), qPrintable(file))
+                    << name << CorpusFolder + name + u'/' + file;
+            }
+        }
+    }
+
+    void everyInputKeepsThePromises() {
+        QFETCH(const QString, target);
+        QFETCH(const QString, path);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray input = file.readAll();
+        QElapsedTimer timer;
+        timer.start();
+        FuzzTargets.value(target.toLatin1())(reinterpret_cast<const uint8_t *>(input.constData()),
+                                             static_cast<size_t>(input.size()));
+        QVERIFY(timer.elapsed() < MillisecondsForOneInput);
+    }
+};
+
+VELMORA_TEST(CorpusTest)
+#include "CorpusTest.moc"

@@ -1,0 +1,33 @@
+// Any message of a direct connection is refused, or is a map within the limits, which encodes to a
+// message with the same meaning.
+
+#include <QtCore/QCborArray>
+
+#include "Engine/DirectConnection/DirectConnectionMessage.h"
+#include "Fuzz/FuzzInput.h"
+
+using namespace DirectConnectionMessage;
+using namespace FuzzInput;
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+    const QByteArray body = expanded(bytes(data, size));
+    const std::optional<Received> message = decode(body);
+    if (!message) {
+        return 0;
+    }
+    require(message->values.size() <= MostItems, "the number of items is bounded");
+    require(message->contents.size() <= body.size(), "contents are part of the message");
+    // What the stores and sessions read of it.
+    QStringList names;
+    const QCborArray found = message->values[Names].toArray();
+    for (const QCborValue name : found) {
+        names.append(name.toString());
+    }
+    QCborMap values = message->values;
+    values[Contents] = message->contents;
+    const QByteArray bytes = encode(values);
+    require(length(bytes) == bytes.size() - LengthSize, "the length is that of the body");
+    const std::optional<Received> again = decode(bytes.mid(LengthSize));
+    require(again && again->contents == message->contents, "encoding undoes decoding");
+    return 0;
+}

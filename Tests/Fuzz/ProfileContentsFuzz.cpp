@@ -1,0 +1,168 @@
+// Any rows in the tables of a profile load, or are refused with a message: a profile may come from
+// a damaged disk or from another program. Each line of the input is a table and the values of a
+// row, separated by tabs: n (null), i and a number, t and a text, b and hexadecimal digits.
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTemporaryDir>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Locations/EngineLocationFormatter.h"
+#include "Engine/Locations/EngineLocationsController.h"
+#include "Engine/Locations/EngineSyncLocation.h"
+#include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Notes/FirstContents.h"
+#include "Engine/Notes/KnownTransactions.h"
+#include "Engine/Plugin/BuiltInLocationKinds.h"
+#include "Engine/Plugin/EngineContext.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Schedules/ScheduleByClock.h"
+#include "Fuzz/FuzzInput.h"
+
+using namespace FuzzInput;
+
+namespace {
+
+const QHash<QByteArray, QString> Columns{
+    {"settings", QStringLiteral("key, value")},
+    {"databases", QStringLiteral("id, uuid, name, is_inbox, is_open, sent")},
+    {"operations",
+     QStringLiteral("database, digest, note_uuid, title, text, modified, supersedes, salt,"
+                    " position")},
+    {"superseded", QStringLiteral("database, digest")},
+    {"known_transactions", QStringLiteral("place, database, name, operations, superseded, size")},
+    {"locations", QStringLiteral("uuid, position, url")},
+    {"states",
+     QStringLiteral("location_uuid, database_uuid, database_name, enabled, sync_on_open,"
+                    " sync_on_close, last_synced, schedule, schedule_minutes, schedule_days")},
+    {"grants", QStringLiteral("path")},
+    {"trusted_certificates", QStringLiteral("location_uuid, fingerprint")},
+};
+
+/// A profile that is opened once; each input changes it and is rolled back.
+class Profile {
+public:
+    Profile() {
+        require(m_database
+                    .open(
+                        m_directory.filePath(QStringLiteral("profile")),
+                        [this] { return writeFirstContents(m_database, FirstContents::Inbox); },
+                        [] { return Expected<void>(); })
+                    .has_value(),
+                "a profile can be made");
+    }
+    const ProfileDatabase &database() const { return m_database; }
+
+private:
+    QTemporaryDir m_directory;
+    ProfileDatabase m_database;
+};
+
+const ProfileDatabase &profile() {
+    if (!QCoreApplication::instance()) {
+        static int count = 1;
+        static char name[] = "fuzz";
+        static char *arguments[] = {name, nullptr};
+        static const QCoreApplication application(count, arguments);
+    }
+    static const Profile profile;
+    return profile.database();
+}
+
+QVariant value(const QByteArray &text) {
+    const QByteArray rest = text.mid(1);
+    switch (text.isEmpty() ? 'n' : text.front()) {
+        case 'i':
+            return rest.toLongLong();
+        case 't':
+            return QString::fromUtf8(rest);
+        case 'b':
+            return QByteArray::fromHex(rest);
+        default:
+            return {};
+    }
+}
+
+/// Adds the row unless SQLite refuses it, which is no concern of this target.
+void insertRow(const QByteArray &line) {
+    const QByteArrayList parts = line.split('\t');
+    const QString columns = Columns.value(parts.first());
+    if (columns.isEmpty()) {
+        return;
+    }
+    QVariantList values;
+    QStringList places;
+    for (qsizetype i = 0; i <= columns.count(u','); ++i) {
+        values.append(value(parts.value(i + 1)));
+        places.append(QStringLiteral("?"));
+    }
+    profile().run(QStringLiteral("INSERT OR REPLACE INTO %1 (%2) VALUES (%3)")
+                      .arg(QString::fromLatin1(parts.first()), columns, places.join(u',')),
+                  values);
+}
+
+void checkDatabases() {
+    EngineNoteLibrary library(profile());
+    if (!library.load()) {
+        return;
+    }
+    const auto databases = library.knownDatabases();
+    require(!databases.isEmpty() && databases.first()->isInbox(), "the inbox comes first");
+    for (const auto &database : databases) {
+        const auto own = std::dynamic_pointer_cast<EngineDatabase>(database);
+        const Expected<QList<Note>> notes = own->notes();
+        QSet<QString> UUIDs;
+        for (const Note &note : notes.value_or(QList<Note>())) {
+            require(!UUIDs.contains(note.UUID), "every note has a UUID of its own");
+            UUIDs.insert(note.UUID);
+        }
+        static_cast<void>(own->log().name());
+        static_cast<void>(
+            KnownTransactions(profile(), QStringLiteral("place"), own->log().database()).all());
+    }
+}
+
+void checkState(const QVSyncState &state) {
+    const auto *schedule = dynamic_cast<const ScheduleByClock *>(state.schedule().get());
+    const QDateTime now(QDate(2026, 3, 29), QTime(1, 30));
+    const QDateTime next = schedule ? schedule->nextDateAfter(now) : QDateTime();
+    require(!next.isValid() || next > now, "a schedule fires later");
+}
+
+void checkLocations() {
+    EngineContext context(profile());
+    if (!context.load()) {
+        return;
+    }
+    EngineLocationsController controller(
+        profile(), std::make_shared<EngineLocationKinds>(builtInLocationKinds(context)));
+    if (!controller.load()) {
+        return;
+    }
+    const auto locations = controller.syncLocations();
+    for (const auto &location : locations) {
+        const auto own = std::dynamic_pointer_cast<EngineSyncLocation>(location);
+        require(!EngineLocationFormatter(own->URL(), own->kind()).title().isEmpty(),
+                "every location has a title");
+        require(own->createBlobStore() != nullptr, "every location has a store");
+        const QVSyncStates states = own->synchronizationStates();
+        for (const auto &state : states) {
+            require(!state->databaseUUID().isEmpty(), "every state has a database");
+            checkState(*state);
+        }
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+    const QByteArrayList lines = bytes(data, size).split('\n');
+    static_cast<void>(profile().write([&]() -> Expected<void> {
+        for (const QByteArray &line : lines) {
+            insertRow(line);
+        }
+        checkDatabases();
+        checkLocations();
+        return failure(operationCancelled());
+    }));
+    return 0;
+}
