@@ -51,10 +51,23 @@ struct Place {
     qsizetype size = 0;
 };
 
+/// Reads a text. Returns an empty optional if it is not valid UTF-8, which QCborValue cannot hold.
+std::optional<QString> readText(QCborStreamReader &reader) {
+    QString text;
+    auto piece = reader.readString();
+    for (; piece.status == QCborStreamReader::Ok; piece = reader.readString()) {
+        text += piece.data;
+    }
+    return piece.status == QCborStreamReader::EndOfString ? std::optional(text) : std::nullopt;
+}
+
 /// Reads the next key and value: the contents into `contents`, anything else into `values`.
 bool readMember(QCborStreamReader &reader, QCborMap &values, Place &contents) {
-    const QString key = QCborValue::fromCbor(reader).toString();
-    if (key == Contents && reader.isByteArray()) {
+    const std::optional<QString> key = readText(reader);
+    if (!key) {
+        return false;
+    }
+    if (*key == Contents && reader.isByteArray()) {
         contents.size = reader.currentStringChunkSize();
         const bool isSkipped = skipString(reader);
         contents.position = reader.currentOffset() - contents.size;
@@ -64,7 +77,7 @@ bool readMember(QCborStreamReader &reader, QCborMap &values, Place &contents) {
     if (reader.lastError() != QCborError::NoError) {
         return false;
     }
-    values[key] = std::move(value);
+    values[*key] = std::move(value);
     return true;
 }
 
