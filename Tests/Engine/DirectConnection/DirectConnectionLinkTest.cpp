@@ -12,24 +12,29 @@
 
 namespace {
 
-/// A paired computer that sends a valid message one byte at a time.
-class DribblingPeer {
+/// A computer that sends a valid message of 10,000 bytes.
+class Peer {
 public:
-    explicit DribblingPeer(const DirectConnectionIdentity &identity) {
+    /// The number of bytes that are sent at a time.
+    enum class Pace : qsizetype { Dribbling = 1, Quick = 1 << 20 };
+
+    Peer(const DirectConnectionIdentity &identity, Pace pace) {
         std::promise<quint16> promise;
         std::future<quint16> listeningPort = promise.get_future();
-        m_thread.reset(QThread::create([identity, &promise] { serve(identity, promise); }));
+        m_thread.reset(
+            QThread::create([identity, pace, &promise] { serve(identity, pace, promise); }));
         m_thread->start();
         port = listeningPort.get();
     }
-    ~DribblingPeer() { m_thread->wait(); }
-    DribblingPeer(const DribblingPeer &) = delete;
-    DribblingPeer &operator=(const DribblingPeer &) = delete;
+    ~Peer() { m_thread->wait(); }
+    Peer(const Peer &) = delete;
+    Peer &operator=(const Peer &) = delete;
 
     quint16 port = 0;
 
 private:
-    static void serve(const DirectConnectionIdentity &identity, std::promise<quint16> &promise) {
+    static void serve(const DirectConnectionIdentity &identity, Pace pace,
+                      std::promise<quint16> &promise) {
         QTcpServer server;
         server.listen(QHostAddress::LocalHost);
         promise.set_value(server.serverPort());
@@ -44,15 +49,22 @@ private:
         socket.setSslConfiguration(configuration);
         socket.startServerEncryption();
         socket.waitForEncrypted();
+        constexpr int timeout = 10000;
+        while (socket.bytesAvailable() == 0 && socket.waitForReadyRead(timeout)) {
+        }
         QCborMap message = DirectConnectionMessage::ofType(DirectConnectionMessage::Done);
         message[DirectConnectionMessage::Contents] = QByteArray(10000, 'x');
         const QByteArray bytes = DirectConnectionMessage::encode(message);
-        for (qsizetype i = 0; i < bytes.size() && socket.isEncrypted(); ++i) {
-            socket.write(bytes.mid(i, 1));
+        const auto step = static_cast<qsizetype>(pace);
+        for (qsizetype i = 0; i < bytes.size() && socket.isEncrypted(); i += step) {
+            socket.write(bytes.mid(i, step));
             socket.flush();
             constexpr int interval = 20;
             socket.waitForReadyRead(interval);
             socket.readAll();
+        }
+        if (socket.state() != QAbstractSocket::UnconnectedState) {
+            socket.waitForDisconnected(timeout);
         }
     }
 
@@ -63,22 +75,49 @@ private:
 
 class DirectConnectionLinkTest : public QObject {
     Q_OBJECT
-private Q_SLOTS:
-    void aPeerThatSendsSlowlyIsGivenUp() {
-        const QTemporaryDir folder;
-        const auto identity = DirectConnectionIdentity::load(folder.path());
+
+    const QTemporaryDir m_folder;
+    std::unique_ptr<Peer> m_peer;
+    EngineFuture m_future;
+
+    void connectTo(Peer::Pace pace, DirectConnectionLink &link) {
+        const auto identity = DirectConnectionIdentity::load(m_folder.path());
         QCOMPARE(description(identity), QString());
-        const DribblingPeer peer(*identity);
-        DirectConnectionLink link;
-        const EngineFuture future;
-        QCOMPARE(description(link.connect(QStringLiteral("127.0.0.1"), peer.port, future)),
+        m_peer = std::make_unique<Peer>(*identity, pace);
+        QCOMPARE(description(link.connect(QStringLiteral("127.0.0.1"), m_peer->port, m_future)),
                  QString());
+    }
+
+private Q_SLOTS:
+    void aResponseIsNotLongerThanAllowed() {
+        const QCborMap request = DirectConnectionMessage::ofType(DirectConnectionMessage::List);
+        {
+            DirectConnectionLink link;
+            connectTo(Peer::Pace::Quick, link);
+            QCOMPARE(code(link.exchange(request, DirectConnectionMessage::LimitBeforeAuthorization,
+                                        {std::chrono::seconds(10)}, m_future)),
+                     EngineErrorCode::StoreUnreachable);
+            QVERIFY(!link.isConnected());
+        }
+        DirectConnectionLink link;
+        connectTo(Peer::Pace::Quick, link);
+        const auto answer = link.exchange(request, DirectConnectionMessage::Limit,
+                                          {std::chrono::seconds(10)}, m_future);
+        QCOMPARE(description(answer), QString());
+        QCOMPARE(answer->contents, QByteArray(10000, 'x'));
+        QCOMPARE(answer->values, DirectConnectionMessage::ofType(DirectConnectionMessage::Done));
+        link.disconnect();
+    }
+
+    void aPeerThatSendsSlowlyIsGivenUp() {
+        DirectConnectionLink link;
+        connectTo(Peer::Pace::Dribbling, link);
         using namespace std::chrono_literals;
         QElapsedTimer time;
         time.start();
         const auto answer =
             link.exchange(DirectConnectionMessage::ofType(DirectConnectionMessage::List),
-                          {.idle = 10s, .total = 500ms}, future);
+                          DirectConnectionMessage::Limit, {.idle = 10s, .total = 500ms}, m_future);
         QCOMPARE(code(answer), EngineErrorCode::StoreUnreachable);
         QVERIFY(time.elapsed() >= 500);
         QVERIFY(time.elapsed() < 5000);
