@@ -9,6 +9,7 @@
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QToolBar>
 
+#include "Application/EventLog.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/LogWindow.h"
 #include "Application/NotesView.h"

@@ -1,5 +1,6 @@
 #include "Controller/Preferences/QVSynchronizationSelection.h"
 
+#include <QtGui/QIcon>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 

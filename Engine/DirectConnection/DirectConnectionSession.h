@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QTimer>
+#include <QtNetwork/QSslConfiguration>
 #include <QtNetwork/QSslSocket>
 #include <functional>
 
