@@ -15,7 +15,7 @@ bool isFailing(MemoryStore::Fault found) {
 
 }  // namespace
 
-MemoryStore::MemoryStore(Blobs &blobs, std::function<Fault()> nextFault)
+MemoryStore::MemoryStore(Blobs &blobs, NextFault nextFault)
     : BlobStore(locationWithoutEngine(), std::make_shared<StoreOperations>()),
       m_blobs(blobs),
       m_nextFault(std::move(nextFault)) {}

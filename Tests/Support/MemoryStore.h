@@ -21,9 +21,12 @@ public:
         HalfKept
     };
 
+    using NextFault = std::function<Fault()>;
+
     /// `blobs` is not owned and must outlive this object. `nextFault` is called before each
-    /// operation.
-    MemoryStore(Blobs &blobs, std::function<Fault()> nextFault);
+    /// operation; by default, none fails.
+    explicit MemoryStore(
+        Blobs &blobs, NextFault nextFault = [] { return Fault::None; });
 
     Expected<void> open(const EngineFuture &future) override;
 
@@ -37,5 +40,5 @@ protected:
 
 private:
     Blobs &m_blobs;
-    const std::function<Fault()> m_nextFault;
+    const NextFault m_nextFault;
 };

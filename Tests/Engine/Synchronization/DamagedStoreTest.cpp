@@ -4,11 +4,9 @@
 #include "Engine/DirectConnection/DirectConnectionServer.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Host/InboxUUID.h"
-#include "Host/QVDropboxSessionManager.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
-#include "Support/DropboxBrowser.h"
-#include "Support/DropboxServer.h"
+#include "Support/DropboxTestCase.h"
 #include "Support/Failure.h"
 #include "Support/FreePort.h"
 #include "Support/Replica.h"
@@ -103,17 +101,7 @@ public:
     DropboxFixture() {
         m_server.setEmail(QStringLiteral("damage%1@example.com").arg(++s_accounts));
         m_server.configure();
-        const DropboxBrowser browser;
-        const auto session =
-            requiredHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"))
-                .sessionWithURL(Url());
-        QString account;
-        session->authorizeWithFuture(
-            PZFuture::future(),
-            [&](const std::shared_ptr<PZDropboxAccountInfo> &info, const std::optional<Error> &) {
-                account = info ? info->email() : QStringLiteral("nobody");
-            });
-        QTRY_COMPARE(account, m_server.email());
+        DropboxTestCase::signIn(m_server.email());
     }
     ~DropboxFixture() override { DropboxServer::forget(); }
     std::shared_ptr<BlobStore> store() override {

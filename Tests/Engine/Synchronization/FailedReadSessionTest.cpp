@@ -1,38 +1,16 @@
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
-#include "Host/InboxUUID.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
-#include "Support/MemoryStore.h"
-#include "Support/RunSession.h"
-#include "Support/TestHost.h"
-#include "Support/TestMain.h"
+#include "Support/SessionTestCase.h"
 
 using Fault = FailingTable::Fault;
 
 /// A session that cannot read the profile ends with the error, and writes to the store and removes
 /// from it nothing.
-class FailedReadSessionTest : public QObject {
+class FailedReadSessionTest : public SessionTestCase {
     Q_OBJECT
 private:
-    std::unique_ptr<TestHost> m_host;
-    MemoryStore::Blobs m_blobs;
-
-    const ProfileDatabase &profile() const { return m_host->engine().profile(); }
-
-    void saveNote(const QString &title) {
-        Note note{{}, title, title, {}};
-        QVERIFY(m_host->inbox()->saveNote(note));
-    }
-
-    template <class Session>
-    Expected<void> run() {
-        Session session(profile(), m_host->library(),
-                        {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
-        MemoryStore store(m_blobs, [] { return MemoryStore::Fault::None; });
-        return runSession(session, store);
-    }
-
     static void addTables() {
         QTest::addColumn<QString>("table");
         QTest::addColumn<Fault>("fault");
@@ -45,13 +23,7 @@ private:
 
 private Q_SLOTS:
     void init() {
-        m_host = std::make_unique<TestHost>();
-        m_blobs.clear();
-        for (const QString &title :
-             {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}) {
-            saveNote(title);
-            QVERIFY(run<SyncSession>());
-        }
+        beginWithNotes({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
         // Two superseded operations, in the store and in the profile.
         for (int i = 0; i < 2; ++i) {
             Note note = m_host->inbox()->notes().value().at(i);

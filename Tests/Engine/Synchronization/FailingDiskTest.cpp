@@ -91,7 +91,7 @@ public:
     Expected<void> run(const QString &UUID, MemoryStore::Blobs &blobs) {
         Session session(m_profile, m_library,
                         {UUID, QStringLiteral("Projects"), QStringLiteral("store")});
-        MemoryStore store(blobs, [] { return MemoryStore::Fault::None; });
+        MemoryStore store(blobs);
         return runSession(session, store);
     }
 

@@ -2,44 +2,29 @@
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
-#include "Host/InboxUUID.h"
 #include "Support/Failure.h"
-#include "Support/MemoryStore.h"
-#include "Support/RunSession.h"
-#include "Support/TestHost.h"
-#include "Support/TestMain.h"
+#include "Support/SessionTestCase.h"
 
 /// What a session writes to a store and removes from it while profile or store are not what they
 /// should be.
-class StoreSessionTest : public QObject {
+class StoreSessionTest : public SessionTestCase {
     Q_OBJECT
 private:
-    std::unique_ptr<TestHost> m_host;
-    MemoryStore::Blobs m_blobs;
-
-    const ProfileDatabase &profile() const { return m_host->engine().profile(); }
-
-    void saveNote(const QString &title) {
-        Note note{{}, title, title, {}};
-        QVERIFY(m_host->inbox()->saveNote(note));
-    }
-
+    /// Runs a session whose first write is only half kept.
     template <class Session>
-    Expected<void> run(MemoryStore::Fault writeFault = MemoryStore::Fault::None) {
-        Session session(profile(), m_host->library(),
-                        {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
+    Expected<void> runWithTornWrite() {
+        Session session = newSession<Session>();
         const auto before = m_blobs.size();
-        // The first write is torn, but not what follows it.
         MemoryStore store(m_blobs, [&] {
-            return m_blobs.size() == before ? writeFault : MemoryStore::Fault::None;
+            return m_blobs.size() == before ? MemoryStore::Fault::HalfKept
+                                            : MemoryStore::Fault::None;
         });
         return runSession(session, store);
     }
 
     /// Synchronizes and returns the problems. `nextFault` is called before each operation.
-    QStringList problems(const std::function<MemoryStore::Fault()> &nextFault) {
-        SyncSession session(profile(), m_host->library(),
-                            {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
+    QStringList problems(const MemoryStore::NextFault &nextFault) {
+        SyncSession session = newSession<SyncSession>();
         MemoryStore store(m_blobs, nextFault);
         QStringList problems{description(runSession(session, store))};
         for (const Error &problem : session.problems()) {
@@ -100,14 +85,7 @@ private:
     }
 
 private Q_SLOTS:
-    void init() {
-        m_host = std::make_unique<TestHost>();
-        m_blobs.clear();
-        for (const QString &title : {QStringLiteral("a"), QStringLiteral("b")}) {
-            saveNote(title);
-            QVERIFY(run<SyncSession>());
-        }
-    }
+    void init() { beginWithNotes({QStringLiteral("a"), QStringLiteral("b")}); }
     void cleanup() { m_host.reset(); }
 
     void cleaningUpKeepsWhatTheProfileHasLost() {
@@ -218,7 +196,7 @@ private Q_SLOTS:
 
     void aRecordOfWhichTheStoreKeepsHalfIsWrittenAgain() {
         saveNote(QStringLiteral("c"));
-        const Expected<void> synchronized = run<SyncSession>(MemoryStore::Fault::HalfKept);
+        const Expected<void> synchronized = runWithTornWrite<SyncSession>();
         QCOMPARE(code(synchronized), EngineErrorCode::DamagedRecord);
         QVERIFY(description(synchronized).contains(QStringLiteral("transactions/@inbox/")));
         QVERIFY(run<SyncSession>());
@@ -228,8 +206,7 @@ private Q_SLOTS:
 
     void cleaningUpRemovesNothingIfTheStoreKeepsHalf() {
         const MemoryStore::Blobs before = m_blobs;
-        QCOMPARE(code(run<CleanSession>(MemoryStore::Fault::HalfKept)),
-                 EngineErrorCode::DamagedRecord);
+        QCOMPARE(code(runWithTornWrite<CleanSession>()), EngineErrorCode::DamagedRecord);
         QCOMPARE(m_blobs, before);
     }
 };

@@ -10,10 +10,8 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/SecretStore.h"
 #include "Support/DropboxBrowser.h"
-#include "Support/DropboxServer.h"
+#include "Support/DropboxTestCase.h"
 #include "Support/Failure.h"
-#include "Support/SecretService.h"
-#include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -50,13 +48,9 @@ QString parameter(const QUrl &address, const char *name) {
 }  // namespace
 
 /// Signing in over a real HTTP server, with a real keyring.
-class DropboxSessionManagerTest : public QObject {
+class DropboxSessionManagerTest : public DropboxTestCase {
     Q_OBJECT
 
-    std::unique_ptr<SecretService> m_secrets;
-    int m_tests = 0;
-    std::unique_ptr<TestHost> m_host;
-    std::unique_ptr<DropboxServer> m_server;
     std::unique_ptr<DropboxBrowser> m_browser;
     std::shared_ptr<QVDropboxSession> m_session;
 
@@ -65,10 +59,6 @@ class DropboxSessionManagerTest : public QObject {
         const auto outcome = std::make_shared<Outcome>();
         session.authorizeWithFuture(future, keepIn(outcome));
         return outcome;
-    }
-    static std::shared_ptr<QVDropboxSession> sessionFor(const QString &account) {
-        return requiredHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"))
-            .sessionWithURL(Url::fromString(QLatin1StringView("dropbox://") + account));
     }
     std::shared_ptr<Outcome> authorize() { return authorize(*m_session, PZFuture::future()); }
     /// The address of the loopback interface to which the browser is to come back.
@@ -86,28 +76,16 @@ class DropboxSessionManagerTest : public QObject {
     }
 
 private Q_SLOTS:
-    void initTestCase() { m_secrets = std::make_unique<SecretService>(); }
-    void cleanupTestCase() { m_secrets.reset(); }
-
     void init() {
-        m_host = std::make_unique<TestHost>();
-        m_server = std::make_unique<DropboxServer>();
-        // An account of each test's own.
-        m_server->setEmail(QStringLiteral("test%1@example.com").arg(++m_tests));
-        m_server->configure();
+        DropboxTestCase::init();
         m_browser = std::make_unique<DropboxBrowser>();
-        m_session =
-            requiredHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"))
-                .sessionWithURL(Url());
+        m_session = newSession();
     }
 
     void cleanup() {
-        QCOMPARE(m_server->violations(), QStringList());
         m_session.reset();
         m_browser.reset();
-        m_host.reset();
-        m_server.reset();
-        DropboxServer::forget();
+        DropboxTestCase::cleanup();
     }
 
     void signingInInTheBrowserMakesTheAccountKnown() {
@@ -123,7 +101,7 @@ private Q_SLOTS:
     }
 
     void theAccountOfALocationMaySignInAgain() {
-        const auto session = sessionFor(m_server->email().toUpper());
+        const auto session = newSession(m_server->email().toUpper());
         const auto outcome = authorize(*session, PZFuture::future());
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->email, m_server->email());
@@ -131,7 +109,7 @@ private Q_SLOTS:
     }
 
     void anotherAccountThanThatOfTheLocationIsRefusedInWords() {
-        const auto session = sessionFor(QStringLiteral("kim@example.org"));
+        const auto session = newSession(QStringLiteral("kim@example.org"));
         const auto outcome = authorize(*session, PZFuture::future());
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->email, QString());
@@ -149,7 +127,7 @@ private Q_SLOTS:
         const auto own = authorize();
         QTRY_COMPARE(own->calls, 1);
         const QByteArray access = DropboxTokens::stored(m_server->email())->access;
-        const auto session = sessionFor(QStringLiteral("kim@example.org"));
+        const auto session = newSession(QStringLiteral("kim@example.org"));
         const auto refused = authorize(*session, PZFuture::future());
         QTRY_COMPARE(refused->calls, 1);
         QCOMPARE(refused->email, QString());

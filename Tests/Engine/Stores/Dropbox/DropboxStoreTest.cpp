@@ -6,13 +6,9 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
-#include "Host/QVDropboxSessionManager.h"
 #include "Platform/Foundation/UserDefaults.h"
-#include "Support/DropboxBrowser.h"
-#include "Support/DropboxServer.h"
+#include "Support/DropboxTestCase.h"
 #include "Support/Failure.h"
-#include "Support/SecretService.h"
-#include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -48,29 +44,13 @@ QByteArray fullPage() {
 }  // namespace
 
 /// A store in an account that was signed in to, over a real HTTP server and with a real keyring.
-class DropboxStoreTest : public QObject {
+class DropboxStoreTest : public DropboxTestCase {
     Q_OBJECT
 
-    std::unique_ptr<SecretService> m_secrets;
-    int m_tests = 0;
-    std::unique_ptr<TestHost> m_host;
-    std::unique_ptr<DropboxServer> m_server;
     std::shared_ptr<BlobStore> m_store;
     EngineFuture m_future;
 
-    void signIn() {
-        const DropboxBrowser browser;
-        const auto session =
-            requiredHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"))
-                .sessionWithURL(Url());
-        QString account;
-        session->authorizeWithFuture(
-            PZFuture::future(),
-            [&](const std::shared_ptr<PZDropboxAccountInfo> &info, const std::optional<Error> &) {
-                account = info ? info->email() : QStringLiteral("nobody");
-            });
-        QTRY_COMPARE(account, m_server->email());
-    }
+    void signInAgain() { signIn(m_server->email()); }
     std::shared_ptr<BlobStore> newStore() {
         const Url URL = Url::fromString(QStringLiteral("dropbox://") + m_server->email());
         return m_host->newLocation(URL)->createBlobStore();
@@ -104,25 +84,15 @@ class DropboxStoreTest : public QObject {
     }
 
 private Q_SLOTS:
-    void initTestCase() { m_secrets = std::make_unique<SecretService>(); }
-    void cleanupTestCase() { m_secrets.reset(); }
-
     void init() {
-        m_host = std::make_unique<TestHost>();
-        m_server = std::make_unique<DropboxServer>();
-        // An account of each test's own.
-        m_server->setEmail(QStringLiteral("test%1@example.com").arg(++m_tests));
-        m_server->configure();
-        signIn();
+        DropboxTestCase::init();
+        signIn(m_server->email());
         m_store = newStore();
     }
 
     void cleanup() {
         m_store.reset();
-        m_host.reset();
-        QCOMPARE(m_server->violations(), QStringList());
-        m_server.reset();
-        DropboxServer::forget();
+        DropboxTestCase::cleanup();
     }
 
     void openingMakesNothing() {
@@ -312,7 +282,7 @@ private Q_SLOTS:
 
     void aTokenThatIsAboutToExpireIsRefreshedBefore() {
         m_server->setSecondsToLive(30);
-        signIn();
+        signInAgain();
         const int tokens = m_server->count(DropboxServer::tokenPath());
         m_server->setSecondsToLive(14400);
         m_store = newStore();
@@ -368,7 +338,7 @@ private Q_SLOTS:
                                                      "valid. Edit the location to sign in again.")
                                           .arg(m_server->email()));
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
-        signIn();
+        signInAgain();
         QCOMPARE(description(m_store->open(m_future)), QString());
     }
 
@@ -382,7 +352,7 @@ private Q_SLOTS:
 
     void withoutARefreshTokenTheUserIsAskedToSignInAgain() {
         m_server->giveNoRefreshTokens();
-        signIn();
+        signInAgain();
         m_server->expireAccessTokens();
         QVERIFY(
             description(m_store->open(m_future)).contains(QStringLiteral("is no longer valid")));
@@ -401,7 +371,7 @@ private Q_SLOTS:
 
     void anAddressIsTakenAsItIsWritten() {
         m_server->setEmail(QStringLiteral("Ada%2B%40l+x@Example.COM"));
-        signIn();
+        signInAgain();
         QCOMPARE(description(newStore()->open(m_future)), QString());
     }
 
