@@ -85,9 +85,10 @@ public:
     bool isValid() const;
 
 public Q_SLOTS:
-    /// Shows the default port for the state of `checkBox`, which must be a QCheckBox.
+    /// Shows the default port for the state of `checkBox`, which must be a QCheckBox, and
+    /// validates.
     void toggleHTTPS(QObject *checkBox);
-    /// Enables the OK button if isValid().
+    /// Enables the OK button if isValid(); otherwise disables it. `sender` is not used.
     void validate(QObject *sender);
     /// Called each time the user edits a field.
     void controlTextDidChange();
