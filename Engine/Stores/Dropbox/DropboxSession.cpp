@@ -20,7 +20,7 @@ bool isAccount(const QString &address, const QString &expected) {
 
 /// Presents and returns the error that the user signed in to another account.
 Error refuse(const QString &address, const QString &expected) {
-    const Error error = DropboxError::otherAccount(expected, address);
+    Error error = DropboxError::otherAccount(expected, address);
     if (QVApplication *application = NSApp()) {
         application->presentError(error);
     }
