@@ -102,7 +102,8 @@ private Q_SLOTS:
     }
 
     void theirSizeIsBounded() {
-        const qint64 size = QFileInfo(file()).size() + QFileInfo(file() + QStringLiteral("-wal")).size();
+        const qint64 size =
+            QFileInfo(file()).size() + QFileInfo(file() + QStringLiteral("-wal")).size();
         const ProfileBackups backups(m_host->directory(), {.bytes = size + 1000});
         QVERIFY(backups.make(m_today));
         for (int i = 0; i < 4; ++i) {
@@ -140,21 +141,26 @@ private Q_SLOTS:
         QFETCH(int, fault);
         const ProfileBackups backups(m_host->directory());
         QVERIFY(backups.make(m_today));
-        bool hasSucceeded = false;
-        for (qint64 call = 1; !hasSucceeded; call += call < 20 ? 1 : 7) {
+        const QDate tomorrow = m_today.addDays(1);
+        bool hasFailed = true;
+        for (qint64 call = 1; hasFailed; call += call < 20 ? 1 : 7) {
             const FaultyFileSystem disk(static_cast<FaultyFileSystem::Fault>(fault), call,
                                         FaultyFileSystem::Duration::FromThenOn);
-            const Expected<void> made = backups.make(m_today.addDays(1));
-            QVERIFY(made.has_value() != disk.hasFailed());
-            hasSucceeded = made.has_value();
-            if (!hasSucceeded) {
+            const Expected<void> made = backups.make(tomorrow);
+            hasFailed = disk.hasFailed();
+            // SQLite does without some calls, such as those that close a file.
+            if (made) {
+                QVERIFY(QFile::rename(pathFor(tomorrow), pathFor(m_today.addDays(2))) ||
+                        QFile::remove(pathFor(tomorrow)));
+            } else {
+                QVERIFY(hasFailed);
                 QCOMPARE(code(made), EngineErrorCode::BackupFailed);
-                QCOMPARE(names(), QStringList{QStringLiteral("2026-11-22.sqlite")});
             }
+            QVERIFY(!names().contains(QFileInfo(pathFor(tomorrow)).fileName()));
         }
         QCOMPARE(names().size(), 2);
         QVERIFY(ProfileBackups::verify(pathFor(m_today)));
-        QVERIFY(ProfileBackups::verify(pathFor(m_today.addDays(1))));
+        QVERIFY(ProfileBackups::verify(pathFor(m_today.addDays(2))));
     }
 
     void theScheduleMakesOneADayAndReportsFailuresOnce() {
