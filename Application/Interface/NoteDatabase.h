@@ -17,6 +17,21 @@ struct Note {
     bool operator==(const Note &) const = default;
 };
 
+/// A note as it was before it was replaced or deleted. A value, without the text.
+struct NoteVersion {
+    qint64 identifier = 0;
+    /// The UUID of the note.
+    QString noteUUID;
+    /// The title, cut to 200 characters.
+    QString title;
+    QDateTime modified;
+    /// When it was replaced or deleted, by the clock of this computer.
+    QDateTime ended;
+    /// The title of the location whose synchronization replaced or deleted it; empty if the user
+    /// did on this computer.
+    QString place;
+};
+
 /// A database with its notes, as the application edits it. Must be used on the main thread. A call
 /// that returns an error has no effect; otherwise the change is durable when the call returns.
 class INTERFACE_EXPORT NoteDatabase : public QVDatabase {
@@ -40,6 +55,16 @@ public:
     /// that the UUID shows now. If that edit was replaced meanwhile, or is not there, nothing is
     /// removed: an edit that the caller has not seen survives.
     virtual Expected<void> removeNote(const Note &note) = 0;
+
+    /// Returns the notes that were deleted, here or by a synchronization, as they were last; the
+    /// one deleted last comes first. Notes that the profile no longer keeps are not among them, see
+    /// NoteLibrary::historyLimits.
+    virtual Expected<QList<NoteVersion>> deletedNotes() const = 0;
+    /// Returns the earlier versions of the note `UUID`, the one replaced last first.
+    virtual Expected<QList<NoteVersion>> earlierVersions(const QString &UUID) const = 0;
+    /// Returns the complete note of `version`, with an empty revision, so that saving it restores
+    /// it as a new edit. Fails if the version is no longer kept.
+    virtual Expected<Note> noteOfVersion(const NoteVersion &version) const = 0;
 
 Q_SIGNALS:
     /// Emitted after the database was opened or closed.

@@ -5,6 +5,14 @@
 
 #include "Application/Interface/NoteDatabase.h"
 
+/// How long a profile keeps replaced and deleted notes. Beyond the limits, the oldest are removed.
+struct HistoryLimits {
+    int days = 30;
+    /// For all databases together, in units of 1,048,576 bytes.
+    int megabytes = 256;
+    bool operator==(const HistoryLimits &) const = default;
+};
+
 /// All databases of a profile, open or closed, as the application manages them. Must be used on the
 /// main thread. A call that returns an error has no effect; otherwise the change is durable when
 /// the call returns. Every database that is passed in must come from this library.
@@ -27,6 +35,11 @@ public:
     virtual Expected<void> openDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
     /// Closes `database`; does nothing if it is closed.
     virtual Expected<void> closeDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
+
+    /// Returns the limits for replaced and deleted notes.
+    virtual Expected<HistoryLimits> historyLimits() const = 0;
+    /// Changes the limits, which must not be negative, and removes what exceeds them.
+    virtual Expected<void> setHistoryLimits(const HistoryLimits &limits) = 0;
 
 Q_SIGNALS:
     /// Emitted after a database was created or arrived by a synchronization.

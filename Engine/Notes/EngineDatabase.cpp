@@ -12,7 +12,7 @@ Expected<QList<Note>> EngineDatabase::notes() const {
 
 Expected<void> EngineDatabase::saveNote(Note &note) {
     Note saved = note;
-    if (Expected<void> written = m_profile.write([&] { return m_log.save(saved); }); !written) {
+    if (Expected<void> written = write([&] { return m_log.save(saved); }); !written) {
         return written;
     }
     note = saved;
@@ -21,8 +21,25 @@ Expected<void> EngineDatabase::saveNote(Note &note) {
 }
 
 Expected<void> EngineDatabase::removeNote(const Note &note) {
-    return m_profile.write([&] { return m_log.remove(note); }).map([this] {
-        Q_EMIT notesChanged();
+    return write([&] { return m_log.remove(note); }).map([this] { Q_EMIT notesChanged(); });
+}
+
+Expected<QList<NoteVersion>> EngineDatabase::deletedNotes() const {
+    return m_log.history().deletedNotes();
+}
+
+Expected<QList<NoteVersion>> EngineDatabase::earlierVersions(const QString &UUID) const {
+    return m_log.earlierVersions(UUID);
+}
+
+Expected<Note> EngineDatabase::noteOfVersion(const NoteVersion &version) const {
+    return m_log.history().note(version);
+}
+
+Expected<void> EngineDatabase::write(const std::function<Expected<void>()> &changes) const {
+    return m_profile.write([&] {
+        return changes().and_then(
+            [this] { return NoteHistory::prune(m_profile, QDateTime::currentDateTime()); });
     });
 }
 
@@ -38,16 +55,15 @@ Expected<void> EngineDatabase::setName(const QString &name) {
         });
 }
 
-Expected<void> EngineDatabase::merge(const QList<Transaction> &transactions,
+Expected<void> EngineDatabase::merge(const Merge &merge,
                                      const std::function<Expected<void>()> &changes) {
     QString name;
-    const auto write = [&](const QString &mergedName) {
+    const auto writeMerged = [&](const QString &mergedName) {
         name = mergedName;
         const Expected<void> named = name == m_row.name ? Expected<void>() : writeName(name);
         return named.and_then(changes);
     };
-    if (Expected<void> written =
-            m_profile.write([&] { return mergeLog(transactions).and_then(write); });
+    if (Expected<void> written = write([&] { return mergeLog(merge).and_then(writeMerged); });
         !written) {
         return written;
     }
@@ -59,9 +75,12 @@ Expected<void> EngineDatabase::merge(const QList<Transaction> &transactions,
     return {};
 }
 
-Expected<QString> EngineDatabase::mergeLog(const QList<Transaction> &transactions) const {
-    for (const Transaction &transaction : transactions) {
-        if (const Expected<void> merged = m_log.merge(transaction); !merged) {
+Expected<QString> EngineDatabase::mergeLog(const Merge &merge) const {
+    if (const Expected<void> renewed = m_log.renew(merge.notesToKeep, merge.superseded); !renewed) {
+        return failure(renewed.error());
+    }
+    for (const Transaction &transaction : merge.transactions) {
+        if (const Expected<void> merged = m_log.merge(transaction, merge.place); !merged) {
             return failure(merged.error());
         }
     }

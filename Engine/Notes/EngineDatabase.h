@@ -4,6 +4,18 @@
 
 #include "Engine/Notes/NoteLog.h"
 
+/// What a synchronization merges into a database.
+struct Merge {
+    QList<Transaction> transactions;
+    /// The title of the location that they come from.
+    QString place = {};
+    /// The UUIDs of notes that must stay, even if the transactions delete them.
+    QStringList notesToKeep = {};
+    /// The identifiers that these transactions and those that follow them supersede. Only used if
+    /// there are notes to keep.
+    QSet<OperationId> superseded = {};
+};
+
 /// A database of the profile. Does not cache notes: they are read from the profile by each call.
 /// Must be used on the main thread; all functions that read or write the profile block for it.
 class EngineDatabase : public NoteDatabase {
@@ -30,6 +42,9 @@ public:
     Expected<QList<Note>> notes() const override;
     Expected<void> saveNote(Note &note) override;
     Expected<void> removeNote(const Note &note) override;
+    Expected<QList<NoteVersion>> deletedNotes() const override;
+    Expected<QList<NoteVersion>> earlierVersions(const QString &UUID) const override;
+    Expected<Note> noteOfVersion(const NoteVersion &version) const override;
 
     /// Returns the operations of the database. The reference is valid as long as this object.
     const NoteLog &log() const { return m_log; }
@@ -38,17 +53,18 @@ public:
     Expected<void> setName(const QString &name);
     /// Opens or closes the database and emits `openChanged`. Called by the library only.
     Expected<void> setOpen(bool isOpen);
-    /// Merges `transactions` and calls `changes`, in one transaction of the profile, then emits
+    /// Merges `merge` and calls `changes`, in one transaction of the profile, then emits
     /// `notesChanged`, and `nameChanged` if the name is another one. An error has no effect.
-    Expected<void> merge(const QList<Transaction> &transactions,
-                         const std::function<Expected<void>()> &changes);
+    Expected<void> merge(const Merge &merge, const std::function<Expected<void>()> &changes);
 
 private:
     /// The name is also stored in the row, since that of the inbox, which is in the user's
     /// language, is not synchronized.
     Expected<void> writeName(const QString &name) const;
     /// Merges within the caller's transaction and returns the resulting name of the database.
-    Expected<QString> mergeLog(const QList<Transaction> &transactions) const;
+    Expected<QString> mergeLog(const Merge &merge) const;
+    /// Writes within a transaction, and removes from the history what exceeds its limits.
+    Expected<void> write(const std::function<Expected<void>()> &changes) const;
 
     const ProfileDatabase &m_profile;
     const NoteLog m_log;

@@ -108,10 +108,10 @@ Expected<void> EngineNoteLibrary::importDatabase(const QString &UUID, const QStr
 }
 
 Expected<void> EngineNoteLibrary::merge(const std::shared_ptr<EngineDatabase> &database,
-                                        const QList<Transaction> &transactions,
+                                        const Merge &merge,
                                         const std::function<Expected<void>()> &changes) {
     const QString name = database->name();
-    return database->merge(transactions, changes).map([&] {
+    return database->merge(merge, changes).map([&] {
         if (database->name() != name) {
             post(QVDatabaseRenamedNotification, database.get());
         }
@@ -146,6 +146,18 @@ Expected<void> EngineNoteLibrary::closeDatabase(const std::shared_ptr<NoteDataba
     }
     return own(database)->setOpen(false).map(
         [&] { post(QVSyncPluginDidCloseDatabase, database.get()); });
+}
+
+Expected<HistoryLimits> EngineNoteLibrary::historyLimits() const {
+    return NoteHistory::limits(m_profile);
+}
+
+Expected<void> EngineNoteLibrary::setHistoryLimits(const HistoryLimits &limits) {
+    return m_profile.write([&] {
+        return NoteHistory::setLimits(m_profile, limits).and_then([this] {
+            return NoteHistory::prune(m_profile, QDateTime::currentDateTime());
+        });
+    });
 }
 
 std::shared_ptr<EngineDatabase> EngineNoteLibrary::own(

@@ -34,8 +34,7 @@ public:
     Expected<void> importDatabase(const QString &UUID, const QString &name);
     /// Calls EngineDatabase::merge for `database`, and posts QVDatabaseRenamedNotification if the
     /// name has changed.
-    Expected<void> merge(const std::shared_ptr<EngineDatabase> &database,
-                         const QList<Transaction> &transactions,
+    Expected<void> merge(const std::shared_ptr<EngineDatabase> &database, const Merge &merge,
                          const std::function<Expected<void>()> &changes);
 
     QList<std::shared_ptr<NoteDatabase>> knownDatabases() const override;
@@ -45,6 +44,8 @@ public:
                                   const QString &name) override;
     Expected<void> openDatabase(const std::shared_ptr<NoteDatabase> &database) override;
     Expected<void> closeDatabase(const std::shared_ptr<NoteDatabase> &database) override;
+    Expected<HistoryLimits> historyLimits() const override;
+    Expected<void> setHistoryLimits(const HistoryLimits &limits) override;
 
 private:
     /// Returns `database` as this library's own; another library's is a programming error.

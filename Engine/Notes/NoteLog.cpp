@@ -49,6 +49,20 @@ bool holds(const Operation &operation, const Note &note) {
            operation.text == note.text && operation.modified == soundMilliseconds(note.modified);
 }
 
+/// Whether `longer` is `text` with something inserted at one place.
+bool isContained(const QString &text, const QString &longer) {
+    const auto [end, endInLonger] =
+        std::mismatch(text.begin(), text.end(), longer.begin(), longer.end());
+    return longer.size() >= text.size() &&
+           longer.endsWith(QStringView(text).mid(end - text.begin()));
+}
+
+/// Whether no word of `operation` is lost if `note` replaces it, as while a user types.
+bool isContained(const Operation &operation, const Note &note) {
+    return operation.note == note.UUID && isContained(operation.title, note.title) &&
+           isContained(operation.text, note.text);
+}
+
 qsizetype roughSize(const Operation &operation) {
     constexpr qsizetype members = 200;
     constexpr qsizetype identifier = 35;
@@ -92,7 +106,7 @@ Expected<qint64> NoteLog::insertDatabase(const ProfileDatabase &profile, const Q
 }
 
 NoteLog::NoteLog(const ProfileDatabase &profile, qint64 database)
-    : m_profile(profile), m_database(database) {}
+    : m_profile(profile), m_database(database), m_history(profile, database) {}
 
 Expected<QList<Note>> NoteLog::notes() const {
     const Expected<QList<Row>> all = rows();
@@ -144,9 +158,16 @@ Expected<Operation> NoteLog::writeEdit(const Note &note, const OperationId &seen
     if (!superseded) {
         return failure(superseded.error());
     }
+    const Expected<bool> unsent = isUnsent(seen);
+    if (!unsent) {
+        return failure(unsent.error());
+    }
+    const bool isDispensable = *unsent && *current && isContained(**current, note);
     Operation edit = Operation::make(note.UUID, note.title, note.text,
                                      soundMilliseconds(note.modified), *superseded);
-    return replace(replaced, edit).map([&] { return edit; });
+    return replace(replaced, edit, isDispensable ? Keeping::Drop : Keeping::Keep).map([&] {
+        return edit;
+    });
 }
 
 Expected<void> NoteLog::remove(const Note &note) const {
@@ -193,7 +214,7 @@ Expected<void> NoteLog::setName(const QString &name) const {
     });
 }
 
-Expected<void> NoteLog::merge(const Transaction &transaction) const {
+Expected<void> NoteLog::merge(const Transaction &transaction, const QString &place) const {
     Expected<QSqlQuery> insertion = prepareInsertion();
     if (!insertion) {
         return failure(insertion.error());
@@ -204,7 +225,39 @@ Expected<void> NoteLog::merge(const Transaction &transaction) const {
             return inserted;
         }
     }
-    return supersede(transaction.allSuperseded()).and_then([&] { return markAllSent(); });
+    return supersede(transaction.allSuperseded(), place).and_then([&] { return markAllSent(); });
+}
+
+Expected<void> NoteLog::renew(const QStringList &UUIDs, const QSet<OperationId> &superseded) const {
+    for (const QString &UUID : UUIDs) {
+        const Expected<QList<Operation>> operations =
+            select(QStringLiteral("note_uuid = ?"), {ProfileDatabase::text(UUID)});
+        if (!operations) {
+            return failure(operations.error());
+        }
+        for (const Operation &operation : *operations) {
+            if (Expected<void> renewed = renewOperation(operation, superseded); !renewed) {
+                return renewed;
+            }
+        }
+    }
+    return {};
+}
+
+Expected<void> NoteLog::renewOperation(const Operation &operation,
+                                       const QSet<OperationId> &superseded) const {
+    Operation renewed = operation.renewed();
+    for (;;) {
+        const Expected<bool> known = isSuperseded(renewed.id);
+        if (!known) {
+            return failure(known.error());
+        }
+        if (!*known && !superseded.contains(renewed.id)) {
+            return replace({operation.id}, renewed);
+        }
+        // Another computer has brought the note back before, and it was removed again.
+        renewed = renewed.renewed();
+    }
 }
 
 Expected<void> NoteLog::markAllSent() const {
@@ -213,6 +266,27 @@ Expected<void> NoteLog::markAllSent() const {
                        "(SELECT max(id) FROM operations WHERE database = databases.id), sent)"
                        " WHERE id = ?"),
         {m_database});
+}
+
+Expected<qint64> NoteLog::countOfNotes() const {
+    return m_profile
+        .value(QStringLiteral("SELECT count(DISTINCT note_uuid) FROM operations"
+                              " WHERE database = ? AND note_uuid <> ''"),
+               {m_database})
+        .map([](const QVariant &count) { return count.toLongLong(); });
+}
+
+Expected<QList<NoteVersion>> NoteLog::earlierVersions(const QString &noteUUID) const {
+    const Expected<std::optional<Operation>> shown =
+        shownAs(noteUUID).and_then([&](const OperationId &id) { return operation(id); });
+    if (!shown) {
+        return failure(shown.error());
+    }
+    QStringList UUIDs{noteUUID};
+    if (*shown && (*shown)->note != noteUUID) {
+        UUIDs.append((*shown)->note);
+    }
+    return m_history.versions(UUIDs);
 }
 
 Expected<QList<OperationId>> NoteLog::operationIds() const {
@@ -379,10 +453,18 @@ Expected<bool> NoteLog::isUnsent(const OperationId &identifier) const {
         .map([](const QVariant &found) { return found.isValid(); });
 }
 
-Expected<void> NoteLog::replace(const QList<OperationId> &seen, const Operation &operation) const {
+Expected<bool> NoteLog::isSuperseded(const OperationId &identifier) const {
+    return m_profile
+        .value(QStringLiteral("SELECT 1 FROM superseded WHERE database = ? AND digest = ?"),
+               {m_database, blob(identifier)})
+        .map([](const QVariant &found) { return found.isValid(); });
+}
+
+Expected<void> NoteLog::replace(const QList<OperationId> &seen, const Operation &operation,
+                                Keeping keeping) const {
     return prepareInsertion()
         .and_then([&](QSqlQuery insertion) { return insert(insertion, operation, seen.value(0)); })
-        .and_then([&] { return erase(seen); })
+        .and_then([&] { return erase(seen, keeping); })
         .and_then([&] { return supersede(operation.supersedes); });
 }
 
@@ -412,21 +494,33 @@ Expected<void> NoteLog::insert(QSqlQuery &insertion, const Operation &operation,
                     Operation::packed(operation.supersedes), operation.salt, blob(seen)});
 }
 
-Expected<void> NoteLog::erase(const QList<OperationId> &identifiers) const {
+Expected<void> NoteLog::erase(const QList<OperationId> &identifiers, Keeping keeping,
+                              const QString &place) const {
     Expected<QSqlQuery> deletion = m_profile.prepare(
         QStringLiteral("DELETE FROM operations WHERE database = ? AND digest = ?"));
     if (!deletion) {
         return failure(deletion.error());
     }
+    Expected<QSqlQuery> addition = m_history.prepareAddition();
+    if (!addition) {
+        return failure(addition.error());
+    }
     for (const OperationId &identifier : identifiers) {
-        if (Expected<void> erased = m_profile.run(*deletion, {m_database, identifier}); !erased) {
+        const Expected<void> kept = keeping == Keeping::Keep
+                                        ? m_history.add(*addition, identifier, place)
+                                        : Expected<void>();
+        if (Expected<void> erased = kept.and_then([&] {
+                return m_profile.run(*deletion, {m_database, identifier});
+            });
+            !erased) {
             return erased;
         }
     }
     return {};
 }
 
-Expected<void> NoteLog::supersede(const QList<OperationId> &identifiers) const {
+Expected<void> NoteLog::supersede(const QList<OperationId> &identifiers,
+                                  const QString &place) const {
     Expected<QSqlQuery> insertion = m_profile.prepare(
         QStringLiteral("INSERT OR IGNORE INTO superseded (database, digest) VALUES (?, ?)"));
     if (!insertion) {
@@ -442,5 +536,5 @@ Expected<void> NoteLog::supersede(const QList<OperationId> &identifiers) const {
             added.append(identifier);
         }
     }
-    return erase(added);
+    return erase(added, Keeping::Keep, place);
 }

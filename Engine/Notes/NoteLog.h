@@ -3,6 +3,7 @@
 #include <QtCore/QSet>
 
 #include "Application/Interface/NoteDatabase.h"
+#include "Engine/Notes/NoteHistory.h"
 #include "Engine/Notes/Transaction.h"
 
 class ProfileDatabase;
@@ -13,7 +14,10 @@ class QSqlQuery;
 /// Stores the current operations, and of superseded operations only the identifiers. The set of
 /// superseded identifiers never shrinks, so that the order in which operations arrive does not
 /// matter and no superseded operation returns. An operation that has not been sent to any store is
-/// not superseded by the next edit of its note but replaced, and leaves no trace.
+/// not superseded by the next edit of its note but replaced.
+///
+/// Every removed operation of a note is added to the history, except an unsent one whose title and
+/// text are contained in the edit that replaces it.
 ///
 /// Must be used on the main thread; all functions block for the database. Functions that write must
 /// be called within a transaction of the profile, which the caller must roll back if they return an
@@ -43,8 +47,13 @@ public:
     /// Adds an operation that names the database. `name` must satisfy Operation::isName.
     Expected<void> setName(const QString &name) const;
 
-    /// Adds what `transaction` contains. Idempotent.
-    Expected<void> merge(const Transaction &transaction) const;
+    /// Adds what `transaction` contains. Idempotent. `place` is the title of the location, for the
+    /// history.
+    Expected<void> merge(const Transaction &transaction, const QString &place = {}) const;
+    /// Replaces the current operations of the notes `UUIDs` by new ones with the same contents,
+    /// which are not among those that are `superseded`, so that merging these deletes nothing. All
+    /// computers make the same operations for the same notes.
+    Expected<void> renew(const QStringList &UUIDs, const QSet<OperationId> &superseded) const;
     /// Marks all operations as sent, so that later edits supersede them.
     Expected<void> markAllSent() const;
 
@@ -59,6 +68,12 @@ public:
     /// those of these operations that are still current. If it returns an error, `identifiers` is
     /// unchanged.
     Expected<QList<Operation>> takeOperations(QList<OperationId> &identifiers) const;
+
+    /// Returns the number of notes; conflicting edits of a note count as one.
+    Expected<qint64> countOfNotes() const;
+    /// Returns the earlier versions of what shows as the note `noteUUID`.
+    Expected<QList<NoteVersion>> earlierVersions(const QString &noteUUID) const;
+    const NoteHistory &history() const { return m_history; }
 
     /// Returns the id of the database's row.
     qint64 database() const { return m_database; }
@@ -84,16 +99,27 @@ private:
     /// Returns what an operation that replaces `seen` must supersede.
     Expected<QList<OperationId>> predecessors(const QList<OperationId> &seen) const;
     Expected<bool> isUnsent(const OperationId &identifier) const;
+    Expected<bool> isSuperseded(const OperationId &identifier) const;
+    /// Replaces `operation`, see renew().
+    Expected<void> renewOperation(const Operation &operation,
+                                  const QSet<OperationId> &superseded) const;
 
     Expected<Operation> writeEdit(const Note &note, const OperationId &seen) const;
+    /// Whether the history keeps what is erased.
+    enum class Keeping { Keep, Drop };
+
     /// Adds `operation` in place of `seen`.
-    Expected<void> replace(const QList<OperationId> &seen, const Operation &operation) const;
+    Expected<void> replace(const QList<OperationId> &seen, const Operation &operation,
+                           Keeping keeping = Keeping::Keep) const;
     Expected<QSqlQuery> prepareInsertion() const;
     Expected<void> insert(QSqlQuery &insertion, const Operation &operation,
                           const OperationId &seen) const;
-    Expected<void> erase(const QList<OperationId> &identifiers) const;
-    Expected<void> supersede(const QList<OperationId> &identifiers) const;
+    Expected<void> erase(const QList<OperationId> &identifiers, Keeping keeping = Keeping::Keep,
+                         const QString &place = {}) const;
+    Expected<void> supersede(const QList<OperationId> &identifiers,
+                             const QString &place = {}) const;
 
     const ProfileDatabase &m_profile;
     const qint64 m_database;
+    const NoteHistory m_history;
 };

@@ -22,6 +22,15 @@ Operation Operation::make(const QString &note, const QString &title, const QStri
     return operation;
 }
 
+Operation Operation::renewed() const {
+    Operation operation = *this;
+    operation.supersedes = {id};
+    operation.salt =
+        QCryptographicHash::hash("renewed " + id, QCryptographicHash::Sha256).first(IdentifierSize);
+    operation.id = operation.computedId();
+    return operation;
+}
+
 OperationId Operation::computedId() const {
     const QByteArray titleBytes = title.toUtf8();
     QByteArrayList superseded;

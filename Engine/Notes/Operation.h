@@ -40,6 +40,9 @@ struct Operation {
     /// and contain duplicates.
     static Operation make(const QString &note, const QString &title, const QString &text,
                           std::optional<qint64> modified, QList<OperationId> supersedes);
+    /// Returns an operation with the same contents that supersedes this one. Every call returns the
+    /// same operation, on all computers.
+    Operation renewed() const;
     /// Returns the identifier that follows from the other members.
     OperationId computedId() const;
     /// Returns whether all members have the format and limits that StoreFormat.md requires, and

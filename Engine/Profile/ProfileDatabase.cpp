@@ -78,6 +78,24 @@ QStringList schema() {
         QStringLiteral(
             "CREATE TABLE IF NOT EXISTS trusted_certificates (location_uuid TEXT NOT NULL,"
             " fingerprint TEXT NOT NULL, PRIMARY KEY (location_uuid, fingerprint))"),
+        // Notes that were replaced or deleted. The texts come last, so that reading the other
+        // columns does not read them.
+        QStringLiteral("CREATE TABLE IF NOT EXISTS versions (id INTEGER PRIMARY KEY AUTOINCREMENT,"
+                       " ended INTEGER NOT NULL, size INTEGER NOT NULL,"
+                       " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
+                       " note_uuid TEXT NOT NULL, place TEXT NOT NULL, modified INTEGER,"
+                       " title TEXT NOT NULL, text TEXT NOT NULL)"),
+        QStringLiteral(
+            "CREATE INDEX IF NOT EXISTS versions_of_notes ON versions (database, note_uuid)"),
+        QStringLiteral("CREATE INDEX IF NOT EXISTS age_of_versions ON versions (ended)"),
+        // One row with the sum of versions.size.
+        QStringLiteral("CREATE TABLE IF NOT EXISTS size_of_versions (bytes INTEGER NOT NULL)"),
+        QStringLiteral("INSERT INTO size_of_versions SELECT 0"
+                       " WHERE NOT EXISTS (SELECT 1 FROM size_of_versions)"),
+        QStringLiteral("CREATE TRIGGER IF NOT EXISTS version_added AFTER INSERT ON versions BEGIN"
+                       " UPDATE size_of_versions SET bytes = bytes + new.size; END"),
+        QStringLiteral("CREATE TRIGGER IF NOT EXISTS version_removed AFTER DELETE ON versions BEGIN"
+                       " UPDATE size_of_versions SET bytes = bytes - old.size; END"),
         QStringLiteral("PRAGMA application_id = %1").arg(ProfileInspection::ApplicationId),
         QStringLiteral("PRAGMA user_version = %1").arg(ProfileInspection::SchemaVersion),
     };
@@ -197,15 +215,19 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
     if (version->toInt() == 0) {
         return create(fill);
     }
-    return version->toInt() < ProfileInspection::SchemaVersion ? upgrade(convertNotes)
-                                                               : Expected<void>();
+    if (version->toInt() == ProfileInspection::OldestSchemaVersion) {
+        return upgradeNotes(convertNotes);
+    }
+    return version->toInt() < ProfileInspection::SchemaVersion
+               ? write([&] { return createMissingTables(); })
+               : Expected<void>();
 }
 
 Expected<void> ProfileDatabase::create(const Changes &fill) const {
     return write([&] { return createMissingTables().and_then(fill); });
 }
 
-Expected<void> ProfileDatabase::upgrade(const Changes &convertNotes) const {
+Expected<void> ProfileDatabase::upgradeNotes(const Changes &convertNotes) const {
     return write([&] {
         return runAll({QStringLiteral("ALTER TABLE notes RENAME TO old_notes"),
                        QStringLiteral(

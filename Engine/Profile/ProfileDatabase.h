@@ -42,17 +42,17 @@ public:
     /// and calls `fill` to write the first rows, in one transaction. A profile of schema version 1
     /// is upgraded: its table of notes is renamed to "old_notes" and `convertNotes` is called to
     /// write the notes into the current tables, in one transaction, after which "old_notes" is
-    /// dropped.
+    /// dropped. One of version 2 gets the tables that it lacks.
     ///
     /// A new folder and its files are accessible to their owner only. The permissions of the group
     /// and of other users are removed from an existing profile; if they cannot be, the profile is
     /// opened nevertheless, see `protection`.
     ///
     /// An error describes the problem and names the file or folder. The folder is then as it was
-    /// before the call, apart from those permissions. The code is ProfileUnusable, ProfileDamaged if
-    /// the database is damaged or missing from a folder that had one (see ProfileRecovery),
-    /// ProfileInUse if another process or object has the profile open, ProfileNotWritten, or that of
-    /// the failed callback.
+    /// before the call, apart from those permissions. The code is ProfileUnusable, ProfileDamaged
+    /// if the database is damaged or missing from a folder that had one (see ProfileRecovery),
+    /// ProfileInUse if another process or object has the profile open, ProfileNotWritten, or that
+    /// of the failed callback.
     Expected<void> open(const QString &directory, const Changes &fill, const Changes &convertNotes);
 
     /// Returns the absolute path of the folder, or an empty string if no profile is open.
@@ -98,7 +98,8 @@ private:
     Expected<void> openFile(const Changes &fill, const Changes &convertNotes);
     Expected<void> createMissingTables() const;
     Expected<void> create(const Changes &fill) const;
-    Expected<void> upgrade(const Changes &convertNotes) const;
+    /// Upgrades a profile of schema version 1.
+    Expected<void> upgradeNotes(const Changes &convertNotes) const;
     Expected<void> runAll(const QStringList &statements) const;
     /// Remembers which files are open.
     void rememberFiles();

@@ -19,8 +19,8 @@ private:
     QListWidget *list() const { return m_view->findChild<QListWidget *>(); }
     /// As it comes from another computer.
     void receive(const Transaction &transaction) {
-        QVERIFY(
-            m_host->library().merge(m_database, {transaction}, [] { return Expected<void>(); }));
+        QVERIFY(m_host->library().merge(m_database, Merge{.transactions = {transaction}},
+                                        [] { return Expected<void>(); }));
     }
     OperationId operationOf(const Note &note) const {
         return QByteArray::fromHex(note.revision.toLatin1());

@@ -1,0 +1,171 @@
+#include "Engine/Notes/NoteHistory.h"
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Host/SyncStrings.h"
+
+namespace {
+
+const QString DaysKey = QStringLiteral("historyDays");
+const QString MegabytesKey = QStringLiteral("historyMegabytes");
+constexpr qint64 Megabyte = 1LL << 20;
+/// What a row takes besides its texts, roughly.
+constexpr int BytesOfRow = 200;
+/// Number of rows that are read before it is determined whether enough were removed.
+constexpr int RowsAtOnce = 500;
+
+QDateTime dateIn(const QVariant &milliseconds) {
+    return milliseconds.isNull() ? QDateTime()
+                                 : QDateTime::fromMSecsSinceEpoch(milliseconds.toLongLong());
+}
+
+Expected<int> setting(const ProfileDatabase &profile, const QString &key, int fallback) {
+    return profile.value(QStringLiteral("SELECT value FROM settings WHERE key = ?"), {key})
+        .map([&](const QVariant &value) {
+            bool isNumber = false;
+            const int number = value.toInt(&isNumber);
+            return isNumber && number >= 0 ? number : fallback;
+        });
+}
+
+Expected<void> setSetting(const ProfileDatabase &profile, const QString &key, int value) {
+    return profile.run(QStringLiteral("INSERT OR REPLACE INTO settings (key, value) VALUES (?, ?)"),
+                       {key, value});
+}
+
+/// Removes the oldest versions until about `excess` bytes are removed. Returns how many were.
+Expected<qint64> removeOldest(const ProfileDatabase &profile, qint64 excess) {
+    qint64 removed = 0;
+    qint64 last = 0;
+    const Expected<void> found = profile.read(
+        QStringLiteral("SELECT id, size FROM versions ORDER BY id LIMIT %1").arg(RowsAtOnce), {},
+        [&](const QSqlQuery &row) {
+            if (removed < excess) {
+                last = row.value(0).toLongLong();
+                removed += row.value(1).toLongLong();
+            }
+        });
+    if (!found) {
+        return failure(found.error());
+    }
+    return profile.run(QStringLiteral("DELETE FROM versions WHERE id <= ?"), {last}).map([&] {
+        return removed;
+    });
+}
+
+}  // namespace
+
+NoteHistory::NoteHistory(const ProfileDatabase &profile, qint64 database)
+    : m_profile(profile), m_database(database) {}
+
+Expected<QSqlQuery> NoteHistory::prepareAddition() const {
+    return m_profile.prepare(
+        QStringLiteral("INSERT INTO versions (ended, size, database, note_uuid, place, modified,"
+                       " title, text) SELECT ?, %1 + length(CAST(title AS BLOB)) +"
+                       " length(CAST(text AS BLOB)), database, note_uuid, ?, modified, title, text"
+                       " FROM operations WHERE database = ? AND digest = ? AND note_uuid <> ''")
+            .arg(BytesOfRow));
+}
+
+Expected<void> NoteHistory::add(QSqlQuery &addition, const OperationId &identifier,
+                                const QString &place) const {
+    return m_profile.run(addition, {QDateTime::currentMSecsSinceEpoch(),
+                                    ProfileDatabase::text(place), m_database, identifier});
+}
+
+Expected<QList<NoteVersion>> NoteHistory::read(const QString &condition,
+                                               const QVariantList &values) const {
+    QList<NoteVersion> versions;
+    const Expected<void> done = m_profile.read(
+        QStringLiteral("SELECT id, note_uuid, substr(title, 1, 200), modified, ended, place"
+                       " FROM versions WHERE database = ? AND %1 ORDER BY id DESC")
+            .arg(condition),
+        QVariantList{m_database} + values, [&](const QSqlQuery &row) {
+            versions.append({row.value(0).toLongLong(), row.value(1).toString(),
+                             row.value(2).toString(), dateIn(row.value(3)), dateIn(row.value(4)),
+                             row.value(5).toString()});
+        });
+    if (!done) {
+        return failure(done.error());
+    }
+    return versions;
+}
+
+Expected<QList<NoteVersion>> NoteHistory::deletedNotes() const {
+    return read(QStringLiteral("id IN (SELECT max(id) FROM versions AS v WHERE database = ?"
+                               " AND NOT EXISTS (SELECT 1 FROM operations AS o"
+                               "  WHERE o.database = v.database AND o.note_uuid = v.note_uuid)"
+                               " GROUP BY note_uuid)"),
+                {m_database});
+}
+
+Expected<QList<NoteVersion>> NoteHistory::versions(const QStringList &UUIDs) const {
+    const QStringList places(UUIDs.size(), QStringLiteral("?"));
+    return read(QStringLiteral("note_uuid IN (%1)").arg(places.join(u',')),
+                QVariantList(UUIDs.begin(), UUIDs.end()));
+}
+
+Expected<Note> NoteHistory::note(const NoteVersion &version) const {
+    std::optional<Note> note;
+    const Expected<void> done =
+        m_profile.read(QStringLiteral("SELECT note_uuid, title, text, modified FROM versions"
+                                      " WHERE database = ? AND id = ?"),
+                       {m_database, version.identifier}, [&](const QSqlQuery &row) {
+                           note = Note{row.value(0).toString(), row.value(1).toString(),
+                                       row.value(2).toString(), dateIn(row.value(3))};
+                       });
+    if (!done) {
+        return failure(done.error());
+    }
+    if (!note) {
+        return failure(engineError(EngineErrorCode::InvalidDatabase,
+                                   "This version of “%1” is no longer kept.", version.title));
+    }
+    return *note;
+}
+
+Expected<HistoryLimits> NoteHistory::limits(const ProfileDatabase &profile) {
+    const HistoryLimits defaults;
+    const Expected<int> days = setting(profile, DaysKey, defaults.days);
+    if (!days) {
+        return failure(days.error());
+    }
+    return setting(profile, MegabytesKey, defaults.megabytes).map([&](int megabytes) {
+        return HistoryLimits{*days, megabytes};
+    });
+}
+
+Expected<void> NoteHistory::setLimits(const ProfileDatabase &profile, const HistoryLimits &limits) {
+    return setSetting(profile, DaysKey, limits.days).and_then([&] {
+        return setSetting(profile, MegabytesKey, limits.megabytes);
+    });
+}
+
+Expected<void> NoteHistory::prune(const ProfileDatabase &profile, const QDateTime &now) {
+    const Expected<HistoryLimits> kept = limits(profile);
+    if (!kept) {
+        return failure(kept.error());
+    }
+    if (Expected<void> done = profile.run(QStringLiteral("DELETE FROM versions WHERE ended < ?"),
+                                          {now.addDays(-kept->days).toMSecsSinceEpoch()});
+        !done) {
+        return done;
+    }
+    const Expected<QVariant> size =
+        profile.value(QStringLiteral("SELECT bytes FROM size_of_versions"));
+    if (!size) {
+        return failure(size.error());
+    }
+    qint64 excess = size->toLongLong() - kept->megabytes * Megabyte;
+    while (excess > 0) {
+        const Expected<qint64> removed = removeOldest(profile, excess);
+        if (!removed) {
+            return failure(removed.error());
+        }
+        if (*removed == 0) {
+            break;
+        }
+        excess -= *removed;
+    }
+    return {};
+}

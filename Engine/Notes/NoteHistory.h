@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QtCore/QDateTime>
+
+#include "Application/Interface/NoteDatabase.h"
+#include "Application/Interface/NoteLibrary.h"
+#include "Engine/Notes/Operation.h"
+
+class ProfileDatabase;
+class QSqlQuery;
+
+/// The notes of one database that were replaced or deleted, here or by a synchronization. They stay
+/// in the profile only, and are never sent to a store.
+///
+/// Must be used on the main thread; all functions block for the database. Functions that write must
+/// be called within a transaction of the profile. All errors have the code ProfileNotWritten.
+class NoteHistory {
+public:
+    /// `profile` is not owned and must outlive this object. `database` is the id of the database's
+    /// row.
+    NoteHistory(const ProfileDatabase &profile, qint64 database);
+
+    /// Returns the statement for add().
+    Expected<QSqlQuery> prepareAddition() const;
+    /// Adds the current operation `identifier`, which is about to be removed, by the statement that
+    /// prepareAddition() has returned. `place` is the title of the location whose synchronization
+    /// removes it, or empty if the user does. An operation that is not there, or is not one of a
+    /// note, is ignored.
+    Expected<void> add(QSqlQuery &addition, const OperationId &identifier,
+                       const QString &place) const;
+
+    /// See NoteDatabase::deletedNotes.
+    Expected<QList<NoteVersion>> deletedNotes() const;
+    /// Returns the versions of the notes `UUIDs`, the last one to be replaced first.
+    Expected<QList<NoteVersion>> versions(const QStringList &UUIDs) const;
+    /// See NoteDatabase::noteOfVersion.
+    Expected<Note> note(const NoteVersion &version) const;
+
+    /// Returns how long the profile keeps versions. Unusable settings count as the defaults.
+    static Expected<HistoryLimits> limits(const ProfileDatabase &profile);
+    static Expected<void> setLimits(const ProfileDatabase &profile, const HistoryLimits &limits);
+    /// Removes the versions of all databases that exceed the limits at the time `now`, oldest
+    /// first.
+    static Expected<void> prune(const ProfileDatabase &profile, const QDateTime &now);
+
+private:
+    Expected<QList<NoteVersion>> read(const QString &condition, const QVariantList &values) const;
+
+    const ProfileDatabase &m_profile;
+    const qint64 m_database;
+};

@@ -1,0 +1,296 @@
+#include "Engine/Notes/NoteHistory.h"
+
+#include "Engine/Synchronization/CleanSession.h"
+#include "Engine/Synchronization/SyncSession.h"
+#include "Host/InboxUUID.h"
+#include "Support/FailingTable.h"
+#include "Support/Failure.h"
+#include "Support/MemoryStore.h"
+#include "Support/RunSession.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+/// What a profile keeps of notes that were replaced or deleted, in whatever way.
+class NoteHistoryTest : public QObject {
+    Q_OBJECT
+private:
+    const QString m_here = QStringLiteral("Profile");
+    const QString m_there = QStringLiteral("Other");
+    std::unique_ptr<TestHost> m_host;
+    MemoryStore::Blobs m_blobs;
+
+    const ProfileDatabase &profile() const { return m_host->engine().profile(); }
+    std::shared_ptr<NoteDatabase> inbox() const { return m_host->inbox(); }
+
+    Note add(const QString &title, const QString &text) const {
+        Note note{{}, title, text, {}};
+        return inbox()->saveNote(note) ? note : Note();
+    }
+    Note noteWithTitle(const QString &title) const {
+        const QList<Note> notes = inbox()->notes().value();
+        const auto found = std::find_if(notes.begin(), notes.end(),
+                                        [&](const Note &each) { return each.title == title; });
+        return found == notes.end() ? Note() : *found;
+    }
+    void edit(const QString &title, const QString &text) const {
+        Note note = noteWithTitle(title);
+        note.text = text;
+        QVERIFY(inbox()->saveNote(note));
+    }
+
+    template <class Session>
+    void run() {
+        Session session(
+            profile(), m_host->library(),
+            {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store"), QStringLiteral("Home")});
+        MemoryStore store(m_blobs, [] { return MemoryStore::Fault::None; });
+        QVERIFY(runSession(session, store));
+    }
+    void goTo(const QString &computer) {
+        m_host->goToComputer(computer);
+        run<SyncSession>();
+    }
+
+    QStringList textsOf(const QList<NoteVersion> &versions) const {
+        QStringList texts;
+        for (const NoteVersion &version : versions) {
+            texts.append(inbox()->noteOfVersion(version).value().text);
+        }
+        return texts;
+    }
+    QStringList deletedTexts() const { return textsOf(inbox()->deletedNotes().value()); }
+    QStringList earlierTexts(const QString &title) const {
+        return textsOf(inbox()->earlierVersions(noteWithTitle(title).UUID).value());
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        m_blobs.clear();
+    }
+    void cleanup() { m_host.reset(); }
+
+    void aNoteThatIsDeletedHereIsKept_data() {
+        QTest::addColumn<bool>("isSent");
+        QTest::addRow("never synchronized") << false;
+        QTest::addRow("synchronized") << true;
+    }
+    void aNoteThatIsDeletedHereIsKept() {
+        QFETCH(bool, isSent);
+        const Note note = add(QStringLiteral("a"), QStringLiteral("one"));
+        add(QStringLiteral("b"), QStringLiteral("two"));
+        if (isSent) {
+            run<SyncSession>();
+        }
+        QVERIFY(inbox()->removeNote(note));
+        const QList<NoteVersion> deleted = inbox()->deletedNotes().value();
+        QCOMPARE(deleted.size(), 1);
+        QCOMPARE(deleted.first().title, QStringLiteral("a"));
+        QCOMPARE(deleted.first().place, QString());
+        QVERIFY(deleted.first().ended.secsTo(QDateTime::currentDateTime()) < 60);
+        Note kept = inbox()->noteOfVersion(deleted.first()).value();
+        QCOMPARE(kept.UUID, note.UUID);
+        QCOMPARE(kept.text, QStringLiteral("one"));
+        // Restoring is a new edit, which other computers receive.
+        QVERIFY(inbox()->saveNote(kept));
+        QVERIFY(inbox()->deletedNotes().value().isEmpty());
+        QCOMPARE(textsOf(inbox()->earlierVersions(note.UUID).value()),
+                 QStringList{QStringLiteral("one")});
+        run<SyncSession>();
+        goTo(m_there);
+        QCOMPARE(noteWithTitle(QStringLiteral("a")).text, QStringLiteral("one"));
+    }
+
+    void whatAnEditReplacesIsKept() {
+        add(QStringLiteral("a"), QStringLiteral("sent"));
+        run<SyncSession>();
+        edit(QStringLiteral("a"), QStringLiteral("not sent"));
+        edit(QStringLiteral("a"), QStringLiteral("last"));
+        QCOMPARE(earlierTexts(QStringLiteral("a")),
+                 QStringList({QStringLiteral("not sent"), QStringLiteral("sent")}));
+        QVERIFY(inbox()->deletedNotes().value().isEmpty());
+    }
+
+    /// The text is saved whenever the user pauses.
+    void typingAddsNoVersions() {
+        add(QStringLiteral("a"), QStringLiteral("The end"));
+        edit(QStringLiteral("a"), QStringLiteral("The happy end"));
+        edit(QStringLiteral("a"), QStringLiteral("The happy end."));
+        QVERIFY(earlierTexts(QStringLiteral("a")).isEmpty());
+        edit(QStringLiteral("a"), QStringLiteral("The end."));
+        QCOMPARE(earlierTexts(QStringLiteral("a")), QStringList{QStringLiteral("The happy end.")});
+        run<SyncSession>();
+        edit(QStringLiteral("a"), QStringLiteral("The end. No."));
+        QCOMPARE(earlierTexts(QStringLiteral("a")),
+                 QStringList({QStringLiteral("The end."), QStringLiteral("The happy end.")}));
+    }
+
+    void whatASynchronizationReplacesOrDeletesIsKept_data() {
+        QTest::addColumn<bool>("isCleanedUp");
+        QTest::addRow("at once") << false;
+        QTest::addRow("after a clean-up") << true;
+    }
+    void whatASynchronizationReplacesOrDeletesIsKept() {
+        QFETCH(bool, isCleanedUp);
+        add(QStringLiteral("a"), QStringLiteral("one"));
+        add(QStringLiteral("b"), QStringLiteral("two"));
+        run<SyncSession>();
+        goTo(m_there);
+        edit(QStringLiteral("a"), QStringLiteral("changed"));
+        QVERIFY(inbox()->removeNote(noteWithTitle(QStringLiteral("b"))));
+        run<SyncSession>();
+        if (isCleanedUp) {
+            run<CleanSession>();
+        }
+        goTo(m_here);
+        QCOMPARE(earlierTexts(QStringLiteral("a")), QStringList{QStringLiteral("one")});
+        QCOMPARE(deletedTexts(), QStringList{QStringLiteral("two")});
+        QCOMPARE(inbox()->deletedNotes().value().first().place, QStringLiteral("Home"));
+        run<CleanSession>();
+        m_host->restart();
+        QCOMPARE(deletedTexts(), QStringList{QStringLiteral("two")});
+    }
+
+    void aConflictingEditThatIsReplacedIsKept() {
+        add(QStringLiteral("a"), QStringLiteral("one"));
+        run<SyncSession>();
+        goTo(m_there);
+        edit(QStringLiteral("a"), QStringLiteral("there"));
+        run<SyncSession>();
+        m_host->goToComputer(m_here);
+        edit(QStringLiteral("a"), QStringLiteral("here"));
+        run<SyncSession>();
+        const QList<Note> notes = inbox()->notes().value();
+        QCOMPARE(notes.size(), 2);
+        const QString lost = notes.at(1).text;
+        QVERIFY(inbox()->removeNote(notes.at(1)));
+        QVERIFY(earlierTexts(QStringLiteral("a")).contains(lost));
+    }
+
+    void versionsAreKeptForThirtyDays() {
+        QCOMPARE(m_host->library().historyLimits().value(), (HistoryLimits{30, 256}));
+        QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("old"))));
+        QVERIFY(inbox()->removeNote(add(QStringLiteral("b"), QStringLiteral("new"))));
+        const auto age = [this](const QString &title, int days) {
+            const QDateTime ended = QDateTime::currentDateTime().addDays(-days).addSecs(60);
+            QVERIFY(profile().run(QStringLiteral("UPDATE versions SET ended = ? WHERE title = ?"),
+                                  {ended.toMSecsSinceEpoch(), title}));
+        };
+        age(QStringLiteral("a"), 30);
+        add(QStringLiteral("c"), {});
+        QCOMPARE(deletedTexts().size(), 2);
+        age(QStringLiteral("a"), 31);
+        add(QStringLiteral("d"), {});
+        QCOMPARE(deletedTexts(), QStringList{QStringLiteral("new")});
+        age(QStringLiteral("b"), 8);
+        QVERIFY(m_host->library().setHistoryLimits({7, 256}));
+        QVERIFY(deletedTexts().isEmpty());
+        QCOMPARE(profile().value(QStringLiteral("SELECT bytes FROM size_of_versions")).value(), 0);
+    }
+
+    void theOldestGoFirstBeyondTheSize() {
+        QVERIFY(m_host->library().setHistoryLimits({30, 1}));
+        m_host->restart();
+        QCOMPARE(m_host->library().historyLimits().value(), (HistoryLimits{30, 1}));
+        for (int i = 0; i < 6; ++i) {
+            const QString text(300000, QChar(u'0' + i));
+            QVERIFY(inbox()->removeNote(add(QString::number(i), text)));
+        }
+        QStringList titles;
+        const QList<NoteVersion> deleted = inbox()->deletedNotes().value();
+        for (const NoteVersion &version : deleted) {
+            titles.append(version.title);
+        }
+        QCOMPARE(titles,
+                 QStringList({QStringLiteral("5"), QStringLiteral("4"), QStringLiteral("3")}));
+        QVERIFY(
+            profile().value(QStringLiteral("SELECT bytes FROM size_of_versions"))->toLongLong() <=
+            1 << 20);
+        // Many small ones take space, too.
+        for (int i = 0; i < 700; ++i) {
+            QVERIFY(profile().run(
+                QStringLiteral("INSERT INTO versions (ended, size, database, note_uuid, place,"
+                               " title, text) SELECT ended, 2000, database, 'u', '', '', ''"
+                               " FROM versions LIMIT 1")));
+        }
+        add(QStringLiteral("last"), {});
+        QVERIFY(
+            profile().value(QStringLiteral("SELECT bytes FROM size_of_versions"))->toLongLong() <=
+            1 << 20);
+    }
+
+    void unusableLimitsCountAsTheDefaults() {
+        for (const char *value : {"-5", "forever", ""}) {
+            QVERIFY(profile().run(
+                QStringLiteral("INSERT OR REPLACE INTO settings VALUES ('historyDays', ?)"),
+                {QString::fromLatin1(value)}));
+            QCOMPARE(m_host->library().historyLimits().value(), HistoryLimits());
+        }
+    }
+
+    void aVersionThatIsGoneCannotBeRestored() {
+        QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("one"))));
+        const NoteVersion version = inbox()->deletedNotes().value().first();
+        QVERIFY(profile().run(QStringLiteral("DELETE FROM versions")));
+        const Expected<Note> note = inbox()->noteOfVersion(version);
+        QCOMPARE(code(note), EngineErrorCode::InvalidDatabase);
+        QVERIFY(description(note).contains(QStringLiteral("“a”")));
+    }
+
+    void aProfileWithoutHistoryIsUpgraded() {
+        add(QStringLiteral("a"), QStringLiteral("one"));
+        for (const char *statement :
+             {"DROP TABLE versions", "DROP TABLE size_of_versions", "PRAGMA user_version = 2"}) {
+            QVERIFY(profile().run(QString::fromLatin1(statement)));
+        }
+        m_host->restart();
+        QCOMPARE(profile().value(QStringLiteral("PRAGMA user_version")).value(), 3);
+        edit(QStringLiteral("a"), QStringLiteral("changed"));
+        QCOMPARE(earlierTexts(QStringLiteral("a")), QStringList{QStringLiteral("one")});
+    }
+
+    void aFailedReadIsAnError_data() {
+        QTest::addColumn<int>("fault");
+        QTest::addRow("all rows") << static_cast<int>(FailingTable::Fault::AllRows);
+        QTest::addRow("later rows") << static_cast<int>(FailingTable::Fault::LaterRows);
+    }
+    void aFailedReadIsAnError() {
+        QFETCH(int, fault);
+        const Note kept = add(QStringLiteral("c"), QStringLiteral("one"));
+        edit(QStringLiteral("c"), QStringLiteral("two"));
+        edit(QStringLiteral("c"), QStringLiteral("three"));
+        QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("x"))));
+        QVERIFY(inbox()->removeNote(add(QStringLiteral("b"), QStringLiteral("y"))));
+        const NoteVersion last = inbox()->deletedNotes().value().first();
+        Note note = noteWithTitle(QStringLiteral("c"));
+        note.text = QStringLiteral("lost");
+        const FailingTable failing(profile(), QStringLiteral("versions"),
+                                   static_cast<FailingTable::Fault>(fault));
+        QCOMPARE(code(inbox()->deletedNotes()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(inbox()->noteOfVersion(last)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(inbox()->earlierVersions(kept.UUID)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(inbox()->saveNote(note)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(m_host->library().setHistoryLimits({1, 1})),
+                 EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(noteWithTitle(QStringLiteral("c")).text, QStringLiteral("three"));
+    }
+
+    void aFailedReadOfTheLimitsIsAnError() {
+        Note note = add(QStringLiteral("a"), QStringLiteral("one"));
+        const FailingTable failing(profile(), QStringLiteral("settings"),
+                                   FailingTable::Fault::AllRows);
+        QCOMPARE(code(m_host->library().historyLimits()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(inbox()->removeNote(note)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(noteWithTitle(QStringLiteral("a")).text, QStringLiteral("one"));
+    }
+
+    void aFailedReadOfTheSizeIsAnError() {
+        Note note = add(QStringLiteral("a"), QStringLiteral("one"));
+        const FailingTable failing(profile(), QStringLiteral("size_of_versions"),
+                                   FailingTable::Fault::AllRows);
+        QCOMPARE(code(inbox()->removeNote(note)), EngineErrorCode::ProfileNotWritten);
+    }
+};
+
+VELMORA_TEST(NoteHistoryTest)
+#include "NoteHistoryTest.moc"
