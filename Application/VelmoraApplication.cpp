@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "Application/Interface/NoteLibrary.h"
+#include "Application/RemovalDialog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Platform/Interface/PlainText.h"
@@ -81,6 +82,17 @@ void VelmoraApplication::ask(const Question &question, std::function<void(bool)>
         handler(box->clickedButton() == accept);
     });
     box->open();
+}
+
+void VelmoraApplication::askAboutRemoval(const RemovalQuestion &question,
+                                         std::function<void(RemovalDecision)> handler) {
+    if (m_isBatch) {
+        QMetaObject::invokeMethod(
+            this, [handler = std::move(handler)] { handler(RemovalDecision::Later); },
+            Qt::QueuedConnection);
+        return;
+    }
+    (new RemovalDialog(question, std::move(handler), activeWindow()))->open();
 }
 
 bool VelmoraApplication::notify(QObject *receiver, QEvent *event) {

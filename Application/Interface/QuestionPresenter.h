@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <functional>
 
 #include "Application/Interface/InterfaceExport.h"
@@ -16,6 +16,27 @@ struct Question {
     QString refuseTitle;
 };
 
+/// The question whether a synchronization may remove many notes. A value.
+struct RemovalQuestion {
+    /// The name of the database.
+    QString database;
+    /// The title of the location that removes the notes.
+    QString location;
+    /// The titles of the notes that would be removed; may contain empty ones.
+    QStringList titles;
+    /// Number of notes in the database.
+    qint64 total = 0;
+};
+
+/// What happens to the notes of a RemovalQuestion.
+enum class RemovalDecision {
+    /// They stay, also on the other computers.
+    Keep,
+    Remove,
+    /// Nothing is synchronized; the next synchronization asks again.
+    Later,
+};
+
 /// Asks the user questions for the sync plug-in. Must be used on the main thread.
 class INTERFACE_EXPORT QuestionPresenter {
 public:
@@ -24,6 +45,10 @@ public:
     /// Shows `question` and returns at once. `handler` is called once, on the main thread, after
     /// this call has returned, with true if the user accepted; closing the question refuses it.
     virtual void ask(const Question &question, std::function<void(bool accepted)> handler) = 0;
+    /// Shows `question` with the list of the notes and returns at once. `handler` is called once,
+    /// on the main thread, after this call has returned; closing the question decides for Later.
+    virtual void askAboutRemoval(const RemovalQuestion &question,
+                                 std::function<void(RemovalDecision)> handler) = 0;
 
     /// The presenter of the process, not owned; nullptr before the application has set it and after
     /// it has ended. Must be called on the main thread.

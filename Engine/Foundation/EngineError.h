@@ -35,6 +35,8 @@ enum class EngineErrorCode {
     BackupFailed,
     /// A record was damaged, and its contents are written again.
     RecordRepaired,
+    /// A synchronization would remove many notes, and the user has not decided.
+    RemovalUndecided,
 };
 
 /// Returns an error whose message to the user is `description`, a complete sentence.

@@ -8,6 +8,7 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Synchronization/EngineDispatcher.h"
 #include "Host/InboxUUID.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 
@@ -64,12 +65,15 @@ void ServedStoreSynchronizer::synchronize(const std::function<void()> &handler) 
     const QStringList UUIDs = databaseUUIDs();
     const auto left = std::make_shared<qsizetype>(UUIDs.size());
     for (const QString &UUID : UUIDs) {
-        m_dispatcher.synchronizeWithStore(
-            {.databaseUUID = UUID, .databaseName = UUID, .store = Place},
-            m_location->createBlobStore(), [left, handler](const auto & /*result*/) {
-                if (--*left == 0) {
-                    handler();
-                }
-            });
+        m_dispatcher.synchronizeWithStore({.databaseUUID = UUID,
+                                           .databaseName = UUID,
+                                           .store = Place,
+                                           .place = localizedSyncString("direct connections")},
+                                          m_location->createBlobStore(),
+                                          [left, handler](const auto & /*result*/) {
+                                              if (--*left == 0) {
+                                                  handler();
+                                              }
+                                          });
     }
 }

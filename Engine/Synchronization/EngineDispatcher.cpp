@@ -1,5 +1,7 @@
 #include "Engine/Synchronization/EngineDispatcher.h"
 
+#include <QtCore/QPointer>
+
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Locations/EngineSyncLocation.h"
@@ -86,6 +88,7 @@ void EngineDispatcher::synchronizeWithStore(
 }
 
 void EngineDispatcher::cancelJobsOfLocation(const QString &identifier) {
+    m_asked.removeIf([&](const auto &asked) { return asked.value() == identifier; });
     for (const Entry &entry : std::as_const(m_running)) {
         if (entry.job->subject().store == identifier) {
             entry.job->cancel();
@@ -123,11 +126,12 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
         postHandler(handler);
         return;
     }
+    const QString title = EngineLocationFormatter(location->URL(), location->kind()).title();
     const StoreSession::Subject subject{state->databaseUUID(), state->databaseName(),
-                                        location->identifier()};
+                                        location->identifier(), title};
     m_waiting.append({std::make_shared<SyncJob>(kind, m_profile, m_library, subject,
                                                 location->createBlobStore()),
-                      EngineLocationFormatter(location->URL(), location->kind()).title(),
+                      title,
                       state,
                       {[handler](const auto &) { handler(); }}});
     startWaiting();
@@ -165,6 +169,9 @@ void EngineDispatcher::ended(const SyncJob *job) {
     if (done.state && done.job->result() && done.job->kind() == SyncJob::Kind::Synchronization) {
         rememberSynchronized(*done.state);
     }
+    if (const auto removal = done.job->undecidedRemoval()) {
+        askAboutRemoval(done, *removal);
+    }
     startWaiting();
     for (const auto &handler : done.handlers) {
         handler(done.job->result());
@@ -184,6 +191,37 @@ void EngineDispatcher::report(const Entry &entry) {
     } else if (entry.state) {
         logSync(successText(entry.job->kind()).arg(name, entry.title));
     }
+}
+
+void EngineDispatcher::askAboutRemoval(const Entry &entry, const StoreSession::Removal &removal) {
+    const StoreSession::Subject &subject = entry.job->subject();
+    QuestionPresenter *presenter = QuestionPresenter::shared();
+    if (!presenter || m_asked.contains(subject.databaseUUID)) {
+        return;
+    }
+    m_asked.insert(subject.databaseUUID, subject.store);
+    const RemovalQuestion question{nameOf(subject), subject.place, removal.titles, removal.total};
+    presenter->askAboutRemoval(
+        question, [self = QPointer(this), entry, UUIDs = removal.UUIDs](RemovalDecision decision) {
+            const StoreSession::Subject &asked = entry.job->subject();
+            // The location may have been removed meanwhile.
+            if (self && self->m_asked.take(asked.databaseUUID) == asked.store) {
+                self->synchronizeAgain(entry, {UUIDs, decision});
+            }
+        });
+}
+
+void EngineDispatcher::synchronizeAgain(const Entry &entry, const SyncSession::Decision &decision) {
+    if (decision.decision == RemovalDecision::Later) {
+        return;
+    }
+    m_waiting.append(
+        {std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, m_profile, m_library,
+                                   entry.job->subject(), entry.job->store(), decision),
+         entry.title,
+         entry.state,
+         {}});
+    startWaiting();
 }
 
 QString EngineDispatcher::nameOf(const StoreSession::Subject &subject) const {

@@ -62,6 +62,11 @@ private:
     QString nameOf(const StoreSession::Subject &subject) const;
     /// Writes the problems and the result of a job to the application's log.
     void report(const Entry &entry);
+    /// Asks the user about the notes that the failed job would have removed, unless a question
+    /// about that database is open, and starts a synchronization with the decision.
+    void askAboutRemoval(const Entry &entry, const StoreSession::Removal &removal);
+    /// Synchronizes again, with what the user has decided.
+    void synchronizeAgain(const Entry &entry, const SyncSession::Decision &decision);
     /// Sets and stores the date of the last synchronization.
     void rememberSynchronized(QVSyncState &state);
 
@@ -70,4 +75,6 @@ private:
     WorkerThreads m_threads;
     QList<Entry> m_waiting;
     QList<Entry> m_running;
+    /// The stores about whose removals the user is asked, by the UUID of the database.
+    QHash<QString, QString> m_asked;
 };

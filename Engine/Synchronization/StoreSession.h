@@ -31,6 +31,16 @@ public:
         QString databaseName;
         /// Identifies the store in the profile: any text, as long as it is the same store.
         QString store;
+        /// The title of the location, for the user.
+        QString place = {};
+    };
+    /// Notes that disappear if a synchronization merges what it has read.
+    struct Removal {
+        QStringList UUIDs;
+        /// In the same order, cut to 200 characters.
+        QStringList titles;
+        /// Number of notes in the database before.
+        qint64 total = 0;
     };
 
     /// `profile` and `library` are not owned and must outlive this object.
@@ -50,6 +60,9 @@ public:
     bool isDone() const { return m_isDone; }
     /// Returns the problems with single records, which did not prevent the others from being read.
     const QList<Error> &problems() const { return m_problems; }
+    /// Returns the removal that the user has to decide about, if the session has ended with an
+    /// error of the code RemovalUndecided.
+    const std::optional<Removal> &undecidedRemoval() const { return m_undecidedRemoval; }
 
 protected:
     /// Constant, thus thread-safe.
@@ -71,6 +84,7 @@ protected:
     QString path(const QString &name) const;
     void addProblem(const Error &error) { m_problems.append(error); }
     void setDone() { m_isDone = true; }
+    void setUndecidedRemoval(const Removal &removal) { m_undecidedRemoval = removal; }
 
     /// What remains to be written to the store.
     QList<OperationId> m_operationsToWrite;
@@ -91,6 +105,7 @@ private:
     EngineNoteLibrary &m_library;
     const Subject m_subject;
     QList<Error> m_problems;
+    std::optional<Removal> m_undecidedRemoval;
     /// The prepared transaction and, once it is written, its name and its size in bytes.
     Transaction m_transaction;
     QString m_transactionName;

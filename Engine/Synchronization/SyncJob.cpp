@@ -4,13 +4,15 @@
 #include <utility>
 
 #include "Engine/Synchronization/CleanSession.h"
-#include "Engine/Synchronization/SyncSession.h"
 #include "Platform/Foundation/MainQueue.h"
 
 SyncJob::SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &library,
-                 const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store)
+                 const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store,
+                 const SyncSession::Decision &decision)
     : m_kind(kind), m_subject(subject), m_store(std::move(store)) {
-    m_sessions.push_back(std::make_unique<SyncSession>(profile, library, subject));
+    auto synchronization = std::make_unique<SyncSession>(profile, library, subject);
+    synchronization->setDecision(decision);
+    m_sessions.push_back(std::move(synchronization));
     if (kind == Kind::CleanUp) {
         m_sessions.push_back(std::make_unique<CleanSession>(profile, library, subject));
     }
@@ -33,6 +35,10 @@ QList<Error> SyncJob::problems() const {
         problems.append(session->problems());
     }
     return problems;
+}
+
+std::optional<StoreSession::Removal> SyncJob::undecidedRemoval() const {
+    return m_sessions.front()->undecidedRemoval();
 }
 
 void SyncJob::runOnThread(const std::function<Expected<void>()> &work) {

@@ -5,7 +5,7 @@
 
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Foundation/WorkerThreads.h"
-#include "Engine/Synchronization/StoreSession.h"
+#include "Engine/Synchronization/SyncSession.h"
 
 /// Opens a store, runs sessions with it one after the other, and closes it. The store is accessed
 /// on a worker thread, the profile on the main thread. Must be owned by a std::shared_ptr; all
@@ -16,9 +16,11 @@ public:
     enum class Kind { Synchronization, CleanUp };
 
     /// `profile` and `library` are not owned and must exist until the job has ended or was
-    /// abandoned. The job shares ownership of `store`.
+    /// abandoned. The job shares ownership of `store`. `decision` is what the user has decided
+    /// about the notes that an earlier job would have removed.
     SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &library,
-            const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store);
+            const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store,
+            const SyncSession::Decision &decision = {});
 
     /// Starts the job and returns at once. `handler` is called once, later, on the main thread,
     /// when the job has succeeded or failed; it is not called if the job is destroyed or abandoned
@@ -32,10 +34,14 @@ public:
 
     Kind kind() const { return m_kind; }
     const StoreSession::Subject &subject() const { return m_subject; }
+    const std::shared_ptr<BlobStore> &store() const { return m_store; }
     /// Returns an error if the job has failed. It has succeeded if it has ended without one.
     const Expected<void> &result() const { return m_result; }
     /// Returns the problems with single records of the store.
     QList<Error> problems() const;
+    /// Returns the removal that the user has to decide about, if the job has failed with an error
+    /// of the code RemovalUndecided.
+    std::optional<StoreSession::Removal> undecidedRemoval() const;
 
 private:
     /// Starts the next step, or ends the job if there is none or an error occurred.

@@ -1,5 +1,8 @@
 #include "Engine/Synchronization/SyncSession.h"
 
+#include <QtCore/QCryptographicHash>
+#include <algorithm>
+
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
@@ -13,6 +16,25 @@ namespace {
 
 /// Number of bytes after which the records that were read are merged before more are read.
 constexpr qsizetype ReadAtOnce = 4LL << 20;
+/// Size of the records whose transactions are kept in memory until all are compared, in bytes.
+constexpr qint64 KeptUntilCompared = 16LL << 20;
+/// A removal of more notes than this must be decided by the user if it is more than half of them.
+constexpr qint64 FewNotes = 10;
+
+bool isLarge(qint64 removed, qint64 total) {
+    return removed > FewNotes && removed * 2 > total;
+}
+
+/// Returns a digest of what `transaction` does.
+QByteArray digestOf(const Transaction &transaction) {
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const Operation &operation : transaction.operations) {
+        hash.addData(operation.id);
+    }
+    hash.addData("superseded");
+    hash.addData(Operation::packed(transaction.superseded));
+    return hash.result();
+}
 
 }  // namespace
 
@@ -106,6 +128,9 @@ Expected<void> SyncSession::list(BlobStore &store, const EngineFuture &future) {
 Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFuture &future) {
     const TransactionRecords records(store, subject().databaseUUID, future);
     m_readSize = 0;
+    if (m_pass == Pass::Merging && !m_read.isEmpty()) {
+        return {};
+    }
     while (!m_unread.isEmpty() && m_readSize < ReadAtOnce) {
         if (Expected<void> read = readTransaction(records, m_unread.takeFirst()); !read) {
             return read;
@@ -119,7 +144,15 @@ Expected<void> SyncSession::readTransaction(const TransactionRecords &records,
     const Expected<TransactionRecords::Record> record = records.read(name);
     if (record) {
         m_readSize += record->size;
-        m_read.append({name, record->transaction, record->size});
+        const QByteArray digest = digestOf(record->transaction);
+        if (m_released.value(name, digest) == digest) {
+            m_read.append({name, record->transaction, record->size, digest});
+        } else {
+            addProblem(
+                engineError(EngineErrorCode::DamagedRecord,
+                            "The record “%1” has changed while it was read. Synchronize again.",
+                            records.place(name)));
+        }
         return {};
     }
     const Error &error = record.error();
@@ -222,6 +255,11 @@ Expected<void> SyncSession::compareListing() {
     }
     m_unread.removeIf([&](const QString &name) { return all->contains(name); });
     m_step = Step::Reading;
+    const Expected<qint64> count = log().countOfNotes();
+    if (!count) {
+        return failure(count.error());
+    }
+    m_pass = *count > FewNotes ? Pass::Comparing : Pass::Merging;
     return forgetTransactions(gone)
         .and_then([&] { return chooseSuspects(*all, listed); })
         .and_then([this] { return continueReading(); });
@@ -281,8 +319,19 @@ Expected<void> SyncSession::importDatabase() {
 }
 
 Expected<void> SyncSession::continueReading() {
-    return mergeTransactions().and_then([this]() -> Expected<void> {
+    if (m_pass == Pass::Comparing) {
+        compareTransactions();
         if (!m_unread.isEmpty()) {
+            return {};
+        }
+        if (Expected<void> checked = checkRemoval(); !checked) {
+            return checked;
+        }
+        m_pass = Pass::Merging;
+        m_unread = m_released.keys();
+    }
+    return mergeTransactions().and_then([this]() -> Expected<void> {
+        if (!m_unread.isEmpty() || !m_read.isEmpty()) {
             return {};
         }
         m_step = Step::Verifying;
@@ -290,16 +339,70 @@ Expected<void> SyncSession::continueReading() {
     });
 }
 
+void SyncSession::compareTransactions() {
+    qint64 size = 0;
+    for (const Read &each : std::as_const(m_read)) {
+        size += each.size;
+    }
+    for (; m_compared < m_read.size(); ++m_compared) {
+        m_forecast.add(m_read[m_compared].transaction);
+    }
+    if (size > KeptUntilCompared) {
+        for (const Read &each : std::as_const(m_read)) {
+            m_released.insert(each.name, each.digest);
+        }
+        m_read.clear();
+        m_compared = 0;
+    }
+}
+
+Expected<void> SyncSession::checkRemoval() {
+    const Expected<QList<RemovalForecast::Note>> removed =
+        m_forecast.removedNotes(profile(), log().database());
+    if (!removed) {
+        return failure(removed.error());
+    }
+    const Expected<qint64> count = log().countOfNotes();
+    if (!count) {
+        return failure(count.error());
+    }
+    Removal removal{{}, {}, *count};
+    qint64 undecided = 0;
+    QSet<QString> decided;
+    if (m_decision.decision != RemovalDecision::Later) {
+        decided = QSet(m_decision.UUIDs.begin(), m_decision.UUIDs.end());
+    }
+    for (const RemovalForecast::Note &note : *removed) {
+        removal.UUIDs.append(note.UUID);
+        removal.titles.append(note.title);
+        const bool isDecided = decided.contains(note.UUID);
+        undecided += isDecided ? 0 : 1;
+        if (isDecided && m_decision.decision == RemovalDecision::Keep) {
+            m_notesToKeep.append(note.UUID);
+        }
+    }
+    if (undecided > 0 && isLarge(removed->size(), *count)) {
+        setUndecidedRemoval(removal);
+        return failure(engineError(
+            EngineErrorCode::RemovalUndecided,
+            localizedSyncString("The location removes %1 of %2 notes. Nothing was changed. "
+                                "Synchronize again to decide what happens to these notes.")
+                .arg(QString::number(removed->size()), QString::number(*count))));
+    }
+    return {};
+}
+
 Expected<void> SyncSession::mergeTransactions() {
     if (m_read.isEmpty()) {
         return {};
     }
-    const QList<Read> read = std::exchange(m_read, {});
-    QList<Transaction> transactions;
-    for (const Read &each : read) {
-        transactions.append(each.transaction);
+    QList<Read> read;
+    Merge merge{{}, subject().place, std::exchange(m_notesToKeep, {}), m_forecast.superseded()};
+    for (qint64 size = 0; !m_read.isEmpty() && size < ReadAtOnce; size += read.last().size) {
+        read.append(m_read.takeFirst());
+        merge.transactions.append(read.last().transaction);
     }
-    return library().merge(database(), transactions, [&]() -> Expected<void> {
+    return library().merge(database(), merge, [&]() -> Expected<void> {
         for (const Read &each : read) {
             if (Expected<void> added = known().add(each.name, each.transaction, each.size);
                 !added) {

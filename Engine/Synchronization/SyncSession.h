@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Application/Interface/QuestionPresenter.h"
+#include "Engine/Notes/RemovalForecast.h"
 #include "Engine/Synchronization/StoreSession.h"
 #include "Engine/Synchronization/TransactionRecords.h"
 
@@ -13,6 +15,10 @@
 /// the profile has known the record. A failed read is never taken for damage: it ends the session
 /// or, if the record was known, the verification, which is reported as a problem.
 ///
+/// If more than ten notes and more than half of the database's notes would disappear by all that is
+/// read together, nothing is merged or written, and the session ends with an error of the code
+/// RemovalUndecided, unless the user has decided about these notes.
+///
 /// If a read of the profile fails, the session ends with that error and writes nothing further.
 class SyncSession : public StoreSession {
 public:
@@ -22,6 +28,12 @@ public:
         Some,
         All
     };
+    /// What the user has decided about a removal.
+    struct Decision {
+        /// The notes that the user was asked about.
+        QStringList UUIDs;
+        RemovalDecision decision = RemovalDecision::Later;
+    };
     static constexpr int RecordsToVerify = 8;
     static constexpr qint64 BytesToVerify = 2LL << 20;
     /// The maximum number of records that one session moves; the others are only reported.
@@ -29,6 +41,10 @@ public:
 
     SyncSession(const ProfileDatabase &profile, EngineNoteLibrary &library, Subject subject,
                 Verification verification = Verification::Some);
+
+    /// Sets what the user has decided; by default, nothing. Keep brings the notes back by new
+    /// edits, so that the other computers keep them, too. Must be called before the first step.
+    void setDecision(const Decision &decision) { m_decision = decision; }
 
     /// Reads or writes the store, depending on the step.
     Expected<void> accessStore(BlobStore &store, const EngineFuture &future) override;
@@ -43,12 +59,15 @@ private:
         Transaction transaction;
         /// Size of its record in bytes.
         qint64 size = 0;
+        QByteArray digest;
     };
     /// A record to verify. `written` is empty if the profile has never read it.
     struct Suspect {
         QString name;
         std::optional<KnownTransactions::Contents> written;
     };
+    /// Before a merge, all records are read to see what they remove together.
+    enum class Pass { Comparing, Merging };
     /// State of the database's record in the store. Untouchable means an unknown version, or not a
     /// plain file.
     enum class Record { Sound, Absent, Damaged, Untouchable };
@@ -74,16 +93,31 @@ private:
     /// continues.
     Expected<void> recordVerification();
     Expected<void> importDatabase();
+    /// Merges the first of the transactions that were read.
     Expected<void> mergeTransactions();
-    /// Merges what was read, and proceeds to writing if everything was read.
+    /// Compares or merges what was read, and proceeds to writing if everything was merged.
     Expected<void> continueReading();
+    /// Adds what was read to the forecast. Releases the transactions if they take too much memory;
+    /// their records are read again.
+    void compareTransactions();
+    /// Returns an error if the user must decide about notes that disappear.
+    Expected<void> checkRemoval();
     Expected<void> prepareWriting();
     Expected<void> collectUnwritten();
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
 
     const Verification m_verification;
+    Decision m_decision;
     Step m_step = Step::Listing;
+    Pass m_pass = Pass::Merging;
+    RemovalForecast m_forecast;
+    /// The number of transactions of `m_read` that the forecast contains.
+    qsizetype m_compared = 0;
+    /// The digests of the records that were compared and have to be read again, by name.
+    QHash<QString, QByteArray> m_released;
+    /// The notes that the transactions remove although the user keeps them.
+    QStringList m_notesToKeep;
     /// The names of the transactions that remain to be read.
     QStringList m_unread;
     /// The transactions read since the last merge, and their total size in bytes.

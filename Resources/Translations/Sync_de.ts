@@ -1203,6 +1203,22 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>It cannot be read.</source>
         <translation>Es kann nicht gelesen werden.</translation>
     </message>
+    <message>
+        <source>This version of “%1” is no longer kept.</source>
+        <translation>Diese Fassung von „%1“ wird nicht mehr aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>The location removes %1 of %2 notes. Nothing was changed. Synchronize again to decide what happens to these notes.</source>
+        <translation>Der Ort entfernt %1 von %2 Notizen. Es wurde nichts geändert. Synchronisieren Sie erneut, um zu entscheiden, was mit diesen Notizen geschieht.</translation>
+    </message>
+    <message>
+        <source>The record “%1” has changed while it was read. Synchronize again.</source>
+        <translation>Der Datensatz „%1“ hat sich beim Lesen geändert. Synchronisieren Sie erneut.</translation>
+    </message>
+    <message>
+        <source>direct connections</source>
+        <translation>Direktverbindungen</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -32,3 +32,11 @@ void TestApplication::ask(const Question &question, std::function<void(bool)> ha
         qApp, [handler = std::move(handler), accepted = m_isAccepting] { handler(accepted); },
         Qt::QueuedConnection);
 }
+
+void TestApplication::askAboutRemoval(const RemovalQuestion &question,
+                                      std::function<void(RemovalDecision)> handler) {
+    m_removalQuestions.append(question);
+    QMetaObject::invokeMethod(
+        qApp, [handler = std::move(handler), decision = m_removalDecision] { handler(decision); },
+        Qt::QueuedConnection);
+}

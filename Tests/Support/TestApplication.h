@@ -26,11 +26,16 @@ public:
     const QList<Question> &questions() const { return m_questions; }
     /// Sets the answer to every later question (default: refused).
     void answerQuestions(bool accepting) { m_isAccepting = accepting; }
+    const QList<RemovalQuestion> &removalQuestions() const { return m_removalQuestions; }
+    /// Sets the answer to every later question about a removal (default: later).
+    void decideRemovals(RemovalDecision decision) { m_removalDecision = decision; }
 
     std::shared_ptr<QVDatabase> inbox() const override;
     void logItemCmd(const QString &title, const QString &info) override;
     void presentError(const Error &error) override;
     void ask(const Question &question, std::function<void(bool)> handler) override;
+    void askAboutRemoval(const RemovalQuestion &question,
+                         std::function<void(RemovalDecision)> handler) override;
 
 private:
     SyncEngine *m_engine = nullptr;
@@ -38,4 +43,6 @@ private:
     QList<LogEntry> m_logEntries;
     QList<Question> m_questions;
     bool m_isAccepting = false;
+    QList<RemovalQuestion> m_removalQuestions;
+    RemovalDecision m_removalDecision = RemovalDecision::Later;
 };

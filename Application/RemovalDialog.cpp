@@ -1,0 +1,87 @@
+#include "Application/RemovalDialog.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+#include <utility>
+
+namespace {
+
+/// More are only counted.
+constexpr qsizetype MostTitles = 10000;
+
+QLabel *plainLabel(const QString &text) {
+    auto *label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+}  // namespace
+
+RemovalDialog::RemovalDialog(const RemovalQuestion &question,
+                             std::function<void(RemovalDecision)> handler, QWidget *parent)
+    : QDialog(parent), m_handler(std::move(handler)) {
+    setWindowTitle(QGuiApplication::applicationDisplayName());
+    setWindowModality(Qt::WindowModal);
+    setAttribute(Qt::WA_DeleteOnClose);
+    resize(560, 420);
+
+    auto *heading = plainLabel(tr("The synchronization with “%1” would remove %2 of the %3 notes "
+                                  "in “%4”.")
+                                   .arg(question.location, QString::number(question.titles.size()),
+                                        QString::number(question.total), question.database));
+    QFont bold = heading->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+    auto *list = new QListWidget;
+    list->setAccessibleName(tr("Notes that would be removed"));
+    list->setUniformItemSizes(true);
+    for (const QString &title : question.titles.first(qMin(question.titles.size(), MostTitles))) {
+        const QString line = title.simplified();
+        list->addItem(line.isEmpty() ? tr("Untitled") : line);
+    }
+    if (question.titles.size() > MostTitles) {
+        list->addItem(tr("… and %1 more").arg(question.titles.size() - MostTitles));
+    }
+
+    auto *buttons = new QDialogButtonBox;
+    auto *keep = buttons->addButton(tr("&Keep the Notes"), QDialogButtonBox::AcceptRole);
+    auto *remove = buttons->addButton(tr("&Remove Them"), QDialogButtonBox::DestructiveRole);
+    auto *later = buttons->addButton(tr("Decide &Later"), QDialogButtonBox::RejectRole);
+    keep->setDefault(true);
+    connect(keep, &QPushButton::clicked, this, [this] { decide(RemovalDecision::Keep); });
+    connect(remove, &QPushButton::clicked, this, [this] { decide(RemovalDecision::Remove); });
+    connect(later, &QPushButton::clicked, this, &QDialog::reject);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(heading);
+    layout->addWidget(plainLabel(
+        tr("Nothing has been changed yet. If you keep the notes, they also return on your other "
+           "computers. If you remove them, you find them in “Deleted Notes” for a while.")));
+    layout->addWidget(list, 1);
+    layout->addWidget(buttons);
+}
+
+RemovalDialog::~RemovalDialog() {
+    callHandler();
+}
+
+void RemovalDialog::decide(RemovalDecision decision) {
+    m_decision = decision;
+    accept();
+}
+
+void RemovalDialog::done(int result) {
+    QDialog::done(result);
+    callHandler();
+}
+
+void RemovalDialog::callHandler() {
+    if (const auto handler = std::exchange(m_handler, nullptr)) {
+        handler(m_decision);
+    }
+}

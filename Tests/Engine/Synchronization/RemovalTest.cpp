@@ -1,0 +1,377 @@
+#include "Engine/Notes/RemovalForecast.h"
+
+#include <QtCore/QUuid>
+
+#include "Engine/Synchronization/CleanSession.h"
+#include "Engine/Synchronization/SyncSession.h"
+#include "Host/InboxUUID.h"
+#include "Support/FailingTable.h"
+#include "Support/Failure.h"
+#include "Support/MemoryStore.h"
+#include "Support/RunSession.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+/// A synchronization that would remove many notes waits for the user's decision.
+class RemovalTest : public QObject {
+    Q_OBJECT
+private:
+    const QString m_here = QStringLiteral("Profile");
+    const QString m_there = QStringLiteral("Other");
+    std::unique_ptr<TestHost> m_host;
+    MemoryStore::Blobs m_blobs;
+
+    std::shared_ptr<NoteDatabase> inbox() const { return m_host->inbox(); }
+    const ProfileDatabase &profile() const { return m_host->engine().profile(); }
+    const NoteLog &log() const { return m_host->library().synchronizedDatabase(InboxUUID)->log(); }
+
+    void addNotes(int count, const QString &text = QStringLiteral("text")) const {
+        for (int i = 0; i < count; ++i) {
+            Note note{{}, QString::number(i), text, {}};
+            QVERIFY(inbox()->saveNote(note));
+        }
+    }
+    QStringList titles() const {
+        QStringList titles;
+        const QList<Note> notes = inbox()->notes().value();
+        for (const Note &note : notes) {
+            titles.append(note.title);
+        }
+        return titles;
+    }
+
+    struct Run {
+        Expected<void> result;
+        std::optional<StoreSession::Removal> removal;
+    };
+    template <class Session = SyncSession>
+    Run run(const SyncSession::Decision &decision = {}) {
+        Session session(
+            profile(), m_host->library(),
+            {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store"), QStringLiteral("Home")});
+        if constexpr (std::is_same_v<Session, SyncSession>) {
+            session.setDecision(decision);
+        }
+        MemoryStore store(m_blobs, [] { return MemoryStore::Fault::None; });
+        const Expected<void> result = runSession(session, store);
+        return {result, session.undecidedRemoval()};
+    }
+    /// Synchronizes again with a decision about what the first attempt would remove.
+    Run decide(RemovalDecision decision) {
+        const Run undecided = run();
+        return undecided.removal ? run({undecided.removal->UUIDs, decision}) : undecided;
+    }
+
+    void write(const Transaction &transaction) {
+        const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
+        m_blobs[QStringLiteral("transactions/@inbox/%1.json").arg(name)] = transaction.encoded();
+    }
+    /// Removes the first `count` notes by records of which each removes at most `each` notes, as
+    /// whoever can write to the store is able to.
+    void attack(int count, int each = 1000000) {
+        const QList<OperationId> operations = log().operationIds().value();
+        for (int i = 0; i < count; i += each) {
+            write({{}, operations.mid(i, qMin(each, count - i))});
+        }
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        m_blobs.clear();
+    }
+    void cleanup() { m_host.reset(); }
+
+    void oneRecordThatDeletesEverythingChangesNothing() {
+        addNotes(40);
+        QVERIFY(run().result);
+        attack(40);
+        Note mine{{}, QStringLiteral("mine"), {}, {}};
+        QVERIFY(inbox()->saveNote(mine));
+        const MemoryStore::Blobs blobs = m_blobs;
+        for (int i = 0; i < 2; ++i) {
+            const Run refused = run();
+            QCOMPARE(code(refused.result), EngineErrorCode::RemovalUndecided);
+            QVERIFY2(description(refused.result).contains(QStringLiteral("40 of 41")),
+                     qPrintable(description(refused.result)));
+            QCOMPARE(refused.removal->UUIDs.size(), 40);
+            QCOMPARE(refused.removal->titles.first(), QStringLiteral("0"));
+            QCOMPARE(refused.removal->total, 41);
+            QCOMPARE(titles().size(), 41);
+            QCOMPARE(m_blobs, blobs);
+        }
+    }
+
+    void manyRecordsCountTogether() {
+        addNotes(40);
+        QVERIFY(run().result);
+        attack(40, 1);
+        QCOMPARE(code(run().result), EngineErrorCode::RemovalUndecided);
+        QCOMPARE(titles().size(), 40);
+    }
+
+    void theThreshold_data() {
+        QTest::addColumn<int>("notes");
+        QTest::addColumn<int>("removed");
+        QTest::addColumn<bool>("asks");
+        QTest::addRow("all of ten") << 10 << 10 << false;
+        QTest::addRow("ten of eleven") << 11 << 10 << false;
+        QTest::addRow("all of eleven") << 11 << 11 << true;
+        QTest::addRow("exactly half") << 22 << 11 << false;
+        QTest::addRow("one more than half") << 22 << 12 << true;
+        QTest::addRow("more than half, odd") << 21 << 11 << true;
+        QTest::addRow("less than half") << 100 << 49 << false;
+        QTest::addRow("nothing") << 20 << 0 << false;
+    }
+    void theThreshold() {
+        QFETCH(int, notes);
+        QFETCH(int, removed);
+        QFETCH(bool, asks);
+        addNotes(notes);
+        QVERIFY(run().result);
+        attack(removed);
+        const Run synchronized = run();
+        QCOMPARE(!synchronized.result, asks);
+        QCOMPARE(titles().size(), asks ? notes : notes - removed);
+        QCOMPARE(inbox()->deletedNotes().value().size(), asks ? 0 : removed);
+    }
+
+    void notesThatAreReplacedAreNotRemoved() {
+        addNotes(20);
+        QVERIFY(run().result);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        const QList<Note> notes = inbox()->notes().value();
+        for (Note note : notes) {
+            note.text = QStringLiteral("changed");
+            QVERIFY(inbox()->saveNote(note));
+            QVERIFY(run().result);
+        }
+        QVERIFY(run<CleanSession>().result);
+        m_host->goToComputer(m_here);
+        QVERIFY(run().result);
+        QCOMPARE(titles().size(), 20);
+    }
+
+    void keptNotesReturnEverywhere() {
+        addNotes(20);
+        const QStringList all = titles();
+        QVERIFY(run().result);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        attack(20);
+        // This computer accepts the removal, the other one does not.
+        QVERIFY(decide(RemovalDecision::Remove).result);
+        QVERIFY(titles().isEmpty());
+        QCOMPARE(inbox()->deletedNotes().value().size(), 20);
+        QCOMPARE(inbox()->deletedNotes().value().first().place, QStringLiteral("Home"));
+        m_host->goToComputer(m_here);
+        QVERIFY(decide(RemovalDecision::Keep).result);
+        QCOMPARE(titles(), all);
+        QVERIFY(run().result);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        QStringList returned = titles();
+        returned.sort();
+        QStringList expected = all;
+        expected.sort();
+        QCOMPARE(returned, expected);
+    }
+
+    void twoComputersThatKeepTheNotesMakeNoDuplicates() {
+        addNotes(20);
+        const QStringList all = titles();
+        QVERIFY(run().result);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        attack(20);
+        const MemoryStore::Blobs attacked = m_blobs;
+        QVERIFY(decide(RemovalDecision::Keep).result);
+        const MemoryStore::Blobs answered = m_blobs;
+        // The other one has not seen this answer when it decides.
+        m_host->goToComputer(m_here);
+        m_blobs = attacked;
+        QVERIFY(decide(RemovalDecision::Keep).result);
+        m_blobs.insert(answered.begin(), answered.end());
+        QVERIFY(run().result);
+        QCOMPARE(titles(), all);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        QCOMPARE(titles(), all);
+    }
+
+    void aRepeatedAttackIsAnsweredByAllComputers() {
+        addNotes(20);
+        const QStringList all = titles();
+        QVERIFY(run().result);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        attack(20);
+        QVERIFY(decide(RemovalDecision::Keep).result);
+        attack(20);
+        QVERIFY(decide(RemovalDecision::Keep).result);
+        QCOMPARE(titles(), all);
+        // This one has seen neither before.
+        m_host->goToComputer(m_here);
+        QVERIFY(run().result);
+        QCOMPARE(titles(), all);
+        // Nor has this one, which sees the second attack without the answer.
+        attack(20);
+        QVERIFY(decide(RemovalDecision::Keep).result);
+        QCOMPARE(titles(), all);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        QCOMPARE(titles(), all);
+    }
+
+    /// The bytes that bring a note back are the same on all computers, and may be removed before
+    /// another computer decides.
+    void notesAreKeptThoughTheyWereBroughtBackAndRemovedBefore() {
+        addNotes(20);
+        const QStringList all = titles();
+        QVERIFY(run().result);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        attack(20);
+        QVERIFY(decide(RemovalDecision::Keep).result);
+        attack(20);
+        m_host->goToComputer(m_here);
+        QVERIFY(decide(RemovalDecision::Keep).result);
+        QCOMPARE(titles(), all);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        QCOMPARE(titles(), all);
+    }
+
+    void removedNotesAreRemovedEverywhere() {
+        addNotes(20);
+        QVERIFY(run().result);
+        attack(15);
+        QVERIFY(decide(RemovalDecision::Remove).result);
+        QCOMPARE(titles().size(), 5);
+        QVERIFY(run().result);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        QCOMPARE(titles().size(), 5);
+    }
+
+    void decidingLaterAsksAgain() {
+        addNotes(20);
+        QVERIFY(run().result);
+        attack(20);
+        QCOMPARE(code(decide(RemovalDecision::Later).result), EngineErrorCode::RemovalUndecided);
+        QCOMPARE(titles().size(), 20);
+        QVERIFY(decide(RemovalDecision::Remove).result);
+    }
+
+    void aDecisionIsOnlyAboutTheNotesThatWereListed_data() {
+        QTest::addColumn<int>("decision");
+        QTest::addRow("keep") << static_cast<int>(RemovalDecision::Keep);
+        QTest::addRow("remove") << static_cast<int>(RemovalDecision::Remove);
+    }
+    void aDecisionIsOnlyAboutTheNotesThatWereListed() {
+        QFETCH(int, decision);
+        addNotes(20);
+        QVERIFY(run().result);
+        attack(15);
+        const Run undecided = run();
+        attack(20);
+        const Run again = run({undecided.removal->UUIDs, static_cast<RemovalDecision>(decision)});
+        QCOMPARE(code(again.result), EngineErrorCode::RemovalUndecided);
+        QCOMPARE(again.removal->UUIDs.size(), 20);
+        QCOMPARE(titles().size(), 20);
+    }
+
+    /// Such records are read twice rather than kept in memory.
+    void largeRecordsCountTogetherToo() {
+        addNotes(20);
+        QVERIFY(run().result);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        const QString text(Operation::NoteLimit - 100, u'x');
+        for (int i = 0; i < 3; ++i) {
+            Note note{{}, QStringLiteral("large %1").arg(i), text, {}};
+            QVERIFY(inbox()->saveNote(note));
+        }
+        QVERIFY(run().result);
+        m_host->goToComputer(m_here);
+        attack(20);
+        QCOMPARE(code(run().result), EngineErrorCode::RemovalUndecided);
+        QCOMPARE(titles().size(), 20);
+        QVERIFY(decide(RemovalDecision::Keep).result);
+        QCOMPARE(titles().size(), 23);
+    }
+
+    void aFailedReadIsAnError_data() {
+        QTest::addColumn<QString>("table");
+        QTest::addRow("operations") << QStringLiteral("operations");
+        QTest::addRow("superseded") << QStringLiteral("superseded");
+    }
+    void aFailedReadIsAnError() {
+        QFETCH(QString, table);
+        addNotes(12);
+        QVERIFY(run().result);
+        RemovalForecast forecast;
+        const QString note = inbox()->notes().value().first().UUID;
+        forecast.add({{Operation::make(note, {}, {}, {}, log().operationIds().value())}, {}});
+        QCOMPARE(forecast.removedNotes(profile(), log().database()).value().size(), 11);
+        const FailingTable failing(profile(), table, FailingTable::Fault::AllRows);
+        QCOMPARE(code(forecast.removedNotes(profile(), log().database())),
+                 EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().renew({note}, {})), EngineErrorCode::ProfileNotWritten);
+        if (table == QStringLiteral("operations")) {
+            QCOMPARE(code(log().countOfNotes()), EngineErrorCode::ProfileNotWritten);
+        }
+    }
+
+    void theUserIsAskedOnceAndTheDecisionIsCarriedOut_data() {
+        QTest::addColumn<int>("decision");
+        QTest::addColumn<int>("left");
+        QTest::addRow("keep") << static_cast<int>(RemovalDecision::Keep) << 20;
+        QTest::addRow("remove") << static_cast<int>(RemovalDecision::Remove) << 0;
+        QTest::addRow("later") << static_cast<int>(RemovalDecision::Later) << 20;
+    }
+    void theUserIsAskedOnceAndTheDecisionIsCarriedOut() {
+        QFETCH(int, decision);
+        QFETCH(int, left);
+        m_host->application().decideRemovals(static_cast<RemovalDecision>(decision));
+        addNotes(20);
+        const auto location = m_host->addLocation();
+        const auto state = m_host->addState(location, inbox());
+        state->setEnabled(true);
+        m_host->save();
+        QVSyncDispatcher *dispatcher = m_host->engine().plugin().dispatcher();
+        const auto synchronize = [&] {
+            bool isDone = false;
+            dispatcher->performSynchronizationsWithSynchronizationStates({state},
+                                                                         [&] { isDone = true; });
+            QTRY_VERIFY(isDone);
+        };
+        synchronize();
+        const QDateTime before = state->lastSynced();
+        const QString file = location->URL().path() + QStringLiteral("/transactions/@inbox/") +
+                             QUuid::createUuid().toString(QUuid::WithoutBraces) +
+                             QStringLiteral(".json");
+        QFile record(file);
+        QVERIFY(record.open(QIODevice::WriteOnly));
+        record.write(Transaction{{}, log().operationIds().value()}.encoded());
+        record.close();
+        synchronize();
+        QCOMPARE(state->lastSynced(), before);
+        QTRY_COMPARE(m_host->application().removalQuestions().size(), 1);
+        QTRY_VERIFY(dispatcher->activity().isEmpty());
+        QTRY_COMPARE(titles().size(), left);
+        const RemovalQuestion question = m_host->application().removalQuestions().first();
+        QCOMPARE(question.titles.size(), 20);
+        QCOMPARE(question.total, 20);
+        QCOMPARE(question.database, inbox()->name());
+        QVERIFY(!question.location.isEmpty());
+        synchronize();
+        const bool isLater = decision == static_cast<int>(RemovalDecision::Later);
+        QTRY_COMPARE(m_host->application().removalQuestions().size(), isLater ? 2 : 1);
+        QCOMPARE(titles().size(), left);
+    }
+};
+
+VELMORA_TEST(RemovalTest)
+#include "RemovalTest.moc"
