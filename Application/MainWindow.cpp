@@ -10,6 +10,7 @@
 #include <QtWidgets/QToolBar>
 
 #include "Application/EventLog.h"
+#include "Application/HistoryDialog.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/LogWindow.h"
 #include "Application/NotesView.h"
@@ -66,6 +67,12 @@ void MainWindow::makeActions() {
 
     QMenu *editMenu = menuBar()->addMenu(tr("&Edit"));
     editMenu->addAction(m_notes->undoDeletionAction());
+    editMenu->addSeparator();
+    m_versionsAction =
+        editMenu->addAction(tr("Earlier &Versions…"), this, &MainWindow::showEarlierVersions);
+    m_deletedAction =
+        editMenu->addAction(tr("&Deleted Notes…"), this, &MainWindow::showDeletedNotes);
+    connect(m_notes, &NotesView::noteChanged, this, &MainWindow::updateHistoryActions);
 
     QMenu *toolsMenu = menuBar()->addMenu(tr("&Tools"));
     QAction *preferencesAction =
@@ -112,6 +119,7 @@ void MainWindow::showDatabase() {
     m_renameAction->setEnabled(database && !database->isInbox());
     m_openAction->setEnabled(database && !database->isInbox());
     m_openAction->setText(database && database->isOpen() ? tr("&Close") : tr("&Open"));
+    updateHistoryActions();
 }
 
 std::shared_ptr<NoteDatabase> MainWindow::currentDatabase() const {
@@ -170,6 +178,31 @@ void MainWindow::showLog() {
     }
     m_logWindow->show();
     m_logWindow->raise();
+}
+
+void MainWindow::showDeletedNotes() {
+    showHistory({});
+}
+
+void MainWindow::showEarlierVersions() {
+    showHistory(m_notes->note());
+}
+
+void MainWindow::showHistory(const Note &note) {
+    // Saving may change the note's revision, and the database may be closed meanwhile.
+    if (!m_notes->leave() || !m_notes->database()) {
+        return;
+    }
+    auto *dialog = new HistoryDialog(m_library, m_notes->database(),
+                                     note.UUID.isEmpty() ? Note() : m_notes->note(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &HistoryDialog::restored, m_notes, &NotesView::select);
+    dialog->open();
+}
+
+void MainWindow::updateHistoryActions() {
+    m_versionsAction->setEnabled(!m_notes->note().UUID.isEmpty());
+    m_deletedAction->setEnabled(m_notes->database() != nullptr);
 }
 
 void MainWindow::bringToFront() {

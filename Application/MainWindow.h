@@ -8,6 +8,7 @@ class EventLog;
 class LogWindow;
 class NoteDatabase;
 class NoteLibrary;
+struct Note;
 class NotesView;
 class PreferencesWindow;
 class QAction;
@@ -59,6 +60,13 @@ private:
     /// Opens or closes the selected database. Has no effect for the inbox.
     void toggleOpen();
     void showLog();
+    /// Shows the deleted notes of the database in a sheet.
+    void showDeletedNotes();
+    /// Shows the earlier versions of the note in a sheet.
+    void showEarlierVersions();
+    /// Opens the sheet for the database, or for `note` if it has a UUID.
+    void showHistory(const Note &note);
+    void updateHistoryActions();
 
     NoteLibrary *const m_library;
     EventLog *const m_log;
@@ -68,6 +76,8 @@ private:
     NotesView *m_notes;
     QAction *m_renameAction = nullptr;
     QAction *m_openAction = nullptr;
+    QAction *m_versionsAction = nullptr;
+    QAction *m_deletedAction = nullptr;
     /// Null while the window is closed.
     QPointer<PreferencesWindow> m_preferences;
     /// Null until it is opened for the first time.

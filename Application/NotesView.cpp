@@ -160,6 +160,13 @@ void NotesView::showNote(int row) {
     m_title->setEnabled(row >= 0);
     m_text->setEnabled(row >= 0);
     m_removeButton->setEnabled(row >= 0);
+    Q_EMIT noteChanged();
+}
+
+void NotesView::select(const Note &note) {
+    if (const int row = rowOf(note); row >= 0) {
+        m_list->setCurrentRow(row);
+    }
 }
 
 void NotesView::showContents() {

@@ -39,6 +39,14 @@ public:
     /// Returns the action that restores the note deleted last, in its database. Owned by this view;
     /// disabled while there is no such note.
     QAction *undoDeletionAction() const { return m_undoAction; }
+    /// Returns the note that is shown, without unsaved edits; no UUID while there is none.
+    const Note &note() const { return m_note; }
+    /// Selects the note with the UUID of `note`, unless the user does not leave the shown one.
+    void select(const Note &note);
+
+Q_SIGNALS:
+    /// Emitted after another note, or none, is shown.
+    void noteChanged();
 
 private:
     /// A deleted note that can be restored.

@@ -1,0 +1,210 @@
+#include "Application/HistoryDialog.h"
+
+#include <QtCore/QLocale>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QSpinBox>
+#include <QtWidgets/QSplitter>
+#include <QtWidgets/QTreeWidget>
+
+#include "Application/PresentIfFailed.h"
+
+namespace {
+
+constexpr int MostDays = 3650;
+constexpr int MostMegabytes = 100000;
+
+QTreeWidgetItem *rowWith(const QStringList &texts) {
+    auto *row = new QTreeWidgetItem(texts);
+    row->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren);
+    return row;
+}
+
+}  // namespace
+
+HistoryDialog::HistoryDialog(NoteLibrary *library, const std::shared_ptr<NoteDatabase> &database,
+                             const Note &note, QWidget *parent)
+    : QDialog(parent),
+      m_library(library),
+      m_database(database),
+      m_note(note),
+      m_list(new QTreeWidget),
+      m_text(new QPlainTextEdit),
+      m_explanation(new QLabel),
+      m_restoreButton(new QPushButton(tr("&Restore"))),
+      m_days(new QSpinBox),
+      m_megabytes(new QSpinBox) {
+    setWindowTitle(isOfNote() ? tr("Earlier Versions") : tr("Deleted Notes"));
+    setWindowModality(Qt::WindowModal);
+    resize(820, 500);
+    makeWidgets();
+    connect(m_list, &QTreeWidget::currentItemChanged, this, &HistoryDialog::showText);
+    connect(m_list, &QTreeWidget::itemSelectionChanged, this,
+            [this] { m_restoreButton->setEnabled(!m_list->selectedItems().isEmpty()); });
+    connect(m_restoreButton, &QPushButton::clicked, this, &HistoryDialog::restore);
+    connect(m_database.get(), &NoteDatabase::notesChanged, this, &HistoryDialog::showVersions);
+    showVersions();
+}
+
+void HistoryDialog::makeWidgets() {
+    m_explanation->setTextFormat(Qt::PlainText);
+    m_explanation->setWordWrap(true);
+    m_list->setAccessibleName(windowTitle());
+    m_list->setHeaderLabels({tr("Title"), tr("When"), tr("Change")});
+    m_list->setRootIsDecorated(false);
+    m_list->setUniformRowHeights(true);
+    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_list->header()->setStretchLastSection(true);
+    m_text->setAccessibleName(tr("Text"));
+    m_text->setReadOnly(true);
+    auto *splitter = new QSplitter(Qt::Vertical);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(m_list);
+    splitter->addWidget(m_text);
+
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    buttons->button(QDialogButtonBox::Close)->setText(tr("&Close"));
+    buttons->addButton(m_restoreButton, QDialogButtonBox::ActionRole);
+    m_restoreButton->setEnabled(false);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_explanation);
+    layout->addWidget(splitter, 1);
+    layout->addWidget(makeLimits());
+    layout->addWidget(buttons);
+}
+
+QWidget *HistoryDialog::makeLimits() {
+    m_days->setRange(1, MostDays);
+    const auto showUnit = [this](int days) {
+        m_days->setSuffix(days == 1 ? tr(" day") : tr(" days"));
+    };
+    connect(m_days, &QSpinBox::valueChanged, this, showUnit);
+    showUnit(m_days->value());
+    m_days->setAccessibleName(tr("Days that deleted notes and earlier versions are kept"));
+    m_megabytes->setRange(1, MostMegabytes);
+    m_megabytes->setSuffix(tr(" MB"));
+    m_megabytes->setAccessibleName(tr("Space for deleted notes and earlier versions"));
+    const Expected<HistoryLimits> limits = m_library->historyLimits();
+    m_days->setEnabled(limits.has_value());
+    m_megabytes->setEnabled(limits.has_value());
+    if (limits) {
+        m_days->setValue(limits->days);
+        m_megabytes->setValue(limits->megabytes);
+    } else {
+        NSApp()->presentError(limits.error());
+    }
+    auto *label = new QLabel(tr("&Keep deleted notes and earlier versions for"));
+    label->setBuddy(m_days);
+    auto *widget = new QWidget;
+    auto *layout = new QHBoxLayout(widget);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(label);
+    layout->addWidget(m_days);
+    layout->addWidget(new QLabel(tr("and up to")));
+    layout->addWidget(m_megabytes);
+    layout->addStretch();
+    return widget;
+}
+
+void HistoryDialog::showVersions() {
+    const Expected<QList<NoteVersion>> versions =
+        isOfNote() ? m_database->earlierVersions(m_note.UUID) : m_database->deletedNotes();
+    if (!versions) {
+        NSApp()->presentError(versions.error());
+        return;
+    }
+    m_versions = *versions;
+    m_list->clear();
+    for (const NoteVersion &version : std::as_const(m_versions)) {
+        const QString title = version.title.simplified();
+        m_list->addTopLevelItem(rowWith({title.isEmpty() ? tr("Untitled") : title,
+                                         QLocale().toString(version.ended, QLocale::ShortFormat),
+                                         changeText(version)}));
+    }
+    m_list->resizeColumnToContents(1);
+    m_list->setColumnWidth(0, width() / 4);
+    m_list->setCurrentItem(m_list->topLevelItem(0));
+    if (m_versions.isEmpty()) {
+        m_explanation->setText(
+            isOfNote() ? tr("No earlier versions of this note are kept.")
+                       : tr("No deleted notes of “%1” are kept.").arg(m_database->name()));
+    } else {
+        m_explanation->setText(isOfNote()
+                                   ? tr("A restored version replaces the note, whose present text "
+                                        "is then kept here.")
+                                   : tr("Restored notes are synchronized again. They then also "
+                                        "return on your other computers."));
+    }
+    showText();
+}
+
+QString HistoryDialog::changeText(const NoteVersion &version) const {
+    if (version.place.isEmpty()) {
+        return isOfNote() ? tr("Replaced on this computer") : tr("Deleted on this computer");
+    }
+    return (isOfNote() ? tr("Replaced by a synchronization with “%1”")
+                       : tr("Deleted by a synchronization with “%1”"))
+        .arg(version.place);
+}
+
+void HistoryDialog::showText() {
+    const int row = m_list->indexOfTopLevelItem(m_list->currentItem());
+    if (row < 0 || row >= m_versions.size()) {
+        m_text->clear();
+        return;
+    }
+    const Expected<Note> note = m_database->noteOfVersion(m_versions.at(row));
+    m_text->setPlainText(note ? note->text : note.error().localizedDescription);
+}
+
+void HistoryDialog::restore() {
+    QList<NoteVersion> chosen;
+    for (int row = 0; row < m_versions.size(); ++row) {
+        if (m_list->topLevelItem(row)->isSelected()) {
+            chosen.append(m_versions.at(row));
+        }
+    }
+    // The last one stays if several versions of one note are chosen.
+    for (auto version = chosen.crbegin(); version != chosen.crend(); ++version) {
+        const Expected<Note> note = restoreVersion(*version);
+        if (!note) {
+            NSApp()->presentError(note.error());
+            return;
+        }
+        Q_EMIT restored(*note);
+    }
+}
+
+Expected<Note> HistoryDialog::restoreVersion(const NoteVersion &version) {
+    return m_database->noteOfVersion(version).and_then([this](Note note) -> Expected<Note> {
+        if (isOfNote()) {
+            note.UUID = m_note.UUID;
+            note.revision = m_note.revision;
+        }
+        note.modified = QDateTime::currentDateTime();
+        if (Expected<void> saved = m_database->saveNote(note); !saved) {
+            return failure(saved.error());
+        }
+        m_note.revision = isOfNote() ? note.revision : QString();
+        return note;
+    });
+}
+
+void HistoryDialog::saveLimits() {
+    const HistoryLimits limits{m_days->value(), m_megabytes->value()};
+    const Expected<HistoryLimits> former = m_library->historyLimits();
+    if (former && *former != limits && m_days->isEnabled()) {
+        presentIfFailed(m_library->setHistoryLimits(limits));
+    }
+}
+
+void HistoryDialog::done(int result) {
+    saveLimits();
+    QDialog::done(result);
+}

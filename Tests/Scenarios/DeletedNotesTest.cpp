@@ -1,0 +1,228 @@
+#include <QtCore/QUuid>
+#include <QtGui/QAction>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QSpinBox>
+#include <QtWidgets/QTreeWidget>
+
+#include "Application/EventLog.h"
+#include "Application/HistoryDialog.h"
+#include "Application/MainWindow.h"
+#include "Application/RemovalDialog.h"
+#include "Engine/Notes/Transaction.h"
+#include "Host/InboxUUID.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+/// Shows questions about removals as the program does.
+class ShowingApplication : public TestApplication {
+public:
+    void askAboutRemoval(const RemovalQuestion &question,
+                         std::function<void(RemovalDecision)> handler) override {
+        (new RemovalDialog(question, std::move(handler), QApplication::activeWindow()))->open();
+    }
+};
+
+template <class Dialog>
+Dialog *openDialog() {
+    const auto widgets = QApplication::topLevelWidgets();
+    for (QWidget *widget : widgets) {
+        auto *dialog = qobject_cast<Dialog *>(widget);
+        if (dialog && dialog->isVisible()) {
+            return dialog;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+/// Notes that were deleted or replaced come back through the main window.
+class DeletedNotesTest : public QObject {
+    Q_OBJECT
+private:
+    std::unique_ptr<TestHost> m_host;
+    std::unique_ptr<ShowingApplication> m_application;
+    EventLog m_log;
+    std::unique_ptr<MainWindow> m_window;
+
+    std::shared_ptr<NoteDatabase> inbox() const { return m_host->inbox(); }
+    QStringList titles() const {
+        QStringList titles;
+        const QList<Note> notes = inbox()->notes().value();
+        for (const Note &note : notes) {
+            titles.append(note.title);
+        }
+        titles.sort();
+        return titles;
+    }
+    QAction *action(const QString &title) const {
+        const auto actions = m_window->findChildren<QAction *>();
+        const auto found = std::find_if(actions.begin(), actions.end(), [&](QAction *each) {
+            return each->text().remove(u'&') == title;
+        });
+        return found == actions.end() ? nullptr : *found;
+    }
+    /// Presses a button of `window` by the keyboard.
+    static void press(const QWidget *window, const QString &title) {
+        const auto buttons = window->findChildren<QPushButton *>();
+        for (QPushButton *button : buttons) {
+            if (button->text().remove(u'&') == title) {
+                QVERIFY(button->isEnabled());
+                button->setFocus();
+                QTest::keyClick(button, Qt::Key_Space);
+                return;
+            }
+        }
+        QFAIL(qPrintable(title));
+    }
+    static QTreeWidget *list(const HistoryDialog *dialog) {
+        return dialog->findChild<QTreeWidget *>();
+    }
+    static QString preview(const HistoryDialog *dialog) {
+        return dialog->findChild<QPlainTextEdit *>()->toPlainText();
+    }
+    QPlainTextEdit *text() const { return m_window->findChild<QPlainTextEdit *>(); }
+
+    void addNotes(int count) const {
+        for (int i = 0; i < count; ++i) {
+            Note note{{},
+                      QStringLiteral("Note %1").arg(i, 2, 10, QChar(u'0')),
+                      QStringLiteral("Text %1").arg(i),
+                      {}};
+            QVERIFY(inbox()->saveNote(note));
+        }
+    }
+
+    /// Synchronizes with a location whose store was changed to delete all notes.
+    void synchronizeAfterAttack() {
+        const auto location = m_host->addLocation();
+        const auto state = m_host->addState(location, inbox());
+        state->setEnabled(true);
+        m_host->save();
+        QVSyncDispatcher *dispatcher = m_host->engine().plugin().dispatcher();
+        bool isDone = false;
+        dispatcher->performSynchronizationsWithSynchronizationStates({state},
+                                                                     [&] { isDone = true; });
+        QTRY_VERIFY(isDone);
+        const auto database = m_host->library().synchronizedDatabase(InboxUUID);
+        QFile record(location->URL().path() + QStringLiteral("/transactions/@inbox/") +
+                     QUuid::createUuid().toString(QUuid::WithoutBraces) + QStringLiteral(".json"));
+        QVERIFY(record.open(QIODevice::WriteOnly));
+        record.write(Transaction{{}, database->log().operationIds().value()}.encoded());
+        record.close();
+        dispatcher->performSynchronizationsWithSynchronizationStates({state});
+        QTRY_VERIFY(openDialog<RemovalDialog>());
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        m_application = std::make_unique<ShowingApplication>();
+        addNotes(20);
+        m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
+        m_window->show();
+    }
+    void cleanup() {
+        m_window.reset();
+        m_application.reset();
+        m_host.reset();
+    }
+
+    void aDeletedNoteIsRestored() {
+        press(m_window.get(), QStringLiteral("Delete Note"));
+        press(m_window.get(), QStringLiteral("Delete Note"));
+        QCOMPARE(titles().size(), 18);
+        action(QStringLiteral("Deleted Notes…"))->trigger();
+        auto *dialog = openDialog<HistoryDialog>();
+        QVERIFY(dialog);
+        QCOMPARE(list(dialog)->topLevelItemCount(), 2);
+        QCOMPARE(list(dialog)->topLevelItem(0)->text(0), QStringLiteral("Note 01"));
+        QCOMPARE(list(dialog)->topLevelItem(0)->text(2),
+                 QStringLiteral("Deleted on this computer"));
+        QCOMPARE(preview(dialog), QStringLiteral("Text 1"));
+        QTest::keyClick(list(dialog), Qt::Key_Down);
+        QCOMPARE(preview(dialog), QStringLiteral("Text 0"));
+        press(dialog, QStringLiteral("Restore"));
+        QCOMPARE(titles().size(), 19);
+        QVERIFY(titles().contains(QStringLiteral("Note 00")));
+        QCOMPARE(list(dialog)->topLevelItemCount(), 1);
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        QVERIFY(!openDialog<HistoryDialog>());
+        QCOMPARE(text()->toPlainText(), QStringLiteral("Text 0"));
+    }
+
+    void anEarlierVersionIsRestored() {
+        text()->selectAll();
+        QTest::keyClicks(text(), QStringLiteral("nothing"));
+        // The sheet saves what is typed.
+        action(QStringLiteral("Earlier Versions…"))->trigger();
+        auto *dialog = openDialog<HistoryDialog>();
+        QVERIFY(dialog);
+        QCOMPARE(list(dialog)->topLevelItemCount(), 1);
+        QCOMPARE(list(dialog)->topLevelItem(0)->text(2),
+                 QStringLiteral("Replaced on this computer"));
+        QCOMPARE(preview(dialog), QStringLiteral("Text 0"));
+        press(dialog, QStringLiteral("Restore"));
+        QCOMPARE(preview(dialog), QStringLiteral("nothing"));
+        press(dialog, QStringLiteral("Close"));
+        QCOMPARE(text()->toPlainText(), QStringLiteral("Text 0"));
+        QCOMPARE(inbox()->notes().value().size(), 20);
+    }
+
+    void howLongTheyAreKeptIsSetInTheSheet() {
+        action(QStringLiteral("Deleted Notes…"))->trigger();
+        auto *dialog = openDialog<HistoryDialog>();
+        const auto spinBoxes = dialog->findChildren<QSpinBox *>();
+        QCOMPARE(spinBoxes.size(), 2);
+        QCOMPARE(spinBoxes[0]->value(), 30);
+        QCOMPARE(spinBoxes[1]->value(), 256);
+        spinBoxes[0]->setFocus();
+        spinBoxes[0]->selectAll();
+        QTest::keyClicks(spinBoxes[0], QStringLiteral("90"));
+        press(dialog, QStringLiteral("Close"));
+        QCOMPARE(m_host->library().historyLimits().value(), (HistoryLimits{90, 256}));
+    }
+
+    void aRemovalWaitsForTheUser_data() {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<int>("left");
+        QTest::addRow("keep") << QStringLiteral("Keep the Notes") << 20;
+        QTest::addRow("remove") << QStringLiteral("Remove Them") << 0;
+        QTest::addRow("later") << QStringLiteral("Decide Later") << 20;
+    }
+    void aRemovalWaitsForTheUser() {
+        QFETCH(QString, button);
+        QFETCH(int, left);
+        synchronizeAfterAttack();
+        auto *dialog = openDialog<RemovalDialog>();
+        QVERIFY(dialog);
+        auto *notes = dialog->findChild<QListWidget *>();
+        QCOMPARE(notes->count(), 20);
+        QCOMPARE(notes->item(0)->text(), QStringLiteral("Note 00"));
+        QCOMPARE(titles().size(), 20);
+        press(dialog, button);
+        QVERIFY(!openDialog<RemovalDialog>());
+        QVSyncDispatcher *dispatcher = m_host->engine().plugin().dispatcher();
+        QTRY_VERIFY(dispatcher->activity().isEmpty());
+        QTRY_COMPARE(titles().size(), left);
+        if (left > 0) {
+            return;
+        }
+        // What was removed can be restored together.
+        action(QStringLiteral("Deleted Notes…"))->trigger();
+        auto *history = openDialog<HistoryDialog>();
+        QCOMPARE(list(history)->topLevelItemCount(), 20);
+        QVERIFY(list(history)->topLevelItem(0)->text(2).startsWith(
+            QStringLiteral("Deleted by a synchronization with “")));
+        list(history)->selectAll();
+        press(history, QStringLiteral("Restore"));
+        QCOMPARE(titles().size(), 20);
+    }
+};
+
+VELMORA_TEST(DeletedNotesTest)
+#include "DeletedNotesTest.moc"
