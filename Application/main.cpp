@@ -4,6 +4,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QThread>
+#include <QtCore/QTranslator>
 #include <QtGui/QIcon>
 #include <chrono>
 #include <cstdio>
@@ -199,6 +200,11 @@ int main(int argumentCount, char **arguments) {
     application.setWindowIcon(QIcon(QStringLiteral(":/Velmora/database.svg")));
     if (!options.appearance.isEmpty()) {
         application.setDarkAppearance(options.appearance == QLatin1StringView("dark"));
+    }
+    QTranslator translator;
+    if (translator.load(QLocale(), QStringLiteral("Velmora"), QStringLiteral("_"),
+                        QStringLiteral(":/Velmora/Translations"))) {
+        QCoreApplication::installTranslator(&translator);
     }
     Log::sendToSystemLog();
     if (!QAbstractEventDispatcher::instance()->inherits("QEventDispatcherGlib")) {

@@ -1,0 +1,430 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en_US">
+<context>
+    <name>DamagedProfileDialog</name>
+    <message>
+        <source>You can restore the copy that Velmora made of it on %1; later changes are then missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Sie können die Kopie wiederherstellen, die Velmora am %1 davon angelegt hat; spätere Änderungen fehlen dann, bis sie wieder synchronisiert sind. Oder Sie beginnen mit einem leeren Profil und importieren Ihre Datenbanken aus den Sync-Orten.</translation>
+    </message>
+    <message>
+        <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Es gibt keine Kopie davon, die wiederhergestellt werden kann. Sie können mit einem leeren Profil beginnen und Ihre Datenbanken aus den Sync-Orten importieren.</translation>
+    </message>
+    <message>
+        <source>The damaged files are kept in the folder “Damaged Profiles”.</source>
+        <translation>Die beschädigten Dateien werden im Ordner „Damaged Profiles“ aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>&amp;Restore the Copy of %1</source>
+        <translation>&amp;Kopie vom %1 wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Start from the Sync &amp;Locations</source>
+        <translation>Mit den Sync-&amp;Orten neu beginnen</translation>
+    </message>
+    <message>
+        <source>Show &amp;Folder</source>
+        <translation>O&amp;rdner zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+</context>
+<context>
+    <name>EventLog</name>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>What happened</source>
+        <translation>Was geschehen ist</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryDialog</name>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Earlier Versions</source>
+        <translation>Frühere Fassungen</translation>
+    </message>
+    <message>
+        <source>Deleted Notes</source>
+        <translation>Gelöschte Notizen</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wann</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source> day</source>
+        <translation> Tag</translation>
+    </message>
+    <message>
+        <source> days</source>
+        <translation> Tage</translation>
+    </message>
+    <message>
+        <source>Days that deleted notes and earlier versions are kept</source>
+        <translation>Tage, die gelöschte Notizen und frühere Fassungen aufbewahrt werden</translation>
+    </message>
+    <message>
+        <source> MB</source>
+        <translation> MB</translation>
+    </message>
+    <message>
+        <source>Space for deleted notes and earlier versions</source>
+        <translation>Platz für gelöschte Notizen und frühere Fassungen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep deleted notes and earlier versions for</source>
+        <translation>&amp;Gelöschte Notizen und frühere Fassungen aufbewahren:</translation>
+    </message>
+    <message>
+        <source>and up to</source>
+        <translation>und bis zu</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
+    </message>
+    <message>
+        <source>No earlier versions of this note are kept.</source>
+        <translation>Von dieser Notiz sind keine früheren Fassungen aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>No deleted notes of “%1” are kept.</source>
+        <translation>Von „%1“ sind keine gelöschten Notizen aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>A restored version replaces the note, whose present text is then kept here.</source>
+        <translation>Eine wiederhergestellte Fassung ersetzt die Notiz, deren jetziger Text dann hier aufbewahrt wird.</translation>
+    </message>
+    <message>
+        <source>Restored notes are synchronized again. They then also return on your other computers.</source>
+        <translation>Wiederhergestellte Notizen werden wieder synchronisiert. Sie kehren dann auch auf Ihren anderen Computern zurück.</translation>
+    </message>
+    <message>
+        <source>Replaced on this computer</source>
+        <translation>Auf diesem Computer ersetzt</translation>
+    </message>
+    <message>
+        <source>Deleted on this computer</source>
+        <translation>Auf diesem Computer gelöscht</translation>
+    </message>
+    <message>
+        <source>Replaced by a synchronization with “%1”</source>
+        <translation>Durch Synchronisierung mit „%1“ ersetzt</translation>
+    </message>
+    <message>
+        <source>Deleted by a synchronization with “%1”</source>
+        <translation>Durch Synchronisierung mit „%1“ gelöscht</translation>
+    </message>
+</context>
+<context>
+    <name>LogWindow</name>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>Log entries</source>
+        <translation>Protokolleinträge</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>%1 (closed)</source>
+        <translation>%1 (geschlossen)</translation>
+    </message>
+    <message>
+        <source>Databases</source>
+        <translation>Datenbanken</translation>
+    </message>
+    <message>
+        <source>&amp;Database</source>
+        <translation>&amp;Datenbank</translation>
+    </message>
+    <message>
+        <source>&amp;New Database…</source>
+        <translation>&amp;Neue Datenbank …</translation>
+    </message>
+    <message>
+        <source>&amp;Rename…</source>
+        <translation>&amp;Umbenennen …</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>Ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Earlier &amp;Versions…</source>
+        <translation>Frühere &amp;Fassungen …</translation>
+    </message>
+    <message>
+        <source>&amp;Deleted Notes…</source>
+        <translation>&amp;Gelöschte Notizen …</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>&amp;Extras</translation>
+    </message>
+    <message>
+        <source>Sync &amp;Preferences…</source>
+        <translation>Sync-&amp;Einstellungen …</translation>
+    </message>
+    <message>
+        <source>&amp;Log</source>
+        <translation>&amp;Protokoll</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>New Database</source>
+        <translation>Neue Datenbank</translation>
+    </message>
+    <message>
+        <source>Name of the new database:</source>
+        <translation>Name der neuen Datenbank:</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>New name of the database:</source>
+        <translation>Neuer Name der Datenbank:</translation>
+    </message>
+    <message>
+        <source>The text of “%1”, which could not be saved before, is saved.</source>
+        <translation>Der Text von „%1“, der vorher nicht gespeichert werden konnte, ist gespeichert.</translation>
+    </message>
+</context>
+<context>
+    <name>NotesView</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
+    </message>
+    <message>
+        <source>New &amp;Note</source>
+        <translation>Neue &amp;Notiz</translation>
+    </message>
+    <message>
+        <source>De&amp;lete Note</source>
+        <translation>Notiz &amp;löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Undo Delete Note</source>
+        <translation>&amp;Löschen der Notiz rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>This note cannot be edited here: it contains something that the editor would change.</source>
+        <translation>Diese Notiz kann hier nicht bearbeitet werden: Sie enthält etwas, was der Editor ändern würde.</translation>
+    </message>
+    <message>
+        <source>This note is not saved: %1</source>
+        <translation>Diese Notiz ist nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>New Note</source>
+        <translation>Neue Notiz</translation>
+    </message>
+</context>
+<context>
+    <name>PlugIns</name>
+    <message>
+        <source>A part of Velmora cannot be loaded: %1</source>
+        <translation>Ein Teil von Velmora kann nicht geladen werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>PreferencesWindow</name>
+    <message>
+        <source>Sync Preferences</source>
+        <translation>Sync-Einstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>RemovalDialog</name>
+    <message>
+        <source>The synchronization with “%1” would remove %2 of the %3 notes in “%4”.</source>
+        <translation>Die Synchronisierung mit „%1“ würde %2 der %3 Notizen in „%4“ entfernen.</translation>
+    </message>
+    <message>
+        <source>Notes that would be removed</source>
+        <translation>Notizen, die entfernt würden</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
+    </message>
+    <message>
+        <source>… and %1 more</source>
+        <translation>… und %1 weitere</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the Notes</source>
+        <translation>Notizen &amp;behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Remove Them</source>
+        <translation>Notizen &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>Decide &amp;Later</source>
+        <translation>&amp;Später entscheiden</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed yet. If you keep the notes, they also return on your other computers. If you remove them, you find them in “Deleted Notes” for a while.</source>
+        <translation>Noch wurde nichts geändert. Wenn Sie die Notizen behalten, kehren sie auch auf Ihren anderen Computern zurück. Wenn Sie sie entfernen, finden Sie sie noch eine Zeit lang unter „Gelöschte Notizen“.</translation>
+    </message>
+</context>
+<context>
+    <name>UnsavedTextDialog</name>
+    <message>
+        <source>Your text is not saved.</source>
+        <translation>Ihr Text ist nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>&amp;Try Again</source>
+        <translation>&amp;Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Text</source>
+        <translation>Text &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Editing</source>
+        <translation>&amp;Weiter bearbeiten</translation>
+    </message>
+</context>
+<context>
+    <name>UnsavedTexts</name>
+    <message>
+        <source>The file is damaged.</source>
+        <translation>Die Datei ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The text of “%1” cannot be kept for the next start either.</source>
+        <translation>Der Text von „%1“ kann auch nicht bis zum nächsten Start aufbewahrt werden.</translation>
+    </message>
+    <message>
+        <source>Make room on the disk, or copy the text.</source>
+        <translation>Schaffen Sie Platz auf dem Datenträger oder kopieren Sie den Text.</translation>
+    </message>
+    <message>
+        <source>A text that was not saved cannot be restored. It is in the file “%1”.</source>
+        <translation>Ein nicht gespeicherter Text kann nicht wiederhergestellt werden. Er ist in der Datei „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>VelmoraApplication</name>
+    <message>
+        <source>Internal error:</source>
+        <translation>Interner Fehler:</translation>
+    </message>
+    <message>
+        <source>An internal error occurred, and Velmora cancelled the current action.</source>
+        <translation>Ein interner Fehler ist aufgetreten, und Velmora hat die Aktion abgebrochen.</translation>
+    </message>
+</context>
+<context>
+    <name>VerificationOutput</name>
+    <message>
+        <source>%1: no problems (%2).</source>
+        <translation>%1: keine Probleme (%2).</translation>
+    </message>
+    <message>
+        <source>%1: problems were found (%2).</source>
+        <translation>%1: Es wurden Probleme gefunden (%2).</translation>
+    </message>
+    <message>
+        <source>%1: could not be checked.</source>
+        <translation>%1: konnte nicht geprüft werden.</translation>
+    </message>
+    <message>
+        <source>Everything is in order.</source>
+        <translation>Alles ist in Ordnung.</translation>
+    </message>
+    <message>
+        <source>Problems were found. “velmora verify --repair” synchronizes and repairs what this computer can repair.</source>
+        <translation>Es wurden Probleme gefunden. „velmora verify --repair“ synchronisiert und behebt, was dieser Computer beheben kann.</translation>
+    </message>
+    <message>
+        <source>Some parts could not be checked.</source>
+        <translation>Einige Teile konnten nicht geprüft werden.</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>The picture cannot be written to %1.</source>
+        <translation>Das Bild kann nicht in %1 geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>There is no profile in the folder “%1”. State another one with --profile.</source>
+        <translation>Im Ordner „%1“ ist kein Profil. Geben Sie mit --profile einen anderen an.</translation>
+    </message>
+    <message>
+        <source>Nearby computers are out of reach: Qt runs without GLib.</source>
+        <translation>Computer in der Nähe sind nicht erreichbar: Qt läuft ohne GLib.</translation>
+    </message>
+</context>
+</TS>
