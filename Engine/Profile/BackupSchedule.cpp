@@ -36,7 +36,7 @@ void BackupSchedule::start(const QString &directory) {
 void BackupSchedule::check() {
     const ProfileBackups backups(m_directory);
     const QDate today = QDate::currentDate();
-    if (m_isRunning || !backups.isDue(today)) {
+    if (m_directory.isEmpty() || m_isRunning || !backups.isDue(today)) {
         return;
     }
     m_isRunning = true;

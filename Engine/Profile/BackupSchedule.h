@@ -19,7 +19,8 @@ public:
     /// Makes a backup of the profile in the folder `directory` soon, if there is none of this day,
     /// and then on each day. A failed backup is tried again after an hour. Must be called once.
     void start(const QString &directory);
-    /// Makes a backup in the background if one is due and none is being made.
+    /// Makes a backup in the background if one is due and none is being made. Has no effect before
+    /// start().
     void check();
 
 Q_SIGNALS:

@@ -184,6 +184,24 @@ private Q_SLOTS:
         QCOMPARE(m_host->application().logEntries().size(), 1);
     }
 
+    void aProfileThatIsOnlyReadIsNotBackedUp_data() {
+        QTest::addColumn<int>("use");
+        QTest::addRow("description") << static_cast<int>(ProfileUse::Snapshot);
+        QTest::addRow("setting") << static_cast<int>(ProfileUse::Edit);
+    }
+    void aProfileThatIsOnlyReadIsNotBackedUp() {
+        QFETCH(int, use);
+        const QString directory = m_host->directory();
+        m_host->goToComputer(QStringLiteral("Other"));
+        SyncEngine engine;
+        QVERIFY(engine.openProfile(directory, FirstContents::Inbox, static_cast<ProfileUse>(use)));
+        const QSignalSpy ended(&engine.backups(), &BackupSchedule::ended);
+        engine.backups().check();
+        QCoreApplication::processEvents();
+        QCOMPARE(ended.size(), 0);
+        QVERIFY(!QFileInfo::exists(directory + QStringLiteral("/Backups")));
+    }
+
     void aDamagedProfileIsRestoredFromTheNewestSoundBackup() {
         const QString directory = m_host->directory();
         const ProfileBackups backups(directory);
