@@ -108,7 +108,7 @@ Expected<void> DirectConnectionServer::start() {
     if (!identity) {
         return failure(identity.error());
     }
-    const Expected<void> listening = m_package->make().and_then([&] { return listen(*identity); });
+    Expected<void> listening = m_package->make().and_then([&] { return listen(*identity); });
     if (listening) {
         // Without a name: it is announced under the computer's name.
         m_service = std::make_shared<NetService>(QString(), DirectConnection::BonjourServiceType,

@@ -195,7 +195,7 @@ Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pai
     QCborMap message = ofType(Reveal);
     message[Nonce] = pairing.clientNonce;
     message[Secret] = pairing.clientSecret;
-    const Expected<void> welcome =
+    Expected<void> welcome =
         m_link.exchange(message, LimitBeforeAuthorization, {PairingPatience}, future)
             .and_then([this](const auto &answer) { return takeWelcome(answer.values); });
     if (!welcome) {
