@@ -36,7 +36,7 @@ Fields fieldsOf(const QByteArray &input) {
 /// Whether every text stays in the part of the URL that it was typed for: "?" ends the path, a host
 /// may bring a port or a path of its own along, and "." is no segment.
 bool keepsItsParts(const Fields &fields) {
-    const QString host = QVWebDAVLocationEditor::sanitizeHost(fields.server);
+    const QString host = QVWebDAVLocationEditor::sanitizeHost(Url::hostInURL(fields.server));
     const bool isBareHost = !host.isEmpty() && host != u"." && !host.contains(NotInBareHost);
     return isBareHost && !fields.path.contains(u'?') && !fields.store.contains(u'?') &&
            !fields.store.contains(u'/') && !fields.store.isEmpty();
@@ -55,7 +55,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const Fields shown = QVWebDAVLocationEditor::fieldsOfURL(URL);
     if (keepsItsParts(fields)) {
         require(URL.user() == fields.user, "user", URL);
-        require(shown.server == QVWebDAVLocationEditor::sanitizeHost(fields.server), "host", URL);
+        require(shown.server == QVWebDAVLocationEditor::sanitizeHost(Url::hostInURL(fields.server)),
+                "host", URL);
         require(shown.store == fields.store, "store", URL);
     }
     // What is shown gives the same URL again, as long as nothing is lost behind a "?".
