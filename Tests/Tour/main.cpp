@@ -6,6 +6,8 @@
 #include <QtWidgets/QTextBrowser>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 #include "Application/MainWindow.h"
 #include "Application/PlugIns.h"
@@ -24,6 +26,8 @@
 namespace {
 
 const QString NameInNetwork = QStringLiteral("writing-desk");
+/// Set in the environment of the program that started again in a network of its own.
+const char *const InPrivateNetwork = "VELMORA_TOUR_IN_PRIVATE_NETWORK";
 
 struct Options {
     QString folder;
@@ -134,30 +138,40 @@ int open(VelmoraApplication &application, const QString &folder, const QString &
     return exitCode;
 }
 
+/// Returns whether the program is in a network of its own, for which it starts again: Qt cannot
+/// always find the file of a program that has changed its mount namespace. The other computer is
+/// in a list only where one can be made.
+bool enterNetwork(char **arguments) {
+    if (qEnvironmentVariableIsSet(InPrivateNetwork)) {
+        return true;
+    }
+    if (geteuid() != 0 || !areNamespacesAllowed(CLONE_NEWNET | CLONE_NEWNS, NamespaceUser::Root)) {
+        return false;
+    }
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
+    enterPrivateNetwork();
+    qputenv(InPrivateNetwork, "1");
+    execv(program.c_str(), arguments);
+    throw std::system_error(errno, std::generic_category(), "The tour cannot start again");
+}
+
 }  // namespace
 
 int main(int argumentCount, char **arguments) {
+    const bool isOther =
+        argumentCount > 1 && OtherComputer::Role == QLatin1StringView(arguments[1]);
+    const bool hasNetwork = isOther || enterNetwork(arguments);
     prepareTestProcess();
     QCoreApplication::setApplicationName(QStringLiteral("Velmora"));
     qInstallMessageHandler(leaveOutWhatIsMissing);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-    const bool isOther =
-        argumentCount > 1 && OtherComputer::Role == QLatin1StringView(arguments[1]);
     if (isOther) {
         return OtherComputer::be(argumentCount, arguments);
     }
     Options options;
     {
         const QCoreApplication early(argumentCount, arguments);
-        // Kept from now on: the file may not be found again from another mount namespace.
-        QCoreApplication::applicationFilePath();
         options = parse(QCoreApplication::arguments());
-    }
-    // The other computer is in a list, where one of a network can be made.
-    const bool hasNetwork =
-        geteuid() == 0 && areNamespacesAllowed(CLONE_NEWNET | CLONE_NEWNS, NamespaceUser::Root);
-    if (hasNetwork) {
-        enterPrivateNetwork();
     }
     try {
         TourPage page(options.folder);
