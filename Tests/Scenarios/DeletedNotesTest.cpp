@@ -173,6 +173,16 @@ private Q_SLOTS:
         QCOMPARE(inbox()->notes().value().size(), 20);
     }
 
+    void aQuestionThatGoesWithItsWindowIsAskedAgain() {
+        QList<RemovalDecision> decisions;
+        QWidget window;
+        auto *dialog = new RemovalDialog(
+            {}, [&](RemovalDecision decision) { decisions.append(decision); }, &window);
+        dialog->open();
+        delete dialog;
+        QCOMPARE(decisions, QList{RemovalDecision::Later});
+    }
+
     void howLongTheyAreKeptIsSetInTheSheet() {
         action(QStringLiteral("Deleted Notes…"))->trigger();
         auto *dialog = openDialog<HistoryDialog>();

@@ -43,7 +43,7 @@ private:
         Session session(
             profile(), m_host->library(),
             {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store"), QStringLiteral("Home")});
-        MemoryStore store(m_blobs, [] { return MemoryStore::Fault::None; });
+        MemoryStore store(m_blobs);
         QVERIFY(runSession(session, store));
     }
     void goTo(const QString &computer) {

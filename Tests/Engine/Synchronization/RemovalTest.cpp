@@ -52,7 +52,7 @@ private:
         if constexpr (std::is_same_v<Session, SyncSession>) {
             session.setDecision(decision);
         }
-        MemoryStore store(m_blobs, [] { return MemoryStore::Fault::None; });
+        MemoryStore store(m_blobs);
         const Expected<void> result = runSession(session, store);
         return {result, session.undecidedRemoval()};
     }
