@@ -281,7 +281,14 @@ Expected<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
     QFile file;
     file.open(descriptor.take(), QIODevice::ReadOnly | QIODevice::Unbuffered,
               QFileDevice::AutoCloseHandle);
-    const QByteArray contents = file.read(limit + 1);
+    // No more memory is allocated than the file has, unless it grows meanwhile.
+    const qint64 step = std::max<qint64>(status.st_size, 4096) + 1;
+    QByteArray contents;
+    QByteArray piece;
+    do {
+        piece = file.read(std::min(step, limit + 1 - contents.size()));
+        contents += piece;
+    } while (!piece.isEmpty() && contents.size() <= limit);
     if (file.error() != QFileDevice::NoError) {
         return failure(systemError(EIO, name));
     }
