@@ -23,7 +23,7 @@ public:
     /// Maximum size in bytes of one page of a folder listing.
     static constexpr qint64 PageLimit = 4 << 20;
     /// Maximum memory in bytes for the names of one folder; a longer listing is refused.
-    static constexpr qsizetype ListingLimit = 64 << 20;
+    static constexpr qsizetype ListingLimit = 48 << 20;
     /// Maximum number of pages of a folder; a longer listing is an error.
     static constexpr int MostPages = 10000;
     /// Maximum size of a blob in bytes; Dropbox accepts no larger single upload.

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QThread>
+#include <future>
+#include <memory>
+
+struct DirectConnectionIdentity;
+
+/// A computer that responds to the first message of a direct connection with given bytes, on a
+/// thread of its own. It ends when the client has closed the connection.
+class DirectConnectionPeer {
+public:
+    /// `step` is the number of bytes that are sent at a time, followed by a pause if it is 1.
+    DirectConnectionPeer(const DirectConnectionIdentity &identity, const QByteArray &response,
+                         qsizetype step);
+    ~DirectConnectionPeer();
+    DirectConnectionPeer(const DirectConnectionPeer &) = delete;
+    DirectConnectionPeer &operator=(const DirectConnectionPeer &) = delete;
+
+    quint16 port() const { return m_port; }
+
+private:
+    static void serve(const DirectConnectionIdentity &identity, const QByteArray &response,
+                      qsizetype step, std::promise<quint16> &port);
+
+    quint16 m_port = 0;
+    std::unique_ptr<QThread> m_thread;
+};
