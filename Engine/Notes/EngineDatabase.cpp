@@ -4,7 +4,7 @@
 #include "Platform/KeyValue/KeyValue.h"
 
 EngineDatabase::EngineDatabase(const ProfileDatabase &profile, const Row &row)
-    : m_profile(profile), m_log(profile, row.id), m_row(row) {}
+    : m_profile(profile), m_log(profile, row.id, row.lastOperationAtOpening), m_row(row) {}
 
 Expected<QList<Note>> EngineDatabase::notes() const {
     return m_log.notes();

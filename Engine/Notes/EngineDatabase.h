@@ -30,6 +30,8 @@ public:
         QString name;
         Kind kind = Kind::Ordinary;
         bool isOpen = true;
+        /// See NoteLog.
+        qint64 lastOperationAtOpening = 0;
     };
 
     /// `profile` is not owned and must outlive this object; it must contain `row`.

@@ -105,8 +105,11 @@ Expected<qint64> NoteLog::insertDatabase(const ProfileDatabase &profile, const Q
         .map([](const QVariant &id) { return id.toLongLong(); });
 }
 
-NoteLog::NoteLog(const ProfileDatabase &profile, qint64 database)
-    : m_profile(profile), m_database(database), m_history(profile, database) {}
+NoteLog::NoteLog(const ProfileDatabase &profile, qint64 database, qint64 lastAtOpening)
+    : m_profile(profile),
+      m_database(database),
+      m_lastAtOpening(lastAtOpening),
+      m_history(profile, database) {}
 
 Expected<QList<Note>> NoteLog::notes() const {
     const Expected<QList<Row>> all = rows();
@@ -448,8 +451,8 @@ Expected<bool> NoteLog::isUnsent(const OperationId &identifier) const {
     return m_profile
         .value(QStringLiteral("SELECT 1 FROM operations JOIN databases"
                               " ON databases.id = operations.database WHERE database = ?"
-                              " AND digest = ? AND operations.id > sent"),
-               {m_database, blob(identifier)})
+                              " AND digest = ? AND operations.id > max(sent, ?)"),
+               {m_database, blob(identifier), m_lastAtOpening})
         .map([](const QVariant &found) { return found.isValid(); });
 }
 

@@ -14,7 +14,9 @@ class QSqlQuery;
 /// Stores the current operations, and of superseded operations only the identifiers. The set of
 /// superseded identifiers never shrinks, so that the order in which operations arrive does not
 /// matter and no superseded operation returns. An operation that has not been sent to any store is
-/// not superseded by the next edit of its note but replaced.
+/// not superseded by the next edit of its note but replaced. This does not apply to operations that
+/// were there when the profile was opened: a backup or a copy of the profile on another computer
+/// may contain and send them.
 ///
 /// Every removed operation of a note is added to the history, except an unsent one whose title and
 /// text are contained in the edit that replaces it.
@@ -30,8 +32,8 @@ public:
                                            const QString &name);
 
     /// `profile` is not owned and must outlive this object. `database` is the id of the database's
-    /// row.
-    NoteLog(const ProfileDatabase &profile, qint64 database);
+    /// row, `lastAtOpening` that of its last operation when the profile was opened.
+    NoteLog(const ProfileDatabase &profile, qint64 database, qint64 lastAtOpening = 0);
 
     /// Returns the notes in the order in which they were added. A note with conflicting edits is
     /// followed by one copy for each of the other edits.
@@ -121,5 +123,6 @@ private:
 
     const ProfileDatabase &m_profile;
     const qint64 m_database;
+    const qint64 m_lastAtOpening;
     const NoteHistory m_history;
 };

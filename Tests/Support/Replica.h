@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <stdexcept>
 
@@ -11,26 +12,58 @@
 /// that it is on: SQLite does not flush what it writes.
 class Replica {
 public:
-    Replica() : m_library(m_profile) {
-        require(m_profile.open(
-            m_folder.filePath(QStringLiteral("Profile")),
-            [this] { return writeFirstContents(m_profile, FirstContents::Inbox); },
-            [] { return Expected<void>(); }));
-        require(m_profile.run(QStringLiteral("PRAGMA synchronous = OFF")));
-        require(m_library.load());
+    Replica() { open(); }
+
+    const ProfileDatabase &profile() const { return m_opened->profile; }
+    EngineNoteLibrary &library() { return m_opened->library; }
+
+    /// Closes the profile, replaces its copy by one of its present state, and opens it again. Ends
+    /// the life of what profile() and library() have returned.
+    void copyProfile() {
+        m_opened.reset();
+        QFile::remove(copy());
+        if (!QFile::copy(file(), copy())) {
+            throw std::runtime_error("the profile cannot be copied");
+        }
+        open();
+    }
+    /// Replaces the profile by the copy that `source`, which may be this replica, has made, as a
+    /// user does who restores a backup or moves to another computer. Ends the life of what
+    /// profile() and library() have returned.
+    void replaceProfile(const Replica &source) {
+        m_opened.reset();
+        if (!QFile::remove(file()) || !QFile::copy(source.copy(), file())) {
+            throw std::runtime_error("the profile cannot be replaced");
+        }
+        open();
     }
 
-    const ProfileDatabase &profile() const { return m_profile; }
-    EngineNoteLibrary &library() { return m_library; }
-
 private:
+    struct Opened {
+        ProfileDatabase profile;
+        EngineNoteLibrary library{profile};
+    };
+
     static void require(const Expected<void> &result) {
         if (!result) {
             throw std::runtime_error(result.error().localizedDescription.toStdString());
         }
     }
 
+    QString directory() const { return m_folder.filePath(QStringLiteral("Profile")); }
+    QString file() const { return directory() + QStringLiteral("/profile.sqlite"); }
+    QString copy() const { return m_folder.filePath(QStringLiteral("Copy.sqlite")); }
+
+    void open() {
+        m_opened = std::make_unique<Opened>();
+        ProfileDatabase &profile = m_opened->profile;
+        require(profile.open(
+            directory(), [&] { return writeFirstContents(profile, FirstContents::Inbox); },
+            [] { return Expected<void>(); }));
+        require(profile.run(QStringLiteral("PRAGMA synchronous = OFF")));
+        require(m_opened->library.load());
+    }
+
     QTemporaryDir m_folder;
-    ProfileDatabase m_profile;
-    EngineNoteLibrary m_library;
+    std::unique_ptr<Opened> m_opened;
 };
