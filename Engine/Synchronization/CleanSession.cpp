@@ -51,9 +51,14 @@ Expected<void> CleanSession::chooseTransactions() {
         return failure(superseded.error());
     }
     const QSet<OperationId> current(operations->begin(), operations->end());
+    // What was saved since the synchronization supersedes operations that are about to be removed.
+    QSet<OperationId> unwritten = current;
+    for (const KnownTransactions::Contents &contents : *all) {
+        unwritten.subtract(QSet(contents.operations.begin(), contents.operations.end()));
+    }
     const QStringList lost = takeTransactionsWithOthers(*all, current + *superseded);
-    QSet<OperationId> chosen;
     m_toRemove = transactionsToRewrite(*all, current);
+    QSet<OperationId> chosen = m_toRemove.isEmpty() ? QSet<OperationId>() : unwritten;
     for (const QString &name : std::as_const(m_toRemove)) {
         const KnownTransactions::Contents contents = all->value(name);
         for (const OperationId &identifier : contents.operations) {
@@ -62,7 +67,9 @@ Expected<void> CleanSession::chooseTransactions() {
         m_supersededToWrite.unite(QSet(contents.superseded.begin(), contents.superseded.end()));
     }
     m_operationsToWrite = chosen.values();
-    return forgetTransactions(lost).and_then([this] { return continueWriting(); });
+    return forgetTransactions(lost)
+        .and_then([this] { return profile().write([this] { return log().markAllSent(); }); })
+        .and_then([this] { return continueWriting(); });
 }
 
 QStringList CleanSession::takeTransactionsWithOthers(Transactions &all,
