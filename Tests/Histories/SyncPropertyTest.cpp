@@ -36,6 +36,18 @@ QUuid QUuid::createUuid() {
 
 namespace {
 
+/// What every clock shows that the engine itself reads.
+qint64 now = 0;
+
+}  // namespace
+
+/// Replaces Qt's implementation for the same reason.
+qint64 QDateTime::currentMSecsSinceEpoch() noexcept {
+    return now;
+}
+
+namespace {
+
 const QString Mark = QStringLiteral(" (conflict)");
 
 void require(const Expected<void> &result) {
@@ -60,14 +72,32 @@ struct Edit {
 /// Some replicas and stores of one database, and what happens to them.
 class History {
 public:
-    History(QList<Replica *> replicas, int stores) : m_replicas(std::move(replicas)) {
+    /// What happens besides edits, synchronizations and failing stores. A history has one kind:
+    /// what only a damaged record contains may be lost if the profile that wrote it is replaced.
+    enum class Kind {
+        /// Nothing else.
+        Failures,
+        /// Stores return, keep and list something else than was written.
+        Damage,
+        /// Profiles are restored from an old copy, or replaced by a copy of another one.
+        Copies
+    };
+
+    History(Kind kind, QList<Replica *> replicas, int stores)
+        : m_kind(kind), m_replicas(std::move(replicas)) {
         m_stores.resize(stores);
+        for (qsizetype i = 0; i < m_replicas.size(); ++i) {
+            m_yearsAhead.append(happens(50) ? 0 : upTo(600) - 50);
+        }
         require(m_replicas.first()->library().createDatabase(QStringLiteral("First name")));
         m_UUID = m_replicas.first()->library().knownDatabases().last()->UUID();
     }
 
     void run(int steps) {
         for (int step = 0; step < steps; ++step) {
+            if (happens(2)) {
+                happen();
+            }
             switch (upTo(12)) {
                 case 0:
                 case 1:
@@ -84,7 +114,7 @@ public:
                     happens(20) ? rename(anyReplica()) : begin<SyncSession>();
                     break;
                 case 6:
-                    happens(25) ? begin<CleanSession>() : begin<SyncSession>();
+                    happens(25) ? beginCleaning() : begin<SyncSession>();
                     break;
                 default:
                     goOn();
@@ -96,18 +126,20 @@ public:
     /// Synchronizes until every replica must have every edit.
     void settle() {
         m_isFaulty = false;
+        const auto verification = m_kind == Kind::Damage ? SyncSession::Verification::All
+                                                         : SyncSession::Verification::Some;
         for (int round = 0; round < 3; ++round) {
             for (Replica *replica : std::as_const(m_replicas)) {
                 for (qsizetype store = 0; store < storeCount(); ++store) {
-                    runWhole<SyncSession>(replica, store);
+                    runWhole<SyncSession>(replica, store, verification);
                 }
             }
         }
     }
 
-    template <class Session>
-    void runWhole(Replica *replica, qsizetype store) {
-        Session session(replica->profile(), replica->library(), subject(store));
+    template <class Session, class... Arguments>
+    void runWhole(Replica *replica, qsizetype store, Arguments... arguments) {
+        Session session(replica->profile(), replica->library(), subject(store), arguments...);
         MemoryStore blobs(m_stores[store], [] { return MemoryStore::Fault::None; });
         const EngineFuture future;
         while (!session.isDone()) {
@@ -152,7 +184,8 @@ public:
         qsizetype count = 0;
         for (const auto &[name, contents] : m_stores[store]) {
             const Expected<Transaction> read = Transaction::decoded(contents, name);
-            if (!name.startsWith(QStringLiteral("transactions/")) || !read) {
+            if (!name.startsWith(QStringLiteral("transactions/")) ||
+                !name.endsWith(QStringLiteral(".json")) || !read) {
                 continue;
             }
             for (const Operation &operation : read->operations) {
@@ -181,6 +214,8 @@ private:
 
     Replica *anyReplica() const { return m_replicas[upTo(static_cast<int>(m_replicas.size()))]; }
 
+    qsizetype anyStore() const { return upTo(static_cast<int>(m_stores.size())); }
+
     StoreSession::Subject subject(qsizetype store) const {
         return {m_UUID, QStringLiteral("Provisional name"), QString::number(store)};
     }
@@ -206,9 +241,10 @@ private:
         m_edits.insert(note.revision, {note.title, note.text});
     }
 
-    /// Some clocks are wrong, one by centuries.
+    /// Most clocks are wrong, some by centuries.
     QDateTime date(Replica *replica) {
-        const qint64 hours = m_replicas.indexOf(replica) == 1 ? 24 * 365 * 500 : upTo(100) - 50;
+        const qint64 years = m_yearsAhead[m_replicas.indexOf(replica)];
+        const qint64 hours = 24 * 365 * years + upTo(100) - 50;
         return QDateTime::fromMSecsSinceEpoch(1700000000000 + hours * 3600000 + ++m_clock);
     }
 
@@ -241,6 +277,7 @@ private:
 
     void rename(Replica *replica) {
         if (const auto database = replica->library().synchronizedDatabase(m_UUID)) {
+            now = date(replica).toMSecsSinceEpoch();
             require(replica->library().renameDatabase(database,
                                                       QStringLiteral("Name %1").arg(++m_clock)));
         }
@@ -248,8 +285,20 @@ private:
 
     template <class Session>
     void begin() {
-        Replica *replica = anyReplica();
-        const qsizetype store = upTo(static_cast<int>(m_stores.size()));
+        begin<Session>(anyReplica(), anyStore());
+    }
+
+    /// Of one computer, or of two at once.
+    void beginCleaning() {
+        const qsizetype store = anyStore();
+        begin<CleanSession>(anyReplica(), store);
+        if (happens(50)) {
+            begin<CleanSession>(anyReplica(), store);
+        }
+    }
+
+    template <class Session>
+    void begin(Replica *replica, qsizetype store) {
         const bool isRunning =
             std::any_of(m_running.begin(), m_running.end(), [&](const Running &running) {
                 return running.replica == replica && running.store == store;
@@ -287,9 +336,93 @@ private:
         }
     }
 
+    /// What happens at times and only to histories of one kind.
+    void happen() {
+        if (m_kind == Kind::Damage) {
+            damage(m_stores[anyStore()]);
+        } else if (m_kind == Kind::Copies) {
+            Replica *replica = anyReplica();
+            Replica *source = happens(50) ? replica : anyReplica();
+            if (happens(40) && replica->library().synchronizedDatabase(m_UUID)) {
+                endSessions(replica);
+                replica->copyProfile();
+                m_copied.insert(replica);
+            } else if (m_copied.contains(source)) {
+                replaceProfile(replica, *source);
+            }
+        }
+    }
+
+    void damage(MemoryStore::Blobs &blobs) {
+        if (blobs.empty()) {
+            return;
+        }
+        const auto blob = std::next(blobs.begin(), upTo(static_cast<int>(blobs.size())));
+        QByteArray &contents = blob->second;
+        const int size = static_cast<int>(contents.size());
+        switch (upTo(3)) {
+            case 0:
+                blobs.erase(blob);
+                break;
+            case 1:
+                contents.truncate(upTo(size + 1));
+                break;
+            default:
+                if (size > 0) {
+                    char &byte = contents[upTo(size)];
+                    byte = static_cast<char>(byte ^ (1 << upTo(8)));
+                }
+        }
+    }
+
+    void endSessions(const Replica *replica) {
+        std::erase_if(m_running,
+                      [&](const Running &running) { return running.replica == replica; });
+    }
+
+    void replaceProfile(Replica *replica, const Replica &source) {
+        endSessions(replica);
+        m_readLongAgo.remove(replica);
+        replica->replaceProfile(source);
+        expectWhatIsLeft();
+    }
+
+    /// What only the replaced profile contained is gone, including what it had replaced or deleted
+    /// of it.
+    void expectWhatIsLeft() {
+        QSet<OperationId> operations;
+        QSet<OperationId> superseded;
+        for (Replica *replica : m_replicas) {
+            if (const auto database = replica->library().synchronizedDatabase(m_UUID)) {
+                const QList<OperationId> current = database->log().operationIds().value();
+                operations.unite(QSet(current.begin(), current.end()));
+                superseded.unite(database->log().supersededIds().value());
+            }
+        }
+        for (const MemoryStore::Blobs &blobs : m_stores) {
+            for (const auto &[name, contents] : blobs) {
+                if (const auto read = Transaction::decoded(contents, name)) {
+                    for (const Operation &operation : read->operations) {
+                        operations.insert(operation.id);
+                    }
+                    const QList<OperationId> all = read->allSuperseded();
+                    superseded.unite(QSet(all.begin(), all.end()));
+                }
+            }
+        }
+        for (auto edit = m_edits.begin(); edit != m_edits.end(); ++edit) {
+            const OperationId identifier = QByteArray::fromHex(edit.key().toLatin1());
+            edit->isSuperseded =
+                superseded.contains(identifier) || !operations.contains(identifier);
+        }
+    }
+
     MemoryStore::Fault nextFault() const {
         if (!m_isFaulty || !happens(6)) {
             return MemoryStore::Fault::None;
+        }
+        if (m_kind == Kind::Damage && happens(40)) {
+            return MemoryStore::Fault::Lie;
         }
         return std::array{MemoryStore::Fault::Unreachable, MemoryStore::Fault::LostAnswer,
                           MemoryStore::Fault::Torn, MemoryStore::Fault::HalfKept}[upTo(4)];
@@ -297,7 +430,7 @@ private:
 
     /// As a mirror of the store does that was cut off for a while.
     void deliverTwice() {
-        MemoryStore::Blobs &blobs = m_stores[upTo(static_cast<int>(m_stores.size()))];
+        MemoryStore::Blobs &blobs = m_stores[anyStore()];
         const QString folder = QStringLiteral("transactions/%1/").arg(m_UUID);
         QStringList names;
         for (const auto &[name, contents] : blobs) {
@@ -313,7 +446,12 @@ private:
         }
     }
 
+    const Kind m_kind;
     const QList<Replica *> m_replicas;
+    /// The clock of each replica.
+    QList<int> m_yearsAhead;
+    /// The replicas with a copy of the profile that was made in this history.
+    QSet<Replica *> m_copied;
     std::vector<MemoryStore::Blobs> m_stores;
     std::vector<Running> m_running;
     QString m_UUID;
@@ -327,8 +465,8 @@ private:
 }  // namespace
 
 /// Property test: runs random histories of replicas that edit and synchronize while any operation
-/// may fail. The seeds are VELMORA_SEED (default 1) and the following ones, VELMORA_HISTORIES
-/// (default 1,000) in all.
+/// may fail, stores may be damaged and lie, and profiles may be restored from old copies. The seeds
+/// are VELMORA_SEED (default 1) and the following ones, VELMORA_HISTORIES (default 1,000) in all.
 class SyncPropertyTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -366,8 +504,8 @@ private:
         for (int i = 3 + upTo(3); i > 0; --i) {
             taking.append(&replicas[i]);
         }
-        History history(taking, 1 + upTo(2));
-        history.run(seed % 10 == 0 ? 1000 : 100 + upTo(200));
+        History history(static_cast<History::Kind>(upTo(3)), taking, 1 + upTo(2));
+        history.run(seed % 10 == 0 ? 600 : 60 + upTo(120));
         history.settle();
         for (Replica *replica : history.replicas()) {
             history.verify(replica);

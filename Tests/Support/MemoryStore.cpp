@@ -10,7 +10,8 @@ Error fault() {
 }
 
 bool isFailing(MemoryStore::Fault found) {
-    return found != MemoryStore::Fault::None && found != MemoryStore::Fault::HalfKept;
+    return found == MemoryStore::Fault::Unreachable || found == MemoryStore::Fault::LostAnswer ||
+           found == MemoryStore::Fault::Torn;
 }
 
 }  // namespace
@@ -26,7 +27,8 @@ Expected<void> MemoryStore::open(const EngineFuture & /*future*/) {
 
 Expected<QStringList> MemoryStore::listFolder(const QString &folder,
                                               const EngineFuture & /*future*/) {
-    if (isFailing(m_nextFault())) {
+    const Fault found = m_nextFault();
+    if (isFailing(found)) {
         return failure(fault());
     }
     QStringList names;
@@ -35,17 +37,27 @@ Expected<QStringList> MemoryStore::listFolder(const QString &folder,
             names.append(name.mid(folder.size() + 1));
         }
     }
+    if (found == Fault::Lie && !names.isEmpty()) {
+        names.removeAt(names.size() / 2);
+    }
     return names;
 }
 
 Expected<QByteArray> MemoryStore::readBlob(const QString &name, qint64 limit,
                                            const EngineFuture & /*future*/) {
-    if (isFailing(m_nextFault())) {
+    const Fault found = m_nextFault();
+    if (isFailing(found)) {
         return failure(fault());
     }
     const auto blob = m_blobs.find(name);
     if (blob == m_blobs.end()) {
         return failure(missing(name));
+    }
+    if (found == Fault::Lie && !blob->second.isEmpty()) {
+        QByteArray other = blob->second;
+        char &byte = other[other.size() / 2];
+        byte = static_cast<char>(byte ^ 1);
+        return other;
     }
     return blob->second.size() > limit ? failure(tooLong(name))
                                        : Expected<QByteArray>(blob->second);
@@ -56,6 +68,9 @@ Expected<BlobStore::Written> MemoryStore::writeBlob(const QString &name, const Q
     const Fault found = m_nextFault();
     if (found == Fault::Unreachable) {
         return failure(fault());
+    }
+    if (found == Fault::Lie) {
+        return Written::New;
     }
     const bool isCut = found == Fault::Torn || found == Fault::HalfKept;
     const qsizetype size = isCut ? contents.size() / 2 : contents.size();
@@ -70,6 +85,9 @@ Expected<void> MemoryStore::removeBlob(const QString &name, const EngineFuture &
     const Fault found = m_nextFault();
     if (found == Fault::Unreachable) {
         return failure(fault());
+    }
+    if (found == Fault::Lie) {
+        return {};
     }
     m_blobs.erase(name);
     return isFailing(found) ? failure(fault()) : Expected<void>();

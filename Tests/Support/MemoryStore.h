@@ -18,7 +18,10 @@ public:
         /// Only the beginning is written, and an error is returned.
         Torn,
         /// Only the beginning is written, and success is returned.
-        HalfKept
+        HalfKept,
+        /// The operation succeeds, but a listing omits a name, a read returns another byte, and a
+        /// write or removal has no effect.
+        Lie
     };
 
     using NextFault = std::function<Fault()>;
