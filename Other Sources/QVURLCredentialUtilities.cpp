@@ -12,13 +12,17 @@ std::optional<UrlProtectionSpace> QVHTTPDigestURLProtectionSpaceForURL(const Url
 }
 
 std::optional<UrlCredential> QVHTTPBasicURLCredentialForURL(const Url &URL) {
-    return UrlCredentialStorage::shared().credentialForURL(URL, UrlAuthenticationMethodHttpBasic);
+    return UrlCredentialStorage::shared()
+        .credentialForURL(URL, UrlAuthenticationMethodHttpBasic)
+        .value_or(std::nullopt);
 }
 
 std::optional<UrlCredential> QVHTTPDigestURLCredentialForURL(const Url &URL) {
-    return UrlCredentialStorage::shared().credentialForURL(URL, UrlAuthenticationMethodHttpDigest);
+    return UrlCredentialStorage::shared()
+        .credentialForURL(URL, UrlAuthenticationMethodHttpDigest)
+        .value_or(std::nullopt);
 }
 
 std::optional<UrlCredential> QVDefaultURLCredentialForURL(const Url &URL) {
-    return UrlCredentialStorage::shared().credentialForURL(URL);
+    return UrlCredentialStorage::shared().credentialForURL(URL).value_or(std::nullopt);
 }

@@ -66,7 +66,9 @@ void QVWebDAVLocationEditor::showCredential() {
     const UrlCredential shown = m_credential.value_or(UrlCredential());
     m_userField->setText(m_credentialState == CredentialState::Known ? shown.user
                                                                      : location()->URL().user());
-    m_passwordField->setText(shown.password);
+    QString password = shown.password.toText();
+    m_passwordField->setText(password);
+    SecretBytes::wipe(password);
     if (m_credentialState == CredentialState::Unreadable) {
         m_explanationLabel->setText(
             localizedSyncString("%1 %2 To replace the password, enter it again.")
@@ -150,6 +152,7 @@ bool QVWebDAVLocationEditor::isValid() const {
 void QVWebDAVLocationEditor::toggleHTTPS(QObject *checkBox) {
     const bool isHTTPS = qobject_cast<QCheckBox *>(checkBox)->isChecked();
     m_portField->setPlaceholderText(QString::number(defaultPortForHTTPS(isHTTPS)));
+    m_unencryptedLabel->setVisible(!isHTTPS);
     validate(checkBox);
 }
 
@@ -163,6 +166,10 @@ void QVWebDAVLocationEditor::controlTextDidChange() {
 
 void QVWebDAVLocationEditor::awakeFromNib() {
     const Fields shown = fieldsOfURL(location()->URL());
+    // So that the fields stay in their places.
+    QSizePolicy policy = m_unencryptedLabel->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_unencryptedLabel->setSizePolicy(policy);
     m_HTTPSCheckbox->setChecked(shown.isHTTPS);
     toggleHTTPS(m_HTTPSCheckbox);
     m_serverField->setText(shown.server);

@@ -35,6 +35,7 @@ class QVWebDAVLocationEditor : public QVSyncLocationEditor {
     Q_PROPERTY(QCheckBox *HTTPSCheckbox MEMBER m_HTTPSCheckbox)
     Q_PROPERTY(QPushButton *acceptButton MEMBER m_acceptButton)
     Q_PROPERTY(QLabel *explanationLabel MEMBER m_explanationLabel)
+    Q_PROPERTY(QLabel *unencryptedLabel MEMBER m_unencryptedLabel)
 public:
     /// The contents of the sheet's fields.
     struct Fields {
@@ -85,8 +86,8 @@ public:
     bool isValid() const;
 
 public Q_SLOTS:
-    /// Shows the default port for the state of `checkBox`, which must be a QCheckBox, and
-    /// validates.
+    /// Shows the default port, and whether the connection is encrypted, for the state of
+    /// `checkBox`, which must be a QCheckBox, and validates.
     void toggleHTTPS(QObject *checkBox);
     /// Enables the OK button if isValid(); otherwise disables it. `sender` is not used.
     void validate(QObject *sender);
@@ -131,4 +132,6 @@ private:
     QPointer<QCheckBox> m_HTTPSCheckbox;
     QPointer<QPushButton> m_acceptButton;
     QPointer<QLabel> m_explanationLabel;
+    /// Says what others on the network can read; visible unless HTTPS is on.
+    QPointer<QLabel> m_unencryptedLabel;
 };

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/Foundation/FoundSecret.h"
 #include "Platform/Security/Keychain.h"
 
 namespace {
@@ -14,10 +15,6 @@ constexpr qsizetype LongestName = 255;
 
 QByteArray passwordFor(const QByteArray &secret) {
     return QCryptographicHash::hash(secret, QCryptographicHash::Sha256).toHex();
-}
-
-std::optional<QByteArray> storedPassword(const QString &name) {
-    return Keychain::shared().password(DirectConnection::ClientAuthorizationServiceName, name);
 }
 
 }  // namespace
@@ -29,12 +26,16 @@ bool DirectConnectionClients::isName(const QString &name) {
                        [](char32_t character) { return QChar::isPrint(character); });
 }
 
-bool DirectConnectionClients::isAuthorized(const QString &name, const QByteArray &secret) {
+Expected<bool> DirectConnectionClients::isAuthorized(const QString &name,
+                                                     const QByteArray &secret) {
     const QByteArray expected = passwordFor(secret);
-    const std::optional<QByteArray> stored = storedPassword(name);
-    return stored && stored->size() == expected.size() &&
-           CRYPTO_memcmp(stored->constData(), expected.constData(),
-                         static_cast<size_t>(expected.size())) == 0;
+    return foundSecret(
+               Keychain::shared().password(DirectConnection::ClientAuthorizationServiceName, name))
+        .map([&](const std::optional<SecretBytes> &stored) {
+            return stored && stored->view().size() == expected.size() &&
+                   CRYPTO_memcmp(stored->view().data(), expected.constData(),
+                                 static_cast<size_t>(expected.size())) == 0;
+        });
 }
 
 void DirectConnectionClients::authorize(const QString &name, const QByteArray &secret) {

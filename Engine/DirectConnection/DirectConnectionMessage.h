@@ -11,8 +11,8 @@
 ///
 /// A client first sends "hello" with "name" and "secret", or starts pairing (see
 /// DirectConnectionPairing). The response is "welcome", "refused" (without a reason), or "busy"
-/// while the user is being asked about another client; after the last two the server closes the
-/// connection. After "welcome" the client may send
+/// while the user is being asked about another client or the keychain cannot be read; after the
+/// last two the server closes the connection. After "welcome" the client may send
 ///
 ///     "list": "folder" → "names"
 ///     "read": "name", "limit" (bytes) → "contents"

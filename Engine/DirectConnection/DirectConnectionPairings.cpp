@@ -1,5 +1,6 @@
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 
+#include "Engine/Foundation/FoundSecret.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/MainQueue.h"
@@ -35,9 +36,12 @@ std::optional<QByteArray> DirectConnectionPairings::fingerprint(const QString &k
     return position == m_fingerprints.end() ? std::nullopt : std::optional(*position);
 }
 
-std::optional<QByteArray> DirectConnectionPairings::secret(const QString &key) const {
-    const auto hex = Keychain::shared().password(KeychainService, key);
-    return hex ? std::optional(QByteArray::fromHex(*hex)) : std::nullopt;
+Expected<std::optional<SecretBytes>> DirectConnectionPairings::secret(const QString &key) const {
+    return foundSecret(Keychain::shared().password(KeychainService, key))
+        .map([](const std::optional<SecretBytes> &hex) -> std::optional<SecretBytes> {
+            return hex ? std::optional<SecretBytes>(QByteArray::fromHex(hex->toByteArray()))
+                       : std::nullopt;
+        });
 }
 
 void DirectConnectionPairings::keep(const QString &key, const QByteArray &fingerprint,
@@ -52,6 +56,24 @@ void DirectConnectionPairings::keep(const QString &key, const QByteArray &finger
             living->save(key, fingerprint);
         }
     });
+}
+
+Expected<void> DirectConnectionPairings::forget(const QString &identifier) {
+    const std::lock_guard lock(m_mutex);
+    const QStringList keys = m_fingerprints.keys();
+    for (const QString &key : keys) {
+        if (!key.endsWith(u' ' + identifier)) {
+            continue;
+        }
+        if (Expected<void> removed = m_profile->run(
+                QStringLiteral("DELETE FROM settings WHERE key = ?"), {SettingPrefix + key});
+            !removed) {
+            return removed;
+        }
+        m_fingerprints.remove(key);
+        Keychain::shared().removeFirstLater(KeychainService.toUtf8(), key.toUtf8(), [](bool) {});
+    }
+    return {};
 }
 
 void DirectConnectionPairings::save(const QString &key, const QByteArray &fingerprint) const {

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "Platform/Foundation/Expected.h"
+#include "Platform/Security/SecretBytes.h"
 
 class ProfileDatabase;
 
@@ -32,12 +33,15 @@ public:
 
     /// Returns the fingerprint of the server that was paired for `key`; empty if there is none.
     std::optional<QByteArray> fingerprint(const QString &key) const;
-    /// Returns the secret of that pairing; empty also if the keychain does not contain it or is not
-    /// available. Blocks for at most the timeout of the secret store.
-    std::optional<QByteArray> secret(const QString &key) const;
+    /// Returns the secret of that pairing; empty if the keychain does not contain it. Returns an
+    /// error if the keychain cannot be read. Blocks for at most the timeout of the secret store.
+    Expected<std::optional<SecretBytes>> secret(const QString &key) const;
     /// Stores a pairing, replacing that of the same key. Effective at once for this run; written to
     /// the keychain and the profile asynchronously. A failure to write the profile is logged.
     void keep(const QString &key, const QByteArray &fingerprint, const QByteArray &secret);
+    /// Forgets the pairings of the location `identifier`, at which their keys end. The keychain is
+    /// changed asynchronously. Must be called on the main thread before close().
+    Expected<void> forget(const QString &identifier);
 
 private:
     /// Writes a fingerprint to the profile, unless this is closed.

@@ -142,11 +142,18 @@ void DirectConnectionSession::handle(const Received &received) {
 void DirectConnectionSession::greet(const QCborMap &message) {
     m_client.clientName = message[Name].toString();
     m_client.clientSecret = message[Secret].toByteArray();
-    if (DirectConnectionClients::isAuthorized(m_client.clientName, m_client.clientSecret)) {
+    if (isAuthorized()) {
         prepare();
-    } else {
-        sendLast(Refused);
     }
+}
+
+bool DirectConnectionSession::isAuthorized() {
+    const Expected<bool> isAuthorized =
+        DirectConnectionClients::isAuthorized(m_client.clientName, m_client.clientSecret);
+    if (!isAuthorized.value_or(false)) {
+        sendLast(isAuthorized ? Refused : Busy);
+    }
+    return isAuthorized.value_or(false);
 }
 
 void DirectConnectionSession::beginPairing(const QCborMap &message) {
@@ -207,10 +214,8 @@ void DirectConnectionSession::proceed() {
 }
 
 void DirectConnectionSession::serve(const Received &request) {
-    if (DirectConnectionClients::isAuthorized(m_client.clientName, m_client.clientSecret)) {
+    if (isAuthorized()) {
         send(answerTo(request));
-    } else {
-        sendLast(Refused);
     }
 }
 

@@ -68,6 +68,9 @@ private:
     void handle(const DirectConnectionMessage::Received &received);
     /// Check the client's authorization, or start and complete its pairing.
     void greet(const QCborMap &message);
+    /// Returns whether the client is authorized. Otherwise sends the last message: Busy if the
+    /// keychain cannot be read.
+    bool isAuthorized();
     void beginPairing(const QCborMap &message);
     void reveal(const QCborMap &message);
     /// Waits until the store is ready.

@@ -154,9 +154,12 @@ Expected<void> DirectConnectionStore::authenticate(const EngineFuture &future) {
                         "the location and add it again.",
                         URL().host()));
     }
-    const std::optional<QByteArray> secret =
-        pinned ? m_pairings->secret(m_pairingKey) : std::nullopt;
-    return secret ? greet(*secret, future) : pair(future);
+    if (!pinned) {
+        return pair(future);
+    }
+    return m_pairings->secret(m_pairingKey).and_then([&](const std::optional<SecretBytes> &secret) {
+        return secret ? greet(secret->toByteArray(), future) : pair(future);
+    });
 }
 
 Expected<void> DirectConnectionStore::greet(const QByteArray &secret, const EngineFuture &future) {

@@ -36,15 +36,14 @@ Keychain &Keychain::shared() {
 }
 
 void Keychain::setPassword(const QString &service, const QString &account,
-                           const QByteArray &password) {
+                           const SecretBytes &password) {
     m_store.set({.attributes = itemAttributes(service.toUtf8(), account.toUtf8()),
                  .label = secretLabel(account),
                  .secret = password});
 }
 
-std::optional<QStringList> Keychain::accounts(const QString &service) const {
-    const auto items = m_store.findAttributes(serviceAttributes(service.toUtf8()));
-    return items ? std::optional(accountsOf(*items)) : std::nullopt;
+Expected<QStringList> Keychain::accounts(const QString &service) const {
+    return m_store.findAttributes(serviceAttributes(service.toUtf8())).map(accountsOf);
 }
 
 void Keychain::findAccounts(const QString &service, const AccountsHandler &handler) const {
@@ -54,9 +53,12 @@ void Keychain::findAccounts(const QString &service, const AccountsHandler &handl
                                 });
 }
 
-std::optional<QByteArray> Keychain::password(const QString &service, const QString &account) const {
-    const auto items = m_store.find(itemAttributes(service.toUtf8(), account.toUtf8()));
-    return items && !items->isEmpty() ? std::optional(items->first().secret) : std::nullopt;
+Expected<std::optional<SecretBytes>> Keychain::password(const QString &service,
+                                                        const QString &account) const {
+    return m_store.find(itemAttributes(service.toUtf8(), account.toUtf8()))
+        .map([](const QList<StoredSecret> &items) {
+            return items.isEmpty() ? std::nullopt : std::optional(items.first().secret);
+        });
 }
 
 bool Keychain::removeFirst(const QByteArray &service, const QByteArray &account) {

@@ -7,6 +7,7 @@
 
 #include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
+#include "Platform/Security/SecretBytes.h"
 
 class SecretStore;
 
@@ -22,22 +23,23 @@ public:
 
     /// Adds the item of `service` and `account`, or replaces its password, which may be any bytes.
     /// Returns at once.
-    void setPassword(const QString &service, const QString &account, const QByteArray &password);
+    void setPassword(const QString &service, const QString &account, const SecretBytes &password);
 
     /// Returns the accounts of the items of `service`, in undefined order, with duplicates if
     /// several items have the same account. Only attributes are read, so the accounts of a locked
     /// keyring are returned too, and the user is not asked to unlock it. Items without an account
-    /// are omitted. Returns an empty optional if the items cannot be looked up. Blocks as
+    /// are omitted. Returns an error if the items cannot be looked up. Blocks as
     /// SecretStore::findAttributes() does.
-    std::optional<QStringList> accounts(const QString &service) const;
+    Expected<QStringList> accounts(const QString &service) const;
     /// Receives the accounts, or the reason why they cannot be looked up.
     using AccountsHandler = std::function<void(const Expected<QStringList> &accounts)>;
     /// Finds the same accounts asynchronously. Returns at once; see SecretStore::findLater() for
     /// when `handler` is called.
     void findAccounts(const QString &service, const AccountsHandler &handler) const;
     /// Returns the password of the first item of `service` and `account`, or an empty optional if
-    /// there is none or it cannot be read. Blocks as SecretStore::find() does.
-    std::optional<QByteArray> password(const QString &service, const QString &account) const;
+    /// there is none. Returns an error if it cannot be read. Blocks as SecretStore::find() does.
+    Expected<std::optional<SecretBytes>> password(const QString &service,
+                                                  const QString &account) const;
 
     /// Deletes the first item of `service` and `account`, both in UTF-8; other items with the same
     /// two remain. Blocks until that is done or the timeout expires. Returns false if there is no

@@ -157,8 +157,9 @@ SecretServiceClient::FoundItems foundItems(GList *list, SecretServiceClient::Acc
         if (value) {
             gsize length = 0;
             const char *bytes = secret_value_get(value.get(), &length);
-            found.items.append({.attributes = attributesOf(item.get()),
-                                .secret = QByteArray(bytes, static_cast<qsizetype>(length))});
+            found.items.append(
+                {.attributes = attributesOf(item.get()),
+                 .secret = SecretBytes(QByteArrayView(bytes, static_cast<qsizetype>(length)))});
         } else if (secret_item_get_locked(item.get())) {
             found.isAnyLocked = true;
         }
@@ -215,7 +216,7 @@ void SecretServiceClient::store(const StoredSecret &item,
             handler(isDeclined ? Failure::Locked : error.failure());
         };
         const std::unique_ptr<SecretValue, decltype(&secret_value_unref)> value(
-            secret_value_new(item.secret.constData(), item.secret.size(), "text/plain"),
+            secret_value_new(item.secret.view().data(), item.secret.view().size(), "text/plain"),
             &secret_value_unref);
         secret_service_store(service.get(), nullptr, hashTable(item.attributes).get(),
                              SECRET_COLLECTION_DEFAULT, item.label.toUtf8().constData(),

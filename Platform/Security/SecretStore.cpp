@@ -66,16 +66,26 @@ QString reasonOf(Failure failure) {
     return localizedString(PlatformTable, "The password service failed.");
 }
 
+const QString ErrorDomain = QStringLiteral("SecretStore");
+
 Error errorOfReading(Failure failure) {
-    return {.domain = QStringLiteral("SecretStore"),
+    return {.domain = ErrorDomain,
             .code = static_cast<int>(failure),
             .localizedDescription =
                 localizedString(PlatformTable, "The saved password could not be read."),
             .localizedFailureReason = reasonOf(failure)};
 }
 
+/// What a lookup returns if this run has set `own` and the service has returned `found`.
+Expected<QList<StoredSecret>> result(const QList<StoredSecret> &own, const FoundItems &found) {
+    const std::optional<Failure> failed =
+        found.isAnyLocked ? std::optional(Failure::Locked) : found.failure;
+    return failed && own.isEmpty() ? failure(errorOfReading(*failed))
+                                   : Expected<QList<StoredSecret>>(merged(own, found.items));
+}
+
 Error errorOfWriting(Failure failure) {
-    return {.domain = QStringLiteral("SecretStore"),
+    return {.domain = ErrorDomain,
             .code = static_cast<int>(failure),
             .localizedDescription =
                 localizedString(PlatformTable,
@@ -93,7 +103,7 @@ public:
     explicit Implementation(std::chrono::milliseconds patience) : m_patience(patience) {}
     ~Implementation() { stop(); }
 
-    std::optional<QList<StoredSecret>> find(const SecretAttributes &attributes, bool wantsSecrets);
+    Expected<QList<StoredSecret>> find(const SecretAttributes &attributes, bool wantsSecrets);
     void findLater(const SecretAttributes &attributes, bool wantsSecrets, const Handler &handler);
     void set(const StoredSecret &item);
     bool removeFirst(const SecretAttributes &attributes);
@@ -124,8 +134,7 @@ private:
     };
 
     QList<StoredSecret> remembered(const SecretAttributes &attributes) const;
-    std::optional<QList<StoredSecret>> ask(Lock &lock, const SecretAttributes &attributes,
-                                           bool wantsSecrets);
+    FoundItems ask(Lock &lock, const SecretAttributes &attributes, bool wantsSecrets);
     void didAnswer(Question &question, const FoundItems &found, Access access);
     /// Appends a job and returns its number.
     quint64 append(std::function<void(const Done &)> job);
@@ -168,30 +177,20 @@ QList<StoredSecret> SecretStore::Implementation::remembered(
     return items;
 }
 
-std::optional<QList<StoredSecret>> SecretStore::Implementation::find(
-    const SecretAttributes &attributes, bool wantsSecrets) {
+Expected<QList<StoredSecret>> SecretStore::Implementation::find(const SecretAttributes &attributes,
+                                                                bool wantsSecrets) {
     Lock lock(m_mutex);
     // Taken before the service is asked: what has reached the service meanwhile may be missing in
     // its answer.
     const QList<StoredSecret> own = remembered(attributes);
-    const auto found = ask(lock, attributes, wantsSecrets);
-    if (!found && own.isEmpty()) {
-        return std::nullopt;
-    }
-    return merged(own, found.value_or(QList<StoredSecret>()));
+    return result(own, ask(lock, attributes, wantsSecrets));
 }
 
 void SecretStore::Implementation::findLater(const SecretAttributes &attributes, bool wantsSecrets,
                                             const Handler &handler) {
     const Lock lock(m_mutex);
     const auto deliver = [handler, own = remembered(attributes)](const FoundItems &found) {
-        const std::optional<Failure> failed =
-            found.isAnyLocked ? std::optional(Failure::Locked) : found.failure;
-        MainQueue::dispatchAsync(
-            [handler, failed, items = merged(own, found.items), isError = failed && own.isEmpty()] {
-                handler(isError ? failure(errorOfReading(*failed))
-                                : Expected<QList<StoredSecret>>(items));
-            });
+        MainQueue::dispatchAsync([handler, items = result(own, found)] { handler(items); });
     };
     if (m_isStopped || !canBeSent(attributes)) {
         deliver({.failure = Failure::NoService});
@@ -211,10 +210,13 @@ void SecretStore::Implementation::findLater(const SecretAttributes &attributes, 
     });
 }
 
-std::optional<QList<StoredSecret>> SecretStore::Implementation::ask(
-    Lock &lock, const SecretAttributes &attributes, bool wantsSecrets) {
-    if (m_isStopped || m_abandonedQuestions > 0 || !canBeSent(attributes)) {
-        return std::nullopt;
+FoundItems SecretStore::Implementation::ask(Lock &lock, const SecretAttributes &attributes,
+                                            bool wantsSecrets) {
+    if (m_isStopped || !canBeSent(attributes)) {
+        return {.failure = Failure::NoService};
+    }
+    if (m_abandonedQuestions > 0) {
+        return {.failure = Failure::Broken};
     }
     const auto question = std::make_shared<Question>();
     const Access access = !wantsSecrets       ? Access::Attributes
@@ -230,9 +232,9 @@ std::optional<QList<StoredSecret>> SecretStore::Implementation::ask(
     if (!question->answer) {
         question->isAwaited = false;
         ++m_abandonedQuestions;
-        return std::nullopt;
+        return {.failure = Failure::Broken};
     }
-    return question->answer->failure ? std::nullopt : std::optional(question->answer->items);
+    return *question->answer;
 }
 
 void SecretStore::Implementation::didAnswer(Question &question, const FoundItems &found,
@@ -447,14 +449,12 @@ SecretStore::SecretStore(std::chrono::milliseconds patience)
 
 SecretStore::~SecretStore() = default;
 
-std::optional<QList<StoredSecret>> SecretStore::find(const SecretAttributes &attributes) {
+Expected<QList<StoredSecret>> SecretStore::find(const SecretAttributes &attributes) {
     return m_implementation->find(attributes, true);
 }
 
-std::optional<QList<SecretAttributes>> SecretStore::findAttributes(
-    const SecretAttributes &attributes) {
-    const auto items = m_implementation->find(attributes, false);
-    return items ? std::optional(attributesOfAll(*items)) : std::nullopt;
+Expected<QList<SecretAttributes>> SecretStore::findAttributes(const SecretAttributes &attributes) {
+    return m_implementation->find(attributes, false).map(attributesOfAll);
 }
 
 void SecretStore::findLater(const SecretAttributes &attributes, const Handler &handler) {
@@ -480,6 +480,10 @@ bool SecretStore::removeFirst(const SecretAttributes &attributes) {
 void SecretStore::removeFirstLater(const SecretAttributes &attributes,
                                    const std::function<void(bool)> &handler) {
     m_implementation->removeFirstLater(attributes, handler);
+}
+
+bool SecretStore::isServiceMissing(const Error &error) {
+    return error.domain == ErrorDomain && error.code == static_cast<int>(Failure::NoService);
 }
 
 std::optional<Error> SecretStore::error() const {

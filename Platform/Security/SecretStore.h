@@ -12,6 +12,7 @@
 #include "Platform/Foundation/Error.h"
 #include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
+#include "Platform/Security/SecretBytes.h"
 
 /// Posted to the default notification center on the main thread when a secret that should be stored
 /// permanently cannot be: once for each store, however many secrets follow. It has no object; the
@@ -29,7 +30,7 @@ struct StoredSecret {
     SecretAttributes attributes = {};
     /// The name shown to the user by the desktop's password manager.
     QString label = {};
-    QByteArray secret = {};
+    SecretBytes secret = {};
     SecretKeeping keeping = SecretKeeping::ForGood;
 };
 
@@ -52,15 +53,15 @@ public:
     SecretStore &operator=(const SecretStore &) = delete;
 
     /// Returns the items that have all of `attributes`, where those set in this run replace the
-    /// service's. Locked items are unlocked first, for which the user may be prompted; once the
-    /// user has declined, they are omitted. Returns an empty optional if the service is not
-    /// available and this run has set no such item. Blocks for at most the store's timeout; after
-    /// one call has timed out, others do not block while that request is pending.
-    std::optional<QList<StoredSecret>> find(const SecretAttributes &attributes);
+    /// service's. Locked items are unlocked first, for which the user may be prompted, but not
+    /// again once the user has declined. Unless this run has set some of the items, returns an
+    /// error if items stay locked or the service fails. Blocks for at most the store's timeout;
+    /// after one call has timed out, others do not block while that request is pending.
+    Expected<QList<StoredSecret>> find(const SecretAttributes &attributes);
     /// Returns the attributes of the items that have all of `attributes`, including locked ones.
-    /// Requests no secret and never asks the user to unlock anything. Returns an empty optional if
-    /// the service is not available and this run has set no such item.
-    std::optional<QList<SecretAttributes>> findAttributes(const SecretAttributes &attributes);
+    /// Requests no secret and never asks the user to unlock anything. Unless this run has set some
+    /// of the items, returns an error if the service fails.
+    Expected<QList<SecretAttributes>> findAttributes(const SecretAttributes &attributes);
 
     /// Receives the items, or the reason why they cannot be read.
     using Handler = std::function<void(const Expected<QList<StoredSecret>> &items)>;
@@ -84,6 +85,10 @@ public:
     /// is called as that of findLater().
     void removeFirstLater(const SecretAttributes &attributes,
                           const std::function<void(bool isRemoved)> &handler);
+
+    /// Returns whether `error`, which a lookup has returned, means that no password service is
+    /// running on this computer.
+    static bool isServiceMissing(const Error &error);
 
     /// Returns why secrets cannot be stored permanently, as a message for the user; empty while
     /// they can.

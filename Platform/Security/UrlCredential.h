@@ -4,6 +4,8 @@
 #include <QtCore/QString>
 #include <optional>
 
+#include "Platform/Security/SecretBytes.h"
+
 /// A user's name and password at a server. A value; "no credential" is an empty
 /// std::optional<UrlCredential>.
 struct UrlCredential {
@@ -17,7 +19,8 @@ struct UrlCredential {
     };
 
     QString user = {};
-    QString password = {};
+    /// In UTF-8.
+    SecretBytes password = {};
     Persistence persistence = Persistence::None;
 
     bool operator==(const UrlCredential &) const = default;

@@ -39,13 +39,14 @@ SecretKeeping keepingOf(const UrlCredential &credential) {
                                                                            : SecretKeeping::ThisRun;
 }
 
+using Credentials = QHash<QString, UrlCredential>;
+using Credential = std::optional<UrlCredential>;
+
 /// Finds the items that have all of the attributes.
-using Finder = std::function<QList<StoredSecret>(const SecretAttributes &attributes)>;
+using Finder = std::function<Expected<QList<StoredSecret>>(const SecretAttributes &attributes)>;
 
 Finder finder(SecretStore &store) {
-    return [&store](const SecretAttributes &attributes) {
-        return store.find(attributes).value_or(QList<StoredSecret>());
-    };
+    return [&store](const SecretAttributes &attributes) { return store.find(attributes); };
 }
 
 Finder finder(const QList<StoredSecret> &items) {
@@ -55,18 +56,18 @@ Finder finder(const QList<StoredSecret> &items) {
             return !std::includes(item.attributes.begin(), item.attributes.end(),
                                   attributes.begin(), attributes.end());
         });
-        return found;
+        return Expected<QList<StoredSecret>>(found);
     };
 }
 
-QHash<QString, UrlCredential> credentialsIn(const Finder &find, const UrlProtectionSpace &space) {
-    QHash<QString, UrlCredential> credentials;
-    for (const StoredSecret &item : find(credentialAttributes(space))) {
+Credentials credentialsOf(const QList<StoredSecret> &items) {
+    Credentials credentials;
+    for (const StoredSecret &item : items) {
         const auto user = item.attributes.find(UserAttribute);
         if (user != item.attributes.end()) {
             const UrlCredential credential{
                 .user = QString::fromUtf8(user->second),
-                .password = QString::fromUtf8(item.secret),
+                .password = item.secret,
                 .persistence = item.keeping == SecretKeeping::ThisRun
                                    ? UrlCredential::Persistence::ForSession
                                    : UrlCredential::Persistence::Permanent};
@@ -76,35 +77,51 @@ QHash<QString, UrlCredential> credentialsIn(const Finder &find, const UrlProtect
     return credentials;
 }
 
-std::optional<UrlCredential> defaultCredentialIn(const Finder &find,
-                                                 const UrlProtectionSpace &space) {
-    const QList<StoredSecret> users = find(defaultUserAttributes(space));
-    if (users.isEmpty()) {
-        return std::nullopt;
-    }
-    const auto credentials = credentialsIn(find, space);
-    const auto found = credentials.find(QString::fromUtf8(users.first().secret));
+Credential credentialOfUser(const Credentials &credentials, const QString &user) {
+    const auto found = credentials.find(user);
     return found == credentials.end() ? std::nullopt : std::optional(*found);
 }
 
-std::optional<UrlCredential> credentialOf(const Finder &find, const Url &URL,
-                                          const QString &method) {
+Expected<Credentials> credentialsIn(const Finder &find, const UrlProtectionSpace &space) {
+    return find(credentialAttributes(space)).map(credentialsOf);
+}
+
+Expected<Credential> defaultCredentialIn(const Finder &find, const UrlProtectionSpace &space) {
+    return find(defaultUserAttributes(space))
+        .and_then([&](const QList<StoredSecret> &users) -> Expected<Credential> {
+            if (users.isEmpty()) {
+                return std::nullopt;
+            }
+            return credentialsIn(find, space).map([&](const Credentials &credentials) {
+                return credentialOfUser(credentials, users.first().secret.toText());
+            });
+        });
+}
+
+Expected<Credential> credentialOf(const Finder &find, const Url &URL, const QString &method) {
     const auto space = UrlProtectionSpace::ofURL(URL, method);
     if (!space) {
         return std::nullopt;
     }
     if (!URL.user().isNull()) {
-        const auto credentials = credentialsIn(find, *space);
-        if (const auto found = credentials.find(URL.user()); found != credentials.end()) {
-            return *found;
+        const Expected<Credentials> credentials = credentialsIn(find, *space);
+        if (!credentials) {
+            return failure(credentials.error());
+        }
+        if (Credential found = credentialOfUser(*credentials, URL.user())) {
+            return found;
         }
     }
     return defaultCredentialIn(find, *space);
 }
 
-std::optional<UrlCredential> credentialOf(const Finder &find, const Url &URL) {
-    const auto basic = credentialOf(find, URL, UrlAuthenticationMethodHttpBasic);
-    return basic ? basic : credentialOf(find, URL, UrlAuthenticationMethodHttpDigest);
+Expected<Credential> credentialOf(const Finder &find, const Url &URL) {
+    Expected<Credential> basic = credentialOf(find, URL, UrlAuthenticationMethodHttpBasic);
+    if (basic && *basic) {
+        return basic;
+    }
+    Expected<Credential> digest = credentialOf(find, URL, UrlAuthenticationMethodHttpDigest);
+    return basic || (digest && *digest) ? digest : basic;
 }
 
 }  // namespace
@@ -114,22 +131,22 @@ UrlCredentialStorage &UrlCredentialStorage::shared() {
     return storage;
 }
 
-QHash<QString, UrlCredential> UrlCredentialStorage::credentialsForProtectionSpace(
+Expected<Credentials> UrlCredentialStorage::credentialsForProtectionSpace(
     const std::optional<UrlProtectionSpace> &space) const {
-    return space ? credentialsIn(finder(m_store), *space) : QHash<QString, UrlCredential>();
+    return space ? credentialsIn(finder(m_store), *space) : Credentials();
 }
 
-std::optional<UrlCredential> UrlCredentialStorage::defaultCredentialForProtectionSpace(
+Expected<Credential> UrlCredentialStorage::defaultCredentialForProtectionSpace(
     const std::optional<UrlProtectionSpace> &space) const {
     return space ? defaultCredentialIn(finder(m_store), *space) : std::nullopt;
 }
 
-std::optional<UrlCredential> UrlCredentialStorage::credentialForURL(
+Expected<Credential> UrlCredentialStorage::credentialForURL(
     const Url &URL, const QString &authenticationMethod) const {
     return credentialOf(finder(m_store), URL, authenticationMethod);
 }
 
-std::optional<UrlCredential> UrlCredentialStorage::credentialForURL(const Url &URL) const {
+Expected<Credential> UrlCredentialStorage::credentialForURL(const Url &URL) const {
     return credentialOf(finder(m_store), URL);
 }
 
@@ -137,7 +154,7 @@ void UrlCredentialStorage::findCredentialForURL(const Url &URL,
                                                 const CredentialHandler &handler) const {
     const auto space = UrlProtectionSpace::ofURL(URL, {});
     if (!space) {
-        MainQueue::dispatchAsync([handler] { handler(std::nullopt); });
+        MainQueue::dispatchAsync([handler] { handler(Credential()); });
         return;
     }
     // One question for all that is stored for the server.
@@ -145,7 +162,7 @@ void UrlCredentialStorage::findCredentialForURL(const Url &URL,
     attributes.erase("xdg:schema");
     attributes.erase("authentication-method");
     m_store.findLater(attributes, [URL, handler](const Expected<QList<StoredSecret>> &items) {
-        handler(items.map(
+        handler(items.and_then(
             [&](const QList<StoredSecret> &all) { return credentialOf(finder(all), URL); }));
     });
 }
@@ -157,7 +174,7 @@ void UrlCredentialStorage::setCredentialForProtectionSpace(
     }
     StoredSecret item{.attributes = credentialAttributes(*space),
                       .label = secretLabel(credential.user + u'@' + space->host),
-                      .secret = credential.password.toUtf8(),
+                      .secret = credential.password,
                       .keeping = keepingOf(credential)};
     item.attributes.emplace(UserAttribute, credential.user.toUtf8());
     m_store.set(item);
@@ -171,6 +188,37 @@ void UrlCredentialStorage::setDefaultCredentialForProtectionSpace(
     setCredentialForProtectionSpace(credential, space);
     m_store.set({.attributes = defaultUserAttributes(*space),
                  .label = secretLabel(QStringLiteral("user at %1").arg(space->host)),
-                 .secret = credential.user.toUtf8(),
+                 .secret = credential.user,
                  .keeping = keepingOf(credential)});
+}
+
+void UrlCredentialStorage::findUsersForURL(const Url &URL, const UsersHandler &handler) const {
+    const auto space = UrlProtectionSpace::ofURL(URL, UrlAuthenticationMethodHttpBasic);
+    if (!space) {
+        MainQueue::dispatchAsync([handler] { handler(QStringList()); });
+        return;
+    }
+    m_store.findAttributesLater(
+        credentialAttributes(*space), [handler](const Expected<QList<SecretAttributes>> &items) {
+            handler(items.map([](const QList<SecretAttributes> &all) {
+                QStringList users;
+                for (const SecretAttributes &attributes : all) {
+                    const auto user = attributes.find(UserAttribute);
+                    users.append(user == attributes.end() ? QString()
+                                                          : QString::fromUtf8(user->second));
+                }
+                return users;
+            }));
+        });
+}
+
+void UrlCredentialStorage::removeCredentialForURL(const Url &URL) {
+    for (const QString &method :
+         {UrlAuthenticationMethodHttpBasic, UrlAuthenticationMethodHttpDigest}) {
+        if (const auto space = UrlProtectionSpace::ofURL(URL, method)) {
+            SecretAttributes attributes = credentialAttributes(*space);
+            attributes.emplace(UserAttribute, URL.user().toUtf8());
+            m_store.removeFirstLater(attributes, [](bool) {});
+        }
+    }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QHash>
+#include <QtCore/QStringList>
 #include <functional>
 #include <optional>
 
@@ -30,20 +31,21 @@ public:
     /// `store` is not owned and must outlive the storage.
     explicit UrlCredentialStorage(SecretStore &store) : m_store(store) {}
 
-    /// Returns the credentials of `space` by user name; empty if there are none.
-    QHash<QString, UrlCredential> credentialsForProtectionSpace(
+    /// Returns the credentials of `space` by user name; empty if there are none. These lookups
+    /// return an error if the credentials cannot be read, see SecretStore::find().
+    Expected<QHash<QString, UrlCredential>> credentialsForProtectionSpace(
         const std::optional<UrlProtectionSpace> &space) const;
     /// Returns the default credential of `space`; empty if there is none.
-    std::optional<UrlCredential> defaultCredentialForProtectionSpace(
+    Expected<std::optional<UrlCredential>> defaultCredentialForProtectionSpace(
         const std::optional<UrlProtectionSpace> &space) const;
 
     /// Returns the credential of the URL's user for `authenticationMethod` at the URL's server, or
     /// if there is none, the default credential there. The empty user of "//@host" is a user.
     /// Returns nothing for a nil URL.
-    std::optional<UrlCredential> credentialForURL(const Url &URL,
-                                                  const QString &authenticationMethod) const;
+    Expected<std::optional<UrlCredential>> credentialForURL(
+        const Url &URL, const QString &authenticationMethod) const;
     /// Returns the credential for Basic, or if there is none, the one for Digest.
-    std::optional<UrlCredential> credentialForURL(const Url &URL) const;
+    Expected<std::optional<UrlCredential>> credentialForURL(const Url &URL) const;
     /// Receives the credential, if there is one, or the reason why it cannot be read.
     using CredentialHandler =
         std::function<void(const Expected<std::optional<UrlCredential>> &credential)>;
@@ -59,6 +61,16 @@ public:
     /// credential of `space`, for as long as its persistence says.
     void setDefaultCredentialForProtectionSpace(const UrlCredential &credential,
                                                 const std::optional<UrlProtectionSpace> &space);
+
+    /// Receives user names, or the reason why they cannot be looked up.
+    using UsersHandler = std::function<void(const Expected<QStringList> &users)>;
+    /// Finds the users whose credentials for Basic are stored for the URL's server, without reading
+    /// a password or asking the user to unlock anything. Returns at once; see
+    /// SecretStore::findLater for when `handler` is called.
+    void findUsersForURL(const Url &URL, const UsersHandler &handler) const;
+    /// Deletes the credentials of the URL's user for Basic and Digest at its server. Returns at
+    /// once; a failure is ignored.
+    void removeCredentialForURL(const Url &URL);
 
 private:
     SecretStore &m_store;

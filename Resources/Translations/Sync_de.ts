@@ -180,6 +180,10 @@
         <translation>Der Ordner „%1“ enthält andere Dateien und kein Profil. Wählen Sie einen leeren Ordner.</translation>
     </message>
     <message>
+        <source>%1 %2 Unlock the keyring and try again.</source>
+        <translation>%1 %2 Entsperren Sie den Schlüsselbund, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
         <source>Profile:</source>
         <translation>Profil:</translation>
     </message>
@@ -814,6 +818,30 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>Store name:</source>
         <translation>Name des Sync-Speichers:</translation>
+    </message>
+    <message>
+        <source>Without HTTPS, others on the network can read the password and your notes.</source>
+        <translation>Ohne HTTPS können andere im Netzwerk das Passwort und Ihre Notizen lesen.</translation>
+    </message>
+    <message>
+        <source>Forget the password of “%1”?</source>
+        <translation>Das Passwort von „%1“ vergessen?</translation>
+    </message>
+    <message>
+        <source>You have removed the location. No other location uses the password.</source>
+        <translation>Sie haben den Ort entfernt. Kein anderer Ort benutzt das Passwort.</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Vergessen</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>%1 more items of “%2” could not be synchronized with “%3”.</source>
+        <translation>%1 weitere Objekte von „%2“ konnten nicht mit „%3“ synchronisiert werden.</translation>
     </message>
     <message>
         <source>The password is saved in your keyring and nowhere else.</source>

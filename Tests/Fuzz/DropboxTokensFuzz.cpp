@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const std::optional<DropboxTokens> tokens =
         DropboxTokens::fromAnswer(expanded(bytes(data, size)));
     if (tokens) {
-        const QByteArray all = tokens->access + tokens->refresh;
+        const QByteArray all = tokens->access.toByteArray() + tokens->refresh.toByteArray();
         require(!tokens->access.isEmpty(), "there is a token");
         require(std::all_of(all.begin(), all.end(), [](char c) { return c > ' ' && c < '\x7f'; }),
                 "tokens are visible ASCII");

@@ -13,14 +13,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
         return 0;
     }
     const UrlCredential credential{QStringLiteral("kim \"quoted\\"), QStringLiteral("p4ss")};
-    const auto line = authentication->authorization(credential, "PROPFIND", "/a?b", "nonce");
-    if (line) {
+    const auto answer = authentication->authorization(credential, "PROPFIND", "/a?b", "nonce");
+    if (answer) {
+        const QByteArray line = answer->toByteArray();
         const bool isBasic = authentication->scheme() == HttpAuthentication::Scheme::Basic;
-        require(line->startsWith(isBasic ? "Basic " : "Digest "), "the scheme is the chosen one");
-        require(std::none_of(line->begin(), line->end(),
+        require(line.startsWith(isBasic ? "Basic " : "Digest "), "the scheme is the chosen one");
+        require(std::none_of(line.begin(), line.end(),
                              [](char c) { return c == '\r' || c == '\n' || c == '\0'; }),
                 "the answer is one line");
-        require(isBasic || !line->contains("p4ss"), "the password is not sent with Digest");
+        require(isBasic || !line.contains("p4ss"), "the password is not sent with Digest");
     }
     return 0;
 }

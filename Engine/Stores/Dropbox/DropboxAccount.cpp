@@ -77,14 +77,12 @@ Expected<HttpClient::Response> DropboxAccount::callForContents(const QString &ro
 Expected<HttpClient::Response> DropboxAccount::send(HttpClient::Request request,
                                                     const EngineFuture &future) {
     Expected<DropboxTokens> current = tokens(future);
-    const QList<HttpClient::Header> headers = request.headers;
     for (int tries = 0; tries < 2; ++tries) {
         if (!current) {
             return failure(current.error());
         }
-        const QByteArray access = current->access;
-        request.headers = headers;
-        request.headers.append({"Authorization", "Bearer " + access});
+        const SecretBytes access = current->access;
+        request.authorization = current->authorization();
         Expected<HttpClient::Response> answer = m_connection.send(request, future);
         if (!answer || answer->status != HttpStatus::Unauthorized) {
             return answer;
@@ -103,7 +101,11 @@ Expected<DropboxTokens> DropboxAccount::tokens(const EngineFuture &future) {
         known = m_tokens;
     }
     if (!known) {
-        known = DropboxTokens::stored(m_address);
+        const Expected<std::optional<DropboxTokens>> stored = DropboxTokens::stored(m_address);
+        if (!stored) {
+            return failure(stored.error());
+        }
+        known = *stored;
     }
     if (!known) {
         return failure(DropboxError::notSignedIn(m_address));
@@ -115,13 +117,17 @@ Expected<DropboxTokens> DropboxAccount::tokens(const EngineFuture &future) {
     return *known;
 }
 
-Expected<DropboxTokens> DropboxAccount::renewedTokens(const QByteArray &access,
+Expected<DropboxTokens> DropboxAccount::renewedTokens(const SecretBytes &access,
                                                       const EngineFuture &future) {
     if (!m_refreshTurn->take(future)) {
         return failure(operationCancelled());
     }
     const auto end = qScopeGuard([this] { m_refreshTurn->release(); });
-    const std::optional<DropboxTokens> known = DropboxTokens::stored(m_address);
+    const Expected<std::optional<DropboxTokens>> stored = DropboxTokens::stored(m_address);
+    if (!stored) {
+        return failure(stored.error());
+    }
+    const std::optional<DropboxTokens> &known = *stored;
     if (!known) {
         return failure(DropboxError::notSignedIn(m_address));
     }

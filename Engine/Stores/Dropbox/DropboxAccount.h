@@ -39,7 +39,7 @@ private:
     Expected<DropboxTokens> tokens(const EngineFuture &future);
     /// Returns tokens other than those with the access token `access`, which has become invalid.
     /// One thread of the engine at a time refreshes tokens.
-    Expected<DropboxTokens> renewedTokens(const QByteArray &access, const EngineFuture &future);
+    Expected<DropboxTokens> renewedTokens(const SecretBytes &access, const EngineFuture &future);
     void keep(const DropboxTokens &tokens);
 
     const QString m_address;

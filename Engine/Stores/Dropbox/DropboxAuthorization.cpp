@@ -144,8 +144,8 @@ Expected<QString> DropboxAuthorization::accountAddress(const DropboxConfiguratio
     const Expected<HttpClient::Response> answer =
         m_connection.send({.method = "POST",
                            .URL = route,
-                           .headers = {{"Authorization", "Bearer " + tokens.access},
-                                       {"Content-Type", "application/json"}},
+                           .headers = {{"Content-Type", "application/json"}},
+                           .authorization = tokens.authorization(),
                            .body = "null"},
                           future);
     if (!answer) {

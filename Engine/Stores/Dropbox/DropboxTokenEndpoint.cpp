@@ -36,7 +36,7 @@ Expected<DropboxTokens> DropboxTokenEndpoint::refresh(const DropboxTokens &token
                                                       const QString &account,
                                                       const EngineFuture &future) {
     Expected<DropboxTokens> answer = ask({{"grant_type", QStringLiteral("refresh_token")},
-                                          {"refresh_token", QString::fromUtf8(tokens.refresh)},
+                                          {"refresh_token", tokens.refresh.toText()},
                                           {"client_id", m_configuration.applicationKey}},
                                          DropboxError::signInAgain(account), future);
     if (answer && answer->refresh.isEmpty()) {

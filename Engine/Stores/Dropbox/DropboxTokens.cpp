@@ -4,6 +4,7 @@
 #include <QtCore/QJsonObject>
 #include <algorithm>
 
+#include "Engine/Foundation/FoundSecret.h"
 #include "Platform/Security/Keychain.h"
 
 namespace {
@@ -18,21 +19,39 @@ constexpr qint64 SecondsOnTheWay = 60;
 constexpr double LongestLife = 10.0 * 365 * 24 * 3600;
 
 /// Returns whether `text` can be sent in a header (RFC 6750, section 2.1).
-bool isToken(const QByteArray &text) {
+bool isToken(QByteArrayView text) {
     return std::all_of(text.begin(), text.end(),
                        [](char character) { return character > ' ' && character < '\x7f'; });
+}
+
+/// Returns what store() has stored; empty if it is not valid.
+std::optional<DropboxTokens> parsed(const std::optional<SecretBytes> &secret) {
+    if (!secret) {
+        return std::nullopt;
+    }
+    QByteArray text = secret->toByteArray();
+    const QJsonObject object = QJsonDocument::fromJson(text).object();
+    SecretBytes::wipe(text);
+    DropboxTokens tokens{.access = object.value(AccessKey).toString(),
+                         .refresh = object.value(RefreshKey).toString()};
+    if (object.contains(ExpiryKey)) {
+        tokens.expiry = QDateTime::fromSecsSinceEpoch(object.value(ExpiryKey).toInteger()).toUTC();
+    }
+    const bool isSound =
+        !tokens.access.isEmpty() && isToken(tokens.access.view()) && isToken(tokens.refresh.view());
+    return isSound ? std::optional(tokens) : std::nullopt;
 }
 
 }  // namespace
 
 std::optional<DropboxTokens> DropboxTokens::fromAnswer(const QByteArray &answer) {
     const QJsonObject object = QJsonDocument::fromJson(answer).object();
-    DropboxTokens tokens{
-        .access = object.value(QStringLiteral("access_token")).toString().toUtf8(),
-        .refresh = object.value(QStringLiteral("refresh_token")).toString().toUtf8()};
+    DropboxTokens tokens{.access = object.value(QStringLiteral("access_token")).toString(),
+                         .refresh = object.value(QStringLiteral("refresh_token")).toString()};
     const QString type = object.value(QStringLiteral("token_type")).toString();
     const double seconds = object.value(QStringLiteral("expires_in")).toDouble();
-    if (tokens.access.isEmpty() || !isToken(tokens.access) || !isToken(tokens.refresh) ||
+    if (tokens.access.isEmpty() || !isToken(tokens.access.view()) ||
+        !isToken(tokens.refresh.view()) ||
         type.compare(QStringLiteral("bearer"), Qt::CaseInsensitive) != 0) {
         return std::nullopt;
     }
@@ -43,27 +62,29 @@ std::optional<DropboxTokens> DropboxTokens::fromAnswer(const QByteArray &answer)
     return tokens;
 }
 
-std::optional<DropboxTokens> DropboxTokens::stored(const QString &account) {
-    const std::optional<QByteArray> secret = Keychain::shared().password(TokensService, account);
-    const QJsonObject object = QJsonDocument::fromJson(secret.value_or(QByteArray())).object();
-    DropboxTokens tokens{.access = object.value(AccessKey).toString().toUtf8(),
-                         .refresh = object.value(RefreshKey).toString().toUtf8()};
-    if (object.contains(ExpiryKey)) {
-        tokens.expiry = QDateTime::fromSecsSinceEpoch(object.value(ExpiryKey).toInteger()).toUTC();
-    }
-    const bool isSound =
-        !tokens.access.isEmpty() && isToken(tokens.access) && isToken(tokens.refresh);
-    return isSound ? std::optional(tokens) : std::nullopt;
+Expected<std::optional<DropboxTokens>> DropboxTokens::stored(const QString &account) {
+    return foundSecret(Keychain::shared().password(TokensService, account)).map(&parsed);
 }
 
 void DropboxTokens::store(const QString &account) const {
-    QJsonObject object{{AccessKey, QString::fromUtf8(access)},
-                       {RefreshKey, QString::fromUtf8(refresh)}};
+    QJsonObject object{{AccessKey, access.toText()}, {RefreshKey, refresh.toText()}};
     if (expiry.isValid()) {
         object.insert(ExpiryKey, expiry.toSecsSinceEpoch());
     }
-    Keychain::shared().setPassword(TokensService, account,
-                                   QJsonDocument(object).toJson(QJsonDocument::Compact));
+    QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
+    Keychain::shared().setPassword(TokensService, account, text);
+    SecretBytes::wipe(text);
+}
+
+void DropboxTokens::forget(const QString &account) {
+    Keychain::shared().removeFirstLater(TokensService.toUtf8(), account.toUtf8(), [](bool) {});
+}
+
+SecretBytes DropboxTokens::authorization() const {
+    QByteArray value = QByteArray("Bearer ").append(access.view());
+    const SecretBytes result(value);
+    SecretBytes::wipe(value);
+    return result;
 }
 
 bool DropboxTokens::areExpired() const {

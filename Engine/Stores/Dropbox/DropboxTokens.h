@@ -4,14 +4,17 @@
 #include <QtCore/QDateTime>
 #include <optional>
 
+#include "Platform/Foundation/Expected.h"
+#include "Platform/Security/SecretBytes.h"
+
 /// The tokens that authorize requests for an account (RFC 6749, sections 1.4 and 1.5).
 ///
 /// They are stored only in the desktop's secret store: as a generic password of the service
 /// "Velmora Dropbox", with the account's address as account.
 struct DropboxTokens {
-    QByteArray access = {};
+    SecretBytes access = {};
     /// Empty if there is none.
-    QByteArray refresh = {};
+    SecretBytes refresh = {};
     /// When `access` expires; invalid if that is not known.
     QDateTime expiry = {};
 
@@ -20,11 +23,18 @@ struct DropboxTokens {
     static std::optional<DropboxTokens> fromAnswer(const QByteArray &answer);
 
     /// Returns the stored tokens of the account with the address `account`; empty if there are none
-    /// or they cannot be read. Blocks for at most the timeout of the secret store. Thread-safe.
-    static std::optional<DropboxTokens> stored(const QString &account);
+    /// or they are not valid. Returns an error if they cannot be read. Blocks for at most the
+    /// timeout of the secret store. Thread-safe.
+    static Expected<std::optional<DropboxTokens>> stored(const QString &account);
     /// Stores the tokens, replacing those of the account. Returns at once. Thread-safe.
     void store(const QString &account) const;
 
+    /// Deletes the stored tokens of the account. Returns at once. Must be called on the main
+    /// thread.
+    static void forget(const QString &account);
+
+    /// Returns the value of the header field "Authorization" (RFC 6750, section 2.1).
+    SecretBytes authorization() const;
     /// Returns whether `access` is known to have expired, or is about to.
     bool areExpired() const;
 };

@@ -33,6 +33,18 @@ Expected<void> CertificateTrust::load() {
         });
 }
 
+Expected<void> CertificateTrust::forget(const QString &location) {
+    const std::lock_guard lock(m_mutex);
+    return m_profile
+        ->run(QStringLiteral("DELETE FROM trusted_certificates WHERE location_uuid = ?"),
+              {location})
+        .map([&] {
+            const auto isOfLocation = [&](const Key &key) { return key.location == location; };
+            m_trusted.removeIf(isOfLocation);
+            m_asked.removeIf(isOfLocation);
+        });
+}
+
 bool CertificateTrust::contains(const QString &location, const QSslCertificate &certificate) const {
     const std::lock_guard lock(m_mutex);
     return m_trusted.contains(key(location, certificate));

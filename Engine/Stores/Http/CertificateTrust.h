@@ -32,6 +32,8 @@ public:
     /// also after a negative answer.
     void ask(const QString &location, const QString &server, const QSslCertificate &certificate,
              const QStringList &reasons);
+    /// Forgets the certificates that the location with this identifier trusts.
+    Expected<void> forget(const QString &location);
     /// Called when the engine ends. From then on no certificate is trusted and no answer is stored.
     /// Idempotent.
     void close();

@@ -163,31 +163,50 @@ std::optional<HttpAuthentication::Digest> HttpAuthentication::digestOf(const Cha
                   value("nonce"), value("opaque")};
 }
 
-std::optional<QByteArray> HttpAuthentication::authorization(const UrlCredential &credential,
-                                                            const QByteArray &method,
-                                                            const QByteArray &target) {
+std::optional<SecretBytes> HttpAuthentication::authorization(const UrlCredential &credential,
+                                                             const QByteArray &method,
+                                                             const QByteArray &target) {
     return authorization(credential, method, target, randomClientNonce());
 }
 
-std::optional<QByteArray> HttpAuthentication::authorization(const UrlCredential &credential,
-                                                            const QByteArray &method,
-                                                            const QByteArray &target,
-                                                            const QByteArray &clientNonce) {
+std::optional<SecretBytes> HttpAuthentication::authorization(const UrlCredential &credential,
+                                                             const QByteArray &method,
+                                                             const QByteArray &target,
+                                                             const QByteArray &clientNonce) {
     if (hasControlCharacter(credential.user) || (!m_digest && credential.user.contains(u':'))) {
         return {};
     }
-    const QByteArray user = credential.user.toUtf8();
-    const QByteArray password = credential.password.toUtf8();
-    if (!m_digest) {
-        return "Basic " + (user + ':' + password).toBase64();
+    return m_digest ? digestAuthorization(credential, method, target, clientNonce)
+                    : basicAuthorization(credential);
+}
+
+SecretBytes HttpAuthentication::basicAuthorization(const UrlCredential &credential) {
+    QByteArray plain = credential.user.toUtf8() + ':';
+    plain.append(credential.password.view());
+    QByteArray encoded = plain.toBase64();
+    QByteArray value = "Basic " + encoded;
+    const SecretBytes result(value);
+    for (QByteArray *bytes : {&plain, &encoded, &value}) {
+        SecretBytes::wipe(*bytes);
     }
+    return result;
+}
+
+SecretBytes HttpAuthentication::digestAuthorization(const UrlCredential &credential,
+                                                    const QByteArray &method,
+                                                    const QByteArray &target,
+                                                    const QByteArray &clientNonce) {
+    const QByteArray user = credential.user.toUtf8();
     const auto hash = [this](const QByteArray &text) {
         return QCryptographicHash::hash(text, m_digest->algorithm).toHex();
     };
     const QByteArray count = QByteArray::number(++m_digest->nonceCount, 16).rightJustified(8, '0');
-    const QByteArray response =
-        hash(hash(user + ':' + m_digest->realm + ':' + password) + ':' + m_digest->nonce + ':' +
-             count + ':' + clientNonce + ":auth:" + hash(method + ':' + target));
+    QByteArray login = user + ':' + m_digest->realm + ':';
+    login.append(credential.password.view());
+    const QByteArray loginHash = hash(login);
+    SecretBytes::wipe(login);
+    const QByteArray response = hash(loginHash + ':' + m_digest->nonce + ':' + count + ':' +
+                                     clientNonce + ":auth:" + hash(method + ':' + target));
     const bool isSha256 = m_digest->algorithm == QCryptographicHash::Sha256;
     QByteArray result =
         "Digest username=" + quoted(user) + ", realm=" + quoted(m_digest->realm) +

@@ -25,12 +25,12 @@ public:
     /// request target `target` (path and query, percent-encoded). Counts the uses of the server's
     /// nonce, so every request needs its own call. Returns an empty optional if the scheme cannot
     /// transport the user name: control characters, or a colon in Basic.
-    std::optional<QByteArray> authorization(const UrlCredential &credential,
-                                            const QByteArray &method, const QByteArray &target);
+    std::optional<SecretBytes> authorization(const UrlCredential &credential,
+                                             const QByteArray &method, const QByteArray &target);
     /// Does the same with the client nonce `clientNonce` instead of a random one.
-    std::optional<QByteArray> authorization(const UrlCredential &credential,
-                                            const QByteArray &method, const QByteArray &target,
-                                            const QByteArray &clientNonce);
+    std::optional<SecretBytes> authorization(const UrlCredential &credential,
+                                             const QByteArray &method, const QByteArray &target,
+                                             const QByteArray &clientNonce);
 
 private:
     /// The parameters of a Digest challenge.
@@ -45,6 +45,10 @@ private:
     };
     struct Challenge;
     class Parser;
+
+    static SecretBytes basicAuthorization(const UrlCredential &credential);
+    SecretBytes digestAuthorization(const UrlCredential &credential, const QByteArray &method,
+                                    const QByteArray &target, const QByteArray &clientNonce);
 
     explicit HttpAuthentication(std::optional<Digest> digest) : m_digest(std::move(digest)) {}
     /// Returns the parameters of `challenge`; empty if it is not a supported Digest challenge.

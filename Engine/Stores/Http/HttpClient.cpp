@@ -76,12 +76,12 @@ Expected<HttpClient::Response> HttpClient::send(const Request &request,
 }
 
 std::optional<HttpClient::Request> HttpClient::Login::authorized(Request request) {
-    const std::optional<QByteArray> value =
+    const std::optional<SecretBytes> value =
         authentication.authorization(credential, request.method, targetOf(request.URL));
     if (!value) {
         return {};
     }
-    request.headers.append({"Authorization", *value});
+    request.authorization = *value;
     return request;
 }
 
@@ -91,15 +91,18 @@ Expected<HttpClient::Response> HttpClient::sendAuthorized(const Request &request
     if (!first || first->status != HttpStatus::Unauthorized || !m_options.credential) {
         return first;
     }
-    std::optional<Login> login = loginFor(request, *first);
-    const std::optional<Request> authorized = login ? login->authorized(request) : std::nullopt;
+    Expected<std::optional<Login>> login = loginFor(request, *first);
+    if (!login) {
+        return failure(login.error());
+    }
+    const std::optional<Request> authorized = *login ? (*login)->authorized(request) : std::nullopt;
     if (!authorized) {
         return first;
     }
     Expected<Response> second = exchange(*authorized, future);
     const bool isAccepted = second && second->status != HttpStatus::Unauthorized;
     const std::lock_guard lock(m_mutex);
-    m_login = isAccepted ? std::move(login) : std::nullopt;
+    m_login = isAccepted ? std::move(*login) : std::nullopt;
     return second;
 }
 
@@ -109,16 +112,18 @@ HttpClient::Request HttpClient::withKnownLogin(const Request &request) {
     return isKnown ? m_login->authorized(request).value_or(request) : request;
 }
 
-std::optional<HttpClient::Login> HttpClient::loginFor(const Request &request,
-                                                      const Response &challenge) const {
+Expected<std::optional<HttpClient::Login>> HttpClient::loginFor(const Request &request,
+                                                                const Response &challenge) const {
     const auto authentication =
         HttpAuthentication::fromChallenges(challenge.header("WWW-Authenticate"));
     if (!authentication) {
-        return {};
+        return std::nullopt;
     }
-    const std::optional<UrlCredential> credential = m_options.credential(authentication->scheme());
-    return credential ? std::optional<Login>({request.URL, *authentication, *credential})
-                      : std::nullopt;
+    return m_options.credential(authentication->scheme())
+        .map([&](const std::optional<UrlCredential> &credential) {
+            return credential ? std::optional<Login>({request.URL, *authentication, *credential})
+                              : std::nullopt;
+        });
 }
 
 Expected<HttpClient::Response> HttpClient::exchange(const Request &request,

@@ -34,10 +34,11 @@ public:
     struct Options {
         Timeouts timeouts = {};
         /// Returns the credential that may be sent with `scheme`, or an empty optional if there is
-        /// none. Called on the thread of `send`, at most once for each request of that server, and
-        /// may block. Null means that no challenge is answered.
-        std::function<std::optional<UrlCredential>(HttpAuthentication::Scheme scheme)> credential =
-            {};
+        /// none. An error becomes that of the request. Called on the thread of `send`, at most once
+        /// for each request of that server, and may block. Null means that no challenge is
+        /// answered.
+        std::function<Expected<std::optional<UrlCredential>>(HttpAuthentication::Scheme scheme)>
+            credential = {};
         /// Returns whether to trust exactly this certificate despite `reasons`, which are
         /// sentences. Null means never.
         std::function<bool(const QSslCertificate &certificate, const QStringList &reasons)> trusts =
@@ -55,6 +56,8 @@ public:
         /// An "http" or "https" URL. Its user information is not sent.
         QUrl URL;
         QList<Header> headers = {};
+        /// The value of the header field "Authorization"; empty for none.
+        SecretBytes authorization = {};
         QByteArray body = {};
         /// Maximum size of the response's body in bytes.
         qint64 limit = 1 << 20;
@@ -107,7 +110,8 @@ private:
     /// Returns `request`, with the accepted credential if it is for the same server.
     Request withKnownLogin(const Request &request);
     /// Returns the answer to `challenge`; empty if there is no supported scheme or no credential.
-    std::optional<Login> loginFor(const Request &request, const Response &challenge) const;
+    Expected<std::optional<Login>> loginFor(const Request &request,
+                                            const Response &challenge) const;
     /// Sends one request and blocks for its response.
     Expected<Response> exchange(const Request &request, const EngineFuture &future);
     /// Returns an idle connection, or a new one; never null.

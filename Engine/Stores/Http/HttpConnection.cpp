@@ -139,6 +139,11 @@ void HttpConnection::configureHeaders(const HttpClient::Request &request) {
     for (const QByteArray &line : lines) {
         list = curl_slist_append(list, line.constData());
     }
+    if (!request.authorization.isEmpty()) {
+        QByteArray line = QByteArray("Authorization: ").append(request.authorization.view());
+        list = curl_slist_append(list, line.constData());
+        SecretBytes::wipe(line);
+    }
     m_headers.reset(list);
     set(CURLOPT_HTTPHEADER, list);
 }

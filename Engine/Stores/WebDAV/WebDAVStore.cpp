@@ -1,6 +1,7 @@
 #include "Engine/Stores/WebDAV/WebDAVStore.h"
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/FoundSecret.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Engine/Stores/Http/HttpStatus.h"
 #include "Engine/Stores/WebDAV/WebDAVMultiStatus.h"
@@ -33,7 +34,8 @@ QStringList decodedParts(const QUrl &URL) {
 
 /// A credential stored for Basic may be used with Digest, which does not disclose it, but not vice
 /// versa.
-std::optional<UrlCredential> storedCredential(const Url &URL, HttpAuthentication::Scheme scheme) {
+Expected<std::optional<UrlCredential>> storedCredential(const Url &URL,
+                                                        HttpAuthentication::Scheme scheme) {
     const UrlCredentialStorage &storage = UrlCredentialStorage::shared();
     return scheme == HttpAuthentication::Scheme::Basic
                ? storage.credentialForURL(URL, UrlAuthenticationMethodHttpBasic)
@@ -66,9 +68,10 @@ HttpClient::Options WebDAVStore::clientOptions(const QString &locationIdentifier
             trusts};
 }
 
-std::optional<UrlCredential> WebDAVStore::credential(HttpAuthentication::Scheme scheme) {
-    std::optional<UrlCredential> credential = storedCredential(URL(), scheme);
-    m_hasCredential = credential.has_value();
+Expected<std::optional<UrlCredential>> WebDAVStore::credential(HttpAuthentication::Scheme scheme) {
+    Expected<std::optional<UrlCredential>> credential =
+        foundSecret(storedCredential(URL(), scheme));
+    m_hasCredential = credential && credential->has_value();
     return credential;
 }
 

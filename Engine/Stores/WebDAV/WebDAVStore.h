@@ -48,7 +48,7 @@ private:
                                       std::shared_ptr<CertificateTrust> trust,
                                       HttpClient::Timeouts timeouts);
     /// Looks up the stored credential. Blocks.
-    std::optional<UrlCredential> credential(HttpAuthentication::Scheme scheme);
+    Expected<std::optional<UrlCredential>> credential(HttpAuthentication::Scheme scheme);
     /// Return the URL of a blob, and of a folder (with a slash at the end).
     QUrl blobURL(const QString &name) const;
     QUrl folderURL(const QString &name) const;

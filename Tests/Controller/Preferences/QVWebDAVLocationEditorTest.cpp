@@ -98,6 +98,18 @@ private Q_SLOTS:
         QVERIFY(m_editor->passwordField()->placeholderText().isEmpty());
     }
 
+    void theSheetSaysWhatOthersCanReadWithoutHTTPS() {
+        openAtOnce(QStringLiteral("http://ida@notice/a/S.qvSyncStore"));
+        const auto *notice =
+            m_editor->window()->findChild<QLabel *>(QStringLiteral("unencryptedLabel"));
+        QVERIFY(notice->isVisible());
+        QVERIFY(notice->text().contains(QStringLiteral("can read the password")));
+        m_editor->HTTPSCheckbox()->click();
+        QVERIFY(!notice->isVisible());
+        m_editor->HTTPSCheckbox()->click();
+        QVERIFY(notice->isVisible());
+    }
+
     void aKeyringThatDoesNotAnswerNeitherBlocksNorLosesTheCredential() {
         const QString URL = QStringLiteral("http://ida@frozen/a/S.qvSyncStore");
         storePassword(URL, QStringLiteral("ida"));

@@ -125,7 +125,8 @@ class HostileServersTest : public QObject {
         UserDefaults::setValue(DropboxConfiguration::TokenAddressDefault, address);
         UserDefaults::setValue(DropboxConfiguration::APIAddressDefault, address);
         UserDefaults::setValue(DropboxConfiguration::ContentAddressDefault, address);
-        DropboxTokens{.access = "access", .refresh = "refresh"}.store(HostileAccount);
+        DropboxTokens{.access = QByteArray("access"), .refresh = QByteArray("refresh")}.store(
+            HostileAccount);
         const auto store =
             m_host->newLocation(Url::fromString(QStringLiteral("dropbox://") + HostileAccount))
                 ->createBlobStore();

@@ -30,7 +30,8 @@ class SecretStoreTest : public QObject {
 
     static std::optional<QByteArray> secretOf(SecretStore &store, const QByteArray &name) {
         const auto items = store.find(item(name, {}).attributes);
-        return items && !items->isEmpty() ? std::optional(items->first().secret) : std::nullopt;
+        return items && !items->isEmpty() ? std::optional(items->first().secret.toByteArray())
+                                          : std::nullopt;
     }
 
     static void keep(const QByteArray &name, const QByteArray &secret) {
@@ -218,7 +219,10 @@ private Q_SLOTS:
     void withoutABusSecretsStayInMemory() {
         m_service->stopBus();
         SecretStore store;
-        QVERIFY(!store.find(item("one", {}).attributes));
+        const auto found = store.find(item("one", {}).attributes);
+        QVERIFY(!found);
+        QVERIFY(SecretStore::isServiceMissing(found.error()));
+        QVERIFY(!store.findAttributes(item("one", {}).attributes));
         QCOMPARE(m_tellings, 0);
         expectKeptInMemoryAndToldOnce(
             store, QStringLiteral("No password service is running on this computer."));
@@ -364,7 +368,7 @@ private Q_SLOTS:
         QByteArrayList secrets;
         const auto keepSecrets = [&](const Expected<QList<StoredSecret>> &items) {
             for (const StoredSecret &found : items.value_or(QList<StoredSecret>())) {
-                secrets.append(found.secret);
+                secrets.append(found.secret.toByteArray());
             }
         };
         store.findLater({{"xdg:schema", "velmora.Test"}}, keepSecrets);
@@ -376,9 +380,12 @@ private Q_SLOTS:
         m_service->stopKeyring();
         PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
         SecretStore store;
-        QCOMPARE(store.find(item("one", {}).attributes)->size(), 0);
+        const auto declined = store.find(item("one", {}).attributes);
+        QVERIFY(!declined);
+        QCOMPARE(declined.error().localizedFailureReason, QStringLiteral("The keyring is locked."));
+        QVERIFY(!SecretStore::isServiceMissing(declined.error()));
         QCOMPARE(prompting.countOfPrompts(), 1);
-        QCOMPARE(store.find(item("one", {}).attributes)->size(), 0);
+        QVERIFY(!store.find(item("one", {}).attributes));
         QCOMPARE(prompting.countOfPrompts(), 1);
         QCOMPARE(m_tellings, 0);
     }

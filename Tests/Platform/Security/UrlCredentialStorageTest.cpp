@@ -34,8 +34,8 @@ int runAsOtherProcess(const QStringList &arguments) {
                                                 basicSpace());
         return 0;
     }
-    const auto found = storage.credentialsForProtectionSpace(basicSpace());
-    std::fputs(found.value(arguments[2]).password.toUtf8().constData(), stdout);
+    const auto found = storage.credentialsForProtectionSpace(basicSpace()).value();
+    std::fputs(found.value(arguments[2]).password.toByteArray().constData(), stdout);
     return 0;
 }
 
@@ -67,9 +67,11 @@ private Q_SLOTS:
         {
             Run run;
             run.storage.setCredentialForProtectionSpace(stored, basicSpace());
-            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value(User), stored);
+            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value().value(User),
+                     stored);
         }
-        QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value(User), stored);
+        QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value().value(User),
+                 stored);
     }
 
     void aStoredCredentialIsFoundByAnotherProcessAndAfterRestarts() {
@@ -96,8 +98,9 @@ private Q_SLOTS:
                     {QStringLiteral("UrlCredentialStorageTest"), QStringLiteral("--other-process"),
                      User, QStringLiteral("secret")});
         QVERIFY(other.waitForFinished());
-        QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value(User).password,
-                 QStringLiteral("secret"));
+        QCOMPARE(
+            Run().storage.credentialsForProtectionSpace(basicSpace()).value().value(User).password,
+            QStringLiteral("secret"));
     }
 
     void textsOfAnyLanguageAreKept() {
@@ -107,12 +110,13 @@ private Q_SLOTS:
         space.host = QStringLiteral("bücher.example");
         space.realm = QStringLiteral("Büro „Nord“");
         keep(stored, space);
-        QCOMPARE(Run().storage.credentialsForProtectionSpace(space).value(stored.user), stored);
+        QCOMPARE(Run().storage.credentialsForProtectionSpace(space).value().value(stored.user),
+                 stored);
     }
 
     void anEmptyUserAndAnEmptyPasswordAreKept() {
         keep(credential(QString(), QString()), basicSpace());
-        const auto found = Run().storage.credentialsForProtectionSpace(basicSpace());
+        const auto found = Run().storage.credentialsForProtectionSpace(basicSpace()).value();
         QCOMPARE(found.size(), 1);
         QCOMPARE(found.value(QString()), credential(QString(), QString()));
     }
@@ -121,7 +125,7 @@ private Q_SLOTS:
         const QString other = QStringLiteral("other");
         keep(credential(User, QStringLiteral("1")), basicSpace());
         keep(credential(other, QStringLiteral("2")), basicSpace());
-        const auto found = Run().storage.credentialsForProtectionSpace(basicSpace());
+        const auto found = Run().storage.credentialsForProtectionSpace(basicSpace()).value();
         QCOMPARE(found.size(), 2);
         QCOMPARE(found.value(User).password, QStringLiteral("1"));
         QCOMPARE(found.value(other).password, QStringLiteral("2"));
@@ -130,8 +134,9 @@ private Q_SLOTS:
     void settingReplacesTheCredentialOfTheSameUser() {
         keep(credential(User, QStringLiteral("old")), basicSpace());
         keep(credential(User, QStringLiteral("new")), basicSpace());
-        QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value(User).password,
-                 QStringLiteral("new"));
+        QCOMPARE(
+            Run().storage.credentialsForProtectionSpace(basicSpace()).value().value(User).password,
+            QStringLiteral("new"));
         QCOMPARE(m_service->count({{QStringLiteral("user"), User}}), 1);
     }
 
@@ -159,12 +164,13 @@ private Q_SLOTS:
     void spacesThatDifferInAnythingShareNoCredential() {
         QFETCH(UrlProtectionSpace, other);
         keep(credential(User, QStringLiteral("1")), basicSpace());
-        QVERIFY(Run().storage.credentialsForProtectionSpace(other).isEmpty());
+        QVERIFY(Run().storage.credentialsForProtectionSpace(other).value().isEmpty());
         keep(credential(User, QStringLiteral("2")), other);
         Run run;
-        QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value(User).password,
-                 QStringLiteral("1"));
-        QCOMPARE(run.storage.credentialsForProtectionSpace(other).value(User).password,
+        QCOMPARE(
+            run.storage.credentialsForProtectionSpace(basicSpace()).value().value(User).password,
+            QStringLiteral("1"));
+        QCOMPARE(run.storage.credentialsForProtectionSpace(other).value().value(User).password,
                  QStringLiteral("2"));
     }
 
@@ -172,20 +178,22 @@ private Q_SLOTS:
         const UrlCredential first = credential(User, QStringLiteral("1"));
         const UrlCredential second = credential(QStringLiteral("other"), QStringLiteral("2"));
         keep(first, basicSpace());
-        QVERIFY(!Run().storage.defaultCredentialForProtectionSpace(basicSpace()));
+        QVERIFY(!Run().storage.defaultCredentialForProtectionSpace(basicSpace()).value());
         for (const UrlCredential &chosen : {second, first}) {
             {
                 Run run;
                 run.storage.setDefaultCredentialForProtectionSpace(chosen, basicSpace());
-                QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()), chosen);
+                QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()).value(),
+                         chosen);
             }
-            QCOMPARE(Run().storage.defaultCredentialForProtectionSpace(basicSpace()), chosen);
+            QCOMPARE(Run().storage.defaultCredentialForProtectionSpace(basicSpace()).value(),
+                     chosen);
         }
         Run run;
-        QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).size(), 2);
+        QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value().size(), 2);
         UrlProtectionSpace digest = basicSpace();
         digest.authenticationMethod = UrlAuthenticationMethodHttpDigest;
-        QVERIFY(!run.storage.defaultCredentialForProtectionSpace(digest));
+        QVERIFY(!run.storage.defaultCredentialForProtectionSpace(digest).value());
     }
 
     void theDefaultCredentialFollowsItsPassword() {
@@ -194,7 +202,7 @@ private Q_SLOTS:
                                                            basicSpace());
         run.storage.setCredentialForProtectionSpace(credential(User, QStringLiteral("new")),
                                                     basicSpace());
-        QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace())->password,
+        QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()).value()->password,
                  QStringLiteral("new"));
     }
 
@@ -204,12 +212,14 @@ private Q_SLOTS:
         {
             Run run;
             run.storage.setDefaultCredentialForProtectionSpace(passing, basicSpace());
-            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value(User), passing);
-            QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()), passing);
+            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value().value(User),
+                     passing);
+            QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()).value(),
+                     passing);
         }
         Run later;
-        QVERIFY(later.storage.credentialsForProtectionSpace(basicSpace()).isEmpty());
-        QVERIFY(!later.storage.defaultCredentialForProtectionSpace(basicSpace()));
+        QVERIFY(later.storage.credentialsForProtectionSpace(basicSpace()).value().isEmpty());
+        QVERIFY(!later.storage.defaultCredentialForProtectionSpace(basicSpace()).value());
     }
 
     void aCredentialWithoutPersistenceIsNotStored() {
@@ -217,8 +227,8 @@ private Q_SLOTS:
         const UrlCredential none = credential(User, QStringLiteral("secret"), Persistence::None);
         run.storage.setCredentialForProtectionSpace(none, basicSpace());
         run.storage.setDefaultCredentialForProtectionSpace(none, basicSpace());
-        QVERIFY(run.storage.credentialsForProtectionSpace(basicSpace()).isEmpty());
-        QVERIFY(!run.storage.defaultCredentialForProtectionSpace(basicSpace()));
+        QVERIFY(run.storage.credentialsForProtectionSpace(basicSpace()).value().isEmpty());
+        QVERIFY(!run.storage.defaultCredentialForProtectionSpace(basicSpace()).value());
     }
 
     void anAbsentSpaceHasNoCredentialsAndStoresNone() {
@@ -226,8 +236,8 @@ private Q_SLOTS:
         const UrlCredential some = credential(User, QStringLiteral("secret"));
         run.storage.setCredentialForProtectionSpace(some, std::nullopt);
         run.storage.setDefaultCredentialForProtectionSpace(some, std::nullopt);
-        QVERIFY(run.storage.credentialsForProtectionSpace(std::nullopt).isEmpty());
-        QVERIFY(!run.storage.defaultCredentialForProtectionSpace(std::nullopt));
+        QVERIFY(run.storage.credentialsForProtectionSpace(std::nullopt).value().isEmpty());
+        QVERIFY(!run.storage.defaultCredentialForProtectionSpace(std::nullopt).value());
         QVERIFY(run.store.finishWriting());
         QCOMPARE(m_service->count({{QStringLiteral("user"), User}}), 0);
     }
@@ -239,19 +249,21 @@ private Q_SLOTS:
             Run run;
             run.storage.setDefaultCredentialForProtectionSpace(stored, basicSpace());
             QVERIFY(!run.store.finishWriting());
-            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value(User), stored);
-            QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()), stored);
+            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value().value(User),
+                     stored);
+            QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()).value(), stored);
         }
         m_service->startKeyring();
-        QVERIFY(Run().storage.credentialsForProtectionSpace(basicSpace()).isEmpty());
+        QVERIFY(Run().storage.credentialsForProtectionSpace(basicSpace()).value().isEmpty());
     }
 
     void aCredentialStoredByTheSharedStorageIsKept() {
         UrlCredentialStorage::shared().setCredentialForProtectionSpace(
             credential(User, QStringLiteral("shared")), basicSpace());
         QVERIFY(SecretStore::shared().finishWriting());
-        QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value(User).password,
-                 QStringLiteral("shared"));
+        QCOMPARE(
+            Run().storage.credentialsForProtectionSpace(basicSpace()).value().value(User).password,
+            QStringLiteral("shared"));
     }
 };
 

@@ -126,27 +126,27 @@ private Q_SLOTS:
     void aRefusedAccountKeepsTheTokensOfItsOwnLocations() {
         const auto own = authorize();
         QTRY_COMPARE(own->calls, 1);
-        const QByteArray access = DropboxTokens::stored(m_server->email())->access;
+        const SecretBytes access = DropboxTokens::stored(m_server->email()).value()->access;
         const auto session = newSession(QStringLiteral("kim@example.org"));
         const auto refused = authorize(*session, PZFuture::future());
         QTRY_COMPARE(refused->calls, 1);
         QCOMPARE(refused->email, QString());
-        const auto tokens = DropboxTokens::stored(m_server->email());
+        const auto tokens = DropboxTokens::stored(m_server->email()).value();
         QVERIFY(tokens);
-        QCOMPARE(tokens->access, access);
+        QVERIFY(tokens->access == access);
     }
 
     void tokensAreInTheSecretStoreAndNowhereElse() {
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QVERIFY(hasTokens(m_server->email()));
-        const auto tokens = DropboxTokens::stored(m_server->email());
+        const auto tokens = DropboxTokens::stored(m_server->email()).value();
         QVERIFY(tokens);
         const QDateTime now = QDateTime::currentDateTimeUtc();
         QVERIFY(tokens->expiry > now.addSecs(3 * 3600) && tokens->expiry <= now.addSecs(14400));
         const QStringList secrets = m_server->secrets();
-        QVERIFY(secrets.contains(QString::fromUtf8(tokens->access)));
-        QVERIFY(secrets.contains(QString::fromUtf8(tokens->refresh)));
+        QVERIFY(secrets.contains(tokens->access.toText()));
+        QVERIFY(secrets.contains(tokens->refresh.toText()));
         QDirIterator files(QFileInfo(m_host->directory()).path(), QDir::Files | QDir::Hidden,
                            QDirIterator::Subdirectories);
         QStringList paths{QSettings().fileName()};
@@ -167,10 +167,10 @@ private Q_SLOTS:
     void signingInAgainReplacesTheTokens() {
         const auto once = authorize();
         QTRY_COMPARE(once->calls, 1);
-        const QByteArray first = DropboxTokens::stored(m_server->email())->access;
+        const SecretBytes first = DropboxTokens::stored(m_server->email()).value()->access;
         const auto twice = authorize();
         QTRY_COMPARE(twice->calls, 1);
-        QVERIFY(DropboxTokens::stored(m_server->email())->access != first);
+        QVERIFY(!(DropboxTokens::stored(m_server->email()).value()->access == first));
     }
 
     void everyAuthorizationHasAProofAndAStateOfItsOwn() {

@@ -49,7 +49,7 @@ HttpClient::Options hasty() {
 
 HttpClient::Options withCredential() {
     HttpClient::Options options = hasty();
-    options.credential = [](auto) {
+    options.credential = [](auto) -> std::optional<UrlCredential> {
         return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
     };
     return options;
@@ -375,7 +375,7 @@ private Q_SLOTS:
         });
         HttpClient::Options options = hasty();
         std::atomic<int> questions = 0;
-        options.credential = [&](auto) {
+        options.credential = [&](auto) -> std::optional<UrlCredential> {
             ++questions;
             return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
         };
@@ -397,7 +397,7 @@ private Q_SLOTS:
         });
         std::atomic<int> questions = 0;
         HttpClient::Options options = hasty();
-        options.credential = [&](auto) {
+        options.credential = [&](auto) -> std::optional<UrlCredential> {
             ++questions;
             return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
         };
@@ -419,9 +419,19 @@ private Q_SLOTS:
         });
         QCOMPARE(status(get(server)), 401);
         HttpClient::Options options = hasty();
-        options.credential = [](auto) { return std::nullopt; };
+        options.credential = [](auto) { return std::optional<UrlCredential>(); };
         QCOMPARE(status(get(server, options)), 401);
         QCOMPARE(requests, 2);
+    }
+
+    void aCredentialThatCannotBeReadIsAnError() {
+        const ScriptedServer server([&](Connection &connection) {
+            connection.readRequest();
+            connection.answer(Challenge);
+        });
+        HttpClient::Options options = hasty();
+        options.credential = [](auto) { return failure(operationCancelled()); };
+        QCOMPARE(code(get(server, options)), EngineErrorCode::Cancelled);
     }
 
     void otherSchemesAreNotAnswered_data() {

@@ -1,0 +1,9 @@
+#include "Engine/Foundation/FoundSecret.h"
+
+#include "Host/SyncStrings.h"
+
+Error secretUnreadable(const Error &reading) {
+    return engineError(EngineErrorCode::AccessDenied,
+                       localizedSyncString("%1 %2 Unlock the keyring and try again.")
+                           .arg(reading.localizedDescription, reading.localizedFailureReason));
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QByteArrayView>
+#include <QtCore/QString>
+#include <memory>
+
+#include "Platform/PlatformExport.h"
+
+/// A secret, such as a password: constant bytes in memory of their own, which is kept out of swap
+/// space and core files and is wiped when the last copy is destroyed. A value; copies share the
+/// memory. Nothing converts it to another type implicitly. Thread-safe as a std::shared_ptr is.
+///
+/// If the system does not let the process lock memory (see mlock(2)), the bytes may reach the swap
+/// space.
+class PLATFORM_EXPORT SecretBytes {
+public:
+    /// Empty.
+    SecretBytes() = default;
+    /// Copies `bytes`, which the caller may wipe.
+    SecretBytes(const QByteArray &bytes) : SecretBytes(QByteArrayView(bytes)) {}
+    explicit SecretBytes(QByteArrayView bytes);
+    /// Copies `text` as UTF-8.
+    SecretBytes(const QString &text);
+
+    bool isEmpty() const { return view().isEmpty(); }
+    /// Returns the bytes, which are valid as long as this object or a copy of it.
+    QByteArrayView view() const;
+    /// Return a copy of the bytes, and of the text if they are UTF-8. The caller should wipe it.
+    QByteArray toByteArray() const { return view().toByteArray(); }
+    QString toText() const { return QString::fromUtf8(view()); }
+
+    friend bool operator==(const SecretBytes &a, const SecretBytes &b) {
+        return a.view() == b.view();
+    }
+
+    /// Overwrites the characters unless another object shares them, and empties the object.
+    static void wipe(QByteArray &bytes);
+    static void wipe(QString &text);
+
+private:
+    class Memory;
+    /// Null if empty.
+    std::shared_ptr<const Memory> m_memory;
+};
