@@ -16,6 +16,7 @@
 #include "Application/MainWindow.h"
 #include "Application/PlugIns.h"
 #include "Application/PreferencesWindow.h"
+#include "Application/ProcessProtection.h"
 #include "Application/ProfileDescription.h"
 #include "Application/RunningInstance.h"
 #include "Application/VelmoraApplication.h"
@@ -176,6 +177,10 @@ int runVerification(VelmoraApplication &application, const LaunchOptions &option
 }  // namespace
 
 int main(int argumentCount, char **arguments) {
+#ifndef VELMORA_IS_SANITIZED
+    // The leak check of a sanitizer reads the memory of the process as a debugger does.
+    ProcessProtection::apply();
+#endif
     installAssertionReporter();
     QCoreApplication::setOrganizationName(QStringLiteral("Velmora"));
     QCoreApplication::setApplicationName(QStringLiteral("Velmora"));
