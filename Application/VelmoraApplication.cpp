@@ -1,5 +1,6 @@
 #include "Application/VelmoraApplication.h"
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyleFactory>
@@ -66,11 +67,12 @@ void VelmoraApplication::presentError(const Error &error) {
     box->open();
 }
 
-void VelmoraApplication::ask(const Question &question, std::function<void(bool)> handler) {
+QuestionPresenter::Withdrawal VelmoraApplication::ask(const Question &question,
+                                                      std::function<void(bool)> handler) {
     if (m_isBatch) {
         QMetaObject::invokeMethod(
             this, [handler = std::move(handler)] { handler(false); }, Qt::QueuedConnection);
-        return;
+        return [] {};
     }
     auto *box = new QMessageBox(QMessageBox::Question, applicationDisplayName(), {},
                                 QMessageBox::NoButton, activeWindow());
@@ -82,6 +84,11 @@ void VelmoraApplication::ask(const Question &question, std::function<void(bool)>
         handler(box->clickedButton() == accept);
     });
     box->open();
+    return [shown = QPointer(box)] {
+        if (shown) {
+            shown->reject();
+        }
+    };
 }
 
 void VelmoraApplication::askAboutRemoval(const RemovalQuestion &question,

@@ -35,7 +35,7 @@ public:
     void presentError(const Error &error) override;
     /// Shows a message box and returns at once. `handler` is called once, from the event loop; with
     /// false if the user closes the box, and always in batch mode.
-    void ask(const Question &question, std::function<void(bool)> handler) override;
+    Withdrawal ask(const Question &question, std::function<void(bool)> handler) override;
     /// Shows a dialog, modal to the active window, and returns at once. In batch mode, decides for
     /// Later.
     void askAboutRemoval(const RemovalQuestion &question,

@@ -42,9 +42,14 @@ class INTERFACE_EXPORT QuestionPresenter {
 public:
     virtual ~QuestionPresenter();
 
+    /// Withdraws a question: closes it if it is still shown, which refuses it. Idempotent.
+    using Withdrawal = std::function<void()>;
+
     /// Shows `question` and returns at once. `handler` is called once, on the main thread, after
-    /// this call has returned, with true if the user accepted; closing the question refuses it.
-    virtual void ask(const Question &question, std::function<void(bool accepted)> handler) = 0;
+    /// this call has returned, with true if the user accepted; closing the question refuses it. The
+    /// returned function is never empty.
+    virtual Withdrawal ask(const Question &question,
+                           std::function<void(bool accepted)> handler) = 0;
     /// Shows `question` with the list of the notes and returns at once. `handler` is called once,
     /// on the main thread, after this call has returned; closing the question decides for Later.
     virtual void askAboutRemoval(const RemovalQuestion &question,

@@ -27,8 +27,10 @@ struct Limits {
     std::chrono::milliseconds askingTime = std::chrono::minutes(2);
     /// Timeout without received data from an authorized client.
     std::chrono::milliseconds idleTime = std::chrono::minutes(5);
-    /// Time in which the user is not asked again after refusing a client.
+    /// Time in which the user is not asked again after refusing a client, or after a client that
+    /// did not wait for the answer. Each further time it is twice as long, up to `longestPause`.
     std::chrono::milliseconds pauseAfterRefusal = std::chrono::seconds(10);
+    std::chrono::milliseconds longestPause = std::chrono::hours(1);
 };
 
 }  // namespace DirectConnection

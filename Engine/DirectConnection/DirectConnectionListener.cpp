@@ -21,7 +21,9 @@ DirectConnectionListener::DirectConnectionListener(const DirectConnectionIdentit
                                                    const DirectConnectionPackage &package,
                                                    const DirectConnection::Limits &limits,
                                                    const MainThread &mainThread)
-    : m_server{configurationFor(identity), package, limits}, m_mainThread(mainThread) {}
+    : m_server{configurationFor(identity), package, limits},
+      m_mainThread(mainThread),
+      m_nextPause(limits.pauseAfterRefusal) {}
 
 DirectConnectionListener::~DirectConnectionListener() = default;
 
@@ -53,11 +55,16 @@ bool DirectConnectionListener::makeRoom() {
     if (oldest == m_connections.end()) {
         return false;
     }
-    m_connections.erase(oldest);
+    remove(oldest->number);
     return true;
 }
 
 void DirectConnectionListener::remove(quint64 number) {
+    if (m_askedFor == number) {
+        m_askedFor.reset();
+        pause();
+        m_mainThread.withdrawQuestion();
+    }
     std::erase_if(m_connections, [&](const Connection &one) { return one.number == number; });
 }
 
@@ -72,19 +79,28 @@ bool DirectConnectionListener::ask(quint64 session, const DirectConnectionPairin
         return false;
     }
     m_askedFor = session;
-    m_mainThread.ask(client);
+    m_mainThread.ask(session, client);
     return true;
 }
 
-void DirectConnectionListener::decide(bool isAccepted) {
-    DirectConnectionSession *session = m_askedFor ? sessionOf(*m_askedFor) : nullptr;
-    m_askedFor.reset();
-    if (!isAccepted) {
-        m_pause = QDeadlineTimer(m_server.limits.pauseAfterRefusal);
+void DirectConnectionListener::decide(quint64 number, bool isAccepted) {
+    if (m_askedFor != number) {
+        return;
     }
-    if (session) {
+    m_askedFor.reset();
+    if (isAccepted) {
+        m_nextPause = m_server.limits.pauseAfterRefusal;
+    } else {
+        pause();
+    }
+    if (DirectConnectionSession *session = sessionOf(number)) {
         session->decide(isAccepted);
     }
+}
+
+void DirectConnectionListener::pause() {
+    m_pause = QDeadlineTimer(m_nextPause);
+    m_nextPause = std::min(2 * m_nextPause, m_server.limits.longestPause);
 }
 
 void DirectConnectionListener::proceed(quint64 number) {

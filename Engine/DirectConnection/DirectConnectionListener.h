@@ -19,8 +19,11 @@ public:
     /// Requests to the main thread. The functions are called on the listener's thread and must
     /// return at once.
     struct MainThread {
-        /// Asks the user whether to authorize `client`; decide() must be called with the answer.
-        std::function<void(const DirectConnectionPairing &client)> ask;
+        /// Asks the user whether to authorize `client`; decide() must be called with `session` and
+        /// the answer.
+        std::function<void(quint64 session, const DirectConnectionPairing &client)> ask;
+        /// Withdraws the last question: its client has disconnected or waited for too long.
+        std::function<void()> withdrawQuestion;
         /// Prepares the store; proceed() must be called with `session` when it is ready to be read.
         std::function<void(quint64 session)> prepareStore;
         /// Notifies that a client has changed the store.
@@ -34,9 +37,9 @@ public:
     /// Closes all connections.
     ~DirectConnectionListener() override;
 
-    /// Called with the user's decision, on the listener's thread. Ignored if that client has
-    /// disconnected.
-    void decide(bool isAccepted);
+    /// Called with the user's decision about the client of `session`, on the listener's thread.
+    /// Ignored if that client has disconnected.
+    void decide(quint64 session, bool isAccepted);
     /// Called when the store is ready, on the listener's thread. Ignored if that session has ended.
     void proceed(quint64 session);
 
@@ -58,6 +61,9 @@ private:
     /// none.
     bool makeRoom();
     void remove(quint64 number);
+    /// Called when the user has not allowed a client to connect: asks no other question for a
+    /// while, twice as long each time until a client is allowed.
+    void pause();
     /// Returns null if the session has ended.
     DirectConnectionSession *sessionOf(quint64 number) const;
 
@@ -66,8 +72,9 @@ private:
     /// Oldest first.
     std::vector<Connection> m_connections;
     quint64 m_lastNumber = 0;
-    /// The session for which the user is being asked; it may have ended meanwhile.
+    /// The session for which the user is being asked.
     std::optional<quint64> m_askedFor;
     /// Until it expires, the user is not asked.
     QDeadlineTimer m_pause{0};
+    std::chrono::milliseconds m_nextPause;
 };

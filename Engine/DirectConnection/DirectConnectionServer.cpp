@@ -142,6 +142,7 @@ Expected<void> DirectConnectionServer::listen(const DirectConnectionIdentity &id
 
 void DirectConnectionServer::stop() {
     m_service.reset();
+    withdrawQuestion();
     if (m_listener) {
         const auto end = [this] { delete m_listener; };
         QMetaObject::invokeMethod(m_listener, end, Qt::BlockingQueuedConnection);
@@ -153,9 +154,10 @@ void DirectConnectionServer::stop() {
 DirectConnectionListener::MainThread DirectConnectionServer::mainThread() {
     const quint64 listener = m_listenerNumber;
     return {
-        [=, this](const DirectConnectionPairing &client) {
-            postFor(listener, [=, this] { askFor(client); });
+        [=, this](quint64 session, const DirectConnectionPairing &client) {
+            postFor(listener, [=, this] { askFor(session, client); });
         },
+        [=, this] { postFor(listener, [this] { withdrawQuestion(); }); },
         [=, this](quint64 session) { postFor(listener, [=, this] { prepareStore(session); }); },
         [=, this] { postFor(listener, [this] { m_observer->clientsDidWrite(); }); },
     };
@@ -171,23 +173,32 @@ void DirectConnectionServer::postFor(quint64 listener, std::function<void()> cal
     QMetaObject::invokeMethod(this, callIfCurrent, Qt::QueuedConnection);
 }
 
-void DirectConnectionServer::askFor(const DirectConnectionPairing &client) {
+void DirectConnectionServer::askFor(quint64 session, const DirectConnectionPairing &client) {
     // The decision may arrive after the listener, or the whole server, was destroyed.
-    const auto decide = [listener = m_listener](bool isAccepted) {
+    const auto decide = [listener = m_listener, session](bool isAccepted) {
         if (listener) {
             QMetaObject::invokeMethod(
-                listener, [=] { listener->decide(isAccepted); }, Qt::QueuedConnection);
+                listener, [=] { listener->decide(session, isAccepted); }, Qt::QueuedConnection);
         }
     };
+    const quint64 number = ++m_questionNumber;
     Keychain::shared().findAccounts(
         DirectConnection::ClientAuthorizationServiceName,
-        [client, decide](const Expected<QStringList> &known) {
-            if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
-                presenter->ask(questionFor(client, known), decide);
-            } else {
+        [server = QPointer(this), number, client, decide](const Expected<QStringList> &known) {
+            QuestionPresenter *presenter = QuestionPresenter::shared();
+            if (!server || server->m_questionNumber != number || !presenter) {
                 decide(false);
+                return;
             }
+            server->m_withdrawal = presenter->ask(questionFor(client, known), decide);
         });
+}
+
+void DirectConnectionServer::withdrawQuestion() {
+    ++m_questionNumber;
+    if (const auto withdraw = std::exchange(m_withdrawal, nullptr)) {
+        withdraw();
+    }
 }
 
 void DirectConnectionServer::prepareStore(quint64 session) {

@@ -55,7 +55,9 @@ private:
     /// then.
     void postFor(quint64 listener, std::function<void()> call);
     /// Asks the user; refuses if questions cannot be presented.
-    void askFor(const DirectConnectionPairing &client);
+    void askFor(quint64 session, const DirectConnectionPairing &client);
+    /// Closes the question that is open, if there is one, and drops one that is being prepared.
+    void withdrawQuestion();
     /// Calls the observer, and lets the session proceed when it is done.
     void prepareStore(quint64 session);
 
@@ -70,6 +72,10 @@ private:
     QPointer<DirectConnectionListener> m_listener;
     /// Identifies the current listener; incremented for each.
     quint64 m_listenerNumber = 0;
+    /// Identifies the last question; incremented when it is withdrawn.
+    quint64 m_questionNumber = 0;
+    /// Empty if no question was presented.
+    std::function<void()> m_withdrawal;
     /// Null while not serving.
     std::shared_ptr<NetService> m_service;
 };

@@ -6,11 +6,16 @@
 #include "Application/LogWindow.h"
 #include "Application/MainWindow.h"
 #include "Application/PreferencesWindow.h"
+#include "Application/UnsavedTextDialog.h"
+#include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
+#include "Controller/Preferences/QVServerPreferencesController.h"
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Controller/QVImportDatabasesController.h"
+#include "Engine/DirectConnection/DirectConnection.h"
 #include "Platform/Interface/TableView.h"
 #include "Platform/Interface/TextLabel.h"
+#include "Platform/Security/Keychain.h"
 #include "Support/HostShortcuts.h"
 #include "Support/ShownName.h"
 #include "Support/TestHost.h"
@@ -101,6 +106,48 @@ private Q_SLOTS:
             QVERIFY2(shown.places().contains(QLatin1StringView(place)), place);
         }
         QCOMPARE(shown.misreadPlaces(), QStringList());
+    }
+
+    void theFormsOfDirectConnectionsShowThemAsTheyAre() {
+        QWidget parent;
+        parent.show();
+        const auto editor =
+            QVDirectConnectionLocationEditor::editorWithSyncLocation(m_host->newLocation(Url()));
+        editor->runLocationEditorModalForWindow(&parent, true, [](qint64) {});
+        editor->netServiceBrowserDidFindServiceMoreComing(
+            nullptr,
+            std::make_shared<NetService>(QStringLiteral("local"),
+                                         DirectConnection::BonjourServiceType, ShownName::Hostile,
+                                         quint16(0)),
+            false);
+        Keychain::shared().setPassword(DirectConnection::ClientAuthorizationServiceName,
+                                       ShownName::Hostile, QByteArray("digest"));
+        const auto clients = QVServerPreferencesController::controller();
+        QTRY_COMPARE(clients->authorizedClients(), QStringList(ShownName::Hostile));
+        clients->window()->show();
+        const ShownName shown(ShownName::Hostile);
+        for (const char *place : {"TableView servicesTable", "TableView clientsTable"}) {
+            QVERIFY2(shown.places().contains(QLatin1StringView(place)), place);
+        }
+        QCOMPARE(shown.misreadPlaces(), QStringList());
+        editor->cancelModalSheet(nullptr);
+    }
+
+    void theDialogForUnsavedTextShowsThemAsTheyAre() {
+        QStringList places;
+        QStringList misreadPlaces;
+        QTimer::singleShot(0, qApp, [&] {
+            const ShownName shown(ShownName::Hostile);
+            places = shown.places();
+            misreadPlaces = shown.misreadPlaces();
+            QApplication::activeModalWidget()->close();
+        });
+        const Note note{.title = ShownName::Hostile, .text = ShownName::Hostile};
+        QCOMPARE(UnsavedTextDialog::ask(m_window.get(), note,
+                                        Error{.localizedDescription = ShownName::Hostile}),
+                 UnsavedTextDialog::Choice::KeepEditing);
+        QVERIFY(!places.filter(QStringLiteral("qt_msgbox")).isEmpty());
+        QCOMPARE(misreadPlaces, QStringList());
     }
 };
 

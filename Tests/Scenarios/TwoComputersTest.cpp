@@ -55,9 +55,10 @@ void say(const QString &line) {
 /// open, as dialogs do, until the test answers the last one.
 class OtherPerson : public TestApplication {
 public:
-    void ask(const Question &question, std::function<void(bool)> handler) override {
+    Withdrawal ask(const Question &question, std::function<void(bool)> handler) override {
         say(QStringLiteral("question ") + question.text + u' ' + question.details);
         m_handler = std::move(handler);
+        return [] {};
     }
     void allow() { std::exchange(m_handler, nullptr)(true); }
 

@@ -26,11 +26,13 @@ void TestApplication::presentError(const Error &error) {
     m_presentedErrors.append(error);
 }
 
-void TestApplication::ask(const Question &question, std::function<void(bool)> handler) {
+QuestionPresenter::Withdrawal TestApplication::ask(const Question &question,
+                                                   std::function<void(bool)> handler) {
     m_questions.append(question);
     QMetaObject::invokeMethod(
         qApp, [handler = std::move(handler), accepted = m_isAccepting] { handler(accepted); },
         Qt::QueuedConnection);
+    return [] {};
 }
 
 void TestApplication::askAboutRemoval(const RemovalQuestion &question,

@@ -33,7 +33,7 @@ public:
     std::shared_ptr<QVDatabase> inbox() const override;
     void logItemCmd(const QString &title, const QString &info) override;
     void presentError(const Error &error) override;
-    void ask(const Question &question, std::function<void(bool)> handler) override;
+    Withdrawal ask(const Question &question, std::function<void(bool)> handler) override;
     void askAboutRemoval(const RemovalQuestion &question,
                          std::function<void(RemovalDecision)> handler) override;
 

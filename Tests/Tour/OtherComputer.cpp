@@ -36,10 +36,11 @@ void say(const QString &line) {
 
 class OtherPerson : public TestApplication {
 public:
-    void ask(const Question &question, std::function<void(bool)> handler) override {
+    Withdrawal ask(const Question &question, std::function<void(bool)> handler) override {
         const QRegularExpression code(QStringLiteral("\\d{3}.\\d{3}"));
         say(CodeLine + code.match(question.details).captured());
         handler(nextCommand() == AllowCommand);
+        return [] {};
     }
 };
 

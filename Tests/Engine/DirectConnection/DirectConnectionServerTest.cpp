@@ -114,6 +114,12 @@ QStringList authorizedClients() {
         .value_or(QStringList());
 }
 
+QElapsedTimer started() {
+    QElapsedTimer timer;
+    timer.start();
+    return timer;
+}
+
 DirectConnectionPairing newClient(const QString &name = ClientName) {
     DirectConnectionPairing client;
     client.clientName = name;
@@ -416,7 +422,7 @@ private Q_SLOTS:
     }
 
     void oneQuestionIsOpenAtATime() {
-        serve();
+        serve({.pauseAfterRefusal = std::chrono::milliseconds(0)});
         auto first = std::make_unique<Client>(m_port);
         DirectConnectionPairing client = newClient();
         askFor(*first, client);
@@ -425,17 +431,47 @@ private Q_SLOTS:
         DirectConnectionPairing other = newClient(QStringLiteral("other"));
         askFor(second, other);
         QCOMPARE(second.answer()[Type].toString(), Busy);
-        // Also when who asked has gone: the question is still there.
+        QCOMPARE(m_person->asked().size(), 1);
+        // The question of a client that has gone is withdrawn and keeps no other client out.
         first.reset();
+        QTRY_COMPARE(m_person->waiting(), 0);
         Client third(m_port);
         askFor(third, other);
-        QCOMPARE(third.answer()[Type].toString(), Busy);
-        QCOMPARE(m_person->asked().size(), 1);
+        QTRY_COMPARE(m_person->asked().size(), 2);
         m_person->answerAll(isOneOfUs);
-        Client fourth(m_port);
-        askFor(fourth, other);
-        QCOMPARE(fourth.answer()[Type].toString(), Welcome);
+        QCOMPARE(third.answer()[Type].toString(), Welcome);
         QVERIFY(!authorizedClients().contains(ClientName));
+    }
+
+    void aQuestionThatIsNotAnsweredIsWithdrawn() {
+        serve({.askingTime = std::chrono::milliseconds(200),
+               .pauseAfterRefusal = std::chrono::milliseconds(0)});
+        Client first(m_port);
+        DirectConnectionPairing client = newClient();
+        askFor(first, client);
+        QTRY_COMPARE(m_person->waiting(), 1);
+        QVERIFY(first.endsInSilence());
+        QTRY_COMPARE(m_person->waiting(), 0);
+        Client second(m_port);
+        askFor(second, client);
+        QTRY_COMPARE(m_person->asked().size(), 2);
+        QVERIFY(!authorizedClients().contains(ClientName));
+    }
+
+    void questionsBecomeRarerWithEachRefusal() {
+        serve({.pauseAfterRefusal = std::chrono::milliseconds(100)});
+        m_person->answerAll(isAStranger);
+        // After pauses of 100, 200, 400, 800 and 1600 ms, there is time for at most five questions.
+        int tries = 0;
+        for (QElapsedTimer time = started(); time.elapsed() < 3000; ++tries) {
+            Client connection(m_port);
+            DirectConnectionPairing client = newClient();
+            askFor(connection, client);
+            QVERIFY(!connection.answer().isEmpty());
+        }
+        QVERIFY(tries > 5);
+        QVERIFY(m_person->asked().size() <= 5);
+        QVERIFY(m_person->asked().size() > 1);
     }
 
     void afterARefusalTheUserIsNotAskedForAWhile() {
