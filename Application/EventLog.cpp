@@ -5,6 +5,11 @@
 #include "Platform/Interface/PlainText.h"
 
 void EventLog::append(const QString &title, const QString &info) {
+    if (m_entries.size() >= Limit) {
+        beginRemoveRows({}, 0, 0);
+        m_entries.removeFirst();
+        endRemoveRows();
+    }
     const auto row = static_cast<int>(m_entries.size());
     beginInsertRows({}, row, row);
     m_entries.append({QDateTime::currentDateTime(), title, info});

@@ -4,11 +4,15 @@
 #include <QtCore/QDateTime>
 
 /// The application's log as a table model: one row for each event, oldest first, with time, origin
-/// and text. It is kept in memory only and never truncated. Must be used on the main thread.
+/// and text. It is kept in memory only; beyond `Limit` events, the oldest are removed. Must be used
+/// on the main thread.
 class EventLog : public QAbstractTableModel {
     Q_OBJECT
 public:
     using QAbstractTableModel::QAbstractTableModel;
+
+    /// Maximum number of events.
+    static constexpr int Limit = 10000;
 
     /// Appends an event with the current time. `title` is the part of the program that reports it.
     void append(const QString &title, const QString &info);

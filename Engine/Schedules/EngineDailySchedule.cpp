@@ -10,6 +10,9 @@ QDateTime EngineDailySchedule::nextScheduledDate() const {
 }
 
 QDateTime EngineDailySchedule::nextDateAfter(const QDateTime &now) const {
+    if (!now.isValid()) {
+        return {};
+    }
     QDateTime next = TimeOfDay::on(now.date(), m_hourAndMinute);
     for (int days = 1; next <= now; ++days) {
         next = TimeOfDay::on(now.date().addDays(days), m_hourAndMinute);

@@ -5,6 +5,10 @@ QDateTime EngineHourlySchedule::nextScheduledDate() const {
 }
 
 QDateTime EngineHourlySchedule::nextDateAfter(const QDateTime &now) const {
+    constexpr quint32 minutes = 60;
+    if (!now.isValid() || m_hourlyOffset >= minutes) {
+        return {};
+    }
     const QTime time = now.time();
     QDateTime next = now.addMSecs(60000 - time.second() * 1000 - time.msec());
     // A step at a time, since a clock change need not be a whole hour.

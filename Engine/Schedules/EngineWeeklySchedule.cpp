@@ -11,6 +11,9 @@ QDateTime EngineWeeklySchedule::nextScheduledDate() const {
 }
 
 QDateTime EngineWeeklySchedule::nextDateAfter(const QDateTime &now) const {
+    if (!now.isValid()) {
+        return {};
+    }
     for (int days = 0; days <= 7; ++days) {
         const QDate date = now.date().addDays(days);
         QDateTime next = TimeOfDay::on(date, m_hourAndMinute);

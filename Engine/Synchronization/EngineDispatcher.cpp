@@ -12,6 +12,9 @@
 
 namespace {
 
+/// The number of problems of one job that are reported one by one.
+constexpr qsizetype MostReported = 20;
+
 void logSync(const QString &text) {
     NSApp()->logItemCmd(QStringLiteral("Sync:"), text);
 }
@@ -181,9 +184,13 @@ void EngineDispatcher::ended(const SyncJob *job) {
 void EngineDispatcher::report(const Entry &entry) {
     const QString name = nameOf(entry.job->subject());
     const QList<Error> problems = entry.job->problems();
-    for (const Error &problem : problems) {
+    for (const Error &problem : problems.first(std::min(problems.size(), MostReported))) {
         logSync(localizedSyncString("Some items of “%1” could not be synchronized with “%2”: %3")
                     .arg(name, entry.title, problem.localizedDescription));
+    }
+    if (problems.size() > MostReported) {
+        logSync(localizedSyncString("%1 more items of “%2” could not be synchronized with “%3”.")
+                    .arg(QString::number(problems.size() - MostReported), name, entry.title));
     }
     if (const Expected<void> &result = entry.job->result(); !result) {
         logSync(failureText(entry.job->kind())

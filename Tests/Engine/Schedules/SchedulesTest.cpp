@@ -56,6 +56,12 @@ private Q_SLOTS:
         QVERIFY(!weekly.isHourly() && !weekly.isDaily() && weekly.isWeekly());
     }
 
+    void noScheduleFiresAfterAnInvalidDate() {
+        QVERIFY(!EngineHourlySchedule(30).nextDateAfter({}).isValid());
+        QVERIFY(!EngineDailySchedule(HourAndMinute{1, 2}).nextDateAfter({}).isValid());
+        QVERIFY(!EngineWeeklySchedule(HourAndMinute{1, 2}, 127).nextDateAfter({}).isValid());
+    }
+
     void theNextDateOfEachKindIsInTheFuture() {
         const QDateTime now = QDateTime::currentDateTime();
         for (const QDateTime &next : {EngineHourlySchedule(7).nextScheduledDate(),

@@ -2,6 +2,7 @@
 #include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
 #include "Platform/Foundation/NotificationCenter.h"
+#include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -434,6 +435,24 @@ private Q_SLOTS:
         for (int i = 1; i <= 7; ++i) {
             QCOMPARE(told.filter(QFileInfo(name(i)).fileName()).size(), 1);
         }
+    }
+
+    void manyProblemsAreReportedInOneEntry() {
+        const QString UUID = synchronizedDatabase(QStringLiteral("Projects"))->UUID();
+        for (int i = 0; i < 22; ++i) {
+            write(transactions(UUID) + QStringLiteral("/11111111-1111-4111-8111-%1.json")
+                                           .arg(i, 12, 10, QLatin1Char('0')),
+                  "not JSON");
+        }
+        m_host->goToComputer(There);
+        const qsizetype before = log().size();
+        bool isDone = false;
+        dispatcher()->performSynchronizationsWithSynchronizationStates({state(UUID)},
+                                                                       [&] { isDone = true; });
+        QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
+        const QStringList told = log().mid(before);
+        QVERIFY2(told.size() == 22, qPrintable(told.join(u'\n')));
+        QCOMPARE(told.filter(QStringLiteral("2 more items")).size(), 1);
     }
 
     void aDatabaseWhoseNameIsAPathIsRefused() {
