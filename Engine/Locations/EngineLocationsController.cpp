@@ -6,6 +6,9 @@
 
 namespace {
 
+/// The start of the key of a setting that holds the URL of a removed location.
+const QString RemovalPrefix = QStringLiteral("removedLocation ");
+
 QVariant milliseconds(const QDateTime &date) {
     return date.isValid() ? QVariant(date.toMSecsSinceEpoch()) : QVariant();
 }
@@ -124,22 +127,56 @@ Expected<void> EngineLocationsController::writeLocations() const {
         }
     }
     for (const QString &identifier : std::as_const(gone)) {
-        if (Expected<void> deleted =
-                m_profile.run(QStringLiteral("DELETE FROM locations WHERE uuid = ?"), {identifier});
-            !deleted) {
+        if (Expected<void> deleted = deleteLocation(identifier); !deleted) {
             return deleted;
         }
     }
     return {};
 }
 
+Expected<void> EngineLocationsController::deleteLocation(const QString &identifier) const {
+    return m_profile
+        .run(QStringLiteral("INSERT OR REPLACE INTO settings (key, value) VALUES (?, ?)"),
+             {RemovalPrefix + identifier, ProfileDatabase::text(m_saved[identifier].URLText)})
+        .and_then([&] {
+            return m_profile.run(QStringLiteral("DELETE FROM locations WHERE uuid = ?"),
+                                 {identifier});
+        });
+}
+
+Expected<QStringList> EngineLocationsController::removedLocations() const {
+    QStringList identifiers;
+    return m_profile
+        .read(QStringLiteral("SELECT key FROM settings WHERE key LIKE ? || '%'"), {RemovalPrefix},
+              [&](const QSqlQuery &row) {
+                  identifiers.append(row.value(0).toString().mid(RemovalPrefix.size()));
+              })
+        .map([&] { return identifiers; });
+}
+
+Expected<std::optional<Url>> EngineLocationsController::removedURL(
+    const QString &identifier) const {
+    return m_profile
+        .value(QStringLiteral("SELECT value FROM settings WHERE key = ?"),
+               {RemovalPrefix + identifier})
+        .map([](const QVariant &text) {
+            return text.isValid() ? std::optional(Url::fromString(text.toString())) : std::nullopt;
+        });
+}
+
+Expected<void> EngineLocationsController::forgetRemoval(const QString &identifier) const {
+    return m_profile.run(QStringLiteral("DELETE FROM settings WHERE key = ?"),
+                         {RemovalPrefix + identifier});
+}
+
 Expected<void> EngineLocationsController::writeLocation(const QString &identifier,
                                                         const Row &row) const {
     const auto saved = m_saved.constFind(identifier);
     if (saved == m_saved.constEnd()) {
-        return m_profile.run(
-            QStringLiteral("INSERT INTO locations (url, position, uuid) VALUES (?, ?, ?)"),
-            {ProfileDatabase::text(row.URLText), row.position, identifier});
+        return m_profile
+            .run(QStringLiteral("INSERT INTO locations (url, position, uuid) VALUES (?, ?, ?)"),
+                 {ProfileDatabase::text(row.URLText), row.position, identifier})
+            .and_then([&] { return forgetRemoval(identifier); });
     }
     return *saved == row
                ? Expected<void>()

@@ -38,6 +38,14 @@ public:
     /// is written and the changes remain to be saved.
     bool save(std::optional<Error> *error) override;
 
+    /// Return the identifiers of the locations whose removal was saved, and the URL that such a
+    /// location had; empty if the removal of `identifier` is not recorded. Adding the location
+    /// again removes the record.
+    Expected<QStringList> removedLocations() const;
+    Expected<std::optional<Url>> removedURL(const QString &identifier) const;
+    /// Removes the record of a removal. Succeeds if there is none.
+    Expected<void> forgetRemoval(const QString &identifier) const;
+
 Q_SIGNALS:
     /// Emitted after a location was removed from the list, with its identifier.
     void locationRemoved(const QString &identifier);
@@ -57,6 +65,7 @@ private:
     Expected<void> loadStates();
     Expected<void> writeLocations() const;
     Expected<void> writeLocation(const QString &identifier, const Row &row) const;
+    Expected<void> deleteLocation(const QString &identifier) const;
     Expected<void> writeStates() const;
     /// Returns whether the profile contains the location.
     bool isSaved(const EngineSyncLocation &location) const;

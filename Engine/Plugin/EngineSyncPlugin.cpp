@@ -26,9 +26,13 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLib
       m_kinds(std::make_shared<EngineLocationKinds>(builtInLocationKinds(m_context))),
       m_locationsController(std::make_unique<EngineLocationsController>(profile, m_kinds)),
       m_dispatcher(std::make_unique<EngineDispatcher>(profile, library)),
+      m_removedLocations(
+          std::make_unique<RemovedLocations>(profile, *m_locationsController, m_context)),
       m_server(std::make_unique<DirectConnectionServer>(profile)) {
     connect(m_locationsController.get(), &EngineLocationsController::locationRemoved,
             m_dispatcher.get(), &EngineDispatcher::cancelJobsOfLocation);
+    connect(m_locationsController.get(), &EngineLocationsController::locationRemoved,
+            m_removedLocations.get(), &RemovedLocations::didRemoveLocation);
 }
 
 EngineSyncPlugin::~EngineSyncPlugin() = default;

@@ -2,6 +2,7 @@
 
 #include "Engine/Locations/EngineLocationsController.h"
 #include "Engine/Plugin/EngineContext.h"
+#include "Engine/Plugin/RemovedLocations.h"
 #include "Engine/Synchronization/EngineDispatcher.h"
 #include "Host/QVSyncPlugin.h"
 
@@ -30,6 +31,10 @@ public:
     /// Starts the direct-connection server if the user has enabled it. Must be called after load().
     /// Errors are presented to the user.
     void startServer();
+    /// Forgets what was kept for locations that were removed in former runs. Must be called after
+    /// load().
+    void forgetRemovedLocations() { m_removedLocations->start(); }
+    RemovedLocations &removedLocations() { return *m_removedLocations; }
     /// Returns a new location that is in no list. Never null.
     std::shared_ptr<EngineSyncLocation> newLocation(const Url &URL) const;
     /// Returns the kind of locations with `URL`. Valid as long as this object.
@@ -64,6 +69,7 @@ private:
     const std::shared_ptr<const EngineLocationKinds> m_kinds;
     const std::unique_ptr<EngineLocationsController> m_locationsController;
     const std::unique_ptr<EngineDispatcher> m_dispatcher;
+    const std::unique_ptr<RemovedLocations> m_removedLocations;
     /// Null before load(), as is the synchronizer.
     std::shared_ptr<LocalStore> m_localStore;
     std::unique_ptr<ServedStoreSynchronizer> m_servedStoreSynchronizer;

@@ -47,6 +47,7 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
     }
     if (m_isOpen && use == ProfileUse::Run) {
         m_plugin.startServer();
+        m_plugin.forgetRemovedLocations();
         m_triggers.start();
         m_backups.start(m_profile.directory());
     }

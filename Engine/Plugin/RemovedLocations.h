@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <chrono>
+
+#include "Platform/Foundation/Expected.h"
+
+class EngineContext;
+class EngineLocationsController;
+class ProfileDatabase;
+class Url;
+
+/// Forgets what was kept for locations that were removed: known transactions, trusted certificates,
+/// the pairing with another computer, the tokens of a Dropbox account, and, if the user agrees, the
+/// password of a WebDAV server. What another location needs is never forgotten, nor what belongs to
+/// a location that is in the list again.
+///
+/// The profile records the locations whose removal was saved, so that what could not be forgotten
+/// in one run is forgotten at the start of a later one. Must be used on the main thread.
+class RemovedLocations : public QObject {
+    Q_OBJECT
+public:
+    /// Time after the removal in which nothing is forgotten.
+    static constexpr std::chrono::minutes UndoTime{10};
+
+    /// The arguments are not owned and must outlive this object.
+    RemovedLocations(const ProfileDatabase &profile, const EngineLocationsController &locations,
+                     EngineContext &context);
+
+    /// Replaces UndoTime for later removals.
+    void setUndoTime(std::chrono::milliseconds undoTime) { m_undoTime = undoTime; }
+    /// Forgets what was kept for the locations that were removed in former runs. Must be called
+    /// once, after the locations were loaded.
+    void start();
+    /// Called when the location `identifier` was removed from the list. Returns at once.
+    void didRemoveLocation(const QString &identifier);
+
+private:
+    void forget(const QString &identifier);
+    /// Forgets what is in the profile, then the secrets.
+    Expected<void> forgetInProfile(const QString &identifier) const;
+    void forgetPassword(const QString &identifier, const Url &URL);
+    void askToForgetPassword(const QString &identifier, const Url &URL);
+    void forgetTokens(const QString &identifier, const Url &URL);
+    /// Removes the record of the removal: nothing is left to forget.
+    void finish(const QString &identifier) const;
+    /// Returns whether a location of the list uses the credential of `URL`.
+    bool isCredentialNeeded(const Url &URL) const;
+    bool isListed(const QString &identifier) const;
+
+    const ProfileDatabase &m_profile;
+    const EngineLocationsController &m_locations;
+    EngineContext &m_context;
+    std::chrono::milliseconds m_undoTime = UndoTime;
+};

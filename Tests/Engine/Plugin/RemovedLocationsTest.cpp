@@ -1,0 +1,177 @@
+#include "Engine/Plugin/RemovedLocations.h"
+
+#include "Engine/DirectConnection/DirectConnectionPairings.h"
+#include "Engine/Stores/Dropbox/DropboxTokens.h"
+#include "Platform/Security/SecretStore.h"
+#include "Platform/Security/UrlCredentialStorage.h"
+#include "Support/SecretService.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+const QString WebDAVAddress = QStringLiteral("https://ida@dav.example/Shared.qvSyncStore");
+const QString Account = QStringLiteral("ida@example.com");
+
+}  // namespace
+
+class RemovedLocationsTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<SecretService> m_secrets;
+    std::unique_ptr<TestHost> m_host;
+
+    static void storePassword() {
+        for (const QString &method :
+             {UrlAuthenticationMethodHttpBasic, UrlAuthenticationMethodHttpDigest}) {
+            UrlCredentialStorage::shared().setCredentialForProtectionSpace(
+                {.user = QStringLiteral("ida"),
+                 .password = QStringLiteral("secret"),
+                 .persistence = UrlCredential::Persistence::Permanent},
+                UrlProtectionSpace::ofURL(Url::fromString(WebDAVAddress), method));
+        }
+        QVERIFY(SecretStore::shared().finishWriting());
+    }
+    qsizetype countOfPasswords() const {
+        return m_secrets->count({{QStringLiteral("host"), QStringLiteral("dav.example")}});
+    }
+    qsizetype countOfTokens() const {
+        return m_secrets->count({{QStringLiteral("service"), QStringLiteral("Velmora Dropbox")}});
+    }
+    QVariant value(const QString &statement) {
+        return m_host->engine().profile().value(statement).value();
+    }
+    int countOfRemovals() {
+        return value(QStringLiteral(
+                         "SELECT count(*) FROM settings WHERE key LIKE 'removedLocation %'"))
+            .toInt();
+    }
+    void add(const QString &URL) {
+        m_host->addLocation(URL);
+        m_host->save();
+    }
+    void removeFirst() {
+        m_host->engine().plugin().removedLocations().setUndoTime(std::chrono::milliseconds(0));
+        m_host->locations().removeObjectFromSyncLocationsAtIndex(0);
+        m_host->save();
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_secrets = std::make_unique<SecretService>();
+        m_host = std::make_unique<TestHost>();
+    }
+    void cleanup() {
+        m_host.reset();
+        m_secrets.reset();
+    }
+
+    void aPasswordIsForgottenIfTheUserAgrees() {
+        storePassword();
+        add(WebDAVAddress);
+        m_host->application().answerQuestions(true);
+        removeFirst();
+        QTRY_COMPARE(m_host->application().questions().size(), 1);
+        QCOMPARE(m_host->application().questions().first().text,
+                 QStringLiteral("Forget the password of “dav.example”?"));
+        QTRY_COMPARE(countOfPasswords(), 0);
+        QTRY_COMPARE(countOfRemovals(), 0);
+    }
+
+    void aPasswordIsKeptIfTheUserRefuses() {
+        storePassword();
+        add(WebDAVAddress);
+        removeFirst();
+        QTRY_COMPARE(m_host->application().questions().size(), 1);
+        QTRY_COMPARE(countOfRemovals(), 0);
+        SecretStore::shared().finishWriting();
+        QCOMPARE(countOfPasswords(), 2);
+        m_host->restart();
+        QCOMPARE(m_host->application().questions().size(), 1);
+    }
+
+    void aPasswordThatAnotherLocationUsesIsKeptWithoutAQuestion() {
+        storePassword();
+        add(WebDAVAddress);
+        add(QStringLiteral("https://ida@dav.example/Other.qvSyncStore"));
+        removeFirst();
+        QTRY_COMPARE(countOfRemovals(), 0);
+        QVERIFY(m_host->application().questions().isEmpty());
+        QCOMPARE(countOfPasswords(), 2);
+    }
+
+    void nothingIsAskedIfNoPasswordIsStored() {
+        add(WebDAVAddress);
+        removeFirst();
+        QTRY_COMPARE(countOfRemovals(), 0);
+        QVERIFY(m_host->application().questions().isEmpty());
+    }
+
+    void tokensAreForgottenUnlessAnotherLocationUsesThem() {
+        DropboxTokens{.access = QByteArray("token")}.store(Account);
+        QVERIFY(SecretStore::shared().finishWriting());
+        add(QStringLiteral("dropbox://") + Account);
+        add(QStringLiteral("dropbox://") + Account);
+        removeFirst();
+        QTRY_COMPARE(countOfRemovals(), 0);
+        QVERIFY(SecretStore::shared().finishWriting());
+        QCOMPARE(countOfTokens(), 1);
+        removeFirst();
+        QTRY_COMPARE(countOfTokens(), 0);
+    }
+
+    void whatTheProfileHoldsIsForgotten() {
+        add(QStringLiteral("velmora://desk:8442"));
+        const QString identifier = value(QStringLiteral("SELECT uuid FROM locations")).toString();
+        const ProfileDatabase &profile = m_host->engine().profile();
+        QVERIFY(profile.run(QStringLiteral("INSERT INTO known_transactions SELECT ?, id, 'a', '',"
+                                           " '', 1 FROM databases"),
+                            {identifier}));
+        QVERIFY(profile.run(QStringLiteral("INSERT INTO trusted_certificates VALUES (?, 'f')"),
+                            {identifier}));
+        const QString key = QStringLiteral("velmora://desk:8442 ") + identifier;
+        const auto pairings = m_host->engine().plugin().context().pairings;
+        pairings->keep(key, "fingerprint", "secret");
+        const QString pairing =
+            QStringLiteral("SELECT count(*) FROM settings WHERE key LIKE 'directConnection%'");
+        QTRY_COMPARE(value(pairing).toInt(), 1);
+        QVERIFY(SecretStore::shared().finishWriting());
+        removeFirst();
+        QTRY_COMPARE(countOfRemovals(), 0);
+        QCOMPARE(value(pairing).toInt(), 0);
+        QVERIFY(!pairings->fingerprint(key));
+        QTRY_VERIFY(!pairings->secret(key).value());
+        QCOMPARE(value(QStringLiteral("SELECT count(*) FROM known_transactions")).toInt(), 0);
+        QCOMPARE(value(QStringLiteral("SELECT count(*) FROM trusted_certificates")).toInt(), 0);
+    }
+
+    void whatAFormerRunCouldNotForgetIsForgottenAtTheStart() {
+        DropboxTokens{.access = QByteArray("token")}.store(Account);
+        QVERIFY(SecretStore::shared().finishWriting());
+        add(QStringLiteral("dropbox://") + Account);
+        m_host->locations().removeObjectFromSyncLocationsAtIndex(0);
+        m_host->save();
+        QCOMPARE(countOfRemovals(), 1);
+        m_host->restart();
+        QTRY_COMPARE(countOfTokens(), 0);
+        QCOMPARE(countOfRemovals(), 0);
+    }
+
+    void aLocationThatIsAddedAgainLosesNothing() {
+        storePassword();
+        add(WebDAVAddress);
+        const auto location = m_host->locations().syncLocations().first();
+        m_host->locations().removeObjectFromSyncLocationsAtIndex(0);
+        m_host->save();
+        QCOMPARE(countOfRemovals(), 1);
+        m_host->locations().insertObjectInSyncLocationsAtIndex(location, 0);
+        m_host->save();
+        QCOMPARE(countOfRemovals(), 0);
+        m_host->restart();
+        QVERIFY(m_host->application().questions().isEmpty());
+        QCOMPARE(countOfPasswords(), 2);
+    }
+};
+
+VELMORA_TEST(RemovedLocationsTest)
+#include "RemovedLocationsTest.moc"
