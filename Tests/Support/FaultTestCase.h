@@ -1,0 +1,202 @@
+#pragma once
+
+#include <stdexcept>
+
+#include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Notes/FirstContents.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Synchronization/CleanSession.h"
+#include "Engine/Synchronization/SyncSession.h"
+#include "Support/RunSession.h"
+#include "Support/TestMain.h"
+
+/// Base of tests that tell the same stories again and again, each time with another failure.
+/// VELMORA_EVERY_FAULT=1 tries every failure rather than some of them.
+class FaultTestCase : public QObject {
+    Q_OBJECT
+protected:
+    /// The texts by title. The name of the database has the empty title.
+    using Contents = QMap<QString, QString>;
+
+    static inline const QString Changed = QStringLiteral("changed");
+
+    static QString text() { return QString(3000, u'x'); }
+
+    template <class Value>
+    static void orThrow(const Expected<Value> &result) {
+        if (!result) {
+            throw std::runtime_error(result.error().localizedDescription.toStdString());
+        }
+    }
+
+    static void copyProfile(const QString &source, const QString &destination) {
+        QDir().mkpath(destination);
+        const QStringList names = QDir(source).entryList(QDir::Files);
+        for (const QString &name : names) {
+            if (!QFile::copy(source + u'/' + name, destination + u'/' + name)) {
+                throw std::runtime_error("cannot copy the profile");
+            }
+        }
+    }
+
+    /// A profile with one database that is synchronized.
+    class Computer {
+    public:
+        explicit Computer(QString folder) : m_folder(std::move(folder)), m_library(m_profile) {}
+
+        Expected<void> open() {
+            return m_profile
+                .open(
+                    m_folder,
+                    [this] { return writeFirstContents(m_profile, FirstContents::Inbox); },
+                    [] { return Expected<void>(); })
+                .and_then([this] { return m_library.load(); });
+        }
+
+        EngineNoteLibrary &library() { return m_library; }
+        const ProfileDatabase &profile() const { return m_profile; }
+        /// Null before the import.
+        std::shared_ptr<NoteDatabase> database() const {
+            return m_library.knownDatabases().value(1);
+        }
+
+        Contents contents() const {
+            Contents contents;
+            if (const auto known = database()) {
+                contents.insert({}, known->name());
+                const QList<Note> notes = known->notes().value();
+                for (const Note &note : notes) {
+                    contents.insert(note.title, note.text);
+                }
+            }
+            return contents;
+        }
+
+        Expected<void> add(const QString &title) {
+            Note note{{}, title, text(), {}};
+            return database()->saveNote(note);
+        }
+
+        Expected<void> edit(const QString &title) {
+            return note(title).and_then([this](Note edited) {
+                edited.text = Changed;
+                return database()->saveNote(edited);
+            });
+        }
+
+        Expected<void> remove(const QString &title) {
+            return note(title).and_then(
+                [this](const Note &removed) { return database()->removeNote(removed); });
+        }
+
+        /// Returns the problems with single records.
+        template <class Session>
+        Expected<QList<Error>> run(const QString &UUID, BlobStore &store) {
+            Session session(m_profile, m_library,
+                            {UUID, QStringLiteral("Projects"), QStringLiteral("store")});
+            return runSession(session, store).map([&] { return session.problems(); });
+        }
+
+    private:
+        Expected<Note> note(const QString &title) const {
+            return database()->notes().map([&](const QList<Note> &notes) {
+                return *std::find_if(notes.begin(), notes.end(),
+                                     [&](const Note &each) { return each.title == title; });
+            });
+        }
+
+        const QString m_folder;
+        ProfileDatabase m_profile;
+        EngineNoteLibrary m_library;
+    };
+    /// Another computer has changed "c" and added "remote", which the profile "Used" has not read;
+    /// `store` does not have "unsent" yet.
+    void writeProfiles(BlobStore &store) {
+        Computer other(folder(QStringLiteral("Other")));
+        orThrow(other.open());
+        orThrow(other.library().createDatabase(QStringLiteral("Projects")));
+        m_UUID = other.database()->UUID();
+        for (const QString &title :
+             {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}) {
+            orThrow(other.add(title));
+            orThrow(other.run<SyncSession>(m_UUID, store));
+        }
+        Computer used(folder(QStringLiteral("Used")));
+        orThrow(used.open());
+        orThrow(used.run<SyncSession>(m_UUID, store));
+        orThrow(used.add(QStringLiteral("unsent")));
+        orThrow(other.edit(QStringLiteral("c")));
+        orThrow(other.add(QStringLiteral("remote")));
+        orThrow(other.run<SyncSession>(m_UUID, store));
+        orThrow(Computer(folder(QStringLiteral("Unused"))).open());
+    }
+
+    QString UUID() const { return m_UUID; }
+    QString folder(const QString &name) const { return m_folder.filePath(name); }
+    QString newFolder() { return folder(QString::number(++m_count)); }
+
+    /// What the computer has, if it can be asked.
+    static Contents contentsAt(const QString &profile) {
+        if (!QFileInfo::exists(profile)) {
+            return {};
+        }
+        Computer computer(profile);
+        orThrow(computer.open());
+        return computer.contents();
+    }
+
+    /// All of both is there, in either state, and nothing else.
+    static void verifyBetween(const Contents &found, const Contents &before,
+                              const Contents &after) {
+        for (auto each = found.begin(); each != found.end(); ++each) {
+            const bool isOld = before.contains(each.key()) && before[each.key()] == each.value();
+            const bool isNew = after.contains(each.key()) && after[each.key()] == each.value();
+            QVERIFY2(isOld || isNew, qPrintable(each.key()));
+        }
+        for (auto each = before.keyBegin(); each != before.keyEnd(); ++each) {
+            QVERIFY2(found.contains(*each) || !after.contains(*each), qPrintable(*each));
+        }
+    }
+
+    /// After synchronizing without a failure everyone has everything.
+    void verifyNothingIsLost(const QString &profile, BlobStore &store) {
+        Computer computer(profile);
+        orThrow(computer.open());
+        Contents expected = computer.contents();
+        const bool isImported = expected.size() > 1;
+        if (!isImported) {
+            expected = {{{}, QStringLiteral("Projects")},
+                        {QStringLiteral("a"), text()},
+                        {QStringLiteral("b"), text()}};
+        }
+        expected.insert(QStringLiteral("c"), Changed);
+        expected.insert(QStringLiteral("remote"), text());
+        orThrow(computer.run<SyncSession>(m_UUID, store));
+        orThrow(computer.run<CleanSession>(m_UUID, store));
+        QCOMPARE(computer.contents(), expected);
+        const QString third = newFolder();
+        copyProfile(folder(QStringLiteral("Unused")), third);
+        Computer other(third);
+        orThrow(other.open());
+        orThrow(other.run<SyncSession>(m_UUID, store));
+        QCOMPARE(other.contents(), expected);
+    }
+
+    /// Calls `verify` with the numbers of the calls that are to fail, until one of them fails the
+    /// test: with all of them, or with no more than `usually`.
+    static void forCalls(qint64 calls, qint64 usually, const std::function<void(qint64)> &verify) {
+        const bool isThorough = qEnvironmentVariableIsSet("VELMORA_EVERY_FAULT");
+        const qint64 step = isThorough ? 1 : (calls + usually - 1) / usually;
+        for (qint64 call = 1; call <= calls; call += step) {
+            verify(call);
+            if (QTest::currentTestFailed()) {
+                QFAIL(qPrintable(QStringLiteral("call %1 of %2").arg(call).arg(calls)));
+            }
+        }
+    }
+
+private:
+    QTemporaryDir m_folder;
+    QString m_UUID;
+    int m_count = 0;
+};
