@@ -35,6 +35,30 @@ bool isMissing(const Error &error) {
     return isEngineError(error, EngineErrorCode::BlobMissing);
 }
 
+/// Reads to the end of a file of about `size` bytes, but no more than one byte beyond `limit`.
+/// Returns 0, or the errno value.
+int readAll(int file, qint64 size, qint64 limit, QByteArray *contents) {
+    // No more memory is allocated than the file has, unless it grows meanwhile.
+    contents->resize(std::min(std::max<qint64>(size, 4096), limit) + 1);
+    qsizetype done = 0;
+    while (done < contents->size()) {
+        const ssize_t count =
+            ::read(file, contents->data() + done, static_cast<size_t>(contents->size() - done));
+        if (count < 0 && errno != EINTR) {
+            return errno;
+        }
+        if (count == 0) {
+            break;
+        }
+        done += std::max<ssize_t>(count, 0);
+        if (done == contents->size() && done <= limit) {
+            contents->resize(std::min(2 * done, limit + 1));
+        }
+    }
+    contents->truncate(done);
+    return 0;
+}
+
 /// Returns 0, or the errno value.
 int writeAll(int file, const QByteArray &contents) {
     qsizetype written = 0;
@@ -56,19 +80,29 @@ int synchronizeFolder(int folder) {
 }
 
 /// Gives a new item the permissions of the folder that contains it, as far as `mask` allows. If the
-/// file system refuses, the item remains accessible to its owner only.
-void inheritPermissions(int item, int folder, mode_t mask) {
+/// file system has no such permissions, the item remains accessible to its owner only. Returns 0,
+/// or the errno value.
+int inheritPermissions(int item, int folder, mode_t mask) {
     struct stat status = {};
-    if (fstat(folder, &status) == 0) {
-        (void)fchmod(item, status.st_mode & mask);
+    if (fstat(folder, &status) != 0) {
+        return errno;
     }
+    const bool isDone = fchmod(item, status.st_mode & mask) == 0 || errno == EPERM ||
+                        errno == EACCES || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
+    return isDone ? 0 : errno;
 }
 
 /// Creates the folder `name` unless it exists, and makes it durable. Returns 0, or the errno value.
 int makeFolder(int parent, const QByteArray &name) {
     if (mkdirat(parent, name.constData(), S_IRWXU) == 0) {
         const FileDescriptor made(openat(parent, name.constData(), FolderFlags | O_NOFOLLOW));
-        inheritPermissions(made.number(), parent, FolderPermissions);
+        const int number =
+            made.isValid() ? inheritPermissions(made.number(), parent, FolderPermissions) : errno;
+        if (number != 0) {
+            // Others who use the package could never read what is in it.
+            unlinkat(parent, name.constData(), AT_REMOVEDIR);
+            return number;
+        }
     } else if (errno != EEXIST) {
         return errno;
     }
@@ -99,7 +133,11 @@ int renameIfAbsent(int folder, const QByteArray &from, const QByteArray &to) {
         return errno;
     }
     // Network file systems without this flag support links.
-    return linkat(folder, from.constData(), folder, to.constData(), 0) == 0 ? 0 : errno;
+    if (linkat(folder, from.constData(), folder, to.constData(), 0) != 0) {
+        return errno;
+    }
+    unlinkat(folder, from.constData(), 0);
+    return 0;
 }
 
 /// Writes a file that does not exist yet. Returns 0, or the errno value; EEXIST if it exists.
@@ -112,12 +150,16 @@ int writeNew(int folder, const QByteArray &name, const QByteArray &contents) {
     if (!file.isValid()) {
         return errno;
     }
-    inheritPermissions(file.number(), folder, FilePermissions);
-    int number = writeAll(file.number(), contents);
+    int number = inheritPermissions(file.number(), folder, FilePermissions);
+    if (number == 0) {
+        number = writeAll(file.number(), contents);
+    }
     if (number == 0) {
         number = renameIfAbsent(folder, temporaryName, name);
     }
-    unlinkat(folder, temporaryName.constData(), 0);
+    if (number != 0) {
+        unlinkat(folder, temporaryName.constData(), 0);
+    }
     return number;
 }
 
@@ -147,12 +189,7 @@ Expected<void> FolderStore::checkPackage() const {
                                    "Connect it and try again.",
                                    path));
     }
-    if (!path.startsWith(u'/') || !QFileInfo::exists(path)) {
-        return failure(engineError(
-            EngineErrorCode::StoreUnreachable,
-            "The sync store “%1” does not exist. Check whether it was moved or renamed.", path));
-    }
-    return {};
+    return path.startsWith(u'/') ? Expected<void>() : failure(doesNotExist());
 }
 
 FolderStore::FolderStore(const std::shared_ptr<QVSyncLocation> &location,
@@ -169,19 +206,19 @@ Expected<void> FolderStore::open(const EngineFuture & /*future*/) {
         return failure(opened.error());
     }
     const QString path = URL().path();
-    const bool isPackage = QFileInfo(path).suffix() == SyncStoreLayout::Extension &&
-                           QFileInfo(place(SyncStoreLayout::DatabasesFolder)).isDir() &&
-                           QFileInfo(place(SyncStoreLayout::TransactionsFolder)).isDir();
-    if (!isPackage) {
-        return failure(engineError(
-            EngineErrorCode::StoreUnreachable,
-            "“%1” is not a sync store. Edit the location and choose another one.", path));
+    const Error notPackage =
+        engineError(EngineErrorCode::StoreUnreachable,
+                    "“%1” is not a sync store. Edit the location and choose another one.", path);
+    if (QFileInfo(path).suffix() != SyncStoreLayout::Extension) {
+        return failure(notPackage);
     }
     for (const QString &name :
          {SyncStoreLayout::DatabasesFolder, SyncStoreLayout::TransactionsFolder}) {
         const Expected<FileDescriptor> inner = folder(name, Folders::Existing);
         if (!inner) {
-            return failure(inner.error());
+            const bool isNoFolder = isMissing(inner.error()) ||
+                                    isEngineError(inner.error(), EngineErrorCode::BlobRefused);
+            return failure(isNoFolder ? notPackage : inner.error());
         }
     }
     return {};
@@ -196,7 +233,10 @@ Expected<FileDescriptor> FolderStore::package() const {
                    : failure(notGranted());
     }
     const Expected<void> checked = checkPackage();
-    return failure(checked ? systemError(number, {}) : checked.error());
+    if (!checked) {
+        return failure(checked.error());
+    }
+    return failure(number == ENOENT ? doesNotExist() : systemError(number, {}));
 }
 
 Expected<FileDescriptor> FolderStore::folder(const QString &name, Folders folders) const {
@@ -234,7 +274,12 @@ Expected<QStringList> FolderStore::listFolder(const QString &name, const EngineF
                                          : failure(opened.error());
     }
     const int descriptor = opened->number();
-    DIR *const entries = fdopendir(opened->take());
+    DIR *const entries = fdopendir(descriptor);
+    if (!entries) {
+        return failure(systemError(errno, name));
+    }
+    // It is closed with the entries.
+    opened->take();
     QStringList names;
     while (const dirent *entry = nextEntry(entries)) {
         const QByteArray encoded(static_cast<const char *>(entry->d_name));
@@ -265,9 +310,9 @@ Expected<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
         return failure(isMissing(folder.error()) ? missing(name) : folder.error());
     }
     // Opening or reading anything but a plain file could block forever.
-    FileDescriptor descriptor(openat(folder->number(),
-                                     QFile::encodeName(lastPart(name)).constData(),
-                                     O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    const FileDescriptor descriptor(
+        openat(folder->number(), QFile::encodeName(lastPart(name)).constData(),
+               O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat status = {};
     if (!descriptor.isValid() || fstat(descriptor.number(), &status) != 0) {
         return failure(systemError(errno, name));
@@ -278,19 +323,9 @@ Expected<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
     if (status.st_size > limit) {
         return failure(tooLong(name));
     }
-    QFile file;
-    file.open(descriptor.take(), QIODevice::ReadOnly | QIODevice::Unbuffered,
-              QFileDevice::AutoCloseHandle);
-    // No more memory is allocated than the file has, unless it grows meanwhile.
-    const qint64 step = std::max<qint64>(status.st_size, 4096) + 1;
     QByteArray contents;
-    QByteArray piece;
-    do {
-        piece = file.read(std::min(step, limit + 1 - contents.size()));
-        contents += piece;
-    } while (!piece.isEmpty() && contents.size() <= limit);
-    if (file.error() != QFileDevice::NoError) {
-        return failure(systemError(EIO, name));
+    if (const int number = readAll(descriptor.number(), status.st_size, limit, &contents)) {
+        return failure(systemError(number, name));
     }
     return contents.size() <= limit ? Expected<QByteArray>(contents) : failure(tooLong(name));
 }
@@ -306,6 +341,9 @@ Expected<BlobStore::Written> FolderStore::writeBlob(const QString &name, const Q
     struct stat status = {};
     const bool isPresent =
         fstatat(folder, finalName.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    if (!isPresent && errno != ENOENT) {
+        return failure(systemError(errno, name));
+    }
     int number = isPresent ? EEXIST : writeNew(folder, finalName, contents);
     const Written written = number == EEXIST ? Written::AlreadyThere : Written::New;
     if (number == 0 || number == EEXIST) {
@@ -324,6 +362,12 @@ Expected<void> FolderStore::removeBlob(const QString &name, const EngineFuture &
         unlinkat(folder->number(), QFile::encodeName(lastPart(name)).constData(), 0) == 0 ||
         errno == ENOENT;
     return isGone ? Expected<void>() : failure(systemError(errno, name));
+}
+
+Error FolderStore::doesNotExist() const {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "The sync store “%1” does not exist. Check whether it was moved or renamed.",
+                       URL().path());
 }
 
 Error FolderStore::notGranted() const {

@@ -48,6 +48,7 @@ private:
     /// that contains the blob `name`.
     Expected<FileDescriptor> folder(const QString &name, Folders folders) const;
     Expected<FileDescriptor> folderOf(const QString &name, Folders folders) const;
+    Error doesNotExist() const;
     Error notGranted() const;
     /// Returns the error for a system call on the blob `name` that failed with the errno value
     /// `number`.

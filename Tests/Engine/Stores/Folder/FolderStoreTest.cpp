@@ -173,6 +173,25 @@ private Q_SLOTS:
         QCOMPARE(again, Expected<Written>(Written::AlreadyThere));
     }
 
+    void aFileSystemThatAlwaysReplacesIsWrittenThroughLinks_data() {
+        QTest::addColumn<int>("error");
+        QTest::newRow("does not know the flag") << EINVAL;
+        QTest::newRow("does not know the call") << ENOSYS;
+    }
+    void aFileSystemThatAlwaysReplacesIsWrittenThroughLinks() {
+        QFETCH(int, error);
+        Expected<Written> first;
+        Expected<Written> again;
+        runWithFailingSystemCall(SYS_renameat2, error, [&] {
+            first = write(FolderBlob, "first");
+            again = write(FolderBlob, "second");
+        });
+        QCOMPARE(first, Expected<Written>(Written::New));
+        QCOMPARE(again, Expected<Written>(Written::AlreadyThere));
+        QCOMPARE(read(FolderBlob), Expected<QByteArray>(QByteArray("first")));
+        QCOMPARE(allNames(FolderBlob.section(u'/', 0, 1)), QStringList(QStringLiteral("1-a")));
+    }
+
     void ofManyWritersOfOneNameOneIsTheFirst() {
         std::vector<std::future<Expected<Written>>> writers;
         for (int i = 0; i < 8; ++i) {
