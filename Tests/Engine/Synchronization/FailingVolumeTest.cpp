@@ -1,0 +1,250 @@
+#include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Notes/TransactionName.h"
+#include "Engine/Stores/Folder/FolderGrants.h"
+#include "Engine/Stores/Folder/FolderStore.h"
+#include "Engine/Synchronization/VerificationSession.h"
+#include "Host/SyncStoreLayout.h"
+#include "Support/Failure.h"
+#include "Support/FaultTestCase.h"
+#include "Support/FaultyFolder.h"
+#include "Support/TestLocation.h"
+
+Q_DECLARE_METATYPE(FaultyFolder::Fault)
+Q_DECLARE_METATYPE(FaultyFolder::Duration)
+
+/// The volume of a store in a folder fails at any system call, once or from then on. What was
+/// reported as synchronized is in the store, nothing was lost, nothing sound was set aside, and the
+/// failure was reported.
+class FailingVolumeTest : public FaultTestCase {
+    Q_OBJECT
+private:
+    using Fault = FaultyFolder::Fault;
+    using Duration = FaultyFolder::Duration;
+
+    struct Story {
+        /// The profile and the store that it begins with.
+        QString profile;
+        QString store;
+        bool isCleaningUp = false;
+    };
+    struct Outcome {
+        Expected<void> result;
+        QList<int> problems;
+        Contents contents;
+        /// The system calls to which the fault applies.
+        QStringList calls;
+        bool hasFailed = false;
+    };
+
+    const ProfileDatabase m_noProfile;
+
+    std::unique_ptr<FolderStore> storeAt(const QString &path) const {
+        return std::make_unique<FolderStore>(locationWithoutEngine(Url::fileURL(path)),
+                                             std::make_shared<StoreOperations>(),
+                                             std::make_shared<FolderGrants>(m_noProfile));
+    }
+
+    QString pathOfStore(const QString &name) const {
+        return folder(name + u'.' + SyncStoreLayout::Extension);
+    }
+
+    static void copyStore(const QString &source, const QString &destination) {
+        QDirIterator folders(source, QDir::Dirs | QDir::NoDotAndDotDot,
+                             QDirIterator::Subdirectories);
+        while (folders.hasNext()) {
+            const QString path = folders.next();
+            copyProfile(path, destination + path.mid(source.size()));
+        }
+    }
+
+    /// Returns the names of all files that begin with `prefix`, those of hidden files among them.
+    static QStringList files(const QString &store, const QString &prefix = {}) {
+        QStringList names;
+        QDirIterator files(store, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            files.next();
+            if (files.fileName().startsWith(prefix)) {
+                names.append(files.fileName());
+            }
+        }
+        return names;
+    }
+
+    /// Whoever may use the package may use every folder in it.
+    static void verifyPermissions(const QString &store) {
+        QDirIterator folders(store, QDir::Dirs | QDir::NoDotAndDotDot,
+                             QDirIterator::Subdirectories);
+        while (folders.hasNext()) {
+            folders.next();
+            QCOMPARE(folders.fileInfo().permissions(), QFileInfo(store).permissions());
+        }
+    }
+
+    static qsizetype countSetAside(const QString &store) {
+        const QStringList names = files(store);
+        return std::count_if(names.begin(), names.end(), TransactionName::isOfDamaged);
+    }
+
+    static QMap<QString, Story> stories() {
+        const QString used = QStringLiteral("Used");
+        const QString sound = QStringLiteral("Sound");
+        return {{QStringLiteral("synchronize"), {used, sound}},
+                {QStringLiteral("import"), {QStringLiteral("Unused"), sound}},
+                {QStringLiteral("clean up"), {used, sound, true}},
+                {QStringLiteral("repair"), {used, QStringLiteral("Damaged")}},
+                {QStringLiteral("fill again"), {QStringLiteral("Other"), QStringLiteral("Empty")}}};
+    }
+
+    /// What a job does.
+    Expected<QList<Error>> synchronize(Computer &computer, FolderStore &store, bool isCleaningUp) {
+        return store.open(EngineFuture())
+            .and_then([&] { return computer.run<SyncSession>(UUID(), store); })
+            .and_then([&](const QList<Error> &problems) {
+                return isCleaningUp
+                           ? computer.run<CleanSession>(UUID(), store)
+                                 .map([&](const QList<Error> &others) { return problems + others; })
+                           : problems;
+            });
+    }
+
+    /// Tells the story with a copy of its profile at `profile` and one of its store at `path`.
+    Outcome tell(const Story &story, const QString &profile, const QString &path, Fault fault,
+                 qint64 call, Duration duration) {
+        copyProfile(folder(story.profile), profile);
+        copyStore(pathOfStore(story.store), path);
+        Computer computer(profile);
+        orThrow(computer.open());
+        const std::unique_ptr<FolderStore> store = storeAt(path);
+        Outcome outcome;
+        {
+            const FaultyFolder volume(path, fault, call, duration);
+            const Expected<QList<Error>> problems =
+                synchronize(computer, *store, story.isCleaningUp);
+            outcome.result = problems.map([](const QList<Error> & /*all*/) {});
+            for (const Error &problem : problems.value_or(QList<Error>())) {
+                outcome.problems.append(static_cast<int>(problem.code));
+            }
+            outcome.calls = volume.calls();
+            outcome.hasFailed = volume.hasFailed();
+        }
+        outcome.contents = computer.contents();
+        return outcome;
+    }
+
+    /// The store has all that the profile has, and the other way round.
+    void verifySame(const QString &profile, FolderStore &store) {
+        Computer computer(profile);
+        orThrow(computer.open());
+        const Expected<QList<Error>> problems = computer.run<VerificationSession>(UUID(), store);
+        QCOMPARE(description(problems), QString());
+        QVERIFY2(
+            problems->isEmpty(),
+            qPrintable(problems->isEmpty() ? QString() : problems->first().localizedDescription));
+    }
+
+    void verifyFailure(const Story &story, Fault fault, qint64 call, Duration duration,
+                       const Contents &before, const Outcome &sound) {
+        const QString profile = newFolder();
+        const QString path = profile + u'.' + SyncStoreLayout::Extension;
+        const Outcome outcome = tell(story, profile, path, fault, call, duration);
+        QVERIFY(outcome.hasFailed);
+        const bool isReported = !outcome.result || outcome.problems != sound.problems;
+        const bool isHarmless = fault == Fault::Interrupted || fault == Fault::Short;
+        const QString name = outcome.calls.value(call - 1);
+        QVERIFY2(isReported != isHarmless, qPrintable(name));
+        verifyBetween(outcome.contents, before, sound.contents);
+        const std::unique_ptr<FolderStore> store = storeAt(path);
+        if (!isReported) {
+            QCOMPARE(outcome.contents, sound.contents);
+            verifySame(profile, *store);
+        }
+        // An error may keep an unfinished file from being removed.
+        QVERIFY(fault == Fault::Error || files(path, QStringLiteral(".new-")).isEmpty());
+        if (duration == Duration::Once) {
+            verifyPermissions(path);
+        }
+        verifyNothingIsLost(profile, *store);
+        QCOMPARE(countSetAside(path), story.store == QStringLiteral("Damaged") ? 1 : 0);
+        QDir(profile).removeRecursively();
+        QDir(path).removeRecursively();
+    }
+
+    /// Breaks a record that the profile "Used" has read.
+    void damage(const QString &store) {
+        Computer used(folder(QStringLiteral("Used")));
+        orThrow(used.open());
+        const QString name = used.profile()
+                                 .value(QStringLiteral("SELECT name FROM known_transactions"))
+                                 .value()
+                                 .toString();
+        QFile record(store + u'/' + SyncStoreLayout::TransactionsFolder + u'/' + UUID() + u'/' +
+                     name);
+        QVERIFY(record.resize(record.size() / 2));
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        const QString sound = pathOfStore(QStringLiteral("Sound"));
+        for (const QString &store : {sound, pathOfStore(QStringLiteral("Empty"))}) {
+            for (const QString &name :
+                 {SyncStoreLayout::DatabasesFolder, SyncStoreLayout::TransactionsFolder}) {
+                QVERIFY(QDir().mkpath(store + u'/' + name));
+            }
+        }
+        writeProfiles(*storeAt(sound));
+        copyStore(sound, pathOfStore(QStringLiteral("Damaged")));
+        damage(pathOfStore(QStringLiteral("Damaged")));
+    }
+
+    void everySystemCallCanFail() {
+        QSet<QString> names;
+        for (const Story &story : stories()) {
+            const QString profile = newFolder();
+            const Outcome sound =
+                tell(story, profile, profile + u'.' + SyncStoreLayout::Extension, Fault::Error,
+                     std::numeric_limits<qint64>::max(), Duration::Once);
+            names.unite(QSet(sound.calls.begin(), sound.calls.end()));
+        }
+        QStringList sorted = names.values();
+        sorted.sort();
+        QCOMPARE(sorted.join(u' '),
+                 QStringLiteral("fchmod fdatasync fdopendir fstat fstatat fsync mkdirat open openat"
+                                " read readdir renameat2 unlinkat write"));
+    }
+
+    void losesNothing_data() {
+        QTest::addColumn<QString>("story");
+        QTest::addColumn<Fault>("fault");
+        QTest::addColumn<Duration>("duration");
+        const QStringList names = stories().keys();
+        for (const QString &name : names) {
+            const QByteArray text = name.toUtf8();
+            const auto add = [&](const char *failure, Fault fault, Duration duration) {
+                QTest::addRow("%s, %s", text.constData(), failure) << name << fault << duration;
+            };
+            add("one error", Fault::Error, Duration::Once);
+            add("errors", Fault::Error, Duration::FromThenOn);
+            add("full for a moment", Fault::Full, Duration::Once);
+            add("full", Fault::Full, Duration::FromThenOn);
+            add("one interruption", Fault::Interrupted, Duration::Once);
+            add("one short count", Fault::Short, Duration::Once);
+            add("short counts", Fault::Short, Duration::FromThenOn);
+        }
+    }
+    void losesNothing() {
+        QFETCH(QString, story);
+        QFETCH(Fault, fault);
+        QFETCH(Duration, duration);
+        const Story told = stories().value(story);
+        const Contents before = contentsAt(folder(told.profile));
+        const QString first = newFolder();
+        const Outcome sound = tell(told, first, first + u'.' + SyncStoreLayout::Extension, fault,
+                                   std::numeric_limits<qint64>::max(), Duration::Once);
+        QCOMPARE(description(sound.result), QString());
+        forCalls(sound.calls.size(), 4,
+                 [&](qint64 call) { verifyFailure(told, fault, call, duration, before, sound); });
+    }
+};
+
+VELMORA_TEST(FailingVolumeTest)
+#include "FailingVolumeTest.moc"
