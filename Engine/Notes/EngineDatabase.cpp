@@ -1,10 +1,28 @@
 #include "Engine/Notes/EngineDatabase.h"
 
+#include <QtCore/QElapsedTimer>
+
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Platform/KeyValue/KeyValue.h"
 
+namespace {
+
+/// Receivers of `notesChanged` that take longer get a pause, in milliseconds.
+constexpr qint64 ShortAnnouncement = 50;
+/// The pause is this many times as long as what they took.
+constexpr int PauseFactor = 4;
+
+}  // namespace
+
 EngineDatabase::EngineDatabase(const ProfileDatabase &profile, const Row &row)
-    : m_profile(profile), m_log(profile, row.id, row.lastOperationAtOpening), m_row(row) {}
+    : m_profile(profile), m_log(profile, row.id, row.lastOperationAtOpening), m_row(row) {
+    m_pause.setSingleShot(true);
+    connect(&m_pause, &QTimer::timeout, this, [this] {
+        if (m_isAnnouncementDue) {
+            announceNotes();
+        }
+    });
+}
 
 Expected<QList<Note>> EngineDatabase::notes() const {
     return m_log.notes();
@@ -67,12 +85,30 @@ Expected<void> EngineDatabase::merge(const Merge &merge,
         !written) {
         return written;
     }
-    Q_EMIT notesChanged();
+    announceMerge();
     if (name != m_row.name) {
         m_row.name = name;
         KeyValue::announce<&QVDatabase::nameChanged>(this);
     }
     return {};
+}
+
+void EngineDatabase::announceMerge() {
+    if (m_pause.isActive()) {
+        m_isAnnouncementDue = true;
+    } else {
+        announceNotes();
+    }
+}
+
+void EngineDatabase::announceNotes() {
+    m_isAnnouncementDue = false;
+    QElapsedTimer elapsed;
+    elapsed.start();
+    Q_EMIT notesChanged();
+    if (elapsed.hasExpired(ShortAnnouncement)) {
+        m_pause.start(std::chrono::milliseconds(PauseFactor * elapsed.elapsed()));
+    }
 }
 
 Expected<QString> EngineDatabase::mergeLog(const Merge &merge) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QTimer>
 #include <functional>
 
 #include "Engine/Notes/NoteLog.h"
@@ -56,7 +57,9 @@ public:
     /// Opens or closes the database and emits `openChanged`. Called by the library only.
     Expected<void> setOpen(bool isOpen);
     /// Merges `merge` and calls `changes`, in one transaction of the profile, then emits
-    /// `notesChanged`, and `nameChanged` if the name is another one. An error has no effect.
+    /// `notesChanged`, and `nameChanged` if the name is another one. An error has no effect. If the
+    /// receivers take long, some merges share one later `notesChanged`, so that a merge in many
+    /// steps takes linear time.
     Expected<void> merge(const Merge &merge, const std::function<Expected<void>()> &changes);
 
 private:
@@ -68,7 +71,14 @@ private:
     /// Writes within a transaction, and removes from the history what exceeds its limits.
     Expected<void> write(const std::function<Expected<void>()> &changes) const;
 
+    /// Emits `notesChanged` now or, after another one that took long, later.
+    void announceMerge();
+    void announceNotes();
+
     const ProfileDatabase &m_profile;
     const NoteLog m_log;
     Row m_row;
+    /// Runs while a `notesChanged` is put off, or must be.
+    QTimer m_pause;
+    bool m_isAnnouncementDue = false;
 };
