@@ -10,7 +10,8 @@ class ProfileDatabase;
 
 /// Determines which notes of a database disappear if transactions are merged, whatever their order.
 /// A note disappears if all its current operations are superseded and none of the transactions has
-/// a current one. Must be used on the main thread; blocks for the profile.
+/// a current one. Must be used on the main thread or on one with a ProfileReader; blocks for the
+/// profile.
 class RemovalForecast {
 public:
     /// A note that disappears, with a title for the user.

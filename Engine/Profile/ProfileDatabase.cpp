@@ -9,6 +9,7 @@
 #include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfilePermissions.h"
+#include "Engine/Profile/ProfileReader.h"
 #include "Engine/Profile/ProfileRecovery.h"
 #include "Host/SyncStrings.h"
 
@@ -269,7 +270,8 @@ void ProfileDatabase::closeFile() {
 }
 
 Expected<QSqlQuery> ProfileDatabase::prepare(const QString &statement) const {
-    QSqlQuery query(m_database);
+    const ProfileReader *reader = ProfileReader::current(*this);
+    QSqlQuery query = reader ? reader->query() : QSqlQuery(m_database);
     query.setForwardOnly(true);
     if (!query.prepare(statement)) {
         return failure(queryError(query));
@@ -298,10 +300,17 @@ Expected<void> ProfileDatabase::read(const QString &statement, const QVariantLis
 
 Expected<void> ProfileDatabase::read(QSqlQuery &query, const QVariantList &values,
                                      const RowVisitor &visit) const {
+    const ProfileReader *reader = ProfileReader::current(*this);
+    if (reader && reader->isCancelled()) {
+        return failure(operationCancelled());
+    }
     if (Expected<void> executed = run(query, values); !executed) {
         return executed;
     }
     while (query.next()) {
+        if (reader && reader->isCancelled()) {
+            return failure(operationCancelled());
+        }
         visit(query);
     }
     // The end of the result and an error in the middle of it differ in this only.
@@ -309,7 +318,8 @@ Expected<void> ProfileDatabase::read(QSqlQuery &query, const QVariantList &value
         return failure(queryError(query));
     }
     query.finish();
-    return {};
+    // The reader has opened what the path names now.
+    return reader ? checkFiles() : Expected<void>();
 }
 
 Expected<QVariant> ProfileDatabase::value(const QString &statement,

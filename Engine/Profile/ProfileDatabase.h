@@ -13,11 +13,11 @@
 
 /// The SQLite 3 database "profile.sqlite", which holds everything that a profile stores.
 ///
-/// Must be used on the main thread. Every call blocks until SQLite has finished, and waits up to
-/// one second for a lock that another process holds. All functions that access the database return
-/// an error of the code ProfileNotWritten if SQLite reports one at any point, also in the middle of
-/// a result; a failed read never looks like an empty result. Before `open` has succeeded they
-/// return an error.
+/// Must be used on the main thread, except that functions that read can be called on a thread with
+/// a ProfileReader. Every call blocks until SQLite has finished, and waits up to one second for a
+/// lock that another process holds. All functions that access the database return an error of the
+/// code ProfileNotWritten if SQLite reports one at any point, also in the middle of a result; a
+/// failed read never looks like an empty result. Before `open` has succeeded they return an error.
 ///
 /// The database uses a write-ahead log and synchronizes it at each commit, so that a committed
 /// change is durable: it survives the end of the process at any moment, and a power failure if the

@@ -14,8 +14,10 @@ constexpr qint64 SmallSize = Transaction::UsualSize / 16;
 
 Expected<void> CleanSession::accessStore(BlobStore &store, const EngineFuture &future) {
     switch (m_step) {
-        case Step::Choosing:
+        case Step::Starting:
             return {};
+        case Step::Choosing:
+            return readProfile([this] { return chooseTransactions(); });
         case Step::Writing:
             return writeTransaction(store, future);
         case Step::Removing:
@@ -26,8 +28,15 @@ Expected<void> CleanSession::accessStore(BlobStore &store, const EngineFuture &f
 
 Expected<void> CleanSession::accessProfile() {
     switch (m_step) {
+        case Step::Starting:
+            rememberDatabase();
+            m_step = Step::Choosing;
+            return {};
         case Step::Choosing:
-            return chooseTransactions();
+            return forgetTransactions(m_incomplete)
+                .and_then(
+                    [this] { return profile().write([this] { return log().markAllSent(); }); })
+                .and_then([this] { return continueWriting(); });
         case Step::Writing:
             return recordWrittenTransaction().and_then([this] { return continueWriting(); });
         case Step::Removing:
@@ -56,7 +65,7 @@ Expected<void> CleanSession::chooseTransactions() {
     for (const KnownTransactions::Contents &contents : *all) {
         unwritten.subtract(QSet(contents.operations.begin(), contents.operations.end()));
     }
-    const QStringList lost = takeTransactionsWithOthers(*all, current + *superseded);
+    m_incomplete = takeTransactionsWithOthers(*all, current + *superseded);
     m_toRemove = transactionsToRewrite(*all, current);
     QSet<OperationId> chosen = m_toRemove.isEmpty() ? QSet<OperationId>() : unwritten;
     for (const QString &name : std::as_const(m_toRemove)) {
@@ -67,9 +76,7 @@ Expected<void> CleanSession::chooseTransactions() {
         m_supersededToWrite.unite(QSet(contents.superseded.begin(), contents.superseded.end()));
     }
     m_operationsToWrite = chosen.values();
-    return forgetTransactions(lost)
-        .and_then([this] { return profile().write([this] { return log().markAllSent(); }); })
-        .and_then([this] { return continueWriting(); });
+    return {};
 }
 
 QStringList CleanSession::takeTransactionsWithOthers(Transactions &all,

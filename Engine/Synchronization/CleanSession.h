@@ -23,11 +23,12 @@ public:
 
 private:
     /// The steps, in order. Writing is repeated for each new transaction.
-    enum class Step { Choosing, Writing, Removing };
+    enum class Step { Starting, Choosing, Writing, Removing };
     /// The contents of known transactions by name.
     using Transactions = QHash<QString, KnownTransactions::Contents>;
 
-    /// Determines which transactions to rewrite and remove, and what must be written before.
+    /// Determines which transactions to rewrite and remove, and what must be written before. Called
+    /// on a worker thread.
     Expected<void> chooseTransactions();
     /// Removes from `all` the transactions with an operation that is not in `operations`, and
     /// returns their names.
@@ -42,7 +43,9 @@ private:
     /// Removes the chosen transactions from the store; stops at the first error.
     Expected<void> removeTransactions(BlobStore &store, const EngineFuture &future) const;
 
-    Step m_step = Step::Choosing;
+    Step m_step = Step::Starting;
+    /// The names of the known transactions that must be read again.
+    QStringList m_incomplete;
     /// The names of the transactions to remove.
     QStringList m_toRemove;
 };

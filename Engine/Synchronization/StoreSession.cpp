@@ -4,6 +4,7 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileReader.h"
 #include "Engine/Synchronization/TransactionRecords.h"
 
 namespace {
@@ -21,12 +22,22 @@ std::shared_ptr<EngineDatabase> StoreSession::database() const {
     return m_library.synchronizedDatabase(m_subject.databaseUUID);
 }
 
-const NoteLog &StoreSession::log() const {
-    return database()->log();
+void StoreSession::abandon() {
+    m_isAbandoned = true;
+    const QMutexLocker waiting(&m_profileUse);
 }
 
-KnownTransactions StoreSession::known() const {
-    return {m_profile, m_subject.store, log().database()};
+Expected<void> StoreSession::readProfile(const std::function<Expected<void>()> &read) {
+    const QMutexLocker lock(&m_profileUse);
+    if (m_isAbandoned) {
+        return failure(operationCancelled());
+    }
+    const ProfileReader reader(m_profile, m_isAbandoned);
+    return read();
+}
+
+void StoreSession::rememberDatabase() {
+    m_databaseId = database()->log().database();
 }
 
 QString StoreSession::folder() const {

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QtCore/QMutex>
+#include <atomic>
+#include <functional>
+
 #include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Stores/BlobStore.h"
@@ -49,13 +53,19 @@ public:
     StoreSession(const StoreSession &) = delete;
     StoreSession &operator=(const StoreSession &) = delete;
 
-    /// Performs the part of the current step that reads or writes `store`. Blocks, and returns an
-    /// error of the code Cancelled soon after `future` is cancelled. An error ends the session.
+    /// Performs the part of the current step that reads or writes `store`, or that reads much of
+    /// the profile. Blocks, and returns an error of the code Cancelled soon after `future` is
+    /// cancelled. An error ends the session.
     virtual Expected<void> accessStore(BlobStore &store, const EngineFuture &future) = 0;
-    /// Performs the part of the current step that reads or writes the profile, and chooses the next
-    /// step. Must be called on the main thread. An error, such as a failed read, ends the session
-    /// before anything is written to the store or removed from it on account of it.
+    /// Performs the part of the current step that writes the profile, and chooses the next step.
+    /// Must be called on the main thread, which it blocks for a small part of a second. An error,
+    /// such as a failed read, ends the session before anything is written to the store or removed
+    /// from it on account of it.
     virtual Expected<void> accessProfile() = 0;
+    /// Ends the use of the profile by accessStore() soon, waits for that, and makes later uses fail
+    /// with an error of the code Cancelled. Must be called on the main thread before the profile is
+    /// closed, if accessStore() may still run then.
+    void abandon();
     /// Returns whether the session has completed all steps.
     bool isDone() const { return m_isDone; }
     /// Returns the problems with single records, which did not prevent the others from being read.
@@ -69,12 +79,16 @@ protected:
     const Subject &subject() const { return m_subject; }
     const ProfileDatabase &profile() const { return m_profile; }
     EngineNoteLibrary &library() const { return m_library; }
-    /// Returns null as long as the profile has no such database.
+    /// Returns null as long as the profile has no such database. Must be called on the main thread.
     std::shared_ptr<EngineDatabase> database() const;
-    /// The database must exist.
-    const NoteLog &log() const;
-    /// The database must exist.
-    KnownTransactions known() const;
+    /// Must be called on the main thread, when the database exists, before log() and known().
+    void rememberDatabase();
+    /// Return the operations of the database and its transactions in the store. On a worker thread
+    /// they can be used in readProfile() only.
+    NoteLog log() const { return {m_profile, m_databaseId}; }
+    KnownTransactions known() const { return {m_profile, m_subject.store, m_databaseId}; }
+    /// Calls `read`, which can read the profile on the current worker thread, with one state of it.
+    Expected<void> readProfile(const std::function<Expected<void>()> &read);
     /// Removes the transactions from the known ones. Must be called on the main thread.
     Expected<void> forgetTransactions(const QStringList &names);
 
@@ -104,6 +118,8 @@ private:
     const ProfileDatabase &m_profile;
     EngineNoteLibrary &m_library;
     const Subject m_subject;
+    /// The id of the database's row.
+    qint64 m_databaseId = 0;
     QList<Error> m_problems;
     std::optional<Removal> m_undecidedRemoval;
     /// The prepared transaction and, once it is written, its name and its size in bytes.
@@ -111,5 +127,8 @@ private:
     QString m_transactionName;
     qint64 m_writtenSize = 0;
     bool m_hasFailedToWriteAll = false;
+    std::atomic_bool m_isAbandoned = false;
+    /// Locked while a worker thread reads the profile.
+    QMutex m_profileUse;
     bool m_isDone = false;
 };

@@ -27,6 +27,9 @@ void SyncJob::start(WorkerThreads &threads, std::function<void()> handler) {
 void SyncJob::abandon() {
     m_handler = nullptr;
     cancel();
+    for (const std::unique_ptr<StoreSession> &session : m_sessions) {
+        session->abandon();
+    }
 }
 
 QList<Error> SyncJob::problems() const {

@@ -16,6 +16,12 @@ namespace {
 
 /// Number of bytes after which the records that were read are merged before more are read.
 constexpr qsizetype ReadAtOnce = 4LL << 20;
+/// Approximate number of rows that one step on the main thread merges.
+constexpr qsizetype RowsMergedAtOnce = 2000;
+/// Number of rows that take as long as it takes to record that a record is known.
+constexpr qsizetype RowsOfRecord = 10;
+/// Number of characters that take as long as another row.
+constexpr qsizetype CharactersInRow = 200;
 /// Size of the records whose transactions are kept in memory until all are compared, in bytes.
 constexpr qint64 KeptUntilCompared = 16LL << 20;
 /// A removal of more notes than this must be decided by the user if it is more than half of them.
@@ -46,10 +52,14 @@ Expected<void> SyncSession::accessStore(BlobStore &store, const EngineFuture &fu
     switch (m_step) {
         case Step::Listing:
             return readDatabaseRecord(store, future).and_then([&] { return list(store, future); });
+        case Step::Comparing:
+            return readProfile([this] { return compareListing(); });
         case Step::Reading:
             return readTransactions(store, future);
         case Step::Verifying:
             return verifyTransactions(store, future);
+        case Step::Collecting:
+            return readProfile([this] { return collectUnwritten(); });
         case Step::Writing:
             return writeTransaction(store, future);
         case Step::Naming:
@@ -61,11 +71,18 @@ Expected<void> SyncSession::accessStore(BlobStore &store, const EngineFuture &fu
 Expected<void> SyncSession::accessProfile() {
     switch (m_step) {
         case Step::Listing:
-            return compareListing();
+            m_step = Step::Comparing;
+            return importDatabase().map([this] { rememberDatabase(); });
+        case Step::Comparing:
+            m_step = Step::Reading;
+            return forgetTransactions(m_gone).and_then([this] { return continueReading(); });
         case Step::Reading:
             return continueReading();
         case Step::Verifying:
-            return recordVerification().and_then([this] { return prepareWriting(); });
+            m_step = Step::Collecting;
+            return recordVerification();
+        case Step::Collecting:
+            return prepareWriting();
         case Step::Writing:
             return recordWrittenTransaction().and_then([this] { return continueWriting(); });
         case Step::Naming:
@@ -129,14 +146,14 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
     const TransactionRecords records(store, subject().databaseUUID, future);
     m_readSize = 0;
     if (m_pass == Pass::Merging && !m_read.isEmpty()) {
-        return {};
+        return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
     }
     while (!m_unread.isEmpty() && m_readSize < ReadAtOnce) {
         if (Expected<void> read = readTransaction(records, m_unread.takeFirst()); !read) {
             return read;
         }
     }
-    return {};
+    return m_pass == Pass::Comparing ? compareTransactions() : Expected<void>();
 }
 
 Expected<void> SyncSession::readTransaction(const TransactionRecords &records,
@@ -239,30 +256,23 @@ Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store,
 }
 
 Expected<void> SyncSession::compareListing() {
-    if (Expected<void> imported = importDatabase(); !imported) {
-        return imported;
-    }
     const Expected<QHash<QString, KnownTransactions::Contents>> all = known().all();
     if (!all) {
         return failure(all.error());
     }
     const QSet<QString> listed(m_unread.begin(), m_unread.end());
-    QStringList gone;
     for (auto each = all->keyBegin(); each != all->keyEnd(); ++each) {
         if (!listed.contains(*each)) {
-            gone.append(*each);
+            m_gone.append(*each);
         }
     }
     m_unread.removeIf([&](const QString &name) { return all->contains(name); });
-    m_step = Step::Reading;
     const Expected<qint64> count = log().countOfNotes();
     if (!count) {
         return failure(count.error());
     }
     m_pass = *count > FewNotes ? Pass::Comparing : Pass::Merging;
-    return forgetTransactions(gone)
-        .and_then([&] { return chooseSuspects(*all, listed); })
-        .and_then([this] { return continueReading(); });
+    return chooseSuspects(*all, listed);
 }
 
 Expected<void> SyncSession::chooseSuspects(const QHash<QString, KnownTransactions::Contents> &known,
@@ -290,56 +300,7 @@ Expected<void> SyncSession::chooseSuspects(const QHash<QString, KnownTransaction
     return {};
 }
 
-Expected<void> SyncSession::recordVerification() {
-    const Expected<QString> last = known().lastVerified();
-    if (!last) {
-        return failure(last.error());
-    }
-    if (m_lost.isEmpty() && *last == m_lastVerified) {
-        return {};
-    }
-    return profile().write([this] {
-        return known().remove(m_lost).and_then(
-            [this] { return known().setLastVerified(m_lastVerified); });
-    });
-}
-
-Expected<void> SyncSession::importDatabase() {
-    if (database()) {
-        return {};
-    }
-    if (m_record == Record::Absent && m_unread.isEmpty()) {
-        return failure(
-            engineError(EngineErrorCode::InvalidDatabase,
-                        "The database “%1” exists neither on this computer nor at the location.",
-                        subject().databaseName));
-    }
-    const QString name = m_recordedName.isEmpty() ? subject().databaseName : m_recordedName;
-    return library().importDatabase(subject().databaseUUID, name);
-}
-
-Expected<void> SyncSession::continueReading() {
-    if (m_pass == Pass::Comparing) {
-        compareTransactions();
-        if (!m_unread.isEmpty()) {
-            return {};
-        }
-        if (Expected<void> checked = checkRemoval(); !checked) {
-            return checked;
-        }
-        m_pass = Pass::Merging;
-        m_unread = m_released.keys();
-    }
-    return mergeTransactions().and_then([this]() -> Expected<void> {
-        if (!m_unread.isEmpty() || !m_read.isEmpty()) {
-            return {};
-        }
-        m_step = Step::Verifying;
-        return m_suspects.isEmpty() && m_damaged.isEmpty() ? prepareWriting() : Expected<void>();
-    });
-}
-
-void SyncSession::compareTransactions() {
+Expected<void> SyncSession::compareTransactions() {
     qint64 size = 0;
     for (const Read &each : std::as_const(m_read)) {
         size += each.size;
@@ -354,6 +315,13 @@ void SyncSession::compareTransactions() {
         m_read.clear();
         m_compared = 0;
     }
+    if (!m_unread.isEmpty()) {
+        return {};
+    }
+    return readProfile([this] { return checkRemoval(); }).map([this] {
+        m_pass = Pass::Merging;
+        m_unread = m_released.keys();
+    });
 }
 
 Expected<void> SyncSession::checkRemoval() {
@@ -392,18 +360,80 @@ Expected<void> SyncSession::checkRemoval() {
     return {};
 }
 
+Expected<void> SyncSession::recordVerification() {
+    const Expected<QString> last = known().lastVerified();
+    if (!last) {
+        return failure(last.error());
+    }
+    if (m_lost.isEmpty() && *last == m_lastVerified) {
+        return {};
+    }
+    return profile().write([this] {
+        return known().remove(m_lost).and_then(
+            [this] { return known().setLastVerified(m_lastVerified); });
+    });
+}
+
+Expected<void> SyncSession::importDatabase() {
+    if (database()) {
+        return {};
+    }
+    if (m_record == Record::Absent && m_unread.isEmpty()) {
+        return failure(
+            engineError(EngineErrorCode::InvalidDatabase,
+                        "The database “%1” exists neither on this computer nor at the location.",
+                        subject().databaseName));
+    }
+    const QString name = m_recordedName.isEmpty() ? subject().databaseName : m_recordedName;
+    return library().importDatabase(subject().databaseUUID, name);
+}
+
+Expected<void> SyncSession::continueReading() {
+    if (m_pass == Pass::Comparing) {
+        return {};
+    }
+    return mergeTransactions().and_then([this]() -> Expected<void> {
+        if (m_unread.isEmpty() && m_read.isEmpty()) {
+            const bool areAllSound = m_suspects.isEmpty() && m_damaged.isEmpty();
+            m_step = areAllSound ? Step::Collecting : Step::Verifying;
+        }
+        return {};
+    });
+}
+
+void SyncSession::Read::takePart(Transaction &part, qsizetype &room) {
+    room -= RowsOfRecord;
+    while (mergedOperations < transaction.operations.size() && room > 0) {
+        part.operations.append(transaction.operations[mergedOperations++]);
+        const Operation &operation = part.operations.last();
+        room -= 1 + operation.supersedes.size() +
+                (operation.title.size() + operation.text.size()) / CharactersInRow;
+    }
+    const qsizetype count =
+        qMin(qMax(room, qsizetype(0)), transaction.superseded.size() - mergedSuperseded);
+    part.superseded.append(transaction.superseded.mid(mergedSuperseded, count));
+    mergedSuperseded += count;
+    room -= count;
+}
+
 Expected<void> SyncSession::mergeTransactions() {
     if (m_read.isEmpty()) {
         return {};
     }
-    QList<Read> read;
-    Merge merge{{}, subject().place, std::exchange(m_notesToKeep, {}), m_forecast.superseded()};
-    for (qint64 size = 0; !m_read.isEmpty() && size < ReadAtOnce; size += read.last().size) {
-        read.append(m_read.takeFirst());
-        merge.transactions.append(read.last().transaction);
+    Merge merge{{Transaction()},
+                subject().place,
+                std::exchange(m_notesToKeep, {}),
+                m_forecast.superseded()};
+    QList<Read> complete;
+    qsizetype room = RowsMergedAtOnce;
+    while (!m_read.isEmpty() && room > 0) {
+        m_read.first().takePart(merge.transactions.first(), room);
+        if (m_read.first().isMerged()) {
+            complete.append(m_read.takeFirst());
+        }
     }
     return library().merge(database(), merge, [&]() -> Expected<void> {
-        for (const Read &each : read) {
+        for (const Read &each : complete) {
             if (Expected<void> added = known().add(each.name, each.transaction, each.size);
                 !added) {
                 return added;
@@ -414,13 +444,10 @@ Expected<void> SyncSession::mergeTransactions() {
 }
 
 Expected<void> SyncSession::prepareWriting() {
-    return collectUnwritten()
-        .and_then([this] {
-            return m_operationsToWrite.isEmpty()
-                       ? Expected<void>()
-                       : profile().write([this] { return log().markAllSent(); });
-        })
-        .and_then([this] { return continueWriting(); });
+    const Expected<void> marked = m_operationsToWrite.isEmpty()
+                                      ? Expected<void>()
+                                      : profile().write([this] { return log().markAllSent(); });
+    return marked.and_then([this] { return continueWriting(); });
 }
 
 Expected<void> SyncSession::collectUnwritten() {

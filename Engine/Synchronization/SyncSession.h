@@ -52,14 +52,25 @@ public:
 
 private:
     /// The steps, in order. Reading and Writing are repeated until everything is read or written.
-    enum class Step { Listing, Reading, Verifying, Writing, Naming };
-    /// A transaction that was read and not merged yet.
+    enum class Step { Listing, Comparing, Reading, Verifying, Collecting, Writing, Naming };
+    /// A transaction that was read and not completely merged yet.
     struct Read {
         QString name;
         Transaction transaction;
         /// Size of its record in bytes.
         qint64 size = 0;
         QByteArray digest;
+        /// The numbers of operations and of superseded identifiers that were merged.
+        qsizetype mergedOperations = 0;
+        qsizetype mergedSuperseded = 0;
+
+        bool isMerged() const {
+            return mergedOperations == transaction.operations.size() &&
+                   mergedSuperseded == transaction.superseded.size();
+        }
+        /// Appends the next part to `part` and marks it as merged. Subtracts its approximate number
+        /// of rows from `room`, which bounds it.
+        void takePart(Transaction &part, qsizetype &room);
     };
     /// A record to verify. `written` is empty if the profile has never read it.
     struct Suspect {
@@ -84,26 +95,29 @@ private:
     void setAside(const TransactionRecords &records, const Suspect &damaged);
     Expected<void> writeDatabaseRecord(BlobStore &store, const EngineFuture &future) const;
 
-    /// Parts that access the profile, called on the main thread.
+    /// Parts that only read the profile, called on a worker thread.
     Expected<void> compareListing();
     /// Chooses which of the `known` records that are `listed` to verify.
     Expected<void> chooseSuspects(const QHash<QString, KnownTransactions::Contents> &known,
                                   const QSet<QString> &listed);
+    /// Adds what was read to the forecast. Releases the transactions if they take too much memory;
+    /// their records are read again. When all are compared, checks what they remove and proceeds to
+    /// merging.
+    Expected<void> compareTransactions();
+    /// Returns an error if the user must decide about notes that disappear.
+    Expected<void> checkRemoval();
+    Expected<void> collectUnwritten();
+
+    /// Parts that write the profile, called on the main thread.
     /// Forgets the records that are not what was written, and records where the next session
     /// continues.
     Expected<void> recordVerification();
     Expected<void> importDatabase();
-    /// Merges the first of the transactions that were read.
+    /// Merges a part of what was read. A record counts as known when all of it is merged.
     Expected<void> mergeTransactions();
-    /// Compares or merges what was read, and proceeds to writing if everything was merged.
+    /// Merges once everything is compared, and proceeds if everything was merged.
     Expected<void> continueReading();
-    /// Adds what was read to the forecast. Releases the transactions if they take too much memory;
-    /// their records are read again.
-    void compareTransactions();
-    /// Returns an error if the user must decide about notes that disappear.
-    Expected<void> checkRemoval();
     Expected<void> prepareWriting();
-    Expected<void> collectUnwritten();
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
 
@@ -120,7 +134,9 @@ private:
     QStringList m_notesToKeep;
     /// The names of the transactions that remain to be read.
     QStringList m_unread;
-    /// The transactions read since the last merge, and their total size in bytes.
+    /// The known transactions that the store no longer has.
+    QStringList m_gone;
+    /// The transactions that were read and not merged, and the size in bytes of those read at once.
     QList<Read> m_read;
     qsizetype m_readSize = 0;
     /// The known records to verify, and all that turned out to be damaged.

@@ -41,6 +41,7 @@ Expected<void> VerificationSession::accessProfile() {
             subject().databaseName));
         return {};
     }
+    rememberDatabase();
     Expected<QHash<QString, KnownTransactions::Contents>> all = known().all();
     if (!all) {
         return failure(all.error());

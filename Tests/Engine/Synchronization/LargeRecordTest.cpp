@@ -1,0 +1,231 @@
+#include <ctime>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/Transaction.h"
+#include "Engine/Notes/TransactionName.h"
+#include "Engine/Synchronization/SyncSession.h"
+#include "Host/InboxUUID.h"
+#include "Support/MemoryStore.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+constexpr int Identifiers = 50'000;
+constexpr int SmallRecords = 1000;
+/// So many notes that a removal of them is foreseen.
+constexpr int NotesToAsk = 11;
+/// What a step may write in rows; a merge in one step writes many times as many.
+constexpr qint64 MostRows = 5000;
+
+/// Counts the rows that the main thread writes to a profile for one block of the main queue. Must
+/// be used on the main thread.
+class RowsPerBlock : public QObject {
+public:
+    explicit RowsPerBlock(const ProfileDatabase &profile)
+        : m_profile(profile), m_written(written()) {
+        qApp->installEventFilter(this);
+    }
+
+    /// Returns the most rows so far.
+    qint64 most() {
+        note();
+        return m_most;
+    }
+
+    int blocks() const { return m_blocks; }
+
+    bool eventFilter(QObject * /*receiver*/, QEvent *event) override {
+        // Each block is an event of this type.
+        if (event->type() == QEvent::User) {
+            ++m_blocks;
+            note();
+        }
+        return false;
+    }
+
+private:
+    qint64 written() const {
+        return m_profile.value(QStringLiteral("SELECT total_changes()")).value().toLongLong();
+    }
+    void note() {
+        const qint64 now = written();
+        m_most = std::max(m_most, now - std::exchange(m_written, now));
+    }
+
+    const ProfileDatabase &m_profile;
+    qint64 m_written;
+    qint64 m_most = 0;
+    int m_blocks = 0;
+};
+
+/// Returns the time that the processor has spent on the current thread or on the whole process.
+std::chrono::nanoseconds processorTime(clockid_t clock) {
+    timespec time{};
+    clock_gettime(clock, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+}  // namespace
+
+/// Valid records of any size and number are merged in short steps, between which the main thread
+/// returns to its event loop.
+class LargeRecordTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestHost> m_host;
+    std::shared_ptr<QVSyncState> m_state;
+
+    void write(const Transaction &transaction) const {
+        const QByteArray record = transaction.encoded();
+        const QString folder =
+            m_state->destination()->URL().path() + QStringLiteral("/transactions/@inbox/");
+        QVERIFY(QDir().mkpath(folder));
+        QFile file(folder + TransactionName::of(record));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(record), record.size());
+    }
+    static OperationId identifier(int number) {
+        return QByteArray::number(number).rightJustified(Operation::IdentifierSize, 'x');
+    }
+    void writeLargeRecord() const {
+        Transaction transaction;
+        for (int i = 0; i < Identifiers; ++i) {
+            transaction.superseded.append(identifier(i));
+        }
+        write(transaction);
+    }
+
+    void synchronize() const {
+        bool isDone = false;
+        m_host->engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+            {m_state}, [&] { isDone = true; });
+        QTRY_VERIFY_WITH_TIMEOUT(isDone, 100'000);
+    }
+    int count(const char *table) const {
+        return m_host->engine()
+            .profile()
+            .value(QStringLiteral("SELECT count(*) FROM %1").arg(QLatin1StringView(table)))
+            .value()
+            .toInt();
+    }
+    QString lastEntry() const { return m_host->application().logEntries().last().info; }
+
+private Q_SLOTS:
+    void init() {
+        m_host = std::make_unique<TestHost>();
+        const auto location = m_host->addLocation();
+        m_state = m_host->addState(location, m_host->inbox());
+        m_state->setEnabled(true);
+        m_host->save();
+    }
+    void cleanup() {
+        m_state.reset();
+        m_host.reset();
+    }
+
+    void aLargeRecordIsMergedInShortSteps() {
+        writeLargeRecord();
+        RowsPerBlock rows(m_host->engine().profile());
+        synchronize();
+        QCOMPARE_LE(rows.most(), MostRows);
+        QCOMPARE(count("superseded"), Identifiers);
+        QCOMPARE(count("known_transactions"), 1);
+    }
+
+    void aKnownLargeRecordIsComparedOffTheMainThread() {
+        writeLargeRecord();
+        synchronize();
+        const auto ofThread = processorTime(CLOCK_THREAD_CPUTIME_ID);
+        const auto ofProcess = processorTime(CLOCK_PROCESS_CPUTIME_ID);
+        synchronize();
+        const auto threadTime = processorTime(CLOCK_THREAD_CPUTIME_ID) - ofThread;
+        const auto processTime = processorTime(CLOCK_PROCESS_CPUTIME_ID) - ofProcess;
+        QCOMPARE_LT(threadTime.count() * 2, processTime.count());
+        QCOMPARE(count("known_transactions"), 1);
+    }
+
+    void aLargeRecordIsMergedInShortStepsAfterAForecast() {
+        for (int i = 0; i < NotesToAsk; ++i) {
+            Note note{.UUID = QUuid::createUuid().toString(QUuid::WithoutBraces)};
+            QVERIFY(m_host->inbox()->saveNote(note));
+        }
+        writeLargeRecord();
+        RowsPerBlock rows(m_host->engine().profile());
+        synchronize();
+        QCOMPARE_LE(rows.most(), MostRows);
+        QCOMPARE(count("superseded"), Identifiers);
+        QCOMPARE(count("operations"), NotesToAsk);
+    }
+
+    void aProfileCanBeClosedDuringEachStep() {
+        writeLargeRecord();
+        synchronize();
+        for (int blocks = 0; blocks < 7; ++blocks) {
+            {
+                const RowsPerBlock rows(m_host->engine().profile());
+                m_host->engine()
+                    .plugin()
+                    .dispatcher()
+                    ->performSynchronizationsWithSynchronizationStates({m_state});
+                QTRY_COMPARE_GE(rows.blocks(), blocks);
+            }
+            m_state.reset();
+            m_host->restart();
+            m_state = m_host->locations().syncLocations().last()->synchronizationStates().first();
+        }
+        synchronize();
+        QCOMPARE(count("superseded"), Identifiers);
+        QCOMPARE(count("known_transactions"), 1);
+    }
+
+    void anAbandonedSessionDoesNotReadTheProfile() {
+        SyncSession session(m_host->engine().profile(), m_host->library(),
+                            {InboxUUID, m_host->inbox()->name(), QStringLiteral("Store")});
+        MemoryStore::Blobs blobs;
+        MemoryStore store(blobs, [] { return MemoryStore::Fault::None; });
+        const EngineFuture future;
+        QVERIFY(session.accessStore(store, future));
+        QVERIFY(session.accessProfile());
+        session.abandon();
+        const Expected<void> compared = session.accessStore(store, future);
+        QVERIFY(!compared);
+        QVERIFY(isEngineError(compared.error(), EngineErrorCode::Cancelled));
+    }
+
+    void manySmallRecordsAreMergedInShortSteps() {
+        for (int i = 0; i < SmallRecords; ++i) {
+            write({{Operation::make(QUuid::createUuid().toString(QUuid::WithoutBraces),
+                                    QStringLiteral("Title"), QStringLiteral("Text"), 0, {})},
+                   {identifier(i)}});
+        }
+        RowsPerBlock rows(m_host->engine().profile());
+        synchronize();
+        QCOMPARE_LE(rows.most(), MostRows);
+        QCOMPARE(count("operations"), SmallRecords);
+        QCOMPARE(count("superseded"), SmallRecords);
+        QCOMPARE(count("known_transactions"), SmallRecords);
+    }
+
+    void aStepThatFailsIsReportedAndTheRecordIsReadAgain() {
+        writeLargeRecord();
+        const QMetaObject::Connection firstStep =
+            connect(m_host->inbox().get(), &NoteDatabase::notesChanged, this,
+                    [this] { m_host->makeSavesFail(); });
+        synchronize();
+        disconnect(firstStep);
+        QVERIFY2(lastEntry().contains(QStringLiteral("could not be synchronized")),
+                 qPrintable(lastEntry()));
+        QVERIFY(count("superseded") > 0);
+        QVERIFY(count("superseded") < Identifiers);
+        QCOMPARE(count("known_transactions"), 0);
+
+        m_host->letSavesPass();
+        synchronize();
+        QCOMPARE(count("superseded"), Identifiers);
+        QCOMPARE(count("known_transactions"), 1);
+    }
+};
+
+VELMORA_TEST(LargeRecordTest)
+#include "LargeRecordTest.moc"
