@@ -13,11 +13,11 @@ struct VerificationReport {
         QString name;
         Outcome outcome = Outcome::Sound;
         /// How much was verified, for the user.
-        QString extent;
+        QString extent = {};
         /// Complete sentences: what was repaired, and the problems that remain or the reason why
         /// the part could not be checked.
-        QStringList repairs;
-        QStringList problems;
+        QStringList repairs = {};
+        QStringList problems = {};
     };
 
     QList<Part> parts;
