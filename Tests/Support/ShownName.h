@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QObject>
 #include <QtCore/QStringList>
 
 /// Finds where the widgets of this process show a name.
