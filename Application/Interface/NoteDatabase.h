@@ -8,10 +8,10 @@
 
 /// One note. A value.
 struct Note {
-    QString UUID;
-    QString title;
-    QString text;
-    QDateTime modified;
+    QString UUID = {};
+    QString title = {};
+    QString text = {};
+    QDateTime modified = {};
     /// Identifies the edit that this note shows; empty for a note that was never saved.
     QString revision = {};
     bool operator==(const Note &) const = default;

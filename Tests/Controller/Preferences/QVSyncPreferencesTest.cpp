@@ -6,6 +6,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QRadioButton>
+#include <QtWidgets/QToolButton>
 
 #include "Controller/Preferences/QVSyncScheduleEditor.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"

@@ -1,6 +1,7 @@
 #include "Platform/Interface/WindowController.h"
 
 #include <QtGui/QCloseEvent>
+#include <QtWidgets/QPushButton>
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/Nib.h"
