@@ -140,7 +140,11 @@ private Q_SLOTS:
         QTRY_COMPARE(countOfRemovals(), 0);
         QCOMPARE(value(pairing).toInt(), 0);
         QVERIFY(!pairings->fingerprint(key));
-        QTRY_VERIFY(!pairings->secret(key).value());
+        const auto isForgotten = [&] {
+            const auto secret = pairings->secret(key);
+            return secret && !*secret;
+        };
+        QTRY_VERIFY(isForgotten());
         QCOMPARE(value(QStringLiteral("SELECT count(*) FROM known_transactions")).toInt(), 0);
         QCOMPARE(value(QStringLiteral("SELECT count(*) FROM trusted_certificates")).toInt(), 0);
     }
