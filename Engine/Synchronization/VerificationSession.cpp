@@ -54,7 +54,7 @@ Expected<void> VerificationSession::accessProfile() {
 Expected<void> VerificationSession::readDatabaseRecord(BlobStore &store,
                                                        const EngineFuture &future) {
     const QString file = DatabaseRecord::path(subject().databaseUUID);
-    const Expected<void> read =
+    Expected<void> read =
         store.read(file, BlobStore::RecordLimit, future)
             .and_then([&](const QByteArray &record) {
                 return DatabaseRecord::name(record, subject().databaseUUID, store.place(file));

@@ -82,7 +82,7 @@ void DropboxTokens::forget(const QString &account) {
 
 SecretBytes DropboxTokens::authorization() const {
     QByteArray value = QByteArray("Bearer ").append(access.view());
-    const SecretBytes result(value);
+    SecretBytes result(value);
     SecretBytes::wipe(value);
     return result;
 }

@@ -25,7 +25,7 @@ constexpr mode_t FilePermissions = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IRO
 /// The start of the name of a file that is being written.
 const QByteArray UnfinishedPrefix = QByteArrayLiteral(".new-");
 /// No process takes longer to write a file.
-constexpr time_t SecondsUntilLeftOver = 24 * 60 * 60;
+constexpr time_t SecondsUntilLeftOver = time_t(24) * 60 * 60;
 
 QString lastPart(const QString &name) {
     return name.section(u'/', -1);

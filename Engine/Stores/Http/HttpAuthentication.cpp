@@ -185,7 +185,7 @@ SecretBytes HttpAuthentication::basicAuthorization(const UrlCredential &credenti
     plain.append(credential.password.view());
     QByteArray encoded = plain.toBase64();
     QByteArray value = "Basic " + encoded;
-    const SecretBytes result(value);
+    SecretBytes result(value);
     for (QByteArray *bytes : {&plain, &encoded, &value}) {
         SecretBytes::wipe(*bytes);
     }
