@@ -1,5 +1,6 @@
 #include "View/QVListView.h"
 
+#include <QtCore/QScopeGuard>
 #include <QtCore/QtMath>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QAbstractScrollArea>
@@ -112,14 +113,13 @@ void QVListView::setContent(const QVariantList &content) {
 
 void QVListView::whileHidden(const std::function<void()> &change) {
     // A visible list looks for the widget under the pointer each time a row is added or removed.
-    const bool wasVisible = isVisible();
-    if (wasVisible) {
-        hide();
+    if (!isVisible()) {
+        change();
+        return;
     }
+    hide();
+    const auto showing = qScopeGuard([this] { show(); });
     change();
-    if (wasVisible) {
-        show();
-    }
 }
 
 void QVListView::makeItems(const QVariantList &objects) {
@@ -166,7 +166,8 @@ void QVListView::removeItems() {
 
 void QVListView::showViews() {
     layoutSubviews();
-    for (const Item &item : std::as_const(m_items)) {
+    const QList<Item> items = m_items;
+    for (const Item &item : items) {
         item->view()->show();
     }
 }
@@ -192,7 +193,9 @@ void QVListView::endBatch() {
         return;
     }
     whileHidden([this] {
-        for (const Item &item : std::as_const(m_items)) {
+        // Copies here and below, because what makes a view may change the content.
+        const QList<Item> items = m_items;
+        for (const Item &item : items) {
             item->view()->setParent(this);
         }
         showViews();

@@ -552,6 +552,19 @@ private Q_SLOTS:
         QCOMPARE(subviews().size(), 2);
     }
 
+    void aFailureWhileTheContentChangesLeavesTheListVisible() {
+        m_list->window()->show();
+        QVERIFY(m_list->isVisible());
+        {
+            const auto observation = KeyValue::observe(m_list, "selectionIndexes",
+                                                       [] { throw std::runtime_error("failure"); });
+            QVERIFY_THROWS_EXCEPTION(std::runtime_error, m_list->setContent(texts({"a"})));
+        }
+        QVERIFY(m_list->isVisible());
+        m_list->setContent(texts({"a", "b"}));
+        QVERIFY(subviews().at(1)->isVisible());
+    }
+
     void contentIsACopy() {
         QVariantList content = texts({"a"});
         m_list->setContent(content);
