@@ -25,6 +25,8 @@
 #include "Platform/Interface/TableViewDelegate.h"
 #include "Platform/KeyValue/ValueTransformer.h"
 #include "Support/TestMain.h"
+#include "View/QVMinimumWidthButton.h"
+#include "View/QVSelectedView.h"
 
 namespace {
 
@@ -345,6 +347,13 @@ class FormsTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { registerSyncPreferencesInterface(); }
+
+    void theRowButtonAndTheScheduleLineAreViewsOfThePane() {
+        const std::unique_ptr<QWidget> row(Nib::makeForm(QStringLiteral("QVDatabaseItem")));
+        QVERIFY(row->findChild<QVMinimumWidthButton *>(QStringLiteral("rowSyncButton")));
+        const std::unique_ptr<QWidget> pane(Nib::makeForm(QStringLiteral("Sync Preferences")));
+        QVERIFY(pane->findChild<QVSelectedView *>(QStringLiteral("scheduleSelectionLine")));
+    }
 
     void everyNameInAFormIsKnown_data() {
         QTest::addColumn<QString>("name");

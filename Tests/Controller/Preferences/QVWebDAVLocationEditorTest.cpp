@@ -281,6 +281,12 @@ private Q_SLOTS:
         QVERIFY(m_editor->acceptButton()->isEnabled());
     }
 
+    void anIPv6AddressIsShownWithoutBrackets() {
+        open(QStringLiteral("http://[fe80::1]:8080/S.qvSyncStore"));
+        QCOMPARE(m_editor->serverField()->text(), QStringLiteral("fe80::1"));
+        QCOMPARE(m_editor->portField()->text(), QStringLiteral("8080"));
+    }
+
     void escapesAreShownDecodedAndDefaultPortsNotAtAll() {
         open(QStringLiteral("https://h:443/my%20folder/My%20Store.qvSyncStore"));
         QVERIFY(m_editor->HTTPSCheckbox()->isChecked());
