@@ -56,7 +56,7 @@ void ScriptedServer::Connection::waitUntilClosed() {
     }
 }
 
-void ScriptedServer::Connection::dribble(const QByteArray &bytes) {
+void ScriptedServer::Connection::sendSlowly(const QByteArray &bytes) {
     for (qsizetype i = 0; i < bytes.size() && isOpen(); ++i) {
         send(bytes.mid(i, 1));
         m_socket.waitForReadyRead(LookInterval);

@@ -25,7 +25,7 @@ public:
         void waitUntilClosed();
         /// Sends `bytes` one after the other, with pauses, until the client closes or the test
         /// ends.
-        void dribble(const QByteArray &bytes);
+        void sendSlowly(const QByteArray &bytes);
         bool isOpen();
 
     private:

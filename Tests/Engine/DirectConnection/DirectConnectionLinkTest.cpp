@@ -9,7 +9,7 @@
 namespace {
 
 /// The number of bytes that a peer sends at a time.
-constexpr qsizetype Dribbling = 1;
+constexpr qsizetype OneByte = 1;
 constexpr qsizetype Quick = 1 << 20;
 
 QByteArray contentsMessage() {
@@ -58,7 +58,7 @@ private Q_SLOTS:
 
     void aPeerThatSendsSlowlyIsGivenUp() {
         DirectConnectionLink link;
-        connectTo(Dribbling, link);
+        connectTo(OneByte, link);
         using namespace std::chrono_literals;
         QElapsedTimer time;
         time.start();

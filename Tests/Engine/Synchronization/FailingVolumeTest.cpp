@@ -70,7 +70,7 @@ private:
         return names;
     }
 
-    /// Whoever may use the package may use every folder in it.
+    /// Anyone who may use the package may use every folder in it.
     static void verifyPermissions(const QString &store) {
         QDirIterator folders(store, QDir::Dirs | QDir::NoDotAndDotDot,
                              QDirIterator::Subdirectories);

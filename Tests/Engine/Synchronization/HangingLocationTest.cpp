@@ -17,10 +17,10 @@ namespace {
 constexpr qint64 QuittingLimit = 2000;
 
 /// Sends the body of a response one byte at a time.
-void dribble(ScriptedServer::Connection &connection) {
+void respondSlowly(ScriptedServer::Connection &connection) {
     connection.readRequest();
     connection.send("HTTP/1.1 207 Multi-Status\r\nContent-Length: 100000\r\n\r\n");
-    connection.dribble(QByteArray(100'000, 'x'));
+    connection.sendSlowly(QByteArray(100'000, 'x'));
 }
 
 }  // namespace
@@ -37,7 +37,7 @@ class HangingLocationTest : public QObject {
 
     static void addKinds() {
         QTest::addColumn<QByteArray>("kind");
-        for (const char *kind : {"silent WebDAV server", "dribbling WebDAV server",
+        for (const char *kind : {"silent WebDAV server", "slow WebDAV server",
                                  "silent direct connection", "hanging volume"}) {
             QTest::newRow(kind) << QByteArray(kind);
         }
@@ -59,7 +59,7 @@ class HangingLocationTest : public QObject {
         const bool isSilent = kind == "silent WebDAV server";
         m_server = std::make_unique<ScriptedServer>(
             isSilent ? [](ScriptedServer::Connection &connection) { connection.waitUntilClosed(); }
-                     : &dribble);
+                     : &respondSlowly);
         return m_server->URLText(QStringLiteral("Shared.qvSyncStore"));
     }
     std::shared_ptr<QVSyncState> stateAt(const std::shared_ptr<QVSyncLocation> &location) {

@@ -67,7 +67,7 @@ private:
         m_blobs[QStringLiteral("transactions/@inbox/%1.json").arg(name)] = transaction.encoded();
     }
     /// Removes the first `count` notes by records of which each removes at most `each` notes, as
-    /// whoever can write to the store is able to.
+    /// anyone who can write to the store is able to.
     void attack(int count, int each = 1000000) {
         const QList<OperationId> operations = log().operationIds().value();
         for (int i = 0; i < count; i += each) {

@@ -189,7 +189,7 @@ private Q_SLOTS:
         QVERIFY(description(get(server)).contains(QStringLiteral("does not respond")));
     }
 
-    void aServerThatDribblesIsGivenUp() {
+    void aServerThatSendsSlowlyIsGivenUp() {
         const ScriptedServer server([](Connection &connection) {
             connection.readRequest();
             connection.send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n");
