@@ -289,7 +289,14 @@ private:
 class RandomLifetimesTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase() { registerSyncPreferencesInterface(); }
+    void initTestCase() {
+        registerSyncPreferencesInterface();
+        // Waiting for a disk to synchronize would take most of the time.
+        const QString inMemory = QStringLiteral("/dev/shm");
+        if (QFileInfo(inMemory).isWritable()) {
+            qputenv("TMPDIR", inMemory.toUtf8());
+        }
+    }
 
     void everyLifeEndsCleanly_data() {
         QTest::addColumn<quint32>("seed");
