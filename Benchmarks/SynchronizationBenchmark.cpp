@@ -45,9 +45,10 @@ public:
 
     void synchronize(const QString &UUID) {
         QEventLoop loop;
+        const auto state = m_location->addStateForDatabaseWithUUID(UUID, QStringLiteral("Notes"));
+        state->setEnabled(true);
         m_engine.plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
-            {m_location->addStateForDatabaseWithUUID(UUID, QStringLiteral("Notes"))},
-            [&] { loop.quit(); });
+            {state}, [&] { loop.quit(); });
         loop.exec();
     }
 

@@ -21,13 +21,13 @@ public:
     /// Removes from the store at the location of `state` what no replica of its database needs any
     /// more. `handler`, which must not be empty, is called once when that has succeeded or failed.
     /// A host may call it on any thread, because the work ends on one; so a handler must not touch
-    /// the user interface. If `state` is null or its location has been destroyed, nothing is
-    /// cleaned and `handler` is called all the same.
+    /// the user interface. If `state` is null or disabled, or its location has been destroyed,
+    /// nothing is cleaned and `handler` is called all the same.
     virtual void cleanRemoteStoreWithSynchronizationState(const std::shared_ptr<QVSyncState> &state,
                                                           std::function<void()> handler) = 0;
     /// Synchronizes the database of each state with the state's location. `states` may be empty and
-    /// contain duplicates; no entry may be null. States whose location has been destroyed, or is
-    /// not one of this host, are skipped.
+    /// contain duplicates; no entry may be null. Disabled states, and those whose location has been
+    /// destroyed or is not one of this host, are skipped.
     Q_INVOKABLE virtual void performSynchronizationsWithSynchronizationStates(
         const QVSyncStates &states) = 0;
     /// Does the same, and calls `handler` once when all these synchronizations have ended,

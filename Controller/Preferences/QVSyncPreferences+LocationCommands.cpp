@@ -104,9 +104,10 @@ void QVSyncPreferences::editSyncSelection(const Selection &selection) {
 void QVSyncPreferences::synchronizeDatabase(const StandIn &database) {
     requireParameter(database != nullptr, "database != nil",
                      "QVSyncPreferences::synchronizeDatabase", commandsSourceFile);
-    if (database->canSynchronize()) {
-        plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
-            database->synchronizationStates());
+    QVSyncStates ticked = database->synchronizationStates();
+    ticked.removeIf([](const auto &state) { return !state->isEnabled(); });
+    if (!ticked.isEmpty()) {
+        plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(ticked);
     }
 }
 

@@ -173,8 +173,8 @@ public:
     Q_SLOT void editSelectedSyncLocation(QObject *sender);
     /// Runs the editor of the row's location, if there is one.
     Q_SLOT void editSyncSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);
-    /// Starts to synchronize the row's database with all its locations, if it can be synchronized.
-    /// Returns at once.
+    /// Starts to synchronize the row's database with the locations that are ticked for it. Returns
+    /// at once.
     Q_SLOT void synchronizeDatabase(const std::shared_ptr<QVStandInDatabase> &database);
     /// Removes the row's location, and its states from every database row, without confirmation.
     /// `selection` must not be null. Saves.

@@ -92,13 +92,21 @@ void EngineDispatcher::synchronizeWithStore(
 
 void EngineDispatcher::cancelJobsOfLocation(const QString &identifier) {
     m_asked.removeIf([&](const auto &asked) { return asked.value() == identifier; });
+    cancelJobs([&](const Entry &entry) { return entry.job->subject().store == identifier; });
+}
+
+void EngineDispatcher::cancelDisabledJobs() {
+    cancelJobs([](const Entry &entry) { return entry.state && !entry.state->isEnabled(); });
+}
+
+void EngineDispatcher::cancelJobs(const std::function<bool(const Entry &)> &isCancelled) {
     for (const Entry &entry : std::as_const(m_running)) {
-        if (entry.job->subject().store == identifier) {
+        if (isCancelled(entry)) {
             entry.job->cancel();
         }
     }
     m_waiting.removeIf([&](const Entry &entry) {
-        const bool isRemoved = entry.job->subject().store == identifier;
+        const bool isRemoved = isCancelled(entry);
         for (const auto &handler : isRemoved ? entry.handlers : decltype(entry.handlers)()) {
             postHandler([handler] { handler(failure(operationCancelled())); });
         }
@@ -110,7 +118,7 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
                                const std::function<void()> &handler) {
     const auto location =
         state ? std::dynamic_pointer_cast<EngineSyncLocation>(state->destination()) : nullptr;
-    if (!location) {
+    if (!location || !state->isEnabled()) {
         postHandler(handler);
         return;
     }
@@ -137,6 +145,8 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
                       title,
                       state,
                       {[handler](const auto &) { handler(); }}});
+    connect(state.get(), &QVSyncState::enabledChanged, this, &EngineDispatcher::cancelDisabledJobs,
+            Qt::UniqueConnection);
     startWaiting();
 }
 
@@ -219,7 +229,7 @@ void EngineDispatcher::askAboutRemoval(const Entry &entry, const StoreSession::R
 }
 
 void EngineDispatcher::synchronizeAgain(const Entry &entry, const SyncSession::Decision &decision) {
-    if (decision.decision == RemovalDecision::Later) {
+    if (decision.decision == RemovalDecision::Later || (entry.state && !entry.state->isEnabled())) {
         return;
     }
     m_waiting.append(

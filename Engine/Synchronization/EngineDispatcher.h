@@ -5,8 +5,8 @@
 
 /// Runs the jobs of each location one at a time, in the order in which they were requested, and
 /// those of different locations at the same time, so that a location that does not respond delays
-/// no other. Failures and successes are reported in the application's
-/// log. Must be used on the main thread.
+/// no other. A job whose state is disabled is cancelled. Failures and successes are reported in the
+/// application's log. Must be used on the main thread.
 class EngineDispatcher : public QVSyncDispatcher {
     Q_OBJECT
 public:
@@ -47,9 +47,14 @@ private:
     };
 
     /// Adds a job, or only `handler` if such a job is already waiting. Calls `handler` later,
-    /// without a job, if the state has no location of this engine.
+    /// without a job, if the state is disabled or has no location of this engine.
     void enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncState> &state,
                  const std::function<void()> &handler);
+    /// Cancels the jobs of the states that were disabled after they were requested.
+    void cancelDisabledJobs();
+    /// Cancels the jobs for which `isCancelled` returns true: running ones end soon, and waiting
+    /// ones never start.
+    void cancelJobs(const std::function<bool(const Entry &)> &isCancelled);
     /// Calls `handler` from the event loop, unless this object is destroyed before.
     void postHandler(std::function<void()> handler);
     /// Starts the waiting jobs whose stores are free, and announces the activity.

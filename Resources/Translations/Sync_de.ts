@@ -644,8 +644,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Sync-Orte</translation>
     </message>
     <message>
-        <source>Synchronize this database with all its locations now</source>
-        <translation>Diese Datenbank jetzt mit allen ihren Orten synchronisieren</translation>
+        <source>Synchronize this database with its ticked locations now</source>
+        <translation>Diese Datenbank jetzt mit ihren angekreuzten Orten synchronisieren</translation>
     </message>
     <message>
         <source>Synchronize with</source>

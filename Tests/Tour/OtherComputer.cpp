@@ -61,6 +61,7 @@ std::shared_ptr<NoteDatabase> knownDatabase(TestHost &host, const QString &name)
 
 void synchronize(TestHost &host, const std::shared_ptr<QVSyncState> &state) {
     bool isDone = false;
+    state->setEnabled(true);
     host.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
         {state}, [&] { isDone = true; });
     if (!QTest::qWaitFor([&] { return isDone && state->lastSynced().isValid(); }, Patience)) {

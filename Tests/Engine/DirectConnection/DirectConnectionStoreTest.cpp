@@ -134,6 +134,7 @@ private Q_SLOTS:
                                                       .arg(DirectConnection::URLScheme)
                                                       .arg(silent.serverPort()));
         const auto state = m_host->addState(location, m_host->inbox());
+        state->setEnabled(true);
         QVSyncDispatcher *dispatcher = m_host->engine().plugin().dispatcher();
         dispatcher->performSynchronizationsWithSynchronizationStates({state});
         QTRY_VERIFY(silent.hasPendingConnections());

@@ -279,6 +279,7 @@ private Q_SLOTS:
         const auto good = state(made->UUID(), made->name());
         const auto bad = m_host->addLocation(QStringLiteral("file:///nowhere/Gone.qvSyncStore"))
                              ->addStateForDatabaseWithUUID(made->UUID(), made->name());
+        bad->setEnabled(true);
         synchronize({bad, good});
         QVERIFY(!bad->lastSynced().isValid());
         QVERIFY(good->lastSynced().isValid());
@@ -397,10 +398,43 @@ private Q_SLOTS:
         QVERIFY(log().join(u'\n').contains(QStringLiteral("newer version")));
     }
 
+    void aDisabledStateIsNeitherSynchronizedNorCleaned() {
+        const auto made = m_host->addDatabase(QStringLiteral("Projects"));
+        const auto disabled = state(made->UUID(), made->name());
+        disabled->setEnabled(false);
+        synchronize({disabled});
+        clean(disabled);
+        QVERIFY(!disabled->lastSynced().isValid());
+        QVERIFY(transactionNames(made->UUID()).isEmpty());
+        QCOMPARE(log(), QStringList());
+    }
+
+    void disablingAStateCancelsItsJobs() {
+        const auto first = m_host->addDatabase(QStringLiteral("Projects"));
+        const auto second = m_host->addDatabase(QStringLiteral("Recipes"));
+        save(*first, QStringLiteral("First"), QStringLiteral("1"));
+        save(*second, QStringLiteral("Second"), QStringLiteral("2"));
+        const auto running = state(first->UUID(), first->name());
+        const auto waiting = state(second->UUID(), second->name());
+        bool isDone = false;
+        dispatcher()->performSynchronizationsWithSynchronizationStates({running, waiting},
+                                                                       [&] { isDone = true; });
+        running->setEnabled(false);
+        waiting->setEnabled(false);
+        QTRY_VERIFY(isDone);
+        QVERIFY(dispatcher()->activity().isEmpty());
+        QVERIFY(!running->lastSynced().isValid());
+        QVERIFY(!waiting->lastSynced().isValid());
+        QVERIFY(transactionNames(first->UUID()).isEmpty());
+        QVERIFY(transactionNames(second->UUID()).isEmpty());
+    }
+
     void cleaningAFailingStoreCallsItsHandlerOnce() {
         const auto made = m_host->addDatabase(QStringLiteral("Projects"));
-        clean(m_host->addLocation(QStringLiteral("file:///nowhere/Gone.qvSyncStore"))
-                  ->addStateForDatabaseWithUUID(made->UUID(), made->name()));
+        const auto gone = m_host->addLocation(QStringLiteral("file:///nowhere/Gone.qvSyncStore"))
+                              ->addStateForDatabaseWithUUID(made->UUID(), made->name());
+        gone->setEnabled(true);
+        clean(gone);
         clean(state(UnknownUUID, QStringLiteral("Ghost")));
         QCOMPARE(log().size(), 2);
         QVERIFY(log().first().contains(QStringLiteral("could not be cleaned up")));

@@ -149,11 +149,11 @@ private Q_SLOTS:
         const auto database = host.addDatabase(DatabaseName);
         const QString UUID = database->UUID();
         const QString store = host.makeSyncStore(QStringLiteral("Shared"));
-        host.addState(host.addLocation(store), database);
+        host.addState(host.addLocation(store), database)->setEnabled(true);
         host.save();
         const QString profile = host.directory();
         host.goToComputer(QStringLiteral("Other computer"));
-        host.addLocation(store)->addStateForDatabaseWithUUID(UUID, DatabaseName);
+        host.addLocation(store)->addStateForDatabaseWithUUID(UUID, DatabaseName)->setEnabled(true);
         host.save();
 
         std::mt19937 randomBits(1);
@@ -192,7 +192,7 @@ private Q_SLOTS:
             QVERIFY(database->saveNote(note));
             titles.append(note.title);
         }
-        host.addState(host.addLocation(store), database);
+        host.addState(host.addLocation(store), database)->setEnabled(true);
         host.save();
         synchronize(host.engine());
 
@@ -200,7 +200,9 @@ private Q_SLOTS:
         for (int round = 0; round < 12; ++round) {
             const QString computer = QStringLiteral("Computer %1").arg(round);
             host.goToComputer(computer);
-            host.addLocation(store)->addStateForDatabaseWithUUID(UUID, DatabaseName);
+            host.addLocation(store)
+                ->addStateForDatabaseWithUUID(UUID, DatabaseName)
+                ->setEnabled(true);
             host.save();
             const QString profile = host.directory();
             host.goToComputer(QStringLiteral("Profile"));
