@@ -111,10 +111,12 @@ void ProfileVerification::verifyLocation(EngineSyncLocation &location) {
     const QVSyncStates states = location.synchronizationStates();
     for (const auto &state : states) {
         if (state->isEnabled()) {
-            verifyStore({.databaseUUID = state->databaseUUID(),
-                         .databaseName = state->databaseName(),
-                         .store = location.identifier()},
-                        title, *location.createBlobStore());
+            verifyStore(
+                {.databaseUUID = state->databaseUUID(),
+                 .databaseName = state->databaseName(),
+                 .store = location.identifier()},
+                title, *location.createBlobStore(),
+                state->lastSynced().isValid() ? History::Synchronized : History::NeverSynchronized);
         }
     }
 }
@@ -128,12 +130,13 @@ void ProfileVerification::verifyServedStore() {
         verifyStore({.databaseUUID = UUID,
                      .databaseName = database ? database->name() : UUID,
                      .store = ServedStoreSynchronizer::Place},
-                    localizedSyncString("Direct Connection"), *location->createBlobStore());
+                    localizedSyncString("Direct Connection"), *location->createBlobStore(),
+                    History::Synchronized);
     }
 }
 
 void ProfileVerification::verifyStore(const StoreSession::Subject &subject, const QString &title,
-                                      BlobStore &store) {
+                                      BlobStore &store, History history) {
     using Outcome = VerificationReport::Outcome;
     Part part{.name = localizedSyncString("“%1” at “%2”").arg(subject.databaseName, title)};
     Expected<void> result;
@@ -152,9 +155,16 @@ void ProfileVerification::verifyStore(const StoreSession::Subject &subject, cons
     for (const Error &problem : session.problems()) {
         part.problems.append(problem.localizedDescription);
     }
-    part.extent = localizedSyncString("records: %1, moved aside: %2")
-                      .arg(session.recordCount())
-                      .arg(session.setAsideCount());
+    if (session.isUnused() && history == History::Synchronized) {
+        part.problems.append(
+            localizedSyncString("The location no longer contains the database. Synchronize to send "
+                                "everything again."));
+    }
+    part.extent = session.isUnused() && history == History::NeverSynchronized
+                      ? localizedSyncString("was never synchronized")
+                      : localizedSyncString("records: %1, moved aside: %2")
+                            .arg(session.recordCount())
+                            .arg(session.setAsideCount());
     part.outcome = part.problems.isEmpty() ? Outcome::Sound : Outcome::Problems;
     if (!result) {
         part.problems.append(result.error().localizedDescription);

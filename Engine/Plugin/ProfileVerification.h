@@ -21,6 +21,8 @@ public:
 
 private:
     using Part = VerificationReport::Part;
+    /// Whether a database was ever synchronized with a store.
+    enum class History { Synchronized, NeverSynchronized };
 
     Part verifyProfile() const;
     /// Returns the problems of the profile itself.
@@ -29,7 +31,8 @@ private:
     Expected<QString> profileExtent() const;
     void verifyLocation(EngineSyncLocation &location);
     void verifyServedStore();
-    void verifyStore(const StoreSession::Subject &subject, const QString &title, BlobStore &store);
+    void verifyStore(const StoreSession::Subject &subject, const QString &title, BlobStore &store,
+                     History history);
     /// Runs `session` on a thread until it is done or fails, and the event loop meanwhile.
     static Expected<void> runSession(StoreSession &session, BlobStore &store);
 

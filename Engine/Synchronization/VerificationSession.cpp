@@ -47,6 +47,15 @@ Expected<void> VerificationSession::accessProfile() {
         return failure(all.error());
     }
     m_known = *all;
+    m_isUnused = m_missingRecord && m_names.isEmpty() && m_setAsideCount == 0 &&
+                 problems().isEmpty() && m_known.isEmpty();
+    if (m_isUnused) {
+        setDone();
+        return {};
+    }
+    if (m_missingRecord) {
+        addProblem(*m_missingRecord);
+    }
     m_step = Step::Reading;
     return {};
 }
@@ -60,12 +69,18 @@ Expected<void> VerificationSession::readDatabaseRecord(BlobStore &store,
                 return DatabaseRecord::name(record, subject().databaseUUID, store.place(file));
             })
             .map([](const QString & /*name*/) {});
-    if (read || !(TransactionRecords::isOfOneRecord(read.error()) ||
-                  isEngineError(read.error(), EngineErrorCode::BlobMissing))) {
-        return read;
+    if (read) {
+        return {};
     }
-    addProblem(read.error());
-    return {};
+    if (isEngineError(read.error(), EngineErrorCode::BlobMissing)) {
+        m_missingRecord = read.error();
+        return {};
+    }
+    if (TransactionRecords::isOfOneRecord(read.error())) {
+        addProblem(read.error());
+        return {};
+    }
+    return read;
 }
 
 Expected<void> VerificationSession::list(BlobStore &store, const EngineFuture &future) {

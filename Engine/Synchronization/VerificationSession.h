@@ -7,7 +7,7 @@
 /// the same. Changes neither.
 ///
 /// Each problem that it finds is one of problems(). An error means that the store or the profile
-/// could not be verified.
+/// could not be verified. If nothing was ever synchronized, there is no problem, see isUnused().
 class VerificationSession : public StoreSession {
 public:
     using StoreSession::StoreSession;
@@ -20,6 +20,9 @@ public:
     qsizetype recordCount() const { return m_names.size(); }
     /// Returns the number of damaged records that were set aside in the store.
     qsizetype setAsideCount() const { return m_setAsideCount; }
+    /// Returns whether the store has nothing of the database, and the profile knows of nothing that
+    /// the store should have.
+    bool isUnused() const { return m_isUnused; }
 
 private:
     /// The steps, in order.
@@ -34,6 +37,9 @@ private:
     Step m_step = Step::Listing;
     QStringList m_names;
     qsizetype m_setAsideCount = 0;
+    bool m_isUnused = false;
+    /// Why the database's record could not be read if it is missing.
+    std::optional<Error> m_missingRecord;
     QHash<QString, KnownTransactions::Contents> m_known;
     /// What the sound records of the store contain.
     QSet<OperationId> m_operations;

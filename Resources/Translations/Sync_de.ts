@@ -464,6 +464,14 @@
         <translation>„%1“ an „%2“</translation>
     </message>
     <message>
+        <source>The location no longer contains the database. Synchronize to send everything again.</source>
+        <translation>Der Ort enthält die Datenbank nicht mehr. Synchronisieren Sie, um alles noch einmal zu senden.</translation>
+    </message>
+    <message>
+        <source>was never synchronized</source>
+        <translation>wurde noch nie synchronisiert</translation>
+    </message>
+    <message>
         <source>records: %1, moved aside: %2</source>
         <translation>Datensätze: %1, beiseitegelegt: %2</translation>
     </message>

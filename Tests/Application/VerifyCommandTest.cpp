@@ -109,6 +109,30 @@ private Q_SLOTS:
         }
     }
 
+    void aLocationThatWasNeverSynchronizedIsNoProblem() {
+        QVERIFY(QDir(profile()).removeRecursively());
+        QCOMPARE(run({QStringLiteral("--describe")}).exitCode, 0);
+        const Run fresh = verify();
+        QVERIFY2(fresh.output.contains(QStringLiteral("was never synchronized")),
+                 qPrintable(fresh.output));
+        QVERIFY(fresh.output.contains(QStringLiteral("Everything is in order.")));
+        QCOMPARE(fresh.exitCode, 0);
+        // Neither is true of one that has lost what was synchronized.
+        QCOMPARE(repair().exitCode, 0);
+        for (const QString &file : contents(store()).keys()) {
+            QVERIFY(QFile::remove(file));
+        }
+        executeInProfile(QStringLiteral("UPDATE states SET last_synced = 1"));
+        const Run emptied = verify();
+        QCOMPARE(emptied.exitCode, 1);
+        QVERIFY(!emptied.output.contains(QStringLiteral("was never synchronized")));
+        executeInProfile(QStringLiteral("DELETE FROM known_transactions"));
+        const Run forgotten = verify();
+        QCOMPARE(forgotten.exitCode, 1);
+        QVERIFY2(forgotten.output.contains(QStringLiteral("no longer contains the database")),
+                 qPrintable(forgotten.output));
+    }
+
     void whatIsNotSynchronizedIsAProblemThatSynchronizingRepairs() {
         QVERIFY(QFile::remove(record()));
         const auto before = contents(store());
