@@ -156,7 +156,7 @@ Expected<HistoryLimits> EngineNoteLibrary::historyLimits() const {
 Expected<void> EngineNoteLibrary::setHistoryLimits(const HistoryLimits &limits) {
     return m_profile.write([&] {
         return NoteHistory::setLimits(m_profile, limits).and_then([this] {
-            return NoteHistory::prune(m_profile, QDateTime::currentDateTime());
+            return NoteHistory::pruneAll(m_profile, QDateTime::currentDateTime());
         });
     });
 }

@@ -11,8 +11,8 @@ const QString MegabytesKey = QStringLiteral("historyMegabytes");
 constexpr qint64 Megabyte = 1LL << 20;
 /// What a row takes besides its texts, roughly.
 constexpr int BytesOfRow = 200;
-/// Number of rows that are read before it is determined whether enough were removed.
-constexpr int RowsAtOnce = 500;
+/// Number of rows that are removed at once: more than one edit or merge adds.
+constexpr int RowsAtOnce = 2500;
 
 QDateTime dateIn(const QVariant &milliseconds) {
     return milliseconds.isNull() ? QDateTime()
@@ -33,8 +33,17 @@ Expected<void> setSetting(const ProfileDatabase &profile, const QString &key, in
                        {key, value});
 }
 
-/// Removes the oldest versions until about `excess` bytes are removed. Returns how many were.
-Expected<qint64> removeOldest(const ProfileDatabase &profile, qint64 excess) {
+/// The date in milliseconds before which versions are too old.
+qint64 endOfOldest(const HistoryLimits &limits, const QDateTime &now) {
+    return now.addDays(-limits.days).toMSecsSinceEpoch();
+}
+
+qint64 bytesOf(const HistoryLimits &limits) {
+    return limits.megabytes * Megabyte;
+}
+
+/// Removes the oldest versions until about `excess` bytes or RowsAtOnce rows are removed.
+Expected<void> removeOldest(const ProfileDatabase &profile, qint64 excess) {
     qint64 removed = 0;
     qint64 last = 0;
     const Expected<void> found = profile.read(
@@ -45,12 +54,8 @@ Expected<qint64> removeOldest(const ProfileDatabase &profile, qint64 excess) {
                 removed += row.value(1).toLongLong();
             }
         });
-    if (!found) {
-        return failure(found.error());
-    }
-    return profile.run(QStringLiteral("DELETE FROM versions WHERE id <= ?"), {last}).map([&] {
-        return removed;
-    });
+    return found.and_then(
+        [&] { return profile.run(QStringLiteral("DELETE FROM versions WHERE id <= ?"), {last}); });
 }
 
 }  // namespace
@@ -141,31 +146,44 @@ Expected<void> NoteHistory::setLimits(const ProfileDatabase &profile, const Hist
     });
 }
 
+Expected<bool> NoteHistory::exceedsLimits(const ProfileDatabase &profile, const QDateTime &now) {
+    const Expected<HistoryLimits> kept = limits(profile);
+    if (!kept) {
+        return failure(kept.error());
+    }
+    return profile
+        .value(QStringLiteral("SELECT EXISTS (SELECT 1 FROM versions WHERE ended < ?)"
+                              " OR (EXISTS (SELECT 1 FROM versions)"
+                              " AND (SELECT bytes FROM size_of_versions) > ?)"),
+               {endOfOldest(*kept, now), bytesOf(*kept)})
+        .map([](const QVariant &exceeds) { return exceeds.toBool(); });
+}
+
 Expected<void> NoteHistory::prune(const ProfileDatabase &profile, const QDateTime &now) {
     const Expected<HistoryLimits> kept = limits(profile);
     if (!kept) {
         return failure(kept.error());
     }
-    if (Expected<void> done = profile.run(QStringLiteral("DELETE FROM versions WHERE ended < ?"),
-                                          {now.addDays(-kept->days).toMSecsSinceEpoch()});
-        !done) {
-        return done;
-    }
     const Expected<QVariant> size =
-        profile.value(QStringLiteral("SELECT bytes FROM size_of_versions"));
+        profile
+            .run(QStringLiteral("DELETE FROM versions WHERE id IN"
+                                " (SELECT id FROM versions WHERE ended < ? LIMIT %1)")
+                     .arg(RowsAtOnce),
+                 {endOfOldest(*kept, now)})
+            .and_then([&] {
+                return profile.value(QStringLiteral("SELECT bytes FROM size_of_versions"));
+            });
     if (!size) {
         return failure(size.error());
     }
-    qint64 excess = size->toLongLong() - kept->megabytes * Megabyte;
-    while (excess > 0) {
-        const Expected<qint64> removed = removeOldest(profile, excess);
-        if (!removed) {
-            return failure(removed.error());
-        }
-        if (*removed == 0) {
-            break;
-        }
-        excess -= *removed;
+    const qint64 excess = size->toLongLong() - bytesOf(*kept);
+    return excess > 0 ? removeOldest(profile, excess) : Expected<void>();
+}
+
+Expected<void> NoteHistory::pruneAll(const ProfileDatabase &profile, const QDateTime &now) {
+    Expected<bool> remains = exceedsLimits(profile, now);
+    while (remains && *remains) {
+        remains = prune(profile, now).and_then([&] { return exceedsLimits(profile, now); });
     }
-    return {};
+    return remains.map([](bool) {});
 }

@@ -39,9 +39,14 @@ public:
     /// Returns how long the profile keeps versions. Unusable settings count as the defaults.
     static Expected<HistoryLimits> limits(const ProfileDatabase &profile);
     static Expected<void> setLimits(const ProfileDatabase &profile, const HistoryLimits &limits);
-    /// Removes the versions of all databases that exceed the limits at the time `now`, oldest
-    /// first.
+    /// Returns whether the versions of all databases exceed the limits at the time `now`. Writes
+    /// nothing.
+    static Expected<bool> exceedsLimits(const ProfileDatabase &profile, const QDateTime &now);
+    /// Removes versions of all databases that exceed the limits at the time `now`, oldest first,
+    /// but not more at once than takes a small part of a second.
     static Expected<void> prune(const ProfileDatabase &profile, const QDateTime &now);
+    /// Removes all versions that exceed the limits at the time `now`.
+    static Expected<void> pruneAll(const ProfileDatabase &profile, const QDateTime &now);
 
 private:
     Expected<QList<NoteVersion>> read(const QString &condition, const QVariantList &values) const;

@@ -25,7 +25,8 @@ Expected<void> openDatabase(ProfileDatabase &profile, const QString &directory,
 SyncEngine::SyncEngine()
     : m_library(m_profile),
       m_plugin(m_profile, m_library),
-      m_triggers(*m_plugin.locationsController(), *m_plugin.dispatcher(), m_library) {}
+      m_triggers(*m_plugin.locationsController(), *m_plugin.dispatcher(), m_library),
+      m_pruning(m_profile) {}
 
 SyncEngine::~SyncEngine() {
     m_plugin.context().storeOperations->end();
@@ -50,6 +51,7 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
         m_plugin.forgetRemovedLocations();
         m_triggers.start();
         m_backups.start(m_profile.directory());
+        m_pruning.start();
     }
     return opened;
 }

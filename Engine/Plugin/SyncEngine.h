@@ -7,6 +7,7 @@
 #include "Application/Interface/SyncPlugIn.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/FirstContents.h"
+#include "Engine/Notes/HistoryPruning.h"
 #include "Engine/Plugin/EngineSyncPlugin.h"
 #include "Engine/Profile/BackupSchedule.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -25,8 +26,8 @@ public:
     SyncEngine &operator=(const SyncEngine &) = delete;
 
     /// Opens the profile in `directory`, see SyncPlugIn::openProfile. `contents` are the initial
-    /// contents of a new profile. Must be called at most once successfully. Triggers, backups and
-    /// the server start only if `use` is Run.
+    /// contents of a new profile. Must be called at most once successfully. Triggers, backups,
+    /// the removal of old versions and the server start only if `use` is Run.
     Expected<void> openProfile(const QString &directory,
                                FirstContents contents = FirstContents::Welcome,
                                ProfileUse use = ProfileUse::Run);
@@ -65,6 +66,7 @@ private:
     /// After the objects that it uses.
     SyncTriggers m_triggers;
     BackupSchedule m_backups;
+    HistoryPruning m_pruning;
     /// Whether openProfile() has succeeded.
     bool m_isOpen = false;
 };

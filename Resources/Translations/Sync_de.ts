@@ -1232,6 +1232,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Das Profil „%1“ konnte nicht ersetzt werden: %2</translation>
     </message>
     <message>
+        <source>Earlier versions:</source>
+        <translation>Frühere Fassungen:</translation>
+    </message>
+    <message>
         <source>Backup:</source>
         <translation>Sicherungskopie:</translation>
     </message>

@@ -7,6 +7,7 @@
 #include "Support/Failure.h"
 #include "Support/MemoryStore.h"
 #include "Support/RunSession.h"
+#include "Support/StallMeter.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -217,6 +218,39 @@ private Q_SLOTS:
         QVERIFY(
             profile().value(QStringLiteral("SELECT bytes FROM size_of_versions"))->toLongLong() <=
             1 << 20);
+    }
+
+    /// Of 20,000 versions, every second one is too old.
+    void oldVersionsAreRemovedAfterTheStart() {
+        QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("kept"))));
+        QVERIFY(profile().run(
+            QStringLiteral("INSERT INTO versions (ended, size, database, note_uuid, place, title,"
+                           " text) WITH RECURSIVE number (n) AS (SELECT 1 UNION ALL SELECT n + 1"
+                           " FROM number WHERE n < 20000) SELECT ended - (n % 2) * ?, 2000,"
+                           " database, 'u' || n, '', '', '' FROM number, versions"),
+            {QVariant::fromValue(31LL * 24 * 3600 * 1000)}));
+        m_host->restart();
+        const auto count = [this] {
+            return profile().value(QStringLiteral("SELECT count(*) FROM versions")).value();
+        };
+        QCOMPARE(count(), 20001);
+        StallMeter meter;
+        QTRY_COMPARE(count(), 10001);
+        QVERIFY2(meter.longest() < 1000, qPrintable(QString::number(meter.longest())));
+        QCOMPARE(profile().value(QStringLiteral("SELECT bytes FROM size_of_versions")).value(),
+                 profile().value(QStringLiteral("SELECT sum(size) FROM versions")).value());
+        QVERIFY(deletedTexts().contains(QStringLiteral("kept")));
+    }
+
+    void versionsThatCannotBeRemovedAreReported() {
+        QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("old"))));
+        QVERIFY(profile().run(QStringLiteral("UPDATE versions SET ended = 0")));
+        m_host->restart();
+        m_host->makeSavesFail();
+        const auto &entries = m_host->application().logEntries();
+        QTRY_COMPARE(entries.size(), 1);
+        QVERIFY(entries.first().info.contains(QStringLiteral("cannot be read or written")));
+        QCOMPARE(deletedTexts().size(), 1);
     }
 
     void unusableLimitsCountAsTheDefaults() {

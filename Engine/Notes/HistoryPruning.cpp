@@ -1,0 +1,44 @@
+#include "Engine/Notes/HistoryPruning.h"
+
+#include "Engine/Notes/NoteHistory.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Host/QVApplication.h"
+#include "Host/SyncStrings.h"
+
+namespace {
+
+constexpr std::chrono::hours Interval(24);
+/// Leaves the main thread to others between two steps.
+constexpr std::chrono::milliseconds Pause(20);
+
+}  // namespace
+
+HistoryPruning::HistoryPruning(const ProfileDatabase &profile) : m_profile(profile) {
+    m_timer.setSingleShot(true);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { prune(); });
+}
+
+void HistoryPruning::start() {
+    m_timer.start(Pause);
+}
+
+void HistoryPruning::prune() {
+    const Expected<bool> pruned = pruneIfDue();
+    if (!pruned) {
+        NSApp()->logItemCmd(localizedSyncString("Earlier versions:"),
+                            pruned.error().localizedDescription);
+    }
+    m_timer.start(pruned.value_or(false) ? std::chrono::milliseconds(Pause) : Interval);
+}
+
+Expected<bool> HistoryPruning::pruneIfDue() const {
+    const QDateTime now = QDateTime::currentDateTime();
+    return NoteHistory::exceedsLimits(m_profile, now).and_then([&](bool isDue) -> Expected<bool> {
+        if (!isDue) {
+            return false;
+        }
+        return m_profile.write([&] { return NoteHistory::prune(m_profile, now); }).map([] {
+            return true;
+        });
+    });
+}

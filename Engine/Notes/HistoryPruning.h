@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QtCore/QTimer>
+
+#include "Platform/Foundation/Expected.h"
+
+class ProfileDatabase;
+
+/// Removes the earlier versions of notes that exceed the limits of the open profile, see
+/// NoteHistory, at the start of the engine and then on each day, in short steps on the main thread.
+/// Failures are reported in the application's log. Must be used on the main thread.
+class HistoryPruning {
+public:
+    /// Does nothing until start() is called. `profile` is not owned and must outlive this object.
+    explicit HistoryPruning(const ProfileDatabase &profile);
+    HistoryPruning(const HistoryPruning &) = delete;
+    HistoryPruning &operator=(const HistoryPruning &) = delete;
+
+    /// Begins from the event loop. The profile must be open. Must be called once.
+    void start();
+
+private:
+    /// Performs one step and schedules the next one.
+    void prune();
+    /// Performs one step and returns whether there was something to remove.
+    Expected<bool> pruneIfDue() const;
+
+    const ProfileDatabase &m_profile;
+    QTimer m_timer;
+};
