@@ -264,6 +264,9 @@ void DropboxServer::write(QTcpSocket *socket, const Request &request) {
         return;
     }
     socket->write(head + "\r\n" + answer->body);
+    if (request.headers.value("connection") == "close") {
+        socket->disconnectFromHost();
+    }
 }
 
 std::optional<DropboxServer::Answer> DropboxServer::answerLocked(const Request &request) {

@@ -7,6 +7,8 @@
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
+#include "Engine/Synchronization/VerificationSession.h"
+#include "Support/Failure.h"
 #include "Support/RunSession.h"
 #include "Support/TestMain.h"
 
@@ -158,6 +160,30 @@ protected:
         }
     }
 
+    /// What a job does. Returns the problems with single records.
+    Expected<QList<Error>> synchronize(Computer &computer, BlobStore &store,
+                                       bool isCleaningUp) const {
+        return store.open(EngineFuture())
+            .and_then([&] { return computer.run<SyncSession>(m_UUID, store); })
+            .and_then([&](const QList<Error> &problems) {
+                return isCleaningUp
+                           ? computer.run<CleanSession>(m_UUID, store)
+                                 .map([&](const QList<Error> &others) { return problems + others; })
+                           : problems;
+            });
+    }
+
+    /// The store has all that the profile has, and the other way round.
+    void verifySame(const QString &profile, BlobStore &store) const {
+        Computer computer(profile);
+        orThrow(computer.open());
+        const Expected<QList<Error>> problems = computer.run<VerificationSession>(m_UUID, store);
+        QCOMPARE(description(problems), QString());
+        QVERIFY2(
+            problems->isEmpty(),
+            qPrintable(problems->isEmpty() ? QString() : problems->first().localizedDescription));
+    }
+
     /// After synchronizing without a failure everyone has everything.
     void verifyNothingIsLost(const QString &profile, BlobStore &store) {
         Computer computer(profile);
@@ -182,12 +208,15 @@ protected:
         QCOMPARE(other.contents(), expected);
     }
 
+    static bool isThorough() { return qEnvironmentVariableIsSet("VELMORA_EVERY_FAULT"); }
+
     /// Calls `verify` with the numbers of the calls that are to fail, until one of them fails the
-    /// test: with all of them, or with no more than `usually`.
-    static void forCalls(qint64 calls, qint64 usually, const std::function<void(qint64)> &verify) {
-        const bool isThorough = qEnvironmentVariableIsSet("VELMORA_EVERY_FAULT");
-        const qint64 step = isThorough ? 1 : (calls + usually - 1) / usually;
-        for (qint64 call = 1; call <= calls; call += step) {
+    /// test: with all of them, or with no more than `usually`. Another `row` begins with another
+    /// call.
+    static void forCalls(qint64 calls, qint64 usually, const std::function<void(qint64)> &verify,
+                         qint64 row = 0) {
+        const qint64 step = isThorough() ? 1 : (calls + usually - 1) / usually;
+        for (qint64 call = 1 + row % qMax(step, 1LL); call <= calls; call += step) {
             verify(call);
             if (QTest::currentTestFailed()) {
                 QFAIL(qPrintable(QStringLiteral("call %1 of %2").arg(call).arg(calls)));

@@ -1,5 +1,7 @@
 #include "Support/ScriptedServer.h"
 
+#include <sys/socket.h>
+
 #include <QtNetwork/QTcpServer>
 
 namespace {
@@ -61,6 +63,17 @@ void ScriptedServer::Connection::sendSlowly(const QByteArray &bytes) {
         send(bytes.mid(i, 1));
         m_socket.waitForReadyRead(LookInterval);
     }
+}
+
+void ScriptedServer::Connection::close() {
+    m_socket.disconnectFromHost();
+}
+
+void ScriptedServer::Connection::reset() {
+    const linger atOnce{1, 0};
+    setsockopt(static_cast<int>(m_socket.socketDescriptor()), SOL_SOCKET, SO_LINGER, &atOnce,
+               sizeof atOnce);
+    m_socket.abort();
 }
 
 bool ScriptedServer::Connection::isOpen() {

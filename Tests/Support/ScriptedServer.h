@@ -26,6 +26,9 @@ public:
         /// Sends `bytes` one after the other, with pauses, until the client closes or the test
         /// ends.
         void sendSlowly(const QByteArray &bytes);
+        /// Close the connection: in order, and as a server does that has crashed.
+        void close();
+        void reset();
         bool isOpen();
 
     private:

@@ -72,9 +72,9 @@ QString program() {
     return path;
 }
 
-void writeFile(const QString &path, const QString &text) {
+void writeFile(const QString &path, const QByteArray &contents) {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0) {
+    if (!file.open(QIODevice::WriteOnly) || file.write(contents) < 0) {
         throw std::runtime_error("cannot write " + path.toStdString());
     }
 }
@@ -120,6 +120,16 @@ QString WebDAVServer::URLText(const QString &path, const QString &user) const {
         .arg(path);
 }
 
+void WebDAVServer::putFile(const QString &path, const QByteArray &contents) const {
+    for (qsizetype end = path.indexOf(u'/'); end >= 0; end = path.indexOf(u'/', end + 1)) {
+        const QString above = folder() + u'/' + path.first(end);
+        if (QDir().mkdir(above)) {
+            giveAway(above);
+        }
+    }
+    writeFile(folder() + u'/' + path, contents);
+}
+
 void WebDAVServer::storePassword(const QString &password) const {
     const UrlCredential credential = {User, password, UrlCredential::Persistence::ForSession};
     const QString scheme = m_options.identity ? QStringLiteral("https") : QStringLiteral("http");
@@ -162,10 +172,10 @@ void WebDAVServer::writeConfiguration() const {
     const QByteArray basic = QCryptographicHash::hash(Password.toUtf8(), QCryptographicHash::Sha1);
     const QByteArray digest = QCryptographicHash::hash(secret, QCryptographicHash::Md5);
     writeFile(m_ownFolder.filePath(QStringLiteral("basic")),
-              User + QStringLiteral(":{SHA}") + QString::fromLatin1(basic.toBase64()));
+              User.toUtf8() + ":{SHA}" + basic.toBase64());
     writeFile(m_ownFolder.filePath(QStringLiteral("digest")),
-              User + u':' + Realm + u':' + QString::fromLatin1(digest.toHex()));
-    writeFile(m_ownFolder.filePath(QStringLiteral("conf")), configuration());
+              (User + u':' + Realm + u':').toUtf8() + digest.toHex());
+    writeFile(m_ownFolder.filePath(QStringLiteral("conf")), configuration().toUtf8());
 }
 
 QString WebDAVServer::configuration() const {

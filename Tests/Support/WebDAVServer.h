@@ -39,6 +39,9 @@ public:
     /// Returns "SCHEME://USER@localhost:PORT/dav/PATH". `path` must be percent-encoded.
     QString URLText(const QString &path, const QString &user = User) const;
 
+    /// Creates a file with the folders that contain it. `path` is relative to the folder.
+    void putFile(const QString &path, const QByteArray &contents) const;
+
     /// Stores the user's password for this run, as the editor of a location does.
     void storePassword(const QString &password = Password) const;
 

@@ -1,10 +1,7 @@
-#include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Stores/Folder/FolderGrants.h"
 #include "Engine/Stores/Folder/FolderStore.h"
-#include "Engine/Synchronization/VerificationSession.h"
 #include "Host/SyncStoreLayout.h"
-#include "Support/Failure.h"
 #include "Support/FaultTestCase.h"
 #include "Support/FaultyFolder.h"
 #include "Support/TestLocation.h"
@@ -95,18 +92,6 @@ private:
                 {QStringLiteral("fill again"), {QStringLiteral("Other"), QStringLiteral("Empty")}}};
     }
 
-    /// What a job does.
-    Expected<QList<Error>> synchronize(Computer &computer, FolderStore &store, bool isCleaningUp) {
-        return store.open(EngineFuture())
-            .and_then([&] { return computer.run<SyncSession>(UUID(), store); })
-            .and_then([&](const QList<Error> &problems) {
-                return isCleaningUp
-                           ? computer.run<CleanSession>(UUID(), store)
-                                 .map([&](const QList<Error> &others) { return problems + others; })
-                           : problems;
-            });
-    }
-
     /// Tells the story with a copy of its profile at `profile` and one of its store at `path`.
     Outcome tell(const Story &story, const QString &profile, const QString &path, Fault fault,
                  qint64 call, Duration duration) {
@@ -129,17 +114,6 @@ private:
         }
         outcome.contents = computer.contents();
         return outcome;
-    }
-
-    /// The store has all that the profile has, and the other way round.
-    void verifySame(const QString &profile, FolderStore &store) {
-        Computer computer(profile);
-        orThrow(computer.open());
-        const Expected<QList<Error>> problems = computer.run<VerificationSession>(UUID(), store);
-        QCOMPARE(description(problems), QString());
-        QVERIFY2(
-            problems->isEmpty(),
-            qPrintable(problems->isEmpty() ? QString() : problems->first().localizedDescription));
     }
 
     void verifyFailure(const Story &story, Fault fault, qint64 call, Duration duration,

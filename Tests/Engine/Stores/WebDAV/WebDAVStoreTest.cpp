@@ -12,17 +12,10 @@
 #include "Support/TestHost.h"
 #include "Support/TestLocation.h"
 #include "Support/TestMain.h"
+#include "Support/TestWebDAVStore.h"
 #include "Support/WebDAVServer.h"
 
 namespace {
-
-/// Trusts no certificate that no authority vouches for.
-std::shared_ptr<CertificateTrust> noTrust() {
-    const ProfileDatabase profile;
-    const auto trust = std::make_shared<CertificateTrust>(profile);
-    trust->close();
-    return trust;
-}
 
 using namespace std::chrono_literals;
 using Authentication = WebDAVServer::Authentication;
@@ -35,9 +28,7 @@ const QString PackageName = QStringLiteral("Trip%20%26%20more.qvSyncStore");
 constexpr HttpClient::Timeouts Hasty = {.idle = 300ms, .total = 2s};
 
 std::shared_ptr<WebDAVStore> storeAt(const QString &URLText) {
-    const auto location = locationWithoutEngine(Url::fromString(URLText));
-    return std::make_shared<WebDAVStore>(location, std::make_shared<StoreOperations>(),
-                                         location->identifier(), noTrust(), Hasty);
+    return webDAVStoreWithoutEngine(URLText, Hasty);
 }
 
 UrlProtectionSpace space(const QString &URLText, const QString &method) {
@@ -500,10 +491,7 @@ private Q_SLOTS:
                 connection.send(part);
             }
         });
-        const auto location = locationWithoutEngine(
-            Url::fromString(scripted.URLText(QStringLiteral("s.qvSyncStore"))));
-        m_store = std::make_shared<WebDAVStore>(location, std::make_shared<StoreOperations>(),
-                                                location->identifier(), noTrust());
+        m_store = webDAVStoreWithoutEngine(scripted.URLText(QStringLiteral("s.qvSyncStore")));
         const Expected<QStringList> result = list(QStringLiteral("databases"));
         QVERIFY(description(result).contains(QStringLiteral("is too long")));
     }

@@ -1,0 +1,289 @@
+#include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Notes/TransactionName.h"
+#include "Engine/Stores/Dropbox/DropboxConfiguration.h"
+#include "Engine/Stores/Dropbox/DropboxRefreshTurn.h"
+#include "Engine/Stores/Dropbox/DropboxStore.h"
+#include "Host/SyncStoreLayout.h"
+#include "Platform/Foundation/UserDefaults.h"
+#include "Platform/Security/UrlCredentialStorage.h"
+#include "Support/DropboxTestCase.h"
+#include "Support/FaultTestCase.h"
+#include "Support/FaultyProxy.h"
+#include "Support/MemoryStore.h"
+#include "Support/TestWebDAVStore.h"
+#include "Support/WebDAVServer.h"
+
+Q_DECLARE_METATYPE(FaultyProxy::Fault)
+Q_DECLARE_METATYPE(FaultyProxy::Duration)
+
+/// Any exchange with the server of a store fails, is cut short, happens twice or too late. What was
+/// reported as synchronized is in the store, nothing was lost, nothing sound was set aside, and the
+/// failure was reported.
+class FailingServerTest : public FaultTestCase {
+    Q_OBJECT
+private:
+    using Fault = FaultyProxy::Fault;
+    using Duration = FaultyProxy::Duration;
+
+    enum class Service { WebDAV, Dropbox };
+    struct Story {
+        /// The profile that it begins with.
+        QString profile;
+        bool hasStore = true;
+        bool isCleaningUp = false;
+    };
+    struct Outcome {
+        Expected<void> result;
+        QList<int> problems;
+        Contents contents;
+        QByteArrayList exchanges;
+        bool hasFailed = false;
+    };
+
+    /// What is held back is late after this time.
+    static constexpr HttpClient::Timeouts Impatient{.idle = std::chrono::milliseconds(150)};
+
+    const QString m_package = QStringLiteral("Velmora.") + SyncStoreLayout::Extension;
+    std::unique_ptr<SecretService> m_secrets;
+    std::unique_ptr<TestHost> m_host;
+    std::unique_ptr<WebDAVServer> m_webDAV;
+    std::unique_ptr<DropboxServer> m_dropbox;
+    std::unique_ptr<FaultyProxy> m_webDAVProxy;
+    std::unique_ptr<FaultyProxy> m_dropboxProxy;
+    MemoryStore::Blobs m_blobs;
+    QMap<std::pair<Service, QString>, Outcome> m_sound;
+
+    static QMap<QString, Story> stories() {
+        const QString used = QStringLiteral("Used");
+        return {{QStringLiteral("synchronize"), {used}},
+                {QStringLiteral("import"), {QStringLiteral("Unused")}},
+                {QStringLiteral("clean up"), {used, true, true}},
+                {QStringLiteral("fill again"), {QStringLiteral("Other"), false}}};
+    }
+
+    /// Whether the same exchanges are part of another story as well.
+    static bool isPartOfAnother(Service service, const QString &story) {
+        return service == Service::Dropbox ? story != QStringLiteral("clean up")
+                                           : story == QStringLiteral("synchronize");
+    }
+
+    FaultyProxy &proxyOf(Service service) const {
+        return service == Service::WebDAV ? *m_webDAVProxy : *m_dropboxProxy;
+    }
+
+    /// Returns the store at `port`, which is that of the server or of its proxy.
+    std::shared_ptr<BlobStore> storeAt(Service service, quint16 port,
+                                       HttpClient::Timeouts timeouts = {}) const {
+        if (service == Service::WebDAV) {
+            return webDAVStoreWithoutEngine(
+                QStringLiteral("http://ida@localhost:%1/dav/%2").arg(port).arg(m_package),
+                timeouts);
+        }
+        QUrl address = m_dropbox->address();
+        address.setPort(port);
+        const QString server = address.toString();
+        using Configuration = DropboxConfiguration;
+        UserDefaults::setValue(Configuration::TokenAddressDefault,
+                               server + DropboxServer::tokenPath());
+        UserDefaults::setValue(Configuration::APIAddressDefault, server + QStringLiteral("/2"));
+        UserDefaults::setValue(Configuration::ContentAddressDefault,
+                               server + QStringLiteral("/content/2"));
+        return std::make_shared<DropboxStore>(
+            locationWithoutEngine(
+                Url::fromString(QStringLiteral("dropbox://") + m_dropbox->email())),
+            std::make_shared<StoreOperations>(), std::make_shared<DropboxRefreshTurn>(), timeouts);
+    }
+    std::shared_ptr<BlobStore> storeAtServer(Service service) const {
+        return storeAt(service, service == Service::WebDAV
+                                    ? m_webDAV->port()
+                                    : static_cast<quint16>(m_dropbox->address().port()));
+    }
+
+    /// Makes the server's store as it is before each story.
+    void resetStore(Service service, bool exists) const {
+        if (service == Service::WebDAV) {
+            QDir(m_webDAV->folder() + u'/' + m_package).removeRecursively();
+        } else {
+            const QStringList paths = m_dropbox->files().keys();
+            for (const QString &path : paths) {
+                m_dropbox->removeFile(path);
+            }
+        }
+        for (const auto &[name, contents] : exists ? m_blobs : MemoryStore::Blobs()) {
+            if (service == Service::WebDAV) {
+                m_webDAV->putFile(m_package + u'/' + name, contents);
+            } else {
+                m_dropbox->putFile(u'/' + m_package + u'/' + name, contents);
+            }
+        }
+    }
+
+    bool hasSetAside(BlobStore &store) const {
+        const QStringList names =
+            store.list(SyncStoreLayout::TransactionsFolder + u'/' + UUID(), EngineFuture()).value();
+        return std::any_of(names.begin(), names.end(), TransactionName::isOfDamaged);
+    }
+
+    /// Tells the story with a copy of its profile at `profile`. The first login of the story has
+    /// expired.
+    Outcome tell(Service service, const Story &story, const QString &profile, Fault fault,
+                 qint64 exchange, Duration duration) {
+        copyProfile(folder(story.profile), profile);
+        resetStore(service, story.hasStore);
+        m_dropbox->expireAccessTokens();
+        FaultyProxy &proxy = proxyOf(service);
+        proxy.setFault(fault, exchange, duration);
+        Computer computer(profile);
+        orThrow(computer.open());
+        const auto store = storeAt(service, proxy.port(),
+                                   fault == Fault::Late ? Impatient : HttpClient::Timeouts());
+        const Expected<QList<Error>> problems = synchronize(computer, *store, story.isCleaningUp);
+        Outcome outcome{.result = problems.map([](const QList<Error> & /*all*/) {}),
+                        .contents = computer.contents(),
+                        .exchanges = proxy.exchanges(),
+                        .hasFailed = proxy.hasFailed()};
+        for (const Error &problem : problems.value_or(QList<Error>())) {
+            outcome.problems.append(static_cast<int>(problem.code));
+        }
+        return outcome;
+    }
+
+    /// Tells the story without a fault, once for all.
+    Outcome tellSoundly(Service service, const QString &story) {
+        Outcome &outcome = m_sound[{service, story}];
+        if (outcome.exchanges.isEmpty()) {
+            outcome = tell(service, stories().value(story), newFolder(), Fault::None,
+                           std::numeric_limits<qint64>::max(), Duration::Once);
+        }
+        return outcome;
+    }
+
+    /// Whether the client may send the request again by itself.
+    static bool mayHeal(Fault fault) {
+        return fault == Fault::Reset || fault == Fault::LostAnswer || fault == Fault::CutRequest;
+    }
+
+    void verifyFailure(Service service, const Story &story, Fault fault, qint64 exchange,
+                       Duration duration, const Contents &before, const Outcome &sound) {
+        const QString profile = newFolder();
+        const Outcome outcome = tell(service, story, profile, fault, exchange, duration);
+        QVERIFY(outcome.hasFailed);
+        const QByteArray name = outcome.exchanges.value(exchange - 1);
+        const bool isReported = !outcome.result || outcome.problems != sound.problems;
+        if (fault == Fault::Duplicate) {
+            QVERIFY2(!isReported, name);
+        } else {
+            QVERIFY2(isReported || (mayHeal(fault) && duration == Duration::Once), name);
+        }
+        QVERIFY(outcome.result || !description(outcome.result).isEmpty());
+        verifyBetween(outcome.contents, before, sound.contents);
+        const auto store = storeAtServer(service);
+        if (!isReported) {
+            QCOMPARE(outcome.contents, sound.contents);
+            verifySame(profile, *store);
+        }
+        FaultyProxy &proxy = proxyOf(service);
+        orThrow(store->open(EngineFuture()));
+        if (fault == Fault::Late && exchange % 2 == 0) {
+            verifyNothingIsLost(profile, *store);
+        }
+        proxy.deliverHeld();
+        verifyNothingIsLost(profile, *store);
+        QVERIFY(!hasSetAside(*store));
+        verifySame(profile, *store);
+        QDir(profile).removeRecursively();
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        m_secrets = std::make_unique<SecretService>();
+        m_host = std::make_unique<TestHost>();
+        m_dropbox = std::make_unique<DropboxServer>();
+        m_dropbox->configure();
+        DropboxTestCase::signIn(m_dropbox->email());
+        m_dropboxProxy =
+            std::make_unique<FaultyProxy>(static_cast<quint16>(m_dropbox->address().port()));
+        m_webDAV = std::make_unique<WebDAVServer>(WebDAVServer::Options());
+        m_webDAVProxy = std::make_unique<FaultyProxy>(m_webDAV->port());
+        for (const quint16 port : {m_webDAV->port(), m_webDAVProxy->port()}) {
+            UrlCredentialStorage::shared().setCredentialForProtectionSpace(
+                {WebDAVServer::User, WebDAVServer::Password,
+                 UrlCredential::Persistence::ForSession},
+                UrlProtectionSpace{QStringLiteral("localhost"),
+                                   port,
+                                   QStringLiteral("http"),
+                                   {},
+                                   UrlAuthenticationMethodHttpBasic});
+        }
+        MemoryStore store(m_blobs);
+        writeProfiles(store);
+    }
+
+    void cleanupTestCase() {
+        m_webDAVProxy.reset();
+        m_webDAV.reset();
+        m_dropboxProxy.reset();
+        m_dropbox.reset();
+        DropboxServer::forget();
+        m_host.reset();
+        m_secrets.reset();
+    }
+
+    void losesNothing_data() {
+        QTest::addColumn<int>("service");
+        QTest::addColumn<QString>("story");
+        QTest::addColumn<Fault>("fault");
+        QTest::addColumn<Duration>("duration");
+        QTest::addColumn<int>("row");
+        int row = 0;
+        const QStringList names = stories().keys();
+        for (const Service service : {Service::WebDAV, Service::Dropbox}) {
+            for (const QString &name : names) {
+                if (!isThorough() && isPartOfAnother(service, name)) {
+                    continue;
+                }
+                const QByteArray text =
+                    (service == Service::WebDAV ? "WebDAV, " : "Dropbox, ") + name.toUtf8();
+                const auto add = [&](const char *failure, Fault fault,
+                                     Duration duration = Duration::Once) {
+                    QTest::addRow("%s, %s", text.constData(), failure)
+                        << static_cast<int>(service) << name << fault << duration << row++;
+                };
+                add("one error", Fault::InternalError);
+                add("busy for a moment", Fault::Unavailable);
+                add("busy", Fault::Unavailable, Duration::FromThenOn);
+                add("one reset", Fault::Reset);
+                add("resets", Fault::Reset, Duration::FromThenOn);
+                add("one lost response", Fault::LostAnswer);
+                add("lost responses", Fault::LostAnswer, Duration::FromThenOn);
+                add("half of a request", Fault::CutRequest);
+                add("only header fields", Fault::CutHeaders);
+                add("half of a response", Fault::CutBody);
+                add("twice", Fault::Duplicate);
+                add("always twice", Fault::Duplicate, Duration::FromThenOn);
+                add("too late", Fault::Late);
+            }
+        }
+    }
+    void losesNothing() {
+        QFETCH(const int, service);
+        QFETCH(QString, story);
+        QFETCH(Fault, fault);
+        QFETCH(Duration, duration);
+        QFETCH(const int, row);
+        const auto used = static_cast<Service>(service);
+        const Story told = stories().value(story);
+        const Contents before = contentsAt(folder(told.profile));
+        const Outcome sound = tellSoundly(used, story);
+        QCOMPARE(description(sound.result), QString());
+        forCalls(
+            sound.exchanges.size(), 1,
+            [&](qint64 exchange) {
+                verifyFailure(used, told, fault, exchange, duration, before, sound);
+            },
+            row);
+    }
+};
+
+VELMORA_TEST(FailingServerTest)
+#include "FailingServerTest.moc"
