@@ -7,6 +7,7 @@
 #include "Support/MemoryStore.h"
 #include "Support/Replica.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 namespace {
 
@@ -176,6 +177,13 @@ public:
         require(one->library().synchronizedDatabase(m_UUID)->name() ==
                     other->library().synchronizedDatabase(m_UUID)->name(),
                 "the names differ");
+    }
+
+    void verifySound(Replica *replica, qsizetype store) {
+        MemoryStore blobs(m_stores[store]);
+        const QStringList problems =
+            Verification::problems(replica->profile(), replica->library(), subject(store), blobs);
+        require(problems.isEmpty(), problems.join(u' ').toUtf8().constData());
     }
 
     /// Of what can be read, the store holds no operation that is superseded and none twice.
@@ -514,12 +522,16 @@ private:
         for (qsizetype store = 0; store < history.storeCount(); ++store) {
             history.runWhole<CleanSession>(taking.last(), store);
             history.verifyClean(store);
+            for (Replica *replica : history.replicas()) {
+                history.verifySound(replica, store);
+            }
         }
         // One who comes late reads the same from a clean store alone.
         Replica *late = &replicas[0];
         history.runWhole<SyncSession>(late, history.storeCount() - 1);
         history.verify(late);
         history.verifySame(late, taking.first());
+        history.verifySound(late, history.storeCount() - 1);
     }
 };
 

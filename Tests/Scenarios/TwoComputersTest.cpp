@@ -25,6 +25,7 @@
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 namespace {
 
@@ -66,6 +67,10 @@ private:
     std::function<void(bool)> m_handler;
 };
 
+QString problemsOf(TestHost &host) {
+    return Verification::problems(host.engine().verify(VerificationMode::Report)).join(u' ');
+}
+
 void revokeEveryone() {
     const QString service = DirectConnection::ClientAuthorizationServiceName;
     const QStringList clients = Keychain::shared().accounts(service).value_or(QStringList());
@@ -103,6 +108,8 @@ int beTheOtherComputer(int argumentCount, char **arguments) {
             const QString service = DirectConnection::ClientAuthorizationServiceName;
             say(QStringLiteral("clients %1")
                     .arg(Keychain::shared().accounts(service).value_or(QStringList()).size()));
+        } else if (command == QStringLiteral("verify")) {
+            say(QStringLiteral("problems ") + problemsOf(host));
         } else if (command == QStringLiteral("stop")) {
             server->stopServing();
         } else {
@@ -262,6 +269,10 @@ private Q_SLOTS:
         QCOMPARE(static_cast<EngineErrorCode>(refused.errorCode), EngineErrorCode::AccessDenied);
         QVERIFY(refused.names.isEmpty());
         QCOMPARE(await(newStore(location)), EngineErrorCode::AccessDenied);
+
+        tell("verify");
+        QCOMPARE(awaitLine(QStringLiteral("problems")), QStringLiteral("problems"));
+        QCOMPARE(problemsOf(host), QString());
 
         // Gone from the list when it stops serving.
         tell("stop");

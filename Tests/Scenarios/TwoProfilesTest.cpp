@@ -22,6 +22,7 @@
 #include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 #include "Support/WebDAVServer.h"
 
 namespace {
@@ -50,6 +51,9 @@ public:
         }
         if (name == QStringLiteral("import")) {
             return import();
+        }
+        if (name == QStringLiteral("verify")) {
+            return verify();
         }
         return answerForDatabase(command);
     }
@@ -194,6 +198,12 @@ private:
         return QTest::qWaitFor(areHere, Patience) && isClosed ? names.join(u',') : lastLogged();
     }
 
+    QString verify() {
+        const QStringList problems =
+            Verification::problems(m_host.engine().verify(VerificationMode::Report));
+        return problems.isEmpty() ? QStringLiteral("done") : problems.join(u' ');
+    }
+
     static QString contents(const NoteDatabase &database) {
         QStringList lines;
         const QList<Note> notes = database.notes().value();
@@ -311,6 +321,12 @@ class TwoProfilesTest : public QObject {
         QCOMPARE(contents(there), conflict);
         QVERIFY2(conflict.contains(QStringLiteral("Harvest early.")), qPrintable(conflict));
         QVERIFY2(conflict.contains(QStringLiteral("Harvest late.")), qPrintable(conflict));
+        verify(here, there);
+    }
+
+    void verify(OtherProcess &here, OtherProcess &there) {
+        QCOMPARE(here.ask({QStringLiteral("verify")}), Done);
+        QCOMPARE(there.ask({QStringLiteral("verify")}), Done);
     }
 
     void tellTheStoryAt(OtherProcess &here, OtherProcess &there) {
@@ -392,6 +408,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(contents(there), contents(here), Patience);
         QVERIFY(contents(here).contains(QStringLiteral("Harvest early.")));
         QVERIFY(contents(here).contains(QStringLiteral("Harvest late.")));
+        verify(here, there);
     }
 };
 

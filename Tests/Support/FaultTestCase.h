@@ -4,13 +4,13 @@
 
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/FirstContents.h"
+#include "Engine/Notes/NoteConversion.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
-#include "Engine/Synchronization/VerificationSession.h"
-#include "Support/Failure.h"
 #include "Support/RunSession.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// Base of tests that tell the same stories again and again, each time with another failure.
 /// VELMORA_EVERY_FAULT=1 tries every failure rather than some of them.
@@ -51,7 +51,7 @@ protected:
                 .open(
                     m_folder,
                     [this] { return writeFirstContents(m_profile, FirstContents::Inbox); },
-                    [] { return Expected<void>(); })
+                    [this] { return convertOldNotes(m_profile); })
                 .and_then([this] { return m_library.load(); });
         }
 
@@ -91,11 +91,14 @@ protected:
                 [this](const Note &removed) { return database()->removeNote(removed); });
         }
 
+        static StoreSession::Subject subject(const QString &UUID) {
+            return {UUID, QStringLiteral("Projects"), QStringLiteral("store")};
+        }
+
         /// Returns the problems with single records.
         template <class Session>
         Expected<QList<Error>> run(const QString &UUID, BlobStore &store) {
-            Session session(m_profile, m_library,
-                            {UUID, QStringLiteral("Projects"), QStringLiteral("store")});
+            Session session(m_profile, m_library, subject(UUID));
             return runSession(session, store).map([&] { return session.problems(); });
         }
 
@@ -173,39 +176,24 @@ protected:
             });
     }
 
-    /// The store has all that the profile has, and the other way round.
-    void verifySame(const QString &profile, BlobStore &store) const {
-        Computer computer(profile);
-        orThrow(computer.open());
-        const Expected<QList<Error>> problems = computer.run<VerificationSession>(m_UUID, store);
-        QCOMPARE(description(problems), QString());
-        QVERIFY2(
-            problems->isEmpty(),
-            qPrintable(problems->isEmpty() ? QString() : problems->first().localizedDescription));
+    /// Profile and store are sound, and contain the same.
+    void verifySound(const QString &profile, BlobStore &store) const {
+        {
+            Computer computer(profile);
+            orThrow(computer.open());
+            QCOMPARE(Verification::problems(computer.profile(), computer.library(),
+                                            Computer::subject(m_UUID), store),
+                     QStringList());
+        }
+        QCOMPARE(Verification::problems(profile), QStringList());
     }
 
     /// After synchronizing without a failure everyone has everything.
     void verifyNothingIsLost(const QString &profile, BlobStore &store) {
-        Computer computer(profile);
-        orThrow(computer.open());
-        Contents expected = computer.contents();
-        const bool isImported = expected.size() > 1;
-        if (!isImported) {
-            expected = {{{}, QStringLiteral("Projects")},
-                        {QStringLiteral("a"), text()},
-                        {QStringLiteral("b"), text()}};
-        }
-        expected.insert(QStringLiteral("c"), Changed);
-        expected.insert(QStringLiteral("remote"), text());
-        orThrow(computer.run<SyncSession>(m_UUID, store));
-        orThrow(computer.run<CleanSession>(m_UUID, store));
-        QCOMPARE(computer.contents(), expected);
         const QString third = newFolder();
-        copyProfile(folder(QStringLiteral("Unused")), third);
-        Computer other(third);
-        orThrow(other.open());
-        orThrow(other.run<SyncSession>(m_UUID, store));
-        QCOMPARE(other.contents(), expected);
+        verifyContents(profile, third, store);
+        verifySound(profile, store);
+        verifySound(third, store);
     }
 
     static bool isThorough() { return qEnvironmentVariableIsSet("VELMORA_EVERY_FAULT"); }
@@ -225,6 +213,29 @@ protected:
     }
 
 private:
+    /// Synchronizes the computer at `profile` and a new one at `third`.
+    void verifyContents(const QString &profile, const QString &third, BlobStore &store) const {
+        Computer computer(profile);
+        orThrow(computer.open());
+        Contents expected = computer.contents();
+        const bool isImported = expected.size() > 1;
+        if (!isImported) {
+            expected = {{{}, QStringLiteral("Projects")},
+                        {QStringLiteral("a"), text()},
+                        {QStringLiteral("b"), text()}};
+        }
+        expected.insert(QStringLiteral("c"), Changed);
+        expected.insert(QStringLiteral("remote"), text());
+        orThrow(computer.run<SyncSession>(m_UUID, store));
+        orThrow(computer.run<CleanSession>(m_UUID, store));
+        QCOMPARE(computer.contents(), expected);
+        copyProfile(folder(QStringLiteral("Unused")), third);
+        Computer other(third);
+        orThrow(other.open());
+        orThrow(other.run<SyncSession>(m_UUID, store));
+        QCOMPARE(other.contents(), expected);
+    }
+
     QTemporaryDir m_folder;
     QString m_UUID;
     int m_count = 0;

@@ -10,6 +10,7 @@
 #include <QtWidgets/QTextBrowser>
 
 #include "Application/Interface/NoteLibrary.h"
+#include "Application/Interface/SyncPlugIn.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"
@@ -19,6 +20,7 @@
 #include "Support/DropboxServer.h"
 #include "Support/FreePort.h"
 #include "Support/SecretService.h"
+#include "Support/Verification.h"
 #include "Tour/Person.h"
 #include "Tour/Screen.h"
 
@@ -97,6 +99,7 @@ void Tour::run() {
     readLog();
     takeEdit();
     importDatabase();
+    verify();
     leave();
 }
 
@@ -357,6 +360,16 @@ void Tour::importDatabase() {
     Person::turnTo(MainTitle);
     Person::clickItem(QStringLiteral("Databases"), OtherComputer::Database);
     show(QStringLiteral("imported-notes"), QStringLiteral("The same notes can be read."));
+}
+
+/// What came from one location is sent to the others before.
+void Tour::verify() {
+    Person::turnTo(PanelTitle);
+    synchronizeChosenDatabase();
+    const QStringList problems = onMainThread([this] {
+        return Verification::problems(m_surroundings.sync.verify(VerificationMode::Report));
+    });
+    check(problems.isEmpty(), problems.join(u'\n'));
 }
 
 void Tour::leave() {

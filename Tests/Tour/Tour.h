@@ -11,6 +11,7 @@
 class DropboxBrowser;
 class DropboxServer;
 class NoteLibrary;
+class SyncPlugIn;
 class QTextBrowser;
 class SecretService;
 
@@ -22,6 +23,7 @@ public:
     struct Surroundings {
         /// The profile's, which is new and sandboxed.
         NoteLibrary &library;
+        SyncPlugIn &sync;
         const SecretService &keyring;
         const DropboxServer &dropbox;
         const DropboxBrowser &browser;
@@ -55,6 +57,7 @@ private:
     void readLog();
     void takeEdit();
     void importDatabase();
+    void verify();
     void leave();
 
     void openAddMenu(const QString &item);

@@ -127,9 +127,9 @@ int open(VelmoraApplication &application, const QString &folder, const QString &
         window.move(40, 60);
         window.show();
         window.showPreferences()->move(220, 160);
-        exitCode = walk(
-            {*sync->library(), keyring, dropbox, browser, browserWindow, folder, nameInNetwork},
-            page);
+        exitCode = walk({*sync->library(), *sync, keyring, dropbox, browser, browserWindow, folder,
+                         nameInNetwork},
+                        page);
         window.close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }

@@ -7,6 +7,7 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 #include "Support/DropboxTestCase.h"
+#include "Support/Failure.h"
 #include "Support/FaultTestCase.h"
 #include "Support/FaultyProxy.h"
 #include "Support/MemoryStore.h"
@@ -180,7 +181,7 @@ private:
         const auto store = storeAtServer(service);
         if (!isReported) {
             QCOMPARE(outcome.contents, sound.contents);
-            verifySame(profile, *store);
+            verifySound(profile, *store);
         }
         FaultyProxy &proxy = proxyOf(service);
         orThrow(store->open(EngineFuture()));
@@ -190,7 +191,6 @@ private:
         proxy.deliverHeld();
         verifyNothingIsLost(profile, *store);
         QVERIFY(!hasSetAside(*store));
-        verifySame(profile, *store);
         QDir(profile).removeRecursively();
     }
 

@@ -2,6 +2,7 @@
 #include "Engine/Stores/Folder/FolderGrants.h"
 #include "Engine/Stores/Folder/FolderStore.h"
 #include "Host/SyncStoreLayout.h"
+#include "Support/Failure.h"
 #include "Support/FaultTestCase.h"
 #include "Support/FaultyFolder.h"
 #include "Support/TestLocation.h"
@@ -130,7 +131,7 @@ private:
         const std::unique_ptr<FolderStore> store = storeAt(path);
         if (!isReported) {
             QCOMPARE(outcome.contents, sound.contents);
-            verifySame(profile, *store);
+            verifySound(profile, *store);
         }
         // An error may keep an unfinished file from being removed.
         QVERIFY(fault == Fault::Error || files(path, QStringLiteral(".new-")).isEmpty());

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QtCore/QStringList>
+
+#include "Application/Interface/VerificationReport.h"
+#include "Engine/Synchronization/StoreSession.h"
+
+/// What "velmora verify" finds at the end of a test. All functions return one text for each
+/// problem, and nothing if everything is in order. They must be called on the main thread.
+namespace Verification {
+
+QStringList problems(const VerificationReport &report);
+/// Verifies the profile in the folder `directory`, which must not be open, and what it synchronizes
+/// with.
+QStringList problems(const QString &directory);
+/// Verifies the database `subject` of an open profile and what `store` has of it.
+QStringList problems(const ProfileDatabase &profile, EngineNoteLibrary &library,
+                     const StoreSession::Subject &subject, BlobStore &store);
+
+}  // namespace Verification
