@@ -11,6 +11,7 @@
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Support/Failure.h"
+#include "Support/OldProfile.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -210,30 +211,7 @@ private Q_SLOTS:
 
     void convertsTheNotesOfTheFirstVersion() {
         QVERIFY(QDir().mkdir(folder()));
-        const QString UUID = QStringLiteral("11111111-1111-4111-8111-111111111111");
-        for (const QString &statement :
-             {QStringLiteral(
-                  "CREATE TABLE settings (key TEXT PRIMARY KEY NOT NULL, value NOT NULL)"),
-              QStringLiteral("CREATE TABLE databases (id INTEGER PRIMARY KEY AUTOINCREMENT, uuid"
-                             " TEXT NOT NULL UNIQUE, name TEXT NOT NULL, is_inbox INTEGER NOT NULL"
-                             " DEFAULT 0, is_open INTEGER NOT NULL DEFAULT 1)"),
-              QStringLiteral(
-                  "CREATE UNIQUE INDEX one_inbox ON databases (is_inbox) WHERE is_inbox"),
-              QStringLiteral(
-                  "CREATE TABLE notes (id INTEGER PRIMARY KEY AUTOINCREMENT,"
-                  " database_uuid TEXT NOT NULL REFERENCES databases (uuid) ON DELETE"
-                  " CASCADE, uuid TEXT NOT NULL, title TEXT NOT NULL, text TEXT NOT NULL,"
-                  " modified INTEGER, UNIQUE (database_uuid, uuid))"),
-              QStringLiteral(
-                  "INSERT INTO databases (uuid, name, is_inbox) VALUES ('i', 'Inbox', 1)"),
-              QStringLiteral("INSERT INTO databases (uuid, name) VALUES ('%1', 'Plans')").arg(UUID),
-              QStringLiteral("INSERT INTO notes (database_uuid, uuid, title, text, modified)"
-                             " VALUES ('%1', '%1', 'Title', 'Text', 5)")
-                  .arg(UUID),
-              QStringLiteral("PRAGMA application_id = %1").arg(ProfileInspection::ApplicationId),
-              QStringLiteral("PRAGMA user_version = 1")}) {
-            execute(file(), statement);
-        }
+        OldProfile::write(file(), 1, QStringLiteral("Text"));
         for (int time = 0; time < 2; ++time) {
             ProfileDatabase profile;
             QCOMPARE(description(
@@ -247,9 +225,9 @@ private Q_SLOTS:
             QCOMPARE(log.name(), QStringLiteral("Plans"));
             const QList<Note> notes = log.notes().value();
             QCOMPARE(notes.size(), 1);
-            QCOMPARE(notes.first().UUID, UUID);
+            QCOMPARE(notes.first().UUID, OldProfile::UUID);
             QCOMPARE(notes.first().text, QStringLiteral("Text"));
-            QCOMPARE(notes.first().modified, QDateTime::fromMSecsSinceEpoch(5));
+            QCOMPARE(notes.first().modified, QDateTime::fromMSecsSinceEpoch(OldProfile::Modified));
             QCOMPARE(profile.value(QStringLiteral("PRAGMA user_version")),
                      ProfileInspection::SchemaVersion);
         }

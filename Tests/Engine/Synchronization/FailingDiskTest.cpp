@@ -2,6 +2,7 @@
 #include "Support/FaultTestCase.h"
 #include "Support/FaultyFileSystem.h"
 #include "Support/MemoryStore.h"
+#include "Support/OldProfile.h"
 
 Q_DECLARE_METATYPE(FaultyFileSystem::Fault)
 Q_DECLARE_METATYPE(FaultyFileSystem::Duration)
@@ -142,6 +143,48 @@ private Q_SLOTS:
         const qint64 calls = countCalls(told, fault, &before, &after);
         forCalls(calls, 8,
                  [&](qint64 call) { verifyFailure(told, fault, call, duration, before, after); });
+    }
+
+    void aMigrationLosesNothing_data() {
+        QTest::addColumn<Fault>("fault");
+        QTest::addColumn<Duration>("duration");
+        QTest::addRow("one error") << Fault::Error << Duration::Once;
+        QTest::addRow("errors") << Fault::Error << Duration::FromThenOn;
+        QTest::addRow("full for a moment") << Fault::Full << Duration::Once;
+        QTest::addRow("full") << Fault::Full << Duration::FromThenOn;
+    }
+    void aMigrationLosesNothing() {
+        QFETCH(Fault, fault);
+        QFETCH(Duration, duration);
+        const QString old = folder(QStringLiteral("Old"));
+        if (!QFileInfo::exists(old)) {
+            QVERIFY(QDir().mkdir(old));
+            OldProfile::write(old + QStringLiteral("/profile.sqlite"), 30, text());
+        }
+        Contents expected{{{}, QStringLiteral("Plans")}};
+        for (int i = 0; i < 30; ++i) {
+            expected.insert(QString::number(i), text());
+        }
+        const auto open = [&](qint64 call, const QString &profile, qint64 *calls) {
+            copyProfile(old, profile);
+            Computer computer(profile);
+            const FaultyFileSystem disk(fault, call, duration);
+            const Expected<void> opened = computer.open();
+            *calls = disk.calls();
+            return opened;
+        };
+        qint64 calls = 0;
+        QVERIFY(open(std::numeric_limits<qint64>::max(), newFolder(), &calls));
+        forCalls(calls, 12, [&](qint64 call) {
+            const QString profile = newFolder();
+            qint64 count = 0;
+            const Expected<void> opened = open(call, profile, &count);
+            QVERIFY(count >= call);
+            QVERIFY(opened || !description(opened).isEmpty());
+            QCOMPARE(contentsAt(profile), expected);
+            QCOMPARE(Verification::problems(profile), QStringList());
+            QDir(profile).removeRecursively();
+        });
     }
 
     /// So many operations are sorted in a temporary file, which may be on another disk.
