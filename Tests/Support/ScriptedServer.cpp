@@ -65,6 +65,16 @@ void ScriptedServer::Connection::sendSlowly(const QByteArray &bytes) {
     }
 }
 
+void ScriptedServer::Connection::awaitBytes() {
+    while (isOpen() && m_socket.bytesAvailable() == 0) {
+        m_socket.waitForReadyRead(LookInterval);
+    }
+}
+
+void ScriptedServer::Connection::ignore() {
+    m_isEnding.wait(false);
+}
+
 void ScriptedServer::Connection::close() {
     m_socket.disconnectFromHost();
 }
@@ -91,6 +101,7 @@ ScriptedServer::ScriptedServer(Script script) : m_script(std::move(script)) {
 
 ScriptedServer::~ScriptedServer() {
     m_isEnding = true;
+    m_isEnding.notify_all();
     m_thread->wait();
 }
 

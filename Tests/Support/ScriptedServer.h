@@ -26,6 +26,10 @@ public:
         /// Sends `bytes` one after the other, with pauses, until the client closes or the test
         /// ends.
         void sendSlowly(const QByteArray &bytes);
+        /// Waits until the client has sent anything or closed.
+        void awaitBytes();
+        /// Reads nothing more until the test ends.
+        void ignore();
         /// Close the connection: in order, and as a server does that has crashed.
         void close();
         void reset();

@@ -13,6 +13,7 @@
 #include "Support/StallMeter.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/TestWebDAVStore.h"
 
 namespace {
 
@@ -118,6 +119,26 @@ class HostileServersTest : public QObject {
                 ->createBlobStore();
         return [store](EngineFuture &future) { return code(store->open(future)); };
     }
+    /// The store of a server with short deadlines.
+    std::shared_ptr<BlobStore> impatientStore(ScriptedServer::Script script,
+                                              const QString &scheme = QStringLiteral("http")) {
+        m_server = std::make_unique<ScriptedServer>(std::move(script));
+        return webDAVStoreWithoutEngine(m_server->URLText(QStringLiteral("a.qvSyncStore"))
+                                            .replace(QStringLiteral("http"), scheme),
+                                        {std::chrono::seconds(1), std::chrono::seconds(3)});
+    }
+    Visit impatient(ScriptedServer::Script script, const QString &scheme = QStringLiteral("http")) {
+        const auto store = impatientStore(std::move(script), scheme);
+        return [store](EngineFuture &future) { return code(store->open(future)); };
+    }
+    Visit impatientUpload(ScriptedServer::Script script) {
+        const auto store = impatientStore(std::move(script));
+        return [store](EngineFuture &future) {
+            // More than the system buffers.
+            return code(store->writeIfAbsent(QStringLiteral("transactions/a"),
+                                             QByteArray(32 << 20, 'x'), future));
+        };
+    }
     Visit dropbox(ScriptedServer::Script script) {
         m_server = std::make_unique<ScriptedServer>(std::move(script));
         const QString address = QStringLiteral("http://127.0.0.1:%1").arg(m_server->port());
@@ -183,6 +204,37 @@ class HostileServersTest : public QObject {
                      multiStatusAround(
                          QByteArray(response).replace("a.qv", "b.qv").repeated(50'000))));
              }},
+            {QStringLiteral("WebDAV: silence (deadlines of 1 s and 3 s)"),
+             [&] {
+                 return impatient([](Connection &connection) { connection.waitUntilClosed(); });
+             }},
+            {QStringLiteral("WebDAV: slow header fields (deadlines of 1 s and 3 s)"),
+             [&] {
+                 return impatient([](Connection &connection) {
+                     connection.readRequest();
+                     connection.sendSlowly("HTTP/1.1 207 Multi-Status\r\n" +
+                                           QByteArray("X-A: b\r\n").repeated(1000));
+                 });
+             }},
+            {QStringLiteral("WebDAV: slow body (deadlines of 1 s and 3 s)"),
+             [&] {
+                 return impatient([](Connection &connection) {
+                     connection.readRequest();
+                     connection.send("HTTP/1.1 207 Multi-Status\r\nContent-Length: 9999\r\n\r\n");
+                     connection.sendSlowly(QByteArray(9999, ' '));
+                 });
+             }},
+            {QStringLiteral("WebDAV: request that is not read (deadlines of 1 s and 3 s)"),
+             [&] { return impatientUpload([](Connection &connection) { connection.ignore(); }); }},
+            {QStringLiteral("WebDAV: reset after the TLS hello"),
+             [&] {
+                 return impatient(
+                     [](Connection &connection) {
+                         connection.awaitBytes();
+                         connection.reset();
+                     },
+                     QStringLiteral("https"));
+             }},
             {QStringLiteral("Dropbox: listing without end"),
              [&] {
                  const QByteArray entry =
@@ -241,6 +293,15 @@ private Q_SLOTS:
         QTest::newRow("WebDAV: 200,000 attributes") << Code::StoreUnreachable << 5000;
         QTest::newRow("WebDAV: 50,000 responses of another folder")
             << Code::StoreUnreachable << 20000;
+        QTest::newRow("WebDAV: silence (deadlines of 1 s and 3 s)")
+            << Code::StoreUnreachable << 5000;
+        QTest::newRow("WebDAV: slow header fields (deadlines of 1 s and 3 s)")
+            << Code::StoreUnreachable << 5000;
+        QTest::newRow("WebDAV: slow body (deadlines of 1 s and 3 s)")
+            << Code::StoreUnreachable << 5000;
+        QTest::newRow("WebDAV: request that is not read (deadlines of 1 s and 3 s)")
+            << Code::StoreUnreachable << 5000;
+        QTest::newRow("WebDAV: reset after the TLS hello") << Code::StoreUnreachable << 5000;
         QTest::newRow("Dropbox: listing without end") << Code::BlobRefused << 60000;
         QTest::newRow("Dropbox: page of empty lists") << Code::StoreUnreachable << 20000;
         QTest::newRow("OAuth: endless answer of the token endpoint") << Code::BlobRefused << 10000;
