@@ -18,7 +18,7 @@ enum class EngineErrorCode {
     BlobMissing,
     /// A blob is too long, not a plain file, or has a name that is not valid for a blob.
     BlobRefused,
-    /// The store denies access: wrong password, missing permission, or read-only.
+    /// The store denies access, for example because a permission is missing.
     AccessDenied,
     StoreFull,
     /// The server cannot prove its identity.
@@ -37,6 +37,10 @@ enum class EngineErrorCode {
     RecordRepaired,
     /// A synchronization would remove many notes, and the user has not decided.
     RemovalUndecided,
+    /// The server does not accept the user name and password.
+    PasswordRefused,
+    /// The store can be read but not written.
+    ReadOnly,
 };
 
 /// Returns an error whose message to the user is `description`, a complete sentence.

@@ -1,5 +1,6 @@
 #include "Engine/Locations/EngineLocationsController.h"
 
+#include "Engine/Locations/ResultColumns.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Schedules/ScheduleColumns.h"
 #include "Platform/Foundation/Assertion.h"
@@ -25,6 +26,7 @@ EngineSyncState::Values stateValues(const QSqlQuery &row) {
         .syncOnClose = row.value(5).toBool(),
         .schedule = ScheduleColumns{row.value(7), row.value(8), row.value(9)}.schedule(),
         .lastSynced = date(row.value(6)),
+        .lastResult = ResultColumns::result(row, 10),
     };
 }
 
@@ -70,8 +72,9 @@ Expected<void> EngineLocationsController::loadStates() {
     }
     return m_profile.read(
         QStringLiteral("SELECT location_uuid, database_uuid, database_name, enabled, sync_on_open,"
-                       " sync_on_close, last_synced, schedule, schedule_minutes, schedule_days"
-                       " FROM states ORDER BY id"),
+                       " sync_on_close, last_synced, schedule, schedule_minutes, schedule_days, %1"
+                       " FROM states ORDER BY id")
+            .arg(ResultColumns::Names),
         {}, [&](const QSqlQuery &row) {
             if (EngineSyncLocation *location = locations.value(row.value(0).toString())) {
                 location->restoreState(row.value(1).toString(), row.value(2).toString(),
@@ -189,7 +192,7 @@ Expected<void> EngineLocationsController::writeStates() const {
     Expected<QSqlQuery> query = m_profile.prepare(
         QStringLiteral("INSERT INTO states (location_uuid, database_uuid, database_name, enabled,"
                        " sync_on_open, sync_on_close, last_synced, schedule, schedule_minutes,"
-                       " schedule_days) SELECT ?, ?, ?, ?, ?, ?, ?, ?, ?, ?"
+                       " schedule_days, %1) SELECT ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, %2"
                        " WHERE EXISTS (SELECT 1 FROM locations WHERE uuid = ?)"
                        " ON CONFLICT (location_uuid, database_uuid) DO UPDATE SET"
                        " database_name = excluded.database_name, enabled = excluded.enabled,"
@@ -197,7 +200,9 @@ Expected<void> EngineLocationsController::writeStates() const {
                        " sync_on_close = excluded.sync_on_close,"
                        " last_synced = excluded.last_synced, schedule = excluded.schedule,"
                        " schedule_minutes = excluded.schedule_minutes,"
-                       " schedule_days = excluded.schedule_days"));
+                       " schedule_days = excluded.schedule_days,"
+                       " (%1) = (%3)")
+            .arg(ResultColumns::Names, ResultColumns::Placeholders, ResultColumns::NewValues));
     if (!query) {
         return failure(query.error());
     }
@@ -209,6 +214,7 @@ Expected<void> EngineLocationsController::writeStates() const {
             }
             if (Expected<void> written =
                     m_profile.run(*query, columnsOf(location->identifier(), *state) +
+                                              ResultColumns::values(state->lastResult()) +
                                               QVariantList{location->identifier()});
                 !written) {
                 return written;

@@ -22,6 +22,12 @@ EngineSyncLocation::EngineSyncLocation(const QString &identifier, const QString 
 void EngineSyncLocation::setURL(const Url &URL) {
     m_URL = URL;
     m_URLText = URL.absoluteString();
+    const QList<std::shared_ptr<EngineSyncState>> states = m_engineStates;
+    for (const std::shared_ptr<EngineSyncState> &state : states) {
+        if (state->lastResult() && state->lastResult()->error) {
+            state->setLastResult({});
+        }
+    }
     KeyValue::announce<&QVSyncLocation::URLChanged>(this);
 }
 

@@ -21,7 +21,8 @@ public:
 
     /// Returns nil if there is no URL or its text cannot be parsed.
     Url URL() const override { return m_URL; }
-    /// Later stores are those of the kind of the new URL.
+    /// Later stores are those of the kind of the new URL. Failures with the former one are
+    /// forgotten.
     void setURL(const Url &URL) override;
     QVSyncStates synchronizationStates() const override { return m_states; }
     /// These are O(1).

@@ -49,3 +49,9 @@ void EngineSyncState::setLastSynced(const QDateTime &lastSynced) {
     m_isChanged = true;
     KeyValue::announce<&QVSyncState::lastSyncedChanged>(this);
 }
+
+void EngineSyncState::setLastResult(const std::optional<QVSyncResult> &lastResult) {
+    m_values.lastResult = lastResult;
+    m_isChanged = true;
+    KeyValue::announce<&EngineSyncState::lastResultChanged>(this);
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Host/QVSyncResult.h"
 #include "Host/QVSyncState.h"
 
 class EngineSyncLocation;
@@ -8,6 +9,7 @@ class EngineSyncLocation;
 /// whether they differ from the row. Shared ownership; must be used on the main thread.
 class EngineSyncState : public QVSyncState {
     Q_OBJECT
+    Q_PROPERTY(std::optional<QVSyncResult> lastResult READ lastResult NOTIFY lastResultChanged)
 public:
     /// The values of a state that can change.
     struct Values {
@@ -18,6 +20,8 @@ public:
         QVSyncSchedulePtr schedule;
         /// Invalid if the database was never synchronized with the location.
         QDateTime lastSynced;
+        /// Empty if no job has ended yet.
+        std::optional<QVSyncResult> lastResult = {};
     };
 
     /// A new state is marked as changed. `destination` is weak because the location owns its
@@ -46,10 +50,16 @@ public:
     void setDatabaseName(const QString &databaseName);
     /// Called by the dispatcher after a successful synchronization. Announces "lastSynced".
     void setLastSynced(const QDateTime &lastSynced);
+    const std::optional<QVSyncResult> &lastResult() const { return m_values.lastResult; }
+    /// Called by the dispatcher when a job has ended. Announces "lastResult".
+    void setLastResult(const std::optional<QVSyncResult> &lastResult);
 
     /// Returns whether a value was set since the state was last saved.
     bool isChanged() const { return m_isChanged; }
     void setChanged(bool isChanged) { m_isChanged = isChanged; }
+
+Q_SIGNALS:
+    void lastResultChanged();
 
 private:
     /// Weak, because the location owns its states.

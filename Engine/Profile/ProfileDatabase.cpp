@@ -73,6 +73,8 @@ QStringList schema() {
                        " enabled INTEGER NOT NULL, sync_on_open INTEGER NOT NULL,"
                        " sync_on_close INTEGER NOT NULL, last_synced INTEGER,"
                        " schedule TEXT, schedule_minutes INTEGER, schedule_days INTEGER,"
+                       " result_date INTEGER, result_reason TEXT, result_summary TEXT,"
+                       " result_received INTEGER, result_sent INTEGER, result_problems INTEGER,"
                        " UNIQUE (location_uuid, database_uuid))"),
         QStringLiteral("CREATE TABLE IF NOT EXISTS grants (id INTEGER PRIMARY KEY AUTOINCREMENT,"
                        " path TEXT NOT NULL UNIQUE)"),
@@ -100,6 +102,13 @@ QStringList schema() {
         QStringLiteral("PRAGMA application_id = %1").arg(ProfileInspection::ApplicationId),
         QStringLiteral("PRAGMA user_version = %1").arg(ProfileInspection::SchemaVersion),
     };
+}
+
+/// The columns that version 4 has added to the table "states", with their types.
+QStringList columnsOfResults() {
+    return {QStringLiteral("result_date INTEGER"), QStringLiteral("result_reason TEXT"),
+            QStringLiteral("result_summary TEXT"), QStringLiteral("result_received INTEGER"),
+            QStringLiteral("result_sent INTEGER"), QStringLiteral("result_problems INTEGER")};
 }
 
 tl::unexpected<Error> openingFailure(const char *text, const QString &path) {
@@ -219,9 +228,10 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
     if (version->toInt() == ProfileInspection::OldestSchemaVersion) {
         return upgradeNotes(convertNotes);
     }
-    return version->toInt() < ProfileInspection::SchemaVersion
-               ? write([&] { return createMissingTables(); })
-               : Expected<void>();
+    return version->toInt() < ProfileInspection::SchemaVersion ? write([&] {
+        return addMissingColumns().and_then([&] { return createMissingTables(); });
+    })
+                                                               : Expected<void>();
 }
 
 Expected<void> ProfileDatabase::create(const Changes &fill) const {
@@ -233,6 +243,7 @@ Expected<void> ProfileDatabase::upgradeNotes(const Changes &convertNotes) const 
         return runAll({QStringLiteral("ALTER TABLE notes RENAME TO old_notes"),
                        QStringLiteral(
                            "ALTER TABLE databases ADD COLUMN sent INTEGER NOT NULL DEFAULT 0")})
+            .and_then([&] { return addMissingColumns(); })
             .and_then([&] { return createMissingTables(); })
             .and_then(convertNotes)
             .and_then([&] { return run(QStringLiteral("DROP TABLE old_notes")); });
@@ -241,6 +252,20 @@ Expected<void> ProfileDatabase::upgradeNotes(const Changes &convertNotes) const 
 
 Expected<void> ProfileDatabase::createMissingTables() const {
     return runAll(schema());
+}
+
+Expected<void> ProfileDatabase::addMissingColumns() const {
+    QStringList present;
+    const Expected<void> done =
+        read(QStringLiteral("SELECT name FROM pragma_table_info('states')"), {},
+             [&](const QSqlQuery &row) { present.append(row.value(0).toString()); });
+    QStringList statements;
+    for (const QString &column : columnsOfResults()) {
+        if (!present.isEmpty() && !present.contains(column.section(u' ', 0, 0))) {
+            statements.append(QStringLiteral("ALTER TABLE states ADD COLUMN ") + column);
+        }
+    }
+    return done.and_then([&] { return runAll(statements); });
 }
 
 Expected<void> ProfileDatabase::runAll(const QStringList &statements) const {

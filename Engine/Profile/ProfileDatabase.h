@@ -42,7 +42,7 @@ public:
     /// and calls `fill` to write the first rows, in one transaction. A profile of schema version 1
     /// is upgraded: its table of notes is renamed to "old_notes" and `convertNotes` is called to
     /// write the notes into the current tables, in one transaction, after which "old_notes" is
-    /// dropped. One of version 2 gets the tables that it lacks.
+    /// dropped. One of version 2 or 3 gets the tables and columns that it lacks.
     ///
     /// A new folder and its files are accessible to their owner only. The permissions of the group
     /// and of other users are removed from an existing profile; if they cannot be, the profile is
@@ -97,6 +97,8 @@ private:
                               const Changes &convertNotes);
     Expected<void> openFile(const Changes &fill, const Changes &convertNotes);
     Expected<void> createMissingTables() const;
+    /// Adds the columns that the table "states", if it exists, does not have yet.
+    Expected<void> addMissingColumns() const;
     Expected<void> create(const Changes &fill) const;
     /// Upgrades a profile of schema version 1.
     Expected<void> upgradeNotes(const Changes &convertNotes) const;

@@ -5,8 +5,10 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Locations/EngineSyncLocation.h"
+#include "Engine/Locations/ResultColumns.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Synchronization/FailureSummary.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
 
@@ -179,8 +181,8 @@ void EngineDispatcher::ended(const SyncJob *job) {
     const Entry done = *entry;
     m_running.erase(entry);
     report(done);
-    if (done.state && done.job->result() && done.job->kind() == SyncJob::Kind::Synchronization) {
-        rememberSynchronized(*done.state);
+    if (done.state) {
+        rememberResult(done);
     }
     if (const auto removal = done.job->undecidedRemoval()) {
         askAboutRemoval(done, *removal);
@@ -203,8 +205,7 @@ void EngineDispatcher::report(const Entry &entry) {
                     .arg(QString::number(problems.size() - MostReported), name, entry.title));
     }
     if (const Expected<void> &result = entry.job->result(); !result) {
-        logSync(failureText(entry.job->kind())
-                    .arg(name, entry.title, result.error().localizedDescription));
+        logSync(failureOf(entry));
     } else if (entry.state) {
         logSync(successText(entry.job->kind()).arg(name, entry.title));
     }
@@ -246,24 +247,61 @@ QString EngineDispatcher::nameOf(const StoreSession::Subject &subject) const {
     return database ? database->name() : subject.databaseName;
 }
 
-void EngineDispatcher::rememberSynchronized(QVSyncState &state) {
-    auto &ours = dynamic_cast<EngineSyncState &>(state);
-    const auto location = std::dynamic_pointer_cast<EngineSyncLocation>(state.destination());
-    const auto database = m_library.synchronizedDatabase(ours.databaseUUID());
-    // The name of an inbox stays on its computer.
-    if (database && !database->isInbox()) {
-        ours.setDatabaseName(database->name());
+void EngineDispatcher::rememberResult(const Entry &entry) {
+    const Expected<void> &result = entry.job->result();
+    if (!result && isEngineError(result.error(), EngineErrorCode::Cancelled)) {
+        return;
     }
-    ours.setLastSynced(QDateTime::currentDateTime());
+    auto &state = dynamic_cast<EngineSyncState &>(*entry.state);
+    const auto database = m_library.synchronizedDatabase(state.databaseUUID());
+    const QDateTime now = QDateTime::currentDateTime();
+    if (result && entry.job->kind() == SyncJob::Kind::Synchronization) {
+        // The name of an inbox stays on its computer.
+        if (database && !database->isInbox()) {
+            state.setDatabaseName(database->name());
+        }
+        state.setLastSynced(now);
+    }
+    state.setLastResult(resultOf(entry, now));
+    saveResult(state);
+}
+
+QVSyncResult EngineDispatcher::resultOf(const Entry &entry, const QDateTime &date) const {
+    QVSyncResult result{.date = date,
+                        .error = {},
+                        .summary = {},
+                        .received = entry.job->received(),
+                        .sent = entry.job->sent(),
+                        .problems = entry.job->problems().size()};
+    if (const Expected<void> &ended = entry.job->result(); !ended) {
+        result.error = ended.error();
+        result.error->localizedDescription = failureOf(entry);
+        result.summary = failureSummary(ended.error());
+    }
+    return result;
+}
+
+QString EngineDispatcher::failureOf(const Entry &entry) const {
+    return failureText(entry.job->kind())
+        .arg(nameOf(entry.job->subject()), entry.title,
+             entry.job->result().error().localizedDescription);
+}
+
+void EngineDispatcher::saveResult(const EngineSyncState &state) {
+    const auto location = std::dynamic_pointer_cast<EngineSyncLocation>(state.destination());
     if (!location) {
         return;
     }
     // Only these columns: other changes of the state are saved when the user saves them.
+    const QVariant synchronized =
+        state.lastSynced().isValid() ? state.lastSynced().toMSecsSinceEpoch() : QVariant();
     const Expected<void> written = m_profile.run(
-        QStringLiteral("UPDATE states SET last_synced = ?, database_name = ?"
-                       " WHERE location_uuid = ? AND database_uuid = ?"),
-        {ours.lastSynced().toMSecsSinceEpoch(), ProfileDatabase::text(ours.databaseName()),
-         location->identifier(), ours.databaseUUID()});
+        QStringLiteral("UPDATE states SET last_synced = ?, database_name = ?, (%1) = (%2)"
+                       " WHERE location_uuid = ? AND database_uuid = ?")
+            .arg(ResultColumns::Names, ResultColumns::Placeholders),
+        QVariantList{synchronized, ProfileDatabase::text(state.databaseName())} +
+            ResultColumns::values(state.lastResult()) +
+            QVariantList{location->identifier(), state.databaseUUID()});
     if (!written) {
         logSync(written.error().localizedDescription);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Engine/Locations/EngineSyncState.h"
 #include "Engine/Synchronization/SyncJob.h"
 #include "Host/QVSyncDispatcher.h"
 
@@ -72,8 +73,14 @@ private:
     void askAboutRemoval(const Entry &entry, const StoreSession::Removal &removal);
     /// Synchronizes again, with what the user has decided.
     void synchronizeAgain(const Entry &entry, const SyncSession::Decision &decision);
-    /// Sets and stores the date of the last synchronization.
-    void rememberSynchronized(QVSyncState &state);
+    /// Sets and saves the result of a job, and the date if it was a successful synchronization. A
+    /// cancelled job has no result.
+    void rememberResult(const Entry &entry);
+    QVSyncResult resultOf(const Entry &entry, const QDateTime &date) const;
+    /// Returns what has failed, and why, for the user. The job must have failed.
+    QString failureOf(const Entry &entry) const;
+    /// Writes what a job has changed of `state`. A failure is logged.
+    void saveResult(const EngineSyncState &state);
 
     const ProfileDatabase &m_profile;
     EngineNoteLibrary &m_library;

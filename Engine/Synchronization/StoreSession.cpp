@@ -105,6 +105,7 @@ Expected<void> StoreSession::writeTransaction(BlobStore &store, const EngineFutu
 }
 
 Expected<void> StoreSession::recordWrittenTransaction() {
-    return m_profile.write(
-        [this] { return known().add(m_transactionName, m_transaction, m_writtenSize); });
+    return m_profile
+        .write([this] { return known().add(m_transactionName, m_transaction, m_writtenSize); })
+        .map([this] { m_sent += m_transaction.operations.size(); });
 }

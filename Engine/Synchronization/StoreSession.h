@@ -70,6 +70,10 @@ public:
     bool isDone() const { return m_isDone; }
     /// Returns the problems with single records, which did not prevent the others from being read.
     const QList<Error> &problems() const { return m_problems; }
+    /// Return the numbers of changes of notes that were read from the store and merged, and that
+    /// were written to it. Must be called on the main thread.
+    qint64 received() const { return m_received; }
+    qint64 sent() const { return m_sent; }
     /// Returns the removal that the user has to decide about, if the session has ended with an
     /// error of the code RemovalUndecided.
     const std::optional<Removal> &undecidedRemoval() const { return m_undecidedRemoval; }
@@ -97,6 +101,7 @@ protected:
     /// Returns the blob name of the transaction record `name`.
     QString path(const QString &name) const;
     void addProblem(const Error &error) { m_problems.append(error); }
+    void addReceived(qint64 count) { m_received += count; }
     void setDone() { m_isDone = true; }
     void setUndecidedRemoval(const Removal &removal) { m_undecidedRemoval = removal; }
 
@@ -126,6 +131,8 @@ private:
     Transaction m_transaction;
     QString m_transactionName;
     qint64 m_writtenSize = 0;
+    qint64 m_received = 0;
+    qint64 m_sent = 0;
     bool m_hasFailedToWriteAll = false;
     std::atomic_bool m_isAbandoned = false;
     /// Locked while a worker thread reads the profile.

@@ -1,6 +1,7 @@
 #include "Engine/Synchronization/SyncJob.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "Engine/Synchronization/CleanSession.h"
@@ -38,6 +39,17 @@ QList<Error> SyncJob::problems() const {
         problems.append(session->problems());
     }
     return problems;
+}
+
+qint64 SyncJob::received() const {
+    return std::accumulate(
+        m_sessions.begin(), m_sessions.end(), qint64(0),
+        [](qint64 sum, const auto &session) { return sum + session->received(); });
+}
+
+qint64 SyncJob::sent() const {
+    return std::accumulate(m_sessions.begin(), m_sessions.end(), qint64(0),
+                           [](qint64 sum, const auto &session) { return sum + session->sent(); });
 }
 
 std::optional<StoreSession::Removal> SyncJob::undecidedRemoval() const {

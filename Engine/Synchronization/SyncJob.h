@@ -39,6 +39,9 @@ public:
     const Expected<void> &result() const { return m_result; }
     /// Returns the problems with single records of the store.
     QList<Error> problems() const;
+    /// Return the numbers of changes of notes that were read from the store and written to it.
+    qint64 received() const;
+    qint64 sent() const;
     /// Returns the removal that the user has to decide about, if the job has failed with an error
     /// of the code RemovalUndecided.
     std::optional<StoreSession::Removal> undecidedRemoval() const;

@@ -432,7 +432,8 @@ Expected<void> SyncSession::mergeTransactions() {
             complete.append(m_read.takeFirst());
         }
     }
-    return library().merge(database(), merge, [&]() -> Expected<void> {
+    const qint64 count = merge.transactions.first().operations.size();
+    const auto rememberKnown = [&]() -> Expected<void> {
         for (const Read &each : complete) {
             if (Expected<void> added = known().add(each.name, each.transaction, each.size);
                 !added) {
@@ -440,7 +441,8 @@ Expected<void> SyncSession::mergeTransactions() {
             }
         }
         return {};
-    });
+    };
+    return library().merge(database(), merge, rememberKnown).map([&] { addReceived(count); });
 }
 
 Expected<void> SyncSession::prepareWriting() {

@@ -393,7 +393,7 @@ Error FolderStore::systemError(int number, const QString &name) const {
                 URL().path());
         case EROFS:
             return engineError(
-                EngineErrorCode::AccessDenied,
+                EngineErrorCode::ReadOnly,
                 "The sync store “%1” is read-only. Change its permissions or choose another one.",
                 URL().path());
         case EACCES:

@@ -360,7 +360,7 @@ Error WebDAVStore::credentialRefused(const Response &response) const {
                            "location. Edit the location to enter it.",
                            m_package.authority());
     }
-    return engineError(EngineErrorCode::AccessDenied,
+    return engineError(EngineErrorCode::PasswordRefused,
                        "The server “%1” does not accept this user name and password. Edit the "
                        "location to correct them.",
                        m_package.authority());

@@ -1,5 +1,6 @@
 #include <QtCore/QProcess>
 
+#include "Engine/Foundation/EngineError.h"
 #include "Engine/Schedules/EngineDailySchedule.h"
 #include "Engine/Schedules/EngineHourlySchedule.h"
 #include "Engine/Schedules/EngineSchedule.h"
@@ -42,6 +43,10 @@ int saveUntilKilled(const QString &directory) {
     }
 }
 
+QString shownReason() {
+    return QStringLiteral("“Inbox” could not be synchronized with “first.example”: It is closed.");
+}
+
 QStringList savedURLTexts(TestHost &host) {
     QStringList texts;
     const Expected<void> read = host.engine().profile().read(
@@ -73,6 +78,53 @@ private Q_SLOTS:
         host.save();
         QCOMPARE(savedURLTexts(host), QStringList{QStringLiteral("https://b.example")});
         QCOMPARE(host.engine().profile().value(QStringLiteral("SELECT count(*) FROM states")), 1);
+    }
+
+    void keepsTheResultOfTheLastJob() {
+        TestHost host;
+        const auto location = host.addLocation(QStringLiteral("https://first.example"));
+        host.addState(location, host.inbox());
+        host.save();
+        const auto restarted = [&] {
+            host.restart();
+            return std::dynamic_pointer_cast<EngineSyncState>(
+                host.locations().syncLocations().first()->synchronizationStates().first());
+        };
+        auto state = restarted();
+        QVERIFY(!QVSyncResult::of(state.get()));
+        const QVSyncResult failed{
+            .date = moment(7),
+            .error = Error{.domain = EngineErrorDomain, .localizedDescription = shownReason()},
+            .summary = QStringLiteral("wrong password")};
+        QSignalSpy announced(state.get(), &EngineSyncState::lastResultChanged);
+        state->setLastResult(failed);
+        QCOMPARE(announced.count(), 1);
+        host.save();
+        state = restarted();
+        QVERIFY(QVSyncResult::of(state.get()) == failed);
+
+        const QVSyncResult succeeded{
+            .date = moment(8), .error = {}, .summary = {}, .received = 3, .sent = 2, .problems = 1};
+        state->setLastResult(succeeded);
+        host.save();
+        state = restarted();
+        QVERIFY(QVSyncResult::of(state.get()) == succeeded);
+    }
+
+    void anEditOfTheLocationForgetsFailuresOnly() {
+        TestHost host;
+        const auto location = host.addLocation(QStringLiteral("https://first.example"));
+        const auto failed =
+            std::dynamic_pointer_cast<EngineSyncState>(host.addState(location, host.inbox()));
+        const auto succeeded = std::dynamic_pointer_cast<EngineSyncState>(
+            host.addState(location, host.addDatabase(QStringLiteral("Projects"))));
+        failed->setLastResult(
+            QVSyncResult{.date = moment(7), .error = Error(), .summary = QString()});
+        succeeded->setLastResult(
+            QVSyncResult{.date = moment(8), .error = {}, .summary = QString()});
+        location->setURL(location->URL());
+        QVERIFY(!failed->lastResult());
+        QVERIFY(succeeded->lastResult());
     }
 
     void keepsLocationsInTheirOrder() {

@@ -1,5 +1,6 @@
 #include "Engine/Notes/NoteHistory.h"
 
+#include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Host/InboxUUID.h"
@@ -278,7 +279,8 @@ private Q_SLOTS:
             QVERIFY(profile().run(QString::fromLatin1(statement)));
         }
         m_host->restart();
-        QCOMPARE(profile().value(QStringLiteral("PRAGMA user_version")).value(), 3);
+        QCOMPARE(profile().value(QStringLiteral("PRAGMA user_version")).value(),
+                 ProfileInspection::SchemaVersion);
         edit(QStringLiteral("a"), QStringLiteral("changed"));
         QCOMPARE(earlierTexts(QStringLiteral("a")), QStringList{QStringLiteral("one")});
     }

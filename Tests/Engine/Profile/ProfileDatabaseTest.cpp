@@ -233,6 +233,41 @@ private Q_SLOTS:
         }
     }
 
+    void addsTheColumnsOfResultsToAnOlderProfile() {
+        const auto columns = [](const ProfileDatabase &profile) {
+            QStringList names;
+            const Expected<void> read =
+                profile.read(QStringLiteral("SELECT name FROM pragma_table_info('states')"), {},
+                             [&](const QSqlQuery &row) { names.append(row.value(0).toString()); });
+            return read ? names : QStringList();
+        };
+        QStringList current;
+        {
+            ProfileDatabase profile;
+            QVERIFY(profile.open(folder(), nothing, nothing));
+            current = columns(profile);
+            QVERIFY(current.contains(QStringLiteral("result_date")));
+            for (const QString &name : std::as_const(current)) {
+                if (name.startsWith(QStringLiteral("result_"))) {
+                    QVERIFY(profile.run(QStringLiteral("ALTER TABLE states DROP COLUMN ") + name));
+                }
+            }
+            QVERIFY(profile.run(
+                QStringLiteral("INSERT INTO locations (uuid, position, url) VALUES ('l', 0, '')")));
+            QVERIFY(profile.run(QStringLiteral(
+                "INSERT INTO states (location_uuid, database_uuid, database_name, enabled,"
+                " sync_on_open, sync_on_close, last_synced) VALUES ('l', 'd', 'D', 1, 0, 0, 5)")));
+            QVERIFY(profile.run(QStringLiteral("PRAGMA user_version = 3")));
+        }
+        ProfileDatabase profile;
+        QVERIFY(profile.open(folder(), nothing, nothing));
+        QCOMPARE(columns(profile), current);
+        QCOMPARE(profile.value(QStringLiteral("SELECT last_synced FROM states")).value(), 5);
+        QVERIFY(profile.value(QStringLiteral("SELECT result_date FROM states")).value().isNull());
+        QCOMPARE(profile.value(QStringLiteral("PRAGMA user_version")).value(),
+                 ProfileInspection::SchemaVersion);
+    }
+
     void refusesANewerVersionThatOnlyTheLogHas() {
         {
             ProfileDatabase profile;

@@ -1,6 +1,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
+#include "Host/QVSyncResult.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/Patience.h"
 #include "Support/TestHost.h"
@@ -283,6 +284,13 @@ private Q_SLOTS:
         synchronize({bad, good});
         QVERIFY(!bad->lastSynced().isValid());
         QVERIFY(good->lastSynced().isValid());
+        const auto failed = QVSyncResult::of(bad.get());
+        QVERIFY(failed && failed->error);
+        QCOMPARE(failed->summary, QStringLiteral("not available"));
+        QCOMPARE(QStringLiteral("Sync: ") + failed->error->localizedDescription, log().first());
+        const auto succeeded = QVSyncResult::of(good.get());
+        QVERIFY(succeeded && !succeeded->error);
+        QCOMPARE(succeeded->date, good->lastSynced());
         QCOMPARE(log().size(), 2);
         QVERIFY2(
             log().first().startsWith(QStringLiteral("Sync: “Projects” could not be synchronized")),

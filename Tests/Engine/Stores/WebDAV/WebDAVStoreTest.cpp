@@ -268,7 +268,7 @@ private Q_SLOTS:
             QCOMPARE(description(opened), QString());
             return;
         }
-        QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
+        QCOMPARE(code(opened), EngineErrorCode::PasswordRefused);
         QCOMPARE(description(opened),
                  QStringLiteral("The server “%1” does not accept this user name and password. Edit "
                                 "the location to correct them.")

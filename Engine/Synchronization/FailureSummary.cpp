@@ -1,0 +1,38 @@
+#include "Engine/Synchronization/FailureSummary.h"
+
+#include <array>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Host/SyncStrings.h"
+
+namespace {
+
+struct Summary {
+    EngineErrorCode code;
+    const char *text;
+};
+
+constexpr std::array Summaries{
+    Summary{EngineErrorCode::PasswordRefused, QT_TRANSLATE_NOOP("Sync", "wrong password")},
+    Summary{EngineErrorCode::AccessDenied, QT_TRANSLATE_NOOP("Sync", "access denied")},
+    Summary{EngineErrorCode::ReadOnly, QT_TRANSLATE_NOOP("Sync", "read-only")},
+    Summary{EngineErrorCode::StoreFull, QT_TRANSLATE_NOOP("Sync", "no space left")},
+    Summary{EngineErrorCode::StoreUnreachable, QT_TRANSLATE_NOOP("Sync", "not available")},
+    Summary{EngineErrorCode::CertificateUntrusted,
+            QT_TRANSLATE_NOOP("Sync", "certificate not trusted")},
+    Summary{EngineErrorCode::RemovalUndecided,
+            QT_TRANSLATE_NOOP("Sync", "waiting for your decision")},
+    Summary{EngineErrorCode::ProfileNotWritten,
+            QT_TRANSLATE_NOOP("Sync", "the profile cannot be saved")},
+};
+
+}  // namespace
+
+QString failureSummary(const Error &error) {
+    for (const Summary &summary : Summaries) {
+        if (isEngineError(error, summary.code)) {
+            return localizedSyncString(summary.text);
+        }
+    }
+    return {};
+}

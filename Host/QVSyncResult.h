@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QtCore/QDateTime>
+#include <QtCore/QMetaType>
+#include <optional>
+
+#include "Host/HostExport.h"
+#include "Platform/Foundation/Error.h"
+
+class QObject;
+
+/// The result of the last job, a synchronization or a clean-up, of a database with a location. A
+/// value.
+///
+/// This is an optional addition to QVSyncState. A host that has it gives its states the property
+/// "lastResult" of the type std::optional<QVSyncResult>, with a NOTIFY signal; it is empty if no
+/// job has ended yet, or after the location was edited because of a failure. The host changes it on
+/// the main thread when a job ends, after `lastSynced`, and saves it by itself. A cancelled job has
+/// no result.
+struct HOST_EXPORT QVSyncResult {
+    /// The name of the property.
+    static constexpr char Key[] = "lastResult";
+
+    /// When the job ended.
+    QDateTime date;
+    /// What has failed, for the user: which database, with which location, why, and what to do
+    /// next. Empty if the job has succeeded.
+    std::optional<Error> error;
+    /// The reason of the failure in a few words, such as "wrong password"; may be empty.
+    QString summary;
+    /// The number of changes of notes that the job has read from the location and written to it.
+    qint64 received = 0;
+    qint64 sent = 0;
+    /// The number of items that could not be synchronized although the job has succeeded.
+    qint64 problems = 0;
+
+    bool operator==(const QVSyncResult &) const = default;
+
+    /// Returns whether `state`, which must not be null, has results.
+    static bool isOfferedBy(const QObject *state);
+    /// Returns the result of `state`, which must not be null; empty if the host offers none.
+    static std::optional<QVSyncResult> of(const QObject *state);
+};
+
+Q_DECLARE_METATYPE(QVSyncResult)
+Q_DECLARE_METATYPE(std::optional<QVSyncResult>)
