@@ -30,13 +30,19 @@ EngineLocationKind folder(const Operations &operations,
     };
 }
 
+/// Returns the server and the name of the store on it, since a server may have several.
+QString titleOfServerStore(const Url &URL) {
+    const QString store = QFileInfo(URL.path()).completeBaseName();
+    return store.isEmpty() ? URL.host() : QStringLiteral("%1 – %2").arg(URL.host(), store);
+}
+
 EngineLocationKind webDAV(const Operations &operations,
                           const std::shared_ptr<CertificateTrust> &trust) {
     return {
         .schemes = {LocationSchemes::Http, LocationSchemes::Https},
         .type = "WebDAV",
         .iconName = QStringLiteral("webdav"),
-        .title = &Url::host,
+        .title = &titleOfServerStore,
         .createStore =
             [operations, trust](const Location &location) {
                 return std::make_shared<WebDAVStore>(location, operations, location->identifier(),

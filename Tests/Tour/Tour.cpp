@@ -159,7 +159,7 @@ void Tour::addWebDAVServer() {
     show(QStringLiteral("webdav-sheet"),
          QStringLiteral("For a WebDAV server a sheet asks for the address and the account."));
     Person::click(QStringLiteral("acceptButton"));
-    awaitLocation(QStringLiteral("localhost"), 3);
+    awaitLocation(QStringLiteral("localhost – Notes"), 3);
     Person::await(QStringLiteral("the password in the keyring"), [this] {
         // For both ways of asking for it.
         return m_surroundings.keyring.count({{QStringLiteral("user"), WebDAVServer::User}}) == 2;

@@ -167,7 +167,7 @@ private Q_SLOTS:
         const auto row = m_pane->synchronizationSelections().constLast();
         QCOMPARE(row->location()->URL().absoluteString(), URLs().last());
         QVERIFY(row->isSelected());
-        QCOMPARE(row->title(), QStringLiteral("host"));
+        QCOMPARE(row->title(), QStringLiteral("host – Store"));
     }
 
     void cancellingANewLocationAddsAndSavesNothing() {

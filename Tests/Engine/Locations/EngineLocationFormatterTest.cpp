@@ -35,7 +35,8 @@ private Q_SLOTS:
         row("file:///home/ida/My%20Notes.qvSyncStore", "My Notes", "Local Sync Store");
         row("file:///home/ida/a.b.qvSyncStore/", "a.b", "Local Sync Store");
         row("file:///", "Local Sync Store", "Local Sync Store");
-        row("http://dav.example:8080/notes", "dav.example", "WebDAV");
+        row("http://dav.example:8080/notes", "dav.example – notes", "WebDAV");
+        row("https://dav.example/dav/Plans%20A.qvSyncStore", "dav.example – Plans A", "WebDAV");
         row("https://ida@dav.example/", "dav.example", "WebDAV");
         row("dropbox://ida@mail.example", "ida@mail.example", "Dropbox");
         row("dropbox://mail.example", "mail.example", "Dropbox");
