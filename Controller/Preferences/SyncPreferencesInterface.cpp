@@ -1,12 +1,13 @@
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 
 #include "Controller/NSArrayController+Emptiness.h"
+#include "Controller/Preferences/DatabaseRowStatus.h"
+#include "Controller/Preferences/LocationRowStatus.h"
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
+#include "Controller/Preferences/ScheduleStatus.h"
 #include "Controller/QVBinding.h"
-#include "Controller/QVLastSynchronizationValueTransformer.h"
 #include "Controller/QVLocationImageValueTransformer.h"
 #include "Controller/QVLocationTitleValueTransformer.h"
-#include "Controller/QVNextScheduledDateValueTransformer.h"
 #include "Platform/Interface/Nib.h"
 #include "Platform/Interface/SheetWindow.h"
 #include "View/ListRow.h"
@@ -32,14 +33,19 @@ void registerTransformer(const char *name) {
                                             QLatin1StringView(name));
 }
 
+template <class Class>
+void registerObject(const char *className) {
+    Nib::registerClass(QLatin1StringView(className),
+                       [](QObject *parent) { return new Class(parent); });
+}
+
 template <class Form>
 void registerSheet(const char *nibName) {
     Nib::registerUiForm<Form, SheetWindow>(QLatin1StringView(nibName));
 }
 
 void registerSheets() {
-    Nib::registerClass(QStringLiteral("QVSyncBookmarkManagerDataSource"),
-                       [](QObject *parent) { return new QVSyncBookmarkManagerDataSource(parent); });
+    registerObject<QVSyncBookmarkManagerDataSource>("QVSyncBookmarkManagerDataSource");
     registerSheet<Ui::QVBookmarkingWindow>("QVBookmarkingWindow");
     registerSheet<Ui::QVDirectConnectionLocationEditor>("QVDirectConnectionLocationEditor");
     registerSheet<Ui::QVDropboxLocationEditor>("QVDropboxLocationEditor");
@@ -54,13 +60,12 @@ void registerSheets() {
 void registerSyncPreferencesInterface() {
     Q_INIT_RESOURCE(SyncPreferences);
     QVListView::registerBindingFactory(&QVBinding::bindingWithObject);
-    Nib::registerClass(QStringLiteral("NSArrayController"),
-                       [](QObject *parent) { return new NSArrayController(parent); });
-    registerTransformer<QVLastSynchronizationValueTransformer>(
-        "QVLastSynchronizationValueTransformer");
+    registerObject<NSArrayController>("NSArrayController");
+    registerObject<DatabaseRowStatus>("DatabaseRowStatus");
+    registerObject<LocationRowStatus>("LocationRowStatus");
+    registerObject<ScheduleStatus>("ScheduleStatus");
     registerTransformer<QVLocationImageValueTransformer>("QVLocationImageValueTransformer");
     registerTransformer<QVLocationTitleValueTransformer>("QVLocationTitleValueTransformer");
-    registerTransformer<QVNextScheduledDateValueTransformer>("QVNextScheduledDateValueTransformer");
 
     Nib::registerUiForm<Ui::SyncPreferences, QWidget>(QStringLiteral("Sync Preferences"));
     Nib::registerUiForm<Ui::QVSyncScheduleEditor, QWidget>(QStringLiteral("QVSyncScheduleEditor"));

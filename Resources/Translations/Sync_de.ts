@@ -4,6 +4,94 @@
 <context>
     <name>Sync</name>
     <message>
+        <source>wrong password</source>
+        <translation>falsches Passwort</translation>
+    </message>
+    <message>
+        <source>access denied</source>
+        <translation>Zugriff verweigert</translation>
+    </message>
+    <message>
+        <source>read-only</source>
+        <translation>schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>no space left</source>
+        <translation>kein Platz mehr</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>certificate not trusted</source>
+        <translation>Zertifikat nicht vertrauenswürdig</translation>
+    </message>
+    <message>
+        <source>waiting for your decision</source>
+        <translation>wartet auf Ihre Entscheidung</translation>
+    </message>
+    <message>
+        <source>the profile cannot be saved</source>
+        <translation>das Profil kann nicht gespeichert werden</translation>
+    </message>
+    <message>
+        <source>failed %1</source>
+        <translation>%1 fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>failed %1: %2</source>
+        <translation>%1 fehlgeschlagen: %2</translation>
+    </message>
+    <message>
+        <source>never synchronized</source>
+        <translation>noch nie synchronisiert</translation>
+    </message>
+    <message>
+        <source>synchronized %1</source>
+        <translation>%1 synchronisiert</translation>
+    </message>
+    <message>
+        <source>synchronized %1, items that failed: %2</source>
+        <translation>%1 synchronisiert, fehlgeschlagene Objekte: %2</translation>
+    </message>
+    <message>
+        <source>Synchronized with %1 of %2 locations · %3</source>
+        <translation>Mit %1 von %2 Orten synchronisiert · %3</translation>
+    </message>
+    <message>
+        <source>Synchronization failed</source>
+        <translation>Synchronisierung fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Synchronization failed · last synchronized %1</source>
+        <translation>Synchronisierung fehlgeschlagen · zuletzt synchronisiert: %1</translation>
+    </message>
+    <message>
+        <source>Not yet synchronized with the ticked locations</source>
+        <translation>Noch nicht mit den angekreuzten Orten synchronisiert</translation>
+    </message>
+    <message>
+        <source>Further locations that failed: %1</source>
+        <translation>Weitere fehlgeschlagene Orte: %1</translation>
+    </message>
+    <message>
+        <source>Tick a location first. A schedule belongs to the locations that are ticked.</source>
+        <translation>Kreuzen Sie zuerst einen Ort an. Ein Zeitplan gehört zu den angekreuzten Orten.</translation>
+    </message>
+    <message>
+        <source>Choose at least one day. Otherwise nothing is synchronized.</source>
+        <translation>Wählen Sie mindestens einen Tag aus. Sonst wird nichts synchronisiert.</translation>
+    </message>
+    <message>
+        <source>The last synchronization failed. Show what failed.</source>
+        <translation>Die letzte Synchronisierung ist fehlgeschlagen. Anzeigen, was fehlgeschlagen ist.</translation>
+    </message>
+    <message>
+        <source>Show what failed</source>
+        <translation>Fehlschläge anzeigen</translation>
+    </message>
+    <message>
         <source>Unavailable</source>
         <translation>nicht verfügbar</translation>
     </message>

@@ -1,7 +1,5 @@
-#include "Controller/QVLastSynchronizationValueTransformer.h"
 #include "Controller/QVLocationImageValueTransformer.h"
 #include "Controller/QVLocationTitleValueTransformer.h"
-#include "Controller/QVNextScheduledDateValueTransformer.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationFormatter.h"
 #include "Support/TestHost.h"
@@ -33,21 +31,6 @@ private Q_SLOTS:
         QCOMPARE(title.toString(),
                  QVSyncLocationFormatter::formatterForLocationWithURL(location->URL())->title());
         QVERIFY(!transformer.transformedValue({}).isValid());
-    }
-
-    void datesAreFormattedAsText() {
-        const QDateTime now = QDateTime::currentDateTime();
-        const QVLastSynchronizationValueTransformer last;
-        const QVNextScheduledDateValueTransformer next;
-        QCOMPARE(last.transformedValue({}).toString(), QStringLiteral("Never synchronized"));
-        QVERIFY(last.transformedValue(now.addDays(-1))
-                    .toString()
-                    .startsWith(QStringLiteral("Synchronized yesterday at ")));
-        QCOMPARE(next.transformedValue({}).toString(),
-                 QStringLiteral("No synchronization is scheduled."));
-        QVERIFY(next.transformedValue(now.addDays(1))
-                    .toString()
-                    .startsWith(QStringLiteral("Next synchronization: tomorrow at ")));
     }
 };
 

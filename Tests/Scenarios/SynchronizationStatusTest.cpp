@@ -1,12 +1,20 @@
-#include <QtWidgets/QAbstractButton>
+#include <QtGui/QClipboard>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QRadioButton>
+#include <QtWidgets/QToolButton>
+#include <ctime>
 
 #include "Application/PreferencesWindow.h"
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Platform/Interface/SheetWindow.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/WebDAVServer.h"
+#include "View/TimeField.h"
 
 /// The panel shows what the last synchronization did, and the ticks decide which locations it
 /// includes.
@@ -49,6 +57,58 @@ class SynchronizationStatusTest : public QObject {
     void syncNow() const {
         part<QAbstractButton>(databaseRow(QStringLiteral("Projects")), "rowSyncButton")->click();
     }
+    static QString databaseText() {
+        return part<QLabel>(databaseRow(QStringLiteral("Projects")), "rowDate")->text();
+    }
+    static QToolButton *databaseWarning() {
+        return part<QToolButton>(databaseRow(QStringLiteral("Projects")), "rowWarningButton");
+    }
+    static QString locationText(int index) {
+        return part<QLabel>(locationRow(index), "rowType")->text();
+    }
+    static QToolButton *locationWarning(int index) {
+        return part<QToolButton>(locationRow(index), "rowWarningButton");
+    }
+    /// Synchronizes by the row's button and waits for the end.
+    void synchronize() const {
+        syncNow();
+        QVERIFY(!isIdle());
+        QTRY_VERIFY(isIdle());
+    }
+    template <class Widget>
+    Widget *find(const char *name) const {
+        return m_window->findChild<Widget *>(QLatin1StringView(name));
+    }
+    QString scheduleText() const { return find<QLabel>("nextScheduledDateLabel")->text(); }
+    SheetWindow *sheet() const {
+        for (auto *window : m_window->findChildren<SheetWindow *>()) {
+            if (window->isVisible()) {
+                return window;
+            }
+        }
+        return nullptr;
+    }
+    /// Opens the editor of the location, pastes `text` over what its field `name` holds, and
+    /// accepts.
+    void edit(int location, const char *name, const QString &text) const {
+        click(locationRow(location));
+        find<QPushButton>("editLocationButton")->click();
+        auto *field = sheet()->findChild<QLineEdit *>(QLatin1StringView(name));
+        QTRY_VERIFY(field->isEnabled());
+        field->selectAll();
+        QGuiApplication::clipboard()->setText(text);
+        field->paste();
+        sheet()->findChild<QPushButton *>(QStringLiteral("acceptButton"))->click();
+        QVERIFY(!sheet());
+    }
+    /// Makes the local time `time` now.
+    static void setLocalTime(const QTime &time) {
+        const int east = QDateTime::currentDateTimeUtc().time().secsTo(time);
+        const QTime offset = QTime(0, 0).addSecs(std::abs(east));
+        qputenv("TZ", "TST" + QByteArray(east < 0 ? "+" : "-") +
+                          offset.toString(QStringLiteral("hh:mm:ss")).toLatin1());
+        tzset();
+    }
     bool isIdle() const { return m_host->engine().plugin().dispatcher()->activity().isEmpty(); }
     QStringList transactionsAt(const std::shared_ptr<QVSyncLocation> &location) const {
         return QDir(location->URL().path() + QStringLiteral("/transactions/") + m_database->UUID())
@@ -70,6 +130,8 @@ private Q_SLOTS:
             m_window->close();
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        qunsetenv("TZ");
+        tzset();
         m_database.reset();
         m_host.reset();
     }
@@ -101,6 +163,218 @@ private Q_SLOTS:
         QTRY_VERIFY(!transactionsAt(ticked).isEmpty());
         QTRY_VERIFY(isIdle());
         QCOMPARE(transactionsAt(unticked), QStringList());
+    }
+
+    void aFailureIsShownUntilTheNextSuccess() {
+        m_host->addLocation();
+        const auto location = m_host->addLocation();
+        const QString package = location->URL().path();
+        showPanel();
+        tick(0);
+        tick(1);
+        QCOMPARE(databaseText(), QStringLiteral("Never synchronized"));
+        QCOMPARE(locationText(1), QStringLiteral("Local Sync Store · never synchronized"));
+        QVERIFY(QDir().rename(package, package + u'x'));
+        synchronize();
+        QVERIFY(locationText(0).startsWith(
+            QStringLiteral("Local Sync Store · synchronized today at ")));
+        QVERIFY2(locationText(1).startsWith(QStringLiteral("Local Sync Store · failed today at ")),
+                 qPrintable(locationText(1)));
+        QVERIFY(locationText(1).endsWith(QStringLiteral(": not available")));
+        QVERIFY(locationWarning(0)->isHidden());
+        QVERIFY(locationWarning(1)->isVisible());
+        QVERIFY2(databaseText().startsWith(
+                     QStringLiteral("Synchronized with 1 of 2 locations · today at ")),
+                 qPrintable(databaseText()));
+        QVERIFY(databaseWarning()->isVisible());
+        for (QToolButton *button : {locationWarning(1), databaseWarning()}) {
+            button->click();
+            QCOMPARE(m_host->application().presentedErrors().last().localizedDescription,
+                     QStringLiteral("“Projects” could not be synchronized with “Store 1”: The sync "
+                                    "store “%1” does not exist. Check whether it was moved or "
+                                    "renamed.")
+                         .arg(package));
+        }
+
+        QVERIFY(QDir().rename(package + u'x', package));
+        synchronize();
+        QVERIFY(locationText(1).startsWith(
+            QStringLiteral("Local Sync Store · synchronized today at ")));
+        QVERIFY(locationWarning(1)->isHidden());
+        QVERIFY(databaseText().startsWith(QStringLiteral("Synchronized today at ")));
+        QVERIFY(databaseWarning()->isHidden());
+    }
+
+    void aFailureIsStillShownAfterARestart() {
+        const auto location = m_host->addLocation();
+        QVERIFY(QDir(location->URL().path()).removeRecursively());
+        showPanel();
+        tick(0);
+        synchronize();
+        const QString text = locationText(0);
+        QVERIFY(text.contains(QStringLiteral("failed today at ")));
+        QCOMPARE(databaseText(), QStringLiteral("Synchronization failed"));
+        m_window->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_database.reset();
+        m_host->restart();
+        showPanel();
+        QCOMPARE(locationText(0), text);
+        QVERIFY(locationWarning(0)->isVisible());
+        QCOMPARE(databaseText(), QStringLiteral("Synchronization failed"));
+    }
+
+    void aFailureOfALocationThatIsUntickedIsNotMarked() {
+        QVERIFY(QDir(m_host->addLocation()->URL().path()).removeRecursively());
+        showPanel();
+        tick(0);
+        synchronize();
+        QVERIFY(locationWarning(0)->isVisible());
+        tick(0);
+        QVERIFY(locationWarning(0)->isHidden());
+        QVERIFY(databaseWarning()->isHidden());
+        QCOMPARE(locationText(0), QStringLiteral("Local Sync Store · never synchronized"));
+    }
+
+    void aResultBelongsToTheSelectedDatabase() {
+        m_host->addDatabase(QStringLiteral("Recipes"));
+        QVERIFY(QDir(m_host->addLocation()->URL().path()).removeRecursively());
+        showPanel();
+        tick(0);
+        synchronize();
+        QVERIFY(locationWarning(0)->isVisible());
+        click(databaseRow(QStringLiteral("Recipes")));
+        QCOMPARE(locationText(0), QStringLiteral("Local Sync Store · never synchronized"));
+        QVERIFY(locationWarning(0)->isHidden());
+        click(databaseRow(QStringLiteral("Projects")));
+        QVERIFY(locationWarning(0)->isVisible());
+    }
+
+    void aWrongPasswordIsNamedAndAnAcceptedEditRemovesTheMark() {
+        const WebDAVServer server({});
+        QVERIFY(QDir().mkpath(server.folder()));
+        server.storePassword(QStringLiteral("wrong"));
+        m_host->addLocation(server.URLText(QStringLiteral("Shared.qvSyncStore")));
+        showPanel();
+        tick(0);
+        synchronize();
+        QVERIFY2(locationText(0).startsWith(QStringLiteral("WebDAV · failed today at ")),
+                 qPrintable(locationText(0)));
+        QVERIFY(locationText(0).endsWith(QStringLiteral(": wrong password")));
+        // The check finds the same, and its error goes as well.
+        click(locationRow(0));
+        pane().checkSelectedSyncLocation(nullptr);
+        QTRY_VERIFY(pane().synchronizationSelections().first()->error());
+        edit(0, "passwordField", WebDAVServer::Password);
+        QVERIFY(locationWarning(0)->isHidden());
+        QCOMPARE(locationText(0), QStringLiteral("WebDAV · never synchronized"));
+        synchronize();
+        QVERIFY2(locationText(0).startsWith(QStringLiteral("WebDAV · synchronized today at ")),
+                 qPrintable(locationText(0)));
+    }
+
+    void aSuccessRemovesTheErrorOfACheck() {
+        const QString package = m_host->addLocation()->URL().path();
+        showPanel();
+        tick(0);
+        click(locationRow(0));
+        QVERIFY(QDir().rename(package, package + u'x'));
+        pane().checkSelectedSyncLocation(nullptr);
+        QTRY_VERIFY(locationWarning(0)->isVisible());
+        QVERIFY(QDir().rename(package + u'x', package));
+        synchronize();
+        QVERIFY(locationWarning(0)->isHidden());
+    }
+
+    void aRowShowsItsNewTitleAfterAnEdit() {
+        m_host->addLocation(QStringLiteral("http://ida@localhost/dav/Shared.qvSyncStore"));
+        showPanel();
+        QCOMPARE(part<QLabel>(locationRow(0), "rowTitle")->text(),
+                 QStringLiteral("localhost – Shared"));
+        edit(0, "serverField", QStringLiteral("127.0.0.1"));
+        QCOMPARE(part<QLabel>(locationRow(0), "rowTitle")->text(),
+                 QStringLiteral("127.0.0.1 – Shared"));
+        QCOMPARE(part<QCheckBox>(locationRow(0), "rowCheckBox")->accessibleName(),
+                 QStringLiteral("127.0.0.1 – Shared"));
+    }
+
+    void todayBecomesYesterdayAtMidnight() {
+        setLocalTime(QTime(23, 59, 57));
+        m_host->addLocation();
+        showPanel();
+        tick(0);
+        synchronize();
+        QVERIFY2(databaseText().startsWith(QStringLiteral("Synchronized today at ")),
+                 qPrintable(databaseText()));
+        QTRY_VERIFY(databaseText().startsWith(QStringLiteral("Synchronized yesterday at ")));
+        QVERIFY(locationText(0).startsWith(
+            QStringLiteral("Local Sync Store · synchronized yesterday at ")));
+    }
+
+    void tomorrowBecomesTodayAtMidnight() {
+        setLocalTime(QTime(23, 59, 58));
+        m_host->addLocation();
+        showPanel();
+        tick(0);
+        find<QRadioButton>("hourlyButton")->click();
+        QVERIFY2(scheduleText().startsWith(QStringLiteral("Next synchronization: tomorrow at ")),
+                 qPrintable(scheduleText()));
+        QTRY_VERIFY(scheduleText().startsWith(QStringLiteral("Next synchronization: today at ")));
+    }
+
+    void aScheduleWithoutATickedLocationSaysWhatIsMissing() {
+        m_host->addLocation();
+        showPanel();
+        const QString hint = QStringLiteral(
+            "Tick a location first. A schedule belongs to the locations that are ticked.");
+        QCOMPARE(scheduleText(), hint);
+        find<QRadioButton>("dailyButton")->click();
+        QVERIFY(!find<QRadioButton>("dailyButton")->isChecked());
+        QCOMPARE(scheduleText(), hint);
+        tick(0);
+        QCOMPARE(scheduleText(), QStringLiteral("No synchronization is scheduled."));
+        find<QRadioButton>("dailyButton")->click();
+        QVERIFY(scheduleText().startsWith(QStringLiteral("Next synchronization: ")));
+        tick(0);
+        QCOMPARE(scheduleText(), hint);
+    }
+
+    void aWeeklyScheduleWithoutDaysSaysSoAndCanBeRemoved() {
+        m_host->addLocation();
+        showPanel();
+        tick(0);
+        find<QRadioButton>("weeklyButton")->click();
+        for (auto *day : find<QWidget>("weeklyDaysField")->findChildren<QToolButton *>()) {
+            if (day->isChecked()) {
+                day->click();
+            }
+        }
+        QCOMPARE(scheduleText(),
+                 QStringLiteral("Choose at least one day. Otherwise nothing is synchronized."));
+        QVERIFY(find<QPushButton>("disabledButton")->isEnabled());
+        find<QPushButton>("disabledButton")->click();
+        QCOMPARE(scheduleText(), QStringLiteral("No synchronization is scheduled."));
+        QVERIFY(!find<QRadioButton>("weeklyButton")->isChecked());
+    }
+
+    void aDisabledTimeFieldShowsNoTimeOfAnotherDatabase() {
+        m_host->addDatabase(QStringLiteral("Recipes"));
+        m_host->addLocation();
+        showPanel();
+        tick(0);
+        find<QRadioButton>("dailyButton")->click();
+        auto *field = find<TimeField>("dailyTimeField");
+        QVERIFY(field->isEnabled());
+        field->setFocus();
+        field->setTime(QTime(9, 30));
+        const QString shown = field->text();
+        QVERIFY(shown.contains(QStringLiteral("30")));
+        QCOMPARE(pane().scheduleEditor()->dailyDate().time(), QTime(9, 30));
+        click(databaseRow(QStringLiteral("Recipes")));
+        QVERIFY(!field->isEnabled());
+        QCOMPARE(field->text(), QString());
+        click(databaseRow(QStringLiteral("Projects")));
+        QCOMPARE(field->text(), shown);
     }
 };
 

@@ -1,0 +1,107 @@
+#include "Controller/Preferences/DatabaseRowStatus.h"
+
+#include <algorithm>
+
+#include "Host/QVSyncResult.h"
+#include "Host/SyncStrings.h"
+#include "Platform/Foundation/RelativeDate.h"
+
+namespace {
+
+/// The number of failures that one error describes.
+constexpr qsizetype MostDescribed = 5;
+
+std::optional<Error> failureOf(const std::shared_ptr<QVSyncState> &state) {
+    const std::optional<QVSyncResult> result = QVSyncResult::of(state.get());
+    return result ? result->error : std::nullopt;
+}
+
+bool isSynchronized(const std::shared_ptr<QVSyncState> &state) {
+    return state->lastSynced().isValid() && !failureOf(state);
+}
+
+}  // namespace
+
+DatabaseRowStatus::DatabaseRowStatus(QObject *parent) : QObject(parent) {
+    connect(m_dayChange.get(), &DayChange::occurred, this, &DatabaseRowStatus::changed);
+}
+
+void DatabaseRowStatus::setDatabase(const std::shared_ptr<QVStandInDatabase> &database) {
+    m_database = database;
+    m_rowObservations.clear();
+    if (database) {
+        for (const char *key : {"canSynchronize", "dateOfLastSynchronization"}) {
+            m_rowObservations.push_back(
+                KeyValue::observe(database.get(), key, [this] { Q_EMIT changed(); }));
+        }
+        m_rowObservations.push_back(KeyValue::observe(database.get(), "synchronizationStates",
+                                                      [this] { observeStates(); }));
+    }
+    observeStates();
+}
+
+void DatabaseRowStatus::observeStates() {
+    m_stateObservations.clear();
+    const auto row = database();
+    const QVSyncStates states = row ? row->synchronizationStates() : QVSyncStates();
+    for (const auto &state : states) {
+        if (QVSyncResult::isOfferedBy(state.get())) {
+            m_stateObservations.push_back(
+                KeyValue::observe(state.get(), QVSyncResult::Key, [this] { Q_EMIT changed(); }));
+        }
+    }
+    Q_EMIT changed();
+}
+
+QVSyncStates DatabaseRowStatus::tickedStates() const {
+    const auto row = database();
+    QVSyncStates states = row ? row->synchronizationStates() : QVSyncStates();
+    states.removeIf([](const auto &state) { return !state->isEnabled(); });
+    return states;
+}
+
+QString DatabaseRowStatus::text() const {
+    const auto row = database();
+    if (!row) {
+        return {};
+    }
+    const QVSyncStates ticked = tickedStates();
+    const auto count = std::count_if(ticked.begin(), ticked.end(), &isSynchronized);
+    const bool hasDate = row->dateOfLastSynchronization().isValid();
+    const QString date =
+        relativeDateString(row->dateOfLastSynchronization(), QDateTime::currentDateTime());
+    if (count == ticked.size()) {
+        return hasDate ? localizedSyncString("Synchronized %1").arg(date)
+                       : localizedSyncString("Never synchronized");
+    }
+    if (count > 0) {
+        return localizedSyncString("Synchronized with %1 of %2 locations · %3")
+            .arg(QString::number(count), QString::number(ticked.size()), date);
+    }
+    if (error()) {
+        return hasDate
+                   ? localizedSyncString("Synchronization failed · last synchronized %1").arg(date)
+                   : localizedSyncString("Synchronization failed");
+    }
+    return hasDate ? localizedSyncString("Not yet synchronized with the ticked locations")
+                   : localizedSyncString("Never synchronized");
+}
+
+std::optional<Error> DatabaseRowStatus::error() const {
+    QStringList descriptions;
+    const QVSyncStates ticked = tickedStates();
+    for (const auto &state : ticked) {
+        if (const std::optional<Error> failure = failureOf(state)) {
+            descriptions.append(failure->localizedDescription);
+        }
+    }
+    if (descriptions.isEmpty()) {
+        return {};
+    }
+    if (const qsizetype more = descriptions.size() - MostDescribed; more > 0) {
+        descriptions = descriptions.first(MostDescribed);
+        descriptions.append(localizedSyncString("Further locations that failed: %1").arg(more));
+    }
+    return Error{.domain = QStringLiteral("SyncPreferences"),
+                 .localizedDescription = descriptions.join(QStringLiteral("\n\n"))};
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QtGui/QPixmap>
+#include <memory>
+#include <optional>
+
+#include "Controller/Preferences/QVSynchronizationSelection.h"
+#include "Platform/Foundation/DayChange.h"
+
+/// What a row of the location list shows of its location, and of the last synchronization of the
+/// selected database with it. An object of the row's form. Must be used on the main thread.
+///
+/// An error of the row disappears with the next synchronization that succeeds and with a change of
+/// the location's URL.
+class LocationRowStatus : public QObject {
+    Q_OBJECT
+    /// The row. Not owned: null once it is destroyed.
+    Q_PROPERTY(
+        std::shared_ptr<QVSynchronizationSelection> selection READ selection WRITE setSelection)
+    /// The row's title and icon, announced when the location's URL changes.
+    Q_PROPERTY(QString title READ title NOTIFY locationChanged)
+    Q_PROPERTY(QPixmap icon READ icon NOTIFY locationChanged)
+    /// The kind of the location and, if a database is selected, the result of the last job:
+    /// "WebDAV · failed today at 20:28: wrong password".
+    Q_PROPERTY(QString summary READ summary NOTIFY statusChanged)
+    /// The row's error or, if the database is ticked, that of the last job; empty if there is none.
+    Q_PROPERTY(std::optional<Error> error READ error NOTIFY statusChanged)
+public:
+    explicit LocationRowStatus(QObject *parent = nullptr);
+
+    std::shared_ptr<QVSynchronizationSelection> selection() const { return m_selection.lock(); }
+    void setSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);
+    QString title() const;
+    QPixmap icon() const;
+    QString summary() const;
+    std::optional<Error> error() const;
+
+Q_SIGNALS:
+    void locationChanged();
+    void statusChanged();
+
+private:
+    /// Observes the state of the row's database at its location, which may be another one now.
+    void observeState();
+    /// Returns that state; null if there is none.
+    std::shared_ptr<QVSyncState> state() const;
+    void clearError();
+
+    std::weak_ptr<QVSynchronizationSelection> m_selection;
+    const std::shared_ptr<DayChange> m_dayChange = DayChange::shared();
+    std::vector<KeyValue::Observation> m_rowObservations;
+    std::vector<KeyValue::Observation> m_stateObservations;
+};
