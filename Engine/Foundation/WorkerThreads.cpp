@@ -1,42 +1,83 @@
 #include "Engine/Foundation/WorkerThreads.h"
 
-#include <limits>
+#include <condition_variable>
+#include <list>
+#include <mutex>
+#include <thread>
 #include <utility>
-#include <vector>
 
-namespace {
+// Not Qt's thread pool: the thread sanitizer cannot see how that hands work over.
+struct WorkerThreads::State {
+    using Threads = std::list<std::thread>;
 
-std::unique_ptr<QThreadPool> newPool() {
-    auto pool = std::make_unique<QThreadPool>();
-    pool->setMaxThreadCount(std::numeric_limits<int>::max());
-    return pool;
-}
+    /// Called by the thread `thread` when its work has ended.
+    void finish(Threads::iterator thread) {
+        const std::lock_guard lock(mutex);
+        if (thread->joinable()) {
+            finished.splice(finished.end(), running, thread);
+            ended.notify_all();
+        } else {
+            abandoned.erase(thread);
+        }
+    }
 
-/// Keeps a pool with work that does not end; destroying it would wait for that work.
-void abandon(std::unique_ptr<QThreadPool> pool) {
-    static auto &abandoned = *new std::vector<QThreadPool *>;
-    abandoned.push_back(pool.release());
-}
+    bool hasEnded() const { return running.empty(); }
 
-}  // namespace
+    /// Joins the threads whose work has ended. `lock` is released meanwhile.
+    void joinFinished(std::unique_lock<std::mutex> &lock) {
+        Threads threads = std::exchange(finished, {});
+        lock.unlock();
+        for (std::thread &thread : threads) {
+            thread.join();
+        }
+        lock.lock();
+    }
 
-WorkerThreads::WorkerThreads() : m_pool(newPool()) {}
+    std::mutex mutex;
+    std::condition_variable ended;
+    Threads running;
+    Threads finished;
+    /// Detached.
+    Threads abandoned;
+};
+
+WorkerThreads::WorkerThreads() : m_state(std::make_shared<State>()) {}
 
 WorkerThreads::~WorkerThreads() {
     end();
 }
 
 void WorkerThreads::start(std::function<void()> work) {
-    m_pool->start(std::move(work));
+    std::unique_lock lock(m_state->mutex);
+    m_state->joinFinished(lock);
+    const auto thread = m_state->running.emplace(m_state->running.end());
+    *thread = std::thread([state = m_state, thread, work = std::move(work)]() mutable {
+        work();
+        // What the work owns is released before the work counts as ended.
+        work = nullptr;
+        state->finish(thread);
+    });
+}
+
+void WorkerThreads::waitForDone() {
+    std::unique_lock lock(m_state->mutex);
+    m_state->ended.wait(lock, [this] { return m_state->hasEnded(); });
+    m_state->joinFinished(lock);
 }
 
 bool WorkerThreads::waitForDone(std::chrono::milliseconds timeout) {
-    return m_pool->waitForDone(static_cast<int>(timeout.count()));
+    std::unique_lock lock(m_state->mutex);
+    m_state->ended.wait_for(lock, timeout, [this] { return m_state->hasEnded(); });
+    m_state->joinFinished(lock);
+    return m_state->hasEnded();
 }
 
 void WorkerThreads::end() {
-    m_pool->clear();
-    if (!waitForDone(EndTimeout)) {
-        abandon(std::exchange(m_pool, newPool()));
+    std::unique_lock lock(m_state->mutex);
+    m_state->ended.wait_for(lock, EndTimeout, [this] { return m_state->hasEnded(); });
+    for (std::thread &thread : m_state->running) {
+        thread.detach();
     }
+    m_state->abandoned.splice(m_state->abandoned.end(), m_state->running);
+    m_state->joinFinished(lock);
 }

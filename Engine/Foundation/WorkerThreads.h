@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QtCore/QThreadPool>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -18,16 +17,21 @@ public:
     WorkerThreads(const WorkerThreads &) = delete;
     WorkerThreads &operator=(const WorkerThreads &) = delete;
 
-    /// Calls `work` later on a thread and returns at once. `work` must own everything that it uses,
+    /// Calls `work` on a new thread and returns at once. `work` must own everything that it uses,
     /// because it may still run when this object no longer exists.
     void start(std::function<void()> work);
-    /// Waits for at most `timeout` until no work is running or waiting. Returns whether that is so.
+    /// Waits until no work is running. Must not be called by the work itself.
+    void waitForDone();
+    /// Does the same for at most `timeout`. Returns whether no work is running.
     bool waitForDone(std::chrono::milliseconds timeout);
-    /// Drops the work that has not begun, and waits for the running work. Work that has not ended
-    /// in time, for example because a file system does not respond, is abandoned: it goes on until
-    /// it returns or the process ends. Work that is started later begins as usual.
+    /// Waits for the running work. Work that has not ended in time, for example because a file
+    /// system does not respond, is abandoned: it goes on until it returns or the process ends. Work
+    /// that is started later begins as usual. Must not be called by the work itself.
     void end();
 
 private:
-    std::unique_ptr<QThreadPool> m_pool;
+    struct State;
+
+    /// Shared with the threads, which may outlive this object.
+    const std::shared_ptr<State> m_state;
 };

@@ -2,7 +2,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QEventLoop>
-#include <QtCore/QThread>
+#include <thread>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
@@ -14,6 +14,7 @@
 #include "Engine/Synchronization/VerificationSession.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/MainQueue.h"
 
 namespace {
 
@@ -21,11 +22,12 @@ namespace {
 Expected<void> onThread(const std::function<Expected<void>()> &work) {
     Expected<void> result;
     QEventLoop loop;
-    const std::unique_ptr<QThread> thread(QThread::create([&] { result = work(); }));
-    QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
-    thread->start();
+    std::thread thread([&] {
+        result = work();
+        MainQueue::dispatchAsync([&] { loop.quit(); });
+    });
     loop.exec();
-    thread->wait();
+    thread.join();
     return result;
 }
 

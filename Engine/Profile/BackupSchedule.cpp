@@ -16,7 +16,6 @@ constexpr std::chrono::hours Interval(1);
 }  // namespace
 
 BackupSchedule::BackupSchedule() {
-    m_pool.setMaxThreadCount(1);
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, [this] {
         check();
@@ -25,7 +24,7 @@ BackupSchedule::BackupSchedule() {
 }
 
 BackupSchedule::~BackupSchedule() {
-    m_pool.waitForDone();
+    m_threads.waitForDone();
 }
 
 void BackupSchedule::start(const QString &directory) {
@@ -40,7 +39,7 @@ void BackupSchedule::check() {
         return;
     }
     m_isRunning = true;
-    m_pool.start([directory = m_directory, today, self = QPointer(this)] {
+    m_threads.start([directory = m_directory, today, self = QPointer(this)] {
         const Expected<void> result = ProfileBackups(directory).make(today);
         MainQueue::dispatchAsync([self, result] {
             if (self) {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QtCore/QObject>
-#include <QtCore/QThreadPool>
 #include <QtCore/QTimer>
 
+#include "Engine/Foundation/WorkerThreads.h"
 #include "Platform/Foundation/Expected.h"
 
 /// Makes a backup of the open profile on each day, on a thread of its own. Failures are reported in
@@ -32,7 +32,7 @@ private:
 
     QString m_directory;
     QTimer m_timer;
-    QThreadPool m_pool;
+    WorkerThreads m_threads;
     bool m_isRunning = false;
     /// The failure that was reported last; empty after a success.
     QString m_reported;

@@ -1,0 +1,84 @@
+#include <atomic>
+#include <future>
+#include <latch>
+#include <thread>
+
+#include "Engine/Foundation/WorkerThreads.h"
+#include "Support/TestMain.h"
+
+using namespace std::chrono_literals;
+
+class WorkerThreadsTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void workRunsOnOtherThreads() {
+        std::promise<std::thread::id> thread;
+        WorkerThreads threads;
+        threads.start([&] { thread.set_value(std::this_thread::get_id()); });
+        QVERIFY(thread.get_future().get() != std::this_thread::get_id());
+    }
+
+    void noWorkDelaysOther() {
+        constexpr int Count = 50;
+        // Each waits for all others.
+        std::latch running(Count);
+        WorkerThreads threads;
+        for (int i = 0; i < Count; ++i) {
+            threads.start([&] { running.arrive_and_wait(); });
+        }
+        threads.waitForDone();
+        QVERIFY(running.try_wait());
+    }
+
+    void workCanStartWork() {
+        std::atomic<int> started = 0;
+        WorkerThreads threads;
+        threads.start([&] {
+            ++started;
+            threads.start([&] { ++started; });
+        });
+        threads.waitForDone();
+        QCOMPARE(started.load(), 2);
+    }
+
+    void whatWorkOwnsIsReleasedBeforeItIsDone() {
+        WorkerThreads threads;
+        auto owned = std::make_shared<int>(0);
+        const std::weak_ptr<int> observed = owned;
+        threads.start([owned = std::move(owned)] {});
+        threads.waitForDone();
+        QVERIFY(observed.expired());
+    }
+
+    void runningWorkIsNotDone() {
+        std::promise<void> released;
+        WorkerThreads threads;
+        threads.start([&] { released.get_future().wait(); });
+        QVERIFY(!threads.waitForDone(1ms));
+        released.set_value();
+        threads.waitForDone();
+        QVERIFY(threads.waitForDone(0ms));
+    }
+
+    void workThatDoesNotEndIsAbandoned() {
+        const auto released = std::make_shared<std::promise<void>>();
+        std::promise<void> ended;
+        auto threads = std::make_unique<WorkerThreads>();
+        threads->start([future = released->get_future().share(), &ended] {
+            future.wait();
+            ended.set_value();
+        });
+        threads->end();
+        QVERIFY(threads->waitForDone(0ms));
+        std::atomic<bool> hasRun = false;
+        threads->start([&] { hasRun = true; });
+        threads->waitForDone();
+        QVERIFY(hasRun);
+        threads.reset();
+        released->set_value();
+        ended.get_future().wait();
+    }
+};
+
+VELMORA_TEST(WorkerThreadsTest)
+#include "WorkerThreadsTest.moc"
