@@ -83,7 +83,11 @@ bool DirectConnectionListener::ask(quint64 session, const DirectConnectionPairin
     return true;
 }
 
-void DirectConnectionListener::decide(quint64 number, bool isAccepted) {
+void DirectConnectionListener::decide(quint64 session, bool isAccepted) {
+    m_calls.post([=, this] { carryOut(session, isAccepted); });
+}
+
+void DirectConnectionListener::carryOut(quint64 number, bool isAccepted) {
     if (m_askedFor != number) {
         return;
     }
@@ -104,7 +108,9 @@ void DirectConnectionListener::pause() {
 }
 
 void DirectConnectionListener::proceed(quint64 number) {
-    if (DirectConnectionSession *session = sessionOf(number)) {
-        session->proceed();
-    }
+    m_calls.post([=, this] {
+        if (DirectConnectionSession *session = sessionOf(number)) {
+            session->proceed();
+        }
+    });
 }

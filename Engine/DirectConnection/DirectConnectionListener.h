@@ -9,10 +9,11 @@
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/DirectConnectionSession.h"
+#include "Platform/Foundation/CallQueue.h"
 
 /// Accepts direct connections on its own thread, so that a flood of connections does not block the
-/// application. Created on the main thread, moved to the listener's thread, and deleted there. It
-/// owns its sessions.
+/// application. Created on the main thread, where it may begin to listen; then moved to its own
+/// thread, and deleted there. It owns its sessions.
 class DirectConnectionListener : public QTcpServer {
     Q_OBJECT
 public:
@@ -37,10 +38,11 @@ public:
     /// Closes all connections.
     ~DirectConnectionListener() override;
 
-    /// Called with the user's decision about the client of `session`, on the listener's thread.
-    /// Ignored if that client has disconnected.
+    /// Must be called with the user's decision about the client of `session`. Ignored if that
+    /// client has disconnected. Thread-safe; takes effect later, on the listener's thread.
     void decide(quint64 session, bool isAccepted);
-    /// Called when the store is ready, on the listener's thread. Ignored if that session has ended.
+    /// Must be called when the store is ready. Ignored if that session has ended. Thread-safe;
+    /// takes effect later, on the listener's thread.
     void proceed(quint64 session);
 
 protected:
@@ -61,6 +63,8 @@ private:
     /// none.
     bool makeRoom();
     void remove(quint64 number);
+    /// Carries out the user's decision.
+    void carryOut(quint64 session, bool isAccepted);
     /// Called when the user has not allowed a client to connect: asks no other question for a
     /// while, twice as long each time until a client is allowed.
     void pause();
@@ -77,4 +81,6 @@ private:
     /// Until it expires, the user is not asked.
     QDeadlineTimer m_pause{0};
     std::chrono::milliseconds m_nextPause;
+    /// The calls from other threads. A child, which moves along to the listener's thread.
+    CallQueue m_calls{this};
 };

@@ -120,32 +120,27 @@ Expected<void> DirectConnectionServer::start() {
 
 Expected<void> DirectConnectionServer::listen(const DirectConnectionIdentity &identity) {
     ++m_listenerNumber;
-    m_listener = new DirectConnectionListener(identity, *m_package, m_limits, mainThread());
+    auto listener =
+        std::make_unique<DirectConnectionListener>(identity, *m_package, m_limits, mainThread());
+    if (!listener->listen(QHostAddress::Any, m_port)) {
+        return failure(engineError(
+            EngineErrorCode::ServerUnusable,
+            localizedSyncString("The server cannot use the port %1. Choose another port. (%2)")
+                .arg(m_port)
+                .arg(listener->errorString())));
+    }
+    m_listener = listener.release();
     m_listener->moveToThread(&m_thread);
     m_thread.start();
-    QString problem;
-    const auto listen = [&] {
-        if (!m_listener->listen(QHostAddress::Any, m_port)) {
-            problem = m_listener->errorString();
-        }
-    };
-    QMetaObject::invokeMethod(m_listener, listen, Qt::BlockingQueuedConnection);
-    if (problem.isEmpty()) {
-        return {};
-    }
-    return failure(engineError(
-        EngineErrorCode::ServerUnusable,
-        localizedSyncString("The server cannot use the port %1. Choose another port. (%2)")
-            .arg(m_port)
-            .arg(problem)));
+    return {};
 }
 
 void DirectConnectionServer::stop() {
     m_service.reset();
     withdrawQuestion();
     if (m_listener) {
-        const auto end = [this] { delete m_listener; };
-        QMetaObject::invokeMethod(m_listener, end, Qt::BlockingQueuedConnection);
+        // On the listener's thread, at the latest when that thread ends.
+        m_listener->deleteLater();
         m_thread.quit();
         m_thread.wait();
     }
@@ -165,20 +160,18 @@ DirectConnectionListener::MainThread DirectConnectionServer::mainThread() {
 
 void DirectConnectionServer::postFor(quint64 listener, std::function<void()> call) {
     // Safe on the listener's thread: stop() ends it before this object is destroyed.
-    const auto callIfCurrent = [=, this, call = std::move(call)] {
+    m_calls.post([=, this, call = std::move(call)] {
         if (m_listener && listener == m_listenerNumber) {
             call();
         }
-    };
-    QMetaObject::invokeMethod(this, callIfCurrent, Qt::QueuedConnection);
+    });
 }
 
 void DirectConnectionServer::askFor(quint64 session, const DirectConnectionPairing &client) {
     // The decision may arrive after the listener, or the whole server, was destroyed.
     const auto decide = [listener = m_listener, session](bool isAccepted) {
         if (listener) {
-            QMetaObject::invokeMethod(
-                listener, [=] { listener->decide(session, isAccepted); }, Qt::QueuedConnection);
+            listener->decide(session, isAccepted);
         }
     };
     const quint64 number = ++m_questionNumber;
@@ -204,8 +197,7 @@ void DirectConnectionServer::withdrawQuestion() {
 void DirectConnectionServer::prepareStore(quint64 session) {
     m_observer->clientWillRead([listener = m_listener, session] {
         if (listener) {
-            QMetaObject::invokeMethod(
-                listener, [=] { listener->proceed(session); }, Qt::QueuedConnection);
+            listener->proceed(session);
         }
     });
 }

@@ -6,6 +6,7 @@
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionListener.h"
 #include "Host/QVDirectConnectionServer.h"
+#include "Platform/Foundation/CallQueue.h"
 
 class ServedStoreObserver;
 class ProfileDatabase;
@@ -46,7 +47,7 @@ public:
 
 private:
     Expected<void> start();
-    /// Starts the thread and the listener.
+    /// Starts the listener on its thread. Has no effect if it fails.
     Expected<void> listen(const DirectConnectionIdentity &identity);
     void stop();
     /// Returns the functions by which the listener posts its requests to the main thread.
@@ -67,6 +68,8 @@ private:
     ServedStoreObserver *m_observer = nullptr;
     DirectConnection::Limits m_limits;
     quint16 m_port;
+    /// The calls from the listener.
+    CallQueue m_calls;
     QThread m_thread;
     /// Lives on `m_thread`; null while not serving.
     QPointer<DirectConnectionListener> m_listener;

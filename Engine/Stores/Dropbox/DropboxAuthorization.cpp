@@ -67,7 +67,7 @@ QUrl withQuery(QUrl address, const QList<FormEncoding::Field> &fields) {
 
 }  // namespace
 
-DropboxAuthorization::DropboxAuthorization(QObject &mainThread, const Limits &limits)
+DropboxAuthorization::DropboxAuthorization(CallQueue &mainThread, const Limits &limits)
     : m_mainThread(mainThread), m_limits(limits), m_connection(limits.server) {}
 
 Expected<DropboxAuthorization::SignIn> DropboxAuthorization::run(const EngineFuture &future) {
@@ -120,9 +120,7 @@ Expected<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration 
 
 Expected<void> DropboxAuthorization::openBrowser(const QUrl &address, const EngineFuture &future) {
     const auto start = std::make_shared<BrowserStart>();
-    QMetaObject::invokeMethod(
-        &m_mainThread, [start, address] { start->setOpened(Workspace::openURL(address)); },
-        Qt::QueuedConnection);
+    m_mainThread.post([start, address] { start->setOpened(Workspace::openURL(address)); });
     const std::optional<bool> isOpened = start->wait(future);
     if (!isOpened) {
         return failure(operationCancelled());

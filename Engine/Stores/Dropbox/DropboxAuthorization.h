@@ -3,6 +3,7 @@
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Engine/Stores/Dropbox/DropboxConnection.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
+#include "Platform/Foundation/CallQueue.h"
 
 /// One sign-in to Dropbox as described in RFC 8252 for native programs: the browser shows Dropbox's
 /// page and is redirected to a loopback address with a code, which is exchanged for tokens. The
@@ -23,9 +24,9 @@ public:
         HttpClient::Timeouts server = {};
     };
 
-    /// `mainThread` is an object that lives on the main thread, where the browser is opened. It is
-    /// not owned and must outlive this object.
-    DropboxAuthorization(QObject &mainThread, const Limits &limits);
+    /// `mainThread` is a queue of the main thread, on which the browser is opened. It is not owned
+    /// and must outlive this object.
+    DropboxAuthorization(CallQueue &mainThread, const Limits &limits);
 
     /// Performs the whole sign-in. Blocks until the user has signed in, the timeout has expired or
     /// `future` is cancelled; must be called once, on a worker thread.
@@ -41,7 +42,7 @@ private:
     Expected<QString> accountAddress(const DropboxConfiguration &configuration,
                                      const DropboxTokens &tokens, const EngineFuture &future);
 
-    QObject &m_mainThread;
+    CallQueue &m_mainThread;
     const Limits m_limits;
     DropboxConnection m_connection;
 };

@@ -52,9 +52,8 @@ QString DropboxRedirectListener::address() const {
 Expected<QString> DropboxRedirectListener::wait(const EngineFuture &future,
                                                 std::chrono::milliseconds limit) {
     QTimer::singleShot(limit, &m_waiting, &QEventLoop::quit);
-    const auto quit = [this] {
-        QMetaObject::invokeMethod(&m_waiting, &QEventLoop::quit, Qt::QueuedConnection);
-    };
+    // Later, since the loop may not run yet.
+    const auto quit = [this] { m_calls.post([this] { m_waiting.quit(); }); };
     const std::stop_callback cancellation(future.cancellation(), quit);
     if (!m_result) {
         m_waiting.exec();

@@ -6,6 +6,7 @@
 #include <chrono>
 
 #include "Engine/Foundation/EngineFuture.h"
+#include "Platform/Foundation/CallQueue.h"
 #include "Platform/Foundation/Expected.h"
 
 /// Receives the browser's redirect after the user has signed in or refused: a server at a loopback
@@ -38,6 +39,7 @@ private:
     QList<QTcpSocket *> m_sockets;
     std::optional<Expected<QString>> m_result;
     QEventLoop m_waiting;
+    CallQueue m_calls;
     /// Must be the last member: destroying the server closes its sockets, whose slots use the
     /// members above.
     QTcpServer m_server;

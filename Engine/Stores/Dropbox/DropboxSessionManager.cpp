@@ -4,17 +4,8 @@
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Dropbox/DropboxSession.h"
 
-namespace {
-
-/// A user who closes the browser's page without signing in may start again meanwhile.
-constexpr int MostAuthorizations = 16;
-
-}  // namespace
-
 DropboxSessionManager::DropboxSessionManager(const DropboxAuthorization::Limits &limits)
-    : m_limits(limits) {
-    m_threads.setMaxThreadCount(MostAuthorizations);
-}
+    : m_limits(limits) {}
 
 DropboxSessionManager::~DropboxSessionManager() {
     for (const Run &run : std::as_const(m_runs)) {
@@ -38,9 +29,7 @@ void DropboxSessionManager::authorize(const std::shared_ptr<PZFuture> &future, H
     m_runs.insert(number, {operation, std::move(handler)});
     m_threads.start([this, operation, number] {
         const auto signIn = DropboxAuthorization(m_mainThread, m_limits).run(*operation);
-        QMetaObject::invokeMethod(
-            &m_mainThread, [this, number, signIn] { finish(number, signIn); },
-            Qt::QueuedConnection);
+        m_mainThread.post([this, number, signIn] { finish(number, signIn); });
     });
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QtCore/QHash>
-#include <QtCore/QObject>
-#include <QtCore/QThreadPool>
 
+#include "Engine/Foundation/WorkerThreads.h"
 #include "Engine/Stores/Dropbox/DropboxAuthorization.h"
 #include "Host/QVDropboxSessionManager.h"
+#include "Platform/Foundation/CallQueue.h"
 
 class EngineFuture;
 
@@ -44,6 +44,6 @@ private:
     QHash<quint64, Run> m_runs;
     /// Receives the results of the threads; calls that are still queued are dropped when it is
     /// destroyed.
-    QObject m_mainThread;
-    QThreadPool m_threads;
+    CallQueue m_mainThread;
+    WorkerThreads m_threads;
 };
