@@ -1,13 +1,14 @@
 #include "Platform/Foundation/Localization.h"
 
 #include <QtCore/QHash>
-#include <QtCore/QReadWriteLock>
 #include <QtCore/QTranslator>
+#include <mutex>
+#include <shared_mutex>
 
 namespace {
 
 struct Tables {
-    QReadWriteLock lock;
+    std::shared_mutex mutex;
     QHash<QByteArray, const QTranslator *> translators;
 };
 
@@ -19,7 +20,7 @@ Tables &tables() {
 }  // namespace
 
 QString localizedString(const char *table, const char *key) {
-    const QReadLocker lock(&tables().lock);
+    const std::shared_lock lock(tables().mutex);
     const auto length = static_cast<qsizetype>(qstrlen(table));
     const QTranslator *translator =
         tables().translators.value(QByteArray::fromRawData(table, length));
@@ -28,11 +29,11 @@ QString localizedString(const char *table, const char *key) {
 }
 
 void setLocalizationTable(const QByteArray &table, const QTranslator *translator) {
-    const QWriteLocker lock(&tables().lock);
+    const std::lock_guard lock(tables().mutex);
     tables().translators.insert(table, translator);
 }
 
 void removeLocalizationTables(const QTranslator *translator) {
-    const QWriteLocker lock(&tables().lock);
+    const std::lock_guard lock(tables().mutex);
     tables().translators.removeIf([=](const auto &entry) { return entry.value() == translator; });
 }
