@@ -5,6 +5,7 @@
 #include <QtNetwork/QSslConfiguration>
 #include <QtNetwork/QSslSocket>
 #include <QtNetwork/QTcpServer>
+#include <memory>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 
@@ -19,19 +20,17 @@ DirectConnectionPeer::DirectConnectionPeer(const DirectConnectionIdentity &ident
                                            const QByteArray &response, qsizetype step) {
     std::promise<quint16> port;
     std::future<quint16> listeningPort = port.get_future();
-    m_thread.reset(QThread::create(
-        [identity, response, step, &port] { serve(identity, response, step, port); }));
-    m_thread->start();
+    m_thread = std::thread(&serve, identity, response, step, std::move(port));
     m_port = listeningPort.get();
 }
 
 DirectConnectionPeer::~DirectConnectionPeer() {
-    m_thread->wait();
+    m_thread.join();
 }
 
 void DirectConnectionPeer::serve(const DirectConnectionIdentity &identity,
                                  const QByteArray &response, qsizetype step,
-                                 std::promise<quint16> &port) {
+                                 std::promise<quint16> port) {
     QTcpServer server;
     server.listen(QHostAddress::LocalHost);
     port.set_value(server.serverPort());

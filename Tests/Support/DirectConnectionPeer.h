@@ -1,9 +1,8 @@
 #pragma once
 
 #include <QtCore/QByteArray>
-#include <QtCore/QThread>
 #include <future>
-#include <memory>
+#include <thread>
 
 struct DirectConnectionIdentity;
 
@@ -22,8 +21,8 @@ public:
 
 private:
     static void serve(const DirectConnectionIdentity &identity, const QByteArray &response,
-                      qsizetype step, std::promise<quint16> &port);
+                      qsizetype step, std::promise<quint16> port);
 
     quint16 m_port = 0;
-    std::unique_ptr<QThread> m_thread;
+    std::thread m_thread;
 };

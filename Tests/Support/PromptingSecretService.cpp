@@ -7,6 +7,8 @@
 #include <QtDBus/QDBusMetaType>
 #include <QtDBus/QDBusObjectPath>
 #include <QtDBus/QDBusVariant>
+#include <future>
+#include <memory>
 #include <stdexcept>
 
 namespace {
@@ -46,8 +48,7 @@ PromptingSecretService::PromptingSecretService(const QString &busAddress, Person
     qDBusRegisterMetaType<QMap<QString, QString>>();
     moveToThread(&m_thread);
     m_thread.start();
-    QMetaObject::invokeMethod(
-        this, [this] { registerOnBus(); }, Qt::BlockingQueuedConnection);
+    callOnThread([this] { registerOnBus(); });
     if (!QDBusConnection(ConnectionName)
              .interface()
              ->isServiceRegistered(QStringLiteral("org.freedesktop.secrets"))) {
@@ -56,12 +57,19 @@ PromptingSecretService::PromptingSecretService(const QString &busAddress, Person
 }
 
 PromptingSecretService::~PromptingSecretService() {
-    QMetaObject::invokeMethod(
-        this, [] { QDBusConnection(ConnectionName).unregisterObject(ServicePath); },
-        Qt::BlockingQueuedConnection);
+    callOnThread([] { QDBusConnection(ConnectionName).unregisterObject(ServicePath); });
     QDBusConnection::disconnectFromBus(ConnectionName);
     m_thread.quit();
     m_thread.wait();
+}
+
+void PromptingSecretService::callOnThread(const std::function<void()> &call) {
+    const auto done = std::make_shared<std::promise<void>>();
+    m_calls.post([&call, done] {
+        call();
+        done->set_value();
+    });
+    done->get_future().wait();
 }
 
 void PromptingSecretService::registerOnBus() {

@@ -3,6 +3,9 @@
 #include <QtCore/QThread>
 #include <QtDBus/QDBusVirtualObject>
 #include <atomic>
+#include <functional>
+
+#include "Platform/Foundation/CallQueue.h"
 
 /// A Secret Service that requires a prompt for everything. Every search finds one item, which is
 /// locked unless its attribute "name" is "open". Runs on its own thread, on a bus without another
@@ -26,6 +29,8 @@ public:
     QString introspect(const QString &path) const override;
 
 private:
+    /// Calls `call` on the thread of this object and waits until it has returned.
+    void callOnThread(const std::function<void()> &call);
     void registerOnBus();
     QVariantList answer(const QDBusMessage &message);
 
@@ -33,4 +38,5 @@ private:
     const Person m_person;
     std::atomic_int m_countOfPrompts = 0;
     QThread m_thread;
+    CallQueue m_calls{this};
 };

@@ -3,6 +3,7 @@
 #include <sys/socket.h>
 
 #include <QtNetwork/QTcpServer>
+#include <memory>
 
 namespace {
 
@@ -93,16 +94,14 @@ bool ScriptedServer::Connection::isOpen() {
 ScriptedServer::ScriptedServer(Script script) : m_script(std::move(script)) {
     std::promise<quint16> port;
     std::future<quint16> listeningPort = port.get_future();
-    m_thread.reset(QThread::create(
-        [this, promise = std::move(port)]() mutable { serve(std::move(promise)); }));
-    m_thread->start();
+    m_thread = std::thread(&ScriptedServer::serve, this, std::move(port));
     m_port = listeningPort.get();
 }
 
 ScriptedServer::~ScriptedServer() {
     m_isEnding = true;
     m_isEnding.notify_all();
-    m_thread->wait();
+    m_thread.join();
 }
 
 QString ScriptedServer::URLText(const QString &path) const {

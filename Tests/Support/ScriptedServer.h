@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QtCore/QThread>
 #include <QtNetwork/QTcpSocket>
 #include <atomic>
 #include <functional>
 #include <future>
-#include <memory>
+#include <thread>
 
 /// A server on a port of this computer that handles connections with a function of the test, one
 /// after the other, on its own thread.
@@ -60,5 +59,5 @@ private:
     std::atomic<bool> m_isEnding = false;
     std::atomic<int> m_connections = 0;
     quint16 m_port = 0;
-    std::unique_ptr<QThread> m_thread;
+    std::thread m_thread;
 };

@@ -1,5 +1,6 @@
 #include <QtNetwork/QTcpServer>
 #include <latch>
+#include <thread>
 
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionServer.h"
@@ -9,6 +10,7 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
+#include "Support/AwaitOnThread.h"
 #include "Support/Failure.h"
 #include "Support/FreePort.h"
 #include "Support/Patience.h"
@@ -57,22 +59,8 @@ class DirectConnectionStoreTest : public QObject {
         return std::dynamic_pointer_cast<BlobStore>(m_location->createStore());
     }
 
-    /// Runs `work` on a thread that may block, and the event loop meanwhile.
-    template <class Work>
-    static auto await(const Work &work) {
-        using Answer = decltype(work());
-        std::optional<Answer> answer;
-        const std::unique_ptr<QThread> thread(QThread::create([&] { answer.emplace(work()); }));
-        QEventLoop loop;
-        QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
-        thread->start();
-        loop.exec();
-        thread->wait();
-        return *answer;
-    }
-
     static Expected<void> open(const std::shared_ptr<BlobStore> &store) {
-        return await([&] { return store->open(EngineFuture()); });
+        return awaitOnThread([&] { return store->open(EngineFuture()); });
     }
 
     void pair() {
@@ -246,7 +234,7 @@ private Q_SLOTS:
         revoke();
         const auto list = [&] { return store->list(QStringLiteral("databases"), EngineFuture()); };
         for (int i = 0; i < 2; ++i) {
-            QCOMPARE(code(await(list)), EngineErrorCode::AccessDenied);
+            QCOMPARE(code(awaitOnThread(list)), EngineErrorCode::AccessDenied);
         }
         QCOMPARE(code(open(newStore())), EngineErrorCode::AccessDenied);
         // No user is asked again.
@@ -294,19 +282,19 @@ private Q_SLOTS:
         const EngineFuture future;
         // Unopened, from one thread after another.
         const auto write = [&] { return store->writeIfAbsent(name, contents, future); };
-        QCOMPARE(await(write).value(), BlobStore::Written::New);
-        QCOMPARE(await(write).value(), BlobStore::Written::AlreadyThere);
+        QCOMPARE(awaitOnThread(write).value(), BlobStore::Written::New);
+        QCOMPARE(awaitOnThread(write).value(), BlobStore::Written::AlreadyThere);
         const auto list = [&] { return store->list(folder, future); };
-        QCOMPARE(await(list).value(), QStringList(QStringLiteral("0001")));
+        QCOMPARE(awaitOnThread(list).value(), QStringList(QStringLiteral("0001")));
         const auto read = [&] { return store->read(name, contents.size(), future); };
-        QCOMPARE(await(read).value(), contents);
+        QCOMPARE(awaitOnThread(read).value(), contents);
         const auto readLess = [&] { return store->read(name, contents.size() - 1, future); };
-        QCOMPARE(code(await(readLess)), EngineErrorCode::BlobRefused);
+        QCOMPARE(code(awaitOnThread(readLess)), EngineErrorCode::BlobRefused);
         const auto remove = [&] { return store->remove(name, future); };
-        QCOMPARE(description(await(remove)), QString());
-        QCOMPARE(description(await(remove)), QString());
-        QCOMPARE(code(await(read)), EngineErrorCode::BlobMissing);
-        QCOMPARE(await(list).value(), QStringList());
+        QCOMPARE(description(awaitOnThread(remove)), QString());
+        QCOMPARE(description(awaitOnThread(remove)), QString());
+        QCOMPARE(code(awaitOnThread(read)), EngineErrorCode::BlobMissing);
+        QCOMPARE(awaitOnThread(list).value(), QStringList());
     }
 
     void severalThreadsMayUseOneStore() {
@@ -314,21 +302,19 @@ private Q_SLOTS:
         const std::shared_ptr<BlobStore> store = newStore();
         const EngineFuture future;
         std::atomic<int> written = 0;
+        std::atomic<int> ended = 0;
         const auto writeTwenty = [&](int writer) {
             for (int i = 0; i < 20; ++i) {
                 const QString name = QStringLiteral("transactions/@inbox/%1-%2").arg(writer).arg(i);
                 written += store->writeIfAbsent(name, "x", future) ? 1 : 0;
             }
+            ++ended;
         };
-        std::vector<std::unique_ptr<QThread>> threads;
+        std::vector<std::jthread> threads;
         for (int writer = 0; writer < 4; ++writer) {
-            threads.emplace_back(QThread::create([&, writer] { writeTwenty(writer); }));
-            threads.back()->start();
+            threads.emplace_back(writeTwenty, writer);
         }
-        QTRY_VERIFY_WITH_TIMEOUT(
-            std::all_of(threads.begin(), threads.end(),
-                        [](const auto &thread) { return thread->isFinished(); }),
-            Patience);
+        QTRY_COMPARE_WITH_TIMEOUT(ended.load(), 4, Patience);
         QCOMPARE(written, 80);
     }
 
@@ -339,7 +325,7 @@ private Q_SLOTS:
         server().stopServing();
         server().startServing();
         const auto list = [&] { return store->list(QStringLiteral("databases"), EngineFuture()); };
-        QCOMPARE(await(list).value(), QStringList(QStringLiteral("@inbox.json")));
+        QCOMPARE(awaitOnThread(list).value(), QStringList(QStringLiteral("@inbox.json")));
     }
 
     void aServerThatIsNotThereIsUnreachable() {

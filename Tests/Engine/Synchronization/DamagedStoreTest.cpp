@@ -6,6 +6,7 @@
 #include "Host/InboxUUID.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
+#include "Support/AwaitOnThread.h"
 #include "Support/DropboxTestCase.h"
 #include "Support/Failure.h"
 #include "Support/FreePort.h"
@@ -203,28 +204,16 @@ class DamagedStoreTest : public QObject {
     /// Of the last synchronization.
     QStringList m_problems;
 
-    /// Runs `work` on a thread that may block, and the event loop meanwhile.
-    static Expected<void> await(const std::function<Expected<void>()> &work) {
-        Expected<void> result;
-        const std::unique_ptr<QThread> thread(QThread::create([&] { result = work(); }));
-        QEventLoop loop;
-        connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
-        thread->start();
-        loop.exec();
-        thread->wait();
-        return result;
-    }
-
     Expected<void> synchronize(Replica &replica) {
         const EngineFuture future;
         const std::shared_ptr<BlobStore> store = m_fixture->store();
         SyncSession session(replica.profile(), replica.library(),
                             {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
-        Expected<void> result = await([&] { return store->open(future); });
+        Expected<void> result = awaitOnThread([&] { return store->open(future); });
         while (result && !session.isDone()) {
-            result = await([&] { return session.accessStore(*store, future); }).and_then([&] {
-                return session.accessProfile();
-            });
+            result = awaitOnThread([&] {
+                         return session.accessStore(*store, future);
+                     }).and_then([&] { return session.accessProfile(); });
         }
         m_problems.clear();
         for (const Error &problem : session.problems()) {

@@ -212,6 +212,8 @@ private Q_SLOTS:
                                                         QStringLiteral("@inbox=Inbox")}));
         QVERIFY(
             problem.get_future().get().contains(QStringLiteral("databases/x.json” is damaged")));
+        // The threads have released it.
+        QTRY_COMPARE(m_store.use_count(), 1);
     }
 
     void aLocationOfAWebAddressHasThisStore() {
