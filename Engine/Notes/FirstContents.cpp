@@ -1,11 +1,15 @@
 #include "Engine/Notes/FirstContents.h"
 
 #include <QtCore/QDateTime>
+#include <QtCore/QFileInfo>
 #include <QtCore/QUuid>
+#include <cerrno>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/NoteLog.h"
+#include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileFolder.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/Url.h"
@@ -75,18 +79,31 @@ Expected<void> writeDatabase(const ProfileDatabase &profile, const FirstDatabase
     return log.setName(name).and_then([&] { return writeNotes(log, database.notes); });
 }
 
+/// Creates a folder, which an interrupted first start may have left.
+Expected<void> makeFolder(const QString &path) {
+    const Expected<void> created = FileManager::createDirectory(path);
+    const QFileInfo folder(path);
+    if (created || (folder.isDir() && !folder.isSymLink())) {
+        return {};
+    }
+    const bool isDiskFull = created.error().code == ENOSPC || created.error().code == EDQUOT;
+    return failure(isDiskFull
+                       ? engineError(EngineErrorCode::ProfileUnusable, FullDisk::message(path))
+                       : engineError(EngineErrorCode::ProfileUnusable,
+                                     "The sync store “%1” could not be created. Check the "
+                                     "permissions of the folder that contains it.",
+                                     path));
+}
+
 /// Creates a sync store in the profile folder, with which the database `UUID` synchronizes.
 Expected<void> writeLocation(const ProfileDatabase &profile, const QString &UUID,
                              const QString &name) {
-    const QString stores = profile.directory() + QStringLiteral("/Sync Stores");
+    const QString stores = profile.directory() + u'/' + ProfileFolder::SyncStoresName;
     const QString package = stores + QStringLiteral("/Home.qvSyncStore");
     for (const QString &folder : {stores, package, package + QStringLiteral("/databases"),
                                   package + QStringLiteral("/transactions")}) {
-        if (!FileManager::createDirectory(folder)) {
-            return failure(engineError(EngineErrorCode::ProfileUnusable,
-                                       "The sync store “%1” could not be created. Check the "
-                                       "permissions of the folder that contains it.",
-                                       package));
+        if (Expected<void> made = makeFolder(folder); !made) {
+            return made;
         }
     }
     const QString location = newUUID();

@@ -87,7 +87,8 @@ bool isBetween(const Counts &counts, const Counts &before, const Counts &after) 
 }
 
 Expected<void> verifyIntegrity(const ReadOnlyConnection &database, const QString &path) {
-    if (database.value(QStringLiteral("PRAGMA integrity_check(1)")) != QStringLiteral("ok")) {
+    if (database.value(QStringLiteral("PRAGMA user_version")).toInt() == 0 ||
+        database.value(QStringLiteral("PRAGMA integrity_check(1)")) != QStringLiteral("ok")) {
         return failure(
             engineError(EngineErrorCode::BackupFailed, "The backup “%1” is damaged.", path));
     }

@@ -7,6 +7,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/FullDisk.h"
+#include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfilePermissions.h"
 #include "Engine/Profile/ProfileReader.h"
@@ -14,17 +15,6 @@
 #include "Host/SyncStrings.h"
 
 namespace {
-
-const QString FileName = QStringLiteral("profile.sqlite");
-const QString SyncStoresName = QStringLiteral("Sync Stores");
-
-/// Whether a profile can be made in the existing folder `directory`.
-bool isUnused(const QString &directory) {
-    QStringList names = QDir(directory).entryList(QDir::AllEntries | QDir::NoDotAndDotDot |
-                                                  QDir::Hidden | QDir::System);
-    names.removeOne(ProfileLock::FileName);
-    return names.isEmpty();
-}
 
 QStringList connectionSettings() {
     return {
@@ -115,8 +105,16 @@ tl::unexpected<Error> openingFailure(const char *text, const QString &path) {
     return failure(engineError(EngineErrorCode::ProfileUnusable, text, path));
 }
 
-/// The folder has files, but not those of a profile.
-tl::unexpected<Error> noProfile(const QString &directory) {
+/// Returns an error unless a profile can be made in the existing folder `directory`, which has
+/// none.
+Expected<void> checkUnused(const QString &directory) {
+    const Expected<bool> isUnused = ProfileFolder::isUnused(directory);
+    if (!isUnused) {
+        return failure(isUnused.error());
+    }
+    if (*isUnused) {
+        return {};
+    }
     if (ProfileRecovery::hasTraces(directory)) {
         return failure(engineError(EngineErrorCode::ProfileDamaged,
                                    "The profile is missing from the folder “%1”. Restore it from a "
@@ -137,7 +135,7 @@ ProfileDatabase::~ProfileDatabase() {
 }
 
 QString ProfileDatabase::path() const {
-    return m_directory + u'/' + FileName;
+    return m_directory + u'/' + ProfileFolder::DatabaseName;
 }
 
 Expected<void> ProfileDatabase::open(const QString &directory, const Changes &fill,
@@ -164,8 +162,11 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
     }
     // Nothing is written into a folder of the user's, not even the lock file. Another process may
     // be creating the profile, so its file is looked for last.
-    if (folder.exists() && !isUnused(m_directory) && !QFileInfo::exists(path())) {
-        return noProfile(m_directory);
+    if (folder.exists() && !QFileInfo::exists(path())) {
+        const Expected<void> unused = checkUnused(m_directory);
+        if (!unused && !QFileInfo::exists(path())) {
+            return unused;
+        }
     }
     m_hasMadeFolder =
         QDir().mkpath(folder.path()) &&
@@ -187,12 +188,13 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
         return ProfileInspection::check(path()).and_then(
             [&] { return openFile(fill, convertNotes); });
     }
-    if (!isUnused(m_directory)) {
-        return noProfile(m_directory);
+    if (Expected<void> unused = checkUnused(m_directory); !unused) {
+        return unused;
     }
     Expected<void> opened = openFile(fill, convertNotes);
     if (!opened) {
-        removeNewProfile();
+        closeFile();
+        ProfileFolder::removeNewProfile(m_directory);
     }
     return opened;
 }
@@ -275,17 +277,6 @@ Expected<void> ProfileDatabase::runAll(const QStringList &statements) const {
         }
     }
     return {};
-}
-
-void ProfileDatabase::removeNewProfile() {
-    closeFile();
-    const QDir folder(m_directory);
-    const QStringList names = folder.entryList({FileName + u'*'}, QDir::Files | QDir::System);
-    for (const QString &name : names) {
-        QFile::remove(folder.filePath(name));
-    }
-    // The first contents are a sync store. The lock guarantees that this process created it.
-    QDir(folder.filePath(SyncStoresName)).removeRecursively();
 }
 
 void ProfileDatabase::closeFile() {
@@ -374,7 +365,8 @@ Expected<void> ProfileDatabase::write(const Changes &changes) const {
 }
 
 void ProfileDatabase::rememberFiles() {
-    for (const QString &file : {path(), path() + QStringLiteral("-wal")}) {
+    for (const QString &file :
+         {path(), path() + QStringLiteral("-wal"), m_directory + u'/' + ProfileLock::FileName}) {
         if (const std::optional<FileIdentity> identity = FileIdentity::of(file)) {
             m_files.insert(file, *identity);
         }

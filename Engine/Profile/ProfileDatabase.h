@@ -38,8 +38,9 @@ public:
     /// Opens the profile in the folder `directory` and locks it until this object is destroyed.
     /// Must not be called again once it has succeeded.
     ///
-    /// If the folder does not exist or is empty, creates a new profile in it: creates the tables
-    /// and calls `fill` to write the first rows, in one transaction. A profile of schema version 1
+    /// If the folder does not exist or is empty, or a first start in it was interrupted, creates a
+    /// new profile in it: creates the tables and calls `fill` to write the first rows, in one
+    /// transaction. A profile of schema version 1
     /// is upgraded: its table of notes is renamed to "old_notes" and `convertNotes` is called to
     /// write the notes into the current tables, in one transaction, after which "old_notes" is
     /// dropped. One of version 2 or 3 gets the tables and columns that it lacks.
@@ -50,7 +51,8 @@ public:
     ///
     /// An error describes the problem and names the file or folder. The folder is then as it was
     /// before the call, apart from those permissions. The code is ProfileUnusable, ProfileDamaged
-    /// if the database is damaged or missing from a folder that had one (see ProfileRecovery),
+    /// if the database is damaged, emptied, or missing from a folder that had one (see
+    /// ProfileRecovery),
     /// ProfileInUse if another process or object has the profile open, ProfileNotWritten, or that
     /// of the failed callback.
     Expected<void> open(const QString &directory, const Changes &fill, const Changes &convertNotes);
@@ -108,8 +110,6 @@ private:
     /// Returns an error if the paths of the open files name other files or none.
     Expected<void> checkFiles() const;
     Error queryError(const QSqlQuery &query) const;
-    /// Removes what openFile() has written into a folder that had no profile.
-    void removeNewProfile();
     void closeFile();
 
     /// Declared first: the lock is released after the database is closed.

@@ -5,6 +5,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/FullDisk.h"
+#include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 
 namespace {
@@ -15,6 +16,12 @@ ReadOnlyConnection::Sharing sharingFor(const QString &path) {
     return QFileInfo(path + QStringLiteral("-wal")).size() > 0
                ? ReadOnlyConnection::Sharing::Shared
                : ReadOnlyConnection::Sharing::Immutable;
+}
+
+/// Returns whether the database is empty, but not its log, which SQLite deletes then when it opens
+/// the database. A first start writes the log after the first page of the database.
+bool hasLogOnly(const QString &path) {
+    return QFileInfo(path).size() == 0 && QFileInfo(path + QStringLiteral("-wal")).size() > 0;
 }
 
 tl::unexpected<Error> unusable(const char *text, const QString &path) {
@@ -31,6 +38,21 @@ tl::unexpected<Error> damaged(const QString &path) {
         "The profile “%1” is damaged and cannot be opened. Restore it from a backup or use another "
         "profile.",
         path));
+}
+
+/// Returns an error unless the empty database at `path` is what an interrupted first start leaves.
+Expected<void> checkNeverUsed(const QString &path) {
+    return ProfileFolder::isUnusedSinceCreation(QFileInfo(path).path())
+        .and_then([&](bool isUnused) -> Expected<void> {
+            if (isUnused && !hasLogOnly(path)) {
+                return {};
+            }
+            return failure(engineError(
+                EngineErrorCode::ProfileDamaged,
+                "The profile “%1” is empty, although it has been used. Restore it from a backup or "
+                "use another profile.",
+                path));
+        });
 }
 
 Expected<void> checkContents(const QString &path, const ReadOnlyConnection &database) {
@@ -57,7 +79,7 @@ Expected<void> checkContents(const QString &path, const ReadOnlyConnection &data
         return unusable(
             "“%1” is a database of another program, not a profile. Choose another folder.", path);
     }
-    return {};
+    return isEmpty ? checkNeverUsed(path) : Expected<void>();
 }
 
 Expected<void> checkAccess(const QString &path) {
@@ -90,6 +112,9 @@ Expected<void> checkAccess(const QString &path) {
 Expected<void> ProfileInspection::check(const QString &path) {
     if (Expected<void> accessible = checkAccess(path); !accessible) {
         return accessible;
+    }
+    if (hasLogOnly(path)) {
+        return checkNeverUsed(path);
     }
     const ReadOnlyConnection database(path, sharingFor(path));
     return database.isOpen() ? checkContents(path, database) : damaged(path);

@@ -19,7 +19,8 @@ inline constexpr int OldestSchemaVersion = 1;
 ///
 /// Returns an error that describes the reason if it cannot: of the code ProfileDamaged if the file
 /// is damaged, and ProfileUnusable if it is unreadable, read-only, of an unsupported version, or of
-/// another program. An empty database, which an interrupted first start leaves, passes the check.
+/// another program. An empty database is damaged too, unless its folder contains nothing else than
+/// what an interrupted first start leaves.
 /// Reads the whole file, so it may block for some seconds.
 Expected<void> check(const QString &path);
 

@@ -11,13 +11,14 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/DurableFile.h"
+#include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/SyncStrings.h"
 
 namespace {
 
-const QString DatabaseName = QStringLiteral("profile.sqlite");
+using ProfileFolder::DatabaseName;
 const QString RecoveryConnection = QStringLiteral("velmora-profile-recovery");
 
 tl::unexpected<Error> systemFailure(const QString &path) {
@@ -123,8 +124,9 @@ QStringList sourcesOfLocations(const QString &directory, const QString &folder) 
 }  // namespace
 
 bool ProfileRecovery::hasTraces(const QString &directory) {
+    const QString log = directory + u'/' + DatabaseName + QStringLiteral("-wal");
     return QFileInfo(directory + u'/' + ProfileBackups::FolderName).isDir() ||
-           QFileInfo(directory + u'/' + FolderName).isDir();
+           QFileInfo(directory + u'/' + FolderName).isDir() || QFileInfo(log).size() > 0;
 }
 
 Expected<void> ProfileRecovery::restoreBackup(const QString &directory) {

@@ -17,7 +17,7 @@ namespace ProfileRecovery {
 inline const QString FolderName = QStringLiteral("Damaged Profiles");
 
 /// Returns whether the profile folder `directory` contains traces of a profile that can be
-/// recovered: backups, or damaged profiles.
+/// recovered: backups, damaged profiles, or the log of a missing database.
 bool hasTraces(const QString &directory);
 
 /// Replaces the database by the newest backup that is sound.

@@ -26,12 +26,15 @@ bool isInUse(const Error &error) {
 
 /// Copies the profile if its first transaction is committed; returns whether it is.
 Expected<bool> copy(const QString &path, const QString &target, bool isLocked) {
+    // SQLite would delete the log of a database without a page.
+    if (QFileInfo(path).size() == 0) {
+        return false;
+    }
     // A locked profile has no other user. Without a log, SQLite need not create its files then.
     const bool isImmutable = isLocked && QFileInfo(path + QStringLiteral("-wal")).size() == 0;
     const ReadOnlyConnection database(path, isImmutable ? ReadOnlyConnection::Sharing::Immutable
                                                         : ReadOnlyConnection::Sharing::Shared);
-    if (!QFileInfo::exists(path) || !database.isOpen() ||
-        database.value(QStringLiteral("PRAGMA user_version")).toInt() == 0) {
+    if (!database.isOpen() || database.value(QStringLiteral("PRAGMA user_version")).toInt() == 0) {
         return false;
     }
     QSqlQuery query = database.query();

@@ -1284,6 +1284,14 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Velmora hat keinen Zugriff auf den Ordner „%1“. Erlauben Sie ihn unter „Ordnerzugriff …“.</translation>
     </message>
     <message>
+        <source>The profile “%1” is empty, although it has been used. Restore it from a backup or use another profile.</source>
+        <translation>Das Profil „%1“ ist leer, obwohl es benutzt wurde. Stellen Sie es aus einer Sicherungskopie wieder her oder verwenden Sie ein anderes Profil.</translation>
+    </message>
+    <message>
+        <source>The profile folder “%1” cannot be read: %2</source>
+        <translation>Der Profilordner „%1“ kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
         <source>The profile is missing from the folder “%1”. Restore it from a backup or use another profile.</source>
         <translation>Das Profil fehlt im Ordner „%1“. Stellen Sie es aus einer Sicherungskopie wieder her oder verwenden Sie ein anderes Profil.</translation>
     </message>

@@ -1,7 +1,9 @@
 #include "Support/FaultyFileSystem.h"
 
 #include <sqlite3.h>
+#include <unistd.h>
 
+#include <cstdlib>
 #include <stdexcept>
 
 namespace {
@@ -42,6 +44,7 @@ sqlite3_file *below(sqlite3_file *file) {
 bool isConcerned(Need need, bool isTemporary) {
     switch (plan().fault) {
         case FaultyFileSystem::Fault::Error:
+        case FaultyFileSystem::Fault::End:
             return true;
         case FaultyFileSystem::Fault::Full:
             return need == Need::Space;
@@ -62,6 +65,9 @@ bool fails(Need need, bool isTemporary) {
                            ? current.calls == current.first
                            : current.calls >= current.first;
     current.hasFailed = current.hasFailed || isDue;
+    if (isDue && current.fault == FaultyFileSystem::Fault::End) {
+        _exit(EXIT_FAILURE);
+    }
     return isDue;
 }
 

@@ -13,6 +13,8 @@ public:
         Full,
         /// Temporary files cannot be opened, and calls on those that are open fail.
         NoTemporaryFiles,
+        /// Any call ends the process, as SIGKILL does.
+        End,
     };
     enum class Duration { Once, FromThenOn };
 

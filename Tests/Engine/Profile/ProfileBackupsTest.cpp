@@ -225,6 +225,23 @@ private Q_SLOTS:
         QVERIFY(QDir(directory).entryList({QStringLiteral("*Profile-*")}).isEmpty());
     }
 
+    void anEmptiedProfileIsRestoredAndAnEmptiedBackupIsNot() {
+        const QString directory = m_host->directory();
+        const ProfileBackups backups(directory);
+        QVERIFY(backups.make(m_today.addDays(-1)));
+        QVERIFY(backups.make(m_today));
+        QVERIFY(QFile::resize(pathFor(m_today), 0));
+        m_host->goToComputer(QStringLiteral("Other"));
+        QVERIFY(QFile::resize(directory + QStringLiteral("/profile.sqlite"), 0));
+        {
+            SyncEngine engine;
+            QCOMPARE(code(engine.openProfile(directory)), EngineErrorCode::ProfileDamaged);
+        }
+        QVERIFY(ProfileRecovery::restoreBackup(directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(titles(), QStringList{QStringLiteral("first")});
+    }
+
     void withoutASoundBackupNothingIsChanged() {
         const QString directory = m_host->directory();
         m_host->goToComputer(QStringLiteral("Other"));

@@ -11,6 +11,7 @@
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Support/Failure.h"
+#include "Support/FaultyFileSystem.h"
 #include "Support/OldProfile.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -61,11 +62,17 @@ Expected<void> nothing() {
     return {};
 }
 
-QString descriptionOfOpening(const QString &directory) {
+QString descriptionOfOpening(const QString &directory,
+                             FirstContents contents = FirstContents::Inbox) {
     ProfileDatabase profile;
     return description(profile.open(
-        directory, [&] { return writeFirstContents(profile, FirstContents::Inbox); },
+        directory, [&] { return writeFirstContents(profile, contents); },
         [&] { return convertOldNotes(profile); }));
+}
+
+/// The start of a user's program.
+QString descriptionOfFirstStart(const QString &directory) {
+    return descriptionOfOpening(directory, FirstContents::Welcome);
 }
 
 /// The same in a process that file modes bind, which they do not for root.
@@ -124,14 +131,102 @@ private Q_SLOTS:
         QCOMPARE(descriptionOfOpening(folder()), QString());
     }
 
+    void finishesAnInterruptedFirstStart_data() {
+        QTest::addColumn<QString>("stores");
+        QTest::addRow("without the sync store") << QString();
+        QTest::addRow("with half of the sync store") << QStringLiteral("/Sync Stores");
+        QTest::addRow("with the sync store")
+            << QStringLiteral("/Sync Stores/Home.qvSyncStore/transactions");
+    }
     void finishesAnInterruptedFirstStart() {
-        QVERIFY(QDir().mkdir(folder()));
+        QFETCH(QString, stores);
+        QVERIFY(QDir().mkpath(folder() + stores));
         writeFile(file(), {});
-        QVERIFY(QDir(folder()).mkpath(QStringLiteral("Sync Stores")));
-        QCOMPARE(descriptionOfOpening(folder()), QString());
+        QCOMPARE(descriptionOfFirstStart(folder()), QString());
+        verifyFirstContents();
+    }
+
+    void finishesAFirstStartThatIsKilled() {
+        FaultyFileSystem::install();
+        int ended = EXIT_FAILURE;
+        for (qint64 call = 1; ended != EXIT_SUCCESS; call += 1 + call / 8) {
+            const pid_t child = fork();
+            if (child == 0) {
+                const FaultyFileSystem disk(FaultyFileSystem::Fault::End, call,
+                                            FaultyFileSystem::Duration::Once);
+                _exit(descriptionOfFirstStart(folder()).isEmpty() ? EXIT_SUCCESS : 2);
+            }
+            int status = 0;
+            QCOMPARE(waitpid(child, &status, 0), child);
+            QVERIFY(WIFEXITED(status));
+            ended = WEXITSTATUS(status);
+            QVERIFY(ended == EXIT_FAILURE || ended == EXIT_SUCCESS);
+            QCOMPARE(descriptionOfFirstStart(folder()), QString());
+            verifyFirstContents();
+            QVERIFY(QDir(folder()).removeRecursively());
+        }
+    }
+
+    void repeatsAFirstStartThatFailed_data() {
+        QTest::addColumn<int>("fault");
+        QTest::addRow("error") << static_cast<int>(FaultyFileSystem::Fault::Error);
+        QTest::addRow("full") << static_cast<int>(FaultyFileSystem::Fault::Full);
+    }
+    void repeatsAFirstStartThatFailed() {
+        QFETCH(int, fault);
+        FaultyFileSystem::install();
+        bool hasFailed = true;
+        for (qint64 call = 1; hasFailed; call += 1 + call / 8) {
+            QString description;
+            {
+                const FaultyFileSystem disk(static_cast<FaultyFileSystem::Fault>(fault), call,
+                                            FaultyFileSystem::Duration::FromThenOn);
+                description = descriptionOfFirstStart(folder());
+                hasFailed = disk.hasFailed();
+            }
+            QVERIFY(hasFailed || description.isEmpty());
+            QVERIFY(description.isEmpty() || !QFileInfo::exists(folder()));
+            QCOMPARE(descriptionOfFirstStart(folder()), QString());
+            verifyFirstContents();
+            QVERIFY(QDir(folder()).removeRecursively());
+        }
+    }
+
+    void refusesAnEmptiedDatabase_data() {
+        QTest::addColumn<QString>("trace");
+        for (const char *trace : {"Backups/2026-11-22.sqlite", "Damaged Profiles/1/profile.sqlite",
+                                  "Sync Stores/Home.qvSyncStore/transactions/a", "unsaved-1.json",
+                                  "Direct Connection.pem", "profile.sqlite-wal"}) {
+            QTest::addRow("%s", trace) << QString::fromLatin1(trace);
+        }
+    }
+    void refusesAnEmptiedDatabase() {
+        QFETCH(QString, trace);
+        const QString path = folder() + u'/' + trace;
+        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+        writeFile(path, "something");
+        writeFile(file(), {});
+        verifyRefused(QStringLiteral("is empty"), file());
         ProfileDatabase profile;
-        QVERIFY(profile.open(folder(), nothing, nothing));
-        QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM databases")), 1);
+        QCOMPARE(code(profile.open(folder(), nothing, nothing)), EngineErrorCode::ProfileDamaged);
+    }
+
+    void offersToRecoverADatabaseOfWhichOnlyTheLogIsLeft() {
+        QVERIFY(QDir().mkdir(folder()));
+        writeFile(file() + QStringLiteral("-wal"), "something");
+        verifyRefused(QStringLiteral("is missing"), folder());
+        ProfileDatabase profile;
+        QCOMPARE(code(profile.open(folder(), nothing, nothing)), EngineErrorCode::ProfileDamaged);
+    }
+
+    /// The names in the folder are unknown, so that the user may have anything there.
+    void refusesAFolderThatMayNotBeRead() {
+        const QString letter = folder() + QStringLiteral("/Sync Stores/letter.txt");
+        QVERIFY(QDir().mkpath(QFileInfo(letter).path()));
+        writeFile(letter, "Dear Ida");
+        QCOMPARE(chown(QFile::encodeName(folder()).constData(), Nobody, Nobody), 0);
+        makeUnwritable(folder(), QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        verifyRefusedUnprivileged(QStringLiteral("cannot be read"), folder());
     }
 
     void keepsToTheDisk() {
@@ -345,7 +440,7 @@ private Q_SLOTS:
     void noticesThatItsFilesAreGone_data() {
         QTest::addColumn<QString>("removed");
         QTest::addColumn<bool>("isReplaced");
-        for (const char *name : {"", "/profile.sqlite", "/profile.sqlite-wal"}) {
+        for (const char *name : {"", "/profile.sqlite", "/profile.sqlite-wal", "/profile.lock"}) {
             QTest::addRow("“%s” is moved", name) << QString::fromLatin1(name) << false;
             QTest::addRow("“%s” is replaced", name) << QString::fromLatin1(name) << true;
         }
@@ -389,6 +484,15 @@ private Q_SLOTS:
     }
 
 private:
+    void verifyFirstContents() const {
+        ProfileDatabase profile;
+        QVERIFY(profile.open(folder(), nothing, nothing));
+        QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM databases")), 3);
+        QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM locations")), 1);
+        QVERIFY(QFileInfo(folder() + QStringLiteral("/Sync Stores/Home.qvSyncStore/databases"))
+                    .isDir());
+    }
+
     /// Lets everyone reach the profile, and gives `path` these permissions.
     void makeUnwritable(const QString &path, QFileDevice::Permissions permissions) const {
         QVERIFY(QFile(m_directory->path()).setPermissions(QFileDevice::Permissions(0x7777)));

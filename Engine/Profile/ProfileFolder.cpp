@@ -1,0 +1,113 @@
+#include "Engine/Profile/ProfileFolder.h"
+
+#include <QtCore/QFile>
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/ProfileLock.h"
+#include "Host/SyncStrings.h"
+
+namespace {
+
+using Path = std::filesystem::path;
+
+Path pathOf(const QString &name) {
+    return QFile::encodeName(name).toStdString();
+}
+
+tl::unexpected<Error> unreadable(const QString &directory, const std::error_code &error) {
+    return failure(engineError(EngineErrorCode::ProfileUnusable,
+                               localizedSyncString("The profile folder “%1” cannot be read: %2")
+                                   .arg(directory, QString::fromStdString(error.message()))));
+}
+
+/// Returns what the folder contains, or what its folders contain too. std::filesystem reports
+/// errors; QDir returns an empty list.
+template <class Iterator>
+Expected<std::vector<std::filesystem::directory_entry>> entriesOf(const QString &directory) {
+    std::error_code error;
+    std::vector<std::filesystem::directory_entry> entries;
+    for (Iterator each(pathOf(directory), error); !error && each != Iterator();
+         each.increment(error)) {
+        entries.push_back(*each);
+    }
+    if (error) {
+        return unreadable(directory, error);
+    }
+    return entries;
+}
+
+QStringList databaseFiles() {
+    const QString &name = ProfileFolder::DatabaseName;
+    return {name, name + QStringLiteral("-wal"), name + QStringLiteral("-shm"),
+            name + QStringLiteral("-journal")};
+}
+
+Expected<QStringList> namesIn(const QString &directory) {
+    return entriesOf<std::filesystem::directory_iterator>(directory).map([](const auto &entries) {
+        QStringList names;
+        for (const auto &entry : entries) {
+            names.append(QFile::decodeName(entry.path().filename().c_str()));
+        }
+        return names;
+    });
+}
+
+/// Returns whether there is nothing but folders at `path`. Symbolic links count as files.
+Expected<bool> hasFoldersOnly(const QString &path) {
+    std::error_code error;
+    if (std::filesystem::symlink_status(pathOf(path), error).type() !=
+        std::filesystem::file_type::directory) {
+        return false;
+    }
+    return entriesOf<std::filesystem::recursive_directory_iterator>(path).map(
+        [](const auto &entries) {
+            return std::all_of(entries.begin(), entries.end(), [](const auto &entry) {
+                std::error_code unknown;
+                return entry.symlink_status(unknown).type() ==
+                       std::filesystem::file_type::directory;
+            });
+        });
+}
+
+}  // namespace
+
+Expected<bool> ProfileFolder::isUnused(const QString &directory) {
+    return namesIn(directory).map([](QStringList names) {
+        names.removeOne(ProfileLock::FileName);
+        return names.isEmpty();
+    });
+}
+
+Expected<bool> ProfileFolder::isUnusedSinceCreation(const QString &directory) {
+    return namesIn(directory).and_then([&](QStringList names) -> Expected<bool> {
+        names.removeOne(ProfileLock::FileName);
+        const bool hasStores = names.removeOne(SyncStoresName);
+        const QStringList files = databaseFiles();
+        if (std::any_of(names.begin(), names.end(),
+                        [&](const QString &name) { return !files.contains(name); })) {
+            return false;
+        }
+        return hasStores ? hasFoldersOnly(directory + u'/' + SyncStoresName) : Expected<bool>(true);
+    });
+}
+
+void ProfileFolder::removeNewProfile(const QString &directory) {
+    const QString stores = directory + u'/' + SyncStoresName;
+    // If this is interrupted, the database file must be left: it makes the folder a profile's.
+    if (hasFoldersOnly(stores).value_or(false)) {
+        std::error_code ignored;
+        const auto folders = entriesOf<std::filesystem::recursive_directory_iterator>(stores);
+        if (folders) {
+            std::for_each(folders->rbegin(), folders->rend(), [&](const auto &folder) {
+                std::filesystem::remove(folder.path(), ignored);
+            });
+        }
+        std::filesystem::remove(pathOf(stores), ignored);
+    }
+    const QStringList files = databaseFiles();
+    std::for_each(files.rbegin(), files.rend(),
+                  [&](const QString &name) { QFile::remove(directory + u'/' + name); });
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtCore/QString>
+
+#include "Platform/Foundation/Expected.h"
+
+/// The contents of a profile folder besides the rows of the database. Thread-safe; all functions
+/// block for the file system. A folder that cannot be read is an error of the code ProfileUnusable,
+/// never an empty folder.
+namespace ProfileFolder {
+
+/// The name of the database file.
+inline const QString DatabaseName = QStringLiteral("profile.sqlite");
+/// The name of the folder with the sync store of a new profile.
+inline const QString SyncStoresName = QStringLiteral("Sync Stores");
+
+/// Returns whether the existing folder `directory` is empty apart from a lock file, so that a
+/// profile can be made in it.
+Expected<bool> isUnused(const QString &directory);
+
+/// Returns whether the existing folder `directory` contains only what an interrupted first start
+/// leaves: files of the database, a lock file, and folders without files for the sync store.
+Expected<bool> isUnusedSinceCreation(const QString &directory);
+
+/// Removes what isUnusedSinceCreation() describes, apart from the lock file. Never removes a folder
+/// that contains a file.
+void removeNewProfile(const QString &directory);
+
+}  // namespace ProfileFolder
