@@ -35,7 +35,7 @@ private:
     };
     struct Outcome {
         Expected<void> result;
-        QList<int> problems;
+        QList<int> problems = {};
         Contents contents;
         QByteArrayList exchanges;
         bool hasFailed = false;
