@@ -76,6 +76,7 @@ Expected<void> CleanSession::chooseTransactions() {
         m_supersededToWrite.unite(QSet(contents.superseded.begin(), contents.superseded.end()));
     }
     m_operationsToWrite = chosen.values();
+    progress().begin(SessionProgress::Phase::Writing, m_operationsToWrite.size());
     return {};
 }
 

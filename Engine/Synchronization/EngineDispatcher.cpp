@@ -1,6 +1,7 @@
 #include "Engine/Synchronization/EngineDispatcher.h"
 
 #include <QtCore/QPointer>
+#include <chrono>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
@@ -14,6 +15,8 @@
 
 namespace {
 
+/// The minimum time between two announcements of the progress.
+constexpr std::chrono::milliseconds ProgressInterval{100};
 /// The number of problems of one job that are reported one by one.
 constexpr qsizetype MostReported = 20;
 
@@ -35,7 +38,11 @@ QString failureText(SyncJob::Kind kind) {
 }  // namespace
 
 EngineDispatcher::EngineDispatcher(const ProfileDatabase &profile, EngineNoteLibrary &library)
-    : m_profile(profile), m_library(library) {}
+    : m_profile(profile), m_library(library) {
+    m_progressTimer.setSingleShot(true);
+    m_progressTimer.setInterval(ProgressInterval);
+    connect(&m_progressTimer, &QTimer::timeout, this, &EngineDispatcher::announceProgress);
+}
 
 EngineDispatcher::~EngineDispatcher() {
     for (const Entry &entry : std::as_const(m_running)) {
@@ -71,14 +78,52 @@ void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
 }
 
 QString EngineDispatcher::activity() const {
-    if (m_running.isEmpty()) {
+    const Entry *first = firstActive();
+    if (!first) {
         return {};
     }
-    const Entry &first = m_running.first();
-    const QString text = first.job->kind() == SyncJob::Kind::CleanUp
+    const QString text = first->job->kind() == SyncJob::Kind::CleanUp
                              ? localizedSyncString("Cleaning up “%1” at “%2”…")
                              : localizedSyncString("Synchronizing “%1” with “%2”…");
-    return text.arg(nameOf(first.job->subject()), first.title);
+    return text.arg(nameOf(first->job->subject()), first->title);
+}
+
+QVSyncProgress EngineDispatcher::progress() const {
+    const Entry *first = firstActive();
+    if (!first) {
+        return {};
+    }
+    QVSyncProgress progress = first->job->progress();
+    progress.activity = activity();
+    return progress;
+}
+
+void EngineDispatcher::stop() {
+    cancelJobs([](const Entry &) { return true; });
+}
+
+const EngineDispatcher::Entry *EngineDispatcher::firstActive() const {
+    const auto first = std::find_if(m_running.begin(), m_running.end(),
+                                    [](const Entry &entry) { return !entry.isCancelled; });
+    return first == m_running.end() ? nullptr : &*first;
+}
+
+void EngineDispatcher::announceActivity() {
+    Q_EMIT activityChanged();
+    if (!m_progressTimer.isActive()) {
+        announceProgress();
+    }
+}
+
+void EngineDispatcher::announceProgress() {
+    QVSyncProgress current = progress();
+    if (current.phase != QVSyncProgress::Phase::Idle || current != m_announcedProgress) {
+        m_progressTimer.start();
+    }
+    if (current != m_announcedProgress) {
+        m_announcedProgress = std::move(current);
+        Q_EMIT progressChanged();
+    }
 }
 
 void EngineDispatcher::synchronizeWithStore(
@@ -102,9 +147,12 @@ void EngineDispatcher::cancelDisabledJobs() {
 }
 
 void EngineDispatcher::cancelJobs(const std::function<bool(const Entry &)> &isCancelled) {
-    for (const Entry &entry : std::as_const(m_running)) {
-        if (isCancelled(entry)) {
+    bool hasChanged = false;
+    for (Entry &entry : m_running) {
+        if (!entry.isCancelled && isCancelled(entry)) {
+            entry.isCancelled = true;
             entry.job->cancel();
+            hasChanged = true;
         }
     }
     m_waiting.removeIf([&](const Entry &entry) {
@@ -114,6 +162,9 @@ void EngineDispatcher::cancelJobs(const std::function<bool(const Entry &)> &isCa
         }
         return isRemoved;
     });
+    if (hasChanged) {
+        announceActivity();
+    }
 }
 
 void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncState> &state,
@@ -166,7 +217,7 @@ void EngineDispatcher::startWaiting() {
         m_running.append(m_waiting.takeAt(i));
         job->start(m_threads, [this, job = job.get()] { ended(job); });
     }
-    Q_EMIT activityChanged();
+    announceActivity();
 }
 
 bool EngineDispatcher::isBusy(const StoreSession::Subject &subject) const {

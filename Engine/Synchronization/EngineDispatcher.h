@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QtCore/QTimer>
+
 #include "Engine/Locations/EngineSyncState.h"
 #include "Engine/Synchronization/SyncJob.h"
 #include "Host/QVSyncDispatcher.h"
+#include "Host/QVSyncProgress.h"
 
 /// Runs the jobs of each location one at a time, in the order in which they were requested, and
 /// those of different locations at the same time, so that a location that does not respond delays
@@ -10,6 +13,7 @@
 /// application's log. Must be used on the main thread.
 class EngineDispatcher : public QVSyncDispatcher {
     Q_OBJECT
+    Q_PROPERTY(QVSyncProgress progress READ progress NOTIFY progressChanged)
 public:
     /// Neither argument is owned; both must outlive this object.
     EngineDispatcher(const ProfileDatabase &profile, EngineNoteLibrary &library);
@@ -23,7 +27,13 @@ public:
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states) override;
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states,
                                                           std::function<void()> handler) override;
+    /// Returns the activity of the first job that was not cancelled.
     QString activity() const override;
+    /// Returns the progress of that job.
+    QVSyncProgress progress() const;
+    /// Cancels all jobs: waiting ones never start, and running ones, which count no longer as
+    /// activity, end soon. Their handlers are called later, with an error of the code Cancelled.
+    Q_INVOKABLE void stop();
 
     /// Starts a synchronization with a store that belongs to no location. `handler` is called on
     /// the main thread when it has ended, with the error if it failed; it is not called if the
@@ -36,6 +46,9 @@ public:
     /// start. Their handlers are called later, with an error of the code Cancelled.
     void cancelJobsOfLocation(const QString &identifier);
 
+Q_SIGNALS:
+    void progressChanged();
+
 private:
     /// A job that is waiting or running.
     struct Entry {
@@ -45,6 +58,8 @@ private:
         /// Null if the store belongs to no location.
         std::shared_ptr<QVSyncState> state;
         QList<std::function<void(const Expected<void> &result)>> handlers;
+        /// Whether the running job was cancelled. Its store is in use until it ends.
+        bool isCancelled = false;
     };
 
     /// Adds a job, or only `handler` if such a job is already waiting. Calls `handler` later,
@@ -58,6 +73,12 @@ private:
     void cancelJobs(const std::function<bool(const Entry &)> &isCancelled);
     /// Calls `handler` from the event loop, unless this object is destroyed before.
     void postHandler(std::function<void()> handler);
+    /// Returns the running job that was started first and was not cancelled; null if there is none.
+    const Entry *firstActive() const;
+    void announceActivity();
+    /// Announces the progress if it has changed, now or when the timer ends, which limits how often
+    /// that is done.
+    void announceProgress();
     /// Starts the waiting jobs whose stores are free, and announces the activity.
     void startWaiting();
     /// Returns whether a running job uses the same store.
@@ -87,6 +108,9 @@ private:
     WorkerThreads m_threads;
     QList<Entry> m_waiting;
     QList<Entry> m_running;
+    /// Runs after an announcement of the progress, and while a job runs.
+    QTimer m_progressTimer;
+    QVSyncProgress m_announcedProgress;
     /// The stores about whose removals the user is asked, by the UUID of the database.
     QHash<QString, QString> m_asked;
 };

@@ -107,5 +107,8 @@ Expected<void> StoreSession::writeTransaction(BlobStore &store, const EngineFutu
 Expected<void> StoreSession::recordWrittenTransaction() {
     return m_profile
         .write([this] { return known().add(m_transactionName, m_transaction, m_writtenSize); })
-        .map([this] { m_sent += m_transaction.operations.size(); });
+        .map([this] {
+            m_sent += m_transaction.operations.size();
+            m_progress.advance(m_transaction.operations.size());
+        });
 }

@@ -7,6 +7,7 @@
 #include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Stores/BlobStore.h"
+#include "Engine/Synchronization/SessionProgress.h"
 
 class EngineDatabase;
 class EngineNoteLibrary;
@@ -70,6 +71,8 @@ public:
     bool isDone() const { return m_isDone; }
     /// Returns the problems with single records, which did not prevent the others from being read.
     const QList<Error> &problems() const { return m_problems; }
+    /// Returns how far the session is. Thread-safe.
+    const SessionProgress &progress() const { return m_progress; }
     /// Return the numbers of changes of notes that were read from the store and merged, and that
     /// were written to it. Must be called on the main thread.
     qint64 received() const { return m_received; }
@@ -101,6 +104,7 @@ protected:
     /// Returns the blob name of the transaction record `name`.
     QString path(const QString &name) const;
     void addProblem(const Error &error) { m_problems.append(error); }
+    SessionProgress &progress() { return m_progress; }
     void addReceived(qint64 count) { m_received += count; }
     void setDone() { m_isDone = true; }
     void setUndecidedRemoval(const Removal &removal) { m_undecidedRemoval = removal; }
@@ -131,6 +135,7 @@ private:
     Transaction m_transaction;
     QString m_transactionName;
     qint64 m_writtenSize = 0;
+    SessionProgress m_progress;
     qint64 m_received = 0;
     qint64 m_sent = 0;
     bool m_hasFailedToWriteAll = false;

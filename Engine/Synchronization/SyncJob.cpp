@@ -41,6 +41,17 @@ QList<Error> SyncJob::problems() const {
     return problems;
 }
 
+QVSyncProgress SyncJob::progress() const {
+    if (!m_session) {
+        return {.phase = QVSyncProgress::Phase::Preparing, .activity = {}};
+    }
+    const SessionProgress &progress = std::as_const(*m_session).progress();
+    return {.phase = progress.phase(),
+            .activity = {},
+            .done = progress.done(),
+            .total = progress.total()};
+}
+
 qint64 SyncJob::received() const {
     return std::accumulate(
         m_sessions.begin(), m_sessions.end(), qint64(0),

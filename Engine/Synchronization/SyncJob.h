@@ -39,6 +39,9 @@ public:
     const Expected<void> &result() const { return m_result; }
     /// Returns the problems with single records of the store.
     QList<Error> problems() const;
+    /// Returns how far the current session is; the activity is empty. The phase is Preparing while
+    /// the store is opened.
+    QVSyncProgress progress() const;
     /// Return the numbers of changes of notes that were read from the store and written to it.
     qint64 received() const;
     qint64 sent() const;

@@ -152,6 +152,9 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
         if (Expected<void> read = readTransaction(records, m_unread.takeFirst()); !read) {
             return read;
         }
+        if (m_pass == Pass::Comparing) {
+            progress().advance(1);
+        }
     }
     return m_pass == Pass::Comparing ? compareTransactions() : Expected<void>();
 }
@@ -272,6 +275,9 @@ Expected<void> SyncSession::compareListing() {
         return failure(count.error());
     }
     m_pass = *count > FewNotes ? Pass::Comparing : Pass::Merging;
+    progress().begin(m_pass == Pass::Comparing ? SessionProgress::Phase::Reading
+                                               : SessionProgress::Phase::Merging,
+                     m_unread.size());
     return chooseSuspects(*all, listed);
 }
 
@@ -321,6 +327,7 @@ Expected<void> SyncSession::compareTransactions() {
     return readProfile([this] { return checkRemoval(); }).map([this] {
         m_pass = Pass::Merging;
         m_unread = m_released.keys();
+        progress().begin(SessionProgress::Phase::Merging, m_unread.size() + m_read.size());
     });
 }
 
@@ -396,6 +403,7 @@ Expected<void> SyncSession::continueReading() {
         if (m_unread.isEmpty() && m_read.isEmpty()) {
             const bool areAllSound = m_suspects.isEmpty() && m_damaged.isEmpty();
             m_step = areAllSound ? Step::Collecting : Step::Verifying;
+            progress().begin(SessionProgress::Phase::Preparing);
         }
         return {};
     });
@@ -442,10 +450,14 @@ Expected<void> SyncSession::mergeTransactions() {
         }
         return {};
     };
-    return library().merge(database(), merge, rememberKnown).map([&] { addReceived(count); });
+    return library().merge(database(), merge, rememberKnown).map([&] {
+        addReceived(count);
+        progress().advance(complete.size());
+    });
 }
 
 Expected<void> SyncSession::prepareWriting() {
+    progress().begin(SessionProgress::Phase::Writing, m_operationsToWrite.size());
     const Expected<void> marked = m_operationsToWrite.isEmpty()
                                       ? Expected<void>()
                                       : profile().write([this] { return log().markAllSent(); });

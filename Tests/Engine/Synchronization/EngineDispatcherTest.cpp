@@ -1,4 +1,5 @@
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Synchronization/EngineDispatcher.h"
 #include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
 #include "Host/QVSyncResult.h"
@@ -435,6 +436,41 @@ private Q_SLOTS:
         QVERIFY(!waiting->lastSynced().isValid());
         QVERIFY(transactionNames(first->UUID()).isEmpty());
         QVERIFY(transactionNames(second->UUID()).isEmpty());
+    }
+
+    void theProgressIsAnnouncedAFewTimesPerSecond() {
+        constexpr int Count = 100;
+        const auto made = m_host->addDatabase(QStringLiteral("Projects"));
+        for (int i = 0; i < Count; ++i) {
+            Note note{{}, QString::number(i), QString(100'000, u'x'), {}};
+            QVERIFY(made->saveNote(note));
+        }
+        QList<QVSyncProgress> seen;
+        QList<qint64> times;
+        QElapsedTimer clock;
+        clock.start();
+        const auto record = [&] {
+            seen.append(QVSyncProgress::of(dispatcher()));
+            times.append(clock.elapsed());
+        };
+        const auto &engine = dynamic_cast<const EngineDispatcher &>(*dispatcher());
+        const auto recording = connect(&engine, &EngineDispatcher::progressChanged, this, record);
+        synchronize({state(made->UUID(), made->name())});
+        QTRY_COMPARE(seen.last(), QVSyncProgress());
+        disconnect(recording);
+
+        QVERIFY(seen.size() > 2);
+        QCOMPARE(seen.first().phase, QVSyncProgress::Phase::Preparing);
+        QCOMPARE(seen.first().activity, QStringLiteral("Synchronizing “Projects” with “Shared”…"));
+        bool hasWritten = false;
+        for (qsizetype i = 0; i < seen.size(); ++i) {
+            QVERIFY(seen[i].done <= seen[i].total);
+            hasWritten = hasWritten || (seen[i].phase == QVSyncProgress::Phase::Writing &&
+                                        seen[i].total >= Count);
+            // A timer may end a little early.
+            QVERIFY(i == 0 || times[i] - times[i - 1] >= 90);
+        }
+        QVERIFY(hasWritten);
     }
 
     void cleaningAFailingStoreCallsItsHandlerOnce() {

@@ -2,6 +2,8 @@
 
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Host/QVDropboxSessionManager.h"
+#include "Host/QVSyncProgress.h"
+#include "Host/QVSyncResult.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
 #include "Support/HangingVolume.h"
@@ -118,6 +120,40 @@ private Q_SLOTS:
                                                                       [&] { isDone = true; });
         QTRY_VERIFY(isDone);
         QVERIFY(sound->lastSynced().isValid());
+    }
+
+    void stoppingTakesEffectAtOnce_data() { addKinds(); }
+    void stoppingTakesEffectAtOnce() {
+        QFETCH(QByteArray, kind);
+        const auto location = m_host->addLocation(hangingURL(kind));
+        const auto hanging = stateAt(location);
+        const auto waiting = location->addStateForDatabaseWithUUID(
+            m_host->addDatabase(QStringLiteral("Projects"))->UUID(), QStringLiteral("Projects"));
+        waiting->setEnabled(true);
+        const auto sound = stateAt(m_host->addLocation());
+        bool isDone = false;
+        bool isWaitingDone = false;
+        dispatcher().performSynchronizationsWithSynchronizationStates({hanging});
+        dispatcher().performSynchronizationsWithSynchronizationStates(
+            {waiting}, [&] { isWaitingDone = true; });
+        dispatcher().performSynchronizationsWithSynchronizationStates({sound},
+                                                                      [&] { isDone = true; });
+        QTRY_VERIFY(isDone);
+        QCOMPARE(QVSyncProgress::of(&dispatcher()).activity, dispatcher().activity());
+        QVERIFY(QVSyncProgress::of(&dispatcher()).phase != QVSyncProgress::Phase::Idle);
+        QSignalSpy announced(&dispatcher(), &QVSyncDispatcher::activityChanged);
+        QVERIFY(QMetaObject::invokeMethod(&dispatcher(), "stop"));
+        QCOMPARE(announced.count(), 1);
+        QCOMPARE(dispatcher().activity(), QString());
+        QCOMPARE(QVSyncProgress::of(&dispatcher()), QVSyncProgress());
+        QVERIFY(!isWaitingDone);
+        QTRY_VERIFY(isWaitingDone);
+        QVERIFY(!QVSyncResult::of(hanging.get()));
+        // What was stopped does not delay other locations.
+        isDone = false;
+        dispatcher().performSynchronizationsWithSynchronizationStates({sound},
+                                                                      [&] { isDone = true; });
+        QTRY_VERIFY(isDone);
     }
 
     void quittingDoesNotWaitForASynchronization_data() { addKinds(); }

@@ -1,0 +1,7 @@
+#include "Host/QVSyncProgress.h"
+
+#include <QtCore/QObject>
+
+QVSyncProgress QVSyncProgress::of(const QObject *dispatcher) {
+    return dispatcher->property(Key).value<QVSyncProgress>();
+}
