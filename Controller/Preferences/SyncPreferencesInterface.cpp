@@ -1,6 +1,7 @@
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 
 #include "Controller/NSArrayController+Emptiness.h"
+#include "Controller/Preferences/ActivityStatus.h"
 #include "Controller/Preferences/DatabaseRowStatus.h"
 #include "Controller/Preferences/LocationRowStatus.h"
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
@@ -61,6 +62,7 @@ void registerSyncPreferencesInterface() {
     Q_INIT_RESOURCE(SyncPreferences);
     QVListView::registerBindingFactory(&QVBinding::bindingWithObject);
     registerObject<NSArrayController>("NSArrayController");
+    registerObject<ActivityStatus>("ActivityStatus");
     registerObject<DatabaseRowStatus>("DatabaseRowStatus");
     registerObject<LocationRowStatus>("LocationRowStatus");
     registerObject<ScheduleStatus>("ScheduleStatus");

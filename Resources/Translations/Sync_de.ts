@@ -4,6 +4,22 @@
 <context>
     <name>Sync</name>
     <message>
+        <source>%1 %2 of %3</source>
+        <translation>%1 %2 von %3</translation>
+    </message>
+    <message>
+        <source>Progress of the synchronization</source>
+        <translation>Fortschritt der Synchronisierung</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Stop all synchronizations. The next one continues where they stopped.</source>
+        <translation>Alle Synchronisierungen anhalten. Die nächste setzt dort fort, wo sie aufgehört haben.</translation>
+    </message>
+    <message>
         <source>wrong password</source>
         <translation>falsches Passwort</translation>
     </message>

@@ -1,16 +1,20 @@
+#include <QtCore/QRegularExpression>
 #include <QtGui/QClipboard>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QToolButton>
 #include <ctime>
 
 #include "Application/PreferencesWindow.h"
+#include "Controller/Preferences/ActivityStatus.h"
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Platform/Interface/SheetWindow.h"
+#include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "Support/WebDAVServer.h"
@@ -320,6 +324,56 @@ private Q_SLOTS:
         QVERIFY2(scheduleText().startsWith(QStringLiteral("Next synchronization: tomorrow at ")),
                  qPrintable(scheduleText()));
         QTRY_VERIFY(scheduleText().startsWith(QStringLiteral("Next synchronization: today at ")));
+    }
+
+    void theStatusLineShowsWhatRunsAndStopsIt() {
+        const ScriptedServer silent(
+            [](ScriptedServer::Connection &connection) { connection.waitUntilClosed(); });
+        m_host->addLocation(silent.URLText(QStringLiteral("Shared.qvSyncStore")));
+        showPanel();
+        tick(0);
+        auto *stop = find<QPushButton>("stopButton");
+        QVERIFY(stop->isHidden());
+        QCOMPARE(find<QLabel>("activityLabel")->text(), QString());
+        syncNow();
+        QCOMPARE(find<QLabel>("activityLabel")->text(),
+                 QStringLiteral("Synchronizing “Projects” with “127.0.0.1 – Shared”…"));
+        QVERIFY(find<QProgressBar>("activityBar")->isVisible());
+        QTRY_COMPARE(silent.connections(), 1);
+        QVERIFY(stop->isVisible());
+        stop->click();
+        QCOMPARE(find<QLabel>("activityLabel")->text(), QString());
+        QVERIFY(stop->isHidden());
+        QVERIFY(find<QProgressBar>("activityBar")->isHidden());
+        QCOMPARE(locationText(0), QStringLiteral("WebDAV · never synchronized"));
+    }
+
+    void theStatusLineShowsHowFarASynchronizationIs() {
+        for (int i = 0; i < 100; ++i) {
+            Note note{{}, QString::number(i), QString(100'000, u'x'), {}};
+            QVERIFY(m_database->saveNote(note));
+        }
+        m_host->addLocation();
+        showPanel();
+        tick(0);
+        const auto *label = find<QLabel>("activityLabel");
+        const auto *bar = find<QProgressBar>("activityBar");
+        QStringList texts;
+        const auto recording =
+            connect(find<ActivityStatus>("activityStatus"), &ActivityStatus::changed, this, [&] {
+                if (bar->maximum() > 0) {
+                    texts.append(label->text());
+                }
+            });
+        synchronize();
+        disconnect(recording);
+        QVERIFY(!texts.isEmpty());
+        for (const QString &text : std::as_const(texts)) {
+            static const QRegularExpression wanted(
+                QStringLiteral("^Synchronizing “Projects” with “Store 0”… \\d+ of 10\\d$"));
+            QVERIFY2(wanted.match(text).hasMatch(), qPrintable(text));
+        }
+        QCOMPARE(label->text(), QString());
     }
 
     void aScheduleWithoutATickedLocationSaysWhatIsMissing() {

@@ -1,0 +1,57 @@
+#include "Controller/Preferences/ActivityStatus.h"
+
+#include "Host/SyncStrings.h"
+
+namespace {
+
+constexpr int Percent = 100;
+
+}  // namespace
+
+void ActivityStatus::setDispatcher(QVSyncDispatcher *dispatcher) {
+    m_dispatcher = dispatcher;
+    m_activityObservation.stop();
+    m_progressObservation.stop();
+    if (dispatcher) {
+        const auto announce = [this] { Q_EMIT changed(); };
+        m_activityObservation = KeyValue::observe(dispatcher, "activity", announce);
+        if (dispatcher->metaObject()->indexOfProperty(QVSyncProgress::Key) >= 0) {
+            m_progressObservation = KeyValue::observe(dispatcher, QVSyncProgress::Key, announce);
+        }
+    }
+    Q_EMIT changed();
+}
+
+QVSyncProgress ActivityStatus::progress() const {
+    return m_dispatcher ? QVSyncProgress::of(m_dispatcher) : QVSyncProgress();
+}
+
+QString ActivityStatus::text() const {
+    const QString activity = m_dispatcher ? m_dispatcher->activity() : QString();
+    const QVSyncProgress reached = progress();
+    return activity.isEmpty() || reached.total == 0
+               ? activity
+               : localizedSyncString("%1 %2 of %3")
+                     .arg(activity, QString::number(reached.done), QString::number(reached.total));
+}
+
+bool ActivityStatus::isRunning() const {
+    return m_dispatcher && !m_dispatcher->activity().isEmpty();
+}
+
+bool ActivityStatus::isStoppable() const {
+    return isRunning() && m_dispatcher->metaObject()->indexOfMethod("stop()") >= 0;
+}
+
+int ActivityStatus::value() const {
+    const QVSyncProgress reached = progress();
+    return reached.total == 0 ? 0 : static_cast<int>(reached.done * Percent / reached.total);
+}
+
+int ActivityStatus::maximum() const {
+    return progress().total == 0 ? 0 : Percent;
+}
+
+void ActivityStatus::stop() {
+    QMetaObject::invokeMethod(m_dispatcher, "stop");
+}
