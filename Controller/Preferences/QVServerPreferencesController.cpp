@@ -1,6 +1,7 @@
 #include "Controller/Preferences/QVServerPreferencesController.h"
 
 #include "Host/DefaultsKeys.h"
+#include "Host/QVApplication.h"
 #include "Host/QVSyncPlugin.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/UserDefaults.h"
@@ -12,6 +13,13 @@ namespace {
 /// a name that is not ASCII, which then matches no item and cannot be revoked.
 QByteArray bytesOfUnitLength(const QString &text) {
     return text.toUtf8().left(text.size());
+}
+
+/// A server that was switched off would serve again at the next start if this is not saved.
+void save(const QString &key, const QVariant &value) {
+    if (const Expected<void> saved = UserDefaults::setValue(key, value); !saved) {
+        NSApp()->presentError(saved.error());
+    }
 }
 
 }  // namespace
@@ -55,7 +63,7 @@ quint16 QVServerPreferencesController::serverPort() const {
 }
 
 void QVServerPreferencesController::setServerPort(quint16 port) {
-    UserDefaults::setValue(DefaultsKeys::DirectConnectionServerPortNumber, port);
+    save(DefaultsKeys::DirectConnectionServerPortNumber, port);
     if (server()) {
         server()->setPort(port);
     }
@@ -69,7 +77,7 @@ bool QVServerPreferencesController::isEnabled() const {
 }
 
 void QVServerPreferencesController::setEnabled(bool enabled) {
-    UserDefaults::setValue(DefaultsKeys::DirectConnectionServerEnabled, enabled);
+    save(DefaultsKeys::DirectConnectionServerEnabled, enabled);
     if (server() && enabled != server()->isServing()) {
         enabled ? server()->startServing() : server()->stopServing();
     }

@@ -5,6 +5,8 @@
 #include <QtCore/QSettings>
 #include <QtCore/QThread>
 
+#include "Platform/Foundation/Localization.h"
+
 namespace UserDefaults {
 
 namespace {
@@ -14,6 +16,10 @@ namespace {
 /// object.
 QSettings &mainThreadSettings() {
     static QPointer<QSettings> settings;
+    // An object keeps its first error for ever.
+    if (settings && settings->status() != QSettings::NoError) {
+        delete settings;
+    }
     if (!settings) {
         settings = new QSettings(QCoreApplication::instance());
     }
@@ -49,8 +55,24 @@ bool contains(const QString &key) {
     return withSettings([&](const QSettings &settings) { return settings.contains(key); });
 }
 
-void setValue(const QString &key, const QVariant &value) {
-    withSettings([&](QSettings &settings) { settings.setValue(key, value); });
+Expected<void> setValue(const QString &key, const QVariant &value) {
+    return withSettings([&](QSettings &settings) -> Expected<void> {
+        settings.setValue(key, value);
+        settings.sync();
+        if (settings.status() == QSettings::NoError) {
+            return {};
+        }
+        return failure(
+            {.domain = QStringLiteral("UserDefaults"),
+             .code = settings.status(),
+             .localizedDescription =
+                 localizedString(PlatformTable,
+                                 "The setting could not be saved in the file “%1”. It is lost when "
+                                 "Velmora ends.")
+                     .arg(settings.fileName()),
+             .localizedFailureReason = localizedString(
+                 PlatformTable, "Check the permissions of the file and the space on the disk.")});
+    });
 }
 
 void remove(const QString &key) {

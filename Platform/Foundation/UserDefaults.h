@@ -3,11 +3,12 @@
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
+#include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
 
 /// The user's settings of this application, which are saved in a file and shared by all code of the
-/// process. Thread-safe. Each read sees what other processes have written before it. Neither
-/// reading nor writing reports errors: a setting that cannot be read counts as not set.
+/// process. Thread-safe. Each read sees what other processes have written before it. A setting
+/// that cannot be read counts as not set.
 namespace UserDefaults {
 
 /// Returns the setting, or false if it is not set.
@@ -18,8 +19,9 @@ PLATFORM_EXPORT int integerForKey(const QString &key);
 PLATFORM_EXPORT QString stringForKey(const QString &key);
 /// Returns whether the setting is set.
 PLATFORM_EXPORT bool contains(const QString &key);
-/// Sets the setting. It is written to disk before the process ends.
-PLATFORM_EXPORT void setValue(const QString &key, const QVariant &value);
+/// Sets the setting and writes it to the file. If that fails, returns an error for the user; the
+/// setting is then in effect in this process only.
+PLATFORM_EXPORT Expected<void> setValue(const QString &key, const QVariant &value);
 /// Removes the setting. Has no effect if it is not set.
 PLATFORM_EXPORT void remove(const QString &key);
 

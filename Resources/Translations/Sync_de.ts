@@ -1000,6 +1000,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Das Zertifikat „%1“ dieses Computers konnte nicht angelegt werden. Prüfen Sie die Zugriffsrechte des Profilordners.</translation>
     </message>
     <message>
+        <source>The certificate “%1” of this computer cannot be read: %2</source>
+        <translation>Das Zertifikat „%1“ dieses Computers kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
         <source>The certificate “%1” of this computer is damaged. Delete it and pair the other computers again.</source>
         <translation>Das Zertifikat „%1“ dieses Computers ist beschädigt. Löschen Sie es, und verbinden Sie die anderen Computer neu.</translation>
     </message>
@@ -1308,6 +1312,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Profilordner „%1“ kann nicht gelesen werden: %2</translation>
     </message>
     <message>
+        <source>The sync locations of the damaged profile “%1” cannot be read. Add them again in Sync Preferences, then import your databases.</source>
+        <translation>Die Sync-Orte des beschädigten Profils „%1“ können nicht gelesen werden. Fügen Sie sie in den Sync-Einstellungen wieder hinzu und importieren Sie dann Ihre Datenbanken.</translation>
+    </message>
+    <message>
         <source>The profile is missing from the folder “%1”. Restore it from a backup or use another profile.</source>
         <translation>Das Profil fehlt im Ordner „%1“. Stellen Sie es aus einer Sicherungskopie wieder her oder verwenden Sie ein anderes Profil.</translation>
     </message>
@@ -1374,6 +1382,14 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
 </context>
 <context>
     <name>Platform</name>
+    <message>
+        <source>Check the permissions of the file and the space on the disk.</source>
+        <translation>Prüfen Sie die Zugriffsrechte der Datei und den Platz auf dem Datenträger.</translation>
+    </message>
+    <message>
+        <source>The setting could not be saved in the file “%1”. It is lost when Velmora ends.</source>
+        <translation>Die Einstellung konnte nicht in der Datei „%1“ gesichert werden. Sie geht verloren, wenn Velmora endet.</translation>
+    </message>
     <message>
         <source>No password service is running on this computer.</source>
         <translation>Auf diesem Computer läuft kein Passwortdienst.</translation>

@@ -139,6 +139,20 @@ private Q_SLOTS:
         QVERIFY(!UserDefaults::contains(PortNumberKey));
     }
 
+    void aSettingThatCannotBeSavedIsReported() {
+        m_controller->setEnabled(true);
+        const QString path = QSettings().fileName();
+        QVERIFY(QFile::remove(path));
+        QVERIFY(QDir().mkpath(path));
+        m_controller->setEnabled(false);
+        QVERIFY(QDir().rmdir(path));
+        QVERIFY(!m_controller->isEnabled());
+        QCOMPARE(m_host->application.presentedErrors().size(), 1);
+        QVERIFY(m_host->application.presentedErrors().first().localizedDescription.contains(path));
+        m_controller->setEnabled(false);
+        QVERIFY(!QSettings().value(EnabledKey, true).toBool());
+    }
+
     void switchingToWhatIsAlreadySoOnlyWritesTheDefaults() {
         m_host->server.startServing();
         m_host->server.calls.clear();

@@ -51,6 +51,18 @@ private Q_SLOTS:
         QCOMPARE(UserDefaults::integerForKey(m_key), 12345);
     }
 
+    void aFileThatCannotBeWrittenIsReported() {
+        const QString path = QSettings().fileName();
+        QVERIFY(!QFileInfo::exists(path) || QFile::remove(path));
+        QVERIFY(QDir().mkpath(path));
+        const Expected<void> refused = UserDefaults::setValue(m_key, true);
+        QVERIFY(QDir().rmdir(path));
+        QVERIFY(!refused);
+        QVERIFY(refused.error().localizedDescription.contains(path));
+        QVERIFY(UserDefaults::setValue(m_key, true));
+        QVERIFY(QSettings().value(m_key).toBool());
+    }
+
     void anotherThreadSeesTheSame() {
         UserDefaults::setValue(m_key, 7);
         int seen = 0;
