@@ -6,7 +6,6 @@
 #include <openssl/pem.h>
 #include <openssl/rand.h>
 #include <openssl/x509.h>
-#include <unistd.h>
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QFile>
@@ -15,6 +14,8 @@
 #include <memory>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Host/SyncStrings.h"
+#include "Platform/Foundation/DurableFile.h"
 
 namespace {
 
@@ -62,32 +63,46 @@ QByteArray newIdentity() {
     return QByteArray(text, size);
 }
 
-/// Writes the file atomically; it is never readable by other users.
-bool writePrivately(const QString &path, const QByteArray &contents) {
-    const QString unfinished = path + QStringLiteral(".new");
-    QFile::remove(unfinished);
-    QFile file(unfinished);
-    return !contents.isEmpty() && file.open(QIODevice::WriteOnly | QIODevice::NewOnly, OwnerOnly) &&
-           file.write(contents) == contents.size() && file.flush() && fsync(file.handle()) == 0 &&
-           file.rename(path);
+bool create(const QString &path) {
+    const QByteArray identity = newIdentity();
+    return !identity.isEmpty() && DurableFile::write(path, identity);
+}
+
+Expected<QByteArray> contentsOf(const QString &path) {
+    QFile file(path);
+    // A copy of the profile may have other permissions.
+    file.setPermissions(OwnerOnly);
+    QByteArray contents;
+    if (file.open(QIODevice::ReadOnly)) {
+        contents = file.readAll();
+    }
+    if (file.error() != QFile::NoError) {
+        return failure(
+            engineError(EngineErrorCode::ServerUnusable,
+                        localizedSyncString("The certificate “%1” of this computer cannot be read: "
+                                            "%2")
+                            .arg(path, file.errorString())));
+    }
+    return contents;
 }
 
 }  // namespace
 
 Expected<DirectConnectionIdentity> DirectConnectionIdentity::load(const QString &directory) {
     const QString path = directory + QStringLiteral("/Direct Connection.pem");
-    if (!QFileInfo::exists(path) && !writePrivately(path, newIdentity())) {
+    if (!QFileInfo::exists(path) && !create(path)) {
         return failure(
             engineError(EngineErrorCode::ServerUnusable,
                         "The certificate “%1” of this computer could not be created. Check the "
                         "permissions of the profile folder.",
                         path));
     }
-    QFile file(path);
-    // A copy of the profile may have other permissions.
-    file.setPermissions(OwnerOnly);
-    const QByteArray contents = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    const DirectConnectionIdentity identity{QSslKey(contents, QSsl::Ec), QSslCertificate(contents)};
+    const Expected<QByteArray> contents = contentsOf(path);
+    if (!contents) {
+        return failure(contents.error());
+    }
+    const DirectConnectionIdentity identity{QSslKey(*contents, QSsl::Ec),
+                                            QSslCertificate(*contents)};
     if (identity.privateKey.isNull() || identity.certificate.isNull()) {
         return failure(
             engineError(EngineErrorCode::ServerUnusable,

@@ -15,8 +15,8 @@ struct DirectConnectionIdentity {
     QSslCertificate certificate;
 
     /// Loads the identity of the profile in `directory`, or creates one if there is no file. Blocks
-    /// for file access. Thread-safe. Fails if the file cannot be created or is damaged; a damaged
-    /// file is not replaced, because no paired client would recognize another key.
+    /// for file access. Thread-safe. Fails if the file cannot be created or read, or is damaged; a
+    /// damaged file is not replaced, because no paired client would recognize another key.
     static Expected<DirectConnectionIdentity> load(const QString &directory);
 
     /// Returns the SHA-256 of a certificate in DER.

@@ -11,7 +11,7 @@
 #include <cstring>
 
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Profile/DurableFile.h"
+#include "Platform/Foundation/DurableFile.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/SyncStrings.h"

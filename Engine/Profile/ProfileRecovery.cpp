@@ -10,7 +10,7 @@
 #include <cstring>
 
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Profile/DurableFile.h"
+#include "Platform/Foundation/DurableFile.h"
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ReadOnlyConnection.h"

@@ -1,10 +1,11 @@
-#include "Engine/Profile/DurableFile.h"
+#include "Platform/Foundation/DurableFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <cerrno>
 #include <cstdio>
 
 #include "Platform/Foundation/FileDescriptor.h"
@@ -14,6 +15,21 @@ bool DurableFile::create(const QString &path) {
                                O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW,
                                S_IRUSR | S_IWUSR))
         .isValid();
+}
+
+bool DurableFile::write(const QString &path, const QByteArray &contents) {
+    const QString unfinished = path + QStringLiteral(".new");
+    QFile::remove(unfinished);
+    QFile file(unfinished);
+    if (create(unfinished) && file.open(QIODevice::WriteOnly) &&
+        file.write(contents) == contents.size() && file.flush() && fsync(file.handle()) == 0 &&
+        rename(unfinished, path)) {
+        return true;
+    }
+    const int number = errno;
+    QFile::remove(unfinished);
+    errno = number;
+    return false;
 }
 
 bool DurableFile::flush(const QString &path) {
