@@ -288,14 +288,14 @@ void NotesView::addNote() {
 }
 
 void NotesView::removeNote() {
-    const Note deleted = editedNote();
-    const bool wasEdited = std::exchange(m_isEdited, false);
-    m_pause.stop();
-    if (!presentIfFailed(m_database->removeNote(m_note))) {
-        m_isEdited = wasEdited;
+    // What was typed is kept with the deleted note.
+    if (!leave() || m_note.UUID.isEmpty()) {
         return;
     }
-    m_unsavedTexts.remove(deleted.UUID);
+    const Note deleted = m_note;
+    if (!presentIfFailed(m_database->removeNote(deleted))) {
+        return;
+    }
     m_deletions.append({m_database, deleted});
     m_undoAction->setEnabled(true);
     // Not the button: another key press would delete the next note.

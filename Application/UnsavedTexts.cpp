@@ -6,11 +6,11 @@
 #include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtCore/QSaveFile>
 #include <QtCore/QStandardPaths>
 #include <algorithm>
 
 #include "Application/Interface/NoteLibrary.h"
+#include "Platform/Foundation/DurableFile.h"
 
 namespace {
 
@@ -20,6 +20,14 @@ const QString RevisionKey = QStringLiteral("revision");
 const QString TitleKey = QStringLiteral("title");
 const QString TextKey = QStringLiteral("text");
 const QString ModifiedKey = QStringLiteral("modified");
+
+const QString AnyPrefix = QStringLiteral("unsaved-");
+
+/// Returns the path without symbolic links.
+QString pathOf(const QString &folder) {
+    const QDir directory(folder);
+    return directory.exists() ? directory.canonicalPath() : directory.absolutePath();
+}
 
 QString textOf(const char *text) {
     return QCoreApplication::translate("UnsavedTexts", text);
@@ -35,13 +43,6 @@ QString shortDigest(const QString &text) {
     const QByteArray hash =
         QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256).first(8);
     return QString::fromLatin1(hash.toHex());
-}
-
-bool writeFile(const QString &path, const QByteArray &contents) {
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) &&
-           file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) &&
-           file.write(contents) == contents.size() && file.commit();
 }
 
 std::shared_ptr<NoteDatabase> databaseFor(const NoteLibrary &library, const QString &UUID) {
@@ -83,8 +84,7 @@ Expected<QString> restoreFile(const QString &path, const NoteLibrary &library) {
 UnsavedTexts::UnsavedTexts(const QString &profileFolder)
     : m_folders({profileFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
                  QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)}),
-      m_prefix(QStringLiteral("unsaved-%1-").arg(shortDigest(QDir(profileFolder).absolutePath()))) {
-}
+      m_prefix(AnyPrefix + shortDigest(pathOf(profileFolder)) + u'-') {}
 
 Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note) const {
     const QByteArray contents =
@@ -97,7 +97,7 @@ Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note)
             .toJson(QJsonDocument::Compact);
     const QString name = m_prefix + shortDigest(note.UUID) + QStringLiteral(".json");
     for (const QString &folder : m_folders) {
-        if (QDir().mkpath(folder) && writeFile(folder + u'/' + name, contents)) {
+        if (QDir().mkpath(folder) && DurableFile::write(folder + u'/' + name, contents)) {
             return {};
         }
     }
@@ -107,16 +107,21 @@ Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note)
 }
 
 void UnsavedTexts::remove(const QString &noteUUID) const {
-    for (const QString &folder : m_folders) {
-        QFile::remove(folder + u'/' + m_prefix + shortDigest(noteUUID) + QStringLiteral(".json"));
+    const QStringList paths = files(shortDigest(noteUUID));
+    for (const QString &path : paths) {
+        QFile::remove(path);
     }
 }
 
-QStringList UnsavedTexts::files() const {
+QStringList UnsavedTexts::files(const QString &note) const {
     QStringList paths;
     for (const QString &folder : m_folders) {
         const QDir directory(folder);
-        const QStringList names = directory.entryList({m_prefix + u'*'}, QDir::Files);
+        // The folder may have been moved since, or is reached by another path.
+        const QString prefix =
+            folder == m_folders.first() ? AnyPrefix + QStringLiteral("*-") : m_prefix;
+        const QStringList names =
+            directory.entryList({prefix + note + QStringLiteral(".json")}, QDir::Files);
         for (const QString &name : names) {
             paths.append(directory.filePath(name));
         }
@@ -126,7 +131,7 @@ QStringList UnsavedTexts::files() const {
 
 Expected<QStringList> UnsavedTexts::restore(const NoteLibrary &library) const {
     QStringList titles;
-    const QStringList paths = files();
+    const QStringList paths = files(QStringLiteral("*"));
     for (const QString &path : paths) {
         const Expected<QString> title = restoreFile(path, library);
         if (!title) {

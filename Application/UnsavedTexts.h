@@ -29,11 +29,13 @@ public:
     Expected<QStringList> restore(const NoteLibrary &library) const;
 
 private:
-    /// Returns the paths of the profile's texts in all folders.
-    QStringList files() const;
+    /// Returns the paths of the profile's texts in all folders, of the notes whose digest matches
+    /// the pattern `note`.
+    QStringList files(const QString &note) const;
 
     /// The folders in order of preference.
     QStringList m_folders;
-    /// Prefix of the names of the profile's files, derived from the path of its folder.
+    /// Prefix of the names of the profile's files, derived from the path of its folder. In that
+    /// folder, all texts are the profile's.
     QString m_prefix;
 };

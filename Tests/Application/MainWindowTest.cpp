@@ -63,6 +63,13 @@ class MainWindowTest : public QObject {
         text()->moveCursor(QTextCursor::End);
         QTest::keyClicks(text(), typed);
     }
+    QPushButton *removeButton() const {
+        const auto buttons = m_window->findChildren<QPushButton *>();
+        const auto found = std::find_if(buttons.begin(), buttons.end(), [](const auto *each) {
+            return each->text() == QStringLiteral("De&lete Note");
+        });
+        return found == buttons.end() ? nullptr : *found;
+    }
     QStringList savedTexts() const {
         QStringList texts;
         const QList<Note> saved = m_plans->notes().value();
@@ -156,6 +163,50 @@ private Q_SLOTS:
         QVERIFY(journal().isEmpty());
         m_host->letSavesPass();
         QCOMPARE(savedTexts().first(), QStringLiteral("First"));
+    }
+
+    void anUnsavedTextIsRestoredInAMovedProfile() {
+        m_host->makeSavesFail();
+        typeText(QStringLiteral(" typed"));
+        QTRY_COMPARE(journal().size(), 1);
+        m_window.reset();
+        m_host->letSavesPass();
+        m_plans.reset();
+        const QString moved = QFileInfo(m_host->directory()).path() + QStringLiteral("/Moved");
+        const QString directory = m_host->directory();
+        m_host->goToComputer(QStringLiteral("Other"));
+        QVERIFY(QDir().rename(directory, moved));
+        m_host->goToComputer(QStringLiteral("Moved"));
+        QCOMPARE(journal().size(), 1);
+        m_plans = m_host->library().knownDatabases().at(1);
+        openWindow();
+        QCOMPARE(savedTexts(),
+                 QStringList({QStringLiteral("First typed"), QStringLiteral("Second")}));
+        QVERIFY(journal().isEmpty());
+    }
+
+    void deletingANoteKeepsWhatWasTyped() {
+        typeText(QStringLiteral(" typed"));
+        removeButton()->click();
+        QCOMPARE(savedTexts(), QStringList{QStringLiteral("Second")});
+        const QList<NoteVersion> deleted = m_plans->deletedNotes().value();
+        QCOMPARE(deleted.size(), 1);
+        QCOMPARE(m_plans->noteOfVersion(deleted.first()).value().text,
+                 QStringLiteral("First typed"));
+    }
+
+    void aNoteWithUnsavedTextIsNotDeleted() {
+        m_host->makeSavesFail();
+        typeText(QStringLiteral(" typed"));
+        answer({QStringLiteral("Keep Editing")});
+        removeButton()->click();
+        QCOMPARE(text()->toPlainText(), QStringLiteral("First typed"));
+        QCOMPARE(journal().size(), 1);
+        m_host->letSavesPass();
+        QTRY_COMPARE(savedTexts().size(), 2);
+        removeButton()->click();
+        QCOMPARE(savedTexts(), QStringList{QStringLiteral("Second")});
+        QVERIFY(journal().isEmpty());
     }
 
     void anUnsavedTextSurvivesTheProcess() {
