@@ -7,7 +7,8 @@
 
 namespace {
 
-constexpr std::chrono::hours Interval(24);
+/// Half a day, so that versions that lag behind the clock after a pause catch up.
+constexpr std::chrono::hours Interval(12);
 /// Leaves the main thread to others between two steps.
 constexpr std::chrono::milliseconds Pause(20);
 
@@ -23,12 +24,21 @@ void HistoryPruning::start() {
 }
 
 void HistoryPruning::prune() {
-    const Expected<bool> pruned = pruneIfDue();
+    const Expected<bool> pruned = advanceTime().and_then([this] { return pruneIfDue(); });
     if (!pruned) {
         NSApp()->logItemCmd(localizedSyncString("Earlier versions:"),
                             pruned.error().localizedDescription);
     }
-    m_timer.start(pruned.value_or(false) ? std::chrono::milliseconds(Pause) : Interval);
+    m_isContinued = pruned.value_or(false);
+    m_timer.start(m_isContinued ? std::chrono::milliseconds(Pause) : Interval);
+}
+
+Expected<void> HistoryPruning::advanceTime() {
+    if (m_isContinued) {
+        return {};
+    }
+    return m_profile.write(
+        [this] { return NoteHistory::advanceTime(m_profile, QDateTime::currentDateTime()); });
 }
 
 Expected<bool> HistoryPruning::pruneIfDue() const {

@@ -7,7 +7,7 @@
 class ProfileDatabase;
 
 /// Removes the earlier versions of notes that exceed the limits of the open profile, see
-/// NoteHistory, at the start of the engine and then on each day, in short steps on the main thread.
+/// NoteHistory, at the start of the engine and then twice a day, in short steps on the main thread.
 /// Failures are reported in the application's log. Must be used on the main thread.
 class HistoryPruning {
 public:
@@ -22,9 +22,13 @@ public:
 private:
     /// Performs one step and schedules the next one.
     void prune();
+    /// Lets the versions age, once for each time that they are removed.
+    Expected<void> advanceTime();
     /// Performs one step and returns whether there was something to remove.
     Expected<bool> pruneIfDue() const;
 
     const ProfileDatabase &m_profile;
     QTimer m_timer;
+    /// Whether the next step is not the first one.
+    bool m_isContinued = false;
 };

@@ -8,6 +8,8 @@ namespace {
 
 const QString DaysKey = QStringLiteral("historyDays");
 const QString MegabytesKey = QStringLiteral("historyMegabytes");
+/// The time up to which the versions have aged, in milliseconds.
+const QString TimeKey = QStringLiteral("historyTime");
 constexpr qint64 Megabyte = 1LL << 20;
 /// What a row takes besides its texts, roughly.
 constexpr int BytesOfRow = 200;
@@ -28,14 +30,30 @@ Expected<int> setting(const ProfileDatabase &profile, const QString &key, int fa
         });
 }
 
-Expected<void> setSetting(const ProfileDatabase &profile, const QString &key, int value) {
+Expected<void> setSetting(const ProfileDatabase &profile, const QString &key,
+                          const QVariant &value) {
     return profile.run(QStringLiteral("INSERT OR REPLACE INTO settings (key, value) VALUES (?, ?)"),
                        {key, value});
 }
 
-/// The date in milliseconds before which versions are too old.
-qint64 endOfOldest(const HistoryLimits &limits, const QDateTime &now) {
-    return now.addDays(-limits.days).toMSecsSinceEpoch();
+/// Returns the time up to which the versions have aged, which is the stored one and `allowance`
+/// days, but not later than `now`.
+Expected<QDateTime> agedTime(const ProfileDatabase &profile, const QDateTime &now, int allowance) {
+    return profile.value(QStringLiteral("SELECT value FROM settings WHERE key = ?"), {TimeKey})
+        .map([&](const QVariant &stored) {
+            return stored.isValid() ? std::min(now, dateIn(stored).addDays(allowance)) : now;
+        });
+}
+
+/// Returns the date in milliseconds before which versions are too old.
+Expected<qint64> endOfOldest(const ProfileDatabase &profile, const HistoryLimits &limits,
+                             const QDateTime &now) {
+    if (limits.days == 0) {
+        return now.toMSecsSinceEpoch();
+    }
+    return agedTime(profile, now, 0).map([&](const QDateTime &time) {
+        return time.addDays(-limits.days).toMSecsSinceEpoch();
+    });
 }
 
 qint64 bytesOf(const HistoryLimits &limits) {
@@ -146,16 +164,26 @@ Expected<void> NoteHistory::setLimits(const ProfileDatabase &profile, const Hist
     });
 }
 
+Expected<void> NoteHistory::advanceTime(const ProfileDatabase &profile, const QDateTime &now) {
+    return agedTime(profile, now, 1).and_then([&](const QDateTime &time) {
+        return setSetting(profile, TimeKey, time.toMSecsSinceEpoch());
+    });
+}
+
 Expected<bool> NoteHistory::exceedsLimits(const ProfileDatabase &profile, const QDateTime &now) {
     const Expected<HistoryLimits> kept = limits(profile);
     if (!kept) {
         return failure(kept.error());
     }
+    const Expected<qint64> end = endOfOldest(profile, *kept, now);
+    if (!end) {
+        return failure(end.error());
+    }
     return profile
         .value(QStringLiteral("SELECT EXISTS (SELECT 1 FROM versions WHERE ended < ?)"
                               " OR (EXISTS (SELECT 1 FROM versions)"
                               " AND (SELECT bytes FROM size_of_versions) > ?)"),
-               {endOfOldest(*kept, now), bytesOf(*kept)})
+               {*end, bytesOf(*kept)})
         .map([](const QVariant &exceeds) { return exceeds.toBool(); });
 }
 
@@ -164,12 +192,16 @@ Expected<void> NoteHistory::prune(const ProfileDatabase &profile, const QDateTim
     if (!kept) {
         return failure(kept.error());
     }
+    const Expected<qint64> end = endOfOldest(profile, *kept, now);
+    if (!end) {
+        return failure(end.error());
+    }
     const Expected<QVariant> size =
         profile
             .run(QStringLiteral("DELETE FROM versions WHERE id IN"
                                 " (SELECT id FROM versions WHERE ended < ? LIMIT %1)")
                      .arg(RowsAtOnce),
-                 {endOfOldest(*kept, now)})
+                 {*end})
             .and_then([&] {
                 return profile.value(QStringLiteral("SELECT bytes FROM size_of_versions"));
             });

@@ -39,13 +39,16 @@ public:
     /// Returns how long the profile keeps versions. Unusable settings count as the defaults.
     static Expected<HistoryLimits> limits(const ProfileDatabase &profile);
     static Expected<void> setLimits(const ProfileDatabase &profile, const HistoryLimits &limits);
-    /// Returns whether the versions of all databases exceed the limits at the time `now`. Writes
-    /// nothing.
+    /// Moves the time up to which versions have aged to `now`, but by one day at most, so that a
+    /// clock that is ahead once removes nothing. Called at each start and twice a day.
+    static Expected<void> advanceTime(const ProfileDatabase &profile, const QDateTime &now);
+    /// Returns whether the versions of all databases exceed the limits at the time `now`, or at the
+    /// one up to which they have aged if that is earlier. Writes nothing.
     static Expected<bool> exceedsLimits(const ProfileDatabase &profile, const QDateTime &now);
-    /// Removes versions of all databases that exceed the limits at the time `now`, oldest first,
-    /// but not more at once than takes a small part of a second.
+    /// Removes versions of all databases for which exceedsLimits() returns true, oldest first, but
+    /// not more at once than takes a small part of a second.
     static Expected<void> prune(const ProfileDatabase &profile, const QDateTime &now);
-    /// Removes all versions that exceed the limits at the time `now`.
+    /// Removes all versions for which exceedsLimits() returns true.
     static Expected<void> pruneAll(const ProfileDatabase &profile, const QDateTime &now);
 
 private:

@@ -243,6 +243,31 @@ private Q_SLOTS:
         QVERIFY(deletedTexts().contains(QStringLiteral("kept")));
     }
 
+    void aClockThatIsAheadOnceRemovesNothing() {
+        QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("kept"))));
+        const auto start = [this](const QDateTime &now) {
+            QVERIFY(profile().write([&] {
+                return NoteHistory::advanceTime(profile(), now).and_then([&] {
+                    return NoteHistory::pruneAll(profile(), now);
+                });
+            }));
+        };
+        const QDateTime now = QDateTime::currentDateTime();
+        start(now);
+        start(now.addDays(400));
+        QVERIFY(
+            profile().write([&] { return NoteHistory::pruneAll(profile(), now.addDays(400)); }));
+        QCOMPARE(deletedTexts(), QStringList{QStringLiteral("kept")});
+        // Setting the clock right brings the time back.
+        start(now);
+        for (int day = 1; day < 30; ++day) {
+            start(now.addDays(400));
+        }
+        QCOMPARE(deletedTexts(), QStringList{QStringLiteral("kept")});
+        start(now.addDays(400));
+        QVERIFY(deletedTexts().isEmpty());
+    }
+
     void versionsThatCannotBeRemovedAreReported() {
         QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("old"))));
         QVERIFY(profile().run(QStringLiteral("UPDATE versions SET ended = 0")));
