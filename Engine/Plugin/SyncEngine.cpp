@@ -3,6 +3,7 @@
 #include <QtCore/QDir>
 
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
+#include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/NoteConversion.h"
 #include "Engine/Plugin/ProfileVerification.h"
 #include "Engine/Profile/ProfileRecovery.h"
@@ -10,6 +11,7 @@
 #include "Engine/Stores/StoreOperations.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/MainQueue.h"
 
 namespace {
 
@@ -18,6 +20,19 @@ Expected<void> openDatabase(ProfileDatabase &profile, const QString &directory,
     return profile.open(
         directory, [&profile, contents] { return writeFirstContents(profile, contents); },
         [&profile] { return convertOldNotes(profile); });
+}
+
+/// Reports it when the windows are there.
+void reportMissingLocations(const QString &directory) {
+    MainQueue::dispatchAsync([directory] {
+        if (NSApp()) {
+            NSApp()->presentError(engineError(
+                EngineErrorCode::BackupFailed,
+                "The sync locations of the damaged profile “%1” cannot be read. Add them again in "
+                "Sync Preferences, then import your databases.",
+                directory));
+        }
+    });
 }
 
 }  // namespace
@@ -57,10 +72,16 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
 }
 
 Expected<void> SyncEngine::beginProfile(const QString &directory) {
-    return ProfileRecovery::begin(directory, [](const QString &folder) {
-        ProfileDatabase profile;
-        return openDatabase(profile, folder, FirstContents::Inbox);
-    });
+    return ProfileRecovery::begin(directory,
+                                  [](const QString &folder) {
+                                      ProfileDatabase profile;
+                                      return openDatabase(profile, folder, FirstContents::Inbox);
+                                  })
+        .map([&](bool hasLocations) {
+            if (!hasLocations) {
+                reportMissingLocations(directory);
+            }
+        });
 }
 
 VerificationReport SyncEngine::verify(VerificationMode mode) {

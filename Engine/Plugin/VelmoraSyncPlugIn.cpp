@@ -20,7 +20,8 @@ bool VelmoraSyncPlugIn::isProfileDamaged(const Error &error) const {
 }
 
 std::optional<QDate> VelmoraSyncPlugIn::dateOfBackup(const QString &directory) const {
-    const std::optional<ProfileBackups::Backup> backup = ProfileBackups(directory).newestSound();
+    const std::optional<ProfileBackups::Backup> backup =
+        ProfileBackups(directory).newestSound(QDate::currentDate());
     return backup ? std::optional(backup->date) : std::nullopt;
 }
 

@@ -13,6 +13,9 @@ namespace {
 constexpr std::chrono::seconds FirstDelay(5);
 constexpr std::chrono::hours Interval(1);
 
+/// For a disk that hangs.
+constexpr std::chrono::milliseconds CancellationTimeout(1500);
+
 }  // namespace
 
 BackupSchedule::BackupSchedule() {
@@ -24,7 +27,8 @@ BackupSchedule::BackupSchedule() {
 }
 
 BackupSchedule::~BackupSchedule() {
-    m_threads.waitForDone();
+    *m_isCancelled = true;
+    m_threads.waitForDone(CancellationTimeout);
 }
 
 void BackupSchedule::start(const QString &directory) {
@@ -39,14 +43,15 @@ void BackupSchedule::check() {
         return;
     }
     m_isRunning = true;
-    m_threads.start([directory = m_directory, today, self = QPointer(this)] {
-        const Expected<void> result = ProfileBackups(directory).make(today);
-        MainQueue::dispatchAsync([self, result] {
-            if (self) {
-                self->report(result);
-            }
+    m_threads.start(
+        [directory = m_directory, today, isCancelled = m_isCancelled, self = QPointer(this)] {
+            const Expected<void> result = ProfileBackups(directory).make(today, isCancelled.get());
+            MainQueue::dispatchAsync([self, result] {
+                if (self) {
+                    self->report(result);
+                }
+            });
         });
-    });
 }
 
 void BackupSchedule::report(const Expected<void> &result) {

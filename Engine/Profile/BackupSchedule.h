@@ -2,6 +2,8 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
+#include <atomic>
+#include <memory>
 
 #include "Engine/Foundation/WorkerThreads.h"
 #include "Platform/Foundation/Expected.h"
@@ -13,7 +15,8 @@ class BackupSchedule : public QObject {
 public:
     /// Does nothing until start() is called.
     BackupSchedule();
-    /// Blocks until a running backup is complete.
+    /// Cancels a running backup, of which nothing is left, and waits for its end, for at most two
+    /// seconds if the disk hangs.
     ~BackupSchedule() override;
 
     /// Makes a backup of the profile in the folder `directory` soon, if there is none of this day,
@@ -34,6 +37,7 @@ private:
     QTimer m_timer;
     WorkerThreads m_threads;
     bool m_isRunning = false;
+    const std::shared_ptr<std::atomic_bool> m_isCancelled = std::make_shared<std::atomic_bool>();
     /// The failure that was reported last; empty after a success.
     QString m_reported;
 };

@@ -11,10 +11,10 @@
 #include <cstring>
 
 #include "Engine/Foundation/EngineError.h"
-#include "Platform/Foundation/DurableFile.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/DurableFile.h"
 
 namespace {
 
@@ -104,7 +104,7 @@ ProfileBackups::ProfileBackups(const QString &directory, const Limits &limits)
       m_folder(QDir(directory).absoluteFilePath(FolderName)),
       m_limits(limits) {}
 
-QList<ProfileBackups::Backup> ProfileBackups::all() const {
+QList<ProfileBackups::Backup> ProfileBackups::all(const QDate &today) const {
     QList<Backup> backups;
     const QDir folder(m_folder);
     const QStringList names = folder.entryList({u'*' + Suffix}, QDir::Files | QDir::NoSymLinks,
@@ -115,23 +115,25 @@ QList<ProfileBackups::Backup> ProfileBackups::all() const {
             backups.append({folder.filePath(name), date});
         }
     }
+    std::stable_partition(backups.begin(), backups.end(),
+                          [&](const Backup &each) { return each.date <= today; });
     return backups;
 }
 
-std::optional<ProfileBackups::Backup> ProfileBackups::newestSound() const {
-    const QList<Backup> backups = all();
+std::optional<ProfileBackups::Backup> ProfileBackups::newestSound(const QDate &today) const {
+    const QList<Backup> backups = all(today);
     const auto sound = std::find_if(backups.begin(), backups.end(),
                                     [](const Backup &each) { return verify(each.path); });
     return sound == backups.end() ? std::nullopt : std::optional(*sound);
 }
 
 bool ProfileBackups::isDue(const QDate &today) const {
-    const QList<Backup> backups = all();
+    const QList<Backup> backups = all(today);
     return std::none_of(backups.begin(), backups.end(),
                         [&](const Backup &each) { return each.date == today; });
 }
 
-Expected<void> ProfileBackups::make(const QDate &today) const {
+Expected<void> ProfileBackups::make(const QDate &today, const std::atomic_bool *isCancelled) const {
     if (!makeFolder(m_folder)) {
         return notMade(m_profile, systemReason());
     }
@@ -139,8 +141,11 @@ Expected<void> ProfileBackups::make(const QDate &today) const {
     const QString unfinished = path + UnfinishedSuffix;
     removeUnfinished();
     return checkSpace()
-        .and_then([&] { return writeCopy(unfinished); })
+        .and_then([&] { return writeCopy(unfinished, isCancelled); })
         .and_then([&]() -> Expected<void> {
+            if (isCancelled && *isCancelled) {
+                return notMade(m_profile, operationCancelled().localizedDescription);
+            }
             if (!DurableFile::flush(unfinished) || !DurableFile::rename(unfinished, path)) {
                 return notMade(m_profile, systemReason());
             }
@@ -171,12 +176,13 @@ Expected<void> ProfileBackups::checkSpace() const {
     return {};
 }
 
-Expected<void> ProfileBackups::writeCopy(const QString &path) const {
+Expected<void> ProfileBackups::writeCopy(const QString &path,
+                                         const std::atomic_bool *isCancelled) const {
     // SQLite writes into an empty file, which keeps its permissions.
     if (!DurableFile::create(path)) {
         return notMade(m_profile, systemReason());
     }
-    const ReadOnlyConnection profile(m_profile, ReadOnlyConnection::Sharing::Shared);
+    const ReadOnlyConnection profile(m_profile, ReadOnlyConnection::Sharing::Shared, isCancelled);
     if (!profile.isOpen()) {
         return notMade(m_profile, localizedSyncString("It cannot be read."));
     }
@@ -190,11 +196,11 @@ Expected<void> ProfileBackups::writeCopy(const QString &path) const {
         }
     }
     const Counts after = countsIn(profile);
-    if (Expected<void> verified = verify(path); !verified) {
+    if (Expected<void> verified = verify(path, isCancelled); !verified) {
         return notMade(m_profile, verified.error().localizedDescription);
     }
-    if (!isBetween(countsIn(ReadOnlyConnection(path, ReadOnlyConnection::Sharing::Immutable)),
-                   before, after)) {
+    const ReadOnlyConnection copy(path, ReadOnlyConnection::Sharing::Immutable, isCancelled);
+    if (!isBetween(countsIn(copy), before, after)) {
         return notMade(m_profile, localizedSyncString("The copy is not complete."));
     }
     return {};
@@ -210,11 +216,8 @@ void ProfileBackups::removeUnfinished() const {
 void ProfileBackups::removeBeyondLimits(const QDate &today) const {
     qint64 bytes = 0;
     int count = 0;
-    QList<Backup> backups = all();
-    // The clock may have been set back, so that the new one is not the first.
-    std::stable_partition(backups.begin(), backups.end(),
-                          [&](const Backup &each) { return each.date == today; });
-    for (const Backup &backup : std::as_const(backups)) {
+    const QList<Backup> backups = all(today);
+    for (const Backup &backup : backups) {
         bytes += QFileInfo(backup.path).size();
         ++count;
         if (backup.date != today && (count > m_limits.count || bytes > m_limits.bytes)) {
@@ -223,9 +226,9 @@ void ProfileBackups::removeBeyondLimits(const QDate &today) const {
     }
 }
 
-Expected<void> ProfileBackups::verify(const QString &path) {
-    return ProfileInspection::check(path).and_then([&] {
-        return verifyIntegrity(ReadOnlyConnection(path, ReadOnlyConnection::Sharing::Immutable),
-                               path);
+Expected<void> ProfileBackups::verify(const QString &path, const std::atomic_bool *isCancelled) {
+    return ProfileInspection::check(path, isCancelled).and_then([&] {
+        const ReadOnlyConnection backup(path, ReadOnlyConnection::Sharing::Immutable, isCancelled);
+        return verifyIntegrity(backup, path);
     });
 }

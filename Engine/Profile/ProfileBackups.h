@@ -2,6 +2,7 @@
 
 #include <QtCore/QDate>
 #include <QtCore/QList>
+#include <atomic>
 #include <optional>
 
 #include "Platform/Foundation/Expected.h"
@@ -32,23 +33,27 @@ public:
     explicit ProfileBackups(const QString &directory);
     ProfileBackups(const QString &directory, const Limits &limits);
 
-    /// Returns the backups, newest first. They may be damaged.
-    QList<Backup> all() const;
-    /// Returns the newest backup that verify() accepts, or std::nullopt.
-    std::optional<Backup> newestSound() const;
+    /// Returns the backups, newest first. They may be damaged. Those of days after `today` come
+    /// last: the clock was ahead when they were made.
+    QList<Backup> all(const QDate &today) const;
+    /// Returns the newest backup that verify() accepts, in the order of all(), or std::nullopt.
+    std::optional<Backup> newestSound(const QDate &today) const;
     /// Returns whether there is no backup of the day `today`.
     bool isDue(const QDate &today) const;
     /// Makes the backup of the day `today`, replacing one of the same day, and removes the oldest
     /// ones beyond the limits. The profile may be in use. A backup gets its name only after it was
-    /// verified and written to the disk; a failure leaves the earlier backups as they are.
-    Expected<void> make(const QDate &today) const;
+    /// verified and written to the disk; a failure leaves the earlier backups as they are. Fails
+    /// soon after `isCancelled`, which may be null, has become true.
+    Expected<void> make(const QDate &today, const std::atomic_bool *isCancelled = nullptr) const;
 
-    /// Checks the whole backup at `path`: that it is a profile, and SQLite finds no damage.
-    static Expected<void> verify(const QString &path);
+    /// Checks the whole backup at `path`: that it is a profile, and SQLite finds no damage. Fails
+    /// soon after `isCancelled`, which may be null, has become true.
+    static Expected<void> verify(const QString &path,
+                                 const std::atomic_bool *isCancelled = nullptr);
 
 private:
     Expected<void> checkSpace() const;
-    Expected<void> writeCopy(const QString &path) const;
+    Expected<void> writeCopy(const QString &path, const std::atomic_bool *isCancelled) const;
     /// Removes the files that failed or interrupted attempts have left.
     void removeUnfinished() const;
     void removeBeyondLimits(const QDate &today) const;

@@ -2,6 +2,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QUuid>
 #include <QtSql/QSqlError>
 
@@ -185,8 +186,9 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
                         : locked;
     }
     if (QFileInfo::exists(path())) {
-        return ProfileInspection::check(path()).and_then(
-            [&] { return openFile(fill, convertNotes); });
+        return ProfileInspection::check(path())
+            .and_then([&] { return openFile(fill, convertNotes); })
+            .map([this] { ProfileRecovery::removeUnfinished(m_directory); });
     }
     if (Expected<void> unused = checkUnused(m_directory); !unused) {
         return unused;
@@ -230,10 +232,32 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
     if (version->toInt() == ProfileInspection::OldestSchemaVersion) {
         return upgradeNotes(convertNotes);
     }
-    return version->toInt() < ProfileInspection::SchemaVersion ? write([&] {
-        return addMissingColumns().and_then([&] { return createMissingTables(); });
-    })
-                                                               : Expected<void>();
+    if (version->toInt() == ProfileInspection::SchemaVersion) {
+        return checkTables();
+    }
+    return write(
+        [&] { return addMissingColumns().and_then([&] { return createMissingTables(); }); });
+}
+
+Expected<void> ProfileDatabase::checkTables() const {
+    static const QRegularExpression table(QStringLiteral("^CREATE TABLE IF NOT EXISTS (\\w+)"));
+    const QStringList statements = schema();
+    for (const QString &statement : statements) {
+        const QString name = table.match(statement).captured(1);
+        const Expected<QVariant> count = value(
+            QStringLiteral("SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND name = ?"),
+            {name});
+        if (!count) {
+            return failure(count.error());
+        }
+        if (!name.isEmpty() && *count != 1) {
+            return failure(engineError(EngineErrorCode::ProfileDamaged,
+                                       "The profile “%1” is damaged and cannot be opened. Restore "
+                                       "it from a backup or use another profile.",
+                                       path()));
+        }
+    }
+    return {};
 }
 
 Expected<void> ProfileDatabase::create(const Changes &fill) const {

@@ -101,6 +101,8 @@ private:
     Expected<void> createMissingTables() const;
     /// Adds the columns that the table "states", if it exists, does not have yet.
     Expected<void> addMissingColumns() const;
+    /// Returns an error if a table of the current schema version is missing.
+    Expected<void> checkTables() const;
     Expected<void> create(const Changes &fill) const;
     /// Upgrades a profile of schema version 1.
     Expected<void> upgradeNotes(const Changes &convertNotes) const;

@@ -79,7 +79,13 @@ Expected<void> checkContents(const QString &path, const ReadOnlyConnection &data
         return unusable(
             "“%1” is a database of another program, not a profile. Choose another folder.", path);
     }
-    return isEmpty ? checkNeverUsed(path) : Expected<void>();
+    if (isEmpty) {
+        return checkNeverUsed(path);
+    }
+    // Every profile has one, so it was lost.
+    const QVariant inboxes =
+        database.value(QStringLiteral("SELECT count(*) FROM databases WHERE is_inbox"));
+    return inboxes == 1 ? Expected<void>() : damaged(path);
 }
 
 Expected<void> checkAccess(const QString &path) {
@@ -109,13 +115,13 @@ Expected<void> checkAccess(const QString &path) {
 
 }  // namespace
 
-Expected<void> ProfileInspection::check(const QString &path) {
+Expected<void> ProfileInspection::check(const QString &path, const std::atomic_bool *isCancelled) {
     if (Expected<void> accessible = checkAccess(path); !accessible) {
         return accessible;
     }
     if (hasLogOnly(path)) {
         return checkNeverUsed(path);
     }
-    const ReadOnlyConnection database(path, sharingFor(path));
+    const ReadOnlyConnection database(path, sharingFor(path), isCancelled);
     return database.isOpen() ? checkContents(path, database) : damaged(path);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QString>
+#include <atomic>
 
 #include "Platform/Foundation/Expected.h"
 
@@ -21,7 +22,8 @@ inline constexpr int OldestSchemaVersion = 1;
 /// is damaged, and ProfileUnusable if it is unreadable, read-only, of an unsupported version, or of
 /// another program. An empty database is damaged too, unless its folder contains nothing else than
 /// what an interrupted first start leaves.
-/// Reads the whole file, so it may block for some seconds.
-Expected<void> check(const QString &path);
+/// Reads the whole file, so it may block for some seconds; fails soon after `isCancelled`, which
+/// may be null, has become true.
+Expected<void> check(const QString &path, const std::atomic_bool *isCancelled = nullptr);
 
 }  // namespace ProfileInspection

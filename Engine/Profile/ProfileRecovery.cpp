@@ -10,15 +10,17 @@
 #include <cstring>
 
 #include "Engine/Foundation/EngineError.h"
-#include "Platform/Foundation/DurableFile.h"
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/DurableFile.h"
 
 namespace {
 
 using ProfileFolder::DatabaseName;
+/// Begins the names of the folders that hold copies during a recovery.
+const QString UnfinishedPrefix = QStringLiteral(".velmora-recovery-");
 const QString RecoveryConnection = QStringLiteral("velmora-profile-recovery");
 
 tl::unexpected<Error> systemFailure(const QString &path) {
@@ -42,7 +44,7 @@ Expected<void> setAside(const QString &directory) {
     const QString name =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH-mm-ss-zzz"));
     const QString folder = directory + u'/' + ProfileRecovery::FolderName + u'/' + name;
-    if (!QDir().mkpath(folder)) {
+    if (!QDir().mkpath(folder) || !DurableFile::flush(QFileInfo(folder).path())) {
         return systemFailure(directory);
     }
     for (const QString &file : files) {
@@ -89,36 +91,52 @@ bool copyLocations(const QString &source, QSqlDatabase &target) {
     return isCopied;
 }
 
-/// Copies the locations from the first of `sources` that can be read.
-void copyLocationsFrom(const QStringList &sources, const QString &target) {
+/// Copies the locations from the first of `sources` that can be read. Returns whether there is one.
+bool copyLocationsFrom(const QStringList &sources, const QString &target) {
+    bool isCopied = false;
     {
         QSqlDatabase database =
             QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), RecoveryConnection);
         database.setDatabaseName(target);
-        if (database.open()) {
-            std::any_of(sources.begin(), sources.end(),
-                        [&](const QString &source) { return copyLocations(source, database); });
-        }
+        isCopied = database.open() &&
+                   std::any_of(sources.begin(), sources.end(), [&](const QString &source) {
+                       return copyLocations(source, database);
+                   });
     }
     QSqlDatabase::removeDatabase(RecoveryConnection);
+    return isCopied;
 }
 
-/// Copies of the databases from which locations may be read, best first. SQLite writes beside a
-/// database that it reads, which must not happen to the originals.
-QStringList sourcesOfLocations(const QString &directory, const QString &folder) {
-    const QString damaged = folder + QStringLiteral("/damaged");
-    QStringList sources;
+/// Copies a file. A file that cannot be read is none; a copy that cannot be written is an error.
+Expected<bool> copyFile(const QString &from, const QString &to) {
+    if (DurableFile::copy(from, to)) {
+        return true;
+    }
+    if (errno == ENOSPC || errno == EDQUOT) {
+        return systemFailure(QFileInfo(to).path());
+    }
+    return false;
+}
+
+/// Returns copies of the databases from which locations may be read, best first. SQLite writes
+/// beside a database that it reads, which must not happen to the originals.
+Expected<QStringList> sourcesOfLocations(const QString &directory, const QString &folder) {
+    const QString damaged = folder + u'/' + DatabaseName;
+    const QString backupCopy = folder + QStringLiteral("/backup");
+    Expected<bool> isReadable = QFileInfo::exists(directory + u'/' + DatabaseName);
     const QStringList files = filesOf(directory);
     for (const QString &file : files) {
-        DurableFile::copy(directory + u'/' + file, damaged + file.mid(DatabaseName.size()));
+        const bool isWorth = isReadable && *isReadable;
+        isReadable = isWorth ? copyFile(directory + u'/' + file, folder + u'/' + file) : isReadable;
     }
-    sources.append(damaged);
-    if (const auto backup = ProfileBackups(directory).newestSound()) {
-        const QString copy = folder + QStringLiteral("/backup");
-        DurableFile::copy(backup->path, copy);
-        sources.append(copy);
+    if (!isReadable) {
+        return failure(isReadable.error());
     }
-    return sources;
+    const QStringList sources = *isReadable ? QStringList(damaged) : QStringList();
+    const auto backup = ProfileBackups(directory).newestSound(QDate::currentDate());
+    return (backup ? copyFile(backup->path, backupCopy) : false).map([&](bool isCopied) {
+        return isCopied ? sources + QStringList(backupCopy) : sources;
+    });
 }
 
 }  // namespace
@@ -134,12 +152,13 @@ Expected<void> ProfileRecovery::restoreBackup(const QString &directory) {
     if (Expected<void> locked = lock.acquire(directory); !locked) {
         return locked;
     }
-    const std::optional<ProfileBackups::Backup> backup = ProfileBackups(directory).newestSound();
+    const std::optional<ProfileBackups::Backup> backup =
+        ProfileBackups(directory).newestSound(QDate::currentDate());
     if (!backup) {
         return failure(engineError(EngineErrorCode::BackupFailed,
                                    "The profile “%1” has no backup that is sound.", directory));
     }
-    const QTemporaryDir folder(directory + QStringLiteral("/Restored Profile-XXXXXX"));
+    const QTemporaryDir folder(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
     const QString copy = folder.filePath(DatabaseName);
     if (!folder.isValid() || !DurableFile::copy(backup->path, copy)) {
         return systemFailure(directory);
@@ -147,20 +166,32 @@ Expected<void> ProfileRecovery::restoreBackup(const QString &directory) {
     return ProfileBackups::verify(copy).and_then([&] { return replace(directory, copy); });
 }
 
-Expected<void> ProfileRecovery::begin(
+Expected<bool> ProfileRecovery::begin(
     const QString &directory, const std::function<Expected<void>(const QString &folder)> &create) {
     ProfileLock lock;
     if (Expected<void> locked = lock.acquire(directory); !locked) {
-        return locked;
+        return failure(locked.error());
     }
-    const QTemporaryDir folder(directory + QStringLiteral("/New Profile-XXXXXX"));
-    const QTemporaryDir sources(directory + QStringLiteral("/Old Profile-XXXXXX"));
-    if (!folder.isValid() || !sources.isValid()) {
+    const QTemporaryDir folder(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
+    const QTemporaryDir copies(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
+    if (!folder.isValid() || !copies.isValid()) {
         return systemFailure(directory);
     }
     const QString path = folder.filePath(DatabaseName);
-    return create(folder.path()).and_then([&] {
-        copyLocationsFrom(sourcesOfLocations(directory, sources.path()), path);
-        return replace(directory, path);
-    });
+    return create(folder.path())
+        .and_then([&] { return sourcesOfLocations(directory, copies.path()); })
+        .and_then([&](const QStringList &sources) {
+            const bool areCopied = copyLocationsFrom(sources, path);
+            return replace(directory, path).map([&] { return areCopied; });
+        });
+}
+
+void ProfileRecovery::removeUnfinished(const QString &directory) {
+    // QTemporaryDir replaces the template by six letters.
+    const QString letters = QStringLiteral("[a-zA-Z]").repeated(6);
+    const QStringList folders = QDir(directory).entryList(
+        {UnfinishedPrefix + letters}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
+    for (const QString &folder : folders) {
+        QDir(directory + u'/' + folder).removeRecursively();
+    }
 }

@@ -24,9 +24,13 @@ bool hasTraces(const QString &directory);
 Expected<void> restoreBackup(const QString &directory);
 
 /// Replaces the database by a new one. `create` makes a profile in the empty folder that it is
-/// given and closes it. The locations of the damaged profile or of its newest sound backup and
-/// their states are copied as far as they can be read.
-Expected<void> begin(const QString &directory,
+/// given and closes it. The locations and their states are copied from the damaged profile or, if
+/// they cannot be read, from its newest sound backup. Returns whether they were copied.
+Expected<bool> begin(const QString &directory,
                      const std::function<Expected<void>(const QString &folder)> &create);
+
+/// Removes the copies that an interrupted call of the functions above has left in the folder of a
+/// profile that is locked and sound. Their originals are the backups and the damaged profiles.
+void removeUnfinished(const QString &directory);
 
 }  // namespace ProfileRecovery

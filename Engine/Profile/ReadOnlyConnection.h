@@ -3,6 +3,7 @@
 #include <QtCore/QString>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
+#include <atomic>
 
 /// A connection to an SQLite database that changes neither the database nor its folder. Must be
 /// used on the thread that has created it; several can exist at a time. Every call blocks for the
@@ -17,8 +18,10 @@ public:
         Shared,
     };
 
-    /// Opens the database file at `path`.
-    ReadOnlyConnection(const QString &path, Sharing sharing);
+    /// Opens the database file at `path`. If `isCancelled` is not null, statements fail soon after
+    /// it has become true; it is not owned and must outlive this object.
+    ReadOnlyConnection(const QString &path, Sharing sharing,
+                       const std::atomic_bool *isCancelled = nullptr);
     /// Closes the database. The queries must have been destroyed.
     ~ReadOnlyConnection();
     ReadOnlyConnection(const ReadOnlyConnection &) = delete;
@@ -34,6 +37,8 @@ public:
     QVariant value(const QString &statement) const;
 
 private:
+    void interruptIf(const std::atomic_bool &isCancelled);
+
     const QString m_name;
     QSqlDatabase m_database;
 };

@@ -87,8 +87,8 @@ private Q_SLOTS:
             QVERIFY(backups.make(m_today.addDays(day)));
         }
         QCOMPARE(names().size(), 7);
-        QCOMPARE(backups.all().first().date, m_today.addDays(8));
-        QCOMPARE(backups.all().last().date, m_today.addDays(2));
+        QCOMPARE(backups.all(m_today.addDays(8)).first().date, m_today.addDays(8));
+        QCOMPARE(backups.all(m_today.addDays(8)).last().date, m_today.addDays(2));
     }
 
     void aClockThatWasSetBackKeepsTheNewBackup() {
@@ -96,9 +96,43 @@ private Q_SLOTS:
         for (int day = 0; day < 7; ++day) {
             QVERIFY(backups.make(m_today.addDays(day)));
         }
-        QVERIFY(backups.make(m_today.addYears(-1)));
+        const QDate today = m_today.addYears(-1);
+        QVERIFY(backups.make(today));
         QCOMPARE(names().size(), 7);
-        QVERIFY(!backups.isDue(m_today.addYears(-1)));
+        QVERIFY(!backups.isDue(today));
+        QCOMPARE(backups.newestSound(today)->date, today);
+        // Those of the future make room for new ones, oldest first.
+        QCOMPARE(backups.all(today).last().date, m_today.addDays(1));
+        for (int day = 1; day < 7; ++day) {
+            QVERIFY(backups.make(today.addDays(day)));
+            QCOMPARE(names().size(), 7);
+            QCOMPARE(backups.newestSound(today.addDays(day))->date, today.addDays(day));
+        }
+        QCOMPARE(backups.all(m_today.addDays(9)).first().date, today.addDays(6));
+    }
+
+    void quittingCancelsABackup() {
+        QVERIFY(m_host->engine().profile().run(QStringLiteral(
+            "INSERT INTO versions (ended, size, database, note_uuid, place, title, text)"
+            " WITH RECURSIVE number (n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM number"
+            " WHERE n < 100) SELECT 0, 0, id, '', '', '', hex(randomblob(400000))"
+            " FROM number, databases")));
+        auto schedule = std::make_unique<BackupSchedule>();
+        schedule->start(m_host->directory());
+        schedule->check();
+        QElapsedTimer time;
+        time.start();
+        schedule.reset();
+        QVERIFY2(time.elapsed() < 2000, qPrintable(QString::number(time.elapsed())));
+        QVERIFY2(names().isEmpty(), qPrintable(names().join(u',')));
+    }
+
+    void aCancelledBackupLeavesNothing() {
+        const ProfileBackups backups(m_host->directory());
+        QVERIFY(backups.make(m_today.addDays(-1)));
+        const std::atomic_bool isCancelled = true;
+        QCOMPARE(code(backups.make(m_today, &isCancelled)), EngineErrorCode::BackupFailed);
+        QCOMPARE(names(), QStringList{QStringLiteral("2026-11-21.sqlite")});
     }
 
     void theirSizeIsBounded() {
@@ -222,7 +256,9 @@ private Q_SLOTS:
         m_host->goToComputer(QStringLiteral("Profile"));
         QCOMPARE(titles(), QStringList({QStringLiteral("first"), QStringLiteral("second")}));
         QCOMPARE(damagedFiles(directory), QStringList{QStringLiteral("profile.sqlite")});
-        QVERIFY(QDir(directory).entryList({QStringLiteral("*Profile-*")}).isEmpty());
+        QVERIFY(QDir(directory)
+                    .entryList({QStringLiteral(".velmora-recovery-*")}, QDir::Dirs | QDir::Hidden)
+                    .isEmpty());
     }
 
     void anEmptiedProfileIsRestoredAndAnEmptiedBackupIsNot() {
@@ -296,6 +332,64 @@ private Q_SLOTS:
         QCOMPARE(states.size(), 1);
         QVERIFY((*states.begin())->isEnabled());
         QCOMPARE(damagedFiles(directory), QStringList{QStringLiteral("profile.sqlite")});
+    }
+
+    void locationsThatCannotBeReadAreReported() {
+        const QString directory = m_host->directory();
+        m_host->addLocation();
+        m_host->save();
+        m_host->goToComputer(QStringLiteral("Other"));
+        overwrite(directory + QStringLiteral("/profile.sqlite"), 0, 4096);
+        QVERIFY(SyncEngine::beginProfile(directory));
+        QTRY_COMPARE(m_host->application().presentedErrors().size(), 1);
+        const QString text = m_host->application().presentedErrors().first().localizedDescription;
+        QVERIFY2(text.contains(directory), qPrintable(text));
+    }
+
+    void aProfileWithoutWhatEachHasIsDamaged_data() {
+        QTest::addColumn<QString>("statement");
+        QTest::addRow("no inbox") << QStringLiteral("DELETE FROM databases");
+        QTest::addRow("no table of locations") << QStringLiteral("DROP TABLE states");
+        QTest::addRow("no table of databases") << QStringLiteral("DROP TABLE databases");
+    }
+    void aProfileWithoutWhatEachHasIsDamaged() {
+        QFETCH(QString, statement);
+        const QString directory = m_host->directory();
+        QVERIFY(ProfileBackups(directory).make(m_today));
+        QVERIFY(m_host->engine().profile().run(QStringLiteral("PRAGMA foreign_keys = OFF")));
+        QVERIFY(m_host->engine().profile().run(statement));
+        m_host->goToComputer(QStringLiteral("Other"));
+        {
+            SyncEngine engine;
+            QCOMPARE(code(engine.openProfile(directory)), EngineErrorCode::ProfileDamaged);
+            QVERIFY(ProfileRecovery::restoreBackup(directory));
+            QVERIFY(engine.openProfile(directory));
+        }
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(titles(), QStringList{QStringLiteral("first")});
+    }
+
+    void copiesOfAKilledRecoveryAreRemovedOnceTheProfileIsSound() {
+        const QString directory = m_host->directory();
+        const QString copies = directory + QStringLiteral("/.velmora-recovery-aBcDeF");
+        const QString others = directory + QStringLiteral("/.velmora-recovery-of-Ida");
+        QVERIFY(QDir().mkdir(copies));
+        QVERIFY(QDir().mkdir(others));
+        QVERIFY(QFile::copy(file(), copies + QStringLiteral("/profile.sqlite")));
+        m_host->goToComputer(QStringLiteral("Other"));
+        QVERIFY(QFile::rename(directory + QStringLiteral("/profile.sqlite"),
+                              directory + QStringLiteral("/aside")));
+        {
+            SyncEngine engine;
+            QVERIFY(!engine.openProfile(directory));
+        }
+        QVERIFY(QFileInfo::exists(copies));
+        QVERIFY(QFile::rename(directory + QStringLiteral("/aside"),
+                              directory + QStringLiteral("/profile.sqlite")));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QVERIFY(!QFileInfo::exists(copies));
+        QVERIFY(QFileInfo::exists(others));
+        QCOMPARE(titles(), QStringList{QStringLiteral("first")});
     }
 
     /// SQLite would apply the log of the damaged profile to the restored one.

@@ -339,7 +339,9 @@ private Q_SLOTS:
         QStringList current;
         {
             ProfileDatabase profile;
-            QVERIFY(profile.open(folder(), nothing, nothing));
+            QVERIFY(profile.open(
+                folder(), [&] { return writeFirstContents(profile, FirstContents::Inbox); },
+                nothing));
             current = columns(profile);
             QVERIFY(current.contains(QStringLiteral("result_date")));
             for (const QString &name : std::as_const(current)) {
