@@ -1,20 +1,16 @@
 #include "Application/NoteTextEdit.h"
 
 #include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
 
 namespace {
 
 const QString Newline = QStringLiteral("\n");
 
-/// The line end between a block and the one before it. Blocks without it follow an LF.
-class LineEnd : public QTextBlockUserData {
-public:
-    explicit LineEnd(QStringView text) : m_text(text.toString()) {}
-    const QString &text() const { return m_text; }
-
-private:
-    const QString m_text;
-};
+/// The property of a block's format with the line end between the block and the one before it.
+/// Blocks without it follow an LF. Undoing an edit restores formats, unlike the user data of
+/// blocks.
+constexpr int LineEnd = QTextFormat::UserProperty;
 
 bool endsLine(QChar character) {
     // QTextDocument uses two noncharacters as separators of frames.
@@ -48,12 +44,18 @@ Lines split(const QString &text) {
 bool NoteTextEdit::setNoteText(const QString &text) {
     const Lines split = ::split(text);
     setPlainText(split.lines.join(u'\n'));
-    QTextBlock block = document()->firstBlock().next();
-    for (qsizetype i = 0; i < split.ends.size() && block.isValid(); ++i, block = block.next()) {
-        if (split.ends[i] != Newline) {
-            block.setUserData(new LineEnd(split.ends[i]));
+    document()->setUndoRedoEnabled(false);
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    for (const QString &end : split.ends) {
+        if (cursor.movePosition(QTextCursor::NextBlock) && end != Newline) {
+            QTextBlockFormat format;
+            format.setProperty(LineEnd, end);
+            cursor.setBlockFormat(format);
         }
     }
+    cursor.endEditBlock();
+    document()->setUndoRedoEnabled(true);
     return noteText() == text;
 }
 
@@ -61,10 +63,10 @@ QString NoteTextEdit::noteText() const {
     QString text = document()->firstBlock().text();
     for (QTextBlock block = document()->firstBlock().next(); block.isValid();
          block = block.next()) {
-        const auto *lineEnd = static_cast<const LineEnd *>(block.userData());
+        const QString lineEnd = block.blockFormat().stringProperty(LineEnd);
         // An LF directly after a CR would be read as a single line end.
         const QString &added = text.endsWith(u'\r') ? QStringLiteral("\r") : Newline;
-        text += lineEnd ? lineEnd->text() : added;
+        text += lineEnd.isEmpty() ? added : lineEnd;
         text += block.text();
     }
     return text;

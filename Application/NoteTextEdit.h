@@ -13,7 +13,8 @@ public:
     /// Shows `text` and clears the undo history. Returns false if the editor cannot represent
     /// `text` exactly; noteText() then differs from it. O(n).
     bool setNoteText(const QString &text);
-    /// Returns the text with the user's edits. Line ends that the user has added are LF, or CR
-    /// directly after a CR. O(n).
+    /// Returns the text with the user's edits. A line that the user has split ends as the one
+    /// before it, and other line ends that the user has added are LF, or CR directly after a CR.
+    /// Undoing the edits restores the text exactly. O(n).
     QString noteText() const;
 };

@@ -54,6 +54,52 @@ private Q_SLOTS:
         }
     }
 
+    void undoingADeletionRestoresTheLineEnds() {
+        NoteTextEdit editor;
+        const QString text = QStringLiteral("one\r\ntwo\r\nthree\u2029four\rfive");
+        QVERIFY(editor.setNoteText(text));
+        QVERIFY(!editor.document()->isUndoAvailable());
+        editor.selectAll();
+        QTest::keyClick(&editor, Qt::Key_Delete);
+        QCOMPARE(editor.noteText(), QString());
+        QTest::keySequence(&editor, QKeySequence::Undo);
+        QCOMPARE(editor.noteText(), text);
+    }
+
+    void undoingAnyEditsRestoresTheText() {
+        const QStringList pieces{QStringLiteral("\n"),     QStringLiteral("\r"),
+                                 QStringLiteral("\r\n"),   QStringLiteral("x"),
+                                 QStringLiteral("\u2029"), QStringLiteral("yy")};
+        std::mt19937 random(21);
+        const auto below = [&](qsizetype limit) {
+            return std::uniform_int_distribution<int>(0, static_cast<int>(limit) - 1)(random);
+        };
+        NoteTextEdit editor;
+        for (int round = 0; round < 1000; ++round) {
+            QString text;
+            for (int i = 0; i < round % 10; ++i) {
+                text += pieces[below(pieces.size())];
+            }
+            QVERIFY(editor.setNoteText(text));
+            for (int edit = 0; edit < 4; ++edit) {
+                QTextCursor cursor(editor.document());
+                cursor.setPosition(below(editor.document()->characterCount()));
+                cursor.setPosition(below(editor.document()->characterCount()),
+                                   QTextCursor::KeepAnchor);
+                cursor.insertText(below(2) == 0 ? QString() : QStringLiteral("q\nz"));
+            }
+            const QString edited = editor.noteText();
+            while (editor.document()->isUndoAvailable()) {
+                editor.undo();
+            }
+            QVERIFY2(editor.noteText() == text, qPrintable(QString::number(round)));
+            while (editor.document()->isRedoAvailable()) {
+                editor.redo();
+            }
+            QVERIFY2(editor.noteText() == edited, qPrintable(QString::number(round)));
+        }
+    }
+
     void removingTextBetweenLineEndsKeepsThem() {
         NoteTextEdit editor;
         QVERIFY(editor.setNoteText(QStringLiteral("one\rtwo\r\nthree\u2029four")));
