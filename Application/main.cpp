@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 #include "Application/DamagedProfileDialog.h"
 #include "Application/EndSignals.h"
@@ -19,6 +20,7 @@
 #include "Application/ProcessProtection.h"
 #include "Application/ProfileDescription.h"
 #include "Application/RunningInstance.h"
+#include "Application/TemporaryFiles.h"
 #include "Application/VelmoraApplication.h"
 #include "Application/VerificationOutput.h"
 #include "Platform/Foundation/Assertion.h"
@@ -192,7 +194,11 @@ int main(int argumentCount, char **arguments) {
         const QCoreApplication early(argumentCount, arguments);
         options = LaunchOptions::parse(QCoreApplication::arguments());
     }
-    QTemporaryDir runtimeDirectory;
+    std::optional<TemporaryFiles> temporaryFiles;
+    if (options.isBatch()) {
+        temporaryFiles.emplace();
+    }
+    const QTemporaryDir runtimeDirectory;
     if (options.isBatch()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         // The secrets of the locations are reached through the user's own one.

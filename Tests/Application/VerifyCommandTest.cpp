@@ -1,8 +1,11 @@
+#include <csignal>
+
 #include <QtCore/QDirIterator>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
+#include <QtNetwork/QTcpServer>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 
@@ -91,6 +94,37 @@ private Q_SLOTS:
         m_folder = std::make_unique<QTemporaryDir>();
         QCOMPARE(run({QStringLiteral("--describe")}).exitCode, 0);
         QCOMPARE(repair().exitCode, 0);
+    }
+
+    void aSignalLeavesNoCopyOfTheNotes_data() {
+        QTest::addColumn<int>("number");
+        QTest::addRow("SIGTERM") << SIGTERM;
+        QTest::addRow("SIGINT") << SIGINT;
+        QTest::addRow("SIGHUP") << SIGHUP;
+    }
+    void aSignalLeavesNoCopyOfTheNotes() {
+        QFETCH(int, number);
+        // It accepts a connection and never answers.
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        executeInProfile(QStringLiteral("UPDATE locations SET url = 'http://127.0.0.1:%1/a'")
+                             .arg(server.serverPort()));
+        const QString temporary = m_folder->filePath(QStringLiteral("tmp"));
+        QVERIFY(QDir().mkdir(temporary));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), m_folder->path());
+        environment.insert(QStringLiteral("TMPDIR"), temporary);
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(VELMORA),
+                      {QStringLiteral("--profile"), profile(), QStringLiteral("verify")});
+        QVERIFY(server.waitForNewConnection(60000));
+        QVERIFY(!contents(temporary).isEmpty());
+        QCOMPARE(kill(static_cast<pid_t>(process.processId()), number), 0);
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+        QCOMPARE(process.exitCode(), number);
+        QVERIFY(QDir(temporary).isEmpty());
     }
 
     void aSoundProfileIsReportedAsSound() {
