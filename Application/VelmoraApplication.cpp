@@ -4,6 +4,7 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyleFactory>
+#include <algorithm>
 #include <cstdio>
 
 #include "Application/Interface/NoteLibrary.h"
@@ -12,6 +13,23 @@
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Security/SecretStore.h"
+
+namespace {
+
+/// Returns the window for a dialog that may open while the user works in another program. A dialog
+/// without a parent would keep the program running after its window is closed.
+QWidget *windowForDialog() {
+    if (QWidget *active = QApplication::activeWindow()) {
+        return active;
+    }
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::find_if(windows.begin(), windows.end(), [](const QWidget *each) {
+        return each->isVisible() && each->windowType() == Qt::Window;
+    });
+    return found == windows.end() ? nullptr : *found;
+}
+
+}  // namespace
 
 VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
     : QApplication(argumentCount, arguments) {
@@ -61,7 +79,7 @@ void VelmoraApplication::presentError(const Error &error) {
         return;
     }
     auto *box = new QMessageBox(QMessageBox::Warning, applicationDisplayName(), {}, QMessageBox::Ok,
-                                activeWindow());
+                                windowForDialog());
     PlainText::setTexts(box, error.localizedDescription, error.localizedFailureReason);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
@@ -75,7 +93,7 @@ QuestionPresenter::Withdrawal VelmoraApplication::ask(const Question &question,
         return [] {};
     }
     auto *box = new QMessageBox(QMessageBox::Question, applicationDisplayName(), {},
-                                QMessageBox::NoButton, activeWindow());
+                                QMessageBox::NoButton, windowForDialog());
     PlainText::setTexts(box, question.text, question.details);
     box->setAttribute(Qt::WA_DeleteOnClose);
     QPushButton *accept = box->addButton(question.acceptTitle, QMessageBox::AcceptRole);
@@ -99,7 +117,7 @@ void VelmoraApplication::askAboutRemoval(const RemovalQuestion &question,
             Qt::QueuedConnection);
         return;
     }
-    (new RemovalDialog(question, std::move(handler), activeWindow()))->open();
+    (new RemovalDialog(question, std::move(handler), windowForDialog()))->open();
 }
 
 bool VelmoraApplication::notify(QObject *receiver, QEvent *event) {

@@ -1,5 +1,7 @@
 #include "Application/VelmoraApplication.h"
 
+#include <QtGui/QWindow>
+#include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMessageBox>
 
 #include "Platform/Security/SecretStore.h"
@@ -45,6 +47,18 @@ private Q_SLOTS:
         store(QStringLiteral("second"));
         QCoreApplication::processEvents();
         QVERIFY(messageBoxes().isEmpty());
+    }
+
+    void aBoxOfAProgramInTheBackgroundBelongsToItsWindow() {
+        QMainWindow window;
+        window.show();
+        QApplication::setActiveWindow(nullptr);
+        static_cast<VelmoraApplication *>(qApp)->presentError({.localizedDescription = {}});
+        QCOMPARE(messageBoxes().size(), 1);
+        QCOMPARE(messageBoxes().first()->parentWidget(), &window);
+        // Qt quits when the last window without one of these is closed.
+        QCOMPARE(messageBoxes().first()->windowHandle()->transientParent(), window.windowHandle());
+        messageBoxes().first()->close();
     }
 
     void namesInErrorsAndQuestionsAreShownAsTheyAre() {
