@@ -39,12 +39,6 @@ Expected<std::vector<std::filesystem::directory_entry>> entriesOf(const QString 
     return entries;
 }
 
-QStringList databaseFiles() {
-    const QString &name = ProfileFolder::DatabaseName;
-    return {name, name + QStringLiteral("-wal"), name + QStringLiteral("-shm"),
-            name + QStringLiteral("-journal")};
-}
-
 Expected<QStringList> namesIn(const QString &directory) {
     return entriesOf<std::filesystem::directory_iterator>(directory).map([](const auto &entries) {
         QStringList names;
@@ -73,6 +67,11 @@ Expected<bool> hasFoldersOnly(const QString &path) {
 }
 
 }  // namespace
+
+QStringList ProfileFolder::databaseFiles() {
+    return {DatabaseName, DatabaseName + QStringLiteral("-wal"),
+            DatabaseName + QStringLiteral("-shm"), DatabaseName + QStringLiteral("-journal")};
+}
 
 Expected<bool> ProfileFolder::isUnused(const QString &directory) {
     return namesIn(directory).map([](QStringList names) {

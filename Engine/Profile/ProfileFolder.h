@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QString>
+#include <QtCore/QStringList>
 
 #include "Platform/Foundation/Expected.h"
 
@@ -13,6 +13,9 @@ namespace ProfileFolder {
 inline const QString DatabaseName = QStringLiteral("profile.sqlite");
 /// The name of the folder with the sync store of a new profile.
 inline const QString SyncStoresName = QStringLiteral("Sync Stores");
+
+/// Returns the names of the files that SQLite makes for the database, whether they exist or not.
+QStringList databaseFiles();
 
 /// Returns whether the existing folder `directory` is empty apart from a lock file, so that a
 /// profile can be made in it.

@@ -29,10 +29,15 @@ tl::unexpected<Error> systemFailure(const QString &path) {
                                    .arg(path, QString::fromLocal8Bit(std::strerror(errno)))));
 }
 
-/// The files of the database: SQLite would apply a log that is left behind to the next database.
+/// Returns the files of the database: SQLite would apply a log that is left behind to the next
+/// database. They are looked for by name, because the folder may not be readable.
 QStringList filesOf(const QString &directory) {
-    return QDir(directory).entryList({DatabaseName, DatabaseName + u'-' + u'*'},
-                                     QDir::Files | QDir::Hidden | QDir::System);
+    QStringList files = ProfileFolder::databaseFiles();
+    files.removeIf([&](const QString &name) {
+        const QFileInfo file(directory + u'/' + name);
+        return !file.exists() && !file.isSymLink();
+    });
+    return files;
 }
 
 /// Moves the files of the database away.

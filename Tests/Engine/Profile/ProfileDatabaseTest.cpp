@@ -10,6 +10,7 @@
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileInspection.h"
+#include "Engine/Profile/ProfileRecovery.h"
 #include "Support/Failure.h"
 #include "Support/FaultyFileSystem.h"
 #include "Support/OldProfile.h"
@@ -75,8 +76,8 @@ QString descriptionOfFirstStart(const QString &directory) {
     return descriptionOfOpening(directory, FirstContents::Welcome);
 }
 
-/// The same in a process that file modes bind, which they do not for root.
-QString descriptionOfOpeningUnprivileged(const QString &directory) {
+/// Returns what `work` returns in a process that file modes bind, which they do not for root.
+QString unprivileged(const std::function<QString()> &work) {
     int ends[2];
     if (pipe(ends) != 0) {
         return QStringLiteral("no pipe");
@@ -86,8 +87,7 @@ QString descriptionOfOpeningUnprivileged(const QString &directory) {
         const bool isBound = geteuid() != 0 || (setgroups(0, nullptr) == 0 &&
                                                 setresgid(Nobody, Nobody, Nobody) == 0 &&
                                                 setresuid(Nobody, Nobody, Nobody) == 0);
-        const QByteArray text =
-            isBound ? descriptionOfOpening(directory).toUtf8() : QByteArray("still root");
+        const QByteArray text = isBound ? work().toUtf8() : QByteArray("still root");
         const bool isWritten = ::write(ends[1], text.constData(), text.size()) == text.size();
         _exit(isWritten ? 0 : 1);
     }
@@ -419,6 +419,25 @@ private Q_SLOTS:
         verifyRefusedUnprivileged(QStringLiteral("have permission to read"), file());
     }
 
+    void setsADamagedProfileAsideInAFolderThatMayNotBeRead() {
+        QVERIFY(QDir().mkdir(folder()));
+        writeFile(file(), "damaged");
+        QCOMPARE(chown(QFile::encodeName(folder()).constData(), Nobody, Nobody), 0);
+        makeUnwritable(folder(), QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        unprivileged([this] {
+            return ProfileRecovery::begin(folder(),
+                                          [](const QString &made) {
+                                              writeFile(made + QStringLiteral("/profile.sqlite"),
+                                                        "new");
+                                              return Expected<void>();
+                                          })
+                       ? QString()
+                       : QStringLiteral("failed");
+        });
+        const QMap<QString, QByteArray> found = contentsOf(folder());
+        QVERIFY(found.values().contains("damaged"));
+    }
+
     void refusesAFolderWhoseParentIsReadOnly() {
         makeUnwritable(m_directory->path(), QFileDevice::Permissions(0x5555));
         verifyRefusedUnprivileged(QStringLiteral("could not be created"), folder());
@@ -506,7 +525,7 @@ private:
 
     void verifyRefusedUnprivileged(const QString &words, const QString &where) const {
         const QMap<QString, QByteArray> before = contentsOf(m_directory->path());
-        const QString description = descriptionOfOpeningUnprivileged(folder());
+        const QString description = unprivileged([this] { return descriptionOfOpening(folder()); });
         QVERIFY2(description.contains(words), qPrintable(description));
         QVERIFY2(description.contains(where), qPrintable(description));
         QCOMPARE(contentsOf(m_directory->path()), before);
