@@ -39,6 +39,10 @@ VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
         this, SecretsNotKeptNotification, [this](const Notification & /*notification*/) {
             presentError(SecretStore::shared().error().value_or(Error()));
         });
+    NotificationCenter::defaultCenter().addObserver(
+        this, SecretNotRemovedNotification, [this](const Notification & /*notification*/) {
+            presentError(SecretStore::shared().removalError().value_or(Error()));
+        });
 }
 
 VelmoraApplication::~VelmoraApplication() {

@@ -101,12 +101,13 @@ void QVServerPreferencesController::removeAuthorizedClientsObject(const QString 
     }
     m_clientsBeingRevoked.append(client);
     const QString service = QVDirectConnectionClientAuthorizationServiceName();
-    Keychain::shared().removeFirstLater(bytesOfUnitLength(service), bytesOfUnitLength(client),
-                                        [controller = QPointer(this), client](bool isRemoved) {
-                                            if (controller) {
-                                                controller->didRevoke(client, isRemoved);
-                                            }
-                                        });
+    Keychain::shared().removeFirstLater(
+        bytesOfUnitLength(service), bytesOfUnitLength(client),
+        [controller = QPointer(this), client](const Expected<bool> &isRemoved) {
+            if (controller) {
+                controller->didRevoke(client, isRemoved.value_or(false));
+            }
+        });
 }
 
 void QVServerPreferencesController::didRevoke(const QString &client, bool isRemoved) {

@@ -11,6 +11,27 @@ namespace {
 const QString KeychainService = QStringLiteral("Velmora Direct Connection Servers");
 const QString SettingPrefix = QStringLiteral("directConnectionServer ");
 
+bool isOfLocation(const QString &key, const QString &identifier) {
+    return key.endsWith(u' ' + identifier);
+}
+
+/// Deletes the secrets of `keys` one after the other, until one fails.
+void forgetAll(QStringList keys, const DirectConnectionPairings::ForgottenHandler &handler) {
+    if (keys.isEmpty()) {
+        handler({});
+        return;
+    }
+    const QByteArray key = keys.takeFirst().toUtf8();
+    Keychain::shared().removeFirstLater(KeychainService.toUtf8(), key,
+                                        [keys, handler](const Expected<bool> &isRemoved) {
+                                            if (isRemoved) {
+                                                forgetAll(keys, handler);
+                                            } else {
+                                                handler(failure(isRemoved.error()));
+                                            }
+                                        });
+}
+
 }  // namespace
 
 DirectConnectionPairings::DirectConnectionPairings(const ProfileDatabase &profile)
@@ -62,7 +83,7 @@ Expected<void> DirectConnectionPairings::forget(const QString &identifier) {
     const std::lock_guard lock(m_mutex);
     const QStringList keys = m_fingerprints.keys();
     for (const QString &key : keys) {
-        if (!key.endsWith(u' ' + identifier)) {
+        if (!isOfLocation(key, identifier)) {
             continue;
         }
         if (Expected<void> removed = m_profile->run(
@@ -71,9 +92,21 @@ Expected<void> DirectConnectionPairings::forget(const QString &identifier) {
             return removed;
         }
         m_fingerprints.remove(key);
-        Keychain::shared().removeFirstLater(KeychainService.toUtf8(), key.toUtf8(), [](bool) {});
     }
     return {};
+}
+
+void DirectConnectionPairings::forgetSecrets(const QString &identifier,
+                                             const ForgottenHandler &handler) {
+    Keychain::shared().findAccounts(
+        KeychainService, [identifier, handler](Expected<QStringList> keys) {
+            if (!keys) {
+                handler(failure(keys.error()));
+                return;
+            }
+            keys->removeIf([&](const QString &key) { return !isOfLocation(key, identifier); });
+            forgetAll(*keys, handler);
+        });
 }
 
 void DirectConnectionPairings::save(const QString &key, const QByteArray &fingerprint) const {

@@ -3,6 +3,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QHash>
 #include <QtCore/QString>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -39,9 +40,14 @@ public:
     /// Stores a pairing, replacing that of the same key. Effective at once for this run; written to
     /// the keychain and the profile asynchronously. A failure to write the profile is logged.
     void keep(const QString &key, const QByteArray &fingerprint, const QByteArray &secret);
-    /// Forgets the pairings of the location `identifier`, at which their keys end. The keychain is
-    /// changed asynchronously. Must be called on the main thread before close().
+    /// Forgets the fingerprints of the location `identifier`, at which their keys end. Must be
+    /// called on the main thread before close().
     Expected<void> forget(const QString &identifier);
+    using ForgottenHandler = std::function<void(const Expected<void> &forgotten)>;
+    /// Deletes the secrets of the location `identifier` from the keychain, also those whose
+    /// fingerprints are forgotten. Returns at once; `handler` is called later on the main thread,
+    /// with an error unless all are deleted or there are none.
+    static void forgetSecrets(const QString &identifier, const ForgottenHandler &handler);
 
 private:
     /// Writes a fingerprint to the profile, unless this is closed.

@@ -5,7 +5,9 @@
 #include <algorithm>
 
 #include "Application/Interface/QuestionPresenter.h"
+#include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
+#include "Engine/Foundation/EngineError.h"
 #include "Engine/Locations/EngineLocationsController.h"
 #include "Engine/Plugin/EngineContext.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -31,6 +33,11 @@ QString dropboxAccount(const Url &URL) {
 
 std::optional<UrlProtectionSpace> serverOf(const Url &URL) {
     return UrlProtectionSpace::ofURL(URL, {});
+}
+
+QString nameOf(const Url &URL) {
+    const QString account = dropboxAccount(URL);
+    return account.isEmpty() ? URL.host() : account;
 }
 
 void reportIfFailed(const Expected<void> &result) {
@@ -76,6 +83,8 @@ void RemovedLocations::forget(const QString &identifier) {
         forgetPassword(identifier, URL);
     } else if (!dropboxAccount(URL).isEmpty()) {
         forgetTokens(identifier, URL);
+    } else if (URL.scheme() == DirectConnection::URLScheme) {
+        DirectConnectionPairings::forgetSecrets(identifier, finisher(identifier, URL));
     } else {
         finish(identifier);
     }
@@ -98,11 +107,11 @@ Expected<void> RemovedLocations::forgetInProfile(const QString &identifier) cons
 }
 
 void RemovedLocations::forgetTokens(const QString &identifier, const Url &URL) {
-    const QString account = dropboxAccount(URL);
-    if (!isCredentialNeeded(URL)) {
-        DropboxTokens::forget(account);
+    if (isCredentialNeeded(URL)) {
+        finish(identifier);
+    } else {
+        DropboxTokens::forget(dropboxAccount(URL), finisher(identifier, URL));
     }
-    finish(identifier);
 }
 
 void RemovedLocations::forgetPassword(const QString &identifier, const Url &URL) {
@@ -112,13 +121,13 @@ void RemovedLocations::forgetPassword(const QString &identifier, const Url &URL)
     }
     UrlCredentialStorage::shared().findUsersForURL(
         URL, [self = QPointer(this), identifier, URL](const Expected<QStringList> &users) {
-            if (!self || !users) {
+            if (!self) {
                 return;
             }
-            if (users->contains(URL.user())) {
+            if (users && users->contains(URL.user())) {
                 self->askToForgetPassword(identifier, URL);
             } else {
-                self->finish(identifier);
+                self->finisher(identifier, URL)(users.map([](const QStringList &) {}));
             }
         });
 }
@@ -138,10 +147,30 @@ void RemovedLocations::askToForgetPassword(const QString &identifier, const Url 
             }
             // The user may have added such a location meanwhile.
             if (isAccepted && !self->isCredentialNeeded(URL)) {
-                UrlCredentialStorage::shared().removeCredentialForURL(URL);
+                UrlCredentialStorage::shared().removeCredentialForURL(
+                    URL, self->finisher(identifier, URL));
+            } else {
+                self->finish(identifier);
             }
-            self->finish(identifier);
         });
+}
+
+std::function<void(const Expected<void> &)> RemovedLocations::finisher(const QString &identifier,
+                                                                       const Url &URL) {
+    return [self = QPointer(this), identifier, URL](const Expected<void> &forgotten) {
+        if (!self) {
+            return;
+        }
+        if (forgotten) {
+            self->finish(identifier);
+            return;
+        }
+        reportIfFailed(failure(engineError(
+            EngineErrorCode::AccessDenied,
+            localizedSyncString("The keyring still contains what belongs to the removed location "
+                                "“%1”. Velmora deletes it when it starts again. (%2)")
+                .arg(nameOf(URL), forgotten.error().localizedFailureReason))));
+    };
 }
 
 void RemovedLocations::finish(const QString &identifier) const {

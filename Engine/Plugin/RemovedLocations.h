@@ -2,6 +2,7 @@
 
 #include <QtCore/QObject>
 #include <chrono>
+#include <functional>
 
 #include "Platform/Foundation/Expected.h"
 
@@ -15,8 +16,9 @@ class Url;
 /// password of a WebDAV server. What another location needs is never forgotten, nor what belongs to
 /// a location that is in the list again.
 ///
-/// The profile records the locations whose removal was saved, so that what could not be forgotten
-/// in one run is forgotten at the start of a later one. Must be used on the main thread.
+/// The profile records the locations whose removal was saved, until all of that is deleted or was
+/// not there. What could not be forgotten in one run is logged, and forgotten at the start of a
+/// later one. Must be used on the main thread.
 class RemovedLocations : public QObject {
     Q_OBJECT
 public:
@@ -42,6 +44,10 @@ private:
     void forgetPassword(const QString &identifier, const Url &URL);
     void askToForgetPassword(const QString &identifier, const Url &URL);
     void forgetTokens(const QString &identifier, const Url &URL);
+    /// Returns a function that receives whether the secrets of the removed location are forgotten:
+    /// it finishes, or reports the failure and keeps the record of the removal.
+    std::function<void(const Expected<void> &forgotten)> finisher(const QString &identifier,
+                                                                  const Url &URL);
     /// Removes the record of the removal: nothing is left to forget.
     void finish(const QString &identifier) const;
     /// Returns whether a location of the list uses the credential of `URL`.

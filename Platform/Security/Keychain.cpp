@@ -66,6 +66,6 @@ bool Keychain::removeFirst(const QByteArray &service, const QByteArray &account)
 }
 
 void Keychain::removeFirstLater(const QByteArray &service, const QByteArray &account,
-                                const std::function<void(bool)> &handler) {
+                                const RemovalHandler &handler) {
     m_store.removeFirstLater(itemAttributes(service, account), handler);
 }

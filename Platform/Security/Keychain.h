@@ -45,10 +45,13 @@ public:
     /// two remain. Blocks until that is done or the timeout expires. Returns false if there is no
     /// such item, if it cannot be deleted in time, or if the bytes are not valid UTF-8.
     bool removeFirst(const QByteArray &service, const QByteArray &account);
-    /// Does the same without waiting. Returns at once; `handler` is called as that of
-    /// findAccounts().
+    /// Receives whether an item was deleted: false if there is none. An error if that is not known
+    /// or the item could not be deleted.
+    using RemovalHandler = std::function<void(const Expected<bool> &isRemoved)>;
+    /// Deletes the same item without waiting. Returns at once; `handler` is called as that of
+    /// findAccounts(). For bytes that are not valid UTF-8 there is no item.
     void removeFirstLater(const QByteArray &service, const QByteArray &account,
-                          const std::function<void(bool isRemoved)> &handler);
+                          const RemovalHandler &handler);
 
 private:
     SecretStore &m_store;

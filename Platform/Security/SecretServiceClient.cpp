@@ -133,6 +133,28 @@ std::vector<std::shared_ptr<SecretItem>> adoptItems(GList *list) {
     return items;
 }
 
+/// Returns why a request failed for which the user may be prompted. A dismissed prompt cancels the
+/// request, which is something else than the cancellation by this program.
+Failure failureOfPrompt(const CallError &error, GCancellable *cancellable) {
+    const bool isDeclined = !error || (error.failure() == Failure::Cancelled &&
+                                       !g_cancellable_is_cancelled(cancellable));
+    return isDeclined ? Failure::Locked : error.failure();
+}
+
+void deleteItem(const ServicePointer &service, const std::shared_ptr<SecretItem> &item,
+                const std::shared_ptr<GCancellable> &cancellable,
+                const std::function<void(const tl::expected<bool, Failure> &)> &handler) {
+    const auto deleted = [service, item, cancellable, handler](GAsyncResult *result) {
+        CallError error;
+        if (secret_item_delete_finish(item.get(), result, error.out())) {
+            handler(true);
+        } else {
+            handler(tl::unexpected(failureOfPrompt(error, cancellable.get())));
+        }
+    };
+    secret_item_delete(item.get(), cancellable.get(), &callReady, readyData(deleted));
+}
+
 int searchFlags(SecretServiceClient::Access access) {
     switch (access) {
         case SecretServiceClient::Access::Attributes:
@@ -211,9 +233,7 @@ void SecretServiceClient::store(const StoredSecret &item,
                 handler(std::nullopt);
                 return;
             }
-            const bool isDeclined = error.failure() == Failure::Cancelled &&
-                                    !g_cancellable_is_cancelled(m_cancellable.get());
-            handler(isDeclined ? Failure::Locked : error.failure());
+            handler(failureOfPrompt(error, m_cancellable.get()));
         };
         const std::unique_ptr<SecretValue, decltype(&secret_value_unref)> value(
             secret_value_new(item.secret.view().data(), item.secret.view().size(), "text/plain"),
@@ -225,26 +245,28 @@ void SecretServiceClient::store(const StoredSecret &item,
     open(m_cancellable, opened);
 }
 
-void SecretServiceClient::removeFirst(const SecretAttributes &attributes,
-                                      const std::function<void(bool)> &handler) {
+void SecretServiceClient::removeFirst(
+    const SecretAttributes &attributes,
+    const std::function<void(const tl::expected<bool, Failure> &)> &handler) {
     const auto opened = [cancellable = m_cancellable, attributes, handler](
                             const ServicePointer &service, std::optional<Failure> failure) {
         if (failure) {
-            handler(false);
+            handler(tl::unexpected(*failure));
             return;
         }
         const auto found = [service, cancellable, handler](GAsyncResult *result) {
+            CallError error;
             const auto items =
-                adoptItems(secret_service_search_finish(service.get(), result, nullptr));
-            if (items.empty() || secret_item_get_locked(items.front().get())) {
+                adoptItems(secret_service_search_finish(service.get(), result, error.out()));
+            if (error) {
+                handler(tl::unexpected(failureOfPrompt(error, cancellable.get())));
+            } else if (items.empty()) {
                 handler(false);
-                return;
+            } else if (secret_item_get_locked(items.front().get())) {
+                handler(tl::unexpected(Failure::Locked));
+            } else {
+                deleteItem(service, items.front(), cancellable, handler);
             }
-            const auto deleted = [service, item = items.front(), handler](GAsyncResult *deletion) {
-                handler(secret_item_delete_finish(item.get(), deletion, nullptr));
-            };
-            secret_item_delete(items.front().get(), cancellable.get(), &callReady,
-                               readyData(deleted));
         };
         secret_service_search(service.get(), nullptr, hashTable(attributes).get(),
                               SECRET_SEARCH_UNLOCK, cancellable.get(), &callReady,

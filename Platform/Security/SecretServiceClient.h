@@ -56,10 +56,10 @@ public:
     /// Stores `item` in the default collection, replacing the item with the same attributes.
     void store(const StoredSecret &item,
                const std::function<void(std::optional<Failure>)> &handler);
-    /// Deletes the first item that has all of `attributes`; `isRemoved` is false if there is none
-    /// or it cannot be deleted.
+    /// Deletes the first item that has all of `attributes`. The user is asked to unlock it. The
+    /// handler receives whether an item was deleted: false if there is none.
     void removeFirst(const SecretAttributes &attributes,
-                     const std::function<void(bool isRemoved)> &handler);
+                     const std::function<void(const tl::expected<bool, Failure> &)> &handler);
     /// Cancels the requests that are running, as soon as the service allows it, and all later
     /// requests immediately.
     void cancel();

@@ -94,6 +94,16 @@ Error errorOfWriting(Failure failure) {
             .localizedFailureReason = reasonOf(failure)};
 }
 
+Error errorOfRemoving(Failure failure) {
+    return {.domain = ErrorDomain,
+            .code = static_cast<int>(failure),
+            .localizedDescription =
+                localizedString(PlatformTable,
+                                "A saved password or permission could not be deleted. "
+                                "Unlock the keyring and try again."),
+            .localizedFailureReason = reasonOf(failure)};
+}
+
 }  // namespace
 
 /// Callers and the worker thread share their data under one mutex. Every change wakes all waiting
@@ -107,9 +117,9 @@ public:
     void findLater(const SecretAttributes &attributes, bool wantsSecrets, const Handler &handler);
     void set(const StoredSecret &item);
     bool removeFirst(const SecretAttributes &attributes);
-    void removeFirstLater(const SecretAttributes &attributes,
-                          const std::function<void(bool)> &handler);
+    void removeFirstLater(const SecretAttributes &attributes, const RemovalHandler &handler);
     std::optional<Error> error() const;
+    std::optional<Error> removalError() const;
     bool finishWriting();
     void stop();
 
@@ -128,9 +138,9 @@ private:
         bool isAwaited = true;
     };
     struct Removal {
-        std::optional<bool> answer = {};
+        std::optional<Expected<bool>> answer = {};
         bool isAwaited = true;
-        std::function<void(bool)> handler = {};
+        RemovalHandler handler = {};
     };
 
     QList<StoredSecret> remembered(const SecretAttributes &attributes) const;
@@ -146,6 +156,8 @@ private:
                 const std::shared_ptr<Removal> &removal, const Done &done);
     /// Keeps entries that were set after `job`.
     bool forgetFirst(const SecretAttributes &attributes, quint64 job);
+    /// Returns the result of a removal from the service and from memory.
+    Expected<bool> removed(const tl::expected<bool, Failure> &fromService, bool isForgotten);
     void fail(Failure failure);
 
     const std::chrono::milliseconds m_patience;
@@ -162,6 +174,7 @@ private:
     bool m_mayUnlockToFind = true;
     bool m_isStopped = false;
     std::optional<Error> m_error;
+    std::optional<Error> m_removalError;
     SecretServiceClient m_client;
     GLibThread m_thread;
 };
@@ -352,13 +365,13 @@ bool SecretStore::Implementation::removeFirst(const SecretAttributes &attributes
     });
     m_changed.wait_for(lock, m_patience, [&] { return removal->answer.has_value(); });
     removal->isAwaited = false;
-    return removal->answer.value_or(false);
+    return removal->answer.has_value() && removal->answer->value_or(false);
 }
 
 void SecretStore::Implementation::removeFirstLater(const SecretAttributes &attributes,
-                                                   const std::function<void(bool)> &handler) {
+                                                   const RemovalHandler &handler) {
     const Lock lock(m_mutex);
-    const auto deliver = [handler](bool isRemoved) {
+    const auto deliver = [handler](const Expected<bool> &isRemoved) {
         MainQueue::dispatchAsync([handler, isRemoved] { handler(isRemoved); });
     };
     if (m_isStopped || !canBeSent(attributes)) {
@@ -383,17 +396,34 @@ void SecretStore::Implementation::remove(const SecretAttributes &attributes, qui
         done();
         return;
     }
-    m_client.removeFirst(attributes, [this, attributes, job, removal, done](bool isRemoved) {
+    m_client.removeFirst(attributes, [this, attributes, job, removal,
+                                      done](const tl::expected<bool, Failure> &fromService) {
         {
             const Lock lock(m_mutex);
-            const bool isForgotten = forgetFirst(attributes, job);
-            removal->answer = isRemoved || isForgotten;
+            removal->answer = removed(fromService, forgetFirst(attributes, job));
             if (removal->handler && !m_isStopped) {
                 removal->handler(*removal->answer);
             }
         }
         done();
     });
+}
+
+Expected<bool> SecretStore::Implementation::removed(const tl::expected<bool, Failure> &fromService,
+                                                    bool isForgotten) {
+    if (fromService) {
+        return *fromService || isForgotten;
+    }
+    if (fromService.error() == Failure::NoService) {
+        return isForgotten ? Expected<bool>(true) : failure(errorOfRemoving(Failure::NoService));
+    }
+    m_removalError = errorOfRemoving(fromService.error());
+    if (!m_isStopped && QCoreApplication::instance()) {
+        MainQueue::dispatchAsync([] {
+            NotificationCenter::defaultCenter().post(SecretNotRemovedNotification, nullptr);
+        });
+    }
+    return failure(*m_removalError);
 }
 
 bool SecretStore::Implementation::forgetFirst(const SecretAttributes &attributes, quint64 job) {
@@ -410,6 +440,11 @@ bool SecretStore::Implementation::forgetFirst(const SecretAttributes &attributes
 std::optional<Error> SecretStore::Implementation::error() const {
     const Lock lock(m_mutex);
     return m_error;
+}
+
+std::optional<Error> SecretStore::Implementation::removalError() const {
+    const Lock lock(m_mutex);
+    return m_removalError;
 }
 
 bool SecretStore::Implementation::finishWriting() {
@@ -478,7 +513,7 @@ bool SecretStore::removeFirst(const SecretAttributes &attributes) {
 }
 
 void SecretStore::removeFirstLater(const SecretAttributes &attributes,
-                                   const std::function<void(bool)> &handler) {
+                                   const RemovalHandler &handler) {
     m_implementation->removeFirstLater(attributes, handler);
 }
 
@@ -488,6 +523,10 @@ bool SecretStore::isServiceMissing(const Error &error) {
 
 std::optional<Error> SecretStore::error() const {
     return m_implementation->error();
+}
+
+std::optional<Error> SecretStore::removalError() const {
+    return m_implementation->removalError();
 }
 
 bool SecretStore::finishWriting() {

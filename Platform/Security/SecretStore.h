@@ -19,6 +19,11 @@
 /// store's error() returns the reason.
 inline const QString SecretsNotKeptNotification = QStringLiteral("SecretsNotKeptNotification");
 
+/// Posted to the default notification center on the main thread each time that the service could
+/// not delete a secret. It has no object; the store's removalError() returns the reason. Not posted
+/// if there is no service.
+inline const QString SecretNotRemovedNotification = QStringLiteral("SecretNotRemovedNotification");
+
 /// The attributes by which an item is found: names and values in UTF-8. They are not secret.
 using SecretAttributes = std::map<QByteArray, QByteArray>;
 
@@ -81,10 +86,12 @@ public:
     /// Deletes the first item that has all of `attributes`. Blocks for at most the store's timeout.
     /// Returns whether an item was deleted.
     bool removeFirst(const SecretAttributes &attributes);
-    /// Does the same, but returns at once and waits for the service as long as it takes. `handler`
-    /// is called as that of findLater().
-    void removeFirstLater(const SecretAttributes &attributes,
-                          const std::function<void(bool isRemoved)> &handler);
+    /// Receives whether an item was deleted: false if there is none, which the service has
+    /// confirmed. An error if that is not known or the item could not be deleted.
+    using RemovalHandler = std::function<void(const Expected<bool> &isRemoved)>;
+    /// Deletes the first item that has all of `attributes`. Returns at once and waits for the
+    /// service as long as it takes. `handler` is called as that of findLater().
+    void removeFirstLater(const SecretAttributes &attributes, const RemovalHandler &handler);
 
     /// Returns whether `error`, which a lookup has returned, means that no password service is
     /// running on this computer.
@@ -93,6 +100,9 @@ public:
     /// Returns why secrets cannot be stored permanently, as a message for the user; empty while
     /// they can.
     std::optional<Error> error() const;
+    /// Returns why the last secret could not be deleted, as a message for the user; empty if that
+    /// has not happened.
+    std::optional<Error> removalError() const;
     /// Blocks until all pending writes have completed, or for the store's timeout. Returns whether
     /// all permanent secrets were stored.
     bool finishWriting();

@@ -212,13 +212,29 @@ void UrlCredentialStorage::findUsersForURL(const Url &URL, const UsersHandler &h
         });
 }
 
-void UrlCredentialStorage::removeCredentialForURL(const Url &URL) {
-    for (const QString &method :
-         {UrlAuthenticationMethodHttpBasic, UrlAuthenticationMethodHttpDigest}) {
-        if (const auto space = UrlProtectionSpace::ofURL(URL, method)) {
-            SecretAttributes attributes = credentialAttributes(*space);
-            attributes.emplace(UserAttribute, URL.user().toUtf8());
-            m_store.removeFirstLater(attributes, [](bool) {});
-        }
+void UrlCredentialStorage::removeCredentialForURL(const Url &URL, const RemovalHandler &handler) {
+    const auto basic = UrlProtectionSpace::ofURL(URL, UrlAuthenticationMethodHttpBasic);
+    const auto digest = UrlProtectionSpace::ofURL(URL, UrlAuthenticationMethodHttpDigest);
+    if (!basic || !digest) {
+        MainQueue::dispatchAsync([handler] { handler({}); });
+        return;
     }
+    const auto attributes = [user = URL.user().toUtf8()](const UrlProtectionSpace &space) {
+        SecretAttributes result = credentialAttributes(space);
+        result.emplace(UserAttribute, user);
+        return result;
+    };
+    const auto removeDigest = [&store = m_store, handler, wanted = attributes(*digest)] {
+        store.removeFirstLater(wanted, [handler](const Expected<bool> &isRemoved) {
+            handler(isRemoved.map([](bool) {}));
+        });
+    };
+    m_store.removeFirstLater(attributes(*basic),
+                             [handler, removeDigest](const Expected<bool> &isRemoved) {
+                                 if (isRemoved) {
+                                     removeDigest();
+                                 } else {
+                                     handler(failure(isRemoved.error()));
+                                 }
+                             });
 }

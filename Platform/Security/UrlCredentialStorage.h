@@ -68,9 +68,11 @@ public:
     /// a password or asking the user to unlock anything. Returns at once; see
     /// SecretStore::findLater for when `handler` is called.
     void findUsersForURL(const Url &URL, const UsersHandler &handler) const;
-    /// Deletes the credentials of the URL's user for Basic and Digest at its server. Returns at
-    /// once; a failure is ignored.
-    void removeCredentialForURL(const Url &URL);
+    /// Receives an error unless the credentials are deleted.
+    using RemovalHandler = std::function<void(const Expected<void> &removed)>;
+    /// Deletes the credentials of the URL's user for Basic and Digest at its server; succeeds if
+    /// there are none. Returns at once; see SecretStore::findLater for when `handler` is called.
+    void removeCredentialForURL(const Url &URL, const RemovalHandler &handler);
 
 private:
     SecretStore &m_store;

@@ -1376,6 +1376,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Datensatz „%1“ hat sich beim Lesen geändert. Synchronisieren Sie erneut.</translation>
     </message>
     <message>
+        <source>The keyring still contains what belongs to the removed location “%1”. Velmora deletes it when it starts again. (%2)</source>
+        <translation>Der Schlüsselbund enthält noch, was zum entfernten Ort „%1“ gehört. Velmora löscht es beim nächsten Start. (%2)</translation>
+    </message>
+    <message>
         <source>direct connections</source>
         <translation>Direktverbindungen</translation>
     </message>
@@ -1397,6 +1401,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>The saved password could not be read.</source>
         <translation>Das gespeicherte Passwort konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>A saved password or permission could not be deleted. Unlock the keyring and try again.</source>
+        <translation>Ein gespeichertes Passwort oder eine Berechtigung konnte nicht gelöscht werden. Entsperren Sie den Schlüsselbund und versuchen Sie es erneut.</translation>
     </message>
     <message>
         <source>The keyring is locked.</source>

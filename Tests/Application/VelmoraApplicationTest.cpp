@@ -4,8 +4,10 @@
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMessageBox>
 
+#include "Platform/Security/Keychain.h"
 #include "Platform/Security/SecretStore.h"
 #include "Platform/Security/UrlCredentialStorage.h"
+#include "Support/SecretService.h"
 #include "Support/ShownName.h"
 #include "Support/TestMain.h"
 
@@ -59,6 +61,23 @@ private Q_SLOTS:
         // Qt quits when the last window without one of these is closed.
         QCOMPARE(messageBoxes().first()->windowHandle()->transientParent(), window.windowHandle());
         messageBoxes().first()->close();
+        QTRY_VERIFY(messageBoxes().isEmpty());
+    }
+
+    void theUserIsNotifiedThatASecretCannotBeDeleted() {
+        SecretService service;
+        Keychain keychain(SecretStore::shared());
+        keychain.setPassword(QStringLiteral("service"), QStringLiteral("Kim"),
+                             QByteArray("secret"));
+        QTRY_COMPARE(service.count({{QStringLiteral("account"), QStringLiteral("Kim")}}), 1);
+        service.lock();
+        keychain.removeFirstLater("service", "Kim", [](const auto &) {});
+        QTRY_COMPARE(messageBoxes().size(), 1);
+        QMessageBox *box = messageBoxes().first();
+        QVERIFY(box->text().startsWith(QStringLiteral("A saved password or permission")));
+        QCOMPARE(box->informativeText(), QStringLiteral("The keyring is locked."));
+        box->close();
+        QTRY_VERIFY(messageBoxes().isEmpty());
     }
 
     void namesInErrorsAndQuestionsAreShownAsTheyAre() {

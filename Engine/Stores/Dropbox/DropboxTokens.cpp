@@ -76,8 +76,11 @@ void DropboxTokens::store(const QString &account) const {
     SecretBytes::wipe(text);
 }
 
-void DropboxTokens::forget(const QString &account) {
-    Keychain::shared().removeFirstLater(TokensService.toUtf8(), account.toUtf8(), [](bool) {});
+void DropboxTokens::forget(const QString &account,
+                           const std::function<void(const Expected<void> &)> &handler) {
+    Keychain::shared().removeFirstLater(
+        TokensService.toUtf8(), account.toUtf8(),
+        [handler](const Expected<bool> &isRemoved) { handler(isRemoved.map([](bool) {})); });
 }
 
 SecretBytes DropboxTokens::authorization() const {

@@ -2,6 +2,7 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDateTime>
+#include <functional>
 #include <optional>
 
 #include "Platform/Foundation/Expected.h"
@@ -29,9 +30,10 @@ struct DropboxTokens {
     /// Stores the tokens, replacing those of the account. Returns at once. Thread-safe.
     void store(const QString &account) const;
 
-    /// Deletes the stored tokens of the account. Returns at once. Must be called on the main
-    /// thread.
-    static void forget(const QString &account);
+    /// Deletes the stored tokens of the account. Returns at once; `handler` is called later on the
+    /// main thread, with an error unless the tokens are deleted or there are none.
+    static void forget(const QString &account,
+                       const std::function<void(const Expected<void> &forgotten)> &handler);
 
     /// Returns the value of the header field "Authorization" (RFC 6750, section 2.1).
     SecretBytes authorization() const;

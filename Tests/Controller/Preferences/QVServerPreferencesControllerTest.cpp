@@ -57,7 +57,8 @@ class QVServerPreferencesControllerTest : public QObject {
         m_controller->removeAuthorizedClientsObject(client);
         // The keychain does one thing after the other.
         bool isAnswered = false;
-        Keychain::shared().removeFirstLater("none", "none", [&](bool) { isAnswered = true; });
+        Keychain::shared().removeFirstLater("none", "none",
+                                            [&](const auto &) { isAnswered = true; });
         QTRY_VERIFY(isAnswered);
     }
     template <class Widget>

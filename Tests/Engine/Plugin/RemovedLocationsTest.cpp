@@ -161,6 +161,49 @@ private Q_SLOTS:
         QCOMPARE(countOfRemovals(), 0);
     }
 
+    void whatALockedKeyringKeepsIsReportedAndForgottenAtALaterStart_data() {
+        QTest::addColumn<QString>("URL");
+        QTest::newRow("password") << WebDAVAddress;
+        QTest::newRow("tokens") << QStringLiteral("dropbox://") + Account;
+        QTest::newRow("pairing") << QStringLiteral("velmora://desk:8442");
+    }
+
+    void whatALockedKeyringKeepsIsReportedAndForgottenAtALaterStart() {
+        QFETCH(QString, URL);
+        storePassword();
+        DropboxTokens{.access = QByteArray("token")}.store(Account);
+        add(URL);
+        const QString identifier = value(QStringLiteral("SELECT uuid FROM locations")).toString();
+        m_host->engine().plugin().context().pairings->keep(URL + u' ' + identifier, "fingerprint",
+                                                           "secret");
+        QVERIFY(SecretStore::shared().finishWriting());
+        const auto countOfAll = [this] { return m_secrets->count({}); };
+        const qsizetype before = countOfAll();
+        m_host->application().answerQuestions(true);
+        m_secrets->lock();
+        removeFirst();
+        QTRY_COMPARE(m_host->application().logEntries().size(), 1);
+        QVERIFY(m_host->application().logEntries().first().info.contains(
+            QStringLiteral("The keyring is locked.")));
+        QCOMPARE(countOfRemovals(), 1);
+        QCOMPARE(countOfAll(), before);
+
+        m_secrets->stopKeyring();
+        m_secrets->startKeyring();
+        m_host->restart();
+        QTRY_COMPARE(countOfRemovals(), 0);
+        QVERIFY(countOfAll() < before);
+        QCOMPARE(m_host->application().logEntries().size(), 1);
+    }
+
+    void withoutAServiceTheRecordOfTheRemovalIsKept() {
+        add(WebDAVAddress);
+        m_secrets->stopKeyring();
+        removeFirst();
+        QTRY_COMPARE(m_host->application().logEntries().size(), 1);
+        QCOMPARE(countOfRemovals(), 1);
+    }
+
     void aLocationThatIsAddedAgainLosesNothing() {
         storePassword();
         add(WebDAVAddress);

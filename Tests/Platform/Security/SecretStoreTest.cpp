@@ -19,6 +19,7 @@ class SecretStoreTest : public QObject {
 
     std::unique_ptr<SecretService> m_service;
     int m_tellings = 0;
+    int m_removalTellings = 0;
 
     static StoredSecret item(const QByteArray &name, const QByteArray &secret,
                              SecretKeeping keeping = SecretKeeping::ForGood) {
@@ -72,11 +73,15 @@ private Q_SLOTS:
                 QCOMPARE(notification.object, nullptr);
                 ++m_tellings;
             });
+        NotificationCenter::defaultCenter().addObserver(
+            this, SecretNotRemovedNotification,
+            [this](const Notification & /*notification*/) { ++m_removalTellings; });
     }
 
     void init() {
         m_service = std::make_unique<SecretService>();
         m_tellings = 0;
+        m_removalTellings = 0;
     }
 
     void cleanup() { m_service.reset(); }
@@ -187,7 +192,9 @@ private Q_SLOTS:
         keep("name", "secret");
         SecretStore store;
         QList<bool> answers;
-        const auto remember = [&](bool isRemoved) { answers.append(isRemoved); };
+        const auto remember = [&](const Expected<bool> &isRemoved) {
+            answers.append(isRemoved.value());
+        };
         store.removeFirstLater(item("name", {}).attributes, remember);
         store.removeFirstLater(item("name", {}).attributes, remember);
         QVERIFY(answers.isEmpty());
@@ -398,6 +405,41 @@ private Q_SLOTS:
         QCOMPARE(prompting.countOfPrompts(), 1);
         QVERIFY(!store.removeFirst(item("locked", {}).attributes));
         QCOMPARE(prompting.countOfPrompts(), 2);
+    }
+
+    void aRemovalThatTheUserDeclinesIsAnErrorAndTold() {
+        m_service->stopKeyring();
+        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        SecretStore store;
+        QList<Expected<bool>> answers;
+        const auto remember = [&](const Expected<bool> &isRemoved) { answers.append(isRemoved); };
+        store.removeFirstLater(item("open", {}).attributes, remember);
+        store.removeFirstLater(item("locked", {}).attributes, remember);
+        QTRY_COMPARE(answers.size(), 2);
+        for (const Expected<bool> &answer : answers) {
+            QVERIFY(!answer);
+            QCOMPARE(answer.error().localizedFailureReason,
+                     QStringLiteral("The keyring is locked."));
+            QCOMPARE(store.removalError(), answer.error());
+        }
+        QTRY_COMPARE(m_removalTellings, 2);
+    }
+
+    void aRemovalWithoutAServiceIsAnErrorUnlessTheSecretIsInMemory() {
+        m_service->stopKeyring();
+        SecretStore store;
+        store.set(item("name", "secret"));
+        QVERIFY(!store.finishWriting());
+        QList<Expected<bool>> answers;
+        const auto remember = [&](const Expected<bool> &isRemoved) { answers.append(isRemoved); };
+        store.removeFirstLater(item("name", {}).attributes, remember);
+        store.removeFirstLater(item("name", {}).attributes, remember);
+        QTRY_COMPARE(answers.size(), 2);
+        QCOMPARE(answers.first(), Expected<bool>(true));
+        QVERIFY(!answers.last());
+        QVERIFY(SecretStore::isServiceMissing(answers.last().error()));
+        QVERIFY(!store.removalError());
+        QCOMPARE(m_removalTellings, 0);
     }
 
     void aServiceThatCrashesDuringAPromptIsDetected() {
