@@ -23,7 +23,7 @@ DirectConnectionListener::DirectConnectionListener(const DirectConnectionIdentit
                                                    const MainThread &mainThread)
     : m_server{configurationFor(identity), package, limits},
       m_mainThread(mainThread),
-      m_nextPause(limits.pauseAfterRefusal) {}
+      m_questionLimit({limits.pauseAfterRefusal, limits.longestPause}) {}
 
 DirectConnectionListener::~DirectConnectionListener() = default;
 
@@ -62,7 +62,7 @@ bool DirectConnectionListener::makeRoom() {
 void DirectConnectionListener::remove(quint64 number) {
     if (m_askedFor == number) {
         m_askedFor.reset();
-        pause();
+        m_questionLimit.close(false);
         m_mainThread.withdrawQuestion();
     }
     std::erase_if(m_connections, [&](const Connection &one) { return one.number == number; });
@@ -75,7 +75,7 @@ DirectConnectionSession *DirectConnectionListener::sessionOf(quint64 number) con
 }
 
 bool DirectConnectionListener::ask(quint64 session, const DirectConnectionPairing &client) {
-    if (m_askedFor || !m_pause.hasExpired()) {
+    if (!m_questionLimit.open()) {
         return false;
     }
     m_askedFor = session;
@@ -92,19 +92,10 @@ void DirectConnectionListener::carryOut(quint64 number, bool isAccepted) {
         return;
     }
     m_askedFor.reset();
-    if (isAccepted) {
-        m_nextPause = m_server.limits.pauseAfterRefusal;
-    } else {
-        pause();
-    }
+    m_questionLimit.close(isAccepted);
     if (DirectConnectionSession *session = sessionOf(number)) {
         session->decide(isAccepted);
     }
-}
-
-void DirectConnectionListener::pause() {
-    m_pause = QDeadlineTimer(m_nextPause);
-    m_nextPause = std::min(2 * m_nextPause, m_server.limits.longestPause);
 }
 
 void DirectConnectionListener::proceed(quint64 number) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QtCore/QDeadlineTimer>
 #include <QtNetwork/QSslConfiguration>
 #include <QtNetwork/QTcpServer>
 #include <functional>
@@ -9,6 +8,7 @@
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/DirectConnectionSession.h"
+#include "Engine/Foundation/QuestionLimit.h"
 #include "Platform/Foundation/CallQueue.h"
 
 /// Accepts direct connections on its own thread, so that a flood of connections does not block the
@@ -65,9 +65,6 @@ private:
     void remove(quint64 number);
     /// Carries out the user's decision.
     void carryOut(quint64 session, bool isAccepted);
-    /// Called when the user has not allowed a client to connect: asks no other question for a
-    /// while, twice as long each time until a client is allowed.
-    void pause();
     /// Returns null if the session has ended.
     DirectConnectionSession *sessionOf(quint64 number) const;
 
@@ -78,9 +75,7 @@ private:
     quint64 m_lastNumber = 0;
     /// The session for which the user is being asked.
     std::optional<quint64> m_askedFor;
-    /// Until it expires, the user is not asked.
-    QDeadlineTimer m_pause{0};
-    std::chrono::milliseconds m_nextPause;
+    QuestionLimit m_questionLimit;
     /// The calls from other threads. A child, which moves along to the listener's thread.
     CallQueue m_calls{this};
 };

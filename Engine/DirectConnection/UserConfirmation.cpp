@@ -1,6 +1,7 @@
 #include "Engine/DirectConnection/UserConfirmation.h"
 
 #include <optional>
+#include <utility>
 
 #include "Engine/Foundation/CancellableWait.h"
 #include "Platform/Foundation/MainQueue.h"
@@ -15,6 +16,8 @@ struct UserConfirmation::State {
     std::mutex mutex;
     std::condition_variable_any answered;
     std::optional<bool> answer;
+    /// Closes the question; empty unless it is open. Used on the main thread only.
+    QuestionPresenter::Withdrawal withdraw;
 };
 
 UserConfirmation::UserConfirmation(const Question &question) : m_state(std::make_shared<State>()) {
@@ -24,9 +27,20 @@ UserConfirmation::UserConfirmation(const Question &question) : m_state(std::make
             return;
         }
         if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
-            presenter->ask(question, [state](bool isAccepted) { state->set(isAccepted); });
+            state->withdraw = presenter->ask(question, [state](bool isAccepted) {
+                state->withdraw = nullptr;
+                state->set(isAccepted);
+            });
         } else {
             state->set(false);
+        }
+    });
+}
+
+UserConfirmation::~UserConfirmation() {
+    MainQueue::dispatchAsync([state = m_state] {
+        if (const auto withdraw = std::exchange(state->withdraw, nullptr)) {
+            withdraw();
         }
     });
 }

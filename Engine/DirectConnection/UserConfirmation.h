@@ -9,9 +9,12 @@
 /// A question to the user, asked from a thread that can block for the answer. Thread-safe.
 class UserConfirmation {
 public:
-    /// Presents the question later, from the main thread's event loop. Returns at once. If this
-    /// object is destroyed before, the question is not presented.
+    /// Presents the question later, from the main thread's event loop. Returns at once.
     explicit UserConfirmation(const Question &question);
+    /// Withdraws the question if it is not answered, later on the main thread.
+    ~UserConfirmation();
+    UserConfirmation(const UserConfirmation &) = delete;
+    UserConfirmation &operator=(const UserConfirmation &) = delete;
 
     /// Blocks until the user has answered, `future` is cancelled, or `patience` has expired.
     /// Returns whether the user accepted. Must not be called on the main thread.

@@ -1,6 +1,7 @@
 #include "Engine/Stores/Http/CertificateTrust.h"
 
 #include <QtNetwork/QSslCertificate>
+#include <utility>
 
 #include "Engine/Stores/Http/CertificateQuestion.h"
 #include "Host/QVApplication.h"
@@ -14,9 +15,18 @@ bool CertificateTrust::isOpen() const {
 }
 
 void CertificateTrust::close() {
-    const std::lock_guard lock(m_mutex);
-    m_profile = nullptr;
-    m_trusted.clear();
+    QStringList locations;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_profile = nullptr;
+        m_trusted.clear();
+        for (const auto &[location, questions] : m_questions) {
+            locations.append(location);
+        }
+    }
+    for (const QString &location : locations) {
+        withdraw(location);
+    }
 }
 
 Expected<void> CertificateTrust::load() {
@@ -34,6 +44,7 @@ Expected<void> CertificateTrust::load() {
 }
 
 Expected<void> CertificateTrust::forget(const QString &location) {
+    withdraw(location);
     const std::lock_guard lock(m_mutex);
     return m_profile
         ->run(QStringLiteral("DELETE FROM trusted_certificates WHERE location_uuid = ?"),
@@ -55,7 +66,11 @@ void CertificateTrust::ask(const QString &location, const QString &server,
     const Key asked = key(location, certificate);
     {
         const std::lock_guard lock(m_mutex);
-        if (!m_profile || m_asked.contains(asked)) {
+        const auto isAllowed = [&] {
+            return m_questions.try_emplace(location, Questions{QuestionLimit(m_pauses)})
+                .first->second.limit.open();
+        };
+        if (!m_profile || m_asked.contains(asked) || !isAllowed()) {
             return;
         }
         m_asked.insert(asked);
@@ -63,16 +78,51 @@ void CertificateTrust::ask(const QString &location, const QString &server,
     MainQueue::dispatchAsync([trust = weak_from_this(), asked,
                               question = CertificateQuestion::make(server, certificate, reasons)] {
         const auto asker = trust.lock();
-        QuestionPresenter *presenter = QuestionPresenter::shared();
-        if (asker && asker->isOpen() && presenter) {
-            presenter->ask(question, [trust, asked](bool isAccepted) {
-                const auto living = trust.lock();
-                if (living && isAccepted) {
-                    living->accept(asked);
-                }
-            });
+        if (asker && asker->isOpen()) {
+            asker->present(asked, question);
         }
     });
+}
+
+void CertificateTrust::present(const Key &key, const Question &question) {
+    QuestionPresenter *presenter = QuestionPresenter::shared();
+    if (!presenter) {
+        return;
+    }
+    const auto withdraw =
+        presenter->ask(question, [trust = weak_from_this(), key](bool isAccepted) {
+            if (const auto living = trust.lock()) {
+                living->didAnswer(key, isAccepted);
+            }
+        });
+    const std::lock_guard lock(m_mutex);
+    m_questions.at(key.location).withdraw = withdraw;
+}
+
+void CertificateTrust::didAnswer(const Key &key, bool isAccepted) {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (const auto questions = m_questions.find(key.location); questions != m_questions.end()) {
+            questions->second.limit.close(isAccepted);
+            questions->second.withdraw = nullptr;
+        }
+    }
+    if (isAccepted) {
+        accept(key);
+    }
+}
+
+void CertificateTrust::withdraw(const QString &location) {
+    QuestionPresenter::Withdrawal open;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (const auto questions = m_questions.find(location); questions != m_questions.end()) {
+            open = std::exchange(questions->second.withdraw, nullptr);
+        }
+    }
+    if (open) {
+        open();
+    }
 }
 
 CertificateTrust::Key CertificateTrust::key(const QString &location,

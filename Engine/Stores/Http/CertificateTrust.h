@@ -2,9 +2,12 @@
 
 #include <QtCore/QSet>
 #include <QtCore/QStringList>
+#include <map>
 #include <memory>
 #include <mutex>
 
+#include "Application/Interface/QuestionPresenter.h"
+#include "Engine/Foundation/QuestionLimit.h"
 #include "Engine/Profile/ProfileDatabase.h"
 
 class QSslCertificate;
@@ -29,13 +32,17 @@ public:
     /// Asks the user whether to trust `certificate`, which `server` presents and which `reasons`
     /// (sentences) speak against, and stores a positive answer. Returns at once; contains() returns
     /// true after the answer. Asks once for each location and certificate while the engine runs,
-    /// also after a negative answer.
+    /// also after a negative answer, and about the certificates of one location as QuestionLimit
+    /// allows.
     void ask(const QString &location, const QString &server, const QSslCertificate &certificate,
              const QStringList &reasons);
-    /// Forgets the certificates that the location with this identifier trusts.
+    /// Sets the pauses between questions, for locations that were not asked about before.
+    void setPauses(const QuestionLimit::Pauses &pauses) { m_pauses = pauses; }
+    /// Forgets the certificates that the location with this identifier trusts, and withdraws the
+    /// question that is open about one.
     Expected<void> forget(const QString &location);
-    /// Called when the engine ends. From then on no certificate is trusted and no answer is stored.
-    /// Idempotent.
+    /// Called when the engine ends. Withdraws the open questions. From then on no certificate is
+    /// trusted and no answer is stored. Idempotent.
     void close();
 
 private:
@@ -49,7 +56,19 @@ private:
         }
     };
 
+    /// The questions about the certificates of a location.
+    struct Questions {
+        QuestionLimit limit;
+        /// Closes the question that is open; empty if none is. Used on the main thread only.
+        QuestionPresenter::Withdrawal withdraw = {};
+    };
+
     bool isOpen() const;
+    void present(const Key &key, const Question &question);
+    /// Called with the user's answer.
+    void didAnswer(const Key &key, bool isAccepted);
+    /// Withdraws the question of `location` that is open, if there is one.
+    void withdraw(const QString &location);
     /// Returns the key of `certificate` at `location`.
     static Key key(const QString &location, const QSslCertificate &certificate);
     /// Stores the user's positive answer, and presents an error if that fails.
@@ -62,4 +81,7 @@ private:
     QSet<Key> m_trusted;
     /// The certificates that the user was asked about in this run.
     QSet<Key> m_asked;
+    QuestionLimit::Pauses m_pauses{std::chrono::minutes(10), std::chrono::hours(24)};
+    /// By identifier of the location.
+    std::map<QString, Questions> m_questions;
 };

@@ -1,6 +1,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
+#include "Support/AskedPerson.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
 #include "Support/TestHost.h"
@@ -125,6 +126,33 @@ private Q_SLOTS:
         QCOMPARE(open(), EngineErrorCode::CertificateUntrusted);
         QTRY_COMPARE(questions().size(), 2);
         QVERIFY(questions().first().details != questions().last().details);
+    }
+
+    void aNewCertificateAtEachConnectionRaisesOneQuestion() {
+        AskedPerson person;
+        const auto trust = m_host->engine().plugin().context().certificateTrust;
+        const auto askAboutNewCertificate = [&](const QString &place) {
+            trust->ask(place, QStringLiteral("h"), TestAuthority().certificate(), {});
+            QCoreApplication::processEvents();
+            return person.asked().size();
+        };
+        const QString place = location()->identifier();
+        QCOMPARE(askAboutNewCertificate(place), 1);
+        QCOMPARE(askAboutNewCertificate(place), 1);
+        QCOMPARE(askAboutNewCertificate(QStringLiteral("other")), 2);
+        person.answerAll([](const Question &) { return false; });
+        QCOMPARE(askAboutNewCertificate(place), 2);
+
+        // Without pauses the next one is asked about, until the location is forgotten.
+        person.think();
+        trust->setPauses({});
+        QCOMPARE(askAboutNewCertificate(QStringLiteral("third")), 3);
+        QCOMPARE(askAboutNewCertificate(QStringLiteral("third")), 3);
+        QCOMPARE(description(trust->forget(QStringLiteral("third"))), QString());
+        QCOMPARE(person.waiting(), 0);
+        QCOMPARE(askAboutNewCertificate(QStringLiteral("third")), 4);
+        trust->close();
+        QCOMPARE(person.waiting(), 0);
     }
 
     void whatBelongsToNoLocationIsForgotten() {
