@@ -10,7 +10,7 @@
 namespace {
 
 /// Returns the first bytes of `text` in UTF-8, as many as it has UTF-16 code units. This truncates
-/// a name that is not ASCII, which then matches no item and cannot be revoked.
+/// a name that is not ASCII, which then matches no item; the server therefore stores ASCII only.
 QByteArray bytesOfUnitLength(const QString &text) {
     return text.toUtf8().left(text.size());
 }

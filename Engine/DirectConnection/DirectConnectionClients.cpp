@@ -3,6 +3,7 @@
 #include <openssl/crypto.h>
 
 #include <QtCore/QCryptographicHash>
+#include <QtCore/QUrl>
 #include <algorithm>
 
 #include "Engine/DirectConnection/DirectConnection.h"
@@ -13,8 +14,11 @@ namespace {
 
 constexpr qsizetype LongestName = 255;
 
-QByteArray passwordFor(const QByteArray &secret) {
-    return QCryptographicHash::hash(secret, QCryptographicHash::Sha256).toHex();
+/// The printable characters of ASCII that percent-encoding would encode, except for "%".
+const QByteArray OtherPrintable = QByteArrayLiteral(" !\"#$&'()*+,/:;<=>?@[\\]^`{|}");
+
+QByteArray passwordFor(const SecretBytes &secret) {
+    return QCryptographicHash::hash(secret.view(), QCryptographicHash::Sha256).toHex();
 }
 
 }  // namespace
@@ -26,11 +30,31 @@ bool DirectConnectionClients::isName(const QString &name) {
                        [](char32_t character) { return QChar::isPrint(character); });
 }
 
+QString DirectConnectionClients::account(const QString &name) {
+    return QString::fromLatin1(QUrl::toPercentEncoding(name, OtherPrintable));
+}
+
+void DirectConnectionClients::replaceFormerAccounts() {
+    const QString service = DirectConnection::ClientAuthorizationServiceName;
+    Keychain &keychain = Keychain::shared();
+    for (const QString &former : keychain.accounts(service).value_or(QStringList())) {
+        const bool isAscii = std::all_of(former.begin(), former.end(),
+                                         [](QChar character) { return character < u'\x7f'; });
+        if (isAscii) {
+            continue;
+        }
+        if (const auto password = keychain.password(service, former); password && *password) {
+            keychain.setPassword(service, account(former), **password);
+            keychain.removeFirstLater(service.toUtf8(), former.toUtf8(), [](const auto &) {});
+        }
+    }
+}
+
 Expected<bool> DirectConnectionClients::isAuthorized(const QString &name,
-                                                     const QByteArray &secret) {
+                                                     const SecretBytes &secret) {
     const QByteArray expected = passwordFor(secret);
-    return foundSecret(
-               Keychain::shared().password(DirectConnection::ClientAuthorizationServiceName, name))
+    return foundSecret(Keychain::shared().password(DirectConnection::ClientAuthorizationServiceName,
+                                                   account(name)))
         .map([&](const std::optional<SecretBytes> &stored) {
             return stored && stored->view().size() == expected.size() &&
                    CRYPTO_memcmp(stored->view().data(), expected.constData(),
@@ -38,7 +62,7 @@ Expected<bool> DirectConnectionClients::isAuthorized(const QString &name,
         });
 }
 
-void DirectConnectionClients::authorize(const QString &name, const QByteArray &secret) {
-    Keychain::shared().setPassword(DirectConnection::ClientAuthorizationServiceName, name,
+void DirectConnectionClients::authorize(const QString &name, const SecretBytes &secret) {
+    Keychain::shared().setPassword(DirectConnection::ClientAuthorizationServiceName, account(name),
                                    passwordFor(secret));
 }

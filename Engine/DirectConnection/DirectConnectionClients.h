@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QtCore/QByteArray>
 #include <QtCore/QString>
 
 #include "Platform/Foundation/Expected.h"
+#include "Platform/Security/SecretBytes.h"
 
 /// The clients that are authorized to connect to this computer's server. There is one keychain item
-/// for each client: its account is the client's name and its password is the SHA-256 of the
-/// client's secret in hexadecimal, so that reading the item is not enough to impersonate the
+/// for each client: its account is account() of the client's name, and its password is the SHA-256
+/// of the client's secret in hexadecimal, so that reading the item is not enough to impersonate the
 /// client. Every call looks up the item again, so deleting it revokes the client immediately.
 /// Thread-safe. Lookups block for at most the timeout of the secret store.
 namespace DirectConnectionClients {
@@ -15,11 +15,17 @@ namespace DirectConnectionClients {
 /// Returns whether `name` can be displayed unchanged: not empty, at most 255 bytes of UTF-8, and
 /// printable characters only.
 bool isName(const QString &name);
+/// Returns `name` in printable ASCII: all other characters of it, and "%", are percent-encoded in
+/// UTF-8 (RFC 3986, section 2.1). The sheet of the server can delete only such items.
+QString account(const QString &name);
+/// Replaces the items whose accounts are names in other characters, as earlier versions have stored
+/// them, so that the sheet can delete them. Until then such clients are not authorized.
+void replaceFormerAccounts();
 /// Returns whether the client `name` is authorized with `secret`. Compares in constant time.
 /// Returns an error if the keychain cannot be read.
-Expected<bool> isAuthorized(const QString &name, const QByteArray &secret);
+Expected<bool> isAuthorized(const QString &name, const SecretBytes &secret);
 /// Authorizes the client `name` with `secret`, replacing a client of the same name. Returns at
 /// once.
-void authorize(const QString &name, const QByteArray &secret);
+void authorize(const QString &name, const SecretBytes &secret);
 
 }  // namespace DirectConnectionClients

@@ -18,17 +18,23 @@ QByteArray DirectConnectionPairing::random() {
 }
 
 QByteArray DirectConnectionPairing::commitment() const {
-    return QCryptographicHash::hash("velmora commitment" + clientNonce + clientSecret,
-                                    QCryptographicHash::Sha256);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData("velmora commitment");
+    hash.addData(clientNonce);
+    hash.addData(clientSecret.view());
+    return hash.result();
 }
 
 QString DirectConnectionPairing::code() const {
     // All parts but the name have a fixed size, so no other parts give the same bytes.
-    const QByteArray digest =
-        QCryptographicHash::hash("velmora code" + serverFingerprint + clientNonce + clientSecret +
-                                     serverNonce + clientName.toUtf8(),
-                                 QCryptographicHash::Sha256);
-    const quint64 number = qFromBigEndian<quint64>(digest.constData()) % CodeCount;
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData("velmora code");
+    hash.addData(serverFingerprint);
+    hash.addData(clientNonce);
+    hash.addData(clientSecret.view());
+    hash.addData(serverNonce);
+    hash.addData(clientName.toUtf8());
+    const quint64 number = qFromBigEndian<quint64>(hash.result().constData()) % CodeCount;
     const QString digits = QStringLiteral("%1").arg(number, 6, 10, QLatin1Char('0'));
     // Separated by a no-break space.
     return digits.left(3) + QChar(QChar::Nbsp) + digits.mid(3);

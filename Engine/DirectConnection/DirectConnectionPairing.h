@@ -3,6 +3,8 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include "Platform/Security/SecretBytes.h"
+
 /// The data of a pairing, by which a server authorizes a client that it does not know yet. Both
 /// computers show the same short code. A man in the middle would have to present different
 /// certificates to client and server, so the codes would differ, and he cannot choose them:
@@ -22,7 +24,7 @@ struct DirectConnectionPairing {
     QByteArray serverFingerprint;
     QString clientName;
     QByteArray clientNonce;
-    QByteArray clientSecret;
+    SecretBytes clientSecret;
     QByteArray serverNonce;
 
     /// Returns `RandomSize` cryptographically random bytes.

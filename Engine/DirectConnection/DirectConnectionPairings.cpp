@@ -66,17 +66,29 @@ Expected<std::optional<SecretBytes>> DirectConnectionPairings::secret(const QStr
 }
 
 void DirectConnectionPairings::keep(const QString &key, const QByteArray &fingerprint,
-                                    const QByteArray &secret) {
+                                    const SecretBytes &secret) {
     {
         const std::lock_guard lock(m_mutex);
         m_fingerprints.insert(key, fingerprint);
     }
-    Keychain::shared().setPassword(KeychainService, key, secret.toHex());
+    QByteArray hex = secret.toByteArray().toHex();
+    Keychain::shared().setPassword(KeychainService, key, hex);
+    SecretBytes::wipe(hex);
     MainQueue::dispatchAsync([pairings = weak_from_this(), key, fingerprint] {
         if (const auto living = pairings.lock()) {
             living->save(key, fingerprint);
         }
     });
+}
+
+bool DirectConnectionPairings::mayAsk(const QString &key) {
+    const std::lock_guard lock(m_mutex);
+    return m_questionLimits.try_emplace(key, m_pauses).first->second.open();
+}
+
+void DirectConnectionPairings::didAsk(const QString &key, bool isPaired) {
+    const std::lock_guard lock(m_mutex);
+    m_questionLimits.at(key).close(isPaired);
 }
 
 Expected<void> DirectConnectionPairings::forget(const QString &identifier) {

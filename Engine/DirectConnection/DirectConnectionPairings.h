@@ -4,10 +4,12 @@
 #include <QtCore/QHash>
 #include <QtCore/QString>
 #include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
 
+#include "Engine/Foundation/QuestionLimit.h"
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Security/SecretBytes.h"
 
@@ -39,7 +41,13 @@ public:
     Expected<std::optional<SecretBytes>> secret(const QString &key) const;
     /// Stores a pairing, replacing that of the same key. Effective at once for this run; written to
     /// the keychain and the profile asynchronously. A failure to write the profile is logged.
-    void keep(const QString &key, const QByteArray &fingerprint, const QByteArray &secret);
+    void keep(const QString &key, const QByteArray &fingerprint, const SecretBytes &secret);
+    /// Returns whether the user may be asked to pair for `key` now, see QuestionLimit. If so,
+    /// didAsk() must be called when the question has ended.
+    bool mayAsk(const QString &key);
+    void didAsk(const QString &key, bool isPaired);
+    /// Sets the pauses between questions, for keys that were not asked about before.
+    void setPauses(const QuestionLimit::Pauses &pauses) { m_pauses = pauses; }
     /// Forgets the fingerprints of the location `identifier`, at which their keys end. Must be
     /// called on the main thread before close().
     Expected<void> forget(const QString &identifier);
@@ -57,4 +65,6 @@ private:
     const ProfileDatabase *m_profile;
     mutable std::mutex m_mutex;
     QHash<QString, QByteArray> m_fingerprints;
+    QuestionLimit::Pauses m_pauses{std::chrono::seconds(10), std::chrono::hours(1)};
+    std::map<QString, QuestionLimit> m_questionLimits;
 };

@@ -43,7 +43,7 @@ Question questionFor(const DirectConnectionPairing &client, const Expected<QStri
         details += u'\n' + localizedSyncString(
                                "Whether it replaces another computer of this name "
                                "is unknown, because the keyring cannot be read.");
-    } else if (known->contains(client.clientName)) {
+    } else if (known->contains(DirectConnectionClients::account(client.clientName))) {
         details += u'\n' + localizedSyncString("It replaces another computer of this name.");
     }
     return {localizedSyncString("Let “%1” synchronize with this computer?").arg(client.clientName),
@@ -131,6 +131,8 @@ Expected<void> DirectConnectionServer::listen(const DirectConnectionIdentity &id
     }
     m_listener = listener.release();
     m_listener->moveToThread(&m_thread);
+    QMetaObject::invokeMethod(m_listener, &DirectConnectionClients::replaceFormerAccounts,
+                              Qt::QueuedConnection);
     m_thread.start();
     return {};
 }

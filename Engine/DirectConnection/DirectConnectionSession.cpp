@@ -173,9 +173,10 @@ void DirectConnectionSession::beginPairing(const QCborMap &message) {
 void DirectConnectionSession::reveal(const QCborMap &message) {
     m_client.clientNonce = message[Nonce].toByteArray();
     m_client.clientSecret = message[Secret].toByteArray();
-    const bool isSound = m_client.clientNonce.size() == DirectConnectionPairing::RandomSize &&
-                         m_client.clientSecret.size() == DirectConnectionPairing::RandomSize &&
-                         m_client.commitment() == m_commitment;
+    const bool isSound =
+        m_client.clientNonce.size() == DirectConnectionPairing::RandomSize &&
+        m_client.clientSecret.view().size() == DirectConnectionPairing::RandomSize &&
+        m_client.commitment() == m_commitment;
     if (!isSound) {
         end();
     } else if (m_requests.ask(m_client)) {

@@ -158,14 +158,14 @@ Expected<void> DirectConnectionStore::authenticate(const EngineFuture &future) {
         return pair(future);
     }
     return m_pairings->secret(m_pairingKey).and_then([&](const std::optional<SecretBytes> &secret) {
-        return secret ? greet(secret->toByteArray(), future) : pair(future);
+        return secret ? greet(*secret, future) : pair(future);
     });
 }
 
-Expected<void> DirectConnectionStore::greet(const QByteArray &secret, const EngineFuture &future) {
+Expected<void> DirectConnectionStore::greet(const SecretBytes &secret, const EngineFuture &future) {
     QCborMap message = ofType(Hello);
     message[Name] = clientName();
-    message[Secret] = secret;
+    message[Secret] = secret.toByteArray();
     return m_link.exchange(message, LimitBeforeAuthorization, {AnswerPatience}, future)
         .and_then([this](const auto &answer) { return takeWelcome(answer.values); });
 }
@@ -188,7 +188,16 @@ Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
     if (pairing.serverNonce.size() != DirectConnectionPairing::RandomSize) {
         return failure(notUnderstood());
     }
-    return confirm(pairing, future);
+    if (!m_pairings->mayAsk(m_pairingKey)) {
+        return failure(engineError(
+            EngineErrorCode::AccessDenied,
+            "“%1” and this computer are not paired: the question was not accepted. Synchronize "
+            "again in a while, and accept it on both computers.",
+            URL().host()));
+    }
+    Expected<void> confirmed = confirm(pairing, future);
+    m_pairings->didAsk(m_pairingKey, confirmed.has_value());
+    return confirmed;
 }
 
 Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pairing,
@@ -197,7 +206,7 @@ Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pai
     const UserConfirmation confirmation(questionFor(URL().host(), pairing.code()));
     QCborMap message = ofType(Reveal);
     message[Nonce] = pairing.clientNonce;
-    message[Secret] = pairing.clientSecret;
+    message[Secret] = pairing.clientSecret.toByteArray();
     Expected<void> welcome =
         m_link.exchange(message, LimitBeforeAuthorization, {PairingPatience}, future)
             .and_then([this](const auto &answer) { return takeWelcome(answer.values); });

@@ -4,6 +4,7 @@
 
 #include "Engine/DirectConnection/DirectConnectionLink.h"
 #include "Engine/Stores/BlobStore.h"
+#include "Platform/Security/SecretBytes.h"
 
 class DirectConnectionPairings;
 struct DirectConnectionPairing;
@@ -45,8 +46,10 @@ private:
     Expected<void> connectIfNeeded(const EngineFuture &future);
     /// Steps of connecting.
     Expected<void> authenticate(const EngineFuture &future);
-    Expected<void> greet(const QByteArray &secret, const EngineFuture &future);
+    Expected<void> greet(const SecretBytes &secret, const EngineFuture &future);
     Expected<void> pair(const EngineFuture &future);
+    /// Exchanges the nonces and asks the users, unless this computer's user was asked a short time
+    /// ago.
     Expected<void> confirm(const DirectConnectionPairing &pairing, const EngineFuture &future);
     /// Returns an error unless `answer` is "welcome".
     Expected<void> takeWelcome(const QCborMap &answer) const;

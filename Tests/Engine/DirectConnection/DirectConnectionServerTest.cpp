@@ -1,4 +1,5 @@
 #include <QtCore/QCborArray>
+#include <QtCore/QCryptographicHash>
 #include <QtNetwork/QSslSocket>
 #include <QtNetwork/QTcpServer>
 
@@ -133,7 +134,8 @@ QCborMap pairMessage(const DirectConnectionPairing &client) {
 }
 
 QCborMap revealMessage(const DirectConnectionPairing &client) {
-    return {{Type, Reveal}, {Nonce, client.clientNonce}, {Secret, client.clientSecret}};
+    return {
+        {Type, Reveal}, {Nonce, client.clientNonce}, {Secret, client.clientSecret.toByteArray()}};
 }
 
 }  // namespace
@@ -348,7 +350,7 @@ private Q_SLOTS:
         QCOMPARE(connection.answerTo(list(QStringLiteral("databases"))), Done);
 
         Client later(m_port);
-        QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret)), Welcome);
+        QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret.toByteArray())), Welcome);
     }
 
     void aNewClientIsRefusedIfTheUserRefusesIt() {
@@ -361,7 +363,7 @@ private Q_SLOTS:
         QVERIFY(connection.endsInSilence());
         QVERIFY(!authorizedClients().contains(ClientName));
         Client later(m_port);
-        QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret)), Refused);
+        QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret.toByteArray())), Refused);
     }
 
     void aClientOfAKnownNameIsAskedAboutAsSuchAndTakesItsPlace() {
@@ -419,6 +421,43 @@ private Q_SLOTS:
         }
         QVERIFY(DirectConnectionClients::isName(QStringLiteral("Jürgen at 茶室 🍵")));
         QVERIFY(m_person->asked().isEmpty());
+    }
+
+    void aNameThatIsNotAsciiIsKeptInAscii() {
+        serve();
+        m_person->answerAll(isOneOfUs);
+        const QString name = QStringLiteral("Jürgen: 100%");
+        Client connection(m_port);
+        DirectConnectionPairing client = newClient(name);
+        askFor(connection, client);
+        QCOMPARE(connection.answer()[Type].toString(), Welcome);
+        QVERIFY(m_person->asked().first().text.contains(name));
+        const QString account = QStringLiteral("J%C3%BCrgen: 100%25");
+        QCOMPARE(authorizedClients(), QStringList(account));
+        const QByteArray secret = client.clientSecret.toByteArray();
+        QCOMPARE(Client(m_port).answerTo(hello(name, secret)), Welcome);
+
+        // As the sheet deletes it: as many bytes as the name has units.
+        const QString service = DirectConnection::ClientAuthorizationServiceName;
+        std::optional<Expected<bool>> isRemoved;
+        Keychain::shared().removeFirstLater(
+            service.toUtf8().left(service.size()), account.toUtf8().left(account.size()),
+            [&](const Expected<bool> &answer) { isRemoved = answer; });
+        QTRY_VERIFY(isRemoved.has_value());
+        QCOMPARE(*isRemoved, Expected<bool>(true));
+        QCOMPARE(Client(m_port).answerTo(hello(name, secret)), Refused);
+    }
+
+    void aFormerAccountThatIsNotAsciiIsReplaced() {
+        const QString name = QStringLiteral("Jürgen");
+        const QByteArray secret = DirectConnectionPairing::random();
+        Keychain::shared().setPassword(
+            DirectConnection::ClientAuthorizationServiceName, name,
+            QCryptographicHash::hash(secret, QCryptographicHash::Sha256).toHex());
+        QVERIFY(!DirectConnectionClients::isAuthorized(name, secret).value());
+        serve();
+        QTRY_COMPARE(authorizedClients(), QStringList(QStringLiteral("J%C3%BCrgen")));
+        QCOMPARE(Client(m_port).answerTo(hello(name, secret)), Welcome);
     }
 
     void oneQuestionIsOpenAtATime() {
@@ -509,7 +548,7 @@ private Q_SLOTS:
         QVERIFY(connection.endsInSilence());
         m_person->answerAll(isOneOfUs);
         Client later(m_port);
-        QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret)), Refused);
+        QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret.toByteArray())), Refused);
     }
 
     void whoIsNotAuthorizedLearnsNothing() {

@@ -3,6 +3,7 @@
 #include <thread>
 
 #include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/DirectConnection/DirectConnectionServer.h"
 #include "Engine/DirectConnection/DirectConnectionStore.h"
 #include "Engine/Foundation/EngineError.h"
@@ -165,6 +166,7 @@ private Q_SLOTS:
     }
 
     void theUserAtTheClientMayRefuseAndNothingIsPinned() {
+        m_host->engine().plugin().context().pairings->setPauses({});
         m_person->answerAll(isServersQuestion);
         QCOMPARE(code(open(newStore())), EngineErrorCode::Cancelled);
         QCOMPARE(m_person->asked().size(), 2);
@@ -187,6 +189,20 @@ private Q_SLOTS:
         future->cancel();
         QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
         QCOMPARE(code(result), EngineErrorCode::Cancelled);
+        // Both questions end with the attempt.
+        QTRY_COMPARE(m_person->waiting(), 0);
+    }
+
+    void theUserAtTheClientIsNotAskedAgainAtOnce() {
+        m_person->answerAll(isServersQuestion);
+        QCOMPARE(code(open(newStore())), EngineErrorCode::Cancelled);
+        QCOMPARE(m_person->asked().size(), 2);
+        for (int i = 0; i < 3; ++i) {
+            const Expected<void> opened = open(newStore());
+            QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
+            QVERIFY(description(opened).contains(QStringLiteral("not paired")));
+        }
+        QCOMPARE(m_person->asked().size(), 2);
     }
 
     void quittingDoesNotWaitForTheUsers() {

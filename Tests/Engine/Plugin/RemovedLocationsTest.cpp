@@ -131,7 +131,7 @@ private Q_SLOTS:
                             {identifier}));
         const QString key = QStringLiteral("velmora://desk:8442 ") + identifier;
         const auto pairings = m_host->engine().plugin().context().pairings;
-        pairings->keep(key, "fingerprint", "secret");
+        pairings->keep(key, "fingerprint", QByteArray("secret"));
         const QString pairing =
             QStringLiteral("SELECT count(*) FROM settings WHERE key LIKE 'directConnection%'");
         QTRY_COMPARE(value(pairing).toInt(), 1);
@@ -175,7 +175,7 @@ private Q_SLOTS:
         add(URL);
         const QString identifier = value(QStringLiteral("SELECT uuid FROM locations")).toString();
         m_host->engine().plugin().context().pairings->keep(URL + u' ' + identifier, "fingerprint",
-                                                           "secret");
+                                                           QByteArray("secret"));
         QVERIFY(SecretStore::shared().finishWriting());
         const auto countOfAll = [this] { return m_secrets->count({}); };
         const qsizetype before = countOfAll();
