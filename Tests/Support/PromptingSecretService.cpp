@@ -78,11 +78,22 @@ void PromptingSecretService::registerOnBus() {
     bus.registerService(QStringLiteral("org.freedesktop.secrets"));
 }
 
+QString PromptingSecretService::firstAlgorithm() const {
+    const std::lock_guard lock(m_mutex);
+    return m_firstAlgorithm;
+}
+
 bool PromptingSecretService::handleMessage(const QDBusMessage &message,
                                            const QDBusConnection &connection) {
-    if (message.member() == QLatin1StringView("OpenSession") &&
-        message.arguments().value(0) != QStringLiteral("plain")) {
-        return connection.send(message.createErrorReply(QDBusError::NotSupported, QString()));
+    if (message.member() == QLatin1StringView("OpenSession")) {
+        const QString algorithm = message.arguments().value(0).toString();
+        {
+            const std::lock_guard lock(m_mutex);
+            m_firstAlgorithm = m_firstAlgorithm.isEmpty() ? algorithm : m_firstAlgorithm;
+        }
+        if (algorithm != QLatin1StringView("plain")) {
+            return connection.send(message.createErrorReply(QDBusError::NotSupported, QString()));
+        }
     }
     connection.send(message.createReply(answer(message)));
     if (message.member() == QLatin1StringView("Prompt")) {

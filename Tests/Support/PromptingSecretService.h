@@ -4,6 +4,7 @@
 #include <QtDBus/QDBusVirtualObject>
 #include <atomic>
 #include <functional>
+#include <mutex>
 
 #include "Platform/Foundation/CallQueue.h"
 
@@ -22,6 +23,8 @@ public:
     PromptingSecretService(const QString &busAddress, Person person);
     ~PromptingSecretService() override;
 
+    /// The encryption that the first session was asked for with.
+    QString firstAlgorithm() const;
     /// The number of prompts shown so far.
     int countOfPrompts() const { return m_countOfPrompts; }
 
@@ -37,6 +40,8 @@ private:
     const QString m_busAddress;
     const Person m_person;
     std::atomic_int m_countOfPrompts = 0;
+    mutable std::mutex m_mutex;
+    QString m_firstAlgorithm;
     QThread m_thread;
     CallQueue m_calls{this};
 };

@@ -442,6 +442,14 @@ private Q_SLOTS:
         QCOMPARE(m_removalTellings, 0);
     }
 
+    void anEncryptedSessionIsAskedForFirst() {
+        m_service->stopKeyring();
+        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        SecretStore store;
+        QVERIFY(!store.find(item("one", {}).attributes));
+        QCOMPARE(prompting.firstAlgorithm(), QStringLiteral("dh-ietf1024-sha256-aes128-cbc-pkcs7"));
+    }
+
     void aServiceThatCrashesDuringAPromptIsDetected() {
         m_service->stopKeyring();
         auto prompting =
