@@ -7,13 +7,14 @@
 #include "Engine/Stores/Folder/FolderGrants.h"
 #include "Engine/Stores/Folder/LocalStore.h"
 #include "Engine/Stores/Folder/MountedVolumes.h"
+#include "Host/QVApplication.h"
 #include "Platform/Foundation/Log.h"
 
 namespace {
 
-void logIfFailed(const Expected<void> &result) {
+void presentIfFailed(const Expected<void> &result) {
     if (!result) {
-        Log::message(result.error().localizedDescription);
+        NSApp()->presentError(result.error());
     }
 }
 
@@ -88,13 +89,13 @@ bool EngineSyncPlugin::usesSandboxedAccess() const {
 
 void EngineSyncPlugin::bookmarkURL(const Url &URL) {
     if (URL.isFileURL()) {
-        logIfFailed(m_context.folderGrants->add(URL.path()));
+        presentIfFailed(m_context.folderGrants->add(URL.path()));
     }
 }
 
 void EngineSyncPlugin::removeBookmarkForURL(const Url &URL) {
     if (URL.isFileURL()) {
-        logIfFailed(m_context.folderGrants->remove(URL.path()));
+        presentIfFailed(m_context.folderGrants->remove(URL.path()));
     }
 }
 
@@ -103,5 +104,9 @@ QStringList EngineSyncPlugin::bookmarkDictionaryKeys() const {
 }
 
 bool EngineSyncPlugin::isVolumeMountedAtPath(const QString &path) const {
-    return MountedVolumes::contain(path, MountedVolumes::mountPoints);
+    const Expected<bool> isMounted = MountedVolumes::contain(path, MountedVolumes::mountPoints);
+    if (!isMounted) {
+        Log::message(isMounted.error().localizedDescription);
+    }
+    return isMounted.value_or(true);
 }

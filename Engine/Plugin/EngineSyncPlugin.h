@@ -53,12 +53,12 @@ public:
     /// Returns the setting as it was last read from or written to the profile.
     bool usesSandboxedAccess() const override;
     /// Grants access to the folder, or withdraws it. URLs other than file URLs are ignored. A
-    /// failure is only logged.
+    /// failure is presented.
     void bookmarkURL(const Url &URL) override;
     void removeBookmarkForURL(const Url &URL) override;
     /// Returns the granted paths in the order in which they were granted.
     QStringList bookmarkDictionaryKeys() const override;
-    /// See MountedVolumes::contain(), which may block for a network volume.
+    /// See MountedVolumes::contain(). Returns true if the list of volumes cannot be read.
     bool isVolumeMountedAtPath(const QString &path) const override;
 
 private:

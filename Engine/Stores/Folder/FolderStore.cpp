@@ -183,13 +183,20 @@ Expected<void> FolderStore::checkPackage() const {
                         "“%1” is a folder on another computer. Choose a folder on this computer.",
                         URL().absoluteString()));
     }
-    if (path.startsWith(u'/') && !MountedVolumes::contain(path, MountedVolumes::mountPoints)) {
+    if (!path.startsWith(u'/')) {
+        return failure(doesNotExist());
+    }
+    const Expected<bool> isMounted = MountedVolumes::contain(path, MountedVolumes::mountPoints);
+    if (!isMounted) {
+        return failure(isMounted.error());
+    }
+    if (!*isMounted) {
         return failure(engineError(EngineErrorCode::StoreUnreachable,
                                    "The volume that contains the sync store “%1” is not mounted. "
                                    "Connect it and try again.",
                                    path));
     }
-    return path.startsWith(u'/') ? Expected<void>() : failure(doesNotExist());
+    return {};
 }
 
 FolderStore::FolderStore(const std::shared_ptr<QVSyncLocation> &location,

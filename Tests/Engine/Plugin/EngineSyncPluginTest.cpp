@@ -20,7 +20,9 @@ bool contain(const char *path) {
                                          QStringLiteral("/media/ida/Stick"),
                                          QStringLiteral("/run/media/ida/Disk"),
                                          QStringLiteral("/mnt/nas")};
-    return MountedVolumes::contain(QString::fromUtf8(path), [] { return mountPoints; });
+    return MountedVolumes::contain(QString::fromUtf8(path),
+                                   [] { return Expected<QStringList>(mountPoints); })
+        .value();
 }
 
 }  // namespace
@@ -99,14 +101,31 @@ private Q_SLOTS:
 
     void aVolumeMountedOnTheWholeFolderHoldsAllBelow() {
         QVERIFY(MountedVolumes::contain(QStringLiteral("/mnt/a"), [] {
-            return QStringList{QStringLiteral("/"), QStringLiteral("/mnt")};
-        }));
+                    return Expected<QStringList>({QStringLiteral("/"), QStringLiteral("/mnt")});
+                }).value());
+    }
+
+    void aListOfVolumesThatCannotBeReadIsAnError() {
+        const Error error{.localizedDescription = QStringLiteral("unreadable")};
+        const Expected<bool> isMounted = MountedVolumes::contain(
+            QStringLiteral("/mnt/a"), [&]() -> Expected<QStringList> { return failure(error); });
+        QVERIFY(!isMounted);
+        QCOMPARE(isMounted.error(), error);
+    }
+
+    void aGrantThatCannotBeSavedIsPresented() {
+        TestHost host;
+        host.makeSavesFail();
+        QVSyncPlugin::plugin()->bookmarkURL(folder("/a"));
+        QCOMPARE(host.application().presentedErrors().size(), 1);
+        QVERIFY(QVSyncPlugin::plugin()->bookmarkDictionaryKeys().isEmpty());
+        host.letSavesPass();
     }
 
     void asksTheSystemWhatIsMounted() {
         TestHost host;
         const QVSyncPlugin *plugin = QVSyncPlugin::plugin();
-        QVERIFY(MountedVolumes::mountPoints().contains(QStringLiteral("/")));
+        QVERIFY(MountedVolumes::mountPoints().value().contains(QStringLiteral("/")));
         QVERIFY(plugin->isVolumeMountedAtPath(host.directory()));
         QVERIFY(!plugin->isVolumeMountedAtPath(
             QStringLiteral("/media/nobody/No Such Volume/a.qvSyncStore")));

@@ -1,6 +1,7 @@
 #include <QtNetwork/QTcpServer>
 
 #include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/Stores/Folder/MountedVolumes.h"
 #include "Host/QVDropboxSessionManager.h"
 #include "Host/QVSyncProgress.h"
 #include "Host/QVSyncResult.h"
@@ -105,6 +106,14 @@ private Q_SLOTS:
         QVERIFY(sound->lastSynced().isValid());
         QVERIFY(!hanging->lastSynced().isValid());
         QVERIFY(!dispatcher().activity().isEmpty());
+    }
+
+    void whetherAVolumeIsMountedIsToldWithoutAskingIt() {
+        const QString path = m_folder->filePath(QStringLiteral("a \\ volume\twith\nsigns"));
+        m_volume = std::make_unique<HangingVolume>(path);
+        QVERIFY(MountedVolumes::mountPoints().value().contains(path));
+        QVERIFY(!QVSyncPlugin::plugin()->isVolumeMountedAtPath(
+            QStringLiteral("/media/nobody/No Such Volume/a.qvSyncStore")));
     }
 
     void manyHangingLocationsDelayNoOther() {
