@@ -4,6 +4,7 @@
 
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
+#include "Host/UnencryptedPasswords.h"
 #include "Other Sources/QVURLCredentialUtilities.h"
 #include "Platform/Foundation/PathComponents.h"
 #include "Platform/Foundation/PercentEscapes.h"
@@ -200,6 +201,9 @@ void QVWebDAVLocationEditor::acceptModalSheet(QObject *sender) {
     location()->setURL(URLWithFields(fields()));
     if (mayStoreCredential()) {
         storeCredential();
+    }
+    if (!m_HTTPSCheckbox->isChecked()) {
+        UnencryptedPasswords::accept(location()->URL());
     }
     QVSyncLocationEditor::acceptModalSheet(sender);
 }

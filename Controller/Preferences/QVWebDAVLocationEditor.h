@@ -93,7 +93,8 @@ public Q_SLOTS:
     void validate(QObject *sender);
     /// Called each time the user edits a field.
     void controlTextDidChange();
-    /// Sets the location's URL, stores the credential, closes the sheet and calls the completion
+    /// Sets the location's URL, stores the credential, and without HTTPS that the user has seen
+    /// what that means (see UnencryptedPasswords). Closes the sheet and calls the completion
     /// handler. The credential is stored asynchronously; a failure is reported to the user later.
     void acceptModalSheet(QObject *sender) override;
 

@@ -13,6 +13,7 @@
 #include "Controller/QVImportDatabasesController.h"
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Host/QVDirectConnectionServer.h"
+#include "Host/UnencryptedPasswords.h"
 #include "Other Sources/QVURLCredentialUtilities.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/UrlCredentialStorage.h"
@@ -110,6 +111,7 @@ private:
     QString addLocation(const QStringList &command) {
         const auto location = m_host.addLocation(command[1]);
         if (command.size() > 2) {
+            UnencryptedPasswords::accept(location->URL());
             UrlCredentialStorage::shared().setCredentialForProtectionSpace(
                 {location->URL().user(), command[2], UrlCredential::Persistence::ForSession},
                 QVHTTPBasicURLProtectionSpaceForURL(location->URL()));

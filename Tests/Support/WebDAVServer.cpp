@@ -11,6 +11,8 @@
 #include <csignal>
 #include <stdexcept>
 
+#include "Host/UnencryptedPasswords.h"
+#include "Platform/Foundation/Url.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 #include "Support/FreePort.h"
 
@@ -133,6 +135,7 @@ void WebDAVServer::putFile(const QString &path, const QByteArray &contents) cons
 void WebDAVServer::storePassword(const QString &password) const {
     const UrlCredential credential = {User, password, UrlCredential::Persistence::ForSession};
     const QString scheme = m_options.identity ? QStringLiteral("https") : QStringLiteral("http");
+    UnencryptedPasswords::accept(Url::fromString(URLText({})));
     for (const QString &method :
          {UrlAuthenticationMethodHttpBasic, UrlAuthenticationMethodHttpDigest}) {
         UrlCredentialStorage::shared().setCredentialForProtectionSpace(

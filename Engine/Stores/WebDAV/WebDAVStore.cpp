@@ -5,8 +5,10 @@
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Engine/Stores/Http/HttpStatus.h"
 #include "Engine/Stores/WebDAV/WebDAVMultiStatus.h"
+#include "Host/LocationSchemes.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
+#include "Host/UnencryptedPasswords.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 
 namespace {
@@ -72,6 +74,16 @@ Expected<std::optional<UrlCredential>> WebDAVStore::credential(HttpAuthenticatio
     Expected<std::optional<UrlCredential>> credential =
         foundSecret(storedCredential(URL(), scheme));
     m_hasCredential = credential && credential->has_value();
+    const bool isReadable = scheme == HttpAuthentication::Scheme::Basic &&
+                            URL().scheme() == LocationSchemes::Http &&
+                            !UnencryptedPasswords::areAccepted(URL());
+    if (m_hasCredential && isReadable) {
+        return failure(engineError(
+            EngineErrorCode::AccessDenied,
+            "The password for “%1” was not sent, because others on the network could read it. Edit "
+            "the location: choose HTTPS, or accept that.",
+            m_package.authority()));
+    }
     return credential;
 }
 

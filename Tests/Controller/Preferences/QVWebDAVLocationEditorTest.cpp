@@ -1,6 +1,7 @@
 #include "Controller/Preferences/QVWebDAVLocationEditor.h"
 
 #include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Host/UnencryptedPasswords.h"
 #include "Other Sources/QVURLCredentialUtilities.h"
 #include "Platform/Security/SecretStore.h"
 #include "Platform/Security/UrlCredentialStorage.h"
@@ -108,6 +109,16 @@ private Q_SLOTS:
         QVERIFY(!notice->isVisible());
         m_editor->HTTPSCheckbox()->click();
         QVERIFY(notice->isVisible());
+        QVERIFY(!UnencryptedPasswords::areAccepted(m_location->URL()));
+        m_editor->acceptModalSheet(nullptr);
+        QVERIFY(UnencryptedPasswords::areAccepted(m_location->URL()));
+    }
+
+    void aSheetWithHTTPSAcceptsNoUnencryptedPassword() {
+        openAtOnce(QStringLiteral("https://ida@encrypted:80/a/S.qvSyncStore"));
+        m_editor->acceptModalSheet(nullptr);
+        QVERIFY(!UnencryptedPasswords::areAccepted(
+            Url::fromString(QStringLiteral("http://ida@encrypted/a/S.qvSyncStore"))));
     }
 
     void aKeyringThatDoesNotAnswerNeitherBlocksNorLosesTheCredential() {

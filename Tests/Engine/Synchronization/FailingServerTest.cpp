@@ -4,6 +4,7 @@
 #include "Engine/Stores/Dropbox/DropboxRefreshTurn.h"
 #include "Engine/Stores/Dropbox/DropboxStore.h"
 #include "Host/SyncStoreLayout.h"
+#include "Host/UnencryptedPasswords.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 #include "Support/DropboxTestCase.h"
@@ -206,6 +207,8 @@ private Q_SLOTS:
         m_webDAV = std::make_unique<WebDAVServer>(WebDAVServer::Options());
         m_webDAVProxy = std::make_unique<FaultyProxy>(m_webDAV->port());
         for (const quint16 port : {m_webDAV->port(), m_webDAVProxy->port()}) {
+            UnencryptedPasswords::accept(
+                Url::fromString(QStringLiteral("http://localhost:%1/").arg(port)));
             UrlCredentialStorage::shared().setCredentialForProtectionSpace(
                 {WebDAVServer::User, WebDAVServer::Password,
                  UrlCredential::Persistence::ForSession},

@@ -1,3 +1,4 @@
+#include <atomic>
 #include <future>
 
 #include "Engine/Foundation/EngineError.h"
@@ -5,6 +6,7 @@
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Engine/Stores/WebDAV/WebDAVStore.h"
 #include "Host/InboxUUID.h"
+#include "Host/UnencryptedPasswords.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 #include "Support/Failure.h"
 #include "Support/PrivateVolume.h"
@@ -599,6 +601,29 @@ private Q_SLOTS:
             space(URLText, UrlAuthenticationMethodHttpBasic));
         const QString refusal = description(open(URLText));
         QVERIFY2(!refusal.contains(QStringLiteral("none is saved")), qPrintable(refusal));
+    }
+
+    void aPasswordIsSentReadablyOnlyIfTheUserHasAcceptedThat() {
+        std::atomic<int> sent = 0;
+        const ScriptedServer scripted([&](Connection &connection) {
+            for (QByteArray request = connection.readRequest(); !request.isEmpty();
+                 request = connection.readRequest()) {
+                sent += request.contains("Authorization: Basic") ? 1 : 0;
+                connection.answer("401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"x\"", {});
+            }
+        });
+        const QString URLText = scripted.URLText(PackageName);
+        UrlCredentialStorage::shared().setCredentialForProtectionSpace(
+            {QStringLiteral("ida"), QStringLiteral("secret"),
+             UrlCredential::Persistence::ForSession},
+            space(URLText, UrlAuthenticationMethodHttpBasic));
+        const Expected<void> refused = open(URLText);
+        QCOMPARE(code(refused), EngineErrorCode::AccessDenied);
+        QVERIFY(description(refused).contains(QStringLiteral("Edit the location")));
+        QCOMPARE(sent.load(), 0);
+        UnencryptedPasswords::accept(Url::fromString(URLText));
+        QVERIFY(description(open(URLText)).contains(QStringLiteral("does not accept")));
+        QCOMPARE(sent.load(), 1);
     }
 
     void withoutAUserTheDefaultCredentialIsUsed() {

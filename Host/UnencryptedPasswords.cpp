@@ -1,0 +1,23 @@
+#include "Host/UnencryptedPasswords.h"
+
+#include "Platform/Foundation/Url.h"
+#include "Platform/Foundation/UserDefaults.h"
+
+namespace {
+
+QString keyOf(const Url &URL) {
+    constexpr quint16 defaultPort = 80;
+    return QStringLiteral("QVUnencryptedPasswordAccepted %1:%2")
+        .arg(URL.host().toLower())
+        .arg(URL.port().value_or(defaultPort));
+}
+
+}  // namespace
+
+bool UnencryptedPasswords::areAccepted(const Url &URL) {
+    return UserDefaults::boolForKey(keyOf(URL));
+}
+
+void UnencryptedPasswords::accept(const Url &URL) {
+    UserDefaults::setValue(keyOf(URL), true);
+}
