@@ -9,6 +9,8 @@ OpenPanel::OpenPanel(const QString &message, QWidget *parent) : QFileDialog(pare
     // Native panels choose either files or folders.
     setOption(DontUseNativeDialog);
     setFileMode(ExistingFile);
+    // The dialog's own question before it deletes a file would show the name as rich text.
+    setOption(ReadOnly);
     connect(this, &QFileDialog::currentChanged, this, [this](const QString &path) {
         // The dialog itself fills in names of files only.
         if (QFileInfo(path).isDir()) {

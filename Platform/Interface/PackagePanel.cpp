@@ -1,8 +1,12 @@
 #include "Platform/Interface/PackagePanel.h"
 
 #include <QtCore/QDir>
+#include <QtGui/QAction>
+#include <QtGui/QShortcut>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
+
+#include "Platform/Interface/RequiredChild.h"
 
 PackagePanel::PackagePanel(Purpose purpose, const QString &extension)
     : QFileDialog(QApplication::activeWindow()), m_purpose(purpose), m_ending(u'.' + extension) {
@@ -11,6 +15,21 @@ PackagePanel::PackagePanel(Purpose purpose, const QString &extension)
     setAcceptMode(purpose == Purpose::Save ? AcceptSave : AcceptOpen);
     setFileMode(purpose == Purpose::Save ? AnyFile : Directory);
     setOption(ShowDirsOnly, purpose == Purpose::Open);
+    preventDeletion();
+}
+
+void PackagePanel::preventDeletion() {
+    if (m_purpose == Purpose::Open) {
+        setOption(ReadOnly);
+        return;
+    }
+    // New folders can be created here.
+    requiredChild<QAction>(*this, QStringLiteral("qt_delete_action")).setVisible(false);
+    for (QShortcut *shortcut : findChildren<QShortcut *>()) {
+        if (shortcut->key() == QKeySequence(Qt::Key_Delete)) {
+            shortcut->setEnabled(false);
+        }
+    }
 }
 
 Url PackagePanel::URL() const {
@@ -36,7 +55,7 @@ QString PackagePanel::chosenPath() const {
 }
 
 bool PackagePanel::isTyped(const QString &path) const {
-    const auto *nameField = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-    const QString typedName = nameField ? nameField->text().section(u'/', -1) : QString();
+    const QString typedName =
+        requiredChild<QLineEdit>(*this, QStringLiteral("fileNameEdit")).text().section(u'/', -1);
     return !typedName.isEmpty() && typedName == path.section(u'/', -1);
 }

@@ -31,6 +31,9 @@ protected:
     void accept() override;
 
 private:
+    /// Lets the user neither delete nor, in an open panel, rename files: the dialog's own question
+    /// shows the name of a file as rich text.
+    void preventDeletion();
     QString chosenPath() const;
     /// Returns whether the name field contains the last component of `path`. A name that ends in a
     /// slash, and "..", enter a folder instead.

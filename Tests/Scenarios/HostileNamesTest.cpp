@@ -3,9 +3,11 @@
 #include <QtWidgets/QToolTip>
 
 #include "Application/EventLog.h"
+#include "Application/HistoryDialog.h"
 #include "Application/LogWindow.h"
 #include "Application/MainWindow.h"
 #include "Application/PreferencesWindow.h"
+#include "Application/RemovalDialog.h"
 #include "Application/UnsavedTextDialog.h"
 #include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
 #include "Controller/Preferences/QVServerPreferencesController.h"
@@ -131,6 +133,27 @@ private Q_SLOTS:
         }
         QCOMPARE(shown.misreadPlaces(), QStringList());
         editor->cancelModalSheet(nullptr);
+    }
+
+    void theListsOfNotesShowThemAsTheyAre() {
+        const auto database = m_host->addDatabase(ShownName::Hostile);
+        Note note{.title = ShownName::Hostile, .text = ShownName::Hostile};
+        QVERIFY(database->saveNote(note));
+        QVERIFY(database->removeNote(note));
+        HistoryDialog history(&m_host->library(), database, {}, m_window.get());
+        history.show();
+        auto *removal = new RemovalDialog(
+            {.database = ShownName::Hostile,
+             .location = ShownName::Hostile,
+             .titles = {ShownName::Hostile},
+             .total = 20},
+            [](RemovalDecision) {}, m_window.get());
+        removal->show();
+        const ShownName shown(ShownName::Hostile);
+        QVERIFY(!shown.places().filter(QStringLiteral("QTreeWidget")).isEmpty());
+        QVERIFY(!shown.places().filter(QStringLiteral("QLabel")).isEmpty());
+        QCOMPARE(shown.misreadPlaces(), QStringList());
+        removal->close();
     }
 
     void theDialogForUnsavedTextShowsThemAsTheyAre() {

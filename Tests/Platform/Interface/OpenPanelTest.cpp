@@ -1,5 +1,7 @@
 #include "Platform/Interface/OpenPanel.h"
 
+#include <QtGui/QAction>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
@@ -65,6 +67,15 @@ private Q_SLOTS:
     void theNameOfAChosenFolderIsShown() {
         choose("folder");
         QCOMPARE(nameField()->text(), QStringLiteral("folder"));
+    }
+
+    void noFileCanBeDeleted() {
+        choose("file");
+        QTest::keyClick(m_panel->findChild<QListView *>(QStringLiteral("listView")),
+                        Qt::Key_Delete);
+        m_panel->findChild<QAction *>(QStringLiteral("qt_delete_action"))->trigger();
+        QVERIFY(QFile::exists(path("file")));
+        QCOMPARE(QApplication::activeModalWidget(), m_panel.get());
     }
 
     void whatDoesNotExistIsNotChosen() {

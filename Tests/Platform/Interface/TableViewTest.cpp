@@ -12,18 +12,18 @@
 
 namespace {
 
-class Person : public QObject {
+class Contact : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString name MEMBER m_name)
 public:
-    explicit Person(const QString &name) : m_name(name) {}
+    explicit Contact(const QString &name) : m_name(name) {}
 
 private:
     QString m_name;
 };
 
 QVariant person(const char *name) {
-    return QVariant::fromValue(std::make_shared<Person>(QLatin1StringView(name)));
+    return QVariant::fromValue(std::make_shared<Contact>(QLatin1StringView(name)));
 }
 
 class LoudTransformer : public ValueTransformer {
