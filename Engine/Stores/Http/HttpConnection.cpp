@@ -161,11 +161,11 @@ CURLcode HttpConnection::run(const EngineFuture &future) {
     m_idleDeadline = QDeadlineTimer(m_options.timeouts.idle);
     const std::stop_callback wakeUp(future.cancellation(),
                                     [this] { curl_multi_wakeup(m_multi.get()); });
-    curl_multi_add_handle(m_multi.get(), m_easy.get());
+    check(curl_multi_add_handle(m_multi.get(), m_easy.get()));
     std::optional<CURLcode> result;
     while (!result && !m_error) {
         int count = 0;
-        curl_multi_perform(m_multi.get(), &count);
+        check(curl_multi_perform(m_multi.get(), &count));
         if (const CURLMsg *message = curl_multi_info_read(m_multi.get(), &count)) {
             result = message->data.result;
         } else if (future.isCancelled()) {
@@ -181,11 +181,24 @@ CURLcode HttpConnection::run(const EngineFuture &future) {
                 server());
         } else {
             const qint64 wait = std::min(end.remainingTime(), m_idleDeadline.remainingTime());
-            curl_multi_poll(m_multi.get(), nullptr, 0, static_cast<int>(wait) + 1, nullptr);
+            check(curl_multi_poll(m_multi.get(), nullptr, 0, static_cast<int>(wait) + 1, nullptr));
         }
     }
-    curl_multi_remove_handle(m_multi.get(), m_easy.get());
+    check(curl_multi_remove_handle(m_multi.get(), m_easy.get()));
     return result.value_or(CURLE_ABORTED_BY_CALLBACK);
+}
+
+void HttpConnection::check(CURLMcode code) {
+    if (code != CURLM_OK && !m_error) {
+        m_error = unreachable(QString::fromUtf8(curl_multi_strerror(code)));
+    }
+}
+
+Error HttpConnection::unreachable(const QString &reason) const {
+    return engineError(
+        EngineErrorCode::StoreUnreachable,
+        localizedSyncString("The server “%1” cannot be reached: %2. Check the network connection.")
+            .arg(server(), reason));
 }
 
 size_t HttpConnection::takeHeader(char *bytes, size_t size, size_t count, void *connection) {
@@ -305,10 +318,7 @@ Error HttpConnection::transportError(CURLcode code) const {
                            "whether the server is running.",
                            server());
     }
-    return engineError(
-        EngineErrorCode::StoreUnreachable,
-        localizedSyncString("The server “%1” cannot be reached: %2. Check the network connection.")
-            .arg(server(), text));
+    return unreachable(text);
 }
 
 QString HttpConnection::server() const {

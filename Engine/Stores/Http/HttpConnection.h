@@ -53,6 +53,9 @@ private:
     void configure(const HttpClient::Request &request);
     void configureHeaders(const HttpClient::Request &request);
     void configureBody(const HttpClient::Request &request);
+    /// Sets the error if libcurl has reported one and none is set.
+    void check(CURLMcode code);
+    Error unreachable(const QString &reason) const;
     /// Performs the request. Blocks.
     CURLcode run(const EngineFuture &future);
     bool takeHeaderLine(const QByteArray &line);

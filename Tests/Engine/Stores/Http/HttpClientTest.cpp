@@ -1,3 +1,5 @@
+#include <sys/syscall.h>
+
 #include <QtCore/QMutex>
 #include <QtNetwork/QSslSocket>
 #include <thread>
@@ -5,6 +7,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Http/HttpClient.h"
+#include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestMain.h"
@@ -170,6 +173,23 @@ private Q_SLOTS:
         QCOMPARE(code(refused), EngineErrorCode::StoreUnreachable);
         QVERIFY(description(refused).contains(QStringLiteral("refused the connection")));
         QVERIFY(description(refused).contains(QStringLiteral("127.0.0.1:%1").arg(port)));
+    }
+
+    void aFailureToWaitEndsTheRequestAtOnce() {
+        const ScriptedServer server([](Connection &connection) { connection.waitUntilClosed(); });
+        for (const int number : {SYS_poll, SYS_ppoll}) {
+            QElapsedTimer time;
+            time.start();
+            runWithFailingSystemCall(number, EINVAL, [&] {
+                HttpClient client(HttpClient::Options{.timeouts = {.idle = 5s, .total = 10s}});
+                client.send({.method = "GET", .URL = QUrl(server.URLText(QStringLiteral("x")))},
+                            EngineFuture());
+            });
+            if (time.elapsed() < 2000) {
+                return;
+            }
+        }
+        QFAIL("the request was waited for");
     }
 
     void aServerThatSaysNothingIsGivenUp() {
