@@ -3,8 +3,18 @@
 #include <sys/prctl.h>
 #include <sys/resource.h>
 
-void ProcessProtection::apply() {
+#include <QtCore/QCoreApplication>
+
+Expected<void> ProcessProtection::apply() {
     const rlimit none = {};
-    setrlimit(RLIMIT_CORE, &none);
-    prctl(PR_SET_DUMPABLE, 0);
+    const bool hasNoCoreFile = setrlimit(RLIMIT_CORE, &none) == 0;
+    const bool isUnreadable = prctl(PR_SET_DUMPABLE, 0) == 0;
+    if (hasNoCoreFile && isUnreadable) {
+        return {};
+    }
+    return failure({.domain = QStringLiteral("Velmora"),
+                    .localizedDescription = QCoreApplication::translate(
+                        "ProcessProtection",
+                        "Other programs of yours may be able to read passwords in the memory of "
+                        "Velmora, because the system did not let it protect its memory.")});
 }

@@ -22,16 +22,26 @@ QString socketPath(const QString &profile) {
 
 }  // namespace
 
-RunningInstance::RunningInstance(const QString &profile, QObject *parent) : QObject(parent) {
-    const QString path = socketPath(profile);
-    if (path.isEmpty()) {
-        return;
-    }
+RunningInstance::RunningInstance(const QString &profile, QObject *parent)
+    : QObject(parent), m_path(socketPath(profile)) {
     connect(&m_server, &QLocalServer::newConnection, this, &RunningInstance::answer);
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
+}
+
+Expected<void> RunningInstance::listen() {
+    if (m_path.isEmpty()) {
+        return {};
+    }
     // The profile is locked, so this socket can only be that of a process that was killed.
-    QLocalServer::removeServer(path);
-    m_server.listen(path);
+    QLocalServer::removeServer(m_path);
+    if (m_server.listen(m_path)) {
+        return {};
+    }
+    return failure(
+        {.domain = QStringLiteral("Velmora"),
+         .localizedDescription =
+             tr("A second start of Velmora will not find these windows: %1 cannot be used (%2).")
+                 .arg(m_path, m_server.errorString())});
 }
 
 void RunningInstance::answer() {

@@ -3,16 +3,21 @@
 #include <QtCore/QObject>
 #include <QtNetwork/QLocalServer>
 
+#include "Platform/Foundation/Expected.h"
+
 /// The process that shows the windows of a profile, as other processes of the same user find it: a
 /// local socket in the user's runtime folder, accessible only to the user. Must be used on the main
 /// thread.
 class RunningInstance : public QObject {
     Q_OBJECT
 public:
-    /// Listens for other starts. The process must hold the lock of the profile in the folder
-    /// `profile`, since a socket left by another process is removed. Without a runtime folder, or
-    /// if it cannot listen, it has no effect.
+    /// The profile is in the folder `profile`.
     explicit RunningInstance(const QString &profile, QObject *parent = nullptr);
+
+    /// Listens for other starts. Must be called once. The process must hold the lock of the
+    /// profile, since a socket left by another process is removed. Without a runtime folder, it has
+    /// no effect.
+    Expected<void> listen();
 
     /// Asks the process that shows the windows of the profile in the folder `profile` to raise
     /// them. Returns whether it has confirmed. Blocks until then, for at most 2 seconds (one each
@@ -27,5 +32,7 @@ private:
     /// Confirms the requests that have arrived.
     void answer();
 
+    /// The path of the socket; empty if there is no runtime folder.
+    const QString m_path;
     QLocalServer m_server;
 };

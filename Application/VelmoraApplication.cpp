@@ -5,12 +5,12 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyleFactory>
 #include <algorithm>
-#include <cstdio>
 
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/RemovalDialog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/NotificationCenter.h"
+#include "Platform/Foundation/TerminalText.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Security/SecretStore.h"
 
@@ -79,7 +79,7 @@ void VelmoraApplication::logItemCmd(const QString &title, const QString &info) {
 
 void VelmoraApplication::presentError(const Error &error) {
     if (m_isBatch) {
-        std::fprintf(stderr, "%s\n", qPrintable(error.localizedDescription));
+        TerminalText::printError(error.localizedDescription);
         return;
     }
     auto *box = new QMessageBox(QMessageBox::Warning, applicationDisplayName(), {}, QMessageBox::Ok,
@@ -102,9 +102,11 @@ QuestionPresenter::Withdrawal VelmoraApplication::ask(const Question &question,
     box->setAttribute(Qt::WA_DeleteOnClose);
     QPushButton *accept = box->addButton(question.acceptTitle, QMessageBox::AcceptRole);
     box->setDefaultButton(box->addButton(question.refuseTitle, QMessageBox::RejectRole));
-    connect(box, &QDialog::finished, this, [box, accept, handler = std::move(handler)] {
-        handler(box->clickedButton() == accept);
-    });
+    // A box that is withdrawn after it was answered finishes again.
+    connect(
+        box, &QDialog::finished, this,
+        [box, accept, handler = std::move(handler)] { handler(box->clickedButton() == accept); },
+        Qt::SingleShotConnection);
     box->open();
     return [shown = QPointer(box)] {
         if (shown) {
@@ -128,7 +130,7 @@ bool VelmoraApplication::notify(QObject *receiver, QEvent *event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const AssertionFailure &failure) {
-        std::fprintf(stderr, "%s\n", qPrintable(failure.report()));
+        TerminalText::printError(failure.report());
         logItemCmd(tr("Internal error:"), failure.report());
         presentError({.domain = QStringLiteral("Velmora"),
                       .localizedDescription = tr(

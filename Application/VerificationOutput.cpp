@@ -4,6 +4,8 @@
 #include <QtCore/QJsonArray>
 #include <cstdlib>
 
+#include "Platform/Foundation/TerminalText.h"
+
 namespace {
 
 using Outcome = VerificationReport::Outcome;
@@ -63,9 +65,9 @@ QJsonObject json(const VerificationReport::Part &part) {
 QString VerificationOutput::text(const VerificationReport &report) {
     QStringList lines;
     for (const VerificationReport::Part &part : report.parts) {
-        lines.append(headline(part));
+        lines.append(TerminalText::line(headline(part)));
         for (const QString &sentence : part.repairs + part.problems) {
-            lines.append(QStringLiteral("    ") + sentence);
+            lines.append(QStringLiteral("    ") + TerminalText::line(sentence));
         }
     }
     lines.append(conclusion(report.outcome()));

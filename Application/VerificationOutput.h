@@ -7,7 +7,7 @@
 /// How `velmora verify` reports to the user and to scripts.
 namespace VerificationOutput {
 
-/// Returns the report as text of several lines.
+/// Returns the report as text of several lines, in which names have no control characters.
 QString text(const VerificationReport &report);
 /// Returns the report as JSON: "outcome" and "parts", each of these with "name", "outcome",
 /// "extent", "repairs" and "problems". An outcome is "sound", "problems" or "not checked".

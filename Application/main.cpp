@@ -25,6 +25,7 @@
 #include "Application/VerificationOutput.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/Log.h"
+#include "Platform/Foundation/TerminalText.h"
 
 namespace {
 
@@ -32,15 +33,20 @@ constexpr std::chrono::seconds RaiseTimeout(3);
 constexpr std::chrono::milliseconds RaiseInterval(50);
 
 int fail(VelmoraApplication &application, const Error &error, bool isBatch) {
-    std::fprintf(stderr, "%s\n", qPrintable(error.localizedDescription));
+    TerminalText::printError(error.localizedDescription);
     if (!error.localizedFailureReason.isEmpty()) {
-        std::fprintf(stderr, "%s\n", qPrintable(error.localizedFailureReason));
+        TerminalText::printError(error.localizedFailureReason);
     }
     if (!isBatch) {
         application.presentError(error);
         QApplication::exec();
     }
     return EXIT_FAILURE;
+}
+
+/// Writes `text`, which may have several lines, to the standard output.
+void print(const QString &text) {
+    std::fputs(TerminalText::lines(text).toUtf8().constData(), stdout);
 }
 
 /// Renders Sync Preferences as the user would see them, and writes the picture to `file`.
@@ -66,7 +72,7 @@ Expected<void> writeScreenshot(const QString &file) {
 
 Expected<void> printDescription(const NoteLibrary &library) {
     return describeProfile(library).map([](const QJsonObject &description) {
-        std::fputs(QJsonDocument(description).toJson().constData(), stdout);
+        print(QString::fromUtf8(QJsonDocument(description).toJson()));
     });
 }
 
@@ -77,7 +83,7 @@ int runBatch(VelmoraApplication &application, LaunchOptions options, const NoteL
         options.describe = true;
         std::printf(
             "There is no display to open a window on. A picture of Sync Preferences is in\n%s\n",
-            qPrintable(options.screenshot));
+            qPrintable(TerminalText::line(options.screenshot)));
     }
     Expected<void> result;
     if (!options.screenshot.isEmpty()) {
@@ -89,6 +95,12 @@ int runBatch(VelmoraApplication &application, LaunchOptions options, const NoteL
     return result ? EXIT_SUCCESS : fail(application, result.error(), true);
 }
 
+void logIfFailed(VelmoraApplication &application, const Expected<void> &result) {
+    if (!result) {
+        application.logItemCmd(QStringLiteral("Velmora:"), result.error().localizedDescription);
+    }
+}
+
 int runWindows(VelmoraApplication &application, const LaunchOptions &options,
                NoteLibrary *library) {
     MainWindow window(library, application.eventLog(), options.profile);
@@ -97,7 +109,8 @@ int runWindows(VelmoraApplication &application, const LaunchOptions &options,
         window.saveAll();
         QCoreApplication::exit();
     });
-    const RunningInstance instance(options.profile);
+    RunningInstance instance(options.profile);
+    logIfFailed(application, instance.listen());
     QObject::connect(&instance, &RunningInstance::raiseRequested, &window,
                      &MainWindow::bringToFront);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
@@ -169,10 +182,8 @@ int runVerification(VelmoraApplication &application, const LaunchOptions &option
     }
     const VerificationReport report =
         sync.verify(options.repair ? VerificationMode::Repair : VerificationMode::Report);
-    const QByteArray output = options.json
-                                  ? QJsonDocument(VerificationOutput::json(report)).toJson()
-                                  : VerificationOutput::text(report).toUtf8();
-    std::fputs(output.constData(), stdout);
+    print(options.json ? QString::fromUtf8(QJsonDocument(VerificationOutput::json(report)).toJson())
+                       : VerificationOutput::text(report));
     return VerificationOutput::exitCode(report.outcome());
 }
 
@@ -181,7 +192,9 @@ int runVerification(VelmoraApplication &application, const LaunchOptions &option
 int main(int argumentCount, char **arguments) {
 #ifndef VELMORA_IS_SANITIZED
     // The leak check of a sanitizer reads the memory of the process as a debugger does.
-    ProcessProtection::apply();
+    const Expected<void> isProtected = ProcessProtection::apply();
+#else
+    const Expected<void> isProtected;
 #endif
     installAssertionReporter();
     QCoreApplication::setOrganizationName(QStringLiteral("Velmora"));
@@ -218,6 +231,7 @@ int main(int argumentCount, char **arguments) {
         QCoreApplication::installTranslator(&translator);
     }
     Log::sendToSystemLog();
+    logIfFailed(application, isProtected);
     if (!QAbstractEventDispatcher::instance()->inherits("QEventDispatcherGlib")) {
         application.logItemCmd(
             QStringLiteral("Velmora:"),

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "Platform/Foundation/TerminalText.h"
 #include "Platform/Foundation/UserDefaults.h"
 
 namespace Log {
@@ -14,9 +15,9 @@ QtMessageHandler previousHandler = nullptr;
 
 void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &text) {
     if (context.category && std::strcmp(context.category, category().categoryName()) == 0) {
-        syslog(LOG_USER | LOG_INFO, "%s", text.toUtf8().constData());
+        syslog(LOG_USER | LOG_INFO, "%s", TerminalText::line(text).toUtf8().constData());
     } else {
-        previousHandler(type, context, text);
+        previousHandler(type, context, TerminalText::lines(text));
     }
 }
 

@@ -1380,6 +1380,18 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Schlüsselbund enthält noch, was zum entfernten Ort „%1“ gehört. Velmora löscht es beim nächsten Start. (%2)</translation>
     </message>
     <message>
+        <source>“%1” and this computer are not paired: the question was not accepted. Synchronize again in a while, and accept it on both computers.</source>
+        <translation>„%1“ und dieser Computer sind nicht verbunden: Die Frage wurde nicht angenommen. Synchronisieren Sie nach einer Weile erneut, und nehmen Sie die Frage auf beiden Computern an.</translation>
+    </message>
+    <message>
+        <source>The list of mounted volumes cannot be read: %1.</source>
+        <translation>Die Liste der eingehängten Datenträger kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>The password for “%1” was not sent, because others on the network could read it. Edit the location: choose HTTPS, or accept that.</source>
+        <translation>Das Passwort für „%1“ wurde nicht gesendet, weil andere im Netzwerk es lesen könnten. Bearbeiten Sie den Ort: Wählen Sie HTTPS, oder nehmen Sie das hin.</translation>
+    </message>
+    <message>
         <source>direct connections</source>
         <translation>Direktverbindungen</translation>
     </message>

@@ -413,6 +413,20 @@
     </message>
 </context>
 <context>
+    <name>ProcessProtection</name>
+    <message>
+        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory.</source>
+        <translation>Andere Ihrer Programme können möglicherweise Passwörter im Speicher von Velmora lesen, weil das System den Schutz des Speichers nicht zugelassen hat.</translation>
+    </message>
+</context>
+<context>
+    <name>RunningInstance</name>
+    <message>
+        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2).</source>
+        <translation>Ein zweiter Start von Velmora findet diese Fenster nicht: %1 kann nicht verwendet werden (%2).</translation>
+    </message>
+</context>
+<context>
     <name>main</name>
     <message>
         <source>The picture cannot be written to %1.</source>

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <QtCore/QProcess>
+#include <QtCore/QSettings>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 
@@ -101,10 +102,21 @@ class ProcessMemoryTest : public QObject {
         QCoreApplication::setApplicationName(name);
     }
 
+    /// Stores that the user has accepted the sheet of the location, as the program does.
+    void acceptUnencryptedPassword() const {
+        QSettings settings(m_folder.filePath(QStringLiteral("config/Velmora/Velmora.conf")),
+                           QSettings::NativeFormat);
+        settings.setValue(
+            QStringLiteral("QVUnencryptedPasswordAccepted localhost:%1").arg(m_server->port()),
+            true);
+    }
+
     std::unique_ptr<QProcess> start() const {
         QDir().mkdir(runtimeFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("HOME"), m_folder.path());
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                           m_folder.filePath(QStringLiteral("config")));
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeFolder());
         auto process = std::make_unique<QProcess>();
         process->setProcessEnvironment(environment);
@@ -133,9 +145,8 @@ private Q_SLOTS:
     void aProtectedProcessWritesNoCoreFileAndCannotBeReadByOthers() {
         const pid_t child = fork();
         if (child == 0) {
-            ProcessProtection::apply();
             rlimit limit = {1, 1};
-            const bool isProtected = prctl(PR_GET_DUMPABLE) == 0 &&
+            const bool isProtected = ProcessProtection::apply() && prctl(PR_GET_DUMPABLE) == 0 &&
                                      getrlimit(RLIMIT_CORE, &limit) == 0 && limit.rlim_cur == 0;
             _exit(isProtected ? EXIT_SUCCESS : EXIT_FAILURE);
         }
@@ -149,6 +160,7 @@ private Q_SLOTS:
         m_server = std::make_unique<WebDAVServer>(WebDAVServer::Options());
         writeProfile();
         storePassword();
+        acceptUnencryptedPassword();
         const auto process = start();
         QTRY_VERIFY_WITH_TIMEOUT(isSynchronized(), Patience);
 

@@ -167,6 +167,29 @@ private Q_SLOTS:
                  qPrintable(forgotten.output));
     }
 
+    void aTerminalIsNotControlledByNames() {
+        for (const char *column : {"databases SET name", "states SET database_name"}) {
+            executeInProfile(
+                QStringLiteral(
+                    "UPDATE %1 = char(27) || ']0;owned' || char(7, 8238, 155, 10) || 'x'")
+                    .arg(QLatin1StringView(column)));
+        }
+        const auto isHarmless = [](const QString &text) {
+            return std::all_of(text.begin(), text.end(), [](QChar character) {
+                return character == u'\n' || character.isPrint();
+            });
+        };
+        for (const QStringList &arguments :
+             {QStringList{QStringLiteral("verify")},
+              QStringList{QStringLiteral("verify"), QStringLiteral("--json")},
+              QStringList{QStringLiteral("--describe")}}) {
+            const Run shown = run(arguments);
+            QVERIFY(shown.output.contains(QStringLiteral("]0;owned")));
+            QVERIFY2(isHarmless(shown.output), qPrintable(shown.output));
+            QVERIFY2(isHarmless(shown.errors), qPrintable(shown.errors));
+        }
+    }
+
     void whatIsNotSynchronizedIsAProblemThatSynchronizingRepairs() {
         QVERIFY(QFile::remove(record()));
         const auto before = contents(store());

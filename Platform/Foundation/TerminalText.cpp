@@ -1,0 +1,48 @@
+#include "Platform/Foundation/TerminalText.h"
+
+#include <cstdio>
+
+namespace {
+
+bool isShownAsItIs(char32_t character) {
+    switch (QChar::category(character)) {
+        case QChar::Other_Control:
+        case QChar::Other_Format:
+        case QChar::Separator_Line:
+        case QChar::Separator_Paragraph:
+            return false;
+        default:
+            return true;
+    }
+}
+
+QString escaped(char32_t character) {
+    QString result;
+    for (const char16_t unit : QChar::fromUcs4(character)) {
+        result += QStringLiteral("\\u%1").arg(QString::number(unit, 16).toUpper(), 4, u'0');
+    }
+    return result;
+}
+
+QString escapedText(const QString &text, bool keepsLineFeeds) {
+    QString result;
+    for (const char32_t character : text.toUcs4()) {
+        const bool isKept = isShownAsItIs(character) || (keepsLineFeeds && character == U'\n');
+        result += isKept ? QString::fromUcs4(&character, 1) : escaped(character);
+    }
+    return result;
+}
+
+}  // namespace
+
+QString TerminalText::line(const QString &text) {
+    return escapedText(text, false);
+}
+
+QString TerminalText::lines(const QString &text) {
+    return escapedText(text, true);
+}
+
+void TerminalText::printError(const QString &text) {
+    std::fprintf(stderr, "%s\n", qPrintable(line(text)));
+}

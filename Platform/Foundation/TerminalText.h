@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtCore/QString>
+
+#include "Platform/PlatformExport.h"
+
+/// Shows texts as they are on a terminal, which would take control characters in them for commands.
+/// Every text that holds a name or message from outside must go through one of these functions.
+/// Thread-safe.
+namespace TerminalText {
+
+/// Returns `text` on one line: the control and format characters (Unicode categories Cc and Cf) and
+/// line separators in it are replaced by escapes such as "\\u001B".
+PLATFORM_EXPORT QString line(const QString &text);
+/// Does the same, but keeps line feeds. JSON keeps its meaning.
+PLATFORM_EXPORT QString lines(const QString &text);
+
+/// Writes line(text) and a line feed to the standard error output.
+PLATFORM_EXPORT void printError(const QString &text);
+
+}  // namespace TerminalText
