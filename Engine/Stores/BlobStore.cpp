@@ -78,6 +78,13 @@ QString BlobStore::place(const QString &name) const {
     return URL().stringWithoutPassword() + u'/' + name;
 }
 
+Error BlobStore::notReturned(const QString &name) const {
+    return engineError(
+        EngineErrorCode::DamagedRecord,
+        "The location lists the record “%1” but does not return it. Check the server or the disk.",
+        place(name));
+}
+
 Error BlobStore::missing(const QString &name) const {
     return engineError(EngineErrorCode::BlobMissing, "“%1” does not exist.", place(name));
 }
@@ -109,6 +116,7 @@ Expected<EngineStore::Fetched> BlobStore::fetch(const EngineFuture &future) {
         return failure(files.error());
     }
     Fetched fetched;
+    QStringList missing;
     for (const QString &file : *files) {
         if (!file.endsWith(SyncStoreLayout::RecordEnding)) {
             continue;
@@ -119,11 +127,24 @@ Expected<EngineStore::Fetched> BlobStore::fetch(const EngineFuture &future) {
                 record(file.chopped(SyncStoreLayout::RecordEnding.size()), *name));
         } else if (isOfOneBlob(name.error())) {
             fetched.problem = fetched.problem ? fetched.problem : name.error();
-        } else if (!isEngineError(name.error(), EngineErrorCode::BlobMissing)) {
+        } else if (isEngineError(name.error(), EngineErrorCode::BlobMissing)) {
+            missing.append(file);
+        } else {
             return failure(name.error());
         }
     }
-    return fetched;
+    if (missing.isEmpty() || fetched.problem) {
+        return fetched;
+    }
+    return list(SyncStoreLayout::DatabasesFolder, future).map([&](const QStringList &listed) {
+        const auto withheld =
+            std::find_if(missing.begin(), missing.end(),
+                         [&](const QString &file) { return listed.contains(file); });
+        if (withheld != missing.end()) {
+            fetched.problem = notReturned(SyncStoreLayout::DatabasesFolder + u'/' + *withheld);
+        }
+        return fetched;
+    });
 }
 
 Expected<QString> BlobStore::databaseName(const QString &file, const EngineFuture &future) {

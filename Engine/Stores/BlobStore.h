@@ -51,6 +51,9 @@ public:
 
     /// Returns the location of `name` as text for the user.
     virtual QString place(const QString &name) const;
+    /// Returns the error, of the code DamagedRecord, for a record that was missing when it was read
+    /// but is listed again.
+    Error notReturned(const QString &name) const;
 
 protected:
     /// Implementations of the operations above. Names were checked, and `future` was not cancelled
@@ -69,8 +72,8 @@ protected:
 
     /// Reads the records "databases/UUID.json". Each is a JSON object (RFC 8259) with "uuid", the
     /// UUID of the file name; "name", which is not empty; and "version", which is 1. The first
-    /// record that is damaged or not accessible is reported as `problem` next to the other
-    /// databases. If the store fails, returns only the error.
+    /// record that is damaged, not accessible, or listed again after it was missing is reported as
+    /// `problem` next to the other databases. If the store fails, returns only the error.
     Expected<Fetched> fetch(const EngineFuture &future) override;
 
 private:

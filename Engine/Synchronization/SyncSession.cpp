@@ -181,7 +181,9 @@ Expected<void> SyncSession::readTransaction(const TransactionRecords &records,
         m_damaged.append({name, {}});
     } else if (TransactionRecords::isOfOneRecord(error)) {
         addProblem(error);
-    } else if (!isEngineError(error, EngineErrorCode::BlobMissing)) {
+    } else if (isEngineError(error, EngineErrorCode::BlobMissing)) {
+        m_missing.append({name, {}});
+    } else {
         return failure(error);
     }
     return {};
@@ -199,14 +201,40 @@ Expected<void> SyncSession::verifyTransactions(BlobStore &store, const EngineFut
             setAside(records, damaged);
         }
     }
-    return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
+    return future.isCancelled() ? failure(operationCancelled()) : reportMissing(records);
+}
+
+Expected<void> SyncSession::reportMissing(const TransactionRecords &records) {
+    if (m_missing.isEmpty()) {
+        return {};
+    }
+    return records.listed().map([&](const QSet<QString> &listed) {
+        for (const Suspect &missing : std::as_const(m_missing)) {
+            if (!listed.contains(missing.name)) {
+                continue;
+            }
+            if (missing.written) {
+                m_lost.append(missing.name);
+            }
+            addProblem(
+                missing.written
+                    ? engineError(EngineErrorCode::RecordRepaired,
+                                  "The location lists the record “%1” but does not return it. This "
+                                  "computer writes its contents again.",
+                                  records.place(missing.name))
+                    : records.notReturned(missing.name));
+        }
+    });
 }
 
 bool SyncSession::verify(const TransactionRecords &records, const Suspect &suspect) {
     const Expected<TransactionRecords::Record> record = records.read(suspect.name, suspect.written);
     m_lastVerified = suspect.name;
-    // The next listing shows whether a missing record is gone.
-    if (record || isEngineError(record.error(), EngineErrorCode::BlobMissing)) {
+    if (record) {
+        return true;
+    }
+    if (isEngineError(record.error(), EngineErrorCode::BlobMissing)) {
+        m_missing.append(suspect);
         return true;
     }
     if (isEngineError(record.error(), EngineErrorCode::DamagedRecord) &&
@@ -401,7 +429,8 @@ Expected<void> SyncSession::continueReading() {
     }
     return mergeTransactions().and_then([this]() -> Expected<void> {
         if (m_unread.isEmpty() && m_read.isEmpty()) {
-            const bool areAllSound = m_suspects.isEmpty() && m_damaged.isEmpty();
+            const bool areAllSound =
+                m_suspects.isEmpty() && m_damaged.isEmpty() && m_missing.isEmpty();
             m_step = areAllSound ? Step::Collecting : Step::Verifying;
             progress().begin(SessionProgress::Phase::Preparing);
         }

@@ -12,8 +12,9 @@
 /// Each session also reads some of the records again that the profile has read or written before,
 /// and continues where the previous one stopped. A damaged record is reported as a problem and
 /// moved to a name that no reader takes for a record. What it contained is written again as far as
-/// the profile has known the record. A failed read is never taken for damage: it ends the session
-/// or, if the record was known, the verification, which is reported as a problem.
+/// the profile has known the record, and likewise if the store lists the record but does not return
+/// it. A failed read is never taken for damage: it ends the session or, if the record was known,
+/// the verification, which is reported as a problem.
 ///
 /// If more than ten notes and more than half of the database's notes would disappear by all that is
 /// read together, nothing is merged or written, and the session ends with an error of the code
@@ -93,6 +94,8 @@ private:
     /// Returns false if no further record must be read.
     bool verify(const TransactionRecords &records, const Suspect &suspect);
     void setAside(const TransactionRecords &records, const Suspect &damaged);
+    /// Reports the missing records that are listed nevertheless. Those that were known are lost.
+    Expected<void> reportMissing(const TransactionRecords &records);
     Expected<void> writeDatabaseRecord(BlobStore &store, const EngineFuture &future) const;
 
     /// Parts that only read the profile, called on a worker thread.
@@ -139,9 +142,10 @@ private:
     /// The transactions that were read and not merged, and the size in bytes of those read at once.
     QList<Read> m_read;
     qsizetype m_readSize = 0;
-    /// The known records to verify, and all that turned out to be damaged.
+    /// The known records to verify, and all records that turned out to be damaged or missing.
     QList<Suspect> m_suspects;
     QList<Suspect> m_damaged;
+    QList<Suspect> m_missing;
     /// The known records that cannot be read again, and the last one that was verified.
     QStringList m_lost;
     QString m_lastVerified;

@@ -54,6 +54,16 @@ Expected<QString> TransactionRecords::setAside(const QString &name,
         .map([&] { return place(copy); });
 }
 
+Expected<QSet<QString>> TransactionRecords::listed() const {
+    return m_store.list(m_folder, m_future).map([](const QStringList &names) {
+        return QSet(names.begin(), names.end());
+    });
+}
+
+Error TransactionRecords::notReturned(const QString &name) const {
+    return m_store.notReturned(m_folder + u'/' + name);
+}
+
 QString TransactionRecords::place(const QString &name) const {
     return m_store.place(m_folder + u'/' + name);
 }

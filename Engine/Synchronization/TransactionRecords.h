@@ -39,6 +39,12 @@ public:
     Expected<QString> setAside(const QString &name,
                                const std::optional<Contents> &written = {}) const;
 
+    /// Returns all names that the store lists now. A record that was missing when it was read, and
+    /// is still among them, was not removed by another computer.
+    Expected<QSet<QString>> listed() const;
+    /// See BlobStore::notReturned.
+    Error notReturned(const QString &name) const;
+
     /// Returns the location of the record as text for the user.
     QString place(const QString &name) const;
 

@@ -103,6 +103,7 @@ Expected<void> VerificationSession::list(BlobStore &store, const EngineFuture &f
 
 Expected<void> VerificationSession::readRecords(BlobStore &store, const EngineFuture &future) {
     const TransactionRecords records(store, subject().databaseUUID, future);
+    QStringList missing;
     for (const QString &name : std::as_const(m_names)) {
         const auto written = m_known.constFind(name);
         const Expected<TransactionRecords::Record> record = records.read(
@@ -114,12 +115,27 @@ Expected<void> VerificationSession::readRecords(BlobStore &store, const EngineFu
         } else if (TransactionRecords::isOfOneRecord(record.error())) {
             addProblem(record.error());
         } else if (isEngineError(record.error(), EngineErrorCode::BlobMissing)) {
-            return failure(engineError(
-                EngineErrorCode::StoreUnreachable,
-                localizedSyncString("Another computer changes the location. Try again later.")));
+            missing.append(name);
         } else {
             return failure(record.error());
         }
+    }
+    return missing.isEmpty() ? Expected<void>() : reportMissing(records, missing);
+}
+
+Expected<void> VerificationSession::reportMissing(const TransactionRecords &records,
+                                                  const QStringList &missing) {
+    const Expected<QSet<QString>> listed = records.listed();
+    if (!listed) {
+        return failure(listed.error());
+    }
+    for (const QString &name : missing) {
+        if (!listed->contains(name)) {
+            return failure(engineError(
+                EngineErrorCode::StoreUnreachable,
+                localizedSyncString("Another computer changes the location. Try again later.")));
+        }
+        addProblem(records.notReturned(name));
     }
     return {};
 }

@@ -31,6 +31,8 @@ private:
     Expected<void> list(BlobStore &store, const EngineFuture &future);
     Expected<void> readDatabaseRecord(BlobStore &store, const EngineFuture &future);
     Expected<void> readRecords(BlobStore &store, const EngineFuture &future);
+    /// Adds the records that are listed but were missing to the problems.
+    Expected<void> reportMissing(const TransactionRecords &records, const QStringList &missing);
     /// Adds what is missing in the profile or in the store to the problems.
     Expected<void> compare();
 

@@ -1372,6 +1372,14 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Ort entfernt %1 von %2 Notizen. Es wurde nichts geändert. Synchronisieren Sie erneut, um zu entscheiden, was mit diesen Notizen geschieht.</translation>
     </message>
     <message>
+        <source>The location lists the record “%1” but does not return it. Check the server or the disk.</source>
+        <translation>Der Ort führt den Datensatz „%1“ auf, liefert ihn aber nicht. Überprüfen Sie den Server oder das Laufwerk.</translation>
+    </message>
+    <message>
+        <source>The location lists the record “%1” but does not return it. This computer writes its contents again.</source>
+        <translation>Der Ort führt den Datensatz „%1“ auf, liefert ihn aber nicht. Dieser Computer schreibt dessen Inhalt erneut.</translation>
+    </message>
+    <message>
         <source>The record “%1” has changed while it was read. Synchronize again.</source>
         <translation>Der Datensatz „%1“ hat sich beim Lesen geändert. Synchronisieren Sie erneut.</translation>
     </message>

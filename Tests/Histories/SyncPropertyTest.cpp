@@ -368,11 +368,14 @@ private:
         const auto blob = std::next(blobs.begin(), upTo(static_cast<int>(blobs.size())));
         QByteArray &contents = blob->second;
         const int size = static_cast<int>(contents.size());
-        switch (upTo(3)) {
+        switch (upTo(4)) {
             case 0:
                 blobs.erase(blob);
                 break;
             case 1:
+                contents = MemoryStore::Withheld;
+                break;
+            case 2:
                 contents.truncate(upTo(size + 1));
                 break;
             default:
@@ -430,7 +433,7 @@ private:
             return MemoryStore::Fault::None;
         }
         if (m_kind == Kind::Damage && happens(40)) {
-            return MemoryStore::Fault::Lie;
+            return happens(50) ? MemoryStore::Fault::Lie : MemoryStore::Fault::Withhold;
         }
         return std::array{MemoryStore::Fault::Unreachable, MemoryStore::Fault::LostAnswer,
                           MemoryStore::Fault::Torn, MemoryStore::Fault::HalfKept}[upTo(4)];

@@ -50,7 +50,7 @@ Expected<QByteArray> MemoryStore::readBlob(const QString &name, qint64 limit,
         return failure(fault());
     }
     const auto blob = m_blobs.find(name);
-    if (blob == m_blobs.end()) {
+    if (blob == m_blobs.end() || found == Fault::Withhold || blob->second == Withheld) {
         return failure(missing(name));
     }
     if (found == Fault::Lie && !blob->second.isEmpty()) {

@@ -21,8 +21,13 @@ public:
         HalfKept,
         /// The operation succeeds, but a listing omits a name, a read returns another byte, and a
         /// write or removal has no effect.
-        Lie
+        Lie,
+        /// A read returns that the blob is missing although it is listed. Other operations succeed.
+        Withhold
     };
+
+    /// The contents of a blob that is listed, but always missing when it is read.
+    static inline const QByteArray Withheld = QByteArrayLiteral("withheld");
 
     using NextFault = std::function<Fault()>;
 

@@ -5,6 +5,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Folder/FolderStore.h"
 #include "Host/InboxUUID.h"
+#include "Support/MemoryStore.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -157,6 +158,18 @@ private Q_SLOTS:
         const Fetched result = fetchedAfresh();
         QCOMPARE(result.databases, QVRemoteDatabases());
         QVERIFY(result.error);
+    }
+
+    void aRecordThatIsListedButNotReturnedIsReported() {
+        const QString name = QStringLiteral("databases/%1.json").arg(FirstUUID);
+        MemoryStore::Blobs blobs{{name, MemoryStore::Withheld}};
+        const auto store = std::make_shared<MemoryStore>(blobs);
+        QCOMPARE(opened(*store), std::nullopt);
+        const Fetched result = fetched(*store);
+        QCOMPARE(result.databases, QVRemoteDatabases());
+        QVERIFY(result.error);
+        QVERIFY(result.error->localizedDescription.contains(name));
+        QVERIFY(result.error->localizedDescription.contains(QStringLiteral("does not return it")));
     }
 
     void otherFilesAreNoRecords() {

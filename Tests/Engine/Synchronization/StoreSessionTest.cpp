@@ -184,6 +184,47 @@ private Q_SLOTS:
         }
     }
 
+    void aRecordThatIsListedButNotReturnedIsWrittenAgain() {
+        const QString withheld = records().first();
+        m_blobs[withheld] = MemoryStore::Withheld;
+        const QStringList told = problems();
+        QCOMPARE(told.size(), 1);
+        QVERIFY(told.first().contains(QFileInfo(withheld).fileName()));
+        QVERIFY(told.first().contains(QStringLiteral("writes its contents again")));
+        QCOMPARE(records().size(), 3);
+        QCOMPARE(titlesOnAnotherComputer(), (QSet{QStringLiteral("a"), QStringLiteral("b")}));
+    }
+
+    void aNewRecordThatIsListedButNotReturnedIsAProblemUntilItIsReturned() {
+        m_host->goToComputer(QStringLiteral("Other"));
+        for (int i = 0; i < 2; ++i) {
+            const QStringList told = problems([operations = 0]() mutable {
+                // After the record of the database and the listing.
+                return ++operations == 3 ? MemoryStore::Fault::Withhold : MemoryStore::Fault::None;
+            });
+            QCOMPARE(told.size(), 1);
+            QVERIFY(told.first().contains(QStringLiteral("does not return it. Check")));
+            m_host->goToComputer(QStringLiteral("Third"));
+        }
+        m_host->goToComputer(QStringLiteral("Other"));
+        QCOMPARE(problems(), QStringList());
+        QCOMPARE(titles(), (QSet{QStringLiteral("a"), QStringLiteral("b")}));
+    }
+
+    void aRecordThatAnotherComputerRemovesMeanwhileIsNoProblem() {
+        for (const QString &computer : {QStringLiteral("Profile"), QStringLiteral("Other")}) {
+            m_host->goToComputer(computer);
+            const QString removed = records().first();
+            QCOMPARE(problems([&, operations = 0]() mutable {
+                         if (++operations == 3) {
+                             m_blobs.erase(removed);
+                         }
+                         return MemoryStore::Fault::None;
+                     }),
+                     QStringList());
+        }
+    }
+
     void aRecordOfANewerVersionIsNeitherMovedNorChanged() {
         const QByteArray newer = "{\"version\":2}";
         m_blobs[QStringLiteral("transactions/@inbox/") + TransactionName::of(newer)] = newer;
