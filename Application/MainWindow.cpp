@@ -89,14 +89,16 @@ void MainWindow::makeActions() {
 void MainWindow::showDatabases() {
     {
         const QSignalBlocker blocker(m_databases);
-        m_databases->clear();
         const auto databases = m_library->knownDatabases();
-        for (const auto &database : databases) {
-            m_databases->addItem(shownName(*database));
+        for (const auto &database : databases.sliced(m_databases->count())) {
+            m_databases->addItem(QString());
             connect(database.get(), &NoteDatabase::openChanged, this, &MainWindow::showDatabases,
                     Qt::UniqueConnection);
             connect(database.get(), &NoteDatabase::nameChanged, this, &MainWindow::showDatabases,
                     Qt::UniqueConnection);
+        }
+        for (int row = 0; row < m_databases->count(); ++row) {
+            m_databases->item(row)->setText(shownName(*databases[row]));
         }
         m_databases->setCurrentRow(rowOf(m_database));
     }

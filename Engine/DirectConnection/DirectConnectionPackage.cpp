@@ -5,26 +5,29 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Notes/DatabaseRecord.h"
+#include "Host/SyncStoreLayout.h"
 #include "Platform/Foundation/FileManager.h"
 
 namespace {
 
-// The inbox has a name of its own.
-const QString DatabasePattern =
-    QStringLiteral("(?:[0-9A-Fa-f]{8}(?:-[0-9A-Fa-f]{4}){3}-[0-9A-Fa-f]{12}|@inbox)");
-
-bool matches(const QString &text, const QString &pattern) {
-    return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(text).hasMatch();
-}
-
 bool isServedFolder(const QString &name) {
-    return matches(name, QStringLiteral("databases|transactions(?:/%1)?").arg(DatabasePattern));
+    return name == SyncStoreLayout::DatabasesFolder ||
+           name == SyncStoreLayout::TransactionsFolder ||
+           (name.section(u'/', 0, 0) == SyncStoreLayout::TransactionsFolder &&
+            DatabaseRecord::isUUID(name.section(u'/', 1)));
 }
 
 bool isServedBlob(const QString &name) {
-    return matches(name, QStringLiteral("databases/%1\\.json|transactions/%1/"
-                                        "[0-9A-Za-z_-][0-9A-Za-z._-]{0,127}")
-                             .arg(DatabasePattern));
+    static const QRegularExpression transaction(
+        QRegularExpression::anchoredPattern(QStringLiteral("[0-9A-Za-z_-][0-9A-Za-z._-]{0,127}")));
+    const QString folder = name.section(u'/', 0, -2);
+    const QString file = name.section(u'/', -1);
+    if (folder == SyncStoreLayout::DatabasesFolder) {
+        return DatabaseRecord::databaseUUID(file).has_value();
+    }
+    return folder != SyncStoreLayout::TransactionsFolder && isServedFolder(folder) &&
+           transaction.match(file).hasMatch();
 }
 
 Error notServed(const QString &name) {

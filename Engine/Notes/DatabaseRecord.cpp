@@ -5,6 +5,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/Operation.h"
+#include "Host/InboxUUID.h"
 #include "Host/SyncStoreLayout.h"
 
 namespace {
@@ -15,8 +16,18 @@ const QString RecordName = QStringLiteral("name");
 
 }  // namespace
 
+bool DatabaseRecord::isUUID(const QString &text) {
+    return text == InboxUUID || Operation::isUUID(text);
+}
+
 QString DatabaseRecord::path(const QString &databaseUUID) {
     return SyncStoreLayout::DatabasesFolder + u'/' + databaseUUID + SyncStoreLayout::RecordEnding;
+}
+
+std::optional<QString> DatabaseRecord::databaseUUID(const QString &file) {
+    const QString UUID = file.chopped(qMin(file.size(), SyncStoreLayout::RecordEnding.size()));
+    const bool isRecord = file.endsWith(SyncStoreLayout::RecordEnding) && isUUID(UUID);
+    return isRecord ? std::optional(UUID) : std::nullopt;
 }
 
 QByteArray DatabaseRecord::encoded(const QString &databaseUUID, const QString &name) {

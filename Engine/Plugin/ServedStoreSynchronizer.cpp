@@ -1,25 +1,34 @@
 #include "Engine/Plugin/ServedStoreSynchronizer.h"
 
-#include <QtCore/QDir>
+#include <QtCore/QDirIterator>
 #include <QtCore/QTimer>
 #include <utility>
 
 #include "Engine/Locations/EngineSyncLocation.h"
+#include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Synchronization/EngineDispatcher.h"
 #include "Host/InboxUUID.h"
+#include "Host/QVApplication.h"
+#include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 
 namespace {
 
 constexpr int MillisecondsToWait = 5000;
+/// The maximum number of files in the folder of the databases' records that are looked at.
+constexpr int MostRecords = 10'000;
 
 }  // namespace
 
 ServedStoreSynchronizer::ServedStoreSynchronizer(EngineDispatcher &dispatcher,
                                                  EngineNoteLibrary &library,
-                                                 std::shared_ptr<EngineSyncLocation> location)
-    : m_dispatcher(dispatcher), m_library(library), m_location(std::move(location)) {}
+                                                 std::shared_ptr<EngineSyncLocation> location,
+                                                 qsizetype mostDatabases)
+    : m_dispatcher(dispatcher),
+      m_library(library),
+      m_location(std::move(location)),
+      m_mostDatabases(mostDatabases) {}
 
 ServedStoreSynchronizer::~ServedStoreSynchronizer() = default;
 
@@ -31,49 +40,85 @@ void ServedStoreSynchronizer::clientWillRead(std::function<void()> proceed) {
         }
     };
     QTimer::singleShot(MillisecondsToWait, m_location.get(), proceedOnce);
-    synchronize(proceedOnce);
+    request(proceedOnce);
 }
 
 void ServedStoreSynchronizer::clientsDidWrite() {
-    if (m_isTakingOver) {
-        m_hasMoreToTakeOver = true;
-        return;
+    if (m_waiting.isEmpty()) {
+        request([] {});
     }
-    m_isTakingOver = true;
-    synchronize([this] {
-        m_isTakingOver = false;
-        if (std::exchange(m_hasMoreToTakeOver, false)) {
-            clientsDidWrite();
-        }
-    });
 }
 
-QStringList ServedStoreSynchronizer::databaseUUIDs() const {
+void ServedStoreSynchronizer::request(std::function<void()> handler) {
+    m_waiting.append(std::move(handler));
+    if (!m_isSynchronizing) {
+        synchronize();
+    }
+}
+
+QStringList ServedStoreSynchronizer::databaseUUIDs() {
     QStringList UUIDs;
-    for (const auto &database : m_library.knownDatabases()) {
+    const auto known = m_library.knownDatabases();
+    for (const auto &database : known) {
         UUIDs.append(database->isInbox() ? InboxUUID : database->UUID());
     }
-    const QDir records(m_location->URL().path() + QStringLiteral("/databases"));
-    for (const QFileInfo &record : records.entryInfoList({QStringLiteral("*.json")}, QDir::Files)) {
-        UUIDs.append(record.completeBaseName());
+    const QSet<QString> present(UUIDs.begin(), UUIDs.end());
+    qsizetype refused = 0;
+    QDirIterator records(m_location->URL().path() + u'/' + SyncStoreLayout::DatabasesFolder,
+                         QDir::Files);
+    for (int count = 0; count < MostRecords && records.hasNext(); ++count) {
+        records.next();
+        const std::optional<QString> UUID = DatabaseRecord::databaseUUID(records.fileName());
+        if (!UUID || present.contains(*UUID)) {
+            continue;
+        }
+        if (UUIDs.size() < m_mostDatabases) {
+            UUIDs.append(*UUID);
+        } else {
+            ++refused;
+        }
     }
-    UUIDs.removeDuplicates();
+    reportRefused(refused);
     return UUIDs;
 }
 
-void ServedStoreSynchronizer::synchronize(const std::function<void()> &handler) {
+void ServedStoreSynchronizer::reportRefused(qsizetype count) {
+    if (std::exchange(m_refused, count) != count && count > 0) {
+        NSApp()->logItemCmd(
+            QStringLiteral("Sync:"),
+            localizedSyncString("Databases of other computers that were not added: %1. This "
+                                "computer adds none from direct connections if it has %2 already. "
+                                "To get them, use another location on both computers.")
+                .arg(count)
+                .arg(m_mostDatabases));
+    }
+}
+
+void ServedStoreSynchronizer::synchronize() {
+    m_isSynchronizing = true;
     const QStringList UUIDs = databaseUUIDs();
     const auto left = std::make_shared<qsizetype>(UUIDs.size());
+    const auto handlers = std::exchange(m_waiting, {});
     for (const QString &UUID : UUIDs) {
         m_dispatcher.synchronizeWithStore({.databaseUUID = UUID,
                                            .databaseName = UUID,
                                            .store = Place,
                                            .place = localizedSyncString("direct connections")},
                                           m_location->createBlobStore(),
-                                          [left, handler](const auto & /*result*/) {
+                                          [this, left, handlers](const auto & /*result*/) {
                                               if (--*left == 0) {
-                                                  handler();
+                                                  finish(handlers);
                                               }
                                           });
+    }
+}
+
+void ServedStoreSynchronizer::finish(const QList<std::function<void()>> &handlers) {
+    m_isSynchronizing = false;
+    if (!m_waiting.isEmpty()) {
+        synchronize();
+    }
+    for (const std::function<void()> &handler : handlers) {
+        handler();
     }
 }

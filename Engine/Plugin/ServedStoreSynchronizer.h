@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QList>
 #include <QtCore/QStringList>
 #include <memory>
 
@@ -11,38 +12,50 @@ class EngineSyncLocation;
 
 /// Keeps the served store in sync with the databases of the profile: the store receives their
 /// changes before a client reads it, and they receive what clients have written. A database that
-/// the profile does not have yet is created, because the user has authorized every client. Must be
-/// used on the main thread.
+/// the profile does not have yet is created, because the user has authorized every client, unless
+/// the profile has many already, which is reported in the application's log. Requests that are made
+/// while it synchronizes are combined into one synchronization that follows. Must be used on the
+/// main thread.
 class ServedStoreSynchronizer : public ServedStoreObserver {
 public:
     /// Identifies the served store in the profile.
     static inline const QString Place = QStringLiteral("direct connections");
 
+    /// A profile with this many databases gets no further ones from clients.
+    static constexpr qsizetype MostDatabases = 500;
+
     /// `dispatcher` and `library` are not owned and must outlive this object. `location` is that of
     /// the served store and must not be null.
     ServedStoreSynchronizer(EngineDispatcher &dispatcher, EngineNoteLibrary &library,
-                            std::shared_ptr<EngineSyncLocation> location);
+                            std::shared_ptr<EngineSyncLocation> location,
+                            qsizetype mostDatabases = MostDatabases);
     ~ServedStoreSynchronizer() override;
 
     /// Synchronizes all databases and then calls `proceed`, at the latest after 5 seconds: the
     /// other computer may be waiting for this one in turn. Changes that arrive later are served to
     /// the next client.
     void clientWillRead(std::function<void()> proceed) override;
-    /// Starts to synchronize all databases. While that runs, further calls are combined into one.
+    /// Synchronizes all databases.
     void clientsDidWrite() override;
 
 private:
-    /// Returns the databases of the profile and of the store, without duplicates.
-    QStringList databaseUUIDs() const;
-    /// Starts one job for each database; `handler` is called when all have ended, successfully or
-    /// not.
-    void synchronize(const std::function<void()> &handler);
+    /// Returns the databases of the profile, and those of the store that may be created.
+    QStringList databaseUUIDs();
+    /// Reports the number of databases that may not be created if it is not the one reported last.
+    void reportRefused(qsizetype count);
+    /// Calls `handler` after the next synchronization that begins from now on.
+    void request(std::function<void()> handler);
+    /// Starts one job for each database. When all have ended, successfully or not, calls the
+    /// handlers that were waiting, and starts again if others are waiting.
+    void synchronize();
+    void finish(const QList<std::function<void()>> &handlers);
 
     /// Runs the jobs; only one for each database and store at a time.
     EngineDispatcher &m_dispatcher;
     EngineNoteLibrary &m_library;
     const std::shared_ptr<EngineSyncLocation> m_location;
-    /// Whether clientsDidWrite() is synchronizing, and whether it must do so again afterwards.
-    bool m_isTakingOver = false;
-    bool m_hasMoreToTakeOver = false;
+    const qsizetype m_mostDatabases;
+    bool m_isSynchronizing = false;
+    QList<std::function<void()>> m_waiting;
+    qsizetype m_refused = 0;
 };

@@ -2,18 +2,12 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DatabaseRecord.h"
-#include "Engine/Notes/Operation.h"
-#include "Host/InboxUUID.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 
 namespace {
 
 constexpr qsizetype LongestNamePart = 255;
-
-bool isDatabaseUUID(const QString &text) {
-    return text == InboxUUID || Operation::isUUID(text);
-}
 
 bool isNamePart(QStringView part) {
     const bool isLengthAllowed = !part.isEmpty() && part.toUtf8().size() <= LongestNamePart;
@@ -151,8 +145,8 @@ Expected<QString> BlobStore::databaseName(const QString &file, const EngineFutur
     const QString path = SyncStoreLayout::DatabasesFolder + u'/' + file;
     const Error damaged =
         engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", place(path));
-    const QString UUID = file.chopped(SyncStoreLayout::RecordEnding.size());
-    if (!isDatabaseUUID(UUID)) {
+    const std::optional<QString> UUID = DatabaseRecord::databaseUUID(file);
+    if (!UUID) {
         return failure(damaged);
     }
     const Expected<QByteArray> contents = read(path, RecordLimit, future);
@@ -160,5 +154,5 @@ Expected<QString> BlobStore::databaseName(const QString &file, const EngineFutur
         const bool isRefused = isEngineError(contents.error(), EngineErrorCode::BlobRefused);
         return failure(isRefused ? damaged : contents.error());
     }
-    return DatabaseRecord::name(*contents, UUID, place(path));
+    return DatabaseRecord::name(*contents, *UUID, place(path));
 }

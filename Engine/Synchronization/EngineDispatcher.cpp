@@ -129,12 +129,11 @@ void EngineDispatcher::announceProgress() {
 void EngineDispatcher::synchronizeWithStore(
     const StoreSession::Subject &subject, const std::shared_ptr<BlobStore> &store,
     std::function<void(const Expected<void> &result)> handler) {
-    m_waiting.append({std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, m_profile,
-                                                m_library, subject, store),
-                      store->place({}),
-                      nullptr,
-                      {std::move(handler)}});
-    startWaiting();
+    add({std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, m_profile, m_library, subject,
+                                   store),
+         store->place({}),
+         nullptr,
+         {std::move(handler)}});
 }
 
 void EngineDispatcher::cancelJobsOfLocation(const QString &identifier) {
@@ -155,13 +154,15 @@ void EngineDispatcher::cancelJobs(const std::function<bool(const Entry &)> &isCa
             hasChanged = true;
         }
     }
-    m_waiting.removeIf([&](const Entry &entry) {
-        const bool isRemoved = isCancelled(entry);
-        for (const auto &handler : isRemoved ? entry.handlers : decltype(entry.handlers)()) {
-            postHandler([handler] { handler(failure(operationCancelled())); });
-        }
-        return isRemoved;
-    });
+    for (QList<Entry> &entries : m_waiting) {
+        entries.removeIf([&](const Entry &entry) {
+            const bool isRemoved = isCancelled(entry);
+            for (const auto &handler : isRemoved ? entry.handlers : decltype(entry.handlers)()) {
+                postHandler([handler] { handler(failure(operationCancelled())); });
+            }
+            return isRemoved;
+        });
+    }
     if (hasChanged) {
         announceActivity();
     }
@@ -175,10 +176,11 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
         postHandler(handler);
         return;
     }
-    const auto waiting = std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Entry &entry) {
+    QList<Entry> &entries = m_waiting[location->identifier()];
+    const auto waiting = std::find_if(entries.begin(), entries.end(), [&](const Entry &entry) {
         return entry.state == state && entry.job->kind() == kind;
     });
-    if (waiting != m_waiting.end()) {
+    if (waiting != entries.end()) {
         waiting->handlers.append([handler](const auto &) { handler(); });
         return;
     }
@@ -193,37 +195,36 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
     const QString title = EngineLocationFormatter(location->URL(), location->kind()).title();
     const StoreSession::Subject subject{state->databaseUUID(), state->databaseName(),
                                         location->identifier(), title};
-    m_waiting.append({std::make_shared<SyncJob>(kind, m_profile, m_library, subject,
-                                                location->createBlobStore()),
-                      title,
-                      state,
-                      {[handler](const auto &) { handler(); }}});
     connect(state.get(), &QVSyncState::enabledChanged, this, &EngineDispatcher::cancelDisabledJobs,
             Qt::UniqueConnection);
-    startWaiting();
+    add({std::make_shared<SyncJob>(kind, m_profile, m_library, subject,
+                                   location->createBlobStore()),
+         title,
+         state,
+         {[handler](const auto &) { handler(); }}});
 }
 
 void EngineDispatcher::postHandler(std::function<void()> handler) {
     QMetaObject::invokeMethod(this, std::move(handler), Qt::QueuedConnection);
 }
 
-void EngineDispatcher::startWaiting() {
-    for (qsizetype i = 0; i < m_waiting.size();) {
-        const std::shared_ptr<SyncJob> job = m_waiting[i].job;
-        if (isBusy(job->subject())) {
-            ++i;
-            continue;
-        }
-        m_running.append(m_waiting.takeAt(i));
+void EngineDispatcher::add(const Entry &entry) {
+    const QString store = entry.job->subject().store;
+    m_waiting[store].append(entry);
+    startNext(store);
+}
+
+void EngineDispatcher::startNext(const QString &store) {
+    const bool isBusy = std::any_of(m_running.begin(), m_running.end(), [&](const Entry &entry) {
+        return entry.job->subject().store == store;
+    });
+    QList<Entry> &entries = m_waiting[store];
+    if (!isBusy && !entries.isEmpty()) {
+        m_running.append(entries.takeFirst());
+        const std::shared_ptr<SyncJob> job = m_running.last().job;
         job->start(m_threads, [this, job = job.get()] { ended(job); });
     }
     announceActivity();
-}
-
-bool EngineDispatcher::isBusy(const StoreSession::Subject &subject) const {
-    return std::any_of(m_running.begin(), m_running.end(), [&](const Entry &entry) {
-        return entry.job->subject().store == subject.store;
-    });
 }
 
 void EngineDispatcher::ended(const SyncJob *job) {
@@ -238,7 +239,7 @@ void EngineDispatcher::ended(const SyncJob *job) {
     if (const auto removal = done.job->undecidedRemoval()) {
         askAboutRemoval(done, *removal);
     }
-    startWaiting();
+    startNext(done.job->subject().store);
     for (const auto &handler : done.handlers) {
         handler(done.job->result());
     }
@@ -284,13 +285,11 @@ void EngineDispatcher::synchronizeAgain(const Entry &entry, const SyncSession::D
     if (decision.decision == RemovalDecision::Later || (entry.state && !entry.state->isEnabled())) {
         return;
     }
-    m_waiting.append(
-        {std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, m_profile, m_library,
+    add({std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, m_profile, m_library,
                                    entry.job->subject(), entry.job->store(), decision),
          entry.title,
          entry.state,
          {}});
-    startWaiting();
 }
 
 QString EngineDispatcher::nameOf(const StoreSession::Subject &subject) const {

@@ -79,11 +79,11 @@ private:
     /// Announces the progress if it has changed, now or when the timer ends, which limits how often
     /// that is done.
     void announceProgress();
-    /// Starts the waiting jobs whose stores are free, and announces the activity.
-    void startWaiting();
-    /// Returns whether a running job uses the same store.
-    bool isBusy(const StoreSession::Subject &subject) const;
-    /// Reports the result of `job`, starts waiting jobs, and calls the job's handlers.
+    /// Starts the job, or lets it wait until the others of its store have ended.
+    void add(const Entry &entry);
+    /// Starts the next job of `store` unless one is running, and announces the activity.
+    void startNext(const QString &store);
+    /// Reports the result of `job`, starts the next one, and calls the job's handlers.
     void ended(const SyncJob *job);
     /// Returns the name of the database, as far as it is known.
     QString nameOf(const StoreSession::Subject &subject) const;
@@ -106,7 +106,8 @@ private:
     const ProfileDatabase &m_profile;
     EngineNoteLibrary &m_library;
     WorkerThreads m_threads;
-    QList<Entry> m_waiting;
+    /// The waiting jobs, in order, by store.
+    QHash<QString, QList<Entry>> m_waiting;
     QList<Entry> m_running;
     /// Runs after an announcement of the progress, and while a job runs.
     QTimer m_progressTimer;

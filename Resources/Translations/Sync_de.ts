@@ -1380,6 +1380,14 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Ort führt den Datensatz „%1“ auf, liefert ihn aber nicht. Dieser Computer schreibt dessen Inhalt erneut.</translation>
     </message>
     <message>
+        <source>A change in “%1” is not valid and was not written. Rename the database and synchronize again.</source>
+        <translation>Eine Änderung in „%1“ ist ungültig und wurde nicht geschrieben. Benennen Sie die Datenbank um und synchronisieren Sie erneut.</translation>
+    </message>
+    <message>
+        <source>Databases of other computers that were not added: %1. This computer adds none from direct connections if it has %2 already. To get them, use another location on both computers.</source>
+        <translation>Nicht hinzugefügte Datenbanken anderer Computer: %1. Dieser Computer fügt über direkte Verbindungen keine hinzu, wenn er schon %2 hat. Verwenden Sie auf beiden Computern einen anderen Ort, um sie zu erhalten.</translation>
+    </message>
+    <message>
         <source>The record “%1” has changed while it was read. Synchronize again.</source>
         <translation>Der Datensatz „%1“ hat sich beim Lesen geändert. Synchronisieren Sie erneut.</translation>
     </message>

@@ -61,8 +61,8 @@ public:
         const qsizetype size = length(m_received);
         Received message = decode(m_received.mid(LengthSize, size)).value_or(Received());
         m_received.remove(0, LengthSize + size);
-        if (!message.contents.isEmpty()) {
-            message.values[Contents] = message.contents;
+        if (message.contents) {
+            message.values[Contents] = *message.contents;
         }
         return message.values;
     }
@@ -732,6 +732,12 @@ private Q_SLOTS:
         QTest::newRow("up in a transaction") << transaction + QStringLiteral("/../../../x");
         QTest::newRow("hidden") << transaction + QStringLiteral("/.x");
         QTest::newRow("deep") << transaction + QStringLiteral("/a/b");
+        QTest::newRow("capital letters")
+            << QStringLiteral("databases/AAAAAAAA-AAAA-4AAA-8AAA-AAAAAAAAAAAA.json");
+        QTest::newRow("capital letters in a transaction")
+            << QStringLiteral("transactions/AAAAAAAA-AAAA-4AAA-8AAA-AAAAAAAAAAAA/x");
+        QTest::newRow("nil UUID") << QStringLiteral(
+            "databases/00000000-0000-0000-0000-000000000000.json");
         QTest::newRow("no database") << QStringLiteral("databases/x.json");
         QTest::newRow("no record") << QStringLiteral("databases/") + UUID;
         QTest::newRow("transactions of nothing") << QStringLiteral("transactions/x/y");
