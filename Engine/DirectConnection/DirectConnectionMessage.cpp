@@ -62,15 +62,15 @@ std::optional<QString> readText(QCborStreamReader &reader) {
 }
 
 /// Reads the next key and value: the contents into `contents`, anything else into `values`.
-bool readMember(QCborStreamReader &reader, QCborMap &values, Place &contents) {
+bool readMember(QCborStreamReader &reader, QCborMap &values, std::optional<Place> &contents) {
     const std::optional<QString> key = readText(reader);
     if (!key) {
         return false;
     }
     if (*key == Contents && reader.isByteArray()) {
-        contents.size = reader.currentStringChunkSize();
+        const qsizetype size = reader.currentStringChunkSize();
         const bool isSkipped = skipString(reader);
-        contents.position = reader.currentOffset() - contents.size;
+        contents = Place{reader.currentOffset() - size, size};
         return isSkipped;
     }
     QCborValue value = QCborValue::fromCbor(reader);
@@ -81,7 +81,7 @@ bool readMember(QCborStreamReader &reader, QCborMap &values, Place &contents) {
     return true;
 }
 
-bool readMembers(const QByteArray &body, QCborMap &values, Place &contents) {
+bool readMembers(const QByteArray &body, QCborMap &values, std::optional<Place> &contents) {
     QCborStreamReader reader(body);
     bool isSound = reader.enterContainer();
     for (int count = 0; isSound && reader.hasNext(); ++count) {
@@ -109,12 +109,14 @@ qsizetype DirectConnectionMessage::length(const QByteArray &start) {
 
 std::optional<Received> DirectConnectionMessage::decode(QByteArray body) {
     Received message;
-    Place contents;
+    std::optional<Place> contents;
     if (!isOneMap(body) || !readMembers(body, message.values, contents)) {
         return {};
     }
-    body.remove(0, contents.position);
-    body.truncate(contents.size);
-    message.contents = std::move(body);
+    if (contents) {
+        body.remove(0, contents->position);
+        body.truncate(contents->size);
+        message.contents = std::move(body);
+    }
     return message;
 }

@@ -76,8 +76,8 @@ qsizetype length(const QByteArray &start);
 struct Received {
     /// All values but the contents.
     QCborMap values;
-    /// The byte string "contents"; empty if there is none.
-    QByteArray contents;
+    /// The byte string "contents", if there is one.
+    std::optional<QByteArray> contents;
 };
 /// Parses the bytes after the length, which are not trusted. Returns an empty optional unless they
 /// are exactly one map with text as keys, within the limits, without tags and without strings of

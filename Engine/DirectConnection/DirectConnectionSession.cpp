@@ -232,8 +232,8 @@ QCborMap DirectConnectionSession::answerTo(const Received &received) const {
         const qint64 limit = qBound(0, request[SizeLimit].toInteger(), ContentsLimit);
         return answerWith(Contents, package.read(name, limit));
     }
-    if (type == Write) {
-        QCborMap answer = answerWith(IsNew, package.writeIfAbsent(name, received.contents));
+    if (type == Write && received.contents) {
+        QCborMap answer = answerWith(IsNew, package.writeIfAbsent(name, *received.contents));
         m_requests.storeDidChange();
         return answer;
     }

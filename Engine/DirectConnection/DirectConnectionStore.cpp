@@ -65,9 +65,15 @@ Expected<QStringList> DirectConnectionStore::listFolder(const QString &folder,
     if (!answer) {
         return failure(answer.error());
     }
+    const QCborValue found = answer->values[Names];
+    const QCborArray array = found.toArray();
+    const bool isList = found.isArray() && std::all_of(array.begin(), array.end(),
+                                                       [](auto name) { return name.isString(); });
+    if (!isList) {
+        return failure(notUnderstood());
+    }
     QStringList names;
-    const QCborArray found = answer->values[Names].toArray();
-    for (const QCborValue name : found) {
+    for (const QCborValue name : array) {
         names.append(name.toString());
     }
     return names;
@@ -82,8 +88,11 @@ Expected<QByteArray> DirectConnectionStore::readBlob(const QString &name, qint64
     if (!answer) {
         return failure(answer.error());
     }
-    return answer->contents.size() > limit ? failure(tooLong(name))
-                                           : Expected<QByteArray>(answer->contents);
+    if (!answer->contents) {
+        return failure(notUnderstood());
+    }
+    return answer->contents->size() > limit ? failure(tooLong(name))
+                                            : Expected<QByteArray>(*answer->contents);
 }
 
 Expected<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &name,
@@ -99,7 +108,11 @@ Expected<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &nam
     if (!answer) {
         return failure(answer.error());
     }
-    return answer->values[IsNew].toBool() ? Written::New : Written::AlreadyThere;
+    const QCborValue isNew = answer->values[IsNew];
+    if (!isNew.isBool()) {
+        return failure(notUnderstood());
+    }
+    return isNew.toBool() ? Written::New : Written::AlreadyThere;
 }
 
 Expected<void> DirectConnectionStore::removeBlob(const QString &name, const EngineFuture &future) {

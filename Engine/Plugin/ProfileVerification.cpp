@@ -1,11 +1,12 @@
 #include "Engine/Plugin/ProfileVerification.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QEventLoop>
+#include <QtCore/QFileInfo>
 #include <thread>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
+#include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Plugin/EngineSyncPlugin.h"
 #include "Engine/Plugin/ServedStoreSynchronizer.h"
@@ -124,16 +125,30 @@ void ProfileVerification::verifyLocation(EngineSyncLocation &location) {
 }
 
 void ProfileVerification::verifyServedStore() {
+    if (!QFileInfo::exists(m_served)) {
+        return;
+    }
+    const QString title = localizedSyncString("Direct Connection");
     const auto location = m_plugin.newLocation(Url::fileURL(m_served));
-    const QDir folders(m_served + u'/' + SyncStoreLayout::TransactionsFolder);
-    const QStringList names = folders.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    for (const QString &UUID : names) {
+    Expected<QStringList> names;
+    const Expected<void> listed = onThread([&] {
+        names =
+            location->createBlobStore()->list(SyncStoreLayout::TransactionsFolder, EngineFuture());
+        return names ? Expected<void>() : failure(names.error());
+    });
+    if (!listed) {
+        m_report.parts.append({.name = title,
+                               .outcome = VerificationReport::Outcome::NotChecked,
+                               .problems = {listed.error().localizedDescription}});
+        return;
+    }
+    names->removeIf([](const QString &name) { return !DatabaseRecord::isUUID(name); });
+    for (const QString &UUID : std::as_const(*names)) {
         const auto database = m_library.synchronizedDatabase(UUID);
         verifyStore({.databaseUUID = UUID,
                      .databaseName = database ? database->name() : UUID,
                      .store = ServedStoreSynchronizer::Place},
-                    localizedSyncString("Direct Connection"), *location->createBlobStore(),
-                    History::Synchronized);
+                    title, *location->createBlobStore(), History::Synchronized);
     }
 }
 

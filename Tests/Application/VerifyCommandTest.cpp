@@ -257,6 +257,19 @@ private Q_SLOTS:
         }
     }
 
+    void aServedStoreThatCannotBeReadIsNotChecked() {
+        const QString served = profile() + QStringLiteral("/Direct Connection.qvSyncStore");
+        QVERIFY(QDir().mkpath(served));
+        QFile file(served + QStringLiteral("/transactions"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        for (const Run &found : {verify(), repair()}) {
+            QCOMPARE(found.exitCode, 2);
+            QVERIFY2(found.output.contains(QStringLiteral("could not be checked")),
+                     qPrintable(found.output));
+            QVERIFY2(found.output.contains(file.fileName()), qPrintable(found.output));
+        }
+    }
+
     void aProfileInUseCanBeVerifiedButNotRepaired() {
         ProfileLock lock;
         QVERIFY(lock.acquire(profile()));

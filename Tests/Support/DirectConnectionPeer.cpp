@@ -14,13 +14,27 @@ namespace {
 constexpr int Timeout = 10000;
 constexpr int Pause = 20;
 
+void send(QSslSocket &socket, const QByteArray &response, qsizetype step) {
+    for (qsizetype i = 0; i < response.size() && socket.isEncrypted(); i += step) {
+        socket.write(response.mid(i, step));
+        while (socket.isEncrypted() && socket.encryptedBytesToWrite() + socket.bytesToWrite() > 0 &&
+               socket.waitForBytesWritten(Timeout)) {
+        }
+        if (step == 1) {
+            socket.waitForReadyRead(Pause);
+            socket.readAll();
+        }
+    }
+}
+
 }  // namespace
 
 DirectConnectionPeer::DirectConnectionPeer(const DirectConnectionIdentity &identity,
-                                           const QByteArray &response, qsizetype step) {
-    std::promise<quint16> port;
-    std::future<quint16> listeningPort = port.get_future();
-    m_thread = std::thread(&serve, identity, response, step, std::move(port));
+                                           const QByteArrayList &responses, qsizetype step,
+                                           quint16 port) {
+    std::promise<quint16> promise;
+    std::future<quint16> listeningPort = promise.get_future();
+    m_thread = std::thread(&serve, identity, responses, step, port, std::move(promise));
     m_port = listeningPort.get();
 }
 
@@ -29,11 +43,11 @@ DirectConnectionPeer::~DirectConnectionPeer() {
 }
 
 void DirectConnectionPeer::serve(const DirectConnectionIdentity &identity,
-                                 const QByteArray &response, qsizetype step,
-                                 std::promise<quint16> port) {
+                                 const QByteArrayList &responses, qsizetype step, quint16 port,
+                                 std::promise<quint16> promise) {
     QTcpServer server;
-    server.listen(QHostAddress::LocalHost);
-    port.set_value(server.serverPort());
+    server.listen(QHostAddress::LocalHost, port);
+    promise.set_value(server.serverPort());
     server.waitForNewConnection(-1);
     const std::unique_ptr<QTcpSocket> accepted(server.nextPendingConnection());
     QSslSocket socket;
@@ -45,17 +59,11 @@ void DirectConnectionPeer::serve(const DirectConnectionIdentity &identity,
     socket.setSslConfiguration(configuration);
     socket.startServerEncryption();
     socket.waitForEncrypted();
-    while (socket.bytesAvailable() == 0 && socket.waitForReadyRead(Timeout)) {
-    }
-    for (qsizetype i = 0; i < response.size() && socket.isEncrypted(); i += step) {
-        socket.write(response.mid(i, step));
-        while (socket.isEncrypted() && socket.encryptedBytesToWrite() + socket.bytesToWrite() > 0 &&
-               socket.waitForBytesWritten(Timeout)) {
+    for (const QByteArray &response : responses) {
+        while (socket.bytesAvailable() == 0 && socket.waitForReadyRead(Timeout)) {
         }
-        if (step == 1) {
-            socket.waitForReadyRead(Pause);
-            socket.readAll();
-        }
+        socket.readAll();
+        send(socket, response, step);
     }
     if (socket.state() != QAbstractSocket::UnconnectedState) {
         socket.waitForDisconnected(Timeout);

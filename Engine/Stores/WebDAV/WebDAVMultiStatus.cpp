@@ -1,5 +1,6 @@
 #include "Engine/Stores/WebDAV/WebDAVMultiStatus.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QXmlStreamReader>
 
 #include "Engine/Foundation/EngineFuture.h"
@@ -50,7 +51,7 @@ private:
                 endElement();
                 return true;
             case QXmlStreamReader::Characters:
-                m_text += m_isInHref ? m_reader.text() : QStringView();
+                m_text += m_isInText ? m_reader.text() : QStringView();
                 return m_text.size() <= WebDAVMultiStatus::LongestToken;
             case QXmlStreamReader::DTD:
             case QXmlStreamReader::EntityReference:
@@ -64,7 +65,7 @@ private:
     bool beginElement() {
         ++m_depth;
         if (++m_elements > WebDAVMultiStatus::MostElements || m_depth > DeepestNesting ||
-            m_isInHref || m_reader.attributes().size() > WebDAVMultiStatus::MostAttributes ||
+            m_isInText || m_reader.attributes().size() > WebDAVMultiStatus::MostAttributes ||
             m_reader.namespaceDeclarations().size() > WebDAVMultiStatus::MostAttributes) {
             return false;
         }
@@ -74,18 +75,32 @@ private:
         if (m_depth == 2 && isOfDAV(QLatin1StringView("response"))) {
             m_result.resources.append(WebDAVMultiStatus::Resource());
         } else if (!m_result.resources.isEmpty()) {
-            m_isInHref = m_depth == 3 && isOfDAV(QLatin1StringView("href"));
+            const bool isStatus = isOfDAV(QLatin1StringView("status")) && m_depth <= 4;
+            m_isInText = isStatus || (m_depth == 3 && isOfDAV(QLatin1StringView("href")));
+            m_hasType |= isOfDAV(QLatin1StringView("resourcetype"));
             m_result.resources.last().isFolder |= isOfDAV(QLatin1StringView("collection"));
         }
         return true;
     }
 
     void endElement() {
-        --m_depth;
-        if (m_isInHref) {
-            m_isInHref = false;
-            m_result.resources.last().href = m_text.trimmed();
+        if (m_isInText) {
+            m_isInText = false;
+            takeText(m_result.resources.last());
             m_text.clear();
+        } else if (m_depth == 3) {
+            m_hasType = false;
+        }
+        --m_depth;
+    }
+
+    void takeText(WebDAVMultiStatus::Resource &resource) {
+        if (m_reader.name() == QLatin1StringView("href")) {
+            resource.href = m_text.trimmed();
+        } else if (m_depth == 3 || m_hasType) {
+            // The status of other properties does not matter.
+            static const QRegularExpression success(QStringLiteral("^\\s*HTTP/\\S+ 2\\d\\d\\b"));
+            resource.isFailed |= !success.match(m_text).hasMatch();
         }
     }
 
@@ -101,8 +116,11 @@ private:
     qsizetype m_tokenLength = 0;
     int m_elements = 0;
     int m_depth = 0;
-    bool m_isInHref = false;
+    /// Whether the text of the current element is used, which is collected in m_text.
+    bool m_isInText = false;
     QString m_text;
+    /// Whether the current "propstat" contains the resource type.
+    bool m_hasType = false;
 };
 
 }  // namespace

@@ -16,6 +16,8 @@ struct WebDAVMultiStatus {
         /// As the server wrote it: an absolute path or a URL, percent-encoded.
         QString href;
         bool isFolder = false;
+        /// Whether the server reports that it could not determine what the resource is.
+        bool isFailed = false;
     };
 
     /// Maximum number of elements. Within the limits, parsing takes O(n).

@@ -183,23 +183,26 @@ Expected<QStringList> WebDAVStore::names(const QString &folder, const Expected<R
     const QUrl folderItself = folderURL(folder);
     const QStringList above = decodedParts(folderItself);
     QStringList names;
+    bool hasFolderItself = false;
     for (const WebDAVMultiStatus::Resource &resource : listing->resources) {
         if (future.isCancelled()) {
             return failure(operationCancelled());
         }
         const QStringList parts =
             decodedParts(folderItself.resolved(QUrl::fromEncoded(resource.href.toUtf8())));
+        const bool isBelow =
+            parts.size() <= above.size() + 1 && parts.mid(0, above.size()) == above;
+        if (!isBelow || (parts == above && resource.isFailed)) {
+            return failure(notUnderstood());
+        }
         if (parts == above && !resource.isFolder) {
             return failure(refused(folder));
         }
-        const bool isBelow =
-            parts.size() <= above.size() + 1 && parts.mid(0, above.size()) == above;
-        if (!isBelow) {
-            return failure(notUnderstood());
-        }
+        hasFolderItself |= parts == above;
         names.append(parts.mid(above.size()));
     }
-    return names;
+    // A response without it lists nothing, instead of an empty folder.
+    return hasFolderItself ? Expected<QStringList>(names) : failure(notUnderstood());
 }
 
 Expected<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,

@@ -56,7 +56,7 @@ private:
     Expected<QStringList> namesInPackage(const EngineFuture &future);
     /// Sends the PROPFIND request.
     Expected<Response> propertiesOfAll(const QString &folder, const EngineFuture &future);
-    /// Returns the names in the response; a folder that does not exist is empty.
+    /// Returns the names in the response, which must describe the folder itself, too.
     Expected<QStringList> names(const QString &folder, const Expected<Response> &answer,
                                 const EngineFuture &future) const;
     Expected<Response> put(const QString &name, const QByteArray &contents,

@@ -30,7 +30,8 @@ class DirectConnectionLinkTest : public QObject {
     void connectTo(qsizetype step, DirectConnectionLink &link) {
         const auto identity = DirectConnectionIdentity::load(m_folder.path());
         QCOMPARE(description(identity), QString());
-        m_peer = std::make_unique<DirectConnectionPeer>(*identity, contentsMessage(), step);
+        m_peer = std::make_unique<DirectConnectionPeer>(*identity,
+                                                        QByteArrayList{contentsMessage()}, step);
         QCOMPARE(description(link.connect(QStringLiteral("127.0.0.1"), m_peer->port(), m_future)),
                  QString());
     }

@@ -1,8 +1,11 @@
+#include <QtCore/QCborArray>
 #include <QtNetwork/QTcpServer>
 #include <latch>
 #include <thread>
 
 #include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionIdentity.h"
+#include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/DirectConnection/DirectConnectionServer.h"
 #include "Engine/DirectConnection/DirectConnectionStore.h"
@@ -12,6 +15,7 @@
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
 #include "Support/AwaitOnThread.h"
+#include "Support/DirectConnectionPeer.h"
 #include "Support/Failure.h"
 #include "Support/FreePort.h"
 #include "Support/Patience.h"
@@ -363,6 +367,52 @@ private Q_SLOTS:
             socket->disconnectFromHost();
         });
         QCOMPARE(code(open(newStore())), EngineErrorCode::StoreUnreachable);
+    }
+
+    void aResponseWithoutWhatWasRequestedIsNotUnderstood_data() {
+        using namespace DirectConnectionMessage;
+        using Request = std::function<Expected<void>(BlobStore &)>;
+        const EngineFuture future;
+        const Request list = [=](BlobStore &store) {
+            return store.list(QStringLiteral("databases"), future).map([](const auto &) {});
+        };
+        const Request read = [=](BlobStore &store) {
+            return store.read(QStringLiteral("databases/@inbox.json"), 100, future)
+                .map([](const auto &) {});
+        };
+        const Request write = [=](BlobStore &store) {
+            return store.writeIfAbsent(QStringLiteral("databases/@inbox.json"), "x", future)
+                .map([](const auto &) {});
+        };
+        QTest::addColumn<Request>("request");
+        QTest::addColumn<QCborMap>("response");
+        const QCborMap done = ofType(Done);
+        QTest::newRow("no names") << list << done;
+        QTest::newRow("names that are none") << list << QCborMap{{Type, Done}, {Names, 5}};
+        QTest::newRow("a name that is none")
+            << list << QCborMap{{Type, Done}, {Names, QCborArray{QStringLiteral("a.json"), 5}}};
+        QTest::newRow("no contents") << read << done;
+        QTest::newRow("contents that are none")
+            << read << QCborMap{{Type, Done}, {Contents, QStringLiteral("x")}};
+        QTest::newRow("no word whether it was written") << write << done;
+    }
+
+    void aResponseWithoutWhatWasRequestedIsNotUnderstood() {
+        using namespace DirectConnectionMessage;
+        using Request = std::function<Expected<void>(BlobStore &)>;
+        QFETCH(Request, request);
+        QFETCH(QCborMap, response);
+        pair();
+        server().stopServing();
+        const auto identity = DirectConnectionIdentity::load(m_host->directory());
+        QVERIFY(identity);
+        const DirectConnectionPeer peer(*identity, {encode(ofType(Welcome)), encode(response)},
+                                        1 << 16, m_port);
+        const std::shared_ptr<BlobStore> store = newStore();
+        const Expected<void> result = awaitOnThread([&] { return request(*store); });
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+        QVERIFY2(description(result).contains(QStringLiteral("sent an invalid response")),
+                 qPrintable(description(result)));
     }
 
     void cancellingEndsWaitingForAServerThatDoesNotRespond() {

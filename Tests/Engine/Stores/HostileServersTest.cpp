@@ -157,7 +157,8 @@ class HostileServersTest : public QObject {
     }
     Visit directConnection(const QByteArray &response, qsizetype limit) {
         const auto identity = DirectConnectionIdentity::load(m_folder.path());
-        m_peer = std::make_unique<DirectConnectionPeer>(*identity, response, 1 << 16);
+        m_peer =
+            std::make_unique<DirectConnectionPeer>(*identity, QByteArrayList{response}, 1 << 16);
         return [port = m_peer->port(), limit](EngineFuture &future) {
             DirectConnectionLink link;
             const Expected<void> connected =

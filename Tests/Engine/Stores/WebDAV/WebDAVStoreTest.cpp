@@ -424,6 +424,16 @@ private Q_SLOTS:
         const QByteArray self = folderResponse("/s.qvSyncStore/databases/");
         QTest::addColumn<QByteArray>("document");
         QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("nothing listed") << multiStatus({});
+        QTest::newRow("only others") << multiStatus(folderResponse("/s.qvSyncStore/databases/x"));
+        for (const char *status : {"403 Forbidden", "500 Internal Server Error", "404", "many"}) {
+            const QByteArray line = "<D:status>HTTP/1.1 " + QByteArray(status) + "</D:status>";
+            const QByteArray replaced = "<D:status>HTTP/1.1 200 OK</D:status>";
+            QTest::addRow("type with status %s", status)
+                << multiStatus(QByteArray(self).replace(replaced, line));
+            QTest::addRow("folder with status %s", status)
+                << multiStatus(QByteArray(self).replace("<D:propstat>", line + "<D:propstat>"));
+        }
         QTest::newRow("no XML") << QByteArray("Hello");
         QTest::newRow("another document") << QByteArray("<html xmlns=\"DAV:\"/>");
         QTest::newRow("another namespace") << QByteArray("<multistatus xmlns=\"x\"/>");
@@ -453,6 +463,21 @@ private Q_SLOTS:
         QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
         QVERIFY2(description(result).contains(QStringLiteral("sent an invalid response")),
                  qPrintable(description(result)));
+    }
+
+    void theStatusOfWhatWasNotAskedForDoesNotMatter() {
+        const QByteArray unknown =
+            "<D:propstat><D:prop><D:owner/></D:prop><D:status>HTTP/1.1 404 Not Found</D:status>"
+            "</D:propstat></D:response>";
+        const ScriptedServer scripted(always(
+            "207 Multi-Status",
+            multiStatus(
+                folderResponse("/s.qvSyncStore/databases/").replace("</D:response>", unknown) +
+                "<D:response><D:href>/s.qvSyncStore/databases/x</D:href>"
+                "<D:status>HTTP/1.1 403 Forbidden</D:status></D:response>")));
+        m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
+        QCOMPARE(list(QStringLiteral("databases")),
+                 Expected<QStringList>(QStringList(QStringLiteral("x"))));
     }
 
     void namesInAListingAreReadInAllTheirForms() {
