@@ -212,8 +212,11 @@ Expected<void> NoteLog::setName(const QString &name) const {
         seen.append(operation.id);
     }
     return predecessors(seen).and_then([&](const QList<OperationId> &superseded) {
-        return replace(seen, Operation::make({}, wellFormed(name), {},
-                                             QDateTime::currentMSecsSinceEpoch(), superseded));
+        // What does not fit into the operation is sent as superseded without it.
+        const Operation operation =
+            Operation::make({}, wellFormed(name), {}, QDateTime::currentMSecsSinceEpoch(),
+                            superseded.first(qMin(superseded.size(), Operation::SupersedesLimit)));
+        return replace(seen, operation).and_then([&] { return supersede(superseded); });
     });
 }
 

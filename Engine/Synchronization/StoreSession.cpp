@@ -1,6 +1,7 @@
 #include "Engine/Synchronization/StoreSession.h"
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -85,6 +86,12 @@ Expected<void> StoreSession::writeTransaction(BlobStore &store, const EngineFutu
     m_transactionName = TransactionName::of(record);
     m_writtenSize = record.size();
     const QString name = path(m_transactionName);
+    if (!Transaction::decoded(record, name)) {
+        return failure(engineError(EngineErrorCode::InvalidDatabase,
+                                   "A change in “%1” is not valid and was not written. Rename the "
+                                   "database and synchronize again.",
+                                   m_subject.databaseName));
+    }
     // No two records are the same, so an existing record is that of an earlier attempt whose
     // response was lost.
     return store.writeIfAbsent(name, record, future)
@@ -102,6 +109,21 @@ Expected<void> StoreSession::writeTransaction(BlobStore &store, const EngineFutu
                 "repeatedly, use another location.",
                 store.place(name)));
         });
+}
+
+Expected<std::optional<Error>> StoreSession::problemOfDatabaseRecord(
+    BlobStore &store, const EngineFuture &future) const {
+    const QString file = DatabaseRecord::path(m_subject.databaseUUID);
+    const Expected<QString> name =
+        store.read(file, BlobStore::RecordLimit, future).and_then([&](const QByteArray &record) {
+            return DatabaseRecord::name(record, m_subject.databaseUUID, store.place(file));
+        });
+    if (name) {
+        return std::nullopt;
+    }
+    const bool isOfRecord = TransactionRecords::isOfOneRecord(name.error()) ||
+                            isEngineError(name.error(), EngineErrorCode::BlobMissing);
+    return isOfRecord ? Expected<std::optional<Error>>(name.error()) : failure(name.error());
 }
 
 Expected<void> StoreSession::recordWrittenTransaction() {

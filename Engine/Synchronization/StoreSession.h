@@ -115,9 +115,13 @@ protected:
     /// Moves as much as fits into a record to the next transaction. Returns false if nothing
     /// remains. Must be called on the main thread.
     Expected<bool> prepareNextTransaction();
-    /// Writes the prepared transaction to the store, and reads it back to verify it. Must be called
-    /// on a worker thread.
+    /// Writes the prepared transaction to the store, and reads it back to verify it. Writes nothing
+    /// that no reader would accept. Must be called on a worker thread.
     Expected<void> writeTransaction(BlobStore &store, const EngineFuture &future);
+    /// Reads the record of the database. Returns what is wrong with the record itself, if anything
+    /// is. Must be called on a worker thread.
+    Expected<std::optional<Error>> problemOfDatabaseRecord(BlobStore &store,
+                                                           const EngineFuture &future) const;
     /// Adds the written transaction to the known ones. Must be called on the main thread.
     Expected<void> recordWrittenTransaction();
     /// Returns whether an operation was superseded before it was written.

@@ -8,7 +8,6 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Profile/ProfileDatabase.h"
-#include "Host/InboxUUID.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 
@@ -94,7 +93,7 @@ Expected<void> SyncSession::accessProfile() {
 
 Expected<void> SyncSession::readDatabaseRecord(BlobStore &store, const EngineFuture &future) {
     const QString &UUID = subject().databaseUUID;
-    if (UUID != InboxUUID && !Operation::isUUID(UUID.toLower())) {
+    if (!DatabaseRecord::isUUID(UUID)) {
         return failure(engineError(EngineErrorCode::InvalidDatabase,
                                    "“%1” is not a valid identifier of a database.", UUID));
     }
@@ -272,8 +271,7 @@ void SyncSession::setAside(const TransactionRecords &records, const Suspect &dam
     addProblem(engineError(code, text.arg(records.place(damaged.name), *copy)));
 }
 
-Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store,
-                                                const EngineFuture &future) const {
+Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store, const EngineFuture &future) {
     const QString file = DatabaseRecord::path(subject().databaseUUID);
     if (m_record != Record::Absent) {
         if (Expected<void> removed = store.remove(file, future); !removed) {
@@ -283,7 +281,12 @@ Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store,
     return store
         .writeIfAbsent(file, DatabaseRecord::encoded(subject().databaseUUID, m_nameToRecord),
                        future)
-        .map([](BlobStore::Written) {});
+        .and_then([&](BlobStore::Written) { return problemOfDatabaseRecord(store, future); })
+        .map([&](const std::optional<Error> &problem) {
+            if (problem) {
+                addProblem(*problem);
+            }
+        });
 }
 
 Expected<void> SyncSession::compareListing() {

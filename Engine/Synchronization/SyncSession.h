@@ -96,7 +96,7 @@ private:
     void setAside(const TransactionRecords &records, const Suspect &damaged);
     /// Reports the missing records that are listed nevertheless. Those that were known are lost.
     Expected<void> reportMissing(const TransactionRecords &records);
-    Expected<void> writeDatabaseRecord(BlobStore &store, const EngineFuture &future) const;
+    Expected<void> writeDatabaseRecord(BlobStore &store, const EngineFuture &future);
 
     /// Parts that only read the profile, called on a worker thread.
     Expected<void> compareListing();

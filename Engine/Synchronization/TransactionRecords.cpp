@@ -74,19 +74,15 @@ Expected<QByteArray> TransactionRecords::bytes(const QString &name) const {
 
 Expected<TransactionRecords::Record> TransactionRecords::verified(
     const QByteArray &record, const QString &name, const std::optional<Contents> &written) const {
-    const auto damaged = [&] {
-        return failure(engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.",
-                                   place(name)));
-    };
-    if (!TransactionName::matches(name, record)) {
-        return damaged();
-    }
+    // First, since a newer version of the program may derive names in another way.
     const Expected<Transaction> transaction = Transaction::decoded(record, place(name));
     if (!transaction) {
         return failure(transaction.error());
     }
-    if (written && Contents::of(*transaction, record.size()) != *written) {
-        return damaged();
+    if (!TransactionName::matches(name, record) ||
+        (written && Contents::of(*transaction, record.size()) != *written)) {
+        return failure(engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.",
+                                   place(name)));
     }
     return Record{*transaction, record.size()};
 }

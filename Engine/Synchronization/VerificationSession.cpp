@@ -1,7 +1,6 @@
 #include "Engine/Synchronization/VerificationSession.h"
 
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Host/SyncStoreLayout.h"
@@ -62,25 +61,13 @@ Expected<void> VerificationSession::accessProfile() {
 
 Expected<void> VerificationSession::readDatabaseRecord(BlobStore &store,
                                                        const EngineFuture &future) {
-    const QString file = DatabaseRecord::path(subject().databaseUUID);
-    Expected<void> read =
-        store.read(file, BlobStore::RecordLimit, future)
-            .and_then([&](const QByteArray &record) {
-                return DatabaseRecord::name(record, subject().databaseUUID, store.place(file));
-            })
-            .map([](const QString & /*name*/) {});
-    if (read) {
-        return {};
-    }
-    if (isEngineError(read.error(), EngineErrorCode::BlobMissing)) {
-        m_missingRecord = read.error();
-        return {};
-    }
-    if (TransactionRecords::isOfOneRecord(read.error())) {
-        addProblem(read.error());
-        return {};
-    }
-    return read;
+    return problemOfDatabaseRecord(store, future).map([&](const std::optional<Error> &problem) {
+        if (problem && isEngineError(*problem, EngineErrorCode::BlobMissing)) {
+            m_missingRecord = problem;
+        } else if (problem) {
+            addProblem(*problem);
+        }
+    });
 }
 
 Expected<void> VerificationSession::list(BlobStore &store, const EngineFuture &future) {

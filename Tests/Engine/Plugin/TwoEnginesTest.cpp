@@ -9,6 +9,8 @@ namespace {
 /// The folders of a sync store as a WebDAV server lists them.
 constexpr const char *StoreListing =
     R"(<?xml version="1.0"?><D:multistatus xmlns:D="DAV:">)"
+    R"(<D:response><D:href>/Shared.qvSyncStore/</D:href><D:propstat><D:prop><D:resourcetype>)"
+    R"(<D:collection/></D:resourcetype></D:prop></D:propstat></D:response>)"
     R"(<D:response><D:href>/Shared.qvSyncStore/databases/</D:href></D:response>)"
     R"(<D:response><D:href>/Shared.qvSyncStore/transactions/</D:href></D:response>)"
     R"(</D:multistatus>)";

@@ -1,3 +1,4 @@
+#include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Notes/Transaction.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Synchronization/CleanSession.h"
@@ -228,10 +229,63 @@ private Q_SLOTS:
     void aRecordOfANewerVersionIsNeitherMovedNorChanged() {
         const QByteArray newer = "{\"version\":2}";
         m_blobs[QStringLiteral("transactions/@inbox/") + TransactionName::of(newer)] = newer;
+        // A later version may derive names in another way.
+        m_blobs[QStringLiteral("transactions/@inbox/") + TransactionName::of("other")] = newer;
         const MemoryStore::Blobs before = m_blobs;
         for (int i = 0; i < 2; ++i) {
             QVERIFY(problems().value(0).contains(QStringLiteral("newer version")));
             QCOMPARE(m_blobs, before);
+        }
+    }
+
+    void aRecordThatIsChangedToLookNewerIsWrittenAgain() {
+        const QString changed = records().first();
+        QByteArray &record = m_blobs[changed];
+        record.replace("\"version\":1", "\"version\":3");
+        const QByteArray before = record;
+        QVERIFY(problems().value(0).contains(QStringLiteral("newer version")));
+        QCOMPARE(m_blobs.at(changed), before);
+        QCOMPARE(titlesOnAnotherComputer(), (QSet{QStringLiteral("a"), QStringLiteral("b")}));
+    }
+
+    void aDatabaseRecordOfWhichTheStoreKeepsHalfIsReportedAndWrittenAgain() {
+        m_blobs.erase(QStringLiteral("databases/@inbox.json"));
+        const auto before = m_blobs.size();
+        const QStringList told = problems([&, isKept = false]() mutable {
+            // The first operation that writes follows the reads of the records.
+            const bool isWrite = !std::exchange(isKept, m_blobs.size() > before);
+            return isWrite ? MemoryStore::Fault::HalfKept : MemoryStore::Fault::None;
+        });
+        QCOMPARE(told.size(), 1);
+        QVERIFY(told.first().contains(QStringLiteral("databases/@inbox.json” is damaged")));
+        QVERIFY(problems().value(0).contains(QStringLiteral("is written again")));
+        QCOMPARE(problems(), QStringList());
+    }
+
+    void aNameThatReplacesMoreNamesThanOneOperationHoldsIsSynchronized() {
+        const auto database =
+            std::dynamic_pointer_cast<EngineDatabase>(m_host->addDatabase(QStringLiteral("Mine")));
+        Transaction names;
+        for (qint64 i = 0; i < Operation::SupersedesLimit + 10; ++i) {
+            names.operations.append(Operation::make({}, QString::number(i), {}, i, {}));
+        }
+        QVERIFY(m_host->library().merge(database, {.transactions = {names}},
+                                        [] { return Expected<void>(); }));
+        m_host->renameDatabase(database, QStringLiteral("First"));
+        m_host->renameDatabase(database, QStringLiteral("Second"));
+        const StoreSession::Subject subject{database->UUID(), QStringLiteral("?"),
+                                            QStringLiteral("store")};
+        for (const QString &computer : {QStringLiteral("Profile"), QStringLiteral("Other")}) {
+            SyncSession session(profile(), m_host->library(), subject);
+            MemoryStore store(m_blobs);
+            QCOMPARE(description(runSession(session, store)), QString());
+            QCOMPARE(session.problems().size(), 0);
+            const auto found = m_host->library().synchronizedDatabase(subject.databaseUUID);
+            QCOMPARE(found->name(), QStringLiteral("Second"));
+            QCOMPARE(found->log().operationIds().value().size(), 1);
+            if (computer == QStringLiteral("Profile")) {
+                m_host->goToComputer(QStringLiteral("Other"));
+            }
         }
     }
 
