@@ -6,6 +6,7 @@
 #include <QtCore/QUuid>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/JsonCost.h"
 
 namespace {
 
@@ -147,9 +148,9 @@ QByteArray Transaction::encoded() const {
 }
 
 Expected<Transaction> Transaction::decoded(const QByteArray &record, const QString &name) {
-    if (record.size() > SizeLimit) {
+    if (record.size() > SizeLimit || JsonCost::estimate(record) > CostLimit) {
         return failure(
-            engineError(EngineErrorCode::DamagedRecord, "The record “%1” is too large.", name));
+            engineError(EngineErrorCode::BlobRefused, "The record “%1” is too large.", name));
     }
     const QJsonObject object = QJsonDocument::fromJson(record).object();
     const QJsonValue version = object.value(VersionKey);

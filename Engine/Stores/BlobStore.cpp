@@ -36,6 +36,9 @@ Expected<QStringList> BlobStore::list(const QString &folder, const EngineFuture 
         return failure(checked.error());
     }
     Expected<QStringList> names = listFolder(folder, future);
+    if (names && names->size() > MostNames) {
+        return failure(tooManyNames(folder));
+    }
     if (names) {
         names->removeIf([](const QString &name) { return !isNamePart(name); });
         names->sort();
@@ -91,6 +94,13 @@ Error BlobStore::tooLong(const QString &name) const {
 Error BlobStore::refused(const QString &name) const {
     return engineError(EngineErrorCode::BlobRefused, "“%1” isn’t a valid item in a sync store.",
                        place(name));
+}
+
+Error BlobStore::tooManyNames(const QString &folder) const {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "“%1” contains too many files. Clean up the location on another computer, "
+                       "or delete the files that do not belong there.",
+                       place(folder));
 }
 
 Expected<void> BlobStore::checkRequest(const QString &name, const EngineFuture &future) const {

@@ -27,6 +27,9 @@ public:
     /// Maximum size of a database record in bytes; a longer one is refused.
     static constexpr qint64 RecordLimit = 65536;
 
+    /// Maximum number of entries of a folder that can be listed.
+    static constexpr qsizetype MostNames = 200'000;
+
     /// Result of a write.
     enum class Written {
         New,
@@ -36,7 +39,8 @@ public:
     };
 
     /// Returns the names directly in `folder`, including folders, sorted and without duplicates.
-    /// Entries that are not valid names are omitted. A folder that does not exist is empty.
+    /// Entries that are not valid names are omitted. A folder that does not exist is empty. Fails
+    /// if there are more than MostNames entries.
     Expected<QStringList> list(const QString &folder, const EngineFuture &future);
     /// Returns the contents of a blob. Fails with the code BlobMissing if it does not exist, and
     /// with BlobRefused if it is longer than `limit` bytes (no more than that is read) or not a
@@ -69,6 +73,8 @@ protected:
     Error missing(const QString &name) const;
     Error tooLong(const QString &name) const;
     Error refused(const QString &name) const;
+    /// Returns the error for a folder with more than MostNames entries.
+    Error tooManyNames(const QString &folder) const;
 
     /// Reads the records "databases/UUID.json". Each is a JSON object (RFC 8259) with "uuid", the
     /// UUID of the file name; "name", which is not empty; and "version", which is 1. The first

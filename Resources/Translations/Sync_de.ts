@@ -1388,6 +1388,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Nicht hinzugefügte Datenbanken anderer Computer: %1. Dieser Computer fügt über direkte Verbindungen keine hinzu, wenn er schon %2 hat. Verwenden Sie auf beiden Computern einen anderen Ort, um sie zu erhalten.</translation>
     </message>
     <message>
+        <source>“%1” contains too many files. Clean up the location on another computer, or delete the files that do not belong there.</source>
+        <translation>„%1“ enthält zu viele Dateien. Räumen Sie den Ort auf einem anderen Computer auf oder löschen Sie die Dateien, die nicht dorthin gehören.</translation>
+    </message>
+    <message>
         <source>The record “%1” has changed while it was read. Synchronize again.</source>
         <translation>Der Datensatz „%1“ hat sich beim Lesen geändert. Synchronisieren Sie erneut.</translation>
     </message>

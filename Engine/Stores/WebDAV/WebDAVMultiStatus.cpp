@@ -74,7 +74,10 @@ private:
         }
         if (m_depth == 2 && isOfDAV(QLatin1StringView("response"))) {
             m_result.resources.append(WebDAVMultiStatus::Resource());
-        } else if (!m_result.resources.isEmpty()) {
+            return m_result.resources.size() <= WebDAVMultiStatus::MostResources &&
+                   m_pathLength <= WebDAVMultiStatus::LongestPaths;
+        }
+        if (!m_result.resources.isEmpty()) {
             const bool isStatus = isOfDAV(QLatin1StringView("status")) && m_depth <= 4;
             m_isInText = isStatus || (m_depth == 3 && isOfDAV(QLatin1StringView("href")));
             m_hasType |= isOfDAV(QLatin1StringView("resourcetype"));
@@ -97,6 +100,7 @@ private:
     void takeText(WebDAVMultiStatus::Resource &resource) {
         if (m_reader.name() == QLatin1StringView("href")) {
             resource.href = m_text.trimmed();
+            m_pathLength += resource.href.size();
         } else if (m_depth == 3 || m_hasType) {
             // The status of other properties does not matter.
             static const QRegularExpression success(QStringLiteral("^\\s*HTTP/\\S+ 2\\d\\d\\b"));
@@ -114,6 +118,7 @@ private:
     WebDAVMultiStatus m_result;
     qsizetype m_position = 0;
     qsizetype m_tokenLength = 0;
+    qsizetype m_pathLength = 0;
     int m_elements = 0;
     int m_depth = 0;
     /// Whether the text of the current element is used, which is collected in m_text.

@@ -21,7 +21,10 @@ struct WebDAVMultiStatus {
     };
 
     /// Maximum number of elements. Within the limits, parsing takes O(n).
-    static constexpr int MostElements = 2'000'000;
+    static constexpr int MostElements = 1'000'000;
+    /// Maximum number of resources, and of characters in all paths together.
+    static constexpr int MostResources = 200'000;
+    static constexpr qsizetype LongestPaths = 12 << 20;
     /// Maximum number of attributes of one element and, separately, of its namespace declarations.
     static constexpr int MostAttributes = 32;
     /// Maximum size in bytes of one tag, text or other token.

@@ -25,9 +25,8 @@ public:
                 std::shared_ptr<CertificateTrust> trust,
                 HttpClient::Timeouts timeouts = HttpClient::Timeouts());
 
-    /// Maximum size in bytes of a response that lists a folder; enough for several hundred thousand
-    /// blobs.
-    static constexpr qint64 ListingLimit = 64 << 20;
+    /// Maximum size in bytes of a response that lists a folder; enough for about 100,000 blobs.
+    static constexpr qint64 ListingLimit = 32 << 20;
 
     Expected<void> open(const EngineFuture &future) override;
     QString place(const QString &name) const override;

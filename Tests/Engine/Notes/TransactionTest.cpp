@@ -1,4 +1,5 @@
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/JsonCost.h"
 #include "Engine/Notes/Transaction.h"
 #include "Support/Failure.h"
 #include "Support/TestMain.h"
@@ -139,12 +140,41 @@ private Q_SLOTS:
         QVERIFY(description(result).contains(QStringLiteral("“NAME”")));
     }
 
+    void aRecordThatTakesTooMuchMemoryIsRefused_data() {
+        QTest::addColumn<QByteArray>("start");
+        QTest::addColumn<QByteArray>("item");
+        const QByteArray operations = "{\"version\":1,\"operations\":[";
+        QTest::newRow("lists") << operations << QByteArray("[0],");
+        QTest::newRow("objects") << operations << QByteArray("{},");
+        QTest::newRow("numbers") << operations << QByteArray("0,");
+        QTest::newRow("texts") << operations << QByteArray("\"\",");
+        QTest::newRow("wide characters")
+            << QByteArray("{\"version\":1,\"x\":[\"€") << QByteArray(1000, 'x');
+    }
+    void aRecordThatTakesTooMuchMemoryIsRefused() {
+        QFETCH(QByteArray, start);
+        QFETCH(QByteArray, item);
+        QByteArray record = start;
+        record += item.repeated((Transaction::SizeLimit - start.size()) / item.size());
+        QVERIFY(JsonCost::estimate(record) > Transaction::CostLimit);
+        const auto result = Transaction::decoded(record, QStringLiteral("NAME"));
+        QCOMPARE(code(result), EngineErrorCode::BlobRefused);
+        QVERIFY(description(result).contains(QStringLiteral("“NAME” is too large")));
+    }
+
     void theLongestNoteFitsARecord() {
         const Operation operation =
             Operation::make(NoteUUID, {}, QString(Operation::NoteLimit, QChar(1)), {}, {});
         const QByteArray contents = Transaction{{operation}, {}}.encoded();
         QVERIFY(contents.size() < Transaction::SizeLimit - 8 * Transaction::UsualSize);
+        QVERIFY(JsonCost::estimate(contents) < Transaction::CostLimit / 4);
         QCOMPARE(decoded(contents).operations.size(), 1);
+    }
+
+    void aRecordOfTheLargestSizeMayConsistOfIdentifiers() {
+        const QByteArray identifier = '"' + QByteArray(32, 'a') + "\",";
+        QVERIFY(JsonCost::estimate(identifier.repeated(
+                    Transaction::SizeLimit / identifier.size())) < Transaction::CostLimit);
     }
 
     void theLaterOneComesFirstAndThenTheGreaterIdentifier() {

@@ -77,7 +77,10 @@ private Q_SLOTS:
         QTest::newRow("declared attributes")
             << "<!DOCTYPE a [" + numbered(200'000, "<!ATTLIST a a", " CDATA \"\">") + "]>" +
                    multiStatusOf({});
-        QTest::newRow("elements") << multiStatusOf(QByteArray("<a/>").repeated(2'000'001));
+        QTest::newRow("elements") << multiStatusOf(QByteArray("<a/>").repeated(1'000'001));
+        QTest::newRow("responses") << multiStatusOf(QByteArray("<response/>").repeated(200'001));
+        QTest::newRow("paths") << multiStatusOf(
+            ("<response><href>" + QByteArray(10'000, 'x') + "</href></response>").repeated(2000));
         QTest::newRow("path") << multiStatusOf("<response><href>" + QByteArray(1 << 20, 'x') +
                                                "</href></response>");
         QTest::newRow("split path") << multiStatusOf(
