@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <QtCore/QByteArrayList>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QUuid>
@@ -115,12 +116,37 @@ const dirent *nextEntry(DIR *entries) {
     return readdir(entries);
 }
 
-/// Removes a file that a process left unfinished when it ended.
-void removeIfLeftOver(int folder, const QByteArray &name) {
+/// Returns the name of a new file that is not finished yet.
+QByteArray unfinishedName() {
+    return UnfinishedPrefix + QUuid::createUuid().toByteArray(QUuid::Id128);
+}
+
+/// Returns the time by the clock of the file system, which may be that of a server, or an empty
+/// optional if the folder is not writable.
+std::optional<time_t> currentTime(int folder) {
+    const QByteArray name = unfinishedName();
+    const FileDescriptor file(openat(folder, name.constData(),
+                                     O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                                     S_IRUSR | S_IWUSR));
+    if (!file.isValid()) {
+        return {};
+    }
     struct stat status = {};
-    if (fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-        S_ISREG(status.st_mode) && status.st_mtime < time(nullptr) - SecondsUntilLeftOver) {
-        unlinkat(folder, name.constData(), 0);
+    const bool isDone = ::write(file.number(), "", 1) == 1 && fstat(file.number(), &status) == 0;
+    unlinkat(folder, name.constData(), 0);
+    return isDone ? std::optional(status.st_mtime) : std::nullopt;
+}
+
+/// Removes those of the unfinished files `names` that a process left when it ended. The clocks of
+/// this computer and of the one that writes a file may differ.
+void removeLeftOvers(int folder, const QByteArrayList &names) {
+    const std::optional<time_t> now = names.isEmpty() ? std::nullopt : currentTime(folder);
+    for (const QByteArray &name : now ? names : QByteArrayList()) {
+        struct stat status = {};
+        if (fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+            S_ISREG(status.st_mode) && status.st_mtime < *now - SecondsUntilLeftOver) {
+            unlinkat(folder, name.constData(), 0);
+        }
     }
 }
 
@@ -142,8 +168,7 @@ int renameIfAbsent(int folder, const QByteArray &from, const QByteArray &to) {
 
 /// Writes a file that does not exist yet. Returns 0, or the errno value; EEXIST if it exists.
 int writeNew(int folder, const QByteArray &name, const QByteArray &contents) {
-    const QByteArray temporaryName =
-        UnfinishedPrefix + QUuid::createUuid().toByteArray(QUuid::Id128);
+    const QByteArray temporaryName = unfinishedName();
     const FileDescriptor file(openat(folder, temporaryName.constData(),
                                      O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                                      S_IRUSR | S_IWUSR));
@@ -288,21 +313,22 @@ Expected<QStringList> FolderStore::listFolder(const QString &name, const EngineF
     // It is closed with the entries.
     opened->take();
     QStringList names;
+    QByteArrayList unfinished;
     while (const dirent *entry = nextEntry(entries)) {
         const QByteArray encoded(static_cast<const char *>(entry->d_name));
         if (encoded.startsWith(UnfinishedPrefix)) {
-            removeIfLeftOver(descriptor, encoded);
-            continue;
+            unfinished.append(encoded);
         }
         const QString decoded = QFile::decodeName(encoded);
         if (QFile::encodeName(decoded) == encoded) {
             names.append(decoded);
         }
-        if (future.isCancelled()) {
+        if (future.isCancelled() || names.size() > MostNames) {
             break;
         }
     }
-    const int number = errno;
+    const int number = names.size() > MostNames ? 0 : errno;
+    removeLeftOvers(descriptor, unfinished);
     closedir(entries);
     if (future.isCancelled()) {
         return failure(operationCancelled());

@@ -11,8 +11,8 @@ class FolderGrants;
 ///
 /// New files and folders in the package have the permissions of the folder that contains them,
 /// regardless of the umask, so that they are as private as the package. A file that is being
-/// written has a name that starts with ".new-"; one that is older than a day is removed when its
-/// folder is listed.
+/// written has a name that starts with ".new-"; one that is older than a day by the clock of the
+/// file system is removed when its folder is listed.
 ///
 /// If the profile is sandboxed, every operation on a package whose real path (with all symbolic
 /// links resolved) is in no granted folder fails with the code AccessDenied.
