@@ -23,8 +23,8 @@
 #include "Application/TemporaryFiles.h"
 #include "Application/VelmoraApplication.h"
 #include "Application/VerificationOutput.h"
+#include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
-#include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/TerminalText.h"
 
 namespace {
@@ -230,7 +230,7 @@ int main(int argumentCount, char **arguments) {
                         QStringLiteral(":/Velmora/Translations"))) {
         QCoreApplication::installTranslator(&translator);
     }
-    Log::sendToSystemLog();
+    Log::sendToSystemLog(SyncLogCategory);
     logIfFailed(application, isProtected);
     if (!QAbstractEventDispatcher::instance()->inherits("QEventDispatcherGlib")) {
         application.logItemCmd(

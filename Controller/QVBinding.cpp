@@ -1,6 +1,6 @@
 #include "Controller/QVBinding.h"
 
-#include "Platform/Foundation/Log.h"
+#include "Host/SyncLog.h"
 
 std::shared_ptr<QVBinding> QVBinding::bindingWithObject(const BoundObject &object,
                                                         const QByteArray &key,
@@ -15,7 +15,7 @@ QVBinding::QVBinding(const BoundObject &object, const QByteArray &key, const Bou
     : m_object(object), m_target(target), m_key(key), m_keyPath(keyPath), m_options(options) {}
 
 QVBinding::~QVBinding() {
-    Log::verbose(
+    syncLog().verbose(
         QStringLiteral("%1 deallocated.").arg(QLatin1StringView(staticMetaObject.className())));
 }
 

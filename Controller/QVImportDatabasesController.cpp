@@ -10,9 +10,9 @@
 #include "Host/QVApplication.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
+#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
-#include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/MainQueue.h"
 
 namespace {
@@ -231,7 +231,7 @@ std::shared_ptr<QVSyncState> QVImportDatabasesController::importDatabase(const R
     const QString name = database->metadata()->name();
     auto state = database->store()->location()->addStateForDatabaseWithUUID(database->UUID(), name);
     state->setEnabled(true);
-    Log::message(
+    syncLog().message(
         QStringLiteral("Importing database with name %1 and UUID %2").arg(name, database->UUID()));
     return state;
 }

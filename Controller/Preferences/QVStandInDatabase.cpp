@@ -6,8 +6,8 @@
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncStore.h"
+#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
-#include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/NotificationCenter.h"
 
 namespace {
@@ -129,7 +129,7 @@ void QVStandInDatabase::addSynchronizationStatesObject(const std::shared_ptr<QVS
 // While the aggregates are current, a new state can only raise them. Recomputing them from all
 // states for each addition would take quadratic time.
 void QVStandInDatabase::includeInAggregates(const QVSyncState &state) {
-    const bool wereCurrent = m_aggregatesAreCurrent && !Log::isVerbose();
+    const bool wereCurrent = m_aggregatesAreCurrent && !syncLog().isVerbose();
     const quint64 change = m_changeCount;
     if (wereCurrent) {
         setDateOfLastSynchronization(later(m_dateOfLastSynchronization, state.lastSynced()));
@@ -180,13 +180,13 @@ bool QVStandInDatabase::existsInLocation(const std::shared_ptr<QVSyncLocation> &
 }
 
 void QVStandInDatabase::updateCanSynchronize() {
-    const bool isVerbose = Log::isVerbose();
+    const bool isVerbose = syncLog().isVerbose();
     bool hasEnabledState = false;
     for (const auto &state : m_states) {
         if (isVerbose) {
-            Log::verbose(QStringLiteral("Contemplating state %1 at %2")
-                             .arg(state->databaseUUID())
-                             .arg(reinterpret_cast<quintptr>(state.get()), 0, 16));
+            syncLog().verbose(QStringLiteral("Contemplating state %1 at %2")
+                                  .arg(state->databaseUUID())
+                                  .arg(reinterpret_cast<quintptr>(state.get()), 0, 16));
         }
         hasEnabledState = hasEnabledState || state->isEnabled();
     }
@@ -212,7 +212,7 @@ QString QVStandInDatabase::description() const {
 void QVStandInDatabase::didReceiveDatabaseRenamedNotification(const Notification &notification) {
     const auto *database = qobject_cast<const QVDatabase *>(notification.object);
     if (!database) {
-        Log::message(
+        syncLog().message(
             QStringLiteral("Received database-renamed notification with non-database object: %1")
                 .arg(descriptionOf(notification.object)));
         return;

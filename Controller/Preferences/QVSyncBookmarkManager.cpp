@@ -1,9 +1,9 @@
 #include "Controller/Preferences/QVSyncBookmarkManager.h"
 
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
+#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
-#include "Platform/Foundation/Log.h"
 #include "Platform/Interface/OpenPanel.h"
 
 QVSyncBookmarkManager::QVSyncBookmarkManager()
@@ -15,8 +15,8 @@ std::unique_ptr<QVSyncBookmarkManager> QVSyncBookmarkManager::bookmarkManager() 
 
 void QVSyncBookmarkManager::windowDidLoad() {
     m_tableView->reloadData();
-    Log::verbose(QStringLiteral("Bookmark manager sucessfully initialized: window %1")
-                     .arg(window()->windowTitle()));
+    syncLog().verbose(QStringLiteral("Bookmark manager sucessfully initialized: window %1")
+                          .arg(window()->windowTitle()));
 }
 
 void QVSyncBookmarkManager::runBookmarkManagerModalForWindow(QWidget *parentWindow) {
@@ -45,12 +45,12 @@ void QVSyncBookmarkManager::openPanelForBookmarkLocation(QObject * /*sender*/) {
 }
 
 void QVSyncBookmarkManager::addBookmarksObject(const QString &path) {
-    Log::verbose(QStringLiteral("Adding object for path: %1").arg(path));
+    syncLog().verbose(QStringLiteral("Adding object for path: %1").arg(path));
     dataSource()->tableViewAddBookmarksObject(m_tableView, path);
 }
 
 void QVSyncBookmarkManager::removeBookmarksObject(const QString &path) {
-    Log::verbose(QStringLiteral("Received path: %1").arg(path));
+    syncLog().verbose(QStringLiteral("Received path: %1").arg(path));
     dataSource()->tableViewRemoveBookmarksObject(m_tableView, path);
 }
 

@@ -4,8 +4,8 @@
 #include <QtWidgets/QLabel>
 
 #include "Host/QVSyncPlugin.h"
+#include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
-#include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/PathComponents.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/RequiredChild.h"
@@ -100,7 +100,7 @@ int QVSyncBookmarkManagerDataSource::numberOfRowsInTableView(TableView * /*table
 
 QWidget *QVSyncBookmarkManagerDataSource::tableViewViewForTableColumnRow(
     TableView *tableView, const QString &columnIdentifier, int row) {
-    Log::verbose(
+    syncLog().verbose(
         QStringLiteral("Requesting view for column %1 at row %2").arg(columnIdentifier).arg(row));
     const QVariantMap contents = m_tableContents.value(row).toMap();
     QWidget *view = nullptr;
@@ -108,9 +108,10 @@ QWidget *QVSyncBookmarkManagerDataSource::tableViewViewForTableColumnRow(
         columnIdentifier == QLatin1StringView("BookmarkCell")) {
         view = makeBookmarkCell(*tableView, columnIdentifier, this, contents);
     }
-    Log::verbose(QStringLiteral("Returning view %1 for column %2 at row %3")
-                     .arg(view ? view->objectName() : QStringLiteral("(null)"), columnIdentifier)
-                     .arg(row));
+    syncLog().verbose(
+        QStringLiteral("Returning view %1 for column %2 at row %3")
+            .arg(view ? view->objectName() : QStringLiteral("(null)"), columnIdentifier)
+            .arg(row));
     return view;
 }
 

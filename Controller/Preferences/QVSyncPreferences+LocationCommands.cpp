@@ -8,8 +8,8 @@
 #include "Controller/Preferences/QVWebDAVLocationEditor.h"
 #include "Controller/QVImportDatabasesController.h"
 #include "Host/QVSyncLocationsController.h"
+#include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
-#include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Interface/Workspace.h"
 
@@ -195,14 +195,14 @@ void QVSyncPreferences::cleanLocationForDatabaseWithUUID(
     constexpr char method[] = "QVSyncPreferences::cleanLocationForDatabaseWithUUID";
     requireParameter(location != nullptr, "_location != nil", method, commandsSourceFile);
     requireParameter(!UUID.isNull(), "_UUID != nil", method, commandsSourceFile);
-    Log::message(QStringLiteral("Attempting to clean location %1")
-                     .arg(location->URL().stringWithoutPassword()));
+    syncLog().message(QStringLiteral("Attempting to clean location %1")
+                          .arg(location->URL().stringWithoutPassword()));
     plugin()->dispatcher()->cleanRemoteStoreWithSynchronizationState(
         location->stateForDatabaseWithUUID(UUID), [location = location]() mutable {
             // Moved, so that the location is never released on the thread of the clean-up.
             MainQueue::dispatchAsync([location = std::move(location)] {
-                Log::message(QStringLiteral("Finished cleaning location %1")
-                                 .arg(location->URL().stringWithoutPassword()));
+                syncLog().message(QStringLiteral("Finished cleaning location %1")
+                                      .arg(location->URL().stringWithoutPassword()));
             });
         });
 }

@@ -10,9 +10,9 @@
 #include "Host/QVApplication.h"
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncLocationsController.h"
+#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
-#include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Platform/Interface/Workspace.h"
 #include "Platform/KeyValue/Binding.h"
@@ -44,7 +44,7 @@ QVSyncPreferences *QVSyncPreferences::preferences() {
 
 QString QVSyncPreferences::mainNibName() const {
     if (!QVSyncPlugin::isAvailable()) {
-        Log::message(QStringLiteral("Sync is not available on this system."));
+        syncLog().message(QStringLiteral("Sync is not available on this system."));
     }
     return QStringLiteral("Sync Preferences");
 }
@@ -291,8 +291,8 @@ QVSyncPreferences::Selection QVSyncPreferences::synchronizationSelectionForState
         const StandIn selected = selection->database();
         if (selection->location() == state->destination() && selected && database &&
             selected->UUID() == database->UUID()) {
-            Log::verbose(QStringLiteral("Found synchronization selection %1")
-                             .arg(selection->locationFormatter()->title()));
+            syncLog().verbose(QStringLiteral("Found synchronization selection %1")
+                                  .arg(selection->locationFormatter()->title()));
             return selection;
         }
     }

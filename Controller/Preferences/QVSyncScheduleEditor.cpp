@@ -2,7 +2,7 @@
 
 #include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
 #include "Host/Notifications.h"
-#include "Platform/Foundation/Log.h"
+#include "Host/SyncLog.h"
 #include "Platform/Foundation/NotificationCenter.h"
 
 namespace {
@@ -106,8 +106,8 @@ void QVSyncScheduleEditor::setHourly(bool hourly) {
         return;
     }
     setSchedule(newHourlySchedule());
-    Log::verbose(QStringLiteral("1Setting hourly with hourlyOffset: %1")
-                     .arg(static_cast<quint32>(hourlyOffset())));
+    syncLog().verbose(QStringLiteral("1Setting hourly with hourlyOffset: %1")
+                          .arg(static_cast<quint32>(hourlyOffset())));
     setSchedule(hourlyScheduleAt(hourlyOffset()));
     tellDelegate(schedule());
 }
@@ -145,7 +145,7 @@ void QVSyncScheduleEditor::setHourlyOffset(qint32 offset) {
     if (!isHourly()) {
         return;
     }
-    Log::verbose(
+    syncLog().verbose(
         QStringLiteral("2Setting hourly with hourlyOffset: %1").arg(static_cast<quint32>(offset)));
     setSchedule(hourlyScheduleAt(offset));
     tellDelegate(schedule());

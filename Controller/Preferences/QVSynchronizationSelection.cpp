@@ -6,10 +6,10 @@
 
 #include "Controller/Preferences/LocationKind.h"
 #include "Host/QVSyncPlugin.h"
+#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/DispatchGroup.h"
-#include "Platform/Foundation/Log.h"
 #include "Platform/KeyValue/Binding.h"
 
 std::shared_ptr<QVSynchronizationSelection> QVSynchronizationSelection::selectionWithDatabase(
@@ -138,9 +138,9 @@ bool QVSynchronizationSelection::isMounted() const {
     const Url URL = m_location->URL();
     const bool isMounted =
         !URL.isFileURL() || QVSyncPlugin::plugin()->isVolumeMountedAtPath(URL.path());
-    Log::verbose(QStringLiteral("Location: %1 (%2) %3 mounted.")
-                     .arg(URL.stringWithoutPassword(), URL.path(),
-                          isMounted ? QStringLiteral("is") : QStringLiteral("is not")));
+    syncLog().verbose(QStringLiteral("Location: %1 (%2) %3 mounted.")
+                          .arg(URL.stringWithoutPassword(), URL.path(),
+                               isMounted ? QStringLiteral("is") : QStringLiteral("is not")));
     return isMounted;
 }
 

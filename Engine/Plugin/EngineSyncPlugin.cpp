@@ -8,7 +8,7 @@
 #include "Engine/Stores/Folder/LocalStore.h"
 #include "Engine/Stores/Folder/MountedVolumes.h"
 #include "Host/QVApplication.h"
-#include "Platform/Foundation/Log.h"
+#include "Host/SyncLog.h"
 
 namespace {
 
@@ -106,7 +106,7 @@ QStringList EngineSyncPlugin::bookmarkDictionaryKeys() const {
 bool EngineSyncPlugin::isVolumeMountedAtPath(const QString &path) const {
     const Expected<bool> isMounted = MountedVolumes::contain(path, MountedVolumes::mountPoints);
     if (!isMounted) {
-        Log::message(isMounted.error().localizedDescription);
+        syncLog().message(isMounted.error().localizedDescription);
     }
     return isMounted.value_or(true);
 }

@@ -108,7 +108,7 @@ Expected<void> SyncEngine::load() {
 void SyncEngine::installTranslation() {
     if (m_translator.load(QLocale(), QStringLiteral("Sync"), QStringLiteral("_"),
                           QStringLiteral(":/VelmoraSync/Translations"))) {
-        setLocalizationTable(SyncTable, &m_translator);
-        setLocalizationTable(PlatformTable, &m_translator);
+        addLocalizationTable(SyncTable, &m_translator);
+        addLocalizationTable(PlatformTable, &m_translator);
     }
 }

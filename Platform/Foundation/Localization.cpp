@@ -9,7 +9,8 @@ namespace {
 
 struct Tables {
     std::shared_mutex mutex;
-    QHash<QByteArray, const QTranslator *> translators;
+    /// The last one of each table is its source.
+    QHash<QByteArray, QList<const QTranslator *>> translators;
 };
 
 Tables &tables() {
@@ -22,18 +23,21 @@ Tables &tables() {
 QString localizedString(const char *table, const char *key) {
     const std::shared_lock lock(tables().mutex);
     const auto length = static_cast<qsizetype>(qstrlen(table));
-    const QTranslator *translator =
+    const QList<const QTranslator *> translators =
         tables().translators.value(QByteArray::fromRawData(table, length));
-    const QString text = translator ? translator->translate(table, key) : QString();
+    const QString text =
+        translators.isEmpty() ? QString() : translators.last()->translate(table, key);
     return text.isEmpty() ? QString::fromUtf8(key) : text;
 }
 
-void setLocalizationTable(const QByteArray &table, const QTranslator *translator) {
+void addLocalizationTable(const QByteArray &table, const QTranslator *translator) {
     const std::lock_guard lock(tables().mutex);
-    tables().translators.insert(table, translator);
+    tables().translators[table].append(translator);
 }
 
 void removeLocalizationTables(const QTranslator *translator) {
     const std::lock_guard lock(tables().mutex);
-    tables().translators.removeIf([=](const auto &entry) { return entry.value() == translator; });
+    for (QList<const QTranslator *> &translators : tables().translators) {
+        translators.removeAll(translator);
+    }
 }

@@ -20,10 +20,10 @@ inline constexpr char PlatformTable[] = "Platform";
 /// Makes `translator` the source of the texts of `table`, which is the name of a context in it.
 ///
 /// The translator is not owned. It must not be null, and must be removed by
-/// `removeLocalizationTables` before it is destroyed. Replaces an earlier translator of the same
-/// table. Thread-safe.
-PLATFORM_EXPORT void setLocalizationTable(const QByteArray &table, const QTranslator *translator);
+/// `removeLocalizationTables` before it is destroyed. An earlier translator of the same table is
+/// not used again until this one is removed. Thread-safe.
+PLATFORM_EXPORT void addLocalizationTable(const QByteArray &table, const QTranslator *translator);
 
-/// Removes `translator` from each table whose source it still is. Thread-safe; no other thread uses
+/// Removes `translator` from each table. Thread-safe; no other thread uses
 /// the translator any more when this returns.
 PLATFORM_EXPORT void removeLocalizationTables(const QTranslator *translator);

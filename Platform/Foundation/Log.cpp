@@ -3,18 +3,18 @@
 #include <syslog.h>
 
 #include <cstring>
+#include <utility>
 
 #include "Platform/Foundation/TerminalText.h"
 #include "Platform/Foundation/UserDefaults.h"
 
-namespace Log {
-
 namespace {
 
+const char *systemLogCategory = nullptr;
 QtMessageHandler previousHandler = nullptr;
 
 void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &text) {
-    if (context.category && std::strcmp(context.category, category().categoryName()) == 0) {
+    if (context.category && std::strcmp(context.category, systemLogCategory) == 0) {
         syslog(LOG_USER | LOG_INFO, "%s", TerminalText::line(text).toUtf8().constData());
     } else {
         previousHandler(type, context, TerminalText::lines(text));
@@ -23,33 +23,32 @@ void handleMessage(QtMsgType type, const QMessageLogContext &context, const QStr
 
 }  // namespace
 
-const QLoggingCategory &category() {
-    static const QLoggingCategory syncCategory("sync");
-    return syncCategory;
+Log::Log(const char *category, QString enabledKey, QString verboseKey)
+    : m_category(category),
+      m_enabledKey(std::move(enabledKey)),
+      m_verboseKey(std::move(verboseKey)) {}
+
+bool Log::isEnabled() const {
+    return UserDefaults::boolForKey(m_enabledKey);
 }
 
-bool isEnabled() {
-    return UserDefaults::boolForKey(QStringLiteral("QVSyncDebug"));
+bool Log::isVerbose() const {
+    return isEnabled() && UserDefaults::boolForKey(m_verboseKey);
 }
 
-bool isVerbose() {
-    return isEnabled() && UserDefaults::boolForKey(QStringLiteral("QVSyncDebugHigh"));
-}
-
-void message(const QString &text) {
+void Log::message(const QString &text) const {
     if (isEnabled()) {
-        qCInfo(category).noquote() << text;
+        qCInfo(m_category).noquote() << text;
     }
 }
 
-void verbose(const QString &text) {
+void Log::verbose(const QString &text) const {
     if (isVerbose()) {
-        qCInfo(category).noquote() << text;
+        qCInfo(m_category).noquote() << text;
     }
 }
 
-void sendToSystemLog() {
+void Log::sendToSystemLog(const char *category) {
+    systemLogCategory = category;
     previousHandler = qInstallMessageHandler(&handleMessage);
 }
-
-}  // namespace Log

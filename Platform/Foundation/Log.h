@@ -5,27 +5,33 @@
 
 #include "Platform/PlatformExport.h"
 
-/// Diagnostic messages for the system log. They are written only if the user's settings ask for
-/// them, which is checked for each message. Thread-safe. Never log a secret; use
-/// Url::stringWithoutPassword() for URLs.
-namespace Log {
+/// Diagnostic messages. They are written only if the user's settings ask for them, which is checked
+/// for each message. Thread-safe. Never log a secret; use Url::stringWithoutPassword() for URLs.
+class PLATFORM_EXPORT Log {
+public:
+    /// Creates a log whose messages reach Qt's message handler with the category `category`, which
+    /// is not copied. The user defaults `enabledKey` and `verboseKey`, booleans, switch it on.
+    Log(const char *category, QString enabledKey, QString verboseKey);
+    Log(const Log &) = delete;
+    Log &operator=(const Log &) = delete;
 
-/// Returns the category with which the messages are sent to Qt's message handler.
-PLATFORM_EXPORT const QLoggingCategory &category();
+    /// Returns whether `enabledKey` is on.
+    bool isEnabled() const;
+    /// Returns whether `enabledKey` and `verboseKey` are both on.
+    bool isVerbose() const;
 
-/// Returns whether the setting "QVSyncDebug" is on.
-PLATFORM_EXPORT bool isEnabled();
-/// Returns whether the settings "QVSyncDebug" and "QVSyncDebugHigh" are both on.
-PLATFORM_EXPORT bool isVerbose();
+    /// Writes `text` if isEnabled().
+    void message(const QString &text) const;
+    /// Writes `text` if isVerbose().
+    void verbose(const QString &text) const;
 
-/// Writes `text` if isEnabled().
-PLATFORM_EXPORT void message(const QString &text);
-/// Writes `text` if isVerbose().
-PLATFORM_EXPORT void verbose(const QString &text);
+    /// Sends the messages of the category `category`, which is not copied, to the system log
+    /// (syslog(3), facility user) from now on. All other messages go to the message handler that
+    /// was installed before. Call it once, from the application.
+    static void sendToSystemLog(const char *category);
 
-/// Sends the messages of category() to the system log (syslog(3), facility user) from now on. All
-/// other messages go to the message handler that was installed before. Call it once, from the
-/// application.
-PLATFORM_EXPORT void sendToSystemLog();
-
-}  // namespace Log
+private:
+    const QLoggingCategory m_category;
+    const QString m_enabledKey;
+    const QString m_verboseKey;
+};

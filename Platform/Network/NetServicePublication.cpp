@@ -5,7 +5,6 @@
 #include <avahi-common/error.h>
 #include <avahi-common/malloc.h>
 
-#include "Platform/Foundation/Log.h"
 #include "Platform/Network/DiscoveryClient.h"
 #include "Platform/Network/NetService.h"
 #include "Platform/Network/NetServiceDelegate.h"
@@ -77,8 +76,9 @@ void NetServicePublication::announce() {
         failure = avahi_entry_group_commit(m_group);
     }
     if (failure != AVAHI_OK) {
-        Log::message(QStringLiteral("The service “%1” cannot be announced: %2")
-                         .arg(m_service.name(), QString::fromUtf8(avahi_strerror(failure))));
+        qWarning().noquote() << QStringLiteral("The service “%1” cannot be announced: %2")
+                                    .arg(m_service.name(),
+                                         QString::fromUtf8(avahi_strerror(failure)));
     }
 }
 

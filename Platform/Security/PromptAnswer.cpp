@@ -77,7 +77,7 @@ void initializeClass(gpointer classStructure, gpointer /*data*/) {
 
 std::size_t promptAnsweringServiceType() {
     static const GType type = g_type_register_static_simple(
-        SECRET_TYPE_SERVICE, "VelmoraSecretService", sizeof(SecretServiceClass), &initializeClass,
-        sizeof(SecretService), nullptr, static_cast<GTypeFlags>(0));
+        SECRET_TYPE_SERVICE, "PromptAnsweringSecretService", sizeof(SecretServiceClass),
+        &initializeClass, sizeof(SecretService), nullptr, static_cast<GTypeFlags>(0));
     return type;
 }

@@ -1,6 +1,5 @@
 #include "Controller/QVBinding.h"
 
-#include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Support/TestMain.h"
 

@@ -1,6 +1,6 @@
 #include "Support/MessageRecorder.h"
 
-#include "Platform/Foundation/Log.h"
+#include "Host/SyncLog.h"
 
 static QStringList &recorded() {
     static QStringList messages;
@@ -8,7 +8,7 @@ static QStringList &recorded() {
 }
 
 static void record(QtMsgType /*type*/, const QMessageLogContext &context, const QString &text) {
-    if (qstrcmp(context.category, Log::category().categoryName()) == 0) {
+    if (qstrcmp(context.category, SyncLogCategory) == 0) {
         recorded().append(text);
     }
 }

@@ -36,12 +36,15 @@ private Q_SLOTS:
         QVSyncPlugin *plugin = QVSyncPlugin::plugin();
         QCOMPARE(plugin, &host.engine().plugin());
         QCOMPARE(QVSyncPlugin::plugin(), plugin);
-        QVERIFY(plugin->locationsController());
-        QCOMPARE(plugin->locationsController(), plugin->locationsController());
-        QVERIFY(plugin->dispatcher());
-        QCOMPARE(plugin->dispatcher(), plugin->dispatcher());
-        QVERIFY(plugin->server());
-        QCOMPARE(plugin->server(), plugin->server());
+        QVSyncLocationsController *locations = plugin->locationsController();
+        QVSyncDispatcher *dispatcher = plugin->dispatcher();
+        QVDirectConnectionServer *server = plugin->server();
+        QVERIFY(locations);
+        QVERIFY(dispatcher);
+        QVERIFY(server);
+        QCOMPARE(plugin->locationsController(), locations);
+        QCOMPARE(plugin->dispatcher(), dispatcher);
+        QCOMPARE(plugin->server(), server);
     }
 
     void keepsGrantsInTheOrderInWhichTheyWereGiven() {

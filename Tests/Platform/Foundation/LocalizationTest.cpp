@@ -24,7 +24,7 @@ private Q_SLOTS:
 
     void aTableGivesItsTextsAndTheKeyIfItHasNone() {
         const GermanTable table;
-        setLocalizationTable("Sync", &table);
+        addLocalizationTable("Sync", &table);
         QCOMPARE(localizedString("Sync", "Add Location…"), QStringLiteral("Ort hinzufügen …"));
         QCOMPARE(localizedString("Sync", "Remove"), QStringLiteral("Remove"));
         QCOMPARE(localizedString("Other", "Add Location…"), QStringLiteral("Add Location…"));
@@ -39,14 +39,21 @@ private Q_SLOTS:
         QCoreApplication::removeTranslator(&table);
     }
 
-    void removingAReplacedTranslatorKeepsTheTable() {
+    void theLastTranslatorThatIsLeftGivesTheTexts() {
         const GermanTable first;
         const GermanTable second;
-        setLocalizationTable("Sync", &first);
-        setLocalizationTable("Sync", &second);
+        addLocalizationTable("Sync", &first);
+        addLocalizationTable("Sync", &second);
         removeLocalizationTables(&first);
         QCOMPARE(localizedString("Sync", "Add Location…"), QStringLiteral("Ort hinzufügen …"));
+        addLocalizationTable("Sync", &first);
+        removeLocalizationTables(&first);
+        QCOMPARE(localizedString("Sync", "Add Location…"), QStringLiteral("Ort hinzufügen …"));
+        addLocalizationTable("Sync", &first);
         removeLocalizationTables(&second);
+        QCOMPARE(localizedString("Sync", "Add Location…"), QStringLiteral("Ort hinzufügen …"));
+        removeLocalizationTables(&first);
+        QCOMPARE(localizedString("Sync", "Add Location…"), QStringLiteral("Add Location…"));
     }
 };
 

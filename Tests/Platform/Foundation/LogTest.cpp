@@ -5,8 +5,9 @@
 
 namespace {
 
-const QString debugKey = QStringLiteral("QVSyncDebug");
-const QString highKey = QStringLiteral("QVSyncDebugHigh");
+const QString debugKey = QStringLiteral("LogTestEnabled");
+const QString highKey = QStringLiteral("LogTestVerbose");
+const Log diagnostics("test", debugKey, highKey);
 
 /// What reached Qt's message handler.
 struct Caught {
@@ -34,8 +35,8 @@ class LogTest : public QObject {
     static QStringList written() {
         caught.clear();
         const QtMessageHandler before = qInstallMessageHandler(&catchMessage);
-        Log::message(QStringLiteral("normal"));
-        Log::verbose(QStringLiteral("verbose"));
+        diagnostics.message(QStringLiteral("normal"));
+        diagnostics.verbose(QStringLiteral("verbose"));
         qInstallMessageHandler(before);
         QStringList texts;
         for (const Caught &message : std::as_const(caught)) {
@@ -51,8 +52,8 @@ private Q_SLOTS:
     }
 
     void nothingIsWrittenUnlessAskedFor() {
-        QVERIFY(!Log::isEnabled());
-        QVERIFY(!Log::isVerbose());
+        QVERIFY(!diagnostics.isEnabled());
+        QVERIFY(!diagnostics.isVerbose());
         QCOMPARE(written(), QStringList());
     }
 
@@ -62,14 +63,14 @@ private Q_SLOTS:
         QCOMPARE(written(), QStringList());
         switchTo(false, true);
         QCOMPARE(written(), QStringList());
-        QVERIFY(!Log::isVerbose());
+        QVERIFY(!diagnostics.isVerbose());
         switchTo(true, false);
         QCOMPARE(written(), QStringList(normal));
-        QVERIFY(Log::isEnabled());
-        QVERIFY(!Log::isVerbose());
+        QVERIFY(diagnostics.isEnabled());
+        QVERIFY(!diagnostics.isVerbose());
         switchTo(true, true);
         QCOMPARE(written(), QStringList({normal, QStringLiteral("verbose")}));
-        QVERIFY(Log::isVerbose());
+        QVERIFY(diagnostics.isVerbose());
     }
 
     void theDefaultsAreReadAfreshAtEachMessageAlsoWhenAnotherProgramSetsThem() {
@@ -77,7 +78,7 @@ private Q_SLOTS:
         QCOMPARE(written().size(), 2);
         QFile file(QSettings().fileName());
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write("[General]\nQVSyncDebug=false\n");
+        file.write("[General]\nLogTestEnabled=false\n");
         file.close();
         QCOMPARE(written(), QStringList());
     }
@@ -87,11 +88,11 @@ private Q_SLOTS:
         caught.clear();
         const QtMessageHandler before = qInstallMessageHandler(&catchMessage);
         const QString text = QStringLiteral("\"ü\" %s %1\nsecond line");
-        Log::message(text);
+        diagnostics.message(text);
         qInstallMessageHandler(before);
         QCOMPARE(caught.size(), 1);
         QCOMPARE(caught[0].type, QtInfoMsg);
-        QCOMPARE(caught[0].category, QStringLiteral("sync"));
+        QCOMPARE(caught[0].category, QStringLiteral("test"));
         QCOMPARE(caught[0].text, text);
     }
 };

@@ -60,11 +60,14 @@ int writeToSystemLog() {
         std::fputs("A private system log could not be created.\n", stderr);
         return 1;
     }
-    UserDefaults::setValue(QStringLiteral("QVSyncDebug"), true);
-    UserDefaults::setValue(QStringLiteral("QVSyncDebugHigh"), true);
-    Log::sendToSystemLog();
-    Log::message(QStringLiteral("normal ü %s"));
-    Log::verbose(QStringLiteral("verbose"));
+    const QString enabledKey = QStringLiteral("LogTestEnabled");
+    const QString verboseKey = QStringLiteral("LogTestVerbose");
+    UserDefaults::setValue(enabledKey, true);
+    UserDefaults::setValue(verboseKey, true);
+    const Log log("test", enabledKey, verboseKey);
+    Log::sendToSystemLog("test");
+    log.message(QStringLiteral("normal ü %s"));
+    log.verbose(QStringLiteral("verbose"));
     qInfo().noquote() << QStringLiteral("elsewhere");
 
     std::array<char, 1024> buffer{};
