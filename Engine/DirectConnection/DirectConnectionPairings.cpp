@@ -2,7 +2,7 @@
 
 #include "Engine/Foundation/FoundSecret.h"
 #include "Engine/Profile/ProfileDatabase.h"
-#include "Host/SyncLog.h"
+#include "Host/QVApplication.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Security/Keychain.h"
 
@@ -130,6 +130,6 @@ void DirectConnectionPairings::save(const QString &key, const QByteArray &finger
                                       " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
                        {SettingPrefix + key, QString::fromLatin1(fingerprint.toHex())});
     if (!written) {
-        syncLog().message(written.error().localizedDescription);
+        NSApp()->presentError(written.error());
     }
 }

@@ -40,7 +40,7 @@ public:
     /// error if the keychain cannot be read. Blocks for at most the timeout of the secret store.
     Expected<std::optional<SecretBytes>> secret(const QString &key) const;
     /// Stores a pairing, replacing that of the same key. Effective at once for this run; written to
-    /// the keychain and the profile asynchronously. A failure to write the profile is logged.
+    /// the keychain and the profile asynchronously. A failure to write the profile is presented.
     void keep(const QString &key, const QByteArray &fingerprint, const SecretBytes &secret);
     /// Returns whether the user may be asked to pair for `key` now, see QuestionLimit. If so,
     /// didAsk() must be called when the question has ended.

@@ -104,7 +104,8 @@ void DirectConnectionServer::stopServing() {
 }
 
 Expected<void> DirectConnectionServer::start() {
-    const auto identity = DirectConnectionIdentity::load(m_profile.directory());
+    const auto identity = m_profile.checkFiles().and_then(
+        [this] { return DirectConnectionIdentity::load(m_profile.directory()); });
     if (!identity) {
         return failure(identity.error());
     }

@@ -218,7 +218,7 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
                             : localizedSyncString("The profile “%1” cannot be opened: %2")
                                   .arg(path(), error.databaseText())));
     }
-    if (Expected<void> set = runAll(connectionSettings()); !set) {
+    if (Expected<void> set = executeAll(connectionSettings()); !set) {
         return set;
     }
     const Expected<QVariant> version = value(QStringLiteral("PRAGMA user_version"));
@@ -266,18 +266,18 @@ Expected<void> ProfileDatabase::create(const Changes &fill) const {
 
 Expected<void> ProfileDatabase::upgradeNotes(const Changes &convertNotes) const {
     return write([&] {
-        return runAll({QStringLiteral("ALTER TABLE notes RENAME TO old_notes"),
-                       QStringLiteral(
-                           "ALTER TABLE databases ADD COLUMN sent INTEGER NOT NULL DEFAULT 0")})
+        return executeAll({QStringLiteral("ALTER TABLE notes RENAME TO old_notes"),
+                           QStringLiteral(
+                               "ALTER TABLE databases ADD COLUMN sent INTEGER NOT NULL DEFAULT 0")})
             .and_then([&] { return addMissingColumns(); })
             .and_then([&] { return createMissingTables(); })
             .and_then(convertNotes)
-            .and_then([&] { return run(QStringLiteral("DROP TABLE old_notes")); });
+            .and_then([&] { return execute(QStringLiteral("DROP TABLE old_notes")); });
     });
 }
 
 Expected<void> ProfileDatabase::createMissingTables() const {
-    return runAll(schema());
+    return executeAll(schema());
 }
 
 Expected<void> ProfileDatabase::addMissingColumns() const {
@@ -291,12 +291,12 @@ Expected<void> ProfileDatabase::addMissingColumns() const {
             statements.append(QStringLiteral("ALTER TABLE states ADD COLUMN ") + column);
         }
     }
-    return done.and_then([&] { return runAll(statements); });
+    return done.and_then([&] { return executeAll(statements); });
 }
 
-Expected<void> ProfileDatabase::runAll(const QStringList &statements) const {
+Expected<void> ProfileDatabase::executeAll(const QStringList &statements) const {
     for (const QString &statement : statements) {
-        if (Expected<void> done = run(statement); !done) {
+        if (Expected<void> done = execute(statement); !done) {
             return done;
         }
     }
@@ -324,6 +324,14 @@ Expected<void> ProfileDatabase::run(const QString &statement, const QVariantList
 }
 
 Expected<void> ProfileDatabase::run(QSqlQuery &query, const QVariantList &values) const {
+    return m_isWriting ? execute(query, values) : write([&] { return execute(query, values); });
+}
+
+Expected<void> ProfileDatabase::execute(const QString &statement) const {
+    return prepare(statement).and_then([&](QSqlQuery query) { return execute(query, {}); });
+}
+
+Expected<void> ProfileDatabase::execute(QSqlQuery &query, const QVariantList &values) const {
     for (qsizetype i = 0; i < values.size(); ++i) {
         query.bindValue(static_cast<int>(i), values[i]);
     }
@@ -344,7 +352,7 @@ Expected<void> ProfileDatabase::read(QSqlQuery &query, const QVariantList &value
     if (reader && reader->isCancelled()) {
         return failure(operationCancelled());
     }
-    if (Expected<void> executed = run(query, values); !executed) {
+    if (Expected<void> executed = execute(query, values); !executed) {
         return executed;
     }
     while (query.next()) {
@@ -375,15 +383,17 @@ Expected<QVariant> ProfileDatabase::value(const QString &statement,
 }
 
 Expected<void> ProfileDatabase::write(const Changes &changes) const {
-    if (Expected<void> begun = run(QStringLiteral("BEGIN IMMEDIATE")); !begun) {
+    if (Expected<void> begun = execute(QStringLiteral("BEGIN IMMEDIATE")); !begun) {
         return begun;
     }
+    m_isWriting = true;
     Expected<void> done = changes().and_then([&] { return checkFiles(); }).and_then([&] {
-        return run(QStringLiteral("COMMIT"));
+        return execute(QStringLiteral("COMMIT"));
     });
+    m_isWriting = false;
     if (!done) {
         // Fails if SQLite has rolled back by itself, as it does after some errors.
-        run(QStringLiteral("ROLLBACK"));
+        execute(QStringLiteral("ROLLBACK"));
     }
     return done.and_then([&] { return checkFiles(); });
 }

@@ -70,7 +70,8 @@ public:
     /// query. The query is forward-only, and must be destroyed before this object.
     Expected<QSqlQuery> prepare(const QString &statement) const;
 
-    /// Executes a statement that returns no rows, with `values` for its placeholders.
+    /// Executes a statement that returns no rows, with `values` for its placeholders. Outside of
+    /// `write` the statement is a write of its own, with the same errors.
     Expected<void> run(const QString &statement, const QVariantList &values = {}) const;
     Expected<void> run(QSqlQuery &query, const QVariantList &values) const;
 
@@ -90,11 +91,18 @@ public:
     /// it was opened: what was written would not be found there.
     Expected<void> write(const Changes &changes) const;
 
+    /// Returns an error if a file of the profile was moved, deleted or replaced since it was
+    /// opened. To be called before another file is written into the folder.
+    Expected<void> checkFiles() const;
+
     /// Returns `string` as a value for a text column, which must not be NULL: a null string is
     /// stored as an empty one.
     static QVariant text(const QString &string);
 
 private:
+    /// Executes a statement as it is, without a transaction or a check.
+    Expected<void> execute(const QString &statement) const;
+    Expected<void> execute(QSqlQuery &query, const QVariantList &values) const;
     Expected<void> openFolder(const QString &directory, const Changes &fill,
                               const Changes &convertNotes);
     Expected<void> openFile(const Changes &fill, const Changes &convertNotes);
@@ -106,11 +114,9 @@ private:
     Expected<void> create(const Changes &fill) const;
     /// Upgrades a profile of schema version 1.
     Expected<void> upgradeNotes(const Changes &convertNotes) const;
-    Expected<void> runAll(const QStringList &statements) const;
+    Expected<void> executeAll(const QStringList &statements) const;
     /// Remembers which files are open.
     void rememberFiles();
-    /// Returns an error if the paths of the open files name other files or none.
-    Expected<void> checkFiles() const;
     Error queryError(const QSqlQuery &query) const;
     void closeFile();
 
@@ -123,4 +129,6 @@ private:
     QString m_directory;
     /// By path.
     QHash<QString, FileIdentity> m_files;
+    /// Whether `write` is calling its changes.
+    mutable bool m_isWriting = false;
 };

@@ -60,7 +60,8 @@ private:
         require(profile.open(
             directory(), [&] { return writeFirstContents(profile, FirstContents::Inbox); },
             [] { return Expected<void>(); }));
-        require(profile.run(QStringLiteral("PRAGMA synchronous = OFF")));
+        require(
+            profile.value(QStringLiteral("PRAGMA synchronous = OFF")).map([](const QVariant &) {}));
         require(m_opened->library.load());
     }
 

@@ -202,7 +202,7 @@ private Q_SLOTS:
         orThrow(computer.open());
         orThrow(run<SyncSession>(computer));
         const Contents expected = computer.contents();
-        orThrow(computer.profile().run(QStringLiteral("PRAGMA cache_size = 1")));
+        orThrow(computer.profile().value(QStringLiteral("PRAGMA cache_size = 1")));
         orThrow(computer.profile().run(
             QStringLiteral("INSERT INTO operations (database, digest, note_uuid, title, text,"
                            " supersedes, salt, position) WITH RECURSIVE number (n) AS (SELECT 1"
