@@ -20,6 +20,8 @@
 
 namespace {
 
+const QString ApplicationName = QStringLiteral("Velmora");
+
 QString shownName(const NoteDatabase &database) {
     return database.isOpen() ? database.name() : MainWindow::tr("%1 (closed)").arg(database.name());
 }
@@ -32,7 +34,7 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
       m_databases(new QListWidget),
       m_notes(new NotesView(UnsavedTexts(profileFolder))) {
     restoreUnsavedTexts(UnsavedTexts(profileFolder));
-    setWindowTitle(QStringLiteral("Velmora"));
+    setWindowTitle(ApplicationName + QStringLiteral("[*]"));
     resize(900, 560);
     m_databases->setObjectName(QStringLiteral("databases"));
     m_databases->setAccessibleName(tr("Databases"));
@@ -73,6 +75,7 @@ void MainWindow::makeActions() {
     m_deletedAction =
         editMenu->addAction(tr("&Deleted Notes…"), this, &MainWindow::showDeletedNotes);
     connect(m_notes, &NotesView::noteChanged, this, &MainWindow::updateHistoryActions);
+    connect(m_notes, &NotesView::editedChanged, this, &QWidget::setWindowModified);
 
     QMenu *toolsMenu = menuBar()->addMenu(tr("&Tools"));
     QAction *preferencesAction =
@@ -229,7 +232,7 @@ void MainWindow::restoreUnsavedTexts(const UnsavedTexts &unsavedTexts) {
     }
     for (const QString &title : *titles) {
         m_log->append(
-            windowTitle(),
+            ApplicationName,
             tr("The text of “%1”, which could not be saved before, is saved.").arg(title));
     }
 }

@@ -16,7 +16,8 @@ class QListWidget;
 class UnsavedTexts;
 
 /// The main window: the databases of the profile on the left, the notes of the selected one on the
-/// right. Must be used on the main thread.
+/// right. It is marked as modified, with an asterisk in its title, until typed text is on disk.
+/// Must be used on the main thread.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:

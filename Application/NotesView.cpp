@@ -19,6 +19,8 @@ namespace {
 /// Longer titles are not editable: a line edit would take seconds for each key.
 constexpr int LongestTitle = 200000;
 
+constexpr int PauseInMilliseconds = 500;
+
 QString shownTitle(const Note &note) {
     constexpr qsizetype longest = 200;
     return note.title.isEmpty() ? NotesView::tr("Untitled") : note.title.left(longest);
@@ -48,10 +50,13 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     m_undoAction->setShortcut(QKeySequence::Undo);
     m_undoAction->setEnabled(false);
     m_pause.setSingleShot(true);
-    m_pause.setInterval(500);
+    m_pause.setInterval(PauseInMilliseconds);
+    m_keeping.setSingleShot(true);
+    m_keeping.setInterval(PauseInMilliseconds);
     makeWidgets();
 
     connect(&m_pause, &QTimer::timeout, this, &NotesView::commit);
+    connect(&m_keeping, &QTimer::timeout, this, &NotesView::keepEdits);
     connect(m_list, &QListWidget::currentRowChanged, this, &NotesView::selectNote);
     connect(m_title, &QLineEdit::textEdited, this, &NotesView::noteEdited);
     connect(m_text, &QPlainTextEdit::textChanged, this, &NotesView::noteEdited);
@@ -62,6 +67,8 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
 }
 
 NotesView::~NotesView() {
+    // The window that observes this view may be in its destructor.
+    const QSignalBlocker blocker(this);
     commit();
 }
 
@@ -186,9 +193,24 @@ void NotesView::showContents() {
 }
 
 void NotesView::noteEdited() {
-    if (!m_note.UUID.isEmpty()) {
-        m_isEdited = true;
-        m_pause.start();
+    if (m_note.UUID.isEmpty()) {
+        return;
+    }
+    setEdited(true);
+    m_pause.start();
+    if (!m_keeping.isActive()) {
+        m_keeping.start();
+    }
+}
+
+void NotesView::setEdited(bool isEdited) {
+    m_isEdited = isEdited;
+    Q_EMIT editedChanged(isEdited);
+}
+
+void NotesView::keepEdits() {
+    if (m_isEdited && !m_unsavedTexts.keep(m_database->UUID(), editedNote())) {
+        commit();
     }
 }
 
@@ -217,7 +239,7 @@ Expected<void> NotesView::save() {
     // The view shows the saved note as soon as the database announces it.
     m_isEdited = false;
     Expected<void> saved = m_database->saveNote(note);
-    m_isEdited = !saved;
+    setEdited(!saved);
     if (saved) {
         m_unsavedTexts.remove(note.UUID);
         m_hasToldFailure = false;
@@ -266,7 +288,7 @@ bool NotesView::leave() {
 }
 
 void NotesView::discard() {
-    m_isEdited = false;
+    setEdited(false);
     m_hasToldFailure = false;
     m_unsavedTexts.remove(m_note.UUID);
     setNotice({});

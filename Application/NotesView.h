@@ -14,8 +14,9 @@ class QListWidget;
 class QPushButton;
 
 /// Shows and edits the notes of one database. Typed text is saved when the user pauses (500 ms) or
-/// leaves the note. Text that cannot be saved is kept in `UnsavedTexts` and stays in the editor
-/// until it is saved or the user discards it. Must be used on the main thread.
+/// leaves the note. Until then it is kept in `UnsavedTexts`, where it is written every 500 ms. Text
+/// that cannot be saved remains there, and in the editor, until it is saved or the user discards
+/// it. Must be used on the main thread.
 class NotesView : public QWidget {
     Q_OBJECT
 public:
@@ -47,6 +48,9 @@ public:
 Q_SIGNALS:
     /// Emitted after another note, or none, is shown.
     void noteChanged();
+    /// Emitted after the user has begun to edit the saved note, with true, and after the edits are
+    /// on disk or discarded, with false. Can be emitted repeatedly with the same value.
+    void editedChanged(bool isEdited);
 
 private:
     /// A deleted note that can be restored.
@@ -70,6 +74,9 @@ private:
     void undoDeletion();
     /// Marks the note as edited and restarts the timer.
     void noteEdited();
+    void setEdited(bool isEdited);
+    /// Keeps edits in `UnsavedTexts`, or saves them if that fails.
+    void keepEdits();
     /// Saves edits. If that fails, keeps them in `UnsavedTexts` and shows a notice.
     Expected<void> save();
     /// Reverts the note to its saved text.
@@ -93,6 +100,8 @@ private:
     bool m_hasToldFailure = false;
     /// Saves when the user stops typing.
     QTimer m_pause;
+    /// Keeps edits while the user types without a pause.
+    QTimer m_keeping;
     /// The deleted notes, last deletion last.
     QList<Deletion> m_deletions;
     QListWidget *m_list;

@@ -39,6 +39,13 @@ Error journalError(const QString &description, const QString &reason) {
             .localizedFailureReason = reason};
 }
 
+/// Whether a text can be kept in `folder`. A profile's folder without its database is not one any
+/// more: files in it would prevent a new profile there.
+bool isUsable(const QString &folder, const QString &profileFolder) {
+    return folder == profileFolder ? QFile::exists(folder + QStringLiteral("/profile.sqlite"))
+                                   : QDir().mkpath(folder);
+}
+
 QString shortDigest(const QString &text) {
     const QByteArray hash =
         QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256).first(8);
@@ -97,7 +104,8 @@ Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note)
             .toJson(QJsonDocument::Compact);
     const QString name = m_prefix + shortDigest(note.UUID) + QStringLiteral(".json");
     for (const QString &folder : m_folders) {
-        if (QDir().mkpath(folder) && DurableFile::write(folder + u'/' + name, contents)) {
+        if (isUsable(folder, m_folders.first()) &&
+            DurableFile::write(folder + u'/' + name, contents)) {
             return {};
         }
     }

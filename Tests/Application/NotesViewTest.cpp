@@ -26,6 +26,10 @@ private:
         return QByteArray::fromHex(note.revision.toLatin1());
     }
 
+    QStringList journal() const {
+        return QDir(m_host->directory()).entryList({QStringLiteral("unsaved-*")});
+    }
+
 private Q_SLOTS:
     void init() {
         m_host = std::make_unique<TestHost>();
@@ -60,6 +64,38 @@ private Q_SLOTS:
         QCOMPARE(m_database->notes().value().first().text, QStringLiteral("1"));
         QTRY_COMPARE(m_database->notes().value().first().text, QStringLiteral("typed"));
         QCOMPARE(text()->toPlainText(), QStringLiteral("typed"));
+    }
+
+    void whatIsTypedWithoutAPauseIsKept() {
+        const auto typeOn = [this] { QTest::keyClicks(text(), QStringLiteral("typed ")); };
+        QTRY_VERIFY((typeOn(), !journal().isEmpty()));
+        QCOMPARE(m_database->notes().value().first().text, QStringLiteral("1"));
+        m_view->commit();
+        QVERIFY(journal().isEmpty());
+    }
+
+    void aReplacedProfileFolderDoesNotGetTheText() {
+        const QString path = m_host->directory() + QStringLiteral("/profile.sqlite");
+        QVERIFY(QFile::rename(path, path + QStringLiteral(" aside")));
+        text()->setPlainText(QStringLiteral("typed"));
+        QVERIFY(!m_view->commit());
+        QVERIFY(journal().isEmpty());
+        QVERIFY(QFile::rename(path + QStringLiteral(" aside"), path));
+        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).value(),
+                 QStringList{QStringLiteral("First")});
+    }
+
+    void whatIsNotOnDiskIsShownAsEdited() {
+        const QSignalSpy edited(m_view.get(), &NotesView::editedChanged);
+        const auto isShownAsEdited = [&] { return edited.last().first().toBool(); };
+        QTest::keyClicks(text(), QStringLiteral("typed"));
+        QVERIFY(isShownAsEdited());
+        m_host->makeSavesFail();
+        m_view->commit();
+        QVERIFY(isShownAsEdited());
+        m_host->letSavesPass();
+        m_view->commit();
+        QVERIFY(!isShownAsEdited());
     }
 
     void whatCouldNotBeSavedIsSavedLater() {

@@ -2,47 +2,158 @@
 
 #include <sys/syscall.h>
 
+#include <QtCore/QStandardPaths>
+#include <QtWidgets/QPlainTextEdit>
 #include <cerrno>
 
+#include "Application/NotesView.h"
 #include "Support/FailingSystemCall.h"
+#include "Support/PrivateVolume.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
+/// Typed text while the disk of the profile is full.
 class UnsavedTextsTest : public QObject {
     Q_OBJECT
+private:
+    static constexpr qint64 VolumeSize = 4 << 20;
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<PrivateVolume> m_volume;
+    std::unique_ptr<TestHost> m_host;
+    std::shared_ptr<NoteDatabase> m_database;
+
+    QString volume() const { return m_folder.filePath(QStringLiteral("volume")); }
+    QString filler() const { return volume() + QStringLiteral("/filler"); }
+    QString cache() const {
+        return QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+    }
+
+    void fillVolume() const {
+        QFile file(filler());
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        const QByteArray page(4096, 'x');
+        while (file.write(page) == page.size()) {
+        }
+        QCOMPARE(QStorageInfo(volume()).bytesAvailable(), 0);
+    }
+    static QStringList journalIn(const QString &folder) {
+        return QDir(folder).entryList({QStringLiteral("unsaved-*")});
+    }
+    void openDatabase() { m_database = m_host->library().knownDatabases().last(); }
+
 private Q_SLOTS:
+    void init() {
+        qputenv("XDG_CACHE_HOME", m_folder.filePath(QStringLiteral("cache")).toUtf8());
+        m_volume = std::make_unique<PrivateVolume>(volume(), VolumeSize);
+        // TestHost makes its profile there.
+        qputenv("TMPDIR", volume().toUtf8());
+        m_host = std::make_unique<TestHost>();
+        m_host->addDatabase(QStringLiteral("Plans"));
+        openDatabase();
+        Note note{.title = QStringLiteral("Trip"), .text = QStringLiteral("Pack ")};
+        QVERIFY(m_database->saveNote(note));
+    }
+    void cleanup() {
+        m_database.reset();
+        m_host.reset();
+        m_volume.reset();
+        qunsetenv("TMPDIR");
+    }
+
+    void aTextIsKeptOnAnotherDiskAndSavedAtTheNextStart() {
+        fillVolume();
+        // More than the free part of the database's pages.
+        const QString typed(200'000, u'y');
+        {
+            NotesView view{UnsavedTexts(m_host->directory())};
+            view.setDatabase(m_database);
+            view.findChild<QPlainTextEdit *>()->setPlainText(typed);
+            QVERIFY(!view.commit());
+        }
+        QVERIFY(journalIn(m_host->directory()).isEmpty());
+        QCOMPARE(journalIn(cache()).size(), 1);
+        QCOMPARE(QFileInfo(QDir(cache()).filePath(journalIn(cache()).first())).permissions() &
+                     (QFile::ReadGroup | QFile::ReadOther),
+                 QFile::Permissions());
+
+        m_database.reset();
+        QVERIFY(QFile::remove(filler()));
+        m_host->restart();
+        openDatabase();
+        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).value(),
+                 QStringList{QStringLiteral("Trip")});
+        QCOMPARE(m_database->notes().value().size(), 1);
+        QCOMPARE(m_database->notes().value().first().text, typed);
+        QVERIFY(journalIn(cache()).isEmpty());
+    }
+
+    void aTextThatStillCannotBeSavedStaysThere() {
+        fillVolume();
+        Note note{.UUID = QStringLiteral("a"), .title = QStringLiteral("Trip")};
+        note.text = QString(200'000, u'y');
+        const UnsavedTexts texts(m_host->directory());
+        QVERIFY(texts.keep(m_database->UUID(), note));
+        QVERIFY(!texts.restore(m_host->library()));
+        QCOMPARE(journalIn(cache()).size(), 1);
+        texts.remove(note.UUID);
+        QVERIFY(journalIn(cache()).isEmpty());
+    }
+
+    void anotherProfilesTextsAreLeftAlone() {
+        fillVolume();
+        const UnsavedTexts texts(m_host->directory());
+        QVERIFY(texts.keep(m_database->UUID(), {.UUID = QStringLiteral("a")}));
+        QVERIFY(QFile::remove(filler()));
+        QVERIFY(UnsavedTexts(volume()).restore(m_host->library()).value().isEmpty());
+        QCOMPARE(journalIn(cache()).size(), 1);
+        texts.remove(QStringLiteral("a"));
+    }
+
     void aTextThatCannotBeFlushedIsNotKept() {
-        TestHost host;
         const Note note{.UUID = QStringLiteral("u"), .title = QStringLiteral("t"), .text = {}};
         Expected<void> kept;
         runWithFailingSystemCall(SYS_fsync, ENOSPC, [&] {
-            kept = UnsavedTexts(host.directory()).keep(QStringLiteral("d"), note);
+            kept = UnsavedTexts(m_host->directory()).keep(QStringLiteral("d"), note);
         });
         QVERIFY(!kept);
-        QVERIFY(files(host.directory()).isEmpty());
-        QVERIFY(UnsavedTexts(host.directory()).keep(QStringLiteral("d"), note));
-        QCOMPARE(files(host.directory()).size(), 1);
+        QVERIFY(journalIn(m_host->directory()).isEmpty());
+        QVERIFY(UnsavedTexts(m_host->directory()).keep(QStringLiteral("d"), note));
+        QCOMPARE(journalIn(m_host->directory()).size(), 1);
     }
 
     void textsAreFoundThroughASymbolicLink() {
-        TestHost host;
-        const QString link = QFileInfo(host.directory()).path() + QStringLiteral("/link");
-        QVERIFY(QFile::link(host.directory(), link));
-        Note note{{}, QStringLiteral("t"), QStringLiteral("old"), {}};
-        QVERIFY(host.inbox()->saveNote(note));
+        const QString link = volume() + QStringLiteral("/link");
+        QVERIFY(QFile::link(m_host->directory(), link));
+        Note note = m_database->notes().value().first();
         note.text = QStringLiteral("typed");
-        QVERIFY(UnsavedTexts(link).keep(host.inbox()->UUID(), note));
-        QCOMPARE(UnsavedTexts(host.directory()).restore(host.library()),
-                 QStringList{QStringLiteral("t")});
-        QCOMPARE(host.inbox()->notes().value().first().text, QStringLiteral("typed"));
-        QVERIFY(files(host.directory()).isEmpty());
+        QVERIFY(UnsavedTexts(link).keep(m_database->UUID(), note));
+        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).value(),
+                 QStringList{QStringLiteral("Trip")});
+        QCOMPARE(m_database->notes().value().first().text, note.text);
+        QVERIFY(journalIn(m_host->directory()).isEmpty());
     }
 
-private:
-    static QStringList files(const QString &folder) {
-        return QDir(folder).entryList({QStringLiteral("unsaved-*")});
+    void withoutAnyPlaceItIsAnError() {
+        fillVolume();
+        const QString noFolder = filler() + QStringLiteral("/none");
+        qputenv("XDG_CACHE_HOME", noFolder.toUtf8());
+        const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+        qputenv("XDG_RUNTIME_DIR", noFolder.toUtf8());
+        const Expected<void> kept =
+            UnsavedTexts(m_host->directory())
+                .keep(m_database->UUID(), {.title = QStringLiteral("Trip")});
+        qputenv("XDG_RUNTIME_DIR", runtime);
+        QVERIFY(!kept);
+        QVERIFY(kept.error().localizedDescription.contains(QStringLiteral("Trip")));
     }
 };
 
-VELMORA_TEST(UnsavedTextsTest)
+VELMORA_TEST_PROGRAM(UnsavedTextsTest)(int argumentCount, char **arguments) {
+    enterPrivateMounts();
+    prepareTestProcess();
+    const QApplication application(argumentCount, arguments);
+    UnsavedTextsTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
 #include "UnsavedTextsTest.moc"
