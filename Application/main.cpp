@@ -2,6 +2,7 @@
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
+#include <QtCore/QLibraryInfo>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QThread>
 #include <QtCore/QTranslator>
@@ -31,6 +32,26 @@ namespace {
 
 constexpr std::chrono::seconds RaiseTimeout(3);
 constexpr std::chrono::milliseconds RaiseInterval(50);
+
+/// The texts of Velmora and of Qt in the user's language.
+class Translators {
+public:
+    /// Installs them in the application object that exists. Has no effect for English.
+    void install() {
+        load(m_qt, QStringLiteral("qtbase"), QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+        load(m_velmora, QStringLiteral("Velmora"), QStringLiteral(":/Velmora/Translations"));
+    }
+
+private:
+    static void load(QTranslator &translator, const QString &table, const QString &folder) {
+        if (translator.load(QLocale(), table, QStringLiteral("_"), folder)) {
+            QCoreApplication::installTranslator(&translator);
+        }
+    }
+
+    QTranslator m_qt;
+    QTranslator m_velmora;
+};
 
 int fail(VelmoraApplication &application, const Error &error, bool isBatch) {
     TerminalText::printError(error.localizedDescription);
@@ -81,9 +102,12 @@ int runBatch(VelmoraApplication &application, LaunchOptions options, const NoteL
         options.screenshot = QDir::cleanPath(QCoreApplication::applicationDirPath() +
                                              QStringLiteral("/../sync-preferences.png"));
         options.describe = true;
-        std::printf(
-            "There is no display to open a window on. A picture of Sync Preferences is in\n%s\n",
-            qPrintable(TerminalText::line(options.screenshot)));
+        std::printf("%s\n%s\n",
+                    qPrintable(QCoreApplication::translate(
+                        "main",
+                        "There is no display to open a window on. A picture of Sync Preferences "
+                        "is in this file:")),
+                    qPrintable(TerminalText::line(options.screenshot)));
     }
     Expected<void> result;
     if (!options.screenshot.isEmpty()) {
@@ -200,11 +224,13 @@ int main(int argumentCount, char **arguments) {
     QCoreApplication::setOrganizationName(QStringLiteral("Velmora"));
     QCoreApplication::setApplicationName(QStringLiteral("Velmora"));
 
+    Translators translators;
     LaunchOptions options;
     {
         // Parsed before the application object is created, because the options select its platform
         // plug-in.
         const QCoreApplication early(argumentCount, arguments);
+        translators.install();
         options = LaunchOptions::parse(QCoreApplication::arguments());
     }
     std::optional<TemporaryFiles> temporaryFiles;
@@ -225,11 +251,7 @@ int main(int argumentCount, char **arguments) {
     if (!options.appearance.isEmpty()) {
         application.setDarkAppearance(options.appearance == QLatin1StringView("dark"));
     }
-    QTranslator translator;
-    if (translator.load(QLocale(), QStringLiteral("Velmora"), QStringLiteral("_"),
-                        QStringLiteral(":/Velmora/Translations"))) {
-        QCoreApplication::installTranslator(&translator);
-    }
+    translators.install();
     Log::sendToSystemLog(SyncLogCategory);
     logIfFailed(application, isProtected);
     if (!QAbstractEventDispatcher::instance()->inherits("QEventDispatcherGlib")) {

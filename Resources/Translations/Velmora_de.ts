@@ -147,6 +147,45 @@
     </message>
 </context>
 <context>
+    <name>LaunchOptions</name>
+    <message>
+        <source>Notes and documents, synchronized with the locations you choose.</source>
+        <translation>Notizen und Dokumente, synchronisiert mit den Orten, die Sie wählen.</translation>
+    </message>
+    <message>
+        <source>Use the profile in DIR.</source>
+        <translation>Das Profil in DIR verwenden.</translation>
+    </message>
+    <message>
+        <source>Write a picture of Sync Preferences to FILE, then exit.</source>
+        <translation>Ein Bild der Sync-Einstellungen in FILE schreiben, dann beenden.</translation>
+    </message>
+    <message>
+        <source>Print the profile's databases, locations, states and schedules as JSON, then exit.</source>
+        <translation>Datenbanken, Orte, Zustände und Zeitpläne des Profils als JSON ausgeben, dann beenden.</translation>
+    </message>
+    <message>
+        <source>Use light or dark colors instead of the desktop's.</source>
+        <translation>Helle oder dunkle Farben statt derer des Desktops verwenden.</translation>
+    </message>
+    <message>
+        <source>Restrict the profile to folders that you have granted access to, or not.</source>
+        <translation>Das Profil auf Ordner beschränken, auf die Sie den Zugriff erlaubt haben, oder nicht.</translation>
+    </message>
+    <message>
+        <source>With “verify”: synchronize with every location and repair what is damaged there. Velmora must not be running with the same profile.</source>
+        <translation>Mit „verify“: mit jedem Ort synchronisieren und beheben, was dort beschädigt ist. Velmora darf nicht mit demselben Profil laufen.</translation>
+    </message>
+    <message>
+        <source>With “verify”: print the result as JSON.</source>
+        <translation>Mit „verify“: das Ergebnis als JSON ausgeben.</translation>
+    </message>
+    <message>
+        <source>Check the profile and every sync location and print what was found, then exit with 0 if all is well, 1 if there are problems, or 2 if something could not be checked.</source>
+        <translation>Das Profil und jeden Sync-Ort prüfen und ausgeben, was gefunden wurde, dann mit 0 beenden, wenn alles in Ordnung ist, mit 1 bei Problemen oder mit 2, wenn etwas nicht geprüft werden konnte.</translation>
+    </message>
+</context>
+<context>
     <name>LogWindow</name>
     <message>
         <source>Log</source>
@@ -431,6 +470,10 @@
     <message>
         <source>The picture cannot be written to %1.</source>
         <translation>Das Bild kann nicht in %1 geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>There is no display to open a window on. A picture of Sync Preferences is in this file:</source>
+        <translation>Es gibt keine Anzeige, auf der ein Fenster geöffnet werden kann. Ein Bild der Sync-Einstellungen ist in dieser Datei:</translation>
     </message>
     <message>
         <source>There is no profile in the folder “%1”. State another one with --profile.</source>
