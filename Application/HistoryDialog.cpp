@@ -68,6 +68,8 @@ void HistoryDialog::makeWidgets() {
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     buttons->button(QDialogButtonBox::Close)->setText(tr("&Close"));
+    // Some themes have a dark one, which is not visible on dark colors.
+    buttons->button(QDialogButtonBox::Close)->setIcon({});
     buttons->addButton(m_restoreButton, QDialogButtonBox::ActionRole);
     m_restoreButton->setEnabled(false);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
