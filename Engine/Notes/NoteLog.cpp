@@ -318,6 +318,16 @@ Expected<QSet<OperationId>> NoteLog::supersededIds() const {
     return identifiers;
 }
 
+Expected<QString> NoteLog::state() const {
+    // Ids are never used twice, and the set of superseded identifiers never shrinks.
+    return m_profile
+        .value(QStringLiteral("SELECT (SELECT coalesce(max(id), 0) FROM operations"
+                              "  WHERE database = ?) || ' ' ||"
+                              " (SELECT count(*) FROM superseded WHERE database = ?)"),
+               {m_database, m_database})
+        .map([](const QVariant &state) { return state.toString(); });
+}
+
 Expected<qsizetype> NoteLog::damagedOperations() const {
     const Expected<QList<Operation>> all = select(QStringLiteral("TRUE"), {});
     const Expected<QSet<OperationId>> superseded = supersededIds();

@@ -63,6 +63,8 @@ public:
     Expected<QList<OperationId>> operationIds() const;
     /// Returns the identifiers of the superseded operations.
     Expected<QSet<OperationId>> supersededIds() const;
+    /// Returns a text that is another one whenever an operation was added or superseded.
+    Expected<QString> state() const;
     /// Returns the number of current operations that are not what was saved: whose identifier is
     /// not their digest, or that are superseded. Reads all operations.
     Expected<qsizetype> damagedOperations() const;

@@ -38,7 +38,11 @@ bool TransactionName::isValid(const QString &name) {
 }
 
 bool TransactionName::matches(const QString &name, const QByteArray &record) {
-    return name.at(PositionOfVersion) != DigestVersion || name == of(record);
+    return !hasDigest(name) || name == of(record);
+}
+
+bool TransactionName::hasDigest(const QString &name) {
+    return name.at(PositionOfVersion) == DigestVersion;
 }
 
 QString TransactionName::ofDamaged(const QString &name, const QByteArray &record) {

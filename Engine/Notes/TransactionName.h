@@ -14,6 +14,8 @@ bool isValid(const QString &name);
 /// Returns false if `name`, which must be valid, contains a digest that is not that of `record`.
 /// Names that other versions of the program have given contain none.
 bool matches(const QString &name, const QByteArray &record);
+/// Returns whether `name`, which must be valid, contains a digest.
+bool hasDigest(const QString &name);
 /// Returns the name under which the damaged `record` is kept that was found under `name`. No reader
 /// takes it for a record.
 QString ofDamaged(const QString &name, const QByteArray &record);

@@ -97,9 +97,9 @@ Expected<void> RemovedLocations::forgetInProfile(const QString &identifier) cons
                 .run(QStringLiteral("DELETE FROM known_transactions WHERE place = ?"), {identifier})
                 .and_then([&] {
                     return m_profile.run(
-                        QStringLiteral(
-                            "DELETE FROM settings WHERE key LIKE 'lastVerified % ' || ?"),
-                        {identifier});
+                        QStringLiteral("DELETE FROM settings WHERE key LIKE 'lastVerified % ' || ?"
+                                       " OR key LIKE 'written % ' || ?"),
+                        {identifier, identifier});
                 });
         })
         .and_then([&] { return m_context.certificateTrust->forget(identifier); })

@@ -15,6 +15,8 @@ constexpr qint64 SmallSize = Transaction::UsualSize / 16;
 Expected<void> CleanSession::accessStore(BlobStore &store, const EngineFuture &future) {
     switch (m_step) {
         case Step::Starting:
+        case Step::Forgetting:
+        case Step::ForgettingRemoved:
             return {};
         case Step::Choosing:
             return readProfile([this] { return chooseTransactions(); });
@@ -33,17 +35,35 @@ Expected<void> CleanSession::accessProfile() {
             m_step = Step::Choosing;
             return {};
         case Step::Choosing:
-            return forgetTransactions(m_incomplete)
-                .and_then(
-                    [this] { return profile().write([this] { return log().markAllSent(); }); })
-                .and_then([this] { return continueWriting(); });
+        case Step::Forgetting:
+            return forgetIncomplete();
         case Step::Writing:
             return recordWrittenTransaction().and_then([this] { return continueWriting(); });
         case Step::Removing:
-            setDone();
-            return forgetTransactions(m_toRemove);
+        case Step::ForgettingRemoved:
+            return forgetRemoved();
     }
     return {};
+}
+
+Expected<void> CleanSession::forgetIncomplete() {
+    m_step = Step::Forgetting;
+    const Expected<void> forgotten = forgetSome(m_incomplete);
+    if (!forgotten || !m_incomplete.isEmpty()) {
+        return forgotten;
+    }
+    return profile().write([this] { return log().markAllSent(); }).and_then([this] {
+        return continueWriting();
+    });
+}
+
+Expected<void> CleanSession::forgetRemoved() {
+    m_step = Step::ForgettingRemoved;
+    return forgetSome(m_toRemove).map([this] {
+        if (m_toRemove.isEmpty()) {
+            setDone();
+        }
+    });
 }
 
 Expected<void> CleanSession::chooseTransactions() {

@@ -22,8 +22,9 @@ public:
     Expected<void> accessProfile() override;
 
 private:
-    /// The steps, in order. Writing is repeated for each new transaction.
-    enum class Step { Starting, Choosing, Writing, Removing };
+    /// The steps, in order. Writing is repeated for each new transaction, and forgetting until all
+    /// are forgotten.
+    enum class Step { Starting, Choosing, Forgetting, Writing, Removing, ForgettingRemoved };
     /// The contents of known transactions by name.
     using Transactions = QHash<QString, KnownTransactions::Contents>;
 
@@ -38,6 +39,10 @@ private:
     /// ones that another transaction contains too, or that are small. O(number of operations).
     static QStringList transactionsToRewrite(const Transactions &all,
                                              const QSet<OperationId> &current);
+    /// Forgets some of what must be read again, then begins to write.
+    Expected<void> forgetIncomplete();
+    /// Forgets some of what was removed.
+    Expected<void> forgetRemoved();
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
     /// Removes the chosen transactions from the store; stops at the first error.

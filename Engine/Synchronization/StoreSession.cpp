@@ -12,6 +12,8 @@ namespace {
 
 /// This many identifiers take about as much space as a usual transaction.
 constexpr qsizetype IdentifiersInTransaction = 30000;
+/// Number of transactions that one step on the main thread forgets.
+constexpr qsizetype NamesForgottenAtOnce = 1000;
 
 }  // namespace
 
@@ -49,9 +51,13 @@ QString StoreSession::path(const QString &name) const {
     return folder() + u'/' + name;
 }
 
-Expected<void> StoreSession::forgetTransactions(const QStringList &names) {
-    return names.isEmpty() ? Expected<void>()
-                           : m_profile.write([&] { return known().remove(names); });
+Expected<void> StoreSession::forgetSome(QStringList &names) {
+    if (names.isEmpty()) {
+        return {};
+    }
+    const QStringList some = names.first(qMin(names.size(), NamesForgottenAtOnce));
+    names.remove(0, some.size());
+    return m_profile.write([&] { return known().remove(some); });
 }
 
 Expected<bool> StoreSession::prepareNextTransaction() {

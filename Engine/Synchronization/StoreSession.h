@@ -96,8 +96,9 @@ protected:
     KnownTransactions known() const { return {m_profile, m_subject.store, m_databaseId}; }
     /// Calls `read`, which can read the profile on the current worker thread, with one state of it.
     Expected<void> readProfile(const std::function<Expected<void>()> &read);
-    /// Removes the transactions from the known ones. Must be called on the main thread.
-    Expected<void> forgetTransactions(const QStringList &names);
+    /// Takes some of the transactions from `names` and removes them from the known ones. Must be
+    /// called on the main thread, repeatedly until `names` is empty.
+    Expected<void> forgetSome(QStringList &names);
 
     /// Returns the folder of the database's transactions in the store.
     QString folder() const;

@@ -1,7 +1,6 @@
 #include "Engine/Synchronization/SyncJob.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 #include "Engine/Synchronization/CleanSession.h"
@@ -11,11 +10,11 @@ SyncJob::SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &l
                  const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store,
                  const SyncSession::Decision &decision)
     : m_kind(kind), m_subject(subject), m_store(std::move(store)) {
-    auto synchronization = std::make_unique<SyncSession>(profile, library, subject);
+    auto synchronization = std::make_shared<SyncSession>(profile, library, subject);
     synchronization->setDecision(decision);
     m_sessions.push_back(std::move(synchronization));
     if (kind == Kind::CleanUp) {
-        m_sessions.push_back(std::make_unique<CleanSession>(profile, library, subject));
+        m_sessions.push_back(std::make_shared<CleanSession>(profile, library, subject));
     }
 }
 
@@ -28,17 +27,9 @@ void SyncJob::start(WorkerThreads &threads, std::function<void()> handler) {
 void SyncJob::abandon() {
     m_handler = nullptr;
     cancel();
-    for (const std::unique_ptr<StoreSession> &session : m_sessions) {
+    for (const std::shared_ptr<StoreSession> &session : m_sessions) {
         session->abandon();
     }
-}
-
-QList<Error> SyncJob::problems() const {
-    QList<Error> problems;
-    for (const std::unique_ptr<StoreSession> &session : m_sessions) {
-        problems.append(session->problems());
-    }
-    return problems;
 }
 
 QVSyncProgress SyncJob::progress() const {
@@ -50,21 +41,6 @@ QVSyncProgress SyncJob::progress() const {
             .activity = {},
             .done = progress.done(),
             .total = progress.total()};
-}
-
-qint64 SyncJob::received() const {
-    return std::accumulate(
-        m_sessions.begin(), m_sessions.end(), qint64(0),
-        [](qint64 sum, const auto &session) { return sum + session->received(); });
-}
-
-qint64 SyncJob::sent() const {
-    return std::accumulate(m_sessions.begin(), m_sessions.end(), qint64(0),
-                           [](qint64 sum, const auto &session) { return sum + session->sent(); });
-}
-
-std::optional<StoreSession::Removal> SyncJob::undecidedRemoval() const {
-    return m_sessions.front()->undecidedRemoval();
 }
 
 void SyncJob::runOnThread(const std::function<Expected<void>()> &work) {
@@ -90,13 +66,26 @@ void SyncJob::finishStep(const Expected<void> &result) {
 void SyncJob::continueJob() {
     const auto next =
         std::find_if(m_sessions.begin(), m_sessions.end(),
-                     [](const std::unique_ptr<StoreSession> &each) { return !each->isDone(); });
+                     [](const std::shared_ptr<StoreSession> &each) { return !each->isDone(); });
     if (!m_result || next == m_sessions.end()) {
-        m_future->finish();
-        // The handler may own the last reference to this job.
-        std::exchange(m_handler, nullptr)();
+        end();
         return;
     }
     m_session = next->get();
     runOnThread([this] { return m_session->accessStore(*m_store, *m_future); });
+}
+
+void SyncJob::end() {
+    for (const std::shared_ptr<StoreSession> &session : m_sessions) {
+        m_problems.append(session->problems());
+        m_received += session->received();
+        m_sent += session->sent();
+    }
+    m_undecidedRemoval = m_sessions.front()->undecidedRemoval();
+    m_session = nullptr;
+    // Releasing what they have read can take long.
+    m_threads->start([sessions = std::exchange(m_sessions, {})]() mutable { sessions.clear(); });
+    m_future->finish();
+    // The handler may own the last reference to this job.
+    std::exchange(m_handler, nullptr)();
 }

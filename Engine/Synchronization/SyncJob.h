@@ -37,23 +37,27 @@ public:
     const std::shared_ptr<BlobStore> &store() const { return m_store; }
     /// Returns an error if the job has failed. It has succeeded if it has ended without one.
     const Expected<void> &result() const { return m_result; }
-    /// Returns the problems with single records of the store.
-    QList<Error> problems() const;
+    /// Returns the problems with single records of the store, after the job has ended.
+    const QList<Error> &problems() const { return m_problems; }
     /// Returns how far the current session is; the activity is empty. The phase is Preparing while
     /// the store is opened.
     QVSyncProgress progress() const;
-    /// Return the numbers of changes of notes that were read from the store and written to it.
-    qint64 received() const;
-    qint64 sent() const;
+    /// Return the numbers of changes of notes that were read from the store and written to it,
+    /// after the job has ended.
+    qint64 received() const { return m_received; }
+    qint64 sent() const { return m_sent; }
     /// Returns the removal that the user has to decide about, if the job has failed with an error
     /// of the code RemovalUndecided.
-    std::optional<StoreSession::Removal> undecidedRemoval() const;
+    const std::optional<StoreSession::Removal> &undecidedRemoval() const {
+        return m_undecidedRemoval;
+    }
 
 private:
     /// Starts the next step, or ends the job if there is none or an error occurred.
     void continueJob();
     /// Runs `work` on a worker thread, then finishStep() on the main thread.
     void runOnThread(const std::function<Expected<void>()> &work);
+    void end();
     /// Continues the current session on the main thread, unless the step failed.
     void finishStep(const Expected<void> &result);
 
@@ -61,7 +65,12 @@ private:
     const StoreSession::Subject m_subject;
     const std::shared_ptr<BlobStore> m_store;
     const std::shared_ptr<EngineFuture> m_future = std::make_shared<EngineFuture>();
-    std::vector<std::unique_ptr<StoreSession>> m_sessions;
+    /// Empty after the job has ended.
+    std::vector<std::shared_ptr<StoreSession>> m_sessions;
+    QList<Error> m_problems;
+    qint64 m_received = 0;
+    qint64 m_sent = 0;
+    std::optional<StoreSession::Removal> m_undecidedRemoval;
     /// Null until the store is open.
     StoreSession *m_session = nullptr;
     Expected<void> m_result;

@@ -1,6 +1,7 @@
 #include "Engine/Synchronization/SyncSession.h"
 
 #include <QtCore/QCryptographicHash>
+#include <QtCore/QRandomGenerator>
 #include <algorithm>
 
 #include "Engine/Foundation/EngineError.h"
@@ -53,6 +54,8 @@ Expected<void> SyncSession::accessStore(BlobStore &store, const EngineFuture &fu
             return readDatabaseRecord(store, future).and_then([&] { return list(store, future); });
         case Step::Comparing:
             return readProfile([this] { return compareListing(); });
+        case Step::Forgetting:
+            return {};
         case Step::Reading:
             return readTransactions(store, future);
         case Step::Verifying:
@@ -73,8 +76,8 @@ Expected<void> SyncSession::accessProfile() {
             m_step = Step::Comparing;
             return importDatabase().map([this] { rememberDatabase(); });
         case Step::Comparing:
-            m_step = Step::Reading;
-            return forgetTransactions(m_gone).and_then([this] { return continueReading(); });
+        case Step::Forgetting:
+            return forgetGone();
         case Step::Reading:
             return continueReading();
         case Step::Verifying:
@@ -89,6 +92,16 @@ Expected<void> SyncSession::accessProfile() {
             return {};
     }
     return {};
+}
+
+Expected<void> SyncSession::forgetGone() {
+    m_step = Step::Forgetting;
+    const Expected<void> forgotten = forgetSome(m_gone);
+    if (!forgotten || !m_gone.isEmpty()) {
+        return forgotten;
+    }
+    m_step = Step::Reading;
+    return continueReading();
 }
 
 Expected<void> SyncSession::readDatabaseRecord(BlobStore &store, const EngineFuture &future) {
@@ -144,6 +157,7 @@ Expected<void> SyncSession::list(BlobStore &store, const EngineFuture &future) {
 Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFuture &future) {
     const TransactionRecords records(store, subject().databaseUUID, future);
     m_readSize = 0;
+    m_merged.clear();
     if (m_pass == Pass::Merging && !m_read.isEmpty()) {
         return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
     }
@@ -165,7 +179,10 @@ Expected<void> SyncSession::readTransaction(const TransactionRecords &records,
         m_readSize += record->size;
         const QByteArray digest = digestOf(record->transaction);
         if (m_released.value(name, digest) == digest) {
-            m_read.append({name, record->transaction, record->size, digest});
+            Read read{name, record->transaction, record->size, digest};
+            // Neighbours are inserted into the table in a fraction of the time.
+            std::sort(read.transaction.superseded.begin(), read.transaction.superseded.end());
+            m_read.append(read);
         } else {
             addProblem(
                 engineError(EngineErrorCode::DamagedRecord,
@@ -227,7 +244,8 @@ Expected<void> SyncSession::reportMissing(const TransactionRecords &records) {
 }
 
 bool SyncSession::verify(const TransactionRecords &records, const Suspect &suspect) {
-    const Expected<TransactionRecords::Record> record = records.read(suspect.name, suspect.written);
+    const Expected<void> record =
+        records.verify(suspect.name, suspect.written.value_or(KnownTransactions::Contents()));
     m_lastVerified = suspect.name;
     if (record) {
         return true;
@@ -290,7 +308,7 @@ Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store, const EngineFu
 }
 
 Expected<void> SyncSession::compareListing() {
-    const Expected<QHash<QString, KnownTransactions::Contents>> all = known().all();
+    const Expected<QHash<QString, qint64>> all = known().sizes();
     if (!all) {
         return failure(all.error());
     }
@@ -312,7 +330,7 @@ Expected<void> SyncSession::compareListing() {
     return chooseSuspects(*all, listed);
 }
 
-Expected<void> SyncSession::chooseSuspects(const QHash<QString, KnownTransactions::Contents> &known,
+Expected<void> SyncSession::chooseSuspects(const QHash<QString, qint64> &known,
                                            const QSet<QString> &listed) {
     const Expected<QString> last = this->known().lastVerified();
     if (!last) {
@@ -325,16 +343,26 @@ Expected<void> SyncSession::chooseSuspects(const QHash<QString, KnownTransaction
     std::rotate(names.begin(), std::upper_bound(names.begin(), names.end(), *last), names.end());
     qint64 size = 0;
     for (const QString &name : std::as_const(names)) {
-        const KnownTransactions::Contents contents = known.value(name);
-        size += contents.size;
-        const bool isEnough =
-            m_suspects.size() == RecordsToVerify || (!m_suspects.isEmpty() && size > BytesToVerify);
+        size += known.value(name);
+        const bool isEnough = m_suspects.size() == RecordsToVerify ||
+                              (m_suspects.isEmpty() ? !isTurnOf(size) : size > BytesToVerify);
         if (isEnough && m_verification == Verification::Some) {
             break;
         }
-        m_suspects.append({name, contents});
+        const Expected<KnownTransactions::Contents> contents = TransactionName::hasDigest(name)
+                                                                   ? KnownTransactions::Contents()
+                                                                   : this->known().contents(name);
+        if (!contents) {
+            return failure(contents.error());
+        }
+        m_suspects.append({name, *contents});
     }
     return {};
+}
+
+bool SyncSession::isTurnOf(qint64 size) const {
+    return QRandomGenerator::global()->generateDouble() * static_cast<double>(size) <
+           static_cast<double>(BytesToVerify);
 }
 
 Expected<void> SyncSession::compareTransactions() {
@@ -441,7 +469,9 @@ Expected<void> SyncSession::continueReading() {
     });
 }
 
-void SyncSession::Read::takePart(Transaction &part, qsizetype &room) {
+Transaction SyncSession::Read::takePart(qsizetype &room) {
+    Transaction part;
+    ++mergedParts;
     room -= RowsOfRecord;
     while (mergedOperations < transaction.operations.size() && room > 0) {
         part.operations.append(transaction.operations[mergedOperations++]);
@@ -454,6 +484,7 @@ void SyncSession::Read::takePart(Transaction &part, qsizetype &room) {
     part.superseded.append(transaction.superseded.mid(mergedSuperseded, count));
     mergedSuperseded += count;
     room -= count;
+    return part;
 }
 
 Expected<void> SyncSession::mergeTransactions() {
@@ -464,28 +495,37 @@ Expected<void> SyncSession::mergeTransactions() {
                 subject().place,
                 std::exchange(m_notesToKeep, {}),
                 m_forecast.superseded()};
-    QList<Read> complete;
+    Transaction &all = merge.transactions.first();
+    QList<Part> parts;
+    const qsizetype mergedBefore = m_merged.size();
     qsizetype room = RowsMergedAtOnce;
     while (!m_read.isEmpty() && room > 0) {
-        m_read.first().takePart(merge.transactions.first(), room);
-        if (m_read.first().isMerged()) {
-            complete.append(m_read.takeFirst());
+        Read &read = m_read.first();
+        parts.append({read.name, read.takePart(room), read.mergedParts - 1, {}});
+        all.operations.append(parts.last().transaction.operations);
+        all.superseded.append(parts.last().transaction.superseded);
+        if (read.isMerged()) {
+            parts.last().size = read.size;
+            m_merged.append(m_read.takeFirst());
         }
     }
-    const qint64 count = merge.transactions.first().operations.size();
-    const auto rememberKnown = [&]() -> Expected<void> {
-        for (const Read &each : complete) {
-            if (Expected<void> added = known().add(each.name, each.transaction, each.size);
-                !added) {
-                return added;
-            }
-        }
-        return {};
-    };
-    return library().merge(database(), merge, rememberKnown).map([&] {
+    const qint64 count = all.operations.size();
+    return library().merge(database(), merge, [&] { return addToKnown(parts); }).map([&] {
         addReceived(count);
-        progress().advance(complete.size());
+        progress().advance(m_merged.size() - mergedBefore);
     });
+}
+
+Expected<void> SyncSession::addToKnown(const QList<Part> &parts) {
+    for (const Part &part : parts) {
+        if (Expected<void> added = part.size
+                                       ? known().add(part.name, part.transaction, *part.size)
+                                       : known().addPart(part.name, part.number, part.transaction);
+            !added) {
+            return added;
+        }
+    }
+    return {};
 }
 
 Expected<void> SyncSession::prepareWriting() {
@@ -497,6 +537,21 @@ Expected<void> SyncSession::prepareWriting() {
 }
 
 Expected<void> SyncSession::collectUnwritten() {
+    m_merged.clear();
+    const Expected<QString> state = log().state();
+    if (!state) {
+        return failure(state.error());
+    }
+    const Expected<QString> written = known().written();
+    if (!written) {
+        return failure(written.error());
+    }
+    m_state = *state;
+    m_writtenState = *written;
+    return m_state == m_writtenState ? Expected<void>() : collectChanges();
+}
+
+Expected<void> SyncSession::collectChanges() {
     const Expected<QHash<QString, KnownTransactions::Contents>> all = known().all();
     if (!all) {
         return failure(all.error());
@@ -532,6 +587,9 @@ Expected<void> SyncSession::continueWriting() {
         m_step = Step::Writing;
         return {};
     }
+    if (Expected<void> recorded = recordWritten(); !recorded) {
+        return recorded;
+    }
     m_nameToRecord = database()->name();
     const bool isOutdated =
         m_record == Record::Sound && m_nameToRecord != m_recordedName && !database()->isInbox();
@@ -541,4 +599,11 @@ Expected<void> SyncSession::continueWriting() {
     }
     setDone();
     return {};
+}
+
+Expected<void> SyncSession::recordWritten() {
+    if (m_state == m_writtenState || hasFailedToWriteAll()) {
+        return {};
+    }
+    return profile().write([this] { return known().setWritten(m_state); });
 }

@@ -25,7 +25,8 @@ class SyncSession : public StoreSession {
 public:
     /// Which of the known records a session verifies.
     enum class Verification {
-        /// At most RecordsToVerify, and not more than BytesToVerify unless the first one is larger.
+        /// At most RecordsToVerify, and not more than BytesToVerify; a larger record in some
+        /// sessions only, so that it is not more in the mean.
         Some,
         All
     };
@@ -52,8 +53,18 @@ public:
     Expected<void> accessProfile() override;
 
 private:
-    /// The steps, in order. Reading and Writing are repeated until everything is read or written.
-    enum class Step { Listing, Comparing, Reading, Verifying, Collecting, Writing, Naming };
+    /// The steps, in order. Forgetting, Reading and Writing are repeated until everything is
+    /// forgotten, read or written.
+    enum class Step {
+        Listing,
+        Comparing,
+        Forgetting,
+        Reading,
+        Verifying,
+        Collecting,
+        Writing,
+        Naming
+    };
     /// A transaction that was read and not completely merged yet.
     struct Read {
         QString name;
@@ -61,7 +72,8 @@ private:
         /// Size of its record in bytes.
         qint64 size = 0;
         QByteArray digest;
-        /// The numbers of operations and of superseded identifiers that were merged.
+        /// The numbers of parts, of operations and of superseded identifiers that were merged.
+        int mergedParts = 0;
         qsizetype mergedOperations = 0;
         qsizetype mergedSuperseded = 0;
 
@@ -69,11 +81,21 @@ private:
             return mergedOperations == transaction.operations.size() &&
                    mergedSuperseded == transaction.superseded.size();
         }
-        /// Appends the next part to `part` and marks it as merged. Subtracts its approximate number
-        /// of rows from `room`, which bounds it.
-        void takePart(Transaction &part, qsizetype &room);
+        /// Returns the next part and marks it as merged. Subtracts its approximate number of rows
+        /// from `room`, which bounds it.
+        Transaction takePart(qsizetype &room);
     };
-    /// A record to verify. `written` is empty if the profile has never read it.
+    /// A part of a transaction that is being merged.
+    struct Part {
+        QString name;
+        Transaction transaction;
+        /// From 0 on.
+        int number = 0;
+        /// The size of the record in bytes if this is the last part.
+        std::optional<qint64> size;
+    };
+    /// A record to verify. `written` is empty if the profile has never read it. Its contents are
+    /// empty if the name contains a digest.
     struct Suspect {
         QString name;
         std::optional<KnownTransactions::Contents> written;
@@ -100,9 +122,11 @@ private:
 
     /// Parts that only read the profile, called on a worker thread.
     Expected<void> compareListing();
-    /// Chooses which of the `known` records that are `listed` to verify.
-    Expected<void> chooseSuspects(const QHash<QString, KnownTransactions::Contents> &known,
-                                  const QSet<QString> &listed);
+    /// Chooses which of the `known` records, whose sizes are given, that are `listed` to verify.
+    Expected<void> chooseSuspects(const QHash<QString, qint64> &known, const QSet<QString> &listed);
+    /// Returns whether a record of this size shall be verified as the first one. Reads not more
+    /// than BytesToVerify in the mean over many sessions.
+    bool isTurnOf(qint64 size) const;
     /// Adds what was read to the forecast. Releases the transactions if they take too much memory;
     /// their records are read again. When all are compared, checks what they remove and proceeds to
     /// merging.
@@ -110,19 +134,25 @@ private:
     /// Returns an error if the user must decide about notes that disappear.
     Expected<void> checkRemoval();
     Expected<void> collectUnwritten();
+    Expected<void> collectChanges();
 
     /// Parts that write the profile, called on the main thread.
     /// Forgets the records that are not what was written, and records where the next session
     /// continues.
     Expected<void> recordVerification();
     Expected<void> importDatabase();
+    /// Forgets some of the transactions that the store no longer has, then begins to merge.
+    Expected<void> forgetGone();
     /// Merges a part of what was read. A record counts as known when all of it is merged.
     Expected<void> mergeTransactions();
+    Expected<void> addToKnown(const QList<Part> &parts);
     /// Merges once everything is compared, and proceeds if everything was merged.
     Expected<void> continueReading();
     Expected<void> prepareWriting();
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
+    /// Records that everything was written, unless that is recorded.
+    Expected<void> recordWritten();
 
     const Verification m_verification;
     Decision m_decision;
@@ -141,6 +171,8 @@ private:
     QStringList m_gone;
     /// The transactions that were read and not merged, and the size in bytes of those read at once.
     QList<Read> m_read;
+    /// The transactions that were merged. Released on a worker thread, which may take long.
+    QList<Read> m_merged;
     qsizetype m_readSize = 0;
     /// The known records to verify, and all records that turned out to be damaged or missing.
     QList<Suspect> m_suspects;
@@ -149,6 +181,10 @@ private:
     /// The known records that cannot be read again, and the last one that was verified.
     QStringList m_lost;
     QString m_lastVerified;
+    /// The state of the database when it was compared with the known records, and the one that was
+    /// written completely before.
+    QString m_state;
+    QString m_writtenState;
     Record m_record = Record::Absent;
     /// The name of the database in the store's record; empty unless a valid record was read.
     QString m_recordedName;

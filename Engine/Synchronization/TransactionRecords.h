@@ -32,6 +32,9 @@ public:
     /// what was written, UnknownVersion if a newer program wrote it, and otherwise that of
     /// BlobStore::read.
     Expected<Record> read(const QString &name, const std::optional<Contents> &written = {}) const;
+    /// Reads the record `name`, of which `written` is known, and returns the same errors as read().
+    /// Does not decode it if its name contains a digest; `written` is not used then.
+    Expected<void> verify(const QString &name, const Contents &written) const;
     /// Moves the record `name`, of which `read` has returned that it is damaged, to a name that no
     /// reader takes for a record. Copies it first and verifies the copy. Returns the location of
     /// the copy as text for the user. Fails without an effect if the store now returns another
@@ -50,6 +53,9 @@ public:
 
 private:
     Expected<QByteArray> bytes(const QString &name) const;
+    /// Returns an error of the code DamagedRecord if the name contains another digest.
+    Expected<void> matchesName(const QByteArray &record, const QString &name) const;
+    Error damaged(const QString &name) const;
     Expected<Record> verified(const QByteArray &record, const QString &name,
                               const std::optional<Contents> &written) const;
 
