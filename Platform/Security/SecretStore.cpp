@@ -66,6 +66,10 @@ QString reasonOf(Failure failure) {
     return localizedString(PlatformTable, "The password service failed.");
 }
 
+/// The user waits for both when quitting.
+constexpr std::chrono::milliseconds LongestEnd{1200};
+constexpr std::chrono::milliseconds LongestCancellation{300};
+
 const QString ErrorDomain = QStringLiteral("SecretStore");
 
 Error errorOfReading(Failure failure) {
@@ -460,10 +464,11 @@ void SecretStore::Implementation::stop() {
             return;
         }
         m_isStopped = true;
-        m_changed.wait_for(lock, m_patience, [this] { return m_jobs.empty(); });
+        m_changed.wait_for(lock, std::min(m_patience, LongestEnd),
+                           [this] { return m_jobs.empty(); });
         m_thread.run([this] { m_client.cancel(); });
         // If the service does not even confirm the cancellation, continue without it.
-        m_changed.wait_for(lock, std::chrono::seconds(1),
+        m_changed.wait_for(lock, LongestCancellation,
                            [this] { return m_jobs.empty() && m_openQuestions == 0; });
     }
     m_thread.finish();

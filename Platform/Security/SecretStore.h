@@ -46,13 +46,13 @@ struct StoredSecret {
 class PLATFORM_EXPORT SecretStore {
 public:
     /// Returns the store of the process. When the application object is destroyed, pending writes
-    /// get the store's timeout to complete; afterwards only the secrets in memory are available.
+    /// have 1.2 seconds to complete; afterwards only the secrets in memory are available.
     static SecretStore &shared();
 
     /// `patience` is the timeout of each blocking call.
     explicit SecretStore(std::chrono::milliseconds patience = std::chrono::seconds(3));
-    /// Waits for pending writes, at most for the store's timeout, then cancels them, which takes at
-    /// most another second.
+    /// Waits for pending writes, at most for the store's timeout or 1.2 seconds, then cancels them,
+    /// which takes at most another 0.3 seconds.
     ~SecretStore();
     SecretStore(const SecretStore &) = delete;
     SecretStore &operator=(const SecretStore &) = delete;

@@ -298,6 +298,17 @@ private Q_SLOTS:
         // Leaving the block ends the store's run: it has to, though nothing was answered.
     }
 
+    void theEndDoesNotWaitLongForAServiceThatDoesNotReply() {
+        auto store = std::make_unique<SecretStore>();
+        m_service->freezeKeyring();
+        store->set(item("one", "1"));
+        store->findLater(item("other", {}).attributes, [](const auto &) {});
+        QElapsedTimer time;
+        time.start();
+        store.reset();
+        QCOMPARE_LT(time.elapsed(), 2000);
+    }
+
     void aRemovalThatTimedOutDoesNotBlockLaterWrites() {
         SecretStore store(Short);
         m_service->freezeKeyring();
