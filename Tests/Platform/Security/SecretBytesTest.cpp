@@ -28,7 +28,29 @@ QByteArray mappingFlags(const void *address) {
 
 class SecretBytesTest : public QObject {
     Q_OBJECT
+
+    /// Returns the output of the program SecretMemory.cpp: the locked kilobytes and the secret.
+    static QByteArrayList outputOfProgram(const QStringList &arguments) {
+        QProcess program;
+        program.start(QStringLiteral(SECRET_MEMORY), arguments);
+        program.waitForFinished();
+        return program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0
+                   ? program.readAllStandardOutput().split(' ')
+                   : QByteArrayList();
+    }
+
 private Q_SLOTS:
+    void theMemoryIsLocked() {
+        const QByteArrayList output = outputOfProgram({});
+        QCOMPARE(output.size(), 2);
+        QVERIFY2(output[0].toInt() > 0, output[0].constData());
+        QCOMPARE(output[1], QByteArray("secret"));
+    }
+
+    void aProcessThatMayNotLockMemoryHasItsSecretsNevertheless() {
+        QCOMPARE(outputOfProgram({QStringLiteral("--no-locks")}), (QByteArrayList{"0", "secret"}));
+    }
+
     void holdsTheBytesAndTheText() {
         const QByteArray bytes("a\0\xff", 3);
         QCOMPARE(SecretBytes(bytes).toByteArray(), bytes);
