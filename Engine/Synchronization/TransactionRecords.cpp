@@ -25,11 +25,12 @@ Expected<TransactionRecords::Record> TransactionRecords::read(
 }
 
 Expected<void> TransactionRecords::verify(const QString &name, const Contents &written) const {
-    if (TransactionName::hasDigest(name)) {
-        return bytes(name).and_then(
-            [&](const QByteArray &record) { return matchesName(record, name); });
-    }
-    return read(name, written).map([](const Record & /*record*/) {});
+    return bytes(name).and_then([&](const QByteArray &record) -> Expected<void> {
+        if (TransactionName::hasDigest(name) && TransactionName::matches(name, record)) {
+            return {};
+        }
+        return verified(record, name, written).map([](const Record &) {});
+    });
 }
 
 Expected<QString> TransactionRecords::setAside(const QString &name,
@@ -80,15 +81,6 @@ Expected<QByteArray> TransactionRecords::bytes(const QString &name) const {
     return m_store.read(m_folder + u'/' + name, Transaction::SizeLimit, m_future);
 }
 
-Expected<void> TransactionRecords::matchesName(const QByteArray &record,
-                                               const QString &name) const {
-    return TransactionName::matches(name, record) ? Expected<void>() : failure(damaged(name));
-}
-
-Error TransactionRecords::damaged(const QString &name) const {
-    return engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", place(name));
-}
-
 Expected<TransactionRecords::Record> TransactionRecords::verified(
     const QByteArray &record, const QString &name, const std::optional<Contents> &written) const {
     // First, since a newer version of the program may derive names in another way.
@@ -96,12 +88,12 @@ Expected<TransactionRecords::Record> TransactionRecords::verified(
     if (!transaction) {
         return failure(transaction.error());
     }
-    if (const Expected<void> matching = matchesName(record, name); !matching) {
-        return failure(matching.error());
-    }
-    if (written && !TransactionName::hasDigest(name) &&
-        Contents::of(*transaction, record.size()) != *written) {
-        return failure(damaged(name));
+    const bool isChanged = TransactionName::hasDigest(name)
+                               ? !TransactionName::matches(name, record)
+                               : written && Contents::of(*transaction, record.size()) != *written;
+    if (isChanged) {
+        return failure(engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.",
+                                   place(name)));
     }
     return Record{*transaction, record.size()};
 }

@@ -53,9 +53,6 @@ public:
 
 private:
     Expected<QByteArray> bytes(const QString &name) const;
-    /// Returns an error of the code DamagedRecord if the name contains another digest.
-    Expected<void> matchesName(const QByteArray &record, const QString &name) const;
-    Error damaged(const QString &name) const;
     Expected<Record> verified(const QByteArray &record, const QString &name,
                               const std::optional<Contents> &written) const;
 

@@ -135,7 +135,8 @@ QList<QWidget *> Screen::windows() {
 
 QWidget *Screen::window(const QString &title) {
     for (QWidget *window : windows()) {
-        if (window->windowTitle() == title) {
+        // A window manager shows an asterisk, or nothing, in place of the mark.
+        if (window->windowTitle().remove(QStringLiteral("[*]")) == title) {
             return window;
         }
     }

@@ -118,7 +118,11 @@ class LargeRecordTest : public QObject {
             .value()
             .size();
     }
-    QString lastEntry() const { return m_host->application().logEntries().last().info; }
+    bool hasEntry(const QString &text) const {
+        const auto entries = m_host->application().logEntries();
+        return std::any_of(entries.begin(), entries.end(),
+                           [&](const auto &entry) { return entry.info.contains(text); });
+    }
 
 private Q_SLOTS:
     void init() {
@@ -170,7 +174,7 @@ private Q_SLOTS:
     void aProfileCanBeClosedDuringEachStep() {
         writeLargeRecord();
         synchronize();
-        for (int blocks = 0; blocks < 7; ++blocks) {
+        for (int blocks = 0; blocks < 6; ++blocks) {
             {
                 const RowsPerBlock rows(m_host->engine().profile());
                 m_host->engine()
@@ -223,8 +227,7 @@ private Q_SLOTS:
                     [this] { m_host->makeSavesFail(); });
         synchronize();
         disconnect(firstStep);
-        QVERIFY2(lastEntry().contains(QStringLiteral("could not be synchronized")),
-                 qPrintable(lastEntry()));
+        QVERIFY(hasEntry(QStringLiteral("could not be synchronized")));
         QVERIFY(count("superseded") > 0);
         QVERIFY(count("superseded") < Identifiers);
         QCOMPARE(knownRecords(), 0);
