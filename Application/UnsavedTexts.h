@@ -10,7 +10,8 @@ class NoteLibrary;
 
 /// Journal of texts that are not saved yet or could not be saved, so that they survive the end of
 /// the process. A text is a file in the profile folder or, if that cannot be written or no longer
-/// contains the profile, in the user's cache or runtime folder; only the user can read it. Calls block for disk access. Must be used on the main thread.
+/// contains the profile, in the user's cache or runtime folder; only the user can read it. Calls
+/// block for disk access. Must be used on the main thread.
 class UnsavedTexts {
 public:
     /// `profileFolder` is the folder of the open profile. Reads and writes nothing.

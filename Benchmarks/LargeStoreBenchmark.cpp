@@ -1,9 +1,8 @@
+#include <malloc.h>
 #include <QtCore/QDir>
 #include <QtCore/QEventLoop>
 #include <QtCore/QFile>
 #include <QtCore/QUuid>
-#include <malloc.h>
-
 
 #include "Benchmarks/Benchmark.h"
 #include "Engine/Notes/Transaction.h"

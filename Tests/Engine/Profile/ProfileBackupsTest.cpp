@@ -143,7 +143,8 @@ private Q_SLOTS:
         for (int i = 0; i < 4; ++i) {
             addNote(QString::number(i));
         }
-        QVERIFY(m_host->engine().profile().value(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")));
+        QVERIFY(
+            m_host->engine().profile().value(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")));
         const ProfileBackups roomier(m_host->directory(),
                                      {.bytes = QFileInfo(file()).size() + 100000});
         QVERIFY(roomier.make(m_today.addDays(1)));
