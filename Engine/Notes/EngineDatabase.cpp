@@ -112,7 +112,8 @@ void EngineDatabase::announceNotes() {
 }
 
 Expected<QString> EngineDatabase::mergeLog(const Merge &merge) const {
-    if (const Expected<void> renewed = m_log.renew(merge.notesToKeep, merge.superseded); !renewed) {
+    if (const Expected<void> renewed = m_log.renew(merge.operationsToKeep, merge.superseded);
+        !renewed) {
         return failure(renewed.error());
     }
     for (const Transaction &transaction : merge.transactions) {

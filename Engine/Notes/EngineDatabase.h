@@ -10,10 +10,10 @@ struct Merge {
     QList<Transaction> transactions;
     /// The title of the location that they come from.
     QString place = {};
-    /// The UUIDs of notes that must stay, even if the transactions delete them.
-    QStringList notesToKeep = {};
+    /// Operations of notes that must stay, even if transactions that follow supersede them.
+    QList<Operation> operationsToKeep = {};
     /// The identifiers that these transactions and those that follow them supersede. Only used if
-    /// there are notes to keep.
+    /// there are operations to keep.
     QSet<OperationId> superseded = {};
 };
 

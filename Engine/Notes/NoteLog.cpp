@@ -70,11 +70,15 @@ qsizetype roughSize(const Operation &operation) {
            operation.supersedes.size() * identifier;
 }
 
-QString selection(const QString &condition) {
+/// The most operations that an answer to a removal follows in a chain. A store can supersede a long
+/// chain, since all its operations follow from the first one.
+constexpr int MostRenewals = 100;
+
+QString selection(const QString &condition, const QString &order = QStringLiteral("position, id")) {
     return QStringLiteral(
                "SELECT digest, note_uuid, title, text, modified, supersedes, salt"
-               " FROM operations WHERE database = ? AND %1 ORDER BY position, id")
-        .arg(condition);
+               " FROM operations WHERE database = ? AND %1 ORDER BY %2")
+        .arg(condition, order);
 }
 
 Expected<void> checkNote(const Note &note) {
@@ -202,15 +206,11 @@ Expected<QString> NoteLog::name() const {
 }
 
 Expected<void> NoteLog::setName(const QString &name) const {
-    const Expected<QList<Operation>> names = select(QStringLiteral("note_uuid = ''"), {});
+    const Expected<QList<OperationId>> names = operationIds({});
     if (!names) {
         return failure(names.error());
     }
-    QList<OperationId> seen;
-    for (const Operation &operation :
-         names->first(qMin(names->size(), Operation::SupersedesLimit))) {
-        seen.append(operation.id);
-    }
+    const QList<OperationId> seen = names->first(qMin(names->size(), Operation::SupersedesLimit));
     return predecessors(seen).and_then([&](const QList<OperationId> &superseded) {
         // What does not fit into the operation is sent as superseded without it.
         const Operation operation =
@@ -234,36 +234,36 @@ Expected<void> NoteLog::merge(const Transaction &transaction, const QString &pla
     return supersede(transaction.allSuperseded(), place).and_then([&] { return markAllSent(); });
 }
 
-Expected<void> NoteLog::renew(const QStringList &UUIDs, const QSet<OperationId> &superseded) const {
-    for (const QString &UUID : UUIDs) {
-        const Expected<QList<Operation>> operations =
-            select(QStringLiteral("note_uuid = ?"), {ProfileDatabase::text(UUID)});
-        if (!operations) {
-            return failure(operations.error());
-        }
-        for (const Operation &operation : *operations) {
-            if (Expected<void> renewed = renewOperation(operation, superseded); !renewed) {
-                return renewed;
-            }
+Expected<void> NoteLog::renew(const QList<Operation> &operations,
+                              const QSet<OperationId> &superseded) const {
+    for (const Operation &operation : operations) {
+        const Expected<void> renewed =
+            answerTo(operation, superseded).and_then([&](const Operation &answer) {
+                return replace({operation.id}, answer);
+            });
+        if (!renewed) {
+            return renewed;
         }
     }
     return {};
 }
 
-Expected<void> NoteLog::renewOperation(const Operation &operation,
-                                       const QSet<OperationId> &superseded) const {
-    Operation renewed = operation.renewed();
-    for (;;) {
-        const Expected<bool> known = isSuperseded(renewed.id);
+Expected<Operation> NoteLog::answerTo(const Operation &operation,
+                                      const QSet<OperationId> &superseded) const {
+    Operation answer = operation;
+    for (int i = 0; i < MostRenewals; ++i) {
+        answer = answer.renewed();
+        const Expected<bool> known = isSuperseded(answer.id);
         if (!known) {
             return failure(known.error());
         }
-        if (!*known && !superseded.contains(renewed.id)) {
-            return replace({operation.id}, renewed);
+        if (!*known && !superseded.contains(answer.id)) {
+            return answer;
         }
         // Another computer has brought the note back before, and it was removed again.
-        renewed = renewed.renewed();
     }
+    return Operation::make(operation.note, operation.title, operation.text, operation.modified,
+                           {operation.id});
 }
 
 Expected<void> NoteLog::markAllSent() const {
@@ -296,10 +296,20 @@ Expected<QList<NoteVersion>> NoteLog::earlierVersions(const QString &noteUUID) c
 }
 
 Expected<QList<OperationId>> NoteLog::operationIds() const {
+    return identifiers(QStringLiteral("TRUE"), {});
+}
+
+Expected<QList<OperationId>> NoteLog::operationIds(const QString &note) const {
+    return identifiers(QStringLiteral("note_uuid = ?"), {ProfileDatabase::text(note)});
+}
+
+Expected<QList<OperationId>> NoteLog::identifiers(const QString &condition,
+                                                  const QVariantList &values) const {
     QList<OperationId> identifiers;
     const Expected<void> done = m_profile.read(
-        QStringLiteral("SELECT digest FROM operations WHERE database = ? ORDER BY id"),
-        {m_database},
+        QStringLiteral("SELECT digest FROM operations WHERE database = ? AND %1 ORDER BY id")
+            .arg(condition),
+        QVariantList{m_database} + values,
         [&](const QSqlQuery &row) { identifiers.append(row.value(0).toByteArray()); });
     if (!done) {
         return failure(done.error());
@@ -381,11 +391,17 @@ Expected<QList<NoteLog::Row>> NoteLog::rows() const {
 }
 
 Expected<std::optional<Operation>> NoteLog::first(const QString &note) const {
-    return select(QStringLiteral("note_uuid = ?"), {ProfileDatabase::text(note)})
-        .map([](const QList<Operation> &operations) {
-            const auto first = std::min_element(operations.begin(), operations.end(), comesBefore);
-            return first == operations.end() ? std::nullopt : std::optional(*first);
-        });
+    // The order of Operation::comesBefore. An index has it.
+    const QString order = QStringLiteral("modified DESC, digest DESC LIMIT 1");
+    std::optional<Operation> first;
+    const Expected<void> done =
+        m_profile.read(selection(QStringLiteral("note_uuid = ?"), order),
+                       {m_database, ProfileDatabase::text(note)},
+                       [&](const QSqlQuery &row) { first = operationInRow(row); });
+    if (!done) {
+        return failure(done.error());
+    }
+    return first;
 }
 
 Expected<OperationId> NoteLog::shownAs(const QString &noteUUID) const {

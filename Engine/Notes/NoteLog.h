@@ -44,7 +44,7 @@ public:
     /// See NoteDatabase::removeNote.
     Expected<void> remove(const Note &note) const;
 
-    /// Returns the name of the database, or an empty string if no operation names it.
+    /// Returns the name of the database, or an empty string if no operation names it. O(log n).
     Expected<QString> name() const;
     /// Adds an operation that names the database. `name` must satisfy Operation::isName.
     Expected<void> setName(const QString &name) const;
@@ -52,15 +52,18 @@ public:
     /// Adds what `transaction` contains. Idempotent. `place` is the title of the location, for the
     /// history.
     Expected<void> merge(const Transaction &transaction, const QString &place = {}) const;
-    /// Replaces the current operations of the notes `UUIDs` by new ones with the same contents,
-    /// which are not among those that are `superseded`, so that merging these deletes nothing. All
-    /// computers make the same operations for the same notes.
-    Expected<void> renew(const QStringList &UUIDs, const QSet<OperationId> &superseded) const;
+    /// Replaces `operations`, which must be current, by new ones with the same contents, which are
+    /// not among those that are `superseded`, so that merging these deletes nothing. All computers
+    /// make the same operations, unless very many of them are superseded.
+    Expected<void> renew(const QList<Operation> &operations,
+                         const QSet<OperationId> &superseded) const;
     /// Marks all operations as sent, so that later edits supersede them.
     Expected<void> markAllSent() const;
 
     /// Returns the identifiers of the current operations in the order in which they arrived.
     Expected<QList<OperationId>> operationIds() const;
+    /// Returns those of `note` only; the empty string stands for the name of the database.
+    Expected<QList<OperationId>> operationIds(const QString &note) const;
     /// Returns the identifiers of the superseded operations.
     Expected<QSet<OperationId>> supersededIds() const;
     /// Returns a text that is another one whenever an operation was added or superseded.
@@ -90,6 +93,8 @@ private:
     };
 
     Expected<QList<Row>> rows() const;
+    Expected<QList<OperationId>> identifiers(const QString &condition,
+                                             const QVariantList &values) const;
     Expected<QList<Operation>> select(const QString &condition, const QVariantList &values) const;
     Expected<std::optional<Operation>> operation(const OperationId &identifier) const;
     /// Returns the operation that shows first among those of `note`; the empty string stands for
@@ -104,9 +109,9 @@ private:
     Expected<QList<OperationId>> predecessors(const QList<OperationId> &seen) const;
     Expected<bool> isUnsent(const OperationId &identifier) const;
     Expected<bool> isSuperseded(const OperationId &identifier) const;
-    /// Replaces `operation`, see renew().
-    Expected<void> renewOperation(const Operation &operation,
-                                  const QSet<OperationId> &superseded) const;
+    /// Returns the operation that replaces `operation`, see renew().
+    Expected<Operation> answerTo(const Operation &operation,
+                                 const QSet<OperationId> &superseded) const;
 
     Expected<Operation> writeEdit(const Note &note, const OperationId &seen) const;
     /// Whether the history keeps what is erased.

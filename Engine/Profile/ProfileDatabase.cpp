@@ -45,7 +45,10 @@ QStringList schema() {
             " text TEXT NOT NULL, modified INTEGER, supersedes BLOB NOT NULL,"
             " salt BLOB NOT NULL, position INTEGER NOT NULL,"
             " UNIQUE (database, digest))"),
-        QStringLiteral("CREATE INDEX IF NOT EXISTS notes ON operations (database, note_uuid)"),
+        // The index that earlier versions had instead.
+        QStringLiteral("DROP INDEX IF EXISTS notes"),
+        QStringLiteral("CREATE INDEX IF NOT EXISTS operations_of_notes"
+                       " ON operations (database, note_uuid, modified, digest)"),
         QStringLiteral(
             "CREATE INDEX IF NOT EXISTS order_of_notes ON operations (database, position)"),
         QStringLiteral("CREATE TABLE IF NOT EXISTS superseded ("

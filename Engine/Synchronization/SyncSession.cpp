@@ -18,6 +18,8 @@ namespace {
 constexpr qsizetype ReadAtOnce = 4LL << 20;
 /// Approximate number of rows that one step on the main thread merges.
 constexpr qsizetype RowsMergedAtOnce = 2000;
+/// Number of operations that one step on the main thread renews, each of which writes several rows.
+constexpr qsizetype OperationsRenewedAtOnce = 400;
 /// Number of rows that take as long as it takes to record that a record is known.
 constexpr qsizetype RowsOfRecord = 10;
 /// Number of characters that take as long as another row.
@@ -412,7 +414,11 @@ Expected<void> SyncSession::checkRemoval() {
         const bool isDecided = decided.contains(note.UUID);
         undecided += isDecided ? 0 : 1;
         if (isDecided && m_decision.decision == RemovalDecision::Keep) {
-            m_notesToKeep.append(note.UUID);
+            const Expected<QList<OperationId>> operations = log().operationIds(note.UUID);
+            if (!operations) {
+                return failure(operations.error());
+            }
+            m_operationsToKeep.append(*operations);
         }
     }
     if (undecided > 0 && isLarge(removed->size(), *count)) {
@@ -458,6 +464,9 @@ Expected<void> SyncSession::continueReading() {
     if (m_pass == Pass::Comparing) {
         return {};
     }
+    if (!m_operationsToKeep.isEmpty()) {
+        return keepNotes();
+    }
     return mergeTransactions().and_then([this]() -> Expected<void> {
         if (m_unread.isEmpty() && m_read.isEmpty()) {
             const bool areAllSound =
@@ -467,6 +476,19 @@ Expected<void> SyncSession::continueReading() {
         }
         return {};
     });
+}
+
+Expected<void> SyncSession::keepNotes() {
+    QList<OperationId> some =
+        m_operationsToKeep.first(qMin(m_operationsToKeep.size(), OperationsRenewedAtOnce));
+    const qsizetype count = some.size();
+    const Expected<QList<Operation>> operations = log().takeOperations(some);
+    if (!operations) {
+        return failure(operations.error());
+    }
+    m_operationsToKeep.remove(0, count - some.size());
+    return library().merge(database(), {{}, subject().place, *operations, m_forecast.superseded()},
+                           [] { return Expected<void>(); });
 }
 
 Transaction SyncSession::Read::takePart(qsizetype &room) {
@@ -491,10 +513,7 @@ Expected<void> SyncSession::mergeTransactions() {
     if (m_read.isEmpty()) {
         return {};
     }
-    Merge merge{{Transaction()},
-                subject().place,
-                std::exchange(m_notesToKeep, {}),
-                m_forecast.superseded()};
+    Merge merge{{Transaction()}, subject().place, {}, {}};
     Transaction &all = merge.transactions.first();
     QList<Part> parts;
     const qsizetype mergedBefore = m_merged.size();

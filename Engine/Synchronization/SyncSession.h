@@ -146,6 +146,8 @@ private:
     /// Merges a part of what was read. A record counts as known when all of it is merged.
     Expected<void> mergeTransactions();
     Expected<void> addToKnown(const QList<Part> &parts);
+    /// Renews some of the operations of the notes that the user keeps.
+    Expected<void> keepNotes();
     /// Merges once everything is compared, and proceeds if everything was merged.
     Expected<void> continueReading();
     Expected<void> prepareWriting();
@@ -163,8 +165,8 @@ private:
     qsizetype m_compared = 0;
     /// The digests of the records that were compared and have to be read again, by name.
     QHash<QString, QByteArray> m_released;
-    /// The notes that the transactions remove although the user keeps them.
-    QStringList m_notesToKeep;
+    /// The operations of notes that the transactions remove although the user keeps them.
+    QList<OperationId> m_operationsToKeep;
     /// The names of the transactions that remain to be read.
     QStringList m_unread;
     /// The known transactions that the store no longer has.

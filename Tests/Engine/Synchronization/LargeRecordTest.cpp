@@ -220,6 +220,54 @@ private Q_SLOTS:
         QCOMPARE(knownRecords(), SmallRecords);
     }
 
+    void theNameIsFoundWithoutReadingAllNames() {
+        const NoteLog &log = m_host->library().synchronizedDatabase(InboxUUID)->log();
+        const auto merge = [&](int count) {
+            Transaction names;
+            for (int i = 0; i < count; ++i) {
+                names.operations.append(
+                    Operation::make({}, QStringLiteral("Name %1").arg(i), {}, i, {}));
+            }
+            QVERIFY(m_host->engine().profile().write([&] { return log.merge(names); }));
+            QCOMPARE(log.name().value(), QStringLiteral("Name %1").arg(count - 1));
+        };
+        const auto timeOfName = [&] {
+            const auto before = processorTime(CLOCK_THREAD_CPUTIME_ID);
+            for (int i = 0; i < 20; ++i) {
+                log.name().value();
+            }
+            return (processorTime(CLOCK_THREAD_CPUTIME_ID) - before).count();
+        };
+        merge(10);
+        const auto few = timeOfName();
+        merge(20'000);
+        QCOMPARE_LT(timeOfName(), 50 * few);
+    }
+
+    void slowReceiversAreNotifiedOfSeveralMergesTogether() {
+        const auto inbox = m_host->library().synchronizedDatabase(InboxUUID);
+        QList<qint64> noted;
+        QObject receiver;
+        connect(inbox.get(), &NoteDatabase::notesChanged, &receiver, [&] {
+            noted.append(inbox->log().countOfNotes().value());
+            QElapsedTimer working;
+            working.start();
+            while (!working.hasExpired(100)) {
+            }
+        });
+        for (int i = 0; i < 5; ++i) {
+            const Transaction note{
+                {Operation::make(QUuid::createUuid().toString(QUuid::WithoutBraces),
+                                 QStringLiteral("Title"), QStringLiteral("Text"), 0, {})},
+                {}};
+            QVERIFY(m_host->library().merge(inbox, {.transactions = {note}},
+                                            [] { return Expected<void>(); }));
+        }
+        QCOMPARE(noted, QList<qint64>{1});
+        QTRY_COMPARE(noted.size(), 2);
+        QCOMPARE(noted.last(), 5);
+    }
+
     void aStepThatFailsIsReportedAndTheRecordIsReadAgain() {
         writeLargeRecord();
         const QMetaObject::Connection firstStep =

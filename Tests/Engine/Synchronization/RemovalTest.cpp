@@ -40,6 +40,10 @@ private:
         return titles;
     }
 
+    qint64 rowsWritten() const {
+        return profile().value(QStringLiteral("SELECT total_changes()")).value().toLongLong();
+    }
+
     struct Run {
         Expected<void> result;
         std::optional<StoreSession::Removal> removal;
@@ -243,6 +247,52 @@ private Q_SLOTS:
         QCOMPARE(titles(), all);
     }
 
+    void manyNotesAreKeptInShortSteps() {
+        constexpr int count = 3000;
+        constexpr qint64 mostRows = 5000;
+        Transaction notes;
+        for (int i = 0; i < count; ++i) {
+            notes.operations.append(
+                Operation::make(QUuid::createUuid().toString(QUuid::WithoutBraces),
+                                QString::number(i), QStringLiteral("text"), 0, {}));
+        }
+        write(notes);
+        QVERIFY(run().result);
+        attack(count);
+        SyncSession session(profile(), m_host->library(),
+                            {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store"), {}});
+        session.setDecision({run().removal->UUIDs, RemovalDecision::Keep});
+        MemoryStore store(m_blobs);
+        const EngineFuture future;
+        qint64 most = 0;
+        while (!session.isDone()) {
+            QVERIFY(session.accessStore(store, future));
+            const qint64 before = rowsWritten();
+            QVERIFY(session.accessProfile());
+            most = std::max(most, rowsWritten() - before);
+        }
+        QCOMPARE_LE(most, mostRows);
+        QCOMPARE(titles().size(), count);
+    }
+
+    /// The answers to removals follow from the note, so a store can supersede very many of them.
+    void aLongChainOfRemovedAnswersIsNotFollowed() {
+        addNotes(1);
+        QList<OperationId> identifiers = log().operationIds().value();
+        const QList<Operation> operations = log().takeOperations(identifiers).value();
+        QSet<OperationId> superseded;
+        Operation answer = operations.first();
+        for (int i = 0; i < 1000; ++i) {
+            answer = answer.renewed();
+            superseded.insert(answer.id);
+        }
+        QVERIFY(profile().write([&] { return log().renew(operations, superseded); }));
+        QCOMPARE(titles(), QStringList{QStringLiteral("0")});
+        const OperationId current = log().operationIds().value().first();
+        QVERIFY(!superseded.contains(current));
+        QVERIFY(current != answer.renewed().id);
+    }
+
     void removedNotesAreRemovedEverywhere() {
         addNotes(20);
         QVERIFY(run().result);
@@ -315,10 +365,12 @@ private Q_SLOTS:
         const QString note = inbox()->notes().value().first().UUID;
         forecast.add({{Operation::make(note, {}, {}, {}, log().operationIds().value())}, {}});
         QCOMPARE(forecast.removedNotes(profile(), log().database()).value().size(), 11);
+        QList<OperationId> identifiers = log().operationIds(note).value();
+        const QList<Operation> operations = log().takeOperations(identifiers).value();
         const FailingTable failing(profile(), table, FailingTable::Fault::AllRows);
         QCOMPARE(code(forecast.removedNotes(profile(), log().database())),
                  EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().renew({note}, {})), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().renew(operations, {})), EngineErrorCode::ProfileNotWritten);
         if (table == QStringLiteral("operations")) {
             QCOMPARE(code(log().countOfNotes()), EngineErrorCode::ProfileNotWritten);
         }
