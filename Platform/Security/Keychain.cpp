@@ -61,10 +61,6 @@ Expected<std::optional<SecretBytes>> Keychain::password(const QString &service,
         });
 }
 
-bool Keychain::removeFirst(const QByteArray &service, const QByteArray &account) {
-    return m_store.removeFirst(itemAttributes(service, account));
-}
-
 void Keychain::removeFirstLater(const QByteArray &service, const QByteArray &account,
                                 const RemovalHandler &handler) {
     m_store.removeFirstLater(itemAttributes(service, account), handler);

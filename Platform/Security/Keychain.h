@@ -41,15 +41,12 @@ public:
     Expected<std::optional<SecretBytes>> password(const QString &service,
                                                   const QString &account) const;
 
-    /// Deletes the first item of `service` and `account`, both in UTF-8; other items with the same
-    /// two remain. Blocks until that is done or the timeout expires. Returns false if there is no
-    /// such item, if it cannot be deleted in time, or if the bytes are not valid UTF-8.
-    bool removeFirst(const QByteArray &service, const QByteArray &account);
     /// Receives whether an item was deleted: false if there is none. An error if that is not known
     /// or the item could not be deleted.
     using RemovalHandler = std::function<void(const Expected<bool> &isRemoved)>;
-    /// Deletes the same item without waiting. Returns at once; `handler` is called as that of
-    /// findAccounts(). For bytes that are not valid UTF-8 there is no item.
+    /// Deletes the first item of `service` and `account`, both in UTF-8; other items with the same
+    /// two remain. Returns at once; `handler` is called as that of findAccounts(). For bytes that
+    /// are not valid UTF-8 there is no item.
     void removeFirstLater(const QByteArray &service, const QByteArray &account,
                           const RemovalHandler &handler);
 

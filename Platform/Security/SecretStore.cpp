@@ -120,7 +120,6 @@ public:
     Expected<QList<StoredSecret>> find(const SecretAttributes &attributes, bool wantsSecrets);
     void findLater(const SecretAttributes &attributes, bool wantsSecrets, const Handler &handler);
     void set(const StoredSecret &item);
-    bool removeFirst(const SecretAttributes &attributes);
     void removeFirstLater(const SecretAttributes &attributes, const RemovalHandler &handler);
     std::optional<Error> error() const;
     std::optional<Error> removalError() const;
@@ -141,11 +140,6 @@ private:
         std::optional<FoundItems> answer;
         bool isAwaited = true;
     };
-    struct Removal {
-        std::optional<Expected<bool>> answer = {};
-        bool isAwaited = true;
-        RemovalHandler handler = {};
-    };
 
     QList<StoredSecret> remembered(const SecretAttributes &attributes) const;
     FoundItems ask(Lock &lock, const SecretAttributes &attributes, bool wantsSecrets);
@@ -156,8 +150,8 @@ private:
     void didFirstJob();
     void write(const SecretAttributes &attributes, quint64 job, const Done &done);
     void didWrite(const SecretAttributes &attributes, quint64 job, std::optional<Failure> failure);
-    void remove(const SecretAttributes &attributes, quint64 job,
-                const std::shared_ptr<Removal> &removal, const Done &done);
+    void remove(const SecretAttributes &attributes, quint64 job, const RemovalHandler &handler,
+                const Done &done);
     /// Keeps entries that were set after `job`.
     bool forgetFirst(const SecretAttributes &attributes, quint64 job);
     /// Returns the result of a removal from the service and from memory.
@@ -358,20 +352,6 @@ void SecretStore::Implementation::fail(Failure failure) {
     }
 }
 
-bool SecretStore::Implementation::removeFirst(const SecretAttributes &attributes) {
-    Lock lock(m_mutex);
-    if (m_isStopped || !canBeSent(attributes)) {
-        return forgetFirst(attributes, m_lastJob);
-    }
-    const auto removal = std::make_shared<Removal>();
-    append([this, attributes, job = m_lastJob + 1, removal](const Done &done) {
-        remove(attributes, job, removal, done);
-    });
-    m_changed.wait_for(lock, m_patience, [&] { return removal->answer.has_value(); });
-    removal->isAwaited = false;
-    return removal->answer.has_value() && removal->answer->value_or(false);
-}
-
 void SecretStore::Implementation::removeFirstLater(const SecretAttributes &attributes,
                                                    const RemovalHandler &handler) {
     const Lock lock(m_mutex);
@@ -382,31 +362,20 @@ void SecretStore::Implementation::removeFirstLater(const SecretAttributes &attri
         deliver(forgetFirst(attributes, m_lastJob));
         return;
     }
-    const auto removal = std::make_shared<Removal>(Removal{.handler = deliver});
-    append([this, attributes, job = m_lastJob + 1, removal](const Done &done) {
-        remove(attributes, job, removal, done);
+    append([this, attributes, job = m_lastJob + 1, deliver](const Done &done) {
+        remove(attributes, job, deliver, done);
     });
 }
 
 void SecretStore::Implementation::remove(const SecretAttributes &attributes, quint64 job,
-                                         const std::shared_ptr<Removal> &removal,
-                                         const Done &done) {
-    bool isAwaited = false;
-    {
-        const Lock lock(m_mutex);
-        isAwaited = removal->isAwaited;
-    }
-    if (!isAwaited) {
-        done();
-        return;
-    }
-    m_client.removeFirst(attributes, [this, attributes, job, removal,
+                                         const RemovalHandler &handler, const Done &done) {
+    m_client.removeFirst(attributes, [this, attributes, job, handler,
                                       done](const tl::expected<bool, Failure> &fromService) {
         {
             const Lock lock(m_mutex);
-            removal->answer = removed(fromService, forgetFirst(attributes, job));
-            if (removal->handler && !m_isStopped) {
-                removal->handler(*removal->answer);
+            const Expected<bool> isRemoved = removed(fromService, forgetFirst(attributes, job));
+            if (!m_isStopped) {
+                handler(isRemoved);
             }
         }
         done();
@@ -511,10 +480,6 @@ void SecretStore::findAttributesLater(const SecretAttributes &attributes,
 
 void SecretStore::set(const StoredSecret &item) {
     m_implementation->set(item);
-}
-
-bool SecretStore::removeFirst(const SecretAttributes &attributes) {
-    return m_implementation->removeFirst(attributes);
 }
 
 void SecretStore::removeFirstLater(const SecretAttributes &attributes,

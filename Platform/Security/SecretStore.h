@@ -83,9 +83,6 @@ public:
     /// Stores `item`, replacing the item with the same attributes. Returns at once; later calls of
     /// find() see it immediately.
     void set(const StoredSecret &item);
-    /// Deletes the first item that has all of `attributes`. Blocks for at most the store's timeout.
-    /// Returns whether an item was deleted.
-    bool removeFirst(const SecretAttributes &attributes);
     /// Receives whether an item was deleted: false if there is none, which the service has
     /// confirmed. An error if that is not known or the item could not be deleted.
     using RemovalHandler = std::function<void(const Expected<bool> &isRemoved)>;

@@ -20,6 +20,7 @@
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
 #include "Support/Commands.h"
+#include "Support/KeychainRemoval.h"
 #include "Support/Patience.h"
 #include "Support/PrivateNetwork.h"
 #include "Support/SecretService.h"
@@ -75,7 +76,7 @@ void revokeEveryone() {
     const QString service = DirectConnection::ClientAuthorizationServiceName;
     const QStringList clients = Keychain::shared().accounts(service).value_or(QStringList());
     for (const QString &client : clients) {
-        if (Keychain::shared().removeFirst(service.toUtf8(), client.toUtf8())) {
+        if (KeychainRemoval::removeFirst(Keychain::shared(), service.toUtf8(), client.toUtf8())) {
             say(QStringLiteral("revoked ") + client);
         }
     }

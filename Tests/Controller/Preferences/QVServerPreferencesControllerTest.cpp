@@ -13,6 +13,7 @@
 #include "Platform/Security/Keychain.h"
 #include "Support/AnnouncementRecorder.h"
 #include "Support/FreePort.h"
+#include "Support/KeychainRemoval.h"
 #include "Support/ScriptedHost.h"
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
@@ -98,7 +99,7 @@ private Q_SLOTS:
         const QString service = QVDirectConnectionClientAuthorizationServiceName();
         Keychain &keychain = Keychain::shared();
         for (const QString &client : keychain.accounts(service).value_or(QStringList())) {
-            QVERIFY(keychain.removeFirst(service.toUtf8(), client.toUtf8()));
+            QVERIFY(KeychainRemoval::removeFirst(keychain, service.toUtf8(), client.toUtf8()));
         }
     }
 
@@ -339,7 +340,7 @@ private Q_SLOTS:
         authorize(QStringLiteral("Kim"));
         reopen();
         const QByteArray service = QVDirectConnectionClientAuthorizationServiceName().toUtf8();
-        QVERIFY(Keychain::shared().removeFirst(service, "Kim"));
+        QVERIFY(KeychainRemoval::removeFirst(Keychain::shared(), service, "Kim"));
         AnnouncementRecorder recorder(m_controller.get());
         revoke(QStringLiteral("Kim"));
         QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Kim")});

@@ -15,6 +15,7 @@
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
 #include "Support/FreePort.h"
+#include "Support/KeychainRemoval.h"
 #include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -183,7 +184,7 @@ private Q_SLOTS:
         Keychain &keychain = Keychain::shared();
         const QString service = DirectConnection::ClientAuthorizationServiceName;
         for (const QString &account : keychain.accounts(service).value_or(QStringList())) {
-            keychain.removeFirst(service.toUtf8(), account.toUtf8());
+            KeychainRemoval::removeFirst(keychain, service.toUtf8(), account.toUtf8());
         }
         UserDefaults::remove(PortNumberKey);
         UserDefaults::remove(EnabledKey);
@@ -660,8 +661,9 @@ private Q_SLOTS:
         Client client(m_port);
         QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
         QCOMPARE(client.answerTo(list(QStringLiteral("databases"))), Done);
-        QVERIFY(Keychain::shared().removeFirst(
-            DirectConnection::ClientAuthorizationServiceName.toUtf8(), ClientName.toUtf8()));
+        QVERIFY(KeychainRemoval::removeFirst(
+            Keychain::shared(), DirectConnection::ClientAuthorizationServiceName.toUtf8(),
+            ClientName.toUtf8()));
         client.send(list(QStringLiteral("databases")));
         QCOMPARE(client.answer(), ofType(Refused));
         QVERIFY(client.endsInSilence());

@@ -18,6 +18,7 @@
 #include "Support/DirectConnectionPeer.h"
 #include "Support/Failure.h"
 #include "Support/FreePort.h"
+#include "Support/KeychainRemoval.h"
 #include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -78,7 +79,7 @@ class DirectConnectionStoreTest : public QObject {
         Keychain &keychain = Keychain::shared();
         const QStringList accounts = keychain.accounts(service).value_or(QStringList());
         for (const QString &account : accounts) {
-            keychain.removeFirst(service.toUtf8(), account.toUtf8());
+            KeychainRemoval::removeFirst(keychain, service.toUtf8(), account.toUtf8());
         }
     }
 

@@ -9,6 +9,7 @@
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
 #include "Support/FreePort.h"
+#include "Support/KeychainRemoval.h"
 #include "Support/Patience.h"
 #include "Support/TestMain.h"
 #include "Support/WebDAVServer.h"
@@ -198,7 +199,7 @@ private Q_SLOTS:
         Keychain &keychain = Keychain::shared();
         const QString service = DirectConnection::ClientAuthorizationServiceName;
         for (const QString &account : keychain.accounts(service).value_or(QStringList())) {
-            keychain.removeFirst(service.toUtf8(), account.toUtf8());
+            KeychainRemoval::removeFirst(keychain, service.toUtf8(), account.toUtf8());
         }
         m_person.reset();
     }

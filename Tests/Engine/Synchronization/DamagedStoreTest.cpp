@@ -10,6 +10,7 @@
 #include "Support/DropboxTestCase.h"
 #include "Support/Failure.h"
 #include "Support/FreePort.h"
+#include "Support/KeychainRemoval.h"
 #include "Support/Replica.h"
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
@@ -146,7 +147,7 @@ public:
         const QString service = DirectConnection::ClientAuthorizationServiceName;
         const QStringList accounts = keychain.accounts(service).value_or(QStringList());
         for (const QString &account : accounts) {
-            keychain.removeFirst(service.toUtf8(), account.toUtf8());
+            KeychainRemoval::removeFirst(keychain, service.toUtf8(), account.toUtf8());
         }
     }
     std::shared_ptr<BlobStore> store() override { return m_location->createBlobStore(); }

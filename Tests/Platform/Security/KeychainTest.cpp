@@ -1,6 +1,7 @@
 #include "Platform/Security/Keychain.h"
 
 #include "Platform/Security/SecretStore.h"
+#include "Support/KeychainRemoval.h"
 #include "Support/SecretService.h"
 #include "Support/TestMain.h"
 
@@ -85,10 +86,10 @@ private Q_SLOTS:
         addForeignItem({{QStringLiteral("account"), Name}});
         Run run;
         QCOMPARE(run.keychain.accounts(Service).value(), (QStringList{Name, Name}));
-        QVERIFY(run.keychain.removeFirst(Service.toUtf8(), Name.toUtf8()));
+        QVERIFY(KeychainRemoval::removeFirst(run.keychain, Service.toUtf8(), Name.toUtf8()));
         QCOMPARE(run.keychain.accounts(Service).value(), QStringList{Name});
-        QVERIFY(run.keychain.removeFirst(Service.toUtf8(), Name.toUtf8()));
-        QVERIFY(!run.keychain.removeFirst(Service.toUtf8(), Name.toUtf8()));
+        QVERIFY(KeychainRemoval::removeFirst(run.keychain, Service.toUtf8(), Name.toUtf8()));
+        QVERIFY(!KeychainRemoval::removeFirst(run.keychain, Service.toUtf8(), Name.toUtf8()));
         QCOMPARE(run.keychain.accounts(Service).value(), QStringList());
     }
 
@@ -101,8 +102,8 @@ private Q_SLOTS:
     void removingWhatIsNotThereFails() {
         keep(Name, "secret");
         Run run;
-        QVERIFY(!run.keychain.removeFirst(Service.toUtf8(), "other"));
-        QVERIFY(!run.keychain.removeFirst("other service", Name.toUtf8()));
+        QVERIFY(!KeychainRemoval::removeFirst(run.keychain, Service.toUtf8(), "other"));
+        QVERIFY(!KeychainRemoval::removeFirst(run.keychain, "other service", Name.toUtf8()));
         QCOMPARE(run.keychain.accounts(Service).value(), QStringList{Name});
     }
 
@@ -117,9 +118,10 @@ private Q_SLOTS:
         QFETCH(QString, name);
         keep(name, "secret");
         Run run;
-        QVERIFY(!run.keychain.removeFirst(Service.toUtf8(), name.toUtf8().left(name.size())));
+        QVERIFY(!KeychainRemoval::removeFirst(run.keychain, Service.toUtf8(),
+                                              name.toUtf8().left(name.size())));
         QCOMPARE(run.keychain.accounts(Service).value(), QStringList{name});
-        QVERIFY(run.keychain.removeFirst(Service.toUtf8(), name.toUtf8()));
+        QVERIFY(KeychainRemoval::removeFirst(run.keychain, Service.toUtf8(), name.toUtf8()));
     }
 
     void aPasswordMayBeAnyBytes() {
@@ -135,7 +137,7 @@ private Q_SLOTS:
         run.keychain.setPassword(Service, Name, QByteArray("secret"));
         QCOMPARE(run.keychain.accounts(Service).value(), QStringList{Name});
         QCOMPARE(passwordOf(run.keychain, Service, Name), QByteArray("secret"));
-        QVERIFY(run.keychain.removeFirst(Service.toUtf8(), Name.toUtf8()));
+        QVERIFY(KeychainRemoval::removeFirst(run.keychain, Service.toUtf8(), Name.toUtf8()));
         QVERIFY(!run.keychain.accounts(Service));
     }
 
@@ -170,7 +172,7 @@ private Q_SLOTS:
         m_service->lock();
         Run run;
         QVERIFY(!run.keychain.password(Service, Name));
-        QVERIFY(!run.keychain.removeFirst(Service.toUtf8(), Name.toUtf8()));
+        QVERIFY(!KeychainRemoval::removeFirst(run.keychain, Service.toUtf8(), Name.toUtf8()));
         m_service->stopKeyring();
         m_service->startKeyring();
         QCOMPARE(run.keychain.accounts(Service).value(), QStringList{Name});
