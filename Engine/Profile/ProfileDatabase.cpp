@@ -167,7 +167,7 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
     // Nothing is written into a folder of the user's, not even the lock file. Another process may
     // be creating the profile, so its file is looked for last.
     if (folder.exists() && !QFileInfo::exists(path())) {
-        const Expected<void> unused = checkUnused(m_directory);
+        Expected<void> unused = checkUnused(m_directory);
         if (!unused && !QFileInfo::exists(path())) {
             return unused;
         }

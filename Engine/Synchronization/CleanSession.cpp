@@ -48,7 +48,7 @@ Expected<void> CleanSession::accessProfile() {
 
 Expected<void> CleanSession::forgetIncomplete() {
     m_step = Step::Forgetting;
-    const Expected<void> forgotten = forgetSome(m_incomplete);
+    Expected<void> forgotten = forgetSome(m_incomplete);
     if (!forgotten || !m_incomplete.isEmpty()) {
         return forgotten;
     }

@@ -98,7 +98,7 @@ Expected<void> SyncSession::accessProfile() {
 
 Expected<void> SyncSession::forgetGone() {
     m_step = Step::Forgetting;
-    const Expected<void> forgotten = forgetSome(m_gone);
+    Expected<void> forgotten = forgetSome(m_gone);
     if (!forgotten || !m_gone.isEmpty()) {
         return forgotten;
     }
