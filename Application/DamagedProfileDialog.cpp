@@ -18,24 +18,35 @@ QString damageText(const char *text) {
 
 enum class Choice { Restore, Begin, Quit };
 
-QString explanation(const std::optional<QDate> &backup) {
-    const QString next =
-        backup ? damageText(
-                     "You can restore the copy that Velmora made of it on %1; later changes are "
-                     "then missing until they are synchronized again. Or you can start with an "
-                     "empty profile and import your databases from the sync locations.")
-                     .arg(QLocale().toString(*backup, QLocale::LongFormat))
-               : damageText(
-                     "There is no copy of it that can be restored. You can start with an empty "
-                     "profile and import your databases from the sync locations.");
-    return next + QStringLiteral("\n\n") +
-           damageText("The damaged files are kept in the folder “Damaged Profiles”.");
+/// What the user can do, depending on the copy that can be restored.
+QString nextSteps(const Expected<std::optional<QDate>> &backup) {
+    if (!backup) {
+        return backup.error().localizedDescription + u' ' +
+               damageText(
+                   "Make the copies readable and start Velmora again. Or you can start with "
+                   "an empty profile and import your databases from the sync locations.");
+    }
+    if (!*backup) {
+        return damageText(
+            "There is no copy of it that can be restored. You can start with an empty "
+            "profile and import your databases from the sync locations.");
+    }
+    return damageText(
+               "You can restore the copy that Velmora made of it on %1; later changes are "
+               "then missing until they are synchronized again. Or you can start with an "
+               "empty profile and import your databases from the sync locations.")
+        .arg(QLocale().toString(**backup, QLocale::LongFormat));
 }
 
-Choice ask(const QString &directory, const QString &text, const std::optional<QDate> &backup) {
+Choice ask(const QString &directory, const QString &text,
+           const Expected<std::optional<QDate>> &found) {
+    const std::optional<QDate> backup = found.value_or(std::nullopt);
     QMessageBox box(QMessageBox::Critical, QGuiApplication::applicationDisplayName(), {},
                     QMessageBox::NoButton);
-    PlainText::setTexts(&box, text, explanation(backup));
+    PlainText::setTexts(
+        &box, text,
+        nextSteps(found) + QStringLiteral("\n\n") +
+            damageText("The damaged files are kept in the folder “Damaged Profiles”."));
     QPushButton *restore = nullptr;
     if (backup) {
         restore = box.addButton(damageText("&Restore the Copy of %1")

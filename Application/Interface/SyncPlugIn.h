@@ -54,8 +54,9 @@ public:
     /// Returns whether `error` says that the profile is damaged, so that it can be replaced.
     virtual bool isProfileDamaged(const Error &error) const = 0;
     /// Returns the day of the newest backup of the profile in the folder `directory` that is sound,
-    /// or std::nullopt. Checks the backup completely, so it may block for some seconds.
-    virtual std::optional<QDate> dateOfBackup(const QString &directory) const = 0;
+    /// or std::nullopt. Fails if the folder of the backups cannot be read. Checks the backup
+    /// completely, so it may block for some seconds.
+    virtual Expected<std::optional<QDate>> dateOfBackup(const QString &directory) const = 0;
     /// Replaces the damaged profile in the folder `directory`, which must not be open. Blocks for
     /// the disk. A failure leaves the profile as it was.
     virtual Expected<void> replaceProfile(const QString &directory,

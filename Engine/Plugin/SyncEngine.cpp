@@ -65,7 +65,7 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
         m_plugin.startServer();
         m_plugin.forgetRemovedLocations();
         m_triggers.start();
-        m_backups.start(m_profile.directory());
+        m_backups.start(m_profile);
         m_pruning.start();
     }
     return opened;

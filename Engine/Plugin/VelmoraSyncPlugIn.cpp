@@ -19,10 +19,12 @@ bool VelmoraSyncPlugIn::isProfileDamaged(const Error &error) const {
     return isEngineError(error, EngineErrorCode::ProfileDamaged);
 }
 
-std::optional<QDate> VelmoraSyncPlugIn::dateOfBackup(const QString &directory) const {
-    const std::optional<ProfileBackups::Backup> backup =
-        ProfileBackups(directory).newestSound(QDate::currentDate());
-    return backup ? std::optional(backup->date) : std::nullopt;
+Expected<std::optional<QDate>> VelmoraSyncPlugIn::dateOfBackup(const QString &directory) const {
+    return ProfileBackups(directory)
+        .newestSound(QDate::currentDate())
+        .map([](const std::optional<ProfileBackups::Backup> &backup) {
+            return backup ? std::optional(backup->date) : std::nullopt;
+        });
 }
 
 Expected<void> VelmoraSyncPlugIn::replaceProfile(const QString &directory,

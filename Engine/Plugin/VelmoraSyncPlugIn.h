@@ -18,7 +18,7 @@ public:
     /// Returns whether `error` says that another process uses the profile.
     bool isProfileInUse(const Error &error) const override;
     bool isProfileDamaged(const Error &error) const override;
-    std::optional<QDate> dateOfBackup(const QString &directory) const override;
+    Expected<std::optional<QDate>> dateOfBackup(const QString &directory) const override;
     Expected<void> replaceProfile(const QString &directory,
                                   ProfileReplacement replacement) override;
     VerificationReport verify(VerificationMode mode) override;

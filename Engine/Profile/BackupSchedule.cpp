@@ -3,6 +3,7 @@
 #include <QtCore/QPointer>
 
 #include "Engine/Profile/ProfileBackups.h"
+#include "Engine/Profile/ProfileDatabase.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
@@ -31,27 +32,35 @@ BackupSchedule::~BackupSchedule() {
     m_threads.waitForDone(CancellationTimeout);
 }
 
-void BackupSchedule::start(const QString &directory) {
-    m_directory = directory;
+void BackupSchedule::start(const ProfileDatabase &profile) {
+    m_profile = &profile;
     m_timer.start(FirstDelay);
 }
 
 void BackupSchedule::check() {
-    const ProfileBackups backups(m_directory);
+    if (!m_profile || m_isRunning) {
+        return;
+    }
+    const QString directory = m_profile->directory();
     const QDate today = QDate::currentDate();
-    if (m_directory.isEmpty() || m_isRunning || !backups.isDue(today)) {
+    const Expected<bool> isDue =
+        m_profile->checkFiles().and_then([&] { return ProfileBackups(directory).isDue(today); });
+    if (!isDue) {
+        report(failure(isDue.error()));
+        return;
+    }
+    if (!*isDue) {
         return;
     }
     m_isRunning = true;
-    m_threads.start(
-        [directory = m_directory, today, isCancelled = m_isCancelled, self = QPointer(this)] {
-            const Expected<void> result = ProfileBackups(directory).make(today, isCancelled.get());
-            MainQueue::dispatchAsync([self, result] {
-                if (self) {
-                    self->report(result);
-                }
-            });
+    m_threads.start([directory, today, isCancelled = m_isCancelled, self = QPointer(this)] {
+        const Expected<void> result = ProfileBackups(directory).make(today, isCancelled.get());
+        MainQueue::dispatchAsync([self, result] {
+            if (self) {
+                self->report(result);
+            }
         });
+    });
 }
 
 void BackupSchedule::report(const Expected<void> &result) {

@@ -8,6 +8,8 @@
 #include "Engine/Foundation/WorkerThreads.h"
 #include "Platform/Foundation/Expected.h"
 
+class ProfileDatabase;
+
 /// Makes a backup of the open profile on each day, on a thread of its own. Failures are reported in
 /// the application's log, each once until a backup succeeds. Must be used on the main thread.
 class BackupSchedule : public QObject {
@@ -19,9 +21,11 @@ public:
     /// seconds if the disk hangs.
     ~BackupSchedule() override;
 
-    /// Makes a backup of the profile in the folder `directory` soon, if there is none of this day,
-    /// and then on each day. A failed backup is tried again after an hour. Must be called once.
-    void start(const QString &directory);
+    /// Makes a backup of the open `profile` soon, if there is none of this day, and then on each
+    /// day. A failed backup is tried again after an hour. Nothing is written once the folder of the
+    /// profile was replaced. Must be called once. `profile` is not owned and must outlive this
+    /// object.
+    void start(const ProfileDatabase &profile);
     /// Makes a backup in the background if one is due and none is being made. Has no effect before
     /// start().
     void check();
@@ -33,7 +37,8 @@ Q_SIGNALS:
 private:
     void report(const Expected<void> &result);
 
-    QString m_directory;
+    /// Null before start().
+    const ProfileDatabase *m_profile = nullptr;
     QTimer m_timer;
     WorkerThreads m_threads;
     bool m_isRunning = false;

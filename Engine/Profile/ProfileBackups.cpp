@@ -9,6 +9,7 @@
 #include <QtSql/QSqlError>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileInspection.h"
@@ -44,6 +45,29 @@ bool makeFolder(const QString &path) {
     return QFileInfo(path).isDir() ||
            QDir().mkdir(path,
                         QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+}
+
+/// Returns the names of the plain files in `folder`, or none if it does not exist.
+Expected<QStringList> filesIn(const QString &folder) {
+    using Entries = std::filesystem::directory_iterator;
+    QStringList names;
+    std::error_code error;
+    // std::filesystem reports errors; QDir returns an empty list.
+    for (Entries each(QFile::encodeName(folder).toStdString(), error); !error && each != Entries();
+         each.increment(error)) {
+        std::error_code unknown;
+        if (each->symlink_status(unknown).type() == std::filesystem::file_type::regular) {
+            names.append(QFile::decodeName(each->path().filename().c_str()));
+        }
+    }
+    if (error && error != std::errc::no_such_file_or_directory) {
+        return failure(
+            engineError(EngineErrorCode::BackupFailed,
+                        localizedSyncString("The folder “%1” with the backups of the profile "
+                                            "cannot be read: %2")
+                            .arg(folder, QString::fromStdString(error.message()))));
+    }
+    return names;
 }
 
 /// Returns no counts if a read fails.
@@ -104,33 +128,39 @@ ProfileBackups::ProfileBackups(const QString &directory, const Limits &limits)
       m_folder(QDir(directory).absoluteFilePath(FolderName)),
       m_limits(limits) {}
 
-QList<ProfileBackups::Backup> ProfileBackups::all(const QDate &today) const {
-    QList<Backup> backups;
-    const QDir folder(m_folder);
-    const QStringList names = folder.entryList({u'*' + Suffix}, QDir::Files | QDir::NoSymLinks,
-                                               QDir::Name | QDir::Reversed);
-    for (const QString &name : names) {
-        const QDate date = QDate::fromString(name.chopped(Suffix.size()), Qt::ISODate);
-        if (date.isValid()) {
-            backups.append({folder.filePath(name), date});
+Expected<QList<ProfileBackups::Backup>> ProfileBackups::all(const QDate &today) const {
+    return filesIn(m_folder).map([&](const QStringList &names) {
+        QList<Backup> backups;
+        for (const QString &name : names) {
+            const bool isBackup = name.endsWith(Suffix);
+            const QDate date = QDate::fromString(name.chopped(Suffix.size()), Qt::ISODate);
+            if (isBackup && date.isValid()) {
+                backups.append({m_folder + u'/' + name, date});
+            }
         }
-    }
-    std::stable_partition(backups.begin(), backups.end(),
-                          [&](const Backup &each) { return each.date <= today; });
-    return backups;
+        std::sort(backups.begin(), backups.end(), [&](const Backup &one, const Backup &other) {
+            const bool isOneAhead = one.date > today;
+            const bool isOtherAhead = other.date > today;
+            return isOneAhead == isOtherAhead ? one.date > other.date : isOtherAhead;
+        });
+        return backups;
+    });
 }
 
-std::optional<ProfileBackups::Backup> ProfileBackups::newestSound(const QDate &today) const {
-    const QList<Backup> backups = all(today);
-    const auto sound = std::find_if(backups.begin(), backups.end(),
-                                    [](const Backup &each) { return verify(each.path); });
-    return sound == backups.end() ? std::nullopt : std::optional(*sound);
+Expected<std::optional<ProfileBackups::Backup>> ProfileBackups::newestSound(
+    const QDate &today) const {
+    return all(today).map([](const QList<Backup> &backups) {
+        const auto sound = std::find_if(backups.begin(), backups.end(),
+                                        [](const Backup &each) { return verify(each.path); });
+        return sound == backups.end() ? std::nullopt : std::optional(*sound);
+    });
 }
 
-bool ProfileBackups::isDue(const QDate &today) const {
-    const QList<Backup> backups = all(today);
-    return std::none_of(backups.begin(), backups.end(),
-                        [&](const Backup &each) { return each.date == today; });
+Expected<bool> ProfileBackups::isDue(const QDate &today) const {
+    return all(today).map([&](const QList<Backup> &backups) {
+        return std::none_of(backups.begin(), backups.end(),
+                            [&](const Backup &each) { return each.date == today; });
+    });
 }
 
 Expected<void> ProfileBackups::make(const QDate &today, const std::atomic_bool *isCancelled) const {
@@ -149,8 +179,7 @@ Expected<void> ProfileBackups::make(const QDate &today, const std::atomic_bool *
             if (!DurableFile::flush(unfinished) || !DurableFile::rename(unfinished, path)) {
                 return notMade(m_profile, systemReason());
             }
-            removeBeyondLimits(today);
-            return {};
+            return removeBeyondLimits(today);
         })
         .map_error([&](const Error &error) {
             removeUnfinished();
@@ -213,17 +242,18 @@ void ProfileBackups::removeUnfinished() const {
     }
 }
 
-void ProfileBackups::removeBeyondLimits(const QDate &today) const {
-    qint64 bytes = 0;
-    int count = 0;
-    const QList<Backup> backups = all(today);
-    for (const Backup &backup : backups) {
-        bytes += QFileInfo(backup.path).size();
-        ++count;
-        if (backup.date != today && (count > m_limits.count || bytes > m_limits.bytes)) {
-            QFile::remove(backup.path);
+Expected<void> ProfileBackups::removeBeyondLimits(const QDate &today) const {
+    return all(today).map([&](const QList<Backup> &backups) {
+        qint64 bytes = 0;
+        int count = 0;
+        for (const Backup &backup : backups) {
+            bytes += QFileInfo(backup.path).size();
+            ++count;
+            if (backup.date != today && (count > m_limits.count || bytes > m_limits.bytes)) {
+                QFile::remove(backup.path);
+            }
         }
-    }
+    });
 }
 
 Expected<void> ProfileBackups::verify(const QString &path, const std::atomic_bool *isCancelled) {

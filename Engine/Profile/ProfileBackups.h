@@ -34,12 +34,13 @@ public:
     ProfileBackups(const QString &directory, const Limits &limits);
 
     /// Returns the backups, newest first. They may be damaged. Those of days after `today` come
-    /// last: the clock was ahead when they were made.
-    QList<Backup> all(const QDate &today) const;
+    /// last: the clock was ahead when they were made. Fails if the folder cannot be read.
+    Expected<QList<Backup>> all(const QDate &today) const;
     /// Returns the newest backup that verify() accepts, in the order of all(), or std::nullopt.
-    std::optional<Backup> newestSound(const QDate &today) const;
-    /// Returns whether there is no backup of the day `today`.
-    bool isDue(const QDate &today) const;
+    /// Fails if the folder cannot be read.
+    Expected<std::optional<Backup>> newestSound(const QDate &today) const;
+    /// Returns whether there is no backup of the day `today`. Fails if the folder cannot be read.
+    Expected<bool> isDue(const QDate &today) const;
     /// Makes the backup of the day `today`, replacing one of the same day, and removes the oldest
     /// ones beyond the limits. The profile may be in use. A backup gets its name only after it was
     /// verified and written to the disk; a failure leaves the earlier backups as they are. Fails
@@ -56,7 +57,7 @@ private:
     Expected<void> writeCopy(const QString &path, const std::atomic_bool *isCancelled) const;
     /// Removes the files that failed or interrupted attempts have left.
     void removeUnfinished() const;
-    void removeBeyondLimits(const QDate &today) const;
+    Expected<void> removeBeyondLimits(const QDate &today) const;
 
     const QString m_profile;
     const QString m_folder;

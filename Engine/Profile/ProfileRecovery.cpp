@@ -138,7 +138,10 @@ Expected<QStringList> sourcesOfLocations(const QString &directory, const QString
         return failure(isReadable.error());
     }
     const QStringList sources = *isReadable ? QStringList(damaged) : QStringList();
-    const auto backup = ProfileBackups(directory).newestSound(QDate::currentDate());
+    // If the backups cannot be read and the database has no locations, the user learns that none
+    // were found.
+    const auto backup =
+        ProfileBackups(directory).newestSound(QDate::currentDate()).value_or(std::nullopt);
     return (backup ? copyFile(backup->path, backupCopy) : false).map([&](bool isCopied) {
         return isCopied ? sources + QStringList(backupCopy) : sources;
     });
@@ -157,8 +160,11 @@ Expected<void> ProfileRecovery::restoreBackup(const QString &directory) {
     if (Expected<void> locked = lock.acquire(directory); !locked) {
         return locked;
     }
-    const std::optional<ProfileBackups::Backup> backup =
-        ProfileBackups(directory).newestSound(QDate::currentDate());
+    const auto found = ProfileBackups(directory).newestSound(QDate::currentDate());
+    if (!found) {
+        return failure(found.error());
+    }
+    const std::optional<ProfileBackups::Backup> &backup = *found;
     if (!backup) {
         return failure(engineError(EngineErrorCode::BackupFailed,
                                    "The profile “%1” has no backup that is sound.", directory));

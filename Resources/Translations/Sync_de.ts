@@ -1324,6 +1324,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Auf dem Datenträger mit dem Profil „%1“ ist kein Platz mehr. Löschen Sie Dateien, die Sie nicht mehr brauchen, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
+        <source>The folder “%1” with the backups of the profile cannot be read: %2</source>
+        <translation>Der Ordner „%1“ mit den Sicherungskopien des Profils kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
         <source>No backup of the profile “%1” could be made: %2</source>
         <translation>Vom Profil „%1“ konnte keine Sicherungskopie angelegt werden: %2</translation>
     </message>

@@ -5,7 +5,7 @@
     <name>DamagedProfileDialog</name>
     <message>
         <source>You can restore the copy that Velmora made of it on %1; later changes are then missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Sie können die Kopie wiederherstellen, die Velmora am %1 davon angelegt hat; spätere Änderungen fehlen dann, bis sie wieder synchronisiert sind. Oder Sie beginnen mit einem leeren Profil und importieren Ihre Datenbanken aus den Sync-Orten.</translation>
+        <translation>Sie können die Kopie wiederherstellen, die Velmora davon angelegt hat (%1); spätere Änderungen fehlen dann, bis sie wieder synchronisiert sind. Oder Sie beginnen mit einem leeren Profil und importieren Ihre Datenbanken aus den Sync-Orten.</translation>
     </message>
     <message>
         <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>
@@ -14,6 +14,10 @@
     <message>
         <source>The damaged files are kept in the folder “Damaged Profiles”.</source>
         <translation>Die beschädigten Dateien werden im Ordner „Damaged Profiles“ aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Machen Sie die Kopien lesbar, und starten Sie Velmora neu. Oder Sie beginnen mit einem leeren Profil und importieren Ihre Datenbanken aus den Sync-Orten.</translation>
     </message>
     <message>
         <source>&amp;Restore the Copy of %1</source>

@@ -129,6 +129,18 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(profile() + QStringLiteral("/Damaged Profiles")));
     }
 
+    void copiesThatCannotBeReadAreNamed() {
+        damage(false);
+        QFile obstacle(profile() + QStringLiteral("/Backups"));
+        QVERIFY(obstacle.open(QIODevice::WriteOnly));
+        const Result result = run({QStringLiteral("Quit")});
+        QVERIFY(!result.isReplaced);
+        QCOMPARE(result.buttons.size(), 3);
+        QVERIFY2(result.text.contains(obstacle.fileName()), qPrintable(result.text));
+        QVERIFY2(result.text.contains(QStringLiteral("cannot be read")), qPrintable(result.text));
+        QVERIFY2(!result.text.contains(QStringLiteral("no copy")), qPrintable(result.text));
+    }
+
     void quittingLeavesTheProfileAsItIs() {
         damage(true);
         const QByteArray before = contentsOf(file());

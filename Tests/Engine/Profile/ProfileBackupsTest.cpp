@@ -1,7 +1,10 @@
+#include <sys/syscall.h>
+
 #include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Profile/BackupSchedule.h"
 #include "Engine/Profile/ProfileBackups.h"
 #include "Engine/Profile/ProfileRecovery.h"
+#include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/FaultyFileSystem.h"
 #include "Support/Patience.h"
@@ -63,10 +66,10 @@ private Q_SLOTS:
 
     void aBackupHoldsEverythingAndIsPrivate() {
         const ProfileBackups backups(m_host->directory());
-        QVERIFY(backups.isDue(m_today));
+        QVERIFY(*backups.isDue(m_today));
         QVERIFY(backups.make(m_today));
-        QVERIFY(!backups.isDue(m_today));
-        QVERIFY(backups.isDue(m_today.addDays(1)));
+        QVERIFY(!*backups.isDue(m_today));
+        QVERIFY(*backups.isDue(m_today.addDays(1)));
         QCOMPARE(names(), QStringList{QStringLiteral("2026-11-22.sqlite")});
         QVERIFY(ProfileBackups::verify(pathFor(m_today)));
         constexpr auto others = QFileDevice::ReadGroup | QFileDevice::WriteGroup |
@@ -87,8 +90,8 @@ private Q_SLOTS:
             QVERIFY(backups.make(m_today.addDays(day)));
         }
         QCOMPARE(names().size(), 7);
-        QCOMPARE(backups.all(m_today.addDays(8)).first().date, m_today.addDays(8));
-        QCOMPARE(backups.all(m_today.addDays(8)).last().date, m_today.addDays(2));
+        QCOMPARE(backups.all(m_today.addDays(8))->first().date, m_today.addDays(8));
+        QCOMPARE(backups.all(m_today.addDays(8))->last().date, m_today.addDays(2));
     }
 
     void aClockThatWasSetBackKeepsTheNewBackup() {
@@ -99,16 +102,16 @@ private Q_SLOTS:
         const QDate today = m_today.addYears(-1);
         QVERIFY(backups.make(today));
         QCOMPARE(names().size(), 7);
-        QVERIFY(!backups.isDue(today));
-        QCOMPARE(backups.newestSound(today)->date, today);
+        QVERIFY(!*backups.isDue(today));
+        QCOMPARE(backups.newestSound(today).value()->date, today);
         // Those of the future make room for new ones, oldest first.
-        QCOMPARE(backups.all(today).last().date, m_today.addDays(1));
+        QCOMPARE(backups.all(today)->last().date, m_today.addDays(1));
         for (int day = 1; day < 7; ++day) {
             QVERIFY(backups.make(today.addDays(day)));
             QCOMPARE(names().size(), 7);
-            QCOMPARE(backups.newestSound(today.addDays(day))->date, today.addDays(day));
+            QCOMPARE(backups.newestSound(today.addDays(day)).value()->date, today.addDays(day));
         }
-        QCOMPARE(backups.all(m_today.addDays(9)).first().date, today.addDays(6));
+        QCOMPARE(backups.all(m_today.addDays(9))->first().date, today.addDays(6));
     }
 
     void quittingCancelsABackup() {
@@ -118,7 +121,7 @@ private Q_SLOTS:
             " WHERE n < 100) SELECT 0, 0, id, '', '', '', hex(randomblob(400000))"
             " FROM number, databases")));
         auto schedule = std::make_unique<BackupSchedule>();
-        schedule->start(m_host->directory());
+        schedule->start(m_host->engine().profile());
         schedule->check();
         QElapsedTimer time;
         time.start();
@@ -208,7 +211,7 @@ private Q_SLOTS:
             QTRY_COMPARE_WITH_TIMEOUT(ended.size(), i, Patience);
         }
         QCOMPARE(m_host->application().logEntries().size(), 1);
-        QVERIFY(m_host->application().logEntries().first().info.contains(file()));
+        QVERIFY(m_host->application().logEntries().first().info.contains(folder()));
         QVERIFY(obstacle.remove());
         schedule.check();
         QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 3, Patience);
@@ -217,6 +220,26 @@ private Q_SLOTS:
         addNote(QStringLiteral("second"));
         QCOMPARE(ended.size(), 3);
         QCOMPARE(m_host->application().logEntries().size(), 1);
+    }
+
+    void aFolderThatCannotBeReadIsNotAnEmptyOne() {
+        const ProfileBackups backups(m_host->directory());
+        QVERIFY(backups.make(m_today));
+        runWithFailingSystemCall(SYS_getdents64, EIO, [&] {
+            QCOMPARE(code(backups.all(m_today)), EngineErrorCode::BackupFailed);
+            QCOMPARE(code(backups.newestSound(m_today)), EngineErrorCode::BackupFailed);
+            const Expected<bool> isDue = backups.isDue(m_today);
+            QCOMPARE(code(isDue), EngineErrorCode::BackupFailed);
+            QVERIFY2(isDue.error().localizedDescription.contains(folder()),
+                     qPrintable(isDue.error().localizedDescription));
+        });
+        const QString directory = m_host->directory();
+        m_host->goToComputer(QStringLiteral("Other"));
+        runWithFailingSystemCall(SYS_getdents64, EIO, [&] {
+            QCOMPARE(code(ProfileRecovery::restoreBackup(directory)),
+                     EngineErrorCode::BackupFailed);
+        });
+        QVERIFY(QFileInfo::exists(directory + QStringLiteral("/profile.sqlite")));
     }
 
     void aProfileThatIsOnlyReadIsNotBackedUp_data() {

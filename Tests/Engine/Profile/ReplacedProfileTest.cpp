@@ -157,6 +157,19 @@ private Q_SLOTS:
         QCOMPARE(namesIn(m_host->directory()), before);
     }
 
+    void noBackupIsMadeInAnotherFolder() {
+        replaceProfile();
+        const QStringList before = namesIn(m_host->directory());
+        BackupSchedule &backups = m_host->engine().backups();
+        const QSignalSpy ended(&backups, &BackupSchedule::ended);
+        backups.check();
+        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, Patience);
+        const auto entries = m_host->application().logEntries();
+        QVERIFY(std::any_of(entries.begin(), entries.end(),
+                            [](const auto &entry) { return isAboutReplacement(entry.info); }));
+        QCOMPARE(namesIn(m_host->directory()), before);
+    }
+
     void nothingIsWrittenWhereTheFolderWasDeleted() {
         QVERIFY(QDir(m_host->directory()).removeRecursively());
         plugin().bookmarkURL(Url::fileURL(QStringLiteral("/a")));
