@@ -48,13 +48,6 @@ Addresses lookUp(const QString &host, quint16 port) {
     return {found, &freeaddrinfo};
 }
 
-/// Returns the host name, or its address if only multicast DNS resolves it.
-QString reachableName(const QString &host) {
-    const QString address =
-        LocalHostName::isLocal(host) ? LocalHostName::address(host, ConnectingPatience) : QString();
-    return address.isEmpty() ? host : address;
-}
-
 }  // namespace
 
 DirectConnectionLink::DirectConnectionLink()
@@ -88,7 +81,15 @@ Expected<void> DirectConnectionLink::connect(const QString &host, quint16 port,
                                              const EngineFuture &future) {
     ignoreBrokenPipes();
     m_host = host;
-    const Addresses addresses = lookUp(reachableName(host), port);
+    const Expected<QString> name = LocalHostName::isLocal(host)
+                                       ? LocalHostName::address(host, ConnectingPatience)
+                                       : Expected<QString>(host);
+    // The system may have other ways to resolve a local name.
+    const Addresses addresses = lookUp(name.value_or(host), port);
+    if (!addresses && !name) {
+        return failure(
+            engineError(EngineErrorCode::StoreUnreachable, name.error().localizedDescription));
+    }
     for (const addrinfo *address = addresses.get(); address; address = address->ai_next) {
         if (connectTo(*address, future)) {
             return startEncryption(future);

@@ -3,6 +3,7 @@
 #include <QtCore/QString>
 #include <chrono>
 
+#include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
 
 /// Host names of the local network (RFC 6762).
@@ -12,11 +13,18 @@ namespace LocalHostName {
 /// 6762, section 3), in upper or lower case. Thread-safe.
 PLATFORM_EXPORT bool isLocal(const QString &hostName);
 
+/// The codes of errors of the domain "LocalHostName".
+enum class ErrorCode {
+    /// The Avahi daemon is not running or has failed.
+    NoService = 1,
+    /// No computer has confirmed the name in time.
+    NotFound,
+};
+
 /// Returns an address of `hostName` as text: an IPv4 address if there is one, otherwise an IPv6
-/// address, with its interface if it is link-local. Returns an empty text if the name is unknown,
-/// if the Avahi daemon is not running, or if it does not respond in time. Uses the daemon because
-/// the resolvers of many systems do not know these names. Blocks for at most `patience`.
-/// Thread-safe.
-PLATFORM_EXPORT QString address(const QString &hostName, std::chrono::milliseconds patience);
+/// address, with its interface if it is link-local. Uses the daemon because the resolvers of many
+/// systems do not know these names. Blocks for at most `patience`. Thread-safe.
+PLATFORM_EXPORT Expected<QString> address(const QString &hostName,
+                                          std::chrono::milliseconds patience);
 
 }  // namespace LocalHostName

@@ -1,8 +1,11 @@
 #include "Engine/DirectConnection/DirectConnectionLink.h"
 
+#include <sys/syscall.h>
+
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Support/DirectConnectionPeer.h"
+#include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/TestMain.h"
 
@@ -37,6 +40,30 @@ class DirectConnectionLinkTest : public QObject {
     }
 
 private Q_SLOTS:
+    void aLocalNameThatCannotBeLookedUpIsReported() {
+        // The service is found on the system bus.
+        const QByteArray bus = qgetenv("DBUS_SYSTEM_BUS_ADDRESS");
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nowhere");
+        DirectConnectionLink link;
+        const Expected<void> connected =
+            link.connect(QStringLiteral("velmora-nobody.local"), 1, m_future);
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", bus);
+        QCOMPARE(code(connected), EngineErrorCode::StoreUnreachable);
+        QVERIFY2(description(connected).contains(QStringLiteral("Avahi")),
+                 qPrintable(description(connected)));
+    }
+
+    void aCertificateThatCannotBeReadIsAnError() {
+        QVERIFY(DirectConnectionIdentity::load(m_folder.path()));
+        runWithFailingSystemCall(SYS_read, EIO, [&] {
+            const auto identity = DirectConnectionIdentity::load(m_folder.path());
+            QCOMPARE(code(identity), EngineErrorCode::ServerUnusable);
+            QVERIFY2(description(identity).contains(QStringLiteral("cannot be read")),
+                     qPrintable(description(identity)));
+        });
+        QVERIFY(DirectConnectionIdentity::load(m_folder.path()));
+    }
+
     void aResponseIsNotLongerThanAllowed() {
         const QCborMap request = DirectConnectionMessage::ofType(DirectConnectionMessage::List);
         {

@@ -366,16 +366,24 @@ private Q_SLOTS:
         QVERIFY(LocalHostName::isLocal(QStringLiteral("Alone.LOCAL.")));
         QVERIFY(!LocalHostName::isLocal(QStringLiteral("local")));
         QVERIFY(!LocalHostName::isLocal(QStringLiteral("alone.local.example")));
-        QCOMPARE(LocalHostName::address(QStringLiteral("alone.local"),
-                                        std::chrono::milliseconds(Patience)),
-                 QStringLiteral("127.0.0.1"));
+        const Expected<QString> address = LocalHostName::address(
+            QStringLiteral("alone.local"), std::chrono::milliseconds(Patience));
+        QVERIFY2(address, qPrintable(address ? QString() : address.error().localizedDescription));
+        QCOMPARE(*address, QStringLiteral("127.0.0.1"));
     }
 
-    void anAbsentComputerHasNoAddressAndNeitherHasAnyWithoutADaemon() {
+    void anAbsentComputerAndAnAbsentDaemonAreDifferentErrors() {
         const std::chrono::milliseconds little(100);
-        QCOMPARE(LocalHostName::address(QStringLiteral("nobody.local"), little), QString());
+        const auto absent = LocalHostName::address(QStringLiteral("nobody.local"), little);
+        QVERIFY(!absent);
+        QCOMPARE(absent.error().code, static_cast<int>(LocalHostName::ErrorCode::NotFound));
+        QVERIFY(absent.error().localizedDescription.contains(QStringLiteral("nobody.local")));
         m_daemon->killDaemon();
-        QCOMPARE(LocalHostName::address(QStringLiteral("alone.local"), little), QString());
+        const auto unknown = LocalHostName::address(QStringLiteral("alone.local"), little);
+        QVERIFY(!unknown);
+        QCOMPARE(unknown.error().code, static_cast<int>(LocalHostName::ErrorCode::NoService));
+        QVERIFY2(unknown.error().localizedDescription.contains(QStringLiteral("Avahi")),
+                 qPrintable(unknown.error().localizedDescription));
     }
 };
 
