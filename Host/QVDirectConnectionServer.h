@@ -49,8 +49,8 @@ public:
     /// while the server is serving. Blocks for a moment to open
     /// the port and, the first time, to create a key and a certificate.
     virtual void startServing() = 0;
-    /// Closes all connections, withdraws the announcement and emits servingChanged(). Blocks until
-    /// the server's threads have ended. Has no effect unless the server is serving.
+    /// Closes all connections, withdraws the announcement and emits servingChanged(). Blocks for a
+    /// short time at most. Has no effect unless the server is serving.
     virtual void stopServing() = 0;
     /// Returns the announcement of this server on the local network, or nullptr unless the server
     /// is serving. Its name may change while it is published. Shared ownership.

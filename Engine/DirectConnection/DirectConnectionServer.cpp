@@ -131,43 +131,53 @@ Expected<void> DirectConnectionServer::listen(const DirectConnectionIdentity &id
                 .arg(listener->errorString())));
     }
     m_listener = listener.release();
-    m_listener->moveToThread(&m_thread);
+    m_thread = std::make_unique<QThread>();
+    m_listener->moveToThread(m_thread.get());
     QMetaObject::invokeMethod(m_listener, &DirectConnectionClients::replaceFormerAccounts,
                               Qt::QueuedConnection);
-    m_thread.start();
+    m_thread->start();
     return {};
 }
 
 void DirectConnectionServer::stop() {
     m_service.reset();
     withdrawQuestion();
-    if (m_listener) {
-        // On the listener's thread, at the latest when that thread ends.
-        m_listener->deleteLater();
-        m_thread.quit();
-        m_thread.wait();
+    if (!m_listener) {
+        return;
     }
+    // On the listener's thread, at the latest when that thread ends.
+    m_listener->deleteLater();
+    m_listener = nullptr;
+    m_thread->quit();
+    if (!m_thread->wait(EndTimeout)) {
+        QThread *abandoned = m_thread.release();
+        connect(abandoned, &QThread::finished, abandoned, &QObject::deleteLater);
+    }
+    m_thread.reset();
 }
 
 DirectConnectionListener::MainThread DirectConnectionServer::mainThread() {
-    const quint64 listener = m_listenerNumber;
-    return {
-        [=, this](quint64 session, const DirectConnectionPairing &client) {
-            postFor(listener, [=, this] { askFor(session, client); });
-        },
-        [=, this] { postFor(listener, [this] { withdrawQuestion(); }); },
-        [=, this](quint64 session) { postFor(listener, [=, this] { prepareStore(session); }); },
-        [=, this] { postFor(listener, [this] { m_observer->clientsDidWrite(); }); },
+    using Call = std::function<void(DirectConnectionServer &)>;
+    // An abandoned listener may outlive this object. Only the main thread looks at it.
+    const auto post = [server = QPointer(this), listener = m_listenerNumber](Call call) {
+        MainQueue::dispatchAsync([server, listener, call = std::move(call)] {
+            if (server && server->m_listener && server->m_listenerNumber == listener) {
+                call(*server);
+            }
+        });
     };
-}
-
-void DirectConnectionServer::postFor(quint64 listener, std::function<void()> call) {
-    // Safe on the listener's thread: stop() ends it before this object is destroyed.
-    m_calls.post([=, this, call = std::move(call)] {
-        if (m_listener && listener == m_listenerNumber) {
-            call();
-        }
-    });
+    return {
+        [post](quint64 session, const DirectConnectionPairing &client) {
+            post([=](DirectConnectionServer &server) { server.askFor(session, client); });
+        },
+        [post] { post([](DirectConnectionServer &server) { server.withdrawQuestion(); }); },
+        [post](quint64 session) {
+            post([=](DirectConnectionServer &server) { server.prepareStore(session); });
+        },
+        [post] {
+            post([](DirectConnectionServer &server) { server.m_observer->clientsDidWrite(); });
+        },
+    };
 }
 
 void DirectConnectionServer::askFor(quint64 session, const DirectConnectionPairing &client) {

@@ -2,11 +2,12 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QThread>
+#include <chrono>
+#include <memory>
 
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionListener.h"
 #include "Host/QVDirectConnectionServer.h"
-#include "Platform/Foundation/CallQueue.h"
 
 class ServedStoreObserver;
 class ProfileDatabase;
@@ -19,6 +20,9 @@ class ProfileDatabase;
 class DirectConnectionServer : public QVDirectConnectionServer {
     Q_OBJECT
 public:
+    /// Maximum time for which stopServing() and the destructor wait.
+    static constexpr std::chrono::milliseconds EndTimeout{500};
+
     /// `profile` is not owned and must outlive this object.
     explicit DirectConnectionServer(const ProfileDatabase &profile);
     /// Stops serving, see stopServing(), without announcing it.
@@ -41,7 +45,9 @@ public:
     /// example because the port is in use, presents an error later and does not serve. Has no
     /// effect while serving.
     void startServing() override;
-    /// Closes all connections and blocks until the server's thread has ended.
+    /// Closes all connections and waits for the end of the server's thread. A thread that does not
+    /// end in time, because the disk or the keychain does not respond, is abandoned: it closes its
+    /// connections and the port when it can go on, and its requests are ignored.
     void stopServing() override;
     std::shared_ptr<NetService> bonjourService() const override { return m_service; }
 
@@ -52,9 +58,6 @@ private:
     void stop();
     /// Returns the functions by which the listener posts its requests to the main thread.
     DirectConnectionListener::MainThread mainThread();
-    /// Posts `call` to the main thread. It is dropped if `listener` is no longer the current one by
-    /// then.
-    void postFor(quint64 listener, std::function<void()> call);
     /// Asks the user; refuses if questions cannot be presented.
     void askFor(quint64 session, const DirectConnectionPairing &client);
     /// Closes the question that is open, if there is one, and drops one that is being prepared.
@@ -68,9 +71,8 @@ private:
     ServedStoreObserver *m_observer = nullptr;
     DirectConnection::Limits m_limits;
     quint16 m_port;
-    /// The calls from the listener.
-    CallQueue m_calls;
-    QThread m_thread;
+    /// Null while not serving.
+    std::unique_ptr<QThread> m_thread;
     /// Lives on `m_thread`; null while not serving.
     QPointer<DirectConnectionListener> m_listener;
     /// Identifies the current listener; incremented for each.

@@ -1,5 +1,6 @@
 #include <QtCore/QCborArray>
 #include <QtCore/QCryptographicHash>
+#include <QtCore/QSemaphore>
 #include <QtNetwork/QSslSocket>
 #include <QtNetwork/QTcpServer>
 
@@ -9,6 +10,7 @@
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/DirectConnection/DirectConnectionPairing.h"
 #include "Engine/DirectConnection/DirectConnectionServer.h"
+#include "Engine/DirectConnection/ServedStoreObserver.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Network/NetService.h"
@@ -16,7 +18,9 @@
 #include "Support/AskedPerson.h"
 #include "Support/FreePort.h"
 #include "Support/KeychainRemoval.h"
+#include "Support/MemoryStore.h"
 #include "Support/Patience.h"
+#include "Support/SecretService.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -143,6 +147,13 @@ QCborMap revealMessage(const DirectConnectionPairing &client) {
 
 class DirectConnectionServerTest : public QObject {
     Q_OBJECT
+
+    /// An observer that lets every client proceed.
+    struct Observer : ServedStoreObserver {
+        void clientWillRead(std::function<void()> proceed) override { proceed(); }
+        void clientsDidWrite() override { ++writes; }
+        int writes = 0;
+    };
 
     std::unique_ptr<TestHost> m_host;
     std::unique_ptr<AskedPerson> m_person;
@@ -785,6 +796,54 @@ private Q_SLOTS:
         Client client(m_port);
         QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
         QCOMPARE(client.answerTo(read(QStringLiteral("transactions/@inbox/link"))), Failed);
+    }
+
+    void aDiskThatHangsDoesNotKeepTheServer() {
+        QSemaphore begun;
+        QSemaphore goesOn;
+        MemoryStore::Blobs blobs;
+        Observer observer;
+        auto hanging = std::make_unique<DirectConnectionServer>(m_host->engine().profile());
+        hanging->load(DirectConnectionPackage(package(), std::make_shared<MemoryStore>(
+                                                             blobs,
+                                                             [&] {
+                                                                 begun.release();
+                                                                 goesOn.acquire();
+                                                                 return MemoryStore::Fault::None;
+                                                             })),
+                      observer);
+        hanging->setPort(m_port);
+        hanging->startServing();
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        Client client(m_port);
+        QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
+        client.send(write(QStringLiteral("transactions/@inbox/a"), "x"));
+        QVERIFY(QTest::qWaitFor([&] { return begun.tryAcquire(); }, Patience));
+
+        const QElapsedTimer time = started();
+        hanging.reset();
+        QCOMPARE_LT(time.elapsed(), 1000);
+        // The server no longer exists when its listener announces what the client has written.
+        goesOn.release();
+        QTRY_VERIFY_WITH_TIMEOUT(client.hasEnded(), Patience);
+        QCOMPARE(blobs.size(), 1);
+        QCOMPARE(observer.writes, 0);
+    }
+
+    void aKeyringThatDoesNotRespondDoesNotKeepTheServer() {
+        SecretService secrets;
+        secrets.freezeKeyring();
+        // Before anything else the listener looks up its clients.
+        serve();
+        Client client(m_port);
+        const QElapsedTimer time = started();
+        server().stopServing();
+        QCOMPARE_LT(time.elapsed(), 1000);
+        QVERIFY(!server().isServing());
+        QTRY_VERIFY_WITH_TIMEOUT(client.hasEnded(), Patience);
+        // The port is free again.
+        serve();
     }
 };
 
