@@ -13,6 +13,7 @@
 #include <optional>
 
 #include "Application/DamagedProfileDialog.h"
+#include "Application/EndLimit.h"
 #include "Application/EndSignals.h"
 #include "Application/LaunchOptions.h"
 #include "Application/MainWindow.h"
@@ -267,6 +268,7 @@ int main(int argumentCount, char **arguments) {
     }
     const int exitCode = options.verify ? runVerification(application, options, **sync)
                                         : run(application, options, **sync);
+    EndLimit::begin(exitCode);
     // The engine needs the application object, which is destroyed before the plug-in is unloaded.
     (*sync)->closeProfile();
     return exitCode;
