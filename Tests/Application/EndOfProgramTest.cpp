@@ -1,0 +1,167 @@
+#include <QtNetwork/QTcpServer>
+#include <QtNetwork/QTcpSocket>
+
+#include "Engine/Plugin/SyncEngine.h"
+#include "Support/Patience.h"
+#include "Support/SessionManager.h"
+#include "Support/ShownProgram.h"
+#include "Support/TestApplication.h"
+#include "Support/TestMain.h"
+
+/// The program ends in the same way whether the user quits, the session ends or the process is
+/// terminated: what was typed and ticked a moment before is in the profile, and no job goes on.
+class EndOfProgramTest : public QObject {
+    Q_OBJECT
+private:
+    TestApplication m_application;
+    const VirtualDisplay m_display;
+
+    /// In milliseconds; the process must end within two seconds, on a busy computer too.
+    static constexpr qint64 LongestEnd = 3000;
+    static inline const QString Quit = QStringLiteral("quit");
+    static inline const QString Signal = QStringLiteral("signal");
+    static inline const QString Session = QStringLiteral("session");
+
+    static void addEnds() {
+        QTest::addColumn<QString>("end");
+        for (const QString &end : {Quit, Signal, Session}) {
+            QTest::newRow(qPrintable(end)) << end;
+        }
+    }
+
+    /// Returns the value of the first row.
+    static QVariant valueIn(const QString &profile, const QString &statement) {
+        SyncEngine engine;
+        const auto opened =
+            engine.openProfile(profile, FirstContents::Welcome, ProfileUse::Snapshot);
+        return opened ? engine.profile().value(statement).value_or(QVariant()) : QVariant();
+    }
+    static int count(const QString &profile, const QString &tableAndCondition) {
+        return valueIn(profile, QStringLiteral("SELECT count(*) FROM ") + tableAndCondition)
+            .toInt();
+    }
+    /// Returns how many of the settings of the inbox are as tick() makes them.
+    static int ticks(const QString &profile) {
+        return valueIn(profile,
+                       QStringLiteral("SELECT total(enabled) + total(sync_on_open)"
+                                      " + total(sync_on_close) + count(schedule) FROM states"
+                                      " WHERE database_uuid = '@inbox'"))
+            .toInt();
+    }
+    /// Ticks the first location for the inbox, which is selected, and sets its schedule.
+    void tick(const ShownProgram &program) const {
+        constexpr QPoint firstLocation(423, 58);
+        constexpr QPoint whenOpened(568, 441);
+        constexpr QPoint whenClosed(568, 469);
+        constexpr QPoint everyHour(37, 442);
+        m_display.focus(program.preferencesWindow());
+        for (const QPoint &place : {firstLocation, whenOpened, whenClosed, everyHour}) {
+            m_display.click(program.preferencesWindow(), place);
+        }
+    }
+    /// Types into the title of the first note of "Projects".
+    void type(ShownProgram &program) const {
+        m_display.focus(program.mainWindow());
+        const QString tab = QStringLiteral("Tab");
+        m_display.press({QStringLiteral("Down"), tab, tab, tab, tab});
+        m_display.type(QStringLiteral("Typed at the end"));
+        QVERIFY(QTest::qWaitFor([&] { return program.isShownAsModified(); }, Patience));
+    }
+
+    /// Makes a profile whose database "Projects" synchronizes with the location `URL` when it is
+    /// opened.
+    static void makeProfile(const QString &profile, const QString &URL) {
+        SyncEngine engine;
+        QVERIFY(engine.openProfile(profile, FirstContents::Welcome, ProfileUse::Edit));
+        auto *locations = engine.plugin().locationsController();
+        const auto location = engine.plugin().newLocation(Url::fromString(URL));
+        locations->insertObjectInSyncLocationsAtIndex(location, 0);
+        const auto databases = engine.library()->knownDatabases();
+        for (const auto &database : databases) {
+            if (!database->isInbox()) {
+                const auto state =
+                    location->addStateForDatabaseWithUUID(database->UUID(), database->name());
+                state->setEnabled(true);
+                state->setSyncOnOpen(true);
+            }
+        }
+        std::optional<Error> error;
+        locations->save(&error);
+        QVERIFY(!error);
+    }
+
+    /// Ends the program, and waits until it has ended by itself.
+    void end(const QString &end, ShownProgram &program, SessionManager &session) const {
+        if (end == Quit) {
+            m_display.focus(program.mainWindow());
+            m_display.press({QStringLiteral("ctrl+q")});
+        } else if (end == Signal) {
+            program.terminate();
+        } else {
+            QVERIFY(session.askToSave());
+            session.end();
+        }
+        QVERIFY(program.awaitEnd());
+    }
+
+private Q_SLOTS:
+    void typedTextAndTicksAreSaved_data() { addEnds(); }
+    void typedTextAndTicksAreSaved() {
+        QFETCH(QString, end);
+        SessionManager session;
+        ShownProgram program(QStringLiteral(VELMORA), m_display);
+        program.setVariable(QStringLiteral("SESSION_MANAGER"), session.address());
+        program.start();
+        program.awaitWindows();
+        QCOMPARE(ticks(program.profile()), 0);
+        tick(program);
+        type(program);
+        this->end(end, program, session);
+        QCOMPARE(ticks(program.profile()), 4);
+        QCOMPARE(count(program.profile(),
+                       QStringLiteral("operations WHERE title LIKE '%Typed at the end%'")),
+                 1);
+        QVERIFY(QDir(program.profile()).entryList({QStringLiteral("unsaved-*")}).isEmpty());
+    }
+
+    void aRunningJobIsStopped_data() { addEnds(); }
+    void aRunningJobIsStopped() {
+        QFETCH(QString, end);
+        // A server that accepts connections, but never responds.
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        SessionManager session;
+        ShownProgram program(QStringLiteral(VELMORA), m_display);
+        program.setVariable(QStringLiteral("SESSION_MANAGER"), session.address());
+        makeProfile(
+            program.profile(),
+            QStringLiteral("http://127.0.0.1:%1/Notes.qvSyncStore").arg(server.serverPort()));
+        program.start();
+        program.awaitWindows();
+        // The job begins because the database is open.
+        QVERIFY(QTest::qWaitFor([&] { return server.hasPendingConnections(); }, Patience));
+        const std::unique_ptr<QTcpSocket> connection(server.nextPendingConnection());
+        QElapsedTimer time;
+        time.start();
+        this->end(end, program, session);
+        QCOMPARE_LT(time.elapsed(), LongestEnd);
+        QTRY_COMPARE_WITH_TIMEOUT(connection->state(), QAbstractSocket::UnconnectedState, Patience);
+        QCOMPARE(count(program.profile(), QStringLiteral("states WHERE last_synced NOT NULL")), 0);
+        // Otherwise the check would wait for it.
+        server.close();
+        SyncEngine engine;
+        QVERIFY(
+            engine.openProfile(program.profile(), FirstContents::Welcome, ProfileUse::Snapshot));
+        QVERIFY(engine.verify(VerificationMode::Report).parts.first().outcome ==
+                VerificationReport::Outcome::Sound);
+    }
+};
+
+VELMORA_TEST_PROGRAM(EndOfProgramTest)(int argumentCount, char **arguments) {
+    VirtualDisplay::require();
+    prepareTestProcess();
+    const QApplication application(argumentCount, arguments);
+    EndOfProgramTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
+#include "EndOfProgramTest.moc"
