@@ -314,6 +314,7 @@ Expected<QStringList> FolderStore::listFolder(const QString &name, const EngineF
     opened->take();
     QStringList names;
     QByteArrayList unfinished;
+    qsizetype count = 0;
     while (const dirent *entry = nextEntry(entries)) {
         const QByteArray encoded(static_cast<const char *>(entry->d_name));
         if (encoded.startsWith(UnfinishedPrefix)) {
@@ -323,15 +324,18 @@ Expected<QStringList> FolderStore::listFolder(const QString &name, const EngineF
         if (QFile::encodeName(decoded) == encoded) {
             names.append(decoded);
         }
-        if (future.isCancelled() || names.size() > MostNames) {
+        if (future.isCancelled() || ++count > MostNames) {
             break;
         }
     }
-    const int number = names.size() > MostNames ? 0 : errno;
+    const int number = count > MostNames ? 0 : errno;
     removeLeftOvers(descriptor, unfinished);
     closedir(entries);
     if (future.isCancelled()) {
         return failure(operationCancelled());
+    }
+    if (count > MostNames) {
+        return failure(tooManyNames(name));
     }
     return number == 0 ? Expected<QStringList>(names) : failure(systemError(number, name));
 }
