@@ -12,6 +12,10 @@ namespace {
 using Failure = SecretServiceClient::Failure;
 using ServicePointer = std::shared_ptr<SecretService>;
 
+/// The longest secret that is read, and the longest attributes of an item together, in bytes.
+constexpr gsize LongestSecret = 64 << 10;
+constexpr gsize LongestAttributes = 64 << 10;
+
 template <class Object>
 std::shared_ptr<Object> adopt(Object *object) {
     return object ? std::shared_ptr<Object>(object, &g_object_unref) : nullptr;
@@ -155,6 +159,18 @@ void deleteItem(const ServicePointer &service, const std::shared_ptr<SecretItem>
     secret_item_delete(item.get(), cancellable.get(), &callReady, readyData(deleted));
 }
 
+/// Returns whether the service has returned the property `name` of the item with this type and not
+/// too long.
+bool hasProperty(SecretItem *item, const char *name, const char *type) {
+    auto *proxy = reinterpret_cast<GDBusProxy *>(item);
+    const std::unique_ptr<GVariant, decltype(&g_variant_unref)> value(
+        g_dbus_proxy_get_cached_property(proxy, name), &g_variant_unref);
+    const std::unique_ptr<GVariantType, decltype(&g_variant_type_free)> expected(
+        g_variant_type_new(type), &g_variant_type_free);
+    return value && g_variant_is_of_type(value.get(), expected.get()) &&
+           g_variant_get_size(value.get()) <= LongestAttributes;
+}
+
 int searchFlags(SecretServiceClient::Access access) {
     switch (access) {
         case SecretServiceClient::Access::Attributes:
@@ -167,23 +183,40 @@ int searchFlags(SecretServiceClient::Access access) {
     return SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS | SECRET_SEARCH_UNLOCK;
 }
 
+/// Adds `item` to `found`. Returns false if the service has returned invalid data.
+bool addItem(SecretItem *item, SecretServiceClient::Access access,
+             SecretServiceClient::FoundItems &found) {
+    // Otherwise libsecret reads properties that are not there.
+    if (!hasProperty(item, "Attributes", "a{ss}") || !hasProperty(item, "Locked", "b")) {
+        return false;
+    }
+    if (access == SecretServiceClient::Access::Attributes) {
+        found.items.append({.attributes = attributesOf(item)});
+        return true;
+    }
+    const std::unique_ptr<SecretValue, decltype(&secret_value_unref)> value(
+        secret_item_get_secret(item), &secret_value_unref);
+    if (!value) {
+        const bool isLocked = secret_item_get_locked(item);
+        found.isAnyLocked |= isLocked;
+        return isLocked;
+    }
+    gsize length = 0;
+    const char *bytes = secret_value_get(value.get(), &length);
+    if (length > LongestSecret) {
+        return false;
+    }
+    found.items.append(
+        {.attributes = attributesOf(item),
+         .secret = SecretBytes(QByteArrayView(bytes, static_cast<qsizetype>(length)))});
+    return true;
+}
+
 SecretServiceClient::FoundItems foundItems(GList *list, SecretServiceClient::Access access) {
     SecretServiceClient::FoundItems found;
     for (const auto &item : adoptItems(list)) {
-        if (access == SecretServiceClient::Access::Attributes) {
-            found.items.append({.attributes = attributesOf(item.get())});
-            continue;
-        }
-        const std::unique_ptr<SecretValue, decltype(&secret_value_unref)> value(
-            secret_item_get_secret(item.get()), &secret_value_unref);
-        if (value) {
-            gsize length = 0;
-            const char *bytes = secret_value_get(value.get(), &length);
-            found.items.append(
-                {.attributes = attributesOf(item.get()),
-                 .secret = SecretBytes(QByteArrayView(bytes, static_cast<qsizetype>(length)))});
-        } else if (secret_item_get_locked(item.get())) {
-            found.isAnyLocked = true;
+        if (!addItem(item.get(), access, found)) {
+            return {.failure = Failure::Broken};
         }
     }
     return found;

@@ -49,7 +49,8 @@ public:
     SecretServiceClient(const SecretServiceClient &) = delete;
     SecretServiceClient &operator=(const SecretServiceClient &) = delete;
 
-    /// Finds all items that have all of `attributes`. As for all requests, the handler is called
+    /// Finds all items that have all of `attributes`. Fails if a secret, or the attributes of an
+    /// item, are longer than 64 KiB. As for all requests, the handler is called
     /// exactly once.
     void find(const SecretAttributes &attributes, Access access,
               const std::function<void(const FoundItems &)> &handler);
