@@ -10,18 +10,29 @@
 #include "Controller/Preferences/QVWebDAVLocationEditor.h"
 #include "Host/LocationSchemes.h"
 #include "Host/QVDirectConnectionServer.h"
+#include "Host/SyncStrings.h"
+#include "Platform/Interface/Nib.h"
+#include "Platform/Interface/SheetWindow.h"
+#include "ui_QVDirectConnectionLocationEditor.h"
+#include "ui_QVDropboxLocationEditor.h"
+#include "ui_QVFolderLocationEditor.h"
+#include "ui_QVWebDAVLocationEditor.h"
 
 namespace {
 
-template <class Editor>
-std::shared_ptr<QVSyncLocationEditor> makeEditor(const std::shared_ptr<QVSyncLocation> &location) {
-    return Editor::editorWithSyncLocation(location);
+/// Registers a form under the name of its editor's class.
+template <class Form, class Editor>
+void registerForm() {
+    Nib::registerUiForm<Form, SheetWindow>(QLatin1StringView(Editor::staticMetaObject.className()));
 }
 
 LocationKind folder() {
     return {
         .matches = [](const Url &URL) { return URL.isFileURL(); },
-        .makeEditor = &makeEditor<QVFolderLocationEditor>,
+        .type = "Local Sync Store",
+        .isCleanable = true,
+        .makeEditor = &QVFolderLocationEditor::editorWithSyncLocation,
+        .registerForm = &registerForm<Ui::QVFolderLocationEditor, QVFolderLocationEditor>,
         .menuEntries = {{"createFolderItem", QT_TRANSLATE_NOOP("Sync", "New Folder Store…"),
                          [](QVSyncPreferences &pane) { pane.createFolder(nullptr); }},
                         {"selectFolderItem", QT_TRANSLATE_NOOP("Sync", "Existing Folder Store…"),
@@ -34,28 +45,36 @@ LocationKind webDAV() {
                     return URL.scheme() == LocationSchemes::Http ||
                            URL.scheme() == LocationSchemes::Https;
                 },
-            .makeEditor = &makeEditor<QVWebDAVLocationEditor>,
-            .menuEntries = {{"addWebDAVItem", QT_TRANSLATE_NOOP("Sync", "WebDAV Server…"),
-                             [](QVSyncPreferences &pane) { pane.addWebDAVLocation(nullptr); }}}};
+            .type = "WebDAV",
+            .isCleanable = true,
+            .makeEditor = &QVWebDAVLocationEditor::editorWithSyncLocation,
+            .registerForm = &registerForm<Ui::QVWebDAVLocationEditor, QVWebDAVLocationEditor>,
+            .menuEntries = {{"addWebDAVItem", QT_TRANSLATE_NOOP("Sync", "WebDAV Server…")}}};
 }
 
 LocationKind directConnection() {
-    return {.matches =
-                [](const Url &URL) {
-                    const QString scheme = QVDirectConnectionServer::URLScheme();
-                    return !scheme.isNull() && URL.scheme() == scheme;
-                },
-            .makeEditor = &makeEditor<QVDirectConnectionLocationEditor>,
-            .menuEntries = {
-                {"addDirectConnectionItem", QT_TRANSLATE_NOOP("Sync", "Direct Connection…"),
-                 [](QVSyncPreferences &pane) { pane.addDirectConnectionLocation(nullptr); }}}};
+    return {
+        .matches =
+            [](const Url &URL) {
+                const QString scheme = QVDirectConnectionServer::URLScheme();
+                return !scheme.isNull() && URL.scheme() == scheme;
+            },
+        .type = "Direct Connection",
+        .isCleanable = false,
+        .makeEditor = &QVDirectConnectionLocationEditor::editorWithSyncLocation,
+        .registerForm =
+            &registerForm<Ui::QVDirectConnectionLocationEditor, QVDirectConnectionLocationEditor>,
+        .menuEntries = {
+            {"addDirectConnectionItem", QT_TRANSLATE_NOOP("Sync", "Direct Connection…")}}};
 }
 
 LocationKind dropbox() {
     return {.matches = [](const Url &URL) { return URL.scheme() == LocationSchemes::Dropbox; },
-            .makeEditor = &makeEditor<QVDropboxLocationEditor>,
-            .menuEntries = {{"addDropboxItem", QT_TRANSLATE_NOOP("Sync", "Dropbox Account…"),
-                             [](QVSyncPreferences &pane) { pane.addDropboxLocation(nullptr); }}}};
+            .type = "Dropbox",
+            .isCleanable = true,
+            .makeEditor = &QVDropboxLocationEditor::editorWithSyncLocation,
+            .registerForm = &registerForm<Ui::QVDropboxLocationEditor, QVDropboxLocationEditor>,
+            .menuEntries = {{"addDropboxItem", QT_TRANSLATE_NOOP("Sync", "Dropbox Account…")}}};
 }
 
 }  // namespace
@@ -69,4 +88,10 @@ const LocationKind *LocationKind::ofURL(const Url &URL) {
     const auto kind = std::find_if(all().begin(), all().end(),
                                    [&](const LocationKind &each) { return each.matches(URL); });
     return kind == all().end() ? nullptr : &*kind;
+}
+
+bool LocationKind::isCleanableType(const QString &localizedType) {
+    return std::any_of(all().begin(), all().end(), [&](const LocationKind &kind) {
+        return kind.isCleanable && localizedSyncString(kind.type) == localizedType;
+    });
 }

@@ -1,5 +1,6 @@
 #include "Controller/Preferences/QVDropboxLocationEditor.h"
 
+#include "Host/LocationSchemes.h"
 #include "Host/QVDropboxSessionManager.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
@@ -86,6 +87,7 @@ void QVDropboxLocationEditor::acceptModalSheet(QObject *sender) {
     if (!m_accountInfo) {
         return;
     }
-    location()->setURL(Url::fromString(QLatin1StringView("dropbox://") + m_accountInfo->email()));
+    location()->setURL(Url::fromString(LocationSchemes::Dropbox + QLatin1StringView("://") +
+                                       m_accountInfo->email()));
     QVSyncLocationEditor::acceptModalSheet(sender);
 }

@@ -1,4 +1,3 @@
-#include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
 #include "Controller/Preferences/QVDropboxLocationEditor.h"
 #include "Controller/Preferences/QVFolderLocationEditor.h"
@@ -32,28 +31,26 @@ QVSyncPreferences::Selection QVSyncPreferences::selectedRow() const {
                                      : nullptr;
 }
 
-void QVSyncPreferences::addFileLocation(QObject * /*sender*/) {
+void QVSyncPreferences::addLocation(const LocationKind::EditorFactory &makeEditor) {
     if (const auto location = newLocation()) {
-        editLocationWithEditor(QVFolderLocationEditor::editorWithSyncLocation(location));
+        editLocationWithEditor(makeEditor(location));
     }
+}
+
+void QVSyncPreferences::addFileLocation(QObject * /*sender*/) {
+    addLocation(&QVFolderLocationEditor::editorWithSyncLocation);
 }
 
 void QVSyncPreferences::addWebDAVLocation(QObject * /*sender*/) {
-    if (const auto location = newLocation()) {
-        editLocationWithEditor(QVWebDAVLocationEditor::editorWithSyncLocation(location));
-    }
+    addLocation(&QVWebDAVLocationEditor::editorWithSyncLocation);
 }
 
 void QVSyncPreferences::addDropboxLocation(QObject * /*sender*/) {
-    if (const auto location = newLocation()) {
-        editLocationWithEditor(QVDropboxLocationEditor::editorWithSyncLocation(location));
-    }
+    addLocation(&QVDropboxLocationEditor::editorWithSyncLocation);
 }
 
 void QVSyncPreferences::addDirectConnectionLocation(QObject * /*sender*/) {
-    if (const auto location = newLocation()) {
-        editLocationWithEditor(QVDirectConnectionLocationEditor::editorWithSyncLocation(location));
-    }
+    addLocation(&QVDirectConnectionLocationEditor::editorWithSyncLocation);
 }
 
 void QVSyncPreferences::createFolder(QObject * /*sender*/) {
@@ -215,7 +212,7 @@ void QVSyncPreferences::revealInFinder(QObject * /*sender*/) {
 
 bool QVSyncPreferences::isRevealableInFinder() const {
     const Selection row = selectedRow();
-    return row && row->location()->URL().scheme() == QLatin1StringView("file");
+    return row && row->location()->URL().isFileURL();
 }
 
 void QVSyncPreferences::openBookmarkManager(QObject * /*sender*/) {

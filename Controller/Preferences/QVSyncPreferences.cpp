@@ -80,8 +80,9 @@ void QVSyncPreferences::fillAddMenu() {
         for (const LocationKind::MenuEntry &entry : kind.menuEntries) {
             QAction *item = m_addMenu->addAction(localizedSyncString(entry.title));
             item->setObjectName(QLatin1StringView(entry.name));
-            connect(item, &QAction::triggered, this,
-                    [this, choose = entry.choose] { choose(*this); });
+            connect(item, &QAction::triggered, this, [this, &kind, choose = entry.choose] {
+                choose ? choose(*this) : addLocation(kind.makeEditor);
+            });
         }
     }
 }

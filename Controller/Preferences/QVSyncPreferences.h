@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "Controller/NSArrayController+Emptiness.h"
+#include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/QVStandInDatabase.h"
 #include "Controller/Preferences/QVSyncScheduleEditor.h"
 #include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
@@ -158,7 +159,10 @@ public:
 
     /// Commands on locations. Those for a selected location use the row that was selected last and
     /// have no effect if there is none. Sheets are attached to the window that shows the pane.
-    /// These four run the editor for a new location, which is added when the user accepts.
+    /// Runs the editor that `makeEditor` returns for a new location, which is added when the user
+    /// accepts. Has no effect if the host provides no locations.
+    void addLocation(const LocationKind::EditorFactory &makeEditor);
+    /// These four call addLocation() for one kind.
     Q_SLOT void addFileLocation(QObject *sender);
     Q_SLOT void addWebDAVLocation(QObject *sender);
     Q_SLOT void addDropboxLocation(QObject *sender);

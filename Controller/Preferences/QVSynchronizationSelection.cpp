@@ -121,9 +121,7 @@ bool QVSynchronizationSelection::isSelectable() const {
 }
 
 bool QVSynchronizationSelection::isCleanable() const {
-    const QString type = locationType();
-    return type == localizedSyncString("Dropbox") ||
-           type == localizedSyncString("Local Sync Store") || type == localizedSyncString("WebDAV");
+    return LocationKind::isCleanableType(locationType());
 }
 
 bool QVSynchronizationSelection::isEditable() const {

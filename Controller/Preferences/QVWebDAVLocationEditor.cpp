@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "Host/LocationSchemes.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 #include "Host/UnencryptedPasswords.h"
@@ -88,8 +89,8 @@ quint16 QVWebDAVLocationEditor::defaultPortForHTTPS(bool isHTTPS) {
 
 QString QVWebDAVLocationEditor::sanitizeHost(const QString &host) {
     QStringView rest = host;
-    for (const QLatin1StringView prefix :
-         {QLatin1StringView("http:"), QLatin1StringView("https:")}) {
+    for (const QString &scheme : {LocationSchemes::Http, LocationSchemes::Https}) {
+        const QString prefix = scheme + u':';
         if (host.startsWith(prefix)) {
             rest = rest.sliced(prefix.size());
         }
@@ -105,7 +106,7 @@ QString QVWebDAVLocationEditor::sanitizeHost(const QString &host) {
 }
 
 Url QVWebDAVLocationEditor::URLWithFields(const Fields &fields) {
-    const QString scheme = fields.isHTTPS ? QStringLiteral("https") : QStringLiteral("http");
+    const QString scheme = fields.isHTTPS ? LocationSchemes::Https : LocationSchemes::Http;
     const quint16 port = portWithFields(fields);
     // First, because sanitizing takes the colons at the ends of an address.
     QString hostPart = sanitizeHost(Url::hostInURL(fields.server));
@@ -123,7 +124,7 @@ Url QVWebDAVLocationEditor::URLWithFields(const Fields &fields) {
 
 QVWebDAVLocationEditor::Fields QVWebDAVLocationEditor::fieldsOfURL(const Url &URL) {
     Fields fields;
-    fields.isHTTPS = URL.scheme() == QLatin1StringView("https");
+    fields.isHTTPS = URL.scheme() == LocationSchemes::Https;
     fields.server = URL.host();
     const quint16 port = URL.port().value_or(0);
     if (port != 0 && port != defaultPortForHTTPS(fields.isHTTPS)) {

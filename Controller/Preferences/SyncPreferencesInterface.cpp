@@ -3,6 +3,7 @@
 #include "Controller/NSArrayController+Emptiness.h"
 #include "Controller/Preferences/ActivityStatus.h"
 #include "Controller/Preferences/DatabaseRowStatus.h"
+#include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/LocationRowStatus.h"
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
 #include "Controller/Preferences/ScheduleStatus.h"
@@ -16,14 +17,10 @@
 #include "ui_BookmarkCell.h"
 #include "ui_QVBookmarkingWindow.h"
 #include "ui_QVDatabaseItem.h"
-#include "ui_QVDirectConnectionLocationEditor.h"
-#include "ui_QVDropboxLocationEditor.h"
-#include "ui_QVFolderLocationEditor.h"
 #include "ui_QVImportDatabasesWindow.h"
 #include "ui_QVLocationItem.h"
 #include "ui_QVServerPreferences.h"
 #include "ui_QVSyncScheduleEditor.h"
-#include "ui_QVWebDAVLocationEditor.h"
 #include "ui_SyncPreferences.h"
 
 namespace {
@@ -48,12 +45,11 @@ void registerSheet(const char *nibName) {
 void registerSheets() {
     registerObject<QVSyncBookmarkManagerDataSource>("QVSyncBookmarkManagerDataSource");
     registerSheet<Ui::QVBookmarkingWindow>("QVBookmarkingWindow");
-    registerSheet<Ui::QVDirectConnectionLocationEditor>("QVDirectConnectionLocationEditor");
-    registerSheet<Ui::QVDropboxLocationEditor>("QVDropboxLocationEditor");
-    registerSheet<Ui::QVFolderLocationEditor>("QVFolderLocationEditor");
     registerSheet<Ui::QVImportDatabasesWindow>("QVImportDatabasesWindow");
     registerSheet<Ui::QVServerPreferences>("QVServerPreferences");
-    registerSheet<Ui::QVWebDAVLocationEditor>("QVWebDAVLocationEditor");
+    for (const LocationKind &kind : LocationKind::all()) {
+        kind.registerForm();
+    }
 }
 
 }  // namespace

@@ -3,11 +3,16 @@
 #include <QtCore/QFileInfo>
 
 #include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/DirectConnection/DirectConnectionStore.h"
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Engine/Plugin/EngineContext.h"
 #include "Engine/Stores/Dropbox/DropboxStore.h"
+#include "Engine/Stores/Dropbox/DropboxTokens.h"
+#include "Engine/Stores/Dropbox/DropboxUrl.h"
 #include "Engine/Stores/Folder/FolderStore.h"
+#include "Engine/Stores/Http/CertificateTrust.h"
+#include "Engine/Stores/WebDAV/WebDAVPassword.h"
 #include "Engine/Stores/WebDAV/WebDAVStore.h"
 #include "Host/LocationSchemes.h"
 
@@ -19,7 +24,7 @@ using Operations = std::shared_ptr<StoreOperations>;
 EngineLocationKind folder(const Operations &operations,
                           const std::shared_ptr<const FolderGrants> &grants) {
     return {
-        .schemes = {QStringLiteral("file")},
+        .schemes = {LocationSchemes::File},
         .type = "Local Sync Store",
         .iconName = QStringLiteral("folder-store"),
         .title = [](const Url &URL) { return QFileInfo(URL.path()).completeBaseName(); },
@@ -48,7 +53,19 @@ EngineLocationKind webDAV(const Operations &operations,
                 return std::make_shared<WebDAVStore>(location, operations, location->identifier(),
                                                      trust);
             },
+        .forgetInProfile = [trust](const QString &identifier) { return trust->forget(identifier); },
+        .sharesSecrets = &WebDAVPassword::isShared,
+        .forgetSecrets = &WebDAVPassword::forget,
     };
+}
+
+void forgetTokens(const SecretRemoval &removal) {
+    const QString account = DropboxUrl::account(removal.URL);
+    if (account.isEmpty()) {
+        removal.finish({});
+    } else {
+        DropboxTokens::forget(account, removal.finish);
+    }
 }
 
 EngineLocationKind dropbox(const Operations &operations,
@@ -65,6 +82,12 @@ EngineLocationKind dropbox(const Operations &operations,
             [operations, refreshTurn](const Location &location) {
                 return std::make_shared<DropboxStore>(location, operations, refreshTurn);
             },
+        .sharesSecrets =
+            [](const Url &URL, const Url &other) {
+                return DropboxUrl::isSameAccount(DropboxUrl::account(URL),
+                                                 DropboxUrl::account(other));
+            },
+        .forgetSecrets = &forgetTokens,
     };
 }
 
@@ -79,6 +102,12 @@ EngineLocationKind directConnection(const Operations &operations,
             [operations, pairings](const Location &location) {
                 return std::make_shared<DirectConnectionStore>(location, operations,
                                                                location->identifier(), pairings);
+            },
+        .forgetInProfile =
+            [pairings](const QString &identifier) { return pairings->forget(identifier); },
+        .forgetSecrets =
+            [](const SecretRemoval &removal) {
+                DirectConnectionPairings::forgetSecrets(removal.identifier, removal.finish);
             },
     };
 }

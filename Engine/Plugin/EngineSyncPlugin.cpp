@@ -28,7 +28,7 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLib
       m_locationsController(std::make_unique<EngineLocationsController>(profile, m_kinds)),
       m_dispatcher(std::make_unique<EngineDispatcher>(profile, library)),
       m_removedLocations(
-          std::make_unique<RemovedLocations>(profile, *m_locationsController, m_context)),
+          std::make_unique<RemovedLocations>(profile, *m_locationsController, *m_kinds)),
       m_server(std::make_unique<DirectConnectionServer>(profile)) {
     connect(m_locationsController.get(), &EngineLocationsController::locationRemoved,
             m_dispatcher.get(), &EngineDispatcher::cancelJobsOfLocation);

@@ -6,15 +6,14 @@
 
 #include "Platform/Foundation/Expected.h"
 
-class EngineContext;
+class EngineLocationKinds;
 class EngineLocationsController;
 class ProfileDatabase;
 class Url;
 
-/// Forgets what was kept for locations that were removed: known transactions, trusted certificates,
-/// the pairing with another computer, the tokens of a Dropbox account, and, if the user agrees, the
-/// password of a WebDAV server. What another location needs is never forgotten, nor what belongs to
-/// a location that is in the list again.
+/// Forgets what was kept for locations that were removed: known transactions, and what the kind of
+/// the location adds to them, such as certificates and secrets. What another location needs is
+/// never forgotten, nor what belongs to a location that is in the list again.
 ///
 /// The profile records the locations whose removal was saved, until all of that is deleted or was
 /// not there. What could not be forgotten in one run is logged, and forgotten at the start of a
@@ -27,7 +26,7 @@ public:
 
     /// The arguments are not owned and must outlive this object.
     RemovedLocations(const ProfileDatabase &profile, const EngineLocationsController &locations,
-                     EngineContext &context);
+                     const EngineLocationKinds &kinds);
 
     /// Replaces UndoTime for later removals.
     void setUndoTime(std::chrono::milliseconds undoTime) { m_undoTime = undoTime; }
@@ -38,24 +37,22 @@ public:
     void didRemoveLocation(const QString &identifier);
 
 private:
-    void forget(const QString &identifier);
     /// Forgets what is in the profile, then the secrets.
+    void forget(const QString &identifier);
+    /// Deletes what the profile contains for locations of every kind.
     Expected<void> forgetInProfile(const QString &identifier) const;
-    void forgetPassword(const QString &identifier, const Url &URL);
-    void askToForgetPassword(const QString &identifier, const Url &URL);
-    void forgetTokens(const QString &identifier, const Url &URL);
     /// Returns a function that receives whether the secrets of the removed location are forgotten:
     /// it finishes, or reports the failure and keeps the record of the removal.
     std::function<void(const Expected<void> &forgotten)> finisher(const QString &identifier,
                                                                   const Url &URL);
     /// Removes the record of the removal: nothing is left to forget.
     void finish(const QString &identifier) const;
-    /// Returns whether a location of the list uses the credential of `URL`.
-    bool isCredentialNeeded(const Url &URL) const;
+    /// Returns whether a location of the list uses the secrets of `URL`.
+    bool isNeeded(const Url &URL) const;
     bool isListed(const QString &identifier) const;
 
     const ProfileDatabase &m_profile;
     const EngineLocationsController &m_locations;
-    EngineContext &m_context;
+    const EngineLocationKinds &m_kinds;
     std::chrono::milliseconds m_undoTime = UndoTime;
 };

@@ -227,7 +227,15 @@ private:
         MetaObject receiver = classOf(action.target.object);
         if (receiver && !action.target.keyPath.isEmpty()) {
             const QMetaProperty property = propertyAt(action.target);
-            receiver = property.isValid() ? property.metaType().metaObject() : nullptr;
+            if (!property.isValid()) {
+                return;
+            }
+            receiver = m_contract.classes.value(
+                action.target.object + u'.' + QString::fromUtf8(action.target.keyPath),
+                property.metaType().metaObject());
+            if (!receiver) {
+                report(QStringLiteral("no class is known for the receiver of \"%1\"").arg(text));
+            }
         }
         const bool sendsPart = action.argument.object.isEmpty();
         const QMetaProperty argument = sendsPart ? QMetaProperty() : propertyAt(action.argument);
@@ -396,6 +404,9 @@ private Q_SLOTS:
             "no operation for "
             "\"owner.plugin.dispatcher.performSynchronizationsWithSynchronizationStates(item."
             "representedObject.name)\" in QVSyncDispatcher");
+        add("receiver without a class", pane, "editLocationButton", "action",
+            text("owner.currentVersionString.length"),
+            "no class is known for the receiver of \"owner.currentVersionString.length\"");
         add("selector of a text field", "QVWebDAVLocationEditor", "portField", "textDidChange",
             text("owner.controlTextDidChang"),
             "no operation for \"owner.controlTextDidChang\" in QVWebDAVLocationEditor");

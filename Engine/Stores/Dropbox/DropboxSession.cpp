@@ -3,19 +3,13 @@
 #include "Engine/Stores/Dropbox/DropboxAccountInfo.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Engine/Stores/Dropbox/DropboxSessionManager.h"
+#include "Engine/Stores/Dropbox/DropboxUrl.h"
 #include "Host/QVApplication.h"
 
 namespace {
 
-/// Returns the address of the account that `URL` names; empty if it names none.
-QString accountOf(const Url &URL) {
-    const QLatin1StringView scheme("dropbox://");
-    const QString text = URL.absoluteString();
-    return text.startsWith(scheme) ? text.sliced(scheme.size()) : QString();
-}
-
 bool isAccount(const QString &address, const QString &expected) {
-    return expected.isEmpty() || address.compare(expected, Qt::CaseInsensitive) == 0;
+    return expected.isEmpty() || DropboxUrl::isSameAccount(address, expected);
 }
 
 /// Presents and returns the error that the user signed in to another account.
@@ -30,18 +24,19 @@ Error refuse(const QString &address, const QString &expected) {
 }  // namespace
 
 void DropboxSession::authorizeWithFuture(const std::shared_ptr<PZFuture> &future, Handler handler) {
-    m_manager.authorize(future, [expected = accountOf(m_URL), handler = std::move(handler)](
-                                    const Expected<DropboxAuthorization::SignIn> &signIn) {
-        if (!signIn) {
-            handler(nullptr, signIn.error());
-            return;
-        }
-        const auto &[address, tokens] = *signIn;
-        if (!isAccount(address, expected)) {
-            handler(nullptr, refuse(address, expected));
-            return;
-        }
-        tokens.store(address);
-        handler(std::make_shared<DropboxAccountInfo>(address), std::nullopt);
-    });
+    m_manager.authorize(future,
+                        [expected = DropboxUrl::account(m_URL), handler = std::move(handler)](
+                            const Expected<DropboxAuthorization::SignIn> &signIn) {
+                            if (!signIn) {
+                                handler(nullptr, signIn.error());
+                                return;
+                            }
+                            const auto &[address, tokens] = *signIn;
+                            if (!isAccount(address, expected)) {
+                                handler(nullptr, refuse(address, expected));
+                                return;
+                            }
+                            tokens.store(address);
+                            handler(std::make_shared<DropboxAccountInfo>(address), std::nullopt);
+                        });
 }

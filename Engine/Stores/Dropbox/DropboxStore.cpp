@@ -5,6 +5,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Engine/Stores/Dropbox/DropboxListingPage.h"
+#include "Engine/Stores/Dropbox/DropboxUrl.h"
 #include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
@@ -18,11 +19,6 @@ constexpr int RouteFailed = HttpStatus::Conflict;
 
 QString pathOf(const QString &name) {
     return name.isEmpty() ? PackagePath : PackagePath + u'/' + name;
-}
-
-/// Returns the account's address, which is the text after the scheme, without any encoding.
-QString accountAddressOf(const Url &URL) {
-    return URL.absoluteString().section(QStringLiteral("://"), 1);
 }
 
 /// Returns the tags of the error, from general to specific, such as "path/conflict/file"; empty
@@ -63,7 +59,7 @@ DropboxStore::DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
                            std::shared_ptr<DropboxRefreshTurn> refreshTurn,
                            HttpClient::Timeouts timeouts)
     : BlobStore(location, std::move(operations)),
-      m_accountAddress(accountAddressOf(URL())),
+      m_accountAddress(DropboxUrl::account(URL())),
       m_account(m_accountAddress, std::move(refreshTurn), timeouts) {}
 
 QString DropboxStore::place(const QString &name) const {

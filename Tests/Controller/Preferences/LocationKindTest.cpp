@@ -34,6 +34,15 @@ private Q_SLOTS:
         QCOMPARE(editorClass(QString()), QByteArray());
     }
 
+    void aTypeIsCleanableInTheLanguageOfTheHost() {
+        const TestHost host;
+        QVERIFY(LocationKind::isCleanableType(QStringLiteral("Local Sync Store")));
+        QVERIFY(LocationKind::isCleanableType(QStringLiteral("WebDAV")));
+        QVERIFY(LocationKind::isCleanableType(QStringLiteral("Dropbox")));
+        QVERIFY(!LocationKind::isCleanableType(QStringLiteral("Direct Connection")));
+        QVERIFY(!LocationKind::isCleanableType(QString()));
+    }
+
     void aMissingHostClassLeadsToTheNextRule() {
         const QString direct = [] {
             const TestHost host;

@@ -127,8 +127,6 @@ private Q_SLOTS:
         QVERIFY(profile.run(QStringLiteral("INSERT INTO known_transactions SELECT ?, id, 'a', '',"
                                            " '', 1 FROM databases"),
                             {identifier}));
-        QVERIFY(profile.run(QStringLiteral("INSERT INTO trusted_certificates VALUES (?, 'f')"),
-                            {identifier}));
         const QString key = QStringLiteral("velmora://desk:8442 ") + identifier;
         const auto pairings = m_host->engine().plugin().context().pairings;
         pairings->keep(key, "fingerprint", QByteArray("secret"));
@@ -146,6 +144,15 @@ private Q_SLOTS:
         };
         QTRY_VERIFY(isForgotten());
         QCOMPARE(value(QStringLiteral("SELECT count(*) FROM known_transactions")).toInt(), 0);
+    }
+
+    void theCertificatesOfAServerAreForgotten() {
+        add(WebDAVAddress);
+        const QString identifier = value(QStringLiteral("SELECT uuid FROM locations")).toString();
+        QVERIFY(m_host->engine().profile().run(
+            QStringLiteral("INSERT INTO trusted_certificates VALUES (?, 'f')"), {identifier}));
+        removeFirst();
+        QTRY_COMPARE(countOfRemovals(), 0);
         QCOMPARE(value(QStringLiteral("SELECT count(*) FROM trusted_certificates")).toInt(), 0);
     }
 

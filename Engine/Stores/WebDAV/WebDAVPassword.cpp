@@ -1,0 +1,45 @@
+#include "Engine/Stores/WebDAV/WebDAVPassword.h"
+
+#include "Application/Interface/QuestionPresenter.h"
+#include "Engine/Stores/SecretRemoval.h"
+#include "Host/SyncStrings.h"
+#include "Platform/Security/UrlCredentialStorage.h"
+
+namespace {
+
+void ask(const SecretRemoval &removal) {
+    QuestionPresenter *presenter = QuestionPresenter::shared();
+    if (!presenter) {
+        return;
+    }
+    presenter->ask(
+        {localizedSyncString("Forget the password of “%1”?").arg(removal.URL.host()),
+         localizedSyncString("You have removed the location. No other location uses the password."),
+         localizedSyncString("Forget"), localizedSyncString("Keep")},
+        [removal](bool isAccepted) {
+            // The user may have added such a location meanwhile.
+            if (isAccepted && !removal.isNeeded()) {
+                UrlCredentialStorage::shared().removeCredentialForURL(removal.URL, removal.finish);
+            } else {
+                removal.finish({});
+            }
+        });
+}
+
+}  // namespace
+
+bool WebDAVPassword::isShared(const Url &URL, const Url &other) {
+    return UrlProtectionSpace::ofURL(other, {}) == UrlProtectionSpace::ofURL(URL, {}) &&
+           (other.user().isNull() || other.user() == URL.user());
+}
+
+void WebDAVPassword::forget(const SecretRemoval &removal) {
+    UrlCredentialStorage::shared().findUsersForURL(
+        removal.URL, [removal](const Expected<QStringList> &users) {
+            if (users && users->contains(removal.URL.user())) {
+                ask(removal);
+            } else {
+                removal.finish(users.map([](const QStringList &) {}));
+            }
+        });
+}
