@@ -1,7 +1,7 @@
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 
 #include "Engine/Foundation/FoundSecret.h"
-#include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileSettings.h"
 #include "Host/QVApplication.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Security/Keychain.h"
@@ -43,12 +43,11 @@ void DirectConnectionPairings::close() {
 
 Expected<void> DirectConnectionPairings::load() {
     const std::lock_guard lock(m_mutex);
-    return m_profile->read(
-        QStringLiteral("SELECT key, value FROM settings WHERE key LIKE ? || '%'"), {SettingPrefix},
-        [this](const QSqlQuery &row) {
-            m_fingerprints.insert(row.value(0).toString().mid(SettingPrefix.size()),
-                                  QByteArray::fromHex(row.value(1).toByteArray()));
-        });
+    return ProfileSettings::values(*m_profile, SettingPrefix).map([this](const auto &values) {
+        for (auto each = values.begin(); each != values.end(); ++each) {
+            m_fingerprints.insert(each.key(), QByteArray::fromHex(each.value().toByteArray()));
+        }
+    });
 }
 
 std::optional<QByteArray> DirectConnectionPairings::fingerprint(const QString &key) const {
@@ -98,8 +97,7 @@ Expected<void> DirectConnectionPairings::forget(const QString &identifier) {
         if (!isOfLocation(key, identifier)) {
             continue;
         }
-        if (Expected<void> removed = m_profile->run(
-                QStringLiteral("DELETE FROM settings WHERE key = ?"), {SettingPrefix + key});
+        if (Expected<void> removed = ProfileSettings::remove(*m_profile, SettingPrefix + key);
             !removed) {
             return removed;
         }
@@ -125,10 +123,8 @@ void DirectConnectionPairings::save(const QString &key, const QByteArray &finger
     if (!m_profile) {
         return;
     }
-    const Expected<void> written =
-        m_profile->run(QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
-                                      " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
-                       {SettingPrefix + key, QString::fromLatin1(fingerprint.toHex())});
+    const Expected<void> written = ProfileSettings::set(*m_profile, SettingPrefix + key,
+                                                        QString::fromLatin1(fingerprint.toHex()));
     if (!written) {
         NSApp()->presentError(written.error());
     }

@@ -2,6 +2,7 @@
 
 #include "Engine/Locations/ResultColumns.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileSettings.h"
 #include "Engine/Schedules/ScheduleColumns.h"
 #include "Platform/Foundation/Assertion.h"
 
@@ -138,9 +139,8 @@ Expected<void> EngineLocationsController::writeLocations() const {
 }
 
 Expected<void> EngineLocationsController::deleteLocation(const QString &identifier) const {
-    return m_profile
-        .run(QStringLiteral("INSERT OR REPLACE INTO settings (key, value) VALUES (?, ?)"),
-             {RemovalPrefix + identifier, ProfileDatabase::text(m_saved[identifier].URLText)})
+    return ProfileSettings::set(m_profile, RemovalPrefix + identifier,
+                                ProfileDatabase::text(m_saved[identifier].URLText))
         .and_then([&] {
             return m_profile.run(QStringLiteral("DELETE FROM locations WHERE uuid = ?"),
                                  {identifier});
@@ -148,28 +148,21 @@ Expected<void> EngineLocationsController::deleteLocation(const QString &identifi
 }
 
 Expected<QStringList> EngineLocationsController::removedLocations() const {
-    QStringList identifiers;
-    return m_profile
-        .read(QStringLiteral("SELECT key FROM settings WHERE key LIKE ? || '%'"), {RemovalPrefix},
-              [&](const QSqlQuery &row) {
-                  identifiers.append(row.value(0).toString().mid(RemovalPrefix.size()));
-              })
-        .map([&] { return identifiers; });
+    return ProfileSettings::values(m_profile, RemovalPrefix).map([](const auto &URLs) {
+        return QStringList(URLs.keys());
+    });
 }
 
 Expected<std::optional<Url>> EngineLocationsController::removedURL(
     const QString &identifier) const {
-    return m_profile
-        .value(QStringLiteral("SELECT value FROM settings WHERE key = ?"),
-               {RemovalPrefix + identifier})
+    return ProfileSettings::value(m_profile, RemovalPrefix + identifier)
         .map([](const QVariant &text) {
             return text.isValid() ? std::optional(Url::fromString(text.toString())) : std::nullopt;
         });
 }
 
 Expected<void> EngineLocationsController::forgetRemoval(const QString &identifier) const {
-    return m_profile.run(QStringLiteral("DELETE FROM settings WHERE key = ?"),
-                         {RemovalPrefix + identifier});
+    return ProfileSettings::remove(m_profile, RemovalPrefix + identifier);
 }
 
 Expected<void> EngineLocationsController::writeLocation(const QString &identifier,

@@ -3,8 +3,13 @@
 #include <algorithm>
 
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileSettings.h"
 
 namespace {
+
+/// The starts of the keys of settings, which the database and the store follow.
+const QString VerifiedPrefix = QStringLiteral("lastVerified ");
+const QString WrittenPrefix = QStringLiteral("written ");
 
 /// Follows the name of a record in the rows of its parts, which are therefore beside its own.
 constexpr QChar PartMark = u' ';
@@ -128,9 +133,14 @@ Expected<void> KnownTransactions::remove(const QStringList &names) const {
             return removed;
         }
     }
-    return names.isEmpty() ? Expected<void>()
-                           : m_profile.run(QStringLiteral("DELETE FROM settings WHERE key = ?"),
-                                           {keyOfWritten()});
+    return names.isEmpty() ? Expected<void>() : ProfileSettings::remove(m_profile, keyOfWritten());
+}
+
+Expected<void> KnownTransactions::forgetStore(const ProfileDatabase &profile,
+                                              const QString &store) {
+    return profile.run(QStringLiteral("DELETE FROM known_transactions WHERE place = ?"), {store})
+        .and_then([&] { return ProfileSettings::removeAll(profile, VerifiedPrefix, u' ' + store); })
+        .and_then([&] { return ProfileSettings::removeAll(profile, WrittenPrefix, u' ' + store); });
 }
 
 Expected<QString> KnownTransactions::lastVerified() const {
@@ -150,20 +160,19 @@ Expected<void> KnownTransactions::setWritten(const QString &state) const {
 }
 
 Expected<QString> KnownTransactions::setting(const QString &key) const {
-    return m_profile.value(QStringLiteral("SELECT value FROM settings WHERE key = ?"), {key})
-        .map([](const QVariant &value) { return value.toString(); });
+    return ProfileSettings::value(m_profile, key).map([](const QVariant &value) {
+        return value.toString();
+    });
 }
 
 Expected<void> KnownTransactions::setSetting(const QString &key, const QString &value) const {
-    return m_profile.run(
-        QStringLiteral("INSERT OR REPLACE INTO settings (key, value) VALUES (?, ?)"),
-        {key, ProfileDatabase::text(value)});
+    return ProfileSettings::set(m_profile, key, ProfileDatabase::text(value));
 }
 
 QString KnownTransactions::keyOfVerified() const {
-    return QStringLiteral("lastVerified %1 %2").arg(m_database).arg(m_store);
+    return VerifiedPrefix + QString::number(m_database) + u' ' + m_store;
 }
 
 QString KnownTransactions::keyOfWritten() const {
-    return QStringLiteral("written %1 %2").arg(m_database).arg(m_store);
+    return WrittenPrefix + QString::number(m_database) + u' ' + m_store;
 }

@@ -47,6 +47,10 @@ public:
     /// Removes the records `names`. Names that are not known are ignored.
     Expected<void> remove(const QStringList &names) const;
 
+    /// Removes what the profile contains for the store `store` and all databases. Must be called
+    /// within a transaction of the profile.
+    static Expected<void> forgetStore(const ProfileDatabase &profile, const QString &store);
+
     /// Returns the name up to which the records were verified, in the order of their names, or an
     /// empty string.
     Expected<QString> lastVerified() const;

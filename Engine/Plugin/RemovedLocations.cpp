@@ -8,6 +8,7 @@
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Locations/EngineLocationKinds.h"
 #include "Engine/Locations/EngineLocationsController.h"
+#include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
@@ -51,7 +52,8 @@ void RemovedLocations::forget(const QString &identifier) {
     const Url URL = **removed;
     const EngineLocationKind &kind = m_kinds.kindForURL(URL);
     const Expected<void> forgotten =
-        forgetInProfile(identifier).and_then([&] { return kind.forgetInProfile(identifier); });
+        m_profile.write([&] { return KnownTransactions::forgetStore(m_profile, identifier); })
+            .and_then([&] { return kind.forgetInProfile(identifier); });
     if (!forgotten) {
         reportIfFailed(forgotten);
         return;
@@ -65,19 +67,6 @@ void RemovedLocations::forget(const QString &identifier) {
              .isNeeded = [self = QPointer(this), URL] { return !self || self->isNeeded(URL); },
              .finish = finisher(identifier, URL)});
     }
-}
-
-Expected<void> RemovedLocations::forgetInProfile(const QString &identifier) const {
-    return m_profile.write([&] {
-        return m_profile
-            .run(QStringLiteral("DELETE FROM known_transactions WHERE place = ?"), {identifier})
-            .and_then([&] {
-                return m_profile.run(
-                    QStringLiteral("DELETE FROM settings WHERE key LIKE 'lastVerified % ' || ?"
-                                   " OR key LIKE 'written % ' || ?"),
-                    {identifier, identifier});
-            });
-    });
 }
 
 std::function<void(const Expected<void> &)> RemovedLocations::finisher(const QString &identifier,

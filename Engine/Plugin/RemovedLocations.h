@@ -39,8 +39,6 @@ public:
 private:
     /// Forgets what is in the profile, then the secrets.
     void forget(const QString &identifier);
-    /// Deletes what the profile contains for locations of every kind.
-    Expected<void> forgetInProfile(const QString &identifier) const;
     /// Returns a function that receives whether the secrets of the removed location are forgotten:
     /// it finishes, or reports the failure and keeps the record of the removal.
     std::function<void(const Expected<void> &forgotten)> finisher(const QString &identifier,

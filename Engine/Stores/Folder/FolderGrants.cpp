@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileSettings.h"
 #include "Platform/Foundation/PathComponents.h"
 
 namespace {
@@ -19,10 +20,8 @@ Expected<void> FolderGrants::load() {
     const Expected<void> read =
         m_profile.read(QStringLiteral("SELECT path FROM grants ORDER BY id"), {},
                        [&](const QSqlQuery &row) { paths.append(row.value(0).toString()); });
-    const Expected<QVariant> areNeeded = read.and_then([this] {
-        return m_profile.value(QStringLiteral("SELECT value FROM settings WHERE key = ?"),
-                               {SandboxSetting});
-    });
+    const Expected<QVariant> areNeeded =
+        read.and_then([this] { return ProfileSettings::value(m_profile, SandboxSetting); });
     const std::lock_guard lock(m_mutex);
     m_ownFolder = m_profile.directory();
     m_paths = areNeeded ? paths : QStringList();
@@ -35,11 +34,9 @@ bool FolderGrants::areNeeded() const {
 }
 
 Expected<void> FolderGrants::setNeeded(bool areNeeded) {
-    return m_profile
-        .run(QStringLiteral("INSERT INTO settings (key, value) VALUES (?, ?)"
-                            " ON CONFLICT (key) DO UPDATE SET value = excluded.value"),
-             {SandboxSetting, areNeeded})
-        .and_then([this] { return load(); });
+    return ProfileSettings::set(m_profile, SandboxSetting, areNeeded).and_then([this] {
+        return load();
+    });
 }
 
 QStringList FolderGrants::paths() const {
