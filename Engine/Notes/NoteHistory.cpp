@@ -2,6 +2,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileSettings.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -11,6 +12,8 @@ const QString MegabytesKey = QStringLiteral("historyMegabytes");
 /// The time up to which the versions have aged, in milliseconds.
 const QString TimeKey = QStringLiteral("historyTime");
 constexpr qint64 Megabyte = 1LL << 20;
+/// Days or megabytes that no profile reaches.
+constexpr int Unlimited = 1'000'000;
 /// What a row takes besides its texts, roughly.
 constexpr int BytesOfRow = 200;
 /// Number of rows that are removed at once: more than one edit or merge adds.
@@ -21,28 +24,24 @@ QDateTime dateIn(const QVariant &milliseconds) {
                                  : QDateTime::fromMSecsSinceEpoch(milliseconds.toLongLong());
 }
 
-Expected<int> setting(const ProfileDatabase &profile, const QString &key, int fallback) {
-    return profile.value(QStringLiteral("SELECT value FROM settings WHERE key = ?"), {key})
-        .map([&](const QVariant &value) {
-            bool isNumber = false;
-            const int number = value.toInt(&isNumber);
-            return isNumber && number >= 0 ? number : fallback;
-        });
-}
-
-Expected<void> setSetting(const ProfileDatabase &profile, const QString &key,
-                          const QVariant &value) {
-    return profile.run(QStringLiteral("INSERT OR REPLACE INTO settings (key, value) VALUES (?, ?)"),
-                       {key, value});
+/// Returns the limit that is stored under `key`, or `fallback` if none is.
+Expected<int> limit(const ProfileDatabase &profile, const QString &key, int fallback) {
+    return ProfileSettings::value(profile, key).map([&](const QVariant &value) {
+        if (!value.isValid()) {
+            return fallback;
+        }
+        bool isNumber = false;
+        const int number = value.toInt(&isNumber);
+        return isNumber && number >= 0 ? number : Unlimited;
+    });
 }
 
 /// Returns the time up to which the versions have aged, which is the stored one and `allowance`
 /// days, but not later than `now`.
 Expected<QDateTime> agedTime(const ProfileDatabase &profile, const QDateTime &now, int allowance) {
-    return profile.value(QStringLiteral("SELECT value FROM settings WHERE key = ?"), {TimeKey})
-        .map([&](const QVariant &stored) {
-            return stored.isValid() ? std::min(now, dateIn(stored).addDays(allowance)) : now;
-        });
+    return ProfileSettings::value(profile, TimeKey).map([&](const QVariant &stored) {
+        return stored.isValid() ? std::min(now, dateIn(stored).addDays(allowance)) : now;
+    });
 }
 
 /// Returns the date in milliseconds before which versions are too old.
@@ -149,24 +148,24 @@ Expected<Note> NoteHistory::note(const NoteVersion &version) const {
 
 Expected<HistoryLimits> NoteHistory::limits(const ProfileDatabase &profile) {
     const HistoryLimits defaults;
-    const Expected<int> days = setting(profile, DaysKey, defaults.days);
+    const Expected<int> days = limit(profile, DaysKey, defaults.days);
     if (!days) {
         return failure(days.error());
     }
-    return setting(profile, MegabytesKey, defaults.megabytes).map([&](int megabytes) {
+    return limit(profile, MegabytesKey, defaults.megabytes).map([&](int megabytes) {
         return HistoryLimits{*days, megabytes};
     });
 }
 
 Expected<void> NoteHistory::setLimits(const ProfileDatabase &profile, const HistoryLimits &limits) {
-    return setSetting(profile, DaysKey, limits.days).and_then([&] {
-        return setSetting(profile, MegabytesKey, limits.megabytes);
+    return ProfileSettings::set(profile, DaysKey, limits.days).and_then([&] {
+        return ProfileSettings::set(profile, MegabytesKey, limits.megabytes);
     });
 }
 
 Expected<void> NoteHistory::advanceTime(const ProfileDatabase &profile, const QDateTime &now) {
     return agedTime(profile, now, 1).and_then([&](const QDateTime &time) {
-        return setSetting(profile, TimeKey, time.toMSecsSinceEpoch());
+        return ProfileSettings::set(profile, TimeKey, time.toMSecsSinceEpoch());
     });
 }
 

@@ -279,12 +279,17 @@ private Q_SLOTS:
         QCOMPARE(deletedTexts().size(), 1);
     }
 
-    void unusableLimitsCountAsTheDefaults() {
+    void nothingIsRemovedIfALimitIsNotANumber() {
+        QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("old"))));
+        QVERIFY(profile().run(QStringLiteral("UPDATE versions SET ended = 1")));
         for (const char *value : {"-5", "forever", ""}) {
             QVERIFY(profile().run(
                 QStringLiteral("INSERT OR REPLACE INTO settings VALUES ('historyDays', ?)"),
                 {QString::fromLatin1(value)}));
-            QCOMPARE(m_host->library().historyLimits().value(), HistoryLimits());
+            QVERIFY(m_host->library().historyLimits().value().days > 365'000);
+            QVERIFY(!NoteHistory::exceedsLimits(profile(), QDateTime::currentDateTime()).value());
+            QVERIFY(NoteHistory::pruneAll(profile(), QDateTime::currentDateTime()));
+            QCOMPARE(deletedTexts(), QStringList{QStringLiteral("old")});
         }
     }
 
