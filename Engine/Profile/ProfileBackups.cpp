@@ -12,6 +12,7 @@
 #include <filesystem>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/SyncStrings.h"
@@ -70,27 +71,24 @@ Expected<QStringList> filesIn(const QString &folder) {
     return names;
 }
 
-/// Returns no counts if a read fails.
-Counts countsIn(const ReadOnlyConnection &database) {
+Expected<Counts> countsIn(const ReadOnlyConnection &database) {
     QStringList tables;
     QSqlQuery query = database.query();
-    if (!query.exec(QStringLiteral("SELECT name FROM sqlite_schema WHERE type = 'table'"))) {
-        return {};
-    }
+    query.exec(QStringLiteral("SELECT name FROM sqlite_schema WHERE type = 'table'"));
     while (query.next()) {
         tables.append(query.value(0).toString());
     }
     if (query.lastError().isValid()) {
-        return {};
+        return failure(database.queryError(query));
     }
     Counts counts;
     for (const QString &table : std::as_const(tables)) {
-        const QVariant count =
+        const Expected<QVariant> count =
             database.value(QStringLiteral("SELECT count(*) FROM \"%1\"").arg(table));
-        if (!count.isValid()) {
-            return {};
+        if (!count) {
+            return failure(count.error());
         }
-        counts.insert(table, count.toLongLong());
+        counts.insert(table, count->toLongLong());
     }
     return counts;
 }
@@ -111,10 +109,16 @@ bool isBetween(const Counts &counts, const Counts &before, const Counts &after) 
 }
 
 Expected<void> verifyIntegrity(const ReadOnlyConnection &database, const QString &path) {
-    if (database.value(QStringLiteral("PRAGMA user_version")).toInt() == 0 ||
-        database.value(QStringLiteral("PRAGMA integrity_check(1)")) != QStringLiteral("ok")) {
-        return failure(
-            engineError(EngineErrorCode::BackupFailed, "The backup “%1” is damaged.", path));
+    const Expected<QVariant> version = database.value(QStringLiteral("PRAGMA user_version"));
+    const Expected<QVariant> check = version.and_then([&](const QVariant &) {
+        return database.value(QStringLiteral("PRAGMA integrity_check(1)"));
+    });
+    if (!check && !isEngineError(check.error(), EngineErrorCode::ProfileDamaged)) {
+        return failure(check.error());
+    }
+    if (!check || version->toInt() == 0 || *check != QStringLiteral("ok")) {
+        return failure(engineError(EngineErrorCode::BackupFailed,
+                                   "The backup “%1” is damaged. Use another backup.", path));
     }
     return {};
 }
@@ -124,7 +128,7 @@ Expected<void> verifyIntegrity(const ReadOnlyConnection &database, const QString
 ProfileBackups::ProfileBackups(const QString &directory) : ProfileBackups(directory, Limits()) {}
 
 ProfileBackups::ProfileBackups(const QString &directory, const Limits &limits)
-    : m_profile(QDir(directory).absoluteFilePath(QStringLiteral("profile.sqlite"))),
+    : m_profile(QDir(directory).absoluteFilePath(ProfileFolder::DatabaseName)),
       m_folder(QDir(directory).absoluteFilePath(FolderName)),
       m_limits(limits) {}
 
@@ -211,25 +215,34 @@ Expected<void> ProfileBackups::writeCopy(const QString &path,
     if (!DurableFile::create(path)) {
         return notMade(m_profile, systemReason());
     }
-    const ReadOnlyConnection profile(m_profile, ReadOnlyConnection::Sharing::Shared, isCancelled);
-    if (!profile.isOpen()) {
-        return notMade(m_profile, localizedSyncString("It cannot be read."));
+    const auto profile =
+        ReadOnlyConnection::open(m_profile, ReadOnlyConnection::Sharing::Shared, isCancelled);
+    if (!profile) {
+        return notMade(m_profile, profile.error().localizedDescription);
     }
-    const Counts before = countsIn(profile);
+    const Expected<Counts> before = countsIn(**profile);
+    if (!before) {
+        return notMade(m_profile, before.error().localizedDescription);
+    }
     {
-        QSqlQuery query = profile.query();
+        QSqlQuery query = (*profile)->query();
         query.prepare(QStringLiteral("VACUUM INTO ?"));
         query.addBindValue(path);
         if (!query.exec()) {
             return notMade(m_profile, query.lastError().databaseText());
         }
     }
-    const Counts after = countsIn(profile);
+    const Expected<Counts> after = countsIn(**profile);
     if (Expected<void> verified = verify(path, isCancelled); !verified) {
         return notMade(m_profile, verified.error().localizedDescription);
     }
-    const ReadOnlyConnection copy(path, ReadOnlyConnection::Sharing::Immutable, isCancelled);
-    if (!isBetween(countsIn(copy), before, after)) {
+    const Expected<Counts> copied =
+        ReadOnlyConnection::open(path, ReadOnlyConnection::Sharing::Immutable, isCancelled)
+            .and_then([](const auto &copy) { return countsIn(*copy); });
+    if (!after || !copied) {
+        return notMade(m_profile, (after ? copied : after).error().localizedDescription);
+    }
+    if (!isBetween(*copied, *before, *after)) {
         return notMade(m_profile, localizedSyncString("The copy is not complete."));
     }
     return {};
@@ -258,7 +271,7 @@ Expected<void> ProfileBackups::removeBeyondLimits(const QDate &today) const {
 
 Expected<void> ProfileBackups::verify(const QString &path, const std::atomic_bool *isCancelled) {
     return ProfileInspection::check(path, isCancelled).and_then([&] {
-        const ReadOnlyConnection backup(path, ReadOnlyConnection::Sharing::Immutable, isCancelled);
-        return verifyIntegrity(backup, path);
+        return ReadOnlyConnection::open(path, ReadOnlyConnection::Sharing::Immutable, isCancelled)
+            .and_then([&](const auto &backup) { return verifyIntegrity(*backup, path); });
     });
 }

@@ -40,6 +40,33 @@ tl::unexpected<Error> damaged(const QString &path) {
         path));
 }
 
+/// `reason` is the error of a read of the database.
+tl::unexpected<Error> unreadable(const QString &path, const Error &reason) {
+    return isEngineError(reason, EngineErrorCode::ProfileDamaged) || FullDisk::isFull(path)
+               ? damaged(path)
+               : failure(reason);
+}
+
+/// The numbers that identify the program of an SQLite file and its tables.
+struct Header {
+    int version;
+    int tables;
+    int application;
+};
+
+Expected<Header> readHeader(const QString &path, const ReadOnlyConnection &database) {
+    QList<int> numbers;
+    for (const char *statement :
+         {"PRAGMA user_version", "SELECT count(*) FROM sqlite_schema", "PRAGMA application_id"}) {
+        const Expected<QVariant> number = database.value(QLatin1StringView(statement));
+        if (!number) {
+            return unreadable(path, number.error());
+        }
+        numbers.append(number->toInt());
+    }
+    return Header{numbers[0], numbers[1], numbers[2]};
+}
+
 /// Returns an error unless the empty database at `path` is what an interrupted first start leaves.
 Expected<void> checkNeverUsed(const QString &path) {
     return ProfileFolder::isUnusedSinceCreation(QFileInfo(path).path())
@@ -56,25 +83,27 @@ Expected<void> checkNeverUsed(const QString &path) {
 }
 
 Expected<void> checkContents(const QString &path, const ReadOnlyConnection &database) {
-    // An invalid variant stands for a failed read. None of these statements has an empty result.
-    const QVariant version = database.value(QStringLiteral("PRAGMA user_version"));
-    const QVariant tables = database.value(QStringLiteral("SELECT count(*) FROM sqlite_schema"));
-    const QVariant application = database.value(QStringLiteral("PRAGMA application_id"));
-    if (!version.isValid() || !tables.isValid() || !application.isValid()) {
-        return damaged(path);
+    const Expected<Header> header = readHeader(path, database);
+    if (!header) {
+        return failure(header.error());
     }
-    if (version.toInt() > ProfileInspection::SchemaVersion) {
+    const auto &[version, tables, application] = *header;
+    if (version > ProfileInspection::SchemaVersion) {
         return unusable(
             "The profile “%1” was created by a newer version of Velmora. Update Velmora to open "
             "it.",
             path);
     }
-    if (database.value(QStringLiteral("PRAGMA quick_check(1)")) != QStringLiteral("ok")) {
+    const Expected<QVariant> check = database.value(QStringLiteral("PRAGMA quick_check(1)"));
+    if (!check) {
+        return unreadable(path, check.error());
+    }
+    if (*check != QStringLiteral("ok")) {
         return damaged(path);
     }
     const bool isEmpty = tables == 0 && version == 0;
     const bool isOurs = application == ProfileInspection::ApplicationId &&
-                        version.toInt() >= ProfileInspection::OldestSchemaVersion;
+                        version >= ProfileInspection::OldestSchemaVersion;
     if (!isEmpty && !isOurs) {
         return unusable(
             "“%1” is a database of another program, not a profile. Choose another folder.", path);
@@ -83,9 +112,12 @@ Expected<void> checkContents(const QString &path, const ReadOnlyConnection &data
         return checkNeverUsed(path);
     }
     // Every profile has one, so it was lost.
-    const QVariant inboxes =
+    const Expected<QVariant> inboxes =
         database.value(QStringLiteral("SELECT count(*) FROM databases WHERE is_inbox"));
-    return inboxes == 1 ? Expected<void>() : damaged(path);
+    if (!inboxes) {
+        return unreadable(path, inboxes.error());
+    }
+    return *inboxes == 1 ? Expected<void>() : damaged(path);
 }
 
 Expected<void> checkAccess(const QString &path) {
@@ -122,6 +154,6 @@ Expected<void> ProfileInspection::check(const QString &path, const std::atomic_b
     if (hasLogOnly(path)) {
         return checkNeverUsed(path);
     }
-    const ReadOnlyConnection database(path, sharingFor(path), isCancelled);
-    return database.isOpen() ? checkContents(path, database) : damaged(path);
+    const auto database = ReadOnlyConnection::open(path, sharingFor(path), isCancelled);
+    return database ? checkContents(path, **database) : unreadable(path, database.error());
 }

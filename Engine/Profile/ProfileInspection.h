@@ -19,11 +19,11 @@ inline constexpr int OldestSchemaVersion = 1;
 /// Checks whether the existing database file at `path` can be used as a profile.
 ///
 /// Returns an error that describes the reason if it cannot: of the code ProfileDamaged if the file
-/// is damaged, and ProfileUnusable if it is unreadable, read-only, of an unsupported version, or of
-/// another program. An empty database is damaged too, unless its folder contains nothing else than
-/// what an interrupted first start leaves.
-/// Reads the whole file, so it may block for some seconds; fails soon after `isCancelled`, which
-/// may be null, has become true.
+/// is damaged, and ProfileUnusable if it is read-only, of an unsupported version, or of another
+/// program, or cannot be read now, for example because it is locked or the disk reports an error.
+/// An empty database is damaged too, unless its folder contains nothing else than what an
+/// interrupted first start leaves. Reads the whole file, so it may block for some seconds; fails
+/// soon after `isCancelled`, which may be null, has become true.
 Expected<void> check(const QString &path, const std::atomic_bool *isCancelled = nullptr);
 
 }  // namespace ProfileInspection

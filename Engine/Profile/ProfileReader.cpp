@@ -8,18 +8,28 @@ thread_local const ProfileReader *readerOfThread = nullptr;
 
 }  // namespace
 
-ProfileReader::ProfileReader(const ProfileDatabase &profile, const std::atomic_bool &isCancelled)
-    : m_profile(profile),
-      m_isCancelled(isCancelled),
-      m_connection(profile.path(), ReadOnlyConnection::Sharing::Shared) {
-    // The snapshot is taken by the first read, which fails if there is no connection.
-    m_connection.query().exec(QStringLiteral("BEGIN"));
+Expected<std::unique_ptr<const ProfileReader>> ProfileReader::open(
+    const ProfileDatabase &profile, const std::atomic_bool &isCancelled) {
+    auto connection = ReadOnlyConnection::open(profile.path(), ReadOnlyConnection::Sharing::Shared);
+    if (!connection) {
+        return failure(connection.error());
+    }
+    // The snapshot is taken by the first read.
+    if (QSqlQuery begin = (*connection)->query(); !begin.exec(QStringLiteral("BEGIN"))) {
+        return failure((*connection)->queryError(begin));
+    }
+    return std::unique_ptr<const ProfileReader>(
+        new ProfileReader(profile, isCancelled, *std::move(connection)));
+}
+
+ProfileReader::ProfileReader(const ProfileDatabase &profile, const std::atomic_bool &isCancelled,
+                             std::unique_ptr<const ReadOnlyConnection> connection)
+    : m_profile(profile), m_isCancelled(isCancelled), m_connection(std::move(connection)) {
     readerOfThread = this;
 }
 
 ProfileReader::~ProfileReader() {
     readerOfThread = nullptr;
-    m_connection.query().exec(QStringLiteral("ROLLBACK"));
 }
 
 const ProfileReader *ProfileReader::current(const ProfileDatabase &profile) {

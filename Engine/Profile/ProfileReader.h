@@ -12,9 +12,10 @@ class ProfileDatabase;
 /// There must be at most one at a time for each thread.
 class ProfileReader {
 public:
-    /// Neither argument is owned; both must outlive this object. Blocks for the disk. If the
-    /// connection cannot be opened, every read fails; so do reads once `isCancelled` is set.
-    ProfileReader(const ProfileDatabase &profile, const std::atomic_bool &isCancelled);
+    /// Neither argument is owned; both must outlive the result, which is not null. Blocks for the
+    /// disk. Reads fail once `isCancelled` is set. Errors are those of ReadOnlyConnection.
+    static Expected<std::unique_ptr<const ProfileReader>> open(const ProfileDatabase &profile,
+                                                               const std::atomic_bool &isCancelled);
     ~ProfileReader();
     ProfileReader(const ProfileReader &) = delete;
     ProfileReader &operator=(const ProfileReader &) = delete;
@@ -22,11 +23,14 @@ public:
     /// Returns the reader of `profile` on the current thread, or null.
     static const ProfileReader *current(const ProfileDatabase &profile);
     /// Returns a query on the connection of this object.
-    QSqlQuery query() const { return m_connection.query(); }
+    QSqlQuery query() const { return m_connection->query(); }
     bool isCancelled() const { return m_isCancelled; }
 
 private:
+    ProfileReader(const ProfileDatabase &profile, const std::atomic_bool &isCancelled,
+                  std::unique_ptr<const ReadOnlyConnection> connection);
+
     const ProfileDatabase &m_profile;
     const std::atomic_bool &m_isCancelled;
-    const ReadOnlyConnection m_connection;
+    const std::unique_ptr<const ReadOnlyConnection> m_connection;
 };

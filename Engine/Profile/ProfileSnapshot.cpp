@@ -8,6 +8,7 @@
 #include <QtSql/QSqlError>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
@@ -18,7 +19,7 @@ namespace {
 constexpr std::chrono::seconds CreationTimeout(10);
 constexpr std::chrono::milliseconds RetryInterval(20);
 
-const QString DatabaseFile = QStringLiteral("/profile.sqlite");
+const QString DatabaseFile = u'/' + ProfileFolder::DatabaseName;
 
 bool isInUse(const Error &error) {
     return error.code == static_cast<int>(EngineErrorCode::ProfileInUse);
@@ -32,12 +33,20 @@ Expected<bool> copy(const QString &path, const QString &target, bool isLocked) {
     }
     // A locked profile has no other user. Without a log, SQLite need not create its files then.
     const bool isImmutable = isLocked && QFileInfo(path + QStringLiteral("-wal")).size() == 0;
-    const ReadOnlyConnection database(path, isImmutable ? ReadOnlyConnection::Sharing::Immutable
-                                                        : ReadOnlyConnection::Sharing::Shared);
-    if (!database.isOpen() || database.value(QStringLiteral("PRAGMA user_version")).toInt() == 0) {
+    const auto database =
+        ReadOnlyConnection::open(path, isImmutable ? ReadOnlyConnection::Sharing::Immutable
+                                                   : ReadOnlyConnection::Sharing::Shared);
+    if (!database) {
+        return failure(database.error());
+    }
+    const Expected<QVariant> version = (*database)->value(QStringLiteral("PRAGMA user_version"));
+    if (!version) {
+        return failure(version.error());
+    }
+    if (version->toInt() == 0) {
         return false;
     }
-    QSqlQuery query = database.query();
+    QSqlQuery query = (*database)->query();
     query.prepare(QStringLiteral("VACUUM INTO ?"));
     query.addBindValue(target + DatabaseFile);
     if (!query.exec()) {

@@ -6,19 +6,44 @@
 #include <QtCore/QUuid>
 #include <QtCore/QVariant>
 #include <QtSql/QSqlDriver>
+#include <QtSql/QSqlError>
 
-ReadOnlyConnection::ReadOnlyConnection(const QString &path, Sharing sharing,
-                                       const std::atomic_bool *isCancelled)
-    : m_name(QUuid::createUuid().toString(QUuid::WithoutBraces)),
+#include "Engine/Foundation/EngineError.h"
+#include "Host/SyncStrings.h"
+
+namespace {
+
+/// Returns whether a retry cannot help. Our statements are valid, so that SQLITE_ERROR means a
+/// missing table or column.
+bool isDamage(const QSqlError &reason) {
+    constexpr int primaryCode = 0xFF;
+    const int code = reason.nativeErrorCode().toInt() & primaryCode;
+    return code == SQLITE_CORRUPT || code == SQLITE_NOTADB || code == SQLITE_ERROR;
+}
+
+}  // namespace
+
+Expected<std::unique_ptr<const ReadOnlyConnection>> ReadOnlyConnection::open(
+    const QString &path, Sharing sharing, const std::atomic_bool *isCancelled) {
+    std::unique_ptr<ReadOnlyConnection> connection(new ReadOnlyConnection(path, sharing));
+    if (!connection->m_database.open()) {
+        return failure(connection->error(connection->m_database.lastError()));
+    }
+    if (isCancelled) {
+        connection->interruptIf(*isCancelled);
+    }
+    return connection;
+}
+
+ReadOnlyConnection::ReadOnlyConnection(const QString &path, Sharing sharing)
+    : m_path(path),
+      m_name(QUuid::createUuid().toString(QUuid::WithoutBraces)),
       m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name)) {
     m_database.setDatabaseName(QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded()) +
                                (sharing == Sharing::Shared
                                     ? QStringLiteral("?mode=ro")
                                     : QStringLiteral("?mode=ro&immutable=1")));
     m_database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_OPEN_READONLY"));
-    if (m_database.open() && isCancelled) {
-        interruptIf(*isCancelled);
-    }
 }
 
 void ReadOnlyConnection::interruptIf(const std::atomic_bool &isCancelled) {
@@ -36,7 +61,25 @@ ReadOnlyConnection::~ReadOnlyConnection() {
     QSqlDatabase::removeDatabase(m_name);
 }
 
-QVariant ReadOnlyConnection::value(const QString &statement) const {
+Expected<QVariant> ReadOnlyConnection::value(const QString &statement) const {
     QSqlQuery query(m_database);
-    return query.exec(statement) && query.next() ? query.value(0) : QVariant();
+    if (query.exec(statement) && query.next()) {
+        return query.value(0);
+    }
+    // A result without a row is no error.
+    return query.lastError().isValid() ? Expected<QVariant>(failure(queryError(query)))
+                                       : QVariant();
+}
+
+Error ReadOnlyConnection::queryError(const QSqlQuery &query) const {
+    return error(query.lastError());
+}
+
+Error ReadOnlyConnection::error(const QSqlError &reason) const {
+    return engineError(
+        isDamage(reason) ? EngineErrorCode::ProfileDamaged : EngineErrorCode::ProfileUnusable,
+        localizedSyncString("The database “%1” cannot be read (%2). Try again. If that fails, "
+                            "check the disk and the permissions of the file.")
+            .arg(m_path,
+                 reason.databaseText().isEmpty() ? reason.driverText() : reason.databaseText()));
 }

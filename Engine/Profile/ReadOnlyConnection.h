@@ -4,10 +4,16 @@
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 #include <atomic>
+#include <memory>
 
-/// A connection to an SQLite database that changes neither the database nor its folder. Must be
-/// used on the thread that has created it; several can exist at a time. Every call blocks for the
-/// disk.
+#include "Platform/Foundation/Expected.h"
+
+/// A connection to an SQLite database that cannot change the database. Must be used on the thread
+/// that has opened it; several can be open at the same time. Every call blocks for the disk.
+///
+/// All errors have the code ProfileDamaged if the file is not a sound SQLite database or lacks a
+/// table, and otherwise ProfileUnusable, for example if it cannot be opened, another connection has
+/// locked it, or memory is short.
 class ReadOnlyConnection {
 public:
     /// How other connections use the file meanwhile.
@@ -18,27 +24,31 @@ public:
         Shared,
     };
 
-    /// Opens the database file at `path`. If `isCancelled` is not null, statements fail soon after
-    /// it has become true; it is not owned and must outlive this object.
-    ReadOnlyConnection(const QString &path, Sharing sharing,
-                       const std::atomic_bool *isCancelled = nullptr);
+    /// Opens the database file at `path`; the result is not null. SQLite reads the file only with
+    /// the first statement, which may find that it is damaged. If `isCancelled` is not null,
+    /// statements fail soon after it has become true; it is not owned and must outlive the
+    /// connection.
+    static Expected<std::unique_ptr<const ReadOnlyConnection>> open(
+        const QString &path, Sharing sharing, const std::atomic_bool *isCancelled = nullptr);
     /// Closes the database. The queries must have been destroyed.
     ~ReadOnlyConnection();
     ReadOnlyConnection(const ReadOnlyConnection &) = delete;
     ReadOnlyConnection &operator=(const ReadOnlyConnection &) = delete;
 
-    /// Returns whether the file could be opened. SQLite reads it only with the first statement, so
-    /// that it may be damaged all the same.
-    bool isOpen() const { return m_database.isOpen(); }
     /// Returns a query on this connection.
     QSqlQuery query() const { return QSqlQuery(m_database); }
-    /// Returns the first column of the first row; an invalid QVariant if the statement fails or has
-    /// no row.
-    QVariant value(const QString &statement) const;
+    /// Returns the first column of the first row, or an invalid QVariant if there is no row.
+    Expected<QVariant> value(const QString &statement) const;
+    /// Returns the error of a query on this connection that has failed.
+    Error queryError(const QSqlQuery &query) const;
 
 private:
+    ReadOnlyConnection(const QString &path, Sharing sharing);
+
+    Error error(const QSqlError &reason) const;
     void interruptIf(const std::atomic_bool &isCancelled);
 
+    const QString m_path;
     const QString m_name;
     QSqlDatabase m_database;
 };

@@ -35,8 +35,8 @@ Expected<void> StoreSession::readProfile(const std::function<Expected<void>()> &
     if (m_isAbandoned) {
         return failure(operationCancelled());
     }
-    const ProfileReader reader(m_profile, m_isAbandoned);
-    return read();
+    const auto reader = ProfileReader::open(m_profile, m_isAbandoned);
+    return reader ? read() : failure(reader.error());
 }
 
 void StoreSession::rememberDatabase() {

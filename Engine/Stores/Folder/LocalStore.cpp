@@ -1,13 +1,10 @@
 #include "Engine/Stores/Folder/LocalStore.h"
 
 #include <QtCore/QFileInfo>
-#include <QtCore/QScopeGuard>
-#include <QtCore/QUuid>
-#include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlError>
-#include <QtSql/QSqlQuery>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/InboxUUID.h"
 #include "Host/SyncStrings.h"
 
@@ -27,19 +24,15 @@ Expected<void> LocalStore::open(const EngineFuture & /*future*/) {
 }
 
 Expected<EngineStore::Fetched> LocalStore::fetch(const EngineFuture & /*future*/) {
-    const QString connection = QUuid::createUuid().toString();
-    const auto removal = qScopeGuard([&] { QSqlDatabase::removeDatabase(connection); });
-    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
-    database.setDatabaseName(m_path);
-    database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
-    if (!database.open()) {
-        return failure(cannotBeRead(database.lastError()));
-    }
-    return databasesIn(database);
+    return ReadOnlyConnection::open(m_path, ReadOnlyConnection::Sharing::Shared)
+        .and_then([this](const auto &profile) { return databasesIn(*profile); })
+        .map_error([](const Error &error) {
+            return engineError(EngineErrorCode::StoreUnreachable, error.localizedDescription);
+        });
 }
 
-Expected<EngineStore::Fetched> LocalStore::databasesIn(const QSqlDatabase &database) {
-    QSqlQuery rows(database);
+Expected<EngineStore::Fetched> LocalStore::databasesIn(const ReadOnlyConnection &profile) {
+    QSqlQuery rows = profile.query();
     rows.exec(
         QStringLiteral("SELECT uuid, name, is_inbox FROM databases ORDER BY is_inbox DESC, id"));
     Fetched fetched;
@@ -49,13 +42,7 @@ Expected<EngineStore::Fetched> LocalStore::databasesIn(const QSqlDatabase &datab
     }
     // Stepping can fail at any row.
     if (rows.lastError().isValid()) {
-        return failure(cannotBeRead(rows.lastError()));
+        return failure(profile.queryError(rows));
     }
     return fetched;
-}
-
-Error LocalStore::cannotBeRead(const QSqlError &error) const {
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       localizedSyncString("The profile “%1” cannot be read or written: %2")
-                           .arg(m_path, error.databaseText()));
 }

@@ -2,8 +2,7 @@
 
 #include "Engine/Stores/EngineStore.h"
 
-class QSqlDatabase;
-class QSqlError;
+class ReadOnlyConnection;
 
 /// The databases that the profile contains, open or not, as a store. It reads the profile through
 /// its own connection, so it does not wait for the main thread, and sees what is on disk.
@@ -21,8 +20,7 @@ protected:
 
 private:
     /// Reads the databases through an open connection.
-    Expected<Fetched> databasesIn(const QSqlDatabase &database);
-    Error cannotBeRead(const QSqlError &error) const;
+    Expected<Fetched> databasesIn(const ReadOnlyConnection &profile);
 
     const QString m_path;
 };
