@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QString>
+#include <QtCore/QStringList>
 
 /// The names in a sync store: a folder with an extension of its own that holds one folder of
 /// database records and one of transaction records. In Host, because the preference pane makes and
@@ -15,5 +15,11 @@ inline const QString DatabasesFolder = QStringLiteral("databases");
 inline const QString TransactionsFolder = QStringLiteral("transactions");
 /// The end of the file name of every record.
 inline const QString RecordEnding = QStringLiteral(".json");
+
+/// Returns the paths of the folders of an empty sync store at `path`, in the order in which they
+/// must be created.
+inline QStringList foldersOfStore(const QString &path) {
+    return {path, path + u'/' + DatabasesFolder, path + u'/' + TransactionsFolder};
+}
 
 }  // namespace SyncStoreLayout

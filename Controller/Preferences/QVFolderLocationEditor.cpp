@@ -4,16 +4,13 @@
 #include "Host/QVSyncPlugin.h"
 #include "Host/SyncStoreLayout.h"
 #include "Platform/Foundation/FileManager.h"
-#include "Platform/Foundation/PathComponents.h"
 #include "Platform/Interface/PackagePanel.h"
 
 namespace {
 
 Expected<void> makePackage(const QString &path) {
-    for (const QString &folder :
-         {QString(), SyncStoreLayout::DatabasesFolder, SyncStoreLayout::TransactionsFolder}) {
-        const QString directory = PathComponents::appending(path, folder);
-        if (Expected<void> made = FileManager::createDirectory(directory); !made) {
+    for (const QString &folder : SyncStoreLayout::foldersOfStore(path)) {
+        if (Expected<void> made = FileManager::createDirectory(folder); !made) {
             return made;
         }
     }

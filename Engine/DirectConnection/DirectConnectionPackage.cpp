@@ -38,7 +38,7 @@ Error notServed(const QString &name) {
 }  // namespace
 
 QString DirectConnectionPackage::pathInProfile(const QString &directory) {
-    return directory + QStringLiteral("/Direct Connection.qvSyncStore");
+    return directory + QStringLiteral("/Direct Connection.") + SyncStoreLayout::Extension;
 }
 
 DirectConnectionPackage::DirectConnectionPackage(const QString &path,
@@ -46,8 +46,7 @@ DirectConnectionPackage::DirectConnectionPackage(const QString &path,
     : m_path(path), m_store(std::move(store)), m_future(std::make_shared<EngineFuture>()) {}
 
 Expected<void> DirectConnectionPackage::make() const {
-    for (const QString &folder : {m_path, m_path + QStringLiteral("/databases"),
-                                  m_path + QStringLiteral("/transactions")}) {
+    for (const QString &folder : SyncStoreLayout::foldersOfStore(m_path)) {
         if (!QFileInfo(folder).isDir() && !FileManager::createDirectory(folder)) {
             return failure(
                 engineError(EngineErrorCode::ServerUnusable,

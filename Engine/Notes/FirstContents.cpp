@@ -10,6 +10,7 @@
 #include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileFolder.h"
+#include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/Url.h"
@@ -99,9 +100,8 @@ Expected<void> makeFolder(const QString &path) {
 Expected<void> writeLocation(const ProfileDatabase &profile, const QString &UUID,
                              const QString &name) {
     const QString stores = profile.directory() + u'/' + ProfileFolder::SyncStoresName;
-    const QString package = stores + QStringLiteral("/Home.qvSyncStore");
-    for (const QString &folder : {stores, package, package + QStringLiteral("/databases"),
-                                  package + QStringLiteral("/transactions")}) {
+    const QString package = stores + QStringLiteral("/Home.") + SyncStoreLayout::Extension;
+    for (const QString &folder : QStringList{stores} + SyncStoreLayout::foldersOfStore(package)) {
         if (Expected<void> made = makeFolder(folder); !made) {
             return made;
         }
