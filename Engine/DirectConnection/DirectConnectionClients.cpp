@@ -3,11 +3,11 @@
 #include <openssl/crypto.h>
 
 #include <QtCore/QCryptographicHash>
-#include <QtCore/QUrl>
 #include <algorithm>
 
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/Foundation/FoundSecret.h"
+#include "Platform/Foundation/PercentEscapes.h"
 #include "Platform/Security/Keychain.h"
 
 namespace {
@@ -31,7 +31,7 @@ bool DirectConnectionClients::isName(const QString &name) {
 }
 
 QString DirectConnectionClients::account(const QString &name) {
-    return QString::fromLatin1(QUrl::toPercentEncoding(name, OtherPrintable));
+    return QString::fromLatin1(PercentEscapes::encoding(name, OtherPrintable));
 }
 
 void DirectConnectionClients::replaceFormerAccounts() {

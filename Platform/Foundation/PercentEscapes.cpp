@@ -3,6 +3,18 @@
 #include <QtCore/QUrl>
 #include <algorithm>
 
+QByteArray PercentEscapes::encoding(const QString &text, const QByteArray &kept) {
+    return QUrl::toPercentEncoding(text, kept);
+}
+
+QString PercentEscapes::encodingPath(const QString &path) {
+    return QString::fromLatin1(encoding(path, "/!$&'()*+,;=:@"));
+}
+
+QString PercentEscapes::decoding(QStringView text) {
+    return QUrl::fromPercentEncoding(text.toLatin1());
+}
+
 QString PercentEscapes::adding(const QString &text, const QString &alsoEscaped) {
     // Qt always encodes non-ASCII characters and never encodes "-", ".", "_" and "~".
     QString ascii = alsoEscaped;

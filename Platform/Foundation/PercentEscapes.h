@@ -4,13 +4,23 @@
 
 #include "Platform/PlatformExport.h"
 
-/// Percent encoding according to RFC 2396. Thread-safe.
+/// Percent encoding. Hexadecimal digits are written in upper case. Thread-safe.
 namespace PercentEscapes {
 
-/// Returns `text` in UTF-8 with every byte percent-encoded (hexadecimal digits in upper case) that
-/// must not occur in a URL: all except the unreserved characters (letters, digits, "-_.!~*'()") and
-/// the reserved characters ";/?:@&=+$,". Characters of these that `alsoEscaped` contains are
-/// encoded too.
+/// Returns `text` in UTF-8 with every byte percent-encoded except the unreserved characters of RFC
+/// 3986, section 2.3, and the ASCII characters in `kept`.
+PLATFORM_EXPORT QByteArray encoding(const QString &text, const QByteArray &kept = {});
+/// Returns `path` with every byte percent-encoded that must not occur in the path of a URL
+/// according to RFC 3986, section 3.3.
+PLATFORM_EXPORT QString encodingPath(const QString &path);
+/// Returns `text`, which must be ASCII, with its percent escapes replaced by the UTF-8 text that
+/// they encode.
+PLATFORM_EXPORT QString decoding(QStringView text);
+
+/// Returns `text` in UTF-8 with every byte percent-encoded that must not occur in a URL according
+/// to RFC 2396: all except the unreserved characters (letters, digits, "-_.!~*'()") and the
+/// reserved characters ";/?:@&=+$,". Characters of these that `alsoEscaped` contains are encoded
+/// too.
 PLATFORM_EXPORT QString adding(const QString &text, const QString &alsoEscaped = {});
 
 }  // namespace PercentEscapes

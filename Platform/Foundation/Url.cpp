@@ -2,9 +2,10 @@
 
 #include <arpa/inet.h>
 
-#include <QtCore/QUrl>
 #include <algorithm>
 #include <array>
+
+#include "Platform/Foundation/PercentEscapes.h"
 
 // Names of grammar rules are those of RFC 3986, appendix A. Every function here is O(n).
 
@@ -85,10 +86,6 @@ QStringView cutAfter(QStringView &text, QChar separator) {
     return rest;
 }
 
-QString decoded(QStringView text) {
-    return QUrl::fromPercentEncoding(text.toLatin1());
-}
-
 }  // namespace
 
 Url Url::fromString(const QString &text) {
@@ -100,8 +97,7 @@ Url Url::fileURL(const QString &path) {
     if (!path.startsWith(u'/')) {
         return {};
     }
-    return fromString(QLatin1StringView("file://") +
-                      QString::fromLatin1(QUrl::toPercentEncoding(path, "/!$&'()*+,;=:@")));
+    return fromString(QLatin1StringView("file://") + PercentEscapes::encodingPath(path));
 }
 
 QString Url::hostInURL(const QString &host) {
@@ -154,7 +150,7 @@ bool Url::parseAuthority(QStringView authority) {
         if (!isEscapedText(user, "") || !isEscapedText(password, ":")) {
             return false;
         }
-        m_user = user.isEmpty() ? QLatin1StringView("") : decoded(user);
+        m_user = user.isEmpty() ? QLatin1StringView("") : PercentEscapes::decoding(user);
         hostAndPort = authority.sliced(at + 1);
     }
     return parseHostAndPort(hostAndPort);
@@ -163,7 +159,7 @@ bool Url::parseAuthority(QStringView authority) {
 bool Url::parseHostAndPort(QStringView text) {
     if (!text.startsWith(u'[')) {
         const QStringView port = cutAfter(text, u':');
-        m_host = decoded(text);
+        m_host = PercentEscapes::decoding(text);
         return isEscapedText(text, "") && parsePort(port);
     }
     QStringView address = text.sliced(1);
@@ -188,7 +184,7 @@ bool Url::parsePort(QStringView text) {
 }
 
 bool Url::parsePath(QStringView text) {
-    m_path = decoded(text);
+    m_path = PercentEscapes::decoding(text);
     while (m_path.size() > 1 && m_path.endsWith(u'/')) {
         m_path.chop(1);
     }

@@ -3,6 +3,7 @@
 #include <QtNetwork/QHostAddress>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Host/LocationSchemes.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/UserDefaults.h"
 
@@ -19,8 +20,8 @@ bool isLoopback(const QString &host) {
 }
 
 bool isSafe(const QUrl &address) {
-    const bool isSecret = address.scheme() == QStringLiteral("https");
-    const bool staysHere = address.scheme() == QStringLiteral("http") && isLoopback(address.host());
+    const bool isSecret = address.scheme() == LocationSchemes::Https;
+    const bool staysHere = address.scheme() == LocationSchemes::Http && isLoopback(address.host());
     return address.isValid() && !address.host().isEmpty() && address.userInfo().isEmpty() &&
            (isSecret || staysHere);
 }

@@ -1,11 +1,11 @@
 #include "Engine/Stores/Http/FormEncoding.h"
 
-#include <QtCore/QUrl>
+#include "Platform/Foundation/PercentEscapes.h"
 
 QByteArray FormEncoding::encode(const QList<Field> &fields) {
     QByteArrayList encoded;
     for (const Field &field : fields) {
-        encoded.append(field.name + '=' + QUrl::toPercentEncoding(field.value));
+        encoded.append(field.name + '=' + PercentEscapes::encoding(field.value));
     }
     return encoded.join('&');
 }

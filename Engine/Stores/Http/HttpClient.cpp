@@ -3,6 +3,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Http/HttpConnection.h"
 #include "Engine/Stores/Http/HttpStatus.h"
+#include "Host/LocationSchemes.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -16,7 +17,7 @@ bool isRedirection(int status) {
 
 bool areOfOneServer(const QUrl &one, const QUrl &other) {
     const auto port = [](const QUrl &URL) {
-        return URL.port(URL.scheme() == QStringLiteral("https") ? 443 : 80);
+        return URL.port(URL.scheme() == LocationSchemes::Https ? 443 : 80);
     };
     return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
 }

@@ -9,6 +9,7 @@
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 #include "Host/UnencryptedPasswords.h"
+#include "Platform/Foundation/PercentEscapes.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 
 namespace {
@@ -29,7 +30,7 @@ QString plainText(const QUrl &URL) {
 QStringList decodedParts(const QUrl &URL) {
     QStringList parts;
     for (const QString &part : URL.path(QUrl::FullyEncoded).split(u'/', Qt::SkipEmptyParts)) {
-        parts.append(QUrl::fromPercentEncoding(part.toUtf8()));
+        parts.append(PercentEscapes::decoding(part));
     }
     return parts;
 }
@@ -94,7 +95,7 @@ QString WebDAVStore::place(const QString &name) const {
 QUrl WebDAVStore::blobURL(const QString &name) const {
     QUrl result = m_package;
     if (!name.isEmpty()) {
-        const QByteArray encoded = QUrl::toPercentEncoding(name, "/");
+        const QByteArray encoded = PercentEscapes::encoding(name, "/");
         result.setPath(m_package.path(QUrl::FullyEncoded) + u'/' + QString::fromLatin1(encoded),
                        QUrl::TolerantMode);
     }
