@@ -16,8 +16,9 @@ public:
     /// The work of an operation; it should return soon after `future` is cancelled.
     using Work = std::function<void(EngineFuture &future)>;
 
-    /// Calls `work` later on a thread and returns at once. Cancelling the returned
-    /// future, which is never null, cancels the operation.
+    /// Calls `work` later on a thread and returns at once. Cancelling the returned future, which is
+    /// never null, cancels the operation. While end() waits, the operation is cancelled from the
+    /// start.
     std::shared_ptr<PZFuture> start(Work work);
     /// Cancels all operations, including those that handlers start meanwhile, and blocks until none
     /// is running; operations that have not ended in time are abandoned, see WorkerThreads. Must be
@@ -25,13 +26,12 @@ public:
     void end();
 
 private:
-    /// The futures of the operations that have not ended.
     struct Running {
         std::mutex mutex;
+        /// Those of the operations that have not ended.
         std::set<std::shared_ptr<PZFuture>> futures;
+        bool isEnding = false;
     };
-
-    void cancel();
 
     /// Shared with the operations.
     const std::shared_ptr<Running> m_running = std::make_shared<Running>();
