@@ -9,6 +9,7 @@
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/RemovalDialog.h"
 #include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/MainQueue.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Platform/Foundation/TerminalText.h"
 #include "Platform/Interface/PlainText.h"
@@ -92,8 +93,7 @@ void VelmoraApplication::presentError(const Error &error) {
 QuestionPresenter::Withdrawal VelmoraApplication::ask(const Question &question,
                                                       std::function<void(bool)> handler) {
     if (m_isBatch) {
-        QMetaObject::invokeMethod(
-            this, [handler = std::move(handler)] { handler(false); }, Qt::QueuedConnection);
+        MainQueue::dispatchAsync([handler = std::move(handler)] { handler(false); });
         return [] {};
     }
     auto *box = new QMessageBox(QMessageBox::Question, applicationDisplayName(), {},
@@ -118,9 +118,8 @@ QuestionPresenter::Withdrawal VelmoraApplication::ask(const Question &question,
 void VelmoraApplication::askAboutRemoval(const RemovalQuestion &question,
                                          std::function<void(RemovalDecision)> handler) {
     if (m_isBatch) {
-        QMetaObject::invokeMethod(
-            this, [handler = std::move(handler)] { handler(RemovalDecision::Later); },
-            Qt::QueuedConnection);
+        MainQueue::dispatchAsync(
+            [handler = std::move(handler)] { handler(RemovalDecision::Later); });
         return;
     }
     (new RemovalDialog(question, std::move(handler), windowForDialog()))->open();

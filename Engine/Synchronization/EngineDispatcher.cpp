@@ -12,6 +12,7 @@
 #include "Engine/Synchronization/FailureSummary.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/MainQueue.h"
 
 namespace {
 
@@ -205,7 +206,11 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
 }
 
 void EngineDispatcher::postHandler(std::function<void()> handler) {
-    QMetaObject::invokeMethod(this, std::move(handler), Qt::QueuedConnection);
+    MainQueue::dispatchAsync([self = QPointer(this), handler = std::move(handler)] {
+        if (self) {
+            handler();
+        }
+    });
 }
 
 void EngineDispatcher::add(const Entry &entry) {
