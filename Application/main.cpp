@@ -84,10 +84,13 @@ Expected<void> writeScreenshot(const QString &file) {
     window->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (!isWritten) {
-        return failure({.domain = QStringLiteral("Velmora"),
-                        .localizedDescription = QCoreApplication::translate(
-                                                    "main", "The picture cannot be written to %1.")
-                                                    .arg(file)});
+        return failure(
+            {.domain = QStringLiteral("Velmora"),
+             .localizedDescription =
+                 QCoreApplication::translate("main",
+                                             "The picture cannot be written to %1. Check the "
+                                             "folder and its permissions, or choose another file.")
+                     .arg(file)});
     }
     return {};
 }

@@ -14,6 +14,13 @@ bool isEngineError(const Error &error, EngineErrorCode code) {
     return error.domain == EngineErrorDomain && error.code == static_cast<int>(code);
 }
 
+Error damagedRecord(const QString &place) {
+    return engineError(EngineErrorCode::DamagedRecord,
+                       "The record “%1” is damaged. Synchronize the other computers that use this "
+                       "location, because one of them may write it again.",
+                       place);
+}
+
 Error operationCancelled() {
     return engineError(EngineErrorCode::Cancelled,
                        localizedSyncString("The operation was cancelled."));

@@ -49,5 +49,7 @@ Error engineError(EngineErrorCode code, const QString &description);
 Error engineError(EngineErrorCode code, const char *text, const QString &place);
 /// Returns true if `error` is the engine's error `code`; codes of other domains do not count.
 bool isEngineError(const Error &error, EngineErrorCode code);
+/// Returns an error of the code DamagedRecord for the record at `place`, in words for the user.
+Error damagedRecord(const QString &place);
 /// Returns the error of an operation that was cancelled.
 Error operationCancelled();

@@ -51,8 +51,7 @@ Expected<QString> DatabaseRecord::name(const QByteArray &record, const QString &
     const bool isSound = version == Version && object.value(RecordUUID) == databaseUUID &&
                          name.isValidUtf16() && Operation::isName(name);
     if (!isSound) {
-        return failure(
-            engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", place));
+        return failure(damagedRecord(place));
     }
     return name;
 }

@@ -166,7 +166,6 @@ Expected<Transaction> Transaction::decoded(const QByteArray &record, const QStri
         }
         return decodedTransaction(object);
     } catch (const Unsound &) {
-        return failure(
-            engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", name));
+        return failure(damagedRecord(name));
     }
 }

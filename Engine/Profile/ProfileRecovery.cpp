@@ -166,8 +166,11 @@ Expected<void> ProfileRecovery::restoreBackup(const QString &directory) {
     }
     const std::optional<ProfileBackups::Backup> &backup = *found;
     if (!backup) {
-        return failure(engineError(EngineErrorCode::BackupFailed,
-                                   "The profile “%1” has no backup that is sound.", directory));
+        return failure(
+            engineError(EngineErrorCode::BackupFailed,
+                        "The profile “%1” has no intact backup. Use another profile, and get your "
+                        "notes from the locations with which you have synchronized.",
+                        directory));
     }
     const QTemporaryDir folder(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
     const QString copy = folder.filePath(DatabaseName);

@@ -153,8 +153,7 @@ Expected<EngineStore::Fetched> BlobStore::fetch(const EngineFuture &future) {
 
 Expected<QString> BlobStore::databaseName(const QString &file, const EngineFuture &future) {
     const QString path = SyncStoreLayout::DatabasesFolder + u'/' + file;
-    const Error damaged =
-        engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.", place(path));
+    const Error damaged = damagedRecord(place(path));
     const std::optional<QString> UUID = DatabaseRecord::databaseUUID(file);
     if (!UUID) {
         return failure(damaged);

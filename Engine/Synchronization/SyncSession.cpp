@@ -149,8 +149,7 @@ Expected<void> SyncSession::list(BlobStore &store, const EngineFuture &future) {
         if (TransactionName::isValid(name)) {
             m_unread.append(name);
         } else if (name.endsWith(SyncStoreLayout::RecordEnding)) {
-            addProblem(engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.",
-                                   store.place(path(name))));
+            addProblem(damagedRecord(store.place(path(name))));
         }
     }
     return {};

@@ -79,8 +79,7 @@ Expected<void> VerificationSession::list(BlobStore &store, const EngineFuture &f
         if (TransactionName::isValid(name)) {
             m_names.append(name);
         } else if (name.endsWith(SyncStoreLayout::RecordEnding)) {
-            addProblem(engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.",
-                                   store.place(path(name))));
+            addProblem(damagedRecord(store.place(path(name))));
         } else if (TransactionName::isOfDamaged(name)) {
             ++m_setAsideCount;
         }

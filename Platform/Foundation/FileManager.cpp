@@ -17,6 +17,9 @@ Expected<void> FileManager::createDirectory(const QString &path) {
         {.domain = ErrorDomain,
          .code = number,
          .localizedDescription =
-             localizedString(PlatformTable, "The folder “%1” could not be created.").arg(path),
+             localizedString(PlatformTable,
+                             "The folder “%1” could not be created. Check the permissions of the "
+                             "folder that contains it, or choose another one.")
+                 .arg(path),
          .localizedFailureReason = QString::fromLocal8Bit(std::strerror(number))});
 }

@@ -63,7 +63,8 @@ QString reasonOf(Failure failure) {
         case Failure::Cancelled:
             break;
     }
-    return localizedString(PlatformTable, "The password service failed.");
+    return localizedString(PlatformTable,
+                           "The password service failed. To restart it, log out and log in again.");
 }
 
 /// The user waits for both when quitting.
@@ -89,13 +90,15 @@ Expected<QList<StoredSecret>> result(const QList<StoredSecret> &own, const Found
 }
 
 Error errorOfWriting(Failure failure) {
-    return {.domain = ErrorDomain,
-            .code = static_cast<int>(failure),
-            .localizedDescription =
-                localizedString(PlatformTable,
-                                "Passwords cannot be saved. They are kept until you quit %1.")
-                    .arg(QCoreApplication::applicationName()),
-            .localizedFailureReason = reasonOf(failure)};
+    return {
+        .domain = ErrorDomain,
+        .code = static_cast<int>(failure),
+        .localizedDescription =
+            localizedString(PlatformTable,
+                            "Passwords cannot be saved. They are kept until you quit %1. To save "
+                            "them, start or unlock the password service, and enter them again.")
+                .arg(QCoreApplication::applicationName()),
+        .localizedFailureReason = reasonOf(failure)};
 }
 
 Error errorOfRemoving(Failure failure) {

@@ -360,8 +360,8 @@
         <translation>Ausgestellt für: %1</translation>
     </message>
     <message>
-        <source>A secure connection to the server “%1” could not be established: %2.</source>
-        <translation>Zum Server „%1“ konnte keine sichere Verbindung hergestellt werden: %2.</translation>
+        <source>A secure connection to the server “%1” could not be established (%2). Check its port, and whether it supports HTTPS.</source>
+        <translation>Zum Server „%1“ konnte keine sichere Verbindung hergestellt werden (%2). Prüfen Sie den Port und ob der Server HTTPS unterstützt.</translation>
     </message>
     <message>
         <source>“%1” is not a valid name in a sync store.</source>
@@ -600,8 +600,8 @@
         <translation>Der Datensatz „%1“ war beschädigt und wird erneut geschrieben.</translation>
     </message>
     <message>
-        <source>The record “%1” is damaged.</source>
-        <translation>Der Datensatz „%1“ ist beschädigt.</translation>
+        <source>The record “%1” is damaged. Synchronize the other computers that use this location, because one of them may write it again.</source>
+        <translation>Der Datensatz „%1“ ist beschädigt. Synchronisieren Sie die anderen Computer, die diesen Ort verwenden, weil einer davon ihn vielleicht neu schreibt.</translation>
     </message>
     <message>
         <source>Inbox</source>
@@ -1344,12 +1344,12 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Die Kopie ist nicht vollständig.</translation>
     </message>
     <message>
-        <source>The backup “%1” is damaged.</source>
-        <translation>Die Sicherungskopie „%1“ ist beschädigt.</translation>
+        <source>The backup “%1” is damaged. Use another backup.</source>
+        <translation>Die Sicherungskopie „%1“ ist beschädigt. Verwenden Sie eine andere.</translation>
     </message>
     <message>
-        <source>The profile “%1” has no backup that is sound.</source>
-        <translation>Vom Profil „%1“ gibt es keine unbeschädigte Sicherungskopie.</translation>
+        <source>The profile “%1” has no intact backup. Use another profile, and get your notes from the locations with which you have synchronized.</source>
+        <translation>Vom Profil „%1“ gibt es keine unbeschädigte Sicherungskopie. Verwenden Sie ein anderes Profil und holen Sie Ihre Notizen von den Orten, mit denen Sie synchronisiert haben.</translation>
     </message>
     <message>
         <source>The profile “%1” could not be replaced: %2</source>
@@ -1362,10 +1362,6 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>Backup:</source>
         <translation>Sicherungskopie:</translation>
-    </message>
-    <message>
-        <source>It cannot be read.</source>
-        <translation>Es kann nicht gelesen werden.</translation>
     </message>
     <message>
         <source>This version of “%1” is no longer kept.</source>
@@ -1455,12 +1451,12 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Im lokalen Netz hat sich kein Computer mit dem Namen „%1“ gemeldet. Prüfen Sie, ob der Computer eingeschaltet und im selben Netz ist.</translation>
     </message>
     <message>
-        <source>The password service failed.</source>
-        <translation>Der Passwortdienst ist fehlgeschlagen.</translation>
+        <source>The password service failed. To restart it, log out and log in again.</source>
+        <translation>Der Passwortdienst ist fehlgeschlagen. Melden Sie sich ab und wieder an, um ihn neu zu starten.</translation>
     </message>
     <message>
-        <source>Passwords cannot be saved. They are kept until you quit %1.</source>
-        <translation>Passwörter können nicht gespeichert werden. Sie bleiben erhalten, bis %1 beendet wird.</translation>
+        <source>Passwords cannot be saved. They are kept until you quit %1. To save them, start or unlock the password service, and enter them again.</source>
+        <translation>Passwörter können nicht gespeichert werden. Sie bleiben erhalten, bis %1 beendet wird. Um sie zu speichern, starten oder entsperren Sie den Passwortdienst und geben Sie sie erneut ein.</translation>
     </message>
     <message>
         <source>yesterday at %1</source>
@@ -1475,8 +1471,12 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>morgen um %1</translation>
     </message>
     <message>
-        <source>The folder “%1” could not be created.</source>
-        <translation>Der Ordner „%1“ konnte nicht angelegt werden.</translation>
+        <source>The folder “%1” could not be created. Check the permissions of the folder that contains it, or choose another one.</source>
+        <translation>Der Ordner „%1“ konnte nicht angelegt werden. Prüfen Sie die Zugriffsrechte des übergeordneten Ordners oder wählen Sie einen anderen.</translation>
+    </message>
+    <message>
+        <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>
+        <translation>Die Datenbank „%1“ kann nicht gelesen werden (%2). Versuchen Sie es erneut. Wenn das nicht hilft, prüfen Sie den Datenträger und die Zugriffsrechte der Datei.</translation>
     </message>
 </context>
 </TS>

@@ -472,8 +472,8 @@
 <context>
     <name>main</name>
     <message>
-        <source>The picture cannot be written to %1.</source>
-        <translation>Das Bild kann nicht in %1 geschrieben werden.</translation>
+        <source>The picture cannot be written to %1. Check the folder and its permissions, or choose another file.</source>
+        <translation>Das Bild kann nicht in %1 geschrieben werden. Prüfen Sie den Ordner und seine Zugriffsrechte oder wählen Sie eine andere Datei.</translation>
     </message>
     <message>
         <source>There is no display to open a window on. A picture of Sync Preferences is in this file:</source>

@@ -39,8 +39,8 @@ private Q_SLOTS:
         store(QStringLiteral("first"));
         QTRY_COMPARE(messageBoxes().size(), 1);
         QMessageBox *box = messageBoxes().first();
-        QCOMPARE(box->text(), QStringLiteral("Passwords cannot be saved. "
-                                             "They are kept until you quit velmora-tests."));
+        QVERIFY(box->text().startsWith(QStringLiteral(
+            "Passwords cannot be saved. They are kept until you quit velmora-tests. ")));
         QCOMPARE(box->informativeText(),
                  QStringLiteral("No password service is running on this computer."));
         box->close();

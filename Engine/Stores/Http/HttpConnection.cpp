@@ -307,7 +307,8 @@ Error HttpConnection::transportError(CURLcode code) const {
             return engineError(
                 EngineErrorCode::StoreUnreachable,
                 localizedSyncString(
-                    "A secure connection to the server “%1” could not be established: %2.")
+                    "A secure connection to the server “%1” could not be established (%2). Check "
+                    "its port, and whether it supports HTTPS.")
                     .arg(server(), text));
         default:
             break;
