@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr std::chrono::seconds ConnectingPatience(10);
+constexpr std::chrono::seconds ConnectionTimeout(10);
 
 using Addresses = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
 
@@ -82,7 +82,7 @@ Expected<void> DirectConnectionLink::connect(const QString &host, quint16 port,
     ignoreBrokenPipes();
     m_host = host;
     const Expected<QString> name = LocalHostName::isLocal(host)
-                                       ? LocalHostName::address(host, ConnectingPatience)
+                                       ? LocalHostName::address(host, ConnectionTimeout)
                                        : Expected<QString>(host);
     // The system may have other ways to resolve a local name.
     const Addresses addresses = lookUp(name.value_or(host), port);
@@ -107,7 +107,7 @@ bool DirectConnectionLink::connectTo(const addrinfo &address, const EngineFuture
     if (::connect(m_socket, address.ai_addr, address.ai_addrlen) != 0 && errno != EINPROGRESS) {
         return false;
     }
-    if (!waitFor(POLLOUT, QDeadlineTimer(ConnectingPatience), future)) {
+    if (!waitFor(POLLOUT, QDeadlineTimer(ConnectionTimeout), future)) {
         return false;
     }
     int problem = 0;
@@ -125,7 +125,7 @@ Expected<void> DirectConnectionLink::startEncryption(const EngineFuture &future)
     SSL_CTX_set_mode(m_context.get(), SSL_MODE_ENABLE_PARTIAL_WRITE);
     m_session.reset(SSL_new(m_context.get()));
     SSL_set_fd(m_session.get(), m_socket);
-    const QDeadlineTimer deadline(ConnectingPatience);
+    const QDeadlineTimer deadline(ConnectionTimeout);
     int result = SSL_connect(m_session.get());
     while (result != 1 && waitToGoOn(result, deadline, future)) {
         result = SSL_connect(m_session.get());

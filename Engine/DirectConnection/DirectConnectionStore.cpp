@@ -21,9 +21,9 @@ using namespace DirectConnectionMessage;
 namespace {
 
 /// Maximum time without received data.
-constexpr std::chrono::seconds AnswerPatience(30);
+constexpr std::chrono::seconds ResponseTimeout(30);
 /// The same while the server's user decides; longer than the server waits.
-constexpr std::chrono::seconds PairingPatience(150);
+constexpr std::chrono::seconds PairingTimeout(150);
 
 /// Returns the name under which this computer asks for authorization.
 QString clientName() {
@@ -126,7 +126,7 @@ Expected<Received> DirectConnectionStore::request(const QCborMap &request, const
                                                   const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
     Expected<Received> answer = connectIfNeeded(future).and_then(
-        [&] { return m_link.exchange(request, Limit, {AnswerPatience}, future); });
+        [&] { return m_link.exchange(request, Limit, {ResponseTimeout}, future); });
     if (!answer) {
         return failure(future.isCancelled() ? operationCancelled() : answer.error());
     }
@@ -179,7 +179,7 @@ Expected<void> DirectConnectionStore::greet(const SecretBytes &secret, const Eng
     QCborMap message = ofType(Hello);
     message[Name] = clientName();
     message[Secret] = secret.toByteArray();
-    return m_link.exchange(message, LimitBeforeAuthorization, {AnswerPatience}, future)
+    return m_link.exchange(message, LimitBeforeAuthorization, {ResponseTimeout}, future)
         .and_then([this](const auto &answer) { return takeWelcome(answer.values); });
 }
 
@@ -193,7 +193,7 @@ Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
     message[Name] = pairing.clientName;
     message[Commitment] = pairing.commitment();
     const Expected<Received> answer =
-        m_link.exchange(message, LimitBeforeAuthorization, {AnswerPatience}, future);
+        m_link.exchange(message, LimitBeforeAuthorization, {ResponseTimeout}, future);
     if (!answer) {
         return failure(answer.error());
     }
@@ -221,12 +221,12 @@ Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pai
     message[Nonce] = pairing.clientNonce;
     message[Secret] = pairing.clientSecret.toByteArray();
     Expected<void> welcome =
-        m_link.exchange(message, LimitBeforeAuthorization, {PairingPatience}, future)
+        m_link.exchange(message, LimitBeforeAuthorization, {PairingTimeout}, future)
             .and_then([this](const auto &answer) { return takeWelcome(answer.values); });
     if (!welcome) {
         return welcome;
     }
-    if (!confirmation.wait(future, PairingPatience)) {
+    if (!confirmation.wait(future, PairingTimeout)) {
         return failure(operationCancelled());
     }
     m_pairings->keep(m_pairingKey, pairing.serverFingerprint, pairing.clientSecret);

@@ -45,9 +45,9 @@ UserConfirmation::~UserConfirmation() {
     });
 }
 
-bool UserConfirmation::wait(const EngineFuture &future, std::chrono::milliseconds patience) const {
+bool UserConfirmation::wait(const EngineFuture &future, std::chrono::milliseconds timeout) const {
     std::unique_lock lock(m_state->mutex);
-    CancellableWait(future, QDeadlineTimer(patience)).until(m_state->answered, lock, [this] {
+    CancellableWait(future, QDeadlineTimer(timeout)).until(m_state->answered, lock, [this] {
         return m_state->answer.has_value();
     });
     return m_state->answer.value_or(false);

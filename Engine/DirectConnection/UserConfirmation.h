@@ -16,9 +16,9 @@ public:
     UserConfirmation(const UserConfirmation &) = delete;
     UserConfirmation &operator=(const UserConfirmation &) = delete;
 
-    /// Blocks until the user has answered, `future` is cancelled, or `patience` has expired.
+    /// Blocks until the user has answered, `future` is cancelled, or `timeout` has expired.
     /// Returns whether the user accepted. Must not be called on the main thread.
-    bool wait(const EngineFuture &future, std::chrono::milliseconds patience) const;
+    bool wait(const EngineFuture &future, std::chrono::milliseconds timeout) const;
 
 private:
     struct State;

@@ -103,10 +103,10 @@ bool LocalHostName::isLocal(const QString &hostName) {
 }
 
 Expected<QString> LocalHostName::address(const QString &hostName,
-                                         std::chrono::milliseconds patience) {
+                                         std::chrono::milliseconds timeout) {
     // Half of the time for each family: a host without an address of one does not reply to it.
     for (const AvahiProtocol protocol : {AVAHI_PROTO_INET, AVAHI_PROTO_INET6}) {
-        Expected<QString> text = lookUp(hostName, protocol, QDeadlineTimer(patience / 2));
+        Expected<QString> text = lookUp(hostName, protocol, QDeadlineTimer(timeout / 2));
         if (!text || !text->isEmpty()) {
             return text;
         }

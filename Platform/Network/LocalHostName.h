@@ -23,8 +23,8 @@ enum class ErrorCode {
 
 /// Returns an address of `hostName` as text: an IPv4 address if there is one, otherwise an IPv6
 /// address, with its interface if it is link-local. Uses the daemon because the resolvers of many
-/// systems do not know these names. Blocks for at most `patience`. Thread-safe.
+/// systems do not know these names. Blocks for at most `timeout`. Thread-safe.
 PLATFORM_EXPORT Expected<QString> address(const QString &hostName,
-                                          std::chrono::milliseconds patience);
+                                          std::chrono::milliseconds timeout);
 
 }  // namespace LocalHostName

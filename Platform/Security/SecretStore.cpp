@@ -117,7 +117,7 @@ Error errorOfRemoving(Failure failure) {
 /// callers.
 class SecretStore::Implementation {
 public:
-    explicit Implementation(std::chrono::milliseconds patience) : m_patience(patience) {}
+    explicit Implementation(std::chrono::milliseconds timeout) : m_timeout(timeout) {}
     ~Implementation() { stop(); }
 
     Expected<QList<StoredSecret>> find(const SecretAttributes &attributes, bool wantsSecrets);
@@ -161,7 +161,7 @@ private:
     Expected<bool> removed(const tl::expected<bool, Failure> &fromService, bool isForgotten);
     void fail(Failure failure);
 
-    const std::chrono::milliseconds m_patience;
+    const std::chrono::milliseconds m_timeout;
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
     std::map<SecretAttributes, Entry> m_entries;
@@ -242,7 +242,7 @@ FoundItems SecretStore::Implementation::ask(Lock &lock, const SecretAttributes &
             didAnswer(*question, found, access);
         });
     });
-    m_changed.wait_for(lock, m_patience, [&] { return question->answer.has_value(); });
+    m_changed.wait_for(lock, m_timeout, [&] { return question->answer.has_value(); });
     if (!question->answer) {
         question->isAwaited = false;
         ++m_abandonedQuestions;
@@ -425,7 +425,7 @@ std::optional<Error> SecretStore::Implementation::removalError() const {
 
 bool SecretStore::Implementation::finishWriting() {
     Lock lock(m_mutex);
-    m_changed.wait_for(lock, m_patience, [this] { return m_jobs.empty(); });
+    m_changed.wait_for(lock, m_timeout, [this] { return m_jobs.empty(); });
     return m_jobs.empty() && !m_error;
 }
 
@@ -436,7 +436,7 @@ void SecretStore::Implementation::stop() {
             return;
         }
         m_isStopped = true;
-        m_changed.wait_for(lock, std::min(m_patience, LongestEnd),
+        m_changed.wait_for(lock, std::min(m_timeout, LongestEnd),
                            [this] { return m_jobs.empty(); });
         m_thread.run([this] { m_client.cancel(); });
         // If the service does not even confirm the cancellation, continue without it.
@@ -456,8 +456,8 @@ SecretStore &SecretStore::shared() {
     return store;
 }
 
-SecretStore::SecretStore(std::chrono::milliseconds patience)
-    : m_implementation(std::make_unique<Implementation>(patience)) {}
+SecretStore::SecretStore(std::chrono::milliseconds timeout)
+    : m_implementation(std::make_unique<Implementation>(timeout)) {}
 
 SecretStore::~SecretStore() = default;
 

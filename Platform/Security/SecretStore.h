@@ -28,7 +28,7 @@ inline const QString SecretNotRemovedNotification = QStringLiteral("SecretNotRem
 using SecretAttributes = std::map<QByteArray, QByteArray>;
 
 /// Whether a secret is kept until the process ends or stored permanently.
-enum class SecretKeeping { ThisRun, ForGood };
+enum class SecretKeeping { ThisRun, Permanent };
 
 /// A secret and its attributes.
 struct StoredSecret {
@@ -36,12 +36,12 @@ struct StoredSecret {
     /// The name shown to the user by the desktop's password manager.
     QString label = {};
     SecretBytes secret = {};
-    SecretKeeping keeping = SecretKeeping::ForGood;
+    SecretKeeping keeping = SecretKeeping::Permanent;
 };
 
 /// The user's secrets in the desktop's Secret Service, together with those set in this run that the
 /// service has not stored, or not yet. Thread-safe. No call blocks longer than the store's timeout
-/// (`patience`), whatever the service does, unless stated otherwise. Error texts and logs never
+/// (`timeout`), whatever the service does, unless stated otherwise. Error texts and logs never
 /// contain a secret.
 class PLATFORM_EXPORT SecretStore {
 public:
@@ -49,8 +49,8 @@ public:
     /// have 1.2 seconds to complete; afterwards only the secrets in memory are available.
     static SecretStore &shared();
 
-    /// `patience` is the timeout of each blocking call.
-    explicit SecretStore(std::chrono::milliseconds patience = std::chrono::seconds(3));
+    /// `timeout` is the timeout of each blocking call.
+    explicit SecretStore(std::chrono::milliseconds timeout = std::chrono::seconds(3));
     /// Waits for pending writes, at most for the store's timeout or 1.2 seconds, then cancels them,
     /// which takes at most another 0.3 seconds.
     ~SecretStore();

@@ -35,8 +35,9 @@ SecretAttributes defaultUserAttributes(const UrlProtectionSpace &space) {
 }
 
 SecretKeeping keepingOf(const UrlCredential &credential) {
-    return credential.persistence == UrlCredential::Persistence::Permanent ? SecretKeeping::ForGood
-                                                                           : SecretKeeping::ThisRun;
+    return credential.persistence == UrlCredential::Persistence::Permanent
+               ? SecretKeeping::Permanent
+               : SecretKeeping::ThisRun;
 }
 
 using Credentials = QHash<QString, UrlCredential>;

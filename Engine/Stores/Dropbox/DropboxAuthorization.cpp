@@ -110,7 +110,7 @@ Expected<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration 
     if (const Expected<void> opened = openBrowser(signInPage, future); !opened) {
         return failure(opened.error());
     }
-    const Expected<QString> code = listener.wait(future, m_limits.person);
+    const Expected<QString> code = listener.wait(future, m_limits.user);
     if (!code) {
         return failure(code.error());
     }

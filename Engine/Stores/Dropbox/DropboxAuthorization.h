@@ -20,7 +20,7 @@ public:
     /// The timeouts of a sign-in.
     struct Limits {
         /// Maximum time for the user to sign in.
-        std::chrono::milliseconds person = std::chrono::minutes(10);
+        std::chrono::milliseconds user = std::chrono::minutes(10);
         HttpClient::Timeouts server = {};
     };
 

@@ -23,7 +23,7 @@ class SecretStoreTest : public QObject {
     int m_removalTellings = 0;
 
     static StoredSecret item(const QByteArray &name, const QByteArray &secret,
-                             SecretKeeping keeping = SecretKeeping::ForGood) {
+                             SecretKeeping keeping = SecretKeeping::Permanent) {
         return {.attributes = {{"xdg:schema", "velmora.Test"}, {"name", name}},
                 .label = QStringLiteral("of a test"),
                 .secret = secret,

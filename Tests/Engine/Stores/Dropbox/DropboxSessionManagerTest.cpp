@@ -386,7 +386,7 @@ private Q_SLOTS:
 
     void whoDoesNotSignInInTimeIsNotWaitedFor() {
         m_server->setPerson(DropboxServer::Person::LooksAway);
-        DropboxSessionManager manager({.person = std::chrono::milliseconds(1)});
+        DropboxSessionManager manager({.user = std::chrono::milliseconds(1)});
         const auto outcome = authorize(*manager.sessionWithURL(Url()), PZFuture::future());
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->description(),
