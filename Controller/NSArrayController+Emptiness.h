@@ -3,6 +3,7 @@
 #include "Platform/KeyValue/ArrayController.h"
 
 /// An ArrayController with a key for empty lists, to which forms bind their placeholders.
+/// Must be used on the main thread.
 class NSArrayController : public ArrayController {
     Q_OBJECT
     /// Whether there are no arranged objects. Announced with "arrangedObjects", even if it does not

@@ -33,8 +33,6 @@ private:
     const QString m_name;
 };
 
-/// Raises an AssertionFailure that says that the host has no class `name`. Used by
-/// requiredHostClass().
 /// Returns the class object registered under `name`, or null if there is none or it is not a
 /// `ClassObject`. For classes that a host may lack.
 template <class ClassObject>
@@ -42,6 +40,8 @@ ClassObject *optionalHostClass(const QString &name) {
     return dynamic_cast<ClassObject *>(NSClassFromString(name));
 }
 
+/// Raises an AssertionFailure that says that the host has no class `name`. Used by
+/// requiredHostClass().
 [[noreturn]] HOST_EXPORT void failForMissingHostClass(const QString &name);
 
 /// Returns the class object that is registered under `name`. Raises an AssertionFailure if there is

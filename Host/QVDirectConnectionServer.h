@@ -43,11 +43,11 @@ public:
     virtual void setPort(quint16 port) = 0;
     /// Returns whether the server accepts connections.
     virtual bool isServing() const = 0;
-    /// Starts the server; when the call returns, isServing() says whether that succeeded. If it
+    /// Starts the server; when the call returns, isServing() returns whether that succeeded. If it
     /// failed, for example because another program uses the port, the host presents the error to
     /// the user later, from the event loop. Emits servingChanged() in both cases. Has no effect
-    /// while the server is serving. Blocks for a moment to open
-    /// the port and, the first time, to create a key and a certificate.
+    /// while the server is serving. Blocks for a moment to open the port and, the first time, to
+    /// create a key and a certificate.
     virtual void startServing() = 0;
     /// Closes all connections, withdraws the announcement and emits servingChanged(). Blocks for a
     /// short time at most. Has no effect unless the server is serving.

@@ -26,7 +26,7 @@ using Certificate = std::unique_ptr<X509, decltype(&X509_free)>;
 using Memory = std::unique_ptr<BIO, decltype(&BIO_free)>;
 
 /// Returns a certificate for `key` that does not expire (RFC 5280, section 4.1.2.5) and identifies
-/// no person or host.
+/// no user or host.
 Certificate selfSigned(EVP_PKEY *key) {
     std::array<unsigned char, 16> serial{};
     RAND_bytes(serial.data(), serial.size());

@@ -33,7 +33,7 @@ public:
     DirectConnectionLink(const DirectConnectionLink &) = delete;
     DirectConnectionLink &operator=(const DirectConnectionLink &) = delete;
 
-    /// Connects to the server, whatever its identity: the caller must then check
+    /// Connects to the server, regardless of its identity: the caller must then check
     /// serverFingerprint(). Must not be called while connected. Blocks while it resolves the name,
     /// which cannot be cancelled, then for at most 10 seconds for each address and 10 seconds for
     /// the TLS handshake.

@@ -81,7 +81,7 @@ struct Received {
 };
 /// Parses the bytes after the length, which are not trusted. Returns an empty optional unless they
 /// are exactly one map with text as keys, within the limits, without tags and without strings of
-/// unknown length. The contents take over the memory of `body`, which should be moved here.
+/// unknown length. The contents use the memory of `body`, which should be moved here.
 std::optional<Received> decode(QByteArray body);
 
 }  // namespace DirectConnectionMessage

@@ -43,6 +43,8 @@ enum class EngineErrorCode {
     ReadOnly,
 };
 
+// The functions are thread-safe.
+
 /// Returns an error whose message to the user is `description`, a complete sentence.
 Error engineError(EngineErrorCode code, const QString &description);
 /// Returns an error whose message is `text`, localized, with `place` for its "%1".

@@ -7,11 +7,11 @@
 #include "Platform/Security/SecretStore.h"
 
 /// Returns the error, of the code AccessDenied, for a secret that could not be read because of
-/// `reading`, an error of SecretStore.
+/// `reading`, an error of SecretStore. Thread-safe.
 Error secretUnreadable(const Error &reading);
 
 /// Returns the result of a lookup in the secret store as the engine handles it: without a password
-/// service there are no stored secrets; any other failure is an error for the user.
+/// service there are no stored secrets; any other failure is an error for the user. Thread-safe.
 template <class Value>
 Expected<std::optional<Value>> foundSecret(const Expected<std::optional<Value>> &lookup) {
     if (lookup) {

@@ -4,7 +4,7 @@
 
 class QSqlError;
 
-/// Tells a full disk from other failures. Thread-safe.
+/// Distinguishes a full disk from other failures. Thread-safe.
 namespace FullDisk {
 
 /// Returns whether less than 1 MiB is left on the disk of the file `path`, which is too little for
@@ -16,7 +16,7 @@ bool isFull(const QString &path);
 /// isFull(). Blocks for the file system.
 bool isCauseOf(const QSqlError &error, const QString &path);
 
-/// Returns the localized sentences that tell the user that the disk of the profile file `path` is
+/// Returns the localized sentences that state that the disk of the profile file `path` is
 /// full, and what to do.
 QString message(const QString &path);
 

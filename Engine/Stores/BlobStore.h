@@ -18,7 +18,7 @@
 /// happened nevertheless. open() need not have been called, but returns the best error message if
 /// the store cannot be used.
 ///
-/// Other clients write to the same store, and their data is not trusted: a read returns whatever is
+/// Other clients write to the same store, and their data is not trusted: a read returns what is
 /// stored under the name at that time.
 class BlobStore : public EngineStore {
 public:

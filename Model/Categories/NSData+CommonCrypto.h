@@ -15,7 +15,7 @@
 /// derived from keys, are wiped before a function returns.
 ///
 /// A key or an initialization vector is a QByteArray, or a QString, which stands for its UTF-8
-/// bytes; absent is an invalid QVariant. Any other type fails an assertion.
+/// bytes; an invalid QVariant stands for no value. Any other type fails an assertion.
 ///
 /// Many of these algorithms are broken (MD2, MD4, MD5, SHA-1, DES, RC4, 40-bit keys) or give no
 /// authentication (every cipher here). They are kept for data that exists.
@@ -106,7 +106,8 @@ QByteArray SHA512Hash(const QByteArray &data);
 /// Padded CBC from an all-zero initialization vector. The length of `key` is fixed as in
 /// LowLevelCommonCryptor, so "AES256" too means what the key's length says.
 ///
-/// The result is absent on failure; then `error`, where given, is set. It is left alone on success.
+/// On failure the result is std::nullopt and `error` is set, unless it is null. On success `error`
+/// is not changed.
 namespace CommonCryptor {
 
 std::optional<QByteArray> AES256EncryptedDataUsingKey(const QByteArray &data, const QVariant &key,
@@ -131,13 +132,13 @@ std::optional<QByteArray> decryptedCASTDataUsingKey(const QByteArray &data, cons
 ///
 /// The length of `key`, in bytes, is fixed first, by zero bytes at its end or by cutting its tail:
 /// AES takes 16, 24 or 32, the least of them that holds the key, or else 32; DES 8; triple DES 24;
-/// CAST 5 to 16; RC4 up to 512, of which 256 matter. Then the initialization vector, where one is
-/// given, gets the length of the key, and of that the first block is used; a CAST key shorter than
+/// CAST 5 to 16; RC4 up to 512, of which 256 matter. Then the initialization vector, if there is
+/// one, gets the length of the key, and of that the first block is used; a CAST key shorter than
 /// a block cuts it to that length, and zero bytes complete the block.
 ///
-/// The result is absent on failure; then `error`, where given, is set. It is left alone on success.
-/// Whether padding is right is found in a time that does not depend on the decrypted bytes; a
-/// caller that tells an attacker DecodeError apart from success gives that away all the same.
+/// On failure the result is std::nullopt and `error` is set, unless it is null. On success `error`
+/// is not changed. The time of the padding check does not depend on the decrypted bytes. A caller
+/// must not let an attacker distinguish DecodeError from success in another way.
 namespace LowLevelCommonCryptor {
 
 std::optional<QByteArray> dataEncryptedUsingAlgorithm(const QByteArray &data,

@@ -34,7 +34,7 @@ public:
     NotificationCenter(const NotificationCenter &) = delete;
     NotificationCenter &operator=(const NotificationCenter &) = delete;
 
-    /// Calls `handler` for each notification named `name`, whatever its object, until the observer
+    /// Calls `handler` for each notification named `name`, regardless of its object, until the observer
     /// is removed or `observer`, which must not be null, is destroyed. Adding an observer twice
     /// delivers each notification twice.
     void addObserver(QObject *observer, const QString &name, Handler handler);

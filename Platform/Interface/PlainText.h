@@ -8,7 +8,7 @@ class QMessageBox;
 
 /// Shows texts as they are where Qt would look for markup in them. Every text that holds a name or
 /// message from outside must go through one of these functions, or into a label whose text format
-/// is Qt::PlainText: rich text reads whatever file an image in it names. Must be used on the main
+/// is Qt::PlainText: rich text reads every file that an image in it names. Must be used on the main
 /// thread.
 namespace PlainText {
 

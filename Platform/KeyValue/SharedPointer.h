@@ -3,5 +3,5 @@
 #include <QtCore/QMetaType>
 #include <memory>
 
-// Lets a variant tell which QObject a std::shared_ptr in it points to.
+// Lets a variant return the QObject to which a std::shared_ptr in it points.
 Q_DECLARE_SMART_POINTER_METATYPE(std::shared_ptr)

@@ -4,6 +4,8 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QString>
 
+// The functions are thread-safe once the name of the application is set.
+
 /// Returns the value of an item's attribute "xdg:schema" for secrets of the kind `kind`: the name
 /// of the application in lower case, a point, and the kind. It keeps the items of different
 /// applications apart and must not change between two versions of one application.

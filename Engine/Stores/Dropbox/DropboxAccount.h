@@ -10,7 +10,7 @@
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
 
 /// Calls Dropbox's API on behalf of one account that has signed in. Expired tokens are refreshed;
-/// if that does not help, an error of the code AccessDenied tells the user to sign in again. All
+/// if that does not help, an error of the code AccessDenied asks the user to sign in again. All
 /// calls block and must be made on worker threads; they are thread-safe.
 class DropboxAccount {
 public:

@@ -2,7 +2,7 @@
 
 #include "Engine/Stores/Http/HttpClient.h"
 
-/// The errors of requests to Dropbox, with messages for the user.
+/// The errors of requests to Dropbox, with messages for the user. Thread-safe.
 namespace DropboxError {
 
 /// There are no tokens for the account.

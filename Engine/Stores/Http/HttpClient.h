@@ -83,7 +83,7 @@ public:
     HttpClient(const HttpClient &) = delete;
     HttpClient &operator=(const HttpClient &) = delete;
 
-    /// Sends `request` and returns the response, whatever its status. Blocks until the response is
+    /// Sends `request` and returns the response, regardless of its status. Blocks until the response is
     /// complete, a timeout passes, or `future` is cancelled, which takes effect at once. Follows
     /// redirects (301, 302, 307, 308) with the same method and body, but never to another scheme,
     /// host or port. Answers one challenge of each request (see HttpAuthentication), and sends a
