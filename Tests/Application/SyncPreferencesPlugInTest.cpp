@@ -63,7 +63,7 @@ private Q_SLOTS:
         }
     }
 
-    void itRefusesWhereOneClassIsMissing_data() {
+    void loadingFailsIfAHostClassIsMissing_data() {
         QTest::addColumn<QString>("missing");
         for (const char *name :
              {"QVSyncPlugin", "QVSyncLocationFormatter", "QVSyncSchedule", "PZFuture"}) {
@@ -71,7 +71,7 @@ private Q_SLOTS:
         }
     }
 
-    void itRefusesWhereOneClassIsMissing() {
+    void loadingFailsIfAHostClassIsMissing() {
         QFETCH(QString, missing);
         HostClass anyClass;
         std::vector<std::unique_ptr<HostClassRegistration>> others;

@@ -198,7 +198,7 @@ private Q_SLOTS:
         QVERIFY(refused.errors.contains("/no/such/folder/panel.png"));
     }
 
-    void theSandboxIsSwitchedForGood() {
+    void theSandboxSettingIsStored() {
         const auto isSandboxed = [this](const QStringList &options) {
             const Run described = run(
                 QStringList{QStringLiteral("--profile"), profile(), QStringLiteral("--describe")} +

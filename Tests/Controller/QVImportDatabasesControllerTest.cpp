@@ -200,7 +200,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_controller->databasesView()->isVisible());
     }
 
-    void returnGoesOn() {
+    void returnActivatesTheDefaultButton() {
         useRealHost();
         const auto location = m_realHost->addLocation();
         putDatabaseRecord(location, QStringLiteral("11111111-1111-4111-8111-111111111111"),

@@ -78,7 +78,7 @@ private Q_SLOTS:
                                            QStringLiteral("Letters"), 2}}));
     }
 
-    void renamingAnnouncesPostsAndKeeps() {
+    void renamingAnnouncesNotifiesAndIsStored() {
         TestHost host;
         const auto database = host.addDatabase(QStringLiteral("Letters"));
         m_posted.clear();

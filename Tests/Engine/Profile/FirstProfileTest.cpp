@@ -42,7 +42,7 @@ private Q_SLOTS:
         QVERIFY(!state->schedule());
     }
 
-    void isMadeWithTheInboxAloneWhereThatIsAskedFor() {
+    void containsOnlyTheInboxIfRequested() {
         TestHost host;
         QCOMPARE(host.library().knownDatabases().size(), 1);
         QVERIFY(host.inbox()->isInbox());

@@ -233,7 +233,7 @@ private Q_SLOTS:
         QCOMPARE(texts(*database(UUID)), QStringList{QStringLiteral("First=changed")});
     }
 
-    void whatIsTypedOverWhatCameMeanwhileIsKeptBesideIt() {
+    void aConflictingEditIsSavedAsASecondNote() {
         const QString UUID = synchronizedDatabase(QStringLiteral("Projects"))->UUID();
         m_host->goToComputer(There);
         synchronize({state(UUID)});
@@ -298,7 +298,7 @@ private Q_SLOTS:
             qPrintable(log().first()));
     }
 
-    void aDatabaseThatIsNowhereIsNotMade() {
+    void anUnknownDatabaseIsNotCreated() {
         const auto nowhere = state(UnknownUUID, QStringLiteral("Ghost"));
         synchronize({nowhere});
         QCOMPARE(m_host->library().knownDatabases().size(), 1);

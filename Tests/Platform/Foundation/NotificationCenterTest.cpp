@@ -147,7 +147,7 @@ private Q_SLOTS:
         QCOMPARE(seen, QStringLiteral("ababc"));
     }
 
-    void theDefaultCenterConnectsThoseWhoShareNothingElse() {
+    void theDefaultCenterDeliversBetweenUnrelatedObjects() {
         QObject observer;
         int count = 0;
         NotificationCenter::defaultCenter().addObserver(&observer, m_name,

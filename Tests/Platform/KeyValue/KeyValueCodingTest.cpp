@@ -59,7 +59,7 @@ private Q_SLOTS:
         QCOMPARE(KeyValue::objectValue(QVariant(QStringLiteral("x"))), nullptr);
     }
 
-    void nothingOfEachKindIsAbsentAndSomethingIsNot() {
+    void nullValuesOfEachTypeAreAbsent() {
         Person person;
         QVERIFY(KeyValue::isAbsent(QVariant()));
         QVERIFY(KeyValue::isAbsent(QVariant::fromValue(nullptr)));
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QVERIFY(!KeyValue::isWritable(&person, "friend_.boss.old"));
     }
 
-    void wherePartOfAPathIsAbsentNothingIsReadWrittenOrWritable() {
+    void aPathThroughNullIsNeitherReadableNorWritable() {
         Person person;
         QVERIFY(!KeyValue::value(&person, "friend_.boss.name").isValid());
         QVERIFY(!KeyValue::value(&person, "boss.name").isValid());

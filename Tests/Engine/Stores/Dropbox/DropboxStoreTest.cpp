@@ -403,7 +403,7 @@ private Q_SLOTS:
         QCOMPARE(m_server->count(path), 3);
     }
 
-    void aServerThatWantsToBeLeftAloneForLongIsNotWaitedFor() {
+    void aLongDelayDemandedByTheServerIsReportedAtOnce() {
         m_server->limitRate(UploadPath, 1, "3600");
         const auto result = write(DropboxBlob, "x");
         QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
