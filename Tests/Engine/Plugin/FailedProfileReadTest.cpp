@@ -1,0 +1,122 @@
+#include <atomic>
+
+#include "Engine/DirectConnection/DirectConnectionPairings.h"
+#include "Engine/Plugin/BuiltInLocationKinds.h"
+#include "Host/QVSyncStore.h"
+#include "Support/FailingTable.h"
+#include "Support/Failure.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+/// Reads of the profile beside those of notes: if they fail, at once or in the middle of the
+/// result, they return an error.
+class FailedProfileReadTest : public QObject {
+    Q_OBJECT
+    using TableFault = FailingTable::Fault;
+
+    std::unique_ptr<TestHost> m_host;
+
+    const ProfileDatabase &profile() const { return m_host->engine().profile(); }
+    static void addFaults() {
+        QTest::addColumn<bool>("areAllRows");
+        QTest::addRow("all rows") << true;
+        QTest::addRow("later rows") << false;
+    }
+    static TableFault fault(bool areAllRows) {
+        return areAllRows ? TableFault::AllRows : TableFault::LaterRows;
+    }
+    void set(const QString &key, const QString &value) const {
+        QVERIFY(profile().run(QStringLiteral("INSERT INTO settings VALUES (?, ?)"), {key, value}));
+    }
+
+private Q_SLOTS:
+    void init() { m_host = std::make_unique<TestHost>(); }
+    void cleanup() { m_host.reset(); }
+
+    void ofPairings_data() { addFaults(); }
+    void ofPairings() {
+        QFETCH(bool, areAllRows);
+        set(QStringLiteral("directConnectionServer a"), QStringLiteral("0a"));
+        set(QStringLiteral("directConnectionServer b"), QStringLiteral("0b"));
+        const auto pairings = std::make_shared<DirectConnectionPairings>(profile());
+        {
+            const FailingTable failing(profile(), QStringLiteral("settings"), fault(areAllRows));
+            QCOMPARE(code(pairings->load()), EngineErrorCode::ProfileNotWritten);
+        }
+        QVERIFY(pairings->load());
+        QVERIFY(pairings->fingerprint(QStringLiteral("b")));
+        pairings->close();
+    }
+
+    void ofLocations_data() {
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<bool>("areAllRows");
+        for (const char *table : {"locations", "states"}) {
+            QTest::addRow("all rows of %s", table) << QString::fromLatin1(table) << true;
+            QTest::addRow("later rows of %s", table) << QString::fromLatin1(table) << false;
+        }
+    }
+    void ofLocations() {
+        QFETCH(QString, table);
+        QFETCH(bool, areAllRows);
+        const auto other = m_host->addDatabase(QStringLiteral("other"));
+        for (const auto &location : {m_host->addLocation(), m_host->addLocation()}) {
+            m_host->addState(location, m_host->inbox());
+            m_host->addState(location, other);
+        }
+        m_host->save();
+        const EngineContext &context = m_host->engine().plugin().context();
+        const auto kinds = std::make_shared<EngineLocationKinds>(builtInLocationKinds(context));
+        {
+            const FailingTable failing(profile(), table, fault(areAllRows));
+            EngineLocationsController controller(profile(), kinds);
+            QCOMPARE(code(controller.load()), EngineErrorCode::ProfileNotWritten);
+        }
+        EngineLocationsController controller(profile(), kinds);
+        QVERIFY(controller.load());
+        QCOMPARE(controller.syncLocations().size(), 2);
+    }
+
+    void ofRemovedLocations_data() { addFaults(); }
+    void ofRemovedLocations() {
+        QFETCH(bool, areAllRows);
+        set(QStringLiteral("removedLocation a"), QStringLiteral("file:///a"));
+        set(QStringLiteral("removedLocation b"), QStringLiteral("file:///b"));
+        const auto &locations = m_host->locations();
+        QCOMPARE(locations.removedLocations().value(),
+                 QStringList({QStringLiteral("a"), QStringLiteral("b")}));
+        const FailingTable failing(profile(), QStringLiteral("settings"), fault(areAllRows));
+        QCOMPARE(code(locations.removedLocations()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(locations.removedURL(QStringLiteral("b"))),
+                 EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofTheDatabasesOfThisComputer_data() { addFaults(); }
+    void ofTheDatabasesOfThisComputer() {
+        QFETCH(bool, areAllRows);
+        m_host->addDatabase(QStringLiteral("other"));
+        const auto store = m_host->engine().plugin().localStore();
+        const FailingTable failing(profile(), QStringLiteral("databases"), fault(areAllRows));
+        std::optional<Error> error;
+        std::atomic_bool isDone = false;
+        store->fetchDatabasesWithCompletionHandler(
+            [&](const auto & /*databases*/, const std::optional<Error> &result) {
+                error = result;
+                isDone = true;
+            });
+        QTRY_VERIFY(isDone);
+        QVERIFY(error);
+        QVERIFY(isEngineError(*error, EngineErrorCode::StoreUnreachable));
+    }
+
+    void ofAVerification() {
+        const FailingTable failing(profile(), QStringLiteral("operations"), TableFault::AllRows);
+        const VerificationReport report = m_host->engine().verify(VerificationMode::Report);
+        const VerificationReport::Part part = report.parts.first();
+        QCOMPARE(part.outcome, VerificationReport::Outcome::NotChecked);
+        QCOMPARE(part.problems.size(), 1);
+    }
+};
+
+VELMORA_TEST(FailedProfileReadTest)
+#include "FailedProfileReadTest.moc"
