@@ -56,23 +56,23 @@ double medianOf(std::vector<double> values) {
 QByteArray json(const QString &suite, const Row &row) {
     QJsonObject object{
         {QStringLiteral("suite"), suite},   {QStringLiteral("name"), row.name},
-        {QStringLiteral("ours"), row.ours}, {QStringLiteral("yardstick"), row.yardstick},
+        {QStringLiteral("ours"), row.ours}, {QStringLiteral("reference"), row.reference},
         {QStringLiteral("unit"), row.unit}, {QStringLiteral("ratio"), row.ratio()}};
-    if (row.aim) {
-        object.insert(QStringLiteral("aim"), *row.aim);
+    if (row.target) {
+        object.insert(QStringLiteral("target"), *row.target);
     }
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
 void print(const Row &row) {
-    const QString aim = row.aim ? QString::number(*row.aim, 'f', 2) : QString();
+    const QString target = row.target ? QString::number(*row.target, 'f', 2) : QString();
     const QString line = QStringLiteral("  %1 %2 %3 %4 %5 %6%7")
                              .arg(row.name, -58)
                              .arg(row.ours, 10, 'f', 2)
-                             .arg(row.yardstick, 10, 'f', 2)
+                             .arg(row.reference, 10, 'f', 2)
                              .arg(row.unit, -5)
                              .arg(row.ratio(), 6, 'f', 2)
-                             .arg(aim, 5)
+                             .arg(target, 5)
                              .arg(row.isMissed() ? QStringLiteral("  MISSED") : QString());
     std::puts(qPrintable(line));
     std::fflush(stdout);
@@ -82,10 +82,10 @@ void printHeading(const QString &suite) {
     const QString line = QStringLiteral("%1 %2 %3 %4 %5 %6")
                              .arg(suite, -60)
                              .arg(QStringLiteral("ours"), 10)
-                             .arg(QStringLiteral("yardstick"), 10)
+                             .arg(QStringLiteral("reference"), 10)
                              .arg(QStringLiteral("unit"), -5)
                              .arg(QStringLiteral("ratio"), 6)
-                             .arg(QStringLiteral("aim"), 5);
+                             .arg(QStringLiteral("target"), 5);
     std::puts(qPrintable(line));
 }
 
@@ -95,23 +95,23 @@ Suite::Suite(const QString &name, const std::function<void(Report &)> &run) {
     suites().insert(name, run);
 }
 
-Row Report::compare(const QString &name, const Work &ours, const Work &yardstick,
-                    std::optional<double> aim) {
+Row Report::compare(const QString &name, const Work &ours, const Work &reference,
+                    std::optional<double> target) {
     constexpr int samples = 25;
     const int oursCalls = callsPerSample(ours);
-    const int yardstickCalls = callsPerSample(yardstick);
+    const int referenceCalls = callsPerSample(reference);
     std::vector<double> oursTimes;
-    std::vector<double> yardstickTimes;
+    std::vector<double> referenceTimes;
     for (int i = 0; i < samples; ++i) {
         oursTimes.push_back(nanosecondsFor(ours, oursCalls) / oursCalls);
-        yardstickTimes.push_back(nanosecondsFor(yardstick, yardstickCalls) / yardstickCalls);
+        referenceTimes.push_back(nanosecondsFor(reference, referenceCalls) / referenceCalls);
     }
 
-    Row row{name, medianOf(oursTimes), medianOf(yardstickTimes), QStringLiteral("ns"), aim};
+    Row row{name, medianOf(oursTimes), medianOf(referenceTimes), QStringLiteral("ns"), target};
     for (const QString &unit : {QStringLiteral("µs"), QStringLiteral("ms")}) {
-        if (row.yardstick >= 10'000) {
+        if (row.reference >= 10'000) {
             row.ours /= 1000;
-            row.yardstick /= 1000;
+            row.reference /= 1000;
             row.unit = unit;
         }
     }
@@ -133,13 +133,13 @@ double Benchmark::median(const std::function<double()> &sample) {
 }
 
 Row Report::addGeometricMean(const QString &name, const QList<Row> &rows,
-                             std::optional<double> aim) {
+                             std::optional<double> target) {
     double logarithms = 0;
     for (const Row &row : rows) {
         logarithms += std::log(row.ratio());
     }
     const double mean = std::exp(logarithms / static_cast<double>(rows.size()));
-    const Row row{name, mean, 1, QStringLiteral("ratio"), aim};
+    const Row row{name, mean, 1, QStringLiteral("ratio"), target};
     add(row);
     return row;
 }
@@ -153,7 +153,7 @@ int main(int argumentCount, char **arguments) {
     QApplication application(argumentCount, arguments);
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Times ours beside a yardstick. A ratio below 1 is faster."));
+        QStringLiteral("Compares our code with a reference. A ratio below 1 is faster."));
     const QCommandLineOption only(QStringLiteral("only"), QStringLiteral("Run this suite alone."),
                                   QStringLiteral("suite"));
     const QCommandLineOption jsonFile(QStringLiteral("json"),

@@ -5,12 +5,12 @@
 #include <functional>
 #include <optional>
 
-/// Benchmarks set ours beside a yardstick and see how many times the yardstick's cost we take.
+/// A benchmark compares the time that our code takes with that of a reference in the same run.
 ///
 /// A suite is one source here that registers itself:
 ///
 ///     static const Benchmark::Suite suite(QStringLiteral("lists"), [](Benchmark::Report &report) {
-///         report.compare(QStringLiteral("1,000 rows"), showOurs, showYardstick, 1.1);
+///         report.compare(QStringLiteral("1,000 rows"), showOurs, showReference, 1.1);
 ///     });
 ///
 /// It needs no other mention; ./bench --only lists runs it alone.
@@ -20,15 +20,15 @@ struct Row {
     /// What is measured and, if a suite has several baselines, the baseline.
     QString name;
     double ours = 0;
-    double yardstick = 0;
-    /// Of both values: "ns", "µs" or "ms", or whatever a suite adds by itself.
+    double reference = 0;
+    /// Of both values: "ns", "µs" or "ms", or a unit that a suite adds.
     QString unit;
     /// The target: the ratio that must not be exceeded; empty if there is none.
-    std::optional<double> aim;
+    std::optional<double> target;
 
     /// Returns our time divided by the baseline's: smaller is better.
-    double ratio() const { return ours / yardstick; }
-    bool isMissed() const { return aim && ratio() > *aim; }
+    double ratio() const { return ours / reference; }
+    bool isMissed() const { return target && ratio() > *target; }
 };
 
 /// Receives the rows of a suite and prints them as they are added.
@@ -42,11 +42,11 @@ public:
     /// samples taken alternately, so that other load on the machine affects both equally. Waiting
     /// is not counted. Short calls are repeated within a sample. Both are called a few times before
     /// they are measured.
-    Row compare(const QString &name, const Work &ours, const Work &yardstick,
-                std::optional<double> aim = std::nullopt);
+    Row compare(const QString &name, const Work &ours, const Work &reference,
+                std::optional<double> target = std::nullopt);
     /// Adds the geometric mean of the ratios of `rows`, which are not added again.
     Row addGeometricMean(const QString &name, const QList<Row> &rows,
-                         std::optional<double> aim = std::nullopt);
+                         std::optional<double> target = std::nullopt);
     /// Adds a row that was measured elsewhere.
     void add(const Row &row);
 

@@ -86,8 +86,8 @@ void run(Benchmark::Report &report) {
         report.compare(QStringLiteral("the same with eight dependents nobody observes"),
                        repeat(source, &Subject::announceSource), emission);
     const double each = (together.ratio() - alone.ratio()) / dependentCount;
-    report.add({QStringLiteral("each of these dependents"), each * together.yardstick,
-                together.yardstick, together.unit, 0.5});
+    report.add({QStringLiteral("each of these dependents"), each * together.reference,
+                together.reference, together.unit, 0.5});
     Benchmark::keep(count);
 }
 

@@ -72,9 +72,9 @@ public:
     /// Synchronizes twice.
     void measure(const QString &name, Benchmark::Report &report, double seconds,
                  double idleSeconds) {
-        const auto add = [&](const char *what, double ours, double yardstick, const char *unit) {
+        const auto add = [&](const char *what, double ours, double reference, const char *unit) {
             report.add(
-                {name + QLatin1StringView(what), ours, yardstick, QString::fromUtf8(unit), 1.0});
+                {name + QLatin1StringView(what), ours, reference, QString::fromUtf8(unit), 1.0});
         };
         {
             StallMeter meter;

@@ -157,16 +157,16 @@ void run(Benchmark::Report &report) {
     const auto withOurRows = [] { return ListWidget(&makeListRow); };
     {
         OurList list;
-        ListWidget yardstick(&makeListRow);
+        ListWidget reference(&makeListRow);
         report.compare(QStringLiteral("1,000 rows rebuilt / QListWidget, the same rows"),
-                       rebuild(list), rebuild(yardstick), 0.5);
+                       rebuild(list), rebuild(reference), 0.5);
     }
     // For comparison: rows as one would make them without ours, and lists that were never shown.
     {
         OurList list;
-        ListWidget yardstick(&makeRowWithLayout);
+        ListWidget reference(&makeRowWithLayout);
         report.compare(QStringLiteral("1,000 rows rebuilt / QListWidget, rows with layouts"),
-                       rebuild(list), rebuild(yardstick));
+                       rebuild(list), rebuild(reference));
     }
     report.compare(QStringLiteral("1,000 rows made and shown / QListWidget, the same rows"),
                    show(ours), show(withOurRows));

@@ -290,7 +290,7 @@ QList<Operation> allOperations() {
 }
 
 void compareWithOpenSSL(Report &report, const QList<Operation> &operations, qsizetype size,
-                        const QString &sizeName, std::optional<double> aim) {
+                        const QString &sizeName, std::optional<double> target) {
     QList<Row> rows;
     for (const Operation &operation : operations) {
         if (!operation.openssl) {
@@ -305,11 +305,12 @@ void compareWithOpenSSL(Report &report, const QList<Operation> &operations, qsiz
             [&] { Benchmark::keep(operation.ours(data)); },
             [&] { Benchmark::keep(operation.openssl(data)); });
     }
-    report.addGeometricMean(QStringLiteral("Geometric mean, %1, OpenSSL").arg(sizeName), rows, aim);
+    report.addGeometricMean(QStringLiteral("Geometric mean, %1, OpenSSL").arg(sizeName), rows,
+                            target);
 }
 
 void compareWithNettle(Report &report, const QList<Operation> &operations, qsizetype size,
-                       const QString &sizeName, double aim) {
+                       const QString &sizeName, double target) {
     QList<Row> rows;
     QByteArray result(size, '\0');
     for (const Operation &operation : operations) {
@@ -321,9 +322,10 @@ void compareWithNettle(Report &report, const QList<Operation> &operations, qsize
                 operation.nettle(operation.key, data, bytesOf(result));
                 Benchmark::keep(result);
             },
-            aim);
+            target);
     }
-    report.addGeometricMean(QStringLiteral("Geometric mean, %1, Nettle").arg(sizeName), rows, aim);
+    report.addGeometricMean(QStringLiteral("Geometric mean, %1, Nettle").arg(sizeName), rows,
+                            target);
 }
 
 const Benchmark::Suite suite(QStringLiteral("crypto"), [](Report &report) {
