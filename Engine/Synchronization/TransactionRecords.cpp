@@ -92,8 +92,7 @@ Expected<TransactionRecords::Record> TransactionRecords::verified(
                                ? !TransactionName::matches(name, record)
                                : written && Contents::of(*transaction, record.size()) != *written;
     if (isChanged) {
-        return failure(engineError(EngineErrorCode::DamagedRecord, "The record “%1” is damaged.",
-                                   place(name)));
+        return failure(damagedRecord(place(name)));
     }
     return Record{*transaction, record.size()};
 }
