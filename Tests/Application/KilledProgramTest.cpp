@@ -78,9 +78,12 @@ private:
 
     /// Returns a number from the profile that the program is using.
     int numberInProfile(const char *statement) const {
-        const ReadOnlyConnection profile(m_program.profile() + QStringLiteral("/profile.sqlite"),
-                                         ReadOnlyConnection::Sharing::Shared);
-        return profile.value(QLatin1StringView(statement)).toInt();
+        return ReadOnlyConnection::open(m_program.profile() + QStringLiteral("/profile.sqlite"),
+                                        ReadOnlyConnection::Sharing::Shared)
+            .and_then(
+                [&](const auto &profile) { return profile->value(QLatin1StringView(statement)); })
+            .value_or(QVariant())
+            .toInt();
     }
     int lastOperation() const { return numberInProfile("SELECT max(id) FROM operations"); }
     int closedDatabases() const {
