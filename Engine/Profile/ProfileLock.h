@@ -5,8 +5,8 @@
 #include "Platform/Foundation/Expected.h"
 
 /// The right of one process to use a profile folder: a lock on the file "profile.lock" in it, which
-/// the kernel releases when the process ends, also if it crashes. Works across processes and between
-/// objects of one process. May be used on any thread, by one at a time.
+/// the kernel releases when the process ends, also if it crashes. Works across processes and
+/// between objects of one process. May be used on any thread, by one at a time.
 class ProfileLock {
 public:
     /// The name of the lock file. It stays in the folder; only the lock counts.

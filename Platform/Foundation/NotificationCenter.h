@@ -34,9 +34,9 @@ public:
     NotificationCenter(const NotificationCenter &) = delete;
     NotificationCenter &operator=(const NotificationCenter &) = delete;
 
-    /// Calls `handler` for each notification named `name`, regardless of its object, until the observer
-    /// is removed or `observer`, which must not be null, is destroyed. Adding an observer twice
-    /// delivers each notification twice.
+    /// Calls `handler` for each notification named `name`, regardless of its object, until the
+    /// observer is removed or `observer`, which must not be null, is destroyed. Adding an observer
+    /// twice delivers each notification twice.
     void addObserver(QObject *observer, const QString &name, Handler handler);
     /// Removes all handlers of `observer` for `name`. Has no effect if there are none.
     void removeObserver(QObject *observer, const QString &name);

@@ -83,14 +83,14 @@ public:
     HttpClient(const HttpClient &) = delete;
     HttpClient &operator=(const HttpClient &) = delete;
 
-    /// Sends `request` and returns the response, regardless of its status. Blocks until the response is
-    /// complete, a timeout passes, or `future` is cancelled, which takes effect at once. Follows
-    /// redirects (301, 302, 307, 308) with the same method and body, but never to another scheme,
-    /// host or port. Answers one challenge of each request (see HttpAuthentication), and sends a
-    /// credential that the server has accepted with the following requests to it.
-    /// Errors: StoreUnreachable if the server cannot be reached or does not send a valid response,
-    /// CertificateUntrusted, BlobRefused if the body of any response is longer than the limit, and
-    /// Cancelled.
+    /// Sends `request` and returns the response, regardless of its status. Blocks until the
+    /// response is complete, a timeout passes, or `future` is cancelled, which takes effect at
+    /// once. Follows redirects (301, 302, 307, 308) with the same method and body, but never to
+    /// another scheme, host or port. Answers one challenge of each request (see
+    /// HttpAuthentication), and sends a credential that the server has accepted with the following
+    /// requests to it. Errors: StoreUnreachable if the server cannot be reached or does not send a
+    /// valid response, CertificateUntrusted, BlobRefused if the body of any response is longer than
+    /// the limit, and Cancelled.
     Expected<Response> send(const Request &request, const EngineFuture &future);
 
 private:

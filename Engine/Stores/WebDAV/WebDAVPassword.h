@@ -12,8 +12,8 @@ namespace WebDAVPassword {
 bool isShared(const Url &URL, const Url &other);
 
 /// Asks the user whether to delete the password of the removed location, if one is stored, and
-/// deletes it if the user agrees. If there is no window to ask in, the removal stays unfinished. Returns at
-/// once.
+/// deletes it if the user agrees. If there is no window to ask in, the removal stays unfinished.
+/// Returns at once.
 void forget(const SecretRemoval &removal);
 
 }  // namespace WebDAVPassword
