@@ -43,6 +43,21 @@ QStringList names(const Fetched &result) {
     return list;
 }
 
+/// A store that opens only when `mayOpen` is ready.
+class WaitingStore : public MemoryStore {
+public:
+    WaitingStore(Blobs &blobs, std::future<void> mayOpen)
+        : MemoryStore(blobs), m_mayOpen(std::move(mayOpen)) {}
+
+    Expected<void> open(const EngineFuture &future) override {
+        m_mayOpen.wait();
+        return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
+    }
+
+private:
+    const std::future<void> m_mayOpen;
+};
+
 }  // namespace
 
 class EngineStoreTest : public QObject {
@@ -257,14 +272,9 @@ private Q_SLOTS:
     }
 
     void aCancelledOperationCallsItsHandlerOnceWithThatError() {
-        // All threads are busy, so that the operation is cancelled before it begins.
-        StoreOperations &operations = *m_host->engine().plugin().context().storeOperations;
         std::promise<void> letGo;
-        const std::shared_future<void> wait = letGo.get_future().share();
-        for (int i = 0; i < QThread::idealThreadCount(); ++i) {
-            operations.start([wait](EngineFuture &) { wait.wait(); });
-        }
-        const auto store = m_location->createStore();
+        MemoryStore::Blobs blobs;
+        const auto store = std::make_shared<WaitingStore>(blobs, letGo.get_future());
         std::atomic<int> calls = 0;
         std::promise<std::optional<Error>> promise;
         const auto future =
@@ -279,7 +289,6 @@ private Q_SLOTS:
         const std::optional<Error> error = promise.get_future().get();
         QVERIFY(error);
         QCOMPARE(error->code, static_cast<int>(EngineErrorCode::Cancelled));
-        operations.end();
         QCOMPARE(calls, 1);
         QVERIFY(!fetched(*store).databases);
     }
