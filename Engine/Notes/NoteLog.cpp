@@ -237,7 +237,7 @@ Expected<void> NoteLog::merge(const Transaction &transaction, const QString &pla
 Expected<void> NoteLog::renew(const QList<Operation> &operations,
                               const QSet<OperationId> &superseded) const {
     for (const Operation &operation : operations) {
-        const Expected<void> renewed =
+        Expected<void> renewed =
             answerTo(operation, superseded).and_then([&](const Operation &answer) {
                 return replace({operation.id}, answer);
             });

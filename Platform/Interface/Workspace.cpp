@@ -1,10 +1,11 @@
 #include "Platform/Interface/Workspace.h"
 
+#include <QtCore/QFileInfo>
 #include <QtCore/QMimeDatabase>
+#include <QtCore/QUrl>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCall>
-#include <QtGui/QDesktopServices>
 #include <QtWidgets/QFileIconProvider>
 
 QIcon Workspace::iconForFileType(const QString &extension, const QIcon &fallback) {
@@ -26,8 +27,4 @@ void Workspace::selectFile(const QString &path) {
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
     call << QStringList{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)} << QString();
     QDBusConnection::sessionBus().asyncCall(call);
-}
-
-bool Workspace::openURL(const QUrl &URL) {
-    return QDesktopServices::openUrl(URL);
 }

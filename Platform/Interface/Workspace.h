@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QtCore/QUrl>
 #include <QtGui/QIcon>
 
 #include "Platform/PlatformExport.h"
 
-/// Services of the desktop for files and URLs. Must be called on the main thread.
+/// Services of the desktop for files. Must be called on the main thread.
 namespace Workspace {
 
 /// Returns the icon theme's icon for files with `extension` (without the point), or `fallback` if
@@ -20,10 +19,5 @@ PLATFORM_EXPORT QIcon iconForFile(const QString &path);
 /// (https://www.freedesktop.org/wiki/Specifications/file-manager-interface). Asynchronous: returns
 /// at once. If no file manager implements this, nothing is shown and no error is reported.
 PLATFORM_EXPORT void selectFile(const QString &path);
-
-/// Opens `URL` in the user's program for its scheme, for "http" and "https" the browser. Returns
-/// false if there is none; true does not mean that the program could load it. A handler set by
-/// QDesktopServices::setUrlHandler takes precedence.
-PLATFORM_EXPORT bool openURL(const QUrl &URL);
 
 }  // namespace Workspace

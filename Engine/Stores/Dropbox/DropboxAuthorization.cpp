@@ -4,6 +4,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QRandomGenerator>
+#include <QtGui/QDesktopServices>
 #include <array>
 #include <condition_variable>
 #include <mutex>
@@ -16,7 +17,6 @@
 #include "Engine/Stores/Http/FormEncoding.h"
 #include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/SyncStrings.h"
-#include "Platform/Interface/Workspace.h"
 
 namespace {
 
@@ -120,7 +120,7 @@ Expected<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration 
 
 Expected<void> DropboxAuthorization::openBrowser(const QUrl &address, const EngineFuture &future) {
     const auto start = std::make_shared<BrowserStart>();
-    m_mainThread.post([start, address] { start->setOpened(Workspace::openURL(address)); });
+    m_mainThread.post([start, address] { start->setOpened(QDesktopServices::openUrl(address)); });
     const std::optional<bool> isOpened = start->wait(future);
     if (!isOpened) {
         return failure(operationCancelled());
