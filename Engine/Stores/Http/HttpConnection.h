@@ -7,23 +7,36 @@
 
 #include "Engine/Stores/Http/HttpClient.h"
 
-/// A connection of an HttpClient, used by one thread at a time. It sends requests and receives
-/// responses with libcurl, and keeps the network connection open for the next request.
+/// A connection of an HttpClient, used by one thread at a time, not necessarily always the same. It
+/// sends requests and receives responses with libcurl (HTTP/1.1 only), and keeps the network
+/// connection open for the next request; if the server has closed it, or the next request is for
+/// another server, libcurl opens a new one.
+///
+/// libcurl decides nothing by itself: redirects, challenges, cookies, proxies, compression and its
+/// own verification of certificates are off. Certificates are verified with the system's
+/// authorities by QSslCertificate::verify(), TLS must be 1.2 or newer, and no signals are used, so
+/// that any number of connections can exist in a process.
 class HttpConnection {
 public:
     /// Maximum size in bytes of the header fields of a response, including those of provisional
     /// responses.
     static constexpr qsizetype HeaderLimit = 64 << 10;
 
-    /// `options` is not owned and must outlive this object.
+    /// `options` is not owned and must outlive this object. Does not connect. If libcurl cannot be
+    /// initialized, every exchange fails.
     explicit HttpConnection(const HttpClient::Options &options);
+    /// Closes the network connection without waiting for the server.
     ~HttpConnection();
     HttpConnection(const HttpConnection &) = delete;
     HttpConnection &operator=(const HttpConnection &) = delete;
 
     /// Sends `request` and returns its response; follows no redirection and responds to no
     /// challenge. Blocks until the response is complete, a deadline passes, or `future` is
-    /// cancelled, which ends the request at once.
+    /// cancelled, which ends the request at once. Name resolution runs on a thread of libcurl and
+    /// is not waited for after that. Errors are those of HttpClient::send(); after one, the object
+    /// can be used again. `request` is not owned and not used after the return. Not reentrant: the
+    /// function HttpClient::Options::trusts, which is called meanwhile, must not use this
+    /// connection.
     Expected<HttpClient::Response> exchange(const HttpClient::Request &request,
                                             const EngineFuture &future);
 
@@ -38,15 +51,19 @@ private:
         void operator()(CURLM *multi) const { curl_multi_cleanup(multi); }
     };
 
-    /// Callbacks of libcurl and OpenSSL; `connection` is this object.
+    /// Callbacks of libcurl and OpenSSL; `connection` is this object. They are called within
+    /// exchange(), on its thread. A count other than the one received ends the transfer; so does a
+    /// result other than 0 of takeProgress().
     static size_t takeHeader(char *bytes, size_t size, size_t count, void *connection);
     /// libcurl passes 1 as `size`.
     static size_t takeBody(char *bytes, size_t size, size_t count, void *connection);
     static int takeProgress(void *connection, curl_off_t, curl_off_t received, curl_off_t,
                             curl_off_t sent);
     static CURLcode prepareTLS(CURL *easy, void *context, void *connection);
+    /// Replaces OpenSSL's verification (SSL_CTX_set_cert_verify_callback); returns 1 to accept.
     static int verifyCertificate(X509_STORE_CTX *context, void *connection);
 
+    /// Sets one option for the next transfer. A failure makes exchange() fail before it connects.
     template <class Value>
     void set(CURLoption option, Value value);
     /// Set the options of libcurl for `request`.
@@ -58,12 +75,15 @@ private:
     Error unreachable(const QString &reason) const;
     /// Performs the request. Blocks.
     CURLcode run(const EngineFuture &future);
+    /// Takes one line with its line break, in the order of arrival; a status line begins a new
+    /// response. Returns false, and sets the error, if the fields are too long.
     bool takeHeaderLine(const QByteArray &line);
     /// Returns whether the server's certificate is valid or trusted by the user; otherwise sets the
     /// error.
     bool judgeCertificate(const QList<QSslCertificate> &chain);
     /// Returns the error for a failed transfer.
     Error transportError(CURLcode code) const;
+    /// Returns host and port of the current request, as errors show them.
     QString server() const;
 
     const HttpClient::Options &m_options;
