@@ -21,8 +21,8 @@ public:
     /// Returns the mask as it was passed to the constructor.
     quint64 daysOfWeek() const override { return m_daysOfWeek; }
 
-    /// Returns the first date after `now`, at most seven days later; invalid if the schedule has no
-    /// day.
+    /// Returns the first date after `now`; invalid if the schedule has no day or `now` is invalid.
+    /// With a single day, and if `now` is exactly the time on that day, it is a week later.
     QDateTime nextDateAfter(const QDateTime &now) const override;
 
 private:
