@@ -4,15 +4,24 @@
 
 #include "Platform/Foundation/Error.h"
 
-/// The domain of all errors of the engine.
+/// The domain of all errors of the engine. Codes are unique within a domain only, see
+/// isEngineError().
 inline const QString EngineErrorDomain = QStringLiteral("VelmoraSyncErrorDomain");
 
+/// What a caller can distinguish. The message of an error says more, and is what users see; do not
+/// derive decisions from it. The numbers are neither stored nor sent, so their order may change.
 enum class EngineErrorCode {
+    /// The profile cannot be opened.
     ProfileUnusable = 1,
+    /// The open profile cannot be read or written. What was to be written has no effect.
     ProfileNotWritten,
+    /// The text of a note, or the name or identifier of a database or note, is not valid.
     InvalidDatabase,
+    /// The place of a store cannot be reached now; a later attempt may succeed without any change.
     StoreUnreachable,
+    /// A record of a store cannot be read; it is left as it is.
     DamagedRecord,
+    /// The operation was cancelled, see operationCancelled().
     Cancelled,
     /// The store has no such blob.
     BlobMissing,
@@ -20,6 +29,7 @@ enum class EngineErrorCode {
     BlobRefused,
     /// The store denies access, for example because a permission is missing.
     AccessDenied,
+    /// The store has no space left, or a quota of the user is used up.
     StoreFull,
     /// The server cannot prove its identity.
     CertificateUntrusted,
@@ -45,13 +55,18 @@ enum class EngineErrorCode {
 
 // The functions are thread-safe.
 
-/// Returns an error whose message to the user is `description`, a complete sentence.
+/// Returns an error whose message to the user is `description`, a complete sentence in the user's
+/// language that says what to do next. It has no failure reason.
 Error engineError(EngineErrorCode code, const QString &description);
-/// Returns an error whose message is `text`, localized, with `place` for its "%1".
+/// Returns an error whose message is `text`, a key of the translation table "Sync" in UTF-8,
+/// localized, with `place` for its "%1". `place` may be any text from outside; it is not
+/// interpreted.
 Error engineError(EngineErrorCode code, const char *text, const QString &place);
 /// Returns true if `error` is the engine's error `code`; codes of other domains do not count.
 bool isEngineError(const Error &error, EngineErrorCode code);
 /// Returns an error of the code DamagedRecord for the record at `place`, in words for the user.
+/// `place` is a path or address, see BlobStore::place().
 Error damagedRecord(const QString &place);
-/// Returns the error of an operation that was cancelled.
+/// Returns the error of an operation that was cancelled, of the code Cancelled, by which callers
+/// distinguish it from a failure.
 Error operationCancelled();

@@ -14,27 +14,36 @@ class EngineFuture : public PZFuture {
 public:
     /// Cancels this future unless its operation has finished, and in any case the attached ones.
     /// The callbacks registered with `cancellation()` run before the attached futures are
-    /// cancelled. Idempotent.
+    /// cancelled. Idempotent. Returns when the callbacks have run on this thread; does not wait for
+    /// the operation. It may be called within a callback.
     void cancel() override;
-    /// Returns whether this future was cancelled before its operation finished.
+    /// Returns whether this future was cancelled before its operation finished. Fast, so loops may
+    /// call it in each step.
     bool isCancelled() const override;
     /// Shares the ownership of `future` until this future is cancelled or, at the latest,
     /// destroyed; finished futures are released earlier. If `future` is this future or already
-    /// keeps it alive, it is attached without ownership, so that rings are freed.
+    /// keeps it alive, it is attached without ownership, so that rings are freed. If this future is
+    /// cancelled already, `future` is cancelled within this call and not kept. O(n) for all futures
+    /// that `future` keeps alive. `future` must not be null, and must be owned by a
+    /// std::shared_ptr.
     void cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) override;
     /// Attaches `future` as `cascadeCancellationToFuture` does. If this future's own operation had
-    /// finished, this future can be cancelled again.
+    /// finished, this future can be cancelled again. Otherwise the next operation could not be
+    /// cancelled through it. A future that was cancelled stays so.
     void passControlToFuture(const std::shared_ptr<PZFuture> &future) override;
 
     /// Marks the operation as finished: `isCancelled` does not change any more and no callback
     /// runs, unless control is passed to another future. Futures attached to this one are still
-    /// cancelled with it.
+    /// cancelled with it. Must be called by the operation itself, before its handler, so that a
+    /// late cancel() has no effect on what the handler reports. Idempotent.
     void finish();
 
     /// Returns the token that is notified when this future is cancelled. A std::stop_callback made
     /// with it runs its function exactly once: in `cancel`, on the thread that calls it, or at once
-    /// in its constructor if this future is cancelled already. Its destructor unregisters the
-    /// function and waits for it if it runs on another thread. See CancellableWait for waiting.
+    /// in its constructor if this future is cancelled already. It must return soon and must not
+    /// throw. Its destructor unregisters the function and waits for it if it runs on another
+    /// thread, so it must not be destroyed with a lock held that the function needs. The token may
+    /// outlive this future. See CancellableWait for waiting.
     std::stop_token cancellation() const { return m_cancellation.get_token(); }
 
 private:

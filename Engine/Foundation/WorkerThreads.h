@@ -5,7 +5,8 @@
 #include <memory>
 
 /// Threads for work that blocks. They never limit each other: work that hangs does not delay other
-/// work. Thread-safe, except for the destructor.
+/// work, because every piece has a thread of its own. Nothing limits their number, so callers must
+/// limit what they start. Thread-safe, except for the destructor.
 class WorkerThreads {
 public:
     /// Maximum time for which end() and the destructor wait.
@@ -18,15 +19,19 @@ public:
     WorkerThreads &operator=(const WorkerThreads &) = delete;
 
     /// Calls `work` on a new thread and returns at once. `work` must own everything that it uses,
-    /// because it may still run when this object no longer exists.
+    /// because it may still run when this object no longer exists. It must not throw, which would
+    /// end the process. What it owns is destroyed on its thread before it counts as ended. Throws
+    /// std::system_error if the system cannot create a thread.
     void start(std::function<void()> work);
-    /// Waits until no work is running. Must not be called by the work itself.
+    /// Waits until no work is running, without a limit. Abandoned work, see end(), is not waited
+    /// for. Must not be called by the work itself.
     void waitForDone();
-    /// Does the same for at most `timeout`. Returns whether no work is running.
+    /// Does the same for at most `timeout`. Returns whether no work is running. Zero does not wait.
     bool waitForDone(std::chrono::milliseconds timeout);
-    /// Waits for the running work. Work that has not ended in time, for example because a file
-    /// system does not respond, is abandoned: it goes on until it returns or the process ends. Work
-    /// that is started later begins as usual. Must not be called by the work itself.
+    /// Waits for the running work, at most EndTimeout. Work that has not ended in time, for example
+    /// because a file system does not respond, is abandoned: it goes on until it returns or the
+    /// process ends. Work that is started later begins as usual. Callers should cancel the work
+    /// before, because this does not. Must not be called by the work itself. Idempotent.
     void end();
 
 private:
