@@ -11,10 +11,12 @@ class ProfileDatabase;
 /// Reads the locations with their states from the profile, and writes what has changed in one
 /// transaction. Changes and removals by another process are kept unless the same value was changed
 /// here too; a location that it has removed is not written again. Must be used on the main thread.
+/// Every function that reads or writes the profile blocks for the disk.
 class EngineLocationsController : public QVSyncLocationsController {
     Q_OBJECT
 public:
-    /// `profile` is not owned and must outlive this object.
+    /// `profile` is not owned and must outlive this object. `kinds` must not be null. The list is
+    /// empty before load().
     EngineLocationsController(const ProfileDatabase &profile,
                               std::shared_ptr<const EngineLocationKinds> kinds);
 
@@ -26,28 +28,34 @@ public:
     QList<std::shared_ptr<QVSyncLocation>> syncLocations() const override;
     qsizetype countOfSyncLocations() const override { return m_locations.size(); }
     /// `location` must be an EngineSyncLocation. Neither this nor removing is saved until save() is
-    /// called.
+    /// called. A location may be inserted again after it was removed; it is saved with all its
+    /// states, whether or not the removal was saved meanwhile.
     void insertObjectInSyncLocationsAtIndex(const std::shared_ptr<QVSyncLocation> &location,
                                             qsizetype index) override;
     /// Locations are compared by identity. O(n).
     qsizetype indexOfObjectInSyncLocations(
         const std::shared_ptr<QVSyncLocation> &location) const override;
-    /// An index out of range is ignored.
+    /// An index out of range is ignored. Otherwise emits locationRemoved(), whose slots find the
+    /// list without the location.
     void removeObjectFromSyncLocationsAtIndex(qsizetype index) override;
     /// Writes the locations and states that have changed, in one transaction. If it fails, nothing
-    /// is written and the changes remain to be saved.
+    /// is written and the changes remain to be saved. Values that were not changed here are not
+    /// written, so it is quick if nothing was. The URL of a location whose removal is saved is
+    /// recorded, see removedLocations().
     bool save(std::optional<Error> *error) override;
 
     /// Return the identifiers of the locations whose removal was saved, and the URL that such a
     /// location had; empty if the removal of `identifier` is not recorded. Adding the location
     /// again removes the record.
     Expected<QStringList> removedLocations() const;
+    /// Returns a nil URL if the location had none or its text cannot be parsed.
     Expected<std::optional<Url>> removedURL(const QString &identifier) const;
     /// Removes the record of a removal. Succeeds if there is none.
     Expected<void> forgetRemoval(const QString &identifier) const;
 
 Q_SIGNALS:
-    /// Emitted after a location was removed from the list, with its identifier.
+    /// Emitted after a location was removed from the list, with its identifier; the removal is not
+    /// saved yet and may be undone. Jobs of the location should end now.
     void locationRemoved(const QString &identifier);
 
 private:

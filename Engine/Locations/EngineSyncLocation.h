@@ -6,8 +6,9 @@
 #include "Engine/Locations/EngineSyncState.h"
 #include "Host/QVSyncLocation.h"
 
-/// A location with its states. Must be created with std::make_shared, and used and destroyed on the
-/// main thread.
+/// A location with its states. It does not know whether it is in the list of the locations
+/// controller, which compares its values with the saved ones. Must be created with
+/// std::make_shared, and used and destroyed on the main thread.
 class EngineSyncLocation : public QVSyncLocation,
                            public std::enable_shared_from_this<EngineSyncLocation> {
     Q_OBJECT
@@ -15,17 +16,20 @@ public:
     /// Creates a new location with a random identifier. `URL` may be nil. `kinds` must not be null.
     EngineSyncLocation(const Url &URL, std::shared_ptr<const EngineLocationKinds> kinds);
     /// Creates the location of a row of the profile. If `URLText` cannot be parsed, the URL is nil,
-    /// but the text is kept until setURL() is called.
+    /// but the text is kept until setURL() is called. So a URL that only another version
+    /// understands survives. Neither the states nor the list are read here, see
+    /// EngineLocationsController::load().
     EngineSyncLocation(const QString &identifier, const QString &URLText,
                        std::shared_ptr<const EngineLocationKinds> kinds);
 
     /// Returns nil if there is no URL or its text cannot be parsed.
     Url URL() const override { return m_URL; }
     /// Later stores are those of the kind of the new URL. Failures with the former one are
-    /// forgotten.
+    /// forgotten: the last results of such states become empty, which is announced by each before
+    /// `URL` is. Successful results and the dates stay.
     void setURL(const Url &URL) override;
     QVSyncStates synchronizationStates() const override { return m_states; }
-    /// These are O(1).
+    /// These are O(1). UUIDs are compared exactly.
     std::shared_ptr<QVSyncState> stateForDatabaseWithUUID(const QString &UUID) const override;
     std::shared_ptr<QVSyncState> addStateForDatabaseWithUUID(const QString &UUID,
                                                              const QString &name) override;
@@ -33,11 +37,14 @@ public:
     std::shared_ptr<QVSyncStore> createStore() override;
 
     /// Returns a new store for the current URL, as the engine uses it; never null. If the URL is of
-    /// an unknown kind, every operation of the store fails. The store keeps this location alive.
+    /// an unknown kind, every operation of the store fails. The store keeps this location alive. A
+    /// new object for each call, which accesses nothing until it is used.
     std::shared_ptr<BlobStore> createBlobStore();
-    /// Returns the kind of the current URL. Valid as long as this object.
+    /// Returns the kind of the current URL. Valid as long as this object, but no longer that of the
+    /// location once setURL() is called.
     const EngineLocationKind &kind() const { return m_kinds->kindForURL(m_URL); }
-    /// Returns the UUID that identifies the location in the profile. Constant.
+    /// Returns the UUID that identifies the location in the profile, in lower case without braces.
+    /// Constant; it is not sent to the location.
     QString identifier() const { return m_identifier; }
     /// Returns the text of the URL that is saved in the profile.
     QString URLText() const { return m_URLText; }
@@ -45,7 +52,8 @@ public:
     /// `databaseUUID` is empty or has a state already.
     void restoreState(const QString &databaseUUID, const QString &databaseName,
                       const EngineSyncState::Values &values);
-    /// Returns the states in the order of synchronizationStates().
+    /// Returns the states in the order of synchronizationStates(). The reference is valid as long
+    /// as this object; states are added to it but never removed.
     const QList<std::shared_ptr<EngineSyncState>> &engineStates() const { return m_engineStates; }
 
 private:

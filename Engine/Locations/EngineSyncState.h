@@ -11,7 +11,8 @@ class EngineSyncState : public QVSyncState {
     Q_OBJECT
     Q_PROPERTY(std::optional<QVSyncResult> lastResult READ lastResult NOTIFY lastResultChanged)
 public:
-    /// The values of a state that can change.
+    /// The values of a state that can change. The defaults are those of a state that the user has
+    /// just added.
     struct Values {
         bool isEnabled = false;
         bool syncOnOpen = false;
@@ -25,7 +26,7 @@ public:
     };
 
     /// A new state is marked as changed. `destination` is weak because the location owns its
-    /// states.
+    /// states. `databaseUUID` must not be empty. It announces nothing.
     EngineSyncState(std::weak_ptr<EngineSyncLocation> destination, const QString &databaseUUID,
                     const QString &databaseName, const Values &values);
 
@@ -36,7 +37,8 @@ public:
     std::shared_ptr<QVSyncLocation> destination() const override;
     bool isEnabled() const override { return m_values.isEnabled; }
     /// Each setter marks the state as changed and announces its key, even if the value is equal.
-    /// The location must be saved separately.
+    /// The location must be saved separately. Disabling a state also cancels its jobs, see
+    /// EngineDispatcher, which listens to the announcement.
     void setEnabled(bool enabled) override;
     QVSyncSchedulePtr schedule() const override { return m_values.schedule; }
     void setSchedule(const QVSyncSchedulePtr &schedule) override;
@@ -46,19 +48,26 @@ public:
     void setSyncOnClose(bool syncOnClose) override;
     QDateTime lastSynced() const override { return m_values.lastSynced; }
     /// Called by the dispatcher after a successful synchronization: the location now knows the
-    /// database by this name.
+    /// database by this name. Announces nothing, because the rows show the name of the database
+    /// itself.
     void setDatabaseName(const QString &databaseName);
-    /// Called by the dispatcher after a successful synchronization. Announces "lastSynced".
+    /// Called by the dispatcher after a successful synchronization, which also saves it. Announces
+    /// "lastSynced".
     void setLastSynced(const QDateTime &lastSynced);
+    /// The reference is valid until setLastResult() is called.
     const std::optional<QVSyncResult> &lastResult() const { return m_values.lastResult; }
-    /// Called by the dispatcher when a job has ended. Announces "lastResult".
+    /// Called by the dispatcher when a job has ended, which also saves it, and with an empty result
+    /// by EngineSyncLocation::setURL(). Announces "lastResult".
     void setLastResult(const std::optional<QVSyncResult> &lastResult);
 
-    /// Returns whether a value was set since the state was last saved.
+    /// Returns whether a value was set since the state was last saved. Results of jobs count too,
+    /// although the dispatcher saves them by itself; they are then written once more.
     bool isChanged() const { return m_isChanged; }
+    /// Called when the state was read from the profile or saved. Announces nothing.
     void setChanged(bool isChanged) { m_isChanged = isChanged; }
 
 Q_SIGNALS:
+    /// Emitted after the result was set, also if it is equal.
     void lastResultChanged();
 
 private:

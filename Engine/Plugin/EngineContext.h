@@ -11,25 +11,31 @@ class FolderGrants;
 class ProfileDatabase;
 class StoreOperations;
 
-/// The objects that all stores of one engine share. A store shares ownership of those that it uses,
-/// so they outlive an operation on a worker thread. Must be used on the main thread.
+/// The objects that all stores of one engine share, instead of state of the process: two engines in
+/// one process do not affect each other. A store shares ownership of those that it uses, so they
+/// outlive an operation on a worker thread. Must be used on the main thread.
 class EngineContext {
 public:
     /// `profile` is not owned and must outlive this object.
     explicit EngineContext(const ProfileDatabase &profile);
-    /// Closes the certificate trust and the pairings, which stores may still hold.
+    /// Closes the certificate trust and the pairings, which stores may still hold: from then on
+    /// they trust nothing and store nothing. Operations are not cancelled here, see
+    /// StoreOperations::end().
     ~EngineContext();
     EngineContext(const EngineContext &) = delete;
     EngineContext &operator=(const EngineContext &) = delete;
 
-    /// Reads the stored data from the profile. Must be called once, after the profile was opened.
-    /// If it fails, the engine must not be used.
+    /// Reads the stored data from the profile: granted folders, pairings, and trusted certificates.
+    /// Must be called once, after the profile was opened. If it fails, the engine must not be used.
+    /// Blocks for the disk.
     Expected<void> load();
 
     /// None of these is null.
     const std::shared_ptr<CertificateTrust> certificateTrust;
     const std::shared_ptr<FolderGrants> folderGrants;
     const std::shared_ptr<DirectConnectionPairings> pairings;
+    /// Lets one store at a time refresh the tokens of a Dropbox account.
     const std::shared_ptr<DropboxRefreshTurn> dropboxRefreshTurn;
+    /// Starts every operation of a store, and cancels all of them when the engine ends.
     const std::shared_ptr<StoreOperations> storeOperations;
 };

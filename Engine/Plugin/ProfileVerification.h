@@ -7,16 +7,24 @@
 
 class EngineSyncPlugin;
 
-/// Verifies a profile and every store with which its databases synchronize. Must be used on the
-/// main thread.
+/// Verifies a profile and every store with which its databases synchronize: the enabled states of
+/// all locations, and the served store. Must be used on the main thread.
 class ProfileVerification {
 public:
     /// The arguments are not owned and must outlive this object. `served` is the folder of the
-    /// store that the profile's server serves; it need not exist.
+    /// store that the profile's server serves; it need not exist. The profile must be open and
+    /// loaded.
     ProfileVerification(const ProfileDatabase &profile, EngineNoteLibrary &library,
                         const EngineSyncPlugin &plugin, QString served);
 
-    /// See SyncPlugIn::verify.
+    /// See SyncPlugIn::verify. May take as long as the slowest location does, since the stores are
+    /// read completely and one after the other; it cannot be cancelled. The event loop runs
+    /// meanwhile, so the caller must prevent that these objects are destroyed, or run() is called
+    /// again, by what happens there.
+    ///
+    /// A location that cannot be reached is a part that was not checked, and does not end the
+    /// verification. The parts are the profile, then each database at each location in the order of
+    /// the list, then those of the served store.
     VerificationReport run(VerificationMode mode);
 
 private:
@@ -24,13 +32,20 @@ private:
     /// Whether a database was ever synchronized with a store.
     enum class History { Synchronized, NeverSynchronized };
 
+    /// Checks the file with SQLite ("integrity_check" and "foreign_key_check") and every operation
+    /// against its digest.
     Part verifyProfile() const;
     /// Returns the problems of the profile itself.
     Expected<QStringList> profileProblems() const;
     /// Returns how much the profile contains, for the user.
     Expected<QString> profileExtent() const;
+    /// Add a part to the report for each database of the location, or of the served store.
+    /// Databases whose state is disabled are not verified.
     void verifyLocation(EngineSyncLocation &location);
     void verifyServedStore();
+    /// Verifies one database at one store, after a synchronization that repairs it in the mode
+    /// Repair. A store that does not contain the database is a problem only if it was synchronized
+    /// before.
     void verifyStore(const StoreSession::Subject &subject, const QString &title, BlobStore &store,
                      History history);
     /// Runs `session` on a thread until it is done or fails, and the event loop meanwhile.

@@ -18,24 +18,30 @@ class EngineSyncLocation;
 /// main thread.
 class ServedStoreSynchronizer : public ServedStoreObserver {
 public:
-    /// Identifies the served store in the profile.
+    /// Identifies the served store in the profile, where other stores have the identifier of their
+    /// location. Must not change.
     static inline const QString Place = QStringLiteral("direct connections");
 
-    /// A profile with this many databases gets no further ones from clients.
+    /// A profile with this many databases gets no further ones from clients, since any of them
+    /// could fill it.
     static constexpr qsizetype MostDatabases = 500;
 
     /// `dispatcher` and `library` are not owned and must outlive this object. `location` is that of
-    /// the served store and must not be null.
+    /// the served store and must not be null. Starts nothing by itself.
     ServedStoreSynchronizer(EngineDispatcher &dispatcher, EngineNoteLibrary &library,
                             std::shared_ptr<EngineSyncLocation> location,
                             qsizetype mostDatabases = MostDatabases);
+    /// The handlers of running jobs use this object, so the dispatcher must be destroyed next,
+    /// without running the event loop in between.
     ~ServedStoreSynchronizer() override;
 
-    /// Synchronizes all databases and then calls `proceed`, at the latest after 5 seconds: the
-    /// other computer may be waiting for this one in turn. Changes that arrive later are served to
-    /// the next client.
+    /// Synchronizes all databases and then calls `proceed` once, on the main thread, at the latest
+    /// after 5 seconds: the other computer may be waiting for this one in turn. Changes that arrive
+    /// later are served to the next client. It is called even if a synchronization fails, which is
+    /// reported in the log, but not necessarily if this object is destroyed before. `proceed` must
+    /// not be empty.
     void clientWillRead(std::function<void()> proceed) override;
-    /// Synchronizes all databases.
+    /// Synchronizes all databases. Returns at once; calls while one is waiting have no effect.
     void clientsDidWrite() override;
 
 private:

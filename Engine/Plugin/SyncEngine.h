@@ -19,24 +19,28 @@ class SyncEngine {
 public:
     /// Opens no profile yet. The application object must exist.
     SyncEngine();
-    /// Cancels the operations of this engine's stores, blocks until they have ended, and closes the
-    /// profile. Must not be called while a handler waits for the main thread.
+    /// Cancels the operations of this engine's stores, blocks until they have ended or are
+    /// abandoned (see StoreOperations::end()), and closes the profile. Must not be called while a
+    /// handler waits for the main thread, nor from within a handler or an event of the engine.
     ~SyncEngine();
     SyncEngine(const SyncEngine &) = delete;
     SyncEngine &operator=(const SyncEngine &) = delete;
 
     /// Opens the profile in `directory`, see SyncPlugIn::openProfile. `contents` are the initial
-    /// contents of a new profile. Must be called at most once successfully. Triggers, backups,
-    /// the removal of old versions and the server start only if `use` is Run.
+    /// contents of a new profile. Must be called at most once successfully. Triggers, backups, the
+    /// removal of old versions and the server start only if `use` is Run. Blocks for the disk, and
+    /// longer if a profile of an older version is converted or, for Snapshot, copied. A problem
+    /// with the protection of the folder's files is logged only.
     Expected<void> openProfile(const QString &directory,
                                FirstContents contents = FirstContents::Welcome,
                                ProfileUse use = ProfileUse::Run);
-    /// See SyncPlugIn::verify.
+    /// See SyncPlugIn::verify. A profile must be open.
     VerificationReport verify(VerificationMode mode);
     /// Returns the library; null while no profile is open. Owned by the engine.
     EngineNoteLibrary *library() { return m_isOpen ? &m_library : nullptr; }
     /// Returns the sync plug-in, owned by the engine. Its data is complete once a profile is open.
     EngineSyncPlugin &plugin() { return m_plugin; }
+    /// Returns the profile's database, owned by the engine; it is closed before openProfile().
     const ProfileDatabase &profile() const { return m_profile; }
     /// Returns the triggers, which start when a profile is opened.
     SyncTriggers &triggers() { return m_triggers; }
@@ -44,7 +48,8 @@ public:
     BackupSchedule &backups() { return m_backups; }
 
     /// Replaces the database of a profile that is not open by an empty one with the inbox and the
-    /// former locations, see ProfileRecovery::begin.
+    /// former locations, see ProfileRecovery::begin. If the locations cannot be read, it succeeds
+    /// without them, and the user is notified once the application runs. Blocks for the disk.
     static Expected<void> beginProfile(const QString &directory);
 
 private:

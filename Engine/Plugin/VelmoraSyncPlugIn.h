@@ -6,18 +6,23 @@
 #include "Engine/Plugin/EngineClasses.h"
 #include "Engine/Plugin/SyncEngine.h"
 
-/// The root object of the engine's plug-in. It creates the engine when it is loaded and destroys it
-/// in closeProfile(). Must be used on the main thread.
+/// The root object of the engine's plug-in, created by QPluginLoader. It creates the engine and
+/// registers its classes when it is loaded, and destroys both in closeProfile(); it cannot open
+/// another profile afterwards. For the contracts that are not repeated here see SyncPlugIn. Must be
+/// used on the main thread.
 class VelmoraSyncPlugIn : public QObject, public SyncPlugIn {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID SyncPlugIn_iid)
     Q_INTERFACES(SyncPlugIn)
 public:
+    /// A new profile begins with the contents FirstContents::Welcome.
     Expected<void> openProfile(const QString &directory, ProfileUse use) override;
+    /// Must not be called after closeProfile(), as verify().
     Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess) override;
     /// Returns whether `error` says that another process uses the profile.
     bool isProfileInUse(const Error &error) const override;
     bool isProfileDamaged(const Error &error) const override;
+    /// These two need no engine and may be called while no profile is open.
     Expected<std::optional<QDate>> dateOfBackup(const QString &directory) const override;
     Expected<void> replaceProfile(const QString &directory,
                                   ProfileReplacement replacement) override;
