@@ -10,14 +10,15 @@
 /// exchange is protected by PKCE (RFC 7636, method S256).
 class DropboxAuthorization {
 public:
-    /// The account that the user has signed in to.
+    /// The account that the user has signed in to. Any account can be chosen in the browser, so the
+    /// caller must compare the address before it stores the tokens.
     struct SignIn {
         /// Its e-mail address.
         QString address = {};
         /// Not stored yet.
         DropboxTokens tokens = {};
     };
-    /// The timeouts of a sign-in.
+    /// The timeouts of a sign-in. `server` applies to each of its requests to Dropbox.
     struct Limits {
         /// Maximum time for the user to sign in.
         std::chrono::milliseconds user = std::chrono::minutes(10);
@@ -25,11 +26,18 @@ public:
     };
 
     /// `mainThread` is a queue of the main thread, on which the browser is opened. It is not owned
-    /// and must outlive this object.
+    /// and must outlive this object. The main thread must run its event loop during run(); it need
+    /// not wait for this object.
     DropboxAuthorization(CallQueue &mainThread, const Limits &limits);
 
     /// Performs the whole sign-in. Blocks until the user has signed in, the timeout has expired or
-    /// `future` is cancelled; must be called once, on a worker thread.
+    /// `future` is cancelled, which takes effect soon; must be called once, on a worker thread.
+    /// Closing the page in the browser is not noticed: it ends with the timeout.
+    ///
+    /// Errors: AccessDenied if the user refused, the time expired, or Dropbox rejected the code;
+    /// StoreUnreachable if the configuration is not valid, no browser can be opened, the port is
+    /// used, or Dropbox cannot be reached; and Cancelled. The tokens that a failed sign-in has
+    /// received are discarded, not revoked.
     Expected<SignIn> run(const EngineFuture &future);
 
 private:

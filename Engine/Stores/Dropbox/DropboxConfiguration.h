@@ -30,9 +30,12 @@ struct DropboxConfiguration {
     QUrl tokenAddress;
     QUrl APIAddress;
     QUrl contentAddress;
+    /// A value that is no port is reduced modulo 65536.
     quint16 redirectPort = 0;
 
-    /// Reads the configuration from the user defaults, each time. Fails if there is no application
-    /// key or an address is not secure. Thread-safe.
+    /// Reads the configuration from the user defaults, each time. Fails with the code
+    /// StoreUnreachable if there is no application key or an address is not secure: neither https
+    /// nor http to "localhost" or a loopback address, without a host, or with user information.
+    /// Slashes at the end of addresses are removed. Thread-safe.
     static Expected<DropboxConfiguration> current();
 };

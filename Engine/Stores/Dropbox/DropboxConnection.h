@@ -10,13 +10,17 @@ public:
     /// Maximum waiting time of one request, all attempts together. If a server demands more, the
     /// request fails.
     static constexpr std::chrono::seconds MostWaiting = std::chrono::seconds(120);
-    /// Waiting time if the server does not state one in seconds.
+    /// Waiting time if the server does not state one in seconds; a date is not evaluated. The
+    /// shortest one is a second.
     static constexpr std::chrono::seconds UnnamedWaiting = std::chrono::seconds(5);
 
+    /// No challenge is answered, and only valid certificates are accepted.
     explicit DropboxConnection(HttpClient::Timeouts timeouts);
 
-    /// Sends `request` and returns the response. Blocks; returns an error of the code Cancelled at
-    /// once if `future` is cancelled while waiting.
+    /// Sends `request` and returns the response, regardless of its status. Blocks, for MostWaiting
+    /// in addition to HttpClient::send(); returns an error of the code Cancelled at once if
+    /// `future` is cancelled while waiting, and one of the code StoreUnreachable if the server
+    /// demands more time.
     Expected<HttpClient::Response> send(const HttpClient::Request &request,
                                         const EngineFuture &future);
 

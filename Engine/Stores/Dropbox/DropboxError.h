@@ -2,20 +2,24 @@
 
 #include "Engine/Stores/Http/HttpClient.h"
 
-/// The errors of requests to Dropbox, with messages for the user. Thread-safe.
+/// The errors of requests to Dropbox, with messages for the user that say what to do next.
+/// `account` is an e-mail address; of `server` only host and port are shown. Thread-safe.
 namespace DropboxError {
 
-/// There are no tokens for the account.
+/// There are no tokens for the account. Has the code AccessDenied, as the two that follow: only the
+/// user can change that, by signing in.
 Error notSignedIn(const QString &account);
 /// The account's tokens are no longer accepted.
 Error signInAgain(const QString &account);
 /// The user signed in as `signedIn`, but the location's account is `account`.
 Error otherAccount(const QString &account, const QString &signedIn);
-/// The response of `server` has an unexpected status.
+/// The response of `server` has an unexpected status. Has the code AccessDenied for 403 and
+/// StoreUnreachable for any other; for 429 and 503 it is the same as busy().
 Error unexpected(const HttpClient::Response &response, const QUrl &server);
-/// The response of `server` is not valid.
+/// The response of `server` is not valid, although its status reports success. Has the code
+/// StoreUnreachable.
 Error notUnderstood(const QUrl &server);
-/// `server` demands a longer waiting time than allowed.
+/// `server` demands a longer waiting time than allowed. Has the code StoreUnreachable.
 Error busy(const QUrl &server);
 
 }  // namespace DropboxError

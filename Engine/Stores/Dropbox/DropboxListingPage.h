@@ -7,15 +7,18 @@
 /// A page of a folder's listing: the response of the routes "files/list_folder" and
 /// "files/list_folder/continue". A value.
 struct DropboxListingPage {
-    /// The names of the files and folders, as the server sent them.
+    /// The names of the files and folders, as the server sent them: unchecked, possibly empty, in
+    /// no order, and with duplicates across pages. Deleted entries are omitted.
     QStringList names;
     /// Identifies the next page; not empty if `hasMore`.
     QString cursor;
     bool hasMore = false;
 
-    /// Parses `response`, which is not trusted. Returns an empty optional if it is not a page.
-    /// Thread-safe. O(n).
+    /// Parses `response`, which is not trusted. Returns an empty optional if it is not JSON, has no
+    /// array "entries" or no boolean "has_more", or announces a further page without a cursor;
+    /// unknown entries are ignored. Thread-safe. O(n).
     static std::optional<DropboxListingPage> parse(const QByteArray &response);
-    /// Returns the approximate memory for `names`, in bytes.
+    /// Returns the approximate memory for `names`, in bytes. The caller limits the sum of all
+    /// pages, because their number is up to the server.
     qsizetype memory() const;
 };

@@ -14,12 +14,14 @@ public:
     static inline const QString Path = QStringLiteral("/dropbox");
 
     /// Parses an HTTP request, of which only the first line is used. Returns an empty optional if
-    /// it is not a GET request of the redirect address.
+    /// it is not a GET request of the redirect address. Accepts any bytes.
     static std::optional<DropboxRedirect> parse(const QByteArray &request);
 
     /// Returns the authorization code, or the error if the user refused or the response is not
     /// valid. Returns an empty optional if the request has another state than `state`, which was
-    /// sent with the sign-in (RFC 6749, section 10.12).
+    /// sent with the sign-in (RFC 6749, section 10.12). `state` must not be empty. A parameter that
+    /// occurs twice counts as missing. The code is not empty, but otherwise unchecked: only the
+    /// token endpoint can verify it.
     std::optional<Expected<QString>> result(const QString &state) const;
 
 private:

@@ -17,20 +17,27 @@
 class DropboxRedirectListener : public QObject {
     Q_OBJECT
 public:
-    /// `state` must be unguessable.
+    /// `state` must be unguessable, since it is the only proof that a request results from this
+    /// sign-in.
     explicit DropboxRedirectListener(const QString &state);
 
-    /// Starts to listen at `port`; 0 selects a free port. Fails if the port cannot be used.
+    /// Starts to listen at `port` of 127.0.0.1; 0 selects a free port. Fails with the code
+    /// StoreUnreachable if the port cannot be used. Must be called once. Connections are accepted
+    /// only while wait() runs.
     Expected<void> listen(quint16 port);
-    /// Returns the redirect address. Valid after listen().
+    /// Returns the redirect address, with the IP literal instead of "localhost" as RFC 8252,
+    /// section 8.3, recommends. Valid after listen() has succeeded.
     QString address() const;
     /// Waits for the redirect, at most for `limit` or until `future` is cancelled, running an event
-    /// loop. Returns the authorization code, or an error if the user refused or the time expired.
-    /// The browser shows that its window can be closed.
+    /// loop; then for the browser to receive its page, at most two seconds. Returns the
+    /// authorization code, or an error: AccessDenied if the user refused or the time expired,
+    /// StoreUnreachable if the redirect contains no code, or Cancelled. The browser shows that its
+    /// window can be closed. Must be called once.
     Expected<QString> wait(const EngineFuture &future, std::chrono::milliseconds limit);
 
 private:
-    /// Handle connections; the oldest is closed if there are too many.
+    /// Handle connections; the oldest is closed if there are more than 32. A request of 16 KiB
+    /// without an end closes its connection.
     void accept();
     void read(QTcpSocket *socket);
     void answer(QTcpSocket *socket, const QByteArray &request);

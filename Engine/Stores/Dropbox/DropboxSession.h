@@ -13,6 +13,9 @@ public:
     /// `manager` is not owned and must outlive every use of this object.
     DropboxSession(DropboxSessionManager &manager, const Url &URL)
         : m_manager(manager), m_URL(URL) {}
+    /// See QVDropboxSession. Runs on a worker thread of the manager, which may have several
+    /// authorizations at a time, of the same session too. If the tokens cannot be stored durably,
+    /// the secret store notifies the user, and the handler receives the account all the same.
     void authorizeWithFuture(const std::shared_ptr<PZFuture> &future, Handler handler) override;
 
 private:

@@ -9,24 +9,29 @@
 
 class EngineFuture;
 
-/// Runs the authorizations of all sessions, each on its own thread. Must be used on the main
-/// thread.
+/// Runs the authorizations of all sessions, each on its own thread. It does not know which account
+/// a location expects, see DropboxSession. Must be used on the main thread.
 class DropboxSessionManager : public QVDropboxSessionManager {
 public:
     /// Receives the account that the user has signed in to, whose tokens are not stored yet.
     using Handler = std::function<void(const Expected<DropboxAuthorization::SignIn> &signIn)>;
 
+    /// `limits` apply to every authorization. Starts no thread.
     explicit DropboxSessionManager(const DropboxAuthorization::Limits &limits = {});
-    /// Cancels the authorizations that are running, blocks until their threads have ended, and
-    /// calls the pending handlers with an error of the code Cancelled.
+    /// Cancels the authorizations that are running, blocks until their threads have ended (soon,
+    /// since cancelling takes effect at once), and calls the pending handlers with an error of the
+    /// code Cancelled, within this call. They must not start another authorization.
     ~DropboxSessionManager() override;
     DropboxSessionManager(const DropboxSessionManager &) = delete;
     DropboxSessionManager &operator=(const DropboxSessionManager &) = delete;
 
     std::shared_ptr<QVDropboxSession> sessionWithURL(const Url &URL) override;
 
-    /// Starts an authorization, see QVDropboxSession. `handler` is never called from within this
-    /// call. A cancelled future stays cancelled: later authorizations with it end at once.
+    /// Starts an authorization, see QVDropboxSession, and passes control of `future`, which must
+    /// not be null, to it. `handler`, which must not be empty, is called once, on the main thread,
+    /// and never from within this call. A cancelled future stays cancelled: later authorizations
+    /// with it end at once. If the future is cancelled before the handler is called, the handler
+    /// receives an error of the code Cancelled, even if the user has signed in meanwhile.
     void authorize(const std::shared_ptr<PZFuture> &future, Handler handler);
 
 private:

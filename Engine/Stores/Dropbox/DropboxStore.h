@@ -14,7 +14,8 @@
 class DropboxStore : public BlobStore {
 public:
     /// `refreshTurn`, which must not be null, is that of all stores of the engine. `timeouts` apply
-    /// to each request.
+    /// to each request. Does not access Dropbox; a URL without an account, or a configuration that
+    /// is not valid, makes every operation fail.
     DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
                  std::shared_ptr<StoreOperations> operations,
                  std::shared_ptr<DropboxRefreshTurn> refreshTurn,
@@ -29,7 +30,10 @@ public:
     /// Maximum size of a blob in bytes; Dropbox accepts no larger single upload.
     static constexpr qint64 ContentsLimit = 150 << 20;
 
+    /// Lists the folder of the package, so an account that has not signed in, or has lost its
+    /// permission, is reported. Succeeds if the folder does not exist. Creates nothing.
     Expected<void> open(const EngineFuture &future) override;
+    /// Returns the URL of the location with the path in the account, which contains no secret.
     QString place(const QString &name) const override;
 
 protected:
@@ -43,7 +47,7 @@ protected:
 private:
     using Response = HttpClient::Response;
 
-    /// Request a page of a folder's listing.
+    /// Request a page of a folder's listing. A cursor that the server has reset begins anew.
     Expected<Response> firstPage(const QString &folder, const EngineFuture &future);
     Expected<Response> nextPage(const QString &cursor, const EngineFuture &future);
     /// Return the error for the response to a request for `name`.
