@@ -19,7 +19,8 @@
 /// the store cannot be used.
 ///
 /// Other clients write to the same store, and their data is not trusted: a read returns what is
-/// stored under the name at that time.
+/// stored under the name at that time. A kind of store implements the protected functions; the
+/// public ones check what is passed to them and returned by them.
 class BlobStore : public EngineStore {
 public:
     using EngineStore::EngineStore;
@@ -27,7 +28,8 @@ public:
     /// Maximum size of a database record in bytes; a longer one is refused.
     static constexpr qint64 RecordLimit = 65536;
 
-    /// Maximum number of entries of a folder that can be listed.
+    /// Maximum number of entries of a folder that can be listed, so that a store cannot exhaust the
+    /// memory of this computer.
     static constexpr qsizetype MostNames = 200'000;
 
     /// Result of a write.
@@ -38,25 +40,31 @@ public:
         AlreadyThere
     };
 
-    /// Returns the names directly in `folder`, including folders, sorted and without duplicates.
-    /// Entries that are not valid names are omitted. A folder that does not exist is empty. Fails
-    /// if there are more than MostNames entries.
+    /// Returns the names directly in `folder`, including folders, sorted by code units and without
+    /// duplicates; they do not contain the path of the folder. Entries that are not valid names are
+    /// omitted. A folder that does not exist is empty. Fails with the code StoreUnreachable if
+    /// there are more than MostNames entries. What others write or remove meanwhile may be in the
+    /// list or not.
     Expected<QStringList> list(const QString &folder, const EngineFuture &future);
     /// Returns the contents of a blob. Fails with the code BlobMissing if it does not exist, and
-    /// with BlobRefused if it is longer than `limit` bytes (no more than that is read) or not a
-    /// plain file.
+    /// with BlobRefused if it is longer than `limit` bytes (no more than that is received, or 1 MiB
+    /// if that is more) or not a plain file. The contents are not checked; a caller must verify
+    /// what it reads.
     Expected<QByteArray> read(const QString &name, qint64 limit, const EngineFuture &future);
     /// Writes a blob unless one of that name exists, and creates the folders that it needs. Atomic:
-    /// other clients see the complete blob or none, also if the write is interrupted.
+    /// other clients see the complete blob or none, also if the write is interrupted. If it fails,
+    /// the blob may exist nevertheless; calling it again is safe. `contents` may be empty.
     Expected<Written> writeIfAbsent(const QString &name, const QByteArray &contents,
                                     const EngineFuture &future);
     /// Removes a blob. Succeeds if it does not exist. Its folders remain.
     Expected<void> remove(const QString &name, const EngineFuture &future);
 
-    /// Returns the location of `name` as text for the user.
+    /// Returns the location of `name` as text for the user, without a password. `name` may be
+    /// empty, for the store itself. Does not block.
     virtual QString place(const QString &name) const;
     /// Returns the error, of the code DamagedRecord, for a record that was missing when it was read
-    /// but is listed again.
+    /// but is listed again: reporting it as missing would make the synchronization write it again
+    /// or remove what depends on it.
     Error notReturned(const QString &name) const;
 
 protected:
@@ -76,10 +84,11 @@ protected:
     /// Returns the error for a folder with more than MostNames entries.
     Error tooManyNames(const QString &folder) const;
 
-    /// Reads the records "databases/UUID.json". Each is a JSON object (RFC 8259) with "uuid", the
-    /// UUID of the file name; "name", which is not empty; and "version", which is 1. The first
-    /// record that is damaged, not accessible, or listed again after it was missing is reported as
-    /// `problem` next to the other databases. If the store fails, returns only the error.
+    /// Reads the records "databases/UUID.json", whose format is described in
+    /// Engine/Notes/StoreFormat.md. The first record that is damaged, of a newer version, not
+    /// accessible, or listed again after it was missing is reported as `problem` next to the other
+    /// databases. If the store fails, returns only the error. Other files of the folder are
+    /// ignored.
     Expected<Fetched> fetch(const EngineFuture &future) override;
 
 private:

@@ -3,11 +3,13 @@
 #include "Engine/Stores/EngineRemoteDatabaseMetadata.h"
 
 /// A database in a store. Immutable. Created on a worker thread and moved to the main thread, on
-/// which it must be destroyed.
+/// which it must be destroyed: handlers that receive it on a worker thread must pass all their
+/// references to the main thread.
 class EngineRemoteDatabase : public QVRemoteDatabase {
     Q_OBJECT
 public:
     /// Shares ownership of `store`, which must not be null. The application object must exist.
+    /// `UUID` must be one that was checked; `name` may be any text.
     EngineRemoteDatabase(const QString &UUID, const QString &name,
                          const std::shared_ptr<QVSyncStore> &store);
 

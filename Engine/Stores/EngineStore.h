@@ -10,33 +10,40 @@
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Foundation/Url.h"
 
-/// Common base of all stores. Operations run on threads of the engine's pool, each handler is
-/// called there exactly once, and a cancelled operation ends with an error of the code Cancelled.
-/// Must be created with std::make_shared on the main thread; the last owner may be any thread.
+/// Common base of all stores. Each operation runs on a thread of its own (see StoreOperations),
+/// each handler is called there exactly once, after its future has finished, and a cancelled
+/// operation ends with an error of the code Cancelled. Must be created with std::make_shared on the
+/// main thread; the last owner may be any thread.
 class EngineStore : public QVSyncStore, public std::enable_shared_from_this<EngineStore> {
 public:
     /// Shares ownership of `location` and of `operations`, which starts the operations of this
-    /// store; neither must be null. The store keeps using the URL that the location has now.
+    /// store; neither must be null. The store keeps using the URL that the location has now, also
+    /// if it is nil.
     EngineStore(const std::shared_ptr<QVSyncLocation> &location,
                 std::shared_ptr<StoreOperations> operations);
-    /// Releases the location and the operations on the main thread.
+    /// Releases the location and the operations on the main thread: now if it is called there,
+    /// otherwise from the event loop.
     ~EngineStore() override;
 
     std::shared_ptr<QVSyncLocation> location() const override { return m_location; }
+    /// For the contracts of these functions see QVSyncStore. A fetch in a store that is not open
+    /// fails with the code StoreUnreachable.
     std::shared_ptr<PZFuture> openWithCompletionHandler(ErrorHandler handler) override;
     std::shared_ptr<PZFuture> fetchDatabasesWithCompletionHandler(
         DatabasesHandler handler) override;
     std::shared_ptr<PZFuture> closeWithCompletionHandler(ErrorHandler handler) override;
 
-    /// Opens the store: returns an error that says why it cannot be used. Blocks; must be called on
-    /// a worker thread.
+    /// Opens the store: returns an error that says why it cannot be used. Blocks as long as the
+    /// kind of location allows; must be called on a worker thread. Does not change whether fetching
+    /// is allowed, which openWithCompletionHandler() does.
     virtual Expected<void> open(const EngineFuture &future) = 0;
 
 protected:
     /// The result of fetch().
     struct Fetched {
         QVRemoteDatabases databases;
-        /// Why single records could not be read although the others were; empty if all were read.
+        /// Why the first of the missing records could not be read although the others were; empty
+        /// if all were read.
         std::optional<Error> problem = {};
     };
 
@@ -46,7 +53,7 @@ protected:
     std::shared_ptr<QVRemoteDatabase> record(const QString &UUID, const QString &name);
 
     /// Reads the databases. Blocks; called on a worker thread while the store is open. Should
-    /// return soon after `future` is cancelled.
+    /// return soon after `future` is cancelled; its result is then ignored.
     virtual Expected<Fetched> fetch(const EngineFuture &future) = 0;
 
 private:

@@ -13,16 +13,20 @@
 /// threads; the destructor waits for the running operations as WorkerThreads does.
 class StoreOperations {
 public:
-    /// The work of an operation; it should return soon after `future` is cancelled.
+    /// The work of an operation; it should return soon after `future` is cancelled, and must call
+    /// EngineFuture::finish() before its handler. It must not throw. `future` is valid until it
+    /// returns.
     using Work = std::function<void(EngineFuture &future)>;
 
-    /// Calls `work` later on a thread and returns at once. Cancelling the returned future, which is
-    /// never null, cancels the operation. While end() waits, the operation is cancelled from the
-    /// start.
+    /// Calls `work` on a new thread and returns at once. Cancelling the returned future, which is
+    /// never null, cancels the operation; releasing it does not. While end() waits, the operation
+    /// is cancelled from the start. What `work` owns is released on its thread. The number of
+    /// operations is not limited.
     std::shared_ptr<PZFuture> start(Work work);
     /// Cancels all operations, including those that handlers start meanwhile, and blocks until none
     /// is running; operations that have not ended in time are abandoned, see WorkerThreads. Must be
-    /// called on the main thread. Operations can be started afterwards.
+    /// called on the main thread. Operations can be started afterwards. Handlers must not wait for
+    /// the main thread meanwhile.
     void end();
 
 private:

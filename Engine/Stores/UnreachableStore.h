@@ -3,7 +3,9 @@
 #include "Engine/Stores/BlobStore.h"
 
 /// The store of a location whose URL is nil or of an unknown kind: every operation fails with an
-/// error that says so.
+/// error of the code StoreUnreachable that says so. Never blocks. It exists so that a location
+/// always has a store, and a location that a newer version has added is reported instead of
+/// ignored.
 class UnreachableStore : public BlobStore {
 public:
     using BlobStore::BlobStore;
@@ -19,5 +21,6 @@ protected:
     Expected<void> removeBlob(const QString &name, const EngineFuture &future) override;
 
 private:
+    /// Returns the error for a nil URL, or for the scheme.
     Error reason() const;
 };
