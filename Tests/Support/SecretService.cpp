@@ -42,6 +42,14 @@ const QString ServiceInterface = QStringLiteral("org.freedesktop.Secret.Service"
 
 using Attributes = QMap<QString, QString>;
 
+QDBusMessage methodCall(const QString &path, const QString &interface, const QString &method,
+                        const QVariantList &arguments) {
+    QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.secrets"),
+                                                          path, interface, method);
+    message.setArguments(arguments);
+    return message;
+}
+
 void start(QProcess &process, const QString &program, const QStringList &arguments) {
     // Whatever becomes of the test, nothing of it stays.
     process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
@@ -134,13 +142,11 @@ void SecretService::startKeyring(const QByteArray &password) {
            QStringLiteral("--components=secrets")});
     m_keyring.write(password);
     m_keyring.closeWriteChannel();
-    const bool isThere = QTest::qWaitFor([this] {
-        return bus()
-            .interface()
-            ->isServiceRegistered(QStringLiteral("org.freedesktop.secrets"))
-            .value();
-    });
-    if (!isThere) {
+    // The daemon takes its name before it can be called.
+    const QDBusMessage request = methodCall(
+        ServicePath, ServiceInterface, QStringLiteral("ReadAlias"), {QStringLiteral("default")});
+    if (!QTest::qWaitFor(
+            [&] { return bus().call(request).type() == QDBusMessage::ReplyMessage; })) {
         throw std::runtime_error("gnome-keyring-daemon does not come onto the bus");
     }
 }
@@ -195,10 +201,7 @@ QDBusConnection SecretService::bus() const {
 
 QDBusMessage SecretService::call(const QString &path, const QString &interface,
                                  const QString &method, const QVariantList &arguments) const {
-    QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.secrets"),
-                                                          path, interface, method);
-    message.setArguments(arguments);
-    const QDBusMessage reply = bus().call(message);
+    const QDBusMessage reply = bus().call(methodCall(path, interface, method, arguments));
     if (reply.type() == QDBusMessage::ErrorMessage) {
         throw std::runtime_error(reply.errorMessage().toStdString());
     }
