@@ -11,7 +11,9 @@ class Url;
 
 /// One kind of sync location in the pane: how its URLs are recognized, its editor, and its entries
 /// in the menu that adds locations. To support another kind, add an entry to the table behind
-/// all(). Immutable; must be used on the main thread.
+/// all(). Immutable; must be used on the main thread. The engine has a table of its own: the two
+/// agree on the URL schemes and the names of the kinds only. No function may be null, except
+/// MenuEntry::choose.
 struct LocationKind {
     /// Returns a new editor of `location`, which must not be null. Never returns null.
     using EditorFactory = std::function<std::shared_ptr<QVSyncLocationEditor>(
@@ -28,25 +30,27 @@ struct LocationKind {
         void (*choose)(QVSyncPreferences &pane) = nullptr;
     };
 
-    /// Returns whether a location with `URL` is of this kind. A nil URL is of no kind.
+    /// Returns whether a location with `URL` is of this kind. A nil URL is of no kind. Schemes are
+    /// compared with case. At most one kind should match a URL.
     bool (*matches)(const Url &URL);
     /// The English name of the kind, a key of the translation table "Sync", as the host's
     /// formatters return it.
     const char *type;
-    /// Whether locations of the kind can be cleaned up.
+    /// Whether locations of the kind can be cleaned up, see QVSyncDispatcher.
     bool isCleanable;
     EditorFactory makeEditor;
-    /// Registers the form of the editor. Idempotent.
+    /// Registers the form of the editor with Nib, before an editor loads its window. Idempotent.
     void (*registerForm)();
-    /// In display order.
+    /// In display order. May be empty: the user can then edit such locations, but not add them.
     QList<MenuEntry> menuEntries;
 
     /// Returns all kinds, in the order in which a URL is tested and in which their menu entries are
-    /// shown.
+    /// shown. The list lives as long as the program.
     static const QList<LocationKind> &all();
     /// Returns the first kind that matches `URL`, or null if no kind does. The kind lives as long
     /// as the program.
     static const LocationKind *ofURL(const Url &URL);
-    /// Returns whether locations can be cleaned up whose formatter returns `localizedType`.
+    /// Returns whether locations can be cleaned up whose formatter returns `localizedType`. The
+    /// localized names are compared, so it must be in the current language.
     static bool isCleanableType(const QString &localizedType);
 };

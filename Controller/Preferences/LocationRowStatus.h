@@ -8,16 +8,17 @@
 #include "Platform/Foundation/DayChange.h"
 
 /// What a row of the location list shows of its location, and of the last synchronization of the
-/// selected database with it. An object of the row's form. Must be used on the main thread.
+/// selected database with it. An object of the row's form, which creates one for each row. Must be
+/// used on the main thread.
 ///
 /// An error of the row disappears with the next synchronization that succeeds and with a change of
-/// the location's URL.
+/// the location's URL: this object then sets it to empty.
 class LocationRowStatus : public QObject {
     Q_OBJECT
     /// The row. Not owned: null once it is destroyed.
     Q_PROPERTY(
         std::shared_ptr<QVSynchronizationSelection> selection READ selection WRITE setSelection)
-    /// The row's title and icon, announced when the location's URL changes.
+    /// The row's title and icon, announced when the location's URL changes. Empty without a row.
     Q_PROPERTY(QString title READ title NOTIFY locationChanged)
     Q_PROPERTY(QPixmap icon READ icon NOTIFY locationChanged)
     /// The kind of the location and, if a database is selected, the result of the last job:
@@ -29,14 +30,21 @@ public:
     explicit LocationRowStatus(QObject *parent = nullptr);
 
     std::shared_ptr<QVSynchronizationSelection> selection() const { return m_selection.lock(); }
+    /// Observes the row instead of the former one, and emits both signals. Null is allowed.
     void setSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);
+    /// These are computed at each call. The title and the icon check whether a folder is mounted,
+    /// see QVSynchronizationSelection::isMounted().
     QString title() const;
     QPixmap icon() const;
     QString summary() const;
     std::optional<Error> error() const;
 
 Q_SIGNALS:
+    /// Emitted when the row is set or the URL of its location was set, also to an equal one.
+    /// Whether a volume is mounted is not observed.
     void locationChanged();
+    /// Emitted when the row, the selected database, its state at the location, the row's error or a
+    /// result changes, and when a new day begins.
     void statusChanged();
 
 private:

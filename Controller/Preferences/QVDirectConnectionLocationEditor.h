@@ -12,7 +12,8 @@
 /// the two computers pair; the result is not reported.
 ///
 /// Must be used on the main thread. Browsing starts when the window is loaded and ends when the
-/// editor is destroyed. A pairing that is running is not cancelled then.
+/// editor is destroyed. A pairing that is running is not cancelled then. The result is not part of
+/// the completion handler: a failed pairing shows when the location is used.
 class QVDirectConnectionLocationEditor : public QVSyncLocationEditor,
                                          public NetServiceBrowserDelegate,
                                          public NetServiceDelegate {
@@ -37,25 +38,32 @@ public:
         const std::shared_ptr<QVSyncLocation> &location);
     ~QVDirectConnectionLocationEditor() override;
 
-    /// Returns the URL for a host and a port, where 0 means the default port. Returns nil if `host`
-    /// is null or the result is not a valid URL.
+    /// Returns the URL for a host and a port, where 0 means the default port. An IPv6 address is
+    /// written with or without brackets. Returns nil if `host` is null or the result is not a valid
+    /// URL, for example because of a space.
     static Url URLWithHost(const QString &host, quint16 port);
 
+    /// No entry is null. The editor is the delegate of each of them until it is removed.
     QList<std::shared_ptr<NetService>> services() const { return m_services; }
     QString host() const;
-    /// Setting the host or the port changes the location's URL immediately.
+    /// Setting the host or the port changes the location's URL immediately, and thereby announces
+    /// all keys that depend on it. A URL with a path or user loses both. Setting the port leaves a
+    /// nil URL nil.
     void setHost(const QString &host);
     bool hasHost() const { return !host().isEmpty(); }
+    /// Only the state of the button: acceptModalSheet() does not check it.
     bool canAccept() const;
     quint16 port() const;
     void setPort(quint16 port);
 
     /// Resolves `service`, which must not be null, asynchronously and then sets its address as the
-    /// location's URL. If it is not resolved within 3 seconds, the URL does not change and no error
-    /// is reported.
+    /// location's URL, replacing what the user has entered. If it is not resolved within 3 seconds,
+    /// the URL does not change and no error is reported. Several services may be resolved at once;
+    /// the last one that is resolved determines the URL.
     void acceptURLWithNetService(const std::shared_ptr<NetService> &service);
 
-    /// Delegate functions, called on the main thread.
+    /// Delegate functions, called on the main thread from the event loop. Their arguments are never
+    /// null.
     void netServiceBrowserDidFindServiceMoreComing(NetServiceBrowser *browser,
                                                    const std::shared_ptr<NetService> &service,
                                                    bool moreComing) override;
@@ -83,7 +91,8 @@ public Q_SLOTS:
     /// rows.
     void selectURLWithNetServiceFromTableView(TableView *tableView);
     /// Closes the sheet and calls the completion handler. The first call then starts to pair if the
-    /// location has a URL.
+    /// location has a URL: it returns at once, the other computer may ask its user, and the running
+    /// operation keeps the store and the location alive, but not the editor.
     void acceptModalSheet(QObject *sender) override;
 
 Q_SIGNALS:

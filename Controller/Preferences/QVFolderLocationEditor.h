@@ -20,12 +20,14 @@ public:
     /// loop until the panel closes, and then for a few disk writes. If the package cannot be
     /// created, presents the error and does not change the location. `handler`, which may be empty,
     /// is called with 1 before this returns, also after such an error; it is not called if the user
-    /// cancels.
+    /// cancels. A package that exists is used as it is: only missing folders are created.
     void createFolderWithCompletionHandler(const CompletionHandler &handler);
     /// Runs an open panel and sets the location's URL to the package chosen. The package's contents
-    /// are not checked. `handler` is called as by createFolderWithCompletionHandler().
+    /// are not checked. `handler` is called as by createFolderWithCompletionHandler(). Only names
+    /// with the extension can be chosen.
     void selectFolderWithCompletionHandler(const CompletionHandler &handler);
 
+    /// The path without percent encoding. It is that of the location's URL, whatever its scheme is.
     QString packagePath() const { return location()->URL().path(); }
     bool hasPackage() const { return !location()->URL().isNil(); }
 
@@ -38,7 +40,8 @@ public:
     }
 
 public Q_SLOTS:
-    /// Actions of the sheet's buttons: the functions above without a handler.
+    /// Actions of the sheet's buttons: the functions above without a handler. The sheet stays open
+    /// and shows the new path. `sender` is not used.
     void createFolder(QObject *sender);
     void selectFolder(QObject *sender);
 
@@ -49,6 +52,7 @@ Q_SIGNALS:
 
 private:
     explicit QVFolderLocationEditor(const std::shared_ptr<QVSyncLocation> &location);
-    /// Sets the location's URL and asks the host to keep access to the package.
+    /// Sets the location's URL and asks the host to keep access to the package; the host presents
+    /// an error of that.
     void setPackage(const Url &URL);
 };

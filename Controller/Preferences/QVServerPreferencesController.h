@@ -12,7 +12,8 @@
 /// The settings of the built-in server, in a sheet: whether it is enabled, its port, and which
 /// clients may connect. Each change is applied to the server and written to the user defaults
 /// immediately. The clients are read from the keychain once, asynchronously, after the controller
-/// is created. Must be used on the main thread.
+/// is created. Must be used on the main thread. A value that cannot be written to the user defaults
+/// is presented as an error, but applied to the server all the same.
 class QVServerPreferencesController : public WindowController {
     Q_OBJECT
     /// The host's server, not owned; null if the host has none. The settings are then only stored.
@@ -30,21 +31,29 @@ class QVServerPreferencesController : public WindowController {
     /// Whether the keychain contains no client; false until it has been read.
     Q_PROPERTY(bool hasNoClients READ hasNoClients NOTIFY hasNoClientsChanged)
 public:
-    /// Returns a new controller, which starts to read the keychain. Never null.
+    /// Returns a new controller, which starts to read the keychain without blocking. Never null. It
+    /// may be destroyed at any time except while its sheet is shown; results that arrive later are
+    /// ignored.
     static std::unique_ptr<QVServerPreferencesController> controller();
 
     QVDirectConnectionServer *server() const;
+    /// Read from the server at each call, so it is the port in use even if another object has set
+    /// it.
     quint16 serverPort() const;
     /// Stores the port in the defaults and restarts the server if it is serving. Blocks while it
-    /// restarts.
+    /// restarts. If the server cannot listen on the new port, it stops and the host presents the
+    /// error; therefore this announces `enabled` too.
     void setServerPort(quint16 port);
     bool isEnabled() const;
     /// Stores the setting in the defaults and starts or stops the server. Blocks until the server
-    /// has ended its connections.
+    /// has ended its connections. Has no effect on a server that is in that state already, except
+    /// that it stores and announces.
     void setEnabled(bool enabled);
     QStringList authorizedClients() const { return m_authorizedClients; }
+    /// Also false if the keychain cannot be read; the list is then empty.
     bool hasNoClients() const { return m_knowsClients && m_authorizedClients.isEmpty(); }
-    /// Returns whether the keychain is still being read.
+    /// Returns whether the keychain is still being read. Not announced by itself, but
+    /// "authorizedClients" is announced when it ends, also if it failed.
     bool isLoadingClients() const { return m_isLoadingClients; }
     QList<SortDescriptor> authorizedClientsSortDescriptors() const;
     /// Adds a name to the list only; authorizes no client. Has no effect if it is in the list, but
@@ -52,7 +61,8 @@ public:
     void addAuthorizedClientsObject(const QString &client);
 
     /// Shows the sheet on the window of `parentWindow`, running a nested event loop, and returns
-    /// when it has closed. Raises an AssertionFailure if `parentWindow` is null.
+    /// when it has closed. Not reentrant; the controller must not be destroyed meanwhile. Raises an
+    /// AssertionFailure if `parentWindow` is null.
     void runServerPreferencesModalForWindow(QWidget *parentWindow);
 
     /// Dependency of the derived key, read by KeyValue.
@@ -67,9 +77,10 @@ public:
 public Q_SLOTS:
     /// Revokes a client by deleting its keychain item; a connected client is refused at its next
     /// request. Returns at once: the client stays in the list until the item is deleted, and also
-    /// if it cannot be deleted. Has no effect while the client is being revoked.
+    /// if it cannot be deleted. Has no effect while the client is being revoked. A failure is not
+    /// presented. If several items have the same name, one is deleted for each call.
     void removeAuthorizedClientsObject(const QString &client);
-    /// Closes the sheet.
+    /// Closes the sheet. Has no effect if it is not shown.
     void acceptModalSheet(QObject *sender);
 
 Q_SIGNALS:

@@ -47,15 +47,19 @@ class QVStandInDatabase : public QObject {
     Q_PROPERTY(std::unordered_set<std::shared_ptr<QVSyncLocation>> containingLocations READ
                    containingLocations NOTIFY containingLocationsChanged)
 public:
-    /// Makes a row without a UUID, name or states, and starts to observe renames.
+    /// Makes a row without a UUID, name or states, and starts to observe renames. Belongs to no
+    /// list; the pane fills it.
     QVStandInDatabase();
     ~QVStandInDatabase() override;
 
     QString UUID() const { return m_UUID; }
+    /// Must be set before states are added; it decides which renames concern the row. Not checked.
     void setUUID(const QString &UUID);
     QString name() const { return m_name; }
+    /// Sets the name that is shown and given to new states; the database itself is not renamed.
     void setName(const QString &name);
     QString localizedSyncButtonTitle() const;
+    /// No entry is null.
     QVSyncStates synchronizationStates() const { return m_states; }
     bool canSynchronize() const { return m_canSynchronize; }
     /// The setters of the aggregates are for this class: a value set by others is replaced at the
@@ -70,6 +74,8 @@ public:
     void setSyncOnOpen(bool syncOnOpen);
     bool syncOnClose() const;
     void setSyncOnClose(bool syncOnClose);
+    /// Returns whether the location of the host's local store is among the containing locations.
+    /// Not announced.
     bool existsLocally() const;
     /// Valid until the set changes.
     const std::unordered_set<std::shared_ptr<QVSyncLocation>> &containingLocations() const {
@@ -77,17 +83,20 @@ public:
     }
 
     /// Adds `state`, which must not be null, and observes it. If the row has a schedule, the state
-    /// receives it. Both aggregates are up to date when this returns. A state that is already in
-    /// the row is observed once more, but not added. Amortized O(1), except while verbose logging
-    /// is on.
+    /// receives it. Both aggregates are up to date when this returns, unless an observer has
+    /// changed the row meanwhile. A state that is already in the row is observed once more, but not
+    /// added. Announces the date, `canSynchronize` and then "synchronizationStates", in any case.
+    /// Amortized O(1), except while verbose logging is on.
     void addSynchronizationStatesObject(const std::shared_ptr<QVSyncState> &state);
     /// Removes `state` and stops observing it. Updates the date but not `canSynchronize`. A state
-    /// that is not in the row is ignored; null is too. O(n).
+    /// that is not in the row is ignored; null is too. O(n). The state itself does not change.
+    /// Announces the date and then "synchronizationStates", also if nothing was removed.
     void removeSynchronizationStatesObject(const std::shared_ptr<QVSyncState> &state);
     /// Removes all states without updating the aggregates or announcing. The removed states remain
     /// observed.
     void removeAllSynchronizationStates();
-    /// Add and remove a location, announcing "containingLocations".
+    /// Add and remove a location, announcing "containingLocations" in any case. `location` should
+    /// not be null. Ownership is shared while it is in the set.
     void addContainingLocationsObject(const std::shared_ptr<QVSyncLocation> &location);
     void removeContainingLocationsObject(const std::shared_ptr<QVSyncLocation> &location);
     /// Returns whether `location` is in containingLocations(). O(1).

@@ -16,7 +16,7 @@ class QVSyncBookmarkManager : public WindowController {
     /// Outlet. Null until the window is loaded; owned by the window.
     Q_PROPERTY(TableView *tableView MEMBER m_tableView)
 public:
-    /// Returns a new manager. Never null.
+    /// Returns a new manager. Never null. Loads no window yet.
     static std::unique_ptr<QVSyncBookmarkManager> bookmarkManager();
 
     QVSyncBookmarkManager();
@@ -24,18 +24,22 @@ public:
     TableView *tableView() const { return m_tableView; }
 
     /// Shows the sheet on the window of `parentWindow`, running a nested event loop, and returns
-    /// when it has closed. Raises an AssertionFailure if `parentWindow` is null.
+    /// when it has closed. Raises an AssertionFailure if `parentWindow` is null. Not reentrant; the
+    /// manager must not be destroyed meanwhile.
     void runBookmarkManagerModalForWindow(QWidget *parentWindow);
-    /// Grants access to the file or folder at `path` and shows it. The window must be loaded.
+    /// Grants access to the file or folder at `path`, an absolute path that must not be null, and
+    /// shows it. The host saves the grant and presents an error of that; the row is shown until the
+    /// sheet is opened again. Has no effect on a path that is listed. The window must be loaded.
     void addBookmarksObject(const QString &path);
-    /// Withdraws the access to `path` and removes its row. Has no effect if there is none.
+    /// Withdraws the access to `path` and removes its row. Has no effect if there is none. Blocks
+    /// for the time of a disk write, as adding does.
     void removeBookmarksObject(const QString &path);
 
 public Q_SLOTS:
     /// Closes the sheet.
     void acceptModalSheet(QObject *sender);
     /// Opens a panel in which the user chooses a file or folder to grant access to. Returns at
-    /// once.
+    /// once; the panel is modal to the sheet and deletes itself.
     void openPanelForBookmarkLocation(QObject *sender);
     /// Withdraws the access shown in the selected row. Must be called only while a row is selected.
     void removeSelectedBookmarksObject(QObject *sender);

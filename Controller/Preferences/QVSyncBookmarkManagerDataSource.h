@@ -6,7 +6,8 @@
 #include "Platform/KeyValue/KeyValue.h"
 
 /// The rows of the sheet for folder access: the folders that the host may access, in the host's
-/// order, followed by those added later. Must be used on the main thread.
+/// order, followed by those added later. An object of the sheet's form, which creates it and makes
+/// it the delegate of the table. Must be used on the main thread.
 ///
 /// A row is a map of "image" (QPixmap), "name" (without extension) and "path", which identifies the
 /// row.
@@ -20,11 +21,12 @@ class QVSyncBookmarkManagerDataSource : public QObject, public TableViewDelegate
 public:
     using QObject::QObject;
 
-    /// Reads the folders from the host. Called by Nib when the form is loaded.
+    /// Reads the folders from the host, replacing all rows. Called by Nib when the form is loaded.
     Q_INVOKABLE void awakeFromNib();
 
     QVariantList tableContents() const { return m_tableContents; }
-    /// Sets the rows without changing any access at the host.
+    /// Sets the rows without changing any access at the host. The table must be reloaded by the
+    /// caller, as after the functions below that take no table.
     void setTableContents(const QVariantList &rows);
     bool canRemove() const { return m_canRemove; }
     /// Called when the table's selection changes.
@@ -39,7 +41,7 @@ public:
     /// Removes the row of `path`, if there is one.
     void removeDictionaryForPath(const QString &path);
     /// These also grant or withdraw the access at the host, and reload `tableView`, which must not
-    /// be null.
+    /// be null. An error of the host is presented by it, and the rows change all the same.
     void tableViewAddBookmarksObject(TableView *tableView, const QString &path);
     void tableViewRemoveBookmarksObject(TableView *tableView, const QString &path);
 
@@ -48,6 +50,7 @@ public:
     /// Returns null for other columns and for rows out of range.
     QWidget *tableViewViewForTableColumnRow(TableView *tableView, const QString &columnIdentifier,
                                             int row) override;
+    /// Updates `canRemove`.
     void tableViewSelectionDidChange(TableView *tableView) override;
 
 Q_SIGNALS:

@@ -87,24 +87,29 @@ public:
     /// Returns the pane whose form was loaded last; null once any pane is destroyed. Not owned.
     static QVSyncPreferences *preferences();
 
-    /// Logs if the host provides no sync plug-in.
+    /// Logs if the host provides no sync plug-in. Constant.
     QString mainNibName() const override;
     /// Creates the schedule editor, fills the menus and makes this pane the result of
-    /// preferences().
+    /// preferences(). Called once, by loadMainView().
     void awakeFromNib() override;
     /// Builds both lists from the host's databases and locations, and starts to observe databases
-    /// that open and close. O(databases times locations).
+    /// that open and close. Must be followed by willDeselect() before it is called again.
+    /// O(databases times locations).
     void willSelect() override;
     /// Saves, presenting any error, and releases the rows of the database list. Blocks for the time
-    /// of a disk write.
+    /// of a disk write. The rows of the location list stay, and databases that open or close are
+    /// not noticed until the pane is shown again.
     void willDeselect() override;
 
+    /// Returns the version of the plug-in; empty if `info` has none.
     QString currentVersionString() const;
     QVSyncPlugin *plugin() const;
     QIcon warningIcon() const { return m_warningIcon; }
     QPixmap databaseIcon() const;
+    /// Asks the host at each call. Not announced.
     bool isSandboxed() const;
     bool isRevealableInFinder() const;
+    /// The outlets; null until the form is loaded.
     NSArrayController *syncLocationsController() const { return m_syncLocationsController; }
     NSArrayController *databasesController() const { return m_databasesController; }
     QVListView *databasesView() const { return m_databasesView; }
@@ -116,16 +121,18 @@ public:
     QMenu *locationEditMenu() const;
 
     // The database list
+    /// No entry is null. Each call makes a new list of the same rows. O(n log n).
     QList<StandIn> databases() const { return localDatabases(); }
     QList<StandIn> localDatabases() const;
-    /// Sorts database rows by name.
+    /// Sorts database rows by name. Names are compared as SortDescriptor does.
     QList<SortDescriptor> databaseSortDescriptors() const;
     QList<StandIn> openDatabases() const;
     /// Returns the rows by UUID, the inbox under InboxUUID.
     const std::optional<QVStandInsByUUID> &localDatabasesByUUID() const {
         return m_localDatabasesByUUID;
     }
-    /// Returns a new row for an open database, with its state at each location that has one.
+    /// Returns a new row for an open database, with its state at each location that has one. The
+    /// row is in no list. Its UUID is InboxUUID for the inbox of the profile.
     StandIn standInForDatabase(const QVDatabase &database) const;
     /// Returns a new row for the database of `state`, which must not be null, with that state only.
     StandIn standInForSynchronizationState(const std::shared_ptr<QVSyncState> &state) const;
@@ -140,14 +147,17 @@ public:
     void removeLocalDatabasesObject(const StandIn &database);
 
     // The location list
+    /// No entry is null.
     QList<Selection> synchronizationSelections() const { return m_synchronizationSelections; }
-    /// Appends a row, which must not be null, and binds it to the selected database.
+    /// Appends a row, which must not be null, and binds it to the selected database: from now on
+    /// the row follows the selection of the database list. Announces the list.
     void addSynchronizationSelectionsObject(const Selection &selection);
     /// Appends a row for `location`, which must not be null, and enables it for the selected
-    /// database, if there is one. Does not save.
+    /// database, if there is one. Does not save. The location is not added to the host's list here,
+    /// see addSyncLocation().
     void addSelectionForLocation(const std::shared_ptr<QVSyncLocation> &location);
     /// Disables the states of the row's location and removes the row, which must not be null. Does
-    /// not save.
+    /// not save, and does not remove the location from the host's list, see removeSyncSelection().
     void removeSynchronizationSelectionsObject(const Selection &selection);
     /// Returns the row of the state's location if it shows `database`; otherwise null, also for
     /// null arguments.
@@ -171,20 +181,23 @@ public:
     /// a nested event loop.
     Q_SLOT void createFolder(QObject *sender);
     Q_SLOT void selectFolder(QObject *sender);
-    /// Runs the editor of `location`, which must not be null and must have an editor.
+    /// Runs the editor of `location`, which must not be null and must have an editor: an
+    /// AssertionFailure is raised otherwise.
     void editSyncLocation(const std::shared_ptr<QVSyncLocation> &location);
     /// Runs the editor of the selected location.
     Q_SLOT void editSelectedSyncLocation(QObject *sender);
-    /// Runs the editor of the row's location, if there is one.
+    /// Runs the editor of the row's location, if there is one. `selection` must not be null.
     Q_SLOT void editSyncSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);
-    /// Starts to synchronize the row's database with the locations that are ticked for it. Returns
-    /// at once.
+    /// Starts to synchronize the row's database with the locations that are ticked for it.
+    /// `database` must not be null. Returns at once, and has no effect if none is ticked.
     Q_SLOT void synchronizeDatabase(const std::shared_ptr<QVStandInDatabase> &database);
     /// Removes the row's location, and its states from every database row, without confirmation.
-    /// `selection` must not be null. Saves.
+    /// Running jobs of the location are cancelled by the host. `selection` must not be null. Saves;
+    /// if that fails, the error is presented, and the next save removes the location from the
+    /// profile.
     Q_SLOT void removeSyncSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);
     /// Reads which databases the selected location contains. Returns at once; the row shows the
-    /// progress and then any error.
+    /// progress and then any error. May be called again meanwhile.
     Q_SLOT void checkSelectedSyncLocation(QObject *sender);
     /// Cleans up the selected database at the selected location. Must be called only while both are
     /// selected.
@@ -193,12 +206,13 @@ public:
     /// `location` and `UUID` must not be null. The result is reported in the application's log.
     void cleanLocationForDatabaseWithUUID(const std::shared_ptr<QVSyncLocation> &location,
                                           const QString &UUID);
-    /// Shows the selected location's folder in the desktop's file manager.
+    /// Shows the selected location's folder in the desktop's file manager. Must be called only
+    /// while isRevealableInFinder() is true. Returns at once.
     Q_SLOT void revealInFinder(QObject *sender);
     /// These two run a nested event loop until the sheet is closed.
     Q_SLOT void openBookmarkManager(QObject *sender);
     Q_SLOT void showServerPreferences(QObject *sender);
-    /// Shows the sheet and returns at once.
+    /// Shows the sheet and returns at once. Has no effect while the sheet is shown.
     Q_SLOT void showImportDatabasesSheet(QObject *sender);
     /// Returns a new editor for the kind of the location's URL, whose scheme is compared with case;
     /// null if there is none or `location` is null.
@@ -206,13 +220,14 @@ public:
         const std::shared_ptr<QVSyncLocation> &location) const;
     /// Runs the editor, with a Cancel button if its location is not in the list yet. Such a
     /// location is added when the user accepts. Saves when the user accepts. `editor` must not be
-    /// null; the pane keeps it until its handler is called.
+    /// null; the pane keeps it until its handler is called. If the user cancels, nothing is saved,
+    /// but changes that the editor has made to the location stay. Returns at once.
     void editLocationWithEditor(const std::shared_ptr<QVSyncLocationEditor> &editor);
     /// Appends `location`, which must not be null or in the list, and its row. Does not save.
     void addSyncLocation(const std::shared_ptr<QVSyncLocation> &location);
 
-    /// Saves all locations with their states and schedules, and presents an error. Blocks for the
-    /// time of a disk write.
+    /// Saves all locations with their states and schedules, and presents an error. What could not
+    /// be saved is tried again with the next call. Blocks for the time of a disk write.
     void saveAndPresentError();
     /// Saves.
     void editorDidChangeSchedule(QVSyncScheduleEditor *editor,
@@ -225,6 +240,8 @@ public:
     /// Delegate functions of the lists. Group rows, which are strings or null, cannot be selected.
     CollectionViewItem *collectionViewItemPrototypeForRepresentedObject(
         QVListView *listView, const QVariant &object) override;
+    /// Delegate functions of the lists. Group rows, which are strings or null, cannot be selected;
+    /// other lists than the two of the pane have no selection.
     bool collectionViewShouldSelectItem(QVListView *listView, CollectionViewItem *item) override;
 
     /// Dependency of the derived key, read by KeyValue.

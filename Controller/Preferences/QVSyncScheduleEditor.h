@@ -17,7 +17,9 @@
 ///
 /// Must be used on the main thread. The owner must call stopObservingScheduleFiring() before it
 /// destroys an editor that observes. Without a represented object, setters change nothing; those of
-/// the schedule still call the delegate.
+/// the schedule still call the delegate. A setter returns when the row, all of its states, the
+/// observers and the delegate have been notified, so it blocks for the disk write of the delegate,
+/// possibly several times.
 class QVSyncScheduleEditor : public ViewController {
     Q_OBJECT
     /// Always true.
@@ -60,33 +62,49 @@ class QVSyncScheduleEditor : public ViewController {
     Q_PROPERTY(QVSyncScheduleEditorDelegate *delegate READ delegate WRITE setDelegate NOTIFY
                    delegateChanged)
 public:
+    /// Loads no view yet; see ViewController::view().
     QVSyncScheduleEditor();
 
     QVSyncScheduleEditorDelegate *delegate() const { return m_delegate; }
+    /// Replaces the delegate, and announces it; null is allowed. The new one is not called for the
+    /// present schedule.
     void setDelegate(QVSyncScheduleEditorDelegate *delegate);
 
     /// Returns the represented row; null if there is none.
     std::shared_ptr<QVStandInDatabase> database() const;
     bool canSchedule() const { return true; }
-    /// False, even without a schedule, since schedule() then returns a base schedule.
+    /// False, even without a schedule, since schedule() then returns a base schedule. To find out,
+    /// compare the row's schedule with null.
     bool isDisabled() const;
+    /// Removes the schedule of the row if `disabled` is true, and calls the delegate once with
+    /// null.
     void setDisabled(bool disabled);
     /// The kinds of the schedule: at most one is true.
     bool isHourly() const;
-    /// Each setter of a mode replaces the schedule by one of the host's default time. Without the
-    /// host's class of that schedule, scheduling is disabled.
+    /// Each setter of a mode replaces the schedule by one of the host's default time, also if the
+    /// mode is the present one, so that its time is lost. Without the host's class of that
+    /// schedule, scheduling is disabled. The delegate is called three times for the hourly mode,
+    /// otherwise once.
     void setHourly(bool hourly);
     bool isDaily() const;
     void setDaily(bool daily);
     bool isWeekly() const;
     void setWeekly(bool weekly);
+    /// Computed at each call, from the current time. Announced with the schedule, but not when the
+    /// date passes unless the schedule's firing is observed.
     QDateTime nextScheduledDate() const;
+    /// The date is a fixed day; only the time of day is meant.
     QDateTime dailyDate() const;
-    /// The setters of a mode's values replace the schedule by one of the same kind.
+    /// The setters of a mode's values replace the schedule by one of the same kind and call the
+    /// delegate twice. A date of another time zone is converted to local time; an invalid one
+    /// selects the host's default time.
     void setDailyDate(const QDateTime &date);
     QDateTime weeklyDate() const;
     void setWeeklyDate(const QDateTime &date);
+    /// Bit 6 is Saturday.
     quint64 weeklyDays() const;
+    /// 0 is allowed: the schedule then never fires. Bits above 6 are passed to the host as they
+    /// are.
     void setWeeklyDays(quint64 days);
     bool syncOnOpen() const;
     /// These do not call the delegate, so they are saved with the next change of a schedule or when
@@ -95,26 +113,34 @@ public:
     bool syncOnClose() const;
     void setSyncOnClose(bool syncOnClose);
     QVariantList representedObjects() const;
-    /// Does not change the schedule of the former row.
+    /// Does not change the schedule of the former row. Announces "representedObject" and all that
+    /// depends on it, then "representedObjects"; the delegate is not called.
     void setRepresentedObjects(const QVariantList &objects);
     qint32 hourlyOffset() const;
+    /// In minutes past the hour; the host determines what a value above 59 means. The delegate is
+    /// called twice.
     void setHourlyOffset(qint32 offset);
+    /// Never null. The base schedule is a new object in each call, so it equals none that was
+    /// returned before.
     QVSyncSchedulePtr schedule() const;
-    /// Sets the schedule of the row and calls the delegate, which saves.
+    /// Sets the schedule of the row and calls the delegate, which saves. Without a row, only calls
+    /// the delegate.
     void setSchedule(const QVSyncSchedulePtr &schedule);
+    /// At most one of the three is not null.
     std::shared_ptr<const QVHourlySchedule> hourlySchedule() const;
     std::shared_ptr<const QVDailySchedule> dailySchedule() const;
     std::shared_ptr<const QVWeeklySchedule> weeklySchedule() const;
     /// Returns a Gregorian calendar, a new value each time.
     QCalendar gregorianCalendar() const;
 
-    /// While observing, each firing of a schedule announces "schedule", so that the next date is
-    /// updated. Must not be called twice without stopping.
+    /// While observing, each firing of a schedule, also of another database's, announces
+    /// "schedule", so that the next date is updated. Must not be called twice without stopping.
     void startObservingScheduleFiring();
-    /// Idempotent.
+    /// Idempotent. May be called from within a notification.
     void stopObservingScheduleFiring();
 
-    /// Dependencies of the derived keys, read by KeyValue.
+    /// Dependencies of the derived keys, read by KeyValue. The schedule depends on the represented
+    /// row and on that row's key.
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingSchedule();
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingCanSchedule();
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingDisabled();

@@ -61,7 +61,8 @@ class QVSynchronizationSelection : public QObject,
                    NOTIFY selectedDatabasesChanged)
 public:
     /// Returns a new row; never null. `database` may be null. Raises an AssertionFailure if
-    /// `location` is null.
+    /// `location` is null. The row is in no list and not bound; see
+    /// QVSyncPreferences::addSynchronizationSelectionsObject().
     static std::shared_ptr<QVSynchronizationSelection> selectionWithDatabase(
         const std::shared_ptr<QVStandInDatabase> &database,
         const std::shared_ptr<QVSyncLocation> &location);
@@ -69,39 +70,59 @@ public:
     ~QVSynchronizationSelection() override;
 
     std::shared_ptr<QVStandInDatabase> database() const { return m_database; }
+    /// Null selects none. Announces the keys that depend on it as well; the states of both
+    /// databases stay as they are.
     void setDatabase(const std::shared_ptr<QVStandInDatabase> &database);
     std::shared_ptr<QVSyncLocation> location() const { return m_location; }
-    /// `location` must not be null.
+    /// `location` must not be null. The row's error stays.
     void setLocation(const std::shared_ptr<QVSyncLocation> &location);
-    /// Icons and titles are computed at each call, from the location's current URL.
+    /// Icons and titles are computed at each call, from the location's current URL. For a nil URL,
+    /// the icon is that of the application.
     QPixmap icon() const;
     QPixmap dimmedIcon() const;
     QString title() const;
     QString locationType() const;
     std::optional<Error> error() const { return m_error; }
+    /// Set by a fetch, and with an empty value by the code that starts one or learns that the error
+    /// is gone.
     void setError(const std::optional<Error> &error);
+    /// False as soon as one of several fetches has ended.
     bool isActive() const { return m_isActive; }
     void setActive(bool active);
+    /// Reads the state at each call, so it is right even if another object has changed the state.
+    /// An observer of this key is not notified of that, but of a state that is added to the
+    /// location.
     bool isSelected() const;
+    /// A state that is added receives the triggers and the schedule of the database's row, and is
+    /// added to that row. A state that was disabled keeps its own schedule when it is enabled
+    /// again. Announces the key in every case.
     void setSelected(bool selected);
     bool isSelectable() const;
+    /// Compares the name of the kind that the host's formatter returns, see
+    /// LocationKind::isCleanableType().
     bool isCleanable() const;
     bool isEditable() const;
     bool canCleanUp() const;
-    /// Checks the file system, so it may block for a slow volume.
+    /// Asks the host at each call, which does not block, see QVSyncPlugin::isVolumeMountedAtPath().
+    /// Not announced.
     bool isMounted() const;
     QColor textColor() const;
+    /// The one entry holds a std::shared_ptr<QVStandInDatabase>.
     QVariantList selectedDatabases() const;
+    /// Announces "database" before "selectedDatabases". The pane binds this key to the selection of
+    /// the database list.
     void setSelectedDatabases(const QVariantList &databases);
 
-    /// Returns a new formatter for the location's current URL. Never null.
+    /// Returns a new formatter for the location's current URL, owned by the caller. Never null.
     std::unique_ptr<QVSyncLocationFormatter> locationFormatter() const;
 
     /// Opens the location's store, reads which databases it contains, and closes it, on worker
     /// threads; returns at once. `handler`, which must not be empty, is called once, on the main
     /// thread, with the databases, if the fetch succeeded, and with `error` as it is then, which
     /// may come from an earlier fetch. The row is kept alive until then. Cannot be cancelled; its
-    /// duration is limited only by the deadlines of the store.
+    /// duration is limited only by the deadlines of the store. Databases that were read beside an
+    /// error are not passed on. `active` becomes true from the event loop, not within this call,
+    /// and false right before `handler` is called.
     void fetchDatabasesWithCompletionHandler(QVSyncStore::DatabasesHandler handler);
 
     /// Dependencies of the derived keys, read by KeyValue.

@@ -37,7 +37,7 @@ class QVWebDAVLocationEditor : public QVSyncLocationEditor {
     Q_PROPERTY(QLabel *explanationLabel MEMBER m_explanationLabel)
     Q_PROPERTY(QLabel *unencryptedLabel MEMBER m_unencryptedLabel)
 public:
-    /// The contents of the sheet's fields.
+    /// The contents of the sheet's fields, as the user has typed them: neither trimmed nor checked.
     struct Fields {
         bool isHTTPS = false;
         /// A leading "http:" or "https:" is ignored; `isHTTPS` determines the scheme.
@@ -46,7 +46,7 @@ public:
         QString user = {};
         /// The folder on the server that contains the store, without percent-encoding.
         QString path = {};
-        /// The store's name without the extension.
+        /// The store's name without the extension, which URLWithFields() appends.
         QString store = {};
         /// Empty means the default port. Only the leading integer is used, modulo 65536.
         QString port = {};
@@ -54,21 +54,26 @@ public:
         bool operator==(const Fields &) const = default;
     };
 
-    /// Returns a new editor of `location`, which must not be null. Never null.
+    /// Returns a new editor of `location`, which must not be null, and starts to read the
+    /// credential for its URL, if it has one. Never null. Loads no window yet.
     static std::shared_ptr<QVWebDAVLocationEditor> editorWithSyncLocation(
         const std::shared_ptr<QVSyncLocation> &location);
     /// Returns 443 for HTTPS, otherwise 80.
     static quint16 defaultPortForHTTPS(bool isHTTPS);
     /// Returns `host` without a leading "http:" or "https:" (lower case only), and without "/", ":"
-    /// and "@" at either end.
+    /// and "@" at either end. The result may be empty. Users paste whole addresses into the field
+    /// for the server.
     static QString sanitizeHost(const QString &host);
-    /// Returns the URL for `fields`, or nil if the result is not a valid URL.
+    /// Returns the URL for `fields`, or nil if the result is not a valid URL. The port is omitted
+    /// if it is the default one of the scheme. The URL always has a user part, which may be empty,
+    /// and never a password; "." components and repeated slashes of the path are removed.
     static Url URLWithFields(const Fields &fields);
-    /// Returns the fields for `URL` except the user; empty fields for nil.
+    /// Returns the fields for `URL` except the user; empty fields for nil. The last component of
+    /// the path is the store.
     static Fields fieldsOfURL(const Url &URL);
 
     std::optional<UrlCredential> credential() const { return m_credential; }
-    /// Sets the credential without storing it.
+    /// Sets the credential without storing it. The fields of a loaded window do not change.
     void setCredential(const std::optional<UrlCredential> &credential);
     /// The outlets; null until the window is loaded.
     QLineEdit *serverField() const { return m_serverField; }
@@ -82,12 +87,14 @@ public:
 
     /// Returns whether the field is not empty. `field` must not be null.
     bool validateValueOfField(const QLineEdit *field) const;
-    /// Returns whether the server and the store are not empty. The window must be loaded.
+    /// Returns whether the server and the store are not empty. The window must be loaded. The URL
+    /// may be nil all the same.
     bool isValid() const;
 
 public Q_SLOTS:
     /// Shows the default port, and whether the connection is encrypted, for the state of
-    /// `checkBox`, which must be a QCheckBox, and validates.
+    /// `checkBox`, which must be a QCheckBox, and validates. Does not change the port that the user
+    /// has entered.
     void toggleHTTPS(QObject *checkBox);
     /// Enables the OK button if isValid(); otherwise disables it. `sender` is not used.
     void validate(QObject *sender);
@@ -96,6 +103,8 @@ public Q_SLOTS:
     /// Sets the location's URL, stores the credential, and without HTTPS that the user has seen
     /// what that means (see UnencryptedPasswords). Closes the sheet and calls the completion
     /// handler. The credential is stored asynchronously; a failure is reported to the user later.
+    /// The location's URL becomes nil if the fields give no valid URL. Must be called only while
+    /// the window is loaded; the editor may be destroyed when this returns.
     void acceptModalSheet(QObject *sender) override;
 
 Q_SIGNALS:
@@ -103,7 +112,8 @@ Q_SIGNALS:
     void credentialChanged();
 
 protected:
-    /// Shows the location's URL and credential. Always shows the Cancel button.
+    /// Shows the location's URL and credential. Always shows the Cancel button: the changes reach
+    /// the location only when the sheet is accepted.
     void awakeFromNib() override;
 
 private:
