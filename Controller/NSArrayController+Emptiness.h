@@ -2,8 +2,8 @@
 
 #include "Platform/KeyValue/ArrayController.h"
 
-/// An ArrayController with a key for empty lists, to which forms bind their placeholders.
-/// Must be used on the main thread.
+/// An ArrayController with a key for empty lists, to which forms bind their placeholders. It is
+/// named as the forms name it, and created by Nib. Must be used on the main thread.
 class NSArrayController : public ArrayController {
     Q_OBJECT
     /// Whether there are no arranged objects. Announced with "arrangedObjects", even if it does not
@@ -12,8 +12,10 @@ class NSArrayController : public ArrayController {
 public:
     using ArrayController::ArrayController;
 
+    /// True before the content is set for the first time.
     bool isEmpty() const;
 
+    /// Dependency of the derived key, read by KeyValue.
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingIsEmpty() {
         return {"arrangedObjects"};
     }

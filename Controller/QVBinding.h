@@ -27,7 +27,8 @@ public:
                                                         const BoundObject &target,
                                                         const QByteArray &keyPath,
                                                         const QVariantMap &options);
-    /// Stops writing and logs, verbosely, that the record was destroyed.
+    /// Stops writing and logs, verbosely, that the record was destroyed. The view and the model
+    /// keep their values.
     ~QVBinding() override;
 
     /// Returns the view; null once it is destroyed.
@@ -40,11 +41,13 @@ public:
     QVariantMap options() const { return m_options; }
 
     /// Sets the view's property to the model's value and from then on writes each value set in the
-    /// view to the model, equal values included. Calling it again replaces the observation. Raises
-    /// an AssertionFailure if a key does not exist.
+    /// view to the model, equal values included. Changes of the model do not reach the view by this
+    /// record. Calling it again replaces the observation. Raises an AssertionFailure if a key does
+    /// not exist. An exception that the model's setter throws passes through the setter of the
+    /// view.
     void bind() override;
-    /// Stops writing. Idempotent; bind() may be called again. A model may call it while it receives
-    /// a value.
+    /// Stops writing at once, also when it is called from within a write. Idempotent; bind() may be
+    /// called again. A model may call it while it receives a value.
     void unbind() override;
 
 private:

@@ -67,24 +67,33 @@ public:
     static std::shared_ptr<QVImportDatabasesController> newController();
     ~QVImportDatabasesController() override;
 
+    /// Returns the error of the latest fetch that failed; empty after fetchDatabasesForLocation(),
+    /// until its result arrives.
     std::optional<Error> remoteError() const { return m_remoteError; }
-    /// Called by the fetch. Announces the key even if the value is equal.
+    /// Called by the fetch. Announces the key even if the value is equal. A fetch that was
+    /// cancelled reports that here as well, possibly after the next one was started.
     void setRemoteError(const std::optional<Error> &error);
     QString remoteErrorText() const;
     /// Returns the databases offered, or an empty optional until a fetch has succeeded.
     const std::optional<QVRemoteDatabases> &databases() const { return m_databases; }
-    /// Sets the databases offered; an empty optional means that none were fetched yet.
+    /// Sets the databases offered; an empty optional means that none were fetched yet. Announces
+    /// the key even if the value is equal. No entry may be null.
     void setDatabases(const std::optional<QVRemoteDatabases> &databases);
     /// Returns the same databases as a list for binding, each a Record; empty if there are none
     /// yet.
     QVariantList databaseList() const;
+    /// False until a fetch has succeeded.
     bool isNothingToImport() const;
+    /// Also true before a location was chosen, when the page of databases is not visible.
     bool isActive() const;
     QList<std::shared_ptr<QVSyncLocation>> locations() const;
     QString actionButtonTitle() const { return m_actionButtonTitle; }
+    /// Sets the title, which must be localized already. The button shows it at once if the window
+    /// is loaded.
     void setActionButtonTitle(const QString &title);
     QIcon databaseIcon() const;
     QIcon warningIcon() const;
+    /// The outlets; null until the window is loaded, and after it was deleted.
     QWidget *contentView() const { return m_contentView; }
     QWidget *locationsView() const { return m_locationsView; }
     QWidget *databasesView() const { return m_databasesView; }
@@ -95,7 +104,9 @@ public:
     std::shared_ptr<PZFuture> future() const { return m_future.load(); }
 
     /// Shows the sheet on the window of `parentWindow` and returns at once. `handler`, which may be
-    /// empty, is called once, on the main thread, after the sheet has closed. Raises an
+    /// empty, is called once, on the main thread, after the sheet has closed, from within the call
+    /// that closed it: after an import, or if the user cancelled. It is not called if the
+    /// controller is destroyed before. Must not be called again while the sheet is shown. Raises an
     /// AssertionFailure if `parentWindow` is null.
     void runImportDatabasesSheetModalForWindow(QWidget *parentWindow,
                                                std::function<void()> handler);
@@ -104,11 +115,12 @@ public:
     /// open on this computer. `database` must not be null.
     bool shouldListDatabase(const Record &database) const;
     /// Adds the state of one database to its location, or finds it, and enables it. Returns the
-    /// state; never null. Does not save. `database` must not be null.
+    /// state; never null. Does not save. `database` must not be null. A new state has no schedule.
     std::shared_ptr<QVSyncState> importDatabase(const Record &database);
     /// Imports all databases, saves, starts their synchronization, and closes the sheet. Returns
     /// before they are synchronized. A failure to save is not reported here; the states stay
-    /// enabled until the program ends.
+    /// enabled until the program ends. If `databases` is empty, it only saves and closes. The
+    /// controller may be destroyed when this returns.
     void importDatabases(const QVRemoteDatabases &databases);
 
     /// Dependencies of the derived keys, read by KeyValue.
@@ -124,15 +136,20 @@ public:
 
 public Q_SLOTS:
     /// Slides to the databases page, opens the store of `location`, which must not be null, and
-    /// reads its databases. Returns at once. The time depends on the location: there is no deadline
-    /// other than those of its store.
+    /// reads its databases. Returns at once; the result is announced as "databases" or
+    /// "remoteError". The time depends on the location: there is no deadline other than those of
+    /// its store. Databases that could be read are listed even if others could not, which is
+    /// reported in the application's log. A fetch that is still running must be cancelled before,
+    /// as returnToLocationsView() does.
     void fetchDatabasesForLocation(const std::shared_ptr<QVSyncLocation> &location);
-    /// Slides back to the locations and cancels the fetch, without waiting for it.
+    /// Slides back to the locations and cancels the fetch, without waiting for it. `sender` is not
+    /// used, here and in cancelModalSheet().
     void returnToLocationsView(QObject *sender);
     /// Cancels the fetch, closes the sheet and calls its handler. The controller may be destroyed
     /// when this returns.
     void cancelModalSheet(QObject *sender);
-    /// Calls importDatabases() with `databases`, a list of Record.
+    /// Calls importDatabases() with `databases`, a list of Record, of which none may be null. The
+    /// form passes the selected rows.
     void performActionWithDatabases(const QVariantList &databases);
 
 Q_SIGNALS:

@@ -3,9 +3,11 @@
 #include "Platform/KeyValue/ValueTransformer.h"
 
 /// Converts a std::shared_ptr<QVSyncLocation> to its icon, a QPixmap. A null pointer or another
-/// type gives an invalid variant. Must be used on the main thread.
+/// type gives an invalid variant. The icon is made at each call and does not follow later changes
+/// of the location; a nil URL has an icon of its own. Must be used on the main thread.
 class QVLocationImageValueTransformer : public ValueTransformer {
 public:
+    /// Returns the type QPixmap.
     QMetaType transformedValueClass() const override;
     QVariant transformedValue(const QVariant &value) const override;
 };
