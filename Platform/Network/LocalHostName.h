@@ -10,10 +10,11 @@
 namespace LocalHostName {
 
 /// Returns whether `hostName` is resolved by multicast DNS: it ends in ".local" or ".local." (RFC
-/// 6762, section 3), in upper or lower case. Thread-safe.
+/// 6762, section 3), in upper or lower case. Thread-safe. Looks at the text only.
 PLATFORM_EXPORT bool isLocal(const QString &hostName);
 
-/// The codes of errors of the domain "LocalHostName".
+/// The codes of errors of the domain "LocalHostName". Their messages are localized and name the
+/// host.
 enum class ErrorCode {
     /// The Avahi daemon is not running or has failed.
     NoService = 1,
@@ -22,8 +23,12 @@ enum class ErrorCode {
 };
 
 /// Returns an address of `hostName` as text: an IPv4 address if there is one, otherwise an IPv6
-/// address, with its interface if it is link-local. Uses the daemon because the resolvers of many
-/// systems do not know these names. Blocks for at most `timeout`. Thread-safe.
+/// address, with its interface ("%" and a number) if it is link-local. Uses the daemon because the
+/// resolvers of many systems do not know these names. `hostName` should be one for which isLocal()
+/// returns true. Blocks for at most `timeout`, half of it for each family of addresses, and cannot
+/// be cancelled; a daemon that accepts calls without replying can delay it further, up to the
+/// timeout of D-Bus. The answer is not authenticated: any computer of the network can send it.
+/// Thread-safe.
 PLATFORM_EXPORT Expected<QString> address(const QString &hostName,
                                           std::chrono::milliseconds timeout);
 

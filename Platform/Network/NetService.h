@@ -37,32 +37,40 @@ public:
     QString name() const { return m_name; }
     QString type() const { return m_type; }
     QString domain() const { return m_domain; }
-    /// Returns whether both objects represent the same service: name, type and domain are equal.
-    /// False if `other` is null.
+    /// Returns whether both objects represent the same service: name, type and domain are equal,
+    /// compared exactly. False if `other` is null.
     bool isEqual(const NetService *other) const;
 
-    /// Returns the host name, or an empty text if the service has not been resolved.
+    /// Returns the host name, usually one that ends in ".local" (see LocalHostName), or an empty
+    /// text if the service has not been resolved. Everything that a service announces comes from
+    /// the network and is not authenticated.
     QString hostName() const { return m_hostName; }
-    /// Returns the port, or 0 if it is not known.
+    /// Returns the port, or 0 if it is not known. A later failure to resolve does not change it.
     quint16 port() const { return m_port; }
 
     /// The delegate is not owned and may be null. It must be reset before it is destroyed.
     NetServiceDelegate *delegate() const { return m_delegate; }
+    /// Takes effect for everything that was not delivered yet.
     void setDelegate(NetServiceDelegate *delegate) { m_delegate = delegate; }
 
     /// Looks up host name and port, and notifies the delegate once, later, of success or failure.
     /// Calling it again restarts the look-up. A timeout of 0 or less fails at the next turn of the
     /// event loop; one above a day is reduced to a day. The service must be kept alive meanwhile:
-    /// destroying it ends the look-up.
+    /// destroying it ends the look-up. The service must be owned by a std::shared_ptr. May be
+    /// called while it is published.
     void resolveWithTimeout(double seconds);
     /// Announces the service until stop() is called or the service is destroyed; again whenever the
-    /// daemon is restarted. The delegate is notified of each announcement. Idempotent.
+    /// daemon is restarted. The delegate is notified of each announcement. A name that another
+    /// service uses is replaced by "name #2" and so on, which emits nameChanged() before the
+    /// delegate is notified. A service that the daemon refuses, for example because of an invalid
+    /// type, is logged and not announced. Idempotent.
     void publish();
     /// Ends resolving and publishing. The delegate is not notified of that, nor of anything that
     /// was still pending.
     void stop();
 
 Q_SIGNALS:
+    /// Emitted when publishing has changed the name; possibly within publish().
     void nameChanged();
 
 private:

@@ -18,6 +18,7 @@ class NetServiceBrowserDelegate;
 class PLATFORM_EXPORT NetServiceBrowser : public QObject {
     Q_OBJECT
 public:
+    /// Searches nothing yet.
     NetServiceBrowser();
     /// Ends the search. The delegate is not called any more, also if this is destroyed within a
     /// call of the delegate.
@@ -28,10 +29,14 @@ public:
     NetServiceBrowserDelegate *delegate() const { return m_delegate; }
     void setDelegate(NetServiceBrowserDelegate *delegate) { m_delegate = delegate; }
 
-    /// Starts a search. A former search ends without reporting its services as removed. An empty
-    /// `domain` selects the default domains. The delegate is called later, from the event loop.
+    /// Starts a search, which lasts until stop(), another search, or the destructor. A former
+    /// search ends without reporting its services as removed. An empty `domain` selects the default
+    /// domains. `type` is a service type such as "_http._tcp" (RFC 6763, section 7); an invalid one
+    /// finds nothing. The delegate is called later, from the event loop. The search has no end of
+    /// its own and no error: if nothing is found, no call is made.
     void searchForServicesOfTypeInDomain(const QString &type, const QString &domain);
-    /// Ends the search without reporting services as removed. Has no effect if there is none.
+    /// Ends the search without reporting services as removed; events that were not delivered are
+    /// dropped. The services stay usable. Has no effect if there is none.
     void stop();
 
 private:

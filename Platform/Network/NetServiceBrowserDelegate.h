@@ -14,7 +14,8 @@ class PLATFORM_EXPORT NetServiceBrowserDelegate {
 public:
     virtual ~NetServiceBrowserDelegate();
 
-    /// Called when `service` was found. It is shared: keep it to resolve it.
+    /// Called when `service` was found. It is shared: keep it to resolve it. It is not resolved,
+    /// and has no delegate. `browser` and `service` are never null.
     virtual void netServiceBrowserDidFindServiceMoreComing(
         NetServiceBrowser *browser, const std::shared_ptr<NetService> &service,
         bool moreComing) = 0;

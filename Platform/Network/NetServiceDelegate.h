@@ -15,9 +15,10 @@ public:
 
     /// Called when the host name and port of `service` are known.
     virtual void netServiceDidResolveAddress(const std::shared_ptr<NetService> &service);
-    /// Called when the service was not found, or not before the timeout. Host name and port are
-    /// unchanged.
+    /// Called when the service was not found, or not before the timeout, also because the daemon is
+    /// not running. Host name and port are unchanged.
     virtual void netServiceDidNotResolve(const std::shared_ptr<NetService> &service);
-    /// Called when `service` is announced on the network under its current name.
+    /// Called when `service` is announced on the network under its current name. Called again after
+    /// each restart of the daemon, and after each change of the name.
     virtual void netServiceDidPublish(const std::shared_ptr<NetService> &service);
 };

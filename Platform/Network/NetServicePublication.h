@@ -14,7 +14,10 @@ class NetService;
 class NetServicePublication : public QObject {
     Q_OBJECT
 public:
+    /// `service` is not owned; it owns this object and must be owned by a std::shared_ptr.
+    /// Announces it, if the daemon is available, before it returns.
     explicit NetServicePublication(NetService &service);
+    /// Withdraws the service. Pending notifications are dropped.
     ~NetServicePublication() override;
 
 private:

@@ -14,8 +14,11 @@ class NetService;
 class NetServiceResolution : public QObject {
     Q_OBJECT
 public:
-    /// Starts the attempt. `seconds` is limited to the range from 0 to one day.
+    /// Starts the attempt. `seconds` is limited to the range from 0 to one day. `service` is not
+    /// owned; it must be owned by a std::shared_ptr when the result is delivered, from the event
+    /// loop.
     NetServiceResolution(NetService &service, double seconds);
+    /// Ends the attempt without a result; the delegate is not notified.
     ~NetServiceResolution() override;
 
 private:
