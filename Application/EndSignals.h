@@ -8,11 +8,14 @@
 class EndSignals : public QObject {
     Q_OBJECT
 public:
+    /// From now on these signals do not end the process by themselves: received() must be connected
+    /// to something that does.
     explicit EndSignals(QObject *parent = nullptr);
     ~EndSignals() override;
 
 Q_SIGNALS:
     /// Emitted from the event loop after the process has received one of the signals; once for
-    /// several signals that arrive together.
+    /// several signals that arrive together. Not emitted while the main thread does not run its
+    /// event loop.
     void received();
 };

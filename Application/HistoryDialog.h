@@ -12,33 +12,44 @@ class QSpinBox;
 class QTreeWidget;
 
 /// A sheet that lists notes that were replaced or deleted, shows their texts and restores them. It
-/// also changes how long they are kept, when it is closed. Must be used on the main thread.
+/// also changes how long they are kept, when it is closed. Must be used on the main thread. It
+/// reads the list again whenever the notes of the database change. The texts are shown as plain
+/// text.
 class HistoryDialog : public QDialog {
     Q_OBJECT
 public:
     /// Lists the deleted notes of `database` or, if `note` has a UUID, the earlier versions of that
     /// note. Shares ownership of `database`; `library` is not owned and must outlive the dialog.
-    /// Neither may be null.
+    /// Neither may be null. `note` must be saved: a restored version replaces the edit that its
+    /// revision names. Versions that cannot be read are presented as an error, and the list stays
+    /// as it is. Blocks for the disk.
     HistoryDialog(NoteLibrary *library, const std::shared_ptr<NoteDatabase> &database,
                   const Note &note, QWidget *parent);
 
+    /// Saves the limits if the user has changed them, presenting an error of that, and closes the
+    /// dialog, also in that case.
     void done(int result) override;
 
 Q_SIGNALS:
-    /// Emitted after a note was saved again.
+    /// Emitted after a note was saved again, once for each restored version, with the note as it
+    /// was saved. If saving one fails, the error is presented, and the remaining ones are not
+    /// restored.
     void restored(const Note &note);
 
 private:
     bool isOfNote() const { return !m_note.UUID.isEmpty(); }
     void makeWidgets();
+    /// Returns the line with the limits, which are disabled if they cannot be read.
     QWidget *makeLimits();
     /// Reads the versions again. Presents an error if they cannot be read.
     void showVersions();
+    /// Returns how the version ended, for the user.
     QString changeText(const NoteVersion &version) const;
     /// Shows the text of the current version.
     void showText();
     /// Saves the selected versions as new edits.
     void restore();
+    /// Saves the version as a new edit, with the current time, and returns it.
     Expected<Note> restoreVersion(const NoteVersion &version);
     void saveLimits();
 

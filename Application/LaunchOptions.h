@@ -4,22 +4,26 @@
 #include <QtCore/QStringList>
 #include <optional>
 
-/// The command line and environment, parsed.
+/// The command line and environment, parsed. A value; parsing opens nothing and does not check
+/// whether paths exist.
 struct LaunchOptions {
     /// Path of the profile folder; never empty. By default the user's application data folder.
     QString profile;
-    /// Path of the image file of Sync Preferences to write; empty if none is requested.
+    /// Path of the image file of Sync Preferences to write; empty if none is requested. The
+    /// extension determines the format.
     QString screenshot;
     /// Whether to print the profile as JSON.
     bool describe = false;
     /// Whether to verify the profile and its sync stores, and whether to repair what is damaged.
+    /// The latter, and `json`, only together with `verify`.
     bool verify = false;
     bool repair = false;
     /// Whether to print the result of the verification as JSON.
     bool json = false;
     /// "light", "dark", or empty for the desktop's colors.
     QString appearance;
-    /// Whether the profile is sandboxed from now on; empty leaves the setting unchanged.
+    /// Whether the profile is sandboxed from now on; empty leaves the setting unchanged. Never set
+    /// together with `verify`.
     std::optional<bool> sandboxed;
     /// Whether no display server is available (no DISPLAY, WAYLAND_DISPLAY or QT_QPA_PLATFORM).
     bool hasNoDisplay = false;
@@ -29,6 +33,7 @@ struct LaunchOptions {
 
     /// Parses the command line and the environment. `arguments` includes the program's name. Exits
     /// the process for --help, and, with a usage message and EXIT_FAILURE, if an option or argument
-    /// is invalid. A QCoreApplication must exist.
+    /// is invalid or options exclude each other. A QCoreApplication must exist, and the
+    /// translations be installed; no window system is needed.
     static LaunchOptions parse(const QStringList &arguments);
 };

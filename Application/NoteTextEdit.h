@@ -11,7 +11,8 @@ public:
     using QPlainTextEdit::QPlainTextEdit;
 
     /// Shows `text` and clears the undo history. Returns false if the editor cannot represent
-    /// `text` exactly; noteText() then differs from it. O(n).
+    /// `text` exactly; noteText() then differs from it. O(n). Emits textChanged(), as an edit by
+    /// the user does; callers that must distinguish them block signals.
     bool setNoteText(const QString &text);
     /// Returns the text with the user's edits. A line that the user has split ends as the one
     /// before it, and other line ends that the user has added are LF, or CR directly after a CR.

@@ -22,12 +22,14 @@ class NotesView : public QWidget {
 public:
     /// Shows no database.
     explicit NotesView(UnsavedTexts unsavedTexts, QWidget *parent = nullptr);
-    /// Saves typed text if possible, without asking the user.
+    /// Saves typed text if possible, without asking the user. Text that cannot be saved stays in
+    /// `UnsavedTexts` for the next start. Emits no signals.
     ~NotesView() override;
 
     /// Shows `database`, sharing its ownership. Null, or a database that is not open, shows
     /// nothing. Has no effect and returns false if the user does not leave a text that cannot be
-    /// saved, see leave().
+    /// saved, see leave(). It does not notice when the database is closed; the caller must set it
+    /// again. Notes that cannot be read are presented as an error.
     bool setDatabase(const std::shared_ptr<NoteDatabase> &database);
     /// Returns the database that is shown; null if there is none.
     std::shared_ptr<NoteDatabase> database() const { return m_database; }
@@ -35,18 +37,20 @@ public:
     /// once until a save succeeds. Blocks for the time of a disk write.
     bool commit();
     /// Saves typed text. If that fails, asks the user what to do with it, running a nested event
-    /// loop. Returns whether the text was saved or discarded.
+    /// loop, until it is saved, discarded, or to be edited further. Returns whether the text was
+    /// saved or discarded; only then may another note be shown.
     bool leave();
     /// Returns the action that restores the note deleted last, in its database. Owned by this view;
     /// disabled while there is no such note.
     QAction *undoDeletionAction() const { return m_undoAction; }
     /// Returns the note that is shown, without unsaved edits; no UUID while there is none.
     const Note &note() const { return m_note; }
-    /// Selects the note with the UUID of `note`, unless the user does not leave the shown one.
+    /// Selects the note with the UUID of `note`, unless the user does not leave the shown one. Has
+    /// no effect if the database that is shown has no such note.
     void select(const Note &note);
 
 Q_SIGNALS:
-    /// Emitted after another note, or none, is shown.
+    /// Emitted after another note, or none, is shown, and also after the shown one was read again.
     void noteChanged();
     /// Emitted after the user has begun to edit the saved note, with true, and after the edits are
     /// on disk or discarded, with false. Can be emitted repeatedly with the same value.
@@ -69,8 +73,11 @@ private:
     void showNote(int row);
     /// Shows the text of the note, read-only if the editor cannot represent it exactly.
     void showContents();
+    /// Saves a new note with a default title, and selects the title.
     void addNote();
+    /// Deletes the shown note, after saving what was typed, so that it can be restored completely.
     void removeNote();
+    /// Saves the note deleted last in its database, which may be another one than is shown.
     void undoDeletion();
     /// Marks the note as edited and restarts the timer.
     void noteEdited();

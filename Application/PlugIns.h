@@ -12,11 +12,13 @@
 namespace PlugIns {
 
 /// Loads the sync plug-in. Returns its root object, which is not owned and exists until the program
-/// ends; never null. Fails if the file cannot be loaded or is a different plug-in.
+/// ends; never null. Fails if the file cannot be loaded or is a different plug-in, also one of
+/// another version of the interface; the reason is that of QPluginLoader. Blocks for the disk.
 Expected<SyncPlugIn *> loadSync();
 
 /// Returns a new pane, never null, and loads its plug-in if necessary. Must be called after
 /// loadSync(). Fails if the plug-in cannot be loaded or the host lacks a class that the pane needs.
+/// The pane must be destroyed before SyncPlugIn::closeProfile() is called.
 Expected<std::unique_ptr<PreferencePane>> makeSyncPreferences();
 
 }  // namespace PlugIns

@@ -10,12 +10,16 @@ class PreferencePane;
 class PreferencesWindow : public QWidget {
     Q_OBJECT
 public:
-    /// Takes ownership of `pane`, which must not be null, loads its view and selects it.
+    /// Takes ownership of `pane`, which must not be null, loads its view and selects it. The window
+    /// is not shown yet. Raises an AssertionFailure if the form of the pane cannot be loaded.
     explicit PreferencesWindow(std::unique_ptr<PreferencePane> pane, QWidget *parent = nullptr);
+    /// Destroys the pane. Does not deselect it, so a window that was not closed has not saved
+    /// everything.
     ~PreferencesWindow() override;
 
 protected:
-    /// Deselects the pane, which saves its settings.
+    /// Deselects the pane, which saves its settings and may present an error; the window closes in
+    /// any case.
     void closeEvent(QCloseEvent *event) override;
 
 private:

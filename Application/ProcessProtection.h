@@ -6,8 +6,10 @@
 namespace ProcessProtection {
 
 /// Makes the process write no core file, and prevents other processes of the user from reading its
-/// memory (see PR_SET_DUMPABLE in prctl(2)). Must be called at the start of the program. Tries both
-/// even if one fails.
+/// memory (see PR_SET_DUMPABLE in prctl(2)); root still can. Must be called at the start of the
+/// program, before secrets are read. Tries both even if one fails, and then returns an error for
+/// the user; the program can go on. Debuggers cannot attach afterwards, and files of the process
+/// below /proc belong to root.
 Expected<void> apply();
 
 }  // namespace ProcessProtection

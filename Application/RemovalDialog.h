@@ -9,16 +9,21 @@
 class RemovalDialog : public QDialog {
     Q_OBJECT
 public:
-    /// `handler` is called once, when the dialog is closed or destroyed.
+    /// Shows nothing yet, see QDialog::open(). It must be created with `new`, and be closed or have
+    /// a parent. `handler`, which must not be empty, is called once, on the main thread: after the
+    /// dialog is closed, or, with Later, when it is destroyed before. At most 10,000 of the titles
+    /// are listed; they are shown as plain text.
     RemovalDialog(const RemovalQuestion &question, std::function<void(RemovalDecision)> handler,
                   QWidget *parent);
     /// Decides for Later if the user has not decided.
     ~RemovalDialog() override;
 
+    /// Closes the dialog and calls the handler. Escape, and closing the window, decide for Later.
     void done(int result) override;
 
 private:
     void decide(RemovalDecision decision);
+    /// Calls the handler with the decision unless it was called.
     void callHandler();
 
     RemovalDecision m_decision = RemovalDecision::Later;

@@ -11,21 +11,25 @@
 class RunningInstance : public QObject {
     Q_OBJECT
 public:
-    /// The profile is in the folder `profile`.
+    /// The profile is in the folder `profile`, which must exist; symbolic links are resolved, so
+    /// that each path of a profile finds the same process. Does not listen yet.
     explicit RunningInstance(const QString &profile, QObject *parent = nullptr);
 
-    /// Listens for other starts. Must be called once. The process must hold the lock of the
-    /// profile, since a socket left by another process is removed. Without a runtime folder, it has
-    /// no effect.
+    /// Listens for other starts until this object is destroyed. Must be called once. The process
+    /// must hold the lock of the profile, since a socket left by another process is removed.
+    /// Without a runtime folder, it has no effect. If it fails, later starts cannot raise these
+    /// windows; the error is not critical.
     Expected<void> listen();
 
     /// Asks the process that shows the windows of the profile in the folder `profile` to raise
-    /// them. Returns whether it has confirmed. Blocks until then, for at most 2 seconds (one each
-    /// for the connection and the confirmation).
+    /// them. Returns whether it has confirmed; false if there is no such process, also while one is
+    /// starting and does not listen yet. Blocks until then, for at most 2 seconds (one each for the
+    /// connection and the confirmation).
     static bool raise(const QString &profile);
 
 Q_SIGNALS:
-    /// Emitted from the event loop when another process has called raise().
+    /// Emitted from the event loop when another process has called raise(), once for each call. The
+    /// call is confirmed in any case. The desktop may still refuse to raise a window.
     void raiseRequested();
 
 private:

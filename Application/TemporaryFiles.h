@@ -15,7 +15,12 @@
 /// thread and in the threads that are started later.
 class TemporaryFiles {
 public:
+    /// Creates the folder and makes it that of all temporary files (TMPDIR), also of processes that
+    /// are started later. A folder that cannot be created leaves that variable empty, so the files
+    /// are then in the system's folder.
     TemporaryFiles();
+    /// Removes the folder with everything in it. TMPDIR keeps naming it, so no temporary file can
+    /// be created afterwards. Signals that arrive from now on have their usual effect.
     ~TemporaryFiles();
     TemporaryFiles(const TemporaryFiles &) = delete;
     TemporaryFiles &operator=(const TemporaryFiles &) = delete;
@@ -23,6 +28,7 @@ public:
 private:
     /// Waits for a signal, upon which it ends the process, or for the destructor.
     void waitForSignal();
+    /// Removes the folder, and then ends the process as if it had not blocked `signal`.
     void endProcess(int signal);
 
     QTemporaryDir m_folder;

@@ -11,14 +11,16 @@ class NoteLibrary;
 /// Journal of texts that are not saved yet or could not be saved, so that they survive the end of
 /// the process. A text is a file in the profile folder or, if that cannot be written or no longer
 /// contains the profile, in the user's cache or runtime folder; only the user can read it. Calls
-/// block for disk access. Must be used on the main thread.
+/// block for disk access. Must be used on the main thread. A value without state: several objects
+/// for one profile see the same texts. Only the process that has the profile open may use it.
 class UnsavedTexts {
 public:
     /// `profileFolder` is the folder of the open profile. Reads and writes nothing.
     explicit UnsavedTexts(const QString &profileFolder);
 
     /// Writes `note` of the database `databaseUUID`, replacing an earlier text of that note in the
-    /// same folder. Fails if no folder can be written.
+    /// same folder. The text is durable when the call returns. `note` must have a UUID. Fails if no
+    /// folder can be written; the error says so to the user.
     Expected<void> keep(const QString &databaseUUID, const Note &note) const;
     /// Removes the text of the note `noteUUID` from all folders. Has no effect if there is none. A
     /// file that cannot be removed is restored again at the next start, which is harmless if the
@@ -27,6 +29,9 @@ public:
     /// Saves all texts in `library` and removes them from the journal. The text of an unknown
     /// database is saved in the inbox. Returns the titles of the notes. Stops at the first text
     /// that cannot be saved, which stays in the journal, and returns an error that names its file.
+    /// A text that the database contains already is removed without saving it again. If the note
+    /// was changed meanwhile, both edits are kept, see NoteDatabase::saveNote(). Must be called
+    /// once, before new texts are kept.
     Expected<QStringList> restore(const NoteLibrary &library) const;
 
 private:

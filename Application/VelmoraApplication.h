@@ -14,14 +14,19 @@ class NoteLibrary;
 class VelmoraApplication : public QApplication, public QVApplication, public QuestionPresenter {
     Q_OBJECT
 public:
+    /// `argumentCount` is a reference that must stay valid as long as this object, see
+    /// QApplication.
     VelmoraApplication(int &argumentCount, char **arguments);
+    /// Plug-ins must have closed the profile before: NSApp() is null afterwards.
     ~VelmoraApplication() override;
 
-    /// Sets the library that contains the inbox; null removes it. Not owned.
+    /// Sets the library that contains the inbox; null removes it. Not owned; must be removed before
+    /// it is destroyed.
     void setLibrary(NoteLibrary *library) { m_library = library; }
-    /// Sets batch mode: no windows, and errors on standard error.
+    /// Sets batch mode: no windows, and errors on standard error. To be called before anything can
+    /// fail.
     void setBatch(bool isBatch) { m_isBatch = isBatch; }
-    /// Uses dark or light colors instead of the desktop's, with the Fusion style.
+    /// Uses dark or light colors instead of the desktop's, with the Fusion style. Cannot be undone.
     void setDarkAppearance(bool dark);
     /// Returns the log, never null. Owned by the application.
     EventLog *eventLog() { return &m_eventLog; }
@@ -30,11 +35,13 @@ public:
     std::shared_ptr<QVDatabase> inbox() const override;
     /// Appends to the event log.
     void logItemCmd(const QString &title, const QString &info) override;
-    /// Shows a message box, modal to the active window, and returns at once. In batch mode, writes
-    /// to standard error.
+    /// Shows a message box, modal to the active window, and returns at once; several may be open.
+    /// The texts are plain text. In batch mode, writes only the description to standard error.
+    /// Errors are not logged.
     void presentError(const Error &error) override;
     /// Shows a message box and returns at once. `handler` is called once, from the event loop; with
-    /// false if the user closes the box, and always in batch mode.
+    /// false if the user closes the box, and always in batch mode. The button that refuses is the
+    /// default one.
     Withdrawal ask(const Question &question, std::function<void(bool)> handler) override;
     /// Shows a dialog, modal to the active window, and returns at once. In batch mode, decides for
     /// Later.
@@ -42,7 +49,8 @@ public:
                          std::function<void(RemovalDecision)> handler) override;
 
     /// Dispatches an event. If a handler raises an AssertionFailure, logs and presents it and
-    /// returns true; the program continues.
+    /// returns true; the program continues. Other exceptions are not caught, which ends the
+    /// program.
     bool notify(QObject *receiver, QEvent *event) override;
 
 private:

@@ -4,13 +4,16 @@
 
 #include "Application/Interface/VerificationReport.h"
 
-/// How `velmora verify` reports to the user and to scripts.
+/// How `velmora verify` reports to the user and to scripts. Text is for people and localized;
+/// scripts use JSON and the exit code, which do not change between versions. Thread-safe.
 namespace VerificationOutput {
 
-/// Returns the report as text of several lines, in which names have no control characters.
+/// Returns the report as text of several lines, in which names have no control characters, so that
+/// they cannot control the terminal. Ends with a conclusion and a line break.
 QString text(const VerificationReport &report);
 /// Returns the report as JSON: "outcome" and "parts", each of these with "name", "outcome",
-/// "extent", "repairs" and "problems". An outcome is "sound", "problems" or "not checked".
+/// "extent", "repairs" and "problems". An outcome is "sound", "problems" or "not checked"; the
+/// other texts are localized.
 QJsonObject json(const VerificationReport &report);
 /// Returns the exit code of the process: 0 if everything is sound, 1 if there are problems, 2 if
 /// something could not be checked.
