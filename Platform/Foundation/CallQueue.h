@@ -11,13 +11,17 @@
 /// is not instrumented, so the thread sanitizer cannot see that these hand over what they carry.
 class PLATFORM_EXPORT CallQueue : public QObject {
 public:
+    /// The queue belongs to the calling thread, unless it is moved to another one before it is
+    /// used. That thread must run a Qt event loop.
     explicit CallQueue(QObject *parent = nullptr);
     /// Drops the calls that have not begun. Must be called on the thread of this object, when no
     /// thread can post any more.
     ~CallQueue() override;
 
-    /// Queues `call`; it runs from the event loop, never within this call. Returns at once.
-    /// Thread-safe.
+    /// Queues `call`, which must not be empty; it runs from the event loop, never within this call.
+    /// Returns at once. What `call` owns is released after it has run, on the thread of the queue,
+    /// or by the destructor. An exception of `call` passes to the event loop and does not affect
+    /// the calls after it. Thread-safe.
     void post(std::function<void()> call);
 
 protected:

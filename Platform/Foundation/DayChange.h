@@ -14,9 +14,13 @@ class PLATFORM_EXPORT DayChange : public QObject {
     Q_OBJECT
 public:
     /// Returns the object that all users share; never null. It exists as long as one of them does.
+    /// Connect to it and hold the pointer as long as the texts are shown.
     static std::shared_ptr<DayChange> shared();
 
 Q_SIGNALS:
+    /// Emitted from the event loop; also if the clock was set within the same day. After the
+    /// computer was asleep at midnight, it is emitted once when it wakes up. A change of the time
+    /// zone alone is not noticed.
     void occurred();
 
 private:

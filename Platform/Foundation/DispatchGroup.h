@@ -10,6 +10,7 @@
 /// from its event loop, never within a call of these functions.
 class PLATFORM_EXPORT DispatchGroup {
 public:
+    /// Creates a new group without work.
     DispatchGroup();
 
     /// Adds one unit of work. Each call must be balanced by one leave(), on any thread. If one is
@@ -19,9 +20,11 @@ public:
     /// Removes one unit of work, and queues the block of notify() if it was the last one.
     void leave() const;
     /// Queues `block` on the main queue. It counts as work of this group until it has returned.
+    /// `block` must not be empty. If it throws, the work does not end.
     void dispatchAsync(std::function<void()> block) const;
     /// Queues `block` on the main queue as soon as there is no work, at once if there is none now.
-    /// It is called once. A second call before that replaces the block.
+    /// It is called once. A second call before that replaces the block. Work that is added between
+    /// queuing and calling the block does not delay it. An empty block removes the present one.
     void notify(std::function<void()> block) const;
 
 private:

@@ -6,7 +6,9 @@
 #include "Platform/Foundation/Error.h"
 
 /// The result of an operation that can fail: its value, or the error. `Expected<void>` has no
-/// value.
+/// value. It must be checked before its value or error is read; or combine results with and_then()
+/// and map(), which do nothing with an error but return it. A default-constructed result is a
+/// success with a default-constructed value.
 template <class Value>
 using Expected = tl::expected<Value, Error>;
 

@@ -13,7 +13,8 @@ namespace FileManager {
 inline const QString ErrorDomain = QStringLiteral("POSIXErrorDomain");
 
 /// Creates one directory, which only its owner can access. Returns an error if anything of that
-/// name exists already, if the parent directory does not exist, or if the file system refuses.
+/// name exists already, if the parent directory does not exist, or if the file system refuses. The
+/// error's reason is that of the system. The folder is not flushed to the disk.
 PLATFORM_EXPORT Expected<void> createDirectory(const QString &path);
 
 }  // namespace FileManager

@@ -11,7 +11,9 @@ class QTranslator;
 ///
 /// Only the translator that was set for the table is searched; translators that are installed in
 /// the application are not, even if they know a context of the same name. Returns the key itself if
-/// the table has no translator or the translator has no such text. Thread-safe.
+/// the table has no translator or the translator has no such text. Thread-safe. Neither argument
+/// may be null. Texts with plural forms or comments are not supported. Blocks only while a table is
+/// added or removed.
 PLATFORM_EXPORT QString localizedString(const char *table, const char *key);
 
 /// The table of Platform's own texts.
@@ -21,9 +23,11 @@ inline constexpr char PlatformTable[] = "Platform";
 ///
 /// The translator is not owned. It must not be null, and must be removed by
 /// `removeLocalizationTables` before it is destroyed. An earlier translator of the same table is
-/// not used again until this one is removed. Thread-safe.
+/// not used again until this one is removed. Thread-safe. Texts that were returned before do not
+/// change.
 PLATFORM_EXPORT void addLocalizationTable(const QByteArray &table, const QTranslator *translator);
 
-/// Removes `translator` from each table. Thread-safe; no other thread uses
-/// the translator any more when this returns.
+/// Removes `translator` from each table; the one that was set before it is used again. Has no
+/// effect if there is none. Thread-safe; no other thread uses the translator any more when this
+/// returns.
 PLATFORM_EXPORT void removeLocalizationTables(const QTranslator *translator);

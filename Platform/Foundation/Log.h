@@ -11,6 +11,7 @@ class PLATFORM_EXPORT Log {
 public:
     /// Creates a log whose messages reach Qt's message handler with the category `category`, which
     /// is not copied. The user defaults `enabledKey` and `verboseKey`, booleans, switch it on.
+    /// Reads no setting yet.
     Log(const char *category, QString enabledKey, QString verboseKey);
     Log(const Log &) = delete;
     Log &operator=(const Log &) = delete;
@@ -20,9 +21,11 @@ public:
     /// Returns whether `enabledKey` and `verboseKey` are both on.
     bool isVerbose() const;
 
-    /// Writes `text` if isEnabled().
+    /// Writes `text` if isEnabled(). It may be any text: control characters are escaped for the
+    /// terminal and the system log if sendToSystemLog() was called.
     void message(const QString &text) const;
-    /// Writes `text` if isVerbose().
+    /// Writes `text` if isVerbose(). A caller whose text is expensive to compute asks isVerbose()
+    /// first.
     void verbose(const QString &text) const;
 
     /// Sends the messages of the category `category`, which is not copied, to the system log

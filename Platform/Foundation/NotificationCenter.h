@@ -29,6 +29,8 @@ public:
     /// Returns the notification center of the process.
     static NotificationCenter &defaultCenter();
 
+    /// Creates a center of its own, beside that of the process. It must not be destroyed while it
+    /// delivers.
     NotificationCenter();
     ~NotificationCenter();
     NotificationCenter(const NotificationCenter &) = delete;
@@ -36,9 +38,10 @@ public:
 
     /// Calls `handler` for each notification named `name`, regardless of its object, until the
     /// observer is removed or `observer`, which must not be null, is destroyed. Adding an observer
-    /// twice delivers each notification twice.
+    /// twice delivers each notification twice. `handler` must not be empty.
     void addObserver(QObject *observer, const QString &name, Handler handler);
-    /// Removes all handlers of `observer` for `name`. Has no effect if there are none.
+    /// Removes all handlers of `observer` for `name`. Has no effect if there are none. They receive
+    /// nothing any more, not even the rest of a delivery that is running.
     void removeObserver(QObject *observer, const QString &name);
     /// Removes all handlers of `observer`.
     void removeObserver(QObject *observer);

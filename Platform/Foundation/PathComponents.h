@@ -16,12 +16,14 @@ PLATFORM_EXPORT QString last(const QString &path);
 PLATFORM_EXPORT QString withoutLast(const QString &path);
 /// Returns `path` without the extension of its last component, which is the text from the last dot
 /// on. A dot at the beginning or end of the component does not count: ".a" and "a." are unchanged.
+/// Slashes at the end of `path` are removed as well.
 PLATFORM_EXPORT QString withoutExtension(const QString &path);
-/// Returns `path` and `component` joined by exactly one slash. If one of them is empty, returns the
-/// other.
+/// Returns `path` and `component` joined by a slash. A slash that ends `path` and one that starts
+/// `component` are not repeated; further ones are kept. If one of them is empty, returns the other.
+/// `component` may consist of several.
 PLATFORM_EXPORT QString appending(const QString &path, const QString &component);
 /// Returns `path` without slashes at its end, followed by a dot and `extension`. An empty path
-/// stays empty.
+/// stays empty. `extension` is without the dot and appended even if `path` ends with it.
 PLATFORM_EXPORT QString appendingExtension(const QString &path, const QString &extension);
 /// Returns whether `path` is `folder` or lies in it, at any depth. Both must be absolute and clean:
 /// without "." and ".." components and repeated slashes.

@@ -15,7 +15,8 @@ PLATFORM_EXPORT QString line(const QString &text);
 /// Does the same, but keeps line feeds. JSON keeps its meaning.
 PLATFORM_EXPORT QString lines(const QString &text);
 
-/// Writes line(text) and a line feed to the standard error output.
+/// Writes line(text) and a line feed to the standard error output. Blocks if the reader of the
+/// output is slow; a failure is ignored.
 PLATFORM_EXPORT void printError(const QString &text);
 
 }  // namespace TerminalText

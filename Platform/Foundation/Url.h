@@ -15,9 +15,13 @@ class PLATFORM_EXPORT Url {
 public:
     /// Creates a nil URL.
     Url() = default;
-    /// Returns the URL with this text, or nil if it is not an absolute URL.
+    /// Returns the URL with this text, or nil if it is not an absolute URL. Does not normalize:
+    /// compare parts, not texts, if "HTTP" and "http" are to be equal. Text from outside of any
+    /// length may be passed.
     static Url fromString(const QString &text);
-    /// Returns the "file" URL of an absolute path, or nil if `path` is not absolute.
+    /// Returns the "file" URL of an absolute path, or nil if `path` is not absolute. The path may
+    /// contain any characters; they are percent-encoded. path() returns it without slashes at its
+    /// end.
     static Url fileURL(const QString &path);
 
     /// Returns `host` as a URL writes it: an IPv6 address in brackets, any other text unchanged.
@@ -47,6 +51,7 @@ public:
     /// an empty text if there is none.
     QString path() const { return m_path; }
 
+    /// Two nil URLs are equal.
     bool operator==(const Url &other) const { return m_text == other.m_text; }
 
 private:

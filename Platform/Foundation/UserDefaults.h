@@ -7,11 +7,13 @@
 #include "Platform/PlatformExport.h"
 
 /// The user's settings of this application, which are saved in a file and shared by all code of the
-/// process. Thread-safe. Each read sees what other processes have written before it. A setting
-/// that cannot be read counts as not set.
+/// process (QSettings). Thread-safe; every function may block for the file. Each read sees what
+/// other processes have written before it. A setting that cannot be read counts as not set. Secrets
+/// must not be stored here. No change is announced.
 namespace UserDefaults {
 
-/// Returns the setting, or false if it is not set.
+/// Returns the setting, or false if it is not set. Texts are converted as QVariant does: "false"
+/// and "0" are false.
 PLATFORM_EXPORT bool boolForKey(const QString &key);
 /// Returns the setting, or 0 if it is not set or is not a number.
 PLATFORM_EXPORT int integerForKey(const QString &key);
@@ -20,9 +22,10 @@ PLATFORM_EXPORT QString stringForKey(const QString &key);
 /// Returns whether the setting is set.
 PLATFORM_EXPORT bool contains(const QString &key);
 /// Sets the setting and writes it to the file. If that fails, returns an error for the user; the
-/// setting is then in effect in this process only.
+/// setting is then in effect in this process only. The file is written before this returns.
 PLATFORM_EXPORT Expected<void> setValue(const QString &key, const QVariant &value);
-/// Removes the setting. Has no effect if it is not set.
+/// Removes the setting. Has no effect if it is not set. The file may be written later, and a
+/// failure of that is not reported.
 PLATFORM_EXPORT void remove(const QString &key);
 
 }  // namespace UserDefaults
