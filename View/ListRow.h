@@ -27,6 +27,8 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    /// Fits the height when the row gets its first parent, and places the children when one of them
+    /// changes its size hint or is shown or hidden.
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void hideEvent(QHideEvent *event) override;
@@ -36,6 +38,7 @@ protected:
 private:
     /// Sets the height that the children need; posts a layout request to the parent if it changes.
     void fitHeight();
+    /// Places the children in the row's present size. If it is too narrow, the texts are cut off.
     void placeChildren();
 
     /// Whether the height was set once.

@@ -46,6 +46,7 @@ public:
     /// The records of editable bindings.
     using Bindings = std::set<std::shared_ptr<ViewBinding>>;
 
+    /// An empty list without prototype or delegate.
     explicit QVListView(QWidget *parent = nullptr);
     /// Ends the bindings and deletes the items.
     ~QVListView() override;
@@ -77,19 +78,25 @@ public:
 
     /// Returns the content; empty if none was set.
     QVariantList content() const { return m_content.value_or(QVariantList()); }
+    /// See the property. An observer of the selection may call it while content is being set, which
+    /// then ends.
     void setContent(const QVariantList &content);
     /// Returns one item for each object, in the same order. While `content` is being set, only
     /// those made so far.
     QList<Item> items() const { return m_items; }
+    /// For tests. Replaces the items without making or removing views.
     void setItems(const QList<Item> &items) { m_items = items; }
     Item itemPrototype() const { return m_itemPrototype; }
     void setItemPrototype(const Item &prototype) { m_itemPrototype = prototype; }
     Bindings bindings() const { return m_bindings; }
+    /// For tests. Neither binds nor unbinds the records.
     void setBindings(const Bindings &bindings) { m_bindings = bindings; }
     /// Null if none is set. Not owned; must be reset to null before it is destroyed.
     QVListViewDelegate *delegate() const { return m_delegate; }
+    /// Existing items stay as they are.
     void setDelegate(QVListViewDelegate *delegate) { m_delegate = delegate; }
     IndexSet selectionIndexes() const;
+    /// See the property. Without a delegate, only announces.
     void setSelectionIndexes(const IndexSet &indexes);
 
     /// Returns a new item for `object`, copied from its prototype, with the shared menu. If its

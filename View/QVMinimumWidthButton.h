@@ -11,6 +11,9 @@ class QVMinimumWidthButton : public QPushButton {
 public:
     using QPushButton::QPushButton;
 
+    /// Returns the text; an "&" in it marks a mnemonic.
     QString title() const { return text(); }
+    /// The size is computed with the present font and style; a later change of these does not
+    /// resize the button.
     void setTitle(const QString &title);
 };

@@ -14,18 +14,22 @@ class QVSelectedItemBackgroundView : public Control {
     /// children: dark if true, light if false. Announced each time it is set.
     Q_PROPERTY(bool selected READ isSelected WRITE setSelected NOTIFY selectedChanged)
 public:
+    /// Not selected.
     explicit QVSelectedItemBackgroundView(QWidget *parent = nullptr);
 
     bool isSelected() const { return m_isSelected; }
+    /// Controls that are added later get their style with the next call.
     void setSelected(bool selected);
 
 Q_SIGNALS:
+    /// Emitted each time the key is set.
     void selectedChanged();
 
 protected:
     bool event(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    /// Ignores the press, so that the list receives it.
     void mousePressEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 

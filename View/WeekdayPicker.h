@@ -13,12 +13,16 @@ class WeekdayPicker : public QWidget {
     /// when the user toggles a day. Announced each time it is set, equal or not.
     Q_PROPERTY(quint64 days READ days WRITE setDays NOTIFY daysChanged USER true)
 public:
+    /// No day is chosen. A later change of the locale has no effect.
     explicit WeekdayPicker(QWidget *parent = nullptr);
 
     quint64 days() const { return m_days; }
+    /// Sets the days, updates the buttons, and emits daysChanged(), also if the set is equal.
     void setDays(quint64 days);
 
 Q_SIGNALS:
+    /// Emitted when the days are set, and after the user has toggled one; days() has the new set by
+    /// then.
     void daysChanged();
 
 private:

@@ -23,7 +23,7 @@
 /// The numbering of the system's cipher library. Other numbers may be given and are refused with
 /// `CommonCryptoErrorDomain::ParameterError`.
 enum class CipherAlgorithm : quint32 {
-    /// FIPS 197, blocks of 16 bytes; the key's length chooses 128, 192 or 256 bits.
+    /// FIPS 197, blocks of 16 bytes; the key's length selects 128, 192 or 256 bits.
     AES = 0,
     /// FIPS 46-3, blocks of 8 bytes.
     DES = 1,
@@ -39,8 +39,8 @@ enum class CipherAlgorithm : quint32 {
 enum class CipherOption : quint32 {
     /// RFC 5652, 6.3: every encryption adds 1 byte to a whole block.
     PKCS7Padding = 1,
-    /// Each block by itself, without an initialization vector. Without this bit blocks are chained
-    /// (CBC), from an all-zero vector where none is given.
+    /// Each block is processed by itself, without an initialization vector. Without this bit,
+    /// blocks are chained (CBC), starting with an all-zero vector if none is given.
     ECBMode = 2,
 };
 Q_DECLARE_FLAGS(CipherOptions, CipherOption)
