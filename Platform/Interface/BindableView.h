@@ -8,7 +8,7 @@
 class QObject;
 
 /// A view that implements binding of its keys itself, instead of KeyValue::bind. Must be used on
-/// the main thread.
+/// the main thread. Nib calls bind() for a view that implements this interface.
 class PLATFORM_EXPORT BindableView {
 public:
     virtual ~BindableView();

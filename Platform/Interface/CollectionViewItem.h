@@ -31,6 +31,8 @@ public:
     /// Called with an item that has just made its view.
     using ViewHandler = std::function<void(CollectionViewItem *item)>;
 
+    /// `makeView` must not be empty; it is shared with all copies and called on the main thread.
+    /// Makes no view yet.
     explicit CollectionViewItem(ViewFactory makeView, QObject *parent = nullptr);
     ~CollectionViewItem() override;
 
@@ -39,10 +41,12 @@ public:
     std::unique_ptr<CollectionViewItem> copy() const;
 
     QVariant representedObject() const { return m_representedObject; }
+    /// Observers are notified within this call, and may destroy the item.
     void setRepresentedObject(const QVariant &object);
     bool isSelected() const { return m_isSelected; }
     void setSelected(bool selected);
-    /// Returns the view, which the first call makes. Never null. Owned by the item.
+    /// Returns the view, which the first call makes. Never null. Owned by the item. An exception of
+    /// the factory passes to the caller, and the next call tries again.
     QWidget *view();
     /// Sets what a call of view() that makes the view calls before it returns. Not owned, so that
     /// many items can share one handler; has no effect once it is destroyed.
@@ -51,6 +55,7 @@ public:
     }
 
 Q_SIGNALS:
+    /// Emitted each time the value is set.
     void representedObjectChanged();
     void selectedChanged();
 

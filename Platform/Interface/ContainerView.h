@@ -13,6 +13,7 @@ class PLATFORM_EXPORT ContainerView : public QWidget {
 public:
     using QWidget::QWidget;
 
+    /// These are (0, 0) without children. Hidden children count.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

@@ -14,7 +14,8 @@ namespace ListPalette {
 PLATFORM_EXPORT QPalette normal();
 /// Returns the selection's text color on the selection color. Buttons keep their light faces.
 PLATFORM_EXPORT QPalette selected();
-/// Returns the color of the selection in an active window.
+/// Returns the color of the selection in an active window. Lists show it in inactive windows as
+/// well.
 PLATFORM_EXPORT QColor alternateSelectedControlColor();
 
 }  // namespace ListPalette

@@ -6,12 +6,14 @@
 #include "Platform/KeyValue/Binding.h"
 #include "Platform/PlatformExport.h"
 
-/// The name of an object and, after its first point, a key path from it.
+/// The name of an object and, after its first point, a key path from it. A value; names are not
+/// checked until the form is connected.
 struct PLATFORM_EXPORT NibPath {
     QString object;
     QByteArray keyPath;
 
-    /// Parses "object.key.key". The key path is empty if there is no point. Never fails.
+    /// Parses "object.key.key", ignoring blanks at both ends. The key path is empty if there is no
+    /// point. Never fails; an empty text gives an empty object.
     static NibPath parse(const QString &text);
 };
 
@@ -24,7 +26,8 @@ struct PLATFORM_EXPORT NibBinding {
     QString transformer;
     KeyValue::Direction direction = KeyValue::Direction::FromModel;
 
-    /// Parses "key <- path | transformer". Raises an AssertionFailure if `text` has another form.
+    /// Parses "key <- path | transformer". Raises an AssertionFailure if `text` has another form. A
+    /// path without a key is an error, since a binding needs something to observe.
     static NibBinding parse(const QString &text);
 };
 
@@ -37,6 +40,6 @@ struct PLATFORM_EXPORT NibAction {
     NibPath argument;
 
     /// Parses "path.method" or "path.method(path)". Raises an AssertionFailure if `text` has
-    /// another form.
+    /// another form. A call with empty parentheses passes the sender.
     static NibAction parse(const QString &text);
 };

@@ -12,9 +12,11 @@ class PLATFORM_EXPORT OpenPanel : public QFileDialog {
     Q_OBJECT
 public:
     /// `message` is the title and says what to choose. `parent` owns the panel; it may be null.
+    /// Files cannot be deleted or renamed in the panel.
     OpenPanel(const QString &message, QWidget *parent);
 
-    /// Returns the file URL of the item chosen. If none is, that of the folder shown.
+    /// Returns the file URL of the item chosen. If none is, that of the folder shown. The item
+    /// existed when it was chosen, but may have been removed since.
     Url URL() const;
 
 protected:

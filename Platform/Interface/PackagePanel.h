@@ -20,7 +20,7 @@ public:
         Open
     };
 
-    /// `extension` is without the point.
+    /// `extension` is without the point and compared with case.
     PackagePanel(Purpose purpose, const QString &extension);
 
     /// Returns the file URL of the chosen package, including the extension. Another process may
@@ -28,6 +28,7 @@ public:
     Url URL() const;
 
 protected:
+    /// Ends the panel if a package is chosen; otherwise enters the folder.
     void accept() override;
 
 private:

@@ -16,6 +16,7 @@ namespace PlainText {
 PLATFORM_EXPORT QString toolTip(const QString &text);
 
 /// Sets both texts of `box`, neither of which is read as markup. `informativeText` may be empty.
+/// `box` must not be null. Call it once, before the box is shown.
 PLATFORM_EXPORT void setTexts(QMessageBox *box, const QString &text,
                               const QString &informativeText);
 

@@ -25,9 +25,10 @@ public:
     virtual QString mainNibName() const = 0;
     /// Called by loadMainView() when the form is loaded and the outlets are set.
     virtual void awakeFromNib() {}
-    /// Called each time before the pane is shown. Must not block.
+    /// Called each time before the pane is shown. Must not block. The view is loaded by then.
     virtual void willSelect() {}
-    /// Called each time before the pane is left.
+    /// Called each time before the pane is left. Not called if the pane is destroyed without being
+    /// left.
     virtual void willDeselect() {}
 
     /// Loads the form named by mainNibName() and calls awakeFromNib(). Must be called once. Raises
@@ -36,6 +37,7 @@ public:
     /// Returns the view; null until it is loaded and after it was deleted. The pane owns it, also
     /// while a window is its parent.
     QWidget *mainView() const { return m_mainView; }
+    /// Returns what the constructor received. Valid as long as the pane.
     const QJsonObject &info() const { return m_info; }
 
 protected:

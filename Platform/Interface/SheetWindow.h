@@ -17,9 +17,10 @@ public:
 
 Q_SIGNALS:
     /// Emitted when the user wants to leave the sheet. A handler may delete the window later, not
-    /// immediately.
+    /// immediately. Without a handler, the sheet stays open.
     void leaving();
 
 protected:
+    /// Ignores the event and emits leaving(), also when the application asks all windows to close.
     void closeEvent(QCloseEvent *event) override;
 };

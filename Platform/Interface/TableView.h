@@ -37,11 +37,13 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
                    selectionIndexesChanged)
 public:
+    /// An empty table whose rows can be selected but not edited.
     explicit TableView(QWidget *parent = nullptr);
 
     QStringList columnIdentifiers() const { return m_columnIdentifiers; }
     void setColumnIdentifiers(const QStringList &identifiers);
     QVariantList content() const { return m_content; }
+    /// See the property. Raises an AssertionFailure if an object has no key `contentKey`.
     void setContent(const QVariantList &content);
     QIcon rowIcon() const { return m_rowIcon; }
     void setRowIcon(const QIcon &icon) { m_rowIcon = icon; }
@@ -50,7 +52,7 @@ public:
 
     /// Sets the delegate that provides the cells instead of `content`; null removes it. Not owned.
     /// It may be destroyed before the table if neither reloadData() nor a change of the selection
-    /// follows.
+    /// follows. Call reloadData() afterwards.
     void setTableDelegate(TableViewDelegate *delegate) { m_delegate = delegate; }
     TableViewDelegate *tableDelegate() const { return m_delegate; }
     /// Asks the delegate for all rows again; without a delegate, removes all rows. Keeps the
@@ -74,6 +76,7 @@ Q_SIGNALS:
     /// Emitted when the table is clicked, on a row or below the rows, and when the space bar is
     /// pressed on a row. clickedRow() is set by then.
     void action();
+    /// Emitted after the delegate was called.
     void selectionIndexesChanged();
 
 protected:

@@ -7,7 +7,7 @@ class QWidget;
 class TableView;
 
 /// Provides the cells of a table and observes its selection. Called on the main thread, from within
-/// functions of the table, which must not be deleted in a call.
+/// functions of the table, which must not be deleted in a call. Not owned by the table.
 class PLATFORM_EXPORT TableViewDelegate {
 public:
     virtual ~TableViewDelegate();

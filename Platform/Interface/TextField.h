@@ -15,15 +15,18 @@ public:
     explicit TextField(QWidget *parent = nullptr);
 
     /// Shows `value`, immediately or, while the user edits the text, at the end of editing. Emits
-    /// nothing.
+    /// nothing. The user's edit ends when the field loses the focus or Return is pressed; until
+    /// then the last value set is kept, not shown.
     void setStringValue(const QString &value);
 
 Q_SIGNALS:
-    /// Emitted after each edit by the user.
+    /// Emitted after each edit by the user; the text has the new value by then.
     void stringValueChanged();
 
 private:
+    /// Called after each edit by the user.
     void didEdit(const QString &text);
+    /// Shows what the model has made of the text.
     void didEndEditing();
 
     /// The model's text, which may differ from the text shown while the user edits it.

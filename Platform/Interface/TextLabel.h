@@ -16,11 +16,12 @@ public:
     explicit TextLabel(QWidget *parent = nullptr);
 
     QColor textColor() const { return m_textColor; }
+    /// Sets the color, whose opacity is kept on a dark background.
     void setTextColor(const QColor &color);
 
-    /// The size at which nothing is elided.
+    /// Returns the size at which nothing is elided.
     QSize sizeHint() const override;
-    /// The height of a line, at width 0.
+    /// Returns the height of a line, at width 0: the label may be made narrower than its text.
     QSize minimumSizeHint() const override;
 
 protected:
@@ -28,6 +29,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    /// Sets the palette for the color and the background style, which Control::setBackgroundStyle()
+    /// announces by the dynamic property.
     void applyColor();
 
     QColor m_textColor = Qt::black;

@@ -29,6 +29,7 @@ public:
     /// Sets the view's property to the model's value and from then on writes each value that is set
     /// in the view to the model. Raises an AssertionFailure if the key or path does not exist.
     virtual void bind() = 0;
-    /// Stops writing. Idempotent. bind() may be called again.
+    /// Stops writing. Idempotent. bind() may be called again. May be called while a value is being
+    /// written.
     virtual void unbind() = 0;
 };

@@ -22,6 +22,8 @@ public:
     ~ViewController() override;
 
     QVariant representedObject() const { return m_representedObject; }
+    /// Accepts any value; what the form binds to it must fit. Observers are notified within this
+    /// call.
     void setRepresentedObject(const QVariant &object);
     /// Returns the view, which the first call loads with this controller as the form's owner. Never
     /// null. The controller owns it; the caller may give it a parent, which may delete it first,
@@ -30,6 +32,7 @@ public:
     QWidget *view();
 
 Q_SIGNALS:
+    /// Emitted each time the object is set.
     void representedObjectChanged();
 
 private:

@@ -20,23 +20,25 @@ public:
 
     /// Returns the window. The first call loads and connects it and calls awakeFromNib() and
     /// windowDidLoad(). Never null. The controller and the parent of the sheet both own it: if the
-    /// parent deletes it, runModal() returns 0 and the next call loads a new window. Raises an
+    /// parent deletes it, runModalSheet() returns and the next call loads a new window. Raises an
     /// AssertionFailure if the form cannot be loaded or is not made of a SheetWindow.
     QWidget *window();
     /// Returns whether window() has loaded the window and it still exists.
     bool isWindowLoaded() const { return m_window; }
 
 protected:
-    /// Called when the window is loaded and the outlets are set.
+    /// Called when the window is loaded and the outlets are set. Bindings are connected already, so
+    /// setting a bound key updates the widgets.
     virtual void awakeFromNib() {}
     /// Called after awakeFromNib().
     virtual void windowDidLoad() {}
     /// Called when the user presses Escape or closes the window. The default has no effect: the
-    /// sheet stays.
+    /// sheet stays. Must not destroy the window within the call.
     virtual void leaveSheet() {}
 
     /// Shows the window as a sheet of the window that contains `parentWindow`, modal to that window
-    /// only. `parentWindow` must not be null. Returns without waiting for the end of the sheet.
+    /// only. `parentWindow` must not be null. Returns without waiting for the end of the sheet, see
+    /// endSheet().
     void beginSheet(QWidget *parentWindow);
     /// Closes the sheet with `returnCode`. Has no effect if the window is not loaded.
     void endSheet(int returnCode);

@@ -17,7 +17,8 @@ PLATFORM_EXPORT QIcon iconForFile(const QString &path);
 
 /// Shows the file in the desktop's file manager, selected in its folder
 /// (https://www.freedesktop.org/wiki/Specifications/file-manager-interface). Asynchronous: returns
-/// at once. If no file manager implements this, nothing is shown and no error is reported.
+/// at once. If no file manager implements this, nothing is shown and no error is reported. `path`
+/// must be absolute.
 PLATFORM_EXPORT void selectFile(const QString &path);
 
 }  // namespace Workspace
