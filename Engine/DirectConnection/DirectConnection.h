@@ -8,7 +8,7 @@ namespace DirectConnection {
 
 /// The scheme of URLs of direct-connection locations.
 inline const QString URLScheme = QStringLiteral("velmora");
-/// TCP port of servers unless the user chooses another.
+/// TCP port of servers unless the user chooses another. Also that of URLs without a port.
 inline constexpr quint16 DefaultPort = 8442;
 /// Service type for DNS-SD (RFC 6763, section 7).
 inline const QString BonjourServiceType = QStringLiteral("_velmora._tcp");
@@ -16,10 +16,11 @@ inline const QString BonjourServiceType = QStringLiteral("_velmora._tcp");
 inline const QString ClientAuthorizationServiceName =
     QStringLiteral("Velmora Direct Connection Clients");
 
-/// Resource limits of a direct-connection server.
+/// Resource limits of a direct-connection server, which a client that is not authorized must not
+/// exhaust. They apply to all clients together; the times must be positive.
 struct Limits {
     /// Maximum number of connections. Beyond it, the oldest connection that is not authorized is
-    /// closed; if there is none, the new one.
+    /// closed; if there is none, the new one. At least 1.
     qsizetype connections = 32;
     /// Timeout from the connection to a greeting or a pairing request.
     std::chrono::milliseconds greetingTime = std::chrono::seconds(10);

@@ -28,6 +28,7 @@ public:
         std::chrono::milliseconds total = std::chrono::minutes(10);
     };
 
+    /// Does not connect. The first connection of the process makes it ignore SIGPIPE.
     DirectConnectionLink();
     ~DirectConnectionLink();
     DirectConnectionLink(const DirectConnectionLink &) = delete;
@@ -36,20 +37,23 @@ public:
     /// Connects to the server, regardless of its identity: the caller must then check
     /// serverFingerprint(). Must not be called while connected. Blocks while it resolves the name,
     /// which cannot be cancelled, then for at most 10 seconds for each address and 10 seconds for
-    /// the TLS handshake.
+    /// the TLS handshake. Fails with the code StoreUnreachable; a connection that the user has
+    /// cancelled fails like one that cannot be made, so the caller checks `future`.
     Expected<void> connect(const QString &host, quint16 port, const EngineFuture &future);
     /// Returns whether the server has not closed the connection. Must be called between two
-    /// exchanges. Does not block.
+    /// exchanges. Does not block. The connection may break at any time after that; exchange() then
+    /// fails.
     bool isConnected() const;
     /// Returns the SHA-256 of the server's certificate; empty before the first connection.
     QByteArray serverFingerprint() const { return m_serverFingerprint; }
 
     /// Sends `request` and waits for the response. A response of more than `limit` bytes is a
-    /// failure; no memory is allocated for it.
+    /// failure; no memory is allocated for it. Must be called while connected. After a failure the
+    /// server may have processed the request.
     Expected<DirectConnectionMessage::Received> exchange(const QCborMap &request, qsizetype limit,
                                                          const Timeouts &timeouts,
                                                          const EngineFuture &future);
-    /// Closes the connection. Idempotent.
+    /// Closes the connection without waiting for the server; serverFingerprint() stays. Idempotent.
     void disconnect();
 
 private:

@@ -31,11 +31,12 @@ public:
         std::function<void()> storeDidChange;
     };
 
-    /// Does not listen yet.
+    /// Does not listen yet. All arguments are copied. Listen with QTcpServer::listen().
     DirectConnectionListener(const DirectConnectionIdentity &identity,
                              const DirectConnectionPackage &package,
                              const DirectConnection::Limits &limits, const MainThread &mainThread);
-    /// Closes all connections.
+    /// Closes all connections. Questions that are open are not withdrawn here; the functions of
+    /// MainThread are not called any more.
     ~DirectConnectionListener() override;
 
     /// Must be called with the user's decision about the client of `session`. Ignored if that

@@ -67,12 +67,13 @@ inline const QString StoreFull = QStringLiteral("full");
 
 /// Returns a message of this type without other keys.
 QCborMap ofType(const QString &type);
-/// Returns the bytes of `message`, including the length.
+/// Returns the bytes of `message`, including the length. The message must be within the limits,
+/// which is not checked.
 QByteArray encode(const QCborMap &message);
 /// Returns the length in the first LengthSize bytes of `start`, which must not be shorter.
 qsizetype length(const QByteArray &start);
 
-/// A message that was received.
+/// A message that was received. Its values have any type that CBOR has: a caller checks each.
 struct Received {
     /// All values but the contents.
     QCborMap values;

@@ -12,7 +12,8 @@
 /// "databases/UUID.json" and "transactions/UUID/NAME", where NAME consists of 1 to 128 ASCII
 /// letters, digits, "-", "_" and ".", and does not begin with a point. Any other name is refused
 /// with the code BlobRefused. Copies share the store. Must be created on the main thread; the other
-/// functions block for file access and are thread-safe.
+/// functions block for file access and are thread-safe. Clients are not trusted: every name that
+/// they send passes through here. Operations cannot be cancelled.
 class DirectConnectionPackage {
 public:
     /// Returns the path of the package of the profile in `directory`.
@@ -22,11 +23,13 @@ public:
     DirectConnectionPackage(const QString &path, std::shared_ptr<BlobStore> store);
 
     QString path() const { return m_path; }
-    /// Creates the folders of the package that do not exist.
+    /// Creates the folders of the package that do not exist. Fails with the code ServerUnusable.
+    /// Idempotent.
     Expected<void> make() const;
 
-    /// The operations of BlobStore. Folders are "databases", "transactions" and
-    /// "transactions/UUID".
+    /// The operations of BlobStore, with its limits and errors. Folders are "databases",
+    /// "transactions" and "transactions/UUID"; names in them that clients may not use are omitted
+    /// from the list.
     Expected<QStringList> list(const QString &folder) const;
     Expected<QByteArray> read(const QString &name, qint64 limit) const;
     Expected<BlobStore::Written> writeIfAbsent(const QString &name,

@@ -17,9 +17,10 @@ class ProfileDatabase;
 
 /// The servers that this profile's locations are paired with. The fingerprints of their
 /// certificates are stored in the profile, and the secrets that authorize this computer there in
-/// the keychain, both by location and address. Shared ownership by the engine and its stores; must
-/// be created with std::make_shared. Thread-safe except for load() and close(), which must be
-/// called on the main thread.
+/// the keychain, both by key: the URL of the location and its identifier, so that a location with
+/// another address has no pairing. Shared ownership by the engine and its stores; must be created
+/// with std::make_shared. Thread-safe except for load(), close() and forget(), which must be called
+/// on the main thread.
 class DirectConnectionPairings : public std::enable_shared_from_this<DirectConnectionPairings> {
 public:
     /// `profile` is not owned and must outlive this object or the call of close().
@@ -28,10 +29,12 @@ public:
     DirectConnectionPairings &operator=(const DirectConnectionPairings &) = delete;
 
     /// Reads the fingerprints from the profile. Must be called once on the main thread, after the
-    /// profile was opened.
+    /// profile was opened. If it fails, the engine must not be used: it would pair again with any
+    /// server.
     Expected<void> load();
 
     /// Called when the engine ends. From then on no pairing is written to the profile. Idempotent.
+    /// Stores may call the other functions afterwards.
     void close();
 
     /// Returns the fingerprint of the server that was paired for `key`; empty if there is none.
@@ -45,11 +48,13 @@ public:
     /// Returns whether the user may be asked to pair for `key` now, see QuestionLimit. If so,
     /// didAsk() must be called when the question has ended.
     bool mayAsk(const QString &key);
+    /// Must be called exactly once for each mayAsk() that returned true, on any thread.
     void didAsk(const QString &key, bool isPaired);
     /// Sets the pauses between questions, for keys that were not asked about before.
     void setPauses(const QuestionLimit::Pauses &pauses) { m_pauses = pauses; }
     /// Forgets the fingerprints of the location `identifier`, at which their keys end. Must be
-    /// called on the main thread before close().
+    /// called on the main thread before close(). Succeeds if there are none. If it fails, some may
+    /// be forgotten; calling it again is safe. Blocks for a disk write.
     Expected<void> forget(const QString &identifier);
     using ForgottenHandler = std::function<void(const Expected<void> &forgotten)>;
     /// Deletes the secrets of the location `identifier` from the keychain, also those whose

@@ -16,7 +16,8 @@ class ProfileDatabase;
 /// TLS 1.3 with the profile's own certificate (see DirectConnectionMessage). Must be used on the
 /// main thread; clients are served on its own thread. The user defaults
 /// "QVDirectConnectionServerPortNumber" and "QVDirectConnectionServerEnabled" are read when the
-/// profile is opened; this class does not write them.
+/// profile is opened; this class does not write them. It listens on all interfaces, over IPv4 and
+/// IPv6, and announces itself under the name of this computer while it serves.
 class DirectConnectionServer : public QVDirectConnectionServer {
     Q_OBJECT
 public:
@@ -29,11 +30,11 @@ public:
     ~DirectConnectionServer() override;
 
     /// Reads the user defaults. Must be called once, after the profile was opened. `observer` is
-    /// not owned and must outlive this object.
+    /// not owned and must outlive this object. Does not start the server. Does not block.
     void load(const DirectConnectionPackage &package, ServedStoreObserver &observer);
     /// Starts serving if the user has enabled the server. Must be called after load().
     void startIfEnabled();
-    /// Sets the limits, which apply from the next start on.
+    /// Sets the limits, which apply from the next start on. For tests.
     void setLimits(const DirectConnection::Limits &limits) { m_limits = limits; }
 
     quint16 port() const override { return m_port; }

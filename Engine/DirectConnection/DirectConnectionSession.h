@@ -37,8 +37,10 @@ public:
     };
 
     /// `descriptor` is the connected socket, which this object closes. `server` is not owned and
-    /// must outlive this object.
+    /// must outlive this object. Starts the TLS handshake at once. The functions of `requests` must
+    /// not be empty; they are called from the event loop and must not delete the session.
     DirectConnectionSession(qintptr descriptor, const Server &server, Requests requests);
+    /// Closes the connection without a response. Does not emit ended().
     ~DirectConnectionSession() override;
 
     /// Returns whether the session may be closed in favor of another: if its client is not

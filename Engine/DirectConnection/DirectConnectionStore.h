@@ -13,18 +13,24 @@ struct DirectConnectionPairing;
 /// two computers: the users of both compare a code, and the server's certificate is pinned, so
 /// later connections are refused if another one is presented. It connects when needed, and again if
 /// the server has closed an idle connection; it disconnects when it is destroyed. Requests of
-/// several threads are sent one after the other.
+/// several threads are sent one after the other; a thread that waits for its turn does not notice
+/// that its future was cancelled.
+///
+/// A request may take 30 seconds without received data, and ten minutes in all. Contents are
+/// limited by DirectConnectionMessage::ContentsLimit; longer ones are refused.
 class DirectConnectionStore : public BlobStore {
 public:
     /// A pairing is stored for `locationIdentifier` together with the URL of `location`. `pairings`
-    /// must not be null.
+    /// must not be null. Does not connect yet.
     DirectConnectionStore(const std::shared_ptr<QVSyncLocation> &location,
                           std::shared_ptr<StoreOperations> operations,
                           const QString &locationIdentifier,
                           std::shared_ptr<DirectConnectionPairings> pairings);
 
     /// Connects. May ask the user to compare the pairing code, and then blocks for up to five
-    /// minutes.
+    /// minutes. Fails with the code AccessDenied if the other computer refuses or is busy, or if
+    /// its question was not accepted a short time ago; with CertificateUntrusted if it is another
+    /// computer than the paired one; and with StoreUnreachable.
     Expected<void> open(const EngineFuture &future) override;
 
 protected:
