@@ -49,7 +49,8 @@ public:
     /// Returns what the stores share. Valid as long as this object.
     const EngineContext &context() const { return m_context; }
     /// Stores the setting in the profile. Takes effect at once, except for files that are open. If
-    /// it fails, the setting is unchanged. Blocks for a disk write.
+    /// it cannot be written, the setting is unchanged; if it cannot be read again, the profile
+    /// counts as sandboxed without grants. Blocks for a disk write.
     Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess);
 
     /// These are owned by this object, and never null.
@@ -61,8 +62,8 @@ public:
     /// Returns the setting as it was last read from or written to the profile.
     bool usesSandboxedAccess() const override;
     /// Grants access to the folder, or withdraws it, and saves that. URLs other than file URLs are
-    /// ignored. A failure is presented to the user and leaves the grants unchanged. Blocks for a
-    /// disk write.
+    /// ignored. A failure is presented to the user, and the grants are unchanged if they cannot be
+    /// written. Blocks for a disk write.
     void bookmarkURL(const Url &URL) override;
     void removeBookmarkForURL(const Url &URL) override;
     /// Returns the granted paths in the order in which they were granted.

@@ -15,10 +15,13 @@ class FolderGrants;
 /// file system is removed when its folder is listed.
 ///
 /// If the profile is sandboxed, every operation on a package whose real path (with all symbolic
-/// links resolved) is in no granted folder fails with the code AccessDenied.
+/// links resolved) is in no granted folder fails with the code AccessDenied. A call of the system
+/// to a volume that does not respond cannot be cancelled: the operation then hangs, on its own
+/// thread, until the volume responds. Operations check the package anew each time, so a volume may
+/// be removed and connected between them.
 class FolderStore : public BlobStore {
 public:
-    /// `grants` must not be null.
+    /// `grants` must not be null. Does not access the file system.
     FolderStore(const std::shared_ptr<QVSyncLocation> &location,
                 std::shared_ptr<StoreOperations> operations,
                 std::shared_ptr<const FolderGrants> grants);
@@ -26,6 +29,7 @@ public:
     /// Fails if the volume is not mounted, or the package or one of its folders does not exist or
     /// is not accessible. Creates nothing.
     Expected<void> open(const EngineFuture &future) override;
+    /// Returns the path of the file.
     QString place(const QString &name) const override;
 
 protected:

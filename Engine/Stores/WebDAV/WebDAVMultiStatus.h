@@ -8,12 +8,13 @@
 class EngineFuture;
 
 /// The body of a response to a PROPFIND request for the resource type (RFC 4918, sections 13 and
-/// 14.24). The document is not trusted: document types, entities and deep nesting are refused, and
-/// its size is limited.
+/// 14.24). A value. The document is not trusted: document types, entities and deep nesting are
+/// refused, and its size is limited.
 struct WebDAVMultiStatus {
     /// One resource of the response.
     struct Resource {
-        /// As the server wrote it: an absolute path or a URL, percent-encoded.
+        /// As the server wrote it: an absolute path or a URL, percent-encoded. Unchecked: it may
+        /// name any server and any path.
         QString href;
         bool isFolder = false;
         /// Whether the server reports that it could not determine what the resource is.

@@ -8,12 +8,13 @@ class Url;
 namespace WebDAVPassword {
 
 /// Returns whether the location `other` uses the password of `URL`: it has the same server, and the
-/// same user or none. Both URLs must be of WebDAV locations.
+/// same user or none. Both URLs must be of WebDAV locations. The secret store is not accessed.
 bool isShared(const Url &URL, const Url &other);
 
 /// Asks the user whether to delete the password of the removed location, if one is stored, and
 /// deletes it if the user agrees. If there is no window to ask in, the removal stays unfinished.
-/// Returns at once.
+/// Returns at once. Otherwise calls the function `finish` of `removal` once: also if the user keeps
+/// the password, or a location needs it again by then.
 void forget(const SecretRemoval &removal);
 
 }  // namespace WebDAVPassword

@@ -19,7 +19,7 @@ class CertificateTrust;
 class WebDAVStore : public BlobStore {
 public:
     /// `locationIdentifier` identifies the location for which `trust`, which must not be null,
-    /// stores certificates. `timeouts` apply to each request.
+    /// stores certificates. `timeouts` apply to each request. Sends nothing yet.
     WebDAVStore(const std::shared_ptr<QVSyncLocation> &location,
                 std::shared_ptr<StoreOperations> operations, const QString &locationIdentifier,
                 std::shared_ptr<CertificateTrust> trust,
@@ -28,7 +28,10 @@ public:
     /// Maximum size in bytes of a response that lists a folder; enough for about 100,000 blobs.
     static constexpr qint64 ListingLimit = 32 << 20;
 
+    /// Checks that the server can be reached with the stored credential, and creates the package
+    /// and its folders as needed. Fails if the folder at the URL has contents but is not a package.
     Expected<void> open(const EngineFuture &future) override;
+    /// Returns the URL, decoded, without user and password.
     QString place(const QString &name) const override;
 
 protected:
