@@ -13,19 +13,25 @@ struct _GMainLoop;     // NOLINT(*-reserved-identifier, cert-dcl*)
 /// regardless of the event loops of other threads.
 class GLibThread {
 public:
+    /// Starts the thread.
     GLibThread();
+    /// Does what finish() does. Must not be called on the thread itself.
     ~GLibThread();
     GLibThread(const GLibThread &) = delete;
     GLibThread &operator=(const GLibThread &) = delete;
 
-    /// Runs `block` on the thread, after the blocks submitted before. Returns at once. Thread-safe.
+    /// Runs `block`, which must not be empty or throw, on the thread, after the blocks submitted
+    /// before. Returns at once. Blocks must not wait, since all share the thread. Thread-safe.
     void run(std::function<void()> block);
     /// Ends the loop after the blocks submitted so far, and waits for the thread. Calls that have
-    /// not completed by then never do; blocks submitted later are not run. Idempotent.
+    /// not completed by then never do; blocks submitted later are not run. Idempotent. Must not be
+    /// called on the thread itself.
     void finish();
 
 private:
+    /// The thread's function: makes the context the default of the thread and runs the loop.
     void runLoop();
+    /// Runs the next block that was submitted.
     void runNext();
 
     _GMainContext *m_context;

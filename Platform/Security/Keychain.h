@@ -22,7 +22,7 @@ public:
     explicit Keychain(SecretStore &store) : m_store(store) {}
 
     /// Adds the item of `service` and `account`, or replaces its password, which may be any bytes.
-    /// Returns at once.
+    /// Returns at once. If it cannot be stored durably, see SecretsNotKeptNotification.
     void setPassword(const QString &service, const QString &account, const SecretBytes &password);
 
     /// Returns the accounts of the items of `service`, in undefined order, with duplicates if
@@ -46,7 +46,7 @@ public:
     using RemovalHandler = std::function<void(const Expected<bool> &isRemoved)>;
     /// Deletes the first item of `service` and `account`, both in UTF-8; other items with the same
     /// two remain. Returns at once; `handler` is called as that of findAccounts(). For bytes that
-    /// are not valid UTF-8 there is no item.
+    /// are not valid UTF-8 there is no item. `handler` must not be empty.
     void removeFirstLater(const QByteArray &service, const QByteArray &account,
                           const RemovalHandler &handler);
 

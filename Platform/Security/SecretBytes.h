@@ -19,12 +19,15 @@ public:
     SecretBytes() = default;
     /// Copies `bytes`, which the caller may wipe.
     SecretBytes(const QByteArray &bytes) : SecretBytes(QByteArrayView(bytes)) {}
+    /// Copies `bytes`. Throws std::bad_alloc if there is no memory.
     explicit SecretBytes(QByteArrayView bytes);
     /// Copies `text` as UTF-8.
     SecretBytes(const QString &text);
 
+    /// Returns whether there are no bytes.
     bool isEmpty() const { return view().isEmpty(); }
-    /// Returns the bytes, which are valid as long as this object or a copy of it.
+    /// Returns the bytes, which are valid as long as this object or a copy of it. Not terminated by
+    /// a zero byte.
     QByteArrayView view() const;
     /// Return a copy of the bytes, and of the text if they are UTF-8. The caller should wipe it.
     QByteArray toByteArray() const { return view().toByteArray(); }

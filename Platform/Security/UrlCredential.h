@@ -6,8 +6,8 @@
 
 #include "Platform/Security/SecretBytes.h"
 
-/// A user's name and password at a server. A value; "no credential" is an empty
-/// std::optional<UrlCredential>.
+/// A user's name and password at a server. A value, whose copies share the memory of the password;
+/// "no credential" is an empty std::optional<UrlCredential>.
 struct UrlCredential {
     enum class Persistence {
         /// Not stored at all.
@@ -18,6 +18,7 @@ struct UrlCredential {
         Permanent = 2
     };
 
+    /// May be empty: servers exist that expect only a password.
     QString user = {};
     /// In UTF-8.
     SecretBytes password = {};

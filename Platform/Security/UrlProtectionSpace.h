@@ -13,10 +13,13 @@ inline const QString UrlAuthenticationMethodHttpBasic = QStringLiteral("basic");
 inline const QString UrlAuthenticationMethodHttpDigest = QStringLiteral("digest");
 
 /// Where a credential applies: a server and its authentication method. Spaces are equal if all
-/// their texts are equal, including case.
+/// their texts are equal, including case. A value. A password is sent to the server of its space
+/// only.
 struct PLATFORM_EXPORT UrlProtectionSpace {
+    /// As the URL writes it, without brackets.
     QString host = {};
-    /// 0 if the URL has no port.
+    /// 0 if the URL has no port: the default port of the scheme then counts as another space than
+    /// the same port in a URL.
     int port = 0;
     /// The scheme of the URL.
     QString protocol = {};
