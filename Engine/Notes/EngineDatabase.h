@@ -22,6 +22,7 @@ struct Merge {
 class EngineDatabase : public NoteDatabase {
     Q_OBJECT
 public:
+    /// A profile has exactly one inbox, whose name stays on its computer.
     enum class Kind { Inbox, Ordinary };
 
     /// The columns of a database's row in the profile.
@@ -35,13 +36,17 @@ public:
         qint64 lastOperationAtOpening = 0;
     };
 
-    /// `profile` is not owned and must outlive this object; it must contain `row`.
+    /// `profile` is not owned and must outlive this object; it must contain `row`. Reads nothing;
+    /// the library creates one object for each row.
     EngineDatabase(const ProfileDatabase &profile, const Row &row);
 
     QString UUID() const override { return m_row.UUID; }
     QString name() const override { return m_row.name; }
     bool isInbox() const override { return m_row.kind == Kind::Inbox; }
     bool isOpen() const override { return m_row.isOpen; }
+    /// For the contracts of these functions see NoteDatabase. The ones that write emit
+    /// `notesChanged` once before they return successfully, and remove versions that exceed the
+    /// limits of the history in the same transaction.
     Expected<QList<Note>> notes() const override;
     Expected<void> saveNote(Note &note) override;
     Expected<void> removeNote(const Note &note) override;
@@ -52,14 +57,17 @@ public:
     /// Returns the operations of the database. The reference is valid as long as this object.
     const NoteLog &log() const { return m_log; }
 
-    /// Renames the database and emits `nameChanged`. Called by the library only.
+    /// Renames the database and emits `nameChanged`. The name must be valid, see
+    /// Operation::isName(). Called by the library only, which posts the notification.
     Expected<void> setName(const QString &name);
-    /// Opens or closes the database and emits `openChanged`. Called by the library only.
+    /// Opens or closes the database and emits `openChanged`, also if it is in that state already.
+    /// Called by the library only, which posts the notification.
     Expected<void> setOpen(bool isOpen);
     /// Merges `merge` and calls `changes`, in one transaction of the profile, then emits
     /// `notesChanged`, and `nameChanged` if the name is another one. An error has no effect. If the
     /// receivers take long, some merges share one later `notesChanged`, so that a merge in many
-    /// steps takes linear time.
+    /// steps takes linear time. `changes` must not be empty; it is called once, within this call,
+    /// unless merging fails before.
     Expected<void> merge(const Merge &merge, const std::function<Expected<void>()> &changes);
 
 private:

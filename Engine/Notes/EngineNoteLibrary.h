@@ -25,18 +25,22 @@ public:
 
     /// Returns the open databases in the order of `knownDatabases()`.
     QList<std::shared_ptr<QVDatabase>> openDatabases() const;
-    /// Returns the database with the local `UUID`, or null.
+    /// Returns the database with the local `UUID`, or null. O(1). The inbox is found by its own
+    /// UUID, not by InboxUUID.
     std::shared_ptr<NoteDatabase> databaseForUUID(const QString &UUID) const;
     /// Returns the database that stores name `UUID`, which is InboxUUID for the inbox, or null.
     std::shared_ptr<EngineDatabase> synchronizedDatabase(const QString &UUID) const;
 
-    /// Creates a local database for one that exists in a store. It has no operations yet.
+    /// Creates a local database for one that exists in a store. It has no operations yet. `UUID`
+    /// must be valid and not be in use. The database is open afterwards.
     Expected<void> importDatabase(const QString &UUID, const QString &name);
     /// Calls EngineDatabase::merge for `database`, and posts QVDatabaseRenamedNotification if the
     /// name has changed.
     Expected<void> merge(const std::shared_ptr<EngineDatabase> &database, const Merge &merge,
                          const std::function<Expected<void>()> &changes);
 
+    /// For the contracts of these functions see NoteLibrary. Databases are never removed from the
+    /// list.
     QList<std::shared_ptr<NoteDatabase>> knownDatabases() const override;
     std::shared_ptr<NoteDatabase> inbox() const override;
     Expected<void> createDatabase(const QString &name) override;

@@ -16,7 +16,8 @@ public:
     HistoryPruning(const HistoryPruning &) = delete;
     HistoryPruning &operator=(const HistoryPruning &) = delete;
 
-    /// Begins from the event loop. The profile must be open. Must be called once.
+    /// Begins from the event loop. The profile must be open. Must be called once. Destroying this
+    /// object ends it.
     void start();
 
 private:

@@ -24,14 +24,16 @@ public:
     /// Makes a backup of the open `profile` soon, if there is none of this day, and then on each
     /// day. A failed backup is tried again after an hour. Nothing is written once the folder of the
     /// profile was replaced. Must be called once. `profile` is not owned and must outlive this
-    /// object.
+    /// object. The first check follows after some seconds, and then one each hour, so a day that
+    /// begins while the program runs is noticed within an hour.
     void start(const ProfileDatabase &profile);
     /// Makes a backup in the background if one is due and none is being made. Has no effect before
     /// start().
     void check();
 
 Q_SIGNALS:
-    /// Emitted when an attempt has ended; `error` is null if a backup was made.
+    /// Emitted when an attempt has ended; `error` is null if a backup was made. Also emitted if it
+    /// cannot be determined whether a backup is due; not if none is.
     void ended(const std::optional<Error> &error);
 
 private:

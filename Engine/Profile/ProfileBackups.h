@@ -21,6 +21,7 @@ public:
         /// Number of bytes that a backup leaves free on the disk.
         qint64 free = 64LL << 20;
     };
+    /// A file of the folder with the name of a backup; it may be damaged or no longer exist.
     struct Backup {
         QString path;
         QDate date;
@@ -48,7 +49,8 @@ public:
     Expected<void> make(const QDate &today, const std::atomic_bool *isCancelled = nullptr) const;
 
     /// Checks the whole backup at `path`: that it is a profile, and SQLite finds no damage. Fails
-    /// soon after `isCancelled`, which may be null, has become true.
+    /// soon after `isCancelled`, which may be null, has become true. It must not be in use. Reads
+    /// all of it, so it takes seconds for large profiles.
     static Expected<void> verify(const QString &path,
                                  const std::atomic_bool *isCancelled = nullptr);
 

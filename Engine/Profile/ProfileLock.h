@@ -20,13 +20,16 @@ public:
 
     /// Locks the existing folder `directory`, without waiting. Fails with the code ProfileInUse if
     /// the folder is locked, and with ProfileUnusable if the lock file cannot be opened. Must not
-    /// be called while the lock is held.
+    /// be called while the lock is held. Works on network file systems as far as they support locks
+    /// (fcntl(2), open file description locks); otherwise it fails.
     Expected<void> acquire(const QString &directory);
     /// Releases the lock; does nothing if it is not held.
     void release();
-    /// Removes the lock file if acquire() has created it, then releases the lock.
+    /// Removes the lock file if acquire() has created it, then releases the lock. For a folder in
+    /// which no profile could be made. Has no effect if the lock is not held.
     void undo();
 
+    /// Returns whether this object holds the lock.
     bool isHeld() const { return m_file >= 0; }
 
 private:

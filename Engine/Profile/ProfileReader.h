@@ -8,22 +8,26 @@ class ProfileDatabase;
 
 /// Lets a worker thread read an open profile: while this object exists, all functions of that
 /// ProfileDatabase that read use a connection of this object on the thread that has created it.
-/// They show the state at the first read, regardless of later changes. Functions that write fail.
-/// There must be at most one at a time for each thread.
+/// They show the state at the first read, regardless of later changes, so that several reads fit
+/// together. Functions that write fail. There must be at most one at a time for each thread, on
+/// which it must also be destroyed.
 class ProfileReader {
 public:
     /// Neither argument is owned; both must outlive the result, which is not null. Blocks for the
     /// disk. Reads fail once `isCancelled` is set. Errors are those of ReadOnlyConnection.
     static Expected<std::unique_ptr<const ProfileReader>> open(const ProfileDatabase &profile,
                                                                const std::atomic_bool &isCancelled);
+    /// Ends the state: from now on, the thread cannot read the profile.
     ~ProfileReader();
     ProfileReader(const ProfileReader &) = delete;
     ProfileReader &operator=(const ProfileReader &) = delete;
 
     /// Returns the reader of `profile` on the current thread, or null.
     static const ProfileReader *current(const ProfileDatabase &profile);
-    /// Returns a query on the connection of this object.
+    /// Returns a query on the connection of this object, which must be destroyed before this
+    /// object.
     QSqlQuery query() const { return m_connection->query(); }
+    /// Returns whether reads fail from now on.
     bool isCancelled() const { return m_isCancelled; }
 
 private:

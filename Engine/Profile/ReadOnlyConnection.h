@@ -35,9 +35,11 @@ public:
     ReadOnlyConnection(const ReadOnlyConnection &) = delete;
     ReadOnlyConnection &operator=(const ReadOnlyConnection &) = delete;
 
-    /// Returns a query on this connection.
+    /// Returns a query on this connection, which must be destroyed before it. A caller checks
+    /// QSqlQuery::lastError() after the last row too, because reading can fail at any row.
     QSqlQuery query() const { return QSqlQuery(m_database); }
-    /// Returns the first column of the first row, or an invalid QVariant if there is no row.
+    /// Returns the first column of the first row, or an invalid QVariant if there is no row. A NULL
+    /// in that column gives a null QVariant.
     Expected<QVariant> value(const QString &statement) const;
     /// Returns the error of a query on this connection that has failed.
     Error queryError(const QSqlQuery &query) const;

@@ -3,8 +3,8 @@
 #include "Engine/Schedules/ScheduleByClock.h"
 #include "Host/QVHourlySchedule.h"
 
-/// A schedule that fires each time the local clock shows a given minute of the hour. If the clock
-/// is set back by an hour, it fires in both of the equal hours. Immutable, thus thread-safe.
+/// A schedule that fires each time the local clock shows a given minute of the hour. At the end of
+/// daylight saving time it fires in both of the equal hours. Immutable, thus thread-safe.
 class EngineHourlySchedule : public QVHourlySchedule, public ScheduleByClock {
 public:
     /// Minutes past the hour.

@@ -17,7 +17,8 @@ class CleanSession : public StoreSession {
 public:
     using StoreSession::StoreSession;
 
-    /// Writes or removes transactions, depending on the step.
+    /// Writes or removes transactions, depending on the step. Removing many may take as long as the
+    /// store needs for each.
     Expected<void> accessStore(BlobStore &store, const EngineFuture &future) override;
     Expected<void> accessProfile() override;
 

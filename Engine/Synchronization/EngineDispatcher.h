@@ -24,10 +24,11 @@ public:
     /// Starts a clean-up. `handler` is called on the main thread, from the event loop.
     void cleanRemoteStoreWithSynchronizationState(const std::shared_ptr<QVSyncState> &state,
                                                   std::function<void()> handler) override;
+    /// Synchronizing a database that the profile does not have imports it from the location.
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states) override;
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states,
                                                           std::function<void()> handler) override;
-    /// Returns the activity of the first job that was not cancelled.
+    /// Returns the activity of the first job that was not cancelled. Computed at each call.
     QString activity() const override;
     /// Returns the progress of that job.
     QVSyncProgress progress() const;
@@ -47,6 +48,7 @@ public:
     void cancelJobsOfLocation(const QString &identifier);
 
 Q_SIGNALS:
+    /// Emitted at most ten times a second while a job runs, and once when none does any more.
     void progressChanged();
 
 private:

@@ -7,9 +7,10 @@
 #include "Engine/Foundation/WorkerThreads.h"
 #include "Engine/Synchronization/SyncSession.h"
 
-/// Opens a store, runs sessions with it one after the other, and closes it. The store is accessed
-/// on a worker thread, the profile on the main thread. Must be owned by a std::shared_ptr; all
-/// functions must be called on the main thread.
+/// Opens a store and runs sessions with it one after the other. The store is accessed on a worker
+/// thread, the profile on the main thread; the steps alternate, so that the main thread is never
+/// blocked for long. Must be owned by a std::shared_ptr; all functions must be called on the main
+/// thread.
 class SyncJob : public std::enable_shared_from_this<SyncJob> {
 public:
     /// A clean-up synchronizes first.
@@ -27,6 +28,8 @@ public:
     /// before. Must be called once. `threads` is not owned and must exist until then.
     void start(WorkerThreads &threads, std::function<void()> handler);
     /// Makes a running job end soon with an error of the code Cancelled. `handler` is still called.
+    /// What was written until then stays, and a later job continues from it. Has no effect on a job
+    /// that has ended; one that is started afterwards ends at once.
     void cancel() { m_future->cancel(); }
     /// Cancels the job and ends it on the main thread: `handler` is not called any more, and the
     /// profile is not used. A running access to the store may still go on.
@@ -35,7 +38,8 @@ public:
     Kind kind() const { return m_kind; }
     const StoreSession::Subject &subject() const { return m_subject; }
     const std::shared_ptr<BlobStore> &store() const { return m_store; }
-    /// Returns an error if the job has failed. It has succeeded if it has ended without one.
+    /// Returns an error if the job has failed. It has succeeded if it has ended without one. Valid
+    /// in the handler and afterwards.
     const Expected<void> &result() const { return m_result; }
     /// Returns the problems with single records of the store, after the job has ended.
     const QList<Error> &problems() const { return m_problems; }

@@ -26,9 +26,11 @@ public:
                  EngineNoteLibrary &library);
 
     /// Starts with the databases that are open. Must be called once, after the profile was opened.
+    /// Destroying this object ends everything that start() has begun; synchronizations that it has
+    /// started go on.
     void start();
     /// Fires the schedules that were due after the previous check and not after `now`, the time of
-    /// the wall clock.
+    /// the wall clock. Called by the timer; tests call it with a time of their own.
     void checkSchedules(const QDateTime &now);
 
 private:

@@ -16,7 +16,8 @@ public:
     Expected<void> accessStore(BlobStore &store, const EngineFuture &future) override;
     Expected<void> accessProfile() override;
 
-    /// Returns the number of transaction records in the store.
+    /// Returns the number of transaction records in the store. These are valid once the session is
+    /// done.
     qsizetype recordCount() const { return m_names.size(); }
     /// Returns the number of damaged records that were set aside in the store.
     qsizetype setAsideCount() const { return m_setAsideCount; }
