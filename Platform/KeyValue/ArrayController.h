@@ -41,12 +41,17 @@ public:
     using QObject::QObject;
 
     QVariantList content() const { return m_content; }
+    /// See the property. The content is copied; a caller that changes its own list must set it
+    /// again.
     void setContent(const QVariantList &content);
     QVariantList arrangedObjects() const { return m_arrangedObjects; }
     QList<SortDescriptor> sortDescriptors() const { return m_sortDescriptors; }
+    /// See the property. Empty descriptors show the content in its own order.
     void setSortDescriptors(const QList<SortDescriptor> &descriptors);
     IndexSet selectionIndexes() const { return m_selectionIndexes; }
+    /// See the property.
     void setSelectionIndexes(const IndexSet &indexes);
+    /// Computed at each call.
     QVariantList selectedObjects() const;
     QVariant lastSelectedObject() const;
 
@@ -62,6 +67,7 @@ public:
     }
 
 Q_SIGNALS:
+    /// Emitted as the properties say, each also when one that it depends on is announced.
     void contentChanged();
     void arrangedObjectsChanged();
     void sortDescriptorsChanged();

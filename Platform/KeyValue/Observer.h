@@ -38,6 +38,8 @@ private:
 /// object that it currently holds.
 class PathObserver : public Observer {
 public:
+    /// Raises an AssertionFailure as Observer does, also for a key of `rest` that the present
+    /// object lacks.
     PathObserver(QObject *object, const QByteArray &key, QByteArray rest,
                  std::function<void()> handler);
 
@@ -45,7 +47,9 @@ protected:
     void keyChanged() override;
 
 private:
+    /// Observes `rest` of the object that the key holds now, instead of the former one.
     void followRest();
+    /// Delivers, unless the observed object is destroyed.
     void restChanged();
 
     /// Null once the object is destroyed.

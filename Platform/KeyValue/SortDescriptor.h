@@ -11,6 +11,7 @@
 /// by code unit). Absent values come first in ascending order. The key "self" denotes the object
 /// itself; any other key raises an AssertionFailure while sorting if an object does not have it.
 struct SortDescriptor {
+    /// A key path, or "self".
     QByteArray key;
     bool ascending = true;
 
@@ -18,7 +19,8 @@ struct SortDescriptor {
 };
 
 /// Returns whether `left` comes before `right` by the first of `descriptors` that distinguishes
-/// them; false if none does. Values of types that cannot be compared count as equal.
+/// them; false if none does, or if there are none. Values of types that cannot be compared count as
+/// equal. Must be called on the thread of the objects.
 PLATFORM_EXPORT bool isOrderedBefore(const QVariant &left, const QVariant &right,
                                      const QList<SortDescriptor> &descriptors);
 
