@@ -24,6 +24,7 @@ HOST_EXPORT HostClass *NSClassFromString(const QString &name);
 /// Create and destroy it on the main thread.
 class HOST_EXPORT HostClassRegistration {
 public:
+    /// Names are compared with case.
     HostClassRegistration(const QString &name, HostClass *classObject);
     ~HostClassRegistration();
     HostClassRegistration(const HostClassRegistration &) = delete;

@@ -2,7 +2,8 @@
 
 #include <QtCore/QString>
 
-/// Keys of the user defaults that the pane writes and the engine reads.
+/// Keys of the user defaults that the pane writes and the engine reads, see UserDefaults. The
+/// engine reads them when the profile is opened; afterwards the pane sets the server itself.
 namespace DefaultsKeys {
 
 /// The port of this computer's direct-connection server, an integer from 1 to 65535.

@@ -6,9 +6,12 @@
 /// connections is `QVDirectConnectionServer::URLScheme()`. See also Url::isFileURL().
 namespace LocationSchemes {
 
+/// A folder; the URL has no host, or "localhost".
 inline const QString File = QStringLiteral("file");
+/// WebDAV without and with encryption.
 inline const QString Http = QStringLiteral("http");
 inline const QString Https = QStringLiteral("https");
+/// A Dropbox account, whose e-mail address follows "dropbox://" without percent encoding.
 inline const QString Dropbox = QStringLiteral("dropbox");
 
 }  // namespace LocationSchemes

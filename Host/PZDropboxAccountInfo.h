@@ -8,6 +8,7 @@
 class HOST_EXPORT PZDropboxAccountInfo {
 public:
     virtual ~PZDropboxAccountInfo();
-    /// Returns the e-mail address of the account, as the service reports it. Never empty.
+    /// Returns the e-mail address of the account, as the service reports it. Never empty. Do not
+    /// compare it exactly: the service may write it with other letter cases.
     virtual QString email() const = 0;
 };

@@ -4,7 +4,8 @@
 
 #include "Host/QVSyncSchedule.h"
 
-/// A time of day in the local time zone. A value.
+/// A time of day in the local time zone. A value, which is not checked: functions that take one say
+/// what happens to a time out of range.
 struct HourAndMinute {
     /// 0 to 23.
     int hour = 0;

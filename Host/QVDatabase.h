@@ -30,10 +30,11 @@ public:
     /// Returns the identifier of the database. Never empty, constant, and compared as text: two
     /// objects with equal identifiers represent the same database.
     virtual QString UUID() const = 0;
-    /// Returns the name that the user has given the database. A change emits nameChanged() and is
-    /// then posted as QVDatabaseRenamedNotification.
+    /// Returns the name that the user has given the database, which may be any text and is not
+    /// unique. A change emits nameChanged() and is then posted as QVDatabaseRenamedNotification.
     virtual QString name() const = 0;
 
 Q_SIGNALS:
+    /// Emitted after the name has changed, also by a synchronization; name() returns the new one.
     void nameChanged();
 };

@@ -2,7 +2,8 @@
 
 #include "Host/QVSyncSchedule.h"
 
-/// A schedule that fires once an hour.
+/// A schedule that fires once an hour, by the local clock. At the end of daylight saving time it
+/// fires in both of the equal hours.
 class HOST_EXPORT QVHourlySchedule : public QVSyncSchedule {
 public:
     /// Registered as "QVHourlySchedule".

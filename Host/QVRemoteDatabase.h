@@ -9,17 +9,20 @@
 class QVSyncStore;
 
 /// Properties of a database in a store, apart from its UUID. Immutable, therefore thread-safe.
+/// Owned by its QVRemoteDatabase, and valid as long as that.
 class HOST_EXPORT QVRemoteDatabaseMetadata : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString name READ name CONSTANT)
 public:
     ~QVRemoteDatabaseMetadata() override;
-    /// Returns the name of the database as the store has it. May contain any text.
+    /// Returns the name of the database as the store has it. It was written by other computers and
+    /// may contain any text, so it must be shown as plain text.
     virtual QString name() const = 0;
 };
 
 /// A database that a store holds. Immutable, therefore thread-safe. Shared ownership. It describes
-/// what was read; later changes in the store are not reflected.
+/// what was read; later changes in the store are not reflected. The last reference must be released
+/// on the main thread.
 class HOST_EXPORT QVRemoteDatabase : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString UUID READ UUID CONSTANT)

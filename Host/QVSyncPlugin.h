@@ -35,7 +35,9 @@ public:
     static QVSyncPlugin *plugin();
     /// Returns the database with this UUID on this computer, open or closed, or nullptr if there is
     /// none. If `lookingUpAllKnownDatabases` is true, a database that is known only from the
-    /// locations is returned too, with the name last known there.
+    /// locations is returned too, with the name last known there. An empty or unknown UUID gives
+    /// nullptr. O(number of locations) at most. The static functions raise an AssertionFailure if
+    /// the host has no class "QVSyncPlugin".
     static std::shared_ptr<QVDatabase> databaseForUUID(const QString &UUID,
                                                        bool lookingUpAllKnownDatabases);
 
@@ -55,7 +57,8 @@ public:
     /// Returns whether the host can use a folder only after the user has granted access to it.
     virtual bool usesSandboxedAccess() const = 0;
     /// Saves a grant for the folder with this `file` URL. Idempotent. Any other URL, also nil, is
-    /// ignored. If the grant cannot be saved, it is not in bookmarkDictionaryKeys() afterwards.
+    /// ignored. If the grant cannot be saved, it is not in bookmarkDictionaryKeys() afterwards. The
+    /// host presents an error of that. Blocks for the time of a disk write.
     virtual void bookmarkURL(const Url &URL) = 0;
     /// Withdraws the grant for the folder. Has no effect if there is none.
     virtual void removeBookmarkForURL(const Url &URL) = 0;

@@ -22,12 +22,14 @@ public:
 
     virtual ~QVSyncSchedule();
 
-    /// At most one of these three is true. The schedule can then be cast to the class of that name.
+    /// At most one of these three is true. The schedule can then be cast to the class of that name
+    /// with dynamic_cast or std::dynamic_pointer_cast. Constant.
     virtual bool isHourly() const = 0;
     virtual bool isDaily() const = 0;
     virtual bool isWeekly() const = 0;
     /// Returns the next date after the current time at which the schedule fires, in local time, or
-    /// an invalid date if it never fires. Computed anew in each call.
+    /// an invalid date if it never fires. Computed anew in each call. Depends on the clock and the
+    /// time zone of the computer; no change of these is announced.
     virtual QDateTime nextScheduledDate() const = 0;
 };
 

@@ -36,6 +36,8 @@ public:
     /// Returns whether the database is kept in sync with the location automatically. A disabled
     /// state keeps its schedule and the date of its last synchronization.
     virtual bool isEnabled() const = 0;
+    /// Enabling starts no synchronization. Disabling removes nothing from the location; the host
+    /// may cancel the jobs of the state.
     virtual void setEnabled(bool enabled) = 0;
     /// Returns the schedule, or null if there is none.
     virtual QVSyncSchedulePtr schedule() const = 0;
@@ -43,6 +45,7 @@ public:
     virtual void setSchedule(const QVSyncSchedulePtr &schedule) = 0;
     /// Returns whether the database is synchronized when it is opened.
     virtual bool syncOnOpen() const = 0;
+    /// Has no effect on a database that is open already.
     virtual void setSyncOnOpen(bool syncOnOpen) = 0;
     /// Returns whether the database is synchronized when it is closed.
     virtual bool syncOnClose() const = 0;
@@ -52,6 +55,7 @@ public:
     virtual QDateTime lastSynced() const = 0;
 
 Q_SIGNALS:
+    /// Emitted within the setter of that name; lastSyncedChanged() by the host.
     void enabledChanged();
     void scheduleChanged();
     void syncOnOpenChanged();

@@ -9,9 +9,11 @@ class Url;
 /// port. Thread-safe.
 namespace UnencryptedPasswords {
 
-/// Returns whether the user has accepted that for the server of `URL`.
+/// Returns whether the user has accepted that for the server of `URL`. Hosts are compared without
+/// case; a URL without a port has the port 80. `URL` must not be nil.
 HOST_EXPORT bool areAccepted(const Url &URL);
-/// Stores that the user has accepted it.
+/// Stores that the user has accepted it, for all locations at that server and permanently. If it
+/// cannot be written, it holds until the program ends. Blocks for the user defaults.
 HOST_EXPORT void accept(const Url &URL);
 
 }  // namespace UnencryptedPasswords

@@ -16,7 +16,8 @@ std::optional<UrlProtectionSpace> QVHTTPBasicURLProtectionSpaceForURL(const Url 
 std::optional<UrlProtectionSpace> QVHTTPDigestURLProtectionSpaceForURL(const Url &URL);
 
 /// Return the credential of the URL's user in that space or, if there is none, the space's default
-/// one.
+/// one. Empty as well if it cannot be read: code that must distinguish that uses
+/// UrlCredentialStorage itself.
 std::optional<UrlCredential> QVHTTPBasicURLCredentialForURL(const Url &URL);
 std::optional<UrlCredential> QVHTTPDigestURLCredentialForURL(const Url &URL);
 

@@ -8,9 +8,11 @@
 
 /// One note. A value.
 struct Note {
+    /// Identifies the note on all computers; empty for one that was never saved.
     QString UUID = {};
     QString title = {};
     QString text = {};
+    /// Set by the caller of saveNote(): when the user has changed the note.
     QDateTime modified = {};
     /// Identifies the edit that this note shows; empty for a note that was never saved.
     QString revision = {};
@@ -19,6 +21,7 @@ struct Note {
 
 /// A note as it was before it was replaced or deleted. A value, without the text.
 struct NoteVersion {
+    /// Identifies the version in the profile of this computer.
     qint64 identifier = 0;
     /// The UUID of the note.
     QString noteUUID;
@@ -40,7 +43,10 @@ class INTERFACE_EXPORT NoteDatabase : public QVDatabase {
 public:
     ~NoteDatabase() override;
 
+    /// Returns whether this is the inbox, which every profile has once. Constant.
     virtual bool isInbox() const = 0;
+    /// Returns whether the database is open. A closed one can be read and written too, but is not
+    /// shown by the pane.
     virtual bool isOpen() const = 0;
     /// Returns the notes in the order in which they were added, or an error if they cannot be read.
     /// A note that was edited in two places at once appears once for each edit; all but one of

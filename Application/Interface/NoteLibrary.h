@@ -31,12 +31,13 @@ public:
     /// Renames `database`. Fails if `name` is empty, blank or too long.
     virtual Expected<void> renameDatabase(const std::shared_ptr<NoteDatabase> &database,
                                           const QString &name) = 0;
-    /// Opens `database`; does nothing if it is open.
+    /// Opens `database`, which must not be null; does nothing if it is open.
     virtual Expected<void> openDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
-    /// Closes `database`; does nothing if it is closed.
+    /// Closes `database`, which must not be null and should not be the inbox; does nothing if it is
+    /// closed.
     virtual Expected<void> closeDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
 
-    /// Returns the limits for replaced and deleted notes.
+    /// Returns the limits for replaced and deleted notes, or the defaults if none were set.
     virtual Expected<HistoryLimits> historyLimits() const = 0;
     /// Changes the limits, which must not be negative, and removes what exceeds them.
     virtual Expected<void> setHistoryLimits(const HistoryLimits &limits) = 0;

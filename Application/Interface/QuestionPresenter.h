@@ -9,7 +9,8 @@
 struct Question {
     /// The question, as a whole sentence.
     QString text;
-    /// What helps to decide; plain text, may have several lines.
+    /// What helps to decide; plain text, may have several lines. Both texts may contain names from
+    /// outside and must be shown as plain text.
     QString details;
     /// The titles of the two buttons.
     QString acceptTitle;
