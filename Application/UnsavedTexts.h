@@ -20,7 +20,7 @@ public:
 
     /// Writes `note` of the database `databaseUUID`, replacing an earlier text of that note in the
     /// same folder. The text is durable when the call returns. `note` must have a UUID. Fails if no
-    /// folder can be written; the error says so to the user.
+    /// folder can be written, with an error for the user.
     Expected<void> keep(const QString &databaseUUID, const Note &note) const;
     /// Removes the text of the note `noteUUID` from all folders. Has no effect if there is none. A
     /// file that cannot be removed is restored again at the next start, which is harmless if the

@@ -4,8 +4,8 @@
 
 #include "Application/Interface/VerificationReport.h"
 
-/// How `velmora verify` reports to the user and to scripts. Text is for people and localized;
-/// scripts use JSON and the exit code, which do not change between versions. Thread-safe.
+/// How `velmora verify` reports to the user and to scripts. The text is localized; scripts use the
+/// JSON and the exit code, which do not change between versions. Thread-safe.
 namespace VerificationOutput {
 
 /// Returns the report as text of several lines, in which names have no control characters, so that

@@ -38,9 +38,9 @@ public:
         const std::shared_ptr<QVSyncLocation> &location);
     ~QVDirectConnectionLocationEditor() override;
 
-    /// Returns the URL for a host and a port, where 0 means the default port. An IPv6 address is
-    /// written with or without brackets. Returns nil if `host` is null or the result is not a valid
-    /// URL, for example because of a space.
+    /// Returns the URL for a host and a port; the port 0 selects the default port. An IPv6 address
+    /// is written with or without brackets. Returns nil if `host` is null or the result is not a
+    /// valid URL, for example because of a space.
     static Url URLWithHost(const QString &host, quint16 port);
 
     /// No entry is null. The editor is the delegate of each of them until it is removed.

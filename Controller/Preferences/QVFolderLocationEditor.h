@@ -27,7 +27,7 @@ public:
     /// with the extension can be chosen.
     void selectFolderWithCompletionHandler(const CompletionHandler &handler);
 
-    /// The path without percent encoding. It is that of the location's URL, whatever its scheme is.
+    /// The path without percent encoding; that of the location's URL, regardless of its scheme.
     QString packagePath() const { return location()->URL().path(); }
     bool hasPackage() const { return !location()->URL().isNil(); }
 

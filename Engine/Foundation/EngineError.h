@@ -8,8 +8,9 @@
 /// isEngineError().
 inline const QString EngineErrorDomain = QStringLiteral("VelmoraSyncErrorDomain");
 
-/// What a caller can distinguish. The message of an error says more, and is what users see; do not
-/// derive decisions from it. The numbers are neither stored nor sent, so their order may change.
+/// What a caller can distinguish. The message of an error is more precise and is shown to users; do
+/// not derive decisions from it. The numbers are neither stored nor sent, so their order may
+/// change.
 enum class EngineErrorCode {
     /// The profile cannot be opened.
     ProfileUnusable = 1,
@@ -56,7 +57,7 @@ enum class EngineErrorCode {
 // The functions are thread-safe.
 
 /// Returns an error whose message to the user is `description`, a complete sentence in the user's
-/// language that says what to do next. It has no failure reason.
+/// language that also names the next step. It has no failure reason.
 Error engineError(EngineErrorCode code, const QString &description);
 /// Returns an error whose message is `text`, a key of the translation table "Sync" in UTF-8,
 /// localized, with `place` for its "%1". `place` may be any text from outside; it is not

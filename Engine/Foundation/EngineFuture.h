@@ -28,8 +28,7 @@ public:
     /// std::shared_ptr.
     void cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) override;
     /// Attaches `future` as `cascadeCancellationToFuture` does. If this future's own operation had
-    /// finished, this future can be cancelled again. Otherwise the next operation could not be
-    /// cancelled through it. A future that was cancelled stays so.
+    /// finished, this future can be cancelled again. A future that was cancelled stays so.
     void passControlToFuture(const std::shared_ptr<PZFuture> &future) override;
 
     /// Marks the operation as finished: `isCancelled` does not change any more and no callback

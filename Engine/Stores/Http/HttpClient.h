@@ -110,7 +110,7 @@ public:
     /// request all the same.
     ///
     /// Follows at most 5 redirects (301, 302, 307, 308) with the same method and body, but never to
-    /// another scheme, host or port, which fails. Answers one challenge of each exchange (see
+    /// another scheme, host or port, which fails. Responds to one challenge of each exchange (see
     /// HttpAuthentication), and sends a credential that the server has accepted with the following
     /// requests to it; if the server challenges it again, the credential is asked for again.
     ///
