@@ -8,7 +8,7 @@ inline constexpr char SyncTable[] = "Sync";
 /// Returns `key`, an English text in UTF-8, in the user's language as the sync plug-in's own table
 /// has it, or `key` if the table has no such text. Thread-safe.
 ///
-/// The second parameter exists for code that uic generates and is ignored. Must not be null.
+/// The second parameter exists for code that uic generates and is ignored. `key` must not be null.
 inline QString localizedSyncString(const char *key, const char * /*comment*/ = nullptr) {
     return localizedString(SyncTable, key);
 }

@@ -20,7 +20,7 @@ public:
     /// loop until the panel closes, and then for a few disk writes. If the package cannot be
     /// created, presents the error and does not change the location. `handler`, which may be empty,
     /// is called with 1 before this returns, also after such an error; it is not called if the user
-    /// cancels. A package that exists is used as it is: only missing folders are created.
+    /// cancels. Creating it fails if anything of that name exists.
     void createFolderWithCompletionHandler(const CompletionHandler &handler);
     /// Runs an open panel and sets the location's URL to the package chosen. The package's contents
     /// are not checked. `handler` is called as by createFolderWithCompletionHandler(). Only names

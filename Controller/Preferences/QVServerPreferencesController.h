@@ -46,8 +46,8 @@ public:
     void setServerPort(quint16 port);
     bool isEnabled() const;
     /// Stores the setting in the defaults and starts or stops the server. Blocks until the server
-    /// has ended its connections. Has no effect on a server that is in that state already, except
-    /// that it stores and announces.
+    /// has ended its connections. If the server is in that state already, it only stores and
+    /// announces.
     void setEnabled(bool enabled);
     QStringList authorizedClients() const { return m_authorizedClients; }
     /// Also false if the keychain cannot be read; the list is then empty.

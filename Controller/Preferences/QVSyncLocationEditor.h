@@ -37,9 +37,9 @@ public:
 
     /// Shows the sheet on the window of `parentWindow` and returns at once. `handler`, which may be
     /// empty, is called once on the main thread after the sheet has closed. Raises an
-    /// AssertionFailure if `parentWindow` is null. It is called from within the slot that closes
-    /// the sheet, and not at all if the editor is destroyed while the sheet is shown. Must not be
-    /// called again before that.
+    /// AssertionFailure if `parentWindow` is null. The handler is called from within the slot that
+    /// closes the sheet, and not at all if the editor is destroyed while the sheet is shown. Must
+    /// not be called again while the sheet is shown.
     virtual void runLocationEditorModalForWindow(QWidget *parentWindow, bool showCancelButton,
                                                  CompletionHandler handler);
 

@@ -25,8 +25,7 @@ QString account(const QString &name);
 /// the next call.
 void replaceFormerAccounts();
 /// Returns whether the client `name` is authorized with `secret`. Compares in constant time.
-/// Returns an error if the keychain cannot be read. A caller must not treat that as a refusal for
-/// good.
+/// Returns an error if the keychain cannot be read. A caller must not treat that as a refusal.
 Expected<bool> isAuthorized(const QString &name, const SecretBytes &secret);
 /// Authorizes the client `name` with `secret`, replacing a client of the same name. Returns at
 /// once. isAuthorized() returns true from then on. If the keychain cannot store it, the user is

@@ -21,6 +21,6 @@ struct DirectConnectionIdentity {
     /// users' access to the file is removed. Has the code ServerUnusable.
     static Expected<DirectConnectionIdentity> load(const QString &directory);
 
-    /// Returns the SHA-256 of a certificate in DER. 32 bytes.
+    /// Returns the SHA-256 (32 bytes) of a certificate in DER.
     static QByteArray fingerprint(const QByteArray &certificate);
 };

@@ -27,7 +27,7 @@ struct DirectConnectionPairing {
     SecretBytes clientSecret;
     QByteArray serverNonce;
 
-    /// Returns `RandomSize` cryptographically random bytes. From the system's generator.
+    /// Returns `RandomSize` cryptographically random bytes of the system's generator.
     static QByteArray random();
     /// Returns the SHA-256 that the client sends first.
     QByteArray commitment() const;

@@ -49,8 +49,8 @@ public:
     Expected<void> make(const QDate &today, const std::atomic_bool *isCancelled = nullptr) const;
 
     /// Checks the whole backup at `path`: that it is a profile, and SQLite finds no damage. Fails
-    /// soon after `isCancelled`, which may be null, has become true. It must not be in use. Reads
-    /// all of it, so it takes seconds for large profiles.
+    /// soon after `isCancelled`, which may be null, has become true. The backup must not be in use.
+    /// Reads all of it, so it takes seconds for large profiles.
     static Expected<void> verify(const QString &path,
                                  const std::atomic_bool *isCancelled = nullptr);
 

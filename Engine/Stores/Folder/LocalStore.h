@@ -6,8 +6,8 @@ class ReadOnlyConnection;
 
 /// The databases that the profile contains, open or not, as a store. It reads the profile through
 /// its own connection, so it does not wait for the main thread, and sees what is on disk. The inbox
-/// comes first and has the UUID InboxUUID. A profile that is opened read-only or damaged meanwhile
-/// is reported with the code StoreUnreachable.
+/// comes first and has the UUID InboxUUID. If the profile cannot be read, fetching fails with the
+/// code StoreUnreachable.
 class LocalStore : public EngineStore {
 public:
     /// `path` is the path of the profile's database file. Opens no file yet.

@@ -13,8 +13,8 @@ bool isShared(const Url &URL, const Url &other);
 
 /// Asks the user whether to delete the password of the removed location, if one is stored, and
 /// deletes it if the user agrees. If there is no window to ask in, the removal stays unfinished.
-/// Returns at once. Otherwise calls the function `finish` of `removal` once: also if the user keeps
-/// the password, or a location needs it again by then.
+/// Otherwise calls the function `finish` of `removal` once: also if the user keeps the password, or
+/// a location needs it again by then. Returns at once.
 void forget(const SecretRemoval &removal);
 
 }  // namespace WebDAVPassword
