@@ -9,7 +9,8 @@
 /// the main thread.
 class BoundObject {
 public:
-    /// Guards an object that is owned elsewhere, such as by a form. Null is allowed.
+    /// Guards an object that is owned elsewhere, such as by a form. Null is allowed. Implicit, so
+    /// that a plain pointer can be passed.
     BoundObject(QObject *object) : m_object(object) {}  // NOLINT(google-explicit-constructor)
     /// Shares ownership of an object, whose class must derive from QObject. Null is allowed. The
     /// object stays alive as long as a copy of this value.

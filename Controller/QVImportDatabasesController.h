@@ -20,7 +20,7 @@
 class QParallelAnimationGroup;
 
 /// The sheet that imports databases. It shows a list of the sync locations, then slides to a list
-/// of the databases at the chosen location that are not open on this computer.
+/// of the databases at the chosen location that are not on this computer.
 ///
 /// Must be used on the main thread, except that a store calls its handlers on worker threads;
 /// results are then delivered on the main thread. Shared ownership: running operations keep the
@@ -97,10 +97,11 @@ public:
     QWidget *contentView() const { return m_contentView; }
     QWidget *locationsView() const { return m_locationsView; }
     QWidget *databasesView() const { return m_databasesView; }
-    /// Returns the store of the location chosen last; null if none was chosen. Thread-safe.
+    /// Returns the store of the location chosen last, also after the fetch has ended; null if none
+    /// was chosen. Thread-safe.
     std::shared_ptr<QVSyncStore> store() const { return m_store.load(); }
-    /// Returns the future that cancels the work on that store; null if no location was chosen.
-    /// Thread-safe.
+    /// Returns the future that cancels the work on that store; null if no location was chosen. It
+    /// is another one for each fetch. Thread-safe.
     std::shared_ptr<PZFuture> future() const { return m_future.load(); }
 
     /// Shows the sheet on the window of `parentWindow` and returns at once. `handler`, which may be
@@ -111,8 +112,8 @@ public:
     void runImportDatabasesSheetModalForWindow(QWidget *parentWindow,
                                                std::function<void()> handler);
 
-    /// Returns whether a fetched database is offered: not the inbox, and not a database that is
-    /// open on this computer. `database` must not be null.
+    /// Returns whether a fetched database is offered: not the inbox, and not a database that is on
+    /// this computer, open or closed. `database` must not be null.
     bool shouldListDatabase(const Record &database) const;
     /// Adds the state of one database to its location, or finds it, and enables it. Returns the
     /// state; never null. Does not save. `database` must not be null. A new state has no schedule.

@@ -9,9 +9,9 @@ class ProfileDatabase;
 /// The transactions of one database in one store that the profile has read or written, and what
 /// each of them contains.
 ///
-/// Must be used on the main thread; functions that read also on a thread with a
-/// ProfileReader. All errors have the code ProfileNotWritten. Changes must be made within a
-/// transaction of the profile.
+/// Must be used on the main thread; functions that read also on a thread with a ProfileReader. All
+/// errors have the code ProfileNotWritten. Changes must be made within a transaction of the
+/// profile.
 class KnownTransactions {
 public:
     /// The contents of one record, without the notes themselves.

@@ -36,8 +36,8 @@ public:
     /// See NoteDatabase::noteOfVersion.
     Expected<Note> note(const NoteVersion &version) const;
 
-    /// Returns how long the profile keeps versions. A setting that is not a
-    /// valid number counts as no limit, so that nothing is removed because of it.
+    /// Returns how long the profile keeps versions. A setting that is not a valid number counts as
+    /// no limit, so that nothing is removed because of it.
     static Expected<HistoryLimits> limits(const ProfileDatabase &profile);
     static Expected<void> setLimits(const ProfileDatabase &profile, const HistoryLimits &limits);
     /// Moves the time up to which versions have aged to `now`, but by one day at most, so that a

@@ -8,9 +8,9 @@
 
 class ProfileDatabase;
 
-/// Determines which notes of a database disappear if transactions are merged, in any order.
-/// A note disappears if all its current operations are superseded and none of the transactions has
-/// a current one. Must be used on the main thread or on one with a ProfileReader; blocks for the
+/// Determines which notes of a database disappear if transactions are merged, in any order. A note
+/// disappears if all its current operations are superseded and none of the transactions has a
+/// current one. Must be used on the main thread or on one with a ProfileReader; blocks for the
 /// profile.
 class RemovalForecast {
 public:

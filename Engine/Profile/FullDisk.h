@@ -16,8 +16,8 @@ bool isFull(const QString &path);
 /// isFull(). Blocks for the file system.
 bool isCauseOf(const QSqlError &error, const QString &path);
 
-/// Returns the localized sentences that state that the disk of the profile file `path` is
-/// full, and what to do.
+/// Returns the localized sentences that state that the disk of the profile file `path` is full, and
+/// what to do.
 QString message(const QString &path);
 
 }  // namespace FullDisk

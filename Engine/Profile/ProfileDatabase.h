@@ -40,10 +40,10 @@ public:
     ///
     /// If the folder does not exist or is empty, or a first start in it was interrupted, creates a
     /// new profile in it: creates the tables and calls `fill` to write the first rows, in one
-    /// transaction. A profile of schema version 1
-    /// is upgraded: its table of notes is renamed to "old_notes" and `convertNotes` is called to
-    /// write the notes into the current tables, in one transaction, after which "old_notes" is
-    /// dropped. One of version 2 or 3 gets the tables and columns that it lacks.
+    /// transaction. A profile of schema version 1 is upgraded: its table of notes is renamed to
+    /// "old_notes" and `convertNotes` is called to write the notes into the current tables, in one
+    /// transaction, after which "old_notes" is dropped. One of version 2 or 3 gets the tables and
+    /// columns that it lacks.
     ///
     /// A new folder and its files are accessible to their owner only. The permissions of the group
     /// and of other users are removed from an existing profile; if they cannot be, the profile is
@@ -52,9 +52,8 @@ public:
     /// An error describes the problem and names the file or folder. The folder is then as it was
     /// before the call, apart from those permissions. The code is ProfileUnusable, ProfileDamaged
     /// if the database is damaged, emptied, or missing from a folder that had one (see
-    /// ProfileRecovery),
-    /// ProfileInUse if another process or object has the profile open, ProfileNotWritten, or that
-    /// of the failed callback.
+    /// ProfileRecovery), ProfileInUse if another process or object has the profile open,
+    /// ProfileNotWritten, or that of the failed callback.
     Expected<void> open(const QString &directory, const Changes &fill, const Changes &convertNotes);
 
     /// Returns the absolute path of the folder, or an empty string if no profile is open.

@@ -8,10 +8,10 @@
 /// functions block for the time that the file system takes.
 namespace ProfilePermissions {
 
-/// Removes the permissions of the group and of other users from the folder `directory` and from
-/// the files and folders directly in it. Symbolic links in it are left alone. Returns an error of
-/// the code ProfileUnusable if such a permission remains, because the file system has none or
-/// because another user owns the folder.
+/// Removes the permissions of the group and of other users from the folder `directory` and from the
+/// files and folders directly in it. Symbolic links in it are left alone. Returns an error of the
+/// code ProfileUnusable if such a permission remains, because the file system has none or because
+/// another user owns the folder.
 Expected<void> removeForOthers(const QString &directory);
 
 /// Creates the file `path`, which only its owner can read and write, unless it exists. Returns an

@@ -4,8 +4,8 @@
 
 #include "Host/QVSyncSchedule.h"
 
-/// A schedule as the three columns of a state's row in the profile. All are null for no schedule.
-/// A value. Must be used on the main thread, like the schedules.
+/// A schedule as the three columns of a state's row in the profile. All are null for no schedule. A
+/// value; its functions are thread-safe.
 struct ScheduleColumns {
     /// "never", "hourly", "daily" or "weekly".
     QVariant kind;

@@ -36,11 +36,14 @@ public:
         QStringList UUIDs;
         RemovalDecision decision = RemovalDecision::Later;
     };
+    /// The maximum number of known records that one session verifies unless it verifies all.
     static constexpr int RecordsToVerify = 8;
+    /// The maximum size in bytes of these records together, in the mean over many sessions.
     static constexpr qint64 BytesToVerify = 2LL << 20;
     /// The maximum number of records that one session moves; the others are only reported.
     static constexpr qsizetype RecordsToSetAside = 100;
 
+    /// See StoreSession. Reads and writes nothing yet.
     SyncSession(const ProfileDatabase &profile, EngineNoteLibrary &library, Subject subject,
                 Verification verification = Verification::Some);
 

@@ -15,7 +15,8 @@
 /// derived from keys, are wiped before a function returns.
 ///
 /// A key or an initialization vector is a QByteArray, or a QString, which stands for its UTF-8
-/// bytes; an invalid QVariant stands for no value. Any other type fails an assertion.
+/// bytes. An invalid QVariant stands for no initialization vector, or for the empty key of a keyed
+/// digest. Any other type, and a cipher without a key, raises an AssertionFailure.
 ///
 /// Many of these algorithms are broken (MD2, MD4, MD5, SHA-1, DES, RC4, 40-bit keys) or give no
 /// authentication (every cipher here). They are kept for data that exists.
@@ -64,9 +65,11 @@ Q_DECL_EXPORT extern const QString kCommonCryptoErrorDomain;
 
 namespace CommonCryptoErrorDomain {
 
+/// The only status of a result.
 inline constexpr CCCryptorStatus Success = 0;
 /// An algorithm that does not exist, or an empty RC4 key.
 inline constexpr CCCryptorStatus ParameterError = -4300;
+/// These two, and Unimplemented, belong to the numbering; no function here fails with them.
 inline constexpr CCCryptorStatus BufferTooSmall = -4301;
 inline constexpr CCCryptorStatus MemoryFailure = -4302;
 /// The data is not a whole number of blocks, or is to be unpadded and is empty.
@@ -76,12 +79,12 @@ inline constexpr CCCryptorStatus DecodeError = -4304;
 inline constexpr CCCryptorStatus Unimplemented = -4305;
 
 /// Returns the error for `status`, with a localized message; any number may be given. The code is
-/// the status. Success and unknown statuses have no failure reason.
+/// the status. Success and unknown statuses have no failure reason. Thread-safe.
 Error errorWithCCCryptorStatus(CCCryptorStatus status);
 
 }  // namespace CommonCryptoErrorDomain
 
-/// Digests of the whole of `data`. They do not fail.
+/// Digests of the whole of `data`. They do not fail. `data` may be empty. O(n).
 namespace CommonDigest {
 
 /// 16 bytes, RFC 1319.
@@ -107,7 +110,8 @@ QByteArray SHA512Hash(const QByteArray &data);
 /// LowLevelCommonCryptor, so "AES256" too means what the key's length says.
 ///
 /// On failure the result is std::nullopt and `error` is set, unless it is null. On success `error`
-/// is not changed.
+/// is not changed. The status behind an error is one of ParameterError, AlignmentError and
+/// DecodeError.
 namespace CommonCryptor {
 
 std::optional<QByteArray> AES256EncryptedDataUsingKey(const QByteArray &data, const QVariant &key,
@@ -127,14 +131,14 @@ std::optional<QByteArray> decryptedCASTDataUsingKey(const QByteArray &data, cons
 
 }  // namespace CommonCryptor
 
-/// Any cipher with any options. Forms without options use none (CBC without padding); forms
-/// without an initialization vector use the all-zero one.
+/// Any cipher with any options. Forms without options use none (CBC without padding); forms without
+/// an initialization vector use the all-zero one.
 ///
 /// The length of `key`, in bytes, is fixed first, by zero bytes at its end or by cutting its tail:
 /// AES takes 16, 24 or 32, the least of them that holds the key, or else 32; DES 8; triple DES 24;
 /// CAST 5 to 16; RC4 up to 512, of which 256 matter. Then the initialization vector, if there is
-/// one, gets the length of the key, and of that the first block is used; a CAST key shorter than
-/// a block cuts it to that length, and zero bytes complete the block.
+/// one, gets the length of the key, and of that the first block is used; a CAST key shorter than a
+/// block cuts it to that length, and zero bytes complete the block.
 ///
 /// On failure the result is std::nullopt and `error` is set, unless it is null. On success `error`
 /// is not changed. The time of the padding check does not depend on the decrypted bytes. A caller
@@ -167,7 +171,7 @@ std::optional<QByteArray> decryptedDataUsingAlgorithm(
 
 }  // namespace LowLevelCommonCryptor
 
-/// Keyed digests (RFC 2104).
+/// Keyed digests (RFC 2104). They do not fail, except for the assertions stated above.
 namespace CommonHMAC {
 
 /// Returns 16 bytes for MD5 and 20 for every other algorithm: the SHA-2 results are truncated to 20

@@ -115,8 +115,8 @@ PLATFORM_EXPORT const AnnouncementPlan *announcementPlan(QObject *object,
 PLATFORM_EXPORT bool announceBy(const AnnouncementPlan *plan, QObject *object);
 
 /// Announces a change of the key whose NOTIFY is `Signal`, and of its dependents:
-/// `KeyValue::announce<&Note::titleChanged>(this)`. A setter must do this last, because a
-/// handler may delete the object, and whether or not the value differs.
+/// `KeyValue::announce<&Note::titleChanged>(this)`. A setter must do this last, because a handler
+/// may delete the object, and whether or not the value differs.
 template <auto Signal, class Object>
 void announce(Object *object) {
     static std::atomic<const AnnouncementPlan *> lastPlan = nullptr;

@@ -50,8 +50,7 @@ public:
     SecretServiceClient &operator=(const SecretServiceClient &) = delete;
 
     /// Finds all items that have all of `attributes`. Fails if a secret, or the attributes of an
-    /// item, are longer than 64 KiB. As for all requests, the handler is called
-    /// exactly once.
+    /// item, are longer than 64 KiB. As for all requests, the handler is called exactly once.
     void find(const SecretAttributes &attributes, Access access,
               const std::function<void(const FoundItems &)> &handler);
     /// Stores `item` in the default collection, replacing the item with the same attributes.

@@ -94,8 +94,8 @@ public:
     /// running on this computer.
     static bool isServiceMissing(const Error &error);
 
-    /// Returns why secrets cannot be stored permanently, as a message for the user; empty while
-    /// they can.
+    /// Returns why secrets cannot be stored permanently, as a message for the user: the first
+    /// failure of this store. Empty if none has happened.
     std::optional<Error> error() const;
     /// Returns why the last secret could not be deleted, as a message for the user; empty if that
     /// has not happened.
