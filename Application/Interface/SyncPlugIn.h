@@ -58,7 +58,8 @@ public:
     /// completely, so it may block for some seconds.
     virtual Expected<std::optional<QDate>> dateOfBackup(const QString &directory) const = 0;
     /// Replaces the damaged profile in the folder `directory`, which must not be open. Blocks for
-    /// the disk. A failure leaves the profile as it was.
+    /// the disk. A failure leaves the profile as it was or, if its files cannot be moved, as one
+    /// that is missing; the call can then be repeated.
     virtual Expected<void> replaceProfile(const QString &directory,
                                           ProfileReplacement replacement) = 0;
     /// Verifies the open profile and every store with which it synchronizes: whether everything

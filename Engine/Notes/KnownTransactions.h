@@ -10,8 +10,8 @@ class ProfileDatabase;
 /// each of them contains.
 ///
 /// Must be used on the main thread; functions that read also on a thread with a ProfileReader. All
-/// errors have the code ProfileNotWritten. Changes must be made within a transaction of the
-/// profile.
+/// errors have the code ProfileNotWritten, or Cancelled if the ProfileReader is cancelled. Changes
+/// must be made within a transaction of the profile.
 class KnownTransactions {
 public:
     /// The contents of one record, without the notes themselves.

@@ -13,7 +13,8 @@ class QSqlQuery;
 /// in the profile only, and are never sent to a store.
 ///
 /// Must be used on the main thread; all functions block for the database. Functions that write must
-/// be called within a transaction of the profile. All errors have the code ProfileNotWritten.
+/// be called within a transaction of the profile. Errors have the code ProfileNotWritten unless
+/// stated otherwise.
 class NoteHistory {
 public:
     /// `profile` is not owned and must outlive this object. `database` is the id of the database's
@@ -33,7 +34,8 @@ public:
     Expected<QList<NoteVersion>> deletedNotes() const;
     /// Returns the versions of the notes `UUIDs`, the last one to be replaced first.
     Expected<QList<NoteVersion>> versions(const QStringList &UUIDs) const;
-    /// See NoteDatabase::noteOfVersion.
+    /// See NoteDatabase::noteOfVersion. Fails with the code InvalidDatabase if the version is no
+    /// longer kept.
     Expected<Note> note(const NoteVersion &version) const;
 
     /// Returns how long the profile keeps versions. A setting that is not a valid number counts as

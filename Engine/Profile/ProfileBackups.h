@@ -9,7 +9,7 @@
 
 /// The daily backups of a profile: complete copies of its database, one file for each day, in the
 /// folder "Backups" of the profile folder, which only the user can read. Thread-safe; all functions
-/// block for the disk. Errors have the code BackupFailed.
+/// block for the disk. Errors have the code BackupFailed unless stated otherwise.
 class ProfileBackups {
 public:
     /// What the backups may occupy.
@@ -48,9 +48,10 @@ public:
     /// soon after `isCancelled`, which may be null, has become true.
     Expected<void> make(const QDate &today, const std::atomic_bool *isCancelled = nullptr) const;
 
-    /// Checks the whole backup at `path`: that it is a profile, and SQLite finds no damage. Fails
-    /// soon after `isCancelled`, which may be null, has become true. The backup must not be in use.
-    /// Reads all of it, so it takes seconds for large profiles.
+    /// Checks the whole backup at `path`: that it is a profile, and SQLite finds no damage. Errors
+    /// also have the codes of ProfileInspection::check(). Fails soon after `isCancelled`, which may
+    /// be null, has become true. The backup must not be in use. Reads all of it, so it takes
+    /// seconds for large profiles.
     static Expected<void> verify(const QString &path,
                                  const std::atomic_bool *isCancelled = nullptr);
 

@@ -17,7 +17,8 @@
 /// a ProfileReader. Every call blocks until SQLite has finished, and waits up to one second for a
 /// lock that another process holds. All functions that access the database return an error of the
 /// code ProfileNotWritten if SQLite reports one at any point, also in the middle of a result; a
-/// failed read never looks like an empty result. Before `open` has succeeded they return an error.
+/// failed read never looks like an empty result. Reads with a ProfileReader also fail with the code
+/// Cancelled. Before `open` has succeeded they return an error.
 ///
 /// The database uses a write-ahead log and synchronizes it at each commit, so that a committed
 /// change is durable: it survives the end of the process at any moment, and a power failure if the

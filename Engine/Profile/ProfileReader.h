@@ -14,7 +14,8 @@ class ProfileDatabase;
 class ProfileReader {
 public:
     /// Neither argument is owned; both must outlive the result, which is not null. Blocks for the
-    /// disk. Reads fail once `isCancelled` is set. Errors are those of ReadOnlyConnection.
+    /// disk. Reads fail with the code Cancelled once `isCancelled` is set. Errors are those of
+    /// ReadOnlyConnection.
     static Expected<std::unique_ptr<const ProfileReader>> open(const ProfileDatabase &profile,
                                                                const std::atomic_bool &isCancelled);
     /// Ends the state: from now on, the thread cannot read the profile.

@@ -8,9 +8,11 @@
 /// a folder "Damaged Profiles" with the date in its name, and never deleted. Must be used on the
 /// main thread; the functions block for the disk.
 ///
-/// A failure leaves the profile as it was. If the process ends in between, the profile counts as
-/// missing, so that the functions can be called again. Errors have the code ProfileInUse if another
-/// process uses the profile, and otherwise BackupFailed or that of the failed callback.
+/// A failure leaves the profile as it was until its files are moved. If moving them fails, or the
+/// process ends in between, the profile counts as missing, and the functions can be called again.
+/// Errors have the code ProfileInUse if another process uses the profile, and otherwise
+/// BackupFailed, or that of ProfileLock::acquire(), ProfileBackups::verify() or the failed
+/// callback.
 namespace ProfileRecovery {
 
 /// The name of the folder within the profile folder.

@@ -15,8 +15,9 @@ class QWidget;
 /// - `objects` (string list, on the form itself): further objects that the form creates, as "name
 ///   class". If one has a method "awakeFromNib", it is called after everything is connected.
 /// - `bindings` (string list, on any widget or action): "key <- path" makes the key follow the
-///   path; "key <-> path" also writes changes by the user to the model; "| name" at the end names a
-///   ValueTransformer. On the form itself, "object.key" binds a key of one of its `objects`.
+///   path; "key <-> path" also writes changes by the user to the model (a BindableView decides that
+///   itself); "| name" at the end names a ValueTransformer. On the form itself, "object.key" binds
+///   a key of one of its `objects`.
 /// - `itemNib` (string, on a list): the form of its rows. The list's "itemPrototype" becomes an
 ///   item whose views are made from it, with the same owner, and in which "item" names the row's
 ///   CollectionViewItem.
