@@ -63,17 +63,32 @@ struct Distances {
     int fontHeight;
 };
 
-int heightOfTexts(const QList<QWidget *> &texts) {
+int heightOfText(const QWidget *text, int width) {
+    return text->hasHeightForWidth() ? text->heightForWidth(width)
+                                     : text->minimumSizeHint().height();
+}
+
+int heightOfTexts(const QList<QWidget *> &texts, int width) {
     int height = 0;
     for (const QWidget *text : texts) {
-        height += text->minimumSizeHint().height() + textSpacing;
+        height += heightOfText(text, width) + textSpacing;
     }
     return height - (texts.isEmpty() ? 0 : textSpacing);
 }
 
+/// Returns the width that the row leaves to its texts.
+int widthOfTexts(const QWidget *row, const Children &children) {
+    const int distance = Distances(row).horizontal();
+    int width = row->width() - 2 * distance;
+    for (const QWidget *child : children.leading + children.trailing) {
+        width -= child->isHidden() ? 0 : wantedSize(child).width() + distance;
+    }
+    return qMax(0, width);
+}
+
 int heightOfRow(const QWidget *row) {
     const Children children(row);
-    int height = heightOfTexts(children.texts);
+    int height = heightOfTexts(children.texts, widthOfTexts(row, children));
     for (const QWidget *child : children.leading + children.trailing) {
         height = qMax(height, wantedSize(child).height());
     }
@@ -137,6 +152,9 @@ void ListRow::showEvent(QShowEvent *event) {
 }
 
 void ListRow::resizeEvent(QResizeEvent *event) {
+    if (event->oldSize().width() != event->size().width()) {
+        fitHeight();
+    }
     placeChildren();
     QVSelectedItemBackgroundView::resizeEvent(event);
 }
@@ -177,10 +195,11 @@ void ListRow::placeChildren() {
             end -= distances.horizontal();
         }
     }
-    int y = (height() - heightOfTexts(children.texts)) / 2;
+    const int textWidth = qMax(0, end - start);
+    int y = (height() - heightOfTexts(children.texts, textWidth)) / 2;
     for (QWidget *text : children.texts) {
-        const int textHeight = text->minimumSizeHint().height();
-        place(text, QRect(start, y, qMax(0, end - start), textHeight));
+        const int textHeight = heightOfText(text, textWidth);
+        place(text, QRect(start, y, textWidth, textHeight));
         y += textHeight + textSpacing;
     }
 }

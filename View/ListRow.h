@@ -10,10 +10,11 @@
 ///     "trailing"  at the end of the row, at the child's size hint
 ///
 /// Children of one place keep the order in which the form creates them. Start and end follow the
-/// layout direction; distances grow with the font. A hidden child takes no width. The row's height
-/// is that of the tallest child at the current font, hidden ones included, so the row does not jump
-/// when a child appears. Children without "rowPlace" are not moved. The row must not be given a
-/// layout. Must be used on the main thread.
+/// layout direction; distances grow with the font. A hidden child takes no width. A text whose
+/// height depends on its width is wrapped. The row's height is that of the tallest child at the
+/// current font and width, hidden ones included, so the row does not jump when a child appears
+/// unless a text then needs more lines. Children without "rowPlace" are not moved. The row must not
+/// be given a layout. Must be used on the main thread.
 ///
 /// The height is set when the row first gets a parent. When it changes later, the parent receives a
 /// layout request, after which a ListScrollArea stacks the rows again. O(number of children) each

@@ -8,6 +8,12 @@
 #include "Platform/Interface/Control.h"
 #include "Platform/Interface/PlainText.h"
 
+namespace {
+
+constexpr int WrapFlags = Qt::TextWordWrap;
+
+}  // namespace
+
 TextLabel::TextLabel(QWidget *parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
 }
@@ -37,12 +43,22 @@ QSize TextLabel::minimumSizeHint() const {
     return {0, fontMetrics().height()};
 }
 
+int TextLabel::heightForWidth(int width) const {
+    if (!wordWrap()) {
+        return -1;
+    }
+    const QFontMetrics metrics = fontMetrics();
+    return metrics.horizontalAdvance(text()) <= width
+               ? metrics.height()
+               : metrics.boundingRect(0, 0, width, QWIDGETSIZE_MAX, WrapFlags, text()).height();
+}
+
 bool TextLabel::event(QEvent *event) {
     if (event->type() == QEvent::DynamicPropertyChange &&
         static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == "backgroundStyle") {
         applyColor();
     }
-    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() &&
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && !wordWrap() &&
         fontMetrics().horizontalAdvance(text()) > width()) {
         QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
                            PlainText::toolTip(text()), this);
@@ -54,6 +70,10 @@ bool TextLabel::event(QEvent *event) {
 void TextLabel::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
+    if (wordWrap()) {
+        painter.drawText(rect(), static_cast<int>(alignment()) | WrapFlags, text());
+        return;
+    }
     painter.drawText(rect(), static_cast<int>(alignment()),
                      fontMetrics().elidedText(text(), Qt::ElideRight, width()));
 }

@@ -5,8 +5,10 @@
 
 #include "Platform/PlatformExport.h"
 
-/// One line of plain text, elided at its end if it is too long; the tool tip then shows the whole
-/// text, unless one was set. The label shows markup as plain text. Must be used on the main thread.
+/// Plain text on one line, elided at its end if it is too long; the tool tip then shows the whole
+/// text, unless one was set. With QLabel's property "wordWrap", the text is wrapped instead, and
+/// the height depends on the width. The label shows markup as plain text. Must be used on the main
+/// thread.
 class PLATFORM_EXPORT TextLabel : public QLabel {
     Q_OBJECT
     /// The color of the text; black by default. On a dark background it is replaced by the
@@ -19,10 +21,12 @@ public:
     /// Sets the color, whose opacity is kept on a dark background.
     void setTextColor(const QColor &color);
 
-    /// Returns the size at which nothing is elided.
+    /// Returns the size at which nothing is elided or wrapped.
     QSize sizeHint() const override;
     /// Returns the height of a line, at width 0: the label may be made narrower than its text.
     QSize minimumSizeHint() const override;
+    /// Returns the height of the wrapped text; -1 if it is not wrapped.
+    int heightForWidth(int width) const override;
 
 protected:
     bool event(QEvent *event) override;

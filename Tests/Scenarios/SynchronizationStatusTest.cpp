@@ -209,6 +209,38 @@ private Q_SLOTS:
         QVERIFY(databaseWarning()->isHidden());
     }
 
+    void theStateOfARowIsNotCutOff_data() {
+        QTest::addColumn<int>("points");
+        for (const int points : {10, 14, 18}) {
+            QTest::addRow("%d", points) << points;
+        }
+    }
+    void theStateOfARowIsNotCutOff() {
+        QFETCH(int, points);
+        const QFont before = QApplication::font();
+        QFont font = before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        m_host->addLocation();
+        const QString package = m_host->addLocation()->URL().path();
+        QVERIFY(QDir(package).removeRecursively());
+        showPanel();
+        tick(0);
+        tick(1);
+        synchronize();
+        QVERIFY(databaseText().startsWith(QStringLiteral("Synchronized with 1 of 2 locations")));
+        for (QWidget *row : {databaseRow(QStringLiteral("Projects")), locationRow(1)}) {
+            for (const char *name : {"rowDate", "rowType"}) {
+                if (const auto *label = part<QLabel>(row, name)) {
+                    QVERIFY(label->wordWrap());
+                    QVERIFY(label->height() >= label->heightForWidth(label->width()));
+                    QVERIFY(row->rect().contains(label->geometry()));
+                }
+            }
+        }
+        QApplication::setFont(before);
+    }
+
     void aFailureIsStillShownAfterARestart() {
         const auto location = m_host->addLocation();
         QVERIFY(QDir(location->URL().path()).removeRecursively());

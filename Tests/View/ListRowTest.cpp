@@ -2,6 +2,7 @@
 
 #include <QtWidgets/QLabel>
 
+#include "Platform/Interface/TextLabel.h"
 #include "Support/TestMain.h"
 #include "View/ListScrollArea.h"
 #include "View/QVListView.h"
@@ -136,6 +137,24 @@ private Q_SLOTS:
         show(400);
         QCOMPARE(m_activity->size(), QSize(20, 4));
         QCOMPARE(m_button->size(), QSize(100, 26));
+    }
+
+    void aTextThatDependsOnTheWidthIsWrapped() {
+        auto *text = new TextLabel(m_row);
+        text->setProperty("rowPlace", QStringLiteral("text"));
+        text->setWordWrap(true);
+        text->setText(QStringLiteral("one two three four five six seven eight nine ten"));
+        show(text->sizeHint().width() + 400);
+        const int line = text->fontMetrics().height();
+        const int height = m_row->height();
+        QCOMPARE(text->height(), line);
+        m_row->resize(m_row->width() - 400, m_row->height());
+        QVERIFY(text->height() >= 2 * line);
+        QCOMPARE(m_row->height(), height + text->height() - line);
+        QCOMPARE(text->height(), text->heightForWidth(text->width()));
+        text->setText(QStringLiteral("one"));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        QCOMPARE(m_row->height(), height);
     }
 
     void childrenWithoutAPlaceStayWhereTheyAre() {
