@@ -10,6 +10,7 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/FailureSummary.h"
+#include "Engine/Synchronization/UnsentChanges.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
@@ -101,6 +102,17 @@ QVSyncProgress EngineDispatcher::progress() const {
 
 void EngineDispatcher::stop() {
     cancelJobs([](const Entry &) { return true; });
+}
+
+Expected<bool> EngineDispatcher::hasUnsentChanges(const QVSyncState &state) const {
+    const auto database = m_library.synchronizedDatabase(state.databaseUUID());
+    const auto location = std::dynamic_pointer_cast<EngineSyncLocation>(state.destination());
+    if (!database || !location) {
+        return false;
+    }
+    const NoteLog &log = database->log();
+    return UnsentChanges::exist(
+        log, KnownTransactions(m_profile, location->identifier(), log.database()));
 }
 
 const EngineDispatcher::Entry *EngineDispatcher::firstActive() const {

@@ -6,12 +6,13 @@
 #include "Engine/Synchronization/SyncJob.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncProgress.h"
+#include "Host/QVUnsentChanges.h"
 
 /// Runs the jobs of each location one at a time, in the order in which they were requested, and
 /// those of different locations at the same time, so that a location that does not respond delays
 /// no other. A job whose state is disabled is cancelled. Failures and successes are reported in the
 /// application's log. Must be used on the main thread.
-class EngineDispatcher : public QVSyncDispatcher {
+class EngineDispatcher : public QVSyncDispatcher, public QVUnsentChanges {
     Q_OBJECT
     Q_PROPERTY(QVSyncProgress progress READ progress NOTIFY progressChanged)
 public:
@@ -35,6 +36,7 @@ public:
     /// Cancels all jobs: waiting ones never start, and running ones, which count no longer as
     /// activity, end soon. Their handlers are called later, with an error of the code Cancelled.
     Q_INVOKABLE void stop();
+    Expected<bool> hasUnsentChanges(const QVSyncState &state) const override;
 
     /// Starts a synchronization with a store that belongs to no location. `handler` is called on
     /// the main thread when it has ended, with the error if it failed; it is not called if the
