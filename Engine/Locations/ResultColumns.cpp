@@ -3,6 +3,7 @@
 #include <QtSql/QSqlQuery>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Locations/FailureSummary.h"
 #include "Engine/Profile/ProfileDatabase.h"
 
 QVariantList ResultColumns::values(const std::optional<QVSyncResult> &result) {
@@ -13,7 +14,7 @@ QVariantList ResultColumns::values(const std::optional<QVSyncResult> &result) {
         result->error ? ProfileDatabase::text(result->error->localizedDescription) : QVariant();
     return {result->date.toMSecsSinceEpoch(),
             reason,
-            ProfileDatabase::text(result->summary),
+            ProfileDatabase::text(FailureSummary::english(result->summary)),
             result->received,
             result->sent,
             result->problems};
@@ -25,7 +26,7 @@ std::optional<QVSyncResult> ResultColumns::result(const QSqlQuery &row, int firs
     }
     QVSyncResult result{.date = QDateTime::fromMSecsSinceEpoch(row.value(first).toLongLong()),
                         .error = {},
-                        .summary = row.value(first + 2).toString(),
+                        .summary = FailureSummary::localized(row.value(first + 2).toString()),
                         .received = row.value(first + 3).toLongLong(),
                         .sent = row.value(first + 4).toLongLong(),
                         .problems = row.value(first + 5).toLongLong()};

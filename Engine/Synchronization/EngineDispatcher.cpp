@@ -6,10 +6,10 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Locations/EngineSyncLocation.h"
+#include "Engine/Locations/FailureSummary.h"
 #include "Engine/Locations/ResultColumns.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Profile/ProfileDatabase.h"
-#include "Engine/Synchronization/FailureSummary.h"
 #include "Engine/Synchronization/UnsentChanges.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
@@ -343,7 +343,7 @@ QVSyncResult EngineDispatcher::resultOf(const Entry &entry, const QDateTime &dat
     if (const Expected<void> &ended = entry.job->result(); !ended) {
         result.error = ended.error();
         result.error->localizedDescription = failureOf(entry);
-        result.summary = failureSummary(ended.error());
+        result.summary = FailureSummary::of(ended.error());
     }
     return result;
 }

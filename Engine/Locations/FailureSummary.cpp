@@ -1,4 +1,4 @@
-#include "Engine/Synchronization/FailureSummary.h"
+#include "Engine/Locations/FailureSummary.h"
 
 #include <array>
 
@@ -28,11 +28,24 @@ constexpr std::array Summaries{
 
 }  // namespace
 
-QString failureSummary(const Error &error) {
+QString FailureSummary::of(const Error &error) {
     for (const Summary &summary : Summaries) {
         if (isEngineError(error, summary.code)) {
             return localizedSyncString(summary.text);
         }
     }
     return {};
+}
+
+QString FailureSummary::english(const QString &summary) {
+    for (const Summary &each : Summaries) {
+        if (localizedSyncString(each.text) == summary) {
+            return QString::fromUtf8(each.text);
+        }
+    }
+    return summary;
+}
+
+QString FailureSummary::localized(const QString &english) {
+    return localizedSyncString(english.toUtf8().constData());
 }

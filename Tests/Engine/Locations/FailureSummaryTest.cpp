@@ -1,0 +1,31 @@
+#include "Engine/Locations/FailureSummary.h"
+
+#include "Engine/Foundation/EngineError.h"
+#include "Host/SyncStrings.h"
+#include "Support/TestMain.h"
+
+class FailureSummaryTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void whatIsSavedInOneLanguageIsShownInAnother() {
+        QTranslator german;
+        QVERIFY(german.load(QStringLiteral(":/VelmoraSync/Translations/Sync_de.qm")));
+        addLocalizationTable(SyncTable, &german);
+        const QString summary =
+            FailureSummary::of(engineError(EngineErrorCode::PasswordRefused, QString()));
+        QCOMPARE(summary, QStringLiteral("falsches Passwort"));
+        const QString saved = FailureSummary::english(summary);
+        QCOMPARE(FailureSummary::localized(saved), summary);
+        removeLocalizationTables(&german);
+        QCOMPARE(FailureSummary::localized(saved), QStringLiteral("wrong password"));
+    }
+
+    void aTextWithoutTranslationStaysAsItIs() {
+        for (const QString &text : {QString(), QStringLiteral("kein Platz")}) {
+            QCOMPARE(FailureSummary::localized(FailureSummary::english(text)), text);
+        }
+    }
+};
+
+VELMORA_TEST(FailureSummaryTest)
+#include "FailureSummaryTest.moc"
