@@ -29,6 +29,8 @@ struct HOST_EXPORT QVSyncProgress {
         Merging,
         /// Writes changes to the location.
         Writing,
+        /// Removes from the location what is not needed any more.
+        Removing,
     };
 
     Phase phase = Phase::Idle;

@@ -154,12 +154,13 @@ Expected<void> CleanSession::continueWriting() {
     return {};
 }
 
-Expected<void> CleanSession::removeTransactions(BlobStore &store,
-                                                const EngineFuture &future) const {
-    for (const QString &name : m_toRemove) {
+Expected<void> CleanSession::removeTransactions(BlobStore &store, const EngineFuture &future) {
+    progress().begin(SessionProgress::Phase::Removing, m_toRemove.size());
+    for (const QString &name : std::as_const(m_toRemove)) {
         if (Expected<void> removed = store.remove(path(name), future); !removed) {
             return removed;
         }
+        progress().advance(1);
     }
     return {};
 }

@@ -47,7 +47,7 @@ private:
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
     /// Removes the chosen transactions from the store; stops at the first error.
-    Expected<void> removeTransactions(BlobStore &store, const EngineFuture &future) const;
+    Expected<void> removeTransactions(BlobStore &store, const EngineFuture &future);
 
     Step m_step = Step::Starting;
     /// The names of the known transactions that must be read again.
