@@ -7,6 +7,7 @@
 #include "Engine/Notes/NoteConversion.h"
 #include "Engine/Plugin/ProfileVerification.h"
 #include "Engine/Profile/ProfileRecovery.h"
+#include "Engine/Profile/ProfileSettings.h"
 #include "Engine/Profile/ProfileSnapshot.h"
 #include "Engine/Stores/StoreOperations.h"
 #include "Host/QVApplication.h"
@@ -14,6 +15,9 @@
 #include "Platform/Foundation/MainQueue.h"
 
 namespace {
+
+/// The setting with the time at which the schedules were last compared with the clock.
+const QString LastCheckKey = QStringLiteral("lastScheduleCheck");
 
 Expected<void> openDatabase(ProfileDatabase &profile, const QString &directory,
                             FirstContents contents) {
@@ -35,6 +39,12 @@ void reportMissingLocations(const QString &directory) {
     });
 }
 
+void logIfFailed(const Expected<void> &result) {
+    if (!result && NSApp()) {
+        NSApp()->logItemCmd(localizedSyncString("Profile:"), result.error().localizedDescription);
+    }
+}
+
 }  // namespace
 
 SyncEngine::SyncEngine()
@@ -44,6 +54,7 @@ SyncEngine::SyncEngine()
       m_pruning(m_profile) {}
 
 SyncEngine::~SyncEngine() {
+    saveLastCheck();
     m_plugin.context().storeOperations->end();
     removeLocalizationTables(&m_translator);
 }
@@ -57,14 +68,13 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
                                 : openDatabase(m_profile, directory, contents);
     opened = opened.and_then([this] { return load(); });
     m_isOpen = opened.has_value();
-    if (m_isOpen && !m_profile.protection()) {
-        NSApp()->logItemCmd(localizedSyncString("Profile:"),
-                            m_profile.protection().error().localizedDescription);
+    if (m_isOpen) {
+        logIfFailed(m_profile.protection());
     }
     if (m_isOpen && use == ProfileUse::Run) {
         m_plugin.startServer();
         m_plugin.forgetRemovedLocations();
-        m_triggers.start();
+        startTriggers();
         m_backups.start(m_profile);
         m_pruning.start();
     }
@@ -99,6 +109,22 @@ Expected<void> SyncEngine::openSnapshot(const QString &directory, FirstContents 
     return ProfileSnapshot::write(directory, m_snapshotFolder->path(), create).and_then([&] {
         return openDatabase(m_profile, m_snapshotFolder->path(), contents);
     });
+}
+
+void SyncEngine::startTriggers() {
+    const Expected<QVariant> saved = ProfileSettings::value(m_profile, LastCheckKey);
+    logIfFailed(saved.map([](const QVariant &) {}));
+    const QVariant lastCheck = saved.value_or(QVariant());
+    m_triggers.start(lastCheck.isValid() ? QDateTime::fromMSecsSinceEpoch(lastCheck.toLongLong())
+                                         : QDateTime());
+    saveLastCheck();
+}
+
+void SyncEngine::saveLastCheck() const {
+    if (m_triggers.lastCheck().isValid()) {
+        logIfFailed(ProfileSettings::set(m_profile, LastCheckKey,
+                                         m_triggers.lastCheck().toMSecsSinceEpoch()));
+    }
 }
 
 Expected<void> SyncEngine::load() {

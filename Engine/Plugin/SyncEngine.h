@@ -55,6 +55,11 @@ public:
 private:
     /// Opens a temporary copy of the profile, so that another process can use the profile itself.
     Expected<void> openSnapshot(const QString &directory, FirstContents contents);
+    /// Starts the triggers, which make up for what was missed since the previous run.
+    void startTriggers();
+    /// Saves the time up to which no schedule was missed. A failure is logged: a schedule may then
+    /// be made up that was not missed.
+    void saveLastCheck() const;
     /// Reads everything that the profile contains.
     Expected<void> load();
     /// Installs the translations for the current locale, if there are any.

@@ -4,9 +4,13 @@
 #include "Engine/Schedules/ScheduleByClock.h"
 #include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
+#include "Host/QVApplication.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"
+#include "Host/QVSyncResult.h"
+#include "Host/QVUnsentChanges.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/NotificationCenter.h"
 
 namespace {
@@ -17,6 +21,13 @@ bool isDue(const QVSyncSchedulePtr &schedule, const QDateTime &lastCheck, const 
     const auto *byClock = dynamic_cast<const ScheduleByClock *>(schedule.get());
     const QDateTime next = byClock ? byClock->nextDateAfter(lastCheck) : QDateTime();
     return next.isValid() && next <= now;
+}
+
+/// Returns the time of the last job of `state`, or `date` if that is later.
+QDateTime latest(const QVSyncState &state, const QDateTime &date) {
+    const std::optional<QVSyncResult> result = QVSyncResult::of(&state);
+    const QDateTime last = result ? result->date : state.lastSynced();
+    return last.isValid() && last > date ? last : date;
 }
 
 }  // namespace
@@ -32,7 +43,7 @@ SyncTriggers::SyncTriggers(const QVSyncLocationsController &locations, QVSyncDis
     });
 }
 
-void SyncTriggers::start() {
+void SyncTriggers::start(const QDateTime &lastCheck) {
     NotificationCenter &center = NotificationCenter::defaultCenter();
     center.addObserver(this, QVSyncPluginDidOpenDatabase, [this](const Notification &posted) {
         const auto &database = *qobject_cast<QVDatabase *>(posted.object);
@@ -48,9 +59,41 @@ void SyncTriggers::start() {
     });
     m_lastCheck = QDateTime::currentDateTime();
     waitForNextMinute();
-    const auto open = m_library.openDatabases();
-    for (const auto &database : open) {
-        databaseOpened(*database);
+    const QVSyncStates missed = missedStates(lastCheck);
+    report(missed);
+    QStringList open;
+    const auto databases = m_library.openDatabases();
+    for (const auto &database : databases) {
+        open.append(synchronizedUUID(*database));
+    }
+    QVSyncStates wanted = states([&](const QVSyncState &state) {
+        return (state.syncOnOpen() && open.contains(state.databaseUUID())) ||
+               (state.syncOnClose() && QVUnsentChanges::in(state, &m_dispatcher).value_or(true));
+    });
+    for (const std::shared_ptr<QVSyncState> &state : missed) {
+        if (!wanted.contains(state)) {
+            wanted.append(state);
+        }
+    }
+    synchronize(wanted);
+}
+
+QVSyncStates SyncTriggers::missedStates(const QDateTime &lastCheck) const {
+    return states([&](const QVSyncState &state) {
+        return lastCheck.isValid() &&
+               isDue(state.schedule(), latest(state, lastCheck), m_lastCheck);
+    });
+}
+
+void SyncTriggers::report(const QVSyncStates &missed) {
+    for (const std::shared_ptr<QVSyncState> &state : missed) {
+        NSApp()->logItemCmd(
+            QStringLiteral("Sync:"),
+            localizedSyncString(
+                "A schedule of “%1” was missed while Velmora was closed, and is made "
+                "up for now.")
+                .arg(state->databaseName()));
+        NotificationCenter::defaultCenter().post(QVSyncScheduleDidFireNotification, state.get());
     }
 }
 
@@ -73,9 +116,12 @@ bool SyncTriggers::isOwn(const QVDatabase &database) const {
     return m_library.databaseForUUID(database.UUID()).get() == &database;
 }
 
+QString SyncTriggers::synchronizedUUID(const QVDatabase &database) const {
+    return database.UUID() == m_library.inbox()->UUID() ? InboxUUID : database.UUID();
+}
+
 void SyncTriggers::databaseOpened(const QVDatabase &database) {
-    const bool isInbox = database.UUID() == m_library.inbox()->UUID();
-    const QString UUID = isInbox ? InboxUUID : database.UUID();
+    const QString UUID = synchronizedUUID(database);
     synchronize(states([&](const QVSyncState &state) {
         return state.databaseUUID() == UUID && state.syncOnOpen();
     }));

@@ -15,9 +15,13 @@ class QVSyncLocationsController;
 /// be used on the main thread.
 ///
 /// Schedules are compared with the wall clock at every full minute, and when the computer wakes up.
-/// A schedule that was due several times since the last check fires once. If the clock is set back,
-/// a schedule does not fire again for the time that is repeated. Each firing posts
+/// A schedule that was due several times since the last check fires once, also if the program was
+/// not running, unless the database was synchronized with the location meanwhile. If the clock is
+/// set back, a schedule does not fire again for the time that is repeated. Each firing posts
 /// QVSyncScheduleDidFireNotification with the QVSyncState.
+///
+/// A database that was open when the program ended counts as closed then; what was not synchronized
+/// at that time is synchronized at the start.
 class SyncTriggers : public QObject {
     Q_OBJECT
 public:
@@ -25,20 +29,30 @@ public:
     SyncTriggers(const QVSyncLocationsController &locations, QVSyncDispatcher &dispatcher,
                  EngineNoteLibrary &library);
 
-    /// Starts with the databases that are open. Must be called once, after the profile was opened.
+    /// Starts with the databases that are open. `lastCheck` is the time of the latest check of the
+    /// previous run; invalid if it is not known. Must be called once, after the profile was opened.
     /// Destroying this object ends everything that start() has begun; synchronizations that it has
     /// started go on.
-    void start();
+    void start(const QDateTime &lastCheck = {});
+    /// Returns the time of the latest check; invalid before start().
+    QDateTime lastCheck() const { return m_lastCheck; }
     /// Fires the schedules that were due after the previous check and not after `now`, the time of
     /// the wall clock. Called by the timer; tests call it with a time of their own.
     void checkSchedules(const QDateTime &now);
 
 private:
+    /// Returns the states with a schedule that was due after `lastCheck` while the program was not
+    /// running.
+    QVSyncStates missedStates(const QDateTime &lastCheck) const;
+    /// Logs and posts that the schedules of these states fire.
+    static void report(const QVSyncStates &missed);
     /// Starts the timer for the next check.
     void waitForNextMinute();
     /// Returns whether `database` belongs to the library. The notifications of databases are posted
     /// for the databases of every engine of the process.
     bool isOwn(const QVDatabase &database) const;
+    /// Returns the UUID under which stores know the database.
+    QString synchronizedUUID(const QVDatabase &database) const;
     /// Start the synchronizations that the states request for that event.
     void databaseOpened(const QVDatabase &database);
     void databaseClosed(const QVDatabase &database);

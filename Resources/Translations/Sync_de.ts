@@ -1415,6 +1415,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>direct connections</source>
         <translation>Direktverbindungen</translation>
     </message>
+    <message>
+        <source>A schedule of “%1” was missed while Velmora was closed, and is made up for now.</source>
+        <translation>Ein Zeitplan von „%1“ wurde versäumt, während Velmora beendet war, und wird jetzt nachgeholt.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

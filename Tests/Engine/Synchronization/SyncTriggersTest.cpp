@@ -20,6 +20,21 @@ private:
         state->setSchedule(schedule);
         return state;
     }
+    /// Adds a state that is due once a day, but not soon.
+    void addDailyState() {
+        const QTime later = QTime::currentTime().addSecs(12 * 60 * 60);
+        scheduled(
+            std::make_shared<EngineDailySchedule>(HourAndMinute{later.hour(), later.minute()}));
+        m_host->save();
+    }
+    std::shared_ptr<QVSyncState> state() {
+        return m_host->locations().syncLocations().first()->synchronizationStates().first();
+    }
+    /// Lets the next end of the program be two days ago.
+    void leaveTwoDaysAgo() {
+        look(QDate::currentDate().addDays(-2), QTime::currentTime());
+        m_fired.clear();
+    }
     void look(const QDate &date, const QTime &time) {
         m_fired.clear();
         m_host->engine().triggers().checkSchedules(QDateTime(date, time));
@@ -69,6 +84,40 @@ private Q_SLOTS:
         QVERIFY(m_fired.isEmpty());
         look(date, QTime(12, 0));
         QCOMPARE(m_fired, QList<QObject *>{state.get()});
+    }
+
+    void whatWasMissedWhileTheProgramWasClosedIsMadeUpForOnce() {
+        addDailyState();
+        leaveTwoDaysAgo();
+        m_host->restart();
+        QCOMPARE(m_fired, QList<QObject *>{state().get()});
+        QVERIFY(m_host->application().logEntries().last().info.startsWith(
+            QStringLiteral("A schedule of “Plans” was missed")));
+        QTRY_VERIFY(state()->lastSynced().isValid());
+        m_fired.clear();
+        m_host->restart();
+        QVERIFY(m_fired.isEmpty());
+    }
+
+    void whatWasSynchronizedAfterwardsWasNotMissed() {
+        addDailyState();
+        m_host->setLastSynced(state(), QDateTime::currentDateTime());
+        m_host->save();
+        leaveTwoDaysAgo();
+        m_host->restart();
+        QVERIFY(m_fired.isEmpty());
+    }
+
+    void aDatabaseThatCouldNotBeSynchronizedAtTheEndIsAtTheStart() {
+        addDailyState();
+        state()->setSyncOnClose(true);
+        m_host->save();
+        m_host->restart();
+        QTRY_VERIFY(state()->lastSynced().isValid());
+        const QDateTime synchronized = state()->lastSynced();
+        m_host->restart();
+        QVERIFY(m_host->engine().plugin().dispatcher()->activity().isEmpty());
+        QCOMPARE(state()->lastSynced(), synchronized);
     }
 
     void whatIsDisabledOrNeverFiresIsLeftAlone() {
