@@ -8,6 +8,7 @@
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QToolBar>
+#include <QtWidgets/QVBoxLayout>
 
 #include "Application/EventLog.h"
 #include "Application/HistoryDialog.h"
@@ -17,6 +18,8 @@
 #include "Application/PlugIns.h"
 #include "Application/PreferencesWindow.h"
 #include "Application/PresentIfFailed.h"
+#include "Application/StatusLine.h"
+#include "Application/SynchronizationMonitor.h"
 
 namespace {
 
@@ -31,6 +34,7 @@ QString shownName(const NoteDatabase &database) {
 MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profileFolder)
     : m_library(library),
       m_log(log),
+      m_monitor(new SynchronizationMonitor(library, this)),
       m_databases(new QListWidget),
       m_notes(new NotesView(UnsavedTexts(profileFolder))) {
     restoreUnsavedTexts(UnsavedTexts(profileFolder));
@@ -43,8 +47,13 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
     splitter->addWidget(m_databases);
     splitter->addWidget(m_notes);
     splitter->setStretchFactor(1, 3);
-    splitter->setContentsMargins(8, 8, 8, 8);
-    setCentralWidget(splitter);
+    splitter->setContentsMargins(8, 8, 8, 0);
+    auto *contents = new QWidget;
+    auto *layout = new QVBoxLayout(contents);
+    layout->setContentsMargins(0, 0, 0, 6);
+    layout->addWidget(splitter, 1);
+    layout->addWidget(new StatusLine(m_monitor));
+    setCentralWidget(contents);
     makeActions();
 
     connect(m_library, &NoteLibrary::knownDatabasesChanged, this, &MainWindow::showDatabases);
@@ -217,6 +226,10 @@ void MainWindow::bringToFront() {
     activateWindow();
 }
 
+bool MainWindow::leaveText() {
+    return m_notes->leave();
+}
+
 void MainWindow::saveAll() {
     m_notes->commit();
     if (m_preferences) {
@@ -242,7 +255,7 @@ int MainWindow::rowOf(const std::shared_ptr<NoteDatabase> &database) const {
 }
 
 void MainWindow::closeEvent(QCloseEvent *event) {
-    if (!m_notes->leave()) {
+    if (!leaveText()) {
         event->ignore();
         return;
     }

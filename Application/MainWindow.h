@@ -13,11 +13,12 @@ class NotesView;
 class PreferencesWindow;
 class QAction;
 class QListWidget;
+class SynchronizationMonitor;
 class UnsavedTexts;
 
 /// The main window: the databases of the profile on the left, the notes of the selected one on the
-/// right. It is marked as modified, with an asterisk in its title, until typed text is on disk.
-/// Must be used on the main thread.
+/// right, and below them how the synchronization stands. It is marked as modified, with an asterisk
+/// in its title, until typed text is on disk. Must be used on the main thread.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
@@ -33,6 +34,11 @@ public:
     PreferencesWindow *showPreferences();
     /// Shows, restores and raises the window.
     void bringToFront();
+    /// Saves typed text. If that fails, asks the user what to do with it, running a nested event
+    /// loop. Returns whether the text was saved or discarded.
+    bool leaveText();
+    /// Returns what the status line shows; owned by the window.
+    SynchronizationMonitor *monitor() const { return m_monitor; }
     /// Saves all changes without asking the user and closes Sync Preferences. Text that cannot be
     /// saved is kept for the next start. Blocks for disk writes.
     void saveAll();
@@ -71,6 +77,7 @@ private:
 
     NoteLibrary *const m_library;
     EventLog *const m_log;
+    SynchronizationMonitor *const m_monitor;
     /// The selected database, open or not; null if there is none.
     std::shared_ptr<NoteDatabase> m_database;
     QListWidget *m_databases;

@@ -21,6 +21,7 @@
 #include "Application/PreferencesWindow.h"
 #include "Application/ProcessProtection.h"
 #include "Application/ProfileDescription.h"
+#include "Application/QuitGuard.h"
 #include "Application/RunningInstance.h"
 #include "Application/TemporaryFiles.h"
 #include "Application/VelmoraApplication.h"
@@ -132,8 +133,10 @@ void logIfFailed(VelmoraApplication &application, const Expected<void> &result) 
 int runWindows(VelmoraApplication &application, const LaunchOptions &options,
                NoteLibrary *library) {
     MainWindow window(library, application.eventLog(), options.profile);
+    QuitGuard guard(&window);
     const EndSignals endSignals;
-    QObject::connect(&endSignals, &EndSignals::received, &window, [&window] {
+    QObject::connect(&endSignals, &EndSignals::received, &window, [&] {
+        guard.allowEnd();
         window.saveAll();
         QCoreApplication::exit();
     });
@@ -141,8 +144,10 @@ int runWindows(VelmoraApplication &application, const LaunchOptions &options,
     logIfFailed(application, instance.listen());
     QObject::connect(&instance, &RunningInstance::raiseRequested, &window,
                      &MainWindow::bringToFront);
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
-                     &MainWindow::saveAll);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, [&] {
+        guard.allowEnd();
+        window.saveAll();
+    });
     window.show();
     window.showPreferences();
     return QApplication::exec();

@@ -13,7 +13,8 @@ class QVSyncLocation;
 
 /// The user's sync locations in their order. It shares ownership of the locations in its list and
 /// saves them. It announces no changes: code that changes the list must update what is derived from
-/// it. Must be used on the main thread.
+/// it. A host may give its controller the signal "saved()", emitted after save() has succeeded.
+/// Must be used on the main thread.
 class HOST_EXPORT QVSyncLocationsController : public QObject {
     Q_OBJECT
 public:

@@ -114,6 +114,7 @@ bool EngineLocationsController::save(std::optional<Error> *error) {
         [this] { return writeLocations().and_then([this] { return writeStates(); }); });
     if (written) {
         rememberSaved();
+        Q_EMIT saved();
     } else if (error) {
         *error = written.error();
     }

@@ -57,6 +57,8 @@ Q_SIGNALS:
     /// Emitted after a location was removed from the list, with its identifier; the removal is not
     /// saved yet and may be undone. Jobs of the location should end now.
     void locationRemoved(const QString &identifier);
+    /// Emitted after save() has succeeded.
+    void saved();
 
 private:
     /// The values of a location's row in the profile.

@@ -488,4 +488,127 @@
         <translation>Computer in der Nähe sind nicht erreichbar: Qt läuft ohne GLib.</translation>
     </message>
 </context>
+<context>
+    <name>SynchronizationSummary</name>
+    <message>
+        <source>Some items of “%1” could not be synchronized with “%2”. Open the log to see which.</source>
+        <translation>Einige Objekte von „%1“ konnten nicht mit „%2“ synchronisiert werden. Öffnen Sie das Protokoll, um zu sehen, welche.</translation>
+    </message>
+    <message>
+        <source>%1 · next: %2</source>
+        <translation>%1 · nächste: %2</translation>
+    </message>
+    <message>
+        <source>Nothing is synchronized: no database has a ticked location</source>
+        <translation>Nichts wird synchronisiert: Keine Datenbank hat einen ausgewählten Ort</translation>
+    </message>
+    <message>
+        <source>All up to date</source>
+        <translation>Alles ist aktuell</translation>
+    </message>
+    <message>
+        <source>“%1” has changes that are not synchronized with “%2” yet</source>
+        <translation>„%1“ hat Änderungen, die noch nicht mit „%2“ synchronisiert sind</translation>
+    </message>
+    <message>
+        <source>There are changes that are not synchronized yet</source>
+        <translation>Es gibt Änderungen, die noch nicht synchronisiert sind</translation>
+    </message>
+    <message>
+        <source>%1 of %2 synchronizations failed</source>
+        <translation>%1 von %2 Synchronisierungen sind fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>“%1” is not synchronized with “%2”</source>
+        <translation>„%1“ ist nicht mit „%2“ synchronisiert</translation>
+    </message>
+    <message>
+        <source>Further failures: %1</source>
+        <translation>Weitere Fehler: %1</translation>
+    </message>
+</context>
+<context>
+    <name>SynchronizationMonitor</name>
+    <message>
+        <source>%1 %2 of %3</source>
+        <translation>%1 %2 von %3</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>&amp;What Failed…</source>
+        <translation>&amp;Fehler anzeigen …</translation>
+    </message>
+    <message>
+        <source>Progress of the synchronization</source>
+        <translation>Fortschritt der Synchronisierung</translation>
+    </message>
+    <message>
+        <source>Stop all synchronizations. The next one continues where they stopped.</source>
+        <translation>Alle Synchronisierungen anhalten. Die nächste setzt dort fort, wo sie aufgehört haben.</translation>
+    </message>
+</context>
+<context>
+    <name>QuitSynchronization</name>
+    <message>
+        <source>“%1” with “%2”</source>
+        <translation>„%1“ mit „%2“</translation>
+    </message>
+    <message>
+        <source>Quit Velmora</source>
+        <translation>Velmora beenden</translation>
+    </message>
+    <message>
+        <source>“%1” has changes that are not synchronized with “%2”. Synchronize them before quitting?</source>
+        <translation>„%1“ hat Änderungen, die nicht mit „%2“ synchronisiert sind. Sollen sie vor dem Beenden synchronisiert werden?</translation>
+    </message>
+    <message>
+        <source>There are changes that are not synchronized. Synchronize them before quitting?</source>
+        <translation>Es gibt Änderungen, die nicht synchronisiert sind. Sollen sie vor dem Beenden synchronisiert werden?</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Synchronize and Quit</source>
+        <translation>&amp;Synchronisieren und beenden</translation>
+    </message>
+    <message>
+        <source>Some changes could not be synchronized. They are saved on this computer. Quit anyway?</source>
+        <translation>Einige Änderungen konnten nicht synchronisiert werden. Sie sind auf diesem Computer gespeichert. Trotzdem beenden?</translation>
+    </message>
+</context>
+<context>
+    <name>QuitProgressDialog</name>
+    <message>
+        <source>Quit Velmora</source>
+        <translation>Velmora beenden</translation>
+    </message>
+    <message>
+        <source>Progress of the synchronization</source>
+        <translation>Fortschritt der Synchronisierung</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Now</source>
+        <translation>&amp;Jetzt beenden</translation>
+    </message>
+    <message>
+        <source>Stop the synchronization and quit. The next one continues where it stopped.</source>
+        <translation>Die Synchronisierung anhalten und beenden. Die nächste setzt dort fort, wo sie aufgehört hat.</translation>
+    </message>
+    <message>
+        <source>Synchronizing before quitting…</source>
+        <translation>Vor dem Beenden wird synchronisiert …</translation>
+    </message>
+</context>
 </TS>

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QObject>
+
+class MainWindow;
+
+/// Synchronizes before the user closes the main window: what is to be synchronized when a database
+/// is closed and, if the user wants that, what else is not synchronized yet. The user can quit at
+/// any time without waiting. Must be used on the main thread.
+class QuitGuard : public QObject {
+    Q_OBJECT
+public:
+    /// Guards `window`, which is not owned and must outlive this object.
+    explicit QuitGuard(MainWindow *window);
+
+    /// Lets the window close without a question or a synchronization, because the session or the
+    /// process ends. In effect for a minute, since the end of a session can be cancelled.
+    void allowEnd();
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+private:
+    /// Saves, asks and synchronizes; runs nested event loops. Returns whether the window may close.
+    bool prepareToQuit();
+
+    MainWindow *const m_window;
+    QDeadlineTimer m_end;
+    /// Whether the user is being asked.
+    bool m_isAsking = false;
+};

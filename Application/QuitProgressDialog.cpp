@@ -1,0 +1,77 @@
+#include "Application/QuitProgressDialog.h"
+
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QProgressBar>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+#include <chrono>
+
+#include "Host/QVSyncDispatcher.h"
+#include "Host/QVSyncPlugin.h"
+
+namespace {
+
+constexpr std::chrono::seconds LongestPause(30);
+constexpr std::chrono::minutes LongestWait(5);
+constexpr std::chrono::milliseconds UpdateInterval(100);
+constexpr int Percent = 100;
+/// In widths of a letter.
+constexpr int Width = 60;
+
+}  // namespace
+
+QuitProgressDialog::QuitProgressDialog(QWidget *parent)
+    : QDialog(parent), m_label(new QLabel), m_bar(new QProgressBar) {
+    setWindowTitle(tr("Quit Velmora"));
+    m_label->setTextFormat(Qt::PlainText);
+    m_label->setWordWrap(true);
+    m_label->setMinimumWidth(fontMetrics().averageCharWidth() * Width);
+    m_bar->setAccessibleName(tr("Progress of the synchronization"));
+    m_bar->setTextVisible(false);
+    auto *buttons = new QDialogButtonBox;
+    auto *quit = buttons->addButton(tr("&Quit Now"), QDialogButtonBox::DestructiveRole);
+    quit->setToolTip(
+        tr("Stop the synchronization and quit. The next one continues where it stopped."));
+    buttons->addButton(QDialogButtonBox::Cancel);
+    connect(quit, &QPushButton::clicked, this, [this] { stop(QuitNow); });
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_label);
+    layout->addWidget(m_bar);
+    layout->addWidget(buttons);
+
+    for (QTimer *timer : {&m_idleTimer, &m_limitTimer}) {
+        timer->setSingleShot(true);
+        connect(timer, &QTimer::timeout, this, [this] { stop(QuitNow); });
+    }
+    m_idleTimer.start(LongestPause);
+    m_limitTimer.start(LongestWait);
+    auto *updates = new QTimer(this);
+    connect(updates, &QTimer::timeout, this, &QuitProgressDialog::showProgress);
+    updates->start(UpdateInterval);
+    showProgress();
+}
+
+void QuitProgressDialog::showProgress() {
+    const QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
+    const QVSyncProgress progress = QVSyncProgress::of(dispatcher);
+    const QString activity = dispatcher->activity();
+    m_label->setText(activity.isEmpty() ? tr("Synchronizing before quitting…") : activity);
+    m_bar->setMaximum(progress.total == 0 ? 0 : Percent);
+    m_bar->setValue(
+        progress.total == 0 ? 0 : static_cast<int>(progress.done * Percent / progress.total));
+    if (progress != m_shown) {
+        m_shown = progress;
+        m_idleTimer.start(LongestPause);
+    }
+}
+
+void QuitProgressDialog::stop(int result) {
+    // Ends first, because the synchronization reports its end.
+    done(result);
+    QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
+    if (dispatcher->metaObject()->indexOfMethod("stop()") >= 0) {
+        QMetaObject::invokeMethod(dispatcher, "stop");
+    }
+}

@@ -1,0 +1,150 @@
+#include "Application/QuitSynchronization.h"
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <algorithm>
+
+#include "Application/QuitProgressDialog.h"
+#include "Host/InboxUUID.h"
+#include "Host/QVApplication.h"
+#include "Host/QVDatabase.h"
+#include "Host/QVSyncLocation.h"
+#include "Host/QVSyncLocationsController.h"
+#include "Host/QVSyncPlugin.h"
+#include "Platform/Interface/PlainText.h"
+
+namespace {
+
+/// The number of databases that a question names.
+constexpr qsizetype MostNamed = 8;
+
+QStringList openUUIDs() {
+    QStringList UUIDs;
+    const auto databases = QVDatabase::databases();
+    for (const auto &database : databases) {
+        UUIDs.append(database == NSApp()->inbox() ? InboxUUID : database->UUID());
+    }
+    return UUIDs;
+}
+
+QStringList limited(QStringList lines, const QString &rest) {
+    if (const qsizetype more = lines.size() - MostNamed; more > 0) {
+        lines = lines.first(MostNamed);
+        lines.append(rest.arg(more));
+    }
+    return lines;
+}
+
+}  // namespace
+
+QuitSynchronization::QuitSynchronization(QWidget *window) : m_window(window) {}
+
+bool QuitSynchronization::run() {
+    QVSyncStates states = closingStates();
+    if (const QList<Item> unsent = unsentItems(states); !unsent.isEmpty()) {
+        switch (askAbout(unsent)) {
+            case Choice::Synchronize:
+                for (const Item &item : unsent) {
+                    states.append(item.state);
+                }
+                break;
+            case Choice::Quit:
+                break;
+            case Choice::Stay:
+                return false;
+        }
+    }
+    return states.isEmpty() || synchronize(states);
+}
+
+QVSyncStates QuitSynchronization::closingStates() {
+    const QStringList open = openUUIDs();
+    QVSyncStates found;
+    const auto locations = QVSyncPlugin::plugin()->locationsController()->syncLocations();
+    for (const auto &location : locations) {
+        const QVSyncStates states = location->synchronizationStates();
+        std::copy_if(states.begin(), states.end(), std::back_inserter(found),
+                     [&](const auto &state) {
+                         return state->isEnabled() && state->syncOnClose() &&
+                                open.contains(state->databaseUUID());
+                     });
+    }
+    return found;
+}
+
+QList<QuitSynchronization::Item> QuitSynchronization::unsentItems(const QVSyncStates &except) {
+    QList<Item> items = SynchronizationSummary::of(*QVSyncPlugin::plugin()).items();
+    items.removeIf([&](const Item &item) { return !item.isUnsent || except.contains(item.state); });
+    return items;
+}
+
+QuitSynchronization::Choice QuitSynchronization::askAbout(const QList<Item> &unsent) const {
+    QStringList lines;
+    for (const Item &item : unsent) {
+        lines.append(tr("“%1” with “%2”").arg(item.database, item.location));
+    }
+    QMessageBox box(QMessageBox::Question, tr("Quit Velmora"), {}, QMessageBox::NoButton, m_window);
+    if (unsent.size() == 1) {
+        PlainText::setTexts(&box,
+                            tr("“%1” has changes that are not synchronized with “%2”. Synchronize "
+                               "them before quitting?")
+                                .arg(unsent.first().database, unsent.first().location),
+                            {});
+    } else {
+        PlainText::setTexts(&box,
+                            tr("There are changes that are not synchronized. Synchronize them "
+                               "before quitting?"),
+                            limited(lines, tr("and %1 more")).join(u'\n'));
+    }
+    const QPushButton *quit = box.addButton(tr("&Quit"), QMessageBox::DestructiveRole);
+    box.addButton(QMessageBox::Cancel);
+    QPushButton *synchronize = box.addButton(tr("&Synchronize and Quit"), QMessageBox::AcceptRole);
+    box.setDefaultButton(synchronize);
+    box.exec();
+    if (box.clickedButton() == synchronize) {
+        return Choice::Synchronize;
+    }
+    return box.clickedButton() == quit ? Choice::Quit : Choice::Stay;
+}
+
+bool QuitSynchronization::synchronize(const QVSyncStates &states) const {
+    QuitProgressDialog dialog(m_window);
+    QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
+        states, [shown = QPointer(&dialog)] {
+            if (shown) {
+                shown->done(QuitProgressDialog::Finished);
+            }
+        });
+    switch (dialog.exec()) {
+        case QuitProgressDialog::Finished:
+            return confirmFailure(states);
+        case QuitProgressDialog::QuitNow:
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool QuitSynchronization::confirmFailure(const QVSyncStates &states) const {
+    QStringList lines;
+    QList<Item> items = SynchronizationSummary::of(*QVSyncPlugin::plugin()).items();
+    items.removeIf(
+        [&](const Item &item) { return !item.isUnsent || !states.contains(item.state); });
+    for (const Item &item : std::as_const(items)) {
+        lines.append(item.failure ? item.failure->localizedDescription
+                                  : tr("“%1” with “%2”").arg(item.database, item.location));
+    }
+    if (lines.isEmpty()) {
+        return true;
+    }
+    QMessageBox box(QMessageBox::Warning, tr("Quit Velmora"), {}, QMessageBox::NoButton, m_window);
+    PlainText::setTexts(&box,
+                        tr("Some changes could not be synchronized. They are saved on this "
+                           "computer. Quit anyway?"),
+                        limited(lines, tr("and %1 more")).join(QStringLiteral("\n\n")));
+    const QPushButton *quit = box.addButton(tr("&Quit"), QMessageBox::AcceptRole);
+    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
+    box.exec();
+    return box.clickedButton() == quit;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QtCore/QObject>
+
+#include "Application/SynchronizationSummary.h"
+
+class QWidget;
+
+/// The last synchronization before the program quits. Must be used on the main thread.
+class QuitSynchronization : public QObject {
+    Q_OBJECT
+public:
+    /// `window` is not owned and must outlive this object.
+    explicit QuitSynchronization(QWidget *window);
+
+    /// Names the changes that are not synchronized and asks whether to synchronize them. Then
+    /// synchronizes these and what is to be synchronized when a database is closed, showing the
+    /// progress, for at most five minutes, and at most half a minute without any progress. What
+    /// could not be synchronized is named once more. Runs nested event loops. Returns false if the
+    /// user decides not to quit.
+    bool run();
+
+private:
+    using Item = SynchronizationSummary::Item;
+    enum class Choice { Synchronize, Quit, Stay };
+
+    /// Returns the states of open databases that are to be synchronized when these are closed.
+    static QVSyncStates closingStates();
+    /// Returns the items that are not up to date, without those of `except`.
+    static QList<Item> unsentItems(const QVSyncStates &except);
+    Choice askAbout(const QList<Item> &unsent) const;
+    /// Returns false if the user decides not to quit.
+    bool synchronize(const QVSyncStates &states) const;
+    /// Names what of `states` is not synchronized. Returns whether to quit.
+    bool confirmFailure(const QVSyncStates &states) const;
+
+    QWidget *const m_window;
+};

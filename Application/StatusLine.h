@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+class QProgressBar;
+class QPushButton;
+class SynchronizationMonitor;
+class TextLabel;
+
+/// A line that shows what the synchronization does, with a button that stops it, or how it stands,
+/// with a button that shows what failed. Must be used on the main thread.
+class StatusLine : public QWidget {
+    Q_OBJECT
+public:
+    /// `monitor` is not owned and must outlive this object.
+    explicit StatusLine(SynchronizationMonitor *monitor, QWidget *parent = nullptr);
+
+private:
+    void showStatus();
+
+    SynchronizationMonitor *const m_monitor;
+    QProgressBar *const m_bar;
+    TextLabel *const m_label;
+    QPushButton *const m_stopButton;
+    QPushButton *const m_detailsButton;
+};

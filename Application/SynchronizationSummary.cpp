@@ -1,0 +1,153 @@
+#include "Application/SynchronizationSummary.h"
+
+#include <QtCore/QCoreApplication>
+#include <algorithm>
+
+#include "Host/InboxUUID.h"
+#include "Host/QVApplication.h"
+#include "Host/QVDatabase.h"
+#include "Host/QVSyncLocation.h"
+#include "Host/QVSyncLocationFormatter.h"
+#include "Host/QVSyncLocationsController.h"
+#include "Host/QVSyncPlugin.h"
+#include "Host/QVSyncResult.h"
+#include "Host/QVUnsentChanges.h"
+#include "Platform/Foundation/RelativeDate.h"
+
+namespace {
+
+/// The number of failures that one error describes.
+constexpr qsizetype MostDescribed = 5;
+
+QString summaryText(const char *text) {
+    return QCoreApplication::translate("SynchronizationSummary", text);
+}
+
+using Item = SynchronizationSummary::Item;
+
+template <class Condition>
+QList<Item> selected(const QList<Item> &items, Condition condition) {
+    QList<Item> found;
+    std::copy_if(items.begin(), items.end(), std::back_inserter(found), condition);
+    return found;
+}
+
+}  // namespace
+
+SynchronizationSummary SynchronizationSummary::of(const QVSyncPlugin &plugin) {
+    SynchronizationSummary summary;
+    const auto locations = plugin.locationsController()->syncLocations();
+    for (const auto &location : locations) {
+        const QString title = titleOf(*location);
+        const QVSyncStates states = location->synchronizationStates();
+        for (const auto &state : states) {
+            if (!state->isEnabled()) {
+                continue;
+            }
+            summary.m_items.append(itemOf(plugin, state, title));
+            const QDateTime next =
+                state->schedule() ? state->schedule()->nextScheduledDate() : QDateTime();
+            if (next.isValid() && (!summary.m_nextDate.isValid() || next < summary.m_nextDate)) {
+                summary.m_nextDate = next;
+            }
+        }
+    }
+    return summary;
+}
+
+Item SynchronizationSummary::itemOf(const QVSyncPlugin &plugin,
+                                    const std::shared_ptr<QVSyncState> &state,
+                                    const QString &location) {
+    Item item{.state = state, .database = nameOf(*state), .location = location};
+    if (const std::optional<QVSyncResult> result = QVSyncResult::of(state.get())) {
+        item.failure = result->error;
+        item.reason = result->summary;
+        if (!result->error && result->problems > 0) {
+            item.failure = Error{
+                .domain = QStringLiteral("Velmora"),
+                .localizedDescription =
+                    summaryText("Some items of “%1” could not be synchronized with “%2”. Open the "
+                                "log to see which.")
+                        .arg(item.database, location)};
+        }
+    }
+    const Expected<bool> unsent = QVUnsentChanges::in(*state, plugin.dispatcher());
+    item.isUnsent = unsent.value_or(true);
+    if (!unsent) {
+        item.failure = unsent.error();
+    }
+    return item;
+}
+
+QString SynchronizationSummary::nameOf(const QVSyncState &state) {
+    if (state.databaseUUID() == InboxUUID && NSApp()->inbox()) {
+        return NSApp()->inbox()->name();
+    }
+    const auto database = QVSyncPlugin::databaseForUUID(state.databaseUUID(), false);
+    return database ? database->name() : state.databaseName();
+}
+
+QString SynchronizationSummary::titleOf(const QVSyncLocation &location) {
+    return QVSyncLocationFormatter::formatterForLocationWithURL(location.URL())->title();
+}
+
+bool SynchronizationSummary::isUpToDate() const {
+    return !m_items.isEmpty() && std::all_of(m_items.begin(), m_items.end(),
+                                             [](const Item &item) { return item.isUpToDate(); });
+}
+
+QString SynchronizationSummary::text() const {
+    return m_nextDate.isValid()
+               ? summaryText("%1 · next: %2")
+                     .arg(stateText(), relativeDateString(m_nextDate, QDateTime::currentDateTime()))
+               : stateText();
+}
+
+QString SynchronizationSummary::stateText() const {
+    if (m_items.isEmpty()) {
+        return summaryText("Nothing is synchronized: no database has a ticked location");
+    }
+    const QList<Item> failed =
+        selected(m_items, [](const Item &item) { return item.failure.has_value(); });
+    if (!failed.isEmpty()) {
+        return failureText(failed);
+    }
+    const QList<Item> unsent = selected(m_items, [](const Item &item) { return item.isUnsent; });
+    if (unsent.isEmpty()) {
+        return summaryText("All up to date");
+    }
+    return unsent.size() == 1
+               ? summaryText("“%1” has changes that are not synchronized with “%2” yet")
+                     .arg(unsent.first().database, unsent.first().location)
+               : summaryText("There are changes that are not synchronized yet");
+}
+
+QString SynchronizationSummary::failureText(const QList<Item> &failed) const {
+    if (failed.size() > 1) {
+        return summaryText("%1 of %2 synchronizations failed")
+            .arg(failed.size())
+            .arg(m_items.size());
+    }
+    const Item &item = failed.first();
+    const QString text =
+        summaryText("“%1” is not synchronized with “%2”").arg(item.database, item.location);
+    return item.reason.isEmpty() ? text : QStringLiteral("%1: %2").arg(text, item.reason);
+}
+
+std::optional<Error> SynchronizationSummary::failure() const {
+    QStringList descriptions;
+    for (const Item &item : m_items) {
+        if (item.failure) {
+            descriptions.append(item.failure->localizedDescription);
+        }
+    }
+    if (descriptions.isEmpty()) {
+        return {};
+    }
+    if (const qsizetype more = descriptions.size() - MostDescribed; more > 0) {
+        descriptions = descriptions.first(MostDescribed);
+        descriptions.append(summaryText("Further failures: %1").arg(more));
+    }
+    return Error{.domain = QStringLiteral("Velmora"),
+                 .localizedDescription = descriptions.join(QStringLiteral("\n\n"))};
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QtCore/QDateTime>
+#include <memory>
+#include <optional>
+
+#include "Host/QVSyncState.h"
+#include "Platform/Foundation/Error.h"
+
+class QVSyncLocation;
+class QVSyncPlugin;
+
+/// How far the enabled states of all locations are synchronized, at one moment. A value. Must be
+/// used on the main thread.
+class SynchronizationSummary {
+public:
+    /// One database at one location.
+    struct Item {
+        std::shared_ptr<QVSyncState> state;
+        /// The name of the database and the title of the location.
+        QString database;
+        QString location;
+        /// What failed in the last job, for the user; empty if nothing did.
+        std::optional<Error> failure = {};
+        /// The reason in a few words; may be empty.
+        QString reason = {};
+        /// Whether the database has changes that the location does not have yet.
+        bool isUnsent = false;
+
+        bool isUpToDate() const { return !failure && !isUnsent; }
+    };
+
+    /// The summary without any state.
+    SynchronizationSummary() = default;
+    /// Reads the states. Blocks for the profile.
+    static SynchronizationSummary of(const QVSyncPlugin &plugin);
+
+    /// In the order of the locations.
+    const QList<Item> &items() const { return m_items; }
+    /// Returns whether there are items and all are up to date.
+    bool isUpToDate() const;
+    /// Returns when the next schedule fires; an invalid date if none does.
+    QDateTime nextDate() const { return m_nextDate; }
+    /// Returns one line for the user: "All up to date · next: today at 21:00", or what failed or
+    /// remains to be synchronized.
+    QString text() const;
+    /// Returns all failures as one error for the user; empty if there is none.
+    std::optional<Error> failure() const;
+
+    /// Returns the name of the database of `state`, and the title of `location`.
+    static QString nameOf(const QVSyncState &state);
+    static QString titleOf(const QVSyncLocation &location);
+
+private:
+    static Item itemOf(const QVSyncPlugin &plugin, const std::shared_ptr<QVSyncState> &state,
+                       const QString &location);
+    /// Returns the text without the next date.
+    QString stateText() const;
+    QString failureText(const QList<Item> &failed) const;
+
+    QList<Item> m_items;
+    QDateTime m_nextDate;
+};
