@@ -45,9 +45,10 @@ bool TransactionName::hasDigest(const QString &name) {
     return name.at(PositionOfVersion) == DigestVersion;
 }
 
-QString TransactionName::ofDamaged(const QString &name, const QByteArray &record) {
+QString TransactionName::ofDamaged(const QString &name, const QByteArray &record, int attempt) {
     constexpr qsizetype bytes = 8;
-    return stem(name) + DamagedMark + QString::fromLatin1(digestOf(record).first(bytes).toHex());
+    const QByteArray digest = digestOf(record + QByteArray(attempt, '\0'));
+    return stem(name) + DamagedMark + QString::fromLatin1(digest.first(bytes).toHex());
 }
 
 bool TransactionName::isOfDamaged(const QString &name) {

@@ -17,8 +17,8 @@ bool matches(const QString &name, const QByteArray &record);
 /// Returns whether `name`, which must be valid, contains a digest.
 bool hasDigest(const QString &name);
 /// Returns the name under which the damaged `record` is kept that was found under `name`. No reader
-/// takes it for a record.
-QString ofDamaged(const QString &name, const QByteArray &record);
+/// takes it for a record. Another `attempt`, from 0 on, results in another name.
+QString ofDamaged(const QString &name, const QByteArray &record, int attempt = 0);
 /// Returns whether `name` is one that ofDamaged() returns.
 bool isOfDamaged(const QString &name);
 

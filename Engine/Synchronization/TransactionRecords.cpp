@@ -4,6 +4,13 @@
 #include "Engine/Notes/TransactionName.h"
 #include "Host/SyncStoreLayout.h"
 
+namespace {
+
+/// The number of copies of one damaged record that may themselves be damaged.
+constexpr int MostCopies = 4;
+
+}  // namespace
+
 TransactionRecords::TransactionRecords(BlobStore &store, const QString &databaseUUID,
                                        const EngineFuture &future)
     : m_store(store), m_folder(folder(databaseUUID)), m_future(future) {}
@@ -43,7 +50,6 @@ Expected<QString> TransactionRecords::setAside(const QString &name,
         const Expected<Record> read = verified(record, name, written);
         return !read && isEngineError(read.error(), EngineErrorCode::DamagedRecord);
     };
-    const QString copy = TransactionName::ofDamaged(name, *damaged);
     const auto isSame = [&](const QByteArray &record) -> Expected<void> {
         if (record == *damaged && isDamaged(record)) {
             return {};
@@ -53,14 +59,35 @@ Expected<QString> TransactionRecords::setAside(const QString &name,
                                    "as it is. Check the disk or the server.",
                                    place(name)));
     };
-    const QString copyPath = m_folder + u'/' + copy;
     return isSame(*damaged)
-        .and_then([&] { return m_store.writeIfAbsent(copyPath, *damaged, m_future); })
-        .and_then([&](BlobStore::Written) { return bytes(copy).and_then(isSame); })
-        // Another computer may be about to complete the record.
-        .and_then([&] { return bytes(name).and_then(isSame); })
-        .and_then([&] { return m_store.remove(m_folder + u'/' + name, m_future); })
-        .map([&] { return place(copy); });
+        .and_then([&] { return copyOf(name, *damaged); })
+        .and_then([&](const QString &copy) {
+            // Another computer may be about to complete the record.
+            return bytes(name)
+                .and_then(isSame)
+                .and_then([&] { return m_store.remove(m_folder + u'/' + name, m_future); })
+                .map([&] { return place(copy); });
+        });
+}
+
+Expected<QString> TransactionRecords::copyOf(const QString &name, const QByteArray &damaged) const {
+    for (int attempt = 0; attempt < MostCopies; ++attempt) {
+        const QString copy = TransactionName::ofDamaged(name, damaged, attempt);
+        const Expected<QByteArray> stored =
+            m_store.writeIfAbsent(m_folder + u'/' + copy, damaged, m_future)
+                .and_then([&](BlobStore::Written) { return bytes(copy); });
+        if (!stored) {
+            return failure(stored.error());
+        }
+        if (*stored == damaged) {
+            return copy;
+        }
+    }
+    return failure(
+        engineError(EngineErrorCode::DamagedRecord,
+                    "The damaged record “%1” cannot be copied, because the location does "
+                    "not store what is written. Check the disk or the server.",
+                    place(name)));
 }
 
 Expected<QSet<QString>> TransactionRecords::listed() const {

@@ -53,6 +53,9 @@ public:
 
 private:
     Expected<QByteArray> bytes(const QString &name) const;
+    /// Copies the contents of the damaged record `name`, and reads the copy back. Returns the
+    /// name of the copy, which may have existed. A copy that was only written in part is left.
+    Expected<QString> copyOf(const QString &name, const QByteArray &damaged) const;
     Expected<Record> verified(const QByteArray &record, const QString &name,
                               const std::optional<Contents> &written) const;
 

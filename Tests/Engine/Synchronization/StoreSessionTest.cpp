@@ -226,6 +226,29 @@ private Q_SLOTS:
         }
     }
 
+    /// As after a program was killed while it wrote the copy to a server that keeps what arrived.
+    void aDamagedRecordIsMovedAlthoughACopyWasCutOff() {
+        const QString name = records().first();
+        QByteArray &record = m_blobs[name];
+        record.chop(1);
+        const QByteArray damaged = record;
+        const QString fileName = name.section(u'/', -1);
+        const QString cutOff =
+            name.chopped(fileName.size()) + TransactionName::ofDamaged(fileName, damaged);
+        m_blobs[cutOff] = damaged.first(10);
+        SyncSession session(profile(), m_host->library(),
+                            {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")},
+                            SyncSession::Verification::All);
+        MemoryStore store(m_blobs);
+        QVERIFY(runSession(session, store));
+        QVERIFY(!m_blobs.contains(name));
+        QCOMPARE(m_blobs.at(cutOff), damaged.first(10));
+        QCOMPARE(std::count_if(m_blobs.begin(), m_blobs.end(),
+                               [&](const auto &blob) { return blob.second == damaged; }),
+                 1);
+        QCOMPARE(titlesOnAnotherComputer(), (QSet{QStringLiteral("a"), QStringLiteral("b")}));
+    }
+
     void aRecordOfANewerVersionIsNeitherMovedNorChanged() {
         const QByteArray newer = "{\"version\":2}";
         m_blobs[QStringLiteral("transactions/@inbox/") + TransactionName::of(newer)] = newer;
