@@ -10,6 +10,11 @@ namespace {
 /// The starts of the keys of settings, which the database and the store follow.
 const QString VerifiedPrefix = QStringLiteral("lastVerified ");
 const QString WrittenPrefix = QStringLiteral("written ");
+const QString RewrittenPrefix = QStringLiteral("rewritten ");
+
+/// Separate the names and the lists in a setting. No name contains them.
+constexpr QChar NameMark = u' ';
+constexpr QChar ListMark = u'\n';
 
 /// Follows the name of a record in the rows of its parts, which are therefore beside its own.
 constexpr QChar PartMark = u' ';
@@ -133,30 +138,45 @@ Expected<void> KnownTransactions::remove(const QStringList &names) const {
             return removed;
         }
     }
-    return names.isEmpty() ? Expected<void>() : ProfileSettings::remove(m_profile, keyOfWritten());
+    return names.isEmpty() ? Expected<void>()
+                           : ProfileSettings::remove(m_profile, key(WrittenPrefix));
 }
 
 Expected<void> KnownTransactions::forgetStore(const ProfileDatabase &profile,
                                               const QString &store) {
     return profile.run(QStringLiteral("DELETE FROM known_transactions WHERE place = ?"), {store})
         .and_then([&] { return ProfileSettings::removeAll(profile, VerifiedPrefix, u' ' + store); })
-        .and_then([&] { return ProfileSettings::removeAll(profile, WrittenPrefix, u' ' + store); });
+        .and_then([&] { return ProfileSettings::removeAll(profile, WrittenPrefix, u' ' + store); })
+        .and_then(
+            [&] { return ProfileSettings::removeAll(profile, RewrittenPrefix, u' ' + store); });
 }
 
 Expected<QString> KnownTransactions::lastVerified() const {
-    return setting(keyOfVerified());
+    return setting(key(VerifiedPrefix));
 }
 
 Expected<void> KnownTransactions::setLastVerified(const QString &name) const {
-    return setSetting(keyOfVerified(), name);
+    return setSetting(key(VerifiedPrefix), name);
 }
 
 Expected<QString> KnownTransactions::written() const {
-    return setting(keyOfWritten());
+    return setting(key(WrittenPrefix));
 }
 
 Expected<void> KnownTransactions::setWritten(const QString &state) const {
-    return setSetting(keyOfWritten(), state);
+    return setSetting(key(WrittenPrefix), state);
+}
+
+Expected<KnownTransactions::Rewritten> KnownTransactions::rewritten() const {
+    return setting(key(RewrittenPrefix)).map([](const QString &value) {
+        return Rewritten{value.section(ListMark, 0, 0).split(NameMark, Qt::SkipEmptyParts),
+                         value.section(ListMark, 1).split(NameMark, Qt::SkipEmptyParts)};
+    });
+}
+
+Expected<void> KnownTransactions::setRewritten(const Rewritten &records) const {
+    return setSetting(key(RewrittenPrefix),
+                      records.names.join(NameMark) + ListMark + records.by.join(NameMark));
 }
 
 Expected<QString> KnownTransactions::setting(const QString &key) const {
@@ -169,10 +189,6 @@ Expected<void> KnownTransactions::setSetting(const QString &key, const QString &
     return ProfileSettings::set(m_profile, key, ProfileDatabase::text(value));
 }
 
-QString KnownTransactions::keyOfVerified() const {
-    return VerifiedPrefix + QString::number(m_database) + u' ' + m_store;
-}
-
-QString KnownTransactions::keyOfWritten() const {
-    return WrittenPrefix + QString::number(m_database) + u' ' + m_store;
+QString KnownTransactions::key(const QString &prefix) const {
+    return prefix + QString::number(m_database) + u' ' + m_store;
 }

@@ -63,6 +63,16 @@ public:
     /// state NoteLog::state().
     Expected<void> setWritten(const QString &state) const;
 
+    /// Records that remain to be removed, since others contain all that they contain.
+    struct Rewritten {
+        QStringList names;
+        /// The names of the records that contain it.
+        QStringList by;
+    };
+    /// Returns what was passed to setRewritten() last; both lists are empty if that never happened.
+    Expected<Rewritten> rewritten() const;
+    Expected<void> setRewritten(const Rewritten &records) const;
+
 private:
     /// Reads rows with the columns name, operations, superseded and size.
     Expected<QHash<QString, Contents>> read(const QString &condition,
@@ -70,9 +80,8 @@ private:
     Expected<void> insert(const QString &row, const Transaction &part, qint64 size) const;
     Expected<QString> setting(const QString &key) const;
     Expected<void> setSetting(const QString &key, const QString &value) const;
-    /// The keys of the settings that lastVerified() and written() return.
-    QString keyOfVerified() const;
-    QString keyOfWritten() const;
+    /// Returns the key of the setting for this database and store whose key begins with `prefix`.
+    QString key(const QString &prefix) const;
 
     const ProfileDatabase &m_profile;
     const QString m_store;

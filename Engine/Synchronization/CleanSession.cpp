@@ -4,6 +4,7 @@
 
 #include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Synchronization/RecordTiers.h"
 
 namespace {
 
@@ -11,6 +12,10 @@ namespace {
 constexpr qint64 SmallSize = Transaction::UsualSize / 16;
 
 }  // namespace
+
+CleanSession::CleanSession(const ProfileDatabase &profile, EngineNoteLibrary &library,
+                           Subject subject, Extent extent)
+    : StoreSession(profile, library, std::move(subject)), m_extent(extent) {}
 
 Expected<void> CleanSession::accessStore(BlobStore &store, const EngineFuture &future) {
     switch (m_step) {
@@ -52,6 +57,14 @@ Expected<void> CleanSession::forgetIncomplete() {
     if (!forgotten || !m_incomplete.isEmpty()) {
         return forgotten;
     }
+    if (m_toRemove.isEmpty()) {
+        setDone();
+        return {};
+    }
+    if (m_isWritten) {
+        m_step = Step::Removing;
+        return {};
+    }
     return profile().write([this] { return log().markAllSent(); }).and_then([this] {
         return continueWriting();
     });
@@ -59,18 +72,70 @@ Expected<void> CleanSession::forgetIncomplete() {
 
 Expected<void> CleanSession::forgetRemoved() {
     m_step = Step::ForgettingRemoved;
-    return forgetSome(m_toRemove).map([this] {
-        if (m_toRemove.isEmpty()) {
-            setDone();
-        }
+    Expected<void> forgotten = forgetSome(m_toRemove);
+    if (!forgotten || !m_toRemove.isEmpty()) {
+        return forgotten;
+    }
+    setDone();
+    return recordRemoval();
+}
+
+Expected<void> CleanSession::recordRemoval() {
+    return profile().write([this] {
+        return known().setRewritten({}).and_then([this] {
+            return m_completeState.isEmpty() ? Expected<void>()
+                                             : known().setWritten(m_completeState);
+        });
     });
 }
 
 Expected<void> CleanSession::chooseTransactions() {
-    Expected<Transactions> all = known().all();
-    if (!all) {
-        return failure(all.error());
+    const Expected<QString> state = log().state();
+    if (!state) {
+        return failure(state.error());
     }
+    const Expected<QString> written = known().written();
+    if (!written) {
+        return failure(written.error());
+    }
+    if (*state == *written) {
+        m_completeState = *state;
+    }
+    if (m_extent != Extent::Everything) {
+        const Expected<QHash<QString, qint64>> sizes = known().sizes();
+        if (!sizes) {
+            return failure(sizes.error());
+        }
+        const Expected<bool> isChosen = chooseRewritten(*sizes);
+        if (!isChosen) {
+            return failure(isChosen.error());
+        }
+        const bool isNeeded =
+            m_extent == Extent::FullTiersAndLarge || !RecordTiers::full(*sizes).isEmpty();
+        if (*isChosen || !isNeeded || m_completeState.isEmpty()) {
+            return {};
+        }
+    }
+    return known().all().and_then([this](const Transactions &all) { return chooseFrom(all); });
+}
+
+Expected<bool> CleanSession::chooseRewritten(const QHash<QString, qint64> &sizes) {
+    return known().rewritten().map([&](const KnownTransactions::Rewritten &rewritten) {
+        const auto isKnown = [&](const QString &name) { return sizes.contains(name); };
+        if (!rewritten.by.isEmpty() &&
+            std::all_of(rewritten.by.begin(), rewritten.by.end(), isKnown)) {
+            m_toRemove = rewritten.names;
+            m_toRemove.removeIf([&](const QString &name) { return !isKnown(name); });
+        }
+        m_isWritten = !m_toRemove.isEmpty();
+        if (m_isWritten) {
+            m_completeState.clear();
+        }
+        return m_isWritten;
+    });
+}
+
+Expected<void> CleanSession::chooseFrom(Transactions all) {
     const Expected<QList<OperationId>> operations = log().operationIds();
     if (!operations) {
         return failure(operations.error());
@@ -82,14 +147,18 @@ Expected<void> CleanSession::chooseTransactions() {
     const QSet<OperationId> current(operations->begin(), operations->end());
     // What was saved since the synchronization supersedes operations that are about to be removed.
     QSet<OperationId> unwritten = current;
-    for (const KnownTransactions::Contents &contents : *all) {
+    for (const KnownTransactions::Contents &contents : std::as_const(all)) {
         unwritten.subtract(QSet(contents.operations.begin(), contents.operations.end()));
     }
-    m_incomplete = takeTransactionsWithOthers(*all, current + *superseded);
-    m_toRemove = transactionsToRewrite(*all, current);
+    m_incomplete = takeTransactionsWithOthers(all, current + *superseded);
+    if (!m_incomplete.isEmpty()) {
+        m_completeState.clear();
+    }
+    m_toRemove = m_extent == Extent::Everything ? transactionsToRewrite(all, current)
+                                                : fullTiers(all, current);
     QSet<OperationId> chosen = m_toRemove.isEmpty() ? QSet<OperationId>() : unwritten;
     for (const QString &name : std::as_const(m_toRemove)) {
-        const KnownTransactions::Contents contents = all->value(name);
+        const KnownTransactions::Contents contents = all.value(name);
         for (const OperationId &identifier : contents.operations) {
             (current.contains(identifier) ? chosen : m_supersededToWrite).insert(identifier);
         }
@@ -139,6 +208,22 @@ QStringList CleanSession::transactionsToRewrite(const Transactions &all,
     return obsolete.isEmpty() && small.size() == 1 ? QStringList() : obsolete + small;
 }
 
+QStringList CleanSession::fullTiers(const Transactions &all, const QSet<OperationId> &current) {
+    QHash<QString, qint64> sizes;
+    QStringList large;
+    for (auto each = all.begin(); each != all.end(); ++each) {
+        sizes.insert(each.key(), each->size);
+        const qsizetype needed =
+            std::count_if(each->operations.begin(), each->operations.end(),
+                          [&](const OperationId &id) { return current.contains(id); });
+        if (each->size >= RecordTiers::LargeSize && needed * 2 <= each->operations.size() &&
+            !each->operations.isEmpty()) {
+            large.append(each.key());
+        }
+    }
+    return RecordTiers::full(sizes) + large;
+}
+
 Expected<void> CleanSession::continueWriting() {
     const Expected<bool> remains = prepareNextTransaction();
     if (!remains) {
@@ -150,6 +235,9 @@ Expected<void> CleanSession::continueWriting() {
         setDone();
     } else {
         m_step = Step::Removing;
+        return profile().write([this] {
+            return known().setRewritten({m_toRemove, writtenTransactions()});
+        });
     }
     return {};
 }

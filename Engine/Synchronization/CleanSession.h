@@ -2,9 +2,8 @@
 
 #include "Engine/Synchronization/StoreSession.h"
 
-/// Removes from a store what no replica needs: rewrites the current contents of those transactions
-/// that contain superseded or duplicate operations or are small, and then removes these
-/// transactions. Must follow a completed SyncSession of the same subject.
+/// Removes from a store what no replica needs: rewrites the current contents of some transactions,
+/// and then removes these transactions. Must follow a completed SyncSession of the same subject.
 ///
 /// Safe while others write, read or clean up the same store: a transaction is removed only after
 /// this session has written every current operation of it and the identifiers of all others, so
@@ -15,7 +14,19 @@
 /// declared superseded or removed.
 class CleanSession : public StoreSession {
 public:
-    using StoreSession::StoreSession;
+    /// Which transactions to rewrite.
+    enum class Extent {
+        /// Those that contain superseded or duplicate operations or are small.
+        Everything,
+        /// Those of full tiers (see RecordTiers). If there are any, also the large ones of which
+        /// most operations are superseded.
+        FullTiers,
+        /// Those of full tiers, and in any case the large ones.
+        FullTiersAndLarge
+    };
+
+    CleanSession(const ProfileDatabase &profile, EngineNoteLibrary &library, Subject subject,
+                 Extent extent = Extent::Everything);
 
     /// Writes or removes transactions, depending on the step. Removing many may take as long as the
     /// store needs for each.
@@ -29,9 +40,13 @@ private:
     /// The contents of known transactions by name.
     using Transactions = QHash<QString, KnownTransactions::Contents>;
 
-    /// Determines which transactions to rewrite and remove, and what must be written before. Called
+    /// Determine which transactions to rewrite and remove, and what must be written before. Called
     /// on a worker thread.
     Expected<void> chooseTransactions();
+    Expected<void> chooseFrom(Transactions all);
+    /// Chooses what is left of a session that was interrupted before it had removed all; returns
+    /// whether there is anything.
+    Expected<bool> chooseRewritten(const QHash<QString, qint64> &sizes);
     /// Removes from `all` the transactions with an operation that is not in `operations`, and
     /// returns their names.
     static QStringList takeTransactionsWithOthers(Transactions &all,
@@ -40,18 +55,29 @@ private:
     /// ones that another transaction contains too, or that are small. O(number of operations).
     static QStringList transactionsToRewrite(const Transactions &all,
                                              const QSet<OperationId> &current);
+    /// Returns the names of the transactions of full tiers, and of the large ones of which at least
+    /// half of the operations are not `current`.
+    static QStringList fullTiers(const Transactions &all, const QSet<OperationId> &current);
     /// Forgets some of what must be read again, then begins to write.
     Expected<void> forgetIncomplete();
     /// Forgets some of what was removed.
     Expected<void> forgetRemoved();
+    /// Records that nothing remains to be removed.
+    Expected<void> recordRemoval();
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
     /// Removes the chosen transactions from the store; stops at the first error.
     Expected<void> removeTransactions(BlobStore &store, const EngineFuture &future);
 
+    const Extent m_extent;
     Step m_step = Step::Starting;
     /// The names of the known transactions that must be read again.
     QStringList m_incomplete;
     /// The names of the transactions to remove.
     QStringList m_toRemove;
+    /// The state of the database that the known transactions contain completely before and after
+    /// this session; empty if there is none.
+    QString m_completeState;
+    /// Whether an earlier session has written what the transactions to remove contain.
+    bool m_isWritten = false;
 };

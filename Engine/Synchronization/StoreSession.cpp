@@ -43,6 +43,10 @@ void StoreSession::rememberDatabase() {
     m_databaseId = database()->log().database();
 }
 
+void StoreSession::addTransactionOfSize(qint64 size) {
+    m_largestTransaction = qMax(m_largestTransaction, size);
+}
+
 QString StoreSession::folder() const {
     return TransactionRecords::folder(m_subject.databaseUUID);
 }
@@ -136,6 +140,8 @@ Expected<void> StoreSession::recordWrittenTransaction() {
     return m_profile
         .write([this] { return known().add(m_transactionName, m_transaction, m_writtenSize); })
         .map([this] {
+            addTransactionOfSize(m_writtenSize);
+            m_writtenTransactions.append(m_transactionName);
             m_sent += m_transaction.operations.size();
             m_progress.advance(m_transaction.operations.size());
         });

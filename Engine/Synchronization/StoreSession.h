@@ -77,6 +77,9 @@ public:
     /// were written to it. Must be called on the main thread.
     qint64 received() const { return m_received; }
     qint64 sent() const { return m_sent; }
+    /// Returns the size in bytes of the largest transaction that was read and merged or written; 0
+    /// if there was none. Must be called on the main thread.
+    qint64 largestTransaction() const { return m_largestTransaction; }
     /// Returns the removal that the user has to decide about, if the session has ended with an
     /// error of the code RemovalUndecided.
     const std::optional<Removal> &undecidedRemoval() const { return m_undecidedRemoval; }
@@ -107,6 +110,7 @@ protected:
     void addProblem(const Error &error) { m_problems.append(error); }
     SessionProgress &progress() { return m_progress; }
     void addReceived(qint64 count) { m_received += count; }
+    void addTransactionOfSize(qint64 size);
     void setDone() { m_isDone = true; }
     void setUndecidedRemoval(const Removal &removal) { m_undecidedRemoval = removal; }
 
@@ -125,6 +129,8 @@ protected:
                                                            const EngineFuture &future) const;
     /// Adds the written transaction to the known ones. Must be called on the main thread.
     Expected<void> recordWrittenTransaction();
+    /// Returns the names of the transactions that were written.
+    const QStringList &writtenTransactions() const { return m_writtenTransactions; }
     /// Returns whether an operation was superseded before it was written.
     bool hasFailedToWriteAll() const { return m_hasFailedToWriteAll; }
 
@@ -143,6 +149,8 @@ private:
     SessionProgress m_progress;
     qint64 m_received = 0;
     qint64 m_sent = 0;
+    qint64 m_largestTransaction = 0;
+    QStringList m_writtenTransactions;
     bool m_hasFailedToWriteAll = false;
     std::atomic_bool m_isAbandoned = false;
     /// Locked while a worker thread reads the profile.

@@ -3,13 +3,20 @@
 #include <algorithm>
 #include <utility>
 
+#include "Engine/Foundation/EngineError.h"
 #include "Engine/Synchronization/CleanSession.h"
+#include "Engine/Synchronization/RecordTiers.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
 
 SyncJob::SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &library,
                  const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store,
                  const SyncSession::Decision &decision)
-    : m_kind(kind), m_subject(subject), m_store(std::move(store)) {
+    : m_kind(kind),
+      m_profile(profile),
+      m_library(library),
+      m_subject(subject),
+      m_store(std::move(store)) {
     auto synchronization = std::make_shared<SyncSession>(profile, library, subject);
     synchronization->setDecision(decision);
     m_sessions.push_back(std::move(synchronization));
@@ -60,27 +67,60 @@ void SyncJob::finishStep(const Expected<void> &result) {
     }
     m_result = result.and_then(
         [this] { return m_session ? m_session->accessProfile() : Expected<void>(); });
-    continueJob();
-}
-
-void SyncJob::continueJob() {
-    const auto next =
-        std::find_if(m_sessions.begin(), m_sessions.end(),
-                     [](const std::shared_ptr<StoreSession> &each) { return !each->isDone(); });
-    if (!m_result || next == m_sessions.end()) {
+    if (!m_result && m_isCompacting) {
+        if (!isEngineError(m_result.error(), EngineErrorCode::Cancelled)) {
+            m_problems.append(compactionFailed(m_result.error()));
+        }
+        m_result = {};
         end();
         return;
     }
-    m_session = next->get();
+    continueJob();
+}
+
+Error SyncJob::compactionFailed(const Error &reason) const {
+    Error error = reason;
+    error.localizedDescription =
+        localizedSyncString(
+            "Everything was synchronized, but the records at “%1” could not be "
+            "merged: %2")
+            .arg(m_subject.place, reason.localizedDescription);
+    return error;
+}
+
+StoreSession *SyncJob::nextSession() {
+    const auto next =
+        std::find_if(m_sessions.begin(), m_sessions.end(),
+                     [](const std::shared_ptr<StoreSession> &each) { return !each->isDone(); });
+    if (next != m_sessions.end()) {
+        return next->get();
+    }
+    const qint64 largest = m_sessions.front()->largestTransaction();
+    if (m_kind != Kind::Synchronization || m_isCompacting || largest == 0) {
+        return nullptr;
+    }
+    m_isCompacting = true;
+    const auto extent = largest < RecordTiers::LargeSize ? CleanSession::Extent::FullTiers
+                                                         : CleanSession::Extent::FullTiersAndLarge;
+    m_sessions.push_back(std::make_shared<CleanSession>(m_profile, m_library, m_subject, extent));
+    return m_sessions.back().get();
+}
+
+void SyncJob::continueJob() {
+    m_session = m_result ? nextSession() : nullptr;
+    if (!m_session) {
+        end();
+        return;
+    }
     runOnThread([this] { return m_session->accessStore(*m_store, *m_future); });
 }
 
 void SyncJob::end() {
     for (const std::shared_ptr<StoreSession> &session : m_sessions) {
         m_problems.append(session->problems());
-        m_received += session->received();
-        m_sent += session->sent();
     }
+    m_received = m_sessions.front()->received();
+    m_sent = m_sessions.front()->sent();
     m_undecidedRemoval = m_sessions.front()->undecidedRemoval();
     m_session = nullptr;
     // Releasing what they have read can take long.

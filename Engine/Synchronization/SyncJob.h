@@ -7,7 +7,9 @@
 #include "Engine/Foundation/WorkerThreads.h"
 #include "Engine/Synchronization/SyncSession.h"
 
-/// Opens a store and runs sessions with it one after the other. The store is accessed on a worker
+/// Opens a store and runs sessions with it one after the other. A synchronization that has read or
+/// written records is followed by a session that rewrites small records; if that fails, the
+/// synchronization has succeeded nevertheless, with a problem. The store is accessed on a worker
 /// thread, the profile on the main thread; the steps alternate, so that the main thread is never
 /// blocked for long. Must be owned by a std::shared_ptr; all functions must be called on the main
 /// thread.
@@ -46,8 +48,8 @@ public:
     /// Returns how far the current session is; the activity is empty. The phase is Preparing while
     /// the store is opened.
     QVSyncProgress progress() const;
-    /// Return the numbers of changes of notes that were read from the store and written to it,
-    /// after the job has ended.
+    /// Return the numbers of changes of notes that the synchronization has read from the store and
+    /// written to it, after the job has ended.
     qint64 received() const { return m_received; }
     qint64 sent() const { return m_sent; }
     /// Returns the removal that the user has to decide about, if the job has failed with an error
@@ -64,8 +66,14 @@ private:
     void end();
     /// Continues the current session on the main thread, unless the step failed.
     void finishStep(const Expected<void> &result);
+    /// Returns the next session that is not done, or null. Adds the compaction after a
+    /// synchronization that has read or written records.
+    StoreSession *nextSession();
+    Error compactionFailed(const Error &reason) const;
 
     const Kind m_kind;
+    const ProfileDatabase &m_profile;
+    EngineNoteLibrary &m_library;
     const StoreSession::Subject m_subject;
     const std::shared_ptr<BlobStore> m_store;
     const std::shared_ptr<EngineFuture> m_future = std::make_shared<EngineFuture>();
@@ -77,6 +85,7 @@ private:
     std::optional<StoreSession::Removal> m_undecidedRemoval;
     /// Null until the store is open.
     StoreSession *m_session = nullptr;
+    bool m_isCompacting = false;
     Expected<void> m_result;
     WorkerThreads *m_threads = nullptr;
     /// Empty after the job has ended or was abandoned.

@@ -530,6 +530,9 @@ Expected<void> SyncSession::mergeTransactions() {
     const qint64 count = all.operations.size();
     return library().merge(database(), merge, [&] { return addToKnown(parts); }).map([&] {
         addReceived(count);
+        for (const Part &part : std::as_const(parts)) {
+            addTransactionOfSize(part.size.value_or(0));
+        }
         progress().advance(m_merged.size() - mergedBefore);
     });
 }

@@ -544,6 +544,14 @@
         <translation>Der Datensatz „%1“ war beschädigt und wurde nach „%2“ verschoben. Synchronisieren Sie auf dem Computer, der ihn geschrieben hat, um seinen Inhalt wiederherzustellen.</translation>
     </message>
     <message>
+        <source>The damaged record “%1” cannot be copied, because the location does not store what is written. Check the disk or the server.</source>
+        <translation>Der beschädigte Datensatz „%1“ kann nicht kopiert werden, weil der Ort nicht speichert, was geschrieben wird. Überprüfen Sie die Festplatte oder den Server.</translation>
+    </message>
+    <message>
+        <source>Everything was synchronized, but the records at “%1” could not be merged: %2</source>
+        <translation>Alles wurde synchronisiert, aber die Datensätze an „%1“ konnten nicht zusammengefasst werden: %2</translation>
+    </message>
+    <message>
         <source>The record “%1” was read differently each time, so it was left as it is. Check the disk or the server.</source>
         <translation>Der Datensatz „%1“ wurde jedes Mal anders gelesen und deshalb unverändert gelassen. Überprüfen Sie die Festplatte oder den Server.</translation>
     </message>

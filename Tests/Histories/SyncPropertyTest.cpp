@@ -2,8 +2,9 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
-#include "Engine/Synchronization/CleanSession.h"
+#include "Engine/Synchronization/RecordTiers.h"
 #include "Engine/Synchronization/SyncSession.h"
+#include "Support/Compaction.h"
 #include "Support/MemoryStore.h"
 #include "Support/Replica.h"
 #include "Support/TestMain.h"
@@ -12,6 +13,11 @@
 namespace {
 
 std::mt19937 randomBits;
+
+bool isTransaction(const QString &name) {
+    return name.startsWith(QStringLiteral("transactions/")) &&
+           name.endsWith(QStringLiteral(".json"));
+}
 
 int upTo(int end) {
     return static_cast<int>(randomBits() % static_cast<unsigned>(end));
@@ -115,7 +121,7 @@ public:
                     happens(20) ? rename(anyReplica()) : begin<SyncSession>();
                     break;
                 case 6:
-                    happens(25) ? beginCleaning() : begin<SyncSession>();
+                    happens(50) ? beginRewriting() : begin<SyncSession>();
                     break;
                 default:
                     goOn();
@@ -141,6 +147,7 @@ public:
             for (Replica *replica : std::as_const(m_replicas)) {
                 for (qsizetype store = 0; store < storeCount(); ++store) {
                     runWhole<SyncSession>(replica, store, verification);
+                    runWhole<Compaction>(replica, store);
                 }
             }
         }
@@ -194,14 +201,25 @@ public:
         require(problems.isEmpty(), problems.join(u' ').toUtf8().constData());
     }
 
+    /// Of what can be read, no tier is full.
+    void verifyFewRecords(qsizetype store) const {
+        QHash<QString, qint64> sizes;
+        for (const auto &[name, contents] : m_stores[store]) {
+            if (isTransaction(name) && Transaction::decoded(contents, name)) {
+                sizes.insert(name, contents.size());
+            }
+        }
+        require(m_kind != Kind::Failures || RecordTiers::full(sizes).isEmpty(),
+                "small records remain");
+    }
+
     /// Of what can be read, the store holds no operation that is superseded and none twice.
     void verifyClean(qsizetype store) const {
         QSet<OperationId> operations;
         qsizetype count = 0;
         for (const auto &[name, contents] : m_stores[store]) {
             const Expected<Transaction> read = Transaction::decoded(contents, name);
-            if (!name.startsWith(QStringLiteral("transactions/")) ||
-                !name.endsWith(QStringLiteral(".json")) || !read) {
+            if (!isTransaction(name) || !read) {
                 continue;
             }
             for (const Operation &operation : read->operations) {
@@ -305,11 +323,11 @@ private:
     }
 
     /// Of one computer, or of two at once.
-    void beginCleaning() {
+    void beginRewriting() {
         const qsizetype store = anyStore();
-        begin<CleanSession>(anyReplica(), store);
-        if (happens(50)) {
-            begin<CleanSession>(anyReplica(), store);
+        for (int i = 1 + upTo(2); i > 0; --i) {
+            happens(25) ? begin<CleanSession>(anyReplica(), store)
+                        : begin<Compaction>(anyReplica(), store);
         }
     }
 
@@ -531,6 +549,7 @@ private:
             history.verifySame(replica, history.replicas().first());
         }
         for (qsizetype store = 0; store < history.storeCount(); ++store) {
+            history.verifyFewRecords(store);
             history.runWhole<CleanSession>(taking.last(), store);
             history.verifyClean(store);
         }

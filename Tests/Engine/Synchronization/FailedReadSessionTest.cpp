@@ -1,5 +1,6 @@
-#include "Engine/Synchronization/CleanSession.h"
+#include "Engine/Synchronization/RecordTiers.h"
 #include "Engine/Synchronization/SyncSession.h"
+#include "Support/Compaction.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
 #include "Support/SessionTestCase.h"
@@ -47,6 +48,28 @@ private Q_SLOTS:
         QVERIFY(run<SyncSession>());
         QVERIFY(run<CleanSession>());
         QCOMPARE(m_host->inbox()->notes().value().size(), 3);
+        verifyNotesOfAnotherComputer();
+    }
+
+    void merging_data() {
+        addTables();
+        QTest::newRow("settings") << QStringLiteral("settings") << Fault::AllRows;
+    }
+    void merging() {
+        QFETCH(QString, table);
+        QFETCH(Fault, fault);
+        for (int i = 0; i < RecordTiers::MostInTier; ++i) {
+            saveNote(QString::number(i));
+            QVERIFY(run<SyncSession>());
+        }
+        const MemoryStore::Blobs before = m_blobs;
+        {
+            const FailingTable failing(profile(), table, fault);
+            QCOMPARE(code(run<Compaction>()), EngineErrorCode::ProfileNotWritten);
+            QCOMPARE(m_blobs, before);
+        }
+        QVERIFY(run<Compaction>());
+        QVERIFY(m_blobs.size() < before.size());
         verifyNotesOfAnotherComputer();
     }
 

@@ -1,0 +1,222 @@
+#include "Support/Compaction.h"
+
+#include "Engine/Notes/EngineDatabase.h"
+#include "Engine/Synchronization/RecordTiers.h"
+#include "Support/Failure.h"
+#include "Support/SessionTestCase.h"
+
+/// Stores stay small while they are synchronized.
+class CompactionTest : public SessionTestCase {
+    Q_OBJECT
+private:
+    QHash<QString, qint64> sizes() const {
+        QHash<QString, qint64> sizes;
+        for (const auto &[name, record] : m_blobs) {
+            if (name.startsWith(QStringLiteral("transactions/"))) {
+                sizes.insert(name, record.size());
+            }
+        }
+        return sizes;
+    }
+
+    void edit(const QString &text) {
+        Note note = m_host->inbox()->notes().value().first();
+        note.text = text;
+        QVERIFY(m_host->inbox()->saveNote(note));
+        QVERIFY(run<SyncSession>());
+    }
+
+    /// Saves and synchronizes as many new notes as fill a tier.
+    void fillTier() {
+        for (int i = 1; i < RecordTiers::MostInTier; ++i) {
+            saveNote(QString::number(i));
+            QVERIFY(run<SyncSession>());
+        }
+        QCOMPARE(sizes().size(), RecordTiers::MostInTier);
+    }
+
+    QStringList titles() {
+        QStringList titles;
+        const QList<Note> notes = m_host->inbox()->notes().value();
+        for (const Note &note : notes) {
+            titles.append(note.title);
+        }
+        titles.sort();
+        return titles;
+    }
+
+    /// Another computer must get the same notes from the store.
+    void verifyNotesOfAnotherComputer() {
+        const QStringList expected = titles();
+        m_host->goToComputer(QStringLiteral("Other"));
+        QVERIFY(run<SyncSession>());
+        QCOMPARE(titles(), expected);
+    }
+
+private Q_SLOTS:
+    void init() { beginWithNotes({QStringLiteral("first")}); }
+    void cleanup() { m_host.reset(); }
+
+    void onlyFullTiersAreRewritten() {
+        QCOMPARE(RecordTiers::full({}), QStringList());
+        QHash<QString, qint64> sizes;
+        for (int i = 0; i < RecordTiers::MostInTier - 1; ++i) {
+            sizes.insert(QStringLiteral("small %1").arg(i), 100);
+            sizes.insert(QStringLiteral("medium %1").arg(i), 10'000);
+            sizes.insert(QStringLiteral("large %1").arg(i), RecordTiers::LargeSize);
+        }
+        QCOMPARE(RecordTiers::full(sizes), QStringList());
+        sizes.insert(QStringLiteral("large, too"), RecordTiers::LargeSize);
+        QCOMPARE(RecordTiers::full(sizes), QStringList());
+        sizes.insert(QStringLiteral("small, too"), 8191);
+        QStringList names = RecordTiers::full(sizes);
+        QCOMPARE(names.size(), RecordTiers::MostInTier);
+        QVERIFY(names.contains(QStringLiteral("small, too")));
+        // With a full tier, all that are smaller.
+        sizes.insert(QStringLiteral("medium, too"), 8192);
+        QCOMPARE(RecordTiers::full(sizes).size(), 2 * RecordTiers::MostInTier);
+    }
+
+    void ofManyRecordsTheSmallestAreRewritten() {
+        QHash<QString, qint64> sizes;
+        for (int size = 1; size <= 1000; ++size) {
+            sizes.insert(QString::number(size), size);
+        }
+        QStringList expected;
+        for (int size = 1; size <= RecordTiers::MostAtOnce; ++size) {
+            expected.append(QString::number(size));
+        }
+        QCOMPARE(RecordTiers::full(sizes), expected);
+    }
+
+    void recordsAreMergedWhenATierIsFull() {
+        fillTier();
+        QVERIFY(run<Compaction>());
+        QCOMPARE(sizes().size(), 1);
+        verifyNotesOfAnotherComputer();
+    }
+
+    void nothingIsRewrittenBeforeATierIsFull() {
+        for (int i = 2; i < RecordTiers::MostInTier; ++i) {
+            saveNote(QString::number(i));
+            QVERIFY(run<SyncSession>());
+        }
+        const MemoryStore::Blobs before = m_blobs;
+        QVERIFY(run<Compaction>());
+        QCOMPARE(m_blobs, before);
+    }
+
+    void manyEditsLeaveFewRecords() {
+        constexpr int edits = 150;
+        for (int i = 0; i < edits; ++i) {
+            edit(QString(200, QChar(u'a' + i % 26)));
+            QVERIFY(run<Compaction>());
+        }
+        QVERIFY2(sizes().size() < 2 * RecordTiers::MostInTier,
+                 qPrintable(QString::number(sizes().size())));
+        verifyNotesOfAnotherComputer();
+    }
+
+    void afterARewriteNothingIsComparedAgain() {
+        fillTier();
+        QVERIFY(run<Compaction>());
+        const MemoryStore::Blobs before = m_blobs;
+        QVERIFY(run<SyncSession>());
+        QCOMPARE(m_blobs, before);
+        const auto database = m_host->library().synchronizedDatabase(InboxUUID);
+        const NoteLog &log = database->log();
+        QCOMPARE(KnownTransactions(profile(), QStringLiteral("store"), log.database()).written(),
+                 log.state());
+    }
+
+    /// As on a server that lets nobody delete anything, or after the program was killed.
+    void whatCouldNotBeRemovedIsNotRewrittenAgain() {
+        fillTier();
+        const auto before = m_blobs.size();
+        {
+            Compaction session = newSession<Compaction>();
+            // The new record is written and read back, then nothing can be removed.
+            MemoryStore store(m_blobs, [&, calls = 0]() mutable {
+                return ++calls > 2 ? MemoryStore::Fault::Unreachable : MemoryStore::Fault::None;
+            });
+            QCOMPARE(code(runSession(session, store)), EngineErrorCode::StoreUnreachable);
+        }
+        QCOMPARE(m_blobs.size(), before + 1);
+        const MemoryStore::Blobs failed = m_blobs;
+        {
+            Compaction session = newSession<Compaction>();
+            MemoryStore store(m_blobs, [] { return MemoryStore::Fault::Unreachable; });
+            QCOMPARE(code(runSession(session, store)), EngineErrorCode::StoreUnreachable);
+        }
+        QCOMPARE(m_blobs, failed);
+        QVERIFY(run<Compaction>());
+        QCOMPARE(sizes().size(), 1);
+        verifyNotesOfAnotherComputer();
+    }
+
+    /// Then what it contained would be lost.
+    void nothingIsRemovedIfTheRecordThatReplacedItIsGone() {
+        fillTier();
+        const QStringList old = sizes().keys();
+        {
+            Compaction session = newSession<Compaction>();
+            MemoryStore store(m_blobs, [&, calls = 0]() mutable {
+                return ++calls > 2 ? MemoryStore::Fault::Unreachable : MemoryStore::Fault::None;
+            });
+            QVERIFY(!runSession(session, store));
+        }
+        const QStringList all = sizes().keys();
+        for (const QString &name : all) {
+            if (!old.contains(name)) {
+                m_blobs.erase(name);
+            }
+        }
+        QVERIFY(run<SyncSession>());
+        QVERIFY(run<Compaction>());
+        QCOMPARE(sizes().size(), 1);
+        verifyNotesOfAnotherComputer();
+    }
+
+    void twoComputersMergeAtOnce() {
+        fillTier();
+        const QString first = QStringLiteral("First");
+        m_host->goToComputer(first);
+        QVERIFY(run<SyncSession>());
+        m_host->goToComputer(QStringLiteral("Second"));
+        QVERIFY(run<SyncSession>());
+        const MemoryStore::Blobs before = m_blobs;
+        QVERIFY(run<Compaction>());
+        QCOMPARE(sizes().size(), 1);
+        // The first one has not seen that.
+        m_host->goToComputer(first);
+        m_blobs.insert(before.begin(), before.end());
+        QVERIFY(run<Compaction>());
+        QCOMPARE(sizes().size(), 2);
+        QVERIFY(run<SyncSession>());
+        verifyNotesOfAnotherComputer();
+    }
+
+    void aLargeRecordIsRewrittenWhenMostOfItIsSuperseded() {
+        edit(QString(RecordTiers::LargeSize, u'x'));
+        edit(QStringLiteral("short"));
+        QVERIFY(run<Compaction>());
+        const QList<qint64> left = sizes().values();
+        QVERIFY(std::all_of(left.begin(), left.end(),
+                            [](qint64 size) { return size < RecordTiers::LargeSize; }));
+        verifyNotesOfAnotherComputer();
+    }
+
+    /// Others must not learn that an edit is superseded before they can read its successor.
+    void nothingIsRewrittenWhileAnEditWaits() {
+        fillTier();
+        Note note = m_host->inbox()->notes().value().first();
+        note.text = QStringLiteral("not synchronized yet");
+        QVERIFY(m_host->inbox()->saveNote(note));
+        const MemoryStore::Blobs before = m_blobs;
+        QVERIFY(run<Compaction>());
+        QCOMPARE(m_blobs, before);
+    }
+};
+
+VELMORA_TEST(CompactionTest)
+#include "CompactionTest.moc"
