@@ -1,5 +1,6 @@
 #include "Platform/Foundation/TerminalText.h"
 
+#include <QtCore/QList>
 #include <cstdio>
 
 namespace {
