@@ -5,6 +5,8 @@
 #include <avahi-common/error.h>
 #include <avahi-common/malloc.h>
 
+#include <QtCore/QDebug>
+
 #include "Platform/Network/DiscoveryClient.h"
 #include "Platform/Network/NetService.h"
 #include "Platform/Network/NetServiceDelegate.h"
