@@ -53,11 +53,14 @@ void BackupSchedule::check() {
         return;
     }
     m_isRunning = true;
-    m_threads.start([directory, today, isCancelled = m_isCancelled, self = QPointer(this)] {
-        const Expected<void> result = ProfileBackups(directory).make(today, isCancelled.get());
+    m_threads.start([directory, today, files = m_profile->files(), isCancelled = m_isCancelled,
+                     self = QPointer(this)] {
+        const Expected<void> result = ProfileBackups(directory).make(
+            today, isCancelled.get(), [&files] { return files.check(); });
         MainQueue::dispatchAsync([self, result] {
             if (self) {
-                self->report(result);
+                // The folder may have been replaced since the backup got its name.
+                self->report(result.and_then([&] { return self->m_profile->checkFiles(); }));
             }
         });
     });

@@ -167,7 +167,11 @@ Expected<bool> ProfileBackups::isDue(const QDate &today) const {
     });
 }
 
-Expected<void> ProfileBackups::make(const QDate &today, const std::atomic_bool *isCancelled) const {
+Expected<void> ProfileBackups::make(const QDate &today, const std::atomic_bool *isCancelled,
+                                    const Check &check) const {
+    if (Expected<void> checked = check(); !checked) {
+        return checked;
+    }
     if (!makeFolder(m_folder)) {
         return notMade(m_profile, systemReason());
     }
@@ -180,15 +184,23 @@ Expected<void> ProfileBackups::make(const QDate &today, const std::atomic_bool *
             if (isCancelled && *isCancelled) {
                 return notMade(m_profile, operationCancelled().localizedDescription);
             }
-            if (!DurableFile::flush(unfinished) || !DurableFile::rename(unfinished, path)) {
-                return notMade(m_profile, systemReason());
-            }
-            return removeBeyondLimits(today);
+            return publish(unfinished, path, check);
         })
+        .and_then([&] { return removeBeyondLimits(today); })
         .map_error([&](const Error &error) {
             removeUnfinished();
             return error;
         });
+}
+
+Expected<void> ProfileBackups::publish(const QString &unfinished, const QString &path,
+                                       const Check &check) const {
+    return check().and_then([&]() -> Expected<void> {
+        if (!DurableFile::flush(unfinished) || !DurableFile::rename(unfinished, path)) {
+            return notMade(m_profile, systemReason());
+        }
+        return {};
+    });
 }
 
 Expected<void> ProfileBackups::checkSpace() const {

@@ -3,6 +3,7 @@
 #include <QtCore/QDate>
 #include <QtCore/QList>
 #include <atomic>
+#include <functional>
 #include <optional>
 
 #include "Platform/Foundation/Expected.h"
@@ -27,6 +28,9 @@ public:
         QDate date;
     };
 
+    /// Returns an error if the profile in the folder is not the one to be copied.
+    using Check = std::function<Expected<void>()>;
+
     /// The name of the folder within the profile folder.
     static inline const QString FolderName = QStringLiteral("Backups");
 
@@ -45,8 +49,11 @@ public:
     /// Makes the backup of the day `today`, replacing one of the same day, and removes the oldest
     /// ones beyond the limits. The profile may be in use. A backup gets its name only after it was
     /// verified and written to the disk; a failure leaves the earlier backups as they are. Fails
-    /// soon after `isCancelled`, which may be null, has become true.
-    Expected<void> make(const QDate &today, const std::atomic_bool *isCancelled = nullptr) const;
+    /// soon after `isCancelled`, which may be null, has become true, and with the error of `check`,
+    /// which is called before anything is written and before the backup gets its name.
+    Expected<void> make(
+        const QDate &today, const std::atomic_bool *isCancelled = nullptr,
+        const Check &check = [] { return Expected<void>(); }) const;
 
     /// Checks the whole backup at `path`: that it is a profile, and SQLite finds no damage. Errors
     /// also have the codes of ProfileInspection::check(). Fails soon after `isCancelled`, which may
@@ -58,6 +65,9 @@ public:
 private:
     Expected<void> checkSpace() const;
     Expected<void> writeCopy(const QString &path, const std::atomic_bool *isCancelled) const;
+    /// Gives the verified copy at `unfinished` its name.
+    Expected<void> publish(const QString &unfinished, const QString &path,
+                           const Check &check) const;
     /// Removes the files that failed or interrupted attempts have left.
     void removeUnfinished() const;
     Expected<void> removeBeyondLimits(const QDate &today) const;

@@ -404,23 +404,8 @@ Expected<void> ProfileDatabase::write(const Changes &changes) const {
 void ProfileDatabase::rememberFiles() {
     for (const QString &file :
          {path(), path() + QStringLiteral("-wal"), m_directory + u'/' + ProfileLock::FileName}) {
-        if (const std::optional<FileIdentity> identity = FileIdentity::of(file)) {
-            m_files.insert(file, *identity);
-        }
+        m_files.add(file);
     }
-}
-
-Expected<void> ProfileDatabase::checkFiles() const {
-    for (auto file = m_files.begin(); file != m_files.end(); ++file) {
-        if (FileIdentity::of(file.key()) != file.value()) {
-            return failure(engineError(
-                EngineErrorCode::ProfileNotWritten,
-                "The profile file “%1” was moved, deleted or replaced, so nothing can be saved. "
-                "Put it back, or copy unsaved text elsewhere and restart Velmora.",
-                file.key()));
-        }
-    }
-    return {};
 }
 
 QVariant ProfileDatabase::text(const QString &string) {

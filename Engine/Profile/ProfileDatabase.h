@@ -7,7 +7,7 @@
 #include <QtSql/QSqlQuery>
 #include <functional>
 
-#include "Engine/Profile/FileIdentity.h"
+#include "Engine/Profile/ProfileFiles.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Platform/Foundation/Expected.h"
 
@@ -93,7 +93,9 @@ public:
 
     /// Returns an error if a file of the profile was moved, deleted or replaced since it was
     /// opened. To be called before another file is written into the folder.
-    Expected<void> checkFiles() const;
+    Expected<void> checkFiles() const { return m_files.check(); }
+    /// Returns the files that are open; for checkFiles() on another thread.
+    ProfileFiles files() const { return m_files; }
 
     /// Returns `string` as a value for a text column, which must not be NULL: a null string is
     /// stored as an empty one.
@@ -127,8 +129,7 @@ private:
     const QString m_connectionName;
     QSqlDatabase m_database;
     QString m_directory;
-    /// By path.
-    QHash<QString, FileIdentity> m_files;
+    ProfileFiles m_files;
     /// Whether `write` is calling its changes.
     mutable bool m_isWriting = false;
 };

@@ -1,4 +1,6 @@
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
+#include "Engine/Profile/BackupSchedule.h"
+#include "Engine/Profile/ProfileBackups.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Support/FreePort.h"
@@ -168,6 +170,35 @@ private Q_SLOTS:
         QVERIFY(std::any_of(entries.begin(), entries.end(),
                             [](const auto &entry) { return isAboutReplacement(entry.info); }));
         QCOMPARE(namesIn(m_host->directory()), before);
+    }
+
+    void noBackupIsMadeIfTheFolderIsReplacedMeanwhile_data() {
+        QTest::addColumn<int>("atCheck");
+        QTest::addRow("before the copy") << 1;
+        QTest::addRow("before the copy gets its name") << 2;
+    }
+    void noBackupIsMadeIfTheFolderIsReplacedMeanwhile() {
+        QFETCH(int, atCheck);
+        int checks = 0;
+        const Expected<void> made =
+            ProfileBackups(m_host->directory()).make(QDate(2026, 11, 22), nullptr, [&] {
+                if (++checks == atCheck) {
+                    replaceProfile();
+                }
+                return m_host->engine().profile().files().check();
+            });
+        QVERIFY(!made);
+        QVERIFY(isAboutReplacement(made.error().localizedDescription));
+        QVERIFY(!namesIn(m_host->directory()).contains(ProfileBackups::FolderName));
+    }
+
+    void aBackupInAFolderThatIsReplacedMeanwhileIsAnError() {
+        BackupSchedule &backups = m_host->engine().backups();
+        const QSignalSpy ended(&backups, &BackupSchedule::ended);
+        backups.check();
+        replaceProfile();
+        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, Patience);
+        QVERIFY(ended.first().first().value<std::optional<Error>>().has_value());
     }
 
     void nothingIsWrittenWhereTheFolderWasDeleted() {

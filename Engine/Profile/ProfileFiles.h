@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QtCore/QHash>
+
+#include "Engine/Profile/FileIdentity.h"
+#include "Platform/Foundation/Expected.h"
+
+/// Which files a profile consists of while it is open. A value; check() is thread-safe.
+class ProfileFiles {
+public:
+    /// Adds what `path` names now. Has no effect if there is nothing.
+    void add(const QString &path);
+    void clear() { m_identities.clear(); }
+
+    /// Returns an error with the code ProfileNotWritten if a file was moved, deleted or replaced
+    /// since it was added. Blocks for the file system.
+    Expected<void> check() const;
+
+private:
+    /// By path.
+    QHash<QString, FileIdentity> m_identities;
+};
