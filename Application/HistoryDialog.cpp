@@ -12,6 +12,8 @@
 #include <QtWidgets/QTreeWidget>
 
 #include "Application/PresentIfFailed.h"
+#include "Application/WindowSize.h"
+#include "Platform/Interface/PlainText.h"
 
 namespace {
 
@@ -21,6 +23,9 @@ constexpr int MostMegabytes = 100000;
 QTreeWidgetItem *rowWith(const QStringList &texts) {
     auto *row = new QTreeWidgetItem(texts);
     row->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren);
+    for (int column = 0; column < texts.size(); ++column) {
+        row->setToolTip(column, PlainText::toolTip(texts.at(column)));
+    }
     return row;
 }
 
@@ -40,7 +45,7 @@ HistoryDialog::HistoryDialog(NoteLibrary *library, const std::shared_ptr<NoteDat
       m_megabytes(new QSpinBox) {
     setWindowTitle(isOfNote() ? tr("Earlier Versions") : tr("Deleted Notes"));
     setWindowModality(Qt::WindowModal);
-    resize(820, 500);
+    resize(WindowSize::of(*this, 110, 32));
     makeWidgets();
     connect(m_list, &QTreeWidget::currentItemChanged, this, &HistoryDialog::showText);
     connect(m_list, &QTreeWidget::itemSelectionChanged, this,
@@ -130,7 +135,9 @@ void HistoryDialog::showVersions() {
                                          changeText(version)}));
     }
     m_list->resizeColumnToContents(1);
-    m_list->setColumnWidth(0, width() / 4);
+    const int gap = 2 * fontMetrics().averageCharWidth();
+    m_list->setColumnWidth(1, m_list->columnWidth(1) + gap);
+    m_list->setColumnWidth(0, width() / 3);
     m_list->setCurrentItem(m_list->topLevelItem(0));
     if (m_versions.isEmpty()) {
         m_explanation->setText(

@@ -20,6 +20,7 @@
 #include "Application/PresentIfFailed.h"
 #include "Application/StatusLine.h"
 #include "Application/SynchronizationMonitor.h"
+#include "Application/WindowSize.h"
 
 namespace {
 
@@ -39,7 +40,7 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
       m_notes(new NotesView(UnsavedTexts(profileFolder))) {
     restoreUnsavedTexts(UnsavedTexts(profileFolder));
     setWindowTitle(ApplicationName + QStringLiteral("[*]"));
-    resize(900, 560);
+    resize(WindowSize::of(*this, 140, 38));
     m_databases->setObjectName(QStringLiteral("databases"));
     m_databases->setAccessibleName(tr("Databases"));
     auto *splitter = new QSplitter;

@@ -39,6 +39,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
       m_removeButton(new QPushButton(tr("De&lete Note"))),
       m_undoAction(new QAction(tr("&Undo Delete Note"), this)) {
     m_list->setAccessibleName(tr("Notes"));
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_title->setAccessibleName(tr("Title"));
     m_title->setPlaceholderText(tr("Title"));
     m_title->setMaxLength(LongestTitle);

@@ -8,6 +8,9 @@
 #include <QtWidgets/QVBoxLayout>
 #include <utility>
 
+#include "Application/WindowSize.h"
+#include "Platform/Interface/PlainText.h"
+
 namespace {
 
 /// More are only counted.
@@ -28,7 +31,7 @@ RemovalDialog::RemovalDialog(const RemovalQuestion &question,
     setWindowTitle(QGuiApplication::applicationDisplayName());
     setWindowModality(Qt::WindowModal);
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(560, 420);
+    resize(WindowSize::of(*this, 80, 28));
 
     auto *heading = plainLabel(tr("The synchronization with “%1” would remove %2 of the %3 notes "
                                   "in “%4”.")
@@ -40,9 +43,11 @@ RemovalDialog::RemovalDialog(const RemovalQuestion &question,
     auto *list = new QListWidget;
     list->setAccessibleName(tr("Notes that would be removed"));
     list->setUniformItemSizes(true);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     for (const QString &title : question.titles.first(qMin(question.titles.size(), MostTitles))) {
         const QString line = title.simplified();
-        list->addItem(line.isEmpty() ? tr("Untitled") : line);
+        auto *item = new QListWidgetItem(line.isEmpty() ? tr("Untitled") : line, list);
+        item->setToolTip(PlainText::toolTip(line));
     }
     if (question.titles.size() > MostTitles) {
         list->addItem(tr("… and %1 more").arg(question.titles.size() - MostTitles));
@@ -53,6 +58,7 @@ RemovalDialog::RemovalDialog(const RemovalQuestion &question,
     auto *remove = buttons->addButton(tr("&Remove Them"), QDialogButtonBox::DestructiveRole);
     auto *later = buttons->addButton(tr("Decide &Later"), QDialogButtonBox::RejectRole);
     keep->setDefault(true);
+    keep->setFocus();
     connect(keep, &QPushButton::clicked, this, [this] { decide(RemovalDecision::Keep); });
     connect(remove, &QPushButton::clicked, this, [this] { decide(RemovalDecision::Remove); });
     connect(later, &QPushButton::clicked, this, &QDialog::reject);
