@@ -4,13 +4,13 @@
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
-#include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QStandardPaths>
 #include <algorithm>
 
 #include "Application/Interface/NoteLibrary.h"
 #include "Platform/Foundation/DurableFile.h"
+#include "Platform/Foundation/ExactText.h"
 
 namespace {
 
@@ -73,7 +73,7 @@ Expected<QString> restoreFile(const QString &path, const NoteLibrary &library) {
     if (!file.open(QIODevice::ReadOnly)) {
         return failure(journalError(file.errorString(), {}));
     }
-    const QJsonObject object = QJsonDocument::fromJson(file.readAll()).object();
+    const QJsonObject object = ExactText::objectIn(file.readAll());
     Note note{object[NoteKey].toString(), object[TitleKey].toString(), object[TextKey].toString(),
               QDateTime::fromMSecsSinceEpoch(object[ModifiedKey].toInteger()),
               object[RevisionKey].toString()};
@@ -94,14 +94,12 @@ UnsavedTexts::UnsavedTexts(const QString &profileFolder)
       m_prefix(AnyPrefix + shortDigest(pathOf(profileFolder)) + u'-') {}
 
 Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note) const {
-    const QByteArray contents =
-        QJsonDocument(QJsonObject{{DatabaseKey, databaseUUID},
-                                  {NoteKey, note.UUID},
-                                  {RevisionKey, note.revision},
-                                  {TitleKey, note.title},
-                                  {TextKey, note.text},
-                                  {ModifiedKey, note.modified.toMSecsSinceEpoch()}})
-            .toJson(QJsonDocument::Compact);
+    const QByteArray contents = ExactText::json({{DatabaseKey, databaseUUID},
+                                                 {NoteKey, note.UUID},
+                                                 {RevisionKey, note.revision},
+                                                 {TitleKey, note.title},
+                                                 {TextKey, note.text},
+                                                 {ModifiedKey, note.modified.toMSecsSinceEpoch()}});
     const QString name = m_prefix + shortDigest(note.UUID) + QStringLiteral(".json");
     for (const QString &folder : m_folders) {
         if (isUsable(folder, m_folders.first()) &&

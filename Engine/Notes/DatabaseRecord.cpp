@@ -1,12 +1,12 @@
 #include "Engine/Notes/DatabaseRecord.h"
 
-#include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/Operation.h"
 #include "Host/InboxUUID.h"
 #include "Host/SyncStoreLayout.h"
+#include "Platform/Foundation/ExactText.h"
 
 namespace {
 
@@ -31,15 +31,13 @@ std::optional<QString> DatabaseRecord::databaseUUID(const QString &file) {
 }
 
 QByteArray DatabaseRecord::encoded(const QString &databaseUUID, const QString &name) {
-    return QJsonDocument(QJsonObject{{RecordVersion, Version},
-                                     {RecordUUID, databaseUUID},
-                                     {RecordName, name}})
-        .toJson(QJsonDocument::Compact);
+    return ExactText::json(
+        {{RecordVersion, Version}, {RecordUUID, databaseUUID}, {RecordName, name}});
 }
 
 Expected<QString> DatabaseRecord::name(const QByteArray &record, const QString &databaseUUID,
                                        const QString &place) {
-    const QJsonObject object = QJsonDocument::fromJson(record).object();
+    const QJsonObject object = ExactText::objectIn(record);
     const QJsonValue version = object.value(RecordVersion);
     if (version.toInteger() > Version) {
         return failure(engineError(

@@ -129,8 +129,8 @@ Expected<QString> EngineDatabase::mergeLog(const Merge &merge) const {
 }
 
 Expected<void> EngineDatabase::writeName(const QString &name) const {
-    return m_profile.run(QStringLiteral("UPDATE databases SET name = ? WHERE id = ?"),
-                         {name, m_row.id});
+    return m_profile.run(QStringLiteral("UPDATE databases SET name = CAST(? AS TEXT) WHERE id = ?"),
+                         {ProfileDatabase::exactText(name), m_row.id});
 }
 
 Expected<void> EngineDatabase::setOpen(bool isOpen) {

@@ -36,12 +36,13 @@ EngineNoteLibrary::EngineNoteLibrary(const ProfileDatabase &profile) : m_profile
 
 Expected<void> EngineNoteLibrary::load() {
     if (Expected<void> done = m_profile.read(
-            QStringLiteral("SELECT id, uuid, name, is_inbox, is_open,"
+            QStringLiteral("SELECT id, uuid, CAST(name AS BLOB), is_inbox, is_open,"
                            " (SELECT max(id) FROM operations WHERE database = databases.id)"
                            " FROM databases ORDER BY is_inbox DESC, id"),
             {},
             [this](const QSqlQuery &row) {
-                append({row.value(0).toLongLong(), row.value(1).toString(), row.value(2).toString(),
+                append({row.value(0).toLongLong(), row.value(1).toString(),
+                        ProfileDatabase::exactText(row.value(2)),
                         row.value(3).toBool() ? EngineDatabase::Kind::Inbox
                                               : EngineDatabase::Kind::Ordinary,
                         row.value(4).toBool(), row.value(5).toLongLong()});

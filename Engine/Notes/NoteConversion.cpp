@@ -29,16 +29,16 @@ Expected<QList<OldDatabase>> oldDatabases(const ProfileDatabase &profile) {
 Expected<QList<Note>> oldNotes(const ProfileDatabase &profile, const QString &databaseUUID) {
     QList<Note> notes;
     const Expected<void> done = profile.read(
-        QStringLiteral("SELECT uuid, title, text, modified FROM old_notes WHERE database_uuid = ? "
-                       "ORDER BY id"),
+        QStringLiteral("SELECT uuid, CAST(title AS BLOB), CAST(text AS BLOB), modified"
+                       " FROM old_notes WHERE database_uuid = ? ORDER BY id"),
         {databaseUUID}, [&](const QSqlQuery &row) {
             const QString UUID = row.value(0).toString();
             const QVariant modified = row.value(3);
-            notes.append({Operation::isUUID(UUID) ? UUID : QString(), row.value(1).toString(),
-                          row.value(2).toString(),
-                          modified.isNull()
-                              ? QDateTime()
-                              : QDateTime::fromMSecsSinceEpoch(modified.toLongLong())});
+            notes.append(
+                {Operation::isUUID(UUID) ? UUID : QString(),
+                 ProfileDatabase::exactText(row.value(1)), ProfileDatabase::exactText(row.value(2)),
+                 modified.isNull() ? QDateTime()
+                                   : QDateTime::fromMSecsSinceEpoch(modified.toLongLong())});
         });
     if (!done) {
         return failure(done.error());

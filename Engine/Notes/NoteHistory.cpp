@@ -99,13 +99,13 @@ Expected<QList<NoteVersion>> NoteHistory::read(const QString &condition,
                                                const QVariantList &values) const {
     QList<NoteVersion> versions;
     const Expected<void> done = m_profile.read(
-        QStringLiteral("SELECT id, note_uuid, substr(title, 1, 200), modified, ended, place"
-                       " FROM versions WHERE database = ? AND %1 ORDER BY id DESC")
+        QStringLiteral("SELECT id, note_uuid, CAST(substr(title, 1, 200) AS BLOB), modified,"
+                       " ended, place FROM versions WHERE database = ? AND %1 ORDER BY id DESC")
             .arg(condition),
         QVariantList{m_database} + values, [&](const QSqlQuery &row) {
             versions.append({row.value(0).toLongLong(), row.value(1).toString(),
-                             row.value(2).toString(), dateIn(row.value(3)), dateIn(row.value(4)),
-                             row.value(5).toString()});
+                             ProfileDatabase::exactText(row.value(2)), dateIn(row.value(3)),
+                             dateIn(row.value(4)), row.value(5).toString()});
         });
     if (!done) {
         return failure(done.error());
@@ -129,13 +129,14 @@ Expected<QList<NoteVersion>> NoteHistory::versions(const QStringList &UUIDs) con
 
 Expected<Note> NoteHistory::note(const NoteVersion &version) const {
     std::optional<Note> note;
-    const Expected<void> done =
-        m_profile.read(QStringLiteral("SELECT note_uuid, title, text, modified FROM versions"
-                                      " WHERE database = ? AND id = ?"),
-                       {m_database, version.identifier}, [&](const QSqlQuery &row) {
-                           note = Note{row.value(0).toString(), row.value(1).toString(),
-                                       row.value(2).toString(), dateIn(row.value(3))};
-                       });
+    const Expected<void> done = m_profile.read(
+        QStringLiteral("SELECT note_uuid, CAST(title AS BLOB),"
+                       " CAST(text AS BLOB), modified FROM versions"
+                       " WHERE database = ? AND id = ?"),
+        {m_database, version.identifier}, [&](const QSqlQuery &row) {
+            note = Note{row.value(0).toString(), ProfileDatabase::exactText(row.value(1)),
+                        ProfileDatabase::exactText(row.value(2)), dateIn(row.value(3))};
+        });
     if (!done) {
         return failure(done.error());
     }

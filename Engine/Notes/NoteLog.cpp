@@ -7,6 +7,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/ExactText.h"
 
 namespace {
 
@@ -22,8 +23,8 @@ Operation operationInRow(const QSqlQuery &row) {
     const QVariant modified = row.value(4);
     return {row.value(0).toByteArray(),
             row.value(1).toString(),
-            row.value(2).toString(),
-            row.value(3).toString(),
+            ProfileDatabase::exactText(row.value(2)),
+            ProfileDatabase::exactText(row.value(3)),
             modified.isNull() ? std::nullopt : std::optional(modified.toLongLong()),
             Operation::unpacked(row.value(5).toByteArray()),
             row.value(6).toByteArray()};
@@ -31,7 +32,7 @@ Operation operationInRow(const QSqlQuery &row) {
 
 /// Returns `text` with unpaired surrogates replaced, as encoding a transaction would replace them.
 QString wellFormed(const QString &text) {
-    return text.isValidUtf16() ? text : QString::fromUtf8(text.toUtf8());
+    return text.isValidUtf16() ? text : ExactText::fromUtf8(text.toUtf8());
 }
 
 std::optional<qint64> soundMilliseconds(const QDateTime &date) {
@@ -76,7 +77,8 @@ constexpr int MostRenewals = 100;
 
 QString selection(const QString &condition, const QString &order = QStringLiteral("position, id")) {
     return QStringLiteral(
-               "SELECT digest, note_uuid, title, text, modified, supersedes, salt"
+               "SELECT digest, note_uuid, CAST(title AS BLOB), CAST(text AS BLOB), modified,"
+               " supersedes, salt"
                " FROM operations WHERE database = ? AND %1 ORDER BY %2")
         .arg(condition, order);
 }
@@ -104,8 +106,9 @@ bool comesBefore(const Operation &a, const Operation &b) {
 Expected<qint64> NoteLog::insertDatabase(const ProfileDatabase &profile, const QString &UUID,
                                          const QString &name) {
     return profile
-        .value(QStringLiteral("INSERT INTO databases (uuid, name) VALUES (?, ?) RETURNING id"),
-               {UUID, ProfileDatabase::text(name)})
+        .value(QStringLiteral("INSERT INTO databases (uuid, name)"
+                              " VALUES (?, CAST(? AS TEXT)) RETURNING id"),
+               {UUID, ProfileDatabase::exactText(name)})
         .map([](const QVariant &id) { return id.toLongLong(); });
 }
 
@@ -503,7 +506,7 @@ Expected<void> NoteLog::replace(const QList<OperationId> &seen, const Operation 
 Expected<QSqlQuery> NoteLog::prepareInsertion() const {
     return m_profile.prepare(QStringLiteral(
         "WITH new (database, digest, note_uuid, title, text, modified, supersedes, salt, seen)"
-        " AS (VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?))"
+        " AS (VALUES (?, ?, ?, CAST(? AS TEXT), CAST(? AS TEXT), ?, ?, ?, ?))"
         " INSERT OR IGNORE INTO operations (database, digest, note_uuid, title, text, modified,"
         " supersedes, salt, position)"
         " SELECT database, digest, note_uuid, title, text, modified, supersedes, salt, coalesce("
@@ -520,10 +523,11 @@ Expected<void> NoteLog::insert(QSqlQuery &insertion, const Operation &operation,
                                const OperationId &seen) const {
     const auto modified = operation.modified;
     return m_profile.run(
-        insertion, {m_database, blob(operation.id), ProfileDatabase::text(operation.note),
-                    ProfileDatabase::text(operation.title), ProfileDatabase::text(operation.text),
-                    modified ? QVariant(*modified) : QVariant(),
-                    Operation::packed(operation.supersedes), operation.salt, blob(seen)});
+        insertion,
+        {m_database, blob(operation.id), ProfileDatabase::text(operation.note),
+         ProfileDatabase::exactText(operation.title), ProfileDatabase::exactText(operation.text),
+         modified ? QVariant(*modified) : QVariant(), Operation::packed(operation.supersedes),
+         operation.salt, blob(seen)});
 }
 
 Expected<void> NoteLog::erase(const QList<OperationId> &identifiers, Keeping keeping,

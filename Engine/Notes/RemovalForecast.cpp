@@ -17,7 +17,8 @@ struct Loss {
 Expected<QHash<QString, Loss>> lossesBy(const QSet<OperationId> &superseded,
                                         const ProfileDatabase &profile, qint64 database) {
     Expected<QSqlQuery> current = profile.prepare(
-        QStringLiteral("SELECT note_uuid, substr(title, 1, 200), position FROM operations"
+        QStringLiteral("SELECT note_uuid, CAST(substr(title, 1, 200) AS BLOB), position"
+                       " FROM operations"
                        " WHERE database = ? AND digest = ? AND note_uuid <> ''"));
     if (!current) {
         return failure(current.error());
@@ -27,7 +28,7 @@ Expected<QHash<QString, Loss>> lossesBy(const QSet<OperationId> &superseded,
         const Expected<void> read =
             profile.read(*current, {database, identifier}, [&](const QSqlQuery &row) {
                 Loss &loss = losses[row.value(0).toString()];
-                loss.title = row.value(1).toString();
+                loss.title = ProfileDatabase::exactText(row.value(1));
                 loss.position = row.value(2).toLongLong();
                 ++loss.operations;
             });

@@ -1,12 +1,12 @@
 #include "Engine/Notes/Transaction.h"
 
 #include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QUuid>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/JsonCost.h"
+#include "Platform/Foundation/ExactText.h"
 
 namespace {
 
@@ -140,11 +140,10 @@ QByteArray Transaction::encoded() const {
     for (const Operation &operation : operations) {
         operationArray.append(encodedOperation(operation));
     }
-    return QJsonDocument(QJsonObject{{VersionKey, Version},
-                                     {SaltKey, hexadecimal(QUuid::createUuid().toRfc4122())},
-                                     {OperationsKey, operationArray},
-                                     {SupersededKey, hexadecimals(superseded)}})
-        .toJson(QJsonDocument::Compact);
+    return ExactText::json({{VersionKey, Version},
+                            {SaltKey, hexadecimal(QUuid::createUuid().toRfc4122())},
+                            {OperationsKey, operationArray},
+                            {SupersededKey, hexadecimals(superseded)}});
 }
 
 Expected<Transaction> Transaction::decoded(const QByteArray &record, const QString &name) {
@@ -152,7 +151,7 @@ Expected<Transaction> Transaction::decoded(const QByteArray &record, const QStri
         return failure(
             engineError(EngineErrorCode::BlobRefused, "The record “%1” is too large.", name));
     }
-    const QJsonObject object = QJsonDocument::fromJson(record).object();
+    const QJsonObject object = ExactText::objectIn(record);
     const QJsonValue version = object.value(VersionKey);
     if (version.toInteger() > Version) {
         return failure(engineError(

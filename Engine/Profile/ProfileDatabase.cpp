@@ -14,6 +14,7 @@
 #include "Engine/Profile/ProfileReader.h"
 #include "Engine/Profile/ProfileRecovery.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/ExactText.h"
 
 namespace {
 
@@ -410,6 +411,14 @@ void ProfileDatabase::rememberFiles() {
 
 QVariant ProfileDatabase::text(const QString &string) {
     return string.isNull() ? QStringLiteral("") : string;
+}
+
+QVariant ProfileDatabase::exactText(const QString &string) {
+    return string.isEmpty() ? QByteArray("") : string.toUtf8();
+}
+
+QString ProfileDatabase::exactText(const QVariant &bytes) {
+    return ExactText::fromUtf8(bytes.toByteArray());
 }
 
 Error ProfileDatabase::queryError(const QSqlQuery &query) const {

@@ -100,6 +100,12 @@ public:
     /// Returns `string` as a value for a text column, which must not be NULL: a null string is
     /// stored as an empty one.
     static QVariant text(const QString &string);
+    /// Returns `string` as a value for CAST(? AS TEXT), and the string in a value of
+    /// CAST(column AS BLOB). To be used for what the user has written: as text, SQLite drops U+FEFF
+    /// from the beginning, exchanges the bytes after a U+FFFE, and returns U+FFFD for both U+FFFE
+    /// and U+FFFF.
+    static QVariant exactText(const QString &string);
+    static QString exactText(const QVariant &bytes);
 
 private:
     /// Executes a statement as it is, without a transaction or a check.

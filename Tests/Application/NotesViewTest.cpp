@@ -16,6 +16,7 @@ private:
     Note m_first;
 
     QPlainTextEdit *text() const { return m_view->findChild<QPlainTextEdit *>(); }
+    QLineEdit *title() const { return m_view->findChild<QLineEdit *>(); }
     QListWidget *list() const { return m_view->findChild<QListWidget *>(); }
     /// As it comes from another computer.
     void receive(const Transaction &transaction) {
@@ -57,6 +58,33 @@ private Q_SLOTS:
         text()->setPlainText(QStringLiteral("typed again"));
         m_view->commit();
         QCOMPARE(m_database->notes().value().size(), 1);
+    }
+
+    void everyCharacterSurvivesAnEditBesideIt() {
+        constexpr char32_t piece = 0x2000;
+        // The whole first plane, emoji, and the last characters.
+        for (const char32_t first :
+             {0x0, 0x2000, 0x4000, 0x6000, 0x8000, 0xA000, 0xC000, 0xE000, 0x1F000, 0x10E000}) {
+            Note note = m_database->notes().value().first();
+            note.title = QStringLiteral("a");
+            for (char32_t code = first; code < first + piece; ++code) {
+                if (!QChar::isSurrogate(code)) {
+                    note.title += QChar::fromUcs4(code);
+                }
+            }
+            note.text = note.title;
+            QVERIFY(m_database->saveNote(note));
+            QVERIFY(!title()->isReadOnly());
+            title()->end(false);
+            QTest::keyClick(title(), Qt::Key_Exclam);
+            text()->moveCursor(QTextCursor::End);
+            QTest::keyClick(text(), Qt::Key_Exclam);
+            QVERIFY(m_view->commit());
+            const Note saved = m_database->notes().value().first();
+            const QByteArray where = QByteArray::number(first, 16);
+            QVERIFY2(saved.title == note.title + u'!', where.constData());
+            QVERIFY2(saved.text == note.text + u'!', where.constData());
+        }
     }
 
     void whatIsTypedIsSavedAfterAPause() {

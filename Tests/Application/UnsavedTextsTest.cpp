@@ -88,6 +88,17 @@ private Q_SLOTS:
         QVERIFY(journalIn(cache()).isEmpty());
     }
 
+    void everyCharacterIsKept() {
+        Note note = m_database->notes().value().first();
+        note.title = QStringLiteral("\uFEFF\uFFFE title");
+        note.text = QStringLiteral("\uFEFF\r\n\uFFFF text");
+        const UnsavedTexts journal(m_host->directory());
+        QVERIFY(journal.keep(m_database->UUID(), note));
+        QVERIFY(journal.restore(m_host->library()));
+        QCOMPARE(m_database->notes().value().first().title, note.title);
+        QCOMPARE(m_database->notes().value().first().text, note.text);
+    }
+
     void aTextThatStillCannotBeSavedStaysThere() {
         fillVolume();
         Note note{.UUID = QStringLiteral("a"), .title = QStringLiteral("Trip")};

@@ -94,6 +94,37 @@ private Q_SLOTS:
         QCOMPARE(QSet<QString>(titlesOfOther.begin(), titlesOfOther.end()), both);
     }
 
+    void everyTextArrivesAsItWasWritten_data() {
+        QTest::addColumn<QString>("text");
+        for (const char16_t character : {u'\0', u'\r', u'\uFEFF', u'\uFFFE', u'\uFFFF'}) {
+            QTest::addRow("U+%04X", character) << QString(QChar(character));
+        }
+    }
+    void everyTextArrivesAsItWasWritten() {
+        QFETCH(QString, text);
+        const QString URLText = m_host->makeSyncStore(QStringLiteral("Shared"));
+        const auto state = newState(first(), URLText);
+        const auto otherState = newState(*m_other, URLText);
+        Note note{{}, text, text + QStringLiteral("one") + text + text, {}};
+        const Note written = note;
+        QVERIFY(database(first())->saveNote(note));
+        QCOMPARE(note.title, written.title);
+        QCOMPARE(note.text, written.text);
+        QCOMPARE(database(first())->notes().value(), QList{note});
+        const QString name = text + QStringLiteral("name");
+        QVERIFY(first().library()->renameDatabase(database(first()), name));
+        synchronize(first(), state);
+        QVERIFY(state->lastSynced().isValid());
+        synchronize(*m_other, otherState);
+        QCOMPARE(database(*m_other)->notes().value(), QList{note});
+        QCOMPARE(database(*m_other)->name(), name);
+        QVERIFY(database(*m_other)->removeNote(note));
+        const auto versions = database(*m_other)->deletedNotes().value();
+        const Note restored = database(*m_other)->noteOfVersion(versions.value(0)).value();
+        QCOMPARE(restored.title, note.title);
+        QCOMPARE(restored.text, note.text);
+    }
+
     void anOpenedOrClosedDatabaseTriggersOnlyItsOwnEngine() {
         const QString URLText = m_host->makeSyncStore(QStringLiteral("Shared"));
         const auto state = newState(first(), URLText);
