@@ -11,11 +11,14 @@ class MainWindow;
 class QuitGuard : public QObject {
     Q_OBJECT
 public:
-    /// Guards `window`, which is not owned and must outlive this object.
+    /// Guards `window`, which becomes the parent: its event for closing is held back until the
+    /// questions are answered, and while they are shown, further ones are ignored. What the user
+    /// typed is saved first.
     explicit QuitGuard(MainWindow *window);
 
     /// Lets the window close without a question or a synchronization, because the session or the
-    /// process ends. In effect for a minute, since the end of a session can be cancelled.
+    /// process ends. In effect for a minute from the latest call, since the end of a session can be
+    /// cancelled. Questions that are already shown stay.
     void allowEnd();
 
 protected:

@@ -17,13 +17,17 @@ public:
     /// Results besides QDialog::Rejected.
     enum Result { Finished = QDialog::Accepted, QuitNow };
 
+    /// The time limits begin here, not when the dialog is shown: 5 minutes in all, and 30 s since
+    /// the progress last changed. Reads the progress of QVSyncPlugin::plugin() ten times a second.
     explicit QuitProgressDialog(QWidget *parent);
 
+    /// Called for Cancel, Escape and the dialog's close button.
     void reject() override { stop(Rejected); }
 
 private:
     void showProgress();
-    /// Ends the synchronization, then the dialog with `result`.
+    /// Ends the dialog with `result`, then all synchronizations, also those that the dialog's owner
+    /// has not started. The end of a synchronization must not end the dialog before.
     void stop(int result);
 
     QLabel *const m_label;

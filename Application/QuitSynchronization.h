@@ -24,14 +24,18 @@ private:
     using Item = SynchronizationSummary::Item;
     enum class Choice { Synchronize, Quit, Stay };
 
-    /// Returns the states of open databases that are to be synchronized when these are closed.
+    /// Returns the enabled states of open databases that are to be synchronized when these are
+    /// closed, whether or not they have unsent changes.
     static QVSyncStates closingStates();
-    /// Returns the items that are not up to date, without those of `except`.
+    /// Returns the items with unsent changes, without those of `except`. Blocks for the profile.
     static QList<Item> unsentItems(const QVSyncStates &except);
+    /// Asks in a nested event loop; names eight items at most. Closing the question is
+    /// Choice::Stay.
     Choice askAbout(const QList<Item> &unsent) const;
     /// Returns false if the user decides not to quit.
     bool synchronize(const QVSyncStates &states) const;
-    /// Names what of `states` is not synchronized. Returns whether to quit.
+    /// Names what of `states` still has unsent changes, with the failure if there was one. Returns
+    /// whether to quit: without a question if there is nothing to name.
     bool confirmFailure(const QVSyncStates &states) const;
 
     QWidget *const m_window;

@@ -8,7 +8,9 @@ class SynchronizationMonitor;
 class TextLabel;
 
 /// A line that shows what the synchronization does, with a button that stops it, or how it stands,
-/// with a button that shows what failed. Must be used on the main thread.
+/// with a button that presents the failures; a text that is too long is wrapped. Its height is at
+/// least that of a button, so that it does not jump when one appears or disappears. Must be used on
+/// the main thread.
 class StatusLine : public QWidget {
     Q_OBJECT
 public:

@@ -20,7 +20,8 @@ inline const QString NewValues = QStringLiteral(
     " excluded.result_received, excluded.result_sent, excluded.result_problems");
 
 /// Returns the values of the columns, in the order of Names; all are NULL if there is no result. Of
-/// an error only the description is stored. The date is in milliseconds since 1970 (UTC).
+/// an error only the description is stored. The date is in milliseconds since 1970 (UTC). The
+/// summary is stored in English, see FailureSummary, and read back in the user's language.
 QVariantList values(const std::optional<QVSyncResult> &result);
 /// Returns the result in the columns of `row` that begin with number `first`; empty if there is
 /// none. `row` must be positioned on a row. An error that is read back has the domain of the

@@ -36,6 +36,8 @@ public:
     /// Cancels all jobs: waiting ones never start, and running ones, which count no longer as
     /// activity, end soon. Their handlers are called later, with an error of the code Cancelled.
     Q_INVOKABLE void stop();
+    /// See UnsentChanges. Returns false if the state's location was destroyed or is not one of this
+    /// engine.
     Expected<bool> hasUnsentChanges(const QVSyncState &state) const override;
 
     /// Starts a synchronization with a store that belongs to no location. `handler` is called on

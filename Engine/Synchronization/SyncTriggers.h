@@ -16,12 +16,13 @@ class QVSyncLocationsController;
 ///
 /// Schedules are compared with the wall clock at every full minute, and when the computer wakes up.
 /// A schedule that was due several times since the last check fires once, also if the program was
-/// not running, unless the database was synchronized with the location meanwhile. If the clock is
-/// set back, a schedule does not fire again for the time that is repeated. Each firing posts
-/// QVSyncScheduleDidFireNotification with the QVSyncState.
+/// not running, unless a job of the state has ended since it was last due, whatever its result. If
+/// the clock is set back, a schedule does not fire again for the time that is repeated. Each firing
+/// posts QVSyncScheduleDidFireNotification with the QVSyncState.
 ///
-/// A database that was open when the program ended counts as closed then; what was not synchronized
-/// at that time is synchronized at the start.
+/// A database that was open when the program ended counts as closed then: a state that requests
+/// synchronization at closing is synchronized at the start if the location lacks changes of the
+/// database, or if that cannot be read.
 class SyncTriggers : public QObject {
     Q_OBJECT
 public:
@@ -32,7 +33,9 @@ public:
     /// Starts with the databases that are open. `lastCheck` is the time of the latest check of the
     /// previous run; invalid if it is not known. Must be called once, after the profile was opened.
     /// Destroying this object ends everything that start() has begun; synchronizations that it has
-    /// started go on.
+    /// started go on. For schedules that were missed, a line is written to the log; these, the
+    /// states of open databases, and those with changes that were not sent at closing are then
+    /// requested at once.
     void start(const QDateTime &lastCheck = {});
     /// Returns the time of the latest check; invalid before start().
     QDateTime lastCheck() const { return m_lastCheck; }
