@@ -13,7 +13,8 @@ public:
     void clear() { m_identities.clear(); }
 
     /// Returns an error with the code ProfileNotWritten if a file was moved, deleted or replaced
-    /// since it was added. Blocks for the file system.
+    /// since it was added. Blocks for the file system. A file that is replaced right after it was
+    /// looked at is not noticed, so what follows must not rely on it alone.
     Expected<void> check() const;
 
 private:

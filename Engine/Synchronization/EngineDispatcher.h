@@ -34,7 +34,8 @@ public:
     /// Returns the progress of that job.
     QVSyncProgress progress() const;
     /// Cancels all jobs: waiting ones never start, and running ones, which count no longer as
-    /// activity, end soon. Their handlers are called later, with an error of the code Cancelled.
+    /// activity, end soon. Their handlers are called later, with an error of the code Cancelled;
+    /// one that had synchronized everything and was rewriting small records counts as successful.
     Q_INVOKABLE void stop();
     /// See UnsentChanges. Returns false if the state's location was destroyed or is not one of this
     /// engine.
@@ -47,8 +48,8 @@ public:
                               const std::shared_ptr<BlobStore> &store,
                               std::function<void(const Expected<void> &result)> handler);
 
-    /// Cancels the jobs of the location `identifier`: running ones end soon, and waiting ones never
-    /// start. Their handlers are called later, with an error of the code Cancelled.
+    /// Cancels the jobs of the location `identifier` like stop(), and leaves the others alone. Has
+    /// no effect if there are none.
     void cancelJobsOfLocation(const QString &identifier);
 
 Q_SIGNALS:

@@ -19,7 +19,7 @@ constexpr qint64 LargeSize = 512LL << 10;
 
 /// Returns the names of the records of the highest tier that is full and of all tiers below it, the
 /// smallest MostAtOnce of them; empty if none is full. `sizes` contains the sizes in bytes by the
-/// names of the records.
+/// names of the records. Thread-safe; O(n log n).
 QStringList full(const QHash<QString, qint64> &sizes);
 
 }  // namespace RecordTiers

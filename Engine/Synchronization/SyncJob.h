@@ -29,9 +29,10 @@ public:
     /// when the job has succeeded or failed; it is not called if the job is destroyed or abandoned
     /// before. Must be called once. `threads` is not owned and must exist until then.
     void start(WorkerThreads &threads, std::function<void()> handler);
-    /// Makes a running job end soon with an error of the code Cancelled. `handler` is still called.
-    /// What was written until then stays, and a later job continues from it. Has no effect on a job
-    /// that has ended; one that is started afterwards ends at once.
+    /// Makes a running job end soon with an error of the code Cancelled; while it rewrites small
+    /// records, it ends without one, because everything was synchronized. `handler` is still
+    /// called. What was written until then stays, and a later job continues from it. Has no effect
+    /// on a job that has ended; one that is started afterwards ends at once.
     void cancel() { m_future->cancel(); }
     /// Cancels the job and ends it on the main thread: `handler` is not called any more, and the
     /// profile is not used. A running access to the store may still go on.
@@ -45,8 +46,8 @@ public:
     const Expected<void> &result() const { return m_result; }
     /// Returns the problems with single records of the store, after the job has ended.
     const QList<Error> &problems() const { return m_problems; }
-    /// Returns how far the current session is; the activity is empty. The phase is Preparing while
-    /// the store is opened.
+    /// Returns how far the current session is, also the one that rewrites small records; the
+    /// activity is empty. The phase is Preparing while the store is opened.
     QVSyncProgress progress() const;
     /// Return the numbers of changes of notes that the synchronization has read from the store and
     /// written to it, after the job has ended.
@@ -69,6 +70,8 @@ private:
     /// Returns the next session that is not done, or null. Adds the compaction after a
     /// synchronization that has read or written records.
     StoreSession *nextSession();
+    /// Returns `reason` as a problem: with its code, and a text for the user that everything was
+    /// synchronized.
     Error compactionFailed(const Error &reason) const;
 
     const Kind m_kind;

@@ -10,7 +10,7 @@ namespace UnsentChanges {
 /// Returns whether there are any. Changes that were received from another store count until the
 /// next synchronization with this one, even if another computer has already written them there.
 /// O(number of superseded identifiers); if the profile does not record what was written, as after a
-/// clean-up, O(number of operations in all known transactions).
+/// clean-up that was interrupted, O(number of operations in all known transactions).
 Expected<bool> exist(const NoteLog &log, const KnownTransactions &known);
 
 }  // namespace UnsentChanges
