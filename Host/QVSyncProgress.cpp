@@ -1,5 +1,7 @@
 #include "Host/QVSyncProgress.h"
 
+#include <QtCore/QVariant>
+
 #include <QtCore/QObject>
 
 QVSyncProgress QVSyncProgress::of(const QObject *dispatcher) {
