@@ -1,0 +1,96 @@
+#include <map>
+
+#include "Benchmarks/Benchmark.h"
+#include "Engine/Notes/EngineDatabase.h"
+#include "Engine/Synchronization/SyncSession.h"
+#include "Host/InboxUUID.h"
+#include "Support/Compaction.h"
+#include "Support/MemoryStore.h"
+#include "Support/RunSession.h"
+#include "Support/TestHost.h"
+
+namespace {
+
+constexpr int NoteCount = 200;
+constexpr int EditCount = 2000;
+
+/// A store that counts what is written.
+class CountingStore : public MemoryStore {
+public:
+    using MemoryStore::MemoryStore;
+
+    qint64 written() const { return m_written; }
+
+protected:
+    Expected<Written> writeBlob(const QString &name, const QByteArray &contents,
+                                const EngineFuture &future) override {
+        m_written += contents.size();
+        return MemoryStore::writeBlob(name, contents, future);
+    }
+
+private:
+    qint64 m_written = 0;
+};
+
+/// A computer that synchronizes after every edit.
+class Author {
+public:
+    /// Returns the number of bytes of the edits.
+    qint64 edit() {
+        qint64 bytes = 0;
+        for (int i = 0; i < EditCount; ++i) {
+            bytes += save(i);
+            run<SyncSession>();
+            run<Compaction>();
+        }
+        return bytes;
+    }
+
+    qint64 written() const { return m_store.written(); }
+    qint64 recordCount() const { return static_cast<qint64>(m_blobs.size()); }
+
+private:
+    static void require(const Expected<void> &result) {
+        if (!result) {
+            qFatal("%s", qPrintable(result.error().localizedDescription));
+        }
+    }
+
+    /// Saves a new note, or another text of the one that was not edited for the longest time.
+    qint64 save(int edit) {
+        Note note;
+        if (edit >= NoteCount) {
+            note = m_notes[edit % NoteCount];
+        }
+        note.title = QStringLiteral("Note %1").arg(edit % NoteCount);
+        note.text = QStringLiteral("What edit %1 says, line by line.\n").arg(edit).repeated(30);
+        require(m_host.inbox()->saveNote(note));
+        m_notes[edit % NoteCount] = note;
+        return note.title.toUtf8().size() + note.text.toUtf8().size();
+    }
+
+    template <class Session>
+    void run() {
+        Session session(m_host.engine().profile(), m_host.library(),
+                        {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
+        require(runSession(session, m_store));
+    }
+
+    TestHost m_host;
+    MemoryStore::Blobs m_blobs;
+    CountingStore m_store{m_blobs};
+    std::map<int, Note> m_notes;
+};
+
+void measureCompaction(Benchmark::Report &report) {
+    Author author;
+    const auto bytes = static_cast<double>(author.edit());
+    report.add({QStringLiteral("Bytes written for 2,000 edits / bytes of the edits"),
+                static_cast<double>(author.written()), bytes, QStringLiteral("bytes"), 12.0});
+    report.add({QStringLiteral("Records after 2,000 edits / 24"),
+                static_cast<double>(author.recordCount()), 24, QStringLiteral("records"), 1.0});
+}
+
+const Benchmark::Suite compactionSuite(QStringLiteral("compaction"), &measureCompaction);
+
+}  // namespace
