@@ -1,6 +1,7 @@
 #include "View/ListRow.h"
 
 #include <QtCore/QEvent>
+#include <QtGui/QResizeEvent>
 #include <QtWidgets/QStyle>
 
 namespace {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QSet>
 #include <optional>
 
 #include "Engine/Notes/KnownTransactions.h"
