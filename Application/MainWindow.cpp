@@ -27,7 +27,16 @@ namespace {
 const QString ApplicationName = QStringLiteral("Velmora");
 
 QString shownName(const NoteDatabase &database) {
-    return database.isOpen() ? database.name() : MainWindow::tr("%1 (closed)").arg(database.name());
+    const QString name =
+        database.isOpen() ? database.name() : MainWindow::tr("%1 (closed)").arg(database.name());
+    // NotesView presents that notes cannot be read.
+    const qint64 conflicts = database.countOfConflicts().value_or(0);
+    if (conflicts == 0) {
+        return name;
+    }
+    return conflicts == 1
+               ? MainWindow::tr("%1 · 1 conflict").arg(name)
+               : MainWindow::tr("%1 · %2 conflicts").arg(name, QString::number(conflicts));
 }
 
 }  // namespace
@@ -109,13 +118,20 @@ void MainWindow::showDatabases() {
                     Qt::UniqueConnection);
             connect(database.get(), &NoteDatabase::nameChanged, this, &MainWindow::showDatabases,
                     Qt::UniqueConnection);
+            connect(database.get(), &NoteDatabase::notesChanged, this, &MainWindow::showNames,
+                    Qt::UniqueConnection);
         }
-        for (int row = 0; row < m_databases->count(); ++row) {
-            m_databases->item(row)->setText(shownName(*databases[row]));
-        }
+        showNames();
         m_databases->setCurrentRow(rowOf(m_database));
     }
     showDatabase();
+}
+
+void MainWindow::showNames() {
+    const auto databases = m_library->knownDatabases();
+    for (int row = 0; row < m_databases->count(); ++row) {
+        m_databases->item(row)->setText(shownName(*databases[row]));
+    }
 }
 
 void MainWindow::showDatabase() {

@@ -52,6 +52,8 @@ private:
     void makeActions();
     /// Updates the list of databases, and then the selected database.
     void showDatabases();
+    /// Updates the names of the listed databases, with the number of their conflicts.
+    void showNames();
     /// Shows the notes of the selected database and updates the actions. Selects the former
     /// database again if the user does not leave its text.
     void showDatabase();

@@ -9,7 +9,10 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSplitter>
 #include <algorithm>
+#include <iterator>
 
+#include "Application/ConflictBar.h"
+#include "Application/ConflictDialog.h"
 #include "Application/NoteTextEdit.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/UnsavedTextDialog.h"
@@ -35,6 +38,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
       m_title(new QLineEdit),
       m_text(new NoteTextEdit),
       m_notice(new QLabel),
+      m_conflict(new ConflictBar),
       m_addButton(new QPushButton(tr("New &Note"))),
       m_removeButton(new QPushButton(tr("De&lete Note"))),
       m_undoAction(new QAction(tr("&Undo Delete Note"), this)) {
@@ -48,6 +52,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     m_notice->setTextFormat(Qt::PlainText);
     m_notice->setWordWrap(true);
     m_notice->hide();
+    m_conflict->hide();
     m_undoAction->setShortcut(QKeySequence::Undo);
     m_undoAction->setEnabled(false);
     m_pause.setSingleShot(true);
@@ -63,6 +68,17 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     connect(m_text, &QPlainTextEdit::textChanged, this, &NotesView::noteEdited);
     connect(m_addButton, &QPushButton::clicked, this, &NotesView::addNote);
     connect(m_removeButton, &QPushButton::clicked, this, &NotesView::removeNote);
+    connect(m_conflict, &ConflictBar::compareRequested, this, &NotesView::compareEdits);
+    connect(m_conflict, &ConflictBar::keepThisRequested, this, [this] {
+        resolveConflict([this](const Note &shown, const Note &other) { keepEdit(shown, other); });
+    });
+    connect(m_conflict, &ConflictBar::keepOtherRequested, this, [this] {
+        resolveConflict([this](const Note &shown, const Note &other) { keepEdit(other, shown); });
+    });
+    connect(m_conflict, &ConflictBar::keepBothRequested, this, [this] {
+        resolveConflict(
+            [this](const Note &shown, const Note &other) { keepBothEdits(shown, other); });
+    });
     connect(m_undoAction, &QAction::triggered, this, &NotesView::undoDeletion);
     showNotes();
 }
@@ -86,6 +102,7 @@ void NotesView::makeWidgets() {
     auto *noteSide = new QWidget;
     auto *noteLayout = new QVBoxLayout(noteSide);
     noteLayout->setContentsMargins(0, 0, 0, 0);
+    noteLayout->addWidget(m_conflict);
     noteLayout->addWidget(m_title);
     noteLayout->addWidget(m_notice);
     noteLayout->addWidget(m_text);
@@ -139,6 +156,7 @@ void NotesView::showNotes() {
         m_list->setCurrentRow(row >= 0 || m_isEdited ? row : nearest);
     }
     m_addButton->setEnabled(m_database != nullptr);
+    showConflict();
     // While the user edits, the base revision stays the one that was shown, even if another
     // arrives.
     if (!m_isEdited) {
@@ -165,6 +183,7 @@ void NotesView::showNote(int row) {
         m_list->setCurrentRow(row);
     }
     showContents();
+    showConflict();
     m_title->setEnabled(row >= 0);
     m_text->setEnabled(row >= 0);
     m_removeButton->setEnabled(row >= 0);
@@ -262,6 +281,72 @@ void NotesView::saveFailed(const Error &error) {
 void NotesView::setNotice(const QString &text) {
     m_notice->setText(text);
     m_notice->setVisible(!text.isEmpty());
+}
+
+void NotesView::showConflict() {
+    const qsizetype others = otherEdits().size();
+    m_conflict->setCount(others + 1);
+    m_conflict->setVisible(others > 0);
+}
+
+QList<Note> NotesView::otherEdits() const {
+    // The note may have got other edits since it was shown.
+    const int row = rowOf(m_note);
+    const QString conflict = row < 0 ? QString() : m_notes.at(row).conflict;
+    QList<Note> others;
+    if (!conflict.isEmpty()) {
+        std::copy_if(m_notes.begin(), m_notes.end(), std::back_inserter(others),
+                     [&](const Note &each) {
+                         return each.conflict == conflict && each.UUID != m_note.UUID;
+                     });
+    }
+    return others;
+}
+
+void NotesView::compareEdits() {
+    resolveConflict([this](const Note &shown, const Note &other) {
+        auto *dialog = new ConflictDialog(shown, other, this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        connect(dialog, &QDialog::finished, this, [this, shown, other](int decision) {
+            if (decision == ConflictDialog::KeepThis) {
+                keepEdit(shown, other);
+            } else if (decision == ConflictDialog::KeepOther) {
+                keepEdit(other, shown);
+            } else if (decision == ConflictDialog::KeepBoth) {
+                keepBothEdits(shown, other);
+            }
+        });
+        dialog->open();
+    });
+}
+
+void NotesView::resolveConflict(const std::function<void(const Note &, const Note &)> &resolve) {
+    // An edit that is typed into a copy makes it a note of its own.
+    if (!leave()) {
+        return;
+    }
+    const Note shown = m_note;
+    if (const QList<Note> others = otherEdits(); !others.isEmpty()) {
+        resolve(shown, others.first());
+    }
+}
+
+void NotesView::keepEdit(const Note &kept, const Note &removed) {
+    if (!presentIfFailed(m_database->removeNote(removed))) {
+        return;
+    }
+    // A copy that is the only edit left shows as the note.
+    const auto found = std::find_if(m_notes.begin(), m_notes.end(), [&](const Note &each) {
+        return each.revision == kept.revision;
+    });
+    if (found != m_notes.end()) {
+        select(*found);
+    }
+}
+
+void NotesView::keepBothEdits(const Note &one, const Note &other) {
+    Note copy = one.UUID == one.conflict ? other : one;
+    presentIfFailed(m_database->saveNote(copy));
 }
 
 bool NotesView::commit() {

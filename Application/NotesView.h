@@ -2,10 +2,12 @@
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QWidget>
+#include <functional>
 #include <memory>
 
 #include "Application/UnsavedTexts.h"
 
+class ConflictBar;
 class NoteTextEdit;
 class QAction;
 class QLabel;
@@ -90,6 +92,19 @@ private:
     void discard();
     void saveFailed(const Error &error);
     void setNotice(const QString &text);
+    /// Shows the bar if the note has conflicting edits.
+    void showConflict();
+    /// Returns the conflicting edits of the note, except the shown one.
+    QList<Note> otherEdits() const;
+    /// Shows the note and the first of its other edits side by side.
+    void compareEdits();
+    /// Saves what was typed, and calls `resolve` with the shown edit and the first of the others,
+    /// if there is one.
+    void resolveConflict(const std::function<void(const Note &, const Note &)> &resolve);
+    /// Removes `removed`, if it was not replaced meanwhile, and shows `kept`.
+    void keepEdit(const Note &kept, const Note &removed);
+    /// Makes the copy of the two edits a note of its own.
+    void keepBothEdits(const Note &one, const Note &other);
     /// Returns the shown note with the user's edits and the current time.
     Note editedNote() const;
     /// Returns the row of the note with the UUID of `note`; -1 if there is none.
@@ -115,6 +130,7 @@ private:
     QLineEdit *m_title;
     NoteTextEdit *m_text;
     QLabel *m_notice;
+    ConflictBar *m_conflict;
     QPushButton *m_addButton;
     QPushButton *m_removeButton;
     QAction *m_undoAction;

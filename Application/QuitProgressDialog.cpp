@@ -15,7 +15,7 @@ namespace {
 constexpr std::chrono::seconds LongestPause(30);
 constexpr std::chrono::minutes LongestWait(5);
 constexpr std::chrono::milliseconds UpdateInterval(100);
-constexpr int Percent = 100;
+constexpr int FullBar = 100;
 /// In widths of a letter.
 constexpr int Width = 60;
 
@@ -58,9 +58,9 @@ void QuitProgressDialog::showProgress() {
     const QVSyncProgress progress = QVSyncProgress::of(dispatcher);
     const QString activity = dispatcher->activity();
     m_label->setText(activity.isEmpty() ? tr("Synchronizing before quitting…") : activity);
-    m_bar->setMaximum(progress.total == 0 ? 0 : Percent);
+    m_bar->setMaximum(progress.total == 0 ? 0 : FullBar);
     m_bar->setValue(
-        progress.total == 0 ? 0 : static_cast<int>(progress.done * Percent / progress.total));
+        progress.total == 0 ? 0 : static_cast<int>(progress.done * FullBar / progress.total));
     if (progress != m_shown) {
         m_shown = progress;
         m_idleTimer.start(LongestPause);

@@ -16,6 +16,9 @@ struct Note {
     QDateTime modified = {};
     /// Identifies the edit that this note shows; empty for a note that was never saved.
     QString revision = {};
+    /// The UUID as which the first of several conflicting edits shows; the same for all of these
+    /// edits, and empty if the note has no others.
+    QString conflict = {};
     bool operator==(const Note &) const = default;
 };
 
@@ -52,6 +55,8 @@ public:
     /// A note that was edited in two places at once appears once for each edit; all but one of
     /// these have UUIDs of their own and say so in their titles.
     virtual Expected<QList<Note>> notes() const = 0;
+    /// Returns the number of notes that have conflicting edits.
+    virtual Expected<qint64> countOfConflicts() const = 0;
     /// Adds `note` or replaces the edit that its revision names, and updates `note.UUID` and
     /// `note.revision`. An empty UUID is replaced by a new one. An empty revision stands for the
     /// edit that the UUID shows now. If another computer has replaced the edit meanwhile, both

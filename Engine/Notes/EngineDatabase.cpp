@@ -28,6 +28,10 @@ Expected<QList<Note>> EngineDatabase::notes() const {
     return m_log.notes();
 }
 
+Expected<qint64> EngineDatabase::countOfConflicts() const {
+    return m_log.countOfConflicts();
+}
+
 Expected<void> EngineDatabase::saveNote(Note &note) {
     Note saved = note;
     if (Expected<void> written = write([&] { return m_log.save(saved); }); !written) {

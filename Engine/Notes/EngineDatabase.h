@@ -48,6 +48,7 @@ public:
     /// `notesChanged` once before they return successfully, and remove versions that exceed the
     /// limits of the history in the same transaction.
     Expected<QList<Note>> notes() const override;
+    Expected<qint64> countOfConflicts() const override;
     Expected<void> saveNote(Note &note) override;
     Expected<void> removeNote(const Note &note) override;
     Expected<QList<NoteVersion>> deletedNotes() const override;

@@ -125,13 +125,13 @@ Expected<QList<Note>> NoteLog::notes() const {
     }
     QList<Note> notes;
     notes.reserve(all->size());
-    for (const auto &[UUID, operation] : *all) {
+    for (const auto &[UUID, operation, conflict] : *all) {
         const bool isCopy = UUID != operation.note;
         const auto modified = operation.modified;
         notes.append({UUID, isCopy ? operation.title + ConflictMark : operation.title,
                       operation.text,
                       modified ? QDateTime::fromMSecsSinceEpoch(*modified) : QDateTime(),
-                      revisionOf(operation)});
+                      revisionOf(operation), conflict});
     }
     return notes;
 }
@@ -285,6 +285,14 @@ Expected<qint64> NoteLog::countOfNotes() const {
         .map([](const QVariant &count) { return count.toLongLong(); });
 }
 
+Expected<qint64> NoteLog::countOfConflicts() const {
+    return m_profile
+        .value(QStringLiteral("SELECT count(*) FROM (SELECT 1 FROM operations WHERE database = ?"
+                              " AND note_uuid <> '' GROUP BY note_uuid HAVING count(*) > 1)"),
+               {m_database})
+        .map([](const QVariant &count) { return count.toLongLong(); });
+}
+
 Expected<QList<NoteVersion>> NoteLog::earlierVersions(const QString &noteUUID) const {
     const Expected<std::optional<Operation>> shown =
         shownAs(noteUUID).and_then([&](const OperationId &id) { return operation(id); });
@@ -379,7 +387,8 @@ Expected<QList<NoteLog::Row>> NoteLog::rows() const {
     for (const QString &note : std::as_const(notes)) {
         QList<Operation> &operations = operationsByNote[note];
         std::sort(operations.begin(), operations.end(), comesBefore);
-        rows.append({note, operations.first()});
+        const QString conflict = operations.size() > 1 ? note : QString();
+        rows.append({note, operations.first(), conflict});
         for (const Operation &copy : operations.mid(1)) {
             QString UUID = copy.UUIDOfCopy();
             // A note has this UUID already only if somebody created it on purpose.
@@ -387,7 +396,7 @@ Expected<QList<NoteLog::Row>> NoteLog::rows() const {
                 UUID = QUuid::createUuidV5(QUuid(UUID), UUID).toString(QUuid::WithoutBraces);
             }
             taken.insert(UUID);
-            rows.append({UUID, copy});
+            rows.append({UUID, copy, conflict});
         }
     }
     return rows;

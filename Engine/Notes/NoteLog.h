@@ -78,6 +78,8 @@ public:
 
     /// Returns the number of notes; conflicting edits of a note count as one.
     Expected<qint64> countOfNotes() const;
+    /// Returns the number of notes with conflicting edits.
+    Expected<qint64> countOfConflicts() const;
     /// Returns the earlier versions of what shows as the note `noteUUID`.
     Expected<QList<NoteVersion>> earlierVersions(const QString &noteUUID) const;
     const NoteHistory &history() const { return m_history; }
@@ -90,6 +92,8 @@ private:
     struct Row {
         QString UUID;
         Operation operation;
+        /// See Note::conflict.
+        QString conflict;
     };
 
     Expected<QList<Row>> rows() const;

@@ -2,6 +2,72 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en_US">
 <context>
+    <name>ConflictBar</name>
+    <message>
+        <source>&amp;Compare…</source>
+        <translation>&amp;Vergleichen …</translation>
+    </message>
+    <message>
+        <source>Keep Th&amp;is</source>
+        <translation>D&amp;iese behalten</translation>
+    </message>
+    <message>
+        <source>Keep &amp;Other</source>
+        <translation>&amp;Andere behalten</translation>
+    </message>
+    <message>
+        <source>Keep &amp;Both</source>
+        <translation>Beide be&amp;halten</translation>
+    </message>
+    <message>
+        <source>This note was edited in two places.</source>
+        <translation>Diese Notiz wurde an zwei Stellen bearbeitet.</translation>
+    </message>
+    <message>
+        <source>This note was edited in %1 places.</source>
+        <translation>Diese Notiz wurde an %1 Stellen bearbeitet.</translation>
+    </message>
+</context>
+<context>
+    <name>ConflictDialog</name>
+    <message>
+        <source>Compare</source>
+        <translation>Vergleichen</translation>
+    </message>
+    <message>
+        <source>This Edit</source>
+        <translation>Diese Fassung</translation>
+    </message>
+    <message>
+        <source>Other Edit</source>
+        <translation>Andere Fassung</translation>
+    </message>
+    <message>
+        <source>date unknown</source>
+        <translation>Datum unbekannt</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Keep Th&amp;is</source>
+        <translation>D&amp;iese behalten</translation>
+    </message>
+    <message>
+        <source>Keep &amp;Other</source>
+        <translation>&amp;Andere behalten</translation>
+    </message>
+    <message>
+        <source>Keep &amp;Both</source>
+        <translation>Beide be&amp;halten</translation>
+    </message>
+</context>
+<context>
     <name>DamagedProfileDialog</name>
     <message>
         <source>You can restore the copy that Velmora made of it on %1; later changes are then missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
@@ -202,6 +268,14 @@
 </context>
 <context>
     <name>MainWindow</name>
+    <message>
+        <source>%1 · 1 conflict</source>
+        <translation>%1 · 1 Konflikt</translation>
+    </message>
+    <message>
+        <source>%1 · %2 conflicts</source>
+        <translation>%1 · %2 Konflikte</translation>
+    </message>
     <message>
         <source>%1 (closed)</source>
         <translation>%1 (geschlossen)</translation>

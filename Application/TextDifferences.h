@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+/// The words in which two texts differ. A value; thread-safe.
+struct TextDifferences {
+    /// Characters of a text that are not in the other one.
+    struct Range {
+        qsizetype position = 0;
+        qsizetype length = 0;
+        bool operator==(const Range &) const = default;
+    };
+    QList<Range> inFirst;
+    QList<Range> inSecond;
+
+    /// Compares two texts word by word. Takes bounded time: of long texts that differ much, more is
+    /// different than necessary.
+    static TextDifferences between(const QString &first, const QString &second);
+};
