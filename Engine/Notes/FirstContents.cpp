@@ -1,6 +1,5 @@
 #include "Engine/Notes/FirstContents.h"
 
-#include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 #include <QtCore/QUuid>
 #include <cerrno>
@@ -56,28 +55,38 @@ Expected<void> writeInbox(const ProfileDatabase &profile) {
         {newUUID(), localizedSyncString("Inbox")});
 }
 
-Expected<void> writeNotes(const NoteLog &log, const QList<FirstNote> &notes) {
-    for (const FirstNote &first : notes) {
-        Note note{{},
-                  localizedSyncString(first.title),
-                  localizedSyncString(first.text),
-                  QDateTime::currentDateTime()};
-        if (Expected<void> saved = log.save(note); !saved) {
-            return saved;
-        }
-    }
-    return {};
+/// Name space of the UUIDs of the examples.
+const QUuid Examples(QStringLiteral("6f0c9a52-83d1-5b7e-9d0e-3c1f5a8e2b47"));
+
+QString exampleUUID(const QString &contents) {
+    return QUuid::createUuidV5(Examples, contents).toString(QUuid::WithoutBraces);
 }
 
-Expected<void> writeDatabase(const ProfileDatabase &profile, const FirstDatabase &database,
-                             const QString &UUID) {
+/// Returns the same operation on every computer. Any edit is later than it.
+Operation example(const QString &note, const QString &title, const QString &text = {}) {
+    Operation operation{{}, note, title, text, {}, {}, QByteArray(Operation::IdentifierSize, '\0')};
+    operation.id = operation.computedId();
+    return operation;
+}
+
+/// Writes a database that is the same in every new profile whose user has the same language, so
+/// that the examples of two computers do not appear twice after a synchronization. Returns its
+/// UUID.
+Expected<QString> writeDatabase(const ProfileDatabase &profile, const FirstDatabase &database) {
     const QString name = localizedSyncString(database.name);
-    const Expected<qint64> row = NoteLog::insertDatabase(profile, UUID, name);
-    if (!row) {
-        return failure(row.error());
+    QString contents = name;
+    Transaction transaction{{example({}, name)}, {}};
+    for (const FirstNote &first : database.notes) {
+        const QString title = localizedSyncString(first.title);
+        const QString text = localizedSyncString(first.text);
+        contents += u'\n' + title + u'\n' + text;
+        transaction.operations.append(example(exampleUUID(contents), title, text));
     }
-    const NoteLog log(profile, *row);
-    return log.setName(name).and_then([&] { return writeNotes(log, database.notes); });
+    const QString UUID = exampleUUID(QStringLiteral("database\n") + contents);
+    return NoteLog::insertDatabase(profile, UUID, name)
+        // Merged, not saved: an edit must supersede them, since other profiles have them, too.
+        .and_then([&](qint64 row) { return NoteLog(profile, row).merge(transaction); })
+        .map([&] { return UUID; });
 }
 
 /// Creates a folder, which an interrupted first start may have left.
@@ -123,10 +132,11 @@ Expected<void> writeWelcome(const ProfileDatabase &profile) {
     const QList<FirstDatabase> databases = firstDatabases();
     QStringList UUIDs;
     for (const FirstDatabase &database : databases) {
-        UUIDs.append(newUUID());
-        if (Expected<void> written = writeDatabase(profile, database, UUIDs.last()); !written) {
-            return written;
+        const Expected<QString> UUID = writeDatabase(profile, database);
+        if (!UUID) {
+            return failure(UUID.error());
         }
+        UUIDs.append(*UUID);
     }
     return writeLocation(profile, UUIDs.first(), localizedSyncString(databases.first().name));
 }

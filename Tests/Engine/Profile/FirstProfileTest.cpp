@@ -4,6 +4,7 @@
 #include "Host/InboxUUID.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocationFormatter.h"
+#include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -40,6 +41,49 @@ private Q_SLOTS:
         QVERIFY(state->isEnabled());
         QVERIFY(!state->lastSynced().isValid());
         QVERIFY(!state->schedule());
+    }
+
+    void theExamplesOfTwoComputersAreTheSame() {
+        TestHost here(FirstContents::Welcome);
+        const QTemporaryDir folder;
+        SyncEngine there;
+        QVERIFY(there.openProfile(folder.filePath(QStringLiteral("Profile"))));
+        const QString URL = here.makeSyncStore(QStringLiteral("Shared"));
+        const auto synchronizeAll = [&](SyncEngine &engine) {
+            auto *locations = engine.plugin().locationsController();
+            if (locations->countOfSyncLocations() == 1) {
+                locations->insertObjectInSyncLocationsAtIndex(
+                    engine.plugin().newLocation(Url::fromString(URL)), 1);
+            }
+            const auto location = locations->syncLocations().last();
+            QVSyncStates states;
+            for (const auto &database : engine.library()->knownDatabases()) {
+                states.append(location->addStateForDatabaseWithUUID(
+                    database->isInbox() ? InboxUUID : database->UUID(), database->name()));
+                states.last()->setEnabled(true);
+            }
+            bool isDone = false;
+            engine.plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+                states, [&] { isDone = true; });
+            QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
+        };
+        Note bookshelf = here.library().knownDatabases().at(1)->notes().value().first();
+        bookshelf.text += QStringLiteral("\nEdited here");
+        QVERIFY(here.library().knownDatabases().at(1)->saveNote(bookshelf));
+        const Note garden = there.library()->knownDatabases().at(1)->notes().value().at(1);
+        QVERIFY(there.library()->knownDatabases().at(1)->removeNote(garden));
+        QVERIFY(there.library()->renameDatabase(there.library()->knownDatabases().at(2),
+                                                QStringLiteral("Kitchen")));
+        synchronizeAll(here.engine());
+        synchronizeAll(there);
+        synchronizeAll(here.engine());
+        for (SyncEngine *engine : {&here.engine(), &there}) {
+            const auto databases = engine->library()->knownDatabases();
+            QCOMPARE(databases.size(), 3);
+            QCOMPARE(databases.at(1)->notes().value(), QList{bookshelf});
+            QCOMPARE(databases.at(2)->notes().value().size(), 3);
+            QCOMPARE(databases.at(2)->name(), QStringLiteral("Kitchen"));
+        }
     }
 
     void containsOnlyTheInboxIfRequested() {
