@@ -35,6 +35,13 @@ QStringList decodedParts(const QUrl &URL) {
     return parts;
 }
 
+/// Returns whether a server may respond with `status` to PUT because the folder does not exist.
+/// RFC 4918 asks for 409, but SabreDAV and rclone respond with 404, and nginx with 500.
+bool mayLackFolder(int status) {
+    return status == HttpStatus::Conflict || status == HttpStatus::NotFound ||
+           status == HttpStatus::InternalServerError;
+}
+
 /// A credential stored for Basic may be used with Digest, which does not disclose it, but not vice
 /// versa.
 Expected<std::optional<UrlCredential>> storedCredential(const Url &URL,
@@ -229,8 +236,7 @@ Expected<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
 Expected<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QByteArray &contents,
                                                     const EngineFuture &future) {
     Expected<Response> answer = put(name, contents, future);
-    if (answer &&
-        (answer->status == HttpStatus::Conflict || answer->status == HttpStatus::NotFound)) {
+    if (answer && mayLackFolder(answer->status)) {
         if (const Expected<void> made = makeFoldersAbove(name, future); !made) {
             return failure(made.error());
         }

@@ -1,0 +1,119 @@
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Synchronization/SyncSession.h"
+#include "Host/InboxUUID.h"
+#include "Servers/ForeignServer.h"
+#include "Support/Compaction.h"
+#include "Support/Failure.h"
+#include "Support/Replica.h"
+#include "Support/RunSession.h"
+#include "Support/TestMain.h"
+#include "Support/TestWebDAVStore.h"
+#include "Support/Verification.h"
+
+using Written = BlobStore::Written;
+
+/// Two computers over the servers that users have, besides Apache.
+class WebDAVServersTest : public QObject {
+    Q_OBJECT
+private:
+    static constexpr int Edits = 20;
+
+    std::unique_ptr<ForeignServer> m_server;
+    std::shared_ptr<WebDAVStore> m_store;
+    EngineFuture m_future;
+
+    static StoreSession::Subject subject() {
+        return {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store"),
+                QStringLiteral("the server")};
+    }
+
+    template <class Session>
+    Expected<void> run(Replica &replica) {
+        Session session(replica.profile(), replica.library(), subject());
+        return runSession(session, *m_store);
+    }
+
+    static QList<Note> notes(Replica &replica) {
+        QList<Note> notes = replica.library().synchronizedDatabase(InboxUUID)->notes().value();
+        std::sort(notes.begin(), notes.end(),
+                  [](const Note &one, const Note &other) { return one.UUID < other.UUID; });
+        return notes;
+    }
+
+    static void addServers() {
+        using Kind = ForeignServer::Kind;
+        QTest::addColumn<Kind>("kind");
+        QTest::newRow("nginx with dav-ext") << Kind::Nginx;
+        QTest::newRow("nginx with dav-ext, TLS") << Kind::NginxTLS;
+        QTest::newRow("lighttpd") << Kind::Lighttpd;
+        QTest::newRow("lighttpd, Digest") << Kind::LighttpdDigest;
+        QTest::newRow("rclone") << Kind::Rclone;
+        QTest::newRow("rclone, memory") << Kind::RcloneMemory;
+        QTest::newRow("rclone, crypt") << Kind::RcloneCrypt;
+        QTest::newRow("SabreDAV, Digest") << Kind::SabreDAV;
+    }
+
+    void start(const QString &path) {
+        QFETCH(ForeignServer::Kind, kind);
+        m_server = std::make_unique<ForeignServer>(kind);
+        m_store = webDAVStoreWithoutEngine(m_server->URLText(path));
+        QCOMPARE(description(m_store->open(m_future)), QString());
+    }
+
+private Q_SLOTS:
+    void cleanup() {
+        m_store.reset();
+        m_server.reset();
+    }
+
+    void allOperationsWork_data() { addServers(); }
+    void allOperationsWork() {
+        start(QStringLiteral("Trip%20%26%20more.qvSyncStore"));
+        const QString name =
+            QStringLiteral("transactions/Gr\u00fc\u00dfe \u20ac/%1").arg(InboxUUID);
+        const QByteArray contents("\0\xff and more", 11);
+        QCOMPARE(m_store->writeIfAbsent(name, contents, m_future), Expected<Written>(Written::New));
+        QCOMPARE(m_store->read(name, 1000, m_future), Expected<QByteArray>(contents));
+        QCOMPARE(m_store->list(name.section(u'/', 0, 1), m_future),
+                 Expected<QStringList>({InboxUUID}));
+        QCOMPARE(m_store->list(QStringLiteral("transactions/none"), m_future),
+                 Expected<QStringList>(QStringList()));
+        QCOMPARE(description(m_store->remove(name, m_future)), QString());
+        QCOMPARE(description(m_store->remove(name, m_future)), QString());
+        QCOMPARE(code(m_store->read(name, 1000, m_future)), EngineErrorCode::BlobMissing);
+        // Opening again finds the package.
+        QCOMPARE(description(m_store->open(m_future)), QString());
+        const QByteArray large(3 << 20, 'x');
+        QCOMPARE(m_store->writeIfAbsent(name, large, m_future), Expected<Written>(Written::New));
+        QCOMPARE(m_store->read(name, large.size(), m_future), Expected<QByteArray>(large));
+    }
+
+    void twoComputersHaveTheSameNotes_data() { addServers(); }
+    void twoComputersHaveTheSameNotes() {
+        start(QStringLiteral("Shared.qvSyncStore"));
+        Replica one;
+        Replica other;
+        for (int i = 0; i < Edits; ++i) {
+            Note note{{}, QStringLiteral("Note %1").arg(i), QStringLiteral("Text"), {}};
+            Replica &author = i % 2 == 0 ? one : other;
+            QVERIFY(author.library().inbox()->saveNote(note));
+            for (Replica *replica : {&one, &other}) {
+                QCOMPARE(description(run<SyncSession>(*replica)), QString());
+                QCOMPARE(description(run<Compaction>(*replica)), QString());
+            }
+        }
+        QCOMPARE(description(run<SyncSession>(one)), QString());
+        QCOMPARE(notes(one).size(), Edits);
+        QCOMPARE(notes(other), notes(one));
+        QCOMPARE(description(run<CleanSession>(one)), QString());
+        for (Replica *replica : {&one, &other}) {
+            QCOMPARE(description(run<SyncSession>(*replica)), QString());
+            QCOMPARE(
+                Verification::problems(replica->profile(), replica->library(), subject(), *m_store),
+                QStringList());
+        }
+    }
+};
+
+VELMORA_TEST(WebDAVServersTest)
+#include "WebDAVServersTest.moc"
