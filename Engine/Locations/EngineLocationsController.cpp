@@ -1,5 +1,7 @@
 #include "Engine/Locations/EngineLocationsController.h"
 
+#include <QtCore/QUuid>
+
 #include "Engine/Locations/ResultColumns.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileSettings.h"
@@ -110,15 +112,49 @@ void EngineLocationsController::removeObjectFromSyncLocationsAtIndex(qsizetype i
 }
 
 bool EngineLocationsController::save(std::optional<Error> *error) {
-    const Expected<void> written = m_profile.write(
-        [this] { return writeLocations().and_then([this] { return writeStates(); }); });
+    const QHash<QString, QString> formerURLs = formerURLTexts();
+    const Expected<void> written = m_profile.write([&] {
+        return writeLocations().and_then([this] { return writeStates(); }).and_then([&] {
+            return recordRemovals(formerURLs);
+        });
+    });
     if (written) {
         rememberSaved();
+        for (auto former = formerURLs.begin(); former != formerURLs.end(); ++former) {
+            Q_EMIT addressReplaced(former.key());
+        }
         Q_EMIT saved();
     } else if (error) {
         *error = written.error();
     }
     return written.has_value();
+}
+
+QHash<QString, QString> EngineLocationsController::formerURLTexts() const {
+    QHash<QString, QString> texts;
+    for (const auto &location : m_locations) {
+        const auto former = m_saved.constFind(location->identifier());
+        if (former != m_saved.constEnd() && former->URLText != location->URLText()) {
+            texts.insert(QUuid::createUuid().toString(QUuid::WithoutBraces), former->URLText);
+        }
+    }
+    return texts;
+}
+
+Expected<void> EngineLocationsController::recordRemovals(
+    const QHash<QString, QString> &URLTexts) const {
+    for (auto each = URLTexts.begin(); each != URLTexts.end(); ++each) {
+        if (Expected<void> recorded = recordRemoval(each.key(), each.value()); !recorded) {
+            return recorded;
+        }
+    }
+    return {};
+}
+
+Expected<void> EngineLocationsController::recordRemoval(const QString &identifier,
+                                                        const QString &URLText) const {
+    return ProfileSettings::set(m_profile, RemovalPrefix + identifier,
+                                ProfileDatabase::text(URLText));
 }
 
 Expected<void> EngineLocationsController::writeLocations() const {
@@ -140,12 +176,9 @@ Expected<void> EngineLocationsController::writeLocations() const {
 }
 
 Expected<void> EngineLocationsController::deleteLocation(const QString &identifier) const {
-    return ProfileSettings::set(m_profile, RemovalPrefix + identifier,
-                                ProfileDatabase::text(m_saved[identifier].URLText))
-        .and_then([&] {
-            return m_profile.run(QStringLiteral("DELETE FROM locations WHERE uuid = ?"),
-                                 {identifier});
-        });
+    return recordRemoval(identifier, m_saved[identifier].URLText).and_then([&] {
+        return m_profile.run(QStringLiteral("DELETE FROM locations WHERE uuid = ?"), {identifier});
+    });
 }
 
 Expected<QStringList> EngineLocationsController::removedLocations() const {

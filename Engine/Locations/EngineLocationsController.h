@@ -41,7 +41,8 @@ public:
     /// Writes the locations and states that have changed, in one transaction. If it fails, nothing
     /// is written and the changes remain to be saved. Values that were not changed here are not
     /// written, so it is quick if nothing was. The URL of a location whose removal is saved is
-    /// recorded, see removedLocations().
+    /// recorded, see removedLocations(), and so is the former URL of a location that has another
+    /// one now, as if a location of that URL had been removed.
     bool save(std::optional<Error> *error) override;
 
     /// Return the identifiers of the locations whose removal was saved, and the URL that such a
@@ -59,6 +60,9 @@ Q_SIGNALS:
     void locationRemoved(const QString &identifier);
     /// Emitted after save() has succeeded.
     void saved();
+    /// Emitted after save() has recorded the former URL of a location, with the identifier under
+    /// which it is recorded, which is not that of the location.
+    void addressReplaced(const QString &identifier);
 
 private:
     /// The values of a location's row in the profile.
@@ -76,6 +80,10 @@ private:
     Expected<void> writeLocations() const;
     Expected<void> writeLocation(const QString &identifier, const Row &row) const;
     Expected<void> deleteLocation(const QString &identifier) const;
+    /// Returns the saved URLs of the locations that have another one now, by new identifiers.
+    QHash<QString, QString> formerURLTexts() const;
+    Expected<void> recordRemovals(const QHash<QString, QString> &URLTexts) const;
+    Expected<void> recordRemoval(const QString &identifier, const QString &URLText) const;
     Expected<void> writeStates() const;
     /// Returns whether the profile contains the location.
     bool isSaved(const EngineSyncLocation &location) const;

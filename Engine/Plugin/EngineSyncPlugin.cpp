@@ -34,6 +34,8 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLib
             m_dispatcher.get(), &EngineDispatcher::cancelJobsOfLocation);
     connect(m_locationsController.get(), &EngineLocationsController::locationRemoved,
             m_removedLocations.get(), &RemovedLocations::didRemoveLocation);
+    connect(m_locationsController.get(), &EngineLocationsController::addressReplaced,
+            m_removedLocations.get(), &RemovedLocations::didRemoveLocation);
 }
 
 EngineSyncPlugin::~EngineSyncPlugin() = default;

@@ -13,7 +13,8 @@ class Url;
 
 /// Forgets what was kept for locations that were removed: known transactions, and what the kind of
 /// the location adds to them, such as certificates and secrets. What another location needs is
-/// never forgotten, nor what belongs to a location that is in the list again.
+/// never forgotten, nor what belongs to a location that is in the list again. The address that a
+/// location had before it was edited is treated as that of a removed location.
 ///
 /// The profile records the locations whose removal was saved, until all of that is deleted or was
 /// not there. What could not be forgotten in one run is logged, and forgotten at the start of a

@@ -948,8 +948,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Das Passwort von „%1“ vergessen?</translation>
     </message>
     <message>
-        <source>You have removed the location. No other location uses the password.</source>
-        <translation>Sie haben den Ort entfernt. Kein anderer Ort benutzt das Passwort.</translation>
+        <source>No location of the list uses this password any more.</source>
+        <translation>Kein Ort der Liste verwendet dieses Passwort noch.</translation>
     </message>
     <message>
         <source>Forget</source>

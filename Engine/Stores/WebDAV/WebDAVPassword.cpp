@@ -12,18 +12,18 @@ void ask(const SecretRemoval &removal) {
     if (!presenter) {
         return;
     }
-    presenter->ask(
-        {localizedSyncString("Forget the password of “%1”?").arg(removal.URL.host()),
-         localizedSyncString("You have removed the location. No other location uses the password."),
-         localizedSyncString("Forget"), localizedSyncString("Keep")},
-        [removal](bool isAccepted) {
-            // The user may have added such a location meanwhile.
-            if (isAccepted && !removal.isNeeded()) {
-                UrlCredentialStorage::shared().removeCredentialForURL(removal.URL, removal.finish);
-            } else {
-                removal.finish({});
-            }
-        });
+    presenter->ask({localizedSyncString("Forget the password of “%1”?").arg(removal.URL.host()),
+                    localizedSyncString("No location of the list uses this password any more."),
+                    localizedSyncString("Forget"), localizedSyncString("Keep")},
+                   [removal](bool isAccepted) {
+                       // The user may have added such a location meanwhile.
+                       if (isAccepted && !removal.isNeeded()) {
+                           UrlCredentialStorage::shared().removeCredentialForURL(removal.URL,
+                                                                                 removal.finish);
+                       } else {
+                           removal.finish({});
+                       }
+                   });
 }
 
 }  // namespace
