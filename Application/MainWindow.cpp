@@ -13,6 +13,7 @@
 #include "Application/EventLog.h"
 #include "Application/HistoryDialog.h"
 #include "Application/Interface/NoteLibrary.h"
+#include "Application/LocationRemovals.h"
 #include "Application/LogWindow.h"
 #include "Application/NotesView.h"
 #include "Application/PlugIns.h"
@@ -21,6 +22,8 @@
 #include "Application/StatusLine.h"
 #include "Application/SynchronizationMonitor.h"
 #include "Application/WindowSize.h"
+#include "Host/QVSyncLocationsController.h"
+#include "Host/QVSyncPlugin.h"
 
 namespace {
 
@@ -45,6 +48,7 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
     : m_library(library),
       m_log(log),
       m_monitor(new SynchronizationMonitor(library, this)),
+      m_removals(new LocationRemovals(QVSyncPlugin::plugin()->locationsController(), this)),
       m_databases(new QListWidget),
       m_notes(new NotesView(UnsavedTexts(profileFolder))) {
     restoreUnsavedTexts(UnsavedTexts(profileFolder));
@@ -196,6 +200,7 @@ PreferencesWindow *MainWindow::showPreferences() {
             return nullptr;
         }
         m_preferences = new PreferencesWindow(std::move(*pane));
+        m_preferences->showRemovals(m_removals, &PlugIns::makeSyncPreferences);
     }
     m_preferences->show();
     m_preferences->raise();

@@ -5,6 +5,7 @@
 #include <memory>
 
 class EventLog;
+class LocationRemovals;
 class LogWindow;
 class NoteDatabase;
 class NoteLibrary;
@@ -80,6 +81,7 @@ private:
     NoteLibrary *const m_library;
     EventLog *const m_log;
     SynchronizationMonitor *const m_monitor;
+    LocationRemovals *const m_removals;
     /// The selected database, open or not; null if there is none.
     std::shared_ptr<NoteDatabase> m_database;
     QListWidget *m_databases;

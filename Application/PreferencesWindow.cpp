@@ -1,25 +1,78 @@
 #include "Application/PreferencesWindow.h"
 
 #include <QtGui/QCloseEvent>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
+#include "Application/LocationRemovals.h"
+#include "Application/PresentIfFailed.h"
 #include "Platform/Interface/PreferencePane.h"
+#include "Platform/Interface/TextLabel.h"
 
 PreferencesWindow::PreferencesWindow(std::unique_ptr<PreferencePane> pane, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_pane(std::move(pane)) {
+    : QWidget(parent, Qt::Window) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Sync Preferences"));
-    m_pane->loadMainView();
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_pane->mainView());
+    layout->setSpacing(0);
     resize(760, 600);
-    m_pane->willSelect();
+    showPane(std::move(pane));
 }
 
 PreferencesWindow::~PreferencesWindow() = default;
 
-void PreferencesWindow::closeEvent(QCloseEvent *event) {
+void PreferencesWindow::showPane(std::unique_ptr<PreferencePane> pane) {
+    m_pane = std::move(pane);
+    m_pane->loadMainView();
+    static_cast<QVBoxLayout *>(layout())->insertWidget(0, m_pane->mainView(), 1);
+    m_pane->willSelect();
+}
+
+void PreferencesWindow::showRemovals(
+    LocationRemovals *removals,
+    std::function<Expected<std::unique_ptr<PreferencePane>>()> makePane) {
+    m_removals = removals;
+    m_makePane = std::move(makePane);
+    m_removalBar = new QWidget;
+    m_removalBar->setObjectName(QStringLiteral("removalBar"));
+    m_removalLabel = new TextLabel;
+    m_removalLabel->setWordWrap(true);
+    m_removalLabel->setTextColor(palette().color(QPalette::WindowText));
+    auto *button = new QPushButton(tr("&Undo"));
+    connect(button, &QPushButton::clicked, this, &PreferencesWindow::undoRemoval);
+    auto *barLayout = new QHBoxLayout(m_removalBar);
+    barLayout->setContentsMargins(20, 0, 20, 12);
+    barLayout->addWidget(m_removalLabel, 1);
+    barLayout->addWidget(button);
+    layout()->addWidget(m_removalBar);
+    connect(m_removals, &LocationRemovals::changed, this, &PreferencesWindow::updateRemovals);
+    updateRemovals();
+}
+
+void PreferencesWindow::updateRemovals() {
+    m_removalLabel->setText(tr("“%1” was removed. Its ticks and schedules can be restored with it.")
+                                .arg(m_removals->title()));
+    m_removalBar->setVisible(!m_removals->isEmpty());
+}
+
+void PreferencesWindow::undoRemoval() {
+    // There may be one pane at a time.
     m_pane->willDeselect();
+    m_pane.reset();
+    presentIfFailed(m_removals->undo());
+    auto pane = m_makePane();
+    if (pane) {
+        showPane(std::move(*pane));
+    } else {
+        NSApp()->presentError(pane.error());
+        close();
+    }
+}
+
+void PreferencesWindow::closeEvent(QCloseEvent *event) {
+    if (m_pane) {
+        m_pane->willDeselect();
+    }
     event->accept();
 }

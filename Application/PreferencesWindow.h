@@ -1,9 +1,14 @@
 #pragma once
 
 #include <QtWidgets/QWidget>
+#include <functional>
 #include <memory>
 
+#include "Platform/Foundation/Expected.h"
+
+class LocationRemovals;
 class PreferencePane;
+class TextLabel;
 
 /// A window that shows a preference pane. It deletes itself when it is closed. Must be used on the
 /// main thread.
@@ -17,11 +22,27 @@ public:
     /// everything.
     ~PreferencesWindow() override;
 
+    /// Shows below the pane which location was removed, with a button that undoes that. Afterwards
+    /// a pane of `makePane` replaces the present one, since the list of locations announces no
+    /// changes. `removals` is not owned and must outlive this window. Must be called once.
+    void showRemovals(LocationRemovals *removals,
+                      std::function<Expected<std::unique_ptr<PreferencePane>>()> makePane);
+
 protected:
     /// Deselects the pane, which saves its settings and may present an error; the window closes in
     /// any case.
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    const std::unique_ptr<PreferencePane> m_pane;
+    /// Loads the view of the pane, shows it and selects the pane.
+    void showPane(std::unique_ptr<PreferencePane> pane);
+    void updateRemovals();
+    void undoRemoval();
+
+    std::unique_ptr<PreferencePane> m_pane;
+    /// Null before showRemovals(), as are the widgets.
+    LocationRemovals *m_removals = nullptr;
+    std::function<Expected<std::unique_ptr<PreferencePane>>()> m_makePane;
+    QWidget *m_removalBar = nullptr;
+    TextLabel *m_removalLabel = nullptr;
 };

@@ -410,6 +410,14 @@
 <context>
     <name>PreferencesWindow</name>
     <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>“%1” was removed. Its ticks and schedules can be restored with it.</source>
+        <translation>„%1“ wurde entfernt. Der Ort kann mit seinen Häkchen und Zeitplänen wiederhergestellt werden.</translation>
+    </message>
+    <message>
         <source>Sync Preferences</source>
         <translation>Sync-Einstellungen</translation>
     </message>

@@ -1,0 +1,81 @@
+#include "Application/LocationRemovals.h"
+
+#include <QtCore/QTimer>
+#include <algorithm>
+
+#include "Host/QVSyncLocation.h"
+#include "Host/QVSyncLocationFormatter.h"
+#include "Host/QVSyncLocationsController.h"
+
+LocationRemovals::LocationRemovals(QVSyncLocationsController *controller, QObject *parent)
+    : QObject(parent), m_controller(controller), m_listed(listed()) {
+    if (controller->metaObject()->indexOfSignal("saved()") >= 0) {
+        connect(controller, SIGNAL(saved()), this, SLOT(update()));
+    }
+}
+
+LocationRemovals::~LocationRemovals() = default;
+
+QString LocationRemovals::title() const {
+    return isEmpty() ? QString()
+                     : QVSyncLocationFormatter::formatterForLocationWithURL(
+                           m_removals.last().listed.location->URL())
+                           ->title();
+}
+
+Expected<void> LocationRemovals::undo() {
+    const Removal removal = m_removals.last();
+    const qsizetype index = std::min(removal.index, m_controller->countOfSyncLocations());
+    m_controller->insertObjectInSyncLocationsAtIndex(removal.listed.location, index);
+    for (const auto &state : removal.listed.enabledStates) {
+        state->setEnabled(true);
+    }
+    std::optional<Error> error;
+    if (!m_controller->save(&error)) {
+        m_controller->removeObjectFromSyncLocationsAtIndex(index);
+        return failure(error.value_or(Error()));
+    }
+    update();
+    return {};
+}
+
+void LocationRemovals::update() {
+    const QList<Listed> former = std::exchange(m_listed, listed());
+    for (qsizetype i = 0; i < former.size(); ++i) {
+        if (!isListed(former[i].location)) {
+            remember({former[i], i});
+        }
+    }
+    forgetIf([this](const auto &location) { return isListed(location); });
+}
+
+QList<LocationRemovals::Listed> LocationRemovals::listed() const {
+    QList<Listed> listed;
+    const auto locations = m_controller->syncLocations();
+    for (const auto &location : locations) {
+        listed.append({location, location->synchronizationStates()});
+        listed.last().enabledStates.removeIf([](const auto &state) { return !state->isEnabled(); });
+    }
+    return listed;
+}
+
+bool LocationRemovals::isListed(const std::shared_ptr<QVSyncLocation> &location) const {
+    return m_controller->indexOfObjectInSyncLocations(location) >= 0;
+}
+
+void LocationRemovals::remember(const Removal &removal) {
+    m_removals.append(removal);
+    QTimer::singleShot(m_undoTime, this, [this, removed = removal.listed.location.get()] {
+        forgetIf([&](const auto &location) { return location.get() == removed; });
+    });
+    Q_EMIT changed();
+}
+
+template <class Predicate>
+void LocationRemovals::forgetIf(Predicate predicate) {
+    const auto forgotten = m_removals.removeIf(
+        [&](const Removal &removal) { return predicate(removal.listed.location); });
+    if (forgotten > 0) {
+        Q_EMIT changed();
+    }
+}
