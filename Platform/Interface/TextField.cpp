@@ -1,6 +1,6 @@
 #include "Platform/Interface/TextField.h"
 
-TextField::TextField(QWidget *parent) : QLineEdit(parent) {
+TextField::TextField(QWidget *parent) : TrimmedField(parent) {
     connect(this, &QLineEdit::textEdited, this, &TextField::didEdit);
     connect(this, &QLineEdit::editingFinished, this, &TextField::didEndEditing);
 }
@@ -12,9 +12,9 @@ void TextField::setStringValue(const QString &value) {
     }
 }
 
-void TextField::didEdit(const QString &text) {
+void TextField::didEdit() {
     m_isEditing = true;
-    m_value = text;
+    m_value = text();
     Q_EMIT stringValueChanged();
 }
 

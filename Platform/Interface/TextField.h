@@ -1,14 +1,12 @@
 #pragma once
 
-#include <QtWidgets/QLineEdit>
-
-#include "Platform/PlatformExport.h"
+#include "Platform/Interface/TrimmedField.h"
 
 /// A text field to be bound both ways by "stringValue". Each edit is written to the model
 /// immediately. What the model makes of the text (for example, of an incomplete host name) is shown
 /// only when the user leaves the field or presses Return, so it does not disturb typing. Must be
 /// used on the main thread.
-class PLATFORM_EXPORT TextField : public QLineEdit {
+class PLATFORM_EXPORT TextField : public TrimmedField {
     Q_OBJECT
     Q_PROPERTY(QString stringValue READ text WRITE setStringValue NOTIFY stringValueChanged)
 public:
@@ -25,7 +23,7 @@ Q_SIGNALS:
 
 private:
     /// Called after each edit by the user.
-    void didEdit(const QString &text);
+    void didEdit();
     /// Shows what the model has made of the text.
     void didEndEditing();
 
