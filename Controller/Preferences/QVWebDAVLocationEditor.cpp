@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "Controller/Preferences/WebDAVAddress.h"
 #include "Host/LocationSchemes.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
@@ -160,6 +161,45 @@ void QVWebDAVLocationEditor::toggleHTTPS(QObject *checkBox) {
 
 void QVWebDAVLocationEditor::validate(QObject * /*sender*/) {
     m_acceptButton->setEnabled(isValid());
+    Q_EMIT addressChanged();
+}
+
+QString QVWebDAVLocationEditor::addressStatus() const {
+    Fields entered = fields();
+    // As they are when the user leaves the fields.
+    for (QString *text : {&entered.server, &entered.port, &entered.path, &entered.store}) {
+        *text = text->trimmed();
+    }
+    return WebDAVAddress::status(entered);
+}
+
+bool QVWebDAVLocationEditor::isCompleteAddress() const {
+    return WebDAVAddress::complete(m_serverField->text()).has_value();
+}
+
+void QVWebDAVLocationEditor::distributeAddress() {
+    auto address = WebDAVAddress::complete(m_serverField->text());
+    if (!address) {
+        return;
+    }
+    const Fields &parts = address->fields;
+    m_HTTPSCheckbox->setChecked(parts.isHTTPS);
+    m_serverField->setText(parts.server);
+    m_portField->setText(parts.port);
+    m_pathField->setText(parts.path);
+    // What the address does not contain stays as it was entered.
+    if (!parts.store.isEmpty()) {
+        m_storeField->setText(parts.store);
+    }
+    if (!parts.user.isEmpty()) {
+        m_userField->setText(parts.user);
+    }
+    if (!address->password.isEmpty()) {
+        m_passwordField->setText(address->password);
+        m_passwordField->setModified(true);
+        SecretBytes::wipe(address->password);
+    }
+    toggleHTTPS(m_HTTPSCheckbox);
 }
 
 void QVWebDAVLocationEditor::controlTextDidChange() {
@@ -168,10 +208,11 @@ void QVWebDAVLocationEditor::controlTextDidChange() {
 
 void QVWebDAVLocationEditor::awakeFromNib() {
     const Fields shown = fieldsOfURL(location()->URL());
-    // So that the fields stay in their places.
+    // So that the fields stay in their places while these labels change.
     QSizePolicy policy = m_unencryptedLabel->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     m_unencryptedLabel->setSizePolicy(policy);
+    m_addressLabel->setMinimumHeight(2 * m_addressLabel->fontMetrics().lineSpacing());
     m_HTTPSCheckbox->setChecked(shown.isHTTPS);
     toggleHTTPS(m_HTTPSCheckbox);
     m_serverField->setText(shown.server);

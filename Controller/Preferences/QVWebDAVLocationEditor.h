@@ -25,6 +25,10 @@ class QVWebDAVLocationEditor : public QVSyncLocationEditor {
     /// it is being read.
     Q_PROPERTY(std::optional<UrlCredential> credential READ credential WRITE setCredential NOTIFY
                    credentialChanged)
+    /// The address that the location gets from the fields, or what is wrong with them.
+    Q_PROPERTY(QString addressStatus READ addressStatus NOTIFY addressChanged)
+    /// Whether the server field contains a complete address, such as "https://host:8443/folder".
+    Q_PROPERTY(bool completeAddress READ isCompleteAddress NOTIFY addressChanged)
     /// Outlets. Null until the window is loaded; owned by the window.
     Q_PROPERTY(QLineEdit *serverField MEMBER m_serverField)
     Q_PROPERTY(QLineEdit *userField MEMBER m_userField)
@@ -36,6 +40,7 @@ class QVWebDAVLocationEditor : public QVSyncLocationEditor {
     Q_PROPERTY(QPushButton *acceptButton MEMBER m_acceptButton)
     Q_PROPERTY(QLabel *explanationLabel MEMBER m_explanationLabel)
     Q_PROPERTY(QLabel *unencryptedLabel MEMBER m_unencryptedLabel)
+    Q_PROPERTY(QLabel *addressLabel MEMBER m_addressLabel)
 public:
     /// The contents of the sheet's fields, as the user has typed them: neither trimmed nor checked.
     struct Fields {
@@ -85,6 +90,10 @@ public:
     QCheckBox *HTTPSCheckbox() const { return m_HTTPSCheckbox; }
     QPushButton *acceptButton() const { return m_acceptButton; }
 
+    /// These two need the outlets.
+    QString addressStatus() const;
+    bool isCompleteAddress() const;
+
     /// Returns whether the field is not empty. `field` must not be null.
     bool validateValueOfField(const QLineEdit *field) const;
     /// Returns whether the server and the store are not empty. The window must be loaded. The URL
@@ -96,8 +105,12 @@ public Q_SLOTS:
     /// `checkBox`, which must be a QCheckBox, and validates. Does not change the port that the user
     /// has entered.
     void toggleHTTPS(QObject *checkBox);
-    /// Enables the OK button if isValid(); otherwise disables it. `sender` is not used.
+    /// Enables the OK button if isValid(), otherwise disables it, and announces the address.
+    /// `sender` is not used.
     void validate(QObject *sender);
+    /// Replaces the contents of the other fields by the parts of the complete address in the server
+    /// field. Has no effect if it contains none.
+    void distributeAddress();
     /// Called each time the user edits a field.
     void controlTextDidChange();
     /// Sets the location's URL, stores the credential, and without HTTPS that the user has seen
@@ -110,6 +123,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// Emitted each time the credential is set, even if it stays equal.
     void credentialChanged();
+    /// Emitted after each edit of a field.
+    void addressChanged();
 
 protected:
     /// Shows the location's URL and credential. Always shows the Cancel button: the changes reach
@@ -145,4 +160,5 @@ private:
     QPointer<QLabel> m_explanationLabel;
     /// Says what others on the network can read; visible unless HTTPS is on.
     QPointer<QLabel> m_unencryptedLabel;
+    QPointer<QLabel> m_addressLabel;
 };

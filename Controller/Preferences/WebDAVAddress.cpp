@@ -1,0 +1,124 @@
+#include "Controller/Preferences/WebDAVAddress.h"
+
+#include <QtCore/QUrl>
+#include <algorithm>
+
+#include "Host/LocationSchemes.h"
+#include "Host/SyncStoreLayout.h"
+#include "Host/SyncStrings.h"
+#include "Platform/Foundation/PathComponents.h"
+
+using Fields = QVWebDAVLocationEditor::Fields;
+
+namespace {
+
+bool isOneOf(const QString &scheme, std::initializer_list<const char *> schemes) {
+    return std::any_of(schemes.begin(), schemes.end(), [&](const char *each) {
+        return scheme.compare(QLatin1StringView(each), Qt::CaseInsensitive) == 0;
+    });
+}
+
+/// Returns whether `character` can be part of a server, with its port and path if the user has
+/// entered these in the same field.
+bool isOfServer(char32_t character) {
+    const QChar ascii(static_cast<char16_t>(character));
+    return character < 0x80 &&
+           (ascii.isLetterOrNumber() || QStringLiteral("-._~!$&'()*+,;=:[]%/").contains(ascii));
+}
+
+QString problemOfServer(const QString &server) {
+    const QList<uint> characters = server.toUcs4();
+    const auto found = std::find_if(characters.begin(), characters.end(),
+                                    [](char32_t each) { return !isOfServer(each); });
+    if (found == characters.end()) {
+        return localizedSyncString("“%1” is not a valid server name.").arg(server);
+    }
+    const char32_t character = *found;
+    if (QChar::isSpace(character)) {
+        return localizedSyncString("A server name contains no blanks. Remove the blank from “%1”.")
+            .arg(server);
+    }
+    const QString ascii = QString::fromLatin1(QUrl::toAce(server));
+    const QString problem = localizedSyncString("A server name cannot contain “%1”.")
+                                .arg(QString::fromUcs4(&character, 1));
+    return ascii.isEmpty() || ascii == server
+               ? problem
+               : problem + u' ' + localizedSyncString("Enter “%1” instead.").arg(ascii);
+}
+
+bool isPort(const QString &text) {
+    bool isNumber = false;
+    const int port = text.toInt(&isNumber);
+    return isNumber && port > 0 && port <= 0xffff;
+}
+
+/// Returns `URL` as text without the user, whose name ends at the first "@".
+QString withoutUser(const Url &URL) {
+    QString text = URL.absoluteString();
+    const qsizetype authority = text.indexOf(QLatin1StringView("//")) + 2;
+    return text.remove(authority, text.indexOf(u'@') + 1 - authority);
+}
+
+}  // namespace
+
+std::optional<WebDAVAddress::Complete> WebDAVAddress::complete(const QString &text) {
+    const QString trimmed = text.trimmed();
+    if (!trimmed.contains(QLatin1StringView("://"))) {
+        return {};
+    }
+    const QUrl URL(trimmed);
+    const QString host = URL.host(QUrl::EncodeUnicode);
+    const bool isHTTPS = isOneOf(URL.scheme(), {"https", "davs", "webdavs"});
+    if (!URL.isValid() || host.isEmpty() ||
+        (!isHTTPS && !isOneOf(URL.scheme(), {"http", "dav", "webdav"}))) {
+        return {};
+    }
+    Complete address{
+        .fields = {.isHTTPS = isHTTPS, .server = host, .user = URL.userName(QUrl::FullyDecoded)},
+        .password = URL.password(QUrl::FullyDecoded)};
+    const int port = URL.port(0);
+    if (port != 0 && port != QVWebDAVLocationEditor::defaultPortForHTTPS(isHTTPS)) {
+        address.fields.port = QString::number(port);
+    }
+    QString path = URL.path(QUrl::FullyDecoded);
+    while (path.endsWith(u'/')) {
+        path.chop(1);
+    }
+    if (path.endsWith(u'.' + SyncStoreLayout::Extension)) {
+        address.fields.store = PathComponents::withoutExtension(PathComponents::last(path));
+        path = PathComponents::withoutLast(path);
+    }
+    while (path.startsWith(u'/')) {
+        path.remove(0, 1);
+    }
+    address.fields.path = path;
+    return address;
+}
+
+QString WebDAVAddress::problem(const Fields &fields) {
+    if (fields.server.isEmpty() || fields.store.isEmpty()) {
+        return localizedSyncString("Enter a server and a store name.");
+    }
+    if (complete(fields.server)) {
+        return localizedSyncString(
+            "The server field contains a complete address. Click “Fill In the Fields”.");
+    }
+    if (!fields.port.isEmpty() && !isPort(fields.port)) {
+        return localizedSyncString(
+            "The port is a number from 1 to 65535. Correct it or leave it empty.");
+    }
+    const Url URL = QVWebDAVLocationEditor::URLWithFields(fields);
+    if (URL.isNil() || QVWebDAVLocationEditor::sanitizeHost(fields.server).isEmpty()) {
+        return problemOfServer(fields.server);
+    }
+    return URL.path().endsWith(u'.' + SyncStoreLayout::Extension)
+               ? QString()
+               : localizedSyncString("The folder and the store name cannot contain “?”.");
+}
+
+QString WebDAVAddress::status(const Fields &fields) {
+    const QString problem = WebDAVAddress::problem(fields);
+    return problem.isEmpty() ? localizedSyncString("Address: %1")
+                                   .arg(withoutUser(QVWebDAVLocationEditor::URLWithFields(fields)))
+                             : problem;
+}
