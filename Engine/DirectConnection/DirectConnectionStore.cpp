@@ -143,7 +143,19 @@ Expected<Received> DirectConnectionStore::request(const QCborMap &request, const
 }
 
 Expected<void> DirectConnectionStore::connectIfNeeded(const EngineFuture &future) {
-    return m_link.isConnected() ? Expected<void>() : connect(future);
+    if (m_link.isConnected()) {
+        return {};
+    }
+    if (m_pairings->fingerprint(m_pairingKey)) {
+        return connect(future);
+    }
+    Turn &turn = m_pairings->turn(m_pairingKey);
+    if (!turn.take(future)) {
+        return failure(operationCancelled());
+    }
+    Expected<void> connected = connect(future);
+    turn.release();
+    return connected;
 }
 
 Expected<void> DirectConnectionStore::connect(const EngineFuture &future) {

@@ -68,8 +68,7 @@ void forgetTokens(const SecretRemoval &removal) {
     }
 }
 
-EngineLocationKind dropbox(const Operations &operations,
-                           const std::shared_ptr<DropboxRefreshTurn> &refreshTurn) {
+EngineLocationKind dropbox(const Operations &operations, const std::shared_ptr<Turn> &refreshTurn) {
     return {
         .schemes = {LocationSchemes::Dropbox},
         .type = "Dropbox",

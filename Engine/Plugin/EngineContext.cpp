@@ -1,7 +1,7 @@
 #include "Engine/Plugin/EngineContext.h"
 
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
-#include "Engine/Stores/Dropbox/DropboxRefreshTurn.h"
+#include "Engine/Foundation/Turn.h"
 #include "Engine/Stores/Folder/FolderGrants.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Engine/Stores/StoreOperations.h"
@@ -10,7 +10,7 @@ EngineContext::EngineContext(const ProfileDatabase &profile)
     : certificateTrust(std::make_shared<CertificateTrust>(profile)),
       folderGrants(std::make_shared<FolderGrants>(profile)),
       pairings(std::make_shared<DirectConnectionPairings>(profile)),
-      dropboxRefreshTurn(std::make_shared<DropboxRefreshTurn>()),
+      dropboxRefreshTurn(std::make_shared<Turn>()),
       storeOperations(std::make_shared<StoreOperations>()) {}
 
 EngineContext::~EngineContext() {

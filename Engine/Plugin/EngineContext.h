@@ -6,10 +6,10 @@
 
 class CertificateTrust;
 class DirectConnectionPairings;
-class DropboxRefreshTurn;
 class FolderGrants;
 class ProfileDatabase;
 class StoreOperations;
+class Turn;
 
 /// The objects that all stores of one engine share, instead of state of the process: two engines in
 /// one process do not affect each other. A store shares ownership of those that it uses, so they
@@ -34,8 +34,9 @@ public:
     const std::shared_ptr<CertificateTrust> certificateTrust;
     const std::shared_ptr<FolderGrants> folderGrants;
     const std::shared_ptr<DirectConnectionPairings> pairings;
-    /// Lets one store at a time refresh the tokens of a Dropbox account.
-    const std::shared_ptr<DropboxRefreshTurn> dropboxRefreshTurn;
+    /// Lets one store at a time refresh the tokens of a Dropbox account. A server may invalidate a
+    /// refresh token that is used twice (RFC 6749, section 10.4).
+    const std::shared_ptr<Turn> dropboxRefreshTurn;
     /// Starts every operation of a store, and cancels all of them when the engine ends.
     const std::shared_ptr<StoreOperations> storeOperations;
 };

@@ -31,8 +31,7 @@ QByteArray headerText(const QJsonObject &object) {
 
 }  // namespace
 
-DropboxAccount::DropboxAccount(const QString &address,
-                               std::shared_ptr<DropboxRefreshTurn> refreshTurn,
+DropboxAccount::DropboxAccount(const QString &address, std::shared_ptr<Turn> refreshTurn,
                                HttpClient::Timeouts timeouts)
     : m_address(address),
       m_refreshTurn(std::move(refreshTurn)),

@@ -4,9 +4,9 @@
 #include <memory>
 #include <mutex>
 
+#include "Engine/Foundation/Turn.h"
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Engine/Stores/Dropbox/DropboxConnection.h"
-#include "Engine/Stores/Dropbox/DropboxRefreshTurn.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
 
 /// Calls Dropbox's API on behalf of one account that has signed in. Expired tokens are refreshed;
@@ -18,7 +18,7 @@ public:
     /// `address` is the e-mail address of the account; it need not have signed in yet.
     /// `refreshTurn` must not be null. `timeouts` apply to each request. Reads the configuration;
     /// if that is not valid, every call fails with its error.
-    DropboxAccount(const QString &address, std::shared_ptr<DropboxRefreshTurn> refreshTurn,
+    DropboxAccount(const QString &address, std::shared_ptr<Turn> refreshTurn,
                    HttpClient::Timeouts timeouts);
 
     /// Returns the address of the API, for messages to the user; empty if the configuration is not
@@ -52,7 +52,7 @@ private:
     void keep(const DropboxTokens &tokens);
 
     const QString m_address;
-    const std::shared_ptr<DropboxRefreshTurn> m_refreshTurn;
+    const std::shared_ptr<Turn> m_refreshTurn;
     const Expected<DropboxConfiguration> m_configuration;
     DropboxConnection m_connection;
     std::mutex m_mutex;

@@ -56,8 +56,7 @@ bool isDone(const HttpClient::Response &response, const QByteArray &outcome) {
 
 DropboxStore::DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
                            std::shared_ptr<StoreOperations> operations,
-                           std::shared_ptr<DropboxRefreshTurn> refreshTurn,
-                           HttpClient::Timeouts timeouts)
+                           std::shared_ptr<Turn> refreshTurn, HttpClient::Timeouts timeouts)
     : BlobStore(location, std::move(operations)),
       m_accountAddress(DropboxUrl::account(URL())),
       m_account(m_accountAddress, std::move(refreshTurn), timeouts) {}

@@ -17,8 +17,7 @@ public:
     /// to each request. Does not access Dropbox; a URL without an account, or a configuration that
     /// is not valid, makes every operation fail.
     DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
-                 std::shared_ptr<StoreOperations> operations,
-                 std::shared_ptr<DropboxRefreshTurn> refreshTurn,
+                 std::shared_ptr<StoreOperations> operations, std::shared_ptr<Turn> refreshTurn,
                  HttpClient::Timeouts timeouts = HttpClient::Timeouts());
 
     /// Maximum size in bytes of one page of a folder listing.

@@ -1,7 +1,7 @@
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Foundation/Turn.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
-#include "Engine/Stores/Dropbox/DropboxRefreshTurn.h"
 #include "Engine/Stores/Dropbox/DropboxStore.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/UnencryptedPasswords.h"
@@ -93,7 +93,7 @@ private:
         return std::make_shared<DropboxStore>(
             locationWithoutEngine(
                 Url::fromString(QStringLiteral("dropbox://") + m_dropbox->email())),
-            std::make_shared<StoreOperations>(), std::make_shared<DropboxRefreshTurn>(), timeouts);
+            std::make_shared<StoreOperations>(), std::make_shared<Turn>(), timeouts);
     }
     std::shared_ptr<BlobStore> storeAtServer(Service service) const {
         return storeAt(service, service == Service::WebDAV

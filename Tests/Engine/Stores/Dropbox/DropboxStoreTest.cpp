@@ -58,8 +58,7 @@ class DropboxStoreTest : public DropboxTestCase {
     std::shared_ptr<BlobStore> impatientStore() {
         const Url URL = Url::fromString(QStringLiteral("dropbox://") + m_server->email());
         return std::make_shared<DropboxStore>(
-            m_host->newLocation(URL), std::make_shared<StoreOperations>(),
-            std::make_shared<DropboxRefreshTurn>(),
+            m_host->newLocation(URL), std::make_shared<StoreOperations>(), std::make_shared<Turn>(),
             HttpClient::Timeouts{.idle = std::chrono::milliseconds(100)});
     }
     Expected<QByteArray> read(const QString &name = DropboxBlob) {

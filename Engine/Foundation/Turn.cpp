@@ -1,8 +1,8 @@
-#include "Engine/Stores/Dropbox/DropboxRefreshTurn.h"
+#include "Engine/Foundation/Turn.h"
 
 #include "Engine/Foundation/CancellableWait.h"
 
-bool DropboxRefreshTurn::take(const EngineFuture &future) {
+bool Turn::take(const EngineFuture &future) {
     std::unique_lock lock(m_mutex);
     const bool isOurs =
         CancellableWait(future, QDeadlineTimer::Forever).until(m_released, lock, [this] {
@@ -12,7 +12,7 @@ bool DropboxRefreshTurn::take(const EngineFuture &future) {
     return isOurs;
 }
 
-void DropboxRefreshTurn::release() {
+void Turn::release() {
     const std::lock_guard lock(m_mutex);
     m_isTaken = false;
     m_released.notify_one();

@@ -5,10 +5,9 @@
 
 #include "Engine/Foundation/EngineFuture.h"
 
-/// Lets one thread of an engine at a time refresh tokens; the threads that wait find the tokens of
-/// the first. This matters because a server may invalidate a refresh token that is used twice (RFC
-/// 6749, section 10.4). Thread-safe.
-class DropboxRefreshTurn {
+/// Lets one thread of an engine at a time do something whose result the waiting threads can use,
+/// too, such as refreshing tokens. Thread-safe.
+class Turn {
 public:
     /// Blocks until no other thread has the turn, without a limit of its own: requests of the
     /// thread that has it have timeouts. Returns false if `future` was cancelled before; otherwise
