@@ -1,5 +1,6 @@
 #include "Engine/Stores/Dropbox/DropboxSession.h"
 
+#include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxAccountInfo.h"
 #include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Engine/Stores/Dropbox/DropboxSessionManager.h"
@@ -12,13 +13,20 @@ bool isAccount(const QString &address, const QString &expected) {
     return expected.isEmpty() || DropboxUrl::isSameAccount(address, expected);
 }
 
-/// Presents and returns the error that the user signed in to another account.
-Error refuse(const QString &address, const QString &expected) {
-    Error error = DropboxError::otherAccount(expected, address);
-    if (QVApplication *application = NSApp()) {
+/// Returns `signIn`, or an error if it is that of another account.
+Expected<DropboxAuthorization::SignIn> checked(const Expected<DropboxAuthorization::SignIn> &signIn,
+                                               const QString &expected) {
+    return signIn && !isAccount(signIn->address, expected)
+               ? failure(DropboxError::otherAccount(expected, signIn->address))
+               : signIn;
+}
+
+/// Presents `error`, because the user has only seen the browser.
+void present(const Error &error) {
+    QVApplication *application = NSApp();
+    if (application && !isEngineError(error, EngineErrorCode::Cancelled)) {
         application->presentError(error);
     }
-    return error;
 }
 
 }  // namespace
@@ -26,16 +34,14 @@ Error refuse(const QString &address, const QString &expected) {
 void DropboxSession::authorizeWithFuture(const std::shared_ptr<PZFuture> &future, Handler handler) {
     m_manager.authorize(future,
                         [expected = DropboxUrl::account(m_URL), handler = std::move(handler)](
-                            const Expected<DropboxAuthorization::SignIn> &signIn) {
+                            const Expected<DropboxAuthorization::SignIn> &result) {
+                            const auto signIn = checked(result, expected);
                             if (!signIn) {
+                                present(signIn.error());
                                 handler(nullptr, signIn.error());
                                 return;
                             }
                             const auto &[address, tokens] = *signIn;
-                            if (!isAccount(address, expected)) {
-                                handler(nullptr, refuse(address, expected));
-                                return;
-                            }
                             tokens.store(address);
                             handler(std::make_shared<DropboxAccountInfo>(address), std::nullopt);
                         });

@@ -5,9 +5,9 @@
 class DropboxSessionManager;
 
 /// An authorization session. If the location has a URL, only its account is authorized: if the user
-/// signs in with another one, the session presents the error and passes it to the handler. If the
-/// URL is nil, any account is. Only the tokens of an account that is authorized are stored. Must be
-/// used on the main thread.
+/// signs in with another one, the authorization fails. If the URL is nil, any account is. Only the
+/// tokens of an account that is authorized are stored. A failure is presented to the user, who has
+/// only seen the browser, unless the authorization was cancelled. Must be used on the main thread.
 class DropboxSession : public QVDropboxSession {
 public:
     /// `manager` is not owned and must outlive every use of this object.
