@@ -7,6 +7,7 @@
 #include <QtWidgets/QPushButton>
 
 #include "Application/Interface/SyncPlugIn.h"
+#include "Host/QVApplication.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/Workspace.h"
 
@@ -58,8 +59,10 @@ Choice ask(const QString &directory, const QString &text,
     QPushButton *show = box.addButton(damageText("Show &Folder"), QMessageBox::ActionRole);
     // Keep the dialog open.
     show->disconnect(&box);
-    QObject::connect(show, &QPushButton::clicked, &box,
-                     [&directory] { Workspace::selectFile(QDir(directory).absolutePath()); });
+    QObject::connect(show, &QPushButton::clicked, &box, [&directory] {
+        Workspace::selectFile(QDir(directory).absolutePath(),
+                              [](const Error &failed) { NSApp()->presentError(failed); });
+    });
     QPushButton *quit = box.addButton(damageText("&Quit"), QMessageBox::RejectRole);
     box.setDefaultButton(restore ? restore : quit);
     box.setEscapeButton(quit);

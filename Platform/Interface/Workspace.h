@@ -1,11 +1,16 @@
 #pragma once
 
 #include <QtGui/QIcon>
+#include <functional>
 
+#include "Platform/Foundation/Error.h"
 #include "Platform/PlatformExport.h"
 
 /// Services of the desktop for files. Must be called on the main thread.
 namespace Workspace {
+
+/// Receives an error for the user.
+using FailureHandler = std::function<void(const Error &error)>;
 
 /// Returns the icon theme's icon for files with `extension` (without the point), or `fallback` if
 /// the type is unknown or the theme has no icon for it. Reads no file.
@@ -16,9 +21,10 @@ PLATFORM_EXPORT QIcon iconForFileType(const QString &extension, const QIcon &fal
 PLATFORM_EXPORT QIcon iconForFile(const QString &path);
 
 /// Shows the file in the desktop's file manager, selected in its folder
-/// (https://www.freedesktop.org/wiki/Specifications/file-manager-interface). Asynchronous: returns
-/// at once. If no file manager implements this, nothing is shown and no error is reported. `path`
-/// must be absolute.
-PLATFORM_EXPORT void selectFile(const QString &path);
+/// (https://www.freedesktop.org/wiki/Specifications/file-manager-interface). If no file manager
+/// implements this, opens the folder that contains the file in the user's program for folders.
+/// Asynchronous: returns at once. If no program can be started, `failed`, which may be empty, is
+/// called later with an error for the user. `path` must be absolute.
+PLATFORM_EXPORT void selectFile(const QString &path, const FailureHandler &failed = {});
 
 }  // namespace Workspace

@@ -1,5 +1,6 @@
 #include "Platform/Interface/Workspace.h"
 
+#include <QtGui/QDesktopServices>
 #include <QtGui/QPixmap>
 
 #include "Support/FileManagerService.h"
@@ -9,6 +10,9 @@
 class WorkspaceTest : public QObject {
     Q_OBJECT
     SecretService m_session;
+    QList<QUrl> m_opened;
+
+    Q_INVOKABLE void open(const QUrl &address) { m_opened.append(address); }
 
 private Q_SLOTS:
     void theFileManagerIsAskedToShowAFileSelected() {
@@ -20,7 +24,12 @@ private Q_SLOTS:
                  QStringList{QStringLiteral("file:///home/anna/My%20Store.qvSyncStore")});
     }
 
-    void withoutAFileManagerNothingHappens() { Workspace::selectFile(QStringLiteral("/nowhere")); }
+    void withoutAFileManagerServiceTheFolderIsOpened() {
+        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+        Workspace::selectFile(QStringLiteral("/home/anna/My Store.qvSyncStore"));
+        QTRY_COMPARE(m_opened, QList<QUrl>{QUrl(QStringLiteral("file:///home/anna"))});
+        QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+    }
 
     void filesThatAreNotThereHaveAnIconToo() {
         QVERIFY(!Workspace::iconForFile(QStringLiteral("/nowhere")).isNull());
