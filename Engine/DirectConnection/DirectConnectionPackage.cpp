@@ -6,6 +6,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Notes/DatabaseRecord.h"
+#include "Engine/Stores/StoreProbe.h"
 #include "Host/SyncStoreLayout.h"
 #include "Platform/Foundation/FileManager.h"
 
@@ -23,6 +24,10 @@ bool isServedBlob(const QString &name) {
         QRegularExpression::anchoredPattern(QStringLiteral("[0-9A-Za-z_-][0-9A-Za-z._-]{0,127}")));
     const QString folder = name.section(u'/', 0, -2);
     const QString file = name.section(u'/', -1);
+    if (StoreProbe::isProbe(file)) {
+        return folder == SyncStoreLayout::DatabasesFolder ||
+               folder == SyncStoreLayout::TransactionsFolder;
+    }
     if (folder == SyncStoreLayout::DatabasesFolder) {
         return DatabaseRecord::databaseUUID(file).has_value();
     }

@@ -10,10 +10,11 @@
 /// The sync store that a direct-connection server serves, the package "Direct
 /// Connection.qvSyncStore" in the profile, restricted to the names that clients may use:
 /// "databases/UUID.json" and "transactions/UUID/NAME", where NAME consists of 1 to 128 ASCII
-/// letters, digits, "-", "_" and ".", and does not begin with a point. Any other name is refused
-/// with the code BlobRefused. Copies share the store. Must be created on the main thread; the other
-/// functions block for file access and are thread-safe. Clients are not trusted: every name that
-/// they send passes through here. Operations cannot be cancelled.
+/// letters, digits, "-", "_" and ".", and does not begin with a point; and the probes of
+/// StoreProbe. Any other name is refused with the code BlobRefused. Copies share the store. Must be
+/// created on the main thread; the other functions block for file access and are thread-safe.
+/// Clients are not trusted: every name that they send passes through here. Operations cannot be
+/// cancelled.
 class DirectConnectionPackage {
 public:
     /// Returns the path of the package of the profile in `directory`.

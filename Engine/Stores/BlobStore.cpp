@@ -2,6 +2,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DatabaseRecord.h"
+#include "Engine/Stores/StoreProbe.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 
@@ -80,6 +81,35 @@ Error BlobStore::notReturned(const QString &name) const {
         EngineErrorCode::DamagedRecord,
         "The location lists the record “%1” but does not return it. Check the server or the disk.",
         place(name));
+}
+
+Expected<std::optional<qint64>> BlobStore::sizeOfFolder(const QString & /*folder*/,
+                                                        const EngineFuture & /*future*/) {
+    return std::nullopt;
+}
+
+std::optional<qint64> BlobStore::measure(const EngineFuture &future) {
+    const Expected<QStringList> databases = list(SyncStoreLayout::TransactionsFolder, future);
+    if (!databases || databases->size() > MostMeasured) {
+        return {};
+    }
+    QStringList folders{SyncStoreLayout::DatabasesFolder};
+    for (const QString &database : *databases) {
+        folders.append(SyncStoreLayout::TransactionsFolder + u'/' + database);
+    }
+    qint64 total = 0;
+    for (const QString &folder : folders) {
+        const auto size = sizeOfFolder(folder, future);
+        if (!size || !*size || future.isCancelled()) {
+            return {};
+        }
+        total += **size;
+    }
+    return total;
+}
+
+Expected<void> BlobStore::probe(const EngineFuture &future) {
+    return StoreProbe(*this).run(future);
 }
 
 Error BlobStore::missing(const QString &name) const {

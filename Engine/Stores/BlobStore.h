@@ -32,6 +32,9 @@ public:
     /// memory of this computer.
     static constexpr qsizetype MostNames = 200'000;
 
+    /// Maximum number of databases whose size is determined.
+    static constexpr qsizetype MostMeasured = 100;
+
     /// Result of a write.
     enum class Written {
         New,
@@ -77,6 +80,11 @@ protected:
                                         const EngineFuture &future) = 0;
     virtual Expected<void> removeBlob(const QString &name, const EngineFuture &future) = 0;
 
+    /// Returns the size in bytes of the blobs directly in `folder`; empty, as by default, if the
+    /// store does not report it. A folder that does not exist is empty.
+    virtual Expected<std::optional<qint64>> sizeOfFolder(const QString &folder,
+                                                         const EngineFuture &future);
+
     /// Return the errors for a blob that does not exist, is too long, or is not a plain file.
     Error missing(const QString &name) const;
     Error tooLong(const QString &name) const;
@@ -90,6 +98,10 @@ protected:
     /// databases. If the store fails, returns only the error. Other files of the folder are
     /// ignored.
     Expected<Fetched> fetch(const EngineFuture &future) override;
+    /// Returns the size of all blobs; empty if there are more than MostMeasured databases.
+    std::optional<qint64> measure(const EngineFuture &future) override;
+    /// Writes a probe, see StoreProbe.
+    Expected<void> probe(const EngineFuture &future) override;
 
 private:
     /// Returns an error if `future` is cancelled or `name` is not valid.

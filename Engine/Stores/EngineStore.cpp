@@ -56,6 +56,47 @@ std::shared_ptr<PZFuture> EngineStore::closeWithCompletionHandler(ErrorHandler h
         });
 }
 
+std::shared_ptr<PZFuture> EngineStore::checkWithCompletionHandler(CheckHandler handler) {
+    return m_operations->start(
+        [store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
+            const QVSyncStoreCheck found = store->check(future);
+            store->m_isOpen = false;
+            future.finish();
+            handler(found);
+        });
+}
+
+std::optional<qint64> EngineStore::measure(const EngineFuture & /*future*/) {
+    return {};
+}
+
+Expected<void> EngineStore::probe(const EngineFuture & /*future*/) {
+    return {};
+}
+
+QVSyncStoreCheck EngineStore::check(const EngineFuture &future) {
+    QVSyncStoreCheck found;
+    const Expected<void> opened = openUnlessCancelled(future);
+    if (!opened) {
+        found.error = opened.error();
+        return found;
+    }
+    m_isOpen = true;
+    const Expected<Fetched> fetched = fetchUnlessCancelled(future);
+    if (!fetched) {
+        found.error = fetched.error();
+        return found;
+    }
+    found.databases = fetched->databases.size();
+    found.size = measure(future);
+    found.isReadable = !fetched->problem;
+    found.error = fetched->problem;
+    if (const Expected<void> written = probe(future); !written && found.isReadable) {
+        found.error = written.error();
+    }
+    return found;
+}
+
 std::shared_ptr<QVRemoteDatabase> EngineStore::record(const QString &UUID, const QString &name) {
     return std::make_shared<EngineRemoteDatabase>(UUID, name, shared_from_this());
 }

@@ -7,6 +7,7 @@
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/StoreOperations.h"
 #include "Host/QVSyncStore.h"
+#include "Host/QVSyncStoreCheck.h"
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Foundation/Url.h"
 
@@ -14,7 +15,9 @@
 /// each handler is called there exactly once, after its future has finished, and a cancelled
 /// operation ends with an error of the code Cancelled. Must be created with std::make_shared on the
 /// main thread; the last owner may be any thread.
-class EngineStore : public QVSyncStore, public std::enable_shared_from_this<EngineStore> {
+class EngineStore : public QVSyncStore,
+                    public QVCheckableStore,
+                    public std::enable_shared_from_this<EngineStore> {
 public:
     /// Shares ownership of `location` and of `operations`, which starts the operations of this
     /// store; neither must be null. The store keeps using the URL that the location has now, also
@@ -32,6 +35,7 @@ public:
     std::shared_ptr<PZFuture> fetchDatabasesWithCompletionHandler(
         DatabasesHandler handler) override;
     std::shared_ptr<PZFuture> closeWithCompletionHandler(ErrorHandler handler) override;
+    std::shared_ptr<PZFuture> checkWithCompletionHandler(CheckHandler handler) override;
 
     /// Opens the store: returns an error that says why it cannot be used. Blocks as long as the
     /// kind of location allows; must be called on a worker thread. Does not change whether fetching
@@ -55,12 +59,20 @@ protected:
     /// Reads the databases. Blocks; called on a worker thread while the store is open. Should
     /// return soon after `future` is cancelled; its result is then ignored.
     virtual Expected<Fetched> fetch(const EngineFuture &future) = 0;
+    /// Returns the size of the store in bytes; empty, as by default, if it is not known. Called
+    /// like fetch().
+    virtual std::optional<qint64> measure(const EngineFuture &future);
+    /// Returns an error unless the store can be written, and leaves it as it was. The default
+    /// implementation does nothing. Called like fetch().
+    virtual Expected<void> probe(const EngineFuture &future);
 
 private:
     /// Call open() and fetch(), and return the error of a cancelled operation if `future` is
     /// cancelled.
     Expected<void> openUnlessCancelled(const EngineFuture &future);
     Expected<Fetched> fetchUnlessCancelled(const EngineFuture &future);
+    /// Calls all of open(), fetch(), measure() and probe(), until one fails.
+    QVSyncStoreCheck check(const EngineFuture &future);
 
     /// Not const only because the destructor moves them to the main thread.
     std::shared_ptr<QVSyncLocation> m_location;

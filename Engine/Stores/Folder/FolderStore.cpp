@@ -401,6 +401,26 @@ Expected<void> FolderStore::removeBlob(const QString &name, const EngineFuture &
     return isGone ? Expected<void>() : failure(systemError(errno, name));
 }
 
+Expected<std::optional<qint64>> FolderStore::sizeOfFolder(const QString &name,
+                                                          const EngineFuture &future) {
+    const Expected<QStringList> names = listFolder(name, future);
+    const Expected<FileDescriptor> opened = folder(name, Folders::Existing);
+    if (!names || !opened) {
+        return isMissing(names ? opened.error() : names.error())
+                   ? Expected<std::optional<qint64>>(0)
+                   : failure(names ? opened.error() : names.error());
+    }
+    qint64 size = 0;
+    for (const QString &each : *names) {
+        struct stat status = {};
+        const bool isFile = fstatat(opened->number(), QFile::encodeName(each).constData(), &status,
+                                    AT_SYMLINK_NOFOLLOW) == 0 &&
+                            S_ISREG(status.st_mode);
+        size += isFile ? status.st_size : 0;
+    }
+    return size;
+}
+
 Error FolderStore::doesNotExist() const {
     return engineError(EngineErrorCode::StoreUnreachable,
                        "The sync store “%1” does not exist. Check whether it was moved or renamed.",

@@ -39,6 +39,8 @@ protected:
     Expected<Written> writeBlob(const QString &name, const QByteArray &contents,
                                 const EngineFuture &future) override;
     Expected<void> removeBlob(const QString &name, const EngineFuture &future) override;
+    Expected<std::optional<qint64>> sizeOfFolder(const QString &folder,
+                                                 const EngineFuture &future) override;
 
 private:
     /// Whether folders that do not exist are created.

@@ -2,6 +2,7 @@
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QXmlStreamReader>
+#include <algorithm>
 
 #include "Engine/Foundation/EngineFuture.h"
 
@@ -79,7 +80,8 @@ private:
         }
         if (!m_result.resources.isEmpty()) {
             const bool isStatus = isOfDAV(QLatin1StringView("status")) && m_depth <= 4;
-            m_isInText = isStatus || (m_depth == 3 && isOfDAV(QLatin1StringView("href")));
+            m_isInText = isStatus || (m_depth == 3 && isOfDAV(QLatin1StringView("href"))) ||
+                         (m_depth == 5 && isOfDAV(QLatin1StringView("getcontentlength")));
             m_hasType |= isOfDAV(QLatin1StringView("resourcetype"));
             m_result.resources.last().isFolder |= isOfDAV(QLatin1StringView("collection"));
         }
@@ -101,6 +103,9 @@ private:
         if (m_reader.name() == QLatin1StringView("href")) {
             resource.href = m_text.trimmed();
             m_pathLength += resource.href.size();
+        } else if (m_reader.name() == QLatin1StringView("getcontentlength")) {
+            resource.size = std::clamp<qint64>(m_text.trimmed().toLongLong(), 0,
+                                               WebDAVMultiStatus::LargestSize);
         } else if (m_depth == 3 || m_hasType) {
             // The status of other properties does not matter.
             static const QRegularExpression success(QStringLiteral("^\\s*HTTP/\\S+ 2\\d\\d\\b"));

@@ -7,9 +7,9 @@
 
 class EngineFuture;
 
-/// The body of a response to a PROPFIND request for the resource type (RFC 4918, sections 13 and
-/// 14.24). A value. The document is not trusted: document types, entities and deep nesting are
-/// refused, and its size is limited.
+/// The body of a response to a PROPFIND request for the resource type and, optionally, the length
+/// (RFC 4918, sections 13 and 14.24). A value. The document is not trusted: document types,
+/// entities and deep nesting are refused, and its size is limited.
 struct WebDAVMultiStatus {
     /// One resource of the response.
     struct Resource {
@@ -19,6 +19,8 @@ struct WebDAVMultiStatus {
         bool isFolder = false;
         /// Whether the server reports that it could not determine what the resource is.
         bool isFailed = false;
+        /// The length of the contents in bytes; 0 if the server does not report it.
+        qint64 size = 0;
     };
 
     /// Maximum number of elements. Within the limits, parsing takes O(n).
@@ -28,6 +30,8 @@ struct WebDAVMultiStatus {
     static constexpr qsizetype LongestPaths = 12 << 20;
     /// Maximum number of attributes of one element and, separately, of its namespace declarations.
     static constexpr int MostAttributes = 32;
+    /// Maximum length of a resource; a greater one is reported as this.
+    static constexpr qint64 LargestSize = 1 << 30;
     /// Maximum size in bytes of one tag, text or other token.
     static constexpr qsizetype LongestToken = 16 << 10;
 

@@ -164,13 +164,36 @@ Expected<QStringList> WebDAVStore::listFolder(const QString &folder, const Engin
     return names(folder, answer, future);
 }
 
+Expected<std::optional<qint64>> WebDAVStore::sizeOfFolder(const QString &folder,
+                                                          const EngineFuture &future) {
+    const Expected<Response> answer =
+        propertiesOfAll(folder, future, "<resourcetype/><getcontentlength/>");
+    if (!answer) {
+        return failure(answer.error());
+    }
+    const auto &response = *answer;
+    if (response.status == HttpStatus::NotFound) {
+        return 0;
+    }
+    const auto listing = WebDAVMultiStatus::parse(response.body, future);
+    if (response.status != HttpStatus::MultiStatus || !listing) {
+        return failure(notUnderstood());
+    }
+    qint64 size = 0;
+    for (const WebDAVMultiStatus::Resource &resource : listing->resources) {
+        size += resource.isFolder ? 0 : resource.size;
+    }
+    return size;
+}
+
 Expected<HttpClient::Response> WebDAVStore::propertiesOfAll(const QString &folder,
-                                                            const EngineFuture &future) {
+                                                            const EngineFuture &future,
+                                                            const QByteArray &properties) {
     return m_client.send({.method = "PROPFIND",
                           .URL = folderURL(folder),
                           .headers = {{"Depth", "1"}, {"Content-Type", "application/xml"}},
-                          .body = "<?xml version=\"1.0\"?><propfind xmlns=\"DAV:\"><prop>"
-                                  "<resourcetype/></prop></propfind>",
+                          .body = "<?xml version=\"1.0\"?><propfind xmlns=\"DAV:\"><prop>" +
+                                  properties + "</prop></propfind>",
                           .limit = ListingLimit},
                          future);
 }

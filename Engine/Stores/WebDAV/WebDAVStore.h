@@ -41,6 +41,9 @@ protected:
     Expected<Written> writeBlob(const QString &name, const QByteArray &contents,
                                 const EngineFuture &future) override;
     Expected<void> removeBlob(const QString &name, const EngineFuture &future) override;
+    /// As the server reports it.
+    Expected<std::optional<qint64>> sizeOfFolder(const QString &folder,
+                                                 const EngineFuture &future) override;
 
 private:
     using Response = HttpClient::Response;
@@ -56,8 +59,9 @@ private:
     QUrl folderURL(const QString &name) const;
     /// Lists the package's own folder, which is created if it does not exist.
     Expected<QStringList> namesInPackage(const EngineFuture &future);
-    /// Sends the PROPFIND request.
-    Expected<Response> propertiesOfAll(const QString &folder, const EngineFuture &future);
+    /// Sends the PROPFIND request for `properties`, empty XML elements.
+    Expected<Response> propertiesOfAll(const QString &folder, const EngineFuture &future,
+                                       const QByteArray &properties = "<resourcetype/>");
     /// Returns the names in the response, which must describe the folder itself, too.
     Expected<QStringList> names(const QString &folder, const Expected<Response> &answer,
                                 const EngineFuture &future) const;

@@ -6,6 +6,7 @@
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
+#include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/DirectConnection/DirectConnectionServer.h"
 #include "Engine/DirectConnection/DirectConnectionStore.h"
@@ -118,6 +119,40 @@ private Q_SLOTS:
                 m_person->asked().last().text.contains(clients.first()));
         QCOMPARE(description(open(newStore())), QString());
         QCOMPARE(m_person->asked().size(), 2);
+    }
+
+    // A location that was added is paired and checked at the same time.
+    void storesThatOpenAtTheSameTimePairOnce() {
+        QList<std::optional<Error>> results;
+        for (int i = 0; i < 3; ++i) {
+            newStore()->openWithCompletionHandler([&](const std::optional<Error> &error) {
+                QMetaObject::invokeMethod(
+                    qApp, [&results, error] { results.append(error); }, Qt::QueuedConnection);
+            });
+        }
+        QTRY_COMPARE(m_person->waiting(), 2);
+        m_person->answerAll(isAnything);
+        QTRY_COMPARE(results.size(), 3);
+        for (const std::optional<Error> &error : std::as_const(results)) {
+            QVERIFY2(!error, qPrintable(error.value_or(Error()).localizedDescription));
+        }
+        QCOMPARE(m_person->asked().size(), 2);
+    }
+
+    void aStoreIsCheckedLikeAnyOther() {
+        pair();
+        std::optional<QVSyncStoreCheck> found;
+        newStore()->checkWithCompletionHandler([&](const QVSyncStoreCheck &check) {
+            QMetaObject::invokeMethod(
+                qApp, [&found, check] { found = check; }, Qt::QueuedConnection);
+        });
+        QTRY_VERIFY(found);
+        QVERIFY2(!found->error, qPrintable(found->error.value_or(Error()).localizedDescription));
+        QVERIFY(found->isReadable);
+        QVERIFY(!found->size);
+        const QDir databases(DirectConnectionPackage::pathInProfile(m_host->directory()) +
+                             QStringLiteral("/databases"));
+        QCOMPARE(databases.entryList({QStringLiteral("probe-*")}, QDir::Files), QStringList());
     }
 
     void theEngineMayEndWhileAConnectionIsBeingMade() {
