@@ -40,6 +40,9 @@ struct HOST_EXPORT QVSyncProgress {
     /// extent is not known.
     qint64 done = 0;
     qint64 total = 0;
+    /// While the dispatcher is idle: what the job that ended last has done, if the user has asked
+    /// for it and it is shown nowhere else, such as a clean-up that has succeeded. Otherwise empty.
+    QString outcome = {};
 
     bool operator==(const QVSyncProgress &) const = default;
 

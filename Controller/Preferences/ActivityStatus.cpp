@@ -29,7 +29,10 @@ QVSyncProgress ActivityStatus::progress() const {
 QString ActivityStatus::text() const {
     const QString activity = m_dispatcher ? m_dispatcher->activity() : QString();
     const QVSyncProgress reached = progress();
-    return activity.isEmpty() || reached.total == 0
+    if (activity.isEmpty()) {
+        return reached.outcome;
+    }
+    return reached.total == 0
                ? activity
                : localizedSyncString("%1 %2 of %3")
                      .arg(activity, QString::number(reached.done), QString::number(reached.total));

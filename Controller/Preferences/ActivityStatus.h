@@ -16,7 +16,8 @@ class ActivityStatus : public QObject {
     /// Not owned; may be null, and becomes null when the dispatcher is destroyed.
     Q_PROPERTY(QVSyncDispatcher *dispatcher READ dispatcher WRITE setDispatcher)
     /// What the dispatcher is doing and, if the host offers it, how far it is: "Synchronizing
-    /// “Projects” with “Home”… 120 of 400". Empty while the dispatcher is idle.
+    /// “Projects” with “Home”… 120 of 400". While the dispatcher is idle, what it has done last, if
+    /// that is to be told; otherwise empty.
     Q_PROPERTY(QString text READ text NOTIFY changed)
     /// Whether a job is running.
     Q_PROPERTY(bool running READ isRunning NOTIFY changed)

@@ -93,7 +93,7 @@ QString EngineDispatcher::activity() const {
 QVSyncProgress EngineDispatcher::progress() const {
     const Entry *first = firstActive();
     if (!first) {
-        return {};
+        return {.outcome = m_outcome};
     }
     QVSyncProgress progress = first->job->progress();
     progress.activity = activity();
@@ -238,6 +238,7 @@ void EngineDispatcher::startNext(const QString &store) {
     QList<Entry> &entries = m_waiting[store];
     if (!isBusy && !entries.isEmpty()) {
         m_running.append(entries.takeFirst());
+        m_outcome.clear();
         const std::shared_ptr<SyncJob> job = m_running.last().job;
         job->start(m_threads, [this, job = job.get()] { ended(job); });
     }
@@ -276,7 +277,9 @@ void EngineDispatcher::report(const Entry &entry) {
     if (const Expected<void> &result = entry.job->result(); !result) {
         logSync(failureOf(entry));
     } else if (entry.state) {
-        logSync(successText(entry.job->kind()).arg(name, entry.title));
+        const QString text = successText(entry.job->kind()).arg(name, entry.title);
+        logSync(text);
+        m_outcome = entry.job->kind() == SyncJob::Kind::CleanUp ? text : QString();
     }
 }
 
@@ -336,6 +339,7 @@ void EngineDispatcher::rememberResult(const Entry &entry) {
 QVSyncResult EngineDispatcher::resultOf(const Entry &entry, const QDateTime &date) const {
     QVSyncResult result{.date = date,
                         .error = {},
+                        .isCleanUp = entry.job->kind() == SyncJob::Kind::CleanUp,
                         .summary = {},
                         .received = entry.job->received(),
                         .sent = entry.job->sent(),

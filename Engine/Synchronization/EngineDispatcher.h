@@ -119,6 +119,8 @@ private:
     /// Runs after an announcement of the progress, and while a job runs.
     QTimer m_progressTimer;
     QVSyncProgress m_announcedProgress;
+    /// See QVSyncProgress::outcome.
+    QString m_outcome;
     /// The stores about whose removals the user is asked, by the UUID of the database.
     QHash<QString, QString> m_asked;
 };
