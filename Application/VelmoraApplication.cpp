@@ -83,11 +83,9 @@ void VelmoraApplication::presentError(const Error &error) {
         TerminalText::printError(error.localizedDescription);
         return;
     }
-    auto *box = new QMessageBox(QMessageBox::Warning, applicationDisplayName(), {}, QMessageBox::Ok,
-                                windowForDialog());
-    PlainText::setTexts(box, error.localizedDescription, error.localizedFailureReason);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    if (!m_errorBoxes.show(error, windowForDialog())) {
+        m_eventLog.append(tr("Error again:"), error.localizedDescription);
+    }
 }
 
 QuestionPresenter::Withdrawal VelmoraApplication::ask(const Question &question,
@@ -126,6 +124,7 @@ void VelmoraApplication::askAboutRemoval(const RemovalQuestion &question,
 }
 
 bool VelmoraApplication::notify(QObject *receiver, QEvent *event) {
+    m_errorBoxes.noteEvent(event->type());
     try {
         return QApplication::notify(receiver, event);
     } catch (const AssertionFailure &failure) {

@@ -2,6 +2,7 @@
 
 #include <QtWidgets/QApplication>
 
+#include "Application/ErrorBoxes.h"
 #include "Application/EventLog.h"
 #include "Application/Interface/QuestionPresenter.h"
 #include "Host/QVApplication.h"
@@ -35,9 +36,10 @@ public:
     std::shared_ptr<QVDatabase> inbox() const override;
     /// Appends to the event log.
     void logItemCmd(const QString &title, const QString &info) override;
-    /// Shows a message box, modal to the active window, and returns at once; several may be open.
-    /// The texts are plain text. In batch mode, writes only the description to standard error.
-    /// Errors are not logged.
+    /// Shows a message box with the next steps, modal to the active window, and returns at once;
+    /// several may be open. The texts are plain text. An error that ErrorBoxes does not show again
+    /// is added to the event log; others are not logged. In batch mode, writes only the description
+    /// to standard error.
     void presentError(const Error &error) override;
     /// Shows a message box and returns at once. `handler` is called once, from the event loop; with
     /// false if the user closes the box, and always in batch mode. The button that refuses is the
@@ -55,6 +57,7 @@ public:
 
 private:
     EventLog m_eventLog;
+    ErrorBoxes m_errorBoxes;
     NoteLibrary *m_library = nullptr;
     bool m_isBatch = false;
 };

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "Controller/Preferences/LocationRecovery.h"
+#include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncResult.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/RelativeDate.h"
@@ -18,6 +20,17 @@ std::optional<Error> failureOf(const std::shared_ptr<QVSyncState> &state) {
 
 bool isSynchronized(const std::shared_ptr<QVSyncState> &state) {
     return state->lastSynced().isValid() && !failureOf(state);
+}
+
+/// Synchronizes those of `states` that still exist.
+void synchronize(const QList<std::weak_ptr<QVSyncState>> &states) {
+    QVSyncStates living;
+    for (const auto &state : states) {
+        if (const auto each = state.lock()) {
+            living.append(each);
+        }
+    }
+    QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(living);
 }
 
 }  // namespace
@@ -89,11 +102,10 @@ QString DatabaseRowStatus::text() const {
 
 std::optional<Error> DatabaseRowStatus::error() const {
     QStringList descriptions;
-    const QVSyncStates ticked = tickedStates();
-    for (const auto &state : ticked) {
-        if (const std::optional<Error> failure = failureOf(state)) {
-            descriptions.append(failure->localizedDescription);
-        }
+    QVSyncStates failed = tickedStates();
+    failed.removeIf([](const auto &state) { return !failureOf(state); });
+    for (const auto &state : std::as_const(failed)) {
+        descriptions.append(failureOf(state)->localizedDescription);
     }
     if (descriptions.isEmpty()) {
         return {};
@@ -102,6 +114,13 @@ std::optional<Error> DatabaseRowStatus::error() const {
         descriptions = descriptions.first(MostDescribed);
         descriptions.append(localizedSyncString("Further locations that failed: %1").arg(more));
     }
+    const auto again = [states = QList<std::weak_ptr<QVSyncState>>(failed.begin(), failed.end())] {
+        synchronize(states);
+    };
+    const auto location = failed.first()->destination();
     return Error{.domain = QStringLiteral("SyncPreferences"),
-                 .localizedDescription = descriptions.join(QStringLiteral("\n\n"))};
+                 .localizedDescription = descriptions.join(QStringLiteral("\n\n")),
+                 .recoveryOptions = failed.size() == 1 && location
+                                        ? LocationRecovery::options(location, again)
+                                        : QList{LocationRecovery::tryAgainOption(again)}};
 }

@@ -1,5 +1,7 @@
 #include "Controller/Preferences/LocationRowStatus.h"
 
+#include "Controller/Preferences/LocationRecovery.h"
+#include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncResult.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/RelativeDate.h"
@@ -27,6 +29,16 @@ QString resultText(const QVSyncState *state) {
                      .arg(date)
                      .arg(result->problems)
                : localizedSyncString("synchronized %1").arg(date);
+}
+
+/// Starts the job of `state` again, unless that is null.
+void runAgain(const std::shared_ptr<QVSyncState> &state, bool isCleanUp) {
+    QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
+    if (state && isCleanUp) {
+        dispatcher->cleanRemoteStoreWithSynchronizationState(state, [] {});
+    } else if (state) {
+        dispatcher->performSynchronizationsWithSynchronizationStates({state});
+    }
 }
 
 }  // namespace
@@ -109,5 +121,13 @@ std::optional<Error> LocationRowStatus::error() const {
     const auto failed = state();
     const std::optional<QVSyncResult> result =
         failed && failed->isEnabled() ? QVSyncResult::of(failed.get()) : std::nullopt;
-    return result ? result->error : std::nullopt;
+    if (!result || !result->error) {
+        return {};
+    }
+    Error error = *result->error;
+    error.recoveryOptions = LocationRecovery::options(
+        row->location(), [state = std::weak_ptr(failed), isCleanUp = result->isCleanUp] {
+            runAgain(state.lock(), isCleanUp);
+        });
+    return error;
 }

@@ -3,6 +3,7 @@
 #include <QtWidgets/QMenu>
 
 #include "Controller/Preferences/LocationKind.h"
+#include "Controller/Preferences/LocationRecovery.h"
 #include "Controller/Preferences/QVSyncLocationEditor.h"
 #include "Controller/Preferences/QVSyncScheduleEditor.h"
 #include "Host/InboxUUID.h"
@@ -316,6 +317,11 @@ QVSyncPreferences::Selection QVSyncPreferences::synchronizationSelectionForSyncL
 void QVSyncPreferences::saveAndPresentError() {
     std::optional<Error> error;
     if (!plugin()->locationsController()->save(&error) && error) {
+        error->recoveryOptions = {LocationRecovery::tryAgainOption([pane = QPointer(this)] {
+            if (pane) {
+                pane->saveAndPresentError();
+            }
+        })};
         NSApp()->presentError(*error);
     }
 }

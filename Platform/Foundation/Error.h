@@ -1,8 +1,18 @@
 #pragma once
 
+#include <QtCore/QList>
 #include <QtCore/QMetaType>
 #include <QtCore/QString>
+#include <functional>
 #include <optional>
+
+/// A next step that is offered with an error, as a button.
+struct RecoveryOption {
+    /// The title of the button in the user's language.
+    QString title;
+    /// Called on the main thread when the user chooses the step. Never empty.
+    std::function<void()> choose;
+};
 
 /// An error that can be shown to the user. A value. Functions that return std::optional<Error>
 /// return std::nullopt on success; new ones return Expected.
@@ -16,8 +26,17 @@ struct Error {
     QString localizedDescription = {};
     /// The technical reason in the user's language, or empty if it is not known.
     QString localizedFailureReason = {};
+    /// The next steps that the user can choose, the best one first; may be empty. Code that
+    /// presents errors may ignore them. Only added on the main thread, shortly before the error is
+    /// presented.
+    QList<RecoveryOption> recoveryOptions = {};
 
-    bool operator==(const Error &) const = default;
+    /// Compares everything but the next steps.
+    bool operator==(const Error &other) const {
+        return domain == other.domain && code == other.code &&
+               localizedDescription == other.localizedDescription &&
+               localizedFailureReason == other.localizedFailureReason;
+    }
 };
 
 Q_DECLARE_METATYPE(Error)

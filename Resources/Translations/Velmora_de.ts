@@ -502,6 +502,10 @@
 <context>
     <name>VelmoraApplication</name>
     <message>
+        <source>Error again:</source>
+        <translation>Erneuter Fehler:</translation>
+    </message>
+    <message>
         <source>Internal error:</source>
         <translation>Interner Fehler:</translation>
     </message>
@@ -691,6 +695,17 @@
     <message>
         <source>Synchronizing before quitting…</source>
         <translation>Vor dem Beenden wird synchronisiert …</translation>
+    </message>
+</context>
+<context>
+    <name>ErrorBoxes</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Error %1 of %2</source>
+        <translation>Fehler %1 von %2</translation>
     </message>
 </context>
 </TS>

@@ -25,6 +25,18 @@ class VelmoraApplicationTest : public QObject {
         return boxes;
     }
 
+    static VelmoraApplication &application() { return *static_cast<VelmoraApplication *>(qApp); }
+
+    static void press(QMessageBox *box, const QString &title) {
+        for (QAbstractButton *button : box->buttons()) {
+            if (button->text() == title) {
+                button->click();
+                return;
+            }
+        }
+        QFAIL("there is no such button");
+    }
+
     static void store(const QString &user) {
         UrlCredentialStorage::shared().setCredentialForProtectionSpace(
             {.user = user,
@@ -77,6 +89,67 @@ private Q_SLOTS:
         QVERIFY(box->text().startsWith(QStringLiteral("A saved password or permission")));
         QCOMPARE(box->informativeText(), QStringLiteral("The keyring is locked."));
         box->close();
+        QTRY_VERIFY(messageBoxes().isEmpty());
+    }
+
+    void theNextStepsAreButtons() {
+        QStringList chosen;
+        const auto option = [&](const QString &title) {
+            return RecoveryOption{title, [&chosen, title] { chosen.append(title); }};
+        };
+        const Error error{.domain = QStringLiteral("domain"),
+                          .code = 7,
+                          .localizedDescription = QStringLiteral("The server is busy."),
+                          .recoveryOptions = {option(QStringLiteral("Edit Location…")),
+                                              option(QStringLiteral("Try Again"))}};
+        application().presentError(error);
+        QMessageBox *box = messageBoxes().first();
+        QStringList titles;
+        for (const QAbstractButton *button : box->buttons()) {
+            titles.append(button->text());
+        }
+        for (const QString &title : {QStringLiteral("Edit Location…"), QStringLiteral("Try Again"),
+                                     QStringLiteral("Close")}) {
+            QVERIFY2(titles.contains(title), qPrintable(titles.join(u' ')));
+        }
+        QCOMPARE(box->defaultButton()->text(), QStringLiteral("Close"));
+        QVERIFY(box->detailedText().contains(QStringLiteral("Error 7 of domain")));
+        press(box, QStringLiteral("Try Again"));
+        QTRY_COMPARE(chosen, QStringList{QStringLiteral("Try Again")});
+        QTRY_VERIFY(messageBoxes().isEmpty());
+        // The step was the user's: if it fails in the same way, that is shown.
+        application().presentError(error);
+        QCOMPARE(messageBoxes().size(), 1);
+        press(messageBoxes().first(), QStringLiteral("Close"));
+        QTRY_VERIFY(messageBoxes().isEmpty());
+        QCOMPARE(chosen.size(), 1);
+    }
+
+    void theSameErrorIsNotShownTwiceInARow() {
+        const Error full{.localizedDescription = QStringLiteral("The disk is full.")};
+        const Error other{.localizedDescription = QStringLiteral("The disk is gone.")};
+        application().presentError(full);
+        application().presentError(full);
+        QCOMPARE(messageBoxes().size(), 1);
+        QTest::keyClick(messageBoxes().first(), Qt::Key_Escape);
+        QTRY_VERIFY(messageBoxes().isEmpty());
+        const int entries = application().eventLog()->rowCount();
+        application().presentError(full);
+        QVERIFY(messageBoxes().isEmpty());
+        QCOMPARE(application().eventLog()->rowCount(), entries + 1);
+        application().presentError(other);
+        QCOMPARE(messageBoxes().size(), 1);
+        messageBoxes().first()->close();
+        QTRY_VERIFY(messageBoxes().isEmpty());
+        application().presentError(full);
+        QCOMPARE(messageBoxes().size(), 1);
+        messageBoxes().first()->close();
+        QTRY_VERIFY(messageBoxes().isEmpty());
+        QWidget window;
+        QTest::keyClick(&window, Qt::Key_A);
+        application().presentError(full);
+        QCOMPARE(messageBoxes().size(), 1);
+        messageBoxes().first()->close();
         QTRY_VERIFY(messageBoxes().isEmpty());
     }
 

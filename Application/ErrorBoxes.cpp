@@ -1,0 +1,64 @@
+#include "Application/ErrorBoxes.h"
+
+#include <QtCore/QDateTime>
+#include <QtCore/QLocale>
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QPushButton>
+#include <algorithm>
+
+#include "Platform/Interface/PlainText.h"
+
+bool ErrorBoxes::show(const Error &error, QWidget *parent) {
+    const auto last = std::find_if(m_shown.begin(), m_shown.end(),
+                                   [&](const Shown &each) { return each.error == error; });
+    if (last != m_shown.end() && (last->isOpen() || !m_hasInput)) {
+        if (last->isOpen()) {
+            last->box->raise();
+        }
+        return false;
+    }
+    // Closed boxes other than the last one no longer count.
+    m_shown.removeIf([](const Shown &each) { return !each.isOpen(); });
+    auto *box = new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), {},
+                                QMessageBox::NoButton, parent);
+    PlainText::setTexts(box, error.localizedDescription, error.localizedFailureReason);
+    addDetails(box, error);
+    addButtons(box, error);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    connect(box, &QDialog::finished, this, [this] { m_hasInput = false; });
+    m_shown.append({error, box});
+    m_shown.last().error.recoveryOptions.clear();
+    box->open();
+    return true;
+}
+
+void ErrorBoxes::noteEvent(QEvent::Type type) {
+    m_hasInput = m_hasInput || type == QEvent::MouseButtonPress || type == QEvent::KeyPress ||
+                 type == QEvent::TouchBegin;
+}
+
+void ErrorBoxes::addDetails(QMessageBox *box, const Error &error) {
+    if (!error.domain.isEmpty()) {
+        box->setDetailedText(QLocale().toString(QDateTime::currentDateTime()) + u'\n' +
+                             tr("Error %1 of %2").arg(error.code).arg(error.domain));
+    }
+}
+
+void ErrorBoxes::addButtons(QMessageBox *box, const Error &error) {
+    for (const RecoveryOption &option : error.recoveryOptions) {
+        const QPushButton *button = box->addButton(option.title, QMessageBox::ActionRole);
+        // Later, when the box is closed: the step may open another window.
+        connect(
+            button, &QPushButton::clicked, this,
+            [this, choose = option.choose] {
+                m_hasInput = true;
+                choose();
+            },
+            Qt::QueuedConnection);
+    }
+    QPushButton *close = error.recoveryOptions.isEmpty()
+                             ? box->addButton(QMessageBox::Ok)
+                             : box->addButton(tr("Close"), QMessageBox::RejectRole);
+    box->setDefaultButton(close);
+    box->setEscapeButton(close);
+}

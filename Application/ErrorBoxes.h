@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtCore/QEvent>
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtWidgets/QMessageBox>
+
+#include "Platform/Foundation/Error.h"
+
+/// Shows errors in message boxes, whose buttons are the next steps. The same error is not shown
+/// twice in a row: not while its box is open, and not again until the user has done something,
+/// because it then has the same cause. Must be used on the main thread.
+class ErrorBoxes : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+    /// Shows `error` and returns at once. `parent` is the window of the box and may be null.
+    /// Returns false if the error is not shown again; a box that is open is then raised.
+    bool show(const Error &error, QWidget *parent);
+    /// Must be called for every event of the application: presses of buttons and keys are what the
+    /// user does.
+    void noteEvent(QEvent::Type type);
+
+private:
+    static void addDetails(QMessageBox *box, const Error &error);
+    void addButtons(QMessageBox *box, const Error &error);
+
+    struct Shown {
+        Error error;
+        /// Deleted some time after it was closed.
+        QPointer<QMessageBox> box;
+
+        bool isOpen() const { return box && box->isVisible(); }
+    };
+    /// Those whose boxes are open, and the one that was closed last.
+    QList<Shown> m_shown;
+    /// Whether the user has done anything since that box was closed.
+    bool m_hasInput = false;
+};
