@@ -6,6 +6,7 @@
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/QVWebDAVLocationEditor.h"
 #include "Controller/QVImportDatabasesController.h"
+#include "Host/QVApplication.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
@@ -77,6 +78,7 @@ void QVSyncPreferences::addFolderLocation(const QVFolderLocationEditor &editor, 
     if (result == 1) {
         addSyncLocation(editor.location());
         saveAndPresentError();
+        announceAddedSelection();
     }
 }
 
@@ -142,6 +144,14 @@ void QVSyncPreferences::didEditLocation(const std::shared_ptr<QVSyncLocationEdit
         addSyncLocation(editor->location());
     }
     saveAndPresentError();
+    if (isNew) {
+        announceAddedSelection();
+    }
+}
+
+void QVSyncPreferences::announceAddedSelection() {
+    m_addedSelection = m_synchronizationSelections.last();
+    KeyValue::announce<&QVSyncPreferences::addedSelectionChanged>(this);
 }
 
 void QVSyncPreferences::addSyncLocation(const std::shared_ptr<QVSyncLocation> &location) {
@@ -172,14 +182,6 @@ void QVSyncPreferences::removeSyncSelection(
     saveAndPresentError();
 }
 
-void QVSyncPreferences::checkSelectedSyncLocation(QObject * /*sender*/) {
-    if (const Selection row = selectedRow()) {
-        // A fetch does not clear an earlier error.
-        row->setError({});
-        row->fetchDatabasesWithCompletionHandler([](const auto &, const auto &) {});
-    }
-}
-
 void QVSyncPreferences::cleanSelectedSyncLocation(QObject * /*sender*/) {
     const Selection row = selectedRow();
     const StandIn database = row ? row->database() : nullptr;
@@ -206,7 +208,8 @@ void QVSyncPreferences::cleanLocationForDatabaseWithUUID(
 
 void QVSyncPreferences::revealInFinder(QObject * /*sender*/) {
     if (const Selection row = selectedRow()) {
-        Workspace::selectFile(row->location()->URL().path());
+        Workspace::selectFile(row->location()->URL().path(),
+                              [](const Error &error) { NSApp()->presentError(error); });
     }
 }
 

@@ -59,6 +59,10 @@ class QVSyncPreferences : public PreferencePane,
     /// added.
     Q_PROPERTY(QList<std::shared_ptr<QVSynchronizationSelection>> synchronizationSelections READ
                    synchronizationSelections NOTIFY synchronizationSelectionsChanged)
+    /// The row of the location that a command has added last; null if there is none. Announced when
+    /// the location is saved and its sheet is closed.
+    Q_PROPERTY(std::shared_ptr<QVSynchronizationSelection> addedSelection READ addedSelection NOTIFY
+                   addedSelectionChanged)
     /// Whether the host restricts access to folders that the user has granted.
     Q_PROPERTY(bool sandboxed READ isSandboxed)
     /// Whether the selected location is a folder. Not announced; read it again when the selection
@@ -149,6 +153,7 @@ public:
     // The location list
     /// No entry is null.
     QList<Selection> synchronizationSelections() const { return m_synchronizationSelections; }
+    Selection addedSelection() const { return m_addedSelection.lock(); }
     /// Appends a row, which must not be null, and binds it to the selected database: from now on
     /// the row follows the selection of the database list. Announces the list.
     void addSynchronizationSelectionsObject(const Selection &selection);
@@ -196,9 +201,6 @@ public:
     /// if that fails, the error is presented, and the next save removes the location from the
     /// profile.
     Q_SLOT void removeSyncSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);
-    /// Reads which databases the selected location contains. Returns at once; the row shows the
-    /// progress and then any error. May be called again meanwhile.
-    Q_SLOT void checkSelectedSyncLocation(QObject *sender);
     /// Cleans up the selected database at the selected location. Must be called only while both are
     /// selected.
     Q_SLOT void cleanSelectedSyncLocation(QObject *sender);
@@ -255,6 +257,7 @@ Q_SIGNALS:
     void localDatabasesByUUIDChanged();
     void scheduleEditorChanged();
     void synchronizationSelectionsChanged();
+    void addedSelectionChanged();
 
 private:
     /// Creates the schedule editor, once.
@@ -270,6 +273,8 @@ private:
     Selection selectedRow() const;
     /// Handler of the folder panels: adds the location and saves if `result` is 1.
     void addFolderLocation(const QVFolderLocationEditor &editor, qint64 result);
+    /// Announces the row that was appended last.
+    void announceAddedSelection();
     /// Handler of the editors' sheets.
     void didEditLocation(const std::shared_ptr<QVSyncLocationEditor> &editor, bool isNew,
                          qint64 result);
@@ -290,6 +295,7 @@ private:
     mutable QPixmap m_databaseIcon;
     std::unique_ptr<QVSyncScheduleEditor> m_scheduleEditor;
     QList<Selection> m_synchronizationSelections;
+    std::weak_ptr<QVSynchronizationSelection> m_addedSelection;
     std::optional<QVStandInsByUUID> m_localDatabasesByUUID;
     QPointer<QPushButton> m_locationEditPopUpButton;
     QPointer<QMenu> m_addMenu;

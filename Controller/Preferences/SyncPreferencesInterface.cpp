@@ -3,6 +3,7 @@
 #include "Controller/NSArrayController+Emptiness.h"
 #include "Controller/Preferences/ActivityStatus.h"
 #include "Controller/Preferences/DatabaseRowStatus.h"
+#include "Controller/Preferences/LocationCheck.h"
 #include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/LocationRowStatus.h"
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
@@ -60,6 +61,7 @@ void registerSyncPreferencesInterface() {
     registerObject<NSArrayController>("NSArrayController");
     registerObject<ActivityStatus>("ActivityStatus");
     registerObject<DatabaseRowStatus>("DatabaseRowStatus");
+    registerObject<LocationCheck>("LocationCheck");
     registerObject<LocationRowStatus>("LocationRowStatus");
     registerObject<ScheduleStatus>("ScheduleStatus");
     registerTransformer<QVLocationImageValueTransformer>("QVLocationImageValueTransformer");

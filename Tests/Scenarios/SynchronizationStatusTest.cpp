@@ -1,4 +1,5 @@
 #include <QtCore/QRegularExpression>
+#include <QtGui/QAction>
 #include <QtGui/QClipboard>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
@@ -299,7 +300,7 @@ private Q_SLOTS:
         QVERIFY(locationText(0).endsWith(QStringLiteral(": wrong password")));
         // The check finds the same, and its error goes as well.
         click(locationRow(0));
-        pane().checkSelectedSyncLocation(nullptr);
+        find<QAction>("checkItem")->trigger();
         QTRY_VERIFY(pane().synchronizationSelections().first()->error());
         edit(0, "passwordField", WebDAVServer::Password);
         QVERIFY(locationWarning(0)->isHidden());
@@ -315,7 +316,7 @@ private Q_SLOTS:
         tick(0);
         click(locationRow(0));
         QVERIFY(QDir().rename(package, package + u'x'));
-        pane().checkSelectedSyncLocation(nullptr);
+        find<QAction>("checkItem")->trigger();
         QTRY_VERIFY(locationWarning(0)->isVisible());
         QVERIFY(QDir().rename(package + u'x', package));
         synchronize();

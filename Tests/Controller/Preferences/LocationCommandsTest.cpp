@@ -485,8 +485,10 @@ private Q_SLOTS:
         auto *warning = m_pane->locationsView()->items().at(0)->view()->findChild<QToolButton *>(
             QStringLiteral("rowWarningButton"));
         QVERIFY(!warning->isHidden());
-        warning->click();
         QCOMPARE(m_host->application().presentedErrors(), QList<Error>{*row->error()});
+        warning->click();
+        QCOMPARE(m_host->application().presentedErrors(),
+                 QList<Error>({*row->error(), *row->error()}));
     }
 
     void checkingAgainForgetsWhatWasWrongBefore() {

@@ -1,0 +1,160 @@
+#include "Controller/Preferences/LocationCheck.h"
+
+#include <QtCore/QLocale>
+#include <QtCore/QPointer>
+#include <QtCore/QTimer>
+
+#include "Controller/Preferences/LocationRecovery.h"
+#include "Host/PZFuture.h"
+#include "Host/QVApplication.h"
+#include "Host/SyncStrings.h"
+#include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/MainQueue.h"
+
+namespace {
+
+QString databasesText(qint64 count) {
+    return count == 1 ? localizedSyncString("1 database")
+                      : localizedSyncString("%1 databases").arg(count);
+}
+
+/// Returns the text for a location that can be used.
+QString successText(const QString &title, const QVSyncStoreCheck &found, bool isChecked) {
+    if (!isChecked) {
+        return localizedSyncString("“%1” can be read. %2.")
+            .arg(title, databasesText(found.databases));
+    }
+    if (!found.size) {
+        return localizedSyncString("“%1” can be read and written. %2.")
+            .arg(title, databasesText(found.databases));
+    }
+    return localizedSyncString("“%1” can be read and written. %2, %3.")
+        .arg(title, databasesText(found.databases),
+             QLocale().formattedDataSize(*found.size, 1, QLocale::DataSizeSIFormat));
+}
+
+Error notWritable(const QString &title, Error error) {
+    error.localizedDescription = localizedSyncString("“%1” can be read, but not written. %2")
+                                     .arg(title, error.localizedDescription);
+    return error;
+}
+
+Error notInTime(const QString &title) {
+    return {.domain = QStringLiteral("SyncPreferences"),
+            .localizedDescription =
+                localizedSyncString("“%1” did not respond in time. Check that it is available, and "
+                                    "try again.")
+                    .arg(title)};
+}
+
+}  // namespace
+
+LocationCheck::~LocationCheck() {
+    for (const Run &run : std::as_const(m_runs)) {
+        if (run.future) {
+            run.future->cancel();
+        }
+    }
+}
+
+void LocationCheck::setAddedSelection(const Selection &selection) {
+    m_addedSelection = selection;
+    if (selection) {
+        start(selection, Presentation::Shown);
+    }
+}
+
+void LocationCheck::setSelections(const QList<Selection> &selections) {
+    if (!m_text.isEmpty() && !selections.contains(m_textSelection.lock())) {
+        setText(nullptr, {});
+    }
+}
+
+void LocationCheck::check(const Selection &selection) {
+    requireParameter(selection != nullptr, "selection != nil", "LocationCheck::check",
+                     "Controller/Preferences/LocationCheck");
+    start(selection, Presentation::Presented);
+}
+
+void LocationCheck::start(const Selection &selection, Presentation presentation) {
+    if (selection->isActive()) {
+        return;
+    }
+    const quint64 run = ++m_lastRun;
+    m_runs.insert(run, {selection, presentation, nullptr});
+    setText(nullptr, {});
+    selection->setError({});
+    selection->setActive(true);
+    QTimer::singleShot(m_timeout, this, [this, run] {
+        if (const auto row = m_runs.value(run).selection.lock()) {
+            finish(run, {.error = notInTime(row->title())});
+        }
+    });
+    read(run, selection);
+}
+
+void LocationCheck::read(quint64 run, const Selection &selection) {
+    const auto checkable = QVCheckableStore::of(selection->location()->createStore());
+    if (!checkable) {
+        selection->fetchDatabasesWithCompletionHandler(
+            [self = QPointer(this), run](const auto &databases, const auto &error) {
+                if (self) {
+                    self->finish(run, {.databases = databases ? databases->size() : 0,
+                                       .isReadable = databases.has_value(),
+                                       .error = error});
+                }
+            });
+        return;
+    }
+    // Rows are released on the main thread only, so the handler has none.
+    const auto future =
+        checkable->checkWithCompletionHandler([self = QPointer(this), run](const auto &found) {
+            MainQueue::dispatchAsync([self, run, found] {
+                if (self) {
+                    self->finish(run, found);
+                }
+            });
+        });
+    if (m_runs.contains(run)) {
+        m_runs[run].future = future;
+    }
+}
+
+void LocationCheck::finish(quint64 run, const QVSyncStoreCheck &found) {
+    if (!m_runs.contains(run)) {
+        return;
+    }
+    const Run ended = m_runs.take(run);
+    if (ended.future) {
+        ended.future->cancel();
+    }
+    const Selection row = ended.selection.lock();
+    if (!row) {
+        return;
+    }
+    row->setActive(false);
+    if (!found.error) {
+        setText(row, successText(row->title(), found, ended.future != nullptr));
+        return;
+    }
+    Error error = found.isReadable ? notWritable(row->title(), *found.error) : *found.error;
+    error.recoveryOptions = LocationRecovery::options(
+        row->location(), [self = QPointer(this), checked = ended.selection] {
+            const Selection again = checked.lock();
+            if (self && again) {
+                self->check(again);
+            }
+        });
+    row->setError(error);
+    if (ended.presentation == Presentation::Presented) {
+        NSApp()->presentError(error);
+    } else {
+        setText(row, error.localizedDescription);
+    }
+}
+
+void LocationCheck::setText(const Selection &selection, const QString &text) {
+    m_textSelection = selection;
+    m_text = text;
+    Q_EMIT textChanged();
+}
