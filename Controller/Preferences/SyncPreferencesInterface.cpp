@@ -3,6 +3,8 @@
 #include "Controller/NSArrayController+Emptiness.h"
 #include "Controller/Preferences/ActivityStatus.h"
 #include "Controller/Preferences/DatabaseRowStatus.h"
+#include "Controller/Preferences/DirectConnectionHost.h"
+#include "Controller/Preferences/DiscoveryHint.h"
 #include "Controller/Preferences/LocationCheck.h"
 #include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/LocationRowStatus.h"
@@ -61,6 +63,8 @@ void registerSyncPreferencesInterface() {
     registerObject<NSArrayController>("NSArrayController");
     registerObject<ActivityStatus>("ActivityStatus");
     registerObject<DatabaseRowStatus>("DatabaseRowStatus");
+    registerObject<DirectConnectionHost>("DirectConnectionHost");
+    registerObject<DiscoveryHint>("DiscoveryHint");
     registerObject<LocationCheck>("LocationCheck");
     registerObject<LocationRowStatus>("LocationRowStatus");
     registerObject<ScheduleStatus>("ScheduleStatus");

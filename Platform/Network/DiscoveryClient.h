@@ -28,6 +28,8 @@ public:
     /// Owned by this object; invalid after lost(). To be asked for anew in each slot, not to be
     /// stored.
     AvahiClient *client() const { return m_isAvailable ? m_client : nullptr; }
+    /// Returns whether the daemon has responded.
+    bool isAvailable() const { return m_isAvailable; }
     /// Returns whether the daemon has registered a host name for this computer, which publishing a
     /// service requires.
     bool isHostRegistered() const { return m_isHostRegistered; }

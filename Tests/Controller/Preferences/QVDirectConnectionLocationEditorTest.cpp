@@ -1,6 +1,7 @@
 #include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
 
 #include <QtCore/QThreadPool>
+#include <QtGui/QClipboard>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSpinBox>
@@ -362,7 +363,42 @@ private Q_SLOTS:
         QVERIFY(part<QPushButton>("acceptButton")->isEnabled());
         QVERIFY(part<QSpinBox>("portField")->isEnabled());
         type(part<TextField>("hostField"), QStringLiteral(" "));
+        QVERIFY(part<QPushButton>("acceptButton")->isEnabled());
+        type(part<TextField>("hostField"), QStringLiteral("2"));
         QVERIFY(!part<QPushButton>("acceptButton")->isEnabled());
+    }
+
+    void anAddressIsKeptWhileItsHostFieldIsWrong() {
+        const Url before = URLOf(QStringLiteral("studio.local:5000"));
+        m_location->setURL(before);
+        m_editor->runLocationEditorModalForWindow(
+            m_parent.get(), false, [this](qint64 result) { m_results.append(result); });
+        auto *host = part<TextField>("hostField");
+        auto *problem = part<QLabel>("problemLabel");
+        QVERIFY(problem->isHidden());
+        host->selectAll();
+        type(host, QStringLiteral("my attic"));
+        QCOMPARE(problem->text(),
+                 QStringLiteral("“my attic” is not a valid host. Enter a name, such "
+                                "as “computer.local”, or an IP address."));
+        QVERIFY(problem->isVisible());
+        QVERIFY(!part<QPushButton>("acceptButton")->isEnabled());
+        QTest::keyClick(host, Qt::Key_Return);
+        QCOMPARE(host->text(), QStringLiteral("my attic"));
+        // The last text that was valid.
+        QCOMPARE(m_location->URL(), URLOf(QStringLiteral("my:5000")));
+        m_editor->netServiceDidResolveAddress(makeService(QStringLiteral("Studio"), 7000));
+        QVERIFY(problem->isHidden());
+        QVERIFY(part<QPushButton>("acceptButton")->isEnabled());
+    }
+
+    void aBlankPastedWithAHostDoesNoHarm() {
+        run();
+        auto *host = part<TextField>("hostField");
+        QGuiApplication::clipboard()->setText(QStringLiteral(" studio.local\n"));
+        host->paste();
+        QCOMPARE(host->text(), QStringLiteral("studio.local"));
+        QCOMPARE(m_editor->host(), QStringLiteral("studio.local"));
     }
 
     void anEmptiedHostFieldGivesANilHost() {

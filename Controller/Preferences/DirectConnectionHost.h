@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+/// The host field of the sheet of a direct connection: passes only host names that are valid, or
+/// none, to the editor, so that the location keeps its address while the user types another one. An
+/// object of the sheet's form. Must be used on the main thread.
+class DirectConnectionHost : public QObject {
+    Q_OBJECT
+    /// The text of the field, bound both ways.
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+    /// The host of the editor, bound both ways.
+    Q_PROPERTY(QString host READ host WRITE setHost NOTIFY hostChanged)
+    /// Whether the editor can accept the host that it has.
+    Q_PROPERTY(bool editorAccepting READ isEditorAccepting WRITE setEditorAccepting)
+    /// What is wrong with the text, in words for the user; empty if nothing is.
+    Q_PROPERTY(QString problem READ problem NOTIFY changed)
+    Q_PROPERTY(bool wrong READ isWrong NOTIFY changed)
+    /// Whether the sheet can be accepted.
+    Q_PROPERTY(bool acceptable READ isAcceptable NOTIFY changed)
+public:
+    using QObject::QObject;
+
+    QString text() const { return m_text; }
+    void setText(const QString &text);
+    QString host() const { return m_host; }
+    void setHost(const QString &host);
+    bool isEditorAccepting() const { return m_isEditorAccepting; }
+    void setEditorAccepting(bool isAccepting);
+    QString problem() const;
+    bool isWrong() const;
+    bool isAcceptable() const { return m_isEditorAccepting && !isWrong(); }
+
+Q_SIGNALS:
+    void textChanged();
+    void hostChanged();
+    void changed();
+
+private:
+    QString m_text;
+    QString m_host;
+    bool m_isEditorAccepting = false;
+};
