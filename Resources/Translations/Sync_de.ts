@@ -4,6 +4,102 @@
 <context>
     <name>Sync</name>
     <message>
+        <source>Computers cannot be found, because the service “Avahi” is not running on this computer. Start it, or enter the address of the other computer.</source>
+        <translation>Es können keine Computer gefunden werden, weil der Dienst „Avahi“ auf diesem Computer nicht läuft. Starten Sie ihn, oder geben Sie die Adresse des anderen Computers ein.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a valid host. Enter a name, such as “computer.local”, or an IP address.</source>
+        <translation>„%1“ ist kein gültiger Host. Geben Sie einen Namen wie „computer.local“ oder eine IP-Adresse ein.</translation>
+    </message>
+    <message>
+        <source>Enter a server and a store name.</source>
+        <translation>Geben Sie einen Server und den Namen eines Speichers ein.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a valid server name.</source>
+        <translation>„%1“ ist kein gültiger Servername.</translation>
+    </message>
+    <message>
+        <source>A server name contains no blanks. Remove the blank from “%1”.</source>
+        <translation>Ein Servername enthält keine Leerzeichen. Entfernen Sie das Leerzeichen aus „%1“.</translation>
+    </message>
+    <message>
+        <source>A server name cannot contain “%1”.</source>
+        <translation>Ein Servername darf „%1“ nicht enthalten.</translation>
+    </message>
+    <message>
+        <source>Enter “%1” instead.</source>
+        <translation>Geben Sie stattdessen „%1“ ein.</translation>
+    </message>
+    <message>
+        <source>The server field contains a complete address. Click “Fill In the Fields”.</source>
+        <translation>Das Feld „Server“ enthält eine vollständige Adresse. Klicken Sie auf „Felder ausfüllen“.</translation>
+    </message>
+    <message>
+        <source>The port is a number from 1 to 65535. Correct it or leave it empty.</source>
+        <translation>Der Port ist eine Zahl von 1 bis 65535. Korrigieren Sie ihn, oder lassen Sie ihn leer.</translation>
+    </message>
+    <message>
+        <source>The folder and the store name cannot contain “?”.</source>
+        <translation>Der Ordner und der Name des Speichers dürfen kein „?“ enthalten.</translation>
+    </message>
+    <message>
+        <source>Address: %1</source>
+        <translation>Adresse: %1</translation>
+    </message>
+    <message>
+        <source>Fill In the Fields</source>
+        <translation>Felder ausfüllen</translation>
+    </message>
+    <message>
+        <source>Distribute the address in the server field over the fields</source>
+        <translation>Die Adresse im Feld „Server“ auf die Felder verteilen</translation>
+    </message>
+    <message>
+        <source>“%1” does not return what was written to it. Check the server or the disk, or use another location.</source>
+        <translation>„%1“ liefert nicht zurück, was geschrieben wurde. Prüfen Sie den Server oder den Datenträger, oder verwenden Sie einen anderen Ort.</translation>
+    </message>
+    <message>
+        <source>1 database</source>
+        <translation>1 Datenbank</translation>
+    </message>
+    <message>
+        <source>%1 databases</source>
+        <translation>%1 Datenbanken</translation>
+    </message>
+    <message>
+        <source>“%1” can be read. %2.</source>
+        <translation>„%1“ kann gelesen werden. %2.</translation>
+    </message>
+    <message>
+        <source>“%1” can be read and written. %2.</source>
+        <translation>„%1“ kann gelesen und beschrieben werden. %2.</translation>
+    </message>
+    <message>
+        <source>“%1” can be read and written. %2, %3.</source>
+        <translation>„%1“ kann gelesen und beschrieben werden. %2, %3.</translation>
+    </message>
+    <message>
+        <source>“%1” can be read, but not written. %2</source>
+        <translation>„%1“ kann gelesen, aber nicht beschrieben werden. %2</translation>
+    </message>
+    <message>
+        <source>“%1” did not respond in time. Check that it is available, and try again.</source>
+        <translation>„%1“ hat nicht rechtzeitig geantwortet. Prüfen Sie, ob der Ort verfügbar ist, und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Edit Location…</source>
+        <translation>Ort bearbeiten …</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Show Folder</source>
+        <translation>Ordner zeigen</translation>
+    </message>
+    <message>
         <source>%1 %2 of %3</source>
         <translation>%1 %2 von %3</translation>
     </message>
@@ -1430,6 +1526,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
 </context>
 <context>
     <name>Platform</name>
+    <message>
+        <source>No file manager could be started. Install one, or open the folder “%1” in another program.</source>
+        <translation>Es konnte kein Dateimanager gestartet werden. Installieren Sie einen, oder öffnen Sie den Ordner „%1“ in einem anderen Programm.</translation>
+    </message>
     <message>
         <source>Check the permissions of the file and the space on the disk.</source>
         <translation>Prüfen Sie die Zugriffsrechte der Datei und den Platz auf dem Datenträger.</translation>
