@@ -112,7 +112,8 @@ bool QuitSynchronization::synchronize(const QVSyncStates &states) const {
     QuitProgressDialog dialog(m_window);
     QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
         states, [shown = QPointer(&dialog)] {
-            if (shown) {
+            // The user may have ended it before.
+            if (shown && shown->isVisible()) {
                 shown->done(QuitProgressDialog::Finished);
             }
         });
