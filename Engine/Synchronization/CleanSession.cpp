@@ -1,7 +1,10 @@
 #include "Engine/Synchronization/CleanSession.h"
 
 #include <algorithm>
+#include <atomic>
+#include <vector>
 
+#include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/RecordTiers.h"
@@ -244,11 +247,20 @@ Expected<void> CleanSession::continueWriting() {
 
 Expected<void> CleanSession::removeTransactions(BlobStore &store, const EngineFuture &future) {
     progress().begin(SessionProgress::Phase::Removing, m_toRemove.size());
-    for (const QString &name : std::as_const(m_toRemove)) {
-        if (Expected<void> removed = store.remove(path(name), future); !removed) {
-            return removed;
+    const QStringList &names = m_toRemove;
+    std::vector<Expected<void>> results(static_cast<size_t>(names.size()));
+    std::atomic_bool hasFailed = false;
+    ParallelCalls::run(names.size(), store.operationsAtOnce(), [&](qsizetype number) {
+        Expected<void> &result = results[static_cast<size_t>(number)];
+        if (!hasFailed) {
+            result = store.remove(path(names.at(number)), future);
+            progress().advance(1);
         }
-        progress().advance(1);
-    }
-    return {};
+        if (!result) {
+            hasFailed = true;
+        }
+    });
+    const auto failed = std::find_if(results.begin(), results.end(),
+                                     [](const Expected<void> &result) { return !result; });
+    return failed == results.end() ? Expected<void>() : *failed;
 }

@@ -163,19 +163,26 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
         return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
     }
     while (!m_unread.isEmpty() && m_readSize < ReadAtOnce) {
-        if (Expected<void> read = readTransaction(records, m_unread.takeFirst()); !read) {
-            return read;
+        const QStringList names =
+            m_unread.first(qMin(m_unread.size(), qsizetype(store.operationsAtOnce())));
+        m_unread.remove(0, names.size());
+        const auto read = records.readAll(names);
+        for (qsizetype i = 0; i < names.size(); ++i) {
+            if (Expected<void> taken =
+                    takeTransaction(records, names[i], read[static_cast<size_t>(i)]);
+                !taken) {
+                return taken;
+            }
         }
         if (m_pass == Pass::Comparing) {
-            progress().advance(1);
+            progress().advance(names.size());
         }
     }
     return m_pass == Pass::Comparing ? compareTransactions() : Expected<void>();
 }
 
-Expected<void> SyncSession::readTransaction(const TransactionRecords &records,
-                                            const QString &name) {
-    const Expected<TransactionRecords::Record> record = records.read(name);
+Expected<void> SyncSession::takeTransaction(const TransactionRecords &records, const QString &name,
+                                            const Expected<TransactionRecords::Record> &record) {
     if (record) {
         m_readSize += record->size;
         const QByteArray digest = digestOf(record->transaction);
@@ -208,10 +215,7 @@ Expected<void> SyncSession::readTransaction(const TransactionRecords &records,
 
 Expected<void> SyncSession::verifyTransactions(BlobStore &store, const EngineFuture &future) {
     const TransactionRecords records(store, subject().databaseUUID, future);
-    for (const Suspect &suspect : std::as_const(m_suspects)) {
-        if (future.isCancelled() || !verify(records, suspect)) {
-            break;
-        }
+    while (!m_suspects.isEmpty() && !future.isCancelled() && verifySome(records, store)) {
     }
     for (const Suspect &damaged : std::as_const(m_damaged)) {
         if (!future.isCancelled()) {
@@ -244,9 +248,26 @@ Expected<void> SyncSession::reportMissing(const TransactionRecords &records) {
     });
 }
 
-bool SyncSession::verify(const TransactionRecords &records, const Suspect &suspect) {
-    const Expected<void> record =
-        records.verify(suspect.name, suspect.written.value_or(KnownTransactions::Contents()));
+bool SyncSession::verifySome(const TransactionRecords &records, const BlobStore &store) {
+    const QList<Suspect> some =
+        m_suspects.first(qMin(m_suspects.size(), qsizetype(store.operationsAtOnce())));
+    m_suspects.remove(0, some.size());
+    QStringList names;
+    QList<KnownTransactions::Contents> written;
+    for (const Suspect &suspect : some) {
+        names.append(suspect.name);
+        written.append(suspect.written.value_or(KnownTransactions::Contents()));
+    }
+    const auto verified = records.verifyAll(names, written);
+    for (qsizetype i = 0; i < some.size(); ++i) {
+        if (!takeVerified(some[i], verified[static_cast<size_t>(i)])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool SyncSession::takeVerified(const Suspect &suspect, const Expected<void> &record) {
     m_lastVerified = suspect.name;
     if (record) {
         return true;

@@ -113,11 +113,15 @@ private:
     Expected<void> list(BlobStore &store, const EngineFuture &future);
     Expected<void> readDatabaseRecord(BlobStore &store, const EngineFuture &future);
     Expected<void> readTransactions(BlobStore &store, const EngineFuture &future);
-    Expected<void> readTransaction(const TransactionRecords &records, const QString &name);
+    /// Takes the result of reading the record `name`.
+    Expected<void> takeTransaction(const TransactionRecords &records, const QString &name,
+                                   const Expected<TransactionRecords::Record> &record);
     /// Verifies the chosen records and sets aside all that are damaged.
     Expected<void> verifyTransactions(BlobStore &store, const EngineFuture &future);
-    /// Returns false if no further record must be read.
-    bool verify(const TransactionRecords &records, const Suspect &suspect);
+    /// Verifies the next of the chosen records; returns false if no further record must be read.
+    bool verifySome(const TransactionRecords &records, const BlobStore &store);
+    /// Takes the result of verifying a record; returns false if no further record must be read.
+    bool takeVerified(const Suspect &suspect, const Expected<void> &record);
     void setAside(const TransactionRecords &records, const Suspect &damaged);
     /// Reports the missing records that are listed nevertheless. Those that were known are lost.
     Expected<void> reportMissing(const TransactionRecords &records);

@@ -1,6 +1,7 @@
 #include "Engine/Synchronization/TransactionRecords.h"
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Host/SyncStoreLayout.h"
 
@@ -27,16 +28,60 @@ bool TransactionRecords::isOfOneRecord(const Error &error) {
 
 Expected<TransactionRecords::Record> TransactionRecords::read(
     const QString &name, const std::optional<Contents> &written) const {
-    return bytes(name).and_then(
-        [&](const QByteArray &record) { return verified(record, name, written); });
+    return readWithin(Transaction::SizeLimit, name, written);
+}
+
+Expected<TransactionRecords::Record> TransactionRecords::readWithin(
+    qint64 limit, const QString &name, const std::optional<Contents> &written) const {
+    return bytes(name, limit).and_then([&](const QByteArray &record) {
+        return verified(record, name, written);
+    });
 }
 
 Expected<void> TransactionRecords::verify(const QString &name, const Contents &written) const {
-    return bytes(name).and_then([&](const QByteArray &record) -> Expected<void> {
+    return verifyWithin(Transaction::SizeLimit, name, written);
+}
+
+Expected<void> TransactionRecords::verifyWithin(qint64 limit, const QString &name,
+                                                const Contents &written) const {
+    return bytes(name, limit).and_then([&](const QByteArray &record) -> Expected<void> {
         if (TransactionName::hasDigest(name) && TransactionName::matches(name, record)) {
             return {};
         }
         return verified(record, name, written).map([](const Record &) {});
+    });
+}
+
+template <class Result>
+std::vector<Result> TransactionRecords::parallel(
+    qsizetype count, const std::function<Result(qsizetype number, qint64 limit)> &operation) const {
+    std::vector<Result> results(static_cast<size_t>(count));
+    const int atOnce = m_store.operationsAtOnce();
+    const qint64 limit = atOnce == 1 ? Transaction::SizeLimit : UsualLimit;
+    ParallelCalls::run(count, atOnce, [&](qsizetype number) {
+        results[static_cast<size_t>(number)] = operation(number, limit);
+    });
+    for (qsizetype number = 0; number < count; ++number) {
+        Result &result = results[static_cast<size_t>(number)];
+        if (!result && limit == UsualLimit &&
+            isEngineError(result.error(), EngineErrorCode::BlobRefused)) {
+            result = operation(number, Transaction::SizeLimit);
+        }
+    }
+    return results;
+}
+
+std::vector<Expected<TransactionRecords::Record>> TransactionRecords::readAll(
+    const QStringList &names) const {
+    return parallel<Expected<Record>>(names.size(), [&](qsizetype number, qint64 limit) {
+        return readWithin(limit, names.at(number), {});
+    });
+}
+
+std::vector<Expected<void>> TransactionRecords::verifyAll(const QStringList &names,
+                                                          const QList<Contents> &written) const {
+    return parallel<Expected<void>>(names.size(), [&](qsizetype number, qint64 limit) {
+        return verifyWithin(limit, names.at(number), written.at(number));
     });
 }
 
@@ -104,8 +149,8 @@ QString TransactionRecords::place(const QString &name) const {
     return m_store.place(m_folder + u'/' + name);
 }
 
-Expected<QByteArray> TransactionRecords::bytes(const QString &name) const {
-    return m_store.read(m_folder + u'/' + name, Transaction::SizeLimit, m_future);
+Expected<QByteArray> TransactionRecords::bytes(const QString &name, qint64 limit) const {
+    return m_store.read(m_folder + u'/' + name, limit, m_future);
 }
 
 Expected<TransactionRecords::Record> TransactionRecords::verified(

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QtCore/QSet>
+#include <functional>
 #include <optional>
+#include <vector>
 
 #include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Stores/BlobStore.h"
@@ -33,9 +35,17 @@ public:
     /// what was written, UnknownVersion if a newer program wrote it, and otherwise that of
     /// BlobStore::read.
     Expected<Record> read(const QString &name, const std::optional<Contents> &written = {}) const;
+    /// Reads the records `names` like read(), several at a time if the store is faster then, and
+    /// returns the results in the same order. Records of more than UsualLimit bytes are read one
+    /// after the other, so that they do not take memory at the same time.
+    std::vector<Expected<Record>> readAll(const QStringList &names) const;
     /// Reads the record `name`, of which `written` is known, and returns the same errors as read().
     /// Does not decode it if its name contains a digest; `written` is not used then.
     Expected<void> verify(const QString &name, const Contents &written) const;
+    /// Verifies the records `names`, of which `written` is known in the same order, like verify(),
+    /// several at a time as readAll().
+    std::vector<Expected<void>> verifyAll(const QStringList &names,
+                                          const QList<Contents> &written) const;
     /// Moves the record `name`, of which `read` has returned that it is damaged, to a name that no
     /// reader takes for a record. Copies it first and verifies the copy. Returns the location of
     /// the copy as text for the user. Fails without an effect if the store now returns another
@@ -53,7 +63,18 @@ public:
     QString place(const QString &name) const;
 
 private:
-    Expected<QByteArray> bytes(const QString &name) const;
+    static constexpr qint64 UsualLimit = 4 * Transaction::UsualSize;
+
+    Expected<QByteArray> bytes(const QString &name, qint64 limit = Transaction::SizeLimit) const;
+    /// Returns the results of `operation` for the numbers below `count`. Calls it again for those
+    /// that exceed UsualLimit.
+    template <class Result>
+    std::vector<Result> parallel(
+        qsizetype count,
+        const std::function<Result(qsizetype number, qint64 limit)> &operation) const;
+    Expected<Record> readWithin(qint64 limit, const QString &name,
+                                const std::optional<Contents> &written) const;
+    Expected<void> verifyWithin(qint64 limit, const QString &name, const Contents &written) const;
     /// Copies the contents of the damaged record `name`, and reads the copy back. Returns the
     /// name of the copy, which may have existed. A copy that was only written in part is left.
     Expected<QString> copyOf(const QString &name, const QByteArray &damaged) const;

@@ -24,7 +24,8 @@ QByteArray halfOf(const QByteArray &message) {
 
 FaultyProxy::FaultyProxy(quint16 server)
     : m_server(server),
-      m_proxy([this](ScriptedServer::Connection &connection) { serve(connection); }) {}
+      m_proxy([this](ScriptedServer::Connection &connection) { serve(connection); },
+              ScriptedServer::Order::AllAtOnce) {}
 
 void FaultyProxy::setFault(Fault fault, qint64 first, Duration duration) {
     const std::lock_guard lock(m_mutex);

@@ -5,8 +5,8 @@
 
 #include "Support/ScriptedServer.h"
 
-/// Forwards HTTP requests to a server on this computer, one after the other, and makes one of them
-/// fail, or all from one on. Thread-safe, but deliverHeld() blocks.
+/// Forwards HTTP requests to a server on this computer, and makes one of them fail, or all from one
+/// on. Thread-safe, but deliverHeld() blocks.
 class FaultyProxy {
 public:
     enum class Fault {

@@ -3,7 +3,8 @@
 #include <sys/socket.h>
 
 #include <QtNetwork/QTcpServer>
-#include <memory>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -18,6 +19,18 @@ qsizetype contentLength(const QByteArray &headers) {
     }
     return 0;
 }
+
+/// Hands over connections as descriptors, so that they can be served on any thread.
+class DescriptorServer : public QTcpServer {
+public:
+    QList<qintptr> takeDescriptors() { return std::exchange(m_descriptors, {}); }
+
+protected:
+    void incomingConnection(qintptr descriptor) override { m_descriptors.append(descriptor); }
+
+private:
+    QList<qintptr> m_descriptors;
+};
 
 }  // namespace
 
@@ -91,7 +104,8 @@ bool ScriptedServer::Connection::isOpen() {
     return !m_isEnding && m_socket.state() == QAbstractSocket::ConnectedState;
 }
 
-ScriptedServer::ScriptedServer(Script script) : m_script(std::move(script)) {
+ScriptedServer::ScriptedServer(Script script, Order order)
+    : m_script(std::move(script)), m_order(order) {
     std::promise<quint16> port;
     std::future<quint16> listeningPort = port.get_future();
     m_thread = std::thread(&ScriptedServer::serve, this, std::move(port));
@@ -109,17 +123,31 @@ QString ScriptedServer::URLText(const QString &path) const {
 }
 
 void ScriptedServer::serve(std::promise<quint16> port) {
-    QTcpServer server;
+    DescriptorServer server;
     server.listen(QHostAddress::LocalHost);
     port.set_value(server.serverPort());
+    std::vector<std::thread> threads;
     while (!m_isEnding) {
-        if (!server.waitForNewConnection(LookInterval)) {
-            continue;
+        server.waitForNewConnection(LookInterval);
+        const QList<qintptr> descriptors = server.takeDescriptors();
+        for (const qintptr descriptor : descriptors) {
+            ++m_connections;
+            if (m_order == Order::AllAtOnce) {
+                threads.emplace_back(&ScriptedServer::serveConnection, this, descriptor);
+            } else {
+                serveConnection(descriptor);
+            }
         }
-        ++m_connections;
-        const std::unique_ptr<QTcpSocket> socket(server.nextPendingConnection());
-        Connection connection(*socket, m_isEnding);
-        m_script(connection);
-        socket->disconnectFromHost();
     }
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
+}
+
+void ScriptedServer::serveConnection(qintptr descriptor) {
+    QTcpSocket socket;
+    socket.setSocketDescriptor(descriptor);
+    Connection connection(socket, m_isEnding);
+    m_script(connection);
+    socket.disconnectFromHost();
 }

@@ -6,8 +6,8 @@
 #include <future>
 #include <thread>
 
-/// A server on a port of this computer that handles connections with a function of the test, one
-/// after the other, on its own thread.
+/// A server on a port of this computer that handles connections with a function of the test, on its
+/// own threads.
 class ScriptedServer {
 public:
     /// One connection, passed to the handling function.
@@ -41,7 +41,13 @@ public:
     };
     using Script = std::function<void(Connection &connection)>;
 
-    explicit ScriptedServer(Script script);
+    enum class Order {
+        OneAfterTheOther,
+        /// Each connection has a thread of its own; the function must be thread-safe.
+        AllAtOnce
+    };
+
+    explicit ScriptedServer(Script script, Order order = Order::OneAfterTheOther);
     ~ScriptedServer();
     ScriptedServer(const ScriptedServer &) = delete;
     ScriptedServer &operator=(const ScriptedServer &) = delete;
@@ -54,8 +60,11 @@ public:
 
 private:
     void serve(std::promise<quint16> port);
+    /// Serves the connection of the socket `descriptor`.
+    void serveConnection(qintptr descriptor);
 
     const Script m_script;
+    const Order m_order;
     std::atomic<bool> m_isEnding = false;
     std::atomic<int> m_connections = 0;
     quint16 m_port = 0;

@@ -34,6 +34,7 @@ public:
     Expected<void> open(const EngineFuture &future) override;
     /// Returns the URL of the location with the path in the account, which contains no secret.
     QString place(const QString &name) const override;
+    int operationsAtOnce() const override { return 8; }
 
 protected:
     Expected<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;

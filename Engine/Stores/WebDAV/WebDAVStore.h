@@ -33,6 +33,7 @@ public:
     Expected<void> open(const EngineFuture &future) override;
     /// Returns the URL, decoded, without user and password.
     QString place(const QString &name) const override;
+    int operationsAtOnce() const override { return 8; }
 
 protected:
     Expected<QStringList> listFolder(const QString &folder, const EngineFuture &future) override;

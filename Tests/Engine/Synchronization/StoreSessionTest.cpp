@@ -1,3 +1,6 @@
+#include <condition_variable>
+#include <mutex>
+
 #include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Notes/Transaction.h"
 #include "Engine/Notes/TransactionName.h"
@@ -5,6 +8,40 @@
 #include "Engine/Synchronization/SyncSession.h"
 #include "Support/Failure.h"
 #include "Support/SessionTestCase.h"
+
+namespace {
+
+/// A store whose reads wait for each other, as if it was far away.
+class DistantStore : public MemoryStore {
+public:
+    using MemoryStore::MemoryStore;
+
+    int operationsAtOnce() const override { return 4; }
+    /// Returns the greatest number of reads at the same time.
+    int mostReads() const { return m_mostReads; }
+
+protected:
+    Expected<QByteArray> readBlob(const QString &name, qint64 limit,
+                                  const EngineFuture &future) override {
+        std::unique_lock lock(m_mutex);
+        m_mostReads = qMax(m_mostReads, ++m_reads);
+        m_changed.notify_all();
+        if (name.startsWith(QStringLiteral("transactions/"))) {
+            m_changed.wait_for(lock, std::chrono::seconds(5),
+                               [&] { return m_mostReads == operationsAtOnce(); });
+        }
+        --m_reads;
+        return MemoryStore::readBlob(name, limit, future);
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    int m_reads = 0;
+    int m_mostReads = 0;
+};
+
+}  // namespace
 
 /// What a session writes to a store and removes from it while profile or store are not what they
 /// should be.
@@ -88,6 +125,39 @@ private:
 private Q_SLOTS:
     void init() { beginWithNotes({QStringLiteral("a"), QStringLiteral("b")}); }
     void cleanup() { m_host.reset(); }
+
+    void recordsOfADistantStoreAreReadSeveralAtATime() {
+        for (int i = 0; i < 10; ++i) {
+            saveNote(QString::number(i));
+            QVERIFY(run<SyncSession>());
+        }
+        const QSet<QString> expected = titles();
+        m_host->goToComputer(QStringLiteral("Other"));
+        {
+            SyncSession session = newSession<SyncSession>();
+            DistantStore store(m_blobs);
+            QVERIFY(runSession(session, store));
+            QCOMPARE(store.mostReads(), store.operationsAtOnce());
+            QCOMPARE(titles(), expected);
+        }
+        // Nothing is new, so records are verified.
+        SyncSession session = newSession<SyncSession>();
+        DistantStore store(m_blobs);
+        QVERIFY(runSession(session, store));
+        QCOMPARE(store.mostReads(), store.operationsAtOnce());
+        QVERIFY(session.problems().isEmpty());
+    }
+
+    void aLargeRecordOfADistantStoreIsReadToo() {
+        Note note{{}, QStringLiteral("large"), QString(5 << 20, u'x'), {}};
+        QVERIFY(m_host->inbox()->saveNote(note));
+        QVERIFY(run<SyncSession>());
+        m_host->goToComputer(QStringLiteral("Other"));
+        SyncSession session = newSession<SyncSession>();
+        DistantStore store(m_blobs);
+        QVERIFY(runSession(session, store));
+        QVERIFY(titles().contains(QStringLiteral("large")));
+    }
 
     void cleaningUpKeepsWhatTheProfileHasLost() {
         QVERIFY(profile().run(QStringLiteral("DELETE FROM operations WHERE title = 'a'")));
