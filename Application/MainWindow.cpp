@@ -30,7 +30,7 @@ namespace {
 const QString ApplicationName = QStringLiteral("Velmora");
 
 QString shownName(const NoteDatabase &database) {
-    const QString name =
+    QString name =
         database.isOpen() ? database.name() : MainWindow::tr("%1 (closed)").arg(database.name());
     // NotesView presents that notes cannot be read.
     const qint64 conflicts = database.countOfConflicts().value_or(0);

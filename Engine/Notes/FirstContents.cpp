@@ -82,7 +82,7 @@ Expected<QString> writeDatabase(const ProfileDatabase &profile, const FirstDatab
         contents += u'\n' + title + u'\n' + text;
         transaction.operations.append(example(exampleUUID(contents), title, text));
     }
-    const QString UUID = exampleUUID(QStringLiteral("database\n") + contents);
+    QString UUID = exampleUUID(QStringLiteral("database\n") + contents);
     return NoteLog::insertDatabase(profile, UUID, name)
         // Merged, not saved: an edit must supersede them, since other profiles have them, too.
         .and_then([&](qint64 row) { return NoteLog(profile, row).merge(transaction); })
