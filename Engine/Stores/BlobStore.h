@@ -32,14 +32,12 @@ public:
     /// memory of this computer.
     static constexpr qsizetype MostNames = 200'000;
 
-<<<<<<< HEAD
     /// Maximum number of databases whose size is determined.
     static constexpr qsizetype MostMeasured = 100;
-=======
+
     /// Returns how many operations to perform at a time. More than 1 is faster if most of the time
     /// of an operation is spent waiting for a server.
     virtual int operationsAtOnce() const { return 1; }
->>>>>>> 170ef24 (Read and remove the records of a server eight at a time)
 
     /// Result of a write.
     enum class Written {
