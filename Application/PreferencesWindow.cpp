@@ -6,6 +6,7 @@
 
 #include "Application/LocationRemovals.h"
 #include "Application/PresentIfFailed.h"
+#include "Application/WindowSize.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Platform/Interface/TextLabel.h"
 
@@ -16,7 +17,8 @@ PreferencesWindow::PreferencesWindow(std::unique_ptr<PreferencePane> pane, QWidg
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    resize(760, 600);
+    // Larger fonts need more room.
+    resize(QSize(760, 600).expandedTo(WindowSize::of(*this, 100, 36)));
     showPane(std::move(pane));
 }
 
@@ -35,6 +37,7 @@ void PreferencesWindow::showRemovals(
     m_removals = removals;
     m_makePane = std::move(makePane);
     m_removalBar = new QWidget;
+    m_removalBar->hide();
     m_removalBar->setObjectName(QStringLiteral("removalBar"));
     m_removalLabel = new TextLabel;
     m_removalLabel->setWordWrap(true);
@@ -53,7 +56,16 @@ void PreferencesWindow::showRemovals(
 void PreferencesWindow::updateRemovals() {
     m_removalLabel->setText(tr("“%1” was removed. Its ticks and schedules can be restored with it.")
                                 .arg(m_removals->title()));
-    m_removalBar->setVisible(!m_removals->isEmpty());
+    const bool isVisible = !m_removalBar->isHidden();
+    if (isVisible == !m_removals->isEmpty()) {
+        return;
+    }
+    const int height = m_removalBar->sizeHint().height();
+    m_removalBar->setVisible(!isVisible);
+    if (!isMaximized()) {
+        // The pane keeps its size.
+        resize(size() + QSize(0, isVisible ? -height : height));
+    }
 }
 
 void PreferencesWindow::undoRemoval() {

@@ -15,6 +15,7 @@
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Platform/Interface/SheetWindow.h"
+#include "Support/Patience.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -78,7 +79,7 @@ class SynchronizationStatusTest : public QObject {
     void synchronize() const {
         syncNow();
         QVERIFY(!isIdle());
-        QTRY_VERIFY(isIdle());
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(), Patience);
     }
     template <class Widget>
     Widget *find(const char *name) const {
@@ -234,8 +235,8 @@ private Q_SLOTS:
             for (const char *name : {"rowDate", "rowType"}) {
                 if (const auto *label = part<QLabel>(row, name)) {
                     QVERIFY(label->wordWrap());
-                    QVERIFY(label->height() >= label->heightForWidth(label->width()));
-                    QVERIFY(row->rect().contains(label->geometry()));
+                    QTRY_VERIFY(label->height() >= label->heightForWidth(label->width()));
+                    QTRY_VERIFY(row->rect().contains(label->geometry()));
                 }
             }
         }
