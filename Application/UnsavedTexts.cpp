@@ -7,6 +7,7 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QStandardPaths>
 #include <algorithm>
+#include <filesystem>
 
 #include "Application/Interface/NoteLibrary.h"
 #include "Platform/Foundation/DurableFile.h"
@@ -44,6 +45,29 @@ Error journalError(const QString &description, const QString &reason) {
 bool isUsable(const QString &folder, const QString &profileFolder) {
     return folder == profileFolder ? QFile::exists(folder + QStringLiteral("/profile.sqlite"))
                                    : QDir().mkpath(folder);
+}
+
+/// Returns the names of the files in `folder`; none if it does not exist. QDir would return none
+/// either if the folder cannot be read.
+Expected<QStringList> namesIn(const QString &folder) {
+    namespace files = std::filesystem;
+    QStringList names;
+    std::error_code error;
+    for (files::directory_iterator entry(QFile::encodeName(folder).constData(), error), end;
+         !error && entry != end; entry.increment(error)) {
+        std::error_code ofType;
+        if (entry->is_regular_file(ofType)) {
+            names.append(QFile::decodeName(entry->path().filename().c_str()));
+        }
+    }
+    if (error && error != std::errc::no_such_file_or_directory) {
+        return failure(journalError(
+            textOf("The folder “%1”, which may contain texts that were not saved, cannot be read.")
+                .arg(folder),
+            QString::fromStdString(error.message()) + u'\n' +
+                textOf("Check its permissions and its disk, and start Velmora again.")));
+    }
+    return names;
 }
 
 QString shortDigest(const QString &text) {
@@ -113,32 +137,38 @@ Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note)
 }
 
 void UnsavedTexts::remove(const QString &noteUUID) const {
-    const QStringList paths = files(shortDigest(noteUUID));
+    const QStringList paths = files(shortDigest(noteUUID)).value_or(QStringList());
     for (const QString &path : paths) {
         QFile::remove(path);
     }
 }
 
-QStringList UnsavedTexts::files(const QString &note) const {
+Expected<QStringList> UnsavedTexts::files(const QString &note) const {
     QStringList paths;
     for (const QString &folder : m_folders) {
-        const QDir directory(folder);
+        const Expected<QStringList> names = namesIn(folder);
+        if (!names) {
+            return failure(names.error());
+        }
         // The folder may have been moved since, or is reached by another path.
         const QString prefix =
             folder == m_folders.first() ? AnyPrefix + QStringLiteral("*-") : m_prefix;
-        const QStringList names =
-            directory.entryList({prefix + note + QStringLiteral(".json")}, QDir::Files);
-        for (const QString &name : names) {
-            paths.append(directory.filePath(name));
+        for (const QString &name : *names) {
+            if (QDir::match(prefix + note + QStringLiteral(".json"), name)) {
+                paths.append(folder + u'/' + name);
+            }
         }
     }
     return paths;
 }
 
 Expected<QStringList> UnsavedTexts::restore(const NoteLibrary &library) const {
+    const Expected<QStringList> paths = files(QStringLiteral("*"));
+    if (!paths) {
+        return failure(paths.error());
+    }
     QStringList titles;
-    const QStringList paths = files(QStringLiteral("*"));
-    for (const QString &path : paths) {
+    for (const QString &path : *paths) {
         const Expected<QString> title = restoreFile(path, library);
         if (!title) {
             return failure(

@@ -28,7 +28,8 @@ public:
     void remove(const QString &noteUUID) const;
     /// Saves all texts in `library` and removes them from the journal. The text of an unknown
     /// database is saved in the inbox. Returns the titles of the notes. Stops at the first text
-    /// that cannot be saved, which stays in the journal, and returns an error that names its file.
+    /// that cannot be saved, which stays in the journal, and returns an error that names its file;
+    /// fails likewise if a folder cannot be read.
     /// A text that the database contains already is removed without saving it again. If the note
     /// was changed meanwhile, both edits are kept, see NoteDatabase::saveNote(). Must be called
     /// once, before new texts are kept.
@@ -36,8 +37,8 @@ public:
 
 private:
     /// Returns the paths of the profile's texts in all folders, of the notes whose digest matches
-    /// the pattern `note`.
-    QStringList files(const QString &note) const;
+    /// the pattern `note`. Fails if a folder exists but cannot be read.
+    Expected<QStringList> files(const QString &note) const;
 
     /// The folders in order of preference.
     QStringList m_folders;

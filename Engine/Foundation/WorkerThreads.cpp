@@ -3,6 +3,7 @@
 #include <condition_variable>
 #include <list>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -51,12 +52,17 @@ void WorkerThreads::start(std::function<void()> work) {
     std::unique_lock lock(m_state->mutex);
     m_state->joinFinished(lock);
     const auto thread = m_state->running.emplace(m_state->running.end());
-    *thread = std::thread([state = m_state, thread, work = std::move(work)]() mutable {
-        work();
-        // What the work owns is released before the work counts as ended.
-        work = nullptr;
-        state->finish(thread);
-    });
+    try {
+        *thread = std::thread([state = m_state, thread, work = std::move(work)]() mutable {
+            work();
+            // What the work owns is released before the work counts as ended.
+            work = nullptr;
+            state->finish(thread);
+        });
+    } catch (const std::system_error &) {
+        m_state->running.erase(thread);
+        throw;
+    }
 }
 
 void WorkerThreads::waitForDone() {

@@ -1,7 +1,8 @@
 #include "Engine/Plugin/ServedStoreSynchronizer.h"
 
-#include <QtCore/QDirIterator>
+#include <QtCore/QFile>
 #include <QtCore/QTimer>
+#include <filesystem>
 #include <utility>
 
 #include "Engine/Locations/EngineSyncLocation.h"
@@ -64,11 +65,9 @@ QStringList ServedStoreSynchronizer::databaseUUIDs() {
     }
     const QSet<QString> present(UUIDs.begin(), UUIDs.end());
     qsizetype refused = 0;
-    QDirIterator records(m_location->URL().path() + u'/' + SyncStoreLayout::DatabasesFolder,
-                         QDir::Files);
-    for (int count = 0; count < MostRecords && records.hasNext(); ++count) {
-        records.next();
-        const std::optional<QString> UUID = DatabaseRecord::databaseUUID(records.fileName());
+    const QStringList names = recordNames();
+    for (const QString &name : names) {
+        const std::optional<QString> UUID = DatabaseRecord::databaseUUID(name);
         if (!UUID || present.contains(*UUID)) {
             continue;
         }
@@ -80,6 +79,27 @@ QStringList ServedStoreSynchronizer::databaseUUIDs() {
     }
     reportRefused(refused);
     return UUIDs;
+}
+
+QStringList ServedStoreSynchronizer::recordNames() const {
+    const QString folder = m_location->URL().path() + u'/' + SyncStoreLayout::DatabasesFolder;
+    QStringList names;
+    std::error_code error;
+    // QDirIterator would report no record if the folder cannot be read.
+    for (std::filesystem::directory_iterator entry(QFile::encodeName(folder).constData(), error),
+         end;
+         !error && entry != end && names.size() < MostRecords; entry.increment(error)) {
+        names.append(QFile::decodeName(entry->path().filename().c_str()));
+    }
+    if (error) {
+        NSApp()->logItemCmd(
+            QStringLiteral("Sync:"),
+            localizedSyncString("The folder “%1” cannot be read: %2. Databases that were added on "
+                                "other computers are not synchronized. Check its permissions and "
+                                "its disk.")
+                .arg(folder, QString::fromStdString(error.message())));
+    }
+    return names;
 }
 
 void ServedStoreSynchronizer::reportRefused(qsizetype count) {

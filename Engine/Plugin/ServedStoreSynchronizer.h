@@ -47,6 +47,9 @@ public:
 private:
     /// Returns the databases of the profile, and those of the store that may be created.
     QStringList databaseUUIDs();
+    /// Returns the names of at most 10,000 records of databases in the served store. If its folder
+    /// cannot be read, this is reported in the log, and those of the profile are synchronized.
+    QStringList recordNames() const;
     /// Reports the number of databases that may not be created if it is not the one reported last.
     void reportRefused(qsizetype count);
     /// Calls `handler` after the next synchronization that begins from now on.

@@ -106,6 +106,13 @@ Expected<void> SyncEngine::openSnapshot(const QString &directory, FirstContents 
         return openDatabase(profile, directory, contents);
     };
     m_snapshotFolder = std::make_unique<QTemporaryDir>();
+    if (!m_snapshotFolder->isValid()) {
+        return failure(engineError(
+            EngineErrorCode::ProfileUnusable,
+            localizedSyncString("A temporary folder cannot be created: %1. Check the permissions "
+                                "of “%2” and the space on its disk.")
+                .arg(m_snapshotFolder->errorString(), QDir::tempPath())));
+    }
     return ProfileSnapshot::write(directory, m_snapshotFolder->path(), create).and_then([&] {
         return openDatabase(m_profile, m_snapshotFolder->path(), contents);
     });

@@ -14,8 +14,8 @@ struct RecoveryOption {
     std::function<void()> choose;
 };
 
-/// An error that can be shown to the user. A value. Functions that return std::optional<Error>
-/// return std::nullopt on success; new ones return Expected.
+/// An error that can be shown to the user. A value. Functions that can fail return Expected; the
+/// errors that a host passes to a handler are std::nullopt on success.
 struct Error {
     /// The name space of `code`, such as "CommonCryptoErrorDomain".
     QString domain = {};

@@ -68,8 +68,8 @@ Expected<void> setValue(const QString &key, const QVariant &value) {
              .localizedDescription =
                  localizedString(PlatformTable,
                                  "The setting could not be saved in the file “%1”. It is lost when "
-                                 "Velmora ends.")
-                     .arg(settings.fileName()),
+                                 "%2 ends.")
+                     .arg(settings.fileName(), QCoreApplication::applicationName()),
              .localizedFailureReason = localizedString(
                  PlatformTable, "Check the permissions of the file and the space on the disk.")});
     });

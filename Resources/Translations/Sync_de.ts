@@ -640,6 +640,14 @@
         <translation>Der Datensatz „%1“ war beschädigt und wurde nach „%2“ verschoben. Synchronisieren Sie auf dem Computer, der ihn geschrieben hat, um seinen Inhalt wiederherzustellen.</translation>
     </message>
     <message>
+        <source>A temporary folder cannot be created: %1. Check the permissions of “%2” and the space on its disk.</source>
+        <translation>Ein temporärer Ordner kann nicht angelegt werden: %1. Überprüfen Sie die Berechtigungen von „%2“ und den Platz auf seinem Datenträger.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be read: %2. Databases that were added on other computers are not synchronized. Check its permissions and its disk.</source>
+        <translation>Der Ordner „%1“ kann nicht gelesen werden: %2. Datenbanken, die auf anderen Computern hinzugefügt wurden, werden nicht synchronisiert. Überprüfen Sie seine Berechtigungen und seinen Datenträger.</translation>
+    </message>
+    <message>
         <source>The damaged record “%1” cannot be copied, because the location does not store what is written. Check the disk or the server.</source>
         <translation>Der beschädigte Datensatz „%1“ kann nicht kopiert werden, weil der Ort nicht speichert, was geschrieben wird. Überprüfen Sie die Festplatte oder den Server.</translation>
     </message>
@@ -1535,8 +1543,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Prüfen Sie die Zugriffsrechte der Datei und den Platz auf dem Datenträger.</translation>
     </message>
     <message>
-        <source>The setting could not be saved in the file “%1”. It is lost when Velmora ends.</source>
-        <translation>Die Einstellung konnte nicht in der Datei „%1“ gesichert werden. Sie geht verloren, wenn Velmora endet.</translation>
+        <source>The setting could not be saved in the file “%1”. It is lost when %2 ends.</source>
+        <translation>Die Einstellung konnte nicht in der Datei „%1“ gesichert werden. Sie geht verloren, wenn %2 endet.</translation>
     </message>
     <message>
         <source>No password service is running on this computer.</source>

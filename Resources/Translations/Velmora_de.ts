@@ -483,6 +483,14 @@
 <context>
     <name>UnsavedTexts</name>
     <message>
+        <source>The folder “%1”, which may contain texts that were not saved, cannot be read.</source>
+        <translation>Der Ordner „%1“, der nicht gesicherte Texte enthalten kann, kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Check its permissions and its disk, and start Velmora again.</source>
+        <translation>Überprüfen Sie seine Berechtigungen und seinen Datenträger, und starten Sie Velmora neu.</translation>
+    </message>
+    <message>
         <source>The file is damaged.</source>
         <translation>Die Datei ist beschädigt.</translation>
     </message>

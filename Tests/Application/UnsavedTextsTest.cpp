@@ -111,6 +111,15 @@ private Q_SLOTS:
         QVERIFY(journalIn(cache()).isEmpty());
     }
 
+    void aFolderThatCannotBeReadIsReported() {
+        const UnsavedTexts texts(m_host->directory());
+        Expected<QStringList> restored;
+        runWithFailingSystemCall(SYS_getdents64, EIO,
+                                 [&] { restored = texts.restore(m_host->library()); });
+        QVERIFY(!restored);
+        QVERIFY(restored.error().localizedDescription.contains(m_host->directory()));
+    }
+
     void anotherProfilesTextsAreLeftAlone() {
         fillVolume();
         const UnsavedTexts texts(m_host->directory());
