@@ -17,7 +17,7 @@ constexpr std::chrono::minutes LongestWait(5);
 constexpr std::chrono::milliseconds UpdateInterval(100);
 constexpr int FullBar = 100;
 /// In widths of a letter.
-constexpr int Width = 60;
+constexpr int LabelWidth = 60;
 
 }  // namespace
 
@@ -26,7 +26,7 @@ QuitProgressDialog::QuitProgressDialog(QWidget *parent)
     setWindowTitle(tr("Quit Velmora"));
     m_label->setTextFormat(Qt::PlainText);
     m_label->setWordWrap(true);
-    m_label->setMinimumWidth(fontMetrics().averageCharWidth() * Width);
+    m_label->setMinimumWidth(fontMetrics().averageCharWidth() * LabelWidth);
     m_bar->setAccessibleName(tr("Progress of the synchronization"));
     m_bar->setTextVisible(false);
     auto *buttons = new QDialogButtonBox;

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int Percent = 100;
+constexpr int BarMaximum = 100;
 /// In widths of a letter.
 constexpr int BarWidth = 12;
 
@@ -52,9 +52,9 @@ StatusLine::StatusLine(SynchronizationMonitor *monitor, QWidget *parent)
 void StatusLine::showStatus() {
     const QVSyncProgress progress = m_monitor->progress();
     m_bar->setVisible(m_monitor->isRunning());
-    m_bar->setMaximum(progress.total == 0 ? 0 : Percent);
+    m_bar->setMaximum(progress.total == 0 ? 0 : BarMaximum);
     m_bar->setValue(
-        progress.total == 0 ? 0 : static_cast<int>(progress.done * Percent / progress.total));
+        progress.total == 0 ? 0 : static_cast<int>(progress.done * BarMaximum / progress.total));
     m_label->setText(m_monitor->text());
     m_stopButton->setVisible(m_monitor->isStoppable());
     m_detailsButton->setVisible(!m_monitor->isRunning() && m_monitor->summary().failure());

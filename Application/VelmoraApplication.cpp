@@ -78,6 +78,10 @@ void VelmoraApplication::logItemCmd(const QString &title, const QString &info) {
     m_eventLog.append(title, info);
 }
 
+void VelmoraApplication::logJob(const QVJobReport &report) {
+    m_eventLog.append(LogEntry::of(report));
+}
+
 void VelmoraApplication::presentError(const Error &error) {
     if (m_isBatch) {
         TerminalText::printError(error.localizedDescription);

@@ -6,13 +6,17 @@
 #include "Application/EventLog.h"
 #include "Application/Interface/QuestionPresenter.h"
 #include "Host/QVApplication.h"
+#include "Host/QVJobLog.h"
 
 class NoteLibrary;
 
 /// The application object. It presents errors and assertion failures: in a message box or, in batch
 /// mode, on standard error. It also reports, once, that passwords cannot be saved. Must be used on
 /// the main thread; it is NSApp() and the shared QuestionPresenter as long as it exists.
-class VelmoraApplication : public QApplication, public QVApplication, public QuestionPresenter {
+class VelmoraApplication : public QApplication,
+                           public QVApplication,
+                           public QVJobLog,
+                           public QuestionPresenter {
     Q_OBJECT
 public:
     /// `argumentCount` is a reference that must stay valid as long as this object, see
@@ -36,6 +40,7 @@ public:
     std::shared_ptr<QVDatabase> inbox() const override;
     /// Appends to the event log.
     void logItemCmd(const QString &title, const QString &info) override;
+    void logJob(const QVJobReport &report) override;
     /// Shows a message box with the next steps, modal to the active window, and returns at once;
     /// several may be open. The texts are plain text. An error that ErrorBoxes does not show again
     /// is added to the event log; others are not logged. In batch mode, writes only the description

@@ -12,6 +12,7 @@
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/UnsentChanges.h"
 #include "Host/QVApplication.h"
+#include "Host/QVJobLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
 
@@ -239,6 +240,7 @@ void EngineDispatcher::startNext(const QString &store) {
     if (!isBusy && !entries.isEmpty()) {
         m_running.append(entries.takeFirst());
         m_outcome.clear();
+        m_running.last().started = QDateTime::currentDateTime();
         const std::shared_ptr<SyncJob> job = m_running.last().job;
         job->start(m_threads, [this, job = job.get()] { ended(job); });
     }
@@ -266,21 +268,44 @@ void EngineDispatcher::ended(const SyncJob *job) {
 void EngineDispatcher::report(const Entry &entry) {
     const QString name = nameOf(entry.job->subject());
     const QList<Error> problems = entry.job->problems();
+    QVJobReport report{.outcome = QVJobReport::Outcome::Partial,
+                       .database = name,
+                       .location = entry.title,
+                       .ended = QDateTime::currentDateTime()};
     for (const Error &problem : problems.first(std::min(problems.size(), MostReported))) {
-        logSync(localizedSyncString("Some items of “%1” could not be synchronized with “%2”: %3")
-                    .arg(name, entry.title, problem.localizedDescription));
+        report.text =
+            localizedSyncString("Some items of “%1” could not be synchronized with “%2”: %3")
+                .arg(name, entry.title, problem.localizedDescription);
+        QVJobLog::log(report);
     }
     if (problems.size() > MostReported) {
-        logSync(localizedSyncString("%1 more items of “%2” could not be synchronized with “%3”.")
-                    .arg(QString::number(problems.size() - MostReported), name, entry.title));
+        report.text =
+            localizedSyncString("%1 more items of “%2” could not be synchronized with “%3”.")
+                .arg(QString::number(problems.size() - MostReported), name, entry.title);
+        QVJobLog::log(report);
     }
-    if (const Expected<void> &result = entry.job->result(); !result) {
-        logSync(failureOf(entry));
-    } else if (entry.state) {
-        const QString text = successText(entry.job->kind()).arg(name, entry.title);
-        logSync(text);
-        m_outcome = entry.job->kind() == SyncJob::Kind::CleanUp ? text : QString();
+    if (!entry.job->result() || entry.state) {
+        reportEnd(entry, report);
     }
+}
+
+void EngineDispatcher::reportEnd(const Entry &entry, QVJobReport report) {
+    using Outcome = QVJobReport::Outcome;
+    report.started = entry.started;
+    report.received = entry.job->received();
+    report.sent = entry.job->sent();
+    const Expected<void> &result = entry.job->result();
+    if (result) {
+        report.outcome = entry.job->problems().isEmpty() ? Outcome::Succeeded : Outcome::Partial;
+        report.text = successText(entry.job->kind()).arg(report.database, report.location);
+        m_outcome = entry.job->kind() == SyncJob::Kind::CleanUp ? report.text : QString();
+    } else {
+        report.outcome = isEngineError(result.error(), EngineErrorCode::Cancelled)
+                             ? Outcome::Stopped
+                             : Outcome::Failed;
+        report.text = failureOf(entry);
+    }
+    QVJobLog::log(report);
 }
 
 void EngineDispatcher::askAboutRemoval(const Entry &entry, const StoreSession::Removal &removal) {

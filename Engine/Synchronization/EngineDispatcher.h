@@ -4,6 +4,7 @@
 
 #include "Engine/Locations/EngineSyncState.h"
 #include "Engine/Synchronization/SyncJob.h"
+#include "Host/QVJobLog.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncProgress.h"
 #include "Host/QVUnsentChanges.h"
@@ -65,6 +66,8 @@ private:
         /// Null if the store belongs to no location.
         std::shared_ptr<QVSyncState> state;
         QList<std::function<void(const Expected<void> &result)>> handlers;
+        /// Invalid while the job waits.
+        QDateTime started = {};
         /// Whether the running job was cancelled. Its store is in use until it ends.
         bool isCancelled = false;
     };
@@ -96,6 +99,8 @@ private:
     QString nameOf(const StoreSession::Subject &subject) const;
     /// Writes the problems and the result of a job to the application's log.
     void report(const Entry &entry);
+    /// Completes `report`, which names the database and the location, and logs it.
+    void reportEnd(const Entry &entry, QVJobReport report);
     /// Asks the user about the notes that the failed job would have removed, unless a question
     /// about that database is open, and starts a synchronization with the decision.
     void askAboutRemoval(const Entry &entry, const StoreSession::Removal &removal);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Application/LogEntry.h"
+#include "Platform/Foundation/Expected.h"
+#include "Platform/Foundation/FileDescriptor.h"
+
+/// The file that keeps the entries of the log across restarts: one JSON object per line. Only the
+/// user can read it. When it is longer than 2 MB, the older half is removed. Entries may be missing
+/// after a power failure. Must be used on the main thread; calls block for the disk.
+class LogFile {
+public:
+    /// The file is in the folder of a profile.
+    static QString pathInProfile(const QString &profile);
+
+    /// The maximum size in bytes.
+    static constexpr qint64 Limit = 2LL << 20;
+
+    /// Opens or creates the file `path` and returns its entries, oldest first. Lines that are no
+    /// entries are ignored. Fails if the file is not a plain file of the user.
+    Expected<QList<LogEntry>> open(const QString &path);
+    /// Appends an entry. Fails if the file is not open.
+    Expected<void> append(const LogEntry &entry);
+
+private:
+    Expected<QByteArray> openForAppending(const QString &path);
+    /// Removes the older half.
+    Expected<void> shorten();
+    Error error() const;
+
+    QString m_path;
+    FileDescriptor m_file;
+    qint64 m_size = 0;
+    /// Whether the last line may be incomplete.
+    bool m_isTorn = false;
+};

@@ -1,0 +1,13 @@
+#include "Host/QVJobLog.h"
+
+#include "Host/QVApplication.h"
+
+QVJobLog::~QVJobLog() = default;
+
+void QVJobLog::log(const QVJobReport &report) {
+    if (auto *log = dynamic_cast<QVJobLog *>(NSApp())) {
+        log->logJob(report);
+    } else {
+        NSApp()->logItemCmd(QStringLiteral("Sync:"), report.text);
+    }
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QtCore/QDateTime>
+#include <QtCore/QString>
+
+#include "Host/HostExport.h"
+
+/// What has become of a job, a synchronization or a clean-up, or of a part of it. A value.
+struct QVJobReport {
+    enum class Outcome {
+        Succeeded,
+        /// Some items could not be synchronized.
+        Partial,
+        Failed,
+        /// The job was cancelled.
+        Stopped,
+    };
+
+    Outcome outcome = Outcome::Succeeded;
+    /// The name of the database and the title of the location.
+    QString database;
+    QString location;
+    /// When the job was started; invalid if the report is about a part of it.
+    QDateTime started = {};
+    QDateTime ended = {};
+    /// The numbers of changes that were read from the location and written to it.
+    qint64 received = 0;
+    qint64 sent = 0;
+    /// What happened, as complete sentences for the user.
+    QString text = {};
+};
+
+/// A log of jobs.
+///
+/// This is an optional addition to QVApplication: the application object of an application that has
+/// it is also a QVJobLog, which receives the reports of the jobs instead of
+/// QVApplication::logItemCmd. Must be used on the main thread.
+class HOST_EXPORT QVJobLog {
+public:
+    virtual ~QVJobLog();
+
+    /// Appends `report` to the log that the user can open.
+    virtual void logJob(const QVJobReport &report) = 0;
+
+    /// Passes `report` to the application object, or its text if that keeps no log of jobs.
+    static void log(const QVJobReport &report);
+};
