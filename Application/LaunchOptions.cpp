@@ -17,6 +17,18 @@ bool hasDisplay() {
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
+/// Returns the command that the arguments state; empty if they state none.
+std::optional<ShellCommand> commandIn(QStringList arguments, bool json) {
+    using Name = ShellCommand::Name;
+    const auto name =
+        arguments.isEmpty() ? std::nullopt : ShellCommand::named(arguments.takeFirst());
+    if (!name || (json && *name != Name::Status) ||
+        (*name != Name::Synchronize && arguments.size() != (*name == Name::Check ? 1 : 0))) {
+        return {};
+    }
+    return ShellCommand{.name = *name, .arguments = arguments, .json = json};
+}
+
 }  // namespace
 
 LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
@@ -44,12 +56,28 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
         tr("With “verify”: synchronize with every location and repair what is damaged there. "
            "Velmora must not be running with the same profile."));
     const QCommandLineOption json(QStringLiteral("json"),
-                                  tr("With “verify”: print the result as JSON."));
+                                  tr("With “verify” and “status”: print the result as JSON."));
     parser.addPositionalArgument(
         VerifyCommand,
         tr("Check the profile and every sync location and print what was found, then exit with 0 "
            "if all is well, 1 if there are problems, or 2 if something could not be checked."),
         u'[' + VerifyCommand + u']');
+    parser.addPositionalArgument(
+        QStringLiteral("sync"),
+        tr("Synchronize these databases, or all, with their locations. Like the next two, this "
+           "asks "
+           "Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if "
+           "the command could not be carried out."),
+        QStringLiteral("| sync [DATABASE…]"));
+    parser.addPositionalArgument(
+        QStringLiteral("status"),
+        tr("Print whether everything is synchronized. Exits with 1 if something is not."),
+        QStringLiteral("| status"));
+    parser.addPositionalArgument(
+        QStringLiteral("check"),
+        tr("Check whether the location with this title or address can be read. Exits with 1 if it "
+           "cannot."),
+        QStringLiteral("| check LOCATION"));
     parser.addOptions({profile, screenshot, describe, appearance, sandboxed, repair, json});
     parser.process(arguments);
 
@@ -62,6 +90,7 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
     options.verify = parser.positionalArguments() == QStringList{VerifyCommand};
     options.repair = parser.isSet(repair);
     options.json = parser.isSet(json);
+    options.command = commandIn(parser.positionalArguments(), options.json);
     options.appearance = parser.value(appearance);
     options.hasNoDisplay = !hasDisplay();
     const QStringList switches{QStringLiteral("off"), QStringLiteral("on")};
@@ -74,9 +103,11 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
         QStringList({{}, QStringLiteral("light"), QStringLiteral("dark")})
             .contains(options.appearance);
     const bool isSandboxKnown = !parser.isSet(sandboxed) || options.sandboxed.has_value();
+    const bool isTask = options.verify || options.command;
     const bool isCommandKnown =
-        options.verify ? !options.describe && options.screenshot.isEmpty() && !options.sandboxed
-                       : parser.positionalArguments().isEmpty() && !options.repair && !options.json;
+        isTask ? !options.describe && options.screenshot.isEmpty() && !options.sandboxed &&
+                     (options.verify || !options.repair)
+               : parser.positionalArguments().isEmpty() && !options.repair && !options.json;
     if (!isAppearanceKnown || !isSandboxKnown || options.profile.isEmpty() || !isCommandKnown) {
         parser.showHelp(EXIT_FAILURE);
     }

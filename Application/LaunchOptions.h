@@ -4,6 +4,8 @@
 #include <QtCore/QStringList>
 #include <optional>
 
+#include "Application/ShellCommand.h"
+
 /// The command line and environment, parsed. A value; parsing opens nothing and does not check
 /// whether paths exist.
 struct LaunchOptions {
@@ -20,6 +22,8 @@ struct LaunchOptions {
     bool repair = false;
     /// Whether to print the result of the verification as JSON.
     bool json = false;
+    /// What to do with the profile; never set together with the other tasks.
+    std::optional<ShellCommand> command;
     /// "light", "dark", or empty for the desktop's colors.
     QString appearance;
     /// Whether the profile is sandboxed from now on; empty leaves the setting unchanged. Never set
@@ -29,7 +33,9 @@ struct LaunchOptions {
     bool hasNoDisplay = false;
 
     /// Returns whether the program works without opening a window.
-    bool isBatch() const { return verify || describe || hasNoDisplay || !screenshot.isEmpty(); }
+    bool isBatch() const {
+        return command || verify || describe || hasNoDisplay || !screenshot.isEmpty();
+    }
 
     /// Parses the command line and the environment. `arguments` includes the program's name. Exits
     /// the process for --help, and, with a usage message and EXIT_FAILURE, if an option or argument

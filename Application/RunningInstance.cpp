@@ -2,13 +2,19 @@
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QFileInfo>
+#include <QtCore/QPointer>
 #include <QtCore/QStandardPaths>
+#include <QtCore/QTimer>
 #include <QtNetwork/QLocalSocket>
+#include <chrono>
 
 namespace {
 
 constexpr int Timeout = 1000;
 constexpr char Confirmation = '!';
+constexpr char RaiseRequest[] = "raise\n";
+constexpr qint64 LongestRequest = 65536;
+constexpr std::chrono::seconds RequestTimeout(5);
 
 /// The path of the socket; empty if there is no runtime folder.
 QString socketPath(const QString &profile) {
@@ -24,7 +30,7 @@ QString socketPath(const QString &profile) {
 
 RunningInstance::RunningInstance(const QString &profile, QObject *parent)
     : QObject(parent), m_path(socketPath(profile)) {
-    connect(&m_server, &QLocalServer::newConnection, this, &RunningInstance::answer);
+    connect(&m_server, &QLocalServer::newConnection, this, &RunningInstance::accept);
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
 }
 
@@ -44,18 +50,74 @@ Expected<void> RunningInstance::listen() {
                  .arg(m_path, m_server.errorString())});
 }
 
-void RunningInstance::answer() {
+void RunningInstance::accept() {
     while (QLocalSocket *socket = m_server.nextPendingConnection()) {
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { read(socket); });
+        QTimer::singleShot(RequestTimeout, socket, [socket] {
+            // Nothing is left to be read of a request that was complete.
+            if (!socket->isTransactionStarted()) {
+                socket->abort();
+            }
+        });
+        read(socket);
+    }
+}
+
+void RunningInstance::read(QLocalSocket *socket) {
+    if (socket->isTransactionStarted()) {
+        return;
+    }
+    if (!socket->canReadLine()) {
+        if (socket->bytesAvailable() > LongestRequest) {
+            socket->abort();
+        }
+        return;
+    }
+    const QByteArray line = socket->readLine(LongestRequest);
+    socket->startTransaction();
+    if (line == RaiseRequest) {
         socket->write(&Confirmation, 1);
         socket->disconnectFromServer();
         Q_EMIT raiseRequested();
+        return;
     }
+    const std::optional<ShellCommand> command = ShellCommand::fromLine(line);
+    if (!command) {
+        socket->abort();
+        return;
+    }
+    Q_EMIT commandRequested(*command, [asking = QPointer(socket)](const ShellResult &result) {
+        if (asking) {
+            asking->write(result.toLine());
+            asking->disconnectFromServer();
+        }
+    });
 }
 
 bool RunningInstance::raise(const QString &profile) {
     QLocalSocket socket;
     socket.connectToServer(socketPath(profile));
-    return socket.waitForConnected(Timeout) && socket.waitForReadyRead(Timeout) &&
-           socket.read(1) == QByteArray(1, Confirmation);
+    if (!socket.waitForConnected(Timeout)) {
+        return false;
+    }
+    socket.write(RaiseRequest);
+    return socket.waitForReadyRead(Timeout) && socket.read(1) == QByteArray(1, Confirmation);
+}
+
+std::optional<ShellResult> RunningInstance::ask(const QString &profile,
+                                                const ShellCommand &command) {
+    QLocalSocket socket;
+    socket.connectToServer(socketPath(profile));
+    if (!socket.waitForConnected(Timeout)) {
+        return {};
+    }
+    socket.write(command.toLine());
+    QByteArray line;
+    while (!line.endsWith('\n') && socket.waitForReadyRead(-1)) {
+        line += socket.readAll();
+    }
+    line += socket.readAll();
+    return ShellResult::fromLine(line).value_or(
+        ShellResult::failed(tr("Velmora has ended before the command was completed. Try again.")));
 }

@@ -2,8 +2,13 @@
 
 #include <QtCore/QObject>
 #include <QtNetwork/QLocalServer>
+#include <functional>
+#include <optional>
 
+#include "Application/ShellCommand.h"
 #include "Platform/Foundation/Expected.h"
+
+class QLocalSocket;
 
 /// The process that shows the windows of a profile, as other processes of the same user find it: a
 /// local socket in the user's runtime folder, accessible only to the user. Must be used on the main
@@ -26,15 +31,26 @@ public:
     /// starting and does not listen yet. Blocks until then, for at most 2 seconds (one each for the
     /// connection and the confirmation).
     static bool raise(const QString &profile);
+    /// Asks the process that shows the windows of the profile in the folder `profile` to carry out
+    /// `command`. Returns the result; empty if there is no such process. If it ends meanwhile, the
+    /// result says so. Blocks until the command has ended.
+    static std::optional<ShellResult> ask(const QString &profile, const ShellCommand &command);
+
+    using Reply = std::function<void(const ShellResult &result)>;
 
 Q_SIGNALS:
     /// Emitted from the event loop when another process has called raise(), once for each call. The
     /// call is confirmed in any case. The desktop may still refuse to raise a window.
     void raiseRequested();
+    /// Emitted from the event loop when another process has called ask(). `reply` is to be called
+    /// once with the result, which is dropped if that process has ended meanwhile.
+    void commandRequested(const ShellCommand &command, const RunningInstance::Reply &reply);
 
 private:
-    /// Confirms the requests that have arrived.
-    void answer();
+    /// Accepts the connections that have arrived.
+    void accept();
+    /// Answers the request once it is complete. Closes the connection if it is none.
+    void read(QLocalSocket *socket);
 
     /// The path of the socket; empty if there is no runtime folder.
     const QString m_path;

@@ -23,6 +23,8 @@
 #include "Application/ProfileDescription.h"
 #include "Application/QuitGuard.h"
 #include "Application/RunningInstance.h"
+#include "Application/ShellCommandLine.h"
+#include "Application/ShellCommandRunner.h"
 #include "Application/TemporaryFiles.h"
 #include "Application/VelmoraApplication.h"
 #include "Application/VerificationOutput.h"
@@ -132,6 +134,7 @@ void logIfFailed(VelmoraApplication &application, const Expected<void> &result) 
 
 int runWindows(VelmoraApplication &application, const LaunchOptions &options,
                NoteLibrary *library) {
+    logIfFailed(application, application.eventLog()->open(LogFile::pathInProfile(options.profile)));
     MainWindow window(library, application.eventLog(), options.profile);
     QuitGuard guard(&window);
     const EndSignals endSignals;
@@ -144,6 +147,10 @@ int runWindows(VelmoraApplication &application, const LaunchOptions &options,
     logIfFailed(application, instance.listen());
     QObject::connect(&instance, &RunningInstance::raiseRequested, &window,
                      &MainWindow::bringToFront);
+    QObject::connect(&instance, &RunningInstance::commandRequested, &window,
+                     [library](const ShellCommand &command, const RunningInstance::Reply &reply) {
+                         ShellCommandRunner::run(command, *library, reply);
+                     });
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, [&] {
         guard.allowEnd();
         window.saveAll();
@@ -249,8 +256,12 @@ int main(int argumentCount, char **arguments) {
     const QTemporaryDir runtimeDirectory;
     if (options.isBatch()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        // The secrets of the locations are reached through the user's own one.
-        if (!options.verify || !qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
+        // The secrets of the locations and the running program are reached through the user's own.
+        const bool needsSession = options.verify || options.command;
+        if (needsSession) {
+            ShellCommandLine::enterSession();
+        }
+        if (!needsSession || !qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
             qputenv("XDG_RUNTIME_DIR", runtimeDirectory.path().toUtf8());
         }
     }
@@ -274,8 +285,13 @@ int main(int argumentCount, char **arguments) {
     if (!sync) {
         return fail(application, sync.error(), options.isBatch());
     }
-    const int exitCode = options.verify ? runVerification(application, options, **sync)
-                                        : run(application, options, **sync);
+    int exitCode = EXIT_FAILURE;
+    if (options.command) {
+        exitCode = ShellCommandLine::run(application, options, **sync);
+    } else {
+        exitCode = options.verify ? runVerification(application, options, **sync)
+                                  : run(application, options, **sync);
+    }
     EndLimit::begin(exitCode);
     // The engine needs the application object, which is destroyed before the plug-in is unloaded.
     (*sync)->closeProfile();

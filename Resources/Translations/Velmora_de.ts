@@ -109,12 +109,52 @@
         <translation>Zeit</translation>
     </message>
     <message>
-        <source>From</source>
-        <translation>Von</translation>
-    </message>
-    <message>
         <source>What happened</source>
         <translation>Was geschehen ist</translation>
+    </message>
+    <message>
+        <source>Succeeded</source>
+        <translation>Erfolgreich</translation>
+    </message>
+    <message>
+        <source>Partly</source>
+        <translation>Teilweise</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 received, %2 sent</source>
+        <translation>%1 empfangen, %2 gesendet</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>Datenbank</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>Änderungen</translation>
     </message>
 </context>
 <context>
@@ -247,12 +287,24 @@
         <translation>Mit „verify“: mit jedem Ort synchronisieren und beheben, was dort beschädigt ist. Velmora darf nicht mit demselben Profil laufen.</translation>
     </message>
     <message>
-        <source>With “verify”: print the result as JSON.</source>
-        <translation>Mit „verify“: das Ergebnis als JSON ausgeben.</translation>
+        <source>With “verify” and “status”: print the result as JSON.</source>
+        <translation>Mit „verify“ und „status“: das Ergebnis als JSON ausgeben.</translation>
     </message>
     <message>
         <source>Check the profile and every sync location and print what was found, then exit with 0 if all is well, 1 if there are problems, or 2 if something could not be checked.</source>
         <translation>Das Profil und jeden Sync-Ort prüfen und ausgeben, was gefunden wurde, dann mit 0 beenden, wenn alles in Ordnung ist, mit 1 bei Problemen oder mit 2, wenn etwas nicht geprüft werden konnte.</translation>
+    </message>
+    <message>
+        <source>Synchronize these databases, or all, with their locations. Like the next two, this asks Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
+        <translation>Diese Datenbanken, oder alle, mit ihren Orten synchronisieren. Wenn Velmora läuft, wird es damit beauftragt; das gilt auch für die beiden nächsten. Der Endestatus ist 0, wenn alles in Ordnung ist, 1 bei Fehlern, oder 2, wenn der Befehl nicht ausgeführt werden konnte.</translation>
+    </message>
+    <message>
+        <source>Print whether everything is synchronized. Exits with 1 if something is not.</source>
+        <translation>Ausgeben, ob alles synchronisiert ist. Der Endestatus ist 1, wenn etwas fehlt.</translation>
+    </message>
+    <message>
+        <source>Check whether the location with this title or address can be read. Exits with 1 if it cannot.</source>
+        <translation>Prüfen, ob der Ort mit diesem Titel oder dieser Adresse gelesen werden kann. Der Endestatus ist 1, wenn nicht.</translation>
     </message>
 </context>
 <context>
@@ -264,6 +316,26 @@
     <message>
         <source>Log entries</source>
         <translation>Protokolleinträge</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>&amp;Database:</source>
+        <translation>&amp;Datenbank:</translation>
+    </message>
+    <message>
+        <source>&amp;Location:</source>
+        <translation>&amp;Ort:</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the selected entries, or all if none is selected.</source>
+        <translation>Die ausgewählten Einträge kopieren, oder alle, wenn keiner ausgewählt ist.</translation>
     </message>
 </context>
 <context>
@@ -562,6 +634,10 @@
         <source>A second start of Velmora will not find these windows: %1 cannot be used (%2).</source>
         <translation>Ein zweiter Start von Velmora findet diese Fenster nicht: %1 kann nicht verwendet werden (%2).</translation>
     </message>
+    <message>
+        <source>Velmora has ended before the command was completed. Try again.</source>
+        <translation>Velmora wurde beendet, bevor der Befehl ausgeführt war. Versuchen Sie es erneut.</translation>
+    </message>
 </context>
 <context>
     <name>main</name>
@@ -714,6 +790,63 @@
     <message>
         <source>Error %1 of %2</source>
         <translation>Fehler %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>LogFile</name>
+    <message>
+        <source>The log cannot be saved in the file “%1” (%2). Check its permissions and the space on its disk.</source>
+        <translation>Das Protokoll kann nicht in der Datei „%1“ gespeichert werden (%2). Prüfen Sie ihre Zugriffsrechte und den Platz auf dem Datenträger.</translation>
+    </message>
+</context>
+<context>
+    <name>ShellCommandLine</name>
+    <message>
+        <source>There is no profile in the folder “%1”. State another one with --profile.</source>
+        <translation>Im Ordner „%1“ ist kein Profil. Geben Sie mit --profile ein anderes an.</translation>
+    </message>
+</context>
+<context>
+    <name>ShellCommandRunner</name>
+    <message>
+        <source>“%1” with “%2”</source>
+        <translation>„%1“ mit „%2“</translation>
+    </message>
+    <message>
+        <source>never synchronized</source>
+        <translation>noch nie synchronisiert</translation>
+    </message>
+    <message>
+        <source>has changes since %1</source>
+        <translation>hat Änderungen seit der Synchronisierung %1</translation>
+    </message>
+    <message>
+        <source>up to date since %1</source>
+        <translation>aktuell, synchronisiert %1</translation>
+    </message>
+    <message>
+        <source>%1: the synchronization was stopped.</source>
+        <translation>%1: Die Synchronisierung wurde angehalten.</translation>
+    </message>
+    <message>
+        <source>%1: synchronized (%2 received, %3 sent)</source>
+        <translation>%1: synchronisiert (%2 empfangen, %3 gesendet)</translation>
+    </message>
+    <message>
+        <source>There is no database “%1”. “velmora --describe” lists all.</source>
+        <translation>Es gibt keine Datenbank „%1“. „velmora --describe“ nennt alle.</translation>
+    </message>
+    <message>
+        <source>Nothing is synchronized. Tick a location in Sync Preferences first.</source>
+        <translation>Nichts wird synchronisiert. Wählen Sie zuerst in den Sync-Einstellungen einen Ort aus.</translation>
+    </message>
+    <message>
+        <source>There is no location “%1”. “velmora --describe” lists all.</source>
+        <translation>Es gibt keinen Ort „%1“. „velmora --describe“ nennt alle.</translation>
+    </message>
+    <message>
+        <source>“%1” can be read. Databases: %2</source>
+        <translation>„%1“ kann gelesen werden. Datenbanken: %2</translation>
     </message>
 </context>
 </TS>

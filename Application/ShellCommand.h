@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <optional>
+
+/// A command that a user or a script gives to a profile. A value.
+struct ShellCommand {
+    enum class Name { Synchronize, Status, Check };
+
+    Name name = Name::Status;
+    /// The databases to synchronize, or the location to check.
+    QStringList arguments = {};
+    /// Whether the output is JSON.
+    bool json = false;
+
+    bool operator==(const ShellCommand &) const = default;
+
+    /// Returns the command that `text` names on the command line; empty if it names none.
+    static std::optional<Name> named(const QString &text);
+    /// Returns the command as one line of JSON, with a line feed.
+    QByteArray toLine() const;
+    /// Returns the command that toLine() has returned; empty if `line` is none.
+    static std::optional<ShellCommand> fromLine(const QByteArray &line);
+};
+
+/// What has become of a command. A value.
+struct ShellResult {
+    enum ExitCode {
+        Success,
+        /// Something is not synchronized, or a location cannot be used.
+        Problems,
+        /// The command could not be carried out.
+        NotDone,
+    };
+
+    int exitCode = NotDone;
+    /// Texts for the standard output and the standard error output, which may contain any
+    /// characters.
+    QString output = {};
+    QString errors = {};
+
+    bool operator==(const ShellResult &) const = default;
+
+    /// Returns a result without output.
+    static ShellResult failed(const QString &errors) { return {NotDone, {}, errors}; }
+    /// As those of ShellCommand.
+    QByteArray toLine() const;
+    static std::optional<ShellResult> fromLine(const QByteArray &line);
+};

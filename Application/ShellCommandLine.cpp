@@ -1,0 +1,104 @@
+#include "Application/ShellCommandLine.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QDir>
+#include <QtCore/QThread>
+#include <chrono>
+#include <cstdio>
+
+#include "Application/Interface/SyncPlugIn.h"
+#include "Application/LaunchOptions.h"
+#include "Application/RunningInstance.h"
+#include "Application/ShellCommandRunner.h"
+#include "Application/VelmoraApplication.h"
+#include "Platform/Foundation/TerminalText.h"
+
+namespace {
+
+/// A process that uses the profile may just be starting or ending.
+constexpr std::chrono::seconds ProfileTimeout(3);
+constexpr std::chrono::milliseconds ProfileInterval(50);
+
+QString commandLineText(const char *text) {
+    return QCoreApplication::translate("ShellCommandLine", text);
+}
+
+void print(const ShellResult &result) {
+    std::fputs(TerminalText::lines(result.output).toUtf8().constData(), stdout);
+    const QStringList errors = result.errors.split(u'\n', Qt::SkipEmptyParts);
+    for (const QString &error : errors) {
+        TerminalText::printError(error);
+    }
+}
+
+ShellResult runHere(VelmoraApplication &application, const LaunchOptions &options,
+                    const NoteLibrary &library) {
+    if (options.command->name == ShellCommand::Name::Synchronize) {
+        if (const auto opened =
+                application.eventLog()->open(LogFile::pathInProfile(options.profile));
+            !opened) {
+            TerminalText::printError(opened.error().localizedDescription);
+        }
+    }
+    ShellResult result;
+    ShellCommandRunner::run(*options.command, library, [&](const ShellResult &reached) {
+        result = reached;
+        QCoreApplication::quit();
+    });
+    QCoreApplication::exec();
+    return result;
+}
+
+ShellResult resultOf(VelmoraApplication &application, const LaunchOptions &options,
+                     SyncPlugIn &sync) {
+    if (QDir(options.profile).isEmpty()) {
+        return ShellResult::failed(
+            commandLineText("There is no profile in the folder “%1”. State another one with "
+                            "--profile.")
+                .arg(options.profile));
+    }
+    const bool isSync = options.command->name == ShellCommand::Name::Synchronize;
+    const QDeadlineTimer deadline(ProfileTimeout);
+    Expected<void> opened;
+    do {
+        if (const auto answered = RunningInstance::ask(options.profile, *options.command)) {
+            return *answered;
+        }
+        opened =
+            sync.openProfile(options.profile, isSync ? ProfileUse::Edit : ProfileUse::Snapshot);
+        if (!opened && sync.isProfileInUse(opened.error())) {
+            QThread::msleep(ProfileInterval.count());
+        }
+    } while (!opened && sync.isProfileInUse(opened.error()) && !deadline.hasExpired());
+    if (!opened) {
+        return ShellResult::failed(opened.error().localizedDescription);
+    }
+    application.setLibrary(sync.library());
+    const ShellResult result = runHere(application, options, *sync.library());
+    application.setLibrary(nullptr);
+    return result;
+}
+
+}  // namespace
+
+int ShellCommandLine::run(VelmoraApplication &application, const LaunchOptions &options,
+                          SyncPlugIn &sync) {
+    const ShellResult result = resultOf(application, options, sync);
+    print(result);
+    return result.exitCode;
+}
+
+void ShellCommandLine::enterSession() {
+    if (qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
+        return;
+    }
+    const QByteArray folder = "/run/user/" + QByteArray::number(getuid());
+    struct stat status {};
+    if (lstat(folder.constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
+        status.st_uid == getuid()) {
+        qputenv("XDG_RUNTIME_DIR", folder);
+    }
+}

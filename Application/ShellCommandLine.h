@@ -1,0 +1,19 @@
+#pragma once
+
+class VelmoraApplication;
+struct LaunchOptions;
+class SyncPlugIn;
+
+/// The commands of the command line. Must be used on the main thread.
+namespace ShellCommandLine {
+
+/// Carries out the command of `options`, which must be set: asks the process that shows the windows
+/// of the profile, or opens the profile if there is none. Prints the result and returns the exit
+/// code. Runs the event loop.
+int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugIn &sync);
+
+/// Lets the process find the user's session, also if it was not started in one, as by cron. Must
+/// be called before other threads are started.
+void enterSession();
+
+}  // namespace ShellCommandLine

@@ -1,0 +1,239 @@
+#include <QtCore/QDirIterator>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QProcess>
+#include <QtNetwork/QLocalSocket>
+
+#include "Engine/Profile/ProfileLock.h"
+#include "Support/Patience.h"
+#include "Support/TestMain.h"
+
+/// Runs "velmora sync", "status" and "check" as a user or a script would.
+class ShellCommandTest : public QObject {
+    Q_OBJECT
+
+    struct Run {
+        int exitCode = -1;
+        QString output;
+        QString errors;
+    };
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+
+    QString profile() const { return m_folder->filePath(QStringLiteral("profile")); }
+    QString newProfile() const { return m_folder->filePath(QStringLiteral("new")); }
+    QString store() const { return profile() + QStringLiteral("/Sync Stores/Home.qvSyncStore"); }
+    QString runtimeFolder() const { return m_folder->filePath(QStringLiteral("run")); }
+
+    QProcessEnvironment environment() const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), m_folder->path());
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeFolder());
+        return environment;
+    }
+    Run run(const QStringList &arguments) const {
+        QProcessEnvironment environment = this->environment();
+        // A command for scripts needs no display.
+        for (const QString &name : {QStringLiteral("DISPLAY"), QStringLiteral("WAYLAND_DISPLAY"),
+                                    QStringLiteral("QT_QPA_PLATFORM")}) {
+            environment.remove(name);
+        }
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(VELMORA),
+                      QStringList{QStringLiteral("--profile"), profile()} + arguments);
+        Run result;
+        if (process.waitForFinished(Patience) && process.exitStatus() == QProcess::NormalExit) {
+            result.exitCode = process.exitCode();
+        }
+        result.output = QString::fromUtf8(process.readAllStandardOutput());
+        result.errors = QString::fromUtf8(process.readAllStandardError());
+        return result;
+    }
+    Run sync(const QStringList &databases = {}) const {
+        return run(QStringList{QStringLiteral("sync")} + databases);
+    }
+    Run status() const { return run({QStringLiteral("status")}); }
+
+    QStringList sockets() const {
+        return QDir(runtimeFolder())
+            .entryList({QStringLiteral("velmora-*")}, QDir::System | QDir::Files);
+    }
+    /// Starts the program with its windows and waits until other processes find it.
+    std::unique_ptr<QProcess> startWindows() const {
+        auto process = std::make_unique<QProcess>();
+        process->setProcessEnvironment(environment());
+        process->start(QStringLiteral(VELMORA), {QStringLiteral("--profile"), profile()});
+        if (!QTest::qWaitFor([&] { return !sockets().isEmpty(); }, Patience)) {
+            qWarning("%s", process->readAllStandardError().constData());
+        }
+        return process;
+    }
+    static void terminate(QProcess &process) {
+        process.terminate();
+        QVERIFY(process.waitForFinished(Patience));
+        QCOMPARE(process.exitCode(), 0);
+    }
+    QStringList transactions() const {
+        QStringList names;
+        QDirIterator files(store() + QStringLiteral("/transactions"), QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            names.append(files.next());
+        }
+        return names;
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(QDir().mkdir(runtimeFolder()));
+        QVERIFY(QFile::setPermissions(runtimeFolder(),
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        QCOMPARE(run({QStringLiteral("--describe")}).exitCode, 0);
+        QVERIFY(QDir().rename(profile(), newProfile()));
+    }
+    void cleanupTestCase() { m_folder.reset(); }
+    void init() const {
+        QVERIFY(QDir(profile()).removeRecursively());
+        QCOMPARE(QProcess::execute(QStringLiteral("cp"),
+                                   {QStringLiteral("-a"), newProfile(), profile()}),
+                 0);
+    }
+
+    void aSynchronizationIsReportedAndLogged() {
+        const Run before = status();
+        QCOMPARE(before.exitCode, 1);
+        QVERIFY2(
+            before.output.contains(QStringLiteral("“Projects” with “Home”: never synchronized\n")),
+            qPrintable(before.output));
+        const Run done = sync();
+        QCOMPARE(done.exitCode, 0);
+        QCOMPARE(done.output,
+                 QStringLiteral("“Projects” with “Home”: synchronized (0 received, 3 sent)\n"));
+        QCOMPARE(done.errors, QString());
+        QCOMPARE(transactions().size(), 1);
+        const Run after = status();
+        QCOMPARE(after.exitCode, 0);
+        QVERIFY2(after.output.endsWith(QStringLiteral("\nAll up to date\n")),
+                 qPrintable(after.output));
+        QFile log(profile() + QStringLiteral("/log.jsonl"));
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        const QJsonObject entry = QJsonDocument::fromJson(log.readLine()).object();
+        QCOMPARE(entry[QStringLiteral("outcome")], QStringLiteral("succeeded"));
+        QCOMPARE(entry[QStringLiteral("sent")], 3);
+    }
+
+    void theStatusIsAlsoGivenAsJson() {
+        QCOMPARE(sync().exitCode, 0);
+        QVERIFY(QDir(store()).removeRecursively());
+        QCOMPARE(sync().exitCode, 1);
+        const Run run = this->run({QStringLiteral("status"), QStringLiteral("--json")});
+        QCOMPARE(run.exitCode, 1);
+        const QJsonObject status = QJsonDocument::fromJson(run.output.toUtf8()).object();
+        QCOMPARE(status[QStringLiteral("upToDate")], false);
+        QCOMPARE(status[QStringLiteral("next")], QJsonValue());
+        const QJsonValue item = status[QStringLiteral("synchronizations")][0];
+        QCOMPARE(item[QStringLiteral("database")], QStringLiteral("Projects"));
+        QCOMPARE(item[QStringLiteral("location")], QStringLiteral("Home"));
+        QVERIFY(item[QStringLiteral("failure")].toString().contains(store()));
+        QVERIFY(QDateTime::fromString(item[QStringLiteral("lastSynced")].toString(), Qt::ISODate)
+                    .isValid());
+    }
+
+    void aFailureIsPrintedAndEndsWithOne() {
+        QVERIFY(QDir(store()).removeRecursively());
+        const Run failed = sync();
+        QCOMPARE(failed.exitCode, 1);
+        QCOMPARE(failed.output, QString());
+        QVERIFY2(failed.errors.startsWith(
+                     QStringLiteral("“Projects” could not be synchronized with “Home”: ")),
+                 qPrintable(failed.errors));
+    }
+
+    void databasesAreChosenByName() {
+        QCOMPARE(sync({QStringLiteral("Projects")}).exitCode, 0);
+        const Run unticked = sync({QStringLiteral("Recipes")});
+        QCOMPARE(unticked.exitCode, 2);
+        QVERIFY(unticked.errors.startsWith(QStringLiteral("Nothing is synchronized.")));
+        const Run unknown = sync({QStringLiteral("Projects"), QStringLiteral("x\x1b[2J")});
+        QCOMPARE(unknown.exitCode, 2);
+        QVERIFY2(unknown.errors.startsWith(QStringLiteral("There is no database “x\\u001B[2J”.")),
+                 qPrintable(unknown.errors));
+    }
+
+    void aLocationIsChecked() {
+        const QStringList command{QStringLiteral("check"), QStringLiteral("Home")};
+        const Run sound = run(command);
+        QCOMPARE(sound.exitCode, 0);
+        QVERIFY2(sound.output.startsWith(QStringLiteral("“Home” can be read")),
+                 qPrintable(sound.output));
+        QVERIFY(QDir(store()).removeRecursively());
+        const Run missing = run(command);
+        QCOMPARE(missing.exitCode, 1);
+        QVERIFY2(missing.errors.contains(store()), qPrintable(missing.errors));
+        const Run unknown = run({QStringLiteral("check"), QStringLiteral("Away")});
+        QCOMPARE(unknown.exitCode, 2);
+        QVERIFY(unknown.errors.contains(QStringLiteral("“Away”")));
+    }
+
+    void aRunningProgramIsAsked() {
+        const auto program = startWindows();
+        const Run done = sync();
+        QCOMPARE(done.exitCode, 0);
+        QVERIFY(done.output.startsWith(QStringLiteral("“Projects” with “Home”: synchronized")));
+        QCOMPARE(transactions().size(), 1);
+        QVERIFY(status().output.endsWith(QStringLiteral("All up to date\n")));
+        QCOMPARE(run({QStringLiteral("check"), QStringLiteral("Home")}).exitCode, 0);
+        QCOMPARE(program->state(), QProcess::Running);
+        terminate(*program);
+    }
+
+    void whatIsNoRequestIsRefused() {
+        const auto program = startWindows();
+        for (const QByteArray &request :
+             {QByteArray("{\"command\":\"erase\"}\n"), QByteArray("\n"), QByteArray(70000, 'x')}) {
+            QLocalSocket socket;
+            socket.connectToServer(runtimeFolder() + u'/' + sockets().first());
+            QVERIFY(socket.waitForConnected());
+            socket.write(request);
+            QVERIFY(socket.state() == QLocalSocket::UnconnectedState ||
+                    socket.waitForDisconnected(Patience));
+            QCOMPARE(socket.readAll(), QByteArray());
+        }
+        QCOMPARE(sync().exitCode, 0);
+        terminate(*program);
+    }
+
+    void aProfileThatAnotherProcessUsesIsNotOpened() {
+        ProfileLock lock;
+        QVERIFY(lock.acquire(profile()));
+        const Run refused = sync();
+        QCOMPARE(refused.exitCode, 2);
+        QVERIFY2(refused.errors.contains(profile()), qPrintable(refused.errors));
+        QCOMPARE(status().exitCode, 1);
+    }
+
+    void withoutAProfileNothingIsMade() {
+        QVERIFY(QDir(profile()).removeRecursively());
+        for (const Run &refused : {sync(), status()}) {
+            QCOMPARE(refused.exitCode, 2);
+            QVERIFY(refused.errors.contains(profile()));
+            QVERIFY(!QFileInfo::exists(profile()));
+        }
+    }
+
+    void wrongArgumentsAreRefused() {
+        for (const QStringList &arguments :
+             {QStringList{QStringLiteral("status"), QStringLiteral("all")},
+              QStringList{QStringLiteral("check")},
+              QStringList{QStringLiteral("sync"), QStringLiteral("--json")},
+              QStringList{QStringLiteral("status"), QStringLiteral("--repair")}}) {
+            QCOMPARE(run(arguments).exitCode, 1);
+        }
+    }
+};
+
+VELMORA_TEST(ShellCommandTest)
+#include "ShellCommandTest.moc"
