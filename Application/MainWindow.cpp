@@ -88,7 +88,7 @@ void MainWindow::makeActions() {
     m_renameAction->setShortcut(Qt::Key_F2);
     m_openAction = databaseMenu->addAction(tr("&Open"), this, &MainWindow::toggleOpen);
     databaseMenu->addSeparator();
-    databaseMenu->addAction(tr("&Quit"), this, &QWidget::close)->setShortcut(QKeySequence::Quit);
+    databaseMenu->addAction(tr("&Quit"), this, &MainWindow::quit)->setShortcut(QKeySequence::Quit);
 
     QMenu *editMenu = menuBar()->addMenu(tr("&Edit"));
     editMenu->addAction(m_notes->undoDeletionAction());
@@ -100,11 +100,11 @@ void MainWindow::makeActions() {
     connect(m_notes, &NotesView::noteChanged, this, &MainWindow::updateHistoryActions);
     connect(m_notes, &NotesView::editedChanged, this, &QWidget::setWindowModified);
 
-    QMenu *toolsMenu = menuBar()->addMenu(tr("&Tools"));
+    m_toolsMenu = menuBar()->addMenu(tr("&Tools"));
     QAction *preferencesAction =
-        toolsMenu->addAction(tr("Sync &Preferences…"), this, &MainWindow::showPreferences);
+        m_toolsMenu->addAction(tr("Sync &Preferences…"), this, &MainWindow::showPreferences);
     preferencesAction->setShortcut(Qt::CTRL | Qt::Key_Comma);
-    toolsMenu->addAction(tr("&Log"), this, &MainWindow::showLog);
+    m_toolsMenu->addAction(tr("&Log"), this, &MainWindow::showLog);
 
     QToolBar *toolBar = addToolBar(tr("Commands"));
     toolBar->setObjectName(QStringLiteral("commands"));
@@ -246,6 +246,11 @@ void MainWindow::bringToFront() {
     show();
     raise();
     activateWindow();
+}
+
+void MainWindow::quit() {
+    Q_EMIT quitRequested();
+    close();
 }
 
 bool MainWindow::leaveText() {

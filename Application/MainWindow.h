@@ -2,6 +2,7 @@
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QMainWindow>
+#include <QtWidgets/QMenu>
 #include <memory>
 
 class EventLog;
@@ -43,6 +44,15 @@ public:
     /// Saves all changes without asking the user and closes Sync Preferences. Text that cannot be
     /// saved is kept for the next start. Blocks for disk writes.
     void saveAll();
+
+    /// Adds `action`, which is not owned, to the menu Tools.
+    void addToolsAction(QAction *action) { m_toolsMenu->addAction(action); }
+    /// Announces that the user wants to quit, and closes the window.
+    void quit();
+
+Q_SIGNALS:
+    /// Emitted before the window is closed because the user has chosen to quit.
+    void quitRequested();
 
 protected:
     /// Saves everything first. The window stays open if the user decides to keep editing a text
@@ -86,6 +96,7 @@ private:
     std::shared_ptr<NoteDatabase> m_database;
     QListWidget *m_databases;
     NotesView *m_notes;
+    QMenu *m_toolsMenu = nullptr;
     QAction *m_renameAction = nullptr;
     QAction *m_openAction = nullptr;
     QAction *m_versionsAction = nullptr;

@@ -1,7 +1,9 @@
 #include "Application/QuitGuard.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
 #include <chrono>
+#include <utility>
 
 #include "Application/MainWindow.h"
 #include "Application/QuitSynchronization.h"
@@ -14,6 +16,7 @@ constexpr std::chrono::minutes EndOfSession(1);
 
 QuitGuard::QuitGuard(MainWindow *window) : QObject(window), m_window(window) {
     m_window->installEventFilter(this);
+    connect(m_window, &MainWindow::quitRequested, this, [this] { m_isQuitting = true; });
 }
 
 void QuitGuard::allowEnd() {
@@ -24,11 +27,27 @@ bool QuitGuard::eventFilter(QObject *object, QEvent *event) {
     if (event->type() != QEvent::Close || !m_end.hasExpired()) {
         return QObject::eventFilter(object, event);
     }
-    if (m_isAsking || !prepareToQuit()) {
-        event->ignore();
-        return true;
+    const bool isHidden = m_isHiding && !std::exchange(m_isQuitting, false);
+    if (!isHidden && !m_isAsking && prepareToQuit()) {
+        if (m_isHiding) {
+            // The program does not end with its last window then.
+            QMetaObject::invokeMethod(
+                qApp, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
+        }
+        return false;
     }
-    return false;
+    event->ignore();
+    if (isHidden && !m_isAsking) {
+        hideWindow();
+    }
+    return true;
+}
+
+void QuitGuard::hideWindow() {
+    if (m_window->leaveText()) {
+        m_window->saveAll();
+        m_window->hide();
+    }
 }
 
 bool QuitGuard::prepareToQuit() {

@@ -20,16 +20,23 @@ public:
     /// process ends. In effect for a minute from the latest call, since the end of a session can be
     /// cancelled. Questions that are already shown stay.
     void allowEnd();
+    /// Sets whether closing the window only saves and hides it, unless the user has chosen to quit.
+    void setHiding(bool isHiding) { m_isHiding = isHiding; }
 
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
+    /// Saves everything and hides the window, unless the user keeps a text that cannot be saved.
+    void hideWindow();
     /// Saves, asks and synchronizes; runs nested event loops. Returns whether the window may close.
     bool prepareToQuit();
 
     MainWindow *const m_window;
     QDeadlineTimer m_end;
+    bool m_isHiding = false;
+    /// Whether the user has chosen to quit.
+    bool m_isQuitting = false;
     /// Whether the user is being asked.
     bool m_isAsking = false;
 };

@@ -110,6 +110,7 @@ QuestionPresenter::Withdrawal VelmoraApplication::ask(const Question &question,
         [box, accept, handler = std::move(handler)] { handler(box->clickedButton() == accept); },
         Qt::SingleShotConnection);
     box->open();
+    Q_EMIT questionShown(question.text);
     return [shown = QPointer(box)] {
         if (shown) {
             shown->reject();
@@ -125,6 +126,7 @@ void VelmoraApplication::askAboutRemoval(const RemovalQuestion &question,
         return;
     }
     (new RemovalDialog(question, std::move(handler), windowForDialog()))->open();
+    Q_EMIT questionShown(tr("A synchronization would remove many notes."));
 }
 
 bool VelmoraApplication::notify(QObject *receiver, QEvent *event) {

@@ -60,6 +60,10 @@ public:
     /// program.
     bool notify(QObject *receiver, QEvent *event) override;
 
+Q_SIGNALS:
+    /// Emitted when a question is shown, with its text.
+    void questionShown(const QString &text);
+
 private:
     EventLog m_eventLog;
     ErrorBoxes m_errorBoxes;

@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <optional>
 
+#include "Application/BackgroundMode.h"
 #include "Application/DamagedProfileDialog.h"
 #include "Application/EndLimit.h"
 #include "Application/EndSignals.h"
@@ -132,11 +133,12 @@ void logIfFailed(VelmoraApplication &application, const Expected<void> &result) 
     }
 }
 
-int runWindows(VelmoraApplication &application, const LaunchOptions &options,
-               NoteLibrary *library) {
+int runWindows(VelmoraApplication &application, const LaunchOptions &options, SyncPlugIn &sync) {
+    NoteLibrary *library = sync.library();
     logIfFailed(application, application.eventLog()->open(LogFile::pathInProfile(options.profile)));
     MainWindow window(library, application.eventLog(), options.profile);
     QuitGuard guard(&window);
+    const BackgroundMode background(&window, &guard, &sync);
     const EndSignals endSignals;
     QObject::connect(&endSignals, &EndSignals::received, &window, [&] {
         guard.allowEnd();
@@ -193,7 +195,7 @@ int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugI
     }
     application.setLibrary(sync.library());
     const int exitCode = options.isBatch() ? runBatch(application, options, *sync.library())
-                                           : runWindows(application, options, sync.library());
+                                           : runWindows(application, options, sync);
     application.setLibrary(nullptr);
     return exitCode;
 }

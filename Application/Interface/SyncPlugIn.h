@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QDate>
+#include <QtCore/QDateTime>
 #include <QtCore/QtPlugin>
 #include <optional>
 
@@ -67,6 +67,9 @@ public:
     /// Blocks until that is done, and runs the event loop meanwhile. Repairing needs a profile that
     /// was opened exclusively; the report states what is wrong after that.
     virtual VerificationReport verify(VerificationMode mode) = 0;
+    /// Starts no synchronization by itself until `end`; an invalid date ends that. Schedules that
+    /// are due meanwhile are made up for afterwards. Synchronizations that run go on.
+    virtual void pauseUntil(const QDateTime &end) = 0;
     /// Closes the profile and removes the host classes. Must be called before the application
     /// object is destroyed, after everything that shares the profile's objects has released them.
     virtual void closeProfile() = 0;
@@ -75,5 +78,5 @@ public:
     virtual NoteLibrary *library() const = 0;
 };
 
-#define SyncPlugIn_iid "velmora.SyncPlugIn/4"
+#define SyncPlugIn_iid "velmora.SyncPlugIn/5"
 Q_DECLARE_INTERFACE(SyncPlugIn, SyncPlugIn_iid)

@@ -37,6 +37,10 @@ VerificationReport VelmoraSyncPlugIn::verify(VerificationMode mode) {
     return m_engine->verify(mode);
 }
 
+void VelmoraSyncPlugIn::pauseUntil(const QDateTime &end) {
+    m_engine->triggers().pauseUntil(end);
+}
+
 void VelmoraSyncPlugIn::closeProfile() {
     m_classes.reset();
     m_engine.reset();

@@ -27,6 +27,7 @@ public:
     Expected<void> replaceProfile(const QString &directory,
                                   ProfileReplacement replacement) override;
     VerificationReport verify(VerificationMode mode) override;
+    void pauseUntil(const QDateTime &end) override;
     /// Destroys the engine, see ~SyncEngine(). No function except library() may be called
     /// afterwards. Idempotent.
     void closeProfile() override;

@@ -97,7 +97,16 @@ void SyncTriggers::report(const QVSyncStates &missed) {
     }
 }
 
+void SyncTriggers::pauseUntil(const QDateTime &end) {
+    m_pauseEnd = end;
+    checkSchedules(QDateTime::currentDateTime());
+}
+
 void SyncTriggers::checkSchedules(const QDateTime &now) {
+    if (isPaused(now)) {
+        return;
+    }
+    m_pauseEnd = {};
     const QDateTime lastCheck = std::exchange(m_lastCheck, now);
     const QVSyncStates due =
         states([&](const QVSyncState &state) { return isDue(state.schedule(), lastCheck, now); });
@@ -146,7 +155,7 @@ QVSyncStates SyncTriggers::states(const std::function<bool(const QVSyncState &)>
 }
 
 void SyncTriggers::synchronize(const QVSyncStates &states) {
-    if (!states.isEmpty()) {
+    if (!states.isEmpty() && !isPaused(QDateTime::currentDateTime())) {
         m_dispatcher.performSynchronizationsWithSynchronizationStates(states);
     }
 }

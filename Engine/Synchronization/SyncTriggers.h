@@ -43,7 +43,12 @@ public:
     /// the wall clock. Called by the timer; tests call it with a time of their own.
     void checkSchedules(const QDateTime &now);
 
+    /// Starts no synchronization until `end`; an invalid date ends that. A schedule that is due
+    /// meanwhile fires once, afterwards.
+    void pauseUntil(const QDateTime &end);
+
 private:
+    bool isPaused(const QDateTime &now) const { return m_pauseEnd.isValid() && now < m_pauseEnd; }
     /// Returns the states with a schedule that was due after `lastCheck` while the program was not
     /// running.
     QVSyncStates missedStates(const QDateTime &lastCheck) const;
@@ -70,4 +75,6 @@ private:
     QTimer m_timer;
     /// The time of the latest check.
     QDateTime m_lastCheck;
+    /// Invalid unless paused.
+    QDateTime m_pauseEnd;
 };

@@ -593,6 +593,10 @@
         <source>An internal error occurred, and Velmora cancelled the current action.</source>
         <translation>Ein interner Fehler ist aufgetreten, und Velmora hat die Aktion abgebrochen.</translation>
     </message>
+    <message>
+        <source>A synchronization would remove many notes.</source>
+        <translation>Eine Synchronisierung würde viele Notizen entfernen.</translation>
+    </message>
 </context>
 <context>
     <name>VerificationOutput</name>
@@ -847,6 +851,68 @@
     <message>
         <source>“%1” can be read. Databases: %2</source>
         <translation>„%1“ kann gelesen werden. Datenbanken: %2</translation>
+    </message>
+</context>
+<context>
+    <name>TrayIcon</name>
+    <message>
+        <source>&amp;Sync All Now</source>
+        <translation>Jetzt alles &amp;synchronisieren</translation>
+    </message>
+    <message>
+        <source>&amp;Pause for an Hour</source>
+        <translation>Eine Stunde &amp;anhalten</translation>
+    </message>
+    <message>
+        <source>Pause until &amp;Tomorrow</source>
+        <translation>Bis &amp;morgen anhalten</translation>
+    </message>
+    <message>
+        <source>&amp;Resume</source>
+        <translation>&amp;Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Show &amp;Velmora</source>
+        <translation>&amp;Velmora zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+</context>
+<context>
+    <name>BackgroundMode</name>
+    <message>
+        <source>Keep Synchronizing in the &amp;Background</source>
+        <translation>Im &amp;Hintergrund weiter synchronisieren</translation>
+    </message>
+    <message>
+        <source>Velmora cannot stay in the background, because this desktop shows no icons of programs. Turn them on in the desktop's settings and try again.</source>
+        <translation>Velmora kann nicht im Hintergrund bleiben, weil dieser Desktop keine Symbole von Programmen anzeigt. Schalten Sie sie in den Einstellungen des Desktops ein und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>A synchronization failed</source>
+        <translation>Eine Synchronisierung ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Velmora asks for a decision</source>
+        <translation>Velmora bittet um eine Entscheidung</translation>
+    </message>
+    <message>
+        <source>A note was edited in two places</source>
+        <translation>Eine Notiz wurde an zwei Orten bearbeitet</translation>
+    </message>
+    <message>
+        <source>Velmora has kept both edits. Open the note to choose one.</source>
+        <translation>Velmora hat beide Fassungen behalten. Öffnen Sie die Notiz, um eine zu wählen.</translation>
+    </message>
+    <message>
+        <source>&amp;Hide Window</source>
+        <translation>Fenster &amp;verbergen</translation>
     </message>
 </context>
 </TS>

@@ -39,6 +39,7 @@ public:
     void kill();
     /// Sends SIGTERM.
     void terminate() { m_process.terminate(); }
+    bool isRunning() const { return m_process.state() == QProcess::Running; }
     /// Blocks until the process has ended. Returns whether it has done so by itself, with success.
     bool awaitEnd();
 

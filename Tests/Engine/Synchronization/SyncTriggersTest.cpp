@@ -120,6 +120,38 @@ private Q_SLOTS:
         QCOMPARE(state()->lastSynced(), synchronized);
     }
 
+    void whatIsDueDuringAPauseFiresOnceAfterwards() {
+        const auto state = scheduled(std::make_shared<EngineHourlySchedule>(15));
+        const QDate date(2030, 3, 4);
+        look(date, QTime(10, 0));
+        m_host->engine().triggers().pauseUntil(QDateTime(date, QTime(13, 0)));
+        look(date, QTime(10, 15));
+        look(date, QTime(12, 59));
+        QVERIFY(m_fired.isEmpty());
+        look(date, QTime(13, 0));
+        QCOMPARE(m_fired, QList<QObject *>{state.get()});
+        QTRY_VERIFY(state->lastSynced().isValid());
+        look(date, QTime(13, 15));
+        QCOMPARE(m_fired.size(), 1);
+    }
+
+    void aPauseAlsoHoldsBackWhatADatabaseRequestsAndCanBeEnded() {
+        const auto state = scheduled(nullptr);
+        state->setSyncOnClose(true);
+        SyncTriggers &triggers = m_host->engine().triggers();
+        const auto database = m_host->library().knownDatabases().last();
+        const auto reopen = [&] {
+            m_host->openDatabase(database);
+            m_host->closeDatabase(database);
+        };
+        triggers.pauseUntil(QDateTime::currentDateTime().addDays(1));
+        m_host->closeDatabase(database);
+        QVERIFY(m_host->engine().plugin().dispatcher()->activity().isEmpty());
+        triggers.pauseUntil({});
+        reopen();
+        QTRY_VERIFY(state->lastSynced().isValid());
+    }
+
     void whatIsDisabledOrNeverFiresIsLeftAlone() {
         scheduled(std::make_shared<EngineHourlySchedule>(0))->setEnabled(false);
         scheduled(std::make_shared<EngineSchedule>());

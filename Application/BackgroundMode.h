@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QtCore/QTimer>
+#include <memory>
+
+class MainWindow;
+class QAction;
+class QuitGuard;
+class SyncPlugIn;
+class TrayIcon;
+
+/// The setting to keep Velmora running when its window is closed, with an icon in the desktop's
+/// panel and notifications of what needs the user. It is off until the user turns it on in the
+/// window's menu. Must be used on the main thread.
+class BackgroundMode : public QObject {
+    Q_OBJECT
+public:
+    /// None of the arguments is owned; all must outlive this object. Adds the setting to the menu
+    /// of `window`.
+    BackgroundMode(MainWindow *window, QuitGuard *guard, SyncPlugIn *sync);
+    ~BackgroundMode() override;
+
+    /// The key of the setting in the user defaults.
+    static const QString Key;
+
+private:
+    /// Applies and saves the setting. Refused with a message if the desktop has no place for the
+    /// icon.
+    void setEnabled(bool isEnabled);
+    void apply(bool isEnabled);
+    void makeIcon();
+    void synchronizeAll();
+    /// Pauses the automatic synchronizations; an invalid date resumes them.
+    void pauseUntil(const QDateTime &end);
+    /// Notifies the user when the first synchronization fails, and of new conflicts.
+    void notifyOfChanges();
+    /// Returns the number of notes with conflicting edits, as far as it can be read.
+    qint64 countOfConflicts() const;
+    /// Shows a notification if the setting is on and the user is working in another program.
+    void notify(const QString &title, const QString &text) const;
+
+    MainWindow *const m_window;
+    QuitGuard *const m_guard;
+    SyncPlugIn *const m_sync;
+    QAction *m_action = nullptr;
+    QAction *m_hideAction = nullptr;
+    /// Null while the setting is off.
+    std::unique_ptr<TrayIcon> m_icon;
+    /// Ends the pause.
+    QTimer m_pauseTimer;
+    bool m_hasFailed = false;
+    qint64 m_conflicts = 0;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QSystemTrayIcon>
+
+class SynchronizationMonitor;
+
+/// The icon in the desktop's panel: it shows how the synchronization stands, and its menu controls
+/// it. Must be used on the main thread.
+class TrayIcon : public QObject {
+    Q_OBJECT
+public:
+    /// Shows the icon until this object is destroyed. `monitor` is not owned and must outlive it.
+    explicit TrayIcon(SynchronizationMonitor *monitor, QObject *parent = nullptr);
+
+    /// Shows whether the automatic synchronizations are paused.
+    void setPaused(bool isPaused);
+
+Q_SIGNALS:
+    /// Emitted when the user chooses these.
+    void windowRequested();
+    void synchronizationRequested();
+    void pauseRequested(const QDateTime &end);
+    void resumeRequested();
+    void quitRequested();
+
+private:
+    void makeMenu();
+    void showState();
+    QIcon icon() const;
+
+    SynchronizationMonitor *const m_monitor;
+    bool m_isPaused = false;
+    QSystemTrayIcon m_icon;
+    QMenu m_menu;
+    QAction *m_stateAction = nullptr;
+    QAction *m_pauseHourAction = nullptr;
+    QAction *m_pauseDayAction = nullptr;
+    QAction *m_resumeAction = nullptr;
+};

@@ -1,0 +1,117 @@
+#include "Support/NotificationService.h"
+#include "Support/Patience.h"
+#include "Support/SecretService.h"
+#include "Support/ShownProgram.h"
+#include "Support/StatusNotifierWatcher.h"
+#include "Support/TestMain.h"
+
+/// The program stays in the background if the user wants that, with an icon in the desktop's panel.
+class BackgroundModeTest : public QObject {
+    Q_OBJECT
+private:
+    const VirtualDisplay m_display;
+    const SecretService m_desktop;
+    std::unique_ptr<StatusNotifierWatcher> m_watcher;
+    std::unique_ptr<NotificationService> m_notifications;
+    std::unique_ptr<ShownProgram> m_program;
+
+    QString home() const { return QFileInfo(m_program->profile()).path(); }
+    QString store() const {
+        return m_program->profile() + QStringLiteral("/Sync Stores/Home.qvSyncStore");
+    }
+    void turnOn() const {
+        const QString folder = home() + QStringLiteral("/.config/Velmora");
+        QVERIFY(QDir().mkpath(folder));
+        QFile file(folder + QStringLiteral("/Velmora.conf"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[General]\nQVKeepSynchronizingInBackground=true\n");
+    }
+    void start() const {
+        m_program->start();
+        m_program->awaitWindows();
+    }
+    bool isShown() const { return !m_display.window(QStringLiteral("^Velmora\\*?$")).isEmpty(); }
+    void closeWindow() const {
+        m_display.focus(m_program->mainWindow());
+        m_display.press({QStringLiteral("ctrl+w")});
+        QVERIFY(QTest::qWaitFor([this] { return !isShown(); }, Patience));
+        QVERIFY(m_program->isRunning());
+    }
+    /// Chooses an entry of the icon's menu as soon as it is there.
+    void choose(const QString &title) const {
+        QVERIFY2(QTest::qWaitFor([&] { return m_watcher->menu().contains(title); }, Patience),
+                 qPrintable(title + u'\n' + m_watcher->menu().join(u'\n')));
+        QVERIFY(m_watcher->choose(title));
+    }
+    bool isStateShown(const QString &text) const {
+        return QTest::qWaitFor([&] { return m_watcher->menu().value(0).contains(text); }, Patience);
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_watcher = std::make_unique<StatusNotifierWatcher>(m_desktop.busAddress());
+        m_notifications = std::make_unique<NotificationService>(m_desktop.busAddress());
+        m_program = std::make_unique<ShownProgram>(QStringLiteral(VELMORA), m_display);
+        m_program->setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_desktop.busAddress());
+    }
+    void cleanup() {
+        m_program.reset();
+        m_notifications.reset();
+        m_watcher.reset();
+    }
+
+    void itIsOffUntilTheUserTurnsItOn() {
+        start();
+        m_display.press({QStringLiteral("alt+t"), QStringLiteral("b")});
+        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        QFile settings(home() + QStringLiteral("/.config/Velmora/Velmora.conf"));
+        QVERIFY(settings.open(QIODevice::ReadOnly));
+        QVERIFY(settings.readAll().contains("QVKeepSynchronizingInBackground=true"));
+    }
+
+    void theIconsMenuControlsTheSynchronization() {
+        turnOn();
+        start();
+        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        closeWindow();
+        choose(QStringLiteral("Sync All Now"));
+        QVERIFY(isStateShown(QStringLiteral("All up to date")));
+        QVERIFY(!QDir(store() + QStringLiteral("/transactions")).isEmpty());
+        choose(QStringLiteral("Pause for an Hour"));
+        QVERIFY(isStateShown(QStringLiteral("Paused")));
+        QVERIFY(!m_watcher->menu().contains(QStringLiteral("Pause until Tomorrow")));
+        choose(QStringLiteral("Resume"));
+        QVERIFY(isStateShown(QStringLiteral("All up to date")));
+        choose(QStringLiteral("Show Velmora"));
+        QVERIFY(QTest::qWaitFor([this] { return isShown(); }, Patience));
+        choose(QStringLiteral("Quit"));
+        QVERIFY(m_program->awaitEnd());
+    }
+
+    void aFirstFailureIsNotified() {
+        turnOn();
+        start();
+        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        closeWindow();
+        QVERIFY(QDir(store()).removeRecursively());
+        for (int i = 0; i < 2; ++i) {
+            choose(QStringLiteral("Sync All Now"));
+            QVERIFY(isStateShown(QStringLiteral("not available")));
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->messages().size(), 1, Patience);
+        const NotificationService::Message message = m_notifications->messages().first();
+        QCOMPARE(message.title, QStringLiteral("A synchronization failed"));
+        QVERIFY(message.text.contains(store()));
+        m_program->terminate();
+        QVERIFY(m_program->awaitEnd());
+    }
+};
+
+VELMORA_TEST_PROGRAM(BackgroundModeTest)(int argumentCount, char **arguments) {
+    VirtualDisplay::require();
+    prepareTestProcess();
+    const QApplication application(argumentCount, arguments);
+    BackgroundModeTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
+#include "BackgroundModeTest.moc"

@@ -1,0 +1,29 @@
+#include "Support/NotificationService.h"
+
+#include <QtDBus/QDBusConnection>
+#include <stdexcept>
+
+namespace {
+const QString NotificationConnection = QStringLiteral("notification service");
+}
+
+NotificationService::NotificationService(const QString &busAddress) {
+    QDBusConnection bus = QDBusConnection::connectToBus(busAddress, NotificationConnection);
+    if (!bus.registerObject(QStringLiteral("/org/freedesktop/Notifications"), this,
+                            QDBusConnection::ExportAllSlots) ||
+        !bus.registerService(QStringLiteral("org.freedesktop.Notifications"))) {
+        throw std::runtime_error("the notification service cannot serve on the bus");
+    }
+}
+
+NotificationService::~NotificationService() {
+    QDBusConnection::disconnectFromBus(NotificationConnection);
+}
+
+uint NotificationService::Notify(const QString & /*application*/, uint /*replaced*/,
+                                 const QString & /*icon*/, const QString &title,
+                                 const QString &text, const QStringList & /*actions*/,
+                                 const QVariantMap & /*hints*/, int /*timeout*/) {
+    m_messages.append({title, text});
+    return static_cast<uint>(m_messages.size());
+}
