@@ -4,10 +4,12 @@
 #include <atomic>
 #include <vector>
 
+#include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/RecordTiers.h"
+#include "Engine/Synchronization/TransactionRecords.h"
 
 namespace {
 
@@ -132,6 +134,7 @@ Expected<bool> CleanSession::chooseRewritten(const QHash<QString, qint64> &sizes
         }
         m_isWritten = !m_toRemove.isEmpty();
         if (m_isWritten) {
+            m_rewrittenBy = rewritten.by;
             m_completeState.clear();
         }
         return m_isWritten;
@@ -245,7 +248,38 @@ Expected<void> CleanSession::continueWriting() {
     return {};
 }
 
+Expected<QStringList> CleanSession::unsoundRewrites(BlobStore &store, const EngineFuture &future) {
+    const TransactionRecords records(store, subject().databaseUUID, future);
+    const auto verified =
+        records.verifyAll(m_rewrittenBy, QList<KnownTransactions::Contents>(m_rewrittenBy.size()));
+    QStringList unsound;
+    for (qsizetype i = 0; i < m_rewrittenBy.size(); ++i) {
+        const Expected<void> &record = verified[static_cast<size_t>(i)];
+        if (record) {
+            continue;
+        }
+        if (!TransactionRecords::isOfOneRecord(record.error()) &&
+            !isEngineError(record.error(), EngineErrorCode::BlobMissing)) {
+            return failure(record.error());
+        }
+        addProblem(record.error());
+        unsound.append(m_rewrittenBy[i]);
+    }
+    return unsound;
+}
+
 Expected<void> CleanSession::removeTransactions(BlobStore &store, const EngineFuture &future) {
+    if (m_isWritten) {
+        const Expected<QStringList> unsound = unsoundRewrites(store, future);
+        if (!unsound) {
+            return failure(unsound.error());
+        }
+        if (!unsound->isEmpty()) {
+            // They are only forgotten: the next synchronization reads and repairs them.
+            m_toRemove = *unsound;
+            return {};
+        }
+    }
     progress().begin(SessionProgress::Phase::Removing, m_toRemove.size());
     const QStringList &names = m_toRemove;
     std::vector<Expected<void>> results(static_cast<size_t>(names.size()));

@@ -66,6 +66,9 @@ private:
     Expected<void> recordRemoval();
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
+    /// Reads the records again that an earlier session has written, and returns the names of those
+    /// that are not what was written. Fails if one cannot be read.
+    Expected<QStringList> unsoundRewrites(BlobStore &store, const EngineFuture &future);
     /// Removes the chosen transactions from the store; stops at the first error.
     Expected<void> removeTransactions(BlobStore &store, const EngineFuture &future);
 
@@ -80,4 +83,6 @@ private:
     QString m_completeState;
     /// Whether an earlier session has written what the transactions to remove contain.
     bool m_isWritten = false;
+    /// The names of the transactions that contain it then.
+    QStringList m_rewrittenBy;
 };

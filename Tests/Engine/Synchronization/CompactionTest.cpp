@@ -177,6 +177,35 @@ private Q_SLOTS:
         verifyNotesOfAnotherComputer();
     }
 
+    /// As on a server that lost power before the new record was on its disk.
+    void nothingIsRemovedIfTheRecordThatReplacedItIsDamaged() {
+        fillTier();
+        const QStringList old = sizes().keys();
+        {
+            Compaction session = newSession<Compaction>();
+            MemoryStore store(m_blobs, [&, calls = 0]() mutable {
+                return ++calls > 2 ? MemoryStore::Fault::Unreachable : MemoryStore::Fault::None;
+            });
+            QVERIFY(!runSession(session, store));
+        }
+        const QStringList all = sizes().keys();
+        for (const QString &name : all) {
+            if (!old.contains(name)) {
+                m_blobs[name].clear();
+            }
+        }
+        Compaction session = newSession<Compaction>();
+        MemoryStore store(m_blobs);
+        QVERIFY(runSession(session, store));
+        QCOMPARE(session.problems().size(), 1);
+        for (const QString &name : old) {
+            QVERIFY(m_blobs.contains(name));
+        }
+        QVERIFY(run<SyncSession>());
+        QVERIFY(run<Compaction>());
+        verifyNotesOfAnotherComputer();
+    }
+
     void twoComputersMergeAtOnce() {
         fillTier();
         const QString first = QStringLiteral("First");
