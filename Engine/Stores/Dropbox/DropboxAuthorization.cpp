@@ -17,13 +17,14 @@
 #include "Engine/Stores/Http/FormEncoding.h"
 #include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/MainQueue.h"
 
 namespace {
 
 constexpr auto Base64Url = QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals;
 
-/// The result of opening the browser. Shared, since the waiting thread may have given up before the
-/// main thread opens it.
+/// The result of opening the browser. The main thread does not open it if the waiting thread has
+/// given up before, and released this object.
 class BrowserStart {
 public:
     void setOpened(bool isOpened) {
@@ -67,8 +68,8 @@ QUrl withQuery(QUrl address, const QList<FormEncoding::Field> &fields) {
 
 }  // namespace
 
-DropboxAuthorization::DropboxAuthorization(CallQueue &mainThread, const Limits &limits)
-    : m_mainThread(mainThread), m_limits(limits), m_connection(limits.server) {}
+DropboxAuthorization::DropboxAuthorization(const Limits &limits)
+    : m_limits(limits), m_connection(limits.server) {}
 
 Expected<DropboxAuthorization::SignIn> DropboxAuthorization::run(const EngineFuture &future) {
     if (future.isCancelled()) {
@@ -120,7 +121,11 @@ Expected<DropboxTokens> DropboxAuthorization::tokens(const DropboxConfiguration 
 
 Expected<void> DropboxAuthorization::openBrowser(const QUrl &address, const EngineFuture &future) {
     const auto start = std::make_shared<BrowserStart>();
-    m_mainThread.post([start, address] { start->setOpened(QDesktopServices::openUrl(address)); });
+    MainQueue::dispatchAsync([waiting = std::weak_ptr(start), address] {
+        if (const auto living = waiting.lock()) {
+            living->setOpened(QDesktopServices::openUrl(address));
+        }
+    });
     const std::optional<bool> isOpened = start->wait(future);
     if (!isOpened) {
         return failure(operationCancelled());

@@ -3,7 +3,6 @@
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Engine/Stores/Dropbox/DropboxConnection.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
-#include "Platform/Foundation/CallQueue.h"
 
 /// One sign-in to Dropbox as described in RFC 8252 for native programs: the browser shows Dropbox's
 /// page and is redirected to a loopback address with a code, which is exchanged for tokens. The
@@ -25,10 +24,9 @@ public:
         HttpClient::Timeouts server = {};
     };
 
-    /// `mainThread` is a queue of the main thread, on which the browser is opened. It is not owned
-    /// and must outlive this object. The main thread must run its event loop during run(); it need
-    /// not wait for this object.
-    DropboxAuthorization(CallQueue &mainThread, const Limits &limits);
+    /// The main thread, on which the browser is opened, must run its event loop during run(); it
+    /// need not wait for this object.
+    explicit DropboxAuthorization(const Limits &limits);
 
     /// Performs the whole sign-in. Blocks until the user has signed in, the timeout has expired or
     /// `future` is cancelled, which takes effect soon; must be called once, on a worker thread.
@@ -50,7 +48,6 @@ private:
     Expected<QString> accountAddress(const DropboxConfiguration &configuration,
                                      const DropboxTokens &tokens, const EngineFuture &future);
 
-    CallQueue &m_mainThread;
     const Limits m_limits;
     DropboxConnection m_connection;
 };

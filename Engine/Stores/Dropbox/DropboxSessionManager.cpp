@@ -3,6 +3,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Dropbox/DropboxSession.h"
+#include "Platform/Foundation/MainQueue.h"
 
 DropboxSessionManager::DropboxSessionManager(const DropboxAuthorization::Limits &limits)
     : m_limits(limits) {}
@@ -28,8 +29,12 @@ void DropboxSessionManager::authorize(const std::shared_ptr<PZFuture> &future, H
     const quint64 number = ++m_lastNumber;
     m_runs.insert(number, {operation, std::move(handler)});
     m_threads.start([this, operation, number] {
-        const auto signIn = DropboxAuthorization(m_mainThread, m_limits).run(*operation);
-        m_mainThread.post([this, number, signIn] { finish(number, signIn); });
+        const auto signIn = DropboxAuthorization(m_limits).run(*operation);
+        MainQueue::dispatchAsync([this, lifetime = std::weak_ptr(m_lifetime), number, signIn] {
+            if (!lifetime.expired()) {
+                finish(number, signIn);
+            }
+        });
     });
 }
 

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QtCore/QHash>
+#include <memory>
+#include <variant>
 
 #include "Engine/Foundation/WorkerThreads.h"
 #include "Engine/Stores/Dropbox/DropboxAuthorization.h"
 #include "Host/QVDropboxSessionManager.h"
-#include "Platform/Foundation/CallQueue.h"
 
 class EngineFuture;
 
@@ -47,8 +48,7 @@ private:
     const DropboxAuthorization::Limits m_limits;
     quint64 m_lastNumber = 0;
     QHash<quint64, Run> m_runs;
-    /// Receives the results of the threads; calls that are still queued are dropped when it is
-    /// destroyed.
-    CallQueue m_mainThread;
+    /// Results that arrive on the main thread after its end are dropped.
+    const std::shared_ptr<std::monostate> m_lifetime = std::make_shared<std::monostate>();
     WorkerThreads m_threads;
 };
