@@ -43,10 +43,10 @@ void LocationRemovals::update() {
     const QList<Listed> former = std::exchange(m_listed, listed());
     for (qsizetype i = 0; i < former.size(); ++i) {
         if (!isListed(former[i].location)) {
-            remember({former[i], i});
+            remember(former[i], i);
         }
     }
-    forgetIf([this](const auto &location) { return isListed(location); });
+    forgetIf([this](const Removal &removal) { return isListed(removal.listed.location); });
 }
 
 QList<LocationRemovals::Listed> LocationRemovals::listed() const {
@@ -63,19 +63,18 @@ bool LocationRemovals::isListed(const std::shared_ptr<QVSyncLocation> &location)
     return m_controller->indexOfObjectInSyncLocations(location) >= 0;
 }
 
-void LocationRemovals::remember(const Removal &removal) {
-    m_removals.append(removal);
-    QTimer::singleShot(m_undoTime, this, [this, removed = removal.listed.location.get()] {
-        forgetIf([&](const auto &location) { return location.get() == removed; });
+void LocationRemovals::remember(const Listed &location, qsizetype index) {
+    const quint64 number = ++m_lastNumber;
+    m_removals.append({location, index, number});
+    QTimer::singleShot(m_undoTime, this, [this, number] {
+        forgetIf([&](const Removal &removal) { return removal.number == number; });
     });
     Q_EMIT changed();
 }
 
 template <class Predicate>
 void LocationRemovals::forgetIf(Predicate predicate) {
-    const auto forgotten = m_removals.removeIf(
-        [&](const Removal &removal) { return predicate(removal.listed.location); });
-    if (forgotten > 0) {
+    if (m_removals.removeIf(predicate) > 0) {
         Q_EMIT changed();
     }
 }

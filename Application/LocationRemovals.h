@@ -50,13 +50,16 @@ private:
     struct Removal {
         Listed listed;
         qsizetype index = 0;
+        /// Tells several removals of one location apart.
+        quint64 number = 0;
     };
 
     /// Returns what the list of locations contains now.
     QList<Listed> listed() const;
     bool isListed(const std::shared_ptr<QVSyncLocation> &location) const;
-    void remember(const Removal &removal);
-    /// Forgets the removals of locations for which `predicate` is true.
+    /// Keeps the removal of `location`, which was at `index`, for the undo time.
+    void remember(const Listed &location, qsizetype index);
+    /// Forgets the removals for which `predicate` is true.
     template <class Predicate>
     void forgetIf(Predicate predicate);
 
@@ -64,6 +67,7 @@ private:
     std::chrono::milliseconds m_undoTime = UndoTime;
     /// The list when it was saved last.
     QList<Listed> m_listed;
+    quint64 m_lastNumber = 0;
     /// The location removed last comes last.
     QList<Removal> m_removals;
 };
