@@ -54,16 +54,16 @@ VerificationReport::Part ProfileVerification::verifyProfile() const {
     Part part{.name = localizedSyncString("Profile")};
     const Expected<QStringList> problems = profileProblems();
     const Expected<QString> extent = profileExtent();
-    if (!problems || !extent) {
+    const bool isDamaged = problems && !problems->isEmpty();
+    if (isDamaged) {
+        part.outcome = VerificationReport::Outcome::Problems;
+        part.problems = *problems;
+    } else if (!problems || !extent) {
         part.outcome = VerificationReport::Outcome::NotChecked;
         part.problems.append((problems ? extent.error() : problems.error()).localizedDescription);
         return part;
     }
-    part.extent = *extent;
-    part.problems = *problems;
-    if (!part.problems.isEmpty()) {
-        part.outcome = VerificationReport::Outcome::Problems;
-    }
+    part.extent = extent.value_or(QString());
     return part;
 }
 
@@ -93,7 +93,13 @@ Expected<QStringList> ProfileVerification::profileProblems() const {
             }
         });
     }
-    return done.map([&] { return problems; });
+    if (!done && problems.isEmpty()) {
+        return failure(done.error());
+    }
+    if (!done) {
+        problems.append(done.error().localizedDescription);
+    }
+    return problems;
 }
 
 Expected<QString> ProfileVerification::profileExtent() const {
@@ -117,7 +123,8 @@ void ProfileVerification::verifyLocation(EngineSyncLocation &location) {
             verifyStore(
                 {.databaseUUID = state->databaseUUID(),
                  .databaseName = state->databaseName(),
-                 .store = location.identifier()},
+                 .store = location.identifier(),
+                 .place = title},
                 title, *location.createBlobStore(),
                 state->lastSynced().isValid() ? History::Synchronized : History::NeverSynchronized);
         }
@@ -147,7 +154,8 @@ void ProfileVerification::verifyServedStore() {
         const auto database = m_library.synchronizedDatabase(UUID);
         verifyStore({.databaseUUID = UUID,
                      .databaseName = database ? database->name() : UUID,
-                     .store = ServedStoreSynchronizer::Place},
+                     .store = ServedStoreSynchronizer::Place,
+                     .place = title},
                     title, *location->createBlobStore(), History::Synchronized);
     }
 }
