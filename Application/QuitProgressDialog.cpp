@@ -43,7 +43,7 @@ QuitProgressDialog::QuitProgressDialog(QWidget *parent)
 
     for (QTimer *timer : {&m_idleTimer, &m_limitTimer}) {
         timer->setSingleShot(true);
-        connect(timer, &QTimer::timeout, this, [this] { stop(QuitNow); });
+        connect(timer, &QTimer::timeout, this, [this] { stop(Finished); });
     }
     m_idleTimer.start(LongestPause);
     m_limitTimer.start(LongestWait);

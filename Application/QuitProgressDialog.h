@@ -9,8 +9,9 @@ class QLabel;
 class QProgressBar;
 
 /// Shows how far the last synchronization is. Its owner ends it with Finished. By itself it ends
-/// with QuitNow when the user chooses that or after a time limit, and with Rejected if the user
-/// decides not to quit; both stop the synchronization. Must be used on the main thread.
+/// with QuitNow when the user chooses that, with Finished after a time limit, and with Rejected if
+/// the user decides not to quit; all three stop the synchronization. Must be used on the main
+/// thread.
 class QuitProgressDialog : public QDialog {
     Q_OBJECT
 public:
