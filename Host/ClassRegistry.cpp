@@ -13,8 +13,9 @@ struct Registry {
 };
 
 Registry &registry() {
-    static Registry shared;
-    return shared;
+    // Not destroyed, since registrations may end after the static objects of this file.
+    static auto *const shared = new Registry;
+    return *shared;
 }
 
 }  // namespace
