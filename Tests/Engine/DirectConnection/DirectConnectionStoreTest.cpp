@@ -12,6 +12,7 @@
 #include "Engine/DirectConnection/DirectConnectionStore.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
+#include "Platform/Foundation/MainQueue.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
@@ -126,8 +127,7 @@ private Q_SLOTS:
         QList<std::optional<Error>> results;
         for (int i = 0; i < 3; ++i) {
             newStore()->openWithCompletionHandler([&](const std::optional<Error> &error) {
-                QMetaObject::invokeMethod(
-                    qApp, [&results, error] { results.append(error); }, Qt::QueuedConnection);
+                MainQueue::dispatchAsync([&results, error] { results.append(error); });
             });
         }
         QTRY_COMPARE(m_person->waiting(), 2);
@@ -143,8 +143,7 @@ private Q_SLOTS:
         pair();
         std::optional<QVSyncStoreCheck> found;
         newStore()->checkWithCompletionHandler([&](const QVSyncStoreCheck &check) {
-            QMetaObject::invokeMethod(
-                qApp, [&found, check] { found = check; }, Qt::QueuedConnection);
+            MainQueue::dispatchAsync([&found, check] { found = check; });
         });
         QTRY_VERIFY(found);
         QVERIFY2(!found->error, qPrintable(found->error.value_or(Error()).localizedDescription));
