@@ -1,4 +1,3 @@
-#include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
@@ -276,12 +275,6 @@ int main(int argumentCount, char **arguments) {
     translators.install();
     Log::sendToSystemLog(SyncLogCategory);
     logIfFailed(application, isProtected);
-    if (!QAbstractEventDispatcher::instance()->inherits("QEventDispatcherGlib")) {
-        application.logItemCmd(
-            QStringLiteral("Velmora:"),
-            QCoreApplication::translate(
-                "main", "Nearby computers are out of reach: Qt runs without GLib."));
-    }
 
     const auto sync = PlugIns::loadSync();
     if (!sync) {

@@ -1,17 +1,31 @@
 #include "Platform/Network/DiscoveryClient.h"
 
-#include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QDebug>
+#include <QtCore/QPointer>
+#include <QtCore/QUuid>
+#include <QtDBus/QDBusObjectPath>
+#include <QtDBus/QDBusPendingCallWatcher>
 #include <chrono>
+#include <limits>
+#include <utility>
+
+#include "Platform/Network/AvahiBus.h"
 
 namespace {
 
-// Interval of attempts while the system bus is not running. A daemon that starts reports itself.
+// Interval of attempts while the system bus is not running. A daemon that starts is reported.
 constexpr std::chrono::seconds RetryInterval(2);
 
-// Higher priority than Qt's posted events: everything that the daemon has sent is read before any
-// of it is delivered.
-constexpr int PollPriority = -1;
+// A daemon that responds late is used then; the bus reports one that ends.
+constexpr int NoTimeout = std::numeric_limits<int>::max();
+
+/// Maximum number of characters of a domain name (RFC 1035, section 2.3.4).
+constexpr qsizetype LongestDomainName = 255;
+
+const QString BusService = QStringLiteral("org.freedesktop.DBus");
+const QString BusPath = QStringLiteral("/org/freedesktop/DBus");
+const QString LocalPath = QStringLiteral("/org/freedesktop/DBus/Local");
+const QString LocalInterface = QStringLiteral("org.freedesktop.DBus.Local");
 
 }  // namespace
 
@@ -25,59 +39,100 @@ std::shared_ptr<DiscoveryClient> DiscoveryClient::shared() {
     return client;
 }
 
-DiscoveryClient::DiscoveryClient() : m_poll(avahi_glib_poll_new(nullptr, PollPriority)) {
-    if (!QAbstractEventDispatcher::instance()->inherits("QEventDispatcherGlib")) {
-        qWarning("Services are not found or announced: Qt runs without GLib's event loop.");
-    }
+DiscoveryClient::DiscoveryClient()
+    : m_name(QUuid::createUuid().toString(QUuid::WithoutBraces)), m_bus(m_name) {
     m_retry.setSingleShot(true);
     m_retry.setInterval(RetryInterval);
-    connect(&m_retry, &QTimer::timeout, this, &DiscoveryClient::connectToDaemon);
-    connectToDaemon();
+    connect(&m_retry, &QTimer::timeout, this, &DiscoveryClient::connectToBus);
+    connectToBus();
 }
 
 DiscoveryClient::~DiscoveryClient() {
-    if (m_client) {
-        avahi_client_free(m_client);
-    }
-    avahi_glib_poll_free(m_poll);
+    disconnectFromBus();
 }
 
-void DiscoveryClient::connectToDaemon() {
-    // The callback is called within this call.
-    m_client = avahi_client_new(avahi_glib_poll_get(m_poll), AVAHI_CLIENT_NO_FAIL,
-                                &DiscoveryClient::clientChanged, this, nullptr);
-    if (!m_client) {
-        m_isAvailable = false;
-        m_isHostRegistered = false;
+void DiscoveryClient::connectToBus() {
+    m_bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, m_name);
+    if (!m_bus.isConnected()) {
+        disconnectFromBus();
         m_retry.start();
-    }
-}
-
-void DiscoveryClient::clientChanged(AvahiClient *client, AvahiClientState state, void *self) {
-    auto &discovery = *static_cast<DiscoveryClient *>(self);
-    discovery.m_client = client;
-    if (state == AVAHI_CLIENT_FAILURE) {
-        discovery.m_isAvailable = false;
-        discovery.m_isHostRegistered = false;
-        // Later: the client must not be freed within its callback.
-        QMetaObject::invokeMethod(&discovery, &DiscoveryClient::reconnect, Qt::QueuedConnection);
         return;
     }
-    const bool wasAvailable = discovery.m_isAvailable;
-    discovery.m_isAvailable = state != AVAHI_CLIENT_CONNECTING;
-    if (discovery.m_isAvailable && !wasAvailable) {
-        Q_EMIT discovery.available();
-    }
-    discovery.setHostRegistered(state == AVAHI_CLIENT_S_RUNNING);
+    m_bus.connect(QString(), LocalPath, LocalInterface, QStringLiteral("Disconnected"), this,
+                  SLOT(loseBus()));
+    m_bus.connect(BusService, BusPath, BusService, QStringLiteral("NameOwnerChanged"),
+                  QStringList{AvahiBus::Service}, QStringLiteral("sss"), this,
+                  SLOT(changeOwner(QString, QString, QString)));
+    // The bus starts a daemon that does not run, if it can.
+    const QDBusMessage request =
+        QDBusMessage::createMethodCall(AvahiBus::Service, AvahiBus::ServerPath,
+                                       AvahiBus::ServerInterface, QStringLiteral("GetAPIVersion"));
+    await(m_bus.asyncCall(request, NoTimeout), this, [this](const QDBusMessage &reply) {
+        if (reply.type() == QDBusMessage::ReplyMessage) {
+            connectToDaemon(reply.service());
+        }
+    });
 }
 
-void DiscoveryClient::reconnect() {
-    Q_EMIT lost();
-    if (m_client) {
-        avahi_client_free(m_client);
-        m_client = nullptr;
+void DiscoveryClient::disconnectFromBus() {
+    m_bus = QDBusConnection(QString());
+    QDBusConnection::disconnectFromBus(m_name);
+}
+
+void DiscoveryClient::loseBus() {
+    loseDaemon();
+    disconnectFromBus();
+    m_retry.start();
+}
+
+void DiscoveryClient::changeOwner(const QString & /*service*/, const QString & /*before*/,
+                                  const QString &owner) {
+    loseDaemon();
+    if (!owner.isEmpty()) {
+        connectToDaemon(owner);
     }
-    connectToDaemon();
+}
+
+void DiscoveryClient::connectToDaemon(const QString &owner) {
+    m_owner = owner;
+    listen(AvahiBus::ServerPath, AvahiBus::ServerInterface, QStringLiteral("StateChanged"),
+           QStringLiteral("is"), this, SLOT(changeState(int)));
+    call(AvahiBus::ServerPath, AvahiBus::ServerInterface, QStringLiteral("GetState"), {}, this,
+         [this](const QDBusMessage &reply) {
+             if (reply.type() == QDBusMessage::ReplyMessage) {
+                 changeState(reply.arguments().value(0).toInt());
+             }
+         });
+}
+
+void DiscoveryClient::loseDaemon() {
+    ++m_number;
+    m_owner.clear();
+    m_isHostRegistered = false;
+    if (std::exchange(m_isAvailable, false)) {
+        Q_EMIT lost();
+    }
+}
+
+void DiscoveryClient::changeState(int state) {
+    if (!std::exchange(m_isAvailable, true)) {
+        Q_EMIT available();
+    }
+    m_isRunning = state == AvahiBus::ServerRunning;
+    if (!m_isRunning) {
+        setHostRegistered(false);
+        return;
+    }
+    const auto text = [](const QDBusMessage &reply) {
+        return reply.arguments().value(0).toString().left(LongestDomainName);
+    };
+    call(AvahiBus::ServerPath, AvahiBus::ServerInterface, QStringLiteral("GetHostName"), {}, this,
+         [this, text](const QDBusMessage &reply) { m_hostName = text(reply); });
+    call(AvahiBus::ServerPath, AvahiBus::ServerInterface, QStringLiteral("GetDomainName"), {}, this,
+         [this, text](const QDBusMessage &reply) {
+             m_domainName = text(reply);
+             setHostRegistered(m_isRunning && !m_hostName.isEmpty() && !m_domainName.isEmpty());
+         });
 }
 
 void DiscoveryClient::setHostRegistered(bool isHostRegistered) {
@@ -85,4 +140,55 @@ void DiscoveryClient::setHostRegistered(bool isHostRegistered) {
         m_isHostRegistered = isHostRegistered;
         Q_EMIT hostRegisteredChanged();
     }
+}
+
+void DiscoveryClient::call(const QString &path, const QString &interface, const QString &method,
+                           const QVariantList &arguments, QObject *context,
+                           const Handler &handler) {
+    QDBusMessage request = QDBusMessage::createMethodCall(m_owner, path, interface, method);
+    request.setArguments(arguments);
+    await(m_bus.asyncCall(request, NoTimeout), context, handler);
+}
+
+void DiscoveryClient::create(const QString &method, const QVariantList &arguments,
+                             const QString &interface, QObject *context,
+                             const std::function<void(const QString &path)> &created) {
+    const auto handler = [this, method, interface, isWanted = QPointer(context),
+                          created](const QDBusMessage &reply) {
+        const QString path = reply.arguments().value(0).value<QDBusObjectPath>().path();
+        if (path.isEmpty()) {
+            qWarning().noquote()
+                << QStringLiteral("Avahi has refused “%1”: %2").arg(method, reply.errorMessage());
+        } else if (isWanted) {
+            created(path);
+        } else {
+            free(path, interface);
+        }
+    };
+    call(AvahiBus::ServerPath, AvahiBus::ServerInterface, method, arguments, this, handler);
+}
+
+void DiscoveryClient::free(const QString &path, const QString &interface) {
+    if (m_isAvailable && !path.isEmpty()) {
+        m_bus.send(
+            QDBusMessage::createMethodCall(m_owner, path, interface, QStringLiteral("Free")));
+    }
+}
+
+void DiscoveryClient::listen(const QString &path, const QString &interface, const QString &signal,
+                             const QString &signature, QObject *receiver, const char *slot) {
+    // Without a signature, Qt aborts the process if a signal has other arguments than the slot.
+    m_bus.connect(m_owner, path, interface, signal, {}, signature, receiver, slot);
+}
+
+void DiscoveryClient::await(const QDBusPendingCall &call, QObject *context,
+                            const Handler &handler) {
+    auto *watcher = new QDBusPendingCallWatcher(call, context);
+    const auto finish = [this, number = m_number, handler](QDBusPendingCallWatcher *finished) {
+        finished->deleteLater();
+        if (number == m_number) {
+            handler(finished->reply());
+        }
+    };
+    connect(watcher, &QDBusPendingCallWatcher::finished, context, finish);
 }

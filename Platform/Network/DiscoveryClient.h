@@ -1,64 +1,98 @@
 #pragma once
 
-#include <avahi-client/client.h>
-#include <avahi-glib/glib-watch.h>
-
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+#include <functional>
 #include <memory>
 
-/// The connection of this process to the Avahi daemon, over D-Bus. Runs on the event loop of the
-/// main thread, on which it must be used. Shared by all browsers, resolutions and publications, and
+class QDBusPendingCall;
+
+/// The connection of this process to the Avahi daemon over the system bus. Must be used on the main
+/// thread. No function waits for the daemon, whose replies arrive from the event loop: a daemon
+/// that does not respond delays nothing. Shared by all searches, resolutions and publications, and
 /// closed with the last of them. If the daemon or the system bus is not running, it waits for it;
-/// if the connection is lost, it connects again. If Qt runs without GLib's event loop, the daemon's
-/// events never arrive, which is logged.
+/// if the connection is lost, it connects again.
 class DiscoveryClient : public QObject {
     Q_OBJECT
 public:
-    /// Returns the shared connection, which is created if there is none. Never null. Does not wait
-    /// for a daemon that is not running: whether it is available is known later. Calls of Avahi's
-    /// library block until a running daemon replies.
+    /// Receives the reply or error of the daemon.
+    using Handler = std::function<void(const QDBusMessage &reply)>;
+
+    /// Returns the shared connection, which is created if there is none. Never null. Whether the
+    /// daemon is available is known later.
     static std::shared_ptr<DiscoveryClient> shared();
 
     /// For shared(). The application object must exist.
     DiscoveryClient();
     ~DiscoveryClient() override;
 
-    /// Returns the client for calls of Avahi's library, or nullptr if the daemon is not available.
-    /// Owned by this object; invalid after lost(). To be asked for anew in each slot, not to be
-    /// stored.
-    AvahiClient *client() const { return m_isAvailable ? m_client : nullptr; }
-    /// Returns whether the daemon has responded.
+    /// Returns whether the daemon has responded. The functions below must be called only then.
     bool isAvailable() const { return m_isAvailable; }
     /// Returns whether the daemon has registered a host name for this computer, which publishing a
     /// service requires.
     bool isHostRegistered() const { return m_isHostRegistered; }
+    /// Return the names that the daemon has registered; empty before that.
+    QString hostName() const { return m_hostName; }
+    QString domainName() const { return m_domainName; }
+
+    /// Calls a method of the daemon's object `path`, and `handler` with the result, as late as it
+    /// arrives. The handler is not called if `context`, which must not be null, is destroyed or the
+    /// connection is lost before.
+    void call(const QString &path, const QString &interface, const QString &method,
+              const QVariantList &arguments, QObject *context, const Handler &handler);
+    /// Calls a method of the daemon that creates an object, and `created` with its path, under the
+    /// conditions of call(). The caller must free the object; one that is created when `context`
+    /// has been destroyed is freed. If the daemon refuses, that is only logged.
+    void create(const QString &method, const QVariantList &arguments, const QString &interface,
+                QObject *context, const std::function<void(const QString &path)> &created);
+    /// Frees an object that was created and not lost. Has no effect if `path` is empty.
+    void free(const QString &path, const QString &interface);
+    /// Connects a signal of the daemon's object `path`, or of all its objects if `path` is empty,
+    /// to `slot` of `receiver`, until that is destroyed. A signal whose arguments do not have the
+    /// types `signature` is ignored.
+    void listen(const QString &path, const QString &interface, const QString &signal,
+                const QString &signature, QObject *receiver, const char *slot);
 
 Q_SIGNALS:
-    /// Emitted when client() has become available; not for the one that is available when an object
-    /// connects to this. May be emitted within a callback of Avahi's library.
+    /// Emitted when isAvailable() has become true.
     void available();
-    /// Emitted when the connection is lost. Objects that were created with client() must be freed
-    /// within this signal.
+    /// Emitted when the connection is lost. Objects that were created no longer exist.
     void lost();
     /// Emitted when isHostRegistered() has changed, except by a loss of the connection. Also within
     /// a callback, as above.
     void hostRegisteredChanged();
 
-private:
-    /// Callback of Avahi's library, called on the main thread, also within connectToDaemon().
-    static void clientChanged(AvahiClient *client, AvahiClientState state, void *self);
-    /// Creates the client; tries again after two seconds if the system bus is not running.
-    void connectToDaemon();
-    /// Emits lost(), frees the client and connects again.
-    void reconnect();
-    void setHostRegistered(bool isHostRegistered);
+private Q_SLOTS:
+    void loseBus();
+    void changeOwner(const QString &service, const QString &before, const QString &owner);
+    void changeState(int state);
 
-    /// Polls on GLib's main context, which must be that of Qt's event loop.
-    AvahiGLibPoll *const m_poll;
-    /// Null if the system bus is not running.
-    AvahiClient *m_client = nullptr;
+private:
+    /// Connects to the system bus; tries again later if it is not running.
+    void connectToBus();
+    void disconnectFromBus();
+    /// Connects to the daemon with this name on the bus.
+    void connectToDaemon(const QString &owner);
+    /// Forgets the daemon and the replies that are expected. Emits lost() if it was available.
+    void loseDaemon();
+    void setHostRegistered(bool isHostRegistered);
+    /// Calls `handler` with the result of `call` unless the connection is lost before.
+    void await(const QDBusPendingCall &call, QObject *context, const Handler &handler);
+
+    /// The name of the connection in this process.
+    const QString m_name;
+    QDBusConnection m_bus;
+    /// The daemon's name on the bus; empty if it is not known to run.
+    QString m_owner;
+    /// Identifies the connection to the daemon; incremented when it is lost.
+    quint64 m_number = 0;
     bool m_isAvailable = false;
+    /// Whether the daemon has registered its names, which may not have been read.
+    bool m_isRunning = false;
     bool m_isHostRegistered = false;
+    QString m_hostName;
+    QString m_domainName;
     QTimer m_retry;
 };

@@ -1,38 +1,52 @@
 #include "Platform/Network/LocalHostName.h"
 
-#include <avahi-client/client.h>
-#include <avahi-client/lookup.h>
-#include <avahi-common/error.h>
-#include <avahi-common/simple-watch.h>
-#include <net/if.h>
+#include <arpa/inet.h>
 
-#include <QtCore/QByteArray>
 #include <QtCore/QDeadlineTimer>
+#include <QtCore/QUuid>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
 #include <array>
-#include <memory>
 
 #include "Platform/Foundation/Localization.h"
+#include "Platform/Network/AvahiBus.h"
 
 namespace {
 
-using Poll = std::unique_ptr<AvahiSimplePoll, decltype(&avahi_simple_poll_free)>;
-using Client = std::unique_ptr<AvahiClient, decltype(&avahi_client_free)>;
-using Resolver = std::unique_ptr<AvahiHostNameResolver, decltype(&avahi_host_name_resolver_free)>;
+constexpr qsizetype AddressArgument = 4;
+const QString NoReplyError = QStringLiteral("org.freedesktop.DBus.Error.NoReply");
 
-struct Lookup {
-    bool hasEnded = false;
-    QString address;
+/// A connection to the system bus for one thread.
+class Daemon {
+public:
+    Daemon() = default;
+    ~Daemon() { QDBusConnection::disconnectFromBus(m_name); }
+    Daemon(const Daemon &) = delete;
+    Daemon &operator=(const Daemon &) = delete;
+
+    /// Returns the reply or error. Blocks for at most `timeout`.
+    QDBusMessage call(const QString &method, const QVariantList &arguments,
+                      std::chrono::milliseconds timeout) const {
+        QDBusMessage request = QDBusMessage::createMethodCall(
+            AvahiBus::Service, AvahiBus::ServerPath, AvahiBus::ServerInterface, method);
+        request.setArguments(arguments);
+        return m_bus.call(request, QDBus::Block, static_cast<int>(timeout.count()));
+    }
+
+private:
+    const QString m_name = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    const QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, m_name);
 };
 
-tl::unexpected<Error> noService(const QString &hostName, int reason) {
+tl::unexpected<Error> noService(const QString &hostName, const QDBusMessage &reply) {
     return failure(
         {.domain = QStringLiteral("LocalHostName"),
          .code = static_cast<int>(LocalHostName::ErrorCode::NoService),
          .localizedDescription =
              localizedString(PlatformTable,
                              "The name “%1” cannot be looked up in the local network, because the "
-                             "service Avahi does not respond: %2. Start it and try again.")
-                 .arg(hostName, QString::fromUtf8(avahi_strerror(reason)))});
+                             "service Avahi does not respond (%2). Start it and try again.")
+                 .arg(hostName, reply.errorName())});
 }
 
 tl::unexpected<Error> notFound(const QString &hostName) {
@@ -46,53 +60,25 @@ tl::unexpected<Error> notFound(const QString &hostName) {
                             .arg(hostName)});
 }
 
-QString textOf(const AvahiAddress &address, AvahiIfIndex interface) {
-    std::array<char, AVAHI_ADDRESS_STR_MAX> buffer{};
-    avahi_address_snprint(buffer.data(), buffer.size(), &address);
-    QString text = QString::fromLatin1(buffer.data());
-    if (text.startsWith(QStringLiteral("fe80:"))) {
-        text += u'%' + QString::number(interface);
+/// Returns the address in the daemon's reply, which is not trusted; empty if there is none.
+QString addressIn(const QDBusMessage &reply) {
+    if (reply.signature() != QStringLiteral("iisisu")) {
+        return {};
     }
-    return text;
+    const QString text = reply.arguments().at(AddressArgument).toString();
+    std::array<unsigned char, sizeof(in6_addr)> bytes{};
+    const bool isIPv6 = inet_pton(AF_INET6, text.toUtf8().constData(), bytes.data()) == 1;
+    if (!isIPv6 && inet_pton(AF_INET, text.toUtf8().constData(), bytes.data()) != 1) {
+        return {};
+    }
+    const bool isLinkLocal = isIPv6 && text.startsWith(QStringLiteral("fe80:"));
+    return isLinkLocal ? text + u'%' + QString::number(reply.arguments().at(0).toInt()) : text;
 }
 
-void hostNameEvent(AvahiHostNameResolver * /*resolver*/, AvahiIfIndex interface,
-                   AvahiProtocol /*protocol*/, AvahiResolverEvent event, const char * /*name*/,
-                   const AvahiAddress *address, AvahiLookupResultFlags /*flags*/, void *self) {
-    auto &lookup = *static_cast<Lookup *>(self);
-    lookup.hasEnded = true;
-    if (event == AVAHI_RESOLVER_FOUND) {
-        lookup.address = textOf(*address, interface);
-    }
-}
-
-void clientEvent(AvahiClient * /*client*/, AvahiClientState /*state*/, void * /*self*/) {}
-
-/// Returns an empty text if no computer has responded.
-Expected<QString> lookUp(const QString &hostName, AvahiProtocol protocol, QDeadlineTimer deadline) {
-    const Poll poll(avahi_simple_poll_new(), &avahi_simple_poll_free);
-    int error = 0;
-    const Client client(avahi_client_new(avahi_simple_poll_get(poll.get()), AvahiClientFlags(0),
-                                         &clientEvent, nullptr, &error),
-                        &avahi_client_free);
-    if (!client) {
-        return noService(hostName, error);
-    }
-    Lookup lookup;
-    const Resolver resolver(
-        avahi_host_name_resolver_new(client.get(), AVAHI_IF_UNSPEC, AVAHI_PROTO_UNSPEC,
-                                     hostName.toUtf8().constData(), protocol, AvahiLookupFlags(0),
-                                     &hostNameEvent, &lookup),
-        &avahi_host_name_resolver_free);
-    bool goesOn = resolver != nullptr;
-    while (goesOn && !lookup.hasEnded && !deadline.hasExpired()) {
-        goesOn =
-            avahi_simple_poll_iterate(poll.get(), static_cast<int>(deadline.remainingTime())) == 0;
-    }
-    if (!goesOn || avahi_client_get_state(client.get()) == AVAHI_CLIENT_FAILURE) {
-        return noService(hostName, avahi_client_errno(client.get()));
-    }
-    return lookup.address;
+/// Returns whether the daemon has looked for the computer in vain.
+bool isAbsence(const QDBusMessage &reply) {
+    const QStringList absences{AvahiBus::TimeoutError, AvahiBus::NotFoundError, NoReplyError};
+    return reply.type() == QDBusMessage::ReplyMessage || absences.contains(reply.errorName());
 }
 
 }  // namespace
@@ -104,11 +90,25 @@ bool LocalHostName::isLocal(const QString &hostName) {
 
 Expected<QString> LocalHostName::address(const QString &hostName,
                                          std::chrono::milliseconds timeout) {
+    const QDeadlineTimer deadline(timeout);
+    const Daemon daemon;
+    // So that a daemon that does not respond is told apart from a computer that does not.
+    const QDBusMessage version = daemon.call(QStringLiteral("GetAPIVersion"), {}, timeout);
+    if (version.type() != QDBusMessage::ReplyMessage) {
+        return noService(hostName, version);
+    }
     // Half of the time for each family: a host without an address of one does not reply to it.
-    for (const AvahiProtocol protocol : {AVAHI_PROTO_INET, AVAHI_PROTO_INET6}) {
-        Expected<QString> text = lookUp(hostName, protocol, QDeadlineTimer(timeout / 2));
-        if (!text || !text->isEmpty()) {
-            return text;
+    const auto half = deadline.remainingTimeAsDuration() / 2;
+    for (const int protocol : {AvahiBus::IPv4, AvahiBus::IPv6}) {
+        const QDBusMessage reply =
+            daemon.call(QStringLiteral("ResolveHostName"),
+                        {AvahiBus::Any, AvahiBus::Any, hostName, protocol, AvahiBus::NoFlags},
+                        std::chrono::duration_cast<std::chrono::milliseconds>(half));
+        if (!isAbsence(reply)) {
+            return noService(hostName, reply);
+        }
+        if (const QString address = addressIn(reply); !address.isEmpty()) {
+            return address;
         }
     }
     return notFound(hostName);

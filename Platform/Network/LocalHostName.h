@@ -26,8 +26,7 @@ enum class ErrorCode {
 /// address, with its interface ("%" and a number) if it is link-local. Uses the daemon because the
 /// resolvers of many systems do not know these names. `hostName` should be one for which isLocal()
 /// returns true. Blocks for at most `timeout`, half of it for each family of addresses, and cannot
-/// be cancelled; a daemon that accepts calls without replying can delay it further, up to the
-/// timeout of D-Bus. The answer is not authenticated: any computer of the network can send it.
+/// be cancelled. The answer is not authenticated: any computer of the network can send it.
 /// Thread-safe.
 PLATFORM_EXPORT Expected<QString> address(const QString &hostName,
                                           std::chrono::milliseconds timeout);

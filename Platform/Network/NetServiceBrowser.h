@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <cstddef>
 #include <memory>
 
 #include "Platform/PlatformExport.h"
 
 class NetServiceBrowserDelegate;
+class NetServiceSearch;
 
 /// Finds the services of one type on the local network through the Avahi daemon. If the daemon
 /// stops, all services are reported as removed, and as found again when it is back; if it is not
@@ -18,6 +20,10 @@ class NetServiceBrowserDelegate;
 class PLATFORM_EXPORT NetServiceBrowser : public QObject {
     Q_OBJECT
 public:
+    /// Maximum number of services that are reported at a time. Others are ignored, as are those
+    /// with invalid names.
+    static constexpr std::size_t MostServices = 1000;
+
     /// Searches nothing yet.
     NetServiceBrowser();
     /// Ends the search. The delegate is not called any more, also if this is destroyed within a
@@ -40,10 +46,7 @@ public:
     void stop();
 
 private:
-    /// One search, which owns the services that it has found.
-    class Search;
-
     NetServiceBrowserDelegate *m_delegate = nullptr;
     /// Null unless a search is running.
-    std::unique_ptr<Search> m_search;
+    std::unique_ptr<NetServiceSearch> m_search;
 };

@@ -1,32 +1,32 @@
 #include "Platform/Network/NetServicePublication.h"
 
-#include <avahi-common/alternative.h>
-#include <avahi-common/domain.h>
-#include <avahi-common/error.h>
-#include <avahi-common/malloc.h>
-
+#include <QtCore/QByteArrayList>
 #include <QtCore/QDebug>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusMetaType>
+#include <utility>
 
+#include "Platform/Network/AvahiBus.h"
 #include "Platform/Network/DiscoveryClient.h"
 #include "Platform/Network/NetService.h"
 #include "Platform/Network/NetServiceDelegate.h"
 
 namespace {
 
-/// Returns `name` truncated to the maximum length of a label (RFC 1035, section 2.3.4), without
-/// splitting a character.
+/// Maximum size in bytes of a label (RFC 1035, section 2.3.4).
+constexpr qsizetype LongestLabel = 63;
+
+/// Maximum number of names in use on this computer after which none is tried.
+constexpr int MostCollisions = 100;
+
+/// Returns `name` truncated to the maximum length of a label, without splitting a character.
 QString withinLabel(QString name) {
-    while (name.toUtf8().size() >= AVAHI_LABEL_MAX) {
+    // At most three bytes each remain to be counted.
+    name.truncate(LongestLabel);
+    while (name.toUtf8().size() > LongestLabel) {
         name.chop(name.back().isLowSurrogate() ? 2 : 1);
     }
     return name;
-}
-
-QString alternativeTo(const QString &name) {
-    char *alternative = avahi_alternative_service_name(name.toUtf8().constData());
-    QString result = QString::fromUtf8(alternative);
-    avahi_free(alternative);
-    return result;
 }
 
 }  // namespace
@@ -35,7 +35,10 @@ NetServicePublication::NetServicePublication(NetService &service)
     : m_service(service), m_client(DiscoveryClient::shared()) {
     connect(m_client.get(), &DiscoveryClient::hostRegisteredChanged, this,
             &NetServicePublication::announceOrWithdraw);
-    connect(m_client.get(), &DiscoveryClient::lost, this, &NetServicePublication::withdraw);
+    connect(m_client.get(), &DiscoveryClient::lost, this, [this] {
+        m_group.clear();
+        m_announcement.reset();
+    });
     announceOrWithdraw();
 }
 
@@ -51,60 +54,77 @@ void NetServicePublication::announceOrWithdraw() {
 }
 
 void NetServicePublication::withdraw() {
-    if (m_group) {
-        avahi_entry_group_free(m_group);
-        m_group = nullptr;
-    }
+    m_announcement.reset();
+    m_client->free(std::exchange(m_group, {}), AvahiBus::GroupInterface);
 }
 
 void NetServicePublication::announce() {
-    m_group = avahi_entry_group_new(m_client->client(), &NetServicePublication::groupChanged, this);
-    if (!m_group) {
-        return;
+    m_announcement = std::make_unique<QObject>();
+    m_collisions = 0;
+    const auto created = [this](const QString &group) {
+        m_group = group;
+        m_client->listen(group, AvahiBus::GroupInterface, QStringLiteral("StateChanged"),
+                         QStringLiteral("is"), this, SLOT(changeState(int)));
+        addService();
+    };
+    m_client->create(QStringLiteral("EntryGroupNew"), {}, AvahiBus::GroupInterface,
+                     m_announcement.get(), created);
+    m_service.setPublished(
+        withinLabel(m_service.name().isEmpty() ? m_client->hostName() : m_service.name()),
+        m_service.domain().isEmpty() ? m_client->domainName() : m_service.domain());
+}
+
+void NetServicePublication::addService() {
+    // Of the text records.
+    qDBusRegisterMetaType<QByteArrayList>();
+    const auto added = [this](const QDBusMessage &reply) {
+        if (reply.errorName() == AvahiBus::CollisionError && m_collisions < MostCollisions) {
+            ++m_collisions;
+            rename([this] { addService(); });
+        } else if (isSuccess(reply)) {
+            commit();
+        }
+    };
+    m_client->call(m_group, AvahiBus::GroupInterface, QStringLiteral("AddService"),
+                   {AvahiBus::Any, AvahiBus::Any, AvahiBus::NoFlags, m_service.name(),
+                    m_service.type(), m_service.domain(), QString(),
+                    QVariant::fromValue(m_service.port()), QVariant::fromValue(QByteArrayList())},
+                   m_announcement.get(), added);
+}
+
+void NetServicePublication::commit() {
+    m_client->call(m_group, AvahiBus::GroupInterface, QStringLiteral("Commit"), {},
+                   m_announcement.get(), [this](const QDBusMessage &reply) { isSuccess(reply); });
+}
+
+void NetServicePublication::rename(const std::function<void()> &renamed) {
+    const auto rename = [this, renamed](const QDBusMessage &reply) {
+        if (isSuccess(reply)) {
+            m_service.setPublished(withinLabel(reply.arguments().value(0).toString()),
+                                   m_service.domain());
+            renamed();
+        }
+    };
+    m_client->call(AvahiBus::ServerPath, AvahiBus::ServerInterface,
+                   QStringLiteral("GetAlternativeServiceName"), {m_service.name()},
+                   m_announcement.get(), rename);
+}
+
+void NetServicePublication::changeState(int state) {
+    if (state == AvahiBus::GroupEstablished) {
+        tell();
+    } else if (state == AvahiBus::GroupCollision && m_announcement) {
+        rename([this] { announceOrWithdraw(); });
     }
-    const QString name = m_service.name().isEmpty()
-                             ? QString::fromUtf8(avahi_client_get_host_name(m_client->client()))
-                             : withinLabel(m_service.name());
-    const QString domain = m_service.domain().isEmpty()
-                               ? QString::fromUtf8(avahi_client_get_domain_name(m_client->client()))
-                               : m_service.domain();
-    m_service.setPublished(name, domain);
-    int failure = addService();
-    while (failure == AVAHI_ERR_COLLISION) {
-        m_service.setPublished(alternativeTo(m_service.name()), domain);
-        failure = addService();
-    }
-    if (failure == AVAHI_OK) {
-        failure = avahi_entry_group_commit(m_group);
-    }
-    if (failure != AVAHI_OK) {
+}
+
+bool NetServicePublication::isSuccess(const QDBusMessage &reply) const {
+    const bool hasSucceeded = reply.type() == QDBusMessage::ReplyMessage;
+    if (!hasSucceeded) {
         qWarning().noquote() << QStringLiteral("The service “%1” cannot be announced: %2")
-                                    .arg(m_service.name(),
-                                         QString::fromUtf8(avahi_strerror(failure)));
+                                    .arg(m_service.name(), reply.errorMessage());
     }
-}
-
-int NetServicePublication::addService() {
-    return avahi_entry_group_add_service(
-        m_group, AVAHI_IF_UNSPEC, AVAHI_PROTO_UNSPEC, AvahiPublishFlags(0),
-        m_service.name().toUtf8().constData(), m_service.type().toUtf8().constData(),
-        m_service.domain().toUtf8().constData(), nullptr, m_service.port(), nullptr);
-}
-
-void NetServicePublication::groupChanged(AvahiEntryGroup * /*group*/, AvahiEntryGroupState state,
-                                         void *self) {
-    auto *publication = static_cast<NetServicePublication *>(self);
-    if (state == AVAHI_ENTRY_GROUP_ESTABLISHED) {
-        QMetaObject::invokeMethod(publication, &NetServicePublication::tell, Qt::QueuedConnection);
-    } else if (state == AVAHI_ENTRY_GROUP_COLLISION) {
-        QMetaObject::invokeMethod(publication, &NetServicePublication::rename,
-                                  Qt::QueuedConnection);
-    }
-}
-
-void NetServicePublication::rename() {
-    m_service.setPublished(alternativeTo(m_service.name()), m_service.domain());
-    announceOrWithdraw();
+    return hasSucceeded;
 }
 
 void NetServicePublication::tell() {

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <avahi-client/publish.h>
-
 #include <QtCore/QObject>
+#include <functional>
 #include <memory>
 
 class DiscoveryClient;
 class NetService;
+class QDBusMessage;
 
 /// The announcement of a NetService, which owns it. The service is announced whenever the daemon is
 /// available, under another name if its own is in use, and withdrawn when this object is destroyed.
@@ -15,28 +15,37 @@ class NetServicePublication : public QObject {
     Q_OBJECT
 public:
     /// `service` is not owned; it owns this object and must be owned by a std::shared_ptr.
-    /// Announces it, if the daemon is available, before it returns.
+    /// Begins to announce it, if the daemon is available, before it returns.
     explicit NetServicePublication(NetService &service);
     /// Withdraws the service. Pending notifications are dropped.
     ~NetServicePublication() override;
 
+private Q_SLOTS:
+    /// Signal of the daemon's entry group.
+    void changeState(int state);
+
 private:
-    /// Callback of Avahi's library. Results are delivered from the event loop.
-    static void groupChanged(AvahiEntryGroup *group, AvahiEntryGroupState state, void *self);
     /// Withdraws the service, and announces it if a host name is registered.
     void announceOrWithdraw();
-    /// Announces the service under the first name that is not used on this computer.
     void announce();
     void withdraw();
-    /// Returns the result of Avahi's library, AVAHI_OK on success.
-    int addService();
-    /// Announces the service under another name after a collision on the network.
-    void rename();
+    /// Adds the service to the daemon's entry group under the first name that is not used on this
+    /// computer.
+    void addService();
+    void commit();
+    /// Changes the name of the service to an alternative, and then calls `renamed`.
+    void rename(const std::function<void()> &renamed);
+    /// Returns whether `reply` is no error; logs it otherwise.
+    bool isSuccess(const QDBusMessage &reply) const;
     /// Notifies the delegate. May destroy this object.
     void tell();
 
     NetService &m_service;
     const std::shared_ptr<DiscoveryClient> m_client;
-    /// Null while the service is not announced.
-    AvahiEntryGroup *m_group = nullptr;
+    /// The daemon's object for the announcement; empty while the service is not announced.
+    QString m_group;
+    /// The context of the calls for the current announcement. Null while there is none.
+    std::unique_ptr<QObject> m_announcement;
+    /// The number of names of the current announcement that were in use.
+    int m_collisions = 0;
 };

@@ -1563,8 +1563,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Schlüsselbund ist gesperrt.</translation>
     </message>
     <message>
-        <source>The name “%1” cannot be looked up in the local network, because the service Avahi does not respond: %2. Start it and try again.</source>
-        <translation>Der Name „%1“ kann im lokalen Netz nicht gesucht werden, weil der Dienst Avahi nicht antwortet: %2. Starten Sie ihn, und versuchen Sie es noch einmal.</translation>
+        <source>The name “%1” cannot be looked up in the local network, because the service Avahi does not respond (%2). Start it and try again.</source>
+        <translation>Der Name „%1“ kann im lokalen Netz nicht gesucht werden, weil der Dienst Avahi nicht antwortet (%2). Starten Sie ihn, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>No computer of the local network has responded to the name “%1”. Check that the computer is on and in the same network.</source>

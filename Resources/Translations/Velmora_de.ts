@@ -657,10 +657,6 @@
         <source>There is no profile in the folder “%1”. State another one with --profile.</source>
         <translation>Im Ordner „%1“ ist kein Profil. Geben Sie mit --profile einen anderen an.</translation>
     </message>
-    <message>
-        <source>Nearby computers are out of reach: Qt runs without GLib.</source>
-        <translation>Computer in der Nähe sind nicht erreichbar: Qt läuft ohne GLib.</translation>
-    </message>
 </context>
 <context>
     <name>SynchronizationSummary</name>

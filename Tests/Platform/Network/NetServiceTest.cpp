@@ -1,7 +1,6 @@
-#include <avahi-client/lookup.h>
-#include <avahi-common/simple-watch.h>
-
 #include <QtCore/QPointer>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
 #include <thread>
 
 #include "Platform/Network/LocalHostName.h"
@@ -87,30 +86,23 @@ struct Published {
     std::shared_ptr<NetService> service;
 };
 
-void allForNow(AvahiServiceBrowser * /*browser*/, AvahiIfIndex /*interface*/,
-               AvahiProtocol /*protocol*/, AvahiBrowserEvent event, const char * /*name*/,
-               const char * /*type*/, const char * /*domain*/, AvahiLookupResultFlags /*flags*/,
-               void *poll) {
-    if (event == AVAHI_BROWSER_ALL_FOR_NOW) {
-        avahi_simple_poll_quit(static_cast<AvahiSimplePoll *>(poll));
-    }
-}
-
 /// Blocks, without running the event loop, until the daemon has sent another client everything it
 /// knows; what it sent to the other clients before is then waiting in their connections.
 void letTheDaemonSpeak() {
     std::thread other([] {
-        AvahiSimplePoll *poll = avahi_simple_poll_new();
-        AvahiClient *client = avahi_client_new(
-            avahi_simple_poll_get(poll), AvahiClientFlags(0), [](auto, auto, auto) {}, nullptr,
-            nullptr);
-        AvahiServiceBrowser *browser = avahi_service_browser_new(
-            client, AVAHI_IF_UNSPEC, AVAHI_PROTO_UNSPEC, Type.toUtf8().constData(), nullptr,
-            AvahiLookupFlags(0), &allForNow, poll);
-        avahi_simple_poll_loop(poll);
-        avahi_service_browser_free(browser);
-        avahi_client_free(client);
-        avahi_simple_poll_free(poll);
+        const QString name = QStringLiteral("other client");
+        const QString service = QStringLiteral("org.freedesktop.Avahi");
+        QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, name);
+        QEventLoop loop;
+        bus.connect(service, QString(), QStringLiteral("org.freedesktop.Avahi.ServiceBrowser"),
+                    QStringLiteral("AllForNow"), &loop, SLOT(quit()));
+        QDBusMessage request = QDBusMessage::createMethodCall(
+            service, QStringLiteral("/"), QStringLiteral("org.freedesktop.Avahi.Server"),
+            QStringLiteral("ServiceBrowserNew"));
+        request << -1 << -1 << Type << QString() << 0U;
+        bus.call(request);
+        loop.exec();
+        QDBusConnection::disconnectFromBus(name);
     });
     other.join();
 }
