@@ -217,9 +217,15 @@ Expected<void> SyncSession::verifyTransactions(BlobStore &store, const EngineFut
     const TransactionRecords records(store, subject().databaseUUID, future);
     while (!m_suspects.isEmpty() && !future.isCancelled() && verifySome(records, store)) {
     }
+    qint64 size = 0;
     for (const Suspect &damaged : std::as_const(m_damaged)) {
-        if (!future.isCancelled()) {
-            setAside(records, damaged);
+        if (future.isCancelled()) {
+            break;
+        }
+        if (size < BytesToSetAside) {
+            size += setAside(records, damaged);
+        } else {
+            addProblem(damagedRecord(records.place(damaged.name)));
         }
     }
     return future.isCancelled() ? failure(operationCancelled()) : reportMissing(records);
@@ -290,14 +296,14 @@ bool SyncSession::takeVerified(const Suspect &suspect, const Expected<void> &rec
     return false;
 }
 
-void SyncSession::setAside(const TransactionRecords &records, const Suspect &damaged) {
-    const Expected<QString> copy = records.setAside(damaged.name, damaged.written);
+qint64 SyncSession::setAside(const TransactionRecords &records, const Suspect &damaged) {
+    const Expected<TransactionRecords::Copy> copy = records.setAside(damaged.name, damaged.written);
     if (!copy) {
         // Another computer has set it aside.
         if (!isEngineError(copy.error(), EngineErrorCode::BlobMissing)) {
             addProblem(copy.error());
         }
-        return;
+        return 0;
     }
     const EngineErrorCode code =
         damaged.written ? EngineErrorCode::RecordRepaired : EngineErrorCode::DamagedRecord;
@@ -308,7 +314,8 @@ void SyncSession::setAside(const TransactionRecords &records, const Suspect &dam
                              : localizedSyncString(
                                    "The record “%1” was damaged and was moved to “%2”. Synchronize "
                                    "on the computer that wrote it to restore its contents.");
-    addProblem(engineError(code, text.arg(records.place(damaged.name), *copy)));
+    addProblem(engineError(code, text.arg(records.place(damaged.name), copy->place)));
+    return copy->size;
 }
 
 Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store, const EngineFuture &future) {

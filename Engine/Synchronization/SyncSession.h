@@ -40,8 +40,10 @@ public:
     static constexpr int RecordsToVerify = 8;
     /// The maximum size in bytes of these records together, in the mean over many sessions.
     static constexpr qint64 BytesToVerify = 2LL << 20;
-    /// The maximum number of records that one session moves; the others are only reported.
+    /// The maximum number of records that one session moves, and the number of bytes after which it
+    /// moves none; the others are only reported.
     static constexpr qsizetype RecordsToSetAside = 100;
+    static constexpr qint64 BytesToSetAside = 16LL << 20;
 
     /// See StoreSession. Reads and writes nothing yet.
     SyncSession(const ProfileDatabase &profile, EngineNoteLibrary &library, Subject subject,
@@ -122,7 +124,8 @@ private:
     bool verifySome(const TransactionRecords &records, const BlobStore &store);
     /// Takes the result of verifying a record; returns false if no further record must be read.
     bool takeVerified(const Suspect &suspect, const Expected<void> &record);
-    void setAside(const TransactionRecords &records, const Suspect &damaged);
+    /// Returns the size of the record, or 0 if it could not be set aside.
+    qint64 setAside(const TransactionRecords &records, const Suspect &damaged);
     /// Reports the missing records that are listed nevertheless. Those that were known are lost.
     Expected<void> reportMissing(const TransactionRecords &records);
     Expected<void> writeDatabaseRecord(BlobStore &store, const EngineFuture &future);

@@ -1,5 +1,7 @@
 #include "Engine/Synchronization/TransactionRecords.h"
 
+#include <QtCore/QCryptographicHash>
+
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Notes/TransactionName.h"
@@ -9,6 +11,10 @@ namespace {
 
 /// The number of copies of one damaged record that may themselves be damaged.
 constexpr int MostCopies = 4;
+
+QByteArray digestOf(const QByteArray &record) {
+    return QCryptographicHash::hash(record, QCryptographicHash::Sha256);
+}
 
 }  // namespace
 
@@ -85,18 +91,15 @@ std::vector<Expected<void>> TransactionRecords::verifyAll(const QStringList &nam
     });
 }
 
-Expected<QString> TransactionRecords::setAside(const QString &name,
-                                               const std::optional<Contents> &written) const {
-    const Expected<QByteArray> damaged = bytes(name);
-    if (!damaged) {
-        return failure(damaged.error());
-    }
-    const auto isDamaged = [&](const QByteArray &record) {
+Expected<TransactionRecords::Copy> TransactionRecords::setAside(
+    const QString &name, const std::optional<Contents> &written) const {
+    QByteArray digest;
+    const auto checkSame = [&](const QByteArray &record) -> Expected<void> {
         const Expected<Record> read = verified(record, name, written);
-        return !read && isEngineError(read.error(), EngineErrorCode::DamagedRecord);
-    };
-    const auto isSame = [&](const QByteArray &record) -> Expected<void> {
-        if (record == *damaged && isDamaged(record)) {
+        const bool isDamaged = !read && isEngineError(read.error(), EngineErrorCode::DamagedRecord);
+        const QByteArray digestNow = digestOf(record);
+        digest = digest.isEmpty() ? digestNow : digest;
+        if (isDamaged && digestNow == digest) {
             return {};
         }
         return failure(engineError(EngineErrorCode::DamagedRecord,
@@ -104,28 +107,38 @@ Expected<QString> TransactionRecords::setAside(const QString &name,
                                    "as it is. Check the disk or the server.",
                                    place(name)));
     };
-    return isSame(*damaged)
-        .and_then([&] { return copyOf(name, *damaged); })
-        .and_then([&](const QString &copy) {
-            // Another computer may be about to complete the record.
-            return bytes(name)
-                .and_then(isSame)
-                .and_then([&] { return m_store.remove(m_folder + u'/' + name, m_future); })
-                .map([&] { return place(copy); });
-        });
+    return copyOf(name, checkSame).and_then([&](const Copy &copy) {
+        // Another computer may be about to complete the record.
+        return bytes(name)
+            .and_then(checkSame)
+            .and_then([&] { return m_store.remove(m_folder + u'/' + name, m_future); })
+            .map([&] { return copy; });
+    });
 }
 
-Expected<QString> TransactionRecords::copyOf(const QString &name, const QByteArray &damaged) const {
+Expected<TransactionRecords::Copy> TransactionRecords::copyOf(const QString &name,
+                                                              const Check &check) const {
     for (int attempt = 0; attempt < MostCopies; ++attempt) {
-        const QString copy = TransactionName::ofDamaged(name, damaged, attempt);
-        const Expected<QByteArray> stored =
-            m_store.writeIfAbsent(m_folder + u'/' + copy, damaged, m_future)
-                .and_then([&](BlobStore::Written) { return bytes(copy); });
+        QString copy;
+        QByteArray digest;
+        qint64 size = 0;
+        const auto write = [&](const QByteArray &damaged) {
+            copy = TransactionName::ofDamaged(name, damaged, attempt);
+            digest = digestOf(damaged);
+            size = damaged.size();
+            return check(damaged).and_then(
+                [&] { return m_store.writeIfAbsent(m_folder + u'/' + copy, damaged, m_future); });
+        };
+        // The record is released before the copy is read, since each may be as large as one can be.
+        if (const auto written = bytes(name).and_then(write); !written) {
+            return failure(written.error());
+        }
+        const Expected<QByteArray> stored = bytes(copy);
         if (!stored) {
             return failure(stored.error());
         }
-        if (*stored == damaged) {
-            return copy;
+        if (digestOf(*stored) == digest) {
+            return Copy{place(copy), size};
         }
     }
     return failure(

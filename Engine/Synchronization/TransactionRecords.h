@@ -20,6 +20,14 @@ public:
         qint64 size = 0;
     };
 
+    /// The copy of a damaged record.
+    struct Copy {
+        /// The location as text for the user.
+        QString place;
+        /// In bytes.
+        qint64 size = 0;
+    };
+
     /// `store` and `future` are not owned and must outlive this object. Operations return an error
     /// of the code Cancelled soon after `future` is cancelled.
     TransactionRecords(BlobStore &store, const QString &databaseUUID, const EngineFuture &future);
@@ -47,11 +55,10 @@ public:
     std::vector<Expected<void>> verifyAll(const QStringList &names,
                                           const QList<Contents> &written) const;
     /// Moves the record `name`, of which `read` has returned that it is damaged, to a name that no
-    /// reader takes for a record. Copies it first and verifies the copy. Returns the location of
-    /// the copy as text for the user. Fails without an effect if the store now returns another
-    /// record; fails with the code BlobMissing if there is none any more.
-    Expected<QString> setAside(const QString &name,
-                               const std::optional<Contents> &written = {}) const;
+    /// reader takes for a record. Copies it first and verifies the copy. Fails without an effect if
+    /// the store now returns another record; fails with the code BlobMissing if there is none any
+    /// more.
+    Expected<Copy> setAside(const QString &name, const std::optional<Contents> &written = {}) const;
 
     /// Returns all names that the store lists now. A record that was missing when it was read, and
     /// is still among them, was not removed by another computer.
@@ -63,6 +70,9 @@ public:
     QString place(const QString &name) const;
 
 private:
+    /// Receives the contents of a record.
+    using Check = std::function<Expected<void>(const QByteArray &record)>;
+
     static constexpr qint64 UsualLimit = 4 * Transaction::UsualSize;
 
     Expected<QByteArray> bytes(const QString &name, qint64 limit = Transaction::SizeLimit) const;
@@ -75,9 +85,9 @@ private:
     Expected<Record> readWithin(qint64 limit, const QString &name,
                                 const std::optional<Contents> &written) const;
     Expected<void> verifyWithin(qint64 limit, const QString &name, const Contents &written) const;
-    /// Copies the contents of the damaged record `name`, and reads the copy back. Returns the
-    /// name of the copy, which may have existed. A copy that was only written in part is left.
-    Expected<QString> copyOf(const QString &name, const QByteArray &damaged) const;
+    /// Copies the damaged record `name`, for which `check` must succeed, and reads the copy back,
+    /// which may have existed. A copy that was only written in part is left.
+    Expected<Copy> copyOf(const QString &name, const Check &check) const;
     Expected<Record> verified(const QByteArray &record, const QString &name,
                               const std::optional<Contents> &written) const;
 
