@@ -148,20 +148,20 @@ Expected<void> WebDAVStore::open(const EngineFuture &future) {
 }
 
 Expected<QStringList> WebDAVStore::namesInPackage(const EngineFuture &future) {
-    const Expected<Response> answer = propertiesOfAll({}, future);
+    Expected<Response> answer = propertiesOfAll({}, future);
     if (answer && answer->status == HttpStatus::NotFound) {
         const Expected<void> made = makeFolder({}, future);
         return made ? Expected<QStringList>(QStringList()) : failure(made.error());
     }
-    return names({}, answer, future);
+    return names({}, std::move(answer), future);
 }
 
 Expected<QStringList> WebDAVStore::listFolder(const QString &folder, const EngineFuture &future) {
-    const Expected<Response> answer = propertiesOfAll(folder, future);
+    Expected<Response> answer = propertiesOfAll(folder, future);
     if (answer && answer->status == HttpStatus::NotFound) {
         return QStringList();
     }
-    return names(folder, answer, future);
+    return names(folder, std::move(answer), future);
 }
 
 Expected<std::optional<qint64>> WebDAVStore::sizeOfFolder(const QString &folder,
@@ -198,16 +198,17 @@ Expected<HttpClient::Response> WebDAVStore::propertiesOfAll(const QString &folde
                          future);
 }
 
-Expected<QStringList> WebDAVStore::names(const QString &folder, const Expected<Response> &answer,
+Expected<QStringList> WebDAVStore::names(const QString &folder, Expected<Response> answer,
                                          const EngineFuture &future) const {
     if (!answer) {
         return failure(answer.error());
     }
-    const auto &response = *answer;
-    if (response.status != HttpStatus::MultiStatus) {
-        return failure(httpError(response, folder));
+    if (answer->status != HttpStatus::MultiStatus) {
+        return failure(httpError(*answer, folder));
     }
-    const auto listing = WebDAVMultiStatus::parse(response.body, future);
+    auto listing = WebDAVMultiStatus::parse(answer->body, future);
+    // Each is large, and is not needed any more when the next one is made.
+    answer->body.clear();
     if (!listing) {
         return failure(future.isCancelled() ? operationCancelled() : notUnderstood());
     }
@@ -215,12 +216,12 @@ Expected<QStringList> WebDAVStore::names(const QString &folder, const Expected<R
     const QStringList above = decodedParts(folderItself);
     QStringList names;
     bool hasFolderItself = false;
-    for (const WebDAVMultiStatus::Resource &resource : listing->resources) {
+    for (WebDAVMultiStatus::Resource &resource : listing->resources) {
         if (future.isCancelled()) {
             return failure(operationCancelled());
         }
-        const QStringList parts =
-            decodedParts(folderItself.resolved(QUrl::fromEncoded(resource.href.toUtf8())));
+        const QStringList parts = decodedParts(
+            folderItself.resolved(QUrl::fromEncoded(std::exchange(resource.href, {}).toUtf8())));
         const bool isBelow =
             parts.size() <= above.size() + 1 && parts.mid(0, above.size()) == above;
         if (!isBelow || (parts == above && resource.isFailed)) {
