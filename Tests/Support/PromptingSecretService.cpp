@@ -2,14 +2,10 @@
 
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusConnectionInterface>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusMetaType>
 #include <QtDBus/QDBusObjectPath>
 #include <QtDBus/QDBusVariant>
-#include <future>
-#include <memory>
-#include <stdexcept>
 
 namespace {
 
@@ -18,7 +14,6 @@ const QString LockedItemPath = QStringLiteral("/org/freedesktop/secrets/collecti
 const QString OpenItemPath = QStringLiteral("/org/freedesktop/secrets/collection/only/open");
 const QString PromptPath = QStringLiteral("/org/freedesktop/secrets/prompt/1");
 const QString NoPath = QStringLiteral("/");
-const QString ConnectionName = QStringLiteral("PromptingSecretService");
 
 QVariant paths(const QStringList &texts) {
     QList<QDBusObjectPath> result;
@@ -44,38 +39,14 @@ QVariantMap itemProperties(bool isLocked) {
 }  // namespace
 
 PromptingSecretService::PromptingSecretService(const QString &busAddress, Person person)
-    : m_busAddress(busAddress), m_person(person) {
+    : BusService(busAddress, QStringLiteral("org.freedesktop.secrets"), ServicePath),
+      m_person(person) {
     qDBusRegisterMetaType<QMap<QString, QString>>();
-    moveToThread(&m_thread);
-    m_thread.start();
-    callOnThread([this] { registerOnBus(); });
-    if (!QDBusConnection(ConnectionName)
-             .interface()
-             ->isServiceRegistered(QStringLiteral("org.freedesktop.secrets"))) {
-        throw std::runtime_error("no Secret Service can be put on the bus");
-    }
+    enterBus();
 }
 
 PromptingSecretService::~PromptingSecretService() {
-    callOnThread([] { QDBusConnection(ConnectionName).unregisterObject(ServicePath); });
-    QDBusConnection::disconnectFromBus(ConnectionName);
-    m_thread.quit();
-    m_thread.wait();
-}
-
-void PromptingSecretService::callOnThread(const std::function<void()> &call) {
-    const auto done = std::make_shared<std::promise<void>>();
-    m_calls.post([&call, done] {
-        call();
-        done->set_value();
-    });
-    done->get_future().wait();
-}
-
-void PromptingSecretService::registerOnBus() {
-    QDBusConnection bus = QDBusConnection::connectToBus(m_busAddress, ConnectionName);
-    bus.registerVirtualObject(ServicePath, this, QDBusConnection::SubPath);
-    bus.registerService(QStringLiteral("org.freedesktop.secrets"));
+    leaveBus();
 }
 
 QString PromptingSecretService::firstAlgorithm() const {
@@ -134,9 +105,5 @@ QVariantList PromptingSecretService::answer(const QDBusMessage &message) {
     if (member == QLatin1StringView("GetAll")) {
         return {itemProperties(message.path() != OpenItemPath)};
     }
-    return {};
-}
-
-QString PromptingSecretService::introspect(const QString & /*path*/) const {
     return {};
 }

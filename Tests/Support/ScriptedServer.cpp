@@ -11,6 +11,8 @@ namespace {
 /// How often a waiting server looks whether the test is over.
 constexpr int LookInterval = 20;
 
+constexpr qsizetype PieceOfBody = 1 << 20;
+
 qsizetype contentLength(const QByteArray &headers) {
     for (const QByteArray &line : headers.split('\n')) {
         if (line.toLower().startsWith("content-length:")) {
@@ -62,7 +64,11 @@ void ScriptedServer::Connection::send(const QByteArray &bytes) {
 void ScriptedServer::Connection::answer(const QByteArray &statusAndHeaders,
                                         const QByteArray &body) {
     send("HTTP/1.1 " + statusAndHeaders + "\r\nContent-Length: " + QByteArray::number(body.size()) +
-         "\r\n\r\n" + body);
+         "\r\n\r\n");
+    // So that the socket copies little of it at a time.
+    for (qsizetype sent = 0; sent < body.size(); sent += PieceOfBody) {
+        send(body.mid(sent, PieceOfBody));
+    }
 }
 
 void ScriptedServer::Connection::waitUntilClosed() {

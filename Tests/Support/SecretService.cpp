@@ -3,7 +3,6 @@
 #include <sys/prctl.h>
 
 #include <QtCore/QDir>
-#include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnectionInterface>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusMetaType>
@@ -12,29 +11,9 @@
 #include <csignal>
 #include <stdexcept>
 
+#include "Support/DBusSecret.h"
+
 namespace {
-
-/// The service's "Secret" structure, (oayays).
-struct DBusSecret {
-    QDBusObjectPath session = {};
-    QByteArray parameters = {};
-    QByteArray value = {};
-    QString contentType = {};
-};
-
-QDBusArgument &operator<<(QDBusArgument &argument, const DBusSecret &secret) {
-    argument.beginStructure();
-    argument << secret.session << secret.parameters << secret.value << secret.contentType;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, DBusSecret &secret) {
-    argument.beginStructure();
-    argument >> secret.session >> secret.parameters >> secret.value >> secret.contentType;
-    argument.endStructure();
-    return argument;
-}
 
 const QString ServicePath = QStringLiteral("/org/freedesktop/secrets");
 const QString DefaultCollectionPath = QStringLiteral("/org/freedesktop/secrets/aliases/default");
@@ -50,80 +29,37 @@ QDBusMessage methodCall(const QString &path, const QString &interface, const QSt
     return message;
 }
 
-void start(QProcess &process, const QString &program, const QStringList &arguments) {
-    // Whatever becomes of the test, nothing of it stays.
-    process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
-    process.start(program, arguments);
-    if (!process.waitForStarted()) {
-        throw std::runtime_error(program.toStdString() + " cannot be started; is it installed?");
-    }
-}
-
-void kill(QProcess &process) {
-    process.kill();
-    process.waitForFinished();
-}
-
 }  // namespace
-
-Q_DECLARE_METATYPE(DBusSecret)
 
 SecretService::SecretService() : m_addressBefore(qgetenv("DBUS_SESSION_BUS_ADDRESS")) {
     qDBusRegisterMetaType<DBusSecret>();
     qDBusRegisterMetaType<Attributes>();
-    m_busAddress = QStringLiteral("unix:path=%1").arg(m_directory.filePath(QStringLiteral("bus")));
     for (const char *folder : {"run", "data", "config", "cache"}) {
         QDir(m_directory.path()).mkdir(QLatin1StringView(folder));
     }
     QFile::setPermissions(m_directory.filePath(QStringLiteral("run")),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    startBus();
     startKeyring();
-    qputenv("DBUS_SESSION_BUS_ADDRESS", m_busAddress.toUtf8());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", busAddress().toUtf8());
 }
 
 SecretService::~SecretService() {
     qputenv("DBUS_SESSION_BUS_ADDRESS", m_addressBefore);
     stopKeyring();
-    stopBus();
 }
 
 void SecretService::startBus() {
-    // Nothing is started by name, a desktop's password dialog for example.
-    QFile configuration(m_directory.filePath(QStringLiteral("bus.conf")));
-    if (!configuration.open(QIODevice::WriteOnly)) {
-        throw std::runtime_error("the bus cannot be configured");
-    }
-    configuration.write(
-        QStringLiteral("<busconfig><type>session</type><listen>%1</listen>"
-                       "<auth>EXTERNAL</auth><policy context=\"default\">"
-                       "<allow send_destination=\"*\"/><allow receive_sender=\"*\"/>"
-                       "<allow own=\"*\"/>"
-                       "</policy></busconfig>")
-            .arg(m_busAddress)
-            .toUtf8());
-    configuration.close();
-    start(m_bus, QStringLiteral("dbus-daemon"),
-          {QStringLiteral("--config-file=") + configuration.fileName(), QStringLiteral("--nofork"),
-           QStringLiteral("--nopidfile"), QStringLiteral("--print-address")});
-    if (!m_bus.waitForReadyRead()) {
-        throw std::runtime_error("dbus-daemon does not begin to listen");
-    }
-    if (!QDBusConnection::connectToBus(m_busAddress, m_busAddress).isConnected()) {
-        throw std::runtime_error("the bus cannot be reached");
-    }
+    m_bus.start();
 }
 
 void SecretService::stopBus() {
-    QDBusConnection::disconnectFromBus(m_busAddress);
-    kill(m_bus);
-    kill(m_keyring);
-    QFile::remove(m_directory.filePath(QStringLiteral("bus")));
+    m_bus.stop();
+    stopKeyring();
 }
 
 void SecretService::startKeyring(const QByteArray &password) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_busAddress);
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress());
     environment.insert(QStringLiteral("HOME"), m_directory.path());
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"),
                        m_directory.filePath(QStringLiteral("run")));
@@ -137,22 +73,29 @@ void SecretService::startKeyring(const QByteArray &password) {
     environment.remove(QStringLiteral("DISPLAY"));
     environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
     m_keyring.setProcessEnvironment(environment);
-    start(m_keyring, QStringLiteral("gnome-keyring-daemon"),
-          {QStringLiteral("--foreground"), QStringLiteral("--unlock"),
-           QStringLiteral("--components=secrets")});
+    // Whatever becomes of the test, nothing of it stays.
+    m_keyring.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    m_keyring.start(QStringLiteral("gnome-keyring-daemon"),
+                    {QStringLiteral("--foreground"), QStringLiteral("--unlock"),
+                     QStringLiteral("--components=secrets")});
+    if (!m_keyring.waitForStarted()) {
+        throw std::runtime_error("gnome-keyring-daemon cannot be started; is it installed?");
+    }
     m_keyring.write(password);
     m_keyring.closeWriteChannel();
     // The daemon takes its name before it can be called.
     const QDBusMessage request = methodCall(
         ServicePath, ServiceInterface, QStringLiteral("ReadAlias"), {QStringLiteral("default")});
-    if (!QTest::qWaitFor(
-            [&] { return bus().call(request).type() == QDBusMessage::ReplyMessage; })) {
+    if (!QTest::qWaitFor([&] {
+            return m_bus.connection().call(request).type() == QDBusMessage::ReplyMessage;
+        })) {
         throw std::runtime_error("gnome-keyring-daemon does not come onto the bus");
     }
 }
 
 void SecretService::stopKeyring() {
-    kill(m_keyring);
+    m_keyring.kill();
+    m_keyring.waitForFinished();
 }
 
 void SecretService::freezeKeyring() {
@@ -195,13 +138,10 @@ qsizetype SecretService::count(const QMap<QString, QString> &attributes) const {
     return count;
 }
 
-QDBusConnection SecretService::bus() const {
-    return QDBusConnection(m_busAddress);
-}
-
 QDBusMessage SecretService::call(const QString &path, const QString &interface,
                                  const QString &method, const QVariantList &arguments) const {
-    const QDBusMessage reply = bus().call(methodCall(path, interface, method, arguments));
+    const QDBusMessage reply =
+        m_bus.connection().call(methodCall(path, interface, method, arguments));
     if (reply.type() == QDBusMessage::ErrorMessage) {
         throw std::runtime_error(reply.errorMessage().toStdString());
     }

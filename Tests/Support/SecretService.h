@@ -3,7 +3,9 @@
 #include <QtCore/QMap>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
-#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+
+#include "Support/PrivateBus.h"
 
 /// A private session bus with a private GNOME Keyring, in a temporary folder. While it exists, the
 /// bus is this process's session bus. Otherwise test programs have none, so that they cannot reach
@@ -33,16 +35,14 @@ public:
     /// Returns the number of items with all of `attributes`, including locked ones.
     qsizetype count(const QMap<QString, QString> &attributes) const;
 
-    QString busAddress() const { return m_busAddress; }
+    QString busAddress() const { return m_bus.address(); }
 
 private:
-    QDBusConnection bus() const;
     QDBusMessage call(const QString &path, const QString &interface, const QString &method,
                       const QVariantList &arguments) const;
 
     QTemporaryDir m_directory;
     QByteArray m_addressBefore;
-    QString m_busAddress;
-    QProcess m_bus;
+    PrivateBus m_bus;
     QProcess m_keyring;
 };

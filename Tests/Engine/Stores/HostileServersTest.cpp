@@ -1,3 +1,7 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <filesystem>
 #include <future>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
@@ -5,10 +9,22 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
+#include "Engine/Synchronization/TransactionRecords.h"
+#include "Host/InboxUUID.h"
+#include "Host/SyncStoreLayout.h"
 #include "Platform/Foundation/UserDefaults.h"
+#include "Platform/Network/LocalHostName.h"
+#include "Platform/Network/NetService.h"
+#include "Platform/Network/NetServiceBrowser.h"
+#include "Platform/Network/NetServiceBrowserDelegate.h"
+#include "Platform/Network/NetServiceDelegate.h"
+#include "Platform/Security/SecretStore.h"
 #include "Support/DirectConnectionPeer.h"
 #include "Support/Failure.h"
+#include "Support/HostileDiscoveryDaemon.h"
+#include "Support/HostileSecretService.h"
 #include "Support/PeakMemory.h"
+#include "Support/PrivateBus.h"
 #include "Support/ScriptedServer.h"
 #include "Support/StallMeter.h"
 #include "Support/TestHost.h"
@@ -22,6 +38,8 @@ using Connection = ScriptedServer::Connection;
 /// Megabytes that a server may cause to be allocated, and milliseconds that the main thread may
 /// not respond. Generous for a sanitized build.
 constexpr qint64 LargestGrowth = 100;
+/// Megabytes that the names of a listing at its limits and the server's copy of it take.
+constexpr qint64 NamesOfListing = 0;
 constexpr qint64 HostileStall = 1000;
 
 const QString HostileAccount = QStringLiteral("kim@example.org");
@@ -77,9 +95,40 @@ QByteArray bomb(const QByteArray &item, qsizetype count) {
     return framed("\xa1\x65names\x9f" + item.repeated(count) + '\xff');
 }
 
+/// Counts the services that a browser finds and loses.
+class FoundServices : public NetServiceBrowserDelegate {
+public:
+    void netServiceBrowserDidFindServiceMoreComing(NetServiceBrowser * /*browser*/,
+                                                   const std::shared_ptr<NetService> & /*service*/,
+                                                   bool /*moreComing*/) override {
+        ++found;
+    }
+    void netServiceBrowserDidRemoveServiceMoreComing(
+        NetServiceBrowser * /*browser*/, const std::shared_ptr<NetService> & /*service*/,
+        bool /*moreComing*/) override {
+        ++lost;
+    }
+
+    int found = 0;
+    int lost = 0;
+};
+
+/// Counts the attempts to resolve a service that have failed.
+class FailedResolutions : public NetServiceDelegate {
+public:
+    void netServiceDidNotResolve(const std::shared_ptr<NetService> & /*service*/) override {
+        ++count;
+    }
+
+    int count = 0;
+};
+
+const QString ServiceType = QStringLiteral("_velmora-test._tcp");
+
 }  // namespace
 
-/// Servers that fail or attack, each in its own way: what they cost is bounded. Prints a table.
+/// Servers, stores, services and daemons that fail or attack, each in its own way: what they cost
+/// is bounded. Prints a table.
 class HostileServersTest : public QObject {
     Q_OBJECT
 
@@ -90,7 +139,44 @@ class HostileServersTest : public QObject {
     std::unique_ptr<ScriptedServer> m_server;
     std::unique_ptr<DirectConnectionPeer> m_peer;
     QTemporaryDir m_folder;
+    /// The folder that was filled with records.
+    QString m_filled;
+    /// The system bus, of which libraries look up the address once.
+    std::unique_ptr<PrivateBus> m_bus;
     QStringList m_table;
+
+    /// Measures what `begin` starts, until the function that it returns returns true, and adds a
+    /// row to the table. `kept` is the number of megabytes that it may take besides.
+    void measure(const std::function<std::function<bool()>()> &begin, int deadline,
+                 qint64 kept = 0) {
+        const PeakMemory memory;
+        StallMeter meter;
+        QElapsedTimer time;
+        time.start();
+        const bool isInTime = QTest::qWaitFor(begin(), deadline);
+        const qint64 growth = memory.growth();
+        m_table.append(QStringLiteral("| %1 | %2 | %3 | %4 |")
+                           .arg(QString::fromUtf8(QTest::currentDataTag()))
+                           .arg(growth)
+                           .arg(meter.longest())
+                           .arg(time.elapsed()));
+        QVERIFY2(isInTime, qPrintable(m_table.last()));
+        QVERIFY2(growth >= 0 && growth <= LargestGrowth + kept, qPrintable(m_table.last()));
+        QVERIFY2(meter.longest() <= HostileStall, qPrintable(m_table.last()));
+    }
+    /// Measures `work` on a worker thread, and returns its result.
+    template <class Work>
+    auto measureOnThread(const Work &work, int deadline, qint64 kept = 0) {
+        std::future<decltype(work())> result;
+        const auto begin = [&]() -> std::function<bool()> {
+            result = std::async(std::launch::async, work);
+            return [&] {
+                return result.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+            };
+        };
+        measure(begin, deadline, kept);
+        return result;
+    }
 
     Visit webDAV(ScriptedServer::Script script) {
         m_server = std::make_unique<ScriptedServer>(std::move(script));
@@ -98,6 +184,15 @@ class HostileServersTest : public QObject {
             m_host->newLocation(Url::fromString(m_server->URLText(QStringLiteral("a.qvSyncStore"))))
                 ->createBlobStore();
         return [store](EngineFuture &future) { return code(store->open(future)); };
+    }
+    Visit webDAVListing(ScriptedServer::Script script) {
+        m_server = std::make_unique<ScriptedServer>(std::move(script));
+        const auto store =
+            m_host->newLocation(Url::fromString(m_server->URLText(QStringLiteral("a.qvSyncStore"))))
+                ->createBlobStore();
+        return [store](EngineFuture &future) {
+            return code(store->list(QStringLiteral("x"), future));
+        };
     }
     /// The store of a server with short deadlines.
     std::shared_ptr<BlobStore> impatientStore(ScriptedServer::Script script,
@@ -155,7 +250,8 @@ class HostileServersTest : public QObject {
     Visit visit(const QString &name) {
         constexpr qsizetype limit = DirectConnectionMessage::Limit;
         constexpr qsizetype strangersLimit = DirectConnectionMessage::LimitBeforeAuthorization;
-        const QByteArray response = "<D:response><D:href>/a.qvSyncStore/x</D:href></D:response>";
+        const QByteArray response = "<D:response><D:href>/a.qvSyncStore/x/x</D:href></D:response>";
+        const QByteArray operations = "{\"version\":1,\"operations\":[";
         const QHash<QString, std::function<Visit()>> visits{
             {QStringLiteral("WebDAV: endless body of a challenge"),
              [&] {
@@ -185,6 +281,26 @@ class HostileServersTest : public QObject {
                      multiStatusAround(
                          QByteArray(response).replace("a.qv", "b.qv").repeated(50'000))));
              }},
+            {QStringLiteral("WebDAV: listing at its limits"),
+             [&] {
+                 QByteArray body = response;
+                 body.replace("/x<", "/<")
+                     .replace("</D:href>",
+                              "</D:href><D:propstat><D:prop><D:resourcetype><D:collection/>"
+                              "</D:resourcetype></D:prop></D:propstat>");
+                 for (int i = 0; i < 100'000; ++i) {
+                     body += QByteArray(response).replace(
+                         "/x<", '/' + QByteArray::number(i).rightJustified(100, 'x') + '<');
+                     body += QByteArray(170, ' ');
+                 }
+                 return webDAVListing(alikeForAll("207 Multi-Status", multiStatusAround(body)));
+             }},
+            {QStringLiteral("Record: 64 MiB of lists"),
+             [&] { return record(operations, "[0],", Transaction::SizeLimit); }},
+            {QStringLiteral("Record: lists of the largest cost"),
+             [&] { return record(operations, "[0],", 1'450'000); }},
+            {QStringLiteral("Folder: 200,001 files, some in another encoding"),
+             [&] { return folderOf(BlobStore::MostNames + 1); }},
             {QStringLiteral("WebDAV: silence (deadlines of 1 s and 3 s)"),
              [&] {
                  return impatient([](Connection &connection) { connection.waitUntilClosed(); });
@@ -247,14 +363,62 @@ class HostileServersTest : public QObject {
         return visits.value(name)();
     }
 
+    /// Creates a store in a folder and fills the folder of its transactions by `fill`.
+    std::shared_ptr<QVSyncLocation> folder(const std::function<void(const QString &)> &fill) {
+        const auto location = m_host->addLocation();
+        m_filled = location->URL().path() + QStringLiteral("/transactions/@inbox/");
+        QDir().mkpath(m_filled);
+        fill(m_filled);
+        return location;
+    }
+    static std::shared_ptr<BlobStore> storeOf(const std::shared_ptr<QVSyncLocation> &location) {
+        return std::dynamic_pointer_cast<EngineSyncLocation>(location)->createBlobStore();
+    }
+    Visit record(const QByteArray &start, const QByteArray &item, qint64 size) {
+        const QString name = newRecordName();
+        const auto store = storeOf(folder([&](const QString &path) {
+            QFile file(path + name);
+            file.open(QIODevice::WriteOnly);
+            file.write(start);
+            for (const QByteArray many = item.repeated(10'000); file.pos() + many.size() <= size;) {
+                file.write(many);
+            }
+        }));
+        return [store, name](EngineFuture &future) {
+            return code(TransactionRecords(*store, InboxUUID, future).read(name));
+        };
+    }
+    Visit folderOf(qsizetype count) {
+        const auto store = storeOf(folder([&](const QString &path) {
+            for (qsizetype i = 0; i < count; ++i) {
+                const QByteArray name =
+                    path.toUtf8() + (i % 2 == 0 ? "file" : "\xff") + QByteArray::number(i);
+                close(creat(name.constData(), 0600));
+            }
+        }));
+        return [store](EngineFuture &future) {
+            return code(store->list(QStringLiteral("transactions/@inbox"), future));
+        };
+    }
+    static QString newRecordName() {
+        return QUuid::createUuid().toString(QUuid::WithoutBraces) + SyncStoreLayout::RecordEnding;
+    }
+
 private Q_SLOTS:
+    void initTestCase() {
+        m_bus = std::make_unique<PrivateBus>();
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", m_bus->address().toUtf8());
+    }
     void init() { m_host = std::make_unique<TestHost>(); }
     void cleanup() {
         m_server.reset();
         m_peer.reset();
+        // Qt does not remove files with names in another encoding.
+        std::filesystem::remove_all(std::exchange(m_filled, {}).toStdString());
         m_host.reset();
     }
     void cleanupTestCase() {
+        m_bus.reset();
         std::puts(
             "| server | memory, MB | longest stall, ms | gives up after, ms |\n|---|--:|--:|--:|");
         for (const QString &line : std::as_const(m_table)) {
@@ -273,6 +437,11 @@ private Q_SLOTS:
         QTest::newRow("WebDAV: redirects without end") << Code::StoreUnreachable << 5000;
         QTest::newRow("WebDAV: 200,000 attributes") << Code::StoreUnreachable << 5000;
         QTest::newRow("WebDAV: 50,000 responses of another folder")
+            << Code::StoreUnreachable << 20000;
+        QTest::newRow("WebDAV: listing at its limits") << Code() << 30000;
+        QTest::newRow("Record: 64 MiB of lists") << Code::BlobRefused << 20000;
+        QTest::newRow("Record: lists of the largest cost") << Code::DamagedRecord << 20000;
+        QTest::newRow("Folder: 200,001 files, some in another encoding")
             << Code::StoreUnreachable << 20000;
         QTest::newRow("WebDAV: silence (deadlines of 1 s and 3 s)")
             << Code::StoreUnreachable << 5000;
@@ -299,27 +468,189 @@ private Q_SLOTS:
         const QString name = QString::fromUtf8(QTest::currentDataTag());
         const Visit visitServer = visit(name);
         EngineFuture future;
-        const PeakMemory memory;
-        StallMeter meter;
-        QElapsedTimer time;
-        time.start();
-        std::future<EngineErrorCode> result =
-            std::async(std::launch::async, [&] { return visitServer(future); });
-        const bool isInTime = QTest::qWaitFor(
-            [&] { return result.wait_for(std::chrono::seconds(0)) == std::future_status::ready; },
-            deadline);
+        const qint64 kept = name.endsWith(QStringLiteral("at its limits")) ? NamesOfListing : 0;
+        auto result = measureOnThread([&] { return visitServer(future); }, deadline, kept);
         future.cancel();
-        const EngineErrorCode error = result.get();
-        const qint64 growth = memory.growth();
-        m_table.append(QStringLiteral("| %1 | %2 | %3 | %4 |")
-                           .arg(name)
-                           .arg(growth)
-                           .arg(meter.longest())
-                           .arg(time.elapsed()));
-        QVERIFY2(isInTime, qPrintable(m_table.last()));
-        QCOMPARE(error, expected);
-        QVERIFY2(growth >= 0 && growth <= LargestGrowth, qPrintable(m_table.last()));
-        QVERIFY2(meter.longest() <= HostileStall, qPrintable(m_table.last()));
+        QCOMPARE(result.get(), expected);
+    }
+
+    void damagedRecordsAreSetAsideInBounds_data() {
+        QTest::addColumn<int>("records");
+        QTest::newRow("Folder: 30 damaged records, one of 32 MiB") << 30;
+    }
+    void damagedRecordsAreSetAsideInBounds() {
+        QFETCH(const int, records);
+        const auto location = folder([&](const QString &path) {
+            for (int i = 0; i < records; ++i) {
+                // The first one is the large one.
+                QFile file(path + QStringLiteral("%1-0000-4000-8000-000000000000.json")
+                                      .arg(i, 8, 10, QLatin1Char('0')));
+                QVERIFY(file.open(QIODevice::WriteOnly));
+                QVERIFY(file.resize(i == 0 ? 32 << 20 : 1 << 19));
+            }
+        });
+        const auto state = m_host->addState(location, m_host->inbox());
+        state->setEnabled(true);
+        m_host->save();
+        const auto synchronize = [&]() -> std::function<bool()> {
+            const auto isDone = std::make_shared<bool>(false);
+            m_host->engine()
+                .plugin()
+                .dispatcher()
+                ->performSynchronizationsWithSynchronizationStates({state},
+                                                                   [isDone] { *isDone = true; });
+            return [isDone] { return *isDone; };
+        };
+        measure(synchronize, 60000);
+        const QStringList aside = QDir(m_filled).entryList({QStringLiteral("*.damaged-*")});
+        QCOMPARE(aside.size(), 1);
+        const QStringList left = QDir(m_filled).entryList({QStringLiteral("*.json")});
+        QCOMPARE(left.size(), records - 1);
+    }
+
+    void everyPasswordServiceIsGivenUp_data() {
+        using Attack = HostileSecretService::Attack;
+        QTest::addColumn<Attack>("attack");
+        QTest::newRow("Secret Service: no reply (deadline of 1 s)") << Attack::Silence;
+        QTest::newRow("Secret Service: 1,000 items (deadline of 1 s)") << Attack::ManyItems;
+        QTest::newRow("Secret Service: huge secrets") << Attack::GiantSecrets;
+        QTest::newRow("Secret Service: huge attributes") << Attack::GiantAttributes;
+        QTest::newRow("Secret Service: searches of other types") << Attack::TypesOfSearches;
+        QTest::newRow("Secret Service: properties of other types") << Attack::TypesOfProperties;
+        QTest::newRow("Secret Service: secrets of other types") << Attack::TypesOfSecrets;
+        QTest::newRow("Secret Service: leaves the bus") << Attack::Disappearance;
+    }
+    void everyPasswordServiceIsGivenUp() {
+        QFETCH(const HostileSecretService::Attack, attack);
+        const QByteArray before = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+        const PrivateBus bus;
+        qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+        const HostileSecretService service(bus.address(), attack);
+        SecretStore store(std::chrono::seconds(1));
+        auto isFound = measureOnThread(
+            [&] {
+                return store.find({{"name", "one"}}).has_value();
+            },
+            5000);
+        qputenv("DBUS_SESSION_BUS_ADDRESS", before);
+        QVERIFY(!isFound.get());
+    }
+
+    void everyHostNameIsGivenUp_data() {
+        using Attack = HostileDiscoveryDaemon::Attack;
+        using Code = LocalHostName::ErrorCode;
+        QTest::addColumn<Attack>("attack");
+        QTest::addColumn<Code>("expected");
+        QTest::newRow("Avahi: host name, no reply (deadline of 1 s)")
+            << Attack::Silence << Code::NoService;
+        QTest::newRow("Avahi: host name, huge address") << Attack::GiantReplies << Code::NotFound;
+        QTest::newRow("Avahi: host name, other types") << Attack::Types << Code::NotFound;
+    }
+    void everyHostNameIsGivenUp() {
+        QFETCH(const HostileDiscoveryDaemon::Attack, attack);
+        QFETCH(const LocalHostName::ErrorCode, expected);
+        const HostileDiscoveryDaemon daemon(m_bus->address(), attack);
+        auto address = measureOnThread(
+            [] {
+                return LocalHostName::address(QStringLiteral("host.local"),
+                                              std::chrono::seconds(1));
+            },
+            3000);
+        const Expected<QString> result = address.get();
+        QVERIFY(!result);
+        QCOMPARE(result.error().code, static_cast<int>(expected));
+    }
+
+    void browsingIsBounded_data() {
+        using Attack = HostileDiscoveryDaemon::Attack;
+        QTest::addColumn<Attack>("attack");
+        QTest::addColumn<int>("found");
+        QTest::addColumn<int>("lost");
+        QTest::newRow("Avahi: search, no reply") << Attack::Silence << 0 << 0;
+        QTest::newRow("Avahi: search, 20,000 services")
+            << Attack::ManyServices << static_cast<int>(NetServiceBrowser::MostServices) << 1;
+        QTest::newRow("Avahi: search, huge names") << Attack::GiantNames << 1 << 1;
+        QTest::newRow("Avahi: search, leaves the bus") << Attack::Disappearance << 1 << 1;
+        QTest::newRow("Avahi: search, other types") << Attack::Types << 1 << 1;
+    }
+    void browsingIsBounded() {
+        QFETCH(const HostileDiscoveryDaemon::Attack, attack);
+        QFETCH(const int, found);
+        QFETCH(const int, lost);
+        const HostileDiscoveryDaemon daemon(m_bus->address(), attack);
+        FoundServices services;
+        std::unique_ptr<NetServiceBrowser> browser;
+        const auto browse = [&]() -> std::function<bool()> {
+            browser = std::make_unique<NetServiceBrowser>();
+            browser->setDelegate(&services);
+            browser->searchForServicesOfTypeInDomain(ServiceType, QString());
+            return [&] {
+                const bool isDone = daemon.countOfMessages() > 0 && services.lost >= lost;
+                if (isDone) {
+                    browser.reset();
+                }
+                return isDone;
+            };
+        };
+        measure(browse, 20000);
+        QCOMPARE(services.found, found);
+        QCOMPARE(services.lost, lost);
+    }
+
+    void resolvingIsBounded_data() {
+        using Attack = HostileDiscoveryDaemon::Attack;
+        QTest::addColumn<Attack>("attack");
+        QTest::newRow("Avahi: service, no reply (deadline of 1 s)") << Attack::Silence;
+        QTest::newRow("Avahi: service, huge names") << Attack::GiantReplies;
+        QTest::newRow("Avahi: service, other types") << Attack::Types;
+        QTest::newRow("Avahi: service, leaves the bus (deadline of 1 s)") << Attack::Disappearance;
+    }
+    void resolvingIsBounded() {
+        QFETCH(const HostileDiscoveryDaemon::Attack, attack);
+        const HostileDiscoveryDaemon daemon(m_bus->address(), attack);
+        FailedResolutions failures;
+        const auto service =
+            std::make_shared<NetService>(QString(), ServiceType, QStringLiteral("A"));
+        service->setDelegate(&failures);
+        const auto resolve = [&]() -> std::function<bool()> {
+            service->resolveWithTimeout(1.0);
+            return [&] { return failures.count > 0; };
+        };
+        measure(resolve, 5000);
+        QCOMPARE(service->hostName(), QString());
+        service->setDelegate(nullptr);
+    }
+
+    void announcingIsBounded_data() {
+        using Attack = HostileDiscoveryDaemon::Attack;
+        QTest::addColumn<Attack>("attack");
+        QTest::addColumn<int>("messages");
+        QTest::newRow("Avahi: announcement, no reply") << Attack::Silence << 1;
+        // Four questions, a new group, 101 attempts, 100 other names, and the end of the group.
+        QTest::newRow("Avahi: announcement, every name is in use") << Attack::Collisions << 207;
+        // Four questions, a new group, the service, the commitment, and the end of the group.
+        QTest::newRow("Avahi: announcement, huge names") << Attack::GiantReplies << 8;
+    }
+    void announcingIsBounded() {
+        QFETCH(const HostileDiscoveryDaemon::Attack, attack);
+        QFETCH(const int, messages);
+        const HostileDiscoveryDaemon daemon(m_bus->address(), attack);
+        auto service = std::make_shared<NetService>(QString(), ServiceType, QString(), 1);
+        const bool hasGroup = attack != HostileDiscoveryDaemon::Attack::Silence;
+        const auto announce = [&]() -> std::function<bool()> {
+            service->publish();
+            return [&] {
+                if (daemon.countOfMessages() >= messages - (hasGroup ? 1 : 0)) {
+                    service.reset();
+                }
+                return daemon.countOfMessages() >= messages;
+            };
+        };
+        if (attack == HostileDiscoveryDaemon::Attack::Collisions) {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("announced")));
+        }
+        measure(announce, 20000);
+        QCOMPARE(daemon.countOfMessages(), messages);
     }
 };
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <atomic>
+
+#include "Support/BusService.h"
+
+/// A discovery daemon on a private system bus that attacks its clients, or fails.
+class HostileDiscoveryDaemon : public BusService {
+public:
+    enum class Attack {
+        /// Replies to nothing.
+        Silence,
+        /// Finds `ManyServices`, then loses the first one.
+        ManyServices,
+        /// Finds one service, a hundred with huge names, and loses the first one.
+        GiantNames,
+        /// Finds a service, then leaves the bus, as it does when it is to resolve one.
+        Disappearance,
+        /// Finds and loses services in signals with values of other types, then a sound one.
+        /// Replies to requests for names and states with values of other types.
+        Types,
+        /// Resolves everything to something huge, and has a huge name.
+        GiantReplies,
+        /// Has another service of every name that is announced.
+        Collisions
+    };
+
+    static constexpr int ManyServices = 20'000;
+
+    HostileDiscoveryDaemon(const QString &busAddress, Attack attack);
+    ~HostileDiscoveryDaemon() override;
+
+    /// The number of messages that it has received.
+    int countOfMessages() const { return m_countOfMessages; }
+
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+
+private:
+    QVariantList answer(const QString &member) const;
+    void sendServices(const QDBusConnection &connection);
+
+    const Attack m_attack;
+    std::atomic_int m_countOfMessages = 0;
+};
