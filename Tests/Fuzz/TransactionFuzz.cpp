@@ -1,12 +1,13 @@
 // Any record of a transaction is refused, or decodes to sound operations that encode to the same
-// transaction again. Mutations rarely hit a digest, so the record is decoded a second time with the
-// identifiers that its operations should have.
+// transaction again, and the memory for it is estimated. Mutations rarely hit a digest, so the
+// record is decoded a second time with the identifiers that its operations should have.
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <algorithm>
 
+#include "Engine/Notes/JsonCost.h"
 #include "Engine/Notes/Transaction.h"
 #include "Fuzz/FuzzInput.h"
 
@@ -15,6 +16,8 @@ using namespace FuzzInput;
 namespace {
 
 const QString Name = QStringLiteral("name");
+/// A list is estimated at this many bytes, and begins with one.
+constexpr qint64 LargestCostOfByte = 320;
 
 QString text(const QJsonObject &object, const char *key) {
     return object.value(QLatin1StringView(key)).toString();
@@ -46,6 +49,8 @@ QByteArray withComputedIds(const QByteArray &record) {
 }
 
 void check(const QByteArray &record) {
+    const qint64 cost = JsonCost::estimate(record);
+    require(cost >= 0 && cost <= LargestCostOfByte * record.size(), "the cost is linear");
     const Expected<Transaction> transaction = Transaction::decoded(record, Name);
     if (!transaction) {
         require(!transaction.error().localizedDescription.isEmpty(), "a refusal has a message");
@@ -54,6 +59,11 @@ void check(const QByteArray &record) {
     require(std::all_of(transaction->operations.begin(), transaction->operations.end(),
                         [](const Operation &operation) { return operation.isSound(); }),
             "operations are sound");
+    qsizetype characters = 0;
+    for (const Operation &operation : transaction->operations) {
+        characters += operation.title.size() + operation.text.size();
+    }
+    require(characters <= cost, "the cost includes that of texts");
     const Expected<Transaction> again = Transaction::decoded(transaction->encoded(), Name);
     require(again && again->operations == transaction->operations &&
                 again->superseded == transaction->superseded,
