@@ -2,11 +2,11 @@
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyleFactory>
 #include <algorithm>
 
 #include "Application/Interface/NoteLibrary.h"
+#include "Application/QuestionBox.h"
 #include "Application/RemovalDialog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/MainQueue.h"
@@ -98,18 +98,13 @@ QuestionPresenter::Withdrawal VelmoraApplication::ask(const Question &question,
         MainQueue::dispatchAsync([handler = std::move(handler)] { handler(false); });
         return [] {};
     }
-    auto *box = new QMessageBox(QMessageBox::Question, applicationDisplayName(), {},
-                                QMessageBox::NoButton, windowForDialog());
-    PlainText::setTexts(box, question.text, question.details);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    QPushButton *accept = box->addButton(question.acceptTitle, QMessageBox::AcceptRole);
-    box->setDefaultButton(box->addButton(question.refuseTitle, QMessageBox::RejectRole));
+    auto *box = new QuestionBox(question, windowForDialog());
     // A box that is withdrawn after it was answered finishes again.
     connect(
         box, &QDialog::finished, this,
-        [box, accept, handler = std::move(handler)] { handler(box->clickedButton() == accept); },
+        [box, handler = std::move(handler)] { handler(box->isAccepted()); },
         Qt::SingleShotConnection);
-    box->open();
+    box->present();
     Q_EMIT questionShown(question.text);
     return [shown = QPointer(box)] {
         if (shown) {

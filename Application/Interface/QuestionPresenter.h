@@ -15,6 +15,9 @@ struct Question {
     /// The titles of the two buttons.
     QString acceptTitle;
     QString refuseTitle;
+    /// A code that the user compares with that of another computer; empty if there is none. It is
+    /// shown large, and such a question comes to the front.
+    QString code = {};
 };
 
 /// The question whether a synchronization may remove many notes. A value.

@@ -37,8 +37,7 @@ void present(const Error &error) {
 /// `known` are the names of the authorized clients.
 Question questionFor(const DirectConnectionPairing &client, const Expected<QStringList> &known) {
     QString details =
-        localizedSyncString("It shows a code. Allow it only if the code is the same as here: %1")
-            .arg(client.code());
+        localizedSyncString("It shows a code. Allow it only if the code is the same as here.");
     if (!known) {
         details += u'\n' + localizedSyncString(
                                "Whether it replaces another computer of this name "
@@ -47,7 +46,7 @@ Question questionFor(const DirectConnectionPairing &client, const Expected<QStri
         details += u'\n' + localizedSyncString("It replaces another computer of this name.");
     }
     return {localizedSyncString("Let “%1” synchronize with this computer?").arg(client.clientName),
-            details, localizedSyncString("Allow"), localizedSyncString("Refuse")};
+            details, localizedSyncString("Allow"), localizedSyncString("Refuse"), client.code()};
 }
 
 }  // namespace

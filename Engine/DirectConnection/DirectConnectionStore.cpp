@@ -37,9 +37,8 @@ QString clientName() {
 
 Question questionFor(const QString &host, const QString &code) {
     return {localizedSyncString("Connect with “%1”?").arg(host),
-            localizedSyncString("It shows a code. Connect only if the code is the same as here: %1")
-                .arg(code),
-            localizedSyncString("Connect"), localizedSyncString("Cancel")};
+            localizedSyncString("It shows a code. Connect only if the code is the same as here."),
+            localizedSyncString("Connect"), localizedSyncString("Cancel"), code};
 }
 
 }  // namespace

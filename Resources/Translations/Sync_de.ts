@@ -1128,8 +1128,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Die Verbindung zu „%1“ ist abgebrochen. Versuchen Sie es noch einmal.</translation>
     </message>
     <message>
-        <source>It shows a code. Allow it only if the code is the same as here: %1</source>
-        <translation>Dort wird ein Code gezeigt. Erlauben Sie es nur, wenn er derselbe ist wie hier: %1</translation>
+        <source>It shows a code. Allow it only if the code is the same as here.</source>
+        <translation>Dort wird ein Code gezeigt. Erlauben Sie es nur, wenn er derselbe ist wie hier.</translation>
     </message>
     <message>
         <source>It replaces another computer of this name.</source>
@@ -1160,8 +1160,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Mit „%1“ verbinden?</translation>
     </message>
     <message>
-        <source>It shows a code. Connect only if the code is the same as here: %1</source>
-        <translation>Dort wird ein Code gezeigt. Verbinden Sie nur, wenn er derselbe ist wie hier: %1</translation>
+        <source>It shows a code. Connect only if the code is the same as here.</source>
+        <translation>Dort wird ein Code gezeigt. Verbinden Sie nur, wenn er derselbe ist wie hier.</translation>
     </message>
     <message>
         <source>Connect</source>

@@ -1,6 +1,7 @@
 #include "Application/VelmoraApplication.h"
 
 #include <QtGui/QWindow>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMessageBox>
 
@@ -150,6 +151,35 @@ private Q_SLOTS:
         application().presentError(full);
         QCOMPARE(messageBoxes().size(), 1);
         messageBoxes().first()->close();
+        QTRY_VERIFY(messageBoxes().isEmpty());
+    }
+
+    void aCodeIsShownLargeAndComesToTheFront() {
+        QWidget window;
+        window.showMinimized();
+        QTRY_VERIFY(window.isMinimized());
+        std::optional<bool> answer;
+        application().ask({.text = QStringLiteral("Let “Kim” synchronize with this computer?"),
+                           .details = QStringLiteral("It shows a code."),
+                           .acceptTitle = QStringLiteral("Allow"),
+                           .refuseTitle = QStringLiteral("Refuse"),
+                           .code = QStringLiteral("123 456")},
+                          [&](bool isAccepted) { answer = isAccepted; });
+        QCOMPARE(messageBoxes().size(), 1);
+        QMessageBox *box = messageBoxes().first();
+        QVERIFY(!window.isMinimized());
+        QTRY_VERIFY(box->isActiveWindow());
+        const auto *code = box->findChild<QLabel *>(QStringLiteral("code"));
+        QVERIFY(code && code->isVisible());
+        QCOMPARE(code->text(), QStringLiteral("123 456"));
+        QVERIFY(code->font().pointSizeF() >= 2 * QApplication::font().pointSizeF());
+        const auto buttons = box->buttons();
+        QVERIFY(code->geometry().bottom() < buttons.first()->mapTo(box, QPoint()).y());
+        const auto accept = std::find_if(buttons.begin(), buttons.end(), [](const auto *button) {
+            return button->text() == QStringLiteral("Allow");
+        });
+        (*accept)->click();
+        QTRY_COMPARE(answer, std::optional(true));
         QTRY_VERIFY(messageBoxes().isEmpty());
     }
 

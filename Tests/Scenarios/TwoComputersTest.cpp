@@ -58,7 +58,7 @@ void say(const QString &line) {
 class OtherPerson : public TestApplication {
 public:
     Withdrawal ask(const Question &question, std::function<void(bool)> handler) override {
-        say(QStringLiteral("question ") + question.text + u' ' + question.details);
+        say(QStringLiteral("question ") + question.text + u' ' + question.code);
         m_handler = std::move(handler);
         return [] {};
     }
@@ -244,7 +244,7 @@ private Q_SLOTS:
         tell("allow");
         QTRY_COMPARE_WITH_TIMEOUT(person.asked().size(), 1, Patience);
         QVERIFY(!codeIn(question).isEmpty());
-        QCOMPARE(codeIn(person.asked().first().details), codeIn(question));
+        QCOMPARE(person.asked().first().code, codeIn(question));
         // Until this computer, too, knows that it is paired, each store would ask both users again.
         const auto isPaired = [] {
             return Keychain::shared()

@@ -39,11 +39,6 @@ bool isNothing(const Question & /*question*/) {
     return false;
 }
 
-/// The six digits in a question.
-QString codeIn(const Question &question) {
-    return QRegularExpression(QStringLiteral("\\d{3}.\\d{3}")).match(question.details).captured();
-}
-
 }  // namespace
 
 /// A profile that synchronizes with its own server.
@@ -109,9 +104,9 @@ private Q_SLOTS:
         m_person->answerAll(isAnything);
         QCOMPARE(description(open(newStore())), QString());
         QCOMPARE(m_person->asked().size(), 2);
-        const QString code = codeIn(m_person->asked().first());
+        const QString code = m_person->asked().first().code;
         QVERIFY(!code.isEmpty());
-        QCOMPARE(codeIn(m_person->asked().last()), code);
+        QCOMPARE(m_person->asked().last().code, code);
         const QStringList clients =
             Keychain::shared().accounts(DirectConnection::ClientAuthorizationServiceName).value();
         QCOMPARE(clients.size(), 1);

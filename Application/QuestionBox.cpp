@@ -1,0 +1,59 @@
+#include "Application/QuestionBox.h"
+
+#include <QtGui/QFontDatabase>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+
+#include "Platform/Interface/PlainText.h"
+
+namespace {
+
+constexpr qreal SizeOfCode = 2.5;
+
+}  // namespace
+
+QuestionBox::QuestionBox(const ::Question &question, QWidget *parent)
+    : QMessageBox(QMessageBox::Question, QApplication::applicationDisplayName(), {},
+                  QMessageBox::NoButton, parent),
+      m_hasCode(!question.code.isEmpty()) {
+    PlainText::setTexts(this, question.text, question.details);
+    setAttribute(Qt::WA_DeleteOnClose);
+    m_accept = addButton(question.acceptTitle, QMessageBox::AcceptRole);
+    setDefaultButton(addButton(question.refuseTitle, QMessageBox::RejectRole));
+    if (m_hasCode) {
+        addCode(question.code);
+    }
+}
+
+void QuestionBox::addCode(const QString &code) {
+    auto *label = new QLabel(code, this);
+    label->setObjectName(QStringLiteral("code"));
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setAlignment(Qt::AlignCenter);
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPointSizeF(QApplication::font().pointSizeF() * SizeOfCode);
+    label->setFont(font);
+    // The buttons are in the last row.
+    auto *grid = qobject_cast<QGridLayout *>(layout());
+    auto *buttons = findChild<QDialogButtonBox *>();
+    const int row = grid->rowCount();
+    grid->removeWidget(buttons);
+    grid->addWidget(label, row, 0, 1, grid->columnCount());
+    grid->addWidget(buttons, row + 1, 0, 1, grid->columnCount());
+}
+
+void QuestionBox::present() {
+    if (m_hasCode && parentWidget() && parentWidget()->window()->isMinimized()) {
+        parentWidget()->window()->showNormal();
+    }
+    open();
+    if (m_hasCode) {
+        raise();
+        activateWindow();
+        QApplication::alert(this);
+    }
+}
