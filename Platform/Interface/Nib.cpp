@@ -4,8 +4,10 @@
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPointer>
 #include <QtGui/QAction>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolButton>
 #include <memory>
@@ -16,6 +18,7 @@
 #include "Platform/Interface/ContextMenu.h"
 #include "Platform/Interface/Control.h"
 #include "Platform/Interface/NibConnections.h"
+#include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/TableView.h"
 #include "Platform/Interface/TableViewDelegate.h"
 #include "Platform/KeyValue/KeyValue.h"
@@ -61,6 +64,17 @@ public:
     ActionSender(QObject *sender, const NibAction &action, QObject *target, QObject *argument)
         : QObject(sender), m_action(action), m_target(target), m_argument(argument) {}
 
+    /// Sends the action, after the user has confirmed it if the sender has a question.
+    void trigger() {
+        const QString question = parent()->property("confirmation").toString();
+        auto *button = qobject_cast<QAbstractButton *>(parent());
+        if (question.isEmpty() || !button) {
+            send();
+        } else {
+            confirm(question.arg(argument().toString()), button);
+        }
+    }
+
     void send() {
         QObject *receiver = m_target;
         if (receiver && !m_action.target.keyPath.isEmpty()) {
@@ -72,6 +86,21 @@ public:
     }
 
 private:
+    void confirm(const QString &question, const QAbstractButton *button) {
+        auto *box = new QMessageBox(QMessageBox::Question, QApplication::applicationDisplayName(),
+                                    {}, QMessageBox::Cancel, button->window());
+        PlainText::setTexts(box, question, button->toolTip());
+        box->setAttribute(Qt::WA_DeleteOnClose);
+        const QPushButton *accept = box->addButton(button->text(), QMessageBox::AcceptRole);
+        box->setDefaultButton(QMessageBox::Cancel);
+        connect(box, &QDialog::finished, this, [this, box, accept] {
+            if (box->clickedButton() == accept) {
+                send();
+            }
+        });
+        box->open();
+    }
+
     QVariant argument() const {
         if (m_action.argument.object.isEmpty()) {
             return QVariant::fromValue(parent());
@@ -293,7 +322,8 @@ private:
         auto *sender = makeSender(part, action);
         const auto send = [sender] { sender->send(); };
         if (auto *button = qobject_cast<QAbstractButton *>(part)) {
-            QObject::connect(button, &QAbstractButton::clicked, sender, send);
+            QObject::connect(button, &QAbstractButton::clicked, sender,
+                             [sender] { sender->trigger(); });
         } else if (auto *menuItem = qobject_cast<QAction *>(part)) {
             QObject::connect(menuItem, &QAction::triggered, sender, send);
         } else if (auto *control = qobject_cast<Control *>(part)) {

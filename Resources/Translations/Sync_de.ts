@@ -1296,6 +1296,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Dem ausgewählten Computer das Verbinden nicht mehr erlauben.</translation>
     </message>
     <message>
+        <source>Prevent “%1” from connecting?</source>
+        <translation>„%1“ das Verbinden nicht mehr erlauben?</translation>
+    </message>
+    <message>
         <source>The record “%1” is too large.</source>
         <translation>Der Datensatz „%1“ ist zu groß.</translation>
     </message>

@@ -168,9 +168,9 @@ private:
     }
 
     void checkPropertyNames(const QObject *part) {
-        static const QByteArrayList known = {"objects",       "bindings",      "itemNib",
-                                             "menu",          "validation",    "action",
-                                             "tableDelegate", "textDidChange", "rowPlace"};
+        static const QByteArrayList known = {
+            "objects", "bindings",      "itemNib",       "menu",     "validation",
+            "action",  "tableDelegate", "textDidChange", "rowPlace", "confirmation"};
         for (const QByteArray &name : part->dynamicPropertyNames()) {
             if (!known.contains(name) && !name.startsWith("_q_")) {
                 report(QStringLiteral("no property \"%1\" in %2")

@@ -3,6 +3,7 @@
 #include <QtNetwork/QTcpServer>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSpinBox>
 
@@ -52,6 +53,18 @@ class QVServerPreferencesControllerTest : public QObject {
     }
     void authorize(const QString &client) {
         m_secretService->addItem(itemAttributes(client), "secret");
+    }
+    /// Answers the question whether to revoke.
+    void answerConfirmation(QMessageBox::ButtonRole role) const {
+        auto *box = m_controller->window()->findChild<QMessageBox *>();
+        QVERIFY(box);
+        QCOMPARE(box->text(), QStringLiteral("Prevent “Kim” from connecting?"));
+        const auto buttons = box->buttons();
+        const auto button = std::find_if(buttons.begin(), buttons.end(),
+                                         [&](auto *each) { return box->buttonRole(each) == role; });
+        QVERIFY(button != buttons.end());
+        (*button)->click();
+        QTRY_VERIFY(!m_controller->window()->findChild<QMessageBox *>());
     }
     /// Revokes and waits until the keychain has answered.
     void revoke(const QString &client) {
@@ -375,6 +388,10 @@ private Q_SLOTS:
         part<TableView>("clientsTable")->selectRow(1);
         QVERIFY(part<QPushButton>("revokeButton")->isEnabled());
         part<QPushButton>("revokeButton")->click();
+        answerConfirmation(QMessageBox::RejectRole);
+        QCOMPARE(m_secretService->count(itemAttributes(QStringLiteral("Kim"))), 1);
+        part<QPushButton>("revokeButton")->click();
+        answerConfirmation(QMessageBox::AcceptRole);
         QTRY_COMPARE(shownClients(), QStringList{QStringLiteral("Ada")});
         QVERIFY(!part<QPushButton>("revokeButton")->isEnabled());
     }
