@@ -23,6 +23,10 @@ QVApplication::~QVApplication() = default;
 QVDailySchedule::~QVDailySchedule() = default;
 QVDatabase::~QVDatabase() = default;
 QVDirectConnectionServer::~QVDirectConnectionServer() = default;
+
+QString QVDirectConnectionServer::addressText() const {
+    return {};
+}
 QVDropboxSession::~QVDropboxSession() = default;
 QVHourlySchedule::~QVHourlySchedule() = default;
 QVRemoteDatabase::~QVRemoteDatabase() = default;

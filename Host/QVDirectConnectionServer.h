@@ -13,6 +13,7 @@ class HOST_EXPORT QVDirectConnectionServer : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool serving READ isServing NOTIFY servingChanged)
     Q_PROPERTY(quint16 port READ port WRITE setPort NOTIFY portChanged)
+    Q_PROPERTY(QString addressText READ addressText NOTIFY addressTextChanged)
 public:
     /// Registered as "QVDirectConnectionServer".
     class HOST_EXPORT Class : public HostClass {
@@ -55,10 +56,15 @@ public:
     /// Returns the announcement of this server on the local network, or nullptr unless the server
     /// is serving. Its name may change while it is published. Shared ownership.
     virtual std::shared_ptr<NetService> bonjourService() const = 0;
+    /// Returns, in words for the user, under which name, address and port other computers find the
+    /// server; empty unless it is serving. Optional: the default implementation returns an empty
+    /// text.
+    virtual QString addressText() const;
 
 Q_SIGNALS:
     void servingChanged();
     void portChanged();
+    void addressTextChanged();
 };
 
 /// Returns the service name of the keychain items of authorized clients, one item for each client,

@@ -1,5 +1,6 @@
 #include "Engine/DirectConnection/DirectConnectionServer.h"
 
+#include <QtNetwork/QNetworkInterface>
 #include <limits>
 #include <utility>
 
@@ -49,6 +50,21 @@ Question questionFor(const DirectConnectionPairing &client, const Expected<QStri
             details, localizedSyncString("Allow"), localizedSyncString("Refuse"), client.code()};
 }
 
+/// Returns the addresses of this computer in its networks as text. Those of IPv6 only if there is
+/// no other.
+QStringList ownAddresses() {
+    QStringList addresses;
+    QStringList longAddresses;
+    for (const QHostAddress &address : QNetworkInterface::allAddresses()) {
+        if (address.isLoopback() || address.isLinkLocal()) {
+            continue;
+        }
+        const bool isShort = address.protocol() == QAbstractSocket::IPv4Protocol;
+        (isShort ? addresses : longAddresses).append(address.toString());
+    }
+    return addresses.isEmpty() ? longAddresses : addresses;
+}
+
 }  // namespace
 
 DirectConnectionServer::DirectConnectionServer(const ProfileDatabase &profile)
@@ -92,6 +108,7 @@ void DirectConnectionServer::startServing() {
     }
     KeyValue::announce<&QVDirectConnectionServer::servingChanged>(
         static_cast<QVDirectConnectionServer *>(this));
+    announceAddress();
 }
 
 void DirectConnectionServer::stopServing() {
@@ -99,6 +116,7 @@ void DirectConnectionServer::stopServing() {
         stop();
         KeyValue::announce<&QVDirectConnectionServer::servingChanged>(
             static_cast<QVDirectConnectionServer *>(this));
+        announceAddress();
     }
 }
 
@@ -113,6 +131,7 @@ Expected<void> DirectConnectionServer::start() {
         // Without a name: it is announced under the computer's name.
         m_service = std::make_shared<NetService>(QString(), DirectConnection::BonjourServiceType,
                                                  QString(), m_port);
+        m_service->setDelegate(this);
         m_service->publish();
     }
     return listening;
@@ -138,8 +157,40 @@ Expected<void> DirectConnectionServer::listen(const DirectConnectionIdentity &id
     return {};
 }
 
+QString DirectConnectionServer::addressText() const {
+    if (!isServing()) {
+        return {};
+    }
+    const QStringList addresses = ownAddresses();
+    const QString address =
+        addresses.isEmpty()
+            ? localizedSyncString("This computer is in no network. Port: %1").arg(m_port)
+            : localizedSyncString("Address: %1. Port: %2")
+                  .arg(addresses.join(QStringLiteral(", ")), QString::number(m_port));
+    if (!m_isAnnounced) {
+        return address;
+    }
+    const QString name = m_service->name();
+    return localizedSyncString("Other computers list this one as “%1”.").arg(name) + u'\n' +
+           address;
+}
+
+void DirectConnectionServer::netServiceDidPublish(const std::shared_ptr<NetService> & /*service*/) {
+    m_isAnnounced = true;
+    announceAddress();
+}
+
+void DirectConnectionServer::announceAddress() {
+    KeyValue::announce<&QVDirectConnectionServer::addressTextChanged>(
+        static_cast<QVDirectConnectionServer *>(this));
+}
+
 void DirectConnectionServer::stop() {
+    if (m_service) {
+        m_service->setDelegate(nullptr);
+    }
     m_service.reset();
+    m_isAnnounced = false;
     withdrawQuestion();
     if (!m_listener) {
         return;

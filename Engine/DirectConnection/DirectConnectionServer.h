@@ -8,6 +8,7 @@
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionListener.h"
 #include "Host/QVDirectConnectionServer.h"
+#include "Platform/Network/NetServiceDelegate.h"
 
 class ServedStoreObserver;
 class ProfileDatabase;
@@ -18,7 +19,7 @@ class ProfileDatabase;
 /// "QVDirectConnectionServerPortNumber" and "QVDirectConnectionServerEnabled" are read when the
 /// profile is opened; this class does not write them. It listens on all interfaces, over IPv4 and
 /// IPv6, and announces itself under the name of this computer while it serves.
-class DirectConnectionServer : public QVDirectConnectionServer {
+class DirectConnectionServer : public QVDirectConnectionServer, public NetServiceDelegate {
     Q_OBJECT
 public:
     /// Maximum time for which stopServing() and the destructor wait.
@@ -51,8 +52,15 @@ public:
     /// connections and the port when it can go on, and its requests are ignored.
     void stopServing() override;
     std::shared_ptr<NetService> bonjourService() const override { return m_service; }
+    /// The addresses are read at each call.
+    QString addressText() const override;
+
+    /// Delegate function, called on the main thread.
+    void netServiceDidPublish(const std::shared_ptr<NetService> &service) override;
 
 private:
+    /// Announces "addressText".
+    void announceAddress();
     Expected<void> start();
     /// Starts the listener on its thread. Has no effect if it fails.
     Expected<void> listen(const DirectConnectionIdentity &identity);
@@ -84,4 +92,6 @@ private:
     std::function<void()> m_withdrawal;
     /// Null while not serving.
     std::shared_ptr<NetService> m_service;
+    /// Whether the service is announced under its present name.
+    bool m_isAnnounced = false;
 };

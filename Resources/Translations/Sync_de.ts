@@ -1128,6 +1128,18 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Die Verbindung zu „%1“ ist abgebrochen. Versuchen Sie es noch einmal.</translation>
     </message>
     <message>
+        <source>This computer is in no network. Port: %1</source>
+        <translation>Dieser Computer ist in keinem Netz. Port: %1</translation>
+    </message>
+    <message>
+        <source>Address: %1. Port: %2</source>
+        <translation>Adresse: %1. Port: %2</translation>
+    </message>
+    <message>
+        <source>Other computers list this one as “%1”.</source>
+        <translation>Andere Computer zeigen diesen als „%1“ an.</translation>
+    </message>
+    <message>
         <source>It shows a code. Allow it only if the code is the same as here.</source>
         <translation>Dort wird ein Code gezeigt. Erlauben Sie es nur, wenn er derselbe ist wie hier.</translation>
     </message>
@@ -1294,6 +1306,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>Prevent the selected computer from connecting.</source>
         <translation>Dem ausgewählten Computer das Verbinden nicht mehr erlauben.</translation>
+    </message>
+    <message>
+        <source>A computer that you allow to connect can read and change all databases.</source>
+        <translation>Ein Computer, dem Sie das Verbinden erlauben, kann alle Datenbanken lesen und ändern.</translation>
     </message>
     <message>
         <source>Prevent “%1” from connecting?</source>

@@ -1,6 +1,7 @@
 #include <QtCore/QCborArray>
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QSemaphore>
+#include <QtNetwork/QNetworkInterface>
 #include <QtNetwork/QSslSocket>
 #include <QtNetwork/QTcpServer>
 
@@ -225,6 +226,22 @@ private Q_SLOTS:
         QCOMPARE(serving.count(), 2);
         QVERIFY(!server().bonjourService());
         QVERIFY(!Client(m_port).waitForEncryption());
+    }
+
+    void theAddressIsStatedWhileItServes() {
+        QCOMPARE(server().addressText(), QString());
+        const QSignalSpy changes(&server(), &QVDirectConnectionServer::addressTextChanged);
+        serve();
+        const QString text = server().addressText();
+        QVERIFY2(text.contains(QString::number(m_port)), qPrintable(text));
+        for (const QHostAddress &address : QNetworkInterface::allAddresses()) {
+            const bool isStated = address.protocol() == QAbstractSocket::IPv4Protocol &&
+                                  !address.isLoopback() && !address.isLinkLocal();
+            QVERIFY2(!isStated || text.contains(address.toString()), qPrintable(text));
+        }
+        server().stopServing();
+        QCOMPARE(server().addressText(), QString());
+        QCOMPARE(changes.count(), 2);
     }
 
     void startingTwiceAndStoppingTwiceDoNothing() {
