@@ -13,6 +13,11 @@
 
 namespace {
 
+/// The title without the mark where Qt shows that something is not saved.
+QString shownTitle(const QWidget &window) {
+    return window.windowTitle().remove(QStringLiteral("[*]"));
+}
+
 constexpr int Margin = 24;
 constexpr int TitleHeight = 28;
 const QColor DesktopColor(0x6d, 0x83, 0x99);
@@ -109,7 +114,7 @@ void drawTitle(QPainter &painter, const QWidget &window, const QRect &bar) {
     QFont font = window.font();
     font.setBold(true);
     painter.setFont(font);
-    painter.drawText(bar, Qt::AlignCenter, window.windowTitle());
+    painter.drawText(bar, Qt::AlignCenter, shownTitle(window));
 }
 
 /// With the bar that a desktop gives it.
@@ -136,7 +141,7 @@ QList<QWidget *> Screen::windows() {
 QWidget *Screen::window(const QString &title) {
     for (QWidget *window : windows()) {
         // A window manager shows an asterisk, or nothing, in place of the mark.
-        if (window->windowTitle().remove(QStringLiteral("[*]")) == title) {
+        if (shownTitle(*window) == title) {
             return window;
         }
     }
