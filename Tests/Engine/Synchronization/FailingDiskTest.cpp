@@ -1,3 +1,6 @@
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Synchronization/RecordTiers.h"
+#include "Support/Compaction.h"
 #include "Support/Failure.h"
 #include "Support/FaultTestCase.h"
 #include "Support/FaultyFileSystem.h"
@@ -33,6 +36,28 @@ private:
         return computer.run<Session>(UUID(), store).map([](const QList<Error> & /*problems*/) {});
     }
 
+    /// Synchronizes single notes until there are as many records as fill a tier.
+    Expected<void> fillTier(Computer &computer) {
+        Expected<void> filled = computer.open();
+        for (int i = 0; filled && i < RecordTiers::MostInTier; ++i) {
+            filled = computer.add(QString::number(i)).and_then([&] {
+                return run<SyncSession>(computer);
+            });
+        }
+        return filled;
+    }
+
+    /// Merges the records of a full tier, but removes none.
+    Expected<void> mergeWithoutRemoval(Computer &computer) {
+        MemoryStore store(m_blobs, [calls = 0]() mutable {
+            return ++calls > 2 ? MemoryStore::Fault::Unreachable : MemoryStore::Fault::None;
+        });
+        return computer.run<Compaction>(UUID(), store)
+                   ? failure(engineError(EngineErrorCode::StoreUnreachable,
+                                         QStringLiteral("Nothing was left to be removed.")))
+                   : Expected<void>();
+    }
+
     QMap<QString, Story> stories() {
         const auto open = [](Computer &computer) { return computer.open(); };
         const auto synchronize = [this](Computer &computer) { return run<SyncSession>(computer); };
@@ -60,6 +85,15 @@ private:
             {QStringLiteral("import"), {unused, open, synchronize}},
             {QStringLiteral("clean up"),
              {used, openAndSynchronize, [this](Computer &one) { return run<CleanSession>(one); }}},
+            {QStringLiteral("merge records"),
+             {used, [this](Computer &one) { return fillTier(one); },
+              [this](Computer &one) { return run<Compaction>(one); }}},
+            {QStringLiteral("resume merging"),
+             {used,
+              [this](Computer &one) {
+                  return fillTier(one).and_then([&] { return mergeWithoutRemoval(one); });
+              },
+              [this](Computer &one) { return run<Compaction>(one); }}},
         };
     }
 
