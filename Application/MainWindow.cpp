@@ -265,12 +265,9 @@ void MainWindow::saveAll() {
 }
 
 void MainWindow::restoreUnsavedTexts(const UnsavedTexts &unsavedTexts) {
-    const Expected<QStringList> titles = unsavedTexts.restore(*m_library);
-    if (!titles) {
-        NSApp()->presentError(titles.error());
-        return;
-    }
-    for (const QString &title : *titles) {
+    const UnsavedTexts::Restored restored = unsavedTexts.restore(*m_library);
+    presentIfFailed(restored.result);
+    for (const QString &title : restored.titles) {
         m_log->append(
             ApplicationName,
             tr("The text of “%1”, which could not be saved before, is saved.").arg(title));

@@ -4,6 +4,7 @@
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QJsonObject>
 #include <QtCore/QStandardPaths>
 #include <algorithm>
@@ -23,6 +24,9 @@ const QString TextKey = QStringLiteral("text");
 const QString ModifiedKey = QStringLiteral("modified");
 
 const QString AnyPrefix = QStringLiteral("unsaved-");
+/// The prefix, the digest of the profile and that of the note. The name of a text that could not be
+/// restored has a number, too.
+constexpr qsizetype PartsOfName = 3;
 
 /// Returns the path without symbolic links.
 QString pathOf(const QString &folder) {
@@ -102,12 +106,32 @@ Expected<QString> restoreFile(const QString &path, const NoteLibrary &library) {
               QDateTime::fromMSecsSinceEpoch(object[ModifiedKey].toInteger()),
               object[RevisionKey].toString()};
     if (note.UUID.isEmpty()) {
-        return failure(journalError(textOf("The file is damaged."), {}));
+        return failure(
+            journalError(textOf("The file is damaged. Copy from it what you need, and remove "
+                                "it."),
+                         {}));
     }
     const auto database = databaseFor(library, object[DatabaseKey].toString());
     return isSaved(*database, note)
         .and_then([&](bool saved) { return saved ? Expected<void>() : database->saveNote(note); })
         .map([&] { return note.title; });
+}
+
+/// Renames the file, unless an earlier start has done so, to a name that belongs to no note, so
+/// that no later text of the note replaces it. Returns its path, which is the former one if the
+/// folder cannot be written; keep() does not replace it either then.
+QString setAside(const QString &path) {
+    const QFileInfo file(path);
+    const QString name = file.completeBaseName();
+    if (name.count(u'-') >= PartsOfName) {
+        return path;
+    }
+    QString aside;
+    int number = 1;
+    do {
+        aside = QStringLiteral("%1/%2-%3.json").arg(file.path(), name, QString::number(number++));
+    } while (QFile::exists(aside));
+    return QFile::rename(path, aside) ? aside : path;
 }
 
 }  // namespace
@@ -137,48 +161,55 @@ Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note)
 }
 
 void UnsavedTexts::remove(const QString &noteUUID) const {
-    const QStringList paths = files(shortDigest(noteUUID)).value_or(QStringList());
-    for (const QString &path : paths) {
-        QFile::remove(path);
+    for (const QString &folder : m_folders) {
+        const QStringList paths = filesIn(folder, shortDigest(noteUUID)).value_or(QStringList());
+        for (const QString &path : paths) {
+            QFile::remove(path);
+        }
     }
 }
 
-Expected<QStringList> UnsavedTexts::files(const QString &note) const {
-    QStringList paths;
-    for (const QString &folder : m_folders) {
-        const Expected<QStringList> names = namesIn(folder);
-        if (!names) {
-            return failure(names.error());
-        }
-        // The folder may have been moved since, or is reached by another path.
-        const QString prefix =
-            folder == m_folders.first() ? AnyPrefix + QStringLiteral("*-") : m_prefix;
-        for (const QString &name : *names) {
+Expected<QStringList> UnsavedTexts::filesIn(const QString &folder, const QString &note) const {
+    // The folder may have been moved since, or is reached by another path.
+    const QString prefix =
+        folder == m_folders.first() ? AnyPrefix + QStringLiteral("*-") : m_prefix;
+    return namesIn(folder).map([&](const QStringList &names) {
+        QStringList paths;
+        for (const QString &name : names) {
             if (QDir::match(prefix + note + QStringLiteral(".json"), name)) {
                 paths.append(folder + u'/' + name);
             }
         }
-    }
-    return paths;
+        return paths;
+    });
 }
 
-Expected<QStringList> UnsavedTexts::restore(const NoteLibrary &library) const {
-    const Expected<QStringList> paths = files(QStringLiteral("*"));
-    if (!paths) {
-        return failure(paths.error());
-    }
-    QStringList titles;
-    for (const QString &path : *paths) {
-        const Expected<QString> title = restoreFile(path, library);
-        if (!title) {
-            return failure(
-                journalError(textOf("A text that was not saved cannot be restored. It is in the "
-                                    "file “%1”.")
-                                 .arg(path),
-                             title.error().localizedDescription));
+UnsavedTexts::Restored UnsavedTexts::restore(const NoteLibrary &library) const {
+    Restored restored;
+    QStringList failures;
+    for (const QString &folder : m_folders) {
+        const Expected<QStringList> paths = filesIn(folder, QStringLiteral("*"));
+        if (!paths) {
+            failures.append(paths.error().localizedDescription + u' ' +
+                            paths.error().localizedFailureReason);
+            continue;
         }
-        QFile::remove(path);
-        titles.append(*title);
+        for (const QString &path : *paths) {
+            const Expected<QString> title = restoreFile(path, library);
+            if (title) {
+                QFile::remove(path);
+                restored.titles.append(*title);
+            } else {
+                failures.append(
+                    textOf("“%1”: %2").arg(setAside(path), title.error().localizedDescription));
+            }
+        }
     }
-    return titles;
+    if (!failures.isEmpty()) {
+        restored.result =
+            failure(journalError(textOf("Texts that were not saved cannot be restored. They are "
+                                        "kept, and Velmora tries again at each start."),
+                                 failures.join(u'\n')));
+    }
+    return restored;
 }

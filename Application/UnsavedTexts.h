@@ -15,6 +15,15 @@ class NoteLibrary;
 /// for one profile see the same texts. Only the process that has the profile open may use it.
 class UnsavedTexts {
 public:
+    /// What restore() has done.
+    struct Restored {
+        /// Of the notes whose texts are saved.
+        QStringList titles;
+        /// An error for the user that names each file that was not restored, and each folder that
+        /// cannot be read.
+        Expected<void> result;
+    };
+
     /// `profileFolder` is the folder of the open profile. Reads and writes nothing.
     explicit UnsavedTexts(const QString &profileFolder);
 
@@ -27,18 +36,17 @@ public:
     /// note was saved.
     void remove(const QString &noteUUID) const;
     /// Saves all texts in `library` and removes them from the journal. The text of an unknown
-    /// database is saved in the inbox. Returns the titles of the notes. Stops at the first text
-    /// that cannot be saved, which stays in the journal, and returns an error that names its file;
-    /// fails likewise if a folder cannot be read.
-    /// A text that the database contains already is removed without saving it again. If the note
-    /// was changed meanwhile, both edits are kept, see NoteDatabase::saveNote(). Must be called
-    /// once, before new texts are kept.
-    Expected<QStringList> restore(const NoteLibrary &library) const;
+    /// database is saved in the inbox. A text that the database contains already is removed without
+    /// saving it again. If the note was changed meanwhile, both edits are kept, see
+    /// NoteDatabase::saveNote(). A text that cannot be saved or read does not stop the others: it
+    /// stays in the journal for the next call, and neither keep() nor remove() touches it any more.
+    /// Must be called once, before new texts are kept.
+    Restored restore(const NoteLibrary &library) const;
 
 private:
-    /// Returns the paths of the profile's texts in all folders, of the notes whose digest matches
-    /// the pattern `note`. Fails if a folder exists but cannot be read.
-    Expected<QStringList> files(const QString &note) const;
+    /// Returns the paths of the profile's texts in `folder`, of the notes whose digest matches the
+    /// pattern `note`. Fails if the folder exists but cannot be read.
+    Expected<QStringList> filesIn(const QString &folder, const QString &note) const;
 
     /// The folders in order of preference.
     QStringList m_folders;

@@ -563,8 +563,8 @@
         <translation>Überprüfen Sie seine Berechtigungen und seinen Datenträger, und starten Sie Velmora neu.</translation>
     </message>
     <message>
-        <source>The file is damaged.</source>
-        <translation>Die Datei ist beschädigt.</translation>
+        <source>The file is damaged. Copy from it what you need, and remove it.</source>
+        <translation>Die Datei ist beschädigt. Kopieren Sie daraus, was Sie brauchen, und entfernen Sie sie.</translation>
     </message>
     <message>
         <source>The text of “%1” cannot be kept for the next start either.</source>
@@ -575,8 +575,12 @@
         <translation>Schaffen Sie Platz auf dem Datenträger oder kopieren Sie den Text.</translation>
     </message>
     <message>
-        <source>A text that was not saved cannot be restored. It is in the file “%1”.</source>
-        <translation>Ein nicht gespeicherter Text kann nicht wiederhergestellt werden. Er ist in der Datei „%1“.</translation>
+        <source>“%1”: %2</source>
+        <translation>„%1“: %2</translation>
+    </message>
+    <message>
+        <source>Texts that were not saved cannot be restored. They are kept, and Velmora tries again at each start.</source>
+        <translation>Nicht gesicherte Texte können nicht wiederhergestellt werden. Sie werden aufbewahrt, und Velmora versucht es bei jedem Start erneut.</translation>
     </message>
 </context>
 <context>

@@ -109,7 +109,7 @@ private Q_SLOTS:
         QVERIFY(!m_view->commit());
         QVERIFY(journal().isEmpty());
         QVERIFY(QFile::rename(path + QStringLiteral(" aside"), path));
-        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).value(),
+        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).titles,
                  QStringList{QStringLiteral("First")});
     }
 

@@ -3,6 +3,7 @@
 #include <sys/syscall.h>
 
 #include <QtCore/QStandardPaths>
+#include <QtCore/QUuid>
 #include <QtWidgets/QPlainTextEdit>
 #include <cerrno>
 
@@ -40,6 +41,7 @@ private:
     static QStringList journalIn(const QString &folder) {
         return QDir(folder).entryList({QStringLiteral("unsaved-*")});
     }
+    static QString newUUID() { return QUuid::createUuid().toString(QUuid::WithoutBraces); }
     void openDatabase() { m_database = m_host->library().knownDatabases().last(); }
 
 private Q_SLOTS:
@@ -81,7 +83,7 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(filler()));
         m_host->restart();
         openDatabase();
-        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).value(),
+        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).titles,
                  QStringList{QStringLiteral("Trip")});
         QCOMPARE(m_database->notes().value().size(), 1);
         QCOMPARE(m_database->notes().value().first().text, typed);
@@ -94,30 +96,71 @@ private Q_SLOTS:
         note.text = QStringLiteral("\uFEFF\r\n\uFFFF text");
         const UnsavedTexts journal(m_host->directory());
         QVERIFY(journal.keep(m_database->UUID(), note));
-        QVERIFY(journal.restore(m_host->library()));
+        QVERIFY(journal.restore(m_host->library()).result);
         QCOMPARE(m_database->notes().value().first().title, note.title);
         QCOMPARE(m_database->notes().value().first().text, note.text);
     }
 
     void aTextThatStillCannotBeSavedStaysThere() {
         fillVolume();
-        Note note{.UUID = QStringLiteral("a"), .title = QStringLiteral("Trip")};
+        Note note{.UUID = newUUID(), .title = QStringLiteral("Trip")};
         note.text = QString(200'000, u'y');
         const UnsavedTexts texts(m_host->directory());
         QVERIFY(texts.keep(m_database->UUID(), note));
-        QVERIFY(!texts.restore(m_host->library()));
-        QCOMPARE(journalIn(cache()).size(), 1);
+        QVERIFY(!texts.restore(m_host->library()).result);
+        const QStringList kept = journalIn(cache());
+        QCOMPARE(kept.size(), 1);
+        // What the user does with the note afterwards leaves the text alone.
+        QVERIFY(texts.keep(m_database->UUID(), {.UUID = note.UUID, .text = QStringLiteral("b")}));
+        QCOMPARE(journalIn(cache()).size(), 2);
         texts.remove(note.UUID);
+        QCOMPARE(journalIn(cache()), kept);
+        QVERIFY(!texts.restore(m_host->library()).result);
+        QCOMPARE(journalIn(cache()), kept);
+        QVERIFY(QFile::remove(filler()));
+        const UnsavedTexts::Restored restored = texts.restore(m_host->library());
+        QVERIFY2(restored.result, qPrintable(restored.result.error().localizedFailureReason));
+        QCOMPARE(restored.titles, QStringList{note.title});
+        QCOMPARE(m_database->notes().value().last().text, note.text);
         QVERIFY(journalIn(cache()).isEmpty());
+    }
+
+    void aTextThatCannotBeRestoredStopsNoOther() {
+        const QString damaged = m_host->directory() + QStringLiteral("/unsaved-0-0.json");
+        QFile file(damaged);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write("{"), 1);
+        file.close();
+        const UnsavedTexts texts(m_host->directory());
+        const Note refused{
+            .UUID = newUUID(), .title = QStringLiteral("Refused"), .text = QString(9 << 20, u'y')};
+        QVERIFY(texts.keep(m_database->UUID(), refused));
+        fillVolume();
+        const Note accepted{
+            .UUID = newUUID(), .title = QStringLiteral("Accepted"), .text = QStringLiteral("text")};
+        QVERIFY(texts.keep(m_database->UUID(), accepted));
+        QVERIFY(QFile::remove(filler()));
+        QCOMPARE(journalIn(cache()).size(), 2);
+
+        const UnsavedTexts::Restored restored = texts.restore(m_host->library());
+        QCOMPARE(restored.titles, QStringList{accepted.title});
+        QCOMPARE(m_database->notes().value().size(), 2);
+        QVERIFY(!restored.result);
+        const QStringList left = journalIn(cache()) + journalIn(m_host->directory());
+        QCOMPARE(left.size(), 2);
+        for (const QString &name : left) {
+            QVERIFY(restored.result.error().localizedFailureReason.contains(name));
+        }
+        QVERIFY(QFile::remove(cache() + u'/' + left.first()));
     }
 
     void aFolderThatCannotBeReadIsReported() {
         const UnsavedTexts texts(m_host->directory());
-        Expected<QStringList> restored;
+        UnsavedTexts::Restored restored;
         runWithFailingSystemCall(SYS_getdents64, EIO,
                                  [&] { restored = texts.restore(m_host->library()); });
-        QVERIFY(!restored);
-        QVERIFY(restored.error().localizedDescription.contains(m_host->directory()));
+        QVERIFY(!restored.result);
+        QVERIFY(restored.result.error().localizedFailureReason.contains(m_host->directory()));
     }
 
     void anotherProfilesTextsAreLeftAlone() {
@@ -125,7 +168,7 @@ private Q_SLOTS:
         const UnsavedTexts texts(m_host->directory());
         QVERIFY(texts.keep(m_database->UUID(), {.UUID = QStringLiteral("a")}));
         QVERIFY(QFile::remove(filler()));
-        QVERIFY(UnsavedTexts(volume()).restore(m_host->library()).value().isEmpty());
+        QVERIFY(UnsavedTexts(volume()).restore(m_host->library()).titles.isEmpty());
         QCOMPARE(journalIn(cache()).size(), 1);
         texts.remove(QStringLiteral("a"));
     }
@@ -148,7 +191,7 @@ private Q_SLOTS:
         Note note = m_database->notes().value().first();
         note.text = QStringLiteral("typed");
         QVERIFY(UnsavedTexts(link).keep(m_database->UUID(), note));
-        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).value(),
+        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).titles,
                  QStringList{QStringLiteral("Trip")});
         QCOMPARE(m_database->notes().value().first().text, note.text);
         QVERIFY(journalIn(m_host->directory()).isEmpty());
