@@ -1,10 +1,13 @@
 #include "Application/HistoryDialog.h"
 
+#include <QtCore/QEvent>
 #include <QtCore/QLocale>
+#include <QtGui/QGuiApplication>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSpinBox>
@@ -98,13 +101,18 @@ QWidget *HistoryDialog::makeLimits() {
     m_megabytes->setSuffix(tr(" MB"));
     m_megabytes->setAccessibleName(tr("Space for deleted notes and earlier versions"));
     const Expected<HistoryLimits> limits = m_library->historyLimits();
-    m_days->setEnabled(limits.has_value());
-    m_megabytes->setEnabled(limits.has_value());
     if (limits) {
         m_days->setValue(limits->days);
         m_megabytes->setValue(limits->megabytes);
     } else {
         NSApp()->presentError(limits.error());
+    }
+    m_shownLimits = shownLimits();
+    for (QSpinBox *box : {m_days, m_megabytes}) {
+        box->setEnabled(limits.has_value());
+        // Scrolling over it is no decision.
+        box->setFocusPolicy(Qt::StrongFocus);
+        box->installEventFilter(this);
     }
     auto *label = new QLabel(tr("&Keep deleted notes and earlier versions for"));
     label->setBuddy(m_days);
@@ -205,15 +213,58 @@ Expected<Note> HistoryDialog::restoreVersion(const NoteVersion &version) {
     });
 }
 
+bool HistoryDialog::eventFilter(QObject *object, QEvent *event) {
+    if (event->type() == QEvent::Wheel && !static_cast<QWidget *>(object)->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return QDialog::eventFilter(object, event);
+}
+
+HistoryLimits HistoryDialog::shownLimits() const {
+    return {m_days->value(), m_megabytes->value()};
+}
+
 void HistoryDialog::saveLimits() {
-    const HistoryLimits limits{m_days->value(), m_megabytes->value()};
-    const Expected<HistoryLimits> former = m_library->historyLimits();
-    if (former && *former != limits && m_days->isEnabled()) {
-        presentIfFailed(m_library->setHistoryLimits(limits));
+    Expected<HistoryLimits> limits = m_library->historyLimits();
+    if (!limits) {
+        NSApp()->presentError(limits.error());
+        return;
+    }
+    // A limit that cannot be shown stays as it is.
+    if (m_days->value() != m_shownLimits.days) {
+        limits->days = m_days->value();
+    }
+    if (m_megabytes->value() != m_shownLimits.megabytes) {
+        limits->megabytes = m_megabytes->value();
+    }
+    const Expected<qint64> exceeding = m_library->countOfVersionsBeyond(*limits);
+    if (!exceeding) {
+        NSApp()->presentError(exceeding.error());
+    } else if (*exceeding == 0 || isRemovalWanted(*exceeding)) {
+        presentIfFailed(m_library->setHistoryLimits(*limits));
     }
 }
 
+bool HistoryDialog::isRemovalWanted(qint64 count) {
+    QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), {},
+                    QMessageBox::NoButton, this);
+    PlainText::setTexts(
+        &box,
+        count == 1 ? tr("The new limits remove 1 deleted note or earlier version.")
+                   : tr("The new limits remove %1 deleted notes and earlier versions.")
+                         .arg(QLocale().toString(count)),
+        tr("What is removed cannot be restored any more. If you keep it, the limits stay as they "
+           "were."));
+    QPushButton *remove = box.addButton(tr("&Remove"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(box.addButton(tr("&Keep"), QMessageBox::RejectRole));
+    box.exec();
+    return box.clickedButton() == remove;
+}
+
 void HistoryDialog::done(int result) {
-    saveLimits();
+    if (shownLimits() != m_shownLimits) {
+        saveLimits();
+    }
     QDialog::done(result);
 }

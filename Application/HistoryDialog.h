@@ -27,8 +27,11 @@ public:
                   const Note &note, QWidget *parent);
 
     /// Saves the limits if the user has changed them, presenting an error of that, and closes the
-    /// dialog, also in that case.
+    /// dialog, also in that case. If the new limits remove versions, asks first, running a nested
+    /// event loop.
     void done(int result) override;
+    /// Ignores the wheel over a limit that does not have the focus.
+    bool eventFilter(QObject *object, QEvent *event) override;
 
 Q_SIGNALS:
     /// Emitted after a note was saved again, once for each restored version, with the note as it
@@ -51,7 +54,11 @@ private:
     void restore();
     /// Saves the version as a new edit, with the current time, and returns it.
     Expected<Note> restoreVersion(const NoteVersion &version);
+    HistoryLimits shownLimits() const;
+    /// Saves the limits unless the user wants to keep what they would remove.
     void saveLimits();
+    /// Asks whether `count` versions shall be removed.
+    bool isRemovalWanted(qint64 count);
 
     NoteLibrary *const m_library;
     const std::shared_ptr<NoteDatabase> m_database;
@@ -63,6 +70,8 @@ private:
     QPlainTextEdit *m_text;
     QLabel *m_explanation;
     QPushButton *m_restoreButton;
+    /// As shown before the user has changed them.
+    HistoryLimits m_shownLimits;
     QSpinBox *m_days;
     QSpinBox *m_megabytes;
 };

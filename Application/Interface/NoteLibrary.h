@@ -39,6 +39,8 @@ public:
 
     /// Returns the limits for replaced and deleted notes, or the defaults if none were set.
     virtual Expected<HistoryLimits> historyLimits() const = 0;
+    /// Returns how many versions setHistoryLimits() would remove now. Changes nothing.
+    virtual Expected<qint64> countOfVersionsBeyond(const HistoryLimits &limits) const = 0;
     /// Changes the limits, which must not be negative, and removes what exceeds them.
     virtual Expected<void> setHistoryLimits(const HistoryLimits &limits) = 0;
 

@@ -154,6 +154,10 @@ Expected<HistoryLimits> EngineNoteLibrary::historyLimits() const {
     return NoteHistory::limits(m_profile);
 }
 
+Expected<qint64> EngineNoteLibrary::countOfVersionsBeyond(const HistoryLimits &limits) const {
+    return NoteHistory::countBeyond(m_profile, limits, QDateTime::currentDateTime());
+}
+
 Expected<void> EngineNoteLibrary::setHistoryLimits(const HistoryLimits &limits) {
     return m_profile.write([&] {
         return NoteHistory::setLimits(m_profile, limits).and_then([this] {

@@ -49,6 +49,7 @@ public:
     Expected<void> openDatabase(const std::shared_ptr<NoteDatabase> &database) override;
     Expected<void> closeDatabase(const std::shared_ptr<NoteDatabase> &database) override;
     Expected<HistoryLimits> historyLimits() const override;
+    Expected<qint64> countOfVersionsBeyond(const HistoryLimits &limits) const override;
     Expected<void> setHistoryLimits(const HistoryLimits &limits) override;
 
 private:

@@ -187,6 +187,20 @@ Expected<bool> NoteHistory::exceedsLimits(const ProfileDatabase &profile, const 
         .map([](const QVariant &exceeds) { return exceeds.toBool(); });
 }
 
+Expected<qint64> NoteHistory::countBeyond(const ProfileDatabase &profile,
+                                          const HistoryLimits &limits, const QDateTime &now) {
+    return endOfOldest(profile, limits, now)
+        .and_then([&](qint64 end) {
+            // The newest ones stay as long as they fit together.
+            return profile.value(
+                QStringLiteral("SELECT (SELECT count(*) FROM versions WHERE ended < ?) +"
+                               " (SELECT count(*) FROM (SELECT sum(size) OVER (ORDER BY id DESC)"
+                               "  AS bytes FROM versions WHERE ended >= ?) WHERE bytes > ?)"),
+                {end, end, bytesOf(limits)});
+        })
+        .map([](const QVariant &count) { return count.toLongLong(); });
+}
+
 Expected<void> NoteHistory::prune(const ProfileDatabase &profile, const QDateTime &now) {
     const Expected<HistoryLimits> kept = limits(profile);
     if (!kept) {

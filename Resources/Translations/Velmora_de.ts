@@ -220,6 +220,26 @@
         <translation>und bis zu</translation>
     </message>
     <message>
+        <source>The new limits remove 1 deleted note or earlier version.</source>
+        <translation>Die neuen Grenzen entfernen 1 gelöschte Notiz oder frühere Fassung.</translation>
+    </message>
+    <message>
+        <source>The new limits remove %1 deleted notes and earlier versions.</source>
+        <translation>Die neuen Grenzen entfernen %1 gelöschte Notizen und frühere Fassungen.</translation>
+    </message>
+    <message>
+        <source>What is removed cannot be restored any more. If you keep it, the limits stay as they were.</source>
+        <translation>Was entfernt wird, kann nicht mehr wiederhergestellt werden. Wenn Sie es behalten, bleiben die Grenzen, wie sie waren.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>&amp;Behalten</translation>
+    </message>
+    <message>
         <source>Untitled</source>
         <translation>Ohne Titel</translation>
     </message>

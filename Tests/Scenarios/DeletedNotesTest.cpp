@@ -1,6 +1,8 @@
 #include <QtCore/QUuid>
 #include <QtGui/QAction>
+#include <QtGui/QWheelEvent>
 #include <QtWidgets/QListWidget>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSpinBox>
@@ -195,6 +197,72 @@ private Q_SLOTS:
         QTest::keyClicks(spinBoxes[0], QStringLiteral("90"));
         press(dialog, QStringLiteral("Close"));
         QCOMPARE(m_host->library().historyLimits().value(), (HistoryLimits{90, 256}));
+    }
+
+    void scrollingOverTheLimitsChangesNothing() {
+        action(QStringLiteral("Deleted Notes…"))->trigger();
+        auto *dialog = openDialog<HistoryDialog>();
+        const auto spinBoxes = dialog->findChildren<QSpinBox *>();
+        for (QSpinBox *box : spinBoxes) {
+            const QPointF center = box->rect().center();
+            QWheelEvent wheel(center, box->mapToGlobal(center), {}, QPoint(0, -1200), Qt::NoButton,
+                              Qt::NoModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(box, &wheel);
+        }
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        QVERIFY(!openDialog<HistoryDialog>());
+        QCOMPARE(m_host->library().historyLimits().value(), (HistoryLimits{30, 256}));
+    }
+
+    void aLimitThatCannotBeShownStays() {
+        const HistoryLimits limits{1'000'000, 1'000'000};
+        QVERIFY(m_host->library().setHistoryLimits(limits));
+        action(QStringLiteral("Deleted Notes…"))->trigger();
+        press(openDialog<HistoryDialog>(), QStringLiteral("Close"));
+        QCOMPARE(m_host->library().historyLimits().value(), limits);
+        action(QStringLiteral("Deleted Notes…"))->trigger();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        auto *dialog = openDialog<HistoryDialog>();
+        dialog->findChildren<QSpinBox *>().first()->setValue(90);
+        press(dialog, QStringLiteral("Close"));
+        QCOMPARE(m_host->library().historyLimits().value(), (HistoryLimits{90, 1'000'000}));
+    }
+
+    void aLowerLimitAsksBeforeItRemovesVersions_data() {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<int>("days");
+        QTest::addColumn<int>("left");
+        QTest::addRow("default") << QString() << 30 << 2;
+        QTest::addRow("keep") << QStringLiteral("Keep") << 30 << 2;
+        QTest::addRow("remove") << QStringLiteral("Remove") << 7 << 0;
+    }
+    void aLowerLimitAsksBeforeItRemovesVersions() {
+        QFETCH(QString, button);
+        QFETCH(int, days);
+        QFETCH(int, left);
+        press(m_window.get(), QStringLiteral("Delete Note"));
+        press(m_window.get(), QStringLiteral("Delete Note"));
+        QVERIFY(m_host->engine().profile().run(
+            QStringLiteral("UPDATE versions SET ended = ?"),
+            {QDateTime::currentDateTime().addDays(-8).toMSecsSinceEpoch()}));
+        action(QStringLiteral("Deleted Notes…"))->trigger();
+        auto *dialog = openDialog<HistoryDialog>();
+        dialog->findChildren<QSpinBox *>().first()->setValue(7);
+        QString question;
+        QTimer::singleShot(0, dialog, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            QVERIFY(box);
+            question = box->text();
+            if (button.isEmpty()) {
+                QTest::keyClick(box, Qt::Key_Return);
+            } else {
+                press(box, button);
+            }
+        });
+        press(dialog, QStringLiteral("Close"));
+        QVERIFY2(question.contains(u'2'), qPrintable(question));
+        QCOMPARE(m_host->library().historyLimits().value(), (HistoryLimits{days, 256}));
+        QCOMPARE(inbox()->deletedNotes().value().size(), left);
     }
 
     void aRemovalWaitsForTheUser_data() {

@@ -185,6 +185,8 @@ private Q_SLOTS:
         add(QStringLiteral("d"), {});
         QCOMPARE(deletedTexts(), QStringList{QStringLiteral("new")});
         age(QStringLiteral("b"), 8);
+        QCOMPARE(m_host->library().countOfVersionsBeyond({9, 256}).value(), 0);
+        QCOMPARE(m_host->library().countOfVersionsBeyond({7, 256}).value(), 1);
         QVERIFY(m_host->library().setHistoryLimits({7, 256}));
         QVERIFY(deletedTexts().isEmpty());
         QCOMPARE(profile().value(QStringLiteral("SELECT bytes FROM size_of_versions")).value(), 0);
