@@ -6,6 +6,8 @@
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMenuBar>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QVBoxLayout>
@@ -19,11 +21,13 @@
 #include "Application/PlugIns.h"
 #include "Application/PreferencesWindow.h"
 #include "Application/PresentIfFailed.h"
+#include "Application/SaveLocations.h"
 #include "Application/StatusLine.h"
 #include "Application/SynchronizationMonitor.h"
 #include "Application/WindowSize.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
+#include "Platform/Interface/PlainText.h"
 
 namespace {
 
@@ -257,10 +261,39 @@ bool MainWindow::leaveText() {
     return m_notes->leave();
 }
 
+bool MainWindow::leavePreferences() {
+    if (!m_preferences || !m_preferences->isVisible()) {
+        return true;
+    }
+    Expected<void> saved = saveLocations();
+    while (!saved) {
+        QMessageBox box(QMessageBox::Warning, ApplicationName, {}, QMessageBox::NoButton, this);
+        PlainText::setTexts(&box, tr("Your changes in Sync Preferences are not saved."),
+                            saved.error().localizedDescription);
+        QPushButton *tryAgain = box.addButton(tr("&Try Again"), QMessageBox::AcceptRole);
+        QPushButton *discard = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
+        box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
+        box.setDefaultButton(tryAgain);
+        box.exec();
+        if (box.clickedButton() == discard) {
+            break;
+        }
+        if (box.clickedButton() != tryAgain) {
+            return false;
+        }
+        saved = saveLocations();
+    }
+    if (m_preferences) {
+        m_preferences->closeInAnyCase();
+    }
+    return true;
+}
+
 void MainWindow::saveAll() {
     m_notes->commit();
+    presentIfFailed(saveLocations());
     if (m_preferences) {
-        m_preferences->close();
+        m_preferences->closeInAnyCase();
     }
 }
 
@@ -279,7 +312,7 @@ int MainWindow::rowOf(const std::shared_ptr<NoteDatabase> &database) const {
 }
 
 void MainWindow::closeEvent(QCloseEvent *event) {
-    if (!leaveText()) {
+    if (!leaveText() || !leavePreferences()) {
         event->ignore();
         return;
     }

@@ -39,10 +39,14 @@ public:
     /// Saves typed text. If that fails, asks the user what to do with it, running a nested event
     /// loop. Returns whether the text was saved or discarded.
     bool leaveText();
+    /// Saves and closes Sync Preferences if it is open. If saving fails, asks the user what to do,
+    /// running a nested event loop. Returns whether the changes were saved or discarded.
+    bool leavePreferences();
     /// Returns what the status line shows; owned by the window.
     SynchronizationMonitor *monitor() const { return m_monitor; }
-    /// Saves all changes without asking the user and closes Sync Preferences. Text that cannot be
-    /// saved is kept for the next start. Blocks for disk writes.
+    /// Saves all changes without asking the user, also those of an earlier Sync Preferences, and
+    /// closes Sync Preferences. Text that cannot be saved is kept for the next start; that ticks
+    /// and schedules cannot be saved is presented as an error. Blocks for disk writes.
     void saveAll();
 
     /// Adds `action`, which is not owned, to the menu Tools.
@@ -55,8 +59,8 @@ Q_SIGNALS:
     void quitRequested();
 
 protected:
-    /// Saves everything first. The window stays open if the user decides to keep editing a text
-    /// that cannot be saved; asking runs a nested event loop.
+    /// Saves everything first. The window stays open if the user decides to keep editing a text, or
+    /// to keep changes of Sync Preferences, that cannot be saved; asking runs a nested event loop.
     void closeEvent(QCloseEvent *event) override;
 
 private:

@@ -6,6 +6,7 @@
 
 #include "Application/LocationRemovals.h"
 #include "Application/PresentIfFailed.h"
+#include "Application/SaveLocations.h"
 #include "Application/WindowSize.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Platform/Interface/TextLabel.h"
@@ -82,7 +83,16 @@ void PreferencesWindow::undoRemoval() {
     }
 }
 
+void PreferencesWindow::closeInAnyCase() {
+    m_closesInAnyCase = true;
+    close();
+}
+
 void PreferencesWindow::closeEvent(QCloseEvent *event) {
+    if (m_pane && !m_closesInAnyCase && !presentIfFailed(saveLocations())) {
+        event->ignore();
+        return;
+    }
     if (m_pane) {
         m_pane->willDeselect();
     }

@@ -28,9 +28,12 @@ public:
     void showRemovals(LocationRemovals *removals,
                       std::function<Expected<std::unique_ptr<PreferencePane>>()> makePane);
 
+    /// Closes the window even if its settings cannot be saved, which is presented as an error.
+    void closeInAnyCase();
+
 protected:
-    /// Deselects the pane, which saves its settings and may present an error; the window closes in
-    /// any case.
+    /// Deselects the pane, which saves its settings. If they cannot be saved, presents an error,
+    /// and the window stays open.
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -40,6 +43,7 @@ private:
     void undoRemoval();
 
     std::unique_ptr<PreferencePane> m_pane;
+    bool m_closesInAnyCase = false;
     /// Null before showRemovals(), as are the widgets.
     LocationRemovals *m_removals = nullptr;
     std::function<Expected<std::unique_ptr<PreferencePane>>()> m_makePane;

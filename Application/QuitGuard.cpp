@@ -52,7 +52,8 @@ void QuitGuard::hideWindow() {
 
 bool QuitGuard::prepareToQuit() {
     m_isAsking = true;
-    const bool isReady = m_window->leaveText() && QuitSynchronization(m_window).run();
+    const bool isReady = m_window->leaveText() && QuitSynchronization(m_window).run() &&
+                         m_window->leavePreferences();
     m_isAsking = false;
     return isReady;
 }

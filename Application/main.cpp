@@ -84,7 +84,7 @@ Expected<void> writeScreenshot(const QString &file) {
     window->show();
     QCoreApplication::processEvents();
     const bool isWritten = window->grab().save(file);
-    window->close();
+    window->closeInAnyCase();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (!isWritten) {
         return failure(

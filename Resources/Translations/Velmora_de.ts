@@ -361,6 +361,22 @@
 <context>
     <name>MainWindow</name>
     <message>
+        <source>Your changes in Sync Preferences are not saved.</source>
+        <translation>Ihre Änderungen in den Sync-Einstellungen sind nicht gesichert.</translation>
+    </message>
+    <message>
+        <source>&amp;Try Again</source>
+        <translation>&amp;Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
         <source>%1 · 1 conflict</source>
         <translation>%1 · 1 Konflikt</translation>
     </message>

@@ -14,6 +14,7 @@
 
 #include "Application/EndSignals.h"
 #include "Application/EventLog.h"
+#include "Application/PreferencesWindow.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -222,6 +223,19 @@ private Q_SLOTS:
         QCOMPARE(savedTexts(),
                  QStringList({QStringLiteral("First typed"), QStringLiteral("Second")}));
         QVERIFY(journal().isEmpty());
+    }
+
+    void quittingAsksAboutPreferencesThatCannotBeSaved() {
+        const QPointer<PreferencesWindow> preferences = m_window->showPreferences();
+        QVERIFY(preferences);
+        m_host->makeSavesFail();
+        answer({QStringLiteral("Try Again"), QStringLiteral("Cancel")});
+        QVERIFY(!m_window->close());
+        QVERIFY(preferences->isVisible());
+        answer({QStringLiteral("Discard")});
+        QVERIFY(m_window->close());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!preferences);
     }
 
     void theSignalToEndSavesWhatIsTyped() {
