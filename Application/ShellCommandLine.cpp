@@ -77,7 +77,7 @@ ShellResult resultOf(VelmoraApplication &application, const LaunchOptions &optio
         return ShellResult::failed(opened.error().localizedDescription);
     }
     application.setLibrary(sync.library());
-    const ShellResult result = runHere(application, options, *sync.library());
+    ShellResult result = runHere(application, options, *sync.library());
     application.setLibrary(nullptr);
     return result;
 }

@@ -62,7 +62,7 @@ void TrayIcon::showState() {
 }
 
 QIcon TrayIcon::icon() const {
-    const QIcon application = QApplication::windowIcon();
+    QIcon application = QApplication::windowIcon();
     QStyle::StandardPixmap badge = QStyle::SP_MessageBoxWarning;
     if (m_monitor->isRunning()) {
         badge = QStyle::SP_BrowserReload;

@@ -162,7 +162,7 @@ QString DirectConnectionServer::addressText() const {
         return {};
     }
     const QStringList addresses = ownAddresses();
-    const QString address =
+    QString address =
         addresses.isEmpty()
             ? localizedSyncString("This computer is in no network. Port: %1").arg(m_port)
             : localizedSyncString("Address: %1. Port: %2")
