@@ -331,8 +331,8 @@ void NotesView::resolveConflict(const std::function<void(const Note &, const Not
     }
 }
 
-void NotesView::keepEdit(const Note &kept, const Note &removed) {
-    if (!presentIfFailed(m_database->removeNote(removed))) {
+void NotesView::keepEdit(Note kept, const Note &removed) {
+    if (!presentIfFailed(m_database->resolveConflict(kept, removed))) {
         return;
     }
     // A copy that is the only edit left shows as the note.

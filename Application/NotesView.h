@@ -101,8 +101,8 @@ private:
     /// Saves what was typed, and calls `resolve` with the shown edit and the first of the others,
     /// if there is one.
     void resolveConflict(const std::function<void(const Note &, const Note &)> &resolve);
-    /// Removes `removed`, if it was not replaced meanwhile, and shows `kept`.
-    void keepEdit(const Note &kept, const Note &removed);
+    /// Resolves the conflict of the two edits and shows `kept`.
+    void keepEdit(Note kept, const Note &removed);
     /// Makes the copy of the two edits a note of its own.
     void keepBothEdits(const Note &one, const Note &other);
     /// Returns the shown note with the user's edits and the current time.

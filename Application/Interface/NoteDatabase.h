@@ -66,6 +66,12 @@ public:
     /// that the UUID shows now. If that edit was replaced meanwhile, or is not there, nothing is
     /// removed: an edit that the caller has not seen survives.
     virtual Expected<void> removeNote(const Note &note) = 0;
+    /// Replaces two conflicting edits of one note, those that the revisions of `kept` and `removed`
+    /// name, by a new edit with the contents of `kept`, and updates `kept.revision`. Equal
+    /// decisions on several computers are one edit; different ones conflict, so that no text is
+    /// lost. Returns an error if the two do not conflict, for example because one of them was
+    /// replaced or removed meanwhile.
+    virtual Expected<void> resolveConflict(Note &kept, const Note &removed) = 0;
 
     /// Returns the notes that were deleted, here or by a synchronization, as they were last; the
     /// one deleted last comes first. Notes that the profile no longer keeps are not among them, see

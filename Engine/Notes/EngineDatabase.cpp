@@ -46,6 +46,17 @@ Expected<void> EngineDatabase::removeNote(const Note &note) {
     return write([&] { return m_log.remove(note); }).map([this] { Q_EMIT notesChanged(); });
 }
 
+Expected<void> EngineDatabase::resolveConflict(Note &kept, const Note &removed) {
+    Note resolved = kept;
+    if (Expected<void> written = write([&] { return m_log.resolveConflict(resolved, removed); });
+        !written) {
+        return written;
+    }
+    kept = resolved;
+    Q_EMIT notesChanged();
+    return {};
+}
+
 Expected<QList<NoteVersion>> EngineDatabase::deletedNotes() const {
     return m_log.history().deletedNotes();
 }

@@ -97,6 +97,11 @@ Expected<void> checkNote(const Note &note) {
     return {};
 }
 
+/// Whether both are edits of one note.
+bool areConflicting(const Operation &one, const Operation &other) {
+    return one.id != other.id && one.note == other.note && !one.note.isEmpty();
+}
+
 bool comesBefore(const Operation &a, const Operation &b) {
     return a.comesBefore(b);
 }
@@ -181,8 +186,7 @@ Expected<Operation> NoteLog::writeEdit(const Note &note, const OperationId &seen
 }
 
 Expected<void> NoteLog::remove(const Note &note) const {
-    const Expected<std::optional<Operation>> seen =
-        seenAs(note).and_then([&](const OperationId &identifier) { return operation(identifier); });
+    const Expected<std::optional<Operation>> seen = seenOperation(note);
     if (!seen) {
         return failure(seen.error());
     }
@@ -193,6 +197,47 @@ Expected<void> NoteLog::remove(const Note &note) const {
     return isUnsent(identifier).and_then([&](bool unsent) {
         return unsent ? erase({identifier}) : supersede({identifier});
     });
+}
+
+Expected<void> NoteLog::resolveConflict(Note &kept, const Note &removed) const {
+    const Expected<std::optional<Operation>> one = seenOperation(kept);
+    const Expected<std::optional<Operation>> other = seenOperation(removed);
+    if (!one || !other) {
+        return failure(one ? other.error() : one.error());
+    }
+    if (!*one || !*other || !areConflicting(**one, **other)) {
+        return failure(engineError(EngineErrorCode::InvalidDatabase,
+                                   "The edits of “%1” have changed meanwhile, so none was removed."
+                                   " Compare them again, then decide.",
+                                   kept.title.left(80)));
+    }
+    const Expected<Operation> resolved = resolution(**one, **other);
+    if (!resolved) {
+        return failure(resolved.error());
+    }
+    return erase({(*one)->id}, Keeping::Drop)
+        .and_then([&] { return replace({(*other)->id}, *resolved); })
+        .and_then([&] { return markAllSent(); })
+        .map([&] { kept.revision = revisionOf(*resolved); });
+}
+
+Expected<Operation> NoteLog::resolution(const Operation &kept, const Operation &removed) const {
+    const Expected<QList<OperationId>> superseded = predecessors({kept.id, removed.id});
+    if (!superseded) {
+        return failure(superseded.error());
+    }
+    const Operation resolved = kept.resolving(*superseded);
+    return isSuperseded(resolved.id).map([&](bool isKnown) {
+        // The result of the same decision on another computer was replaced or removed there.
+        return isKnown
+                   ? Operation::make(kept.note, kept.title, kept.text, kept.modified, *superseded)
+                   : resolved;
+    });
+}
+
+Expected<std::optional<Operation>> NoteLog::seenOperation(const Note &note) const {
+    return seenAs(note).and_then(
+        [&](const OperationId &identifier) { return operation(identifier); });
 }
 
 Expected<OperationId> NoteLog::seenAs(const Note &note) const {

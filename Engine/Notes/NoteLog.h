@@ -19,7 +19,7 @@ class QSqlQuery;
 /// may contain and send them.
 ///
 /// Every removed operation of a note is added to the history, except an unsent one whose title and
-/// text are contained in the edit that replaces it.
+/// text are contained in the edit that replaces it, and one that the user keeps in a conflict.
 ///
 /// Must be used on the main thread; all functions block for the database. Functions that write must
 /// be called within a transaction of the profile, which the caller must roll back if they return an
@@ -43,6 +43,9 @@ public:
     Expected<void> save(Note &note) const;
     /// See NoteDatabase::removeNote.
     Expected<void> remove(const Note &note) const;
+    /// See NoteDatabase::resolveConflict. The error of edits that do not conflict has the code
+    /// InvalidDatabase. The new operation counts as sent, since another computer may send it.
+    Expected<void> resolveConflict(Note &kept, const Note &removed) const;
 
     /// Returns the name of the database, or an empty string if no operation names it. O(log n).
     Expected<QString> name() const;
@@ -109,6 +112,10 @@ private:
     /// Returns the edit that the revision of `note` names or, if it is empty, the one that its UUID
     /// shows.
     Expected<OperationId> seenAs(const Note &note) const;
+    /// Returns the operation of the edit that seenAs() returns, if it is current.
+    Expected<std::optional<Operation>> seenOperation(const Note &note) const;
+    /// Returns the operation that replaces the conflicting ones `kept` and `removed`.
+    Expected<Operation> resolution(const Operation &kept, const Operation &removed) const;
     /// Returns what an operation that replaces `seen` must supersede.
     Expected<QList<OperationId>> predecessors(const QList<OperationId> &seen) const;
     Expected<bool> isUnsent(const OperationId &identifier) const;

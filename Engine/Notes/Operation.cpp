@@ -10,12 +10,22 @@ namespace {
 constexpr qint64 FirstDate = -62135596800000;
 constexpr qint64 LastDate = 253402300799999;
 
+void sortIdentifiers(QList<OperationId> &identifiers) {
+    std::sort(identifiers.begin(), identifiers.end());
+    identifiers.erase(std::unique(identifiers.begin(), identifiers.end()), identifiers.end());
+}
+
+/// Returns a salt that follows from `bytes`, so that all computers make the same operation.
+QByteArray saltFrom(const QByteArray &bytes) {
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256)
+        .first(Operation::IdentifierSize);
+}
+
 }  // namespace
 
 Operation Operation::make(const QString &note, const QString &title, const QString &text,
                           std::optional<qint64> modified, QList<OperationId> supersedes) {
-    std::sort(supersedes.begin(), supersedes.end());
-    supersedes.erase(std::unique(supersedes.begin(), supersedes.end()), supersedes.end());
+    sortIdentifiers(supersedes);
     Operation operation{
         {}, note, title, text, modified, std::move(supersedes), QUuid::createUuid().toRfc4122()};
     operation.id = operation.computedId();
@@ -25,8 +35,16 @@ Operation Operation::make(const QString &note, const QString &title, const QStri
 Operation Operation::renewed() const {
     Operation operation = *this;
     operation.supersedes = {id};
-    operation.salt =
-        QCryptographicHash::hash("renewed " + id, QCryptographicHash::Sha256).first(IdentifierSize);
+    operation.salt = saltFrom("renewed " + id);
+    operation.id = operation.computedId();
+    return operation;
+}
+
+Operation Operation::resolving(QList<OperationId> superseded) const {
+    sortIdentifiers(superseded);
+    Operation operation = *this;
+    operation.salt = saltFrom("resolved " + packed(superseded));
+    operation.supersedes = std::move(superseded);
     operation.id = operation.computedId();
     return operation;
 }

@@ -31,7 +31,7 @@ struct Operation {
     std::optional<qint64> modified;
     /// The operations that the author saw and replaced: ascending, without duplicates.
     QList<OperationId> supersedes;
-    /// 16 random bytes, so that repeating an edit makes a different operation.
+    /// 16 bytes, random for an edit, so that repeating it makes a different operation.
     QByteArray salt;
 
     bool operator==(const Operation &) const = default;
@@ -43,6 +43,10 @@ struct Operation {
     /// Returns an operation with the same contents that supersedes this one. Every call returns the
     /// same operation, on all computers.
     Operation renewed() const;
+    /// Returns an operation with the same contents that supersedes the conflicting operations
+    /// `superseded`, which may be in any order and contain duplicates. Every call with the same
+    /// ones returns the same operation, on all computers.
+    Operation resolving(QList<OperationId> superseded) const;
     /// Returns the identifier that follows from the other members.
     OperationId computedId() const;
     /// Returns whether all members have the format and limits that StoreFormat.md requires, and

@@ -1328,6 +1328,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>„%1“ ist keine gültige Kennung einer Notiz.</translation>
     </message>
     <message>
+        <source>The edits of “%1” have changed meanwhile, so none was removed. Compare them again, then decide.</source>
+        <translation>Die Bearbeitungen von „%1“ haben sich inzwischen geändert, daher wurde keine entfernt. Vergleichen Sie sie erneut, und entscheiden Sie dann.</translation>
+    </message>
+    <message>
         <source>The note “%1” is too long to be synchronized. Divide it into several notes.</source>
         <translation>Die Notiz „%1“ ist zu lang, um synchronisiert zu werden. Teilen Sie sie in mehrere Notizen auf.</translation>
     </message>

@@ -105,7 +105,7 @@ public:
             if (happens(2)) {
                 happen();
             }
-            switch (upTo(12)) {
+            switch (upTo(13)) {
                 case 0:
                 case 1:
                 case 2:
@@ -122,6 +122,9 @@ public:
                     break;
                 case 6:
                     happens(50) ? beginRewriting() : begin<SyncSession>();
+                    break;
+                case 7:
+                    resolve(anyReplica());
                     break;
                 default:
                     goOn();
@@ -306,6 +309,29 @@ private:
             const Note &note = notes[upTo(static_cast<int>(notes.size()))];
             require(replica->library().synchronizedDatabase(m_UUID)->removeNote(note));
             m_edits[note.revision].isSuperseded = true;
+        }
+    }
+
+    void resolve(Replica *replica) {
+        QList<Note> edits = sortedNotes(replica);
+        edits.removeIf([](const Note &each) { return each.conflict.isEmpty(); });
+        if (edits.isEmpty()) {
+            return;
+        }
+        Note kept = edits[upTo(static_cast<int>(edits.size()))];
+        const Note seen = kept;
+        edits.removeIf([&](const Note &each) {
+            return each.conflict != seen.conflict || each.UUID == seen.UUID;
+        });
+        const Note removed = edits[upTo(static_cast<int>(edits.size()))];
+        require(replica->library().synchronizedDatabase(m_UUID)->resolveConflict(kept, removed));
+        m_edits[seen.revision].isSuperseded = true;
+        m_edits[removed.revision].isSuperseded = true;
+        if (m_edits.contains(kept.revision)) {
+            // Another replica has decided equally, and may have replaced or lost the result since.
+            expectWhatIsLeft();
+        } else {
+            m_edits.insert(kept.revision, {m_edits[seen.revision].title, seen.text});
         }
     }
 

@@ -54,6 +54,21 @@ private:
         note.modified = QDateTime::fromSecsSinceEpoch(1'700'000'000 + second);
         QVERIFY(database.saveNote(note));
     }
+    /// As the user of the other computer does in a window of it.
+    static void keep(NoteDatabase &database, const QString &text) {
+        QList<Note> edits = database.notes().value();
+        edits.removeIf([](const Note &each) { return each.conflict.isEmpty(); });
+        QCOMPARE(edits.size(), 2);
+        const qsizetype kept = edits.first().text == text ? 0 : 1;
+        QCOMPARE(edits[kept].text, text);
+        QVERIFY(database.resolveConflict(edits[kept], edits[1 - kept]));
+    }
+    void synchronizeAll() const {
+        for (int i = 0; i < 2; ++i) {
+            synchronizeHere();
+            synchronizeThere();
+        }
+    }
     std::shared_ptr<QVSyncState> stateAt(SyncEngine &engine, const QString &URL) const {
         auto *locations = engine.plugin().locationsController();
         const auto location = engine.plugin().newLocation(Url::fromString(URL));
@@ -205,6 +220,96 @@ private Q_SLOTS:
         press(dialog(), KeepThis);
         QVERIFY(texts(*here()).join(u'\n').contains(QStringLiteral("Buy nothing")));
         QVERIFY(texts(*here()).join(u'\n').contains(Here));
+        QCOMPARE(m_host->application().presentedErrors().size(), 1);
+    }
+
+    void theOtherEditSurvivesIfTheKeptOneWasReplaced() {
+        synchronizeThere();
+        press(bar(), QStringLiteral("Compare…"));
+        edit(*there(), QStringLiteral("Buy nothing"), 3);
+        synchronizeThere();
+        synchronizeHere();
+        press(dialog(), KeepThis);
+        const QStringList left{QStringLiteral("Garden/Roses"),
+                               QStringLiteral("Shopping (conflict)/") + There,
+                               QStringLiteral("Shopping/Buy nothing")};
+        QCOMPARE(texts(*here()), left);
+        QCOMPARE(m_host->application().presentedErrors().size(), 1);
+        synchronizeAll();
+        QCOMPARE(texts(*there()), left);
+    }
+
+    void differentDecisionsLoseNoText_data() {
+        QTest::addColumn<QString>("choice");
+        QTest::addColumn<QString>("keptThere");
+        QTest::addRow("each its own") << KeepThis << There;
+        QTest::addRow("each that of the other") << KeepOther << Here;
+    }
+    void differentDecisionsLoseNoText() {
+        QFETCH(QString, choice);
+        QFETCH(QString, keptThere);
+        synchronizeThere();
+        press(bar(), choice);
+        keep(*there(), keptThere);
+        synchronizeAll();
+        const QStringList both{QStringLiteral("Garden/Roses"),
+                               QStringLiteral("Shopping (conflict)/") + There,
+                               QStringLiteral("Shopping/") + Here};
+        QCOMPARE(texts(*here()), both);
+        QCOMPARE(texts(*there()), both);
+        QVERIFY(bar()->isVisible());
+        // What both decide then is final.
+        press(bar(), KeepOther);
+        synchronizeAll();
+        QCOMPARE(texts(*here()).size(), 2);
+        QCOMPARE(texts(*there()), texts(*here()));
+    }
+
+    void equalDecisionsAreOne() {
+        synchronizeThere();
+        press(bar(), KeepOther);
+        keep(*there(), There);
+        synchronizeAll();
+        QCOMPARE(texts(*here()), QStringList({QStringLiteral("Garden/Roses"),
+                                              QStringLiteral("Shopping/") + There}));
+        QCOMPARE(texts(*there()), texts(*here()));
+        QCOMPARE(here()->notes().value(), there()->notes().value());
+    }
+
+    void anEditAfterAnEqualDecisionReplacesIt() {
+        synchronizeThere();
+        press(bar(), KeepThis);
+        edit(*here(), QStringLiteral("Buy five eggs"), 4);
+        keep(*there(), Here);
+        synchronizeAll();
+        const QStringList left{QStringLiteral("Garden/Roses"),
+                               QStringLiteral("Shopping/Buy five eggs")};
+        QCOMPARE(texts(*here()), left);
+        QCOMPARE(texts(*there()), left);
+    }
+
+    void keepingBothThereLosesNoText() {
+        synchronizeThere();
+        press(bar(), KeepThis);
+        Note copy = there()->notes().value().at(1);
+        QCOMPARE(copy.text, There);
+        QVERIFY(there()->saveNote(copy));
+        synchronizeAll();
+        const QStringList both{QStringLiteral("Garden/Roses"),
+                               QStringLiteral("Shopping (conflict)/") + There,
+                               QStringLiteral("Shopping/") + Here};
+        QCOMPARE(texts(*here()), both);
+        QCOMPARE(texts(*there()), both);
+        QCOMPARE(here()->countOfConflicts().value(), 0);
+    }
+
+    void onlyEditsOfOneNoteAreAConflict() {
+        QList<Note> notes = here()->notes().value();
+        const QStringList before = texts(*here());
+        QVERIFY(!here()->resolveConflict(notes[0], notes[2]));
+        QVERIFY(!here()->resolveConflict(notes[0], notes[0]));
+        QVERIFY(!here()->resolveConflict(notes[0], {}));
+        QCOMPARE(texts(*here()), before);
     }
 
     void whatIsTypedIsSavedFirst() {

@@ -162,6 +162,32 @@ private Q_SLOTS:
         QCOMPARE(database->notes(), QList<Note>{note});
     }
 
+    /// What resolves a conflict follows from its edits, so a store can supersede it in advance.
+    void aResolvedConflictSurvivesIfItsResultIsSupersededAlready() {
+        TestHost host;
+        const auto database = host.library().synchronizedDatabase(
+            host.addDatabase(QStringLiteral("Letters"))->UUID());
+        const QString UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
+        const Operation one =
+            Operation::make(UUID, QStringLiteral("t"), QStringLiteral("1"), 1, {});
+        const Operation two =
+            Operation::make(UUID, QStringLiteral("t"), QStringLiteral("2"), 2, {});
+        const QList<OperationId> both{one.id, two.id};
+        const Transaction transaction{.operations = {one, two},
+                                      .superseded = {one.resolving(both).id}};
+        QVERIFY(database->merge({.transactions = {transaction}}, [] { return Expected<void>(); }));
+        QList<Note> edits = database->notes().value();
+        QCOMPARE(edits.size(), 2);
+        QVERIFY(database->resolveConflict(edits[1], edits[0]));
+        const QList<Note> left = database->notes().value();
+        QCOMPARE(left.size(), 1);
+        QCOMPARE(left.first().UUID, UUID);
+        QCOMPARE(left.first().text, QStringLiteral("1"));
+        QCOMPARE(left.first().revision, edits[1].revision);
+        // The kept edit is no earlier version of itself.
+        QCOMPARE(database->earlierVersions(UUID).value().size(), 1);
+    }
+
     void removingANoteWithoutUUIDRemovesNothing() {
         TestHost host;
         const auto database = host.addDatabase(QStringLiteral("Letters"));
