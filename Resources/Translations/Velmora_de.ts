@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>Keep &amp;Other</source>
-        <translation>&amp;Andere behalten</translation>
+        <translation>Ande&amp;re behalten</translation>
     </message>
     <message>
         <source>Keep &amp;Both</source>
@@ -60,7 +60,7 @@
     </message>
     <message>
         <source>Keep &amp;Other</source>
-        <translation>&amp;Andere behalten</translation>
+        <translation>Ande&amp;re behalten</translation>
     </message>
     <message>
         <source>Keep &amp;Both</source>

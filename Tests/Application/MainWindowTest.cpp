@@ -1,5 +1,6 @@
 #include "Application/MainWindow.h"
 
+#include <QtCore/QTranslator>
 #include <QtGui/QAction>
 #include <QtGui/QClipboard>
 #include <QtWidgets/QLabel>
@@ -271,7 +272,21 @@ private Q_SLOTS:
         QVERIFY(savedTexts().contains(QStringLiteral("typed First")));
     }
 
+    void noMnemonicIsUsedTwice_data() {
+        QTest::addColumn<QString>("language");
+        QTest::addRow("English") << QString();
+        QTest::addRow("German") << QStringLiteral("de");
+    }
     void noMnemonicIsUsedTwice() {
+        QFETCH(QString, language);
+        QTranslator table;
+        if (!language.isEmpty()) {
+            QVERIFY(
+                table.load(QStringLiteral(":/Velmora/Translations/Velmora_%1.qm").arg(language)));
+            QVERIFY(QCoreApplication::installTranslator(&table));
+        }
+        m_window.reset();
+        m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
         QStringList titles;
         for (const QAction *action : m_window->menuBar()->actions()) {
             titles.append(action->text());
