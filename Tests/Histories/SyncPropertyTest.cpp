@@ -2,6 +2,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Synchronization/RecordTiers.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Support/Compaction.h"
@@ -133,11 +134,13 @@ public:
         m_running.clear();
     }
 
-    /// As an administrator does who removes what a server lists but does not return.
+    /// As an administrator does who removes what a server lists but does not return, and what looks
+    /// as if a newer version of the program had written it.
     void repairStores() {
         for (MemoryStore::Blobs &blobs : m_stores) {
-            std::erase_if(blobs,
-                          [](const auto &blob) { return blob.second == MemoryStore::Withheld; });
+            std::erase_if(blobs, [this](const auto &blob) {
+                return blob.second == MemoryStore::Withheld || looksNewer(blob.first, blob.second);
+            });
         }
     }
 
@@ -248,6 +251,14 @@ private:
         std::unique_ptr<StoreSession> session;
         bool hasWorked = false;
     };
+
+    bool looksNewer(const QString &name, const QByteArray &record) const {
+        const auto isUnknown = [](const auto &result) {
+            return !result && isEngineError(result.error(), EngineErrorCode::UnknownVersion);
+        };
+        return isTransaction(name) ? isUnknown(Transaction::decoded(record, name))
+                                   : isUnknown(DatabaseRecord::name(record, m_UUID, name));
+    }
 
     Replica *anyReplica() const { return m_replicas[upTo(static_cast<int>(m_replicas.size()))]; }
 
