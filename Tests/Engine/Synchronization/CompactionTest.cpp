@@ -129,7 +129,7 @@ private Q_SLOTS:
                  log.state());
     }
 
-    /// As on a server that lets nobody delete anything, or after the program was killed.
+    /// As on a server that refuses deletions, or after the program was killed.
     void whatCouldNotBeRemovedIsNotRewrittenAgain() {
         fillTier();
         const auto before = m_blobs.size();
