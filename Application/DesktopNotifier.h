@@ -2,8 +2,8 @@
 
 #include <QtCore/QString>
 
-/// Messages of the desktop's notification service (Desktop Notifications Specification 1.2). Must
-/// be used on the main thread.
+/// Messages of the desktop's notification service (freedesktop.org, Desktop Notifications 1.2).
+/// Must be used on the main thread.
 namespace DesktopNotifier {
 
 /// Shows a message and returns at once. Both texts may be any text and are shown as they are. Has
