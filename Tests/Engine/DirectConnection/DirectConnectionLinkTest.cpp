@@ -46,7 +46,7 @@ private Q_SLOTS:
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nowhere");
         DirectConnectionLink link;
         const Expected<void> connected =
-            link.connect(QStringLiteral("velmora-nobody.local"), 1, m_future);
+            link.connect(QStringLiteral("velmora-absent.local"), 1, m_future);
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", bus);
         QCOMPARE(code(connected), EngineErrorCode::StoreUnreachable);
         QVERIFY2(description(connected).contains(QStringLiteral("Avahi")),
