@@ -35,7 +35,7 @@ struct HOST_EXPORT QVSyncProgress {
 
     Phase phase = Phase::Idle;
     /// The same text as QVSyncDispatcher::activity().
-    QString activity;
+    QString activity = {};
     /// The number of records or changes that this phase has done, of `total`; both are 0 if the
     /// extent is not known.
     qint64 done = 0;

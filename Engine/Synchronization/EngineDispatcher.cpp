@@ -310,8 +310,12 @@ void EngineDispatcher::reportEnd(const Entry &entry, QVJobReport report) {
 
 void EngineDispatcher::askAboutRemoval(const Entry &entry, const StoreSession::Removal &removal) {
     const StoreSession::Subject &subject = entry.job->subject();
+    const QList<Entry> waiting = m_waiting.value(subject.store);
+    const bool isDecided = std::any_of(waiting.begin(), waiting.end(), [&](const Entry &each) {
+        return each.isDecided && each.job->subject().databaseUUID == subject.databaseUUID;
+    });
     QuestionPresenter *presenter = QuestionPresenter::shared();
-    if (!presenter || m_asked.contains(subject.databaseUUID)) {
+    if (!presenter || isDecided || m_asked.contains(subject.databaseUUID)) {
         return;
     }
     m_asked.insert(subject.databaseUUID, subject.store);
@@ -330,11 +334,13 @@ void EngineDispatcher::synchronizeAgain(const Entry &entry, const SyncSession::D
     if (decision.decision == RemovalDecision::Later || (entry.state && !entry.state->isEnabled())) {
         return;
     }
-    add({std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, m_profile, m_library,
-                                   entry.job->subject(), entry.job->store(), decision),
-         entry.title,
-         entry.state,
-         {}});
+    const auto job = std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, m_profile, m_library,
+                                               entry.job->subject(), entry.job->store(), decision);
+    add({.job = job,
+         .title = entry.title,
+         .state = entry.state,
+         .handlers = {},
+         .isDecided = true});
 }
 
 QString EngineDispatcher::nameOf(const StoreSession::Subject &subject) const {

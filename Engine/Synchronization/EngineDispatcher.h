@@ -70,6 +70,8 @@ private:
         QDateTime started = {};
         /// Whether the running job was cancelled. Its store is in use until it ends.
         bool isCancelled = false;
+        /// Whether the user has decided what the job removes.
+        bool isDecided = false;
     };
 
     /// Adds a job, or only `handler` if such a job is already waiting. Calls `handler` later,
@@ -102,7 +104,8 @@ private:
     /// Completes `report`, which names the database and the location, and logs it.
     void reportEnd(const Entry &entry, QVJobReport report);
     /// Asks the user about the notes that the failed job would have removed, unless a question
-    /// about that database is open, and starts a synchronization with the decision.
+    /// about that database is open or its answer waits to be carried out, and starts a
+    /// synchronization with the decision.
     void askAboutRemoval(const Entry &entry, const StoreSession::Removal &removal);
     /// Synchronizes again, with what the user has decided.
     void synchronizeAgain(const Entry &entry, const SyncSession::Decision &decision);

@@ -109,6 +109,7 @@ void DiscoveryClient::loseDaemon() {
     ++m_number;
     m_owner.clear();
     m_isHostRegistered = false;
+    forgetNames();
     if (std::exchange(m_isAvailable, false)) {
         Q_EMIT lost();
     }
@@ -120,19 +121,26 @@ void DiscoveryClient::changeState(int state) {
     }
     m_isRunning = state == AvahiBus::ServerRunning;
     if (!m_isRunning) {
+        forgetNames();
         setHostRegistered(false);
         return;
     }
-    const auto text = [](const QDBusMessage &reply) {
-        return reply.arguments().value(0).toString().left(LongestDomainName);
-    };
-    call(AvahiBus::ServerPath, AvahiBus::ServerInterface, QStringLiteral("GetHostName"), {}, this,
-         [this, text](const QDBusMessage &reply) { m_hostName = text(reply); });
-    call(AvahiBus::ServerPath, AvahiBus::ServerInterface, QStringLiteral("GetDomainName"), {}, this,
-         [this, text](const QDBusMessage &reply) {
-             m_domainName = text(reply);
+    readName(QStringLiteral("GetHostName"), m_hostName);
+    readName(QStringLiteral("GetDomainName"), m_domainName);
+}
+
+void DiscoveryClient::readName(const QString &method, QString &name) {
+    call(AvahiBus::ServerPath, AvahiBus::ServerInterface, method, {}, this,
+         [this, &name](const QDBusMessage &reply) {
+             name = reply.arguments().value(0).toString().left(LongestDomainName);
+             // The replies arrive in any order.
              setHostRegistered(m_isRunning && !m_hostName.isEmpty() && !m_domainName.isEmpty());
          });
+}
+
+void DiscoveryClient::forgetNames() {
+    m_hostName.clear();
+    m_domainName.clear();
 }
 
 void DiscoveryClient::setHostRegistered(bool isHostRegistered) {

@@ -77,6 +77,10 @@ private:
     void connectToDaemon(const QString &owner);
     /// Forgets the daemon and the replies that are expected. Emits lost() if it was available.
     void loseDaemon();
+    /// Reads the name that `method` of the daemon returns into `name`, a member. The host is
+    /// registered as soon as both names are known.
+    void readName(const QString &method, QString &name);
+    void forgetNames();
     void setHostRegistered(bool isHostRegistered);
     /// Calls `handler` with the result of `call` unless the connection is lost before.
     void await(const QDBusPendingCall &call, QObject *context, const Handler &handler);

@@ -9,8 +9,8 @@
 namespace {
 
 const QString SearchPath = QStringLiteral("/Client1/ServiceBrowser1");
-constexpr int GiantNames = 100;
-constexpr qsizetype GiantSize = 1 << 18;
+constexpr int GiantNames = 20;
+constexpr qsizetype GiantSize = 1 << 16;
 
 void sendItem(const QDBusConnection &connection, const QString &change,
               const QVariantList &arguments) {
@@ -52,7 +52,14 @@ bool HostileDiscoveryDaemon::handleMessage(const QDBusMessage &message,
         return connection.send(message.createErrorReply(
             QStringLiteral("org.freedesktop.Avahi.CollisionError"), QString()));
     }
+    if (m_attack == Attack::OtherOrder && member == QLatin1StringView("GetHostName")) {
+        m_postponed = message;
+        return true;
+    }
     connection.send(message.createReply(answer(member)));
+    if (m_attack == Attack::OtherOrder && member == QLatin1StringView("GetDomainName")) {
+        connection.send(m_postponed.createReply(answer(m_postponed.member())));
+    }
     if (member == QLatin1StringView("ServiceBrowserNew")) {
         sendServices(connection);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtDBus/QDBusMessage>
 #include <atomic>
 
 #include "Support/BusService.h"
@@ -12,7 +13,7 @@ public:
         Silence,
         /// Finds `ManyServices`, then loses the first one.
         ManyServices,
-        /// Finds one service, a hundred with huge names, and loses the first one.
+        /// Finds one service, many with huge names, and loses the first one.
         GiantNames,
         /// Finds a service, then leaves the bus, as it does when it is to resolve one.
         Disappearance,
@@ -22,10 +23,12 @@ public:
         /// Resolves everything to something huge, and has a huge name.
         GiantReplies,
         /// Has another service of every name that is announced.
-        Collisions
+        Collisions,
+        /// Is not hostile, but replies with its domain name before its host name.
+        OtherOrder
     };
 
-    static constexpr int ManyServices = 20'000;
+    static constexpr int ManyServices = 5'000;
 
     HostileDiscoveryDaemon(const QString &busAddress, Attack attack);
     ~HostileDiscoveryDaemon() override;
@@ -40,5 +43,7 @@ private:
     void sendServices(const QDBusConnection &connection);
 
     const Attack m_attack;
+    /// The request that is answered later.
+    QDBusMessage m_postponed;
     std::atomic_int m_countOfMessages = 0;
 };

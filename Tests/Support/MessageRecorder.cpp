@@ -1,6 +1,6 @@
 #include "Support/MessageRecorder.h"
 
-#include "Host/SyncLog.h"
+static const char *recordedCategory = nullptr;
 
 static QStringList &recorded() {
     static QStringList messages;
@@ -8,13 +8,15 @@ static QStringList &recorded() {
 }
 
 static void record(QtMsgType /*type*/, const QMessageLogContext &context, const QString &text) {
-    if (qstrcmp(context.category, SyncLogCategory) == 0) {
+    if (qstrcmp(context.category, recordedCategory) == 0) {
         recorded().append(text);
     }
 }
 
-MessageRecorder::MessageRecorder() : m_previous(qInstallMessageHandler(&record)) {
+MessageRecorder::MessageRecorder(const char *category) {
+    recordedCategory = category;
     recorded().clear();
+    m_previous = qInstallMessageHandler(&record);
 }
 
 MessageRecorder::~MessageRecorder() {

@@ -3,11 +3,13 @@
 #include <QtCore/QStringList>
 #include <QtCore/QtGlobal>
 
-/// Catches the diagnostic messages that are logged while it exists, in place of Qt's output. There
-/// is one at a time.
+#include "Host/SyncLog.h"
+
+/// Catches the diagnostic messages of one category that are logged while it exists, and drops all
+/// others, in place of Qt's output. There is one at a time.
 class MessageRecorder {
 public:
-    MessageRecorder();
+    explicit MessageRecorder(const char *category = SyncLogCategory);
     ~MessageRecorder();
     MessageRecorder(const MessageRecorder &) = delete;
     MessageRecorder &operator=(const MessageRecorder &) = delete;
