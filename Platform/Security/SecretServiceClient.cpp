@@ -3,6 +3,8 @@
 #include <libsecret/secret.h>
 
 #include <QtCore/QFileInfo>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "Platform/Security/PromptAnswer.h"
@@ -15,6 +17,9 @@ using ServicePointer = std::shared_ptr<SecretService>;
 /// The longest secret that is read, and the longest attributes of an item together, in bytes.
 constexpr gsize LongestSecret = 64 << 10;
 constexpr gsize LongestAttributes = 64 << 10;
+
+/// The number of items with the same attributes that are read.
+constexpr std::size_t MostItems = 500;
 
 template <class Object>
 std::shared_ptr<Object> adopt(Object *object) {
@@ -127,16 +132,6 @@ SecretAttributes attributesOf(SecretItem *item) {
     return attributes;
 }
 
-/// Takes ownership of the list and of its items.
-std::vector<std::shared_ptr<SecretItem>> adoptItems(GList *list) {
-    std::vector<std::shared_ptr<SecretItem>> items;
-    for (GList *link = list; link; link = link->next) {
-        items.push_back(adopt(static_cast<SecretItem *>(link->data)));
-    }
-    g_list_free(list);
-    return items;
-}
-
 /// Returns why a request failed for which the user may be prompted. A dismissed prompt cancels the
 /// request, which is something else than the cancellation by this program.
 Failure failureOfPrompt(const CallError &error, GCancellable *cancellable) {
@@ -171,18 +166,6 @@ bool hasProperty(SecretItem *item, const char *name, const char *type) {
            g_variant_get_size(value.get()) <= LongestAttributes;
 }
 
-int searchFlags(SecretServiceClient::Access access) {
-    switch (access) {
-        case SecretServiceClient::Access::Attributes:
-            return SECRET_SEARCH_ALL;
-        case SecretServiceClient::Access::UnlockedSecrets:
-            return SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS;
-        case SecretServiceClient::Access::Secrets:
-            break;
-    }
-    return SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS | SECRET_SEARCH_UNLOCK;
-}
-
 /// Adds `item` to `found`. Returns false if the service has returned invalid data.
 bool addItem(SecretItem *item, SecretServiceClient::Access access,
              SecretServiceClient::FoundItems &found) {
@@ -212,14 +195,172 @@ bool addItem(SecretItem *item, SecretServiceClient::Access access,
     return true;
 }
 
-SecretServiceClient::FoundItems foundItems(GList *list, SecretServiceClient::Access access) {
+using Items = std::vector<std::shared_ptr<SecretItem>>;
+using ItemsHandler = std::function<void(const tl::expected<Items, Failure> &)>;
+using ListPointer = std::unique_ptr<GList, decltype(&g_list_free)>;
+
+/// Returns a list that shares no ownership of the items.
+ListPointer listOf(const Items &items) {
+    GList *list = nullptr;
+    for (const auto &item : items) {
+        list = g_list_append(list, item.get());
+    }
+    return {list, &g_list_free};
+}
+
+SecretServiceClient::FoundItems foundItems(const Items &items, SecretServiceClient::Access access) {
     SecretServiceClient::FoundItems found;
-    for (const auto &item : adoptItems(list)) {
+    for (const auto &item : items) {
         if (!addItem(item.get(), access, found)) {
             return {.failure = Failure::Broken};
         }
     }
     return found;
+}
+
+/// The items of a search that are being read.
+struct ItemsRead {
+    Items items;
+    std::size_t remaining = 0;
+    std::optional<Failure> failure;
+    ItemsHandler handler;
+
+    /// Calls the handler when all items are read.
+    void countDown() {
+        if (--remaining > 0) {
+            return;
+        }
+        handler(failure ? tl::expected<Items, Failure>(tl::unexpected(*failure)) : items);
+    }
+};
+
+/// Reads the items at `paths`, in their order, without their secrets.
+void readItems(const ServicePointer &service, const std::vector<std::string> &paths,
+               GCancellable *cancellable, const ItemsHandler &handler) {
+    if (paths.size() > MostItems) {
+        handler(tl::unexpected(Failure::Broken));
+        return;
+    }
+    const auto read = std::make_shared<ItemsRead>();
+    read->items.resize(paths.size());
+    // One more, for this function.
+    read->remaining = paths.size() + 1;
+    read->handler = handler;
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        const auto ready = [service, read, i](GAsyncResult *result) {
+            CallError error;
+            read->items[i] = adopt(secret_item_new_for_dbus_path_finish(result, error.out()));
+            if (error) {
+                read->failure = error.failure();
+            }
+            read->countDown();
+        };
+        secret_item_new_for_dbus_path(service.get(), paths[i].c_str(), SECRET_ITEM_NONE,
+                                      cancellable, &callReady, readyData(ready));
+    }
+    read->countDown();
+}
+
+/// Appends the texts of `list`, which it frees.
+void takeTexts(gchar **list, std::vector<std::string> &texts) {
+    for (gchar **text = list; text && *text; ++text) {
+        texts.emplace_back(*text);
+    }
+    g_strfreev(list);
+}
+
+/// Reads the items that have all of `attributes`, without their secrets; those that are not locked
+/// come first.
+void searchItems(const ServicePointer &service, const SecretAttributes &attributes,
+                 const std::shared_ptr<GCancellable> &cancellable, const ItemsHandler &handler) {
+    const auto ready = [service, cancellable, handler](GAsyncResult *result) {
+        CallError error;
+        gchar **unlocked = nullptr;
+        gchar **locked = nullptr;
+        secret_service_search_for_dbus_paths_finish(service.get(), result, &unlocked, &locked,
+                                                    error.out());
+        std::vector<std::string> paths;
+        takeTexts(unlocked, paths);
+        takeTexts(locked, paths);
+        if (error) {
+            handler(tl::unexpected(error.failure()));
+        } else {
+            readItems(service, paths, cancellable.get(), handler);
+        }
+    };
+    secret_service_search_for_dbus_paths(service.get(), nullptr, hashTable(attributes).get(),
+                                         cancellable.get(), &callReady, readyData(ready));
+}
+
+/// Asks the user to unlock those of `items` that are locked, then calls `handler`. Those that stay
+/// locked, for whatever reason, are seen to be.
+void unlock(const ServicePointer &service, const Items &items, GCancellable *cancellable,
+            const std::function<void()> &handler) {
+    Items locked;
+    for (const auto &item : items) {
+        if (hasProperty(item.get(), "Locked", "b") && secret_item_get_locked(item.get())) {
+            locked.push_back(item);
+        }
+    }
+    if (locked.empty()) {
+        handler();
+        return;
+    }
+    const auto ready = [service, locked, handler](GAsyncResult *result) {
+        secret_service_unlock_finish(service.get(), result, nullptr, nullptr);
+        handler();
+    };
+    secret_service_unlock(service.get(), listOf(locked).get(), cancellable, &callReady,
+                          readyData(ready));
+}
+
+/// Reads the secrets of `items`, as far as they can be read, then calls `handler`.
+void loadSecrets(const Items &items, GCancellable *cancellable,
+                 const std::function<void()> &handler) {
+    const auto ready = [items, handler](GAsyncResult *result) {
+        // An item without a secret is seen to have none.
+        secret_item_load_secrets_finish(result, nullptr);
+        handler();
+    };
+    secret_item_load_secrets(listOf(items).get(), cancellable, &callReady, readyData(ready));
+}
+
+/// Reads of `items` what `access` asks for, and calls `handler` with it.
+void readSecrets(const ServicePointer &service, const Items &items,
+                 SecretServiceClient::Access access,
+                 const std::shared_ptr<GCancellable> &cancellable,
+                 const std::function<void(const SecretServiceClient::FoundItems &)> &handler) {
+    using Access = SecretServiceClient::Access;
+    const auto finish = [items, access, cancellable, handler] {
+        const bool isCancelled = g_cancellable_is_cancelled(cancellable.get());
+        handler(isCancelled ? SecretServiceClient::FoundItems{.failure = Failure::Cancelled}
+                            : foundItems(items, access));
+    };
+    const auto load = [items, cancellable, finish] {
+        loadSecrets(items, cancellable.get(), finish);
+    };
+    if (items.empty() || access == Access::Attributes) {
+        finish();
+    } else if (access == Access::UnlockedSecrets) {
+        load();
+    } else {
+        unlock(service, items, cancellable.get(), load);
+    }
+}
+
+/// Deletes `item`, after asking the user to unlock it if it is locked.
+void deleteUnlocked(const ServicePointer &service, const std::shared_ptr<SecretItem> &item,
+                    const std::shared_ptr<GCancellable> &cancellable,
+                    const std::function<void(const tl::expected<bool, Failure> &)> &handler) {
+    unlock(service, {item}, cancellable.get(), [service, item, cancellable, handler] {
+        if (g_cancellable_is_cancelled(cancellable.get())) {
+            handler(tl::unexpected(Failure::Cancelled));
+        } else if (!hasProperty(item.get(), "Locked", "b") || secret_item_get_locked(item.get())) {
+            handler(tl::unexpected(Failure::Locked));
+        } else {
+            deleteItem(service, item, cancellable, handler);
+        }
+    });
 }
 
 }  // namespace
@@ -240,14 +381,15 @@ void SecretServiceClient::find(const SecretAttributes &attributes, Access access
             handler({.failure = failure});
             return;
         }
-        const auto ready = [service, access, handler](GAsyncResult *result) {
-            CallError error;
-            GList *list = secret_service_search_finish(service.get(), result, error.out());
-            handler(error ? FoundItems{.failure = error.failure()} : foundItems(list, access));
-        };
-        secret_service_search(service.get(), nullptr, hashTable(attributes).get(),
-                              static_cast<SecretSearchFlags>(searchFlags(access)),
-                              cancellable.get(), &callReady, readyData(ready));
+        searchItems(
+            service, attributes, cancellable,
+            [service, access, cancellable, handler](const tl::expected<Items, Failure> &items) {
+                if (items) {
+                    readSecrets(service, *items, access, cancellable, handler);
+                } else {
+                    handler({.failure = items.error()});
+                }
+            });
     };
     open(m_cancellable, opened);
 }
@@ -287,23 +429,17 @@ void SecretServiceClient::removeFirst(
             handler(tl::unexpected(*failure));
             return;
         }
-        const auto found = [service, cancellable, handler](GAsyncResult *result) {
-            CallError error;
-            const auto items =
-                adoptItems(secret_service_search_finish(service.get(), result, error.out()));
-            if (error) {
-                handler(tl::unexpected(failureOfPrompt(error, cancellable.get())));
-            } else if (items.empty()) {
+        const auto found = [service, cancellable,
+                            handler](const tl::expected<Items, Failure> &items) {
+            if (!items) {
+                handler(tl::unexpected(items.error()));
+            } else if (items->empty()) {
                 handler(false);
-            } else if (secret_item_get_locked(items.front().get())) {
-                handler(tl::unexpected(Failure::Locked));
             } else {
-                deleteItem(service, items.front(), cancellable, handler);
+                deleteUnlocked(service, items->front(), cancellable, handler);
             }
         };
-        secret_service_search(service.get(), nullptr, hashTable(attributes).get(),
-                              SECRET_SEARCH_UNLOCK, cancellable.get(), &callReady,
-                              readyData(found));
+        searchItems(service, attributes, cancellable, found);
     };
     open(m_cancellable, opened);
 }

@@ -49,8 +49,9 @@ public:
     SecretServiceClient(const SecretServiceClient &) = delete;
     SecretServiceClient &operator=(const SecretServiceClient &) = delete;
 
-    /// Finds all items that have all of `attributes`. Fails if a secret, or the attributes of an
-    /// item, are longer than 64 KiB. As for all requests, the handler is called exactly once.
+    /// Finds all items that have all of `attributes`. Fails if there are more than 500, or if a
+    /// secret, or the attributes of an item, are longer than 64 KiB. As for all requests, the
+    /// handler is called exactly once.
     void find(const SecretAttributes &attributes, Access access,
               const std::function<void(const FoundItems &)> &handler);
     /// Stores `item` in the default collection, replacing the item with the same attributes.

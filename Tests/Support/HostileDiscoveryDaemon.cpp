@@ -118,7 +118,6 @@ void HostileDiscoveryDaemon::sendServices(const QDBusConnection &connection) {
     }
     sendItem(connection, found, first);
     if (m_attack == Attack::Disappearance) {
-        disappear();
         return;
     }
     if (m_attack == Attack::ManyServices || m_attack == Attack::GiantNames) {

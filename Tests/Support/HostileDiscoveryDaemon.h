@@ -15,7 +15,7 @@ public:
         ManyServices,
         /// Finds one service, many with huge names, and loses the first one.
         GiantNames,
-        /// Finds a service, then leaves the bus, as it does when it is to resolve one.
+        /// Finds a service; leaves the bus when it is to resolve one.
         Disappearance,
         /// Finds and loses services in signals with values of other types, then a sound one.
         /// Replies to requests for names and states with values of other types.
@@ -32,6 +32,8 @@ public:
 
     HostileDiscoveryDaemon(const QString &busAddress, Attack attack);
     ~HostileDiscoveryDaemon() override;
+
+    using BusService::leaveBus;
 
     /// The number of messages that it has received.
     int countOfMessages() const { return m_countOfMessages; }

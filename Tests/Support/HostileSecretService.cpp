@@ -9,7 +9,8 @@
 namespace {
 
 constexpr int FewItems = 10;
-constexpr int ManyItems = 1000;
+constexpr int ManyItems = 400;
+constexpr int TooManyItems = 10'000;
 /// Of a secret or an attribute, in bytes.
 constexpr qsizetype GiantSize = 1 << 20;
 
@@ -53,7 +54,9 @@ QVariantList HostileSecretService::items() const {
         return {QStringLiteral("/"), 7};
     }
     QList<QDBusObjectPath> paths;
-    const int count = m_attack == Attack::ManyItems ? ManyItems : FewItems;
+    const int count = m_attack == Attack::ManyItems      ? ManyItems
+                      : m_attack == Attack::TooManyItems ? TooManyItems
+                                                         : FewItems;
     for (int i = 0; i < count; ++i) {
         paths.append(QDBusObjectPath(HostileItemPath.arg(i)));
     }

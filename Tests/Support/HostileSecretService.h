@@ -8,8 +8,10 @@ public:
     enum class Attack {
         /// Does not reply to searches.
         Silence,
-        /// Finds a thousand items, of which it does not return the last one.
+        /// Finds four hundred items, of which it does not return the last one.
         ManyItems,
+        /// Finds more items than are read.
+        TooManyItems,
         /// Each of ten secrets is huge.
         GiantSecrets,
         /// Each of ten items has a huge attribute.

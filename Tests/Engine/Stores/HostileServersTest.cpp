@@ -513,7 +513,8 @@ private Q_SLOTS:
         using Attack = HostileSecretService::Attack;
         QTest::addColumn<Attack>("attack");
         QTest::newRow("Secret Service: no reply (deadline of 1 s)") << Attack::Silence;
-        QTest::newRow("Secret Service: 1,000 items (deadline of 1 s)") << Attack::ManyItems;
+        QTest::newRow("Secret Service: 400 items (deadline of 1 s)") << Attack::ManyItems;
+        QTest::newRow("Secret Service: 10,000 items") << Attack::TooManyItems;
         QTest::newRow("Secret Service: huge secrets") << Attack::GiantSecrets;
         QTest::newRow("Secret Service: huge attributes") << Attack::GiantAttributes;
         QTest::newRow("Secret Service: searches of other types") << Attack::TypesOfSearches;
@@ -578,7 +579,7 @@ private Q_SLOTS:
         QFETCH(const HostileDiscoveryDaemon::Attack, attack);
         QFETCH(const int, found);
         QFETCH(const int, lost);
-        const HostileDiscoveryDaemon daemon(m_bus->address(), attack);
+        HostileDiscoveryDaemon daemon(m_bus->address(), attack);
         FoundServices services;
         std::unique_ptr<NetServiceBrowser> browser;
         const auto browse = [&]() -> std::function<bool()> {
@@ -586,6 +587,9 @@ private Q_SLOTS:
             browser->setDelegate(&services);
             browser->searchForServicesOfTypeInDomain(ServiceType, QString());
             return [&] {
+                if (attack == HostileDiscoveryDaemon::Attack::Disappearance && services.found > 0) {
+                    daemon.leaveBus();
+                }
                 const bool isDone = daemon.countOfMessages() > 0 && services.lost >= lost;
                 if (isDone) {
                     browser.reset();
