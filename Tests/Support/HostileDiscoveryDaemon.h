@@ -15,7 +15,7 @@ public:
         ManyServices,
         /// Finds one service, many with huge names, and loses the first one.
         GiantNames,
-        /// Finds a service; leaves the bus when it is to resolve one.
+        /// Finds a service. Leaves the bus when it is to resolve one.
         Disappearance,
         /// Finds and loses services in signals with values of other types, then a sound one.
         /// Replies to requests for names and states with values of other types.
