@@ -7,6 +7,7 @@
 #include "Host/QVDropboxSessionManager.h"
 #include "Host/QVHourlySchedule.h"
 #include "Host/QVRemoteDatabase.h"
+#include "Host/QVServedDatabase.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationFormatter.h"
@@ -27,10 +28,19 @@ QVDirectConnectionServer::~QVDirectConnectionServer() = default;
 QString QVDirectConnectionServer::addressText() const {
     return {};
 }
+
+QVariantList QVDirectConnectionServer::databases() const {
+    return {};
+}
+
+QString QVDirectConnectionServer::lastConnectionText(const QString & /*client*/) const {
+    return {};
+}
 QVDropboxSession::~QVDropboxSession() = default;
 QVHourlySchedule::~QVHourlySchedule() = default;
 QVRemoteDatabase::~QVRemoteDatabase() = default;
 QVRemoteDatabaseMetadata::~QVRemoteDatabaseMetadata() = default;
+QVServedDatabase::~QVServedDatabase() = default;
 QVSyncDispatcher::~QVSyncDispatcher() = default;
 QVSyncLocation::~QVSyncLocation() = default;
 QVSyncLocationFormatter::~QVSyncLocationFormatter() = default;

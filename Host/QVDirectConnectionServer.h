@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QVariantList>
 #include <memory>
 
 #include "Host/ClassRegistry.h"
@@ -14,6 +15,7 @@ class HOST_EXPORT QVDirectConnectionServer : public QObject {
     Q_PROPERTY(bool serving READ isServing NOTIFY servingChanged)
     Q_PROPERTY(quint16 port READ port WRITE setPort NOTIFY portChanged)
     Q_PROPERTY(QString addressText READ addressText NOTIFY addressTextChanged)
+    Q_PROPERTY(QVariantList databases READ databases NOTIFY databasesChanged)
 public:
     /// Registered as "QVDirectConnectionServer".
     class HOST_EXPORT Class : public HostClass {
@@ -60,11 +62,19 @@ public:
     /// server; empty unless it is serving. Optional: the default implementation returns an empty
     /// text.
     virtual QString addressText() const;
+    /// Returns the databases that the user can choose to serve, each a
+    /// std::shared_ptr<QVServedDatabase>. Optional: the default implementation returns an empty
+    /// list, which means that the host serves all databases.
+    virtual QVariantList databases() const;
+    /// Returns, in words for the user, when the client with this keychain account connected last.
+    /// Optional: the default implementation returns an empty text.
+    virtual QString lastConnectionText(const QString &client) const;
 
 Q_SIGNALS:
     void servingChanged();
     void portChanged();
     void addressTextChanged();
+    void databasesChanged();
 };
 
 /// Returns the service name of the keychain items of authorized clients, one item for each client,

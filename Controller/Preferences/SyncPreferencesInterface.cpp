@@ -2,6 +2,7 @@
 
 #include "Controller/NSArrayController+Emptiness.h"
 #include "Controller/Preferences/ActivityStatus.h"
+#include "Controller/Preferences/ClientTextValueTransformer.h"
 #include "Controller/Preferences/DatabaseRowStatus.h"
 #include "Controller/Preferences/DirectConnectionHost.h"
 #include "Controller/Preferences/DiscoveryHint.h"
@@ -68,6 +69,7 @@ void registerSyncPreferencesInterface() {
     registerObject<LocationCheck>("LocationCheck");
     registerObject<LocationRowStatus>("LocationRowStatus");
     registerObject<ScheduleStatus>("ScheduleStatus");
+    registerTransformer<ClientTextValueTransformer>("ClientTextValueTransformer");
     registerTransformer<QVLocationImageValueTransformer>("QVLocationImageValueTransformer");
     registerTransformer<QVLocationTitleValueTransformer>("QVLocationTitleValueTransformer");
 

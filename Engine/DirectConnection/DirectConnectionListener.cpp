@@ -35,7 +35,7 @@ void DirectConnectionListener::incomingConnection(qintptr descriptor) {
     const quint64 number = ++m_lastNumber;
     const DirectConnectionSession::Requests requests{
         [=, this](const DirectConnectionPairing &client) { return ask(number, client); },
-        [=, this] { m_mainThread.prepareStore(number); },
+        [=, this](const QString &name) { m_mainThread.prepareStore(number, name); },
         [this] { m_mainThread.storeDidChange(); },
     };
     m_connections.push_back(

@@ -25,8 +25,9 @@ public:
         std::function<void(quint64 session, const DirectConnectionPairing &client)> ask;
         /// Withdraws the last question: its client has disconnected or waited for too long.
         std::function<void()> withdrawQuestion;
-        /// Prepares the store; proceed() must be called with `session` when it is ready to be read.
-        std::function<void(quint64 session)> prepareStore;
+        /// Prepares the store for the client of this name, which is authorized; proceed() must be
+        /// called with `session` when it is ready to be read.
+        std::function<void(quint64 session, const QString &clientName)> prepareStore;
         /// Notifies that a client has changed the store.
         std::function<void()> storeDidChange;
     };

@@ -19,7 +19,8 @@
 ///     "write": "name", "contents" → "isNew", false if a blob of that name existed
 ///     "remove": "name" → nothing
 ///
-/// The response is "done", or "failed" with a "reason": "missing", "refused", "full", or another
+/// The response is "done", or "failed" with a "reason": "missing", "refused", "full",
+/// "not served" for what belongs to a database that the server's user has excluded, or another
 /// text.
 namespace DirectConnectionMessage {
 
@@ -64,6 +65,7 @@ inline const QString Failed = QStringLiteral("failed");
 inline const QString BlobMissing = QStringLiteral("missing");
 inline const QString BlobRefused = QStringLiteral("refused");
 inline const QString StoreFull = QStringLiteral("full");
+inline const QString NotServed = QStringLiteral("not served");
 
 /// Returns a message of this type without other keys.
 QCborMap ofType(const QString &type);

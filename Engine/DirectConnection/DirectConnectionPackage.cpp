@@ -3,6 +3,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
 
+#include "Engine/DirectConnection/ServedDatabases.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Notes/DatabaseRecord.h"
@@ -12,14 +13,14 @@
 
 namespace {
 
-bool isServedFolder(const QString &name) {
+bool isValidFolder(const QString &name) {
     return name == SyncStoreLayout::DatabasesFolder ||
            name == SyncStoreLayout::TransactionsFolder ||
            (name.section(u'/', 0, 0) == SyncStoreLayout::TransactionsFolder &&
             DatabaseRecord::isUUID(name.section(u'/', 1)));
 }
 
-bool isServedBlob(const QString &name) {
+bool isValidBlob(const QString &name) {
     static const QRegularExpression transaction(
         QRegularExpression::anchoredPattern(QStringLiteral("[0-9A-Za-z_-][0-9A-Za-z._-]{0,127}")));
     const QString folder = name.section(u'/', 0, -2);
@@ -31,12 +32,26 @@ bool isServedBlob(const QString &name) {
     if (folder == SyncStoreLayout::DatabasesFolder) {
         return DatabaseRecord::databaseUUID(file).has_value();
     }
-    return folder != SyncStoreLayout::TransactionsFolder && isServedFolder(folder) &&
+    return folder != SyncStoreLayout::TransactionsFolder && isValidFolder(folder) &&
            transaction.match(file).hasMatch();
 }
 
-Error notServed(const QString &name) {
+/// Returns the UUID of the database to which the blob or folder `name` belongs; empty if it belongs
+/// to none.
+QString databaseOf(const QString &name) {
+    const QString second = name.section(u'/', 1, 1);
+    return name.startsWith(SyncStoreLayout::TransactionsFolder)
+               ? second
+               : DatabaseRecord::databaseUUID(second).value_or(QString());
+}
+
+Error invalidName(const QString &name) {
     return engineError(EngineErrorCode::BlobRefused, "“%1” is not a valid name in a sync store.",
+                       name);
+}
+
+Error notServed(const QString &name) {
+    return engineError(EngineErrorCode::NotServed, "“%1” belongs to a database that is not served.",
                        name);
 }
 
@@ -47,8 +62,12 @@ QString DirectConnectionPackage::pathInProfile(const QString &directory) {
 }
 
 DirectConnectionPackage::DirectConnectionPackage(const QString &path,
-                                                 std::shared_ptr<BlobStore> store)
-    : m_path(path), m_store(std::move(store)), m_future(std::make_shared<EngineFuture>()) {}
+                                                 std::shared_ptr<BlobStore> store,
+                                                 std::shared_ptr<const ServedDatabases> databases)
+    : m_path(path),
+      m_store(std::move(store)),
+      m_databases(std::move(databases)),
+      m_future(std::make_shared<EngineFuture>()) {}
 
 Expected<void> DirectConnectionPackage::make() const {
     for (const QString &folder : SyncStoreLayout::foldersOfStore(m_path)) {
@@ -63,35 +82,44 @@ Expected<void> DirectConnectionPackage::make() const {
     return {};
 }
 
+bool DirectConnectionPackage::isServed(const QString &name) const {
+    return m_databases->contain(databaseOf(name));
+}
+
+Expected<void> DirectConnectionPackage::checkBlob(const QString &name) const {
+    if (!isValidBlob(name)) {
+        return failure(invalidName(name));
+    }
+    return isServed(name) ? Expected<void>() : failure(notServed(name));
+}
+
 Expected<QStringList> DirectConnectionPackage::list(const QString &folder) const {
-    if (!isServedFolder(folder)) {
+    if (!isValidFolder(folder)) {
+        return failure(invalidName(folder));
+    }
+    if (!isServed(folder)) {
         return failure(notServed(folder));
     }
     Expected<QStringList> names = m_store->list(folder, *m_future);
     if (names) {
         names->removeIf([&](const QString &entry) {
             const QString name = folder + u'/' + entry;
-            return !isServedBlob(name) && !isServedFolder(name);
+            return !(isValidBlob(name) || isValidFolder(name)) || !isServed(name);
         });
     }
     return names;
 }
 
 Expected<QByteArray> DirectConnectionPackage::read(const QString &name, qint64 limit) const {
-    if (!isServedBlob(name)) {
-        return failure(notServed(name));
-    }
-    return m_store->read(name, limit, *m_future);
+    return checkBlob(name).and_then([&] { return m_store->read(name, limit, *m_future); });
 }
 
 Expected<BlobStore::Written> DirectConnectionPackage::writeIfAbsent(
     const QString &name, const QByteArray &contents) const {
-    if (!isServedBlob(name)) {
-        return failure(notServed(name));
-    }
-    return m_store->writeIfAbsent(name, contents, *m_future);
+    return checkBlob(name).and_then(
+        [&] { return m_store->writeIfAbsent(name, contents, *m_future); });
 }
 
 Expected<void> DirectConnectionPackage::remove(const QString &name) const {
-    return isServedBlob(name) ? m_store->remove(name, *m_future) : failure(notServed(name));
+    return checkBlob(name).and_then([&] { return m_store->remove(name, *m_future); });
 }

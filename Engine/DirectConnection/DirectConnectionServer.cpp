@@ -1,25 +1,38 @@
 #include "Engine/DirectConnection/DirectConnectionServer.h"
 
+#include <QtCore/QDateTime>
 #include <QtNetwork/QNetworkInterface>
+#include <cstdlib>
 #include <limits>
 #include <utility>
 
+#include "Application/Interface/NoteLibrary.h"
 #include "Application/Interface/QuestionPresenter.h"
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionClients.h"
+#include "Engine/DirectConnection/EngineServedDatabase.h"
+#include "Engine/DirectConnection/ServedDatabases.h"
 #include "Engine/DirectConnection/ServedStoreObserver.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileSettings.h"
 #include "Host/DefaultsKeys.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
+#include "Platform/Foundation/RelativeDate.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/Network/NetService.h"
 #include "Platform/Security/Keychain.h"
 
 namespace {
+
+/// The settings with the times of the last connections, each followed by the client's account.
+const QString ConnectionKey = QStringLiteral("lastConnection/");
+
+/// A client that connects again and again causes one write in that time.
+constexpr qint64 MillisecondsBetweenRecords = 60'000;
 
 quint16 portOrDefault(int port) {
     const bool isPort = port > 0 && port <= std::numeric_limits<quint16>::max();
@@ -80,6 +93,16 @@ void DirectConnectionServer::load(const DirectConnectionPackage &package,
     m_observer = &observer;
     m_port =
         portOrDefault(UserDefaults::integerForKey(DefaultsKeys::DirectConnectionServerPortNumber));
+}
+
+void DirectConnectionServer::offerChoice(const NoteLibrary &library,
+                                         std::shared_ptr<ServedDatabases> served) {
+    m_library = &library;
+    m_served = std::move(served);
+    connect(m_library, &NoteLibrary::knownDatabasesChanged, this, [this] {
+        KeyValue::announce<&QVDirectConnectionServer::databasesChanged>(
+            static_cast<QVDirectConnectionServer *>(this));
+    });
 }
 
 void DirectConnectionServer::startIfEnabled() {
@@ -175,6 +198,27 @@ QString DirectConnectionServer::addressText() const {
            address;
 }
 
+QVariantList DirectConnectionServer::databases() const {
+    QVariantList databases;
+    const auto known =
+        m_library ? m_library->knownDatabases() : decltype(m_library->knownDatabases()){};
+    for (const auto &database : known) {
+        databases.append(QVariant::fromValue<std::shared_ptr<QVServedDatabase>>(
+            std::make_shared<EngineServedDatabase>(database, m_served)));
+    }
+    return databases;
+}
+
+QString DirectConnectionServer::lastConnectionText(const QString &client) const {
+    const QVariant time =
+        ProfileSettings::value(m_profile, ConnectionKey + client).value_or(QVariant());
+    return time.isValid()
+               ? localizedSyncString("Last connected: %1")
+                     .arg(relativeDateString(QDateTime::fromMSecsSinceEpoch(time.toLongLong()),
+                                             QDateTime::currentDateTime()))
+               : localizedSyncString("Last connected: unknown");
+}
+
 void DirectConnectionServer::netServiceDidPublish(const std::shared_ptr<NetService> & /*service*/) {
     m_isAnnounced = true;
     announceAddress();
@@ -221,8 +265,11 @@ DirectConnectionListener::MainThread DirectConnectionServer::mainThread() {
             post([=](DirectConnectionServer &server) { server.askFor(session, client); });
         },
         [post] { post([](DirectConnectionServer &server) { server.withdrawQuestion(); }); },
-        [post](quint64 session) {
-            post([=](DirectConnectionServer &server) { server.prepareStore(session); });
+        [post](quint64 session, const QString &clientName) {
+            post([=](DirectConnectionServer &server) {
+                server.recordConnection(clientName);
+                server.prepareStore(session);
+            });
         },
         [post] {
             post([](DirectConnectionServer &server) { server.m_observer->clientsDidWrite(); });
@@ -263,4 +310,18 @@ void DirectConnectionServer::prepareStore(quint64 session) {
             listener->proceed(session);
         }
     });
+}
+
+void DirectConnectionServer::recordConnection(const QString &clientName) {
+    const QString key = ConnectionKey + DirectConnectionClients::account(clientName);
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const Expected<void> recorded =
+        ProfileSettings::value(m_profile, key).and_then([&](const QVariant &before) {
+            const bool isRecorded = before.isValid() && std::abs(now - before.toLongLong()) <
+                                                            MillisecondsBetweenRecords;
+            return isRecorded ? Expected<void>() : ProfileSettings::set(m_profile, key, now);
+        });
+    if (!recorded && NSApp()) {
+        NSApp()->logItemCmd(QStringLiteral("Sync:"), recorded.error().localizedDescription);
+    }
 }

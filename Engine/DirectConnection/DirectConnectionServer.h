@@ -10,8 +10,10 @@
 #include "Host/QVDirectConnectionServer.h"
 #include "Platform/Network/NetServiceDelegate.h"
 
-class ServedStoreObserver;
+class NoteLibrary;
 class ProfileDatabase;
+class ServedDatabases;
+class ServedStoreObserver;
 
 /// The direct-connection server of a profile. It serves clients that the user has authorized, over
 /// TLS 1.3 with the profile's own certificate (see DirectConnectionMessage). Must be used on the
@@ -33,6 +35,10 @@ public:
     /// Reads the user defaults. Must be called once, after the profile was opened. `observer` is
     /// not owned and must outlive this object. Does not start the server. Does not block.
     void load(const DirectConnectionPackage &package, ServedStoreObserver &observer);
+    /// Lets the user choose which databases of `library` are served. Must be called once, after
+    /// load(). `library` is not owned and must outlive this object; `served` is that of the
+    /// package.
+    void offerChoice(const NoteLibrary &library, std::shared_ptr<ServedDatabases> served);
     /// Starts serving if the user has enabled the server. Must be called after load().
     void startIfEnabled();
     /// Sets the limits, which apply from the next start on. For tests.
@@ -54,6 +60,10 @@ public:
     std::shared_ptr<NetService> bonjourService() const override { return m_service; }
     /// The addresses are read at each call.
     QString addressText() const override;
+    /// Returns new objects at each call; empty before offerChoice().
+    QVariantList databases() const override;
+    /// Blocks for the profile. Connections are recorded to the minute.
+    QString lastConnectionText(const QString &client) const override;
 
     /// Delegate function, called on the main thread.
     void netServiceDidPublish(const std::shared_ptr<NetService> &service) override;
@@ -73,11 +83,16 @@ private:
     void withdrawQuestion();
     /// Calls the observer, and lets the session proceed when it is done.
     void prepareStore(quint64 session);
+    /// Saves that the client of this name connects now. A failure is written to the log.
+    void recordConnection(const QString &clientName);
 
     const ProfileDatabase &m_profile;
     /// Empty before load(), as is the observer.
     std::optional<DirectConnectionPackage> m_package;
     ServedStoreObserver *m_observer = nullptr;
+    /// Both are null before offerChoice().
+    const NoteLibrary *m_library = nullptr;
+    std::shared_ptr<ServedDatabases> m_served;
     DirectConnection::Limits m_limits;
     quint16 m_port;
     /// Null while not serving.

@@ -17,7 +17,8 @@ constexpr qint64 ReadBufferSize = 65536;
 QCborMap refusal(const Error &error) {
     const QHash<EngineErrorCode, QString> reasons{{EngineErrorCode::BlobMissing, BlobMissing},
                                                   {EngineErrorCode::BlobRefused, BlobRefused},
-                                                  {EngineErrorCode::StoreFull, StoreFull}};
+                                                  {EngineErrorCode::StoreFull, StoreFull},
+                                                  {EngineErrorCode::NotServed, NotServed}};
     QCborMap answer = ofType(Failed);
     answer[Reason] = reasons.value(static_cast<EngineErrorCode>(error.code));
     return answer;
@@ -202,7 +203,7 @@ void DirectConnectionSession::decide(bool isAccepted) {
 void DirectConnectionSession::prepare() {
     m_stage = Stage::Preparing;
     m_timer.start(m_server.limits.idleTime);
-    m_requests.prepareStore();
+    m_requests.prepareStore(m_client.clientName);
 }
 
 void DirectConnectionSession::proceed() {

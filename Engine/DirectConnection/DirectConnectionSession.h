@@ -30,8 +30,9 @@ public:
         /// Asks the user whether to authorize `client`; decide() must be called with the answer.
         /// Returns false if the user cannot be asked now.
         std::function<bool(const DirectConnectionPairing &client)> ask;
-        /// proceed() must be called when the store is ready to be read.
-        std::function<void()> prepareStore;
+        /// Called when the client of this name is authorized. proceed() must be called when the
+        /// store is ready to be read.
+        std::function<void(const QString &clientName)> prepareStore;
         /// Notifies that the client has changed the store.
         std::function<void()> storeDidChange;
     };

@@ -277,6 +277,12 @@ Error DirectConnectionStore::refusal(const QCborMap &answer, const QString &name
     if (reason == BlobRefused) {
         return refused(name);
     }
+    if (reason == NotServed) {
+        return engineError(EngineErrorCode::AccessDenied,
+                           "“%1” does not serve this database. Select it there under “Direct "
+                           "Connections…” in Sync Preferences, and synchronize again.",
+                           URL().host());
+    }
     const bool isFull = reason == StoreFull;
     return engineError(isFull ? EngineErrorCode::StoreFull : EngineErrorCode::StoreUnreachable,
                        "“%1” cannot read or write its sync store. Check its disk.", URL().host());

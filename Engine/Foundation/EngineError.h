@@ -52,6 +52,8 @@ enum class EngineErrorCode {
     PasswordRefused,
     /// The store can be read but not written.
     ReadOnly,
+    /// A client of this computer's server wants what belongs to a database that is not served.
+    NotServed,
 };
 
 // The functions are thread-safe.

@@ -1,6 +1,7 @@
 #include "Engine/Plugin/EngineSyncPlugin.h"
 
 #include "Engine/DirectConnection/DirectConnectionServer.h"
+#include "Engine/DirectConnection/ServedDatabases.h"
 #include "Engine/Plugin/BuiltInLocationKinds.h"
 #include "Engine/Plugin/ServedStoreSynchronizer.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -43,17 +44,20 @@ EngineSyncPlugin::~EngineSyncPlugin() = default;
 Expected<void> EngineSyncPlugin::load() {
     m_localStore = std::make_shared<LocalStore>(newLocation(Url::fileURL(m_profile.directory())),
                                                 m_context.storeOperations, m_profile.path());
-    if (Expected<void> loaded =
-            m_context.load().and_then([this] { return m_locationsController->load(); });
+    const auto servedDatabases = std::make_shared<ServedDatabases>(m_profile);
+    if (Expected<void> loaded = m_context.load()
+                                    .and_then([this] { return m_locationsController->load(); })
+                                    .and_then([&] { return servedDatabases->load(); });
         !loaded) {
         return loaded;
     }
     const QString servedPath = DirectConnectionPackage::pathInProfile(m_profile.directory());
     const auto served = newLocation(Url::fileURL(servedPath));
-    m_servedStoreSynchronizer =
-        std::make_unique<ServedStoreSynchronizer>(*m_dispatcher, m_library, served);
-    m_server->load(DirectConnectionPackage(servedPath, served->createBlobStore()),
+    m_servedStoreSynchronizer = std::make_unique<ServedStoreSynchronizer>(*m_dispatcher, m_library,
+                                                                          served, servedDatabases);
+    m_server->load(DirectConnectionPackage(servedPath, served->createBlobStore(), servedDatabases),
                    *m_servedStoreSynchronizer);
+    m_server->offerChoice(m_library, servedDatabases);
     return {};
 }
 

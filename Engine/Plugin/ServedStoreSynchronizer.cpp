@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "Engine/DirectConnection/ServedDatabases.h"
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
@@ -25,10 +26,12 @@ constexpr int MostRecords = 10'000;
 ServedStoreSynchronizer::ServedStoreSynchronizer(EngineDispatcher &dispatcher,
                                                  EngineNoteLibrary &library,
                                                  std::shared_ptr<EngineSyncLocation> location,
+                                                 std::shared_ptr<const ServedDatabases> served,
                                                  qsizetype mostDatabases)
     : m_dispatcher(dispatcher),
       m_library(library),
       m_location(std::move(location)),
+      m_served(std::move(served)),
       m_mostDatabases(mostDatabases) {}
 
 ServedStoreSynchronizer::~ServedStoreSynchronizer() = default;
@@ -78,6 +81,7 @@ QStringList ServedStoreSynchronizer::databaseUUIDs() {
         }
     }
     reportRefused(refused);
+    UUIDs.removeIf([this](const QString &UUID) { return !m_served->contain(UUID); });
     return UUIDs;
 }
 
@@ -119,6 +123,10 @@ void ServedStoreSynchronizer::synchronize() {
     const QStringList UUIDs = databaseUUIDs();
     const auto left = std::make_shared<qsizetype>(UUIDs.size());
     const auto handlers = std::exchange(m_waiting, {});
+    if (UUIDs.isEmpty()) {
+        finish(handlers);
+        return;
+    }
     for (const QString &UUID : UUIDs) {
         m_dispatcher.synchronizeWithStore({.databaseUUID = UUID,
                                            .databaseName = UUID,

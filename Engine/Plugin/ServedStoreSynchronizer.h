@@ -9,9 +9,11 @@
 class EngineDispatcher;
 class EngineNoteLibrary;
 class EngineSyncLocation;
+class ServedDatabases;
 
 /// Keeps the served store in sync with the databases of the profile: the store receives their
-/// changes before a client reads it, and they receive what clients have written. A database that
+/// changes before a client reads it, and they receive what clients have written. Databases that are
+/// not served take no part. A database that
 /// the profile does not have yet is created, because the user has authorized every client, unless
 /// the profile has many already, which is reported in the application's log. Requests that are made
 /// while it synchronizes are combined into one synchronization that follows. Must be used on the
@@ -27,9 +29,10 @@ public:
     static constexpr qsizetype MostDatabases = 500;
 
     /// `dispatcher` and `library` are not owned and must outlive this object. `location` is that of
-    /// the served store and must not be null. Starts nothing by itself.
+    /// the served store; it and `served` must not be null. Starts nothing by itself.
     ServedStoreSynchronizer(EngineDispatcher &dispatcher, EngineNoteLibrary &library,
                             std::shared_ptr<EngineSyncLocation> location,
+                            std::shared_ptr<const ServedDatabases> served,
                             qsizetype mostDatabases = MostDatabases);
     /// The handlers of running jobs use this object, so the dispatcher must be destroyed next,
     /// without running the event loop in between.
@@ -45,7 +48,8 @@ public:
     void clientsDidWrite() override;
 
 private:
-    /// Returns the databases of the profile, and those of the store that may be created.
+    /// Returns the databases of the profile that are served, and those of the store that may be
+    /// created.
     QStringList databaseUUIDs();
     /// Returns the names of at most 10,000 records of databases in the served store. If its folder
     /// cannot be read, this is reported in the log, and those of the profile are synchronized.
@@ -63,6 +67,7 @@ private:
     EngineDispatcher &m_dispatcher;
     EngineNoteLibrary &m_library;
     const std::shared_ptr<EngineSyncLocation> m_location;
+    const std::shared_ptr<const ServedDatabases> m_served;
     const qsizetype m_mostDatabases;
     bool m_isSynchronizing = false;
     QList<std::function<void()>> m_waiting;

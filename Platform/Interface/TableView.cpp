@@ -20,11 +20,13 @@ TableView::TableView(QWidget *parent)
     horizontalHeader()->hide();
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     setShowGrid(false);
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
     connect(this, &QTableWidget::itemSelectionChanged, this, &TableView::selectionDidChange);
+    connect(this, &QTableWidget::itemChanged, this, &TableView::itemDidChange);
 }
 
 void TableView::setColumnIdentifiers(const QStringList &identifiers) {
@@ -39,9 +41,30 @@ void TableView::setContent(const QVariantList &content) {
     setRowCount(static_cast<int>(content.size()));
     for (int row = 0; row < rowCount(); ++row) {
         const QVariant &object = content.at(row);
-        setItem(row, 0, new QTableWidgetItem(iconOf(object), textOf(object)));
+        auto *item = new QTableWidgetItem(iconOf(object), textOf(object));
+        showCheck(item, object);
+        setItem(row, 0, item);
     }
     setSelectionIndexes(selected);
+    m_isRebuilding = false;
+}
+
+void TableView::showCheck(QTableWidgetItem *item, const QVariant &object) const {
+    if (!m_checkKey.isEmpty()) {
+        const QVariant value = KeyValue::value(KeyValue::objectValue(object), m_checkKey.toUtf8());
+        item->setCheckState(value.toBool() ? Qt::Checked : Qt::Unchecked);
+    }
+}
+
+void TableView::itemDidChange(QTableWidgetItem *item) {
+    if (m_isRebuilding || m_checkKey.isEmpty()) {
+        return;
+    }
+    const QVariant object = m_content.at(item->row());
+    m_isRebuilding = true;
+    KeyValue::setValue(KeyValue::objectValue(object), m_checkKey.toUtf8(),
+                       item->checkState() == Qt::Checked);
+    showCheck(item, object);
     m_isRebuilding = false;
 }
 

@@ -26,6 +26,9 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_PROPERTY(QString contentKey MEMBER m_contentKey)
     /// Shown before the text of each row. Must be set before the content.
     Q_PROPERTY(QIcon rowIcon WRITE setRowIcon READ rowIcon)
+    /// The key path of a boolean of a row's object. If it is not empty, each row has a check box
+    /// that shows the value and sets it. Must be set before the content.
+    Q_PROPERTY(QString checkKey MEMBER m_checkKey)
     /// Name of the value transformer that converts a row's object to its text. If empty,
     /// `contentKey` is used. Must be set before the content.
     Q_PROPERTY(QString textTransformer MEMBER m_textTransformer)
@@ -37,7 +40,7 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
                    selectionIndexesChanged)
 public:
-    /// An empty table whose rows can be selected but not edited.
+    /// An empty table whose rows can be selected but not edited. A row is as high as its text.
     explicit TableView(QWidget *parent = nullptr);
 
     QStringList columnIdentifiers() const { return m_columnIdentifiers; }
@@ -85,6 +88,10 @@ protected:
 
 private:
     QString textOf(const QVariant &object) const;
+    /// Shows the value at `checkKey` in the row's check box.
+    void showCheck(QTableWidgetItem *item, const QVariant &object) const;
+    /// Sets the value at `checkKey` as the user has changed it, and shows the one it has then.
+    void itemDidChange(QTableWidgetItem *item);
     QIcon iconOf(const QVariant &object) const;
     /// Asks the delegate for the view of one cell and shows it.
     void reloadCell(int row, int column);
@@ -95,6 +102,7 @@ private:
     QVariantList m_content;
     QString m_contentKey = QStringLiteral("self");
     QIcon m_rowIcon;
+    QString m_checkKey;
     QString m_textTransformer;
     QString m_iconTransformer;
     TableViewDelegate *m_delegate = nullptr;

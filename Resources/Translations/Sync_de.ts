@@ -1308,8 +1308,28 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Dem ausgewählten Computer das Verbinden nicht mehr erlauben.</translation>
     </message>
     <message>
-        <source>A computer that you allow to connect can read and change all databases.</source>
-        <translation>Ein Computer, dem Sie das Verbinden erlauben, kann alle Datenbanken lesen und ändern.</translation>
+        <source>A computer that may connect can read and change the selected databases. New databases are selected.</source>
+        <translation>Ein Computer, der sich verbinden darf, kann die ausgewählten Datenbanken lesen und ändern. Neue Datenbanken sind ausgewählt.</translation>
+    </message>
+    <message>
+        <source>Databases that other computers can read and change</source>
+        <translation>Datenbanken, die andere Computer lesen und ändern können</translation>
+    </message>
+    <message>
+        <source>Last connected: %1</source>
+        <translation>Zuletzt verbunden: %1</translation>
+    </message>
+    <message>
+        <source>Last connected: unknown</source>
+        <translation>Zuletzt verbunden: unbekannt</translation>
+    </message>
+    <message>
+        <source>“%1” belongs to a database that is not served.</source>
+        <translation>„%1“ gehört zu einer Datenbank, die nicht angeboten wird.</translation>
+    </message>
+    <message>
+        <source>“%1” does not serve this database. Select it there under “Direct Connections…” in Sync Preferences, and synchronize again.</source>
+        <translation>„%1“ bietet diese Datenbank nicht an. Wählen Sie sie dort unter „Direktverbindungen …“ in den Sync-Einstellungen aus, und synchronisieren Sie erneut.</translation>
     </message>
     <message>
         <source>Prevent “%1” from connecting?</source>

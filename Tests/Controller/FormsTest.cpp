@@ -16,6 +16,7 @@
 #include "Controller/Preferences/QVWebDAVLocationEditor.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Controller/QVImportDatabasesController.h"
+#include "Host/QVServedDatabase.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/CollectionViewItem.h"
@@ -76,7 +77,8 @@ const QHash<QString, FormContract> &contracts() {
          {.owner = &QVImportDatabasesController::staticMetaObject,
           .classes = {{QStringLiteral("databasesTable"), &QVRemoteDatabase::staticMetaObject}}}},
         {QStringLiteral("QVServerPreferences"),
-         {.owner = &QVServerPreferencesController::staticMetaObject}},
+         {.owner = &QVServerPreferencesController::staticMetaObject,
+          .classes = {{QStringLiteral("databasesTable"), &QVServedDatabase::staticMetaObject}}}},
         {QStringLiteral("QVWebDAVLocationEditor"),
          {.owner = &QVWebDAVLocationEditor::staticMetaObject}}};
     return all;
@@ -305,9 +307,11 @@ private:
         }
         checkTransformer(table->property("textTransformer").toString());
         checkTransformer(table->property("iconTransformer").toString());
-        const QByteArray key = table->property("contentKey").toByteArray();
-        if (key != "self") {
-            propertyAt(table->objectName(), m_contract.classes.value(table->objectName()), key);
+        for (const char *name : {"contentKey", "checkKey"}) {
+            const QByteArray key = table->property(name).toByteArray();
+            if (key != "self" && !key.isEmpty()) {
+                propertyAt(table->objectName(), m_contract.classes.value(table->objectName()), key);
+            }
         }
         const QString delegate = table->property("tableDelegate").toString();
         if (delegate.isEmpty()) {

@@ -218,6 +218,40 @@ private Q_SLOTS:
         QTRY_COMPARE(m_realHost->application().presentedErrors().size(), 1);
     }
 
+    void theUserChoosesWhichDatabasesAreServed() {
+        useRealHost();
+        m_realHost->addDatabase(QStringLiteral("Diary"));
+        const auto *table = part<TableView>("databasesTable");
+        QCOMPARE(table->rowCount(), 2);
+        QTableWidgetItem *diary = table->item(1, 0);
+        QCOMPARE(diary->text(), QStringLiteral("Diary"));
+        QCOMPARE(diary->checkState(), Qt::Checked);
+        diary->setCheckState(Qt::Unchecked);
+        reopen();
+        table = part<TableView>("databasesTable");
+        QCOMPARE(table->item(0, 0)->checkState(), Qt::Checked);
+        QCOMPARE(table->item(1, 0)->checkState(), Qt::Unchecked);
+
+        m_realHost->makeSavesFail();
+        table->item(1, 0)->setCheckState(Qt::Checked);
+        m_realHost->letSavesPass();
+        QCOMPARE(table->item(1, 0)->checkState(), Qt::Unchecked);
+        QCOMPARE(m_realHost->application().presentedErrors().size(), 1);
+    }
+
+    void aHostThatOffersNoChoiceShowsNone() {
+        m_controller->window()->show();
+        QVERIFY(!part<TableView>("databasesTable")->isVisible());
+        QVERIFY(!part<QLabel>("databasesLabel")->isVisible());
+    }
+
+    void eachClientSaysWhenItConnectedLast() {
+        useRealHost();
+        authorize(QStringLiteral("Kim"));
+        reopen();
+        QCOMPARE(shownClients(), QStringList{QStringLiteral("Kim\nLast connected: unknown")});
+    }
+
     void withoutItemsNoClientIsAuthorized() {
         QVERIFY(m_controller->authorizedClients().isEmpty());
         QVERIFY(m_host->application.presentedErrors().isEmpty());

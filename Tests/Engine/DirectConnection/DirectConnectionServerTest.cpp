@@ -1,5 +1,6 @@
 #include <QtCore/QCborArray>
 #include <QtCore/QCryptographicHash>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSemaphore>
 #include <QtNetwork/QNetworkInterface>
 #include <QtNetwork/QSslSocket>
@@ -11,8 +12,10 @@
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/DirectConnection/DirectConnectionPairing.h"
 #include "Engine/DirectConnection/DirectConnectionServer.h"
+#include "Engine/DirectConnection/ServedDatabases.h"
 #include "Engine/DirectConnection/ServedStoreObserver.h"
 #include "Engine/Foundation/EngineError.h"
+#include "Host/QVServedDatabase.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Network/NetService.h"
 #include "Platform/Security/Keychain.h"
@@ -179,6 +182,16 @@ class DirectConnectionServerTest : public QObject {
         client.serverNonce = connection.answer()[Nonce].toByteArray();
         QCOMPARE(client.serverNonce.size(), DirectConnectionPairing::RandomSize);
         connection.send(revealMessage(client));
+    }
+
+    std::shared_ptr<QVServedDatabase> servedDatabase(const QString &name) {
+        for (const QVariant &each : server().databases()) {
+            const auto database = each.value<std::shared_ptr<QVServedDatabase>>();
+            if (database->name() == name) {
+                return database;
+            }
+        }
+        return nullptr;
     }
 
     QString package() const {
@@ -804,6 +817,89 @@ private Q_SLOTS:
         }
     }
 
+    void aDatabaseThatTheUserHasNotChosenIsServedToNobody() {
+        const QString secret = m_host->addDatabase(QStringLiteral("Diary"))->UUID();
+        const QString record = QStringLiteral("databases/%1.json").arg(secret);
+        const QString transactions = QStringLiteral("transactions/") + secret;
+        serve();
+        const QByteArray password = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, password);
+        Client client(m_port);
+        QCOMPARE(client.answerTo(hello(ClientName, password)), Welcome);
+        QCOMPARE(client.answerTo(read(record)), Done);
+        QCOMPARE(client.answerTo(list(transactions)), Done);
+
+        // Also those that are connected already.
+        servedDatabase(QStringLiteral("Diary"))->setServed(false);
+        for (const QCborMap &message :
+             {read(record), write(record, "x"), QCborMap{{Type, Remove}, {Name, record}},
+              list(transactions), read(transactions + QStringLiteral("/a")),
+              write(transactions + QStringLiteral("/a"), "x")}) {
+            client.send(message);
+            const QCborMap answer = client.answer();
+            QCOMPARE(answer[Type].toString(), Failed);
+            QCOMPARE(answer[Reason].toString(), NotServed);
+        }
+        for (const char *folder : {"databases", "transactions"}) {
+            client.send(list(QLatin1StringView(folder)));
+            const QCborMap answer = client.answer();
+            QCOMPARE(answer[Type].toString(), Done);
+            for (const QCborValue name : answer[Names].toArray()) {
+                QVERIFY2(!name.toString().contains(secret), folder);
+            }
+        }
+        m_host->restart();
+        QVERIFY(!servedDatabase(QStringLiteral("Diary"))->isServed());
+        serve();
+        Client later(m_port);
+        QCOMPARE(later.answerTo(hello(ClientName, password)), Welcome);
+        QCOMPARE(later.answerTo(read(record)), Failed);
+        servedDatabase(QStringLiteral("Diary"))->setServed(true);
+        QCOMPARE(later.answerTo(read(record)), Done);
+    }
+
+    void aDatabaseThatIsNotChosenIsNotCopiedForClients() {
+        const QString secret = m_host->addDatabase(QStringLiteral("Diary"))->UUID();
+        servedDatabase(QStringLiteral("Diary"))->setServed(false);
+        serve();
+        const QByteArray password = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, password);
+        Client client(m_port);
+        QCOMPARE(client.answerTo(hello(ClientName, password)), Welcome);
+        const QDir databases(package() + QStringLiteral("/databases"));
+        QCOMPARE(databases.entryList(QDir::Files), QStringList(QStringLiteral("@inbox.json")));
+    }
+
+    void aChoiceThatCannotBeSavedStaysAsItWas() {
+        m_host->addDatabase(QStringLiteral("Diary"));
+        m_host->makeSavesFail();
+        const auto database = servedDatabase(QStringLiteral("Diary"));
+        database->setServed(false);
+        m_host->letSavesPass();
+        QVERIFY(database->isServed());
+        QCOMPARE(m_person->presentedErrors().size(), 1);
+    }
+
+    void theLastConnectionOfEachClientIsStated() {
+        serve();
+        QCOMPARE(server().lastConnectionText(ClientName),
+                 QStringLiteral("Last connected: unknown"));
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        QCOMPARE(Client(m_port).answerTo(hello(ClientName, QByteArray("wrong"))), Refused);
+        QCOMPARE(server().lastConnectionText(ClientName),
+                 QStringLiteral("Last connected: unknown"));
+        QCOMPARE(Client(m_port).answerTo(hello(ClientName, secret)), Welcome);
+        m_host->restart();
+        const QString text = server().lastConnectionText(ClientName);
+        QVERIFY2(QRegularExpression(QStringLiteral("^Last connected: (today|yesterday) at "))
+                     .match(text)
+                     .hasMatch(),
+                 qPrintable(text));
+        QCOMPARE(server().lastConnectionText(QStringLiteral("another")),
+                 QStringLiteral("Last connected: unknown"));
+    }
+
     void aLinkInThePackageIsNotFollowed() {
         serve();
         const QByteArray secret = DirectConnectionPairing::random();
@@ -822,14 +918,13 @@ private Q_SLOTS:
         MemoryStore::Blobs blobs;
         Observer observer;
         auto hanging = std::make_unique<DirectConnectionServer>(m_host->engine().profile());
-        hanging->load(DirectConnectionPackage(package(), std::make_shared<MemoryStore>(
-                                                             blobs,
-                                                             [&] {
-                                                                 begun.release();
-                                                                 goesOn.acquire();
-                                                                 return MemoryStore::Fault::None;
-                                                             })),
-                      observer);
+        const auto store = std::make_shared<MemoryStore>(blobs, [&] {
+            begun.release();
+            goesOn.acquire();
+            return MemoryStore::Fault::None;
+        });
+        const auto served = std::make_shared<ServedDatabases>(m_host->engine().profile());
+        hanging->load(DirectConnectionPackage(package(), store, served), observer);
         hanging->setPort(m_port);
         hanging->startServing();
         const QByteArray secret = DirectConnectionPairing::random();

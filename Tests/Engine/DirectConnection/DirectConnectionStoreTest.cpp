@@ -12,6 +12,7 @@
 #include "Engine/DirectConnection/DirectConnectionStore.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
+#include "Host/QVServedDatabase.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/Keychain.h"
@@ -98,6 +99,20 @@ private Q_SLOTS:
         m_location.reset();
         m_host.reset();
         m_person.reset();
+    }
+
+    void aDatabaseThatIsNotServedIsNamedAsSuch() {
+        pair();
+        const auto inbox = server().databases().first().value<std::shared_ptr<QVServedDatabase>>();
+        inbox->setServed(false);
+        const auto store = newStore();
+        const auto listed = awaitOnThread(
+            [&] { return store->list(QStringLiteral("transactions/@inbox"), EngineFuture()); });
+        QCOMPARE(code(listed), EngineErrorCode::AccessDenied);
+        QCOMPARE(listed.error().localizedDescription,
+                 QStringLiteral("“127.0.0.1” does not serve this database. Select it there under "
+                                "“Direct Connections…” in Sync Preferences, and synchronize "
+                                "again."));
     }
 
     void theFirstOpeningPairsAndBothUsersSeeTheSameCode() {

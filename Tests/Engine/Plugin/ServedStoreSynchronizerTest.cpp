@@ -1,7 +1,9 @@
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
+#include "Engine/DirectConnection/ServedDatabases.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Plugin/ServedStoreSynchronizer.h"
 #include "Engine/Synchronization/EngineDispatcher.h"
+#include "Host/InboxUUID.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -16,6 +18,7 @@ class ServedStoreSynchronizerTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<TestHost> m_host;
+    std::shared_ptr<ServedDatabases> m_served;
     std::unique_ptr<ServedStoreSynchronizer> m_synchronizer;
 
     QString package() const { return DirectConnectionPackage::pathInProfile(m_host->directory()); }
@@ -48,8 +51,9 @@ private Q_SLOTS:
              {QStringLiteral("/databases"), QStringLiteral("/transactions")}) {
             QVERIFY(QDir().mkpath(package() + folder));
         }
+        m_served = std::make_shared<ServedDatabases>(m_host->engine().profile());
         m_synchronizer = std::make_unique<ServedStoreSynchronizer>(
-            dispatcher(), m_host->library(), m_host->newLocation(Url::fileURL(package())),
+            dispatcher(), m_host->library(), m_host->newLocation(Url::fileURL(package())), m_served,
             FewDatabases);
     }
     void cleanup() {
@@ -87,6 +91,17 @@ private Q_SLOTS:
         synchronize();
         QCOMPARE(databaseCount(), 1);
         QVERIFY(m_host->application().logEntries().isEmpty());
+    }
+
+    void aProfileThatServesNothingKeepsNoClientWaiting() {
+        QVERIFY(m_served->setServed(InboxUUID, false));
+        int proceeded = 0;
+        for (int i = 0; i < 2; ++i) {
+            m_synchronizer->clientWillRead([&] { ++proceeded; });
+        }
+        QCOMPARE(proceeded, 2);
+        synchronize();
+        QVERIFY(!QFile::exists(package() + u'/' + DatabaseRecord::path(InboxUUID)));
     }
 
     void requestsAreCombined() {

@@ -56,7 +56,7 @@ private Q_SLOTS:
             QVERIFY(store->writeIfAbsent(QStringLiteral("transactions/a/b"), "x", future));
         }
         const QString served = DirectConnectionPackage::pathInProfile(host.directory());
-        QVERIFY(DirectConnectionPackage(served, nullptr).make());
+        QVERIFY(DirectConnectionPackage(served, nullptr, nullptr).make());
         QCOMPARE(permissionsOf(host.directory()), 0700U);
         QCOMPARE(accessibleToOthers(host.directory()), QStringList());
         for (const char *name : {"", "-wal", "-shm"}) {
