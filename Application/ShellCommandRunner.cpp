@@ -14,6 +14,7 @@
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncResult.h"
 #include "Host/QVSyncStore.h"
+#include "Host/QVSyncStoreCheck.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Foundation/RelativeDate.h"
 
@@ -178,23 +179,27 @@ void check(const QString &wanted, const Handler &handler) {
     }
     const QString title = SynchronizationSummary::titleOf(**found);
     const auto store = (*found)->createStore();
-    store->openWithCompletionHandler([store, title, handler](const std::optional<Error> &refused) {
+    const auto report = [title, handler](const QVSyncStoreCheck &result) {
+        const bool isWell = !result.error;
+        const QString text = result.text(title) + u'\n';
+        post(handler, {isWell ? ShellResult::Success : ShellResult::Problems,
+                       isWell ? text : QString(), isWell ? QString() : text});
+    };
+    if (const auto checkable = QVCheckableStore::of(store)) {
+        checkable->checkWithCompletionHandler(report);
+        return;
+    }
+    store->openWithCompletionHandler([store, report](const std::optional<Error> &refused) {
         if (refused) {
-            post(handler, {ShellResult::Problems, {}, refused->localizedDescription});
+            report({.error = refused});
             return;
         }
-        store->fetchDatabasesWithCompletionHandler([title, handler](const auto &databases,
-                                                                    const auto &error) {
-            ShellResult result{.exitCode = error ? ShellResult::Problems : ShellResult::Success};
-            if (databases) {
-                result.output = runnerText("“%1” can be read. Databases: %2")
-                                    .arg(title)
-                                    .arg(databases->size()) +
-                                u'\n';
-            }
-            result.errors = error ? error->localizedDescription : QString();
-            post(handler, result);
-        });
+        store->fetchDatabasesWithCompletionHandler(
+            [report](const auto &databases, const auto &error) {
+                report({.databases = databases ? databases->size() : 0,
+                        .isReadable = databases.has_value(),
+                        .error = error});
+            });
     });
 }
 

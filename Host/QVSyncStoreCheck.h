@@ -11,7 +11,7 @@ class PZFuture;
 class QVSyncStore;
 
 /// What a check of a store has found. A value.
-struct QVSyncStoreCheck {
+struct HOST_EXPORT QVSyncStoreCheck {
     /// The number of databases that the store contains.
     qint64 databases = 0;
     /// The size of the store in bytes; empty if it is not known.
@@ -21,6 +21,12 @@ struct QVSyncStoreCheck {
     /// Why the store cannot be read or, if it can, why it cannot be written, in words for the user;
     /// empty if it can be both read and written.
     std::optional<Error> error = {};
+    /// Whether a probe was written and read back.
+    bool isWritable = false;
+
+    /// Returns what was found about the location with this title, in words for the user: the error,
+    /// or that the location can be used, and what it contains.
+    QString text(const QString &title) const;
 };
 
 /// An optional addition to QVSyncStore: a store that can be checked is of this class, too.

@@ -1,6 +1,5 @@
 #include "Controller/Preferences/LocationCheck.h"
 
-#include <QtCore/QLocale>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 
@@ -12,32 +11,6 @@
 #include "Platform/Foundation/MainQueue.h"
 
 namespace {
-
-QString databasesText(qint64 count) {
-    return count == 1 ? localizedSyncString("1 database")
-                      : localizedSyncString("%1 databases").arg(count);
-}
-
-/// Returns the text for a location that can be used.
-QString successText(const QString &title, const QVSyncStoreCheck &found, bool isChecked) {
-    if (!isChecked) {
-        return localizedSyncString("“%1” can be read. %2.")
-            .arg(title, databasesText(found.databases));
-    }
-    if (!found.size) {
-        return localizedSyncString("“%1” can be read and written. %2.")
-            .arg(title, databasesText(found.databases));
-    }
-    return localizedSyncString("“%1” can be read and written. %2, %3.")
-        .arg(title, databasesText(found.databases),
-             QLocale().formattedDataSize(*found.size, 1, QLocale::DataSizeSIFormat));
-}
-
-Error notWritable(const QString &title, Error error) {
-    error.localizedDescription = localizedSyncString("“%1” can be read, but not written. %2")
-                                     .arg(title, error.localizedDescription);
-    return error;
-}
 
 Error notInTime(const QString &title) {
     return {.domain = QStringLiteral("SyncPreferences"),
@@ -134,10 +107,11 @@ void LocationCheck::finish(quint64 run, const QVSyncStoreCheck &found) {
     }
     row->setActive(false);
     if (!found.error) {
-        setText(row, successText(row->title(), found, ended.future != nullptr));
+        setText(row, found.text(row->title()));
         return;
     }
-    Error error = found.isReadable ? notWritable(row->title(), *found.error) : *found.error;
+    Error error = *found.error;
+    error.localizedDescription = found.text(row->title());
     error.recoveryOptions = LocationRecovery::options(
         row->location(), [self = QPointer(this), checked = ended.selection] {
             const Selection again = checked.lock();

@@ -91,7 +91,9 @@ QVSyncStoreCheck EngineStore::check(const EngineFuture &future) {
     found.size = measure(future);
     found.isReadable = !fetched->problem;
     found.error = fetched->problem;
-    if (const Expected<void> written = probe(future); !written && found.isReadable) {
+    const Expected<void> written = probe(future);
+    found.isWritable = written.has_value();
+    if (!written && found.isReadable) {
         found.error = written.error();
     }
     return found;

@@ -884,10 +884,6 @@
         <source>There is no location “%1”. “velmora --describe” lists all.</source>
         <translation>Es gibt keinen Ort „%1“. „velmora --describe“ nennt alle.</translation>
     </message>
-    <message>
-        <source>“%1” can be read. Databases: %2</source>
-        <translation>„%1“ kann gelesen werden. Datenbanken: %2</translation>
-    </message>
 </context>
 <context>
     <name>TrayIcon</name>

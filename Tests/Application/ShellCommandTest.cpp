@@ -51,6 +51,19 @@ class ShellCommandTest : public QObject {
         result.errors = QString::fromUtf8(process.readAllStandardError());
         return result;
     }
+    /// Returns what identifies the probes of this user in a store.
+    QString nameOfProbe() const {
+        QDirIterator files(m_folder->path(), {QStringLiteral("*.conf")}, QDir::Files | QDir::Hidden,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QSettings settings(files.next(), QSettings::IniFormat);
+            if (const QVariant name = settings.value(QStringLiteral("QVStoreProbe"));
+                name.isValid()) {
+                return name.toString();
+            }
+        }
+        return {};
+    }
     Run sync(const QStringList &databases = {}) const {
         return run(QStringList{QStringLiteral("sync")} + databases);
     }
@@ -167,8 +180,17 @@ private Q_SLOTS:
         const QStringList command{QStringLiteral("check"), QStringLiteral("Home")};
         const Run sound = run(command);
         QCOMPARE(sound.exitCode, 0);
-        QVERIFY2(sound.output.startsWith(QStringLiteral("“Home” can be read")),
+        QVERIFY2(sound.output.startsWith(
+                     QStringLiteral("“Home” can be read and written. 0 databases, ")),
                  qPrintable(sound.output));
+        // Where its probe cannot be written.
+        QVERIFY(QDir().mkpath(store() + QStringLiteral("/databases/probe-") + nameOfProbe() +
+                              QStringLiteral("/x")));
+        const Run unusable = run(command);
+        QCOMPARE(unusable.exitCode, 1);
+        QCOMPARE(unusable.output, QString());
+        QVERIFY2(unusable.errors.contains(QStringLiteral("“Home” can be read, but not written. ")),
+                 qPrintable(unusable.errors));
         QVERIFY(QDir(store()).removeRecursively());
         const Run missing = run(command);
         QCOMPARE(missing.exitCode, 1);
