@@ -3,12 +3,11 @@
 #include <QtCore/QDir>
 #include <QtCore/QLocale>
 #include <QtGui/QGuiApplication>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
 #include "Application/Interface/SyncPlugIn.h"
 #include "Host/QVApplication.h"
-#include "Platform/Interface/PlainText.h"
+#include "Platform/Interface/MessageBox.h"
 #include "Platform/Interface/Workspace.h"
 
 namespace {
@@ -42,12 +41,9 @@ QString nextSteps(const Expected<std::optional<QDate>> &backup) {
 Choice ask(const QString &directory, const QString &text,
            const Expected<std::optional<QDate>> &found) {
     const std::optional<QDate> backup = found.value_or(std::nullopt);
-    QMessageBox box(QMessageBox::Critical, QGuiApplication::applicationDisplayName(), {},
-                    QMessageBox::NoButton);
-    PlainText::setTexts(
-        &box, text,
-        nextSteps(found) + QStringLiteral("\n\n") +
-            damageText("The damaged files are kept in the folder “Damaged Profiles”."));
+    MessageBox box(QMessageBox::Critical, text,
+                   nextSteps(found) + QStringLiteral("\n\n") +
+                       damageText("The damaged files are kept in the folder “Damaged Profiles”."));
     QPushButton *restore = nullptr;
     if (backup) {
         restore = box.addButton(damageText("&Restore the Copy of %1")

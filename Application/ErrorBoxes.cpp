@@ -6,7 +6,7 @@
 #include <QtWidgets/QPushButton>
 #include <algorithm>
 
-#include "Platform/Interface/PlainText.h"
+#include "Platform/Interface/MessageBox.h"
 
 bool ErrorBoxes::show(const Error &error, QWidget *parent) {
     const auto last = std::find_if(m_shown.begin(), m_shown.end(),
@@ -19,9 +19,8 @@ bool ErrorBoxes::show(const Error &error, QWidget *parent) {
     }
     // Closed boxes other than the last one no longer count.
     m_shown.removeIf([](const Shown &each) { return !each.isOpen(); });
-    auto *box = new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), {},
-                                QMessageBox::NoButton, parent);
-    PlainText::setTexts(box, error.localizedDescription, error.localizedFailureReason);
+    auto *box = new MessageBox(QMessageBox::Warning, error.localizedDescription,
+                               error.localizedFailureReason, parent);
     addDetails(box, error);
     addButtons(box, error);
     box->setAttribute(Qt::WA_DeleteOnClose);

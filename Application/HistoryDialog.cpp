@@ -7,7 +7,6 @@
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSpinBox>
@@ -16,6 +15,8 @@
 
 #include "Application/PresentIfFailed.h"
 #include "Application/WindowSize.h"
+#include "Platform/Interface/HeightKeeper.h"
+#include "Platform/Interface/MessageBox.h"
 #include "Platform/Interface/PlainText.h"
 
 namespace {
@@ -49,6 +50,7 @@ HistoryDialog::HistoryDialog(NoteLibrary *library, const std::shared_ptr<NoteDat
     setWindowTitle(isOfNote() ? tr("Earlier Versions") : tr("Deleted Notes"));
     setWindowModality(Qt::WindowModal);
     resize(WindowSize::of(*this, 110, 32));
+    new HeightKeeper(this);
     makeWidgets();
     connect(m_list, &QTreeWidget::currentItemChanged, this, &HistoryDialog::showText);
     connect(m_list, &QTreeWidget::itemSelectionChanged, this,
@@ -247,15 +249,14 @@ void HistoryDialog::saveLimits() {
 }
 
 bool HistoryDialog::isRemovalWanted(qint64 count) {
-    QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), {},
-                    QMessageBox::NoButton, this);
-    PlainText::setTexts(
-        &box,
+    MessageBox box(
+        QMessageBox::Warning,
         count == 1 ? tr("The new limits remove 1 deleted note or earlier version.")
                    : tr("The new limits remove %1 deleted notes and earlier versions.")
                          .arg(QLocale().toString(count)),
         tr("What is removed cannot be restored any more. If you keep it, the limits stay as they "
-           "were."));
+           "were."),
+        this);
     QPushButton *remove = box.addButton(tr("&Remove"), QMessageBox::DestructiveRole);
     box.setDefaultButton(box.addButton(tr("&Keep"), QMessageBox::RejectRole));
     box.exec();

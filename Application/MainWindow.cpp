@@ -6,7 +6,6 @@
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMenuBar>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QToolBar>
@@ -27,7 +26,7 @@
 #include "Application/WindowSize.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
-#include "Platform/Interface/PlainText.h"
+#include "Platform/Interface/MessageBox.h"
 
 namespace {
 
@@ -267,9 +266,8 @@ bool MainWindow::leavePreferences() {
     }
     Expected<void> saved = saveLocations();
     while (!saved) {
-        QMessageBox box(QMessageBox::Warning, ApplicationName, {}, QMessageBox::NoButton, this);
-        PlainText::setTexts(&box, tr("Your changes in Sync Preferences are not saved."),
-                            saved.error().localizedDescription);
+        MessageBox box(QMessageBox::Warning, tr("Your changes in Sync Preferences are not saved."),
+                       saved.error().localizedDescription, this);
         QPushButton *tryAgain = box.addButton(tr("&Try Again"), QMessageBox::AcceptRole);
         QPushButton *discard = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
         box.addButton(tr("&Cancel"), QMessageBox::RejectRole);

@@ -8,6 +8,7 @@
 #include "Application/PresentIfFailed.h"
 #include "Application/SaveLocations.h"
 #include "Application/WindowSize.h"
+#include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Platform/Interface/TextLabel.h"
 
@@ -18,6 +19,7 @@ PreferencesWindow::PreferencesWindow(std::unique_ptr<PreferencePane> pane, QWidg
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    new HeightKeeper(this);
     // Larger fonts need more room.
     resize(QSize(760, 600).expandedTo(WindowSize::of(*this, 100, 36)));
     showPane(std::move(pane));

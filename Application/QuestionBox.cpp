@@ -7,8 +7,6 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
-#include "Platform/Interface/PlainText.h"
-
 namespace {
 
 constexpr qreal SizeOfCode = 2.5;
@@ -16,10 +14,8 @@ constexpr qreal SizeOfCode = 2.5;
 }  // namespace
 
 QuestionBox::QuestionBox(const ::Question &question, QWidget *parent)
-    : QMessageBox(QMessageBox::Question, QApplication::applicationDisplayName(), {},
-                  QMessageBox::NoButton, parent),
+    : MessageBox(QMessageBox::Question, question.text, question.details, parent),
       m_hasCode(!question.code.isEmpty()) {
-    PlainText::setTexts(this, question.text, question.details);
     setAttribute(Qt::WA_DeleteOnClose);
     m_accept = addButton(question.acceptTitle, QMessageBox::AcceptRole);
     setDefaultButton(addButton(question.refuseTitle, QMessageBox::RejectRole));

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QtWidgets/QMessageBox>
-
 #include "Application/Interface/QuestionPresenter.h"
+#include "Platform/Interface/MessageBox.h"
 
 /// The box that shows a Question, with its code in large digits. `parent` may be null.
 /// Must be used on the main thread.
-class QuestionBox : public QMessageBox {
+class QuestionBox : public MessageBox {
     Q_OBJECT
 public:
     QuestionBox(const ::Question &question, QWidget *parent);

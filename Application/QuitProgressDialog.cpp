@@ -9,6 +9,7 @@
 
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncPlugin.h"
+#include "Platform/Interface/HeightKeeper.h"
 
 namespace {
 
@@ -22,8 +23,9 @@ constexpr int LabelWidth = 60;
 }  // namespace
 
 QuitProgressDialog::QuitProgressDialog(QWidget *parent)
-    : QDialog(parent), m_label(new QLabel), m_bar(new QProgressBar) {
+    : QDialog(parent), m_label(new QLabel), m_bar(new QProgressBar), m_longestPause(LongestPause) {
     setWindowTitle(tr("Quit Velmora"));
+    new HeightKeeper(this);
     m_label->setTextFormat(Qt::PlainText);
     m_label->setWordWrap(true);
     m_label->setMinimumWidth(fontMetrics().averageCharWidth() * LabelWidth);
@@ -45,12 +47,18 @@ QuitProgressDialog::QuitProgressDialog(QWidget *parent)
         timer->setSingleShot(true);
         connect(timer, &QTimer::timeout, this, [this] { stop(Finished); });
     }
-    m_idleTimer.start(LongestPause);
-    m_limitTimer.start(LongestWait);
+    setLimits(LongestPause, LongestWait);
     auto *updates = new QTimer(this);
     connect(updates, &QTimer::timeout, this, &QuitProgressDialog::showProgress);
     updates->start(UpdateInterval);
     showProgress();
+}
+
+void QuitProgressDialog::setLimits(std::chrono::milliseconds pause,
+                                   std::chrono::milliseconds wait) {
+    m_longestPause = pause;
+    m_idleTimer.start(pause);
+    m_limitTimer.start(wait);
 }
 
 void QuitProgressDialog::showProgress() {
@@ -63,7 +71,7 @@ void QuitProgressDialog::showProgress() {
         progress.total == 0 ? 0 : static_cast<int>(progress.done * FullBar / progress.total));
     if (progress != m_shown) {
         m_shown = progress;
-        m_idleTimer.start(LongestPause);
+        m_idleTimer.start(m_longestPause);
     }
 }
 

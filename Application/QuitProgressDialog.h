@@ -2,6 +2,7 @@
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QDialog>
+#include <chrono>
 
 #include "Host/QVSyncProgress.h"
 
@@ -22,6 +23,9 @@ public:
     /// the progress last changed. Reads the progress of QVSyncPlugin::plugin() ten times a second.
     explicit QuitProgressDialog(QWidget *parent);
 
+    /// Sets both limits, from now on.
+    void setLimits(std::chrono::milliseconds pause, std::chrono::milliseconds wait);
+
     /// Called for Cancel, Escape and the dialog's close button.
     void reject() override { stop(Rejected); }
 
@@ -36,5 +40,6 @@ private:
     /// Ends the wait: after any progress it begins again, and in any case after a longer time.
     QTimer m_idleTimer;
     QTimer m_limitTimer;
+    std::chrono::milliseconds m_longestPause;
     QVSyncProgress m_shown;
 };

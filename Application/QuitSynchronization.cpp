@@ -1,7 +1,6 @@
 #include "Application/QuitSynchronization.h"
 
 #include <QtCore/QPointer>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <algorithm>
 
@@ -12,7 +11,7 @@
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
-#include "Platform/Interface/PlainText.h"
+#include "Platform/Interface/MessageBox.h"
 
 namespace {
 
@@ -84,19 +83,16 @@ QuitSynchronization::Choice QuitSynchronization::askAbout(const QList<Item> &uns
     for (const Item &item : unsent) {
         lines.append(tr("“%1” with “%2”").arg(item.database, item.location));
     }
-    QMessageBox box(QMessageBox::Question, tr("Quit Velmora"), {}, QMessageBox::NoButton, m_window);
-    if (unsent.size() == 1) {
-        PlainText::setTexts(&box,
-                            tr("“%1” has changes that are not synchronized with “%2”. Synchronize "
-                               "them before quitting?")
-                                .arg(unsent.first().database, unsent.first().location),
-                            {});
-    } else {
-        PlainText::setTexts(&box,
-                            tr("There are changes that are not synchronized. Synchronize them "
-                               "before quitting?"),
-                            limited(lines, tr("and %1 more")).join(u'\n'));
-    }
+    const bool isOne = unsent.size() == 1;
+    const QString text =
+        isOne ? tr("“%1” has changes that are not synchronized with “%2”. Synchronize them before "
+                   "quitting?")
+                    .arg(unsent.first().database, unsent.first().location)
+              : tr("There are changes that are not synchronized. Synchronize them before "
+                   "quitting?");
+    MessageBox box(QMessageBox::Question, text,
+                   isOne ? QString() : limited(lines, tr("and %1 more")).join(u'\n'), m_window);
+    box.setWindowTitle(tr("Quit Velmora"));
     const QPushButton *quit = box.addButton(tr("&Quit"), QMessageBox::DestructiveRole);
     box.addButton(QMessageBox::Cancel);
     QPushButton *synchronize = box.addButton(tr("&Synchronize and Quit"), QMessageBox::AcceptRole);
@@ -139,11 +135,11 @@ bool QuitSynchronization::confirmFailure(const QVSyncStates &states) const {
     if (lines.isEmpty()) {
         return true;
     }
-    QMessageBox box(QMessageBox::Warning, tr("Quit Velmora"), {}, QMessageBox::NoButton, m_window);
-    PlainText::setTexts(&box,
-                        tr("Some changes could not be synchronized. They are saved on this "
-                           "computer. Quit anyway?"),
-                        limited(lines, tr("and %1 more")).join(QStringLiteral("\n\n")));
+    MessageBox box(QMessageBox::Warning,
+                   tr("Some changes could not be synchronized. They are saved on this computer. "
+                      "Quit anyway?"),
+                   limited(lines, tr("and %1 more")).join(QStringLiteral("\n\n")), m_window);
+    box.setWindowTitle(tr("Quit Velmora"));
     const QPushButton *quit = box.addButton(tr("&Quit"), QMessageBox::AcceptRole);
     box.setDefaultButton(box.addButton(QMessageBox::Cancel));
     box.exec();

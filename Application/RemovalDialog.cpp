@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "Application/WindowSize.h"
+#include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/PlainText.h"
 
 namespace {
@@ -32,6 +33,7 @@ RemovalDialog::RemovalDialog(const RemovalQuestion &question,
     setWindowModality(Qt::WindowModal);
     setAttribute(Qt::WA_DeleteOnClose);
     resize(WindowSize::of(*this, 80, 28));
+    new HeightKeeper(this);
 
     auto *heading = plainLabel(tr("The synchronization with “%1” would remove %2 of the %3 notes "
                                   "in “%4”.")

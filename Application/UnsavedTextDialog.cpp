@@ -2,10 +2,9 @@
 
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
-#include "Platform/Interface/PlainText.h"
+#include "Platform/Interface/MessageBox.h"
 
 namespace {
 
@@ -17,9 +16,8 @@ QString dialogText(const char *text) {
 
 UnsavedTextDialog::Choice UnsavedTextDialog::ask(QWidget *parent, const Note &note,
                                                  const Error &error) {
-    QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), {},
-                    QMessageBox::NoButton, parent);
-    PlainText::setTexts(&box, dialogText("Your text is not saved."), error.localizedDescription);
+    MessageBox box(QMessageBox::Warning, dialogText("Your text is not saved."),
+                   error.localizedDescription, parent);
     QPushButton *tryAgain = box.addButton(dialogText("&Try Again"), QMessageBox::AcceptRole);
     QPushButton *discard = box.addButton(dialogText("&Discard"), QMessageBox::DestructiveRole);
     QPushButton *copy = box.addButton(dialogText("&Copy Text"), QMessageBox::ActionRole);

@@ -7,7 +7,6 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolButton>
 #include <memory>
@@ -17,8 +16,8 @@
 #include "Platform/Interface/CollectionViewItem.h"
 #include "Platform/Interface/ContextMenu.h"
 #include "Platform/Interface/Control.h"
+#include "Platform/Interface/MessageBox.h"
 #include "Platform/Interface/NibConnections.h"
-#include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/TableView.h"
 #include "Platform/Interface/TableViewDelegate.h"
 #include "Platform/KeyValue/KeyValue.h"
@@ -87,9 +86,9 @@ public:
 
 private:
     void confirm(const QString &question, const QAbstractButton *button) {
-        auto *box = new QMessageBox(QMessageBox::Question, QApplication::applicationDisplayName(),
-                                    {}, QMessageBox::Cancel, button->window());
-        PlainText::setTexts(box, question, button->toolTip());
+        auto *box =
+            new MessageBox(QMessageBox::Question, question, button->toolTip(), button->window());
+        box->addButton(QMessageBox::Cancel);
         box->setAttribute(Qt::WA_DeleteOnClose);
         const QPushButton *accept = box->addButton(button->text(), QMessageBox::AcceptRole);
         box->setDefaultButton(QMessageBox::Cancel);

@@ -2,6 +2,12 @@
 
 #include <QtGui/QCloseEvent>
 
+#include "Platform/Interface/HeightKeeper.h"
+
+SheetWindow::SheetWindow(QWidget *parent) : QDialog(parent) {
+    new HeightKeeper(this);
+}
+
 void SheetWindow::reject() {
     Q_EMIT leaving();
 }

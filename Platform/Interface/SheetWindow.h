@@ -5,12 +5,12 @@
 #include "Platform/PlatformExport.h"
 
 /// The window of a sheet. It never closes itself: the Escape key and the window manager's close
-/// button only emit leaving(), and the controller decides. QDialog::done() ends the sheet. Must be
-/// used on the main thread.
+/// button only emit leaving(), and the controller decides. QDialog::done() ends the sheet. It grows
+/// with the texts in it. Must be used on the main thread.
 class PLATFORM_EXPORT SheetWindow : public QDialog {
     Q_OBJECT
 public:
-    using QDialog::QDialog;
+    explicit SheetWindow(QWidget *parent = nullptr);
 
     /// Emits leaving(); does not close the window.
     void reject() override;

@@ -1,0 +1,29 @@
+#include "Platform/Interface/MessageBox.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLayout>
+
+MessageBox::MessageBox(Icon icon, const QString &text, const QString &details, QWidget *parent)
+    : QMessageBox(icon, QGuiApplication::applicationDisplayName(), {}, NoButton, parent) {
+    // Creates the second label, whose format setTextFormat() does not set.
+    setInformativeText(QStringLiteral(" "));
+    for (QLabel *label : findChildren<QLabel *>()) {
+        label->setTextFormat(Qt::PlainText);
+    }
+    setTextFormat(Qt::PlainText);
+    setText(text);
+    setInformativeText(details);
+}
+
+void MessageBox::showEvent(QShowEvent *event) {
+    QMessageBox::showEvent(event);
+    if (layout()->minimumSize().width() > width()) {
+        findChild<QDialogButtonBox *>()->setOrientation(Qt::Vertical);
+        // The box fits its fixed size to the layout on this event only.
+        QEvent request(QEvent::LayoutRequest);
+        QCoreApplication::sendEvent(this, &request);
+    }
+}

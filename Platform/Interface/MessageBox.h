@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QtWidgets/QMessageBox>
+
+#include "Platform/PlatformExport.h"
+
+/// A message box that shows its texts as they are, without looking for markup in them, and puts its
+/// buttons one below the other if they do not fit side by side. Must be used on the main thread.
+class PLATFORM_EXPORT MessageBox : public QMessageBox {
+    Q_OBJECT
+public:
+    /// A box without buttons that has the title of the application. `details` may be empty, and
+    /// `parent` null.
+    MessageBox(Icon icon, const QString &text, const QString &details, QWidget *parent = nullptr);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+};
