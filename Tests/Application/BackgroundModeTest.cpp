@@ -1,8 +1,12 @@
+#include "Engine/DirectConnection/DirectConnection.h"
+#include "Support/AskedPerson.h"
+#include "Support/FreePort.h"
 #include "Support/NotificationService.h"
 #include "Support/Patience.h"
 #include "Support/SecretService.h"
 #include "Support/ShownProgram.h"
 #include "Support/StatusNotifierWatcher.h"
+#include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
 /// The program stays in the background if the user wants that, with an icon in the desktop's panel.
@@ -19,12 +23,30 @@ private:
     QString store() const {
         return m_program->profile() + QStringLiteral("/Sync Stores/Home.qvSyncStore");
     }
-    void turnOn() const {
+    void turnOn(const QString &furtherSettings = {}) const {
         const QString folder = home() + QStringLiteral("/.config/Velmora");
         QVERIFY(QDir().mkpath(folder));
         QFile file(folder + QStringLiteral("/Velmora.conf"));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("[General]\nQVKeepSynchronizingInBackground=true\n");
+        file.write("[General]\nQVKeepSynchronizingInBackground=true\n" + furtherSettings.toUtf8());
+    }
+    /// Edits the notes of "Projects" in another profile and synchronizes it with the program's
+    /// store.
+    void editOnAnotherComputer() const {
+        TestHost other(FirstContents::Welcome);
+        const auto projects = other.library().knownDatabases().value(1);
+        QCOMPARE(projects->name(), QStringLiteral("Projects"));
+        const QList<Note> notes = projects->notes().value();
+        for (Note note : notes) {
+            note.text += QStringLiteral("There");
+            QVERIFY(projects->saveNote(note));
+        }
+        const auto location = other.addLocation(Url::fileURL(store()).absoluteString());
+        const auto state = other.addState(location, projects);
+        state->setEnabled(true);
+        other.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+            {state});
+        QTRY_VERIFY_WITH_TIMEOUT(state->lastSynced().isValid(), Patience);
     }
     void start() const {
         m_program->start();
@@ -82,6 +104,11 @@ private Q_SLOTS:
         QVERIFY(!m_watcher->menu().contains(QStringLiteral("Pause until Tomorrow")));
         choose(QStringLiteral("Resume"));
         QVERIFY(isStateShown(QStringLiteral("All up to date")));
+        choose(QStringLiteral("Pause until Tomorrow"));
+        QVERIFY(isStateShown(QStringLiteral("Paused")));
+        QVERIFY(!m_watcher->menu().contains(QStringLiteral("Pause for an Hour")));
+        choose(QStringLiteral("Resume"));
+        QVERIFY(isStateShown(QStringLiteral("All up to date")));
         choose(QStringLiteral("Show Velmora"));
         QVERIFY(QTest::qWaitFor([this] { return isShown(); }, Patience));
         choose(QStringLiteral("Quit"));
@@ -102,6 +129,51 @@ private Q_SLOTS:
         const NotificationService::Message message = m_notifications->messages().first();
         QCOMPARE(message.title, QStringLiteral("A synchronization failed"));
         QVERIFY(message.text.contains(store()));
+        m_program->terminate();
+        QVERIFY(m_program->awaitEnd());
+    }
+
+    void aConflictIsNotified() {
+        turnOn();
+        start();
+        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        editOnAnotherComputer();
+        // The first note of "Projects".
+        const QString tab = QStringLiteral("Tab");
+        m_display.press({QStringLiteral("Down"), tab, tab, tab, tab});
+        m_display.type(QStringLiteral("Here"));
+        QVERIFY(QTest::qWaitFor([&] { return m_program->isShownAsModified(); }, Patience));
+        closeWindow();
+        choose(QStringLiteral("Sync All Now"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->messages().size(), 1, Patience);
+        QCOMPARE(m_notifications->messages().first().title,
+                 QStringLiteral("A note was edited in two places"));
+        m_program->terminate();
+        QVERIFY(m_program->awaitEnd());
+    }
+
+    void aComputerThatWantsToPairIsNotified() {
+        const quint16 port = freePort();
+        turnOn(QStringLiteral("QVDirectConnectionServerEnabled=true\n"
+                              "QVDirectConnectionServerPortNumber=%1\n")
+                   .arg(port));
+        start();
+        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        closeWindow();
+        TestHost other;
+        const AskedPerson otherUser;
+        const auto store =
+            other
+                .newLocation(Url::fromString(
+                    QStringLiteral("%1://127.0.0.1:%2").arg(DirectConnection::URLScheme).arg(port)))
+                ->createStore();
+        const auto opened = store->openWithCompletionHandler([](const auto & /*error*/) {});
+        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->messages().size(), 1, Patience);
+        const NotificationService::Message message = m_notifications->messages().first();
+        QCOMPARE(message.title, QStringLiteral("Velmora asks for a decision"));
+        QVERIFY2(message.text.contains(QStringLiteral("synchronize with this computer?")),
+                 qPrintable(message.text));
+        opened->cancel();
         m_program->terminate();
         QVERIFY(m_program->awaitEnd());
     }

@@ -243,6 +243,41 @@ private Q_SLOTS:
         QVERIFY(m_host->engine().plugin().dispatcher()->activity().isEmpty());
     }
 
+    void theWaitHasLimits_data() {
+        using namespace std::chrono_literals;
+        QTest::addColumn<std::chrono::milliseconds>("pause");
+        QTest::addColumn<std::chrono::milliseconds>("wait");
+        QTest::newRow("without progress") << 100ms << std::chrono::milliseconds(1h);
+        QTest::newRow("in all") << std::chrono::milliseconds(1h) << 100ms;
+    }
+    void theWaitHasLimits() {
+        QFETCH(const std::chrono::milliseconds, pause);
+        QFETCH(const std::chrono::milliseconds, wait);
+        tickSilentServer();
+        answer(QStringLiteral("Synchronize and Quit"));
+        bool isLimited = false;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&] {
+            QWidget *modal = QApplication::activeModalWidget();
+            auto *dialog = qobject_cast<QuitProgressDialog *>(modal);
+            if (dialog && !isLimited && m_silent->connections() > 0) {
+                isLimited = true;
+                dialog->setLimits(pause, wait);
+            } else if (isLimited && qobject_cast<QMessageBox *>(modal)) {
+                timer.stop();
+                answer(QStringLiteral("Quit"));
+            }
+        });
+        timer.start(10);
+        QVERIFY(m_window->close());
+        QVERIFY(isLimited);
+        QVERIFY2(m_question.startsWith(QStringLiteral("Some changes could not be synchronized.")),
+                 qPrintable(m_question));
+        QVERIFY2(m_question.contains(QStringLiteral("“Projects” with “127.0.0.1 – Shared”")),
+                 qPrintable(m_question));
+        QVERIFY(m_host->engine().plugin().dispatcher()->activity().isEmpty());
+    }
+
     void theEndOfTheSessionAsksNothing() {
         tickSilentServer()->setSyncOnClose(true);
         m_window->findChild<QuitGuard *>()->allowEnd();
