@@ -6,12 +6,15 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTextBrowser>
+#include <algorithm>
 
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/Interface/SyncPlugIn.h"
 #include "Host/QVDirectConnectionServer.h"
+#include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
@@ -19,6 +22,7 @@
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
 #include "Support/FreePort.h"
+#include "Support/PrivateVolume.h"
 #include "Support/SecretService.h"
 #include "Support/Verification.h"
 #include "Tour/Person.h"
@@ -46,6 +50,13 @@ bool isTicked(const QString &location) {
     QWidget *row = Screen::row(LocationList, location);
     const auto *box = row ? row->findChild<QCheckBox *>(QStringLiteral("rowCheckBox")) : nullptr;
     return box && box->isChecked();
+}
+
+bool hasWarning(const QString &location) {
+    const QWidget *row = Screen::row(LocationList, location);
+    const auto *button =
+        row ? row->findChild<QWidget *>(QStringLiteral("rowWarningButton")) : nullptr;
+    return button && button->isVisible();
 }
 
 std::shared_ptr<NoteDatabase> knownDatabase(const NoteLibrary &library, const QString &name) {
@@ -99,6 +110,14 @@ void Tour::run() {
     readLog();
     takeEdit();
     importDatabase();
+    enterWrongPassword();
+    loseServer();
+    if (m_surroundings.hasPrivateMounts) {
+        failToWrite();
+    }
+    undoRemoval();
+    undoDeletion();
+    editInTwoPlaces();
     verify();
     leave();
 }
@@ -362,6 +381,132 @@ void Tour::importDatabase() {
     show(QStringLiteral("imported-notes"), QStringLiteral("The same notes can be read."));
 }
 
+void Tour::enterWrongPassword() {
+    const QString server = QStringLiteral("localhost – Notes");
+    const auto enterPassword = [](const QString &password) {
+        Person::fill(QStringLiteral("passwordField"), password);
+        Person::click(QStringLiteral("acceptButton"));
+        Person::await(QStringLiteral("the end of the sheet"),
+                      [] { return !QApplication::activeModalWidget(); });
+    };
+    Person::turnTo(PanelTitle);
+    Person::clickRow(DatabaseList, DatabaseName);
+    Person::clickRow(LocationList, server);
+    Person::click(QStringLiteral("editLocationButton"));
+    enterPassword(QStringLiteral("swordfish"));
+    failToSynchronize(server);
+    show(QStringLiteral("synchronization-failed"),
+         QStringLiteral("A wrong password was entered. After “Sync Now” the rows of the database "
+                        "and the location say what failed."));
+    showError(server, QStringLiteral("does not accept this user name and password"),
+              QStringLiteral("wrong-password"),
+              QStringLiteral("A click on the warning says what happened, and offers what to do "
+                             "next. “Edit Location…” leads to the password."));
+    Person::click(QStringLiteral("Edit Location…"));
+    enterPassword(WebDAVServer::Password);
+    synchronizeChosenDatabase();
+    Person::await(QStringLiteral("the end of the warning"), [&] { return !hasWarning(server); });
+}
+
+void Tour::loseServer() {
+    const QString server = QStringLiteral("localhost – Notes");
+    m_webDAV.stop();
+    failToSynchronize(server);
+    showError(server, QStringLiteral("refused the connection"), QStringLiteral("server-gone"),
+              QStringLiteral("The server was shut down. When it runs again, “Try Again” is "
+                             "enough."));
+    m_webDAV.start();
+    Person::click(QStringLiteral("Try Again"));
+    Person::await(QStringLiteral("the end of the warning"), [&] { return !hasWarning(server); });
+    show(QStringLiteral("server-back"),
+         QStringLiteral("The server runs again, and the warning has gone."));
+}
+
+void Tour::failToWrite() {
+    const QString disk = QStringLiteral("USB Stick");
+    const QString title = QStringLiteral("Copy");
+    constexpr qint64 size = 512 * 1024;
+    PrivateVolume volume(QDir::current().filePath(disk), size);
+    openAddMenu(QStringLiteral("New Folder Store…"));
+    Person::fill(QStringLiteral("fileNameEdit"), disk + u'/' + title);
+    Person::click(QStringLiteral("Save"));
+    awaitLocation(title, 6);
+    synchronizeChosenDatabase();
+
+    QFile filler(QDir::current().filePath(disk + QStringLiteral("/Films")));
+    check(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered),
+          QStringLiteral("The disk cannot be filled."));
+    while (filler.write(QByteArray(1024, 'x')) == 1024) {
+    }
+    editNote(QStringLiteral(" Buy a larger stick."));
+    Person::turnTo(PanelTitle);
+    failToSynchronize(title);
+    showError(title, QStringLiteral("is full"), QStringLiteral("full-disk"),
+              QStringLiteral("The disk of a location is full. “Show Folder” leads there."));
+    Person::click(QStringLiteral("Close"));
+    filler.remove();
+    volume.makeReadOnly();
+    failToSynchronize(title);
+    showError(title, QStringLiteral("read-only"), QStringLiteral("read-only-folder"),
+              QStringLiteral("There is space again, but now the disk is write-protected."));
+    Person::click(QStringLiteral("Close"));
+    Person::clickRow(LocationList, title);
+    Person::click(QStringLiteral("removeLocationButton"));
+    Person::await(QStringLiteral("the removal"), [&] { return !Screen::row(LocationList, title); });
+}
+
+void Tour::undoRemoval() {
+    Person::clickRow(LocationList, SharedName);
+    Person::click(QStringLiteral("removeLocationButton"));
+    Person::await(QStringLiteral("the offer to undo"), [] {
+        return !Screen::texts().filter(SharedName + QStringLiteral("” was removed")).isEmpty();
+    });
+    show(QStringLiteral("removed"),
+         QStringLiteral("A location was removed by mistake. Its notes stay there, and “Undo” "
+                        "brings the location back, with its ticks and schedules."));
+    Person::click(QStringLiteral("Undo"));
+    Person::await(QStringLiteral("the row"), [] { return Screen::row(LocationList, SharedName); });
+    Person::clickRow(DatabaseList, DatabaseName);
+    Person::await(QStringLiteral("the tick"), [] { return isTicked(SharedName); });
+    show(QStringLiteral("removal-undone"), QStringLiteral("It is listed and ticked again."));
+}
+
+void Tour::undoDeletion() {
+    Person::turnTo(MainTitle);
+    Person::clickItem(QStringLiteral("Databases"), DatabaseName);
+    Person::clickItem(QStringLiteral("Notes"), NoteTitle);
+    Person::click(QStringLiteral("Delete Note"));
+    Person::await(QStringLiteral("the deletion"), [this] { return !tourNote(); });
+    Person::choose(QStringLiteral("Edit"));
+    show(QStringLiteral("deleted"),
+         QStringLiteral("A note was deleted by mistake. The menu “Edit” undoes that."));
+    Person::choose(QStringLiteral("Undo Delete Note"));
+    Person::await(QStringLiteral("the note"), [this] { return tourNote().has_value(); });
+    show(QStringLiteral("deletion-undone"), QStringLiteral("The note is there again."));
+}
+
+void Tour::editInTwoPlaces() {
+    m_otherComputer.editNote(sharedPackage(), DatabaseName, NoteTitle);
+    editNote(QStringLiteral(" Added on this computer."));
+    Person::turnTo(PanelTitle);
+    synchronizeChosenDatabase();
+    Person::turnTo(MainTitle);
+    Person::clickItem(QStringLiteral("Notes"), NoteTitle);
+    Person::await(QStringLiteral("the bar of the conflict"),
+                  [] { return Screen::widget(QStringLiteral("Compare…")) != nullptr; });
+    show(QStringLiteral("conflict"),
+         QStringLiteral("The note was edited here and on the other computer at the same time. "
+                        "Both edits are kept, and a bar says so."));
+    Person::click(QStringLiteral("Compare…"));
+    show(QStringLiteral("comparison"),
+         QStringLiteral("“Compare…” marks the differences, and lets the person choose."));
+    Person::click(QStringLiteral("Keep Both"));
+    Person::await(QStringLiteral("the end of the conflict"), [this] {
+        return knownDatabase(m_surroundings.library, DatabaseName)->countOfConflicts() == 0;
+    });
+    show(QStringLiteral("both-kept"), QStringLiteral("Both are notes of their own now."));
+}
+
 /// What came from one location is sent to the others before.
 void Tour::verify() {
     Person::turnTo(PanelTitle);
@@ -418,6 +563,43 @@ void Tour::synchronizeChosenDatabase() {
         }
         return areSynchronized;
     });
+}
+
+void Tour::failToSynchronize(const QString &location) {
+    Person::clickRow(DatabaseList, DatabaseName, QStringLiteral("rowSyncButton"));
+    Person::await(QStringLiteral("the warning of “%1”").arg(location), [&] {
+        return hasWarning(location) && QVSyncPlugin::plugin()->dispatcher()->activity().isEmpty();
+    });
+}
+
+void Tour::showError(const QString &location, const QString &text, const QString &name,
+                     const QString &sentence) {
+    Person::clickRow(LocationList, location, QStringLiteral("rowWarningButton"));
+    Person::await(QStringLiteral("an error that says “%1”").arg(text), [&] {
+        return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) &&
+               !Screen::texts().filter(text).isEmpty();
+    });
+    show(name, sentence);
+}
+
+std::optional<Note> Tour::tourNote() const {
+    const QList<Note> notes =
+        knownDatabase(m_surroundings.library, DatabaseName)->notes().value_or(QList<Note>());
+    const auto found = std::find_if(notes.begin(), notes.end(),
+                                    [](const Note &each) { return each.title == NoteTitle; });
+    return found == notes.end() ? std::nullopt : std::optional(*found);
+}
+
+void Tour::editNote(const QString &line) {
+    const std::optional<Note> before = onMainThread([this] { return tourNote(); });
+    check(before.has_value(), QStringLiteral("The note is missing."));
+    Person::turnTo(MainTitle);
+    Person::clickItem(QStringLiteral("Databases"), DatabaseName);
+    Person::clickItem(QStringLiteral("Notes"), NoteTitle);
+    const QString text = before->text + line;
+    Person::fill(QStringLiteral("Text"), text);
+    Person::await(QStringLiteral("the edit"),
+                  [&] { return hasNote(m_surroundings.library, DatabaseName, NoteTitle, text); });
 }
 
 QVSyncStates Tour::states() const {

@@ -2,7 +2,9 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
+#include "Application/Interface/NoteDatabase.h"
 #include "Host/QVSyncState.h"
 #include "Support/WebDAVServer.h"
 #include "Tour/OtherComputer.h"
@@ -33,6 +35,8 @@ public:
         QString folder;
         /// How the other computer is called in the local network; empty where there is none.
         QString nameInNetwork;
+        /// Whether this process may mount volumes, which no other process sees.
+        bool hasPrivateMounts;
     };
 
     Tour(const Surroundings &surroundings, TourPage &page);
@@ -57,6 +61,13 @@ private:
     void readLog();
     void takeEdit();
     void importDatabase();
+    void enterWrongPassword();
+    void loseServer();
+    /// A disk that becomes full, and then read-only.
+    void failToWrite();
+    void undoRemoval();
+    void undoDeletion();
+    void editInTwoPlaces();
     void verify();
     void leave();
 
@@ -66,6 +77,16 @@ private:
     /// Waits for a row of a location that is ticked for the chosen database, and saved.
     void awaitLocation(const QString &title, int count);
     void synchronizeChosenDatabase();
+    /// Clicks "Sync Now" and waits until the row of `location` has a warning.
+    void failToSynchronize(const QString &location);
+    /// Clicks the warning of `location`, and shows the error that the user reads, which contains
+    /// `text`.
+    void showError(const QString &location, const QString &text, const QString &name,
+                   const QString &sentence);
+    /// Returns the note that was written in the tour; empty if it was deleted.
+    std::optional<Note> tourNote() const;
+    /// Appends `line` to that note in the main window.
+    void editNote(const QString &line);
     QVSyncStates states() const;
     QString sharedPackage() const;
 

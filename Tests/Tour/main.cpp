@@ -128,7 +128,7 @@ int open(VelmoraApplication &application, const QString &folder, const QString &
         window.show();
         window.showPreferences()->move(220, 160);
         exitCode = walk({*sync->library(), *sync, keyring, dropbox, browser, browserWindow, folder,
-                         nameInNetwork},
+                         nameInNetwork, !nameInNetwork.isEmpty()},
                         page);
         window.close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
