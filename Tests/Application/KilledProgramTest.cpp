@@ -19,7 +19,7 @@ private:
         /// What was shown as saved.
         QString saved;
         /// What was typed after that.
-        QString typed;
+        QString typed = {};
         bool isKept = false;
         /// Whether its deletion had begun.
         bool mayBeDeleted = false;

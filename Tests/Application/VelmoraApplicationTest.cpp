@@ -4,6 +4,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 
 #include "Platform/Security/Keychain.h"
 #include "Platform/Security/SecretStore.h"

@@ -75,7 +75,7 @@ private Q_SLOTS:
         QCOMPARE(m_store->writeIfAbsent(name, contents, m_future), Expected<Written>(Written::New));
         QCOMPARE(m_store->read(name, 1000, m_future), Expected<QByteArray>(contents));
         QCOMPARE(m_store->list(name.section(u'/', 0, 1), m_future),
-                 Expected<QStringList>({InboxUUID}));
+                 Expected<QStringList>(QStringList{InboxUUID}));
         QCOMPARE(m_store->list(QStringLiteral("transactions/none"), m_future),
                  Expected<QStringList>(QStringList()));
         QCOMPARE(description(m_store->remove(name, m_future)), QString());
