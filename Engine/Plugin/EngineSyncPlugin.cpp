@@ -2,6 +2,7 @@
 
 #include "Engine/DirectConnection/DirectConnectionServer.h"
 #include "Engine/DirectConnection/ServedDatabases.h"
+#include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Plugin/BuiltInLocationKinds.h"
 #include "Engine/Plugin/ServedStoreSynchronizer.h"
 #include "Engine/Profile/ProfileDatabase.h"
