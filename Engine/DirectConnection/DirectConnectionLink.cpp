@@ -14,15 +14,13 @@
 #include <csignal>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
+#include "Engine/DirectConnection/HostLookUp.h"
 #include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/EngineError.h"
-#include "Platform/Network/LocalHostName.h"
 
 namespace {
 
 constexpr std::chrono::seconds ConnectionTimeout(10);
-
-using Addresses = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
 
 /// As Qt does for its own sockets: a closed connection is reported by the result of writing.
 void ignoreBrokenPipes() {
@@ -35,17 +33,6 @@ Error unreachable(const QString &host) {
                        "“%1” cannot be reached. Check that the computer is on and lets other "
                        "computers synchronize.",
                        host);
-}
-
-Addresses lookUp(const QString &host, quint16 port) {
-    addrinfo hints{};
-    hints.ai_socktype = SOCK_STREAM;
-    addrinfo *found = nullptr;
-    if (getaddrinfo(host.toUtf8().constData(), QByteArray::number(port).constData(), &hints,
-                    &found) != 0) {
-        found = nullptr;
-    }
-    return {found, &freeaddrinfo};
 }
 
 }  // namespace
@@ -81,16 +68,11 @@ Expected<void> DirectConnectionLink::connect(const QString &host, quint16 port,
                                              const EngineFuture &future) {
     ignoreBrokenPipes();
     m_host = host;
-    const Expected<QString> name = LocalHostName::isLocal(host)
-                                       ? LocalHostName::address(host, ConnectionTimeout)
-                                       : Expected<QString>(host);
-    // The system may have other ways to resolve a local name.
-    const Addresses addresses = lookUp(name.value_or(host), port);
-    if (!addresses && !name) {
-        return failure(
-            engineError(EngineErrorCode::StoreUnreachable, name.error().localizedDescription));
+    const Expected<HostLookUp::Addresses> addresses = HostLookUp::addresses(host, port, future);
+    if (!addresses) {
+        return failure(addresses.error());
     }
-    for (const addrinfo *address = addresses.get(); address; address = address->ai_next) {
+    for (const addrinfo *address = addresses->get(); address; address = address->ai_next) {
         if (connectTo(*address, future)) {
             return startEncryption(future);
         }

@@ -35,10 +35,10 @@ public:
     DirectConnectionLink &operator=(const DirectConnectionLink &) = delete;
 
     /// Connects to the server, regardless of its identity: the caller must then check
-    /// serverFingerprint(). Must not be called while connected. Blocks while it resolves the name,
-    /// which cannot be cancelled, then for at most 10 seconds for each address and 10 seconds for
+    /// serverFingerprint(). Must not be called while connected. Blocks while it looks up the
+    /// addresses, see HostLookUp, then for at most 10 seconds for each of them and 10 seconds for
     /// the TLS handshake. Fails with the code StoreUnreachable; a connection that the user has
-    /// cancelled fails like one that cannot be made, so the caller checks `future`.
+    /// cancelled may fail like one that cannot be made, so the caller checks `future`.
     Expected<void> connect(const QString &host, quint16 port, const EngineFuture &future);
     /// Returns whether the server has not closed the connection. Must be called between two
     /// exchanges. Does not block. The connection may break at any time after that; exchange() then

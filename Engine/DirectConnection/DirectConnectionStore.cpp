@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <QtCore/QCborArray>
+#include <QtCore/QScopeGuard>
 #include <QtCore/QSysInfo>
 #include <array>
 
@@ -52,7 +53,10 @@ DirectConnectionStore::DirectConnectionStore(const std::shared_ptr<QVSyncLocatio
       m_pairings(std::move(pairings)) {}
 
 Expected<void> DirectConnectionStore::open(const EngineFuture &future) {
-    const std::lock_guard lock(m_mutex);
+    if (!m_turn.take(future)) {
+        return failure(operationCancelled());
+    }
+    const auto end = qScopeGuard([this] { m_turn.release(); });
     return connectIfNeeded(future);
 }
 
@@ -123,7 +127,10 @@ Expected<void> DirectConnectionStore::removeBlob(const QString &name, const Engi
 
 Expected<Received> DirectConnectionStore::request(const QCborMap &request, const QString &name,
                                                   const EngineFuture &future) {
-    const std::lock_guard lock(m_mutex);
+    if (!m_turn.take(future)) {
+        return failure(operationCancelled());
+    }
+    const auto end = qScopeGuard([this] { m_turn.release(); });
     Expected<Received> answer = connectIfNeeded(future).and_then(
         [&] { return m_link.exchange(request, Limit, {ResponseTimeout}, future); });
     if (!answer) {

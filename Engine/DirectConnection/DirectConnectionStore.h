@@ -1,8 +1,7 @@
 #pragma once
 
-#include <mutex>
-
 #include "Engine/DirectConnection/DirectConnectionLink.h"
+#include "Engine/Foundation/Turn.h"
 #include "Engine/Stores/BlobStore.h"
 #include "Platform/Security/SecretBytes.h"
 
@@ -13,8 +12,8 @@ struct DirectConnectionPairing;
 /// two computers: the users of both compare a code, and the server's certificate is pinned, so
 /// later connections are refused if another one is presented. It connects when needed, and again if
 /// the server has closed an idle connection; it disconnects when it is destroyed. Requests of
-/// several threads are sent one after the other; a thread that waits for its turn does not notice
-/// that its future was cancelled.
+/// several threads are sent one after the other. Cancelling a request takes effect at once, also
+/// while it waits for its turn.
 ///
 /// A request may take 30 seconds without received data, and ten minutes in all. Contents are
 /// limited by DirectConnectionMessage::ContentsLimit; longer ones are refused.
@@ -66,7 +65,7 @@ private:
     /// Key of the pairing in `m_pairings`.
     const QString m_pairingKey;
     const std::shared_ptr<DirectConnectionPairings> m_pairings;
-    /// Guards the connection.
-    std::mutex m_mutex;
+    /// For the connection.
+    Turn m_turn;
     DirectConnectionLink m_link;
 };

@@ -27,6 +27,8 @@ const QString DaemonConfiguration = QStringLiteral(
     "[server]\nhost-name=%1\nuse-ipv4=yes\nuse-ipv6=no\nallow-interfaces=%2\n"
     "[wide-area]\nenable-wide-area=no\n");
 
+constexpr const char *ResolverConfiguration = "/etc/resolv.conf";
+
 void write(const QString &path, const QString &text) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0) {
@@ -143,4 +145,21 @@ void DiscoveryDaemon::stopDaemon() {
 void DiscoveryDaemon::killDaemon() {
     m_daemon.kill();
     m_daemon.waitForFinished();
+}
+
+SilentNameServer::SilentNameServer() {
+    constexpr quint16 port = 53;
+    if (!m_socket.bind(QHostAddress::LocalHost, port)) {
+        throw std::runtime_error("cannot use the port of a name server");
+    }
+    const QString configuration = m_folder.filePath(QStringLiteral("resolv.conf"));
+    write(configuration, QStringLiteral("nameserver 127.0.0.1\n"));
+    if (mount(configuration.toUtf8().constData(), ResolverConfiguration, nullptr, MS_BIND,
+              nullptr) != 0) {
+        throw std::runtime_error("cannot mount the configuration of the resolver");
+    }
+}
+
+SilentNameServer::~SilentNameServer() {
+    umount2(ResolverConfiguration, MNT_DETACH);
 }

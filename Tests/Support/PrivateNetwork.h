@@ -2,6 +2,7 @@
 
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
+#include <QtNetwork/QUdpSocket>
 
 /// Gives this process and those that it starts a private network, with only the loopback interface,
 /// and a private "/run". Both disappear with them. Must be called while the process has one thread.
@@ -35,4 +36,19 @@ private:
     QTemporaryDir m_folder;
     QProcess m_bus;
     QProcess m_daemon;
+};
+
+/// The name server of a private network, which replies to nothing. This process looks up names with
+/// it while the object exists. Failures raise std::runtime_error.
+class SilentNameServer {
+public:
+    /// Must be called in a private network.
+    SilentNameServer();
+    ~SilentNameServer();
+    SilentNameServer(const SilentNameServer &) = delete;
+    SilentNameServer &operator=(const SilentNameServer &) = delete;
+
+private:
+    QTemporaryDir m_folder;
+    QUdpSocket m_socket;
 };

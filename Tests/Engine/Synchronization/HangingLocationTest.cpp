@@ -1,15 +1,20 @@
 #include <QtNetwork/QTcpServer>
+#include <future>
 
 #include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/HostLookUp.h"
 #include "Engine/Stores/Folder/MountedVolumes.h"
 #include "Host/QVDropboxSessionManager.h"
 #include "Host/QVSyncProgress.h"
 #include "Host/QVSyncResult.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
+#include "Support/Failure.h"
 #include "Support/HangingVolume.h"
+#include "Support/HostileDiscoveryDaemon.h"
 #include "Support/Namespaces.h"
-#include "Support/PrivateVolume.h"
+#include "Support/PrivateBus.h"
+#include "Support/PrivateNetwork.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -37,11 +42,16 @@ class HangingLocationTest : public QObject {
     std::unique_ptr<HangingVolume> m_volume;
     std::unique_ptr<ScriptedServer> m_server;
     std::unique_ptr<QTcpServer> m_silent;
+    std::unique_ptr<SilentNameServer> m_nameServer;
+    std::unique_ptr<HostileDiscoveryDaemon> m_daemon;
+    /// The system bus, of which libraries look up the address once.
+    std::unique_ptr<PrivateBus> m_bus;
 
     static void addKinds() {
         QTest::addColumn<QByteArray>("kind");
-        for (const char *kind : {"silent WebDAV server", "slow WebDAV server",
-                                 "silent direct connection", "hanging volume"}) {
+        for (const char *kind :
+             {"silent WebDAV server", "slow WebDAV server", "silent direct connection",
+              "silent name server", "silent discovery daemon", "hanging volume"}) {
             QTest::newRow(kind) << QByteArray(kind);
         }
     }
@@ -58,6 +68,15 @@ class HangingLocationTest : public QObject {
             return QStringLiteral("%1://127.0.0.1:%2")
                 .arg(DirectConnection::URLScheme)
                 .arg(m_silent->serverPort());
+        }
+        if (kind == "silent name server") {
+            m_nameServer = std::make_unique<SilentNameServer>();
+            return QStringLiteral("%1://silent.example").arg(DirectConnection::URLScheme);
+        }
+        if (kind == "silent discovery daemon") {
+            m_daemon = std::make_unique<HostileDiscoveryDaemon>(
+                m_bus->address(), HostileDiscoveryDaemon::Attack::Silence);
+            return QStringLiteral("%1://silent.local").arg(DirectConnection::URLScheme);
         }
         const bool isSilent = kind == "silent WebDAV server";
         m_server = std::make_unique<ScriptedServer>(
@@ -81,6 +100,10 @@ class HangingLocationTest : public QObject {
     }
 
 private Q_SLOTS:
+    void initTestCase() {
+        m_bus = std::make_unique<PrivateBus>();
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", m_bus->address().toUtf8());
+    }
     void init() {
         m_folder = std::make_unique<QTemporaryDir>();
         m_host = std::make_unique<TestHost>();
@@ -89,6 +112,8 @@ private Q_SLOTS:
         m_host.reset();
         m_server.reset();
         m_silent.reset();
+        m_nameServer.reset();
+        m_daemon.reset();
         m_volume.reset();
         m_folder.reset();
     }
@@ -198,6 +223,23 @@ private Q_SLOTS:
         QTRY_COMPARE(answers.load(), 2);
     }
 
+    void aRequestThatWaitsForAnotherCanBeCancelled() {
+        const QString URL = hangingURL("silent direct connection");
+        const auto store = m_host->newLocation(Url::fromString(URL))->createBlobStore();
+        EngineFuture opening;
+        EngineFuture listing;
+        auto opened = std::async(std::launch::async, [&] { return code(store->open(opening)); });
+        QTRY_VERIFY(m_silent->hasPendingConnections());
+        auto listed = std::async(std::launch::async, [&] {
+            return code(store->list(QStringLiteral("databases"), listing));
+        });
+        listing.cancel();
+        QCOMPARE(listed.get(), EngineErrorCode::Cancelled);
+        QVERIFY(opened.wait_for(std::chrono::seconds(0)) == std::future_status::timeout);
+        opening.cancel();
+        QCOMPARE(opened.get(), EngineErrorCode::Cancelled);
+    }
+
     void quittingDoesNotWaitForASignIn() {
         DropboxServer server;
         server.configure();
@@ -212,10 +254,26 @@ private Q_SLOTS:
         QVERIFY2(time < QuittingLimit, qPrintable(QString::number(time)));
         DropboxServer::forget();
     }
+
+    void lookUpsThatDoNotEndAreLimited() {
+        const SilentNameServer server;
+        const QString host = QStringLiteral("silent.example");
+        EngineFuture cancelled;
+        cancelled.cancel();
+        for (int i = 0; i < HostLookUp::MostLookUps; ++i) {
+            QVERIFY(!HostLookUp::addresses(host, 1, cancelled));
+        }
+        const EngineFuture future;
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(code(HostLookUp::addresses(host, 1, future)), EngineErrorCode::StoreUnreachable);
+        // The system would need ten seconds.
+        QCOMPARE_LT(time.elapsed(), 5000);
+    }
 };
 
 VELMORA_TEST_PROGRAM(HangingLocationTest)(int argumentCount, char **arguments) {
-    enterPrivateMounts();
+    enterPrivateNetwork();
     if (!HangingVolume::isAvailable()) {
         std::fputs("Skipped: this system does not allow tests to mount a file system.\n", stderr);
         return CannotRunExitCode;

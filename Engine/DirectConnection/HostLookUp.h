@@ -1,0 +1,29 @@
+#pragma once
+
+#include <netdb.h>
+
+#include <QtCore/QString>
+#include <memory>
+
+#include "Engine/Foundation/EngineFuture.h"
+#include "Platform/Foundation/Expected.h"
+
+/// Looks up the addresses of other computers. Thread-safe.
+namespace HostLookUp {
+
+/// A list of addresses. Null if there are none.
+using Addresses = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
+
+/// The number of look-ups that may run at the same time, including those that nobody waits for any
+/// more.
+inline constexpr int MostLookUps = 64;
+
+/// Returns the addresses of `host`, a name or an address, for TCP connections to `port`. A name of
+/// the local network is looked up with LocalHostName, and if that fails as every other name: by the
+/// system. Blocks for at most 20 seconds; cancelling `future` ends that at once. The look-up itself
+/// cannot be cancelled: it goes on, on a thread of its own, until the system ends it or the process
+/// ends. Fails with the code StoreUnreachable if there are no addresses or no result in time, or if
+/// too many look-ups are running; with Cancelled.
+Expected<Addresses> addresses(const QString &host, quint16 port, const EngineFuture &future);
+
+}  // namespace HostLookUp
