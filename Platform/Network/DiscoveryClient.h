@@ -11,9 +11,10 @@ class QDBusPendingCall;
 
 /// The connection of this process to the Avahi daemon over the system bus. Must be used on the main
 /// thread. No function waits for the daemon, whose replies arrive from the event loop: a daemon
-/// that does not respond delays nothing. Shared by all searches, resolutions and publications, and
-/// closed with the last of them. If the daemon or the system bus is not running, it waits for it;
-/// if the connection is lost, it connects again.
+/// that does not respond delays nothing. Connecting to the system bus, at first and when it was
+/// lost, waits for the bus itself. Shared by all searches, resolutions and publications, and closed
+/// with the last of them. If the daemon or the system bus is not running, it is used when it runs;
+/// if the connection is lost, it is made again.
 class DiscoveryClient : public QObject {
     Q_OBJECT
 public:
@@ -28,12 +29,13 @@ public:
     DiscoveryClient();
     ~DiscoveryClient() override;
 
-    /// Returns whether the daemon has responded. The functions below must be called only then.
+    /// Returns whether the daemon has responded. call(), create() and listen() must be called only
+    /// then.
     bool isAvailable() const { return m_isAvailable; }
     /// Returns whether the daemon has registered a host name for this computer, which publishing a
     /// service requires.
     bool isHostRegistered() const { return m_isHostRegistered; }
-    /// Return the names that the daemon has registered; empty before that.
+    /// Return the names that the daemon has registered. Valid while isHostRegistered() is true.
     QString hostName() const { return m_hostName; }
     QString domainName() const { return m_domainName; }
 
@@ -60,8 +62,7 @@ Q_SIGNALS:
     void available();
     /// Emitted when the connection is lost. Objects that were created no longer exist.
     void lost();
-    /// Emitted when isHostRegistered() has changed, except by a loss of the connection. Also within
-    /// a callback, as above.
+    /// Emitted when isHostRegistered() has changed, except by a loss of the connection.
     void hostRegisteredChanged();
 
 private Q_SLOTS:

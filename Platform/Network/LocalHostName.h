@@ -16,7 +16,7 @@ PLATFORM_EXPORT bool isLocal(const QString &hostName);
 /// The codes of errors of the domain "LocalHostName". Their messages are localized and name the
 /// host.
 enum class ErrorCode {
-    /// The Avahi daemon is not running or has failed.
+    /// The Avahi daemon is not running, does not respond, or has failed.
     NoService = 1,
     /// No computer has confirmed the name in time.
     NotFound,
@@ -25,9 +25,9 @@ enum class ErrorCode {
 /// Returns an address of `hostName` as text: an IPv4 address if there is one, otherwise an IPv6
 /// address, with its interface ("%" and a number) if it is link-local. Uses the daemon because the
 /// resolvers of many systems do not know these names. `hostName` should be one for which isLocal()
-/// returns true. Blocks for at most `timeout`, half of it for each family of addresses, and cannot
-/// be cancelled. The answer is not authenticated: any computer of the network can send it.
-/// Thread-safe.
+/// returns true. Blocks for at most `timeout` after it has connected to the system bus: first for
+/// the daemon, then half of what is left for each family of addresses. Cannot be cancelled. The
+/// answer is not authenticated: any computer of the network can send it. Thread-safe.
 PLATFORM_EXPORT Expected<QString> address(const QString &hostName,
                                           std::chrono::milliseconds timeout);
 
