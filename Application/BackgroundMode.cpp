@@ -35,8 +35,11 @@ BackgroundMode::BackgroundMode(MainWindow *window, QuitGuard *guard, SyncPlugIn 
     m_hideAction->setShortcut(QKeySequence::Close);
     m_window->addToolsAction(m_hideAction);
     connect(m_hideAction, &QAction::triggered, m_window, &QWidget::close);
-    const bool isEnabled =
-        UserDefaults::boolForKey(Key) && QSystemTrayIcon::isSystemTrayAvailable();
+    const Expected<bool> isChosen = UserDefaults::boolForKey(Key);
+    if (!isChosen) {
+        NSApp()->presentError(isChosen.error());
+    }
+    const bool isEnabled = isChosen.value_or(false) && QSystemTrayIcon::isSystemTrayAvailable();
     m_action->setChecked(isEnabled);
     connect(m_action, &QAction::toggled, this, &BackgroundMode::setEnabled);
     connect(m_window->monitor(), &SynchronizationMonitor::changed, this,

@@ -14,10 +14,10 @@ QString keyOf(const Url &URL) {
 
 }  // namespace
 
-bool UnencryptedPasswords::areAccepted(const Url &URL) {
+Expected<bool> UnencryptedPasswords::areAccepted(const Url &URL) {
     return UserDefaults::boolForKey(keyOf(URL));
 }
 
-void UnencryptedPasswords::accept(const Url &URL) {
-    UserDefaults::setValue(keyOf(URL), true);
+Expected<void> UnencryptedPasswords::accept(const Url &URL) {
+    return UserDefaults::setValue(keyOf(URL), true);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Host/HostExport.h"
+#include "Platform/Foundation/Expected.h"
 
 class Url;
 
@@ -10,10 +11,12 @@ class Url;
 namespace UnencryptedPasswords {
 
 /// Returns whether the user has accepted that for the server of `URL`. Hosts are compared without
-/// case; a URL without a port has the port 80. `URL` must not be nil.
-HOST_EXPORT bool areAccepted(const Url &URL);
+/// case; a URL without a port has the port 80. `URL` must not be nil. Returns an error for the user
+/// if the user defaults cannot be read.
+HOST_EXPORT Expected<bool> areAccepted(const Url &URL);
 /// Stores that the user has accepted it, for all locations at that server and permanently. If it
-/// cannot be written, it holds until the program ends. Blocks for the user defaults.
-HOST_EXPORT void accept(const Url &URL);
+/// cannot be written, returns an error for the user, and it holds until the program ends. Blocks
+/// for the user defaults.
+HOST_EXPORT Expected<void> accept(const Url &URL);
 
 }  // namespace UnencryptedPasswords

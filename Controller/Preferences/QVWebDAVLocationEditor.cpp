@@ -4,6 +4,7 @@
 
 #include "Controller/Preferences/WebDAVAddress.h"
 #include "Host/LocationSchemes.h"
+#include "Host/QVApplication.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 #include "Host/UnencryptedPasswords.h"
@@ -245,7 +246,9 @@ void QVWebDAVLocationEditor::acceptModalSheet(QObject *sender) {
         storeCredential();
     }
     if (!m_HTTPSCheckbox->isChecked()) {
-        UnencryptedPasswords::accept(location()->URL());
+        if (const auto accepted = UnencryptedPasswords::accept(location()->URL()); !accepted) {
+            NSApp()->presentError(accepted.error());
+        }
     }
     QVSyncLocationEditor::acceptModalSheet(sender);
 }

@@ -114,10 +114,11 @@ public Q_SLOTS:
     /// Called each time the user edits a field.
     void controlTextDidChange();
     /// Sets the location's URL, stores the credential, and without HTTPS that the user has seen
-    /// what that means (see UnencryptedPasswords). Closes the sheet and calls the completion
-    /// handler. The credential is stored asynchronously; a failure is reported to the user later.
-    /// The location's URL becomes nil if the fields give no valid URL. Must be called only while
-    /// the window is loaded; the editor may be destroyed when this returns.
+    /// what that means (see UnencryptedPasswords), and presents the error if that cannot be
+    /// written. Closes the sheet and calls the completion handler. The credential is stored
+    /// asynchronously; a failure is reported to the user later. The location's URL becomes nil if
+    /// the fields give no valid URL. Must be called only while the window is loaded; the editor may
+    /// be destroyed when this returns.
     void acceptModalSheet(QObject *sender) override;
 
 Q_SIGNALS:

@@ -91,8 +91,8 @@ void DirectConnectionServer::load(const DirectConnectionPackage &package,
                                   ServedStoreObserver &observer) {
     m_package.emplace(package);
     m_observer = &observer;
-    m_port =
-        portOrDefault(UserDefaults::integerForKey(DefaultsKeys::DirectConnectionServerPortNumber));
+    m_storedPort = UserDefaults::integerForKey(DefaultsKeys::DirectConnectionServerPortNumber);
+    m_port = portOrDefault(m_storedPort.value_or(0));
 }
 
 void DirectConnectionServer::offerChoice(const NoteLibrary &library,
@@ -106,7 +106,12 @@ void DirectConnectionServer::offerChoice(const NoteLibrary &library,
 }
 
 void DirectConnectionServer::startIfEnabled() {
-    if (UserDefaults::boolForKey(DefaultsKeys::DirectConnectionServerEnabled)) {
+    const Expected<bool> isEnabled = m_storedPort.and_then([](int /*port*/) {
+        return UserDefaults::boolForKey(DefaultsKeys::DirectConnectionServerEnabled);
+    });
+    if (!isEnabled) {
+        present(isEnabled.error());
+    } else if (*isEnabled) {
         startServing();
     }
 }

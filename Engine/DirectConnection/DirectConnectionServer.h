@@ -33,13 +33,15 @@ public:
     ~DirectConnectionServer() override;
 
     /// Reads the user defaults. Must be called once, after the profile was opened. `observer` is
-    /// not owned and must outlive this object. Does not start the server. Does not block.
+    /// not owned and must outlive this object. Does not start the server. Blocks for the
+    /// user defaults.
     void load(const DirectConnectionPackage &package, ServedStoreObserver &observer);
     /// Lets the user choose which databases of `library` are served. Must be called once, after
     /// load(). `library` is not owned and must outlive this object; `served` is that of the
     /// package.
     void offerChoice(const NoteLibrary &library, std::shared_ptr<ServedDatabases> served);
-    /// Starts serving if the user has enabled the server. Must be called after load().
+    /// Starts serving if the user has enabled the server. Must be called after load(). If the user
+    /// defaults cannot be read, presents that later and does not serve.
     void startIfEnabled();
     /// Sets the limits, which apply from the next start on. For tests.
     void setLimits(const DirectConnection::Limits &limits) { m_limits = limits; }
@@ -94,6 +96,8 @@ private:
     const NoteLibrary *m_library = nullptr;
     std::shared_ptr<ServedDatabases> m_served;
     DirectConnection::Limits m_limits;
+    /// What load() has read, or why it could not be read.
+    Expected<int> m_storedPort = 0;
     quint16 m_port;
     /// Null while not serving.
     std::unique_ptr<QThread> m_thread;

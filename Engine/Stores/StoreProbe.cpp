@@ -20,14 +20,19 @@ constexpr qint64 ContentsLimit = 64;
 constexpr qint64 SecondsUntilLeftOver = qint64(24) * 60 * 60;
 
 /// Returns the name that all probes of this user have.
-QString ownName() {
+Expected<QString> ownName() {
     const QString key = QStringLiteral("QVStoreProbe");
-    if (UserDefaults::stringForKey(key).isEmpty()) {
-        // If it cannot be saved, it is valid for this run.
-        static_cast<void>(
-            UserDefaults::setValue(key, QUuid::createUuid().toString(QUuid::WithoutBraces)));
+    Expected<QString> own = UserDefaults::stringForKey(key);
+    if (!own) {
+        return failure(
+            engineError(EngineErrorCode::StoreUnreachable, own.error().localizedDescription));
     }
-    return QStringLiteral("probe-") + UserDefaults::stringForKey(key);
+    if (own->isEmpty()) {
+        own = QUuid::createUuid().toString(QUuid::WithoutBraces);
+        // If it cannot be saved, it is valid for this run.
+        static_cast<void>(UserDefaults::setValue(key, *own));
+    }
+    return QStringLiteral("probe-") + *own;
 }
 
 }  // namespace
@@ -39,10 +44,14 @@ bool StoreProbe::isProbe(const QString &name) {
 }
 
 Expected<void> StoreProbe::run(const EngineFuture &future) {
+    const Expected<QString> own = ownName();
+    if (!own) {
+        return failure(own.error());
+    }
     for (const QString &folder :
          {SyncStoreLayout::DatabasesFolder, SyncStoreLayout::TransactionsFolder}) {
-        removeLeftOvers(folder, future);
-        const QString name = folder + u'/' + ownName();
+        removeLeftOvers(folder, *own, future);
+        const QString name = folder + u'/' + *own;
         const Expected<void> written = write(name, future);
         // Also after an error: the response to the write may have been lost.
         const Expected<void> removed = remove(name);
@@ -53,11 +62,12 @@ Expected<void> StoreProbe::run(const EngineFuture &future) {
     return {};
 }
 
-void StoreProbe::removeLeftOvers(const QString &folder, const EngineFuture &future) {
+void StoreProbe::removeLeftOvers(const QString &folder, const QString &own,
+                                 const EngineFuture &future) {
     const QStringList names = m_store.list(folder, future).value_or(QStringList());
     int others = 0;
     for (const QString &name : names) {
-        const bool isOwn = name == ownName();
+        const bool isOwn = name == own;
         if (!isProbe(name) || (!isOwn && ++others > MostLeftOvers)) {
             continue;
         }

@@ -18,11 +18,14 @@ public:
     static bool isProbe(const QString &name);
 
     /// Runs the probe. First removes the probes that earlier runs of this user have left, and those
-    /// of other users that are older than a day. Blocks; must be called on a worker thread.
+    /// of other users that are older than a day. Fails with the error of the store, or with the
+    /// code StoreUnreachable if the user defaults cannot be read. Blocks; must be called on a
+    /// worker thread.
     Expected<void> run(const EngineFuture &future);
 
 private:
-    void removeLeftOvers(const QString &folder, const EngineFuture &future);
+    /// `own` is the name of this user's probes.
+    void removeLeftOvers(const QString &folder, const QString &own, const EngineFuture &future);
     bool isLeftOver(const QString &name, const EngineFuture &future);
     /// Writes the probe `name` and reads it back.
     Expected<void> write(const QString &name, const EngineFuture &future);

@@ -29,11 +29,12 @@ Log::Log(const char *category, QString enabledKey, QString verboseKey)
       m_verboseKey(std::move(verboseKey)) {}
 
 bool Log::isEnabled() const {
-    return UserDefaults::boolForKey(m_enabledKey);
+    // What cannot be read is reported where it matters.
+    return UserDefaults::boolForKey(m_enabledKey).value_or(false);
 }
 
 bool Log::isVerbose() const {
-    return isEnabled() && UserDefaults::boolForKey(m_verboseKey);
+    return isEnabled() && UserDefaults::boolForKey(m_verboseKey).value_or(false);
 }
 
 void Log::message(const QString &text) const {

@@ -1,9 +1,13 @@
 #include "Platform/Foundation/UserDefaults.h"
 
+#include <unistd.h>
+
 #include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
 #include <QtCore/QPointer>
 #include <QtCore/QSettings>
 #include <QtCore/QThread>
+#include <cerrno>
 
 #include "Platform/Foundation/Localization.h"
 
@@ -37,22 +41,47 @@ auto withSettings(const Use &use) {
     return use(settings);
 }
 
+/// Returns whether the file was read or does not exist. The status of `settings` also tells when
+/// it could not be written.
+bool isRead(const QSettings &settings) {
+    QFile file(settings.fileName());
+    return file.open(QIODevice::ReadOnly) ||
+           (access(QFile::encodeName(file.fileName()).constData(), F_OK) != 0 && errno == ENOENT);
+}
+
+template <class Read>
+auto read(const Read &value) {
+    return withSettings([&](const QSettings &settings) -> Expected<decltype(value(settings))> {
+        if (isRead(settings)) {
+            return value(settings);
+        }
+        return failure(
+            {.domain = QStringLiteral("UserDefaults"),
+             .code = QSettings::AccessError,
+             .localizedDescription =
+                 localizedString(PlatformTable,
+                                 "The settings in the file “%1” cannot be read. Check the "
+                                 "permissions of the file.")
+                     .arg(settings.fileName())});
+    });
+}
+
 }  // namespace
 
-bool boolForKey(const QString &key) {
-    return withSettings([&](const QSettings &settings) { return settings.value(key).toBool(); });
+Expected<bool> boolForKey(const QString &key) {
+    return read([&](const QSettings &settings) { return settings.value(key).toBool(); });
 }
 
-int integerForKey(const QString &key) {
-    return withSettings([&](const QSettings &settings) { return settings.value(key).toInt(); });
+Expected<int> integerForKey(const QString &key) {
+    return read([&](const QSettings &settings) { return settings.value(key).toInt(); });
 }
 
-QString stringForKey(const QString &key) {
-    return withSettings([&](const QSettings &settings) { return settings.value(key).toString(); });
+Expected<QString> stringForKey(const QString &key) {
+    return read([&](const QSettings &settings) { return settings.value(key).toString(); });
 }
 
-bool contains(const QString &key) {
-    return withSettings([&](const QSettings &settings) { return settings.contains(key); });
+Expected<bool> contains(const QString &key) {
+    return read([&](const QSettings &settings) { return settings.contains(key); });
 }
 
 Expected<void> setValue(const QString &key, const QVariant &value) {

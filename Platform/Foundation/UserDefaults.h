@@ -8,19 +8,20 @@
 
 /// The user's settings of this application, which are saved in a file and shared by all code of the
 /// process (QSettings). Thread-safe; every function may block for the file. Each read sees what
-/// other processes have written before it. A setting that cannot be read counts as not set. Secrets
+/// other processes have written before it. If the file exists but cannot be read, the functions
+/// that read return an error for the user; lines of it that are no settings are ignored. Secrets
 /// must not be stored here. No change is announced.
 namespace UserDefaults {
 
 /// Returns the setting, or false if it is not set. Texts are converted as QVariant does: "false"
 /// and "0" are false.
-PLATFORM_EXPORT bool boolForKey(const QString &key);
+PLATFORM_EXPORT Expected<bool> boolForKey(const QString &key);
 /// Returns the setting, or 0 if it is not set or is not a number.
-PLATFORM_EXPORT int integerForKey(const QString &key);
+PLATFORM_EXPORT Expected<int> integerForKey(const QString &key);
 /// Returns the setting, or an empty text if it is not set.
-PLATFORM_EXPORT QString stringForKey(const QString &key);
+PLATFORM_EXPORT Expected<QString> stringForKey(const QString &key);
 /// Returns whether the setting is set.
-PLATFORM_EXPORT bool contains(const QString &key);
+PLATFORM_EXPORT Expected<bool> contains(const QString &key);
 /// Sets the setting and writes it to the file. If that fails, returns an error for the user; the
 /// setting is then in effect in this process only. The file is written before this returns.
 PLATFORM_EXPORT Expected<void> setValue(const QString &key, const QVariant &value);

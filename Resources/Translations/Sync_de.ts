@@ -1408,6 +1408,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Dropbox kann nicht benutzt werden, weil kein Anwendungsschlüssel eingerichtet ist. Die Dokumentation von Velmora beschreibt, wie Sie einen eintragen.</translation>
     </message>
     <message>
+        <source>The port “%1” configured for Dropbox is not valid. Use a number from 0 to 65535.</source>
+        <translation>Der für Dropbox eingerichtete Port „%1“ ist ungültig. Verwenden Sie eine Zahl von 0 bis 65535.</translation>
+    </message>
+    <message>
         <source>The address “%1” configured for Dropbox is not secure. Use an https address.</source>
         <translation>Die für Dropbox eingerichtete Adresse „%1“ ist nicht sicher. Verwenden Sie eine https-Adresse.</translation>
     </message>
@@ -1585,6 +1589,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>Check the permissions of the file and the space on the disk.</source>
         <translation>Prüfen Sie die Zugriffsrechte der Datei und den Platz auf dem Datenträger.</translation>
+    </message>
+    <message>
+        <source>The settings in the file “%1” cannot be read. Check the permissions of the file.</source>
+        <translation>Die Einstellungen in der Datei „%1“ können nicht gelesen werden. Prüfen Sie die Zugriffsrechte der Datei.</translation>
     </message>
     <message>
         <source>The setting could not be saved in the file “%1”. It is lost when %2 ends.</source>

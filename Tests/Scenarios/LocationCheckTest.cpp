@@ -272,8 +272,8 @@ private Q_SLOTS:
         const QString folder = m_host->addLocation()->URL().path() + QStringLiteral("/databases/");
         showPanel();
         checkToTheEnd();
-        const QString own =
-            QStringLiteral("probe-") + UserDefaults::stringForKey(QStringLiteral("QVStoreProbe"));
+        const QString own = QStringLiteral("probe-") +
+                            UserDefaults::stringForKey(QStringLiteral("QVStoreProbe")).value();
         const QString other = QStringLiteral("probe-11111111-1111-4111-8111-11111111111");
         const QByteArray now = QDateTime::currentDateTimeUtc().toString(Qt::ISODate).toLatin1();
         put(folder + own, now);

@@ -1,6 +1,7 @@
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 
 #include <QtNetwork/QHostAddress>
+#include <optional>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Host/LocationSchemes.h"
@@ -9,11 +10,41 @@
 
 namespace {
 
-QUrl configuredAddress(const QString &key, const QString &publicAddress) {
-    const QString text = UserDefaults::stringForKey(key);
-    QUrl address(text.isEmpty() ? publicAddress : text, QUrl::StrictMode);
-    return address.adjusted(QUrl::StripTrailingSlash);
-}
+/// Reads the user defaults.
+class Settings {
+public:
+    /// Returns the setting, or an empty text if it is not set or cannot be read.
+    QString text(const QString &key) {
+        const Expected<QString> value = UserDefaults::stringForKey(key);
+        if (!value) {
+            m_error =
+                engineError(EngineErrorCode::StoreUnreachable, value.error().localizedDescription);
+        }
+        return value.value_or(QString());
+    }
+    QUrl address(const QString &key, const QString &publicAddress) {
+        const QString configured = text(key);
+        const QUrl address(configured.isEmpty() ? publicAddress : configured, QUrl::StrictMode);
+        return address.adjusted(QUrl::StripTrailingSlash);
+    }
+    quint16 port(const QString &key) {
+        const QString configured = text(key);
+        bool isPort = configured.isEmpty();
+        const quint16 port = isPort ? quint16(0) : configured.toUShort(&isPort);
+        if (!isPort && !m_error) {
+            m_error = engineError(EngineErrorCode::StoreUnreachable,
+                                  "The port “%1” configured for Dropbox is not valid. Use a number "
+                                  "from 0 to 65535.",
+                                  configured);
+        }
+        return port;
+    }
+    /// Returns why a setting could not be used.
+    std::optional<Error> error() const { return m_error; }
+
+private:
+    std::optional<Error> m_error;
+};
 
 bool isLoopback(const QString &host) {
     return host == QStringLiteral("localhost") || QHostAddress(host).isLoopback();
@@ -29,17 +60,21 @@ bool isSafe(const QUrl &address) {
 }  // namespace
 
 Expected<DropboxConfiguration> DropboxConfiguration::current() {
+    Settings settings;
     DropboxConfiguration configuration{
-        .applicationKey = UserDefaults::stringForKey(ApplicationKeyDefault),
-        .authorizeAddress = configuredAddress(
+        .applicationKey = settings.text(ApplicationKeyDefault),
+        .authorizeAddress = settings.address(
             AuthorizeAddressDefault, QStringLiteral("https://www.dropbox.com/oauth2/authorize")),
-        .tokenAddress = configuredAddress(
-            TokenAddressDefault, QStringLiteral("https://api.dropboxapi.com/oauth2/token")),
+        .tokenAddress = settings.address(TokenAddressDefault,
+                                         QStringLiteral("https://api.dropboxapi.com/oauth2/token")),
         .APIAddress =
-            configuredAddress(APIAddressDefault, QStringLiteral("https://api.dropboxapi.com/2")),
-        .contentAddress = configuredAddress(ContentAddressDefault,
-                                            QStringLiteral("https://content.dropboxapi.com/2")),
-        .redirectPort = static_cast<quint16>(UserDefaults::integerForKey(RedirectPortDefault))};
+            settings.address(APIAddressDefault, QStringLiteral("https://api.dropboxapi.com/2")),
+        .contentAddress = settings.address(ContentAddressDefault,
+                                           QStringLiteral("https://content.dropboxapi.com/2")),
+        .redirectPort = settings.port(RedirectPortDefault)};
+    if (const std::optional<Error> error = settings.error()) {
+        return failure(*error);
+    }
     if (configuration.applicationKey.isEmpty()) {
         return failure(engineError(
             EngineErrorCode::StoreUnreachable,

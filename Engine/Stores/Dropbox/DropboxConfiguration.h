@@ -30,12 +30,12 @@ struct DropboxConfiguration {
     QUrl tokenAddress;
     QUrl APIAddress;
     QUrl contentAddress;
-    /// A value that is no port is reduced modulo 65536.
     quint16 redirectPort = 0;
 
     /// Reads the configuration from the user defaults, each time. Fails with the code
-    /// StoreUnreachable if there is no application key or an address is not secure: neither https
-    /// nor http to "localhost" or a loopback address, without a host, or with user information.
-    /// Slashes at the end of addresses are removed. Thread-safe.
+    /// StoreUnreachable if the user defaults cannot be read, there is no application key, the port
+    /// is not a number from 0 to 65535, or an address is not secure: neither https nor http to
+    /// "localhost" or a loopback address, without a host, or with user information. Slashes at the
+    /// end of addresses are removed. Thread-safe.
     static Expected<DropboxConfiguration> current();
 };

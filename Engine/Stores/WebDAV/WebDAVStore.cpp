@@ -82,10 +82,17 @@ Expected<std::optional<UrlCredential>> WebDAVStore::credential(HttpAuthenticatio
     Expected<std::optional<UrlCredential>> credential =
         foundSecret(storedCredential(URL(), scheme));
     m_hasCredential = credential && credential->has_value();
-    const bool isReadable = scheme == HttpAuthentication::Scheme::Basic &&
-                            URL().scheme() == LocationSchemes::Http &&
-                            !UnencryptedPasswords::areAccepted(URL());
-    if (m_hasCredential && isReadable) {
+    const bool isReadable =
+        scheme == HttpAuthentication::Scheme::Basic && URL().scheme() == LocationSchemes::Http;
+    if (!m_hasCredential || !isReadable) {
+        return credential;
+    }
+    const Expected<bool> isAccepted = UnencryptedPasswords::areAccepted(URL());
+    if (!isAccepted) {
+        return failure(
+            engineError(EngineErrorCode::AccessDenied, isAccepted.error().localizedDescription));
+    }
+    if (!*isAccepted) {
         return failure(engineError(
             EngineErrorCode::AccessDenied,
             "The password for “%1” was not sent, because others on the network could read it. Edit "

@@ -125,9 +125,9 @@ private Q_SLOTS:
 
     void aNewPortIsStoredAndThenSetOnTheServer() {
         m_controller->setServerPort(65535);
-        QCOMPARE(UserDefaults::integerForKey(PortNumberKey), 65535);
+        QCOMPARE(UserDefaults::integerForKey(PortNumberKey).value(), 65535);
         QCOMPARE(m_host->server.calls, QStringList{QStringLiteral("port 65535")});
-        QVERIFY(!UserDefaults::contains(EnabledKey));
+        QVERIFY(!UserDefaults::contains(EnabledKey).value());
     }
 
     void thePortIsReadAgainWheneverTheServerStartsOrStops() {
@@ -143,15 +143,15 @@ private Q_SLOTS:
     void switchingOnStartsTheServer() {
         QVERIFY(!m_controller->isEnabled());
         m_controller->setEnabled(true);
-        QVERIFY(UserDefaults::boolForKey(EnabledKey));
+        QVERIFY(UserDefaults::boolForKey(EnabledKey).value());
         QCOMPARE(m_host->server.calls, QStringList{QStringLiteral("start")});
         QVERIFY(m_controller->isEnabled());
         m_controller->setEnabled(false);
-        QVERIFY(UserDefaults::contains(EnabledKey));
-        QVERIFY(!UserDefaults::boolForKey(EnabledKey));
+        QVERIFY(UserDefaults::contains(EnabledKey).value());
+        QVERIFY(!UserDefaults::boolForKey(EnabledKey).value());
         QCOMPARE(m_host->server.calls,
                  QStringList({QStringLiteral("start"), QStringLiteral("stop")}));
-        QVERIFY(!UserDefaults::contains(PortNumberKey));
+        QVERIFY(!UserDefaults::contains(PortNumberKey).value());
     }
 
     void aSettingThatCannotBeSavedIsReported() {
@@ -172,12 +172,12 @@ private Q_SLOTS:
         m_host->server.startServing();
         m_host->server.calls.clear();
         m_controller->setEnabled(true);
-        QVERIFY(UserDefaults::boolForKey(EnabledKey));
+        QVERIFY(UserDefaults::boolForKey(EnabledKey).value());
         QVERIFY(m_host->server.calls.isEmpty());
         m_host->server.stopServing();
         m_host->server.calls.clear();
         m_controller->setEnabled(false);
-        QVERIFY(!UserDefaults::boolForKey(EnabledKey));
+        QVERIFY(!UserDefaults::boolForKey(EnabledKey).value());
         QVERIFY(m_host->server.calls.isEmpty());
     }
 
@@ -185,7 +185,7 @@ private Q_SLOTS:
         m_host->server.cannotServe = true;
         part<QCheckBox>("enabledCheckBox")->click();
         QCOMPARE(m_host->server.calls, QStringList{QStringLiteral("start")});
-        QVERIFY(UserDefaults::boolForKey(EnabledKey));
+        QVERIFY(UserDefaults::boolForKey(EnabledKey).value());
         QVERIFY(!part<QCheckBox>("enabledCheckBox")->isChecked());
     }
 

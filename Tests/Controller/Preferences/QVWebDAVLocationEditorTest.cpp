@@ -99,6 +99,18 @@ private Q_SLOTS:
         QVERIFY(m_editor->passwordField()->placeholderText().isEmpty());
     }
 
+    void whatCannotBeSavedIsReported() {
+        openAtOnce(QStringLiteral("http://ida@unsaved/a/S.qvSyncStore"));
+        const QString path = QSettings().fileName();
+        QVERIFY(!QFileInfo::exists(path) || QFile::remove(path));
+        QVERIFY(QDir().mkpath(path));
+        m_editor->acceptModalSheet(nullptr);
+        QVERIFY(QDir().rmdir(path));
+        QCOMPARE(m_host->application().presentedErrors().size(), 1);
+        QVERIFY(
+            m_host->application().presentedErrors().first().localizedDescription.contains(path));
+    }
+
     void theSheetSaysWhatOthersCanReadWithoutHTTPS() {
         openAtOnce(QStringLiteral("http://ida@notice/a/S.qvSyncStore"));
         const auto *notice =
@@ -109,16 +121,17 @@ private Q_SLOTS:
         QVERIFY(!notice->isVisible());
         m_editor->HTTPSCheckbox()->click();
         QVERIFY(notice->isVisible());
-        QVERIFY(!UnencryptedPasswords::areAccepted(m_location->URL()));
+        QVERIFY(!UnencryptedPasswords::areAccepted(m_location->URL()).value());
         m_editor->acceptModalSheet(nullptr);
-        QVERIFY(UnencryptedPasswords::areAccepted(m_location->URL()));
+        QVERIFY(UnencryptedPasswords::areAccepted(m_location->URL()).value());
     }
 
     void aSheetWithHTTPSAcceptsNoUnencryptedPassword() {
         openAtOnce(QStringLiteral("https://ida@encrypted:80/a/S.qvSyncStore"));
         m_editor->acceptModalSheet(nullptr);
         QVERIFY(!UnencryptedPasswords::areAccepted(
-            Url::fromString(QStringLiteral("http://ida@encrypted/a/S.qvSyncStore"))));
+                     Url::fromString(QStringLiteral("http://ida@encrypted/a/S.qvSyncStore")))
+                     .value());
     }
 
     void aKeyringThatDoesNotAnswerNeitherBlocksNorLosesTheCredential() {

@@ -13,26 +13,26 @@ private Q_SLOTS:
     void cleanup() { UserDefaults::remove(m_key); }
 
     void whatWasNeverSetIsFalseAndZero() {
-        QVERIFY(!UserDefaults::contains(m_key));
-        QVERIFY(!UserDefaults::boolForKey(m_key));
-        QCOMPARE(UserDefaults::integerForKey(m_key), 0);
-        QCOMPARE(UserDefaults::stringForKey(m_key), QString());
+        QVERIFY(!UserDefaults::contains(m_key).value());
+        QVERIFY(!UserDefaults::boolForKey(m_key).value());
+        QCOMPARE(UserDefaults::integerForKey(m_key).value(), 0);
+        QCOMPARE(UserDefaults::stringForKey(m_key).value(), QString());
     }
 
     void whatIsSetIsReadUntilItIsRemoved() {
         UserDefaults::setValue(m_key, true);
-        QVERIFY(UserDefaults::contains(m_key));
-        QVERIFY(UserDefaults::boolForKey(m_key));
+        QVERIFY(UserDefaults::contains(m_key).value());
+        QVERIFY(UserDefaults::boolForKey(m_key).value());
         UserDefaults::setValue(m_key, 10101);
-        QCOMPARE(UserDefaults::integerForKey(m_key), 10101);
+        QCOMPARE(UserDefaults::integerForKey(m_key).value(), 10101);
         UserDefaults::setValue(m_key, QStringLiteral("a, b=\"ü\""));
-        QCOMPARE(UserDefaults::stringForKey(m_key), QStringLiteral("a, b=\"ü\""));
+        QCOMPARE(UserDefaults::stringForKey(m_key).value(), QStringLiteral("a, b=\"ü\""));
         UserDefaults::setValue(m_key, false);
-        QVERIFY(UserDefaults::contains(m_key));
-        QVERIFY(!UserDefaults::boolForKey(m_key));
+        QVERIFY(UserDefaults::contains(m_key).value());
+        QVERIFY(!UserDefaults::boolForKey(m_key).value());
         UserDefaults::remove(m_key);
         UserDefaults::remove(m_key);
-        QVERIFY(!UserDefaults::contains(m_key));
+        QVERIFY(!UserDefaults::contains(m_key).value());
     }
 
     void whatIsSetIsInTheFileAtOnceUnderItsKey() {
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         file.write("[General]\nQVDirectConnectionServerEnabled=12345\n");
         file.close();
-        QCOMPARE(UserDefaults::integerForKey(m_key), 12345);
+        QCOMPARE(UserDefaults::integerForKey(m_key).value(), 12345);
     }
 
     void aFileThatCannotBeWrittenIsReported() {
@@ -63,10 +63,32 @@ private Q_SLOTS:
         QVERIFY(QSettings().value(m_key).toBool());
     }
 
+    void aFileThatCannotBeReadIsReported() {
+        const QString path = QSettings().fileName();
+        QVERIFY(!QFileInfo::exists(path) || QFile::remove(path));
+        QVERIFY(!UserDefaults::contains(m_key).value());
+        QVERIFY(QDir().mkpath(path));
+        const auto isReported = [&path](const auto &setting) {
+            return !setting && setting.error().localizedDescription.contains(path);
+        };
+        bool isReportedOnAnotherThread = false;
+        std::thread([&] {
+            isReportedOnAnotherThread = isReported(UserDefaults::boolForKey(m_key));
+        }).join();
+        const bool areAllReported = isReported(UserDefaults::boolForKey(m_key)) &&
+                                    isReported(UserDefaults::integerForKey(m_key)) &&
+                                    isReported(UserDefaults::stringForKey(m_key)) &&
+                                    isReported(UserDefaults::contains(m_key));
+        QVERIFY(QDir().rmdir(path));
+        QVERIFY(areAllReported);
+        QVERIFY(isReportedOnAnotherThread);
+        QVERIFY(!UserDefaults::contains(m_key).value());
+    }
+
     void anotherThreadSeesTheSame() {
         UserDefaults::setValue(m_key, 7);
         int seen = 0;
-        std::thread([&] { seen = UserDefaults::integerForKey(m_key); }).join();
+        std::thread([&] { seen = UserDefaults::integerForKey(m_key).value(); }).join();
         QCOMPARE(seen, 7);
     }
 };

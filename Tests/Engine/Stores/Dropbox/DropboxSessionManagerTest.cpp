@@ -308,6 +308,15 @@ private Q_SLOTS:
         QCOMPARE(redirectAddress({}).port(), port);
     }
 
+    void aRedirectPortThatIsNoneIsRefused() {
+        for (const QString &port :
+             {QStringLiteral("65536"), QStringLiteral("-1"), QStringLiteral("port")}) {
+            UserDefaults::setValue(DropboxConfiguration::RedirectPortDefault, port);
+            const auto configuration = DropboxConfiguration::current();
+            QVERIFY2(description(configuration).contains(port), qPrintable(port));
+        }
+    }
+
     void cancellingTheFutureEndsIt() {
         m_server->setPerson(DropboxServer::Person::LooksAway);
         const auto future = PZFuture::future();

@@ -646,6 +646,14 @@ private Q_SLOTS:
         QCOMPARE(code(refused), EngineErrorCode::AccessDenied);
         QVERIFY(description(refused).contains(QStringLiteral("Edit the location")));
         QCOMPARE(sent.load(), 0);
+        // Settings that cannot be read are no refusal, and no consent.
+        const QString path = QSettings().fileName();
+        QVERIFY(!QFileInfo::exists(path) || QFile::remove(path));
+        QVERIFY(QDir().mkpath(path));
+        const Expected<void> unknown = open(URLText);
+        QVERIFY(QDir().rmdir(path));
+        QVERIFY2(description(unknown).contains(path), qPrintable(description(unknown)));
+        QCOMPARE(sent.load(), 0);
         UnencryptedPasswords::accept(Url::fromString(URLText));
         QVERIFY(description(open(URLText)).contains(QStringLiteral("does not accept")));
         QCOMPARE(sent.load(), 1);
