@@ -34,20 +34,32 @@ QString DirectConnectionClients::account(const QString &name) {
     return QString::fromLatin1(PercentEscapes::encoding(name, OtherPrintable));
 }
 
-void DirectConnectionClients::replaceFormerAccounts() {
+Expected<void> DirectConnectionClients::replaceFormerAccounts() {
     const QString service = DirectConnection::ClientAuthorizationServiceName;
     Keychain &keychain = Keychain::shared();
-    for (const QString &former : keychain.accounts(service).value_or(QStringList())) {
+    const Expected<std::optional<QStringList>> accounts =
+        foundSecret(keychain.accounts(service).map(
+            [](const QStringList &names) { return std::optional(names); }));
+    if (!accounts) {
+        return failure(accounts.error());
+    }
+    for (const QString &former : accounts->value_or(QStringList())) {
         const bool isAscii = std::all_of(former.begin(), former.end(),
                                          [](QChar character) { return character < u'\x7f'; });
         if (isAscii) {
             continue;
         }
-        if (const auto password = keychain.password(service, former); password && *password) {
+        const auto password = foundSecret(keychain.password(service, former));
+        if (!password) {
+            return failure(password.error());
+        }
+        if (*password) {
             keychain.setPassword(service, account(former), **password);
+            // The store of secrets reports a failure.
             keychain.removeFirstLater(service.toUtf8(), former.toUtf8(), [](const auto &) {});
         }
     }
+    return {};
 }
 
 Expected<bool> DirectConnectionClients::isAuthorized(const QString &name,

@@ -21,9 +21,10 @@ bool isName(const QString &name);
 QString account(const QString &name);
 /// Replaces the items whose accounts are names in other characters, as earlier versions have stored
 /// them, so that the sheet can delete them. Until then such clients are not authorized. Blocks for
-/// several lookups; must not be called on the main thread. Clients that cannot be read are left for
-/// the next call.
-void replaceFormerAccounts();
+/// several lookups; must not be called on the main thread. Returns an error for the user if the
+/// keychain cannot be read; what could not be read is left for the next call. Without a password
+/// service there is nothing to replace.
+Expected<void> replaceFormerAccounts();
 /// Returns whether the client `name` is authorized with `secret`. Compares in constant time.
 /// Returns an error if the keychain cannot be read. A caller must not treat that as a refusal.
 Expected<bool> isAuthorized(const QString &name, const SecretBytes &secret);

@@ -179,8 +179,12 @@ Expected<void> DirectConnectionServer::listen(const DirectConnectionIdentity &id
     m_listener = listener.release();
     m_thread = std::make_unique<QThread>();
     m_listener->moveToThread(m_thread.get());
-    QMetaObject::invokeMethod(m_listener, &DirectConnectionClients::replaceFormerAccounts,
-                              Qt::QueuedConnection);
+    const auto replaceFormerAccounts = [] {
+        if (const auto replaced = DirectConnectionClients::replaceFormerAccounts(); !replaced) {
+            present(replaced.error());
+        }
+    };
+    QMetaObject::invokeMethod(m_listener, replaceFormerAccounts, Qt::QueuedConnection);
     m_thread->start();
     return {};
 }

@@ -957,6 +957,10 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(client.hasEnded(), Patience);
         // The port is free again.
         serve();
+        // That it does not know its clients is reported.
+        QTRY_VERIFY_WITH_TIMEOUT(!m_person->presentedErrors().isEmpty(), Patience);
+        QVERIFY(m_person->presentedErrors().first().localizedDescription.contains(
+            QStringLiteral("could not be read")));
     }
 };
 
