@@ -1,13 +1,51 @@
+#include <QtCore/QSettings>
+#include <QtCore/QTemporaryDir>
 #include <QtNetwork/QTcpServer>
 #include <QtNetwork/QTcpSocket>
+#include <atomic>
 #include <functional>
+#include <memory>
 
+#include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/Plugin/SyncEngine.h"
+#include "Engine/Stores/Dropbox/DropboxConfiguration.h"
+#include "Support/BusService.h"
 #include "Support/Patience.h"
+#include "Support/PrivateBus.h"
 #include "Support/SessionManager.h"
 #include "Support/ShownProgram.h"
 #include "Support/TestApplication.h"
 #include "Support/TestMain.h"
+
+namespace {
+
+/// A service on a private bus that does not reply.
+class SilentService : public BusService {
+public:
+    SilentService(const QString &name, const QString &path)
+        : SilentService(std::make_unique<PrivateBus>(), name, path) {}
+    ~SilentService() override { leaveBus(); }
+
+    QString busAddress() const { return m_bus->address(); }
+    bool wasAsked() const { return m_wasAsked; }
+
+    bool handleMessage(const QDBusMessage & /*message*/,
+                       const QDBusConnection & /*connection*/) override {
+        m_wasAsked = true;
+        return true;
+    }
+
+private:
+    SilentService(std::unique_ptr<PrivateBus> bus, const QString &name, const QString &path)
+        : BusService(bus->address(), name, path), m_bus(std::move(bus)) {
+        enterBus();
+    }
+
+    const std::unique_ptr<PrivateBus> m_bus;
+    std::atomic_bool m_wasAsked = false;
+};
+
+}  // namespace
 
 /// The program ends in the same way whether the user quits, the session ends or the process is
 /// terminated: what was typed and ticked a moment before is in the profile, and no job goes on.
@@ -175,6 +213,33 @@ private Q_SLOTS:
             engine.openProfile(program.profile(), FirstContents::Welcome, ProfileUse::Snapshot));
         QVERIFY(engine.verify(VerificationMode::Report).parts.first().outcome ==
                 VerificationReport::Outcome::Sound);
+    }
+
+    void silentServicesDelayNoEnd_data() { addEnds(); }
+    void silentServicesDelayNoEnd() {
+        QFETCH(QString, end);
+        const SilentService discovery(QStringLiteral("org.freedesktop.Avahi"), QStringLiteral("/"));
+        const SilentService passwords(QStringLiteral("org.freedesktop.secrets"),
+                                      QStringLiteral("/org/freedesktop/secrets"));
+        SessionManager session;
+        ShownProgram program(QStringLiteral(VELMORA), m_display);
+        program.setVariable(QStringLiteral("SESSION_MANAGER"), session.address());
+        program.setVariable(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"), discovery.busAddress());
+        program.setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), passwords.busAddress());
+        const QTemporaryDir settings;
+        program.setVariable(QStringLiteral("XDG_CONFIG_HOME"), settings.path());
+        QSettings(settings.filePath(QStringLiteral("Velmora/Velmora.conf")),
+                  QSettings::NativeFormat)
+            .setValue(DropboxConfiguration::ApplicationKeyDefault, QStringLiteral("key"));
+        makeProfile(program.profile(),
+                    DirectConnection::URLScheme + QStringLiteral("://silent.local"));
+        makeProfile(program.profile(), QStringLiteral("dropbox://ada@example.org"));
+        program.start();
+        program.awaitWindows();
+        // One location is to be looked up, and the tokens of the other are to be read.
+        QVERIFY(QTest::qWaitFor([&] { return discovery.wasAsked() && passwords.wasAsked(); },
+                                Patience));
+        this->end(end, program, session);
     }
 };
 
