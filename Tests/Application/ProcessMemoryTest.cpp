@@ -9,14 +9,26 @@
 #include <QtCore/QSettings>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
+#include <algorithm>
+#include <functional>
+#include <memory>
 
+#include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionIdentity.h"
+#include "Engine/DirectConnection/DirectConnectionMessage.h"
+#include "Engine/DirectConnection/DirectConnectionPairing.h"
+#include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/Plugin/SyncEngine.h"
+#include "Engine/Stores/Dropbox/DropboxTokens.h"
 #include "Host/InboxUUID.h"
 #include "Platform/Security/SecretStore.h"
 #include "Platform/Security/UrlCredentialStorage.h"
+#include "Support/DirectConnectionPeer.h"
+#include "Support/DropboxTestCase.h"
 #include "Support/Patience.h"
 #include "Support/SecretService.h"
 #include "Support/TestApplication.h"
+#include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "Support/WebDAVServer.h"
 
@@ -54,30 +66,59 @@ QByteArray memoryOf(qint64 process) {
     return contents;
 }
 
+/// Whether one of the secrets is in `memory`, in one of the usual encodings.
+bool containsAny(const QByteArray &memory, const QStringList &secrets) {
+    return std::any_of(secrets.begin(), secrets.end(), [&memory](const QString &secret) {
+        const QByteArray bytes = secret.toUtf8();
+        return memory.contains(bytes) || memory.contains(inUtf16(secret)) ||
+               memory.contains(bytes.toBase64());
+    });
+}
+
+/// Whether a text that is not secret is in `memory`, so that looking for secrets means something.
+bool containsText(const QByteArray &memory, const QString &text) {
+    return memory.contains(text.toUtf8()) || memory.contains(inUtf16(text));
+}
+
+/// Gives secrets to the name of the program, as long as it exists.
+class NameOfProgram {
+public:
+    NameOfProgram() { QCoreApplication::setApplicationName(QStringLiteral("Velmora")); }
+    ~NameOfProgram() { QCoreApplication::setApplicationName(m_before); }
+    NameOfProgram(const NameOfProgram &) = delete;
+    NameOfProgram &operator=(const NameOfProgram &) = delete;
+
+private:
+    const QString m_before = QCoreApplication::applicationName();
+};
+
 }  // namespace
 
-/// Looks for the password of a WebDAV location in the memory of the program itself, after it has
-/// synchronized.
+/// Looks for the password of a WebDAV location, the tokens of Dropbox and the secret of a pairing
+/// in the memory of the program itself, after it has synchronized.
 class ProcessMemoryTest : public QObject {
     Q_OBJECT
 
-    QTemporaryDir m_folder;
+    std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<SecretService> m_secrets;
     std::unique_ptr<WebDAVServer> m_server;
 
-    QString profile() const { return m_folder.filePath(QStringLiteral("profile")); }
-    QString runtimeFolder() const { return m_folder.filePath(QStringLiteral("run")); }
+    QString profile() const { return m_folder->filePath(QStringLiteral("profile")); }
+    QString runtimeFolder() const { return m_folder->filePath(QStringLiteral("run")); }
 
-    /// Writes a profile whose inbox synchronizes with the server when the program starts.
-    void writeProfile() {
+    /// Writes a profile whose inbox synchronizes with this address when the program starts, and
+    /// calls `prepare` with its location.
+    void writeProfile(
+        const QString &URLText,
+        const std::function<void(SyncEngine &, const EngineSyncLocation &)> &prepare =
+            [](SyncEngine &, const EngineSyncLocation &) {}) {
         const TestApplication application;
         SyncEngine engine;
         QVERIFY(engine.openProfile(profile(), FirstContents::Inbox, ProfileUse::Edit));
         Note note{.title = NoteTitle, .text = QStringLiteral("Text")};
         QVERIFY(engine.library()->inbox()->saveNote(note));
         auto *locations = engine.plugin().locationsController();
-        const auto location = engine.plugin().newLocation(
-            Url::fromString(m_server->URLText(QStringLiteral("Shared.qvSyncStore"))));
+        const auto location = engine.plugin().newLocation(Url::fromString(URLText));
         locations->insertObjectInSyncLocationsAtIndex(location, 0);
         const auto state =
             location->addStateForDatabaseWithUUID(InboxUUID, QStringLiteral("Inbox"));
@@ -85,12 +126,12 @@ class ProcessMemoryTest : public QObject {
         state->setSyncOnOpen(true);
         std::optional<Error> error;
         QVERIFY(locations->save(&error));
+        prepare(engine, dynamic_cast<const EngineSyncLocation &>(*location));
     }
 
     /// Stores the password as the program does.
     void storePassword() const {
-        const QString name = QCoreApplication::applicationName();
-        QCoreApplication::setApplicationName(QStringLiteral("Velmora"));
+        const NameOfProgram name;
         SecretStore store;
         const Url URL = Url::fromString(m_server->URLText(QString()));
         UrlCredentialStorage(store).setCredentialForProtectionSpace(
@@ -99,13 +140,46 @@ class ProcessMemoryTest : public QObject {
              .persistence = UrlCredential::Persistence::Permanent},
             UrlProtectionSpace::ofURL(URL, UrlAuthenticationMethodHttpBasic));
         QVERIFY(store.finishWriting());
-        QCoreApplication::setApplicationName(name);
     }
 
+    /// Stores a pairing as the program does.
+    static void storePairing(const QString &key, const QByteArray &fingerprint,
+                             const SecretBytes &secret, const ProfileDatabase &profile) {
+        const NameOfProgram name;
+        const auto pairings = std::make_shared<DirectConnectionPairings>(profile);
+        pairings->keep(key, fingerprint, secret);
+        const auto isSaved = [&] {
+            DirectConnectionPairings saved(profile);
+            return saved.load() && saved.fingerprint(key) == fingerprint;
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isSaved(), Patience);
+        QVERIFY(SecretStore::shared().finishWriting());
+    }
+
+    QString settingsFile() const {
+        return m_folder->filePath(QStringLiteral("config/Velmora/Velmora.conf"));
+    }
+    /// Signs in to the account that `server` serves, and stores its tokens as the program does.
+    void signIn(const DropboxServer &server) const {
+        {
+            const TestHost host;
+            DropboxTestCase::signIn(server.email());
+        }
+        const auto tokens = DropboxTokens::stored(server.email());
+        QVERIFY(tokens && *tokens);
+        {
+            const NameOfProgram name;
+            (*tokens)->store(server.email());
+        }
+        QVERIFY(SecretStore::shared().finishWriting());
+        QSettings settings(settingsFile(), QSettings::NativeFormat);
+        for (const QString &key : QSettings().allKeys()) {
+            settings.setValue(key, QSettings().value(key));
+        }
+    }
     /// Stores that the user has accepted the sheet of the location, as the program does.
     void acceptUnencryptedPassword() const {
-        QSettings settings(m_folder.filePath(QStringLiteral("config/Velmora/Velmora.conf")),
-                           QSettings::NativeFormat);
+        QSettings settings(settingsFile(), QSettings::NativeFormat);
         settings.setValue(
             QStringLiteral("QVUnencryptedPasswordAccepted localhost:%1").arg(m_server->port()),
             true);
@@ -114,9 +188,10 @@ class ProcessMemoryTest : public QObject {
     std::unique_ptr<QProcess> start() const {
         QDir().mkdir(runtimeFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("HOME"), m_folder.path());
+        environment.insert(QStringLiteral("HOME"), m_folder->path());
+        environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
-                           m_folder.filePath(QStringLiteral("config")));
+                           m_folder->filePath(QStringLiteral("config")));
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeFolder());
         auto process = std::make_unique<QProcess>();
         process->setProcessEnvironment(environment);
@@ -125,23 +200,31 @@ class ProcessMemoryTest : public QObject {
         return process;
     }
 
-    /// Whether the profile records a synchronization.
-    bool isSynchronized() const {
+    /// Whether the profile records a synchronization that has succeeded.
+    bool isSynchronized() const { return isRecorded(QStringLiteral("last_synced > 0")); }
+    /// Whether it records one that the other computer, after it was greeted, could not serve.
+    bool isRefused() const {
+        return isRecorded(
+            QStringLiteral("result_reason LIKE '%cannot read or write its sync store%'"));
+    }
+    bool isRecorded(const QString &condition) const {
         const QString connection = QStringLiteral("process-memory-test");
-        bool isSynchronized = false;
+        bool isRecorded = false;
         {
             auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
             database.setDatabaseName(profile() + QStringLiteral("/profile.sqlite"));
             QSqlQuery query(database.open() ? database : QSqlDatabase());
-            isSynchronized =
-                query.exec(QStringLiteral("SELECT 1 FROM states WHERE last_synced > 0")) &&
-                query.next();
+            isRecorded = query.exec(QStringLiteral("SELECT 1 FROM states WHERE ") + condition) &&
+                         query.next();
         }
         QSqlDatabase::removeDatabase(connection);
-        return isSynchronized;
+        return isRecorded;
     }
 
 private Q_SLOTS:
+    void initTestCase() { m_secrets = std::make_unique<SecretService>(); }
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+
     void aProtectedProcessWritesNoCoreFileAndCannotBeReadByOthers() {
         const pid_t child = fork();
         if (child == 0) {
@@ -156,24 +239,67 @@ private Q_SLOTS:
     }
 
     void aPasswordDoesNotStayInMemoryAfterASynchronization() {
-        m_secrets = std::make_unique<SecretService>();
         m_server = std::make_unique<WebDAVServer>(WebDAVServer::Options());
-        writeProfile();
+        writeProfile(m_server->URLText(QStringLiteral("Shared.qvSyncStore")));
         storePassword();
         acceptUnencryptedPassword();
         const auto process = start();
         QTRY_VERIFY_WITH_TIMEOUT(isSynchronized(), Patience);
 
         const QByteArray memory = memoryOf(process->processId());
+        QVERIFY(containsText(memory, NoteTitle));
+        const QString login = WebDAVServer::User + u':' + WebDAVServer::Password;
+        QVERIFY(!containsAny(memory, {WebDAVServer::Password, login}));
+        process->terminate();
+        QVERIFY(process->waitForFinished(Patience));
+    }
 
-        // What is not secret is found in it.
-        QVERIFY(memory.contains(NoteTitle.toUtf8()) || memory.contains(inUtf16(NoteTitle)));
-        const QString password = WebDAVServer::Password;
-        const QByteArray login = (WebDAVServer::User + u':' + password).toUtf8();
-        QVERIFY(!memory.contains(password.toUtf8()));
-        QVERIFY(!memory.contains(inUtf16(password)));
-        QVERIFY(!memory.contains(password.toUtf8().toBase64()));
-        QVERIFY(!memory.contains(login.toBase64()));
+    void theTokensOfDropboxDoNotStayInMemoryAfterASynchronization() {
+        DropboxServer server;
+        server.configure();
+        signIn(server);
+        writeProfile(QStringLiteral("dropbox://") + server.email());
+        DropboxServer::forget();
+        // The program gets new ones.
+        server.expireAccessTokens();
+        const auto process = start();
+        QTRY_VERIFY_WITH_TIMEOUT(isSynchronized(), Patience);
+
+        const QByteArray memory = memoryOf(process->processId());
+        QVERIFY(containsText(memory, NoteTitle));
+        // A verifier, a code, two tokens, and at least a new one of them.
+        const QStringList secrets = server.secrets();
+        QVERIFY(secrets.size() >= 5);
+        QVERIFY(!containsAny(memory, secrets));
+        process->terminate();
+        QVERIFY(process->waitForFinished(Patience));
+        QCOMPARE(server.violations(), QStringList());
+    }
+
+    void theSecretOfAPairingDoesNotStayInMemoryAfterASynchronization() {
+        const auto identity = DirectConnectionIdentity::load(m_folder->path());
+        QVERIFY(identity);
+        using namespace DirectConnectionMessage;
+        const DirectConnectionPeer peer(
+            *identity, {encode(ofType(Welcome)), encode(ofType(Failed)), encode(ofType(Failed))},
+            1 << 16);
+        const SecretBytes secret = DirectConnectionPairing::random();
+        const QString address =
+            QStringLiteral("%1://127.0.0.1:%2").arg(DirectConnection::URLScheme).arg(peer.port());
+        writeProfile(address, [&](SyncEngine &engine, const EngineSyncLocation &location) {
+            storePairing(address + u' ' + location.identifier(),
+                         DirectConnectionIdentity::fingerprint(identity->certificate.toDer()),
+                         secret, engine.profile());
+        });
+        const auto process = start();
+        QTRY_VERIFY_WITH_TIMEOUT(isRefused(), Patience);
+
+        const QByteArray memory = memoryOf(process->processId());
+        QVERIFY(containsText(memory, address));
+        const QByteArray bytes = secret.toByteArray();
+        QVERIFY(!memory.contains(bytes));
+        QVERIFY(!memory.contains(bytes.toBase64()));
+        QVERIFY(!containsAny(memory, {QString::fromLatin1(bytes.toHex())}));
         process->terminate();
         QVERIFY(process->waitForFinished(Patience));
     }

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
+#include "Support/Patience.h"
 
 namespace {
 
@@ -48,7 +49,9 @@ void DirectConnectionPeer::serve(const DirectConnectionIdentity &identity,
     QTcpServer server;
     server.listen(QHostAddress::LocalHost, port);
     promise.set_value(server.serverPort());
-    server.waitForNewConnection(-1);
+    if (!server.waitForNewConnection(Patience)) {
+        return;
+    }
     const std::unique_ptr<QTcpSocket> accepted(server.nextPendingConnection());
     QSslSocket socket;
     QSslConfiguration configuration;
