@@ -2,9 +2,9 @@
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QMessageBox>
-#include <QtWidgets/QStyleFactory>
 #include <algorithm>
 
+#include "Application/DarkStyle.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/QuestionBox.h"
 #include "Application/RemovalDialog.h"
@@ -52,8 +52,8 @@ VelmoraApplication::~VelmoraApplication() {
 }
 
 void VelmoraApplication::setDarkAppearance(bool dark) {
-    // Fusion uses every color of the palette.
-    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    // It uses every color of the palette.
+    setStyle(new DarkStyle);
     if (!dark) {
         setPalette(QPalette(QColor(0xef, 0xef, 0xef)));
         return;

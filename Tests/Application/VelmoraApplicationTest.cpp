@@ -1,10 +1,15 @@
 #include "Application/VelmoraApplication.h"
 
 #include <QtGui/QWindow>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QRadioButton>
+#include <QtWidgets/QTableWidget>
+#include <algorithm>
+#include <cmath>
 
 #include "Platform/Security/Keychain.h"
 #include "Platform/Security/SecretStore.h"
@@ -46,6 +51,29 @@ class VelmoraApplicationTest : public QObject {
              .persistence = UrlCredential::Persistence::Permanent},
             UrlProtectionSpace{.host = QStringLiteral("example-host")});
         SecretStore::shared().finishWriting();
+    }
+
+    /// Returns the relative luminance of sRGB (WCAG 2).
+    static double luminance(QRgb color) {
+        const auto linear = [](int channel) {
+            const double value = channel / 255.0;
+            return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) +
+               0.0722 * linear(qBlue(color));
+    }
+    /// Returns the contrast of the lightest and the darkest pixel.
+    static double contrastIn(const QImage &image) {
+        double least = 1;
+        double most = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const double here = luminance(image.pixel(x, y));
+                least = std::min(least, here);
+                most = std::max(most, here);
+            }
+        }
+        return (most + 0.05) / (least + 0.05);
     }
 
 private Q_SLOTS:
@@ -182,6 +210,22 @@ private Q_SLOTS:
         (*accept)->click();
         QTRY_COMPARE(answer, std::optional(true));
         QTRY_VERIFY(messageBoxes().isEmpty());
+    }
+
+    void whatIsNotTickedIsVisibleOnDarkColors() {
+        application().setDarkAppearance(true);
+        QCheckBox box;
+        QRadioButton button;
+        QTableWidget table(1, 1);
+        table.setShowGrid(false);
+        auto *item = new QTableWidgetItem;
+        item->setCheckState(Qt::Unchecked);
+        table.setItem(0, 0, item);
+        for (QWidget *widget : QWidgetList{&box, &button, table.viewport()}) {
+            QVERIFY2(contrastIn(widget->grab(QRect(1, 1, 24, 24)).toImage()) >= 3,
+                     widget->metaObject()->className());
+        }
+        application().setDarkAppearance(false);
     }
 
     void namesInErrorsAndQuestionsAreShownAsTheyAre() {
