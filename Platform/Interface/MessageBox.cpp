@@ -2,6 +2,7 @@
 
 #include <QtCore/QEvent>
 #include <QtGui/QGuiApplication>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLayout>
@@ -22,6 +23,9 @@ void MessageBox::showEvent(QShowEvent *event) {
     QMessageBox::showEvent(event);
     if (layout()->minimumSize().width() > width()) {
         findChild<QDialogButtonBox *>()->setOrientation(Qt::Vertical);
+        for (QAbstractButton *button : buttons()) {
+            button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        }
         // The box fits its fixed size to the layout on this event only.
         QEvent request(QEvent::LayoutRequest);
         QCoreApplication::sendEvent(this, &request);
