@@ -1,6 +1,7 @@
 #include "Engine/DirectConnection/DirectConnectionServer.h"
 
 #include <QtCore/QDateTime>
+#include <QtCore/QLocale>
 #include <QtNetwork/QNetworkInterface>
 #include <cstdlib>
 #include <limits>
@@ -20,7 +21,6 @@
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
-#include "Platform/Foundation/RelativeDate.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/Network/NetService.h"
@@ -221,11 +221,13 @@ QVariantList DirectConnectionServer::databases() const {
 QString DirectConnectionServer::lastConnectionText(const QString &client) const {
     const QVariant time =
         ProfileSettings::value(m_profile, ConnectionKey + client).value_or(QVariant());
-    return time.isValid()
-               ? localizedSyncString("Last connected: %1")
-                     .arg(relativeDateString(QDateTime::fromMSecsSinceEpoch(time.toLongLong()),
-                                             QDateTime::currentDateTime()))
-               : localizedSyncString("Last connected: unknown");
+    if (!time.isValid()) {
+        return localizedSyncString("Last connected: unknown");
+    }
+    // Not in words such as "today", which the sheet would still show after midnight.
+    const QDateTime date = QDateTime::fromMSecsSinceEpoch(time.toLongLong());
+    return localizedSyncString("Last connected: %1")
+        .arg(QLocale().toString(date, QLocale::ShortFormat));
 }
 
 void DirectConnectionServer::netServiceDidPublish(const std::shared_ptr<NetService> & /*service*/) {

@@ -286,7 +286,7 @@ Error DirectConnectionStore::refusal(const QCborMap &answer, const QString &name
     }
     if (reason == NotServed) {
         return engineError(EngineErrorCode::AccessDenied,
-                           "“%1” does not serve this database. Select it there under “Direct "
+                           "“%1” does not serve this database. Tick it there under “Direct "
                            "Connections…” in Sync Preferences, and synchronize again.",
                            URL().host());
     }

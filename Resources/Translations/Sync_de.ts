@@ -1308,8 +1308,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Dem ausgewählten Computer das Verbinden nicht mehr erlauben.</translation>
     </message>
     <message>
-        <source>A computer that may connect can read and change the selected databases. New databases are selected.</source>
-        <translation>Ein Computer, der sich verbinden darf, kann die ausgewählten Datenbanken lesen und ändern. Neue Datenbanken sind ausgewählt.</translation>
+        <source>A computer that may connect can read and change the ticked databases. New databases are ticked.</source>
+        <translation>Ein Computer, der sich verbinden darf, kann die angekreuzten Datenbanken lesen und ändern. Neue Datenbanken sind angekreuzt.</translation>
     </message>
     <message>
         <source>Databases that other computers can read and change</source>
@@ -1328,8 +1328,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>„%1“ gehört zu einer Datenbank, die nicht angeboten wird.</translation>
     </message>
     <message>
-        <source>“%1” does not serve this database. Select it there under “Direct Connections…” in Sync Preferences, and synchronize again.</source>
-        <translation>„%1“ bietet diese Datenbank nicht an. Wählen Sie sie dort unter „Direktverbindungen …“ in den Sync-Einstellungen aus, und synchronisieren Sie erneut.</translation>
+        <source>“%1” does not serve this database. Tick it there under “Direct Connections…” in Sync Preferences, and synchronize again.</source>
+        <translation>„%1“ bietet diese Datenbank nicht an. Kreuzen Sie sie dort unter „Direktverbindungen …“ in den Sync-Einstellungen an, und synchronisieren Sie erneut.</translation>
     </message>
     <message>
         <source>Prevent “%1” from connecting?</source>

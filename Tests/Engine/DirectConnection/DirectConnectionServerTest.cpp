@@ -892,10 +892,8 @@ private Q_SLOTS:
         QCOMPARE(Client(m_port).answerTo(hello(ClientName, secret)), Welcome);
         m_host->restart();
         const QString text = server().lastConnectionText(ClientName);
-        QVERIFY2(QRegularExpression(QStringLiteral("^Last connected: (today|yesterday) at "))
-                     .match(text)
-                     .hasMatch(),
-                 qPrintable(text));
+        const QRegularExpression wanted(QStringLiteral("^Last connected: .*\\d:\\d\\d"));
+        QVERIFY2(wanted.match(text).hasMatch(), qPrintable(text));
         QCOMPARE(server().lastConnectionText(QStringLiteral("another")),
                  QStringLiteral("Last connected: unknown"));
     }

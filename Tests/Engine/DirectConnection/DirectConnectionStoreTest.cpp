@@ -110,7 +110,7 @@ private Q_SLOTS:
             [&] { return store->list(QStringLiteral("transactions/@inbox"), EngineFuture()); });
         QCOMPARE(code(listed), EngineErrorCode::AccessDenied);
         QCOMPARE(listed.error().localizedDescription,
-                 QStringLiteral("“127.0.0.1” does not serve this database. Select it there under "
+                 QStringLiteral("“127.0.0.1” does not serve this database. Tick it there under "
                                 "“Direct Connections…” in Sync Preferences, and synchronize "
                                 "again."));
     }
