@@ -23,6 +23,7 @@
 #include "Application/SaveLocations.h"
 #include "Application/StatusLine.h"
 #include "Application/SynchronizationMonitor.h"
+#include "Application/VelmoraApplication.h"
 #include "Application/WindowSize.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
@@ -71,6 +72,7 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
     layout->addWidget(splitter, 1);
     layout->addWidget(new StatusLine(m_monitor));
     setCentralWidget(contents);
+    provideSynchronizationText();
     makeActions();
 
     connect(m_library, &NoteLibrary::knownDatabasesChanged, this, &MainWindow::showDatabases);
@@ -258,6 +260,18 @@ void MainWindow::quit() {
 
 bool MainWindow::leaveText() {
     return m_notes->leave();
+}
+
+void MainWindow::provideSynchronizationText() {
+    auto *application = qobject_cast<VelmoraApplication *>(QCoreApplication::instance());
+    if (!application) {
+        return;
+    }
+    const auto provide = [this, application] {
+        application->setSynchronizationText(m_monitor->summary().text());
+    };
+    connect(m_monitor, &SynchronizationMonitor::changed, application, provide);
+    provide();
 }
 
 bool MainWindow::leavePreferences() {

@@ -64,6 +64,8 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    /// Lets other windows show what the status line shows while nothing runs.
+    void provideSynchronizationText();
     void makeActions();
     /// Updates the list of databases, and then the selected database.
     void showDatabases();

@@ -13,6 +13,7 @@
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Platform/Foundation/TerminalText.h"
 #include "Platform/Interface/PlainText.h"
+#include "Platform/KeyValue/KeyValue.h"
 #include "Platform/Security/SecretStore.h"
 
 namespace {
@@ -68,6 +69,11 @@ void VelmoraApplication::setDarkAppearance(bool dark) {
         palette.setColor(QPalette::Disabled, role, QColor(0x85, 0x85, 0x89));
     }
     setPalette(palette);
+}
+
+void VelmoraApplication::setSynchronizationText(const QString &text) {
+    m_synchronizationText = text;
+    KeyValue::announce<&VelmoraApplication::synchronizationTextChanged>(this);
 }
 
 std::shared_ptr<QVDatabase> VelmoraApplication::inbox() const {

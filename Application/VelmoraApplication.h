@@ -18,6 +18,9 @@ class VelmoraApplication : public QApplication,
                            public QVJobLog,
                            public QuestionPresenter {
     Q_OBJECT
+    /// See SynchronizationTextKey. Empty until the main window sets it.
+    Q_PROPERTY(QString synchronizationText READ synchronizationText WRITE setSynchronizationText
+                   NOTIFY synchronizationTextChanged)
 public:
     /// `argumentCount` is a reference that must stay valid as long as this object, see
     /// QApplication.
@@ -35,6 +38,8 @@ public:
     void setDarkAppearance(bool dark);
     /// Returns the log, never null. Owned by the application.
     EventLog *eventLog() { return &m_eventLog; }
+    QString synchronizationText() const { return m_synchronizationText; }
+    void setSynchronizationText(const QString &text);
 
     /// Returns the inbox; null if there is no library.
     std::shared_ptr<QVDatabase> inbox() const override;
@@ -63,10 +68,12 @@ public:
 Q_SIGNALS:
     /// Emitted when a question is shown, with its text.
     void questionShown(const QString &text);
+    void synchronizationTextChanged();
 
 private:
     EventLog m_eventLog;
     ErrorBoxes m_errorBoxes;
     NoteLibrary *m_library = nullptr;
+    QString m_synchronizationText;
     bool m_isBatch = false;
 };

@@ -1,12 +1,27 @@
 #include "Controller/Preferences/ActivityStatus.h"
 
+#include <QtCore/QCoreApplication>
+
 #include "Host/SyncStrings.h"
+#include "Host/SynchronizationText.h"
 
 namespace {
 
 constexpr int Percent = 100;
 
+QString idleText() {
+    return QCoreApplication::instance()->property(SynchronizationTextKey).toString();
+}
+
 }  // namespace
+
+ActivityStatus::ActivityStatus(QObject *parent) : QObject(parent) {
+    QCoreApplication *application = QCoreApplication::instance();
+    if (application->metaObject()->indexOfProperty(SynchronizationTextKey) >= 0) {
+        m_idleTextObservation =
+            KeyValue::observe(application, SynchronizationTextKey, [this] { Q_EMIT changed(); });
+    }
+}
 
 void ActivityStatus::setDispatcher(QVSyncDispatcher *dispatcher) {
     m_dispatcher = dispatcher;
@@ -30,7 +45,7 @@ QString ActivityStatus::text() const {
     const QString activity = m_dispatcher ? m_dispatcher->activity() : QString();
     const QVSyncProgress reached = progress();
     if (activity.isEmpty()) {
-        return reached.outcome;
+        return reached.outcome.isEmpty() ? idleText() : reached.outcome;
     }
     return reached.total == 0
                ? activity

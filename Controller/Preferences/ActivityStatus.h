@@ -17,7 +17,7 @@ class ActivityStatus : public QObject {
     Q_PROPERTY(QVSyncDispatcher *dispatcher READ dispatcher WRITE setDispatcher)
     /// What the dispatcher is doing and, if the host offers it, how far it is: "Synchronizing
     /// “Projects” with “Home”… 120 of 400". While the dispatcher is idle, what it has done last, if
-    /// that is to be told; otherwise empty.
+    /// that is to be told; otherwise the SynchronizationTextKey of the application, if it has one.
     Q_PROPERTY(QString text READ text NOTIFY changed)
     /// Whether a job is running.
     Q_PROPERTY(bool running READ isRunning NOTIFY changed)
@@ -28,7 +28,7 @@ class ActivityStatus : public QObject {
     /// 100, or 0 if the extent is not known, for which QProgressBar shows a busy indicator.
     Q_PROPERTY(int maximum READ maximum NOTIFY changed)
 public:
-    using QObject::QObject;
+    explicit ActivityStatus(QObject *parent = nullptr);
 
     QVSyncDispatcher *dispatcher() const { return m_dispatcher; }
     /// Observes `dispatcher` instead of the former one and emits changed().
@@ -56,4 +56,5 @@ private:
     QPointer<QVSyncDispatcher> m_dispatcher;
     KeyValue::Observation m_progressObservation;
     KeyValue::Observation m_activityObservation;
+    KeyValue::Observation m_idleTextObservation;
 };
