@@ -212,7 +212,7 @@ private Q_SLOTS:
         terminate(*program);
     }
 
-    void whatIsNoRequestIsRefused() {
+    void invalidRequestsAreRefused() {
         const auto program = startWindows();
         for (const QByteArray &request :
              {QByteArray("{\"command\":\"erase\"}\n"), QByteArray("\n"), QByteArray(70000, 'x')}) {

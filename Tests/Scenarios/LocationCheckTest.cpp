@@ -268,7 +268,7 @@ private Q_SLOTS:
         QVERIFY(removal.get().startsWith("/Shared.qvSyncStore/databases/probe-"));
     }
 
-    void whatAKilledProgramHasLeftIsRemoved() {
+    void leftoversOfAKilledProgramAreRemoved() {
         const QString folder = m_host->addLocation()->URL().path() + QStringLiteral("/databases/");
         showPanel();
         checkToTheEnd();

@@ -597,7 +597,7 @@ private Q_SLOTS:
         QCOMPARE(m_list->selectionIndexes(), IndexSet());
     }
 
-    void withNothingSelectedTheFirstAcceptedItemBecomesSelected() {
+    void newContentSelectsTheFirstAcceptedItemIfNothingIsSelected() {
         m_delegate->refused = {QStringLiteral("a"), QStringLiteral("b")};
         QSignalSpy announced(m_list, &QVListView::selectionIndexesChanged);
         m_list->setContent(texts({"a", "b", "c", "d"}));
@@ -613,7 +613,7 @@ private Q_SLOTS:
                               QStringLiteral("b")}));
     }
 
-    void withSomethingSelectedARebuildLeavesNothingSelectedAndSaysNothing() {
+    void newContentClearsTheSelectionWithoutNotification() {
         m_list->setContent(texts({"a", "b"}));
         QCOMPARE(m_list->selectionIndexes(), IndexSet({0}));
         m_delegate->selectionQuestions.clear();
@@ -624,7 +624,7 @@ private Q_SLOTS:
         QCOMPARE(m_delegate->selectionQuestions, QStringList());
     }
 
-    void aSilentRebuildIsNotWrittenBack() {
+    void aSelectionClearedByNewContentIsNotWrittenBack() {
         ArrayController controller;
         controller.setContent(texts({"a", "b"}));
         m_list->setContent(texts({"a", "b"}));
@@ -635,7 +635,7 @@ private Q_SLOTS:
         QCOMPARE(controller.selectionIndexes(), IndexSet({1}));
     }
 
-    void withNothingAcceptedARebuildAnnouncesNoSelection() {
+    void newContentAnnouncesNoSelectionIfNoItemIsAccepted() {
         m_delegate->refused = {QStringLiteral("a")};
         QSignalSpy announced(m_list, &QVListView::selectionIndexesChanged);
         m_list->setContent(texts({"a"}));

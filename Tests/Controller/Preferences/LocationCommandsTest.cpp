@@ -242,7 +242,7 @@ private Q_SLOTS:
     }
 
     // The result is 1 whenever the panel was confirmed.
-    void aPackageThatCannotBeMadeIsAddedAsItStands() {
+    void aLocationIsAddedWithoutURLIfItsPackageCannotBeCreated() {
         QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("Work.qvSyncStore")));
         showPane();
         inPanel([this](PackagePanel &panel) {

@@ -265,7 +265,7 @@ private Q_SLOTS:
         QVERIFY(!m_row->schedule());
     }
 
-    void ofSeveralRowsTheLastIsEdited() {
+    void theLastOfSeveralSelectedRowsIsEdited() {
         const auto last = makeRow(QStringLiteral("E"), 1);
         m_editor->setRepresentedObjects({QVariant::fromValue(m_row), QVariant::fromValue(last)});
         QCOMPARE(m_editor->database(), last);

@@ -253,7 +253,7 @@ private Q_SLOTS:
         QCOMPARE(recorder.announced(), QByteArrayList{"selected"});
     }
 
-    void aMountedFolderShowsItselfPlainly() {
+    void aMountedFolderHasTheTitleAndIconOfItsFormatter() {
         const auto location = m_host->addLocation();
         const auto row = Selection::selectionWithDatabase(nullptr, location);
         const auto formatter = row->locationFormatter();

@@ -594,7 +594,7 @@ private Q_SLOTS:
         QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret.toByteArray())), Refused);
     }
 
-    void whoIsNotAuthorizedLearnsNothing() {
+    void unauthorizedClientsLearnNothing() {
         serve();
         DirectConnectionClients::authorize(ClientName, DirectConnectionPairing::random());
         for (const QCborMap &message :
@@ -635,7 +635,7 @@ private Q_SLOTS:
         QVERIFY(Client(m_port).waitForEncryption());
     }
 
-    void whoDoesNotGreetInTimeIsDisconnected() {
+    void clientsThatSendNoHelloInTimeAreDisconnected() {
         serve({.greetingTime = std::chrono::milliseconds(50)});
         QTcpSocket silent;
         silent.connectToHost(QStringLiteral("127.0.0.1"), m_port);
@@ -643,7 +643,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(silent.state(), QAbstractSocket::UnconnectedState, Patience);
     }
 
-    void whoIsIdleForTooLongIsDisconnected() {
+    void idleClientsAreDisconnected() {
         serve({.idleTime = std::chrono::milliseconds(200)});
         const QByteArray secret = DirectConnectionPairing::random();
         DirectConnectionClients::authorize(ClientName, secret);
@@ -734,7 +734,7 @@ private Q_SLOTS:
         QVERIFY(later.answer()[Contents].toByteArray().contains("\"Orchard\""));
     }
 
-    void whatAClientWritesIsInThePackageAndNowhereElse() {
+    void clientsWriteIntoThePackageOnly() {
         serve();
         const QByteArray secret = DirectConnectionPairing::random();
         DirectConnectionClients::authorize(ClientName, secret);

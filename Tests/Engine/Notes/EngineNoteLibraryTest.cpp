@@ -102,7 +102,7 @@ private Q_SLOTS:
         QVERIFY(m_posted.isEmpty());
     }
 
-    void whatCannotBeWrittenChangesNothing() {
+    void aFailedWriteChangesNothing() {
         TestHost host;
         const auto database = host.addDatabase(QStringLiteral("Letters"));
         m_posted.clear();

@@ -58,7 +58,7 @@ private Q_SLOTS:
         QVERIFY(make().id != make().id);
     }
 
-    void whatIsMissingIsEmpty() {
+    void missingItemsAreEmpty() {
         QVERIFY(decoded("{\"version\":1}").isEmpty());
         QVERIFY(decoded("{\"version\":1,\"added later\":[[]]}").isEmpty());
     }

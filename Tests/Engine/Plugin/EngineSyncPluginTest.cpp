@@ -30,7 +30,7 @@ bool contain(const char *path) {
 class EngineSyncPluginTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void isOneObjectWithOneOfEachPart() {
+    void thePlugInAndItsPartsAlwaysAreTheSameObjects() {
         TestHost host;
         QVERIFY(QVSyncPlugin::isAvailable());
         QVSyncPlugin *plugin = QVSyncPlugin::plugin();

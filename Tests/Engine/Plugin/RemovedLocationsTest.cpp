@@ -197,7 +197,7 @@ private Q_SLOTS:
         QCOMPARE(value(QStringLiteral("SELECT count(*) FROM trusted_certificates")).toInt(), 0);
     }
 
-    void whatAFormerRunCouldNotForgetIsForgottenAtTheStart() {
+    void removalsThatFailedAreRepeatedAtTheNextStart() {
         DropboxTokens{.access = QByteArray("token")}.store(Account);
         QVERIFY(SecretStore::shared().finishWriting());
         add(QStringLiteral("dropbox://") + Account);

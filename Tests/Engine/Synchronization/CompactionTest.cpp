@@ -91,7 +91,7 @@ private Q_SLOTS:
         QCOMPARE(RecordTiers::full(sizes).size(), 2 * RecordTiers::MostInTier);
     }
 
-    void ofManyRecordsTheSmallestAreRewritten() {
+    void theSmallestRecordsAreRewritten() {
         QHash<QString, qint64> sizes;
         for (int size = 1; size <= 1000; ++size) {
             sizes.insert(QString::number(size), size);

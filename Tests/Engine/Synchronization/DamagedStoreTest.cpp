@@ -337,7 +337,7 @@ private Q_SLOTS:
         QCOMPARE(titles(*m_reader), ThreeNotes);
     }
 
-    void aServedStoreIsHealedAlsoByTheComputerThatServesIt() {
+    void theServingComputerSetsADamagedRecordAside() {
         begin(StoreKind::DirectConnection);
         QCOMPARE(description(synchronize(*m_author)), QString());
         const QString name = recordWith("Second");

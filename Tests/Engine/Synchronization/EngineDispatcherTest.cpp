@@ -337,7 +337,7 @@ private Q_SLOTS:
         disconnect(dispatcher(), nullptr, this, nullptr);
     }
 
-    void whatWaitsIsAskedForOnlyOnce() {
+    void aWaitingJobIsNotQueuedTwice() {
         const auto made = m_host->addDatabase(QStringLiteral("Projects"));
         const auto one = state(made->UUID(), made->name());
         dispatcher()->performSynchronizationsWithSynchronizationStates({one});

@@ -133,7 +133,7 @@ private Q_SLOTS:
         QVERIFY(!dispatcher().activity().isEmpty());
     }
 
-    void whetherAVolumeIsMountedIsToldWithoutAskingIt() {
+    void isVolumeMountedDoesNotAccessTheVolume() {
         const QString path = m_folder->filePath(QStringLiteral("a \\ volume\twith\nsigns"));
         m_volume = std::make_unique<HangingVolume>(path);
         QVERIFY(MountedVolumes::mountPoints().value().contains(path));

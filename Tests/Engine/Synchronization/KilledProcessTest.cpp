@@ -144,7 +144,7 @@ private:
     }
 
 private Q_SLOTS:
-    void whatWasReportedSavedSurvivesBeingKilled() {
+    void changesReportedAsSavedSurviveKill() {
         TestHost host;
         const auto database = host.addDatabase(DatabaseName);
         const QString UUID = database->UUID();

@@ -72,7 +72,7 @@ private Q_SLOTS:
         QVERIFY(!isAtOrBelow("/a", "/a/b"));
     }
 
-    void whatMayNotStandInAURLIsEscaped() {
+    void invalidCharactersAreEscapedInAURL() {
         QCOMPARE(PercentEscapes::adding(QStringLiteral("#%[]^ \"<>\\`{|}")),
                  QStringLiteral("%23%25%5B%5D%5E%20%22%3C%3E%5C%60%7B%7C%7D"));
         QCOMPARE(PercentEscapes::adding(QStringLiteral("ä\u2019\u0001")),

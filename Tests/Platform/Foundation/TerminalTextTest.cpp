@@ -15,7 +15,7 @@ private Q_SLOTS:
         QCOMPARE(TerminalText::line({}), QString());
     }
 
-    void whatATerminalWouldObeyIsEscaped() {
+    void controlCharactersAreEscaped() {
         QCOMPARE(TerminalText::line(QStringLiteral("\x1b]0;owned\a\x1b[2J")),
                  QStringLiteral("\\u001B]0;owned\\u0007\\u001B[2J"));
         for (const char32_t character : {U'\x7f', U'\x9b', U'\x202e', U'\x2066', U'\x200b',

@@ -12,14 +12,14 @@ class UserDefaultsTest : public QObject {
 private Q_SLOTS:
     void cleanup() { UserDefaults::remove(m_key); }
 
-    void whatWasNeverSetIsFalseAndZero() {
+    void missingValuesAreFalseAndZero() {
         QVERIFY(!UserDefaults::contains(m_key).value());
         QVERIFY(!UserDefaults::boolForKey(m_key).value());
         QCOMPARE(UserDefaults::integerForKey(m_key).value(), 0);
         QCOMPARE(UserDefaults::stringForKey(m_key).value(), QString());
     }
 
-    void whatIsSetIsReadUntilItIsRemoved() {
+    void aValueIsReadUntilItIsRemoved() {
         UserDefaults::setValue(m_key, true);
         QVERIFY(UserDefaults::contains(m_key).value());
         QVERIFY(UserDefaults::boolForKey(m_key).value());
@@ -35,14 +35,14 @@ private Q_SLOTS:
         QVERIFY(!UserDefaults::contains(m_key).value());
     }
 
-    void whatIsSetIsInTheFileAtOnceUnderItsKey() {
+    void aValueIsWrittenToTheFileAtOnce() {
         UserDefaults::setValue(m_key, 7);
         QFile file(QSettings().fileName());
         QVERIFY(file.open(QIODevice::ReadOnly));
         QVERIFY(file.readAll().contains("\nQVDirectConnectionServerEnabled=7\n"));
     }
 
-    void whatAnotherProgramWritesIsReadAfresh() {
+    void changesOfAnotherProcessAreRead() {
         UserDefaults::setValue(m_key, 7);
         QFile file(QSettings().fileName());
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));

@@ -361,7 +361,7 @@ private Q_SLOTS:
         QCOMPARE(form->findChild<TableView *>()->tableDelegate(), form->findChild<Helper *>());
     }
 
-    void whatIsNoDelegateOfATableIsAProgrammingError() {
+    void anObjectWithoutTheDelegatesMethodsIsAProgrammingError() {
         Owner owner;
         const QString name = uniqueName();
         Nib::registerForm(name, [] {
@@ -446,7 +446,7 @@ private Q_SLOTS:
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, Nib::load(name, &owner));
     }
 
-    void whatAFormNamesButIsNotThereIsAProgrammingError_data() {
+    void aMissingNameInAFormIsAProgrammingError_data() {
         QTest::addColumn<QString>("binding");
         QTest::addColumn<QString>("action");
         QTest::newRow("object of a binding") << QStringLiteral("text <- nobody.text") << QString();
@@ -462,7 +462,7 @@ private Q_SLOTS:
         QTest::newRow("no method") << QString() << QStringLiteral("owner");
     }
 
-    void whatAFormNamesButIsNotThereIsAProgrammingError() {
+    void aMissingNameInAFormIsAProgrammingError() {
         QFETCH(QString, binding);
         QFETCH(QString, action);
         Owner owner;

@@ -473,7 +473,7 @@ private Q_SLOTS:
         QCOMPARE(target.text(), b);
     }
 
-    void whatCannotBeBoundIsLoudAndLeavesNoBinding() {
+    void aBindingThatCannotBeMadeIsAnErrorAndLeavesNothing() {
         Model model;
         Target target;
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, bind(&target, "missing", &model, "text"));

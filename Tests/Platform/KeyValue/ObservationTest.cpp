@@ -345,7 +345,7 @@ private Q_SLOTS:
         QCOMPARE(count, 2);
     }
 
-    void aMiddleMayDieUnannounced() {
+    void anObjectInThePathMayBeDestroyedWithoutNotification() {
         Link head;
         auto middle = std::make_unique<Link>(1);
         head.setRaw(middle.get());

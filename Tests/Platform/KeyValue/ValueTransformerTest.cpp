@@ -38,13 +38,13 @@ private Q_SLOTS:
         QCOMPARE(transformed("NSIsNotNil", 0), QVariant(true));
     }
 
-    void negationTakesNothingForFalse() {
+    void negationTreatsNullAsFalse() {
         QCOMPARE(transformed("NSNegateBoolean", true), QVariant(false));
         QCOMPARE(transformed("NSNegateBoolean", false), QVariant(true));
         QCOMPARE(transformed("NSNegateBoolean", QVariant()), QVariant(true));
     }
 
-    void theBuiltInOnesGiveBooleans() {
+    void builtInTransformersReturnBooleans() {
         for (const char *name : {"NSIsNil", "NSIsNotNil", "NSNegateBoolean"}) {
             QCOMPARE(ValueTransformer::transformerForName(QString::fromLatin1(name))
                          ->transformedValueClass(),
@@ -52,7 +52,7 @@ private Q_SLOTS:
         }
     }
 
-    void anUnknownNameIsLoud() {
+    void anUnknownNameIsAnError() {
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)ValueTransformer::transformerForName(
                                                        QStringLiteral("unknown")));
     }

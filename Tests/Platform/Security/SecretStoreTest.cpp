@@ -414,7 +414,7 @@ private Q_SLOTS:
         QCOMPARE(m_tellings, 0);
     }
 
-    void aDismissedDeletionIsNotHeldForDone() {
+    void aDismissedPromptMakesTheRemovalFail() {
         m_service->stopKeyring();
         PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
         SecretStore store;
@@ -424,7 +424,7 @@ private Q_SLOTS:
         QCOMPARE(prompting.countOfPrompts(), 2);
     }
 
-    void aRemovalThatTheUserDeclinesIsAnErrorAndTold() {
+    void aDeclinedRemovalIsAnErrorAndReported() {
         m_service->stopKeyring();
         PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
         SecretStore store;

@@ -92,7 +92,7 @@ private Q_SLOTS:
         }
     }
 
-    void whatAProcessStoresBeforeItEndsIsKept() {
+    void secretsStoredBeforeTheProcessEndsAreKept() {
         QProcess other;
         other.start(QCoreApplication::applicationFilePath(),
                     {QStringLiteral("UrlCredentialStorageTest"), QStringLiteral("--other-process"),

@@ -393,7 +393,7 @@ private Q_SLOTS:
         QCOMPARE(waiting.first()->email, m_server->email());
     }
 
-    void whoDoesNotSignInInTimeIsNotWaitedFor() {
+    void signingInHasATimeout() {
         m_server->setPerson(DropboxServer::Person::LooksAway);
         DropboxSessionManager manager({.user = std::chrono::milliseconds(1)});
         const auto outcome = authorize(*manager.sessionWithURL(Url()), PZFuture::future());

@@ -130,7 +130,7 @@ private Q_SLOTS:
         QCOMPARE(read(), Expected<QByteArray>(QByteArray("first")));
     }
 
-    void ofManyWritersOfOneNameOneIsTheFirst() {
+    void onlyOneOfManyConcurrentWritersWritesABlob() {
         std::vector<std::future<Expected<Written>>> writers;
         for (int i = 0; i < 8; ++i) {
             writers.push_back(std::async(std::launch::async, [this, i] {
@@ -155,7 +155,7 @@ private Q_SLOTS:
         QCOMPARE(list(QStringLiteral("transactions")), Expected<QStringList>(names));
     }
 
-    void aFolderThatIsNotThereIsEmpty() {
+    void aMissingFolderIsEmpty() {
         QCOMPARE(list(QStringLiteral("transactions/none")), Expected<QStringList>(QStringList()));
     }
 
@@ -228,7 +228,7 @@ private Q_SLOTS:
         QCOMPARE(code(m_store->open(m_future)), EngineErrorCode::BlobRefused);
     }
 
-    void whatIsNoNameIsRefused() {
+    void invalidNamesAreRefused() {
         for (const char *name : {"", "/etc/passwd", "databases/../x", "databases/x\ny"}) {
             QCOMPARE(code(read(QString::fromLatin1(name))), EngineErrorCode::BlobRefused);
         }
@@ -290,7 +290,7 @@ private Q_SLOTS:
         QCOMPARE(m_server->count(ListPath), 1);
     }
 
-    void ofManyWhoNeedAFreshTokenOneGetsItForAll() {
+    void concurrentRequestsRefreshAnExpiredTokenOnce() {
         write(DropboxBlob, "x");
         m_server->expireAccessTokens();
         std::vector<std::shared_ptr<BlobStore>> stores;
@@ -341,7 +341,7 @@ private Q_SLOTS:
         QCOMPARE(description(m_store->open(m_future)), QString());
     }
 
-    void aFreshTokenThatIsNotTakenEitherIsNotRefreshedForEver() {
+    void aRefreshedTokenThatIsRefusedIsNotRefreshedAgain() {
         m_server->setAnswer(ListPath, 401, R"({"error":{".tag":"missing_scope"}})");
         QVERIFY(
             description(m_store->open(m_future)).contains(QStringLiteral("is no longer valid")));
@@ -386,7 +386,7 @@ private Q_SLOTS:
         }
     }
 
-    void whoSendsTooManyRequestsWaitsAsLongAsTheServerSays_data() {
+    void retryAfterIsObeyed_data() {
         QTest::addColumn<QString>("path");
         QTest::addColumn<int>("status");
         QTest::newRow("upload") << UploadPath << 429;
@@ -394,7 +394,7 @@ private Q_SLOTS:
         QTest::newRow("unavailable") << UploadPath << 503;
     }
 
-    void whoSendsTooManyRequestsWaitsAsLongAsTheServerSays() {
+    void retryAfterIsObeyed() {
         QFETCH(QString, path);
         QFETCH(int, status);
         m_server->limitRate(path, 2, "1", status);
@@ -421,7 +421,7 @@ private Q_SLOTS:
         std::construct_at(&m_future);
     }
 
-    void aCancelledOperationSaysSo() {
+    void aCancelledOperationReportsItsCancellation() {
         EngineFuture cancelled;
         cancelled.cancel();
         QCOMPARE(code(m_store->read(DropboxBlob, DropboxLimit, cancelled)),

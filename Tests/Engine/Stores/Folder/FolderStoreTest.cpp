@@ -192,7 +192,7 @@ private Q_SLOTS:
         QCOMPARE(allNames(FolderBlob.section(u'/', 0, 1)), QStringList(QStringLiteral("1-a")));
     }
 
-    void ofManyWritersOfOneNameOneIsTheFirst() {
+    void onlyOneOfManyConcurrentWritersWritesABlob() {
         std::vector<std::future<Expected<Written>>> writers;
         for (int i = 0; i < 8; ++i) {
             writers.push_back(std::async(std::launch::async, [this, i] {
@@ -219,12 +219,12 @@ private Q_SLOTS:
                  Expected<QStringList>(names));
     }
 
-    void aFolderThatIsNotThereIsEmpty() {
+    void aMissingFolderIsEmpty() {
         QCOMPARE(m_store->list(QStringLiteral("transactions/none/of/it"), m_future),
                  Expected<QStringList>(QStringList()));
     }
 
-    void namesThatNoBlobMayHaveAreNotListed() {
+    void invalidNamesAreNotListed() {
         write(QStringLiteral("transactions/good"), "x");
         for (const QByteArray &name : {QByteArray("with\nbreak"), QByteArray(".hidden"),
                                        QByteArray("\xff\xfe"), QByteArray("bell\a")}) {
@@ -237,7 +237,7 @@ private Q_SLOTS:
         rmdir((QFile::encodeName(path()) + "/transactions/\xff\xfe").constData());
     }
 
-    void whatIsNoNameIsRefused_data() {
+    void invalidNamesAreRefused_data() {
         QTest::addColumn<QString>("name");
         QTest::newRow("empty") << QString();
         QTest::newRow("absolute") << QStringLiteral("/etc/passwd");
@@ -253,7 +253,7 @@ private Q_SLOTS:
         QTest::newRow("too long") << QStringLiteral("databases/") + QString(256, u'x');
     }
 
-    void whatIsNoNameIsRefused() {
+    void invalidNamesAreRefused() {
         QFETCH(QString, name);
         QCOMPARE(code(read(name)), EngineErrorCode::BlobRefused);
         QCOMPARE(code(write(name, "x")), EngineErrorCode::BlobRefused);
@@ -286,7 +286,7 @@ private Q_SLOTS:
                     .contains(QStringLiteral("too large")));
     }
 
-    void whatIsNoPlainFileIsRefused() {
+    void onlyPlainFilesAreRead() {
         QCOMPARE(
             mkfifo(QFile::encodeName(path(QStringLiteral("databases/fifo"))).constData(), 0600), 0);
         QVERIFY(QFile::link(QStringLiteral("/dev/zero"), path(QStringLiteral("databases/zero"))));
@@ -336,7 +336,7 @@ private Q_SLOTS:
         QVERIFY(read(FolderBlob));
     }
 
-    void aCancelledOperationSaysSo() {
+    void aCancelledOperationReportsItsCancellation() {
         EngineFuture cancelled;
         cancelled.cancel();
         QCOMPARE(code(m_store->read(FolderBlob, FolderLimit, cancelled)),
@@ -387,7 +387,7 @@ private Q_SLOTS:
         QVERIFY(description(result).contains(QStringLiteral("do not have permission")));
     }
 
-    void aStoreThatMayNotBeReadSaysSo() {
+    void anUnreadableStoreReportsAccessDenied() {
         QVERIFY(QFile::setPermissions(path(QStringLiteral("transactions")),
                                       QFileDevice::Permissions()));
         const Unprivileged unprivileged;
@@ -396,7 +396,7 @@ private Q_SLOTS:
         QVERIFY(text.contains(path(QStringLiteral("transactions"))));
     }
 
-    void aVolumeThatIsNotMountedSaysSo() {
+    void aVolumeThatIsNotMountedIsReported() {
         std::optional<PrivateVolume> custom;
         custom.emplace(QStringLiteral("/mnt"), 1 << 20);
         std::optional<PrivateVolume> stick;

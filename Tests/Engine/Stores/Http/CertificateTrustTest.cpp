@@ -79,7 +79,7 @@ private Q_SLOTS:
         QCOMPARE(question.refuseTitle, QStringLiteral("Do Not Trust"));
     }
 
-    void whoRefusesIsNotAskedAgainInThisRun() {
+    void aRefusedQuestionIsNotAskedAgainInThisRun() {
         QCOMPARE(open(), EngineErrorCode::CertificateUntrusted);
         QTRY_COMPARE(questions().size(), 1);
         QCoreApplication::processEvents();

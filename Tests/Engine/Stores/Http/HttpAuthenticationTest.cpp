@@ -162,7 +162,7 @@ private Q_SLOTS:
         QVERIFY(clientNonce(first) != clientNonce(second));
     }
 
-    void aUserNameThatCannotBeSentIsNot() {
+    void userNamesThatTheSchemeCannotExpressAreNotSent() {
         auto basic = HttpAuthentication::fromChallenges("Basic realm=\"x\"");
         auto digest = HttpAuthentication::fromChallenges(simpleDigest({}));
         QVERIFY(basic && digest);

@@ -245,7 +245,7 @@ private Q_SLOTS:
         QVERIFY(QFileInfo(file(QStringLiteral("databases"))).isDir());
     }
 
-    void whatIsNoStoreIsNotMadeOne() {
+    void aFolderThatIsNoStoreIsLeftAlone() {
         start({.authentication = Authentication::None});
         QVERIFY(QDir().mkpath(file(QStringLiteral("holiday pictures"))));
         QVERIFY(description(m_store->open(m_future))
