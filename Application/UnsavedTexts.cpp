@@ -11,6 +11,7 @@
 #include <filesystem>
 
 #include "Application/Interface/NoteLibrary.h"
+#include "Application/Interface/ProfileDatabaseName.h"
 #include "Platform/Foundation/DurableFile.h"
 #include "Platform/Foundation/ExactText.h"
 
@@ -47,7 +48,7 @@ Error journalError(const QString &description, const QString &reason) {
 /// Whether a text can be kept in `folder`. A profile's folder without its database is not one any
 /// more: files in it would prevent a new profile there.
 bool isUsable(const QString &folder, const QString &profileFolder) {
-    return folder == profileFolder ? QFile::exists(folder + QStringLiteral("/profile.sqlite"))
+    return folder == profileFolder ? QFile::exists(folder + u'/' + ProfileDatabaseName)
                                    : QDir().mkpath(folder);
 }
 

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include "Application/Interface/ProfileDatabaseName.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
@@ -128,7 +129,7 @@ Expected<void> verifyIntegrity(const ReadOnlyConnection &database, const QString
 ProfileBackups::ProfileBackups(const QString &directory) : ProfileBackups(directory, Limits()) {}
 
 ProfileBackups::ProfileBackups(const QString &directory, const Limits &limits)
-    : m_profile(QDir(directory).absoluteFilePath(ProfileFolder::DatabaseName)),
+    : m_profile(QDir(directory).absoluteFilePath(ProfileDatabaseName)),
       m_folder(QDir(directory).absoluteFilePath(FolderName)),
       m_limits(limits) {}
 

@@ -6,6 +6,7 @@
 #include <QtCore/QUuid>
 #include <QtSql/QSqlError>
 
+#include "Application/Interface/ProfileDatabaseName.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileFolder.h"
@@ -140,7 +141,7 @@ ProfileDatabase::~ProfileDatabase() {
 }
 
 QString ProfileDatabase::path() const {
-    return m_directory + u'/' + ProfileFolder::DatabaseName;
+    return m_directory + u'/' + ProfileDatabaseName;
 }
 
 Expected<void> ProfileDatabase::open(const QString &directory, const Changes &fill,

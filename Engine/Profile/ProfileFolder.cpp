@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "Application/Interface/ProfileDatabaseName.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Host/SyncStrings.h"
@@ -69,8 +70,9 @@ Expected<bool> hasFoldersOnly(const QString &path) {
 }  // namespace
 
 QStringList ProfileFolder::databaseFiles() {
-    return {DatabaseName, DatabaseName + QStringLiteral("-wal"),
-            DatabaseName + QStringLiteral("-shm"), DatabaseName + QStringLiteral("-journal")};
+    return {ProfileDatabaseName, ProfileDatabaseName + QStringLiteral("-wal"),
+            ProfileDatabaseName + QStringLiteral("-shm"),
+            ProfileDatabaseName + QStringLiteral("-journal")};
 }
 
 Expected<bool> ProfileFolder::isUnused(const QString &directory) {

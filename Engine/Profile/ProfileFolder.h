@@ -9,8 +9,6 @@
 /// never an empty folder.
 namespace ProfileFolder {
 
-/// The name of the database file.
-inline const QString DatabaseName = QStringLiteral("profile.sqlite");
 /// The name of the folder with the sync store of a new profile.
 inline const QString SyncStoresName = QStringLiteral("Sync Stores");
 

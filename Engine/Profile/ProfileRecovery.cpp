@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "Application/Interface/ProfileDatabaseName.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileLock.h"
@@ -18,7 +19,6 @@
 
 namespace {
 
-using ProfileFolder::DatabaseName;
 /// Begins the names of the folders that hold copies during a recovery.
 const QString UnfinishedPrefix = QStringLiteral(".velmora-recovery-");
 const QString RecoveryConnection = QStringLiteral("velmora-profile-recovery");
@@ -64,7 +64,7 @@ Expected<void> setAside(const QString &directory) {
 Expected<void> replace(const QString &directory, const QString &file) {
     return setAside(directory).and_then([&]() -> Expected<void> {
         if (!DurableFile::flush(file) ||
-            !DurableFile::rename(file, directory + u'/' + DatabaseName)) {
+            !DurableFile::rename(file, directory + u'/' + ProfileDatabaseName)) {
             return systemFailure(directory);
         }
         return {};
@@ -126,9 +126,9 @@ Expected<bool> copyFile(const QString &from, const QString &to) {
 /// Returns copies of the databases from which locations may be read, best first. SQLite writes
 /// beside a database that it reads, which must not happen to the originals.
 Expected<QStringList> sourcesOfLocations(const QString &directory, const QString &folder) {
-    const QString damaged = folder + u'/' + DatabaseName;
+    const QString damaged = folder + u'/' + ProfileDatabaseName;
     const QString backupCopy = folder + QStringLiteral("/backup");
-    Expected<bool> isReadable = QFileInfo::exists(directory + u'/' + DatabaseName);
+    Expected<bool> isReadable = QFileInfo::exists(directory + u'/' + ProfileDatabaseName);
     const QStringList files = filesOf(directory);
     for (const QString &file : files) {
         const bool isWorth = isReadable && *isReadable;
@@ -150,7 +150,7 @@ Expected<QStringList> sourcesOfLocations(const QString &directory, const QString
 }  // namespace
 
 bool ProfileRecovery::hasTraces(const QString &directory) {
-    const QString log = directory + u'/' + DatabaseName + QStringLiteral("-wal");
+    const QString log = directory + u'/' + ProfileDatabaseName + QStringLiteral("-wal");
     return QFileInfo(directory + u'/' + ProfileBackups::FolderName).isDir() ||
            QFileInfo(directory + u'/' + FolderName).isDir() || QFileInfo(log).size() > 0;
 }
@@ -173,7 +173,7 @@ Expected<void> ProfileRecovery::restoreBackup(const QString &directory) {
                         directory));
     }
     const QTemporaryDir folder(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
-    const QString copy = folder.filePath(DatabaseName);
+    const QString copy = folder.filePath(ProfileDatabaseName);
     if (!folder.isValid() || !DurableFile::copy(backup->path, copy)) {
         return systemFailure(directory);
     }
@@ -191,7 +191,7 @@ Expected<bool> ProfileRecovery::begin(
     if (!folder.isValid() || !copies.isValid()) {
         return systemFailure(directory);
     }
-    const QString path = folder.filePath(DatabaseName);
+    const QString path = folder.filePath(ProfileDatabaseName);
     return create(folder.path())
         .and_then([&] { return sourcesOfLocations(directory, copies.path()); })
         .and_then([&](const QStringList &sources) {

@@ -7,6 +7,7 @@
 #include <QtCore/QVariant>
 #include <QtSql/QSqlError>
 
+#include "Application/Interface/ProfileDatabaseName.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
@@ -19,7 +20,7 @@ namespace {
 constexpr std::chrono::seconds CreationTimeout(10);
 constexpr std::chrono::milliseconds RetryInterval(20);
 
-const QString DatabaseFile = u'/' + ProfileFolder::DatabaseName;
+const QString DatabaseFile = u'/' + ProfileDatabaseName;
 
 bool isInUse(const Error &error) {
     return error.code == static_cast<int>(EngineErrorCode::ProfileInUse);
