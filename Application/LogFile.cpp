@@ -18,14 +18,18 @@ QString logFileText(const char *text) {
     return QCoreApplication::translate("LogFile", text);
 }
 
-/// Reads up to `limit` bytes from the end of the file.
-QByteArray endOf(int file, qint64 size, qint64 limit) {
+/// Reads up to `limit` bytes from the end of the file. Fails with the system's text.
+tl::expected<QByteArray, QString> endOf(int file, qint64 size, qint64 limit) {
     QFile reader;
-    if (!reader.open(file, QIODevice::ReadOnly, QFileDevice::DontCloseHandle)) {
-        return {};
+    QByteArray contents;
+    if (reader.open(file, QIODevice::ReadOnly, QFileDevice::DontCloseHandle) &&
+        reader.seek(std::max<qint64>(0, size - limit))) {
+        contents = reader.read(limit);
     }
-    reader.seek(std::max<qint64>(0, size - limit));
-    return reader.read(limit);
+    if (reader.error() != QFile::NoError) {
+        return tl::unexpected(reader.errorString());
+    }
+    return contents;
 }
 
 }  // namespace
@@ -55,18 +59,20 @@ Expected<QByteArray> LogFile::openForAppending(const QString &path) {
         O_RDWR | O_CREAT | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR));
     struct stat status {};
     if (!m_file.isValid() || fstat(m_file.number(), &status) != 0) {
-        return failure(error());
+        return failure(systemFailure(errno));
     }
     if (!S_ISREG(status.st_mode) || fchmod(m_file.number(), S_IRUSR | S_IWUSR) != 0) {
-        errno = S_ISREG(status.st_mode) ? errno : EINVAL;
-        const Error refused = error();
+        const Error refused = systemFailure(S_ISREG(status.st_mode) ? errno : EINVAL);
         m_file = FileDescriptor();
         return failure(refused);
     }
     m_size = status.st_size;
-    const QByteArray contents = endOf(m_file.number(), m_size, Limit);
-    m_isTorn = !contents.isEmpty() && !contents.endsWith('\n');
-    return contents;
+    return endOf(m_file.number(), m_size, Limit)
+        .map_error([&](const QString &reason) { return notSaved(reason); })
+        .map([&](const QByteArray &contents) {
+            m_isTorn = !contents.isEmpty() && !contents.endsWith('\n');
+            return contents;
+        });
 }
 
 Expected<void> LogFile::append(const LogEntry &entry) {
@@ -77,24 +83,29 @@ Expected<void> LogFile::append(const LogEntry &entry) {
     m_isTorn = written != line.size();
     m_size += std::max<ssize_t>(0, written);
     if (m_isTorn) {
-        errno = written < 0 ? errno : ENOSPC;
-        return failure(error());
+        return failure(systemFailure(written < 0 ? errno : ENOSPC));
     }
     return m_size > Limit ? shorten() : Expected<void>();
 }
 
 Expected<void> LogFile::shorten() {
-    const QByteArray contents = endOf(m_file.number(), m_size, Limit / 2);
-    if (!DurableFile::write(m_path, contents.mid(contents.indexOf('\n') + 1))) {
-        return failure(error());
+    const auto newer = endOf(m_file.number(), m_size, Limit / 2);
+    if (!newer) {
+        return failure(notSaved(newer.error()));
     }
-    return openForAppending(m_path).map([](const QByteArray &) {});
+    return DurableFile::write(m_path, newer->mid(newer->indexOf('\n') + 1))
+        .map_error([&](const Error &error) { return notSaved(error.localizedFailureReason); })
+        .and_then([&] { return openForAppending(m_path).map([](const QByteArray &) {}); });
 }
 
-Error LogFile::error() const {
+Error LogFile::systemFailure(int number) const {
+    return notSaved(QString::fromLocal8Bit(std::strerror(number)));
+}
+
+Error LogFile::notSaved(const QString &reason) const {
     return {.domain = QStringLiteral("Velmora"),
             .localizedDescription =
                 logFileText("The log cannot be saved in the file “%1” (%2). Check its permissions "
                             "and the space on its disk.")
-                    .arg(m_path, QString::fromLocal8Bit(std::strerror(errno)))};
+                    .arg(m_path, reason)};
 }

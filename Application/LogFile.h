@@ -16,7 +16,7 @@ public:
     static constexpr qint64 Limit = 2LL << 20;
 
     /// Opens or creates the file `path` and returns its entries, oldest first. Lines that are no
-    /// entries are ignored. Fails if the file is not a plain file of the user.
+    /// entries are ignored. Fails if the file is not a plain file of the user or cannot be read.
     Expected<QList<LogEntry>> open(const QString &path);
     /// Appends an entry. Fails if the file is not open.
     Expected<void> append(const LogEntry &entry);
@@ -25,7 +25,9 @@ private:
     Expected<QByteArray> openForAppending(const QString &path);
     /// Removes the older half.
     Expected<void> shorten();
-    Error error() const;
+    /// Returns the error for the errno value `number`.
+    Error systemFailure(int number) const;
+    Error notSaved(const QString &reason) const;
 
     QString m_path;
     FileDescriptor m_file;

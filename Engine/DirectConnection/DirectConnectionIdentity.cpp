@@ -26,10 +26,12 @@ using Certificate = std::unique_ptr<X509, decltype(&X509_free)>;
 using Memory = std::unique_ptr<BIO, decltype(&BIO_free)>;
 
 /// Returns a certificate for `key` that does not expire (RFC 5280, section 4.1.2.5) and identifies
-/// no user or host.
+/// no user or host; null if OpenSSL fails.
 Certificate selfSigned(EVP_PKEY *key) {
     std::array<unsigned char, 16> serial{};
-    RAND_bytes(serial.data(), serial.size());
+    if (RAND_bytes(serial.data(), serial.size()) != 1) {
+        return {nullptr, &X509_free};
+    }
     serial[0] &= 0x7f;
     Certificate certificate(X509_new(), &X509_free);
     X509_set_version(certificate.get(), X509_VERSION_3);
@@ -47,8 +49,15 @@ Certificate selfSigned(EVP_PKEY *key) {
                                                                : Certificate(nullptr, &X509_free);
 }
 
-/// Returns a new key and its certificate in PEM; empty if OpenSSL fails.
-QByteArray newIdentity() {
+Error notCreated(const QString &path) {
+    return engineError(EngineErrorCode::ServerUnusable,
+                       "The certificate “%1” of this computer could not be created. Check the "
+                       "permissions of the profile folder.",
+                       path);
+}
+
+/// Returns a new key and its certificate in PEM for the file `path`.
+Expected<QByteArray> newIdentity(const QString &path) {
     const Key key(EVP_EC_gen("P-256"), &EVP_PKEY_free);
     const Certificate certificate = key ? selfSigned(key.get()) : Certificate(nullptr, &X509_free);
     const Memory memory(BIO_new(BIO_s_mem()), &BIO_free);
@@ -56,21 +65,27 @@ QByteArray newIdentity() {
         PEM_write_bio_PrivateKey(memory.get(), key.get(), nullptr, nullptr, 0, nullptr, nullptr) !=
             1 ||
         PEM_write_bio_X509(memory.get(), certificate.get()) != 1) {
-        return {};
+        return failure(notCreated(path));
     }
     char *text = nullptr;
     const long size = BIO_get_mem_data(memory.get(), &text);
     return QByteArray(text, size);
 }
 
-bool create(const QString &path) {
-    const QByteArray identity = newIdentity();
-    return !identity.isEmpty() && DurableFile::write(path, identity);
+Expected<void> create(const QString &path) {
+    return newIdentity(path).and_then([&](const QByteArray &identity) {
+        return DurableFile::write(path, identity).map_error([&](const Error &cause) {
+            Error error = notCreated(path);
+            error.localizedFailureReason = cause.localizedFailureReason;
+            return error;
+        });
+    });
 }
 
 Expected<QByteArray> contentsOf(const QString &path) {
     QFile file(path);
-    // A copy of the profile may have other permissions.
+    // A copy of the profile may have other permissions. If they cannot be changed, the user was
+    // told so when the profile was opened (ProfilePermissions).
     file.setPermissions(OwnerOnly);
     QByteArray contents;
     if (file.open(QIODevice::ReadOnly)) {
@@ -90,14 +105,8 @@ Expected<QByteArray> contentsOf(const QString &path) {
 
 Expected<DirectConnectionIdentity> DirectConnectionIdentity::load(const QString &directory) {
     const QString path = directory + QStringLiteral("/Direct Connection.pem");
-    if (!QFileInfo::exists(path) && !create(path)) {
-        return failure(
-            engineError(EngineErrorCode::ServerUnusable,
-                        "The certificate “%1” of this computer could not be created. Check the "
-                        "permissions of the profile folder.",
-                        path));
-    }
-    const Expected<QByteArray> contents = contentsOf(path);
+    const Expected<void> created = QFileInfo::exists(path) ? Expected<void>() : create(path);
+    const Expected<QByteArray> contents = created.and_then([&] { return contentsOf(path); });
     if (!contents) {
         return failure(contents.error());
     }

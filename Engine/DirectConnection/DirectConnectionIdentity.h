@@ -18,7 +18,8 @@ struct DirectConnectionIdentity {
     /// Loads the identity of the profile in `directory`, or creates one if there is no file. Blocks
     /// for file access. Thread-safe. Fails if the file cannot be created or read, or is damaged; a
     /// damaged file is not replaced, because no paired client would recognize another key. Other
-    /// users' access to the file is removed. Has the code ServerUnusable.
+    /// users' access to the file is removed if the file system can do so; if not, the profile was
+    /// reported when it was opened. Errors have the code ServerUnusable.
     static Expected<DirectConnectionIdentity> load(const QString &directory);
 
     /// Returns the SHA-256 (32 bytes) of a certificate in DER.

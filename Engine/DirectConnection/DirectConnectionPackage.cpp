@@ -71,12 +71,16 @@ DirectConnectionPackage::DirectConnectionPackage(const QString &path,
 
 Expected<void> DirectConnectionPackage::make() const {
     for (const QString &folder : SyncStoreLayout::foldersOfStore(m_path)) {
-        if (!QFileInfo(folder).isDir() && !FileManager::createDirectory(folder)) {
-            return failure(
-                engineError(EngineErrorCode::ServerUnusable,
-                            "The sync store “%1” could not be created. Check the permissions of "
-                            "the folder that contains it.",
-                            m_path));
+        if (QFileInfo(folder).isDir()) {
+            continue;
+        }
+        if (const Expected<void> made = FileManager::createDirectory(folder); !made) {
+            Error error = engineError(EngineErrorCode::ServerUnusable,
+                                      "The sync store “%1” could not be created. Check the "
+                                      "permissions of the folder that contains it.",
+                                      m_path);
+            error.localizedFailureReason = made.error().localizedFailureReason;
+            return failure(error);
         }
     }
     return {};

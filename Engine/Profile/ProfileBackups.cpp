@@ -197,10 +197,11 @@ Expected<void> ProfileBackups::make(const QDate &today, const std::atomic_bool *
 Expected<void> ProfileBackups::publish(const QString &unfinished, const QString &path,
                                        const Check &check) const {
     return check().and_then([&]() -> Expected<void> {
-        if (!DurableFile::flush(unfinished) || !DurableFile::rename(unfinished, path)) {
-            return notMade(m_profile, systemReason());
-        }
-        return {};
+        return DurableFile::flush(unfinished)
+            .and_then([&] { return DurableFile::rename(unfinished, path); })
+            .map_error([&](const Error &error) {
+                return notMade(m_profile, error.localizedFailureReason).value();
+            });
     });
 }
 
@@ -225,8 +226,8 @@ Expected<void> ProfileBackups::checkSpace() const {
 Expected<void> ProfileBackups::writeCopy(const QString &path,
                                          const std::atomic_bool *isCancelled) const {
     // SQLite writes into an empty file, which keeps its permissions.
-    if (!DurableFile::create(path)) {
-        return notMade(m_profile, systemReason());
+    if (const Expected<void> created = DurableFile::create(path); !created) {
+        return notMade(m_profile, created.error().localizedFailureReason);
     }
     const auto profile =
         ReadOnlyConnection::open(m_profile, ReadOnlyConnection::Sharing::Shared, isCancelled);

@@ -23,10 +23,15 @@ namespace {
 const QString UnfinishedPrefix = QStringLiteral(".velmora-recovery-");
 const QString RecoveryConnection = QStringLiteral("velmora-profile-recovery");
 
-tl::unexpected<Error> systemFailure(const QString &path) {
-    return failure(engineError(EngineErrorCode::BackupFailed,
-                               localizedSyncString("The profile “%1” could not be replaced: %2")
-                                   .arg(path, QString::fromLocal8Bit(std::strerror(errno)))));
+Error notReplaced(const QString &path, const QString &reason) {
+    return engineError(
+        EngineErrorCode::BackupFailed,
+        localizedSyncString("The profile “%1” could not be replaced: %2").arg(path, reason));
+}
+
+/// Returns the conversion of an error of the system into notReplaced().
+auto toNotReplaced(const QString &path) {
+    return [path](const Error &error) { return notReplaced(path, error.localizedFailureReason); };
 }
 
 /// Returns the files of the database: SQLite would apply a log that is left behind to the next
@@ -49,25 +54,25 @@ Expected<void> setAside(const QString &directory) {
     const QString name =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH-mm-ss-zzz"));
     const QString folder = directory + u'/' + ProfileRecovery::FolderName + u'/' + name;
-    if (!QDir().mkpath(folder) || !DurableFile::flush(QFileInfo(folder).path())) {
-        return systemFailure(directory);
+    if (!QDir().mkpath(folder)) {
+        return failure(notReplaced(directory, QString::fromLocal8Bit(std::strerror(errno))));
     }
+    Expected<void> done = DurableFile::flush(QFileInfo(folder).path());
     for (const QString &file : files) {
-        if (!DurableFile::rename(directory + u'/' + file, folder + u'/' + file)) {
-            return systemFailure(directory);
-        }
+        done = done.and_then(
+            [&] { return DurableFile::rename(directory + u'/' + file, folder + u'/' + file); });
     }
-    return DurableFile::flush(directory) ? Expected<void>() : systemFailure(directory);
+    return done.and_then([&] { return DurableFile::flush(directory); })
+        .map_error(toNotReplaced(directory));
 }
 
 /// Puts the complete and closed database `file` in the place of the profile's.
 Expected<void> replace(const QString &directory, const QString &file) {
-    return setAside(directory).and_then([&]() -> Expected<void> {
-        if (!DurableFile::flush(file) ||
-            !DurableFile::rename(file, directory + u'/' + ProfileDatabaseName)) {
-            return systemFailure(directory);
-        }
-        return {};
+    return setAside(directory).and_then([&] {
+        return DurableFile::flush(file)
+            .and_then(
+                [&] { return DurableFile::rename(file, directory + u'/' + ProfileDatabaseName); })
+            .map_error(toNotReplaced(directory));
     });
 }
 
@@ -114,13 +119,11 @@ bool copyLocationsFrom(const QStringList &sources, const QString &target) {
 
 /// Copies a file. A file that cannot be read is none; a copy that cannot be written is an error.
 Expected<bool> copyFile(const QString &from, const QString &to) {
-    if (DurableFile::copy(from, to)) {
-        return true;
+    const Expected<void> copied = DurableFile::copy(from, to);
+    if (!copied && (copied.error().code == ENOSPC || copied.error().code == EDQUOT)) {
+        return failure(toNotReplaced(QFileInfo(to).path())(copied.error()));
     }
-    if (errno == ENOSPC || errno == EDQUOT) {
-        return systemFailure(QFileInfo(to).path());
-    }
-    return false;
+    return copied.has_value();
 }
 
 /// Returns copies of the databases from which locations may be read, best first. SQLite writes
@@ -174,10 +177,13 @@ Expected<void> ProfileRecovery::restoreBackup(const QString &directory) {
     }
     const QTemporaryDir folder(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
     const QString copy = folder.filePath(ProfileDatabaseName);
-    if (!folder.isValid() || !DurableFile::copy(backup->path, copy)) {
-        return systemFailure(directory);
+    if (!folder.isValid()) {
+        return failure(notReplaced(directory, folder.errorString()));
     }
-    return ProfileBackups::verify(copy).and_then([&] { return replace(directory, copy); });
+    return DurableFile::copy(backup->path, copy)
+        .map_error(toNotReplaced(directory))
+        .and_then([&] { return ProfileBackups::verify(copy); })
+        .and_then([&] { return replace(directory, copy); });
 }
 
 Expected<bool> ProfileRecovery::begin(
@@ -189,7 +195,7 @@ Expected<bool> ProfileRecovery::begin(
     const QTemporaryDir folder(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
     const QTemporaryDir copies(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
     if (!folder.isValid() || !copies.isValid()) {
-        return systemFailure(directory);
+        return failure(notReplaced(directory, (folder.isValid() ? copies : folder).errorString()));
     }
     const QString path = folder.filePath(ProfileDatabaseName);
     return create(folder.path())

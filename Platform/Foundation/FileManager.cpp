@@ -4,22 +4,18 @@
 
 #include <QtCore/QFile>
 #include <cerrno>
-#include <cstring>
 
 #include "Platform/Foundation/Localization.h"
+#include "Platform/Foundation/SystemError.h"
 
 Expected<void> FileManager::createDirectory(const QString &path) {
     if (mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0) {
         return {};
     }
     const int number = errno;
-    return failure(
-        {.domain = ErrorDomain,
-         .code = number,
-         .localizedDescription =
-             localizedString(PlatformTable,
-                             "The folder “%1” could not be created. Check the permissions of the "
-                             "folder that contains it, or choose another one.")
-                 .arg(path),
-         .localizedFailureReason = QString::fromLocal8Bit(std::strerror(number))});
+    return failure(systemError(
+        number, localizedString(PlatformTable,
+                                "The folder “%1” could not be created. Check the permissions of "
+                                "the folder that contains it, or choose another one.")
+                    .arg(path)));
 }

@@ -5,12 +5,9 @@
 #include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
 
-/// File system operations that return an error for the user. Thread-safe. They block for the time
-/// that the file system takes.
+/// File system operations that return an error for the user, of SystemErrorDomain. Thread-safe.
+/// They block for the time that the file system takes.
 namespace FileManager {
-
-/// The domain of the errors. The codes are those of errno(3).
-inline const QString ErrorDomain = QStringLiteral("POSIXErrorDomain");
 
 /// Creates one directory, which only its owner can access. Returns an error if anything of that
 /// name exists already, if the parent directory does not exist, or if the file system refuses. The

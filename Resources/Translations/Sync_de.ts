@@ -1643,6 +1643,14 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>morgen um %1</translation>
     </message>
     <message>
+        <source>The file “%1” could not be written. Check its permissions and the space on its disk.</source>
+        <translation>Die Datei „%1“ konnte nicht geschrieben werden. Prüfen Sie ihre Zugriffsrechte und den Platz auf ihrem Datenträger.</translation>
+    </message>
+    <message>
+        <source>The file “%1” could not be read. Check its permissions and its disk.</source>
+        <translation>Die Datei „%1“ konnte nicht gelesen werden. Prüfen Sie ihre Zugriffsrechte und ihren Datenträger.</translation>
+    </message>
+    <message>
         <source>The folder “%1” could not be created. Check the permissions of the folder that contains it, or choose another one.</source>
         <translation>Der Ordner „%1“ konnte nicht angelegt werden. Prüfen Sie die Zugriffsrechte des übergeordneten Ordners oder wählen Sie einen anderen.</translation>
     </message>
