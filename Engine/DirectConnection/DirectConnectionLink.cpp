@@ -73,7 +73,7 @@ Expected<void> DirectConnectionLink::connect(const QString &host, quint16 port,
         return failure(addresses.error());
     }
     for (const addrinfo *address = addresses->get(); address; address = address->ai_next) {
-        if (connectTo(*address, future)) {
+        if (const Expected<void> connected = connectTo(*address, future); connected) {
             return startEncryption(future);
         }
         disconnect();
@@ -81,22 +81,26 @@ Expected<void> DirectConnectionLink::connect(const QString &host, quint16 port,
     return failure(unreachable(host));
 }
 
-bool DirectConnectionLink::connectTo(const addrinfo &address, const EngineFuture &future) {
+Expected<void> DirectConnectionLink::connectTo(const addrinfo &address,
+                                               const EngineFuture &future) {
     m_socket = socket(address.ai_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-    if (m_socket < 0) {
-        return false;
-    }
-    if (::connect(m_socket, address.ai_addr, address.ai_addrlen) != 0 && errno != EINPROGRESS) {
-        return false;
-    }
-    if (!waitFor(POLLOUT, QDeadlineTimer(ConnectionTimeout), future)) {
-        return false;
-    }
+    const bool isStarted =
+        m_socket >= 0 &&
+        (::connect(m_socket, address.ai_addr, address.ai_addrlen) == 0 || errno == EINPROGRESS);
     int problem = 0;
     socklen_t size = sizeof problem;
+    if (!isStarted || !waitFor(POLLOUT, QDeadlineTimer(ConnectionTimeout), future) ||
+        getsockopt(m_socket, SOL_SOCKET, SO_ERROR, &problem, &size) != 0 || problem != 0) {
+        return failure(unreachable(m_host));
+    }
     const int immediately = 1;
     setsockopt(m_socket, IPPROTO_TCP, TCP_NODELAY, &immediately, sizeof immediately);
-    return getsockopt(m_socket, SOL_SOCKET, SO_ERROR, &problem, &size) == 0 && problem == 0;
+    return {};
+}
+
+Error DirectConnectionLink::lost() const {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "The connection to “%1” was lost. Try again.", m_host);
 }
 
 Expected<void> DirectConnectionLink::startEncryption(const EngineFuture &future) {
@@ -131,34 +135,34 @@ Expected<DirectConnectionMessage::Received> DirectConnectionLink::exchange(
     m_idleTimeout = timeouts.idle;
     m_end = QDeadlineTimer(timeouts.total);
     noteProgress();
-    std::optional<DirectConnectionMessage::Received> answer;
-    if (isConnected() && send(DirectConnectionMessage::encode(request), future)) {
-        answer = receiveMessage(limit, future);
-    }
-    if (!answer) {
-        disconnect();
-        return failure(engineError(EngineErrorCode::StoreUnreachable,
-                                   "The connection to “%1” was lost. Try again.", m_host));
-    }
-    return std::move(*answer);
+    return (isConnected() ? send(DirectConnectionMessage::encode(request), future)
+                          : failure(lost()))
+        .and_then([&] { return receiveMessage(limit, future); })
+        .map_error([&](const Error &error) {
+            disconnect();
+            return error;
+        });
 }
 
 void DirectConnectionLink::noteProgress() {
     m_deadline = std::min(QDeadlineTimer(m_idleTimeout), m_end);
 }
 
-std::optional<DirectConnectionMessage::Received> DirectConnectionLink::receiveMessage(
+Expected<DirectConnectionMessage::Received> DirectConnectionLink::receiveMessage(
     qsizetype limit, const EngineFuture &future) {
-    const std::optional<QByteArray> start = receive(DirectConnectionMessage::LengthSize, future);
-    const qsizetype length = start ? DirectConnectionMessage::length(*start) : 0;
-    if (!start || length > limit) {
-        return std::nullopt;
-    }
-    std::optional<QByteArray> body = receive(length, future);
-    return body ? DirectConnectionMessage::decode(std::move(*body)) : std::nullopt;
+    return receive(DirectConnectionMessage::LengthSize, future)
+        .map(DirectConnectionMessage::length)
+        .and_then([&](qsizetype length) {
+            return length <= limit ? receive(length, future) : failure(lost());
+        })
+        .and_then([&](QByteArray &&body) -> Expected<DirectConnectionMessage::Received> {
+            auto message = DirectConnectionMessage::decode(std::move(body));
+            return message ? Expected<DirectConnectionMessage::Received>(std::move(*message))
+                           : failure(lost());
+        });
 }
 
-bool DirectConnectionLink::send(const QByteArray &bytes, const EngineFuture &future) {
+Expected<void> DirectConnectionLink::send(const QByteArray &bytes, const EngineFuture &future) {
     qsizetype sent = 0;
     while (sent < bytes.size()) {
         size_t count = 0;
@@ -169,14 +173,13 @@ bool DirectConnectionLink::send(const QByteArray &bytes, const EngineFuture &fut
             sent += static_cast<qsizetype>(count);
             noteProgress();
         } else if (!waitToGoOn(result, m_deadline, future)) {
-            return false;
+            return failure(lost());
         }
     }
-    return true;
+    return {};
 }
 
-std::optional<QByteArray> DirectConnectionLink::receive(qsizetype count,
-                                                        const EngineFuture &future) {
+Expected<QByteArray> DirectConnectionLink::receive(qsizetype count, const EngineFuture &future) {
     QByteArray bytes(count, Qt::Uninitialized);
     qsizetype received = 0;
     while (received < count) {
@@ -188,7 +191,7 @@ std::optional<QByteArray> DirectConnectionLink::receive(qsizetype count,
             received += static_cast<qsizetype>(read);
             noteProgress();
         } else if (!waitToGoOn(result, m_deadline, future)) {
-            return std::nullopt;
+            return failure(lost());
         }
     }
     return bytes;

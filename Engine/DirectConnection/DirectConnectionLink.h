@@ -7,7 +7,6 @@
 #include <QtCore/QString>
 #include <chrono>
 #include <memory>
-#include <optional>
 
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/Foundation/EngineFuture.h"
@@ -57,20 +56,22 @@ public:
     void disconnect();
 
 private:
+    /// Returns the error for a connection that does not work any more.
+    Error lost() const;
     /// Connects to one address.
-    bool connectTo(const addrinfo &address, const EngineFuture &future);
+    Expected<void> connectTo(const addrinfo &address, const EngineFuture &future);
     /// Performs the TLS handshake and stores the fingerprint.
     Expected<void> startEncryption(const EngineFuture &future);
-    /// Sends all `bytes`; returns false on failure, timeout or cancellation.
-    bool send(const QByteArray &bytes, const EngineFuture &future);
-    /// Receive exactly `count` bytes or one message; return an empty optional on failure, timeout
-    /// or cancellation.
-    std::optional<QByteArray> receive(qsizetype count, const EngineFuture &future);
-    std::optional<DirectConnectionMessage::Received> receiveMessage(qsizetype limit,
-                                                                    const EngineFuture &future);
+    /// Sends all `bytes`. Fails also on timeout or cancellation.
+    Expected<void> send(const QByteArray &bytes, const EngineFuture &future);
+    /// Receive exactly `count` bytes or one message. Fail also on timeout or cancellation.
+    Expected<QByteArray> receive(qsizetype count, const EngineFuture &future);
+    Expected<DirectConnectionMessage::Received> receiveMessage(qsizetype limit,
+                                                               const EngineFuture &future);
     /// Restarts the idle deadline, which is never later than the end of the exchange.
     void noteProgress();
-    /// Wait until the socket is ready again; return false on failure, timeout or cancellation.
+    /// Wait until the socket is ready again, and return whether it is: not after a failure, the
+    /// deadline or a cancellation.
     bool waitToGoOn(int result, QDeadlineTimer deadline, const EngineFuture &future) const;
     bool waitFor(short events, QDeadlineTimer deadline, const EngineFuture &future) const;
 

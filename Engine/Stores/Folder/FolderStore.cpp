@@ -28,6 +28,19 @@ const QByteArray UnfinishedPrefix = QByteArrayLiteral(".new-");
 /// No process takes longer to write a file.
 constexpr time_t SecondsUntilLeftOver = time_t(24) * 60 * 60;
 
+/// The result of a call of the system: its value, or the errno value.
+template <class Value>
+using SystemResult = tl::expected<Value, int>;
+
+/// Returns the error of the last call of the system.
+tl::unexpected<int> systemFailure() {
+    return tl::unexpected<int>(errno);
+}
+
+SystemResult<void> resultOf(bool hasSucceeded) {
+    return hasSucceeded ? SystemResult<void>() : systemFailure();
+}
+
 QString lastPart(const QString &name) {
     return name.section(u'/', -1);
 }
@@ -37,75 +50,75 @@ bool isMissing(const Error &error) {
 }
 
 /// Reads to the end of a file of about `size` bytes, but no more than one byte beyond `limit`.
-/// Returns 0, or the errno value.
-int readAll(int file, qint64 size, qint64 limit, QByteArray *contents) {
+SystemResult<QByteArray> readAll(int file, qint64 size, qint64 limit) {
     // No more memory is allocated than the file has, unless it grows meanwhile.
-    contents->resize(std::min(std::max<qint64>(size, 4096), limit) + 1);
+    QByteArray contents(std::min(std::max<qint64>(size, 4096), limit) + 1, Qt::Uninitialized);
     qsizetype done = 0;
-    while (done < contents->size()) {
+    while (done < contents.size()) {
         const ssize_t count =
-            ::read(file, contents->data() + done, static_cast<size_t>(contents->size() - done));
+            ::read(file, contents.data() + done, static_cast<size_t>(contents.size() - done));
         if (count < 0 && errno != EINTR) {
-            return errno;
+            return systemFailure();
         }
         if (count == 0) {
             break;
         }
         done += std::max<ssize_t>(count, 0);
-        if (done == contents->size() && done <= limit) {
-            contents->resize(std::min(2 * done, limit + 1));
+        if (done == contents.size() && done <= limit) {
+            contents.resize(std::min(2 * done, limit + 1));
         }
     }
-    contents->truncate(done);
-    return 0;
+    contents.truncate(done);
+    return contents;
 }
 
-/// Returns 0, or the errno value.
-int writeAll(int file, const QByteArray &contents) {
+SystemResult<void> writeAll(int file, const QByteArray &contents) {
     qsizetype written = 0;
     while (written < contents.size()) {
         const ssize_t count = ::write(file, contents.constData() + written,
                                       static_cast<size_t>(contents.size() - written));
         if (count < 0 && errno != EINTR) {
-            return errno;
+            return systemFailure();
         }
         written += std::max<ssize_t>(count, 0);
     }
-    return fdatasync(file) == 0 ? 0 : errno;
+    return resultOf(fdatasync(file) == 0);
 }
 
-/// Makes the entries of an open folder durable. Returns 0, or the errno value.
-int synchronizeFolder(int folder) {
+/// Makes the entries of an open folder durable.
+SystemResult<void> synchronizeFolder(int folder) {
     // Some file systems cannot synchronize a folder, and need not.
-    return fsync(folder) == 0 || errno == EINVAL || errno == ENOTSUP ? 0 : errno;
+    return resultOf(fsync(folder) == 0 || errno == EINVAL || errno == ENOTSUP);
 }
 
 /// Gives a new item the permissions of the folder that contains it, as far as `mask` allows. If the
-/// file system has no such permissions, the item remains accessible to its owner only. Returns 0,
-/// or the errno value.
-int inheritPermissions(int item, int folder, mode_t mask) {
+/// file system has no such permissions, the item remains accessible to its owner only.
+SystemResult<void> inheritPermissions(int item, int folder, mode_t mask) {
     struct stat status = {};
-    if (fstat(folder, &status) != 0) {
-        return errno;
-    }
-    const bool isDone = fchmod(item, status.st_mode & mask) == 0 || errno == EPERM ||
-                        errno == EACCES || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
-    return isDone ? 0 : errno;
+    return resultOf(fstat(folder, &status) == 0 &&
+                    (fchmod(item, status.st_mode & mask) == 0 || errno == EPERM ||
+                     errno == EACCES || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS));
 }
 
-/// Creates the folder `name` unless it exists, and makes it durable. Returns 0, or the errno value.
-int makeFolder(int parent, const QByteArray &name) {
+SystemResult<FileDescriptor> openFolder(int parent, const QByteArray &name) {
+    FileDescriptor folder(openat(parent, name.constData(), FolderFlags | O_NOFOLLOW));
+    return folder.isValid() ? SystemResult<FileDescriptor>(std::move(folder)) : systemFailure();
+}
+
+/// Creates the folder `name` unless it exists, and makes it durable.
+SystemResult<void> makeFolder(int parent, const QByteArray &name) {
     if (mkdirat(parent, name.constData(), S_IRWXU) == 0) {
-        const FileDescriptor made(openat(parent, name.constData(), FolderFlags | O_NOFOLLOW));
-        const int number =
-            made.isValid() ? inheritPermissions(made.number(), parent, FolderPermissions) : errno;
-        if (number != 0) {
+        const SystemResult<void> done =
+            openFolder(parent, name).and_then([&](const FileDescriptor &made) {
+                return inheritPermissions(made.number(), parent, FolderPermissions);
+            });
+        if (!done) {
             // Others who use the package could never read what is in it.
             unlinkat(parent, name.constData(), AT_REMOVEDIR);
-            return number;
+            return done;
         }
     } else if (errno != EEXIST) {
-        return errno;
+        return systemFailure();
     }
     return synchronizeFolder(parent);
 }
@@ -121,26 +134,35 @@ QByteArray unfinishedName() {
     return UnfinishedPrefix + QUuid::createUuid().toByteArray(QUuid::Id128);
 }
 
-/// Returns the time by the clock of the file system, which may be that of a server, or an empty
-/// optional if the folder is not writable.
-std::optional<time_t> currentTime(int folder) {
+/// Creates a file that is not finished yet.
+SystemResult<FileDescriptor> createUnfinished(int folder, const QByteArray &name) {
+    FileDescriptor file(openat(folder, name.constData(),
+                               O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                               S_IRUSR | S_IWUSR));
+    return file.isValid() ? SystemResult<FileDescriptor>(std::move(file)) : systemFailure();
+}
+
+/// Returns the time by the clock of the file system, which may be that of a server. Fails if the
+/// folder is not writable.
+SystemResult<time_t> currentTime(int folder) {
     const QByteArray name = unfinishedName();
-    const FileDescriptor file(openat(folder, name.constData(),
-                                     O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                                     S_IRUSR | S_IWUSR));
-    if (!file.isValid()) {
-        return {};
-    }
-    struct stat status = {};
-    const bool isDone = ::write(file.number(), "", 1) == 1 && fstat(file.number(), &status) == 0;
-    unlinkat(folder, name.constData(), 0);
-    return isDone ? std::optional(status.st_mtime) : std::nullopt;
+    return createUnfinished(folder, name).and_then([&](const FileDescriptor &file) {
+        struct stat status = {};
+        const SystemResult<void> done =
+            resultOf(::write(file.number(), "", 1) == 1 && fstat(file.number(), &status) == 0);
+        unlinkat(folder, name.constData(), 0);
+        return done.map([&] { return status.st_mtime; });
+    });
 }
 
 /// Removes those of the unfinished files `names` that a process left when it ended. The clocks of
-/// this computer and of the one that writes a file may differ.
+/// this computer and of the one that writes a file may differ. Files that cannot be removed stay
+/// until the folder is listed again.
 void removeLeftOvers(int folder, const QByteArrayList &names) {
-    const std::optional<time_t> now = names.isEmpty() ? std::nullopt : currentTime(folder);
+    if (names.isEmpty()) {
+        return;
+    }
+    const SystemResult<time_t> now = currentTime(folder);
     for (const QByteArray &name : now ? names : QByteArrayList()) {
         struct stat status = {};
         if (fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
@@ -150,42 +172,32 @@ void removeLeftOvers(int folder, const QByteArrayList &names) {
     }
 }
 
-/// Returns 0, or the errno value; EEXIST if `to` exists.
-int renameIfAbsent(int folder, const QByteArray &from, const QByteArray &to) {
+/// Fails with EEXIST if `to` exists.
+SystemResult<void> renameIfAbsent(int folder, const QByteArray &from, const QByteArray &to) {
     if (renameat2(folder, from.constData(), folder, to.constData(), RENAME_NOREPLACE) == 0) {
-        return 0;
-    }
-    if (errno != EINVAL && errno != ENOSYS) {
-        return errno;
+        return {};
     }
     // Network file systems without this flag support links.
-    if (linkat(folder, from.constData(), folder, to.constData(), 0) != 0) {
-        return errno;
+    if ((errno != EINVAL && errno != ENOSYS) ||
+        linkat(folder, from.constData(), folder, to.constData(), 0) != 0) {
+        return systemFailure();
     }
     unlinkat(folder, from.constData(), 0);
-    return 0;
+    return {};
 }
 
-/// Writes a file that does not exist yet. Returns 0, or the errno value; EEXIST if it exists.
-int writeNew(int folder, const QByteArray &name, const QByteArray &contents) {
+/// Writes a file that does not exist yet. Fails with EEXIST if it exists.
+SystemResult<void> writeNew(int folder, const QByteArray &name, const QByteArray &contents) {
     const QByteArray temporaryName = unfinishedName();
-    const FileDescriptor file(openat(folder, temporaryName.constData(),
-                                     O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                                     S_IRUSR | S_IWUSR));
-    if (!file.isValid()) {
-        return errno;
-    }
-    int number = inheritPermissions(file.number(), folder, FilePermissions);
-    if (number == 0) {
-        number = writeAll(file.number(), contents);
-    }
-    if (number == 0) {
-        number = renameIfAbsent(folder, temporaryName, name);
-    }
-    if (number != 0) {
-        unlinkat(folder, temporaryName.constData(), 0);
-    }
-    return number;
+    return createUnfinished(folder, temporaryName).and_then([&](const FileDescriptor &file) {
+        return inheritPermissions(file.number(), folder, FilePermissions)
+            .and_then([&] { return writeAll(file.number(), contents); })
+            .and_then([&] { return renameIfAbsent(folder, temporaryName, name); })
+            .map_error([&](int number) {
+                unlinkat(folder, temporaryName.constData(), 0);
+                return number;
+            });
+    });
 }
 
 /// Returns the path of an open folder, which no other folder can replace any more.
@@ -279,18 +291,13 @@ Expected<FileDescriptor> FolderStore::folder(const QString &name, Folders folder
         }
         const int parent = current->number();
         const QByteArray partName = QFile::encodeName(part);
-        const auto open = [&] {
-            return FileDescriptor(openat(parent, partName.constData(), FolderFlags | O_NOFOLLOW));
-        };
-        FileDescriptor child = open();
-        int number = errno;
-        if (!child.isValid() && number == ENOENT && folders == Folders::Made) {
-            number = makeFolder(parent, partName);
-            child = number == 0 ? open() : FileDescriptor();
-            number = number == 0 ? errno : number;
+        SystemResult<FileDescriptor> child = openFolder(parent, partName);
+        if (!child && child.error() == ENOENT && folders == Folders::Made) {
+            child =
+                makeFolder(parent, partName).and_then([&] { return openFolder(parent, partName); });
         }
-        current = child.isValid() ? Expected<FileDescriptor>(std::move(child))
-                                  : failure(systemError(number, name));
+        current = child ? Expected<FileDescriptor>(std::move(*child))
+                        : failure(systemError(child.error(), name));
     }
     return current;
 }
@@ -360,11 +367,11 @@ Expected<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,
     if (status.st_size > limit) {
         return failure(tooLong(name));
     }
-    QByteArray contents;
-    if (const int number = readAll(descriptor.number(), status.st_size, limit, &contents)) {
-        return failure(systemError(number, name));
+    const auto contents = readAll(descriptor.number(), status.st_size, limit);
+    if (!contents) {
+        return failure(systemError(contents.error(), name));
     }
-    return contents.size() <= limit ? Expected<QByteArray>(contents) : failure(tooLong(name));
+    return contents->size() <= limit ? Expected<QByteArray>(*contents) : failure(tooLong(name));
 }
 
 Expected<BlobStore::Written> FolderStore::writeBlob(const QString &name, const QByteArray &contents,
@@ -381,13 +388,14 @@ Expected<BlobStore::Written> FolderStore::writeBlob(const QString &name, const Q
     if (!isPresent && errno != ENOENT) {
         return failure(systemError(errno, name));
     }
-    int number = isPresent ? EEXIST : writeNew(folder, finalName, contents);
-    const Written written = number == EEXIST ? Written::AlreadyThere : Written::New;
-    if (number == 0 || number == EEXIST) {
-        // Also if it exists: synchronizing the folder may have failed when it was written.
-        number = synchronizeFolder(folder);
-    }
-    return number == 0 ? Expected<Written>(written) : failure(systemError(number, name));
+    const SystemResult<void> written =
+        isPresent ? tl::unexpected(EEXIST) : writeNew(folder, finalName, contents);
+    const bool isThere = !written && written.error() == EEXIST;
+    // Also if it exists: synchronizing the folder may have failed when it was written.
+    return (isThere ? SystemResult<void>() : written)
+        .and_then([&] { return synchronizeFolder(folder); })
+        .map([&] { return isThere ? Written::AlreadyThere : Written::New; })
+        .map_error([&](int number) { return systemError(number, name); });
 }
 
 Expected<void> FolderStore::removeBlob(const QString &name, const EngineFuture & /*future*/) {
@@ -413,10 +421,13 @@ Expected<std::optional<qint64>> FolderStore::sizeOfFolder(const QString &name,
     qint64 size = 0;
     for (const QString &each : *names) {
         struct stat status = {};
-        const bool isFile = fstatat(opened->number(), QFile::encodeName(each).constData(), &status,
-                                    AT_SYMLINK_NOFOLLOW) == 0 &&
-                            S_ISREG(status.st_mode);
-        size += isFile ? status.st_size : 0;
+        // It may have been removed meanwhile.
+        if (fstatat(opened->number(), QFile::encodeName(each).constData(), &status,
+                    AT_SYMLINK_NOFOLLOW) != 0 &&
+            errno != ENOENT) {
+            return failure(systemError(errno, name + u'/' + each));
+        }
+        size += S_ISREG(status.st_mode) ? status.st_size : 0;
     }
     return size;
 }
