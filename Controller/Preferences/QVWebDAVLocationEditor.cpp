@@ -16,7 +16,8 @@
 namespace {
 
 /// Both ' and ’ are included on purpose.
-const QString EscapedInUser = QStringLiteral(":/?#[]@!$&\u2019'()*+,;=");
+const QString EscapedInUser = QLatin1StringView(PercentEscapes::GeneralDelimiters) +
+                              QLatin1StringView(PercentEscapes::SubDelimiters) + QChar(u'\u2019');
 
 /// Returns the integer at the start of `text`, or 0 if there is none.
 qint64 integerValue(const QString &text) {

@@ -7,15 +7,14 @@
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/PathComponents.h"
+#include "Platform/Foundation/PercentEscapes.h"
 
 using Fields = QVWebDAVLocationEditor::Fields;
 
 namespace {
 
-bool isOneOf(const QString &scheme, std::initializer_list<const char *> schemes) {
-    return std::any_of(schemes.begin(), schemes.end(), [&](const char *each) {
-        return scheme.compare(QLatin1StringView(each), Qt::CaseInsensitive) == 0;
-    });
+bool isOneOf(const QString &scheme, const QStringList &schemes) {
+    return schemes.contains(scheme, Qt::CaseInsensitive);
 }
 
 /// Returns whether `character` can be part of a server, with its port and path if the user has
@@ -23,7 +22,8 @@ bool isOneOf(const QString &scheme, std::initializer_list<const char *> schemes)
 bool isOfServer(char32_t character) {
     const QChar ascii(static_cast<char16_t>(character));
     return character < 0x80 &&
-           (ascii.isLetterOrNumber() || QStringLiteral("-._~!$&'()*+,;=:[]%/").contains(ascii));
+           (ascii.isLetterOrNumber() || QLatin1StringView("-._~:[]%/").contains(ascii) ||
+            QLatin1StringView(PercentEscapes::SubDelimiters).contains(ascii));
 }
 
 QString problemOfServer(const QString &server) {
@@ -68,9 +68,11 @@ std::optional<WebDAVAddress::Complete> WebDAVAddress::complete(const QString &te
     }
     const QUrl URL(trimmed);
     const QString host = URL.host(QUrl::EncodeUnicode);
-    const bool isHTTPS = isOneOf(URL.scheme(), {"https", "davs", "webdavs"});
+    const bool isHTTPS = isOneOf(
+        URL.scheme(), {LocationSchemes::Https, QStringLiteral("davs"), QStringLiteral("webdavs")});
     if (!URL.isValid() || host.isEmpty() ||
-        (!isHTTPS && !isOneOf(URL.scheme(), {"http", "dav", "webdav"}))) {
+        (!isHTTPS && !isOneOf(URL.scheme(), {LocationSchemes::Http, QStringLiteral("dav"),
+                                             QStringLiteral("webdav")}))) {
         return {};
     }
     Complete address{

@@ -8,7 +8,7 @@ QByteArray PercentEscapes::encoding(const QString &text, const QByteArray &kept)
 }
 
 QString PercentEscapes::encodingPath(const QString &path) {
-    return QString::fromLatin1(encoding(path, "/!$&'()*+,;=:@"));
+    return QString::fromLatin1(encoding(path, QByteArray(SubDelimiters) + "/:@"));
 }
 
 QString PercentEscapes::decoding(QStringView text) {

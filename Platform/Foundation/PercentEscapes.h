@@ -7,6 +7,11 @@
 /// Percent encoding. Hexadecimal digits are written in upper case. Thread-safe.
 namespace PercentEscapes {
 
+/// The reserved characters of RFC 3986, section 2.2: "sub-delims", which any part of a URL may
+/// contain, and "gen-delims", which separate the parts.
+inline constexpr char SubDelimiters[] = "!$&'()*+,;=";
+inline constexpr char GeneralDelimiters[] = ":/?#[]@";
+
 /// Returns `text` in UTF-8 with every byte percent-encoded except the unreserved characters of RFC
 /// 3986, section 2.3, and the ASCII characters in `kept`.
 PLATFORM_EXPORT QByteArray encoding(const QString &text, const QByteArray &kept = {});

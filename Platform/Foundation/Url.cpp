@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr char subDelims[] = "!$&'()*+,;=";
-
 bool isOneOf(QChar c, const char *characters) {
     return QLatin1StringView(characters).contains(c);
 }
@@ -43,7 +41,8 @@ bool isEscapedText(QStringView text, const char *others) {
                 return false;
             }
             i += 2;
-        } else if (!isUnreserved(c) && !isOneOf(c, subDelims) && !isOneOf(c, others)) {
+        } else if (!isUnreserved(c) && !isOneOf(c, PercentEscapes::SubDelimiters) &&
+                   !isOneOf(c, others)) {
             return false;
         }
     }
