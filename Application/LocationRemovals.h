@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "Host/QVSyncState.h"
+#include "Host/RemovalUndoTime.h"
 #include "Platform/Foundation/Expected.h"
 
 class QVSyncLocation;
@@ -15,15 +16,12 @@ class QVSyncLocationsController;
 class LocationRemovals : public QObject {
     Q_OBJECT
 public:
-    /// Time in which a removal can be undone. The host keeps the passwords as long.
-    static constexpr std::chrono::minutes UndoTime{10};
-
     /// Observes `controller`, which is not owned and must outlive this object. Nothing can be
     /// undone if the host does not announce that the locations were saved.
     explicit LocationRemovals(QVSyncLocationsController *controller, QObject *parent = nullptr);
     ~LocationRemovals() override;
 
-    /// Replaces UndoTime for later removals.
+    /// Replaces RemovalUndoTime for later removals.
     void setUndoTime(std::chrono::milliseconds undoTime) { m_undoTime = undoTime; }
     bool isEmpty() const { return m_removals.isEmpty(); }
     /// Returns the title of the location that was removed last; empty if there is none.
@@ -64,7 +62,7 @@ private:
     void forgetIf(Predicate predicate);
 
     QVSyncLocationsController *const m_controller;
-    std::chrono::milliseconds m_undoTime = UndoTime;
+    std::chrono::milliseconds m_undoTime = RemovalUndoTime;
     /// The list when it was saved last.
     QList<Listed> m_listed;
     quint64 m_lastNumber = 0;

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <functional>
 
+#include "Host/RemovalUndoTime.h"
 #include "Platform/Foundation/Expected.h"
 
 class EngineLocationKinds;
@@ -22,24 +23,20 @@ class Url;
 class RemovedLocations : public QObject {
     Q_OBJECT
 public:
-    /// Time after the removal in which nothing is forgotten, so that the user can add the location
-    /// again without entering its password.
-    static constexpr std::chrono::minutes UndoTime{10};
-
     /// The arguments are not owned and must outlive this object.
     RemovedLocations(const ProfileDatabase &profile, const EngineLocationsController &locations,
                      const EngineLocationKinds &kinds);
 
-    /// Replaces UndoTime for later removals.
+    /// Replaces RemovalUndoTime for later removals.
     void setUndoTime(std::chrono::milliseconds undoTime) { m_undoTime = undoTime; }
     /// Forgets what was kept for the locations that were removed in former runs. Must be called
     /// once, after the locations were loaded. Returns without waiting for the keyring; failures are
     /// logged.
     void start();
     /// Called when the location `identifier` was removed from the list. Returns at once. It is
-    /// forgotten when UndoTime has passed, if the removal was saved then and the location is not in
-    /// the list again; otherwise nothing happens, and a removal that is saved later is handled in
-    /// the next run. Nothing is forgotten if this object is destroyed before.
+    /// forgotten when RemovalUndoTime has passed, if the removal was saved then and the location is
+    /// not in the list again; otherwise nothing happens, and a removal that is saved later is
+    /// handled in the next run. Nothing is forgotten if this object is destroyed before.
     void didRemoveLocation(const QString &identifier);
 
 private:
@@ -58,5 +55,5 @@ private:
     const ProfileDatabase &m_profile;
     const EngineLocationsController &m_locations;
     const EngineLocationKinds &m_kinds;
-    std::chrono::milliseconds m_undoTime = UndoTime;
+    std::chrono::milliseconds m_undoTime = RemovalUndoTime;
 };
