@@ -47,7 +47,7 @@ BackgroundMode::BackgroundMode(MainWindow *window, QuitGuard *guard, SyncPlugIn 
     connect(static_cast<VelmoraApplication *>(qApp), &VelmoraApplication::questionShown, this,
             [this](const QString &text) { notify(tr("Velmora asks for a decision"), text); });
     m_hasFailed = m_window->monitor()->summary().failure().has_value();
-    m_conflicts = countOfConflicts();
+    m_conflicts = countOfConflicts().value_or(0);
     apply(isEnabled);
 }
 
@@ -127,7 +127,8 @@ void BackgroundMode::notifyOfChanges() {
         notify(tr("A synchronization failed"), failure->localizedDescription);
     }
     m_hasFailed = failure.has_value();
-    const qint64 conflicts = countOfConflicts();
+    // The window presents that notes cannot be read.
+    const qint64 conflicts = countOfConflicts().value_or(m_conflicts);
     if (conflicts > m_conflicts) {
         notify(tr("A note was edited in two places"),
                tr("Velmora has kept both edits. Open the note to choose one."));
@@ -135,11 +136,15 @@ void BackgroundMode::notifyOfChanges() {
     m_conflicts = conflicts;
 }
 
-qint64 BackgroundMode::countOfConflicts() const {
+Expected<qint64> BackgroundMode::countOfConflicts() const {
     qint64 count = 0;
     const auto databases = m_sync->library()->knownDatabases();
     for (const auto &database : databases) {
-        count += database->countOfConflicts().value_or(0);
+        const Expected<qint64> conflicts = database->countOfConflicts();
+        if (!conflicts) {
+            return conflicts;
+        }
+        count += *conflicts;
     }
     return count;
 }

@@ -3,6 +3,8 @@
 #include <QtCore/QTimer>
 #include <memory>
 
+#include "Platform/Foundation/Expected.h"
+
 class MainWindow;
 class QAction;
 class QuitGuard;
@@ -34,8 +36,8 @@ private:
     void pauseUntil(const QDateTime &end);
     /// Notifies the user when the first synchronization fails, and of new conflicts.
     void notifyOfChanges();
-    /// Returns the number of notes with conflicting edits, as far as it can be read.
-    qint64 countOfConflicts() const;
+    /// Returns the number of notes with conflicting edits.
+    Expected<qint64> countOfConflicts() const;
     /// Shows a notification if the setting is on and the user is working in another program.
     void notify(const QString &title, const QString &text) const;
 
@@ -49,5 +51,6 @@ private:
     /// Ends the pause.
     QTimer m_pauseTimer;
     bool m_hasFailed = false;
+    /// The number of notes with conflicting edits when it could be read last.
     qint64 m_conflicts = 0;
 };
