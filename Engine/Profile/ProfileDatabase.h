@@ -50,8 +50,10 @@ public:
     /// and of other users are removed from an existing profile; if they cannot be, the profile is
     /// opened nevertheless, see `protection`.
     ///
-    /// An error describes the problem and names the file or folder. The folder is then as it was
-    /// before the call, apart from those permissions. The code is ProfileUnusable, ProfileDamaged
+    /// An error describes the problem and names the file or folder. The folder then contains the
+    /// same profile as before the call, or none if it had none. Apart from those permissions,
+    /// folders above it may have been created, and SQLite may have applied the log of an existing
+    /// database to its file. The code is ProfileUnusable, ProfileDamaged
     /// if the database is damaged, emptied, or missing from a folder that had one (see
     /// ProfileRecovery), ProfileInUse if another process or object has the profile open,
     /// ProfileNotWritten, or that of the failed callback.
