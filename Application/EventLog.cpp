@@ -4,6 +4,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
 
+#include "Host/QVJobLog.h"
 #include "Platform/Interface/PlainText.h"
 
 namespace {
@@ -86,7 +87,7 @@ Expected<void> EventLog::open(const QString &path) {
 
 void EventLog::append(const QString &title, const QString &info) {
     // The other entries about synchronizations have no title either.
-    const bool isSync = title.isEmpty() || title == QStringLiteral("Sync:");
+    const bool isSync = title.isEmpty() || title == QVJobLog::MessageTitle;
     append(LogEntry{.time = QDateTime::currentDateTime(),
                     .text = isSync ? info : title + u' ' + info});
 }

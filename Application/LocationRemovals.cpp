@@ -9,9 +9,7 @@
 
 LocationRemovals::LocationRemovals(QVSyncLocationsController *controller, QObject *parent)
     : QObject(parent), m_controller(controller), m_listed(listed()) {
-    if (controller->metaObject()->indexOfSignal("saved()") >= 0) {
-        connect(controller, SIGNAL(saved()), this, SLOT(update()));
-    }
+    controller->connectSaved(this, SLOT(update()));
 }
 
 LocationRemovals::~LocationRemovals() = default;

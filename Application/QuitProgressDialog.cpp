@@ -9,6 +9,7 @@
 
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncPlugin.h"
+#include "Host/QVSyncProgress.h"
 #include "Platform/Interface/HeightKeeper.h"
 
 namespace {
@@ -78,8 +79,5 @@ void QuitProgressDialog::showProgress() {
 void QuitProgressDialog::stop(int result) {
     // Ends first, because the synchronization reports its end.
     done(result);
-    QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
-    if (dispatcher->metaObject()->indexOfMethod("stop()") >= 0) {
-        QMetaObject::invokeMethod(dispatcher, "stop");
-    }
+    QVSyncProgress::stop(QVSyncPlugin::plugin()->dispatcher());
 }

@@ -22,7 +22,7 @@ QStringList openUUIDs() {
     QStringList UUIDs;
     const auto databases = QVDatabase::databases();
     for (const auto &database : databases) {
-        UUIDs.append(database == NSApp()->inbox() ? InboxUUID : database->UUID());
+        UUIDs.append(UUIDInStores(*database, NSApp()->inbox().get()));
     }
     return UUIDs;
 }

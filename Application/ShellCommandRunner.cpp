@@ -100,7 +100,7 @@ tl::expected<QStringList, QString> identified(const QStringList &names,
         const qsizetype before = UUIDs.size();
         for (const auto &database : databases) {
             if (database->name() == name || database->UUID() == name) {
-                UUIDs.append(database->isInbox() ? InboxUUID : database->UUID());
+                UUIDs.append(UUIDInStores(*database, library.inbox().get()));
             }
         }
         if (UUIDs.size() == before) {

@@ -29,9 +29,7 @@ SynchronizationMonitor::SynchronizationMonitor(const NoteLibrary *library, QObje
             KeyValue::observe(m_dispatcher, QVSyncProgress::Key, [this] { Q_EMIT changed(); });
     }
     const QVSyncLocationsController *locations = QVSyncPlugin::plugin()->locationsController();
-    if (locations->metaObject()->indexOfSignal("saved()") >= 0) {
-        connect(locations, SIGNAL(saved()), &m_timer, SLOT(start()));
-    }
+    locations->connectSaved(&m_timer, SLOT(start()));
     connect(m_dayChange.get(), &DayChange::occurred, this, &SynchronizationMonitor::updateSoon);
     NotificationCenter::defaultCenter().addObserver(this, QVSyncScheduleDidFireNotification,
                                                     [this](const auto &) { updateSoon(); });
@@ -66,12 +64,12 @@ bool SynchronizationMonitor::isRunning() const {
 }
 
 bool SynchronizationMonitor::isStoppable() const {
-    return isRunning() && m_dispatcher->metaObject()->indexOfMethod("stop()") >= 0;
+    return isRunning() && QVSyncProgress::canStop(m_dispatcher);
 }
 
 void SynchronizationMonitor::stop() {
     if (isStoppable()) {
-        QMetaObject::invokeMethod(m_dispatcher, "stop");
+        QVSyncProgress::stop(m_dispatcher);
     }
 }
 

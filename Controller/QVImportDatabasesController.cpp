@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "Host/InboxUUID.h"
-#include "Host/QVApplication.h"
+#include "Host/QVJobLog.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/SyncLog.h"
@@ -25,8 +25,7 @@ QVSyncLocationsController &locationsController() {
 
 void logPartialFetch(const Error &error) {
     const QString format = localizedSyncString("Failed to fetch information for database (%@)");
-    NSApp()->logItemCmd(QStringLiteral("Sync:"),
-                        QString(format).replace(QStringLiteral("%@"), error.localizedDescription));
+    QVJobLog::logMessage(QString(format).replace(QStringLiteral("%@"), error.localizedDescription));
 }
 
 }  // namespace

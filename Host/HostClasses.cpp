@@ -45,6 +45,12 @@ QVSyncDispatcher::~QVSyncDispatcher() = default;
 QVSyncLocation::~QVSyncLocation() = default;
 QVSyncLocationFormatter::~QVSyncLocationFormatter() = default;
 QVSyncLocationsController::~QVSyncLocationsController() = default;
+
+void QVSyncLocationsController::connectSaved(const QObject *receiver, const char *slot) const {
+    if (metaObject()->indexOfSignal("saved()") >= 0) {
+        connect(this, SIGNAL(saved()), receiver, slot);
+    }
+}
 QVSyncPlugin::~QVSyncPlugin() = default;
 QVSyncSchedule::~QVSyncSchedule() = default;
 QVSyncState::~QVSyncState() = default;

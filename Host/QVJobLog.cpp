@@ -8,6 +8,10 @@ void QVJobLog::log(const QVJobReport &report) {
     if (auto *log = dynamic_cast<QVJobLog *>(NSApp())) {
         log->logJob(report);
     } else {
-        NSApp()->logItemCmd(QStringLiteral("Sync:"), report.text);
+        logMessage(report.text);
     }
+}
+
+void QVJobLog::logMessage(const QString &text) {
+    NSApp()->logItemCmd(MessageTitle, text);
 }

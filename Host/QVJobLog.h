@@ -37,6 +37,9 @@ struct QVJobReport {
 /// QVApplication::logItemCmd. Must be used on the main thread.
 class HOST_EXPORT QVJobLog {
 public:
+    /// The title of the messages about synchronizations in the log of the application.
+    static inline const QString MessageTitle = QStringLiteral("Sync:");
+
     virtual ~QVJobLog();
 
     /// Appends `report` to the log that the user can open.
@@ -44,4 +47,7 @@ public:
 
     /// Passes `report` to the application object, or its text if that keeps no log of jobs.
     static void log(const QVJobReport &report);
+    /// Passes `text`, complete sentences for the user about synchronizations that belong to no job,
+    /// to QVApplication::logItemCmd under MessageTitle.
+    static void logMessage(const QString &text);
 };

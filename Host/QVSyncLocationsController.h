@@ -41,4 +41,9 @@ public:
     /// are on disk. Returns false if nothing was saved; if `error` is not null, it then receives
     /// the reason, and is not changed otherwise. Blocks for the time of a disk write.
     virtual bool save(std::optional<Error> *error) = 0;
+
+    /// Connects the signal "saved()" to the slot `slot` of `receiver`, written as for
+    /// QObject::connect() with the macro SLOT. Has no effect if the host's controller has no such
+    /// signal. The connection ends with either object.
+    void connectSaved(const QObject *receiver, const char *slot) const;
 };

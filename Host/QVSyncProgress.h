@@ -49,6 +49,11 @@ struct HOST_EXPORT QVSyncProgress {
     /// Returns the progress of `dispatcher`, which must not be null; that of an idle dispatcher if
     /// the host offers none.
     static QVSyncProgress of(const QObject *dispatcher);
+    /// Returns whether the host of `dispatcher`, which must not be null, offers to stop its jobs.
+    static bool canStop(const QObject *dispatcher);
+    /// Cancels all jobs of `dispatcher`, which must not be null. Has no effect if the host does not
+    /// offer that. Must be called on the main thread.
+    static void stop(QObject *dispatcher);
 };
 
 Q_DECLARE_METATYPE(QVSyncProgress)

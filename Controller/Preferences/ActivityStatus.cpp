@@ -58,7 +58,7 @@ bool ActivityStatus::isRunning() const {
 }
 
 bool ActivityStatus::isStoppable() const {
-    return isRunning() && m_dispatcher->metaObject()->indexOfMethod("stop()") >= 0;
+    return isRunning() && QVSyncProgress::canStop(m_dispatcher);
 }
 
 int ActivityStatus::value() const {
@@ -71,5 +71,5 @@ int ActivityStatus::maximum() const {
 }
 
 void ActivityStatus::stop() {
-    QMetaObject::invokeMethod(m_dispatcher, "stop");
+    QVSyncProgress::stop(m_dispatcher);
 }

@@ -26,8 +26,7 @@ QVSyncPreferences *livePane = nullptr;
 
 /// Returns the key of a database's row: the same for the inbox of every profile.
 QString rowKey(const QVDatabase &database) {
-    const auto inbox = NSApp()->inbox();
-    return inbox && inbox->UUID() == database.UUID() ? InboxUUID : database.UUID();
+    return UUIDInStores(database, NSApp()->inbox().get());
 }
 
 }  // namespace

@@ -10,14 +10,14 @@
 #include "Engine/Locations/EngineLocationsController.h"
 #include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Profile/ProfileDatabase.h"
-#include "Host/QVApplication.h"
+#include "Host/QVJobLog.h"
 #include "Host/SyncStrings.h"
 
 namespace {
 
 void reportIfFailed(const Expected<void> &result) {
     if (!result) {
-        NSApp()->logItemCmd(QStringLiteral("Sync:"), result.error().localizedDescription);
+        QVJobLog::logMessage(result.error().localizedDescription);
     }
 }
 

@@ -11,7 +11,7 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Synchronization/EngineDispatcher.h"
 #include "Host/InboxUUID.h"
-#include "Host/QVApplication.h"
+#include "Host/QVJobLog.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 
@@ -64,7 +64,7 @@ QStringList ServedStoreSynchronizer::databaseUUIDs() {
     QStringList UUIDs;
     const auto known = m_library.knownDatabases();
     for (const auto &database : known) {
-        UUIDs.append(database->isInbox() ? InboxUUID : database->UUID());
+        UUIDs.append(UUIDInStores(*database, m_library.inbox().get()));
     }
     const QSet<QString> present(UUIDs.begin(), UUIDs.end());
     qsizetype refused = 0;
@@ -96,8 +96,7 @@ QStringList ServedStoreSynchronizer::recordNames() const {
         names.append(QFile::decodeName(entry->path().filename().c_str()));
     }
     if (error) {
-        NSApp()->logItemCmd(
-            QStringLiteral("Sync:"),
+        QVJobLog::logMessage(
             localizedSyncString("The folder “%1” cannot be read: %2. Databases that were added on "
                                 "other computers are not synchronized. Check its permissions and "
                                 "its disk.")
@@ -108,8 +107,7 @@ QStringList ServedStoreSynchronizer::recordNames() const {
 
 void ServedStoreSynchronizer::reportRefused(qsizetype count) {
     if (std::exchange(m_refused, count) != count && count > 0) {
-        NSApp()->logItemCmd(
-            QStringLiteral("Sync:"),
+        QVJobLog::logMessage(
             localizedSyncString("Databases of other computers that were not added: %1. This "
                                 "computer adds none from direct connections if it has %2 already. "
                                 "To get them, use another location on both computers.")

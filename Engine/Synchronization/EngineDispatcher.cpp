@@ -11,7 +11,6 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/UnsentChanges.h"
-#include "Host/QVApplication.h"
 #include "Host/QVJobLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
@@ -22,10 +21,6 @@ namespace {
 constexpr std::chrono::milliseconds ProgressInterval{100};
 /// The number of problems of one job that are reported one by one.
 constexpr qsizetype MostReported = 20;
-
-void logSync(const QString &text) {
-    NSApp()->logItemCmd(QStringLiteral("Sync:"), text);
-}
 
 QString successText(SyncJob::Kind kind) {
     return kind == SyncJob::Kind::CleanUp ? localizedSyncString("“%1” was cleaned up at “%2”.")
@@ -200,9 +195,10 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
     }
     const auto database = m_library.synchronizedDatabase(state->databaseUUID());
     if (!database && kind == SyncJob::Kind::CleanUp) {
-        logSync(localizedSyncString(
-                    "“%1” could not be cleaned up because the database is not on this computer.")
-                    .arg(state->databaseName()));
+        QVJobLog::logMessage(
+            localizedSyncString(
+                "“%1” could not be cleaned up because the database is not on this computer.")
+                .arg(state->databaseName()));
         postHandler(handler);
         return;
     }
@@ -405,6 +401,6 @@ void EngineDispatcher::saveResult(const EngineSyncState &state) {
             ResultColumns::values(state.lastResult()) +
             QVariantList{location->identifier(), state.databaseUUID()});
     if (!written) {
-        logSync(written.error().localizedDescription);
+        QVJobLog::logMessage(written.error().localizedDescription);
     }
 }

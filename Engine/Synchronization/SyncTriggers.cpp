@@ -4,7 +4,7 @@
 #include "Engine/Schedules/ScheduleByClock.h"
 #include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
-#include "Host/QVApplication.h"
+#include "Host/QVJobLog.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"
@@ -87,8 +87,7 @@ QVSyncStates SyncTriggers::missedStates(const QDateTime &lastCheck) const {
 
 void SyncTriggers::report(const QVSyncStates &missed) {
     for (const std::shared_ptr<QVSyncState> &state : missed) {
-        NSApp()->logItemCmd(
-            QStringLiteral("Sync:"),
+        QVJobLog::logMessage(
             localizedSyncString(
                 "A schedule of “%1” was missed while Velmora was closed, and is made "
                 "up for now.")
@@ -126,7 +125,7 @@ bool SyncTriggers::isOwn(const QVDatabase &database) const {
 }
 
 QString SyncTriggers::synchronizedUUID(const QVDatabase &database) const {
-    return database.UUID() == m_library.inbox()->UUID() ? InboxUUID : database.UUID();
+    return UUIDInStores(database, m_library.inbox().get());
 }
 
 void SyncTriggers::databaseOpened(const QVDatabase &database) {
