@@ -75,6 +75,13 @@ private Q_SLOTS:
         note.revision.clear();
         note.text = QStringLiteral("lost");
         const FailingTable failing(profile(), QStringLiteral("operations"), fault);
+        QCOMPARE(code(log().countOfNotes()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().countOfConflicts()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(database()->countOfConflicts()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().damagedOperations()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().state()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().operationIds(note.UUID)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().earlierVersions(note.UUID)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().notes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->notes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds()), EngineErrorCode::ProfileNotWritten);
@@ -99,6 +106,7 @@ private Q_SLOTS:
         QCOMPARE(log().supersededIds().value().size(), 2);
         const FailingTable failing(profile(), QStringLiteral("superseded"), fault);
         QCOMPARE(code(log().supersededIds()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().damagedOperations()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().merge(Transaction{{}, {QByteArray(16, '\1')}})),
                  EngineErrorCode::ProfileNotWritten);
     }
@@ -109,6 +117,9 @@ private Q_SLOTS:
         QCOMPARE(known().all().value().size(), 3);
         const FailingTable failing(profile(), QStringLiteral("known_transactions"), fault);
         QCOMPARE(code(known().all()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(known().sizes()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(known().contents(QStringLiteral("name"))),
+                 EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(known().remove({QStringLiteral("name")})),
                  EngineErrorCode::ProfileNotWritten);
     }

@@ -341,6 +341,11 @@ private Q_SLOTS:
         QCOMPARE(code(inbox()->saveNote(note)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(m_host->library().setHistoryLimits({1, 1})),
                  EngineErrorCode::ProfileNotWritten);
+        const QDateTime now = QDateTime::currentDateTime();
+        QCOMPARE(code(NoteHistory::exceedsLimits(profile(), now)),
+                 EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(NoteHistory::countBeyond(profile(), {1, 1}, now)),
+                 EngineErrorCode::ProfileNotWritten);
         QCOMPARE(noteWithTitle(QStringLiteral("c")).text, QStringLiteral("three"));
     }
 

@@ -109,6 +109,22 @@ private Q_SLOTS:
         QVERIFY(isEngineError(*error, EngineErrorCode::StoreUnreachable));
     }
 
+    void ofTheLastCheckOfSchedules() {
+        // The value of a row fails; a profile without the table would be damaged.
+        for (const char *statement : {"ALTER TABLE settings RENAME TO hidden_settings",
+                                      "CREATE TABLE settings (key TEXT PRIMARY KEY NOT NULL)",
+                                      "INSERT INTO settings VALUES ('lastScheduleCheck')",
+                                      "ALTER TABLE settings ADD COLUMN value AS"
+                                      " (abs(-9223372036854775807 - (length(key) > 0)))"}) {
+            QVERIFY(profile().run(QLatin1StringView(statement)));
+        }
+        m_host->restart();
+        const auto entries = m_host->application().logEntries();
+        QVERIFY(std::any_of(entries.begin(), entries.end(), [](const auto &entry) {
+            return entry.info.contains(QStringLiteral("integer overflow"));
+        }));
+    }
+
     void ofAVerification() {
         const FailingTable failing(profile(), QStringLiteral("operations"), TableFault::AllRows);
         const VerificationReport report = m_host->engine().verify(VerificationMode::Report);

@@ -222,6 +222,17 @@ private Q_SLOTS:
         QCOMPARE(m_host->application().logEntries().size(), 1);
     }
 
+    void aTableThatCannotBeCountedPreventsABackup() {
+        const ProfileDatabase &profile = m_host->engine().profile();
+        QVERIFY(profile.run(QStringLiteral("CREATE VIRTUAL TABLE broken USING fts5(text)")));
+        QVERIFY(profile.run(QStringLiteral("DROP TABLE broken_content")));
+        const Expected<void> made = ProfileBackups(m_host->directory()).make(m_today);
+        QCOMPARE(code(made), EngineErrorCode::BackupFailed);
+        QVERIFY2(description(made).contains(QStringLiteral("broken")),
+                 qPrintable(description(made)));
+        QCOMPARE(names(), QStringList());
+    }
+
     void aFolderThatCannotBeReadIsNotAnEmptyOne() {
         const ProfileBackups backups(m_host->directory());
         QVERIFY(backups.make(m_today));

@@ -11,6 +11,7 @@
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfileRecovery.h"
+#include "Support/FailingTable.h"
 #include "Support/Failure.h"
 #include "Support/FaultyFileSystem.h"
 #include "Support/OldProfile.h"
@@ -326,6 +327,38 @@ private Q_SLOTS:
             QCOMPARE(profile.value(QStringLiteral("PRAGMA user_version")),
                      ProfileInspection::SchemaVersion);
         }
+    }
+
+    void notesThatCannotBeReadAreNotConverted_data() {
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<bool>("areAllRows");
+        for (const char *table : {"databases", "old_notes"}) {
+            QTest::addRow("all rows of %s", table) << QString::fromLatin1(table) << true;
+            QTest::addRow("later rows of %s", table) << QString::fromLatin1(table) << false;
+        }
+    }
+    void notesThatCannotBeReadAreNotConverted() {
+        QFETCH(QString, table);
+        QFETCH(bool, areAllRows);
+        QVERIFY(QDir().mkdir(folder()));
+        OldProfile::write(file(), 2, QStringLiteral("Text"));
+        {
+            ProfileDatabase profile;
+            const Expected<void> opened = profile.open(folder(), nothing, [&] {
+                const FailingTable failing(
+                    profile, table,
+                    areAllRows ? FailingTable::Fault::AllRows : FailingTable::Fault::LaterRows);
+                return convertOldNotes(profile);
+            });
+            QCOMPARE(code(opened), EngineErrorCode::ProfileNotWritten);
+        }
+        ProfileDatabase profile;
+        QCOMPARE(
+            description(profile.open(folder(), nothing, [&] { return convertOldNotes(profile); })),
+            QString());
+        QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM operations"
+                                              " WHERE note_uuid <> ''")),
+                 2);
     }
 
     void addsTheColumnsOfResultsToAnOlderProfile() {
