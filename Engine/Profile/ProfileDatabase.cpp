@@ -398,7 +398,7 @@ Expected<void> ProfileDatabase::write(const Changes &changes) const {
     m_isWriting = false;
     if (!done) {
         // Fails if SQLite has rolled back by itself, as it does after some errors.
-        execute(QStringLiteral("ROLLBACK"));
+        static_cast<void>(execute(QStringLiteral("ROLLBACK")));
     }
     return done.and_then([&] { return checkFiles(); });
 }

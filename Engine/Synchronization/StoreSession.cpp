@@ -112,7 +112,7 @@ Expected<void> StoreSession::writeTransaction(BlobStore &store, const EngineFutu
                 return {};
             }
             // If this fails too, every reader skips the record as damaged.
-            store.remove(name, future);
+            static_cast<void>(store.remove(name, future));
             return failure(engineError(
                 EngineErrorCode::DamagedRecord,
                 "The record “%1” was not stored as it was written. Try again. If this happens "

@@ -1,6 +1,7 @@
 #include "Controller/QVBinding.h"
 
 #include "Platform/Foundation/UserDefaults.h"
+#include "Support/SetDefault.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -138,11 +139,11 @@ private Q_SLOTS:
     void itsEndIsLoggedOnlyWhenBothDebugFlagsAreSet() {
         messages.clear();
         const QtMessageHandler previous = qInstallMessageHandler(&recordMessage);
-        UserDefaults::setValue(QStringLiteral("QVSyncDebug"), true);
+        setDefault(QStringLiteral("QVSyncDebug"), true);
         m_binding.reset();
         const QStringList withOneFlag = messages;
         init();
-        UserDefaults::setValue(QStringLiteral("QVSyncDebugHigh"), true);
+        setDefault(QStringLiteral("QVSyncDebugHigh"), true);
         m_binding.reset();
         qInstallMessageHandler(previous);
         UserDefaults::remove(QStringLiteral("QVSyncDebug"));

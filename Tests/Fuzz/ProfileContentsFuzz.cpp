@@ -95,9 +95,10 @@ void insertRow(const QByteArray &line) {
         values.append(value(parts.value(i + 1)));
         places.append(QStringLiteral("?"));
     }
-    profile().run(QStringLiteral("INSERT OR REPLACE INTO %1 (%2) VALUES (%3)")
-                      .arg(QString::fromLatin1(parts.first()), columns, places.join(u',')),
-                  values);
+    static_cast<void>(
+        profile().run(QStringLiteral("INSERT OR REPLACE INTO %1 (%2) VALUES (%3)")
+                          .arg(QString::fromLatin1(parts.first()), columns, places.join(u',')),
+                      values));
 }
 
 void checkDatabases() {

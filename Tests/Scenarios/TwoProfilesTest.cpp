@@ -21,6 +21,7 @@
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
 #include "Support/Patience.h"
+#include "Support/SetDefault.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "Support/Verification.h"
@@ -120,16 +121,14 @@ private:
     }
 
     QString signIn(const QString &address) {
-        UserDefaults::setValue(DropboxConfiguration::ApplicationKeyDefault,
-                               QStringLiteral("velmora-test-key"));
-        UserDefaults::setValue(DropboxConfiguration::AuthorizeAddressDefault,
-                               address + QStringLiteral("/oauth2/authorize"));
-        UserDefaults::setValue(DropboxConfiguration::TokenAddressDefault,
-                               address + QStringLiteral("/oauth2/token"));
-        UserDefaults::setValue(DropboxConfiguration::APIAddressDefault,
-                               address + QStringLiteral("/2"));
-        UserDefaults::setValue(DropboxConfiguration::ContentAddressDefault,
-                               address + QStringLiteral("/content/2"));
+        setDefault(DropboxConfiguration::ApplicationKeyDefault, QStringLiteral("velmora-test-key"));
+        setDefault(DropboxConfiguration::AuthorizeAddressDefault,
+                   address + QStringLiteral("/oauth2/authorize"));
+        setDefault(DropboxConfiguration::TokenAddressDefault,
+                   address + QStringLiteral("/oauth2/token"));
+        setDefault(DropboxConfiguration::APIAddressDefault, address + QStringLiteral("/2"));
+        setDefault(DropboxConfiguration::ContentAddressDefault,
+                   address + QStringLiteral("/content/2"));
         const DropboxBrowser browser;
         const auto location = m_host.newLocation(Url());
         const auto editor = QVDropboxLocationEditor::editorWithSyncLocation(location);

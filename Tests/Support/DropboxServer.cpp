@@ -1,4 +1,5 @@
 #include "Support/DropboxServer.h"
+#include "Support/SetDefault.h"
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDateTime>
@@ -79,12 +80,11 @@ DropboxServer::~DropboxServer() {
 
 void DropboxServer::configure() const {
     using Configuration = DropboxConfiguration;
-    UserDefaults::setValue(Configuration::ApplicationKeyDefault, ApplicationKey);
-    UserDefaults::setValue(Configuration::AuthorizeAddressDefault,
-                           address(AuthorizePath).toString());
-    UserDefaults::setValue(Configuration::TokenAddressDefault, address(tokenPath()).toString());
-    UserDefaults::setValue(Configuration::APIAddressDefault, address(APIPath).toString());
-    UserDefaults::setValue(Configuration::ContentAddressDefault, address(ContentPath).toString());
+    setDefault(Configuration::ApplicationKeyDefault, ApplicationKey);
+    setDefault(Configuration::AuthorizeAddressDefault, address(AuthorizePath).toString());
+    setDefault(Configuration::TokenAddressDefault, address(tokenPath()).toString());
+    setDefault(Configuration::APIAddressDefault, address(APIPath).toString());
+    setDefault(Configuration::ContentAddressDefault, address(ContentPath).toString());
 }
 
 void DropboxServer::forget() {

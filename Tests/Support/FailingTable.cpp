@@ -10,6 +10,13 @@ void runOrThrow(const ProfileDatabase &profile, const QString &statement) {
     }
 }
 
+/// For destructors.
+void runOrAbort(const ProfileDatabase &profile, const QString &statement) {
+    if (const Expected<void> done = profile.run(statement); !done) {
+        qFatal("%s", qPrintable(done.error().localizedDescription));
+    }
+}
+
 }  // namespace
 
 FailingTable::FailingTable(const ProfileDatabase &profile, const QString &table, Fault fault)
@@ -22,9 +29,9 @@ FailingTable::FailingTable(const ProfileDatabase &profile, const QString &table,
 
 FailingTable::~FailingTable() {
     if (m_fault == Fault::LaterRows) {
-        m_profile.run(QStringLiteral("DROP VIEW %1").arg(m_table));
+        runOrAbort(m_profile, QStringLiteral("DROP VIEW %1").arg(m_table));
     }
-    m_profile.run(QStringLiteral("ALTER TABLE hidden_%1 RENAME TO %1").arg(m_table));
+    runOrAbort(m_profile, QStringLiteral("ALTER TABLE hidden_%1 RENAME TO %1").arg(m_table));
 }
 
 QString FailingTable::failingView() const {

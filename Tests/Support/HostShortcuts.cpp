@@ -1,4 +1,5 @@
 #include "Support/HostShortcuts.h"
+#include "Support/SetDefault.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
@@ -9,8 +10,8 @@
 #include "Platform/Foundation/UserDefaults.h"
 
 void setDebugging(Debugging debugging) {
-    UserDefaults::setValue(QStringLiteral("QVSyncDebug"), debugging != Debugging::Off);
-    UserDefaults::setValue(QStringLiteral("QVSyncDebugHigh"), debugging == Debugging::High);
+    setDefault(QStringLiteral("QVSyncDebug"), debugging != Debugging::Off);
+    setDefault(QStringLiteral("QVSyncDebugHigh"), debugging == Debugging::High);
 }
 
 QVSyncSchedulePtr dailySchedule(int hour, int minute) {

@@ -25,6 +25,7 @@
 #include "Support/MemoryStore.h"
 #include "Support/Patience.h"
 #include "Support/SecretService.h"
+#include "Support/SetDefault.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -322,11 +323,11 @@ private Q_SLOTS:
     }
 
     void theDefaultsSayWhetherAndWhereItServesFromTheStart() {
-        UserDefaults::setValue(PortNumberKey, m_port);
+        setDefault(PortNumberKey, m_port);
         m_host->restart();
         QVERIFY(!server().isServing());
         QCOMPARE(server().port(), m_port);
-        UserDefaults::setValue(EnabledKey, true);
+        setDefault(EnabledKey, true);
         m_host->restart();
         QVERIFY(server().isServing());
         QVERIFY(Client(m_port).waitForEncryption());

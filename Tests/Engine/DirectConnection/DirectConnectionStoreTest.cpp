@@ -23,6 +23,7 @@
 #include "Support/FreePort.h"
 #include "Support/KeychainRemoval.h"
 #include "Support/Patience.h"
+#include "Support/SetDefault.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -188,8 +189,8 @@ private Q_SLOTS:
         pair();
         m_host->save();
         const quint16 port = m_port;
-        UserDefaults::setValue(QStringLiteral("QVDirectConnectionServerPortNumber"), port);
-        UserDefaults::setValue(QStringLiteral("QVDirectConnectionServerEnabled"), true);
+        setDefault(QStringLiteral("QVDirectConnectionServerPortNumber"), port);
+        setDefault(QStringLiteral("QVDirectConnectionServerEnabled"), true);
         m_location.reset();
         QCoreApplication::processEvents();
         m_host->restart();

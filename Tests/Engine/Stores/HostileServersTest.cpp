@@ -29,6 +29,7 @@
 #include "Support/PeakMemory.h"
 #include "Support/PrivateBus.h"
 #include "Support/ScriptedServer.h"
+#include "Support/SetDefault.h"
 #include "Support/StallMeter.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -228,10 +229,10 @@ class HostileServersTest : public QObject {
     Visit dropbox(ScriptedServer::Script script) {
         m_server = std::make_unique<ScriptedServer>(std::move(script));
         const QString address = QStringLiteral("http://127.0.0.1:%1").arg(m_server->port());
-        UserDefaults::setValue(DropboxConfiguration::ApplicationKeyDefault, QStringLiteral("key"));
-        UserDefaults::setValue(DropboxConfiguration::TokenAddressDefault, address);
-        UserDefaults::setValue(DropboxConfiguration::APIAddressDefault, address);
-        UserDefaults::setValue(DropboxConfiguration::ContentAddressDefault, address);
+        setDefault(DropboxConfiguration::ApplicationKeyDefault, QStringLiteral("key"));
+        setDefault(DropboxConfiguration::TokenAddressDefault, address);
+        setDefault(DropboxConfiguration::APIAddressDefault, address);
+        setDefault(DropboxConfiguration::ContentAddressDefault, address);
         DropboxTokens{.access = QByteArray("access"), .refresh = QByteArray("refresh")}.store(
             HostileAccount);
         const auto store =

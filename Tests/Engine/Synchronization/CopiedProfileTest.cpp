@@ -27,8 +27,7 @@ class CopiedProfileTest : public QObject {
     static std::unique_ptr<Replica> replicaWithNote() {
         auto replica = std::make_unique<Replica>();
         Note note{{}, QStringLiteral("Note"), QStringLiteral("text"), {}};
-        replica->library().inbox()->saveNote(note);
-        return replica;
+        return replica->library().inbox()->saveNote(note) ? std::move(replica) : nullptr;
     }
 
 private Q_SLOTS:

@@ -12,6 +12,7 @@
 #include "Support/FaultTestCase.h"
 #include "Support/FaultyProxy.h"
 #include "Support/MemoryStore.h"
+#include "Support/SetDefault.h"
 #include "Support/TestWebDAVStore.h"
 #include "Support/WebDAVServer.h"
 
@@ -85,11 +86,9 @@ private:
         address.setPort(port);
         const QString server = address.toString();
         using Configuration = DropboxConfiguration;
-        UserDefaults::setValue(Configuration::TokenAddressDefault,
-                               server + DropboxServer::tokenPath());
-        UserDefaults::setValue(Configuration::APIAddressDefault, server + QStringLiteral("/2"));
-        UserDefaults::setValue(Configuration::ContentAddressDefault,
-                               server + QStringLiteral("/content/2"));
+        setDefault(Configuration::TokenAddressDefault, server + DropboxServer::tokenPath());
+        setDefault(Configuration::APIAddressDefault, server + QStringLiteral("/2"));
+        setDefault(Configuration::ContentAddressDefault, server + QStringLiteral("/content/2"));
         return std::make_shared<DropboxStore>(
             locationWithoutEngine(
                 Url::fromString(QStringLiteral("dropbox://") + m_dropbox->email())),

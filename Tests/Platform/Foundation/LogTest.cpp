@@ -1,6 +1,7 @@
 #include "Platform/Foundation/Log.h"
 
 #include "Platform/Foundation/UserDefaults.h"
+#include "Support/SetDefault.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -27,8 +28,8 @@ class LogTest : public QObject {
     Q_OBJECT
 
     static void switchTo(bool debug, bool high) {
-        UserDefaults::setValue(debugKey, debug);
-        UserDefaults::setValue(highKey, high);
+        setDefault(debugKey, debug);
+        setDefault(highKey, high);
     }
 
     /// The texts that one normal and one verbose message leave.

@@ -11,6 +11,7 @@
 #include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Support/Namespaces.h"
+#include "Support/SetDefault.h"
 #include "Support/TestMain.h"
 
 class SystemLogTest : public QObject {
@@ -62,8 +63,8 @@ int writeToSystemLog() {
     }
     const QString enabledKey = QStringLiteral("LogTestEnabled");
     const QString verboseKey = QStringLiteral("LogTestVerbose");
-    UserDefaults::setValue(enabledKey, true);
-    UserDefaults::setValue(verboseKey, true);
+    setDefault(enabledKey, true);
+    setDefault(verboseKey, true);
     const Log log("test", enabledKey, verboseKey);
     Log::sendToSystemLog("test");
     log.message(QStringLiteral("normal ü %s"));

@@ -20,14 +20,14 @@ private Q_SLOTS:
     }
 
     void aValueIsReadUntilItIsRemoved() {
-        UserDefaults::setValue(m_key, true);
+        QVERIFY(UserDefaults::setValue(m_key, true));
         QVERIFY(UserDefaults::contains(m_key).value());
         QVERIFY(UserDefaults::boolForKey(m_key).value());
-        UserDefaults::setValue(m_key, 10101);
+        QVERIFY(UserDefaults::setValue(m_key, 10101));
         QCOMPARE(UserDefaults::integerForKey(m_key).value(), 10101);
-        UserDefaults::setValue(m_key, QStringLiteral("a, b=\"ü\""));
+        QVERIFY(UserDefaults::setValue(m_key, QStringLiteral("a, b=\"ü\"")));
         QCOMPARE(UserDefaults::stringForKey(m_key).value(), QStringLiteral("a, b=\"ü\""));
-        UserDefaults::setValue(m_key, false);
+        QVERIFY(UserDefaults::setValue(m_key, false));
         QVERIFY(UserDefaults::contains(m_key).value());
         QVERIFY(!UserDefaults::boolForKey(m_key).value());
         UserDefaults::remove(m_key);
@@ -36,14 +36,14 @@ private Q_SLOTS:
     }
 
     void aValueIsWrittenToTheFileAtOnce() {
-        UserDefaults::setValue(m_key, 7);
+        QVERIFY(UserDefaults::setValue(m_key, 7));
         QFile file(QSettings().fileName());
         QVERIFY(file.open(QIODevice::ReadOnly));
         QVERIFY(file.readAll().contains("\nQVDirectConnectionServerEnabled=7\n"));
     }
 
     void changesOfAnotherProcessAreRead() {
-        UserDefaults::setValue(m_key, 7);
+        QVERIFY(UserDefaults::setValue(m_key, 7));
         QFile file(QSettings().fileName());
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         file.write("[General]\nQVDirectConnectionServerEnabled=12345\n");
@@ -86,7 +86,7 @@ private Q_SLOTS:
     }
 
     void anotherThreadSeesTheSame() {
-        UserDefaults::setValue(m_key, 7);
+        QVERIFY(UserDefaults::setValue(m_key, 7));
         int seen = 0;
         std::thread([&] { seen = UserDefaults::integerForKey(m_key).value(); }).join();
         QCOMPARE(seen, 7);

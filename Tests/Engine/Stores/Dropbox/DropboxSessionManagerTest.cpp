@@ -12,6 +12,7 @@
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxTestCase.h"
 #include "Support/Failure.h"
+#include "Support/SetDefault.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -294,7 +295,7 @@ private Q_SLOTS:
         QTcpServer free;
         QVERIFY(free.listen(QHostAddress::LocalHost));
         const quint16 port = free.serverPort();
-        UserDefaults::setValue(DropboxConfiguration::RedirectPortDefault, port);
+        setDefault(DropboxConfiguration::RedirectPortDefault, port);
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QVERIFY2(outcome->description().startsWith(
@@ -489,7 +490,7 @@ private Q_SLOTS:
               DropboxConfiguration::TokenAddressDefault, DropboxConfiguration::APIAddressDefault,
               DropboxConfiguration::ContentAddressDefault}) {
             m_server->configure();
-            UserDefaults::setValue(key, address);
+            setDefault(key, address);
             const Expected<DropboxConfiguration> configuration = DropboxConfiguration::current();
             QCOMPARE(configuration.has_value(), isTaken);
             QVERIFY(!description(configuration).contains(QStringLiteral("pw")));
@@ -498,7 +499,7 @@ private Q_SLOTS:
 
     void withoutConfigurationItIsDropboxItself() {
         DropboxServer::forget();
-        UserDefaults::setValue(DropboxConfiguration::ApplicationKeyDefault, QStringLiteral("key"));
+        setDefault(DropboxConfiguration::ApplicationKeyDefault, QStringLiteral("key"));
         const Expected<DropboxConfiguration> result = DropboxConfiguration::current();
         const auto configuration = result.value();
         QCOMPARE(configuration.authorizeAddress,
@@ -537,8 +538,8 @@ private Q_SLOTS:
 
     void withoutABrowserItSaysSo() {
         // Without a desktop there is none for any scheme that nobody has taken over.
-        UserDefaults::setValue(DropboxConfiguration::AuthorizeAddressDefault,
-                               QStringLiteral("https://127.0.0.1/authorize"));
+        setDefault(DropboxConfiguration::AuthorizeAddressDefault,
+                   QStringLiteral("https://127.0.0.1/authorize"));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(".*openUrl.*")));
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);

@@ -9,6 +9,7 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Support/DropboxTestCase.h"
 #include "Support/Failure.h"
+#include "Support/SetDefault.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -236,7 +237,7 @@ private Q_SLOTS:
     }
 
     void aBlobCanBeRemoved() {
-        write(DropboxBlob, "x");
+        QVERIFY(write(DropboxBlob, "x"));
         QCOMPARE(description(m_store->remove(DropboxBlob, m_future)), QString());
         QVERIFY(m_server->files().isEmpty());
         QCOMPARE(description(m_store->remove(DropboxBlob, m_future)), QString());
@@ -265,7 +266,7 @@ private Q_SLOTS:
     }
 
     void anExpiredTokenIsRefreshed() {
-        write(DropboxBlob, "x");
+        QVERIFY(write(DropboxBlob, "x"));
         m_server->expireAccessTokens();
         QCOMPARE(description(read()), QString());
         QCOMPARE(m_server->count(DropboxServer::tokenPath()), 2);
@@ -291,7 +292,7 @@ private Q_SLOTS:
     }
 
     void concurrentRequestsRefreshAnExpiredTokenOnce() {
-        write(DropboxBlob, "x");
+        QVERIFY(write(DropboxBlob, "x"));
         m_server->expireAccessTokens();
         std::vector<std::shared_ptr<BlobStore>> stores;
         std::vector<std::future<Expected<QByteArray>>> readers;
@@ -532,8 +533,8 @@ private Q_SLOTS:
     void aServerThatIsNotThereSaysSo() {
         QTcpServer free;
         QVERIFY(free.listen(QHostAddress::LocalHost));
-        UserDefaults::setValue(DropboxConfiguration::APIAddressDefault,
-                               QStringLiteral("http://127.0.0.1:%1/2").arg(free.serverPort()));
+        setDefault(DropboxConfiguration::APIAddressDefault,
+                   QStringLiteral("http://127.0.0.1:%1/2").arg(free.serverPort()));
         free.close();
         QVERIFY(description(newStore()->open(m_future))
                     .contains(QStringLiteral("refused the connection")));

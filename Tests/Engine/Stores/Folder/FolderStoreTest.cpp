@@ -116,8 +116,8 @@ private Q_SLOTS:
     }
 
     void writingLeavesNothingBesideTheBlob() {
-        write(FolderBlob, "first");
-        write(FolderBlob, "second");
+        QVERIFY(write(FolderBlob, "first"));
+        QVERIFY(write(FolderBlob, "second"));
         QCOMPARE(allNames(FolderBlob.section(u'/', 0, 1)), QStringList(QStringLiteral("1-a")));
     }
 
@@ -211,9 +211,9 @@ private Q_SLOTS:
     }
 
     void aFolderIsListedInOrderWithItsFolders() {
-        write(QStringLiteral("transactions/b/1"), "x");
-        write(QStringLiteral("transactions/a"), "x");
-        write(QStringLiteral("transactions/Ä ö"), "x");
+        QVERIFY(write(QStringLiteral("transactions/b/1"), "x"));
+        QVERIFY(write(QStringLiteral("transactions/a"), "x"));
+        QVERIFY(write(QStringLiteral("transactions/Ä ö"), "x"));
         const QStringList names = {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("Ä ö")};
         QCOMPARE(m_store->list(QStringLiteral("transactions"), m_future),
                  Expected<QStringList>(names));
@@ -225,7 +225,7 @@ private Q_SLOTS:
     }
 
     void invalidNamesAreNotListed() {
-        write(QStringLiteral("transactions/good"), "x");
+        QVERIFY(write(QStringLiteral("transactions/good"), "x"));
         for (const QByteArray &name : {QByteArray("with\nbreak"), QByteArray(".hidden"),
                                        QByteArray("\xff\xfe"), QByteArray("bell\a")}) {
             const QByteArray full = QFile::encodeName(path()) + "/transactions/" + name;
@@ -273,9 +273,9 @@ private Q_SLOTS:
     }
 
     void aBlobLongerThanTheLimitIsNotRead() {
-        write(FolderBlob, QByteArray(FolderLimit, 'x'));
+        QVERIFY(write(FolderBlob, QByteArray(FolderLimit, 'x')));
         QVERIFY(read(FolderBlob));
-        write(QStringLiteral("databases/long"), QByteArray(FolderLimit + 1, 'x'));
+        QVERIFY(write(QStringLiteral("databases/long"), QByteArray(FolderLimit + 1, 'x')));
         QCOMPARE(code(read(QStringLiteral("databases/long"))), EngineErrorCode::BlobRefused);
         // Nobody has so much memory.
         QFile huge(path(QStringLiteral("databases/huge")));
@@ -322,7 +322,7 @@ private Q_SLOTS:
     }
 
     void aBlobCanBeRemoved() {
-        write(FolderBlob, "x");
+        QVERIFY(write(FolderBlob, "x"));
         QCOMPARE(description(m_store->remove(FolderBlob, m_future)), QString());
         QCOMPARE(code(read(FolderBlob)), EngineErrorCode::BlobMissing);
         QCOMPARE(description(m_store->remove(FolderBlob, m_future)), QString());
@@ -331,7 +331,7 @@ private Q_SLOTS:
     }
 
     void aFolderIsNotRemoved() {
-        write(FolderBlob, "x");
+        QVERIFY(write(FolderBlob, "x"));
         QVERIFY(!m_store->remove(FolderBlob.section(u'/', 0, 1), m_future));
         QVERIFY(read(FolderBlob));
     }
@@ -363,7 +363,7 @@ private Q_SLOTS:
     void aReadOnlyVolumeCanBeReadAndSaysSoWhenWritten() {
         PrivateVolume volume(m_host->directory() + QStringLiteral("/optical"), 1 << 20);
         makePackageOn(m_host->directory() + QStringLiteral("/optical"));
-        write(FolderBlob, "x");
+        QVERIFY(write(FolderBlob, "x"));
         volume.makeReadOnly();
         QCOMPARE(descriptionOfOpening(*m_store), QString());
         QVERIFY(read(FolderBlob));
@@ -376,7 +376,7 @@ private Q_SLOTS:
     }
 
     void aStoreOfAnotherUserReportsAccessDenied() {
-        write(FolderBlob, "x");
+        QVERIFY(write(FolderBlob, "x"));
         QVERIFY(QFile::setPermissions(path(QStringLiteral("databases")),
                                       QFileDevice::Permissions(0x5555)));
         const Unprivileged unprivileged;
@@ -415,7 +415,7 @@ private Q_SLOTS:
         std::optional<PrivateVolume> stick;
         stick.emplace(QStringLiteral("/mnt/stick"), 1 << 20);
         makePackageOn(QStringLiteral("/mnt/stick"));
-        write(FolderBlob, "x");
+        QVERIFY(write(FolderBlob, "x"));
         stick.reset();
         custom.reset();
         for (const QString &text :
@@ -436,14 +436,14 @@ private Q_SLOTS:
         QVERIFY(QFile::link(path(), link));
         const std::shared_ptr<BlobStore> store = storeAt(link);
         QCOMPARE(descriptionOfOpening(*store), QString());
-        write(FolderBlob, "x");
+        QVERIFY(write(FolderBlob, "x"));
         QCOMPARE(store->read(FolderBlob, FolderLimit, m_future),
                  Expected<QByteArray>(QByteArray("x")));
     }
 
     void aSandboxedProfileReachesGrantedFoldersOnly() {
         EngineSyncPlugin &plugin = m_host->engine().plugin();
-        write(FolderBlob, "x");
+        QVERIFY(write(FolderBlob, "x"));
         QVERIFY(plugin.setUsesSandboxedAccess(true));
         const Expected<void> opened = m_store->open(m_future);
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);

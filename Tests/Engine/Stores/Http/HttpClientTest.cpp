@@ -182,8 +182,9 @@ private Q_SLOTS:
             time.start();
             runWithFailingSystemCall(number, EINVAL, [&] {
                 HttpClient client(HttpClient::Options{.timeouts = {.idle = 5s, .total = 10s}});
-                client.send({.method = "GET", .URL = QUrl(server.URLText(QStringLiteral("x")))},
-                            EngineFuture());
+                QVERIFY(!client.send(
+                    {.method = "GET", .URL = QUrl(server.URLText(QStringLiteral("x")))},
+                    EngineFuture()));
             });
             if (time.elapsed() < 2000) {
                 return;
@@ -551,7 +552,7 @@ private Q_SLOTS:
         const ScriptedServer other(asking);
         HttpClient client(withCredential());
         for (const ScriptedServer *each : {&server, &server, &other}) {
-            client.send({.method = "GET", .URL = QUrl(each->URLText({}))}, m_future);
+            QVERIFY(client.send({.method = "GET", .URL = QUrl(each->URLText({}))}, m_future));
         }
         QCOMPARE(requests.texts().size(), 5);
         QVERIFY(requests.texts().at(2).contains("Authorization"));
@@ -569,7 +570,7 @@ private Q_SLOTS:
         });
         HttpClient client(hasty());
         for (int i = 0; i < 2; ++i) {
-            client.send({.method = "GET", .URL = QUrl(server.URLText({}))}, m_future);
+            QVERIFY(client.send({.method = "GET", .URL = QUrl(server.URLText({}))}, m_future));
         }
         QCOMPARE(requests.texts().size(), 2);
         QVERIFY(!requests.texts().last().toLower().contains("cookie"));

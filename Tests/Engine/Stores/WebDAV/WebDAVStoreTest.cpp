@@ -192,11 +192,11 @@ private Q_SLOTS:
         start({});
         const QString record = QStringLiteral("{\"uuid\":\"%1\",\"name\":\"%2\",\"version\":1}");
         QCOMPARE(description(m_store->open(m_future)), QString());
-        write(QStringLiteral("databases/%1.json").arg(UUID),
-              record.arg(UUID, QStringLiteral("Rezepte für Ida")).toUtf8());
-        write(QStringLiteral("databases/@inbox.json"),
-              record.arg(InboxUUID, QStringLiteral("Inbox")).toUtf8());
-        write(QStringLiteral("databases/x.json"), "{}");
+        QVERIFY(write(QStringLiteral("databases/%1.json").arg(UUID),
+                      record.arg(UUID, QStringLiteral("Rezepte für Ida")).toUtf8()));
+        QVERIFY(write(QStringLiteral("databases/@inbox.json"),
+                      record.arg(InboxUUID, QStringLiteral("Inbox")).toUtf8()));
+        QVERIFY(write(QStringLiteral("databases/x.json"), "{}"));
         std::promise<std::optional<Error>> opened;
         m_store->openWithCompletionHandler([&](const auto &error) { opened.set_value(error); });
         QCOMPARE(opened.get_future().get(), std::nullopt);
@@ -229,7 +229,7 @@ private Q_SLOTS:
     void openingTwiceFindsThePackage() {
         start({});
         QCOMPARE(description(m_store->open(m_future)), QString());
-        write(WebDAVBlob, "x");
+        QVERIFY(write(WebDAVBlob, "x"));
         QCOMPARE(description(m_store->open(m_future)), QString());
         QCOMPARE(read(WebDAVBlob), Expected<QByteArray>(QByteArray("x")));
     }
@@ -502,7 +502,7 @@ private Q_SLOTS:
     void aPlainFileInPlaceOfAFolderIsRefused() {
         start({});
         QCOMPARE(description(m_store->open(m_future)), QString());
-        write(WebDAVBlob, "x");
+        QVERIFY(write(WebDAVBlob, "x"));
         QVERIFY(!list(WebDAVBlob));
         const ScriptedServer scripted(always(
             "207 Multi-Status",
