@@ -7,17 +7,14 @@
 
 #include "Engine/Profile/ProfileLock.h"
 #include "Support/Patience.h"
+#include "Support/ProgramRun.h"
 #include "Support/TestMain.h"
 
 /// Runs "velmora sync", "status" and "check" as a user or a script would.
 class ShellCommandTest : public QObject {
     Q_OBJECT
 
-    struct Run {
-        int exitCode = -1;
-        QString output;
-        QString errors;
-    };
+    using Run = ProgramRun;
 
     std::unique_ptr<QTemporaryDir> m_folder;
 
@@ -33,23 +30,9 @@ class ShellCommandTest : public QObject {
         return environment;
     }
     Run run(const QStringList &arguments) const {
-        QProcessEnvironment environment = this->environment();
-        // A command for scripts needs no display.
-        for (const QString &name : {QStringLiteral("DISPLAY"), QStringLiteral("WAYLAND_DISPLAY"),
-                                    QStringLiteral("QT_QPA_PLATFORM")}) {
-            environment.remove(name);
-        }
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(VELMORA),
-                      QStringList{QStringLiteral("--profile"), profile()} + arguments);
-        Run result;
-        if (process.waitForFinished(Patience) && process.exitStatus() == QProcess::NormalExit) {
-            result.exitCode = process.exitCode();
-        }
-        result.output = QString::fromUtf8(process.readAllStandardOutput());
-        result.errors = QString::fromUtf8(process.readAllStandardError());
-        return result;
+        return Run::of(QStringLiteral(VELMORA),
+                       QStringList{QStringLiteral("--profile"), profile()} + arguments,
+                       environment());
     }
     /// Returns what identifies the probes of this user in a store.
     QString nameOfProbe() const {

@@ -10,42 +10,29 @@
 #include <QtSql/QSqlQuery>
 
 #include "Engine/Profile/ProfileLock.h"
+#include "Support/ProgramRun.h"
 #include "Support/TestMain.h"
 
 /// Runs "velmora verify" as a user or a script would.
 class VerifyCommandTest : public QObject {
     Q_OBJECT
 
-    struct Run {
-        int exitCode = -1;
-        QString output;
-        QString errors;
-    };
+    using Run = ProgramRun;
 
     std::unique_ptr<QTemporaryDir> m_folder;
 
     QString profile() const { return m_folder->filePath(QStringLiteral("profile")); }
     QString store() const { return profile() + QStringLiteral("/Sync Stores/Home.qvSyncStore"); }
 
-    Run run(const QStringList &arguments) const {
+    QProcessEnvironment environment() const {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("HOME"), m_folder->path());
-        // A command for scripts needs no display.
-        for (const QString &name : {QStringLiteral("DISPLAY"), QStringLiteral("WAYLAND_DISPLAY"),
-                                    QStringLiteral("QT_QPA_PLATFORM")}) {
-            environment.remove(name);
-        }
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(VELMORA),
-                      QStringList{QStringLiteral("--profile"), profile()} + arguments);
-        Run result;
-        if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit) {
-            result.exitCode = process.exitCode();
-        }
-        result.output = QString::fromUtf8(process.readAllStandardOutput());
-        result.errors = QString::fromUtf8(process.readAllStandardError());
-        return result;
+        return environment;
+    }
+    Run run(const QStringList &arguments) const {
+        return Run::of(QStringLiteral(VELMORA),
+                       QStringList{QStringLiteral("--profile"), profile()} + arguments,
+                       environment());
     }
     Run verify(const QStringList &options = {}) const {
         return run(QStringList{QStringLiteral("verify")} + options);
@@ -111,8 +98,7 @@ private Q_SLOTS:
                              .arg(server.serverPort()));
         const QString temporary = m_folder->filePath(QStringLiteral("tmp"));
         QVERIFY(QDir().mkdir(temporary));
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("HOME"), m_folder->path());
+        QProcessEnvironment environment = this->environment();
         environment.insert(QStringLiteral("TMPDIR"), temporary);
         QProcess process;
         process.setProcessEnvironment(environment);

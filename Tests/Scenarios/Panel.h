@@ -45,12 +45,23 @@ public:
     static QWidget *databaseRow(int index) {
         return pane().databasesView()->items().at(index)->view();
     }
+    /// Returns the row of the database `name`; null if there is none.
+    static QWidget *databaseRow(const QString &name) {
+        for (const auto &item : pane().databasesView()->items()) {
+            if (part<QLabel>(item->view(), "rowName")->text() == name) {
+                return item->view();
+            }
+        }
+        return nullptr;
+    }
+    template <class Part>
+    static Part *part(QWidget *row, const char *name) {
+        return row->findChild<Part *>(QLatin1StringView(name));
+    }
     static void select(QWidget *row) {
         QTest::mouseClick(row, Qt::LeftButton, {}, row->rect().topLeft() + QPoint(3, 3));
     }
-    static QToolButton *warning(QWidget *row) {
-        return row->findChild<QToolButton *>(QStringLiteral("rowWarningButton"));
-    }
+    static QToolButton *warning(QWidget *row) { return part<QToolButton>(row, "rowWarningButton"); }
 
     /// Returns the open sheet; null if there is none.
     SheetWindow *sheet() const {

@@ -1,24 +1,17 @@
 #include <QtCore/QRegularExpression>
-#include <QtGui/QAction>
 #include <QtGui/QClipboard>
 #include <QtWidgets/QCheckBox>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QProgressBar>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
-#include <QtWidgets/QToolButton>
 #include <ctime>
 
-#include "Application/PreferencesWindow.h"
 #include "Controller/Preferences/ActivityStatus.h"
-#include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
-#include "Platform/Interface/SheetWindow.h"
+#include "Scenarios/Panel.h"
 #include "Support/Patience.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
-#include "Support/TestMain.h"
 #include "Support/WebDAVServer.h"
 #include "View/TimeField.h"
 
@@ -29,51 +22,25 @@ class SynchronizationStatusTest : public QObject {
 
     std::unique_ptr<TestHost> m_host;
     std::shared_ptr<NoteDatabase> m_database;
-    QPointer<PreferencesWindow> m_window;
-
-    static QVSyncPreferences &pane() { return *QVSyncPreferences::preferences(); }
+    std::unique_ptr<Panel> m_panel;
 
     void showPanel() {
-        m_window = new PreferencesWindow(std::make_unique<QVSyncPreferences>());
-        m_window->show();
-        click(databaseRow(QStringLiteral("Projects")));
+        m_panel = std::make_unique<Panel>();
+        Panel::select(projectsRow());
     }
 
-    static void click(QWidget *row) {
-        QTest::mouseClick(row, Qt::LeftButton, {}, row->rect().topLeft() + QPoint(3, 3));
-    }
-    static QWidget *databaseRow(const QString &name) {
-        for (const auto &item : pane().databasesView()->items()) {
-            if (part<QLabel>(item->view(), "rowName")->text() == name) {
-                return item->view();
-            }
-        }
-        return nullptr;
-    }
-    static QWidget *locationRow(int index) {
-        return pane().locationsView()->items().at(index)->view();
-    }
-    template <class Widget>
-    static Widget *part(QWidget *row, const char *name) {
-        return row->findChild<Widget *>(QLatin1StringView(name));
-    }
+    static QWidget *projectsRow() { return Panel::databaseRow(QStringLiteral("Projects")); }
     static void tick(int location) {
-        part<QCheckBox>(locationRow(location), "rowCheckBox")->click();
+        Panel::part<QCheckBox>(Panel::locationRow(location), "rowCheckBox")->click();
     }
-    void syncNow() const {
-        part<QAbstractButton>(databaseRow(QStringLiteral("Projects")), "rowSyncButton")->click();
-    }
-    static QString databaseText() {
-        return part<QLabel>(databaseRow(QStringLiteral("Projects")), "rowDate")->text();
-    }
-    static QToolButton *databaseWarning() {
-        return part<QToolButton>(databaseRow(QStringLiteral("Projects")), "rowWarningButton");
-    }
+    void syncNow() const { Panel::part<QAbstractButton>(projectsRow(), "rowSyncButton")->click(); }
+    static QString databaseText() { return Panel::part<QLabel>(projectsRow(), "rowDate")->text(); }
+    static QToolButton *databaseWarning() { return Panel::warning(projectsRow()); }
     static QString locationText(int index) {
-        return part<QLabel>(locationRow(index), "rowType")->text();
+        return Panel::part<QLabel>(Panel::locationRow(index), "rowType")->text();
     }
     static QToolButton *locationWarning(int index) {
-        return part<QToolButton>(locationRow(index), "rowWarningButton");
+        return Panel::warning(Panel::locationRow(index));
     }
     /// Synchronizes by the row's button and waits for the end.
     void synchronize() const {
@@ -81,31 +48,19 @@ class SynchronizationStatusTest : public QObject {
         QVERIFY(!isIdle());
         QTRY_VERIFY_WITH_TIMEOUT(isIdle(), Patience);
     }
-    template <class Widget>
-    Widget *find(const char *name) const {
-        return m_window->findChild<Widget *>(QLatin1StringView(name));
-    }
-    QString scheduleText() const { return find<QLabel>("nextScheduledDateLabel")->text(); }
-    SheetWindow *sheet() const {
-        for (auto *window : m_window->findChildren<SheetWindow *>()) {
-            if (window->isVisible()) {
-                return window;
-            }
-        }
-        return nullptr;
-    }
+    QString scheduleText() const { return m_panel->text("nextScheduledDateLabel"); }
     /// Opens the editor of the location, pastes `text` over what its field `name` holds, and
     /// accepts.
     void edit(int location, const char *name, const QString &text) const {
-        click(locationRow(location));
-        find<QPushButton>("editLocationButton")->click();
-        auto *field = sheet()->findChild<QLineEdit *>(QLatin1StringView(name));
+        Panel::select(Panel::locationRow(location));
+        m_panel->press("editLocationButton");
+        auto *field = m_panel->inSheet<QLineEdit>(name);
         QTRY_VERIFY(field->isEnabled());
         field->selectAll();
         QGuiApplication::clipboard()->setText(text);
         field->paste();
-        sheet()->findChild<QPushButton *>(QStringLiteral("acceptButton"))->click();
-        QVERIFY(!sheet());
+        m_panel->inSheet<QPushButton>("acceptButton")->click();
+        QVERIFY(!m_panel->sheet());
     }
     /// Makes the local time `time` now.
     static void setLocalTime(const QTime &time) {
@@ -132,10 +87,7 @@ private Q_SLOTS:
     }
 
     void cleanup() {
-        if (m_window) {
-            m_window->close();
-        }
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_panel.reset();
         qunsetenv("TZ");
         tzset();
         m_database.reset();
@@ -164,7 +116,7 @@ private Q_SLOTS:
         tick(0);
         tick(1);
         tick(1);
-        QWidget *row = databaseRow(QStringLiteral("Projects"));
+        QWidget *row = projectsRow();
         QTest::mouseDClick(row, Qt::LeftButton, {}, row->rect().topLeft() + QPoint(3, 3));
         QTRY_VERIFY(!transactionsAt(ticked).isEmpty());
         QTRY_VERIFY(isIdle());
@@ -231,9 +183,9 @@ private Q_SLOTS:
         tick(1);
         synchronize();
         QVERIFY(databaseText().startsWith(QStringLiteral("Synchronized with 1 of 2 locations")));
-        for (QWidget *row : {databaseRow(QStringLiteral("Projects")), locationRow(1)}) {
+        for (QWidget *row : {projectsRow(), Panel::locationRow(1)}) {
             for (const char *name : {"rowDate", "rowType"}) {
-                if (const auto *label = part<QLabel>(row, name)) {
+                if (const auto *label = Panel::part<QLabel>(row, name)) {
                     QVERIFY(label->wordWrap());
                     QTRY_VERIFY(label->height() >= label->heightForWidth(label->width()));
                     QTRY_VERIFY(row->rect().contains(label->geometry()));
@@ -252,8 +204,7 @@ private Q_SLOTS:
         const QString text = locationText(0);
         QVERIFY(text.contains(QStringLiteral("failed today at ")));
         QCOMPARE(databaseText(), QStringLiteral("Synchronization failed"));
-        m_window->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_panel.reset();
         m_database.reset();
         m_host->restart();
         showPanel();
@@ -281,10 +232,10 @@ private Q_SLOTS:
         tick(0);
         synchronize();
         QVERIFY(locationWarning(0)->isVisible());
-        click(databaseRow(QStringLiteral("Recipes")));
+        Panel::select(Panel::databaseRow(QStringLiteral("Recipes")));
         QCOMPARE(locationText(0), QStringLiteral("Local Sync Store · never synchronized"));
         QVERIFY(locationWarning(0)->isHidden());
-        click(databaseRow(QStringLiteral("Projects")));
+        Panel::select(projectsRow());
         QVERIFY(locationWarning(0)->isVisible());
     }
 
@@ -300,9 +251,9 @@ private Q_SLOTS:
                  qPrintable(locationText(0)));
         QVERIFY(locationText(0).endsWith(QStringLiteral(": wrong password")));
         // The check finds the same, and its error goes as well.
-        click(locationRow(0));
-        find<QAction>("checkItem")->trigger();
-        QTRY_VERIFY(pane().synchronizationSelections().first()->error());
+        Panel::select(Panel::locationRow(0));
+        m_panel->choose("checkItem");
+        QTRY_VERIFY(Panel::pane().synchronizationSelections().first()->error());
         edit(0, "passwordField", WebDAVServer::Password);
         QVERIFY(locationWarning(0)->isHidden());
         QCOMPARE(locationText(0), QStringLiteral("WebDAV · never synchronized"));
@@ -315,9 +266,9 @@ private Q_SLOTS:
         const QString package = m_host->addLocation()->URL().path();
         showPanel();
         tick(0);
-        click(locationRow(0));
+        Panel::select(Panel::locationRow(0));
         QVERIFY(QDir().rename(package, package + u'x'));
-        find<QAction>("checkItem")->trigger();
+        m_panel->choose("checkItem");
         QTRY_VERIFY(locationWarning(0)->isVisible());
         QVERIFY(QDir().rename(package + u'x', package));
         synchronize();
@@ -327,12 +278,12 @@ private Q_SLOTS:
     void aRowShowsItsNewTitleAfterAnEdit() {
         m_host->addLocation(QStringLiteral("http://ida@localhost/dav/Shared.qvSyncStore"));
         showPanel();
-        QCOMPARE(part<QLabel>(locationRow(0), "rowTitle")->text(),
+        QCOMPARE(Panel::part<QLabel>(Panel::locationRow(0), "rowTitle")->text(),
                  QStringLiteral("localhost – Shared"));
         edit(0, "serverField", QStringLiteral("127.0.0.1"));
-        QCOMPARE(part<QLabel>(locationRow(0), "rowTitle")->text(),
+        QCOMPARE(Panel::part<QLabel>(Panel::locationRow(0), "rowTitle")->text(),
                  QStringLiteral("127.0.0.1 – Shared"));
-        QCOMPARE(part<QCheckBox>(locationRow(0), "rowCheckBox")->accessibleName(),
+        QCOMPARE(Panel::part<QCheckBox>(Panel::locationRow(0), "rowCheckBox")->accessibleName(),
                  QStringLiteral("127.0.0.1 – Shared"));
     }
 
@@ -354,7 +305,7 @@ private Q_SLOTS:
         m_host->addLocation();
         showPanel();
         tick(0);
-        find<QRadioButton>("hourlyButton")->click();
+        m_panel->find<QRadioButton>("hourlyButton")->click();
         QVERIFY2(scheduleText().startsWith(QStringLiteral("Next synchronization: tomorrow at ")),
                  qPrintable(scheduleText()));
         QTRY_VERIFY(scheduleText().startsWith(QStringLiteral("Next synchronization: today at ")));
@@ -366,19 +317,19 @@ private Q_SLOTS:
         m_host->addLocation(silent.URLText(QStringLiteral("Shared.qvSyncStore")));
         showPanel();
         tick(0);
-        auto *stop = find<QPushButton>("stopButton");
+        auto *stop = m_panel->find<QPushButton>("stopButton");
         QVERIFY(stop->isHidden());
-        QCOMPARE(find<QLabel>("activityLabel")->text(), QString());
+        QCOMPARE(m_panel->text("activityLabel"), QString());
         syncNow();
-        QCOMPARE(find<QLabel>("activityLabel")->text(),
+        QCOMPARE(m_panel->text("activityLabel"),
                  QStringLiteral("Synchronizing “Projects” with “127.0.0.1 – Shared”…"));
-        QVERIFY(find<QProgressBar>("activityBar")->isVisible());
+        QVERIFY(m_panel->find<QProgressBar>("activityBar")->isVisible());
         QTRY_COMPARE(silent.connections(), 1);
         QVERIFY(stop->isVisible());
         stop->click();
-        QCOMPARE(find<QLabel>("activityLabel")->text(), QString());
+        QCOMPARE(m_panel->text("activityLabel"), QString());
         QVERIFY(stop->isHidden());
-        QVERIFY(find<QProgressBar>("activityBar")->isHidden());
+        QVERIFY(m_panel->find<QProgressBar>("activityBar")->isHidden());
         QCOMPARE(locationText(0), QStringLiteral("WebDAV · never synchronized"));
     }
 
@@ -390,15 +341,15 @@ private Q_SLOTS:
         m_host->addLocation();
         showPanel();
         tick(0);
-        const auto *label = find<QLabel>("activityLabel");
-        const auto *bar = find<QProgressBar>("activityBar");
+        const auto *label = m_panel->find<QLabel>("activityLabel");
+        const auto *bar = m_panel->find<QProgressBar>("activityBar");
         QStringList texts;
-        const auto recording =
-            connect(find<ActivityStatus>("activityStatus"), &ActivityStatus::changed, this, [&] {
-                if (bar->maximum() > 0) {
-                    texts.append(label->text());
-                }
-            });
+        const auto recording = connect(m_panel->find<ActivityStatus>("activityStatus"),
+                                       &ActivityStatus::changed, this, [&] {
+                                           if (bar->maximum() > 0) {
+                                               texts.append(label->text());
+                                           }
+                                       });
         synchronize();
         disconnect(recording);
         QVERIFY(!texts.isEmpty());
@@ -417,12 +368,12 @@ private Q_SLOTS:
         const QString hint = QStringLiteral(
             "Tick a location first. A schedule belongs to the locations that are ticked.");
         QCOMPARE(scheduleText(), hint);
-        find<QRadioButton>("dailyButton")->click();
-        QVERIFY(!find<QRadioButton>("dailyButton")->isChecked());
+        m_panel->find<QRadioButton>("dailyButton")->click();
+        QVERIFY(!m_panel->find<QRadioButton>("dailyButton")->isChecked());
         QCOMPARE(scheduleText(), hint);
         tick(0);
         QCOMPARE(scheduleText(), QStringLiteral("No synchronization is scheduled."));
-        find<QRadioButton>("dailyButton")->click();
+        m_panel->find<QRadioButton>("dailyButton")->click();
         QVERIFY(scheduleText().startsWith(QStringLiteral("Next synchronization: ")));
         tick(0);
         QCOMPARE(scheduleText(), hint);
@@ -432,18 +383,18 @@ private Q_SLOTS:
         m_host->addLocation();
         showPanel();
         tick(0);
-        find<QRadioButton>("weeklyButton")->click();
-        for (auto *day : find<QWidget>("weeklyDaysField")->findChildren<QToolButton *>()) {
+        m_panel->find<QRadioButton>("weeklyButton")->click();
+        for (auto *day : m_panel->find<QWidget>("weeklyDaysField")->findChildren<QToolButton *>()) {
             if (day->isChecked()) {
                 day->click();
             }
         }
         QCOMPARE(scheduleText(),
                  QStringLiteral("Choose at least one day. Otherwise nothing is synchronized."));
-        QVERIFY(find<QPushButton>("disabledButton")->isEnabled());
-        find<QPushButton>("disabledButton")->click();
+        QVERIFY(m_panel->find<QPushButton>("disabledButton")->isEnabled());
+        m_panel->press("disabledButton");
         QCOMPARE(scheduleText(), QStringLiteral("No synchronization is scheduled."));
-        QVERIFY(!find<QRadioButton>("weeklyButton")->isChecked());
+        QVERIFY(!m_panel->find<QRadioButton>("weeklyButton")->isChecked());
     }
 
     void aDisabledTimeFieldShowsNoTimeOfAnotherDatabase() {
@@ -451,18 +402,18 @@ private Q_SLOTS:
         m_host->addLocation();
         showPanel();
         tick(0);
-        find<QRadioButton>("dailyButton")->click();
-        auto *field = find<TimeField>("dailyTimeField");
+        m_panel->find<QRadioButton>("dailyButton")->click();
+        auto *field = m_panel->find<TimeField>("dailyTimeField");
         QVERIFY(field->isEnabled());
         field->setFocus();
         field->setTime(QTime(9, 30));
         const QString shown = field->text();
         QVERIFY(shown.contains(QStringLiteral("30")));
-        QCOMPARE(pane().scheduleEditor()->dailyDate().time(), QTime(9, 30));
-        click(databaseRow(QStringLiteral("Recipes")));
+        QCOMPARE(Panel::pane().scheduleEditor()->dailyDate().time(), QTime(9, 30));
+        Panel::select(Panel::databaseRow(QStringLiteral("Recipes")));
         QVERIFY(!field->isEnabled());
         QCOMPARE(field->text(), QString());
-        click(databaseRow(QStringLiteral("Projects")));
+        Panel::select(projectsRow());
         QCOMPARE(field->text(), shown);
     }
 };
