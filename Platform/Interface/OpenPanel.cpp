@@ -3,7 +3,7 @@
 #include <QtCore/QDir>
 #include <QtWidgets/QLineEdit>
 
-#include "Platform/Interface/RequiredChild.h"
+#include "Platform/Interface/FileDialogParts.h"
 
 OpenPanel::OpenPanel(const QString &message, QWidget *parent) : QFileDialog(parent, message) {
     // Native panels choose either files or folders.
@@ -14,8 +14,7 @@ OpenPanel::OpenPanel(const QString &message, QWidget *parent) : QFileDialog(pare
     connect(this, &QFileDialog::currentChanged, this, [this](const QString &path) {
         // The dialog itself fills in names of files only.
         if (QFileInfo(path).isDir()) {
-            requiredChild<QLineEdit>(*this, QStringLiteral("fileNameEdit"))
-                .setText(QFileInfo(path).fileName());
+            FileDialogParts::nameField(*this).setText(QFileInfo(path).fileName());
         }
     });
 }

@@ -6,7 +6,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 
-#include "Platform/Interface/RequiredChild.h"
+#include "Platform/Interface/FileDialogParts.h"
 
 PackagePanel::PackagePanel(Purpose purpose, const QString &extension)
     : QFileDialog(QApplication::activeWindow()), m_purpose(purpose), m_ending(u'.' + extension) {
@@ -24,7 +24,7 @@ void PackagePanel::preventDeletion() {
         return;
     }
     // New folders can be created here.
-    requiredChild<QAction>(*this, QStringLiteral("qt_delete_action")).setVisible(false);
+    FileDialogParts::deleteAction(*this).setVisible(false);
     for (QShortcut *shortcut : findChildren<QShortcut *>()) {
         if (shortcut->key() == QKeySequence(Qt::Key_Delete)) {
             shortcut->setEnabled(false);
@@ -55,7 +55,6 @@ QString PackagePanel::chosenPath() const {
 }
 
 bool PackagePanel::isTyped(const QString &path) const {
-    const QString typedName =
-        requiredChild<QLineEdit>(*this, QStringLiteral("fileNameEdit")).text().section(u'/', -1);
+    const QString typedName = FileDialogParts::nameField(*this).text().section(u'/', -1);
     return !typedName.isEmpty() && typedName == path.section(u'/', -1);
 }
