@@ -36,7 +36,6 @@ QWidget *windowForDialog() {
 VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
     : QApplication(argumentCount, arguments) {
     setNSApp(this);
-    QuestionPresenter::setShared(this);
     NotificationCenter::defaultCenter().addObserver(
         this, SecretsNotKeptNotification, [this](const Notification & /*notification*/) {
             presentError(SecretStore::shared().error().value_or(Error()));
@@ -48,7 +47,6 @@ VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
 }
 
 VelmoraApplication::~VelmoraApplication() {
-    QuestionPresenter::setShared(nullptr);
     setNSApp(nullptr);
 }
 

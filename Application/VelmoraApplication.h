@@ -12,7 +12,7 @@ class NoteLibrary;
 
 /// The application object. It presents errors and assertion failures: in a message box or, in batch
 /// mode, on standard error. It also reports, once, that passwords cannot be saved. Must be used on
-/// the main thread; it is NSApp() and the shared QuestionPresenter as long as it exists.
+/// the main thread; it is NSApp(), which also presents questions, as long as it exists.
 class VelmoraApplication : public QApplication,
                            public QVApplication,
                            public QVJobLog,

@@ -41,7 +41,8 @@ enum class RemovalDecision {
     Later,
 };
 
-/// Asks the user questions for the sync plug-in. Must be used on the main thread.
+/// Asks the user questions for the sync plug-in. The application object of an application that can
+/// show them is also a QuestionPresenter. Must be used on the main thread.
 class INTERFACE_EXPORT QuestionPresenter {
 public:
     virtual ~QuestionPresenter();
@@ -59,9 +60,7 @@ public:
     virtual void askAboutRemoval(const RemovalQuestion &question,
                                  std::function<void(RemovalDecision)> handler) = 0;
 
-    /// The presenter of the process, not owned; nullptr before the application has set it and after
-    /// it has ended. Must be called on the main thread.
-    static QuestionPresenter *shared();
-    /// Called by the application only: at its start, and with nullptr at its end.
-    static void setShared(QuestionPresenter *presenter);
+    /// Returns the application object, NSApp(), if it presents questions; otherwise null, as before
+    /// its creation and after its end. Not owned.
+    static QuestionPresenter *ofApplication();
 };

@@ -88,7 +88,9 @@ public:
     /// Deletes the view. Handlers of sheets that are still open have no effect afterwards.
     ~QVSyncPreferences() override;
 
-    /// Returns the pane whose form was loaded last; null once any pane is destroyed. Not owned.
+    /// Returns the pane whose form was loaded last; null once any pane is destroyed. Not owned. It
+    /// is one for the process, because errors that were presented outlive their pane: their next
+    /// steps are taken in the pane that is shown then.
     static QVSyncPreferences *preferences();
 
     /// Logs if the host provides no sync plug-in. Constant.

@@ -299,7 +299,7 @@ void DirectConnectionServer::askFor(quint64 session, const DirectConnectionPairi
     Keychain::shared().findAccounts(
         DirectConnection::ClientAuthorizationServiceName,
         [server = QPointer(this), number, client, decide](const Expected<QStringList> &known) {
-            QuestionPresenter *presenter = QuestionPresenter::shared();
+            QuestionPresenter *presenter = QuestionPresenter::ofApplication();
             if (!server || server->m_questionNumber != number || !presenter) {
                 decide(false);
                 return;

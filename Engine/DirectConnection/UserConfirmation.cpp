@@ -26,7 +26,7 @@ UserConfirmation::UserConfirmation(const Question &question) : m_state(std::make
         if (!state) {
             return;
         }
-        if (QuestionPresenter *presenter = QuestionPresenter::shared()) {
+        if (QuestionPresenter *presenter = QuestionPresenter::ofApplication()) {
             state->withdraw = presenter->ask(question, [state](bool isAccepted) {
                 state->withdraw = nullptr;
                 state->set(isAccepted);

@@ -11,6 +11,9 @@ class ProfileDatabase;
 /// They show the state at the first read, regardless of later changes, so that several reads fit
 /// together. Functions that write fail. There must be at most one at a time for each thread, on
 /// which it must also be destroyed.
+///
+/// The reader of a thread is found by the thread, and is no argument of the reading functions,
+/// because the same code reads notes on the main thread without a reader.
 class ProfileReader {
 public:
     /// Neither argument is owned; both must outlive the result, which is not null. Blocks for the

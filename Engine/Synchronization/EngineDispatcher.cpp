@@ -310,7 +310,7 @@ void EngineDispatcher::askAboutRemoval(const Entry &entry, const StoreSession::R
     const bool isDecided = std::any_of(waiting.begin(), waiting.end(), [&](const Entry &each) {
         return each.isDecided && each.job->subject().databaseUUID == subject.databaseUUID;
     });
-    QuestionPresenter *presenter = QuestionPresenter::shared();
+    QuestionPresenter *presenter = QuestionPresenter::ofApplication();
     if (!presenter || isDecided || m_asked.contains(subject.databaseUUID)) {
         return;
     }

@@ -26,7 +26,8 @@ class PLATFORM_EXPORT NotificationCenter {
 public:
     using Handler = std::function<void(const Notification &)>;
 
-    /// Returns the notification center of the process.
+    /// Returns the notification center of the process. There is one, because the host, the pane and
+    /// the application must find each other's notifications without knowing each other.
     static NotificationCenter &defaultCenter();
 
     /// Creates a center of its own, beside that of the process. It must not be destroyed while it

@@ -16,7 +16,7 @@ class SecretStore;
 /// a service are those of SecretStore.
 class PLATFORM_EXPORT Keychain {
 public:
-    /// Returns the keychain of the process.
+    /// Returns the keychain of SecretStore::shared(). A keychain has no state of its own.
     static Keychain &shared();
     /// `store` is not owned and must outlive the keychain.
     explicit Keychain(SecretStore &store) : m_store(store) {}

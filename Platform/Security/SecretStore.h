@@ -45,8 +45,10 @@ struct StoredSecret {
 /// contain a secret.
 class PLATFORM_EXPORT SecretStore {
 public:
-    /// Returns the store of the process. When the application object is destroyed, pending writes
-    /// have 1.2 seconds to complete; afterwards only the secrets in memory are available.
+    /// Returns the store of the process. There is one, because the user's session has one Secret
+    /// Service, and all code must find the secrets of this run that the service does not have. When
+    /// the application object is destroyed, pending writes have 1.2 seconds to complete; afterwards
+    /// only the secrets in memory are available.
     static SecretStore &shared();
 
     /// `timeout` is the timeout of each blocking call.

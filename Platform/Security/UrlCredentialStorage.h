@@ -26,7 +26,7 @@ class Url;
 /// For an empty optional instead of a space, lookups find nothing and setting has no effect.
 class PLATFORM_EXPORT UrlCredentialStorage {
 public:
-    /// Returns the storage of the process.
+    /// Returns the storage of SecretStore::shared(). A storage has no state of its own.
     static UrlCredentialStorage &shared();
     /// `store` is not owned and must outlive the storage.
     explicit UrlCredentialStorage(SecretStore &store) : m_store(store) {}

@@ -6,11 +6,9 @@
 
 TestApplication::TestApplication() {
     setNSApp(this);
-    QuestionPresenter::setShared(this);
 }
 
 TestApplication::~TestApplication() {
-    QuestionPresenter::setShared(nullptr);
     setNSApp(nullptr);
 }
 

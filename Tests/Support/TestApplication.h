@@ -16,7 +16,7 @@ public:
         bool operator==(const LogEntry &) const = default;
     };
 
-    /// Becomes NSApp and the shared question presenter while it exists.
+    /// Becomes NSApp while it exists.
     TestApplication();
     ~TestApplication() override;
 

@@ -85,7 +85,7 @@ void CertificateTrust::ask(const QString &location, const QString &server,
 }
 
 void CertificateTrust::present(const Key &key, const Question &question) {
-    QuestionPresenter *presenter = QuestionPresenter::shared();
+    QuestionPresenter *presenter = QuestionPresenter::ofApplication();
     if (!presenter) {
         return;
     }

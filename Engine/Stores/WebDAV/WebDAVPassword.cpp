@@ -8,7 +8,7 @@
 namespace {
 
 void ask(const SecretRemoval &removal) {
-    QuestionPresenter *presenter = QuestionPresenter::shared();
+    QuestionPresenter *presenter = QuestionPresenter::ofApplication();
     if (!presenter) {
         return;
     }
