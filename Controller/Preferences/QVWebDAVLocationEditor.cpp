@@ -1,36 +1,10 @@
 #include "Controller/Preferences/QVWebDAVLocationEditor.h"
 
-#include <cstdlib>
-
-#include "Controller/Preferences/WebDAVAddress.h"
-#include "Host/LocationSchemes.h"
 #include "Host/QVApplication.h"
-#include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 #include "Host/UnencryptedPasswords.h"
 #include "Other Sources/QVURLCredentialUtilities.h"
-#include "Platform/Foundation/PathComponents.h"
-#include "Platform/Foundation/PercentEscapes.h"
 #include "Platform/Security/UrlCredentialStorage.h"
-
-namespace {
-
-/// Both ' and ’ are included on purpose.
-const QString EscapedInUser = QLatin1StringView(PercentEscapes::GeneralDelimiters) +
-                              QLatin1StringView(PercentEscapes::SubDelimiters) + QChar(u'\u2019');
-
-/// Returns the integer at the start of `text`, or 0 if there is none.
-qint64 integerValue(const QString &text) {
-    return std::strtoll(text.toUtf8().constData(), nullptr, 10);
-}
-
-quint16 portWithFields(const QVWebDAVLocationEditor::Fields &fields) {
-    const qint64 port = integerValue(fields.port);
-    return port == 0 ? QVWebDAVLocationEditor::defaultPortForHTTPS(fields.isHTTPS)
-                     : static_cast<quint16>(port);
-}
-
-}  // namespace
 
 QVWebDAVLocationEditor::QVWebDAVLocationEditor(const std::shared_ptr<QVSyncLocation> &location)
     : QVSyncLocationEditor(QStringLiteral("QVWebDAVLocationEditor"), location) {
@@ -87,58 +61,19 @@ std::shared_ptr<QVWebDAVLocationEditor> QVWebDAVLocationEditor::editorWithSyncLo
 }
 
 quint16 QVWebDAVLocationEditor::defaultPortForHTTPS(bool isHTTPS) {
-    return isHTTPS ? 443 : 80;
+    return WebDAVAddress::defaultPort(isHTTPS);
 }
 
 QString QVWebDAVLocationEditor::sanitizeHost(const QString &host) {
-    QStringView rest = host;
-    for (const QString &scheme : {LocationSchemes::Http, LocationSchemes::Https}) {
-        const QString prefix = scheme + u':';
-        if (host.startsWith(prefix)) {
-            rest = rest.sliced(prefix.size());
-        }
-    }
-    const auto isTrimmed = [](QChar c) { return c == u'/' || c == u':' || c == u'@'; };
-    while (!rest.isEmpty() && isTrimmed(rest.front())) {
-        rest = rest.sliced(1);
-    }
-    while (!rest.isEmpty() && isTrimmed(rest.back())) {
-        rest.chop(1);
-    }
-    return rest.toString();
+    return WebDAVAddress::sanitizedHost(host);
 }
 
 Url QVWebDAVLocationEditor::URLWithFields(const Fields &fields) {
-    const QString scheme = fields.isHTTPS ? LocationSchemes::Https : LocationSchemes::Http;
-    const quint16 port = portWithFields(fields);
-    // First, because sanitizing takes the colons at the ends of an address.
-    QString hostPart = sanitizeHost(Url::hostInURL(fields.server));
-    if (port != 0 && port != defaultPortForHTTPS(fields.isHTTPS)) {
-        hostPart += QStringLiteral(":%1").arg(port);
-    }
-    const QString path = PercentEscapes::adding(fields.path);
-    const QString store = PercentEscapes::adding(
-        PathComponents::appendingExtension(fields.store, SyncStoreLayout::Extension));
-    const QString fullPath = PathComponents::standardizingRelative(
-        PathComponents::appending(PathComponents::appending(hostPart, path), store));
-    const QString user = PercentEscapes::adding(fields.user, EscapedInUser);
-    return Url::fromString(scheme + QLatin1StringView("://") + user + u'@' + fullPath);
+    return WebDAVAddress::URL(fields);
 }
 
 QVWebDAVLocationEditor::Fields QVWebDAVLocationEditor::fieldsOfURL(const Url &URL) {
-    Fields fields;
-    fields.isHTTPS = URL.scheme() == LocationSchemes::Https;
-    fields.server = URL.host();
-    const quint16 port = URL.port().value_or(0);
-    if (port != 0 && port != defaultPortForHTTPS(fields.isHTTPS)) {
-        fields.port = QString::number(port);
-    }
-    fields.path = PathComponents::withoutLast(URL.path());
-    if (fields.path.startsWith(u'/')) {
-        fields.path.remove(0, 1);
-    }
-    fields.store = PathComponents::withoutExtension(PathComponents::last(URL.path()));
-    return fields;
+    return WebDAVAddress::fields(URL);
 }
 
 void QVWebDAVLocationEditor::setCredential(const std::optional<UrlCredential> &credential) {

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "Controller/Preferences/QVSyncLocationEditor.h"
+#include "Controller/Preferences/WebDAVAddress.h"
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Security/UrlCredential.h"
 
@@ -42,22 +43,7 @@ class QVWebDAVLocationEditor : public QVSyncLocationEditor {
     Q_PROPERTY(QLabel *unencryptedLabel MEMBER m_unencryptedLabel)
     Q_PROPERTY(QLabel *addressLabel MEMBER m_addressLabel)
 public:
-    /// The contents of the sheet's fields, as the user has typed them: neither trimmed nor checked.
-    struct Fields {
-        bool isHTTPS = false;
-        /// A leading "http:" or "https:" is ignored; `isHTTPS` determines the scheme.
-        QString server = {};
-        /// Percent-encoded in the URL.
-        QString user = {};
-        /// The folder on the server that contains the store, without percent-encoding.
-        QString path = {};
-        /// The store's name without the extension, which URLWithFields() appends.
-        QString store = {};
-        /// Empty means the default port. Only the leading integer is used, modulo 65536.
-        QString port = {};
-
-        bool operator==(const Fields &) const = default;
-    };
+    using Fields = WebDAVAddress::Fields;
 
     /// Returns a new editor of `location`, which must not be null, and starts to read the
     /// credential for its URL, if it has one. Never null. Loads no window yet.

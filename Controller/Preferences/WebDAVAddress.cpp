@@ -2,6 +2,7 @@
 
 #include <QtCore/QUrl>
 #include <algorithm>
+#include <cstdlib>
 
 #include "Host/LocationSchemes.h"
 #include "Host/SyncStoreLayout.h"
@@ -9,9 +10,21 @@
 #include "Platform/Foundation/PathComponents.h"
 #include "Platform/Foundation/PercentEscapes.h"
 
-using Fields = QVWebDAVLocationEditor::Fields;
-
 namespace {
+
+/// Both ' and ’ are included on purpose.
+const QString EscapedInUser = QLatin1StringView(PercentEscapes::GeneralDelimiters) +
+                              QLatin1StringView(PercentEscapes::SubDelimiters) + QChar(u'\u2019');
+
+/// Returns the integer at the start of `text`, or 0 if there is none.
+qint64 integerValue(const QString &text) {
+    return std::strtoll(text.toUtf8().constData(), nullptr, 10);
+}
+
+quint16 portWithFields(const WebDAVAddress::Fields &fields) {
+    const qint64 port = integerValue(fields.port);
+    return port == 0 ? WebDAVAddress::defaultPort(fields.isHTTPS) : static_cast<quint16>(port);
+}
 
 bool isOneOf(const QString &scheme, const QStringList &schemes) {
     return schemes.contains(scheme, Qt::CaseInsensitive);
@@ -61,6 +74,61 @@ QString withoutUser(const Url &URL) {
 
 }  // namespace
 
+quint16 WebDAVAddress::defaultPort(bool isHTTPS) {
+    return isHTTPS ? 443 : 80;
+}
+
+QString WebDAVAddress::sanitizedHost(const QString &host) {
+    QStringView rest = host;
+    for (const QString &scheme : {LocationSchemes::Http, LocationSchemes::Https}) {
+        const QString prefix = scheme + u':';
+        if (host.startsWith(prefix)) {
+            rest = rest.sliced(prefix.size());
+        }
+    }
+    const auto isTrimmed = [](QChar c) { return c == u'/' || c == u':' || c == u'@'; };
+    while (!rest.isEmpty() && isTrimmed(rest.front())) {
+        rest = rest.sliced(1);
+    }
+    while (!rest.isEmpty() && isTrimmed(rest.back())) {
+        rest.chop(1);
+    }
+    return rest.toString();
+}
+
+Url WebDAVAddress::URL(const Fields &fields) {
+    const QString scheme = fields.isHTTPS ? LocationSchemes::Https : LocationSchemes::Http;
+    const quint16 port = portWithFields(fields);
+    // First, because sanitizing takes the colons at the ends of an address.
+    QString hostPart = sanitizedHost(Url::hostInURL(fields.server));
+    if (port != 0 && port != defaultPort(fields.isHTTPS)) {
+        hostPart += QStringLiteral(":%1").arg(port);
+    }
+    const QString path = PercentEscapes::adding(fields.path);
+    const QString store = PercentEscapes::adding(
+        PathComponents::appendingExtension(fields.store, SyncStoreLayout::Extension));
+    const QString fullPath = PathComponents::standardizingRelative(
+        PathComponents::appending(PathComponents::appending(hostPart, path), store));
+    const QString user = PercentEscapes::adding(fields.user, EscapedInUser);
+    return Url::fromString(scheme + QLatin1StringView("://") + user + u'@' + fullPath);
+}
+
+WebDAVAddress::Fields WebDAVAddress::fields(const Url &URL) {
+    Fields fields;
+    fields.isHTTPS = URL.scheme() == LocationSchemes::Https;
+    fields.server = URL.host();
+    const quint16 port = URL.port().value_or(0);
+    if (port != 0 && port != defaultPort(fields.isHTTPS)) {
+        fields.port = QString::number(port);
+    }
+    fields.path = PathComponents::withoutLast(URL.path());
+    if (fields.path.startsWith(u'/')) {
+        fields.path.remove(0, 1);
+    }
+    fields.store = PathComponents::withoutExtension(PathComponents::last(URL.path()));
+    return fields;
+}
+
 std::optional<WebDAVAddress::Complete> WebDAVAddress::complete(const QString &text) {
     const QString trimmed = text.trimmed();
     if (!trimmed.contains(QLatin1StringView("://"))) {
@@ -79,7 +147,7 @@ std::optional<WebDAVAddress::Complete> WebDAVAddress::complete(const QString &te
         .fields = {.isHTTPS = isHTTPS, .server = host, .user = URL.userName(QUrl::FullyDecoded)},
         .password = URL.password(QUrl::FullyDecoded)};
     const int port = URL.port(0);
-    if (port != 0 && port != QVWebDAVLocationEditor::defaultPortForHTTPS(isHTTPS)) {
+    if (port != 0 && port != defaultPort(isHTTPS)) {
         address.fields.port = QString::number(port);
     }
     QString path = URL.path(QUrl::FullyDecoded);
@@ -109,8 +177,8 @@ QString WebDAVAddress::problem(const Fields &fields) {
         return localizedSyncString(
             "The port is a number from 1 to 65535. Correct it or leave it empty.");
     }
-    const Url URL = QVWebDAVLocationEditor::URLWithFields(fields);
-    if (URL.isNil() || QVWebDAVLocationEditor::sanitizeHost(fields.server).isEmpty()) {
+    const Url URL = WebDAVAddress::URL(fields);
+    if (URL.isNil() || sanitizedHost(fields.server).isEmpty()) {
         return problemOfServer(fields.server);
     }
     return URL.path().endsWith(u'.' + SyncStoreLayout::Extension)
@@ -120,7 +188,7 @@ QString WebDAVAddress::problem(const Fields &fields) {
 
 QString WebDAVAddress::status(const Fields &fields) {
     const QString problem = WebDAVAddress::problem(fields);
-    return problem.isEmpty() ? localizedSyncString("Address: %1")
-                                   .arg(withoutUser(QVWebDAVLocationEditor::URLWithFields(fields)))
-                             : problem;
+    return problem.isEmpty()
+               ? localizedSyncString("Address: %1").arg(withoutUser(WebDAVAddress::URL(fields)))
+               : problem;
 }
