@@ -38,16 +38,6 @@ Error redirectionRefused(const QUrl &from, const QUrl &to) {
 
 }  // namespace
 
-QByteArray HttpClient::Response::header(const QByteArray &name) const {
-    QByteArrayList values;
-    for (const Header &header : headers) {
-        if (header.name.compare(name, Qt::CaseInsensitive) == 0) {
-            values.append(header.value);
-        }
-    }
-    return values.join(", ");
-}
-
 HttpClient::HttpClient() : HttpClient(Options()) {}
 
 HttpClient::HttpClient(Options options) : m_options(std::move(options)) {}

@@ -1,22 +1,14 @@
 #pragma once
 
-#include <QtCore/QByteArray>
-#include <QtCore/QList>
-#include <QtCore/QUrl>
-#include <chrono>
-#include <functional>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <vector>
 
 #include "Engine/Foundation/EngineFuture.h"
-#include "Engine/Stores/Http/HttpAuthentication.h"
-#include "Platform/Foundation/Expected.h"
-#include "Platform/Security/UrlCredential.h"
+#include "Engine/Stores/Http/HttpMessage.h"
+#include "Engine/Stores/Http/HttpOptions.h"
 
 class HttpConnection;
-class QSslCertificate;
 
 /// Sends requests to HTTP servers (RFC 9110) for threads that may wait. Keeps connections, and the
 /// login that a server has accepted, until it is destroyed. May be created and destroyed on any
@@ -24,76 +16,11 @@ class QSslCertificate;
 /// cookies, no cached responses, no proxies, and no settings of the environment are used.
 class HttpClient {
 public:
-    /// Every request has a deadline, even if the server sends data slowly. Must be positive. Both
-    /// end a request with StoreUnreachable. They apply to each exchange with the server: a
-    /// redirection and the answer to a challenge begin anew, so that a call of send() can take
-    /// several times as long.
-    struct Timeouts {
-        /// Maximum time without sent or received data, including connection setup.
-        std::chrono::milliseconds idle = std::chrono::seconds(30);
-        /// Maximum time of one request, however slowly the server sends data.
-        std::chrono::milliseconds total = std::chrono::minutes(10);
-    };
-    /// How a client behaves. The functions are called on the thread of send(), possibly by several
-    /// threads at the same time, and may block; the timeouts include the time of `trusts`, but not
-    /// that of `credential`. They must not call the client.
-    struct Options {
-        Timeouts timeouts = {};
-        /// Returns the credential that may be sent with `scheme`, or an empty optional if there is
-        /// none; then the caller receives the response with the status Unauthorized. An error
-        /// becomes that of the request. Called once for each challenge that is answered: not for a
-        /// request whose accepted credential is known, and again for each redirection that is
-        /// challenged. Null means that no challenge is answered.
-        std::function<Expected<std::optional<UrlCredential>>(HttpAuthentication::Scheme scheme)>
-            credential = {};
-        /// Returns whether to trust exactly this certificate despite `reasons`, which are
-        /// sentences. Null means never. Called for each new connection to a server whose
-        /// certificate is not valid; `certificate` is never null.
-        std::function<bool(const QSslCertificate &certificate, const QStringList &reasons)> trusts =
-            {};
-    };
-    /// A header field. The name is ASCII and compared regardless of case. Neither may contain a
-    /// line break, since they are sent as they are; values must come from the program or be checked
-    /// by the caller.
-    struct Header {
-        QByteArray name;
-        QByteArray value;
-    };
-    /// A request. Must stay unchanged until send() returns.
-    struct Request {
-        /// The method, such as "GET". Case-sensitive (RFC 9110, section 9.1).
-        QByteArray method;
-        /// An "http" or "https" URL. Its user information is not sent. Its fragment is not sent
-        /// either, and "." and ".." are resolved in its path.
-        QUrl URL;
-        QList<Header> headers = {};
-        /// The value of the header field "Authorization"; empty for none. If it is set, it is sent
-        /// with the first exchange, unless the server has accepted another credential before; it is
-        /// not sent to another server.
-        SecretBytes authorization = {};
-        /// Sent as it is, with its length; the media type must be among the headers.
-        QByteArray body = {};
-        /// Maximum size of the response's body in bytes. A longer body ends the request with
-        /// BlobRefused, as soon as more has arrived. It also applies to the bodies of redirections
-        /// and challenges. The header fields have the limit HttpConnection::HeaderLimit.
-        qint64 limit = 1 << 20;
-    };
-    /// A response of the server.
-    struct Response {
-        /// The status code; see HttpStatus.
-        int status = 0;
-        /// In the order of their arrival, without those of provisional responses (status 1xx); a
-        /// field may occur several times.
-        QList<Header> headers = {};
-        /// May have been cut short if the response has neither a header field "Content-Length" nor
-        /// the transfer encoding "chunked".
-        QByteArray body = {};
-
-        /// Returns the values of the header fields of that name, regardless of case, joined with
-        /// commas; empty if there is none. Must not be used for fields whose values contain commas
-        /// of their own, such as dates or cookies.
-        QByteArray header(const QByteArray &name) const;
-    };
+    using Timeouts = HttpTimeouts;
+    using Options = HttpOptions;
+    using Header = HttpHeader;
+    using Request = HttpRequest;
+    using Response = HttpResponse;
 
     HttpClient();
     /// Does not connect yet; never fails. What the functions of `options` use must stay valid until

@@ -52,7 +52,7 @@ QSslCertificate certificateFrom(X509 *certificate) {
 
 }  // namespace
 
-HttpConnection::HttpConnection(const HttpClient::Options &options) : m_options(options) {
+HttpConnection::HttpConnection(const HttpOptions &options) : m_options(options) {
     static const CURLcode initialized = curl_global_init(CURL_GLOBAL_DEFAULT);
     if (initialized == CURLE_OK) {
         m_multi.reset(curl_multi_init());
@@ -62,8 +62,8 @@ HttpConnection::HttpConnection(const HttpClient::Options &options) : m_options(o
 
 HttpConnection::~HttpConnection() = default;
 
-Expected<HttpClient::Response> HttpConnection::exchange(const HttpClient::Request &request,
-                                                        const EngineFuture &future) {
+Expected<HttpResponse> HttpConnection::exchange(const HttpRequest &request,
+                                                const EngineFuture &future) {
     m_request = &request;
     m_response = {};
     m_headerSize = 0;
@@ -91,7 +91,7 @@ void HttpConnection::set(CURLoption option, Value value) {
 
 /// Sets everything for each request. Nothing that libcurl could do by itself is left to it:
 /// redirects, challenges, cookies, proxies and certificates.
-void HttpConnection::configure(const HttpClient::Request &request) {
+void HttpConnection::configure(const HttpRequest &request) {
     m_isConfigured = m_multi && m_easy;
     if (!m_isConfigured) {
         return;
@@ -128,11 +128,11 @@ void HttpConnection::configure(const HttpClient::Request &request) {
     configureBody(request);
 }
 
-void HttpConnection::configureHeaders(const HttpClient::Request &request) {
+void HttpConnection::configureHeaders(const HttpRequest &request) {
     // A compressed response could not be limited by what is received. A header without a value is
     // not sent.
     QByteArrayList lines = {"Accept-Encoding: identity", "Expect:"};
-    for (const HttpClient::Header &header : request.headers) {
+    for (const HttpHeader &header : request.headers) {
         lines.append(header.name + ": " + header.value);
     }
     curl_slist *list = nullptr;
@@ -148,7 +148,7 @@ void HttpConnection::configureHeaders(const HttpClient::Request &request) {
     set(CURLOPT_HTTPHEADER, list);
 }
 
-void HttpConnection::configureBody(const HttpClient::Request &request) {
+void HttpConnection::configureBody(const HttpRequest &request) {
     if (!request.body.isEmpty() || request.method == "PUT" || request.method == "POST") {
         set(CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(request.body.size()));
         set(CURLOPT_POSTFIELDS, request.body.constData());

@@ -5,7 +5,9 @@
 
 #include <QtCore/QDeadlineTimer>
 
-#include "Engine/Stores/Http/HttpClient.h"
+#include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Stores/Http/HttpMessage.h"
+#include "Engine/Stores/Http/HttpOptions.h"
 
 /// A connection of an HttpClient, used by one thread at a time, not necessarily always the same. It
 /// sends requests and receives responses with libcurl (HTTP/1.1 only), and keeps the network
@@ -24,7 +26,7 @@ public:
 
     /// `options` is not owned and must outlive this object. Does not connect. If libcurl cannot be
     /// initialized, every exchange fails.
-    explicit HttpConnection(const HttpClient::Options &options);
+    explicit HttpConnection(const HttpOptions &options);
     /// Closes the network connection without waiting for the server.
     ~HttpConnection();
     HttpConnection(const HttpConnection &) = delete;
@@ -35,10 +37,9 @@ public:
     /// cancelled, which ends the request at once. Name resolution runs on a thread of libcurl and
     /// is not waited for after that. Errors are those of HttpClient::send(); after one, the object
     /// can be used again. `request` is not owned and not used after the return. Not reentrant: the
-    /// function HttpClient::Options::trusts, which is called meanwhile, must not use this
+    /// function HttpOptions::trusts, which is called meanwhile, must not use this
     /// connection.
-    Expected<HttpClient::Response> exchange(const HttpClient::Request &request,
-                                            const EngineFuture &future);
+    Expected<HttpResponse> exchange(const HttpRequest &request, const EngineFuture &future);
 
 private:
     struct ListDeleter {
@@ -67,9 +68,9 @@ private:
     template <class Value>
     void set(CURLoption option, Value value);
     /// Set the options of libcurl for `request`.
-    void configure(const HttpClient::Request &request);
-    void configureHeaders(const HttpClient::Request &request);
-    void configureBody(const HttpClient::Request &request);
+    void configure(const HttpRequest &request);
+    void configureHeaders(const HttpRequest &request);
+    void configureBody(const HttpRequest &request);
     /// Sets the error if libcurl has reported one and none is set.
     void check(CURLMcode code);
     Error unreachable(const QString &reason) const;
@@ -86,7 +87,7 @@ private:
     /// Returns host and port of the current request, as errors show them.
     QString server() const;
 
-    const HttpClient::Options &m_options;
+    const HttpOptions &m_options;
     std::unique_ptr<CURLM, MultiDeleter> m_multi;
     std::unique_ptr<CURL, EasyDeleter> m_easy;
     std::unique_ptr<curl_slist, ListDeleter> m_headers;
@@ -96,8 +97,8 @@ private:
     char m_errorText[CURL_ERROR_SIZE] = {};
 
     // Of the current request.
-    const HttpClient::Request *m_request = nullptr;
-    HttpClient::Response m_response;
+    const HttpRequest *m_request = nullptr;
+    HttpResponse m_response;
     qsizetype m_headerSize = 0;
     bool m_areHeadersComplete = false;
     /// Bytes transferred at the last progress, which restarts the idle deadline.
