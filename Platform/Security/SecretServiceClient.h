@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QtCore/QList>
 #include <functional>
 #include <memory>
 #include <optional>
 
-#include "Platform/Security/SecretStore.h"
+#include "Platform/Foundation/Expected.h"
+#include "Platform/Security/StoredSecret.h"
 
 // GLib's own name.
 struct _GCancellable;  // NOLINT(*-reserved-identifier, cert-dcl*)

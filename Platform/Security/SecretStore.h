@@ -12,7 +12,7 @@
 #include "Platform/Foundation/Error.h"
 #include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
-#include "Platform/Security/SecretBytes.h"
+#include "Platform/Security/StoredSecret.h"
 
 /// Posted to the default notification center on the main thread when a secret that should be stored
 /// permanently cannot be: once for each store, however many secrets follow. It has no object; the
@@ -23,21 +23,6 @@ inline const QString SecretsNotKeptNotification = QStringLiteral("SecretsNotKept
 /// not delete a secret. It has no object; the store's removalError() returns the reason. Not posted
 /// if there is no service.
 inline const QString SecretNotRemovedNotification = QStringLiteral("SecretNotRemovedNotification");
-
-/// The attributes by which an item is found: names and values in UTF-8. They are not secret.
-using SecretAttributes = std::map<QByteArray, QByteArray>;
-
-/// Whether a secret is kept until the process ends or stored permanently.
-enum class SecretKeeping { ThisRun, Permanent };
-
-/// A secret and its attributes.
-struct StoredSecret {
-    SecretAttributes attributes = {};
-    /// The name shown to the user by the desktop's password manager.
-    QString label = {};
-    SecretBytes secret = {};
-    SecretKeeping keeping = SecretKeeping::Permanent;
-};
 
 /// The user's secrets in the desktop's Secret Service, together with those set in this run that the
 /// service has not stored, or not yet. Thread-safe. No call blocks longer than the store's timeout
