@@ -1,7 +1,5 @@
 #include "Engine/Profile/ProfileReader.h"
 
-#include "Engine/Profile/ProfileDatabase.h"
-
 namespace {
 
 thread_local const ProfileReader *readerOfThread = nullptr;
@@ -9,8 +7,8 @@ thread_local const ProfileReader *readerOfThread = nullptr;
 }  // namespace
 
 Expected<std::unique_ptr<const ProfileReader>> ProfileReader::open(
-    const ProfileDatabase &profile, const std::atomic_bool &isCancelled) {
-    auto connection = ReadOnlyConnection::open(profile.path(), ReadOnlyConnection::Sharing::Shared);
+    const ProfileDatabase &profile, const QString &path, const std::atomic_bool &isCancelled) {
+    auto connection = ReadOnlyConnection::open(path, ReadOnlyConnection::Sharing::Shared);
     if (!connection) {
         return failure(connection.error());
     }

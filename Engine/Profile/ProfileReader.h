@@ -16,10 +16,12 @@ class ProfileDatabase;
 /// because the same code reads notes on the main thread without a reader.
 class ProfileReader {
 public:
-    /// Neither argument is owned; both must outlive the result, which is not null. Blocks for the
+    /// Makes `profile`, whose database file is `path`, readable on this thread. `profile` and
+    /// `isCancelled` are not owned and must outlive the result, which is not null. Blocks for the
     /// disk. Reads fail with the code Cancelled once `isCancelled` is set. Errors are those of
     /// ReadOnlyConnection.
     static Expected<std::unique_ptr<const ProfileReader>> open(const ProfileDatabase &profile,
+                                                               const QString &path,
                                                                const std::atomic_bool &isCancelled);
     /// Ends the state: from now on, the thread cannot read the profile.
     ~ProfileReader();

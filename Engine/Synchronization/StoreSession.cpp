@@ -35,7 +35,7 @@ Expected<void> StoreSession::readProfile(const std::function<Expected<void>()> &
     if (m_isAbandoned) {
         return failure(operationCancelled());
     }
-    const auto reader = ProfileReader::open(m_profile, m_isAbandoned);
+    const auto reader = ProfileReader::open(m_profile, m_profile.path(), m_isAbandoned);
     return reader ? read() : failure(reader.error());
 }
 
