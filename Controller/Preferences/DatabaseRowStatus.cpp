@@ -35,33 +35,28 @@ void synchronize(const QList<std::weak_ptr<QVSyncState>> &states) {
 
 }  // namespace
 
-DatabaseRowStatus::DatabaseRowStatus(QObject *parent) : QObject(parent) {
-    connect(m_dayChange.get(), &DayChange::occurred, this, &DatabaseRowStatus::changed);
-}
+DatabaseRowStatus::DatabaseRowStatus(QObject *parent)
+    : QObject(parent), m_observation([this] { Q_EMIT changed(); }) {}
 
 void DatabaseRowStatus::setDatabase(const std::shared_ptr<QVStandInDatabase> &database) {
     m_database = database;
-    m_rowObservations.clear();
+    m_observation.endRow();
     if (database) {
         for (const char *key : {"canSynchronize", "dateOfLastSynchronization"}) {
-            m_rowObservations.push_back(
-                KeyValue::observe(database.get(), key, [this] { Q_EMIT changed(); }));
+            m_observation.observeRow(database.get(), key, [this] { Q_EMIT changed(); });
         }
-        m_rowObservations.push_back(KeyValue::observe(database.get(), "synchronizationStates",
-                                                      [this] { observeStates(); }));
+        m_observation.observeRow(database.get(), "synchronizationStates",
+                                 [this] { observeStates(); });
     }
     observeStates();
 }
 
 void DatabaseRowStatus::observeStates() {
-    m_stateObservations.clear();
+    m_observation.endStates();
     const auto row = database();
     const QVSyncStates states = row ? row->synchronizationStates() : QVSyncStates();
     for (const auto &state : states) {
-        if (QVSyncResult::isOfferedBy(state.get())) {
-            m_stateObservations.push_back(
-                KeyValue::observe(state.get(), QVSyncResult::Key, [this] { Q_EMIT changed(); }));
-        }
+        m_observation.observeResult(state.get());
     }
     Q_EMIT changed();
 }

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "Controller/Preferences/QVStandInDatabase.h"
-#include "Platform/Foundation/DayChange.h"
+#include "Controller/Preferences/RowObservation.h"
 #include "Platform/Foundation/Error.h"
 
 /// What a row of the database list shows of the last synchronizations with the ticked locations. An
@@ -44,7 +44,5 @@ private:
     QVSyncStates tickedStates() const;
 
     std::weak_ptr<QVStandInDatabase> m_database;
-    const std::shared_ptr<DayChange> m_dayChange = DayChange::shared();
-    std::vector<KeyValue::Observation> m_rowObservations;
-    std::vector<KeyValue::Observation> m_stateObservations;
+    RowObservation m_observation;
 };

@@ -43,24 +43,20 @@ void runAgain(const std::shared_ptr<QVSyncState> &state, bool isCleanUp) {
 
 }  // namespace
 
-LocationRowStatus::LocationRowStatus(QObject *parent) : QObject(parent) {
-    connect(m_dayChange.get(), &DayChange::occurred, this, &LocationRowStatus::statusChanged);
-}
+LocationRowStatus::LocationRowStatus(QObject *parent)
+    : QObject(parent), m_observation([this] { Q_EMIT statusChanged(); }) {}
 
 void LocationRowStatus::setSelection(const std::shared_ptr<QVSynchronizationSelection> &selection) {
     m_selection = selection;
-    m_rowObservations.clear();
+    m_observation.endRow();
     if (selection) {
-        const auto observe = [&](const char *keyPath, const std::function<void()> &handler) {
-            m_rowObservations.push_back(KeyValue::observe(selection.get(), keyPath, handler));
-        };
-        observe("location.URL", [this] {
+        m_observation.observeRow(selection.get(), "location.URL", [this] {
             clearError();
             Q_EMIT locationChanged();
             Q_EMIT statusChanged();
         });
-        observe("selected", [this] { observeState(); });
-        observe("error", [this] { Q_EMIT statusChanged(); });
+        m_observation.observeRow(selection.get(), "selected", [this] { observeState(); });
+        m_observation.observeRow(selection.get(), "error", [this] { Q_EMIT statusChanged(); });
     }
     Q_EMIT locationChanged();
     observeState();
@@ -73,18 +69,14 @@ std::shared_ptr<QVSyncState> LocationRowStatus::state() const {
 }
 
 void LocationRowStatus::observeState() {
-    m_stateObservations.clear();
+    m_observation.endStates();
     if (const auto observed = state()) {
-        const auto announce = [this] { Q_EMIT statusChanged(); };
-        m_stateObservations.push_back(KeyValue::observe(observed.get(), "enabled", announce));
-        m_stateObservations.push_back(KeyValue::observe(observed.get(), "lastSynced", [this] {
+        m_observation.observeState(observed.get(), "enabled", [this] { Q_EMIT statusChanged(); });
+        m_observation.observeState(observed.get(), "lastSynced", [this] {
             clearError();
             Q_EMIT statusChanged();
-        }));
-        if (QVSyncResult::isOfferedBy(observed.get())) {
-            m_stateObservations.push_back(
-                KeyValue::observe(observed.get(), QVSyncResult::Key, announce));
-        }
+        });
+        m_observation.observeResult(observed.get());
     }
     Q_EMIT statusChanged();
 }

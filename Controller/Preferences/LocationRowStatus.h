@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "Controller/Preferences/QVSynchronizationSelection.h"
-#include "Platform/Foundation/DayChange.h"
+#include "Controller/Preferences/RowObservation.h"
 
 /// What a row of the location list shows of its location, and of the last synchronization of the
 /// selected database with it. An object of the row's form, which creates one for each row. Must be
@@ -56,7 +56,5 @@ private:
     void clearError();
 
     std::weak_ptr<QVSynchronizationSelection> m_selection;
-    const std::shared_ptr<DayChange> m_dayChange = DayChange::shared();
-    std::vector<KeyValue::Observation> m_rowObservations;
-    std::vector<KeyValue::Observation> m_stateObservations;
+    RowObservation m_observation;
 };
