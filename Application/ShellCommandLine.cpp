@@ -18,7 +18,8 @@
 
 namespace {
 
-/// A process that uses the profile may just be starting or ending.
+/// A process that uses the profile may just be starting or ending. The kernel does not announce
+/// that a lock was released, so opening is tried again and again.
 constexpr std::chrono::seconds ProfileTimeout(3);
 constexpr std::chrono::milliseconds ProfileInterval(50);
 

@@ -34,6 +34,8 @@
 
 namespace {
 
+/// For a process that is starting. The kernel does not announce that a lock was released, so
+/// opening is tried again and again.
 constexpr std::chrono::seconds RaiseTimeout(3);
 constexpr std::chrono::milliseconds RaiseInterval(50);
 

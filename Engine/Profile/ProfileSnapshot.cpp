@@ -18,6 +18,7 @@
 namespace {
 
 constexpr std::chrono::seconds CreationTimeout(10);
+/// The kernel does not announce that another process has released its lock, or ended before it has.
 constexpr std::chrono::milliseconds RetryInterval(20);
 
 const QString DatabaseFile = u'/' + ProfileDatabaseName;
