@@ -4,17 +4,20 @@
 
 class QLabel;
 
-/// The bar above a note that was edited in several places at once. Must be used on the main thread.
+/// The bar above a note that was edited in several places at once, with the commands to compare the
+/// edits and to keep one of them or both. It changes no note. Must be used on the main thread.
 class ConflictBar : public QWidget {
     Q_OBJECT
 public:
     explicit ConflictBar(QWidget *parent = nullptr);
 
-    /// States in how many places the note was edited.
+    /// States in how many places the note was edited; `count` is at least 2. The texts of the
+    /// buttons do not depend on it.
     void setCount(qsizetype count);
 
 Q_SIGNALS:
-    /// Emitted when the user chooses one of the commands.
+    /// Emitted when the user chooses one of the commands. "This" is the edit that is shown below
+    /// the bar.
     void compareRequested();
     void keepThisRequested();
     void keepOtherRequested();

@@ -14,7 +14,9 @@ public:
     /// The results of the dialog. QDialog::Rejected leaves both edits as they are.
     enum Decision { KeepThis = 1, KeepOther, KeepBoth };
 
-    /// `shown` is the edit that the main window shows, `other` the one that it is compared with.
+    /// `shown` is the edit that the main window shows, `other` the one that it is compared with;
+    /// they are copied. `parent` owns the dialog, which changes no note.
+    /// Computing the differences blocks for bounded time, see TextDifferences.
     ConflictDialog(const Note &shown, const Note &other, QWidget *parent);
 
 private:

@@ -23,7 +23,9 @@ public:
     void noteEvent(QEvent::Type type);
 
 private:
+    /// Adds the time, the code and the domain, which the user can unfold, if there is a domain.
     static void addDetails(QMessageBox *box, const Error &error);
+    /// Adds a button for each next step, which closes the box and then takes the step.
     void addButtons(QMessageBox *box, const Error &error);
 
     struct Shown {

@@ -18,10 +18,12 @@ public:
     /// Opens or creates the file `path` and returns its entries, oldest first. Lines that are no
     /// entries are ignored. Fails if the file is not a plain file of the user or cannot be read.
     Expected<QList<LogEntry>> open(const QString &path);
-    /// Appends an entry. Fails if the file is not open.
+    /// Appends an entry. Fails if the file is not open or the disk is full; the entry is then lost,
+    /// and the next one can be appended all the same.
     Expected<void> append(const LogEntry &entry);
 
 private:
+    /// Opens or creates the file and returns its contents, at most the last Limit bytes.
     Expected<QByteArray> openForAppending(const QString &path);
     /// Removes the older half.
     Expected<void> shorten();
@@ -31,6 +33,7 @@ private:
 
     QString m_path;
     FileDescriptor m_file;
+    /// The size of the file in bytes.
     qint64 m_size = 0;
     /// Whether the last line may be incomplete.
     bool m_isTorn = false;

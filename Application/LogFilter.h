@@ -10,12 +10,14 @@ class LogFilter : public QSortFilterProxyModel {
 public:
     using QSortFilterProxyModel::QSortFilterProxyModel;
 
-    /// Set what the entries must be about; a null text means any.
+    /// Set what the entries must be about, by name; a null text means any. The rows are filtered
+    /// again before the call returns.
     void setDatabase(const QString &database);
     void setLocation(const QString &location);
 
     /// Returns the rows as text, one per line, with tabs between the columns. Line breaks in a
-    /// cell become blanks.
+    /// cell become blanks. `rows` are indexes of this model, one for each row, in the order of the
+    /// result.
     QString text(const QModelIndexList &rows) const;
 
 protected:

@@ -20,15 +20,18 @@ public:
 
 private:
     void makeView();
+    /// Returns the choices and the button; owned by the caller.
     QHBoxLayout *makeControls();
     /// Offers the databases and locations that the log names from the row `first` on, besides the
     /// former ones.
     void updateChoices(int first);
+    /// Adds those of `names` that `choice` does not offer yet; the selection does not change.
     static void updateChoice(QComboBox *choice, const QStringList &names);
     /// Copies the selected entries, or all that are shown, to the clipboard.
     void copy() const;
 
     EventLog *const m_log;
+    /// What the window shows of the log. Owned by the window, as are the widgets.
     LogFilter *const m_filter;
     QTreeView *const m_view;
     QComboBox *const m_databases;

@@ -30,6 +30,7 @@ public:
     void reject() override { stop(Rejected); }
 
 private:
+    /// Reads the progress. If it has changed, the time limit without progress begins again.
     void showProgress();
     /// Ends the dialog with `result`, then all synchronizations, also those that the dialog's owner
     /// has not started. The end of a synchronization must not end the dialog before.
@@ -41,5 +42,6 @@ private:
     QTimer m_idleTimer;
     QTimer m_limitTimer;
     std::chrono::milliseconds m_longestPause;
+    /// The progress that was read last.
     QVSyncProgress m_shown;
 };

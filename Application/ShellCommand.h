@@ -7,10 +7,12 @@
 
 /// A command that a user or a script gives to a profile. A value.
 struct ShellCommand {
+    /// "sync", "status" and "check" on the command line.
     enum class Name { Synchronize, Status, Check };
 
     Name name = Name::Status;
-    /// The databases to synchronize, or the location to check.
+    /// The names or UUIDs of the databases to synchronize, all if there are none; or the title or
+    /// URL of the location to check.
     QStringList arguments = {};
     /// Whether the output is JSON.
     bool json = false;
@@ -21,12 +23,14 @@ struct ShellCommand {
     static std::optional<Name> named(const QString &text);
     /// Returns the command as one line of JSON, with a line feed.
     QByteArray toLine() const;
-    /// Returns the command that toLine() has returned; empty if `line` is none.
+    /// Returns the command that toLine() has returned; empty if `line` is none. `line` may come
+    /// from any process of the user, so it is checked.
     static std::optional<ShellCommand> fromLine(const QByteArray &line);
 };
 
 /// What has become of a command. A value.
 struct ShellResult {
+    /// The exit status of the program; scripts depend on the numbers.
     enum ExitCode {
         Success,
         /// Something is not synchronized, or a location cannot be used.

@@ -14,10 +14,12 @@ class TextLabel;
 class StatusLine : public QWidget {
     Q_OBJECT
 public:
-    /// `monitor` is not owned and must outlive this object.
+    /// `monitor` is not owned, must not be null, and must outlive this object. The line follows it
+    /// from now on.
     explicit StatusLine(SynchronizationMonitor *monitor, QWidget *parent = nullptr);
 
 private:
+    /// Updates all parts from the monitor.
     void showStatus();
 
     SynchronizationMonitor *const m_monitor;

@@ -7,10 +7,12 @@
 struct TextDifferences {
     /// Characters of a text that are not in the other one.
     struct Range {
+        /// Both count UTF-16 code units, as QString does.
         qsizetype position = 0;
         qsizetype length = 0;
         bool operator==(const Range &) const = default;
     };
+    /// In ascending order, not empty, without overlaps.
     QList<Range> inFirst;
     QList<Range> inSecond;
 

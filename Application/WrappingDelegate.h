@@ -12,6 +12,7 @@ public:
     /// `view`, which must not be null, becomes the parent. Its rows must not be uniform.
     explicit WrappingDelegate(QTreeView *view);
 
+    /// Returns the size of the text wrapped at the width that the column has now.
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 private:

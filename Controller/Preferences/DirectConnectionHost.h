@@ -16,6 +16,7 @@ class DirectConnectionHost : public QObject {
     Q_PROPERTY(bool editorAccepting READ isEditorAccepting WRITE setEditorAccepting)
     /// What is wrong with the text, in words for the user; empty if nothing is.
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
+    /// Whether there is a problem.
     Q_PROPERTY(bool wrong READ isWrong NOTIFY changed)
     /// Whether the sheet can be accepted.
     Q_PROPERTY(bool acceptable READ isAcceptable NOTIFY changed)
@@ -23,18 +24,24 @@ public:
     using QObject::QObject;
 
     QString text() const { return m_text; }
+    /// Sets the text that the user has typed, and the host if nothing is wrong with the text, as
+    /// with an empty one. Blanks at both ends do not count.
     void setText(const QString &text);
     QString host() const { return m_host; }
+    /// Called by the binding when the editor's host changes. Replaces the text by it.
     void setHost(const QString &host);
     bool isEditorAccepting() const { return m_isEditorAccepting; }
     void setEditorAccepting(bool isAccepting);
+    /// These are computed at each call.
     QString problem() const;
     bool isWrong() const;
     bool isAcceptable() const { return m_isEditorAccepting && !isWrong(); }
 
 Q_SIGNALS:
+    /// Emitted when the key has got the value of the other one, also if it is the same.
     void textChanged();
     void hostChanged();
+    /// Emitted for the other keys when the text, the host or the editor's key was set.
     void changed();
 
 private:

@@ -11,9 +11,11 @@ class DiscoveryHint : public QObject {
 public:
     explicit DiscoveryHint(QObject *parent = nullptr);
 
+    /// Computed at each call; never empty.
     QString text() const;
 
 Q_SIGNALS:
+    /// Emitted when the daemon that finds computers becomes available or stops responding.
     void textChanged();
 
 private:

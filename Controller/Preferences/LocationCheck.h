@@ -35,8 +35,10 @@ public:
     ~LocationCheck() override;
 
     Selection addedSelection() const { return m_addedSelection.lock(); }
+    /// Starts a check of the location, whose error is shown in the row only. Null has no effect.
     void setAddedSelection(const Selection &selection);
     QList<Selection> selections() const { return {}; }
+    /// Empties the text if its row is not among `selections`. Checks that are running go on.
     void setSelections(const QList<Selection> &selections);
     QString text() const { return m_text; }
     bool isShown() const { return !m_text.isEmpty(); }
@@ -48,6 +50,7 @@ public:
     Q_SLOT void check(const std::shared_ptr<QVSynchronizationSelection> &selection);
 
 Q_SIGNALS:
+    /// Emitted when the text was set, for both keys.
     void textChanged();
 
 private:
@@ -65,6 +68,7 @@ private:
     void read(quint64 run, const Selection &selection);
     /// Ends the check `run` unless it has ended.
     void finish(quint64 run, const QVSyncStoreCheck &found);
+    /// Sets the text, which is about the row `selection`.
     void setText(const Selection &selection, const QString &text);
 
     std::weak_ptr<QVSynchronizationSelection> m_addedSelection;

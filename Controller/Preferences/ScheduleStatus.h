@@ -26,6 +26,7 @@ class ScheduleStatus : public QObject {
     /// Whether there is a schedule, even if it never fires.
     Q_PROPERTY(bool scheduled READ isScheduled NOTIFY changed)
 public:
+    /// Nil values until the form binds the keys.
     explicit ScheduleStatus(QObject *parent = nullptr);
 
     /// Each setter emits changed(), also if the value is equal: while a row is replaced, the text
@@ -38,6 +39,7 @@ public:
     std::shared_ptr<QVStandInDatabase> database() const { return m_database.lock(); }
     /// Observes "canSynchronize" of the row instead of the former one. Null is allowed.
     void setDatabase(const std::shared_ptr<QVStandInDatabase> &database);
+    /// Both are computed at each call. O(1).
     QString text() const;
     bool isScheduled() const { return m_isHourly || m_isDaily || m_isWeekly; }
 

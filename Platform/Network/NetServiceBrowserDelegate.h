@@ -12,6 +12,7 @@ class NetServiceBrowser;
 /// after that. The browser may be stopped or destroyed within a call; then no other call follows.
 class PLATFORM_EXPORT NetServiceBrowserDelegate {
 public:
+    /// The browser does not own its delegate, which must be replaced before it is destroyed.
     virtual ~NetServiceBrowserDelegate();
 
     /// Called when `service` was found. It is shared: keep it to resolve it. It is not resolved,
@@ -20,6 +21,7 @@ public:
         NetServiceBrowser *browser, const std::shared_ptr<NetService> &service,
         bool moreComing) = 0;
     /// Called when `service` has disappeared. It is the same object that was reported as found.
+    /// The arguments are never null. Code that has kept `service` may still use it.
     virtual void netServiceBrowserDidRemoveServiceMoreComing(
         NetServiceBrowser *browser, const std::shared_ptr<NetService> &service,
         bool moreComing) = 0;

@@ -27,11 +27,14 @@ private Q_SLOTS:
 private:
     /// Withdraws the service, and announces it if a host name is registered.
     void announceOrWithdraw();
+    /// Creates an entry group, adds the service and commits it, without waiting for the daemon.
     void announce();
+    /// Frees the entry group, if there is one. Replies that are still to come are ignored.
     void withdraw();
     /// Adds the service to the daemon's entry group under the first name that is not used on this
     /// computer.
     void addService();
+    /// Has the daemon announce the group, which it reports by changeState().
     void commit();
     /// Changes the name of the service to an alternative, and then calls `renamed`.
     void rename(const std::function<void()> &renamed);

@@ -20,11 +20,12 @@ public:
 private:
     /// Starts to resolve. The daemon must be available.
     void begin();
-    /// Deliver the result and destroy this object.
+    /// Deliver the result and destroy this object, so that no member may be used afterwards.
     void succeed(const QString &hostName, quint16 port);
     void fail();
 
     NetService &m_service;
     const std::shared_ptr<DiscoveryClient> m_client;
+    /// Fails the attempt.
     QTimer m_timeout;
 };

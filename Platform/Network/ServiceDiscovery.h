@@ -8,8 +8,9 @@
 
 class DiscoveryClient;
 
-/// Whether services can be found on the local network: whether the Avahi daemon is running. Must be
-/// used on the main thread.
+/// Whether services can be found on the local network: whether the Avahi daemon is running. It is
+/// observed as long as this object exists, also if it is started or stopped meanwhile. Must be used
+/// on the main thread; no call waits for the daemon.
 class PLATFORM_EXPORT ServiceDiscovery : public QObject {
     Q_OBJECT
     /// False if the daemon has not responded for a second, until it does.
@@ -19,9 +20,11 @@ public:
     explicit ServiceDiscovery(QObject *parent = nullptr);
     ~ServiceDiscovery() override;
 
+    /// Returns true at first: the daemon needs time to respond.
     bool isAvailable() const { return m_isAvailable; }
 
 Q_SIGNALS:
+    /// Emitted from the event loop; the value may be the same as before.
     void availableChanged();
 
 private:
