@@ -19,6 +19,7 @@
 #include "Engine/Profile/ProfileSettings.h"
 #include "Host/DefaultsKeys.h"
 #include "Host/QVApplication.h"
+#include "Host/QVJobLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Foundation/UserDefaults.h"
@@ -333,6 +334,6 @@ void DirectConnectionServer::recordConnection(const QString &clientName) {
             return isRecorded ? Expected<void>() : ProfileSettings::set(m_profile, key, now);
         });
     if (!recorded && NSApp()) {
-        NSApp()->logItemCmd(QStringLiteral("Sync:"), recorded.error().localizedDescription);
+        QVJobLog::logMessage(recorded.error().localizedDescription);
     }
 }
