@@ -312,7 +312,7 @@ private Q_SLOTS:
     void aRedirectPortThatIsNoneIsRefused() {
         for (const QString &port :
              {QStringLiteral("65536"), QStringLiteral("-1"), QStringLiteral("port")}) {
-            UserDefaults::setValue(DropboxConfiguration::RedirectPortDefault, port);
+            setDefault(DropboxConfiguration::RedirectPortDefault, port);
             const auto configuration = DropboxConfiguration::current();
             QVERIFY2(description(configuration).contains(port), qPrintable(port));
         }
