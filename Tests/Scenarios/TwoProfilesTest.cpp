@@ -112,7 +112,9 @@ private:
     QString addLocation(const QStringList &command) {
         const auto location = m_host.addLocation(command[1]);
         if (command.size() > 2) {
-            UnencryptedPasswords::accept(location->URL());
+            if (!UnencryptedPasswords::accept(location->URL())) {
+                return QStringLiteral("not accepted");
+            }
             UrlCredentialStorage::shared().setCredentialForProtectionSpace(
                 {location->URL().user(), command[2], UrlCredential::Persistence::ForSession},
                 QVHTTPBasicURLProtectionSpaceForURL(location->URL()));

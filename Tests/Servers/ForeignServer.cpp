@@ -216,7 +216,9 @@ bool ForeignServer::isListening() const {
 void ForeignServer::storePassword() const {
     const UrlCredential credential = {User, Password, UrlCredential::Persistence::ForSession};
     const QString scheme = m_authority ? QStringLiteral("https") : QStringLiteral("http");
-    UnencryptedPasswords::accept(Url::fromString(URLText({})));
+    if (!UnencryptedPasswords::accept(Url::fromString(URLText({})))) {
+        throw std::runtime_error("cannot accept an unencrypted password");
+    }
     for (const QString &method :
          {UrlAuthenticationMethodHttpBasic, UrlAuthenticationMethodHttpDigest}) {
         UrlCredentialStorage::shared().setCredentialForProtectionSpace(

@@ -135,7 +135,9 @@ void WebDAVServer::putFile(const QString &path, const QByteArray &contents) cons
 void WebDAVServer::storePassword(const QString &password) const {
     const UrlCredential credential = {User, password, UrlCredential::Persistence::ForSession};
     const QString scheme = m_options.identity ? QStringLiteral("https") : QStringLiteral("http");
-    UnencryptedPasswords::accept(Url::fromString(URLText({})));
+    if (!UnencryptedPasswords::accept(Url::fromString(URLText({})))) {
+        throw std::runtime_error("cannot accept an unencrypted password");
+    }
     for (const QString &method :
          {UrlAuthenticationMethodHttpBasic, UrlAuthenticationMethodHttpDigest}) {
         UrlCredentialStorage::shared().setCredentialForProtectionSpace(

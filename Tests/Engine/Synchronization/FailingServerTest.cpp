@@ -206,8 +206,8 @@ private Q_SLOTS:
         m_webDAV = std::make_unique<WebDAVServer>(WebDAVServer::Options());
         m_webDAVProxy = std::make_unique<FaultyProxy>(m_webDAV->port());
         for (const quint16 port : {m_webDAV->port(), m_webDAVProxy->port()}) {
-            UnencryptedPasswords::accept(
-                Url::fromString(QStringLiteral("http://localhost:%1/").arg(port)));
+            QVERIFY(UnencryptedPasswords::accept(
+                Url::fromString(QStringLiteral("http://localhost:%1/").arg(port))));
             UrlCredentialStorage::shared().setCredentialForProtectionSpace(
                 {WebDAVServer::User, WebDAVServer::Password,
                  UrlCredential::Persistence::ForSession},

@@ -654,7 +654,7 @@ private Q_SLOTS:
         QVERIFY(QDir().rmdir(path));
         QVERIFY2(description(unknown).contains(path), qPrintable(description(unknown)));
         QCOMPARE(sent.load(), 0);
-        UnencryptedPasswords::accept(Url::fromString(URLText));
+        QVERIFY(UnencryptedPasswords::accept(Url::fromString(URLText)));
         QVERIFY(description(open(URLText)).contains(QStringLiteral("does not accept")));
         QCOMPARE(sent.load(), 1);
     }
