@@ -48,6 +48,8 @@ public:
     SilentNameServer(const SilentNameServer &) = delete;
     SilentNameServer &operator=(const SilentNameServer &) = delete;
 
+    bool wasAsked() const { return m_socket.hasPendingDatagrams(); }
+
 private:
     QTemporaryDir m_folder;
     QUdpSocket m_socket;

@@ -1,4 +1,5 @@
 #include <QtNetwork/QTcpServer>
+#include <functional>
 #include <future>
 
 #include "Engine/DirectConnection/DirectConnection.h"
@@ -23,6 +24,20 @@ namespace {
 
 /// The maximum time in milliseconds that quitting may wait for stores.
 constexpr qint64 QuittingLimit = 2000;
+
+/// Is cancelled after the first look whether it is.
+class SoonCancelledFuture : public EngineFuture {
+public:
+    SoonCancelledFuture() : m_cancelNow([this] { cancel(); }) {}
+    bool isCancelled() const override {
+        const bool isCancelled = EngineFuture::isCancelled();
+        m_cancelNow();
+        return isCancelled;
+    }
+
+private:
+    const std::function<void()> m_cancelNow;
+};
 
 /// Sends the body of a response one byte at a time.
 void respondSlowly(ScriptedServer::Connection &connection) {
@@ -227,14 +242,11 @@ private Q_SLOTS:
         const QString URL = hangingURL("silent direct connection");
         const auto store = m_host->newLocation(Url::fromString(URL))->createBlobStore();
         EngineFuture opening;
-        EngineFuture listing;
+        const SoonCancelledFuture listing;
         auto opened = std::async(std::launch::async, [&] { return code(store->open(opening)); });
         QTRY_VERIFY(m_silent->hasPendingConnections());
-        auto listed = std::async(std::launch::async, [&] {
-            return code(store->list(QStringLiteral("databases"), listing));
-        });
-        listing.cancel();
-        QCOMPARE(listed.get(), EngineErrorCode::Cancelled);
+        QCOMPARE(code(store->list(QStringLiteral("databases"), listing)),
+                 EngineErrorCode::Cancelled);
         QVERIFY(opened.wait_for(std::chrono::seconds(0)) == std::future_status::timeout);
         opening.cancel();
         QCOMPARE(opened.get(), EngineErrorCode::Cancelled);
@@ -253,6 +265,26 @@ private Q_SLOTS:
         const qint64 time = quit();
         QVERIFY2(time < QuittingLimit, qPrintable(QString::number(time)));
         DropboxServer::forget();
+    }
+
+    void aLookUpCanBeCancelled_data() {
+        QTest::addColumn<QByteArray>("kind");
+        QTest::newRow("name server") << QByteArray("silent name server");
+        QTest::newRow("discovery daemon") << QByteArray("silent discovery daemon");
+    }
+    void aLookUpCanBeCancelled() {
+        QFETCH(QByteArray, kind);
+        const QString host = QUrl(hangingURL(kind)).host();
+        EngineFuture future;
+        auto found = std::async(std::launch::async,
+                                [&] { return code(HostLookUp::addresses(host, 1, future)); });
+        QTRY_VERIFY(m_daemon ? m_daemon->countOfMessages() > 0 : m_nameServer->wasAsked());
+        QElapsedTimer time;
+        time.start();
+        future.cancel();
+        QCOMPARE(found.get(), EngineErrorCode::Cancelled);
+        // Both would be given up after ten seconds.
+        QCOMPARE_LT(time.elapsed(), 5000);
     }
 
     void lookUpsThatDoNotEndAreLimited() {
