@@ -44,8 +44,9 @@ private Q_SLOTS:
         for (const int size : {10, 14, 18}) {
             setFontSize(size);
             const std::unique_ptr<QWidget> window = windowWith(Nib::makeForm(form));
-            ShownTexts::fill(*window);
             window->show();
+            // Texts that come later, as errors do.
+            ShownTexts::fill(*window);
             QTRY_COMPARE(problems(*window, size), QString());
             // Neither can a user make it too small.
             window->resize(1, 1);
