@@ -3,9 +3,11 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Notes/DatabaseRecord.h"
+#include "Engine/Notes/TransactionName.h"
 #include "Engine/Synchronization/RecordTiers.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Support/Compaction.h"
+#include "Support/FaultyFileSystem.h"
 #include "Support/MemoryStore.h"
 #include "Support/Replica.h"
 #include "Support/TestMain.h"
@@ -80,19 +82,18 @@ struct Edit {
 /// Some replicas and stores of one database, and what happens to them.
 class History {
 public:
-    /// What happens besides edits, synchronizations and failing stores. A history has one kind:
-    /// what only a damaged record contains may be lost if the profile that wrote it is replaced.
-    enum class Kind {
-        /// Nothing else.
-        Failures,
+    /// What happens besides edits, synchronizations and failing stores.
+    struct Troubles {
         /// Stores return, keep and list something else than was written.
-        Damage,
+        bool haveDamage = false;
         /// Profiles are restored from an old copy, or replaced by a copy of another one.
-        Copies
+        bool haveCopies = false;
+        /// The disks of the profiles fail, and the programs are restarted.
+        bool haveFailingDisks = false;
     };
 
-    History(Kind kind, QList<Replica *> replicas, int stores)
-        : m_kind(kind), m_replicas(std::move(replicas)) {
+    History(const Troubles &troubles, QList<Replica *> replicas, int stores)
+        : m_troubles(troubles), m_replicas(std::move(replicas)) {
         m_stores.resize(stores);
         for (qsizetype i = 0; i < m_replicas.size(); ++i) {
             m_yearsAhead.append(happens(50) ? 0 : upTo(600) - 50);
@@ -147,8 +148,8 @@ public:
     /// Synchronizes until every replica must have every edit.
     void settle() {
         m_isFaulty = false;
-        const auto verification = m_kind == Kind::Damage ? SyncSession::Verification::All
-                                                         : SyncSession::Verification::Some;
+        const auto verification = m_troubles.haveDamage ? SyncSession::Verification::All
+                                                        : SyncSession::Verification::Some;
         for (int round = 0; round < 3; ++round) {
             for (Replica *replica : std::as_const(m_replicas)) {
                 for (qsizetype store = 0; store < storeCount(); ++store) {
@@ -215,8 +216,9 @@ public:
                 sizes.insert(name, contents.size());
             }
         }
-        require(m_kind != Kind::Failures || RecordTiers::full(sizes).isEmpty(),
-                "small records remain");
+        require(
+            m_troubles.haveDamage || m_troubles.haveCopies || RecordTiers::full(sizes).isEmpty(),
+            "small records remain");
     }
 
     /// Of what can be read, the store holds no operation that is superseded and none twice.
@@ -282,7 +284,9 @@ private:
         note.title = QStringLiteral("Edit %1").arg(m_edits.size());
         note.text = QString(upTo(40), QChar(0x20 + upTo(0x2000)));
         note.modified = date(replica);
-        require(database->saveNote(note));
+        if (!succeeds([&] { return database->saveNote(note); })) {
+            return;
+        }
         if (!seen.isEmpty()) {
             m_edits[seen].isSuperseded = true;
         }
@@ -318,8 +322,10 @@ private:
         const QList<Note> notes = happens(40) ? sortedNotes(replica) : QList<Note>();
         if (!notes.isEmpty()) {
             const Note &note = notes[upTo(static_cast<int>(notes.size()))];
-            require(replica->library().synchronizedDatabase(m_UUID)->removeNote(note));
-            m_edits[note.revision].isSuperseded = true;
+            const auto database = replica->library().synchronizedDatabase(m_UUID);
+            if (succeeds([&] { return database->removeNote(note); })) {
+                m_edits[note.revision].isSuperseded = true;
+            }
         }
     }
 
@@ -335,7 +341,10 @@ private:
             return each.conflict != seen.conflict || each.UUID == seen.UUID;
         });
         const Note removed = edits[upTo(static_cast<int>(edits.size()))];
-        require(replica->library().synchronizedDatabase(m_UUID)->resolveConflict(kept, removed));
+        const auto database = replica->library().synchronizedDatabase(m_UUID);
+        if (!succeeds([&] { return database->resolveConflict(kept, removed); })) {
+            return;
+        }
         m_edits[seen.revision].isSuperseded = true;
         m_edits[removed.revision].isSuperseded = true;
         if (m_edits.contains(kept.revision)) {
@@ -349,8 +358,8 @@ private:
     void rename(Replica *replica) {
         if (const auto database = replica->library().synchronizedDatabase(m_UUID)) {
             now = date(replica).toMSecsSinceEpoch();
-            require(replica->library().renameDatabase(database,
-                                                      QStringLiteral("Name %1").arg(++m_clock)));
+            const QString name = QStringLiteral("Name %1").arg(++m_clock);
+            succeeds([&] { return replica->library().renameDatabase(database, name); });
         }
     }
 
@@ -388,16 +397,12 @@ private:
             return;
         }
         const auto running = m_running.begin() + upTo(static_cast<int>(m_running.size()));
-        Expected<void> result;
-        if (running->hasWorked) {
-            result = running->session->accessProfile();
-            require(result || !isEngineError(result.error(), EngineErrorCode::ProfileNotWritten),
-                    "the profile failed");
-        } else {
-            MemoryStore blobs(m_stores[running->store], [this] { return nextFault(); });
-            const EngineFuture future;
-            result = running->session->accessStore(blobs, future);
-        }
+        MemoryStore blobs(m_stores[running->store], [this] { return nextFault(); });
+        const EngineFuture future;
+        const Expected<void> result = onFailingDisk([&] {
+            return running->hasWorked ? running->session->accessProfile()
+                                      : running->session->accessStore(blobs, future);
+        });
         running->hasWorked = !running->hasWorked;
         if (!result || running->session->isDone() || happens(3)) {
             m_running.erase(running);
@@ -407,20 +412,94 @@ private:
         }
     }
 
-    /// What happens at times and only to histories of one kind.
+    /// Returns at times a failing disk for all profiles.
+    std::unique_ptr<FaultyFileSystem> failingDisk(int percent) const {
+        using Fault = FaultyFileSystem::Fault;
+        using Duration = FaultyFileSystem::Duration;
+        if (!m_isFaulty || !m_troubles.haveFailingDisks || !happens(percent)) {
+            return nullptr;
+        }
+        const Fault fault =
+            std::array{Fault::Error, Fault::Error, Fault::Full, Fault::NoTemporaryFiles}[upTo(4)];
+        return std::make_unique<FaultyFileSystem>(
+            fault, 1 + upTo(1 << upTo(6)), happens(50) ? Duration::Once : Duration::FromThenOn);
+    }
+
+    /// Calls `action`, during which the disk may fail. The profile fails for no other reason.
+    Expected<void> onFailingDisk(const std::function<Expected<void>()> &action) const {
+        const auto disk = failingDisk(30);
+        Expected<void> result = action();
+        const bool isOfProfile =
+            !result && (isEngineError(result.error(), EngineErrorCode::ProfileNotWritten) ||
+                        isEngineError(result.error(), EngineErrorCode::ProfileUnusable) ||
+                        isEngineError(result.error(), EngineErrorCode::ProfileDamaged));
+        require(!isOfProfile || (disk && disk->hasFailed()) ? Expected<void>() : result);
+        return result;
+    }
+    /// Calls `action`, which only a failing disk may prevent. Returns whether it has succeeded.
+    bool succeeds(const std::function<Expected<void>()> &action) const {
+        const Expected<void> result = onFailingDisk(action);
+        require(result || isEngineError(result.error(), EngineErrorCode::ProfileNotWritten)
+                    ? Expected<void>()
+                    : result);
+        return result.has_value();
+    }
+
+    /// What happens seldom, and not to all histories.
     void happen() {
-        if (m_kind == Kind::Damage) {
-            damage(m_stores[anyStore()]);
-        } else if (m_kind == Kind::Copies) {
-            Replica *replica = anyReplica();
-            Replica *source = happens(50) ? replica : anyReplica();
-            if (happens(40) && replica->library().synchronizedDatabase(m_UUID)) {
-                endSessions(replica);
-                replica->copyProfile();
-                m_copied.insert(replica);
-            } else if (m_copied.contains(source)) {
-                replaceProfile(replica, *source);
-            }
+        switch (upTo(3)) {
+            case 0:
+                if (m_troubles.haveDamage) {
+                    damageAny();
+                }
+                break;
+            case 1:
+                if (m_troubles.haveCopies) {
+                    copyOrReplace(anyReplica());
+                }
+                break;
+            default:
+                if (m_troubles.haveFailingDisks) {
+                    restart(anyReplica());
+                }
+        }
+    }
+
+    void restart(Replica *replica) {
+        endSessions(replica);
+        const auto restartOnFailingDisk = [&] {
+            const auto disk = failingDisk(70);
+            const Expected<void> opened = replica->restart();
+            require((disk && disk->hasFailed()) ? Expected<void>() : opened);
+            return opened.has_value();
+        };
+        if (!restartOnFailingDisk()) {
+            require(replica->restart());
+        }
+    }
+
+    void copyOrReplace(Replica *replica) {
+        Replica *source = happens(50) ? replica : anyReplica();
+        if (happens(40) && replica->library().synchronizedDatabase(m_UUID)) {
+            endSessions(replica);
+            replica->copyProfile();
+            m_copied.insert(replica);
+        } else if (m_copied.contains(source)) {
+            replaceProfile(replica, *source);
+        }
+    }
+
+    /// What only a damaged record contains is lost if the profile that wrote it was replaced.
+    void damageAny() {
+        MemoryStore::Blobs &blobs = m_stores[anyStore()];
+        if (m_haveProfilesBeenReplaced) {
+            // They may have read what is damaged now.
+            m_running.clear();
+            verifyWhatIsLeft();
+        }
+        damage(blobs);
+        if (m_haveProfilesBeenReplaced) {
+            expectWhatIsLeft();
         }
     }
 
@@ -458,12 +537,24 @@ private:
         endSessions(replica);
         m_readLongAgo.remove(replica);
         replica->replaceProfile(source);
+        m_haveProfilesBeenReplaced = true;
         expectWhatIsLeft();
     }
 
-    /// What only the replaced profile contained is gone, including what it had replaced or deleted
-    /// of it.
-    void expectWhatIsLeft() {
+    /// Returns the transaction in a record that all programs accept.
+    std::optional<Transaction> soundTransaction(const QString &name,
+                                                const QByteArray &record) const {
+        const QString file = name.section(u'/', -1);
+        const bool isSound = name.startsWith(QStringLiteral("transactions/%1/").arg(m_UUID)) &&
+                             TransactionName::isValid(file) &&
+                             TransactionName::matches(file, record);
+        const Expected<Transaction> transaction = Transaction::decoded(record, name);
+        return isSound && transaction ? std::optional(*transaction) : std::nullopt;
+    }
+
+    /// Returns the revisions of the edits that some profile or store contains, unless one knows
+    /// that they are superseded.
+    QSet<QString> revisionsLeft() const {
         QSet<OperationId> operations;
         QSet<OperationId> superseded;
         for (Replica *replica : m_replicas) {
@@ -475,7 +566,7 @@ private:
         }
         for (const MemoryStore::Blobs &blobs : m_stores) {
             for (const auto &[name, contents] : blobs) {
-                if (const auto read = Transaction::decoded(contents, name)) {
+                if (const auto read = soundTransaction(name, contents)) {
                     for (const Operation &operation : read->operations) {
                         operations.insert(operation.id);
                     }
@@ -484,10 +575,27 @@ private:
                 }
             }
         }
+        QSet<QString> revisions;
+        for (const OperationId &identifier : operations - superseded) {
+            revisions.insert(QString::fromLatin1(identifier.toHex()));
+        }
+        return revisions;
+    }
+
+    void verifyWhatIsLeft() const {
+        const QSet<QString> revisions = revisionsLeft();
         for (auto edit = m_edits.begin(); edit != m_edits.end(); ++edit) {
-            const OperationId identifier = QByteArray::fromHex(edit.key().toLatin1());
-            edit->isSuperseded =
-                superseded.contains(identifier) || !operations.contains(identifier);
+            require(edit->isSuperseded || revisions.contains(edit.key()),
+                    "an edit was lost before a record was damaged");
+        }
+    }
+
+    /// What only a replaced profile or a damaged record contained is gone, including what was
+    /// replaced or deleted there.
+    void expectWhatIsLeft() {
+        const QSet<QString> revisions = revisionsLeft();
+        for (auto edit = m_edits.begin(); edit != m_edits.end(); ++edit) {
+            edit->isSuperseded = !revisions.contains(edit.key());
         }
     }
 
@@ -495,7 +603,7 @@ private:
         if (!m_isFaulty || !happens(6)) {
             return MemoryStore::Fault::None;
         }
-        if (m_kind == Kind::Damage && happens(40)) {
+        if (m_troubles.haveDamage && happens(40)) {
             return happens(50) ? MemoryStore::Fault::Lie : MemoryStore::Fault::Withhold;
         }
         return std::array{MemoryStore::Fault::Unreachable, MemoryStore::Fault::LostAnswer,
@@ -520,7 +628,7 @@ private:
         }
     }
 
-    const Kind m_kind;
+    const Troubles m_troubles;
     const QList<Replica *> m_replicas;
     /// The clock of each replica.
     QList<int> m_yearsAhead;
@@ -533,17 +641,21 @@ private:
     QMap<QString, Edit> m_edits;
     QMap<Replica *, Note> m_readLongAgo;
     qint64 m_clock = 0;
+    bool m_haveProfilesBeenReplaced = false;
     bool m_isFaulty = true;
 };
 
 }  // namespace
 
 /// Property test: runs random histories of replicas that edit and synchronize while any operation
-/// may fail, stores may be damaged and lie, and profiles may be restored from old copies. The seeds
-/// are VELMORA_SEED (default 1) and the following ones, VELMORA_HISTORIES (default 1,000) in all.
+/// may fail, stores may be damaged and lie, disks of profiles may fail, and profiles may be
+/// restored from old copies, in any combination. The seeds are VELMORA_SEED (default 1) and the
+/// following ones, VELMORA_HISTORIES (default 1,000) in all.
 class SyncPropertyTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase() { FaultyFileSystem::install(); }
+
     void allReplicasConvergeAndNoEditIsLost_data() {
         QTest::addColumn<int>("first");
         QTest::addColumn<int>("end");
@@ -572,13 +684,18 @@ private Q_SLOTS:
     }
 
 private:
+    static History::Troubles anyTroubles() {
+        return {
+            .haveDamage = happens(50), .haveCopies = happens(50), .haveFailingDisks = happens(50)};
+    }
+
     static void tell(int seed, std::array<Replica, 6> &replicas) {
         randomBits.seed(static_cast<unsigned>(seed));
         QList<Replica *> taking;
         for (int i = 3 + upTo(3); i > 0; --i) {
             taking.append(&replicas[i]);
         }
-        History history(static_cast<History::Kind>(upTo(3)), taking, 1 + upTo(2));
+        History history(anyTroubles(), taking, 1 + upTo(2));
         history.run(seed % 10 == 0 ? 600 : 60 + upTo(120));
         history.settle();
         for (Replica *replica : history.replicas()) {

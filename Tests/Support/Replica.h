@@ -12,11 +12,17 @@
 /// that it is on: SQLite does not flush what it writes.
 class Replica {
 public:
-    Replica() { open(); }
+    Replica() { require(open()); }
 
     const ProfileDatabase &profile() const { return m_opened->profile; }
     EngineNoteLibrary &library() { return m_opened->library; }
 
+    /// Closes the profile and opens it again. If that fails, only this function can be called. Ends
+    /// the life of what profile() and library() have returned.
+    Expected<void> restart() {
+        m_opened.reset();
+        return open();
+    }
     /// Closes the profile, replaces its copy by one of its present state, and opens it again. Ends
     /// the life of what profile() and library() have returned.
     void copyProfile() {
@@ -25,7 +31,7 @@ public:
         if (!QFile::copy(file(), copy())) {
             throw std::runtime_error("the profile cannot be copied");
         }
-        open();
+        require(open());
     }
     /// Replaces the profile by the copy that `source`, which may be this replica, has made, as a
     /// user does who restores a backup or moves to another computer. Ends the life of what
@@ -35,7 +41,7 @@ public:
         if (!QFile::remove(file()) || !QFile::copy(source.copy(), file())) {
             throw std::runtime_error("the profile cannot be replaced");
         }
-        open();
+        require(open());
     }
 
 private:
@@ -54,15 +60,19 @@ private:
     QString file() const { return directory() + QStringLiteral("/profile.sqlite"); }
     QString copy() const { return m_folder.filePath(QStringLiteral("Copy.sqlite")); }
 
-    void open() {
+    Expected<void> open() {
         m_opened = std::make_unique<Opened>();
         ProfileDatabase &profile = m_opened->profile;
-        require(profile.open(
-            directory(), [&] { return writeFirstContents(profile, FirstContents::Inbox); },
-            [] { return Expected<void>(); }));
-        require(
-            profile.value(QStringLiteral("PRAGMA synchronous = OFF")).map([](const QVariant &) {}));
-        require(m_opened->library.load());
+        return profile
+            .open(
+                directory(), [&] { return writeFirstContents(profile, FirstContents::Inbox); },
+                [] { return Expected<void>(); })
+            .and_then([&] { return profile.value(QStringLiteral("PRAGMA synchronous = OFF")); })
+            .and_then([&](const QVariant &) {
+                // Few pages, so that reads and writes reach the disk, which may fail.
+                return profile.value(QStringLiteral("PRAGMA cache_size = 5"));
+            })
+            .and_then([this](const QVariant &) { return m_opened->library.load(); });
     }
 
     QTemporaryDir m_folder;
