@@ -7,7 +7,10 @@
 #include "Engine/Notes/NoteConversion.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/CleanSession.h"
+#include "Engine/Synchronization/RecordTiers.h"
 #include "Engine/Synchronization/SyncSession.h"
+#include "Support/Compaction.h"
+#include "Support/MemoryStore.h"
 #include "Support/RunSession.h"
 #include "Support/TestMain.h"
 #include "Support/Verification.h"
@@ -19,6 +22,8 @@ class FaultTestCase : public QObject {
 protected:
     /// The texts by title. The name of the database has the empty title.
     using Contents = QMap<QString, QString>;
+
+    enum class Job { Synchronize, CleanUp, Merge };
 
     static inline const QString Changed = QStringLiteral("changed");
 
@@ -136,6 +141,35 @@ protected:
         orThrow(Computer(folder(QStringLiteral("Unused"))).open());
     }
 
+    /// Makes the profile "Full" from "Used", which synchronizes single notes until the records in
+    /// `blobs` fill a tier.
+    void fillTier(MemoryStore::Blobs &blobs) const {
+        copyProfile(folder(QStringLiteral("Used")), folder(QStringLiteral("Full")));
+        Computer computer(folder(QStringLiteral("Full")));
+        orThrow(computer.open());
+        MemoryStore store(blobs);
+        // Besides the record of the database.
+        while (blobs.size() <= RecordTiers::MostInTier) {
+            orThrow(computer.add(QString::number(blobs.size())));
+            orThrow(computer.run<SyncSession>(m_UUID, store));
+        }
+    }
+    /// Makes the profile "Merged" from "Full", which has merged the records in `blobs`, but has
+    /// removed none.
+    void mergeWithoutRemoval(MemoryStore::Blobs &blobs) const {
+        copyProfile(folder(QStringLiteral("Full")), folder(QStringLiteral("Merged")));
+        Computer computer(folder(QStringLiteral("Merged")));
+        orThrow(computer.open());
+        const size_t before = blobs.size();
+        // The new record is written and read back, then nothing can be removed.
+        MemoryStore store(blobs, [calls = 0]() mutable {
+            return ++calls > 2 ? MemoryStore::Fault::Unreachable : MemoryStore::Fault::None;
+        });
+        if (computer.run<Compaction>(m_UUID, store) || blobs.size() != before + 1) {
+            throw std::runtime_error("the records were not merged, or some were removed");
+        }
+    }
+
     QString UUID() const { return m_UUID; }
     QString folder(const QString &name) const { return m_folder.filePath(name); }
     QString newFolder() { return folder(QString::number(++m_count)); }
@@ -163,17 +197,20 @@ protected:
         }
     }
 
-    /// What a job does. Returns the problems with single records.
-    Expected<QList<Error>> synchronize(Computer &computer, BlobStore &store,
-                                       bool isCleaningUp) const {
-        return store.open(EngineFuture())
-            .and_then([&] { return computer.run<SyncSession>(m_UUID, store); })
-            .and_then([&](const QList<Error> &problems) {
-                return isCleaningUp
-                           ? computer.run<CleanSession>(m_UUID, store)
-                                 .map([&](const QList<Error> &others) { return problems + others; })
-                           : problems;
-            });
+    /// Returns the problems with single records. Merge must follow a synchronization.
+    Expected<QList<Error>> perform(Job job, Computer &computer, BlobStore &store) const {
+        if (Expected<void> opened = store.open(EngineFuture()); !opened) {
+            return failure(opened.error());
+        }
+        if (job == Job::Merge) {
+            return computer.run<Compaction>(m_UUID, store);
+        }
+        return computer.run<SyncSession>(m_UUID, store).and_then([&](const QList<Error> &problems) {
+            return job == Job::CleanUp
+                       ? computer.run<CleanSession>(m_UUID, store)
+                             .map([&](const QList<Error> &others) { return problems + others; })
+                       : problems;
+        });
     }
 
     /// Profile and store are sound, and contain the same.

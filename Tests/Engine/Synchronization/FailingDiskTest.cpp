@@ -1,10 +1,6 @@
-#include "Engine/Foundation/EngineError.h"
-#include "Engine/Synchronization/RecordTiers.h"
-#include "Support/Compaction.h"
 #include "Support/Failure.h"
 #include "Support/FaultTestCase.h"
 #include "Support/FaultyFileSystem.h"
-#include "Support/MemoryStore.h"
 #include "Support/OldProfile.h"
 
 Q_DECLARE_METATYPE(FaultyFileSystem::Fault)
@@ -26,8 +22,9 @@ private:
         std::function<Expected<void>(Computer &)> action;
     };
 
-    /// The store as it is before each story, and as the story changes it.
-    MemoryStore::Blobs m_firstBlobs;
+    /// The stores as they are before each story, by the profile that it begins with.
+    QMap<QString, MemoryStore::Blobs> m_firstBlobs;
+    /// The store as a story changes it.
     MemoryStore::Blobs m_blobs;
 
     template <class Session>
@@ -36,34 +33,13 @@ private:
         return computer.run<Session>(UUID(), store).map([](const QList<Error> & /*problems*/) {});
     }
 
-    /// Synchronizes single notes until there are as many records as fill a tier.
-    Expected<void> fillTier(Computer &computer) {
-        Expected<void> filled = computer.open();
-        for (int i = 0; filled && i < RecordTiers::MostInTier; ++i) {
-            filled = computer.add(QString::number(i)).and_then([&] {
-                return run<SyncSession>(computer);
-            });
-        }
-        return filled;
-    }
-
-    /// Merges the records of a full tier, but removes none.
-    Expected<void> mergeWithoutRemoval(Computer &computer) {
-        MemoryStore store(m_blobs, [calls = 0]() mutable {
-            return ++calls > 2 ? MemoryStore::Fault::Unreachable : MemoryStore::Fault::None;
-        });
-        return computer.run<Compaction>(UUID(), store)
-                   ? failure(engineError(EngineErrorCode::StoreUnreachable,
-                                         QStringLiteral("Nothing was left to be removed.")))
-                   : Expected<void>();
-    }
-
     QMap<QString, Story> stories() {
         const auto open = [](Computer &computer) { return computer.open(); };
         const auto synchronize = [this](Computer &computer) { return run<SyncSession>(computer); };
         const auto openAndSynchronize = [=](Computer &computer) {
             return computer.open().and_then([&] { return synchronize(computer); });
         };
+        const auto merge = [this](Computer &computer) { return run<Compaction>(computer); };
         const auto nothing = [](Computer &) { return Expected<void>(); };
         const QString used = QStringLiteral("Used");
         const QString unused = QStringLiteral("Unused");
@@ -85,15 +61,8 @@ private:
             {QStringLiteral("import"), {unused, open, synchronize}},
             {QStringLiteral("clean up"),
              {used, openAndSynchronize, [this](Computer &one) { return run<CleanSession>(one); }}},
-            {QStringLiteral("merge records"),
-             {used, [this](Computer &one) { return fillTier(one); },
-              [this](Computer &one) { return run<Compaction>(one); }}},
-            {QStringLiteral("resume merging"),
-             {used,
-              [this](Computer &one) {
-                  return fillTier(one).and_then([&] { return mergeWithoutRemoval(one); });
-              },
-              [this](Computer &one) { return run<Compaction>(one); }}},
+            {QStringLiteral("merge records"), {QStringLiteral("Full"), open, merge}},
+            {QStringLiteral("resume merging"), {QStringLiteral("Merged"), open, merge}},
         };
     }
 
@@ -102,7 +71,7 @@ private:
         if (!story.profile.isEmpty()) {
             copyProfile(folder(story.profile), profile);
         }
-        m_blobs = m_firstBlobs;
+        m_blobs = m_firstBlobs[story.profile];
         auto computer = std::make_unique<Computer>(profile);
         orThrow(story.preparation(*computer));
         return computer;
@@ -146,8 +115,17 @@ private:
 private Q_SLOTS:
     void initTestCase() {
         FaultyFileSystem::install();
-        MemoryStore store(m_firstBlobs);
+        MemoryStore::Blobs blobs;
+        MemoryStore store(blobs);
         writeProfiles(store);
+        for (const QString &profile :
+             {QString(), QStringLiteral("Unused"), QStringLiteral("Used")}) {
+            m_firstBlobs.insert(profile, blobs);
+        }
+        fillTier(blobs);
+        m_firstBlobs.insert(QStringLiteral("Full"), blobs);
+        mergeWithoutRemoval(blobs);
+        m_firstBlobs.insert(QStringLiteral("Merged"), blobs);
     }
 
     void losesNothing_data() {
@@ -231,7 +209,7 @@ private Q_SLOTS:
         QFETCH(bool, isCleaningUp);
         const QString profile = newFolder();
         copyProfile(folder(QStringLiteral("Used")), profile);
-        m_blobs = m_firstBlobs;
+        m_blobs = m_firstBlobs[QStringLiteral("Used")];
         Computer computer(profile);
         orThrow(computer.open());
         orThrow(run<SyncSession>(computer));

@@ -11,7 +11,6 @@
 #include "Support/Failure.h"
 #include "Support/FaultTestCase.h"
 #include "Support/FaultyProxy.h"
-#include "Support/MemoryStore.h"
 #include "Support/SetDefault.h"
 #include "Support/TestWebDAVStore.h"
 #include "Support/WebDAVServer.h"
@@ -30,10 +29,10 @@ private:
 
     enum class Service { WebDAV, Dropbox };
     struct Story {
-        /// The profile that it begins with.
+        /// The profile and the store that it begins with.
         QString profile;
-        bool hasStore = true;
-        bool isCleaningUp = false;
+        QString store;
+        Job job = Job::Synchronize;
     };
     struct Outcome {
         Expected<void> result;
@@ -53,20 +52,27 @@ private:
     std::unique_ptr<DropboxServer> m_dropbox;
     std::unique_ptr<FaultyProxy> m_webDAVProxy;
     std::unique_ptr<FaultyProxy> m_dropboxProxy;
-    MemoryStore::Blobs m_blobs;
+    /// By name.
+    QMap<QString, MemoryStore::Blobs> m_stores;
     QMap<std::pair<Service, QString>, Outcome> m_sound;
 
     static QMap<QString, Story> stories() {
         const QString used = QStringLiteral("Used");
-        return {{QStringLiteral("synchronize"), {used}},
-                {QStringLiteral("import"), {QStringLiteral("Unused")}},
-                {QStringLiteral("clean up"), {used, true, true}},
-                {QStringLiteral("fill again"), {QStringLiteral("Other"), false}}};
+        const QString sound = QStringLiteral("Sound");
+        const QString full = QStringLiteral("Full");
+        const QString merged = QStringLiteral("Merged");
+        return {{QStringLiteral("synchronize"), {used, sound}},
+                {QStringLiteral("import"), {QStringLiteral("Unused"), sound}},
+                {QStringLiteral("clean up"), {used, sound, Job::CleanUp}},
+                {QStringLiteral("merge records"), {full, full, Job::Merge}},
+                {QStringLiteral("resume merging"), {merged, merged, Job::Merge}},
+                {QStringLiteral("fill again"), {QStringLiteral("Other"), QStringLiteral("Empty")}}};
     }
 
     /// Whether the same exchanges are part of another story as well.
     static bool isPartOfAnother(Service service, const QString &story) {
-        return service == Service::Dropbox ? story != QStringLiteral("clean up")
+        const QStringList rewriting{QStringLiteral("clean up"), QStringLiteral("merge records")};
+        return service == Service::Dropbox ? !rewriting.contains(story)
                                            : story == QStringLiteral("synchronize");
     }
 
@@ -101,7 +107,7 @@ private:
     }
 
     /// Makes the server's store as it is before each story.
-    void resetStore(Service service, bool exists) const {
+    void resetStore(Service service, const MemoryStore::Blobs &blobs) const {
         if (service == Service::WebDAV) {
             QDir(m_webDAV->folder() + u'/' + m_package).removeRecursively();
         } else {
@@ -110,7 +116,7 @@ private:
                 m_dropbox->removeFile(path);
             }
         }
-        for (const auto &[name, contents] : exists ? m_blobs : MemoryStore::Blobs()) {
+        for (const auto &[name, contents] : blobs) {
             if (service == Service::WebDAV) {
                 m_webDAV->putFile(m_package + u'/' + name, contents);
             } else {
@@ -130,7 +136,7 @@ private:
     Outcome tell(Service service, const Story &story, const QString &profile, Fault fault,
                  qint64 exchange, Duration duration) {
         copyProfile(folder(story.profile), profile);
-        resetStore(service, story.hasStore);
+        resetStore(service, m_stores.value(story.store));
         m_dropbox->expireAccessTokens();
         FaultyProxy &proxy = proxyOf(service);
         proxy.setFault(fault, exchange, duration);
@@ -138,7 +144,7 @@ private:
         orThrow(computer.open());
         const auto store = storeAt(service, proxy.port(),
                                    fault == Fault::Late ? Impatient : HttpClient::Timeouts());
-        const Expected<QList<Error>> problems = synchronize(computer, *store, story.isCleaningUp);
+        const Expected<QList<Error>> problems = perform(story.job, computer, *store);
         Outcome outcome{.result = problems.map([](const QList<Error> & /*all*/) {}),
                         .contents = computer.contents(),
                         .exchanges = proxy.exchanges(),
@@ -159,9 +165,11 @@ private:
         return outcome;
     }
 
-    /// Whether the client may send the request again by itself.
-    static bool mayHeal(Fault fault) {
-        return fault == Fault::Reset || fault == Fault::LostAnswer || fault == Fault::CutRequest;
+    /// Whether the client may send the request again by itself. Servers also report an internal
+    /// error if the folder for what is put does not exist.
+    static bool mayHeal(Fault fault, const QByteArray &exchange) {
+        return fault == Fault::Reset || fault == Fault::LostAnswer || fault == Fault::CutRequest ||
+               (fault == Fault::InternalError && exchange.startsWith("PUT "));
     }
 
     void verifyFailure(Service service, const Story &story, Fault fault, qint64 exchange,
@@ -174,7 +182,7 @@ private:
         if (fault == Fault::Duplicate) {
             QVERIFY2(!isReported, name);
         } else {
-            QVERIFY2(isReported || (mayHeal(fault) && duration == Duration::Once), name);
+            QVERIFY2(isReported || (mayHeal(fault, name) && duration == Duration::Once), name);
         }
         QVERIFY(outcome.result || !description(outcome.result).isEmpty());
         verifyBetween(outcome.contents, before, sound.contents);
@@ -217,8 +225,14 @@ private Q_SLOTS:
                                    {},
                                    UrlAuthenticationMethodHttpBasic});
         }
-        MemoryStore store(m_blobs);
+        MemoryStore::Blobs blobs;
+        MemoryStore store(blobs);
         writeProfiles(store);
+        m_stores.insert(QStringLiteral("Sound"), blobs);
+        fillTier(blobs);
+        m_stores.insert(QStringLiteral("Full"), blobs);
+        mergeWithoutRemoval(blobs);
+        m_stores.insert(QStringLiteral("Merged"), blobs);
     }
 
     void cleanupTestCase() {

@@ -23,7 +23,7 @@ private:
         /// The profile and the store that it begins with.
         QString profile;
         QString store;
-        bool isCleaningUp = false;
+        Job job = Job::Synchronize;
     };
     struct Outcome {
         Expected<void> result;
@@ -44,6 +44,20 @@ private:
 
     QString pathOfStore(const QString &name) const {
         return folder(name + u'.' + SyncStoreLayout::Extension);
+    }
+
+    void writeStore(const QString &name, const MemoryStore::Blobs &blobs) const {
+        const QString path = pathOfStore(name);
+        for (const QString &folder :
+             {SyncStoreLayout::DatabasesFolder, SyncStoreLayout::TransactionsFolder}) {
+            QVERIFY(QDir().mkpath(path + u'/' + folder));
+        }
+        for (const auto &[blob, contents] : blobs) {
+            QFile file(path + u'/' + blob);
+            QVERIFY(QDir().mkpath(QFileInfo(file).path()));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            QCOMPARE(file.write(contents), contents.size());
+        }
     }
 
     static void copyStore(const QString &source, const QString &destination) {
@@ -86,9 +100,13 @@ private:
     static QMap<QString, Story> stories() {
         const QString used = QStringLiteral("Used");
         const QString sound = QStringLiteral("Sound");
+        const QString full = QStringLiteral("Full");
+        const QString merged = QStringLiteral("Merged");
         return {{QStringLiteral("synchronize"), {used, sound}},
                 {QStringLiteral("import"), {QStringLiteral("Unused"), sound}},
-                {QStringLiteral("clean up"), {used, sound, true}},
+                {QStringLiteral("clean up"), {used, sound, Job::CleanUp}},
+                {QStringLiteral("merge records"), {full, full, Job::Merge}},
+                {QStringLiteral("resume merging"), {merged, merged, Job::Merge}},
                 {QStringLiteral("repair"), {used, QStringLiteral("Damaged")}},
                 {QStringLiteral("fill again"), {QStringLiteral("Other"), QStringLiteral("Empty")}}};
     }
@@ -104,8 +122,7 @@ private:
         Outcome outcome;
         {
             const FaultyFolder volume(path, fault, call, duration);
-            const Expected<QList<Error>> problems =
-                synchronize(computer, *store, story.isCleaningUp);
+            const Expected<QList<Error>> problems = perform(story.job, computer, *store);
             outcome.result = problems.map([](const QList<Error> & /*all*/) {});
             for (const Error &problem : problems.value_or(QList<Error>())) {
                 outcome.problems.append(static_cast<int>(problem.code));
@@ -159,16 +176,17 @@ private:
 
 private Q_SLOTS:
     void initTestCase() {
-        const QString sound = pathOfStore(QStringLiteral("Sound"));
-        for (const QString &store : {sound, pathOfStore(QStringLiteral("Empty"))}) {
-            for (const QString &name :
-                 {SyncStoreLayout::DatabasesFolder, SyncStoreLayout::TransactionsFolder}) {
-                QVERIFY(QDir().mkpath(store + u'/' + name));
-            }
-        }
-        writeProfiles(*storeAt(sound));
-        copyStore(sound, pathOfStore(QStringLiteral("Damaged")));
+        MemoryStore::Blobs blobs;
+        writeStore(QStringLiteral("Empty"), blobs);
+        MemoryStore store(blobs);
+        writeProfiles(store);
+        writeStore(QStringLiteral("Sound"), blobs);
+        writeStore(QStringLiteral("Damaged"), blobs);
         damage(pathOfStore(QStringLiteral("Damaged")));
+        fillTier(blobs);
+        writeStore(QStringLiteral("Full"), blobs);
+        mergeWithoutRemoval(blobs);
+        writeStore(QStringLiteral("Merged"), blobs);
     }
 
     void everySystemCallCanFail() {
