@@ -252,6 +252,17 @@ private Q_SLOTS:
         terminate(*first);
     }
 
+    void aPictureOfAProfileInUseIsDrawnBesideTheProgram() {
+        const auto first = startWindows();
+        const QString file = m_folder.filePath(QStringLiteral("beside.png"));
+        const Run drawn =
+            run({QStringLiteral("--profile"), profile(), QStringLiteral("--screenshot"), file});
+        QCOMPARE(drawn.exitCode, 0);
+        QVERIFY(QImage(file).width() >= 700);
+        QCOMPARE(first->state(), QProcess::Running);
+        terminate(*first);
+    }
+
     void theProfileOfAKilledProcessIsFree() {
         const auto first = startWindows();
         first->kill();
