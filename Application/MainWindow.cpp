@@ -96,7 +96,7 @@ void MainWindow::makeActions() {
     databaseMenu->addAction(tr("&Quit"), this, &MainWindow::quit)->setShortcut(QKeySequence::Quit);
 
     QMenu *editMenu = menuBar()->addMenu(tr("&Edit"));
-    editMenu->addAction(m_notes->undoDeletionAction());
+    editMenu->addAction(m_notes->undoAction());
     editMenu->addSeparator();
     m_versionsAction =
         editMenu->addAction(tr("Earlier &Versions…"), this, &MainWindow::showEarlierVersions);

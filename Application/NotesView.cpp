@@ -41,7 +41,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
       m_conflict(new ConflictBar),
       m_addButton(new QPushButton(tr("New &Note"))),
       m_removeButton(new QPushButton(tr("De&lete Note"))),
-      m_undoAction(new QAction(tr("&Undo Delete Note"), this)) {
+      m_undoAction(new QAction(this)) {
     m_list->setAccessibleName(tr("Notes"));
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_title->setAccessibleName(tr("Title"));
@@ -54,7 +54,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     m_notice->hide();
     m_conflict->hide();
     m_undoAction->setShortcut(QKeySequence::Undo);
-    m_undoAction->setEnabled(false);
+    updateUndoAction();
     m_pause.setSingleShot(true);
     m_pause.setInterval(PauseInMilliseconds);
     m_keeping.setSingleShot(true);
@@ -335,6 +335,7 @@ void NotesView::keepEdit(Note kept, const Note &removed) {
     if (!presentIfFailed(m_database->resolveConflict(kept, removed))) {
         return;
     }
+    rememberDeletion(removed, tr("&Undo Keep"));
     // A copy that is the only edit left shows as the note.
     const auto found = std::find_if(m_notes.begin(), m_notes.end(), [&](const Note &each) {
         return each.revision == kept.revision;
@@ -404,23 +405,33 @@ void NotesView::removeNote() {
     if (!presentIfFailed(m_database->removeNote(deleted))) {
         return;
     }
-    m_deletions.append({m_database, deleted});
-    m_undoAction->setEnabled(true);
+    rememberDeletion(deleted, tr("&Undo Delete Note"));
     // Not the button: another key press would delete the next note.
     m_list->setFocus();
+}
+
+void NotesView::rememberDeletion(const Note &note, const QString &undoTitle) {
+    m_deletions.append({m_database, note, undoTitle});
+    updateUndoAction();
+}
+
+void NotesView::updateUndoAction() {
+    m_undoAction->setEnabled(!m_deletions.isEmpty());
+    m_undoAction->setText(m_deletions.isEmpty() ? tr("&Undo Delete Note")
+                                                : m_deletions.last().undoTitle);
 }
 
 void NotesView::undoDeletion() {
     if (!leave()) {
         return;
     }
-    auto [database, note] = m_deletions.last();
-    if (!presentIfFailed(database->saveNote(note))) {
+    Deletion last = m_deletions.last();
+    if (!presentIfFailed(last.database->saveNote(last.note))) {
         return;
     }
     m_deletions.removeLast();
-    m_undoAction->setEnabled(!m_deletions.isEmpty());
-    if (database == m_database) {
-        m_list->setCurrentRow(rowOf(note));
+    updateUndoAction();
+    if (last.database == m_database) {
+        m_list->setCurrentRow(rowOf(last.note));
     }
 }

@@ -42,9 +42,10 @@ public:
     /// loop, until it is saved, discarded, or to be edited further. Returns whether the text was
     /// saved or discarded; only then may another note be shown.
     bool leave();
-    /// Returns the action that restores the note deleted last, in its database. Owned by this view;
-    /// disabled while there is no such note.
-    QAction *undoDeletionAction() const { return m_undoAction; }
+    /// Returns the action that restores the last note that was deleted, or was removed in favour of
+    /// a conflicting edit, in its database. Owned by this view; disabled while there is no such
+    /// note.
+    QAction *undoAction() const { return m_undoAction; }
     /// Returns the note that is shown, without unsaved edits; no UUID while there is none.
     const Note &note() const { return m_note; }
     /// Selects the note with the UUID of `note`, unless the user does not leave the shown one. Has
@@ -59,10 +60,12 @@ Q_SIGNALS:
     void editedChanged(bool isEdited);
 
 private:
-    /// A deleted note that can be restored.
+    /// A note that was deleted, or removed in favour of another edit, and can be restored.
     struct Deletion {
         std::shared_ptr<NoteDatabase> database;
         Note note;
+        /// The title of the action that restores it.
+        QString undoTitle;
     };
 
     void makeWidgets();
@@ -79,8 +82,12 @@ private:
     void addNote();
     /// Deletes the shown note, after saving what was typed, so that it can be restored completely.
     void removeNote();
+    /// Lets the user undo that the note, which the database that is shown contained, was removed.
+    void rememberDeletion(const Note &note, const QString &undoTitle);
     /// Saves the note deleted last in its database, which may be another one than is shown.
     void undoDeletion();
+    /// Lets the action undo the last deletion.
+    void updateUndoAction();
     /// Marks the note as edited and restarts the timer.
     void noteEdited();
     void setEdited(bool isEdited);

@@ -484,6 +484,10 @@
         <translation>&amp;Löschen der Notiz rückgängig machen</translation>
     </message>
     <message>
+        <source>&amp;Undo Keep</source>
+        <translation>&amp;Behalten rückgängig machen</translation>
+    </message>
+    <message>
         <source>Notes</source>
         <translation>Notizen</translation>
     </message>

@@ -1,3 +1,4 @@
+#include <QtGui/QAction>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
@@ -8,6 +9,7 @@
 #include "Application/MainWindow.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// A note that was edited on two computers at once is resolved in the main window of one of them.
 class ConflictTest : public QObject {
@@ -91,6 +93,13 @@ private:
     }
     ConflictBar *bar() const { return m_window->findChild<ConflictBar *>(); }
     ConflictDialog *dialog() const { return m_window->findChild<ConflictDialog *>(); }
+    QAction *action(const QString &title) const {
+        const auto actions = m_window->findChildren<QAction *>();
+        const auto found = std::find_if(actions.begin(), actions.end(), [&](QAction *each) {
+            return each->text().remove(u'&') == title;
+        });
+        return found == actions.end() ? nullptr : *found;
+    }
     static void press(const QWidget *window, const QString &title) {
         const auto buttons = window->findChildren<QPushButton *>();
         for (QPushButton *button : buttons) {
@@ -138,6 +147,11 @@ private Q_SLOTS:
     }
     void cleanup() {
         m_window.reset();
+        synchronizeAll();
+        for (SyncEngine *engine : {&m_host->engine(), m_other.get()}) {
+            QCOMPARE(Verification::problems(engine->verify(VerificationMode::Report)),
+                     QStringList());
+        }
         m_state.reset();
         m_otherState.reset();
         m_other.reset();
@@ -193,12 +207,43 @@ private Q_SLOTS:
         const QString shown = m_window->findChild<QPlainTextEdit *>()->toPlainText();
         QVERIFY(choice == KeepBoth || left.first().endsWith(shown));
         QCOMPARE(here()->notes().value().first().UUID, UUID);
-        // What is not kept can be restored.
-        QCOMPARE(here()->earlierVersions(UUID).value().first().title, QStringLiteral("Shopping"));
+        if (choice != KeepBoth) {
+            const NoteVersion version = here()->earlierVersions(UUID).value().first();
+            QCOMPARE(version.title, QStringLiteral("Shopping"));
+            QCOMPARE(here()->noteOfVersion(version).value().text,
+                     left.first().endsWith(Here) ? There : Here);
+        }
         synchronizeHere();
         synchronizeThere();
         QCOMPARE(texts(*there()), expected);
         QCOMPARE(there()->countOfConflicts().value(), 0);
+    }
+
+    void aDecisionIsUndone_data() {
+        QTest::addColumn<QString>("choice");
+        QTest::addColumn<int>("row");
+        for (const int row : {0, 1}) {
+            QTest::addRow("this, edit %d", row) << KeepThis << row;
+            QTest::addRow("other than edit %d", row) << KeepOther << row;
+        }
+    }
+    void aDecisionIsUndone() {
+        QFETCH(QString, choice);
+        QFETCH(int, row);
+        list("Notes")->setCurrentRow(row);
+        press(bar(), choice);
+        synchronizeAll();
+        QCOMPARE(here()->notes().value().size(), 2);
+        QAction *undo = action(QStringLiteral("Undo Keep"));
+        QVERIFY(undo && undo->isEnabled());
+        undo->trigger();
+        QVERIFY(!undo->isEnabled());
+        synchronizeAll();
+        for (const NoteDatabase *database : {here().get(), there().get()}) {
+            const QString all = texts(*database).join(u'\n');
+            QCOMPARE(texts(*database).size(), 3);
+            QVERIFY2(all.contains(Here) && all.contains(There), qPrintable(all));
+        }
     }
 
     void theDifferencesAreMarked() {
