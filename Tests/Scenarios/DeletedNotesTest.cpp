@@ -130,6 +130,9 @@ private Q_SLOTS:
     }
     void cleanup() {
         m_window.reset();
+        // What the location contains depends on what was decided.
+        const VerificationReport report = m_host->engine().verify(VerificationMode::Report);
+        QCOMPARE(report.parts.first().problems, QStringList());
         m_application.reset();
         m_host.reset();
     }

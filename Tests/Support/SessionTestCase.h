@@ -6,6 +6,7 @@
 #include "Support/RunSession.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// Base of tests that run sessions between the inbox of a profile and a store in memory.
 class SessionTestCase : public QObject {
@@ -18,10 +19,13 @@ protected:
         QVERIFY(m_host->inbox()->saveNote(note));
     }
 
+    static StoreSession::Subject subject() {
+        return {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")};
+    }
+
     template <class Session>
     Session newSession() {
-        return Session(profile(), m_host->library(),
-                       {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
+        return Session(profile(), m_host->library(), subject());
     }
 
     template <class Session>
@@ -29,6 +33,16 @@ protected:
         Session session = newSession<Session>();
         MemoryStore store(m_blobs);
         return runSession(session, store);
+    }
+
+    /// After a synchronization, profile and store are sound and contain the same.
+    void verifySound() {
+        QVERIFY(run<SyncSession>());
+        MemoryStore store(m_blobs);
+        QCOMPARE(Verification::problems(profile(), m_host->library(), subject(), store),
+                 QStringList());
+        const VerificationReport report = m_host->engine().verify(VerificationMode::Report);
+        QCOMPARE(Verification::problems(report), QStringList());
     }
 
     /// Begins with one record in the store for each of `titles`.

@@ -69,7 +69,10 @@ private:
 
 private Q_SLOTS:
     void init() { beginWithNotes({QStringLiteral("first")}); }
-    void cleanup() { m_host.reset(); }
+    void cleanup() {
+        verifySound();
+        m_host.reset();
+    }
 
     void onlyFullTiersAreRewritten() {
         QCOMPARE(RecordTiers::full({}), QStringList());

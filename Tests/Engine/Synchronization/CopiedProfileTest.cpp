@@ -5,6 +5,7 @@
 #include "Support/Replica.h"
 #include "Support/RunSession.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// Two computers with copies of one profile, and a profile that was restored from an old copy.
 class CopiedProfileTest : public QObject {
@@ -13,10 +14,13 @@ class CopiedProfileTest : public QObject {
     MemoryStore::Blobs m_blobs;
 
     void synchronize(Replica &replica) {
-        SyncSession session(replica.profile(), replica.library(),
-                            {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
-        MemoryStore store(m_blobs, [] { return MemoryStore::Fault::None; });
+        const StoreSession::Subject subject{InboxUUID, QStringLiteral("Inbox"),
+                                            QStringLiteral("store")};
+        SyncSession session(replica.profile(), replica.library(), subject);
+        MemoryStore store(m_blobs);
         QCOMPARE(description(runSession(session, store)), QString());
+        QCOMPARE(Verification::problems(replica.profile(), replica.library(), subject, store),
+                 QStringList());
     }
 
     static QList<Note> notes(Replica &replica) {

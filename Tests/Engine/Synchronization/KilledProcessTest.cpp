@@ -4,6 +4,7 @@
 
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 namespace {
 
@@ -141,6 +142,7 @@ private:
         for (const auto &state : allStates(engine)) {
             QVERIFY(state->lastSynced().isValid());
         }
+        QCOMPARE(Verification::problems(engine.verify(VerificationMode::Report)), QStringList());
     }
 
 private Q_SLOTS:

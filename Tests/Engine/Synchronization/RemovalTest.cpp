@@ -11,6 +11,7 @@
 #include "Support/RunSession.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// A synchronization that would remove many notes waits for the user's decision.
 class RemovalTest : public QObject {
@@ -40,6 +41,10 @@ private:
         return titles;
     }
 
+    static StoreSession::Subject subject() {
+        return {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store"),
+                QStringLiteral("Home")};
+    }
     qint64 rowsWritten() const {
         return profile().value(QStringLiteral("SELECT total_changes()")).value().toLongLong();
     }
@@ -50,9 +55,7 @@ private:
     };
     template <class Session = SyncSession>
     Run run(const SyncSession::Decision &decision = {}) {
-        Session session(
-            profile(), m_host->library(),
-            {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store"), QStringLiteral("Home")});
+        Session session(profile(), m_host->library(), subject());
         if constexpr (std::is_same_v<Session, SyncSession>) {
             session.setDecision(decision);
         }
@@ -84,7 +87,13 @@ private Q_SLOTS:
         m_host = std::make_unique<TestHost>();
         m_blobs.clear();
     }
-    void cleanup() { m_host.reset(); }
+    void cleanup() {
+        QCOMPARE(description(decide(RemovalDecision::Keep).result), QString());
+        MemoryStore store(m_blobs);
+        QCOMPARE(Verification::problems(profile(), m_host->library(), subject(), store),
+                 QStringList());
+        m_host.reset();
+    }
 
     void oneRecordThatDeletesEverythingChangesNothing() {
         addNotes(40);
@@ -259,8 +268,7 @@ private Q_SLOTS:
         write(notes);
         QVERIFY(run().result);
         attack(count);
-        SyncSession session(profile(), m_host->library(),
-                            {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store"), {}});
+        SyncSession session(profile(), m_host->library(), subject());
         session.setDecision({run().removal->UUIDs, RemovalDecision::Keep});
         MemoryStore store(m_blobs);
         const EngineFuture future;
