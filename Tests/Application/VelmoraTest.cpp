@@ -229,6 +229,21 @@ private Q_SLOTS:
         }
     }
 
+    void aDescriptionBesideAFirstStartMakesTheSameProfile() {
+        for (int round = 0; round < 5; ++round) {
+            QVERIFY(QDir(profile()).removeRecursively());
+            const auto description = start({QStringLiteral("--describe")});
+            const auto windows = startWindows();
+            QTRY_COMPARE_WITH_TIMEOUT(description->state(), QProcess::NotRunning, Patience);
+            QCOMPARE(description->exitCode(), 0);
+            const Run described =
+                run({QStringLiteral("--profile"), profile(), QStringLiteral("--describe")});
+            QCOMPARE(description->readAllStandardOutput(), described.output);
+            QCOMPARE(windows->state(), QProcess::Running);
+            terminate(*windows);
+        }
+    }
+
     void aSecondStartRaisesTheFirstWindow() {
         const auto first = startWindows();
         const Run second = run({QStringLiteral("--profile"), profile()});
