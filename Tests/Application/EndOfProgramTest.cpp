@@ -100,12 +100,12 @@ private:
         }
     }
     /// Types into the title of the first note of "Projects".
-    void type(ShownProgram &program) const {
-        m_display.focus(program.mainWindow());
+    static void type(ShownProgram &program, const VirtualDisplay &display) {
+        display.focus(program.mainWindow());
         const QString tab = QStringLiteral("Tab");
-        m_display.press({QStringLiteral("Down"), tab, tab, tab, tab});
-        m_display.type(QStringLiteral("Typed at the end"));
-        QVERIFY(QTest::qWaitFor([&] { return program.isShownAsModified(); }, Patience));
+        display.press({QStringLiteral("Down"), tab, tab, tab, tab});
+        display.type(QStringLiteral("Typed at the end"));
+        QVERIFY(QTest::qWaitFor([&] { return program.takeWasShownAsModified(); }, Patience));
     }
 
     /// Makes a profile whose database "Projects" synchronizes with the location `URL` when it is
@@ -179,11 +179,29 @@ private Q_SLOTS:
         program.awaitWindows();
         QCOMPARE(ticks(program.profile()), 0);
         tick(program);
-        type(program);
+        type(program, m_display);
         // The system may kill the program as soon as it has saved for the end of the session.
         this->end(end, program, session, [&] { verifySaved(program.profile()); });
         verifySaved(program.profile());
         QVERIFY(QDir(program.profile()).entryList({QStringLiteral("unsaved-*")}).isEmpty());
+    }
+
+    /// As when the X server or the compositor crashes.
+    void whatIsShownAsSavedSurvivesTheLossOfTheDisplay() {
+        auto display = std::make_unique<VirtualDisplay>();
+        ShownProgram program(QStringLiteral(VELMORA), *display);
+        program.start();
+        program.awaitWindows();
+        type(program, *display);
+        QVERIFY(QTest::qWaitFor([&] { return !program.isShownAsModified(); }, Patience));
+        display.reset();
+        QVERIFY(!program.awaitEnd());
+        QVERIFY(!program.isRunning());
+        QCOMPARE(count(program.profile(),
+                       QStringLiteral("operations WHERE title LIKE '%Typed at the end%'")),
+                 1);
+        SyncEngine engine;
+        QVERIFY(engine.openProfile(program.profile(), FirstContents::Welcome, ProfileUse::Run));
     }
 
     void aRunningJobIsStopped_data() { addEnds(); }
