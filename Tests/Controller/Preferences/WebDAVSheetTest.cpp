@@ -16,7 +16,7 @@
 /// What the sheet of a WebDAV location says about its fields while the user fills them in.
 class WebDAVSheetTest : public QObject {
     Q_OBJECT
-    using Fields = QVWebDAVLocationEditor::Fields;
+    using Fields = WebDAVAddress::Fields;
 
     std::unique_ptr<TestHost> m_host;
     std::unique_ptr<QVSyncPreferences> m_pane;
