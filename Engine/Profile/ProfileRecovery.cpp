@@ -1,21 +1,27 @@
 #include "Engine/Profile/ProfileRecovery.h"
 
+#include <sqlite3.h>
+
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
 #include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
+#include <algorithm>
+#include <array>
 #include <cerrno>
-#include <cstring>
 
 #include "Application/Interface/ProfileDatabaseName.h"
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/DurableFile.h"
+#include "Platform/Foundation/SystemError.h"
 
 namespace {
 
@@ -23,105 +29,222 @@ namespace {
 const QString UnfinishedPrefix = QStringLiteral(".velmora-recovery-");
 const QString RecoveryConnection = QStringLiteral("velmora-profile-recovery");
 
-Error notReplaced(const QString &path, const QString &reason) {
-    return engineError(
+tl::unexpected<Error> replacementFailure(const QString &directory, const QString &reason) {
+    return failure(engineError(
         EngineErrorCode::BackupFailed,
-        localizedSyncString("The profile “%1” could not be replaced: %2").arg(path, reason));
+        localizedSyncString("The profile “%1” could not be replaced: %2").arg(directory, reason)));
 }
 
-/// Returns the conversion of an error of the system into notReplaced().
-auto toNotReplaced(const QString &path) {
-    return [path](const Error &error) { return notReplaced(path, error.localizedFailureReason); };
+bool isFullDisk(const Error &cause) {
+    return cause.code == ENOSPC || cause.code == EDQUOT;
+}
+
+/// Returns the conversion of an error of the system.
+auto toReplacementFailure(const QString &directory) {
+    return [directory](const Error &cause) {
+        return isFullDisk(cause)
+                   ? engineError(EngineErrorCode::BackupFailed, FullDisk::message(directory))
+                   : replacementFailure(directory, cause.localizedFailureReason).value();
+    };
+}
+
+/// Returns the error of the system call that has just failed.
+tl::unexpected<Error> systemFailure(const QString &directory) {
+    return failure(toReplacementFailure(directory)(systemError(errno, {})));
+}
+
+/// Returns the error of an SQLite operation that has failed on the database `file`.
+tl::unexpected<Error> databaseFailure(const QString &file, const QSqlError &error) {
+    const QString directory = QFileInfo(file).path();
+    return FullDisk::isCauseOf(error, file)
+               ? failure(engineError(EngineErrorCode::BackupFailed, FullDisk::message(directory)))
+               : replacementFailure(directory, error.databaseText());
+}
+
+bool isThere(const QString &path) {
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
 }
 
 /// Returns the files of the database: SQLite would apply a log that is left behind to the next
 /// database. They are looked for by name, because the folder may not be readable.
 QStringList filesOf(const QString &directory) {
     QStringList files = ProfileFolder::databaseFiles();
-    files.removeIf([&](const QString &name) {
-        const QFileInfo file(directory + u'/' + name);
-        return !file.exists() && !file.isSymLink();
-    });
+    files.removeIf([&](const QString &name) { return !isThere(directory + u'/' + name); });
     return files;
 }
 
-/// Moves the files of the database away.
-Expected<void> setAside(const QString &directory) {
-    const QStringList files = filesOf(directory);
-    if (files.isEmpty()) {
-        return {};
+/// The folder for the damaged files of a profile folder, and the files that belong into it.
+struct Damaged {
+    QString directory;
+    QString folder;
+    QStringList files;
+};
+
+Expected<void> makeFolder(const Damaged &damaged) {
+    if (!QDir().mkpath(damaged.folder)) {
+        return systemFailure(damaged.directory);
     }
-    const QString name =
-        QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH-mm-ss-zzz"));
-    const QString folder = directory + u'/' + ProfileRecovery::FolderName + u'/' + name;
-    if (!QDir().mkpath(folder)) {
-        return failure(notReplaced(directory, QString::fromLocal8Bit(std::strerror(errno))));
-    }
-    Expected<void> done = DurableFile::flush(QFileInfo(folder).path());
-    for (const QString &file : files) {
-        done = done.and_then(
-            [&] { return DurableFile::rename(directory + u'/' + file, folder + u'/' + file); });
-    }
-    return done.and_then([&] { return DurableFile::flush(directory); })
-        .map_error(toNotReplaced(directory));
+    return DurableFile::flush(QFileInfo(damaged.folder).path())
+        .map_error(toReplacementFailure(damaged.directory));
 }
 
-/// Puts the complete and closed database `file` in the place of the profile's.
+/// Moves the files into the folder, the database first: it must not be opened without its log.
+Expected<void> setAside(const Damaged &damaged) {
+    Expected<void> done;
+    for (const QString &file : damaged.files) {
+        done = done.and_then([&] {
+            return DurableFile::rename(damaged.directory + u'/' + file,
+                                       damaged.folder + u'/' + file);
+        });
+    }
+    return done.and_then([&] { return DurableFile::flush(damaged.directory); })
+        .map_error(toReplacementFailure(damaged.directory));
+}
+
+/// Moves the files that are in the folder back, the database last. Returns `reason`, and where the
+/// files are if they cannot be moved.
+Error moveBack(const Damaged &damaged, const Error &reason) {
+    const bool areMoved =
+        std::all_of(damaged.files.rbegin(), damaged.files.rend(), [&](const QString &file) {
+            const QString moved = damaged.folder + u'/' + file;
+            const bool isMoved =
+                !isThere(moved) ||
+                DurableFile::rename(moved, damaged.directory + u'/' + file).has_value();
+            // The folder may not have been written to the disk, but the file is where it belongs.
+            return isMoved || !isThere(moved);
+        });
+    if (areMoved) {
+        QDir().rmdir(damaged.folder);
+        QDir().rmdir(QFileInfo(damaged.folder).path());
+        return reason;
+    }
+    return engineError(
+        EngineErrorCode::BackupFailed,
+        localizedSyncString("%1 Files of the damaged profile were moved to “%2” and could not be "
+                            "moved back. Check the disk, then try again.")
+            .arg(reason.localizedDescription, damaged.folder));
+}
+
+/// Puts the complete and closed database `file` in the place of the profile's, whose files are set
+/// aside. If it fails, none are.
 Expected<void> replace(const QString &directory, const QString &file) {
-    return setAside(directory).and_then([&] {
-        return DurableFile::flush(file)
-            .and_then(
-                [&] { return DurableFile::rename(file, directory + u'/' + ProfileDatabaseName); })
-            .map_error(toNotReplaced(directory));
+    const QString name =
+        QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH-mm-ss-zzz"));
+    const Damaged damaged{directory, directory + u'/' + ProfileRecovery::FolderName + u'/' + name,
+                          filesOf(directory)};
+    const QString target = directory + u'/' + ProfileDatabaseName;
+    if (const Expected<void> flushed = DurableFile::flush(file); !flushed) {
+        return failure(toReplacementFailure(directory)(flushed.error()));
+    }
+    const Expected<void> replaced =
+        (damaged.files.isEmpty() ? Expected<void>() : makeFolder(damaged))
+            .and_then([&] { return setAside(damaged); })
+            .and_then([&] {
+                return DurableFile::rename(file, target).map_error(toReplacementFailure(directory));
+            });
+    if (replaced) {
+        return {};
+    }
+    // SQLite must not find the new database beside the log of the old one.
+    const Expected<void> withdrawn =
+        isThere(file) ? Expected<void>() : DurableFile::rename(target, file);
+    return failure(withdrawn || isThere(file) ? moveBack(damaged, replaced.error())
+                                              : toReplacementFailure(directory)(withdrawn.error()));
+}
+
+/// The tables of the locations and their columns.
+const std::array<std::pair<QString, QString>, 2> Tables = {
+    {{QStringLiteral("locations"), QStringLiteral("uuid, position, url")},
+     {QStringLiteral("states"),
+      QStringLiteral("location_uuid, database_uuid, database_name, enabled, sync_on_open,"
+                     " sync_on_close, schedule, schedule_minutes, schedule_days")}}};
+
+/// Returns whether the attached database "source" has the tables and every row can be read.
+bool isReadable(QSqlQuery &query) {
+    return std::all_of(Tables.begin(), Tables.end(), [&](const auto &table) {
+        if (!query.exec(
+                QStringLiteral("SELECT %2 FROM source.%1").arg(table.first, table.second))) {
+            return false;
+        }
+        while (query.next()) {
+        }
+        return !query.lastError().isValid();
     });
 }
 
-/// Copies the locations and their states; all or none.
-bool copyLocations(const QString &source, QSqlDatabase &target) {
+bool insertLocations(QSqlQuery &query) {
+    return query.exec(QStringLiteral("BEGIN")) &&
+           std::all_of(
+               Tables.begin(), Tables.end(),
+               [&](const auto &table) {
+                   return query.exec(QStringLiteral("INSERT INTO %1 (%2) SELECT %2 FROM source.%1"
+                                                    " ORDER BY rowid")
+                                         .arg(table.first, table.second));
+               }) &&
+           query.exec(QStringLiteral("COMMIT"));
+}
+
+/// Copies the locations and their states from the database `source`, all or none. Returns whether
+/// they can be read.
+Expected<bool> copyLocations(const QString &source, QSqlDatabase &target) {
     QSqlQuery query(target);
+    query.setForwardOnly(true);
     query.prepare(QStringLiteral("ATTACH ? AS source"));
     query.addBindValue(source);
-    if (!query.exec() || !query.exec(QStringLiteral("BEGIN"))) {
-        return false;
-    }
-    const bool isCopied =
-        query.exec(QStringLiteral("INSERT INTO locations SELECT uuid, position, url FROM"
-                                  " source.locations")) &&
-        query.exec(QStringLiteral(
-            "INSERT INTO states (location_uuid, database_uuid, database_name, enabled,"
-            " sync_on_open, sync_on_close, schedule, schedule_minutes, schedule_days)"
-            " SELECT location_uuid, database_uuid, database_name, enabled, sync_on_open,"
-            " sync_on_close, schedule, schedule_minutes, schedule_days FROM source.states"
-            " ORDER BY id")) &&
-        query.exec(QStringLiteral("COMMIT"));
+    const bool canRead = query.exec() && isReadable(query);
+    const bool isCopied = canRead && insertLocations(query);
+    const QSqlError error = query.lastError();
     if (!isCopied) {
         query.exec(QStringLiteral("ROLLBACK"));
     }
     query.exec(QStringLiteral("DETACH source"));
+    // The rows of a damaged database may contradict each other.
+    constexpr int primaryCodes = 0xFF;
+    const bool isOfSource =
+        !canRead || (error.nativeErrorCode().toInt() & primaryCodes) == SQLITE_CONSTRAINT;
+    const QString file = target.databaseName();
+    if (!isCopied && (!isOfSource || FullDisk::isCauseOf(error, file))) {
+        return databaseFailure(file, error);
+    }
     return isCopied;
 }
 
 /// Copies the locations from the first of `sources` that can be read. Returns whether there is one.
-bool copyLocationsFrom(const QStringList &sources, const QString &target) {
-    bool isCopied = false;
+Expected<bool> copyLocationsFrom(const QStringList &sources, const QString &target) {
+    Expected<bool> isCopied = false;
     {
         QSqlDatabase database =
             QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), RecoveryConnection);
         database.setDatabaseName(target);
-        isCopied = database.open() &&
-                   std::any_of(sources.begin(), sources.end(), [&](const QString &source) {
-                       return copyLocations(source, database);
-                   });
+        if (!database.open()) {
+            isCopied = databaseFailure(target, database.lastError());
+        }
+        for (const QString &source : sources) {
+            isCopied = isCopied.and_then([&](bool isDone) -> Expected<bool> {
+                return isDone ? true : copyLocations(source, database);
+            });
+        }
     }
     QSqlDatabase::removeDatabase(RecoveryConnection);
     return isCopied;
 }
 
-/// Copies a file. A file that cannot be read is none; a copy that cannot be written is an error.
-Expected<bool> copyFile(const QString &from, const QString &to) {
+bool canBeRead(const QString &path) {
+    constexpr qint64 chunkSize = 1LL << 20;
+    QFile file(path);
+    bool isRead = file.open(QIODevice::ReadOnly);
+    while (isRead && !file.atEnd()) {
+        isRead = !file.read(chunkSize).isEmpty();
+    }
+    return isRead;
+}
+
+/// Copies a file into the profile folder `directory`. Returns whether it can be read.
+Expected<bool> copyFile(const QString &from, const QString &to, const QString &directory) {
     const Expected<void> copied = DurableFile::copy(from, to);
-    if (!copied && (copied.error().code == ENOSPC || copied.error().code == EDQUOT)) {
-        return failure(toNotReplaced(QFileInfo(to).path())(copied.error()));
+    if (!copied && (isFullDisk(copied.error()) || canBeRead(from))) {
+        return failure(toReplacementFailure(directory)(copied.error()));
     }
     return copied.has_value();
 }
@@ -135,7 +258,8 @@ Expected<QStringList> sourcesOfLocations(const QString &directory, const QString
     const QStringList files = filesOf(directory);
     for (const QString &file : files) {
         const bool isWorth = isReadable && *isReadable;
-        isReadable = isWorth ? copyFile(directory + u'/' + file, folder + u'/' + file) : isReadable;
+        isReadable = isWorth ? copyFile(directory + u'/' + file, folder + u'/' + file, directory)
+                             : isReadable;
     }
     if (!isReadable) {
         return failure(isReadable.error());
@@ -145,7 +269,7 @@ Expected<QStringList> sourcesOfLocations(const QString &directory, const QString
     // were found.
     const auto backup =
         ProfileBackups(directory).newestSound(QDate::currentDate()).value_or(std::nullopt);
-    return (backup ? copyFile(backup->path, backupCopy) : false).map([&](bool isCopied) {
+    return (backup ? copyFile(backup->path, backupCopy, directory) : false).map([&](bool isCopied) {
         return isCopied ? sources + QStringList(backupCopy) : sources;
     });
 }
@@ -178,12 +302,12 @@ Expected<void> ProfileRecovery::restoreBackup(const QString &directory) {
     const QTemporaryDir folder(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
     const QString copy = folder.filePath(ProfileDatabaseName);
     if (!folder.isValid()) {
-        return failure(notReplaced(directory, folder.errorString()));
+        return systemFailure(directory);
     }
-    return DurableFile::copy(backup->path, copy)
-        .map_error(toNotReplaced(directory))
-        .and_then([&] { return ProfileBackups::verify(copy); })
-        .and_then([&] { return replace(directory, copy); });
+    if (const Expected<void> copied = DurableFile::copy(backup->path, copy); !copied) {
+        return failure(toReplacementFailure(directory)(copied.error()));
+    }
+    return ProfileBackups::verify(copy).and_then([&] { return replace(directory, copy); });
 }
 
 Expected<bool> ProfileRecovery::begin(
@@ -195,14 +319,15 @@ Expected<bool> ProfileRecovery::begin(
     const QTemporaryDir folder(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
     const QTemporaryDir copies(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
     if (!folder.isValid() || !copies.isValid()) {
-        return failure(notReplaced(directory, (folder.isValid() ? copies : folder).errorString()));
+        return systemFailure(directory);
     }
     const QString path = folder.filePath(ProfileDatabaseName);
     return create(folder.path())
         .and_then([&] { return sourcesOfLocations(directory, copies.path()); })
         .and_then([&](const QStringList &sources) {
-            const bool areCopied = copyLocationsFrom(sources, path);
-            return replace(directory, path).map([&] { return areCopied; });
+            return copyLocationsFrom(sources, path).and_then([&](bool areCopied) {
+                return replace(directory, path).map([&] { return areCopied; });
+            });
         });
 }
 

@@ -8,8 +8,9 @@
 /// a folder "Damaged Profiles" with the date in its name, and never deleted. Must be used on the
 /// main thread; the functions block for the disk.
 ///
-/// A failure leaves the profile as it was until its files are moved. If moving them fails, or the
-/// process ends in between, the profile counts as missing, and the functions can be called again.
+/// A failure leaves the profile as it was: its files are moved together or not at all, unless the
+/// error states where they are. If the process ends while they are moved, the profile counts as
+/// missing, and the functions can be called again.
 /// Errors have the code ProfileInUse if another process uses the profile, and otherwise
 /// BackupFailed, or that of ProfileLock::acquire(), ProfileBackups::verify() or the failed
 /// callback.

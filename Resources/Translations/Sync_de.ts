@@ -1516,6 +1516,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Das Profil „%1“ konnte nicht ersetzt werden: %2</translation>
     </message>
     <message>
+        <source>%1 Files of the damaged profile were moved to “%2” and could not be moved back. Check the disk, then try again.</source>
+        <translation>%1 Dateien des beschädigten Profils wurden nach „%2“ bewegt und konnten nicht zurückbewegt werden. Überprüfen Sie den Datenträger und versuchen Sie es dann noch einmal.</translation>
+    </message>
+    <message>
         <source>Earlier versions:</source>
         <translation>Frühere Fassungen:</translation>
     </message>

@@ -115,6 +115,12 @@ ssize_t transferUnlessFailing(const char *call, Need need, int file, size_t size
 // These hide the functions of the C library from the program, but not from other libraries.
 extern "C" {
 
+// Except this one, which the platform's library calls.
+[[gnu::visibility("default")]] int rename(const char *oldName, const char *newName) noexcept {
+    static const auto next = hidden(&rename, "rename");
+    return fails("rename", Need::Space, AT_FDCWD, newName) ? failed(-1) : next(oldName, newName);
+}
+
 int open(const char *name, int flags, ...) {
     static const auto next = hidden(&open, "open");
     va_list arguments;

@@ -7,6 +7,7 @@
 #include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/FaultyFileSystem.h"
+#include "Support/FaultyFolder.h"
 #include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -43,6 +44,20 @@ private:
         QVERIFY(file.open(QIODevice::ReadWrite));
         QVERIFY(file.seek(offset));
         QCOMPARE(file.write(QByteArray(length, 'x')), length);
+    }
+
+    static void copyFolder(const QString &from, const QString &to) {
+        QVERIFY(QDir().mkpath(to));
+        const QFileInfoList entries =
+            QDir(from).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot);
+        for (const QFileInfo &entry : entries) {
+            const QString copy = to + u'/' + entry.fileName();
+            if (entry.isDir()) {
+                copyFolder(entry.filePath(), copy);
+            } else {
+                QVERIFY(QFile::copy(entry.filePath(), copy));
+            }
+        }
     }
 
     static QStringList damagedFiles(const QString &directory) {
@@ -425,6 +440,102 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(copies));
         QVERIFY(QFileInfo::exists(others));
         QCOMPARE(titles(), QStringList{QStringLiteral("first")});
+    }
+
+    /// A part of the damaged profile would be in each of two folders.
+    void aDamagedProfileIsSetAsideAsAWholeOrNotAtAll_data() {
+        QTest::addColumn<bool>("isNew");
+        QTest::addColumn<FaultyFolder::Fault>("fault");
+        QTest::addColumn<QString>("reason");
+        for (const bool isNew : {false, true}) {
+            const char *replacement = isNew ? "new profile" : "backup";
+            QTest::addRow("%s, error", replacement)
+                << isNew << FaultyFolder::Fault::Error << QStringLiteral("Input/output error");
+            QTest::addRow("%s, full", replacement)
+                << isNew << FaultyFolder::Fault::Full << QStringLiteral("no space left");
+        }
+    }
+    void aDamagedProfileIsSetAsideAsAWholeOrNotAtAll() {
+        QFETCH(bool, isNew);
+        QFETCH(FaultyFolder::Fault, fault);
+        QFETCH(QString, reason);
+        const QString damaged = m_host->directory();
+        QVERIFY(ProfileBackups(damaged).make(m_today));
+        m_host->goToComputer(QStringLiteral("Other"));
+        const QStringList files{QStringLiteral("profile.sqlite"),
+                                QStringLiteral("profile.sqlite-shm"),
+                                QStringLiteral("profile.sqlite-wal")};
+        for (const QString &file : files) {
+            overwrite(damaged + u'/' + file, 0, 4096);
+        }
+        QSet<QString> failed;
+        for (qint64 call = 1;; ++call) {
+            const QString directory = damaged + QString::number(call);
+            copyFolder(damaged, directory);
+            const FaultyFolder disk(directory, fault, call, FaultyFolder::Duration::Once);
+            const Expected<void> replaced = isNew ? SyncEngine::beginProfile(directory)
+                                                  : ProfileRecovery::restoreBackup(directory);
+            QCOMPARE(damagedFiles(directory), replaced ? files : QStringList());
+            if (!disk.hasFailed()) {
+                QCOMPARE(description(replaced), QString());
+                break;
+            }
+            if (!replaced) {
+                failed.insert(disk.calls().at(call - 1));
+                QVERIFY2(description(replaced).contains(reason, Qt::CaseInsensitive),
+                         qPrintable(description(replaced)));
+                QVERIFY(description(replaced).contains(directory));
+                for (const QString &file : files) {
+                    QVERIFY2(QFileInfo::exists(directory + u'/' + file), qPrintable(file));
+                }
+            }
+            QVERIFY(QDir(directory).removeRecursively());
+        }
+        QVERIFY(failed.contains(QStringLiteral("rename")));
+    }
+
+    void whereTheFilesOfADamagedProfileAreIsSaidIfTheyCannotBeMovedBack() {
+        const QString directory = m_host->directory();
+        QVERIFY(ProfileBackups(directory).make(m_today));
+        m_host->goToComputer(QStringLiteral("Other"));
+        overwrite(directory + QStringLiteral("/profile.sqlite"), 0, 4096);
+        overwrite(directory + QStringLiteral("/profile.sqlite-wal"), 0, 4096);
+        Expected<void> replaced;
+        for (qint64 call = 1; damagedFiles(directory).isEmpty(); ++call) {
+            const FaultyFolder disk(directory, FaultyFolder::Fault::Error, call,
+                                    FaultyFolder::Duration::FromThenOn);
+            replaced = ProfileRecovery::restoreBackup(directory);
+        }
+        const QString text = description(replaced);
+        QVERIFY2(text.contains(directory + u'/' + ProfileRecovery::FolderName), qPrintable(text));
+        QVERIFY(ProfileRecovery::restoreBackup(directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(titles(), QStringList{QStringLiteral("first")});
+    }
+
+    void aFullDiskIsNotTakenForUnreadableLocations() {
+        const QString directory = m_host->directory();
+        m_host->addLocation();
+        m_host->save();
+        m_host->goToComputer(QStringLiteral("Other"));
+        const auto create = [](const QString &folder) {
+            ProfileDatabase profile;
+            return profile.open(
+                folder, [&] { return writeFirstContents(profile, FirstContents::Inbox); },
+                [] { return Expected<void>(); });
+        };
+        std::unique_ptr<FaultyFileSystem> disk;
+        const Expected<bool> begun = ProfileRecovery::begin(directory, [&](const QString &folder) {
+            return create(folder).map([&] {
+                disk = std::make_unique<FaultyFileSystem>(FaultyFileSystem::Fault::Full, 1,
+                                                          FaultyFileSystem::Duration::FromThenOn);
+            });
+        });
+        disk.reset();
+        QVERIFY2(description(begun).contains(QStringLiteral("no space left")),
+                 qPrintable(description(begun)));
+        QCOMPARE(damagedFiles(directory), QStringList());
+        QVERIFY(*ProfileRecovery::begin(directory, create));
     }
 
     /// SQLite would apply the log of the damaged profile to the restored one.
