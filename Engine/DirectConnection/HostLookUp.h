@@ -14,8 +14,7 @@ namespace HostLookUp {
 /// A list of addresses. Null if there are none.
 using Addresses = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
 
-/// The number of look-ups that may run at the same time, including those that nobody waits for any
-/// more.
+/// The number of look-ups that may run at the same time, including abandoned ones.
 inline constexpr int MostLookUps = 64;
 
 /// Returns the addresses of `host`, a name or an address, for TCP connections to `port`. A name of

@@ -499,7 +499,7 @@ void Tour::editInTwoPlaces() {
                         "Both edits are kept, and a bar says so."));
     Person::click(QStringLiteral("Compare…"));
     show(QStringLiteral("comparison"),
-         QStringLiteral("“Compare…” marks the differences, and lets the person choose."));
+         QStringLiteral("“Compare…” marks the differences, and lets the user choose."));
     Person::click(QStringLiteral("Keep Both"));
     Person::await(QStringLiteral("the end of the conflict"), [this] {
         return knownDatabase(m_surroundings.library, DatabaseName)->countOfConflicts() == 0;
