@@ -72,11 +72,11 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
     parser.addPositionalArgument(
         QStringLiteral("status"),
         tr("Print whether everything is synchronized. Exits with 1 if something is not."),
-        QStringLiteral("| status"));
+        QStringLiteral("| status [--json]"));
     parser.addPositionalArgument(
         QStringLiteral("check"),
-        tr("Check whether the location with this title or address can be read. Exits with 1 if it "
-           "cannot."),
+        tr("Check whether the location with this title or address can be read and written. Exits "
+           "with 1 if it cannot."),
         QStringLiteral("| check LOCATION"));
     parser.addOptions({profile, screenshot, describe, appearance, sandboxed, repair, json});
     parser.process(arguments);
@@ -109,7 +109,8 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
                      (options.verify || !options.repair)
                : parser.positionalArguments().isEmpty() && !options.repair && !options.json;
     if (!isAppearanceKnown || !isSandboxKnown || options.profile.isEmpty() || !isCommandKnown) {
-        parser.showHelp(EXIT_FAILURE);
+        parser.showHelp(parser.positionalArguments().isEmpty() ? EXIT_FAILURE
+                                                               : ShellResult::NotDone);
     }
     return options;
 }

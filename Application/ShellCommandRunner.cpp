@@ -74,7 +74,7 @@ ShellResult status(const ShellCommand &command) {
             items.append(inJson(item));
         }
         result.output = QString::fromUtf8(
-            QJsonDocument(QJsonObject{{QStringLiteral("upToDate"), summary.isUpToDate()},
+            QJsonDocument(QJsonObject{{QStringLiteral("upToDate"), isWell},
                                       {QStringLiteral("activity"), activity},
                                       {QStringLiteral("next"), dateInJson(summary.nextDate())},
                                       {QStringLiteral("synchronizations"), items}})

@@ -323,8 +323,8 @@
         <translation>Ausgeben, ob alles synchronisiert ist. Der Endestatus ist 1, wenn etwas fehlt.</translation>
     </message>
     <message>
-        <source>Check whether the location with this title or address can be read. Exits with 1 if it cannot.</source>
-        <translation>Prüfen, ob der Ort mit diesem Titel oder dieser Adresse gelesen werden kann. Der Endestatus ist 1, wenn nicht.</translation>
+        <source>Check whether the location with this title or address can be read and written. Exits with 1 if it cannot.</source>
+        <translation>Prüfen, ob der Ort mit diesem Titel oder dieser Adresse gelesen und geschrieben werden kann. Der Endestatus ist 1, wenn nicht.</translation>
     </message>
 </context>
 <context>
@@ -719,6 +719,10 @@
     <message>
         <source>All up to date</source>
         <translation>Alles ist aktuell</translation>
+    </message>
+    <message>
+        <source>“%1” was not synchronized with “%2” yet</source>
+        <translation>„%1“ wurde noch nicht mit „%2“ synchronisiert</translation>
     </message>
     <message>
         <source>“%1” has changes that are not synchronized with “%2” yet</source>

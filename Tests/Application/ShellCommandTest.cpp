@@ -235,7 +235,7 @@ private Q_SLOTS:
               QStringList{QStringLiteral("check")},
               QStringList{QStringLiteral("sync"), QStringLiteral("--json")},
               QStringList{QStringLiteral("status"), QStringLiteral("--repair")}}) {
-            QCOMPARE(run(arguments).exitCode, 1);
+            QCOMPARE(run(arguments).exitCode, 2);
         }
     }
 };
