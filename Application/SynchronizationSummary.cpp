@@ -58,7 +58,10 @@ SynchronizationSummary SynchronizationSummary::of(const QVSyncPlugin &plugin) {
 Item SynchronizationSummary::itemOf(const QVSyncPlugin &plugin,
                                     const std::shared_ptr<QVSyncState> &state,
                                     const QString &location) {
-    Item item{.state = state, .database = nameOf(*state), .location = location};
+    Item item{.state = state,
+              .database = nameOf(*state),
+              .location = location,
+              .isNew = !state->lastSynced().isValid()};
     if (const std::optional<QVSyncResult> result = QVSyncResult::of(state.get())) {
         item.failure = result->error;
         item.reason = result->summary;
@@ -112,14 +115,17 @@ QString SynchronizationSummary::stateText() const {
     if (!failed.isEmpty()) {
         return failureText(failed);
     }
-    const QList<Item> unsent = selected(m_items, [](const Item &item) { return item.isUnsent; });
-    if (unsent.isEmpty()) {
+    const QList<Item> late = selected(m_items, [](const Item &item) { return !item.isUpToDate(); });
+    if (late.isEmpty()) {
         return summaryText("All up to date");
     }
-    return unsent.size() == 1
-               ? summaryText("“%1” has changes that are not synchronized with “%2” yet")
-                     .arg(unsent.first().database, unsent.first().location)
-               : summaryText("There are changes that are not synchronized yet");
+    if (late.size() > 1) {
+        return summaryText("There are changes that are not synchronized yet");
+    }
+    const Item &item = late.first();
+    return (item.isNew ? summaryText("“%1” was not synchronized with “%2” yet")
+                       : summaryText("“%1” has changes that are not synchronized with “%2” yet"))
+        .arg(item.database, item.location);
 }
 
 QString SynchronizationSummary::failureText(const QList<Item> &failed) const {

@@ -28,8 +28,11 @@ public:
         /// Whether the database has changes that the location does not have yet. Also set if that
         /// cannot be read; never set if the host does not know it, see QVUnsentChanges.
         bool isUnsent = false;
+        /// Whether the database was never synchronized with the location: what is there is not
+        /// known.
+        bool isNew = false;
 
-        bool isUpToDate() const { return !failure && !isUnsent; }
+        bool isUpToDate() const { return !failure && !isUnsent && !isNew; }
     };
 
     /// The summary without any state.

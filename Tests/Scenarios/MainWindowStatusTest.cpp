@@ -99,7 +99,8 @@ private Q_SLOTS:
         QCOMPARE(status(),
                  QStringLiteral("Nothing is synchronized: no database has a ticked location"));
         const auto state = tick(m_host->addLocation());
-        QTRY_COMPARE(status(), QString::fromUtf8(Unsent));
+        QTRY_COMPARE(status(),
+                     QStringLiteral("“Projects” was not synchronized with “Store 0” yet"));
         synchronize({state});
         QTRY_COMPARE(status(), QStringLiteral("All up to date"));
         addNote();
@@ -162,8 +163,8 @@ private Q_SLOTS:
         QTRY_COMPARE(m_silent->connections(), 1);
         stop->click();
         QTRY_VERIFY(!stop->isVisible());
-        QCOMPARE(status(), QStringLiteral("“Projects” has changes that are not synchronized with "
-                                          "“127.0.0.1 – Shared” yet"));
+        QCOMPARE(status(),
+                 QStringLiteral("“Projects” was not synchronized with “127.0.0.1 – Shared” yet"));
     }
 
     void whatIsUpToDateIsQuitWithoutAQuestion() { QVERIFY(m_window->close()); }
