@@ -116,6 +116,30 @@
         <translation>Alle Synchronisierungen anhalten. Die nächste setzt dort fort, wo sie aufgehört haben.</translation>
     </message>
     <message>
+        <source>damaged record</source>
+        <translation>beschädigter Datensatz</translation>
+    </message>
+    <message>
+        <source>invalid name or text</source>
+        <translation>ungültiger Name oder Text</translation>
+    </message>
+    <message>
+        <source>a file is missing</source>
+        <translation>eine Datei fehlt</translation>
+    </message>
+    <message>
+        <source>a file cannot be used</source>
+        <translation>eine Datei ist nicht verwendbar</translation>
+    </message>
+    <message>
+        <source>a newer version is needed</source>
+        <translation>eine neuere Version ist nötig</translation>
+    </message>
+    <message>
+        <source>not shared by the server</source>
+        <translation>vom Server nicht freigegeben</translation>
+    </message>
+    <message>
         <source>wrong password</source>
         <translation>falsches Passwort</translation>
     </message>

@@ -20,6 +20,17 @@ private Q_SLOTS:
         QCOMPARE(FailureSummary::localized(saved), QStringLiteral("wrong password"));
     }
 
+    void eachFailureOfASynchronizationHasASummary() {
+        using Code = EngineErrorCode;
+        for (const Code code :
+             {Code::ProfileNotWritten, Code::InvalidDatabase, Code::StoreUnreachable,
+              Code::DamagedRecord, Code::BlobMissing, Code::BlobRefused, Code::AccessDenied,
+              Code::StoreFull, Code::CertificateUntrusted, Code::UnknownVersion,
+              Code::RemovalUndecided, Code::PasswordRefused, Code::ReadOnly, Code::NotServed}) {
+            QVERIFY(!FailureSummary::of(engineError(code, QString())).isEmpty());
+        }
+    }
+
     void aTextWithoutTranslationStaysAsItIs() {
         for (const QString &text : {QString(), QStringLiteral("kein Platz")}) {
             QCOMPARE(FailureSummary::localized(FailureSummary::english(text)), text);
