@@ -26,8 +26,11 @@ struct Limits {
     std::chrono::milliseconds greetingTime = std::chrono::seconds(10);
     /// Timeout for the user's answer.
     std::chrono::milliseconds askingTime = std::chrono::minutes(2);
-    /// Timeout without received data from an authorized client.
+    /// Timeout between two messages of an authorized client, during which it must also have read
+    /// the response to the first one.
     std::chrono::milliseconds idleTime = std::chrono::minutes(5);
+    /// Timeout of one message of an authorized client, however steadily it sends.
+    std::chrono::milliseconds messageTime = std::chrono::minutes(10);
     /// Time in which the user is not asked again after refusing a client, or after a client that
     /// did not wait for the answer. Each further time it is twice as long, up to `longestPause`.
     std::chrono::milliseconds pauseAfterRefusal = std::chrono::seconds(10);

@@ -91,10 +91,13 @@ void DirectConnectionSession::readMore() {
     if (!isListening || isAnswering || m_socket.bytesAvailable() == 0) {
         return;
     }
-    if (m_stage == Stage::Serving) {
-        m_timer.start(m_server.limits.idleTime);
+    if (m_stage == Stage::Serving && m_received.isEmpty()) {
+        m_timer.start(m_server.limits.messageTime);
     }
     if (readMessage()) {
+        if (m_stage == Stage::Serving) {
+            m_timer.start(m_server.limits.idleTime);
+        }
         const std::optional<Received> message =
             decode(std::exchange(m_received, {}).remove(0, LengthSize));
         if (message) {

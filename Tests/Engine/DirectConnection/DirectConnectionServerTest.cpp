@@ -645,12 +645,26 @@ private Q_SLOTS:
     }
 
     void idleClientsAreDisconnected() {
-        serve({.idleTime = std::chrono::milliseconds(200)});
+        serve({.idleTime = std::chrono::seconds(1)});
         const QByteArray secret = DirectConnectionPairing::random();
         DirectConnectionClients::authorize(ClientName, secret);
         Client client(m_port);
         QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
         QVERIFY(client.endsInSilence());
+    }
+
+    void clientsThatSendAMessageTooSlowlyAreDisconnected() {
+        serve({.messageTime = std::chrono::seconds(1)});
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        Client client(m_port);
+        QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
+        client.sendBytes(QByteArray("\0\x01\0\0", 4));
+        const auto isDisconnected = [&] {
+            client.sendBytes("x");
+            return client.hasEnded();
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isDisconnected(), Patience);
     }
 
     void aFloodOfConnectionsTakesNoRoomFromThoseAuthorized() {
