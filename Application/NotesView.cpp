@@ -132,10 +132,19 @@ bool NotesView::setDatabase(const std::shared_ptr<NoteDatabase> &database) {
     if (m_database) {
         connect(m_database.get(), &NoteDatabase::notesChanged, this, &NotesView::showNotes);
     }
-    m_row = -1;
-    m_note = {};
+    showNothing();
     showNotes();
     return true;
+}
+
+void NotesView::showNothing() {
+    m_notes.clear();
+    {
+        const QSignalBlocker blocker(m_list);
+        m_list->clear();
+    }
+    m_addButton->setEnabled(false);
+    showNote(-1);
 }
 
 void NotesView::showNotes() {
@@ -235,8 +244,13 @@ void NotesView::keepEdits() {
 }
 
 int NotesView::rowOf(const Note &note) const {
-    const auto found = std::find_if(m_notes.begin(), m_notes.end(),
-                                    [&](const Note &each) { return each.UUID == note.UUID; });
+    auto found = std::find_if(m_notes.begin(), m_notes.end(), [&](const Note &each) {
+        return !note.revision.isEmpty() && each.revision == note.revision;
+    });
+    if (found == m_notes.end()) {
+        found = std::find_if(m_notes.begin(), m_notes.end(),
+                             [&](const Note &each) { return each.UUID == note.UUID; });
+    }
     return found == m_notes.end() ? -1 : static_cast<int>(found - m_notes.begin());
 }
 
@@ -256,18 +270,25 @@ Expected<void> NotesView::save() {
         return {};
     }
     Note note = editedNote();
-    // The view shows the saved note as soon as the database announces it.
-    m_isEdited = false;
     Expected<void> saved = m_database->saveNote(note);
     setEdited(!saved);
     if (saved) {
         m_unsavedTexts.remove(note.UUID);
         m_hasToldFailure = false;
         setNotice({});
+        showSaved(note);
     } else {
         saveFailed(saved.error());
     }
     return saved;
+}
+
+void NotesView::showSaved(const Note &note) {
+    m_note = note;
+    // The list may show another edit as the note, or may not have been read again.
+    if (const int row = rowOf(note); row >= 0 && m_notes.at(row).revision == note.revision) {
+        showNote(row);
+    }
 }
 
 void NotesView::saveFailed(const Error &error) {

@@ -69,6 +69,8 @@ private:
     };
 
     void makeWidgets();
+    /// Shows no note and discards edits, before the notes of another database are read.
+    void showNothing();
     /// Reads the notes again, keeping the selected note and any edits. Presents an error if they
     /// cannot be read.
     void showNotes();
@@ -98,6 +100,8 @@ private:
     /// Reverts the note to its saved text.
     void discard();
     void saveFailed(const Error &error);
+    /// Continues with `note` as it was saved, and not with an edit that has come from elsewhere.
+    void showSaved(const Note &note);
     void setNotice(const QString &text);
     /// Shows the bar if the note has conflicting edits.
     void showConflict();
@@ -114,7 +118,7 @@ private:
     void keepBothEdits(const Note &one, const Note &other);
     /// Returns the shown note with the user's edits and the current time.
     Note editedNote() const;
-    /// Returns the row of the note with the UUID of `note`; -1 if there is none.
+    /// Returns the row of the edit `note`; if there is none, that of the note with its UUID, or -1.
     int rowOf(const Note &note) const;
 
     const UnsavedTexts m_unsavedTexts;

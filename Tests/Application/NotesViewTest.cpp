@@ -4,6 +4,7 @@
 #include <QtWidgets/QPlainTextEdit>
 
 #include "Application/NotesView.h"
+#include "Support/FailingTable.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -170,6 +171,51 @@ private Q_SLOTS:
         }
         QCOMPARE(texts, QStringList({QStringLiteral("typed"), QStringLiteral("from there")}));
         QCOMPARE(list()->currentRow(), 0);
+    }
+
+    /// The edit from elsewhere is the later one, so it is shown as the note, and the typed text as
+    /// a copy of it.
+    void typingGoesOnInTheOwnTextBesideALaterEdit() {
+        text()->setPlainText(QStringLiteral("typed"));
+        receive(
+            {{Operation::make(m_first.UUID, QStringLiteral("First"), QStringLiteral("from there"),
+                              QDateTime::currentDateTime().addDays(1).toMSecsSinceEpoch(),
+                              {operationOf(m_first)})},
+             {}});
+        QVERIFY(m_view->commit());
+        QCOMPARE(text()->toPlainText(), QStringLiteral("typed"));
+        QCOMPARE(m_view->note().text, QStringLiteral("typed"));
+        text()->setPlainText(QStringLiteral("typed more"));
+        QVERIFY(m_view->commit());
+        QStringList texts;
+        const QList<Note> notes = m_database->notes().value();
+        for (const Note &note : notes) {
+            texts.append(note.text);
+        }
+        texts.sort();
+        QCOMPARE(texts, QStringList({QStringLiteral("from there"), QStringLiteral("typed more")}));
+    }
+
+    void aDatabaseThatCannotBeReadShowsNoNoteOfTheFormerOne() {
+        const auto other = m_host->library().synchronizedDatabase(
+            m_host->addDatabase(QStringLiteral("Other"))->UUID());
+        Note second{{}, QStringLiteral("Second"), QStringLiteral("2"), {}};
+        QVERIFY(other->saveNote(second));
+        {
+            const FailingTable fault(m_host->engine().profile(), QStringLiteral("operations"),
+                                     FailingTable::Fault::AllRows);
+            QVERIFY(m_view->setDatabase(other));
+            QCOMPARE(m_host->application().presentedErrors().size(), 1);
+            QCOMPARE(list()->count(), 0);
+            QCOMPARE(text()->toPlainText(), QString());
+            QVERIFY(!text()->isEnabled());
+            QVERIFY(!title()->isEnabled());
+            QVERIFY(m_view->note().UUID.isEmpty());
+        }
+        QVERIFY(m_view->setDatabase(m_database));
+        QVERIFY(m_view->setDatabase(other));
+        QCOMPARE(text()->toPlainText(), QStringLiteral("2"));
+        QVERIFY(text()->isEnabled());
     }
 
     void whatIsTypedOutlivesItsDeletionElsewhere() {
