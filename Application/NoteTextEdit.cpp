@@ -1,7 +1,10 @@
 #include "Application/NoteTextEdit.h"
 
+#include <QtCore/QMimeData>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
+#include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -60,14 +63,47 @@ bool NoteTextEdit::setNoteText(const QString &text) {
 }
 
 QString NoteTextEdit::noteText() const {
-    QString text = document()->firstBlock().text();
-    for (QTextBlock block = document()->firstBlock().next(); block.isValid();
-         block = block.next()) {
-        const QString lineEnd = block.blockFormat().stringProperty(LineEnd);
-        // An LF directly after a CR would be read as a single line end.
-        const QString &added = text.endsWith(u'\r') ? QStringLiteral("\r") : Newline;
-        text += lineEnd.isEmpty() ? added : lineEnd;
-        text += block.text();
+    return textBetween(0, document()->characterCount() - 1);
+}
+
+QString NoteTextEdit::textBetween(int start, int end) const {
+    QString text;
+    for (QTextBlock block = document()->findBlock(start);
+         block.isValid() && block.position() <= end; block = block.next()) {
+        if (block.position() > start) {
+            const QString lineEnd = block.blockFormat().stringProperty(LineEnd);
+            // An LF directly after a CR would be read as a single line end.
+            const QString &added = text.endsWith(u'\r') ? QStringLiteral("\r") : Newline;
+            text += lineEnd.isEmpty() ? added : lineEnd;
+        }
+        const int first = std::max(start - block.position(), 0);
+        text += block.text().mid(first, end - block.position() - first);
     }
     return text;
+}
+
+QMimeData *NoteTextEdit::createMimeDataFromSelection() const {
+    auto data = std::make_unique<QMimeData>();
+    data->setText(textBetween(textCursor().selectionStart(), textCursor().selectionEnd()));
+    return data.release();
+}
+
+void NoteTextEdit::insertFromMimeData(const QMimeData *source) {
+    if (!source->hasText()) {
+        return;
+    }
+    const Lines split = ::split(source->text());
+    QTextCursor cursor = textCursor();
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    cursor.insertText(split.lines.first());
+    for (qsizetype i = 0; i < split.ends.size(); ++i) {
+        QTextBlockFormat format;
+        format.setProperty(LineEnd, split.ends[i]);
+        cursor.insertBlock(format);
+        cursor.insertText(split.lines[i + 1]);
+    }
+    cursor.endEditBlock();
+    setTextCursor(cursor);
+    ensureCursorVisible();
 }

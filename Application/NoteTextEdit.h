@@ -3,8 +3,8 @@
 #include <QtWidgets/QPlainTextEdit>
 
 /// An editor of plain text that changes only what the user edits: all other characters and line
-/// ends (LF, CR, CRLF, U+2029 and the like) are returned as they were set. Must be used on the main
-/// thread.
+/// ends (LF, CR, CRLF, U+2029 and the like) are returned as they were set, also where they are
+/// copied, moved or pasted. Must be used on the main thread.
 class NoteTextEdit : public QPlainTextEdit {
     Q_OBJECT
 public:
@@ -18,4 +18,13 @@ public:
     /// before it, and other line ends that the user has added are LF, or CR directly after a CR.
     /// Undoing the edits restores the text exactly. O(n).
     QString noteText() const;
+
+protected:
+    /// Qt would change spaces and line ends.
+    QMimeData *createMimeDataFromSelection() const override;
+    void insertFromMimeData(const QMimeData *source) override;
+
+private:
+    /// Returns the text between two positions of the document.
+    QString textBetween(int start, int end) const;
 };

@@ -1,5 +1,6 @@
 #include "Application/NoteTextEdit.h"
 
+#include <QtGui/QClipboard>
 #include <random>
 
 #include "Support/TestMain.h"
@@ -51,6 +52,31 @@ private Q_SLOTS:
             }
             const QString after = textWithKeyAtEnd(text);
             QVERIFY2(after == text + u'!', qPrintable(QString::number(round)));
+        }
+    }
+
+    void whatIsMovedOverTheClipboardStaysAsItIs() {
+        NoteTextEdit editor;
+        const QString text =
+            QStringLiteral("one\u00A0a\r\ntwo\u2028b\rthree\u2029four\uFDD0five\nsix\u0085😀");
+        QVERIFY(editor.setNoteText(text));
+        editor.selectAll();
+        editor.cut();
+        QCOMPARE(editor.noteText(), QString());
+        editor.paste();
+        QCOMPARE(editor.noteText(), text);
+        for (int length = 1; length < text.size(); ++length) {
+            if (text[length - 1].isHighSurrogate()) {
+                continue;
+            }
+            QVERIFY(editor.setNoteText(QStringLiteral("<\r>")));
+            QGuiApplication::clipboard()->setText(text.left(length));
+            editor.moveCursor(QTextCursor::Start);
+            editor.moveCursor(QTextCursor::NextCharacter);
+            editor.paste();
+            QCOMPARE(editor.noteText(), u'<' + text.left(length) + QStringLiteral("\r>"));
+            editor.undo();
+            QCOMPARE(editor.noteText(), QStringLiteral("<\r>"));
         }
     }
 
