@@ -82,11 +82,14 @@ NoteHistory::NoteHistory(const ProfileDatabase &profile, qint64 database)
 
 Expected<QSqlQuery> NoteHistory::prepareAddition() const {
     return m_profile.prepare(
+        // Not before the time up to which the versions have aged: it would be too old at once if
+        // the clock is set forward again.
         QStringLiteral("INSERT INTO versions (ended, size, database, note_uuid, place, modified,"
-                       " title, text) SELECT ?, %1 + length(CAST(title AS BLOB)) +"
+                       " title, text) SELECT max(?, coalesce((SELECT CAST(value AS INTEGER) FROM"
+                       " settings WHERE key = '%2'), 0)), %1 + length(CAST(title AS BLOB)) +"
                        " length(CAST(text AS BLOB)), database, note_uuid, ?, modified, title, text"
                        " FROM operations WHERE database = ? AND digest = ? AND note_uuid <> ''")
-            .arg(BytesOfRow));
+            .arg(QString::number(BytesOfRow), TimeKey));
 }
 
 Expected<void> NoteHistory::add(QSqlQuery &addition, const OperationId &identifier,

@@ -271,6 +271,19 @@ private Q_SLOTS:
         QVERIFY(deletedTexts().isEmpty());
     }
 
+    /// What was deleted by a clock that was behind has not aged when the clock is right again.
+    void aClockThatIsBehindOnceRemovesNothing() {
+        const QDateTime right = QDateTime::currentDateTime().addDays(400);
+        QVERIFY(profile().run(
+            QStringLiteral("INSERT OR IGNORE INTO settings VALUES ('historyTime', 0)")));
+        QVERIFY(
+            profile().run(QStringLiteral("UPDATE settings SET value = ? WHERE key = 'historyTime'"),
+                          {right.toMSecsSinceEpoch()}));
+        QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("kept"))));
+        QVERIFY(profile().write([&] { return NoteHistory::pruneAll(profile(), right); }));
+        QCOMPARE(deletedTexts(), QStringList{QStringLiteral("kept")});
+    }
+
     void versionsThatCannotBeRemovedAreReported() {
         QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("old"))));
         QVERIFY(profile().run(QStringLiteral("UPDATE versions SET ended = 0")));
