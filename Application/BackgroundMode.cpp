@@ -140,7 +140,7 @@ Expected<qint64> BackgroundMode::countOfConflicts() const {
     qint64 count = 0;
     const auto databases = m_sync->library()->knownDatabases();
     for (const auto &database : databases) {
-        const Expected<qint64> conflicts = database->countOfConflicts();
+        Expected<qint64> conflicts = database->countOfConflicts();
         if (!conflicts) {
             return conflicts;
         }
