@@ -83,9 +83,9 @@ QString NoteTextEdit::textBetween(int start, int end) const {
 }
 
 QMimeData *NoteTextEdit::createMimeDataFromSelection() const {
-    auto data = std::make_unique<QMimeData>();
-    data->setText(textBetween(textCursor().selectionStart(), textCursor().selectionEnd()));
-    return data.release();
+    auto selected = std::make_unique<QMimeData>();
+    selected->setText(textBetween(textCursor().selectionStart(), textCursor().selectionEnd()));
+    return selected.release();
 }
 
 void NoteTextEdit::insertFromMimeData(const QMimeData *source) {
