@@ -230,9 +230,14 @@ int runVerification(VelmoraApplication &application, const LaunchOptions &option
     return VerificationOutput::exitCode(report.outcome());
 }
 
-}  // namespace
+struct End {
+    int exitCode = EXIT_FAILURE;
+    /// Whether no thread runs any more.
+    bool isComplete = true;
+};
 
-int main(int argumentCount, char **arguments) {
+/// Runs the program. Everything that it has made is destroyed afterwards, except for static objects.
+End runProgram(int argumentCount, char **arguments) {
 #ifndef VELMORA_IS_SANITIZED
     // The leak check of a sanitizer reads the memory of the process as a debugger does.
     const Expected<void> isProtected = ProcessProtection::apply();
@@ -280,7 +285,7 @@ int main(int argumentCount, char **arguments) {
 
     const auto sync = PlugIns::loadSync();
     if (!sync) {
-        return fail(application, sync.error(), options.isBatch());
+        return {.exitCode = fail(application, sync.error(), options.isBatch())};
     }
     int exitCode = EXIT_FAILURE;
     if (options.command) {
@@ -291,6 +296,17 @@ int main(int argumentCount, char **arguments) {
     }
     EndLimit::begin(exitCode);
     // The engine needs the application object, which is destroyed before the plug-in is unloaded.
-    (*sync)->closeProfile();
-    return exitCode;
+    const bool isComplete = (*sync)->closeProfile();
+    return {.exitCode = exitCode, .isComplete = isComplete};
+}
+
+}  // namespace
+
+int main(int argumentCount, char **arguments) {
+    const End end = runProgram(argumentCount, arguments);
+    if (!end.isComplete) {
+        std::fflush(nullptr);
+        std::_Exit(end.exitCode);
+    }
+    return end.exitCode;
 }

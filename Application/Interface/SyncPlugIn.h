@@ -72,11 +72,13 @@ public:
     virtual void pauseUntil(const QDateTime &end) = 0;
     /// Closes the profile and removes the host classes. Must be called before the application
     /// object is destroyed, after everything that shares the profile's objects has released them.
-    virtual void closeProfile() = 0;
+    /// Returns whether all work has ended. If not, because a file system does not respond for
+    /// example, the process must end by std::_Exit(): that work may use static objects.
+    virtual bool closeProfile() = 0;
     /// Returns the databases of the open profile, owned by the plug-in; nullptr while no profile is
     /// open.
     virtual NoteLibrary *library() const = 0;
 };
 
-#define SyncPlugIn_iid "velmora.SyncPlugIn/5"
+#define SyncPlugIn_iid "velmora.SyncPlugIn/6"
 Q_DECLARE_INTERFACE(SyncPlugIn, SyncPlugIn_iid)

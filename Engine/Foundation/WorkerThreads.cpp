@@ -1,11 +1,19 @@
 #include "Engine/Foundation/WorkerThreads.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <list>
 #include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
+
+namespace {
+
+/// How many threads of the process are abandoned.
+std::atomic<int> abandonedThreads = 0;
+
+}  // namespace
 
 // Not Qt's thread pool: the thread sanitizer cannot see how that hands work over.
 struct WorkerThreads::State {
@@ -19,6 +27,7 @@ struct WorkerThreads::State {
             ended.notify_all();
         } else {
             abandoned.erase(thread);
+            --abandonedThreads;
         }
     }
 
@@ -83,7 +92,12 @@ void WorkerThreads::end() {
     m_state->ended.wait_for(lock, EndTimeout, [this] { return m_state->hasEnded(); });
     for (std::thread &thread : m_state->running) {
         thread.detach();
+        ++abandonedThreads;
     }
     m_state->abandoned.splice(m_state->abandoned.end(), m_state->running);
     m_state->joinFinished(lock);
+}
+
+bool WorkerThreads::isAbandonedWorkRunning() {
+    return abandonedThreads > 0;
 }

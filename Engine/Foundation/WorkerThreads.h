@@ -34,6 +34,10 @@ public:
     /// before, because this does not. Must not be called by the work itself. Idempotent.
     void end();
 
+    /// Returns whether work that any object has abandoned is still running. It may use static
+    /// objects, so the process must then end by std::_Exit(), which does not destroy these.
+    static bool isAbandonedWorkRunning();
+
 private:
     struct State;
 

@@ -1,6 +1,7 @@
 #include "Engine/Plugin/VelmoraSyncPlugIn.h"
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/WorkerThreads.h"
 #include "Engine/Profile/ProfileRecovery.h"
 
 Expected<void> VelmoraSyncPlugIn::openProfile(const QString &directory, ProfileUse use) {
@@ -41,9 +42,10 @@ void VelmoraSyncPlugIn::pauseUntil(const QDateTime &end) {
     m_engine->triggers().pauseUntil(end);
 }
 
-void VelmoraSyncPlugIn::closeProfile() {
+bool VelmoraSyncPlugIn::closeProfile() {
     m_classes.reset();
     m_engine.reset();
+    return !WorkerThreads::isAbandonedWorkRunning();
 }
 
 NoteLibrary *VelmoraSyncPlugIn::library() const {

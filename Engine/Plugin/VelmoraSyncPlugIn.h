@@ -30,7 +30,7 @@ public:
     void pauseUntil(const QDateTime &end) override;
     /// Destroys the engine, see ~SyncEngine(). No function except library() may be called
     /// afterwards. Idempotent.
-    void closeProfile() override;
+    bool closeProfile() override;
     /// Returns null unless a profile is open.
     NoteLibrary *library() const override;
 

@@ -68,8 +68,10 @@ private Q_SLOTS:
             future.wait();
             ended.set_value();
         });
+        QVERIFY(!WorkerThreads::isAbandonedWorkRunning());
         threads->end();
         QVERIFY(threads->waitForDone(0ms));
+        QVERIFY(WorkerThreads::isAbandonedWorkRunning());
         std::atomic<bool> hasRun = false;
         threads->start([&] { hasRun = true; });
         threads->waitForDone();
@@ -77,6 +79,7 @@ private Q_SLOTS:
         threads.reset();
         released->set_value();
         ended.get_future().wait();
+        QTRY_VERIFY(!WorkerThreads::isAbandonedWorkRunning());
     }
 };
 
