@@ -7,9 +7,14 @@
 
 namespace {
 
+struct Entry {
+    HostClass *classObject = nullptr;
+    HostVersion version;
+};
+
 struct Registry {
     QMutex mutex;
-    QHash<QString, HostClass *> classes;
+    QHash<QString, Entry> classes;
 };
 
 Registry &registry() {
@@ -24,15 +29,22 @@ HostClass::~HostClass() = default;
 
 HostClass *NSClassFromString(const QString &name) {
     const QMutexLocker lock(&registry().mutex);
-    return registry().classes.value(name);
+    return registry().classes.value(name).classObject;
 }
 
-HostClassRegistration::HostClassRegistration(const QString &name, HostClass *classObject)
+std::optional<HostVersion> hostVersionOfClass(const QString &name) {
+    const QMutexLocker lock(&registry().mutex);
+    const auto found = registry().classes.constFind(name);
+    return found == registry().classes.cend() ? std::nullopt : std::optional(found->version);
+}
+
+HostClassRegistration::HostClassRegistration(const QString &name, HostClass *classObject,
+                                             HostVersion version)
     : m_name(name) {
     const QMutexLocker lock(&registry().mutex);
     requireParameter(!registry().classes.contains(name), "the class is not registered yet",
                      "HostClassRegistration::HostClassRegistration", "Host/ClassRegistry");
-    registry().classes.insert(name, classObject);
+    registry().classes.insert(name, {classObject, version});
 }
 
 HostClassRegistration::~HostClassRegistration() {

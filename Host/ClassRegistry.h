@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QtCore/QString>
+#include <optional>
 
 #include "Host/HostExport.h"
+#include "Host/HostVersion.h"
 
 /// Base of all class objects. A class object implements the operations of a host class that need no
 /// instance, such as creating one. Each host class with such operations declares them as a nested
@@ -24,8 +26,10 @@ HOST_EXPORT HostClass *NSClassFromString(const QString &name);
 /// Create and destroy it on the main thread.
 class HOST_EXPORT HostClassRegistration {
 public:
-    /// Names are compared with case.
-    HostClassRegistration(const QString &name, HostClass *classObject);
+    /// Names are compared with case. `version` is that of the headers that the host was compiled
+    /// with; do not pass it.
+    HostClassRegistration(const QString &name, HostClass *classObject,
+                          HostVersion version = CurrentHostVersion);
     ~HostClassRegistration();
     HostClassRegistration(const HostClassRegistration &) = delete;
     HostClassRegistration &operator=(const HostClassRegistration &) = delete;
@@ -33,6 +37,10 @@ public:
 private:
     const QString m_name;
 };
+
+/// Returns the version of the interface that the host of the class object `name` was compiled with,
+/// or std::nullopt if there is none of that name. Thread-safe.
+HOST_EXPORT std::optional<HostVersion> hostVersionOfClass(const QString &name);
 
 /// Returns the class object registered under `name`, or null if there is none or it is not a
 /// `ClassObject`. For classes that a host may lack.

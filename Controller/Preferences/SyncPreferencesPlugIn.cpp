@@ -18,16 +18,34 @@ QStringList missingHostClasses() {
     return missing;
 }
 
+Error unusableError(const QString &description) {
+    return {.domain = QStringLiteral("SyncPreferences"), .localizedDescription = description};
+}
+
+/// Fails if the host was compiled for another interface.
+Expected<void> checkHostVersion() {
+    const auto version = hostVersionOfClass(QStringLiteral("QVSyncPlugin"));
+    if (version && version->major == CurrentHostVersion.major) {
+        return {};
+    }
+    return failure(unusableError(
+        localizedSyncString("Sync Preferences cannot be used: it needs version %1 of the interface "
+                            "to the sync plug-in, which offers version %2. Install both from the "
+                            "same version of Velmora.")
+            .arg(CurrentHostVersion.text(), version.value_or(HostVersion()).text())));
+}
+
 }  // namespace
 
 Expected<std::unique_ptr<PreferencePane>> SyncPreferencesPlugIn::makePreferencePane(
     const QJsonObject &info) {
     if (const QStringList missing = missingHostClasses(); !missing.isEmpty()) {
-        return failure(
-            {.domain = QStringLiteral("SyncPreferences"),
-             .localizedDescription =
-                 localizedSyncString("Sync Preferences cannot be used: the sync plug-in has no %1.")
-                     .arg(missing.join(QStringLiteral(", ")))});
+        return failure(unusableError(
+            localizedSyncString("Sync Preferences cannot be used: the sync plug-in has no %1.")
+                .arg(missing.join(QStringLiteral(", ")))));
+    }
+    if (const Expected<void> isFit = checkHostVersion(); !isFit) {
+        return failure(isFit.error());
     }
     registerSyncPreferencesInterface();
     return std::make_unique<QVSyncPreferences>(info);

@@ -888,6 +888,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Die Sync-Einstellungen sind nicht verwendbar: Dem Sync-Modul fehlt %1.</translation>
     </message>
     <message>
+        <source>Sync Preferences cannot be used: it needs version %1 of the interface to the sync plug-in, which offers version %2. Install both from the same version of Velmora.</source>
+        <translation>Die Sync-Einstellungen sind nicht verwendbar: Sie brauchen Version %1 der Schnittstelle zum Sync-Modul, das Version %2 anbietet. Installieren Sie beide aus derselben Version von Velmora.</translation>
+    </message>
+    <message>
         <source>Sync locations</source>
         <translation>Sync-Orte</translation>
     </message>

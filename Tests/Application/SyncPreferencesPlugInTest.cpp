@@ -87,6 +87,28 @@ private Q_SLOTS:
         QVERIFY(pane.error().localizedDescription.endsWith(missing + u'.'));
     }
 
+    void aHostOfAnotherInterfaceIsRefused_data() {
+        QTest::addColumn<int>("major");
+        QTest::newRow("too old") << CurrentHostVersion.major - 1;
+        QTest::newRow("too new") << CurrentHostVersion.major + 1;
+    }
+
+    void aHostOfAnotherInterfaceIsRefused() {
+        QFETCH(int, major);
+        const HostVersion version{.major = major, .minor = 7};
+        HostClass anyClass;
+        std::vector<std::unique_ptr<HostClassRegistration>> registrations;
+        for (const char *name :
+             {"QVSyncPlugin", "QVSyncLocationFormatter", "QVSyncSchedule", "PZFuture"}) {
+            registrations.push_back(std::make_unique<HostClassRegistration>(
+                QLatin1StringView(name), &anyClass, version));
+        }
+        const auto pane = makePane();
+        QVERIFY(!pane);
+        QVERIFY(pane.error().localizedDescription.contains(version.text()));
+        QVERIFY(pane.error().localizedDescription.contains(CurrentHostVersion.text()));
+    }
+
     void onAHostItMakesAFreshPaneEachTime() {
         const TestHost host;
         const auto first = makePane();

@@ -59,6 +59,13 @@ private Q_SLOTS:
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, requiredHostClass<FirstClass>(m_name));
     }
 
+    void aClassHasTheVersionOfTheHeadersThatItsHostWasCompiledWith() {
+        QCOMPARE(hostVersionOfClass(m_name), std::nullopt);
+        FirstClass object;
+        const HostClassRegistration registration(m_name, &object);
+        QCOMPARE(hostVersionOfClass(m_name), CurrentHostVersion);
+    }
+
     void anyThreadMayRegisterAndLookUp() {
         const auto work = [](const QString &name, bool *isSound) {
             FirstClass object;
