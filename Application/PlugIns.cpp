@@ -6,7 +6,7 @@
 namespace {
 
 QString plugInPath(const char *name) {
-    return QStringLiteral("%1/../lib/lib%2.so")
+    return QStringLiteral("%1/" VELMORA_PLUGINS "/lib%2.so")
         .arg(QCoreApplication::applicationDirPath(), QLatin1StringView(name));
 }
 

@@ -6,8 +6,9 @@
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Interface/PreferencePane.h"
 
-/// The two plug-ins of the program, loaded from the folder "lib" next to the program's folder. Each
-/// is loaded once and never unloaded. Must be used on the main thread, while a QCoreApplication
+/// The two plug-ins of the program, loaded from the folder "velmora" of the libraries next to the
+/// program's folder, wherever the program was built or installed. Each is loaded once and never
+/// unloaded. Must be used on the main thread, while a QCoreApplication
 /// exists.
 namespace PlugIns {
 

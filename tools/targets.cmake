@@ -32,7 +32,8 @@ velmora_precompiled_headers(WidgetHeaders Core Widgets)
 # checks of style and headers. A target links Qt Core only, unless the option WIDGETS is given.
 function(velmora_target target)
     cmake_parse_arguments(TARGET "WIDGETS" "" "" ${ARGN})
-    target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
+    target_include_directories(${target} PUBLIC
+        "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>" "$<BUILD_INTERFACE:${PROJECT_BINARY_DIR}>")
     if(TARGET_WIDGETS)
         target_link_libraries(${target} PUBLIC Qt6::Widgets)
         target_precompile_headers(${target} REUSE_FROM WidgetHeaders)
@@ -42,6 +43,31 @@ function(velmora_target target)
     endif()
     velmora_style(${target})
     velmora_headers(${target})
+endfunction()
+
+# The folder of the plug-ins and of the libraries that only the program needs, built and installed.
+set(VELMORA_PRIVATE_FOLDER "${CMAKE_INSTALL_LIBDIR}/velmora")
+
+# Builds the plug-in or library NAME in the program's own folder, and installs it there.
+function(velmora_install_private target)
+    set_target_properties(${target} PROPERTIES
+        LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/${VELMORA_PRIVATE_FOLDER}"
+        INSTALL_RPATH "$ORIGIN:$ORIGIN/..")
+    install(TARGETS ${target} LIBRARY DESTINATION "${VELMORA_PRIVATE_FOLDER}" COMPONENT Program)
+endfunction()
+
+# Installs the library TARGET, with which hosts link, under its version, and its HEADERS and GENERATED ones.
+function(velmora_install_library target)
+    cmake_parse_arguments(LIBRARY "" "" "HEADERS;GENERATED" ${ARGN})
+    target_sources(${target}
+        PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${LIBRARY_HEADERS}
+        PUBLIC FILE_SET generated TYPE HEADERS BASE_DIRS "${PROJECT_BINARY_DIR}" FILES ${LIBRARY_GENERATED})
+    set_target_properties(${target} PROPERTIES
+        VERSION "${PROJECT_VERSION}" SOVERSION "${PROJECT_VERSION_MAJOR}" INSTALL_RPATH "$ORIGIN")
+    set(headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/velmora" COMPONENT Host)
+    install(TARGETS ${target} EXPORT VelmoraHost
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Program NAMELINK_COMPONENT Host
+        FILE_SET HEADERS ${headers} FILE_SET generated ${headers})
 endfunction()
 
 # The target "headers" compiles each header on its own, so that it includes all that it uses. It
