@@ -236,7 +236,8 @@ struct End {
     bool isComplete = true;
 };
 
-/// Runs the program. Everything that it has made is destroyed afterwards, except for static objects.
+/// Runs the program. Everything that it has made is destroyed afterwards, except for static
+/// objects.
 End runProgram(int argumentCount, char **arguments) {
 #ifndef VELMORA_IS_SANITIZED
     // The leak check of a sanitizer reads the memory of the process as a debugger does.

@@ -13,7 +13,8 @@ class SyncPreferencesPlugIn : public QObject, public PreferencePanePlugIn {
     Q_INTERFACES(PreferencePanePlugIn)
 public:
     /// Returns a new pane, or an error that names the classes which every pane needs and the host
-    /// lacks, or the version of the interface that the pane needs and the one that the host has. The host's classes must therefore be registered before. `info` is the metadata of the
+    /// lacks, or the version of the interface that the pane needs and the one that the host has.
+    /// The host's classes must therefore be registered before. `info` is the metadata of the
     /// plug-in. Several panes can exist, see QVSyncPreferences::preferences(). Must be called on
     /// the main thread.
     Expected<std::unique_ptr<PreferencePane>> makePreferencePane(const QJsonObject &info) override;

@@ -100,8 +100,8 @@ private Q_SLOTS:
         std::vector<std::unique_ptr<HostClassRegistration>> registrations;
         for (const char *name :
              {"QVSyncPlugin", "QVSyncLocationFormatter", "QVSyncSchedule", "PZFuture"}) {
-            registrations.push_back(std::make_unique<HostClassRegistration>(
-                QLatin1StringView(name), &anyClass, version));
+            registrations.push_back(std::make_unique<HostClassRegistration>(QLatin1StringView(name),
+                                                                            &anyClass, version));
         }
         const auto pane = makePane();
         QVERIFY(!pane);
