@@ -12,6 +12,7 @@
 #include "Engine/Stores/Dropbox/DropboxUrl.h"
 #include "Engine/Stores/Folder/FolderStore.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
+#include "Engine/Stores/Http/HttpSessions.h"
 #include "Engine/Stores/WebDAV/WebDAVPassword.h"
 #include "Engine/Stores/WebDAV/WebDAVStore.h"
 #include "Host/LocationSchemes.h"
@@ -42,16 +43,19 @@ QString titleOfServerStore(const Url &URL) {
 }
 
 EngineLocationKind webDAV(const Operations &operations,
-                          const std::shared_ptr<CertificateTrust> &trust) {
+                          const std::shared_ptr<CertificateTrust> &trust,
+                          const std::shared_ptr<HttpSessions> &sessions) {
     return {
         .schemes = {LocationSchemes::Http, LocationSchemes::Https},
         .type = "WebDAV",
         .iconName = QStringLiteral("webdav"),
         .title = &titleOfServerStore,
         .createStore =
-            [operations, trust](const Location &location) {
-                return std::make_shared<WebDAVStore>(location, operations, location->identifier(),
-                                                     trust);
+            [operations, trust, sessions](const Location &location) {
+                const QUrl URL = QUrl::fromEncoded(location->URL().absoluteString().toUtf8());
+                return std::make_shared<WebDAVStore>(
+                    location, operations, location->identifier(), trust, HttpClient::Timeouts(),
+                    sessions->session(location->identifier(), URL.adjusted(QUrl::RemovePassword)));
             },
         .forgetInProfile = [trust](const QString &identifier) { return trust->forget(identifier); },
         .sharesSecrets = &WebDAVPassword::isShared,
@@ -115,8 +119,9 @@ EngineLocationKind directConnection(const Operations &operations,
 
 EngineLocationKinds builtInLocationKinds(const EngineContext &context) {
     const Operations &operations = context.storeOperations;
-    return EngineLocationKinds(operations, {folder(operations, context.folderGrants),
-                                            webDAV(operations, context.certificateTrust),
-                                            dropbox(operations, context.dropboxRefreshTurn),
-                                            directConnection(operations, context.pairings)});
+    return EngineLocationKinds(operations,
+                               {folder(operations, context.folderGrants),
+                                webDAV(operations, context.certificateTrust, context.httpSessions),
+                                dropbox(operations, context.dropboxRefreshTurn),
+                                directConnection(operations, context.pairings)});
 }

@@ -7,6 +7,7 @@
 class CertificateTrust;
 class DirectConnectionPairings;
 class FolderGrants;
+class HttpSessions;
 class ProfileDatabase;
 class StoreOperations;
 class Turn;
@@ -18,9 +19,9 @@ class EngineContext {
 public:
     /// `profile` is not owned and must outlive this object.
     explicit EngineContext(const ProfileDatabase &profile);
-    /// Closes the certificate trust and the pairings, which stores may still hold: from then on
-    /// they trust nothing and store nothing. Operations are not cancelled here, see
-    /// StoreOperations::end().
+    /// Closes the certificate trust, the pairings and the HTTP sessions, which stores may still
+    /// hold: from then on they trust nothing and store nothing. Operations are not cancelled here,
+    /// see StoreOperations::end().
     ~EngineContext();
     EngineContext(const EngineContext &) = delete;
     EngineContext &operator=(const EngineContext &) = delete;
@@ -34,6 +35,8 @@ public:
     const std::shared_ptr<CertificateTrust> certificateTrust;
     const std::shared_ptr<FolderGrants> folderGrants;
     const std::shared_ptr<DirectConnectionPairings> pairings;
+    /// The connections that a location's stores leave to the next one.
+    const std::shared_ptr<HttpSessions> httpSessions;
     /// Lets one store at a time refresh the tokens of a Dropbox account. A server may invalidate a
     /// refresh token that is used twice (RFC 6749, section 10.4).
     const std::shared_ptr<Turn> dropboxRefreshTurn;

@@ -9,6 +9,7 @@
 #include "Engine/Stores/Folder/FolderGrants.h"
 #include "Engine/Stores/Folder/LocalStore.h"
 #include "Engine/Stores/Folder/MountedVolumes.h"
+#include "Engine/Stores/Http/HttpSessions.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncLog.h"
 
@@ -32,6 +33,8 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLib
       m_removedLocations(
           std::make_unique<RemovedLocations>(profile, *m_locationsController, *m_kinds)),
       m_server(std::make_unique<DirectConnectionServer>(profile)) {
+    connect(m_locationsController.get(), &EngineLocationsController::locationRemoved, this,
+            [this](const QString &identifier) { m_context.httpSessions->forget(identifier); });
     connect(m_locationsController.get(), &EngineLocationsController::locationRemoved,
             m_dispatcher.get(), &EngineDispatcher::cancelJobsOfLocation);
     connect(m_locationsController.get(), &EngineLocationsController::locationRemoved,

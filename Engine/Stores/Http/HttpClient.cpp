@@ -3,7 +3,6 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Stores/Http/HttpConnection.h"
 #include "Engine/Stores/Http/HttpStatus.h"
-#include "Host/LocationSchemes.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -13,20 +12,6 @@ constexpr int MostRedirections = 5;
 bool isRedirection(int status) {
     return status == HttpStatus::MovedPermanently || status == HttpStatus::Found ||
            status == HttpStatus::TemporaryRedirect || status == HttpStatus::PermanentRedirect;
-}
-
-bool areOfOneServer(const QUrl &one, const QUrl &other) {
-    const auto port = [](const QUrl &URL) {
-        return URL.port(URL.scheme() == LocationSchemes::Https ? 443 : 80);
-    };
-    return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
-}
-
-/// The request target that is sent for `URL` (RFC 9112, section 3.2.1).
-QByteArray targetOf(const QUrl &URL) {
-    const QByteArray target = URL.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority |
-                                            QUrl::RemoveFragment | QUrl::NormalizePathSegments);
-    return target.startsWith('/') ? target : '/' + target;
 }
 
 Error redirectionRefused(const QUrl &from, const QUrl &to) {
@@ -40,7 +25,8 @@ Error redirectionRefused(const QUrl &from, const QUrl &to) {
 
 HttpClient::HttpClient() : HttpClient(Options()) {}
 
-HttpClient::HttpClient(Options options) : m_options(std::move(options)) {}
+HttpClient::HttpClient(Options options, std::shared_ptr<HttpSession> session)
+    : m_options(std::move(options)), m_session(std::move(session)) {}
 
 HttpClient::~HttpClient() = default;
 
@@ -55,7 +41,7 @@ Expected<HttpClient::Response> HttpClient::send(const Request &request,
             return response;
         }
         const QUrl target = current.URL.resolved(QUrl::fromEncoded(location));
-        if (!areOfOneServer(current.URL, target)) {
+        if (!HttpSession::areOfOneServer(current.URL, target)) {
             return failure(redirectionRefused(current.URL, target));
         }
         current.URL = target.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveFragment);
@@ -66,55 +52,97 @@ Expected<HttpClient::Response> HttpClient::send(const Request &request,
                     current.URL.authority()));
 }
 
-std::optional<HttpClient::Request> HttpClient::Login::authorized(Request request) {
-    const std::optional<SecretBytes> value =
-        authentication.authorization(credential, request.method, targetOf(request.URL));
-    if (!value) {
-        return {};
-    }
-    request.authorization = *value;
-    return request;
-}
-
 Expected<HttpClient::Response> HttpClient::sendAuthorized(const Request &request,
                                                           const EngineFuture &future) {
+    const int answers = m_answers;
     Expected<Response> first = exchange(withKnownLogin(request), future);
     if (!first || first->status != HttpStatus::Unauthorized || !m_options.credential) {
         return first;
     }
-    Expected<std::optional<Login>> login = loginFor(request, *first);
-    if (!login) {
-        return failure(login.error());
+    return answer(request, std::move(*first), answers, future);
+}
+
+Expected<HttpClient::Response> HttpClient::answer(const Request &request, Response challenge,
+                                                  int answers, const EngineFuture &future) {
+    for (;;) {
+        std::unique_lock answering(m_answering);
+        if (m_answers == answers) {
+            return answerNow(request, challenge, future);
+        }
+        answers = m_answers;
+        answering.unlock();
+        if (!m_session->scheme(request.URL)) {
+            return challenge;
+        }
+        Expected<Response> response = exchange(withKnownLogin(request), future);
+        if (!response || response->status != HttpStatus::Unauthorized) {
+            return response;
+        }
+        challenge = std::move(*response);
     }
-    const std::optional<Request> authorized = *login ? (*login)->authorized(request) : std::nullopt;
-    if (!authorized) {
-        return first;
+}
+
+Expected<HttpClient::Response> HttpClient::answerNow(const Request &request,
+                                                     const Response &challenge,
+                                                     const EngineFuture &future) {
+    auto authentication = HttpAuthentication::fromChallenges(challenge.header("WWW-Authenticate"));
+    if (!authentication) {
+        return challenge;
     }
-    Expected<Response> second = exchange(*authorized, future);
-    const bool isAccepted = second && second->status != HttpStatus::Unauthorized;
-    const std::lock_guard lock(m_mutex);
-    m_login = isAccepted ? std::move(*login) : std::nullopt;
-    return second;
+    const Expected<std::optional<UrlCredential>> credential =
+        m_options.credential(authentication->scheme());
+    if (!credential) {
+        return failure(credential.error());
+    }
+    const std::optional<SecretBytes> authorization =
+        *credential ? authentication->authorization(**credential, request.method,
+                                                    HttpSession::targetOf(request.URL))
+                    : std::nullopt;
+    if (!authorization) {
+        return challenge;
+    }
+    Request authorized = request;
+    authorized.authorization = *authorization;
+    Expected<Response> response = exchange(authorized, future);
+    if (response && response->status != HttpStatus::Unauthorized) {
+        setCredential(authentication->scheme(), **credential);
+        m_session->setAuthentication(request.URL, *authentication);
+    } else {
+        m_session->forgetAuthentication();
+    }
+    // Without a response it is not known whether the server would have accepted it.
+    m_answers += response ? 1 : 0;
+    return response;
 }
 
 HttpClient::Request HttpClient::withKnownLogin(const Request &request) {
-    const std::lock_guard lock(m_mutex);
-    const bool isKnown = m_login && areOfOneServer(m_login->server, request.URL);
-    return isKnown ? m_login->authorized(request).value_or(request) : request;
+    const std::optional<Scheme> scheme = m_session->scheme(request.URL);
+    const std::optional<UrlCredential> credential =
+        scheme && m_options.credential ? knownCredential(*scheme) : std::nullopt;
+    if (!credential) {
+        return request;
+    }
+    Request authorized = request;
+    authorized.authorization =
+        m_session->authorization(*scheme, *credential, request.method, request.URL)
+            .value_or(request.authorization);
+    return authorized;
 }
 
-Expected<std::optional<HttpClient::Login>> HttpClient::loginFor(const Request &request,
-                                                                const Response &challenge) const {
-    const auto authentication =
-        HttpAuthentication::fromChallenges(challenge.header("WWW-Authenticate"));
-    if (!authentication) {
-        return std::nullopt;
+std::optional<UrlCredential> HttpClient::knownCredential(Scheme scheme) {
+    const std::lock_guard lock(m_mutex);
+    if (!m_credential || m_scheme != scheme) {
+        // If it cannot be read, the server's next challenge makes that an error.
+        m_credential = m_options.credential(scheme).value_or(std::nullopt);
+        m_scheme = scheme;
     }
-    return m_options.credential(authentication->scheme())
-        .map([&](const std::optional<UrlCredential> &credential) {
-            return credential ? std::optional<Login>({request.URL, *authentication, *credential})
-                              : std::nullopt;
-        });
+    return m_credential;
+}
+
+void HttpClient::setCredential(Scheme scheme, const UrlCredential &credential) {
+    const std::lock_guard lock(m_mutex);
+    m_credential = credential;
+    m_scheme = scheme;
 }
 
 Expected<HttpClient::Response> HttpClient::exchange(const Request &request,
@@ -123,18 +151,36 @@ Expected<HttpClient::Response> HttpClient::exchange(const Request &request,
         return failure(operationCancelled());
     }
     std::unique_ptr<HttpConnection> connection = takeConnection();
-    Expected<Response> response = connection->exchange(request, future);
-    const std::lock_guard lock(m_mutex);
-    m_idleConnections.push_back(std::move(connection));
+    Expected<Response> response = connection->exchange(request, m_options, future);
+    if (response) {
+        m_session->keepConnection(std::move(connection));
+    } else if (isEngineError(response.error(), EngineErrorCode::StoreUnreachable)) {
+        // The others lead to the same network.
+        m_session->closeConnections();
+    }
     return response;
 }
 
 std::unique_ptr<HttpConnection> HttpClient::takeConnection() {
-    const std::lock_guard lock(m_mutex);
-    if (m_idleConnections.empty()) {
-        return std::make_unique<HttpConnection>(m_options);
+    while (std::unique_ptr<HttpConnection> connection = m_session->takeConnection()) {
+        if (isAccepted(*connection)) {
+            return connection;
+        }
     }
-    std::unique_ptr<HttpConnection> connection = std::move(m_idleConnections.back());
-    m_idleConnections.pop_back();
-    return connection;
+    return std::make_unique<HttpConnection>();
+}
+
+bool HttpClient::isAccepted(const HttpConnection &connection) {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (connection.chain() == m_acceptedChain) {
+            return true;
+        }
+    }
+    const bool isAccepted = connection.isAccepted(m_options);
+    if (isAccepted) {
+        const std::lock_guard lock(m_mutex);
+        m_acceptedChain = connection.chain();
+    }
+    return isAccepted;
 }

@@ -1,19 +1,23 @@
 #pragma once
 
+#include <QtNetwork/QSslCertificate>
+#include <atomic>
 #include <memory>
 #include <mutex>
-#include <vector>
 
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Http/HttpMessage.h"
 #include "Engine/Stores/Http/HttpOptions.h"
+#include "Engine/Stores/Http/HttpSession.h"
 
 class HttpConnection;
 
-/// Sends requests to HTTP servers (RFC 9110) for threads that may wait. Keeps connections, and the
-/// login that a server has accepted, until it is destroyed. May be created and destroyed on any
-/// thread; several threads may send at the same time. Nothing is remembered between two clients: no
-/// cookies, no cached responses, no proxies, and no settings of the environment are used.
+/// Sends requests to HTTP servers (RFC 9110) for threads that may wait. Keeps the credential that a
+/// server has accepted until it is destroyed; connections, and how the server has asked for the
+/// credential, belong to a session, which may outlive the client. May be created and destroyed on
+/// any thread; several threads may send at the same time. Nothing else is remembered between two
+/// clients: no cookies, no cached responses, no proxies, and no settings of the environment are
+/// used.
 class HttpClient {
 public:
     using Timeouts = HttpTimeouts;
@@ -24,9 +28,11 @@ public:
 
     HttpClient();
     /// Does not connect yet; never fails. What the functions of `options` use must stay valid until
-    /// the client is destroyed.
-    explicit HttpClient(Options options);
-    /// Closes all connections. Must not be called while another thread is in send().
+    /// the client is destroyed. `session` must not be null; others may use it, too. A client that
+    /// is given none has one of its own.
+    explicit HttpClient(Options options,
+                        std::shared_ptr<HttpSession> session = std::make_shared<HttpSession>());
+    /// Must not be called while another thread is in send().
     ~HttpClient();
     HttpClient(const HttpClient &) = delete;
     HttpClient &operator=(const HttpClient &) = delete;
@@ -39,7 +45,13 @@ public:
     /// Follows at most 5 redirects (301, 302, 307, 308) with the same method and body, but never to
     /// another scheme, host or port, which fails. Responds to one challenge of each exchange (see
     /// HttpAuthentication), and sends a credential that the server has accepted with the following
-    /// requests to it; if the server challenges it again, the credential is asked for again.
+    /// requests to it, also if it was that of an earlier client of the session; if the server
+    /// challenges it again, the credential is asked for again. Challenges of several threads are
+    /// answered one after the other, so that a wrong password is not tried by each of them: what is
+    /// accepted or refused for one, is for those that wait.
+    ///
+    /// A request may arrive twice: it is sent again if the server has closed a kept connection
+    /// without sending anything. So it must be one that does no harm then.
     ///
     /// Errors: StoreUnreachable if the server cannot be reached, redirects too often or to another
     /// server, or does not send a valid response; CertificateUntrusted; BlobRefused if the body of
@@ -47,32 +59,39 @@ public:
     Expected<Response> send(const Request &request, const EngineFuture &future);
 
 private:
-    /// A credential that a server has accepted.
-    struct Login {
-        /// A URL of the server: scheme, host and port are compared.
-        QUrl server;
-        HttpAuthentication authentication;
-        UrlCredential credential;
-
-        /// Returns `request` with the credential; empty if the scheme cannot transport it.
-        std::optional<Request> authorized(Request request);
-    };
+    using Scheme = HttpAuthentication::Scheme;
 
     /// Sends one hop, responding to a challenge if there is one.
     Expected<Response> sendAuthorized(const Request &request, const EngineFuture &future);
-    /// Returns `request`, with the accepted credential if it is for the same server.
+    /// Returns the response to `request` after `challenge` was answered, or `challenge` if it
+    /// cannot be answered. `answers` is the number of answers when the request was sent.
+    Expected<Response> answer(const Request &request, Response challenge, int answers,
+                              const EngineFuture &future);
+    /// Answers a challenge; called by one thread at a time.
+    Expected<Response> answerNow(const Request &request, const Response &challenge,
+                                 const EngineFuture &future);
+    /// Returns `request`, with the credential if it is known how its server asks for it.
     Request withKnownLogin(const Request &request);
-    /// Returns the answer to `challenge`; empty if there is no supported scheme or no credential.
-    Expected<std::optional<Login>> loginFor(const Request &request,
-                                            const Response &challenge) const;
+    /// Returns the credential for `scheme`, which is asked for once; empty if there is none.
+    std::optional<UrlCredential> knownCredential(Scheme scheme);
+    void setCredential(Scheme scheme, const UrlCredential &credential);
     /// Sends one request and blocks for its response.
     Expected<Response> exchange(const Request &request, const EngineFuture &future);
     /// Returns an idle connection, or a new one; never null.
     std::unique_ptr<HttpConnection> takeConnection();
+    /// Returns whether the client accepts a connection that another one may have left.
+    bool isAccepted(const HttpConnection &connection);
 
     const Options m_options;
+    const std::shared_ptr<HttpSession> m_session;
+    /// Locked while a challenge is answered.
+    std::mutex m_answering;
+    /// The number of challenges that were answered.
+    std::atomic<int> m_answers = 0;
     std::mutex m_mutex;
     // Guarded by `m_mutex`.
-    std::optional<Login> m_login;
-    std::vector<std::unique_ptr<HttpConnection>> m_idleConnections;
+    std::optional<UrlCredential> m_credential;
+    Scheme m_scheme = Scheme::Basic;
+    /// The certificates of a connection that was accepted.
+    QList<QSslCertificate> m_acceptedChain;
 };

@@ -52,7 +52,7 @@ QSslCertificate certificateFrom(X509 *certificate) {
 
 }  // namespace
 
-HttpConnection::HttpConnection(const HttpOptions &options) : m_options(options) {
+HttpConnection::HttpConnection() {
     static const CURLcode initialized = curl_global_init(CURL_GLOBAL_DEFAULT);
     if (initialized == CURLE_OK) {
         m_multi.reset(curl_multi_init());
@@ -63,8 +63,10 @@ HttpConnection::HttpConnection(const HttpOptions &options) : m_options(options) 
 HttpConnection::~HttpConnection() = default;
 
 Expected<HttpResponse> HttpConnection::exchange(const HttpRequest &request,
+                                                const HttpOptions &options,
                                                 const EngineFuture &future) {
     m_request = &request;
+    m_options = &options;
     m_response = {};
     m_headerSize = 0;
     m_areHeadersComplete = false;
@@ -157,8 +159,8 @@ void HttpConnection::configureBody(const HttpRequest &request) {
 }
 
 CURLcode HttpConnection::run(const EngineFuture &future) {
-    const QDeadlineTimer end(m_options.timeouts.total);
-    m_idleDeadline = QDeadlineTimer(m_options.timeouts.idle);
+    const QDeadlineTimer end(m_options->timeouts.total);
+    m_idleDeadline = QDeadlineTimer(m_options->timeouts.idle);
     const std::stop_callback wakeUp(future.cancellation(),
                                     [this] { curl_multi_wakeup(m_multi.get()); });
     check(curl_multi_add_handle(m_multi.get(), m_easy.get()));
@@ -245,7 +247,7 @@ int HttpConnection::takeProgress(void *connection, curl_off_t, curl_off_t receiv
     const curl_off_t transferred = received + sent + self.m_headerSize;
     if (transferred != self.m_transferred) {
         self.m_transferred = transferred;
-        self.m_idleDeadline = QDeadlineTimer(self.m_options.timeouts.idle);
+        self.m_idleDeadline = QDeadlineTimer(self.m_options->timeouts.idle);
     }
     return 0;
 }
@@ -269,17 +271,30 @@ int HttpConnection::verifyCertificate(X509_STORE_CTX *context, void *connection)
 }
 
 bool HttpConnection::judgeCertificate(const QList<QSslCertificate> &chain) {
-    const QSslCertificate certificate = chain.value(0);
-    const QList<QSslError> errors = QSslCertificate::verify(chain, m_request->URL.host());
-    const QStringList reasons = certificateReasons(errors);
-    if (!certificate.isNull() &&
-        (errors.isEmpty() || (m_options.trusts && m_options.trusts(certificate, reasons)))) {
+    const QString host = m_request->URL.host();
+    const QStringList reasons = objections(chain, host, *m_options);
+    if (!chain.value(0).isNull() && reasons.isEmpty()) {
+        m_chain = chain;
+        m_host = host;
         return true;
     }
     m_error = engineError(EngineErrorCode::CertificateUntrusted,
                           localizedSyncString("The server “%1” cannot prove its identity: %2")
                               .arg(server(), reasons.join(u' ')));
     return false;
+}
+
+bool HttpConnection::isAccepted(const HttpOptions &options) const {
+    return m_chain.isEmpty() || objections(m_chain, m_host, options).isEmpty();
+}
+
+QStringList HttpConnection::objections(const QList<QSslCertificate> &chain, const QString &host,
+                                       const HttpOptions &options) {
+    const QStringList reasons = certificateReasons(QSslCertificate::verify(chain, host));
+    const QSslCertificate certificate = chain.value(0);
+    const bool isTrusted = !reasons.isEmpty() && !certificate.isNull() && options.trusts &&
+                           options.trusts(certificate, reasons);
+    return isTrusted ? QStringList() : reasons;
 }
 
 Error HttpConnection::transportError(CURLcode code) const {

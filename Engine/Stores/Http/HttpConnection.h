@@ -4,15 +4,17 @@
 #include <openssl/x509_vfy.h>
 
 #include <QtCore/QDeadlineTimer>
+#include <QtNetwork/QSslCertificate>
 
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Http/HttpMessage.h"
 #include "Engine/Stores/Http/HttpOptions.h"
 
-/// A connection of an HttpClient, used by one thread at a time, not necessarily always the same. It
+/// A connection of HttpClients, used by one thread at a time, not necessarily always the same. It
 /// sends requests and receives responses with libcurl (HTTP/1.1 only), and keeps the network
 /// connection open for the next request; if the server has closed it, or the next request is for
-/// another server, libcurl opens a new one.
+/// another server, libcurl opens a new one. If the server closes a kept connection while a request
+/// is sent, and nothing of the response has arrived, libcurl sends the request again on a new one.
 ///
 /// libcurl decides nothing by itself: redirects, challenges, cookies, proxies, compression and its
 /// own verification of certificates are off. Certificates are verified with the system's
@@ -24,9 +26,8 @@ public:
     /// responses.
     static constexpr qsizetype HeaderLimit = 64 << 10;
 
-    /// `options` is not owned and must outlive this object. Does not connect. If libcurl cannot be
-    /// initialized, every exchange fails.
-    explicit HttpConnection(const HttpOptions &options);
+    /// Does not connect. If libcurl cannot be initialized, every exchange fails.
+    HttpConnection();
     /// Closes the network connection without waiting for the server.
     ~HttpConnection();
     HttpConnection(const HttpConnection &) = delete;
@@ -36,10 +37,17 @@ public:
     /// challenge. Blocks until the response is complete, a deadline passes, or `future` is
     /// cancelled, which ends the request at once. Name resolution runs on a thread of libcurl and
     /// is not waited for after that. Errors are those of HttpClient::send(); after one, the object
-    /// can be used again. `request` is not owned and not used after the return. Not reentrant: the
-    /// function HttpOptions::trusts, which is called meanwhile, must not use this
+    /// can be used again. `request` and `options` are not owned and not used after the return. Not
+    /// reentrant: the function HttpOptions::trusts, which is called meanwhile, must not use this
     /// connection.
-    Expected<HttpResponse> exchange(const HttpRequest &request, const EngineFuture &future);
+    Expected<HttpResponse> exchange(const HttpRequest &request, const HttpOptions &options,
+                                    const EngineFuture &future);
+    /// Returns the certificates with which the server has proved its identity, its own first; empty
+    /// if there is no connection yet, or no TLS.
+    const QList<QSslCertificate> &chain() const { return m_chain; }
+    /// Returns whether a new connection to the same server would be accepted now, if it presented
+    /// the same certificates. True without TLS.
+    bool isAccepted(const HttpOptions &options) const;
 
 private:
     struct ListDeleter {
@@ -82,12 +90,15 @@ private:
     /// Returns whether the server's certificate is valid or trusted by the user; otherwise sets the
     /// error.
     bool judgeCertificate(const QList<QSslCertificate> &chain);
+    /// Returns what speaks against the certificates for `host` and is not accepted by the user;
+    /// empty if nothing does.
+    static QStringList objections(const QList<QSslCertificate> &chain, const QString &host,
+                                  const HttpOptions &options);
     /// Returns the error for a failed transfer.
     Error transportError(CURLcode code) const;
     /// Returns host and port of the current request, as errors show them.
     QString server() const;
 
-    const HttpOptions &m_options;
     std::unique_ptr<CURLM, MultiDeleter> m_multi;
     std::unique_ptr<CURL, EasyDeleter> m_easy;
     std::unique_ptr<curl_slist, ListDeleter> m_headers;
@@ -95,9 +106,13 @@ private:
     bool m_isConfigured = true;
     /// The message of libcurl about the last failure.
     char m_errorText[CURL_ERROR_SIZE] = {};
+    /// What was accepted last, and for which host.
+    QList<QSslCertificate> m_chain;
+    QString m_host;
 
     // Of the current request.
     const HttpRequest *m_request = nullptr;
+    const HttpOptions *m_options = nullptr;
     HttpResponse m_response;
     qsizetype m_headerSize = 0;
     bool m_areHeadersComplete = false;

@@ -29,13 +29,15 @@ struct HttpOptions {
     HttpTimeouts timeouts = {};
     /// Returns the credential that may be sent with `scheme`, or an empty optional if there is
     /// none; then the caller receives the response with the status Unauthorized. An error
-    /// becomes that of the request. Called once for each challenge that is answered: not for a
-    /// request whose accepted credential is known, and again for each redirection that is
+    /// becomes that of the request. Called once for each challenge that is answered, and once
+    /// before the first request if it is known from an earlier client how the server asks: not for
+    /// a request whose accepted credential is known, and again for each redirection that is
     /// challenged. Null means that no challenge is answered.
     std::function<Expected<std::optional<UrlCredential>>(HttpAuthentication::Scheme scheme)>
         credential = {};
     /// Returns whether to trust exactly this certificate despite `reasons`, which are
     /// sentences. Null means never. Called for each new connection to a server whose
-    /// certificate is not valid; `certificate` is never null.
+    /// certificate is not valid, and once for those that earlier clients have left; `certificate`
+    /// is never null.
     std::function<bool(const QSslCertificate &certificate, const QStringList &reasons)> trusts = {};
 };

@@ -57,10 +57,10 @@ Expected<std::optional<UrlCredential>> storedCredential(const Url &URL,
 WebDAVStore::WebDAVStore(const std::shared_ptr<QVSyncLocation> &location,
                          std::shared_ptr<StoreOperations> operations,
                          const QString &locationIdentifier, std::shared_ptr<CertificateTrust> trust,
-                         HttpClient::Timeouts timeouts)
+                         HttpClient::Timeouts timeouts, std::shared_ptr<HttpSession> session)
     : BlobStore(location, std::move(operations)),
       m_package(packageURL(URL())),
-      m_client(clientOptions(locationIdentifier, std::move(trust), timeouts)) {}
+      m_client(clientOptions(locationIdentifier, std::move(trust), timeouts), std::move(session)) {}
 
 HttpClient::Options WebDAVStore::clientOptions(const QString &locationIdentifier,
                                                std::shared_ptr<CertificateTrust> trust,

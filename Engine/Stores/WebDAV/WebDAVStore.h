@@ -19,11 +19,13 @@ class CertificateTrust;
 class WebDAVStore : public BlobStore {
 public:
     /// `locationIdentifier` identifies the location for which `trust`, which must not be null,
-    /// stores certificates. `timeouts` apply to each request. Sends nothing yet.
+    /// stores certificates. `timeouts` apply to each request. `session`, which must not be null, is
+    /// that of the location. Sends nothing yet.
     WebDAVStore(const std::shared_ptr<QVSyncLocation> &location,
                 std::shared_ptr<StoreOperations> operations, const QString &locationIdentifier,
                 std::shared_ptr<CertificateTrust> trust,
-                HttpClient::Timeouts timeouts = HttpClient::Timeouts());
+                HttpClient::Timeouts timeouts = HttpClient::Timeouts(),
+                std::shared_ptr<HttpSession> session = std::make_shared<HttpSession>());
 
     /// Maximum size in bytes of a response that lists a folder; enough for about 100,000 blobs.
     static constexpr qint64 ListingLimit = 32 << 20;
