@@ -31,7 +31,7 @@ Expected<void> CleanSession::accessStore(BlobStore &store, const EngineFuture &f
         case Step::Choosing:
             return readProfile([this] { return chooseTransactions(); });
         case Step::Writing:
-            return writeTransaction(store, future);
+            return writeTransactions(store, future);
         case Step::Removing:
             return removeTransactions(store, future);
     }

@@ -1,6 +1,11 @@
 #include "Engine/Synchronization/StoreSession.h"
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/TransactionName.h"
@@ -65,12 +70,15 @@ Expected<void> StoreSession::forgetSome(QStringList &names) {
 }
 
 Expected<bool> StoreSession::prepareNextTransaction() {
+    if (!m_written.isEmpty()) {
+        return true;
+    }
     const qsizetype count = m_operationsToWrite.size();
     const Expected<QList<Operation>> operations = log().takeOperations(m_operationsToWrite);
     if (!operations) {
         return failure(operations.error());
     }
-    m_transaction = {*operations, {}};
+    Transaction transaction{*operations, {}};
     if (operations->size() < count - m_operationsToWrite.size()) {
         m_hasFailedToWriteAll = true;
     }
@@ -83,19 +91,53 @@ Expected<bool> StoreSession::prepareNextTransaction() {
     if (m_operationsToWrite.isEmpty() && !m_hasFailedToWriteAll) {
         auto next = m_supersededToWrite.begin();
         while (next != m_supersededToWrite.end() &&
-               m_transaction.superseded.size() < IdentifiersInTransaction) {
-            m_transaction.superseded.append(*next);
+               transaction.superseded.size() < IdentifiersInTransaction) {
+            transaction.superseded.append(*next);
             next = m_supersededToWrite.erase(next);
         }
     }
-    return !m_transaction.isEmpty();
+    m_isAllPrepared =
+        m_operationsToWrite.isEmpty() && (m_supersededToWrite.isEmpty() || m_hasFailedToWriteAll);
+    if (!transaction.isEmpty()) {
+        m_prepared.append({std::move(transaction)});
+    }
+    return !m_prepared.isEmpty();
 }
 
-Expected<void> StoreSession::writeTransaction(BlobStore &store, const EngineFuture &future) {
-    const QByteArray record = m_transaction.encoded();
-    m_transactionName = TransactionName::of(record);
-    m_writtenSize = record.size();
-    const QString name = path(m_transactionName);
+Expected<void> StoreSession::writeTransactions(BlobStore &store, const EngineFuture &future) {
+    const int atOnce = store.operationsAtOnce();
+    if (m_prepared.isEmpty() || (m_prepared.size() < atOnce && !m_isAllPrepared)) {
+        return {};
+    }
+    // What supersedes comes last, after its successors are written.
+    const auto superseding = std::find_if(
+        m_prepared.begin(), m_prepared.end(),
+        [](const Outgoing &outgoing) { return !outgoing.transaction.superseded.isEmpty(); });
+    const qsizetype independent = superseding - m_prepared.begin();
+    std::vector<Expected<void>> results(static_cast<size_t>(m_prepared.size()));
+    Outgoing *const outgoing = m_prepared.data();
+    ParallelCalls::run(independent, atOnce, [&](qsizetype number) {
+        results[static_cast<size_t>(number)] = write(outgoing[number], store, future);
+    });
+    for (qsizetype number = 0; number < m_prepared.size(); ++number) {
+        Expected<void> &result = results[static_cast<size_t>(number)];
+        if (number >= independent) {
+            result = write(outgoing[number], store, future);
+        }
+        if (!result) {
+            return result;
+        }
+    }
+    m_written = std::exchange(m_prepared, {});
+    return {};
+}
+
+Expected<void> StoreSession::write(Outgoing &outgoing, BlobStore &store,
+                                   const EngineFuture &future) const {
+    const QByteArray record = outgoing.transaction.encoded();
+    outgoing.name = TransactionName::of(record);
+    outgoing.size = record.size();
+    const QString name = path(outgoing.name);
     if (!Transaction::decoded(record, name)) {
         return failure(engineError(EngineErrorCode::InvalidDatabase,
                                    "A change in “%1” is not valid and was not written. Rename the "
@@ -137,12 +179,16 @@ Expected<std::optional<Error>> StoreSession::problemOfDatabaseRecord(
 }
 
 Expected<void> StoreSession::recordWrittenTransaction() {
+    if (m_written.isEmpty()) {
+        return {};
+    }
+    const Outgoing written = m_written.takeFirst();
     return m_profile
-        .write([this] { return known().add(m_transactionName, m_transaction, m_writtenSize); })
-        .map([this] {
-            addTransactionOfSize(m_writtenSize);
-            m_writtenTransactions.append(m_transactionName);
-            m_sent += m_transaction.operations.size();
-            m_progress.advance(m_transaction.operations.size());
+        .write([&] { return known().add(written.name, written.transaction, written.size); })
+        .map([&] {
+            addTransactionOfSize(written.size);
+            m_writtenTransactions.append(written.name);
+            m_sent += written.transaction.operations.size();
+            m_progress.advance(written.transaction.operations.size());
         });
 }

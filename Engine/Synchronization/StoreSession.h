@@ -117,17 +117,18 @@ protected:
     /// What remains to be written to the store.
     QList<OperationId> m_operationsToWrite;
     QSet<OperationId> m_supersededToWrite;
-    /// Moves as much as fits into a record to the next transaction. Returns false if nothing
-    /// remains. Must be called on the main thread.
+    /// Moves as much as fits into a record to another transaction. Returns false if nothing remains
+    /// to be written or recorded. Must be called on the main thread.
     Expected<bool> prepareNextTransaction();
-    /// Writes the prepared transaction to the store, and reads it back to verify it. Writes nothing
-    /// that no reader would accept. Must be called on a worker thread.
-    Expected<void> writeTransaction(BlobStore &store, const EngineFuture &future);
+    /// Once there are as many prepared transactions as the store takes at a time, or no more to
+    /// come, writes them to the store, and reads them back to verify them. Writes nothing that no
+    /// reader would accept. Must be called on a worker thread.
+    Expected<void> writeTransactions(BlobStore &store, const EngineFuture &future);
     /// Reads the record of the database. Returns what is wrong with the record itself, if anything
     /// is. Must be called on a worker thread.
     Expected<std::optional<Error>> problemOfDatabaseRecord(BlobStore &store,
                                                            const EngineFuture &future) const;
-    /// Adds the written transaction to the known ones. Must be called on the main thread.
+    /// Adds one of the written transactions to the known ones. Must be called on the main thread.
     Expected<void> recordWrittenTransaction();
     /// Returns the names of the transactions that were written.
     const QStringList &writtenTransactions() const { return m_writtenTransactions; }
@@ -135,6 +136,15 @@ protected:
     bool hasFailedToWriteAll() const { return m_hasFailedToWriteAll; }
 
 private:
+    /// A transaction to be written and, once it is, its name and its size in bytes.
+    struct Outgoing {
+        Transaction transaction;
+        QString name = {};
+        qint64 size = 0;
+    };
+
+    Expected<void> write(Outgoing &outgoing, BlobStore &store, const EngineFuture &future) const;
+
     const ProfileDatabase &m_profile;
     EngineNoteLibrary &m_library;
     const Subject m_subject;
@@ -142,10 +152,10 @@ private:
     qint64 m_databaseId = 0;
     QList<Error> m_problems;
     std::optional<Removal> m_undecidedRemoval;
-    /// The prepared transaction and, once it is written, its name and its size in bytes.
-    Transaction m_transaction;
-    QString m_transactionName;
-    qint64 m_writtenSize = 0;
+    /// What is prepared, and what is written and not recorded yet.
+    QList<Outgoing> m_prepared;
+    QList<Outgoing> m_written;
+    bool m_isAllPrepared = false;
     SessionProgress m_progress;
     qint64 m_received = 0;
     qint64 m_sent = 0;

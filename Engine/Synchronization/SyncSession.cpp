@@ -65,7 +65,7 @@ Expected<void> SyncSession::accessStore(BlobStore &store, const EngineFuture &fu
         case Step::Collecting:
             return readProfile([this] { return collectUnwritten(); });
         case Step::Writing:
-            return writeTransaction(store, future);
+            return writeTransactions(store, future);
         case Step::Naming:
             return writeDatabaseRecord(store, future);
     }

@@ -11,34 +11,64 @@
 
 namespace {
 
-/// A store whose reads wait for each other, as if it was far away.
+/// A store whose reads of transactions wait for each other, as if it was far away, and so do its
+/// writes.
 class DistantStore : public MemoryStore {
 public:
-    using MemoryStore::MemoryStore;
+    static constexpr int AtOnce = 4;
 
-    int operationsAtOnce() const override { return 4; }
-    /// Returns the greatest number of reads at the same time.
+    /// Reads wait until `reads` of them have come at the same time.
+    explicit DistantStore(Blobs &blobs, int reads = AtOnce)
+        : MemoryStore(blobs), m_readsToAwait(reads) {}
+
+    int operationsAtOnce() const override { return AtOnce; }
+    /// Return the greatest numbers of reads and of writes at the same time.
     int mostReads() const { return m_mostReads; }
+    int mostWrites() const { return m_mostWrites; }
+    /// Returns the transactions in the order in which they were written.
+    const QList<Transaction> &written() const { return m_written; }
 
 protected:
+    Expected<QStringList> listFolder(const QString &folder, const EngineFuture &future) override {
+        const std::lock_guard lock(m_mutex);
+        return MemoryStore::listFolder(folder, future);
+    }
+    Expected<Written> writeBlob(const QString &name, const QByteArray &contents,
+                                const EngineFuture &future) override {
+        std::unique_lock lock(m_mutex);
+        if (const auto transaction = Transaction::decoded(contents, name)) {
+            m_mostWrites = qMax(m_mostWrites, ++m_writes);
+            m_changed.notify_all();
+            m_changed.wait_for(lock, std::chrono::seconds(5),
+                               [&] { return m_mostWrites == operationsAtOnce(); });
+            --m_writes;
+            m_written.append(*transaction);
+        }
+        return MemoryStore::writeBlob(name, contents, future);
+    }
     Expected<QByteArray> readBlob(const QString &name, qint64 limit,
                                   const EngineFuture &future) override {
         std::unique_lock lock(m_mutex);
+        if (!name.startsWith(QStringLiteral("transactions/"))) {
+            return MemoryStore::readBlob(name, limit, future);
+        }
         m_mostReads = qMax(m_mostReads, ++m_reads);
         m_changed.notify_all();
-        if (name.startsWith(QStringLiteral("transactions/"))) {
-            m_changed.wait_for(lock, std::chrono::seconds(5),
-                               [&] { return m_mostReads == operationsAtOnce(); });
-        }
+        m_changed.wait_for(lock, std::chrono::seconds(5),
+                           [&] { return m_mostReads >= m_readsToAwait; });
         --m_reads;
         return MemoryStore::readBlob(name, limit, future);
     }
 
 private:
+    const int m_readsToAwait;
     std::mutex m_mutex;
     std::condition_variable m_changed;
     int m_reads = 0;
     int m_mostReads = 0;
+    int m_writes = 0;
+    int m_mostWrites = 0;
+    QList<Transaction> m_written;
 };
 
 }  // namespace
@@ -148,13 +178,34 @@ private Q_SLOTS:
         QVERIFY(session.problems().isEmpty());
     }
 
+    void recordsAreWrittenToADistantStoreSeveralAtATime() {
+        QVERIFY(m_host->inbox()->removeNote(m_host->inbox()->notes().value().first()));
+        for (int i = 0; i < 5; ++i) {
+            Note note{{}, QString::number(i), QString(Transaction::UsualSize, u'x'), {}};
+            QVERIFY(m_host->inbox()->saveNote(note));
+        }
+        SyncSession session = newSession<SyncSession>();
+        DistantStore store(m_blobs, 1);
+        QCOMPARE(description(runSession(session, store)), QString());
+        QCOMPARE(store.mostWrites(), store.operationsAtOnce());
+        QCOMPARE(session.sent(), 5);
+        // What is superseded comes last, also of what is written at the same time.
+        QCOMPARE(store.written().size(), 5);
+        for (const Transaction &transaction : store.written().first(4)) {
+            QVERIFY(transaction.superseded.isEmpty());
+        }
+        QCOMPARE(store.written().last().superseded.size(), 1);
+        const QSet<QString> expected = titles();
+        QCOMPARE(titlesOnAnotherComputer(), expected);
+    }
+
     void aLargeRecordOfADistantStoreIsReadToo() {
         Note note{{}, QStringLiteral("large"), QString(5 << 20, u'x'), {}};
         QVERIFY(m_host->inbox()->saveNote(note));
         QVERIFY(run<SyncSession>());
         m_host->goToComputer(QStringLiteral("Other"));
         SyncSession session = newSession<SyncSession>();
-        DistantStore store(m_blobs);
+        DistantStore store(m_blobs, 1);
         QVERIFY(runSession(session, store));
         QVERIFY(titles().contains(QStringLiteral("large")));
     }
