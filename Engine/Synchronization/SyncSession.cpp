@@ -3,8 +3,11 @@
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QRandomGenerator>
 #include <algorithm>
+#include <atomic>
+#include <utility>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/TransactionName.h"
@@ -162,20 +165,16 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
     if (m_pass == Pass::Merging && !m_read.isEmpty()) {
         return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
     }
-    while (!m_unread.isEmpty() && m_readSize < ReadAtOnce) {
-        const QStringList names =
-            m_unread.first(qMin(m_unread.size(), qsizetype(store.operationsAtOnce())));
-        m_unread.remove(0, names.size());
-        const auto read = records.readAll(names);
-        for (qsizetype i = 0; i < names.size(); ++i) {
-            if (Expected<void> taken =
-                    takeTransaction(records, names[i], read[static_cast<size_t>(i)]);
-                !taken) {
-                return taken;
-            }
-        }
-        if (m_pass == Pass::Comparing) {
-            progress().advance(names.size());
+    const QStringList names = std::exchange(m_unread, {});
+    const auto read = records.readSome(
+        names, ReadAtOnce, [this] { progress().advance(m_pass == Pass::Comparing ? 1 : 0); });
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const std::optional<Expected<TransactionRecords::Record>> &record =
+            read[static_cast<size_t>(i)];
+        if (!record) {
+            m_unread.append(names[i]);
+        } else if (Expected<void> taken = takeTransaction(records, names[i], *record); !taken) {
+            return taken;
         }
     }
     return m_pass == Pass::Comparing ? compareTransactions() : Expected<void>();

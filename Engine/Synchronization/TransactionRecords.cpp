@@ -1,6 +1,7 @@
 #include "Engine/Synchronization/TransactionRecords.h"
 
 #include <QtCore/QCryptographicHash>
+#include <atomic>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/ParallelCalls.h"
@@ -32,6 +33,10 @@ bool TransactionRecords::isOfOneRecord(const Error &error) {
            isEngineError(error, EngineErrorCode::BlobRefused);
 }
 
+bool TransactionRecords::isOfOneOrMissing(const Error &error) {
+    return isOfOneRecord(error) || isEngineError(error, EngineErrorCode::BlobMissing);
+}
+
 Expected<TransactionRecords::Record> TransactionRecords::read(
     const QString &name, const std::optional<Contents> &written) const {
     return readWithin(Transaction::SizeLimit, name, written);
@@ -59,36 +64,57 @@ Expected<void> TransactionRecords::verifyWithin(qint64 limit, const QString &nam
 }
 
 template <class Result>
-std::vector<Result> TransactionRecords::parallel(
-    qsizetype count, const std::function<Result(qsizetype number, qint64 limit)> &operation) const {
-    std::vector<Result> results(static_cast<size_t>(count));
-    const int atOnce = m_store.operationsAtOnce();
-    const qint64 limit = atOnce == 1 ? Transaction::SizeLimit : UsualLimit;
-    ParallelCalls::run(count, atOnce, [&](qsizetype number) {
-        results[static_cast<size_t>(number)] = operation(number, limit);
+void TransactionRecords::readAgainIfLarge(
+    Result &result, const std::function<Result(qint64 limit)> &operation) const {
+    if (!result && isEngineError(result.error(), EngineErrorCode::BlobRefused) &&
+        usualLimit() < Transaction::SizeLimit) {
+        result = operation(Transaction::SizeLimit);
+    }
+}
+
+qint64 TransactionRecords::usualLimit() const {
+    return m_store.operationsAtOnce() == 1 ? Transaction::SizeLimit : UsualLimit;
+}
+
+std::vector<std::optional<Expected<TransactionRecords::Record>>> TransactionRecords::readSome(
+    const QStringList &names, qint64 enough, const std::function<void()> &didRead) const {
+    std::vector<std::optional<Expected<Record>>> results(static_cast<size_t>(names.size()));
+    std::atomic<qint64> size = 0;
+    std::atomic_bool hasFailed = false;
+    ParallelCalls::run(names.size(), m_store.operationsAtOnce(), [&](qsizetype number) {
+        if (size >= enough || hasFailed) {
+            return;
+        }
+        Expected<Record> record = readWithin(usualLimit(), names.at(number), {});
+        const bool isLarge = !record && isEngineError(record.error(), EngineErrorCode::BlobRefused);
+        size += record ? record->size : qint64(isLarge ? UsualLimit : 0);
+        hasFailed = hasFailed || (!record && !isOfOneOrMissing(record.error()));
+        results[static_cast<size_t>(number)] = std::move(record);
+        didRead();
     });
-    for (qsizetype number = 0; number < count; ++number) {
-        Result &result = results[static_cast<size_t>(number)];
-        if (!result && limit == UsualLimit &&
-            isEngineError(result.error(), EngineErrorCode::BlobRefused)) {
-            result = operation(number, Transaction::SizeLimit);
+    for (qsizetype number = 0; number < names.size(); ++number) {
+        if (std::optional<Expected<Record>> &result = results[static_cast<size_t>(number)]) {
+            readAgainIfLarge<Expected<Record>>(
+                *result, [&](qint64 limit) { return readWithin(limit, names.at(number), {}); });
         }
     }
     return results;
 }
 
-std::vector<Expected<TransactionRecords::Record>> TransactionRecords::readAll(
-    const QStringList &names) const {
-    return parallel<Expected<Record>>(names.size(), [&](qsizetype number, qint64 limit) {
-        return readWithin(limit, names.at(number), {});
-    });
-}
-
 std::vector<Expected<void>> TransactionRecords::verifyAll(const QStringList &names,
                                                           const QList<Contents> &written) const {
-    return parallel<Expected<void>>(names.size(), [&](qsizetype number, qint64 limit) {
+    std::vector<Expected<void>> results(static_cast<size_t>(names.size()));
+    const auto verify = [&](qsizetype number, qint64 limit) {
         return verifyWithin(limit, names.at(number), written.at(number));
+    };
+    ParallelCalls::run(names.size(), m_store.operationsAtOnce(), [&](qsizetype number) {
+        results[static_cast<size_t>(number)] = verify(number, usualLimit());
     });
+    for (qsizetype number = 0; number < names.size(); ++number) {
+        readAgainIfLarge<Expected<void>>(results[static_cast<size_t>(number)],
+                                         [&](qint64 limit) { return verify(number, limit); });
+    }
+    return results;
 }
 
 Expected<TransactionRecords::Copy> TransactionRecords::setAside(

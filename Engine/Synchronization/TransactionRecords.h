@@ -37,21 +37,26 @@ public:
 
     /// Returns whether `error` concerns a single record, and not that the store cannot be read.
     static bool isOfOneRecord(const Error &error);
+    /// Returns the same, also for a record that is missing.
+    static bool isOfOneOrMissing(const Error &error);
 
     /// Reads the record `name`, which is verified against its name and, if it is known what was
     /// written, against `written`. Returns an error of the code DamagedRecord if the record is not
     /// what was written, UnknownVersion if a newer program wrote it, and otherwise that of
     /// BlobStore::read.
     Expected<Record> read(const QString &name, const std::optional<Contents> &written = {}) const;
-    /// Reads the records `names` like read(), several at a time if the store is faster then, and
-    /// returns the results in the same order. Records of more than UsualLimit bytes are read one
-    /// after the other, so that they do not take memory at the same time.
-    std::vector<Expected<Record>> readAll(const QStringList &names) const;
+    /// Reads records from `names` like read(), several at a time if the store is faster then, until
+    /// they have more than `enough` bytes together or the store fails. Returns the results in the
+    /// same order, empty for those that were not read. Records of more than UsualLimit bytes are
+    /// read one after the other, so that they do not take memory at the same time. Calls `didRead`,
+    /// which must be thread-safe, after each record.
+    std::vector<std::optional<Expected<Record>>> readSome(
+        const QStringList &names, qint64 enough, const std::function<void()> &didRead) const;
     /// Reads the record `name`, of which `written` is known, and returns the same errors as read().
     /// Does not decode it if its name contains a digest; `written` is not used then.
     Expected<void> verify(const QString &name, const Contents &written) const;
     /// Verifies the records `names`, of which `written` is known in the same order, like verify(),
-    /// several at a time as readAll().
+    /// several at a time as readSome(). Reads all, whether the store fails or not.
     std::vector<Expected<void>> verifyAll(const QStringList &names,
                                           const QList<Contents> &written) const;
     /// Moves the record `name`, of which `read` has returned that it is damaged, to a name that no
@@ -76,12 +81,12 @@ private:
     static constexpr qint64 UsualLimit = 4 * Transaction::UsualSize;
 
     Expected<QByteArray> bytes(const QString &name, qint64 limit = Transaction::SizeLimit) const;
-    /// Returns the results of `operation` for the numbers below `count`. Calls it again for those
-    /// that exceed UsualLimit.
+    /// The limit with which several records can be read at a time.
+    qint64 usualLimit() const;
+    /// Calls `operation` with the limit of the largest record if `result` exceeds the usual one.
     template <class Result>
-    std::vector<Result> parallel(
-        qsizetype count,
-        const std::function<Result(qsizetype number, qint64 limit)> &operation) const;
+    void readAgainIfLarge(Result &result,
+                          const std::function<Result(qint64 limit)> &operation) const;
     Expected<Record> readWithin(qint64 limit, const QString &name,
                                 const std::optional<Contents> &written) const;
     Expected<void> verifyWithin(qint64 limit, const QString &name, const Contents &written) const;
