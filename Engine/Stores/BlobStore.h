@@ -35,8 +35,9 @@ public:
     /// Maximum number of databases whose size is determined.
     static constexpr qsizetype MostMeasured = 100;
 
-    /// Returns how many operations to perform at a time. More than 1 is faster if most of the time
-    /// of an operation is spent waiting for a server.
+    /// Returns how many records to read, write or remove at a time, besides opening the store,
+    /// listing a folder and reading the record of a database. More than 1 is faster if most of the
+    /// time of an operation is spent waiting for a server.
     virtual int operationsAtOnce() const { return 1; }
 
     /// Result of a write.

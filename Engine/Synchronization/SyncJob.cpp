@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/RecordTiers.h"
 #include "Host/SyncStrings.h"
@@ -28,7 +29,22 @@ SyncJob::SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &l
 void SyncJob::start(WorkerThreads &threads, std::function<void()> handler) {
     m_threads = &threads;
     m_handler = std::move(handler);
-    runOnThread([this] { return m_store->open(*m_future); });
+    m_session = nextSession();
+    runOnThread([this] { return begin(); });
+}
+
+Expected<void> SyncJob::begin() {
+    Expected<void> opened;
+    Expected<void> begun;
+    const int atOnce = m_store->operationsAtOnce();
+    ParallelCalls::run(2, atOnce, [&](qsizetype number) {
+        if (number == 0) {
+            opened = m_store->open(*m_future);
+        } else if (atOnce > 1 || opened) {
+            begun = m_session->accessStore(*m_store, *m_future);
+        }
+    });
+    return opened.and_then([&] { return begun; });
 }
 
 void SyncJob::abandon() {

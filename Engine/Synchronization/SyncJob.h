@@ -62,6 +62,9 @@ public:
 private:
     /// Starts the next step, or ends the job if there is none or an error occurred.
     void continueJob();
+    /// Opens the store and performs the first step of the first session: at the same time, if the
+    /// store is faster then. An error of opening takes precedence. Called on a worker thread.
+    Expected<void> begin();
     /// Runs `work` on a worker thread, then finishStep() on the main thread.
     void runOnThread(const std::function<Expected<void>()> &work);
     void end();
@@ -86,7 +89,7 @@ private:
     qint64 m_received = 0;
     qint64 m_sent = 0;
     std::optional<StoreSession::Removal> m_undecidedRemoval;
-    /// Null until the store is open.
+    /// The session that is continued; null before the start and after the end.
     StoreSession *m_session = nullptr;
     bool m_isCompacting = false;
     Expected<void> m_result;

@@ -51,12 +51,16 @@ QByteArray digestOf(const Transaction &transaction) {
 
 SyncSession::SyncSession(const ProfileDatabase &profile, EngineNoteLibrary &library,
                          Subject subject, Verification verification)
-    : StoreSession(profile, library, std::move(subject)), m_verification(verification) {}
+    : StoreSession(profile, library, std::move(subject)), m_verification(verification) {
+    if (database()) {
+        rememberDatabase();
+    }
+}
 
 Expected<void> SyncSession::accessStore(BlobStore &store, const EngineFuture &future) {
     switch (m_step) {
         case Step::Listing:
-            return readDatabaseRecord(store, future).and_then([&] { return list(store, future); });
+            return readStore(store, future);
         case Step::Comparing:
             return readProfile([this] { return compareListing(); });
         case Step::Forgetting:
@@ -64,7 +68,7 @@ Expected<void> SyncSession::accessStore(BlobStore &store, const EngineFuture &fu
         case Step::Reading:
             return readTransactions(store, future);
         case Step::Verifying:
-            return verifyTransactions(store, future);
+            return handleDamage(store, future);
         case Step::Collecting:
             return readProfile([this] { return collectUnwritten(); });
         case Step::Writing:
@@ -109,12 +113,38 @@ Expected<void> SyncSession::forgetGone() {
     return continueReading();
 }
 
+Expected<void> SyncSession::readStore(BlobStore &store, const EngineFuture &future) {
+    if (!DatabaseRecord::isUUID(subject().databaseUUID)) {
+        return failure(engineError(EngineErrorCode::InvalidDatabase,
+                                   "“%1” is not a valid identifier of a database.",
+                                   subject().databaseUUID));
+    }
+    if (Expected<void> chosen = readProfile([this] { return chooseSuspects(); }); !chosen) {
+        return chosen;
+    }
+    Expected<void> record;
+    Expected<QStringList> names;
+    std::atomic_bool hasFailed = false;
+    ParallelCalls::run(3, store.operationsAtOnce(), [&](qsizetype number) {
+        if (number == 0) {
+            record = readDatabaseRecord(store, future);
+            hasFailed = hasFailed || !record;
+        } else if (number == 1 && !hasFailed) {
+            names = store.list(folder(), future);
+            hasFailed = hasFailed || !names;
+        } else if (!hasFailed) {
+            verifySuspects(store, future);
+        }
+    });
+    if (!record || !names) {
+        return failure(record ? names.error() : record.error());
+    }
+    takeListing(store, *names);
+    return {};
+}
+
 Expected<void> SyncSession::readDatabaseRecord(BlobStore &store, const EngineFuture &future) {
     const QString &UUID = subject().databaseUUID;
-    if (!DatabaseRecord::isUUID(UUID)) {
-        return failure(engineError(EngineErrorCode::InvalidDatabase,
-                                   "“%1” is not a valid identifier of a database.", UUID));
-    }
     const QString file = DatabaseRecord::path(UUID);
     const Expected<QByteArray> contents = store.read(file, BlobStore::RecordLimit, future);
     if (!contents) {
@@ -143,19 +173,14 @@ Expected<void> SyncSession::readDatabaseRecord(BlobStore &store, const EngineFut
     return {};
 }
 
-Expected<void> SyncSession::list(BlobStore &store, const EngineFuture &future) {
-    const Expected<QStringList> names = store.list(folder(), future);
-    if (!names) {
-        return failure(names.error());
-    }
-    for (const QString &name : *names) {
+void SyncSession::takeListing(const BlobStore &store, const QStringList &names) {
+    for (const QString &name : names) {
         if (TransactionName::isValid(name)) {
             m_unread.append(name);
         } else if (name.endsWith(SyncStoreLayout::RecordEnding)) {
             addProblem(damagedRecord(store.place(path(name))));
         }
     }
-    return {};
 }
 
 Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFuture &future) {
@@ -212,9 +237,10 @@ Expected<void> SyncSession::takeTransaction(const TransactionRecords &records, c
     return {};
 }
 
-Expected<void> SyncSession::verifyTransactions(BlobStore &store, const EngineFuture &future) {
+Expected<void> SyncSession::handleDamage(BlobStore &store, const EngineFuture &future) {
     const TransactionRecords records(store, subject().databaseUUID, future);
-    while (!m_suspects.isEmpty() && !future.isCancelled() && verifySome(records, store)) {
+    for (const Verified &verified : std::as_const(m_verified)) {
+        takeVerified(verified);
     }
     qint64 size = 0;
     for (const Suspect &damaged : std::as_const(m_damaged)) {
@@ -253,46 +279,48 @@ Expected<void> SyncSession::reportMissing(const TransactionRecords &records) {
     });
 }
 
-bool SyncSession::verifySome(const TransactionRecords &records, const BlobStore &store) {
-    const QList<Suspect> some =
-        m_suspects.first(qMin(m_suspects.size(), qsizetype(store.operationsAtOnce())));
-    m_suspects.remove(0, some.size());
-    QStringList names;
-    QList<KnownTransactions::Contents> written;
-    for (const Suspect &suspect : some) {
-        names.append(suspect.name);
-        written.append(suspect.written.value_or(KnownTransactions::Contents()));
-    }
-    const auto verified = records.verifyAll(names, written);
-    for (qsizetype i = 0; i < some.size(); ++i) {
-        if (!takeVerified(some[i], verified[static_cast<size_t>(i)])) {
-            return false;
+void SyncSession::verifySuspects(BlobStore &store, const EngineFuture &future) {
+    const TransactionRecords records(store, subject().databaseUUID, future);
+    bool isReadable = true;
+    while (!m_suspects.isEmpty() && isReadable && !future.isCancelled()) {
+        const QList<Suspect> some =
+            m_suspects.first(qMin(m_suspects.size(), qsizetype(store.operationsAtOnce())));
+        m_suspects.remove(0, some.size());
+        QStringList names;
+        QList<KnownTransactions::Contents> written;
+        for (const Suspect &suspect : some) {
+            names.append(suspect.name);
+            written.append(suspect.written.value_or(KnownTransactions::Contents()));
+        }
+        const auto results = records.verifyAll(names, written);
+        for (qsizetype i = 0; i < some.size() && isReadable; ++i) {
+            const Expected<void> &result = results[static_cast<size_t>(i)];
+            isReadable = result || TransactionRecords::isOfOneOrMissing(result.error());
+            m_verified.append({some[i], result});
         }
     }
-    return true;
 }
 
-bool SyncSession::takeVerified(const Suspect &suspect, const Expected<void> &record) {
+void SyncSession::takeVerified(const Verified &verified) {
+    const auto &[suspect, record] = verified;
     m_lastVerified = suspect.name;
     if (record) {
-        return true;
+        return;
     }
     if (isEngineError(record.error(), EngineErrorCode::BlobMissing)) {
         m_missing.append(suspect);
-        return true;
+        return;
     }
     if (isEngineError(record.error(), EngineErrorCode::DamagedRecord) &&
         m_damaged.size() < RecordsToSetAside) {
         m_lost.append(suspect.name);
         m_damaged.append(suspect);
-        return true;
+        return;
     }
     addProblem(record.error());
     if (TransactionRecords::isOfOneRecord(record.error())) {
         m_lost.append(suspect.name);
-        return true;
     }
-    return false;
 }
 
 qint64 SyncSession::setAside(const TransactionRecords &records, const Suspect &damaged) {
@@ -341,6 +369,11 @@ Expected<void> SyncSession::compareListing() {
         return failure(all.error());
     }
     const QSet<QString> listed(m_unread.begin(), m_unread.end());
+    // What is not listed any more says nothing, unless the store has failed.
+    m_verified.removeIf([&](const Verified &verified) {
+        return !listed.contains(verified.suspect.name) &&
+               (verified.result || TransactionRecords::isOfOneOrMissing(verified.result.error()));
+    });
     for (auto each = all->keyBegin(); each != all->keyEnd(); ++each) {
         if (!listed.contains(*each)) {
             m_gone.append(*each);
@@ -355,23 +388,25 @@ Expected<void> SyncSession::compareListing() {
     progress().begin(m_pass == Pass::Comparing ? SessionProgress::Phase::Reading
                                                : SessionProgress::Phase::Merging,
                      m_unread.size());
-    return chooseSuspects(*all, listed);
+    return {};
 }
 
-Expected<void> SyncSession::chooseSuspects(const QHash<QString, qint64> &known,
-                                           const QSet<QString> &listed) {
-    const Expected<QString> last = this->known().lastVerified();
+Expected<void> SyncSession::chooseSuspects() {
+    const Expected<QHash<QString, qint64>> sizes = known().sizes();
+    if (!sizes) {
+        return failure(sizes.error());
+    }
+    const Expected<QString> last = known().lastVerified();
     if (!last) {
         return failure(last.error());
     }
     m_lastVerified = *last;
-    QStringList names = known.keys();
-    names.removeIf([&](const QString &name) { return !listed.contains(name); });
+    QStringList names = sizes->keys();
     names.sort();
     std::rotate(names.begin(), std::upper_bound(names.begin(), names.end(), *last), names.end());
     qint64 size = 0;
     for (const QString &name : std::as_const(names)) {
-        size += known.value(name);
+        size += sizes->value(name);
         const bool isEnough = m_suspects.size() == RecordsToVerify ||
                               (m_suspects.isEmpty() ? !isTurnOf(size) : size > BytesToVerify);
         if (isEnough && m_verification == Verification::Some) {
@@ -379,7 +414,7 @@ Expected<void> SyncSession::chooseSuspects(const QHash<QString, qint64> &known,
         }
         const Expected<KnownTransactions::Contents> contents = TransactionName::hasDigest(name)
                                                                    ? KnownTransactions::Contents()
-                                                                   : this->known().contents(name);
+                                                                   : known().contents(name);
         if (!contents) {
             return failure(contents.error());
         }
@@ -496,7 +531,7 @@ Expected<void> SyncSession::continueReading() {
     return mergeTransactions().and_then([this]() -> Expected<void> {
         if (m_unread.isEmpty() && m_read.isEmpty()) {
             const bool areAllSound =
-                m_suspects.isEmpty() && m_damaged.isEmpty() && m_missing.isEmpty();
+                m_verified.isEmpty() && m_damaged.isEmpty() && m_missing.isEmpty();
             m_step = areAllSound ? Step::Collecting : Step::Verifying;
             progress().begin(SessionProgress::Phase::Preparing);
         }

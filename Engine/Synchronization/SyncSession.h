@@ -10,11 +10,11 @@
 /// is written again.
 ///
 /// Each session also reads some of the records again that the profile has read or written before,
-/// and continues where the previous one stopped. A damaged record is reported as a problem and
-/// moved to a name that no reader takes for a record. What it contained is written again as far as
-/// the profile has known the record, and likewise if the store lists the record but does not return
-/// it. A failed read is never taken for damage: it ends the session or, if the record was known,
-/// the verification, which is reported as a problem.
+/// together with the listing, and continues where the previous one stopped. A damaged record is
+/// reported as a problem and moved to a name that no reader takes for a record. What it contained
+/// is written again as far as the profile has known the record, and likewise if the store lists the
+/// record but does not return it. A failed read is never taken for damage: it ends the session or,
+/// if the record was known, the verification, which is reported as a problem.
 ///
 /// If more than ten notes and more than half of the database's notes would disappear by all that is
 /// read together, nothing is merged or written, and the session ends with an error of the code
@@ -45,7 +45,7 @@ public:
     static constexpr qsizetype RecordsToSetAside = 100;
     static constexpr qint64 BytesToSetAside = 16LL << 20;
 
-    /// See StoreSession. Reads and writes nothing yet.
+    /// See StoreSession. Reads and writes nothing yet. Must be called on the main thread.
     SyncSession(const ProfileDatabase &profile, EngineNoteLibrary &library, Subject subject,
                 Verification verification = Verification::Some);
 
@@ -105,6 +105,11 @@ private:
         QString name;
         std::optional<KnownTransactions::Contents> written;
     };
+    /// A record that was read again.
+    struct Verified {
+        Suspect suspect;
+        Expected<void> result;
+    };
     /// Before a merge, all records are read to see what they remove together.
     enum class Pass { Comparing, Merging };
     /// State of the database's record in the store. Untouchable means an unknown version, or not a
@@ -112,18 +117,20 @@ private:
     enum class Record { Sound, Absent, Damaged, Untouchable };
 
     /// Parts that access the store, called on a worker thread.
-    Expected<void> list(BlobStore &store, const EngineFuture &future);
+    /// Reads the record of the database, lists its transactions and verifies the chosen ones: all
+    /// at the same time, if the store is faster then.
+    Expected<void> readStore(BlobStore &store, const EngineFuture &future);
+    void takeListing(const BlobStore &store, const QStringList &names);
     Expected<void> readDatabaseRecord(BlobStore &store, const EngineFuture &future);
     Expected<void> readTransactions(BlobStore &store, const EngineFuture &future);
     /// Takes the result of reading the record `name`.
     Expected<void> takeTransaction(const TransactionRecords &records, const QString &name,
                                    const Expected<TransactionRecords::Record> &record);
-    /// Verifies the chosen records and sets aside all that are damaged.
-    Expected<void> verifyTransactions(BlobStore &store, const EngineFuture &future);
-    /// Verifies the next of the chosen records; returns false if no further record must be read.
-    bool verifySome(const TransactionRecords &records, const BlobStore &store);
-    /// Takes the result of verifying a record; returns false if no further record must be read.
-    bool takeVerified(const Suspect &suspect, const Expected<void> &record);
+    /// Verifies the chosen records until the store fails.
+    void verifySuspects(BlobStore &store, const EngineFuture &future);
+    /// Takes the results of verifying, and sets aside all records that are damaged.
+    Expected<void> handleDamage(BlobStore &store, const EngineFuture &future);
+    void takeVerified(const Verified &verified);
     /// Returns the size of the record, or 0 if it could not be set aside.
     qint64 setAside(const TransactionRecords &records, const Suspect &damaged);
     /// Reports the missing records that are listed nevertheless. Those that were known are lost.
@@ -132,8 +139,8 @@ private:
 
     /// Parts that only read the profile, called on a worker thread.
     Expected<void> compareListing();
-    /// Chooses which of the `known` records, whose sizes are given, that are `listed` to verify.
-    Expected<void> chooseSuspects(const QHash<QString, qint64> &known, const QSet<QString> &listed);
+    /// Chooses which of the known records to verify.
+    Expected<void> chooseSuspects();
     /// Returns whether a record of this size shall be verified as the first one. Reads not more
     /// than BytesToVerify in the mean over many sessions.
     bool isTurnOf(qint64 size) const;
@@ -186,8 +193,10 @@ private:
     /// The transactions that were merged. Released on a worker thread, which may take long.
     QList<Read> m_merged;
     qsizetype m_readSize = 0;
-    /// The known records to verify, and all records that turned out to be damaged or missing.
+    /// The known records to verify, those of them that were, and all records that turned out to be
+    /// damaged or missing.
     QList<Suspect> m_suspects;
+    QList<Verified> m_verified;
     QList<Suspect> m_damaged;
     QList<Suspect> m_missing;
     /// The known records that cannot be read again, and the last one that was verified.

@@ -175,7 +175,7 @@ private Q_SLOTS:
     void aProfileCanBeClosedDuringEachStep() {
         writeLargeRecord();
         synchronize();
-        for (int blocks = 0; blocks < 6; ++blocks) {
+        for (int blocks = 0; blocks < 5; ++blocks) {
             {
                 const RowsPerBlock rows(m_host->engine().profile());
                 m_host->engine()
