@@ -33,6 +33,15 @@ QString failureText(SyncJob::Kind kind) {
                : localizedSyncString("“%1” could not be synchronized with “%2”: %3");
 }
 
+QString activityText(SyncJob::Kind kind, bool isRunning) {
+    if (kind == SyncJob::Kind::CleanUp) {
+        return isRunning ? localizedSyncString("Cleaning up “%1” at “%2”…")
+                         : localizedSyncString("Waiting to clean up “%1” at “%2”…");
+    }
+    return isRunning ? localizedSyncString("Synchronizing “%1” with “%2”…")
+                     : localizedSyncString("Waiting to synchronize “%1” with “%2”…");
+}
+
 }  // namespace
 
 EngineDispatcher::EngineDispatcher(const ProfileDatabase &profile, EngineNoteLibrary &library)
@@ -80,10 +89,8 @@ QString EngineDispatcher::activity() const {
     if (!first) {
         return {};
     }
-    const QString text = first->job->kind() == SyncJob::Kind::CleanUp
-                             ? localizedSyncString("Cleaning up “%1” at “%2”…")
-                             : localizedSyncString("Synchronizing “%1” with “%2”…");
-    return text.arg(nameOf(first->job->subject()), first->title);
+    return activityText(first->job->kind(), first->started.isValid())
+        .arg(nameOf(first->job->subject()), first->title);
 }
 
 QVSyncProgress EngineDispatcher::progress() const {
@@ -114,7 +121,16 @@ Expected<bool> EngineDispatcher::hasUnsentChanges(const QVSyncState &state) cons
 const EngineDispatcher::Entry *EngineDispatcher::firstActive() const {
     const auto first = std::find_if(m_running.begin(), m_running.end(),
                                     [](const Entry &entry) { return !entry.isCancelled; });
-    return first == m_running.end() ? nullptr : &*first;
+    if (first != m_running.end()) {
+        return &*first;
+    }
+    for (const Entry &cancelled : m_running) {
+        const auto waiting = m_waiting.constFind(cancelled.job->subject().store);
+        if (waiting != m_waiting.constEnd() && !waiting->isEmpty()) {
+            return &waiting->first();
+        }
+    }
+    return nullptr;
 }
 
 void EngineDispatcher::announceActivity() {
@@ -166,6 +182,7 @@ void EngineDispatcher::cancelJobs(const std::function<bool(const Entry &)> &isCa
     for (QList<Entry> &entries : m_waiting) {
         entries.removeIf([&](const Entry &entry) {
             const bool isRemoved = isCancelled(entry);
+            hasChanged = hasChanged || isRemoved;
             for (const auto &handler : isRemoved ? entry.handlers : decltype(entry.handlers)()) {
                 postHandler([handler] { handler(failure(operationCancelled())); });
             }

@@ -30,7 +30,8 @@ public:
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states) override;
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states,
                                                           std::function<void()> handler) override;
-    /// Returns the activity of the first job that was not cancelled. Computed at each call.
+    /// Returns the activity of the first job that was not cancelled, also of one that waits only
+    /// until a cancelled job has ended. Computed at each call.
     QString activity() const override;
     /// Returns the progress of that job.
     QVSyncProgress progress() const;
@@ -85,7 +86,9 @@ private:
     void cancelJobs(const std::function<bool(const Entry &)> &isCancelled);
     /// Calls `handler` from the event loop, unless this object is destroyed before.
     void postHandler(std::function<void()> handler);
-    /// Returns the running job that was started first and was not cancelled; null if there is none.
+    /// Returns the running job that was started first and was not cancelled. If there is none,
+    /// returns the first one that waits until a cancelled job has ended; null if there is none
+    /// either.
     const Entry *firstActive() const;
     void announceActivity();
     /// Announces the progress if it has changed, now or when the timer ends, which limits how often
