@@ -165,16 +165,25 @@ void synchronize(const ShellCommand &command, const NoteLibrary &library, const 
         states, [states, start, handler] { handler(synchronized(states, start)); });
 }
 
+QString unknownLocation(const QString &wanted, const QList<Location> &locations) {
+    QStringList lines{
+        runnerText("There is no location “%1”. State the title or address of one of these:")
+            .arg(wanted)};
+    for (const Location &each : locations) {
+        lines.append(SynchronizationSummary::titleOf(*each));
+    }
+    return lines.join(u'\n');
+}
+
 void check(const QString &wanted, const Handler &handler) {
     const auto locations = QVSyncPlugin::plugin()->locationsController()->syncLocations();
     const auto found = std::find_if(locations.begin(), locations.end(), [&](const Location &each) {
         return SynchronizationSummary::titleOf(*each) == wanted ||
-               each->URL().stringWithoutPassword() == wanted;
+               each->URL().stringWithoutPassword() == wanted ||
+               (each->URL().isFileURL() && each->URL().path() == wanted);
     });
     if (found == locations.end()) {
-        post(handler, ShellResult::failed(
-                          runnerText("There is no location “%1”. “velmora --describe” lists all.")
-                              .arg(wanted)));
+        post(handler, ShellResult::failed(unknownLocation(wanted, locations)));
         return;
     }
     const QString title = SynchronizationSummary::titleOf(**found);

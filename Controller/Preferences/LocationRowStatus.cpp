@@ -1,6 +1,9 @@
 #include "Controller/Preferences/LocationRowStatus.h"
 
+#include <utility>
+
 #include "Controller/Preferences/LocationRecovery.h"
+#include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncResult.h"
 #include "Host/SyncStrings.h"
@@ -50,6 +53,10 @@ void LocationRowStatus::setSelection(const std::shared_ptr<QVSynchronizationSele
     m_selection = selection;
     m_observation.endRow();
     if (selection) {
+        if (!std::exchange(m_followsSavings, true)) {
+            QVSyncPlugin::plugin()->locationsController()->connectSaved(this,
+                                                                        SIGNAL(locationChanged()));
+        }
         m_observation.observeRow(selection.get(), "location.URL", [this] {
             clearError();
             Q_EMIT locationChanged();

@@ -18,7 +18,8 @@ class LocationRowStatus : public QObject {
     /// The row. Not owned: null once it is destroyed.
     Q_PROPERTY(
         std::shared_ptr<QVSynchronizationSelection> selection READ selection WRITE setSelection)
-    /// The row's title and icon, announced when the location's URL changes. Empty without a row.
+    /// The row's title and icon, announced when the location's URL changes and when the locations
+    /// are saved, because the title of one depends on the others. Empty without a row.
     Q_PROPERTY(QString title READ title NOTIFY locationChanged)
     Q_PROPERTY(QPixmap icon READ icon NOTIFY locationChanged)
     /// The kind of the location and, if a database is selected, the result of the last job:
@@ -41,8 +42,8 @@ public:
     std::optional<Error> error() const;
 
 Q_SIGNALS:
-    /// Emitted when the row is set or the URL of its location was set, also to an equal one.
-    /// Whether a volume is mounted is not observed.
+    /// Emitted when the row is set, the URL of its location was set, also to an equal one, or the
+    /// locations were saved. Whether a volume is mounted is not observed.
     void locationChanged();
     /// Emitted when the row, the selected database, its state at the location, the row's error or a
     /// result changes, and when a new day begins.
@@ -57,4 +58,5 @@ private:
 
     std::weak_ptr<QVSynchronizationSelection> m_selection;
     RowObservation m_observation;
+    bool m_followsSavings = false;
 };

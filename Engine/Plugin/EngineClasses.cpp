@@ -86,7 +86,8 @@ public:
 private:
     std::unique_ptr<QVSyncLocationFormatter> formatterForLocationWithURL(
         const Url &URL) const override {
-        return std::make_unique<EngineLocationFormatter>(URL, m_plugin.kindForURL(URL));
+        return std::make_unique<EngineLocationFormatter>(
+            URL, m_plugin.kindForURL(URL), m_plugin.locationsController()->syncLocations());
     }
 
     const EngineSyncPlugin &m_plugin;

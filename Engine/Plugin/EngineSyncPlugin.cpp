@@ -29,7 +29,7 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLib
       m_context(profile),
       m_kinds(std::make_shared<EngineLocationKinds>(builtInLocationKinds(m_context))),
       m_locationsController(std::make_unique<EngineLocationsController>(profile, m_kinds)),
-      m_dispatcher(std::make_unique<EngineDispatcher>(profile, library)),
+      m_dispatcher(std::make_unique<EngineDispatcher>(profile, library, *m_locationsController)),
       m_removedLocations(
           std::make_unique<RemovedLocations>(profile, *m_locationsController, *m_kinds)),
       m_server(std::make_unique<DirectConnectionServer>(profile)) {

@@ -5,6 +5,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
+#include "Engine/Locations/EngineLocationsController.h"
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Engine/Locations/FailureSummary.h"
 #include "Engine/Locations/ResultColumns.h"
@@ -44,8 +45,9 @@ QString activityText(SyncJob::Kind kind, bool isRunning) {
 
 }  // namespace
 
-EngineDispatcher::EngineDispatcher(const ProfileDatabase &profile, EngineNoteLibrary &library)
-    : m_profile(profile), m_library(library) {
+EngineDispatcher::EngineDispatcher(const ProfileDatabase &profile, EngineNoteLibrary &library,
+                                   const EngineLocationsController &locations)
+    : m_profile(profile), m_library(library), m_locations(locations) {
     m_progressTimer.setSingleShot(true);
     m_progressTimer.setInterval(ProgressInterval);
     connect(&m_progressTimer, &QTimer::timeout, this, &EngineDispatcher::announceProgress);
@@ -219,7 +221,9 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
         postHandler(handler);
         return;
     }
-    const QString title = EngineLocationFormatter(location->URL(), location->kind()).title();
+    const QString title =
+        EngineLocationFormatter(location->URL(), location->kind(), m_locations.syncLocations())
+            .title();
     const StoreSession::Subject subject{state->databaseUUID(), state->databaseName(),
                                         location->identifier(), title};
     connect(state.get(), &QVSyncState::enabledChanged, this, &EngineDispatcher::cancelDisabledJobs,

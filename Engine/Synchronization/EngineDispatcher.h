@@ -9,6 +9,8 @@
 #include "Host/QVSyncProgress.h"
 #include "Host/QVUnsentChanges.h"
 
+class EngineLocationsController;
+
 /// Runs the jobs of each location one at a time, in the order in which they were requested, and
 /// those of different locations at the same time, so that a location that does not respond delays
 /// no other. A job whose state is disabled is cancelled. Failures and successes are reported in the
@@ -17,8 +19,10 @@ class EngineDispatcher : public QVSyncDispatcher, public QVUnsentChanges {
     Q_OBJECT
     Q_PROPERTY(QVSyncProgress progress READ progress NOTIFY progressChanged)
 public:
-    /// Neither argument is owned; both must outlive this object.
-    EngineDispatcher(const ProfileDatabase &profile, EngineNoteLibrary &library);
+    /// None of the arguments is owned; all must outlive this object. `locations` are those from
+    /// which the titles of the locations must differ.
+    EngineDispatcher(const ProfileDatabase &profile, EngineNoteLibrary &library,
+                     const EngineLocationsController &locations);
     /// Cancels the running jobs and waits for their threads; those that have not ended in time are
     /// abandoned, see WorkerThreads. Handlers that were not called yet are not called.
     ~EngineDispatcher() override;
@@ -123,6 +127,7 @@ private:
 
     const ProfileDatabase &m_profile;
     EngineNoteLibrary &m_library;
+    const EngineLocationsController &m_locations;
     WorkerThreads m_threads;
     /// The waiting jobs, in order, by store.
     QHash<QString, QList<Entry>> m_waiting;
