@@ -37,10 +37,16 @@ void ErrorBoxes::noteEvent(QEvent::Type type) {
 }
 
 void ErrorBoxes::addDetails(QMessageBox *box, const Error &error) {
-    if (!error.domain.isEmpty()) {
-        box->setDetailedText(QLocale().toString(QDateTime::currentDateTime()) + u'\n' +
-                             tr("Error %1 of %2").arg(error.code).arg(error.domain));
+    if (error.domain.isEmpty() && error.details.isEmpty()) {
+        return;
     }
+    QStringList lines{error.details.isEmpty()
+                          ? QLocale().toString(QDateTime::currentDateTime(), QLocale::LongFormat)
+                          : error.details};
+    if (!error.domain.isEmpty()) {
+        lines.append(tr("Error %1 of %2").arg(error.code).arg(error.domain));
+    }
+    box->setDetailedText(lines.join(u'\n'));
 }
 
 void ErrorBoxes::addButtons(QMessageBox *box, const Error &error) {

@@ -23,7 +23,8 @@ public:
     void noteEvent(QEvent::Type type);
 
 private:
-    /// Adds the time, the code and the domain, which the user can unfold, if there is a domain.
+    /// Adds the details, or the time if there are none, with the code and the domain, which the
+    /// user can unfold.
     static void addDetails(QMessageBox *box, const Error &error);
     /// Adds a button for each next step, which closes the box and then takes the step.
     void addButtons(QMessageBox *box, const Error &error);

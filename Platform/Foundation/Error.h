@@ -26,12 +26,15 @@ struct Error {
     QString localizedDescription = {};
     /// The technical reason in the user's language, or empty if it is not known.
     QString localizedFailureReason = {};
+    /// Further facts for experts, one per line, such as an address or the message of a library; may
+    /// be empty. In the user's language where they are not quoted.
+    QString details = {};
     /// The next steps that the user can choose, the best one first; may be empty. Code that
     /// presents errors may ignore them. Only added on the main thread, shortly before the error is
     /// presented.
     QList<RecoveryOption> recoveryOptions = {};
 
-    /// Compares everything but the next steps.
+    /// Compares what the user reads first: everything but the details and the next steps.
     bool operator==(const Error &other) const {
         return domain == other.domain && code == other.code &&
                localizedDescription == other.localizedDescription &&

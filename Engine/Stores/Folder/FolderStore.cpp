@@ -445,6 +445,12 @@ Error FolderStore::notGranted() const {
 }
 
 Error FolderStore::systemError(int number, const QString &name) const {
+    Error error = errorInWords(number, name);
+    error.details = QStringLiteral("%1: %2").arg(place(name), qt_error_string(number));
+    return error;
+}
+
+Error FolderStore::errorInWords(int number, const QString &name) const {
     switch (number) {
         case ENOENT:
             return missing(name);

@@ -59,6 +59,8 @@ private:
     /// Returns the error for a system call on the blob `name` that failed with the errno value
     /// `number`.
     Error systemError(int number, const QString &name) const;
+    /// Returns the same without details.
+    Error errorInWords(int number, const QString &name) const;
 
     const std::shared_ptr<const FolderGrants> m_grants;
 };

@@ -78,7 +78,9 @@ Expected<HttpResponse> HttpConnection::exchange(const HttpRequest &request,
         return failure(*m_error);
     }
     if (code != CURLE_OK || !m_areHeadersComplete) {
-        return failure(transportError(code == CURLE_OK ? CURLE_PARTIAL_FILE : code));
+        Error error = transportError(code == CURLE_OK ? CURLE_PARTIAL_FILE : code);
+        error.details = QString::fromUtf8(*m_errorText ? m_errorText : curl_easy_strerror(code));
+        return failure(error);
     }
     long status = 0;
     curl_easy_getinfo(m_easy.get(), CURLINFO_RESPONSE_CODE, &status);

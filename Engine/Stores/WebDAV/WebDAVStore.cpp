@@ -347,6 +347,12 @@ Expected<void> WebDAVStore::makeFolder(const QString &name, const EngineFuture &
 }
 
 Error WebDAVStore::httpError(const Response &response, const QString &name) const {
+    Error error = refusal(response, name);
+    error.details = QStringLiteral("HTTP %1: %2").arg(response.status).arg(place(name));
+    return error;
+}
+
+Error WebDAVStore::refusal(const Response &response, const QString &name) const {
     const QString server = m_package.authority();
     switch (response.status) {
         case HttpStatus::Unauthorized:

@@ -76,6 +76,8 @@ private:
     Expected<void> makeFolder(const QString &name, const EngineFuture &future);
     /// Returns the error for a request for `name` with the response `response`.
     Error httpError(const Response &response, const QString &name) const;
+    /// Returns the same without details.
+    Error refusal(const Response &response, const QString &name) const;
     Error unexpected(const Response &response) const;
     /// Returns the error for a response with status 401, which depends on the reason.
     Error credentialRefused(const Response &response) const;
