@@ -3,6 +3,7 @@
 #include <QtCore/QCoreApplication>
 #include <algorithm>
 
+#include "Host/CombinedErrors.h"
 #include "Host/InboxUUID.h"
 #include "Host/QVApplication.h"
 #include "Host/QVDatabase.h"
@@ -15,9 +16,6 @@
 #include "Platform/Foundation/RelativeDate.h"
 
 namespace {
-
-/// The number of failures that one error describes.
-constexpr qsizetype MostDescribed = 5;
 
 QString summaryText(const char *text) {
     return QCoreApplication::translate("SynchronizationSummary", text);
@@ -38,13 +36,12 @@ SynchronizationSummary SynchronizationSummary::of(const QVSyncPlugin &plugin) {
     SynchronizationSummary summary;
     const auto locations = plugin.locationsController()->syncLocations();
     for (const auto &location : locations) {
-        const QString title = titleOf(*location);
         const QVSyncStates states = location->synchronizationStates();
         for (const auto &state : states) {
             if (!state->isEnabled()) {
                 continue;
             }
-            summary.m_items.append(itemOf(plugin, state, title));
+            summary.m_items.append(itemOf(plugin, state, *location));
             const QDateTime next =
                 state->schedule() ? state->schedule()->nextScheduledDate() : QDateTime();
             if (next.isValid() && (!summary.m_nextDate.isValid() || next < summary.m_nextDate)) {
@@ -57,22 +54,14 @@ SynchronizationSummary SynchronizationSummary::of(const QVSyncPlugin &plugin) {
 
 Item SynchronizationSummary::itemOf(const QVSyncPlugin &plugin,
                                     const std::shared_ptr<QVSyncState> &state,
-                                    const QString &location) {
+                                    const QVSyncLocation &location) {
     Item item{.state = state,
               .database = nameOf(*state),
-              .location = location,
+              .location = titleOf(location),
               .isNew = !state->lastSynced().isValid()};
     if (const std::optional<QVSyncResult> result = QVSyncResult::of(state.get())) {
-        item.failure = result->error;
+        item.failure = result->failure(item.database, location);
         item.reason = result->summary;
-        if (!result->error && result->problems > 0) {
-            item.failure = Error{
-                .domain = QStringLiteral("Velmora"),
-                .localizedDescription =
-                    summaryText("Some items of “%1” could not be synchronized with “%2”. Open the "
-                                "log to see which.")
-                        .arg(item.database, location)};
-        }
     }
     const Expected<bool> unsent = QVUnsentChanges::in(*state, plugin.dispatcher());
     item.isUnsent = unsent.value_or(true);
@@ -110,8 +99,7 @@ QString SynchronizationSummary::stateText() const {
     if (m_items.isEmpty()) {
         return summaryText("Nothing is synchronized: no database has a ticked location");
     }
-    const QList<Item> failed =
-        selected(m_items, [](const Item &item) { return item.failure.has_value(); });
+    const QList<Item> failed = failedItems();
     if (!failed.isEmpty()) {
         return failureText(failed);
     }
@@ -140,20 +128,15 @@ QString SynchronizationSummary::failureText(const QList<Item> &failed) const {
     return item.reason.isEmpty() ? text : QStringLiteral("%1: %2").arg(text, item.reason);
 }
 
+QList<Item> SynchronizationSummary::failedItems() const {
+    return selected(m_items, [](const Item &item) { return item.failure.has_value(); });
+}
+
 std::optional<Error> SynchronizationSummary::failure() const {
-    QStringList descriptions;
-    for (const Item &item : m_items) {
-        if (item.failure) {
-            descriptions.append(item.failure->localizedDescription);
-        }
+    QList<Error> errors;
+    const QList<Item> failed = failedItems();
+    for (const Item &item : failed) {
+        errors.append(*item.failure);
     }
-    if (descriptions.isEmpty()) {
-        return {};
-    }
-    if (const qsizetype more = descriptions.size() - MostDescribed; more > 0) {
-        descriptions = descriptions.first(MostDescribed);
-        descriptions.append(summaryText("Further failures: %1").arg(more));
-    }
-    return Error{.domain = QStringLiteral("Velmora"),
-                 .localizedDescription = descriptions.join(QStringLiteral("\n\n"))};
+    return errors.isEmpty() ? std::nullopt : std::optional(CombinedErrors::of(errors));
 }

@@ -52,8 +52,10 @@ public:
     /// remains to be synchronized. The date is relative to the day of the call. A failure is named
     /// before unsent changes, and several are only counted.
     QString text() const;
-    /// Returns all failures as one error for the user; empty if there is none. Of more than five,
-    /// the others are only counted.
+    /// Returns the items that have a failure.
+    QList<Item> failedItems() const;
+    /// Returns all failures as one error for the user, without next steps; empty if there is none.
+    /// Of more than five, the others are only counted.
     std::optional<Error> failure() const;
 
     /// Returns the name of the database of `state`, and the title of `location`. If the database is
@@ -63,7 +65,7 @@ public:
 
 private:
     static Item itemOf(const QVSyncPlugin &plugin, const std::shared_ptr<QVSyncState> &state,
-                       const QString &location);
+                       const QVSyncLocation &location);
     /// Returns the text without the next date.
     QString stateText() const;
     QString failureText(const QList<Item> &failed) const;

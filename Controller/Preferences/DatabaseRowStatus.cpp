@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "Controller/Preferences/LocationRecovery.h"
+#include "Host/CombinedErrors.h"
+#include "Host/QVSyncLocation.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncResult.h"
 #include "Host/SyncStrings.h"
@@ -10,16 +12,21 @@
 
 namespace {
 
-/// The number of failures that one error describes.
-constexpr qsizetype MostDescribed = 5;
-
-std::optional<Error> failureOf(const std::shared_ptr<QVSyncState> &state) {
-    const std::optional<QVSyncResult> result = QVSyncResult::of(state.get());
-    return result ? result->error : std::nullopt;
+/// Returns what has failed, also if that only left some items out; empty if nothing did.
+std::optional<Error> failureOf(const QVSyncState &state, const QString &database) {
+    const std::optional<QVSyncResult> result = QVSyncResult::of(&state);
+    const auto location = state.destination();
+    return result && location ? result->failure(database, *location) : std::nullopt;
 }
 
 bool isSynchronized(const std::shared_ptr<QVSyncState> &state) {
-    return state->lastSynced().isValid() && !failureOf(state);
+    const std::optional<QVSyncResult> result = QVSyncResult::of(state.get());
+    return state->lastSynced().isValid() && !(result && result->error);
+}
+
+bool isPartial(const std::shared_ptr<QVSyncState> &state) {
+    const std::optional<QVSyncResult> result = QVSyncResult::of(state.get());
+    return result && result->problems > 0;
 }
 
 /// Synchronizes those of `states` that still exist.
@@ -79,6 +86,9 @@ QString DatabaseRowStatus::text() const {
     const QString date =
         relativeDateString(row->dateOfLastSynchronization(), QDateTime::currentDateTime());
     if (count == ticked.size()) {
+        if (std::any_of(ticked.begin(), ticked.end(), &isPartial)) {
+            return localizedSyncString("Synchronized %1, but some items failed").arg(date);
+        }
         return hasDate ? localizedSyncString("Synchronized %1").arg(date)
                        : localizedSyncString("Never synchronized");
     }
@@ -96,26 +106,25 @@ QString DatabaseRowStatus::text() const {
 }
 
 std::optional<Error> DatabaseRowStatus::error() const {
-    QStringList descriptions;
-    QVSyncStates failed = tickedStates();
-    failed.removeIf([](const auto &state) { return !failureOf(state); });
-    for (const auto &state : std::as_const(failed)) {
-        descriptions.append(failureOf(state)->localizedDescription);
+    QList<Error> errors;
+    QVSyncStates failed;
+    const QVSyncStates ticked = tickedStates();
+    for (const auto &state : ticked) {
+        if (const auto error = failureOf(*state, database()->name())) {
+            errors.append(*error);
+            failed.append(state);
+        }
     }
-    if (descriptions.isEmpty()) {
+    if (errors.isEmpty()) {
         return {};
-    }
-    if (const qsizetype more = descriptions.size() - MostDescribed; more > 0) {
-        descriptions = descriptions.first(MostDescribed);
-        descriptions.append(localizedSyncString("Further locations that failed: %1").arg(more));
     }
     const auto again = [states = QList<std::weak_ptr<QVSyncState>>(failed.begin(), failed.end())] {
         synchronize(states);
     };
     const auto location = failed.first()->destination();
-    return Error{.domain = QStringLiteral("SyncPreferences"),
-                 .localizedDescription = descriptions.join(QStringLiteral("\n\n")),
-                 .recoveryOptions = failed.size() == 1 && location
-                                        ? LocationRecovery::options(location, again)
-                                        : QList{LocationRecovery::tryAgainOption(again)}};
+    Error error = CombinedErrors::of(errors);
+    error.recoveryOptions = failed.size() == 1 && location
+                                ? LocationRecovery::options(location, again)
+                                : QList{LocationRecovery::tryAgainOption(again)};
+    return error;
 }

@@ -6,6 +6,7 @@
 #include "Controller/Preferences/LocationRecovery.h"
 #include "Host/PZFuture.h"
 #include "Host/QVApplication.h"
+#include "Host/QVSyncResult.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/MainQueue.h"
@@ -15,8 +16,8 @@ namespace {
 Error notInTime(const QString &title) {
     return {.domain = QStringLiteral("SyncPreferences"),
             .localizedDescription =
-                localizedSyncString("“%1” did not respond in time. Check that it is available, and "
-                                    "try again.")
+                localizedSyncString("“%1” takes too long to respond. Check whether it is "
+                                    "available, and try again.")
                     .arg(title)};
 }
 
@@ -112,6 +113,7 @@ void LocationCheck::finish(quint64 run, const QVSyncStoreCheck &found) {
     }
     Error error = *found.error;
     error.localizedDescription = found.text(row->title());
+    error.details = QVSyncResult::details(error, *row->location(), QDateTime::currentDateTime());
     error.recoveryOptions = LocationRecovery::options(
         row->location(), [self = QPointer(this), checked = ended.selection] {
             const Selection again = checked.lock();

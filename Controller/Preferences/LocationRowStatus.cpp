@@ -27,11 +27,14 @@ QString resultText(const QVSyncState *state) {
         return localizedSyncString("never synchronized");
     }
     const QString date = inWords(state->lastSynced());
-    return result && result->problems > 0
-               ? localizedSyncString("synchronized %1, items that failed: %2")
+    if (!result || result->problems == 0) {
+        return localizedSyncString("synchronized %1").arg(date);
+    }
+    return result->problems == 1
+               ? localizedSyncString("synchronized %1, but 1 item failed").arg(date)
+               : localizedSyncString("synchronized %1, but %2 items failed")
                      .arg(date)
-                     .arg(result->problems)
-               : localizedSyncString("synchronized %1").arg(date);
+                     .arg(result->problems);
 }
 
 /// Starts the job of `state` again, unless that is null.
@@ -120,13 +123,13 @@ std::optional<Error> LocationRowStatus::error() const {
     const auto failed = state();
     const std::optional<QVSyncResult> result =
         failed && failed->isEnabled() ? QVSyncResult::of(failed.get()) : std::nullopt;
-    if (!result || !result->error) {
-        return {};
+    std::optional<Error> error =
+        result ? result->failure(row->database()->name(), *row->location()) : std::nullopt;
+    if (error) {
+        error->recoveryOptions = LocationRecovery::options(
+            row->location(), [state = std::weak_ptr(failed), isCleanUp = result->isCleanUp] {
+                runAgain(state.lock(), isCleanUp);
+            });
     }
-    Error error = *result->error;
-    error.recoveryOptions = LocationRecovery::options(
-        row->location(), [state = std::weak_ptr(failed), isCleanUp = result->isCleanUp] {
-            runAgain(state.lock(), isCleanUp);
-        });
     return error;
 }

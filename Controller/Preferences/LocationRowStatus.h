@@ -25,8 +25,8 @@ class LocationRowStatus : public QObject {
     /// The kind of the location and, if a database is selected, the result of the last job:
     /// "WebDAV · failed today at 20:28: wrong password".
     Q_PROPERTY(QString summary READ summary NOTIFY statusChanged)
-    /// The row's error or, if the database is ticked, that of the last job, with the next steps;
-    /// empty if there is none.
+    /// The row's error or, if the database is ticked, that of the last job, also if it only left
+    /// some items out, with the next steps; empty if there is none.
     Q_PROPERTY(std::optional<Error> error READ error NOTIFY statusChanged)
 public:
     explicit LocationRowStatus(QObject *parent = nullptr);

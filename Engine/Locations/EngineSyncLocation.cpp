@@ -24,9 +24,7 @@ void EngineSyncLocation::setURL(const Url &URL) {
     m_URLText = URL.absoluteString();
     const QList<std::shared_ptr<EngineSyncState>> states = m_engineStates;
     for (const std::shared_ptr<EngineSyncState> &state : states) {
-        if (state->lastResult() && state->lastResult()->error) {
-            state->setLastResult({});
-        }
+        QVSyncResult::forgetFailure(state.get());
     }
     KeyValue::announce<&QVSyncLocation::URLChanged>(this);
 }

@@ -9,7 +9,8 @@ class EngineSyncLocation;
 /// whether they differ from the row. Shared ownership; must be used on the main thread.
 class EngineSyncState : public QVSyncState {
     Q_OBJECT
-    Q_PROPERTY(std::optional<QVSyncResult> lastResult READ lastResult NOTIFY lastResultChanged)
+    Q_PROPERTY(std::optional<QVSyncResult> lastResult READ lastResult WRITE setLastResult NOTIFY
+                   lastResultChanged)
 public:
     /// The values of a state that can change. The defaults are those of a state that the user has
     /// just added.

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QtCore/QList>
+
+#include "Host/HostExport.h"
+#include "Platform/Foundation/Error.h"
+
+/// Presents several failures of synchronizations as one error. Thread-safe.
+namespace CombinedErrors {
+
+/// Returns the only error of `errors`, or one with the descriptions and the details of all, without
+/// next steps. Of more than five errors, the others are only counted. `errors` must not be empty.
+HOST_EXPORT Error of(const QList<Error> &errors);
+
+}  // namespace CombinedErrors
