@@ -8,6 +8,7 @@
 #include "Controller/QVImportDatabasesController.h"
 #include "Host/QVApplication.h"
 #include "Host/QVSyncLocationsController.h"
+#include "Host/QVSyncResult.h"
 #include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/MainQueue.h"
@@ -142,10 +143,24 @@ void QVSyncPreferences::didEditLocation(const std::shared_ptr<QVSyncLocationEdit
     }
     if (isNew) {
         addSyncLocation(editor->location());
+    } else {
+        forgetFailures(*editor->location());
     }
     saveAndPresentError();
     if (isNew) {
         announceAddedSelection();
+    }
+}
+
+void QVSyncPreferences::forgetFailures(const QVSyncLocation &location) {
+    const QVSyncStates states = location.synchronizationStates();
+    for (const auto &state : states) {
+        QVSyncResult::forgetFailure(state.get());
+    }
+    for (const Selection &row : std::as_const(m_synchronizationSelections)) {
+        if (row->location().get() == &location) {
+            row->setError({});
+        }
     }
 }
 

@@ -275,6 +275,9 @@ private:
     Selection selectedRow() const;
     /// Handler of the folder panels: adds the location and saves if `result` is 1.
     void addFolderLocation(const QVFolderLocationEditor &editor, qint64 result);
+    /// Removes what failed at the location from its row and states: the user has just changed it,
+    /// or its password.
+    void forgetFailures(const QVSyncLocation &location);
     /// Announces the row that was appended last.
     void announceAddedSelection();
     /// Handler of the editors' sheets.
