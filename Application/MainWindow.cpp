@@ -12,6 +12,7 @@
 #include <QtWidgets/QVBoxLayout>
 
 #include "Application/EventLog.h"
+#include "Application/FailureSteps.h"
 #include "Application/HistoryDialog.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/LocationRemovals.h"
@@ -70,7 +71,9 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
     auto *layout = new QVBoxLayout(contents);
     layout->setContentsMargins(0, 0, 0, 6);
     layout->addWidget(splitter, 1);
-    layout->addWidget(new StatusLine(m_monitor));
+    auto *line = new StatusLine(m_monitor);
+    connect(line, &StatusLine::failureRequested, this, &MainWindow::presentFailure);
+    layout->addWidget(line);
     setCentralWidget(contents);
     provideSynchronizationText();
     makeActions();
@@ -211,6 +214,29 @@ PreferencesWindow *MainWindow::showPreferences() {
     m_preferences->raise();
     m_preferences->activateWindow();
     return m_preferences;
+}
+
+void MainWindow::editLocation(const std::shared_ptr<QVSyncLocation> &location) {
+    if (PreferencesWindow *preferences = showPreferences()) {
+        preferences->editLocation(location);
+    }
+}
+
+void MainWindow::presentFailure() {
+    std::optional<Error> failure = m_monitor->summary().failure();
+    if (!failure) {
+        return;
+    }
+    const QList<SynchronizationSummary::Item> failed = m_monitor->summary().failedItems();
+    failure->recoveryOptions = FailureSteps::of(
+        failed,
+        [window = QPointer(this)](const auto &location) {
+            if (window) {
+                window->editLocation(location);
+            }
+        },
+        [failed] { FailureSteps::runAgain(failed); });
+    NSApp()->presentError(*failure);
 }
 
 void MainWindow::showLog() {

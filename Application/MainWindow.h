@@ -15,6 +15,7 @@ class NotesView;
 class PreferencesWindow;
 class QAction;
 class QListWidget;
+class QVSyncLocation;
 class SynchronizationMonitor;
 class UnsavedTexts;
 
@@ -34,6 +35,8 @@ public:
     /// Opens Sync Preferences, or raises the open window. Returns the window, which deletes itself
     /// when it is closed; null if the pane cannot be loaded, after presenting the error.
     PreferencesWindow *showPreferences();
+    /// Opens Sync Preferences and, in it, the editor of `location`, which must not be null.
+    void editLocation(const std::shared_ptr<QVSyncLocation> &location);
     /// Shows, restores and raises the window.
     void bringToFront();
     /// Saves typed text. If that fails, asks the user what to do with it, running a nested event
@@ -85,6 +88,8 @@ private:
     void renameDatabase();
     /// Opens or closes the selected database. Has no effect for the inbox.
     void toggleOpen();
+    /// Presents what failed in the last synchronizations, with the next steps.
+    void presentFailure();
     void showLog();
     /// Shows the deleted notes of the database in a sheet.
     void showDeletedNotes();

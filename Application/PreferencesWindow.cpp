@@ -8,6 +8,7 @@
 #include "Application/PresentIfFailed.h"
 #include "Application/SaveLocations.h"
 #include "Application/WindowSize.h"
+#include "Host/QVLocationEditing.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Platform/Interface/TextLabel.h"
@@ -82,6 +83,12 @@ void PreferencesWindow::undoRemoval() {
     } else {
         NSApp()->presentError(pane.error());
         close();
+    }
+}
+
+void PreferencesWindow::editLocation(const std::shared_ptr<QVSyncLocation> &location) {
+    if (auto *editing = dynamic_cast<QVLocationEditing *>(m_pane.get())) {
+        editing->editLocation(location);
     }
 }
 

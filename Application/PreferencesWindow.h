@@ -8,6 +8,7 @@
 
 class LocationRemovals;
 class PreferencePane;
+class QVSyncLocation;
 class TextLabel;
 
 /// A window that shows a preference pane. It deletes itself when it is closed. Must be used on the
@@ -27,6 +28,10 @@ public:
     /// changes. `removals` is not owned and must outlive this window. Must be called once.
     void showRemovals(LocationRemovals *removals,
                       std::function<Expected<std::unique_ptr<PreferencePane>>()> makePane);
+
+    /// Shows the editor of `location`, which must not be null, if the pane offers that and no other
+    /// sheet is open. The window must be shown.
+    void editLocation(const std::shared_ptr<QVSyncLocation> &location);
 
     /// Closes the window even if its settings cannot be saved, which is presented as an error.
     void closeInAnyCase();

@@ -4,7 +4,10 @@
 #include <QtWidgets/QPushButton>
 #include <algorithm>
 
+#include "Application/FailureSteps.h"
+#include "Application/MainWindow.h"
 #include "Application/QuitProgressDialog.h"
+#include "Host/CombinedErrors.h"
 #include "Host/InboxUUID.h"
 #include "Host/QVApplication.h"
 #include "Host/QVDatabase.h"
@@ -37,7 +40,7 @@ QStringList limited(QStringList lines, const QString &rest) {
 
 }  // namespace
 
-QuitSynchronization::QuitSynchronization(QWidget *window) : m_window(window) {}
+QuitSynchronization::QuitSynchronization(MainWindow *window) : m_window(window) {}
 
 bool QuitSynchronization::run() {
     QVSyncStates states = closingStates();
@@ -105,43 +108,62 @@ QuitSynchronization::Choice QuitSynchronization::askAbout(const QList<Item> &uns
 }
 
 bool QuitSynchronization::synchronize(const QVSyncStates &states) const {
-    QuitProgressDialog dialog(m_window);
-    QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
-        states, [shown = QPointer(&dialog)] {
-            // The user may have ended it before.
-            if (shown && shown->isVisible()) {
-                shown->done(QuitProgressDialog::Finished);
-            }
-        });
-    switch (dialog.exec()) {
-        case QuitProgressDialog::Finished:
-            return confirmFailure(states);
-        case QuitProgressDialog::QuitNow:
-            return true;
-        default:
-            return false;
+    Choice choice = Choice::Synchronize;
+    while (choice == Choice::Synchronize) {
+        QuitProgressDialog dialog(m_window);
+        QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
+            states, [shown = QPointer(&dialog)] {
+                // The user may have ended it before.
+                if (shown && shown->isVisible()) {
+                    shown->done(QuitProgressDialog::Finished);
+                }
+            });
+        const int end = dialog.exec();
+        if (end != QuitProgressDialog::Finished) {
+            return end == QuitProgressDialog::QuitNow;
+        }
+        choice = confirmFailure(states);
     }
+    return choice == Choice::Quit;
 }
 
-bool QuitSynchronization::confirmFailure(const QVSyncStates &states) const {
-    QStringList lines;
+QuitSynchronization::Choice QuitSynchronization::confirmFailure(const QVSyncStates &states) const {
     QList<Item> items = SynchronizationSummary::of(*QVSyncPlugin::plugin()).items();
     items.removeIf(
         [&](const Item &item) { return !item.isUnsent || !states.contains(item.state); });
-    for (const Item &item : std::as_const(items)) {
+    return items.isEmpty() ? Choice::Quit : askAboutFailed(items);
+}
+
+QuitSynchronization::Choice QuitSynchronization::askAboutFailed(const QList<Item> &unsent) const {
+    QStringList lines;
+    QList<Error> errors;
+    for (const Item &item : unsent) {
         lines.append(item.failure ? item.failure->localizedDescription
                                   : tr("“%1” with “%2”").arg(item.database, item.location));
-    }
-    if (lines.isEmpty()) {
-        return true;
+        errors.append(item.failure.value_or(Error()));
     }
     MessageBox box(QMessageBox::Warning,
                    tr("Some changes could not be synchronized. They are saved on this computer. "
                       "Quit anyway?"),
                    limited(lines, tr("and %1 more")).join(QStringLiteral("\n\n")), m_window);
     box.setWindowTitle(tr("Quit Velmora"));
+    box.setDetailedText(CombinedErrors::of(errors).details);
     const QPushButton *quit = box.addButton(tr("&Quit"), QMessageBox::AcceptRole);
     box.setDefaultButton(box.addButton(QMessageBox::Cancel));
+    Choice choice = Choice::Stay;
+    const QList<RecoveryOption> steps = FailureSteps::of(
+        unsent, [this](const auto &location) { m_window->editLocation(location); },
+        [&choice] { choice = Choice::Synchronize; });
+    QList<const QAbstractButton *> buttons;
+    for (const RecoveryOption &step : steps) {
+        buttons.append(box.addButton(step.title, QMessageBox::ActionRole));
+    }
     box.exec();
-    return box.clickedButton() == quit;
+    if (box.clickedButton() == quit) {
+        return Choice::Quit;
+    }
+    if (const qsizetype chosen = buttons.indexOf(box.clickedButton()); chosen >= 0) {
+        steps[chosen].choose();
+    }
+    return choice;
 }

@@ -5,7 +5,6 @@
 #include <QtWidgets/QPushButton>
 
 #include "Application/SynchronizationMonitor.h"
-#include "Host/QVApplication.h"
 #include "Platform/Interface/TextLabel.h"
 
 namespace {
@@ -32,11 +31,7 @@ StatusLine::StatusLine(SynchronizationMonitor *monitor, QWidget *parent)
     m_stopButton->setToolTip(
         tr("Stop all synchronizations. The next one continues where they stopped."));
     connect(m_stopButton, &QPushButton::clicked, m_monitor, &SynchronizationMonitor::stop);
-    connect(m_detailsButton, &QPushButton::clicked, this, [this] {
-        if (const std::optional<Error> failure = m_monitor->summary().failure()) {
-            NSApp()->presentError(*failure);
-        }
-    });
+    connect(m_detailsButton, &QPushButton::clicked, this, &StatusLine::failureRequested);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 0, 8, 0);
     layout->addWidget(m_bar);

@@ -6,6 +6,7 @@
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVDropboxSessionManager.h"
 #include "Host/QVHourlySchedule.h"
+#include "Host/QVLocationEditing.h"
 #include "Host/QVRemoteDatabase.h"
 #include "Host/QVServedDatabase.h"
 #include "Host/QVSyncDispatcher.h"
@@ -38,6 +39,7 @@ QString QVDirectConnectionServer::lastConnectionText(const QString & /*client*/)
 }
 QVDropboxSession::~QVDropboxSession() = default;
 QVHourlySchedule::~QVHourlySchedule() = default;
+QVLocationEditing::~QVLocationEditing() = default;
 QVRemoteDatabase::~QVRemoteDatabase() = default;
 QVRemoteDatabaseMetadata::~QVRemoteDatabaseMetadata() = default;
 QVServedDatabase::~QVServedDatabase() = default;

@@ -9,10 +9,9 @@
 namespace {
 
 void edit(const std::shared_ptr<QVSyncLocation> &location) {
-    QVSyncPreferences *pane = QVSyncPreferences::preferences();
-    // Another pane, or another URL, than when the error was presented.
-    if (pane && LocationKind::ofURL(location->URL())) {
-        pane->editSyncLocation(location);
+    // Another pane than when the error was presented.
+    if (QVSyncPreferences *pane = QVSyncPreferences::preferences()) {
+        pane->editLocation(location);
     }
 }
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
 #include "Controller/Preferences/QVDropboxLocationEditor.h"
 #include "Controller/Preferences/QVFolderLocationEditor.h"
@@ -12,6 +14,7 @@
 #include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/MainQueue.h"
+#include "Platform/Interface/SheetWindow.h"
 #include "Platform/Interface/Workspace.h"
 
 namespace {
@@ -85,6 +88,17 @@ void QVSyncPreferences::addFolderLocation(const QVFolderLocationEditor &editor, 
 
 void QVSyncPreferences::editSyncLocation(const std::shared_ptr<QVSyncLocation> &location) {
     editLocationWithEditor(locationEditorForLocation(location));
+}
+
+bool QVSyncPreferences::editLocation(const std::shared_ptr<QVSyncLocation> &location) {
+    const auto sheets = mainView()->window()->findChildren<SheetWindow *>();
+    const bool hasSheet = std::any_of(sheets.begin(), sheets.end(),
+                                      [](const SheetWindow *each) { return each->isVisible(); });
+    if (hasSheet || !LocationKind::ofURL(location->URL())) {
+        return false;
+    }
+    editSyncLocation(location);
+    return true;
 }
 
 void QVSyncPreferences::editSelectedSyncLocation(QObject * /*sender*/) {

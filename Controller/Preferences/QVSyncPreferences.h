@@ -14,6 +14,7 @@
 #include "Controller/Preferences/QVSyncScheduleEditor.h"
 #include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
 #include "Controller/Preferences/QVSynchronizationSelection.h"
+#include "Host/QVLocationEditing.h"
 #include "Host/QVSyncPlugin.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "View/QVListView.h"
@@ -35,7 +36,8 @@ struct Notification;
 /// where a function says that they must not be null.
 class QVSyncPreferences : public PreferencePane,
                           public QVListViewDelegate,
-                          public QVSyncScheduleEditorDelegate {
+                          public QVSyncScheduleEditorDelegate,
+                          public QVLocationEditing {
     Q_OBJECT
     Q_PROPERTY(QString currentVersionString READ currentVersionString CONSTANT)
     /// The host's sync plug-in. Not owned; lives as long as the program.
@@ -191,6 +193,8 @@ public:
     /// Runs the editor of `location`, which must not be null and must have an editor: an
     /// AssertionFailure is raised otherwise.
     void editSyncLocation(const std::shared_ptr<QVSyncLocation> &location);
+    /// Runs the editor of `location`, unless it has none or another sheet is open.
+    bool editLocation(const std::shared_ptr<QVSyncLocation> &location) override;
     /// Runs the editor of the selected location.
     Q_SLOT void editSelectedSyncLocation(QObject *sender);
     /// Runs the editor of the row's location, if there is one. `selection` must not be null.
