@@ -6,6 +6,10 @@
 
 namespace {
 
+/// The first synchronization of large databases takes long.
+constexpr std::chrono::seconds SynchronizationTimeout(3600);
+constexpr std::chrono::seconds CommandTimeout(300);
+
 const QString VerifyCommand = QStringLiteral("verify");
 
 QString tr(const char *text) {
@@ -27,6 +31,17 @@ std::optional<ShellCommand> commandIn(QStringList arguments, bool json) {
         return {};
     }
     return ShellCommand{.name = *name, .arguments = arguments, .json = json};
+}
+
+std::chrono::seconds defaultTimeout(ShellCommand::Name name) {
+    return name == ShellCommand::Name::Synchronize ? SynchronizationTimeout : CommandTimeout;
+}
+
+/// Returns the number of seconds in `text`, and sets whether it is a valid one.
+std::chrono::seconds secondsIn(const QString &text, bool &isValid) {
+    const int seconds = text.toInt(&isValid);
+    isValid = isValid && seconds > 0;
+    return std::chrono::seconds(seconds);
 }
 
 }  // namespace
@@ -57,6 +72,13 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
            "Velmora must not be running with the same profile."));
     const QCommandLineOption json(QStringLiteral("json"),
                                   tr("With “verify” and “status”: print the result as JSON."));
+    const QCommandLineOption timeout(QStringLiteral("timeout"),
+                                     tr("With “sync”, “status” and “check”: give up after this "
+                                        "time and exit with 3. The default "
+                                        "is %1 for “sync” and %2 for the others.")
+                                         .arg(SynchronizationTimeout.count())
+                                         .arg(CommandTimeout.count()),
+                                     QStringLiteral("SECONDS"));
     parser.addPositionalArgument(
         VerifyCommand,
         tr("Check the profile and every sync location and print what was found, then exit with 0 "
@@ -78,7 +100,8 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
         tr("Check whether the location with this title or address can be read and written. Exits "
            "with 1 if it cannot."),
         QStringLiteral("| check LOCATION"));
-    parser.addOptions({profile, screenshot, describe, appearance, sandboxed, repair, json});
+    parser.addOptions(
+        {profile, screenshot, describe, appearance, sandboxed, repair, json, timeout});
     parser.process(arguments);
 
     LaunchOptions options;
@@ -91,6 +114,11 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
     options.repair = parser.isSet(repair);
     options.json = parser.isSet(json);
     options.command = commandIn(parser.positionalArguments(), options.json);
+    bool isTimeoutKnown = options.command || !parser.isSet(timeout);
+    if (options.command) {
+        options.timeout = parser.isSet(timeout) ? secondsIn(parser.value(timeout), isTimeoutKnown)
+                                                : defaultTimeout(options.command->name);
+    }
     options.appearance = parser.value(appearance);
     options.hasNoDisplay = !hasDisplay();
     const QStringList switches{QStringLiteral("off"), QStringLiteral("on")};
@@ -108,7 +136,8 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
         isTask ? !options.describe && options.screenshot.isEmpty() && !options.sandboxed &&
                      (options.verify || !options.repair)
                : parser.positionalArguments().isEmpty() && !options.repair && !options.json;
-    if (!isAppearanceKnown || !isSandboxKnown || options.profile.isEmpty() || !isCommandKnown) {
+    if (!isAppearanceKnown || !isSandboxKnown || !isTimeoutKnown || options.profile.isEmpty() ||
+        !isCommandKnown) {
         parser.showHelp(parser.positionalArguments().isEmpty() ? EXIT_FAILURE
                                                                : ShellResult::NotDone);
     }

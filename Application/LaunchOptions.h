@@ -2,6 +2,7 @@
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>
+#include <chrono>
 #include <optional>
 
 #include "Application/ShellCommand.h"
@@ -24,6 +25,8 @@ struct LaunchOptions {
     bool json = false;
     /// What to do with the profile; never set together with the other tasks.
     std::optional<ShellCommand> command;
+    /// The maximum duration of the command.
+    std::chrono::seconds timeout{0};
     /// "light", "dark", or empty for the desktop's colors.
     QString appearance;
     /// Whether the profile is sandboxed from now on; empty leaves the setting unchanged. Never set

@@ -105,8 +105,8 @@ bool RunningInstance::raise(const QString &profile) {
     return socket.waitForReadyRead(Timeout) && socket.read(1) == QByteArray(1, Confirmation);
 }
 
-std::optional<ShellResult> RunningInstance::ask(const QString &profile,
-                                                const ShellCommand &command) {
+std::optional<ShellResult> RunningInstance::ask(const QString &profile, const ShellCommand &command,
+                                                const QDeadlineTimer &deadline) {
     QLocalSocket socket;
     socket.connectToServer(socketPath(profile));
     if (!socket.waitForConnected(Timeout)) {
@@ -114,10 +114,16 @@ std::optional<ShellResult> RunningInstance::ask(const QString &profile,
     }
     socket.write(command.toLine());
     QByteArray line;
-    while (!line.endsWith('\n') && socket.waitForReadyRead(-1)) {
+    while (!line.endsWith('\n') &&
+           socket.waitForReadyRead(static_cast<int>(deadline.remainingTime()))) {
         line += socket.readAll();
     }
     line += socket.readAll();
+    if (!line.endsWith('\n') && socket.state() == QLocalSocket::ConnectedState) {
+        return ShellResult::timedOut(tr(
+            "Velmora, which is running, takes too long and continues with the command. Try again "
+            "later, or state a longer time with --timeout."));
+    }
     return ShellResult::fromLine(line).value_or(
         ShellResult::failed(tr("Velmora has ended before the command was completed. Try again.")));
 }

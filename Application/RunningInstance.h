@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QObject>
 #include <QtNetwork/QLocalServer>
 #include <functional>
@@ -33,8 +34,10 @@ public:
     static bool raise(const QString &profile);
     /// Asks the process that shows the windows of the profile in the folder `profile` to carry out
     /// `command`. Returns the result; empty if there is no such process. If it ends meanwhile, the
-    /// result says so. Blocks until the command has ended.
-    static std::optional<ShellResult> ask(const QString &profile, const ShellCommand &command);
+    /// result says so. Blocks until the command has ended, or `deadline` has expired: the result is
+    /// then empty, too, if there was no connection yet, and ShellResult::TimedOut otherwise.
+    static std::optional<ShellResult> ask(const QString &profile, const ShellCommand &command,
+                                          const QDeadlineTimer &deadline);
 
     using Reply = std::function<void(const ShellResult &result)>;
 

@@ -37,6 +37,8 @@ struct ShellResult {
         Problems,
         /// The command could not be carried out.
         NotDone,
+        /// The command has not ended in time.
+        TimedOut,
     };
 
     int exitCode = NotDone;
@@ -47,8 +49,9 @@ struct ShellResult {
 
     bool operator==(const ShellResult &) const = default;
 
-    /// Returns a result without output.
+    /// Return a result without output.
     static ShellResult failed(const QString &errors) { return {NotDone, {}, errors}; }
+    static ShellResult timedOut(const QString &errors) { return {TimedOut, {}, errors}; }
     /// As those of ShellCommand.
     QByteArray toLine() const;
     static std::optional<ShellResult> fromLine(const QByteArray &line);

@@ -6,8 +6,10 @@
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QThread>
+#include <QtCore/QTimer>
 #include <chrono>
 #include <cstdio>
+#include <memory>
 
 #include "Application/Interface/SyncPlugIn.h"
 #include "Application/LaunchOptions.h"
@@ -36,7 +38,7 @@ void print(const ShellResult &result) {
 }
 
 ShellResult runHere(VelmoraApplication &application, const LaunchOptions &options,
-                    const NoteLibrary &library) {
+                    const NoteLibrary &library, const QDeadlineTimer &deadline) {
     if (options.command->name == ShellCommand::Name::Synchronize) {
         if (const auto opened =
                 application.eventLog()->open(LogFile::pathInProfile(options.profile));
@@ -44,13 +46,20 @@ ShellResult runHere(VelmoraApplication &application, const LaunchOptions &option
             TerminalText::printError(opened.error().localizedDescription);
         }
     }
-    ShellResult result;
-    ShellCommandRunner::run(*options.command, library, [&](const ShellResult &reached) {
-        result = reached;
+    // The command may end after the time for it.
+    const auto result = std::make_shared<ShellResult>(ShellResult::timedOut(
+        commandLineText(
+            "The command takes longer than the allowed %1 s and was stopped. Try again, or "
+            "state a longer time with --timeout.")
+            .arg(options.timeout.count())));
+    ShellCommandRunner::run(*options.command, library, [result](const ShellResult &reached) {
+        *result = reached;
         QCoreApplication::quit();
     });
+    QTimer::singleShot(std::chrono::milliseconds(deadline.remainingTime()), qApp,
+                       &QCoreApplication::quit);
     QCoreApplication::exec();
-    return result;
+    return *result;
 }
 
 ShellResult resultOf(VelmoraApplication &application, const LaunchOptions &options,
@@ -62,10 +71,11 @@ ShellResult resultOf(VelmoraApplication &application, const LaunchOptions &optio
                 .arg(options.profile));
     }
     const bool isSync = options.command->name == ShellCommand::Name::Synchronize;
+    const QDeadlineTimer end(options.timeout);
     const QDeadlineTimer deadline(ProfileTimeout);
     Expected<void> opened;
     do {
-        if (const auto answered = RunningInstance::ask(options.profile, *options.command)) {
+        if (const auto answered = RunningInstance::ask(options.profile, *options.command, end)) {
             return *answered;
         }
         opened =
@@ -78,7 +88,7 @@ ShellResult resultOf(VelmoraApplication &application, const LaunchOptions &optio
         return ShellResult::failed(opened.error().localizedDescription);
     }
     application.setLibrary(sync.library());
-    ShellResult result = runHere(application, options, *sync.library());
+    ShellResult result = runHere(application, options, *sync.library(), end);
     application.setLibrary(nullptr);
     return result;
 }
