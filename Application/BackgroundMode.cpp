@@ -1,6 +1,8 @@
 #include "Application/BackgroundMode.h"
 
 #include <QtCore/QDateTime>
+#include <QtCore/QPointer>
+#include <QtDBus/QDBusConnection>
 #include <QtGui/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QSystemTrayIcon>
@@ -27,7 +29,10 @@ constexpr std::chrono::seconds PauseCheck(30);
 const QString BackgroundMode::Key = QStringLiteral("QVKeepSynchronizingInBackground");
 
 BackgroundMode::BackgroundMode(MainWindow *window, QuitGuard *guard, SyncPlugIn *sync)
-    : m_window(window), m_guard(guard), m_sync(sync) {
+    : m_window(window),
+      m_guard(guard),
+      m_sync(sync),
+      m_panel(QStringLiteral("org.kde.StatusNotifierWatcher"), QDBusConnection::sessionBus()) {
     m_action = new QAction(tr("Keep Synchronizing in the &Background"), this);
     m_action->setCheckable(true);
     m_window->addToolsAction(m_action);
@@ -39,8 +44,8 @@ BackgroundMode::BackgroundMode(MainWindow *window, QuitGuard *guard, SyncPlugIn 
     if (!isChosen) {
         NSApp()->presentError(isChosen.error());
     }
-    const bool isEnabled = isChosen.value_or(false) && QSystemTrayIcon::isSystemTrayAvailable();
-    m_action->setChecked(isEnabled);
+    const bool isWanted = isChosen.value_or(false);
+    m_action->setChecked(isWanted);
     connect(m_action, &QAction::toggled, this, &BackgroundMode::setEnabled);
     connect(m_window->monitor(), &SynchronizationMonitor::changed, this,
             &BackgroundMode::notifyOfChanges);
@@ -48,13 +53,19 @@ BackgroundMode::BackgroundMode(MainWindow *window, QuitGuard *guard, SyncPlugIn 
             [this](const QString &text) { notify(tr("Velmora asks for a decision"), text); });
     m_hasFailed = m_window->monitor()->summary().failure().has_value();
     m_conflicts = countOfConflicts().value_or(0);
-    apply(isEnabled);
+    connect(&m_panel, &QDBusServiceWatcher::serviceUnregistered, this, &BackgroundMode::losePanel);
+    connect(&m_panel, &QDBusServiceWatcher::serviceRegistered, this, &BackgroundMode::findPanel);
+    apply(isWanted && hasPlace());
+    if (isWanted && !m_icon) {
+        // Later, when the window is shown.
+        QMetaObject::invokeMethod(this, &BackgroundMode::presentMissingPlace, Qt::QueuedConnection);
+    }
 }
 
 BackgroundMode::~BackgroundMode() = default;
 
 void BackgroundMode::setEnabled(bool isEnabled) {
-    if (isEnabled && !QSystemTrayIcon::isSystemTrayAvailable()) {
+    if (isEnabled && !hasPlace()) {
         m_action->setChecked(false);
         NSApp()->presentError({.domain = QStringLiteral("Velmora"),
                                .localizedDescription =
@@ -63,10 +74,42 @@ void BackgroundMode::setEnabled(bool isEnabled) {
                                       "settings and try again.")});
         return;
     }
-    if (isEnabled != (m_icon != nullptr)) {
-        presentIfFailed(UserDefaults::setValue(Key, isEnabled));
-        apply(isEnabled);
+    presentIfFailed(UserDefaults::setValue(Key, isEnabled));
+    apply(isEnabled);
+}
+
+bool BackgroundMode::hasPlace() const {
+    return QSystemTrayIcon::isSystemTrayAvailable() && !m_hasLostPanel;
+}
+
+void BackgroundMode::losePanel() {
+    m_hasLostPanel = true;
+    if (m_icon) {
+        apply(false);
+        m_window->show();
+        presentMissingPlace();
     }
+}
+
+void BackgroundMode::findPanel() {
+    m_hasLostPanel = false;
+    if (m_action->isChecked() && !m_icon && hasPlace()) {
+        apply(true);
+    }
+}
+
+void BackgroundMode::presentMissingPlace() {
+    NSApp()->presentError(
+        {.domain = QStringLiteral("Velmora"),
+         .localizedDescription =
+             tr("Velmora cannot stay in the background at present, because the desktop shows no "
+                "icons of programs. It ends when its window is closed. Turn the icons on in the "
+                "desktop's settings, and start Velmora again."),
+         .recoveryOptions = {{tr("Do Not Stay in the Background"), [action = QPointer(m_action)] {
+                                  if (action) {
+                                      action->setChecked(false);
+                                  }
+                              }}}});
 }
 
 void BackgroundMode::apply(bool isEnabled) {

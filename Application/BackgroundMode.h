@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QTimer>
+#include <QtDBus/QDBusServiceWatcher>
 #include <memory>
 
 #include "Platform/Foundation/Expected.h"
@@ -13,7 +14,8 @@ class TrayIcon;
 
 /// The setting to keep Velmora running when its window is closed, with an icon in the desktop's
 /// panel and notifications of what needs the user. It is off until the user turns it on in the
-/// window's menu. Must be used on the main thread.
+/// window's menu. Without a place for the icon, the window stays, closing it ends the program, and
+/// the user reads why. Must be used on the main thread.
 class BackgroundMode : public QObject {
     Q_OBJECT
 public:
@@ -29,7 +31,16 @@ private:
     /// Applies and saves the setting. Refused with a message if the desktop has no place for the
     /// icon.
     void setEnabled(bool isEnabled);
+    /// Makes or removes the icon; the window can be hidden only while there is one.
     void apply(bool isEnabled);
+    /// Returns whether the desktop has a place for the icon.
+    bool hasPlace() const;
+    /// The desktop's panel has ended: shows the window, which would be out of reach otherwise.
+    void losePanel();
+    /// The desktop's panel has started.
+    void findPanel();
+    /// Presents why Velmora does not stay in the background, although the user has chosen that.
+    void presentMissingPlace();
     void makeIcon();
     void synchronizeAll();
     /// Pauses the automatic synchronizations; an invalid date resumes them.
@@ -48,6 +59,9 @@ private:
     QAction *m_hideAction = nullptr;
     /// Null while the setting is off.
     std::unique_ptr<TrayIcon> m_icon;
+    QDBusServiceWatcher m_panel;
+    /// Qt does not notice that the panel has ended.
+    bool m_hasLostPanel = false;
     /// Ends the pause.
     QTimer m_pauseTimer;
     bool m_hasFailed = false;
