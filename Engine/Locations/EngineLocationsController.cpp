@@ -2,6 +2,8 @@
 
 #include <QtCore/QUuid>
 
+#include "Engine/Locations/EngineLocationFormatter.h"
+#include "Engine/Locations/FailureText.h"
 #include "Engine/Locations/ResultColumns.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileSettings.h"
@@ -80,8 +82,14 @@ Expected<void> EngineLocationsController::loadStates() {
             .arg(ResultColumns::Names),
         {}, [&](const QSqlQuery &row) {
             if (EngineSyncLocation *location = locations.value(row.value(0).toString())) {
-                location->restoreState(row.value(1).toString(), row.value(2).toString(),
-                                       stateValues(row));
+                EngineSyncState::Values values = stateValues(row);
+                if (values.lastResult) {
+                    FailureText::localize(
+                        *values.lastResult, row.value(2).toString(),
+                        EngineLocationFormatter(location->URL(), location->kind(), syncLocations())
+                            .title());
+                }
+                location->restoreState(row.value(1).toString(), row.value(2).toString(), values);
             }
         });
 }

@@ -8,6 +8,7 @@
 #include "Engine/Locations/EngineLocationsController.h"
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Engine/Locations/FailureSummary.h"
+#include "Engine/Locations/FailureText.h"
 #include "Engine/Locations/ResultColumns.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -26,12 +27,6 @@ constexpr qsizetype MostReported = 20;
 QString successText(SyncJob::Kind kind) {
     return kind == SyncJob::Kind::CleanUp ? localizedSyncString("“%1” was cleaned up at “%2”.")
                                           : localizedSyncString("“%1” was synchronized with “%2”.");
-}
-
-QString failureText(SyncJob::Kind kind) {
-    return kind == SyncJob::Kind::CleanUp
-               ? localizedSyncString("“%1” could not be cleaned up at “%2”: %3")
-               : localizedSyncString("“%1” could not be synchronized with “%2”: %3");
 }
 
 QString activityText(SyncJob::Kind kind, bool isRunning) {
@@ -401,9 +396,9 @@ QVSyncResult EngineDispatcher::resultOf(const Entry &entry, const QDateTime &dat
 }
 
 QString EngineDispatcher::failureOf(const Entry &entry) const {
-    return failureText(entry.job->kind())
-        .arg(nameOf(entry.job->subject()), entry.title,
-             entry.job->result().error().localizedDescription);
+    return FailureText::of(entry.job->kind() == SyncJob::Kind::CleanUp,
+                           nameOf(entry.job->subject()), entry.title,
+                           entry.job->result().error().localizedDescription);
 }
 
 void EngineDispatcher::saveResult(const EngineSyncState &state) {
