@@ -75,8 +75,23 @@ void useOffscreenDisplay(const QString &folder) {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName().toUtf8());
 }
 
+/// Says which steps the tour does not take, and why.
+void printOmissions(const Tour::Surroundings &surroundings) {
+    if (surroundings.nameInNetwork.isEmpty()) {
+        std::fprintf(stderr,
+                     "Left out: finding the other computer in the local network, because a network "
+                     "of its own needs root and namespaces. Its address is entered instead.\n");
+    }
+    if (!surroundings.hasPrivateMounts) {
+        std::fprintf(stderr,
+                     "Left out: a disk that is full and one that is read-only, because mounting "
+                     "them needs root and namespaces.\n");
+    }
+}
+
 /// Takes the tour while the windows live, and writes its page.
 int walk(const Tour::Surroundings &surroundings, TourPage &page) {
+    printOmissions(surroundings);
     QString failure;
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
