@@ -84,8 +84,8 @@
         <translation>„%1“ kann gelesen, aber nicht beschrieben werden. %2</translation>
     </message>
     <message>
-        <source>“%1” did not respond in time. Check that it is available, and try again.</source>
-        <translation>„%1“ hat nicht rechtzeitig geantwortet. Prüfen Sie, ob der Ort verfügbar ist, und versuchen Sie es erneut.</translation>
+        <source>“%1” takes too long to respond. Check whether it is available, and try again.</source>
+        <translation>„%1“ antwortet nicht rechtzeitig. Prüfen Sie, ob der Ort verfügbar ist, und versuchen Sie es erneut.</translation>
     </message>
     <message>
         <source>Edit Location…</source>
@@ -188,10 +188,6 @@
         <translation>%1 synchronisiert</translation>
     </message>
     <message>
-        <source>synchronized %1, items that failed: %2</source>
-        <translation>%1 synchronisiert, fehlgeschlagene Objekte: %2</translation>
-    </message>
-    <message>
         <source>Synchronized with %1 of %2 locations · %3</source>
         <translation>Mit %1 von %2 Orten synchronisiert · %3</translation>
     </message>
@@ -206,10 +202,6 @@
     <message>
         <source>Not yet synchronized with the ticked locations</source>
         <translation>Noch nicht mit den angekreuzten Orten synchronisiert</translation>
-    </message>
-    <message>
-        <source>Further locations that failed: %1</source>
-        <translation>Weitere fehlgeschlagene Orte: %1</translation>
     </message>
     <message>
         <source>Tick a location first. A schedule belongs to the locations that are ticked.</source>
@@ -1468,8 +1460,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Sie können dieses Fenster jetzt schließen und zu Velmora zurückkehren.</translation>
     </message>
     <message>
-        <source>Velmora did not request this page.</source>
-        <translation>Velmora hat diese Seite nicht angefordert.</translation>
+        <source>Velmora has not requested this page. Close it, and connect to Dropbox again in Velmora.</source>
+        <translation>Velmora hat diese Seite nicht angefordert. Schließen Sie sie, und stellen Sie die Verbindung zu Dropbox in Velmora erneut her.</translation>
     </message>
     <message>
         <source>Access to Dropbox was denied in the web browser. Try again and allow it.</source>
@@ -1610,6 +1602,38 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>A schedule of “%1” was missed while Velmora was closed, and is made up for now.</source>
         <translation>Ein Zeitplan von „%1“ wurde versäumt, während Velmora beendet war, und wird jetzt nachgeholt.</translation>
+    </message>
+    <message>
+        <source>Waiting to clean up “%1” at “%2”…</source>
+        <translation>„%1“ wird bald an „%2“ aufgeräumt …</translation>
+    </message>
+    <message>
+        <source>Waiting to synchronize “%1” with “%2”…</source>
+        <translation>„%1“ wird bald mit „%2“ synchronisiert …</translation>
+    </message>
+    <message>
+        <source>synchronized %1, but 1 item failed</source>
+        <translation>%1 synchronisiert, aber 1 Objekt ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>synchronized %1, but %2 items failed</source>
+        <translation>%1 synchronisiert, aber %2 Objekte sind fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Synchronized %1, but some items failed</source>
+        <translation>%1 synchronisiert, aber einige Objekte sind fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Further failures: %1</source>
+        <translation>Weitere Fehler: %1</translation>
+    </message>
+    <message>
+        <source>Some items of “%1” could not be synchronized with “%2”. Open the log to see which.</source>
+        <translation>Einige Objekte von „%1“ konnten nicht mit „%2“ synchronisiert werden. Öffnen Sie das Protokoll, um zu sehen, welche.</translation>
+    </message>
+    <message>
+        <source>Time: %1</source>
+        <translation>Zeitpunkt: %1</translation>
     </message>
 </context>
 <context>

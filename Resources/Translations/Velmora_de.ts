@@ -326,6 +326,10 @@
         <source>Check whether the location with this title or address can be read and written. Exits with 1 if it cannot.</source>
         <translation>Prüfen, ob der Ort mit diesem Titel oder dieser Adresse gelesen und geschrieben werden kann. Der Endestatus ist 1, wenn nicht.</translation>
     </message>
+    <message>
+        <source>With “sync”, “status” and “check”: give up after this time and exit with 3. The default is %1 for “sync” and %2 for the others.</source>
+        <translation>Mit „sync“, „status“ und „check“: nach dieser Zeit aufgeben und mit 3 enden. Die Vorgabe ist %1 für „sync“ und %2 für die anderen.</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>
@@ -686,6 +690,10 @@
         <source>Velmora has ended before the command was completed. Try again.</source>
         <translation>Velmora wurde beendet, bevor der Befehl ausgeführt war. Versuchen Sie es erneut.</translation>
     </message>
+    <message>
+        <source>Velmora, which is running, takes too long and continues with the command. Try again later, or state a longer time with --timeout.</source>
+        <translation>Das laufende Velmora braucht zu lange und fährt mit dem Befehl fort. Versuchen Sie es später erneut, oder geben Sie mit --timeout eine längere Zeit an.</translation>
+    </message>
 </context>
 <context>
     <name>main</name>
@@ -704,10 +712,6 @@
 </context>
 <context>
     <name>SynchronizationSummary</name>
-    <message>
-        <source>Some items of “%1” could not be synchronized with “%2”. Open the log to see which.</source>
-        <translation>Einige Objekte von „%1“ konnten nicht mit „%2“ synchronisiert werden. Öffnen Sie das Protokoll, um zu sehen, welche.</translation>
-    </message>
     <message>
         <source>%1 · next: %2</source>
         <translation>%1 · nächste: %2</translation>
@@ -739,10 +743,6 @@
     <message>
         <source>“%1” is not synchronized with “%2”</source>
         <translation>„%1“ ist nicht mit „%2“ synchronisiert</translation>
-    </message>
-    <message>
-        <source>Further failures: %1</source>
-        <translation>Weitere Fehler: %1</translation>
     </message>
 </context>
 <context>
@@ -853,6 +853,10 @@
         <source>There is no profile in the folder “%1”. State another one with --profile.</source>
         <translation>Im Ordner „%1“ ist kein Profil. Geben Sie mit --profile ein anderes an.</translation>
     </message>
+    <message>
+        <source>The command takes longer than the allowed %1 s and was stopped. Try again, or state a longer time with --timeout.</source>
+        <translation>Der Befehl dauert länger als die erlaubten %1 s und wurde angehalten. Versuchen Sie es erneut, oder geben Sie mit --timeout eine längere Zeit an.</translation>
+    </message>
 </context>
 <context>
     <name>ShellCommandRunner</name>
@@ -882,15 +886,15 @@
     </message>
     <message>
         <source>There is no database “%1”. “velmora --describe” lists all.</source>
-        <translation>Es gibt keine Datenbank „%1“. „velmora --describe“ nennt alle.</translation>
+        <translation>Es gibt keine Datenbank „%1“. Geben Sie Titel oder Adresse eines dieser Orte an:</translation>
     </message>
     <message>
         <source>Nothing is synchronized. Tick a location in Sync Preferences first.</source>
         <translation>Nichts wird synchronisiert. Wählen Sie zuerst in den Sync-Einstellungen einen Ort aus.</translation>
     </message>
     <message>
-        <source>There is no location “%1”. “velmora --describe” lists all.</source>
-        <translation>Es gibt keinen Ort „%1“. „velmora --describe“ nennt alle.</translation>
+        <source>There is no location “%1”. State the title or address of one of these:</source>
+        <translation>Es gibt keinen Ort „%1“. Geben Sie Titel oder Adresse eines dieser Orte an:</translation>
     </message>
 </context>
 <context>
@@ -953,6 +957,29 @@
     <message>
         <source>&amp;Hide Window</source>
         <translation>Fenster &amp;verbergen</translation>
+    </message>
+    <message>
+        <source>Velmora cannot stay in the background at present, because the desktop shows no icons of programs. It ends when its window is closed. Turn the icons on in the desktop's settings, and start Velmora again.</source>
+        <translation>Velmora kann zurzeit nicht im Hintergrund bleiben, weil die Arbeitsumgebung keine Symbole von Programmen zeigt. Es endet, wenn sein Fenster geschlossen wird. Schalten Sie die Symbole in den Einstellungen der Arbeitsumgebung ein, und starten Sie Velmora neu.</translation>
+    </message>
+    <message>
+        <source>Do Not Stay in the Background</source>
+        <translation>Nicht im Hintergrund bleiben</translation>
+    </message>
+</context>
+<context>
+    <name>FailureSteps</name>
+    <message>
+        <source>Edit Location…</source>
+        <translation>Ort bearbeiten …</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Show Folder</source>
+        <translation>Ordner zeigen</translation>
     </message>
 </context>
 </TS>

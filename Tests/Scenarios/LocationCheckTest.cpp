@@ -294,8 +294,8 @@ private Q_SLOTS:
         m_panel->find<LocationCheck>("locationCheck")->setTimeout(std::chrono::milliseconds(300));
         checkToTheEnd();
         QCOMPARE(presented(),
-                 QStringList{QStringLiteral("“127.0.0.1 – Shared” did not respond in time. Check "
-                                            "that it is available, and try again.")});
+                 QStringList{QStringLiteral("“127.0.0.1 – Shared” takes too long to respond. "
+                                            "Check whether it is available, and try again.")});
     }
 };
 

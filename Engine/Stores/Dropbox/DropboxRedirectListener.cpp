@@ -100,8 +100,10 @@ void DropboxRedirectListener::answer(QTcpSocket *socket, const QByteArray &reque
         socket->write(httpAnswer(
             "200 OK", localizedSyncString("You can close this window now and return to Velmora.")));
     } else {
-        socket->write(httpAnswer(redirect ? "400 Bad Request" : "404 Not Found",
-                                 localizedSyncString("Velmora did not request this page.")));
+        socket->write(
+            httpAnswer(redirect ? "400 Bad Request" : "404 Not Found",
+                       localizedSyncString("Velmora has not requested this page. Close it, "
+                                           "and connect to Dropbox again in Velmora.")));
     }
     socket->disconnectFromHost();
     if (socket->state() != QAbstractSocket::UnconnectedState) {
