@@ -3,11 +3,15 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
+#include <QtCore/QUuid>
 #include <QtNetwork/QLocalSocket>
+#include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlQuery>
 
 #include "Engine/Profile/ProfileLock.h"
 #include "Support/Patience.h"
 #include "Support/ProgramRun.h"
+#include "Support/ScriptedServer.h"
 #include "Support/TestMain.h"
 
 /// Runs "velmora sync", "status" and "check" as a user or a script would.
@@ -51,6 +55,31 @@ class ShellCommandTest : public QObject {
         return run(QStringList{QStringLiteral("sync")} + databases);
     }
     Run status() const { return run({QStringLiteral("status")}); }
+
+    /// Runs a statement on the profile, which no process uses.
+    void change(const QString &statement) const { changeProfile(profile(), statement); }
+    static void changeProfile(const QString &folder, const QString &statement) {
+        const QString connection = QStringLiteral("shell-command-test");
+        {
+            auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+            database.setDatabaseName(folder + QStringLiteral("/profile.sqlite"));
+            QVERIFY(database.open());
+            QVERIFY(QSqlQuery(database).exec(statement));
+        }
+        QSqlDatabase::removeDatabase(connection);
+    }
+    void setAddressOfHome(const QString &address) const {
+        change(QStringLiteral("UPDATE locations SET url = '%1'").arg(address));
+    }
+    void addLocation(const QString &address) const {
+        change(QStringLiteral("INSERT INTO locations VALUES ('%1', 9, '%2')")
+                   .arg(QUuid::createUuid().toString(QUuid::WithoutBraces), address));
+    }
+
+    static QJsonArray databases(const Run &description) {
+        return QJsonDocument::fromJson(description.output.toUtf8())[QStringLiteral("databases")]
+            .toArray();
+    }
 
     QStringList sockets() const {
         return QDir(runtimeFolder())
@@ -183,6 +212,81 @@ private Q_SLOTS:
         QVERIFY(unknown.errors.contains(QStringLiteral("“Away”")));
     }
 
+    void theExamplesOfTwoComputersBecomeOne() {
+        const QString other = m_folder->filePath(QStringLiteral("other"));
+        const auto runOther = [&](const QString &command) {
+            return Run::of(QStringLiteral(VELMORA), {QStringLiteral("--profile"), other, command},
+                           environment());
+        };
+        const QJsonArray before = databases(runOther(QStringLiteral("--describe")));
+        QCOMPARE(before.size(), 3);
+        changeProfile(other,
+                      QStringLiteral("UPDATE locations SET url = '%1'")
+                          .arg(QString::fromLatin1(QUrl::fromLocalFile(store()).toEncoded())));
+        QCOMPARE(sync().exitCode, 0);
+        QCOMPARE(runOther(QStringLiteral("sync")).exitCode, 0);
+        QCOMPARE(sync().exitCode, 0);
+        const QJsonArray there = databases(runOther(QStringLiteral("--describe")));
+        const QJsonArray here = databases(run({QStringLiteral("--describe")}));
+        QCOMPARE(there.size(), 3);
+        QCOMPARE(here.size(), 3);
+        for (const QJsonArray &after : {there, here}) {
+            for (const auto &key : {QStringLiteral("name"), QStringLiteral("notes")}) {
+                QCOMPARE(after[1][key], before[1][key]);
+            }
+        }
+    }
+
+    void aScheduleThatWasMissedIsMadeUpFor() {
+        // Not during the test.
+        const int hour = (QTime::currentTime().hour() + 12) % 24;
+        change(QStringLiteral("UPDATE states SET schedule = 'daily', schedule_minutes = %1")
+                   .arg(hour * 60));
+        terminate(*startWindows());
+        QCOMPARE(transactions(), QStringList());
+        change(
+            QStringLiteral("UPDATE settings SET value = value - 172800000"
+                           " WHERE key = 'lastScheduleCheck'"));
+        const auto program = startWindows();
+        QTRY_VERIFY_WITH_TIMEOUT(!transactions().isEmpty(), Patience);
+        terminate(*program);
+    }
+
+    void aCommandHasALimit() {
+        const ScriptedServer silent(
+            [](ScriptedServer::Connection &connection) { connection.waitUntilClosed(); });
+        setAddressOfHome(silent.URLText(QStringLiteral("Shared.qvSyncStore")));
+        const QStringList limit{QStringLiteral("--timeout"), QStringLiteral("1")};
+        for (const QStringList &command :
+             {QStringList{QStringLiteral("sync")},
+              QStringList{QStringLiteral("check"), QStringLiteral("127.0.0.1 – Shared")}}) {
+            const Run here = run(command + limit);
+            QCOMPARE(here.exitCode, 3);
+            QVERIFY2(here.errors.startsWith(
+                         QStringLiteral("The command takes longer than the allowed 1 s")),
+                     qPrintable(here.errors));
+        }
+        const auto program = startWindows();
+        const Run asked = run(QStringList{QStringLiteral("sync")} + limit);
+        QCOMPARE(asked.exitCode, 3);
+        QVERIFY2(asked.errors.contains(QStringLiteral("continues with the command")),
+                 qPrintable(asked.errors));
+        terminate(*program);
+    }
+
+    void storesOfOneNameAreCheckedByTheirAddress() {
+        addLocation(QStringLiteral("http://127.0.0.1:1/a/Shared.qvSyncStore"));
+        addLocation(QStringLiteral("http://127.0.0.1:1/b/Shared.qvSyncStore"));
+        const Run ambiguous = run({QStringLiteral("check"), QStringLiteral("127.0.0.1 – Shared")});
+        QCOMPARE(ambiguous.exitCode, 2);
+        QVERIFY2(ambiguous.errors.contains(
+                     QStringLiteral("\nhttp://127.0.0.1:1/b/Shared.qvSyncStore\n")),
+                 qPrintable(ambiguous.errors));
+        const Run one = run(
+            {QStringLiteral("check"), QStringLiteral("http://127.0.0.1:1/b/Shared.qvSyncStore")});
+        QCOMPARE(one.exitCode, 1);
+    }
+
     void aRunningProgramIsAsked() {
         const auto program = startWindows();
         const Run done = sync();
@@ -233,6 +337,10 @@ private Q_SLOTS:
         for (const QStringList &arguments :
              {QStringList{QStringLiteral("status"), QStringLiteral("all")},
               QStringList{QStringLiteral("check")},
+              QStringList{QStringLiteral("status"), QStringLiteral("--timeout"),
+                          QStringLiteral("0")},
+              QStringList{QStringLiteral("verify"), QStringLiteral("--timeout"),
+                          QStringLiteral("9")},
               QStringList{QStringLiteral("sync"), QStringLiteral("--json")},
               QStringList{QStringLiteral("status"), QStringLiteral("--repair")}}) {
             QCOMPARE(run(arguments).exitCode, 2);
