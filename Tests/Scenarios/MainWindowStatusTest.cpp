@@ -55,6 +55,13 @@ class MainWindowStatusTest : public QObject {
         m_host->engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
             states);
     }
+    static QStringList titles(const QList<RecoveryOption> &options) {
+        QStringList titles;
+        for (const RecoveryOption &option : options) {
+            titles.append(option.title);
+        }
+        return titles;
+    }
     void addNote() {
         Note note{{}, QStringLiteral("Title"), QStringLiteral("Text"), {}};
         QVERIFY(m_database->saveNote(note));
@@ -144,13 +151,63 @@ private Q_SLOTS:
         QPushButton *details = button(QStringLiteral("What Failed…"));
         QVERIFY(details->isVisible());
         details->click();
-        QVERIFY(m_host->application().presentedErrors().last().localizedDescription.startsWith(
+        const Error presented = m_host->application().presentedErrors().last();
+        QVERIFY(presented.localizedDescription.startsWith(
             QStringLiteral("“Projects” could not be synchronized with “Store 1”: ")));
+        QVERIFY2(presented.details.startsWith(
+                     QStringLiteral("Address: %1\nTime: ").arg(location->URL().absoluteString())),
+                 qPrintable(presented.details));
+        QCOMPARE(titles(presented.recoveryOptions),
+                 QStringList({QStringLiteral("Edit Location…"), QStringLiteral("Try Again"),
+                              QStringLiteral("Show Folder")}));
         QVERIFY(QDir().mkpath(location->URL().path() + QStringLiteral("/databases")));
         QVERIFY(QDir().mkpath(location->URL().path() + QStringLiteral("/transactions")));
-        synchronize({state});
+        presented.recoveryOptions[1].choose();
         QTRY_COMPARE(status(), QStringLiteral("All up to date"));
         QVERIFY(!details->isVisible());
+    }
+
+    void failuresAtSeveralLocationsAreTriedAgainTogether() {
+        QVERIFY(QDir(tick(m_host->addLocation())->destination()->URL().path()).removeRecursively());
+        QVERIFY(QDir(tick(m_host->addLocation())->destination()->URL().path()).removeRecursively());
+        QVERIFY(QDir(m_host->directory()).exists());
+        synchronize(m_host->locations().syncLocations()[0]->synchronizationStates() +
+                    m_host->locations().syncLocations()[1]->synchronizationStates());
+        QTRY_COMPARE(status(), QStringLiteral("2 of 2 synchronizations failed"));
+        button(QStringLiteral("What Failed…"))->click();
+        QCOMPARE(titles(m_host->application().presentedErrors().last().recoveryOptions),
+                 QStringList{QStringLiteral("Try Again")});
+    }
+
+    void whatWaitsForAStoppedSynchronizationIsShown() {
+        const auto state = tickSilentServer();
+        const auto other = m_host->addDatabase(QStringLiteral("Recipes"));
+        const auto second = m_host->addState(state->destination(), other);
+        second->setEnabled(true);
+        synchronize({state, second});
+        QTRY_COMPARE(m_silent->connections(), 1);
+        state->setEnabled(false);
+        QCOMPARE(status(),
+                 QStringLiteral("Waiting to synchronize “Recipes” with “127.0.0.1 – Shared”…"));
+        QVERIFY(button(QStringLiteral("Stop"))->isVisible());
+        QTRY_COMPARE(status(),
+                     QStringLiteral("Synchronizing “Recipes” with “127.0.0.1 – Shared”…"));
+        button(QStringLiteral("Stop"))->click();
+        QVERIFY(!m_window->monitor()->isRunning());
+    }
+
+    void storesOfOneNameAreToldApart() {
+        const QString first = QStringLiteral("http://ida@127.0.0.1:1/a/Shared.qvSyncStore");
+        const QString second = QStringLiteral("http://127.0.0.1:2/b/Shared.qvSyncStore");
+        const auto location = m_host->addLocation(first);
+        tick(location);
+        QTRY_COMPARE(
+            status(),
+            QStringLiteral("“Projects” was not synchronized with “127.0.0.1 – Shared” yet"));
+        m_host->addLocation(second);
+        m_host->save();
+        QTRY_COMPARE(status(),
+                     QStringLiteral("“Projects” was not synchronized with “%1” yet").arg(first));
     }
 
     void itShowsWhatRunsAndStopsItAtOnce() {
@@ -221,6 +278,25 @@ private Q_SLOTS:
         QVERIFY2(m_question.contains(QStringLiteral("Store 0")), qPrintable(m_question));
         QVERIFY(m_question.contains(QStringLiteral("Quit anyway?")));
         disconnect(wait);
+    }
+
+    void itCanBeSynchronizedAgainBeforeQuitting() {
+        const auto location = m_host->addLocation();
+        const auto state = tick(location);
+        state->setSyncOnClose(true);
+        const QString package = location->URL().path();
+        QVERIFY(QDir().rename(package, package + u'x'));
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&] {
+            if (qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+                timer.stop();
+                QVERIFY(QDir().rename(package + u'x', package));
+                answer(QStringLiteral("Try Again"));
+            }
+        });
+        timer.start(10);
+        QVERIFY(m_window->close());
+        QVERIFY(state->lastSynced().isValid());
     }
 
     void theWaitCanBeEndedAtOnce() {

@@ -213,6 +213,26 @@ private Q_SLOTS:
         QCOMPARE(databaseText(), QStringLiteral("Synchronization failed"));
     }
 
+    void aStoredFailureIsShownInTheUsersLanguage() {
+        QVERIFY(QDir(m_host->addLocation()->URL().path()).removeRecursively());
+        showPanel();
+        tick(0);
+        synchronize();
+        m_panel.reset();
+        m_database.reset();
+        QLocale::setDefault(QLocale::German);
+        m_host->restart();
+        showPanel();
+        locationWarning(0)->click();
+        const Error presented = m_host->application().presentedErrors().last();
+        QLocale::setDefault(QLocale::c());
+        QCOMPARE(presented.localizedDescription,
+                 QStringLiteral("„Projects“ konnte nicht mit „Store 0“ synchronisiert werden: "
+                                "nicht verfügbar"));
+        QVERIFY2(presented.details.contains(QStringLiteral("Check whether it was moved")),
+                 qPrintable(presented.details));
+    }
+
     void aFailureOfALocationThatIsUntickedIsNotMarked() {
         QVERIFY(QDir(m_host->addLocation()->URL().path()).removeRecursively());
         showPanel();
@@ -260,6 +280,61 @@ private Q_SLOTS:
         synchronize();
         QVERIFY2(locationText(0).startsWith(QStringLiteral("WebDAV · synchronized today at ")),
                  qPrintable(locationText(0)));
+    }
+
+    void anAcceptedEditWithoutAChangeRemovesTheMark() {
+        QVERIFY(QDir(m_host->addLocation()->URL().path()).removeRecursively());
+        showPanel();
+        tick(0);
+        synchronize();
+        QVERIFY(locationWarning(0)->isVisible());
+        Panel::select(Panel::locationRow(0));
+        m_panel->press("editLocationButton");
+        m_panel->inSheet<QPushButton>("acceptButton")->click();
+        QVERIFY(locationWarning(0)->isHidden());
+        QVERIFY(databaseWarning()->isHidden());
+        QCOMPARE(locationText(0), QStringLiteral("Local Sync Store · never synchronized"));
+        m_panel.reset();
+        m_database.reset();
+        m_host->restart();
+        showPanel();
+        QVERIFY(locationWarning(0)->isHidden());
+    }
+
+    void whatOnlyPartlySucceededIsMarked() {
+        const auto location = m_host->addLocation();
+        showPanel();
+        tick(0);
+        synchronize();
+        QFile record(location->URL().path() + QStringLiteral("/transactions/") +
+                     m_database->UUID() + QStringLiteral("/0000000000000001-x.json"));
+        QVERIFY(record.open(QIODevice::WriteOnly));
+        record.write("damaged");
+        record.close();
+        synchronize();
+        QVERIFY2(locationText(0).endsWith(QStringLiteral(", but 1 item failed")),
+                 qPrintable(locationText(0)));
+        QVERIFY2(databaseText().endsWith(QStringLiteral(", but some items failed")),
+                 qPrintable(databaseText()));
+        for (QToolButton *button : {locationWarning(0), databaseWarning()}) {
+            QVERIFY(button->isVisible());
+            button->click();
+            QCOMPARE(
+                m_host->application().presentedErrors().last().localizedDescription,
+                QStringLiteral("Some items of “Projects” could not be synchronized with “Store "
+                               "0”. Open the log to see which."));
+        }
+    }
+
+    void storesOfOneNameAreToldApartInTheirRows() {
+        const QString first = QStringLiteral("http://ida@127.0.0.1:1/a/Shared.qvSyncStore");
+        m_host->addLocation(first);
+        showPanel();
+        QCOMPARE(Panel::part<QLabel>(Panel::locationRow(0), "rowTitle")->text(),
+                 QStringLiteral("127.0.0.1 – Shared"));
+        m_host->addLocation(QStringLiteral("http://127.0.0.1:2/b/Shared.qvSyncStore"));
+        m_host->save();
+        QCOMPARE(Panel::part<QLabel>(Panel::locationRow(0), "rowTitle")->text(), first);
     }
 
     void aSuccessRemovesTheErrorOfACheck() {
@@ -397,24 +472,31 @@ private Q_SLOTS:
         QVERIFY(!m_panel->find<QRadioButton>("weeklyButton")->isChecked());
     }
 
+    void aDisabledTimeFieldShowsNoTimeOfAnotherDatabase_data() {
+        QTest::addColumn<QByteArray>("button");
+        QTest::addColumn<QByteArray>("field");
+        QTest::newRow("daily") << QByteArray("dailyButton") << QByteArray("dailyTimeField");
+        QTest::newRow("weekly") << QByteArray("weeklyButton") << QByteArray("weeklyTimeField");
+    }
     void aDisabledTimeFieldShowsNoTimeOfAnotherDatabase() {
+        QFETCH(const QByteArray, button);
+        QFETCH(const QByteArray, field);
         m_host->addDatabase(QStringLiteral("Recipes"));
         m_host->addLocation();
         showPanel();
         tick(0);
-        m_panel->find<QRadioButton>("dailyButton")->click();
-        auto *field = m_panel->find<TimeField>("dailyTimeField");
-        QVERIFY(field->isEnabled());
-        field->setFocus();
-        field->setTime(QTime(9, 30));
-        const QString shown = field->text();
+        m_panel->find<QRadioButton>(button.constData())->click();
+        auto *time = m_panel->find<TimeField>(field.constData());
+        QVERIFY(time->isEnabled());
+        time->setFocus();
+        time->setTime(QTime(9, 30));
+        const QString shown = time->text();
         QVERIFY(shown.contains(QStringLiteral("30")));
-        QCOMPARE(Panel::pane().scheduleEditor()->dailyDate().time(), QTime(9, 30));
         Panel::select(Panel::databaseRow(QStringLiteral("Recipes")));
-        QVERIFY(!field->isEnabled());
-        QCOMPARE(field->text(), QString());
+        QVERIFY(!time->isEnabled());
+        QCOMPARE(time->text(), QString());
         Panel::select(projectsRow());
-        QCOMPARE(field->text(), shown);
+        QCOMPARE(time->text(), shown);
     }
 };
 

@@ -1,19 +1,26 @@
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QLibraryInfo>
+#include <QtCore/QTimer>
 #include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
 
 #include "Application/ConflictBar.h"
 #include "Application/ConflictDialog.h"
 #include "Application/ErrorBoxes.h"
 #include "Application/EventLog.h"
 #include "Application/HistoryDialog.h"
+#include "Application/LocationRemovals.h"
 #include "Application/LogWindow.h"
 #include "Application/MainWindow.h"
 #include "Application/QuestionBox.h"
 #include "Application/QuitProgressDialog.h"
+#include "Application/QuitSynchronization.h"
 #include "Application/RemovalDialog.h"
+#include "Application/UnsavedTextDialog.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Scenarios/Panel.h"
+#include "Support/Patience.h"
 #include "Support/ShownTexts.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -99,6 +106,54 @@ std::unique_ptr<QWidget> quitting(TestHost & /*host*/, EventLog & /*log*/) {
     return std::make_unique<QuitProgressDialog>(nullptr);
 }
 
+/// Asks something in a dialog with a nested event loop.
+using Ask = void (*)(TestHost &host, MainWindow &window);
+
+void askAboutUnsavedText(TestHost & /*host*/, MainWindow &window) {
+    UnsavedTextDialog::ask(
+        &window, {.title = QStringLiteral("Garden Shed"), .text = QStringLiteral("Paint it.")},
+        {.localizedDescription = QStringLiteral(
+             "The profile cannot be written: The disk that contains “/home/ida/.local/share/"
+             "Velmora” is full. Free some space on it.")});
+}
+
+/// Ticks a location for databases with unsent changes.
+QVSyncStates makeUnsentChanges(TestHost &host) {
+    const auto location = host.addLocation(QStringLiteral("http://127.0.0.1:1/Shared.qvSyncStore"));
+    QVSyncStates states;
+    for (const char *name : {"Projects", "Recipes", "Travel"}) {
+        const auto database = host.addDatabase(QString::fromUtf8(name));
+        Note note{{}, QStringLiteral("Title"), QStringLiteral("Text"), {}};
+        std::ignore = database->saveNote(note);
+        states.append(host.addState(location, database));
+        states.last()->setEnabled(true);
+    }
+    return states;
+}
+
+void askAboutUnsentChanges(TestHost &host, MainWindow &window) {
+    makeUnsentChanges(host);
+    QuitSynchronization(&window).run();
+}
+
+void askAboutFailedChanges(TestHost &host, MainWindow &window) {
+    for (const auto &state : makeUnsentChanges(host)) {
+        state->setSyncOnClose(true);
+    }
+    QuitSynchronization(&window).run();
+}
+
+std::unique_ptr<QWidget> removalBar(TestHost &host, EventLog & /*log*/) {
+    auto window = std::make_unique<PreferencesWindow>(std::make_unique<QVSyncPreferences>());
+    host.addLocation(QStringLiteral("https://dav.example.com/Shared.qvSyncStore"));
+    host.save();
+    auto *removals = new LocationRemovals(&host.locations(), window.get());
+    window->showRemovals(removals, [] { return failure(Error()); });
+    host.locations().removeObjectFromSyncLocationsAtIndex(0);
+    host.save();
+    return window;
+}
+
 std::unique_ptr<QWidget> preferences(TestHost &host, EventLog & /*log*/) {
     host.addDatabase(QStringLiteral("Projects"));
     host.addLocation();
@@ -141,7 +196,8 @@ private Q_SLOTS:
             {"deleted notes", deletedNotes}, {"many removals", removalQuestion},
             {"comparison", comparison},      {"conflict bar", conflictBar},
             {"pairing", pairingQuestion},    {"error", errorBox},
-            {"quitting", quitting},          {"preferences", preferences}};
+            {"quitting", quitting},          {"preferences", preferences},
+            {"removal bar", removalBar}};
         for (const auto &[name, makeWindow] : windows) {
             for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
                 for (const int size : {10, 14, 18}) {
@@ -157,6 +213,69 @@ private Q_SLOTS:
         QFETCH(const MakeWindow, makeWindow);
         QFETCH(const QLocale, locale);
         QFETCH(const int, size);
+        use(locale, size);
+        TestHost host;
+        EventLog log;
+        const std::unique_ptr<QWidget> window = makeWindow(host, log);
+        window->show();
+        QTRY_COMPARE(ShownTexts::problems(*window).join(u'\n'), QString());
+        window->close();
+    }
+
+    void everyQuestionCanBeRead_data() {
+        QTest::addColumn<Ask>("ask");
+        QTest::addColumn<QLocale>("locale");
+        QTest::addColumn<int>("size");
+        const std::pair<const char *, Ask> questions[] = {{"unsaved text", askAboutUnsavedText},
+                                                          {"unsent", askAboutUnsentChanges},
+                                                          {"failed", askAboutFailedChanges}};
+        for (const auto &[name, ask] : questions) {
+            for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
+                for (const int size : {10, 18}) {
+                    QTest::addRow("%s, %s, %d pt", name,
+                                  qPrintable(QLocale::languageToString(language)), size)
+                        << ask << QLocale(language) << size;
+                }
+            }
+        }
+    }
+
+    void everyQuestionCanBeRead() {
+        QFETCH(const Ask, ask);
+        QFETCH(const QLocale, locale);
+        QFETCH(const int, size);
+        use(locale, size);
+        TestHost host;
+        EventLog log;
+        MainWindow window(&host.library(), &log, host.directory());
+        window.show();
+        int boxes = 0;
+        QStringList problems;
+        QElapsedTimer shown;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (!box) {
+                return;
+            }
+            if (!shown.isValid()) {
+                shown.start();
+            }
+            problems = ShownTexts::problems(*box);
+            if (problems.isEmpty() || shown.hasExpired(Patience)) {
+                ++boxes;
+                timer.stop();
+                box->reject();
+            }
+        });
+        timer.start(10);
+        ask(host, window);
+        QCOMPARE(boxes, 1);
+        QCOMPARE(problems.join(u'\n'), QString());
+    }
+
+private:
+    void use(const QLocale &locale, int size) {
         QLocale::setDefault(locale);
         if (locale.language() == QLocale::German) {
             QCoreApplication::installTranslator(&m_german);
@@ -165,12 +284,6 @@ private Q_SLOTS:
         QFont font = m_font;
         font.setPointSize(size);
         QApplication::setFont(font);
-        TestHost host;
-        EventLog log;
-        const std::unique_ptr<QWidget> window = makeWindow(host, log);
-        window->show();
-        QTRY_COMPARE(ShownTexts::problems(*window).join(u'\n'), QString());
-        window->close();
     }
 };
 
