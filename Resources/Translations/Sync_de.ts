@@ -645,7 +645,7 @@
     </message>
     <message>
         <source>The profile file “%1” was moved, deleted or replaced, so nothing can be saved. Put it back, or copy unsaved text elsewhere and restart Velmora.</source>
-        <translation>Die Profildatei „%1“ wurde verschoben, gelöscht oder ersetzt, daher kann nichts gesichert werden. Legen Sie sie zurück, oder kopieren Sie ungesicherten Text an eine andere Stelle, und starten Sie Velmora neu.</translation>
+        <translation>Die Profildatei „%1“ wurde verschoben, gelöscht oder ersetzt, daher kann nichts gespeichert werden. Legen Sie sie zurück, oder kopieren Sie nicht gespeicherten Text an eine andere Stelle, und starten Sie Velmora neu.</translation>
     </message>
     <message>
         <source>The record “%1” was damaged. It was moved to “%2”, and this computer writes its contents again.</source>
@@ -1652,7 +1652,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>The setting could not be saved in the file “%1”. It is lost when %2 ends.</source>
-        <translation>Die Einstellung konnte nicht in der Datei „%1“ gesichert werden. Sie geht verloren, wenn %2 endet.</translation>
+        <translation>Die Einstellung konnte nicht in der Datei „%1“ gespeichert werden. Sie geht verloren, wenn %2 endet.</translation>
     </message>
     <message>
         <source>No password service is running on this computer.</source>

@@ -366,7 +366,7 @@
     <name>MainWindow</name>
     <message>
         <source>Your changes in Sync Preferences are not saved.</source>
-        <translation>Ihre Änderungen in den Sync-Einstellungen sind nicht gesichert.</translation>
+        <translation>Ihre Änderungen in den Sync-Einstellungen sind nicht gespeichert.</translation>
     </message>
     <message>
         <source>&amp;Try Again</source>
@@ -600,7 +600,7 @@
     <name>UnsavedTexts</name>
     <message>
         <source>The folder “%1”, which may contain texts that were not saved, cannot be read.</source>
-        <translation>Der Ordner „%1“, der nicht gesicherte Texte enthalten kann, kann nicht gelesen werden.</translation>
+        <translation>Der Ordner „%1“, der nicht gespeicherte Texte enthalten kann, kann nicht gelesen werden.</translation>
     </message>
     <message>
         <source>Check its permissions and its disk, and start Velmora again.</source>
@@ -624,7 +624,7 @@
     </message>
     <message>
         <source>Texts that were not saved cannot be restored. They are kept, and Velmora tries again at each start.</source>
-        <translation>Nicht gesicherte Texte können nicht wiederhergestellt werden. Sie werden aufbewahrt, und Velmora versucht es bei jedem Start erneut.</translation>
+        <translation>Nicht gespeicherte Texte können nicht wiederhergestellt werden. Sie werden aufbewahrt, und Velmora versucht es bei jedem Start erneut.</translation>
     </message>
 </context>
 <context>
