@@ -101,20 +101,20 @@ private:
 
 /// A list as a list view is: rebuilding it silently drops the selection, its selection is read from
 /// its items, and its setter announces always.
-class List : public QObject {
+class BoundList : public QObject {
     Q_OBJECT
     Q_PROPERTY(QVariantList content READ content WRITE setContent NOTIFY contentChanged)
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
                    selectionIndexesChanged)
 
 public:
-    ~List() override { unbindSelection(); }
+    ~BoundList() override { unbindSelection(); }
     QVariantList content() const { return m_content; }
     void setContent(const QVariantList &content) {
         ++rebuilds;
         m_content = content;
         m_selected = QList<bool>(content.size(), false);
-        KeyValue::announce<&List::contentChanged>(this);
+        KeyValue::announce<&BoundList::contentChanged>(this);
     }
     IndexSet selectionIndexes() const {
         IndexSet result;
@@ -130,7 +130,7 @@ public:
         for (qsizetype i = 0; i < m_selected.size(); ++i) {
             m_selected[i] = indexes.contains(i) && m_content[i] != refused;
         }
-        KeyValue::announce<&List::selectionIndexesChanged>(this);
+        KeyValue::announce<&BoundList::selectionIndexesChanged>(this);
     }
     void bindTo(ArrayController *controller) {
         bind(this, "content", controller, "arrangedObjects");
@@ -495,7 +495,7 @@ private Q_SLOTS:
         ArrayController controller;
         controller.setContent({1, 2, 3});
         controller.setSelectionIndexes({1});
-        List list;
+        BoundList list;
         list.bindTo(&controller);
         QCOMPARE(list.content(), QVariantList({1, 2, 3}));
         QCOMPARE(list.selectionIndexes(), IndexSet({1}));
@@ -509,7 +509,7 @@ private Q_SLOTS:
     void aRebuiltListShowsTheSelectionAgainAlsoAnEqualOne() {
         ArrayController controller;
         controller.setContent({1, 2, 3});
-        List list;
+        BoundList list;
         list.bindTo(&controller);
         list.setSelectionIndexes({1});
         const int rebuilds = list.rebuilds;
@@ -526,7 +526,7 @@ private Q_SLOTS:
     void aSelectionRefusedByTheListIsResetInTheController() {
         ArrayController controller;
         controller.setContent({1, 2, 3});
-        List list;
+        BoundList list;
         list.refused = 2;
         list.bindTo(&controller);
         controller.setSelectionIndexes({0, 1});
@@ -539,7 +539,7 @@ private Q_SLOTS:
     void eachSelectionOfAListEndsAfterOneRoundTrip() {
         ArrayController controller;
         controller.setContent({1, 2, 3});
-        List list;
+        BoundList list;
         list.bindTo(&controller);
         const int selections = list.selections;
         QSignalSpy spy(&controller, &ArrayController::selectionIndexesChanged);
@@ -551,7 +551,7 @@ private Q_SLOTS:
     void anUnboundListNeitherFollowsNorWrites() {
         ArrayController controller;
         controller.setContent({1, 2, 3});
-        List list;
+        BoundList list;
         list.bindTo(&controller);
         list.unbindSelection();
         list.setSelectionIndexes({1});
