@@ -27,7 +27,6 @@ StatusLine::StatusLine(SynchronizationMonitor *monitor, QWidget *parent)
     m_bar->setTextVisible(false);
     m_bar->setFixedWidth(fontMetrics().averageCharWidth() * BarWidth);
     m_label->setWordWrap(true);
-    m_label->setTextColor(palette().color(QPalette::WindowText));
     m_stopButton->setToolTip(
         tr("Stop all synchronizations. The next one continues where they stopped."));
     connect(m_stopButton, &QPushButton::clicked, m_monitor, &SynchronizationMonitor::stop);

@@ -28,8 +28,9 @@ bool QVSelectedItemBackgroundView::event(QEvent *event) {
     if (event->type() == QEvent::ApplicationPaletteChange) {
         setPalette(ListPalette::normal());
         for (QWidget *control : controls()) {
-            if (backgroundStyle(control) == BackgroundStyle::Dark) {
-                setBackgroundStyle(control, BackgroundStyle::Dark);
+            // The others inherit the palette of this view.
+            if (control->testAttribute(Qt::WA_SetPalette)) {
+                setBackgroundStyle(control, backgroundStyle(control));
             }
         }
     }
@@ -92,5 +93,5 @@ void QVSelectedItemBackgroundView::mouseDoubleClickEvent(QMouseEvent *event) {
 void QVSelectedItemBackgroundView::paintEvent(QPaintEvent *event) {
     QPainter(this).fillRect(event->rect(), m_isSelected
                                                ? ListPalette::alternateSelectedControlColor()
-                                               : QColor(Qt::white));
+                                               : ListPalette::groundColor());
 }

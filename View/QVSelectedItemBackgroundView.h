@@ -2,7 +2,8 @@
 
 #include "Platform/Interface/Control.h"
 
-/// The background of one list item: paints whether the item is selected, and gives the controls
+/// The background of one list item: paints whether the item is selected, in the color of list
+/// grounds or of the selection, and gives the controls
 /// that are its direct children a matching text color. Created by a form, which connects its
 /// `action`. Must be used on the main thread.
 ///

@@ -29,10 +29,9 @@ bool Control::isControl(const QWidget *view) {
 
 void Control::setBackgroundStyle(QWidget *control, BackgroundStyle style) {
     keepOwnPalettes(control);
+    control->setProperty(backgroundStyleProperty, static_cast<int>(style));
     control->setPalette(style == BackgroundStyle::Dark ? ListPalette::selected()
                                                        : ListPalette::normal());
-    // Last: a label with its own color applies it when this property changes.
-    control->setProperty(backgroundStyleProperty, static_cast<int>(style));
 }
 
 Control::BackgroundStyle Control::backgroundStyle(const QWidget *control) {

@@ -11,8 +11,8 @@ class PLATFORM_EXPORT Control : public QWidget {
 public:
     using QWidget::QWidget;
 
-    /// What is painted behind a control: white (Light), for which its text is dark, or the
-    /// selection color (Dark).
+    /// What is painted behind a control: the ground of the list (Light), or the selection color
+    /// (Dark).
     enum class BackgroundStyle { Light = 0, Dark = 1 };
 
     /// Returns whether `view` is a Control, QLabel, QAbstractButton, QLineEdit, QAbstractSpinBox or

@@ -4,10 +4,13 @@
 
 namespace {
 
-QPalette lightPalette(const QPalette &application) {
-    QPalette palette(QColor(0xef, 0xef, 0xef), Qt::white);
-    for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText}) {
-        palette.setColor(role, application.color(role));
+QPalette paletteOnGround(const QPalette &application) {
+    QPalette palette = application;
+    for (const QPalette::ColorGroup group :
+         {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        palette.setColor(group, QPalette::Window,
+                         application.color(QPalette::Active, QPalette::Base));
+        palette.setColor(group, QPalette::WindowText, application.color(group, QPalette::Text));
     }
     return palette;
 }
@@ -17,20 +20,25 @@ QPalette lightPalette(const QPalette &application) {
 QPalette ListPalette::normal() {
     // Cached, because every row of a list uses it and Qt compares copies of one palette quickly.
     static QPalette application = QGuiApplication::palette();
-    static QPalette palette = lightPalette(application);
+    static QPalette palette = paletteOnGround(application);
     if (const QPalette current = QGuiApplication::palette(); current != application) {
         application = current;
-        palette = lightPalette(application);
+        palette = paletteOnGround(application);
     }
     return palette;
 }
 
 QPalette ListPalette::selected() {
     QPalette palette = normal();
-    const QColor text = palette.color(QPalette::HighlightedText);
+    const QColor text =
+        QGuiApplication::palette().color(QPalette::Active, QPalette::HighlightedText);
     palette.setColor(QPalette::WindowText, text);
     palette.setColor(QPalette::Window, alternateSelectedControlColor());
     return palette;
+}
+
+QColor ListPalette::groundColor() {
+    return QGuiApplication::palette().color(QPalette::Active, QPalette::Base);
 }
 
 QColor ListPalette::alternateSelectedControlColor() {

@@ -1,15 +1,16 @@
 #include "Platform/Interface/TextLabel.h"
 
-#include <QtCore/QDynamicPropertyChangeEvent>
 #include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QToolTip>
 
+#include "Platform/Interface/Contrast.h"
 #include "Platform/Interface/Control.h"
 #include "Platform/Interface/PlainText.h"
 
 namespace {
 
+constexpr int HalfLightness = 128;
 constexpr int WrapFlags = Qt::TextWordWrap;
 
 }  // namespace
@@ -20,18 +21,21 @@ TextLabel::TextLabel(QWidget *parent) : QLabel(parent) {
 
 void TextLabel::setTextColor(const QColor &color) {
     m_textColor = color;
-    applyColor();
+    update();
 }
 
-void TextLabel::applyColor() {
-    QPalette colors = palette();
+QColor TextLabel::paintedColor() const {
+    if (!m_textColor.isValid() || !isEnabled()) {
+        return palette().color(foregroundRole());
+    }
+    const QColor ground = palette().color(QPalette::Window);
+    const bool isSelected = Control::backgroundStyle(this) == Control::BackgroundStyle::Dark;
     QColor color = m_textColor;
-    if (Control::backgroundStyle(this) == Control::BackgroundStyle::Dark) {
-        color = colors.color(QPalette::HighlightedText);
+    if (isSelected || ground.lightness() < HalfLightness) {
+        color = palette().color(foregroundRole());
         color.setAlphaF(m_textColor.alphaF());
     }
-    colors.setColor(QPalette::WindowText, color);
-    setPalette(colors);
+    return Contrast::legible(color, ground);
 }
 
 QSize TextLabel::sizeHint() const {
@@ -54,10 +58,6 @@ int TextLabel::heightForWidth(int width) const {
 }
 
 bool TextLabel::event(QEvent *event) {
-    if (event->type() == QEvent::DynamicPropertyChange &&
-        static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == "backgroundStyle") {
-        applyColor();
-    }
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && !wordWrap() &&
         fontMetrics().horizontalAdvance(text()) > width()) {
         QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
@@ -69,7 +69,7 @@ bool TextLabel::event(QEvent *event) {
 
 void TextLabel::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);
-    painter.setPen(palette().color(foregroundRole()));
+    painter.setPen(paintedColor());
     if (wordWrap()) {
         painter.drawText(rect(), static_cast<int>(alignment()) | WrapFlags, text());
         return;

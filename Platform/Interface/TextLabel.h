@@ -11,14 +11,14 @@
 /// thread.
 class PLATFORM_EXPORT TextLabel : public QLabel {
     Q_OBJECT
-    /// The color of the text; black by default. On a dark background it is replaced by the
-    /// selection's text color with the opacity of this one.
+    /// The color of the text; invalid, the default, is the palette's. On the selection color and on
+    /// dark windows it is replaced by the palette's text color with the opacity of this one. If the
+    /// text then has too little contrast, it is painted less transparent.
     Q_PROPERTY(QColor textColor READ textColor WRITE setTextColor)
 public:
     explicit TextLabel(QWidget *parent = nullptr);
 
     QColor textColor() const { return m_textColor; }
-    /// Sets the color, whose opacity is kept on a dark background.
     void setTextColor(const QColor &color);
 
     /// Returns the size at which nothing is elided or wrapped.
@@ -33,9 +33,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    /// Sets the palette for the color and the background style, which Control::setBackgroundStyle()
-    /// announces by the dynamic property.
-    void applyColor();
+    /// Returns the color for the present ground, see textColor.
+    QColor paintedColor() const;
 
-    QColor m_textColor = Qt::black;
+    QColor m_textColor;
 };

@@ -769,15 +769,18 @@ private Q_SLOTS:
                  QList<QRect>({{0, 0, viewportWidth, 150}, {0, 150, viewportWidth, 150}}));
     }
 
-    void theScrollAreaIsWhiteInEveryTheme() {
-        QApplication::setPalette(QPalette(QColor(40, 40, 40)));
+    void theScrollAreaHasTheGroundOfListsInEveryTheme() {
+        QPalette dark(QColor(40, 40, 40));
+        dark.setColor(QPalette::Base, QColor(10, 10, 12));
+        QApplication::setPalette(dark);
         m_list->setContent(texts({"20"}));
+        QCoreApplication::processEvents();
         const QImage image = m_area->grab().toImage();
-        QCOMPARE(image.pixelColor(150, 100), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(150, 100), QColor(10, 10, 12));
         QCOMPARE(image.pixelColor(150, 10), ListPalette::alternateSelectedControlColor());
         ListScrollArea made;
         made.resize(50, 50);
-        QCOMPARE(made.grab().toImage().pixelColor(25, 25), QColor(Qt::white));
+        QCOMPARE(made.grab().toImage().pixelColor(25, 25), QColor(10, 10, 12));
     }
 
     // Clicking

@@ -25,6 +25,8 @@ protected:
 
 QPalette darkPalette() {
     QPalette palette(QColor(40, 40, 40));
+    palette.setColor(QPalette::Base, QColor(10, 10, 12));
+    palette.setColor(QPalette::Text, QColor(230, 230, 230));
     palette.setColor(QPalette::Highlight, QColor(200, 20, 60));
     palette.setColor(QPalette::HighlightedText, QColor(255, 255, 0));
     return palette;
@@ -39,24 +41,26 @@ private Q_SLOTS:
 
     void isNotSelectedAtFirst() { QVERIFY(!QVSelectedItemBackgroundView().isSelected()); }
 
-    void paintsWhiteOrTheSelectionColour_data() {
+    void paintsTheGroundOfListsOrTheSelectionColour_data() {
         QTest::addColumn<QPalette>("application");
-        QTest::newRow("light theme") << QPalette();
-        QTest::newRow("dark theme") << darkPalette();
+        QTest::addColumn<QColor>("ground");
+        QTest::newRow("light theme") << QPalette(QColor(0xef, 0xef, 0xef)) << QColor(Qt::white);
+        QTest::newRow("dark theme") << darkPalette() << QColor(10, 10, 12);
     }
 
-    void paintsWhiteOrTheSelectionColour() {
+    void paintsTheGroundOfListsOrTheSelectionColour() {
         QFETCH(QPalette, application);
+        QFETCH(QColor, ground);
         QApplication::setPalette(application);
         QVSelectedItemBackgroundView view;
         view.resize(20, 10);
-        QCOMPARE(view.grab().toImage().pixelColor(3, 3), QColor(Qt::white));
+        QCOMPARE(view.grab().toImage().pixelColor(3, 3), ground);
         view.setSelected(true);
         const QImage selected = view.grab().toImage();
         QCOMPARE(selected.pixelColor(0, 0), ListPalette::alternateSelectedControlColor());
         QCOMPARE(selected.pixelColor(19, 9), ListPalette::alternateSelectedControlColor());
         view.setSelected(false);
-        QCOMPARE(view.grab().toImage().pixelColor(19, 9), QColor(Qt::white));
+        QCOMPARE(view.grab().toImage().pixelColor(19, 9), ground);
     }
 
     void theSelectionColourIsTheThemes() {
@@ -115,14 +119,14 @@ private Q_SLOTS:
         QApplication::setPalette(darkPalette());
         QVSelectedItemBackgroundView view;
         QLabel label(&view);
-        QCOMPARE(label.palette().color(QPalette::WindowText), QColor(Qt::black));
+        QCOMPARE(label.palette().color(QPalette::WindowText), QColor(230, 230, 230));
         view.setSelected(true);
         QCOMPARE(label.palette().color(QPalette::WindowText), QColor(255, 255, 0));
         view.setSelected(false);
-        QCOMPARE(label.palette().color(QPalette::WindowText), QColor(Qt::black));
+        QCOMPARE(label.palette().color(QPalette::WindowText), QColor(230, 230, 230));
     }
 
-    void aNewThemeReachesTheControlsOfASelectedView() {
+    void aNewThemeReachesTheControlsOfAView() {
         QVSelectedItemBackgroundView view;
         QLabel label(&view);
         view.setSelected(true);
@@ -131,6 +135,10 @@ private Q_SLOTS:
         QApplication::setPalette(darkPalette());
         QCoreApplication::processEvents();
         QCOMPARE(label.palette().color(QPalette::WindowText), QColor(255, 255, 0));
+        view.setSelected(false);
+        QApplication::setPalette(QPalette(QColor(0xef, 0xef, 0xef)));
+        QCoreApplication::processEvents();
+        QCOMPARE(label.palette().color(QPalette::WindowText), QColor(Qt::black));
     }
 
     void selectedIsAKeyThatAnnouncesEqualValuesToo() {
