@@ -4,14 +4,15 @@
 #include <QtWidgets/QMessageBox>
 #include <algorithm>
 
-#include "Application/DarkStyle.h"
 #include "Application/Interface/NoteLibrary.h"
+#include "Application/OutlineStyle.h"
 #include "Application/QuestionBox.h"
 #include "Application/RemovalDialog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Platform/Foundation/TerminalText.h"
+#include "Platform/Interface/Contrast.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/Security/SecretStore.h"
@@ -50,23 +51,31 @@ VelmoraApplication::~VelmoraApplication() {
     setNSApp(nullptr);
 }
 
+void VelmoraApplication::useDesktopAppearance() {
+    // Other styles have outlines of their own.
+    if (style()->name().compare(QLatin1StringView("fusion"), Qt::CaseInsensitive) == 0) {
+        setStyle(new OutlineStyle);
+    }
+    setPalette(Contrast::withLegibleTexts(palette()));
+}
+
 void VelmoraApplication::setDarkAppearance(bool dark) {
     // It uses every color of the palette.
-    setStyle(new DarkStyle);
-    if (!dark) {
-        setPalette(QPalette(QColor(0xef, 0xef, 0xef)));
-        return;
+    setStyle(new OutlineStyle);
+    QPalette palette(QColor(0xef, 0xef, 0xef));
+    palette.setColor(QPalette::Highlight, QColor(0x22, 0x60, 0xbf));
+    if (dark) {
+        palette = QPalette(QColor(0x3a, 0x3a, 0x3c), QColor(0x2a, 0x2a, 0x2c));
+        palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x20));
+        palette.setColor(QPalette::PlaceholderText, QColor(0x9a, 0x9a, 0x9e));
+        palette.setColor(QPalette::Highlight, QColor(0x2a, 0x63, 0xc4));
+        for (const QPalette::ColorRole role :
+             {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            palette.setColor(QPalette::Disabled, role, QColor(0x85, 0x85, 0x89));
+        }
     }
-    QPalette palette(QColor(0x3a, 0x3a, 0x3c), QColor(0x2a, 0x2a, 0x2c));
-    palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x20));
-    palette.setColor(QPalette::PlaceholderText, QColor(0x9a, 0x9a, 0x9e));
-    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xd6));
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, QColor(0x85, 0x85, 0x89));
-    }
-    setPalette(palette);
+    setPalette(Contrast::withLegibleTexts(palette));
 }
 
 void VelmoraApplication::setSynchronizationText(const QString &text) {

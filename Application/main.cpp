@@ -277,7 +277,9 @@ End runProgram(int argumentCount, char **arguments) {
     VelmoraApplication application(argumentCount, arguments);
     application.setBatch(options.isBatch());
     application.setWindowIcon(QIcon(QStringLiteral(":/Velmora/database.svg")));
-    if (!options.appearance.isEmpty()) {
+    if (options.appearance.isEmpty()) {
+        application.useDesktopAppearance();
+    } else {
         application.setDarkAppearance(options.appearance == QLatin1StringView("dark"));
     }
     translators.install();

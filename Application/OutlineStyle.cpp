@@ -1,0 +1,70 @@
+#include "Application/OutlineStyle.h"
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QStyleFactory>
+#include <QtWidgets/QStyleOption>
+
+#include "Platform/Interface/Contrast.h"
+
+namespace {
+
+constexpr double Radius = 2;
+constexpr int ButtonPadding = 6;
+
+void drawOutline(const QStyleOption &option, QPainter *painter, bool isRound) {
+    if (!option.state.testFlag(QStyle::State_Enabled)) {
+        return;
+    }
+    const QRectF frame = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setBrush(Qt::NoBrush);
+    const bool hasFocus = option.state.testFlag(QStyle::State_HasFocus);
+    painter->setPen(hasFocus ? Contrast::focus(option.palette) : Contrast::outline(option.palette));
+    if (isRound) {
+        painter->drawEllipse(frame);
+    } else {
+        painter->drawRoundedRect(frame, Radius, Radius);
+    }
+    painter->restore();
+}
+
+}  // namespace
+
+OutlineStyle::OutlineStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
+                                 QPainter *painter, const QWidget *widget) const {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    switch (element) {
+        case PE_IndicatorRadioButton:
+            drawOutline(*option, painter, true);
+            break;
+        case PE_IndicatorCheckBox:
+        case PE_FrameLineEdit:
+        case PE_PanelButtonCommand:
+            drawOutline(*option, painter, false);
+            break;
+        case PE_PanelButtonTool:
+            if (!option->state.testFlag(State_AutoRaise)) {
+                drawOutline(*option, painter, false);
+            }
+            break;
+        default:
+            break;
+    }
+}
+
+void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                      QPainter *painter, const QWidget *widget) const {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_SpinBox || control == CC_ComboBox) {
+        drawOutline(*option, painter, false);
+    }
+}
+
+QSize OutlineStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
+                                     const QSize &contents, const QWidget *widget) const {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    return type == CT_PushButton ? size + QSize(2 * ButtonPadding, 0) : size;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QtWidgets/QProxyStyle>
+
+/// Fusion with outlines of controls that are visible on every ground, also on a selected row; its
+/// own have too little contrast. The outline of a control with the focus has the selection color.
+/// Buttons have more room at both sides of their text.
+class OutlineStyle : public QProxyStyle {
+    Q_OBJECT
+public:
+    OutlineStyle();
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget = nullptr) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                            QPainter *painter, const QWidget *widget = nullptr) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
+                           const QWidget *widget = nullptr) const override;
+};
