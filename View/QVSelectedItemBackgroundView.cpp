@@ -1,9 +1,10 @@
 #include "View/QVSelectedItemBackgroundView.h"
 
-#include <QtGui/QGuiApplication>
+#include <QtGui/QAccessible>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QStyleHints>
+#include <QtWidgets/QApplication>
 
 #include "Platform/Interface/ListPalette.h"
 #include "Platform/KeyValue/KeyValue.h"
@@ -13,6 +14,7 @@ QVSelectedItemBackgroundView::QVSelectedItemBackgroundView(QWidget *parent) : Co
 }
 
 void QVSelectedItemBackgroundView::setSelected(bool selected) {
+    const bool isChanged = m_isSelected != selected;
     m_isSelected = selected;
     update();
     const BackgroundStyle style = selected ? BackgroundStyle::Dark : BackgroundStyle::Light;
@@ -21,7 +23,25 @@ void QVSelectedItemBackgroundView::setSelected(bool selected) {
             setBackgroundStyle(control, style);
         }
     }
+    if (isChanged && isVisible()) {
+        notifyAssistiveTechnologies();
+    }
     KeyValue::announce<&QVSelectedItemBackgroundView::selectedChanged>(this);
+}
+
+void QVSelectedItemBackgroundView::notifyAssistiveTechnologies() {
+    QAccessible::State state;
+    state.selected = 1;
+    QAccessibleStateChangeEvent stateChange(this, state);
+    QAccessible::updateAccessibility(&stateChange);
+    QAccessibleEvent selection(
+        this, m_isSelected ? QAccessible::Selection : QAccessible::SelectionRemove);
+    QAccessible::updateAccessibility(&selection);
+    const QWidget *focus = QApplication::focusWidget();
+    if (m_isSelected && focus && focus->isAncestorOf(this)) {
+        QAccessibleEvent focused(this, QAccessible::Focus);
+        QAccessible::updateAccessibility(&focused);
+    }
 }
 
 bool QVSelectedItemBackgroundView::event(QEvent *event) {

@@ -41,6 +41,9 @@ private:
     /// double-click are.
     bool followsLastClickQuickly(const QMouseEvent &event) const;
     void rememberClick(const QMouseEvent &event);
+    /// Reports the changed selection and, if a widget around the view has the focus, that it is on
+    /// this view now.
+    void notifyAssistiveTechnologies();
 
     bool m_isSelected = false;
     /// The number of clicks in the current succession, and the timestamp in milliseconds and global

@@ -16,6 +16,7 @@
 #include "Controller/QVLocationTitleValueTransformer.h"
 #include "Platform/Interface/Nib.h"
 #include "Platform/Interface/SheetWindow.h"
+#include "View/AccessibleList.h"
 #include "View/ListRow.h"
 #include "View/QVListView.h"
 #include "ui_BookmarkCell.h"
@@ -60,6 +61,7 @@ void registerSheets() {
 
 void registerSyncPreferencesInterface() {
     Q_INIT_RESOURCE(SyncPreferences);
+    AccessibleList::install();
     QVListView::registerBindingFactory(&QVBinding::bindingWithObject);
     registerObject<NSArrayController>("NSArrayController");
     registerObject<ActivityStatus>("ActivityStatus");

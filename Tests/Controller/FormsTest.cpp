@@ -26,7 +26,6 @@
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "View/QVMinimumWidthButton.h"
-#include "View/QVSelectedView.h"
 
 namespace {
 
@@ -48,7 +47,9 @@ const QHash<QString, FormContract> &contracts() {
         {QStringLiteral("Sync Preferences"),
          {.owner = pane,
           .classes = {{QStringLiteral("syncLocationsController.lastSelectedObject"),
-                       &QVSynchronizationSelection::staticMetaObject}}}},
+                       &QVSynchronizationSelection::staticMetaObject},
+                      {QStringLiteral("databasesController.lastSelectedObject"),
+                       &QVStandInDatabase::staticMetaObject}}}},
         {QStringLiteral("QVDatabaseItem"),
          {.owner = pane,
           .classes = {{QStringLiteral("item.representedObject"),
@@ -371,11 +372,9 @@ private Q_SLOTS:
         m_contracts.insert(contracts());
     }
 
-    void theRowButtonAndTheScheduleLineAreViewsOfThePane() {
+    void theRowButtonIsAViewOfThePane() {
         const std::unique_ptr<QWidget> row(Nib::makeForm(QStringLiteral("QVDatabaseItem")));
         QVERIFY(row->findChild<QVMinimumWidthButton *>(QStringLiteral("rowSyncButton")));
-        const std::unique_ptr<QWidget> pane(Nib::makeForm(QStringLiteral("Sync Preferences")));
-        QVERIFY(pane->findChild<QVSelectedView *>(QStringLiteral("scheduleSelectionLine")));
     }
 
     void everyNameInAFormIsKnown_data() {

@@ -19,6 +19,7 @@
 #include "Support/MessageRecorder.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "View/ListScrollArea.h"
 
 namespace {
 
@@ -652,7 +653,7 @@ private Q_SLOTS:
         for (QWidget *control : m_pane->mainView()->findChildren<QWidget *>()) {
             const bool isControl = qobject_cast<QAbstractButton *>(control) ||
                                    qobject_cast<QAbstractSpinBox *>(control) ||
-                                   qobject_cast<QVListView *>(control);
+                                   qobject_cast<ListScrollArea *>(control);
             QAccessibleInterface *accessible =
                 isControl ? QAccessible::queryAccessibleInterface(control) : nullptr;
             if (accessible && accessible->text(QAccessible::Name).isEmpty()) {
