@@ -49,7 +49,7 @@ void DatabaseRowStatus::setDatabase(const std::shared_ptr<QVStandInDatabase> &da
     m_database = database;
     m_observation.endRow();
     if (database) {
-        for (const char *key : {"canSynchronize", "dateOfLastSynchronization"}) {
+        for (const char *key : {"name", "canSynchronize", "dateOfLastSynchronization"}) {
             m_observation.observeRow(database.get(), key, [this] { Q_EMIT changed(); });
         }
         m_observation.observeRow(database.get(), "synchronizationStates",
@@ -103,6 +103,17 @@ QString DatabaseRowStatus::text() const {
     }
     return hasDate ? localizedSyncString("Not yet synchronized with the ticked locations")
                    : localizedSyncString("Never synchronized");
+}
+
+QString DatabaseRowStatus::syncButtonName() const {
+    const auto row = database();
+    return row ? QStringLiteral("%1, %2").arg(row->localizedSyncButtonTitle(), row->name())
+               : QString();
+}
+
+QString DatabaseRowStatus::errorButtonName() const {
+    const auto row = database();
+    return localizedSyncString("Show what failed with “%1”").arg(row ? row->name() : QString());
 }
 
 std::optional<Error> DatabaseRowStatus::error() const {

@@ -19,6 +19,9 @@ class DatabaseRowStatus : public QObject {
     /// With how many of the ticked locations the database is synchronized, and when it last was, in
     /// words relative to the current day. Empty without a row.
     Q_PROPERTY(QString text READ text NOTIFY changed)
+    /// The names of the buttons of the row, with that of the database.
+    Q_PROPERTY(QString syncButtonName READ syncButtonName NOTIFY changed)
+    Q_PROPERTY(QString errorButtonName READ errorButtonName NOTIFY changed)
     /// What failed at the ticked locations, for the user, with at most five descriptions; empty if
     /// nothing did. Failures at locations that are not ticked do not count.
     Q_PROPERTY(std::optional<Error> error READ error NOTIFY changed)
@@ -28,8 +31,10 @@ public:
     std::shared_ptr<QVStandInDatabase> database() const { return m_database.lock(); }
     /// Observes the row instead of the former one and emits changed(). Null is allowed.
     void setDatabase(const std::shared_ptr<QVStandInDatabase> &database);
-    /// Both are computed at each call. O(number of the row's states).
+    /// All are computed at each call. O(number of the row's states).
     QString text() const;
+    QString syncButtonName() const;
+    QString errorButtonName() const;
     std::optional<Error> error() const;
 
 Q_SIGNALS:

@@ -115,6 +115,17 @@ QString LocationRowStatus::summary() const {
     return QStringLiteral("%1 · %2").arg(row->locationType(), resultText(state().get()));
 }
 
+QString LocationRowStatus::tickDescription() const {
+    const auto row = selection();
+    return row && row->database() ? localizedSyncString("Synchronizes “%1” with “%2”")
+                                        .arg(row->database()->name(), row->title())
+                                  : QString();
+}
+
+QString LocationRowStatus::errorButtonName() const {
+    return localizedSyncString("Show what failed with “%1”").arg(title());
+}
+
 std::optional<Error> LocationRowStatus::error() const {
     const auto row = selection();
     if (row && row->error()) {

@@ -25,6 +25,11 @@ class LocationRowStatus : public QObject {
     /// The kind of the location and, if a database is selected, the result of the last job:
     /// "WebDAV · failed today at 20:28: wrong password".
     Q_PROPERTY(QString summary READ summary NOTIFY statusChanged)
+    /// What the check box of the row does: "Synchronizes “Projects” with “Home”". Empty if no
+    /// database is selected.
+    Q_PROPERTY(QString tickDescription READ tickDescription NOTIFY statusChanged)
+    /// The name of the button that shows the error, with that of the location.
+    Q_PROPERTY(QString errorButtonName READ errorButtonName NOTIFY locationChanged)
     /// The row's error or, if the database is ticked, that of the last job, also if it only left
     /// some items out, with the next steps; empty if there is none.
     Q_PROPERTY(std::optional<Error> error READ error NOTIFY statusChanged)
@@ -39,6 +44,8 @@ public:
     QString title() const;
     QPixmap icon() const;
     QString summary() const;
+    QString tickDescription() const;
+    QString errorButtonName() const;
     std::optional<Error> error() const;
 
 Q_SIGNALS:

@@ -216,8 +216,12 @@
         <translation>Die letzte Synchronisierung ist fehlgeschlagen. Anzeigen, was fehlgeschlagen ist.</translation>
     </message>
     <message>
-        <source>Show what failed</source>
-        <translation>Fehlschläge anzeigen</translation>
+        <source>Show what failed with “%1”</source>
+        <translation>Anzeigen, was mit „%1“ fehlgeschlagen ist</translation>
+    </message>
+    <message>
+        <source>Synchronizes “%1” with “%2”</source>
+        <translation>Synchronisiert „%1“ mit „%2“</translation>
     </message>
     <message>
         <source>Unavailable</source>
@@ -866,10 +870,6 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>Schedule of the selected database</source>
         <translation>Zeitplan der ausgewählten Datenbank</translation>
-    </message>
-    <message>
-        <source>Show the error</source>
-        <translation>Fehler anzeigen</translation>
     </message>
     <message>
         <source>An error occurred at this location. Show it.</source>
