@@ -7,7 +7,7 @@
 WeekdayPicker::WeekdayPicker(QWidget *parent) : QWidget(parent) {
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(2);
+    layout->setSpacing(4);
     const int firstDay = QLocale().firstDayOfWeek();
     for (int i = 0; i < daysInWeek; ++i) {
         const int day = (firstDay + i) % daysInWeek;

@@ -79,6 +79,8 @@ public:
     /// Removes the schedule of the row if `disabled` is true, and calls the delegate once with
     /// null.
     void setDisabled(bool disabled);
+    /// Sets `disabled`; the form's button calls it.
+    Q_SLOT void removeSchedule() { setDisabled(true); }
     /// The kinds of the schedule: at most one is true.
     bool isHourly() const;
     /// Each setter of a mode replaces the schedule by one of the host's default time, also if the
