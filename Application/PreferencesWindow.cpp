@@ -10,6 +10,7 @@
 #include "Application/WindowSize.h"
 #include "Host/QVLocationEditing.h"
 #include "Platform/Interface/HeightKeeper.h"
+#include "Platform/Interface/Mnemonics.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Platform/Interface/TextLabel.h"
 
@@ -33,6 +34,14 @@ void PreferencesWindow::showPane(std::unique_ptr<PreferencePane> pane) {
     m_pane->loadMainView();
     static_cast<QVBoxLayout *>(layout())->insertWidget(0, m_pane->mainView(), 1);
     m_pane->willSelect();
+    if (isVisible()) {
+        Mnemonics::assign(*this);
+    }
+}
+
+void PreferencesWindow::showEvent(QShowEvent *event) {
+    Mnemonics::assign(*this);
+    QWidget::showEvent(event);
 }
 
 void PreferencesWindow::showRemovals(
@@ -45,7 +54,6 @@ void PreferencesWindow::showRemovals(
     m_removalBar->setObjectName(QStringLiteral("removalBar"));
     m_removalLabel = new TextLabel;
     m_removalLabel->setWordWrap(true);
-    m_removalLabel->setTextColor(palette().color(QPalette::WindowText));
     auto *button = new QPushButton(tr("&Undo"));
     connect(button, &QPushButton::clicked, this, &PreferencesWindow::undoRemoval);
     auto *barLayout = new QHBoxLayout(m_removalBar);

@@ -40,6 +40,8 @@ protected:
     /// Deselects the pane, which saves its settings. If they cannot be saved, presents an error,
     /// and the window stays open.
     void closeEvent(QCloseEvent *event) override;
+    /// Gives the buttons mnemonics.
+    void showEvent(QShowEvent *event) override;
 
 private:
     /// Loads the view of the pane, shows it and selects the pane.

@@ -3,6 +3,7 @@
 #include <QtGui/QCloseEvent>
 
 #include "Platform/Interface/HeightKeeper.h"
+#include "Platform/Interface/Mnemonics.h"
 
 SheetWindow::SheetWindow(QWidget *parent) : QDialog(parent) {
     new HeightKeeper(this);
@@ -15,4 +16,9 @@ void SheetWindow::reject() {
 void SheetWindow::closeEvent(QCloseEvent *event) {
     event->ignore();
     Q_EMIT leaving();
+}
+
+void SheetWindow::showEvent(QShowEvent *event) {
+    Mnemonics::assign(*this);
+    QDialog::showEvent(event);
 }

@@ -6,7 +6,8 @@
 
 /// The window of a sheet. It never closes itself: the Escape key and the window manager's close
 /// button only emit leaving(), and the controller decides. QDialog::done() ends the sheet. It grows
-/// with the texts in it. Must be used on the main thread.
+/// with the texts in it. Its buttons and labels get mnemonics when it is shown. Must be used on the
+/// main thread.
 class PLATFORM_EXPORT SheetWindow : public QDialog {
     Q_OBJECT
 public:
@@ -23,4 +24,5 @@ Q_SIGNALS:
 protected:
     /// Ignores the event and emits leaving(), also when the application asks all windows to close.
     void closeEvent(QCloseEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 };

@@ -1,0 +1,66 @@
+#include "Platform/Interface/Mnemonics.h"
+
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollArea>
+
+#include "Support/TestMain.h"
+
+class MnemonicsTest : public QObject {
+    Q_OBJECT
+
+    QWidget m_window;
+
+    QPushButton *addButton(const char *text) {
+        return new QPushButton(QLatin1StringView(text), &m_window);
+    }
+
+private Q_SLOTS:
+    void cleanup() { qDeleteAll(m_window.findChildren<QWidget *>(Qt::FindDirectChildrenOnly)); }
+
+    void eachButtonGetsAFreeLetter() {
+        const QPushButton *translated = addButton("&Remove Schedule");
+        const QPushButton *remove = addButton("Remove");
+        const QPushButton *add = addButton("Add");
+        const QPushButton *address = addButton("Address");
+        Mnemonics::assign(m_window);
+        QCOMPARE(translated->text(), QStringLiteral("&Remove Schedule"));
+        QCOMPARE(add->text(), QStringLiteral("&Add"));
+        QCOMPARE(remove->text(), QStringLiteral("R&emove"));
+        QCOMPARE(address->text(), QStringLiteral("A&ddress"));
+        Mnemonics::assign(m_window);
+        QCOMPARE(add->text(), QStringLiteral("&Add"));
+    }
+
+    void aWordBeginsWithABetterLetterThanOneWithin() {
+        addButton("&Sync");
+        const QPushButton *server = addButton("Server Name");
+        Mnemonics::assign(m_window);
+        QCOMPARE(server->text(), QStringLiteral("Server &Name"));
+    }
+
+    void onlyLabelsOfFieldsAreMarked() {
+        auto *label = new QLabel(QStringLiteral("Server:"), &m_window);
+        label->setBuddy(new QLineEdit(&m_window));
+        const auto *text = new QLabel(QStringLiteral("Nothing"), &m_window);
+        Mnemonics::assign(m_window);
+        QCOMPARE(label->text(), QStringLiteral("&Server:"));
+        QCOMPARE(text->text(), QStringLiteral("Nothing"));
+    }
+
+    void rowsAndTextsWithoutAFreeLetterAreLeftAlone() {
+        auto *area = new QScrollArea(&m_window);
+        auto *row = new QPushButton(QStringLiteral("Sync Now"));
+        area->setWidget(row);
+        const QPushButton *first = addButton("A");
+        const QPushButton *second = addButton("A");
+        Mnemonics::assign(m_window);
+        QCOMPARE(row->text(), QStringLiteral("Sync Now"));
+        QCOMPARE(first->text(), QStringLiteral("&A"));
+        QCOMPARE(second->text(), QStringLiteral("A"));
+    }
+};
+
+VELMORA_TEST(MnemonicsTest)
+#include "MnemonicsTest.moc"
