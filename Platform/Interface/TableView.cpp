@@ -135,6 +135,9 @@ void TableView::reloadCell(int row, int column) {
     QWidget *view =
         m_delegate->tableViewViewForTableColumnRow(this, m_columnIdentifiers.at(column), row);
     m_reusableView = nullptr;
+    auto *item = new QTableWidgetItem;
+    item->setData(Qt::AccessibleTextRole, view ? view->accessibleName() : QString());
+    setItem(row, column, item);
     if (view == before) {
         return;
     }
@@ -158,6 +161,32 @@ QWidget *TableView::makeViewWithIdentifier(const QString &identifier, QObject *o
 int TableView::selectedRow() const {
     const IndexSet rows = selectionIndexes();
     return rows.empty() ? -1 : static_cast<int>(*rows.begin());
+}
+
+void TableView::announceRow(int row, QAccessible::Event event) {
+    QAccessibleEvent announcement(this, event);
+    announcement.setChild(row);
+    QAccessible::updateAccessibility(&announcement);
+}
+
+void TableView::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
+    // QTableWidget's own announces a cell and does nothing else.
+    QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
+    if (hasFocus() && current.isValid()) {
+        announceRow(current.row(), QAccessible::Focus);
+    }
+}
+
+void TableView::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) {
+    // As above.
+    QAbstractItemView::selectionChanged(selected,
+                                        deselected);  // NOLINT(bugprone-parent-virtual-call)
+    for (const QModelIndex &index : deselected.indexes()) {
+        announceRow(index.row(), QAccessible::SelectionRemove);
+    }
+    for (const QModelIndex &index : selected.indexes()) {
+        announceRow(index.row(), QAccessible::Selection);
+    }
 }
 
 void TableView::mouseReleaseEvent(QMouseEvent *event) {

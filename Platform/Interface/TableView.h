@@ -2,6 +2,7 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QVariantList>
+#include <QtGui/QAccessible>
 #include <QtWidgets/QTableWidget>
 
 #include "Platform/KeyValue/IndexSet.h"
@@ -83,10 +84,16 @@ Q_SIGNALS:
     void selectionIndexesChanged();
 
 protected:
+    /// These two tell assistive technologies about rows instead of cells, see AccessibleTable.
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void selectionChanged(const QItemSelection &selected,
+                          const QItemSelection &deselected) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    /// Reports an event of the item of a row.
+    void announceRow(int row, QAccessible::Event event);
     QString textOf(const QVariant &object) const;
     /// Shows the value at `checkKey` in the row's check box.
     void showCheck(QTableWidgetItem *item, const QVariant &object) const;

@@ -15,7 +15,7 @@ public:
     /// Returns the number of rows, at least 0.
     virtual int numberOfRowsInTableView(TableView *tableView) = 0;
     /// Returns the view of a cell, of which the table takes ownership; null for an empty cell.
-    /// `row` is from 0 to the number of rows - 1.
+    /// Its accessible name becomes that of the cell. `row` is from 0 to the number of rows - 1.
     virtual QWidget *tableViewViewForTableColumnRow(TableView *tableView,
                                                     const QString &columnIdentifier, int row) = 0;
     /// Called after each change of the selection, by the user or by the program, but not while the

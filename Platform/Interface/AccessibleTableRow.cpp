@@ -1,0 +1,77 @@
+#include "Platform/Interface/AccessibleTableRow.h"
+
+#include "Platform/Interface/TableView.h"
+
+AccessibleTableRow::AccessibleTableRow(TableView *table, int row) : m_table(table), m_row(row) {}
+
+bool AccessibleTableRow::isValid() const {
+    return m_table && m_row < m_table->rowCount();
+}
+
+QWindow *AccessibleTableRow::window() const {
+    return m_table ? m_table->window()->windowHandle() : nullptr;
+}
+
+QAccessibleInterface *AccessibleTableRow::parent() const {
+    return QAccessible::queryAccessibleInterface(m_table);
+}
+
+QString AccessibleTableRow::text(QAccessible::Text kind) const {
+    const QTableWidgetItem *item = isValid() ? m_table->item(m_row, 0) : nullptr;
+    if (!item || kind != QAccessible::Name) {
+        return {};
+    }
+    const QString name = item->data(Qt::AccessibleTextRole).toString();
+    return name.isEmpty() ? item->text() : name;
+}
+
+QRect AccessibleTableRow::rect() const {
+    if (!isValid()) {
+        return {};
+    }
+    const QRect frame = m_table->visualRect(m_table->model()->index(m_row, 0));
+    return {m_table->viewport()->mapToGlobal(frame.topLeft()), frame.size()};
+}
+
+QAccessible::State AccessibleTableRow::state() const {
+    QAccessible::State state;
+    if (!isValid()) {
+        state.invalid = 1;
+        return state;
+    }
+    const QTableWidgetItem *item = m_table->item(m_row, 0);
+    state.selectable = 1;
+    state.selected = m_table->selectionIndexes().contains(m_row) ? 1 : 0;
+    state.focusable = 1;
+    state.focused = m_table->hasFocus() && m_table->currentRow() == m_row ? 1 : 0;
+    state.checkable = isCheckable() ? 1 : 0;
+    state.checked = isCheckable() && item->checkState() == Qt::Checked ? 1 : 0;
+    return state;
+}
+
+bool AccessibleTableRow::isCheckable() const {
+    const QTableWidgetItem *item = isValid() ? m_table->item(m_row, 0) : nullptr;
+    return item && item->data(Qt::CheckStateRole).isValid();
+}
+
+void *AccessibleTableRow::interface_cast(QAccessible::InterfaceType type) {
+    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface *>(this)
+                                                : nullptr;
+}
+
+QStringList AccessibleTableRow::actionNames() const {
+    return isCheckable() ? QStringList{pressAction(), toggleAction()} : QStringList{pressAction()};
+}
+
+void AccessibleTableRow::doAction(const QString &name) {
+    if (name == pressAction() && isValid()) {
+        m_table->setCurrentCell(m_row, 0);
+    } else if (name == toggleAction() && isCheckable()) {
+        QTableWidgetItem *item = m_table->item(m_row, 0);
+        item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+    }
+}
+
+QStringList AccessibleTableRow::keyBindingsForAction(const QString & /*name*/) const {
+    return {};
+}
