@@ -1,5 +1,6 @@
 #include "Controller/Preferences/QVSyncLocationEditor.h"
 
+#include <QtCore/QMetaProperty>
 #include <utility>
 
 #include "Platform/Foundation/Assertion.h"
@@ -27,6 +28,18 @@ void QVSyncLocationEditor::runLocationEditorModalForWindow(QWidget *parentWindow
     setShouldShowCancelButton(showCancelButton);
     setCompletionHandler(std::move(handler));
     beginSheet(parentWindow);
+    m_firstValues = fieldValues();
+}
+
+QVariantList QVSyncLocationEditor::fieldValues() {
+    QVariantList values;
+    for (const QWidget *field : window()->findChildren<QWidget *>()) {
+        const QMetaProperty value = field->metaObject()->userProperty();
+        if (value.isValid() && !value.isConstant()) {
+            values.append(value.read(field));
+        }
+    }
+    return values;
 }
 
 void QVSyncLocationEditor::acceptModalSheet(QObject * /*sender*/) {
@@ -42,7 +55,7 @@ void QVSyncLocationEditor::setCompletionHandler(CompletionHandler handler) {
 }
 
 void QVSyncLocationEditor::leaveSheet() {
-    if (m_shouldShowCancelButton) {
+    if (m_shouldShowCancelButton || fieldValues() == m_firstValues) {
         cancelModalSheet(nullptr);
     }
 }

@@ -63,15 +63,19 @@ protected:
     /// Sets the handler that finish() calls, at most once. Empty is allowed. For subclasses that
     /// show no sheet.
     void setCompletionHandler(CompletionHandler handler);
-    /// Cancels if there is a Cancel button; otherwise has no effect.
+    /// Cancels if there is a Cancel button or no field was changed; otherwise has no effect.
     void leaveSheet() override;
 
 private:
+    /// Returns the values of all fields of the sheet, in a fixed order.
+    QVariantList fieldValues();
     /// Closes the sheet and calls the completion handler with `result`.
     void finish(int result);
 
     std::shared_ptr<QVSyncLocation> m_location;
     bool m_shouldShowCancelButton = false;
+    /// The values when the sheet was shown.
+    QVariantList m_firstValues;
     /// Empty after it was called.
     CompletionHandler m_completionHandler;
 };

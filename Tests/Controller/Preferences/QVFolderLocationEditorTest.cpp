@@ -280,14 +280,25 @@ private Q_SLOTS:
         QCOMPARE(m_results, QList<qint64>{0});
     }
 
-    void escapeCancelsOnlyWhereThereIsACancelButton() {
+    void escapeLeavesASheetUnlessThatLosesAChange() {
         QWidget parent;
         m_editor->runLocationEditorModalForWindow(&parent, false, recordResult());
         QVERIFY(part<QPushButton>("cancelButton")->isHidden());
+        auto *field = part<QLineEdit>("packageField");
+        const QString first = field->text();
+        field->setText(QStringLiteral("Other"));
         QTest::keyClick(m_editor->window(), Qt::Key_Escape);
         QVERIFY(m_editor->window()->isVisible());
-        m_editor->setShouldShowCancelButton(true);
-        QVERIFY(!part<QPushButton>("cancelButton")->isHidden());
+        field->setText(first);
+        QTest::keyClick(m_editor->window(), Qt::Key_Escape);
+        QVERIFY(!m_editor->window()->isVisible());
+        QCOMPARE(m_results, QList<qint64>{0});
+    }
+
+    void escapeCancelsWhereThereIsACancelButton() {
+        QWidget parent;
+        m_editor->runLocationEditorModalForWindow(&parent, true, recordResult());
+        part<QLineEdit>("packageField")->setText(QStringLiteral("Other"));
         QTest::keyClick(m_editor->window(), Qt::Key_Escape);
         QVERIFY(!m_editor->window()->isVisible());
         QCOMPARE(m_results, QList<qint64>{0});
