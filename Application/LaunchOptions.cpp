@@ -1,6 +1,8 @@
 #include "Application/LaunchOptions.h"
 
 #include <QtCore/QCommandLineParser>
+#include <QtCore/QHash>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QStandardPaths>
 #include <cstdlib>
 
@@ -14,6 +16,44 @@ const QString VerifyCommand = QStringLiteral("verify");
 
 QString tr(const char *text) {
     return QCoreApplication::translate("LaunchOptions", text);
+}
+
+/// Whether an option of Qt is followed by a value. QGuiApplication and QApplication document them,
+/// except for the last four, which the X11 platform plug-in accepts.
+const QHash<QString, bool> &optionsOfQt() {
+    static const QHash<QString, bool> hasValue = {
+        {QStringLiteral("platform"), true},        {QStringLiteral("platformpluginpath"), true},
+        {QStringLiteral("platformtheme"), true},   {QStringLiteral("plugin"), true},
+        {QStringLiteral("qwindowgeometry"), true}, {QStringLiteral("qwindowicon"), true},
+        {QStringLiteral("qwindowtitle"), true},    {QStringLiteral("reverse"), false},
+        {QStringLiteral("session"), true},         {QStringLiteral("style"), true},
+        {QStringLiteral("stylesheet"), true},      {QStringLiteral("widgetcount"), false},
+        {QStringLiteral("display"), true},         {QStringLiteral("name"), true},
+        {QStringLiteral("nograb"), false},         {QStringLiteral("dograb"), false}};
+    return hasValue;
+}
+
+/// Removes the options that QApplication reads itself, each with one or two dashes. `platform` is
+/// set to whether one of them selects the platform plug-in.
+QStringList withoutOptionsOfQt(const QStringList &arguments, bool &platform) {
+    static const QRegularExpression form(QStringLiteral("\\A--?(\\w+)(=.*)?\\z"),
+                                         QRegularExpression::DotMatchesEverythingOption);
+    QStringList others = arguments.mid(0, 1);
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+        const QRegularExpressionMatch match = form.match(arguments.at(i));
+        const auto option = optionsOfQt().constFind(match.captured(1));
+        if (arguments.at(i) == QLatin1StringView("--")) {
+            return others + arguments.mid(i);
+        }
+        if (!match.hasMatch() || option == optionsOfQt().constEnd()) {
+            others.append(arguments.at(i));
+            continue;
+        }
+        platform = platform || option.key() == QLatin1StringView("platform");
+        // The value is the next argument.
+        i += *option && match.captured(2).isEmpty() ? 1 : 0;
+    }
+    return others;
 }
 
 bool hasDisplay() {
@@ -51,6 +91,7 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
     parser.setApplicationDescription(
         tr("Notes and documents, synchronized with the locations you choose."));
     parser.addHelpOption();
+    parser.addVersionOption();
     const QCommandLineOption profile(QStringLiteral("profile"), tr("Use the profile in DIR."),
                                      QStringLiteral("DIR"));
     const QCommandLineOption screenshot(
@@ -102,7 +143,8 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
         QStringLiteral("| check LOCATION"));
     parser.addOptions(
         {profile, screenshot, describe, appearance, sandboxed, repair, json, timeout});
-    parser.process(arguments);
+    bool selectsPlatform = false;
+    parser.process(withoutOptionsOfQt(arguments, selectsPlatform));
 
     LaunchOptions options;
     options.profile = parser.isSet(profile)
@@ -120,7 +162,7 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
                                                 : defaultTimeout(options.command->name);
     }
     options.appearance = parser.value(appearance);
-    options.hasNoDisplay = !hasDisplay();
+    options.hasNoDisplay = !selectsPlatform && !hasDisplay();
     const QStringList switches{QStringLiteral("off"), QStringLiteral("on")};
     const qsizetype sandbox = switches.indexOf(parser.value(sandboxed));
     if (sandbox >= 0) {

@@ -32,7 +32,8 @@ struct LaunchOptions {
     /// Whether the profile is sandboxed from now on; empty leaves the setting unchanged. Never set
     /// together with `verify`.
     std::optional<bool> sandboxed;
-    /// Whether no display server is available (no DISPLAY, WAYLAND_DISPLAY or QT_QPA_PLATFORM).
+    /// Whether no display server is available (no DISPLAY, WAYLAND_DISPLAY or QT_QPA_PLATFORM) and
+    /// no option selects a platform plug-in that needs none.
     bool hasNoDisplay = false;
 
     /// Returns whether the program works without opening a window.
@@ -40,9 +41,10 @@ struct LaunchOptions {
         return command || verify || describe || hasNoDisplay || !screenshot.isEmpty();
     }
 
-    /// Parses the command line and the environment. `arguments` includes the program's name. Exits
-    /// the process for --help, and, with a usage message and EXIT_FAILURE, if an option or argument
-    /// is invalid or options exclude each other. A QCoreApplication must exist, and the
-    /// translations be installed; no window system is needed.
+    /// Parses the command line and the environment. `arguments` includes the program's name; the
+    /// options that QApplication reads are passed over. Exits the process for --help and --version,
+    /// and, with a usage message and EXIT_FAILURE, if an option or argument is invalid or options
+    /// exclude each other. A QCoreApplication must exist, and the translations be installed; no
+    /// window system is needed.
     static LaunchOptions parse(const QStringList &arguments);
 };

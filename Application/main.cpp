@@ -248,6 +248,7 @@ End runProgram(int argumentCount, char **arguments) {
     installAssertionReporter();
     QCoreApplication::setOrganizationName(QStringLiteral("Velmora"));
     QCoreApplication::setApplicationName(QStringLiteral("Velmora"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VELMORA_VERSION));
 
     Translators translators;
     LaunchOptions options;

@@ -285,6 +285,27 @@ private Q_SLOTS:
         terminate(*startWindows());
     }
 
+    void itsVersionIsPrinted() {
+        const Run version = run({QStringLiteral("--version")});
+        QCOMPARE(version.exitCode, 0);
+        QCOMPARE(version.output.trimmed(), QByteArray("Velmora " VELMORA_VERSION));
+    }
+
+    void optionsOfQtAreAccepted() {
+        const QString picture = m_folder.filePath(QStringLiteral("reversed.png"));
+        const Run reversed =
+            run({QStringLiteral("--profile"), profile(), QStringLiteral("--screenshot"), picture,
+                 QStringLiteral("-reverse"), QStringLiteral("-style"), QStringLiteral("windows"),
+                 QStringLiteral("--qwindowtitle=Notes"), QStringLiteral("-session"),
+                 QStringLiteral("1"), QStringLiteral("-platform"), QStringLiteral("offscreen")});
+        QVERIFY2(reversed.exitCode == 0, reversed.errors);
+        QVERIFY(QFile::exists(picture));
+        // What follows two dashes is no option, and others are still refused.
+        const Run argument = run({QStringLiteral("--"), QStringLiteral("-reverse")});
+        QCOMPARE(argument.exitCode, 2);
+        QCOMPARE(run({QStringLiteral("-reversed")}).exitCode, 1);
+    }
+
     void unknownOptionsAreRefused() {
         QVERIFY(run({QStringLiteral("--nonsense")}).exitCode > 0);
         QVERIFY(run({QStringLiteral("--appearance"), QStringLiteral("pink")}).exitCode > 0);
