@@ -1,0 +1,153 @@
+#include <QtCore/QDir>
+#include <QtCore/QLibraryInfo>
+#include <QtCore/QTranslator>
+#include <QtWidgets/QApplication>
+
+#include "Application/VelmoraApplication.h"
+#include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Platform/Interface/Nib.h"
+#include "Scenarios/EveryWindow.h"
+#include "Support/AccessibleTree.h"
+#include "Support/ShownContrast.h"
+#include "Support/TestHost.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+QPalette highContrastPalette() {
+    QPalette palette(Qt::black);
+    for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Window, QPalette::Button}) {
+        palette.setColor(role, Qt::black);
+    }
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::BrightText}) {
+        palette.setColor(role, Qt::white);
+    }
+    palette.setColor(QPalette::Highlight, Qt::yellow);
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+    return palette;
+}
+
+}  // namespace
+
+/// Every window and sheet can be used without a mouse, by a screen reader, and with weak sight.
+class AccessibleWindowsTest : public QObject {
+    Q_OBJECT
+
+    QTranslator m_german;
+    QTranslator m_qtGerman;
+
+    static VelmoraApplication &application() { return *static_cast<VelmoraApplication *>(qApp); }
+
+    void speak(const QLocale &locale) {
+        QLocale::setDefault(locale);
+        if (locale.language() == QLocale::German) {
+            QCoreApplication::installTranslator(&m_german);
+            QCoreApplication::installTranslator(&m_qtGerman);
+        }
+    }
+
+    static QStringList sheets() {
+        return {QStringLiteral("QVBookmarkingWindow"),
+                QStringLiteral("QVDirectConnectionLocationEditor"),
+                QStringLiteral("QVDropboxLocationEditor"),
+                QStringLiteral("QVFolderLocationEditor"),
+                QStringLiteral("QVServerPreferences"),
+                QStringLiteral("QVWebDAVLocationEditor")};
+    }
+
+    static void addWindows() {
+        QTest::addColumn<EveryWindow::MakeWindow>("makeWindow");
+        QTest::addColumn<QString>("sheet");
+        QTest::addColumn<QLocale>("locale");
+        for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
+            const QByteArray name = QLocale::languageToString(language).toUtf8();
+            for (const auto &[window, makeWindow] : EveryWindow::all()) {
+                QTest::addRow("%s, %s", window, name.constData())
+                    << makeWindow << QString() << QLocale(language);
+            }
+            for (const QString &sheet : sheets()) {
+                QTest::addRow("%s, %s", qPrintable(sheet), name.constData())
+                    << EveryWindow::MakeWindow(nullptr) << sheet << QLocale(language);
+            }
+        }
+    }
+
+    /// Shows the window of the present row.
+    static std::unique_ptr<QWidget> show(TestHost &host, EventLog &log,
+                                         EveryWindow::MakeWindow makeWindow, const QString &sheet) {
+        std::unique_ptr<QWidget> window =
+            makeWindow ? makeWindow(host, log) : std::unique_ptr<QWidget>(Nib::makeForm(sheet));
+        window->show();
+        window->activateWindow();
+        return window;
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        registerSyncPreferencesInterface();
+        QVERIFY(m_german.load(QStringLiteral(":/Velmora/Translations/Velmora_de.qm")));
+        // Its package may be missing.
+        std::ignore = m_qtGerman.load(QStringLiteral("qtbase_de"),
+                                      QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    }
+    void cleanup() {
+        QCoreApplication::removeTranslator(&m_german);
+        QCoreApplication::removeTranslator(&m_qtGerman);
+        QLocale::setDefault(QLocale::c());
+    }
+
+    void everyControlCanBeReachedAndIsNamed_data() { addWindows(); }
+    void everyControlCanBeReachedAndIsNamed() {
+        QFETCH(const EveryWindow::MakeWindow, makeWindow);
+        QFETCH(const QString, sheet);
+        QFETCH(const QLocale, locale);
+        speak(locale);
+        TestHost host;
+        EventLog log;
+        const std::unique_ptr<QWidget> window = show(host, log, makeWindow, sheet);
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        const QStringList problems = AccessibleTree::problems(*window);
+        QVERIFY2(problems.isEmpty(), qPrintable(problems.join(u'\n')));
+        window->close();
+    }
+
+    void everyTextAndOutlineCanBeSeen_data() { addWindows(); }
+    void everyTextAndOutlineCanBeSeen() {
+        QFETCH(const EveryWindow::MakeWindow, makeWindow);
+        QFETCH(const QString, sheet);
+        QFETCH(const QLocale, locale);
+        speak(locale);
+        const QFont usual = QApplication::font();
+        QFont large = usual;
+        large.setPointSize(14);
+        QApplication::setFont(large);
+        const std::pair<const char *, std::function<void()>> looks[] = {
+            {"light", [] { application().setDarkAppearance(false); }},
+            {"dark", [] { application().setDarkAppearance(true); }},
+            {"high contrast", [] { QApplication::setPalette(highContrastPalette()); }}};
+        QStringList problems;
+        for (const auto &[look, apply] : looks) {
+            apply();
+            TestHost host;
+            EventLog log;
+            const std::unique_ptr<QWidget> window = show(host, log, makeWindow, sheet);
+            QVERIFY(QTest::qWaitForWindowActive(window.get()));
+            for (const QString &problem : ShownContrast::problems(*window)) {
+                problems.append(QStringLiteral("%1: %2").arg(QLatin1StringView(look), problem));
+            }
+            window->close();
+        }
+        QApplication::setFont(usual);
+        QVERIFY2(problems.isEmpty(), qPrintable(problems.join(u'\n')));
+    }
+};
+
+VELMORA_TEST_PROGRAM(AccessibleWindowsTest)(int argumentCount, char **arguments) {
+    prepareTestProcess();
+    const VelmoraApplication application(argumentCount, arguments);
+    AccessibleWindowsTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
+
+#include "AccessibleWindowsTest.moc"

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
+#include <memory>
+
+#include "Application/ConflictBar.h"
+#include "Application/ConflictDialog.h"
+#include "Application/ErrorBoxes.h"
+#include "Application/EventLog.h"
+#include "Application/HistoryDialog.h"
+#include "Application/LogWindow.h"
+#include "Application/MainWindow.h"
+#include "Application/QuestionBox.h"
+#include "Application/QuitProgressDialog.h"
+#include "Application/RemovalDialog.h"
+#include "Scenarios/Panel.h"
+#include "Support/TestHost.h"
+
+/// The windows and questions of the application, each with contents as users see it.
+namespace EveryWindow {
+
+using MakeWindow = std::unique_ptr<QWidget> (*)(TestHost &host, EventLog &log);
+
+inline std::unique_ptr<QWidget> mainWindow(TestHost &host, EventLog &log) {
+    return std::make_unique<MainWindow>(&host.library(), &log, host.directory());
+}
+
+inline std::unique_ptr<QWidget> logWindow(TestHost & /*host*/, EventLog &log) {
+    log.append(QStringLiteral("Sync:"),
+               QStringLiteral("“Projects” could not be synchronized with “localhost – Shared”: The "
+                              "server “localhost” does not accept this user name and password."));
+    return std::make_unique<LogWindow>(&log);
+}
+
+inline std::unique_ptr<QWidget> deletedNotes(TestHost &host, EventLog & /*log*/) {
+    return std::make_unique<HistoryDialog>(&host.library(), host.inbox(), Note(), nullptr);
+}
+
+inline std::unique_ptr<QWidget> removalQuestion(TestHost & /*host*/, EventLog & /*log*/) {
+    const RemovalQuestion question{.database = QStringLiteral("Projects"),
+                                   .location = QStringLiteral("dav.example.com – Shared"),
+                                   .titles = QStringList(40, QStringLiteral("Garden Shed")),
+                                   .total = 41};
+    auto dialog = std::make_unique<RemovalDialog>(
+        question, [](RemovalDecision) {}, nullptr);
+    dialog->setAttribute(Qt::WA_DeleteOnClose, false);
+    return dialog;
+}
+
+inline std::unique_ptr<QWidget> comparison(TestHost & /*host*/, EventLog & /*log*/) {
+    const Note shown{.title = QStringLiteral("Garden Shed"), .text = QStringLiteral("Paint it.")};
+    const Note other{.title = QStringLiteral("Garden Shed"), .text = QStringLiteral("Sell it.")};
+    return std::make_unique<ConflictDialog>(shown, other, nullptr);
+}
+
+inline std::unique_ptr<QWidget> conflictBar(TestHost & /*host*/, EventLog & /*log*/) {
+    auto bar = std::make_unique<ConflictBar>(nullptr);
+    bar->setCount(3);
+    return bar;
+}
+
+inline std::unique_ptr<QWidget> pairingQuestion(TestHost & /*host*/, EventLog & /*log*/) {
+    const Question question{
+        QStringLiteral("Let “kim at writing-desk” synchronize with this computer?"),
+        QStringLiteral("It shows a code. Allow it only if the code is the same as here."),
+        QStringLiteral("Allow"), QStringLiteral("Refuse"), QStringLiteral("123 456")};
+    auto box = std::make_unique<QuestionBox>(question, nullptr);
+    box->setAttribute(Qt::WA_DeleteOnClose, false);
+    return box;
+}
+
+inline std::unique_ptr<QWidget> errorBox(TestHost & /*host*/, EventLog & /*log*/) {
+    // As the panel offers them, in the language with the longer ones.
+    Error error{.domain = QStringLiteral("VelmoraSyncErrorDomain"),
+                .code = 8,
+                .localizedDescription =
+                    QStringLiteral("“Projekte” konnte nicht mit „dav.example.com – Shared“ "
+                                   "synchronisiert werden: Der Server akzeptiert den Benutzernamen "
+                                   "und das Passwort nicht.")};
+    for (const char *title :
+         {"Ort bearbeiten …", "Erneut versuchen", "In der Dateiverwaltung anzeigen"}) {
+        error.recoveryOptions.append({QString::fromUtf8(title), [] {}});
+    }
+    static ErrorBoxes boxes;
+    boxes.noteEvent(QEvent::KeyPress);
+    const QWidgetList before = QApplication::topLevelWidgets();
+    boxes.show(error, nullptr);
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (!before.contains(window) && qobject_cast<QMessageBox *>(window)) {
+            window->setAttribute(Qt::WA_DeleteOnClose, false);
+            return std::unique_ptr<QWidget>(window);
+        }
+    }
+    return nullptr;
+}
+
+inline std::unique_ptr<QWidget> quitting(TestHost & /*host*/, EventLog & /*log*/) {
+    return std::make_unique<QuitProgressDialog>(nullptr);
+}
+
+inline std::unique_ptr<QWidget> preferences(TestHost &host, EventLog & /*log*/) {
+    host.addDatabase(QStringLiteral("Projects"));
+    host.addLocation();
+    host.addLocation(QStringLiteral("https://dav.example.com/Shared.qvSyncStore"));
+    return std::make_unique<PreferencesWindow>(std::make_unique<QVSyncPreferences>());
+}
+
+/// Returns the functions by the names of the windows.
+inline QList<std::pair<const char *, MakeWindow>> all() {
+    return {{"main window", mainWindow},     {"log", logWindow},
+            {"deleted notes", deletedNotes}, {"many removals", removalQuestion},
+            {"comparison", comparison},      {"conflict bar", conflictBar},
+            {"pairing", pairingQuestion},    {"error", errorBox},
+            {"quitting", quitting},          {"preferences", preferences}};
+}
+
+}  // namespace EveryWindow

@@ -1,0 +1,225 @@
+#include "Support/AccessibleTree.h"
+
+#include <QtCore/QMap>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
+#include <QtGui/QAccessible>
+#include <QtTest/QTest>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QRadioButton>
+#include <QtWidgets/QToolBar>
+
+namespace {
+
+const QSet<QAccessible::Role> &rolesOfControls() {
+    static const QSet<QAccessible::Role> roles = {
+        QAccessible::Button,      QAccessible::ButtonMenu, QAccessible::CheckBox,
+        QAccessible::RadioButton, QAccessible::ComboBox,   QAccessible::EditableText,
+        QAccessible::SpinBox,     QAccessible::List,       QAccessible::ListItem,
+        QAccessible::Table,       QAccessible::Tree,       QAccessible::ProgressBar};
+    return roles;
+}
+
+QString plainText(const QString &text) {
+    static const QRegularExpression mark(QStringLiteral("&(.)"));
+    return QString(text).replace(mark, QStringLiteral("\\1"));
+}
+
+QString letterIn(const QString &text) {
+    return QKeySequence::mnemonic(text).toString();
+}
+
+QString describe(const QWidget &widget) {
+    return QStringLiteral("%1 %2 “%3”")
+        .arg(QLatin1StringView(widget.metaObject()->className()), widget.objectName(),
+             widget.property("text").toString());
+}
+
+/// Returns the name that a screen reader speaks. That of a combo box is its value; another object
+/// labels it.
+QString nameOf(const QAccessibleInterface &control) {
+    const auto labels = control.relations(QAccessible::Label);
+    return control.role() == QAccessible::ComboBox && !labels.isEmpty()
+               ? labels.first().first->text(QAccessible::Name)
+               : control.text(QAccessible::Name);
+}
+
+template <class Ancestor>
+const Ancestor *ancestor(const QWidget *widget) {
+    for (const QWidget *each = widget->parentWidget(); each; each = each->parentWidget()) {
+        if (const auto *found = qobject_cast<const Ancestor *>(each)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+bool isInRow(const QWidget *widget) {
+    const auto *area = ancestor<QAbstractScrollArea>(widget);
+    return area && area->inherits("ListScrollArea");
+}
+
+/// Checks one window.
+class WindowCheck {
+public:
+    explicit WindowCheck(QWidget &window) : m_window(window) {}
+
+    QStringList problems() {
+        visit(QAccessible::queryAccessibleInterface(&m_window));
+        walkWithTab();
+        for (QWidget *control : std::as_const(m_controls)) {
+            checkReachable(control);
+        }
+        checkMnemonics();
+        return m_problems;
+    }
+
+private:
+    void visit(QAccessibleInterface *each) {
+        if (!each || each->state().invisible != 0) {
+            return;
+        }
+        // The parts of a table and of a spin box are named by it.
+        const bool isWhole = each->role() == QAccessible::SpinBox ||
+                             each->role() == QAccessible::ComboBox ||
+                             qobject_cast<QAbstractItemView *>(each->object());
+        if (rolesOfControls().contains(each->role())) {
+            checkNames(each);
+        }
+        for (int i = 0; i < each->childCount() && !isWhole; ++i) {
+            QAccessibleInterface *child = each->child(i);
+            const auto *widget = child ? qobject_cast<QWidget *>(child->object()) : nullptr;
+            if (!widget || widget->window() == &m_window) {
+                visit(child);
+            }
+        }
+    }
+
+    void checkNames(QAccessibleInterface *control) {
+        const QString name = nameOf(*control);
+        auto *widget = qobject_cast<QWidget *>(control->object());
+        const QString described =
+            QStringLiteral("%1 “%2”").arg(widget ? widget->objectName() : QString(), name);
+        if (name.isEmpty()) {
+            m_problems.append(QStringLiteral("no name: %1").arg(described));
+        }
+        const auto *button = qobject_cast<QAbstractButton *>(widget);
+        if (button && !name.contains(plainText(button->text()))) {
+            m_problems.append(
+                QStringLiteral("named without its text “%1”: %2").arg(button->text(), described));
+        }
+        const QString identity = QStringLiteral("%1|%2|%3")
+                                     .arg(QString::number(control->role()), name,
+                                          control->text(QAccessible::Description));
+        const bool isRepeatable = control->role() == QAccessible::ListItem;
+        if (!isRepeatable && m_identities.contains(identity)) {
+            m_problems.append(QStringLiteral("twice: %1").arg(described));
+        }
+        m_identities.insert(identity);
+        if (widget && control->role() != QAccessible::ListItem &&
+            control->role() != QAccessible::ProgressBar) {
+            m_controls.append(widget);
+        }
+    }
+
+    /// Presses Tab until the focus comes back.
+    void walkWithTab() {
+        for (int i = 0; i < 200; ++i) {
+            QWidget *focus = QApplication::focusWidget();
+            if (focus && m_reached.contains(focus)) {
+                return;
+            }
+            m_reached.append(focus);
+            // A text may take the key itself.
+            QTest::keyClick(
+                focus ? focus : &m_window, Qt::Key_Tab,
+                focus && focus->inherits("QTextEdit") ? Qt::ControlModifier : Qt::NoModifier);
+        }
+    }
+
+    void checkReachable(QWidget *control) {
+        const bool isInToolBar = ancestor<QToolBar>(control) != nullptr;
+        if (!control->isEnabled() || isInToolBar || m_reached.contains(control)) {
+            return;
+        }
+        if (isInRow(control)) {
+            if (control->focusPolicy() != Qt::ClickFocus) {
+                m_problems.append(QStringLiteral("not in its row: %1").arg(control->objectName()));
+            }
+            return;
+        }
+        const auto *radio = qobject_cast<QRadioButton *>(control);
+        const bool isInReachedGroup =
+            radio && std::any_of(m_reached.begin(), m_reached.end(), [&](QWidget *reached) {
+                return reached && reached->parentWidget() == radio->parentWidget() &&
+                       qobject_cast<QRadioButton *>(reached);
+            });
+        if (!isInReachedGroup) {
+            QStringList order;
+            for (const QWidget *reached : std::as_const(m_reached)) {
+                order.append(reached ? describe(*reached) : QStringLiteral("none"));
+            }
+            m_problems.append(QStringLiteral("out of reach: %1; Tab goes to %2")
+                                  .arg(describe(*control), order.join(QStringLiteral(", "))));
+        }
+    }
+
+    void checkMnemonics() {
+        QMap<QString, QStringList> texts;
+        const auto add = [&](const QString &text) {
+            if (const QString letter = letterIn(text); !letter.isEmpty()) {
+                texts[letter].append(text);
+            }
+        };
+        for (const QWidget *widget : m_window.findChildren<QWidget *>()) {
+            if (widget->window() != &m_window || !widget->isVisible()) {
+                continue;
+            }
+            const auto *label = qobject_cast<const QLabel *>(widget);
+            const auto *bar = qobject_cast<const QMenuBar *>(widget);
+            if (const auto *button = qobject_cast<const QAbstractButton *>(widget)) {
+                add(button->text());
+            } else if (label && label->buddy()) {
+                add(label->text());
+            } else if (bar) {
+                for (const QAction *action : bar->actions()) {
+                    add(action->text());
+                }
+            }
+        }
+        report(texts);
+        for (const QMenu *menu : m_window.findChildren<QMenu *>()) {
+            texts.clear();
+            for (const QAction *action : menu->actions()) {
+                add(action->text());
+            }
+            report(texts);
+        }
+    }
+
+    void report(const QMap<QString, QStringList> &texts) {
+        for (auto each = texts.begin(); each != texts.end(); ++each) {
+            if (each->size() > 1) {
+                m_problems.append(QStringLiteral("%1 several times: %2")
+                                      .arg(each.key(), each->join(QStringLiteral(", "))));
+            }
+        }
+    }
+
+    QWidget &m_window;
+    QStringList m_problems;
+    QSet<QString> m_identities;
+    QWidgetList m_controls;
+    QWidgetList m_reached;
+};
+
+}  // namespace
+
+QStringList AccessibleTree::problems(QWidget &window) {
+    return WindowCheck(window).problems();
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QtCore/QStringList>
+
+class QWidget;
+
+/// What prevents a user without a mouse or a screen from using a window. Must be used on the main
+/// thread.
+namespace AccessibleTree {
+
+/// Returns a line for each control in the accessible tree of `window`, which must be shown and
+/// active, that has no name or one without its visible text, that has the same name and description
+/// as another one, that Tab does not reach, or whose mnemonic presses another one as well. Moves
+/// the focus.
+QStringList problems(QWidget &window);
+
+}  // namespace AccessibleTree

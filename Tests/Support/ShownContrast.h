@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QtCore/QStringList>
+
+class QWidget;
+
+/// What users with weak sight cannot see in a window. Must be used on the main thread.
+namespace ShownContrast {
+
+/// Returns a line for each visible, enabled widget in `window` whose text has a contrast below
+/// 4.5:1, or whose outline has one below 3:1, to its ground, measured on the pixels of a picture.
+/// `window` must be shown. The font must be at least 14 points large, so that smoothed letters have
+/// pixels in their full color.
+QStringList problems(QWidget &window);
+
+}  // namespace ShownContrast
