@@ -7,7 +7,7 @@ _velmora() {
         --appearance) mapfile -t COMPREPLY < <(compgen -W 'light dark' -- "$word") ;;
         --sandboxed) mapfile -t COMPREPLY < <(compgen -W 'on off' -- "$word") ;;
         *)
-            local words='--profile --appearance --sandboxed --screenshot --describe --json --repair --timeout --help'
+            local words='--profile --appearance --sandboxed --screenshot --describe --json --repair --timeout --version --help'
             [[ $COMP_CWORD -gt 1 ]] || words+=' sync status check verify'
             mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
             ;;
