@@ -54,7 +54,11 @@ ConflictDialog::ConflictDialog(const Note &shown, const Note &other, QWidget *pa
     sides->addWidget(makeSide(tr("Other Edit"), other, m_other));
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(sides, 1);
-    layout->addWidget(makeButtons());
+    QWidget *buttons = makeButtons();
+    layout->addWidget(buttons);
+    // Tab would pass over Close, which was created first and stands last.
+    const auto inOrderOfCreation = buttons->findChildren<QPushButton *>();
+    setTabOrder(inOrderOfCreation.last(), inOrderOfCreation.first());
     const auto scrollTogether = [](QPlainTextEdit *view, QPlainTextEdit *follower) {
         connect(view->verticalScrollBar(), &QScrollBar::valueChanged, follower->verticalScrollBar(),
                 &QScrollBar::setValue);

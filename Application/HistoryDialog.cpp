@@ -89,6 +89,8 @@ void HistoryDialog::makeWidgets() {
     layout->addWidget(splitter, 1);
     layout->addWidget(makeLimits());
     layout->addWidget(buttons);
+    // Tab would pass over Close, which was created first and stands last.
+    setTabOrder(m_restoreButton, buttons->button(QDialogButtonBox::Close));
 }
 
 QWidget *HistoryDialog::makeLimits() {
