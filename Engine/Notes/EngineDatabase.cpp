@@ -100,12 +100,26 @@ Expected<void> EngineDatabase::merge(const Merge &merge,
         !written) {
         return written;
     }
+    for (const Transaction &transaction : merge.transactions) {
+        for (const Operation &operation : transaction.operations) {
+            m_damaged.remove(operation.id);
+        }
+    }
     announceMerge();
     if (name != m_row.name) {
         m_row.name = name;
         KeyValue::announce<&QVDatabase::nameChanged>(this);
     }
     return {};
+}
+
+void EngineDatabase::addDamaged(const QList<NoteLog::Damage> &operations) {
+    for (const NoteLog::Damage &operation : operations) {
+        // Reading again what cannot be read does no harm.
+        if (operation.isOfContents && m_log.isDamaged(operation.id).value_or(true)) {
+            m_damaged.insert(operation.id);
+        }
+    }
 }
 
 void EngineDatabase::announceMerge() {

@@ -59,6 +59,12 @@ public:
     /// Returns the operations of the database. The reference is valid as long as this object.
     const NoteLog &log() const { return m_log; }
 
+    /// Adds operations that were found to be damaged, perhaps in a copy of the profile. The next
+    /// synchronization reads those whose contents are damaged again if it finds them in its store.
+    void addDamaged(const QList<NoteLog::Damage> &operations);
+    /// Returns the operations that were added and not merged since. They may have been superseded.
+    const QSet<OperationId> &damaged() const { return m_damaged; }
+
     /// Renames the database and emits `nameChanged`. The name must be valid, see
     /// Operation::isName(). Called by the library only, which posts the notification.
     Expected<void> setName(const QString &name);
@@ -91,4 +97,5 @@ private:
     /// Runs while a `notesChanged` is put off, or must be.
     QTimer m_pause;
     bool m_isAnnouncementDue = false;
+    QSet<OperationId> m_damaged;
 };

@@ -109,6 +109,12 @@ Expected<void> EngineNoteLibrary::importDatabase(const QString &UUID, const QStr
         .map([&] { add(row); });
 }
 
+void EngineNoteLibrary::addDamage(const NoteInspection::Damage &damage) {
+    for (const std::shared_ptr<EngineDatabase> &database : std::as_const(m_databases)) {
+        database->addDamaged(damage.value(database->log().database()));
+    }
+}
+
 Expected<void> EngineNoteLibrary::merge(const std::shared_ptr<EngineDatabase> &database,
                                         const Merge &merge,
                                         const std::function<Expected<void>()> &changes) {

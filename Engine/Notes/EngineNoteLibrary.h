@@ -4,6 +4,7 @@
 
 #include "Application/Interface/NoteLibrary.h"
 #include "Engine/Notes/EngineDatabase.h"
+#include "Engine/Notes/NoteInspection.h"
 
 class ProfileDatabase;
 
@@ -31,6 +32,8 @@ public:
     /// Returns the database that stores name `UUID`, which is InboxUUID for the inbox, or null.
     std::shared_ptr<EngineDatabase> synchronizedDatabase(const QString &UUID) const;
 
+    /// Passes what was found to be damaged to EngineDatabase::addDamaged.
+    void addDamage(const NoteInspection::Damage &damage);
     /// Creates a local database for one that exists in a store. It has no operations yet. `UUID`
     /// must be valid and not be in use. The database is open afterwards.
     Expected<void> importDatabase(const QString &UUID, const QString &name);

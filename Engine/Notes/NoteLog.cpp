@@ -165,7 +165,7 @@ Expected<Operation> NoteLog::writeEdit(const Note &note, const OperationId &seen
     if (!current) {
         return failure(current.error());
     }
-    if (*current && holds(**current, note)) {
+    if (*current && holds(**current, note) && (*current)->isSound()) {
         return **current;
     }
     const QList<OperationId> replaced = seen.isEmpty() ? QList<OperationId>() : QList{seen};
@@ -394,14 +394,31 @@ Expected<QString> NoteLog::state() const {
         .map([](const QVariant &state) { return state.toString(); });
 }
 
-Expected<qsizetype> NoteLog::damagedOperations() const {
-    const Expected<QList<Operation>> all = select(QStringLiteral("TRUE"), {});
+Expected<QList<NoteLog::Damage>> NoteLog::damagedOperations() const {
     const Expected<QSet<OperationId>> superseded = supersededIds();
-    if (!all || !superseded) {
-        return failure(all ? superseded.error() : all.error());
+    if (!superseded) {
+        return failure(superseded.error());
     }
-    return std::count_if(all->begin(), all->end(), [&](const Operation &operation) {
-        return !operation.isSound() || superseded->contains(operation.id);
+    QList<Damage> damaged;
+    const Expected<void> done = m_profile.read(
+        selection(QStringLiteral("TRUE"), QStringLiteral("id")), {m_database},
+        [&](const QSqlQuery &row) {
+            const Operation operation = operationInRow(row);
+            const bool isSound = operation.isSound();
+            if (!isSound || superseded->contains(operation.id)) {
+                damaged.append({operation.id,
+                                operation.note.isEmpty() ? QString() : operation.title, !isSound});
+            }
+        });
+    if (!done) {
+        return failure(done.error());
+    }
+    return damaged;
+}
+
+Expected<bool> NoteLog::isDamaged(const OperationId &identifier) const {
+    return operation(identifier).map([](const std::optional<Operation> &found) {
+        return found && !found->isSound();
     });
 }
 
@@ -570,7 +587,13 @@ Expected<QSqlQuery> NoteLog::prepareInsertion() const {
         "   WHERE o.database = new.database AND o.digest = new.seen),"
         "  (SELECT max(position) + 1 FROM operations AS o WHERE o.database = new.database), 0)"
         " FROM new WHERE NOT EXISTS (SELECT 1 FROM superseded AS s"
-        "  WHERE s.database = new.database AND s.digest = new.digest)"));
+        "  WHERE s.database = new.database AND s.digest = new.digest)"
+        // A digest stands for its contents, so a row with other contents is damaged.
+        " ON CONFLICT (database, digest) DO UPDATE SET note_uuid = excluded.note_uuid,"
+        " title = excluded.title, text = excluded.text, modified = excluded.modified,"
+        " supersedes = excluded.supersedes, salt = excluded.salt"
+        " WHERE (note_uuid, title, text, modified, supersedes, salt) IS NOT (excluded.note_uuid,"
+        " excluded.title, excluded.text, excluded.modified, excluded.supersedes, excluded.salt)"));
 }
 
 Expected<void> NoteLog::insert(QSqlQuery &insertion, const Operation &operation,

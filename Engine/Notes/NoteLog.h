@@ -52,7 +52,8 @@ public:
     /// Adds an operation that names the database. `name` must satisfy Operation::isName.
     Expected<void> setName(const QString &name) const;
 
-    /// Adds what `transaction` contains. Idempotent. `place` is the title of the location, for the
+    /// Adds what `transaction`, whose operations must be sound, contains. Idempotent, except that
+    /// it repairs damaged operations of the profile. `place` is the title of the location, for the
     /// history.
     Expected<void> merge(const Transaction &transaction, const QString &place = {}) const;
     /// Replaces `operations`, which must be current, by new ones with the same contents, which are
@@ -71,9 +72,19 @@ public:
     Expected<QSet<OperationId>> supersededIds() const;
     /// Returns a text that is another one whenever an operation was added or superseded.
     Expected<QString> state() const;
-    /// Returns the number of current operations that are not what was saved: whose identifier is
-    /// not their digest, or that are superseded. Reads all operations.
-    Expected<qsizetype> damagedOperations() const;
+    /// A current operation that is not what was saved.
+    struct Damage {
+        OperationId id;
+        /// The title of the note, which may be damaged itself; empty for the name of the database.
+        QString title;
+        /// Whether the identifier is not the digest of the contents. Otherwise the operation is
+        /// superseded.
+        bool isOfContents = false;
+    };
+    /// Returns all such operations. Reads all operations.
+    Expected<QList<Damage>> damagedOperations() const;
+    /// Returns whether this operation is current and its contents are damaged.
+    Expected<bool> isDamaged(const OperationId &identifier) const;
     /// Removes from the beginning of `identifiers` as many as fill one transaction, and returns
     /// those of these operations that are still current. If it returns an error, `identifiers` is
     /// unchanged.

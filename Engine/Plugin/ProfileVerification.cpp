@@ -8,6 +8,7 @@
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Notes/NoteInspection.h"
 #include "Engine/Plugin/EngineSyncPlugin.h"
 #include "Engine/Plugin/ServedStoreSynchronizer.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -47,6 +48,9 @@ VerificationReport ProfileVerification::run(VerificationMode mode) {
         verifyLocation(dynamic_cast<EngineSyncLocation &>(*location));
     }
     verifyServedStore();
+    if (m_mode == VerificationMode::Repair) {
+        m_report.parts.first() = verifyProfile();
+    }
     return m_report;
 }
 
@@ -83,15 +87,20 @@ Expected<QStringList> ProfileVerification::profileProblems() const {
         check("PRAGMA integrity_check").and_then([&] { return check("PRAGMA foreign_key_check"); });
     const auto databases = m_library.knownDatabases();
     for (const auto &database : databases) {
-        const NoteLog &log = static_cast<const EngineDatabase &>(*database).log();
-        done = done.and_then([&] { return log.damagedOperations(); }).map([&](qsizetype count) {
-            if (count > 0) {
-                problems.append(localizedSyncString("Damaged notes in the database “%1”: %2. "
-                                                    "Restore the profile from a backup.")
-                                    .arg(database->name())
-                                    .arg(count));
-            }
-        });
+        auto &checked = static_cast<EngineDatabase &>(*database);
+        done = done.and_then([&] { return checked.log().damagedOperations(); })
+                   .map([&](const QList<NoteLog::Damage> &damaged) {
+                       checked.addDamaged(damaged);
+                       if (!damaged.isEmpty()) {
+                           problems.append(
+                               localizedSyncString(
+                                   "Damaged notes in the database “%1”: %2. “velmora verify "
+                                   "--repair” reads them again from the locations. If no location "
+                                   "has them, check their texts and edit them.")
+                                   .arg(database->name(),
+                                        NoteInspection::titles(damaged, database->name())));
+                       }
+                   });
     }
     if (!done && problems.isEmpty()) {
         return failure(done.error());

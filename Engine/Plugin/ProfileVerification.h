@@ -33,7 +33,7 @@ private:
     enum class History { Synchronized, NeverSynchronized };
 
     /// Checks the file with SQLite ("integrity_check" and "foreign_key_check") and every operation
-    /// against its digest.
+    /// against its digest. What is damaged is read again by the synchronizations that follow.
     Part verifyProfile() const;
     /// Returns the problems of the profile itself.
     Expected<QStringList> profileProblems() const;

@@ -1,10 +1,12 @@
 #include "Engine/Plugin/SyncEngine.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QPointer>
 
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/NoteConversion.h"
+#include "Engine/Notes/NoteInspection.h"
 #include "Engine/Plugin/ProfileVerification.h"
 #include "Engine/Profile/ProfileRecovery.h"
 #include "Engine/Profile/ProfileSettings.h"
@@ -75,7 +77,7 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
         m_plugin.startServer();
         m_plugin.forgetRemovedLocations();
         startTriggers();
-        m_backups.start(m_profile);
+        m_backups.start(m_profile, inspection());
         m_pruning.start();
     }
     return opened;
@@ -136,6 +138,25 @@ void SyncEngine::saveLastCheck() const {
 
 Expected<void> SyncEngine::load() {
     return m_library.load().and_then([this] { return m_plugin.load(); });
+}
+
+BackupSchedule::Inspection SyncEngine::inspection() {
+    return
+        [library = QPointer(&m_library)](const QString &path, const std::atomic_bool &isCancelled) {
+            return NoteInspection::check(path, isCancelled)
+                .map([&](const NoteInspection::Damage &damage) {
+                    MainQueue::dispatchAsync([library, damage] {
+                        if (library) {
+                            library->addDamage(damage);
+                        }
+                    });
+                    QList<NoteLog::Damage> all;
+                    for (const QList<NoteLog::Damage> &damaged : damage) {
+                        all.append(damaged);
+                    }
+                    return NoteInspection::titles(all, localizedSyncString("name of a database"));
+                });
+        };
 }
 
 void SyncEngine::installTranslation() {

@@ -60,6 +60,9 @@ private:
     /// Saves the time up to which no schedule was missed. A failure is logged: a schedule may then
     /// be made up that was not missed.
     void saveLastCheck() const;
+    /// Returns the inspection of backups. What it finds is read again by the next synchronization
+    /// if it is damaged in the profile, too.
+    BackupSchedule::Inspection inspection();
     /// Reads everything that the profile contains.
     Expected<void> load();
     /// Installs the translations for the current locale, if there are any.

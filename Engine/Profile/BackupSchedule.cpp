@@ -32,8 +32,9 @@ BackupSchedule::~BackupSchedule() {
     m_threads.waitForDone(CancellationTimeout);
 }
 
-void BackupSchedule::start(const ProfileDatabase &profile) {
+void BackupSchedule::start(const ProfileDatabase &profile, const Inspection &inspect) {
     m_profile = &profile;
+    m_inspect = inspect;
     m_timer.start(FirstDelay);
 }
 
@@ -54,9 +55,10 @@ void BackupSchedule::check() {
     }
     m_isRunning = true;
     m_threads.start([directory, today, files = m_profile->files(), isCancelled = m_isCancelled,
-                     self = QPointer(this)] {
+                     inspect = m_inspect, self = QPointer(this)] {
         const Expected<void> result = ProfileBackups(directory).make(
-            today, isCancelled.get(), [&files] { return files.check(); });
+            today, isCancelled.get(), [&] { return files.check(); },
+            [&](const QString &path) { return inspect(path, *isCancelled); });
         MainQueue::dispatchAsync([self, result] {
             if (self) {
                 // The folder may have been replaced since the backup got its name.

@@ -15,6 +15,11 @@ class ProfileDatabase;
 class BackupSchedule : public QObject {
     Q_OBJECT
 public:
+    /// See ProfileBackups::Inspection. Called on the thread of the schedule; fails soon after
+    /// `isCancelled` has become true.
+    using Inspection =
+        std::function<Expected<QString>(const QString &path, const std::atomic_bool &isCancelled)>;
+
     /// Does nothing until start() is called.
     BackupSchedule();
     /// Cancels a running backup, of which nothing is left, and waits for its end, for at most two
@@ -26,7 +31,7 @@ public:
     /// profile was replaced. Must be called once. `profile` is not owned and must outlive this
     /// object. The first check follows after some seconds, and then one each hour, so a day that
     /// begins while the program runs is noticed within an hour.
-    void start(const ProfileDatabase &profile);
+    void start(const ProfileDatabase &profile, const Inspection &inspect);
     /// Makes a backup in the background if one is due and none is being made. Has no effect before
     /// start().
     void check();
@@ -41,6 +46,7 @@ private:
 
     /// Null before start().
     const ProfileDatabase *m_profile = nullptr;
+    Inspection m_inspect;
     QTimer m_timer;
     WorkerThreads m_threads;
     bool m_isRunning = false;

@@ -30,12 +30,17 @@ const QString UnfinishedSuffix = QStringLiteral(".unfinished");
 tl::unexpected<Error> notMade(const QString &profile, const QString &reason) {
     return failure(
         engineError(EngineErrorCode::BackupFailed,
-                    localizedSyncString("No backup of the profile “%1” could be made: %2")
+                    localizedSyncString("No backup of the profile “%1” could be made, and Velmora "
+                                        "tries again after an hour. %2")
                         .arg(profile, reason)));
 }
 
-QString systemReason() {
-    return QString::fromLocal8Bit(std::strerror(errno));
+/// `reason` is what the system states about a file in the folder `folder`.
+QString systemReason(const QString &reason, const QString &folder) {
+    return localizedSyncString(
+               "The folder “%1” cannot be written: %2. Check its permissions and "
+               "its disk.")
+        .arg(folder, reason);
 }
 
 QString sizeText(qint64 bytes) {
@@ -169,25 +174,36 @@ Expected<bool> ProfileBackups::isDue(const QDate &today) const {
 }
 
 Expected<void> ProfileBackups::make(const QDate &today, const std::atomic_bool *isCancelled,
-                                    const Check &check) const {
+                                    const Check &check, const Inspection &inspect) const {
     if (Expected<void> checked = check(); !checked) {
         return checked;
     }
     if (!makeFolder(m_folder)) {
-        return notMade(m_profile, systemReason());
+        return notMade(m_profile,
+                       systemReason(QString::fromLocal8Bit(std::strerror(errno)), m_folder));
     }
     const QString path = m_folder + u'/' + today.toString(Qt::ISODate) + Suffix;
     const QString unfinished = path + UnfinishedSuffix;
     removeUnfinished();
+    QString damaged;
     return checkSpace()
         .and_then([&] { return writeCopy(unfinished, isCancelled); })
-        .and_then([&]() -> Expected<void> {
+        .and_then([&] {
+            return inspect(unfinished).map_error([&](const Error &error) {
+                return notMade(m_profile, error.localizedDescription).value();
+            });
+        })
+        .and_then([&](const QString &titles) -> Expected<void> {
+            damaged = titles;
             if (isCancelled && *isCancelled) {
                 return notMade(m_profile, operationCancelled().localizedDescription);
             }
             return publish(unfinished, path, check);
         })
-        .and_then([&] { return removeBeyondLimits(today); })
+        .and_then([&] {
+            return damaged.isEmpty() ? removeBeyondLimits(today)
+                                     : keepBeforeDamage(today, damaged, inspect);
+        })
         .map_error([&](const Error &error) {
             removeUnfinished();
             return error;
@@ -200,7 +216,8 @@ Expected<void> ProfileBackups::publish(const QString &unfinished, const QString 
         return DurableFile::flush(unfinished)
             .and_then([&] { return DurableFile::rename(unfinished, path); })
             .map_error([&](const Error &error) {
-                return notMade(m_profile, error.localizedFailureReason).value();
+                return notMade(m_profile, systemReason(error.localizedFailureReason, m_folder))
+                    .value();
             });
     });
 }
@@ -209,9 +226,10 @@ Expected<void> ProfileBackups::checkSpace() const {
     const qint64 size =
         QFileInfo(m_profile).size() + QFileInfo(m_profile + QStringLiteral("-wal")).size();
     if (size > m_limits.bytes) {
-        return notMade(m_profile,
-                       localizedSyncString("Its size is %1, and all backups together may have %2.")
-                           .arg(sizeText(size), sizeText(m_limits.bytes)));
+        return notMade(m_profile, localizedSyncString(
+                                      "Its size is %1, and all backups together may have %2. Quit "
+                                      "Velmora and copy the profile yourself.")
+                                      .arg(sizeText(size), sizeText(m_limits.bytes)));
     }
     const qint64 available = QStorageInfo(m_folder).bytesAvailable();
     if (available < size + m_limits.free) {
@@ -227,7 +245,7 @@ Expected<void> ProfileBackups::writeCopy(const QString &path,
                                          const std::atomic_bool *isCancelled) const {
     // SQLite writes into an empty file, which keeps its permissions.
     if (const Expected<void> created = DurableFile::create(path); !created) {
-        return notMade(m_profile, created.error().localizedFailureReason);
+        return notMade(m_profile, systemReason(created.error().localizedFailureReason, m_folder));
     }
     const auto profile =
         ReadOnlyConnection::open(m_profile, ReadOnlyConnection::Sharing::Shared, isCancelled);
@@ -243,7 +261,7 @@ Expected<void> ProfileBackups::writeCopy(const QString &path,
         query.prepare(QStringLiteral("VACUUM INTO ?"));
         query.addBindValue(path);
         if (!query.exec()) {
-            return notMade(m_profile, query.lastError().databaseText());
+            return notMade(m_profile, systemReason(query.lastError().databaseText(), m_folder));
         }
     }
     const Expected<Counts> after = countsIn(**profile);
@@ -257,7 +275,7 @@ Expected<void> ProfileBackups::writeCopy(const QString &path,
         return notMade(m_profile, (after ? copied : after).error().localizedDescription);
     }
     if (!isBetween(*copied, *before, *after)) {
-        return notMade(m_profile, localizedSyncString("The copy is not complete."));
+        return notMade(m_profile, localizedSyncString("The copy is not complete. Check the disk."));
     }
     return {};
 }
@@ -281,6 +299,26 @@ Expected<void> ProfileBackups::removeBeyondLimits(const QDate &today) const {
             }
         }
     });
+}
+
+Expected<void> ProfileBackups::keepBeforeDamage(const QDate &today, const QString &damaged,
+                                                const Inspection &inspect) const {
+    const Expected<QList<Backup>> backups = all(today);
+    if (!backups) {
+        return failure(backups.error());
+    }
+    const auto previous = std::find_if(backups->begin(), backups->end(),
+                                       [&](const Backup &each) { return each.date != today; });
+    if (previous != backups->end() && !inspect(previous->path).value_or(QString()).isEmpty()) {
+        QFile::remove(previous->path);
+    }
+    return failure(engineError(
+        EngineErrorCode::BackupFailed,
+        localizedSyncString(
+            "The profile “%1” has damaged notes: %2. Synchronize, so that they are read again from "
+            "the locations. If this message appears again, check their texts and edit them. The "
+            "backups that have them intact are kept.")
+            .arg(m_profile, damaged)));
 }
 
 Expected<void> ProfileBackups::verify(const QString &path, const std::atomic_bool *isCancelled) {

@@ -7,6 +7,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Notes/DatabaseRecord.h"
+#include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -69,19 +70,52 @@ Expected<void> StoreSession::forgetSome(QStringList &names) {
     return m_profile.write([&] { return known().remove(some); });
 }
 
+Expected<QList<Operation>> StoreSession::takeSoundOperations() {
+    QList<Operation> sound;
+    while (sound.isEmpty() && !m_operationsToWrite.isEmpty()) {
+        const qsizetype count = m_operationsToWrite.size();
+        const Expected<QList<Operation>> operations = log().takeOperations(m_operationsToWrite);
+        if (!operations) {
+            return failure(operations.error());
+        }
+        for (const Operation &operation : *operations) {
+            if (operation.isSound()) {
+                sound.append(operation);
+            } else {
+                reportDamaged(operation);
+            }
+        }
+        if (operations->size() < count - m_operationsToWrite.size()) {
+            m_hasFailedToWriteAll = true;
+        }
+    }
+    return sound;
+}
+
+void StoreSession::reportDamaged(const Operation &operation) {
+    m_hasFailedToWriteAll = true;
+    database()->addDamaged({{operation.id, operation.title, true}});
+    addProblem(operation.note.isEmpty()
+                   ? engineError(EngineErrorCode::InvalidDatabase,
+                                 "The name of the database “%1” is not valid and was not sent. "
+                                 "Rename the database and synchronize again.",
+                                 m_subject.databaseName)
+                   : engineError(EngineErrorCode::InvalidDatabase,
+                                 "The note “%1” is damaged on this computer and was not sent. If "
+                                 "synchronizing again does not repair it, check its text, edit it "
+                                 "and synchronize.",
+                                 operation.title.left(80)));
+}
+
 Expected<bool> StoreSession::prepareNextTransaction() {
     if (!m_written.isEmpty()) {
         return true;
     }
-    const qsizetype count = m_operationsToWrite.size();
-    const Expected<QList<Operation>> operations = log().takeOperations(m_operationsToWrite);
+    const Expected<QList<Operation>> operations = takeSoundOperations();
     if (!operations) {
         return failure(operations.error());
     }
     Transaction transaction{*operations, {}};
-    if (operations->size() < count - m_operationsToWrite.size()) {
-        m_hasFailedToWriteAll = true;
-    }
     for (const Operation &operation : *operations) {
         for (const OperationId &identifier : operation.supersedes) {
             m_supersededToWrite.remove(identifier);
@@ -140,8 +174,8 @@ Expected<void> StoreSession::write(Outgoing &outgoing, BlobStore &store,
     const QString name = path(outgoing.name);
     if (!Transaction::decoded(record, name)) {
         return failure(engineError(EngineErrorCode::InvalidDatabase,
-                                   "A change in “%1” is not valid and was not written. Rename the "
-                                   "database and synchronize again.",
+                                   "A change in “%1” exceeds the limits of a record and was not "
+                                   "sent. Please report this as an error of Velmora.",
                                    m_subject.databaseName));
     }
     // No two records are the same, so an existing record is that of an earlier attempt whose

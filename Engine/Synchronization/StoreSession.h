@@ -117,8 +117,9 @@ protected:
     /// What remains to be written to the store.
     QList<OperationId> m_operationsToWrite;
     QSet<OperationId> m_supersededToWrite;
-    /// Moves as much as fits into a record to another transaction. Returns false if nothing remains
-    /// to be written or recorded. Must be called on the main thread.
+    /// Moves as much as fits into a record to another transaction. Operations that are damaged in
+    /// the profile are skipped and reported, so that no reader gets them. Returns false if nothing
+    /// remains to be written or recorded. Must be called on the main thread.
     Expected<bool> prepareNextTransaction();
     /// Once there are as many prepared transactions as the store takes at a time, or no more to
     /// come, writes them to the store, and reads them back to verify them. Writes nothing that no
@@ -132,7 +133,7 @@ protected:
     Expected<void> recordWrittenTransaction();
     /// Returns the names of the transactions that were written.
     const QStringList &writtenTransactions() const { return m_writtenTransactions; }
-    /// Returns whether an operation was superseded before it was written.
+    /// Returns whether an operation was superseded before it was written, or is damaged.
     bool hasFailedToWriteAll() const { return m_hasFailedToWriteAll; }
 
 private:
@@ -144,6 +145,9 @@ private:
     };
 
     Expected<void> write(Outgoing &outgoing, BlobStore &store, const EngineFuture &future) const;
+    /// Takes operations from those to write until some of them are sound or none remain.
+    Expected<QList<Operation>> takeSoundOperations();
+    void reportDamaged(const Operation &operation);
 
     const ProfileDatabase &m_profile;
     EngineNoteLibrary &m_library;

@@ -83,7 +83,10 @@ Expected<void> SyncSession::accessProfile() {
     switch (m_step) {
         case Step::Listing:
             m_step = Step::Comparing;
-            return importDatabase().map([this] { rememberDatabase(); });
+            return importDatabase().map([this] {
+                rememberDatabase();
+                m_damagedOperations = database()->damaged();
+            });
         case Step::Comparing:
         case Step::Forgetting:
             return forgetGone();
@@ -224,15 +227,24 @@ Expected<void> SyncSession::takeTransaction(const TransactionRecords &records, c
         return {};
     }
     const Error &error = record.error();
+    const auto known = m_readAgain.constFind(name);
+    const bool isKnown = known != m_readAgain.constEnd();
+    const Suspect suspect{name, isKnown ? std::optional(*known) : std::nullopt};
+    if (isEngineError(error, EngineErrorCode::BlobMissing)) {
+        m_missing.append(suspect);
+        return {};
+    }
+    if (!TransactionRecords::isOfOneRecord(error)) {
+        return failure(error);
+    }
+    if (isKnown) {
+        m_lost.append(name);
+    }
     if (isEngineError(error, EngineErrorCode::DamagedRecord) &&
         m_damaged.size() < RecordsToSetAside) {
-        m_damaged.append({name, {}});
-    } else if (TransactionRecords::isOfOneRecord(error)) {
-        addProblem(error);
-    } else if (isEngineError(error, EngineErrorCode::BlobMissing)) {
-        m_missing.append({name, {}});
+        m_damaged.append(suspect);
     } else {
-        return failure(error);
+        addProblem(error);
     }
     return {};
 }
@@ -364,16 +376,23 @@ Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store, const EngineFu
 }
 
 Expected<void> SyncSession::compareListing() {
-    const Expected<QHash<QString, qint64>> all = known().sizes();
+    Expected<QHash<QString, qint64>> all = known().sizes();
     if (!all) {
         return failure(all.error());
     }
     const QSet<QString> listed(m_unread.begin(), m_unread.end());
+    if (Expected<void> chosen = chooseToReadAgain(listed); !chosen) {
+        return chosen;
+    }
     // What is not listed any more says nothing, unless the store has failed.
     m_verified.removeIf([&](const Verified &verified) {
-        return !listed.contains(verified.suspect.name) &&
-               (verified.result || TransactionRecords::isOfOneOrMissing(verified.result.error()));
+        const QString &name = verified.suspect.name;
+        return m_readAgain.contains(name) ||
+               (!listed.contains(name) &&
+                (verified.result || TransactionRecords::isOfOneOrMissing(verified.result.error())));
     });
+    all->removeIf(
+        [&](QHash<QString, qint64>::iterator each) { return m_readAgain.contains(each.key()); });
     for (auto each = all->keyBegin(); each != all->keyEnd(); ++each) {
         if (!listed.contains(*each)) {
             m_gone.append(*each);
@@ -388,6 +407,39 @@ Expected<void> SyncSession::compareListing() {
     progress().begin(m_pass == Pass::Comparing ? SessionProgress::Phase::Reading
                                                : SessionProgress::Phase::Merging,
                      m_unread.size());
+    return {};
+}
+
+Expected<void> SyncSession::chooseToReadAgain(const QSet<QString> &listed) {
+    const bool areAllVerified = m_verification == Verification::All;
+    if (!areAllVerified && m_damagedOperations.isEmpty()) {
+        return {};
+    }
+    Expected<QHash<QString, KnownTransactions::Contents>> all = known().all();
+    const Expected<QList<OperationId>> operations = log().operationIds();
+    const Expected<QSet<OperationId>> superseded = log().supersededIds();
+    if (!all) {
+        return failure(all.error());
+    }
+    if (!operations || !superseded) {
+        return failure(operations ? superseded.error() : operations.error());
+    }
+    QSet<OperationId> present(operations->begin(), operations->end());
+    const QSet<OperationId> damaged = QSet(m_damagedOperations).intersect(present);
+    present.unite(*superseded);
+    all->removeIf([&](QHash<QString, KnownTransactions::Contents>::iterator each) {
+        const bool isNeeded =
+            std::any_of(each->operations.begin(), each->operations.end(),
+                        [&](const OperationId &id) {
+                            return damaged.contains(id) ||
+                                   (areAllVerified && !present.contains(id));
+                        }) ||
+            (areAllVerified &&
+             !std::all_of(each->superseded.begin(), each->superseded.end(),
+                          [&](const OperationId &id) { return superseded->contains(id); }));
+        return !isNeeded || !listed.contains(each.key());
+    });
+    m_readAgain = *all;
     return {};
 }
 
@@ -530,8 +582,8 @@ Expected<void> SyncSession::continueReading() {
     }
     return mergeTransactions().and_then([this]() -> Expected<void> {
         if (m_unread.isEmpty() && m_read.isEmpty()) {
-            const bool areAllSound =
-                m_verified.isEmpty() && m_damaged.isEmpty() && m_missing.isEmpty();
+            const bool areAllSound = m_verified.isEmpty() && m_damaged.isEmpty() &&
+                                     m_missing.isEmpty() && m_lost.isEmpty();
             m_step = areAllSound ? Step::Collecting : Step::Verifying;
             progress().begin(SessionProgress::Phase::Preparing);
         }
@@ -590,13 +642,28 @@ Expected<void> SyncSession::mergeTransactions() {
         }
     }
     const qint64 count = all.operations.size();
+    const QSet<OperationId> damaged = database()->damaged();
     return library().merge(database(), merge, [&] { return addToKnown(parts); }).map([&] {
         addReceived(count);
+        reportRepaired(all.operations, damaged);
         for (const Part &part : std::as_const(parts)) {
             addTransactionOfSize(part.size.value_or(0));
         }
         progress().advance(m_merged.size() - mergedBefore);
     });
+}
+
+void SyncSession::reportRepaired(const QList<Operation> &operations,
+                                 const QSet<OperationId> &damaged) {
+    for (const Operation &operation : operations) {
+        if (damaged.contains(operation.id)) {
+            addProblem(engineError(
+                EngineErrorCode::RecordRepaired,
+                localizedSyncString("“%1” was damaged on this computer and was read again from the "
+                                    "location.")
+                    .arg(operation.title.left(80))));
+        }
+    }
 }
 
 Expected<void> SyncSession::addToKnown(const QList<Part> &parts) {

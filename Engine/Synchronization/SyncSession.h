@@ -141,6 +141,9 @@ private:
     Expected<void> compareListing();
     /// Chooses which of the known records to verify.
     Expected<void> chooseSuspects();
+    /// Chooses those of the known records that are `listed` that contain what is damaged in the
+    /// profile. If all records are verified, also those with what the profile has lost.
+    Expected<void> chooseToReadAgain(const QSet<QString> &listed);
     /// Returns whether a record of this size shall be verified as the first one. Reads not more
     /// than BytesToVerify in the mean over many sessions.
     bool isTurnOf(qint64 size) const;
@@ -163,6 +166,8 @@ private:
     /// Merges a part of what was read. A record counts as known when all of it is merged.
     Expected<void> mergeTransactions();
     Expected<void> addToKnown(const QList<Part> &parts);
+    /// Reports those of the merged `operations` that were among the `damaged` ones of the profile.
+    void reportRepaired(const QList<Operation> &operations, const QSet<OperationId> &damaged);
     /// Renews some of the operations of the notes that the user keeps.
     Expected<void> keepNotes();
     /// Merges once everything is compared, and proceeds if everything was merged.
@@ -184,6 +189,10 @@ private:
     QHash<QString, QByteArray> m_released;
     /// The operations of notes that the transactions remove although the user keeps them.
     QList<OperationId> m_operationsToKeep;
+    /// The operations that were found to be damaged in the profile, and the known records that are
+    /// read again.
+    QSet<OperationId> m_damagedOperations;
+    QHash<QString, KnownTransactions::Contents> m_readAgain;
     /// The names of the transactions that remain to be read.
     QStringList m_unread;
     /// The known transactions that the store no longer has.

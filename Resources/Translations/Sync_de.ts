@@ -688,8 +688,20 @@
         <translation>Die Datenbank des Profils ist beschädigt (%1). Stellen Sie es aus einer Sicherung wieder her.</translation>
     </message>
     <message>
-        <source>Damaged notes in the database “%1”: %2. Restore the profile from a backup.</source>
-        <translation>Beschädigte Notizen in der Datenbank „%1“: %2. Stellen Sie das Profil aus einer Sicherung wieder her.</translation>
+        <source>Damaged notes in the database “%1”: %2. “velmora verify --repair” reads them again from the locations. If no location has them, check their texts and edit them.</source>
+        <translation>Beschädigte Notizen in der Datenbank „%1“: %2. „velmora verify --repair“ liest sie erneut von den Orten. Wenn kein Ort sie enthält, prüfen und bearbeiten Sie ihre Texte.</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+    <message>
+        <source>name of a database</source>
+        <translation>Name einer Datenbank</translation>
     </message>
     <message>
         <source>databases: %1, notes: %2</source>
@@ -1508,20 +1520,28 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Ordner „%1“ mit den Sicherungskopien des Profils kann nicht gelesen werden: %2</translation>
     </message>
     <message>
-        <source>No backup of the profile “%1” could be made: %2</source>
-        <translation>Vom Profil „%1“ konnte keine Sicherungskopie angelegt werden: %2</translation>
+        <source>No backup of the profile “%1” could be made, and Velmora tries again after an hour. %2</source>
+        <translation>Vom Profil „%1“ konnte keine Sicherungskopie angelegt werden, und Velmora versucht es nach einer Stunde erneut. %2</translation>
     </message>
     <message>
-        <source>Its size is %1, and all backups together may have %2.</source>
-        <translation>Es ist %1 groß, und alle Sicherungskopien zusammen dürfen %2 groß sein.</translation>
+        <source>Its size is %1, and all backups together may have %2. Quit Velmora and copy the profile yourself.</source>
+        <translation>Es ist %1 groß, und alle Sicherungskopien zusammen dürfen %2 groß sein. Beenden Sie Velmora und kopieren Sie das Profil selbst.</translation>
     </message>
     <message>
         <source>The disk has only %1 left, and %2 are needed. Delete files that you no longer need.</source>
         <translation>Auf dem Datenträger sind nur noch %1 frei, und %2 werden benötigt. Löschen Sie Dateien, die Sie nicht mehr brauchen.</translation>
     </message>
     <message>
-        <source>The copy is not complete.</source>
-        <translation>Die Kopie ist nicht vollständig.</translation>
+        <source>The copy is not complete. Check the disk.</source>
+        <translation>Die Kopie ist nicht vollständig. Prüfen Sie den Datenträger.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be written: %2. Check its permissions and its disk.</source>
+        <translation>Der Ordner „%1“ kann nicht beschrieben werden: %2. Prüfen Sie seine Zugriffsrechte und seinen Datenträger.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” has damaged notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check their texts and edit them. The backups that have them intact are kept.</source>
+        <translation>Das Profil „%1“ enthält beschädigte Notizen: %2. Synchronisieren Sie, damit sie erneut von den Orten gelesen werden. Wenn diese Meldung wieder erscheint, prüfen und bearbeiten Sie ihre Texte. Die Sicherungskopien, in denen sie unbeschädigt sind, bleiben erhalten.</translation>
     </message>
     <message>
         <source>The backup “%1” is damaged. Use another backup.</source>
@@ -1564,8 +1584,20 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Ort führt den Datensatz „%1“ auf, liefert ihn aber nicht. Dieser Computer schreibt dessen Inhalt erneut.</translation>
     </message>
     <message>
-        <source>A change in “%1” is not valid and was not written. Rename the database and synchronize again.</source>
-        <translation>Eine Änderung in „%1“ ist ungültig und wurde nicht geschrieben. Benennen Sie die Datenbank um und synchronisieren Sie erneut.</translation>
+        <source>A change in “%1” exceeds the limits of a record and was not sent. Please report this as an error of Velmora.</source>
+        <translation>Eine Änderung in „%1“ überschreitet die Grenzen eines Datensatzes und wurde nicht gesendet. Bitte melden Sie dies als Fehler von Velmora.</translation>
+    </message>
+    <message>
+        <source>The name of the database “%1” is not valid and was not sent. Rename the database and synchronize again.</source>
+        <translation>Der Name der Datenbank „%1“ ist ungültig und wurde nicht gesendet. Benennen Sie die Datenbank um und synchronisieren Sie erneut.</translation>
+    </message>
+    <message>
+        <source>The note “%1” is damaged on this computer and was not sent. If synchronizing again does not repair it, check its text, edit it and synchronize.</source>
+        <translation>Die Notiz „%1“ ist auf diesem Computer beschädigt und wurde nicht gesendet. Wenn eine erneute Synchronisierung sie nicht repariert, prüfen Sie ihren Text, bearbeiten Sie sie und synchronisieren Sie.</translation>
+    </message>
+    <message>
+        <source>“%1” was damaged on this computer and was read again from the location.</source>
+        <translation>„%1“ war auf diesem Computer beschädigt und wurde erneut vom Ort gelesen.</translation>
     </message>
     <message>
         <source>Databases of other computers that were not added: %1. This computer adds none from direct connections if it has %2 already. To get them, use another location on both computers.</source>

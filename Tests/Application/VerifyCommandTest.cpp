@@ -216,13 +216,21 @@ private Q_SLOTS:
         QCOMPARE(verify().exitCode, 0);
     }
 
-    void aDamagedNoteInTheProfileIsReported() {
+    void aDamagedNoteInTheProfileIsNamedAndRepaired() {
+        // Notes of two databases; only those of Projects were synchronized.
         executeInProfile(
             QStringLiteral("UPDATE operations SET text = text || 'x' WHERE note_uuid <> ''"));
         const Run found = verify();
         QCOMPARE(found.exitCode, 1);
-        QVERIFY(found.output.contains(QStringLiteral("Damaged notes in the database")));
-        QVERIFY(found.output.contains(QStringLiteral("Restore the profile from a backup")));
+        QVERIFY(found.output.contains(QStringLiteral("Damaged notes in the database “Projects”")));
+        QVERIFY(found.output.contains(QStringLiteral("velmora verify --repair")));
+        const Run repaired = repair();
+        QVERIFY2(repaired.output.contains(QStringLiteral("was read again")),
+                 qPrintable(repaired.output));
+        QVERIFY(!repaired.output.contains(QStringLiteral("in the database “Projects”")));
+        const Run after = verify();
+        QCOMPARE(after.exitCode, repaired.exitCode);
+        QVERIFY(!after.output.contains(QStringLiteral("in the database “Projects”")));
     }
 
     void aDamagedProfileIsAProblem() {

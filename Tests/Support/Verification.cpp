@@ -14,6 +14,12 @@ QStringList Verification::problems(const VerificationReport &report) {
     return found;
 }
 
+QStringList Verification::problemsOfProfile(SyncEngine &engine) {
+    VerificationReport report = engine.verify(VerificationMode::Report);
+    report.parts.resize(1);
+    return problems(report);
+}
+
 QStringList Verification::problems(const QString &directory) {
     SyncEngine engine;
     const Expected<void> opened =

@@ -5,11 +5,15 @@
 #include "Application/Interface/VerificationReport.h"
 #include "Engine/Synchronization/StoreSession.h"
 
+class SyncEngine;
+
 /// What "velmora verify" finds at the end of a test. All functions return one text for each
 /// problem, and nothing if everything is in order. They must be called on the main thread.
 namespace Verification {
 
 QStringList problems(const VerificationReport &report);
+/// Verifies the profile of `engine`, but nothing with which it synchronizes.
+QStringList problemsOfProfile(SyncEngine &engine);
 /// Verifies the profile in the folder `directory`, which must not be open, and what it synchronizes
 /// with.
 QStringList problems(const QString &directory);

@@ -1,16 +1,22 @@
 #include <sys/syscall.h>
 
+#include "Engine/Notes/NoteInspection.h"
 #include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Profile/BackupSchedule.h"
 #include "Engine/Profile/ProfileBackups.h"
 #include "Engine/Profile/ProfileRecovery.h"
+#include "Engine/Synchronization/SyncSession.h"
+#include "Host/InboxUUID.h"
 #include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/FaultyFileSystem.h"
 #include "Support/FaultyFolder.h"
+#include "Support/MemoryStore.h"
 #include "Support/Patience.h"
+#include "Support/RunSession.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// The daily backups of a real profile, and how they replace a damaged one.
 class ProfileBackupsTest : public QObject {
@@ -60,6 +66,15 @@ private:
         }
     }
 
+    static bool executeIn(const QString &directory, const QString &statement) {
+        ProfileDatabase profile;
+        const auto nothing = [] { return Expected<void>(); };
+        return profile.open(directory, nothing, nothing)
+            .and_then([&] { return profile.run(QStringLiteral("PRAGMA foreign_keys = OFF")); })
+            .and_then([&] { return profile.run(statement); })
+            .has_value();
+    }
+
     static QStringList damagedFiles(const QString &directory) {
         QStringList files;
         QDirIterator each(directory + u'/' + ProfileRecovery::FolderName, QDir::Files,
@@ -77,7 +92,10 @@ private Q_SLOTS:
         m_host = std::make_unique<TestHost>();
         addNote(QStringLiteral("first"));
     }
-    void cleanup() { m_host.reset(); }
+    void cleanup() {
+        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
+        m_host.reset();
+    }
 
     void aBackupHoldsEverythingAndIsPrivate() {
         const ProfileBackups backups(m_host->directory());
@@ -136,7 +154,10 @@ private Q_SLOTS:
             " WHERE n < 100) SELECT 0, 0, id, '', '', '', hex(randomblob(400000))"
             " FROM number, databases")));
         auto schedule = std::make_unique<BackupSchedule>();
-        schedule->start(m_host->engine().profile());
+        schedule->start(m_host->engine().profile(),
+                        [](const QString &, const std::atomic_bool &) -> Expected<QString> {
+                            return QString();
+                        });
         schedule->check();
         QElapsedTimer time;
         time.start();
@@ -235,6 +256,64 @@ private Q_SLOTS:
         addNote(QStringLiteral("second"));
         QCOMPARE(ended.size(), 3);
         QCOMPARE(m_host->application().logEntries().size(), 1);
+    }
+
+    void aBackupWithDamagedNotesReplacesNoneThatHasThem() {
+        const ProfileBackups backups(m_host->directory());
+        const std::atomic_bool isCancelled = false;
+        const auto make = [&](int day) {
+            return backups.make(
+                m_today.addDays(day), nullptr, [] { return Expected<void>(); },
+                [&](const QString &path) {
+                    return NoteInspection::check(path, isCancelled)
+                        .map([](const NoteInspection::Damage &damage) {
+                            return NoteInspection::titles(damage.value(1), {});
+                        });
+                });
+        };
+        for (int day = 0; day < 7; ++day) {
+            QVERIFY(make(day));
+        }
+        const QStringList sound = names();
+        const ProfileDatabase &profile = m_host->engine().profile();
+        QVERIFY(profile.run(QStringLiteral("UPDATE operations SET text = text || 'x'")));
+        for (int day = 7; day < 10; ++day) {
+            const Expected<void> made = make(day);
+            QCOMPARE(code(made), EngineErrorCode::BackupFailed);
+            QVERIFY2(description(made).contains(QStringLiteral("“first”")),
+                     qPrintable(description(made)));
+            QCOMPARE(names(),
+                     sound + QStringList(QFileInfo(pathFor(m_today.addDays(day))).fileName()));
+        }
+        const QList<Note> notes = m_host->inbox()->notes().value();
+        for (Note note : notes) {
+            QVERIFY(m_host->inbox()->saveNote(note));
+        }
+        QVERIFY(make(10));
+        QCOMPARE(names().size(), 7);
+    }
+
+    void theScheduleFindsDamagedNotesWhichAreReadAgain() {
+        MemoryStore::Blobs blobs;
+        MemoryStore store(blobs);
+        const StoreSession::Subject subject{InboxUUID, QStringLiteral("Inbox"),
+                                            QStringLiteral("store")};
+        SyncSession first(m_host->engine().profile(), m_host->library(), subject);
+        QVERIFY(runSession(first, store));
+        QVERIFY(m_host->engine().profile().run(
+            QStringLiteral("UPDATE operations SET text = 'damaged'")));
+        BackupSchedule &schedule = m_host->engine().backups();
+        const QSignalSpy ended(&schedule, &BackupSchedule::ended);
+        schedule.check();
+        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, Patience);
+        QCOMPARE(m_host->application().logEntries().size(), 1);
+        QVERIFY(
+            m_host->application().logEntries().first().info.contains(QStringLiteral("“first”")));
+        QCOMPARE(names().size(), 1);
+        SyncSession second(m_host->engine().profile(), m_host->library(), subject);
+        QVERIFY(runSession(second, store));
+        QCOMPARE(second.problems().size(), 1);
+        QCOMPARE(m_host->inbox()->notes().value().first().text, QString(20000, u'x'));
     }
 
     void aTableThatCannotBeCountedPreventsABackup() {
@@ -492,6 +571,52 @@ private Q_SLOTS:
             QVERIFY(QDir(directory).removeRecursively());
         }
         QVERIFY(failed.contains(QStringLiteral("rename")));
+    }
+
+    /// A process that is killed leaves what one leaves whose calls all fail from then on.
+    void anInterruptedRecoveryIsContinuedAtTheNextStart_data() {
+        QTest::addColumn<bool>("isNew");
+        QTest::addRow("backup") << false;
+        QTest::addRow("new profile") << true;
+    }
+    void anInterruptedRecoveryIsContinuedAtTheNextStart() {
+        QFETCH(bool, isNew);
+        const QString damaged = m_host->directory();
+        m_host->addLocation();
+        m_host->save();
+        QVERIFY(ProfileBackups(damaged).make(m_today));
+        m_host->goToComputer(QStringLiteral("Other"));
+        QVERIFY(executeIn(damaged, QStringLiteral("DELETE FROM databases")));
+        const auto replace = [&](const QString &directory) {
+            return isNew ? SyncEngine::beginProfile(directory)
+                         : ProfileRecovery::restoreBackup(directory);
+        };
+        bool wasMissing = false;
+        bool hasFailed = true;
+        for (qint64 call = 1; hasFailed; ++call) {
+            const QString directory = damaged + QString::number(call);
+            copyFolder(damaged, directory);
+            {
+                const FaultyFolder disk(directory, FaultyFolder::Fault::Error, call,
+                                        FaultyFolder::Duration::FromThenOn);
+                static_cast<void>(replace(directory));
+                hasFailed = disk.hasFailed();
+            }
+            wasMissing =
+                wasMissing || !QFileInfo::exists(directory + QStringLiteral("/profile.sqlite"));
+            SyncEngine engine;
+            Expected<void> opened = engine.openProfile(directory);
+            if (!opened) {
+                QCOMPARE(code(opened), EngineErrorCode::ProfileDamaged);
+                QVERIFY(replace(directory));
+                opened = engine.openProfile(directory);
+            }
+            QCOMPARE(description(opened), QString());
+            const QList<Note> notes = engine.library()->inbox()->notes().value();
+            QCOMPARE(notes.size(), isNew ? 0 : 1);
+            QCOMPARE(engine.plugin().locationsController()->syncLocations().size(), 1);
+        }
+        QVERIFY(wasMissing);
     }
 
     void whereTheFilesOfADamagedProfileAreIsSaidIfTheyCannotBeMovedBack() {

@@ -1,0 +1,52 @@
+#include "Engine/Notes/NoteInspection.h"
+
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileReader.h"
+#include "Host/SyncStrings.h"
+
+namespace {
+
+constexpr qsizetype MostTitles = 5;
+
+}  // namespace
+
+Expected<NoteInspection::Damage> NoteInspection::check(const QString &path,
+                                                       const std::atomic_bool &isCancelled) {
+    // It is not opened: the reader stands for the file.
+    const ProfileDatabase file;
+    const auto reader = ProfileReader::open(file, path, isCancelled);
+    if (!reader) {
+        return failure(reader.error());
+    }
+    QList<qint64> databases;
+    const Expected<void> listed =
+        file.read(QStringLiteral("SELECT id FROM databases"), {},
+                  [&](const QSqlQuery &row) { databases.append(row.value(0).toLongLong()); });
+    if (!listed) {
+        return failure(listed.error());
+    }
+    Damage damage;
+    for (const qint64 database : std::as_const(databases)) {
+        const Expected<QList<NoteLog::Damage>> damaged =
+            NoteLog(file, database).damagedOperations();
+        if (!damaged) {
+            return failure(damaged.error());
+        }
+        if (!damaged->isEmpty()) {
+            damage.insert(database, *damaged);
+        }
+    }
+    return damage;
+}
+
+QString NoteInspection::titles(const QList<NoteLog::Damage> &damaged, const QString &name) {
+    QStringList titles;
+    for (const NoteLog::Damage &each : damaged.first(qMin(damaged.size(), MostTitles))) {
+        titles.append(
+            localizedSyncString("“%1”").arg((each.title.isEmpty() ? name : each.title).left(80)));
+    }
+    const QString text = titles.join(QStringLiteral(", "));
+    return damaged.size() > MostTitles
+               ? localizedSyncString("%1 and %2 more").arg(text).arg(damaged.size() - MostTitles)
+               : text;
+}

@@ -1,0 +1,186 @@
+#include "Engine/Synchronization/CleanSession.h"
+#include "Support/Failure.h"
+#include "Support/SessionTestCase.h"
+
+/// Bits of a note change in the profile's file, which SQLite does not notice.
+class DamagedNoteTest : public SessionTestCase {
+    Q_OBJECT
+private:
+    static inline const QString Title = QStringLiteral("a letter");
+
+    /// Changes a bit of the text `text` in the file of the profile while it is closed.
+    void flipABitOf(const QByteArray &text) {
+        const QString path = m_host->directory() + QStringLiteral("/profile.sqlite");
+        m_host->goToComputer(QStringLiteral("Other"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QByteArray contents = file.readAll();
+        const qsizetype at = contents.lastIndexOf(text);
+        QVERIFY(at >= 0);
+        contents[at + text.size() / 2] = static_cast<char>(contents[at + text.size() / 2] ^ 1);
+        QVERIFY(file.seek(0));
+        QCOMPARE(file.write(contents), contents.size());
+        file.close();
+        m_host->goToComputer(QStringLiteral("Profile"));
+    }
+
+    void damage(const QString &assignment, const QString &title = Title) {
+        QVERIFY(profile().run(
+            QStringLiteral("UPDATE operations SET %1 WHERE title = ?").arg(assignment), {title}));
+    }
+
+    QStringList texts() {
+        QStringList texts;
+        const QList<Note> notes = m_host->inbox()->notes().value();
+        for (const Note &note : notes) {
+            texts.append(note.title + u'=' + note.text);
+        }
+        texts.sort();
+        return texts;
+    }
+
+    /// Verifies the profile, which finds the damage, and returns what it says.
+    QStringList verify() {
+        return Verification::problems(m_host->engine().verify(VerificationMode::Report));
+    }
+
+    template <class Session>
+    QList<Error> problems() {
+        Session session = newSession<Session>();
+        MemoryStore store(m_blobs);
+        const Expected<void> result = runSession(session, store);
+        return result ? session.problems() : QList{result.error()};
+    }
+
+    QStringList textsOnAnotherComputer() {
+        m_host->goToComputer(QStringLiteral("Third"));
+        if (!run<SyncSession>()) {
+            return {};
+        }
+        const QStringList found = texts();
+        m_host->goToComputer(QStringLiteral("Profile"));
+        return found;
+    }
+
+private Q_SLOTS:
+    void init() { beginWithNotes({Title, QStringLiteral("b")}); }
+    void cleanup() { m_host.reset(); }
+
+    void aChangedBitIsReportedAndReadAgain() {
+        Note note{{}, QStringLiteral("long"), QStringLiteral("a rare word in it"), {}};
+        QVERIFY(m_host->inbox()->saveNote(note));
+        QVERIFY(run<SyncSession>());
+        const QStringList before = texts();
+        flipABitOf("a rare word in it");
+        QVERIFY(texts() != before);
+        const QStringList found = verify();
+        QCOMPARE(found.size(), 1);
+        QVERIFY2(found.first().contains(QStringLiteral("“long”")), qPrintable(found.first()));
+        const QList<Error> repaired = problems<SyncSession>();
+        QCOMPARE(repaired.size(), 1);
+        QVERIFY(isEngineError(repaired.first(), EngineErrorCode::RecordRepaired));
+        QVERIFY(repaired.first().localizedDescription.contains(QStringLiteral("“long”")));
+        QCOMPARE(texts(), before);
+        QVERIFY(problems<SyncSession>().isEmpty());
+        verifySound();
+    }
+
+    void whateverIsDamagedIsReadAgain_data() {
+        QTest::addColumn<QString>("assignment");
+        QTest::addRow("title") << QStringLiteral("title = 'A letter'");
+        QTest::addRow("text") << QStringLiteral("text = ''");
+        QTest::addRow("invalid text") << QStringLiteral("text = CAST(x'61ff62' AS TEXT)");
+        QTest::addRow("date") << QStringLiteral("modified = 5");
+        QTest::addRow("note") << QStringLiteral("note_uuid = 'x'");
+        QTest::addRow("salt") << QStringLiteral("salt = x'00'");
+        QTest::addRow("superseded") << QStringLiteral("supersedes = randomblob(16)");
+    }
+    void whateverIsDamagedIsReadAgain() {
+        QFETCH(QString, assignment);
+        const QStringList before = texts();
+        damage(assignment);
+        QCOMPARE(verify().size(), 1);
+        QCOMPARE(problems<SyncSession>().size(), 1);
+        QCOMPARE(texts(), before);
+        verifySound();
+    }
+
+    void whatNobodyHasIsNamedAndNotSentUntilItIsEdited() {
+        saveNote(QStringLiteral("unsent"));
+        saveNote(QStringLiteral("other"));
+        damage(QStringLiteral("text = 'damaged'"), QStringLiteral("unsent"));
+        for (int i = 0; i < 2; ++i) {
+            const QList<Error> told = problems<SyncSession>();
+            QCOMPARE(told.size(), 1);
+            QVERIFY(told.first().localizedDescription.contains(QStringLiteral("“unsent”")));
+            QVERIFY(verify().first().contains(QStringLiteral("“unsent”")));
+        }
+        QCOMPARE(textsOnAnotherComputer(),
+                 (QStringList{QStringLiteral("a letter=a letter"), QStringLiteral("b=b"),
+                              QStringLiteral("other=other")}));
+        const QList<Note> notes = m_host->inbox()->notes().value();
+        for (Note note : notes) {
+            QVERIFY(m_host->inbox()->saveNote(note));
+        }
+        verifySound();
+        QVERIFY(textsOnAnotherComputer().contains(QStringLiteral("unsent=damaged")));
+    }
+
+    void aNameThatIsNotValidIsToBeReplaced() {
+        const auto database = m_host->addDatabase(QStringLiteral("Projects"));
+        QVERIFY(
+            profile().run(QStringLiteral("UPDATE operations SET title = ' '"
+                                         " WHERE note_uuid = '' AND title = 'Projects'")));
+        MemoryStore store(m_blobs);
+        const StoreSession::Subject subject{database->UUID(), database->name(),
+                                            QStringLiteral("store")};
+        SyncSession refused(profile(), m_host->library(), subject);
+        QVERIFY(runSession(refused, store));
+        QCOMPARE(refused.problems().size(), 1);
+        QVERIFY(refused.problems().first().localizedDescription.contains(
+            QStringLiteral("Rename the database")));
+        QVERIFY(m_host->library().renameDatabase(database, QStringLiteral("Plans")));
+        SyncSession renamed(profile(), m_host->library(), subject);
+        QVERIFY(runSession(renamed, store));
+        QVERIFY(renamed.problems().isEmpty());
+        QCOMPARE(Verification::problems(profile(), m_host->library(), subject, store),
+                 QStringList());
+    }
+
+    void cleaningUpKeepsTheOnlySoundCopy() {
+        const QStringList before = texts();
+        damage(QStringLiteral("text = 'damaged'"));
+        QCOMPARE(problems<CleanSession>().size(), 1);
+        QCOMPARE(textsOnAnotherComputer(), before);
+        // What cleaning up has found is read again.
+        damage(QStringLiteral("text = 'damaged'"));
+        QCOMPARE(problems<CleanSession>().size(), 1);
+        QCOMPARE(problems<SyncSession>().size(), 1);
+        QCOMPARE(texts(), before);
+        QVERIFY(problems<CleanSession>().isEmpty());
+        verifySound();
+        QCOMPARE(textsOnAnotherComputer(), before);
+    }
+
+    void aDamagedRecordDoesNotRepairADamagedNote() {
+        damage(QStringLiteral("text = 'damaged'"));
+        for (auto &[name, record] : m_blobs) {
+            if (name.startsWith(QStringLiteral("transactions/"))) {
+                record.replace("a letter", "a Letter");
+            }
+        }
+        QCOMPARE(verify().size(), 1);
+        QVERIFY(!problems<SyncSession>().isEmpty());
+        QVERIFY(texts().contains(QStringLiteral("a letter=damaged")));
+        QVERIFY(verify().first().contains(QStringLiteral("“a letter”")));
+        const QList<Note> notes = m_host->inbox()->notes().value();
+        for (Note note : notes) {
+            QVERIFY(m_host->inbox()->saveNote(note));
+        }
+        QVERIFY(run<SyncSession>());
+        verifySound();
+    }
+};
+
+VELMORA_TEST(DamagedNoteTest)
+#include "DamagedNoteTest.moc"
