@@ -73,6 +73,7 @@ void BackupSchedule::report(const Expected<void> &result) {
     const QString problem = result ? QString() : result.error().localizedDescription;
     if (!problem.isEmpty() && problem != m_reported) {
         NSApp()->logItemCmd(localizedSyncString("Backup:"), problem);
+        NSApp()->presentError(result.error());
     }
     m_reported = problem;
     Q_EMIT ended(result ? std::nullopt : std::optional(result.error()));

@@ -10,8 +10,9 @@
 
 class ProfileDatabase;
 
-/// Makes a backup of the open profile on each day, on a thread of its own. Failures are reported in
-/// the application's log, each once until a backup succeeds. Must be used on the main thread.
+/// Makes a backup of the open profile on each day, on a thread of its own. Failures are presented
+/// to the user and added to the application's log, each once until a backup succeeds. Must be used
+/// on the main thread.
 class BackupSchedule : public QObject {
     Q_OBJECT
 public:
