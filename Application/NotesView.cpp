@@ -22,6 +22,15 @@ namespace {
 /// Longer titles are not editable: a line edit would take seconds for each key.
 constexpr int LongestTitle = 200000;
 
+void presentTitleCut() {
+    NSApp()->presentError(
+        {.domain = QStringLiteral("Velmora"),
+         .localizedDescription =
+             NotesView::tr("A title has at most %L1 characters, so not all of what you entered was "
+                           "added to it. Enter it into the text of the note.")
+                 .arg(LongestTitle)});
+}
+
 constexpr int PauseInMilliseconds = 500;
 
 QString shownTitle(const Note &note) {
@@ -65,6 +74,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     connect(&m_keeping, &QTimer::timeout, this, &NotesView::keepEdits);
     connect(m_list, &QListWidget::currentRowChanged, this, &NotesView::selectNote);
     connect(m_title, &QLineEdit::textEdited, this, &NotesView::noteEdited);
+    connect(m_title, &QLineEdit::inputRejected, this, &presentTitleCut);
     connect(m_text, &QPlainTextEdit::textChanged, this, &NotesView::noteEdited);
     connect(m_addButton, &QPushButton::clicked, this, &NotesView::addNote);
     connect(m_removeButton, &QPushButton::clicked, this, &NotesView::removeNote);

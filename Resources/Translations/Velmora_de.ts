@@ -476,6 +476,10 @@
         <translation>Ohne Titel</translation>
     </message>
     <message>
+        <source>A title has at most %L1 characters, so not all of what you entered was added to it. Enter it into the text of the note.</source>
+        <translation>Ein Titel hat höchstens %L1 Zeichen, deshalb wurde nicht alles, was Sie eingegeben haben, in ihn aufgenommen. Geben Sie es in den Text der Notiz ein.</translation>
+    </message>
+    <message>
         <source>New &amp;Note</source>
         <translation>Neue &amp;Notiz</translation>
     </message>

@@ -1,3 +1,5 @@
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
@@ -86,6 +88,53 @@ private Q_SLOTS:
             QVERIFY2(saved.title == note.title + u'!', where.constData());
             QVERIFY2(saved.text == note.text + u'!', where.constData());
         }
+    }
+
+    void titlesWithCharactersOfEveryPlaneSurvive() {
+        constexpr char32_t plane = 0x10000;
+        constexpr char32_t step = 61;
+        for (char32_t first = 0; first <= QChar::LastValidCodePoint; first += plane) {
+            Note note = m_database->notes().value().first();
+            note.title.clear();
+            for (char32_t code = first; code < first + plane; code += step) {
+                if (!QChar::isSurrogate(code)) {
+                    note.title += QChar::fromUcs4(code);
+                }
+            }
+            note.title += QChar::fromUcs4(first + plane - 1);
+            QVERIFY(m_database->saveNote(note));
+            QVERIFY(!title()->isReadOnly());
+            title()->home(false);
+            QTest::keyClick(title(), Qt::Key_Exclam);
+            QVERIFY(m_view->commit());
+            const QByteArray where = QByteArray::number(first, 16);
+            QVERIFY2(m_database->notes().value().first().title == u'!' + note.title,
+                     where.constData());
+        }
+    }
+
+    void aTitleThatIsPastedAndTooLongIsReported() {
+        Note note = m_database->notes().value().first();
+        note.title = QString(199995, u'x');
+        QVERIFY(m_database->saveNote(note));
+        QGuiApplication::clipboard()->setText(QStringLiteral("12345"));
+        title()->end(false);
+        title()->paste();
+        QCOMPARE(title()->text().size(), 200000);
+        QCOMPARE(m_host->application().presentedErrors().size(), 0);
+        title()->backspace();
+        title()->paste();
+        QVERIFY(title()->text().endsWith(QStringLiteral("12341")));
+        QCOMPARE(m_host->application().presentedErrors().size(), 1);
+        const QString told = m_host->application().presentedErrors().first().localizedDescription;
+        QVERIFY2(told.contains(QStringLiteral("not all of what you entered")), qPrintable(told));
+        // One that is too long to be edited is not entered.
+        QVERIFY(m_view->commit());
+        note = m_database->notes().value().first();
+        note.title = QString(200001, u'x');
+        QVERIFY(m_database->saveNote(note));
+        QVERIFY(title()->isReadOnly());
+        QCOMPARE(m_host->application().presentedErrors().size(), 1);
     }
 
     void whatIsTypedIsSavedAfterAPause() {
