@@ -37,14 +37,17 @@ const QString ApplicationName = QStringLiteral("Velmora");
 QString shownName(const NoteDatabase &database) {
     QString name =
         database.isOpen() ? database.name() : MainWindow::tr("%1 (closed)").arg(database.name());
-    // NotesView presents that notes cannot be read.
-    const qint64 conflicts = database.countOfConflicts().value_or(0);
-    if (conflicts == 0) {
+    const Expected<qint64> conflicts = database.countOfConflicts();
+    if (!conflicts) {
+        // NotesView presents that notes cannot be read.
+        return MainWindow::tr("%1 · cannot be read").arg(name);
+    }
+    if (*conflicts == 0) {
         return name;
     }
-    return conflicts == 1
+    return *conflicts == 1
                ? MainWindow::tr("%1 · 1 conflict").arg(name)
-               : MainWindow::tr("%1 · %2 conflicts").arg(name, QString::number(conflicts));
+               : MainWindow::tr("%1 · %2 conflicts").arg(name, QString::number(*conflicts));
 }
 
 }  // namespace

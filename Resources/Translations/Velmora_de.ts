@@ -389,6 +389,10 @@
         <translation>%1 · %2 Konflikte</translation>
     </message>
     <message>
+        <source>%1 · cannot be read</source>
+        <translation>%1 · nicht lesbar</translation>
+    </message>
+    <message>
         <source>%1 (closed)</source>
         <translation>%1 (geschlossen)</translation>
     </message>
@@ -472,12 +476,12 @@
 <context>
     <name>NotesView</name>
     <message>
-        <source>Untitled</source>
-        <translation>Ohne Titel</translation>
-    </message>
-    <message>
         <source>A title has at most %L1 characters, so not all of what you entered was added to it. Enter it into the text of the note.</source>
         <translation>Ein Titel hat höchstens %L1 Zeichen, deshalb wurde nicht alles, was Sie eingegeben haben, in ihn aufgenommen. Geben Sie es in den Text der Notiz ein.</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
     </message>
     <message>
         <source>New &amp;Note</source>

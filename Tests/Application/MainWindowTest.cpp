@@ -16,6 +16,7 @@
 #include "Application/EndSignals.h"
 #include "Application/EventLog.h"
 #include "Application/PreferencesWindow.h"
+#include "Support/FailingTable.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -122,6 +123,18 @@ private Q_SLOTS:
     void anotherDatabaseIsNotChosenWhileTextIsUnsaved() {
         m_host->makeSavesFail();
         typeText(QStringLiteral(" typed"));
+    void aDatabaseThatCannotBeReadIsNotShownAsWithoutConflicts() {
+        const QString name = databases()->item(1)->text();
+        {
+            const FailingTable fault(m_host->engine().profile(), QStringLiteral("operations"),
+                                     FailingTable::Fault::AllRows);
+            Q_EMIT m_plans->notesChanged();
+            QCOMPARE(databases()->item(1)->text(), name + QStringLiteral(" · cannot be read"));
+        }
+        Q_EMIT m_plans->notesChanged();
+        QCOMPARE(databases()->item(1)->text(), name);
+    }
+
         answer({QStringLiteral("Copy Text"), QStringLiteral("Keep Editing")});
         databases()->setCurrentRow(2);
         QCOMPARE(databases()->currentRow(), 1);
