@@ -9,6 +9,7 @@
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/RecordTiers.h"
 #include "Engine/Synchronization/SyncSession.h"
+#include "Host/SyncStoreLayout.h"
 #include "Support/Compaction.h"
 #include "Support/MemoryStore.h"
 #include "Support/RunSession.h"
@@ -24,6 +25,30 @@ protected:
     using Contents = QMap<QString, QString>;
 
     enum class Job { Synchronize, CleanUp, Merge };
+    /// What a computer does with a store.
+    struct StoreStory {
+        /// The profile and the store that it begins with.
+        QString profile;
+        QString store;
+        Job job = Job::Synchronize;
+    };
+
+    /// The stories by name. The profile and the store "Merged" are those of
+    /// mergeWithoutRemoval(), and so on; the store "Damaged" is that of damage(), and "Empty" has
+    /// nothing.
+    static QMap<QString, StoreStory> storeStories() {
+        const QString used = QStringLiteral("Used");
+        const QString sound = QStringLiteral("Sound");
+        const QString full = QStringLiteral("Full");
+        const QString merged = QStringLiteral("Merged");
+        return {{QStringLiteral("synchronize"), {used, sound}},
+                {QStringLiteral("import"), {QStringLiteral("Unused"), sound}},
+                {QStringLiteral("clean up"), {used, sound, Job::CleanUp}},
+                {QStringLiteral("merge records"), {full, full, Job::Merge}},
+                {QStringLiteral("resume merging"), {merged, merged, Job::Merge}},
+                {QStringLiteral("repair"), {used, QStringLiteral("Damaged")}},
+                {QStringLiteral("fill again"), {QStringLiteral("Other"), QStringLiteral("Empty")}}};
+    }
 
     static inline const QString Changed = QStringLiteral("changed");
 
@@ -170,6 +195,20 @@ protected:
         }
     }
 
+    /// Returns `blobs` with half of a record that the profile "Used" has read.
+    MemoryStore::Blobs damage(MemoryStore::Blobs blobs) const {
+        Computer used(folder(QStringLiteral("Used")));
+        orThrow(used.open());
+        const QString name = used.profile()
+                                 .value(QStringLiteral("SELECT name FROM known_transactions"))
+                                 .value()
+                                 .toString();
+        QByteArray &record =
+            blobs.at(SyncStoreLayout::TransactionsFolder + u'/' + m_UUID + u'/' + name);
+        record.truncate(record.size() / 2);
+        return blobs;
+    }
+
     QString UUID() const { return m_UUID; }
     QString folder(const QString &name) const { return m_folder.filePath(name); }
     QString newFolder() { return folder(QString::number(++m_count)); }
@@ -195,6 +234,15 @@ protected:
         for (auto each = before.keyBegin(); each != before.keyEnd(); ++each) {
             QVERIFY2(found.contains(*each) || !after.contains(*each), qPrintable(*each));
         }
+    }
+
+    /// Returns the codes of the problems that a job has reported.
+    static QList<int> codes(const Expected<QList<Error>> &problems) {
+        QList<int> codes;
+        for (const Error &problem : problems.value_or(QList<Error>())) {
+            codes.append(static_cast<int>(problem.code));
+        }
+        return codes;
     }
 
     /// Returns the problems with single records. Merge must follow a synchronization.
@@ -225,8 +273,9 @@ protected:
         QCOMPARE(Verification::problems(profile), QStringList());
     }
 
-    /// After synchronizing without a failure everyone has everything.
+    /// The profile is sound, and after synchronizing without a failure everyone has everything.
     void verifyNothingIsLost(const QString &profile, BlobStore &store) {
+        QCOMPARE(Verification::problems(profile), QStringList());
         const QString third = newFolder();
         verifyContents(profile, third, store);
         verifySound(profile, store);

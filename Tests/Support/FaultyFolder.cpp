@@ -22,6 +22,7 @@ struct FaultyFolder::Plan {
     Fault fault;
     Duration duration;
     qint64 first;
+    Renaming renaming;
     QStringList calls;
     bool hasFailed = false;
 };
@@ -166,6 +167,11 @@ int fdatasync(int file) {
 int renameat2(int oldFolder, const char *oldName, int newFolder, const char *newName,
               unsigned flags) noexcept {
     static const auto next = hidden(&renameat2, "renameat2");
+    if (plan && plan->renaming == FaultyFolder::Renaming::WithoutFlags && flags != 0 &&
+        isInside(newFolder, newName)) {
+        errno = EINVAL;
+        return -1;
+    }
     return fails("renameat2", Need::Space, newFolder, newName)
                ? failed(-1)
                : next(oldFolder, oldName, newFolder, newName, flags);
@@ -218,12 +224,13 @@ int fchmod(int file, mode_t mode) noexcept {
 
 }  // extern "C"
 
-FaultyFolder::FaultyFolder(const QString &path, Fault fault, qint64 first, Duration duration)
+FaultyFolder::FaultyFolder(const QString &path, Fault fault, qint64 first, Duration duration,
+                           Renaming renaming)
     : m_plan(std::make_unique<Plan>()) {
     if (plan) {
         throw std::logic_error("have one at a time");
     }
-    *m_plan = {QFile::encodeName(path), fault, duration, first, {}};
+    *m_plan = {QFile::encodeName(path), fault, duration, first, renaming, {}};
     plan = m_plan.get();
 }
 

@@ -19,10 +19,14 @@ public:
         Short,
     };
     enum class Duration { Once, FromThenOn };
+    /// Whether the file system can rename a file unless the new name exists, which those of a
+    /// network cannot.
+    enum class Renaming { WithFlags, WithoutFlags };
 
     /// The call number `first` of the calling thread to which `fault` applies fails; the first call
     /// has the number 1. `path` must contain no symbolic link.
-    FaultyFolder(const QString &path, Fault fault, qint64 first, Duration duration);
+    FaultyFolder(const QString &path, Fault fault, qint64 first, Duration duration,
+                 Renaming renaming = Renaming::WithFlags);
     ~FaultyFolder();
     FaultyFolder(const FaultyFolder &) = delete;
     FaultyFolder &operator=(const FaultyFolder &) = delete;

@@ -1,9 +1,13 @@
 #include "Support/OldProfile.h"
 
+#include <QtCore/QFileInfo>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
+#include <functional>
 #include <stdexcept>
 
+#include "Engine/Notes/NoteConversion.h"
+#include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileInspection.h"
 
 namespace {
@@ -37,28 +41,72 @@ void execute(QSqlQuery &query, const QString &statement, const QVariantList &val
     }
 }
 
-}  // namespace
-
-void OldProfile::write(const QString &file, int notes, const QString &text) {
+void execute(const QString &file, const std::function<void(QSqlQuery &)> &statements) {
     {
         auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), OldConnection);
         database.setDatabaseName(file);
         database.open();
         QSqlQuery query(database);
+        statements(query);
+    }
+    QSqlDatabase::removeDatabase(OldConnection);
+}
+
+void writeOldest(const QString &file, int notes, const QString &text) {
+    execute(file, [&](QSqlQuery &query) {
         for (const QString &statement : oldSchema()) {
             execute(query, statement);
         }
         execute(query, QStringLiteral("INSERT INTO databases (uuid, name) VALUES (?, 'Plans')"),
-                {UUID});
+                {OldProfile::UUID});
         execute(query, QStringLiteral("BEGIN"));
         for (int i = 0; i < notes; ++i) {
-            const QString note = UUID.first(24) + QString::number(111111111111 + i);
+            const QString note = OldProfile::UUID.first(24) + QString::number(111111111111 + i);
             execute(query,
                     QStringLiteral("INSERT INTO notes (database_uuid, uuid, title, text, modified)"
                                    " VALUES (?, ?, ?, ?, ?)"),
-                    {UUID, note, QString::number(i), text, Modified + i});
+                    {OldProfile::UUID, note, QString::number(i), text, OldProfile::Modified + i});
         }
         execute(query, QStringLiteral("COMMIT"));
+    });
+}
+
+/// Opens the oldest profile, which makes it a current one.
+void upgrade(const QString &file) {
+    ProfileDatabase profile;
+    const Expected<void> upgraded = profile.open(
+        QFileInfo(file).path(), [] { return Expected<void>(); },
+        [&] { return convertOldNotes(profile); });
+    if (!upgraded) {
+        throw std::runtime_error("cannot upgrade the old profile");
     }
-    QSqlDatabase::removeDatabase(OldConnection);
+}
+
+/// Returns the statements that remove from a current profile what `version` did not have.
+QStringList removals(int version) {
+    QStringList statements;
+    for (const char *column : {"date", "reason", "summary", "received", "sent", "problems"}) {
+        statements.append(QStringLiteral("ALTER TABLE states DROP COLUMN result_%1")
+                              .arg(QLatin1StringView(column)));
+    }
+    if (version == 2) {
+        statements +=
+            {QStringLiteral("DROP TABLE versions"), QStringLiteral("DROP TABLE size_of_versions")};
+    }
+    return statements + QStringList(QStringLiteral("PRAGMA user_version = %1").arg(version));
+}
+
+}  // namespace
+
+void OldProfile::write(const QString &file, int notes, const QString &text, int version) {
+    writeOldest(file, notes, text);
+    if (version == ProfileInspection::OldestSchemaVersion) {
+        return;
+    }
+    upgrade(file);
+    execute(file, [&](QSqlQuery &query) {
+        for (const QString &statement : removals(version)) {
+            execute(query, statement);
+        }
+    });
 }
