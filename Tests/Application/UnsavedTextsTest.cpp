@@ -31,11 +31,7 @@ private:
     }
 
     void fillVolume() const {
-        QFile file(filler());
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-        const QByteArray page(4096, 'x');
-        while (file.write(page) == page.size()) {
-        }
+        m_volume->fill();
         QCOMPARE(QStorageInfo(volume()).bytesAvailable(), 0);
     }
     static QStringList journalIn(const QString &folder) {

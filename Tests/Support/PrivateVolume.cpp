@@ -36,6 +36,16 @@ PrivateVolume::~PrivateVolume() {
     umount2(m_path.constData(), MNT_DETACH);
 }
 
+void PrivateVolume::fill() {
+    QFile file(QFile::decodeName(m_path) + QStringLiteral("/filler"));
+    const QByteArray page(4096, 'x');
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        throw std::runtime_error("This test cannot fill a volume.");
+    }
+    while (file.write(page) == page.size()) {
+    }
+}
+
 void PrivateVolume::makeReadOnly() {
     requireMounted(mount("tmpfs", m_path.constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr));
 }

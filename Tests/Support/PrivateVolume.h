@@ -19,6 +19,8 @@ public:
     PrivateVolume &operator=(const PrivateVolume &) = delete;
 
     void makeReadOnly();
+    /// Fills the volume with the file "filler".
+    void fill();
 
 private:
     const QByteArray m_path;
