@@ -63,17 +63,16 @@ private:
 
     void awaitSaved() {
         QVERIFY(QTest::qWaitFor([this] { return m_program.takeWasShownAsModified(); }, Patience));
-        // A key may still be on its way to the window when it shows the others as saved.
-        constexpr int timeForKeys = 150;
-        QDeadlineTimer quiet(timeForKeys);
+        // Keys have effect in order, so all others have reached the window when this one has.
+        m_display.press({QStringLiteral("alt+t"), QStringLiteral("l")});
         QVERIFY(QTest::qWaitFor(
-            [&] {
-                if (m_program.isShownAsModified()) {
-                    quiet.setRemainingTime(timeForKeys);
-                }
-                return quiet.hasExpired();
+            [this] { return !m_display.window(QStringLiteral("^Log$")).isEmpty(); }, Patience));
+        QVERIFY(QTest::qWaitFor(
+            [this] {
+                return m_display.window(QStringLiteral("^Velmora$")) == m_program.mainWindow();
             },
             Patience));
+        m_display.focus(m_program.mainWindow());
     }
 
     /// Returns a number from the profile that the program is using.
