@@ -26,15 +26,16 @@ public:
     /// verification. The parts are the profile, then each database at each location in the order of
     /// the list, then those of the served store.
     VerificationReport run(VerificationMode mode);
+    /// Verifies only the profile: checks the file with SQLite ("integrity_check" and
+    /// "foreign_key_check") and every operation against its digest. What is damaged is read again
+    /// by the synchronizations that follow.
+    VerificationReport::Part verifyProfile() const;
 
 private:
     using Part = VerificationReport::Part;
     /// Whether a database was ever synchronized with a store.
     enum class History { Synchronized, NeverSynchronized };
 
-    /// Checks the file with SQLite ("integrity_check" and "foreign_key_check") and every operation
-    /// against its digest. What is damaged is read again by the synchronizations that follow.
-    Part verifyProfile() const;
     /// Returns the problems of the profile itself.
     Expected<QStringList> profileProblems() const;
     /// Returns how much the profile contains, for the user.

@@ -6,6 +6,7 @@
 #include "Application/Interface/SyncPlugIn.h"
 #include "Support/TestApplication.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// What a damaged profile opens, with the real sync plug-in and real keys.
 class DamagedProfileDialogTest : public QObject {
@@ -40,6 +41,8 @@ private:
         QStringList buttons;
         Expected<void> opened;
         qsizetype databases = 0;
+        /// What "velmora verify" finds in the new profile.
+        QString problems;
     };
 
     /// Presses the button whose title begins with `title` by the keyboard, or Escape if there is
@@ -78,6 +81,10 @@ private:
         if (result.isReplaced) {
             result.opened = sync->openProfile(profile(), ProfileUse::Edit);
             result.databases = sync->library() ? sync->library()->knownDatabases().size() : 0;
+            VerificationReport report = sync->verify(VerificationMode::Report);
+            // The new profile has not synchronized yet.
+            report.parts.resize(1);
+            result.problems = Verification::problems(report).join(u'\n');
         }
         sync->closeProfile();
         loader.unload();
@@ -108,6 +115,7 @@ private Q_SLOTS:
         QVERIFY2(result.text.contains(QStringLiteral("21 November 2026")), qPrintable(result.text));
         QVERIFY2(result.buttons.contains(QStringLiteral("&Restore the Copy of 21/11/2026")),
                  qPrintable(result.buttons.join(u'|')));
+        QCOMPARE(result.problems, QString());
         QCOMPARE(damagedFiles(), QStringList{QStringLiteral("profile.sqlite")});
     }
 
@@ -117,6 +125,7 @@ private Q_SLOTS:
         QVERIFY(result.isReplaced);
         QVERIFY(result.opened);
         QCOMPARE(result.databases, 1);
+        QCOMPARE(result.problems, QString());
         QCOMPARE(damagedFiles(), QStringList{QStringLiteral("profile.sqlite")});
     }
 

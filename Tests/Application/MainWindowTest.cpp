@@ -19,6 +19,7 @@
 #include "Support/FailingTable.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// The main window with its real widgets on the real engine.
 class MainWindowTest : public QObject {
@@ -117,12 +118,11 @@ private Q_SLOTS:
     void cleanup() {
         m_window.reset();
         m_plans.reset();
+        m_host->letSavesPass();
+        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host.reset();
     }
 
-    void anotherDatabaseIsNotChosenWhileTextIsUnsaved() {
-        m_host->makeSavesFail();
-        typeText(QStringLiteral(" typed"));
     void aDatabaseThatCannotBeReadIsNotShownAsWithoutConflicts() {
         const QString name = databases()->item(1)->text();
         {
@@ -135,6 +135,9 @@ private Q_SLOTS:
         QCOMPARE(databases()->item(1)->text(), name);
     }
 
+    void anotherDatabaseIsNotChosenWhileTextIsUnsaved() {
+        m_host->makeSavesFail();
+        typeText(QStringLiteral(" typed"));
         answer({QStringLiteral("Copy Text"), QStringLiteral("Keep Editing")});
         databases()->setCurrentRow(2);
         QCOMPARE(databases()->currentRow(), 1);

@@ -17,6 +17,8 @@ class VelmoraTest : public QObject {
     };
 
     QTemporaryDir m_folder;
+    /// Whether writeProfile() has written something unusable.
+    bool m_isWritten = false;
 
     QString profile() const { return m_folder.filePath(QStringLiteral("profile")); }
 
@@ -52,12 +54,16 @@ class VelmoraTest : public QObject {
 
     QString runtimeFolder() const { return m_folder.filePath(QStringLiteral("run")); }
 
-    /// Starts the program with its windows and waits until other starts find it.
-    std::unique_ptr<QProcess> startWindows() const {
+    void makeRuntimeFolder() const {
         QDir(runtimeFolder()).removeRecursively();
         QDir().mkdir(runtimeFolder());
         QFile::setPermissions(runtimeFolder(),
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    /// Starts the program with its windows and waits until other starts find it.
+    std::unique_ptr<QProcess> startWindows() const {
+        makeRuntimeFolder();
         auto process = start({});
         const QDir folder(runtimeFolder());
         if (!QTest::qWaitFor(
@@ -86,7 +92,8 @@ class VelmoraTest : public QObject {
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    void writeProfile(const QByteArray &bytes) const {
+    void writeProfile(const QByteArray &bytes) {
+        m_isWritten = true;
         QVERIFY(QDir().mkpath(profile()));
         QFile file(profile() + QStringLiteral("/profile.sqlite"));
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -94,7 +101,18 @@ class VelmoraTest : public QObject {
     }
 
 private Q_SLOTS:
-    void init() { QDir(profile()).removeRecursively(); }
+    void init() {
+        QDir(profile()).removeRecursively();
+        m_isWritten = false;
+    }
+    void cleanup() {
+        // Of an unusable profile a test says itself what is left.
+        if (!m_isWritten && QFileInfo::exists(profile())) {
+            const Run verified =
+                run({QStringLiteral("--profile"), profile(), QStringLiteral("verify")});
+            QVERIFY2(verified.exitCode == 0, (verified.output + verified.errors).constData());
+        }
+    }
 
     void aFreshProfileHoldsWhatTheFirstStartShows() {
         const Run first =
@@ -227,6 +245,29 @@ private Q_SLOTS:
             QVERIFY(QJsonDocument::fromJson(described).isObject());
             QCOMPARE(second->readAllStandardOutput(), described);
         }
+    }
+
+    void twoFirstStartsWithWindowsAtOnceMakeOneProfile() {
+        makeRuntimeFolder();
+        const auto one = start({});
+        const auto other = start({});
+        const auto hasEnded = [](const QProcess &process) {
+            return process.state() == QProcess::NotRunning;
+        };
+        QVERIFY(QTest::qWaitFor([&] { return hasEnded(*one) || hasEnded(*other); }, Patience));
+        QProcess &second = hasEnded(*one) ? *one : *other;
+        QProcess &first = hasEnded(*one) ? *other : *one;
+        const QByteArray errors = second.readAllStandardError();
+        QVERIFY2(second.exitStatus() == QProcess::NormalExit && second.exitCode() == 0,
+                 errors.constData());
+        QCOMPARE(first.state(), QProcess::Running);
+        QCOMPARE(run({QStringLiteral("--profile"), profile()}).exitCode, 0);
+        terminate(first);
+        const Run described =
+            run({QStringLiteral("--profile"), profile(), QStringLiteral("--describe")});
+        QCOMPARE(
+            QJsonDocument::fromJson(described.output)[QStringLiteral("databases")].toArray().size(),
+            3);
     }
 
     void aDescriptionBesideAFirstStartMakesTheSameProfile() {

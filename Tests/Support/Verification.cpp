@@ -1,5 +1,6 @@
 #include "Support/Verification.h"
 
+#include "Engine/Plugin/ProfileVerification.h"
 #include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Synchronization/VerificationSession.h"
 #include "Support/RunSession.h"
@@ -15,9 +16,9 @@ QStringList Verification::problems(const VerificationReport &report) {
 }
 
 QStringList Verification::problemsOfProfile(SyncEngine &engine) {
-    VerificationReport report = engine.verify(VerificationMode::Report);
-    report.parts.resize(1);
-    return problems(report);
+    const ProfileVerification verification(engine.profile(), *engine.library(), engine.plugin(),
+                                           {});
+    return problems(VerificationReport{{verification.verifyProfile()}});
 }
 
 QStringList Verification::problems(const QString &directory) {

@@ -12,6 +12,7 @@
 #include "Support/KeychainRemoval.h"
 #include "Support/Patience.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 #include "Support/WebDAVServer.h"
 
 namespace {
@@ -60,6 +61,13 @@ public:
         time.start();
         m_engine.reset();
         return time.elapsed();
+    }
+
+    QStringList problemsOfProfile() {
+        if (!m_engine) {
+            open();
+        }
+        return Verification::problemsOfProfile(*m_engine);
     }
 
     void addLocation(const QString &URLText) {
@@ -191,6 +199,9 @@ private Q_SLOTS:
         m_person->think();
     }
     void cleanup() {
+        for (ConcurrentEngine *engine : {m_first.get(), m_second.get()}) {
+            QCOMPARE(engine->problemsOfProfile(), QStringList());
+        }
         m_second.reset();
         m_first.reset();
         m_silent.reset();

@@ -3,6 +3,7 @@
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 namespace {
 
@@ -71,6 +72,11 @@ private Q_SLOTS:
                                      FirstContents::Inbox));
     }
     void cleanup() {
+        for (SyncEngine *engine : {&first(), m_other.get()}) {
+            if (engine) {
+                QCOMPARE(Verification::problemsOfProfile(*engine), QStringList());
+            }
+        }
         m_other.reset();
         m_otherFolder.reset();
         m_host.reset();

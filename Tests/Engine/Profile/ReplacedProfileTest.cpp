@@ -8,6 +8,7 @@
 #include "Support/TestAuthority.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// A profile whose folder is replaced by a copy, or deleted, while the engine has it open.
 class ReplacedProfileTest : public QObject {
@@ -56,7 +57,13 @@ private Q_SLOTS:
     void init() { m_host = std::make_unique<TestHost>(); }
     void cleanup() {
         const QString left = aside();
+        if (!QFileInfo::exists(left) && m_host->engine().profile().checkFiles()) {
+            QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
+        }
         m_host.reset();
+        if (QFileInfo::exists(left + QStringLiteral("/profile.sqlite"))) {
+            QCOMPARE(Verification::problems(left), QStringList());
+        }
         QDir(left).removeRecursively();
     }
 

@@ -3,6 +3,7 @@
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionServer.h"
 #include "Engine/Synchronization/SyncSession.h"
+#include "Engine/Synchronization/VerificationSession.h"
 #include "Host/InboxUUID.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedPerson.h"
@@ -205,17 +206,24 @@ class DamagedStoreTest : public QObject {
     /// Of the last synchronization.
     QStringList m_problems;
 
-    Expected<void> synchronize(Replica &replica) {
+    static inline const StoreSession::Subject Subject{InboxUUID, QStringLiteral("Inbox"),
+                                                      QStringLiteral("store")};
+
+    Expected<void> run(StoreSession &session) {
         const EngineFuture future;
         const std::shared_ptr<BlobStore> store = m_fixture->store();
-        SyncSession session(replica.profile(), replica.library(),
-                            {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
         Expected<void> result = awaitOnThread([&] { return store->open(future); });
         while (result && !session.isDone()) {
             result = awaitOnThread([&] {
                          return session.accessStore(*store, future);
                      }).and_then([&] { return session.accessProfile(); });
         }
+        return result;
+    }
+
+    Expected<void> synchronize(Replica &replica) {
+        SyncSession session(replica.profile(), replica.library(), Subject);
+        const Expected<void> result = run(session);
         m_problems.clear();
         for (const Error &problem : session.problems()) {
             m_problems.append(problem.localizedDescription);
@@ -264,6 +272,18 @@ class DamagedStoreTest : public QObject {
         QCOMPARE(m_problems, QStringList());
     }
 
+    /// Both computers and the store are sound and contain the same.
+    void verifySound() {
+        for (Replica *replica : {m_author.get(), m_reader.get(), m_author.get()}) {
+            QCOMPARE(description(synchronize(*replica)), QString());
+        }
+        for (Replica *replica : {m_author.get(), m_reader.get()}) {
+            VerificationSession session(replica->profile(), replica->library(), Subject);
+            QCOMPARE(description(run(session)), QString());
+            QVERIFY(session.problems().isEmpty());
+        }
+    }
+
     static void addStores() {
         QTest::addColumn<StoreKind>("kind");
         QTest::newRow("folder") << StoreKind::Folder;
@@ -287,6 +307,7 @@ private Q_SLOTS:
     void initTestCase() { m_secrets = std::make_unique<SecretService>(); }
     void cleanupTestCase() { m_secrets.reset(); }
     void cleanup() {
+        verifySound();
         m_reader.reset();
         m_author.reset();
         m_fixture.reset();
