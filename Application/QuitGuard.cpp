@@ -24,8 +24,14 @@ void QuitGuard::allowEnd() {
 }
 
 bool QuitGuard::eventFilter(QObject *object, QEvent *event) {
-    if (event->type() != QEvent::Close || !m_end.hasExpired()) {
+    if (event->type() != QEvent::Close) {
         return QObject::eventFilter(object, event);
+    }
+    if (!m_end.hasExpired()) {
+        // A question would keep the session from ending. What cannot be saved is kept.
+        m_window->saveAll();
+        event->accept();
+        return true;
     }
     const bool isHidden = m_isHiding && !std::exchange(m_isQuitting, false);
     if (!isHidden && !m_isAsking && prepareToQuit()) {

@@ -61,6 +61,7 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isSession");
         for (const char *column : {"title", "text"}) {
             QTest::addRow("%s, SIGTERM", column) << QString::fromLatin1(column) << false;
+            QTest::addRow("%s, end of the session", column) << QString::fromLatin1(column) << true;
         }
     }
     void whatWasTypedIsSavedAtTheNextStart() {
