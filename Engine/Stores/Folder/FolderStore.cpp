@@ -129,6 +129,13 @@ const dirent *nextEntry(DIR *entries) {
     return readdir(entries);
 }
 
+/// Returns the approximate memory in bytes for a name in a list.
+template <class Name>
+qsizetype memoryOf(const Name &name) {
+    constexpr qsizetype overhead = 2 * sizeof(Name);
+    return overhead + name.size() * qsizetype(sizeof *name.constData());
+}
+
 /// Returns the name of a new file that is not finished yet.
 QByteArray unfinishedName() {
     return UnfinishedPrefix + QUuid::createUuid().toByteArray(QUuid::Id128);
@@ -322,26 +329,30 @@ Expected<QStringList> FolderStore::listFolder(const QString &name, const EngineF
     QStringList names;
     QByteArrayList unfinished;
     qsizetype count = 0;
+    qsizetype memory = 0;
     while (const dirent *entry = nextEntry(entries)) {
         const QByteArray encoded(static_cast<const char *>(entry->d_name));
         if (encoded.startsWith(UnfinishedPrefix)) {
             unfinished.append(encoded);
+            memory += memoryOf(unfinished.last());
         }
         const QString decoded = QFile::decodeName(encoded);
         if (QFile::encodeName(decoded) == encoded) {
             names.append(decoded);
+            memory += memoryOf(names.last());
         }
-        if (future.isCancelled() || ++count > MostNames) {
+        if (future.isCancelled() || ++count > MostNames || memory > ListingLimit) {
             break;
         }
     }
-    const int number = count > MostNames ? 0 : errno;
+    const bool isTooLong = count > MostNames || memory > ListingLimit;
+    const int number = isTooLong ? 0 : errno;
     removeLeftOvers(descriptor, unfinished);
     closedir(entries);
     if (future.isCancelled()) {
         return failure(operationCancelled());
     }
-    if (count > MostNames) {
+    if (isTooLong) {
         return failure(tooManyNames(name));
     }
     return number == 0 ? Expected<QStringList>(names) : failure(systemError(number, name));

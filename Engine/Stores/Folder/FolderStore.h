@@ -26,6 +26,9 @@ public:
                 std::shared_ptr<StoreOperations> operations,
                 std::shared_ptr<const FolderGrants> grants);
 
+    /// Maximum memory in bytes for the names of one folder; a longer listing is refused.
+    static constexpr qsizetype ListingLimit = 48 << 20;
+
     /// Fails if the volume is not mounted, or the package or one of its folders does not exist or
     /// is not accessible. Creates nothing.
     Expected<void> open(const EngineFuture &future) override;
