@@ -33,6 +33,14 @@ Expected<void> onThread(const std::function<Expected<void>()> &work) {
     return result;
 }
 
+/// Adds the number of problems that were not kept to `sentences`.
+void addNumberOfOthers(const Problems &problems, QStringList &sentences) {
+    if (const qint64 others = problems.count() - problems.kept().size(); others > 0) {
+        sentences.append(
+            localizedSyncString("More of these, which are not listed: %1.").arg(others));
+    }
+}
+
 }  // namespace
 
 ProfileVerification::ProfileVerification(const ProfileDatabase &profile, EngineNoteLibrary &library,
@@ -179,16 +187,18 @@ void ProfileVerification::verifyStore(const StoreSession::Subject &subject, cons
         result = onThread([&] { return store.open(EngineFuture()); }).and_then([&] {
             return runSession(repair, store);
         });
-        for (const Error &problem : repair.problems()) {
+        for (const Error &problem : repair.problems().kept()) {
             const bool isRepaired = isEngineError(problem, EngineErrorCode::RecordRepaired);
             (isRepaired ? part.repairs : part.problems).append(problem.localizedDescription);
         }
+        addNumberOfOthers(repair.problems(), part.repairs);
     }
     VerificationSession session(m_profile, m_library, subject);
     result = result.and_then([&] { return runSession(session, store); });
-    for (const Error &problem : session.problems()) {
+    for (const Error &problem : session.problems().kept()) {
         part.problems.append(problem.localizedDescription);
     }
+    addNumberOfOthers(session.problems(), part.problems);
     if (session.isUnused() && history == History::Synchronized) {
         part.problems.append(
             localizedSyncString("The location no longer contains the database. Synchronize to send "

@@ -279,21 +279,22 @@ void EngineDispatcher::ended(const SyncJob *job) {
 
 void EngineDispatcher::report(const Entry &entry) {
     const QString name = nameOf(entry.job->subject());
-    const QList<Error> problems = entry.job->problems();
+    const Problems &problems = entry.job->problems();
+    const QList<Error> &kept = problems.kept();
     QVJobReport report{.outcome = QVJobReport::Outcome::Partial,
                        .database = name,
                        .location = entry.title,
                        .ended = QDateTime::currentDateTime()};
-    for (const Error &problem : problems.first(std::min(problems.size(), MostReported))) {
+    for (const Error &problem : kept.first(std::min(kept.size(), MostReported))) {
         report.text =
             localizedSyncString("Some items of “%1” could not be synchronized with “%2”: %3")
                 .arg(name, entry.title, problem.localizedDescription);
         QVJobLog::log(report);
     }
-    if (problems.size() > MostReported) {
+    if (problems.count() > MostReported) {
         report.text =
             localizedSyncString("%1 more items of “%2” could not be synchronized with “%3”.")
-                .arg(QString::number(problems.size() - MostReported), name, entry.title);
+                .arg(QString::number(problems.count() - MostReported), name, entry.title);
         QVJobLog::log(report);
     }
     if (!entry.job->result() || entry.state) {
@@ -308,7 +309,7 @@ void EngineDispatcher::reportEnd(const Entry &entry, QVJobReport report) {
     report.sent = entry.job->sent();
     const Expected<void> &result = entry.job->result();
     if (result) {
-        report.outcome = entry.job->problems().isEmpty() ? Outcome::Succeeded : Outcome::Partial;
+        report.outcome = entry.job->problems().count() == 0 ? Outcome::Succeeded : Outcome::Partial;
         report.text = successText(entry.job->kind()).arg(report.database, report.location);
         m_outcome = entry.job->kind() == SyncJob::Kind::CleanUp ? report.text : QString();
     } else {
@@ -386,7 +387,7 @@ QVSyncResult EngineDispatcher::resultOf(const Entry &entry, const QDateTime &dat
                         .summary = {},
                         .received = entry.job->received(),
                         .sent = entry.job->sent(),
-                        .problems = entry.job->problems().size()};
+                        .problems = entry.job->problems().count()};
     if (const Expected<void> &ended = entry.job->result(); !ended) {
         result.error = ended.error();
         result.error->localizedDescription = failureOf(entry);

@@ -7,6 +7,7 @@
 #include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Stores/BlobStore.h"
+#include "Engine/Synchronization/Problems.h"
 #include "Engine/Synchronization/SessionProgress.h"
 
 class EngineDatabase;
@@ -70,7 +71,7 @@ public:
     /// Returns whether the session has completed all steps.
     bool isDone() const { return m_isDone; }
     /// Returns the problems with single records, which did not prevent the others from being read.
-    const QList<Error> &problems() const { return m_problems; }
+    const Problems &problems() const { return m_problems; }
     /// Returns how far the session is. Thread-safe.
     const SessionProgress &progress() const { return m_progress; }
     /// Return the numbers of changes of notes that were read from the store and merged, and that
@@ -107,7 +108,7 @@ protected:
     QString folder() const;
     /// Returns the blob name of the transaction record `name`.
     QString path(const QString &name) const;
-    void addProblem(const Error &error) { m_problems.append(error); }
+    void addProblem(const Error &error) { m_problems.add(error); }
     SessionProgress &progress() { return m_progress; }
     void addReceived(qint64 count) { m_received += count; }
     void addTransactionOfSize(qint64 size);
@@ -154,7 +155,7 @@ private:
     const Subject m_subject;
     /// The id of the database's row.
     qint64 m_databaseId = 0;
-    QList<Error> m_problems;
+    Problems m_problems;
     std::optional<Removal> m_undecidedRemoval;
     /// What is prepared, and what is written and not recorded yet.
     QList<Outgoing> m_prepared;

@@ -85,7 +85,7 @@ void SyncJob::finishStep(const Expected<void> &result) {
         [this] { return m_session ? m_session->accessProfile() : Expected<void>(); });
     if (!m_result && m_isCompacting) {
         if (!isEngineError(m_result.error(), EngineErrorCode::Cancelled)) {
-            m_problems.append(compactionFailed(m_result.error()));
+            m_problems.add(compactionFailed(m_result.error()));
         }
         m_result = {};
         end();
@@ -133,7 +133,7 @@ void SyncJob::continueJob() {
 
 void SyncJob::end() {
     for (const std::shared_ptr<StoreSession> &session : m_sessions) {
-        m_problems.append(session->problems());
+        m_problems.add(session->problems());
     }
     m_received = m_sessions.front()->received();
     m_sent = m_sessions.front()->sent();

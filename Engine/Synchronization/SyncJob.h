@@ -45,7 +45,7 @@ public:
     /// in the handler and afterwards.
     const Expected<void> &result() const { return m_result; }
     /// Returns the problems with single records of the store, after the job has ended.
-    const QList<Error> &problems() const { return m_problems; }
+    const Problems &problems() const { return m_problems; }
     /// Returns how far the current session is, also the one that rewrites small records; the
     /// activity is empty. The phase is Preparing while the store is opened.
     QVSyncProgress progress() const;
@@ -85,7 +85,7 @@ private:
     const std::shared_ptr<EngineFuture> m_future = std::make_shared<EngineFuture>();
     /// Empty after the job has ended.
     std::vector<std::shared_ptr<StoreSession>> m_sessions;
-    QList<Error> m_problems;
+    Problems m_problems;
     qint64 m_received = 0;
     qint64 m_sent = 0;
     std::optional<StoreSession::Removal> m_undecidedRemoval;

@@ -47,7 +47,7 @@ Expected<void> VerificationSession::accessProfile() {
     }
     m_known = *all;
     m_isUnused = m_missingRecord && m_names.isEmpty() && m_setAsideCount == 0 &&
-                 problems().isEmpty() && m_known.isEmpty();
+                 problems().count() == 0 && m_known.isEmpty();
     if (m_isUnused) {
         setDone();
         return {};

@@ -1100,6 +1100,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>%1 weitere Objekte von „%2“ konnten nicht mit „%3“ synchronisiert werden.</translation>
     </message>
     <message>
+        <source>More of these, which are not listed: %1.</source>
+        <translation>Weitere davon, die nicht aufgeführt sind: %1.</translation>
+    </message>
+    <message>
         <source>The password is saved in your keyring and nowhere else.</source>
         <translation>Das Passwort wird in Ihrem Schlüsselbund gespeichert und sonst nirgends.</translation>
     </message>

@@ -129,7 +129,7 @@ protected:
         template <class Session>
         Expected<QList<Error>> run(const QString &UUID, BlobStore &store) {
             Session session(m_profile, m_library, subject(UUID));
-            return runSession(session, store).map([&] { return session.problems(); });
+            return runSession(session, store).map([&] { return session.problems().kept(); });
         }
 
     private:

@@ -34,7 +34,7 @@ QStringList Verification::problems(const ProfileDatabase &profile, EngineNoteLib
     VerificationSession session(profile, library, subject);
     const Expected<void> done = runSession(session, store);
     QStringList found;
-    for (const Error &problem : session.problems()) {
+    for (const Error &problem : session.problems().kept()) {
         found.append(problem.localizedDescription);
     }
     if (!done) {

@@ -312,7 +312,7 @@ private Q_SLOTS:
         QCOMPARE(names().size(), 1);
         SyncSession second(m_host->engine().profile(), m_host->library(), subject);
         QVERIFY(runSession(second, store));
-        QCOMPARE(second.problems().size(), 1);
+        QCOMPARE(second.problems().count(), 1);
         QCOMPARE(m_host->inbox()->notes().value().first().text, QString(20000, u'x'));
     }
 

@@ -190,7 +190,7 @@ private Q_SLOTS:
         Compaction session = newSession<Compaction>();
         MemoryStore store(m_blobs);
         QVERIFY(runSession(session, store));
-        QCOMPARE(session.problems().size(), 1);
+        QCOMPARE(session.problems().count(), 1);
         for (const QString &name : old) {
             QVERIFY(m_blobs.contains(name));
         }
