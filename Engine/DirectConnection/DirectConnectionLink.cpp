@@ -109,6 +109,8 @@ Expected<void> DirectConnectionLink::startEncryption(const EngineFuture &future)
     // The certificate is self-signed; the caller compares the pinned fingerprint.
     SSL_CTX_set_verify(m_context.get(), SSL_VERIFY_NONE, nullptr);
     SSL_CTX_set_mode(m_context.get(), SSL_MODE_ENABLE_PARTIAL_WRITE);
+    // Otherwise one call reads records without data as long as they arrive, past any deadline.
+    SSL_CTX_clear_mode(m_context.get(), SSL_MODE_AUTO_RETRY);
     m_session.reset(SSL_new(m_context.get()));
     SSL_set_fd(m_session.get(), m_socket);
     const QDeadlineTimer deadline(ConnectionTimeout);
@@ -165,6 +167,9 @@ Expected<DirectConnectionMessage::Received> DirectConnectionLink::receiveMessage
 Expected<void> DirectConnectionLink::send(const QByteArray &bytes, const EngineFuture &future) {
     qsizetype sent = 0;
     while (sent < bytes.size()) {
+        if (isOver(future)) {
+            return failure(lost());
+        }
         size_t count = 0;
         ERR_clear_error();
         const int result = SSL_write_ex(m_session.get(), bytes.constData() + sent,
@@ -183,6 +188,9 @@ Expected<QByteArray> DirectConnectionLink::receive(qsizetype count, const Engine
     QByteArray bytes(count, Qt::Uninitialized);
     qsizetype received = 0;
     while (received < count) {
+        if (isOver(future)) {
+            return failure(lost());
+        }
         size_t read = 0;
         ERR_clear_error();
         const int result = SSL_read_ex(m_session.get(), bytes.data() + received,
@@ -195,6 +203,10 @@ Expected<QByteArray> DirectConnectionLink::receive(qsizetype count, const Engine
         }
     }
     return bytes;
+}
+
+bool DirectConnectionLink::isOver(const EngineFuture &future) const {
+    return m_deadline.hasExpired() || future.isCancelled();
 }
 
 bool DirectConnectionLink::waitToGoOn(int result, QDeadlineTimer deadline,
@@ -211,5 +223,7 @@ bool DirectConnectionLink::waitToGoOn(int result, QDeadlineTimer deadline,
 
 bool DirectConnectionLink::waitFor(short events, QDeadlineTimer deadline,
                                    const EngineFuture &future) const {
-    return CancellableWait(future, deadline).forDescriptor(m_socket, events);
+    // A socket that is always ready must not prolong anything.
+    return !deadline.hasExpired() &&
+           CancellableWait(future, deadline).forDescriptor(m_socket, events);
 }

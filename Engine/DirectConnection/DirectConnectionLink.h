@@ -70,6 +70,8 @@ private:
                                                                const EngineFuture &future);
     /// Restarts the idle deadline, which is never later than the end of the exchange.
     void noteProgress();
+    /// Returns whether the exchange must end, although the server may still send or receive.
+    bool isOver(const EngineFuture &future) const;
     /// Wait until the socket is ready again, and return whether it is: not after a failure, the
     /// deadline or a cancellation.
     bool waitToGoOn(int result, QDeadlineTimer deadline, const EngineFuture &future) const;

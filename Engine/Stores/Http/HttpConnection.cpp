@@ -257,6 +257,8 @@ int HttpConnection::takeProgress(void *connection, curl_off_t, curl_off_t receiv
 CURLcode HttpConnection::prepareTLS(CURL *, void *context, void *connection) {
     auto *const TLS = static_cast<SSL_CTX *>(context);
     SSL_CTX_set_verify(TLS, SSL_VERIFY_PEER, nullptr);
+    // Otherwise one call reads records without data as long as they arrive, past any deadline.
+    SSL_CTX_clear_mode(TLS, SSL_MODE_AUTO_RETRY);
     SSL_CTX_set_cert_verify_callback(TLS, &HttpConnection::verifyCertificate, connection);
     return CURLE_OK;
 }

@@ -8,6 +8,7 @@
 #include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/TestMain.h"
+#include "Support/TlsServer.h"
 
 namespace {
 
@@ -97,6 +98,40 @@ private Q_SLOTS:
         QVERIFY(time.elapsed() >= 500);
         QVERIFY(time.elapsed() < 5000);
         QVERIFY(!link.isConnected());
+    }
+
+    void aPeerThatSendsMessagesWithoutDataIsGivenUp() {
+        const auto identity = DirectConnectionIdentity::load(m_folder.path());
+        TlsServer server(*identity, TLS1_3_VERSION, &TlsServer::updateKeys);
+        DirectConnectionLink link;
+        QCOMPARE(description(link.connect(QStringLiteral("127.0.0.1"), server.port(), m_future)),
+                 QString());
+        using namespace std::chrono_literals;
+        QElapsedTimer time;
+        time.start();
+        const auto answer =
+            link.exchange(DirectConnectionMessage::ofType(DirectConnectionMessage::List),
+                          DirectConnectionMessage::Limit, {.idle = 300ms}, m_future);
+        QCOMPARE(code(answer), EngineErrorCode::StoreUnreachable);
+        QCOMPARE_LT(time.elapsed(), 5000);
+        QVERIFY(!link.isConnected());
+    }
+
+    void onlyTheNewestVersionOfTlsIsSpoken_data() {
+        QTest::addColumn<int>("version");
+        QTest::addColumn<bool>("isSpoken");
+        QTest::newRow("1.2") << TLS1_2_VERSION << false;
+        QTest::newRow("1.3") << TLS1_3_VERSION << true;
+    }
+    void onlyTheNewestVersionOfTlsIsSpoken() {
+        QFETCH(const int, version);
+        QFETCH(const bool, isSpoken);
+        const auto identity = DirectConnectionIdentity::load(m_folder.path());
+        TlsServer server(*identity, version);
+        DirectConnectionLink link;
+        const auto connected = link.connect(QStringLiteral("127.0.0.1"), server.port(), m_future);
+        QCOMPARE(connected.has_value(), isSpoken);
+        QCOMPARE(server.isEncrypted(), isSpoken);
     }
 };
 

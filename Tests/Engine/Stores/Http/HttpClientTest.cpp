@@ -4,6 +4,7 @@
 #include <QtNetwork/QSslSocket>
 #include <thread>
 
+#include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Http/HttpClient.h"
@@ -11,6 +12,7 @@
 #include "Support/Failure.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestMain.h"
+#include "Support/TlsServer.h"
 #include "Support/WebDAVServer.h"
 
 namespace {
@@ -50,6 +52,17 @@ HttpClient::Options hasty() {
     return {.timeouts = {.idle = 300ms, .total = 900ms}};
 }
 
+/// Trusts every certificate.
+HttpClient::Options trustful() {
+    HttpClient::Options options = hasty();
+    options.trusts = [](const auto &, const auto &) { return true; };
+    return options;
+}
+
+QString addressOf(const TlsServer &server) {
+    return QStringLiteral("https://127.0.0.1:%1/").arg(server.port());
+}
+
 HttpClient::Options withCredential() {
     HttpClient::Options options = hasty();
     options.credential = [](auto) -> std::optional<UrlCredential> {
@@ -78,6 +91,7 @@ class HttpClientTest : public QObject {
     Q_OBJECT
 private:
     EngineFuture m_future;
+    const QTemporaryDir m_folder;
 
     Expected<Response> get(const QString &URLText, HttpClient::Options options = hasty(),
                            qint64 limit = 1000) {
@@ -636,6 +650,32 @@ private Q_SLOTS:
         QVERIFY(status(get(server.URLText({}), options)) > 0);
         options.trusts = {};
         QCOMPARE(code(get(server.URLText({}), options)), EngineErrorCode::CertificateUntrusted);
+    }
+
+    void aServerThatSendsMessagesWithoutDataIsGivenUp() {
+        TlsServer server(*DirectConnectionIdentity::load(m_folder.path()), TLS1_3_VERSION,
+                         &TlsServer::updateKeys);
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(code(get(addressOf(server), trustful())), EngineErrorCode::StoreUnreachable);
+        QVERIFY(server.isEncrypted());
+        QCOMPARE_LT(time.elapsed(), 5000);
+    }
+
+    void oldVersionsOfTlsAreNotSpoken_data() {
+        QTest::addColumn<int>("version");
+        QTest::addColumn<bool>("isSpoken");
+        QTest::newRow("1.0") << TLS1_VERSION << false;
+        QTest::newRow("1.1") << TLS1_1_VERSION << false;
+        QTest::newRow("1.2") << TLS1_2_VERSION << true;
+        QTest::newRow("1.3") << TLS1_3_VERSION << true;
+    }
+    void oldVersionsOfTlsAreNotSpoken() {
+        QFETCH(const int, version);
+        QFETCH(const bool, isSpoken);
+        TlsServer server(*DirectConnectionIdentity::load(m_folder.path()), version);
+        QCOMPARE(code(get(addressOf(server), trustful())), EngineErrorCode::StoreUnreachable);
+        QCOMPARE(server.isEncrypted(), isSpoken);
     }
 
     void aServerWithoutTLSHasItsOwnError() {
