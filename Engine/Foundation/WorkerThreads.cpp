@@ -74,12 +74,6 @@ void WorkerThreads::start(std::function<void()> work) {
     }
 }
 
-void WorkerThreads::waitForDone() {
-    std::unique_lock lock(m_state->mutex);
-    m_state->ended.wait(lock, [this] { return m_state->hasEnded(); });
-    m_state->joinFinished(lock);
-}
-
 bool WorkerThreads::waitForDone(std::chrono::milliseconds timeout) {
     std::unique_lock lock(m_state->mutex);
     m_state->ended.wait_for(lock, timeout, [this] { return m_state->hasEnded(); });

@@ -23,10 +23,9 @@ public:
     /// end the process. What it owns is destroyed on its thread before it counts as ended. Throws
     /// std::system_error if the system cannot create a thread.
     void start(std::function<void()> work);
-    /// Waits until no work is running, without a limit. Abandoned work, see end(), is not waited
-    /// for. Must not be called by the work itself.
-    void waitForDone();
-    /// Does the same for at most `timeout`. Returns whether no work is running. Zero does not wait.
+    /// Waits until no work is running, for at most `timeout`. Returns whether none is. Zero does
+    /// not wait. Abandoned work, see end(), is not waited for. Must not be called by the work
+    /// itself.
     bool waitForDone(std::chrono::milliseconds timeout);
     /// Waits for the running work, at most EndTimeout. Work that has not ended in time, for example
     /// because a file system does not respond, is abandoned: it goes on until it returns or the

@@ -12,7 +12,7 @@ DropboxSessionManager::~DropboxSessionManager() {
     for (const Run &run : std::as_const(m_runs)) {
         run.future->cancel();
     }
-    m_threads.waitForDone();
+    m_threads.end();
     const QList<quint64> waiting = m_runs.keys();
     for (const quint64 number : waiting) {
         finish(number, failure(operationCancelled()));
@@ -28,14 +28,16 @@ void DropboxSessionManager::authorize(const std::shared_ptr<PZFuture> &future, H
     future->passControlToFuture(operation);
     const quint64 number = ++m_lastNumber;
     m_runs.insert(number, {operation, std::move(handler)});
-    m_threads.start([this, operation, number] {
-        const auto signIn = DropboxAuthorization(m_limits).run(*operation);
-        MainQueue::dispatchAsync([this, lifetime = std::weak_ptr(m_lifetime), number, signIn] {
-            if (!lifetime.expired()) {
-                finish(number, signIn);
-            }
+    // An abandoned authorization may outlive this object, which only the main thread looks at.
+    m_threads.start(
+        [this, lifetime = std::weak_ptr(m_lifetime), limits = m_limits, operation, number] {
+            const auto signIn = DropboxAuthorization(limits).run(*operation);
+            MainQueue::dispatchAsync([this, lifetime, number, signIn] {
+                if (!lifetime.expired()) {
+                    finish(number, signIn);
+                }
+            });
         });
-    });
 }
 
 void DropboxSessionManager::finish(quint64 number,

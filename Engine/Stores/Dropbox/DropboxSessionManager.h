@@ -19,9 +19,10 @@ public:
 
     /// `limits` apply to every authorization. Starts no thread.
     explicit DropboxSessionManager(const DropboxAuthorization::Limits &limits = {});
-    /// Cancels the authorizations that are running, blocks until their threads have ended (soon,
-    /// since cancelling takes effect at once), and calls the pending handlers with an error of the
-    /// code Cancelled, within this call. They must not start another authorization.
+    /// Cancels the authorizations that are running, which takes effect at once unless the system
+    /// does not respond, waits for their threads (see WorkerThreads::end()), and calls the pending
+    /// handlers with an error of the code Cancelled, within this call. They must not start another
+    /// authorization.
     ~DropboxSessionManager() override;
     DropboxSessionManager(const DropboxSessionManager &) = delete;
     DropboxSessionManager &operator=(const DropboxSessionManager &) = delete;

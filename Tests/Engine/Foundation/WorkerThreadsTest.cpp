@@ -26,7 +26,7 @@ private Q_SLOTS:
         for (int i = 0; i < Count; ++i) {
             threads.start([&] { running.arrive_and_wait(); });
         }
-        threads.waitForDone();
+        QVERIFY(threads.waitForDone(60s));
         QVERIFY(running.try_wait());
     }
 
@@ -37,7 +37,7 @@ private Q_SLOTS:
             ++started;
             threads.start([&] { ++started; });
         });
-        threads.waitForDone();
+        QVERIFY(threads.waitForDone(60s));
         QCOMPARE(started.load(), 2);
     }
 
@@ -46,7 +46,7 @@ private Q_SLOTS:
         auto owned = std::make_shared<int>(0);
         const std::weak_ptr<int> observed = owned;
         threads.start([owned = std::move(owned)] {});
-        threads.waitForDone();
+        QVERIFY(threads.waitForDone(60s));
         QVERIFY(observed.expired());
     }
 
@@ -56,7 +56,7 @@ private Q_SLOTS:
         threads.start([&] { released.get_future().wait(); });
         QVERIFY(!threads.waitForDone(1ms));
         released.set_value();
-        threads.waitForDone();
+        QVERIFY(threads.waitForDone(60s));
         QVERIFY(threads.waitForDone(0ms));
     }
 
@@ -74,7 +74,7 @@ private Q_SLOTS:
         QVERIFY(WorkerThreads::isAbandonedWorkRunning());
         std::atomic<bool> hasRun = false;
         threads->start([&] { hasRun = true; });
-        threads->waitForDone();
+        QVERIFY(threads->waitForDone(60s));
         QVERIFY(hasRun);
         threads.reset();
         released->set_value();
