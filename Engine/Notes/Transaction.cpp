@@ -3,6 +3,7 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>
 #include <QtCore/QUuid>
+#include <utility>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/JsonCost.h"
@@ -146,12 +147,12 @@ QByteArray Transaction::encoded() const {
                             {SupersededKey, hexadecimals(superseded)}});
 }
 
-Expected<Transaction> Transaction::decoded(const QByteArray &record, const QString &name) {
+Expected<Transaction> Transaction::decoded(QByteArray record, const QString &name) {
     if (record.size() > SizeLimit || JsonCost::estimate(record) > CostLimit) {
         return failure(
             engineError(EngineErrorCode::BlobRefused, "The record “%1” is too large.", name));
     }
-    const QJsonObject object = ExactText::objectIn(record);
+    const QJsonObject object = ExactText::objectIn(std::move(record));
     const QJsonValue version = object.value(VersionKey);
     if (version.toInteger() > Version) {
         return failure(engineError(

@@ -29,6 +29,7 @@ struct Transaction {
     /// Returns the transaction in `record`, which may be hostile. If anything in it violates the
     /// format, nothing of it is returned, but an error of the code DamagedRecord, UnknownVersion if
     /// a newer program wrote it, or BlobRefused if it exceeds a limit, in which case it was not
-    /// parsed. `name` names the record in the error.
-    static Expected<Transaction> decoded(const QByteArray &record, const QString &name);
+    /// parsed. `name` names the record in the error. The memory of `record` is released as soon as
+    /// it is parsed if it is moved here.
+    static Expected<Transaction> decoded(QByteArray record, const QString &name);
 };

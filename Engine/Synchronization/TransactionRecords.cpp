@@ -2,6 +2,7 @@
 
 #include <QtCore/QCryptographicHash>
 #include <atomic>
+#include <utility>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/ParallelCalls.h"
@@ -44,8 +45,8 @@ Expected<TransactionRecords::Record> TransactionRecords::read(
 
 Expected<TransactionRecords::Record> TransactionRecords::readWithin(
     qint64 limit, const QString &name, const std::optional<Contents> &written) const {
-    return bytes(name, limit).and_then([&](const QByteArray &record) {
-        return verified(record, name, written);
+    return bytes(name, limit).and_then([&](QByteArray &&record) {
+        return verified(std::move(record), name, written);
     });
 }
 
@@ -55,11 +56,11 @@ Expected<void> TransactionRecords::verify(const QString &name, const Contents &w
 
 Expected<void> TransactionRecords::verifyWithin(qint64 limit, const QString &name,
                                                 const Contents &written) const {
-    return bytes(name, limit).and_then([&](const QByteArray &record) -> Expected<void> {
+    return bytes(name, limit).and_then([&](QByteArray &&record) -> Expected<void> {
         if (TransactionName::hasDigest(name) && TransactionName::matches(name, record)) {
             return {};
         }
-        return verified(record, name, written).map([](const Record &) {});
+        return verified(std::move(record), name, written).map([](const Record &) {});
     });
 }
 
@@ -193,17 +194,19 @@ Expected<QByteArray> TransactionRecords::bytes(const QString &name, qint64 limit
 }
 
 Expected<TransactionRecords::Record> TransactionRecords::verified(
-    const QByteArray &record, const QString &name, const std::optional<Contents> &written) const {
-    // First, since a newer version of the program may derive names in another way.
-    const Expected<Transaction> transaction = Transaction::decoded(record, place(name));
+    QByteArray record, const QString &name, const std::optional<Contents> &written) const {
+    const qint64 size = record.size();
+    const bool hasDigest = TransactionName::hasDigest(name);
+    const bool isOfName = !hasDigest || TransactionName::matches(name, record);
+    // Before the name is judged, since a newer version of the program may derive names in another
+    // way. A large record is released as soon as it is parsed.
+    const Expected<Transaction> transaction = Transaction::decoded(std::move(record), place(name));
     if (!transaction) {
         return failure(transaction.error());
     }
-    const bool isChanged = TransactionName::hasDigest(name)
-                               ? !TransactionName::matches(name, record)
-                               : written && Contents::of(*transaction, record.size()) != *written;
-    if (isChanged) {
+    const bool isAsWritten = hasDigest || !written || Contents::of(*transaction, size) == *written;
+    if (!isOfName || !isAsWritten) {
         return failure(damagedRecord(place(name)));
     }
-    return Record{*transaction, record.size()};
+    return Record{*transaction, size};
 }

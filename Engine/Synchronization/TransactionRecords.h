@@ -93,7 +93,7 @@ private:
     /// Copies the damaged record `name`, for which `check` must succeed, and reads the copy back,
     /// which may have existed. A copy that was only written in part is left.
     Expected<Copy> copyOf(const QString &name, const Check &check) const;
-    Expected<Record> verified(const QByteArray &record, const QString &name,
+    Expected<Record> verified(QByteArray record, const QString &name,
                               const std::optional<Contents> &written) const;
 
     BlobStore &m_store;
