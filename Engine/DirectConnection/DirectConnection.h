@@ -31,10 +31,20 @@ struct Limits {
     std::chrono::milliseconds idleTime = std::chrono::minutes(5);
     /// Timeout of one message of an authorized client, however steadily it sends.
     std::chrono::milliseconds messageTime = std::chrono::minutes(10);
-    /// Time in which the user is not asked again after refusing a client, or after a client that
-    /// did not wait for the answer. Each further time it is twice as long, up to `longestPause`.
+    /// Time in which the user is not asked again about a client at the same address after refusing
+    /// it, or after it did not wait for the answer. Each further time it is twice as long, up to
+    /// `longestPause`.
     std::chrono::milliseconds pauseAfterRefusal = std::chrono::seconds(10);
     std::chrono::milliseconds longestPause = std::chrono::hours(1);
+    /// Maximum number of such questions in an hour, about all clients together.
+    qsizetype refusalsInAnHour = 20;
+    /// Maximum size in bytes of the messages that are being received from authorized clients and
+    /// sent to them. At that size, no other message is begun, so that all together take less than
+    /// this and the largest message.
+    qsizetype memory = qsizetype(32) << 20;
+    /// Time for which a client waits for that memory. Then the connection that takes most of it is
+    /// closed.
+    std::chrono::milliseconds memoryTime = std::chrono::minutes(1);
 };
 
 }  // namespace DirectConnection

@@ -23,7 +23,11 @@ DirectConnectionListener::DirectConnectionListener(const DirectConnectionIdentit
                                                    const MainThread &mainThread)
     : m_server{configurationFor(identity), package, limits},
       m_mainThread(mainThread),
-      m_questionLimit({limits.pauseAfterRefusal, limits.longestPause}) {}
+      m_questions({limits.pauseAfterRefusal, limits.longestPause}, limits.refusalsInAnHour) {
+    m_shortage.setSingleShot(true);
+    m_shortage.setInterval(limits.memoryTime);
+    connect(&m_shortage, &QTimer::timeout, this, &DirectConnectionListener::endShortage);
+}
 
 DirectConnectionListener::~DirectConnectionListener() = default;
 
@@ -37,12 +41,15 @@ void DirectConnectionListener::incomingConnection(qintptr descriptor) {
         [=, this](const DirectConnectionPairing &client) { return ask(number, client); },
         [=, this](const QString &name) { m_mainThread.prepareStore(number, name); },
         [this] { m_mainThread.storeDidChange(); },
+        [=, this] { return hasMemory(number); },
     };
     m_connections.push_back(
         {number, std::make_unique<DirectConnectionSession>(descriptor, m_server, requests)});
     connect(
         m_connections.back().session.get(), &DirectConnectionSession::ended, this,
         [this, number] { remove(number); }, Qt::QueuedConnection);
+    connect(m_connections.back().session.get(), &DirectConnectionSession::released, this,
+            &DirectConnectionListener::wakeWaiting, Qt::QueuedConnection);
 }
 
 bool DirectConnectionListener::makeRoom() {
@@ -62,10 +69,52 @@ bool DirectConnectionListener::makeRoom() {
 void DirectConnectionListener::remove(quint64 number) {
     if (m_askedFor == number) {
         m_askedFor.reset();
-        m_questionLimit.close(false);
+        m_questions.close(false);
         m_mainThread.withdrawQuestion();
     }
     std::erase_if(m_connections, [&](const Connection &one) { return one.number == number; });
+    m_waiting.remove(number);
+    wakeWaiting();
+}
+
+bool DirectConnectionListener::hasMemory(quint64 number) {
+    qsizetype taken = 0;
+    for (const Connection &one : m_connections) {
+        taken += one.number == number ? 0 : one.session->memory();
+    }
+    m_waiting.remove(number);
+    const bool isLeft = taken < m_server.limits.memory;
+    if (!isLeft) {
+        m_waiting.push_back(number);
+    }
+    // Whoever gets memory may use it for that time.
+    if (!m_waiting.empty() && (isLeft || !m_shortage.isActive())) {
+        m_shortage.start();
+    }
+    return isLeft;
+}
+
+void DirectConnectionListener::wakeWaiting() {
+    const std::list<quint64> waiting = m_waiting;
+    for (const quint64 number : waiting) {
+        if (DirectConnectionSession *session = sessionOf(number)) {
+            session->goOn();
+        }
+    }
+    if (m_waiting.empty()) {
+        m_shortage.stop();
+    }
+}
+
+void DirectConnectionListener::endShortage() {
+    const auto largest =
+        std::max_element(m_connections.begin(), m_connections.end(),
+                         [](const Connection &one, const Connection &other) {
+                             return one.session->memory() < other.session->memory();
+                         });
+    if (largest != m_connections.end()) {
+        remove(largest->number);
+    }
 }
 
 DirectConnectionSession *DirectConnectionListener::sessionOf(quint64 number) const {
@@ -75,7 +124,7 @@ DirectConnectionSession *DirectConnectionListener::sessionOf(quint64 number) con
 }
 
 bool DirectConnectionListener::ask(quint64 session, const DirectConnectionPairing &client) {
-    if (!m_questionLimit.open()) {
+    if (!m_questions.open(sessionOf(session)->peer())) {
         return false;
     }
     m_askedFor = session;
@@ -92,7 +141,7 @@ void DirectConnectionListener::carryOut(quint64 number, bool isAccepted) {
         return;
     }
     m_askedFor.reset();
-    m_questionLimit.close(isAccepted);
+    m_questions.close(isAccepted);
     if (DirectConnectionSession *session = sessionOf(number)) {
         session->decide(isAccepted);
     }

@@ -1,14 +1,16 @@
 #pragma once
 
+#include <QtCore/QTimer>
 #include <QtNetwork/QSslConfiguration>
 #include <QtNetwork/QTcpServer>
 #include <functional>
+#include <list>
 #include <memory>
 #include <vector>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/DirectConnectionSession.h"
-#include "Engine/Foundation/QuestionLimit.h"
+#include "Engine/DirectConnection/PeerQuestions.h"
 #include "Platform/Foundation/CallQueue.h"
 
 /// Accepts direct connections on its own thread, so that a flood of connections does not block the
@@ -58,13 +60,19 @@ private:
         std::unique_ptr<DirectConnectionSession> session;
     };
 
-    /// Forwards the question; returns false if the user is being asked about another client, or has
-    /// just refused one.
+    /// Forwards the question; returns false if the user cannot be asked now, see PeerQuestions.
     bool ask(quint64 session, const DirectConnectionPairing &client);
     /// Closes the oldest expendable session if the limit is reached. Returns false if there is
     /// none.
     bool makeRoom();
     void remove(quint64 number);
+    /// Returns whether the messages of the other sessions leave memory for one of this session.
+    /// Otherwise the session waits for it.
+    bool hasMemory(quint64 number);
+    /// Lets the sessions that wait for memory go on.
+    void wakeWaiting();
+    /// Closes the connection that takes most memory.
+    void endShortage();
     /// Carries out the user's decision.
     void carryOut(quint64 session, bool isAccepted);
     /// Returns null if the session has ended.
@@ -77,7 +85,11 @@ private:
     quint64 m_lastNumber = 0;
     /// The session for which the user is being asked.
     std::optional<quint64> m_askedFor;
-    QuestionLimit m_questionLimit;
+    PeerQuestions m_questions;
+    /// The sessions that wait for memory, the first one first.
+    std::list<quint64> m_waiting;
+    /// Runs while a session waits for memory.
+    QTimer m_shortage{this};
     /// The calls from other threads. A child, which moves along to the listener's thread.
     CallQueue m_calls{this};
 };

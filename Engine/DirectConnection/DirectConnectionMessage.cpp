@@ -1,6 +1,7 @@
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
 
 #include <QtCore/QCborStreamReader>
+#include <QtCore/QCborStreamWriter>
 #include <QtCore/QCborValue>
 #include <QtCore/QtEndian>
 
@@ -100,6 +101,24 @@ QByteArray DirectConnectionMessage::encode(const QCborMap &message) {
     const QByteArray body = message.toCborValue().toCbor();
     QByteArray bytes(LengthSize, Qt::Uninitialized);
     qToBigEndian(static_cast<quint32>(body.size()), bytes.data());
+    return bytes + body;
+}
+
+QByteArray DirectConnectionMessage::encodeBeforeContents(const QCborMap &message, qsizetype size) {
+    QByteArray body;
+    QCborStreamWriter writer(&body);
+    writer.startMap(static_cast<quint64>(message.size()) + 1);
+    for (const QCborMap::ConstIterator::value_type member : message) {
+        QCborValue(member.first).toCbor(writer);
+        QCborValue(member.second).toCbor(writer);
+    }
+    writer.append(Contents);
+    // A byte string of this size follows, its size being in four bytes (RFC 8949, section 3).
+    QByteArray start(1 + LengthSize, '\x5a');
+    qToBigEndian(static_cast<quint32>(size), start.data() + 1);
+    body += start;
+    QByteArray bytes(LengthSize, Qt::Uninitialized);
+    qToBigEndian(static_cast<quint32>(body.size() + size), bytes.data());
     return bytes + body;
 }
 

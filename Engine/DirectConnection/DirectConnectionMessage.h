@@ -72,6 +72,9 @@ QCborMap ofType(const QString &type);
 /// Returns the bytes of `message`, including the length. The message must be within the limits,
 /// which is not checked.
 QByteArray encode(const QCborMap &message);
+/// Returns the bytes of `message`, including the length, up to its contents: the caller sends these
+/// `size` bytes after them, without a copy. `message` must not have contents itself.
+QByteArray encodeBeforeContents(const QCborMap &message, qsizetype size);
 /// Returns the length in the first LengthSize bytes of `start`, which must not be shorter.
 qsizetype length(const QByteArray &start);
 

@@ -12,6 +12,10 @@ using namespace DirectConnectionMessage;
 namespace {
 
 constexpr qint64 ReadBufferSize = 65536;
+/// Contents are sent in pieces of this size, so that the copies that are made of them are small.
+constexpr qsizetype PieceSize = 262144;
+/// A message that is not larger needs no permission to be received.
+constexpr qsizetype SmallMessage = 65536;
 
 /// Returns the response for `error`, without its text, which is meant for this computer's user.
 QCborMap refusal(const Error &error) {
@@ -26,10 +30,6 @@ QCborMap refusal(const Error &error) {
 
 QCborValue valueOf(const QStringList &names) {
     return QCborArray::fromStringList(names);
-}
-
-QCborValue valueOf(const QByteArray &contents) {
-    return contents;
 }
 
 QCborValue valueOf(BlobStore::Written written) {
@@ -56,7 +56,7 @@ DirectConnectionSession::DirectConnectionSession(qintptr descriptor, const Serve
     connect(&m_socket, &QSslSocket::errorOccurred, this, &DirectConnectionSession::end);
     connect(&m_socket, &QSslSocket::readyRead, this, &DirectConnectionSession::readMore);
     connect(&m_socket, &QSslSocket::encryptedBytesWritten, this,
-            &DirectConnectionSession::readMore);
+            &DirectConnectionSession::sendMore);
     m_timer.setSingleShot(true);
     m_timer.start(server.limits.greetingTime);
     m_client.serverFingerprint =
@@ -87,27 +87,50 @@ void DirectConnectionSession::end() {
 void DirectConnectionSession::readMore() {
     const bool isListening =
         m_stage == Stage::Greeting || m_stage == Stage::Revealing || m_stage == Stage::Serving;
-    const bool isAnswering = m_socket.bytesToWrite() > 0 || m_socket.encryptedBytesToWrite() > 0;
-    if (!isListening || isAnswering || m_socket.bytesAvailable() == 0) {
+    const bool canGoOn = m_socket.bytesAvailable() > 0 || m_isWaiting;
+    if (!isListening || isAnswering() || !canGoOn) {
         return;
     }
     if (m_stage == Stage::Serving && m_received.isEmpty()) {
         m_timer.start(m_server.limits.messageTime);
     }
-    if (readMessage()) {
-        if (m_stage == Stage::Serving) {
-            m_timer.start(m_server.limits.idleTime);
-        }
-        const std::optional<Received> message =
-            decode(std::exchange(m_received, {}).remove(0, LengthSize));
-        if (message) {
-            handle(*message);
-        } else {
-            end();
-        }
+    m_isWaiting = false;
+    // The response to a message may be as large as one.
+    if (readMessage() && isMemoryLeft()) {
+        takeMessage();
     }
-    // Let other sessions run in between.
-    QMetaObject::invokeMethod(this, &DirectConnectionSession::readMore, Qt::QueuedConnection);
+    if (!m_isWaiting) {
+        // Let other sessions run in between.
+        QMetaObject::invokeMethod(this, &DirectConnectionSession::readMore, Qt::QueuedConnection);
+    }
+}
+
+bool DirectConnectionSession::isMemoryLeft() {
+    m_isWaiting = m_stage == Stage::Serving && !m_requests.hasMemory();
+    return !m_isWaiting;
+}
+
+void DirectConnectionSession::takeMessage() {
+    if (m_stage == Stage::Serving) {
+        m_timer.start(m_server.limits.idleTime);
+    }
+    m_size = 0;
+    QByteArray body = std::exchange(m_received, {});
+    body.remove(0, LengthSize);
+    if (const std::optional<Received> message = decode(std::move(body))) {
+        handle(*message);
+    } else {
+        end();
+    }
+    Q_EMIT released();
+}
+
+qint64 DirectConnectionSession::bytesToWrite() const {
+    return m_socket.bytesToWrite() + m_socket.encryptedBytesToWrite();
+}
+
+qsizetype DirectConnectionSession::memory() const {
+    return m_size + m_contents.size() + bytesToWrite();
 }
 
 /// Reads what has arrived of the next message.
@@ -123,8 +146,14 @@ bool DirectConnectionSession::readMessage() {
         end();
         return false;
     }
-    m_received += m_socket.read(LengthSize + size - m_received.size());
-    return m_received.size() == LengthSize + size;
+    if (m_size == 0 && size > SmallMessage && !isMemoryLeft()) {
+        return false;
+    }
+    m_size = LengthSize + size;
+    // Growing in steps takes up to twice as much.
+    m_received.reserve(m_size);
+    m_received += m_socket.read(m_size - m_received.size());
+    return isComplete();
 }
 
 void DirectConnectionSession::handle(const Received &received) {
@@ -219,7 +248,14 @@ void DirectConnectionSession::proceed() {
 }
 
 void DirectConnectionSession::serve(const Received &request) {
-    if (isAuthorized()) {
+    if (!isAuthorized()) {
+        return;
+    }
+    const QCborMap &values = request.values;
+    if (values[Type].toString() == Read) {
+        const qint64 limit = qBound(0, values[SizeLimit].toInteger(), ContentsLimit);
+        sendContents(m_server.package.read(values[Name].toString(), limit));
+    } else {
         send(answerTo(request));
     }
 }
@@ -231,10 +267,6 @@ QCborMap DirectConnectionSession::answerTo(const Received &received) const {
     const QString name = request[Name].toString();
     if (type == List) {
         return answerWith(Names, package.list(request[Folder].toString()));
-    }
-    if (type == Read) {
-        const qint64 limit = qBound(0, request[SizeLimit].toInteger(), ContentsLimit);
-        return answerWith(Contents, package.read(name, limit));
     }
     if (type == Write && received.contents) {
         QCborMap answer = answerWith(IsNew, package.writeIfAbsent(name, *received.contents));
@@ -251,6 +283,34 @@ QCborMap DirectConnectionSession::answerTo(const Received &received) const {
 
 void DirectConnectionSession::send(const QCborMap &message) {
     m_socket.write(encode(message));
+}
+
+void DirectConnectionSession::sendContents(const Expected<QByteArray> &contents) {
+    if (!contents) {
+        send(refusal(contents.error()));
+        return;
+    }
+    m_contents = *contents;
+    m_sent = 0;
+    m_socket.write(encodeBeforeContents(ofType(Done), m_contents.size()));
+}
+
+void DirectConnectionSession::sendMore() {
+    const qsizetype left = m_contents.size() - m_sent;
+    if (left > 0 && bytesToWrite() < PieceSize) {
+        const qsizetype size = std::min(left, PieceSize);
+        m_socket.write(m_contents.constData() + m_sent, size);
+        m_sent += size;
+    }
+    if (m_sent == m_contents.size()) {
+        m_contents.clear();
+        m_sent = 0;
+    }
+    if (!isAnswering()) {
+        Q_EMIT released();
+        // After those that wait.
+        QMetaObject::invokeMethod(this, &DirectConnectionSession::readMore, Qt::QueuedConnection);
+    }
 }
 
 void DirectConnectionSession::sendLast(const QString &type) {

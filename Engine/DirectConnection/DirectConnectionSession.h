@@ -13,7 +13,8 @@
 /// The server's end of one direct connection. Lives on the listener's thread; owned by the
 /// listener.
 ///
-/// It responds to one message after the other and buffers at most one. A client that is not
+/// It responds to one message after the other and buffers at most one, and only as long as all
+/// sessions together do not buffer too much. A client that is not
 /// authorized can only greet or pair, once, with a short message and within a short time; anything
 /// else closes the connection without a response.
 class DirectConnectionSession : public QObject {
@@ -35,6 +36,9 @@ public:
         std::function<void(const QString &clientName)> prepareStore;
         /// Notifies that the client has changed the store.
         std::function<void()> storeDidChange;
+        /// Returns whether there is memory for a message of any size. If not, goOn() must be called
+        /// when there may be.
+        std::function<bool()> hasMemory;
     };
 
     /// `descriptor` is the connected socket, which this object closes. `server` is not owned and
@@ -52,8 +56,18 @@ public:
     void decide(bool isAccepted);
     /// Called when the store is ready to be read. Ignored unless the session waits for that.
     void proceed();
+    /// Called when there may be memory for the message for which the session waits. Ignored unless
+    /// it does.
+    void goOn() { readMore(); }
+    /// Returns the size in bytes of the message that is being received and of the response that is
+    /// being sent.
+    qsizetype memory() const;
+    /// Returns the address of the client.
+    QHostAddress peer() const { return m_socket.peerAddress(); }
 
 Q_SIGNALS:
+    /// Emitted when the session needs less memory than before.
+    void released();
     /// Emitted once when the connection has ended. The session may be deleted, but not from within
     /// a handler.
     void ended();
@@ -67,6 +81,14 @@ private:
     void readMore();
     /// Returns whether the next message is complete. Ends the session if it is too long.
     bool readMessage();
+    /// Returns whether there is memory for a message or response of an authorized client.
+    bool isMemoryLeft();
+    bool isComplete() const { return m_size > 0 && m_received.size() == m_size; }
+    /// Handles the complete message.
+    void takeMessage();
+    /// Returns whether a response is still being sent.
+    bool isAnswering() const { return !m_contents.isEmpty() || bytesToWrite() > 0; }
+    qint64 bytesToWrite() const;
     /// Dispatches a message by stage and type.
     void handle(const DirectConnectionMessage::Received &received);
     /// Check the client's authorization, or start and complete its pairing.
@@ -83,6 +105,9 @@ private:
     void serve(const DirectConnectionMessage::Received &request);
     QCborMap answerTo(const DirectConnectionMessage::Received &received) const;
     void send(const QCborMap &message);
+    /// Sends the contents of a blob piece by piece.
+    void sendContents(const Expected<QByteArray> &contents);
+    void sendMore();
     /// Sends a message, after which the connection is closed.
     void sendLast(const QString &type);
     void end();
@@ -92,8 +117,13 @@ private:
     QSslSocket m_socket;
     QTimer m_timer;
     Stage m_stage = Stage::Greeting;
-    /// The incomplete message.
+    /// The message, which may be incomplete, and its size including the length; 0 until it begins.
     QByteArray m_received;
+    qsizetype m_size = 0;
+    bool m_isWaiting = false;
+    /// The contents that are being sent, and the number of bytes of them that were.
+    QByteArray m_contents;
+    qsizetype m_sent = 0;
     QByteArray m_commitment;
     /// The client's claims about itself.
     DirectConnectionPairing m_client;

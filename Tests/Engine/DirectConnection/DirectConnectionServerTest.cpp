@@ -1,3 +1,7 @@
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+
 #include <QtCore/QCborArray>
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QRegularExpression>
@@ -48,9 +52,24 @@ bool isAStranger(const Question & /*question*/) {
 /// A client that sends what a test specifies.
 class Client {
 public:
-    explicit Client(quint16 port) {
+    explicit Client(quint16 port, QSsl::SslProtocol protocol = QSsl::SecureProtocols) {
+        m_socket.setProtocol(protocol);
         m_socket.setPeerVerifyMode(QSslSocket::VerifyNone);
         m_socket.connectToHostEncrypted(QStringLiteral("127.0.0.1"), port);
+    }
+    /// A client at another address of this computer, which must begin with 127.
+    Client(quint16 port, const char *address) {
+        const int descriptor = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in end{};
+        end.sin_family = AF_INET;
+        inet_pton(AF_INET, address, &end.sin_addr);
+        ::bind(descriptor, reinterpret_cast<const sockaddr *>(&end), sizeof end);
+        inet_pton(AF_INET, "127.0.0.1", &end.sin_addr);
+        end.sin_port = htons(port);
+        ::connect(descriptor, reinterpret_cast<const sockaddr *>(&end), sizeof end);
+        m_socket.setPeerVerifyMode(QSslSocket::VerifyNone);
+        m_socket.setSocketDescriptor(descriptor);
+        m_socket.startClientEncryption();
     }
     ~Client() { m_socket.abort(); }
 
@@ -567,6 +586,87 @@ private Q_SLOTS:
         askFor(second, client);
         QCOMPARE(second.answer()[Type].toString(), Busy);
         QCOMPARE(m_person->asked().size(), 1);
+    }
+
+    void aStrangerKeepsNoOtherComputerOut() {
+        serve();
+        m_person->answerAll(isAStranger);
+        Client stranger(m_port);
+        DirectConnectionPairing unwanted = newClient(QStringLiteral("stranger"));
+        askFor(stranger, unwanted);
+        QCOMPARE(stranger.answer()[Type].toString(), Refused);
+        Client again(m_port);
+        askFor(again, unwanted);
+        QCOMPARE(again.answer()[Type].toString(), Busy);
+        m_person->answerAll(isOneOfUs);
+        Client other(m_port, "127.0.0.2");
+        DirectConnectionPairing client = newClient();
+        askFor(other, client);
+        QCOMPARE(other.answer()[Type].toString(), Welcome);
+    }
+
+    void strangersTogetherCauseAFewQuestions() {
+        serve({.pauseAfterRefusal = std::chrono::milliseconds(0), .refusalsInAnHour = 2});
+        m_person->answerAll(isAStranger);
+        DirectConnectionPairing unwanted = newClient();
+        for (const char *address : {"127.0.0.2", "127.0.0.3"}) {
+            Client stranger(m_port, address);
+            askFor(stranger, unwanted);
+            QCOMPARE(stranger.answer()[Type].toString(), Refused);
+        }
+        Client third(m_port, "127.0.0.4");
+        askFor(third, unwanted);
+        QCOMPARE(third.answer()[Type].toString(), Busy);
+        QCOMPARE(m_person->asked().size(), 2);
+    }
+
+    void onlyTheNewestVersionOfTlsIsSpoken() {
+        serve();
+        QVERIFY(!Client(m_port, QSsl::TlsV1_2).waitForEncryption());
+        QVERIFY(Client(m_port, QSsl::TlsV1_3).waitForEncryption());
+    }
+
+    void aLargeMessageWaitsForTheMemoryOfAnother() {
+        serve({.memory = 100'000});
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        Client first(m_port);
+        Client second(m_port);
+        for (Client *client : {&first, &second}) {
+            QCOMPARE(client->answerTo(hello(ClientName, secret)), Welcome);
+        }
+        const QByteArray message =
+            encode(write(QStringLiteral("transactions/@inbox/a"), QByteArray(200'000, 'x')));
+        const QByteArray other =
+            encode(write(QStringLiteral("transactions/@inbox/b"), QByteArray(200'000, 'x')));
+        first.sendBytes(message.first(150'000));
+        second.sendBytes(other.first(150'000));
+        // The server reads the whole of one of them only, however they arrive.
+        first.sendBytes(message.sliced(150'000));
+        second.sendBytes(other.sliced(150'000));
+        QCOMPARE(first.answer()[Type].toString(), Done);
+        QCOMPARE(second.answer()[Type].toString(), Done);
+    }
+
+    void whoeverKeepsMemoryFromOthersIsDisconnected() {
+        serve({.memory = 100'000, .memoryTime = std::chrono::milliseconds(200)});
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        Client greedy(m_port);
+        QCOMPARE(greedy.answerTo(hello(ClientName, secret)), Welcome);
+        Client other(m_port);
+        QCOMPARE(other.answerTo(hello(ClientName, secret)), Welcome);
+        const QByteArray message =
+            encode(write(QStringLiteral("transactions/@inbox/a"), QByteArray(200'000, 'x')));
+        greedy.sendBytes(message.chopped(1));
+        const auto isDisconnected = [&] {
+            other.send(list(QStringLiteral("databases")));
+            return other.answer()[Type].toString() == Done && greedy.hasEnded();
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isDisconnected(), Patience);
+        QCOMPARE(other.answerTo(
+                     write(QStringLiteral("transactions/@inbox/b"), QByteArray(200'000, 'x'))),
+                 Done);
     }
 
     void anAnswerAfterTheServerStoppedAuthorizesNoClient() {

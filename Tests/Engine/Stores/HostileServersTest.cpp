@@ -1,11 +1,17 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <QtNetwork/QSslSocket>
 #include <filesystem>
 #include <future>
 
+#include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionClients.h"
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/DirectConnectionLink.h"
+#include "Engine/DirectConnection/DirectConnectionPackage.h"
+#include "Engine/DirectConnection/DirectConnectionPairing.h"
+#include "Engine/DirectConnection/DirectConnectionServer.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/Transaction.h"
 #include "Engine/Notes/TransactionName.h"
@@ -20,11 +26,14 @@
 #include "Platform/Network/NetServiceBrowser.h"
 #include "Platform/Network/NetServiceBrowserDelegate.h"
 #include "Platform/Network/NetServiceDelegate.h"
+#include "Platform/Security/Keychain.h"
 #include "Platform/Security/SecretStore.h"
 #include "Support/DirectConnectionPeer.h"
 #include "Support/Failure.h"
+#include "Support/FreePort.h"
 #include "Support/HostileDiscoveryDaemon.h"
 #include "Support/HostileSecretService.h"
+#include "Support/KeychainRemoval.h"
 #include "Support/MessageRecorder.h"
 #include "Support/PeakMemory.h"
 #include "Support/PrivateBus.h"
@@ -42,8 +51,8 @@ using Connection = ScriptedServer::Connection;
 /// Megabytes that a server may cause to be allocated, and milliseconds that the main thread may
 /// not respond. Generous for a sanitized build.
 constexpr qint64 LargestGrowth = 100;
-/// Megabytes that the largest sound record takes besides.
-constexpr qint64 SoundRecord = 200;
+/// Megabytes that are kept of the largest sound record: its texts, with two bytes per character.
+constexpr qint64 SoundRecord = 128;
 constexpr qint64 HostileStall = 1000;
 
 const QString HostileAccount = QStringLiteral("kim@example.org");
@@ -128,6 +137,69 @@ public:
 };
 
 const QString ServiceType = QStringLiteral("_velmora-test._tcp");
+
+const QString GreedyName = QStringLiteral("kim at desk");
+
+/// A client that the user has allowed. Sends a request that takes much memory, some bytes after it,
+/// and reads nothing for longer than the server waits.
+class GreedyClient {
+public:
+    GreedyClient(quint16 port, const QByteArray &secret, const QByteArray &request,
+                 qsizetype bytesAfterIt)
+        : m_bytesLeft(bytesAfterIt) {
+        m_socket.setPeerVerifyMode(QSslSocket::VerifyNone);
+        QObject::connect(&m_socket, &QSslSocket::encryptedBytesWritten, &m_socket,
+                         [this] { sendMore(); });
+        QObject::connect(&m_socket, &QSslSocket::readyRead, &m_socket, [this, request] {
+            // The response to the greeting.
+            if (!m_isWelcome) {
+                m_isWelcome = true;
+                m_socket.readAll();
+                m_socket.setReadBufferSize(1);
+                m_socket.write(request);
+                m_reading.start();
+            } else if (!m_reading.isActive()) {
+                m_socket.readAll();
+            }
+        });
+        // Only who reads notices that the connection has ended.
+        m_reading.setSingleShot(true);
+        m_reading.setInterval(std::chrono::seconds(3));
+        QObject::connect(&m_reading, &QTimer::timeout, &m_socket, [this] {
+            m_socket.setReadBufferSize(0);
+            m_socket.readAll();
+        });
+        m_socket.connectToHostEncrypted(QStringLiteral("127.0.0.1"), port);
+        QCborMap greeting = DirectConnectionMessage::ofType(DirectConnectionMessage::Hello);
+        greeting[DirectConnectionMessage::Name] = GreedyName;
+        greeting[DirectConnectionMessage::Secret] = secret;
+        m_socket.write(DirectConnectionMessage::encode(greeting));
+    }
+    ~GreedyClient() {
+        m_socket.disconnect();
+        m_socket.abort();
+    }
+    GreedyClient(const GreedyClient &) = delete;
+    GreedyClient &operator=(const GreedyClient &) = delete;
+
+    bool wasWelcome() const { return m_isWelcome; }
+    bool hasEnded() const { return m_socket.state() == QAbstractSocket::UnconnectedState; }
+
+private:
+    void sendMore() {
+        constexpr qsizetype piece = 1 << 20;
+        if (m_isWelcome && m_socket.bytesToWrite() + m_socket.encryptedBytesToWrite() == 0) {
+            const qsizetype size = std::min(m_bytesLeft, piece);
+            m_socket.write(QByteArray(size, 'x'));
+            m_bytesLeft -= size;
+        }
+    }
+
+    QSslSocket m_socket;
+    QTimer m_reading;
+    qsizetype m_bytesLeft;
+    bool m_isWelcome = false;
+};
 
 }  // namespace
 
@@ -313,7 +385,9 @@ class HostileServersTest : public QObject {
              [&] { return record(operations, "[0],", 1'450'000); }},
             {QStringLiteral("Record: sound, 64 MiB"), [&] { return soundRecord(); }},
             {QStringLiteral("Folder: 200,001 files, some in another encoding"),
-             [&] { return folderOf(BlobStore::MostNames + 1); }},
+             [&] { return folderOf(BlobStore::MostNames + 1, {}); }},
+            {QStringLiteral("Folder: 100,000 files with names of 255 characters"),
+             [&] { return folderOf(100'000, QByteArray(243, 'x')); }},
             {QStringLiteral("WebDAV: silence (deadlines of 0.3 s and 1 s)"),
              [&] {
                  return impatient([](Connection &connection) { connection.waitUntilClosed(); });
@@ -423,7 +497,7 @@ class HostileServersTest : public QObject {
             return code(TransactionRecords(*store, InboxUUID, future).read(name));
         };
     }
-    Visit folderOf(qsizetype count) {
+    Visit folderOf(qsizetype count, const QByteArray &prefix) {
         // It takes less time to make and remove them in memory.
         const QString memory = QStringLiteral("/dev/shm");
         m_memory.emplace((QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) +
@@ -431,8 +505,9 @@ class HostileServersTest : public QObject {
         const auto location = m_host->addLocation(Url::fileURL(m_memory->path()).absoluteString());
         const auto store = storeOf(filled(location, [&](const QString &path) {
             for (qsizetype i = 0; i < count; ++i) {
-                const QByteArray name =
-                    path.toUtf8() + (i % 2 == 0 ? "file" : "\xff") + QByteArray::number(i);
+                const QByteArray name = path.toUtf8() + prefix +
+                                        (i % 2 == 0 || !prefix.isEmpty() ? "file" : "\xff") +
+                                        QByteArray::number(i);
                 close(creat(name.constData(), 0600));
             }
         }));
@@ -485,6 +560,8 @@ private Q_SLOTS:
         QTest::newRow("Record: sound, 64 MiB") << Code() << 60000;
         QTest::newRow("Folder: 200,001 files, some in another encoding")
             << Code::StoreUnreachable << 20000;
+        QTest::newRow("Folder: 100,000 files with names of 255 characters")
+            << Code::StoreUnreachable << 20000;
         QTest::newRow("WebDAV: silence (deadlines of 0.3 s and 1 s)")
             << Code::StoreUnreachable << 5000;
         QTest::newRow("WebDAV: slow header fields (deadlines of 0.3 s and 1 s)")
@@ -514,6 +591,54 @@ private Q_SLOTS:
         auto result = measureOnThread([&] { return visitServer(future); }, deadline, kept);
         future.cancel();
         QCOMPARE(result.get(), expected);
+    }
+
+    void ourServerIsBounded_data() {
+        constexpr qsizetype size = qsizetype(60) << 20;
+        QByteArray length(DirectConnectionMessage::LengthSize, '\0');
+        qToBigEndian(static_cast<quint32>(size), length.data());
+        QCborMap reading = DirectConnectionMessage::ofType(DirectConnectionMessage::Read);
+        reading[DirectConnectionMessage::Name] = QStringLiteral("transactions/@inbox/large");
+        reading[DirectConnectionMessage::SizeLimit] = DirectConnectionMessage::ContentsLimit;
+        QTest::addColumn<QByteArray>("request");
+        QTest::addColumn<qsizetype>("bytesAfterIt");
+        QTest::newRow("Our server: 4 paired computers that send 60 MiB each") << length << size - 1;
+        QTest::newRow("Our server: 4 paired computers that request 60 MiB each")
+            << DirectConnectionMessage::encode(reading) << qsizetype(0);
+    }
+    void ourServerIsBounded() {
+        using namespace std::chrono_literals;
+        QFETCH(const QByteArray, request);
+        QFETCH(const qsizetype, bytesAfterIt);
+        const QString folder = DirectConnectionPackage::pathInProfile(m_host->directory()) +
+                               QStringLiteral("/transactions/@inbox");
+        QVERIFY(QDir().mkpath(folder));
+        QFile large(folder + QStringLiteral("/large"));
+        QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(60 << 20));
+        auto &server = dynamic_cast<DirectConnectionServer &>(*m_host->engine().plugin().server());
+        server.setLimits({.idleTime = 1s, .messageTime = 1s, .memoryTime = 300ms});
+        server.setPort(freePort());
+        server.startServing();
+        QVERIFY(server.isServing());
+        const QByteArray secret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(GreedyName, secret);
+        std::vector<std::unique_ptr<GreedyClient>> clients;
+        const auto connectClients = [&]() -> std::function<bool()> {
+            for (int i = 0; i < 4; ++i) {
+                clients.push_back(
+                    std::make_unique<GreedyClient>(server.port(), secret, request, bytesAfterIt));
+            }
+            return [&] {
+                return std::all_of(clients.begin(), clients.end(), [](const auto &client) {
+                    return client->wasWelcome() && client->hasEnded();
+                });
+            };
+        };
+        measure(connectClients, 30000);
+        server.stopServing();
+        KeychainRemoval::removeFirst(Keychain::shared(),
+                                     DirectConnection::ClientAuthorizationServiceName.toUtf8(),
+                                     GreedyName.toUtf8());
     }
 
     void damagedRecordsAreSetAsideInBounds_data() {
