@@ -1,19 +1,39 @@
 #include "Platform/Foundation/UserDefaults.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDebug>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QPointer>
 #include <QtCore/QSettings>
 #include <QtCore/QThread>
 #include <cerrno>
+#include <utility>
 
 #include "Platform/Foundation/Localization.h"
 
 namespace UserDefaults {
 
 namespace {
+
+/// Lets only the user access the file and its folder, if they exist.
+void makePrivate(const QSettings &settings) {
+    const QString file = settings.fileName();
+    for (const auto &[path, mode] : {std::pair(QFileInfo(file).path(), mode_t(S_IRWXU)),
+                                     std::pair(file, mode_t(S_IRUSR | S_IWUSR))}) {
+        struct stat status = {};
+        const QByteArray name = QFile::encodeName(path);
+        const bool isOpen =
+            stat(name.constData(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) != 0;
+        if (isOpen && chmod(name.constData(), mode) != 0) {
+            qWarning().noquote()
+                << QStringLiteral("Others can access “%1”: %2").arg(path, qt_error_string(errno));
+        }
+    }
+}
 
 /// Returns the settings object of the main thread, updated with what other processes have written.
 /// It is kept because opening one takes several times as long as a read. Owned by the application
@@ -26,6 +46,7 @@ QSettings &mainThreadSettings() {
     }
     if (!settings) {
         settings = new QSettings(QCoreApplication::instance());
+        makePrivate(*settings);
     }
     settings->sync();
     return *settings;
@@ -66,6 +87,29 @@ auto read(const Read &value) {
     });
 }
 
+/// Calls `make` and writes what it has changed.
+template <class Make>
+Expected<void> change(const Make &make) {
+    return withSettings([&](QSettings &settings) -> Expected<void> {
+        make(settings);
+        settings.sync();
+        makePrivate(settings);
+        if (settings.status() == QSettings::NoError) {
+            return {};
+        }
+        return failure(
+            {.domain = QStringLiteral("UserDefaults"),
+             .code = settings.status(),
+             .localizedDescription =
+                 localizedString(PlatformTable,
+                                 "The setting could not be saved in the file “%1”. It is lost when "
+                                 "%2 ends.")
+                     .arg(settings.fileName(), QCoreApplication::applicationName()),
+             .localizedFailureReason = localizedString(
+                 PlatformTable, "Check the permissions of the file and the space on the disk.")});
+    });
+}
+
 }  // namespace
 
 Expected<bool> boolForKey(const QString &key) {
@@ -85,27 +129,11 @@ Expected<bool> contains(const QString &key) {
 }
 
 Expected<void> setValue(const QString &key, const QVariant &value) {
-    return withSettings([&](QSettings &settings) -> Expected<void> {
-        settings.setValue(key, value);
-        settings.sync();
-        if (settings.status() == QSettings::NoError) {
-            return {};
-        }
-        return failure(
-            {.domain = QStringLiteral("UserDefaults"),
-             .code = settings.status(),
-             .localizedDescription =
-                 localizedString(PlatformTable,
-                                 "The setting could not be saved in the file “%1”. It is lost when "
-                                 "%2 ends.")
-                     .arg(settings.fileName(), QCoreApplication::applicationName()),
-             .localizedFailureReason = localizedString(
-                 PlatformTable, "Check the permissions of the file and the space on the disk.")});
-    });
+    return change([&](QSettings &settings) { settings.setValue(key, value); });
 }
 
-void remove(const QString &key) {
-    withSettings([&](QSettings &settings) { settings.remove(key); });
+Expected<void> remove(const QString &key) {
+    return change([&](QSettings &settings) { settings.remove(key); });
 }
 
 }  // namespace UserDefaults

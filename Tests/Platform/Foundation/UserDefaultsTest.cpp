@@ -1,5 +1,7 @@
 #include "Platform/Foundation/UserDefaults.h"
 
+#include <sys/stat.h>
+
 #include <thread>
 
 #include "Support/TestMain.h"
@@ -10,7 +12,7 @@ class UserDefaultsTest : public QObject {
     const QString m_key = QStringLiteral("QVDirectConnectionServerEnabled");
 
 private Q_SLOTS:
-    void cleanup() { UserDefaults::remove(m_key); }
+    void cleanup() { QVERIFY(UserDefaults::remove(m_key)); }
 
     void missingValuesAreFalseAndZero() {
         QVERIFY(!UserDefaults::contains(m_key).value());
@@ -30,8 +32,8 @@ private Q_SLOTS:
         QVERIFY(UserDefaults::setValue(m_key, false));
         QVERIFY(UserDefaults::contains(m_key).value());
         QVERIFY(!UserDefaults::boolForKey(m_key).value());
-        UserDefaults::remove(m_key);
-        UserDefaults::remove(m_key);
+        QVERIFY(UserDefaults::remove(m_key));
+        QVERIFY(UserDefaults::remove(m_key));
         QVERIFY(!UserDefaults::contains(m_key).value());
     }
 
@@ -40,6 +42,28 @@ private Q_SLOTS:
         QFile file(QSettings().fileName());
         QVERIFY(file.open(QIODevice::ReadOnly));
         QVERIFY(file.readAll().contains("\nQVDirectConnectionServerEnabled=7\n"));
+    }
+
+    void onlyTheUserCanAccessTheFile() {
+        const QString path = QSettings().fileName();
+        const QFileDevice::Permissions ours = QFile::ReadOwner | QFile::WriteOwner;
+        const auto permissions = [](const QString &item) {
+            return QFile::permissions(item) &
+                   ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser);
+        };
+        const QString folder = QFileInfo(path).path();
+        QVERIFY(UserDefaults::remove(m_key));
+        QVERIFY(QDir(folder).removeRecursively());
+        const mode_t mask = umask(0);
+        const Expected<void> written = UserDefaults::setValue(m_key, 7);
+        umask(mask);
+        QVERIFY(written);
+        QCOMPARE(permissions(path), ours);
+        QCOMPARE(permissions(folder), ours | QFile::ExeOwner);
+        // As an older version has left it.
+        QVERIFY(QFile::setPermissions(path, ours | QFile::ReadGroup | QFile::ReadOther));
+        QVERIFY(UserDefaults::setValue(m_key, 8));
+        QCOMPARE(permissions(path), ours);
     }
 
     void changesOfAnotherProcessAreRead() {
