@@ -21,3 +21,11 @@ Expected<bool> UnencryptedPasswords::areAccepted(const Url &URL) {
 Expected<void> UnencryptedPasswords::accept(const Url &URL) {
     return UserDefaults::setValue(keyOf(URL), true);
 }
+
+bool UnencryptedPasswords::isSameServer(const Url &URL, const Url &other) {
+    return keyOf(URL) == keyOf(other);
+}
+
+Expected<void> UnencryptedPasswords::forget(const Url &URL) {
+    return UserDefaults::remove(keyOf(URL));
+}

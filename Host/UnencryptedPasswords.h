@@ -14,9 +14,14 @@ namespace UnencryptedPasswords {
 /// case; a URL without a port has the port 80. `URL` must not be nil. Returns an error for the user
 /// if the user defaults cannot be read.
 HOST_EXPORT Expected<bool> areAccepted(const Url &URL);
-/// Stores that the user has accepted it, for all locations at that server and permanently. If it
-/// cannot be written, returns an error for the user, and it holds until the program ends. Blocks
-/// for the user defaults.
+/// Stores that the user has accepted it, for all locations at that server, until forget() is
+/// called. If it cannot be written, returns an error for the user, and it holds until the program
+/// ends. Blocks for the user defaults.
 HOST_EXPORT Expected<void> accept(const Url &URL);
+/// Returns whether both URLs have the same server in this sense.
+HOST_EXPORT bool isSameServer(const Url &URL, const Url &other);
+/// Forgets that the user has accepted it. Returns an error for the user if that cannot be written.
+/// Blocks for the user defaults.
+HOST_EXPORT Expected<void> forget(const Url &URL);
 
 }  // namespace UnencryptedPasswords

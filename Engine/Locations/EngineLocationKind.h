@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QList>
 #include <QtCore/QStringList>
 #include <functional>
 #include <memory>
@@ -33,6 +34,11 @@ struct EngineLocationKind {
     std::function<Expected<void>(const QString &identifier)> forgetInProfile = [](const QString &) {
         return Expected<void>();
     };
+    /// Deletes what the user defaults contain for the server of a removed location of this kind,
+    /// unless one of `others`, the URLs of all such locations of the list, has the same server. By
+    /// default, nothing. After an error, it is called again in a later run.
+    std::function<Expected<void>(const Url &URL, const QList<Url> &others)> forgetServer =
+        [](const Url &, const QList<Url> &) { return Expected<void>(); };
     /// Returns whether the location `other`, of the same kind, uses the secrets of `URL`. Both URLs
     /// may be equal: two locations can have the same address. By default, locations share no
     /// secrets.

@@ -58,6 +58,7 @@ EngineLocationKind webDAV(const Operations &operations,
                     sessions->session(location->identifier(), URL.adjusted(QUrl::RemovePassword)));
             },
         .forgetInProfile = [trust](const QString &identifier) { return trust->forget(identifier); },
+        .forgetServer = &WebDAVPassword::forgetConsent,
         .sharesSecrets = &WebDAVPassword::isShared,
         .forgetSecrets = &WebDAVPassword::forget,
     };

@@ -53,7 +53,8 @@ void RemovedLocations::forget(const QString &identifier) {
     const EngineLocationKind &kind = m_kinds.kindForURL(URL);
     const Expected<void> forgotten =
         m_profile.write([&] { return KnownTransactions::forgetStore(m_profile, identifier); })
-            .and_then([&] { return kind.forgetInProfile(identifier); });
+            .and_then([&] { return kind.forgetInProfile(identifier); })
+            .and_then([&] { return kind.forgetServer(URL, listedURLs(kind)); });
     if (!forgotten) {
         reportIfFailed(forgotten);
         return;
@@ -92,13 +93,22 @@ void RemovedLocations::finish(const QString &identifier) const {
     reportIfFailed(m_locations.forgetRemoval(identifier));
 }
 
+QList<Url> RemovedLocations::listedURLs(const EngineLocationKind &kind) const {
+    QList<Url> URLs;
+    const auto locations = m_locations.syncLocations();
+    for (const auto &location : locations) {
+        if (&m_kinds.kindForURL(location->URL()) == &kind) {
+            URLs.append(location->URL());
+        }
+    }
+    return URLs;
+}
+
 bool RemovedLocations::isNeeded(const Url &URL) const {
     const EngineLocationKind &kind = m_kinds.kindForURL(URL);
-    const auto locations = m_locations.syncLocations();
-    return std::any_of(locations.begin(), locations.end(), [&](const auto &location) {
-        const Url other = location->URL();
-        return &m_kinds.kindForURL(other) == &kind && kind.sharesSecrets(URL, other);
-    });
+    const QList<Url> others = listedURLs(kind);
+    return std::any_of(others.begin(), others.end(),
+                       [&](const Url &other) { return kind.sharesSecrets(URL, other); });
 }
 
 bool RemovedLocations::isListed(const QString &identifier) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QList>
 #include <QtCore/QObject>
 #include <chrono>
 #include <functional>
@@ -10,6 +11,7 @@
 class EngineLocationKinds;
 class EngineLocationsController;
 class ProfileDatabase;
+struct EngineLocationKind;
 class Url;
 
 /// Forgets what was kept for locations that were removed: known transactions, and what the kind of
@@ -48,6 +50,8 @@ private:
                                                                   const Url &URL);
     /// Removes the record of the removal: nothing is left to forget.
     void finish(const QString &identifier) const;
+    /// Returns the URLs of the locations of the list of this kind.
+    QList<Url> listedURLs(const EngineLocationKind &kind) const;
     /// Returns whether a location of the list uses the secrets of `URL`.
     bool isNeeded(const Url &URL) const;
     bool isListed(const QString &identifier) const;

@@ -1,8 +1,12 @@
 #include "Engine/Stores/WebDAV/WebDAVPassword.h"
 
+#include <algorithm>
+
 #include "Application/Interface/QuestionPresenter.h"
 #include "Engine/Stores/SecretRemoval.h"
+#include "Host/LocationSchemes.h"
 #include "Host/SyncStrings.h"
+#include "Host/UnencryptedPasswords.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 
 namespace {
@@ -31,6 +35,15 @@ void ask(const SecretRemoval &removal) {
 bool WebDAVPassword::isShared(const Url &URL, const Url &other) {
     return UrlProtectionSpace::ofURL(other, {}) == UrlProtectionSpace::ofURL(URL, {}) &&
            (other.user().isNull() || other.user() == URL.user());
+}
+
+Expected<void> WebDAVPassword::forgetConsent(const Url &URL, const QList<Url> &others) {
+    const bool isNeeded = std::any_of(others.begin(), others.end(), [&](const Url &other) {
+        return other.scheme() == LocationSchemes::Http &&
+               UnencryptedPasswords::isSameServer(URL, other);
+    });
+    return isNeeded || URL.scheme() != LocationSchemes::Http ? Expected<void>()
+                                                             : UnencryptedPasswords::forget(URL);
 }
 
 void WebDAVPassword::forget(const SecretRemoval &removal) {

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QtCore/QList>
+
+#include "Platform/Foundation/Expected.h"
+
 struct SecretRemoval;
 class Url;
 
@@ -10,6 +14,11 @@ namespace WebDAVPassword {
 /// Returns whether the location `other` uses the password of `URL`: it has the same server, and the
 /// same user or none. Both URLs must be of WebDAV locations. The secret store is not accessed.
 bool isShared(const Url &URL, const Url &other);
+
+/// Forgets that the user has accepted to send a password unencrypted to the server of the removed
+/// location `URL` (see UnencryptedPasswords), unless one of `others` also has this server without
+/// encryption. Returns an error for the user if that cannot be saved. Blocks for the user defaults.
+Expected<void> forgetConsent(const Url &URL, const QList<Url> &others);
 
 /// Asks the user whether to delete the password of the removed location, if one is stored, and
 /// deletes it if the user agrees. If there is no window to ask in, the removal stays unfinished.

@@ -2,6 +2,7 @@
 
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
+#include "Host/UnencryptedPasswords.h"
 #include "Platform/Security/SecretStore.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 #include "Support/SecretService.h"
@@ -139,6 +140,21 @@ private Q_SLOTS:
         QTRY_COMPARE(countOfRemovals(), 0);
         QVERIFY(m_host->application().questions().isEmpty());
         QCOMPARE(countOfPasswords(), 2);
+    }
+
+    void theConsentToAnUnencryptedPasswordIsForgottenWithTheLastLocationOfTheServer() {
+        const QString address = QStringLiteral("http://ida@dav.example/Shared.qvSyncStore");
+        const Url URL = Url::fromString(address);
+        QVERIFY(UnencryptedPasswords::accept(URL));
+        add(address);
+        add(QStringLiteral("http://eva@DAV.example:80/Other.qvSyncStore"));
+        add(WebDAVAddress);
+        removeFirst();
+        QTRY_COMPARE(countOfRemovals(), 0);
+        QVERIFY(UnencryptedPasswords::areAccepted(URL).value());
+        removeFirst();
+        QTRY_COMPARE(countOfRemovals(), 0);
+        QVERIFY(!UnencryptedPasswords::areAccepted(URL).value());
     }
 
     void nothingIsAskedIfNoPasswordIsStored() {
