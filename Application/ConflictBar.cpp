@@ -4,8 +4,9 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
-ConflictBar::ConflictBar(QWidget *parent) : QWidget(parent), m_label(new QLabel) {
-    m_label->setWordWrap(true);
+#include "Platform/Interface/PlainText.h"
+
+ConflictBar::ConflictBar(QWidget *parent) : QWidget(parent), m_label(PlainText::label()) {
     auto *compare = new QPushButton(tr("&Compare…"));
     auto *keepThis = new QPushButton(tr("Keep Th&is"));
     auto *keepOther = new QPushButton(tr("Keep &Other"));

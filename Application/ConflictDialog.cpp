@@ -11,6 +11,7 @@
 
 #include "Application/TextDifferences.h"
 #include "Application/WindowSize.h"
+#include "Platform/Interface/PlainText.h"
 
 namespace {
 
@@ -73,15 +74,14 @@ QWidget *ConflictDialog::makeSide(const QString &heading, const Note &note,
     const QString date = note.modified.isValid()
                              ? QLocale().toString(note.modified, QLocale::ShortFormat)
                              : tr("date unknown");
-    auto *label = new QLabel(tr("%1 (%2)").arg(heading, date));
-    label->setTextFormat(Qt::PlainText);
+    auto *label = PlainText::label(tr("%1 (%2)").arg(heading, date));
     label->setBuddy(view);
     QFont bold = label->font();
     bold.setBold(true);
     label->setFont(bold);
     view->setReadOnly(true);
     view->setAccessibleName(heading);
-    view->setPlainText(note.title + QStringLiteral("\n\n") + note.text);
+    view->setPlainText(PlainText::page(note.title + QStringLiteral("\n\n") + note.text));
     auto *side = new QWidget;
     auto *layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -131,7 +131,7 @@ QVariant EventLog::data(const QModelIndex &index, int role) const {
     const LogEntry &entry = m_entries.at(index.row());
     switch (role) {
         case Qt::DisplayRole:
-            return textAt(entry, index.column());
+            return PlainText::message(textAt(entry, index.column()));
         case Qt::ToolTipRole:
             return PlainText::toolTip(textAt(entry, index.column()));
         case Qt::DecorationRole:

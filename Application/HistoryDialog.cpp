@@ -43,7 +43,7 @@ HistoryDialog::HistoryDialog(NoteLibrary *library, const std::shared_ptr<NoteDat
       m_note(note),
       m_list(new QTreeWidget),
       m_text(new QPlainTextEdit),
-      m_explanation(new QLabel),
+      m_explanation(PlainText::label()),
       m_restoreButton(new QPushButton(tr("&Restore"))),
       m_days(new QSpinBox),
       m_megabytes(new QSpinBox) {
@@ -61,8 +61,6 @@ HistoryDialog::HistoryDialog(NoteLibrary *library, const std::shared_ptr<NoteDat
 }
 
 void HistoryDialog::makeWidgets() {
-    m_explanation->setTextFormat(Qt::PlainText);
-    m_explanation->setWordWrap(true);
     m_list->setAccessibleName(windowTitle());
     m_list->setHeaderLabels({tr("Title"), tr("When"), tr("Change")});
     m_list->setRootIsDecorated(false);
@@ -141,7 +139,7 @@ void HistoryDialog::showVersions() {
     m_versions = *versions;
     m_list->clear();
     for (const NoteVersion &version : std::as_const(m_versions)) {
-        const QString title = version.title.simplified();
+        const QString title = PlainText::message(version.title).simplified();
         m_list->addTopLevelItem(rowWith({title.isEmpty() ? tr("Untitled") : title,
                                          QLocale().toString(version.ended, QLocale::ShortFormat),
                                          changeText(version)}));
@@ -181,7 +179,7 @@ void HistoryDialog::showText() {
         return;
     }
     const Expected<Note> note = m_database->noteOfVersion(m_versions.at(row));
-    m_text->setPlainText(note ? note->text : note.error().localizedDescription);
+    m_text->setPlainText(PlainText::page(note ? note->text : note.error().localizedDescription));
 }
 
 void HistoryDialog::restore() {

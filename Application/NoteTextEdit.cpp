@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <memory>
 
+#include "Platform/Interface/PlainText.h"
+
 namespace {
 
 const QString Newline = QStringLiteral("\n");
@@ -45,7 +47,7 @@ Lines split(const QString &text) {
 }  // namespace
 
 bool NoteTextEdit::setNoteText(const QString &text) {
-    const Lines split = ::split(text);
+    const Lines split = ::split(PlainText::page(text));
     setPlainText(split.lines.join(u'\n'));
     document()->setUndoRedoEnabled(false);
     QTextCursor cursor(document());

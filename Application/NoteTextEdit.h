@@ -11,7 +11,8 @@ public:
     using QPlainTextEdit::QPlainTextEdit;
 
     /// Shows `text` and clears the undo history. Returns false if the editor cannot represent
-    /// `text` exactly; noteText() then differs from it. O(n). Emits textChanged(), as an edit by
+    /// `text` exactly, or not all of it (see PlainText::page()); noteText() then differs from it.
+    /// O(n). Emits textChanged(), as an edit by
     /// the user does; callers that must distinguish them block signals.
     bool setNoteText(const QString &text);
     /// Returns the text with the user's edits. A line that the user has split ends as the one

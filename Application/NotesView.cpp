@@ -16,6 +16,7 @@
 #include "Application/NoteTextEdit.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/UnsavedTextDialog.h"
+#include "Platform/Interface/PlainText.h"
 
 namespace {
 
@@ -46,7 +47,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
       m_list(new QListWidget),
       m_title(new QLineEdit),
       m_text(new NoteTextEdit),
-      m_notice(new QLabel),
+      m_notice(PlainText::label()),
       m_conflict(new ConflictBar),
       m_addButton(new QPushButton(tr("New &Note"))),
       m_removeButton(new QPushButton(tr("De&lete Note"))),
@@ -58,8 +59,6 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     m_title->setMaxLength(LongestTitle);
     m_text->setAccessibleName(tr("Text"));
     m_notice->setObjectName(QStringLiteral("notice"));
-    m_notice->setTextFormat(Qt::PlainText);
-    m_notice->setWordWrap(true);
     m_notice->hide();
     m_conflict->hide();
     m_undoAction->setShortcut(QKeySequence::Undo);
@@ -228,7 +227,7 @@ void NotesView::showContents() {
     m_text->setReadOnly(!isExact);
     setNotice(isExact ? QString()
                       : tr("This note cannot be edited here: it contains something that the editor "
-                           "would change."));
+                           "would change, or too many or too long lines."));
 }
 
 void NotesView::noteEdited() {

@@ -7,6 +7,8 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
+#include "Platform/Interface/PlainText.h"
+
 namespace {
 
 constexpr qreal SizeOfCode = 2.5;
@@ -25,9 +27,9 @@ QuestionBox::QuestionBox(const ::Question &question, QWidget *parent)
 }
 
 void QuestionBox::addCode(const QString &code) {
-    auto *label = new QLabel(code, this);
+    QLabel *label = PlainText::label(code);
+    label->setWordWrap(false);
     label->setObjectName(QStringLiteral("code"));
-    label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setAlignment(Qt::AlignCenter);
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);

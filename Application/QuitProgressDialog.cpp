@@ -11,6 +11,7 @@
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncProgress.h"
 #include "Platform/Interface/HeightKeeper.h"
+#include "Platform/Interface/PlainText.h"
 
 namespace {
 
@@ -24,11 +25,12 @@ constexpr int LabelWidth = 60;
 }  // namespace
 
 QuitProgressDialog::QuitProgressDialog(QWidget *parent)
-    : QDialog(parent), m_label(new QLabel), m_bar(new QProgressBar), m_longestPause(LongestPause) {
+    : QDialog(parent),
+      m_label(PlainText::label()),
+      m_bar(new QProgressBar),
+      m_longestPause(LongestPause) {
     setWindowTitle(tr("Quit Velmora"));
     new HeightKeeper(this);
-    m_label->setTextFormat(Qt::PlainText);
-    m_label->setWordWrap(true);
     m_label->setMinimumWidth(fontMetrics().averageCharWidth() * LabelWidth);
     m_bar->setAccessibleName(tr("Progress of the synchronization"));
     m_bar->setTextVisible(false);

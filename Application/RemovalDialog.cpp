@@ -17,13 +17,6 @@ namespace {
 /// More are only counted.
 constexpr qsizetype MostTitles = 10000;
 
-QLabel *plainLabel(const QString &text) {
-    auto *label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
-
 }  // namespace
 
 RemovalDialog::RemovalDialog(const RemovalQuestion &question,
@@ -35,10 +28,11 @@ RemovalDialog::RemovalDialog(const RemovalQuestion &question,
     resize(WindowSize::of(*this, 80, 28));
     new HeightKeeper(this);
 
-    auto *heading = plainLabel(tr("The synchronization with “%1” would remove %2 of the %3 notes "
-                                  "in “%4”.")
-                                   .arg(question.location, QString::number(question.titles.size()),
-                                        QString::number(question.total), question.database));
+    auto *heading =
+        PlainText::label(tr("The synchronization with “%1” would remove %2 of the %3 notes "
+                            "in “%4”.")
+                             .arg(question.location, QString::number(question.titles.size()),
+                                  QString::number(question.total), question.database));
     QFont bold = heading->font();
     bold.setBold(true);
     heading->setFont(bold);
@@ -47,7 +41,7 @@ RemovalDialog::RemovalDialog(const RemovalQuestion &question,
     list->setUniformItemSizes(true);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     for (const QString &title : question.titles.first(qMin(question.titles.size(), MostTitles))) {
-        const QString line = title.simplified();
+        const QString line = PlainText::message(title).simplified();
         auto *item = new QListWidgetItem(line.isEmpty() ? tr("Untitled") : line, list);
         item->setToolTip(PlainText::toolTip(line));
     }
@@ -67,7 +61,7 @@ RemovalDialog::RemovalDialog(const RemovalQuestion &question,
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(heading);
-    layout->addWidget(plainLabel(
+    layout->addWidget(PlainText::label(
         tr("Nothing has been changed yet. If you keep the notes, they also return on your other "
            "computers. If you remove them, you find them in “Deleted Notes” for a while.")));
     layout->addWidget(list, 1);

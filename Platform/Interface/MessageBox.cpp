@@ -7,6 +7,8 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLayout>
 
+#include "Platform/Interface/PlainText.h"
+
 MessageBox::MessageBox(Icon icon, const QString &text, const QString &details, QWidget *parent)
     : QMessageBox(icon, QGuiApplication::applicationDisplayName(), {}, NoButton, parent) {
     // Creates the second label, whose format setTextFormat() does not set.
@@ -15,8 +17,8 @@ MessageBox::MessageBox(Icon icon, const QString &text, const QString &details, Q
         label->setTextFormat(Qt::PlainText);
     }
     setTextFormat(Qt::PlainText);
-    setText(text);
-    setInformativeText(details);
+    setText(PlainText::message(text));
+    setInformativeText(PlainText::message(details));
 }
 
 void MessageBox::showEvent(QShowEvent *event) {

@@ -512,8 +512,8 @@
         <translation>Text</translation>
     </message>
     <message>
-        <source>This note cannot be edited here: it contains something that the editor would change.</source>
-        <translation>Diese Notiz kann hier nicht bearbeitet werden: Sie enthält etwas, was der Editor ändern würde.</translation>
+        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines.</source>
+        <translation>Diese Notiz kann hier nicht bearbeitet werden: Sie enthält etwas, was der Editor ändern würde, oder zu viele oder zu lange Zeilen.</translation>
     </message>
     <message>
         <source>This note is not saved: %1</source>

@@ -1,12 +1,15 @@
 #include <QtGui/QHelpEvent>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QToolTip>
+#include <future>
 
+#include "Application/ConflictDialog.h"
 #include "Application/EventLog.h"
 #include "Application/HistoryDialog.h"
 #include "Application/LogWindow.h"
 #include "Application/MainWindow.h"
 #include "Application/PreferencesWindow.h"
+#include "Application/QuestionBox.h"
 #include "Application/RemovalDialog.h"
 #include "Application/UnsavedTextDialog.h"
 #include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
@@ -15,10 +18,12 @@
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Controller/QVImportDatabasesController.h"
 #include "Engine/DirectConnection/DirectConnection.h"
+#include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/TableView.h"
 #include "Platform/Interface/TextLabel.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/HostShortcuts.h"
+#include "Support/ScriptedServer.h"
 #include "Support/ShownName.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -154,6 +159,51 @@ private Q_SLOTS:
         QVERIFY(!shown.places().filter(QStringLiteral("QLabel")).isEmpty());
         QCOMPARE(shown.misreadPlaces(), QStringList());
         removal->close();
+    }
+
+    void theComparisonOfEditsShowsThemAsTheyAre() {
+        const Note note{.title = ShownName::Hostile, .text = ShownName::Hostile};
+        ConflictDialog dialog(note, note, m_window.get());
+        dialog.show();
+        const ShownName shown(ShownName::Hostile);
+        QCOMPARE(shown.places().filter(QStringLiteral("QPlainTextEdit")).size(), 2);
+        QCOMPARE(shown.misreadPlaces(), QStringList());
+    }
+
+    void aQuestionShowsThemAsTheyAre() {
+        auto *box = new QuestionBox({.text = ShownName::Hostile,
+                                     .details = ShownName::Hostile,
+                                     .acceptTitle = QStringLiteral("Allow"),
+                                     .refuseTitle = QStringLiteral("Refuse"),
+                                     .code = ShownName::Hostile},
+                                    m_window.get());
+        box->present();
+        const ShownName shown(ShownName::Hostile);
+        for (const char *place :
+             {"QLabel qt_msgbox_label", "QLabel qt_msgbox_informativelabel", "QLabel code"}) {
+            QVERIFY2(shown.places().contains(QLatin1StringView(place)), place);
+        }
+        QCOMPARE(shown.misreadPlaces(), QStringList());
+        box->close();
+    }
+
+    void aLongAddressIsShortened() {
+        const ScriptedServer server([](ScriptedServer::Connection &connection) {
+            connection.readRequest();
+            connection.answer("302 Found\r\nLocation: http://other.example/" +
+                              QByteArray(60'000, 'x'));
+        });
+        const auto location = m_host->addLocation(server.URLText(QStringLiteral("a.qvSyncStore")));
+        const auto store =
+            std::dynamic_pointer_cast<EngineSyncLocation>(location)->createBlobStore();
+        const EngineFuture future;
+        const Expected<void> opened =
+            std::async(std::launch::async, [&] { return store->open(future); }).get();
+        QVERIFY(!opened);
+        const QString text = opened.error().localizedDescription;
+        QVERIFY(text.contains(QStringLiteral("http://other.example/xxx")));
+        QVERIFY(text.contains(QStringLiteral("edit the location")));
+        QCOMPARE_LT(text.size(), PlainText::LongestMessage);
     }
 
     void theDialogForUnsavedTextShowsThemAsTheyAre() {

@@ -15,10 +15,12 @@ bool isRedirection(int status) {
 }
 
 Error redirectionRefused(const QUrl &from, const QUrl &to) {
+    // No address that a user enters is longer.
+    constexpr qsizetype longest = 1000;
     return engineError(EngineErrorCode::StoreUnreachable,
                        localizedSyncString("The server “%1” redirects to “%2”. If that is correct, "
                                            "edit the location and enter it as the address.")
-                           .arg(from.authority(), to.toString(QUrl::RemoveUserInfo)));
+                           .arg(from.authority(), to.toString(QUrl::RemoveUserInfo).left(longest)));
 }
 
 }  // namespace
