@@ -5,10 +5,10 @@
 
 #include <QtCore/QCoreApplication>
 
-Expected<void> ProcessProtection::apply() {
+Expected<void> ProcessProtection::apply(Debuggers debuggers) {
     const rlimit none = {};
     const bool hasNoCoreFile = setrlimit(RLIMIT_CORE, &none) == 0;
-    const bool isUnreadable = prctl(PR_SET_DUMPABLE, 0) == 0;
+    const bool isUnreadable = debuggers == Debuggers::Allowed || prctl(PR_SET_DUMPABLE, 0) == 0;
     if (hasNoCoreFile && isUnreadable) {
         return {};
     }

@@ -239,12 +239,13 @@ struct End {
 /// Runs the program. Everything that it has made is destroyed afterwards, except for static
 /// objects.
 End runProgram(int argumentCount, char **arguments) {
-#ifndef VELMORA_IS_SANITIZED
+#ifdef VELMORA_IS_SANITIZED
     // The leak check of a sanitizer reads the memory of the process as a debugger does.
-    const Expected<void> isProtected = ProcessProtection::apply();
+    const auto debuggers = ProcessProtection::Debuggers::Allowed;
 #else
-    const Expected<void> isProtected;
+    const auto debuggers = ProcessProtection::Debuggers::Refused;
 #endif
+    const Expected<void> isProtected = ProcessProtection::apply(debuggers);
     installAssertionReporter();
     QCoreApplication::setOrganizationName(QStringLiteral("Velmora"));
     QCoreApplication::setApplicationName(QStringLiteral("Velmora"));

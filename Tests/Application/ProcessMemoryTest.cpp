@@ -134,11 +134,14 @@ class ProcessMemoryTest : public QObject {
         const NameOfProgram name;
         SecretStore store;
         const Url URL = Url::fromString(m_server->URLText(QString()));
-        UrlCredentialStorage(store).setCredentialForProtectionSpace(
-            {.user = WebDAVServer::User,
-             .password = WebDAVServer::Password,
-             .persistence = UrlCredential::Persistence::Permanent},
-            UrlProtectionSpace::ofURL(URL, UrlAuthenticationMethodHttpBasic));
+        for (const QString &method :
+             {UrlAuthenticationMethodHttpBasic, UrlAuthenticationMethodHttpDigest}) {
+            UrlCredentialStorage(store).setCredentialForProtectionSpace(
+                {.user = WebDAVServer::User,
+                 .password = WebDAVServer::Password,
+                 .persistence = UrlCredential::Persistence::Permanent},
+                UrlProtectionSpace::ofURL(URL, method));
+        }
         QVERIFY(store.finishWriting());
     }
 
@@ -238,8 +241,29 @@ private Q_SLOTS:
         QCOMPARE(status, 0);
     }
 
+    void theProgramIsProtected() {
+        writeProfile(QStringLiteral("file:///nowhere"));
+        const auto process = start();
+        const auto hasEnded = [&] { return isRecorded(QStringLiteral("result_date > 0")); };
+        QTRY_VERIFY_WITH_TIMEOUT(hasEnded(), Patience);
+        QFile limits(QStringLiteral("/proc/%1/limits").arg(process->processId()));
+        QVERIFY(limits.open(QIODevice::ReadOnly));
+        const QString text = QString::fromLatin1(limits.readAll()).simplified();
+        QVERIFY2(text.contains(QStringLiteral("Max core file size 0 0 bytes")), qPrintable(text));
+        process->terminate();
+        QVERIFY(process->waitForFinished(Patience));
+    }
+
+    void aPasswordDoesNotStayInMemoryAfterASynchronization_data() {
+        using Authentication = WebDAVServer::Authentication;
+        QTest::addColumn<Authentication>("authentication");
+        QTest::newRow("Basic") << Authentication::Basic;
+        QTest::newRow("Digest") << Authentication::Digest;
+    }
     void aPasswordDoesNotStayInMemoryAfterASynchronization() {
-        m_server = std::make_unique<WebDAVServer>(WebDAVServer::Options());
+        QFETCH(const WebDAVServer::Authentication, authentication);
+        m_server =
+            std::make_unique<WebDAVServer>(WebDAVServer::Options{.authentication = authentication});
         writeProfile(m_server->URLText(QStringLiteral("Shared.qvSyncStore")));
         storePassword();
         acceptUnencryptedPassword();
