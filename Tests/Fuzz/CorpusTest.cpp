@@ -2,6 +2,7 @@
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QMap>
 
+#include "Support/PeakMemory.h"
 #include "Support/TestMain.h"
 #include "Tests/FuzzTargets.inc"
 
@@ -10,6 +11,8 @@ namespace {
 const QString CorpusFolder = QStringLiteral(VELMORA_SOURCE_DIR "/Tests/Fuzz/Corpus/");
 /// Maximum time for one input. The inputs take a small fraction of it unless work is not linear.
 constexpr qint64 MillisecondsForOneInput = 5000;
+/// Maximum memory for one input.
+constexpr qint64 MegabytesForOneInput = 128;
 
 }  // namespace
 
@@ -48,11 +51,14 @@ private Q_SLOTS:
         QFile file(path);
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QByteArray input = file.readAll();
+        const PeakMemory memory;
         QElapsedTimer timer;
         timer.start();
         FuzzTargets.value(target.toLatin1())(reinterpret_cast<const uint8_t *>(input.constData()),
                                              static_cast<size_t>(input.size()));
         QVERIFY(timer.elapsed() < MillisecondsForOneInput);
+        const qint64 growth = memory.growth();
+        QVERIFY2(growth >= 0 && growth < MegabytesForOneInput, qPrintable(QString::number(growth)));
     }
 };
 
