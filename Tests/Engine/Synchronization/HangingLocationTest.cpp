@@ -1,13 +1,21 @@
+#include <QtCore/QSettings>
 #include <QtNetwork/QTcpServer>
+#include <atomic>
 #include <functional>
 #include <future>
 
 #include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionIdentity.h"
+#include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/DirectConnection/HostLookUp.h"
+#include "Engine/Stores/Dropbox/DropboxConfiguration.h"
+#include "Engine/Stores/Dropbox/DropboxSessionManager.h"
+#include "Engine/Stores/Dropbox/DropboxTokens.h"
 #include "Engine/Stores/Folder/MountedVolumes.h"
 #include "Host/QVDropboxSessionManager.h"
 #include "Host/QVSyncProgress.h"
 #include "Host/QVSyncResult.h"
+#include "Support/DirectConnectionPeer.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
 #include "Support/Failure.h"
@@ -17,6 +25,7 @@
 #include "Support/PrivateBus.h"
 #include "Support/PrivateNetwork.h"
 #include "Support/ScriptedServer.h"
+#include "Support/SetDefault.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -56,6 +65,7 @@ class HangingLocationTest : public QObject {
     std::unique_ptr<TestHost> m_host;
     std::unique_ptr<HangingVolume> m_volume;
     std::unique_ptr<ScriptedServer> m_server;
+    std::unique_ptr<DirectConnectionPeer> m_peer;
     std::unique_ptr<QTcpServer> m_silent;
     std::unique_ptr<SilentNameServer> m_nameServer;
     std::unique_ptr<HostileDiscoveryDaemon> m_daemon;
@@ -66,7 +76,8 @@ class HangingLocationTest : public QObject {
         QTest::addColumn<QByteArray>("kind");
         for (const char *kind :
              {"silent WebDAV server", "slow WebDAV server", "silent direct connection",
-              "silent name server", "silent discovery daemon", "hanging volume"}) {
+              "dripping direct connection", "silent Dropbox", "silent name server",
+              "silent discovery daemon", "hanging volume"}) {
             QTest::newRow(kind) << QByteArray(kind);
         }
     }
@@ -84,6 +95,21 @@ class HangingLocationTest : public QObject {
                 .arg(DirectConnection::URLScheme)
                 .arg(m_silent->serverPort());
         }
+        if (kind == "dripping direct connection") {
+            QCborMap answer = DirectConnectionMessage::ofType(DirectConnectionMessage::Pair);
+            answer[DirectConnectionMessage::Nonce] = QByteArray(3000, 'x');
+            m_peer = std::make_unique<DirectConnectionPeer>(
+                *DirectConnectionIdentity::load(m_folder->path()),
+                QByteArrayList{DirectConnectionMessage::encode(answer)}, 1);
+            return QStringLiteral("%1://127.0.0.1:%2")
+                .arg(DirectConnection::URLScheme)
+                .arg(m_peer->port());
+        }
+        if (kind == "silent Dropbox") {
+            m_silent = std::make_unique<QTcpServer>();
+            m_silent->listen(QHostAddress::LocalHost);
+            return dropboxURL(m_silent->serverPort());
+        }
         if (kind == "silent name server") {
             m_nameServer = std::make_unique<SilentNameServer>();
             return QStringLiteral("%1://silent.example").arg(DirectConnection::URLScheme);
@@ -98,6 +124,18 @@ class HangingLocationTest : public QObject {
             isSilent ? [](ScriptedServer::Connection &connection) { connection.waitUntilClosed(); }
                      : &respondSlowly);
         return m_server->URLText(QStringLiteral("Shared.qvSyncStore"));
+    }
+    /// The URL of an account whose tokens are known, at a server on this computer.
+    static QString dropboxURL(quint16 port) {
+        const QString account = QStringLiteral("kim@example.org");
+        const QString address = QStringLiteral("http://127.0.0.1:%1").arg(port);
+        setDefault(DropboxConfiguration::ApplicationKeyDefault, QStringLiteral("key"));
+        setDefault(DropboxConfiguration::TokenAddressDefault, address);
+        setDefault(DropboxConfiguration::APIAddressDefault, address);
+        setDefault(DropboxConfiguration::ContentAddressDefault, address);
+        DropboxTokens{.access = QByteArray("access"), .refresh = QByteArray("refresh")}.store(
+            account);
+        return QStringLiteral("dropbox://") + account;
     }
     std::shared_ptr<QVSyncState> stateAt(const std::shared_ptr<QVSyncLocation> &location) {
         const auto state = m_host->addState(location, m_host->inbox());
@@ -126,7 +164,9 @@ private Q_SLOTS:
     void cleanup() {
         m_host.reset();
         m_server.reset();
+        m_peer.reset();
         m_silent.reset();
+        DropboxServer::forget();
         m_nameServer.reset();
         m_daemon.reset();
         m_volume.reset();
@@ -219,6 +259,26 @@ private Q_SLOTS:
         QVERIFY2(time < QuittingLimit, qPrintable(QString::number(time)));
     }
 
+    void quittingDoesNotWaitForAListing() {
+        // Reading it takes longer than quitting may.
+        const QByteArray response = "<D:response><D:href>/b.qvSyncStore/x/x</D:href></D:response>";
+        const QByteArray body = "<?xml version=\"1.0\"?><D:multistatus xmlns:D=\"DAV:\">" +
+                                response.repeated(400'000) + "</D:multistatus>";
+        const auto isSent = std::make_shared<std::atomic<bool>>(false);
+        m_server = std::make_unique<ScriptedServer>([=](ScriptedServer::Connection &connection) {
+            connection.readRequest();
+            connection.answer("207 Multi-Status", body);
+            *isSent = true;
+            connection.waitUntilClosed();
+        });
+        const auto hanging =
+            stateAt(m_host->addLocation(m_server->URLText(QStringLiteral("Shared.qvSyncStore"))));
+        dispatcher().performSynchronizationsWithSynchronizationStates({hanging});
+        QTRY_VERIFY(*isSent);
+        const qint64 time = quit();
+        QVERIFY2(time < QuittingLimit, qPrintable(QString::number(time)));
+    }
+
     void quittingDoesNotWaitForAnImport_data() { addKinds(); }
     void quittingDoesNotWaitForAnImport() {
         QFETCH(QByteArray, kind);
@@ -265,6 +325,25 @@ private Q_SLOTS:
         const qint64 time = quit();
         QVERIFY2(time < QuittingLimit, qPrintable(QString::number(time)));
         DropboxServer::forget();
+    }
+
+    void quittingDoesNotWaitForSettingsOfASignIn() {
+        const auto useSettingsIn = [](const QString &folder) {
+            QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder);
+        };
+        const QString folder = QFileInfo(QSettings().fileName()).absolutePath();
+        const QString path = m_folder->filePath(QStringLiteral("volume"));
+        m_volume = std::make_unique<HangingVolume>(path);
+        auto manager = std::make_unique<DropboxSessionManager>();
+        std::optional<EngineErrorCode> answer;
+        useSettingsIn(path);
+        manager->authorize(PZFuture::future(), [&](const auto &signIn) { answer = code(signIn); });
+        QElapsedTimer time;
+        time.start();
+        manager.reset();
+        QCOMPARE_LT(time.elapsed(), QuittingLimit);
+        useSettingsIn(QFileInfo(folder).path());
+        QCOMPARE(answer, std::optional(EngineErrorCode::Cancelled));
     }
 
     void aLookUpCanBeCancelled_data() {
