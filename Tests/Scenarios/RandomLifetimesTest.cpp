@@ -10,10 +10,12 @@
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Host/InboxUUID.h"
+#include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncStore.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Interface/SheetWindow.h"
+#include "Support/FreePort.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -46,15 +48,15 @@ public:
     void live() {
         using Action = void (Lifetime::*)();
         const QList<Action> actions{
-            &Lifetime::show,          &Lifetime::show,           &Lifetime::hide,
-            &Lifetime::quitPane,      &Lifetime::useWidget,      &Lifetime::useWidget,
-            &Lifetime::useWidget,     &Lifetime::useWidget,      &Lifetime::type,
-            &Lifetime::selectRows,    &Lifetime::selectRows,     &Lifetime::leaveSheet,
-            &Lifetime::addDatabase,   &Lifetime::renameDatabase, &Lifetime::openOrClose,
-            &Lifetime::addLocation,   &Lifetime::addLocation,    &Lifetime::removeLocation,
-            &Lifetime::synchronize,   &Lifetime::synchronize,    &Lifetime::edit,
-            &Lifetime::accessStore,   &Lifetime::accessStore,    &Lifetime::cancelLate,
-            &Lifetime::callFromThread};
+            &Lifetime::show,           &Lifetime::show,           &Lifetime::hide,
+            &Lifetime::quitPane,       &Lifetime::useWidget,      &Lifetime::useWidget,
+            &Lifetime::useWidget,      &Lifetime::useWidget,      &Lifetime::type,
+            &Lifetime::selectRows,     &Lifetime::selectRows,     &Lifetime::leaveSheet,
+            &Lifetime::addDatabase,    &Lifetime::renameDatabase, &Lifetime::openOrClose,
+            &Lifetime::addLocation,    &Lifetime::addLocation,    &Lifetime::addServedLocation,
+            &Lifetime::removeLocation, &Lifetime::synchronize,    &Lifetime::synchronize,
+            &Lifetime::edit,           &Lifetime::accessStore,    &Lifetime::accessStore,
+            &Lifetime::cancelLate,     &Lifetime::callFromThread};
         const int count = 5 + below(25);
         for (int i = 0; i < count; ++i) {
             (this->*actions[below(actions.size())])();
@@ -191,6 +193,22 @@ private:
             m_pane->addSelectionForLocation(location);
         }
     }
+    /// A location at the engine's own server, with which it pairs when it is accessed.
+    void addServedLocation() {
+        m_host.application().answerQuestions(below(2) == 0);
+        const auto server = m_host.engine().plugin().server();
+        if (!server->isServing()) {
+            server->setPort(freePort());
+            server->startServing();
+        } else if (below(4) == 0) {
+            server->stopServing();
+        }
+        const auto location =
+            m_host.addLocation(QStringLiteral("velmora://127.0.0.1:%1").arg(server->port()));
+        if (below(2) == 0) {
+            access(location);
+        }
+    }
     void removeLocation() {
         const qsizetype count = m_host.locations().countOfSyncLocations();
         const auto rows =
@@ -233,10 +251,11 @@ private:
 
     /// Opens a store and reads it, whose handlers run on other threads, and cancels some of it.
     void accessStore() {
-        const auto location = anyLocation();
-        if (!location) {
-            return;
+        if (const auto location = anyLocation()) {
+            access(location);
         }
+    }
+    void access(const std::shared_ptr<QVSyncLocation> &location) {
         const auto store = location->createStore();
         const auto counter = m_handled;
         auto future = store->openWithCompletionHandler([store, counter](const auto &) {
