@@ -96,7 +96,7 @@ ForeignServer::ForeignServer(Kind kind) : m_kind(kind), m_port(freePort()) {
     if (!QDir().mkpath(path(QStringLiteral("files")))) {
         throw std::runtime_error("cannot make a folder");
     }
-    if (kind == Kind::NginxTLS) {
+    if (kind == Kind::NginxTLS || kind == Kind::RcloneTLS) {
         m_authority.emplace();
         m_trust.emplace(*m_authority);
     }
@@ -136,6 +136,7 @@ QStringList ForeignServer::command() {
         case Kind::LighttpdDigest:
             return lighttpd();
         case Kind::Rclone:
+        case Kind::RcloneTLS:
         case Kind::RcloneMemory:
         case Kind::RcloneCrypt:
             return rclone();
@@ -148,8 +149,7 @@ QStringList ForeignServer::command() {
 QStringList ForeignServer::nginx() {
     QString encryption;
     if (m_authority) {
-        const TestAuthority::Identity identity =
-            m_authority->issue(QStringLiteral("DNS:localhost,IP:127.0.0.1"));
+        const TestAuthority::Identity identity = newIdentity();
         encryption = QStringLiteral("ssl; ssl_certificate %1; ssl_certificate_key %2")
                          .arg(identity.certificate, identity.key);
     }
@@ -157,6 +157,10 @@ QStringList ForeignServer::nginx() {
           NginxConfiguration.arg(m_folder.path()).arg(m_port).arg(encryption, Realm));
     return {QStringLiteral("nginx"), QStringLiteral("-p"), m_folder.path(), QStringLiteral("-c"),
             path(QStringLiteral("conf"))};
+}
+
+TestAuthority::Identity ForeignServer::newIdentity() const {
+    return m_authority->issue(QStringLiteral("DNS:localhost,IP:127.0.0.1"));
 }
 
 QStringList ForeignServer::lighttpd() {
@@ -177,11 +181,18 @@ QStringList ForeignServer::rclone() const {
     } else if (m_kind == Kind::RcloneCrypt) {
         remote = QStringLiteral(":crypt,remote=%1,password=%2:").arg(remote, obscured(Password));
     }
-    return {QStringLiteral("rclone"),         QStringLiteral("serve"),
-            QStringLiteral("webdav"),         remote,
-            QStringLiteral("--config="),      QStringLiteral("--addr=127.0.0.1:%1").arg(m_port),
-            QStringLiteral("--user=") + User, QStringLiteral("--pass=") + Password,
-            QStringLiteral("--baseurl=dav")};
+    QStringList words{
+        QStringLiteral("rclone"),         QStringLiteral("serve"),
+        QStringLiteral("webdav"),         remote,
+        QStringLiteral("--config="),      QStringLiteral("--addr=127.0.0.1:%1").arg(m_port),
+        QStringLiteral("--user=") + User, QStringLiteral("--pass=") + Password,
+        QStringLiteral("--baseurl=dav")};
+    if (m_authority) {
+        const TestAuthority::Identity identity = newIdentity();
+        words += {QStringLiteral("--cert=") + identity.certificate,
+                  QStringLiteral("--key=") + identity.key};
+    }
+    return words;
 }
 
 QStringList ForeignServer::sabreDAV() {

@@ -21,6 +21,8 @@ public:
         LighttpdDigest,
         /// "rclone serve webdav" for a folder.
         Rclone,
+        /// The same with TLS.
+        RcloneTLS,
         /// The same for its backend "memory", which has buckets like an object store.
         RcloneMemory,
         /// The same for its backend "crypt", which encrypts names and contents.
@@ -44,6 +46,7 @@ private:
     QStringList rclone() const;
     QStringList sabreDAV();
     QStringList command();
+    TestAuthority::Identity newIdentity() const;
     void writePasswords() const;
     void write(const QString &name, const QString &text) const;
     QString path(const QString &name) const { return m_folder.filePath(name); }

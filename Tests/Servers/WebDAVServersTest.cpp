@@ -1,11 +1,14 @@
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Locations/EngineSyncState.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Host/InboxUUID.h"
 #include "Servers/ForeignServer.h"
 #include "Support/Compaction.h"
 #include "Support/Failure.h"
+#include "Support/Patience.h"
 #include "Support/Replica.h"
 #include "Support/RunSession.h"
+#include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "Support/TestWebDAVStore.h"
 #include "Support/Verification.h"
@@ -17,6 +20,8 @@ class WebDAVServersTest : public QObject {
     Q_OBJECT
 private:
     static constexpr int Edits = 20;
+    /// How often somebody sits down at one of the two computers.
+    static constexpr int Visits = 4;
 
     std::unique_ptr<ForeignServer> m_server;
     std::shared_ptr<WebDAVStore> m_store;
@@ -48,6 +53,7 @@ private:
         QTest::newRow("lighttpd") << Kind::Lighttpd;
         QTest::newRow("lighttpd, Digest") << Kind::LighttpdDigest;
         QTest::newRow("rclone") << Kind::Rclone;
+        QTest::newRow("rclone, TLS") << Kind::RcloneTLS;
         QTest::newRow("rclone, memory") << Kind::RcloneMemory;
         QTest::newRow("rclone, crypt") << Kind::RcloneCrypt;
         QTest::newRow("SabreDAV, Digest") << Kind::SabreDAV;
@@ -58,6 +64,38 @@ private:
         m_server = std::make_unique<ForeignServer>(kind);
         m_store = webDAVStoreWithoutEngine(m_server->URLText(path));
         QCOMPARE(description(m_store->open(m_future)), QString());
+    }
+
+    std::shared_ptr<QVSyncState> stateOf(TestHost &host) const {
+        const QString URLText = m_server->URLText(QStringLiteral("Engines.qvSyncStore"));
+        const auto locations = host.locations().syncLocations();
+        const auto location = locations.isEmpty() ? host.addLocation(URLText) : locations.first();
+        auto state = host.addState(location, host.inbox());
+        state->setEnabled(true);
+        host.save();
+        return state;
+    }
+
+    /// Returns the error; empty if there is none.
+    static QString synchronize(TestHost &host, const std::shared_ptr<QVSyncState> &state) {
+        bool isDone = false;
+        host.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+            {state}, [&] { isDone = true; });
+        if (!QTest::qWaitFor([&] { return isDone; }, Patience)) {
+            return QStringLiteral("not ended");
+        }
+        const auto &result = std::dynamic_pointer_cast<EngineSyncState>(state)->lastResult();
+        return result ? description(result->error) : QStringLiteral("no result");
+    }
+
+    static QStringList titles(TestHost &host) {
+        QStringList titles;
+        const QList<Note> notes = host.inbox()->notes().value();
+        for (const Note &note : notes) {
+            titles.append(note.title);
+        }
+        titles.sort();
+        return titles;
     }
 
 private Q_SLOTS:
@@ -86,6 +124,26 @@ private Q_SLOTS:
         const QByteArray large(3 << 20, 'x');
         QCOMPARE(m_store->writeIfAbsent(name, large, m_future), Expected<Written>(Written::New));
         QCOMPARE(m_store->read(name, large.size(), m_future), Expected<QByteArray>(large));
+    }
+
+    void twoEnginesHaveTheSameNotes_data() { addServers(); }
+    void twoEnginesHaveTheSameNotes() {
+        start(QStringLiteral("Engines.qvSyncStore"));
+        TestHost host;
+        QStringList expected;
+        for (int i = 0; i < Visits; ++i) {
+            host.goToComputer(QStringLiteral("Computer %1").arg(i % 2));
+            const auto state = stateOf(host);
+            QCOMPARE(synchronize(host, state), QString());
+            QCOMPARE(titles(host), expected);
+            for (int j = 0; j < 2; ++j) {
+                // The later of them find connections of the earlier ones.
+                Note note{{}, QStringLiteral("Note %1.%2").arg(i).arg(j), QStringLiteral("x"), {}};
+                QVERIFY(host.inbox()->saveNote(note));
+                expected.append(note.title);
+                QCOMPARE(synchronize(host, state), QString());
+            }
+        }
     }
 
     void twoComputersHaveTheSameNotes_data() { addServers(); }
