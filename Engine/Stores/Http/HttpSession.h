@@ -17,8 +17,9 @@ class HttpConnection;
 /// settings accept it, too (see HttpConnection::isAccepted()). Thread-safe; no function blocks.
 class HttpSession {
 public:
-    /// Maximum number of idle connections of one session.
-    static constexpr size_t MostConnections = 8;
+    /// Maximum number of idle connections of one session: a synchronization sends eleven requests
+    /// at a time if nothing has changed.
+    static constexpr size_t MostConnections = 12;
     /// The time after which an idle connection is not used any more, by the clock of the system: a
     /// computer that has slept may have another network.
     static constexpr std::chrono::milliseconds IdleTime = std::chrono::minutes(1);
