@@ -89,7 +89,7 @@ private:
     }
     /// Ticks the first location for the inbox, which is selected, and sets its schedule.
     void tick(const ShownProgram &program) const {
-        constexpr QPoint firstLocation(423, 58);
+        constexpr QPoint firstLocation(409, 61);
         constexpr QPoint whenOpened(568, 441);
         constexpr QPoint whenClosed(568, 469);
         constexpr QPoint everyHour(37, 442);
