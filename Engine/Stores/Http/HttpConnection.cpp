@@ -74,6 +74,8 @@ Expected<HttpResponse> HttpConnection::exchange(const HttpRequest &request,
     m_error.reset();
     configure(request);
     const CURLcode code = m_isConfigured ? run(future) : CURLE_FAILED_INIT;
+    // A kept connection has no secret of the request.
+    m_headers.reset();
     if (m_error) {
         return failure(*m_error);
     }
