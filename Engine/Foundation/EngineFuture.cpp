@@ -54,9 +54,10 @@ void EngineFuture::passControlToFuture(const std::shared_ptr<PZFuture> &future) 
     cascadeCancellationToFuture(future);
 }
 
-void EngineFuture::finish() {
+bool EngineFuture::finish() {
     const std::lock_guard lock(mutex);
     m_isFinished = true;
+    return !m_isCancelled;
 }
 
 void EngineFuture::attach(const std::shared_ptr<PZFuture> &future) {

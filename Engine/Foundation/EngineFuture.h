@@ -34,8 +34,9 @@ public:
     /// Marks the operation as finished: `isCancelled` does not change any more and no callback
     /// runs, unless control is passed to another future. Futures attached to this one are still
     /// cancelled with it. Must be called by the operation itself, before its handler, so that a
-    /// late cancel() has no effect on what the handler reports. Idempotent.
-    void finish();
+    /// late cancel() has no effect on what the handler reports. Idempotent. Returns whether it was
+    /// not cancelled before.
+    bool finish();
 
     /// Returns the token that is notified when this future is cancelled. A std::stop_callback made
     /// with it runs its function exactly once: in `cancel`, on the thread that calls it, or at once

@@ -10,6 +10,19 @@
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
 
+namespace {
+
+/// Finishes `future`. Returns `result`, or an error if the operation was cancelled before.
+template <class Value>
+Expected<Value> outcome(Expected<Value> result, EngineFuture &future) {
+    if (!future.finish() && result) {
+        return failure(operationCancelled());
+    }
+    return result;
+}
+
+}  // namespace
+
 EngineStore::EngineStore(const std::shared_ptr<QVSyncLocation> &location,
                          std::shared_ptr<StoreOperations> operations)
     : m_location(location), m_operations(std::move(operations)), m_URL(location->URL()) {}
@@ -26,9 +39,8 @@ EngineStore::~EngineStore() {
 std::shared_ptr<PZFuture> EngineStore::openWithCompletionHandler(ErrorHandler handler) {
     return m_operations->start(
         [store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
-            const Expected<void> opened = store->openUnlessCancelled(future);
+            const Expected<void> opened = outcome(store->openUnlessCancelled(future), future);
             store->m_isOpen = opened.has_value();
-            future.finish();
             handler(opened ? std::nullopt : std::optional(opened.error()));
         });
 }
@@ -37,8 +49,7 @@ std::shared_ptr<PZFuture> EngineStore::fetchDatabasesWithCompletionHandler(
     DatabasesHandler handler) {
     return m_operations->start(
         [store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
-            const Expected<Fetched> fetched = store->fetchUnlessCancelled(future);
-            future.finish();
+            const Expected<Fetched> fetched = outcome(store->fetchUnlessCancelled(future), future);
             if (fetched) {
                 handler(fetched->databases, fetched->problem);
             } else {
@@ -51,8 +62,8 @@ std::shared_ptr<PZFuture> EngineStore::closeWithCompletionHandler(ErrorHandler h
     return m_operations->start(
         [store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
             store->m_isOpen = false;
-            future.finish();
-            handler({});
+            const Expected<void> closed = outcome(Expected<void>(), future);
+            handler(closed ? std::nullopt : std::optional(closed.error()));
         });
 }
 
