@@ -5,6 +5,7 @@
 #include "Host/QVDatabase.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVDropboxSessionManager.h"
+#include "Host/QVHostPlugIn.h"
 #include "Host/QVHourlySchedule.h"
 #include "Host/QVLocationEditing.h"
 #include "Host/QVRemoteDatabase.h"
@@ -38,6 +39,7 @@ QString QVDirectConnectionServer::lastConnectionText(const QString & /*client*/)
     return {};
 }
 QVDropboxSession::~QVDropboxSession() = default;
+QVHostPlugIn::~QVHostPlugIn() = default;
 QVHourlySchedule::~QVHourlySchedule() = default;
 QVLocationEditing::~QVLocationEditing() = default;
 QVRemoteDatabase::~QVRemoteDatabase() = default;

@@ -3,6 +3,30 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/WorkerThreads.h"
 #include "Engine/Profile/ProfileRecovery.h"
+#include "Host/SyncLog.h"
+
+namespace {
+
+/// The application object of an engine without an application. It logs what users would see.
+class ApplicationOfEngine : public QVApplication {
+public:
+    explicit ApplicationOfEngine(const SyncPlugIn &plugIn) : m_plugIn(plugIn) {}
+    std::shared_ptr<QVDatabase> inbox() const override {
+        NoteLibrary *library = m_plugIn.library();
+        return library ? library->inbox() : nullptr;
+    }
+    void logItemCmd(const QString & /*title*/, const QString &info) override {
+        syncLog().message(info);
+    }
+    void presentError(const Error &error) override {
+        syncLog().message(error.localizedDescription);
+    }
+
+private:
+    const SyncPlugIn &m_plugIn;
+};
+
+}  // namespace
 
 Expected<void> VelmoraSyncPlugIn::openProfile(const QString &directory, ProfileUse use) {
     return m_engine->openProfile(directory, FirstContents::Welcome, use);
@@ -50,4 +74,22 @@ bool VelmoraSyncPlugIn::closeProfile() {
 
 NoteLibrary *VelmoraSyncPlugIn::library() const {
     return m_engine ? m_engine->library() : nullptr;
+}
+
+Expected<void> VelmoraSyncPlugIn::begin(const QString &folder) {
+    setNSApp(m_application.get());
+    Expected<void> opened = openProfile(folder, ProfileUse::Edit);
+    if (!opened) {
+        end();
+    }
+    return opened;
+}
+
+void VelmoraSyncPlugIn::end() {
+    closeProfile();
+    setNSApp(nullptr);
+}
+
+std::unique_ptr<QVApplication> VelmoraSyncPlugIn::makeApplication() const {
+    return std::make_unique<ApplicationOfEngine>(*this);
 }

@@ -5,15 +5,17 @@
 #include "Application/Interface/SyncPlugIn.h"
 #include "Engine/Plugin/EngineClasses.h"
 #include "Engine/Plugin/SyncEngine.h"
+#include "Host/QVApplication.h"
+#include "Host/QVHostPlugIn.h"
 
 /// The root object of the engine's plug-in, created by QPluginLoader. It creates the engine and
 /// registers its classes when it is loaded, and destroys both in closeProfile(); it cannot open
-/// another profile afterwards. For the contracts that are not repeated here see SyncPlugIn. Must be
-/// used on the main thread.
-class VelmoraSyncPlugIn : public QObject, public SyncPlugIn {
+/// another profile afterwards. For the contracts that are not repeated here see SyncPlugIn and
+/// QVHostPlugIn. Must be used on the main thread.
+class VelmoraSyncPlugIn : public QObject, public SyncPlugIn, public QVHostPlugIn {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID SyncPlugIn_iid)
-    Q_INTERFACES(SyncPlugIn)
+    Q_INTERFACES(SyncPlugIn QVHostPlugIn)
 public:
     /// A new profile begins with the contents FirstContents::Welcome.
     Expected<void> openProfile(const QString &directory, ProfileUse use) override;
@@ -34,7 +36,16 @@ public:
     /// Returns null unless a profile is open.
     NoteLibrary *library() const override;
 
+    /// Opens a new profile in `folder`, with the contents FirstContents::Welcome. Nothing is
+    /// synchronized or served unless it is asked for.
+    Expected<void> begin(const QString &folder) override;
+    void end() override;
+
 private:
+    std::unique_ptr<QVApplication> makeApplication() const;
+
+    /// The application object of begin().
+    const std::unique_ptr<QVApplication> m_application = makeApplication();
     /// Null after closeProfile().
     std::unique_ptr<SyncEngine> m_engine = std::make_unique<SyncEngine>();
     std::unique_ptr<EngineClasses> m_classes = std::make_unique<EngineClasses>(*m_engine);
