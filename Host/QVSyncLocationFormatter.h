@@ -31,6 +31,7 @@ public:
     /// so that it is sharp on every screen. Never null.
     virtual QPixmap icon() const = 0;
     /// Returns the kind of the location, localized with the table "Sync" from the keys "Dropbox",
-    /// "Local Sync Store", "WebDAV" and "Direct Connection".
+    /// "Local Sync Store", "WebDAV", "Direct Connection" and, for a nil URL or an unknown scheme,
+    /// "Unknown Location".
     virtual QString locationType() const = 0;
 };

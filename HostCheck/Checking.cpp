@@ -1,0 +1,77 @@
+#include "HostCheck/Checking.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QDir>
+#include <QtCore/QTimer>
+#include <QtCore/QUuid>
+#include <chrono>
+
+#include "Host/SyncStoreLayout.h"
+#include "Platform/Foundation/Assertion.h"
+
+void Checking::require(bool isTrue, const char *reason) {
+    if (!isTrue) {
+        throw Broken{reason};
+    }
+}
+
+void Checking::requireOffer(bool isOffered) {
+    if (!isOffered) {
+        throw NotOffered{};
+    }
+}
+
+void Checking::requireAssertion(const std::function<void()> &call, const char *reason) {
+    try {
+        call();
+    } catch (const AssertionFailure &) {
+        return;
+    }
+    throw Broken{reason};
+}
+
+bool Checking::wait(const std::function<bool()> &isTrue) {
+    using namespace std::chrono_literals;
+    const QDeadlineTimer deadline(30s);
+    // Wakes the loop, since what is awaited may happen on any thread.
+    QTimer tick;
+    tick.start(1ms);
+    while (!isTrue()) {
+        if (deadline.hasExpired()) {
+            return false;
+        }
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
+
+QVSyncLocationsController &Checking::list() {
+    auto *list = QVSyncPlugin::plugin()->locationsController();
+    require(list != nullptr, "the plug-in has no list of locations");
+    return *list;
+}
+
+QVSyncDispatcher &Checking::dispatcher() {
+    auto *dispatcher = QVSyncPlugin::plugin()->dispatcher();
+    require(dispatcher != nullptr, "the plug-in has no dispatcher");
+    return *dispatcher;
+}
+
+std::shared_ptr<QVSyncLocation> Checking::newLocation(const Url &URL) {
+    auto location = classObject<QVSyncLocation::Class>("QVSyncLocation").syncLocationWithURL(URL);
+    require(location != nullptr, "no location was made");
+    return location;
+}
+
+QString Checking::newUUID() {
+    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+Url Checking::makeStore(const QString &path) {
+    const QString store = path + QStringLiteral("/Checked.") + SyncStoreLayout::Extension;
+    for (const QString &folder : SyncStoreLayout::foldersOfStore(store)) {
+        require(QDir().mkdir(folder), "the check could not make a folder for temporary files");
+    }
+    return Url::fileURL(store);
+}

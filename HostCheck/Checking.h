@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QtCore/QTemporaryDir>
+#include <functional>
+
+#include "Host/QVSyncDispatcher.h"
+#include "Host/QVSyncLocation.h"
+#include "Host/QVSyncLocationsController.h"
+#include "Host/QVSyncPlugin.h"
+
+/// What the checks share. All of it must be used on the main thread.
+namespace Checking {
+
+/// Thrown if a promise is broken. `reason` is a constant.
+struct Broken {
+    const char *reason;
+};
+/// Thrown if the host does not offer that of which the promise speaks.
+struct NotOffered {};
+
+/// Throws Broken with `reason`, which must be a constant, unless `isTrue`.
+void require(bool isTrue, const char *reason);
+/// Throws NotOffered unless `isOffered`.
+void requireOffer(bool isOffered);
+/// Throws Broken with `reason` unless `call` raises an AssertionFailure.
+void requireAssertion(const std::function<void()> &call, const char *reason);
+/// Runs the event loop until `isTrue` returns true, for half a minute at most. Returns whether it
+/// did.
+bool wait(const std::function<bool()> &isTrue);
+
+/// Returns the class object `name`. Throws NotOffered if the host has none.
+template <class ClassObject>
+ClassObject &classObject(const char *name) {
+    auto *found = optionalHostClass<ClassObject>(QString::fromUtf8(name));
+    requireOffer(found != nullptr);
+    return *found;
+}
+
+QVSyncLocationsController &list();
+QVSyncDispatcher &dispatcher();
+
+/// Returns a new location with this address. Throws NotOffered if the host makes no locations.
+std::shared_ptr<QVSyncLocation> newLocation(const Url &URL = Url());
+/// Returns a UUID that no database has.
+QString newUUID();
+
+/// Makes an empty sync store in the folder `path`, and returns its address.
+Url makeStore(const QString &path);
+
+/// An empty sync store in a folder, which is removed with this object, and a new location of it.
+struct Folder {
+    const QTemporaryDir folder;
+    const Url URL = makeStore(folder.path());
+    const std::shared_ptr<QVSyncLocation> location = newLocation(URL);
+};
+
+/// A new location of a folder, and a new state of a database that does not exist.
+struct NewState {
+    Folder folder;
+    const std::shared_ptr<QVSyncLocation> location = folder.location;
+    std::shared_ptr<QVSyncState> state =
+        location->addStateForDatabaseWithUUID(newUUID(), QStringLiteral("Checked"));
+};
+
+}  // namespace Checking

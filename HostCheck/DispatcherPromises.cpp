@@ -1,0 +1,258 @@
+#include "HostCheck/DispatcherPromises.h"
+
+#include <QtCore/QMetaMethod>
+
+#include "Host/InboxUUID.h"
+#include "Host/QVApplication.h"
+#include "Host/QVDatabase.h"
+#include "Host/QVSyncProgress.h"
+#include "Host/QVUnsentChanges.h"
+#include "HostCheck/Checking.h"
+#include "HostCheck/Handler.h"
+
+using namespace Checking;
+
+namespace DispatcherPromises {
+namespace {
+
+constexpr char Header[] = "Host/QVSyncDispatcher.h";
+constexpr char Progress[] = "Host/QVSyncProgress.h";
+
+/// A handler that the dispatcher has, unless it was called already.
+struct Synchronization : Handler<> {
+    explicit Synchronization(const QVSyncStates &states) {
+        dispatcher().performSynchronizationsWithSynchronizationStates(states, function());
+        didReturn();
+    }
+};
+
+struct CleanUp : Handler<> {
+    explicit CleanUp(const std::shared_ptr<QVSyncState> &state) {
+        dispatcher().cleanRemoteStoreWithSynchronizationState(state, function());
+        didReturn();
+    }
+};
+
+/// The enabled state of the inbox at a new location.
+struct InboxState {
+    Folder folder;
+    const std::shared_ptr<QVSyncState> state =
+        folder.location->addStateForDatabaseWithUUID(InboxUUID, QStringLiteral("Inbox"));
+
+    InboxState() {
+        list().insertObjectInSyncLocationsAtIndex(folder.location, 0);
+        state->setEnabled(true);
+    }
+    ~InboxState() {
+        list().removeObjectFromSyncLocationsAtIndex(
+            list().syncLocations().indexOf(folder.location));
+    }
+    InboxState(const InboxState &) = delete;
+    InboxState &operator=(const InboxState &) = delete;
+};
+
+/// A state of a location that no host has made.
+class ForeignState : public QVSyncState {
+public:
+    QString databaseUUID() const override { return InboxUUID; }
+    QString databaseName() const override { return {}; }
+    std::shared_ptr<QVSyncLocation> destination() const override { return nullptr; }
+    bool isEnabled() const override { return true; }
+    void setEnabled(bool /*enabled*/) override {}
+    QVSyncSchedulePtr schedule() const override { return nullptr; }
+    void setSchedule(const QVSyncSchedulePtr & /*schedule*/) override {}
+    bool syncOnOpen() const override { return false; }
+    void setSyncOnOpen(bool /*syncOnOpen*/) override {}
+    bool syncOnClose() const override { return false; }
+    void setSyncOnClose(bool /*syncOnClose*/) override {}
+    QDateTime lastSynced() const override { return {}; }
+};
+
+void noStatesEndOnce() {
+    Synchronization({}).requireOneCall();
+}
+
+void handlerIsCalledOnTheMainThread() {
+    const NewState added;
+    Synchronization none({});
+    Synchronization one({added.state});
+    none.requireCall();
+    one.requireCall();
+    require(none.wasCalledOnMainThread() && one.wasCalledOnMainThread(),
+            "the handler is called on another thread");
+}
+
+void handlerIsCalledLater() {
+    const NewState added;
+    Synchronization none({});
+    Synchronization one({added.state});
+    none.requireCall();
+    one.requireCall();
+    require(!none.wasCalledWithinCall() && !one.wasCalledWithinCall(),
+            "the handler is called from within the function");
+}
+
+void duplicatesEndOnce() {
+    const InboxState added;
+    Synchronization({added.state, added.state}).requireOneCall();
+}
+
+void disabledStatesAreSkipped() {
+    const InboxState added;
+    added.state->setEnabled(false);
+    Synchronization({added.state}).requireOneCall();
+    require(!added.state->lastSynced().isValid(), "a disabled state is synchronized");
+}
+
+void statesWithoutLocationAreSkipped() {
+    std::shared_ptr<QVSyncState> state;
+    {
+        const NewState added;
+        added.state->setEnabled(true);
+        state = added.state;
+    }
+    Synchronization({state}).requireOneCall();
+    require(!state->lastSynced().isValid(), "a state without a location is synchronized");
+}
+
+void foreignStatesAreSkipped() {
+    Synchronization({std::make_shared<ForeignState>()}).requireOneCall();
+}
+
+void everyHandlerIsCalled() {
+    const InboxState added;
+    Synchronization first({added.state});
+    Synchronization second({added.state});
+    first.requireOneCall();
+    second.requireOneCall();
+}
+
+void dateIsAnnounced() {
+    const InboxState added;
+    int count = 0;
+    QObject::connect(added.state.get(), &QVSyncState::lastSyncedChanged, [&] { ++count; });
+    Synchronization({added.state}).requireCall();
+    requireOffer(added.state->lastSynced().isValid());
+    require(count > 0, "the date has changed without an announcement");
+}
+
+void nullIsNotCleaned() {
+    CleanUp(nullptr).requireOneCall();
+}
+
+void disabledStateIsNotCleaned() {
+    const NewState added;
+    CleanUp(added.state).requireOneCall();
+}
+
+void cleanUpEndsOnce() {
+    const InboxState added;
+    CleanUp(added.state).requireOneCall();
+}
+
+void idleDispatcherDoesNothing() {
+    Synchronization({}).requireCall();
+    require(dispatcher().activity().isEmpty(), "the dispatcher says that it does something");
+}
+
+QMetaProperty progressProperty() {
+    const QMetaObject *meta = dispatcher().metaObject();
+    const int index = meta->indexOfProperty(QVSyncProgress::Key);
+    requireOffer(index >= 0);
+    return meta->property(index);
+}
+
+void progressIsAnnounced() {
+    require(progressProperty().hasNotifySignal(), "the property has no NOTIFY signal");
+    require(progressProperty().metaType() == QMetaType::fromType<QVSyncProgress>(),
+            "the property is of another type");
+}
+
+void progressHasTheActivity() {
+    progressProperty();
+    const InboxState added;
+    Synchronization running({added.state});
+    require(QVSyncProgress::of(&dispatcher()).activity == dispatcher().activity(),
+            "the progress has another text");
+    running.requireCall();
+}
+
+void stoppedDispatcherIsIdle() {
+    requireOffer(QVSyncProgress::canStop(&dispatcher()));
+    const InboxState added;
+    Synchronization running({added.state});
+    running.willCall();
+    QVSyncProgress::stop(&dispatcher());
+    running.didReturn();
+    require(dispatcher().activity().isEmpty(), "it does something after it was stopped");
+    running.requireOneCall();
+    require(!running.wasCalledWithinCall(), "stopping calls a handler");
+}
+
+void absentDatabaseHasNothingToSend() {
+    requireOffer(dynamic_cast<QVUnsentChanges *>(&dispatcher()) != nullptr);
+    const NewState added;
+    const Expected<bool> isUnsent = QVUnsentChanges::in(*added.state, &dispatcher());
+    require(isUnsent.has_value(), "it fails");
+    require(!*isUnsent, "a database that does not exist has something to send");
+}
+
+constexpr char Performed[] =
+    "calls `handler` once when all these synchronizations have ended, successfully or not: on the "
+    "main thread, since it updates the user interface, and never from within this function.";
+constexpr char Skipped[] =
+    "Disabled states, and those whose location has been destroyed or is not one of this host, are "
+    "skipped.";
+constexpr char NotCleaned[] =
+    "If `state` is null or disabled, or its location has been destroyed, nothing is cleaned and "
+    "`handler` is called all the same.";
+
+constexpr HostPromise Promises[] = {
+    {"QVSyncDispatcher.cleanRemoteStoreWithSynchronizationState", Header,
+     "`handler`, which must not be empty, is called once when that has succeeded or failed.",
+     &cleanUpEndsOnce},
+    {"QVSyncDispatcher.cleanRemoteStoreWithSynchronizationState (null)", Header, NotCleaned,
+     &nullIsNotCleaned},
+    {"QVSyncDispatcher.cleanRemoteStoreWithSynchronizationState (disabled)", Header, NotCleaned,
+     &disabledStateIsNotCleaned},
+    {"QVSyncDispatcher.performSynchronizations (once)", Header, Performed, &noStatesEndOnce},
+    {"QVSyncDispatcher.performSynchronizations (thread)", Header, Performed,
+     &handlerIsCalledOnTheMainThread},
+    {"QVSyncDispatcher.performSynchronizations (later)", Header, Performed, &handlerIsCalledLater},
+    {"QVSyncDispatcher.performSynchronizations (duplicates)", Header,
+     "`states` may be empty and contain duplicates; no entry may be null.", &duplicatesEndOnce},
+    {"QVSyncDispatcher.performSynchronizations (disabled)", Header, Skipped,
+     &disabledStatesAreSkipped},
+    {"QVSyncDispatcher.performSynchronizations (destroyed)", Header, Skipped,
+     &statesWithoutLocationAreSkipped},
+    {"QVSyncDispatcher.performSynchronizations (foreign)", Header, Skipped,
+     &foreignStatesAreSkipped},
+    {"QVSyncDispatcher.performSynchronizations (waiting)", Header,
+     "asking again for a job that is still waiting does not add another one, but every handler is "
+     "called.",
+     &everyHandlerIsCalled},
+    {"QVSyncState.lastSynced (announced)", "Host/QVSyncState.h",
+     "Emitted within the setter of that name; lastSyncedChanged() by the host.", &dateIsAnnounced},
+    {"QVSyncDispatcher.activity", Header,
+     "Returns a localized description of what the dispatcher is doing, or an empty text if it is "
+     "idle.",
+     &idleDispatcherDoesNothing},
+    {"QVSyncProgress.progress", Progress,
+     "the property \"progress\" of the type QVSyncProgress, with a NOTIFY signal",
+     &progressIsAnnounced},
+    {"QVSyncProgress.activity", Progress, "The same text as QVSyncDispatcher::activity().",
+     &progressHasTheActivity},
+    {"QVSyncProgress.stop", Progress,
+     "The dispatcher is idle when it returns, and the handlers of the jobs are called later.",
+     &stoppedDispatcherIsIdle},
+    {"QVUnsentChanges.hasUnsentChanges", "Host/QVUnsentChanges.h",
+     "false if the database is not on this computer.", &absentDatabaseHasNothingToSend},
+};
+
+}  // namespace
+
+QList<HostPromise> all() {
+    return {std::begin(Promises), std::end(Promises)};
+}
+
+}  // namespace DispatcherPromises

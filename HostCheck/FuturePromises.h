@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QtCore/QList>
+
+#include "HostCheck/HostPromise.h"
+
+/// The promises about futures.
+namespace FuturePromises {
+
+QList<HostPromise> all();
+
+}  // namespace FuturePromises

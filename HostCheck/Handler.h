@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QtCore/QDeadlineTimer>
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <tuple>
+#include <utility>
+
+#include "HostCheck/Checking.h"
+
+/// A handler whose calls are counted, with the values of the first one. It is final once the host
+/// has destroyed all copies of the handler, since it cannot call it any more. Handlers are made and
+/// their results read on the main thread.
+template <class... Values>
+class Handler {
+    struct Calls {
+        std::atomic<int> count = 0;
+        std::atomic<int> onMainThread = 0;
+        /// Calls on the main thread while the host was being called.
+        std::atomic<int> withinCall = 0;
+        std::atomic<bool> isCalling = true;
+        const std::thread::id mainThread = std::this_thread::get_id();
+        std::mutex mutex;
+        std::optional<std::tuple<Values...>> values;
+    };
+    struct Token {};
+
+public:
+    /// Returns the handler, once.
+    auto function() {
+        return [calls = m_calls, token = std::exchange(m_token, nullptr)](const Values &...values) {
+            const bool isOnMainThread = std::this_thread::get_id() == calls->mainThread;
+            calls->onMainThread += isOnMainThread ? 1 : 0;
+            calls->withinCall += isOnMainThread && calls->isCalling ? 1 : 0;
+            if (calls->count == 0) {
+                const std::lock_guard lock(calls->mutex);
+                calls->values.emplace(values...);
+            }
+            ++calls->count;
+        };
+    }
+    /// Calls on this thread from now on are within a function of the host.
+    void willCall() { m_calls->isCalling = true; }
+    /// Calls from now on are not within one, as they are when the handler is made.
+    void didReturn() { m_calls->isCalling = false; }
+
+    /// Waits until the handler was called or destroyed. Throws Broken if it is not called.
+    void requireCall() {
+        didReturn();
+        const bool isEnded = Checking::wait([this] { return wasCalled() || m_released.expired(); });
+        Checking::require(isEnded && wasCalled(), "a handler was never called");
+    }
+    /// Waits for the end of all calls. Throws Broken unless there was exactly one. A host that
+    /// keeps the handler after the call gets the time of an event.
+    void requireOneCall() {
+        requireCall();
+        constexpr int grace = 500;
+        const QDeadlineTimer deadline(grace);
+        Checking::wait([&] { return m_released.expired() || deadline.hasExpired(); });
+        Checking::require(m_calls->count == 1, "a handler was called more than once");
+    }
+    bool wasCalled() const { return m_calls->count > 0; }
+    bool wasCalledOnMainThread() const { return m_calls->onMainThread > 0; }
+    bool wasCalledWithinCall() const { return m_calls->withinCall > 0; }
+    /// Returns the values of the first call, after requireCall().
+    const std::tuple<Values...> &values() const { return *m_calls->values; }
+
+private:
+    const std::shared_ptr<Calls> m_calls = std::make_shared<Calls>();
+    std::shared_ptr<Token> m_token = std::make_shared<Token>();
+    const std::weak_ptr<Token> m_released = m_token;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QtCore/QList>
+
+#include "HostCheck/HostPromise.h"
+
+/// The promises about stores and their handlers.
+namespace StorePromises {
+
+QList<HostPromise> all();
+
+}  // namespace StorePromises

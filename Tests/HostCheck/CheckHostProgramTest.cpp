@@ -1,0 +1,97 @@
+#include "Support/Patience.h"
+#include "Support/TestMain.h"
+
+namespace {
+
+struct Run {
+    explicit Run(const QStringList &arguments, const QString &variable = {}) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        if (!variable.isEmpty()) {
+            environment.insert(variable, "1");
+        }
+        process.setProcessEnvironment(environment);
+        process.start(CHECK_HOST, arguments);
+        isFinished = process.waitForFinished(Patience);
+        output = process.readAllStandardOutput();
+        error = process.readAllStandardError();
+    }
+    QStringList linesOf(const QString &result) const {
+        return QString::fromUtf8(output).split('\n').filter(
+            QRegularExpression('^' + result + "\\b"));
+    }
+    QProcess process;
+    bool isFinished = false;
+    QByteArray output;
+    QByteArray error;
+};
+
+}  // namespace
+
+class CheckHostProgramTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theEngineKeepsEveryPromise() {
+        const Run run({VELMORA_SYNC_PLUG_IN});
+        QVERIFY(run.isFinished);
+        QCOMPARE(run.linesOf("broken"), QStringList());
+        QCOMPARE(run.linesOf("not offered"), QStringList());
+        QVERIFY2(run.process.exitCode() == 0, run.error.constData());
+        QVERIFY(run.linesOf("kept").size() > 100);
+    }
+
+    void theSmallestHostKeepsWhatItOffers() {
+        const Run run({MINIMAL_HOST_PLUG_IN});
+        QVERIFY(run.isFinished);
+        QCOMPARE(run.linesOf("broken"), QStringList());
+        QVERIFY2(run.process.exitCode() == 0, run.error.constData());
+        QVERIFY(run.linesOf("kept").size() > 60);
+        QVERIFY(!run.linesOf("not offered").isEmpty());
+    }
+
+    void aBrokenHostFailsAsLinesAndAsJSON() {
+        const Run lines({BROKEN_PLUG_IN});
+        QCOMPARE(lines.process.exitCode(), 1);
+        QVERIFY(lines.linesOf("broken").join('\n').contains(
+            "PZFuture.future: Returns a new future that is neither cancelled nor attached to an "
+            "operation. Never null. [no future was made]"));
+        const Run run({"--json", BROKEN_PLUG_IN});
+        QCOMPARE(run.process.exitCode(), 1);
+        QMap<QString, QString> reasons;
+        for (const QJsonValue &each : QJsonDocument::fromJson(run.output).array()) {
+            if (each["result"].toString() == "broken") {
+                reasons.insert(each["key"].toString(), each["reason"].toString());
+                QCOMPARE(each["header"].toString(), QString("Host/PZFuture.h"));
+                QVERIFY(!each["sentence"].toString().isEmpty());
+            }
+        }
+        QCOMPARE(reasons.value("PZFuture.future"), QString("no future was made"));
+        QCOMPARE(reasons.size(), lines.linesOf("broken").size());
+    }
+
+    void aHostThatCannotBeCheckedSaysWhy_data() {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("variable");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("none") << QStringList() << "" << QString("usage:");
+        QTest::newRow("unknown option") << QStringList{"--xml"} << "" << QString("usage:");
+        QTest::newRow("missing") << QStringList{"/no/plug-in.so"} << ""
+                                 << QString("/no/plug-in.so");
+        QTest::newRow("other") << QStringList{SYNC_PREFERENCES_PLUG_IN} << ""
+                               << QString("QVHostPlugIn");
+        QTest::newRow("failing") << QStringList{BROKEN_PLUG_IN} << QString("CANNOT_BEGIN")
+                                 << QString("It cannot begin.");
+    }
+    void aHostThatCannotBeCheckedSaysWhy() {
+        QFETCH(const QStringList, arguments);
+        QFETCH(const QString, variable);
+        QFETCH(const QString, reason);
+        const Run run(arguments, variable);
+        QCOMPARE(run.process.exitCode(), 2);
+        QVERIFY2(QString::fromUtf8(run.error).contains(reason), run.error.constData());
+        QCOMPARE(run.output, QByteArray());
+    }
+};
+
+VELMORA_TEST(CheckHostProgramTest)
+#include "CheckHostProgramTest.moc"
