@@ -146,8 +146,8 @@ private Q_SLOTS:
         setDefault(QStringLiteral("QVSyncDebugHigh"), true);
         m_binding.reset();
         qInstallMessageHandler(previous);
-        UserDefaults::remove(QStringLiteral("QVSyncDebug"));
-        UserDefaults::remove(QStringLiteral("QVSyncDebugHigh"));
+        removeDefault(QStringLiteral("QVSyncDebug"));
+        removeDefault(QStringLiteral("QVSyncDebugHigh"));
         QCOMPARE(withOneFlag, QStringList());
         QCOMPARE(messages, QStringList(QStringLiteral("QVBinding deallocated.")));
     }

@@ -93,7 +93,7 @@ void DropboxServer::forget() {
          {Configuration::ApplicationKeyDefault, Configuration::AuthorizeAddressDefault,
           Configuration::TokenAddressDefault, Configuration::APIAddressDefault,
           Configuration::ContentAddressDefault, Configuration::RedirectPortDefault}) {
-        UserDefaults::remove(key);
+        removeDefault(key);
     }
 }
 

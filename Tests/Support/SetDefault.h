@@ -10,3 +10,10 @@ inline void setDefault(const QString &key, const QVariant &value) {
         qFatal("%s", qPrintable(set.error().localizedFailureReason));
     }
 }
+
+/// Removes a default that a test has set.
+inline void removeDefault(const QString &key) {
+    if (const auto removed = UserDefaults::remove(key); !removed) {
+        qFatal("%s", qPrintable(removed.error().localizedFailureReason));
+    }
+}

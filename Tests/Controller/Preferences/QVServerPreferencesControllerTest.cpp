@@ -17,6 +17,7 @@
 #include "Support/KeychainRemoval.h"
 #include "Support/ScriptedHost.h"
 #include "Support/SecretService.h"
+#include "Support/SetDefault.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -105,7 +106,7 @@ private Q_SLOTS:
         m_realHost.reset();
         m_host.reset();
         for (const QString &key : {PortNumberKey, EnabledKey}) {
-            UserDefaults::remove(key);
+            removeDefault(key);
         }
         // What a test has authorized must not outlive it.
         ScriptedHost host;

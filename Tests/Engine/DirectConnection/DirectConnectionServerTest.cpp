@@ -231,8 +231,8 @@ private Q_SLOTS:
         for (const QString &account : keychain.accounts(service).value_or(QStringList())) {
             KeychainRemoval::removeFirst(keychain, service.toUtf8(), account.toUtf8());
         }
-        UserDefaults::remove(PortNumberKey);
-        UserDefaults::remove(EnabledKey);
+        removeDefault(PortNumberKey);
+        removeDefault(EnabledKey);
         m_person.reset();
         m_host.reset();
     }

@@ -194,8 +194,8 @@ private Q_SLOTS:
         m_location.reset();
         QCoreApplication::processEvents();
         m_host->restart();
-        UserDefaults::remove(QStringLiteral("QVDirectConnectionServerPortNumber"));
-        UserDefaults::remove(QStringLiteral("QVDirectConnectionServerEnabled"));
+        removeDefault(QStringLiteral("QVDirectConnectionServerPortNumber"));
+        removeDefault(QStringLiteral("QVDirectConnectionServerEnabled"));
         m_location = m_host->locations().syncLocations().first();
         setNSApp(m_person.get());
         QCOMPARE(description(open(newStore())), QString());

@@ -56,8 +56,8 @@ private Q_SLOTS:
             [this](const Notification & /*notification*/) { ++m_fired; });
     }
     void cleanup() {
-        UserDefaults::remove(DefaultsKeys::DirectConnectionServerEnabled);
-        UserDefaults::remove(DefaultsKeys::DirectConnectionServerPortNumber);
+        removeDefault(DefaultsKeys::DirectConnectionServerEnabled);
+        removeDefault(DefaultsKeys::DirectConnectionServerPortNumber);
         NotificationCenter::defaultCenter().removeObserver(this);
         m_host.reset();
     }

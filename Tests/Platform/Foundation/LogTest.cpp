@@ -48,8 +48,8 @@ class LogTest : public QObject {
 
 private Q_SLOTS:
     void init() {
-        UserDefaults::remove(debugKey);
-        UserDefaults::remove(highKey);
+        removeDefault(debugKey);
+        removeDefault(highKey);
     }
 
     void nothingIsWrittenUnlessAskedFor() {

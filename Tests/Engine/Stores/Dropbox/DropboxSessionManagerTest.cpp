@@ -458,7 +458,7 @@ private Q_SLOTS:
     }
 
     void withoutAnApplicationKeyItSaysSo() {
-        UserDefaults::remove(DropboxConfiguration::ApplicationKeyDefault);
+        removeDefault(DropboxConfiguration::ApplicationKeyDefault);
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->description(),
