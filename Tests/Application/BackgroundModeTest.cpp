@@ -129,15 +129,6 @@ private Q_SLOTS:
         const NotificationService::Message message = m_notifications->messages().first();
         QCOMPARE(message.title, QStringLiteral("A synchronization failed"));
         QVERIFY(message.text.contains(store()));
-        // A success ends the failure; the next one is a first one again.
-        for (const char *folder : {"/databases", "/transactions"}) {
-            QVERIFY(QDir().mkpath(store() + QLatin1StringView(folder)));
-        }
-        choose(QStringLiteral("Sync All Now"));
-        QVERIFY(isStateShown(QStringLiteral("All up to date")));
-        QVERIFY(QDir(store()).removeRecursively());
-        choose(QStringLiteral("Sync All Now"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->messages().size(), 2, Patience);
         m_program->terminate();
         QVERIFY(m_program->awaitEnd());
     }
