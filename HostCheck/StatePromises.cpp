@@ -100,7 +100,7 @@ void destinationIsNotOwned() {
         const NewState added;
         state = added.state;
     }
-    require(!state->destination(), "a location that nobody else holds is still there");
+    require(!state->destination(), "a location without other owners still exists");
 }
 
 void locationKeepsItsStates() {

@@ -87,7 +87,7 @@ bool DirectConnectionListener::hasMemory(quint64 number) {
     if (!isLeft) {
         m_waiting.push_back(number);
     }
-    // Whoever gets memory may use it for that time.
+    // A session that gets memory may use it for that time.
     if (!m_waiting.empty() && (isLeft || !m_shortage.isActive())) {
         m_shortage.start();
     }

@@ -14,9 +14,9 @@
 
 namespace {
 
-/// Forwards requests to a server on this computer in rounds: in each, nobody is answered before the
-/// expected number of requests has come. So requests of which one needs the answer of another never
-/// get one.
+/// Forwards requests to a server on this computer in rounds: in each, no response is sent before
+/// the expected number of requests has arrived. So requests of which one needs the response to
+/// another never get one.
 class Rounds {
 public:
     explicit Rounds(quint16 server)

@@ -184,7 +184,7 @@ private Q_SLOTS:
         QFETCH(int, authorized);
         constexpr int count = 6;
         m_password = password;
-        // Nobody is answered before all have asked.
+        // No response is sent before all requests have arrived.
         std::latch everybody(count);
         std::atomic<int> arrived = 0;
         const ScriptedServer server(
