@@ -35,8 +35,9 @@ double Contrast::ratio(const QColor &one, const QColor &other) {
 }
 
 QColor Contrast::blended(const QColor &color, const QColor &ground) {
-    const auto mixed = [&](int over, int under) {
-        return qRound(over * color.alphaF() + under * (1 - color.alphaF()));
+    const double alpha = color.alphaF();
+    const auto mixed = [=](int over, int under) {
+        return qRound(over * alpha + under * (1 - alpha));
     };
     return {mixed(color.red(), ground.red()), mixed(color.green(), ground.green()),
             mixed(color.blue(), ground.blue())};

@@ -179,8 +179,8 @@ void TableView::currentChanged(const QModelIndex &current, const QModelIndex &pr
 
 void TableView::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) {
     // As above.
-    QAbstractItemView::selectionChanged(selected,
-                                        deselected);  // NOLINT(bugprone-parent-virtual-call)
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    QAbstractItemView::selectionChanged(selected, deselected);
     for (const QModelIndex &index : deselected.indexes()) {
         announceRow(index.row(), QAccessible::SelectionRemove);
     }
