@@ -52,7 +52,7 @@ BackgroundMode::BackgroundMode(MainWindow *window, QuitGuard *guard, SyncPlugIn 
     connect(static_cast<VelmoraApplication *>(qApp), &VelmoraApplication::questionShown, this,
             [this](const QString &text) { notify(tr("Velmora asks for a decision"), text); });
     m_hasFailed = m_window->monitor()->summary().failure().has_value();
-    m_conflicts = countOfConflicts().value_or(0);
+    notifyOfConflicts();
     connect(&m_panel, &QDBusServiceWatcher::serviceUnregistered, this, &BackgroundMode::losePanel);
     connect(&m_panel, &QDBusServiceWatcher::serviceRegistered, this, &BackgroundMode::findPanel);
     apply(isWanted && hasPlace());
@@ -170,13 +170,20 @@ void BackgroundMode::notifyOfChanges() {
         notify(tr("A synchronization failed"), failure->localizedDescription);
     }
     m_hasFailed = failure.has_value();
-    // The window presents that notes cannot be read.
-    const qint64 conflicts = countOfConflicts().value_or(m_conflicts);
-    if (conflicts > m_conflicts) {
+    notifyOfConflicts();
+}
+
+void BackgroundMode::notifyOfConflicts() {
+    const Expected<qint64> conflicts = countOfConflicts();
+    if (!conflicts) {
+        // The window presents that notes cannot be read.
+        return;
+    }
+    if (m_conflicts && *conflicts > *m_conflicts) {
         notify(tr("A note was edited in two places"),
                tr("Velmora has kept both edits. Open the note to choose one."));
     }
-    m_conflicts = conflicts;
+    m_conflicts = *conflicts;
 }
 
 Expected<qint64> BackgroundMode::countOfConflicts() const {

@@ -47,6 +47,8 @@ private:
     void pauseUntil(const QDateTime &end);
     /// Notifies the user when the first synchronization fails, and of new conflicts.
     void notifyOfChanges();
+    /// Notifies the user if there are more conflicts than when they could be read last.
+    void notifyOfConflicts();
     /// Returns the number of notes with conflicting edits.
     Expected<qint64> countOfConflicts() const;
     /// Shows a notification if the setting is on and the user is working in another program.
@@ -65,6 +67,6 @@ private:
     /// Ends the pause.
     QTimer m_pauseTimer;
     bool m_hasFailed = false;
-    /// The number of notes with conflicting edits when it could be read last.
-    qint64 m_conflicts = 0;
+    /// The number of notes with conflicting edits when it could be read last. Empty before.
+    std::optional<qint64> m_conflicts;
 };
