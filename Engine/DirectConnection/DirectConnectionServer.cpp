@@ -220,13 +220,15 @@ QVariantList DirectConnectionServer::databases() const {
 }
 
 QString DirectConnectionServer::lastConnectionText(const QString &client) const {
-    const QVariant time =
-        ProfileSettings::value(m_profile, ConnectionKey + client).value_or(QVariant());
-    if (!time.isValid()) {
+    const Expected<QVariant> time = ProfileSettings::value(m_profile, ConnectionKey + client);
+    if (!time) {
+        QVJobLog::logMessage(time.error().localizedDescription);
+    }
+    if (!time || !time->isValid()) {
         return localizedSyncString("Last connected: unknown");
     }
     // Not in words such as "today", which the sheet would still show after midnight.
-    const QDateTime date = QDateTime::fromMSecsSinceEpoch(time.toLongLong());
+    const QDateTime date = QDateTime::fromMSecsSinceEpoch(time->toLongLong());
     return localizedSyncString("Last connected: %1")
         .arg(QLocale().toString(date, QLocale::ShortFormat));
 }
