@@ -37,7 +37,7 @@ StatusLine::StatusLine(SynchronizationMonitor *monitor, QWidget *parent)
     layout->addWidget(m_label, 1);
     layout->addWidget(m_stopButton);
     layout->addWidget(m_detailsButton);
-    // The buttons come and go.
+    // The line keeps its height while no button is visible.
     setMinimumHeight(m_stopButton->sizeHint().height());
     connect(m_monitor, &SynchronizationMonitor::changed, this, &StatusLine::showStatus);
     showStatus();

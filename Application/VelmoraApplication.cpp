@@ -60,7 +60,7 @@ void VelmoraApplication::useDesktopAppearance() {
 }
 
 void VelmoraApplication::setDarkAppearance(bool dark) {
-    // It uses every color of the palette.
+    // Other styles do not use every color of the palette.
     setStyle(new OutlineStyle);
     QPalette palette(QColor(0xef, 0xef, 0xef));
     palette.setColor(QPalette::Highlight, QColor(0x22, 0x60, 0xbf));

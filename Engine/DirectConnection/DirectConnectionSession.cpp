@@ -308,7 +308,7 @@ void DirectConnectionSession::sendMore() {
     }
     if (!isAnswering()) {
         Q_EMIT released();
-        // After those that wait.
+        // Later, so that sessions that wait for memory are served first.
         QMetaObject::invokeMethod(this, &DirectConnectionSession::readMore, Qt::QueuedConnection);
     }
 }

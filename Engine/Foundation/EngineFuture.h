@@ -9,7 +9,8 @@
 /// The engine's future: cancels the operation that it stands for and the futures attached to it. An
 /// operation observes its cancellation without polling through `cancellation()`. Must be owned by a
 /// std::shared_ptr if it is attached to another future. Thread-safe. No lock is held while another
-/// future or a callback is called.
+/// future or a callback is called; one lock, held for a few instructions, guards all futures of the
+/// process.
 class EngineFuture : public PZFuture {
 public:
     /// Cancels this future unless its operation has finished, and in any case the attached ones.

@@ -19,7 +19,7 @@ void ParallelCalls::run(qsizetype count, int most,
             threads.emplace_back(work);
         }
     } catch (const std::system_error &) {
-        // Those that were started do all of it.
+        // The threads that could be started, or this one, make all calls.
     }
     work();
     for (std::thread &thread : threads) {

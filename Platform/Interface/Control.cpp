@@ -11,7 +11,7 @@
 namespace {
 constexpr char backgroundStyleProperty[] = "backgroundStyle";
 
-/// Makes the colours of the views in `control` their own, so that they do not inherit others.
+/// Makes the colors of the views in `control` their own, so that they do not inherit others.
 void keepOwnPalettes(const QWidget *control) {
     for (QWidget *view : control->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
         QPalette own = view->palette();

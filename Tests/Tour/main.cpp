@@ -44,16 +44,16 @@ Options parse(const QStringList &arguments) {
                                   QStringLiteral("Write the page and its pictures into DIR."),
                                   QStringLiteral("DIR"));
     const QCommandLineOption appearance(QStringLiteral("appearance"),
-                                        QStringLiteral("Use light or dark colours."),
+                                        QStringLiteral("Use light or dark colors."),
                                         QStringLiteral("light|dark"), QStringLiteral("light"));
     parser.addOptions({tour, appearance});
     parser.process(arguments);
-    const QString colours = parser.value(appearance);
-    const bool isKnown = colours == QStringLiteral("light") || colours == QStringLiteral("dark");
+    const QString colors = parser.value(appearance);
+    const bool isKnown = colors == QStringLiteral("light") || colors == QStringLiteral("dark");
     if (parser.value(tour).isEmpty() || !isKnown || !parser.positionalArguments().isEmpty()) {
         parser.showHelp(EXIT_FAILURE);
     }
-    return {QDir(parser.value(tour)).absolutePath(), colours == QStringLiteral("dark")};
+    return {QDir(parser.value(tour)).absolutePath(), colors == QStringLiteral("dark")};
 }
 
 /// What this display cannot do does not matter here.

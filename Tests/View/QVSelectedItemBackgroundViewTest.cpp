@@ -105,13 +105,13 @@ private Q_SLOTS:
         QLabel nestedDeeper(&nested);
         QPalette red;
         red.setColor(QPalette::WindowText, Qt::red);
-        QLabel coloured(&button);
-        coloured.setPalette(red);
+        QLabel colored(&button);
+        colored.setPalette(red);
         for (const bool selected : {true, false, true}) {
             view.setSelected(selected);
             QCOMPARE(nested.palette().color(QPalette::WindowText), QColor(Qt::black));
             QCOMPARE(nestedDeeper.palette().color(QPalette::WindowText), QColor(Qt::black));
-            QCOMPARE(coloured.palette().color(QPalette::WindowText), QColor(Qt::red));
+            QCOMPARE(colored.palette().color(QPalette::WindowText), QColor(Qt::red));
         }
     }
 

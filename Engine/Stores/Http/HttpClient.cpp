@@ -157,7 +157,7 @@ Expected<HttpClient::Response> HttpClient::exchange(const Request &request,
     if (response) {
         m_session->keepConnection(std::move(connection));
     } else if (isEngineError(response.error(), EngineErrorCode::StoreUnreachable)) {
-        // The others lead to the same network.
+        // The idle connections to this server are probably broken, too.
         m_session->closeConnections();
     }
     return response;
