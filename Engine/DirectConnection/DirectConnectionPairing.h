@@ -31,8 +31,8 @@ struct DirectConnectionPairing {
     static QByteArray random();
     /// Returns the SHA-256 that the client sends first.
     QByteArray commitment() const;
-    /// Returns the code as text: six digits in two groups. All members must be set, the fixed-size
-    /// ones to their size. The groups are separated by a no-break space, so that the code is not
-    /// broken at a line's end.
+    /// Returns the pairing code, which both users compare, as text: six digits in two groups. All
+    /// members must be set, the fixed-size ones to their size. The groups are separated by a
+    /// no-break space, so that the code is not broken at a line's end.
     QString code() const;
 };
