@@ -4,8 +4,8 @@
 #include <chrono>
 #include <memory>
 
+#include "Application/Interface/RemovalUndoTime.h"
 #include "Host/QVSyncState.h"
-#include "Host/RemovalUndoTime.h"
 #include "Platform/Foundation/Expected.h"
 
 class QVSyncLocation;

@@ -3,6 +3,7 @@
 #include <QtCore/QCoreApplication>
 #include <algorithm>
 
+#include "Application/Interface/QVUnsentChanges.h"
 #include "Host/CombinedErrors.h"
 #include "Host/InboxUUID.h"
 #include "Host/QVApplication.h"
@@ -12,7 +13,6 @@
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncResult.h"
-#include "Host/QVUnsentChanges.h"
 #include "Platform/Foundation/RelativeDate.h"
 
 namespace {

@@ -6,7 +6,6 @@
 #include "Host/QVApplication.h"
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncProgress.h"
-#include "Host/QVUnsentChanges.h"
 #include "HostCheck/Checking.h"
 #include "HostCheck/Handler.h"
 
@@ -189,14 +188,6 @@ void stoppedDispatcherIsIdle() {
     require(!running.wasCalledWithinCall(), "stopping calls a handler");
 }
 
-void absentDatabaseHasNothingToSend() {
-    requireOffer(dynamic_cast<QVUnsentChanges *>(&dispatcher()) != nullptr);
-    const NewState added;
-    const Expected<bool> isUnsent = QVUnsentChanges::in(*added.state, &dispatcher());
-    require(isUnsent.has_value(), "it fails");
-    require(!*isUnsent, "a database that does not exist has something to send");
-}
-
 constexpr char Performed[] =
     "calls `handler` once when all these synchronizations have ended, successfully or not: on the "
     "main thread, since it updates the user interface, and never from within this function.";
@@ -245,8 +236,6 @@ constexpr HostPromise Promises[] = {
     {"QVSyncProgress.stop", Progress,
      "The dispatcher is idle when it returns, and the handlers of the jobs are called later.",
      &stoppedDispatcherIsIdle},
-    {"QVUnsentChanges.hasUnsentChanges", "Host/QVUnsentChanges.h",
-     "false if the database is not on this computer.", &absentDatabaseHasNothingToSend},
 };
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <functional>
 
-#include "Host/RemovalUndoTime.h"
+#include "Application/Interface/RemovalUndoTime.h"
 #include "Platform/Foundation/Expected.h"
 
 class EngineLocationKinds;

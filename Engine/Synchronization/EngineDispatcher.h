@@ -2,12 +2,12 @@
 
 #include <QtCore/QTimer>
 
+#include "Application/Interface/QVUnsentChanges.h"
 #include "Engine/Locations/EngineSyncState.h"
 #include "Engine/Synchronization/SyncJob.h"
 #include "Host/QVJobLog.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncProgress.h"
-#include "Host/QVUnsentChanges.h"
 
 class EngineLocationsController;
 

@@ -1,5 +1,6 @@
 #include "Engine/Synchronization/SyncTriggers.h"
 
+#include "Application/Interface/QVUnsentChanges.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Schedules/ScheduleByClock.h"
 #include "Host/InboxUUID.h"
@@ -9,7 +10,6 @@
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncResult.h"
-#include "Host/QVUnsentChanges.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/NotificationCenter.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Host/HostExport.h"
+#include "Application/Interface/InterfaceExport.h"
 #include "Platform/Foundation/Expected.h"
 
 class QVSyncDispatcher;
@@ -10,7 +10,7 @@ class QVSyncState;
 ///
 /// This is an optional addition to QVSyncDispatcher: the dispatcher of a host that has it is also a
 /// QVUnsentChanges. Must be used on the main thread.
-class HOST_EXPORT QVUnsentChanges {
+class INTERFACE_EXPORT QVUnsentChanges {
 public:
     virtual ~QVUnsentChanges();
 

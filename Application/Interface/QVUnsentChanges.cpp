@@ -1,4 +1,4 @@
-#include "Host/QVUnsentChanges.h"
+#include "Application/Interface/QVUnsentChanges.h"
 
 #include "Host/QVSyncDispatcher.h"
 
