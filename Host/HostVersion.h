@@ -6,9 +6,12 @@
 /// `major` work together; a greater `minor` has optional additions only, which the pane looks for
 /// and can do without.
 struct HostVersion {
+    /// Changes when a host or a pane that was compiled before cannot be used any more.
     int major = 0;
+    /// Changes when there is a new optional addition. 0 with each new `major`.
     int minor = 0;
 
+    /// Compares both numbers.
     bool operator==(const HostVersion &) const = default;
 
     /// Returns the version as users know it, such as "1.0".

@@ -8,8 +8,9 @@ namespace LocationSchemes {
 
 /// A folder; the URL has no host, or "localhost".
 inline const QString File = QStringLiteral("file");
-/// WebDAV without and with encryption.
+/// WebDAV without encryption.
 inline const QString Http = QStringLiteral("http");
+/// WebDAV with encryption.
 inline const QString Https = QStringLiteral("https");
 /// A Dropbox account, whose e-mail address follows "dropbox://" without percent encoding.
 inline const QString Dropbox = QStringLiteral("dropbox");

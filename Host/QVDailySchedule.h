@@ -11,6 +11,7 @@ struct HourAndMinute {
     int hour = 0;
     /// 0 to 59.
     int minute = 0;
+    /// Compares the numbers, also if they are out of range.
     bool operator==(const HourAndMinute &) const = default;
 };
 

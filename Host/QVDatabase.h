@@ -22,7 +22,7 @@ public:
     };
     /// Returns the open databases, including the inbox, in the order in which the host shows them.
     /// No entry is null. A change is posted as QVSyncPluginDidOpenDatabase or
-    /// QVSyncPluginDidCloseDatabase.
+    /// QVSyncPluginDidCloseDatabase. Empty if the host has no class "QVDatabase".
     static QList<std::shared_ptr<QVDatabase>> databases();
 
     ~QVDatabase() override;

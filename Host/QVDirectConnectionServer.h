@@ -20,18 +20,23 @@ public:
     /// Registered as "QVDirectConnectionServer".
     class HOST_EXPORT Class : public HostClass {
     public:
-        /// These implement the functions of the same names below.
+        /// Implements QVDirectConnectionServer::URLScheme().
         virtual QString URLScheme() const = 0;
+        /// Implements QVDirectConnectionServer::defaultPort().
         virtual quint16 defaultPort() const = 0;
+        /// Implements QVDirectConnectionServer::bonjourServiceType().
         virtual QString bonjourServiceType() const = 0;
+        /// Implements QVDirectConnectionClientAuthorizationServiceName(). Never empty.
         virtual QString clientAuthorizationServiceName() const = 0;
     };
-    /// Returns the URL scheme of direct-connection locations, in lower case.
+    /// Returns the URL scheme of direct-connection locations, in lower case; a null text if the
+    /// host has no class "QVDirectConnectionServer".
     static QString URLScheme();
-    /// Returns the port that a server uses unless the user chooses another. Never 0.
+    /// Returns the port that a server uses unless the user chooses another; 0 only if the host has
+    /// no such class.
     static quint16 defaultPort();
     /// Returns the service type (RFC 6763, section 7) under which servers are announced on the
-    /// local network.
+    /// local network, such as "_http._tcp"; a null text if the host has no such class.
     static QString bonjourServiceType();
 
     ~QVDirectConnectionServer() override;
@@ -42,7 +47,7 @@ public:
     /// Sets the port and emits portChanged(), also if the port stays the same. 0 selects
     /// defaultPort(). If the server is serving and the port differs, the server is restarted, which
     /// closes its connections; if it cannot listen on the new port, it is stopped and the error
-    /// presented as by startServing(). The port is not saved.
+    /// presented as by startServing(). The port is not saved. Blocks as these two functions do.
     virtual void setPort(quint16 port) = 0;
     /// Returns whether the server accepts connections.
     virtual bool isServing() const = 0;
@@ -71,9 +76,13 @@ public:
     virtual QString lastConnectionText(const QString &client) const;
 
 Q_SIGNALS:
+    /// Emitted after the server was started or stopped, or could not be started.
     void servingChanged();
+    /// Emitted by setPort().
     void portChanged();
+    /// Emitted after addressText() has changed. Optional.
     void addressTextChanged();
+    /// Emitted after databases() has changed. Optional.
     void databasesChanged();
 };
 

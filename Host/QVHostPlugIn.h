@@ -22,5 +22,6 @@ public:
     virtual void end() = 0;
 };
 
+/// Identifies the interface of such a plug-in, for Q_PLUGIN_METADATA.
 #define QVHostPlugIn_iid "QVHostPlugIn/1"
 Q_DECLARE_INTERFACE(QVHostPlugIn, QVHostPlugIn_iid)

@@ -7,24 +7,31 @@
 
 /// What has become of a job, a synchronization or a clean-up, or of a part of it. A value.
 struct QVJobReport {
+    /// How the job, or the part of it, has ended.
     enum class Outcome {
+        /// Without an error.
         Succeeded,
         /// Some items could not be synchronized.
         Partial,
+        /// With an error.
         Failed,
         /// The job was cancelled.
         Stopped,
     };
 
+    /// See Outcome.
     Outcome outcome = Outcome::Succeeded;
-    /// The name of the database and the title of the location.
+    /// The name of the database.
     QString database;
+    /// The title of the location.
     QString location;
     /// When the job was started; invalid if the report is about a part of it.
     QDateTime started = {};
+    /// When it ended.
     QDateTime ended = {};
-    /// The numbers of changes that were read from the location and written to it.
+    /// The number of changes that were read from the location.
     qint64 received = 0;
+    /// The number of changes that were written to the location.
     qint64 sent = 0;
     /// What happened, as complete sentences for the user.
     QString text = {};
@@ -45,7 +52,8 @@ public:
     /// Appends `report` to the log that the user can open.
     virtual void logJob(const QVJobReport &report) = 0;
 
-    /// Passes `report` to the application object, or its text if that keeps no log of jobs.
+    /// Passes `report` to the application object, or its text if that keeps no log of jobs. NSApp()
+    /// must not be null, here and in logMessage().
     static void log(const QVJobReport &report);
     /// Passes `text`, complete sentences for the user about synchronizations that belong to no job,
     /// to QVApplication::logItemCmd under MessageTitle.

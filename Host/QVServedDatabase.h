@@ -27,6 +27,8 @@ public:
     virtual void setServed(bool isServed) = 0;
 
 Q_SIGNALS:
+    /// Emitted after the name has changed.
     void nameChanged();
+    /// Emitted by setServed().
     void servedChanged();
 };

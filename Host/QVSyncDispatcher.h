@@ -40,5 +40,6 @@ public:
     virtual QString activity() const = 0;
 
 Q_SIGNALS:
+    /// Emitted after activity() has changed.
     void activityChanged();
 };

@@ -52,6 +52,8 @@ public:
     virtual std::shared_ptr<QVSyncStore> createStore() = 0;
 
 Q_SIGNALS:
+    /// Emitted by setURL(), once, when URL() returns the new address.
     void URLChanged();
+    /// Emitted by addStateForDatabaseWithUUID(), once, when the states contain the new one.
     void synchronizationStatesChanged();
 };

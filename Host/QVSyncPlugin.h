@@ -23,9 +23,11 @@ public:
     /// Registered as "QVSyncPlugin".
     class HOST_EXPORT Class : public HostClass {
     public:
-        /// These implement the static functions of the same names below.
+        /// Implements QVSyncPlugin::isAvailable().
         virtual bool isAvailable() const = 0;
+        /// Implements QVSyncPlugin::plugin().
         virtual QVSyncPlugin *plugin() const = 0;
+        /// Implements QVSyncPlugin::databaseForUUID().
         virtual std::shared_ptr<QVDatabase> databaseForUUID(
             const QString &UUID, bool lookingUpAllKnownDatabases) const = 0;
     };
@@ -60,7 +62,9 @@ public:
     /// ignored. If the grant cannot be saved, it is not in bookmarkDictionaryKeys() afterwards. The
     /// host presents an error of that. Blocks for the time of a disk write.
     virtual void bookmarkURL(const Url &URL) = 0;
-    /// Withdraws the grant for the folder. Has no effect if there is none.
+    /// Withdraws the grant for the folder. Has no effect if there is none. If that cannot be saved,
+    /// the grant stays in effect, and the host presents an error. Blocks for the time of a disk
+    /// write.
     virtual void removeBookmarkForURL(const Url &URL) = 0;
     /// Returns the paths of the granted folders in the order in which they were granted.
     virtual QStringList bookmarkDictionaryKeys() const = 0;

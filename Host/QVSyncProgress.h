@@ -20,6 +20,7 @@ struct HOST_EXPORT QVSyncProgress {
 
     /// The part of a job that is running.
     enum class Phase {
+        /// No job is running.
         Idle,
         /// Connects to the location and compares what it contains. The extent is not known.
         Preparing,
@@ -33,17 +34,19 @@ struct HOST_EXPORT QVSyncProgress {
         Removing,
     };
 
+    /// What is being done.
     Phase phase = Phase::Idle;
     /// The same text as QVSyncDispatcher::activity().
     QString activity = {};
-    /// The number of records or changes that this phase has done, of `total`; both are 0 if the
-    /// extent is not known.
+    /// The number of records or changes that this phase has done, of `total`.
     qint64 done = 0;
+    /// The number that this phase will do; 0, as `done` is, if the extent is not known.
     qint64 total = 0;
     /// While the dispatcher is idle: what the job that ended last has done, if the user has asked
     /// for it and it is shown nowhere else, such as a clean-up that has succeeded. Otherwise empty.
     QString outcome = {};
 
+    /// Compares all members.
     bool operator==(const QVSyncProgress &) const = default;
 
     /// Returns the progress of `dispatcher`, which must not be null; that of an idle dispatcher if

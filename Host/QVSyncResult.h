@@ -32,12 +32,14 @@ struct HOST_EXPORT QVSyncResult {
     bool isCleanUp = false;
     /// The reason of the failure in a few words, such as "wrong password"; may be empty.
     QString summary;
-    /// The number of changes of notes that the job has read from the location and written to it.
+    /// The number of changes of notes that the job has read from the location.
     qint64 received = 0;
+    /// The number of changes of notes that the job has written to the location.
     qint64 sent = 0;
     /// The number of items that could not be synchronized although the job has succeeded.
     qint64 problems = 0;
 
+    /// Compares all members, errors as Error does.
     bool operator==(const QVSyncResult &) const = default;
 
     /// Returns whether `state`, which must not be null, has results.

@@ -22,10 +22,13 @@ public:
 
     virtual ~QVSyncSchedule();
 
-    /// At most one of these three is true. The schedule can then be cast to the class of that name
-    /// with dynamic_cast or std::dynamic_pointer_cast. Constant.
+    /// Returns whether the schedule is a QVHourlySchedule. At most one of this, isDaily() and
+    /// isWeekly() is true. The schedule can then be cast to the class of that name with
+    /// dynamic_cast or std::dynamic_pointer_cast. Constant.
     virtual bool isHourly() const = 0;
+    /// Returns whether the schedule is a QVDailySchedule, see isHourly().
     virtual bool isDaily() const = 0;
+    /// Returns whether the schedule is a QVWeeklySchedule, see isHourly().
     virtual bool isWeekly() const = 0;
     /// Returns the next date after the current time at which the schedule fires, in local time, or
     /// an invalid date if it never fires. Computed anew in each call. Depends on the clock and the

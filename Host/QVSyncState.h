@@ -49,17 +49,22 @@ public:
     virtual void setSyncOnOpen(bool syncOnOpen) = 0;
     /// Returns whether the database is synchronized when it is closed.
     virtual bool syncOnClose() const = 0;
+    /// Has no effect on a database that is closed already.
     virtual void setSyncOnClose(bool syncOnClose) = 0;
     /// Returns the date of the last successful synchronization, or an invalid date if there was
     /// none. The host updates it on the main thread and saves it by itself.
     virtual QDateTime lastSynced() const = 0;
 
 Q_SIGNALS:
-    /// Emitted within the setter of that name; lastSyncedChanged() by the host.
+    /// Emitted within setEnabled(), when the value is in effect.
     void enabledChanged();
+    /// Emitted within setSchedule(), when the schedule is in effect.
     void scheduleChanged();
+    /// Emitted within setSyncOnOpen(), when the value is in effect.
     void syncOnOpenChanged();
+    /// Emitted within setSyncOnClose(), when the value is in effect.
     void syncOnCloseChanged();
+    /// Emitted on the main thread after the host has changed lastSynced().
     void lastSyncedChanged();
 };
 

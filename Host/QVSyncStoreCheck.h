@@ -32,6 +32,7 @@ struct HOST_EXPORT QVSyncStoreCheck {
 /// An optional addition to QVSyncStore: a store that can be checked is of this class, too.
 class HOST_EXPORT QVCheckableStore {
 public:
+    /// Receives what was found.
     using CheckHandler = std::function<void(const QVSyncStoreCheck &found)>;
 
     virtual ~QVCheckableStore();

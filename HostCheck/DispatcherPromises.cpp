@@ -223,7 +223,7 @@ constexpr HostPromise Promises[] = {
      "called.",
      &everyHandlerIsCalled},
     {"QVSyncState.lastSynced (announced)", "Host/QVSyncState.h",
-     "Emitted within the setter of that name; lastSyncedChanged() by the host.", &dateIsAnnounced},
+     "Emitted on the main thread after the host has changed lastSynced().", &dateIsAnnounced},
     {"QVSyncDispatcher.activity", Header,
      "Returns a localized description of what the dispatcher is doing, or an empty text if it is "
      "idle.",

@@ -5,8 +5,9 @@
 struct HostPromise {
     /// The class, the function, and sometimes the case: "QVSyncState.setEnabled".
     const char *key;
-    /// The path of the header, and the sentences in it that make the promise.
+    /// The path of the header, as it is included.
     const char *header;
+    /// The sentences of the header that make the promise.
     const char *sentence;
     /// Checks the promise with the registered host, as the functions of Checking require.
     void (*check)();

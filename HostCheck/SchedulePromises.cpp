@@ -224,8 +224,8 @@ void daysCountFromSunday() {
 }
 
 constexpr char OneKind[] =
-    "At most one of these three is true. The schedule can then be cast to the class of that name "
-    "with dynamic_cast or std::dynamic_pointer_cast.";
+    "At most one of this, isDaily() and isWeekly() is true. The schedule can then be cast to the "
+    "class of that name with dynamic_cast or std::dynamic_pointer_cast.";
 constexpr char Next[] =
     "Returns the next date after the current time at which the schedule fires, in local time, or "
     "an invalid date if it never fires.";

@@ -72,7 +72,7 @@ void sessionsAreNotNull() {
 
 constexpr HostPromise Promises[] = {
     {"QVDirectConnectionServer.URLScheme", Server,
-     "Returns the URL scheme of direct-connection locations, in lower case.", &schemeIsInLowerCase},
+     "Returns the URL scheme of direct-connection locations, in lower case;", &schemeIsInLowerCase},
     {"QVDirectConnectionServer.port", Server, "Never 0.", &portsAreNotNull},
     {"QVDirectConnectionServer.setPort", Server,
      "Sets the port and emits portChanged(), also if the port stays the same. 0 selects "

@@ -22,9 +22,9 @@ public:
     const QString &message() const { return m_message; }
     /// The function in which it was found, with its class.
     const QString &method() const { return m_method; }
-    /// The source file without extension, and the line in it; 0 if no line is stated. For
-    /// developers, not localized.
+    /// The source file without extension. For developers, not localized.
     const QString &sourceFile() const { return m_sourceFile; }
+    /// The line in the source file; 0 if no line is stated.
     int line() const { return m_line; }
     /// Returns the message, the method, the source file and the line in one line of text. The same
     /// text as what(), in English.

@@ -10,6 +10,7 @@
 
 /// One notification. A value.
 struct Notification {
+    /// The name under which it was posted.
     QString name;
     /// The object that the notification is about. Not owned; may be null.
     QObject *object = nullptr;
@@ -24,6 +25,7 @@ class NotificationChannel;
 /// If a handler throws, the exception leaves post(), and the observers after it are not called.
 class PLATFORM_EXPORT NotificationCenter {
 public:
+    /// Receives a notification, on the main thread.
     using Handler = std::function<void(const Notification &)>;
 
     /// Returns the notification center of the process. There is one, because the host, the pane and

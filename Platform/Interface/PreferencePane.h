@@ -62,5 +62,6 @@ public:
         const QJsonObject &info) = 0;
 };
 
+/// Identifies the interface of such a plug-in, for Q_PLUGIN_METADATA.
 #define PreferencePanePlugIn_iid "PreferencePanePlugIn/1"
 Q_DECLARE_INTERFACE(PreferencePanePlugIn, PreferencePanePlugIn_iid)

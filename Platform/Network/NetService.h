@@ -32,10 +32,12 @@ public:
     /// Stops, without notifying the delegate.
     ~NetService() override;
 
-    /// Name, type and domain identify the service. Publishing changes the name if another service
-    /// uses it, and sets an empty domain to the default domain.
+    /// Returns the name for users. Name, type and domain identify the service. Publishing changes
+    /// the name if another service uses it.
     QString name() const { return m_name; }
+    /// Returns the service type. Constant.
     QString type() const { return m_type; }
+    /// Returns the domain. Publishing sets an empty domain to the default domain.
     QString domain() const { return m_domain; }
     /// Returns whether both objects represent the same service: name, type and domain are equal,
     /// compared exactly. False if `other` is null.

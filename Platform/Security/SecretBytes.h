@@ -29,16 +29,19 @@ public:
     /// Returns the bytes, which are valid as long as this object or a copy of it. Not terminated by
     /// a zero byte.
     QByteArrayView view() const;
-    /// Return a copy of the bytes, and of the text if they are UTF-8. The caller should wipe it.
+    /// Returns a copy of the bytes. The caller should wipe it.
     QByteArray toByteArray() const { return view().toByteArray(); }
+    /// Returns a copy of the text that the bytes are in UTF-8. The caller should wipe it.
     QString toText() const { return QString::fromUtf8(view()); }
 
+    /// Compares the bytes, in a time that depends on them.
     friend bool operator==(const SecretBytes &a, const SecretBytes &b) {
         return a.view() == b.view();
     }
 
     /// Overwrites the characters unless another object shares them, and empties the object.
     static void wipe(QByteArray &bytes);
+    /// Does the same to a text.
     static void wipe(QString &text);
 
 private:

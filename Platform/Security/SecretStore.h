@@ -57,14 +57,16 @@ public:
 
     /// Receives the items, or the reason why they cannot be read.
     using Handler = std::function<void(const Expected<QList<StoredSecret>> &items)>;
+    /// Receives the attributes of items, or the reason why they cannot be looked up.
     using AttributesHandler =
         std::function<void(const Expected<QList<SecretAttributes>> &attributes)>;
-    /// Finds what find() and findAttributes() find, but returns at once and waits for the service
-    /// without a timeout, for example until the user has unlocked the keyring. The handler is
-    /// called exactly once, from the event loop of the main thread, or never if the application
-    /// ends before. Unless this run has set some of the items, it receives an error if items stay
-    /// locked or the service fails.
+    /// Finds what find() finds, but returns at once and waits for the service without a timeout,
+    /// for example until the user has unlocked the keyring. The handler is called exactly once,
+    /// from the event loop of the main thread, or never if the application ends before. Unless this
+    /// run has set some of the items, it receives an error if items stay locked or the service
+    /// fails.
     void findLater(const SecretAttributes &attributes, const Handler &handler);
+    /// Finds what findAttributes() finds, as findLater() does.
     void findAttributesLater(const SecretAttributes &attributes, const AttributesHandler &handler);
 
     /// Stores `item`, replacing the item with the same attributes. Returns at once; later calls of

@@ -14,9 +14,12 @@ enum class SecretKeeping { ThisRun, Permanent };
 
 /// A secret and its attributes.
 struct StoredSecret {
+    /// Identify the item.
     SecretAttributes attributes = {};
     /// The name shown to the user by the desktop's password manager.
     QString label = {};
+    /// The bytes to keep.
     SecretBytes secret = {};
+    /// How long to keep them.
     SecretKeeping keeping = SecretKeeping::Permanent;
 };

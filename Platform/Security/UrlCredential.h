@@ -9,6 +9,7 @@
 /// A user's name and password at a server. A value, whose copies share the memory of the password;
 /// "no credential" is an empty std::optional<UrlCredential>.
 struct UrlCredential {
+    /// How long a credential is stored.
     enum class Persistence {
         /// Not stored at all.
         None = 0,
@@ -22,8 +23,10 @@ struct UrlCredential {
     QString user = {};
     /// In UTF-8.
     SecretBytes password = {};
+    /// See Persistence.
     Persistence persistence = Persistence::None;
 
+    /// Compares all members.
     bool operator==(const UrlCredential &) const = default;
 };
 

@@ -8,8 +8,9 @@
 
 class Url;
 
-/// Names of authentication methods, see RFC 7617 (Basic) and RFC 7616 (Digest).
+/// The name of the authentication method Basic (RFC 7617).
 inline const QString UrlAuthenticationMethodHttpBasic = QStringLiteral("basic");
+/// The name of the authentication method Digest (RFC 7616).
 inline const QString UrlAuthenticationMethodHttpDigest = QStringLiteral("digest");
 
 /// Where a credential applies: a server and its authentication method. Spaces are equal if all
@@ -25,12 +26,14 @@ struct PLATFORM_EXPORT UrlProtectionSpace {
     QString protocol = {};
     /// An empty optional differs from an empty text.
     std::optional<QString> realm = {};
+    /// One of the names above.
     QString authenticationMethod = {};
 
     /// Returns the space of a URL's host, port and scheme, without a realm; nothing for a nil URL.
     static std::optional<UrlProtectionSpace> ofURL(const Url &URL,
                                                    const QString &authenticationMethod);
 
+    /// Compares all members exactly.
     bool operator==(const UrlProtectionSpace &) const = default;
 };
 
