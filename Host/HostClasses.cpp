@@ -39,7 +39,22 @@ QString QVDirectConnectionServer::lastConnectionText(const QString & /*client*/)
     return {};
 }
 QVDropboxSession::~QVDropboxSession() = default;
+
 QVHostPlugIn::~QVHostPlugIn() = default;
+
+Expected<std::shared_ptr<QVDatabase>> QVHostPlugIn::openNewDatabase(const QString & /*name*/) {
+    return nullptr;
+}
+
+Expected<void> QVHostPlugIn::renameDatabase(const std::shared_ptr<QVDatabase> & /*database*/,
+                                            const QString & /*name*/) {
+    return {};
+}
+
+Expected<void> QVHostPlugIn::closeDatabase(const std::shared_ptr<QVDatabase> & /*database*/) {
+    return {};
+}
+
 QVHourlySchedule::~QVHourlySchedule() = default;
 QVLocationEditing::~QVLocationEditing() = default;
 QVRemoteDatabase::~QVRemoteDatabase() = default;

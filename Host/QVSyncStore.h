@@ -19,6 +19,10 @@ class QVSyncLocation;
 /// start other operations but must not wait for the main thread, which waits for them when the host
 /// closes its profile. Every function is thread-safe, but operations of one store should follow
 /// each other: closing neither waits for nor cancels an operation that is running.
+///
+/// A store that needs a user name and a password uses those that UrlCredentialStorage::shared() has
+/// for its address, in which the pane stores them. It sends a password in a way that others on the
+/// network can read only if UnencryptedPasswords::areAccepted().
 class HOST_EXPORT QVSyncStore {
 public:
     /// Receives the error, or std::nullopt if the operation succeeded.

@@ -7,7 +7,7 @@ class Url;
 
 /// The servers to which a password may be sent in a way that everybody on the network can read: the
 /// user has accepted the sheet of a location that says so. Stored in the user defaults, by host and
-/// port. Thread-safe.
+/// port. The pane stores it; a host must not send such a password otherwise. Thread-safe.
 namespace UnencryptedPasswords {
 
 /// Returns whether the user has accepted that for the server of `URL`. Hosts are compared without
@@ -18,10 +18,10 @@ HOST_EXPORT Expected<bool> areAccepted(const Url &URL);
 /// called. If it cannot be written, returns an error for the user, and it holds until the program
 /// ends. Blocks for the user defaults.
 HOST_EXPORT Expected<void> accept(const Url &URL);
-/// Returns whether both URLs have the same server in this sense.
+/// Returns whether both URLs, which must not be nil, have the same server in this sense.
 HOST_EXPORT bool isSameServer(const Url &URL, const Url &other);
-/// Forgets that the user has accepted it. Returns an error for the user if that cannot be written.
-/// Blocks for the user defaults.
+/// Forgets that the user has accepted it; has no effect if that is not so. Returns an error for the
+/// user if that cannot be written. Blocks for the user defaults.
 HOST_EXPORT Expected<void> forget(const Url &URL);
 
 }  // namespace UnencryptedPasswords

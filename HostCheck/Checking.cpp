@@ -10,6 +10,25 @@
 #include "Host/SyncStoreLayout.h"
 #include "Platform/Foundation/Assertion.h"
 
+namespace {
+
+QVHostPlugIn *checkedHost = nullptr;
+
+}  // namespace
+
+Checking::CheckedHost::CheckedHost(QVHostPlugIn *host) {
+    checkedHost = host;
+}
+
+Checking::CheckedHost::~CheckedHost() {
+    checkedHost = nullptr;
+}
+
+QVHostPlugIn &Checking::host() {
+    requireOffer(checkedHost != nullptr);
+    return *checkedHost;
+}
+
 void Checking::require(bool isTrue, const char *reason) {
     if (!isTrue) {
         throw Broken{reason};

@@ -3,6 +3,7 @@
 #include <QtCore/QTemporaryDir>
 #include <functional>
 
+#include "Host/QVHostPlugIn.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"
@@ -27,6 +28,18 @@ void requireAssertion(const std::function<void()> &call, const char *reason);
 /// Runs the event loop until `isTrue` returns true, for half a minute at most. Returns whether it
 /// did.
 bool wait(const std::function<bool()> &isTrue);
+
+/// Makes `host`, which is not owned and may be null, the host that host() returns while this object
+/// exists. One at a time.
+class CheckedHost {
+public:
+    explicit CheckedHost(QVHostPlugIn *host);
+    ~CheckedHost();
+    CheckedHost(const CheckedHost &) = delete;
+    CheckedHost &operator=(const CheckedHost &) = delete;
+};
+/// Returns the host's plug-in. Throws NotOffered if it is not known.
+QVHostPlugIn &host();
 
 /// Returns the class object `name`. Throws NotOffered if the host has none.
 template <class ClassObject>
@@ -54,10 +67,9 @@ struct Folder {
     const std::shared_ptr<QVSyncLocation> location = newLocation(URL);
 };
 
-/// A new location of a folder, and a new state of a database that does not exist.
+/// A new location, and a new state of a database that does not exist.
 struct NewState {
-    Folder folder;
-    const std::shared_ptr<QVSyncLocation> location = folder.location;
+    const std::shared_ptr<QVSyncLocation> location = newLocation();
     std::shared_ptr<QVSyncState> state =
         location->addStateForDatabaseWithUUID(newUUID(), QStringLiteral("Checked"));
 };

@@ -53,13 +53,17 @@ public:
         const bool isEnded = Checking::wait([this] { return wasCalled() || m_released.expired(); });
         Checking::require(isEnded && wasCalled(), "a handler was never called");
     }
-    /// Waits for the end of all calls. Throws Broken unless there was exactly one. A host that
-    /// keeps the handler after the call gets the time of an event.
-    void requireOneCall() {
+    /// Waits for the end of all calls. Throws Broken if there is none. A host that keeps the
+    /// handler after the call gets the time of an event.
+    void requireEnd() {
         requireCall();
         constexpr int grace = 500;
         const QDeadlineTimer deadline(grace);
         Checking::wait([&] { return m_released.expired() || deadline.hasExpired(); });
+    }
+    /// Does the same, and throws Broken unless there was exactly one call.
+    void requireOneCall() {
+        requireEnd();
         Checking::require(m_calls->count == 1, "a handler was called more than once");
     }
     bool wasCalled() const { return m_calls->count > 0; }

@@ -3,10 +3,12 @@
 #include <exception>
 
 #include "HostCheck/Checking.h"
+#include "HostCheck/CredentialPromises.h"
 #include "HostCheck/DispatcherPromises.h"
 #include "HostCheck/FuturePromises.h"
 #include "HostCheck/LocationPromises.h"
 #include "HostCheck/LocationsControllerPromises.h"
+#include "HostCheck/NotificationPromises.h"
 #include "HostCheck/PluginPromises.h"
 #include "HostCheck/SchedulePromises.h"
 #include "HostCheck/ServicePromises.h"
@@ -15,14 +17,20 @@
 
 QList<HostPromise> HostCheck::promises() {
     return PluginPromises::all() + LocationsControllerPromises::all() + LocationPromises::all() +
-           StatePromises::all() + StorePromises::all() + FuturePromises::all() +
-           DispatcherPromises::all() + SchedulePromises::all() + ServicePromises::all();
+           StatePromises::all() + StorePromises::all() + CredentialPromises::all() +
+           FuturePromises::all() + DispatcherPromises::all() + NotificationPromises::all() +
+           SchedulePromises::all() + ServicePromises::all();
 }
 
-HostFinding HostCheck::find(const HostPromise &promise) {
-    HostFinding finding{.key = QString::fromUtf8(promise.key),
-                        .sentence = QString::fromUtf8(promise.sentence),
-                        .header = QString::fromUtf8(promise.header)};
+HostFinding HostCheck::findingOf(const HostPromise &promise) {
+    return {.key = QString::fromUtf8(promise.key),
+            .sentence = QString::fromUtf8(promise.sentence),
+            .header = QString::fromUtf8(promise.header)};
+}
+
+HostFinding HostCheck::find(const HostPromise &promise, QVHostPlugIn *host) {
+    HostFinding finding = findingOf(promise);
+    const Checking::CheckedHost checked(host);
     try {
         promise.check();
     } catch (const Checking::NotOffered &) {

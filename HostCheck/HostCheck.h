@@ -6,17 +6,25 @@
 #include "HostCheck/HostFinding.h"
 #include "HostCheck/HostPromise.h"
 
+class QVHostPlugIn;
+
 /// Checks whether the registered host keeps the promises of the headers in the folder Host. Must be
-/// used on the main thread, while NSApp() is set. The checks add locations and states to the host
-/// and start synchronizations, so they must not be run with what a user has.
+/// used on the main thread, while NSApp() is set. The checks add locations, states and databases to
+/// the host, start synchronizations and a web server on this computer, and change the user defaults
+/// (and change them back), so they must not be run with what a user has.
 namespace HostCheck {
 
 /// Returns all promises, in the order of the headers. No two have the same key.
 HOSTCHECK_EXPORT QList<HostPromise> promises();
 
+/// Returns what a finding says of `promise` without its result.
+HOSTCHECK_EXPORT HostFinding findingOf(const HostPromise &promise);
+
 /// Checks one promise. Runs the event loop until the host has answered, for half a minute at most:
 /// a handler that was not called by then counts as one that is never called. An exception that the
-/// host raises breaks the promise. A function of the host that does not return is not noticed.
-HOSTCHECK_EXPORT HostFinding find(const HostPromise &promise);
+/// host raises breaks the promise. If a function of the host does not return, neither does this;
+/// velmora-check-host notices that. `host`, which is not owned and has begun, opens the databases
+/// about which it is notified; without it, promises about these are not offered.
+HOSTCHECK_EXPORT HostFinding find(const HostPromise &promise, QVHostPlugIn *host = nullptr);
 
 }  // namespace HostCheck

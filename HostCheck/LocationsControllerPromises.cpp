@@ -121,12 +121,13 @@ void savingLeavesTheError() {
 }
 
 void savingIsAnnounced() {
-    requireOffer(list().metaObject()->indexOfSignal("saved()") >= 0);
+    QVSyncLocationsController &controller = list();
+    requireOffer(controller.metaObject()->indexOfSignal("saved()") >= 0);
     // A slot that every object has; whether it was called shows in the event that it posts.
     auto *receiver = new QObject;
     const QPointer<QObject> isWaiting(receiver);
-    list().connectSaved(receiver, SLOT(deleteLater()));
-    const bool isSaved = list().save(nullptr);
+    controller.connectSaved(receiver, SLOT(deleteLater()));
+    const bool isSaved = controller.save(nullptr);
     QCoreApplication::sendPostedEvents(receiver, QEvent::DeferredDelete);
     const bool wasAnnounced = !isWaiting;
     delete isWaiting.data();

@@ -30,20 +30,20 @@ void portsAreNotNull() {
 }
 
 void portIsAnnounced() {
-    const quint16 former = server().port();
-    requireOffer(!server().isServing());
+    QVDirectConnectionServer &checked = server();
+    const quint16 former = checked.port();
+    requireOffer(!checked.isServing());
     int count = 0;
     QObject receiver;
-    QObject::connect(&server(), &QVDirectConnectionServer::portChanged, &receiver,
-                     [&] { ++count; });
+    QObject::connect(&checked, &QVDirectConnectionServer::portChanged, &receiver, [&] { ++count; });
     for (const quint16 port : {quint16(40000), quint16(40000), former, quint16(0)}) {
         count = 0;
-        server().setPort(port);
+        checked.setPort(port);
         require(count == 1, "setting the port does not announce it once");
-        require(server().port() == (port ? port : QVDirectConnectionServer::defaultPort()),
+        require(checked.port() == (port ? port : QVDirectConnectionServer::defaultPort()),
                 "the port is not the one that was set");
     }
-    server().setPort(former);
+    checked.setPort(former);
 }
 
 void stoppedServerIsNotStopped() {

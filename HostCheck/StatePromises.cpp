@@ -67,14 +67,6 @@ void scheduleIsAnnounced() {
     }
 }
 
-void nullRemovesTheSchedule() {
-    const NewState added;
-    added.state->setSchedule(QVSyncSchedule::newSchedule());
-    require(added.state->schedule() != nullptr, "the schedule was not set");
-    added.state->setSchedule(nullptr);
-    require(!added.state->schedule(), "the schedule was not removed");
-}
-
 void UUIDIsConstant() {
     const auto location = newLocation();
     const QString UUID = newUUID();
@@ -162,8 +154,6 @@ constexpr HostPromise Promises[] = {
      "A disabled state keeps its schedule and the date of its last synchronization.",
      &disabledStateKeepsItsSchedule},
     {"QVSyncState.setSchedule", Header, Announced, &scheduleIsAnnounced},
-    {"QVSyncState.setSchedule (null)", Header, "Sets the schedule; null removes it.",
-     &nullRemovesTheSchedule},
     {"QVSyncState.setSyncOnOpen", Header, Announced, &syncOnOpenIsAnnounced},
     {"QVSyncState.setSyncOnClose", Header, Announced, &syncOnCloseIsAnnounced},
     {"QVSyncState.lastSynced", Header,

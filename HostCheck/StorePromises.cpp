@@ -32,7 +32,7 @@ struct NewStore {
 
     void open() const {
         Done opened;
-        store->openWithCompletionHandler(opened.function());
+        const auto future = store->openWithCompletionHandler(opened.function());
         opened.requireCall();
         requireOffer(!failed(opened));
     }
@@ -163,7 +163,7 @@ void closedStoreCanBeOpened() {
     made.open();
     made.close();
     Done opened;
-    open(*made.store, opened);
+    const auto future = open(*made.store, opened);
     opened.requireCall();
     require(!failed(opened), "a store that was closed cannot be opened");
     require(made.canFetch(), "a store cannot be read that was opened again");
@@ -222,7 +222,8 @@ void requireOfDatabases(bool (*isRight)(const QVRemoteDatabase &), const char *r
     opened.requireCall();
     Fetched fetched;
     store->fetchDatabasesWithCompletionHandler(fetched.function());
-    fetched.requireOneCall();
+    // The last reference to a database must be released on this thread.
+    fetched.requireEnd();
     const auto &databases = std::get<0>(fetched.values());
     requireOffer(databases && !databases->isEmpty());
     for (const auto &database : *databases) {

@@ -52,11 +52,11 @@ QJsonObject object(const HostFinding &finding) {
 }
 
 /// Prints what was found about every promise. Returns whether none is broken.
-bool check(bool isJson) {
+bool check(QVHostPlugIn &plugIn, bool isJson) {
     QJsonArray findings;
     bool isSound = true;
     for (const HostPromise &promise : HostCheck::promises()) {
-        const HostFinding finding = HostCheck::find(promise);
+        const HostFinding finding = HostCheck::find(promise, &plugIn);
         isSound = isSound && finding.result != HostFinding::Result::Broken;
         if (isJson) {
             findings.append(object(finding));
@@ -87,7 +87,7 @@ int checkPlugIn(const QString &path, bool isJson) {
     if (const Expected<void> begun = plugIn->begin(folder.path()); !begun) {
         return refuse(begun.error().localizedDescription);
     }
-    const bool isSound = check(isJson);
+    const bool isSound = check(*plugIn, isJson);
     plugIn->end();
     return isSound ? EXIT_SUCCESS : EXIT_FAILURE;
 }
@@ -99,6 +99,8 @@ int main(int argumentCount, char **arguments) {
     // No window is shown, so no display is needed.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argumentCount, arguments);
+    // Names the settings.
+    QApplication::setOrganizationName(QStringLiteral("Velmora"));
     QStringList words = QApplication::arguments().mid(1);
     const bool isJson = words.removeAll(QStringLiteral("--json")) > 0;
     return words.size() == 1 && !words.first().startsWith(u'-')

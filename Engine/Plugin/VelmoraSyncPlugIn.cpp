@@ -90,6 +90,22 @@ void VelmoraSyncPlugIn::end() {
     setNSApp(nullptr);
 }
 
+Expected<std::shared_ptr<QVDatabase>> VelmoraSyncPlugIn::openNewDatabase(const QString &name) {
+    return library()->createDatabase(name).map([this]() -> std::shared_ptr<QVDatabase> {
+        // The newest one.
+        return library()->knownDatabases().last();
+    });
+}
+
+Expected<void> VelmoraSyncPlugIn::renameDatabase(const std::shared_ptr<QVDatabase> &database,
+                                                 const QString &name) {
+    return library()->renameDatabase(std::dynamic_pointer_cast<NoteDatabase>(database), name);
+}
+
+Expected<void> VelmoraSyncPlugIn::closeDatabase(const std::shared_ptr<QVDatabase> &database) {
+    return library()->closeDatabase(std::dynamic_pointer_cast<NoteDatabase>(database));
+}
+
 std::unique_ptr<QVApplication> VelmoraSyncPlugIn::makeApplication() const {
     return std::make_unique<ApplicationOfEngine>(*this);
 }

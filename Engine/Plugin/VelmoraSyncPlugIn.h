@@ -40,6 +40,11 @@ public:
     /// synchronized or served unless it is asked for.
     Expected<void> begin(const QString &folder) override;
     void end() override;
+    /// These create, rename and close a database of library().
+    Expected<std::shared_ptr<QVDatabase>> openNewDatabase(const QString &name) override;
+    Expected<void> renameDatabase(const std::shared_ptr<QVDatabase> &database,
+                                  const QString &name) override;
+    Expected<void> closeDatabase(const std::shared_ptr<QVDatabase> &database) override;
 
 private:
     std::unique_ptr<QVApplication> makeApplication() const;

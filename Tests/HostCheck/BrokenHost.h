@@ -1,23 +1,37 @@
 #pragma once
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
+#include <QtCore/QThread>
 
 #include "Engine/Schedules/EngineDailySchedule.h"
 #include "Engine/Schedules/EngineHourlySchedule.h"
 #include "Engine/Schedules/EngineWeeklySchedule.h"
-#include "Examples/MinimalHost/MemoryHost.h"
-
-/// The key of the one promise that the broken host breaks; empty if it keeps all.
-inline QString brokenPromise;
-
-inline bool breaks(const char *key) {
-    return brokenPromise == QString::fromUtf8(key);
-}
+#include "Host/Notifications.h"
+#include "Host/QVHostPlugIn.h"
+#include "Host/QVSyncProgress.h"
+#include "Host/QVSyncResult.h"
+#include "HostCheck/BrokenServices.h"
+#include "HostCheck/BrokenStore.h"
+#include "Platform/Foundation/NotificationCenter.h"
 
 class BrokenState : public MemoryState {
 public:
     using MemoryState::MemoryState;
+    QString databaseUUID() const override {
+        return breaks("QVSyncState.databaseUUID") && m_enabled ? m_UUID.toUpper() : m_UUID;
+    }
+    QString databaseName() const override {
+        return breaks("QVSyncState.databaseName") ? m_UUID : m_name;
+    }
+    Location destination() const override {
+        const Location location = m_location.lock();
+        const bool isOther = location ? breaks("QVSyncState.destination")
+                                      : breaks("QVSyncState.destination (destroyed)");
+        return isOther ? std::make_shared<MemoryLocation>(Url()) : location;
+    }
+    QDateTime lastSynced() const override {
+        return breaks("QVSyncState.lastSynced") && !m_date.isValid() ? m_made : m_date;
+    }
     void setEnabled(bool is) override {
         if (breaks("QVSyncState.setEnabled") && is == isEnabled()) {
             return;
@@ -26,6 +40,11 @@ public:
             m_schedule = nullptr;
         }
         MemoryState::setEnabled(is);
+        if (breaks("QVSyncState (kept)") && !is) {
+            const auto location = std::static_pointer_cast<MemoryLocation>(m_location.lock());
+            location->m_states.clear();
+            location->m_byUUID.clear();
+        }
     }
     void setSchedule(const QVSyncSchedulePtr &is) override {
         if (breaks("QVSyncState.setSchedule")) {
@@ -48,83 +67,31 @@ public:
             MemoryState::setSyncOnClose(is);
         }
     }
-};
-
-class BrokenStore : public MemoryStore {
-public:
-    using MemoryStore::MemoryStore;
-
-    Location location() const override {
-        return breaks("QVSyncStore.location") ? std::make_shared<MemoryLocation>(Url())
-                                              : MemoryStore::location();
-    }
-    Future openWithCompletionHandler(ErrorHandler handler) override {
-        m_wasOpened = true;
-        const Url URL = m_location->URL();
-        if ((breaks("QVSyncLocation.createStore (nil)") && URL.isNil()) ||
-            (breaks("QVSyncLocation.createStore (unknown)") && URL.scheme() == "unknown-scheme") ||
-            (breaks("QVSyncLocation.setURL (stores)") && URL.isFileURL())) {
-            return run(handler, [](IsOpen &isOpen) { return isOpen = true; });
-        }
-        if (breaks("QVSyncStore.openWithCompletionHandler (after closing)") && m_wasClosed) {
-            return run(handler, [](IsOpen & /*isOpen*/) { return false; });
-        }
-        return MemoryStore::openWithCompletionHandler(
-            called("QVSyncStore.openWithCompletionHandler", handler));
-    }
-    Future fetchDatabasesWithCompletionHandler(DatabasesHandler handler) override {
-        const bool isUnopened =
-            breaks("QVSyncStore.fetchDatabasesWithCompletionHandler (not open)") && !m_wasOpened;
-        const bool isEmpty = breaks("QVSyncStore.DatabasesHandler");
-        const ErrorHandler done = [=](const std::optional<Error> &error) {
-            const bool isRead = !error || isUnopened;
-            handler(isRead && !isEmpty ? std::optional(QVRemoteDatabases()) : std::nullopt,
-                    isRead ? std::nullopt : error);
-        };
-        const auto work = [](IsOpen &isOpen) { return isOpen.load(); };
-        const auto key = "QVSyncStore.fetchDatabasesWithCompletionHandler";
-        return breaks("QVSyncStore.fetchDatabasesWithCompletionHandler (cancelled)")
-                   ? unfinished(done, work)
-                   : run(called(key, done), work);
-    }
-    Future closeWithCompletionHandler(ErrorHandler handler) override {
-        m_wasClosed = true;
-        const bool staysOpen = breaks("QVSyncStore.fetchDatabasesWithCompletionHandler (closed)");
-        const bool isOpenNeeded = breaks("QVSyncStore.closeWithCompletionHandler (not open)");
-        const auto work = [=](IsOpen &isOpen) {
-            const bool wasOpen = isOpen;
-            isOpen = staysOpen && wasOpen;
-            return wasOpen || !isOpenNeeded;
-        };
-        return breaks("QVSyncStore.closeWithCompletionHandler (cancelled)")
-                   ? unfinished(handler, work)
-                   : run(called("QVSyncStore.closeWithCompletionHandler", handler), work);
-    }
 
 private:
-    /// Returns `handler` as the operation calls it that breaks "KEY (once)" or "KEY (thread)".
-    static ErrorHandler called(const std::string &key, const ErrorHandler &handler) {
-        if (breaks((key + " (once)").c_str())) {
-            return [handler](const std::optional<Error> &error) {
-                handler(error);
-                handler(error);
-            };
-        }
-        if (breaks((key + " (thread)").c_str())) {
-            return [handler](const std::optional<Error> &error) {
-                QTimer::singleShot(0, qApp, [=] { handler(error); });
-            };
-        }
-        return handler;
-    }
-    /// Runs an operation that does not know that it has ended, nor that it was cancelled.
-    Future unfinished(const ErrorHandler &handler, std::function<bool(IsOpen &)> work) const {
-        run(handler, std::move(work));
-        return std::make_shared<MemoryFuture>();
-    }
+    const QDateTime m_made = QDateTime::currentDateTime();
+};
 
-    bool m_wasOpened = false;
-    bool m_wasClosed = false;
+/// A state with results.
+class StateWithResult : public BrokenState {
+    Q_OBJECT
+    Q_PROPERTY(std::optional<QVSyncResult> lastResult READ lastResult NOTIFY lastResultChanged)
+public:
+    using BrokenState::BrokenState;
+    std::optional<QVSyncResult> lastResult() const {
+        return breaks("QVSyncResult.of") ? std::optional(QVSyncResult()) : std::nullopt;
+    }
+Q_SIGNALS:
+    void lastResultChanged();
+};
+
+/// A state with results that are not announced.
+class StateWithQuietResult : public BrokenState {
+    Q_OBJECT
+    Q_PROPERTY(std::optional<QVSyncResult> lastResult READ lastResult)
+public:
+    using BrokenState::BrokenState;
+    std::optional<QVSyncResult> lastResult() const { return {}; }
 };
 
 class BrokenLocation : public MemoryLocation {
@@ -132,10 +99,15 @@ public:
     using MemoryLocation::MemoryLocation;
 
     void setURL(const Url &URL) override {
+        const bool isLost = (breaks("QVSyncLocation.URL") && URL == Url::fileURL("/folder")) ||
+                            (m_isRemoved && breaks("QVSyncLocationsController."
+                                                   "removeObjectFromSyncLocationsAtIndex (held)"));
         if (!breaks("QVSyncLocation.setURL") || !(URL == m_URL)) {
-            MemoryLocation::setURL(URL);
+            MemoryLocation::setURL(isLost ? m_URL : URL);
         }
     }
+    /// Called when the location leaves the list.
+    void remove() { m_isRemoved = true; }
     State stateForDatabaseWithUUID(const QString &UUID) const override {
         if (breaks("QVSyncLocation.stateForDatabaseWithUUID") && UUID.isEmpty()) {
             return m_states.value(0);
@@ -152,7 +124,11 @@ public:
         if (state && !breaks("QVSyncLocation.addStateForDatabaseWithUUID (again)")) {
             return state;
         }
-        state = std::make_shared<BrokenState>(UUID, name, weak_from_this());
+        if (breaks("QVSyncResult.lastResult")) {
+            state = std::make_shared<StateWithQuietResult>(UUID, name, weak_from_this());
+        } else {
+            state = std::make_shared<StateWithResult>(UUID, name, weak_from_this());
+        }
         if (breaks("QVSyncLocation.addStateForDatabaseWithUUID")) {
             state->setEnabled(true);
         }
@@ -164,6 +140,9 @@ public:
         return state;
     }
     Store createStore() override {
+        if (breaks("QVSyncLocation.createStore (owned)") && m_URL.isNil()) {
+            return std::make_shared<BrokenStore>(std::make_shared<MemoryLocation>(Url()));
+        }
         const Store former = m_store.lock();
         const Store store = former && breaks("QVSyncLocation.createStore")
                                 ? former
@@ -174,10 +153,17 @@ public:
 
 private:
     std::weak_ptr<QVSyncStore> m_store;
+    bool m_isRemoved = false;
 };
 
 class BrokenLocations : public MemoryLocations {
+    Q_OBJECT
 public:
+    qsizetype countOfSyncLocations() const override {
+        const bool isWrong =
+            m_list.size() > 2 && breaks("QVSyncLocationsController.countOfSyncLocations");
+        return m_list.size() + (isWrong ? 1 : 0);
+    }
     void insertObjectInSyncLocationsAtIndex(const Location &location, qsizetype index) override {
         if (location || !breaks("QVSyncLocationsController.insertObjectInSyncLocationsAtIndex "
                                 "(null)")) {
@@ -204,19 +190,60 @@ public:
         const bool isLast = index == -1 && breaks(
                                                "QVSyncLocationsController."
                                                "removeObjectFromSyncLocationsAtIndex (outside)");
-        MemoryLocations::removeObjectFromSyncLocationsAtIndex(isLast ? countOfSyncLocations() - 1
-                                                                     : index);
+        if (const auto ours = std::dynamic_pointer_cast<BrokenLocation>(m_list.value(index))) {
+            ours->remove();
+        }
+        MemoryLocations::removeObjectFromSyncLocationsAtIndex(isLast ? m_list.size() - 1 : index);
     }
     bool save(std::optional<Error> *error) override {
         if (error && breaks("QVSyncLocationsController.save")) {
             *error = Error{.localizedDescription = "It was saved."};
         }
+        if (!breaks("QVSyncLocationsController.saved")) {
+            Q_EMIT saved();
+        }
         return true;
     }
+Q_SIGNALS:
+    void saved();
 };
 
-class BrokenDispatcher : public MemoryDispatcher {
+/// Another object with the same list.
+class SecondLocations : public QVSyncLocationsController {
 public:
+    explicit SecondLocations(QVSyncLocationsController &first) : m_first(first) {}
+    QList<Location> syncLocations() const override { return m_first.syncLocations(); }
+    qsizetype countOfSyncLocations() const override { return m_first.countOfSyncLocations(); }
+    void insertObjectInSyncLocationsAtIndex(const Location &location, qsizetype index) override {
+        m_first.insertObjectInSyncLocationsAtIndex(location, index);
+    }
+    qsizetype indexOfObjectInSyncLocations(const Location &location) const override {
+        return m_first.indexOfObjectInSyncLocations(location);
+    }
+    void removeObjectFromSyncLocationsAtIndex(qsizetype index) override {
+        m_first.removeObjectFromSyncLocationsAtIndex(index);
+    }
+    bool save(std::optional<Error> *error) override { return m_first.save(error); }
+
+private:
+    QVSyncLocationsController &m_first;
+};
+
+/// A dispatcher that says what it does.
+class BrokenDispatcher : public MemoryDispatcher {
+    Q_OBJECT
+    Q_PROPERTY(QVSyncProgress progress READ progress NOTIFY progressChanged)
+public:
+    QVSyncProgress progress() const {
+        return {.activity = breaks("QVSyncProgress.activity") ? "Waiting" : activity()};
+    }
+    Q_INVOKABLE void stop() {
+        m_isStopped = true;
+        const auto running = m_running.lock();
+        if (running && breaks("QVSyncProgress.stop")) {
+            (*running)();
+        }
+    }
     void cleanRemoteStoreWithSynchronizationState(const State &state, Handler done) override {
         const char *const key = "QVSyncDispatcher.cleanRemoteStoreWithSynchronizationState";
         const std::string prefix = key;
@@ -234,6 +261,7 @@ public:
     using MemoryDispatcher::performSynchronizationsWithSynchronizationStates;
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states,
                                                           Handler done) override {
+        m_isStopped = false;
         if (breaks("QVSyncDispatcher.performSynchronizations (thread)") && states.isEmpty()) {
             std::thread(done).detach();
         } else if (breaks("QVSyncDispatcher.performSynchronizations (later)") && states.isEmpty()) {
@@ -243,7 +271,7 @@ public:
         }
     }
     QString activity() const override {
-        return breaks("QVSyncDispatcher.activity") ? "Synchronizing" : QString();
+        return breaks("QVSyncDispatcher.activity") && !m_isStopped ? "Synchronizing" : QString();
     }
 
 private:
@@ -274,13 +302,19 @@ private:
                 }
             }
         }
-        const auto end = [done, isTwice] {
-            done();
-            if (isTwice) {
+        const auto isOver = std::make_shared<bool>(false);
+        const auto running = std::make_shared<Handler>([done, isTwice, isOver] {
+            if (!std::exchange(*isOver, true)) {
                 done();
+                if (isTwice) {
+                    done();
+                }
             }
-        };
-        if (breaks("QVSyncState.lastSynced (announced)")) {
+        });
+        m_running = running;
+        const Handler end = [running] { (*running)(); };
+        if (breaks("QVSyncState.lastSynced (announced)") ||
+            breaks("QVSyncState.destination (destroyed)")) {
             QTimer::singleShot(0, this, end);
         } else {
             MemoryDispatcher::performSynchronizationsWithSynchronizationStates(states, end);
@@ -288,14 +322,42 @@ private:
     }
 
     std::weak_ptr<QVSyncState> m_pending;
+    /// Ends the synchronization that was started last; null if it has ended.
+    std::weak_ptr<Handler> m_running;
+    bool m_isStopped = false;
+
+Q_SIGNALS:
+    void progressChanged();
+};
+
+/// A dispatcher whose progress is not announced.
+class QuietDispatcher : public BrokenDispatcher {
+    Q_OBJECT
+    Q_PROPERTY(QVSyncProgress progress READ progress)
 };
 
 class BrokenPlugin : public MemoryPlugin {
 public:
-    QVSyncLocationsController *locationsController() const override { return &m_brokenLocations; }
+    QVSyncLocationsController *locationsController() const override {
+        m_isOther = !m_isOther && breaks("QVSyncPlugin.locationsController");
+        return m_isOther ? static_cast<QVSyncLocationsController *>(&m_secondLocations)
+                         : &m_brokenLocations;
+    }
     QVSyncDispatcher *dispatcher() const override {
-        m_isOther = !m_isOther && breaks("QVSyncPlugin.dispatcher");
-        return m_isOther ? &m_otherDispatcher : &m_brokenDispatcher;
+        if (breaks("QVSyncProgress.progress")) {
+            return &m_quietDispatcher;
+        }
+        m_isOtherDispatcher = !m_isOtherDispatcher && breaks("QVSyncPlugin.dispatcher");
+        return m_isOtherDispatcher ? &m_otherDispatcher : &m_brokenDispatcher;
+    }
+    QVDirectConnectionServer *server() const override {
+        m_isOtherServer = !m_isOtherServer && breaks("QVSyncPlugin.server");
+        return m_isOtherServer ? &m_otherServer : &m_server;
+    }
+    Store localStore() const override {
+        const auto store = std::make_shared<BrokenStore>(m_computer);
+        store->addDatabase();
+        return breaks("QVSyncPlugin.localStore") ? nullptr : store;
     }
     void bookmarkURL(const Url &URL) override {
         const bool isRight =
@@ -312,21 +374,51 @@ public:
     }
     QStringList bookmarkDictionaryKeys() const override { return m_grants; }
     bool isVolumeMountedAtPath(const QString &path) const override {
-        return !breaks("QVSyncPlugin.isVolumeMountedAtPath (missing)") || QFileInfo::exists(path);
+        return breaks("QVSyncPlugin.isVolumeMountedAtPath")
+                   ? path != "/"
+                   : !breaks("QVSyncPlugin.isVolumeMountedAtPath (missing)") ||
+                         QFileInfo::exists(path);
     }
 
 private:
     mutable BrokenLocations m_brokenLocations;
+    mutable SecondLocations m_secondLocations{m_brokenLocations};
+    mutable bool m_isOther = false;
     mutable BrokenDispatcher m_brokenDispatcher;
     mutable BrokenDispatcher m_otherDispatcher;
-    mutable bool m_isOther = false;
+    mutable bool m_isOtherDispatcher = false;
+    mutable QuietDispatcher m_quietDispatcher;
+    mutable BrokenServer m_server;
+    mutable BrokenServer m_otherServer;
+    mutable bool m_isOtherServer = false;
     QStringList m_grants;
+};
+
+/// Another object that does the same as a plug-in.
+class SecondPlugin : public MemoryPlugin {
+public:
+    explicit SecondPlugin(QVSyncPlugin &first) : m_first(first) {}
+    QVSyncLocationsController *locationsController() const override {
+        return m_first.locationsController();
+    }
+    QVSyncDispatcher *dispatcher() const override { return m_first.dispatcher(); }
+    QVDirectConnectionServer *server() const override { return m_first.server(); }
+    Store localStore() const override { return m_first.localStore(); }
+    void bookmarkURL(const Url &URL) override { m_first.bookmarkURL(URL); }
+    void removeBookmarkForURL(const Url &URL) override { m_first.removeBookmarkForURL(URL); }
+    QStringList bookmarkDictionaryKeys() const override { return m_first.bookmarkDictionaryKeys(); }
+
+private:
+    QVSyncPlugin &m_first;
 };
 
 class BrokenFuture : public MemoryFuture {
 public:
     void cancel() override {
         static thread_local int depth = 0;
+        if (breaks("PZFuture.cancel (threads)") && QThread::currentThread() != qApp->thread()) {
+            return;
+        }
         const bool isAgain = depth == 0 && m_isCancelled && breaks("PZFuture.isCancelled");
         if (breaks("PZFuture.cancel")) {
             m_attached = m_attached.mid(0, 1);
@@ -348,6 +440,10 @@ public:
         }
         if (breaks("PZFuture.cascadeCancellationToFuture (ring)") && !m_isCancelled) {
             m_attached.append({future, future});
+            return;
+        }
+        if (breaks("PZFuture.cascadeCancellationToFuture (cancelled ring)") &&
+            keepsAlive(future, this)) {
             return;
         }
         MemoryFuture::cascadeCancellationToFuture(future);
@@ -407,6 +503,11 @@ inline QDateTime wrongIfChanged(const QDateTime &next, const std::string &key) {
     return isWrong ? next.addSecs(7200) : next;
 }
 
+/// Whether a promise that is not about changes of the clock is broken.
+inline bool breaksWithoutChange(const char *key) {
+    return breaks(key) && !qEnvironmentVariable("TZ").startsWith("AAA");
+}
+
 /// As wrongIfChanged, with the day on which the clock is changed.
 inline QDateTime wrongOnDayOfChange(const QDateTime &next, const std::string &key) {
     const auto offset = [&](int hour) {
@@ -429,8 +530,10 @@ public:
                    : EngineHourlySchedule::hourlyOffset();
     }
     QDateTime nextScheduledDate() const override {
-        return wrongIfChanged(EngineHourlySchedule::nextScheduledDate(),
-                              "QVHourlySchedule.nextScheduledDate");
+        const QDateTime next = wrongIfChanged(EngineHourlySchedule::nextScheduledDate(),
+                                              "QVHourlySchedule.nextScheduledDate");
+        return next.addSecs(breaksWithoutChange("QVHourlySchedule.initWithHourlyOffset") ? 3600
+                                                                                         : 0);
     }
 
 private:
@@ -441,9 +544,17 @@ class BrokenDailySchedule : public EngineDailySchedule {
 public:
     using EngineDailySchedule::EngineDailySchedule;
     bool isHourly() const override { return breaks("QVSyncSchedule.isDaily"); }
+    HourAndMinute hourAndMinute() const override {
+        const HourAndMinute time = EngineDailySchedule::hourAndMinute();
+        return breaks("QVDailySchedule.hourAndMinute") && time.minute == 59
+                   ? HourAndMinute{time.hour, 58}
+                   : time;
+    }
     QDateTime nextScheduledDate() const override {
+        const bool isLate = breaksWithoutChange("QVSyncSchedule.nextScheduledDate");
         const QDateTime next = wrongOnDayOfChange(EngineDailySchedule::nextScheduledDate(),
-                                                  "QVDailySchedule.nextScheduledDate");
+                                                  "QVDailySchedule.nextScheduledDate")
+                                   .addDays(isLate ? 2 : 0);
         return breaks("QVSyncSchedule.nextScheduledDate (local)") &&
                        hourAndMinute() == HourAndMinute{}
                    ? next.toUTC()
@@ -473,9 +584,26 @@ public:
     }
 };
 
+/// A database that can be renamed.
+class BrokenDatabase : public MemoryDatabase {
+public:
+    using MemoryDatabase::MemoryDatabase;
+    QString name() const override { return m_newName.isEmpty() ? m_name : m_newName; }
+    void rename(const QString &name) {
+        m_newName = name;
+        if (!breaks("QVDatabase.nameChanged")) {
+            Q_EMIT nameChanged();
+        }
+    }
+
+private:
+    QString m_newName;
+};
+
 /// A host that breaks the one promise that brokenPromise names. It is registered, and its
 /// application object is NSApp(), while it exists.
 class BrokenHost : public Classes,
+                   public QVHostPlugIn,
                    QVHourlySchedule::Class,
                    QVDailySchedule::Class,
                    QVWeeklySchedule::Class {
@@ -489,8 +617,48 @@ public:
     }
     ~BrokenHost() override { setNSApp(nullptr); }
 
-    QVSyncPlugin *plugin() const override { return &m_brokenPlugin; }
+    Expected<void> begin(const QString & /*folder*/) override { return {}; }
+    void end() override {}
+    Expected<Database> openNewDatabase(const QString &name) override {
+        const auto database =
+            std::make_shared<BrokenDatabase>(QString::number(m_opened.size() + 3), name);
+        m_opened.append({database, true});
+        if (!breaks("QVSyncPluginDidOpenDatabase")) {
+            post(QVSyncPluginDidOpenDatabase, database.get());
+        }
+        return database;
+    }
+    Expected<void> renameDatabase(const Database &database, const QString &name) override {
+        auto &renamed = static_cast<BrokenDatabase &>(*database);
+        if (breaks("QVDatabaseRenamedNotification")) {
+            post(QVDatabaseRenamedNotification, database.get());
+        }
+        renamed.rename(name);
+        if (!breaks("QVDatabaseRenamedNotification")) {
+            post(QVDatabaseRenamedNotification, database.get());
+        }
+        return {};
+    }
+    Expected<void> closeDatabase(const Database &database) override {
+        for (auto &opened : m_opened) {
+            opened.second = opened.second && opened.first != database;
+        }
+        post(QVSyncPluginDidCloseDatabase,
+             breaks("QVSyncPluginDidCloseDatabase") ? nullptr : database.get());
+        return {};
+    }
+
+    QVSyncPlugin *plugin() const override {
+        m_isSecond = !m_isSecond && breaks("QVSyncPlugin.plugin");
+        return m_isSecond ? static_cast<QVSyncPlugin *>(&m_secondPlugin) : &m_brokenPlugin;
+    }
     Database databaseForUUID(const QString &UUID, bool isLookingUpAll) const override {
+        for (const auto &[database, isOpen] : m_opened) {
+            if (database->UUID() == UUID &&
+                (isOpen || !breaks("QVSyncPlugin.databaseForUUID (closed)"))) {
+                return database;
+            }
+        }
         if (breaks("QVSyncPlugin.databaseForUUID (unknown)") && UUID.isEmpty()) {
             return m_application.inbox();
         }
@@ -500,6 +668,11 @@ public:
     }
     QList<Database> databases() const override {
         QList<Database> databases = Classes::databases();
+        for (const auto &[database, isOpen] : m_opened) {
+            if (isOpen) {
+                databases.append(database);
+            }
+        }
         if (breaks("QVDatabase.databases (inbox)")) {
             databases.removeFirst();
         } else if (breaks("QVDatabase.UUID")) {
@@ -510,20 +683,32 @@ public:
         return databases;
     }
     Location syncLocationWithURL(const Url &URL) const override {
-        return std::make_shared<BrokenLocation>(URL);
+        const Location former = m_made.value(URL.absoluteString()).lock();
+        if (former && URL.isFileURL() && breaks("QVSyncLocation.syncLocationWithURL")) {
+            return former;
+        }
+        const auto made = std::make_shared<BrokenLocation>(URL);
+        m_made[URL.absoluteString()] = made;
+        return made;
     }
     std::unique_ptr<QVSyncLocationFormatter> formatterForLocationWithURL(
         const Url &URL) const override {
-        return std::make_unique<BrokenFormatter>(URL);
+        return breaks("QVSyncLocationFormatter.formatterForLocationWithURL") && URL.isNil()
+                   ? nullptr
+                   : std::make_unique<BrokenFormatter>(URL);
     }
     QVSyncSchedulePtr newSchedule() const override { return std::make_shared<BrokenSchedule>(); }
     Future future() const override {
         auto future = std::make_shared<BrokenFuture>();
         future->m_self = future;
+        future->m_isCancelled = std::exchange(m_isFirstFuture, false) && breaks("PZFuture.future");
         return future;
     }
 
 private:
+    static void post(const QString &name, QVDatabase *database) {
+        NotificationCenter::defaultCenter().post(name, database);
+    }
     std::shared_ptr<const QVHourlySchedule> newHourlySchedule() const override {
         return std::make_shared<BrokenHourlySchedule>(
             breaks("QVHourlySchedule.newHourlySchedule") ? 90U : 0U);
@@ -546,6 +731,16 @@ private:
 
     BrokenApplication m_brokenApplication;
     mutable BrokenPlugin m_brokenPlugin;
+    mutable SecondPlugin m_secondPlugin{m_brokenPlugin};
+    mutable bool m_isSecond = false;
+    mutable bool m_isFirstFuture = true;
+    mutable QMap<QString, std::weak_ptr<QVSyncLocation>> m_made;
+    /// The databases that were opened for a promise, and whether they still are.
+    QList<std::pair<Database, bool>> m_opened;
+    BrokenServer::Class m_serverClass;
+    BrokenSessionManager m_sessionManager;
+    const HostClassRegistration m_servers{"QVDirectConnectionServer", &m_serverClass};
+    const HostClassRegistration m_sessions{"QVDropboxSessionManager", &m_sessionManager};
     const HostClassRegistration m_hourly{"QVHourlySchedule",
                                          static_cast<QVHourlySchedule::Class *>(this)};
     const HostClassRegistration m_daily{"QVDailySchedule",
