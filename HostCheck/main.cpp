@@ -1,109 +1,96 @@
-// Checks a host, which is given as a plug-in: velmora-check-host [--json] PLUGIN.so
+// Checks a host, which is given as a plug-in: velmora-check-host [--json] [--timeout SECONDS]
+// PLUGIN.so
 
+#include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
 #include <QtCore/QPluginLoader>
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QApplication>
 #include <cstdio>
+#include <optional>
 
-#include "Host/QVHostPlugIn.h"
-#include "HostCheck/HostCheck.h"
+#include "HostCheck/HostRun.h"
 #include "Platform/Foundation/Assertion.h"
 
 namespace {
 
-constexpr int NotLoaded = 2;
+constexpr int NotChecked = 2;
+
+struct Arguments {
+    HostReport::Format format = HostReport::Format::Lines;
+    std::chrono::seconds limit{120};
+    QString plugIn = {};
+};
 
 int refuse(const QString &reason) {
     std::fprintf(stderr, "velmora-check-host: %s\n", qUtf8Printable(reason));
-    return NotLoaded;
+    return NotChecked;
 }
 
-QString word(HostFinding::Result result) {
-    switch (result) {
-        case HostFinding::Result::Kept:
-            return QStringLiteral("kept");
-        case HostFinding::Result::Broken:
-            return QStringLiteral("broken");
-        case HostFinding::Result::NotOffered:
-            return QStringLiteral("not offered");
+/// Returns std::nullopt unless `words` are valid arguments.
+std::optional<Arguments> parsed(QStringList words) {
+    Arguments arguments;
+    if (words.removeAll(QStringLiteral("--json")) > 0) {
+        arguments.format = HostReport::Format::Json;
     }
-    return {};
-}
-
-void printLine(const HostFinding &finding) {
-    const QString reason =
-        finding.reason.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(finding.reason);
-    std::printf("%-11s %s: %s%s\n", qUtf8Printable(word(finding.result)),
-                qUtf8Printable(finding.key), qUtf8Printable(finding.sentence),
-                qUtf8Printable(reason));
-    std::fflush(stdout);
-}
-
-QJsonObject object(const HostFinding &finding) {
-    return {{QStringLiteral("key"), finding.key},
-            {QStringLiteral("header"), finding.header},
-            {QStringLiteral("sentence"), finding.sentence},
-            {QStringLiteral("result"), word(finding.result)},
-            {QStringLiteral("reason"), finding.reason}};
-}
-
-/// Prints what was found about every promise. Returns whether none is broken.
-bool check(QVHostPlugIn &plugIn, bool isJson) {
-    QJsonArray findings;
-    bool isSound = true;
-    for (const HostPromise &promise : HostCheck::promises()) {
-        const HostFinding finding = HostCheck::find(promise, &plugIn);
-        isSound = isSound && finding.result != HostFinding::Result::Broken;
-        if (isJson) {
-            findings.append(object(finding));
-        } else {
-            printLine(finding);
-        }
+    if (const qsizetype index = words.indexOf(QStringLiteral("--timeout")); index >= 0) {
+        arguments.limit = std::chrono::seconds(words.value(index + 1).toUInt());
+        words.remove(index, words.size() > index + 1 ? 2 : 1);
     }
-    if (isJson) {
-        std::fputs(QJsonDocument(findings).toJson().constData(), stdout);
+    if (words.size() != 1 || words.first().startsWith(u'-') || arguments.limit.count() == 0) {
+        return std::nullopt;
     }
-    return isSound;
+    arguments.plugIn = words.first();
+    return arguments;
+}
+
+/// Keeps the host from what the user has: its settings and temporary files are in `folder`, and it
+/// finds no password service.
+void hideUser(const QTemporaryDir &folder) {
+    const QString temporary = folder.filePath(QStringLiteral("temporary"));
+    if (QDir().mkdir(temporary)) {
+        qputenv("TMPDIR", QFile::encodeName(temporary));
+    }
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.filePath(QStringLiteral("settings"))));
+    qputenv("DBUS_SESSION_BUS_ADDRESS",
+            "unix:path=" + QFile::encodeName(folder.filePath(QStringLiteral("no-bus"))));
 }
 
 /// Returns the exit status.
-int checkPlugIn(const QString &path, bool isJson) {
+int checkPlugIn(const Arguments &arguments, QTemporaryDir &folder) {
     // A relative path would be searched for among the libraries of the system.
-    QPluginLoader loader(QFileInfo(path).absoluteFilePath());
+    QPluginLoader loader(QFileInfo(arguments.plugIn).absoluteFilePath());
     auto *plugIn = qobject_cast<QVHostPlugIn *>(loader.instance());
     if (!plugIn) {
-        return refuse(loader.isLoaded()
-                          ? QStringLiteral("%1 is no plug-in of a host (QVHostPlugIn).").arg(path)
-                          : QStringLiteral("%1: %2").arg(path, loader.errorString()));
+        return refuse(
+            loader.isLoaded()
+                ? QStringLiteral("%1 is no plug-in of a host (QVHostPlugIn).").arg(arguments.plugIn)
+                : QStringLiteral("%1: %2").arg(arguments.plugIn, loader.errorString()));
     }
-    const QTemporaryDir folder;
-    if (!folder.isValid()) {
-        return refuse(folder.errorString());
+    HostRun run(*plugIn, arguments.format, arguments.limit, folder);
+    const Expected<bool> isSound = run.run();
+    if (!isSound) {
+        return refuse(isSound.error().localizedDescription);
     }
-    if (const Expected<void> begun = plugIn->begin(folder.path()); !begun) {
-        return refuse(begun.error().localizedDescription);
-    }
-    const bool isSound = check(*plugIn, isJson);
-    plugIn->end();
-    return isSound ? EXIT_SUCCESS : EXIT_FAILURE;
+    return *isSound ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace
 
 int main(int argumentCount, char **arguments) {
     installAssertionReporter();
+    QTemporaryDir folder;
+    hideUser(folder);
     // No window is shown, so no display is needed.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argumentCount, arguments);
     // Names the settings.
     QApplication::setOrganizationName(QStringLiteral("Velmora"));
-    QStringList words = QApplication::arguments().mid(1);
-    const bool isJson = words.removeAll(QStringLiteral("--json")) > 0;
-    return words.size() == 1 && !words.first().startsWith(u'-')
-               ? checkPlugIn(words.first(), isJson)
-               : refuse(QStringLiteral("usage: velmora-check-host [--json] PLUGIN.so"));
+    const auto found = parsed(QApplication::arguments().mid(1));
+    if (!found) {
+        return refuse(
+            QStringLiteral("usage: velmora-check-host [--json] [--timeout SECONDS] PLUGIN.so"));
+    }
+    return folder.isValid() ? checkPlugIn(*found, folder) : refuse(folder.errorString());
 }

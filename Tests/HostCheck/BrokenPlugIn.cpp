@@ -1,11 +1,22 @@
-// The smallest host, but one that breaks the promises about futures or that cannot begin.
+// The smallest host, but one that breaks the promises about futures, cannot begin, or does not
+// return.
 
 #include <Host/QVHostPlugIn.h>
 
 #include "Examples/MinimalHost/MemoryHost.h"
 
+/// Does not return if the environment asks for that in `place`.
+void returnUnlessAsked(const char *place) {
+    while (qgetenv("NEVER_RETURNS_FROM") == place) {
+        std::this_thread::sleep_for(std::chrono::hours(1));
+    }
+}
+
 struct NullFutures : Classes {
-    Future future() const override { return nullptr; }
+    Future future() const override {
+        returnUnlessAsked("future");
+        return nullptr;
+    }
 };
 
 class BrokenPlugIn : public QObject, public QVHostPlugIn {
@@ -14,6 +25,7 @@ class BrokenPlugIn : public QObject, public QVHostPlugIn {
     Q_INTERFACES(QVHostPlugIn)
 public:
     Expected<void> begin(const QString & /*folder*/) override {
+        returnUnlessAsked("begin");
         if (qEnvironmentVariableIsSet("CANNOT_BEGIN")) {
             return failure({.localizedDescription = "It cannot begin."});
         }
@@ -22,6 +34,7 @@ public:
         return {};
     }
     void end() override {
+        returnUnlessAsked("end");
         setNSApp(nullptr);
         m_classes.reset();
     }

@@ -7,8 +7,9 @@ struct Run {
     explicit Run(const QStringList &arguments, const QString &variable = {}) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         if (!variable.isEmpty()) {
-            environment.insert(variable, "1");
+            environment.insert(variable.section('=', 0, 0), variable.section('=', 1));
         }
+        environment.insert("TMPDIR", temporary.path());
         process.setProcessEnvironment(environment);
         process.start(CHECK_HOST, arguments);
         isFinished = process.waitForFinished(Patience);
@@ -19,6 +20,7 @@ struct Run {
         return QString::fromUtf8(output).split('\n').filter(
             QRegularExpression('^' + result + "\\b"));
     }
+    const QTemporaryDir temporary;
     QProcess process;
     bool isFinished = false;
     QByteArray output;
@@ -69,17 +71,45 @@ private Q_SLOTS:
         QCOMPARE(reasons.size(), lines.linesOf("broken").size());
     }
 
+    void aFunctionThatNeverReturnsBreaksItsPromise() {
+        const QStringList arguments{"--timeout", "4", BROKEN_PLUG_IN};
+        const Run run(arguments, "NEVER_RETURNS_FROM=future");
+        QCOMPARE(run.process.exitCode(), 1);
+        const QStringList broken = run.linesOf("broken");
+        QCOMPARE(broken.size(), 1);
+        QVERIFY2(broken.first().contains("PZFuture.future: ") &&
+                     broken.first().endsWith("[it did not return within 4 s]"),
+                 qPrintable(broken.first()));
+        QVERIFY(QString::fromUtf8(run.output).endsWith(broken.first() + '\n'));
+        QVERIFY(QDir(run.temporary.path()).isEmpty());
+    }
+
+    void aHostThatNeverEndsIsReportedAfterItsPromises() {
+        const Run run({"--json", "--timeout", "6", BROKEN_PLUG_IN}, "NEVER_RETURNS_FROM=end");
+        QCOMPARE(run.process.exitCode(), 2);
+        QVERIFY2(run.error.contains("QVHostPlugIn::end(): it did not return within 6 s"),
+                 run.error.constData());
+        QVERIFY(QJsonDocument::fromJson(run.output).array().size() > 100);
+    }
+
     void aHostThatCannotBeCheckedSaysWhy_data() {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("variable");
         QTest::addColumn<QString>("reason");
         QTest::newRow("none") << QStringList() << "" << QString("usage:");
         QTest::newRow("unknown option") << QStringList{"--xml"} << "" << QString("usage:");
+        QTest::newRow("no time") << QStringList{BROKEN_PLUG_IN, "--timeout"} << ""
+                                 << QString("usage:");
+        QTest::newRow("wrong time")
+            << QStringList{"--timeout", "0", BROKEN_PLUG_IN} << "" << QString("usage:");
         QTest::newRow("missing") << QStringList{"/no/plug-in.so"} << ""
                                  << QString("/no/plug-in.so");
         QTest::newRow("other") << QStringList{SYNC_PREFERENCES_PLUG_IN} << ""
                                << QString("QVHostPlugIn");
-        QTest::newRow("failing") << QStringList{BROKEN_PLUG_IN} << QString("CANNOT_BEGIN")
+        QTest::newRow("begins without end")
+            << QStringList{"--timeout", "1", BROKEN_PLUG_IN} << QString("NEVER_RETURNS_FROM=begin")
+            << QString("QVHostPlugIn::begin(): it did not return within 1 s");
+        QTest::newRow("failing") << QStringList{BROKEN_PLUG_IN} << QString("CANNOT_BEGIN=1")
                                  << QString("It cannot begin.");
     }
     void aHostThatCannotBeCheckedSaysWhy() {
