@@ -8,6 +8,7 @@
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QRadioButton>
+#include <QtWidgets/QScrollArea>
 
 #include "Support/Patience.h"
 #include "Tour/Screen.h"
@@ -73,6 +74,15 @@ std::optional<Place> placeOfMenuItem(const QString &text) {
     return {};
 }
 
+/// Scrolls to `widget` if it is in a list, as a user does before a click.
+void scrollTo(QWidget *widget) {
+    for (QWidget *parent = widget; parent; parent = parent->parentWidget()) {
+        if (auto *area = qobject_cast<QScrollArea *>(parent)) {
+            area->ensureWidgetVisible(widget, 0, 0);
+        }
+    }
+}
+
 /// Waits until `find`, called on the main thread, returns a place, and clicks there.
 void clickWhenThere(const QString &what, const std::function<std::optional<Place>()> &find) {
     Person::await(QStringLiteral("“%1” to be there to be clicked").arg(what),
@@ -125,6 +135,7 @@ void Person::click(const QString &widget) {
 void Person::clickRow(const QString &list, const QString &row, const QString &widget) {
     clickWhenThere(row + u' ' + widget, [=] {
         QWidget *found = Screen::row(list, row);
+        scrollTo(found);
         return placeOf(found && !widget.isEmpty() ? Screen::widget(widget, found) : found);
     });
 }
