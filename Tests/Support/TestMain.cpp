@@ -15,6 +15,8 @@ void prepareTestProcess() {
         qputenv("LC_ALL", "C.UTF-8");
     }
     installAssertionReporter();
+    // The same font on every computer, because tests compare and click on what is shown.
+    qputenv("FONTCONFIG_FILE", VELMORA_SOURCE_DIR "/Tests/Support/fonts.conf");
     static const QTemporaryDir settings;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
