@@ -13,7 +13,7 @@ class MnemonicsTest : public QObject {
     QWidget m_window;
 
     QPushButton *addButton(const char *text) {
-        return new QPushButton(QLatin1StringView(text), &m_window);
+        return new QPushButton(QString::fromUtf8(text), &m_window);
     }
 
 private Q_SLOTS:
@@ -59,6 +59,24 @@ private Q_SLOTS:
         QCOMPARE(row->text(), QStringLiteral("Sync Now"));
         QCOMPARE(first->text(), QStringLiteral("&A"));
         QCOMPARE(second->text(), QStringLiteral("A"));
+    }
+
+    void lettersThatNoKeyTypesOrThatAreJoinedGetOneInBrackets() {
+        const QPushButton *translated = addButton("同期して終了(&A)");
+        const QPushButton *kanji = addButton("追加");
+        const QPushButton *kana = addButton("インポート…");
+        const QPushButton *arabic = addButton("عنوان الخادم:");
+        const QPushButton *mixed = addButton("خادم WebDAV…");
+        const QPushButton *sentence = addButton("ノートは残ります。");
+        for (int times = 0; times < 2; ++times) {
+            Mnemonics::assign(m_window);
+            QCOMPARE(translated->text(), QStringLiteral("同期して終了(&A)"));
+            QCOMPARE(kanji->text(), QStringLiteral("追加(&B)"));
+            QCOMPARE(kana->text(), QStringLiteral("インポート(&C)…"));
+            QCOMPARE(mixed->text(), QStringLiteral("خادم &WebDAV…"));
+            QCOMPARE(arabic->text(), QStringLiteral("عنوان الخادم (&D):"));
+            QCOMPARE(sentence->text(), QStringLiteral("ノートは残ります。"));
+        }
     }
 };
 
