@@ -101,7 +101,7 @@
     </message>
     <message>
         <source>%1 %2 of %3</source>
-        <translation>%1 %2 من %3</translation>
+        <translation>%1 تم %2 من %3</translation>
     </message>
     <message>
         <source>Progress of the synchronization</source>

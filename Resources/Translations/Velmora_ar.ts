@@ -382,11 +382,11 @@
     </message>
     <message>
         <source>%1 · 1 conflict</source>
-        <translation>%1 · تعارض واحد</translation>
+        <translation>%1 · فيها تعارض واحد</translation>
     </message>
     <message>
         <source>%1 · %2 conflicts</source>
-        <translation>%1 · التعارضات: %2</translation>
+        <translation>%1 · فيها تعارضات: %2</translation>
     </message>
     <message>
         <source>%1 · cannot be read</source>
@@ -550,7 +550,7 @@
     <name>RemovalDialog</name>
     <message>
         <source>The synchronization with “%1” would remove %2 of the %3 notes in “%4”.</source>
-        <translation>ستزيل المزامنة مع «%1» ملاحظات من «%4»: %2 من أصل %3.</translation>
+        <translation>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</translation>
     </message>
     <message>
         <source>Notes that would be removed</source>
@@ -757,7 +757,7 @@
     <name>SynchronizationMonitor</name>
     <message>
         <source>%1 %2 of %3</source>
-        <translation>%1 %2 من %3</translation>
+        <translation>%1 تم %2 من %3</translation>
     </message>
 </context>
 <context>
