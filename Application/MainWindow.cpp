@@ -7,7 +7,6 @@
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QPushButton>
-#include <QtWidgets/QSplitter>
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QVBoxLayout>
 
@@ -22,6 +21,7 @@
 #include "Application/PreferencesWindow.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/SaveLocations.h"
+#include "Application/Splitter.h"
 #include "Application/StatusLine.h"
 #include "Application/SynchronizationMonitor.h"
 #include "Application/VelmoraApplication.h"
@@ -64,15 +64,14 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
     resize(WindowSize::of(*this, 140, 38));
     m_databases->setObjectName(QStringLiteral("databases"));
     m_databases->setAccessibleName(tr("Databases"));
-    auto *splitter = new QSplitter;
+    auto *splitter = new Splitter;
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(m_databases);
     splitter->addWidget(m_notes);
     splitter->setStretchFactor(1, 3);
-    splitter->setContentsMargins(8, 8, 8, 0);
     auto *contents = new QWidget;
     auto *layout = new QVBoxLayout(contents);
-    layout->setContentsMargins(0, 0, 0, 6);
+    layout->setContentsMargins(8, 8, 8, 6);
     layout->addWidget(splitter, 1);
     auto *line = new StatusLine(m_monitor);
     connect(line, &StatusLine::failureRequested, this, &MainWindow::presentFailure);

@@ -7,7 +7,6 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
-#include <QtWidgets/QSplitter>
 #include <algorithm>
 #include <iterator>
 
@@ -15,6 +14,7 @@
 #include "Application/ConflictDialog.h"
 #include "Application/NoteTextEdit.h"
 #include "Application/PresentIfFailed.h"
+#include "Application/Splitter.h"
 #include "Application/UnsavedTextDialog.h"
 #include "Platform/Interface/PlainText.h"
 
@@ -116,7 +116,7 @@ void NotesView::makeWidgets() {
     noteLayout->addWidget(m_notice);
     noteLayout->addWidget(m_text);
 
-    auto *splitter = new QSplitter;
+    auto *splitter = new Splitter;
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(listSide);
     splitter->addWidget(noteSide);

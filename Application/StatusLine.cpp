@@ -32,7 +32,7 @@ StatusLine::StatusLine(SynchronizationMonitor *monitor, QWidget *parent)
     connect(m_stopButton, &QPushButton::clicked, m_monitor, &SynchronizationMonitor::stop);
     connect(m_detailsButton, &QPushButton::clicked, this, &StatusLine::failureRequested);
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(8, 0, 8, 0);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_bar);
     layout->addWidget(m_label, 1);
     layout->addWidget(m_stopButton);
