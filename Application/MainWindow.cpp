@@ -1,5 +1,6 @@
 #include "Application/MainWindow.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QAction>
 #include <QtGui/QCloseEvent>
@@ -48,6 +49,13 @@ QString shownName(const NoteDatabase &database) {
     return *conflicts == 1
                ? MainWindow::tr("%1 · 1 conflict").arg(name)
                : MainWindow::tr("%1 · %2 conflicts").arg(name, QString::number(*conflicts));
+}
+
+/// The tool bar shows the title without the mnemonic, of which Qt would leave the brackets.
+void setTitle(QAction *action, const QString &title) {
+    static const QRegularExpression mnemonic(QStringLiteral(" ?\\(&.\\)|&"));
+    action->setText(title);
+    action->setIconText(QString(title).remove(mnemonic));
 }
 
 }  // namespace
@@ -119,7 +127,10 @@ void MainWindow::makeActions() {
     QToolBar *toolBar = addToolBar(tr("Commands"));
     toolBar->setObjectName(QStringLiteral("commands"));
     toolBar->setMovable(false);
-    toolBar->addActions({createAction, m_renameAction, m_openAction, preferencesAction});
+    for (QAction *action : {createAction, m_renameAction, m_openAction, preferencesAction}) {
+        setTitle(action, action->text());
+        toolBar->addAction(action);
+    }
 }
 
 void MainWindow::showDatabases() {
@@ -163,7 +174,7 @@ void MainWindow::showDatabase() {
     }
     m_renameAction->setEnabled(database && !database->isInbox());
     m_openAction->setEnabled(database && !database->isInbox());
-    m_openAction->setText(database && database->isOpen() ? tr("&Close") : tr("&Open"));
+    setTitle(m_openAction, database && database->isOpen() ? tr("&Close") : tr("&Open"));
     updateHistoryActions();
 }
 

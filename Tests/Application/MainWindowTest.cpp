@@ -10,6 +10,7 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QToolBar>
 
 #include <csignal>
 
@@ -317,6 +318,21 @@ private Q_SLOTS:
             QVERIFY2(!mnemonics.contains(mnemonic), qPrintable(each));
             mnemonics.insert(mnemonic);
         }
+    }
+
+    void theToolBarShowsNoMnemonics() {
+        QTranslator table;
+        QVERIFY(table.load(QStringLiteral(":/Velmora/Translations/Velmora_ja.qm")));
+        QVERIFY(QCoreApplication::installTranslator(&table));
+        m_window.reset();
+        m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
+        QStringList shown;
+        for (const QAction *action : m_window->findChild<QToolBar *>()->actions()) {
+            shown.append(action->iconText());
+        }
+        const QStringList titles{QStringLiteral("新規データベース…"), QStringLiteral("名前を変更…"),
+                                 QStringLiteral("閉じる"), QStringLiteral("同期設定…")};
+        QCOMPARE(shown, titles);
     }
 
     void aLongTitleIsNotCut() {
