@@ -122,6 +122,14 @@ void EngineDatabase::addDamaged(const QList<NoteLog::Damage> &operations) {
     }
 }
 
+bool EngineDatabase::isComparisonDue(const QString &store) const {
+    return m_comparisons.value(store).hasExpired();
+}
+
+void EngineDatabase::setCompared(const QString &store, std::chrono::milliseconds validity) {
+    m_comparisons.insert(store, QDeadlineTimer(validity));
+}
+
 void EngineDatabase::announceMerge() {
     if (m_pause.isActive()) {
         m_isAnnouncementDue = true;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QHash>
 #include <QtCore/QTimer>
+#include <chrono>
 #include <functional>
 
 #include "Engine/Notes/NoteLog.h"
@@ -65,6 +68,15 @@ public:
     /// Returns the operations that were added and not merged since. They may have been superseded.
     const QSet<OperationId> &damaged() const { return m_damaged; }
 
+    /// Returns whether the next synchronization with the store `store` must compare everything,
+    /// instead of trusting what the profile has recorded as unwritten. That is so if none has since
+    /// this object was created, or within the validity of the last comparison.
+    bool isComparisonDue(const QString &store) const;
+    /// Records that a synchronization with the store `store` has compared everything.
+    void setCompared(const QString &store,
+                     std::chrono::milliseconds validity = std::chrono::days(1));
+    void setComparisonDue(const QString &store) { m_comparisons.remove(store); }
+
     /// Renames the database and emits `nameChanged`. The name must be valid, see
     /// Operation::isName(). Called by the library only, which posts the notification.
     Expected<void> setName(const QString &name);
@@ -98,4 +110,6 @@ private:
     QTimer m_pause;
     bool m_isAnnouncementDue = false;
     QSet<OperationId> m_damaged;
+    /// By store: until when it need not be compared again.
+    QHash<QString, QDeadlineTimer> m_comparisons;
 };

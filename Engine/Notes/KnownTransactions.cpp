@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileSettings.h"
 
@@ -9,7 +10,6 @@ namespace {
 
 /// The starts of the keys of settings, which the database and the store follow.
 const QString VerifiedPrefix = QStringLiteral("lastVerified ");
-const QString WrittenPrefix = QStringLiteral("written ");
 const QString RewrittenPrefix = QStringLiteral("rewritten ");
 
 /// Separate the names and the lists in a setting. No name contains them.
@@ -18,6 +18,9 @@ constexpr QChar ListMark = u'\n';
 
 /// Follows the name of a record in the rows of its parts, which are therefore beside its own.
 constexpr QChar PartMark = u' ';
+
+/// Number of recorded identifiers that are forgotten at once.
+constexpr int ForgottenAtOnce = 2000;
 
 /// The condition that a row belongs to one record, whose name must be bound twice.
 QString ofRecord() {
@@ -116,15 +119,57 @@ Expected<void> KnownTransactions::addPart(const QString &name, int number,
 Expected<void> KnownTransactions::insert(const QString &row, const Transaction &part,
                                          qint64 size) const {
     const Contents contents = Contents::of(part, size);
-    return m_profile.run(
-        QStringLiteral(
-            "INSERT OR REPLACE INTO known_transactions"
-            " (place, database, name, operations, superseded, size) VALUES (?, ?, ?, ?, ?, ?)"),
-        {m_store, m_database, row, Operation::packed(contents.operations),
-         Operation::packed(contents.superseded), size});
+    const QByteArray operations = Operation::packed(contents.operations);
+    const QByteArray superseded = Operation::packed(contents.superseded);
+    const Expected<QVariant> hasOther =
+        m_profile.value(QStringLiteral("SELECT 1 FROM known_transactions WHERE place = ?"
+                                       " AND database = ? AND name = ?"
+                                       " AND (operations, superseded) IS NOT (?, ?)"),
+                        {m_store, m_database, row, operations, superseded});
+    if (!hasOther) {
+        return failure(hasOther.error());
+    }
+    return (hasOther->isValid() ? setIncomplete() : Expected<void>())
+        .and_then([&] {
+            return m_profile.run(
+                QStringLiteral("INSERT OR REPLACE INTO known_transactions"
+                               " (place, database, name, operations, superseded, size)"
+                               " VALUES (?, ?, ?, ?, ?, ?)"),
+                {m_store, m_database, row, operations, superseded, size});
+        })
+        .and_then([&] { return setWritten(contents); });
+}
+
+Expected<void> KnownTransactions::setWritten(const Contents &contents) const {
+    const Expected<bool> has = hasUnwritten();
+    if (!has || !*has) {
+        return has.map([](bool) {});
+    }
+    Expected<QSqlQuery> deletion =
+        m_profile.prepare(QStringLiteral("DELETE FROM unwritten WHERE place = ? AND database = ?"
+                                         " AND is_superseded = ? AND digest = ?"));
+    if (!deletion) {
+        return failure(deletion.error());
+    }
+    for (const bool isSuperseded : {false, true}) {
+        for (const OperationId &identifier :
+             isSuperseded ? contents.superseded : contents.operations) {
+            if (Expected<void> removed =
+                    m_profile.run(*deletion, {m_store, m_database, isSuperseded, identifier});
+                !removed) {
+                return removed;
+            }
+        }
+    }
+    return {};
 }
 
 Expected<void> KnownTransactions::remove(const QStringList &names) const {
+    return removeReplaced(names).and_then(
+        [&] { return names.isEmpty() ? Expected<void>() : setIncomplete(); });
+}
+
+Expected<void> KnownTransactions::removeReplaced(const QStringList &names) const {
     Expected<QSqlQuery> deletion =
         m_profile.prepare(QStringLiteral("DELETE FROM known_transactions"
                                          " WHERE place = ? AND database = ? AND ") +
@@ -138,15 +183,20 @@ Expected<void> KnownTransactions::remove(const QStringList &names) const {
             return removed;
         }
     }
-    return names.isEmpty() ? Expected<void>()
-                           : ProfileSettings::remove(m_profile, key(WrittenPrefix));
+    return {};
 }
 
 Expected<void> KnownTransactions::forgetStore(const ProfileDatabase &profile,
                                               const QString &store) {
     return profile.run(QStringLiteral("DELETE FROM known_transactions WHERE place = ?"), {store})
         .and_then([&] { return ProfileSettings::removeAll(profile, VerifiedPrefix, u' ' + store); })
-        .and_then([&] { return ProfileSettings::removeAll(profile, WrittenPrefix, u' ' + store); })
+        .and_then([&] {
+            return profile.run(QStringLiteral("DELETE FROM compared_places WHERE place = ?"),
+                               {store});
+        })
+        .and_then([&] {
+            return profile.run(QStringLiteral("DELETE FROM unwritten WHERE place = ?"), {store});
+        })
         .and_then(
             [&] { return ProfileSettings::removeAll(profile, RewrittenPrefix, u' ' + store); });
 }
@@ -159,12 +209,145 @@ Expected<void> KnownTransactions::setLastVerified(const QString &name) const {
     return setSetting(key(VerifiedPrefix), name);
 }
 
-Expected<QString> KnownTransactions::written() const {
-    return setting(key(WrittenPrefix));
+Expected<KnownTransactions::Unwritten> KnownTransactions::compare() const {
+    const NoteLog log(m_profile, m_database);
+    const Expected<QHash<QString, Contents>> known = all();
+    if (!known) {
+        return failure(known.error());
+    }
+    const Expected<QSet<OperationId>> superseded = log.supersededIds();
+    if (!superseded) {
+        return failure(superseded.error());
+    }
+    const Expected<QList<OperationId>> operations = log.operationIds();
+    if (!operations) {
+        return failure(operations.error());
+    }
+    Unwritten unwritten{*operations, *superseded};
+    QSet<OperationId> written;
+    for (const Contents &contents : *known) {
+        written.unite(QSet(contents.operations.begin(), contents.operations.end()));
+        for (const OperationId &identifier : contents.superseded) {
+            unwritten.superseded.remove(identifier);
+        }
+    }
+    unwritten.operations.removeIf(
+        [&](const OperationId &identifier) { return written.contains(identifier); });
+    return unwritten;
 }
 
-Expected<void> KnownTransactions::setWritten(const QString &state) const {
-    return setSetting(key(WrittenPrefix), state);
+Expected<bool> KnownTransactions::restartRecording() const {
+    return m_profile
+        .run(QStringLiteral("INSERT OR REPLACE INTO compared_places (database, place, is_complete)"
+                            " VALUES (?, ?, FALSE)"),
+             {m_database, m_store})
+        .and_then([this] {
+            return m_profile.run(
+                QStringLiteral("DELETE FROM unwritten WHERE place = ? AND database = ?"
+                               " AND (is_superseded, digest) IN"
+                               " (SELECT is_superseded, digest FROM unwritten"
+                               "  WHERE place = ? AND database = ? LIMIT ?)"),
+                {m_store, m_database, m_store, m_database, ForgottenAtOnce});
+        })
+        .and_then([this] { return hasUnwritten(); })
+        .map([](bool remains) { return !remains; });
+}
+
+Expected<void> KnownTransactions::setComplete() const {
+    return m_profile.run(QStringLiteral("UPDATE compared_places SET is_complete = TRUE"
+                                        " WHERE database = ? AND place = ?"),
+                         {m_database, m_store});
+}
+
+Expected<void> KnownTransactions::setIncomplete() const {
+    return m_profile.run(QStringLiteral("UPDATE compared_places SET is_complete = FALSE"
+                                        " WHERE database = ? AND place = ?"),
+                         {m_database, m_store});
+}
+
+Expected<bool> KnownTransactions::isComplete() const {
+    return m_profile
+        .value(QStringLiteral("SELECT EXISTS (SELECT 1 FROM compared_places"
+                              " WHERE database = ? AND place = ? AND is_complete)"),
+               {m_database, m_store})
+        .map([](const QVariant &exists) { return exists.toBool(); });
+}
+
+Expected<bool> KnownTransactions::hasUnwritten() const {
+    return m_profile
+        .value(QStringLiteral("SELECT EXISTS (SELECT 1 FROM unwritten"
+                              " WHERE place = ? AND database = ?)"),
+               {m_store, m_database})
+        .map([](const QVariant &exists) { return exists.toBool(); });
+}
+
+Expected<std::optional<KnownTransactions::Unwritten>> KnownTransactions::unwritten() const {
+    const auto operations = readRecorded(
+        QStringLiteral("SELECT u.digest, o.id FROM unwritten AS u LEFT JOIN operations AS o"
+                       " ON o.database = u.database AND o.digest = u.digest"
+                       " WHERE u.place = ? AND u.database = ? AND NOT u.is_superseded"
+                       " ORDER BY o.id"));
+    if (!operations) {
+        return failure(operations.error());
+    }
+    const auto superseded = readRecorded(
+        QStringLiteral("SELECT u.digest, s.digest FROM unwritten AS u LEFT JOIN superseded AS s"
+                       " ON s.database = u.database AND s.digest = u.digest"
+                       " WHERE u.place = ? AND u.database = ? AND u.is_superseded"));
+    if (!superseded) {
+        return failure(superseded.error());
+    }
+    if (!*operations || !*superseded) {
+        return std::nullopt;
+    }
+    return Unwritten{**operations, {(*superseded)->begin(), (*superseded)->end()}};
+}
+
+Expected<std::optional<QList<OperationId>>> KnownTransactions::readRecorded(
+    const QString &statement) const {
+    std::optional identifiers = QList<OperationId>();
+    const Expected<void> done =
+        m_profile.read(statement, {m_store, m_database}, [&](const QSqlQuery &row) {
+            if (row.isNull(1)) {
+                identifiers.reset();
+            } else if (identifiers) {
+                identifiers->append(row.value(0).toByteArray());
+            }
+        });
+    if (!done) {
+        return failure(done.error());
+    }
+    return identifiers;
+}
+
+Expected<bool> KnownTransactions::isRecordSound() const {
+    const Expected<bool> complete = isComplete();
+    if (!complete || !*complete) {
+        return complete.map([](bool) { return true; });
+    }
+    const Expected<std::optional<Unwritten>> recorded = unwritten();
+    if (!recorded || !*recorded) {
+        return recorded.map([](const auto &) { return false; });
+    }
+    const QList<OperationId> &operations = (*recorded)->operations;
+    const QSet<OperationId> present(operations.begin(), operations.end());
+    return compare().map([&](const Unwritten &all) {
+        return (*recorded)->superseded.contains(all.superseded) &&
+               std::all_of(all.operations.begin(), all.operations.end(),
+                           [&](const OperationId &id) { return present.contains(id); });
+    });
+}
+
+Expected<QStringList> KnownTransactions::recordedStores(const ProfileDatabase &profile,
+                                                        qint64 database) {
+    QStringList stores;
+    const Expected<void> done = profile.read(
+        QStringLiteral("SELECT place FROM compared_places WHERE database = ?"), {database},
+        [&](const QSqlQuery &row) { stores.append(row.value(0).toString()); });
+    if (!done) {
+        return failure(done.error());
+    }
+    return stores;
 }
 
 Expected<KnownTransactions::Rewritten> KnownTransactions::rewritten() const {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QtCore/QHash>
+#include <QtCore/QSet>
+#include <optional>
 
 #include "Engine/Notes/Transaction.h"
 
@@ -38,14 +40,18 @@ public:
     Expected<Contents> contents(const QString &name) const;
     /// Returns the sizes in bytes by the names of the records.
     Expected<QHash<QString, qint64>> sizes() const;
-    /// Adds the record `name` of `size` bytes, or replaces it.
+    /// Adds the record `name` of `size` bytes, or replaces it, whose former contents the store may
+    /// lack from now on.
     Expected<void> add(const QString &name, const Transaction &transaction, qint64 size) const;
     /// Adds a part of the record `name`, so that a large record can be added in several steps. The
     /// parts have the numbers from 0 on; the last one is added by add(), which makes the record
     /// known.
     Expected<void> addPart(const QString &name, int number, const Transaction &part) const;
-    /// Removes the records `names`. Names that are not known are ignored.
+    /// Removes the records `names`, whose contents the store may lack from now on. Names that are
+    /// not known are ignored.
     Expected<void> remove(const QStringList &names) const;
+    /// Removes the records `names`, whose contents other known records contain.
+    Expected<void> removeReplaced(const QStringList &names) const;
 
     /// Removes what the profile contains for the store `store` and all databases. Must be called
     /// within a transaction of the profile.
@@ -56,12 +62,33 @@ public:
     Expected<QString> lastVerified() const;
     Expected<void> setLastVerified(const QString &name) const;
 
-    /// Returns the last `state` that was passed to setWritten(), or an empty string if that never
-    /// happened or records were removed since.
-    Expected<QString> written() const;
-    /// Records that the known transactions contain everything that the database contains in the
-    /// state NoteLog::state().
-    Expected<void> setWritten(const QString &state) const;
+    /// What the database contains and the known transactions do not.
+    struct Unwritten {
+        /// In the order in which they arrived.
+        QList<OperationId> operations;
+        QSet<OperationId> superseded;
+    };
+    /// Returns what is unwritten. Compares everything: O(n).
+    Expected<Unwritten> compare() const;
+
+    /// Forgets what is recorded as unwritten, and records from now on what is added to the database
+    /// and not to the known transactions. Forgets only some of it at a time, so that it takes a
+    /// short time; returns whether all is forgotten, and must be called until then. Only what
+    /// compare() returns after that, together with what is recorded, is complete.
+    Expected<bool> restartRecording() const;
+    /// Records that everything is written that compare() has returned since.
+    Expected<void> setComplete() const;
+    /// Returns whether all that is unwritten is recorded. O(log n).
+    Expected<bool> isComplete() const;
+    /// Returns whether something is recorded as unwritten. O(log n).
+    Expected<bool> hasUnwritten() const;
+    /// Returns what is recorded, in time in proportion to it; nothing if the record is wrong,
+    /// because it names what the database does not contain. May contain what was written.
+    Expected<std::optional<Unwritten>> unwritten() const;
+    /// Returns whether the record contains all that compare() returns, unless it is not complete.
+    Expected<bool> isRecordSound() const;
+    /// Returns the stores for which something is recorded about the database.
+    static Expected<QStringList> recordedStores(const ProfileDatabase &profile, qint64 database);
 
     /// Records that remain to be removed, since others contain all that they contain.
     struct Rewritten {
@@ -78,6 +105,12 @@ private:
     Expected<QHash<QString, Contents>> read(const QString &condition,
                                             const QVariantList &values) const;
     Expected<void> insert(const QString &row, const Transaction &part, qint64 size) const;
+    /// Removes `contents` from what is recorded as unwritten.
+    Expected<void> setWritten(const Contents &contents) const;
+    /// Reads identifiers, and returns nothing if one of them has a NULL beside it.
+    Expected<std::optional<QList<OperationId>>> readRecorded(const QString &statement) const;
+    /// Records that the store may lack something that is not recorded as unwritten.
+    Expected<void> setIncomplete() const;
     Expected<QString> setting(const QString &key) const;
     Expected<void> setSetting(const QString &key, const QString &value) const;
     /// Returns the key of the setting for this database and store whose key begins with `prefix`.

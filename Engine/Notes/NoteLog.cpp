@@ -75,6 +75,11 @@ qsizetype roughSize(const Operation &operation) {
 /// chain, since all its operations follow from the first one.
 constexpr int MostRenewals = 100;
 
+/// Takes the database.
+const QString ConflictsCounted = QStringLiteral(
+    "SELECT count(*) FROM (SELECT 1 FROM operations WHERE database = ?"
+    " AND note_uuid <> '' GROUP BY note_uuid HAVING count(*) > 1)");
+
 QString selection(const QString &condition, const QString &order = QStringLiteral("position, id")) {
     return QStringLiteral(
                "SELECT digest, note_uuid, CAST(title AS BLOB), CAST(text AS BLOB), modified,"
@@ -322,6 +327,14 @@ Expected<void> NoteLog::markAllSent() const {
         {m_database});
 }
 
+Expected<bool> NoteLog::isEmpty() const {
+    return m_profile
+        .value(QStringLiteral("SELECT EXISTS (SELECT 1 FROM operations WHERE database = ?)"
+                              " OR EXISTS (SELECT 1 FROM superseded WHERE database = ?)"),
+               {m_database, m_database})
+        .map([](const QVariant &exists) { return !exists.toBool(); });
+}
+
 Expected<qint64> NoteLog::countOfNotes() const {
     return m_profile
         .value(QStringLiteral("SELECT count(DISTINCT note_uuid) FROM operations"
@@ -330,12 +343,36 @@ Expected<qint64> NoteLog::countOfNotes() const {
         .map([](const QVariant &count) { return count.toLongLong(); });
 }
 
+Expected<bool> NoteLog::hasMoreNotesThan(qint64 count) const {
+    return m_profile
+        .value(QStringLiteral("SELECT count(*) FROM (SELECT DISTINCT note_uuid FROM operations"
+                              " WHERE database = ? AND note_uuid <> '' LIMIT ?)"),
+               {m_database, count + 1})
+        .map([&](const QVariant &found) { return found.toLongLong() > count; });
+}
+
 Expected<qint64> NoteLog::countOfConflicts() const {
     return m_profile
-        .value(QStringLiteral("SELECT count(*) FROM (SELECT 1 FROM operations WHERE database = ?"
-                              " AND note_uuid <> '' GROUP BY note_uuid HAVING count(*) > 1)"),
-               {m_database})
+        .value(QStringLiteral("SELECT coalesce((SELECT conflicts FROM counts WHERE database = ?),"
+                              " (%1))")
+                   .arg(ConflictsCounted),
+               {m_database, m_database})
         .map([](const QVariant &count) { return count.toLongLong(); });
+}
+
+Expected<bool> NoteLog::isCountOfConflictsSound() const {
+    return m_profile
+        .value(QStringLiteral("SELECT (SELECT conflicts FROM counts WHERE database = ?) IS (%1)")
+                   .arg(ConflictsCounted),
+               {m_database, m_database})
+        .map([](const QVariant &isSound) { return isSound.toBool(); });
+}
+
+Expected<void> NoteLog::recountConflicts() const {
+    return m_profile.run(
+        QStringLiteral("INSERT OR REPLACE INTO counts (database, conflicts) VALUES (?, (%1))")
+            .arg(ConflictsCounted),
+        {m_database, m_database});
 }
 
 Expected<QList<NoteVersion>> NoteLog::earlierVersions(const QString &noteUUID) const {
@@ -382,16 +419,6 @@ Expected<QSet<OperationId>> NoteLog::supersededIds() const {
         return failure(done.error());
     }
     return identifiers;
-}
-
-Expected<QString> NoteLog::state() const {
-    // Ids are never used twice, and the set of superseded identifiers never shrinks.
-    return m_profile
-        .value(QStringLiteral("SELECT (SELECT coalesce(max(id), 0) FROM operations"
-                              "  WHERE database = ?) || ' ' ||"
-                              " (SELECT count(*) FROM superseded WHERE database = ?)"),
-               {m_database, m_database})
-        .map([](const QVariant &state) { return state.toString(); });
 }
 
 Expected<QList<NoteLog::Damage>> NoteLog::damagedOperations() const {

@@ -70,8 +70,6 @@ public:
     Expected<QList<OperationId>> operationIds(const QString &note) const;
     /// Returns the identifiers of the superseded operations.
     Expected<QSet<OperationId>> supersededIds() const;
-    /// Returns a text that is another one whenever an operation was added or superseded.
-    Expected<QString> state() const;
     /// A current operation that is not what was saved.
     struct Damage {
         OperationId id;
@@ -90,10 +88,18 @@ public:
     /// unchanged.
     Expected<QList<Operation>> takeOperations(QList<OperationId> &identifiers) const;
 
-    /// Returns the number of notes; conflicting edits of a note count as one.
+    /// Returns whether there are neither operations nor superseded identifiers. O(log n).
+    Expected<bool> isEmpty() const;
+    /// Returns the number of notes; conflicting edits of a note count as one. Counts them: O(n).
     Expected<qint64> countOfNotes() const;
-    /// Returns the number of notes with conflicting edits.
+    /// Returns whether there are more notes than `count`. O(count).
+    Expected<bool> hasMoreNotesThan(qint64 count) const;
+    /// Returns the number of notes with conflicting edits, as the profile has recorded it. O(1).
     Expected<qint64> countOfConflicts() const;
+    /// Returns whether that is what counting finds. O(n).
+    Expected<bool> isCountOfConflictsSound() const;
+    /// Counts the conflicts and records their number. O(n).
+    Expected<void> recountConflicts() const;
     /// Returns the earlier versions of what shows as the note `noteUUID`.
     Expected<QList<NoteVersion>> earlierVersions(const QString &noteUUID) const;
     const NoteHistory &history() const { return m_history; }

@@ -7,6 +7,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Notes/DatabaseRecord.h"
+#include "Engine/Notes/DerivedTables.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/NoteInspection.h"
 #include "Engine/Plugin/EngineSyncPlugin.h"
@@ -51,13 +52,20 @@ VerificationReport ProfileVerification::run(VerificationMode mode) {
     m_mode = mode;
     m_report = {};
     m_report.parts.append(verifyProfile());
+    const Expected<QStringList> repairs =
+        m_mode == VerificationMode::Repair ? repairDerived() : QStringList();
     const auto locations = m_plugin.locationsController()->syncLocations();
     for (const auto &location : locations) {
         verifyLocation(dynamic_cast<EngineSyncLocation &>(*location));
     }
     verifyServedStore();
     if (m_mode == VerificationMode::Repair) {
-        m_report.parts.first() = verifyProfile();
+        Part &part = m_report.parts.first() = verifyProfile();
+        part.repairs.append(repairs.value_or(QStringList()));
+        if (!repairs) {
+            part.outcome = VerificationReport::Outcome::Problems;
+            part.problems.append(repairs.error().localizedDescription);
+        }
     }
     return m_report;
 }
@@ -108,7 +116,8 @@ Expected<QStringList> ProfileVerification::profileProblems() const {
                                    .arg(database->name(),
                                         NoteInspection::titles(damaged, database->name())));
                        }
-                   });
+                   })
+                   .and_then([&] { return addDerivedProblems(checked, problems); });
     }
     if (!done && problems.isEmpty()) {
         return failure(done.error());
@@ -117,6 +126,58 @@ Expected<QStringList> ProfileVerification::profileProblems() const {
         problems.append(done.error().localizedDescription);
     }
     return problems;
+}
+
+Expected<void> ProfileVerification::addDerivedProblems(const EngineDatabase &database,
+                                                       QStringList &problems) const {
+    return DerivedTables::check(m_profile, database.log().database())
+        .map([&](const DerivedTables::Faults &faults) {
+            if (!faults.stores.isEmpty()) {
+                problems.append(
+                    localizedSyncString("The list of unsent changes of the database “%1” is wrong. "
+                                        "“velmora verify --repair” compares everything and sends "
+                                        "what the list lacks.")
+                        .arg(database.name()));
+            }
+            if (faults.isCountWrong) {
+                problems.append(
+                    localizedSyncString("The recorded number of conflicts in the database “%1” is "
+                                        "wrong. “velmora verify --repair” counts them again.")
+                        .arg(database.name()));
+            }
+        });
+}
+
+Expected<QStringList> ProfileVerification::repairDerived() const {
+    QStringList repairs;
+    const auto databases = m_library.knownDatabases();
+    for (const auto &database : databases) {
+        const qint64 id = static_cast<EngineDatabase &>(*database).log().database();
+        const Expected<DerivedTables::Faults> faults = DerivedTables::check(m_profile, id);
+        if (!faults) {
+            return failure(faults.error());
+        }
+        if (faults->isEmpty()) {
+            continue;
+        }
+        const Expected<void> repaired =
+            m_profile.write([&] { return DerivedTables::repair(m_profile, id, *faults); });
+        if (!repaired) {
+            return failure(repaired.error());
+        }
+        if (!faults->stores.isEmpty()) {
+            repairs.append(
+                localizedSyncString("The list of unsent changes of the database “%1” was "
+                                    "wrong. Everything is compared again.")
+                    .arg(database->name()));
+        }
+        if (faults->isCountWrong) {
+            repairs.append(localizedSyncString("The recorded number of conflicts in the database "
+                                               "“%1” was wrong. They were counted again.")
+                               .arg(database->name()));
+        }
+    }
+    return repairs;
 }
 
 Expected<QString> ProfileVerification::profileExtent() const {

@@ -5,6 +5,7 @@
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Engine/Synchronization/StoreSession.h"
 
+class EngineDatabase;
 class EngineSyncPlugin;
 
 /// Verifies a profile and every store with which its databases synchronize: the enabled states of
@@ -27,8 +28,9 @@ public:
     /// the list, then those of the served store.
     VerificationReport run(VerificationMode mode);
     /// Verifies only the profile: checks the file with SQLite ("integrity_check" and
-    /// "foreign_key_check") and every operation against its digest. What is damaged is read again
-    /// by the synchronizations that follow.
+    /// "foreign_key_check"), every operation against its digest, and what the profile has derived
+    /// against what it was derived from. Damaged operations are read again by the synchronizations
+    /// that follow.
     VerificationReport::Part verifyProfile() const;
 
 private:
@@ -38,6 +40,10 @@ private:
 
     /// Returns the problems of the profile itself.
     Expected<QStringList> profileProblems() const;
+    /// Adds what is wrong with what the profile has derived about `database`.
+    Expected<void> addDerivedProblems(const EngineDatabase &database, QStringList &problems) const;
+    /// Derives again what is wrong, and returns what that was.
+    Expected<QStringList> repairDerived() const;
     /// Returns how much the profile contains, for the user.
     Expected<QString> profileExtent() const;
     /// Add a part to the report for each database of the location, or of the served store.

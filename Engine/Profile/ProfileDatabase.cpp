@@ -28,6 +28,74 @@ QStringList connectionSettings() {
     };
 }
 
+/// What follows from the tables of operations and superseded identifiers. Triggers keep it up to
+/// date, so that little has to be counted or compared; it can be computed again at any time.
+QStringList derivedTables() {
+    const QString conflicts = QStringLiteral(
+        "(SELECT count(*) FROM (SELECT 1 FROM operations WHERE database = %1"
+        " AND note_uuid <> '' GROUP BY note_uuid HAVING count(*) > 1))");
+    // The operations of a note: more than two make no difference.
+    const QString edits = QStringLiteral(
+        "(SELECT count(*) FROM (SELECT 1 FROM operations WHERE database = %1.database"
+        " AND note_uuid = %1.note_uuid LIMIT 3))");
+    return {
+        // The numbers of notes with several operations.
+        QStringLiteral("CREATE TABLE IF NOT EXISTS counts (database INTEGER PRIMARY KEY NOT NULL"
+                       " REFERENCES databases (id) ON DELETE CASCADE,"
+                       " conflicts INTEGER NOT NULL DEFAULT 0)"),
+        QStringLiteral("INSERT OR IGNORE INTO counts SELECT id, %1 FROM databases")
+            .arg(conflicts.arg(QStringLiteral("databases.id"))),
+        QStringLiteral("CREATE TRIGGER IF NOT EXISTS database_added AFTER INSERT ON databases BEGIN"
+                       " INSERT INTO counts (database) VALUES (new.id); END"),
+        QStringLiteral("CREATE TRIGGER IF NOT EXISTS conflict_counted AFTER INSERT ON operations"
+                       " WHEN new.note_uuid <> '' AND %1 = 2 BEGIN"
+                       " UPDATE counts SET conflicts = conflicts + 1 WHERE database = new.database;"
+                       " END")
+            .arg(edits.arg(QStringLiteral("new"))),
+        QStringLiteral("CREATE TRIGGER IF NOT EXISTS conflict_discounted AFTER DELETE ON operations"
+                       " WHEN old.note_uuid <> '' AND %1 = 1 BEGIN"
+                       " UPDATE counts SET conflicts = conflicts - 1 WHERE database = old.database;"
+                       " END")
+            .arg(edits.arg(QStringLiteral("old"))),
+        // Only a repair of a damaged row changes the note.
+        QStringLiteral("CREATE TRIGGER IF NOT EXISTS note_changed AFTER UPDATE OF note_uuid ON"
+                       " operations WHEN new.note_uuid <> old.note_uuid BEGIN"
+                       " UPDATE counts SET conflicts = %1 WHERE database = new.database; END")
+            .arg(conflicts.arg(QStringLiteral("new.database"))),
+        // The places for which "unwritten" is kept, and whether it is all that they lack.
+        QStringLiteral("CREATE TABLE IF NOT EXISTS compared_places ("
+                       " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
+                       " place TEXT NOT NULL, is_complete INTEGER NOT NULL DEFAULT 0,"
+                       " PRIMARY KEY (database, place)) WITHOUT ROWID"),
+        // The operations and superseded identifiers that were added since and that no record of the
+        // place contains.
+        QStringLiteral("CREATE TABLE IF NOT EXISTS unwritten (place TEXT NOT NULL,"
+                       " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
+                       " is_superseded INTEGER NOT NULL, digest BLOB NOT NULL,"
+                       " PRIMARY KEY (place, database, is_superseded, digest)) WITHOUT ROWID"),
+        QStringLiteral("CREATE TRIGGER IF NOT EXISTS operation_added AFTER INSERT ON operations"
+                       " BEGIN INSERT OR IGNORE INTO unwritten SELECT place, database, 0,"
+                       " new.digest FROM compared_places WHERE database = new.database; END"),
+        QStringLiteral("CREATE TRIGGER IF NOT EXISTS operation_removed AFTER DELETE ON operations"
+                       " BEGIN DELETE FROM unwritten WHERE place IN (SELECT place FROM"
+                       " compared_places WHERE database = old.database) AND database = old.database"
+                       " AND is_superseded = 0 AND digest = old.digest; END"),
+        QStringLiteral("CREATE TRIGGER IF NOT EXISTS identifier_superseded AFTER INSERT ON"
+                       " superseded BEGIN INSERT OR IGNORE INTO unwritten SELECT place, database,"
+                       " 1, new.digest FROM compared_places WHERE database = new.database; END"),
+        // What earlier versions have recorded instead: the state up to which all was written.
+        QStringLiteral("INSERT OR IGNORE INTO compared_places"
+                       " SELECT d.id, substr(key, length('written ' || d.id || ' ') + 1), 1"
+                       " FROM databases AS d JOIN settings"
+                       " ON substr(key, 1, length('written ' || d.id || ' ')) ="
+                       " 'written ' || d.id || ' '"
+                       " WHERE value = (SELECT coalesce(max(id), 0) FROM operations"
+                       "  WHERE database = d.id) || ' ' ||"
+                       " (SELECT count(*) FROM superseded WHERE database = d.id)"),
+        QStringLiteral("DELETE FROM settings WHERE key LIKE 'written %'"),
+    };
+}
+
 // States are loaded in the order of their ids, which is the order in which they were added.
 QStringList schema() {
     return {
@@ -95,6 +163,11 @@ QStringList schema() {
                        " UPDATE size_of_versions SET bytes = bytes + new.size; END"),
         QStringLiteral("CREATE TRIGGER IF NOT EXISTS version_removed AFTER DELETE ON versions BEGIN"
                        " UPDATE size_of_versions SET bytes = bytes - old.size; END"),
+    };
+}
+
+QStringList versionMarks() {
+    return {
         QStringLiteral("PRAGMA application_id = %1").arg(ProfileInspection::ApplicationId),
         QStringLiteral("PRAGMA user_version = %1").arg(ProfileInspection::SchemaVersion),
     };
@@ -245,13 +318,15 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
 }
 
 Expected<void> ProfileDatabase::checkTables() const {
-    static const QRegularExpression table(QStringLiteral("^CREATE TABLE IF NOT EXISTS (\\w+)"));
-    const QStringList statements = schema();
+    static const QRegularExpression creation(
+        QStringLiteral("^CREATE (TABLE|TRIGGER) IF NOT EXISTS (\\w+)"));
+    const QStringList statements = schema() + derivedTables();
     for (const QString &statement : statements) {
-        const QString name = table.match(statement).captured(1);
-        const Expected<QVariant> count = value(
-            QStringLiteral("SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND name = ?"),
-            {name});
+        const QRegularExpressionMatch created = creation.match(statement);
+        const QString name = created.captured(2);
+        const Expected<QVariant> count =
+            value(QStringLiteral("SELECT count(*) FROM sqlite_schema WHERE type = ? AND name = ?"),
+                  {created.captured(1).toLower(), name});
         if (!count) {
             return failure(count.error());
         }
@@ -282,7 +357,7 @@ Expected<void> ProfileDatabase::upgradeNotes(const Changes &convertNotes) const 
 }
 
 Expected<void> ProfileDatabase::createMissingTables() const {
-    return executeAll(schema());
+    return executeAll(schema() + derivedTables() + versionMarks());
 }
 
 Expected<void> ProfileDatabase::addMissingColumns() const {

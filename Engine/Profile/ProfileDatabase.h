@@ -43,7 +43,7 @@ public:
     /// new profile in it: creates the tables and calls `fill` to write the first rows, in one
     /// transaction. A profile of schema version 1 is upgraded: its table of notes is renamed to
     /// "old_notes" and `convertNotes` is called to write the notes into the current tables, in one
-    /// transaction, after which "old_notes" is dropped. One of version 2 or 3 gets the tables and
+    /// transaction, after which "old_notes" is dropped. One of version 2 to 4 gets the tables and
     /// columns that it lacks.
     ///
     /// A new folder and its files are accessible to their owner only. The permissions of the group
@@ -119,7 +119,7 @@ private:
     Expected<void> createMissingTables() const;
     /// Adds the columns that the table "states", if it exists, does not have yet.
     Expected<void> addMissingColumns() const;
-    /// Returns an error if a table of the current schema version is missing.
+    /// Returns an error if a table or a trigger of the current schema version is missing.
     Expected<void> checkTables() const;
     Expected<void> create(const Changes &fill) const;
     /// Upgrades a profile of schema version 1.

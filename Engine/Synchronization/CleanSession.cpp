@@ -10,6 +10,7 @@
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/RecordTiers.h"
 #include "Engine/Synchronization/TransactionRecords.h"
+#include "Engine/Synchronization/UnsentChanges.h"
 
 namespace {
 
@@ -77,7 +78,8 @@ Expected<void> CleanSession::forgetIncomplete() {
 
 Expected<void> CleanSession::forgetRemoved() {
     m_step = Step::ForgettingRemoved;
-    Expected<void> forgotten = forgetSome(m_toRemove);
+    Expected<void> forgotten =
+        forgetSome(m_toRemove, m_areRewritesUnsound ? Contents::MayBeLost : Contents::AreInOthers);
     if (!forgotten || !m_toRemove.isEmpty()) {
         return forgotten;
     }
@@ -86,27 +88,20 @@ Expected<void> CleanSession::forgetRemoved() {
 }
 
 Expected<void> CleanSession::recordRemoval() {
-    return profile().write([this] {
-        return known().setRewritten({}).and_then([this] {
-            return m_completeState.isEmpty() ? Expected<void>()
-                                             : known().setWritten(m_completeState);
-        });
+    return profile().write([this] { return known().setRewritten({}); }).map([this] {
+        if (m_isWritten) {
+            // That the other records contain what was removed rests on what was recorded long ago.
+            database()->setComparisonDue(subject().store);
+        }
     });
 }
 
 Expected<void> CleanSession::chooseTransactions() {
-    const Expected<QString> state = log().state();
-    if (!state) {
-        return failure(state.error());
-    }
-    const Expected<QString> written = known().written();
-    if (!written) {
-        return failure(written.error());
-    }
-    if (*state == *written) {
-        m_completeState = *state;
-    }
     if (m_extent != Extent::Everything) {
+        const Expected<bool> isUnsent = UnsentChanges::exist(log(), known());
+        if (!isUnsent) {
+            return failure(isUnsent.error());
+        }
         const Expected<QHash<QString, qint64>> sizes = known().sizes();
         if (!sizes) {
             return failure(sizes.error());
@@ -117,7 +112,7 @@ Expected<void> CleanSession::chooseTransactions() {
         }
         const bool isNeeded =
             m_extent == Extent::FullTiersAndLarge || !RecordTiers::full(*sizes).isEmpty();
-        if (*isChosen || !isNeeded || m_completeState.isEmpty()) {
+        if (*isChosen || !isNeeded || *isUnsent) {
             return {};
         }
     }
@@ -135,7 +130,6 @@ Expected<bool> CleanSession::chooseRewritten(const QHash<QString, qint64> &sizes
         m_isWritten = !m_toRemove.isEmpty();
         if (m_isWritten) {
             m_rewrittenBy = rewritten.by;
-            m_completeState.clear();
         }
         return m_isWritten;
     });
@@ -157,9 +151,6 @@ Expected<void> CleanSession::chooseFrom(Transactions all) {
         unwritten.subtract(QSet(contents.operations.begin(), contents.operations.end()));
     }
     m_incomplete = takeTransactionsWithOthers(all, current + *superseded);
-    if (!m_incomplete.isEmpty()) {
-        m_completeState.clear();
-    }
     m_toRemove = m_extent == Extent::Everything ? transactionsToRewrite(all, current)
                                                 : fullTiers(all, current);
     QSet<OperationId> chosen = m_toRemove.isEmpty() ? QSet<OperationId>() : unwritten;
@@ -277,6 +268,7 @@ Expected<void> CleanSession::removeTransactions(BlobStore &store, const EngineFu
         if (!unsound->isEmpty()) {
             // They are only forgotten: the next synchronization reads and repairs them.
             m_toRemove = *unsound;
+            m_areRewritesUnsound = true;
             return {};
         }
     }

@@ -78,11 +78,10 @@ private:
     QStringList m_incomplete;
     /// The names of the transactions to remove.
     QStringList m_toRemove;
-    /// The state of the database that the known transactions contain completely before and after
-    /// this session; empty if there is none.
-    QString m_completeState;
     /// Whether an earlier session has written what the transactions to remove contain.
     bool m_isWritten = false;
     /// The names of the transactions that contain it then.
     QStringList m_rewrittenBy;
+    /// Whether these are not what was written.
+    bool m_areRewritesUnsound = false;
 };

@@ -19,7 +19,7 @@ namespace {
 /// This many identifiers take about as much space as a usual transaction.
 constexpr qsizetype IdentifiersInTransaction = 30000;
 /// Number of transactions that one step on the main thread forgets.
-constexpr qsizetype NamesForgottenAtOnce = 1000;
+constexpr qsizetype NamesForgottenAtOnce = 400;
 
 }  // namespace
 
@@ -61,13 +61,16 @@ QString StoreSession::path(const QString &name) const {
     return folder() + u'/' + name;
 }
 
-Expected<void> StoreSession::forgetSome(QStringList &names) {
+Expected<void> StoreSession::forgetSome(QStringList &names, Contents contents) {
     if (names.isEmpty()) {
         return {};
     }
     const QStringList some = names.first(qMin(names.size(), NamesForgottenAtOnce));
     names.remove(0, some.size());
-    return m_profile.write([&] { return known().remove(some); });
+    return m_profile.write([&] {
+        return contents == Contents::MayBeLost ? known().remove(some)
+                                               : known().removeReplaced(some);
+    });
 }
 
 Expected<QList<Operation>> StoreSession::takeSoundOperations() {

@@ -100,9 +100,11 @@ protected:
     KnownTransactions known() const { return {m_profile, m_subject.store, m_databaseId}; }
     /// Calls `read`, which can read the profile on the current worker thread, with one state of it.
     Expected<void> readProfile(const std::function<Expected<void>()> &read);
+    /// What becomes of the contents of records that are forgotten.
+    enum class Contents { MayBeLost, AreInOthers };
     /// Takes some of the transactions from `names` and removes them from the known ones. Must be
     /// called on the main thread, repeatedly until `names` is empty.
-    Expected<void> forgetSome(QStringList &names);
+    Expected<void> forgetSome(QStringList &names, Contents contents = Contents::MayBeLost);
 
     /// Returns the folder of the database's transactions in the store.
     QString folder() const;

@@ -64,6 +64,7 @@ Expected<void> SyncSession::accessStore(BlobStore &store, const EngineFuture &fu
         case Step::Comparing:
             return readProfile([this] { return compareListing(); });
         case Step::Forgetting:
+        case Step::Restarting:
             return {};
         case Step::Reading:
             return readTransactions(store, future);
@@ -93,10 +94,11 @@ Expected<void> SyncSession::accessProfile() {
         case Step::Reading:
             return continueReading();
         case Step::Verifying:
-            m_step = Step::Collecting;
-            return recordVerification();
+            return recordVerification().and_then([this] { return beginCollecting(); });
+        case Step::Restarting:
+            return restartRecording();
         case Step::Collecting:
-            return prepareWriting();
+            return m_isRecordWrong ? restartRecording() : prepareWriting();
         case Step::Writing:
             return recordWrittenTransaction().and_then([this] { return continueWriting(); });
         case Step::Naming:
@@ -399,11 +401,11 @@ Expected<void> SyncSession::compareListing() {
         }
     }
     m_unread.removeIf([&](const QString &name) { return all->contains(name); });
-    const Expected<qint64> count = log().countOfNotes();
-    if (!count) {
-        return failure(count.error());
+    const Expected<bool> isGuarded = log().hasMoreNotesThan(FewNotes);
+    if (!isGuarded) {
+        return failure(isGuarded.error());
     }
-    m_pass = *count > FewNotes ? Pass::Comparing : Pass::Merging;
+    m_pass = *isGuarded ? Pass::Comparing : Pass::Merging;
     progress().begin(m_pass == Pass::Comparing ? SessionProgress::Phase::Reading
                                                : SessionProgress::Phase::Merging,
                      m_unread.size());
@@ -581,14 +583,40 @@ Expected<void> SyncSession::continueReading() {
         return keepNotes();
     }
     return mergeTransactions().and_then([this]() -> Expected<void> {
-        if (m_unread.isEmpty() && m_read.isEmpty()) {
-            const bool areAllSound = m_verified.isEmpty() && m_damaged.isEmpty() &&
-                                     m_missing.isEmpty() && m_lost.isEmpty();
-            m_step = areAllSound ? Step::Collecting : Step::Verifying;
-            progress().begin(SessionProgress::Phase::Preparing);
-        }
-        return {};
+        return m_unread.isEmpty() && m_read.isEmpty() ? endReading() : Expected<void>();
     });
+}
+
+Expected<void> SyncSession::endReading() {
+    progress().begin(SessionProgress::Phase::Preparing);
+    if (m_verified.isEmpty() && m_damaged.isEmpty() && m_missing.isEmpty() && m_lost.isEmpty()) {
+        return beginCollecting();
+    }
+    m_step = Step::Verifying;
+    return {};
+}
+
+Expected<void> SyncSession::beginCollecting() {
+    return known().isComplete().map([this](bool isComplete) {
+        m_step = isComplete && !mustCompare() ? Step::Collecting : Step::Restarting;
+    });
+}
+
+bool SyncSession::mustCompare() const {
+    return m_verification == Verification::All || !m_damagedOperations.isEmpty() ||
+           database()->isComparisonDue(subject().store);
+}
+
+Expected<void> SyncSession::restartRecording() {
+    m_step = Step::Restarting;
+    m_isRecordWrong = false;
+    Expected<bool> isRestarted;
+    return profile()
+        .write([&] {
+            isRestarted = known().restartRecording();
+            return isRestarted.map([](bool) {});
+        })
+        .map([&] { m_step = *isRestarted ? Step::Collecting : Step::Restarting; });
 }
 
 Expected<void> SyncSession::keepNotes() {
@@ -680,52 +708,44 @@ Expected<void> SyncSession::addToKnown(const QList<Part> &parts) {
 
 Expected<void> SyncSession::prepareWriting() {
     progress().begin(SessionProgress::Phase::Writing, m_operationsToWrite.size());
-    const Expected<void> marked = m_operationsToWrite.isEmpty()
-                                      ? Expected<void>()
-                                      : profile().write([this] { return log().markAllSent(); });
-    return marked.and_then([this] { return continueWriting(); });
+    Expected<void> prepared;
+    if (!m_operationsToWrite.isEmpty() || m_isCountWrong) {
+        prepared = profile().write([this] {
+            const Expected<void> counted =
+                m_isCountWrong ? log().recountConflicts() : Expected<void>();
+            return counted.and_then([this] {
+                return m_operationsToWrite.isEmpty() ? Expected<void>() : log().markAllSent();
+            });
+        });
+    }
+    return prepared.and_then([this] { return continueWriting(); });
 }
 
 Expected<void> SyncSession::collectUnwritten() {
     m_merged.clear();
-    const Expected<QString> state = log().state();
-    if (!state) {
-        return failure(state.error());
+    const Expected<bool> isComplete = known().isComplete();
+    if (!isComplete) {
+        return failure(isComplete.error());
     }
-    const Expected<QString> written = known().written();
-    if (!written) {
-        return failure(written.error());
-    }
-    m_state = *state;
-    m_writtenState = *written;
-    return m_state == m_writtenState ? Expected<void>() : collectChanges();
-}
-
-Expected<void> SyncSession::collectChanges() {
-    const Expected<QHash<QString, KnownTransactions::Contents>> all = known().all();
-    if (!all) {
-        return failure(all.error());
-    }
-    const Expected<QSet<OperationId>> superseded = log().supersededIds();
-    if (!superseded) {
-        return failure(superseded.error());
-    }
-    const Expected<QList<OperationId>> operations = log().operationIds();
-    if (!operations) {
-        return failure(operations.error());
-    }
-    QSet<OperationId> written;
-    m_supersededToWrite = *superseded;
-    for (const KnownTransactions::Contents &contents : *all) {
-        written.unite(QSet(contents.operations.begin(), contents.operations.end()));
-        for (const OperationId &identifier : contents.superseded) {
-            m_supersededToWrite.remove(identifier);
+    if (!*isComplete) {
+        const Expected<bool> isCountSound = log().isCountOfConflictsSound();
+        if (!isCountSound) {
+            return failure(isCountSound.error());
         }
+        m_isCountWrong = !*isCountSound;
     }
-    m_operationsToWrite = *operations;
-    m_operationsToWrite.removeIf(
-        [&](const OperationId &identifier) { return written.contains(identifier); });
-    return {};
+    const auto unwritten =
+        *isComplete ? known().unwritten()
+                    : known().compare().map([](const KnownTransactions::Unwritten &compared) {
+                          return std::optional(compared);
+                      });
+    return unwritten.map([this](const std::optional<KnownTransactions::Unwritten> &found) {
+        m_isRecordWrong = !found;
+        if (found) {
+            m_operationsToWrite = found->operations;
+            m_supersededToWrite = found->superseded;
+        }
+    });
 }
 
 Expected<void> SyncSession::continueWriting() {
@@ -752,8 +772,11 @@ Expected<void> SyncSession::continueWriting() {
 }
 
 Expected<void> SyncSession::recordWritten() {
-    if (m_state == m_writtenState || hasFailedToWriteAll()) {
-        return {};
+    const Expected<bool> isComplete = known().isComplete();
+    if (!isComplete || *isComplete || hasFailedToWriteAll()) {
+        return isComplete.map([](bool) {});
     }
-    return profile().write([this] { return known().setWritten(m_state); });
+    return profile().write([this] { return known().setComplete(); }).map([this] {
+        database()->setCompared(subject().store);
+    });
 }

@@ -16,6 +16,11 @@
 /// record but does not return it. A failed read is never taken for damage: it ends the session or,
 /// if the record was known, the verification, which is reported as a problem.
 ///
+/// What the store lacks is taken from what the profile has recorded about it. The session compares
+/// everything instead, and begins that record anew, if it is not complete or is wrong, if the
+/// profile has damaged notes, if all records are verified, and at least in the first session with
+/// the store after the profile was opened and in one of each day.
+///
 /// If more than ten notes and more than half of the database's notes would disappear by all that is
 /// read together, nothing is merged or written, and the session ends with an error of the code
 /// RemovalUndecided, unless the user has decided about these notes.
@@ -58,14 +63,16 @@ public:
     Expected<void> accessProfile() override;
 
 private:
-    /// The steps, in order. Forgetting, Reading and Writing are repeated until everything is
-    /// forgotten, read or written.
+    /// The steps, in order. Forgetting, Reading, Restarting and Writing are repeated until
+    /// everything is forgotten, read or written. Collecting returns to Restarting if it finds that
+    /// what is recorded as unwritten is wrong.
     enum class Step {
         Listing,
         Comparing,
         Forgetting,
         Reading,
         Verifying,
+        Restarting,
         Collecting,
         Writing,
         Naming
@@ -153,8 +160,8 @@ private:
     Expected<void> compareTransactions();
     /// Returns an error if the user must decide about notes that disappear.
     Expected<void> checkRemoval();
+    /// Takes what is recorded as unwritten or, unless that is complete, compares everything.
     Expected<void> collectUnwritten();
-    Expected<void> collectChanges();
 
     /// Parts that write the profile, called on the main thread.
     /// Forgets the records that are not what was written, and records where the next session
@@ -172,10 +179,18 @@ private:
     Expected<void> keepNotes();
     /// Merges once everything is compared, and proceeds if everything was merged.
     Expected<void> continueReading();
+    /// Proceeds to verifying or collecting.
+    Expected<void> endReading();
+    /// Proceeds to collecting what is recorded as unwritten, or to restarting the record if
+    /// everything must be compared.
+    Expected<void> beginCollecting();
+    bool mustCompare() const;
+    /// Forgets some of what is recorded as unwritten, then begins to collect.
+    Expected<void> restartRecording();
     Expected<void> prepareWriting();
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
-    /// Records that everything was written, unless that is recorded.
+    /// Records that everything was written if everything was compared.
     Expected<void> recordWritten();
 
     const Verification m_verification;
@@ -211,10 +226,9 @@ private:
     /// The known records that cannot be read again, and the last one that was verified.
     QStringList m_lost;
     QString m_lastVerified;
-    /// The state of the database when it was compared with the known records, and the one that was
-    /// written completely before.
-    QString m_state;
-    QString m_writtenState;
+    /// Whether what is recorded as unwritten, or the number of conflicts, turned out to be wrong.
+    bool m_isRecordWrong = false;
+    bool m_isCountWrong = false;
     Record m_record = Record::Absent;
     /// The name of the database in the store's record; empty unless a valid record was read.
     QString m_recordedName;

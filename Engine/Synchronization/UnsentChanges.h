@@ -8,9 +8,9 @@
 namespace UnsentChanges {
 
 /// Returns whether there are any. Changes that were received from another store count until the
-/// next synchronization with this one, even if another computer has already written them there.
-/// O(number of superseded identifiers); if the profile does not record what was written, as after a
-/// clean-up that was interrupted, O(number of operations in all known transactions).
+/// next synchronization with this one, even if another computer has already written them there; so
+/// does everything as long as no synchronization with it was completed since it was added, or since
+/// it lost something. O(log n).
 Expected<bool> exist(const NoteLog &log, const KnownTransactions &known);
 
 }  // namespace UnsentChanges

@@ -692,6 +692,22 @@
         <translation>Beschädigte Notizen in der Datenbank „%1“: %2. „velmora verify --repair“ liest sie erneut von den Orten. Wenn kein Ort sie enthält, prüfen und bearbeiten Sie ihre Texte.</translation>
     </message>
     <message>
+        <source>The list of unsent changes of the database “%1” is wrong. “velmora verify --repair” compares everything and sends what the list lacks.</source>
+        <translation>Die Liste der nicht gesendeten Änderungen der Datenbank „%1“ ist falsch. „velmora verify --repair“ vergleicht alles und sendet, was in der Liste fehlt.</translation>
+    </message>
+    <message>
+        <source>The list of unsent changes of the database “%1” was wrong. Everything is compared again.</source>
+        <translation>Die Liste der nicht gesendeten Änderungen der Datenbank „%1“ war falsch. Alles wird erneut verglichen.</translation>
+    </message>
+    <message>
+        <source>The recorded number of conflicts in the database “%1” is wrong. “velmora verify --repair” counts them again.</source>
+        <translation>Die vermerkte Anzahl der Konflikte in der Datenbank „%1“ ist falsch. „velmora verify --repair“ zählt sie erneut.</translation>
+    </message>
+    <message>
+        <source>The recorded number of conflicts in the database “%1” was wrong. They were counted again.</source>
+        <translation>Die vermerkte Anzahl der Konflikte in der Datenbank „%1“ war falsch. Sie wurden erneut gezählt.</translation>
+    </message>
+    <message>
         <source>“%1”</source>
         <translation>„%1“</translation>
     </message>

@@ -233,6 +233,40 @@ private Q_SLOTS:
         QVERIFY(!after.output.contains(QStringLiteral("in the database “Projects”")));
     }
 
+    void whatTheProfileHasDerivedIsCheckedAndCorrected_data() {
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<QString>("text");
+        const QString list = QStringLiteral("list of unsent changes of the database “Projects”");
+        QTest::addRow("a lost change") << QStringLiteral("DELETE FROM known_transactions") << list;
+        QTest::addRow("a change that is none")
+            << QStringLiteral(
+                   "INSERT INTO unwritten SELECT place, database, 0, zeroblob(16)"
+                   " FROM compared_places")
+            << list;
+        QTest::addRow("a place that is not compared")
+            << QStringLiteral("UPDATE known_transactions SET operations = x'', superseded = x''")
+            << list;
+        QTest::addRow("conflicts")
+            << QStringLiteral("UPDATE counts SET conflicts = 3")
+            << QStringLiteral("number of conflicts in the database “Projects”");
+    }
+    void whatTheProfileHasDerivedIsCheckedAndCorrected() {
+        QFETCH(QString, statement);
+        QFETCH(QString, text);
+        executeInProfile(statement);
+        const Run found = verify();
+        QCOMPARE(found.exitCode, 1);
+        QVERIFY2(found.output.contains(text + QStringLiteral(" is wrong")),
+                 qPrintable(found.output));
+        QVERIFY(found.output.contains(QStringLiteral("velmora verify --repair")));
+        const Run repaired = repair();
+        QCOMPARE(repaired.exitCode, 0);
+        QVERIFY2(repaired.output.contains(text + QStringLiteral(" was wrong")),
+                 qPrintable(repaired.output));
+        QVERIFY(!repaired.output.contains(text + QStringLiteral(" is wrong")));
+        QCOMPARE(verify().exitCode, 0);
+    }
+
     void aDamagedProfileIsAProblem() {
         QFile file(profile() + QStringLiteral("/profile.sqlite"));
         QVERIFY(file.open(QIODevice::ReadWrite));

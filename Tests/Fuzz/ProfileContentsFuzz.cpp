@@ -9,6 +9,7 @@
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Locations/EngineLocationsController.h"
 #include "Engine/Locations/EngineSyncLocation.h"
+#include "Engine/Notes/DerivedTables.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/FirstContents.h"
 #include "Engine/Notes/KnownTransactions.h"
@@ -30,6 +31,9 @@ const QHash<QByteArray, QString> Columns{
                     " position")},
     {"superseded", QStringLiteral("database, digest")},
     {"known_transactions", QStringLiteral("place, database, name, operations, superseded, size")},
+    {"counts", QStringLiteral("database, conflicts")},
+    {"compared_places", QStringLiteral("database, place, is_complete")},
+    {"unwritten", QStringLiteral("place, database, is_superseded, digest")},
     {"locations", QStringLiteral("uuid, position, url")},
     {"states",
      QStringLiteral("location_uuid, database_uuid, database_name, enabled, sync_on_open,"
@@ -117,8 +121,14 @@ void checkDatabases() {
             UUIDs.insert(note.UUID);
         }
         static_cast<void>(own->log().name());
-        static_cast<void>(
-            KnownTransactions(profile(), QStringLiteral("place"), own->log().database()).all());
+        static_cast<void>(own->countOfConflicts());
+        const qint64 id = own->log().database();
+        static_cast<void>(KnownTransactions(profile(), QStringLiteral("place"), id).all());
+        const auto faults = DerivedTables::check(profile(), id);
+        require(!faults || DerivedTables::repair(profile(), id, *faults).has_value(),
+                "what is derived can be derived again");
+        require(!faults || DerivedTables::check(profile(), id)->isEmpty(),
+                "what was derived again is right");
     }
 }
 

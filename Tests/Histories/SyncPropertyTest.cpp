@@ -3,6 +3,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Notes/DatabaseRecord.h"
+#include "Engine/Notes/DerivedTables.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Synchronization/RecordTiers.h"
 #include "Engine/Synchronization/SyncSession.h"
@@ -90,6 +91,8 @@ public:
         bool haveCopies = false;
         /// The disks of the profiles fail, and the programs are restarted.
         bool haveFailingDisks = false;
+        /// What the profiles have derived gets wrong while the programs do not run.
+        bool haveWrongRecords = false;
     };
 
     History(const Troubles &troubles, QList<Replica *> replicas, int stores)
@@ -131,6 +134,9 @@ public:
                 default:
                     goOn();
             }
+            if (happens(10)) {
+                verifyDerived(anyReplica());
+            }
         }
         m_running.clear();
     }
@@ -158,6 +164,7 @@ public:
                 }
             }
         }
+        m_haveRecordsGotWrong = false;
     }
 
     template <class Session, class... Arguments>
@@ -201,7 +208,20 @@ public:
                 "the names differ");
     }
 
+    /// What a profile has derived is right at any time.
+    void verifyDerived(Replica *replica) const {
+        const auto database = replica->library().synchronizedDatabase(m_UUID);
+        if (!database || m_haveRecordsGotWrong) {
+            return;
+        }
+        const Expected<DerivedTables::Faults> faults =
+            DerivedTables::check(replica->profile(), database->log().database());
+        require(faults.map([](const auto &) {}));
+        require(faults->isEmpty(), "what a profile has derived is wrong");
+    }
+
     void verifySound(Replica *replica, qsizetype store) {
+        verifyDerived(replica);
         MemoryStore blobs(m_stores[store]);
         const QStringList problems =
             Verification::problems(replica->profile(), replica->library(), subject(store), blobs);
@@ -447,7 +467,7 @@ private:
 
     /// What happens seldom, and not to all histories.
     void happen() {
-        switch (upTo(3)) {
+        switch (upTo(4)) {
             case 0:
                 if (m_troubles.haveDamage) {
                     damageAny();
@@ -458,11 +478,29 @@ private:
                     copyOrReplace(anyReplica());
                 }
                 break;
+            case 2:
+                if (m_troubles.haveWrongRecords) {
+                    spoilRecords(anyReplica());
+                }
+                break;
             default:
                 if (m_troubles.haveFailingDisks) {
                     restart(anyReplica());
                 }
         }
+    }
+
+    void spoilRecords(Replica *replica) {
+        for (const char *statement :
+             {"DELETE FROM unwritten", "UPDATE unwritten SET digest = substr(digest, 2) || x'00'",
+              "UPDATE compared_places SET is_complete = TRUE", "DELETE FROM compared_places",
+              "UPDATE counts SET conflicts = conflicts + 1"}) {
+            if (happens(40)) {
+                require(replica->profile().run(QLatin1StringView(statement)));
+            }
+        }
+        m_haveRecordsGotWrong = true;
+        restart(replica);
     }
 
     void restart(Replica *replica) {
@@ -642,15 +680,17 @@ private:
     QMap<Replica *, Note> m_readLongAgo;
     qint64 m_clock = 0;
     bool m_haveProfilesBeenReplaced = false;
+    /// Not corrected since.
+    bool m_haveRecordsGotWrong = false;
     bool m_isFaulty = true;
 };
 
 }  // namespace
 
 /// Property test: runs random histories of replicas that edit and synchronize while any operation
-/// may fail, stores may be damaged and lie, disks of profiles may fail, and profiles may be
-/// restored from old copies, in any combination. The seeds are VELMORA_SEED (default 1) and the
-/// following ones, VELMORA_HISTORIES (default 1,000) in all.
+/// may fail, stores may be damaged and lie, disks of profiles may fail, what profiles have derived
+/// may get wrong, and profiles may be restored from old copies, in any combination. The seeds are
+/// VELMORA_SEED (default 1) and the following ones, VELMORA_HISTORIES (default 1,000) in all.
 class SyncPropertyTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -685,8 +725,10 @@ private Q_SLOTS:
 
 private:
     static History::Troubles anyTroubles() {
-        return {
-            .haveDamage = happens(50), .haveCopies = happens(50), .haveFailingDisks = happens(50)};
+        return {.haveDamage = happens(50),
+                .haveCopies = happens(50),
+                .haveFailingDisks = happens(50),
+                .haveWrongRecords = happens(30)};
     }
 
     static void tell(int seed, std::array<Replica, 6> &replicas) {

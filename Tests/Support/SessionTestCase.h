@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Engine/Notes/DerivedTables.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Host/InboxUUID.h"
 #include "Support/MemoryStore.h"
@@ -38,11 +39,21 @@ protected:
     /// After a synchronization, profile and store are sound and contain the same.
     void verifySound() {
         QVERIFY(run<SyncSession>());
+        verifyDerived();
         MemoryStore store(m_blobs);
         QCOMPARE(Verification::problems(profile(), m_host->library(), subject(), store),
                  QStringList());
         const VerificationReport report = m_host->engine().verify(VerificationMode::Report);
         QCOMPARE(Verification::problems(report), QStringList());
+    }
+
+    /// After a synchronization, the profile has recorded that the store lacks nothing.
+    void verifyDerived() const {
+        const qint64 database = m_host->library().synchronizedDatabase(InboxUUID)->log().database();
+        const KnownTransactions known(profile(), subject().store, database);
+        QVERIFY(known.isComplete().value());
+        QVERIFY(!known.hasUnwritten().value());
+        QVERIFY(DerivedTables::check(profile(), database).value().isEmpty());
     }
 
     /// Begins with one record in the store for each of `titles`.

@@ -1,4 +1,6 @@
+#include "Engine/Notes/DerivedTables.h"
 #include "Engine/Notes/KnownTransactions.h"
+#include "Engine/Synchronization/UnsentChanges.h"
 #include "Host/InboxUUID.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
@@ -76,10 +78,9 @@ private Q_SLOTS:
         note.text = QStringLiteral("lost");
         const FailingTable failing(profile(), QStringLiteral("operations"), fault);
         QCOMPARE(code(log().countOfNotes()), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().countOfConflicts()), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(database()->countOfConflicts()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().isCountOfConflictsSound()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().recountConflicts()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().damagedOperations()), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().state()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds(note.UUID)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().earlierVersions(note.UUID)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().notes()), EngineErrorCode::ProfileNotWritten);
@@ -92,6 +93,59 @@ private Q_SLOTS:
         QCOMPARE(code(log().remove(note)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().setName(QStringLiteral("n"))), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().merge({})), EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofCounts() {
+        const FailingTable failing(profile(), QStringLiteral("counts"), Fault::AllRows);
+        QCOMPARE(code(log().countOfConflicts()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().isCountOfConflictsSound()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().recountConflicts()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(database()->countOfConflicts()), EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofWhatIsUnwritten_data() { addFaults(); }
+    void ofWhatIsUnwritten() {
+        QFETCH(Fault, fault);
+        QCOMPARE(known().restartRecording().value(), true);
+        QVERIFY(known().setComplete());
+        QVERIFY(log().merge({{}, {QByteArray(16, '\1'), QByteArray(16, '\2')}}));
+        QVERIFY(UnsentChanges::exist(log(), known()).value());
+        const FailingTable failing(profile(), QStringLiteral("unwritten"), fault);
+        QCOMPARE(code(known().unwritten()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(known().isRecordSound()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(DerivedTables::check(profile(), log().database())),
+                 EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(known().add(QStringLiteral("name"), {{}, {QByteArray(16, '\1')}}, 1)),
+                 EngineErrorCode::ProfileNotWritten);
+    }
+
+    void whileComparing_data() {
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<Fault>("fault");
+        for (const char *table : {"operations", "superseded", "known_transactions"}) {
+            QTest::addRow("%s, all rows", table) << QString::fromLatin1(table) << Fault::AllRows;
+            QTest::addRow("%s, later rows", table)
+                << QString::fromLatin1(table) << Fault::LaterRows;
+        }
+    }
+    void whileComparing() {
+        QFETCH(QString, table);
+        QFETCH(Fault, fault);
+        QVERIFY(log().merge({{}, {QByteArray(16, '\1'), QByteArray(16, '\2')}}));
+        const FailingTable failing(profile(), table, fault);
+        QCOMPARE(code(known().compare()), EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofComparedPlaces() {
+        const FailingTable failing(profile(), QStringLiteral("compared_places"), Fault::AllRows);
+        QCOMPARE(code(UnsentChanges::exist(log(), known())), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(known().restartRecording()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(known().setComplete()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(known().isRecordSound()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(DerivedTables::check(profile(), log().database())),
+                 EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(known().remove({QStringLiteral("name")})),
+                 EngineErrorCode::ProfileNotWritten);
     }
 
     void ofTheDatabaseOfAnOperation() {

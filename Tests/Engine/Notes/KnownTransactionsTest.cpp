@@ -1,4 +1,6 @@
+#include "Engine/Notes/DerivedTables.h"
 #include "Engine/Notes/KnownTransactions.h"
+#include "Engine/Synchronization/UnsentChanges.h"
 #include "Host/InboxUUID.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -9,11 +11,24 @@ const QString FirstRecord = QStringLiteral("0f7e2f2c-9d1b-4a53-8c6e-0d9f6f3f8a11
 const QString SecondRecord = QStringLiteral("0f7e2f2c-9d1b-4a53-8c6e-0d9f6f3f8a12.json");
 constexpr qint64 RecordSize = 1000;
 
+OperationId identifier(char each) {
+    return QByteArray(Operation::IdentifierSize, each);
+}
+
 /// A transaction with the superseded identifiers `from` to `to`.
 Transaction superseding(char from, char to) {
     Transaction transaction;
     for (char each = from; each <= to; ++each) {
-        transaction.superseded.append(QByteArray(Operation::IdentifierSize, each));
+        transaction.superseded.append(identifier(each));
+    }
+    return transaction;
+}
+
+Transaction manyIdentifiers(int count) {
+    Transaction transaction;
+    for (int i = 0; i < count; ++i) {
+        transaction.superseded.append(
+            QByteArray::number(i).rightJustified(Operation::IdentifierSize, '0'));
     }
     return transaction;
 }
@@ -25,9 +40,38 @@ class KnownTransactionsTest : public QObject {
 
     std::unique_ptr<TestHost> m_host;
 
+    std::shared_ptr<EngineDatabase> database() const {
+        return m_host->library().synchronizedDatabase(InboxUUID);
+    }
     KnownTransactions known(const QString &store = QStringLiteral("store")) const {
-        return {m_host->engine().profile(), store,
-                m_host->library().synchronizedDatabase(InboxUUID)->log().database()};
+        return {m_host->engine().profile(), store, database()->log().database()};
+    }
+
+    const ProfileDatabase &profile() const { return m_host->engine().profile(); }
+
+    static void beginRecording(const KnownTransactions &known) {
+        Expected<bool> isForgotten = false;
+        while (isForgotten && !*isForgotten) {
+            isForgotten = known.restartRecording();
+        }
+        QVERIFY(isForgotten);
+    }
+    static KnownTransactions::Unwritten recorded(const KnownTransactions &known) {
+        return known.unwritten().value().value();
+    }
+    /// The store lacks one operation and one superseded identifier, as is recorded.
+    void beginComplete() {
+        const QList<OperationId> present = database()->log().operationIds().value();
+        Transaction written;
+        for (const OperationId &each : present) {
+            written.operations.append(Operation{.id = each});
+        }
+        QVERIFY(known().add(FirstRecord, written, RecordSize));
+        beginRecording(known());
+        QVERIFY(known().setComplete());
+        Note note{.title = QStringLiteral("Title")};
+        QVERIFY(database()->saveNote(note));
+        QVERIFY(database()->log().merge(superseding('a', 'a')));
     }
 
 private Q_SLOTS:
@@ -75,39 +119,204 @@ private Q_SLOTS:
                  KnownTransactions::Contents::of(superseding('d', 'd'), RecordSize));
     }
 
-    void whatWasWrittenIsForgottenWithARecord() {
+    void whatIsAddedIsUnwrittenUntilARecordContainsIt() {
+        beginRecording(known());
+        QVERIFY(!known().hasUnwritten().value());
+        QVERIFY(database()->log().merge(superseding('a', 'b')));
+        Note note{.title = QStringLiteral("Title")};
+        QVERIFY(database()->saveNote(note));
+        const OperationId edit = QByteArray::fromHex(note.revision.toLatin1());
+        QVERIFY(known().hasUnwritten().value());
+        QCOMPARE(recorded(known()).operations, QList{edit});
+        QCOMPARE(recorded(known()).superseded, (QSet{identifier('a'), identifier('b')}));
         QVERIFY(known().add(FirstRecord, superseding('a', 'a'), RecordSize));
-        QVERIFY(known().setWritten(QStringLiteral("state")));
-        QVERIFY(known(QStringLiteral("other")).setWritten(QStringLiteral("other state")));
-        QVERIFY(known().remove({}));
-        QCOMPARE(known().written().value(), QStringLiteral("state"));
-        QVERIFY(known().remove({FirstRecord}));
-        QCOMPARE(known().written().value(), QString());
-        QCOMPARE(known(QStringLiteral("other")).written().value(), QStringLiteral("other state"));
+        QCOMPARE(recorded(known()).superseded, QSet{identifier('b')});
+        Transaction written = superseding('b', 'c');
+        written.operations = {Operation{.id = edit}};
+        QVERIFY(known().addPart(SecondRecord, 0, written));
+        QVERIFY(!known().hasUnwritten().value());
     }
 
-    void theStateOfADatabaseChangesWithEachOperation() {
-        const auto inbox = m_host->library().synchronizedDatabase(InboxUUID);
-        QSet<QString> states{inbox->log().state().value()};
-        const auto changes = [&] {
-            const qsizetype before = states.size();
-            states.insert(inbox->log().state().value());
-            return states.size() > before;
-        };
+    void anEditThatIsReplacedIsNotUnwritten() {
+        beginRecording(known());
         Note note{.title = QStringLiteral("Title")};
-        QVERIFY(inbox->saveNote(note));
-        QVERIFY(changes());
+        QVERIFY(database()->saveNote(note));
         note.text = QStringLiteral("Text");
-        QVERIFY(inbox->saveNote(note));
-        QVERIFY(changes());
-        QVERIFY(inbox->log().markAllSent());
-        QVERIFY(!changes());
-        QVERIFY(inbox->removeNote(note));
-        QVERIFY(changes());
-        QVERIFY(inbox->log().merge(superseding('a', 'a')));
-        QVERIFY(changes());
-        QVERIFY(inbox->log().merge(superseding('a', 'a')));
-        QVERIFY(!changes());
+        QVERIFY(database()->saveNote(note));
+        QCOMPARE(recorded(known()).operations,
+                 QList{OperationId(QByteArray::fromHex(note.revision.toLatin1()))});
+        QVERIFY(database()->log().merge({{}, {QByteArray::fromHex(note.revision.toLatin1())}}));
+        QVERIFY(recorded(known()).operations.isEmpty());
+        QCOMPARE(recorded(known()).superseded.size(), 1);
+    }
+
+    void eachPlaceLacksSomethingElse() {
+        const KnownTransactions other = known(QStringLiteral("other"));
+        beginRecording(known());
+        QVERIFY(database()->log().merge(superseding('a', 'a')));
+        beginRecording(other);
+        QVERIFY(database()->log().merge(superseding('b', 'b')));
+        QCOMPARE(recorded(known()).superseded.size(), 2);
+        QCOMPARE(recorded(other).superseded.size(), 1);
+        QVERIFY(!known(QStringLiteral("third")).hasUnwritten().value());
+        QVERIFY(profile().write(
+            [&] { return KnownTransactions::forgetStore(profile(), QStringLiteral("store")); }));
+        QCOMPARE(KnownTransactions::recordedStores(profile(), database()->log().database()).value(),
+                 QStringList{QStringLiteral("other")});
+        QVERIFY(!known().hasUnwritten().value());
+        QCOMPARE(recorded(other).superseded.size(), 1);
+    }
+
+    void whatAStoreMayHaveLostMustBeCompared() {
+        const KnownTransactions other = known(QStringLiteral("other"));
+        for (const KnownTransactions &each : {known(), other}) {
+            QVERIFY(each.add(FirstRecord, superseding('a', 'a'), RecordSize));
+            QVERIFY(each.add(SecondRecord, superseding('a', 'a'), RecordSize));
+            beginRecording(each);
+            QVERIFY(!each.isComplete().value());
+            QVERIFY(each.setComplete());
+        }
+        QVERIFY(known().remove({}));
+        QVERIFY(known().removeReplaced({SecondRecord}));
+        QVERIFY(known().add(FirstRecord, superseding('a', 'a'), RecordSize));
+        QVERIFY(known().isComplete().value());
+        QVERIFY(known().remove({FirstRecord}));
+        QVERIFY(!known().isComplete().value());
+        QVERIFY(other.isComplete().value());
+        // As if the record had been changed at the location.
+        QVERIFY(other.add(FirstRecord, superseding('b', 'b'), RecordSize));
+        QVERIFY(!other.isComplete().value());
+    }
+
+    void theRecordIsForgottenInSteps() {
+        beginRecording(known());
+        QVERIFY(known().setComplete());
+        QVERIFY(profile().write([&] { return database()->log().merge(manyIdentifiers(5000)); }));
+        QCOMPARE(known().restartRecording().value(), false);
+        QVERIFY(!known().isComplete().value());
+        QVERIFY(known().hasUnwritten().value());
+        beginRecording(known());
+        QVERIFY(!known().hasUnwritten().value());
+        QCOMPARE(known().compare().value().superseded.size(), 5000);
+    }
+
+    void aRecordThatLacksSomethingIsNotSound_data() {
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<bool>("isFound");
+        QTest::addRow("operation")
+            << QStringLiteral("DELETE FROM unwritten WHERE NOT is_superseded") << true;
+        QTest::addRow("superseded")
+            << QStringLiteral("DELETE FROM unwritten WHERE is_superseded") << true;
+        QTest::addRow("changed") << QStringLiteral("UPDATE unwritten SET digest = zeroblob(16)")
+                                 << false;
+        QTest::addRow("without an operation")
+            << QStringLiteral(
+                   "INSERT INTO unwritten SELECT place, database, 0, zeroblob(16)"
+                   " FROM compared_places")
+            << false;
+        QTest::addRow("not superseded")
+            << QStringLiteral(
+                   "INSERT INTO unwritten SELECT place, database, 1, zeroblob(16)"
+                   " FROM compared_places")
+            << false;
+    }
+    void aRecordThatLacksSomethingIsNotSound() {
+        QFETCH(QString, statement);
+        QFETCH(bool, isFound);
+        beginComplete();
+        QVERIFY(known().isRecordSound().value());
+        QVERIFY(profile().run(statement));
+        QVERIFY(!known().isRecordSound().value());
+        QCOMPARE(known().unwritten().value().has_value(), isFound);
+        const qint64 id = database()->log().database();
+        const auto faults = DerivedTables::check(profile(), id).value();
+        QCOMPARE(faults.stores, QStringList{QStringLiteral("store")});
+        QVERIFY(profile().write([&] { return DerivedTables::repair(profile(), id, faults); }));
+        QVERIFY(DerivedTables::check(profile(), id).value().isEmpty());
+        QVERIFY(!known().isComplete().value());
+        QCOMPARE(known().compare().value().operations.size(), 1);
+    }
+
+    /// Then everything is sent, which is what an incomplete record means anyway.
+    void aPlaceThatIsNotComparedNeedsNoRecord() {
+        beginComplete();
+        QVERIFY(profile().run(QStringLiteral("DELETE FROM unwritten")));
+        QVERIFY(profile().run(QStringLiteral("DELETE FROM compared_places")));
+        QVERIFY(known().isRecordSound().value());
+        QVERIFY(!known().isComplete().value());
+        QVERIFY(UnsentChanges::exist(database()->log(), known()).value());
+    }
+
+    void conflictsAreCounted() {
+        const NoteLog &log = database()->log();
+        const auto edit = [](const QString &text) {
+            return Operation::make(QStringLiteral("0f7e2f2c-9d1b-4a53-8c6e-0d9f6f3f8a11"), {}, text,
+                                   0, {});
+        };
+        const QList<Operation> edits{edit(QStringLiteral("1")), edit(QStringLiteral("2")),
+                                     edit(QStringLiteral("3"))};
+        const auto verify = [&](qint64 conflicts) {
+            QCOMPARE(log.countOfConflicts().value(), conflicts);
+            QVERIFY(log.isCountOfConflictsSound().value());
+        };
+        for (const Operation &each : edits) {
+            QVERIFY(log.merge({{each}, {}}));
+            verify(each.id == edits.first().id ? 0 : 1);
+        }
+        QVERIFY(log.merge({{edits.first()}, {}}));
+        verify(1);
+        const auto setNote = [&](const OperationId &edit, const QString &note) {
+            QVERIFY(profile().run(
+                QStringLiteral("UPDATE operations SET note_uuid = ? WHERE digest = ?"),
+                {note, edit}));
+        };
+        for (const Operation &each : edits) {
+            setNote(each.id, QString::fromLatin1(each.id.toHex()));
+        }
+        verify(0);
+        for (const Operation &each : edits) {
+            setNote(each.id, each.note);
+        }
+        verify(1);
+        QVERIFY(log.merge({{}, {edits[0].id}}));
+        verify(1);
+        QVERIFY(log.merge({{}, {edits[1].id}}));
+        verify(0);
+        QVERIFY(log.merge({{}, {edits[2].id}}));
+        verify(0);
+        QVERIFY(log.setName(QStringLiteral("Name")));
+        verify(0);
+    }
+
+    void aWrongNumberOfConflictsIsFoundAndCorrected_data() {
+        QTest::addColumn<QString>("statement");
+        QTest::addRow("wrong") << QStringLiteral("UPDATE counts SET conflicts = 5");
+        QTest::addRow("of another type") << QStringLiteral("UPDATE counts SET conflicts = 'x'");
+        QTest::addRow("lost") << QStringLiteral("DELETE FROM counts");
+    }
+    void aWrongNumberOfConflictsIsFoundAndCorrected() {
+        QFETCH(QString, statement);
+        const qint64 id = database()->log().database();
+        QVERIFY(DerivedTables::check(profile(), id).value().isEmpty());
+        QVERIFY(profile().run(statement));
+        const auto faults = DerivedTables::check(profile(), id).value();
+        QVERIFY(faults.isCountWrong);
+        QVERIFY(profile().write([&] { return DerivedTables::repair(profile(), id, faults); }));
+        QVERIFY(DerivedTables::check(profile(), id).value().isEmpty());
+        QCOMPARE(database()->countOfConflicts().value(), 0);
+    }
+
+    /// What decides whether a removal is large never rests on a recorded number.
+    void notesAreCountedThemselves() {
+        const NoteLog &log = database()->log();
+        const qint64 before = log.countOfNotes().value();
+        QVERIFY(!log.hasMoreNotesThan(before).value());
+        Note note{.title = QStringLiteral("Title")};
+        QVERIFY(database()->saveNote(note));
+        QVERIFY(profile().run(QStringLiteral("DELETE FROM counts")));
+        QCOMPARE(log.countOfNotes().value(), before + 1);
+        QVERIFY(log.hasMoreNotesThan(before).value());
+        QVERIFY(!log.hasMoreNotesThan(before + 1).value());
     }
 };
 

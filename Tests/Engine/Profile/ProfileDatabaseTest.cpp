@@ -6,6 +6,7 @@
 #include <QtSql/QSqlQuery>
 
 #include "Engine/Notes/FirstContents.h"
+#include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Notes/NoteConversion.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -291,6 +292,17 @@ private Q_SLOTS:
         verifyRefused(QStringLiteral("is damaged"), file());
     }
 
+    void refusesADatabaseWithoutATrigger() {
+        {
+            ProfileDatabase profile;
+            QVERIFY(profile.open(
+                folder(), [&] { return writeFirstContents(profile, FirstContents::Inbox); },
+                nothing));
+            QVERIFY(profile.run(QStringLiteral("DROP TRIGGER operation_added")));
+        }
+        verifyRefused(QStringLiteral("is damaged"), file());
+    }
+
     void refusesADatabaseCutShort() {
         QCOMPARE(descriptionOfOpening(folder()), QString());
         QVERIFY(QFile::resize(file(), QFileInfo(file()).size() / 2));
@@ -396,6 +408,57 @@ private Q_SLOTS:
         QVERIFY(profile.value(QStringLiteral("SELECT result_date FROM states")).value().isNull());
         QCOMPARE(profile.value(QStringLiteral("PRAGMA user_version")).value(),
                  ProfileInspection::SchemaVersion);
+    }
+
+    void derivesWhatAnOlderProfileDidNotRecord() {
+        const auto open = [this](ProfileDatabase &profile) {
+            return profile.open(
+                folder(), [&] { return writeFirstContents(profile, FirstContents::Inbox); },
+                nothing);
+        };
+        const QString id = QStringLiteral("0f7e2f2c-9d1b-4a53-8c6e-0d9f6f3f8a11");
+        const auto edit = [&](const QString &text) { return Operation::make(id, {}, text, 0, {}); };
+        {
+            ProfileDatabase profile;
+            QVERIFY(open(profile));
+            QVERIFY(profile.write([&] {
+                return NoteLog(profile, 1)
+                    .merge({{edit(QStringLiteral("1")), edit(QStringLiteral("2"))},
+                            {"an identifier"}});
+            }));
+            for (const char *table : {"counts", "compared_places", "unwritten"}) {
+                QVERIFY(profile.run(QStringLiteral("DROP TABLE ") + QLatin1StringView(table)));
+            }
+            for (const char *trigger :
+                 {"database_added", "conflict_counted", "conflict_discounted", "note_changed",
+                  "operation_added", "operation_removed", "identifier_superseded"}) {
+                QVERIFY(profile.run(QStringLiteral("DROP TRIGGER ") + QLatin1StringView(trigger)));
+            }
+            const QString last =
+                profile.value(QStringLiteral("SELECT max(id) FROM operations")).value().toString();
+            for (const auto &[place, state] :
+                 {std::pair(QStringLiteral("all"), QStringLiteral(" 1")),
+                  std::pair(QStringLiteral("some"), QStringLiteral(" 0"))}) {
+                QVERIFY(profile.run(QStringLiteral("INSERT INTO settings VALUES (?, ?)"),
+                                    {QStringLiteral("written 1 ") + place, last + state}));
+            }
+            QVERIFY(profile.run(QStringLiteral("PRAGMA user_version = 4")));
+        }
+        ProfileDatabase profile;
+        QVERIFY(open(profile));
+        const NoteLog log(profile, 1);
+        QCOMPARE(log.countOfConflicts().value(), 1);
+        QVERIFY(log.isCountOfConflictsSound().value());
+        const KnownTransactions all(profile, QStringLiteral("all"), 1);
+        const KnownTransactions some(profile, QStringLiteral("some"), 1);
+        QVERIFY(all.isComplete().value());
+        QVERIFY(!all.hasUnwritten().value());
+        QVERIFY(!some.isComplete().value());
+        QVERIFY(log.merge({{edit(QStringLiteral("3"))}, {}}));
+        QCOMPARE(all.unwritten().value().value().operations.size(), 1);
+        QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM settings"
+                                              " WHERE key LIKE 'written %'")),
+                 0);
     }
 
     void refusesANewerVersionThatOnlyTheLogHas() {

@@ -12,10 +12,11 @@ using Fault = FailingTable::Fault;
 class FailedReadSessionTest : public SessionTestCase {
     Q_OBJECT
 private:
-    static void addTables() {
+    static void addTables(const QList<const char *> &tables = {"operations", "superseded",
+                                                               "known_transactions"}) {
         QTest::addColumn<QString>("table");
         QTest::addColumn<Fault>("fault");
-        for (const char *table : {"operations", "superseded", "known_transactions"}) {
+        for (const char *table : tables) {
             QTest::addRow("%s, all rows", table) << QString::fromLatin1(table) << Fault::AllRows;
             QTest::addRow("%s, later rows", table)
                 << QString::fromLatin1(table) << Fault::LaterRows;
@@ -73,11 +74,16 @@ private Q_SLOTS:
         verifyNotesOfAnotherComputer();
     }
 
-    void synchronizing_data() { addTables(); }
+    void synchronizing_data() {
+        addTables({"operations", "unwritten", "known_transactions"});
+        QTest::newRow("superseded") << QStringLiteral("superseded") << Fault::AllRows;
+        QTest::newRow("compared_places") << QStringLiteral("compared_places") << Fault::AllRows;
+    }
     void synchronizing() {
         QFETCH(QString, table);
         QFETCH(Fault, fault);
         saveNote(QStringLiteral("new"));
+        saveNote(QStringLiteral("newer"));
         const MemoryStore::Blobs before = m_blobs;
         {
             const FailingTable failing(profile(), table, fault);

@@ -381,6 +381,7 @@ private Q_SLOTS:
         QCOMPARE(code(log().renew(operations, {})), EngineErrorCode::ProfileNotWritten);
         if (table == QStringLiteral("operations")) {
             QCOMPARE(code(log().countOfNotes()), EngineErrorCode::ProfileNotWritten);
+            QCOMPARE(code(log().hasMoreNotesThan(1)), EngineErrorCode::ProfileNotWritten);
         }
     }
 
