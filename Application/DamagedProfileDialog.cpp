@@ -43,7 +43,7 @@ Choice ask(const QString &directory, const QString &text,
     const std::optional<QDate> backup = found.value_or(std::nullopt);
     MessageBox box(QMessageBox::Critical, text,
                    nextSteps(found) + QStringLiteral("\n\n") +
-                       damageText("The damaged files are kept in the folder “Damaged Profiles”."));
+                       damageText("The present files are kept in the folder “Damaged Profiles”."));
     QPushButton *restore = nullptr;
     if (backup) {
         restore = box.addButton(damageText("&Restore the Copy of %1")

@@ -182,7 +182,7 @@ int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugI
         QThread::msleep(RaiseInterval.count());
         opened = sync.openProfile(options.profile, profileUse(options));
     }
-    while (!opened && !options.isBatch() && sync.isProfileDamaged(opened.error())) {
+    while (!opened && !options.isBatch() && sync.canReplaceProfile(opened.error())) {
         if (!DamagedProfileDialog::run(sync, options.profile, opened.error())) {
             return EXIT_FAILURE;
         }

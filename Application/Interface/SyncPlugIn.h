@@ -51,15 +51,18 @@ public:
     virtual Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess) = 0;
     /// Returns whether `error` says that another process uses the profile.
     virtual bool isProfileInUse(const Error &error) const = 0;
-    /// Returns whether `error` says that the profile is damaged, so that it can be replaced.
+    /// Returns whether `error` says that the profile is damaged or missing.
     virtual bool isProfileDamaged(const Error &error) const = 0;
+    /// Returns whether the profile can be replaced after the error `error` of openProfile(): it is
+    /// damaged or missing, or the disk reports an error where it is read.
+    virtual bool canReplaceProfile(const Error &error) const = 0;
     /// Returns the day of the newest backup of the profile in the folder `directory` that is sound,
     /// or std::nullopt. Fails if the folder of the backups cannot be read. Checks the backup
     /// completely, so it may block for some seconds.
     virtual Expected<std::optional<QDate>> dateOfBackup(const QString &directory) const = 0;
-    /// Replaces the damaged profile in the folder `directory`, which must not be open. Blocks for
-    /// the disk. A failure leaves the profile as it was or, if its files cannot be moved, as one
-    /// that is missing; the call can then be repeated.
+    /// Replaces the damaged or unreadable profile in the folder `directory`, which must not be
+    /// open. Blocks for the disk. A failure leaves the profile as it was or, if its files cannot be
+    /// moved, as one that is missing; the call can then be repeated.
     virtual Expected<void> replaceProfile(const QString &directory,
                                           ProfileReplacement replacement) = 0;
     /// Verifies the open profile and every store with which it synchronizes: whether everything
@@ -80,5 +83,5 @@ public:
     virtual NoteLibrary *library() const = 0;
 };
 
-#define SyncPlugIn_iid "velmora.SyncPlugIn/6"
+#define SyncPlugIn_iid "velmora.SyncPlugIn/7"
 Q_DECLARE_INTERFACE(SyncPlugIn, SyncPlugIn_iid)

@@ -42,6 +42,12 @@ enum class EngineErrorCode {
     ProfileInUse,
     /// The profile's file is damaged or missing. A backup or a new profile can replace it.
     ProfileDamaged,
+    /// An index of the profile is damaged, and nothing else as far as is known. Opening the profile
+    /// for writing rebuilds it.
+    IndexesDamaged,
+    /// The disk reports an error where the profile's file is read. Once the disk works, the profile
+    /// may be sound; otherwise it can be replaced like a damaged one.
+    ProfileUnreadable,
     /// No backup of the profile could be made or restored.
     BackupFailed,
     /// A record was damaged, and its contents are written again.

@@ -75,6 +75,11 @@ VerificationReport::Part ProfileVerification::verifyProfile() const {
     const Expected<QStringList> problems = profileProblems();
     const Expected<QString> extent = profileExtent();
     const bool isDamaged = problems && !problems->isEmpty();
+    if (m_profile.hasRebuiltIndexes()) {
+        part.repairs.append(
+            localizedSyncString("An index of the profile was damaged and was rebuilt. If this "
+                                "happens again, check the disk."));
+    }
     if (isDamaged) {
         part.outcome = VerificationReport::Outcome::Problems;
         part.problems = *problems;

@@ -72,6 +72,7 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
     m_isOpen = opened.has_value();
     if (m_isOpen) {
         logIfFailed(m_profile.protection());
+        reportRebuiltIndexes();
     }
     if (m_isOpen && use == ProfileUse::Run) {
         m_plugin.startServer();
@@ -118,6 +119,17 @@ Expected<void> SyncEngine::openSnapshot(const QString &directory, FirstContents 
     return ProfileSnapshot::write(directory, m_snapshotFolder->path(), create).and_then([&] {
         return openDatabase(m_profile, m_snapshotFolder->path(), contents);
     });
+}
+
+void SyncEngine::reportRebuiltIndexes() {
+    if (!m_profile.hasRebuiltIndexes()) {
+        return;
+    }
+    const ProfileVerification verification(m_profile, m_library, m_plugin, {});
+    const VerificationReport::Part found = verification.verifyProfile();
+    for (const QString &sentence : found.repairs + found.problems) {
+        logIfFailed(failure(engineError(EngineErrorCode::IndexesDamaged, sentence)));
+    }
 }
 
 void SyncEngine::startTriggers() {

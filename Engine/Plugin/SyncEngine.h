@@ -55,6 +55,9 @@ public:
 private:
     /// Opens a temporary copy of the profile, so that another process can use the profile itself.
     Expected<void> openSnapshot(const QString &directory, FirstContents contents);
+    /// Logs it if the indexes of the profile were rebuilt, and what is damaged in the tables. That
+    /// is read again by the next synchronization.
+    void reportRebuiltIndexes();
     /// Starts the triggers, which make up for what was missed since the previous run.
     void startTriggers();
     /// Saves the time up to which no schedule was missed. A failure is logged: a schedule may then

@@ -41,7 +41,12 @@ bool VelmoraSyncPlugIn::isProfileInUse(const Error &error) const {
 }
 
 bool VelmoraSyncPlugIn::isProfileDamaged(const Error &error) const {
-    return isEngineError(error, EngineErrorCode::ProfileDamaged);
+    return isEngineError(error, EngineErrorCode::ProfileDamaged) ||
+           isEngineError(error, EngineErrorCode::IndexesDamaged);
+}
+
+bool VelmoraSyncPlugIn::canReplaceProfile(const Error &error) const {
+    return isProfileDamaged(error) || isEngineError(error, EngineErrorCode::ProfileUnreadable);
 }
 
 Expected<std::optional<QDate>> VelmoraSyncPlugIn::dateOfBackup(const QString &directory) const {

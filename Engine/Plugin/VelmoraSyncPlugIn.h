@@ -24,6 +24,7 @@ public:
     /// Returns whether `error` says that another process uses the profile.
     bool isProfileInUse(const Error &error) const override;
     bool isProfileDamaged(const Error &error) const override;
+    bool canReplaceProfile(const Error &error) const override;
     /// These two need no engine and may be called while no profile is open.
     Expected<std::optional<QDate>> dateOfBackup(const QString &directory) const override;
     Expected<void> replaceProfile(const QString &directory,

@@ -114,19 +114,18 @@ bool isBetween(const Counts &counts, const Counts &before, const Counts &after) 
     return true;
 }
 
-Expected<void> verifyIntegrity(const ReadOnlyConnection &database, const QString &path) {
-    const Expected<QVariant> version = database.value(QStringLiteral("PRAGMA user_version"));
-    const Expected<QVariant> check = version.and_then([&](const QVariant &) {
-        return database.value(QStringLiteral("PRAGMA integrity_check(1)"));
-    });
-    if (!check && !isEngineError(check.error(), EngineErrorCode::ProfileDamaged)) {
-        return failure(check.error());
-    }
-    if (!check || version->toInt() == 0 || *check != QStringLiteral("ok")) {
-        return failure(engineError(EngineErrorCode::BackupFailed,
-                                   "The backup “%1” is damaged. Use another backup.", path));
-    }
-    return {};
+Error damagedBackup(const QString &path) {
+    return engineError(EngineErrorCode::BackupFailed,
+                       "The backup “%1” is damaged. Use another backup.", path);
+}
+
+Expected<void> checkNotEmpty(const QString &path, const std::atomic_bool *isCancelled) {
+    return ReadOnlyConnection::open(path, ReadOnlyConnection::Sharing::Immutable, isCancelled)
+        .and_then(
+            [](const auto &backup) { return backup->value(QStringLiteral("PRAGMA user_version")); })
+        .and_then([&](const QVariant &version) {
+            return version.toInt() == 0 ? failure(damagedBackup(path)) : Expected<void>();
+        });
 }
 
 }  // namespace
@@ -252,7 +251,11 @@ Expected<void> ProfileBackups::writeCopy(const QString &path,
     if (!profile) {
         return notMade(m_profile, profile.error().localizedDescription);
     }
-    const Expected<Counts> before = countsIn(**profile);
+    // SQLite copies a damaged index as it is.
+    const Expected<Counts> before =
+        ProfileInspection::checkIntegrity(m_profile, **profile).and_then([&] {
+            return countsIn(**profile);
+        });
     if (!before) {
         return notMade(m_profile, before.error().localizedDescription);
     }
@@ -322,8 +325,10 @@ Expected<void> ProfileBackups::keepBeforeDamage(const QDate &today, const QStrin
 }
 
 Expected<void> ProfileBackups::verify(const QString &path, const std::atomic_bool *isCancelled) {
-    return ProfileInspection::check(path, isCancelled).and_then([&] {
-        return ReadOnlyConnection::open(path, ReadOnlyConnection::Sharing::Immutable, isCancelled)
-            .and_then([&](const auto &backup) { return verifyIntegrity(*backup, path); });
-    });
+    return ProfileInspection::check(path, isCancelled)
+        .map_error([&](const Error &error) {
+            return isEngineError(error, EngineErrorCode::IndexesDamaged) ? damagedBackup(path)
+                                                                         : error;
+        })
+        .and_then([&] { return checkNotEmpty(path, isCancelled); });
 }

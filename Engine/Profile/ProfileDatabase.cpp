@@ -1,5 +1,7 @@
 #include "Engine/Profile/ProfileDatabase.h"
 
+#include <sqlite3.h>
+
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
@@ -264,9 +266,9 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
                         : locked;
     }
     if (QFileInfo::exists(path())) {
-        return ProfileInspection::check(path())
-            .and_then([&] { return openFile(fill, convertNotes); })
-            .map([this] { ProfileRecovery::removeUnfinished(m_directory); });
+        return checkOrRepair().and_then([&] { return openFile(fill, convertNotes); }).map([this] {
+            ProfileRecovery::removeUnfinished(m_directory);
+        });
     }
     if (Expected<void> unused = checkUnused(m_directory); !unused) {
         return unused;
@@ -277,6 +279,26 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
         ProfileFolder::removeNewProfile(m_directory);
     }
     return opened;
+}
+
+Expected<void> ProfileDatabase::checkOrRepair() {
+    Expected<void> checked = ProfileInspection::check(path());
+    const bool isOfIndexes =
+        !checked && isEngineError(checked.error(), EngineErrorCode::IndexesDamaged);
+    const bool isDamaged =
+        !checked && isEngineError(checked.error(), EngineErrorCode::ProfileDamaged);
+    if (!isOfIndexes && !isDamaged) {
+        return checked;
+    }
+    const Expected<bool> rebuilt = ProfileRecovery::rebuildIndexes(m_directory);
+    if (!rebuilt) {
+        return failure(rebuilt.error());
+    }
+    m_hasRebuiltIndexes = *rebuilt;
+    if (m_hasRebuiltIndexes) {
+        return ProfileInspection::check(path());
+    }
+    return isOfIndexes ? failure(ProfileInspection::damage(path())) : checked;
 }
 
 Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &convertNotes) {
@@ -331,10 +353,7 @@ Expected<void> ProfileDatabase::checkTables() const {
             return failure(count.error());
         }
         if (!name.isEmpty() && *count != 1) {
-            return failure(engineError(EngineErrorCode::ProfileDamaged,
-                                       "The profile “%1” is damaged and cannot be opened. Restore "
-                                       "it from a backup or use another profile.",
-                                       path()));
+            return failure(ProfileInspection::damage(path()));
         }
     }
     return {};
@@ -499,9 +518,16 @@ QString ProfileDatabase::exactText(const QVariant &bytes) {
 
 Error ProfileDatabase::queryError(const QSqlQuery &query) const {
     const QSqlError error = query.lastError();
-    return engineError(EngineErrorCode::ProfileNotWritten,
-                       FullDisk::isCauseOf(error, path())
-                           ? FullDisk::message(path())
-                           : localizedSyncString("The profile “%1” cannot be read or written: %2")
-                                 .arg(path(), error.databaseText()));
+    constexpr int primaryCode = 0xFF;
+    if (FullDisk::isCauseOf(error, path())) {
+        return engineError(EngineErrorCode::ProfileNotWritten, FullDisk::message(path()));
+    }
+    const bool isDamage = (error.nativeErrorCode().toInt() & primaryCode) == SQLITE_CORRUPT;
+    return engineError(
+        EngineErrorCode::ProfileNotWritten,
+        localizedSyncString(
+            isDamage ? "The profile “%1” is damaged (%2). Quit Velmora and start it "
+                       "again: it then repairs the profile or offers to restore a backup."
+                     : "The profile “%1” cannot be read or written: %2")
+            .arg(path(), error.databaseText()));
 }

@@ -50,14 +50,20 @@ public:
     /// and of other users are removed from an existing profile; if they cannot be, the profile is
     /// opened nevertheless, see `protection`.
     ///
+    /// Damaged indexes are rebuilt if nothing else is damaged, see
+    /// ProfileRecovery::rebuildIndexes().
+    ///
     /// An error describes the problem and names the file or folder. The folder then contains the
     /// same profile as before the call, or none if it had none. Apart from those permissions,
     /// folders above it may have been created, and SQLite may have applied the log of an existing
-    /// database to its file. The code is ProfileUnusable, ProfileDamaged
-    /// if the database is damaged, emptied, or missing from a folder that had one (see
-    /// ProfileRecovery), ProfileInUse if another process or object has the profile open,
+    /// database to its file. The code is ProfileUnusable, ProfileUnreadable if the disk reports an
+    /// error, ProfileDamaged if the database is damaged, emptied, or missing from a folder that had
+    /// one (see ProfileRecovery), ProfileInUse if another process or object has the profile open,
     /// ProfileNotWritten, or that of the failed callback.
     Expected<void> open(const QString &directory, const Changes &fill, const Changes &convertNotes);
+
+    /// Returns whether open() has rebuilt damaged indexes.
+    bool hasRebuiltIndexes() const { return m_hasRebuiltIndexes; }
 
     /// Returns the absolute path of the folder, or an empty string if no profile is open.
     QString directory() const { return m_directory; }
@@ -115,6 +121,8 @@ private:
     Expected<void> execute(QSqlQuery &query, const QVariantList &values) const;
     Expected<void> openFolder(const QString &directory, const Changes &fill,
                               const Changes &convertNotes);
+    /// Checks the existing database, and rebuilds its indexes if they are damaged.
+    Expected<void> checkOrRepair();
     Expected<void> openFile(const Changes &fill, const Changes &convertNotes);
     Expected<void> createMissingTables() const;
     /// Adds the columns that the table "states", if it exists, does not have yet.
@@ -133,6 +141,7 @@ private:
     /// Declared first: the lock is released after the database is closed.
     ProfileLock m_lock;
     bool m_hasMadeFolder = false;
+    bool m_hasRebuiltIndexes = false;
     Expected<void> m_protection;
     const QString m_connectionName;
     QSqlDatabase m_database;

@@ -1,6 +1,9 @@
 #include "Engine/Profile/ProfileInspection.h"
 
+#include <sqlite3.h>
+
 #include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QVariant>
 
 #include "Engine/Foundation/EngineError.h"
@@ -33,18 +36,42 @@ tl::unexpected<Error> damaged(const QString &path) {
     if (FullDisk::isFull(path)) {
         return failure(engineError(EngineErrorCode::ProfileUnusable, FullDisk::message(path)));
     }
+    return failure(ProfileInspection::damage(path));
+}
+
+tl::unexpected<Error> damagedIndexes(const QString &path) {
+    return failure(engineError(EngineErrorCode::IndexesDamaged,
+                               "An index of the profile “%1” is damaged, so that notes may seem to "
+                               "be missing. Quit Velmora if it is running, and start it: it "
+                               "rebuilds the index or offers to restore a backup.",
+                               path));
+}
+
+tl::unexpected<Error> unreadable(const QString &path) {
     return failure(engineError(
-        EngineErrorCode::ProfileDamaged,
-        "The profile “%1” is damaged and cannot be opened. Restore it from a backup or use another "
-        "profile.",
+        EngineErrorCode::ProfileUnreadable,
+        "The profile “%1” cannot be read, because its disk reports an error. Check the disk and "
+        "its connection, then start Velmora again.",
         path));
 }
 
 /// `reason` is the error of a read of the database.
 tl::unexpected<Error> unreadable(const QString &path, const Error &reason) {
-    return isEngineError(reason, EngineErrorCode::ProfileDamaged) || FullDisk::isFull(path)
-               ? damaged(path)
-               : failure(reason);
+    if (isEngineError(reason, EngineErrorCode::ProfileDamaged) || FullDisk::isFull(path)) {
+        return damaged(path);
+    }
+    if (!isEngineError(reason, EngineErrorCode::ProfileUnreadable)) {
+        return failure(reason);
+    }
+    return unreadable(path);
+}
+
+/// Returns whether SQLite has found `problem`, instead of failing, because the disk reports an
+/// error.
+bool isInputOutputError(const QString &problem) {
+    constexpr int primaryCode = 0xFF;
+    static const QRegularExpression code(QStringLiteral("error code=(\\d+)"));
+    return (code.match(problem).captured(1).toInt() & primaryCode) == SQLITE_IOERR;
 }
 
 /// The numbers that identify the program of an SQLite file and its tables.
@@ -94,12 +121,8 @@ Expected<void> checkContents(const QString &path, const ReadOnlyConnection &data
             "it.",
             path);
     }
-    const Expected<QVariant> check = database.value(QStringLiteral("PRAGMA quick_check(1)"));
-    if (!check) {
-        return unreadable(path, check.error());
-    }
-    if (*check != QStringLiteral("ok")) {
-        return damaged(path);
+    if (Expected<void> sound = ProfileInspection::checkIntegrity(path, database); !sound) {
+        return sound;
     }
     const bool isEmpty = tables == 0 && version == 0;
     const bool isOurs = application == ProfileInspection::ApplicationId &&
@@ -146,6 +169,33 @@ Expected<void> checkAccess(const QString &path) {
 }
 
 }  // namespace
+
+Error ProfileInspection::damage(const QString &path) {
+    return engineError(
+        EngineErrorCode::ProfileDamaged,
+        "The profile “%1” is damaged. Restore it from a backup or use another profile.", path);
+}
+
+Expected<void> ProfileInspection::checkIntegrity(const QString &path,
+                                                 const ReadOnlyConnection &database) {
+    const QString sound = QStringLiteral("ok");
+    const Expected<QVariant> all = database.value(QStringLiteral("PRAGMA integrity_check(1)"));
+    if (!all) {
+        return unreadable(path, all.error());
+    }
+    if (*all == sound) {
+        return {};
+    }
+    if (isInputOutputError(all->toString())) {
+        return unreadable(path);
+    }
+    // This one does not compare the indexes with the tables.
+    const Expected<QVariant> structure = database.value(QStringLiteral("PRAGMA quick_check(1)"));
+    if (!structure) {
+        return unreadable(path, structure.error());
+    }
+    return *structure == sound ? damagedIndexes(path) : damaged(path);
+}
 
 Expected<void> ProfileInspection::check(const QString &path, const std::atomic_bool *isCancelled) {
     if (Expected<void> accessible = checkAccess(path); !accessible) {

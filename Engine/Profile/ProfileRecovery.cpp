@@ -17,6 +17,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileFolder.h"
+#include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/SyncStrings.h"
@@ -230,6 +231,43 @@ Expected<bool> copyLocationsFrom(const QStringList &sources, const QString &targ
     return isCopied;
 }
 
+/// Rebuilds the indexes in the closed database `file`, all or none. Returns whether they can be.
+Expected<bool> reindex(const QString &file) {
+    static const std::array statements = {
+        QStringLiteral("BEGIN IMMEDIATE"), QStringLiteral("REINDEX operations"),
+        QStringLiteral("REINDEX versions"), QStringLiteral("COMMIT")};
+    Expected<bool> isDone = false;
+    {
+        QSqlDatabase database =
+            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), RecoveryConnection);
+        database.setDatabaseName(file);
+        QSqlQuery query(database);
+        isDone =
+            database.open() && std::all_of(statements.begin(), statements.end(),
+                                           [&](const QString &each) { return query.exec(each); });
+        if (FullDisk::isCauseOf(query.lastError(), file)) {
+            isDone = databaseFailure(file, query.lastError());
+        }
+    }
+    QSqlDatabase::removeDatabase(RecoveryConnection);
+    return isDone;
+}
+
+/// Returns whether the closed database `file` is a sound profile in which no row refers to one that
+/// does not exist.
+bool isSound(const QString &file) {
+    const auto reference = [](const auto &database) {
+        return database->value(QStringLiteral("PRAGMA foreign_key_check"));
+    };
+    const Expected<QVariant> dangling =
+        ProfileInspection::check(file)
+            .and_then([&] {
+                return ReadOnlyConnection::open(file, ReadOnlyConnection::Sharing::Immutable);
+            })
+            .and_then(reference);
+    return dangling && !dangling->isValid();
+}
+
 bool canBeRead(const QString &path) {
     constexpr qint64 chunkSize = 1LL << 20;
     QFile file(path);
@@ -249,11 +287,8 @@ Expected<bool> copyFile(const QString &from, const QString &to, const QString &d
     return copied.has_value();
 }
 
-/// Returns copies of the databases from which locations may be read, best first. SQLite writes
-/// beside a database that it reads, which must not happen to the originals.
-Expected<QStringList> sourcesOfLocations(const QString &directory, const QString &folder) {
-    const QString damaged = folder + u'/' + ProfileDatabaseName;
-    const QString backupCopy = folder + QStringLiteral("/backup");
+/// Copies the profile's database and its log into `folder`. Returns whether they can be read.
+Expected<bool> copyDatabase(const QString &directory, const QString &folder) {
     Expected<bool> isReadable = QFileInfo::exists(directory + u'/' + ProfileDatabaseName);
     const QStringList files = filesOf(directory);
     for (const QString &file : files) {
@@ -261,6 +296,15 @@ Expected<QStringList> sourcesOfLocations(const QString &directory, const QString
         isReadable = isWorth ? copyFile(directory + u'/' + file, folder + u'/' + file, directory)
                              : isReadable;
     }
+    return isReadable;
+}
+
+/// Returns copies of the databases from which locations may be read, best first. SQLite writes
+/// beside a database that it reads, which must not happen to the originals.
+Expected<QStringList> sourcesOfLocations(const QString &directory, const QString &folder) {
+    const QString damaged = folder + u'/' + ProfileDatabaseName;
+    const QString backupCopy = folder + QStringLiteral("/backup");
+    const Expected<bool> isReadable = copyDatabase(directory, folder);
     if (!isReadable) {
         return failure(isReadable.error());
     }
@@ -328,6 +372,20 @@ Expected<bool> ProfileRecovery::begin(
             return copyLocationsFrom(sources, path).and_then([&](bool areCopied) {
                 return replace(directory, path).map([&] { return areCopied; });
             });
+        });
+}
+
+Expected<bool> ProfileRecovery::rebuildIndexes(const QString &directory) {
+    const QTemporaryDir folder(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
+    const QString copy = folder.filePath(ProfileDatabaseName);
+    if (!folder.isValid()) {
+        return systemFailure(directory);
+    }
+    return copyDatabase(directory, folder.path())
+        .and_then([&](bool isCopied) { return isCopied ? reindex(copy) : false; })
+        .and_then([&](bool isRebuilt) {
+            return isRebuilt && isSound(copy) ? reindex(directory + u'/' + ProfileDatabaseName)
+                                              : false;
         });
 }
 

@@ -4,9 +4,9 @@
 
 #include "Engine/Profile/ProfileBackups.h"
 
-/// Replaces the database of a profile that is damaged or missing. The damaged files are moved into
-/// a folder "Damaged Profiles" with the date in its name, and never deleted. Must be used on the
-/// main thread; the functions block for the disk.
+/// Repairs or replaces the database of a profile that is damaged or missing. Damaged files are
+/// moved into a folder "Damaged Profiles" with the date in its name, and never deleted. Must be
+/// used on the main thread; the functions block for the disk.
 ///
 /// A failure leaves the profile as it was: its files are moved together or not at all, unless the
 /// error states where they are. If the process ends while they are moved, the profile counts as
@@ -31,6 +31,13 @@ Expected<void> restoreBackup(const QString &directory);
 /// they cannot be read, from its newest sound backup. Returns whether they were copied.
 Expected<bool> begin(const QString &directory,
                      const std::function<Expected<void>(const QString &folder)> &create);
+
+/// Rebuilds the indexes of the notes and of their versions, in one transaction, if this makes the
+/// damaged profile sound, which is tried with a copy. Returns whether they were rebuilt. The notes
+/// themselves may still be damaged, see NoteInspection. Other indexes are not rebuilt, because
+/// nothing shows whether they or their tables are damaged. The caller must have locked the profile,
+/// and no connection be open.
+Expected<bool> rebuildIndexes(const QString &directory);
 
 /// Removes the copies that an interrupted call of the functions above has left in the folder of a
 /// profile that is locked and sound. Their originals are the backups and the damaged profiles.

@@ -48,6 +48,12 @@ Expected<bool> copy(const QString &path, const QString &target, bool isLocked) {
     if (version->toInt() == 0) {
         return false;
     }
+    // A damaged index would be copied or rebuilt. A locked profile was checked before.
+    if (const Expected<void> sound =
+            isLocked ? Expected<void>() : ProfileInspection::checkIntegrity(path, **database);
+        !sound) {
+        return failure(sound.error());
+    }
     QSqlQuery query = (*database)->query();
     query.prepare(QStringLiteral("VACUUM INTO ?"));
     query.addBindValue(target + DatabaseFile);

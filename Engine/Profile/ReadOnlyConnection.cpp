@@ -13,12 +13,19 @@
 
 namespace {
 
-/// Returns whether a retry cannot help. Our statements are valid, so that SQLITE_ERROR means a
-/// missing table or column.
-bool isDamage(const QSqlError &reason) {
+EngineErrorCode codeOf(const QSqlError &reason) {
     constexpr int primaryCode = 0xFF;
-    const int code = reason.nativeErrorCode().toInt() & primaryCode;
-    return code == SQLITE_CORRUPT || code == SQLITE_NOTADB || code == SQLITE_ERROR;
+    switch (reason.nativeErrorCode().toInt() & primaryCode) {
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+        // Our statements are valid, so that this means a missing table or column.
+        case SQLITE_ERROR:
+            return EngineErrorCode::ProfileDamaged;
+        case SQLITE_IOERR:
+            return EngineErrorCode::ProfileUnreadable;
+        default:
+            return EngineErrorCode::ProfileUnusable;
+    }
 }
 
 }  // namespace
@@ -77,7 +84,7 @@ Error ReadOnlyConnection::queryError(const QSqlQuery &query) const {
 
 Error ReadOnlyConnection::error(const QSqlError &reason) const {
     return engineError(
-        isDamage(reason) ? EngineErrorCode::ProfileDamaged : EngineErrorCode::ProfileUnusable,
+        codeOf(reason),
         localizedSyncString("The database “%1” cannot be read (%2). Try again. If that fails, "
                             "check the disk and the permissions of the file.")
             .arg(m_path,

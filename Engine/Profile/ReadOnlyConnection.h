@@ -12,8 +12,8 @@
 /// that has opened it; several can be open at the same time. Every call blocks for the disk.
 ///
 /// All errors have the code ProfileDamaged if the file is not a sound SQLite database or lacks a
-/// table, and otherwise ProfileUnusable, for example if it cannot be opened, another connection has
-/// locked it, or memory is short.
+/// table, ProfileUnreadable if the disk reports an error, and otherwise ProfileUnusable, for
+/// example if it cannot be opened, another connection has locked it, or memory is short.
 class ReadOnlyConnection {
 public:
     /// How other connections use the file meanwhile.

@@ -348,8 +348,24 @@
         <translation>Die Angaben zur Datenbank konnten nicht geholt werden (%@)</translation>
     </message>
     <message>
-        <source>The profile “%1” is damaged and cannot be opened. Restore it from a backup or use another profile.</source>
-        <translation>Das Profil „%1“ ist beschädigt und kann nicht geöffnet werden. Stellen Sie es aus einer Sicherungskopie wieder her, oder verwenden Sie ein anderes Profil.</translation>
+        <source>The profile “%1” is damaged. Restore it from a backup or use another profile.</source>
+        <translation>Das Profil „%1“ ist beschädigt. Stellen Sie es aus einer Sicherungskopie wieder her, oder verwenden Sie ein anderes Profil.</translation>
+    </message>
+    <message>
+        <source>An index of the profile “%1” is damaged, so that notes may seem to be missing. Quit Velmora if it is running, and start it: it rebuilds the index or offers to restore a backup.</source>
+        <translation>Ein Index des Profils „%1“ ist beschädigt, sodass Notizen zu fehlen scheinen können. Beenden Sie Velmora, falls es läuft, und starten Sie es: Es legt den Index neu an oder bietet an, eine Sicherungskopie wiederherzustellen.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” cannot be read, because its disk reports an error. Check the disk and its connection, then start Velmora again.</source>
+        <translation>Das Profil „%1“ kann nicht gelesen werden, weil sein Datenträger einen Fehler meldet. Prüfen Sie den Datenträger und seinen Anschluss, und starten Sie Velmora dann erneut.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” is damaged (%2). Quit Velmora and start it again: it then repairs the profile or offers to restore a backup.</source>
+        <translation>Das Profil „%1“ ist beschädigt (%2). Beenden Sie Velmora, und starten Sie es erneut: Es repariert das Profil dann oder bietet an, eine Sicherungskopie wiederherzustellen.</translation>
+    </message>
+    <message>
+        <source>An index of the profile was damaged and was rebuilt. If this happens again, check the disk.</source>
+        <translation>Ein Index des Profils war beschädigt und wurde neu angelegt. Prüfen Sie den Datenträger, falls das noch einmal vorkommt.</translation>
     </message>
     <message>
         <source>The profile “%1” was created by a newer version of Velmora. Update Velmora to open it.</source>

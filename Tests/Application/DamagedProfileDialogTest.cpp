@@ -4,6 +4,7 @@
 #include <QtWidgets/QPushButton>
 
 #include "Application/Interface/SyncPlugIn.h"
+#include "Support/FaultyFileSystem.h"
 #include "Support/TestApplication.h"
 #include "Support/TestMain.h"
 #include "Support/Verification.h"
@@ -18,8 +19,8 @@ private:
     QString profile() const { return m_folder->filePath(QStringLiteral("Profile")); }
     QString file() const { return profile() + QStringLiteral("/profile.sqlite"); }
 
-    /// Makes a profile, a backup of it with the note "kept", and destroys the profile.
-    void damage(bool hasBackup) const {
+    /// Makes a profile, and a backup of it.
+    void makeProfile(bool hasBackup) const {
         QPluginLoader loader(QStringLiteral(VELMORA_SYNC_PLUG_IN));
         auto *sync = qobject_cast<SyncPlugIn *>(loader.instance());
         QVERIFY(sync);
@@ -30,6 +31,9 @@ private:
             QVERIFY(QDir(profile()).mkdir(QStringLiteral("Backups")));
             QVERIFY(QFile::copy(file(), profile() + QStringLiteral("/Backups/2026-11-21.sqlite")));
         }
+    }
+    void damage(bool hasBackup) const {
+        makeProfile(hasBackup);
         QFile damaged(file());
         QVERIFY(damaged.open(QIODevice::ReadWrite));
         damaged.write(QByteArray(20000, 'x'));
@@ -64,7 +68,7 @@ private:
         QPluginLoader loader(QStringLiteral(VELMORA_SYNC_PLUG_IN));
         auto *sync = qobject_cast<SyncPlugIn *>(loader.instance());
         const Expected<void> refused = sync->openProfile(profile(), ProfileUse::Edit);
-        if (refused || !sync->isProfileDamaged(refused.error())) {
+        if (refused || !sync->canReplaceProfile(refused.error())) {
             return result;
         }
         QTimer::singleShot(0, qApp, [&] {
@@ -102,7 +106,10 @@ private:
     }
 
 private Q_SLOTS:
-    void initTestCase() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom)); }
+    void initTestCase() {
+        FaultyFileSystem::install();
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    }
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
     void theCopyIsRestored() {
@@ -126,6 +133,36 @@ private Q_SLOTS:
         QVERIFY(result.opened);
         QCOMPARE(result.databases, 1);
         QCOMPARE(result.problems, QString());
+        QCOMPARE(damagedFiles(), QStringList{QStringLiteral("profile.sqlite")});
+    }
+
+    void aFileThatCannotBeReadIsReplacedLikewise_data() {
+        QTest::addColumn<int>("firstRead");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<qsizetype>("databases");
+        for (const int read : {1, 8}) {
+            QTest::addRow("copy, read %d", read)
+                << read << QStringLiteral("Restore") << qsizetype{3};
+            QTest::addRow("new, read %d", read)
+                << read << QStringLiteral("Start from") << qsizetype{1};
+        }
+    }
+    void aFileThatCannotBeReadIsReplacedLikewise() {
+        QFETCH(int, firstRead);
+        QFETCH(QString, button);
+        QFETCH(qsizetype, databases);
+        makeProfile(true);
+        const FaultyFileSystem disk(file(), firstRead);
+        const Result result = run({button});
+        QVERIFY(disk.hasFailed());
+        QVERIFY(result.isReplaced);
+        QVERIFY(result.opened);
+        QCOMPARE(result.databases, databases);
+        QCOMPARE(result.problems, QString());
+        QCOMPARE(result.buttons.size(), 4);
+        QVERIFY2(result.text.contains(QStringLiteral("cannot be read, because its disk")),
+                 qPrintable(result.text));
+        QVERIFY2(!result.text.contains(QStringLiteral("damaged.")), qPrintable(result.text));
         QCOMPARE(damagedFiles(), QStringList{QStringLiteral("profile.sqlite")});
     }
 

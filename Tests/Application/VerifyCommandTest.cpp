@@ -10,6 +10,7 @@
 #include <QtSql/QSqlQuery>
 
 #include "Engine/Profile/ProfileLock.h"
+#include "Support/DamagedIndex.h"
 #include "Support/ProgramRun.h"
 #include "Support/TestMain.h"
 
@@ -265,6 +266,22 @@ private Q_SLOTS:
                  qPrintable(repaired.output));
         QVERIFY(!repaired.output.contains(text + QStringLiteral(" is wrong")));
         QCOMPARE(verify().exitCode, 0);
+    }
+
+    void aDamagedIndexIsReportedAndRebuilt() {
+        DamagedIndex::make(profile() + QStringLiteral("/profile.sqlite"),
+                           QStringLiteral("order_of_notes"));
+        const Run found = verify();
+        QCOMPARE(found.exitCode, 1);
+        QVERIFY2(found.errors.startsWith(QStringLiteral("An index of the profile “")),
+                 qPrintable(found.errors));
+        const Run repaired = repair();
+        QCOMPARE(repaired.exitCode, 0);
+        QVERIFY2(repaired.output.contains(QStringLiteral("was damaged and was rebuilt")),
+                 qPrintable(repaired.output));
+        const Run after = verify();
+        QCOMPARE(after.exitCode, 0);
+        QVERIFY(!after.output.contains(QStringLiteral("rebuilt")));
     }
 
     void aDamagedProfileIsAProblem() {

@@ -1,8 +1,10 @@
 #include "Support/FaultyFileSystem.h"
 
 #include <sqlite3.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <QtCore/QFile>
 #include <cstdlib>
 #include <stdexcept>
 
@@ -15,9 +17,17 @@ struct Plan {
     FaultyFileSystem::Fault fault = FaultyFileSystem::Fault::Error;
     FaultyFileSystem::Duration duration = FaultyFileSystem::Duration::Once;
     qint64 first = 0;
+    /// The file that cannot be read.
+    ino_t file = 0;
     qint64 calls = 0;
     bool hasFailed = false;
 };
+
+/// Returns the number of the file `name` in its file system, or 0 if there is none.
+ino_t numberOf(const char *name) {
+    struct stat status {};
+    return name && stat(name, &status) == 0 ? status.st_ino : 0;
+}
 
 Plan &plan() {
     static Plan onlyPlan;
@@ -29,6 +39,7 @@ sqlite3_vfs *systemFiles = nullptr;
 struct File {
     sqlite3_file base;
     bool isTemporary;
+    ino_t number;
     /// Of the file system below; its object follows this one.
     sqlite3_file *below() { return reinterpret_cast<sqlite3_file *>(this + 1); }
 };
@@ -50,6 +61,8 @@ bool isConcerned(Need need, bool isTemporary) {
             return need == Need::Space;
         case FaultyFileSystem::Fault::NoTemporaryFiles:
             return isTemporary;
+        case FaultyFileSystem::Fault::Unreadable:
+            break;
     }
     return false;
 }
@@ -71,6 +84,18 @@ bool fails(Need need, bool isTemporary) {
     return isDue;
 }
 
+/// Counts the read of the file, and returns whether it must fail.
+bool isUnreadable(const File &file) {
+    Plan &current = plan();
+    const bool isConcerned = current.isActive &&
+                             current.fault == FaultyFileSystem::Fault::Unreadable &&
+                             file.number == current.file;
+    current.calls += isConcerned ? 1 : 0;
+    const bool isDue = isConcerned && current.calls >= current.first;
+    current.hasFailed = current.hasFailed || isDue;
+    return isDue;
+}
+
 int failureOf(Need need, int error) {
     return need == Need::Space && plan().fault == FaultyFileSystem::Fault::Full ? SQLITE_FULL
                                                                                 : error;
@@ -86,6 +111,9 @@ int closeFile(sqlite3_file *file) {
 }
 
 int readFile(sqlite3_file *file, void *buffer, int size, sqlite3_int64 offset) {
+    if (isUnreadable(*own(file))) {
+        return SQLITE_IOERR_READ;
+    }
     return unlessFailing(file, Need::Nothing, SQLITE_IOERR_READ, [&] {
         return below(file)->pMethods->xRead(below(file), buffer, size, offset);
     });
@@ -196,6 +224,7 @@ int openFile(sqlite3_vfs * /*files*/, sqlite3_filename name, sqlite3_file *file,
     if (below(file)->pMethods) {
         opened->base.pMethods = &Methods;
     }
+    opened->number = numberOf(name);
     return result;
 }
 
@@ -216,6 +245,11 @@ FaultyFileSystem::FaultyFileSystem(Fault fault, qint64 first, Duration duration)
         throw std::logic_error("install() first, and have one at a time");
     }
     plan() = {true, fault, duration, first};
+}
+
+FaultyFileSystem::FaultyFileSystem(const QString &path, qint64 first)
+    : FaultyFileSystem(Fault::Unreadable, first, Duration::FromThenOn) {
+    plan().file = numberOf(QFile::encodeName(path).constData());
 }
 
 FaultyFileSystem::~FaultyFileSystem() {

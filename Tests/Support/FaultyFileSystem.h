@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QtGlobal>
+#include <QtCore/QString>
 
 /// Makes SQLite's input and output fail in the whole process until destroyed. There is one at a
 /// time, and every database opened before and after is affected. Main thread.
@@ -15,11 +15,16 @@ public:
         NoTemporaryFiles,
         /// Any call ends the process, as SIGKILL does.
         End,
+        /// Reads of one file fail.
+        Unreadable,
     };
     enum class Duration { Once, FromThenOn };
 
     /// The call number `first` to which `fault` applies fails; the first call has the number 1.
     FaultyFileSystem(Fault fault, qint64 first, Duration duration);
+    /// The read number `first` of the existing file `path` fails, and all reads of it that follow,
+    /// also if it is renamed.
+    FaultyFileSystem(const QString &path, qint64 first);
     ~FaultyFileSystem();
     FaultyFileSystem(const FaultyFileSystem &) = delete;
     FaultyFileSystem &operator=(const FaultyFileSystem &) = delete;

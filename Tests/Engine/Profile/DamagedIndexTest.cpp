@@ -1,0 +1,178 @@
+#include "Engine/Profile/ProfileBackups.h"
+#include "Engine/Profile/ProfileInspection.h"
+#include "Engine/Profile/ProfileRecovery.h"
+#include "Engine/Synchronization/SyncSession.h"
+#include "Support/DamagedIndex.h"
+#include "Support/Failure.h"
+#include "Support/FaultyFileSystem.h"
+#include "Support/SessionTestCase.h"
+
+using Damage = DamagedIndex::Damage;
+
+/// A bit changes in an index of the profile, or in the column of a table that is indexed.
+class DamagedIndexTest : public SessionTestCase {
+    Q_OBJECT
+private:
+    QString m_directory;
+
+    static QString fileIn(const QString &directory) {
+        return directory + QStringLiteral("/profile.sqlite");
+    }
+    QString file() const { return fileIn(m_directory); }
+
+    void damage(const QString &index, Damage damage = Damage::Entry) {
+        m_host->goToComputer(QStringLiteral("Other"));
+        DamagedIndex::make(file(), index, damage);
+    }
+
+    QStringList texts() {
+        QStringList texts;
+        const QList<Note> notes = m_host->inbox()->notes().value();
+        for (const Note &note : notes) {
+            texts.append(note.title + u'=' + note.text);
+        }
+        texts.sort();
+        return texts;
+    }
+
+    QStringList log() {
+        QStringList infos;
+        for (const auto &entry : m_host->application().logEntries()) {
+            infos.append(entry.info);
+        }
+        return infos;
+    }
+
+    QByteArray contents() const {
+        QFile file(this->file());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    /// Opens the profile with another engine and returns the error.
+    Expected<void> open() const {
+        SyncEngine engine;
+        return engine.openProfile(m_directory, FirstContents::Inbox, ProfileUse::Edit);
+    }
+
+private Q_SLOTS:
+    void initTestCase() { FaultyFileSystem::install(); }
+    void init() {
+        beginWithNotes({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
+        Note edited = m_host->inbox()->notes().value().last();
+        edited.text = QStringLiteral("an edit");
+        QVERIFY(m_host->inbox()->saveNote(edited));
+        m_directory = m_host->directory();
+    }
+    void cleanup() { m_host.reset(); }
+
+    void aDamagedIndexOfTheNotesIsRebuiltAtOpening_data() {
+        QTest::addColumn<QString>("index");
+        for (const char *index : {"sqlite_autoindex_operations_1", "operations_of_notes",
+                                  "order_of_notes", "versions_of_notes", "age_of_versions"}) {
+            QTest::addRow("%s", index) << QString::fromLatin1(index);
+        }
+    }
+    void aDamagedIndexOfTheNotesIsRebuiltAtOpening() {
+        QFETCH(QString, index);
+        const QStringList before = texts();
+        damage(index);
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(texts(), before);
+        QCOMPARE(log().filter(QStringLiteral("was rebuilt")).size(), 1);
+        QVERIFY(!QFileInfo::exists(m_directory + u'/' + ProfileRecovery::FolderName));
+        QVERIFY(run<SyncSession>());
+        verifySound();
+        m_host->restart();
+        QCOMPARE(log().filter(QStringLiteral("was rebuilt")).size(), 1);
+    }
+
+    /// Of identifiers nothing shows whether the index or the table is right, and SQLite cannot
+    /// replace a page that is none.
+    void anIndexThatIsNotRebuiltLeavesTheBackup_data() {
+        QTest::addColumn<QString>("index");
+        QTest::addColumn<Damage>("damage");
+        QTest::addRow("databases")
+            << QStringLiteral("sqlite_autoindex_databases_1") << Damage::Entry;
+        QTest::addRow("page") << QStringLiteral("order_of_notes") << Damage::Page;
+    }
+    void anIndexThatIsNotRebuiltLeavesTheBackup() {
+        QFETCH(QString, index);
+        QFETCH(Damage, damage);
+        QVERIFY(ProfileBackups(m_directory).make(QDate(2026, 11, 22)));
+        this->damage(index, damage);
+        const QByteArray before = contents();
+        const Expected<void> opened = open();
+        QCOMPARE(code(opened), EngineErrorCode::ProfileDamaged);
+        QVERIFY2(description(opened).contains(file()), qPrintable(description(opened)));
+        QVERIFY(!description(opened).contains(QStringLiteral("start it")));
+        QCOMPARE(contents(), before);
+        QVERIFY(ProfileRecovery::restoreBackup(m_directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(texts().size(), 3);
+        QVERIFY(run<SyncSession>());
+        verifySound();
+    }
+
+    void withoutSpaceForItTheProfileStaysAsItIs() {
+        damage(QStringLiteral("order_of_notes"));
+        {
+            const FaultyFileSystem disk(FaultyFileSystem::Fault::Full, 1,
+                                        FaultyFileSystem::Duration::FromThenOn);
+            const Expected<void> opened = open();
+            QVERIFY(disk.hasFailed());
+            QVERIFY2(description(opened).contains(QStringLiteral("no space left")),
+                     qPrintable(description(opened)));
+        }
+        QCOMPARE(code(ProfileInspection::check(file())), EngineErrorCode::IndexesDamaged);
+        QVERIFY(open());
+    }
+
+    /// Whatever fails, once or from then on, the profile is repaired or as it was.
+    void aFailingDiskPreventsTheRepairOnly_data() {
+        QTest::addColumn<FaultyFileSystem::Duration>("duration");
+        QTest::addRow("once") << FaultyFileSystem::Duration::Once;
+        QTest::addRow("from then on") << FaultyFileSystem::Duration::FromThenOn;
+    }
+    void aFailingDiskPreventsTheRepairOnly() {
+        QFETCH(FaultyFileSystem::Duration, duration);
+        const QStringList before = texts();
+        damage(QStringLiteral("operations_of_notes"));
+        bool hasFailed = true;
+        for (qint64 call = 1; hasFailed; ++call) {
+            if (ProfileInspection::check(file())) {
+                DamagedIndex::make(file(), QStringLiteral("operations_of_notes"));
+            }
+            const FaultyFileSystem disk(FaultyFileSystem::Fault::Error, call, duration);
+            static_cast<void>(open());
+            hasFailed = disk.hasFailed();
+        }
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(texts(), before);
+        QVERIFY(run<SyncSession>());
+        verifySound();
+    }
+
+    void aProfileInUseIsReportedByItsBackupAndNotCopied() {
+        m_host->restart();
+        const ProfileBackups backups(m_directory);
+        const QDate today(2026, 11, 22);
+        QVERIFY(backups.make(today));
+        DamagedIndex::make(file(), QStringLiteral("order_of_notes"));
+        const Expected<void> made = backups.make(today.addDays(1));
+        QCOMPARE(code(made), EngineErrorCode::BackupFailed);
+        QVERIFY2(
+            description(made).contains(QStringLiteral("An index of the profile “%1”").arg(file())),
+            qPrintable(description(made)));
+        SyncEngine snapshot;
+        QCOMPARE(
+            code(snapshot.openProfile(m_directory, FirstContents::Inbox, ProfileUse::Snapshot)),
+            EngineErrorCode::IndexesDamaged);
+        m_host->restart();
+        QVERIFY(backups.make(today.addDays(1)));
+        QCOMPARE(backups.all(today)->size(), 2);
+        verifySound();
+    }
+};
+
+VELMORA_TEST(DamagedIndexTest)
+#include "DamagedIndexTest.moc"
