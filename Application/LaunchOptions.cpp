@@ -120,6 +120,11 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
                                          .arg(SynchronizationTimeout.count())
                                          .arg(CommandTimeout.count()),
                                      QStringLiteral("SECONDS"));
+    const QCommandLineOption removals(
+        QStringLiteral("removals"),
+        tr("With “sync”: if more than half of the notes of a database, and more than ten, would be "
+           "removed, keep or remove them. Otherwise they are listed, and nothing is changed."),
+        QStringLiteral("keep|remove"));
     parser.addPositionalArgument(
         VerifyCommand,
         tr("Check the profile and every sync location and print what was found, then exit with 0 "
@@ -142,7 +147,7 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
            "with 1 if it cannot."),
         QStringLiteral("| check LOCATION"));
     parser.addOptions(
-        {profile, screenshot, describe, appearance, sandboxed, repair, json, timeout});
+        {profile, screenshot, describe, appearance, sandboxed, repair, json, timeout, removals});
     bool selectsPlatform = false;
     parser.process(withoutOptionsOfQt(arguments, selectsPlatform));
 
@@ -160,6 +165,12 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
     if (options.command) {
         options.timeout = parser.isSet(timeout) ? secondsIn(parser.value(timeout), isTimeoutKnown)
                                                 : defaultTimeout(options.command->name);
+    }
+    const auto decision = ShellCommand::removalsNamed(parser.value(removals));
+    const bool isSync = options.command && options.command->name == ShellCommand::Name::Synchronize;
+    const bool isDecisionKnown = !parser.isSet(removals) || (isSync && decision);
+    if (isSync) {
+        options.command->removals = decision.value_or(RemovalDecision::Later);
     }
     options.appearance = parser.value(appearance);
     options.hasNoDisplay = !selectsPlatform && !hasDisplay();
@@ -179,7 +190,7 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
                      (options.verify || !options.repair)
                : parser.positionalArguments().isEmpty() && !options.repair && !options.json;
     if (!isAppearanceKnown || !isSandboxKnown || !isTimeoutKnown || options.profile.isEmpty() ||
-        !isCommandKnown) {
+        !isDecisionKnown || !isCommandKnown) {
         parser.showHelp(parser.positionalArguments().isEmpty() ? EXIT_FAILURE
                                                                : ShellResult::NotDone);
     }

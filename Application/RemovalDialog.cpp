@@ -17,7 +17,39 @@ namespace {
 /// More are only counted.
 constexpr qsizetype MostTitles = 10000;
 
+QString heading(const RemovalQuestion &question) {
+    return RemovalDialog::tr(
+               "The synchronization with “%1” would remove %2 of the %3 notes "
+               "in “%4”.")
+        .arg(question.location, QString::number(question.titles.size()),
+             QString::number(question.total), question.database);
+}
+
+/// Returns a line for each note, each of a bounded length.
+QStringList notesOf(const RemovalQuestion &question) {
+    QStringList lines;
+    for (const QString &title : question.titles.first(qMin(question.titles.size(), MostTitles))) {
+        const QString line = PlainText::message(title).simplified();
+        lines.append(line.isEmpty() ? RemovalDialog::tr("Untitled") : line);
+    }
+    if (question.titles.size() > MostTitles) {
+        lines.append(RemovalDialog::tr("… and %1 more").arg(question.titles.size() - MostTitles));
+    }
+    return lines;
+}
+
 }  // namespace
+
+QStringList RemovalDialog::lines(const RemovalQuestion &question) {
+    QStringList lines{heading(question)};
+    const QStringList notes = notesOf(question);
+    for (const QString &note : notes) {
+        lines.append(QStringLiteral("    ") + note);
+    }
+    return lines << tr(
+               "Nothing has been changed yet. “velmora sync --removals keep” keeps these "
+               "notes, also on your other computers; “--removals remove” removes them.");
+}
 
 RemovalDialog::RemovalDialog(const RemovalQuestion &question,
                              std::function<void(RemovalDecision)> handler, QWidget *parent)
@@ -28,25 +60,17 @@ RemovalDialog::RemovalDialog(const RemovalQuestion &question,
     resize(WindowSize::of(*this, 80, 28));
     new HeightKeeper(this);
 
-    auto *heading =
-        PlainText::label(tr("The synchronization with “%1” would remove %2 of the %3 notes "
-                            "in “%4”.")
-                             .arg(question.location, QString::number(question.titles.size()),
-                                  QString::number(question.total), question.database));
-    QFont bold = heading->font();
+    auto *title = PlainText::label(heading(question));
+    QFont bold = title->font();
     bold.setBold(true);
-    heading->setFont(bold);
+    title->setFont(bold);
     auto *list = new QListWidget;
     list->setAccessibleName(tr("Notes that would be removed"));
     list->setUniformItemSizes(true);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    for (const QString &title : question.titles.first(qMin(question.titles.size(), MostTitles))) {
-        const QString line = PlainText::message(title).simplified();
-        auto *item = new QListWidgetItem(line.isEmpty() ? tr("Untitled") : line, list);
-        item->setToolTip(PlainText::toolTip(line));
-    }
-    if (question.titles.size() > MostTitles) {
-        list->addItem(tr("… and %1 more").arg(question.titles.size() - MostTitles));
+    const QStringList notes = notesOf(question);
+    for (const QString &note : notes) {
+        (new QListWidgetItem(note, list))->setToolTip(PlainText::toolTip(note));
     }
 
     auto *buttons = new QDialogButtonBox;
@@ -60,7 +84,7 @@ RemovalDialog::RemovalDialog(const RemovalQuestion &question,
     connect(later, &QPushButton::clicked, this, &QDialog::reject);
 
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(heading);
+    layout->addWidget(title);
     layout->addWidget(PlainText::label(
         tr("Nothing has been changed yet. If you keep the notes, they also return on your other "
            "computers. If you remove them, you find them in “Deleted Notes” for a while.")));

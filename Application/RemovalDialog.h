@@ -18,6 +18,9 @@ public:
     /// Decides for Later if the user has not decided.
     ~RemovalDialog() override;
 
+    /// Returns the question for a terminal, one line for each note, and how it is decided there.
+    static QStringList lines(const RemovalQuestion &question);
+
     /// Closes the dialog and calls the handler. Escape, and closing the window, decide for Later.
     void done(int result) override;
 

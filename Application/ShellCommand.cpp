@@ -16,6 +16,14 @@ constexpr std::array CommandNames{NameText{ShellCommand::Name::Synchronize, "syn
                                   NameText{ShellCommand::Name::Status, "status"},
                                   NameText{ShellCommand::Name::Check, "check"}};
 
+struct DecisionText {
+    RemovalDecision decision;
+    const char *text;
+};
+
+constexpr std::array Decisions{DecisionText{RemovalDecision::Keep, "keep"},
+                               DecisionText{RemovalDecision::Remove, "remove"}};
+
 QByteArray lineOf(const QJsonObject &object) {
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
@@ -31,14 +39,28 @@ std::optional<ShellCommand::Name> ShellCommand::named(const QString &text) {
     return {};
 }
 
+std::optional<RemovalDecision> ShellCommand::removalsNamed(const QString &text) {
+    for (const DecisionText &each : Decisions) {
+        if (text == QLatin1StringView(each.text)) {
+            return each.decision;
+        }
+    }
+    return {};
+}
+
 QByteArray ShellCommand::toLine() const {
     QString text;
+    QString decision;
+    for (const DecisionText &each : Decisions) {
+        decision = each.decision == removals ? QString::fromLatin1(each.text) : decision;
+    }
     for (const NameText &each : CommandNames) {
         text = each.name == name ? QString::fromLatin1(each.text) : text;
     }
     return lineOf({{QStringLiteral("command"), text},
                    {QStringLiteral("arguments"), QJsonArray::fromStringList(arguments)},
-                   {QStringLiteral("json"), json}});
+                   {QStringLiteral("json"), json},
+                   {QStringLiteral("removals"), decision}});
 }
 
 std::optional<ShellCommand> ShellCommand::fromLine(const QByteArray &line) {
@@ -47,7 +69,10 @@ std::optional<ShellCommand> ShellCommand::fromLine(const QByteArray &line) {
     if (!name) {
         return {};
     }
-    ShellCommand command{.name = *name, .json = object[QStringLiteral("json")].toBool()};
+    ShellCommand command{.name = *name,
+                         .json = object[QStringLiteral("json")].toBool(),
+                         .removals = removalsNamed(object[QStringLiteral("removals")].toString())
+                                         .value_or(RemovalDecision::Later)};
     const QJsonArray arguments = object[QStringLiteral("arguments")].toArray();
     for (const QJsonValue argument : arguments) {
         command.arguments.append(argument.toString());

@@ -5,6 +5,8 @@
 #include <QtCore/QStringList>
 #include <optional>
 
+#include "Application/Interface/QuestionPresenter.h"
+
 /// A command that a user or a script gives to a profile. A value.
 struct ShellCommand {
     /// "sync", "status" and "check" on the command line.
@@ -16,8 +18,14 @@ struct ShellCommand {
     QStringList arguments = {};
     /// Whether the output is JSON.
     bool json = false;
+    /// What a synchronization does that would remove many notes; Later lets it fail.
+    RemovalDecision removals = RemovalDecision::Later;
 
     bool operator==(const ShellCommand &) const = default;
+
+    /// Returns the decision that `text` names on the command line, "keep" or "remove"; empty if it
+    /// names none.
+    static std::optional<RemovalDecision> removalsNamed(const QString &text);
 
     /// Returns the command that `text` names on the command line; empty if it names none.
     static std::optional<Name> named(const QString &text);

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "Application/Interface/NoteLibrary.h"
+#include "Application/Interface/RemovalDecider.h"
 #include "Application/SynchronizationSummary.h"
 #include "Host/InboxUUID.h"
 #include "Host/QVSyncLocation.h"
@@ -161,8 +162,13 @@ void synchronize(const ShellCommand &command, const NoteLibrary &library, const 
         return;
     }
     const QDateTime start = QDateTime::currentDateTime();
-    QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
-        states, [states, start, handler] { handler(synchronized(states, start)); });
+    const auto report = [states, start, handler] { handler(synchronized(states, start)); };
+    QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
+    if (RemovalDecider *decider = RemovalDecider::of(dispatcher)) {
+        decider->synchronize(states, command.removals, report);
+    } else {
+        dispatcher->performSynchronizationsWithSynchronizationStates(states, report);
+    }
 }
 
 QString unknownLocation(const QString &wanted, const QList<Location> &locations) {

@@ -129,6 +129,10 @@ QuestionPresenter::Withdrawal VelmoraApplication::ask(const Question &question,
 void VelmoraApplication::askAboutRemoval(const RemovalQuestion &question,
                                          std::function<void(RemovalDecision)> handler) {
     if (m_isBatch) {
+        const QStringList lines = RemovalDialog::lines(question);
+        for (const QString &line : lines) {
+            TerminalText::printError(line);
+        }
         MainQueue::dispatchAsync(
             [handler = std::move(handler)] { handler(RemovalDecision::Later); });
         return;

@@ -67,17 +67,25 @@ void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
 
 void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
     const QVSyncStates &states, std::function<void()> handler) {
+    synchronize(states, RemovalDecision::Later, std::move(handler));
+}
+
+void EngineDispatcher::synchronize(const QVSyncStates &states, RemovalDecision decision,
+                                   std::function<void()> handler) {
     if (states.isEmpty()) {
         postHandler(std::move(handler));
         return;
     }
     const auto left = std::make_shared<qsizetype>(states.size());
     for (const std::shared_ptr<QVSyncState> &state : states) {
-        enqueue(SyncJob::Kind::Synchronization, state, [left, handler] {
-            if (--*left == 0) {
-                handler();
-            }
-        });
+        enqueue(
+            SyncJob::Kind::Synchronization, state,
+            [left, handler] {
+                if (--*left == 0) {
+                    handler();
+                }
+            },
+            decision);
     }
 }
 
@@ -192,7 +200,7 @@ void EngineDispatcher::cancelJobs(const std::function<bool(const Entry &)> &isCa
 }
 
 void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncState> &state,
-                               const std::function<void()> &handler) {
+                               const std::function<void()> &handler, RemovalDecision decision) {
     const auto location =
         state ? std::dynamic_pointer_cast<EngineSyncLocation>(state->destination()) : nullptr;
     if (!location || !state->isEnabled()) {
@@ -205,6 +213,7 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
     });
     if (waiting != entries.end()) {
         waiting->handlers.append([handler](const auto &) { handler(); });
+        waiting->decision = decision == RemovalDecision::Later ? waiting->decision : decision;
         return;
     }
     const auto database = m_library.synchronizedDatabase(state->databaseUUID());
@@ -223,11 +232,12 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
                                         location->identifier(), title};
     connect(state.get(), &QVSyncState::enabledChanged, this, &EngineDispatcher::cancelDisabledJobs,
             Qt::UniqueConnection);
-    add({std::make_shared<SyncJob>(kind, m_profile, m_library, subject,
-                                   location->createBlobStore()),
-         title,
-         state,
-         {[handler](const auto &) { handler(); }}});
+    add({.job = std::make_shared<SyncJob>(kind, m_profile, m_library, subject,
+                                          location->createBlobStore()),
+         .title = title,
+         .state = state,
+         .handlers = {[handler](const auto &) { handler(); }},
+         .decision = decision});
 }
 
 void EngineDispatcher::postHandler(std::function<void()> handler) {
@@ -264,12 +274,18 @@ void EngineDispatcher::ended(const SyncJob *job) {
                                     [&](const Entry &each) { return each.job.get() == job; });
     const Entry done = *entry;
     m_running.erase(entry);
+    const auto undecided = done.job->undecidedRemoval();
+    const bool isEnabled = !done.state || done.state->isEnabled();
+    if (undecided && isEnabled && done.decision != RemovalDecision::Later) {
+        synchronizeAgain(done, {undecided->UUIDs, done.decision}, done.handlers);
+        return;
+    }
     report(done);
     if (done.state) {
         rememberResult(done);
     }
-    if (const auto removal = done.job->undecidedRemoval()) {
-        askAboutRemoval(done, *removal);
+    if (undecided) {
+        askAboutRemoval(done, *undecided);
     }
     startNext(done.job->subject().store);
     for (const auto &handler : done.handlers) {
@@ -338,12 +354,13 @@ void EngineDispatcher::askAboutRemoval(const Entry &entry, const StoreSession::R
             const StoreSession::Subject &asked = entry.job->subject();
             // The location may have been removed meanwhile.
             if (self && self->m_asked.take(asked.databaseUUID) == asked.store) {
-                self->synchronizeAgain(entry, {UUIDs, decision});
+                self->synchronizeAgain(entry, {UUIDs, decision}, {});
             }
         });
 }
 
-void EngineDispatcher::synchronizeAgain(const Entry &entry, const SyncSession::Decision &decision) {
+void EngineDispatcher::synchronizeAgain(const Entry &entry, const SyncSession::Decision &decision,
+                                        const Handlers &handlers) {
     if (decision.decision == RemovalDecision::Later || (entry.state && !entry.state->isEnabled())) {
         return;
     }
@@ -352,7 +369,7 @@ void EngineDispatcher::synchronizeAgain(const Entry &entry, const SyncSession::D
     add({.job = job,
          .title = entry.title,
          .state = entry.state,
-         .handlers = {},
+         .handlers = handlers,
          .isDecided = true});
 }
 

@@ -3,6 +3,7 @@
 #include <QtCore/QTimer>
 
 #include "Application/Interface/QVUnsentChanges.h"
+#include "Application/Interface/RemovalDecider.h"
 #include "Engine/Locations/EngineSyncState.h"
 #include "Engine/Synchronization/SyncJob.h"
 #include "Host/QVJobLog.h"
@@ -15,7 +16,7 @@ class EngineLocationsController;
 /// those of different locations at the same time, so that a location that does not respond delays
 /// no other. A job whose state is disabled is cancelled. Failures and successes are reported in the
 /// application's log. Must be used on the main thread.
-class EngineDispatcher : public QVSyncDispatcher, public QVUnsentChanges {
+class EngineDispatcher : public QVSyncDispatcher, public QVUnsentChanges, public RemovalDecider {
     Q_OBJECT
     Q_PROPERTY(QVSyncProgress progress READ progress NOTIFY progressChanged)
 public:
@@ -34,6 +35,8 @@ public:
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states) override;
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states,
                                                           std::function<void()> handler) override;
+    void synchronize(const QVSyncStates &states, RemovalDecision decision,
+                     std::function<void()> handler) override;
     /// Returns the activity of the first job that was not cancelled, also of one that waits only
     /// until a cancelled job has ended. Computed at each call.
     QString activity() const override;
@@ -63,6 +66,8 @@ Q_SIGNALS:
     void progressChanged();
 
 private:
+    using Handlers = QList<std::function<void(const Expected<void> &result)>>;
+
     /// A job that is waiting or running.
     struct Entry {
         std::shared_ptr<SyncJob> job;
@@ -70,19 +75,22 @@ private:
         QString title;
         /// Null if the store belongs to no location.
         std::shared_ptr<QVSyncState> state;
-        QList<std::function<void(const Expected<void> &result)>> handlers;
+        Handlers handlers;
         /// Invalid while the job waits.
         QDateTime started = {};
         /// Whether the running job was cancelled. Its store is in use until it ends.
         bool isCancelled = false;
         /// Whether the user has decided what the job removes.
         bool isDecided = false;
+        /// What the user has decided for the case that the job would remove many notes.
+        RemovalDecision decision = RemovalDecision::Later;
     };
 
-    /// Adds a job, or only `handler` if such a job is already waiting. Calls `handler` later,
-    /// without a job, if the state is disabled or has no location of this engine.
+    /// Adds a job, or only `handler` and `decision` if such a job is already waiting. Calls
+    /// `handler` later, without a job, if the state is disabled or has no location of this engine.
     void enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncState> &state,
-                 const std::function<void()> &handler);
+                 const std::function<void()> &handler,
+                 RemovalDecision decision = RemovalDecision::Later);
     /// Cancels the jobs of the states that were disabled after they were requested.
     void cancelDisabledJobs();
     /// Cancels the jobs for which `isCancelled` returns true: running ones end soon, and waiting
@@ -114,8 +122,9 @@ private:
     /// about that database is open or its answer waits to be carried out, and starts a
     /// synchronization with the decision.
     void askAboutRemoval(const Entry &entry, const StoreSession::Removal &removal);
-    /// Synchronizes again, with what the user has decided.
-    void synchronizeAgain(const Entry &entry, const SyncSession::Decision &decision);
+    /// Synchronizes again, with what the user has decided, and calls `handlers` after that.
+    void synchronizeAgain(const Entry &entry, const SyncSession::Decision &decision,
+                          const Handlers &handlers);
     /// Sets and saves the result of a job, and the date if it was a successful synchronization. A
     /// cancelled job has no result.
     void rememberResult(const Entry &entry);

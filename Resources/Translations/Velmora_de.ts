@@ -78,8 +78,8 @@
         <translation>Es gibt keine Kopie davon, die wiederhergestellt werden kann. Sie können mit einem leeren Profil beginnen und Ihre Datenbanken aus den Sync-Orten importieren.</translation>
     </message>
     <message>
-        <source>The damaged files are kept in the folder “Damaged Profiles”.</source>
-        <translation>Die beschädigten Dateien werden im Ordner „Damaged Profiles“ aufbewahrt.</translation>
+        <source>The present files are kept in the folder “Damaged Profiles”.</source>
+        <translation>Die jetzigen Dateien werden im Ordner „Damaged Profiles“ aufbewahrt.</translation>
     </message>
     <message>
         <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
@@ -311,6 +311,10 @@
         <translation>Mit „verify“ und „status“: das Ergebnis als JSON ausgeben.</translation>
     </message>
     <message>
+        <source>With “sync”: if more than half of the notes of a database, and more than ten, would be removed, keep or remove them. Otherwise they are listed, and nothing is changed.</source>
+        <translation>Mit „sync“: falls mehr als die Hälfte der Notizen einer Datenbank und mehr als zehn entfernt würden, sie behalten oder entfernen. Sonst werden sie aufgelistet, und nichts wird geändert.</translation>
+    </message>
+    <message>
         <source>Check the profile and every sync location and print what was found, then exit with 0 if all is well, 1 if there are problems, or 2 if something could not be checked.</source>
         <translation>Das Profil und jeden Sync-Ort prüfen und ausgeben, was gefunden wurde, dann mit 0 beenden, wenn alles in Ordnung ist, mit 1 bei Problemen oder mit 2, wenn etwas nicht geprüft werden konnte.</translation>
     </message>
@@ -480,6 +484,10 @@
         <translation>Ein Titel hat höchstens %L1 Zeichen, deshalb wurde nicht alles, was Sie eingegeben haben, in ihn aufgenommen. Geben Sie es in den Text der Notiz ein.</translation>
     </message>
     <message>
+        <source>The text was not inserted, because the note would be too long to be edited: it may have %L1 lines of at most %L2 characters, and %L3 characters in all. Insert a part of it, or several lines.</source>
+        <translation>Der Text wurde nicht eingefügt, weil die Notiz dann zu lang zum Bearbeiten wäre: Sie darf %L1 Zeilen mit höchstens %L2 Zeichen und insgesamt %L3 Zeichen haben. Fügen Sie einen Teil davon ein, oder mehrere Zeilen.</translation>
+    </message>
+    <message>
         <source>Untitled</source>
         <translation>Ohne Titel</translation>
     </message>
@@ -551,6 +559,10 @@
     <message>
         <source>The synchronization with “%1” would remove %2 of the %3 notes in “%4”.</source>
         <translation>Die Synchronisierung mit „%1“ würde %2 der %3 Notizen in „%4“ entfernen.</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed yet. “velmora sync --removals keep” keeps these notes, also on your other computers; “--removals remove” removes them.</source>
+        <translation>Noch wurde nichts geändert. „velmora sync --removals keep“ behält diese Notizen, auch auf Ihren anderen Computern; „--removals remove“ entfernt sie.</translation>
     </message>
     <message>
         <source>Notes that would be removed</source>

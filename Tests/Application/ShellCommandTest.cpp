@@ -8,6 +8,7 @@
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 
+#include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Support/Patience.h"
 #include "Support/ProgramRun.h"
@@ -108,6 +109,44 @@ class ShellCommandTest : public QObject {
             names.append(files.next());
         }
         return names;
+    }
+
+    /// Replaces the notes of Projects in the profile in `folder`, which no process uses.
+    static void setNotes(const QString &folder, int count) {
+        SyncEngine engine;
+        QVERIFY(engine.openProfile(folder, FirstContents::Inbox, ProfileUse::Edit));
+        const auto databases = engine.library()->knownDatabases();
+        const auto found = std::find_if(databases.begin(), databases.end(), [](const auto &each) {
+            return each->name() == QStringLiteral("Projects");
+        });
+        QVERIFY(found != databases.end());
+        const QList<Note> before = (*found)->notes().value();
+        for (const Note &note : before) {
+            QVERIFY((*found)->removeNote(note));
+        }
+        for (int i = 1; i <= count; ++i) {
+            Note note{{}, QStringLiteral("note %1").arg(i), QStringLiteral("text"), {}};
+            QVERIFY((*found)->saveNote(note));
+        }
+    }
+    /// Synchronizes twelve notes, all of which another computer then removes.
+    void removeNotesElsewhere() const {
+        setNotes(profile(), 12);
+        QCOMPARE(sync().exitCode, 0);
+        const QString other = m_folder->filePath(QStringLiteral("remover"));
+        QVERIFY(!QFileInfo::exists(other) || QDir(other).removeRecursively());
+        QCOMPARE(QProcess::execute(QStringLiteral("cp"), {QStringLiteral("-a"), profile(), other}),
+                 0);
+        setNotes(other, 0);
+        QCOMPARE(
+            Run::of(QStringLiteral(VELMORA),
+                    {QStringLiteral("--profile"), other, QStringLiteral("sync")}, environment())
+                .exitCode,
+            0);
+        QCOMPARE(countOfNotes(), 12);
+    }
+    int countOfNotes() const {
+        return databases(run({QStringLiteral("--describe")}))[1][QStringLiteral("notes")].toInt(-1);
     }
 
 private Q_SLOTS:
@@ -272,6 +311,59 @@ private Q_SLOTS:
         QVERIFY2(asked.errors.contains(QStringLiteral("continues with the command")),
                  qPrintable(asked.errors));
         terminate(*program);
+    }
+
+    void aLargeRemovalIsDecidedInTheShell_data() {
+        QTest::addColumn<QString>("decision");
+        QTest::addColumn<int>("notes");
+        QTest::addColumn<bool>("isRunning");
+        for (const bool isRunning : {false, true}) {
+            const char *where = isRunning ? "running" : "not running";
+            QTest::addRow("keep, %s", where) << QStringLiteral("keep") << 12 << isRunning;
+            QTest::addRow("remove, %s", where) << QStringLiteral("remove") << 0 << isRunning;
+        }
+    }
+    void aLargeRemovalIsDecidedInTheShell() {
+        QFETCH(QString, decision);
+        QFETCH(int, notes);
+        QFETCH(bool, isRunning);
+        removeNotesElsewhere();
+        const auto program = isRunning ? startWindows() : nullptr;
+        const Run decided =
+            sync({QStringLiteral("--removals"), decision, QStringLiteral("Projects")});
+        QVERIFY2(decided.exitCode == 0, qPrintable(decided.errors));
+        QVERIFY2(decided.output.startsWith(QStringLiteral("“Projects” with “Home”: synchronized")),
+                 qPrintable(decided.output));
+        if (program) {
+            terminate(*program);
+        }
+        QCOMPARE(countOfNotes(), notes);
+        QCOMPARE(sync().exitCode, 0);
+        QCOMPARE(countOfNotes(), notes);
+        QCOMPARE(run({QStringLiteral("verify")}).exitCode, 0);
+    }
+
+    void aLargeRemovalThatIsNotDecidedIsListed() {
+        removeNotesElsewhere();
+        for (int i = 0; i < 2; ++i) {
+            const Run undecided = sync();
+            QCOMPARE(undecided.exitCode, 1);
+            QVERIFY2(undecided.errors.contains(
+                         QStringLiteral("would remove 12 of the 12 notes in “Projects”.\n")),
+                     qPrintable(undecided.errors));
+            QVERIFY2(undecided.errors.contains(QStringLiteral("\n    note 12\n")),
+                     qPrintable(undecided.errors));
+            QVERIFY(undecided.errors.contains(QStringLiteral("--removals keep")));
+            QCOMPARE(countOfNotes(), 12);
+        }
+        for (const QStringList &arguments :
+             {QStringList{QStringLiteral("sync"), QStringLiteral("--removals"),
+                          QStringLiteral("all")},
+              QStringList{QStringLiteral("status"), QStringLiteral("--removals"),
+                          QStringLiteral("keep")}}) {
+            QCOMPARE(run(arguments).exitCode, 2);
+        }
+        QCOMPARE(countOfNotes(), 12);
     }
 
     void storesOfOneNameAreCheckedByTheirAddress() {

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+
+#include "Application/Interface/QuestionPresenter.h"
+#include "Host/QVSyncState.h"
+
+class QVSyncDispatcher;
+
+/// Synchronizes with a decision that the user has made beforehand. The dispatcher of the sync
+/// plug-in is also a RemovalDecider. Must be used on the main thread.
+class INTERFACE_EXPORT RemovalDecider {
+public:
+    virtual ~RemovalDecider();
+
+    /// Does what QVSyncDispatcher::performSynchronizationsWithSynchronizationStates() does. If one
+    /// of these synchronizations would remove so many notes that the user must decide, `decision`
+    /// is carried out at once, and only for the notes that it finds then; `handler` is called after
+    /// that. For RemovalDecision::Later the user is asked.
+    virtual void synchronize(const QVSyncStates &states, RemovalDecision decision,
+                             std::function<void()> handler) = 0;
+
+    /// Returns `dispatcher` if it is one, otherwise null. Not owned.
+    static RemovalDecider *of(QVSyncDispatcher *dispatcher);
+};
