@@ -90,8 +90,19 @@ QMimeData *NoteTextEdit::createMimeDataFromSelection() const {
     return selected.release();
 }
 
+bool NoteTextEdit::canInsert(const QString &text) const {
+    const QTextCursor cursor = textCursor();
+    const QString whole = textBetween(0, cursor.selectionStart()) + text +
+                          textBetween(cursor.selectionEnd(), document()->characterCount() - 1);
+    return whole.size() <= LongestText && PlainText::page(whole) == whole;
+}
+
 void NoteTextEdit::insertFromMimeData(const QMimeData *source) {
     if (!source->hasText()) {
+        return;
+    }
+    if (!canInsert(source->text())) {
+        Q_EMIT insertionRefused();
         return;
     }
     const Lines split = ::split(source->text());

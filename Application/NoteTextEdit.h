@@ -10,6 +10,10 @@ class NoteTextEdit : public QPlainTextEdit {
 public:
     using QPlainTextEdit::QPlainTextEdit;
 
+    /// Maximum number of characters of a text into which something is inserted. A note of more
+    /// bytes cannot be saved.
+    static constexpr qsizetype LongestText = 8LL << 20;
+
     /// Shows `text` and clears the undo history. Returns false if the editor cannot represent
     /// `text` exactly, or not all of it (see PlainText::page()); noteText() then differs from it.
     /// O(n). Emits textChanged(), as an edit by
@@ -20,12 +24,19 @@ public:
     /// Undoing the edits restores the text exactly. O(n).
     QString noteText() const;
 
+Q_SIGNALS:
+    /// Emitted if a text that was pasted or dropped is not inserted, because the editor could not
+    /// represent the text exactly then, or it would be too long.
+    void insertionRefused();
+
 protected:
     /// Qt would change spaces and line ends.
     QMimeData *createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData *source) override;
 
 private:
+    /// Returns whether the text can be edited after `text` has replaced the selection.
+    bool canInsert(const QString &text) const;
     /// Returns the text between two positions of the document.
     QString textBetween(int start, int end) const;
 };
