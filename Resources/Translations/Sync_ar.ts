@@ -348,8 +348,24 @@
         <translation>تعذر جلب معلومات قاعدة البيانات (%@)</translation>
     </message>
     <message>
-        <source>The profile “%1” is damaged and cannot be opened. Restore it from a backup or use another profile.</source>
-        <translation>ملف التعريف «%1» تالف ولا يمكن فتحه. استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
+        <source>The profile “%1” is damaged. Restore it from a backup or use another profile.</source>
+        <translation>ملف التعريف «%1» تالف. استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
+    </message>
+    <message>
+        <source>An index of the profile “%1” is damaged, so that notes may seem to be missing. Quit Velmora if it is running, and start it: it rebuilds the index or offers to restore a backup.</source>
+        <translation>أحد فهارس ملف التعريف «%1» تالف، لذلك قد تبدو ملاحظات مفقودة. أغلق Velmora إن كان يعمل، ثم شغّله: سيعيد بناء الفهرس أو يعرض استعادة نسخة احتياطية.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” cannot be read, because its disk reports an error. Check the disk and its connection, then start Velmora again.</source>
+        <translation>تتعذر قراءة ملف التعريف «%1» لأن قرصه يبلغ عن خطأ. تحقق من القرص ومن توصيله، ثم شغّل Velmora من جديد.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” is damaged (%2). Quit Velmora and start it again: it then repairs the profile or offers to restore a backup.</source>
+        <translation>ملف التعريف «%1» تالف (%2). أغلق Velmora وشغّله من جديد: سيصلح ملف التعريف عندئذ أو يعرض استعادة نسخة احتياطية.</translation>
+    </message>
+    <message>
+        <source>An index of the profile was damaged and was rebuilt. If this happens again, check the disk.</source>
+        <translation>كان أحد فهارس ملف التعريف تالفًا وأُعيد بناؤه. إذا تكرر ذلك، فتحقق من القرص.</translation>
     </message>
     <message>
         <source>The profile “%1” was created by a newer version of Velmora. Update Velmora to open it.</source>

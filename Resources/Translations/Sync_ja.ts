@@ -348,8 +348,24 @@
         <translation>データベースの情報を取得できませんでした（%@）</translation>
     </message>
     <message>
-        <source>The profile “%1” is damaged and cannot be opened. Restore it from a backup or use another profile.</source>
-        <translation>プロファイル「%1」は破損しているため、開けません。バックアップから復元するか、別のプロファイルを使ってください。</translation>
+        <source>The profile “%1” is damaged. Restore it from a backup or use another profile.</source>
+        <translation>プロファイル「%1」は破損しています。バックアップから復元するか、別のプロファイルを使ってください。</translation>
+    </message>
+    <message>
+        <source>An index of the profile “%1” is damaged, so that notes may seem to be missing. Quit Velmora if it is running, and start it: it rebuilds the index or offers to restore a backup.</source>
+        <translation>プロファイル「%1」のインデックスが破損しているため、ノートがないように見えることがあります。Velmoraが動作している場合は終了し、もう一度起動してください。インデックスを作り直すか、バックアップからの復元を提案します。</translation>
+    </message>
+    <message>
+        <source>The profile “%1” cannot be read, because its disk reports an error. Check the disk and its connection, then start Velmora again.</source>
+        <translation>ディスクがエラーを報告しているため、プロファイル「%1」を読み込めません。ディスクとその接続を確認してから、Velmoraをもう一度起動してください。</translation>
+    </message>
+    <message>
+        <source>The profile “%1” is damaged (%2). Quit Velmora and start it again: it then repairs the profile or offers to restore a backup.</source>
+        <translation>プロファイル「%1」は破損しています（%2）。Velmoraを終了し、もう一度起動してください。プロファイルを修復するか、バックアップからの復元を提案します。</translation>
+    </message>
+    <message>
+        <source>An index of the profile was damaged and was rebuilt. If this happens again, check the disk.</source>
+        <translation>プロファイルのインデックスが破損していたため、作り直しました。再び起こる場合は、ディスクを確認してください。</translation>
     </message>
     <message>
         <source>The profile “%1” was created by a newer version of Velmora. Update Velmora to open it.</source>

@@ -78,8 +78,8 @@
         <translation>لا توجد نسخة منه يمكن استعادتها. يمكنك البدء بملف تعريف فارغ واستيراد قواعد بياناتك من مواقع المزامنة.</translation>
     </message>
     <message>
-        <source>The damaged files are kept in the folder “Damaged Profiles”.</source>
-        <translation>تُحفظ الملفات التالفة في المجلد «Damaged Profiles».</translation>
+        <source>The present files are kept in the folder “Damaged Profiles”.</source>
+        <translation>تُحفظ الملفات الحالية في المجلد «Damaged Profiles».</translation>
     </message>
     <message>
         <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
@@ -311,6 +311,10 @@
         <translation>مع «verify» و«status»: طباعة النتيجة بصيغة JSON.</translation>
     </message>
     <message>
+        <source>With “sync”: if more than half of the notes of a database, and more than ten, would be removed, keep or remove them. Otherwise they are listed, and nothing is changed.</source>
+        <translation>مع «sync»: إذا كان سيُزال أكثر من نصف ملاحظات قاعدة بيانات، وأكثر من عشر، فالاحتفاظ بها أو إزالتها. وإلا فتُعرض قائمة بها ولا يتغير شيء.</translation>
+    </message>
+    <message>
         <source>Check the profile and every sync location and print what was found, then exit with 0 if all is well, 1 if there are problems, or 2 if something could not be checked.</source>
         <translation>فحص ملف التعريف وكل مواقع المزامنة وطباعة ما وُجد، ثم الإنهاء بالرمز 0 إذا كان كل شيء سليمًا، أو 1 إذا وُجدت مشكلات، أو 2 إذا تعذر فحص شيء ما.</translation>
     </message>
@@ -480,6 +484,10 @@
         <translation>لا يتجاوز طول العنوان %L1 من المحارف، لذلك لم يُضف إليه كل ما أدخلته. أدخل الباقي في نص الملاحظة.</translation>
     </message>
     <message>
+        <source>The text was not inserted, because the note would be too long to be edited: it may have %L1 lines of at most %L2 characters, and %L3 characters in all. Insert a part of it, or several lines.</source>
+        <translation>لم يُدرج النص، لأن الملاحظة ستصبح أطول من أن تُحرر: يمكن أن تضم %L1 من الأسطر، في كل سطر %L2 من المحارف على الأكثر، و%L3 من المحارف إجمالًا. أدرج جزءًا منه، أو وزّعه على عدة أسطر.</translation>
+    </message>
+    <message>
         <source>Untitled</source>
         <translation>بلا عنوان</translation>
     </message>
@@ -551,6 +559,10 @@
     <message>
         <source>The synchronization with “%1” would remove %2 of the %3 notes in “%4”.</source>
         <translation>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed yet. “velmora sync --removals keep” keeps these notes, also on your other computers; “--removals remove” removes them.</source>
+        <translation>لم يتغير شيء بعد. يحتفظ «velmora sync --removals keep» بهذه الملاحظات، وعلى حواسيبك الأخرى أيضًا؛ أما «--removals remove» فيزيلها.</translation>
     </message>
     <message>
         <source>Notes that would be removed</source>

@@ -78,8 +78,8 @@
         <translation>復元できるコピーはありません。空のプロファイルから始めて、同期先からデータベースをインポートできます。</translation>
     </message>
     <message>
-        <source>The damaged files are kept in the folder “Damaged Profiles”.</source>
-        <translation>破損したファイルは、フォルダー「Damaged Profiles」に保管されます。</translation>
+        <source>The present files are kept in the folder “Damaged Profiles”.</source>
+        <translation>現在のファイルは、フォルダー「Damaged Profiles」に保管されます。</translation>
     </message>
     <message>
         <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
@@ -311,6 +311,10 @@
         <translation>「verify」および「status」とともに指定すると、結果をJSONで出力します。</translation>
     </message>
     <message>
+        <source>With “sync”: if more than half of the notes of a database, and more than ten, would be removed, keep or remove them. Otherwise they are listed, and nothing is changed.</source>
+        <translation>「sync」とともに指定します。データベースのノートの半数を超え、かつ10件を超えるノートが削除される場合に、それらを残すか削除するかを決めます。指定しない場合は一覧を表示し、何も変更しません。</translation>
+    </message>
+    <message>
         <source>Check the profile and every sync location and print what was found, then exit with 0 if all is well, 1 if there are problems, or 2 if something could not be checked.</source>
         <translation>プロファイルとすべての同期先を確認し、見つかったことを出力して終了します。終了コードは、すべて正常なら0、問題があれば1、確認できないものがあれば2です。</translation>
     </message>
@@ -480,6 +484,10 @@
         <translation>タイトルは%L1文字までなので、入力した内容の一部はタイトルに入りませんでした。残りはノートの本文に入力してください。</translation>
     </message>
     <message>
+        <source>The text was not inserted, because the note would be too long to be edited: it may have %L1 lines of at most %L2 characters, and %L3 characters in all. Insert a part of it, or several lines.</source>
+        <translation>ノートが長くなりすぎて編集できなくなるため、テキストは挿入されませんでした。ノートは%L1行まで、1行は%L2文字まで、全体で%L3文字までです。一部だけを挿入するか、複数の行に分けてください。</translation>
+    </message>
+    <message>
         <source>Untitled</source>
         <translation>無題</translation>
     </message>
@@ -551,6 +559,10 @@
     <message>
         <source>The synchronization with “%1” would remove %2 of the %3 notes in “%4”.</source>
         <translation>「%1」と同期すると、「%4」のノート%3件のうち%2件が削除されます。</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed yet. “velmora sync --removals keep” keeps these notes, also on your other computers; “--removals remove” removes them.</source>
+        <translation>まだ何も変更されていません。「velmora sync --removals keep」を実行すると、これらのノートはほかのコンピューターでも残ります。「--removals remove」を指定すると削除されます。</translation>
     </message>
     <message>
         <source>Notes that would be removed</source>
