@@ -70,8 +70,9 @@ tl::unexpected<Error> unreadable(const QString &path, const Error &reason) {
 /// error.
 bool isInputOutputError(const QString &problem) {
     constexpr int primaryCode = 0xFF;
-    static const QRegularExpression code(QStringLiteral("error code=(\\d+)"));
-    return (code.match(problem).captured(1).toInt() & primaryCode) == SQLITE_IOERR;
+    static const QRegularExpression code(QStringLiteral("error code[= ](\\d+)"));
+    return problem.contains(QStringLiteral("failed to get page")) ||
+           (code.match(problem).captured(1).toInt() & primaryCode) == SQLITE_IOERR;
 }
 
 /// The numbers that identify the program of an SQLite file and its tables.

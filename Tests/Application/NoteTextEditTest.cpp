@@ -21,12 +21,6 @@ class NoteTextEditTest : public QObject {
     }
 
 private Q_SLOTS:
-    void initTestCase() {
-        // A character that this font does not have is not looked for in all installed ones.
-        QFont font = QApplication::font();
-        font.setStyleStrategy(QFont::NoFontMerging);
-        QApplication::setFont(font);
-    }
     void everyCharacterSurvivesAnEditBesideIt() {
         constexpr char32_t last = 0x10FFFF;
         constexpr char32_t piece = 0x400;

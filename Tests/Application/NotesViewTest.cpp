@@ -9,6 +9,7 @@
 #include "Support/FailingTable.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 class NotesViewTest : public QObject {
     Q_OBJECT
@@ -35,12 +36,6 @@ private:
     }
 
 private Q_SLOTS:
-    void initTestCase() {
-        // A character that this font does not have is not looked for in all installed ones.
-        QFont font = QApplication::font();
-        font.setStyleStrategy(QFont::NoFontMerging);
-        QApplication::setFont(font);
-    }
     void init() {
         m_host = std::make_unique<TestHost>();
         const auto made = m_host->addDatabase(QStringLiteral("Plans"));
@@ -54,6 +49,7 @@ private Q_SLOTS:
     }
     void cleanup() {
         m_view.reset();
+        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_database.reset();
         m_host.reset();
     }

@@ -452,6 +452,7 @@ private:
         const bool isOfProfile =
             !result && (isEngineError(result.error(), EngineErrorCode::ProfileNotWritten) ||
                         isEngineError(result.error(), EngineErrorCode::ProfileUnusable) ||
+                        isEngineError(result.error(), EngineErrorCode::ProfileUnreadable) ||
                         isEngineError(result.error(), EngineErrorCode::ProfileDamaged));
         require(!isOfProfile || (disk && disk->hasFailed()) ? Expected<void>() : result);
         return result;

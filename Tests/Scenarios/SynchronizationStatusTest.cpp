@@ -12,6 +12,7 @@
 #include "Support/Patience.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
+#include "Support/Verification.h"
 #include "Support/WebDAVServer.h"
 #include "View/TimeField.h"
 
@@ -87,6 +88,7 @@ private Q_SLOTS:
     }
 
     void cleanup() {
+        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_panel.reset();
         qunsetenv("TZ");
         tzset();

@@ -143,7 +143,9 @@ private Q_SLOTS:
                 DamagedIndex::make(file(), QStringLiteral("operations_of_notes"));
             }
             const FaultyFileSystem disk(FaultyFileSystem::Fault::Error, call, duration);
-            static_cast<void>(open());
+            ProfileDatabase opened;
+            const auto nothing = [] { return Expected<void>(); };
+            static_cast<void>(opened.open(m_directory, nothing, nothing));
             hasFailed = disk.hasFailed();
         }
         m_host->goToComputer(QStringLiteral("Profile"));

@@ -7,6 +7,7 @@
 #include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 namespace {
 
@@ -113,7 +114,10 @@ private Q_SLOTS:
         m_host = std::make_unique<TestHost>();
         m_store = m_host->makeSyncStore(QStringLiteral("Shared"));
     }
-    void cleanup() { m_host.reset(); }
+    void cleanup() {
+        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
+        m_host.reset();
+    }
 
     void anImportedDatabaseIsOpenAnnouncedAndTheSame() {
         const QString UUID = synchronizedDatabase(QStringLiteral("Projects"))->UUID();

@@ -9,6 +9,7 @@
 #include "Support/MemoryStore.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 namespace {
 
@@ -134,6 +135,7 @@ private Q_SLOTS:
         m_host->save();
     }
     void cleanup() {
+        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_state.reset();
         m_host.reset();
     }
