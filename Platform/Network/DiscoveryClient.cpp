@@ -13,7 +13,8 @@
 
 namespace {
 
-// Interval of attempts while the system bus is not running. A daemon that starts is reported.
+// Interval of attempts while the system bus is not running. One that responds late, and a daemon
+// that starts, are noticed.
 constexpr std::chrono::seconds RetryInterval(2);
 
 // A daemon that responds late is used then; the bus reports one that ends.
@@ -43,8 +44,15 @@ DiscoveryClient::DiscoveryClient()
     : m_name(QUuid::createUuid().toString(QUuid::WithoutBraces)), m_bus(m_name) {
     m_retry.setSingleShot(true);
     m_retry.setInterval(RetryInterval);
-    connect(&m_retry, &QTimer::timeout, this, &DiscoveryClient::connectToBus);
-    connectToBus();
+    connect(&m_retry, &QTimer::timeout, &m_probe, &SystemBusProbe::start);
+    connect(&m_probe, &SystemBusProbe::ended, this, [this](bool isResponding) {
+        if (isResponding) {
+            connectToBus();
+        } else {
+            m_retry.start();
+        }
+    });
+    m_probe.start();
 }
 
 DiscoveryClient::~DiscoveryClient() {

@@ -7,14 +7,15 @@
 #include <functional>
 #include <memory>
 
+#include "Platform/Network/SystemBusProbe.h"
+
 class QDBusPendingCall;
 
 /// The connection of this process to the Avahi daemon over the system bus. Must be used on the main
-/// thread. No function waits for the daemon, whose replies arrive from the event loop: a daemon
-/// that does not respond delays nothing. Connecting to the system bus, at first and when it was
-/// lost, waits for the bus itself. Shared by all searches, resolutions and publications, and closed
-/// with the last of them. If the daemon or the system bus is not running, it is used when it runs;
-/// if the connection is lost, it is made again.
+/// thread. No function waits for the daemon or the bus, whose replies arrive from the event loop:
+/// one that does not respond delays nothing. Shared by all searches, resolutions and publications,
+/// and closed with the last of them. If the daemon or the system bus is not running or does not
+/// respond, it is used when it does; if the connection is lost, it is made again.
 class DiscoveryClient : public QObject {
     Q_OBJECT
 public:
@@ -71,7 +72,7 @@ private Q_SLOTS:
     void changeState(int state);
 
 private:
-    /// Connects to the system bus; tries again later if it is not running.
+    /// Connects to the system bus, which has just responded; tries again later if that fails.
     void connectToBus();
     void disconnectFromBus();
     /// Connects to the daemon with this name on the bus.
@@ -99,5 +100,6 @@ private:
     bool m_isHostRegistered = false;
     QString m_hostName;
     QString m_domainName;
+    SystemBusProbe m_probe;
     QTimer m_retry;
 };

@@ -10,11 +10,13 @@
 
 #include "Platform/Foundation/Localization.h"
 #include "Platform/Network/AvahiBus.h"
+#include "Platform/Network/SystemBusProbe.h"
 
 namespace {
 
 constexpr qsizetype AddressArgument = 4;
 const QString NoReplyError = QStringLiteral("org.freedesktop.DBus.Error.NoReply");
+const QString NoServerError = QStringLiteral("org.freedesktop.DBus.Error.NoServer");
 
 /// A connection to the system bus for one thread.
 class Daemon {
@@ -38,7 +40,7 @@ private:
     const QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, m_name);
 };
 
-tl::unexpected<Error> noService(const QString &hostName, const QDBusMessage &reply) {
+tl::unexpected<Error> noService(const QString &hostName, const QString &errorName) {
     return failure(
         {.domain = QStringLiteral("LocalHostName"),
          .code = static_cast<int>(LocalHostName::ErrorCode::NoService),
@@ -46,7 +48,7 @@ tl::unexpected<Error> noService(const QString &hostName, const QDBusMessage &rep
              localizedString(PlatformTable,
                              "The name “%1” cannot be looked up in the local network, because the "
                              "service Avahi does not respond (%2). Start it and try again.")
-                 .arg(hostName, reply.errorName())});
+                 .arg(hostName, errorName)});
 }
 
 tl::unexpected<Error> notFound(const QString &hostName) {
@@ -91,21 +93,27 @@ bool LocalHostName::isLocal(const QString &hostName) {
 Expected<QString> LocalHostName::address(const QString &hostName,
                                          std::chrono::milliseconds timeout) {
     const QDeadlineTimer deadline(timeout);
+    const auto left = [&] {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(
+            deadline.remainingTimeAsDuration());
+    };
+    if (!SystemBusProbe::responds(timeout)) {
+        return noService(hostName, NoServerError);
+    }
     const Daemon daemon;
     // So that a daemon that does not respond is told apart from a computer that does not.
-    const QDBusMessage version = daemon.call(QStringLiteral("GetAPIVersion"), {}, timeout);
+    const QDBusMessage version = daemon.call(QStringLiteral("GetAPIVersion"), {}, left());
     if (version.type() != QDBusMessage::ReplyMessage) {
-        return noService(hostName, version);
+        return noService(hostName, version.errorName());
     }
     // Half of the time for each family: a host without an address of one does not reply to it.
-    const auto half = deadline.remainingTimeAsDuration() / 2;
+    const auto half = left() / 2;
     for (const int protocol : {AvahiBus::IPv4, AvahiBus::IPv6}) {
-        const QDBusMessage reply =
-            daemon.call(QStringLiteral("ResolveHostName"),
-                        {AvahiBus::Any, AvahiBus::Any, hostName, protocol, AvahiBus::NoFlags},
-                        std::chrono::duration_cast<std::chrono::milliseconds>(half));
+        const QDBusMessage reply = daemon.call(
+            QStringLiteral("ResolveHostName"),
+            {AvahiBus::Any, AvahiBus::Any, hostName, protocol, AvahiBus::NoFlags}, half);
         if (!isAbsence(reply)) {
-            return noService(hostName, reply);
+            return noService(hostName, reply.errorName());
         }
         if (const QString address = addressIn(reply); !address.isEmpty()) {
             return address;

@@ -25,9 +25,9 @@ enum class ErrorCode {
 /// Returns an address of `hostName` as text: an IPv4 address if there is one, otherwise an IPv6
 /// address, with its interface ("%" and a number) if it is link-local. Uses the daemon because the
 /// resolvers of many systems do not know these names. `hostName` should be one for which isLocal()
-/// returns true. Blocks for at most `timeout` after it has connected to the system bus: first for
-/// the daemon, then half of what is left for each family of addresses. Cannot be cancelled. The
-/// answer is not authenticated: any computer of the network can send it. Thread-safe.
+/// returns true. Blocks for at most `timeout`: first for the system bus and the daemon, then half
+/// of what is left for each family of addresses. Cannot be cancelled. The answer is not
+/// authenticated: any computer of the network can send it. Thread-safe.
 PLATFORM_EXPORT Expected<QString> address(const QString &hostName,
                                           std::chrono::milliseconds timeout);
 
