@@ -22,6 +22,9 @@ constexpr std::chrono::seconds LongestLookUp(20);
 /// Leaves time for the system.
 constexpr std::chrono::seconds LongestLocalLookUp(10);
 
+/// How many look-ups are running in the process.
+std::atomic_int running = 0;
+
 /// Shared by the thread that looks up and the one that waits for it.
 struct LookUp {
     std::mutex mutex;
@@ -64,7 +67,6 @@ Expected<Addresses> lookUp(const QString &host, quint16 port) {
 
 /// Starts a look-up on a thread of its own. Null if too many are running.
 std::shared_ptr<LookUp> start(const QString &host, quint16 port) {
-    static std::atomic_int running = 0;
     if (++running > HostLookUp::MostLookUps) {
         --running;
         return nullptr;
@@ -73,14 +75,18 @@ std::shared_ptr<LookUp> start(const QString &host, quint16 port) {
     std::thread([started, host, port] {
         Expected<Addresses> result = lookUp(host, port);
         const std::lock_guard lock(started->mutex);
-        --running;
         started->result = std::move(result);
         started->ended.notify_all();
+        --running;
     }).detach();
     return started;
 }
 
 }  // namespace
+
+bool HostLookUp::isAnyRunning() {
+    return running > 0;
+}
 
 Expected<Addresses> HostLookUp::addresses(const QString &host, quint16 port,
                                           const EngineFuture &future) {

@@ -24,5 +24,8 @@ inline constexpr int MostLookUps = 64;
 /// ends. Fails with the code StoreUnreachable if there are no addresses or no result in time, or if
 /// too many look-ups are running; with Cancelled.
 Expected<Addresses> addresses(const QString &host, quint16 port, const EngineFuture &future);
+/// Returns whether a look-up of any caller is still running. It may use static objects, so the
+/// process must then end by std::_Exit(), which does not destroy these.
+bool isAnyRunning();
 
 }  // namespace HostLookUp

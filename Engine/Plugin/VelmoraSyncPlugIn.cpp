@@ -1,5 +1,6 @@
 #include "Engine/Plugin/VelmoraSyncPlugIn.h"
 
+#include "Engine/DirectConnection/HostLookUp.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/WorkerThreads.h"
 #include "Engine/Profile/ProfileRecovery.h"
@@ -74,7 +75,7 @@ void VelmoraSyncPlugIn::pauseUntil(const QDateTime &end) {
 bool VelmoraSyncPlugIn::closeProfile() {
     m_classes.reset();
     m_engine.reset();
-    return !WorkerThreads::isAbandonedWorkRunning();
+    return !WorkerThreads::isAbandonedWorkRunning() && !HostLookUp::isAnyRunning();
 }
 
 NoteLibrary *VelmoraSyncPlugIn::library() const {
