@@ -6,6 +6,8 @@
 #include <QtDBus/QDBusPendingCall>
 #include <QtGui/QGuiApplication>
 
+#include "Platform/Interface/PlainText.h"
+
 void DesktopNotifier::show(const QString &title, const QString &text) {
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.Notifications"),
@@ -15,6 +17,6 @@ void DesktopNotifier::show(const QString &title, const QString &text) {
     constexpr int usualTime = -1;
     // The service reads markup in the text, but not in the title.
     call << QGuiApplication::applicationDisplayName() << newMessage << QString() << title
-         << text.toHtmlEscaped() << QStringList() << QVariantMap() << usualTime;
+         << PlainText::message(text).toHtmlEscaped() << QStringList() << QVariantMap() << usualTime;
     QDBusConnection::sessionBus().asyncCall(call);
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "Platform/Interface/MessageBox.h"
+#include "Platform/Interface/PlainText.h"
 
 bool ErrorBoxes::show(const Error &error, QWidget *parent) {
     const auto last = std::find_if(m_shown.begin(), m_shown.end(),
@@ -46,7 +47,7 @@ void ErrorBoxes::addDetails(QMessageBox *box, const Error &error) {
     if (!error.domain.isEmpty()) {
         lines.append(tr("Error %1 of %2").arg(error.code).arg(error.domain));
     }
-    box->setDetailedText(lines.join(u'\n'));
+    box->setDetailedText(PlainText::page(lines.join(u'\n')));
 }
 
 void ErrorBoxes::addButtons(QMessageBox *box, const Error &error) {

@@ -12,6 +12,7 @@
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QTreeWidget>
+#include <algorithm>
 
 #include "Application/PresentIfFailed.h"
 #include "Application/WindowSize.h"
@@ -24,7 +25,8 @@ namespace {
 constexpr int MostDays = 3650;
 constexpr int MostMegabytes = 100000;
 
-QTreeWidgetItem *rowWith(const QStringList &texts) {
+QTreeWidgetItem *rowWith(QStringList texts) {
+    std::transform(texts.begin(), texts.end(), texts.begin(), &PlainText::message);
     auto *row = new QTreeWidgetItem(texts);
     row->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren);
     for (int column = 0; column < texts.size(); ++column) {
@@ -152,7 +154,8 @@ void HistoryDialog::showVersions() {
     if (m_versions.isEmpty()) {
         m_explanation->setText(
             isOfNote() ? tr("No earlier versions of this note are kept.")
-                       : tr("No deleted notes of “%1” are kept.").arg(m_database->name()));
+                       : PlainText::message(
+                             tr("No deleted notes of “%1” are kept.").arg(m_database->name())));
     } else {
         m_explanation->setText(isOfNote()
                                    ? tr("A restored version replaces the note, whose present text "

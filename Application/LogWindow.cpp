@@ -82,6 +82,7 @@ QHBoxLayout *LogWindow::makeControls() {
         auto *label = new QLabel(title);
         label->setBuddy(choice);
         choice->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        choice->setMaximumWidth(2 * NameWidth * fontMetrics().averageCharWidth());
         controls->addWidget(label);
         controls->addWidget(choice);
     };

@@ -30,14 +30,17 @@
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
 #include "Platform/Interface/MessageBox.h"
+#include "Platform/Interface/PlainText.h"
 
 namespace {
 
 const QString ApplicationName = QStringLiteral("Velmora");
 
 QString shownName(const NoteDatabase &database) {
-    QString name =
-        database.isOpen() ? database.name() : MainWindow::tr("%1 (closed)").arg(database.name());
+    QString name = PlainText::message(database.name());
+    if (!database.isOpen()) {
+        name = MainWindow::tr("%1 (closed)").arg(name);
+    }
     const Expected<qint64> conflicts = database.countOfConflicts();
     if (!conflicts) {
         // NotesView presents that notes cannot be read.

@@ -322,7 +322,7 @@ void NotesView::saveFailed(const Error &error) {
 }
 
 void NotesView::setNotice(const QString &text) {
-    m_notice->setText(text);
+    m_notice->setText(PlainText::message(text));
     m_notice->setVisible(!text.isEmpty());
 }
 

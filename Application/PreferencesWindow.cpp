@@ -11,6 +11,7 @@
 #include "Host/QVLocationEditing.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/Mnemonics.h"
+#include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Platform/Interface/TextLabel.h"
 
@@ -66,8 +67,9 @@ void PreferencesWindow::showRemovals(
 }
 
 void PreferencesWindow::updateRemovals() {
-    m_removalLabel->setText(tr("“%1” was removed. Its ticks and schedules can be restored with it.")
-                                .arg(m_removals->title()));
+    m_removalLabel->setText(
+        PlainText::message(tr("“%1” was removed. Its ticks and schedules can be restored with it.")
+                               .arg(m_removals->title())));
     const bool isVisible = !m_removalBar->isHidden();
     if (isVisible == !m_removals->isEmpty()) {
         return;

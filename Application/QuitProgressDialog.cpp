@@ -68,7 +68,8 @@ void QuitProgressDialog::showProgress() {
     const QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
     const QVSyncProgress progress = QVSyncProgress::of(dispatcher);
     const QString activity = dispatcher->activity();
-    m_label->setText(activity.isEmpty() ? tr("Synchronizing before quitting…") : activity);
+    m_label->setText(activity.isEmpty() ? tr("Synchronizing before quitting…")
+                                        : PlainText::message(activity));
     m_bar->setMaximum(progress.total == 0 ? 0 : FullBar);
     m_bar->setValue(
         progress.total == 0 ? 0 : static_cast<int>(progress.done * FullBar / progress.total));

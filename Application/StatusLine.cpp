@@ -5,6 +5,7 @@
 #include <QtWidgets/QPushButton>
 
 #include "Application/SynchronizationMonitor.h"
+#include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/TextLabel.h"
 
 namespace {
@@ -49,7 +50,7 @@ void StatusLine::showStatus() {
     m_bar->setMaximum(progress.total == 0 ? 0 : BarMaximum);
     m_bar->setValue(
         progress.total == 0 ? 0 : static_cast<int>(progress.done * BarMaximum / progress.total));
-    m_label->setText(m_monitor->text());
+    m_label->setText(PlainText::message(m_monitor->text()));
     m_stopButton->setVisible(m_monitor->isStoppable());
     m_detailsButton->setVisible(!m_monitor->isRunning() && m_monitor->summary().failure());
 }

@@ -6,6 +6,7 @@
 #include <QtWidgets/QStyle>
 
 #include "Application/SynchronizationMonitor.h"
+#include "Platform/Interface/PlainText.h"
 
 namespace {
 
@@ -51,7 +52,9 @@ void TrayIcon::setPaused(bool isPaused) {
 }
 
 void TrayIcon::showState() {
-    const QString state = m_isPaused && !m_monitor->isRunning() ? tr("Paused") : m_monitor->text();
+    const QString state = m_isPaused && !m_monitor->isRunning()
+                              ? tr("Paused")
+                              : PlainText::message(m_monitor->text());
     // Names may contain the mark of a shortcut.
     m_stateAction->setText(QString(state).replace(u'&', QStringLiteral("&&")));
     m_icon.setToolTip(state.toHtmlEscaped());

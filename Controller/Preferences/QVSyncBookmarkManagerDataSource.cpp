@@ -26,7 +26,7 @@ QWidget *makeBookmarkCell(TableView &tableView, const QString &identifier, QObje
     requiredChild<QLabel>(*view, QStringLiteral("imageView"))
         .setPixmap(row.value(QStringLiteral("image")).value<QPixmap>());
     auto &textField = requiredChild<QLabel>(*view, QStringLiteral("textField"));
-    textField.setText(row.value(QStringLiteral("name")).toString());
+    textField.setText(PlainText::message(row.value(QStringLiteral("name")).toString()));
     view->setAccessibleName(textField.text());
     // A name that is cut short would show itself.
     const QString toolTip = PlainText::toolTip(pathOf(row));

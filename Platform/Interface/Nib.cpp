@@ -18,11 +18,41 @@
 #include "Platform/Interface/Control.h"
 #include "Platform/Interface/MessageBox.h"
 #include "Platform/Interface/NibConnections.h"
+#include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/TableView.h"
 #include "Platform/Interface/TableViewDelegate.h"
 #include "Platform/KeyValue/KeyValue.h"
+#include "Platform/KeyValue/ValueTransformer.h"
 
 namespace {
+
+/// Converts a text to the part of it that widgets show.
+class ShownText : public ValueTransformer {
+public:
+    /// Returns its name as a transformer.
+    static QString name() {
+        static const QString name = [] {
+            QString registered = QStringLiteral("ShownText");
+            setTransformerForName(std::make_unique<ShownText>(), registered);
+            return registered;
+        }();
+        return name;
+    }
+
+    QMetaType transformedValueClass() const override { return QMetaType::fromType<QString>(); }
+    QVariant transformedValue(const QVariant &value) const override {
+        return value.metaType() == transformedValueClass() ? PlainText::message(value.toString())
+                                                           : value;
+    }
+};
+
+/// Returns whether a widget only shows the text of `binding`, whose target is `key` of `target`.
+bool showsText(const QObject *target, const QByteArray &key, const NibBinding &binding) {
+    const QMetaObject *meta = target->metaObject();
+    return target->isWidgetType() && binding.direction == KeyValue::Direction::FromModel &&
+           meta->property(meta->indexOfProperty(key.constData())).metaType() ==
+               QMetaType::fromType<QString>();
+}
 
 QHash<QString, Nib::Form> &forms() {
     static QHash<QString, Nib::Form> all;
@@ -268,9 +298,11 @@ private:
             key = key.mid(point + 1);
         }
         QVariantMap options;
-        if (!binding.transformer.isEmpty()) {
-            options.insert(QLatin1StringView(KeyValue::valueTransformerNameOption),
-                           binding.transformer);
+        const QString transformer = binding.transformer.isEmpty() && showsText(target, key, binding)
+                                        ? ShownText::name()
+                                        : binding.transformer;
+        if (!transformer.isEmpty()) {
+            options.insert(QLatin1StringView(KeyValue::valueTransformerNameOption), transformer);
         }
         QObject *observed = object(binding.path.object);
         if (auto *view = dynamic_cast<BindableView *>(target)) {

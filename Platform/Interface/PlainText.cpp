@@ -19,7 +19,7 @@ bool endsLine(QChar character) {
 }  // namespace
 
 QString PlainText::message(const QString &text) {
-    return shortened(text, LongestMessage);
+    return text.size() <= LongestMessage ? text : shortened(text, LongestMessage);
 }
 
 QString PlainText::toolTip(const QString &text) {
@@ -50,8 +50,10 @@ QString PlainText::page(const QString &text) {
 }
 
 QLabel *PlainText::label(const QString &text) {
-    auto *label = new QLabel(text);
+    auto *label = new QLabel(message(text));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    // A word of any length must not make the window wider.
+    label->setMinimumWidth(1);
     return label;
 }

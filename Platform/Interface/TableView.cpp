@@ -5,6 +5,7 @@
 #include <QtWidgets/QHeaderView>
 
 #include "Platform/Interface/Nib.h"
+#include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/TableViewDelegate.h"
 #include "Platform/KeyValue/ValueTransformer.h"
 
@@ -41,7 +42,7 @@ void TableView::setContent(const QVariantList &content) {
     setRowCount(static_cast<int>(content.size()));
     for (int row = 0; row < rowCount(); ++row) {
         const QVariant &object = content.at(row);
-        auto *item = new QTableWidgetItem(iconOf(object), textOf(object));
+        auto *item = new QTableWidgetItem(iconOf(object), PlainText::message(textOf(object)));
         showCheck(item, object);
         setItem(row, 0, item);
     }

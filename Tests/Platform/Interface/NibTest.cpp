@@ -11,6 +11,7 @@
 #include "Platform/Interface/CollectionViewItem.h"
 #include "Platform/Interface/ContextMenu.h"
 #include "Platform/Interface/Control.h"
+#include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/TableView.h"
 #include "Platform/Interface/TableViewDelegate.h"
 #include "Platform/KeyValue/ArrayController.h"
@@ -171,6 +172,26 @@ private Q_SLOTS:
         owner.m_text = QStringLiteral("second");
         Q_EMIT owner.textChanged();
         QCOMPARE(button->text(), QStringLiteral("second"));
+    }
+
+    void ofAHugeTextAPartIsShown() {
+        Owner owner;
+        owner.m_text = QString(PlainText::LongestMessage + 2, u'x');
+        const QString name = uniqueName();
+        Nib::registerForm(name, [] {
+            auto *form = new QWidget;
+            addPart<QLabel>(form, "label",
+                            {QStringLiteral("text <- owner.text"),
+                             QStringLiteral("accessibleName <- owner.text")});
+            addPart<QLineEdit>(form, "field", {QStringLiteral("text <-> owner.text")});
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        const auto *label = form->findChild<QLabel *>();
+        QCOMPARE(label->text(), PlainText::message(owner.m_text));
+        QCOMPARE(label->accessibleName(), label->text());
+        // What is written back must be complete.
+        QCOMPARE(form->findChild<QLineEdit *>()->text(), owner.m_text);
     }
 
     void aOneWayBindingWritesNothingBack() {
