@@ -15,7 +15,10 @@
 #include "Host/QVSyncStore.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Interface/SheetWindow.h"
+#include "Platform/Interface/TableView.h"
 #include "Support/FreePort.h"
+#include "Support/HostShortcuts.h"
+#include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -56,7 +59,7 @@ public:
             &Lifetime::addLocation,    &Lifetime::addLocation,    &Lifetime::addServedLocation,
             &Lifetime::removeLocation, &Lifetime::synchronize,    &Lifetime::synchronize,
             &Lifetime::edit,           &Lifetime::accessStore,    &Lifetime::accessStore,
-            &Lifetime::cancelLate,     &Lifetime::callFromThread};
+            &Lifetime::cancelLate,     &Lifetime::callFromThread, &Lifetime::import};
         const int count = 5 + below(25);
         for (int i = 0; i < count; ++i) {
             (this->*actions[below(actions.size())])();
@@ -65,6 +68,9 @@ public:
             }
         }
     }
+
+    /// How many imports were begun from the sheet.
+    int imports() const { return m_imports; }
 
 private:
     int below(qsizetype limit) { return m_random.bounded(static_cast<int>(limit)); }
@@ -161,6 +167,55 @@ private:
         const auto sheets = parts<SheetWindow>();
         if (SheetWindow *sheet = sheets.value(below(sheets.size() + 1))) {
             sheet->reject();
+        }
+    }
+
+    /// Presses the button of that name, if a user could do so.
+    bool press(const char *name) const {
+        for (QPushButton *button : parts<QPushButton>()) {
+            if (button->objectName() == QLatin1StringView(name)) {
+                button->click();
+                return true;
+            }
+        }
+        return false;
+    }
+    TableView *table(const char *name) const {
+        const auto tables = parts<TableView>();
+        const auto found = std::find_if(tables.begin(), tables.end(), [&](const TableView *each) {
+            return each->objectName() == QLatin1StringView(name);
+        });
+        return found == tables.end() ? nullptr : *found;
+    }
+    /// Imports a database of another computer from a folder, or leaves the sheet before the end.
+    void import() {
+        const auto location = anyLocation();
+        const QString folder = location ? location->URL().path() : QString();
+        if (!m_pane || !m_isShown || !QFileInfo(folder + QStringLiteral("/databases")).isDir()) {
+            return;
+        }
+        putDatabaseRecord(location,
+                          QStringLiteral("%1-1111-4222-8333-444444444444")
+                              .arg(m_random.generate(), 8, 16, QLatin1Char('0')),
+                          QStringLiteral("Elsewhere"));
+        m_leaving.stop();
+        m_pane->showImportDatabasesSheet(nullptr);
+        if (TableView *locations = table("locationsTable"); locations && below(5) != 0) {
+            const qsizetype row = m_host.locations().indexOfObjectInSyncLocations(location);
+            locations->setSelectionIndexes({row});
+            if (press("continueButton") && below(5) != 0) {
+                importFirst();
+            }
+        }
+        m_leaving.start();
+    }
+    /// Chooses the first database that the sheet lists.
+    void importFirst() {
+        const QPointer<TableView> databases = table("databasesTable");
+        const auto isListed = [&] { return !databases || databases->rowCount() > 0; };
+        if (QTest::qWaitFor(isListed, Patience) && databases) {
+            databases->setSelectionIndexes({0});
+            m_imports += press("actionButton") ? 1 : 0;
         }
     }
 
@@ -299,6 +354,7 @@ private:
     QList<std::shared_ptr<PZFuture>> m_futures;
     std::unique_ptr<QVSyncPreferences> m_pane;
     bool m_isShown = false;
+    int m_imports = 0;
 };
 
 }  // namespace
@@ -307,6 +363,10 @@ private:
 /// VELMORA_LIFETIMES the number of lives; each has the seed that its row names.
 class RandomLifetimesTest : public QObject {
     Q_OBJECT
+
+    int m_lives = 0;
+    int m_imports = 0;
+
 private Q_SLOTS:
     void initTestCase() {
         registerSyncPreferencesInterface();
@@ -331,13 +391,20 @@ private Q_SLOTS:
 
     void everyLifeEndsCleanly() {
         QFETCH(const quint32, seed);
-        Lifetime(seed).live();
+        {
+            Lifetime lifetime(seed);
+            lifetime.live();
+            ++m_lives;
+            m_imports += lifetime.imports();
+        }
         // What threads have queued may run after the end.
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!QVSyncPreferences::preferences());
         QVERIFY(QApplication::topLevelWidgets().isEmpty());
     }
+
+    void cleanupTestCase() { QVERIFY(m_lives < 100 || m_imports > 0); }
 };
 
 VELMORA_TEST(RandomLifetimesTest)
