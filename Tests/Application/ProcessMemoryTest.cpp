@@ -9,23 +9,28 @@
 #include <QtCore/QSettings>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
-#include <algorithm>
+#include <csignal>
 #include <functional>
 #include <memory>
 
 #include "Engine/DirectConnection/DirectConnection.h"
+#include "Engine/DirectConnection/DirectConnectionClients.h"
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
+#include "Engine/DirectConnection/DirectConnectionLink.h"
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/DirectConnection/DirectConnectionPairing.h"
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
+#include "Host/DefaultsKeys.h"
 #include "Host/InboxUUID.h"
 #include "Platform/Security/SecretStore.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 #include "Support/DirectConnectionPeer.h"
 #include "Support/DropboxTestCase.h"
+#include "Support/FreePort.h"
 #include "Support/Patience.h"
+#include "Support/ProgramMemory.h"
 #include "Support/SecretService.h"
 #include "Support/TestApplication.h"
 #include "Support/TestHost.h"
@@ -35,50 +40,6 @@
 namespace {
 
 const QString NoteTitle = QStringLiteral("Title that may be in memory");
-
-QByteArray inUtf16(const QString &text) {
-    return {reinterpret_cast<const char *>(text.utf16()), text.size() * 2};
-}
-
-/// The contents of all writable mappings of a process that a core file would hold.
-QByteArray memoryOf(qint64 process) {
-    const QString folder = QStringLiteral("/proc/%1/").arg(process);
-    QFile mappings(folder + QStringLiteral("smaps"));
-    QFile memory(folder + QStringLiteral("mem"));
-    if (!mappings.open(QIODevice::ReadOnly) ||
-        !memory.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        return {};
-    }
-    QByteArray contents;
-    qint64 start = 0;
-    qint64 size = 0;
-    for (const QByteArray &line : mappings.readAll().split('\n')) {
-        const QByteArrayList words = line.simplified().split(' ');
-        const QByteArrayList range = words.first().split('-');
-        if (range.size() == 2 && words.size() > 1) {
-            start = range[0].toLongLong(nullptr, 16);
-            size = words[1].startsWith("rw") ? range[1].toLongLong(nullptr, 16) - start : 0;
-        } else if (words.first() == "VmFlags:" && size > 0 && !words.contains("dd") &&
-                   size < (qint64(1) << 30) && memory.seek(start)) {
-            contents += memory.read(size);
-        }
-    }
-    return contents;
-}
-
-/// Whether one of the secrets is in `memory`, in one of the usual encodings.
-bool containsAny(const QByteArray &memory, const QStringList &secrets) {
-    return std::any_of(secrets.begin(), secrets.end(), [&memory](const QString &secret) {
-        const QByteArray bytes = secret.toUtf8();
-        return memory.contains(bytes) || memory.contains(inUtf16(secret)) ||
-               memory.contains(bytes.toBase64());
-    });
-}
-
-/// Whether a text that is not secret is in `memory`, so that looking for secrets means something.
-bool containsText(const QByteArray &memory, const QString &text) {
-    return memory.contains(text.toUtf8()) || memory.contains(inUtf16(text));
-}
 
 /// Gives secrets to the name of the program, as long as it exists.
 class NameOfProgram {
@@ -95,7 +56,7 @@ private:
 }  // namespace
 
 /// Looks for the password of a WebDAV location, the tokens of Dropbox and the secret of a pairing
-/// in the memory of the program itself, after it has synchronized.
+/// in the memory of the program itself, after it has synchronized or served.
 class ProcessMemoryTest : public QObject {
     Q_OBJECT
 
@@ -159,6 +120,42 @@ class ProcessMemoryTest : public QObject {
         QVERIFY(SecretStore::shared().finishWriting());
     }
 
+    /// Stores that a client of this name may connect, as the program does.
+    static void storeClient(const QString &client, const SecretBytes &secret) {
+        {
+            const NameOfProgram name;
+            DirectConnectionClients::authorize(client, secret);
+        }
+        QVERIFY(SecretStore::shared().finishWriting());
+    }
+    /// Stores that the program serves on `port`, as its sheet does.
+    void serve(quint16 port) const {
+        QSettings settings(settingsFile(), QSettings::NativeFormat);
+        settings.setValue(DefaultsKeys::DirectConnectionServerPortNumber, port);
+        settings.setValue(DefaultsKeys::DirectConnectionServerEnabled, true);
+    }
+    /// Returns whether the server on `port` has let the client in and listed a folder.
+    static bool isServed(quint16 port, const QString &client, const SecretBytes &secret) {
+        using namespace DirectConnectionMessage;
+        const EngineFuture future;
+        DirectConnectionLink link;
+        if (!link.connect(QStringLiteral("127.0.0.1"), port, future)) {
+            return false;
+        }
+        QCborMap greeting = ofType(Hello);
+        greeting[Name] = client;
+        greeting[Secret] = secret.toByteArray();
+        QCborMap list = ofType(List);
+        list[Folder] = QStringLiteral("databases");
+        const DirectConnectionLink::Timeouts timeouts{.idle = std::chrono::minutes(1)};
+        const auto welcome = link.exchange(greeting, Limit, timeouts, future);
+        if (!welcome || welcome->values[Type].toString() != Welcome) {
+            return false;
+        }
+        const auto names = link.exchange(list, Limit, timeouts, future);
+        return names && names->values[Type].toString() == Done;
+    }
+
     QString settingsFile() const {
         return m_folder->filePath(QStringLiteral("config/Velmora/Velmora.conf"));
     }
@@ -198,6 +195,10 @@ class ProcessMemoryTest : public QObject {
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeFolder());
         auto process = std::make_unique<QProcess>();
         process->setProcessEnvironment(environment);
+        process->setChildProcessModifier([] {
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
+            ProgramMemory::dropPrivileges();
+        });
         process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
         process->start(QStringLiteral(VELMORA), {QStringLiteral("--profile"), profile()});
         return process;
@@ -242,6 +243,12 @@ private Q_SLOTS:
     }
 
     void theProgramIsProtected() {
+        // The leak check of a sanitizer needs what the program refuses to others.
+#ifdef VELMORA_IS_SANITIZED
+        constexpr bool isSanitized = true;
+#else
+        constexpr bool isSanitized = false;
+#endif
         writeProfile(QStringLiteral("file:///nowhere"));
         const auto process = start();
         const auto hasEnded = [&] { return isRecorded(QStringLiteral("result_date > 0")); };
@@ -250,6 +257,7 @@ private Q_SLOTS:
         QVERIFY(limits.open(QIODevice::ReadOnly));
         const QString text = QString::fromLatin1(limits.readAll()).simplified();
         QVERIFY2(text.contains(QStringLiteral("Max core file size 0 0 bytes")), qPrintable(text));
+        QCOMPARE(ProgramMemory::isOpenToOthers(process->processId()), isSanitized);
         process->terminate();
         QVERIFY(process->waitForFinished(Patience));
     }
@@ -270,10 +278,10 @@ private Q_SLOTS:
         const auto process = start();
         QTRY_VERIFY_WITH_TIMEOUT(isSynchronized(), Patience);
 
-        const QByteArray memory = memoryOf(process->processId());
-        QVERIFY(containsText(memory, NoteTitle));
+        const ProgramMemory memory(process->processId());
+        QVERIFY(memory.containsAny({NoteTitle}));
         const QString login = WebDAVServer::User + u':' + WebDAVServer::Password;
-        QVERIFY(!containsAny(memory, {WebDAVServer::Password, login}));
+        QVERIFY(!memory.containsAny({WebDAVServer::Password, login}));
         process->terminate();
         QVERIFY(process->waitForFinished(Patience));
     }
@@ -289,12 +297,12 @@ private Q_SLOTS:
         const auto process = start();
         QTRY_VERIFY_WITH_TIMEOUT(isSynchronized(), Patience);
 
-        const QByteArray memory = memoryOf(process->processId());
-        QVERIFY(containsText(memory, NoteTitle));
+        const ProgramMemory memory(process->processId());
+        QVERIFY(memory.containsAny({NoteTitle}));
         // A verifier, a code, two tokens, and at least a new one of them.
         const QStringList secrets = server.secrets();
         QVERIFY(secrets.size() >= 5);
-        QVERIFY(!containsAny(memory, secrets));
+        QVERIFY(!memory.containsAny(secrets));
         process->terminate();
         QVERIFY(process->waitForFinished(Patience));
         QCOMPARE(server.violations(), QStringList());
@@ -318,12 +326,29 @@ private Q_SLOTS:
         const auto process = start();
         QTRY_VERIFY_WITH_TIMEOUT(isRefused(), Patience);
 
-        const QByteArray memory = memoryOf(process->processId());
-        QVERIFY(containsText(memory, address));
-        const QByteArray bytes = secret.toByteArray();
-        QVERIFY(!memory.contains(bytes));
-        QVERIFY(!memory.contains(bytes.toBase64()));
-        QVERIFY(!containsAny(memory, {QString::fromLatin1(bytes.toHex())}));
+        const ProgramMemory memory(process->processId());
+        QVERIFY(memory.containsAny({address}));
+        QVERIFY(!memory.contains(secret.toByteArray()));
+        process->terminate();
+        QVERIFY(process->waitForFinished(Patience));
+    }
+
+    void theSecretOfAClientDoesNotStayInTheMemoryOfTheServer() {
+        const QString client = QStringLiteral("kim at writing-desk");
+        const SecretBytes secret = DirectConnectionPairing::random();
+        const quint16 port = freePort();
+        writeProfile(QStringLiteral("file:///nowhere"));
+        storeClient(client, secret);
+        serve(port);
+        const auto process = start();
+        QTRY_VERIFY_WITH_TIMEOUT(isServed(port, client, secret), Patience);
+
+        // Once it has noticed that the client has left.
+        const auto isForgotten = [&] {
+            const ProgramMemory memory(process->processId());
+            return memory.containsAny({NoteTitle}) && !memory.contains(secret.toByteArray());
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isForgotten(), Patience);
         process->terminate();
         QVERIFY(process->waitForFinished(Patience));
     }

@@ -25,6 +25,8 @@ public:
 
     /// Starts the process.
     void start();
+    /// The ID of the process that was started.
+    qint64 processId() const { return m_process.processId(); }
     /// Blocks until both windows are shown and the main window has the keyboard.
     void awaitWindows();
     QString mainWindow() const { return m_mainWindow; }

@@ -1,0 +1,85 @@
+#include <atomic>
+
+#include "Support/Patience.h"
+#include "Support/ProgramMemory.h"
+#include "Support/ScriptedServer.h"
+#include "Support/SecretService.h"
+#include "Support/ShownProgram.h"
+#include "Support/TestMain.h"
+
+/// Looks for a password in the memory of the program, after the user has typed it into the sheet of
+/// a WebDAV location and the location was checked with it.
+class TypedPasswordTest : public QObject {
+    Q_OBJECT
+
+    static inline const QString User = QStringLiteral("ida");
+    static inline const QString Password = QStringLiteral("correct-horse-7319");
+
+    /// Fills in the sheet by keyboard, from its first field on.
+    static void fillIn(const VirtualDisplay &display, quint16 port) {
+        const QStringList next{QStringLiteral("Tab")};
+        display.type(QStringLiteral("localhost"));
+        // HTTPS is not ticked.
+        display.press(next + next);
+        display.type(QString::number(port));
+        display.press(next);
+        display.type(User);
+        display.press(next);
+        display.type(Password);
+        display.press(next + next);
+        display.type(QStringLiteral("Shared"));
+    }
+
+private Q_SLOTS:
+    void aTypedPasswordDoesNotStayInMemory() {
+        const QByteArray login = (User + u':' + Password).toUtf8().toBase64();
+        std::atomic_bool wasUsed = false;
+        const ScriptedServer server(
+            [&](ScriptedServer::Connection &connection) {
+                for (QByteArray request = connection.readRequest(); !request.isEmpty();
+                     request = connection.readRequest()) {
+                    if (request.contains("Authorization: Basic " + login)) {
+                        wasUsed = true;
+                        connection.answer("403 Forbidden");
+                    } else {
+                        connection.answer(
+                            "401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"x\"");
+                    }
+                }
+            },
+            ScriptedServer::Order::AllAtOnce);
+        const SecretService secrets;
+        const VirtualDisplay display;
+        ShownProgram program(QStringLiteral(VELMORA), display);
+        program.start();
+        program.awaitWindows();
+        display.focus(program.preferencesWindow());
+        // In the menu "Add", the third entry.
+        const QString down = QStringLiteral("Down");
+        display.press({QStringLiteral("alt+a"), down, down, down, QStringLiteral("Return")});
+        QString sheet;
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !(sheet = display.window(QStringLiteral("^WebDAV Location$"))).isEmpty(), Patience);
+        display.focus(sheet);
+        fillIn(display, server.port());
+        const auto isPasswordInMemory = [&] {
+            return ProgramMemory(program.processId())
+                .containsAny({Password, User + u':' + Password});
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isPasswordInMemory(), Patience);
+        display.press({QStringLiteral("Return")});
+        QTRY_VERIFY_WITH_TIMEOUT(wasUsed, Patience);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            secrets.count({{QStringLiteral("user"), User}}) == 2 && !isPasswordInMemory(),
+            Patience);
+    }
+};
+
+VELMORA_TEST_PROGRAM(TypedPasswordTest)(int argumentCount, char **arguments) {
+    VirtualDisplay::require();
+    prepareTestProcess();
+    const QApplication application(argumentCount, arguments);
+    TypedPasswordTest test;
+    return QTest::qExec(&test, argumentCount, arguments);
+}
+#include "TypedPasswordTest.moc"
