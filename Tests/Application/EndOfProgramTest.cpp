@@ -1,5 +1,7 @@
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
+#include <QtNetwork/QLocalServer>
+#include <QtNetwork/QLocalSocket>
 #include <QtNetwork/QTcpServer>
 #include <QtNetwork/QTcpSocket>
 #include <atomic>
@@ -258,6 +260,24 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitFor([&] { return discovery.wasAsked() && passwords.wasAsked(); },
                                 Patience));
         this->end(end, program, session);
+    }
+
+    void aSilentSystemBusDelaysNoEnd() {
+        // It accepts connections, but never responds.
+        const QTemporaryDir folder;
+        QLocalServer bus;
+        QVERIFY(bus.listen(folder.filePath(QStringLiteral("bus"))));
+        SessionManager session;
+        ShownProgram program(QStringLiteral(VELMORA), m_display);
+        program.setVariable(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
+                            QStringLiteral("unix:path=") + bus.fullServerName());
+        makeProfile(program.profile(),
+                    DirectConnection::URLScheme + QStringLiteral("://silent.local"));
+        program.start();
+        program.awaitWindows();
+        // The location is to be looked up.
+        QVERIFY(QTest::qWaitFor([&] { return bus.hasPendingConnections(); }, Patience));
+        end(Signal, program, session);
     }
 };
 
