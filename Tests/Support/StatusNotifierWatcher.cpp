@@ -3,9 +3,11 @@
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCall>
 #include <QtDBus/QDBusVariant>
 #include <stdexcept>
 
+#include "Support/AwaitReply.h"
 #include "Support/Patience.h"
 
 namespace {
@@ -18,7 +20,7 @@ QDBusMessage callMenu(const QString &service, const QString &method,
                       const QVariantList &arguments) {
     QDBusMessage call = QDBusMessage::createMethodCall(service, MenuPath, MenuInterface, method);
     call.setArguments(arguments);
-    return QDBusConnection(WatcherConnection).call(call, QDBus::BlockWithGui, Patience);
+    return awaitReply(QDBusConnection(WatcherConnection).asyncCall(call, Patience));
 }
 
 /// Appends the visible entries of a menu, which has the type (ia{sv}av).
