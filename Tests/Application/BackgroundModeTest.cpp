@@ -1,4 +1,7 @@
+#include <QtCore/QRegularExpression>
+
 #include "Engine/DirectConnection/DirectConnection.h"
+#include "Support/AccessibleScreen.h"
 #include "Support/AskedPerson.h"
 #include "Support/FreePort.h"
 #include "Support/NotificationService.h"
@@ -48,6 +51,10 @@ private:
             {state});
         QTRY_VERIFY_WITH_TIMEOUT(state->lastSynced().isValid(), Patience);
     }
+    QByteArray settings() const {
+        QFile settings(home() + QStringLiteral("/.config/Velmora/Velmora.conf"));
+        return settings.open(QIODevice::ReadOnly) ? settings.readAll() : QByteArray();
+    }
     void start() const {
         m_program->start();
         m_program->awaitWindows();
@@ -75,6 +82,8 @@ private Q_SLOTS:
         m_notifications = std::make_unique<NotificationService>(m_desktop.busAddress());
         m_program = std::make_unique<ShownProgram>(QStringLiteral(VELMORA), m_display);
         m_program->setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_desktop.busAddress());
+        m_program->setVariable(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"),
+                               QStringLiteral("1"));
     }
     void cleanup() {
         m_program.reset();
@@ -86,9 +95,7 @@ private Q_SLOTS:
         start();
         m_display.press({QStringLiteral("alt+t"), QStringLiteral("b")});
         QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
-        QFile settings(home() + QStringLiteral("/.config/Velmora/Velmora.conf"));
-        QVERIFY(settings.open(QIODevice::ReadOnly));
-        QVERIFY(settings.readAll().contains("QVKeepSynchronizingInBackground=true"));
+        QVERIFY(settings().contains("QVKeepSynchronizingInBackground=true"));
     }
 
     void theIconsMenuControlsTheSynchronization() {
@@ -129,6 +136,43 @@ private Q_SLOTS:
         const NotificationService::Message message = m_notifications->messages().first();
         QCOMPARE(message.title, QStringLiteral("A synchronization failed"));
         QVERIFY(message.text.contains(store()));
+        // A success ends the failure; the next one is a first one again.
+        for (const char *folder : {"/databases", "/transactions"}) {
+            QVERIFY(QDir().mkpath(store() + QLatin1StringView(folder)));
+        }
+        choose(QStringLiteral("Sync All Now"));
+        QVERIFY(isStateShown(QStringLiteral("All up to date")));
+        QVERIFY(QDir(store()).removeRecursively());
+        choose(QStringLiteral("Sync All Now"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->messages().size(), 2, Patience);
+        m_program->terminate();
+        QVERIFY(m_program->awaitEnd());
+        QCOMPARE(m_notifications->messages().size(), 2);
+    }
+
+    void withoutAPlaceForItsIconItSaysSoAndEnds() {
+        turnOn();
+        m_watcher.reset();
+        const AccessibleScreen screen(m_desktop.busAddress());
+        m_program->start();
+        QVERIFY(screen.awaitText(QStringLiteral("Velmora cannot stay in the background")));
+        QVERIFY(screen.perform(QStringLiteral("Do Not Stay in the Background")));
+        QCOMPARE(screen.awaitNoText(QStringLiteral("Velmora cannot stay in the background")),
+                 QStringList());
+        QTRY_VERIFY(settings().contains("QVKeepSynchronizingInBackground=false"));
+        m_program->terminate();
+        QVERIFY(m_program->awaitEnd());
+    }
+
+    void whenThePanelEndsTheWindowComesBack() {
+        turnOn();
+        const AccessibleScreen screen(m_desktop.busAddress());
+        start();
+        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        closeWindow();
+        m_watcher.reset();
+        QVERIFY(screen.awaitText(QStringLiteral("Velmora cannot stay in the background")));
+        QVERIFY(isShown());
         m_program->terminate();
         QVERIFY(m_program->awaitEnd());
     }
@@ -157,6 +201,7 @@ private Q_SLOTS:
         turnOn(QStringLiteral("QVDirectConnectionServerEnabled=true\n"
                               "QVDirectConnectionServerPortNumber=%1\n")
                    .arg(port));
+        const AccessibleScreen screen(m_desktop.busAddress());
         start();
         QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
         closeWindow();
@@ -173,6 +218,13 @@ private Q_SLOTS:
         QCOMPARE(message.title, QStringLiteral("Velmora asks for a decision"));
         QVERIFY2(message.text.contains(QStringLiteral("synchronize with this computer?")),
                  qPrintable(message.text));
+        // It is shown although the main window is hidden.
+        QVERIFY(screen.awaitText(QStringLiteral("synchronize with this computer?")));
+        const QRegularExpression code(QStringLiteral("^\\d{3}\u00a0\\d{3}$"));
+        QVERIFY(!screen.texts().filter(code).isEmpty());
+        QVERIFY(screen.perform(QStringLiteral("Refuse")));
+        QCOMPARE(screen.awaitNoText(QStringLiteral("synchronize with this computer?")),
+                 QStringList());
         opened->cancel();
         m_program->terminate();
         QVERIFY(m_program->awaitEnd());
@@ -181,6 +233,7 @@ private Q_SLOTS:
 
 VELMORA_TEST_PROGRAM(BackgroundModeTest)(int argumentCount, char **arguments) {
     VirtualDisplay::require();
+    AccessibleScreen::require();
     prepareTestProcess();
     const QApplication application(argumentCount, arguments);
     BackgroundModeTest test;
