@@ -166,9 +166,6 @@ std::optional<WebDAVAddress::Complete> WebDAVAddress::complete(const QString &te
 }
 
 QString WebDAVAddress::problem(const Fields &fields) {
-    if (fields.server.isEmpty() || fields.store.isEmpty()) {
-        return localizedSyncString("Enter a server and a store name.");
-    }
     if (complete(fields.server)) {
         return localizedSyncString(
             "The server field contains a complete address. Click “Fill In the Fields”.");
@@ -177,9 +174,17 @@ QString WebDAVAddress::problem(const Fields &fields) {
         return localizedSyncString(
             "The port is a number from 1 to 65535. Correct it or leave it empty.");
     }
-    const Url URL = WebDAVAddress::URL(fields);
-    if (URL.isNil() || sanitizedHost(fields.server).isEmpty()) {
+    // The server is checked before the store is entered.
+    Fields checked = fields;
+    if (checked.store.isEmpty()) {
+        checked.store = QStringLiteral("store");
+    }
+    const Url URL = WebDAVAddress::URL(checked);
+    if (!fields.server.isEmpty() && (URL.isNil() || sanitizedHost(fields.server).isEmpty())) {
         return problemOfServer(fields.server);
+    }
+    if (fields.server.isEmpty() || fields.store.isEmpty()) {
+        return localizedSyncString("Enter a server and a store name.");
     }
     return URL.path().endsWith(u'.' + SyncStoreLayout::Extension)
                ? QString()

@@ -179,6 +179,8 @@ private Q_SLOTS:
         row("no store", {.server = h}, "Enter a server and a store name.");
         row("a blank", {.server = QStringLiteral("my host"), .store = s},
             "A server name contains no blanks. Remove the blank from “my host”.");
+        row("a blank, no store yet", {.server = QStringLiteral("my host")},
+            "A server name contains no blanks. Remove the blank from “my host”.");
         row("another character", {.server = QStringLiteral("a<b"), .store = s},
             "A server name cannot contain “<”.");
         row("a letter of another alphabet", {.server = QStringLiteral("münchen.de"), .store = s},
