@@ -199,7 +199,9 @@ Expected<QString> ProfileVerification::profileExtent() const {
 }
 
 void ProfileVerification::verifyLocation(EngineSyncLocation &location) {
-    const QString title = EngineLocationFormatter(location.URL(), location.kind()).title();
+    const QString title = EngineLocationFormatter(location.URL(), location.kind(),
+                                                  m_plugin.locationsController()->syncLocations())
+                              .title();
     const QVSyncStates states = location.synchronizationStates();
     for (const auto &state : states) {
         if (state->isEnabled()) {

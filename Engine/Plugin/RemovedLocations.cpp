@@ -84,7 +84,9 @@ std::function<void(const Expected<void> &)> RemovedLocations::finisher(const QSt
             EngineErrorCode::AccessDenied,
             localizedSyncString("The keyring still contains what belongs to the removed location "
                                 "“%1”. Velmora deletes it when it starts again. (%2)")
-                .arg(EngineLocationFormatter(URL, self->m_kinds.kindForURL(URL)).title(),
+                .arg(EngineLocationFormatter(URL, self->m_kinds.kindForURL(URL),
+                                             self->m_locations.syncLocations())
+                         .title(),
                      forgotten.error().localizedFailureReason))));
     };
 }

@@ -154,6 +154,20 @@ private Q_SLOTS:
                  qPrintable(forgotten.output));
     }
 
+    void locationsOfOneNameAreToldApart() {
+        const QString other = m_folder->filePath(QStringLiteral("Home.qvSyncStore"));
+        for (const char *folder : {"/databases", "/transactions"}) {
+            QVERIFY(QDir().mkpath(other + QLatin1StringView(folder)));
+        }
+        executeInProfile(QStringLiteral("INSERT INTO locations (uuid, position, url) VALUES"
+                                        " ('11111111-1111-4111-8111-111111111111', 1, 'file://%1')")
+                             .arg(other));
+        const Run run = verify();
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.output.contains(QStringLiteral("“Projects” at “%1”").arg(store())),
+                 qPrintable(run.output));
+    }
+
     void aTerminalIsNotControlledByNames() {
         for (const char *column : {"databases SET name", "states SET database_name"}) {
             executeInProfile(

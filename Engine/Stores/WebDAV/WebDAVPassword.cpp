@@ -11,12 +11,17 @@
 
 namespace {
 
+/// Returns the user and the server, as in an address: one server may have several users.
+QString accountOf(const Url &URL) {
+    return URL.user().isEmpty() ? URL.host() : URL.user() + u'@' + URL.host();
+}
+
 void ask(const SecretRemoval &removal) {
     QuestionPresenter *presenter = QuestionPresenter::ofApplication();
     if (!presenter) {
         return;
     }
-    presenter->ask({localizedSyncString("Forget the password of “%1”?").arg(removal.URL.host()),
+    presenter->ask({localizedSyncString("Forget the password of “%1”?").arg(accountOf(removal.URL)),
                     localizedSyncString("No location of the list uses this password any more."),
                     localizedSyncString("Forget"), localizedSyncString("Keep")},
                    [removal](bool isAccepted) {

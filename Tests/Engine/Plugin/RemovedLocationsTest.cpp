@@ -74,7 +74,7 @@ private Q_SLOTS:
         removeFirst();
         QTRY_COMPARE(m_host->application().questions().size(), 1);
         QCOMPARE(m_host->application().questions().first().text,
-                 QStringLiteral("Forget the password of “dav.example”?"));
+                 QStringLiteral("Forget the password of “ida@dav.example”?"));
         QTRY_COMPARE(countOfPasswords(), 0);
         QTRY_COMPARE(countOfRemovals(), 0);
     }
@@ -266,6 +266,17 @@ private Q_SLOTS:
         removeFirst();
         QTRY_COMPARE(m_host->application().logEntries().size(), 1);
         QCOMPARE(countOfRemovals(), 1);
+    }
+
+    void aReportNamesTheAddressIfAnotherLocationHasTheTitle() {
+        const QString other = QStringLiteral("https://eva@dav.example/b/Shared.qvSyncStore");
+        add(WebDAVAddress);
+        add(other);
+        m_secrets->stopKeyring();
+        removeFirst();
+        QTRY_COMPARE(m_host->application().logEntries().size(), 1);
+        const QString report = m_host->application().logEntries().first().info;
+        QVERIFY2(report.contains(u'“' + WebDAVAddress + u'”'), qPrintable(report));
     }
 
     void aLocationThatIsAddedAgainLosesNothing() {
