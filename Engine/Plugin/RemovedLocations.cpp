@@ -40,7 +40,12 @@ void RemovedLocations::start() {
 }
 
 void RemovedLocations::didRemoveLocation(const QString &identifier) {
-    QTimer::singleShot(m_undoTime, this, [this, identifier] { forget(identifier); });
+    const quint64 removal = ++m_removals[identifier];
+    QTimer::singleShot(m_undoTime, this, [this, identifier, removal] {
+        if (m_removals.value(identifier) == removal) {
+            forget(identifier);
+        }
+    });
 }
 
 void RemovedLocations::forget(const QString &identifier) {

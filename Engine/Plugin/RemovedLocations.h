@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QHash>
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <chrono>
@@ -36,9 +37,10 @@ public:
     /// logged.
     void start();
     /// Called when the location `identifier` was removed from the list. Returns at once. It is
-    /// forgotten when RemovalUndoTime has passed, if the removal was saved then and the location is
-    /// not in the list again; otherwise nothing happens, and a removal that is saved later is
-    /// handled in the next run. Nothing is forgotten if this object is destroyed before.
+    /// forgotten when RemovalUndoTime has passed since the last removal, if the removal was saved
+    /// then and the location is not in the list again; otherwise nothing happens, and a removal
+    /// that is saved later is handled in the next run. Nothing is forgotten if this object is
+    /// destroyed before.
     void didRemoveLocation(const QString &identifier);
 
 private:
@@ -60,4 +62,7 @@ private:
     const EngineLocationsController &m_locations;
     const EngineLocationKinds &m_kinds;
     std::chrono::milliseconds m_undoTime = RemovalUndoTime;
+    /// How often each location was removed: one that is back may be removed again, which begins
+    /// another undo time.
+    QHash<QString, quint64> m_removals;
 };

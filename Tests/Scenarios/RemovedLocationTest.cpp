@@ -6,6 +6,11 @@
 #include "Application/PreferencesWindow.h"
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Host/QVDailySchedule.h"
+#include "Platform/Security/SecretStore.h"
+#include "Platform/Security/UrlCredentialStorage.h"
+#include "Support/HostShortcuts.h"
+#include "Support/SecretService.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -41,6 +46,35 @@ private:
         }
         return titles;
     }
+    void openWindow() {
+        m_window = new PreferencesWindow(std::make_unique<QVSyncPreferences>());
+        m_window->showRemovals(m_removals.get(), [] {
+            return Expected<std::unique_ptr<PreferencePane>>(std::make_unique<QVSyncPreferences>());
+        });
+        m_window->show();
+    }
+    void closeWindow() const {
+        if (m_window) {
+            m_window->close();
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    /// Adds a WebDAV location with a password before the others.
+    void addServer() const {
+        const Url URL =
+            Url::fromString(QStringLiteral("https://ida@dav.example/Shared.qvSyncStore"));
+        for (const QString &method :
+             {UrlAuthenticationMethodHttpBasic, UrlAuthenticationMethodHttpDigest}) {
+            UrlCredentialStorage::shared().setCredentialForProtectionSpace(
+                {.user = QStringLiteral("ida"),
+                 .password = QStringLiteral("secret"),
+                 .persistence = UrlCredential::Persistence::Permanent},
+                UrlProtectionSpace::ofURL(URL, method));
+        }
+        QVERIFY(SecretStore::shared().finishWriting());
+        m_host->locations().insertObjectInSyncLocationsAtIndex(m_host->newLocation(URL), 0);
+        m_host->save();
+    }
     QWidget *bar() const { return m_window->findChild<QWidget *>(QStringLiteral("removalBar")); }
     void removeFirst() const {
         selectDatabase();
@@ -59,20 +93,14 @@ private Q_SLOTS:
             const auto state = m_host->addState(location, m_database);
             state->setEnabled(true);
             state->setSyncOnClose(true);
+            state->setSchedule(dailySchedule(9, 30));
         }
         m_host->save();
         m_removals = std::make_unique<LocationRemovals>(&m_host->locations());
-        m_window = new PreferencesWindow(std::make_unique<QVSyncPreferences>());
-        m_window->showRemovals(m_removals.get(), [] {
-            return Expected<std::unique_ptr<PreferencePane>>(std::make_unique<QVSyncPreferences>());
-        });
-        m_window->show();
+        openWindow();
     }
     void cleanup() {
-        if (m_window) {
-            m_window->close();
-        }
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        closeWindow();
         m_removals.reset();
         m_database.reset();
         m_host.reset();
@@ -91,8 +119,7 @@ private Q_SLOTS:
         QVERIFY(!bar()->isVisible());
         selectDatabase();
         QTRY_COMPARE(locationRows(), both);
-        m_window->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        closeWindow();
         m_removals.reset();
         const QString UUID = m_database->UUID();
         m_database.reset();
@@ -101,6 +128,32 @@ private Q_SLOTS:
         QCOMPARE(locations.size(), 2);
         const auto state = locations.first()->stateForDatabaseWithUUID(UUID);
         QVERIFY(state->isEnabled() && state->syncOnClose());
+        const auto schedule = std::dynamic_pointer_cast<const QVDailySchedule>(state->schedule());
+        QVERIFY(schedule);
+        QCOMPARE(schedule->hourAndMinute(), (HourAndMinute{9, 30}));
+    }
+
+    void thePasswordIsKeptUntilTheRemovalCannotBeUndone() {
+        const SecretService secrets;
+        const auto countOfPasswords = [&] {
+            return secrets.count({{QStringLiteral("host"), QStringLiteral("dav.example")}});
+        };
+        addServer();
+        closeWindow();
+        openWindow();
+        m_host->engine().plugin().removedLocations().setUndoTime(std::chrono::milliseconds(0));
+        removeFirst();
+        bar()->findChild<QPushButton *>()->click();
+        QTRY_COMPARE(locationRows().size(), 3);
+        QCOMPARE(countOfPasswords(), 2);
+
+        m_host->application().answerQuestions(true);
+        removeFirst();
+        QTRY_COMPARE(m_host->application().questions().size(), 1);
+        QCOMPARE(m_host->application().questions().first().text,
+                 QStringLiteral("Forget the password of “ida@dav.example”?"));
+        QTRY_COMPARE(countOfPasswords(), 0);
+        QCOMPARE(m_host->application().questions().size(), 1);
     }
 
     void severalRemovalsAreUndoneLastFirst() {
