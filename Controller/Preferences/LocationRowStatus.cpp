@@ -50,7 +50,10 @@ void runAgain(const std::shared_ptr<QVSyncState> &state, bool isCleanUp) {
 }  // namespace
 
 LocationRowStatus::LocationRowStatus(QObject *parent)
-    : QObject(parent), m_observation([this] { Q_EMIT statusChanged(); }) {}
+    : QObject(parent), m_observation([this] { Q_EMIT statusChanged(); }) {
+    // The description of the tick contains the title.
+    connect(this, &LocationRowStatus::locationChanged, this, &LocationRowStatus::statusChanged);
+}
 
 void LocationRowStatus::setSelection(const std::shared_ptr<QVSynchronizationSelection> &selection) {
     m_selection = selection;
@@ -63,7 +66,6 @@ void LocationRowStatus::setSelection(const std::shared_ptr<QVSynchronizationSele
         m_observation.observeRow(selection.get(), "location.URL", [this] {
             clearError();
             Q_EMIT locationChanged();
-            Q_EMIT statusChanged();
         });
         m_observation.observeRow(selection.get(), "selected", [this] { observeState(); });
         m_observation.observeRow(selection.get(), "error", [this] { Q_EMIT statusChanged(); });

@@ -337,6 +337,9 @@ private Q_SLOTS:
         m_host->addLocation(QStringLiteral("http://127.0.0.1:2/b/Shared.qvSyncStore"));
         m_host->save();
         QCOMPARE(Panel::part<QLabel>(Panel::locationRow(0), "rowTitle")->text(), first);
+        QCOMPARE(
+            Panel::part<QCheckBox>(Panel::locationRow(0), "rowCheckBox")->accessibleDescription(),
+            QStringLiteral("Synchronizes “Projects” with “%1”").arg(first));
     }
 
     void aSuccessRemovesTheErrorOfACheck() {
