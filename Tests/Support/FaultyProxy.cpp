@@ -27,11 +27,13 @@ FaultyProxy::FaultyProxy(quint16 server)
       m_proxy([this](ScriptedServer::Connection &connection) { serve(connection); },
               ScriptedServer::Order::AllAtOnce) {}
 
-void FaultyProxy::setFault(Fault fault, qint64 first, Duration duration) {
+void FaultyProxy::setFault(Fault fault, qint64 first, Duration duration, const QByteArray &method) {
     const std::lock_guard lock(m_mutex);
     m_fault = fault;
     m_first = first;
     m_duration = duration;
+    m_method = method;
+    m_count = 0;
     m_hasFailed = false;
     m_exchanges.clear();
     m_held.clear();
@@ -76,8 +78,11 @@ void FaultyProxy::serve(ScriptedServer::Connection &connection) {
 FaultyProxy::Fault FaultyProxy::takeFault(const QByteArray &request) {
     const std::lock_guard lock(m_mutex);
     m_exchanges.append(request.first(request.indexOf(" HTTP/")));
-    const qint64 number = m_exchanges.size();
-    const bool isFailing = m_duration == Duration::Once ? number == m_first : number >= m_first;
+    if (!m_method.isEmpty() && !request.startsWith(m_method + ' ')) {
+        return Fault::None;
+    }
+    ++m_count;
+    const bool isFailing = m_duration == Duration::Once ? m_count == m_first : m_count >= m_first;
     m_hasFailed = m_hasFailed || isFailing;
     return isFailing ? m_fault : Fault::None;
 }

@@ -38,8 +38,9 @@ public:
 
     quint16 port() const { return m_proxy.port(); }
 
-    /// Makes the exchange number `first` fail; the next one has the number 1.
-    void setFault(Fault fault, qint64 first, Duration duration);
+    /// Makes the exchange number `first` fail; the next one has the number 1. If `method` is not
+    /// empty, only exchanges with this method are counted and fail.
+    void setFault(Fault fault, qint64 first, Duration duration, const QByteArray &method = {});
     /// Returns whether any exchange has failed since the fault was set.
     bool hasFailed() const;
     /// Returns the method and the target of each exchange since the fault was set.
@@ -63,6 +64,9 @@ private:
     Fault m_fault = Fault::None;
     Duration m_duration = Duration::Once;
     qint64 m_first = 1;
+    QByteArray m_method;
+    /// The number of exchanges with that method.
+    qint64 m_count = 0;
     bool m_hasFailed = false;
     QByteArrayList m_exchanges;
     QByteArrayList m_held;

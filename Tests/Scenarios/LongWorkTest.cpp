@@ -11,8 +11,8 @@
 #include "Support/TestHost.h"
 #include "Support/WebDAVServer.h"
 
-/// An import shows how far it is, and can be stopped at once.
-class ImportProgressTest : public QObject {
+/// An import and a clean-up show how far they are, and can be stopped at once.
+class LongWorkTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<WebDAVServer> m_server;
@@ -68,7 +68,7 @@ private Q_SLOTS:
         m_server.reset();
     }
 
-    void itShowsHowFarItIsAndStops() {
+    void anImportShowsHowFarItIsAndStops() {
         m_host->goToComputer(QStringLiteral("Laptop"));
         synchronizeAll(m_proxy->port());
         const qint64 third = thirdRead();
@@ -104,7 +104,45 @@ private Q_SLOTS:
         const auto database = m_host->library().databaseForUUID(m_UUID);
         QCOMPARE(database->notes().value().size(), 12);
     }
+
+    void aCleanUpShowsHowFarItIsAndStops() {
+        const auto database = m_host->library().databaseForUUID(m_UUID);
+        m_host->locations().removeObjectFromSyncLocationsAtIndex(0);
+        synchronizeAll(m_proxy->port());
+        const auto state =
+            m_host->locations().syncLocations().first()->stateForDatabaseWithUUID(m_UUID);
+        // Each becomes a small record.
+        for (int i = 0; i < 3; ++i) {
+            Note note{.title = QStringLiteral("Small"), .text = QStringLiteral("x")};
+            QVERIFY(database->saveNote(note));
+            bool isSynchronized = false;
+            dispatcher().performSynchronizationsWithSynchronizationStates(
+                {state}, [&] { isSynchronized = true; });
+            QTRY_VERIFY_WITH_TIMEOUT(isSynchronized, Patience);
+        }
+        const Panel panel;
+        Panel::select(Panel::databaseRow(QStringLiteral("Travel")));
+        Panel::select(Panel::locationRow(0));
+        m_proxy->setFault(FaultyProxy::Fault::Late, 1, FaultyProxy::Duration::FromThenOn, "PUT");
+        panel.choose("cleanItem");
+        const QRegularExpression progress(
+            QStringLiteral("^Cleaning up “Travel” at “localhost – Shared”… \\d+ of \\d+$"));
+        QTRY_VERIFY_WITH_TIMEOUT(m_proxy->hasFailed(), Patience);
+        QTRY_VERIFY_WITH_TIMEOUT(progress.match(panel.text("activityLabel")).hasMatch(), Patience);
+        QVERIFY(panel.find<QProgressBar>("activityBar")->maximum() > 0);
+        panel.press("stopButton");
+        QCOMPARE(dispatcher().activity(), QString());
+        QCOMPARE(panel.text("activityLabel"), QString());
+        QVERIFY(Panel::warning(Panel::locationRow(0))->isHidden());
+        // The next one completes it.
+        m_proxy->setFault(FaultyProxy::Fault::None, 1, FaultyProxy::Duration::Once);
+        panel.choose("cleanItem");
+        QTRY_COMPARE_WITH_TIMEOUT(
+            panel.text("activityLabel"),
+            QStringLiteral("“Travel” was cleaned up at “localhost – Shared”."), Patience);
+        QCOMPARE(database->notes().value().size(), 15);
+    }
 };
 
-VELMORA_TEST(ImportProgressTest)
-#include "ImportProgressTest.moc"
+VELMORA_TEST(LongWorkTest)
+#include "LongWorkTest.moc"
