@@ -167,6 +167,8 @@ private Q_SLOTS:
                                        "server “127.0.0.1:%1” has no space left. Delete files "
                                        "there or ask its administrator.")
                             .arg(full.port())});
+        const QString details = m_host->application().presentedErrors().first().details;
+        QVERIFY2(details.contains(QStringLiteral("HTTP 507: http://")), qPrintable(details));
     }
 
     void aWrongPasswordIsToldApart() {
@@ -198,6 +200,8 @@ private Q_SLOTS:
         checkToTheEnd();
         QVERIFY2(presented().value(0).contains(QStringLiteral("refused the connection")),
                  qPrintable(presented().value(0)));
+        const QString details = m_host->application().presentedErrors().first().details;
+        QVERIFY2(details.contains(QStringLiteral("onnect to 127.0.0.1")), qPrintable(details));
     }
 
     void aServerThatCannotProveItsIdentityIsToldApart() {

@@ -6,6 +6,8 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
+#include "Host/QVSyncStoreCheck.h"
+#include "Platform/Foundation/MainQueue.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Support/DropboxTestCase.h"
 #include "Support/Failure.h"
@@ -98,6 +100,18 @@ private Q_SLOTS:
     void openingMakesNothing() {
         QCOMPARE(description(m_store->open(m_future)), QString());
         QVERIFY(m_server->files().isEmpty());
+    }
+
+    void anAccountIsCheckedLikeAnyOtherLocation() {
+        QCOMPARE(write(QStringLiteral("transactions/a"), "x"), Expected<Written>(Written::New));
+        std::optional<QVSyncStoreCheck> found;
+        newStore()->checkWithCompletionHandler([&](const QVSyncStoreCheck &check) {
+            MainQueue::dispatchAsync([&found, check] { found = check; });
+        });
+        QTRY_VERIFY(found);
+        QVERIFY2(!found->error, qPrintable(found->error.value_or(Error()).localizedDescription));
+        QVERIFY(found->isReadable && found->isWritable);
+        QCOMPARE(m_server->files().keys(), QStringList(Package + QStringLiteral("transactions/a")));
     }
 
     void aBlobIsReadAsItWasWritten() {

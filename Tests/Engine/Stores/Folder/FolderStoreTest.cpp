@@ -356,6 +356,7 @@ private Q_SLOTS:
         QCOMPARE(code(result), EngineErrorCode::StoreFull);
         QVERIFY(description(result).contains(QStringLiteral("is full")));
         QVERIFY(description(result).contains(path()));
+        QVERIFY(result.error().details.endsWith(QStringLiteral(": No space left on device")));
         QCOMPARE(allNames(FolderBlob.section(u'/', 0, 1)), QStringList());
         QCOMPARE(write(FolderBlob, "x"), Expected<Written>(Written::New));
     }
