@@ -1,10 +1,13 @@
 #include "Application/DamagedProfileDialog.h"
 
+#include <QtCore/QTranslator>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
 #include "Application/Interface/SyncPlugIn.h"
 #include "Support/FaultyFileSystem.h"
+#include "Support/Patience.h"
+#include "Support/ShownTexts.h"
 #include "Support/TestApplication.h"
 #include "Support/TestMain.h"
 #include "Support/Verification.h"
@@ -43,6 +46,8 @@ private:
         bool isReplaced = false;
         QString text;
         QStringList buttons;
+        /// What prevents the user from reading the texts.
+        QStringList unreadable;
         Expected<void> opened;
         qsizetype databases = 0;
         /// What "velmora verify" finds in the new profile.
@@ -77,6 +82,12 @@ private:
             for (const QAbstractButton *button : box->buttons()) {
                 result.buttons.append(button->text());
             }
+            std::ignore = QTest::qWaitFor(
+                [&] {
+                    result.unreadable = ShownTexts::problems(*box);
+                    return result.unreadable.isEmpty();
+                },
+                Patience);
             for (const QString &title : buttons) {
                 press(box, title);
             }
@@ -124,6 +135,35 @@ private Q_SLOTS:
                  qPrintable(result.buttons.join(u'|')));
         QCOMPARE(result.problems, QString());
         QCOMPARE(damagedFiles(), QStringList{QStringLiteral("profile.sqlite")});
+    }
+
+    void everyTextCanBeRead_data() {
+        QTest::addColumn<QLocale>("locale");
+        QTest::addColumn<int>("size");
+        for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
+            for (const int size : {10, 18}) {
+                QTest::addRow("%s, %d pt", qPrintable(QLocale::languageToString(language)), size)
+                    << QLocale(language) << size;
+            }
+        }
+    }
+    void everyTextCanBeRead() {
+        QFETCH(const QLocale, locale);
+        QFETCH(const int, size);
+        damage(true);
+        const QFont usual = QApplication::font();
+        QFont font = usual;
+        font.setPointSize(size);
+        QApplication::setFont(font);
+        QTranslator german;
+        QVERIFY(german.load(QStringLiteral(":/Velmora/Translations/Velmora_de.qm")));
+        if (locale.language() == QLocale::German) {
+            QCoreApplication::installTranslator(&german);
+        }
+        const Result result = run({QStringLiteral("none")});
+        QApplication::setFont(usual);
+        QCOMPARE(result.buttons.size(), 4);
+        QCOMPARE(result.unreadable.join(u'\n'), QString());
     }
 
     void aProfileWithoutExamplesIsBegun() {

@@ -4,11 +4,15 @@
 #include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 
 #include "Application/LocationRemovals.h"
 #include "Application/QuitSynchronization.h"
 #include "Application/UnsavedTextDialog.h"
+#include "Controller/Preferences/QVServerPreferencesController.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Host/SyncStrings.h"
+#include "Platform/Interface/TableView.h"
 #include "Scenarios/EveryWindow.h"
 #include "Support/Patience.h"
 #include "Support/ShownTexts.h"
@@ -54,6 +58,20 @@ void askAboutFailedChanges(TestHost &host, MainWindow &window) {
     QuitSynchronization(&window).run();
 }
 
+void askAboutRevocation(TestHost & /*host*/, MainWindow &window) {
+    const auto controller = QVServerPreferencesController::controller();
+    controller->addAuthorizedClientsObject(
+        QStringLiteral("kim at the-computer-in-the-living-room.example.com"));
+    const QWidget *sheet = controller->window();
+    QTimer::singleShot(0, sheet, [&] {
+        sheet->findChild<TableView *>(QStringLiteral("clientsTable"))->selectRow(0);
+        sheet->findChild<QPushButton *>(QStringLiteral("revokeButton"))->click();
+        QObject::connect(sheet->findChild<QMessageBox *>(), &QDialog::finished, controller.get(),
+                         [&] { controller->acceptModalSheet(nullptr); });
+    });
+    controller->runServerPreferencesModalForWindow(&window);
+}
+
 std::unique_ptr<QWidget> removalBar(TestHost &host, EventLog & /*log*/) {
     auto window = std::make_unique<PreferencesWindow>(std::make_unique<QVSyncPreferences>());
     host.addLocation(QStringLiteral("https://dav.example.com/Shared.qvSyncStore"));
@@ -75,11 +93,13 @@ class WindowTextsTest : public QObject {
     const QFont m_font = QApplication::font();
     QTranslator m_german;
     QTranslator m_qtGerman;
+    QTranslator m_paneGerman;
 
 private Q_SLOTS:
     void initTestCase() {
         registerSyncPreferencesInterface();
         QVERIFY(m_german.load(QStringLiteral(":/Velmora/Translations/Velmora_de.qm")));
+        QVERIFY(m_paneGerman.load(QStringLiteral(":/VelmoraSync/Translations/Sync_de.qm")));
         // Its package may be missing.
         std::ignore = m_qtGerman.load(QStringLiteral("qtbase_de"),
                                       QLibraryInfo::path(QLibraryInfo::TranslationsPath));
@@ -87,6 +107,7 @@ private Q_SLOTS:
     void cleanup() {
         QCoreApplication::removeTranslator(&m_german);
         QCoreApplication::removeTranslator(&m_qtGerman);
+        removeLocalizationTables(&m_paneGerman);
         QApplication::setFont(m_font);
         QLocale::setDefault(QLocale::c());
     }
@@ -127,7 +148,8 @@ private Q_SLOTS:
         QTest::addColumn<int>("size");
         const std::pair<const char *, Ask> questions[] = {{"unsaved text", askAboutUnsavedText},
                                                           {"unsent", askAboutUnsentChanges},
-                                                          {"failed", askAboutFailedChanges}};
+                                                          {"failed", askAboutFailedChanges},
+                                                          {"revocation", askAboutRevocation}};
         for (const auto &[name, ask] : questions) {
             for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
                 for (const int size : {10, 18}) {
@@ -179,6 +201,7 @@ private:
         if (locale.language() == QLocale::German) {
             QCoreApplication::installTranslator(&m_german);
             QCoreApplication::installTranslator(&m_qtGerman);
+            addLocalizationTable(SyncTable, &m_paneGerman);
         }
         QFont font = m_font;
         font.setPointSize(size);
