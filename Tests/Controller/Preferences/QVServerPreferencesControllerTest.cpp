@@ -202,8 +202,14 @@ private Q_SLOTS:
         reopen();
         QVERIFY(m_controller->isEnabled());
         QCOMPARE(m_controller->serverPort(), port);
+        m_controller->window()->show();
+        const auto *address = part<QLabel>("addressLabel");
+        QVERIFY(address->isVisible());
+        QVERIFY2(address->text().contains(QStringLiteral("Port: %1").arg(port)),
+                 qPrintable(address->text()));
         m_controller->setEnabled(false);
         QVERIFY(!m_controller->server()->isServing());
+        QVERIFY(!address->isVisible());
     }
 
     void aPortInUseSwitchesTheServerOffAndTheCheckBoxSaysSo() {
