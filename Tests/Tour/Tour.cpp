@@ -574,6 +574,8 @@ void Tour::failToSynchronize(const QString &location) {
 
 void Tour::showError(const QString &location, const QString &text, const QString &name,
                      const QString &sentence) {
+    // Otherwise the error may belong to the window under the panel, which hides it in the picture.
+    Person::turnTo(PanelTitle);
     Person::clickRow(LocationList, location, QStringLiteral("rowWarningButton"));
     Person::await(QStringLiteral("an error that says “%1”").arg(text), [&] {
         return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) &&
