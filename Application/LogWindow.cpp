@@ -54,7 +54,6 @@ void LogWindow::makeView() {
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_view->setAlternatingRowColors(true);
     m_view->setWordWrap(true);
-    m_view->setTextElideMode(Qt::ElideNone);
     m_view->setItemDelegateForColumn(EventLog::Text, new WrappingDelegate(m_view));
     QHeaderView *header = m_view->header();
     for (int column = 0; column < EventLog::Text; ++column) {

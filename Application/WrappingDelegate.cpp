@@ -18,3 +18,9 @@ QSize WrappingDelegate::sizeHint(const QStyleOptionViewItem &option,
             .height();
     return {size.width(), std::max(size.height(), height + 2)};
 }
+
+void WrappingDelegate::initStyleOption(QStyleOptionViewItem *option,
+                                       const QModelIndex &index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->textElideMode = Qt::ElideNone;
+}

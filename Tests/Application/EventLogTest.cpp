@@ -165,6 +165,8 @@ private Q_SLOTS:
         auto *view = window.findChild<QTreeView *>();
         const QAbstractItemModel &shown = *view->model();
         QCOMPARE(shown.rowCount(), 5);
+        // A name that is too long for its column.
+        QCOMPARE(view->textElideMode(), Qt::ElideRight);
         const int oneLine = view->visualRect(shown.index(0, EventLog::Text)).height();
         QTRY_VERIFY(view->visualRect(shown.index(4, EventLog::Text)).height() > 2 * oneLine);
 
