@@ -31,6 +31,7 @@
 #include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/TerminalText.h"
+#include "Platform/Foundation/UserLanguage.h"
 
 namespace {
 
@@ -44,13 +45,19 @@ class Translators {
 public:
     /// Installs them in the application object that exists. Has no effect for English.
     void install() {
-        load(m_qt, QStringLiteral("qtbase"), QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-        load(m_velmora, QStringLiteral("Velmora"), QStringLiteral(":/Velmora/Translations"));
+        const QString folder = QStringLiteral(":/Velmora/Translations");
+        const QString table = QStringLiteral("Velmora");
+        if (const QString language = userLanguage(folder, table); !language.isEmpty()) {
+            // Qt's texts are in the language of Velmora's, even if the user prefers another.
+            load(m_qt, QLibraryInfo::path(QLibraryInfo::TranslationsPath),
+                 QStringLiteral("qtbase_") + language);
+            load(m_velmora, folder, table + u'_' + language);
+        }
     }
 
 private:
-    static void load(QTranslator &translator, const QString &table, const QString &folder) {
-        if (translator.load(QLocale(), table, QStringLiteral("_"), folder)) {
+    static void load(QTranslator &translator, const QString &folder, const QString &file) {
+        if (translator.load(file, folder)) {
             QCoreApplication::installTranslator(&translator);
         }
     }

@@ -15,6 +15,7 @@
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
+#include "Platform/Foundation/UserLanguage.h"
 
 namespace {
 
@@ -172,8 +173,10 @@ BackupSchedule::Inspection SyncEngine::inspection() {
 }
 
 void SyncEngine::installTranslation() {
-    if (m_translator.load(QLocale(), QStringLiteral("Sync"), QStringLiteral("_"),
-                          QStringLiteral(":/VelmoraSync/Translations"))) {
+    const QString folder = QStringLiteral(":/VelmoraSync/Translations");
+    const QString table = QStringLiteral("Sync");
+    const QString language = userLanguage(folder, table);
+    if (!language.isEmpty() && m_translator.load(table + u'_' + language, folder)) {
         addLocalizationTable(SyncTable, &m_translator);
         addLocalizationTable(PlatformTable, &m_translator);
     }
