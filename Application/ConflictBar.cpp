@@ -4,6 +4,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
+#include "Application/CountText.h"
 #include "Platform/Interface/PlainText.h"
 
 ConflictBar::ConflictBar(QWidget *parent) : QWidget(parent), m_label(PlainText::label()) {
@@ -30,6 +31,9 @@ ConflictBar::ConflictBar(QWidget *parent) : QWidget(parent), m_label(PlainText::
 }
 
 void ConflictBar::setCount(qsizetype count) {
-    m_label->setText(count == 2 ? tr("This note was edited in two places.")
-                                : tr("This note was edited in %1 places.").arg(count));
+    m_label->setText(
+        count == 2
+            ? tr("This note was edited in two places.")
+            : translateCount("ConflictBar", "This note was edited in %1 places.", nullptr, count)
+                  .arg(count));
 }

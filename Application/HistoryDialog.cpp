@@ -14,6 +14,7 @@
 #include <QtWidgets/QTreeWidget>
 #include <algorithm>
 
+#include "Application/CountText.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/WindowSize.h"
 #include "Platform/Interface/HeightKeeper.h"
@@ -96,7 +97,7 @@ void HistoryDialog::makeWidgets() {
 QWidget *HistoryDialog::makeLimits() {
     m_days->setRange(1, MostDays);
     const auto showUnit = [this](int days) {
-        m_days->setSuffix(days == 1 ? tr(" day") : tr(" days"));
+        m_days->setSuffix(translateCount("HistoryDialog", " days", " day", days));
     };
     connect(m_days, &QSpinBox::valueChanged, this, showUnit);
     showUnit(m_days->value());
@@ -254,9 +255,10 @@ void HistoryDialog::saveLimits() {
 bool HistoryDialog::isRemovalWanted(qint64 count) {
     MessageBox box(
         QMessageBox::Warning,
-        count == 1 ? tr("The new limits remove 1 deleted note or earlier version.")
-                   : tr("The new limits remove %1 deleted notes and earlier versions.")
-                         .arg(QLocale().toString(count)),
+        translateCount("HistoryDialog",
+                       "The new limits remove %1 deleted notes and earlier versions.",
+                       "The new limits remove %1 deleted note or earlier version.", count)
+            .arg(QLocale().toString(count)),
         tr("What is removed cannot be restored any more. If you keep it, the limits stay as they "
            "were."),
         this);

@@ -11,6 +11,7 @@
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QVBoxLayout>
 
+#include "Application/CountText.h"
 #include "Application/EventLog.h"
 #include "Application/FailureSteps.h"
 #include "Application/HistoryDialog.h"
@@ -49,9 +50,8 @@ QString shownName(const NoteDatabase &database) {
     if (*conflicts == 0) {
         return name;
     }
-    return *conflicts == 1
-               ? MainWindow::tr("%1 · 1 conflict").arg(name)
-               : MainWindow::tr("%1 · %2 conflicts").arg(name, QString::number(*conflicts));
+    return translateCount("MainWindow", "%1 · %2 conflicts", "%1 · %2 conflict", *conflicts)
+        .arg(name, QString::number(*conflicts));
 }
 
 /// The tool bar shows the title without the mnemonic, of which Qt would leave the brackets.

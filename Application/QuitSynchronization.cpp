@@ -4,6 +4,7 @@
 #include <QtWidgets/QPushButton>
 #include <algorithm>
 
+#include "Application/CountText.h"
 #include "Application/FailureSteps.h"
 #include "Application/MainWindow.h"
 #include "Application/QuitProgressDialog.h"
@@ -30,10 +31,10 @@ QStringList openUUIDs() {
     return UUIDs;
 }
 
-QStringList limited(QStringList lines, const QString &rest) {
+QStringList limited(QStringList lines) {
     if (const qsizetype more = lines.size() - MostNamed; more > 0) {
         lines = lines.first(MostNamed);
-        lines.append(rest.arg(more));
+        lines.append(translateCount("QuitSynchronization", "and %1 more", nullptr, more).arg(more));
     }
     return lines;
 }
@@ -93,8 +94,8 @@ QuitSynchronization::Choice QuitSynchronization::askAbout(const QList<Item> &uns
                     .arg(unsent.first().database, unsent.first().location)
               : tr("There are changes that are not synchronized. Synchronize them before "
                    "quitting?");
-    MessageBox box(QMessageBox::Question, text,
-                   isOne ? QString() : limited(lines, tr("and %1 more")).join(u'\n'), m_window);
+    MessageBox box(QMessageBox::Question, text, isOne ? QString() : limited(lines).join(u'\n'),
+                   m_window);
     box.setWindowTitle(tr("Quit Velmora"));
     const QPushButton *quit = box.addButton(tr("&Quit"), QMessageBox::DestructiveRole);
     box.addButton(QMessageBox::Cancel);
@@ -145,7 +146,7 @@ QuitSynchronization::Choice QuitSynchronization::askAboutFailed(const QList<Item
     MessageBox box(QMessageBox::Warning,
                    tr("Some changes could not be synchronized. They are saved on this computer. "
                       "Quit anyway?"),
-                   limited(lines, tr("and %1 more")).join(QStringLiteral("\n\n")), m_window);
+                   limited(lines).join(QStringLiteral("\n\n")), m_window);
     box.setWindowTitle(tr("Quit Velmora"));
     box.setDetailedText(CombinedErrors::of(errors).details);
     const QPushButton *quit = box.addButton(tr("&Quit"), QMessageBox::AcceptRole);

@@ -8,6 +8,7 @@
 #include <QtWidgets/QVBoxLayout>
 #include <utility>
 
+#include "Application/CountText.h"
 #include "Application/WindowSize.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/PlainText.h"
@@ -18,9 +19,10 @@ namespace {
 constexpr qsizetype MostTitles = 10000;
 
 QString heading(const RemovalQuestion &question) {
-    return RemovalDialog::tr(
-               "The synchronization with “%1” would remove %2 of the %3 notes "
-               "in “%4”.")
+    return translateCount("RemovalDialog",
+                          "The synchronization with “%1” would remove %2 of the %3 "
+                          "notes in “%4”.",
+                          nullptr, question.total)
         .arg(question.location, QString::number(question.titles.size()),
              QString::number(question.total), question.database);
 }
@@ -32,8 +34,8 @@ QStringList notesOf(const RemovalQuestion &question) {
         const QString line = PlainText::message(title).simplified();
         lines.append(line.isEmpty() ? RemovalDialog::tr("Untitled") : line);
     }
-    if (question.titles.size() > MostTitles) {
-        lines.append(RemovalDialog::tr("… and %1 more").arg(question.titles.size() - MostTitles));
+    if (const qsizetype more = question.titles.size() - MostTitles; more > 0) {
+        lines.append(translateCount("RemovalDialog", "… and %1 more", nullptr, more).arg(more));
     }
     return lines;
 }

@@ -3,6 +3,7 @@
 #include <QtCore/QCoreApplication>
 #include <algorithm>
 
+#include "Application/CountText.h"
 #include "Application/Interface/QVUnsentChanges.h"
 #include "Host/CombinedErrors.h"
 #include "Host/InboxUUID.h"
@@ -118,7 +119,8 @@ QString SynchronizationSummary::stateText() const {
 
 QString SynchronizationSummary::failureText(const QList<Item> &failed) const {
     if (failed.size() > 1) {
-        return summaryText("%1 of %2 synchronizations failed")
+        return translateCount("SynchronizationSummary", "%1 of %2 synchronizations failed", nullptr,
+                              failed.size())
             .arg(failed.size())
             .arg(m_items.size());
     }

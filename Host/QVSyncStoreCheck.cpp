@@ -11,8 +11,8 @@ QString QVSyncStoreCheck::text(const QString &title) const {
                                 .arg(title, error->localizedDescription)
                           : error->localizedDescription;
     }
-    const QString count = databases == 1 ? localizedSyncString("1 database")
-                                         : localizedSyncString("%1 databases").arg(databases);
+    const QString count =
+        localizedSyncCount("%1 databases", "%1 database", databases).arg(databases);
     if (!isWritable) {
         return localizedSyncString("“%1” can be read. %2.").arg(title, count);
     }

@@ -12,3 +12,10 @@ inline constexpr char SyncTable[] = "Sync";
 inline QString localizedSyncString(const char *key, const char * /*comment*/ = nullptr) {
     return localizedString(SyncTable, key);
 }
+
+/// Returns `key`, an English text about `count` things, in the user's language and in the plural
+/// form that `count` requires there. `one` is the English text about one thing, or null if that is
+/// the same. Placeholders are left to the caller. Thread-safe.
+inline QString localizedSyncCount(const char *key, const char *one, qint64 count) {
+    return localizedString(SyncTable, key, one, count);
+}

@@ -93,7 +93,8 @@ QString DatabaseRowStatus::text() const {
                        : localizedSyncString("Never synchronized");
     }
     if (count > 0) {
-        return localizedSyncString("Synchronized with %1 of %2 locations · %3")
+        return localizedSyncCount("Synchronized with %1 of %2 locations · %3", nullptr,
+                                  ticked.size())
             .arg(QString::number(count), QString::number(ticked.size()), date);
     }
     if (error()) {

@@ -30,11 +30,10 @@ QString resultText(const QVSyncState *state) {
     if (!result || result->problems == 0) {
         return localizedSyncString("synchronized %1").arg(date);
     }
-    return result->problems == 1
-               ? localizedSyncString("synchronized %1, but 1 item failed").arg(date)
-               : localizedSyncString("synchronized %1, but %2 items failed")
-                     .arg(date)
-                     .arg(result->problems);
+    return localizedSyncCount("synchronized %1, but %2 items failed",
+                              "synchronized %1, but %2 item failed", result->problems)
+        .arg(date)
+        .arg(result->problems);
 }
 
 /// Starts the job of `state` again, unless that is null.

@@ -46,7 +46,7 @@ QString NoteInspection::titles(const QList<NoteLog::Damage> &damaged, const QStr
             localizedSyncString("“%1”").arg((each.title.isEmpty() ? name : each.title).left(80)));
     }
     const QString text = titles.join(QStringLiteral(", "));
-    return damaged.size() > MostTitles
-               ? localizedSyncString("%1 and %2 more").arg(text).arg(damaged.size() - MostTitles)
-               : text;
+    const qsizetype more = damaged.size() - MostTitles;
+    return more > 0 ? localizedSyncCount("%1 and %2 more", nullptr, more).arg(text).arg(more)
+                    : text;
 }

@@ -307,10 +307,11 @@ void EngineDispatcher::report(const Entry &entry) {
                 .arg(name, entry.title, problem.localizedDescription);
         QVJobLog::log(report);
     }
-    if (problems.count() > MostReported) {
+    if (const auto more = problems.count() - MostReported; more > 0) {
         report.text =
-            localizedSyncString("%1 more items of “%2” could not be synchronized with “%3”.")
-                .arg(QString::number(problems.count() - MostReported), name, entry.title);
+            localizedSyncCount("%1 more items of “%2” could not be synchronized with “%3”.",
+                               "%1 more item of “%2” could not be synchronized with “%3”.", more)
+                .arg(QString::number(more), name, entry.title);
         QVJobLog::log(report);
     }
     if (!entry.job->result() || entry.state) {

@@ -540,8 +540,9 @@ Expected<void> SyncSession::checkRemoval() {
         setUndecidedRemoval(removal);
         return failure(engineError(
             EngineErrorCode::RemovalUndecided,
-            localizedSyncString("The location removes %1 of %2 notes. Nothing was changed. "
-                                "Synchronize again to decide what happens to these notes.")
+            localizedSyncCount("The location removes %1 of %2 notes. Nothing was changed. "
+                               "Synchronize again to decide what happens to these notes.",
+                               nullptr, *count)
                 .arg(QString::number(removed->size()), QString::number(*count))));
     }
     return {};

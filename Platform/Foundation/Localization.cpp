@@ -18,16 +18,35 @@ Tables &tables() {
     return all;
 }
 
-}  // namespace
-
-QString localizedString(const char *table, const char *key) {
+/// Returns the empty string if the table has no such text. A negative `count` is none.
+QString translated(const char *table, const char *key, int count) {
     const std::shared_lock lock(tables().mutex);
     const auto length = static_cast<qsizetype>(qstrlen(table));
     const QList<const QTranslator *> translators =
         tables().translators.value(QByteArray::fromRawData(table, length));
-    const QString text =
-        translators.isEmpty() ? QString() : translators.last()->translate(table, key);
+    return translators.isEmpty() ? QString()
+                                 : translators.last()->translate(table, key, nullptr, count);
+}
+
+}  // namespace
+
+QString localizedString(const char *table, const char *key) {
+    const QString text = translated(table, key, -1);
     return text.isEmpty() ? QString::fromUtf8(key) : text;
+}
+
+QString localizedString(const char *table, const char *key, const char *one, qint64 count) {
+    const QString text = translated(table, key, pluralCount(count));
+    if (!text.isEmpty()) {
+        return text;
+    }
+    return QString::fromUtf8(count == 1 && one ? one : key);
+}
+
+int pluralCount(qint64 count) {
+    // No language looks at more than the last digits and whether there are others.
+    constexpr qint64 Period = 1'000'000;
+    return static_cast<int>(count < Period ? qMax(count, qint64(0)) : Period + count % Period);
 }
 
 void addLocalizationTable(const QByteArray &table, const QTranslator *translator) {

@@ -12,9 +12,23 @@ class QTranslator;
 /// Only the translator that was set for the table is searched; translators that are installed in
 /// the application are not, even if they know a context of the same name. Returns the key itself if
 /// the table has no translator or the translator has no such text. Thread-safe. Neither argument
-/// may be null. Texts with plural forms or comments are not supported. Blocks only while a table is
-/// added or removed.
+/// may be null. Texts with comments are not supported. Blocks only while a table is added or
+/// removed.
 PLATFORM_EXPORT QString localizedString(const char *table, const char *key);
+
+/// Returns `key`, an English text about `count` things, in the user's language and in the plural
+/// form that `count` requires there.
+///
+/// The table must have plural forms for the key. If it has no such text, or the table has no
+/// translator, returns `one`, the English text about one thing, if `count` is 1, and otherwise the
+/// key. `one` is null if the English text does not depend on the count. Placeholders, also the one
+/// of the count, are left to the caller. Thread-safe and blocks as the function above.
+PLATFORM_EXPORT QString localizedString(const char *table, const char *key, const char *one,
+                                        qint64 count);
+
+/// Returns a number that fits an `int` and requires the same plural form as `count` in every
+/// language. A negative count is 0.
+PLATFORM_EXPORT int pluralCount(qint64 count);
 
 /// The table of Platform's own texts.
 inline constexpr char PlatformTable[] = "Platform";

@@ -59,13 +59,16 @@
         <source>“%1” does not return what was written to it. Check the server or the disk, or use another location.</source>
         <translation>ما يُقرأ من «%1» يختلف عما كُتب فيه. تحقق من الخادم أو القرص، أو استخدم موقعًا آخر.</translation>
     </message>
-    <message>
-        <source>1 database</source>
-        <translation>قاعدة بيانات واحدة</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>%1 databases</source>
-        <translation>قواعد البيانات: %1</translation>
+        <translation>
+            <numerusform>%1 قاعدة بيانات</numerusform>
+            <numerusform>%1 قاعدة بيانات</numerusform>
+            <numerusform>%1 قاعدة بيانات</numerusform>
+            <numerusform>%1 قواعد بيانات</numerusform>
+            <numerusform>%1 قاعدة بيانات</numerusform>
+            <numerusform>%1 قاعدة بيانات</numerusform>
+        </translation>
     </message>
     <message>
         <source>“%1” can be read. %2.</source>
@@ -187,9 +190,16 @@
         <source>synchronized %1</source>
         <translation>تمت المزامنة %1</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>Synchronized with %1 of %2 locations · %3</source>
-        <translation>المزامنة تمت مع %1 من %2 من المواقع · %3</translation>
+        <translation>
+            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
+            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
+            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
+            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
+            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
+            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
+        </translation>
     </message>
     <message>
         <source>Synchronization failed</source>
@@ -711,9 +721,16 @@
         <source>“%1”</source>
         <translation>«%1»</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>%1 and %2 more</source>
-        <translation>%1 و%2 أخرى</translation>
+        <translation>
+            <numerusform>%1 و%2 أخرى</numerusform>
+            <numerusform>%1 و%2 أخرى</numerusform>
+            <numerusform>%1 و%2 أخرى</numerusform>
+            <numerusform>%1 و%2 أخرى</numerusform>
+            <numerusform>%1 و%2 أخرى</numerusform>
+            <numerusform>%1 و%2 أخرى</numerusform>
+        </translation>
     </message>
     <message>
         <source>name of a database</source>
@@ -1111,9 +1128,16 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Keep</source>
         <translation>احتفاظ</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>%1 more items of “%2” could not be synchronized with “%3”.</source>
-        <translation>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</translation>
+        <translation>
+            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
+            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
+            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
+            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
+            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
+            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
+        </translation>
     </message>
     <message>
         <source>More of these, which are not listed: %1.</source>
@@ -1591,9 +1615,16 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>This version of “%1” is no longer kept.</source>
         <translation>لم يعد هذا الإصدار من «%1» محفوظًا.</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>The location removes %1 of %2 notes. Nothing was changed. Synchronize again to decide what happens to these notes.</source>
-        <translation>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</translation>
+        <translation>
+            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+        </translation>
     </message>
     <message>
         <source>The location lists the record “%1” but does not return it. Check the server or the disk.</source>
@@ -1663,13 +1694,16 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Waiting to synchronize “%1” with “%2”…</source>
         <translation>بانتظار مزامنة «%1» مع «%2»…</translation>
     </message>
-    <message>
-        <source>synchronized %1, but 1 item failed</source>
-        <translation>تمت المزامنة %1، لكن فشل عنصر واحد</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>synchronized %1, but %2 items failed</source>
-        <translation>تمت المزامنة %1، لكن فشلت عناصر عددها %2</translation>
+        <translation>
+            <numerusform>تمت المزامنة %1، لكن فشل %2 عنصر</numerusform>
+            <numerusform>تمت المزامنة %1، لكن فشل %2 عنصر</numerusform>
+            <numerusform>تمت المزامنة %1، لكن فشل %2 عنصر</numerusform>
+            <numerusform>تمت المزامنة %1، لكن فشل %2 عناصر</numerusform>
+            <numerusform>تمت المزامنة %1، لكن فشل %2 عنصرًا</numerusform>
+            <numerusform>تمت المزامنة %1، لكن فشل %2 عنصر</numerusform>
+        </translation>
     </message>
     <message>
         <source>Synchronized %1, but some items failed</source>

@@ -59,13 +59,12 @@
         <source>“%1” does not return what was written to it. Check the server or the disk, or use another location.</source>
         <translation>„%1“ liefert nicht zurück, was geschrieben wurde. Prüfen Sie den Server oder den Datenträger, oder verwenden Sie einen anderen Ort.</translation>
     </message>
-    <message>
-        <source>1 database</source>
-        <translation>1 Datenbank</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>%1 databases</source>
-        <translation>%1 Datenbanken</translation>
+        <translation>
+            <numerusform>%1 Datenbank</numerusform>
+            <numerusform>%1 Datenbanken</numerusform>
+        </translation>
     </message>
     <message>
         <source>“%1” can be read. %2.</source>
@@ -187,9 +186,12 @@
         <source>synchronized %1</source>
         <translation>%1 synchronisiert</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>Synchronized with %1 of %2 locations · %3</source>
-        <translation>Mit %1 von %2 Orten synchronisiert · %3</translation>
+        <translation>
+            <numerusform>Mit %1 von %2 Ort synchronisiert · %3</numerusform>
+            <numerusform>Mit %1 von %2 Orten synchronisiert · %3</numerusform>
+        </translation>
     </message>
     <message>
         <source>Synchronization failed</source>
@@ -727,9 +729,12 @@
         <source>“%1”</source>
         <translation>„%1“</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>%1 and %2 more</source>
-        <translation>%1 und %2 weitere</translation>
+        <translation>
+            <numerusform>%1 und %2 weitere</numerusform>
+            <numerusform>%1 und %2 weitere</numerusform>
+        </translation>
     </message>
     <message>
         <source>name of a database</source>
@@ -1127,9 +1132,12 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>Keep</source>
         <translation>Behalten</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>%1 more items of “%2” could not be synchronized with “%3”.</source>
-        <translation>%1 weitere Objekte von „%2“ konnten nicht mit „%3“ synchronisiert werden.</translation>
+        <translation>
+            <numerusform>%1 weiteres Objekt von „%2“ konnte nicht mit „%3“ synchronisiert werden.</numerusform>
+            <numerusform>%1 weitere Objekte von „%2“ konnten nicht mit „%3“ synchronisiert werden.</numerusform>
+        </translation>
     </message>
     <message>
         <source>More of these, which are not listed: %1.</source>
@@ -1607,9 +1615,12 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>This version of “%1” is no longer kept.</source>
         <translation>Diese Fassung von „%1“ wird nicht mehr aufbewahrt.</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>The location removes %1 of %2 notes. Nothing was changed. Synchronize again to decide what happens to these notes.</source>
-        <translation>Der Ort entfernt %1 von %2 Notizen. Es wurde nichts geändert. Synchronisieren Sie erneut, um zu entscheiden, was mit diesen Notizen geschieht.</translation>
+        <translation>
+            <numerusform>Der Ort entfernt %1 von %2 Notiz. Es wurde nichts geändert. Synchronisieren Sie erneut, um zu entscheiden, was mit diesen Notizen geschieht.</numerusform>
+            <numerusform>Der Ort entfernt %1 von %2 Notizen. Es wurde nichts geändert. Synchronisieren Sie erneut, um zu entscheiden, was mit diesen Notizen geschieht.</numerusform>
+        </translation>
     </message>
     <message>
         <source>The location lists the record “%1” but does not return it. Check the server or the disk.</source>
@@ -1679,13 +1690,12 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>Waiting to synchronize “%1” with “%2”…</source>
         <translation>„%1“ wird bald mit „%2“ synchronisiert …</translation>
     </message>
-    <message>
-        <source>synchronized %1, but 1 item failed</source>
-        <translation>%1 synchronisiert, aber 1 Objekt ist fehlgeschlagen</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>synchronized %1, but %2 items failed</source>
-        <translation>%1 synchronisiert, aber %2 Objekte sind fehlgeschlagen</translation>
+        <translation>
+            <numerusform>%1 synchronisiert, aber %2 Objekt ist fehlgeschlagen</numerusform>
+            <numerusform>%1 synchronisiert, aber %2 Objekte sind fehlgeschlagen</numerusform>
+        </translation>
     </message>
     <message>
         <source>Synchronized %1, but some items failed</source>

@@ -59,13 +59,11 @@
         <source>“%1” does not return what was written to it. Check the server or the disk, or use another location.</source>
         <translation>「%1」から読み取った内容が、書き込んだ内容と違います。サーバーまたはディスクを確認するか、別の同期先を使ってください。</translation>
     </message>
-    <message>
-        <source>1 database</source>
-        <translation>データベース1件</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>%1 databases</source>
-        <translation>データベース%1件</translation>
+        <translation>
+            <numerusform>データベース%1件</numerusform>
+        </translation>
     </message>
     <message>
         <source>“%1” can be read. %2.</source>
@@ -187,9 +185,11 @@
         <source>synchronized %1</source>
         <translation>%1に同期</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>Synchronized with %1 of %2 locations · %3</source>
-        <translation>同期先%2件中%1件と同期済み · %3</translation>
+        <translation>
+            <numerusform>同期先%2件中%1件と同期済み · %3</numerusform>
+        </translation>
     </message>
     <message>
         <source>Synchronization failed</source>
@@ -711,9 +711,11 @@
         <source>“%1”</source>
         <translation>「%1」</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>%1 and %2 more</source>
-        <translation>%1、ほか%2件</translation>
+        <translation>
+            <numerusform>%1、ほか%2件</numerusform>
+        </translation>
     </message>
     <message>
         <source>name of a database</source>
@@ -1111,9 +1113,11 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Keep</source>
         <translation>残す</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>%1 more items of “%2” could not be synchronized with “%3”.</source>
-        <translation>「%2」の項目をさらに%1件、「%3」と同期できませんでした。</translation>
+        <translation>
+            <numerusform>「%2」の項目をさらに%1件、「%3」と同期できませんでした。</numerusform>
+        </translation>
     </message>
     <message>
         <source>More of these, which are not listed: %1.</source>
@@ -1591,9 +1595,11 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>This version of “%1” is no longer kept.</source>
         <translation>「%1」のこのバージョンは、もう保管されていません。</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>The location removes %1 of %2 notes. Nothing was changed. Synchronize again to decide what happens to these notes.</source>
-        <translation>同期先でノート%2件のうち%1件が削除されています。何も変更されていません。これらのノートをどうするかを決めるには、もう一度同期してください。</translation>
+        <translation>
+            <numerusform>同期先でノート%2件のうち%1件が削除されています。何も変更されていません。これらのノートをどうするかを決めるには、もう一度同期してください。</numerusform>
+        </translation>
     </message>
     <message>
         <source>The location lists the record “%1” but does not return it. Check the server or the disk.</source>
@@ -1663,13 +1669,11 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Waiting to synchronize “%1” with “%2”…</source>
         <translation>「%1」と「%2」の同期を待っています…</translation>
     </message>
-    <message>
-        <source>synchronized %1, but 1 item failed</source>
-        <translation>%1に同期、1件の項目が失敗</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>synchronized %1, but %2 items failed</source>
-        <translation>%1に同期、%2件の項目が失敗</translation>
+        <translation>
+            <numerusform>%1に同期、%2件の項目が失敗</numerusform>
+        </translation>
     </message>
     <message>
         <source>Synchronized %1, but some items failed</source>

@@ -23,9 +23,16 @@
         <source>This note was edited in two places.</source>
         <translation>حُرِّرت هذه الملاحظة في موضعين.</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>This note was edited in %1 places.</source>
-        <translation>عدد المواضع التي حُرِّرت فيها هذه الملاحظة: %1.</translation>
+        <translation>
+            <numerusform>حُرِّرت هذه الملاحظة في %1 موضع.</numerusform>
+            <numerusform>حُرِّرت هذه الملاحظة في %1 موضع.</numerusform>
+            <numerusform>حُرِّرت هذه الملاحظة في %1 موضع.</numerusform>
+            <numerusform>حُرِّرت هذه الملاحظة في %1 مواضع.</numerusform>
+            <numerusform>حُرِّرت هذه الملاحظة في %1 موضعًا.</numerusform>
+            <numerusform>حُرِّرت هذه الملاحظة في %1 موضع.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -191,13 +198,16 @@
         <source>&amp;Close</source>
         <translation>إغلاق (&amp;C)</translation>
     </message>
-    <message>
-        <source> day</source>
-        <translation> يوم</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source> days</source>
-        <translation> يوم</translation>
+        <translation>
+            <numerusform> يوم</numerusform>
+            <numerusform> يوم</numerusform>
+            <numerusform> يوم</numerusform>
+            <numerusform> أيام</numerusform>
+            <numerusform> يومًا</numerusform>
+            <numerusform> يوم</numerusform>
+        </translation>
     </message>
     <message>
         <source>Days that deleted notes and earlier versions are kept</source>
@@ -219,13 +229,16 @@
         <source>and up to</source>
         <translation>وبحد أقصى</translation>
     </message>
-    <message>
-        <source>The new limits remove 1 deleted note or earlier version.</source>
-        <translation>يزيل الحدان الجديدان ملاحظة محذوفة أو إصدارًا سابقًا واحدًا.</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>The new limits remove %1 deleted notes and earlier versions.</source>
-        <translation>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</translation>
+        <translation>
+            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
+            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
+            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
+            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
+            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
+            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
+        </translation>
     </message>
     <message>
         <source>What is removed cannot be restored any more. If you keep it, the limits stay as they were.</source>
@@ -384,13 +397,16 @@
         <source>&amp;Cancel</source>
         <translation>إلغاء (&amp;C)</translation>
     </message>
-    <message>
-        <source>%1 · 1 conflict</source>
-        <translation>%1 · فيها تعارض واحد</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>%1 · %2 conflicts</source>
-        <translation>%1 · فيها تعارضات: %2</translation>
+        <translation>
+            <numerusform>%1 · فيها %2 تعارض</numerusform>
+            <numerusform>%1 · فيها %2 تعارض</numerusform>
+            <numerusform>%1 · فيها %2 تعارض</numerusform>
+            <numerusform>%1 · فيها %2 تعارضات</numerusform>
+            <numerusform>%1 · فيها %2 تعارضًا</numerusform>
+            <numerusform>%1 · فيها %2 تعارض</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 · cannot be read</source>
@@ -556,9 +572,16 @@
 </context>
 <context>
     <name>RemovalDialog</name>
-    <message>
+    <message numerus="yes">
         <source>The synchronization with “%1” would remove %2 of the %3 notes in “%4”.</source>
-        <translation>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</translation>
+        <translation>
+            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
+            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
+            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
+            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
+            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
+            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
+        </translation>
     </message>
     <message>
         <source>Nothing has been changed yet. “velmora sync --removals keep” keeps these notes, also on your other computers; “--removals remove” removes them.</source>
@@ -572,9 +595,16 @@
         <source>Untitled</source>
         <translation>بلا عنوان</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>… and %1 more</source>
-        <translation>… و%1 أخرى</translation>
+        <translation>
+            <numerusform>… و%1 أخرى</numerusform>
+            <numerusform>… و%1 أخرى</numerusform>
+            <numerusform>… و%1 أخرى</numerusform>
+            <numerusform>… و%1 أخرى</numerusform>
+            <numerusform>… و%1 أخرى</numerusform>
+            <numerusform>… و%1 أخرى</numerusform>
+        </translation>
     </message>
     <message>
         <source>&amp;Keep the Notes</source>
@@ -756,9 +786,16 @@
         <source>There are changes that are not synchronized yet</source>
         <translation>توجد تغييرات لم تُزامَن بعد</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>%1 of %2 synchronizations failed</source>
-        <translation>عدد المزامنات التي فشلت: %1 من %2</translation>
+        <translation>
+            <numerusform>عدد المزامنات التي فشلت: %1 من %2</numerusform>
+            <numerusform>عدد المزامنات التي فشلت: %1 من %2</numerusform>
+            <numerusform>عدد المزامنات التي فشلت: %1 من %2</numerusform>
+            <numerusform>عدد المزامنات التي فشلت: %1 من %2</numerusform>
+            <numerusform>عدد المزامنات التي فشلت: %1 من %2</numerusform>
+            <numerusform>عدد المزامنات التي فشلت: %1 من %2</numerusform>
+        </translation>
     </message>
     <message>
         <source>“%1” is not synchronized with “%2”</source>
@@ -809,9 +846,16 @@
         <source>There are changes that are not synchronized. Synchronize them before quitting?</source>
         <translation>توجد تغييرات لم تُزامَن. هل تريد مزامنتها قبل الإنهاء؟</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>and %1 more</source>
-        <translation>و%1 أخرى</translation>
+        <translation>
+            <numerusform>و%1 أخرى</numerusform>
+            <numerusform>و%1 أخرى</numerusform>
+            <numerusform>و%1 أخرى</numerusform>
+            <numerusform>و%1 أخرى</numerusform>
+            <numerusform>و%1 أخرى</numerusform>
+            <numerusform>و%1 أخرى</numerusform>
+        </translation>
     </message>
     <message>
         <source>&amp;Quit</source>

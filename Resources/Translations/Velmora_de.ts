@@ -23,9 +23,12 @@
         <source>This note was edited in two places.</source>
         <translation>Diese Notiz wurde an zwei Stellen bearbeitet.</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>This note was edited in %1 places.</source>
-        <translation>Diese Notiz wurde an %1 Stellen bearbeitet.</translation>
+        <translation>
+            <numerusform>Diese Notiz wurde an %1 Stelle bearbeitet.</numerusform>
+            <numerusform>Diese Notiz wurde an %1 Stellen bearbeitet.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -191,13 +194,12 @@
         <source>&amp;Close</source>
         <translation>&amp;Schließen</translation>
     </message>
-    <message>
-        <source> day</source>
-        <translation> Tag</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source> days</source>
-        <translation> Tage</translation>
+        <translation>
+            <numerusform> Tag</numerusform>
+            <numerusform> Tage</numerusform>
+        </translation>
     </message>
     <message>
         <source>Days that deleted notes and earlier versions are kept</source>
@@ -219,13 +221,12 @@
         <source>and up to</source>
         <translation>und bis zu</translation>
     </message>
-    <message>
-        <source>The new limits remove 1 deleted note or earlier version.</source>
-        <translation>Die neuen Grenzen entfernen 1 gelöschte Notiz oder frühere Fassung.</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>The new limits remove %1 deleted notes and earlier versions.</source>
-        <translation>Die neuen Grenzen entfernen %1 gelöschte Notizen und frühere Fassungen.</translation>
+        <translation>
+            <numerusform>Die neuen Grenzen entfernen %1 gelöschte Notiz oder frühere Fassung.</numerusform>
+            <numerusform>Die neuen Grenzen entfernen %1 gelöschte Notizen und frühere Fassungen.</numerusform>
+        </translation>
     </message>
     <message>
         <source>What is removed cannot be restored any more. If you keep it, the limits stay as they were.</source>
@@ -384,13 +385,12 @@
         <source>&amp;Cancel</source>
         <translation>&amp;Abbrechen</translation>
     </message>
-    <message>
-        <source>%1 · 1 conflict</source>
-        <translation>%1 · 1 Konflikt</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>%1 · %2 conflicts</source>
-        <translation>%1 · %2 Konflikte</translation>
+        <translation>
+            <numerusform>%1 · %2 Konflikt</numerusform>
+            <numerusform>%1 · %2 Konflikte</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 · cannot be read</source>
@@ -556,9 +556,12 @@
 </context>
 <context>
     <name>RemovalDialog</name>
-    <message>
+    <message numerus="yes">
         <source>The synchronization with “%1” would remove %2 of the %3 notes in “%4”.</source>
-        <translation>Die Synchronisierung mit „%1“ würde %2 der %3 Notizen in „%4“ entfernen.</translation>
+        <translation>
+            <numerusform>Die Synchronisierung mit „%1“ würde %2 der %3 Notizen in „%4“ entfernen.</numerusform>
+            <numerusform>Die Synchronisierung mit „%1“ würde %2 der %3 Notizen in „%4“ entfernen.</numerusform>
+        </translation>
     </message>
     <message>
         <source>Nothing has been changed yet. “velmora sync --removals keep” keeps these notes, also on your other computers; “--removals remove” removes them.</source>
@@ -572,9 +575,12 @@
         <source>Untitled</source>
         <translation>Ohne Titel</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>… and %1 more</source>
-        <translation>… und %1 weitere</translation>
+        <translation>
+            <numerusform>… und %1 weitere</numerusform>
+            <numerusform>… und %1 weitere</numerusform>
+        </translation>
     </message>
     <message>
         <source>&amp;Keep the Notes</source>
@@ -756,9 +762,12 @@
         <source>There are changes that are not synchronized yet</source>
         <translation>Es gibt Änderungen, die noch nicht synchronisiert sind</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>%1 of %2 synchronizations failed</source>
-        <translation>%1 von %2 Synchronisierungen sind fehlgeschlagen</translation>
+        <translation>
+            <numerusform>%1 von %2 Synchronisierungen ist fehlgeschlagen</numerusform>
+            <numerusform>%1 von %2 Synchronisierungen sind fehlgeschlagen</numerusform>
+        </translation>
     </message>
     <message>
         <source>“%1” is not synchronized with “%2”</source>
@@ -809,9 +818,12 @@
         <source>There are changes that are not synchronized. Synchronize them before quitting?</source>
         <translation>Es gibt Änderungen, die nicht synchronisiert sind. Sollen sie vor dem Beenden synchronisiert werden?</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>and %1 more</source>
-        <translation>und %1 weitere</translation>
+        <translation>
+            <numerusform>und %1 weitere</numerusform>
+            <numerusform>und %1 weitere</numerusform>
+        </translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -906,7 +918,7 @@
     </message>
     <message>
         <source>There is no database “%1”. “velmora --describe” lists all.</source>
-        <translation>Es gibt keine Datenbank „%1“. Geben Sie Titel oder Adresse eines dieser Orte an:</translation>
+        <translation>Es gibt keine Datenbank „%1“. „velmora --describe“ führt alle auf.</translation>
     </message>
     <message>
         <source>Nothing is synchronized. Tick a location in Sync Preferences first.</source>

@@ -23,9 +23,11 @@
         <source>This note was edited in two places.</source>
         <translation>このノートは2か所で編集されました。</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>This note was edited in %1 places.</source>
-        <translation>このノートは%1か所で編集されました。</translation>
+        <translation>
+            <numerusform>このノートは%1か所で編集されました。</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -191,13 +193,11 @@
         <source>&amp;Close</source>
         <translation>閉じる(&amp;C)</translation>
     </message>
-    <message>
-        <source> day</source>
-        <translation>日</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source> days</source>
-        <translation>日</translation>
+        <translation>
+            <numerusform>日</numerusform>
+        </translation>
     </message>
     <message>
         <source>Days that deleted notes and earlier versions are kept</source>
@@ -219,13 +219,11 @@
         <source>and up to</source>
         <translation>容量の上限:</translation>
     </message>
-    <message>
-        <source>The new limits remove 1 deleted note or earlier version.</source>
-        <translation>新しい上限にすると、削除されたノートまたは以前のバージョンが1件消去されます。</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>The new limits remove %1 deleted notes and earlier versions.</source>
-        <translation>新しい上限にすると、削除されたノートと以前のバージョンが%1件消去されます。</translation>
+        <translation>
+            <numerusform>新しい上限にすると、削除されたノートと以前のバージョンが%1件消去されます。</numerusform>
+        </translation>
     </message>
     <message>
         <source>What is removed cannot be restored any more. If you keep it, the limits stay as they were.</source>
@@ -384,13 +382,11 @@
         <source>&amp;Cancel</source>
         <translation>キャンセル(&amp;C)</translation>
     </message>
-    <message>
-        <source>%1 · 1 conflict</source>
-        <translation>%1 · 競合1件</translation>
-    </message>
-    <message>
+    <message numerus="yes">
         <source>%1 · %2 conflicts</source>
-        <translation>%1 · 競合%2件</translation>
+        <translation>
+            <numerusform>%1 · 競合%2件</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 · cannot be read</source>
@@ -556,9 +552,11 @@
 </context>
 <context>
     <name>RemovalDialog</name>
-    <message>
+    <message numerus="yes">
         <source>The synchronization with “%1” would remove %2 of the %3 notes in “%4”.</source>
-        <translation>「%1」と同期すると、「%4」のノート%3件のうち%2件が削除されます。</translation>
+        <translation>
+            <numerusform>「%1」と同期すると、「%4」のノート%3件のうち%2件が削除されます。</numerusform>
+        </translation>
     </message>
     <message>
         <source>Nothing has been changed yet. “velmora sync --removals keep” keeps these notes, also on your other computers; “--removals remove” removes them.</source>
@@ -572,9 +570,11 @@
         <source>Untitled</source>
         <translation>無題</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>… and %1 more</source>
-        <translation>…ほか%1件</translation>
+        <translation>
+            <numerusform>…ほか%1件</numerusform>
+        </translation>
     </message>
     <message>
         <source>&amp;Keep the Notes</source>
@@ -756,9 +756,11 @@
         <source>There are changes that are not synchronized yet</source>
         <translation>まだ同期されていない変更があります</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>%1 of %2 synchronizations failed</source>
-        <translation>同期%2件のうち%1件が失敗しました</translation>
+        <translation>
+            <numerusform>同期%2件のうち%1件が失敗しました</numerusform>
+        </translation>
     </message>
     <message>
         <source>“%1” is not synchronized with “%2”</source>
@@ -809,9 +811,11 @@
         <source>There are changes that are not synchronized. Synchronize them before quitting?</source>
         <translation>同期されていない変更があります。終了する前に同期しますか？</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>and %1 more</source>
-        <translation>ほか%1件</translation>
+        <translation>
+            <numerusform>ほか%1件</numerusform>
+        </translation>
     </message>
     <message>
         <source>&amp;Quit</source>
