@@ -18,6 +18,7 @@
 #include "Application/EventLog.h"
 #include "Application/PreferencesWindow.h"
 #include "Support/FailingTable.h"
+#include "Support/Languages.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "Support/Verification.h"
@@ -290,18 +291,15 @@ private Q_SLOTS:
     }
 
     void noMnemonicIsUsedTwice_data() {
-        QTest::addColumn<QString>("language");
-        QTest::addRow("English") << QString();
-        QTest::addRow("German") << QStringLiteral("de");
+        QTest::addColumn<QLocale>("locale");
+        for (const QLocale &locale : Languages::all()) {
+            QTest::newRow(qPrintable(QLocale::languageToString(locale.language()))) << locale;
+        }
     }
     void noMnemonicIsUsedTwice() {
-        QFETCH(QString, language);
-        QTranslator table;
-        if (!language.isEmpty()) {
-            QVERIFY(
-                table.load(QStringLiteral(":/Velmora/Translations/Velmora_%1.qm").arg(language)));
-            QVERIFY(QCoreApplication::installTranslator(&table));
-        }
+        QFETCH(const QLocale, locale);
+        Languages languages;
+        languages.use(locale);
         m_window.reset();
         m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
         QStringList titles;

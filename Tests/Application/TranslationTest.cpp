@@ -1,9 +1,10 @@
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
 
+#include "Support/Languages.h"
 #include "Support/TestMain.h"
 
-/// Every text of the application has a German translation.
+/// Every text of the application is translated into every language.
 class TranslationTest : public QObject {
     Q_OBJECT
 private:
@@ -13,7 +14,7 @@ private:
         QByteArray key;
     };
 
-    QTranslator m_table;
+    QTranslator m_german;
 
     static QString contents(const QString &path) {
         QFile file(path);
@@ -38,7 +39,7 @@ private:
     /// for others names their context in the only call without a text.
     static QList<Text> textsIn(const QString &path) {
         static const QRegularExpression direct(
-            QStringLiteral("\\btranslate\\(\\s*\"(\\w+)\",\\s*(text)?"));
+            QStringLiteral("\\btranslate(?:Count)?\\(\\s*\"(\\w+)\",\\s*(text)?"));
         const QString source = contents(path);
         QByteArray helped = QFileInfo(path).baseName().toUtf8();
         QList<Text> texts;
@@ -61,7 +62,7 @@ private:
 
 private Q_SLOTS:
     void initTestCase() {
-        QVERIFY(m_table.load(QStringLiteral(":/Velmora/Translations/Velmora_de.qm")));
+        QVERIFY(m_german.load(QStringLiteral(":/Velmora/Translations/Velmora_de.qm")));
     }
 
     void everyTextIsTranslated_data() {
@@ -75,9 +76,15 @@ private Q_SLOTS:
     }
     void everyTextIsTranslated() {
         QFETCH(QString, path);
-        for (const Text &text : textsIn(path)) {
-            QVERIFY2(!m_table.translate(text.context, text.key).isEmpty(),
-                     text.context + ": " + text.key);
+        const QList<Text> texts = textsIn(path);
+        for (const QString &language : Languages::translated()) {
+            QTranslator table;
+            QVERIFY(table.load(QStringLiteral("Velmora_") + language,
+                               QStringLiteral(":/Velmora/Translations")));
+            for (const Text &text : texts) {
+                QVERIFY2(!table.translate(text.context, text.key).isEmpty(),
+                         language.toUtf8() + ", " + text.context + ": " + text.key);
+            }
         }
     }
 
@@ -95,20 +102,47 @@ private Q_SLOTS:
     }
 
     void aTextOfAnotherClassDoesNotCount() {
-        QVERIFY(!m_table.translate("HistoryDialog", "Untitled").isEmpty());
-        QVERIFY(m_table.translate("LogWindow", "Untitled").isEmpty());
+        QVERIFY(!m_german.translate("HistoryDialog", "Untitled").isEmpty());
+        QVERIFY(m_german.translate("LogWindow", "Untitled").isEmpty());
     }
 
-    void theHelpIsTranslated() {
+    void theHelpIsInTheFirstLanguageOfTheUserThatExists_data() {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("languages");
+        QTest::addColumn<QString>("text");
+        const QString english = QStringLiteral("Use the profile in DIR.");
+        const QString german = QStringLiteral("Das Profil in DIR verwenden.");
+        const QString austria = QStringLiteral("de_AT.UTF-8");
+        QTest::newRow("locale") << QStringLiteral("de_DE.UTF-8") << QString() << german;
+        QTest::newRow("country") << austria << QString() << german;
+        QTest::newRow("unknown locale") << QStringLiteral("mi_NZ.UTF-8") << QString() << english;
+        QTest::newRow("C") << QStringLiteral("C") << QString() << english;
+        QTest::newRow("second language") << austria << QStringLiteral("nl:mi:de_AT:en") << german;
+        QTest::newRow("English first") << austria << QStringLiteral("en_GB:de") << english;
+    }
+    void theHelpIsInTheFirstLanguageOfTheUserThatExists() {
+        QFETCH(const QString, locale);
+        QFETCH(const QString, languages);
+        QFETCH(const QString, text);
         QProcess program;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));
-        environment.remove(QStringLiteral("LANGUAGE"));
+        environment.remove(QStringLiteral("LC_ALL"));
+        environment.insert(QStringLiteral("LANG"), locale);
+        environment.insert(QStringLiteral("LC_MESSAGES"), locale);
+        environment.insert(QStringLiteral("LANGUAGE"), languages);
         program.setProcessEnvironment(environment);
         program.start(QStringLiteral(VELMORA), {QStringLiteral("--help")});
         QVERIFY(program.waitForFinished());
         const QString help = QString::fromUtf8(program.readAllStandardOutput());
-        QVERIFY2(help.contains(QStringLiteral("Das Profil in DIR verwenden.")), qPrintable(help));
+        QVERIFY2(help.contains(text), qPrintable(help));
+        // Qt is also in Dutch, but its texts are in the language of the others.
+        QTranslator dutch;
+        if (dutch.load(QStringLiteral("qtbase_nl"),
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+            const QString mixed =
+                dutch.translate("QCommandLineParser", "Displays help on commandline options.");
+            QVERIFY2(!mixed.isEmpty() && !help.contains(mixed), qPrintable(help));
+        }
     }
 };
 

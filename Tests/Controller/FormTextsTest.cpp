@@ -6,6 +6,7 @@
 #include "Controller/QVImportDatabasesController.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/Nib.h"
+#include "Support/Languages.h"
 #include "Support/ShownTexts.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -83,10 +84,10 @@ private:
         QTest::addColumn<QString>("form");
         QTest::addColumn<QLocale>("locale");
         for (const QString &form : forms) {
-            for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
+            for (const QLocale &locale : Languages::all()) {
                 QTest::addRow("%s, %s", qPrintable(form),
-                              qPrintable(QLocale::languageToString(language)))
-                    << form << QLocale(language);
+                              qPrintable(QLocale::languageToString(locale.language())))
+                    << form << locale;
             }
         }
     }

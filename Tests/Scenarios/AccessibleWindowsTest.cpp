@@ -1,6 +1,4 @@
 #include <QtCore/QDir>
-#include <QtCore/QLibraryInfo>
-#include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
 
 #include "Application/VelmoraApplication.h"
@@ -8,6 +6,7 @@
 #include "Platform/Interface/Nib.h"
 #include "Scenarios/EveryWindow.h"
 #include "Support/AccessibleTree.h"
+#include "Support/Languages.h"
 #include "Support/ShownContrast.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -34,18 +33,9 @@ QPalette highContrastPalette() {
 class AccessibleWindowsTest : public QObject {
     Q_OBJECT
 
-    QTranslator m_german;
-    QTranslator m_qtGerman;
+    Languages m_languages;
 
     static VelmoraApplication &application() { return *static_cast<VelmoraApplication *>(qApp); }
-
-    void speak(const QLocale &locale) {
-        QLocale::setDefault(locale);
-        if (locale.language() == QLocale::German) {
-            QCoreApplication::installTranslator(&m_german);
-            QCoreApplication::installTranslator(&m_qtGerman);
-        }
-    }
 
     static QStringList sheets() {
         return {QStringLiteral("QVBookmarkingWindow"),
@@ -56,19 +46,19 @@ class AccessibleWindowsTest : public QObject {
                 QStringLiteral("QVWebDAVLocationEditor")};
     }
 
-    static void addWindows() {
+    static void addWindows(const QList<QLocale> &locales) {
         QTest::addColumn<EveryWindow::MakeWindow>("makeWindow");
         QTest::addColumn<QString>("sheet");
         QTest::addColumn<QLocale>("locale");
-        for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
-            const QByteArray name = QLocale::languageToString(language).toUtf8();
+        for (const QLocale &locale : locales) {
+            const QByteArray name = QLocale::languageToString(locale.language()).toUtf8();
             for (const auto &[window, makeWindow] : EveryWindow::all()) {
                 QTest::addRow("%s, %s", window, name.constData())
-                    << makeWindow << QString() << QLocale(language);
+                    << makeWindow << QString() << locale;
             }
             for (const QString &sheet : sheets()) {
                 QTest::addRow("%s, %s", qPrintable(sheet), name.constData())
-                    << EveryWindow::MakeWindow(nullptr) << sheet << QLocale(language);
+                    << EveryWindow::MakeWindow(nullptr) << sheet << locale;
             }
         }
     }
@@ -84,25 +74,15 @@ class AccessibleWindowsTest : public QObject {
     }
 
 private Q_SLOTS:
-    void initTestCase() {
-        registerSyncPreferencesInterface();
-        QVERIFY(m_german.load(QStringLiteral(":/Velmora/Translations/Velmora_de.qm")));
-        // Its package may be missing.
-        std::ignore = m_qtGerman.load(QStringLiteral("qtbase_de"),
-                                      QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    }
-    void cleanup() {
-        QCoreApplication::removeTranslator(&m_german);
-        QCoreApplication::removeTranslator(&m_qtGerman);
-        QLocale::setDefault(QLocale::c());
-    }
+    void initTestCase() { registerSyncPreferencesInterface(); }
+    void cleanup() { m_languages.reset(); }
 
-    void everyControlCanBeReachedAndIsNamed_data() { addWindows(); }
+    void everyControlCanBeReachedAndIsNamed_data() { addWindows(Languages::all()); }
     void everyControlCanBeReachedAndIsNamed() {
         QFETCH(const EveryWindow::MakeWindow, makeWindow);
         QFETCH(const QString, sheet);
         QFETCH(const QLocale, locale);
-        speak(locale);
+        m_languages.use(locale);
         TestHost host;
         EventLog log;
         const std::unique_ptr<QWidget> window = show(host, log, makeWindow, sheet);
@@ -112,12 +92,15 @@ private Q_SLOTS:
         window->close();
     }
 
-    void everyTextAndOutlineCanBeSeen_data() { addWindows(); }
+    void everyTextAndOutlineCanBeSeen_data() {
+        // Colors do not depend on the language, only on how long the texts are.
+        addWindows({QLocale(QLocale::English), QLocale(QLocale::German)});
+    }
     void everyTextAndOutlineCanBeSeen() {
         QFETCH(const EveryWindow::MakeWindow, makeWindow);
         QFETCH(const QString, sheet);
         QFETCH(const QLocale, locale);
-        speak(locale);
+        m_languages.use(locale);
         const QFont usual = QApplication::font();
         QFont large = usual;
         large.setPointSize(14);

@@ -1,7 +1,5 @@
 #include <QtCore/QElapsedTimer>
-#include <QtCore/QLibraryInfo>
 #include <QtCore/QTimer>
-#include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
@@ -11,9 +9,9 @@
 #include "Application/UnsavedTextDialog.h"
 #include "Controller/Preferences/QVServerPreferencesController.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
-#include "Host/SyncStrings.h"
 #include "Platform/Interface/TableView.h"
 #include "Scenarios/EveryWindow.h"
+#include "Support/Languages.h"
 #include "Support/Patience.h"
 #include "Support/ShownTexts.h"
 #include "Support/TestHost.h"
@@ -91,25 +89,13 @@ class WindowTextsTest : public QObject {
     Q_OBJECT
 
     const QFont m_font = QApplication::font();
-    QTranslator m_german;
-    QTranslator m_qtGerman;
-    QTranslator m_paneGerman;
+    Languages m_languages;
 
 private Q_SLOTS:
-    void initTestCase() {
-        registerSyncPreferencesInterface();
-        QVERIFY(m_german.load(QStringLiteral(":/Velmora/Translations/Velmora_de.qm")));
-        QVERIFY(m_paneGerman.load(QStringLiteral(":/VelmoraSync/Translations/Sync_de.qm")));
-        // Its package may be missing.
-        std::ignore = m_qtGerman.load(QStringLiteral("qtbase_de"),
-                                      QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    }
+    void initTestCase() { registerSyncPreferencesInterface(); }
     void cleanup() {
-        QCoreApplication::removeTranslator(&m_german);
-        QCoreApplication::removeTranslator(&m_qtGerman);
-        removeLocalizationTables(&m_paneGerman);
+        m_languages.reset();
         QApplication::setFont(m_font);
-        QLocale::setDefault(QLocale::c());
     }
 
     void everyTextCanBeRead_data() {
@@ -119,11 +105,11 @@ private Q_SLOTS:
         QList<std::pair<const char *, EveryWindow::MakeWindow>> windows = EveryWindow::all();
         windows.append({"removal bar", removalBar});
         for (const auto &[name, makeWindow] : std::as_const(windows)) {
-            for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
+            for (const QLocale &locale : Languages::all()) {
                 for (const int size : {10, 14, 18}) {
                     QTest::addRow("%s, %s, %d pt", name,
-                                  qPrintable(QLocale::languageToString(language)), size)
-                        << makeWindow << QLocale(language) << size;
+                                  qPrintable(QLocale::languageToString(locale.language())), size)
+                        << makeWindow << locale << size;
                 }
             }
         }
@@ -151,11 +137,11 @@ private Q_SLOTS:
                                                           {"failed", askAboutFailedChanges},
                                                           {"revocation", askAboutRevocation}};
         for (const auto &[name, ask] : questions) {
-            for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
+            for (const QLocale &locale : Languages::all()) {
                 for (const int size : {10, 18}) {
                     QTest::addRow("%s, %s, %d pt", name,
-                                  qPrintable(QLocale::languageToString(language)), size)
-                        << ask << QLocale(language) << size;
+                                  qPrintable(QLocale::languageToString(locale.language())), size)
+                        << ask << locale << size;
                 }
             }
         }
@@ -197,12 +183,7 @@ private Q_SLOTS:
 
 private:
     void use(const QLocale &locale, int size) {
-        QLocale::setDefault(locale);
-        if (locale.language() == QLocale::German) {
-            QCoreApplication::installTranslator(&m_german);
-            QCoreApplication::installTranslator(&m_qtGerman);
-            addLocalizationTable(SyncTable, &m_paneGerman);
-        }
+        m_languages.use(locale);
         QFont font = m_font;
         font.setPointSize(size);
         QApplication::setFont(font);

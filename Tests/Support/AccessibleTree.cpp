@@ -30,6 +30,12 @@ QString plainText(const QString &text) {
     return QString(text).replace(mark, QStringLiteral("\\1"));
 }
 
+/// Returns `text` without the period of an abbreviation.
+QString spokenText(const QString &text) {
+    const QString spoken = plainText(text);
+    return spoken.endsWith(u'.') ? spoken.chopped(1) : spoken;
+}
+
 QString letterIn(const QString &text) {
     return QKeySequence::mnemonic(text).toString();
 }
@@ -109,7 +115,7 @@ private:
             m_problems.append(QStringLiteral("no name: %1").arg(described));
         }
         const auto *button = qobject_cast<QAbstractButton *>(widget);
-        if (button && !name.contains(plainText(button->text()))) {
+        if (button && !name.contains(spokenText(button->text()))) {
             m_problems.append(
                 QStringLiteral("named without its text “%1”: %2").arg(button->text(), described));
         }

@@ -1,9 +1,10 @@
 #include <QtCore/QDirIterator>
 #include <QtCore/QRegularExpression>
 
+#include "Support/Languages.h"
 #include "Support/TestMain.h"
 
-/// The table "Sync" has every text of the pane.
+/// The table "Sync" has every text of the pane, in each language.
 class SyncTableTest : public QObject {
     Q_OBJECT
 
@@ -33,14 +34,23 @@ class SyncTableTest : public QObject {
     }
 
 private Q_SLOTS:
+    void everyTextOfTheFormsAndTheCodeIsTranslated_data() {
+        QTest::addColumn<QString>("language");
+        for (const QString &language : Languages::translated()) {
+            QTest::newRow(qPrintable(language)) << language;
+        }
+        QVERIFY(Languages::translated().contains(QStringLiteral("de")));
+    }
     void everyTextOfTheFormsAndTheCodeIsTranslated() {
-        const QString table =
-            read(QStringLiteral(VELMORA_SOURCE_DIR "/Resources/Translations/Sync_de.ts"));
+        QFETCH(const QString, language);
+        const QString table = read(
+            QStringLiteral(VELMORA_SOURCE_DIR "/Resources/Translations/Sync_%1.ts").arg(language));
         QStringList texts = captured("Resources/Interface", "*.ui", "<string>([^<]+)</string>");
-        for (const char *folder : {"Controller", "View", "Platform"}) {
-            texts += captured(folder, "*.cpp",
-                              "(?:localized(?:Sync)?String|QT_TRANSLATE_NOOP)\\((?:PlatformTable,|"
-                              "\"Sync\",)?\\s*\"([^\"]+(?:\"\\s+\"[^\"]+)*)\"");
+        for (const char *folder : {"Controller", "Host", "View", "Platform"}) {
+            texts +=
+                captured(folder, "*.cpp",
+                         "(?:localized(?:String|SyncString|SyncCount)|QT_TRANSLATE_NOOP)"
+                         "\\((?:PlatformTable,|\"Sync\",)?\\s*\"([^\"]+(?:\"\\s+\"[^\"]+)*)\"");
         }
         QVERIFY(texts.size() > 30);
         static const QRegularExpression seam(QStringLiteral("\"\\s+\""));

@@ -6,6 +6,7 @@
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Localization.h"
+#include "Support/Languages.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -84,6 +85,10 @@ private Q_SLOTS:
             QCOMPARE(formatter->locationType(), QStringLiteral("Lokaler Sync-Speicher"));
             QCOMPARE(localizedSyncString("Unavailable"), QStringLiteral("nicht verfügbar"));
             QCOMPARE(localizedSyncString("nowhere"), QStringLiteral("nowhere"));
+            QCOMPARE(localizedSyncCount("%1 databases", "%1 database", 1),
+                     QStringLiteral("%1 Datenbank"));
+            QCOMPARE(localizedSyncCount("%1 databases", "%1 database", 2),
+                     QStringLiteral("%1 Datenbanken"));
             QCOMPARE(localizedString(PlatformTable, "The keyring is locked."),
                      QStringLiteral("Der Schlüsselbund ist gesperrt."));
             QCOMPARE(host.library().knownDatabases().at(1)->name(), QStringLiteral("Projekte"));
@@ -92,12 +97,20 @@ private Q_SLOTS:
         QCOMPARE(localizedSyncString("Unavailable"), QStringLiteral("Unavailable"));
     }
 
+    void everyTextOfTheEngineIsTranslated_data() {
+        QTest::addColumn<QString>("language");
+        for (const QString &language : Languages::translated()) {
+            QTest::newRow(qPrintable(language)) << language;
+        }
+    }
     void everyTextOfTheEngineIsTranslated() {
-        QFile table(QStringLiteral(VELMORA_SOURCE_DIR "/Resources/Translations/Sync_de.ts"));
+        QFETCH(const QString, language);
+        QFile table(
+            QStringLiteral(VELMORA_SOURCE_DIR "/Resources/Translations/Sync_%1.ts").arg(language));
         QVERIFY(table.open(QIODevice::ReadOnly));
         const QString translated = QString::fromUtf8(table.readAll());
         static const QRegularExpression text(QStringLiteral(
-            "(?:\\.type = |localizedSyncString\\(|EngineErrorCode::\\w+,)\\s*\"([^\"]+"
+            "(?:\\.type = |localizedSync(?:String|Count)\\(|EngineErrorCode::\\w+,)\\s*\"([^\"]+"
             "(?:\"\\s+\"[^\"]+)*)\""));
         static const QRegularExpression seam(QStringLiteral("\"\\s+\""));
         QDirIterator sources(QStringLiteral(VELMORA_SOURCE_DIR "/Engine"),
