@@ -1,0 +1,1005 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr_FR" sourcelanguage="en_US">
+<context>
+    <name>ConflictBar</name>
+    <message>
+        <source>&amp;Compare…</source>
+        <translation>&amp;Comparer…</translation>
+    </message>
+    <message>
+        <source>Keep Th&amp;is</source>
+        <translation>Conserver ce&amp;lle-ci</translation>
+    </message>
+    <message>
+        <source>Keep &amp;Other</source>
+        <translation>Conserver l’a&amp;utre</translation>
+    </message>
+    <message>
+        <source>Keep &amp;Both</source>
+        <translation>Conserver les deu&amp;x</translation>
+    </message>
+    <message>
+        <source>This note was edited in two places.</source>
+        <translation>Cette note a été modifiée à deux endroits.</translation>
+    </message>
+    <message numerus="yes">
+        <source>This note was edited in %1 places.</source>
+        <translation>
+            <numerusform>Cette note a été modifiée à %1 endroit.</numerusform>
+            <numerusform>Cette note a été modifiée à %1 endroits.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ConflictDialog</name>
+    <message>
+        <source>Compare</source>
+        <translation>Comparer</translation>
+    </message>
+    <message>
+        <source>This Edit</source>
+        <translation>Cette version</translation>
+    </message>
+    <message>
+        <source>Other Edit</source>
+        <translation>L’autre version</translation>
+    </message>
+    <message>
+        <source>date unknown</source>
+        <translation>date inconnue</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>Keep Th&amp;is</source>
+        <translation>Conserver ce&amp;lle-ci</translation>
+    </message>
+    <message>
+        <source>Keep &amp;Other</source>
+        <translation>Conserver l’a&amp;utre</translation>
+    </message>
+    <message>
+        <source>Keep &amp;Both</source>
+        <translation>Conserver les deu&amp;x</translation>
+    </message>
+</context>
+<context>
+    <name>DamagedProfileDialog</name>
+    <message>
+        <source>You can restore the copy that Velmora made of it on %1; later changes are then missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Vous pouvez restaurer la copie que Velmora en a faite (%1) ; les modifications plus récentes manqueront jusqu’à ce qu’elles soient de nouveau synchronisées. Vous pouvez aussi commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
+    </message>
+    <message>
+        <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Il n’en existe aucune copie qui puisse être restaurée. Vous pouvez commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
+    </message>
+    <message>
+        <source>The damaged files are kept in the folder “Damaged Profiles”.</source>
+        <translation>Les fichiers endommagés sont conservés dans le dossier « Damaged Profiles ».</translation>
+    </message>
+    <message>
+        <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Rendez les copies lisibles et redémarrez Velmora. Vous pouvez aussi commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
+    </message>
+    <message>
+        <source>&amp;Restore the Copy of %1</source>
+        <translation>&amp;Restaurer la copie du %1</translation>
+    </message>
+    <message>
+        <source>Start from the Sync &amp;Locations</source>
+        <translation>Recommencer depuis les &amp;emplacements</translation>
+    </message>
+    <message>
+        <source>Show &amp;Folder</source>
+        <translation>Afficher le &amp;dossier</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+</context>
+<context>
+    <name>EventLog</name>
+    <message>
+        <source>Time</source>
+        <translation>Heure</translation>
+    </message>
+    <message>
+        <source>What happened</source>
+        <translation>Événement</translation>
+    </message>
+    <message>
+        <source>Succeeded</source>
+        <translation>Réussi</translation>
+    </message>
+    <message>
+        <source>Partly</source>
+        <translation>Partiel</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Échoué</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Arrêté</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 received, %2 sent</source>
+        <translation>%1 reçus, %2 envoyés</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Résultat</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Durée</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>Base de données</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Emplacement</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>Modifications</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryDialog</name>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>&amp;Restaurer</translation>
+    </message>
+    <message>
+        <source>Earlier Versions</source>
+        <translation>Versions précédentes</translation>
+    </message>
+    <message>
+        <source>Deleted Notes</source>
+        <translation>Notes supprimées</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titre</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Modification</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message numerus="yes">
+        <source> days</source>
+        <translation>
+            <numerusform> jour</numerusform>
+            <numerusform> jours</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Days that deleted notes and earlier versions are kept</source>
+        <translation>Nombre de jours pendant lesquels les notes supprimées et les versions précédentes sont conservées</translation>
+    </message>
+    <message>
+        <source> MB</source>
+        <translation> Mo</translation>
+    </message>
+    <message>
+        <source>Space for deleted notes and earlier versions</source>
+        <translation>Espace pour les notes supprimées et les versions précédentes</translation>
+    </message>
+    <message>
+        <source>&amp;Keep deleted notes and earlier versions for</source>
+        <translation>&amp;Conserver les notes supprimées et les versions précédentes pendant</translation>
+    </message>
+    <message>
+        <source>and up to</source>
+        <translation>et jusqu’à</translation>
+    </message>
+    <message numerus="yes">
+        <source>The new limits remove %1 deleted notes and earlier versions.</source>
+        <translation>
+            <numerusform>Les nouvelles limites suppriment %1 note supprimée ou version précédente.</numerusform>
+            <numerusform>Les nouvelles limites suppriment %1 notes supprimées et versions précédentes.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What is removed cannot be restored any more. If you keep it, the limits stay as they were.</source>
+        <translation>Ce qui est supprimé ne pourra plus être restauré. Si vous le conservez, les limites restent inchangées.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Supprimer</translation>
+    </message>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>&amp;Conserver</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Sans titre</translation>
+    </message>
+    <message>
+        <source>No earlier versions of this note are kept.</source>
+        <translation>Aucune version précédente de cette note n’est conservée.</translation>
+    </message>
+    <message>
+        <source>No deleted notes of “%1” are kept.</source>
+        <translation>Aucune note supprimée de « %1 » n’est conservée.</translation>
+    </message>
+    <message>
+        <source>A restored version replaces the note, whose present text is then kept here.</source>
+        <translation>Une version restaurée remplace la note, dont le texte actuel est alors conservé ici.</translation>
+    </message>
+    <message>
+        <source>Restored notes are synchronized again. They then also return on your other computers.</source>
+        <translation>Les notes restaurées sont de nouveau synchronisées. Elles réapparaissent alors aussi sur vos autres ordinateurs.</translation>
+    </message>
+    <message>
+        <source>Replaced on this computer</source>
+        <translation>Remplacée sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Deleted on this computer</source>
+        <translation>Supprimée sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Replaced by a synchronization with “%1”</source>
+        <translation>Remplacée par une synchronisation avec « %1 »</translation>
+    </message>
+    <message>
+        <source>Deleted by a synchronization with “%1”</source>
+        <translation>Supprimée par une synchronisation avec « %1 »</translation>
+    </message>
+</context>
+<context>
+    <name>LaunchOptions</name>
+    <message>
+        <source>Notes and documents, synchronized with the locations you choose.</source>
+        <translation>Des notes et des documents, synchronisés avec les emplacements de votre choix.</translation>
+    </message>
+    <message>
+        <source>Use the profile in DIR.</source>
+        <translation>Utiliser le profil du dossier DIR.</translation>
+    </message>
+    <message>
+        <source>Write a picture of Sync Preferences to FILE, then exit.</source>
+        <translation>Écrire une image des Préférences de synchronisation dans FILE, puis terminer.</translation>
+    </message>
+    <message>
+        <source>Print the profile's databases, locations, states and schedules as JSON, then exit.</source>
+        <translation>Afficher en JSON les bases de données, les emplacements, les états et les planifications du profil, puis terminer.</translation>
+    </message>
+    <message>
+        <source>Use light or dark colors instead of the desktop's.</source>
+        <translation>Utiliser des couleurs claires ou sombres au lieu de celles du bureau.</translation>
+    </message>
+    <message>
+        <source>Restrict the profile to folders that you have granted access to, or not.</source>
+        <translation>Limiter ou non le profil aux dossiers auxquels vous avez donné accès.</translation>
+    </message>
+    <message>
+        <source>With “verify”: synchronize with every location and repair what is damaged there. Velmora must not be running with the same profile.</source>
+        <translation>Avec « verify » : synchroniser avec chaque emplacement et réparer ce qui y est endommagé. Velmora ne doit pas être en cours d’exécution avec le même profil.</translation>
+    </message>
+    <message>
+        <source>With “verify” and “status”: print the result as JSON.</source>
+        <translation>Avec « verify » et « status » : afficher le résultat en JSON.</translation>
+    </message>
+    <message>
+        <source>Check the profile and every sync location and print what was found, then exit with 0 if all is well, 1 if there are problems, or 2 if something could not be checked.</source>
+        <translation>Vérifier le profil et chaque emplacement de synchronisation, afficher le résultat, puis terminer avec le code 0 si tout est en ordre, 1 en cas de problème, ou 2 si quelque chose n’a pas pu être vérifié.</translation>
+    </message>
+    <message>
+        <source>Synchronize these databases, or all, with their locations. Like the next two, this asks Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
+        <translation>Synchroniser ces bases de données, ou toutes, avec leurs emplacements. Comme les deux suivantes, cette commande s’adresse à Velmora s’il est en cours d’exécution. Le code de sortie est 0 si tout est en ordre, 1 en cas d’échec, ou 2 si la commande n’a pas pu être exécutée.</translation>
+    </message>
+    <message>
+        <source>Print whether everything is synchronized. Exits with 1 if something is not.</source>
+        <translation>Indiquer si tout est synchronisé. Le code de sortie est 1 dans le cas contraire.</translation>
+    </message>
+    <message>
+        <source>Check whether the location with this title or address can be read and written. Exits with 1 if it cannot.</source>
+        <translation>Vérifier si l’emplacement qui a ce titre ou cette adresse peut être lu et écrit. Le code de sortie est 1 dans le cas contraire.</translation>
+    </message>
+    <message>
+        <source>With “sync”, “status” and “check”: give up after this time and exit with 3. The default is %1 for “sync” and %2 for the others.</source>
+        <translation>Avec « sync », « status » et « check » : abandonner après ce délai et terminer avec le code 3. La valeur par défaut est %1 pour « sync » et %2 pour les autres.</translation>
+    </message>
+</context>
+<context>
+    <name>LogWindow</name>
+    <message>
+        <source>Log</source>
+        <translation>Journal</translation>
+    </message>
+    <message>
+        <source>Log entries</source>
+        <translation>Entrées du journal</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Tout</translation>
+    </message>
+    <message>
+        <source>&amp;Database:</source>
+        <translation>&amp;Base de données :</translation>
+    </message>
+    <message>
+        <source>&amp;Location:</source>
+        <translation>&amp;Emplacement :</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copier</translation>
+    </message>
+    <message>
+        <source>Copy the selected entries, or all if none is selected.</source>
+        <translation>Copier les entrées sélectionnées, ou toutes si aucune n’est sélectionnée.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Your changes in Sync Preferences are not saved.</source>
+        <translation>Vos modifications dans les Préférences de synchronisation ne sont pas enregistrées.</translation>
+    </message>
+    <message>
+        <source>&amp;Try Again</source>
+        <translation>&amp;Réessayer</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>A&amp;bandonner</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Annuler</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 · %2 conflicts</source>
+        <translation>
+            <numerusform>%1 · %2 conflit</numerusform>
+            <numerusform>%1 · %2 conflits</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 · cannot be read</source>
+        <translation>%1 · illisible</translation>
+    </message>
+    <message>
+        <source>%1 (closed)</source>
+        <translation>%1 (fermée)</translation>
+    </message>
+    <message>
+        <source>Databases</source>
+        <translation>Bases de données</translation>
+    </message>
+    <message>
+        <source>&amp;Database</source>
+        <translation>&amp;Base de données</translation>
+    </message>
+    <message>
+        <source>&amp;New Database…</source>
+        <translation>&amp;Nouvelle base de données…</translation>
+    </message>
+    <message>
+        <source>&amp;Rename…</source>
+        <translation>&amp;Renommer…</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>&amp;Ouvrir</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>É&amp;dition</translation>
+    </message>
+    <message>
+        <source>Earlier &amp;Versions…</source>
+        <translation>&amp;Versions précédentes…</translation>
+    </message>
+    <message>
+        <source>&amp;Deleted Notes…</source>
+        <translation>Notes &amp;supprimées…</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>&amp;Outils</translation>
+    </message>
+    <message>
+        <source>Sync &amp;Preferences…</source>
+        <translation>&amp;Préférences de synchronisation…</translation>
+    </message>
+    <message>
+        <source>&amp;Log</source>
+        <translation>&amp;Journal</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Commandes</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>New Database</source>
+        <translation>Nouvelle base de données</translation>
+    </message>
+    <message>
+        <source>Name of the new database:</source>
+        <translation>Nom de la nouvelle base de données :</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Renommer</translation>
+    </message>
+    <message>
+        <source>New name of the database:</source>
+        <translation>Nouveau nom de la base de données :</translation>
+    </message>
+    <message>
+        <source>The text of “%1”, which could not be saved before, is saved.</source>
+        <translation>Le texte de « %1 », qui n’avait pas pu être enregistré, est maintenant enregistré.</translation>
+    </message>
+</context>
+<context>
+    <name>NotesView</name>
+    <message>
+        <source>A title has at most %L1 characters, so not all of what you entered was added to it. Enter it into the text of the note.</source>
+        <translation>Un titre a au plus %L1 caractères ; une partie de votre saisie n’y a donc pas été ajoutée. Saisissez-la dans le texte de la note.</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Sans titre</translation>
+    </message>
+    <message>
+        <source>New &amp;Note</source>
+        <translation>&amp;Nouvelle note</translation>
+    </message>
+    <message>
+        <source>De&amp;lete Note</source>
+        <translation>&amp;Supprimer la note</translation>
+    </message>
+    <message>
+        <source>&amp;Undo Delete Note</source>
+        <translation>Ann&amp;uler la suppression de la note</translation>
+    </message>
+    <message>
+        <source>&amp;Undo Keep</source>
+        <translation>Annuler le choi&amp;x de version</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notes</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titre</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines.</source>
+        <translation>Cette note ne peut pas être modifiée ici : elle contient quelque chose que l’éditeur changerait, ou des lignes trop nombreuses ou trop longues.</translation>
+    </message>
+    <message>
+        <source>This note is not saved: %1</source>
+        <translation>Cette note n’est pas enregistrée : %1</translation>
+    </message>
+    <message>
+        <source>New Note</source>
+        <translation>Nouvelle note</translation>
+    </message>
+</context>
+<context>
+    <name>PlugIns</name>
+    <message>
+        <source>A part of Velmora cannot be loaded: %1</source>
+        <translation>Une partie de Velmora ne peut pas être chargée : %1</translation>
+    </message>
+</context>
+<context>
+    <name>PreferencesWindow</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Annuler</translation>
+    </message>
+    <message>
+        <source>“%1” was removed. Its ticks and schedules can be restored with it.</source>
+        <translation>« %1 » a été retiré. Il peut être rétabli avec ses cases cochées et ses planifications.</translation>
+    </message>
+    <message>
+        <source>Sync Preferences</source>
+        <translation>Préférences de synchronisation</translation>
+    </message>
+</context>
+<context>
+    <name>RemovalDialog</name>
+    <message numerus="yes">
+        <source>The synchronization with “%1” would remove %2 of the %3 notes in “%4”.</source>
+        <translation>
+            <numerusform>La synchronisation avec « %1 » supprimerait %2 note sur %3 de « %4 ».</numerusform>
+            <numerusform>La synchronisation avec « %1 » supprimerait %2 des %3 notes de « %4 ».</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Notes that would be removed</source>
+        <translation>Notes qui seraient supprimées</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Sans titre</translation>
+    </message>
+    <message numerus="yes">
+        <source>… and %1 more</source>
+        <translation>
+            <numerusform>… et %1 autre</numerusform>
+            <numerusform>… et %1 autres</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Keep the Notes</source>
+        <translation>&amp;Conserver les notes</translation>
+    </message>
+    <message>
+        <source>&amp;Remove Them</source>
+        <translation>&amp;Supprimer les notes</translation>
+    </message>
+    <message>
+        <source>Decide &amp;Later</source>
+        <translation>Décider plus &amp;tard</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed yet. If you keep the notes, they also return on your other computers. If you remove them, you find them in “Deleted Notes” for a while.</source>
+        <translation>Rien n’a encore été modifié. Si vous conservez les notes, elles réapparaissent aussi sur vos autres ordinateurs. Si vous les supprimez, vous les retrouvez pendant un certain temps dans « Notes supprimées ».</translation>
+    </message>
+</context>
+<context>
+    <name>UnsavedTextDialog</name>
+    <message>
+        <source>Your text is not saved.</source>
+        <translation>Votre texte n’est pas enregistré.</translation>
+    </message>
+    <message>
+        <source>&amp;Try Again</source>
+        <translation>&amp;Réessayer</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>A&amp;bandonner</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Text</source>
+        <translation>&amp;Copier le texte</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Editing</source>
+        <translation>&amp;Poursuivre la modification</translation>
+    </message>
+</context>
+<context>
+    <name>UnsavedTexts</name>
+    <message>
+        <source>The folder “%1”, which may contain texts that were not saved, cannot be read.</source>
+        <translation>Le dossier « %1 », qui peut contenir des textes non enregistrés, ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>Check its permissions and its disk, and start Velmora again.</source>
+        <translation>Vérifiez ses droits d’accès et son disque, puis redémarrez Velmora.</translation>
+    </message>
+    <message>
+        <source>The file is damaged. Copy from it what you need, and remove it.</source>
+        <translation>Le fichier est endommagé. Copiez-en ce dont vous avez besoin, puis supprimez-le.</translation>
+    </message>
+    <message>
+        <source>The text of “%1” cannot be kept for the next start either.</source>
+        <translation>Le texte de « %1 » ne peut pas non plus être conservé jusqu’au prochain démarrage.</translation>
+    </message>
+    <message>
+        <source>Make room on the disk, or copy the text.</source>
+        <translation>Libérez de l’espace sur le disque ou copiez le texte.</translation>
+    </message>
+    <message>
+        <source>“%1”: %2</source>
+        <translation>« %1 » : %2</translation>
+    </message>
+    <message>
+        <source>Texts that were not saved cannot be restored. They are kept, and Velmora tries again at each start.</source>
+        <translation>Des textes non enregistrés ne peuvent pas être restaurés. Ils sont conservés, et Velmora réessaie à chaque démarrage.</translation>
+    </message>
+</context>
+<context>
+    <name>VelmoraApplication</name>
+    <message>
+        <source>Error again:</source>
+        <translation>Nouvelle erreur :</translation>
+    </message>
+    <message>
+        <source>Internal error:</source>
+        <translation>Erreur interne :</translation>
+    </message>
+    <message>
+        <source>An internal error occurred, and Velmora cancelled the current action.</source>
+        <translation>Une erreur interne s’est produite et Velmora a annulé l’action en cours.</translation>
+    </message>
+    <message>
+        <source>A synchronization would remove many notes.</source>
+        <translation>Une synchronisation supprimerait beaucoup de notes.</translation>
+    </message>
+</context>
+<context>
+    <name>VerificationOutput</name>
+    <message>
+        <source>%1: no problems (%2).</source>
+        <translation>%1 : aucun problème (%2).</translation>
+    </message>
+    <message>
+        <source>%1: problems were found (%2).</source>
+        <translation>%1 : des problèmes ont été trouvés (%2).</translation>
+    </message>
+    <message>
+        <source>%1: could not be checked.</source>
+        <translation>%1 : la vérification n’a pas été possible.</translation>
+    </message>
+    <message>
+        <source>Everything is in order.</source>
+        <translation>Tout est en ordre.</translation>
+    </message>
+    <message>
+        <source>Problems were found. “velmora verify --repair” synchronizes and repairs what this computer can repair.</source>
+        <translation>Des problèmes ont été trouvés. « velmora verify --repair » synchronise et répare ce que cet ordinateur peut réparer.</translation>
+    </message>
+    <message>
+        <source>Some parts could not be checked.</source>
+        <translation>Certaines parties n’ont pas pu être vérifiées.</translation>
+    </message>
+</context>
+<context>
+    <name>ProcessProtection</name>
+    <message>
+        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory.</source>
+        <translation>D’autres de vos programmes peuvent être en mesure de lire des mots de passe dans la mémoire de Velmora, car le système ne lui a pas permis de la protéger.</translation>
+    </message>
+</context>
+<context>
+    <name>RunningInstance</name>
+    <message>
+        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2).</source>
+        <translation>Un second démarrage de Velmora ne trouvera pas ces fenêtres : %1 ne peut pas être utilisé (%2).</translation>
+    </message>
+    <message>
+        <source>Velmora has ended before the command was completed. Try again.</source>
+        <translation>Velmora s’est terminé avant que la commande soit achevée. Réessayez.</translation>
+    </message>
+    <message>
+        <source>Velmora, which is running, takes too long and continues with the command. Try again later, or state a longer time with --timeout.</source>
+        <translation>Velmora, qui est en cours d’exécution, met trop de temps et poursuit la commande. Réessayez plus tard, ou indiquez un délai plus long avec --timeout.</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>The picture cannot be written to %1. Check the folder and its permissions, or choose another file.</source>
+        <translation>L’image ne peut pas être écrite dans %1. Vérifiez le dossier et ses droits d’accès, ou choisissez un autre fichier.</translation>
+    </message>
+    <message>
+        <source>There is no display to open a window on. A picture of Sync Preferences is in this file:</source>
+        <translation>Il n’y a pas d’écran sur lequel ouvrir une fenêtre. Une image des Préférences de synchronisation se trouve dans ce fichier :</translation>
+    </message>
+    <message>
+        <source>There is no profile in the folder “%1”. State another one with --profile.</source>
+        <translation>Il n’y a pas de profil dans le dossier « %1 ». Indiquez-en un autre avec --profile.</translation>
+    </message>
+</context>
+<context>
+    <name>SynchronizationSummary</name>
+    <message>
+        <source>%1 · next: %2</source>
+        <translation>%1 · prochaine : %2</translation>
+    </message>
+    <message>
+        <source>Nothing is synchronized: no database has a ticked location</source>
+        <translation>Rien n’est synchronisé : aucune base de données n’a d’emplacement coché</translation>
+    </message>
+    <message>
+        <source>All up to date</source>
+        <translation>Tout est à jour</translation>
+    </message>
+    <message>
+        <source>“%1” was not synchronized with “%2” yet</source>
+        <translation>« %1 » n’a pas encore été synchronisé avec « %2 »</translation>
+    </message>
+    <message>
+        <source>“%1” has changes that are not synchronized with “%2” yet</source>
+        <translation>« %1 » a des modifications qui ne sont pas encore synchronisées avec « %2 »</translation>
+    </message>
+    <message>
+        <source>There are changes that are not synchronized yet</source>
+        <translation>Certaines modifications ne sont pas encore synchronisées</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %2 synchronizations failed</source>
+        <translation>
+            <numerusform>%1 synchronisation sur %2 a échoué</numerusform>
+            <numerusform>%1 synchronisations sur %2 ont échoué</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” is not synchronized with “%2”</source>
+        <translation>« %1 » n’est pas synchronisé avec « %2 »</translation>
+    </message>
+</context>
+<context>
+    <name>SynchronizationMonitor</name>
+    <message>
+        <source>%1 %2 of %3</source>
+        <translation>%1 %2 sur %3</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Arrêter</translation>
+    </message>
+    <message>
+        <source>&amp;What Failed…</source>
+        <translation>Voir les &amp;erreurs…</translation>
+    </message>
+    <message>
+        <source>Progress of the synchronization</source>
+        <translation>Progression de la synchronisation</translation>
+    </message>
+    <message>
+        <source>Stop all synchronizations. The next one continues where they stopped.</source>
+        <translation>Arrêter toutes les synchronisations. La prochaine reprendra là où elles se sont arrêtées.</translation>
+    </message>
+</context>
+<context>
+    <name>QuitSynchronization</name>
+    <message>
+        <source>“%1” with “%2”</source>
+        <translation>« %1 » avec « %2 »</translation>
+    </message>
+    <message>
+        <source>Quit Velmora</source>
+        <translation>Quitter Velmora</translation>
+    </message>
+    <message>
+        <source>“%1” has changes that are not synchronized with “%2”. Synchronize them before quitting?</source>
+        <translation>« %1 » a des modifications qui ne sont pas synchronisées avec « %2 ». Les synchroniser avant de quitter ?</translation>
+    </message>
+    <message>
+        <source>There are changes that are not synchronized. Synchronize them before quitting?</source>
+        <translation>Certaines modifications ne sont pas synchronisées. Les synchroniser avant de quitter ?</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %1 more</source>
+        <translation>
+            <numerusform>et %1 autre</numerusform>
+            <numerusform>et %1 autres</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>&amp;Synchronize and Quit</source>
+        <translation>&amp;Synchroniser et quitter</translation>
+    </message>
+    <message>
+        <source>Some changes could not be synchronized. They are saved on this computer. Quit anyway?</source>
+        <translation>Certaines modifications n’ont pas pu être synchronisées. Elles sont enregistrées sur cet ordinateur. Quitter quand même ?</translation>
+    </message>
+</context>
+<context>
+    <name>QuitProgressDialog</name>
+    <message>
+        <source>Quit Velmora</source>
+        <translation>Quitter Velmora</translation>
+    </message>
+    <message>
+        <source>Progress of the synchronization</source>
+        <translation>Progression de la synchronisation</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Now</source>
+        <translation>&amp;Quitter maintenant</translation>
+    </message>
+    <message>
+        <source>Stop the synchronization and quit. The next one continues where it stopped.</source>
+        <translation>Arrêter la synchronisation et quitter. La prochaine reprendra là où elle s’est arrêtée.</translation>
+    </message>
+    <message>
+        <source>Synchronizing before quitting…</source>
+        <translation>Synchronisation avant de quitter…</translation>
+    </message>
+</context>
+<context>
+    <name>ErrorBoxes</name>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Error %1 of %2</source>
+        <translation>Erreur %1 sur %2</translation>
+    </message>
+</context>
+<context>
+    <name>LogFile</name>
+    <message>
+        <source>The log cannot be saved in the file “%1” (%2). Check its permissions and the space on its disk.</source>
+        <translation>Le journal ne peut pas être enregistré dans le fichier « %1 » (%2). Vérifiez ses droits d’accès et l’espace disponible sur son disque.</translation>
+    </message>
+</context>
+<context>
+    <name>ShellCommandLine</name>
+    <message>
+        <source>There is no profile in the folder “%1”. State another one with --profile.</source>
+        <translation>Il n’y a pas de profil dans le dossier « %1 ». Indiquez-en un autre avec --profile.</translation>
+    </message>
+    <message>
+        <source>The command takes longer than the allowed %1 s and was stopped. Try again, or state a longer time with --timeout.</source>
+        <translation>La commande dure plus longtemps que les %1 s autorisées et a été arrêtée. Réessayez, ou indiquez un délai plus long avec --timeout.</translation>
+    </message>
+</context>
+<context>
+    <name>ShellCommandRunner</name>
+    <message>
+        <source>“%1” with “%2”</source>
+        <translation>« %1 » avec « %2 »</translation>
+    </message>
+    <message>
+        <source>never synchronized</source>
+        <translation>jamais synchronisé</translation>
+    </message>
+    <message>
+        <source>has changes since %1</source>
+        <translation>modifié depuis la synchronisation (%1)</translation>
+    </message>
+    <message>
+        <source>up to date since %1</source>
+        <translation>à jour (synchronisation : %1)</translation>
+    </message>
+    <message>
+        <source>%1: the synchronization was stopped.</source>
+        <translation>%1 : la synchronisation a été arrêtée.</translation>
+    </message>
+    <message>
+        <source>%1: synchronized (%2 received, %3 sent)</source>
+        <translation>%1 : synchronisé (%2 reçus, %3 envoyés)</translation>
+    </message>
+    <message>
+        <source>There is no database “%1”. “velmora --describe” lists all.</source>
+        <translation>Il n’y a pas de base de données « %1 ». « velmora --describe » les affiche toutes.</translation>
+    </message>
+    <message>
+        <source>Nothing is synchronized. Tick a location in Sync Preferences first.</source>
+        <translation>Rien n’est synchronisé. Cochez d’abord un emplacement dans les Préférences de synchronisation.</translation>
+    </message>
+    <message>
+        <source>There is no location “%1”. State the title or address of one of these:</source>
+        <translation>Il n’y a pas d’emplacement « %1 ». Indiquez le titre ou l’adresse de l’un de ceux-ci :</translation>
+    </message>
+</context>
+<context>
+    <name>TrayIcon</name>
+    <message>
+        <source>&amp;Sync All Now</source>
+        <translation>Tout &amp;synchroniser maintenant</translation>
+    </message>
+    <message>
+        <source>&amp;Pause for an Hour</source>
+        <translation>Suspendre pendant une &amp;heure</translation>
+    </message>
+    <message>
+        <source>Pause until &amp;Tomorrow</source>
+        <translation>Suspendre jusqu’à &amp;demain</translation>
+    </message>
+    <message>
+        <source>&amp;Resume</source>
+        <translation>&amp;Reprendre</translation>
+    </message>
+    <message>
+        <source>Show &amp;Velmora</source>
+        <translation>Afficher &amp;Velmora</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Suspendu</translation>
+    </message>
+</context>
+<context>
+    <name>BackgroundMode</name>
+    <message>
+        <source>Keep Synchronizing in the &amp;Background</source>
+        <translation>Continuer la synchronisation en &amp;arrière-plan</translation>
+    </message>
+    <message>
+        <source>Velmora cannot stay in the background, because this desktop shows no icons of programs. Turn them on in the desktop's settings and try again.</source>
+        <translation>Velmora ne peut pas rester en arrière-plan, car ce bureau n’affiche pas d’icônes de programmes. Activez-les dans les paramètres du bureau et réessayez.</translation>
+    </message>
+    <message>
+        <source>A synchronization failed</source>
+        <translation>Une synchronisation a échoué</translation>
+    </message>
+    <message>
+        <source>Velmora asks for a decision</source>
+        <translation>Velmora attend une décision</translation>
+    </message>
+    <message>
+        <source>A note was edited in two places</source>
+        <translation>Une note a été modifiée à deux endroits</translation>
+    </message>
+    <message>
+        <source>Velmora has kept both edits. Open the note to choose one.</source>
+        <translation>Velmora a conservé les deux versions. Ouvrez la note pour en choisir une.</translation>
+    </message>
+    <message>
+        <source>&amp;Hide Window</source>
+        <translation>&amp;Masquer la fenêtre</translation>
+    </message>
+    <message>
+        <source>Velmora cannot stay in the background at present, because the desktop shows no icons of programs. It ends when its window is closed. Turn the icons on in the desktop's settings, and start Velmora again.</source>
+        <translation>Velmora ne peut pas rester en arrière-plan actuellement, car le bureau n’affiche pas d’icônes de programmes. Il se termine à la fermeture de sa fenêtre. Activez les icônes dans les paramètres du bureau, puis redémarrez Velmora.</translation>
+    </message>
+    <message>
+        <source>Do Not Stay in the Background</source>
+        <translation>Ne pas rester en arrière-plan</translation>
+    </message>
+</context>
+<context>
+    <name>FailureSteps</name>
+    <message>
+        <source>Edit Location…</source>
+        <translation>Modifier l’emplacement…</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Show Folder</source>
+        <translation>Afficher le dossier</translation>
+    </message>
+</context>
+</TS>
