@@ -1,6 +1,9 @@
 #include "Platform/Interface/ContainerView.h"
 
 #include <QtCore/QEvent>
+#include <QtWidgets/QLayout>
+
+#include <algorithm>
 
 namespace {
 QList<QWidget *> subviews(const QWidget *view) {
@@ -22,6 +25,23 @@ QSize ContainerView::minimumSizeHint() const {
         size = size.expandedTo(view->minimumSizeHint());
     }
     return size;
+}
+
+bool ContainerView::hasHeightForWidth() const {
+    const QList<QWidget *> views = subviews(this);
+    return std::any_of(views.begin(), views.end(), [](const QWidget *view) {
+        return view->layout() && view->layout()->hasHeightForWidth();
+    });
+}
+
+int ContainerView::heightForWidth(int width) const {
+    int height = minimumSizeHint().height();
+    for (const QWidget *view : subviews(this)) {
+        if (view->layout() && view->layout()->hasHeightForWidth()) {
+            height = qMax(height, view->layout()->totalMinimumHeightForWidth(width));
+        }
+    }
+    return height;
 }
 
 bool ContainerView::event(QEvent *event) {

@@ -17,6 +17,11 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+    /// Wrapped texts of a child may need more height if it is narrow. Both consider the layouts of
+    /// the children; hidden children count.
+    bool hasHeightForWidth() const override;
+    int heightForWidth(int width) const override;
+
 protected:
     bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
