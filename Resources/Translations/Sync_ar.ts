@@ -1721,6 +1721,22 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Time: %1</source>
         <translation>الوقت: %1</translation>
     </message>
+    <message>
+        <source>The list of unsent changes of the database “%1” was wrong. Everything is compared again.</source>
+        <translation>كانت قائمة التغييرات غير المرسلة لقاعدة البيانات «%1» خاطئة. تجري مقارنة كل شيء من جديد.</translation>
+    </message>
+    <message>
+        <source>The recorded number of conflicts in the database “%1” is wrong. “velmora verify --repair” counts them again.</source>
+        <translation>عدد التعارضات المسجل في قاعدة البيانات «%1» خاطئ. الأمر «velmora verify --repair» يعدها من جديد.</translation>
+    </message>
+    <message>
+        <source>The recorded number of conflicts in the database “%1” was wrong. They were counted again.</source>
+        <translation>كان عدد التعارضات المسجل في قاعدة البيانات «%1» خاطئًا. جرى عدها من جديد.</translation>
+    </message>
+    <message>
+        <source>The list of unsent changes of the database “%1” is wrong. “velmora verify --repair” compares everything and sends what the list lacks.</source>
+        <translation>قائمة التغييرات غير المرسلة لقاعدة البيانات «%1» خاطئة. الأمر «velmora verify --repair» يقارن كل شيء ويرسل ما ينقص القائمة.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1681,6 +1681,22 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <source>Time: %1</source>
         <translation>Hora: %1</translation>
     </message>
+    <message>
+        <source>The list of unsent changes of the database “%1” was wrong. Everything is compared again.</source>
+        <translation>La lista de cambios sin enviar de la base de datos «%1» era incorrecta. Todo se vuelve a comparar.</translation>
+    </message>
+    <message>
+        <source>The recorded number of conflicts in the database “%1” is wrong. “velmora verify --repair” counts them again.</source>
+        <translation>El número de conflictos anotado para la base de datos «%1» es incorrecto. «velmora verify --repair» los vuelve a contar.</translation>
+    </message>
+    <message>
+        <source>The recorded number of conflicts in the database “%1” was wrong. They were counted again.</source>
+        <translation>El número de conflictos anotado para la base de datos «%1» era incorrecto. Se han vuelto a contar.</translation>
+    </message>
+    <message>
+        <source>The list of unsent changes of the database “%1” is wrong. “velmora verify --repair” compares everything and sends what the list lacks.</source>
+        <translation>La lista de cambios sin enviar de la base de datos «%1» es incorrecta. «velmora verify --repair» lo compara todo y envía lo que falta en la lista.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

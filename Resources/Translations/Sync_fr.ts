@@ -1681,6 +1681,22 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <source>Time: %1</source>
         <translation>Heure : %1</translation>
     </message>
+    <message>
+        <source>The list of unsent changes of the database “%1” was wrong. Everything is compared again.</source>
+        <translation>La liste des modifications non envoyées de la base de données « %1 » était incorrecte. Tout est comparé de nouveau.</translation>
+    </message>
+    <message>
+        <source>The recorded number of conflicts in the database “%1” is wrong. “velmora verify --repair” counts them again.</source>
+        <translation>Le nombre de conflits noté pour la base de données « %1 » est incorrect. « velmora verify --repair » les compte de nouveau.</translation>
+    </message>
+    <message>
+        <source>The recorded number of conflicts in the database “%1” was wrong. They were counted again.</source>
+        <translation>Le nombre de conflits noté pour la base de données « %1 » était incorrect. Ils ont été comptés de nouveau.</translation>
+    </message>
+    <message>
+        <source>The list of unsent changes of the database “%1” is wrong. “velmora verify --repair” compares everything and sends what the list lacks.</source>
+        <translation>La liste des modifications non envoyées de la base de données « %1 » est incorrecte. « velmora verify --repair » compare tout et envoie ce qui manque dans la liste.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1691,6 +1691,22 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Time: %1</source>
         <translation>時刻: %1</translation>
     </message>
+    <message>
+        <source>The list of unsent changes of the database “%1” was wrong. Everything is compared again.</source>
+        <translation>データベース「%1」の未送信の変更の一覧に誤りがありました。すべてをもう一度比較します。</translation>
+    </message>
+    <message>
+        <source>The recorded number of conflicts in the database “%1” is wrong. “velmora verify --repair” counts them again.</source>
+        <translation>データベース「%1」の記録されている競合の件数に誤りがあります。「velmora verify --repair」で数え直します。</translation>
+    </message>
+    <message>
+        <source>The recorded number of conflicts in the database “%1” was wrong. They were counted again.</source>
+        <translation>データベース「%1」の記録されている競合の件数に誤りがありました。数え直しました。</translation>
+    </message>
+    <message>
+        <source>The list of unsent changes of the database “%1” is wrong. “velmora verify --repair” compares everything and sends what the list lacks.</source>
+        <translation>データベース「%1」の未送信の変更の一覧に誤りがあります。「velmora verify --repair」ですべてを比較し、一覧にないものを送信します。</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>
