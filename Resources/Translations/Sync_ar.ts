@@ -64,7 +64,7 @@
         <translation>
             <numerusform>%1 قاعدة بيانات</numerusform>
             <numerusform>%1 قاعدة بيانات</numerusform>
-            <numerusform>%1 قاعدة بيانات</numerusform>
+            <numerusform>%1 قاعدتا بيانات</numerusform>
             <numerusform>%1 قواعد بيانات</numerusform>
             <numerusform>%1 قاعدة بيانات</numerusform>
             <numerusform>%1 قاعدة بيانات</numerusform>
@@ -193,12 +193,12 @@
     <message numerus="yes">
         <source>Synchronized with %1 of %2 locations · %3</source>
         <translation>
-            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
-            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
-            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
-            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
-            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
-            <numerusform>المزامنة تمت مع %1 من %2 من المواقع · %3</numerusform>
+            <numerusform>تمت المزامنة مع %1 من أصل %2 موقع · %3</numerusform>
+            <numerusform>تمت المزامنة مع %1 من أصل %2 موقع · %3</numerusform>
+            <numerusform>تمت المزامنة مع %1 من أصل %2 موقعين · %3</numerusform>
+            <numerusform>تمت المزامنة مع %1 من أصل %2 مواقع · %3</numerusform>
+            <numerusform>تمت المزامنة مع %1 من أصل %2 موقعًا · %3</numerusform>
+            <numerusform>تمت المزامنة مع %1 من أصل %2 موقع · %3</numerusform>
         </translation>
     </message>
     <message>
@@ -726,7 +726,7 @@
         <translation>
             <numerusform>%1 و%2 أخرى</numerusform>
             <numerusform>%1 و%2 أخرى</numerusform>
-            <numerusform>%1 و%2 أخرى</numerusform>
+            <numerusform>%1 و%2 أخريان</numerusform>
             <numerusform>%1 و%2 أخرى</numerusform>
             <numerusform>%1 و%2 أخرى</numerusform>
             <numerusform>%1 و%2 أخرى</numerusform>
@@ -1131,12 +1131,12 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message numerus="yes">
         <source>%1 more items of “%2” could not be synchronized with “%3”.</source>
         <translation>
-            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
-            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
-            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
-            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
-            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
-            <numerusform>تعذرت مزامنة عناصر أخرى من «%2» مع «%3»، وعددها %1.</numerusform>
+            <numerusform>تعذرت مزامنة %1 عنصر آخر من «%2» مع «%3».</numerusform>
+            <numerusform>تعذرت مزامنة %1 عنصر آخر من «%2» مع «%3».</numerusform>
+            <numerusform>تعذرت مزامنة %1 عنصرين آخرين من «%2» مع «%3».</numerusform>
+            <numerusform>تعذرت مزامنة %1 عناصر أخرى من «%2» مع «%3».</numerusform>
+            <numerusform>تعذرت مزامنة %1 عنصرًا آخر من «%2» مع «%3».</numerusform>
+            <numerusform>تعذرت مزامنة %1 عنصر آخر من «%2» مع «%3».</numerusform>
         </translation>
     </message>
     <message>
@@ -1618,12 +1618,12 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message numerus="yes">
         <source>The location removes %1 of %2 notes. Nothing was changed. Synchronize again to decide what happens to these notes.</source>
         <translation>
-            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
-            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
-            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
-            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
-            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
-            <numerusform>يزيل الموقع ملاحظات: %1 من أصل %2. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+            <numerusform>يزيل الموقع %1 من أصل %2 ملاحظة. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+            <numerusform>يزيل الموقع %1 من أصل %2 ملاحظة. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+            <numerusform>يزيل الموقع %1 من أصل %2 ملاحظتين. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+            <numerusform>يزيل الموقع %1 من أصل %2 ملاحظات. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+            <numerusform>يزيل الموقع %1 من أصل %2 ملاحظة. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
+            <numerusform>يزيل الموقع %1 من أصل %2 ملاحظة. لم يتغير شيء. أجرِ المزامنة من جديد لتقرر مصير هذه الملاحظات.</numerusform>
         </translation>
     </message>
     <message>
@@ -1699,8 +1699,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>
             <numerusform>تمت المزامنة %1، لكن فشل %2 عنصر</numerusform>
             <numerusform>تمت المزامنة %1، لكن فشل %2 عنصر</numerusform>
-            <numerusform>تمت المزامنة %1، لكن فشل %2 عنصر</numerusform>
-            <numerusform>تمت المزامنة %1، لكن فشل %2 عناصر</numerusform>
+            <numerusform>تمت المزامنة %1، لكن فشل %2 عنصران</numerusform>
+            <numerusform>تمت المزامنة %1، لكن فشلت %2 عناصر</numerusform>
             <numerusform>تمت المزامنة %1، لكن فشل %2 عنصرًا</numerusform>
             <numerusform>تمت المزامنة %1، لكن فشل %2 عنصر</numerusform>
         </translation>

@@ -28,7 +28,7 @@
         <translation>
             <numerusform>حُرِّرت هذه الملاحظة في %1 موضع.</numerusform>
             <numerusform>حُرِّرت هذه الملاحظة في %1 موضع.</numerusform>
-            <numerusform>حُرِّرت هذه الملاحظة في %1 موضع.</numerusform>
+            <numerusform>حُرِّرت هذه الملاحظة في %1 موضعين.</numerusform>
             <numerusform>حُرِّرت هذه الملاحظة في %1 مواضع.</numerusform>
             <numerusform>حُرِّرت هذه الملاحظة في %1 موضعًا.</numerusform>
             <numerusform>حُرِّرت هذه الملاحظة في %1 موضع.</numerusform>
@@ -203,7 +203,7 @@
         <translation>
             <numerusform> يوم</numerusform>
             <numerusform> يوم</numerusform>
-            <numerusform> يوم</numerusform>
+            <numerusform> يومان</numerusform>
             <numerusform> أيام</numerusform>
             <numerusform> يومًا</numerusform>
             <numerusform> يوم</numerusform>
@@ -232,12 +232,12 @@
     <message numerus="yes">
         <source>The new limits remove %1 deleted notes and earlier versions.</source>
         <translation>
-            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
-            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
-            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
-            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
-            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
-            <numerusform>عدد الملاحظات المحذوفة والإصدارات السابقة التي يزيلها الحدان الجديدان: %1.</numerusform>
+            <numerusform>يزيل الحدان الجديدان %1 من الملاحظات المحذوفة والإصدارات السابقة.</numerusform>
+            <numerusform>يزيل الحدان الجديدان %1 ملاحظة محذوفة أو إصدارًا سابقًا.</numerusform>
+            <numerusform>يزيل الحدان الجديدان %1 من الملاحظات المحذوفة والإصدارات السابقة.</numerusform>
+            <numerusform>يزيل الحدان الجديدان %1 من الملاحظات المحذوفة والإصدارات السابقة.</numerusform>
+            <numerusform>يزيل الحدان الجديدان %1 من الملاحظات المحذوفة والإصدارات السابقة.</numerusform>
+            <numerusform>يزيل الحدان الجديدان %1 من الملاحظات المحذوفة والإصدارات السابقة.</numerusform>
         </translation>
     </message>
     <message>
@@ -402,7 +402,7 @@
         <translation>
             <numerusform>%1 · فيها %2 تعارض</numerusform>
             <numerusform>%1 · فيها %2 تعارض</numerusform>
-            <numerusform>%1 · فيها %2 تعارض</numerusform>
+            <numerusform>%1 · فيها %2 تعارضان</numerusform>
             <numerusform>%1 · فيها %2 تعارضات</numerusform>
             <numerusform>%1 · فيها %2 تعارضًا</numerusform>
             <numerusform>%1 · فيها %2 تعارض</numerusform>
@@ -600,7 +600,7 @@
         <translation>
             <numerusform>… و%1 أخرى</numerusform>
             <numerusform>… و%1 أخرى</numerusform>
-            <numerusform>… و%1 أخرى</numerusform>
+            <numerusform>… و%1 أخريان</numerusform>
             <numerusform>… و%1 أخرى</numerusform>
             <numerusform>… و%1 أخرى</numerusform>
             <numerusform>… و%1 أخرى</numerusform>
@@ -851,7 +851,7 @@
         <translation>
             <numerusform>و%1 أخرى</numerusform>
             <numerusform>و%1 أخرى</numerusform>
-            <numerusform>و%1 أخرى</numerusform>
+            <numerusform>و%1 أخريان</numerusform>
             <numerusform>و%1 أخرى</numerusform>
             <numerusform>و%1 أخرى</numerusform>
             <numerusform>و%1 أخرى</numerusform>
