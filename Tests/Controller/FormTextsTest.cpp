@@ -33,13 +33,14 @@ private Q_SLOTS:
     void cleanup() {
         QApplication::setFont(m_font);
         QLocale::setDefault(QLocale::c());
+        QGuiApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
     }
 
     void everyTextCanBeRead_data() { addRows(forms()); }
     void everyTextCanBeRead() {
         QFETCH(const QString, form);
         QFETCH(const QLocale, locale);
-        QLocale::setDefault(locale);
+        use(locale);
         // Its engine has the translations.
         const TestHost host;
         for (const int size : {10, 14, 18}) {
@@ -61,7 +62,7 @@ private Q_SLOTS:
     void everyTextOfAnImportCanBeRead() {
         QFETCH(const QString, form);
         QFETCH(const QLocale, locale);
-        QLocale::setDefault(locale);
+        use(locale);
         const TestHost host;
         for (const int size : {10, 14, 18}) {
             setFontSize(size);
@@ -80,6 +81,10 @@ private Q_SLOTS:
     }
 
 private:
+    static void use(const QLocale &locale) {
+        QLocale::setDefault(locale);
+        QGuiApplication::setLayoutDirection(locale.textDirection());
+    }
     static void addRows(const QStringList &forms) {
         QTest::addColumn<QString>("form");
         QTest::addColumn<QLocale>("locale");
