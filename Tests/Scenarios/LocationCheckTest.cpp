@@ -10,6 +10,7 @@
 #include "Scenarios/Panel.h"
 #include "Support/FreePort.h"
 #include "Support/HostShortcuts.h"
+#include "Support/Patience.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestAuthority.h"
 #include "Support/TestHost.h"
@@ -32,7 +33,7 @@ class LocationCheckTest : public QObject {
     /// Checks the location and waits for the result.
     void checkToTheEnd() {
         check();
-        QTRY_VERIFY(!isChecking());
+        QTRY_VERIFY_WITH_TIMEOUT(!isChecking(), Patience);
     }
     static bool isChecking() {
         return Panel::pane().synchronizationSelections().first()->isActive();
@@ -96,7 +97,7 @@ private Q_SLOTS:
         QVERIFY(Panel::locationRow(0)
                     ->findChild<QProgressBar *>(QStringLiteral("rowActivity"))
                     ->isVisible());
-        QTRY_VERIFY(!isChecking());
+        QTRY_VERIFY_WITH_TIMEOUT(!isChecking(), Patience);
         QCOMPARE(result(),
                  QStringLiteral("“Store 0” can be read and written. 1 database, 1.2 MB."));
         QVERIFY(m_panel->find<QLabel>("checkLabel")->isVisible());
@@ -225,7 +226,7 @@ private Q_SLOTS:
         m_panel->inSheet<QPushButton>("acceptButton")->click();
         QVERIFY(!m_panel->sheet());
         QVERIFY(isChecking());
-        QTRY_VERIFY(!isChecking());
+        QTRY_VERIFY_WITH_TIMEOUT(!isChecking(), Patience);
         QVERIFY(Panel::warning(Panel::locationRow(0))->isVisible());
         QVERIFY2(result().contains(QStringLiteral("refused the connection")), qPrintable(result()));
         QCOMPARE(presented(), QStringList());
