@@ -365,6 +365,8 @@ private Q_SLOTS:
                  QStringLiteral("127.0.0.1 – Shared"));
         QCOMPARE(Panel::part<QCheckBox>(Panel::locationRow(0), "rowCheckBox")->accessibleName(),
                  QStringLiteral("127.0.0.1 – Shared"));
+        QCOMPARE(m_panel->find<QPushButton>("removeLocationButton")->accessibleDescription(),
+                 QStringLiteral("127.0.0.1 – Shared"));
     }
 
     void todayBecomesYesterdayAtMidnight() {
