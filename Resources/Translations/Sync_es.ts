@@ -350,10 +350,6 @@
         <translation>No se pudo obtener la información de la base de datos (%@)</translation>
     </message>
     <message>
-        <source>The profile “%1” is damaged and cannot be opened. Restore it from a backup or use another profile.</source>
-        <translation>El perfil «%1» está dañado y no se puede abrir. Restáurelo desde una copia de seguridad o use otro perfil.</translation>
-    </message>
-    <message>
         <source>The profile “%1” was created by a newer version of Velmora. Update Velmora to open it.</source>
         <translation>El perfil «%1» se creó con una versión más reciente de Velmora. Actualice Velmora para abrirlo.</translation>
     </message>
@@ -1696,6 +1692,26 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
     <message>
         <source>The list of unsent changes of the database “%1” is wrong. “velmora verify --repair” compares everything and sends what the list lacks.</source>
         <translation>La lista de cambios sin enviar de la base de datos «%1» es incorrecta. «velmora verify --repair» lo compara todo y envía lo que falta en la lista.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” is damaged. Restore it from a backup or use another profile.</source>
+        <translation>El perfil «%1» está dañado. Restáurelo desde una copia de seguridad o use otro perfil.</translation>
+    </message>
+    <message>
+        <source>An index of the profile “%1” is damaged, so that notes may seem to be missing. Quit Velmora if it is running, and start it: it rebuilds the index or offers to restore a backup.</source>
+        <translation>Un índice del perfil «%1» está dañado, de modo que puede parecer que faltan notas. Salga de Velmora si está en ejecución e inícielo: reconstruye el índice u ofrece restaurar una copia de seguridad.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” cannot be read, because its disk reports an error. Check the disk and its connection, then start Velmora again.</source>
+        <translation>El perfil «%1» no se puede leer, porque su disco comunica un error. Compruebe el disco y su conexión, y vuelva a iniciar Velmora.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” is damaged (%2). Quit Velmora and start it again: it then repairs the profile or offers to restore a backup.</source>
+        <translation>El perfil «%1» está dañado (%2). Salga de Velmora y vuelva a iniciarlo: entonces repara el perfil u ofrece restaurar una copia de seguridad.</translation>
+    </message>
+    <message>
+        <source>An index of the profile was damaged and was rebuilt. If this happens again, check the disk.</source>
+        <translation>Un índice del perfil estaba dañado y se ha reconstruido. Si vuelve a ocurrir, compruebe el disco.</translation>
     </message>
 </context>
 <context>

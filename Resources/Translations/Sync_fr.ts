@@ -350,10 +350,6 @@
         <translation>Les informations de la base de données n’ont pas pu être récupérées (%@)</translation>
     </message>
     <message>
-        <source>The profile “%1” is damaged and cannot be opened. Restore it from a backup or use another profile.</source>
-        <translation>Le profil « %1 » est endommagé et ne peut pas être ouvert. Restaurez-le à partir d’une copie de sauvegarde ou utilisez un autre profil.</translation>
-    </message>
-    <message>
         <source>The profile “%1” was created by a newer version of Velmora. Update Velmora to open it.</source>
         <translation>Le profil « %1 » a été créé par une version plus récente de Velmora. Mettez Velmora à jour pour l’ouvrir.</translation>
     </message>
@@ -1696,6 +1692,26 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     <message>
         <source>The list of unsent changes of the database “%1” is wrong. “velmora verify --repair” compares everything and sends what the list lacks.</source>
         <translation>La liste des modifications non envoyées de la base de données « %1 » est incorrecte. « velmora verify --repair » compare tout et envoie ce qui manque dans la liste.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” is damaged. Restore it from a backup or use another profile.</source>
+        <translation>Le profil « %1 » est endommagé. Restaurez-le à partir d’une copie de sauvegarde ou utilisez un autre profil.</translation>
+    </message>
+    <message>
+        <source>An index of the profile “%1” is damaged, so that notes may seem to be missing. Quit Velmora if it is running, and start it: it rebuilds the index or offers to restore a backup.</source>
+        <translation>Un index du profil « %1 » est endommagé, de sorte que des notes peuvent sembler manquer. Quittez Velmora s’il est en cours d’exécution, puis démarrez-le : il reconstruit l’index ou propose de restaurer une copie de sauvegarde.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” cannot be read, because its disk reports an error. Check the disk and its connection, then start Velmora again.</source>
+        <translation>Le profil « %1 » ne peut pas être lu, car son disque signale une erreur. Vérifiez le disque et son branchement, puis démarrez de nouveau Velmora.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” is damaged (%2). Quit Velmora and start it again: it then repairs the profile or offers to restore a backup.</source>
+        <translation>Le profil « %1 » est endommagé (%2). Quittez Velmora et démarrez-le de nouveau : il répare alors le profil ou propose de restaurer une copie de sauvegarde.</translation>
+    </message>
+    <message>
+        <source>An index of the profile was damaged and was rebuilt. If this happens again, check the disk.</source>
+        <translation>Un index du profil était endommagé et a été reconstruit. Si cela se reproduit, vérifiez le disque.</translation>
     </message>
 </context>
 <context>

@@ -81,10 +81,6 @@
         <translation>No hay ninguna copia de él que se pueda restaurar. Puede empezar con un perfil vacío e importar sus bases de datos desde las ubicaciones de sincronización.</translation>
     </message>
     <message>
-        <source>The damaged files are kept in the folder “Damaged Profiles”.</source>
-        <translation>Los archivos dañados se conservan en la carpeta «Damaged Profiles».</translation>
-    </message>
-    <message>
         <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
         <translation>Haga que las copias se puedan leer y vuelva a iniciar Velmora. También puede empezar con un perfil vacío e importar sus bases de datos desde las ubicaciones de sincronización.</translation>
     </message>
@@ -103,6 +99,10 @@
     <message>
         <source>&amp;Quit</source>
         <translation>&amp;Salir</translation>
+    </message>
+    <message>
+        <source>The present files are kept in the folder “Damaged Profiles”.</source>
+        <translation>Los archivos actuales se conservan en la carpeta «Damaged Profiles».</translation>
     </message>
 </context>
 <context>
@@ -331,6 +331,10 @@
         <source>With “sync”, “status” and “check”: give up after this time and exit with 3. The default is %1 for “sync” and %2 for the others.</source>
         <translation>Con «sync», «status» y «check»: abandonar pasado este tiempo y terminar con 3. El valor predeterminado es %1 para «sync» y %2 para las demás.</translation>
     </message>
+    <message>
+        <source>With “sync”: if more than half of the notes of a database, and more than ten, would be removed, keep or remove them. Otherwise they are listed, and nothing is changed.</source>
+        <translation>Con «sync»: si se fueran a eliminar más de la mitad de las notas de una base de datos, y más de diez, conservarlas o eliminarlas. De lo contrario, se enumeran y no se cambia nada.</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>
@@ -523,6 +527,10 @@
         <source>New Note</source>
         <translation>Nueva nota</translation>
     </message>
+    <message>
+        <source>The text was not inserted, because the note would be too long to be edited: it may have %L1 lines of at most %L2 characters, and %L3 characters in all. Insert a part of it, or several lines.</source>
+        <translation>El texto no se ha insertado, porque la nota sería demasiado larga para editarla: puede tener %L1 líneas de %L2 caracteres como máximo, y %L3 caracteres en total. Inserte una parte o varias líneas.</translation>
+    </message>
 </context>
 <context>
     <name>PlugIns</name>
@@ -585,6 +593,10 @@
     <message>
         <source>Nothing has been changed yet. If you keep the notes, they also return on your other computers. If you remove them, you find them in “Deleted Notes” for a while.</source>
         <translation>Todavía no se ha cambiado nada. Si conserva las notas, también reaparecen en sus otros equipos. Si las elimina, las encontrará durante un tiempo en «Notas eliminadas».</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed yet. “velmora sync --removals keep” keeps these notes, also on your other computers; “--removals remove” removes them.</source>
+        <translation>Todavía no se ha cambiado nada. «velmora sync --removals keep» conserva estas notas, también en sus otros equipos; «--removals remove» las elimina.</translation>
     </message>
 </context>
 <context>

@@ -81,10 +81,6 @@
         <translation>Il n’en existe aucune copie qui puisse être restaurée. Vous pouvez commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
     </message>
     <message>
-        <source>The damaged files are kept in the folder “Damaged Profiles”.</source>
-        <translation>Les fichiers endommagés sont conservés dans le dossier « Damaged Profiles ».</translation>
-    </message>
-    <message>
         <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
         <translation>Rendez les copies lisibles et redémarrez Velmora. Vous pouvez aussi commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
     </message>
@@ -103,6 +99,10 @@
     <message>
         <source>&amp;Quit</source>
         <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>The present files are kept in the folder “Damaged Profiles”.</source>
+        <translation>Les fichiers actuels sont conservés dans le dossier « Damaged Profiles ».</translation>
     </message>
 </context>
 <context>
@@ -331,6 +331,10 @@
         <source>With “sync”, “status” and “check”: give up after this time and exit with 3. The default is %1 for “sync” and %2 for the others.</source>
         <translation>Avec « sync », « status » et « check » : abandonner après ce délai et terminer avec le code 3. La valeur par défaut est %1 pour « sync » et %2 pour les autres.</translation>
     </message>
+    <message>
+        <source>With “sync”: if more than half of the notes of a database, and more than ten, would be removed, keep or remove them. Otherwise they are listed, and nothing is changed.</source>
+        <translation>Avec « sync » : si plus de la moitié des notes d’une base de données, et plus de dix, devaient être supprimées, les conserver ou les supprimer. Sinon, elles sont énumérées et rien n’est modifié.</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>
@@ -523,6 +527,10 @@
         <source>New Note</source>
         <translation>Nouvelle note</translation>
     </message>
+    <message>
+        <source>The text was not inserted, because the note would be too long to be edited: it may have %L1 lines of at most %L2 characters, and %L3 characters in all. Insert a part of it, or several lines.</source>
+        <translation>Le texte n’a pas été inséré, car la note serait trop longue pour être modifiée : elle peut comporter %L1 lignes d’au plus %L2 caractères, et %L3 caractères en tout. Insérez-en une partie, ou plusieurs lignes.</translation>
+    </message>
 </context>
 <context>
     <name>PlugIns</name>
@@ -585,6 +593,10 @@
     <message>
         <source>Nothing has been changed yet. If you keep the notes, they also return on your other computers. If you remove them, you find them in “Deleted Notes” for a while.</source>
         <translation>Rien n’a encore été modifié. Si vous conservez les notes, elles réapparaissent aussi sur vos autres ordinateurs. Si vous les supprimez, vous les retrouvez pendant un certain temps dans « Notes supprimées ».</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed yet. “velmora sync --removals keep” keeps these notes, also on your other computers; “--removals remove” removes them.</source>
+        <translation>Rien n’a encore été modifié. « velmora sync --removals keep » conserve ces notes, également sur vos autres ordinateurs ; « --removals remove » les supprime.</translation>
     </message>
 </context>
 <context>
