@@ -189,7 +189,7 @@ private Q_SLOTS:
     }
 
     /// As when the X server or the compositor crashes.
-    void whatIsShownAsSavedSurvivesTheLossOfTheDisplay() {
+    void textShownAsSavedSurvivesTheLossOfTheDisplay() {
         auto display = std::make_unique<VirtualDisplay>();
         ShownProgram program(QStringLiteral(VELMORA), *display);
         program.start();

@@ -56,7 +56,7 @@ private:
     }
 
 private Q_SLOTS:
-    void whatWasTypedIsSavedAtTheNextStart_data() {
+    void typedTextIsSavedAtTheNextStart_data() {
         QTest::addColumn<QString>("column");
         QTest::addColumn<bool>("isSession");
         for (const char *column : {"title", "text"}) {
@@ -64,7 +64,7 @@ private Q_SLOTS:
             QTest::addRow("%s, end of the session", column) << QString::fromLatin1(column) << true;
         }
     }
-    void whatWasTypedIsSavedAtTheNextStart() {
+    void typedTextIsSavedAtTheNextStart() {
         QFETCH(QString, column);
         QFETCH(bool, isSession);
         SessionManager session;

@@ -246,7 +246,7 @@ private:
     }
 
 private Q_SLOTS:
-    void whatIsShownAsSavedIsInTheProfile() {
+    void textShownAsSavedIsInTheProfile() {
         const int rounds = qEnvironmentVariableIntValue("VELMORA_KILLS");
         const int given = qEnvironmentVariableIntValue("VELMORA_SEED");
         const quint32 seed = given > 0 ? static_cast<quint32>(given)

@@ -55,7 +55,7 @@ private Q_SLOTS:
         }
     }
 
-    void whatIsMovedOverTheClipboardStaysAsItIs() {
+    void textMovedOverTheClipboardStaysUnchanged() {
         NoteTextEdit editor;
         const QString text =
             QStringLiteral("one\u00A0a\r\ntwo\u2028b\rthree\u2029four\uFDD0five\nsix\u0085😀");

@@ -54,7 +54,7 @@ private Q_SLOTS:
         m_host.reset();
     }
 
-    void whatIsTypedIsSavedOverWhatWasShown() {
+    void typedTextReplacesTheVersionThatWasShown() {
         text()->setPlainText(QStringLiteral("typed"));
         m_view->commit();
         QCOMPARE(m_database->notes().value().size(), 1);
@@ -193,14 +193,14 @@ private Q_SLOTS:
         QVERIFY(!text()->isReadOnly());
     }
 
-    void whatIsTypedIsSavedAfterAPause() {
+    void typedTextIsSavedAfterAPause() {
         text()->setPlainText(QStringLiteral("typed"));
         QCOMPARE(m_database->notes().value().first().text, QStringLiteral("1"));
         QTRY_COMPARE(m_database->notes().value().first().text, QStringLiteral("typed"));
         QCOMPARE(text()->toPlainText(), QStringLiteral("typed"));
     }
 
-    void whatIsTypedWithoutAPauseIsKept() {
+    void textTypedWithoutAPauseIsKept() {
         const auto typeOn = [this] { QTest::keyClicks(text(), QStringLiteral("typed ")); };
         QTRY_VERIFY((typeOn(), !journal().isEmpty()));
         QCOMPARE(m_database->notes().value().first().text, QStringLiteral("1"));
@@ -219,7 +219,7 @@ private Q_SLOTS:
                  QStringList{QStringLiteral("First")});
     }
 
-    void whatIsNotOnDiskIsShownAsEdited() {
+    void textThatIsNotOnDiskIsShownAsEdited() {
         const QSignalSpy edited(m_view.get(), &NotesView::editedChanged);
         const auto isShownAsEdited = [&] { return edited.last().first().toBool(); };
         QTest::keyClicks(text(), QStringLiteral("typed"));
@@ -232,7 +232,7 @@ private Q_SLOTS:
         QVERIFY(!isShownAsEdited());
     }
 
-    void whatCouldNotBeSavedIsSavedLater() {
+    void textThatCouldNotBeSavedIsSavedLater() {
         m_host->makeSavesFail();
         text()->setPlainText(QStringLiteral("typed"));
         m_view->commit();
@@ -262,7 +262,7 @@ private Q_SLOTS:
         QCOMPARE(m_database->notes().value().first().text, QStringLiteral("typed"));
     }
 
-    void whatComesWhileTypingIsKeptBesideIt() {
+    void anEditReceivedWhileTypingIsKeptBesideTheTypedText() {
         text()->setPlainText(QStringLiteral("typed"));
         receive({{Operation::make(m_first.UUID, QStringLiteral("First"),
                                   QStringLiteral("from there"), {}, {operationOf(m_first)})},
@@ -323,7 +323,7 @@ private Q_SLOTS:
         QVERIFY(text()->isEnabled());
     }
 
-    void whatIsTypedOutlivesItsDeletionElsewhere() {
+    void typedTextOutlivesTheDeletionOfItsNoteElsewhere() {
         text()->setPlainText(QStringLiteral("typed"));
         receive({{}, {operationOf(m_first)}});
         QVERIFY(m_database->notes().value().isEmpty());

@@ -53,7 +53,7 @@ private Q_SLOTS:
         QTEST(parts(second, differences.inSecond), "inSecond");
     }
 
-    void whatRemainsIsEqual() {
+    void theTextsAreEqualWithoutTheirDifferences() {
         std::mt19937 random(22);
         const auto text = [&] {
             QString text;

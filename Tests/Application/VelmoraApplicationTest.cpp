@@ -212,7 +212,7 @@ private Q_SLOTS:
         QTRY_VERIFY(messageBoxes().isEmpty());
     }
 
-    void whatIsNotTickedIsVisibleOnDarkColors() {
+    void anEmptyCheckBoxIsVisibleOnDarkColors() {
         application().setDarkAppearance(true);
         QCheckBox box;
         QRadioButton button;

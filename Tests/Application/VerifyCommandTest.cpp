@@ -191,7 +191,7 @@ private Q_SLOTS:
         }
     }
 
-    void whatIsNotSynchronizedIsAProblemThatSynchronizingRepairs() {
+    void anUnsentNoteIsAProblemThatSynchronizingRepairs() {
         QVERIFY(QFile::remove(record()));
         const auto before = contents(store());
         const Run found = verify();

@@ -63,7 +63,7 @@ private Q_SLOTS:
         QCOMPARE(written.count(), 0);
     }
 
-    void whatIsSetInTheObjectIsWrittenToTheTargetEqualOrNot() {
+    void aValueSetInTheObjectIsWrittenToTheTargetEvenIfEqual() {
         m_binding->bind();
         QSignalSpy written(m_model.get(), &Holder::numberChanged);
         m_view->setNumber(4);

@@ -364,7 +364,7 @@ private Q_SLOTS:
         QCOMPARE(m_host->calls, QStringList{QStringLiteral("database A NO")});
     }
 
-    void whatIsHereOrIsTheInboxIsNotListed() {
+    void databasesOfThisComputerAndTheInboxAreNotListed() {
         useRealHost();
         const auto here = m_realHost->addDatabase(QStringLiteral("Here"));
         run();

@@ -357,7 +357,7 @@ private Q_SLOTS:
         QCOMPARE(texts(*here()), before);
     }
 
-    void whatIsTypedIsSavedFirst() {
+    void typedTextIsSavedFirst() {
         auto *text = m_window->findChild<QPlainTextEdit *>();
         text->moveCursor(QTextCursor::End);
         QTest::keyClicks(text, QStringLiteral(" now"));

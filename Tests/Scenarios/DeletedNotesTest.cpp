@@ -217,7 +217,7 @@ private Q_SLOTS:
         QCOMPARE(m_host->library().historyLimits().value(), (HistoryLimits{30, 256}));
     }
 
-    void aLimitThatCannotBeShownStays() {
+    void aLimitBeyondTheFieldsRangeIsKept() {
         const HistoryLimits limits{1'000'000, 1'000'000};
         QVERIFY(m_host->library().setHistoryLimits(limits));
         action(QStringLiteral("Deleted Notes…"))->trigger();

@@ -170,7 +170,7 @@ private Q_SLOTS:
         QCOMPARE(shown.misreadPlaces(), QStringList());
     }
 
-    void aQuestionShowsThemAsTheyAre() {
+    void aQuestionShowsHostileNamesAsPlainText() {
         auto *box = new QuestionBox({.text = ShownName::Hostile,
                                      .details = ShownName::Hostile,
                                      .acceptTitle = QStringLiteral("Allow"),

@@ -127,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(filesBelow(folder), before);
     }
 
-    void aLocationThatCannotBeWrittenIsToldApart() {
+    void aReadOnlyLocationIsReportedAsSuch() {
         const WebDAVServer server({});
         for (const char *folder : {"databases", "transactions"}) {
             QVERIFY(QDir().mkpath(
@@ -147,7 +147,7 @@ private Q_SLOTS:
         QCOMPARE(result(), QString());
     }
 
-    void aFullLocationIsToldApart() {
+    void aFullLocationIsReportedAsSuch() {
         const ScriptedServer full([](Connection &connection) {
             for (QByteArray request = connection.readRequest(); !request.isEmpty();
                  request = connection.readRequest()) {
@@ -172,7 +172,7 @@ private Q_SLOTS:
         QVERIFY2(details.contains(QStringLiteral("HTTP 507: http://")), qPrintable(details));
     }
 
-    void aWrongPasswordIsToldApart() {
+    void aWrongPasswordIsReportedAsSuch() {
         const WebDAVServer server({});
         server.storePassword(QStringLiteral("wrong"));
         m_host->addLocation(server.URLText(QStringLiteral("Shared.qvSyncStore")));
@@ -183,7 +183,7 @@ private Q_SLOTS:
                  qPrintable(presented().value(0)));
     }
 
-    void aMissingFolderIsToldApart() {
+    void aMissingFolderIsReportedAsSuch() {
         const QString package = m_host->addLocation()->URL().path();
         QVERIFY(QDir(package).removeRecursively());
         showPanel();
@@ -194,7 +194,7 @@ private Q_SLOTS:
                                  .arg(package)});
     }
 
-    void aServerThatDoesNotRunIsToldApart() {
+    void aServerThatDoesNotRunIsReportedAsSuch() {
         m_host->addLocation(
             QStringLiteral("http://127.0.0.1:%1/Shared.qvSyncStore").arg(freePort()));
         showPanel();
@@ -205,7 +205,7 @@ private Q_SLOTS:
         QVERIFY2(details.contains(QStringLiteral("onnect to 127.0.0.1")), qPrintable(details));
     }
 
-    void aServerThatCannotProveItsIdentityIsToldApart() {
+    void anUntrustedServerIsReportedAsSuch() {
         const TestAuthority authority;
         const WebDAVServer server({.identity = authority.issue(QStringLiteral("DNS:localhost"))});
         m_host->addLocation(server.URLText(QStringLiteral("Shared.qvSyncStore")));

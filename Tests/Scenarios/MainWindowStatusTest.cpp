@@ -179,7 +179,7 @@ private Q_SLOTS:
                  QStringList{QStringLiteral("Try Again")});
     }
 
-    void whatWaitsForAStoppedSynchronizationIsShown() {
+    void jobsThatWaitForAStoppedSynchronizationAreShown() {
         const auto state = tickSilentServer();
         const auto other = m_host->addDatabase(QStringLiteral("Recipes"));
         const auto second = m_host->addState(state->destination(), other);
@@ -196,7 +196,7 @@ private Q_SLOTS:
         QVERIFY(!m_window->monitor()->isRunning());
     }
 
-    void storesOfOneNameAreToldApart() {
+    void storesOfOneNameAreShownWithTheirAddresses() {
         const QString first = QStringLiteral("http://ida@127.0.0.1:1/a/Shared.qvSyncStore");
         const QString second = QStringLiteral("http://127.0.0.1:2/b/Shared.qvSyncStore");
         const auto location = m_host->addLocation(first);
@@ -224,7 +224,7 @@ private Q_SLOTS:
                  QStringLiteral("“Projects” was not synchronized with “127.0.0.1 – Shared” yet"));
     }
 
-    void whatIsUpToDateIsQuitWithoutAQuestion() { QVERIFY(m_window->close()); }
+    void quittingAsksNothingIfAllIsUpToDate() { QVERIFY(m_window->close()); }
 
     void unsentChangesAreNamedBeforeQuitting() {
         const auto state = tick(m_host->addLocation());
@@ -263,7 +263,7 @@ private Q_SLOTS:
         QVERIFY(!state->lastSynced().isValid());
     }
 
-    void whatCannotBeSynchronizedIsNamed() {
+    void databasesThatCannotBeSynchronizedAreNamed() {
         const auto location = m_host->addLocation();
         tick(location)->setSyncOnClose(true);
         QVERIFY(QDir(location->URL().path()).removeRecursively());

@@ -113,7 +113,7 @@ private Q_SLOTS:
                  QStringLiteral("typed just now"));
     }
 
-    void whatIsChosenIsThereAfterARestart() {
+    void aChoiceSurvivesARestart() {
         auto *pane = QVSyncPreferences::preferences();
         const auto index = panelRows().indexOf(QStringLiteral("Recipes"));
         QVERIFY(index >= 0);

@@ -303,7 +303,7 @@ private Q_SLOTS:
         QVERIFY(locationWarning(0)->isHidden());
     }
 
-    void whatOnlyPartlySucceededIsMarked() {
+    void aPartialFailureIsMarked() {
         const auto location = m_host->addLocation();
         showPanel();
         tick(0);
@@ -328,7 +328,7 @@ private Q_SLOTS:
         }
     }
 
-    void storesOfOneNameAreToldApartInTheirRows() {
+    void storesOfOneNameAreShownWithTheirAddressesInTheirRows() {
         const QString first = QStringLiteral("http://ida@127.0.0.1:1/a/Shared.qvSyncStore");
         m_host->addLocation(first);
         showPanel();

@@ -123,7 +123,7 @@ private Q_SLOTS:
         QCOMPARE(m_button->size(), QSize(90, 70));
     }
 
-    void whatChangedWhileTheRowWasHiddenShowsWithIt() {
+    void theLayoutFollowsAChangeMadeWhileTheRowWasHidden() {
         show(400);
         m_window->hide();
         m_icon->hide();

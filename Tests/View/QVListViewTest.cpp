@@ -171,7 +171,7 @@ private Q_SLOTS:
         QCOMPARE(controller.selectedObjects(), texts({"b"}));
     }
 
-    void whatTheDelegateRefusesIsTakenOutOfTheModelsSelection() {
+    void anItemThatTheDelegateRefusesIsRemovedFromTheModelsSelection() {
         m_delegate->refused = {QStringLiteral("b")};
         ArrayController controller;
         bindBoth(controller, texts({"a", "b", "c"}));

@@ -211,7 +211,7 @@ private Q_SLOTS:
         QCOMPARE(second->schedule(), schedule);
     }
 
-    void whatIsSetIsSetOnAllStates() {
+    void aScheduleIsSetOnAllStates() {
         QVStandInDatabase row;
         const auto first = makeState();
         const auto second = makeState();
@@ -233,7 +233,7 @@ private Q_SLOTS:
         QVERIFY(!second->schedule());
     }
 
-    void whatIsSetOnARowWithoutStatesIsLost() {
+    void aScheduleSetOnARowWithoutStatesIsLost() {
         QVStandInDatabase row;
         row.setSchedule(dailySchedule(6, 0));
         row.setSyncOnOpen(true);

@@ -99,7 +99,7 @@ private Q_SLOTS:
         QVERIFY(m_editor->passwordField()->placeholderText().isEmpty());
     }
 
-    void whatCannotBeSavedIsReported() {
+    void aFailureToSaveIsReported() {
         openAtOnce(QStringLiteral("http://ida@unsaved/a/S.qvSyncStore"));
         const QString path = QSettings().fileName();
         QVERIFY(!QFileInfo::exists(path) || QFile::remove(path));

@@ -41,7 +41,7 @@ private Q_SLOTS:
         QCOMPARE(started.load(), 2);
     }
 
-    void whatWorkOwnsIsReleasedBeforeItIsDone() {
+    void objectsOfAWorkAreReleasedBeforeItIsDone() {
         WorkerThreads threads;
         auto owned = std::make_shared<int>(0);
         const std::weak_ptr<int> observed = owned;

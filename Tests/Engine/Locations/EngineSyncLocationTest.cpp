@@ -18,7 +18,7 @@ std::shared_ptr<EngineSyncLocation> newLocation() {
 class EngineSyncLocationTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void comesFromTheClassInNoListYet() {
+    void aNewLocationIsInNoList() {
         TestHost host;
         const auto &locations =
             requiredHostClass<QVSyncLocation::Class>(QStringLiteral("QVSyncLocation"));

@@ -7,7 +7,7 @@
 class FailureSummaryTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void whatIsSavedInOneLanguageIsShownInAnother() {
+    void aSavedFailureIsShownInThePresentLanguage() {
         QTranslator german;
         QVERIFY(german.load(QStringLiteral(":/VelmoraSync/Translations/Sync_de.qm")));
         addLocalizationTable(SyncTable, &german);

@@ -146,7 +146,7 @@ private Q_SLOTS:
         QVERIFY(host.inbox()->notes().value().isEmpty());
     }
 
-    void whatCannotBeSynchronizedIsNotSaved() {
+    void aNoteThatCannotBeSynchronizedIsNotSaved() {
         TestHost host;
         const auto database = host.addDatabase(QStringLiteral("Letters"));
         Note note{QStringLiteral("../../note"), QStringLiteral("t"), {}, {}};

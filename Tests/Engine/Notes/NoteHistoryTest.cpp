@@ -107,7 +107,7 @@ private Q_SLOTS:
         QCOMPARE(noteWithTitle(QStringLiteral("a")).text, QStringLiteral("one"));
     }
 
-    void whatAnEditReplacesIsKept() {
+    void theVersionThatAnEditReplacesIsKept() {
         add(QStringLiteral("a"), QStringLiteral("sent"));
         run<SyncSession>();
         edit(QStringLiteral("a"), QStringLiteral("not sent"));
@@ -131,12 +131,12 @@ private Q_SLOTS:
                  QStringList({QStringLiteral("The end."), QStringLiteral("The happy end.")}));
     }
 
-    void whatASynchronizationReplacesOrDeletesIsKept_data() {
+    void theVersionThatASynchronizationReplacesOrDeletesIsKept_data() {
         QTest::addColumn<bool>("isCleanedUp");
         QTest::addRow("at once") << false;
         QTest::addRow("after a clean-up") << true;
     }
-    void whatASynchronizationReplacesOrDeletesIsKept() {
+    void theVersionThatASynchronizationReplacesOrDeletesIsKept() {
         QFETCH(bool, isCleanedUp);
         add(QStringLiteral("a"), QStringLiteral("one"));
         add(QStringLiteral("b"), QStringLiteral("two"));

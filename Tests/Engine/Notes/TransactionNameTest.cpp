@@ -19,7 +19,7 @@ private Q_SLOTS:
         QVERIFY(TransactionName::matches(old, "abc"));
     }
 
-    void whatIsSetAsideIsNoRecord() {
+    void aFileThatIsSetAsideIsNoRecord() {
         const QString aside = TransactionName::ofDamaged(TransactionName::of("abc"), "abd");
         QVERIFY(aside.startsWith(QStringLiteral("ba7816bf-8f01-8fea-8141-40de5dae2223.damaged-")));
         QVERIFY(!TransactionName::isValid(aside));

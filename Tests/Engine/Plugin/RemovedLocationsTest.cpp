@@ -177,7 +177,7 @@ private Q_SLOTS:
         QTRY_COMPARE(countOfTokens(), 0);
     }
 
-    void whatTheProfileHoldsIsForgotten() {
+    void theDataOfARemovedLocationInTheProfileIsForgotten() {
         add(QStringLiteral("velmora://desk:8442"));
         const QString identifier = value(QStringLiteral("SELECT uuid FROM locations")).toString();
         const ProfileDatabase &profile = m_host->engine().profile();
@@ -225,14 +225,14 @@ private Q_SLOTS:
         QTRY_COMPARE(countOfRemovals(), 0);
     }
 
-    void whatALockedKeyringKeepsIsReportedAndForgottenAtALaterStart_data() {
+    void secretsInALockedKeyringAreReportedAndForgottenAtALaterStart_data() {
         QTest::addColumn<QString>("URL");
         QTest::newRow("password") << WebDAVAddress;
         QTest::newRow("tokens") << QStringLiteral("dropbox://") + Account;
         QTest::newRow("pairing") << QStringLiteral("velmora://desk:8442");
     }
 
-    void whatALockedKeyringKeepsIsReportedAndForgottenAtALaterStart() {
+    void secretsInALockedKeyringAreReportedAndForgottenAtALaterStart() {
         QFETCH(QString, URL);
         storePassword();
         DropboxTokens{.access = QByteArray("token")}.store(Account);

@@ -680,12 +680,12 @@ private Q_SLOTS:
         QCOMPARE(damagedFiles(directory), QStringList{QStringLiteral("profile.sqlite-wal")});
     }
 
-    void aFullDiskIsSaidInThoseWords_data() {
+    void theErrorNamesAFullDisk_data() {
         QTest::addColumn<QString>("name");
         QTest::addRow("first start") << QStringLiteral("New");
         QTest::addRow("start") << QStringLiteral("Profile");
     }
-    void aFullDiskIsSaidInThoseWords() {
+    void theErrorNamesAFullDisk() {
         QFETCH(QString, name);
         const QString directory = QFileInfo(m_host->directory()).path() + u'/' + name;
         m_host->goToComputer(QStringLiteral("Other"));

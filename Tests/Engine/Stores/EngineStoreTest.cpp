@@ -165,7 +165,7 @@ private Q_SLOTS:
         QVERIFY(result.error->localizedDescription.contains(record(stem)));
     }
 
-    void whatIsNoPlainFileIsNotRead() {
+    void aRecordThatIsNoPlainFileIsNotRead() {
         QCOMPARE(mkfifo(QFile::encodeName(record(FirstUUID)).constData(), 0600), 0);
         QVERIFY(QDir().mkdir(record(SecondUUID)));
         const QString third = QStringLiteral("33333333-3333-4333-8333-333333333333");

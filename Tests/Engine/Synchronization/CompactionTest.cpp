@@ -148,7 +148,7 @@ private Q_SLOTS:
     }
 
     /// As on a server that refuses deletions, or after the program was killed.
-    void whatCouldNotBeRemovedIsNotRewrittenAgain() {
+    void recordsThatCouldNotBeRemovedAreNotRewrittenAgain() {
         fillTier();
         const auto before = m_blobs.size();
         {

@@ -105,7 +105,7 @@ private Q_SLOTS:
         verifySound();
     }
 
-    void whatNobodyHasIsNamedAndNotSentUntilItIsEdited() {
+    void aDamagedNoteThatNoLocationHasIsNamedAndNotSentUntilItIsEdited() {
         saveNote(QStringLiteral("unsent"));
         saveNote(QStringLiteral("other"));
         damage(QStringLiteral("text = 'damaged'"), QStringLiteral("unsent"));

@@ -587,7 +587,7 @@ private Q_SLOTS:
         QCOMPARE(dispatcher()->activity(), QString());
     }
 
-    void whatIsOpenWhenTheProfileIsOpenedCountsAsOpened() {
+    void databasesThatAreOpenWhenTheProfileIsOpenedCountAsOpened() {
         const auto made = m_host->addDatabase(QStringLiteral("Projects"));
         state(made->UUID(), made->name())->setSyncOnOpen(true);
         state(InboxUUID, QStringLiteral("Inbox"))->setSyncOnOpen(true);

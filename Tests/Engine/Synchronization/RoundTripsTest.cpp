@@ -225,7 +225,7 @@ private Q_SLOTS:
         QCOMPARE(authorized(m_rounds->requests()), 1);
     }
 
-    void whatChangesBetweenSynchronizationsTakesEffect() {
+    void aPasswordOrCertificateThatChangesBetweenSynchronizationsTakesEffect() {
         start(Authentication::Digest);
         m_rounds->begin({});
         storePassword(QStringLiteral("wrong"));

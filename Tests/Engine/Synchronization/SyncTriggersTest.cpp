@@ -65,7 +65,7 @@ private Q_SLOTS:
         QTRY_VERIFY(state->lastSynced().isValid());
     }
 
-    void whatWasSleptThroughFiresOnce() {
+    void aScheduleMissedDuringSleepFiresOnce() {
         const auto state = scheduled(std::make_shared<EngineDailySchedule>(HourAndMinute{3, 0}));
         look(QDate(2030, 3, 4), QTime(22, 0));
         look(QDate(2030, 3, 9), QTime(7, 30));
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(m_fired, QList<QObject *>{state.get()});
     }
 
-    void whatWasMissedWhileTheProgramWasClosedIsMadeUpForOnce() {
+    void aScheduleMissedWhileTheProgramWasClosedFiresOnceAtTheStart() {
         addDailyState();
         leaveTwoDaysAgo();
         m_host->restart();
@@ -99,7 +99,7 @@ private Q_SLOTS:
         QVERIFY(m_fired.isEmpty());
     }
 
-    void whatWasSynchronizedAfterwardsWasNotMissed() {
+    void aScheduleFollowedByASynchronizationWasNotMissed() {
         addDailyState();
         m_host->setLastSynced(state(), QDateTime::currentDateTime());
         m_host->save();
@@ -120,7 +120,7 @@ private Q_SLOTS:
         QCOMPARE(state()->lastSynced(), synchronized);
     }
 
-    void whatIsDueDuringAPauseFiresOnceAfterwards() {
+    void aScheduleDueDuringAPauseFiresOnceAfterwards() {
         const auto state = scheduled(std::make_shared<EngineHourlySchedule>(15));
         const QDate date(2030, 3, 4);
         look(date, QTime(10, 0));
@@ -152,7 +152,7 @@ private Q_SLOTS:
         QTRY_VERIFY(state->lastSynced().isValid());
     }
 
-    void whatIsDisabledOrNeverFiresIsLeftAlone() {
+    void disabledStatesAndEmptySchedulesNeverFire() {
         scheduled(std::make_shared<EngineHourlySchedule>(0))->setEnabled(false);
         scheduled(std::make_shared<EngineSchedule>());
         scheduled(nullptr);

@@ -97,7 +97,7 @@ private Q_SLOTS:
         QCOMPARE(number(copied), ENOSPC);
     }
 
-    void whatDoesNotExistIsNeitherFlushedNorRenamed() {
+    void aMissingFileIsNeitherFlushedNorRenamed() {
         const QString none = path(QStringLiteral("none"));
         QCOMPARE(number(DurableFile::flush(none)), ENOENT);
         QCOMPARE(number(DurableFile::rename(none, path(QStringLiteral("a")))), ENOENT);

@@ -8,7 +8,7 @@
 class TerminalTextTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void whatIsShownAsItIsStays() {
+    void printableTextStaysUnchanged() {
         const QString text = QStringLiteral("Jürgen’s 茶室 🍵 \\ \"x\" 100% %1");
         QCOMPARE(TerminalText::line(text), text);
         QCOMPARE(TerminalText::lines(text), text);

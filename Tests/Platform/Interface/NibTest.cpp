@@ -215,7 +215,7 @@ private Q_SLOTS:
         QCOMPARE(owner.m_calls, QStringList{QStringLiteral("press")});
     }
 
-    void whatTheModelRefusesIsShownAsItIs() {
+    void aRefusedTickIsShownAsTheModelHasIt() {
         Owner owner;
         owner.m_refusesFlag = true;
         const auto form = loadButton(&owner, {QStringLiteral("checked <-> owner.flag")});

@@ -78,7 +78,7 @@ private Q_SLOTS:
         QCOMPARE(QApplication::activeModalWidget(), m_panel.get());
     }
 
-    void whatDoesNotExistIsNotChosen() {
+    void aMissingFileIsNotChosen() {
         nameField()->setText(QStringLiteral("missing"));
         QMetaObject::invokeMethod(m_panel.get(), "accept");
         QVERIFY(m_panel->isVisible());

@@ -15,7 +15,7 @@ private Q_SLOTS:
         }
     }
 
-    void whatExceedsAPageIsLeftOut() {
+    void textBeyondAPageIsLeftOut() {
         const QChar ellipsis(0x2026);
         const QString longest(PlainText::LongestLine, u'x');
         QCOMPARE(PlainText::page(longest + QStringLiteral("y\nb")),

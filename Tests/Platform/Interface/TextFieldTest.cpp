@@ -56,7 +56,7 @@ private Q_SLOTS:
         QCOMPARE(m_word.text(), QStringLiteral("word"));
     }
 
-    void whatTheModelMakesOfItIsShownWhenTypingHasEnded() {
+    void theModelsValueIsShownWhenTypingHasEnded() {
         QTest::keyClicks(m_field.get(), QStringLiteral("!s"));
         QCOMPARE(m_word.text(), QString());
         QCOMPARE(m_field->text(), QStringLiteral("word!s"));
@@ -64,7 +64,7 @@ private Q_SLOTS:
         QCOMPARE(m_field->text(), QString());
     }
 
-    void whatTheModelTakesStaysWhenTypingHasEnded() {
+    void anAcceptedValueStaysWhenTypingHasEnded() {
         QTest::keyClicks(m_field.get(), QStringLiteral("!"));
         QTest::keyClick(m_field.get(), Qt::Key_Backspace);
         QTest::keyClick(m_field.get(), Qt::Key_Return);

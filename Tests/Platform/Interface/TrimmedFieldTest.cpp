@@ -17,7 +17,7 @@ class TrimmedFieldTest : public QObject {
 private Q_SLOTS:
     void init() { m_field = std::make_unique<TrimmedField>(); }
 
-    void whatIsPastedLosesItsBlanks_data() {
+    void pastedTextLosesItsBlanks_data() {
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("pasted");
         QTest::addColumn<QString>("after");
@@ -31,7 +31,7 @@ private Q_SLOTS:
             << QString() << QStringLiteral(" my host ") << QStringLiteral("my host");
         QTest::newRow("nothing else") << QString() << QStringLiteral("  ") << QString();
     }
-    void whatIsPastedLosesItsBlanks() {
+    void pastedTextLosesItsBlanks() {
         QFETCH(QString, before);
         QFETCH(QString, pasted);
         m_field->setText(before);
@@ -52,7 +52,7 @@ private Q_SLOTS:
         QCOMPARE(m_field->text(), QStringLiteral("My "));
     }
 
-    void whatWasTypedLosesItsBlanksAtTheEnd() {
+    void typedTextLosesItsBlanksAtTheEnd() {
         QTest::keyClicks(m_field.get(), QStringLiteral(" host "));
         QSignalSpy edited(m_field.get(), &QLineEdit::textEdited);
         QTest::keyClick(m_field.get(), Qt::Key_Return);

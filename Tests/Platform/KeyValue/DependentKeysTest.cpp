@@ -295,7 +295,7 @@ private Q_SLOTS:
         QCOMPARE(recorder.take(), QByteArray("schedule hourly added"));
     }
 
-    void whatIsHeldAtConstructionAndReplacedLaterIsFollowedNoMore() {
+    void anObjectThatWasReplacedBeforeTheFirstObservationIsNotObserved() {
         const auto first = std::make_shared<Row>();
         const auto second = std::make_shared<Row>();
         Editor editor;
@@ -365,7 +365,7 @@ private Q_SLOTS:
         QCOMPARE(recorder.take(), QByteArray("source right behindSilent left bottom far"));
     }
 
-    void aDependencyOnAMissingKeyIsLoud() {
+    void aDependencyOnAMissingKeyRaisesAnAssertion() {
         MisspeltDependency object;
         for (int i = 0; i < 2; ++i) {
             QVERIFY_THROWS_EXCEPTION(AssertionFailure, object.announce_key());

@@ -124,7 +124,7 @@ private Q_SLOTS:
         QCOMPARE(seen, (QList<int>{1, 2}));
     }
 
-    void observersHearInTheOrderInWhichTheyBegan() {
+    void observersAreNotifiedInTheOrderOfTheirRegistration() {
         Link link;
         QString order;
         const auto a = observe(&link, "number", [&] { order += u'a'; });
@@ -446,7 +446,7 @@ private Q_SLOTS:
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)observe(&link, "number.next", [] {}));
     }
 
-    void anObjectWithoutTheKeyInTheMiddleOfAPathIsLoudAndTheNextOneIsFollowedAgain() {
+    void anObjectWithoutTheKeyInAPathRaisesAnAssertionAndTheNextOneIsObservedAgain() {
         Link head;
         QObject wrong;
         const auto end = std::make_shared<Link>(1);

@@ -87,7 +87,7 @@ private Q_SLOTS:
 
     void cleanup() { m_service.reset(); }
 
-    void whatWasSetIsFoundAtOnceAndInALaterRun() {
+    void aSecretIsFoundAtOnceAndInALaterRun() {
         {
             SecretStore store;
             store.set(item("name", "first"));
@@ -102,7 +102,7 @@ private Q_SLOTS:
         QCOMPARE(m_tellings, 0);
     }
 
-    void whatHasBeenKeptIsReadFromTheServiceAgain() {
+    void aStoredSecretIsReadFromTheServiceAgain() {
         SecretStore store;
         store.set(item("name", "mine"));
         QVERIFY(store.finishWriting());
@@ -110,7 +110,7 @@ private Q_SLOTS:
         QCOMPARE(secretOf(store, "name"), QByteArray("of another program"));
     }
 
-    void whatIsForThisRunNeverReachesTheService() {
+    void aSecretForThisRunNeverReachesTheService() {
         {
             SecretStore store;
             store.set(item("name", "passing", SecretKeeping::ThisRun));
@@ -206,7 +206,7 @@ private Q_SLOTS:
         QTRY_COMPARE(answers, QList<bool>({true, false, true}));
     }
 
-    void whatIsStillToBeWrittenCanBeRemovedToo() {
+    void aPendingSecretCanBeRemoved() {
         SecretStore store;
         store.set(item("name", "secret"));
         QVERIFY(KeychainRemoval::removeFirst(store, item("name", {}).attributes));
@@ -214,7 +214,7 @@ private Q_SLOTS:
         QVERIFY(isNotFound("name"));
     }
 
-    void whatIsOnlyInMemoryIsRemovedWithoutAService() {
+    void aSecretInMemoryOnlyIsRemovedWithoutAService() {
         m_service->stopKeyring();
         SecretStore store;
         store.set(item("name", "secret"));
@@ -327,7 +327,7 @@ private Q_SLOTS:
         QTRY_COMPARE(secretOf(later, "two"), QByteArray("2"));
     }
 
-    void whatIsStillToBeWrittenAtTheEndIsWritten() {
+    void pendingSecretsAreWrittenAtTheEnd() {
         {
             SecretStore store;
             for (const char *name : {"1", "2", "3", "4", "5", "6", "7", "8"}) {

@@ -232,7 +232,7 @@ private Q_SLOTS:
         QVERIFY(description(read()).contains(QStringLiteral("too large")));
     }
 
-    void whatIsNoFileIsRefused() {
+    void aFolderInPlaceOfARecordIsRefused() {
         m_server->putFile(Package + QStringLiteral("databases/folder/x"), "x");
         QCOMPARE(code(read(QStringLiteral("databases/folder"))), EngineErrorCode::BlobRefused);
         m_server->putFile(Package + QStringLiteral("transactions"), "x");

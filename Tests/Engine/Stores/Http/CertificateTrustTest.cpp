@@ -155,7 +155,7 @@ private Q_SLOTS:
         QCOMPARE(person.waiting(), 0);
     }
 
-    void whatBelongsToNoLocationIsForgotten() {
+    void theTrustOfARemovedLocationIsForgotten() {
         trust();
         m_host->locations().removeObjectFromSyncLocationsAtIndex(0);
         m_host->save();
