@@ -2,10 +2,10 @@
 
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Support/AccessibleScreen.h"
-#include "Support/AskedPerson.h"
+#include "Support/AskedUser.h"
+#include "Support/EventTimeout.h"
 #include "Support/FreePort.h"
 #include "Support/NotificationService.h"
-#include "Support/Patience.h"
 #include "Support/SecretService.h"
 #include "Support/ShownProgram.h"
 #include "Support/StatusNotifierWatcher.h"
@@ -49,7 +49,7 @@ private:
         state->setEnabled(true);
         other.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
             {state});
-        QTRY_VERIFY_WITH_TIMEOUT(state->lastSynced().isValid(), Patience);
+        QTRY_VERIFY(state->lastSynced().isValid());
     }
     QByteArray settings() const {
         QFile settings(home() + QStringLiteral("/.config/Velmora/Velmora.conf"));
@@ -63,17 +63,18 @@ private:
     void closeWindow() const {
         m_display.focus(m_program->mainWindow());
         m_display.press({QStringLiteral("ctrl+w")});
-        QVERIFY(QTest::qWaitFor([this] { return !isShown(); }, Patience));
+        QVERIFY(QTest::qWaitFor([this] { return !isShown(); }, EventTimeout));
         QVERIFY(m_program->isRunning());
     }
     /// Chooses an entry of the icon's menu as soon as it is there.
     void choose(const QString &title) const {
-        QVERIFY2(QTest::qWaitFor([&] { return m_watcher->menu().contains(title); }, Patience),
+        QVERIFY2(QTest::qWaitFor([&] { return m_watcher->menu().contains(title); }, EventTimeout),
                  qPrintable(title + u'\n' + m_watcher->menu().join(u'\n')));
         QVERIFY(m_watcher->choose(title));
     }
     bool isStateShown(const QString &text) const {
-        return QTest::qWaitFor([&] { return m_watcher->menu().value(0).contains(text); }, Patience);
+        return QTest::qWaitFor([&] { return m_watcher->menu().value(0).contains(text); },
+                               EventTimeout);
     }
 
 private Q_SLOTS:
@@ -94,14 +95,14 @@ private Q_SLOTS:
     void itIsOffUntilTheUserTurnsItOn() {
         start();
         m_display.press({QStringLiteral("alt+t"), QStringLiteral("b")});
-        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        QTRY_COMPARE(m_watcher->items().size(), 1);
         QVERIFY(settings().contains("QVKeepSynchronizingInBackground=true"));
     }
 
     void theIconsMenuControlsTheSynchronization() {
         turnOn();
         start();
-        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        QTRY_COMPARE(m_watcher->items().size(), 1);
         closeWindow();
         choose(QStringLiteral("Sync All Now"));
         QVERIFY(isStateShown(QStringLiteral("All up to date")));
@@ -117,7 +118,7 @@ private Q_SLOTS:
         choose(QStringLiteral("Resume"));
         QVERIFY(isStateShown(QStringLiteral("All up to date")));
         choose(QStringLiteral("Show Velmora"));
-        QVERIFY(QTest::qWaitFor([this] { return isShown(); }, Patience));
+        QVERIFY(QTest::qWaitFor([this] { return isShown(); }, EventTimeout));
         choose(QStringLiteral("Quit"));
         QVERIFY(m_program->awaitEnd());
     }
@@ -125,14 +126,14 @@ private Q_SLOTS:
     void aFirstFailureIsNotified() {
         turnOn();
         start();
-        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        QTRY_COMPARE(m_watcher->items().size(), 1);
         closeWindow();
         QVERIFY(QDir(store()).removeRecursively());
         for (int i = 0; i < 2; ++i) {
             choose(QStringLiteral("Sync All Now"));
             QVERIFY(isStateShown(QStringLiteral("not available")));
         }
-        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->messages().size(), 1, Patience);
+        QTRY_COMPARE(m_notifications->messages().size(), 1);
         const NotificationService::Message message = m_notifications->messages().first();
         QCOMPARE(message.title, QStringLiteral("A synchronization failed"));
         QVERIFY(message.text.contains(store()));
@@ -144,7 +145,7 @@ private Q_SLOTS:
         QVERIFY(isStateShown(QStringLiteral("All up to date")));
         QVERIFY(QDir(store()).removeRecursively());
         choose(QStringLiteral("Sync All Now"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->messages().size(), 2, Patience);
+        QTRY_COMPARE(m_notifications->messages().size(), 2);
         m_program->terminate();
         QVERIFY(m_program->awaitEnd());
         QCOMPARE(m_notifications->messages().size(), 2);
@@ -168,7 +169,7 @@ private Q_SLOTS:
         turnOn();
         const AccessibleScreen screen(m_desktop.busAddress());
         start();
-        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        QTRY_COMPARE(m_watcher->items().size(), 1);
         closeWindow();
         m_watcher.reset();
         QVERIFY(screen.awaitText(QStringLiteral("Velmora cannot stay in the background")));
@@ -180,16 +181,16 @@ private Q_SLOTS:
     void aConflictIsNotified() {
         turnOn();
         start();
-        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        QTRY_COMPARE(m_watcher->items().size(), 1);
         editOnAnotherComputer();
         // The first note of "Projects".
         const QString tab = QStringLiteral("Tab");
         m_display.press({QStringLiteral("Down"), tab, tab, tab, tab});
         m_display.type(QStringLiteral("Here"));
-        QVERIFY(QTest::qWaitFor([&] { return m_program->isShownAsModified(); }, Patience));
+        QVERIFY(QTest::qWaitFor([&] { return m_program->isShownAsModified(); }, EventTimeout));
         closeWindow();
         choose(QStringLiteral("Sync All Now"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->messages().size(), 1, Patience);
+        QTRY_COMPARE(m_notifications->messages().size(), 1);
         QCOMPARE(m_notifications->messages().first().title,
                  QStringLiteral("A note was edited in two places"));
         m_program->terminate();
@@ -203,17 +204,17 @@ private Q_SLOTS:
                    .arg(port));
         const AccessibleScreen screen(m_desktop.busAddress());
         start();
-        QTRY_COMPARE_WITH_TIMEOUT(m_watcher->items().size(), 1, Patience);
+        QTRY_COMPARE(m_watcher->items().size(), 1);
         closeWindow();
         TestHost other;
-        const AskedPerson otherUser;
+        const AskedUser otherUser;
         const auto store =
             other
                 .newLocation(Url::fromString(
                     QStringLiteral("%1://127.0.0.1:%2").arg(DirectConnection::URLScheme).arg(port)))
                 ->createStore();
         const auto opened = store->openWithCompletionHandler([](const auto & /*error*/) {});
-        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->messages().size(), 1, Patience);
+        QTRY_COMPARE(m_notifications->messages().size(), 1);
         const NotificationService::Message message = m_notifications->messages().first();
         QCOMPARE(message.title, QStringLiteral("Velmora asks for a decision"));
         QVERIFY2(message.text.contains(QStringLiteral("synchronize with this computer?")),

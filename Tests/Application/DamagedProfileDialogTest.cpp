@@ -5,8 +5,8 @@
 #include <QtWidgets/QPushButton>
 
 #include "Application/Interface/SyncPlugIn.h"
+#include "Support/EventTimeout.h"
 #include "Support/FaultyFileSystem.h"
-#include "Support/Patience.h"
 #include "Support/ShownTexts.h"
 #include "Support/TestApplication.h"
 #include "Support/TestMain.h"
@@ -87,7 +87,7 @@ private:
                     result.unreadable = ShownTexts::problems(*box);
                     return result.unreadable.isEmpty();
                 },
-                Patience);
+                EventTimeout);
             for (const QString &title : buttons) {
                 press(box, title);
             }

@@ -12,7 +12,7 @@
 #include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Support/BusService.h"
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 #include "Support/PrivateBus.h"
 #include "Support/SessionManager.h"
 #include "Support/ShownProgram.h"
@@ -107,7 +107,7 @@ private:
         const QString tab = QStringLiteral("Tab");
         display.press({QStringLiteral("Down"), tab, tab, tab, tab});
         display.type(QStringLiteral("Typed at the end"));
-        QVERIFY(QTest::qWaitFor([&] { return program.takeWasShownAsModified(); }, Patience));
+        QVERIFY(QTest::qWaitFor([&] { return program.takeWasShownAsModified(); }, EventTimeout));
     }
 
     /// Makes a profile whose database "Projects" synchronizes with the location `URL` when it is
@@ -149,7 +149,7 @@ private:
                     question = m_display.window(QStringLiteral("^Quit Velmora$"));
                     return !question.isEmpty();
                 },
-                Patience));
+                EventTimeout));
             m_display.focus(question);
             time.start();
             m_display.press({QStringLiteral("alt+q")});
@@ -195,7 +195,7 @@ private Q_SLOTS:
         program.start();
         program.awaitWindows();
         type(program, *display);
-        QVERIFY(QTest::qWaitFor([&] { return !program.isShownAsModified(); }, Patience));
+        QVERIFY(QTest::qWaitFor([&] { return !program.isShownAsModified(); }, EventTimeout));
         display.reset();
         QVERIFY(!program.awaitEnd());
         QVERIFY(!program.isRunning());
@@ -221,10 +221,10 @@ private Q_SLOTS:
         program.start();
         program.awaitWindows();
         // The job begins because the database is open.
-        QVERIFY(QTest::qWaitFor([&] { return server.hasPendingConnections(); }, Patience));
+        QVERIFY(QTest::qWaitFor([&] { return server.hasPendingConnections(); }, EventTimeout));
         const std::unique_ptr<QTcpSocket> connection(server.nextPendingConnection());
         this->end(end, program, session);
-        QTRY_COMPARE_WITH_TIMEOUT(connection->state(), QAbstractSocket::UnconnectedState, Patience);
+        QTRY_COMPARE(connection->state(), QAbstractSocket::UnconnectedState);
         QCOMPARE(count(program.profile(), QStringLiteral("states WHERE last_synced NOT NULL")), 0);
         // Otherwise the check would wait for it.
         server.close();
@@ -258,7 +258,7 @@ private Q_SLOTS:
         program.awaitWindows();
         // One location is to be looked up, and the tokens of the other are to be read.
         QVERIFY(QTest::qWaitFor([&] { return discovery.wasAsked() && passwords.wasAsked(); },
-                                Patience));
+                                EventTimeout));
         this->end(end, program, session);
     }
 
@@ -276,7 +276,7 @@ private Q_SLOTS:
         program.start();
         program.awaitWindows();
         // The location is to be looked up.
-        QVERIFY(QTest::qWaitFor([&] { return bus.hasPendingConnections(); }, Patience));
+        QVERIFY(QTest::qWaitFor([&] { return bus.hasPendingConnections(); }, EventTimeout));
         end(Signal, program, session);
     }
 };

@@ -1,5 +1,5 @@
 #include "Engine/Plugin/SyncEngine.h"
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 #include "Support/PrivateVolume.h"
 #include "Support/SessionManager.h"
 #include "Support/ShownProgram.h"
@@ -76,8 +76,8 @@ private Q_SLOTS:
         volume.fill();
         type(program, column);
         // The failure is presented.
-        QVERIFY(
-            QTest::qWaitFor([&] { return !m_display.hasFocus(program.mainWindow()); }, Patience));
+        QVERIFY(QTest::qWaitFor([&] { return !m_display.hasFocus(program.mainWindow()); },
+                                EventTimeout));
         QVERIFY(program.isShownAsModified());
         end(program, session, isSession);
         QVERIFY(QFile::remove(program.profile() + QStringLiteral("/filler")));

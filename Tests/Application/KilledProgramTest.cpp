@@ -3,7 +3,7 @@
 
 #include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 #include "Support/ShownProgram.h"
 #include "Support/TestApplication.h"
 #include "Support/TestMain.h"
@@ -62,16 +62,17 @@ private:
     }
 
     void awaitSaved() {
-        QVERIFY(QTest::qWaitFor([this] { return m_program.takeWasShownAsModified(); }, Patience));
+        QVERIFY(
+            QTest::qWaitFor([this] { return m_program.takeWasShownAsModified(); }, EventTimeout));
         // Keys have effect in order, so all others have reached the window when this one has.
         m_display.press({QStringLiteral("alt+t"), QStringLiteral("l")});
         QVERIFY(QTest::qWaitFor(
-            [this] { return !m_display.window(QStringLiteral("^Log$")).isEmpty(); }, Patience));
+            [this] { return !m_display.window(QStringLiteral("^Log$")).isEmpty(); }, EventTimeout));
         QVERIFY(QTest::qWaitFor(
             [this] {
                 return m_display.window(QStringLiteral("^Velmora$")) == m_program.mainWindow();
             },
-            Patience));
+            EventTimeout));
         m_display.focus(m_program.mainWindow());
     }
 
@@ -94,7 +95,7 @@ private:
             return;
         }
         m_display.press({QStringLiteral("alt+d"), QStringLiteral("o")});
-        QVERIFY(QTest::qWaitFor([this] { return closedDatabases() == 0; }, Patience));
+        QVERIFY(QTest::qWaitFor([this] { return closedDatabases() == 0; }, EventTimeout));
     }
 
     /// Adds a note, whose text begins with `name`.
@@ -102,7 +103,7 @@ private:
         const int before = lastOperation();
         m_display.press({QStringLiteral("alt+n")});
         // A button that is pressed by its key acts only a moment later.
-        QVERIFY(QTest::qWaitFor([&] { return lastOperation() > before; }, Patience));
+        QVERIFY(QTest::qWaitFor([&] { return lastOperation() > before; }, EventTimeout));
         m_display.press({QStringLiteral("Tab")});
         const QString text = name + randomText(number(30));
         m_display.type(text);
@@ -122,7 +123,7 @@ private:
 
     void awaitDelay() {
         const QDeadlineTimer delay(number(LongestDelay));
-        QVERIFY(QTest::qWaitFor([&] { return delay.hasExpired(); }, Patience));
+        QVERIFY(QTest::qWaitFor([&] { return delay.hasExpired(); }, EventTimeout));
     }
 
     void killDuring(Moment moment) {
@@ -133,7 +134,7 @@ private:
                 break;
             case Moment::Keeping:
                 typeOn(typist);
-                QVERIFY(QTest::qWaitFor([this] { return isKept(); }, Patience));
+                QVERIFY(QTest::qWaitFor([this] { return isKept(); }, EventTimeout));
                 m_notes[m_current].isKept = true;
                 break;
             case Moment::Adding:

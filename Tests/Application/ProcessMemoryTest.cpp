@@ -28,8 +28,8 @@
 #include "Platform/Security/UrlCredentialStorage.h"
 #include "Support/DirectConnectionPeer.h"
 #include "Support/DropboxTestCase.h"
+#include "Support/EventTimeout.h"
 #include "Support/FreePort.h"
-#include "Support/Patience.h"
 #include "Support/ProgramMemory.h"
 #include "Support/SecretService.h"
 #include "Support/TestApplication.h"
@@ -116,7 +116,7 @@ class ProcessMemoryTest : public QObject {
             DirectConnectionPairings saved(profile);
             return saved.load() && saved.fingerprint(key) == fingerprint;
         };
-        QTRY_VERIFY_WITH_TIMEOUT(isSaved(), Patience);
+        QTRY_VERIFY(isSaved());
         QVERIFY(SecretStore::shared().finishWriting());
     }
 
@@ -252,14 +252,14 @@ private Q_SLOTS:
         writeProfile(QStringLiteral("file:///nowhere"));
         const auto process = start();
         const auto hasEnded = [&] { return isRecorded(QStringLiteral("result_date > 0")); };
-        QTRY_VERIFY_WITH_TIMEOUT(hasEnded(), Patience);
+        QTRY_VERIFY(hasEnded());
         QFile limits(QStringLiteral("/proc/%1/limits").arg(process->processId()));
         QVERIFY(limits.open(QIODevice::ReadOnly));
         const QString text = QString::fromLatin1(limits.readAll()).simplified();
         QVERIFY2(text.contains(QStringLiteral("Max core file size 0 0 bytes")), qPrintable(text));
         QCOMPARE(ProgramMemory::isOpenToOthers(process->processId()), isSanitized);
         process->terminate();
-        QVERIFY(process->waitForFinished(Patience));
+        QVERIFY(process->waitForFinished(EventTimeout));
     }
 
     void aPasswordDoesNotStayInMemoryAfterASynchronization_data() {
@@ -276,14 +276,14 @@ private Q_SLOTS:
         storePassword();
         acceptUnencryptedPassword();
         const auto process = start();
-        QTRY_VERIFY_WITH_TIMEOUT(isSynchronized(), Patience);
+        QTRY_VERIFY(isSynchronized());
 
         const ProgramMemory memory(process->processId());
         QVERIFY(memory.containsAny({NoteTitle}));
         const QString login = WebDAVServer::User + u':' + WebDAVServer::Password;
         QVERIFY(!memory.containsAny({WebDAVServer::Password, login}));
         process->terminate();
-        QVERIFY(process->waitForFinished(Patience));
+        QVERIFY(process->waitForFinished(EventTimeout));
     }
 
     void theTokensOfDropboxDoNotStayInMemoryAfterASynchronization() {
@@ -295,7 +295,7 @@ private Q_SLOTS:
         // The program gets new ones.
         server.expireAccessTokens();
         const auto process = start();
-        QTRY_VERIFY_WITH_TIMEOUT(isSynchronized(), Patience);
+        QTRY_VERIFY(isSynchronized());
 
         const ProgramMemory memory(process->processId());
         QVERIFY(memory.containsAny({NoteTitle}));
@@ -304,7 +304,7 @@ private Q_SLOTS:
         QVERIFY(secrets.size() >= 5);
         QVERIFY(!memory.containsAny(secrets));
         process->terminate();
-        QVERIFY(process->waitForFinished(Patience));
+        QVERIFY(process->waitForFinished(EventTimeout));
         QCOMPARE(server.violations(), QStringList());
     }
 
@@ -324,13 +324,13 @@ private Q_SLOTS:
                          secret, engine.profile());
         });
         const auto process = start();
-        QTRY_VERIFY_WITH_TIMEOUT(isRefused(), Patience);
+        QTRY_VERIFY(isRefused());
 
         const ProgramMemory memory(process->processId());
         QVERIFY(memory.containsAny({address}));
         QVERIFY(!memory.contains(secret.toByteArray()));
         process->terminate();
-        QVERIFY(process->waitForFinished(Patience));
+        QVERIFY(process->waitForFinished(EventTimeout));
     }
 
     void theSecretOfAClientDoesNotStayInTheMemoryOfTheServer() {
@@ -341,16 +341,16 @@ private Q_SLOTS:
         storeClient(client, secret);
         serve(port);
         const auto process = start();
-        QTRY_VERIFY_WITH_TIMEOUT(isServed(port, client, secret), Patience);
+        QTRY_VERIFY(isServed(port, client, secret));
 
         // Once it has noticed that the client has left.
         const auto isForgotten = [&] {
             const ProgramMemory memory(process->processId());
             return memory.containsAny({NoteTitle}) && !memory.contains(secret.toByteArray());
         };
-        QTRY_VERIFY_WITH_TIMEOUT(isForgotten(), Patience);
+        QTRY_VERIFY(isForgotten());
         process->terminate();
-        QVERIFY(process->waitForFinished(Patience));
+        QVERIFY(process->waitForFinished(EventTimeout));
     }
 };
 

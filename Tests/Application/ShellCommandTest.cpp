@@ -10,7 +10,7 @@
 
 #include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Profile/ProfileLock.h"
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 #include "Support/ProgramRun.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestMain.h"
@@ -91,14 +91,14 @@ class ShellCommandTest : public QObject {
         auto process = std::make_unique<QProcess>();
         process->setProcessEnvironment(environment());
         process->start(QStringLiteral(VELMORA), {QStringLiteral("--profile"), profile()});
-        if (!QTest::qWaitFor([&] { return !sockets().isEmpty(); }, Patience)) {
+        if (!QTest::qWaitFor([&] { return !sockets().isEmpty(); }, EventTimeout)) {
             qWarning("%s", process->readAllStandardError().constData());
         }
         return process;
     }
     static void terminate(QProcess &process) {
         process.terminate();
-        QVERIFY(process.waitForFinished(Patience));
+        QVERIFY(process.waitForFinished(EventTimeout));
         QCOMPARE(process.exitCode(), 0);
     }
     QStringList transactions() const {
@@ -287,7 +287,7 @@ private Q_SLOTS:
             QStringLiteral("UPDATE settings SET value = value - 172800000"
                            " WHERE key = 'lastScheduleCheck'"));
         const auto program = startWindows();
-        QTRY_VERIFY_WITH_TIMEOUT(!transactions().isEmpty(), Patience);
+        QTRY_VERIFY(!transactions().isEmpty());
         terminate(*program);
     }
 
@@ -400,7 +400,7 @@ private Q_SLOTS:
             QVERIFY(socket.waitForConnected());
             socket.write(request);
             QVERIFY(socket.state() == QLocalSocket::UnconnectedState ||
-                    socket.waitForDisconnected(Patience));
+                    socket.waitForDisconnected(EventTimeout));
             QCOMPARE(socket.readAll(), QByteArray());
         }
         QCOMPARE(sync().exitCode, 0);

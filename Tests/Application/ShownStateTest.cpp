@@ -5,7 +5,6 @@
 
 #include "Support/AccessibleScreen.h"
 #include "Support/FreePort.h"
-#include "Support/Patience.h"
 #include "Support/ProgramRun.h"
 #include "Support/SecretService.h"
 #include "Support/ShownProgram.h"
@@ -82,7 +81,7 @@ private:
     /// Gives the keyboard to the window `title` as soon as it is there, and presses keys.
     void pressIn(const char *title, const QStringList &keys) const {
         const QString pattern = u'^' + QString::fromUtf8(title) + u'$';
-        QTRY_VERIFY_WITH_TIMEOUT(!m_display.window(pattern).isEmpty(), Patience);
+        QTRY_VERIFY(!m_display.window(pattern).isEmpty());
         m_display.focus(m_display.window(pattern));
         m_display.press(keys);
     }

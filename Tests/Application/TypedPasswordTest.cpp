@@ -1,6 +1,5 @@
 #include <atomic>
 
-#include "Support/Patience.h"
 #include "Support/ProgramMemory.h"
 #include "Support/ScriptedServer.h"
 #include "Support/SecretService.h"
@@ -58,20 +57,17 @@ private Q_SLOTS:
         const QString down = QStringLiteral("Down");
         display.press({QStringLiteral("alt+a"), down, down, down, QStringLiteral("Return")});
         QString sheet;
-        QTRY_VERIFY_WITH_TIMEOUT(
-            !(sheet = display.window(QStringLiteral("^WebDAV Location$"))).isEmpty(), Patience);
+        QTRY_VERIFY(!(sheet = display.window(QStringLiteral("^WebDAV Location$"))).isEmpty());
         display.focus(sheet);
         fillIn(display, server.port());
         const auto isPasswordInMemory = [&] {
             return ProgramMemory(program.processId())
                 .containsAny({Password, User + u':' + Password});
         };
-        QTRY_VERIFY_WITH_TIMEOUT(isPasswordInMemory(), Patience);
+        QTRY_VERIFY(isPasswordInMemory());
         display.press({QStringLiteral("Return")});
-        QTRY_VERIFY_WITH_TIMEOUT(wasUsed, Patience);
-        QTRY_VERIFY_WITH_TIMEOUT(
-            secrets.count({{QStringLiteral("user"), User}}) == 2 && !isPasswordInMemory(),
-            Patience);
+        QTRY_VERIFY(wasUsed);
+        QTRY_VERIFY(secrets.count({{QStringLiteral("user"), User}}) == 2 && !isPasswordInMemory());
     }
 };
 

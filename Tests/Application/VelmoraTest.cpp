@@ -3,7 +3,7 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 #include "Support/TestMain.h"
 
 /// Runs the program itself, as a user or a script would.
@@ -73,7 +73,7 @@ class VelmoraTest : public QObject {
                                            QDir::System | QDir::Files)
                                 .isEmpty();
                 },
-                Patience)) {
+                EventTimeout)) {
             qWarning("%s", process->readAllStandardError().constData());
         }
         return process;
@@ -82,7 +82,7 @@ class VelmoraTest : public QObject {
     /// Ends the program as a session does.
     static void terminate(QProcess &process) {
         process.terminate();
-        QVERIFY(process.waitForFinished(Patience));
+        QVERIFY(process.waitForFinished(EventTimeout));
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(process.exitCode(), 0);
     }
@@ -254,7 +254,7 @@ private Q_SLOTS:
         const auto hasEnded = [](const QProcess &process) {
             return process.state() == QProcess::NotRunning;
         };
-        QVERIFY(QTest::qWaitFor([&] { return hasEnded(*one) || hasEnded(*other); }, Patience));
+        QVERIFY(QTest::qWaitFor([&] { return hasEnded(*one) || hasEnded(*other); }, EventTimeout));
         QProcess &second = hasEnded(*one) ? *one : *other;
         QProcess &first = hasEnded(*one) ? *other : *one;
         const QByteArray errors = second.readAllStandardError();
@@ -275,7 +275,7 @@ private Q_SLOTS:
             QVERIFY(QDir(profile()).removeRecursively());
             const auto description = start({QStringLiteral("--describe")});
             const auto windows = startWindows();
-            QTRY_COMPARE_WITH_TIMEOUT(description->state(), QProcess::NotRunning, Patience);
+            QTRY_COMPARE(description->state(), QProcess::NotRunning);
             QCOMPARE(description->exitCode(), 0);
             const Run described =
                 run({QStringLiteral("--profile"), profile(), QStringLiteral("--describe")});

@@ -1,4 +1,4 @@
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 #include "Support/TestMain.h"
 
 namespace {
@@ -12,7 +12,7 @@ struct Run {
         environment.insert("TMPDIR", temporary.path());
         process.setProcessEnvironment(environment);
         process.start(CHECK_HOST, arguments);
-        isFinished = process.waitForFinished(Patience);
+        isFinished = process.waitForFinished(EventTimeout);
         output = process.readAllStandardOutput();
         error = process.readAllStandardError();
     }

@@ -8,9 +8,9 @@
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Scenarios/Panel.h"
+#include "Support/EventTimeout.h"
 #include "Support/FreePort.h"
 #include "Support/HostShortcuts.h"
-#include "Support/Patience.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestAuthority.h"
 #include "Support/TestHost.h"
@@ -33,7 +33,7 @@ class LocationCheckTest : public QObject {
     /// Checks the location and waits for the result.
     void checkToTheEnd() {
         check();
-        QTRY_VERIFY_WITH_TIMEOUT(!isChecking(), Patience);
+        QTRY_VERIFY(!isChecking());
     }
     static bool isChecking() {
         return Panel::pane().synchronizationSelections().first()->isActive();
@@ -97,7 +97,7 @@ private Q_SLOTS:
         QVERIFY(Panel::locationRow(0)
                     ->findChild<QProgressBar *>(QStringLiteral("rowActivity"))
                     ->isVisible());
-        QTRY_VERIFY_WITH_TIMEOUT(!isChecking(), Patience);
+        QTRY_VERIFY(!isChecking());
         QCOMPARE(result(),
                  QStringLiteral("“Store 0” can be read and written. 1 database, 1.2 MB."));
         QVERIFY(m_panel->find<QLabel>("checkLabel")->isVisible());
@@ -226,7 +226,7 @@ private Q_SLOTS:
         m_panel->inSheet<QPushButton>("acceptButton")->click();
         QVERIFY(!m_panel->sheet());
         QVERIFY(isChecking());
-        QTRY_VERIFY_WITH_TIMEOUT(!isChecking(), Patience);
+        QTRY_VERIFY(!isChecking());
         QVERIFY(Panel::warning(Panel::locationRow(0))->isVisible());
         QVERIFY2(result().contains(QStringLiteral("refused the connection")), qPrintable(result()));
         QCOMPARE(presented(), QStringList());

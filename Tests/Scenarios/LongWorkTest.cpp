@@ -6,8 +6,8 @@
 #include "Host/QVSyncDispatcher.h"
 #include "Platform/Interface/TableView.h"
 #include "Scenarios/Panel.h"
+#include "Support/EventTimeout.h"
 #include "Support/FaultyProxy.h"
-#include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/WebDAVServer.h"
 
@@ -30,7 +30,7 @@ class LongWorkTest : public QObject {
         const auto state = location->addStateForDatabaseWithUUID(m_UUID, QStringLiteral("Travel"));
         state->setEnabled(true);
         dispatcher().performSynchronizationsWithSynchronizationStates({state});
-        QTRY_VERIFY_WITH_TIMEOUT(state->lastSynced().isValid(), Patience);
+        QTRY_VERIFY(state->lastSynced().isValid());
     }
     /// Returns the number of the exchange that reads the third record.
     qint64 thirdRead() const {
@@ -81,7 +81,7 @@ private Q_SLOTS:
         panel.inSheet<TableView>("locationsTable")->selectRow(0);
         panel.inSheet<QPushButton>("continueButton")->click();
         auto *table = panel.inSheet<TableView>("databasesTable");
-        QTRY_COMPARE_WITH_TIMEOUT(table->rowCount(), 1, Patience);
+        QTRY_COMPARE(table->rowCount(), 1);
         QTRY_VERIFY(panel.inSheet<QPushButton>("actionButton")->isVisible());
         table->selectRow(0);
         m_proxy->setFault(FaultyProxy::Fault::Late, third, FaultyProxy::Duration::FromThenOn);
@@ -89,8 +89,8 @@ private Q_SLOTS:
         QVERIFY(!panel.sheet());
         const QRegularExpression progress(
             QStringLiteral("^Synchronizing “Travel” with “localhost – Shared”… \\d+ of \\d+$"));
-        QTRY_VERIFY_WITH_TIMEOUT(m_proxy->hasFailed(), Patience);
-        QTRY_VERIFY_WITH_TIMEOUT(progress.match(panel.text("activityLabel")).hasMatch(), Patience);
+        QTRY_VERIFY(m_proxy->hasFailed());
+        QTRY_VERIFY(progress.match(panel.text("activityLabel")).hasMatch());
         QVERIFY(panel.find<QProgressBar>("activityBar")->maximum() > 0);
         panel.press("stopButton");
         QCOMPARE(dispatcher().activity(), QString());
@@ -100,7 +100,7 @@ private Q_SLOTS:
         const auto state =
             m_host->locations().syncLocations().first()->stateForDatabaseWithUUID(m_UUID);
         dispatcher().performSynchronizationsWithSynchronizationStates({state});
-        QTRY_VERIFY_WITH_TIMEOUT(state->lastSynced().isValid(), Patience);
+        QTRY_VERIFY(state->lastSynced().isValid());
         const auto database = m_host->library().databaseForUUID(m_UUID);
         QCOMPARE(database->notes().value().size(), 12);
     }
@@ -118,7 +118,7 @@ private Q_SLOTS:
             bool isSynchronized = false;
             dispatcher().performSynchronizationsWithSynchronizationStates(
                 {state}, [&] { isSynchronized = true; });
-            QTRY_VERIFY_WITH_TIMEOUT(isSynchronized, Patience);
+            QTRY_VERIFY(isSynchronized);
         }
         const Panel panel;
         Panel::select(Panel::databaseRow(QStringLiteral("Travel")));
@@ -127,8 +127,8 @@ private Q_SLOTS:
         panel.choose("cleanItem");
         const QRegularExpression progress(
             QStringLiteral("^Cleaning up “Travel” at “localhost – Shared”… \\d+ of \\d+$"));
-        QTRY_VERIFY_WITH_TIMEOUT(m_proxy->hasFailed(), Patience);
-        QTRY_VERIFY_WITH_TIMEOUT(progress.match(panel.text("activityLabel")).hasMatch(), Patience);
+        QTRY_VERIFY(m_proxy->hasFailed());
+        QTRY_VERIFY(progress.match(panel.text("activityLabel")).hasMatch());
         QVERIFY(panel.find<QProgressBar>("activityBar")->maximum() > 0);
         panel.press("stopButton");
         QCOMPARE(dispatcher().activity(), QString());
@@ -137,9 +137,8 @@ private Q_SLOTS:
         // The next one completes it.
         m_proxy->setFault(FaultyProxy::Fault::None, 1, FaultyProxy::Duration::Once);
         panel.choose("cleanItem");
-        QTRY_COMPARE_WITH_TIMEOUT(
-            panel.text("activityLabel"),
-            QStringLiteral("“Travel” was cleaned up at “localhost – Shared”."), Patience);
+        QTRY_COMPARE(panel.text("activityLabel"),
+                     QStringLiteral("“Travel” was cleaned up at “localhost – Shared”."));
         QCOMPARE(database->notes().value().size(), 15);
     }
 };

@@ -16,9 +16,9 @@
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Interface/SheetWindow.h"
 #include "Platform/Interface/TableView.h"
+#include "Support/EventTimeout.h"
 #include "Support/FreePort.h"
 #include "Support/HostShortcuts.h"
-#include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -213,7 +213,7 @@ private:
     void importFirst() {
         const QPointer<TableView> databases = table("databasesTable");
         const auto isListed = [&] { return !databases || databases->rowCount() > 0; };
-        if (QTest::qWaitFor(isListed, Patience) && databases) {
+        if (QTest::qWaitFor(isListed, EventTimeout) && databases) {
             databases->setSelectionIndexes({0});
             m_imports += press("actionButton") ? 1 : 0;
         }

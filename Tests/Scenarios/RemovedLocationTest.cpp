@@ -10,7 +10,6 @@
 #include "Platform/Security/SecretStore.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 #include "Support/HostShortcuts.h"
-#include "Support/Patience.h"
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -150,10 +149,10 @@ private Q_SLOTS:
 
         m_host->application().answerQuestions(true);
         removeFirst();
-        QTRY_COMPARE_WITH_TIMEOUT(m_host->application().questions().size(), 1, Patience);
+        QTRY_COMPARE(m_host->application().questions().size(), 1);
         QCOMPARE(m_host->application().questions().first().text,
                  QStringLiteral("Forget the password of “ida@dav.example”?"));
-        QTRY_COMPARE_WITH_TIMEOUT(countOfPasswords(), 0, Patience);
+        QTRY_COMPARE(countOfPasswords(), 0);
         QCOMPARE(m_host->application().questions().size(), 1);
     }
 

@@ -9,7 +9,7 @@
 #include "Controller/Preferences/ActivityStatus.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Scenarios/Panel.h"
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
 #include "Support/Verification.h"
@@ -47,7 +47,7 @@ class SynchronizationStatusTest : public QObject {
     void synchronize() const {
         syncNow();
         QVERIFY(!isIdle());
-        QTRY_VERIFY_WITH_TIMEOUT(isIdle(), Patience);
+        QTRY_VERIFY(isIdle());
     }
     QString scheduleText() const { return m_panel->text("nextScheduledDateLabel"); }
     /// Opens the editor of the location, pastes `text` over what its field `name` holds, and

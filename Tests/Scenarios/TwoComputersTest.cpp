@@ -18,10 +18,10 @@
 #include "Platform/Interface/TableView.h"
 #include "Platform/Network/NetService.h"
 #include "Platform/Security/Keychain.h"
-#include "Support/AskedPerson.h"
+#include "Support/AskedUser.h"
 #include "Support/Commands.h"
+#include "Support/EventTimeout.h"
 #include "Support/KeychainRemoval.h"
-#include "Support/Patience.h"
 #include "Support/PrivateNetwork.h"
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
@@ -141,14 +141,14 @@ class TwoComputersTest : public QObject {
             }
             return line.startsWith(start);
         };
-        return QTest::qWaitFor(isThere, Patience) ? line : QString();
+        return QTest::qWaitFor(isThere, EventTimeout) ? line : QString();
     }
 
     static EngineErrorCode await(const std::shared_ptr<BlobStore> &store) {
         std::atomic<int> code = -1;
         store->openWithCompletionHandler(
             [&](const std::optional<Error> &error) { code = error ? error->code : 0; });
-        [&] { QTRY_VERIFY_WITH_TIMEOUT(code >= 0, Patience); }();
+        [&] { QTRY_VERIFY(code >= 0); }();
         return static_cast<EngineErrorCode>(code.load());
     }
 
@@ -173,7 +173,7 @@ class TwoComputersTest : public QObject {
                 result.errorCode = error ? error->code : 0;
                 isDone = true;
             });
-        [&] { QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience); }();
+        [&] { QTRY_VERIFY(isDone); }();
         result.names.sort();
         return result;
     }
@@ -200,7 +200,7 @@ private Q_SLOTS:
 
     void cleanupTestCase() {
         tell("end");
-        if (!m_other.waitForFinished(Patience)) {
+        if (!m_other.waitForFinished(EventTimeout)) {
             m_other.kill();
             m_other.waitForFinished();
         }
@@ -209,12 +209,12 @@ private Q_SLOTS:
 
     void aComputerFindsAnotherPairsWithItAndIsRefusedOnceRevoked() {
         TestHost host;
-        AskedPerson person;
+        AskedUser person;
         QVDirectConnectionServer *own = host.engine().plugin().server();
         own->startServing();
         QVERIFY(own->isServing());
 
-        QTRY_COMPARE_WITH_TIMEOUT(own->bonjourService()->name(), QStringLiteral("hostb"), Patience);
+        QTRY_COMPARE(own->bonjourService()->name(), QStringLiteral("hostb"));
 
         // Found, and never its own.
         QWidget parent;
@@ -223,14 +223,14 @@ private Q_SLOTS:
         qint64 result = -1;
         editor->runLocationEditorModalForWindow(&parent, true, [&](qint64 code) { result = code; });
         auto *table = editor->window()->findChild<TableView *>(QStringLiteral("servicesTable"));
-        QTRY_COMPARE_WITH_TIMEOUT(table->rowCount(), 1, Patience);
+        QTRY_COMPARE(table->rowCount(), 1);
         QCOMPARE(table->item(0, 0)->text(), QStringLiteral("hosta"));
 
         // Resolved.
         QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
                           table->visualItemRect(table->item(0, 0)).center());
         auto *hostField = editor->window()->findChild<QLineEdit *>(QStringLiteral("hostField"));
-        QTRY_COMPARE_WITH_TIMEOUT(hostField->text(), QStringLiteral("hosta.local"), Patience);
+        QTRY_COMPARE(hostField->text(), QStringLiteral("hosta.local"));
         QCOMPARE(location->URL().absoluteString(),
                  QStringLiteral("velmora://hosta.local:%1").arg(DirectConnection::DefaultPort));
         QCOMPARE(table->rowCount(), 1);
@@ -242,7 +242,7 @@ private Q_SLOTS:
         const QString question = awaitLine(QStringLiteral("question"));
         QVERIFY2(question.contains(QSysInfo::machineHostName()), qPrintable(question));
         tell("allow");
-        QTRY_COMPARE_WITH_TIMEOUT(person.asked().size(), 1, Patience);
+        QTRY_COMPARE(person.asked().size(), 1);
         QVERIFY(!codeIn(question).isEmpty());
         QCOMPARE(person.asked().first().code, codeIn(question));
         // Until this computer, too, knows that it is paired, each store would ask both users again.
@@ -252,7 +252,7 @@ private Q_SLOTS:
                        .value_or(QStringList())
                        .size() == 1;
         };
-        QTRY_VERIFY_WITH_TIMEOUT(isPaired(), Patience);
+        QTRY_VERIFY(isPaired());
         tell("clients");
         QCOMPARE(awaitLine(QStringLiteral("clients")), QStringLiteral("clients 1"));
 
@@ -277,7 +277,7 @@ private Q_SLOTS:
 
         // Gone from the list when it stops serving.
         tell("stop");
-        QTRY_COMPARE_WITH_TIMEOUT(editor->services().size(), 0, Patience);
+        QTRY_COMPARE(editor->services().size(), 0);
     }
 };
 

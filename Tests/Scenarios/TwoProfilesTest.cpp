@@ -20,7 +20,7 @@
 #include "Support/Commands.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 #include "Support/SetDefault.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -138,7 +138,7 @@ private:
         bool isAccepted = false;
         editor->runLocationEditorModalForWindow(&window, true,
                                                 [&](qint64 result) { isAccepted = result == 1; });
-        if (!QTest::qWaitFor([&] { return isAccepted; }, Patience)) {
+        if (!QTest::qWaitFor([&] { return isAccepted; }, EventTimeout)) {
             return editor->authorizationStatus();
         }
         m_host.locations().insertObjectInSyncLocationsAtIndex(location, 0);
@@ -164,7 +164,7 @@ private:
         bool isDone = false;
         QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
             {state}, [&] { isDone = true; });
-        if (!QTest::qWaitFor([&] { return isDone; }, Patience)) {
+        if (!QTest::qWaitFor([&] { return isDone; }, EventTimeout)) {
             return QStringLiteral("not ended");
         }
         return state->lastSynced().isValid() ? QStringLiteral("done") : lastLogged();
@@ -182,7 +182,8 @@ private:
         bool isClosed = false;
         sheet->runImportDatabasesSheetModalForWindow(&window, [&] { isClosed = true; });
         sheet->fetchDatabasesForLocation(m_host.locations().syncLocations().constFirst());
-        if (!QTest::qWaitFor([&] { return !sheet->isActive(); }, Patience) || !sheet->databases()) {
+        if (!QTest::qWaitFor([&] { return !sheet->isActive(); }, EventTimeout) ||
+            !sheet->databases()) {
             return sheet->remoteErrorText();
         }
         const QVRemoteDatabases offered = *sheet->databases();
@@ -198,7 +199,7 @@ private:
                        return databaseForUUID(database->UUID()) != nullptr;
                    });
         };
-        return QTest::qWaitFor(areHere, Patience) && isClosed ? names.join(u',') : lastLogged();
+        return QTest::qWaitFor(areHere, EventTimeout) && isClosed ? names.join(u',') : lastLogged();
     }
 
     QString verify() {
@@ -252,7 +253,7 @@ public:
     }
     ~OtherProcess() {
         m_process.write("end\n");
-        if (!m_process.waitForFinished(Patience)) {
+        if (!m_process.waitForFinished(EventTimeout)) {
             m_process.kill();
             m_process.waitForFinished();
         }
@@ -261,7 +262,7 @@ public:
     QString ask(const QStringList &command) {
         m_process.write(command.join(u'\t').toUtf8() + '\n');
         const auto hasAnswered = [this] { return m_process.canReadLine(); };
-        return QTest::qWaitFor(hasAnswered, 2 * Patience)
+        return QTest::qWaitFor(hasAnswered, 2 * EventTimeout)
                    ? QString::fromUtf8(m_process.readLine()).trimmed()
                    : QStringLiteral("no answer");
     }
@@ -300,7 +301,7 @@ class TwoProfilesTest : public QObject {
         QCOMPARE(here.ask({QStringLiteral("synchronize"), UUID}), Done);
 
         QCOMPARE(there.ask({QStringLiteral("import")}), QStringLiteral("Projects"));
-        QTRY_COMPARE_WITH_TIMEOUT(contents(there), contents(here), Patience);
+        QTRY_COMPARE(contents(there), contents(here));
 
         save(here, "Garden", "Water beans.");
         remove(here, "Cellar");
@@ -408,7 +409,7 @@ private Q_SLOTS:
                  Done);
         QCOMPARE(here.ask({QStringLiteral("synchronize"), UUID}), Done);
         // What was written is taken over behind the client's back.
-        QTRY_COMPARE_WITH_TIMEOUT(contents(there), contents(here), Patience);
+        QTRY_COMPARE(contents(there), contents(here));
         QVERIFY(contents(here).contains(QStringLiteral("Harvest early.")));
         QVERIFY(contents(here).contains(QStringLiteral("Harvest late.")));
         verify(here, there);

@@ -11,8 +11,8 @@
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Platform/Interface/TableView.h"
 #include "Scenarios/EveryWindow.h"
+#include "Support/EventTimeout.h"
 #include "Support/Languages.h"
-#include "Support/Patience.h"
 #include "Support/ShownTexts.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -169,7 +169,7 @@ private Q_SLOTS:
                 shown.start();
             }
             problems = ShownTexts::problems(*box);
-            if (problems.isEmpty() || shown.hasExpired(Patience)) {
+            if (problems.isEmpty() || shown.hasExpired(EventTimeout)) {
                 ++boxes;
                 timer.stop();
                 box->reject();

@@ -4,8 +4,8 @@
 #include "Host/InboxUUID.h"
 #include "Servers/ForeignServer.h"
 #include "Support/Compaction.h"
+#include "Support/EventTimeout.h"
 #include "Support/Failure.h"
-#include "Support/Patience.h"
 #include "Support/Replica.h"
 #include "Support/RunSession.h"
 #include "Support/TestHost.h"
@@ -81,7 +81,7 @@ private:
         bool isDone = false;
         host.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
             {state}, [&] { isDone = true; });
-        if (!QTest::qWaitFor([&] { return isDone; }, Patience)) {
+        if (!QTest::qWaitFor([&] { return isDone; }, EventTimeout)) {
             return QStringLiteral("not ended");
         }
         const auto &result = std::dynamic_pointer_cast<EngineSyncState>(state)->lastResult();

@@ -15,8 +15,8 @@
 #include <stdexcept>
 
 #include "Support/AwaitReply.h"
+#include "Support/EventTimeout.h"
 #include "Support/Namespaces.h"
-#include "Support/Patience.h"
 
 namespace {
 
@@ -36,11 +36,13 @@ QString addressOfBus(const QString &sessionBus) {
     QString address;
     const bool isThere = QTest::qWaitFor(
         [&] {
-            address =
-                awaitReply(session.asyncCall(question, Patience)).arguments().value(0).toString();
+            address = awaitReply(session.asyncCall(question, EventTimeout))
+                          .arguments()
+                          .value(0)
+                          .toString();
             return address.startsWith(QStringLiteral("unix:"));
         },
-        Patience);
+        EventTimeout);
     QDBusConnection::disconnectFromBus(ConnectionName + QStringLiteral("-session"));
     if (!isThere) {
         throw std::runtime_error("The accessibility bus does not start.");
@@ -118,7 +120,7 @@ QDBusPendingCall AccessibleScreen::call(const Widget &widget, const char *interf
     QDBusMessage message = QDBusMessage::createMethodCall(
         widget.service, widget.path, QLatin1StringView(interface), QLatin1StringView(function));
     message.setArguments(arguments);
-    return m_bus.asyncCall(message, Patience);
+    return m_bus.asyncCall(message, EventTimeout);
 }
 
 QDBusPendingCall AccessibleScreen::property(const Widget &widget, const char *interface,
@@ -202,7 +204,7 @@ QStringList AccessibleScreen::texts() const {
 }
 
 bool AccessibleScreen::awaitText(const QString &part) const {
-    return QTest::qWaitFor([&] { return !texts().filter(part).isEmpty(); }, Patience);
+    return QTest::qWaitFor([&] { return !texts().filter(part).isEmpty(); }, EventTimeout);
 }
 
 QStringList AccessibleScreen::awaitNoText(const QString &part) const {
@@ -212,13 +214,13 @@ QStringList AccessibleScreen::awaitNoText(const QString &part) const {
             shown = texts().filter(part);
             return shown.isEmpty();
         },
-        Patience);
+        EventTimeout);
     return shown;
 }
 
 bool AccessibleScreen::perform(const QString &name, const QString &place,
                                const QString &action) const {
-    return QTest::qWaitFor([&] { return performNow(name, place, action); }, Patience);
+    return QTest::qWaitFor([&] { return performNow(name, place, action); }, EventTimeout);
 }
 
 bool AccessibleScreen::performNow(const QString &name, const QString &place,

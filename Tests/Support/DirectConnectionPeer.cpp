@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 
 namespace {
 
@@ -49,7 +49,7 @@ void DirectConnectionPeer::serve(const DirectConnectionIdentity &identity,
     QTcpServer server;
     server.listen(QHostAddress::LocalHost, port);
     promise.set_value(server.serverPort());
-    if (!server.waitForNewConnection(Patience)) {
+    if (!server.waitForNewConnection(EventTimeout)) {
         return;
     }
     const std::unique_ptr<QTcpSocket> accepted(server.nextPendingConnection());

@@ -111,7 +111,7 @@ void DropboxServer::setEmail(const QString &email) {
     m_email = email;
 }
 
-void DropboxServer::setPerson(Person person) {
+void DropboxServer::setPerson(User person) {
     const std::lock_guard lock(m_mutex);
     m_person = person;
 }
@@ -287,7 +287,7 @@ std::optional<DropboxServer::Answer> DropboxServer::answerLocked(const Request &
         return m_answers.value(request.path);
     }
     if (request.path == AuthorizePath) {
-        return m_person == Person::LooksAway ? std::nullopt : std::optional(authorizePage(request));
+        return m_person == User::LooksAway ? std::nullopt : std::optional(authorizePage(request));
     }
     return request.path == tokenPath() ? token(request) : route(request);
 }
@@ -339,11 +339,11 @@ DropboxServer::Answer DropboxServer::authorizePage(const Request &request) {
         return {.status = 400, .body = "This request is not valid.", .type = "text/plain"};
     }
     QUrlQuery query{{QStringLiteral("state"), value("state")}};
-    if (m_person == Person::SignsIn) {
+    if (m_person == User::SignsIn) {
         const QString code = newSecret();
         m_grants.insert(code, {value("code_challenge"), redirectAddress});
         query.addQueryItem(QStringLiteral("code"), code);
-    } else if (m_person == Person::Refuses) {
+    } else if (m_person == User::Refuses) {
         query.addQueryItem(QStringLiteral("error"), QStringLiteral("access_denied"));
     }
     QUrl target(redirectAddress);

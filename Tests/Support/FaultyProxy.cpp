@@ -1,6 +1,6 @@
 #include "Support/FaultyProxy.h"
 
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 
 namespace {
 
@@ -133,10 +133,10 @@ void FaultyProxy::fail(Fault fault, const QByteArray &request,
 QByteArray FaultyProxy::forward(QByteArray request) const {
     QTcpSocket server;
     server.connectToHost(QHostAddress(QHostAddress::LocalHost), m_server);
-    server.waitForConnected(Patience);
+    server.waitForConnected(EventTimeout);
     server.write(request.insert(request.indexOf("\r\n"), "\r\nConnection: close"));
     QByteArray response;
-    while (server.waitForReadyRead(Patience)) {
+    while (server.waitForReadyRead(EventTimeout)) {
         response += server.readAll();
     }
     response += server.readAll();
@@ -147,7 +147,7 @@ QByteArray FaultyProxy::forward(QByteArray request) const {
 void FaultyProxy::forwardHalf(const QByteArray &request) const {
     QTcpSocket server;
     server.connectToHost(QHostAddress(QHostAddress::LocalHost), m_server);
-    server.waitForConnected(Patience);
+    server.waitForConnected(EventTimeout);
     server.write(halfOf(request));
-    server.waitForBytesWritten(Patience);
+    server.waitForBytesWritten(EventTimeout);
 }

@@ -19,7 +19,7 @@ const QString HostileItemPath = QStringLiteral("/org/freedesktop/secrets/collect
 }  // namespace
 
 HostileSecretService::HostileSecretService(const QString &busAddress, Attack attack)
-    : PromptingSecretService(busAddress, Person::LooksAway), m_attack(attack) {
+    : PromptingSecretService(busAddress, User::LooksAway), m_attack(attack) {
     qDBusRegisterMetaType<DBusSecret>();
     qDBusRegisterMetaType<QMap<QDBusObjectPath, DBusSecret>>();
 }

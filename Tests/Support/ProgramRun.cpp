@@ -2,7 +2,7 @@
 
 #include <QtCore/QProcess>
 
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 
 ProgramRun ProgramRun::of(const QString &program, const QStringList &arguments,
                           QProcessEnvironment environment) {
@@ -14,7 +14,7 @@ ProgramRun ProgramRun::of(const QString &program, const QStringList &arguments,
     process.setProcessEnvironment(environment);
     process.start(program, arguments);
     ProgramRun run;
-    if (process.waitForFinished(Patience) && process.exitStatus() == QProcess::NormalExit) {
+    if (process.waitForFinished(EventTimeout) && process.exitStatus() == QProcess::NormalExit) {
         run.exitCode = process.exitCode();
     }
     run.output = QString::fromUtf8(process.readAllStandardOutput());

@@ -38,7 +38,7 @@ QVariantMap itemProperties(bool isLocked) {
 
 }  // namespace
 
-PromptingSecretService::PromptingSecretService(const QString &busAddress, Person person)
+PromptingSecretService::PromptingSecretService(const QString &busAddress, User person)
     : BusService(busAddress, QStringLiteral("org.freedesktop.secrets"), ServicePath),
       m_person(person) {
     qDBusRegisterMetaType<QMap<QString, QString>>();
@@ -69,7 +69,7 @@ bool PromptingSecretService::handleMessage(const QDBusMessage &message,
     connection.send(message.createReply(answer(message)));
     if (message.member() == QLatin1StringView("Prompt")) {
         ++m_countOfPrompts;
-        if (m_person == Person::Declines) {
+        if (m_person == User::Declines) {
             QDBusMessage completed = QDBusMessage::createSignal(
                 PromptPath, QStringLiteral("org.freedesktop.Secret.Prompt"),
                 QStringLiteral("Completed"));

@@ -9,14 +9,14 @@
 /// locked unless its attribute "name" is "open".
 class PromptingSecretService : public BusService {
 public:
-    enum class Person {
+    enum class User {
         /// Dismisses every prompt.
         Declines,
         /// Leaves every prompt open, even if the program cancels it.
         LooksAway
     };
 
-    PromptingSecretService(const QString &busAddress, Person person);
+    PromptingSecretService(const QString &busAddress, User person);
     ~PromptingSecretService() override;
 
     /// The encryption that the first session was asked for with.
@@ -29,7 +29,7 @@ public:
 private:
     QVariantList answer(const QDBusMessage &message);
 
-    const Person m_person;
+    const User m_person;
     std::atomic_int m_countOfPrompts = 0;
     mutable std::mutex m_mutex;
     QString m_firstAlgorithm;

@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 
 // Last, because of their macros.
 #include <X11/ICE/ICElib.h>
@@ -160,7 +160,7 @@ bool SessionManager::askToSave() {
     }
     m_hasSaved = false;
     SmsSaveYourself(m_client, SmSaveBoth, True, SmInteractStyleAny, False);
-    return QTest::qWaitFor([this] { return m_hasSaved; }, Patience);
+    return QTest::qWaitFor([this] { return m_hasSaved; }, EventTimeout);
 }
 
 void SessionManager::end() {

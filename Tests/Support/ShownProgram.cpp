@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 
 ShownProgram::ShownProgram(const QString &program, const VirtualDisplay &display)
     : m_display(display),
@@ -50,7 +50,7 @@ void ShownProgram::awaitWindows() {
             m_preferencesWindow = m_display.window(QStringLiteral("^Sync Preferences$"));
             return !m_mainWindow.isEmpty() && m_display.hasFocus(m_preferencesWindow);
         },
-        Patience);
+        EventTimeout);
     if (!areShown) {
         throw std::runtime_error("The windows are not shown: " +
                                  m_process.readAllStandardError().toStdString());
@@ -87,6 +87,6 @@ void ShownProgram::kill() {
 bool ShownProgram::awaitEnd() {
     const bool hasEnded =
         m_process.state() == QProcess::NotRunning ||
-        QTest::qWaitFor([this] { return m_process.state() == QProcess::NotRunning; }, Patience);
+        QTest::qWaitFor([this] { return m_process.state() == QProcess::NotRunning; }, EventTimeout);
     return hasEnded && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
 }

@@ -8,7 +8,7 @@
 #include <stdexcept>
 
 #include "Support/AwaitReply.h"
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ QDBusMessage callMenu(const QString &service, const QString &method,
                       const QVariantList &arguments) {
     QDBusMessage call = QDBusMessage::createMethodCall(service, MenuPath, MenuInterface, method);
     call.setArguments(arguments);
-    return awaitReply(QDBusConnection(WatcherConnection).asyncCall(call, Patience));
+    return awaitReply(QDBusConnection(WatcherConnection).asyncCall(call, EventTimeout));
 }
 
 /// Appends the visible entries of a menu, which has the type (ia{sv}av).

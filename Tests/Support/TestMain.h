@@ -1,9 +1,6 @@
 #pragma once
 
-// Not for moc, which would read all of Qt again for each test.
-#ifndef Q_MOC_RUN
-#include <QtTest/QtTest>
-#endif
+#include "Support/EventTimeout.h"
 
 /// Gives every test process its own application name, so that it does not share user defaults with
 /// the user, and no session bus (see SecretService.h). Must be called first by every test.

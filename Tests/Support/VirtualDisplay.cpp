@@ -9,8 +9,8 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "Support/EventTimeout.h"
 #include "Support/Namespaces.h"
-#include "Support/Patience.h"
 
 namespace {
 
@@ -36,7 +36,7 @@ VirtualDisplay::VirtualDisplay() {
                  QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
                  QStringLiteral("tcp"), QStringLiteral("-noreset")});
     while (!m_server.canReadLine()) {
-        if (!m_server.waitForReadyRead(Patience)) {
+        if (!m_server.waitForReadyRead(EventTimeout)) {
             throw std::runtime_error("Xvfb does not start: " +
                                      m_server.readAllStandardError().toStdString());
         }
@@ -58,7 +58,7 @@ QString VirtualDisplay::window(const QString &title) const {
 void VirtualDisplay::watchTitle(QProcess &watcher, const QString &window) const {
     start(watcher, Watcher,
           {QStringLiteral("-spy"), QStringLiteral("-id"), window, QStringLiteral("_NET_WM_NAME")});
-    if (!watcher.waitForReadyRead(Patience)) {
+    if (!watcher.waitForReadyRead(EventTimeout)) {
         throw std::runtime_error("xprop does not show the title of a window.");
     }
 }
@@ -70,7 +70,7 @@ bool VirtualDisplay::hasFocus(const QString &window) const {
 
 void VirtualDisplay::focus(const QString &window) const {
     run({QStringLiteral("windowfocus"), window});
-    if (!QTest::qWaitFor([&] { return hasFocus(window); }, Patience)) {
+    if (!QTest::qWaitFor([&] { return hasFocus(window); }, EventTimeout)) {
         throw std::runtime_error("A window does not get the keyboard.");
     }
 }
@@ -106,7 +106,7 @@ void VirtualDisplay::start(QProcess &process, const QString &program,
 QString VirtualDisplay::run(const QStringList &arguments) const {
     QProcess process;
     start(process, Keyboard, arguments);
-    if (!process.waitForFinished(Patience)) {
+    if (!process.waitForFinished(EventTimeout)) {
         throw std::runtime_error("xdotool does not end.");
     }
     return process.exitCode() == 0 ? QString::fromUtf8(process.readAllStandardOutput()).trimmed()

@@ -13,12 +13,12 @@
 #include "Host/QVSyncStore.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Support/Commands.h"
+#include "Support/EventTimeout.h"
 #include "Support/FreePort.h"
-#include "Support/Patience.h"
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
-#include "Tour/Person.h"
+#include "Tour/User.h"
 
 namespace {
 
@@ -62,7 +62,7 @@ void synchronize(TestHost &host, const std::shared_ptr<QVSyncState> &state) {
     state->setEnabled(true);
     host.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
         {state}, [&] { isDone = true; });
-    if (!QTest::qWaitFor([&] { return isDone && state->lastSynced().isValid(); }, Patience)) {
+    if (!QTest::qWaitFor([&] { return isDone && state->lastSynced().isValid(); }, EventTimeout)) {
         throw TourFailure(QStringLiteral("The other computer does not synchronize."));
     }
 }
@@ -79,13 +79,13 @@ std::shared_ptr<QVSyncState> newStateAt(const std::shared_ptr<QVSyncLocation> &l
     store->openWithCompletionHandler([&](const auto &error) { isOpen = !error; });
     std::atomic<bool> isFetched = false;
     QVRemoteDatabases fetched;
-    if (QTest::qWaitFor([&] { return isOpen.load(); }, Patience)) {
+    if (QTest::qWaitFor([&] { return isOpen.load(); }, EventTimeout)) {
         store->fetchDatabasesWithCompletionHandler([&](const auto &databases, const auto &) {
             fetched = databases.value_or(QVRemoteDatabases());
             isFetched = true;
         });
     }
-    const bool isThere = QTest::qWaitFor([&] { return isFetched.load(); }, Patience);
+    const bool isThere = QTest::qWaitFor([&] { return isFetched.load(); }, EventTimeout);
     for (const auto &database : fetched) {
         if (isThere && database->metadata()->name() == name) {
             return location->addStateForDatabaseWithUUID(database->UUID(), name);
@@ -162,7 +162,7 @@ OtherComputer::OtherComputer() {
 
 OtherComputer::~OtherComputer() {
     m_process.closeWriteChannel();
-    if (!m_process.waitForFinished(Patience)) {
+    if (!m_process.waitForFinished(EventTimeout)) {
         m_process.kill();
         m_process.waitForFinished();
     }
@@ -194,7 +194,7 @@ void OtherComputer::tell(const QString &command) {
 QString OtherComputer::awaitLine(const QString &start) {
     QString line;
     while (!line.startsWith(start)) {
-        if (!m_process.canReadLine() && !m_process.waitForReadyRead(Patience)) {
+        if (!m_process.canReadLine() && !m_process.waitForReadyRead(EventTimeout)) {
             throw TourFailure(QStringLiteral("The other computer does not answer."));
         }
         line =

@@ -25,8 +25,8 @@
 #include "Support/PrivateVolume.h"
 #include "Support/SecretService.h"
 #include "Support/Verification.h"
-#include "Tour/Person.h"
 #include "Tour/Screen.h"
+#include "Tour/User.h"
 
 namespace {
 
@@ -127,33 +127,33 @@ QStringList Tour::secrets() const {
 }
 
 void Tour::lookAround() {
-    Person::turnTo(PanelTitle);
-    Person::await(QStringLiteral("the lists"), [] {
+    User::turnTo(PanelTitle);
+    User::await(QStringLiteral("the lists"), [] {
         return Screen::rows(DatabaseList).size() == 3 && Screen::rows(LocationList).size() == 1;
     });
     show(QStringLiteral("first-showing"),
          QStringLiteral("Velmora opens for the first time. Sync Preferences lists the databases of "
                         "the new profile and one location, a folder on this computer."));
-    Person::clickRow(DatabaseList, DatabaseName);
-    Person::await(QStringLiteral("the tick of the first location"),
-                  [] { return isTicked(QStringLiteral("Home")); });
+    User::clickRow(DatabaseList, DatabaseName);
+    User::await(QStringLiteral("the tick of the first location"),
+                [] { return isTicked(QStringLiteral("Home")); });
     show(QStringLiteral("database-chosen"),
          QStringLiteral("A click on the database “Projects”: the tick on the right says that it "
                         "synchronizes with “Home”."));
 }
 
 void Tour::addFolder() {
-    Person::click(QStringLiteral("addLocationButton"));
-    Person::await(QStringLiteral("the menu"), [] { return QApplication::activePopupWidget(); });
+    User::click(QStringLiteral("addLocationButton"));
+    User::await(QStringLiteral("the menu"), [] { return QApplication::activePopupWidget(); });
     show(QStringLiteral("add-menu"),
          QStringLiteral("“Add” offers each kind of location. The first is a folder that all "
                         "computers reach."));
-    Person::choose(QStringLiteral("New Folder Store…"));
-    Person::fill(QStringLiteral("fileNameEdit"), SharedName);
+    User::choose(QStringLiteral("New Folder Store…"));
+    User::fill(QStringLiteral("fileNameEdit"), SharedName);
     show(QStringLiteral("folder-panel"),
          QStringLiteral("The save panel asks where the new sync store goes. The person types its "
                         "name."));
-    Person::click(QStringLiteral("Save"));
+    User::click(QStringLiteral("Save"));
     awaitLocation(SharedName, 2);
     const QDir package(sharedPackage());
     check(package.exists(QStringLiteral("databases")) &&
@@ -165,21 +165,21 @@ void Tour::addFolder() {
 
 void Tour::addWebDAVServer() {
     openAddMenu(QStringLiteral("WebDAV Server…"));
-    Person::fill(QStringLiteral("serverField"), QStringLiteral("localhost"));
-    Person::fill(QStringLiteral("portField"), QString::number(m_webDAV.port()));
-    Person::fill(QStringLiteral("userField"), WebDAVServer::User);
-    Person::fill(QStringLiteral("passwordField"), WebDAVServer::Password);
-    Person::fill(QStringLiteral("pathField"), QStringLiteral("dav"));
-    Person::fill(QStringLiteral("storeField"), QStringLiteral("Notes"));
-    Person::await(QStringLiteral("the typed password"), [] {
+    User::fill(QStringLiteral("serverField"), QStringLiteral("localhost"));
+    User::fill(QStringLiteral("portField"), QString::number(m_webDAV.port()));
+    User::fill(QStringLiteral("userField"), WebDAVServer::User);
+    User::fill(QStringLiteral("passwordField"), WebDAVServer::Password);
+    User::fill(QStringLiteral("pathField"), QStringLiteral("dav"));
+    User::fill(QStringLiteral("storeField"), QStringLiteral("Notes"));
+    User::await(QStringLiteral("the typed password"), [] {
         const auto *field = Screen::as<QLineEdit>(QStringLiteral("passwordField"));
         return field && field->text() == WebDAVServer::Password;
     });
     show(QStringLiteral("webdav-sheet"),
          QStringLiteral("For a WebDAV server a sheet asks for the address and the account."));
-    Person::click(QStringLiteral("acceptButton"));
+    User::click(QStringLiteral("acceptButton"));
     awaitLocation(QStringLiteral("localhost – Notes"), 3);
-    Person::await(QStringLiteral("the password in the keyring"), [this] {
+    User::await(QStringLiteral("the password in the keyring"), [this] {
         // For both ways of asking for it.
         return m_surroundings.keyring.count({{QStringLiteral("user"), WebDAVServer::User}}) == 2;
     });
@@ -194,12 +194,12 @@ void Tour::addOtherComputer() {
         name.isEmpty() ? QStringLiteral("127.0.0.1") : name + QStringLiteral(".local");
     const QString port = QString::number(m_otherComputer.port());
     if (name.isEmpty()) {
-        Person::fill(QStringLiteral("hostField"), host);
-        Person::fill(QStringLiteral("portField"), port);
+        User::fill(QStringLiteral("hostField"), host);
+        User::fill(QStringLiteral("portField"), port);
     } else {
-        Person::clickItem(QStringLiteral("servicesTable"), name);
+        User::clickItem(QStringLiteral("servicesTable"), name);
     }
-    Person::await(QStringLiteral("the address of the other computer"), [&] {
+    User::await(QStringLiteral("the address of the other computer"), [&] {
         const auto *hostField = Screen::as<QLineEdit>(QStringLiteral("hostField"));
         const auto *portField = Screen::as<QSpinBox>(QStringLiteral("portField"));
         return hostField && hostField->text() == host && portField && portField->text() == port;
@@ -207,32 +207,32 @@ void Tour::addOtherComputer() {
     show(QStringLiteral("direct-connection-sheet"),
          QStringLiteral("Another computer that runs Velmora is chosen from the list, or by its "
                         "address."));
-    Person::click(QStringLiteral("acceptButton"));
+    User::click(QStringLiteral("acceptButton"));
     const QString code = m_otherComputer.awaitCode();
-    Person::await(QStringLiteral("the code of the other computer"),
-                  [&] { return !Screen::texts().filter(code).isEmpty(); });
+    User::await(QStringLiteral("the code of the other computer"),
+                [&] { return !Screen::texts().filter(code).isEmpty(); });
     show(QStringLiteral("pairing"),
          QStringLiteral("Both computers show the same code, %1, so nobody is in between.")
              .arg(code));
     m_otherComputer.allow();
-    Person::click(QStringLiteral("Connect"));
+    User::click(QStringLiteral("Connect"));
     awaitLocation(host, 4);
-    Person::await(QStringLiteral("the end of the question"),
-                  [] { return !QApplication::activeModalWidget(); });
+    User::await(QStringLiteral("the end of the question"),
+                [] { return !QApplication::activeModalWidget(); });
     show(QStringLiteral("direct-connection-added"),
          QStringLiteral("Both have allowed it: the two computers are paired."));
 }
 
 void Tour::addDropboxAccount() {
     openAddMenu(QStringLiteral("Dropbox Account…"));
-    Person::await(QStringLiteral("the browser's page"),
-                  [this] { return !m_surroundings.browser.pages().isEmpty(); });
+    User::await(QStringLiteral("the browser's page"),
+                [this] { return !m_surroundings.browser.pages().isEmpty(); });
     onMainThread([this] {
         m_surroundings.browserWindow.setHtml(m_surroundings.browser.pages().last());
         m_surroundings.browserWindow.show();
     });
     awaitLocation(m_surroundings.dropbox.email(), 5);
-    Person::await(QStringLiteral("the tokens in the keyring"), [this] {
+    User::await(QStringLiteral("the tokens in the keyring"), [this] {
         return m_surroundings.keyring.count(
                    {{QStringLiteral("service"), QStringLiteral("Velmora Dropbox")}}) == 1;
     });
@@ -243,10 +243,10 @@ void Tour::addDropboxAccount() {
 }
 
 void Tour::setSchedule() {
-    Person::click(QStringLiteral("weeklyButton"));
-    Person::click(QStringLiteral("Saturday"));
-    Person::click(QStringLiteral("syncOnOpenBox"));
-    Person::await(QStringLiteral("the schedule at each location"), [this] {
+    User::click(QStringLiteral("weeklyButton"));
+    User::click(QStringLiteral("Saturday"));
+    User::click(QStringLiteral("syncOnOpenBox"));
+    User::await(QStringLiteral("the schedule at each location"), [this] {
         bool isSet = states().size() == 5;
         for (const auto &state : states()) {
             const auto weekly =
@@ -264,52 +264,52 @@ void Tour::setSchedule() {
 
 void Tour::letOthersConnect() {
     const quint16 port = freePort();
-    Person::click(QStringLiteral("serverButton"));
-    Person::fill(QStringLiteral("portField"), QString::number(port));
-    Person::press(Qt::Key_Tab);
-    Person::click(QStringLiteral("enabledCheckBox"));
-    Person::await(QStringLiteral("this computer's server"), [=] {
+    User::click(QStringLiteral("serverButton"));
+    User::fill(QStringLiteral("portField"), QString::number(port));
+    User::press(Qt::Key_Tab);
+    User::click(QStringLiteral("enabledCheckBox"));
+    User::await(QStringLiteral("this computer's server"), [=] {
         const QVDirectConnectionServer *server = QVSyncPlugin::plugin()->server();
         return server->isServing() && server->port() == port;
     });
     show(QStringLiteral("server"),
          QStringLiteral("“Direct Connections…” lets other computers connect with this one."));
-    Person::click(QStringLiteral("closeButton"));
-    Person::await(QStringLiteral("the end of the sheet"),
-                  [] { return !QApplication::activeModalWidget(); });
+    User::click(QStringLiteral("closeButton"));
+    User::await(QStringLiteral("the end of the sheet"),
+                [] { return !QApplication::activeModalWidget(); });
 }
 
 void Tour::grantFolder() {
     const QString name = QStringLiteral("Photos");
     const QString path = QDir::current().filePath(name);
-    Person::click(QStringLiteral("bookmarksButton"));
-    Person::click(QStringLiteral("addButton"));
-    Person::clickItem(QStringLiteral("treeView"), name);
-    Person::click(QStringLiteral("Open"));
-    Person::await(QStringLiteral("the grant"),
-                  [&] { return QVSyncPlugin::plugin()->bookmarkDictionaryKeys().contains(path); });
+    User::click(QStringLiteral("bookmarksButton"));
+    User::click(QStringLiteral("addButton"));
+    User::clickItem(QStringLiteral("treeView"), name);
+    User::click(QStringLiteral("Open"));
+    User::await(QStringLiteral("the grant"),
+                [&] { return QVSyncPlugin::plugin()->bookmarkDictionaryKeys().contains(path); });
     show(QStringLiteral("folder-access"),
          QStringLiteral("This profile is sandboxed: “Folder Access…” lists the folders that it may "
                         "reach. “Photos” was added; the sync store came there by itself."));
-    Person::click(QStringLiteral("closeButton"));
-    Person::await(QStringLiteral("the end of the sheet"),
-                  [] { return !QApplication::activeModalWidget(); });
+    User::click(QStringLiteral("closeButton"));
+    User::await(QStringLiteral("the end of the sheet"),
+                [] { return !QApplication::activeModalWidget(); });
 }
 
 void Tour::writeNote() {
-    Person::turnTo(MainTitle);
-    Person::clickItem(QStringLiteral("Databases"), DatabaseName);
-    Person::click(QStringLiteral("New Note"));
-    Person::fill(QStringLiteral("Title"), NoteTitle);
-    Person::fill(QStringLiteral("Text"), NoteText);
-    Person::await(QStringLiteral("the note"), [this] {
+    User::turnTo(MainTitle);
+    User::clickItem(QStringLiteral("Databases"), DatabaseName);
+    User::click(QStringLiteral("New Note"));
+    User::fill(QStringLiteral("Title"), NoteTitle);
+    User::fill(QStringLiteral("Text"), NoteText);
+    User::await(QStringLiteral("the note"), [this] {
         return hasNote(m_surroundings.library, DatabaseName, NoteTitle, NoteText);
     });
     show(QStringLiteral("note"), QStringLiteral("In the main window the person writes a note."));
 }
 
 void Tour::synchronize() {
-    Person::turnTo(PanelTitle);
+    User::turnTo(PanelTitle);
     synchronizeChosenDatabase();
     check(hasTransactions(sharedPackage()), QStringLiteral("Nothing is in the folder store."));
     check(hasTransactions(m_webDAV.folder()), QStringLiteral("Nothing is on the WebDAV server."));
@@ -320,10 +320,10 @@ void Tour::synchronize() {
 }
 
 void Tour::readLog() {
-    Person::turnTo(MainTitle);
-    Person::choose(QStringLiteral("Tools"));
-    Person::choose(LogTitle);
-    Person::turnTo(LogTitle);
+    User::turnTo(MainTitle);
+    User::choose(QStringLiteral("Tools"));
+    User::choose(LogTitle);
+    User::turnTo(LogTitle);
     show(QStringLiteral("log"), QStringLiteral("The log tells what was done with which location."));
     onMainThread([] { Screen::window(LogTitle)->close(); });
 }
@@ -333,14 +333,14 @@ void Tour::takeEdit() {
         return knownDatabase(m_surroundings.library, DatabaseName)->notes().value().first();
     });
     m_otherComputer.editNote(sharedPackage(), DatabaseName, note.title);
-    Person::turnTo(PanelTitle);
+    User::turnTo(PanelTitle);
     synchronizeChosenDatabase();
-    Person::await(QStringLiteral("the other computer's edit"), [&] {
+    User::await(QStringLiteral("the other computer's edit"), [&] {
         return hasNote(m_surroundings.library, DatabaseName, note.title,
                        note.text + OtherComputer::Edit);
     });
-    Person::turnTo(MainTitle);
-    Person::clickItem(QStringLiteral("Notes"), note.title);
+    User::turnTo(MainTitle);
+    User::clickItem(QStringLiteral("Notes"), note.title);
     show(QStringLiteral("edit-arrived"),
          QStringLiteral("On the other computer a line was added to “%1”. After the next "
                         "synchronization it is here, too.")
@@ -349,50 +349,50 @@ void Tour::takeEdit() {
 
 void Tour::importDatabase() {
     m_otherComputer.putDatabase(sharedPackage());
-    Person::turnTo(PanelTitle);
-    Person::click(QStringLiteral("importButton"));
-    Person::clickItem(QStringLiteral("locationsTable"), SharedName);
+    User::turnTo(PanelTitle);
+    User::click(QStringLiteral("importButton"));
+    User::clickItem(QStringLiteral("locationsTable"), SharedName);
     show(QStringLiteral("import-locations"),
          QStringLiteral("The other computer has put a database of its own into the folder. "
                         "“Import…” asks from where to import."));
-    Person::click(QStringLiteral("continueButton"));
-    Person::await(QStringLiteral("the only database that is not here"), [] {
+    User::click(QStringLiteral("continueButton"));
+    User::await(QStringLiteral("the only database that is not here"), [] {
         const auto *table = Screen::as<QAbstractItemView>(QStringLiteral("databasesTable"));
         const QWidget *page = Screen::widget(QStringLiteral("databasesView"));
         return table && table->model()->rowCount() == 1 && page->x() == 0;
     });
-    Person::clickItem(QStringLiteral("databasesTable"), OtherComputer::Database);
+    User::clickItem(QStringLiteral("databasesTable"), OtherComputer::Database);
     show(QStringLiteral("import-databases"),
          QStringLiteral("Listed is what this computer does not have: “Travel”, and neither the "
                         "inbox nor “Projects”."));
-    Person::click(QStringLiteral("actionButton"));
-    Person::await(QStringLiteral("the imported notes"), [this] {
+    User::click(QStringLiteral("actionButton"));
+    User::await(QStringLiteral("the imported notes"), [this] {
         return !QApplication::activeModalWidget() &&
                hasNote(m_surroundings.library, OtherComputer::Database, OtherComputer::NoteTitle,
                        OtherComputer::NoteText) &&
                Screen::rows(DatabaseList).contains(OtherComputer::Database);
     });
-    Person::clickRow(DatabaseList, OtherComputer::Database);
-    Person::await(QStringLiteral("the tick of its location"), [] { return isTicked(SharedName); });
+    User::clickRow(DatabaseList, OtherComputer::Database);
+    User::await(QStringLiteral("the tick of its location"), [] { return isTicked(SharedName); });
     show(QStringLiteral("imported"),
          QStringLiteral("“Travel” is here, and synchronizes with the location it came from."));
-    Person::turnTo(MainTitle);
-    Person::clickItem(QStringLiteral("Databases"), OtherComputer::Database);
+    User::turnTo(MainTitle);
+    User::clickItem(QStringLiteral("Databases"), OtherComputer::Database);
     show(QStringLiteral("imported-notes"), QStringLiteral("The same notes can be read."));
 }
 
 void Tour::enterWrongPassword() {
     const QString server = QStringLiteral("localhost – Notes");
     const auto enterPassword = [](const QString &password) {
-        Person::fill(QStringLiteral("passwordField"), password);
-        Person::click(QStringLiteral("acceptButton"));
-        Person::await(QStringLiteral("the end of the sheet"),
-                      [] { return !QApplication::activeModalWidget(); });
+        User::fill(QStringLiteral("passwordField"), password);
+        User::click(QStringLiteral("acceptButton"));
+        User::await(QStringLiteral("the end of the sheet"),
+                    [] { return !QApplication::activeModalWidget(); });
     };
-    Person::turnTo(PanelTitle);
-    Person::clickRow(DatabaseList, DatabaseName);
-    Person::clickRow(LocationList, server);
-    Person::click(QStringLiteral("editLocationButton"));
+    User::turnTo(PanelTitle);
+    User::clickRow(DatabaseList, DatabaseName);
+    User::clickRow(LocationList, server);
+    User::click(QStringLiteral("editLocationButton"));
     enterPassword(QStringLiteral("swordfish"));
     failToSynchronize(server);
     show(QStringLiteral("synchronization-failed"),
@@ -402,10 +402,10 @@ void Tour::enterWrongPassword() {
               QStringLiteral("wrong-password"),
               QStringLiteral("A click on the warning says what happened, and offers what to do "
                              "next. “Edit Location…” leads to the password."));
-    Person::click(QStringLiteral("Edit Location…"));
+    User::click(QStringLiteral("Edit Location…"));
     enterPassword(WebDAVServer::Password);
     synchronizeChosenDatabase();
-    Person::await(QStringLiteral("the end of the warning"), [&] { return !hasWarning(server); });
+    User::await(QStringLiteral("the end of the warning"), [&] { return !hasWarning(server); });
 }
 
 void Tour::loseServer() {
@@ -416,8 +416,8 @@ void Tour::loseServer() {
               QStringLiteral("The server was shut down. When it runs again, “Try Again” is "
                              "enough."));
     m_webDAV.start();
-    Person::click(QStringLiteral("Try Again"));
-    Person::await(QStringLiteral("the end of the warning"), [&] { return !hasWarning(server); });
+    User::click(QStringLiteral("Try Again"));
+    User::await(QStringLiteral("the end of the warning"), [&] { return !hasWarning(server); });
     show(QStringLiteral("server-back"),
          QStringLiteral("The server runs again, and the warning has gone."));
 }
@@ -428,8 +428,8 @@ void Tour::failToWrite() {
     constexpr qint64 size = 512 * 1024;
     PrivateVolume volume(QDir::current().filePath(disk), size);
     openAddMenu(QStringLiteral("New Folder Store…"));
-    Person::fill(QStringLiteral("fileNameEdit"), disk + u'/' + title);
-    Person::click(QStringLiteral("Save"));
+    User::fill(QStringLiteral("fileNameEdit"), disk + u'/' + title);
+    User::click(QStringLiteral("Save"));
     awaitLocation(title, 6);
     synchronizeChosenDatabase();
 
@@ -439,69 +439,69 @@ void Tour::failToWrite() {
     while (filler.write(QByteArray(1024, 'x')) == 1024) {
     }
     editNote(QStringLiteral(" Buy a larger stick."));
-    Person::turnTo(PanelTitle);
+    User::turnTo(PanelTitle);
     failToSynchronize(title);
     showError(title, QStringLiteral("is full"), QStringLiteral("full-disk"),
               QStringLiteral("The disk of a location is full. “Show Folder” leads there."));
-    Person::click(QStringLiteral("Close"));
+    User::click(QStringLiteral("Close"));
     filler.remove();
     volume.makeReadOnly();
     failToSynchronize(title);
     showError(title, QStringLiteral("read-only"), QStringLiteral("read-only-folder"),
               QStringLiteral("There is space again, but now the disk is write-protected."));
-    Person::click(QStringLiteral("Close"));
-    Person::clickRow(LocationList, title);
-    Person::click(QStringLiteral("removeLocationButton"));
-    Person::await(QStringLiteral("the removal"), [&] { return !Screen::row(LocationList, title); });
+    User::click(QStringLiteral("Close"));
+    User::clickRow(LocationList, title);
+    User::click(QStringLiteral("removeLocationButton"));
+    User::await(QStringLiteral("the removal"), [&] { return !Screen::row(LocationList, title); });
 }
 
 void Tour::undoRemoval() {
-    Person::clickRow(LocationList, SharedName);
-    Person::click(QStringLiteral("removeLocationButton"));
-    Person::await(QStringLiteral("the offer to undo"), [] {
+    User::clickRow(LocationList, SharedName);
+    User::click(QStringLiteral("removeLocationButton"));
+    User::await(QStringLiteral("the offer to undo"), [] {
         return !Screen::texts().filter(SharedName + QStringLiteral("” was removed")).isEmpty();
     });
     show(QStringLiteral("removed"),
          QStringLiteral("A location was removed by mistake. Its notes stay there, and “Undo” "
                         "brings the location back, with its ticks and schedules."));
-    Person::click(QStringLiteral("Undo"));
-    Person::await(QStringLiteral("the row"), [] { return Screen::row(LocationList, SharedName); });
-    Person::clickRow(DatabaseList, DatabaseName);
-    Person::await(QStringLiteral("the tick"), [] { return isTicked(SharedName); });
+    User::click(QStringLiteral("Undo"));
+    User::await(QStringLiteral("the row"), [] { return Screen::row(LocationList, SharedName); });
+    User::clickRow(DatabaseList, DatabaseName);
+    User::await(QStringLiteral("the tick"), [] { return isTicked(SharedName); });
     show(QStringLiteral("removal-undone"), QStringLiteral("It is listed and ticked again."));
 }
 
 void Tour::undoDeletion() {
-    Person::turnTo(MainTitle);
-    Person::clickItem(QStringLiteral("Databases"), DatabaseName);
-    Person::clickItem(QStringLiteral("Notes"), NoteTitle);
-    Person::click(QStringLiteral("Delete Note"));
-    Person::await(QStringLiteral("the deletion"), [this] { return !tourNote(); });
-    Person::choose(QStringLiteral("Edit"));
+    User::turnTo(MainTitle);
+    User::clickItem(QStringLiteral("Databases"), DatabaseName);
+    User::clickItem(QStringLiteral("Notes"), NoteTitle);
+    User::click(QStringLiteral("Delete Note"));
+    User::await(QStringLiteral("the deletion"), [this] { return !tourNote(); });
+    User::choose(QStringLiteral("Edit"));
     show(QStringLiteral("deleted"),
          QStringLiteral("A note was deleted by mistake. The menu “Edit” undoes that."));
-    Person::choose(QStringLiteral("Undo Delete Note"));
-    Person::await(QStringLiteral("the note"), [this] { return tourNote().has_value(); });
+    User::choose(QStringLiteral("Undo Delete Note"));
+    User::await(QStringLiteral("the note"), [this] { return tourNote().has_value(); });
     show(QStringLiteral("deletion-undone"), QStringLiteral("The note is there again."));
 }
 
 void Tour::editInTwoPlaces() {
     m_otherComputer.editNote(sharedPackage(), DatabaseName, NoteTitle);
     editNote(QStringLiteral(" Added on this computer."));
-    Person::turnTo(PanelTitle);
+    User::turnTo(PanelTitle);
     synchronizeChosenDatabase();
-    Person::turnTo(MainTitle);
-    Person::clickItem(QStringLiteral("Notes"), NoteTitle);
-    Person::await(QStringLiteral("the bar of the conflict"),
-                  [] { return Screen::widget(QStringLiteral("Compare…")) != nullptr; });
+    User::turnTo(MainTitle);
+    User::clickItem(QStringLiteral("Notes"), NoteTitle);
+    User::await(QStringLiteral("the bar of the conflict"),
+                [] { return Screen::widget(QStringLiteral("Compare…")) != nullptr; });
     show(QStringLiteral("conflict"),
          QStringLiteral("The note was edited here and on the other computer at the same time. "
                         "Both edits are kept, and a bar says so."));
-    Person::click(QStringLiteral("Compare…"));
+    User::click(QStringLiteral("Compare…"));
     show(QStringLiteral("comparison"),
          QStringLiteral("“Compare…” marks the differences, and lets the user choose."));
-    Person::click(QStringLiteral("Keep Both"));
-    Person::await(QStringLiteral("the end of the conflict"), [this] {
+    User::click(QStringLiteral("Keep Both"));
+    User::await(QStringLiteral("the end of the conflict"), [this] {
         return knownDatabase(m_surroundings.library, DatabaseName)->countOfConflicts() == 0;
     });
     show(QStringLiteral("both-kept"), QStringLiteral("Both are notes of their own now."));
@@ -509,7 +509,7 @@ void Tour::editInTwoPlaces() {
 
 /// What came from one location is sent to the others before.
 void Tour::verify() {
-    Person::turnTo(PanelTitle);
+    User::turnTo(PanelTitle);
     synchronizeChosenDatabase();
     const QStringList problems = onMainThread([this] {
         return Verification::problems(m_surroundings.sync.verify(VerificationMode::Report));
@@ -533,8 +533,8 @@ void Tour::leave() {
 }
 
 void Tour::openAddMenu(const QString &item) {
-    Person::click(QStringLiteral("addLocationButton"));
-    Person::choose(item);
+    User::click(QStringLiteral("addLocationButton"));
+    User::choose(item);
 }
 
 void Tour::show(const QString &name, const QString &sentence) {
@@ -547,7 +547,7 @@ void Tour::show(const QString &name, const QString &sentence) {
 }
 
 void Tour::awaitLocation(const QString &title, int count) {
-    Person::await(QStringLiteral("the location “%1”, ticked").arg(title), [&] {
+    User::await(QStringLiteral("the location “%1”, ticked").arg(title), [&] {
         return Screen::rows(LocationList).size() == count && isTicked(title) &&
                states().size() == count && states().last()->isEnabled();
     });
@@ -555,8 +555,8 @@ void Tour::awaitLocation(const QString &title, int count) {
 
 void Tour::synchronizeChosenDatabase() {
     const QDateTime before = QDateTime::currentDateTime();
-    Person::clickRow(DatabaseList, DatabaseName, QStringLiteral("rowSyncButton"));
-    Person::await(QStringLiteral("the end of the synchronization"), [&] {
+    User::clickRow(DatabaseList, DatabaseName, QStringLiteral("rowSyncButton"));
+    User::await(QStringLiteral("the end of the synchronization"), [&] {
         bool areSynchronized = true;
         for (const auto &state : states()) {
             areSynchronized = areSynchronized && state->lastSynced() >= before;
@@ -566,8 +566,8 @@ void Tour::synchronizeChosenDatabase() {
 }
 
 void Tour::failToSynchronize(const QString &location) {
-    Person::clickRow(DatabaseList, DatabaseName, QStringLiteral("rowSyncButton"));
-    Person::await(QStringLiteral("the warning of “%1”").arg(location), [&] {
+    User::clickRow(DatabaseList, DatabaseName, QStringLiteral("rowSyncButton"));
+    User::await(QStringLiteral("the warning of “%1”").arg(location), [&] {
         return hasWarning(location) && QVSyncPlugin::plugin()->dispatcher()->activity().isEmpty();
     });
 }
@@ -575,9 +575,9 @@ void Tour::failToSynchronize(const QString &location) {
 void Tour::showError(const QString &location, const QString &text, const QString &name,
                      const QString &sentence) {
     // Otherwise the error may belong to the window under the panel, which hides it in the picture.
-    Person::turnTo(PanelTitle);
-    Person::clickRow(LocationList, location, QStringLiteral("rowWarningButton"));
-    Person::await(QStringLiteral("an error that says “%1”").arg(text), [&] {
+    User::turnTo(PanelTitle);
+    User::clickRow(LocationList, location, QStringLiteral("rowWarningButton"));
+    User::await(QStringLiteral("an error that says “%1”").arg(text), [&] {
         return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) &&
                !Screen::texts().filter(text).isEmpty();
     });
@@ -595,13 +595,13 @@ std::optional<Note> Tour::tourNote() const {
 void Tour::editNote(const QString &line) {
     const std::optional<Note> before = onMainThread([this] { return tourNote(); });
     check(before.has_value(), QStringLiteral("The note is missing."));
-    Person::turnTo(MainTitle);
-    Person::clickItem(QStringLiteral("Databases"), DatabaseName);
-    Person::clickItem(QStringLiteral("Notes"), NoteTitle);
+    User::turnTo(MainTitle);
+    User::clickItem(QStringLiteral("Databases"), DatabaseName);
+    User::clickItem(QStringLiteral("Notes"), NoteTitle);
     const QString text = before->text + line;
-    Person::fill(QStringLiteral("Text"), text);
-    Person::await(QStringLiteral("the edit"),
-                  [&] { return hasNote(m_surroundings.library, DatabaseName, NoteTitle, text); });
+    User::fill(QStringLiteral("Text"), text);
+    User::await(QStringLiteral("the edit"),
+                [&] { return hasNote(m_surroundings.library, DatabaseName, NoteTitle, text); });
 }
 
 QVSyncStates Tour::states() const {

@@ -3,7 +3,7 @@
 #include <QtCore/QFile>
 #include <QtGui/QImage>
 
-#include "Tour/Person.h"
+#include "Tour/User.h"
 
 namespace {
 

@@ -19,9 +19,9 @@
 #include "Support/PrivateNetwork.h"
 #include "Support/SecretService.h"
 #include "Support/TestMain.h"
-#include "Tour/Person.h"
 #include "Tour/Screen.h"
 #include "Tour/Tour.h"
+#include "Tour/User.h"
 
 namespace {
 

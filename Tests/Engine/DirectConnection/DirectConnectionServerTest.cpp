@@ -23,11 +23,11 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Network/NetService.h"
 #include "Platform/Security/Keychain.h"
-#include "Support/AskedPerson.h"
+#include "Support/AskedUser.h"
+#include "Support/EventTimeout.h"
 #include "Support/FreePort.h"
 #include "Support/KeychainRemoval.h"
 #include "Support/MemoryStore.h"
-#include "Support/Patience.h"
 #include "Support/SecretService.h"
 #include "Support/SetDefault.h"
 #include "Support/TestHost.h"
@@ -74,7 +74,8 @@ public:
     ~Client() { m_socket.abort(); }
 
     bool waitForEncryption() {
-        return QTest::qWaitFor([this] { return m_socket.isEncrypted() || hasEnded(); }, Patience) &&
+        return QTest::qWaitFor([this] { return m_socket.isEncrypted() || hasEnded(); },
+                               EventTimeout) &&
                m_socket.isEncrypted();
     }
     void sendBytes(const QByteArray &bytes) { m_socket.write(bytes); }
@@ -83,7 +84,7 @@ public:
     /// Returns the next response; an empty map if the server closes the connection without one.
     QCborMap answer() {
         const bool isThere =
-            QTest::qWaitFor([this] { return isAnswerThere() || hasEnded(); }, Patience);
+            QTest::qWaitFor([this] { return isAnswerThere() || hasEnded(); }, EventTimeout);
         if (!isThere || !isAnswerThere()) {
             return {};
         }
@@ -101,7 +102,7 @@ public:
     }
     /// Whether the server ends the connection without having said anything more.
     bool endsInSilence() {
-        return QTest::qWaitFor([this] { return hasEnded(); }, Patience) && !receive();
+        return QTest::qWaitFor([this] { return hasEnded(); }, EventTimeout) && !receive();
     }
     bool hasEnded() const { return m_socket.state() == QAbstractSocket::UnconnectedState; }
     QByteArray fingerprint() const {
@@ -180,7 +181,7 @@ class DirectConnectionServerTest : public QObject {
     };
 
     std::unique_ptr<TestHost> m_host;
-    std::unique_ptr<AskedPerson> m_person;
+    std::unique_ptr<AskedUser> m_person;
     quint16 m_port = 0;
 
     DirectConnectionServer &server() {
@@ -221,7 +222,7 @@ class DirectConnectionServerTest : public QObject {
 private Q_SLOTS:
     void init() {
         m_host = std::make_unique<TestHost>();
-        m_person = std::make_unique<AskedPerson>();
+        m_person = std::make_unique<AskedUser>();
         m_port = freePort();
     }
 
@@ -663,7 +664,7 @@ private Q_SLOTS:
             other.send(list(QStringLiteral("databases")));
             return other.answer()[Type].toString() == Done && greedy.hasEnded();
         };
-        QTRY_VERIFY_WITH_TIMEOUT(isDisconnected(), Patience);
+        QTRY_VERIFY(isDisconnected());
         QCOMPARE(other.answerTo(
                      write(QStringLiteral("transactions/@inbox/b"), QByteArray(200'000, 'x'))),
                  Done);
@@ -679,7 +680,7 @@ private Q_SLOTS:
         server().startServing();
         m_person->answerAll(isOneOfUs);
         // The server may still refuse the client before it closes the connection.
-        QVERIFY(QTest::qWaitFor([&] { return connection.hasEnded(); }, Patience));
+        QVERIFY(QTest::qWaitFor([&] { return connection.hasEnded(); }, EventTimeout));
         QVERIFY(!authorizedClients().contains(ClientName));
         m_person->think();
     }
@@ -732,7 +733,7 @@ private Q_SLOTS:
         QTcpSocket plain;
         plain.connectToHost(QStringLiteral("127.0.0.1"), m_port);
         plain.write(QByteArray(100000, 'x'));
-        QTRY_COMPARE_WITH_TIMEOUT(plain.state(), QAbstractSocket::UnconnectedState, Patience);
+        QTRY_COMPARE(plain.state(), QAbstractSocket::UnconnectedState);
         QVERIFY(Client(m_port).waitForEncryption());
     }
 
@@ -740,8 +741,8 @@ private Q_SLOTS:
         serve({.greetingTime = std::chrono::milliseconds(50)});
         QTcpSocket silent;
         silent.connectToHost(QStringLiteral("127.0.0.1"), m_port);
-        QTRY_COMPARE_WITH_TIMEOUT(silent.state(), QAbstractSocket::ConnectedState, Patience);
-        QTRY_COMPARE_WITH_TIMEOUT(silent.state(), QAbstractSocket::UnconnectedState, Patience);
+        QTRY_COMPARE(silent.state(), QAbstractSocket::ConnectedState);
+        QTRY_COMPARE(silent.state(), QAbstractSocket::UnconnectedState);
     }
 
     void idleClientsAreDisconnected() {
@@ -764,7 +765,7 @@ private Q_SLOTS:
             client.sendBytes("x");
             return client.hasEnded();
         };
-        QTRY_VERIFY_WITH_TIMEOUT(isDisconnected(), Patience);
+        QTRY_VERIFY(isDisconnected());
     }
 
     void aFloodOfConnectionsTakesNoRoomFromThoseAuthorized() {
@@ -779,8 +780,7 @@ private Q_SLOTS:
             flood.back()->connectToHost(QStringLiteral("127.0.0.1"), m_port);
         }
         // The oldest have given way to the others.
-        QTRY_COMPARE_WITH_TIMEOUT(flood.front()->state(), QAbstractSocket::UnconnectedState,
-                                  Patience);
+        QTRY_COMPARE(flood.front()->state(), QAbstractSocket::UnconnectedState);
         QCOMPARE(friendly.answerTo(list(QStringLiteral("databases"))), Done);
         Client another(m_port);
         QCOMPARE(another.answerTo(hello(ClientName, secret)), Welcome);
@@ -1045,14 +1045,14 @@ private Q_SLOTS:
         Client client(m_port);
         QCOMPARE(client.answerTo(hello(ClientName, secret)), Welcome);
         client.send(write(QStringLiteral("transactions/@inbox/a"), "x"));
-        QVERIFY(QTest::qWaitFor([&] { return begun.tryAcquire(); }, Patience));
+        QVERIFY(QTest::qWaitFor([&] { return begun.tryAcquire(); }, EventTimeout));
 
         const QElapsedTimer time = started();
         hanging.reset();
         QCOMPARE_LT(time.elapsed(), 1000);
         // The server no longer exists when its listener announces what the client has written.
         goesOn.release();
-        QTRY_VERIFY_WITH_TIMEOUT(client.hasEnded(), Patience);
+        QTRY_VERIFY(client.hasEnded());
         QCOMPARE(blobs.size(), 1);
         QCOMPARE(observer.writes, 0);
     }
@@ -1067,11 +1067,11 @@ private Q_SLOTS:
         server().stopServing();
         QCOMPARE_LT(time.elapsed(), 1000);
         QVERIFY(!server().isServing());
-        QTRY_VERIFY_WITH_TIMEOUT(client.hasEnded(), Patience);
+        QTRY_VERIFY(client.hasEnded());
         // The port is free again.
         serve();
         // That it does not know its clients is reported.
-        QTRY_VERIFY_WITH_TIMEOUT(!m_person->presentedErrors().isEmpty(), Patience);
+        QTRY_VERIFY(!m_person->presentedErrors().isEmpty());
         QVERIFY(m_person->presentedErrors().first().localizedDescription.contains(
             QStringLiteral("could not be read")));
     }

@@ -16,13 +16,13 @@
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/Keychain.h"
-#include "Support/AskedPerson.h"
+#include "Support/AskedUser.h"
 #include "Support/AwaitOnThread.h"
 #include "Support/DirectConnectionPeer.h"
+#include "Support/EventTimeout.h"
 #include "Support/Failure.h"
 #include "Support/FreePort.h"
 #include "Support/KeychainRemoval.h"
-#include "Support/Patience.h"
 #include "Support/SetDefault.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -48,7 +48,7 @@ class DirectConnectionStoreTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<TestHost> m_host;
-    std::unique_ptr<AskedPerson> m_person;
+    std::unique_ptr<AskedUser> m_person;
     std::shared_ptr<QVSyncLocation> m_location;
     quint16 m_port = 0;
 
@@ -87,7 +87,7 @@ class DirectConnectionStoreTest : public QObject {
 private Q_SLOTS:
     void init() {
         m_host = std::make_unique<TestHost>();
-        m_person = std::make_unique<AskedPerson>();
+        m_person = std::make_unique<AskedUser>();
         m_port = freePort();
         m_location = m_host->addLocation(address());
         server().setPort(m_port);
@@ -234,10 +234,10 @@ private Q_SLOTS:
                 result = error;
                 isDone = true;
             });
-        QTRY_COMPARE_WITH_TIMEOUT(m_person->asked().size(), 2, Patience);
+        QTRY_COMPARE(m_person->asked().size(), 2);
         QVERIFY(!isDone);
         future->cancel();
-        QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
+        QTRY_VERIFY(isDone);
         QCOMPARE(code(result), EngineErrorCode::Cancelled);
         // Both questions end with the attempt.
         QTRY_COMPARE(m_person->waiting(), 0);
@@ -257,13 +257,13 @@ private Q_SLOTS:
 
     void quittingDoesNotWaitForTheUsers() {
         newStore()->openWithCompletionHandler([](const std::optional<Error> &) {});
-        QTRY_COMPARE_WITH_TIMEOUT(m_person->asked().size(), 2, Patience);
+        QTRY_COMPARE(m_person->asked().size(), 2);
         m_location.reset();
         QElapsedTimer clock;
         clock.start();
         m_host.reset();
         // The users have minutes.
-        QVERIFY(clock.elapsed() < Patience);
+        QVERIFY(clock.elapsed() < EventTimeout);
     }
 
     void aServerWithAnotherCertificateIsRefused() {
@@ -325,7 +325,7 @@ private Q_SLOTS:
                     done = error ? -2 : 1;
                 });
         });
-        QTRY_VERIFY_WITH_TIMEOUT(done != 0, Patience);
+        QTRY_VERIFY(done != 0);
         QCOMPARE(done, 1);
         QCOMPARE(databases->size(), 2);
         QStringList found;
@@ -380,7 +380,7 @@ private Q_SLOTS:
         for (int writer = 0; writer < 4; ++writer) {
             threads.emplace_back(writeTwenty, writer);
         }
-        QTRY_COMPARE_WITH_TIMEOUT(ended.load(), 4, Patience);
+        QTRY_COMPARE(ended.load(), 4);
         QCOMPARE(written, 80);
     }
 
@@ -472,9 +472,9 @@ private Q_SLOTS:
                 result = error;
                 isDone = true;
             });
-        QTRY_VERIFY_WITH_TIMEOUT(silent.hasPendingConnections(), Patience);
+        QTRY_VERIFY(silent.hasPendingConnections());
         future->cancel();
-        QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
+        QTRY_VERIFY(isDone);
         QCOMPARE(code(result), EngineErrorCode::Cancelled);
     }
 };

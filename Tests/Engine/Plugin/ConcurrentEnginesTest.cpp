@@ -7,10 +7,9 @@
 #include "Engine/Plugin/SyncEngine.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Platform/Security/Keychain.h"
-#include "Support/AskedPerson.h"
+#include "Support/AskedUser.h"
 #include "Support/FreePort.h"
 #include "Support/KeychainRemoval.h"
-#include "Support/Patience.h"
 #include "Support/TestMain.h"
 #include "Support/Verification.h"
 #include "Support/WebDAVServer.h"
@@ -124,7 +123,7 @@ private:
 class ConcurrentEnginesTest : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<AskedPerson> m_person;
+    std::unique_ptr<AskedUser> m_person;
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<WebDAVServer> m_server;
     std::unique_ptr<QTcpServer> m_silent;
@@ -161,7 +160,7 @@ class ConcurrentEnginesTest : public QObject {
         for (int round = 0; round < 2; ++round) {
             m_ended = 0;
             startResponding();
-            QTRY_COMPARE_WITH_TIMEOUT(m_ended, 5, Patience);
+            QTRY_COMPARE(m_ended, 5);
         }
         QCOMPARE(m_first->titles(), m_titles);
         QCOMPARE(m_second->titles(), m_titles);
@@ -169,7 +168,7 @@ class ConcurrentEnginesTest : public QObject {
 
 private Q_SLOTS:
     void init() {
-        m_person = std::make_unique<AskedPerson>();
+        m_person = std::make_unique<AskedUser>();
         m_folder = std::make_unique<QTemporaryDir>();
         makeSharedPackage(m_folder->path());
         m_server = std::make_unique<WebDAVServer>(WebDAVServer::Options{});
@@ -193,7 +192,7 @@ private Q_SLOTS:
         m_person->answerAll([](const Question &) { return true; });
         m_ended = 0;
         start(*m_first, 2, 1);
-        QTRY_COMPARE_WITH_TIMEOUT(m_ended, 1, Patience);
+        QTRY_COMPARE(m_ended, 1);
         m_ended = 0;
         QCOMPARE(m_person->asked().size(), 2);
         m_person->think();
@@ -217,7 +216,7 @@ private Q_SLOTS:
 
     void bothReceiveAllNotesWhileOtherLocationsHang() {
         startHanging();
-        QTRY_COMPARE_WITH_TIMEOUT(m_person->waiting(), 2, Patience);
+        QTRY_COMPARE(m_person->waiting(), 2);
         for (int i = 0; i < 2; ++i) {
             saveNotes(QStringLiteral("Note %1 of ").arg(i));
             exchangeNotes();
@@ -230,16 +229,16 @@ private Q_SLOTS:
         saveNotes(QStringLiteral("Of "));
         startHanging();
         startResponding();
-        QTRY_VERIFY_WITH_TIMEOUT(m_ended > 0, Patience);
+        QTRY_VERIFY(m_ended > 0);
         for (ConcurrentEngine *engine : {m_first.get(), m_second.get()}) {
             for (const auto &location : engine->locations()) {
                 engine->removeLocation(location);
             }
         }
-        QTRY_COMPARE_WITH_TIMEOUT(m_ended, 8, Patience);
+        QTRY_COMPARE(m_ended, 8);
         // The store that the second one serves may still be synchronized with it.
         for (ConcurrentEngine *engine : {m_first.get(), m_second.get()}) {
-            QTRY_VERIFY_WITH_TIMEOUT(engine->dispatcher().activity().isEmpty(), Patience);
+            QTRY_VERIFY(engine->dispatcher().activity().isEmpty());
         }
     }
 
@@ -263,7 +262,7 @@ private Q_SLOTS:
                 }
             }
         }
-        QTRY_COMPARE_WITH_TIMEOUT(answers.load(), futures.size(), Patience);
+        QTRY_COMPARE(answers.load(), futures.size());
     }
 
     void quittingInTheMiddleLosesNothing() {
@@ -275,7 +274,7 @@ private Q_SLOTS:
             m_first->dispatcher().cleanRemoteStoreWithSynchronizationState(
                 m_first->locations().first()->synchronizationStates().first(), [] {});
             // Each life ends at another point of its work.
-            QTRY_VERIFY_WITH_TIMEOUT(m_ended >= life, Patience);
+            QTRY_VERIFY(m_ended >= life);
             const bool isFirstEarlier = life % 2 == 0;
             ConcurrentEngine &earlier = isFirstEarlier ? *m_first : *m_second;
             ConcurrentEngine &later = isFirstEarlier ? *m_second : *m_first;

@@ -4,7 +4,6 @@
 #include "Host/InboxUUID.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocationFormatter.h"
-#include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -65,7 +64,7 @@ private Q_SLOTS:
             bool isDone = false;
             engine.plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
                 states, [&] { isDone = true; });
-            QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
+            QTRY_VERIFY(isDone);
         };
         Note bookshelf = here.library().knownDatabases().at(1)->notes().value().first();
         bookshelf.text += QStringLiteral("\nEdited here");

@@ -12,7 +12,6 @@
 #include "Support/FaultyFileSystem.h"
 #include "Support/FaultyFolder.h"
 #include "Support/MemoryStore.h"
-#include "Support/Patience.h"
 #include "Support/RunSession.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -244,13 +243,13 @@ private Q_SLOTS:
         QVERIFY(obstacle.open(QIODevice::WriteOnly));
         for (int i = 1; i <= 2; ++i) {
             schedule.check();
-            QTRY_COMPARE_WITH_TIMEOUT(ended.size(), i, Patience);
+            QTRY_COMPARE(ended.size(), i);
         }
         QCOMPARE(m_host->application().logEntries().size(), 1);
         QVERIFY(m_host->application().logEntries().first().info.contains(folder()));
         QVERIFY(obstacle.remove());
         schedule.check();
-        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 3, Patience);
+        QTRY_COMPARE(ended.size(), 3);
         QCOMPARE(names().size(), 1);
         schedule.check();
         addNote(QStringLiteral("second"));
@@ -305,7 +304,7 @@ private Q_SLOTS:
         BackupSchedule &schedule = m_host->engine().backups();
         const QSignalSpy ended(&schedule, &BackupSchedule::ended);
         schedule.check();
-        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, Patience);
+        QTRY_COMPARE(ended.size(), 1);
         QCOMPARE(m_host->application().logEntries().size(), 1);
         QVERIFY(
             m_host->application().logEntries().first().info.contains(QStringLiteral("“first”")));

@@ -4,7 +4,6 @@
 #include "Host/QVDirectConnectionServer.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/FreePort.h"
-#include "Support/Patience.h"
 #include "Support/SetDefault.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -108,7 +107,7 @@ private Q_SLOTS:
         QCOMPARE(m_fired, 1);
         const auto missed =
             m_host->locations().syncLocations().first()->synchronizationStates().first();
-        QTRY_VERIFY_WITH_TIMEOUT(missed->lastSynced().isValid(), Patience);
+        QTRY_VERIFY(missed->lastSynced().isValid());
     }
 };
 

@@ -4,7 +4,6 @@
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Support/FreePort.h"
-#include "Support/Patience.h"
 #include "Support/TestAuthority.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -37,7 +36,7 @@ private:
         return text.contains(QStringLiteral("was moved, deleted or replaced"));
     }
     void expectOneError() {
-        QTRY_COMPARE_WITH_TIMEOUT(m_host->application().presentedErrors().size(), 1, Patience);
+        QTRY_COMPARE(m_host->application().presentedErrors().size(), 1);
         const Error error = m_host->application().presentedErrors().first();
         QVERIFY2(isAboutReplacement(error.localizedDescription),
                  qPrintable(error.localizedDescription));
@@ -140,7 +139,7 @@ private Q_SLOTS:
         bool isDone = false;
         plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
             {state}, [&] { isDone = true; });
-        QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
+        QTRY_VERIFY(isDone);
         const auto entries = m_host->application().logEntries();
         QVERIFY(std::any_of(entries.begin(), entries.end(),
                             [](const auto &entry) { return isAboutReplacement(entry.info); }));
@@ -172,7 +171,7 @@ private Q_SLOTS:
         BackupSchedule &backups = m_host->engine().backups();
         const QSignalSpy ended(&backups, &BackupSchedule::ended);
         backups.check();
-        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, Patience);
+        QTRY_COMPARE(ended.size(), 1);
         const auto entries = m_host->application().logEntries();
         QVERIFY(std::any_of(entries.begin(), entries.end(),
                             [](const auto &entry) { return isAboutReplacement(entry.info); }));
@@ -204,7 +203,7 @@ private Q_SLOTS:
         const QSignalSpy ended(&backups, &BackupSchedule::ended);
         backups.check();
         replaceProfile();
-        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, Patience);
+        QTRY_COMPARE(ended.size(), 1);
         QVERIFY(ended.first().first().value<std::optional<Error>>().has_value());
     }
 

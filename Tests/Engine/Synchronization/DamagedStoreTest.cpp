@@ -6,7 +6,7 @@
 #include "Engine/Synchronization/VerificationSession.h"
 #include "Host/InboxUUID.h"
 #include "Platform/Security/Keychain.h"
-#include "Support/AskedPerson.h"
+#include "Support/AskedUser.h"
 #include "Support/AwaitOnThread.h"
 #include "Support/DropboxTestCase.h"
 #include "Support/Failure.h"
@@ -160,7 +160,7 @@ protected:
 
 private:
     TestHost m_host;
-    AskedPerson m_person;
+    AskedUser m_person;
     const quint16 m_port = freePort();
     std::shared_ptr<EngineSyncLocation> m_location;
 };

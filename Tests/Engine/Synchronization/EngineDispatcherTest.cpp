@@ -4,7 +4,6 @@
 #include "Host/Notifications.h"
 #include "Host/QVSyncResult.h"
 #include "Platform/Foundation/NotificationCenter.h"
-#include "Support/Patience.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "Support/Verification.h"
@@ -533,7 +532,7 @@ private Q_SLOTS:
         bool isDone = false;
         dispatcher()->performSynchronizationsWithSynchronizationStates({state(UUID)},
                                                                        [&] { isDone = true; });
-        QTRY_VERIFY_WITH_TIMEOUT(isDone, Patience);
+        QTRY_VERIFY(isDone);
         const QStringList told = log().mid(before);
         QVERIFY2(told.size() == 22, qPrintable(told.join(u'\n')));
         QCOMPARE(told.filter(QStringLiteral("2 more items")).size(), 1);

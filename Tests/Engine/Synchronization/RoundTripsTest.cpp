@@ -6,7 +6,7 @@
 #include "Host/QVSyncPlugin.h"
 #include "Host/UnencryptedPasswords.h"
 #include "Platform/Security/UrlCredentialStorage.h"
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -65,7 +65,7 @@ private:
         }
         m_changed.notify_all();
         return m_sizes.isEmpty() ||
-               m_changed.wait_for(lock, std::chrono::milliseconds(Patience / 4),
+               m_changed.wait_for(lock, std::chrono::milliseconds(EventTimeout / 4),
                                   [&] { return m_requests.size() >= end; });
     }
 
@@ -74,7 +74,7 @@ private:
         server.connectToHost(QHostAddress(QHostAddress::LocalHost), m_server);
         server.write(request.insert(request.indexOf("\r\n"), "\r\nConnection: close"));
         QByteArray response;
-        while (server.waitForReadyRead(Patience)) {
+        while (server.waitForReadyRead(EventTimeout)) {
             response += server.readAll();
         }
         response += server.readAll();
@@ -131,7 +131,7 @@ private:
         bool isDone = false;
         QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
             {m_state}, [&] { isDone = true; });
-        if (!QTest::qWaitFor([&] { return isDone; }, Patience)) {
+        if (!QTest::qWaitFor([&] { return isDone; }, EventTimeout)) {
             return QStringLiteral("not ended");
         }
         const auto &result = std::dynamic_pointer_cast<EngineSyncState>(m_state)->lastResult();

@@ -4,14 +4,14 @@
 #include "Platform/KeyValue/KeyValue.h"
 #include "Support/TestMain.h"
 
-class Person : public QObject {
+class User : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString name READ name WRITE setName)
     Q_PROPERTY(int age MEMBER m_age)
     Q_PROPERTY(bool old READ isOld)
     Q_PROPERTY(QVariant anything MEMBER m_anything)
-    Q_PROPERTY(std::shared_ptr<Person> friend_ MEMBER m_friend)
-    Q_PROPERTY(Person *boss MEMBER m_boss)
+    Q_PROPERTY(std::shared_ptr<User> friend_ MEMBER m_friend)
+    Q_PROPERTY(User *boss MEMBER m_boss)
     Q_PROPERTY(std::optional<Error> error MEMBER m_error)
 
 public:
@@ -22,12 +22,12 @@ public:
     QString m_name;
     int m_age = 0;
     QVariant m_anything;
-    std::shared_ptr<Person> m_friend;
-    Person *m_boss = nullptr;
+    std::shared_ptr<User> m_friend;
+    User *m_boss = nullptr;
     std::optional<Error> m_error;
 };
 
-class NeverRegistered : public Person {
+class NeverRegistered : public User {
     Q_OBJECT
 };
 
@@ -37,15 +37,15 @@ private Q_SLOTS:
     void aSharedPointerOfATypeNeverSeenBeforeYieldsItsObject() {
         const auto object = std::make_shared<NeverRegistered>();
         QCOMPARE(KeyValue::objectValue(QVariant::fromValue(object)), object.get());
-        Person person;
+        User person;
         person.m_anything = QVariant::fromValue(object);
         object->setName(QStringLiteral("n"));
         QCOMPARE(KeyValue::value(&person, "anything.name"), QVariant(QStringLiteral("n")));
     }
 
     void objectsAreFoundInEveryKindOfPointer() {
-        Person person;
-        const auto shared = std::make_shared<Person>();
+        User person;
+        const auto shared = std::make_shared<User>();
         QCOMPARE(KeyValue::objectValue(QVariant::fromValue(&person)), &person);
         QCOMPARE(KeyValue::objectValue(QVariant::fromValue(static_cast<QObject *>(&person))),
                  &person);
@@ -53,23 +53,23 @@ private Q_SLOTS:
         QCOMPARE(
             KeyValue::objectValue(QVariant::fromValue(std::static_pointer_cast<QObject>(shared))),
             shared.get());
-        QCOMPARE(KeyValue::objectValue(QVariant::fromValue(std::shared_ptr<Person>())), nullptr);
+        QCOMPARE(KeyValue::objectValue(QVariant::fromValue(std::shared_ptr<User>())), nullptr);
         QCOMPARE(KeyValue::objectValue(QVariant()), nullptr);
         QCOMPARE(KeyValue::objectValue(QVariant(5)), nullptr);
         QCOMPARE(KeyValue::objectValue(QVariant(QStringLiteral("x"))), nullptr);
     }
 
     void nullValuesOfEachTypeAreAbsent() {
-        Person person;
+        User person;
         QVERIFY(KeyValue::isAbsent(QVariant()));
         QVERIFY(KeyValue::isAbsent(QVariant::fromValue(nullptr)));
-        QVERIFY(KeyValue::isAbsent(QVariant::fromValue<Person *>(nullptr)));
-        QVERIFY(KeyValue::isAbsent(QVariant::fromValue(std::shared_ptr<Person>())));
+        QVERIFY(KeyValue::isAbsent(QVariant::fromValue<User *>(nullptr)));
+        QVERIFY(KeyValue::isAbsent(QVariant::fromValue(std::shared_ptr<User>())));
         QVERIFY(KeyValue::isAbsent(QVariant::fromValue(std::optional<Error>())));
         QVERIFY(KeyValue::isAbsent(QVariant(QDateTime())));
         QVERIFY(KeyValue::isAbsent(QVariant::fromValue(Url())));
         QVERIFY(!KeyValue::isAbsent(QVariant::fromValue(&person)));
-        QVERIFY(!KeyValue::isAbsent(QVariant::fromValue(std::make_shared<Person>())));
+        QVERIFY(!KeyValue::isAbsent(QVariant::fromValue(std::make_shared<User>())));
         QVERIFY(!KeyValue::isAbsent(QVariant::fromValue(std::optional<Error>(Error()))));
         QVERIFY(!KeyValue::isAbsent(QVariant(QDateTime::currentDateTime())));
         QVERIFY(
@@ -81,9 +81,9 @@ private Q_SLOTS:
     }
 
     void valuesAreReadAndWrittenAlongPaths() {
-        Person person;
-        person.m_friend = std::make_shared<Person>();
-        Person boss;
+        User person;
+        person.m_friend = std::make_shared<User>();
+        User boss;
         person.m_friend->m_boss = &boss;
         KeyValue::setValue(&person, "friend_.boss.name", QStringLiteral("n"));
         QCOMPARE(boss.name(), QStringLiteral("n"));
@@ -93,7 +93,7 @@ private Q_SLOTS:
     }
 
     void aPathThroughNullIsNeitherReadableNorWritable() {
-        Person person;
+        User person;
         QVERIFY(!KeyValue::value(&person, "friend_.boss.name").isValid());
         QVERIFY(!KeyValue::value(&person, "boss.name").isValid());
         QVERIFY(!KeyValue::value(&person, "anything.name").isValid());
@@ -102,12 +102,12 @@ private Q_SLOTS:
     }
 
     void anInvalidVariantWritesTheTypesNothing() {
-        Person person;
-        Person boss;
+        User person;
+        User boss;
         person.m_name = QStringLiteral("n");
         person.m_age = 5;
         person.m_boss = &boss;
-        person.m_friend = std::make_shared<Person>();
+        person.m_friend = std::make_shared<User>();
         person.m_error = Error();
         person.m_anything = 5;
         for (const char *key : {"name", "age", "boss", "friend_", "error", "anything"}) {
@@ -122,14 +122,14 @@ private Q_SLOTS:
     }
 
     void aValueThatConvertsIsWritten() {
-        Person person;
+        User person;
         KeyValue::setValue(&person, "age", QStringLiteral("42"));
         QCOMPARE(person.m_age, 42);
         QVERIFY(KeyValue::value(&person, "old").toBool());
     }
 
     void aMissingKeyIsLoudAndNeverBecomesADynamicProperty() {
-        Person person;
+        User person;
         person.m_boss = &person;
         for (const char *key : {"missing", "", "boss.missing", "boss..name", ".name", "Name"}) {
             QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(&person, key));
@@ -142,12 +142,12 @@ private Q_SLOTS:
     }
 
     void theMessageNamesClassAndKey() {
-        Person person;
+        User person;
         try {
             KeyValue::setValue(&person, "missing", 1);
             QFAIL("a missing key was written");
         } catch (const AssertionFailure &failure) {
-            QCOMPARE(failure.message(), QStringLiteral("Person has no key \"missing\""));
+            QCOMPARE(failure.message(), QStringLiteral("User has no key \"missing\""));
         }
         try {
             KeyValue::setValue(&person, "age", QStringLiteral("x"));
@@ -155,12 +155,12 @@ private Q_SLOTS:
         } catch (const AssertionFailure &failure) {
             QCOMPARE(failure.message(),
                      QStringLiteral(
-                         "A value of type QString cannot be set for the key \"age\" of Person"));
+                         "A value of type QString cannot be set for the key \"age\" of User"));
         }
     }
 
     void aValueOfAWrongTypeIsLoudAndChangesNothing() {
-        Person person;
+        User person;
         QObject other;
         person.m_age = 5;
         QVERIFY_THROWS_EXCEPTION(AssertionFailure,
@@ -175,7 +175,7 @@ private Q_SLOTS:
     }
 
     void aPathThroughAValueThatIsNoObjectIsLoud() {
-        Person person;
+        User person;
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(&person, "age.name"));
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&person, "name.age", 1));
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::isWritable(&person, "name.age"));

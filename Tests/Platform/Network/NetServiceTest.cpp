@@ -115,7 +115,7 @@ class NetServiceTest : public QObject {
     std::unique_ptr<DiscoveryDaemon> m_daemon;
     std::unique_ptr<NetServiceBrowser> m_browser;
     Listener m_listener;
-    static constexpr int Patience = 30000;
+    static constexpr int EventTimeout = 30000;
 
     void search() {
         m_browser = std::make_unique<NetServiceBrowser>();
@@ -155,21 +155,21 @@ private Q_SLOTS:
     void aPublishedServiceIsFoundAndEqualToIt() {
         search();
         const Published published(QStringLiteral("Tea & Cake – 茶"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 1);
         QVERIFY(m_listener.services[0]->isEqual(published.service.get()));
         QCOMPARE(m_listener.events,
                  (QList<Listener::Event>{{true, QStringLiteral("Tea & Cake – 茶"), false}}));
-        QTRY_COMPARE_WITH_TIMEOUT(published.witness.published, 1, Patience);
+        QTRY_COMPARE(published.witness.published, 1);
     }
 
     void eventsOfOneEventLoopTurnAreOneBatch() {
         const Published first(QStringLiteral("1"));
         const Published second(QStringLiteral("2"));
         const Published third(QStringLiteral("3"));
-        QTRY_COMPARE_WITH_TIMEOUT(third.witness.published, 1, Patience);
+        QTRY_COMPARE(third.witness.published, 1);
         search();
         letTheDaemonSpeak();
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.events.size(), 3, Patience);
+        QTRY_COMPARE(m_listener.events.size(), 3);
         QCOMPARE(m_listener.names(),
                  (QStringList{QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")}));
         QVERIFY(m_listener.events[0].moreComing && m_listener.events[1].moreComing);
@@ -179,9 +179,9 @@ private Q_SLOTS:
     void aServiceThatEndsIsRemovedAsTheObjectThatWasFound() {
         search();
         auto published = std::make_unique<Published>(QStringLiteral("Short"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 1);
         published.reset();
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 0, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 0);
         QCOMPARE(m_listener.events.last(),
                  (Listener::Event{false, QStringLiteral("Short"), false}));
     }
@@ -189,39 +189,39 @@ private Q_SLOTS:
     void stoppingWithdrawsAndPublishingAgainAnnouncesAgain() {
         search();
         const Published published(QStringLiteral("Again"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 1);
         published.service->publish();
         published.service->stop();
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 0, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 0);
         published.service->publish();
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 1);
     }
 
     void aDaemonThatDiesEmptiesTheListAtOnceAndFillsItWhenItIsBack() {
         search();
         const Published first(QStringLiteral("1"));
         const Published second(QStringLiteral("2"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 2, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 2);
         m_listener.events.clear();
         m_daemon->killDaemon();
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 0, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 0);
         QCOMPARE(m_listener.events, (QList<Listener::Event>{{false, QStringLiteral("1"), true},
                                                             {false, QStringLiteral("2"), false}}));
         m_daemon->startDaemon();
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 2, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 2);
         QCOMPARE(m_listener.names(), (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
     }
 
     void aBusThatEndsEmptiesTheListAndFillsItWhenItIsBack() {
         search();
         const Published published(QStringLiteral("1"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 1);
         m_daemon->stopDaemon();
         m_daemon->stopBus();
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 0, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 0);
         m_daemon->startBus();
         m_daemon->startDaemon();
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 1);
     }
 
     void withoutADaemonASearchWaitsForIt() {
@@ -230,13 +230,13 @@ private Q_SLOTS:
         const Published published(QStringLiteral("Late"));
         QVERIFY(m_listener.events.isEmpty());
         m_daemon->startDaemon();
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 1);
     }
 
     void resolvingGivesHostNameAndPort() {
         search();
         const Published published(QStringLiteral("Here"), 8442);
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 1);
         const std::shared_ptr<NetService> found = m_listener.services[0];
         QCOMPARE(found->hostName(), QString());
         QCOMPARE(found->port(), 0);
@@ -244,7 +244,7 @@ private Q_SLOTS:
         found->setDelegate(&witness);
         found->resolveWithTimeout(3.0);
         QCOMPARE(witness.resolved, 0);
-        QTRY_COMPARE_WITH_TIMEOUT(witness.resolved, 1, Patience);
+        QTRY_COMPARE(witness.resolved, 1);
         QCOMPARE(found->hostName(), QStringLiteral("alone.local"));
         QCOMPARE(found->port(), 8442);
         QCOMPARE(witness.failed, 0);
@@ -258,7 +258,7 @@ private Q_SLOTS:
         absent->setDelegate(&witness);
         absent->resolveWithTimeout(0.2);
         absent->resolveWithTimeout(0.1);
-        QTRY_COMPARE_WITH_TIMEOUT(witness.failed, 1, Patience);
+        QTRY_COMPARE(witness.failed, 1);
         QCOMPARE(witness.resolved, 0);
         QCOMPARE(absent->hostName(), QString());
         QCOMPARE(absent->port(), 5);
@@ -271,12 +271,12 @@ private Q_SLOTS:
         Witness witness;
         absent->setDelegate(&witness);
         absent->resolveWithTimeout(0.1);
-        QTRY_COMPARE_WITH_TIMEOUT(witness.failed, 1, Patience);
+        QTRY_COMPARE(witness.failed, 1);
     }
 
     void aServiceMayBeReleasedWhileItResolvesAndByItsDelegate() {
         const Published published(QStringLiteral("Here"));
-        QTRY_COMPARE_WITH_TIMEOUT(published.witness.published, 1, Patience);
+        QTRY_COMPARE(published.witness.published, 1);
         const auto resolving = [&] {
             auto service = std::make_shared<NetService>(published.service->domain(), Type,
                                                         published.service->name());
@@ -289,18 +289,18 @@ private Q_SLOTS:
         Witness witness;
         service->setDelegate(&witness);
         witness.react = [&] { service.reset(); };
-        QTRY_COMPARE_WITH_TIMEOUT(witness.resolved, 1, Patience);
+        QTRY_COMPARE(witness.resolved, 1);
         QVERIFY(!watched);
     }
 
     void aBrowserMayBeDeletedByItsDelegate() {
         const Published first(QStringLiteral("1"));
         const Published second(QStringLiteral("2"));
-        QTRY_COMPARE_WITH_TIMEOUT(second.witness.published, 1, Patience);
+        QTRY_COMPARE(second.witness.published, 1);
         search();
         letTheDaemonSpeak();
         m_listener.react = [&] { m_browser.reset(); };
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.events.size(), 1, Patience);
+        QTRY_COMPARE(m_listener.events.size(), 1);
         QVERIFY(m_listener.events[0].moreComing);
         QCoreApplication::processEvents();
         QCOMPARE(m_listener.events.size(), 1);
@@ -309,14 +309,14 @@ private Q_SLOTS:
     void aDelegateThatWasUnsetIsNotCalled() {
         search();
         const Published first(QStringLiteral("1"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 1);
         m_browser->setDelegate(nullptr);
         Listener other;
         NetServiceBrowser otherBrowser;
         otherBrowser.setDelegate(&other);
         otherBrowser.searchForServicesOfTypeInDomain(Type, QString());
         const Published second(QStringLiteral("2"));
-        QTRY_COMPARE_WITH_TIMEOUT(other.services.size(), 2, Patience);
+        QTRY_COMPARE(other.services.size(), 2);
         QCOMPARE(m_listener.services.size(), 1);
     }
 
@@ -327,19 +327,19 @@ private Q_SLOTS:
         otherBrowser.setDelegate(&other);
         otherBrowser.searchForServicesOfTypeInDomain(Type, QString());
         const Published first(QStringLiteral("1"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_listener.services.size(), 1, Patience);
+        QTRY_COMPARE(m_listener.services.size(), 1);
         m_browser->stop();
         const Published second(QStringLiteral("2"));
-        QTRY_COMPARE_WITH_TIMEOUT(other.services.size(), 2, Patience);
+        QTRY_COMPARE(other.services.size(), 2);
         QCOMPARE(m_listener.services.size(), 1);
     }
 
     void aNameInUseIsChanged() {
         const Published first(QStringLiteral("Taken"));
-        QTRY_COMPARE_WITH_TIMEOUT(first.witness.published, 1, Patience);
+        QTRY_COMPARE(first.witness.published, 1);
         // With another port: two announcements of the very same would be one.
         const Published second(QStringLiteral("Taken"), 4712);
-        QTRY_COMPARE_WITH_TIMEOUT(second.witness.published, 1, Patience);
+        QTRY_COMPARE(second.witness.published, 1);
         QCOMPARE(first.service->name(), QStringLiteral("Taken"));
         QCOMPARE(second.service->name(), QStringLiteral("Taken #2"));
     }
@@ -347,7 +347,7 @@ private Q_SLOTS:
     void aServiceWithoutNameHasTheComputersAndALongOneIsCut() {
         const Published unnamed{QString()};
         const Published cut(QString(40, QChar(u'é')));
-        QTRY_COMPARE_WITH_TIMEOUT(cut.witness.published, 1, Patience);
+        QTRY_COMPARE(cut.witness.published, 1);
         QCOMPARE(unnamed.service->name(), QStringLiteral("alone"));
         QCOMPARE(cut.service->name(), QString(31, QChar(u'é')));
         QCOMPARE(cut.service->domain(), QStringLiteral("local"));
@@ -359,7 +359,7 @@ private Q_SLOTS:
         QVERIFY(!LocalHostName::isLocal(QStringLiteral("local")));
         QVERIFY(!LocalHostName::isLocal(QStringLiteral("alone.local.example")));
         const Expected<QString> address = LocalHostName::address(
-            QStringLiteral("alone.local"), std::chrono::milliseconds(Patience));
+            QStringLiteral("alone.local"), std::chrono::milliseconds(EventTimeout));
         QVERIFY2(address, qPrintable(address ? QString() : address.error().localizedDescription));
         QCOMPARE(*address, QStringLiteral("127.0.0.1"));
     }

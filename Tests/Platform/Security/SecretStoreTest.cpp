@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 /// Each store is a run of its own.
 class SecretStoreTest : public QObject {
     Q_OBJECT
-    using Person = PromptingSecretService::Person;
+    using User = PromptingSecretService::User;
 
     static constexpr std::chrono::milliseconds Short = 300ms;
 
@@ -340,14 +340,14 @@ private Q_SLOTS:
 
     void aDismissedPromptKeepsSecretsInMemory() {
         m_service->stopKeyring();
-        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        PromptingSecretService prompting(m_service->busAddress(), User::Declines);
         SecretStore store;
         expectKeptInMemoryAndToldOnce(store, QStringLiteral("The keyring is locked."));
     }
 
     void writesThatWaitBehindADismissedPromptDoNotPromptAgain() {
         m_service->stopKeyring();
-        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        PromptingSecretService prompting(m_service->busAddress(), User::Declines);
         SecretStore store;
         for (const char *name : {"1", "2", "3", "4"}) {
             store.set(item(name, name));
@@ -362,7 +362,7 @@ private Q_SLOTS:
 
     void attributesAreFoundWithoutAPrompt() {
         m_service->stopKeyring();
-        PromptingSecretService prompting(m_service->busAddress(), Person::LooksAway);
+        PromptingSecretService prompting(m_service->busAddress(), User::LooksAway);
         SecretStore store(Short);
         QCOMPARE(store.findAttributes(item("one", {}).attributes)->size(), 1);
         bool isFound = false;
@@ -375,7 +375,7 @@ private Q_SLOTS:
 
     void findingLaterReportsADeclinedPromptAsAnError() {
         m_service->stopKeyring();
-        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        PromptingSecretService prompting(m_service->busAddress(), User::Declines);
         SecretStore store(Short);
         std::optional<Expected<QList<StoredSecret>>> found;
         store.findLater(item("one", {}).attributes, [&](const auto &items) { found = items; });
@@ -402,7 +402,7 @@ private Q_SLOTS:
 
     void onceDeclinedLookingUpDoesNotPromptAgain() {
         m_service->stopKeyring();
-        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        PromptingSecretService prompting(m_service->busAddress(), User::Declines);
         SecretStore store;
         const auto declined = store.find(item("one", {}).attributes);
         QVERIFY(!declined);
@@ -416,7 +416,7 @@ private Q_SLOTS:
 
     void aDismissedPromptMakesTheRemovalFail() {
         m_service->stopKeyring();
-        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        PromptingSecretService prompting(m_service->busAddress(), User::Declines);
         SecretStore store;
         QVERIFY(!KeychainRemoval::removeFirst(store, item("open", {}).attributes));
         QCOMPARE(prompting.countOfPrompts(), 1);
@@ -426,7 +426,7 @@ private Q_SLOTS:
 
     void aDeclinedRemovalIsAnErrorAndReported() {
         m_service->stopKeyring();
-        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        PromptingSecretService prompting(m_service->busAddress(), User::Declines);
         SecretStore store;
         QList<Expected<bool>> answers;
         const auto remember = [&](const Expected<bool> &isRemoved) { answers.append(isRemoved); };
@@ -461,7 +461,7 @@ private Q_SLOTS:
 
     void anEncryptedSessionIsAskedForFirst() {
         m_service->stopKeyring();
-        PromptingSecretService prompting(m_service->busAddress(), Person::Declines);
+        PromptingSecretService prompting(m_service->busAddress(), User::Declines);
         SecretStore store;
         QVERIFY(!store.find(item("one", {}).attributes));
         QCOMPARE(prompting.firstAlgorithm(), QStringLiteral("dh-ietf1024-sha256-aes128-cbc-pkcs7"));
@@ -470,7 +470,7 @@ private Q_SLOTS:
     void aServiceThatCrashesDuringAPromptIsDetected() {
         m_service->stopKeyring();
         auto prompting =
-            std::make_unique<PromptingSecretService>(m_service->busAddress(), Person::LooksAway);
+            std::make_unique<PromptingSecretService>(m_service->busAddress(), User::LooksAway);
         SecretStore store;
         store.set(item("one", "1"));
         QTRY_COMPARE(prompting->countOfPrompts(), 1);
@@ -482,7 +482,7 @@ private Q_SLOTS:
 
     void anOpenPromptBlocksNoOtherCall() {
         m_service->stopKeyring();
-        PromptingSecretService prompting(m_service->busAddress(), Person::LooksAway);
+        PromptingSecretService prompting(m_service->busAddress(), User::LooksAway);
         SecretStore store(Short);
         store.set(item("one", "1"));
         QTRY_COMPARE(prompting.countOfPrompts(), 1);

@@ -187,7 +187,7 @@ private Q_SLOTS:
     }
 
     void aRefusalIsAnError() {
-        m_server->setPerson(DropboxServer::Person::Refuses);
+        m_server->setPerson(DropboxServer::User::Refuses);
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->email, QString());
@@ -202,7 +202,7 @@ private Q_SLOTS:
     }
 
     void aRedirectWithNeitherCodeNorErrorIsAnError() {
-        m_server->setPerson(DropboxServer::Person::GetsLost);
+        m_server->setPerson(DropboxServer::User::GetsLost);
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->description(),
@@ -319,7 +319,7 @@ private Q_SLOTS:
     }
 
     void cancellingTheFutureEndsIt() {
-        m_server->setPerson(DropboxServer::Person::LooksAway);
+        m_server->setPerson(DropboxServer::User::LooksAway);
         const auto future = PZFuture::future();
         const auto outcome = authorize(*m_session, future);
         QTRY_COMPARE(m_browser->opened().size(), 1);
@@ -363,14 +363,14 @@ private Q_SLOTS:
 
     void theSameFutureServesOneAuthorizationAfterTheOther() {
         const auto future = PZFuture::future();
-        m_server->setPerson(DropboxServer::Person::Refuses);
+        m_server->setPerson(DropboxServer::User::Refuses);
         const auto refused = authorize(*m_session, future);
         QTRY_COMPARE(refused->calls, 1);
-        m_server->setPerson(DropboxServer::Person::SignsIn);
+        m_server->setPerson(DropboxServer::User::SignsIn);
         const auto accepted = authorize(*m_session, future);
         QTRY_COMPARE(accepted->calls, 1);
         QCOMPARE(accepted->email, m_server->email());
-        m_server->setPerson(DropboxServer::Person::LooksAway);
+        m_server->setPerson(DropboxServer::User::LooksAway);
         const auto cancelled = authorize(*m_session, future);
         QTRY_COMPARE(m_browser->opened().size(), 3);
         future->cancel();
@@ -395,7 +395,7 @@ private Q_SLOTS:
     }
 
     void signingInHasATimeout() {
-        m_server->setPerson(DropboxServer::Person::LooksAway);
+        m_server->setPerson(DropboxServer::User::LooksAway);
         DropboxSessionManager manager({.user = std::chrono::milliseconds(1)});
         const auto outcome = authorize(*manager.sessionWithURL(Url()), PZFuture::future());
         QTRY_COMPARE(outcome->calls, 1);

@@ -11,7 +11,6 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Support/DropboxTestCase.h"
 #include "Support/Failure.h"
-#include "Support/Patience.h"
 #include "Support/SetDefault.h"
 #include "Support/TestMain.h"
 
@@ -109,7 +108,7 @@ private Q_SLOTS:
         newStore()->checkWithCompletionHandler([&](const QVSyncStoreCheck &check) {
             MainQueue::dispatchAsync([&found, check] { found = check; });
         });
-        QTRY_VERIFY_WITH_TIMEOUT(found, Patience);
+        QTRY_VERIFY(found);
         QVERIFY2(!found->error, qPrintable(found->error.value_or(Error()).localizedDescription));
         QVERIFY(found->isReadable && found->isWritable);
         QCOMPARE(m_server->files().keys(), QStringList(Package + QStringLiteral("transactions/a")));

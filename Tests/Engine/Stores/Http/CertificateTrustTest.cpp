@@ -1,7 +1,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
-#include "Support/AskedPerson.h"
+#include "Support/AskedUser.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
 #include "Support/TestHost.h"
@@ -129,7 +129,7 @@ private Q_SLOTS:
     }
 
     void aNewCertificateAtEachConnectionRaisesOneQuestion() {
-        AskedPerson person;
+        AskedUser person;
         const auto trust = m_host->engine().plugin().context().certificateTrust;
         const auto askAboutNewCertificate = [&](const QString &place) {
             trust->ask(place, QStringLiteral("h"), TestAuthority().certificate(), {});

@@ -1,4 +1,4 @@
-#include "Tour/Person.h"
+#include "Tour/User.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QThread>
@@ -10,7 +10,7 @@
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QScrollArea>
 
-#include "Support/Patience.h"
+#include "Support/EventTimeout.h"
 #include "Tour/Screen.h"
 
 namespace {
@@ -85,8 +85,8 @@ void scrollTo(QWidget *widget) {
 
 /// Waits until `find`, called on the main thread, returns a place, and clicks there.
 void clickWhenThere(const QString &what, const std::function<std::optional<Place>()> &find) {
-    Person::await(QStringLiteral("“%1” to be there to be clicked").arg(what),
-                  [&] { return find().has_value(); });
+    User::await(QStringLiteral("“%1” to be there to be clicked").arg(what),
+                [&] { return find().has_value(); });
     // What the click opens may stay open: only its beginning is waited for.
     const auto click = [find] {
         if (const std::optional<Place> place = find()) {
@@ -107,18 +107,18 @@ void pressKey(Qt::Key key, const QString &text, Qt::KeyboardModifiers modifiers)
 
 }  // namespace
 
-void Person::await(const QString &what, const std::function<bool()> &condition) {
+void User::await(const QString &what, const std::function<bool()> &condition) {
     QElapsedTimer timer;
     timer.start();
     while (!onMainThread(condition)) {
-        if (timer.elapsed() > Patience) {
+        if (timer.elapsed() > EventTimeout) {
             throw TourFailure(QStringLiteral("waited in vain for ") + what);
         }
         QThread::msleep(LookInterval);
     }
 }
 
-void Person::turnTo(const QString &title) {
+void User::turnTo(const QString &title) {
     await(QStringLiteral("the window “%1”").arg(title), [=] {
         QWidget *window = Screen::window(title);
         if (window) {
@@ -128,11 +128,11 @@ void Person::turnTo(const QString &title) {
     });
 }
 
-void Person::click(const QString &widget) {
+void User::click(const QString &widget) {
     clickWhenThere(widget, [=] { return placeOf(Screen::widget(widget)); });
 }
 
-void Person::clickRow(const QString &list, const QString &row, const QString &widget) {
+void User::clickRow(const QString &list, const QString &row, const QString &widget) {
     clickWhenThere(row + u' ' + widget, [=] {
         QWidget *found = Screen::row(list, row);
         scrollTo(found);
@@ -140,28 +140,28 @@ void Person::clickRow(const QString &list, const QString &row, const QString &wi
     });
 }
 
-void Person::clickItem(const QString &view, const QString &text) {
+void User::clickItem(const QString &view, const QString &text) {
     clickWhenThere(text, [=] {
         return placeOfItem(qobject_cast<QAbstractItemView *>(Screen::widget(view)), text);
     });
 }
 
-void Person::choose(const QString &menuItem) {
+void User::choose(const QString &menuItem) {
     clickWhenThere(menuItem, [=] { return placeOfMenuItem(menuItem); });
 }
 
-void Person::fill(const QString &field, const QString &text) {
+void User::fill(const QString &field, const QString &text) {
     click(field);
     press(Qt::Key_A, Qt::ControlModifier);
     type(text);
 }
 
-void Person::type(const QString &text) {
+void User::type(const QString &text) {
     for (const QChar character : text) {
         pressKey(static_cast<Qt::Key>(character.toUpper().unicode()), character, {});
     }
 }
 
-void Person::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+void User::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     pressKey(key, {}, modifiers);
 }

@@ -8,7 +8,7 @@
 
 /// Application object of a test that controls when and how the user answers questions. Replaces the
 /// TestHost's.
-class AskedPerson : public TestApplication {
+class AskedUser : public TestApplication {
 public:
     Withdrawal ask(const Question &question, std::function<void(bool)> handler) override;
 

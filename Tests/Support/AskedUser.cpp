@@ -1,11 +1,11 @@
-#include "Support/AskedPerson.h"
+#include "Support/AskedUser.h"
 
 #include <QtCore/QCoreApplication>
 #include <algorithm>
 #include <utility>
 
-QuestionPresenter::Withdrawal AskedPerson::ask(const Question &question,
-                                               std::function<void(bool)> handler) {
+QuestionPresenter::Withdrawal AskedUser::ask(const Question &question,
+                                             std::function<void(bool)> handler) {
     m_asked.append(question);
     if (m_answer) {
         QMetaObject::invokeMethod(
@@ -31,7 +31,7 @@ QuestionPresenter::Withdrawal AskedPerson::ask(const Question &question,
     };
 }
 
-void AskedPerson::answerAll(const std::function<bool(const Question &)> &answer) {
+void AskedUser::answerAll(const std::function<bool(const Question &)> &answer) {
     m_answer = answer;
     for (const Waiting &one : std::exchange(*m_waiting, {})) {
         one.handler(answer(one.question));

@@ -31,7 +31,7 @@ auto onMainThread(Call call) {
 /// they do from a desktop. Each function waits for the widget that it needs, and raises a
 /// TourFailure if it does not appear in time. Widgets are named as in Screen.h. Must be called on a
 /// thread other than the main thread, on which menus and panels run nested event loops.
-namespace Person {
+namespace User {
 
 /// Waits until `condition`, evaluated on the main thread, is true. `what` describes it for the
 /// failure.
@@ -52,4 +52,4 @@ void fill(const QString &field, const QString &text);
 void type(const QString &text);
 void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
-}  // namespace Person
+}  // namespace User
