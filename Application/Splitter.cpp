@@ -6,6 +6,11 @@ Splitter::Splitter(QWidget *parent) : QSplitter(parent) {
     fitContents();
 }
 
+// QSplitter leaves out its margins.
+QSize Splitter::minimumSizeHint() const {
+    return QSplitter::minimumSizeHint() + QSize(contentsMargins().right(), 0);
+}
+
 void Splitter::changeEvent(QEvent *event) {
     if (event->type() == QEvent::LayoutDirectionChange) {
         fitContents();

@@ -10,6 +10,8 @@ class Splitter : public QSplitter {
 public:
     explicit Splitter(QWidget *parent = nullptr);
 
+    QSize minimumSizeHint() const override;
+
 protected:
     void changeEvent(QEvent *event) override;
 
