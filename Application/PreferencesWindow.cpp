@@ -24,7 +24,7 @@ PreferencesWindow::PreferencesWindow(std::unique_ptr<PreferencePane> pane, QWidg
     layout->setSpacing(0);
     new HeightKeeper(this);
     // Larger fonts need more room.
-    resize(QSize(760, 600).expandedTo(WindowSize::of(*this, 100, 36)));
+    resize(QSize(800, 600).expandedTo(WindowSize::of(*this, 100, 36)));
     showPane(std::move(pane));
 }
 
