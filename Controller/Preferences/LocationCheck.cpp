@@ -130,6 +130,12 @@ void LocationCheck::finish(quint64 run, const QVSyncStoreCheck &found) {
 }
 
 void LocationCheck::setText(const Selection &selection, const QString &text) {
+    disconnect(m_textOutdated);
+    if (selection) {
+        // An accepted edit or a synchronization says more about the location than the check.
+        m_textOutdated = connect(selection.get(), &QVSynchronizationSelection::errorChanged, this,
+                                 [this] { setText(nullptr, {}); });
+    }
     m_textSelection = selection;
     m_text = text;
     Q_EMIT textChanged();

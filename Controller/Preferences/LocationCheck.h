@@ -68,7 +68,8 @@ private:
     void read(quint64 run, const Selection &selection);
     /// Ends the check `run` unless it has ended.
     void finish(quint64 run, const QVSyncStoreCheck &found);
-    /// Sets the text, which is about the row `selection`.
+    /// Sets the text, which is about the row `selection`. It is removed when the error of that row
+    /// is set again.
     void setText(const Selection &selection, const QString &text);
 
     std::weak_ptr<QVSynchronizationSelection> m_addedSelection;
@@ -78,4 +79,5 @@ private:
     QString m_text;
     /// The row that the text is about.
     std::weak_ptr<QVSynchronizationSelection> m_textSelection;
+    QMetaObject::Connection m_textOutdated;
 };

@@ -230,6 +230,11 @@ private Q_SLOTS:
         QVERIFY(Panel::warning(Panel::locationRow(0))->isVisible());
         QVERIFY2(result().contains(QStringLiteral("refused the connection")), qPrintable(result()));
         QCOMPARE(presented(), QStringList());
+        Panel::select(Panel::locationRow(0));
+        m_panel->press("editLocationButton");
+        m_panel->inSheet<QPushButton>("acceptButton")->click();
+        QCOMPARE(result(), QString());
+        QVERIFY(m_panel->find<QLabel>("checkLabel")->isHidden());
     }
 
     void anEditedLocationIsNotCheckedByItself() {
