@@ -1,6 +1,7 @@
 #include "Application/NoteTextEdit.h"
 
 #include <QtCore/QMimeData>
+#include <QtGui/QDropEvent>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <algorithm>
@@ -90,18 +91,31 @@ QMimeData *NoteTextEdit::createMimeDataFromSelection() const {
     return selected.release();
 }
 
-bool NoteTextEdit::canInsert(const QString &text) const {
-    const QTextCursor cursor = textCursor();
+bool NoteTextEdit::canReplace(const QTextCursor &cursor, const QString &text) const {
     const QString whole = textBetween(0, cursor.selectionStart()) + text +
                           textBetween(cursor.selectionEnd(), document()->characterCount() - 1);
     return whole.size() <= LongestText && PlainText::page(whole) == whole;
+}
+
+void NoteTextEdit::dropEvent(QDropEvent *event) {
+    // Text that is moved here is removed from where it was before it is inserted.
+    if (event->mimeData()->hasText() &&
+        !canReplace(cursorForPosition(event->position().toPoint()), event->mimeData()->text())) {
+        QDragLeaveEvent leave;
+        dragLeaveEvent(&leave);
+        event->setDropAction(Qt::IgnoreAction);
+        event->ignore();
+        Q_EMIT insertionRefused();
+        return;
+    }
+    QPlainTextEdit::dropEvent(event);
 }
 
 void NoteTextEdit::insertFromMimeData(const QMimeData *source) {
     if (!source->hasText()) {
         return;
     }
-    if (!canInsert(source->text())) {
+    if (!canReplace(textCursor(), source->text())) {
         Q_EMIT insertionRefused();
         return;
     }

@@ -33,10 +33,12 @@ protected:
     /// Qt would change spaces and line ends.
     QMimeData *createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData *source) override;
+    /// Refuses text that could not be inserted, so that text that is moved stays where it is.
+    void dropEvent(QDropEvent *event) override;
 
 private:
-    /// Returns whether the text can be edited after `text` has replaced the selection.
-    bool canInsert(const QString &text) const;
+    /// Returns whether the text can be edited after `text` has replaced the selection of `cursor`.
+    bool canReplace(const QTextCursor &cursor, const QString &text) const;
     /// Returns the text between two positions of the document.
     QString textBetween(int start, int end) const;
 };

@@ -69,6 +69,8 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     m_title->setAccessibleName(tr("Title"));
     m_title->setPlaceholderText(tr("Title"));
     m_title->setMaxLength(LongestTitle);
+    // A text that is moved here would be cut to that length.
+    m_title->setAcceptDrops(false);
     m_text->setAccessibleName(tr("Text"));
     m_notice->setObjectName(QStringLiteral("notice"));
     m_notice->hide();

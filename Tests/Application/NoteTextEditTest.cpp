@@ -3,6 +3,7 @@
 #include <QtGui/QClipboard>
 #include <random>
 
+#include "Platform/Interface/PlainText.h"
 #include "Support/TestMain.h"
 
 /// The editor returns what it was given, with nothing but the user's edits.
@@ -53,6 +54,29 @@ private Q_SLOTS:
             const QString after = textWithKeyAtEnd(text);
             QVERIFY2(after == text + u'!', qPrintable(QString::number(round)));
         }
+    }
+
+    /// A text that was moved would be removed from where it was.
+    void aTextThatCannotBeInsertedIsNotDropped() {
+        NoteTextEdit editor;
+        const QString line(PlainText::LongestLine - 10, u'x');
+        QVERIFY(editor.setNoteText(line));
+        const QSignalSpy refused(&editor, &NoteTextEdit::insertionRefused);
+        QMimeData moved;
+        for (const int length : {100, 5}) {
+            moved.setText(QString(length, u'y'));
+            QDragEnterEvent enter(QPoint(5, 5), Qt::MoveAction, &moved, Qt::LeftButton,
+                                  Qt::NoModifier);
+            QCoreApplication::sendEvent(editor.viewport(), &enter);
+            QVERIFY(enter.isAccepted());
+            QDropEvent drop(QPointF(5, 5), Qt::MoveAction, &moved, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(editor.viewport(), &drop);
+            const bool isRefused = length > 10;
+            QCOMPARE(drop.dropAction() == Qt::IgnoreAction, isRefused);
+            QCOMPARE(drop.isAccepted(), !isRefused);
+            QCOMPARE(editor.noteText().size(), line.size() + (isRefused ? 0 : length));
+        }
+        QCOMPARE(refused.count(), 1);
     }
 
     void textMovedOverTheClipboardStaysUnchanged() {
