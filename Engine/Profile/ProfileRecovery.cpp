@@ -5,6 +5,7 @@
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QSet>
 #include <QtCore/QTemporaryDir>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlError>
@@ -231,6 +232,40 @@ Expected<bool> copyLocationsFrom(const QStringList &sources, const QString &targ
     return isCopied;
 }
 
+/// Returns whether at most one index of the operations in the closed database `file` differs from
+/// their table. All of them contain the database of an operation: if several differ, that value is
+/// probably damaged in the table, and rebuilding would move a note to another database.
+Expected<bool> isTableOfOperationsCredible(const QString &file) {
+    Expected<bool> isCredible = false;
+    {
+        QSqlDatabase database =
+            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), RecoveryConnection);
+        database.setDatabaseName(file);
+        QSqlQuery query(database);
+        QStringList indexes;
+        QSet<QString> differing;
+        bool isChecked =
+            database.open() && query.exec(QStringLiteral("PRAGMA index_list(operations)"));
+        while (isChecked && query.next()) {
+            indexes.append(query.value(1).toString());
+        }
+        isChecked = isChecked && !indexes.isEmpty() &&
+                    query.exec(QStringLiteral("PRAGMA integrity_check(1000000)"));
+        while (isChecked && query.next()) {
+            const QString name = query.value(0).toString().section(u' ', -1);
+            if (indexes.contains(name)) {
+                differing.insert(name);
+            }
+        }
+        isCredible = isChecked && !query.lastError().isValid() && differing.size() <= 1;
+        if (FullDisk::isCauseOf(query.lastError(), file)) {
+            isCredible = databaseFailure(file, query.lastError());
+        }
+    }
+    QSqlDatabase::removeDatabase(RecoveryConnection);
+    return isCredible;
+}
+
 /// Rebuilds the indexes in the closed database `file`, all or none. Returns whether they can be.
 Expected<bool> reindex(const QString &file) {
     static const std::array statements = {
@@ -382,7 +417,11 @@ Expected<bool> ProfileRecovery::rebuildIndexes(const QString &directory) {
         return systemFailure(directory);
     }
     return copyDatabase(directory, folder.path())
-        .and_then([&](bool isCopied) { return isCopied ? reindex(copy) : false; })
+        .and_then([&](bool isCopied) {
+            return isCopied ? isTableOfOperationsCredible(copy) : Expected<bool>(false);
+        })
+        .and_then(
+            [&](bool isCredible) { return isCredible ? reindex(copy) : Expected<bool>(false); })
         .and_then([&](bool isRebuilt) {
             return isRebuilt && isSound(copy) ? reindex(directory + u'/' + ProfileDatabaseName)
                                               : false;

@@ -1,3 +1,7 @@
+#include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlError>
+#include <QtSql/QSqlQuery>
+
 #include "Engine/Profile/ProfileBackups.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfileRecovery.h"
@@ -23,6 +27,33 @@ private:
     void damage(const QString &index, Damage damage = Damage::Entry) {
         m_host->goToComputer(QStringLiteral("Other"));
         DamagedIndex::make(file(), index, damage);
+    }
+
+    /// Changes the database of a note in the table, but not in two of its indexes.
+    void moveANoteBehindItsIndexes() const {
+        const QString connection = QStringLiteral("damaged-index-test");
+        const QString indexes = QStringLiteral(
+            "type = 'index' AND name IN"
+            " ('operations_of_notes', 'order_of_notes')");
+        const auto run = [&](const QStringList &statements) {
+            {
+                auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+                database.setDatabaseName(file());
+                QVERIFY(database.open());
+                QSqlQuery query(database);
+                QVERIFY(query.exec(QStringLiteral("PRAGMA writable_schema = ON")));
+                for (const QString &statement : statements) {
+                    QVERIFY2(query.exec(statement), qPrintable(query.lastError().text()));
+                }
+            }
+            QSqlDatabase::removeDatabase(connection);
+        };
+        run({QStringLiteral("CREATE TABLE hidden AS SELECT * FROM sqlite_schema WHERE ") + indexes,
+             QStringLiteral("DELETE FROM sqlite_schema WHERE ") + indexes});
+        run({QStringLiteral("UPDATE operations SET database = (SELECT max(id) FROM databases)"
+                            " WHERE rowid = (SELECT min(rowid) FROM operations)"),
+             QStringLiteral("INSERT INTO sqlite_schema SELECT * FROM hidden")});
+        run({QStringLiteral("DROP TABLE hidden")});
     }
 
     QStringList texts() {
@@ -111,6 +142,20 @@ private Q_SLOTS:
         QCOMPARE(texts().size(), 3);
         QVERIFY(run<SyncSession>());
         verifySound();
+    }
+
+    /// The table cannot be trusted either if several indexes differ from it.
+    void aNoteWhoseDatabaseIsDamagedIsNotMoved() {
+        m_host->addDatabase(QStringLiteral("Other"));
+        QVERIFY(ProfileBackups(m_directory).make(QDate(2026, 11, 22)));
+        m_host->goToComputer(QStringLiteral("Other"));
+        moveANoteBehindItsIndexes();
+        const QByteArray before = contents();
+        QCOMPARE(code(open()), EngineErrorCode::ProfileDamaged);
+        QCOMPARE(contents(), before);
+        QVERIFY(ProfileRecovery::restoreBackup(m_directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(texts().size(), 3);
     }
 
     void withoutSpaceForItTheProfileStaysAsItIs() {
