@@ -36,7 +36,7 @@ QString localizedString(const char *table, const char *key) {
 }
 
 QString localizedString(const char *table, const char *key, const char *one, qint64 count) {
-    const QString text = translated(table, key, pluralCount(count));
+    QString text = translated(table, key, pluralCount(count));
     if (!text.isEmpty()) {
         return text;
     }
