@@ -77,7 +77,7 @@ void passwordIsNotSentUnasked() {
     const PasswordServer server;
     storePassword(server.URL());
     open(server);
-    require(server.credentials().isEmpty(), "the password is sent although nobody has accepted it");
+    require(server.credentials().isEmpty(), "the password is sent before the user has accepted it");
 }
 
 void serviceOfClientsHasAName() {

@@ -8,7 +8,7 @@
 #include "HostCheck/BrokenPromise.h"
 #include "Platform/Network/NetService.h"
 
-/// A server that serves nobody.
+/// A server that serves no client.
 class BrokenServer : public QVDirectConnectionServer {
 public:
     class Class : public QVDirectConnectionServer::Class {
@@ -50,7 +50,7 @@ private:
     quint16 m_port = 40001;
 };
 
-/// Accounts that nobody can sign in to.
+/// Accounts to which no user can sign in.
 class BrokenSessionManager : public QVDropboxSessionManager {
 public:
     std::shared_ptr<QVDropboxSession> sessionWithURL(const Url & /*URL*/) override {
