@@ -5,6 +5,9 @@
 
 #include "Platform/Foundation/Assertion.h"
 
+static_assert(CurrentHostVersion.major == HOST_SOVERSION,
+              "The libraries have the major version of the interface");
+
 namespace {
 
 struct Entry {

@@ -7,7 +7,6 @@
 #include "Host/QVDropboxSessionManager.h"
 #include "Host/QVHostPlugIn.h"
 #include "Host/QVHourlySchedule.h"
-#include "Host/QVLocationEditing.h"
 #include "Host/QVRemoteDatabase.h"
 #include "Host/QVServedDatabase.h"
 #include "Host/QVSyncDispatcher.h"
@@ -55,8 +54,11 @@ Expected<void> QVHostPlugIn::closeDatabase(const std::shared_ptr<QVDatabase> & /
     return {};
 }
 
+bool QVHostPlugIn::fireSchedules(const QDateTime & /*date*/) {
+    return false;
+}
+
 QVHourlySchedule::~QVHourlySchedule() = default;
-QVLocationEditing::~QVLocationEditing() = default;
 QVRemoteDatabase::~QVRemoteDatabase() = default;
 QVRemoteDatabaseMetadata::~QVRemoteDatabaseMetadata() = default;
 QVServedDatabase::~QVServedDatabase() = default;

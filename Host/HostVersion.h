@@ -18,5 +18,6 @@ struct HostVersion {
     QString text() const { return QStringLiteral("%1.%2").arg(major).arg(minor); }
 };
 
-/// The version of these headers. It is compiled into each host and into the pane.
+/// The version of these headers. It is compiled into each host and into the pane. `major` is also
+/// that of the libraries (SOVERSION).
 inline constexpr HostVersion CurrentHostVersion{.major = 1, .minor = 0};

@@ -72,7 +72,8 @@ public:
     /// list, which means that the host serves all databases.
     virtual QVariantList databases() const;
     /// Returns, in words for the user, when the client with this keychain account connected last.
-    /// Optional: the default implementation returns an empty text.
+    /// The same for all clients that have never connected. Optional: the default implementation
+    /// returns an empty text.
     virtual QString lastConnectionText(const QString &client) const;
 
 Q_SIGNALS:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QDateTime>
 #include <QtCore/QString>
 #include <QtCore/QtPlugin>
 #include <memory>
@@ -34,6 +35,11 @@ public:
                                           const QString &name);
     /// Closes `database`, which openNewDatabase() has returned and which is open.
     virtual Expected<void> closeDatabase(const std::shared_ptr<QVDatabase> &database);
+    /// Does what the host does at `date`, a moment of the next days, if its clock shows that: the
+    /// schedules that are due until then fire within this call. Returns false without an effect, as
+    /// the default implementation does, if the application cannot do that; the promise about
+    /// schedules that fire then counts as not offered. Called between begin() and end().
+    virtual bool fireSchedules(const QDateTime &date);
 };
 
 /// Identifies the interface of such a plug-in, for Q_PLUGIN_METADATA.

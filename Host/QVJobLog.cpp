@@ -1,6 +1,10 @@
 #include "Host/QVJobLog.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QMetaMethod>
+
 #include "Host/QVApplication.h"
+#include "Host/SyncStrings.h"
 
 QVJobLog::~QVJobLog() = default;
 
@@ -14,4 +18,15 @@ void QVJobLog::log(const QVJobReport &report) {
 
 void QVJobLog::logMessage(const QString &text) {
     NSApp()->logItemCmd(MessageTitle, text);
+}
+
+std::optional<RecoveryOption> QVJobLog::showOption() {
+    const QMetaObject *application = QCoreApplication::instance()->metaObject();
+    const int index = application->indexOfMethod(ShowFunction);
+    if (index < 0) {
+        return {};
+    }
+    return RecoveryOption{localizedSyncString("Show Log"), [show = application->method(index)] {
+                              show.invoke(QCoreApplication::instance());
+                          }};
 }

@@ -2,8 +2,10 @@
 
 #include <QtCore/QDateTime>
 #include <QtCore/QString>
+#include <optional>
 
 #include "Host/HostExport.h"
+#include "Platform/Foundation/Error.h"
 
 /// What has become of a job, a synchronization or a clean-up, or of a part of it. A value.
 struct QVJobReport {
@@ -44,6 +46,9 @@ struct QVJobReport {
 /// QVApplication::logItemCmd. Must be used on the main thread.
 class HOST_EXPORT QVJobLog {
 public:
+    /// The signature of the function that shows the log to the user, and returns at once. It is an
+    /// optional addition to the application object of Qt, which must be able to invoke it.
+    static constexpr char ShowFunction[] = "showLog()";
     /// The title of the messages about synchronizations in the log of the application.
     static inline const QString MessageTitle = QStringLiteral("Sync:");
 
@@ -58,4 +63,6 @@ public:
     /// Passes `text`, complete sentences for the user about synchronizations that belong to no job,
     /// to QVApplication::logItemCmd under MessageTitle.
     static void logMessage(const QString &text);
+    /// Returns the next step “Show Log”; empty if the application has no ShowFunction.
+    static std::optional<RecoveryOption> showOption();
 };

@@ -42,7 +42,8 @@ public:
     /// nullptr for an empty UUID. O(1).
     virtual std::shared_ptr<QVSyncState> stateForDatabaseWithUUID(const QString &UUID) const = 0;
     /// Returns the state of the database. If there is none yet, adds one that is disabled and has
-    /// no schedule, and announces `synchronizationStates`; otherwise `name` is ignored. Never null.
+    /// no schedule, and announces `synchronizationStates`; otherwise `name` is ignored. A new state
+    /// synchronizes its database neither when that is opened nor when it is closed. Never null.
     /// Raises an AssertionFailure if `UUID` is empty.
     virtual std::shared_ptr<QVSyncState> addStateForDatabaseWithUUID(const QString &UUID,
                                                                      const QString &name) = 0;

@@ -30,8 +30,8 @@ public:
     /// Returns an icon of 32 by 32 device-independent pixels at a device pixel ratio of at least 2,
     /// so that it is sharp on every screen. Never null.
     virtual QPixmap icon() const = 0;
-    /// Returns the kind of the location, localized with the table "Sync" from the keys "Dropbox",
-    /// "Local Sync Store", "WebDAV", "Direct Connection" and, for a nil URL or an unknown scheme,
-    /// "Unknown Location".
+    /// Returns the kind of the location, as localizedSyncString() has it for the keys "Dropbox",
+    /// "Local Sync Store", "WebDAV" and "Direct Connection", or "Unknown Location" for a nil URL
+    /// and a scheme that this host does not know.
     virtual QString locationType() const = 0;
 };

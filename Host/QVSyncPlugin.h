@@ -52,8 +52,9 @@ public:
     /// Returns the server for direct connections, or nullptr if the host has none. Owned by the
     /// plug-in, the same in every call.
     virtual QVDirectConnectionServer *server() const = 0;
-    /// Returns the store of the databases on this computer. Its location contains every local
-    /// database. Never null; shared ownership.
+    /// Returns the store of the databases on this computer. Never null; shared ownership. Its
+    /// location contains every local database. It is the same object in every call, and not in the
+    /// list of locations.
     virtual std::shared_ptr<QVSyncStore> localStore() const = 0;
 
     /// Returns whether the host can use a folder only after the user has granted access to it.

@@ -3,8 +3,8 @@
 #include <QtCore/QStringList>
 
 /// The names in a sync store: a folder with an extension of its own that holds one folder of
-/// database records and one of transaction records. In Host, because the preference pane makes and
-/// selects such folders and the engine reads and writes them. See Engine/Notes/StoreFormat.md.
+/// database records and one of transaction records. The pane makes and selects such folders, so a
+/// host must recognize them. What they contain is the host's affair.
 namespace SyncStoreLayout {
 
 /// The extension of the folder, without the dot.

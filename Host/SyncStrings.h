@@ -2,7 +2,8 @@
 
 #include "Platform/Foundation/Localization.h"
 
-/// The table of the sync plug-in's texts, which the pane and the engine share.
+/// The table of the texts of the pane and its hosts, of which a host returns some: see
+/// QVSyncLocationFormatter::locationType().
 inline constexpr char SyncTable[] = "Sync";
 
 /// Returns `key`, an English text in UTF-8, in the user's language as the sync plug-in's own table

@@ -14,9 +14,9 @@
 #include "Controller/Preferences/QVSyncScheduleEditor.h"
 #include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
 #include "Controller/Preferences/QVSynchronizationSelection.h"
-#include "Host/QVLocationEditing.h"
 #include "Host/QVSyncPlugin.h"
 #include "Platform/Interface/PreferencePane.h"
+#include "Platform/Interface/QVLocationEditing.h"
 #include "View/QVListView.h"
 #include "View/QVListViewDelegate.h"
 

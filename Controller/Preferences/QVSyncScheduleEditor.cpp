@@ -2,8 +2,8 @@
 
 #include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
 #include "Host/Notifications.h"
-#include "Host/SyncLog.h"
 #include "Platform/Foundation/NotificationCenter.h"
+#include "Platform/Foundation/SyncLog.h"
 
 namespace {
 

@@ -5,7 +5,14 @@
 
 namespace {
 
+constexpr char32_t FirstStrongIsolate = U'\x2068';
+constexpr char32_t PopDirectionalIsolate = U'\x2069';
+
 bool isShownAsItIs(char32_t character) {
+    // Texts in languages from right to left have them around names, whose order they keep.
+    if (character == FirstStrongIsolate || character == PopDirectionalIsolate) {
+        return true;
+    }
     switch (QChar::category(character)) {
         case QChar::Other_Control:
         case QChar::Other_Format:

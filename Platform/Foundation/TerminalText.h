@@ -10,7 +10,8 @@
 namespace TerminalText {
 
 /// Returns `text` on one line: the control and format characters (Unicode categories Cc and Cf) and
-/// line separators in it are replaced by escapes such as "\\u001B".
+/// line separators in it are replaced by escapes such as "\\u001B". The isolates U+2068 and U+2069,
+/// which texts in languages from right to left have around names, are kept.
 PLATFORM_EXPORT QString line(const QString &text);
 /// Does the same, but keeps line feeds. JSON keeps its meaning.
 PLATFORM_EXPORT QString lines(const QString &text);

@@ -8,6 +8,7 @@
 #include <QtWidgets/QLayout>
 
 #include "Platform/Interface/PlainText.h"
+#include "Platform/Interface/RequiredChild.h"
 
 MessageBox::MessageBox(Icon icon, const QString &text, const QString &details, QWidget *parent)
     : QMessageBox(icon, QGuiApplication::applicationDisplayName(), {}, NoButton, parent) {
@@ -21,10 +22,14 @@ MessageBox::MessageBox(Icon icon, const QString &text, const QString &details, Q
     setInformativeText(PlainText::message(details));
 }
 
+QDialogButtonBox &MessageBox::buttonBox() const {
+    return requiredChild<QDialogButtonBox>(*this, QString());
+}
+
 void MessageBox::showEvent(QShowEvent *event) {
     QMessageBox::showEvent(event);
     if (layout()->minimumSize().width() > width()) {
-        findChild<QDialogButtonBox *>()->setOrientation(Qt::Vertical);
+        buttonBox().setOrientation(Qt::Vertical);
         for (QAbstractButton *button : buttons()) {
             button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         }

@@ -4,6 +4,8 @@
 
 #include "Platform/PlatformExport.h"
 
+class QDialogButtonBox;
+
 /// A message box that shows its texts as they are, without looking for markup in them, and puts its
 /// buttons one below the other if they do not fit side by side. Must be used on the main thread.
 class PLATFORM_EXPORT MessageBox : public QMessageBox {
@@ -14,5 +16,7 @@ public:
     MessageBox(Icon icon, const QString &text, const QString &details, QWidget *parent = nullptr);
 
 protected:
+    /// Returns the row of buttons, which QMessageBox owns and has no function for.
+    QDialogButtonBox &buttonBox() const;
     void showEvent(QShowEvent *event) override;
 };

@@ -5,9 +5,10 @@
 #include "Platform/Foundation/Assertion.h"
 
 /// Returns the descendant of `parent`, at any depth, that has the class `Child` (or is derived from
-/// it) and the object name `name`; the first one if there are several. Raises an AssertionFailure
-/// if there is none, which is an error in the form. The child remains owned by its parent; the
-/// reference is valid as long as the child. Must be called on the thread of `parent`.
+/// it) and the object name `name`, or any if that is null; the first one if there are several.
+/// Raises an AssertionFailure if there is none, which is an error in the form. The child remains
+/// owned by its parent; the reference is valid as long as the child. Must be called on the thread
+/// of `parent`.
 template <class Child>
 Child &requiredChild(const QObject &parent, const QString &name) {
     auto *child = parent.findChild<Child *>(name);

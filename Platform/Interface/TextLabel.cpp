@@ -11,7 +11,16 @@
 namespace {
 
 constexpr int HalfLightness = 128;
-constexpr int WrapFlags = Qt::TextWordWrap;
+/// Returns the frame of `text` wrapped at `width`: between words if each fits.
+QRect wrappedFrame(const QFontMetrics &metrics, int width, int flags, const QString &text) {
+    return metrics.boundingRect(0, 0, width, QWIDGETSIZE_MAX, flags, text);
+}
+
+/// Returns the flags with which no part of `text` is cut off at `width`.
+int wrapFlags(const QFontMetrics &metrics, int width, const QString &text) {
+    const bool fits = wrappedFrame(metrics, width, Qt::TextWordWrap, text).width() <= width;
+    return fits ? Qt::TextWordWrap : Qt::TextWrapAnywhere;
+}
 
 }  // namespace
 
@@ -52,9 +61,10 @@ int TextLabel::heightForWidth(int width) const {
         return -1;
     }
     const QFontMetrics metrics = fontMetrics();
-    return metrics.horizontalAdvance(text()) <= width
-               ? metrics.height()
-               : metrics.boundingRect(0, 0, width, QWIDGETSIZE_MAX, WrapFlags, text()).height();
+    if (metrics.horizontalAdvance(text()) <= width) {
+        return metrics.height();
+    }
+    return wrappedFrame(metrics, width, wrapFlags(metrics, width, text()), text()).height();
 }
 
 bool TextLabel::event(QEvent *event) {
@@ -71,7 +81,8 @@ void TextLabel::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);
     painter.setPen(paintedColor());
     if (wordWrap()) {
-        painter.drawText(rect(), static_cast<int>(alignment()) | WrapFlags, text());
+        const int flags = wrapFlags(fontMetrics(), width(), text());
+        painter.drawText(rect(), static_cast<int>(alignment()) | flags, text());
         return;
     }
     painter.drawText(rect(), static_cast<int>(alignment()),

@@ -6,9 +6,9 @@
 #include "Platform/PlatformExport.h"
 
 /// Plain text on one line, elided at its end if it is too long; the tool tip then shows the whole
-/// text, unless one was set. With QLabel's property "wordWrap", the text is wrapped instead, and
-/// the height depends on the width. The label shows markup as plain text. Must be used on the main
-/// thread.
+/// text, unless one was set. With QLabel's property "wordWrap", the text is wrapped instead,
+/// within words only if one is wider than the label, and the height depends on the width. The label
+/// shows markup as plain text. Must be used on the main thread.
 class PLATFORM_EXPORT TextLabel : public QLabel {
     Q_OBJECT
     /// The color of the text; invalid, the default, is the palette's. On the selection color and on

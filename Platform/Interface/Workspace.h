@@ -23,8 +23,9 @@ PLATFORM_EXPORT QIcon iconForFile(const QString &path);
 /// Shows the file in the desktop's file manager, selected in its folder
 /// (https://www.freedesktop.org/wiki/Specifications/file-manager-interface). If no file manager
 /// implements this, opens the folder that contains the file in the user's program for folders.
-/// Asynchronous: returns at once. If no program can be started, `failed`, which may be empty, is
-/// called later with an error for the user. `path` must be absolute.
+/// Asynchronous: returns at once, also if the volume does not respond. If nothing exists at `path`
+/// or no program can be started, `failed`, which may be empty, is called later, on the main thread,
+/// with an error for the user. `path` must be absolute.
 PLATFORM_EXPORT void selectFile(const QString &path, const FailureHandler &failed = {});
 
 }  // namespace Workspace

@@ -27,6 +27,7 @@ public:
     void startBus();
     void stopBus();
     void startDaemon();
+    bool isDaemonRunning() const { return m_daemon.state() == QProcess::Running; }
     /// Stops the daemon, which withdraws its services.
     void stopDaemon();
     /// Kills the daemon, which withdraws nothing.

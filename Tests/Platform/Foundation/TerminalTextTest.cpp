@@ -15,6 +15,12 @@ private Q_SLOTS:
         QCOMPARE(TerminalText::line({}), QString());
     }
 
+    void isolatesOfNamesAreKept() {
+        const QString text = QStringLiteral("«\u2068/home/ida\u2069»");
+        QCOMPARE(TerminalText::line(text), text);
+        QCOMPARE(TerminalText::lines(text), text);
+    }
+
     void controlCharactersAreEscaped() {
         QCOMPARE(TerminalText::line(QStringLiteral("\x1b]0;owned\a\x1b[2J")),
                  QStringLiteral("\\u001B]0;owned\\u0007\\u001B[2J"));

@@ -10,7 +10,15 @@
 class WorkspaceTest : public QObject {
     Q_OBJECT
     SecretService m_session;
+    const QTemporaryDir m_folder;
     QList<QUrl> m_opened;
+
+    /// Makes a folder whose name must be encoded in a URL.
+    QString makeStore() const {
+        const QString path = m_folder.filePath(QStringLiteral("My Store.qvSyncStore"));
+        QDir().mkpath(path);
+        return path;
+    }
 
     Q_INVOKABLE void open(const QUrl &address) { m_opened.append(address); }
 
@@ -18,17 +26,31 @@ private Q_SLOTS:
     void theFileManagerIsAskedToShowAFileSelected() {
         FileManagerService fileManager(m_session.busAddress());
         QSignalSpy shown(&fileManager, &FileManagerService::shown);
-        Workspace::selectFile(QStringLiteral("/home/anna/My Store.qvSyncStore"));
-        QVERIFY(shown.wait());
-        QCOMPARE(fileManager.shownFiles(),
-                 QStringList{QStringLiteral("file:///home/anna/My%20Store.qvSyncStore")});
+        Workspace::selectFile(makeStore());
+        QTRY_COMPARE(shown.size(), 1);
+        QCOMPARE(
+            fileManager.shownFiles(),
+            QStringList{QStringLiteral("file://%1/My%20Store.qvSyncStore").arg(m_folder.path())});
     }
 
     void withoutAFileManagerServiceTheFolderIsOpened() {
         QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
-        Workspace::selectFile(QStringLiteral("/home/anna/My Store.qvSyncStore"));
-        QTRY_COMPARE(m_opened, QList<QUrl>{QUrl(QStringLiteral("file:///home/anna"))});
+        Workspace::selectFile(makeStore());
+        QTRY_COMPARE(m_opened, QList<QUrl>{QUrl::fromLocalFile(m_folder.path())});
         QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+    }
+
+    void whatDoesNotExistIsNamedInsteadOfShown() {
+        FileManagerService fileManager(m_session.busAddress());
+        QStringList failures;
+        const QString path = m_folder.filePath(QStringLiteral("None.qvSyncStore"));
+        Workspace::selectFile(
+            path, [&](const Error &error) { failures.append(error.localizedDescription); });
+        QTRY_COMPARE(failures,
+                     QStringList{QStringLiteral("“%1” does not exist. Check whether it was moved "
+                                                "or renamed, and whether its volume is connected.")
+                                     .arg(path)});
+        QCOMPARE(fileManager.shownFiles(), QStringList());
     }
 
     void filesThatAreNotThereHaveAnIconToo() {

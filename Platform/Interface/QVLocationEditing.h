@@ -2,15 +2,15 @@
 
 #include <memory>
 
-#include "Host/HostExport.h"
+#include "Platform/PlatformExport.h"
 
 class QVSyncLocation;
 
 /// Edits locations on behalf of the application.
 ///
-/// This is an optional addition to a preference pane: a pane that has it is also a
-/// QVLocationEditing. Must be used on the main thread.
-class HOST_EXPORT QVLocationEditing {
+/// This is an optional addition to PreferencePane: a pane that has it is also a QVLocationEditing.
+/// Must be used on the main thread.
+class PLATFORM_EXPORT QVLocationEditing {
 public:
     virtual ~QVLocationEditing();
 

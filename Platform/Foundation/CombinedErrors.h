@@ -2,14 +2,14 @@
 
 #include <QtCore/QList>
 
-#include "Host/HostExport.h"
 #include "Platform/Foundation/Error.h"
+#include "Platform/PlatformExport.h"
 
 /// Presents several failures of synchronizations as one error. Thread-safe.
 namespace CombinedErrors {
 
 /// Returns the only error of `errors`, or one with the descriptions and the details of all, without
 /// next steps. Of more than five errors, the others are only counted. `errors` must not be empty.
-HOST_EXPORT Error of(const QList<Error> &errors);
+PLATFORM_EXPORT Error of(const QList<Error> &errors);
 
 }  // namespace CombinedErrors

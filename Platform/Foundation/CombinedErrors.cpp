@@ -1,9 +1,9 @@
-#include "Host/CombinedErrors.h"
+#include "Platform/Foundation/CombinedErrors.h"
 
 #include <QtCore/QStringList>
 #include <algorithm>
 
-#include "Host/SyncStrings.h"
+#include "Platform/Foundation/Localization.h"
 
 namespace {
 
@@ -23,7 +23,7 @@ Error CombinedErrors::of(const QList<Error> &errors) {
         details.append(error.details);
     }
     if (const qsizetype more = errors.size() - MostDescribed; more > 0) {
-        descriptions.append(localizedSyncString("Further failures: %1").arg(more));
+        descriptions.append(localizedString(PlatformTable, "Further failures: %1").arg(more));
     }
     details.removeAll(QString());
     return {.domain = QStringLiteral("SyncPreferences"),

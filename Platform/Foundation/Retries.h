@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QThread>
+#include <chrono>
+
+/// Paces attempts at what another process prevents for a moment, for example because it holds the
+/// lock of a file: the kernel does not announce that a lock was released.
+class Retries {
+public:
+    /// The time between two attempts.
+    static constexpr std::chrono::milliseconds Interval{20};
+
+    /// The timeout begins now.
+    explicit Retries(std::chrono::milliseconds timeout) : m_deadline(timeout) {}
+
+    /// Blocks for Interval and returns true. Returns false at once if the timeout has expired.
+    bool wait() const {
+        if (m_deadline.hasExpired()) {
+            return false;
+        }
+        QThread::msleep(Interval.count());
+        return true;
+    }
+
+private:
+    const QDeadlineTimer m_deadline;
+};

@@ -1,0 +1,3 @@
+#include "Platform/Interface/QVLocationEditing.h"
+
+QVLocationEditing::~QVLocationEditing() = default;
