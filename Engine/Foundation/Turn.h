@@ -5,14 +5,14 @@
 
 #include "Engine/Foundation/EngineFuture.h"
 
-/// Lets one thread of an engine at a time do something whose result the waiting threads can use,
-/// too, such as refreshing tokens. Thread-safe.
+/// Lets one thread at a time do something: what takes much memory, or what has a result that the
+/// waiting threads can use, too, such as refreshing tokens. Thread-safe.
 class Turn {
 public:
-    /// Blocks until no other thread has the turn, without a limit of its own: requests of the
-    /// thread that has it have timeouts. Returns false if `future` was cancelled before; otherwise
-    /// the caller has the turn and must call release(). Not recursive. The order of waiting threads
-    /// is undefined.
+    /// Blocks until no other thread has the turn, without a limit of its own: what the thread that
+    /// has it does must end, as requests do by their timeouts. Returns false if `future` was
+    /// cancelled before; otherwise the caller has the turn and must call release(). Not recursive.
+    /// The order of waiting threads is undefined.
     bool take(const EngineFuture &future);
     /// Gives the turn to a waiting thread. Must be called once after each take() that returned
     /// true, on any thread.
