@@ -28,6 +28,18 @@ Expected<QList<Note>> EngineDatabase::notes() const {
     return m_log.notes();
 }
 
+Expected<QList<NoteRow>> EngineDatabase::rows(qint64 from, int count) const {
+    return m_log.noteRows(from, count);
+}
+
+Expected<QList<NoteRow>> EngineDatabase::rowsAt(qint64 position) const {
+    return m_log.noteRowsAt(position);
+}
+
+Expected<Note> EngineDatabase::completeNote(const Note &note) const {
+    return m_log.completeNote(note);
+}
+
 Expected<qint64> EngineDatabase::countOfConflicts() const {
     return m_log.countOfConflicts();
 }
@@ -38,12 +50,12 @@ Expected<void> EngineDatabase::saveNote(Note &note) {
         return written;
     }
     note = saved;
-    Q_EMIT notesChanged();
+    announceNotes();
     return {};
 }
 
 Expected<void> EngineDatabase::removeNote(const Note &note) {
-    return write([&] { return m_log.remove(note); }).map([this] { Q_EMIT notesChanged(); });
+    return write([&] { return m_log.remove(note); }).map([this] { announceNotes(); });
 }
 
 Expected<void> EngineDatabase::resolveConflict(Note &kept, const Note &removed) {
@@ -53,7 +65,7 @@ Expected<void> EngineDatabase::resolveConflict(Note &kept, const Note &removed) 
         return written;
     }
     kept = resolved;
-    Q_EMIT notesChanged();
+    announceNotes();
     return {};
 }
 
@@ -122,6 +134,22 @@ void EngineDatabase::addDamaged(const QList<NoteLog::Damage> &operations) {
     }
 }
 
+Expected<bool> EngineDatabase::removeDamagedCopy(const Operation &damaged) {
+    Expected<bool> isRemoved = false;
+    const Expected<void> written = write([&] {
+        isRemoved = m_log.removeDamagedCopy(damaged);
+        return isRemoved.map([](bool) {});
+    });
+    if (!written) {
+        return failure(written.error());
+    }
+    if (*isRemoved) {
+        m_damaged.remove(damaged.id);
+        announceNotes();
+    }
+    return isRemoved;
+}
+
 bool EngineDatabase::isComparisonDue(const QString &store) const {
     return m_comparisons.value(store).hasExpired();
 }
@@ -142,7 +170,7 @@ void EngineDatabase::announceNotes() {
     m_isAnnouncementDue = false;
     QElapsedTimer elapsed;
     elapsed.start();
-    Q_EMIT notesChanged();
+    Q_EMIT notesChanged(m_log.takeChangedPositions());
     if (elapsed.hasExpired(ShortAnnouncement)) {
         m_pause.start(std::chrono::milliseconds(PauseFactor * elapsed.elapsed()));
     }

@@ -51,6 +51,9 @@ public:
     /// `notesChanged` once before they return successfully, and remove versions that exceed the
     /// limits of the history in the same transaction.
     Expected<QList<Note>> notes() const override;
+    Expected<QList<NoteRow>> rows(qint64 from, int count) const override;
+    Expected<QList<NoteRow>> rowsAt(qint64 position) const override;
+    Expected<Note> completeNote(const Note &note) const override;
     Expected<qint64> countOfConflicts() const override;
     Expected<void> saveNote(Note &note) override;
     Expected<void> removeNote(const Note &note) override;
@@ -67,6 +70,9 @@ public:
     void addDamaged(const QList<NoteLog::Damage> &operations);
     /// Returns the operations that were added and not merged since. They may have been superseded.
     const QSet<OperationId> &damaged() const { return m_damaged; }
+
+    /// See NoteLog::removeDamagedCopy. Emits `notesChanged` if it is removed.
+    Expected<bool> removeDamagedCopy(const Operation &damaged);
 
     /// Returns whether the next synchronization with the store `store` must compare everything,
     /// instead of trusting what the profile has recorded as unwritten. That is so if none has since
@@ -101,6 +107,7 @@ private:
 
     /// Emits `notesChanged` now or, after another one that took long, later.
     void announceMerge();
+    /// Emits `notesChanged` with all positions that have changed since it was emitted last.
     void announceNotes();
 
     const ProfileDatabase &m_profile;

@@ -4,7 +4,7 @@ namespace {
 
 /// Approximate sizes in bytes of what a document consists of, including the room that growing lists
 /// leave.
-constexpr qint64 Container = 320;
+constexpr qint64 Container = 480;
 constexpr qint64 Value = 24;
 constexpr qint64 String = 8;
 

@@ -105,7 +105,20 @@ Expected<QHash<QString, qint64>> KnownTransactions::sizes() const {
 
 Expected<void> KnownTransactions::add(const QString &name, const Transaction &transaction,
                                       qint64 size) const {
-    return insert(name, transaction, size);
+    const Contents contents = Contents::of(transaction, size);
+    // Also the parts of a merge that was interrupted.
+    const Expected<QVariant> hasOther = m_profile.value(
+        QStringLiteral("SELECT 1 FROM known_transactions WHERE place = ? AND database = ? AND %1"
+                       " AND (name, operations, superseded) IS NOT (?, ?, ?) LIMIT 1")
+            .arg(ofRecord()),
+        {m_store, m_database, name, name, name, Operation::packed(contents.operations),
+         Operation::packed(contents.superseded)});
+    if (!hasOther) {
+        return failure(hasOther.error());
+    }
+    return (hasOther->isValid() ? remove({name}) : Expected<void>()).and_then([&] {
+        return insert(name, contents);
+    });
 }
 
 Expected<void> KnownTransactions::addPart(const QString &name, int number,
@@ -113,30 +126,21 @@ Expected<void> KnownTransactions::addPart(const QString &name, int number,
     // What was merged of the record before may have been divided in another way.
     const Expected<void> prepared = number == 0 ? remove({name}) : Expected<void>();
     return prepared.and_then(
-        [&] { return insert(name + PartMark + QString::number(number), part, 0); });
+        [&] { return insert(name + PartMark + QString::number(number), Contents::of(part, 0)); });
 }
 
-Expected<void> KnownTransactions::insert(const QString &row, const Transaction &part,
-                                         qint64 size) const {
-    const Contents contents = Contents::of(part, size);
-    const QByteArray operations = Operation::packed(contents.operations);
-    const QByteArray superseded = Operation::packed(contents.superseded);
-    const Expected<QVariant> hasOther =
-        m_profile.value(QStringLiteral("SELECT 1 FROM known_transactions WHERE place = ?"
-                                       " AND database = ? AND name = ?"
-                                       " AND (operations, superseded) IS NOT (?, ?)"),
-                        {m_store, m_database, row, operations, superseded});
-    if (!hasOther) {
-        return failure(hasOther.error());
-    }
-    return (hasOther->isValid() ? setIncomplete() : Expected<void>())
-        .and_then([&] {
-            return m_profile.run(
-                QStringLiteral("INSERT OR REPLACE INTO known_transactions"
-                               " (place, database, name, operations, superseded, size)"
-                               " VALUES (?, ?, ?, ?, ?, ?)"),
-                {m_store, m_database, row, operations, superseded, size});
-        })
+Expected<void> KnownTransactions::addLastPart(const QString &name, const Transaction &part,
+                                              qint64 size) const {
+    return insert(name, Contents::of(part, size));
+}
+
+Expected<void> KnownTransactions::insert(const QString &row, const Contents &contents) const {
+    return m_profile
+        .run(QStringLiteral("INSERT OR REPLACE INTO known_transactions"
+                            " (place, database, name, operations, superseded, size)"
+                            " VALUES (?, ?, ?, ?, ?, ?)"),
+             {m_store, m_database, row, Operation::packed(contents.operations),
+              Operation::packed(contents.superseded), contents.size})
         .and_then([&] { return setWritten(contents); });
 }
 

@@ -44,9 +44,11 @@ public:
     /// lack from now on.
     Expected<void> add(const QString &name, const Transaction &transaction, qint64 size) const;
     /// Adds a part of the record `name`, so that a large record can be added in several steps. The
-    /// parts have the numbers from 0 on; the last one is added by add(), which makes the record
-    /// known.
+    /// parts have the numbers from 0 on. The first one removes the record and the parts that were
+    /// added before.
     Expected<void> addPart(const QString &name, int number, const Transaction &part) const;
+    /// Adds the last of several parts of the record `name` of `size` bytes, which is known then.
+    Expected<void> addLastPart(const QString &name, const Transaction &part, qint64 size) const;
     /// Removes the records `names`, whose contents the store may lack from now on. Names that are
     /// not known are ignored.
     Expected<void> remove(const QStringList &names) const;
@@ -104,7 +106,7 @@ private:
     /// Reads rows with the columns name, operations, superseded and size.
     Expected<QHash<QString, Contents>> read(const QString &condition,
                                             const QVariantList &values) const;
-    Expected<void> insert(const QString &row, const Transaction &part, qint64 size) const;
+    Expected<void> insert(const QString &row, const Contents &contents) const;
     /// Removes `contents` from what is recorded as unwritten.
     Expected<void> setWritten(const Contents &contents) const;
     /// Reads identifiers, and returns nothing if one of them has a NULL beside it.

@@ -3,6 +3,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QUuid>
 #include <algorithm>
+#include <limits>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -10,6 +11,9 @@
 #include "Platform/Foundation/ExactText.h"
 
 namespace {
+
+/// Of titles in the list, in characters.
+constexpr int LongestTitle = 200;
 
 /// Not localized: all computers must show the same title.
 const QString ConflictMark = QStringLiteral(" (conflict)");
@@ -135,15 +139,104 @@ Expected<QList<Note>> NoteLog::notes() const {
     }
     QList<Note> notes;
     notes.reserve(all->size());
-    for (const auto &[UUID, operation, conflict] : *all) {
-        const bool isCopy = UUID != operation.note;
-        const auto modified = operation.modified;
-        notes.append({UUID, isCopy ? operation.title + ConflictMark : operation.title,
-                      operation.text,
-                      modified ? QDateTime::fromMSecsSinceEpoch(*modified) : QDateTime(),
-                      revisionOf(operation), conflict});
+    for (const Row &row : *all) {
+        notes.append(noteOf(row));
     }
     return notes;
+}
+
+Note NoteLog::noteOf(const Row &row) {
+    const Operation &operation = row.operation;
+    const bool isCopy = row.UUID != operation.note;
+    const auto modified = operation.modified;
+    return {row.UUID,
+            isCopy ? operation.title + ConflictMark : operation.title,
+            operation.text,
+            modified ? QDateTime::fromMSecsSinceEpoch(*modified) : QDateTime(),
+            revisionOf(operation),
+            row.conflict};
+}
+
+Expected<QList<NoteRow>> NoteLog::noteRows(qint64 from, int count) const {
+    // Ends with the position that the row in question has.
+    const QString last = QStringLiteral(
+        "coalesce((SELECT position FROM operations WHERE database = ? AND position >= ?"
+        " AND note_uuid <> '' ORDER BY position LIMIT 1 OFFSET ?), %1)");
+    return places(QStringLiteral("position >= ? AND position <= ") +
+                      last.arg(std::numeric_limits<qint64>::max()),
+                  {from, m_database, from, count - 1})
+        .and_then([this](const auto &found) { return noteRows(found); });
+}
+
+Expected<QList<NoteRow>> NoteLog::noteRowsAt(qint64 position) const {
+    return places(QStringLiteral("position = ?"), {position}).and_then([this](const auto &found) {
+        return noteRows(found);
+    });
+}
+
+Expected<QList<std::pair<Operation, qint64>>> NoteLog::places(const QString &condition,
+                                                              const QVariantList &values) const {
+    QList<std::pair<Operation, qint64>> places;
+    const Expected<void> done = m_profile.read(
+        QStringLiteral("SELECT digest, note_uuid, CAST(substr(title, 1, %1) AS BLOB), modified,"
+                       " position FROM operations WHERE database = ? AND %2 AND note_uuid <> ''"
+                       " ORDER BY position, id")
+            .arg(QString::number(LongestTitle), condition),
+        QVariantList{m_database} + values, [&](const QSqlQuery &row) {
+            Operation operation;
+            operation.id = row.value(0).toByteArray();
+            operation.note = row.value(1).toString();
+            operation.title = ProfileDatabase::exactText(row.value(2));
+            const QVariant modified = row.value(3);
+            operation.modified =
+                modified.isNull() ? std::nullopt : std::optional(modified.toLongLong());
+            places.append({operation, row.value(4).toLongLong()});
+        });
+    if (!done) {
+        return failure(done.error());
+    }
+    return places;
+}
+
+Expected<QList<NoteRow>> NoteLog::noteRows(
+    const QList<std::pair<Operation, qint64>> &places) const {
+    QList<NoteRow> found;
+    found.reserve(places.size());
+    for (auto first = places.begin(); first != places.end();) {
+        const qint64 position = first->second;
+        QList<Operation> operations;
+        for (; first != places.end() && first->second == position; ++first) {
+            operations.append(first->first);
+        }
+        const Expected<QList<Row>> rows = rowsOf(operations);
+        if (!rows) {
+            return failure(rows.error());
+        }
+        for (const Row &row : *rows) {
+            found.append({noteOf(row), position});
+        }
+    }
+    return found;
+}
+
+Expected<Note> NoteLog::completeNote(const Note &note) const {
+    return operation(QByteArray::fromHex(note.revision.toLatin1()))
+        .and_then([&](const std::optional<Operation> &found) -> Expected<Note> {
+            if (!found) {
+                return failure(engineError(EngineErrorCode::InvalidDatabase,
+                                           "The note “%1” has changed meanwhile. Select it again.",
+                                           note.title.left(80)));
+            }
+            return noteOf({note.UUID, *found, note.conflict});
+        });
+}
+
+Expected<bool> NoteLog::hasNote(const QString &UUID) const {
+    return m_profile
+        .value(QStringLiteral("SELECT 1 FROM operations WHERE database = ? AND note_uuid = ?"
+                              " LIMIT 1"),
+               {m_database, UUID})
+        .map([](const QVariant &found) { return found.isValid(); });
 }
 
 Expected<void> NoteLog::save(Note &note) const {
@@ -343,6 +436,18 @@ Expected<qint64> NoteLog::countOfNotes() const {
         .map([](const QVariant &count) { return count.toLongLong(); });
 }
 
+Expected<QSet<QString>> NoteLog::noteUUIDs() const {
+    QSet<QString> UUIDs;
+    const Expected<void> done = m_profile.read(
+        QStringLiteral("SELECT DISTINCT note_uuid FROM operations"
+                       " WHERE database = ? AND note_uuid <> ''"),
+        {m_database}, [&](const QSqlQuery &row) { UUIDs.insert(row.value(0).toString()); });
+    if (!done) {
+        return failure(done.error());
+    }
+    return UUIDs;
+}
+
 Expected<bool> NoteLog::hasMoreNotesThan(qint64 count) const {
     return m_profile
         .value(QStringLiteral("SELECT count(*) FROM (SELECT DISTINCT note_uuid FROM operations"
@@ -449,6 +554,22 @@ Expected<bool> NoteLog::isDamaged(const OperationId &identifier) const {
     });
 }
 
+Expected<bool> NoteLog::removeDamagedCopy(const Operation &damaged) const {
+    const OperationId identifier = damaged.computedId();
+    if (identifier == damaged.id) {
+        return false;
+    }
+    const Expected<std::optional<Operation>> current = operation(identifier);
+    const Expected<bool> isSuperseded = this->isSuperseded(identifier);
+    if (!current || !isSuperseded) {
+        return failure(current ? isSuperseded.error() : current.error());
+    }
+    if (!*current && !*isSuperseded) {
+        return false;
+    }
+    return erase({damaged.id}).map([] { return true; });
+}
+
 Expected<std::optional<Operation>> NoteLog::operation(const OperationId &identifier) const {
     return select(QStringLiteral("digest = ?"), {blob(identifier)})
         .map([](const QList<Operation> &found) {
@@ -457,38 +578,53 @@ Expected<std::optional<Operation>> NoteLog::operation(const OperationId &identif
 }
 
 Expected<QList<NoteLog::Row>> NoteLog::rows() const {
-    const Expected<QList<Operation>> all = select(QStringLiteral("note_uuid <> ''"), {});
-    if (!all) {
-        return failure(all.error());
-    }
-    QHash<QString, QList<Operation>> operationsByNote;
+    return select(QStringLiteral("note_uuid <> ''"), {})
+        .and_then([this](const QList<Operation> &all) { return rowsOf(all); });
+}
+
+Expected<QList<NoteLog::Row>> NoteLog::rowsOf(const QList<Operation> &operations) const {
+    QHash<QString, QList<Operation>> editsByNote;
     QStringList notes;
-    for (const Operation &operation : *all) {
-        QList<Operation> &operations = operationsByNote[operation.note];
-        if (operations.isEmpty()) {
+    for (const Operation &operation : operations) {
+        QList<Operation> &edits = editsByNote[operation.note];
+        if (edits.isEmpty()) {
             notes.append(operation.note);
         }
-        operations.append(operation);
+        edits.append(operation);
     }
     QList<Row> rows;
-    rows.reserve(all->size());
-    QSet<QString> taken(notes.begin(), notes.end());
+    rows.reserve(operations.size());
+    QSet<QString> copies;
     for (const QString &note : std::as_const(notes)) {
-        QList<Operation> &operations = operationsByNote[note];
-        std::sort(operations.begin(), operations.end(), comesBefore);
-        const QString conflict = operations.size() > 1 ? note : QString();
-        rows.append({note, operations.first(), conflict});
-        for (const Operation &copy : operations.mid(1)) {
-            QString UUID = copy.UUIDOfCopy();
-            // A note has this UUID already only if somebody created it on purpose.
-            while (taken.contains(UUID)) {
-                UUID = QUuid::createUuidV5(QUuid(UUID), UUID).toString(QUuid::WithoutBraces);
+        QList<Operation> &edits = editsByNote[note];
+        std::sort(edits.begin(), edits.end(), comesBefore);
+        const QString conflict = edits.size() > 1 ? note : QString();
+        rows.append({note, edits.first(), conflict});
+        for (const Operation &copy : edits.mid(1)) {
+            const Expected<QString> UUID = freeUUIDOfCopy(copy, copies);
+            if (!UUID) {
+                return failure(UUID.error());
             }
-            taken.insert(UUID);
-            rows.append({UUID, copy, conflict});
+            copies.insert(*UUID);
+            rows.append({*UUID, copy, conflict});
         }
     }
     return rows;
+}
+
+Expected<QString> NoteLog::freeUUIDOfCopy(const Operation &copy, const QSet<QString> &taken) const {
+    QString UUID = copy.UUIDOfCopy();
+    for (;;) {
+        // A note has this UUID already only if somebody created it on purpose.
+        const Expected<bool> isNote = hasNote(UUID);
+        if (!isNote) {
+            return failure(isNote.error());
+        }
+        if (!*isNote && !taken.contains(UUID)) {
+            return UUID;
+        }
+        UUID = QUuid::createUuidV5(QUuid(UUID), UUID).toString(QUuid::WithoutBraces);
+    }
 }
 
 Expected<std::optional<Operation>> NoteLog::first(const QString &note) const {
@@ -620,24 +756,27 @@ Expected<QSqlQuery> NoteLog::prepareInsertion() const {
         " title = excluded.title, text = excluded.text, modified = excluded.modified,"
         " supersedes = excluded.supersedes, salt = excluded.salt"
         " WHERE (note_uuid, title, text, modified, supersedes, salt) IS NOT (excluded.note_uuid,"
-        " excluded.title, excluded.text, excluded.modified, excluded.supersedes, excluded.salt)"));
+        " excluded.title, excluded.text, excluded.modified, excluded.supersedes, excluded.salt)"
+        " RETURNING position"));
 }
 
 Expected<void> NoteLog::insert(QSqlQuery &insertion, const Operation &operation,
                                const OperationId &seen) const {
     const auto modified = operation.modified;
-    return m_profile.run(
+    return m_profile.read(
         insertion,
         {m_database, blob(operation.id), ProfileDatabase::text(operation.note),
          ProfileDatabase::exactText(operation.title), ProfileDatabase::exactText(operation.text),
          modified ? QVariant(*modified) : QVariant(), Operation::packed(operation.supersedes),
-         operation.salt, blob(seen)});
+         operation.salt, blob(seen)},
+        [this](const QSqlQuery &row) { m_changedPositions.insert(row.value(0).toLongLong()); });
 }
 
 Expected<void> NoteLog::erase(const QList<OperationId> &identifiers, Keeping keeping,
                               const QString &place) const {
-    Expected<QSqlQuery> deletion = m_profile.prepare(
-        QStringLiteral("DELETE FROM operations WHERE database = ? AND digest = ?"));
+    Expected<QSqlQuery> deletion =
+        m_profile.prepare(QStringLiteral("DELETE FROM operations WHERE database = ? AND digest = ?"
+                                         " RETURNING position"));
     if (!deletion) {
         return failure(deletion.error());
     }
@@ -650,7 +789,10 @@ Expected<void> NoteLog::erase(const QList<OperationId> &identifiers, Keeping kee
                                         ? m_history.add(*addition, identifier, place)
                                         : Expected<void>();
         if (Expected<void> erased = kept.and_then([&] {
-                return m_profile.run(*deletion, {m_database, identifier});
+                return m_profile.read(*deletion, {m_database, identifier},
+                                      [this](const QSqlQuery &row) {
+                                          m_changedPositions.insert(row.value(0).toLongLong());
+                                      });
             });
             !erased) {
             return erased;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QSet>
+#include <utility>
 
 #include "Application/Interface/NoteDatabase.h"
 #include "Engine/Notes/NoteHistory.h"
@@ -38,6 +39,13 @@ public:
     /// Returns the notes in the order in which they were added. A note with conflicting edits is
     /// followed by one copy for each of the other edits.
     Expected<QList<Note>> notes() const;
+    /// See NoteDatabase::rows, rowsAt and completeNote. The error of an edit that is not there has
+    /// the code InvalidDatabase.
+    Expected<QList<NoteRow>> noteRows(qint64 from, int count) const;
+    Expected<QList<NoteRow>> noteRowsAt(qint64 position) const;
+    Expected<Note> completeNote(const Note &note) const;
+    /// Returns the positions of the rows that this object may have changed since the last call.
+    QSet<qint64> takeChangedPositions() const { return std::exchange(m_changedPositions, {}); }
     /// See NoteDatabase::saveNote. Also returns an error of the code InvalidDatabase if the UUID is
     /// not valid or the note is longer than Operation::NoteLimit.
     Expected<void> save(Note &note) const;
@@ -83,6 +91,10 @@ public:
     Expected<QList<Damage>> damagedOperations() const;
     /// Returns whether this operation is current and its contents are damaged.
     Expected<bool> isDamaged(const OperationId &identifier) const;
+    /// Removes the operation `damaged`, which must be current, if only its identifier is damaged:
+    /// the operation with its contents is current as well, or superseded. Returns whether it is
+    /// removed.
+    Expected<bool> removeDamagedCopy(const Operation &damaged) const;
     /// Removes from the beginning of `identifiers` as many as fill one transaction, and returns
     /// those of these operations that are still current. If it returns an error, `identifiers` is
     /// unchanged.
@@ -92,6 +104,8 @@ public:
     Expected<bool> isEmpty() const;
     /// Returns the number of notes; conflicting edits of a note count as one. Counts them: O(n).
     Expected<qint64> countOfNotes() const;
+    /// Returns the UUIDs of the notes, without those of the copies that notes() returns. O(n).
+    Expected<QSet<QString>> noteUUIDs() const;
     /// Returns whether there are more notes than `count`. O(count).
     Expected<bool> hasMoreNotesThan(qint64 count) const;
     /// Returns the number of notes with conflicting edits, as the profile has recorded it. O(1).
@@ -116,7 +130,18 @@ private:
         QString conflict;
     };
 
+    /// Returns the rows of `operations`, which must be all of some positions, in their order.
+    Expected<QList<Row>> rowsOf(const QList<Operation> &operations) const;
     Expected<QList<Row>> rows() const;
+    /// Returns the operations of notes that satisfy `condition`, without their texts, and their
+    /// positions, in the order of the list.
+    Expected<QList<std::pair<Operation, qint64>>> places(const QString &condition,
+                                                         const QVariantList &values) const;
+    Expected<QList<NoteRow>> noteRows(const QList<std::pair<Operation, qint64>> &places) const;
+    static Note noteOf(const Row &row);
+    Expected<bool> hasNote(const QString &UUID) const;
+    /// Returns the UUID as which `copy` shows, which neither a note has nor is `taken`.
+    Expected<QString> freeUUIDOfCopy(const Operation &copy, const QSet<QString> &taken) const;
     Expected<QList<OperationId>> identifiers(const QString &condition,
                                              const QVariantList &values) const;
     Expected<QList<Operation>> select(const QString &condition, const QVariantList &values) const;
@@ -160,4 +185,5 @@ private:
     const qint64 m_database;
     const qint64 m_lastAtOpening;
     const NoteHistory m_history;
+    mutable QSet<qint64> m_changedPositions;
 };

@@ -1,8 +1,8 @@
 #include "Engine/Notes/TransactionName.h"
 
-#include <QtCore/QCryptographicHash>
 #include <QtCore/QUuid>
 
+#include "Engine/Foundation/Sha256.h"
 #include "Engine/Notes/Operation.h"
 #include "Host/SyncStoreLayout.h"
 
@@ -15,10 +15,6 @@ constexpr qsizetype PositionOfVersion = 14;
 
 const QString DamagedMark = QStringLiteral(".damaged-");
 
-QByteArray digestOf(const QByteArray &record) {
-    return QCryptographicHash::hash(record, QCryptographicHash::Sha256);
-}
-
 QString stem(const QString &name) {
     return name.chopped(SyncStoreLayout::RecordEnding.size());
 }
@@ -26,7 +22,7 @@ QString stem(const QString &name) {
 }  // namespace
 
 QString TransactionName::of(const QByteArray &record) {
-    QByteArray bytes = digestOf(record).first(UUIDSize);
+    QByteArray bytes = sha256(record).first(UUIDSize);
     // The bits that RFC 9562 reserves for version and variant.
     bytes[6] = static_cast<char>((bytes[6] & 0x0f) | 0x80);
     bytes[8] = static_cast<char>((bytes[8] & 0x3f) | 0x80);
@@ -47,7 +43,7 @@ bool TransactionName::hasDigest(const QString &name) {
 
 QString TransactionName::ofDamaged(const QString &name, const QByteArray &record, int attempt) {
     constexpr qsizetype bytes = 8;
-    const QByteArray digest = digestOf(record + QByteArray(attempt, '\0'));
+    const QByteArray digest = sha256(record + QByteArray(attempt, '\0'));
     return stem(name) + DamagedMark + QString::fromLatin1(digest.first(bytes).toHex());
 }
 

@@ -118,11 +118,10 @@ EngineLocationKind directConnection(const Operations &operations,
 
 }  // namespace
 
-EngineLocationKinds builtInLocationKinds(const EngineContext &context) {
+QList<EngineLocationKind> builtInLocationKinds(const EngineContext &context) {
     const Operations &operations = context.storeOperations;
-    return EngineLocationKinds(operations,
-                               {folder(operations, context.folderGrants),
-                                webDAV(operations, context.certificateTrust, context.httpSessions),
-                                dropbox(operations, context.dropboxRefreshTurn),
-                                directConnection(operations, context.pairings)});
+    return {folder(operations, context.folderGrants),
+            webDAV(operations, context.certificateTrust, context.httpSessions),
+            dropbox(operations, context.dropboxRefreshTurn),
+            directConnection(operations, context.pairings)};
 }

@@ -8,4 +8,4 @@ class EngineContext;
 /// add an entry here, a store class, and an editor with its menu entry in the preference pane. The
 /// table shares ownership of the parts of `context` that its stores need. Must be called on the
 /// main thread.
-EngineLocationKinds builtInLocationKinds(const EngineContext &context);
+QList<EngineLocationKind> builtInLocationKinds(const EngineContext &context);

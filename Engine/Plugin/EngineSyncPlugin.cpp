@@ -11,7 +11,7 @@
 #include "Engine/Stores/Folder/MountedVolumes.h"
 #include "Engine/Stores/Http/HttpSessions.h"
 #include "Host/QVApplication.h"
-#include "Host/SyncLog.h"
+#include "Platform/Foundation/SyncLog.h"
 
 namespace {
 
@@ -27,7 +27,8 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLib
     : m_profile(profile),
       m_library(library),
       m_context(profile),
-      m_kinds(std::make_shared<EngineLocationKinds>(builtInLocationKinds(m_context))),
+      m_kinds(std::make_shared<EngineLocationKinds>(m_context.storeOperations,
+                                                    builtInLocationKinds(m_context))),
       m_locationsController(std::make_unique<EngineLocationsController>(profile, m_kinds)),
       m_dispatcher(std::make_unique<EngineDispatcher>(profile, library, *m_locationsController)),
       m_removedLocations(

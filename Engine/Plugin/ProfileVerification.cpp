@@ -13,6 +13,7 @@
 #include "Engine/Plugin/EngineSyncPlugin.h"
 #include "Engine/Plugin/ServedStoreSynchronizer.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Engine/Synchronization/VerificationSession.h"
 #include "Host/SyncStoreLayout.h"
@@ -94,35 +95,13 @@ VerificationReport::Part ProfileVerification::verifyProfile() const {
 
 Expected<QStringList> ProfileVerification::profileProblems() const {
     QStringList problems;
-    const auto check = [&](const char *pragma) {
-        return m_profile.read(QLatin1StringView(pragma), {}, [&](const QSqlQuery &row) {
-            if (const QString text = row.value(0).toString(); text != QStringLiteral("ok")) {
-                problems.append(
-                    localizedSyncString("The database of the profile is damaged (%1). Restore it "
-                                        "from a backup.")
-                        .arg(text));
-            }
-        });
-    };
-    Expected<void> done =
-        check("PRAGMA integrity_check").and_then([&] { return check("PRAGMA foreign_key_check"); });
+    Expected<void> done = addIntegrityProblems(problems);
     const auto databases = m_library.knownDatabases();
     for (const auto &database : databases) {
         auto &checked = static_cast<EngineDatabase &>(*database);
-        done = done.and_then([&] { return checked.log().damagedOperations(); })
-                   .map([&](const QList<NoteLog::Damage> &damaged) {
-                       checked.addDamaged(damaged);
-                       if (!damaged.isEmpty()) {
-                           problems.append(
-                               localizedSyncString(
-                                   "Damaged notes in the database “%1”: %2. “velmora verify "
-                                   "--repair” reads them again from the locations. If no location "
-                                   "has them, check their texts and edit them.")
-                                   .arg(database->name(),
-                                        NoteInspection::titles(damaged, database->name())));
-                       }
-                   })
-                   .and_then([&] { return addDerivedProblems(checked, problems); });
+        done = done.and_then([&] { return addDamagedNotes(checked, problems); }).and_then([&] {
+            return addDerivedProblems(checked, problems);
+        });
     }
     if (!done && problems.isEmpty()) {
         return failure(done.error());
@@ -131,6 +110,43 @@ Expected<QStringList> ProfileVerification::profileProblems() const {
         problems.append(done.error().localizedDescription);
     }
     return problems;
+}
+
+Expected<void> ProfileVerification::addIntegrityProblems(QStringList &problems) const {
+    bool isUnreadable = false;
+    const auto check = [&](const char *pragma) {
+        return m_profile.read(QLatin1StringView(pragma), {}, [&](const QSqlQuery &row) {
+            const QString text = row.value(0).toString();
+            if (ProfileInspection::isInputOutputError(text)) {
+                isUnreadable = true;
+            } else if (text != QStringLiteral("ok")) {
+                problems.append(
+                    localizedSyncString("The database of the profile is damaged (%1). Restore it "
+                                        "from a backup.")
+                        .arg(text));
+            }
+        });
+    };
+    return check("PRAGMA integrity_check")
+        .and_then([&] { return check("PRAGMA foreign_key_check"); })
+        .and_then([&]() -> Expected<void> {
+            return isUnreadable ? failure(ProfileInspection::unreadable(m_profile.path()))
+                                : Expected<void>();
+        });
+}
+
+Expected<void> ProfileVerification::addDamagedNotes(EngineDatabase &database,
+                                                    QStringList &problems) const {
+    return database.log().damagedOperations().map([&](const QList<NoteLog::Damage> &damaged) {
+        database.addDamaged(damaged);
+        if (!damaged.isEmpty()) {
+            problems.append(
+                localizedSyncString("Damaged notes in the database “%1”: %2. “velmora verify "
+                                    "--repair” reads them again from the locations. If no location "
+                                    "has them, check their texts and edit them.")
+                    .arg(database.name(), NoteInspection::titles(damaged, database.name())));
+        }
+    });
 }
 
 Expected<void> ProfileVerification::addDerivedProblems(const EngineDatabase &database,
@@ -251,7 +267,7 @@ void ProfileVerification::verifyStore(const StoreSession::Subject &subject, cons
     Part part{.name = localizedSyncString("“%1” at “%2”").arg(subject.databaseName, title)};
     Expected<void> result;
     if (m_mode == VerificationMode::Repair) {
-        SyncSession repair(m_profile, m_library, subject, SyncSession::Verification::All);
+        SyncSession repair(m_profile, m_library, subject, RecordVerification::Extent::All);
         result = onThread([&] { return store.open(EngineFuture()); }).and_then([&] {
             return runSession(repair, store);
         });

@@ -40,6 +40,10 @@ private:
 
     /// Returns the problems of the profile itself.
     Expected<QStringList> profileProblems() const;
+    /// Adds what SQLite finds. An error of the disk is an error, not damage.
+    Expected<void> addIntegrityProblems(QStringList &problems) const;
+    /// Adds the damaged notes of `database`, and remembers them in it.
+    Expected<void> addDamagedNotes(EngineDatabase &database, QStringList &problems) const;
     /// Adds what is wrong with what the profile has derived about `database`.
     Expected<void> addDerivedProblems(const EngineDatabase &database, QStringList &problems) const;
     /// Derives again what is wrong, and returns what that was.

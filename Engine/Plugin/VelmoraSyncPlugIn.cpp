@@ -4,7 +4,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/WorkerThreads.h"
 #include "Engine/Profile/ProfileRecovery.h"
-#include "Host/SyncLog.h"
+#include "Platform/Foundation/SyncLog.h"
 
 namespace {
 
@@ -110,6 +110,13 @@ Expected<void> VelmoraSyncPlugIn::renameDatabase(const std::shared_ptr<QVDatabas
 
 Expected<void> VelmoraSyncPlugIn::closeDatabase(const std::shared_ptr<QVDatabase> &database) {
     return library()->closeDatabase(std::dynamic_pointer_cast<NoteDatabase>(database));
+}
+
+bool VelmoraSyncPlugIn::fireSchedules(const QDateTime &date) {
+    // What was due before is not meant.
+    m_engine->triggers().checkSchedules(QDateTime::currentDateTime());
+    m_engine->triggers().checkSchedules(date);
+    return true;
 }
 
 std::unique_ptr<QVApplication> VelmoraSyncPlugIn::makeApplication() const {

@@ -46,6 +46,7 @@ public:
     Expected<void> renameDatabase(const std::shared_ptr<QVDatabase> &database,
                                   const QString &name) override;
     Expected<void> closeDatabase(const std::shared_ptr<QVDatabase> &database) override;
+    bool fireSchedules(const QDateTime &date) override;
 
 private:
     std::unique_ptr<QVApplication> makeApplication() const;

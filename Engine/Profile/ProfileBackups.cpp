@@ -79,13 +79,11 @@ Expected<QStringList> filesIn(const QString &folder) {
 
 Expected<Counts> countsIn(const ReadOnlyConnection &database) {
     QStringList tables;
-    QSqlQuery query = database.query();
-    query.exec(QStringLiteral("SELECT name FROM sqlite_schema WHERE type = 'table'"));
-    while (query.next()) {
-        tables.append(query.value(0).toString());
-    }
-    if (query.lastError().isValid()) {
-        return failure(database.queryError(query));
+    const Expected<void> listed =
+        database.read(QStringLiteral("SELECT name FROM sqlite_schema WHERE type = 'table'"),
+                      [&](const QSqlQuery &row) { tables.append(row.value(0).toString()); });
+    if (!listed) {
+        return failure(listed.error());
     }
     Counts counts;
     for (const QString &table : std::as_const(tables)) {
@@ -114,6 +112,19 @@ bool isBetween(const Counts &counts, const Counts &before, const Counts &after) 
     return true;
 }
 
+/// Removes an old backup. Has no effect if it is gone.
+Expected<void> removeFile(const QString &path) {
+    QFile file(path);
+    if (file.remove() || !file.exists()) {
+        return {};
+    }
+    return failure(engineError(
+        EngineErrorCode::BackupFailed,
+        localizedSyncString("The old backup “%1” cannot be removed: %2. Check the permissions of "
+                            "its folder and its disk.")
+            .arg(path, file.errorString())));
+}
+
 Error damagedBackup(const QString &path) {
     return engineError(EngineErrorCode::BackupFailed,
                        "The backup “%1” is damaged. Use another backup.", path);
@@ -125,6 +136,21 @@ Expected<void> checkNotEmpty(const QString &path, const std::atomic_bool *isCanc
             [](const auto &backup) { return backup->value(QStringLiteral("PRAGMA user_version")); })
         .and_then([&](const QVariant &version) {
             return version.toInt() == 0 ? failure(damagedBackup(path)) : Expected<void>();
+        });
+}
+
+/// Returns an error unless the copy at `path` can have been made between the times of the counts.
+Expected<void> checkComplete(const QString &path, const Counts &before, const Counts &after,
+                             const std::atomic_bool *isCancelled) {
+    return ReadOnlyConnection::open(path, ReadOnlyConnection::Sharing::Immutable, isCancelled)
+        .and_then([](const auto &copy) { return countsIn(*copy); })
+        .and_then([&](const Counts &copied) -> Expected<void> {
+            if (isBetween(copied, before, after)) {
+                return {};
+            }
+            return failure(
+                engineError(EngineErrorCode::BackupFailed,
+                            localizedSyncString("The copy is not complete. Check the disk.")));
         });
 }
 
@@ -223,7 +249,7 @@ Expected<void> ProfileBackups::publish(const QString &unfinished, const QString 
 
 Expected<void> ProfileBackups::checkSpace() const {
     const qint64 size =
-        QFileInfo(m_profile).size() + QFileInfo(m_profile + QStringLiteral("-wal")).size();
+        QFileInfo(m_profile).size() + QFileInfo(ProfileFolder::logOf(m_profile)).size();
     if (size > m_limits.bytes) {
         return notMade(m_profile, localizedSyncString(
                                       "Its size is %1, and all backups together may have %2. Quit "
@@ -259,28 +285,18 @@ Expected<void> ProfileBackups::writeCopy(const QString &path,
     if (!before) {
         return notMade(m_profile, before.error().localizedDescription);
     }
-    {
-        QSqlQuery query = (*profile)->query();
-        query.prepare(QStringLiteral("VACUUM INTO ?"));
-        query.addBindValue(path);
-        if (!query.exec()) {
-            return notMade(m_profile, systemReason(query.lastError().databaseText(), m_folder));
-        }
+    if (const auto written = (*profile)->copyTo(path); !written) {
+        return notMade(m_profile, systemReason(written.error().databaseText(), m_folder));
     }
     const Expected<Counts> after = countsIn(**profile);
-    if (Expected<void> verified = verify(path, isCancelled); !verified) {
-        return notMade(m_profile, verified.error().localizedDescription);
+    if (!after) {
+        return notMade(m_profile, after.error().localizedDescription);
     }
-    const Expected<Counts> copied =
-        ReadOnlyConnection::open(path, ReadOnlyConnection::Sharing::Immutable, isCancelled)
-            .and_then([](const auto &copy) { return countsIn(*copy); });
-    if (!after || !copied) {
-        return notMade(m_profile, (after ? copied : after).error().localizedDescription);
-    }
-    if (!isBetween(*copied, *before, *after)) {
-        return notMade(m_profile, localizedSyncString("The copy is not complete. Check the disk."));
-    }
-    return {};
+    return verify(path, isCancelled)
+        .and_then([&] { return checkComplete(path, *before, *after, isCancelled); })
+        .map_error([&](const Error &error) {
+            return notMade(m_profile, error.localizedDescription).value();
+        });
 }
 
 void ProfileBackups::removeUnfinished() const {
@@ -291,16 +307,18 @@ void ProfileBackups::removeUnfinished() const {
 }
 
 Expected<void> ProfileBackups::removeBeyondLimits(const QDate &today) const {
-    return all(today).map([&](const QList<Backup> &backups) {
+    return all(today).and_then([&](const QList<Backup> &backups) {
         qint64 bytes = 0;
         int count = 0;
+        Expected<void> removed;
         for (const Backup &backup : backups) {
             bytes += QFileInfo(backup.path).size();
             ++count;
             if (backup.date != today && (count > m_limits.count || bytes > m_limits.bytes)) {
-                QFile::remove(backup.path);
+                removed = removeFile(backup.path).and_then([&] { return removed; });
             }
         }
+        return removed;
     });
 }
 
@@ -313,7 +331,9 @@ Expected<void> ProfileBackups::keepBeforeDamage(const QDate &today, const QStrin
     const auto previous = std::find_if(backups->begin(), backups->end(),
                                        [&](const Backup &each) { return each.date != today; });
     if (previous != backups->end() && !inspect(previous->path).value_or(QString()).isEmpty()) {
-        QFile::remove(previous->path);
+        if (Expected<void> removed = removeFile(previous->path); !removed) {
+            return removed;
+        }
     }
     return failure(engineError(
         EngineErrorCode::BackupFailed,

@@ -121,6 +121,8 @@ private:
     Expected<void> execute(QSqlQuery &query, const QVariantList &values) const;
     Expected<void> openFolder(const QString &directory, const Changes &fill,
                               const Changes &convertNotes);
+    /// Creates the database in the locked folder unless that contains other files.
+    Expected<void> createFile(const Changes &fill);
     /// Checks the existing database, and rebuilds its indexes if they are damaged.
     Expected<void> checkOrRepair();
     Expected<void> openFile(const Changes &fill, const Changes &convertNotes);

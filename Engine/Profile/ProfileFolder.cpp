@@ -70,7 +70,7 @@ Expected<bool> hasFoldersOnly(const QString &path) {
 }  // namespace
 
 QStringList ProfileFolder::databaseFiles() {
-    return {ProfileDatabaseName, ProfileDatabaseName + QStringLiteral("-wal"),
+    return {ProfileDatabaseName, logOf(ProfileDatabaseName),
             ProfileDatabaseName + QStringLiteral("-shm"),
             ProfileDatabaseName + QStringLiteral("-journal")};
 }

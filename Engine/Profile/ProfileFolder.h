@@ -12,6 +12,11 @@ namespace ProfileFolder {
 /// The name of the folder with the sync store of a new profile.
 inline const QString SyncStoresName = QStringLiteral("Sync Stores");
 
+/// Returns the path of the write-ahead log that SQLite makes for the database at the path
+/// `database`, whether it exists or not.
+inline QString logOf(const QString &database) {
+    return database + QStringLiteral("-wal");
+}
 /// Returns the names of the files that SQLite makes for the database, whether they exist or not.
 QStringList databaseFiles();
 

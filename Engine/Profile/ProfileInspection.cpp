@@ -5,6 +5,8 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QVariant>
+#include <QtSql/QSqlQuery>
+#include <algorithm>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/FullDisk.h"
@@ -16,7 +18,7 @@ namespace {
 /// SQLite must not create a log if there is none. Otherwise it needs the log to see the latest
 /// state; a read-only connection does not change it.
 ReadOnlyConnection::Sharing sharingFor(const QString &path) {
-    return QFileInfo(path + QStringLiteral("-wal")).size() > 0
+    return QFileInfo(ProfileFolder::logOf(path)).size() > 0
                ? ReadOnlyConnection::Sharing::Shared
                : ReadOnlyConnection::Sharing::Immutable;
 }
@@ -24,7 +26,7 @@ ReadOnlyConnection::Sharing sharingFor(const QString &path) {
 /// Returns whether the database is empty, but not its log, which SQLite deletes then when it opens
 /// the database. A first start writes the log after the first page of the database.
 bool hasLogOnly(const QString &path) {
-    return QFileInfo(path).size() == 0 && QFileInfo(path + QStringLiteral("-wal")).size() > 0;
+    return QFileInfo(path).size() == 0 && QFileInfo(ProfileFolder::logOf(path)).size() > 0;
 }
 
 tl::unexpected<Error> unusable(const char *text, const QString &path) {
@@ -47,32 +49,23 @@ tl::unexpected<Error> damagedIndexes(const QString &path) {
                                path));
 }
 
-tl::unexpected<Error> unreadable(const QString &path) {
-    return failure(engineError(
-        EngineErrorCode::ProfileUnreadable,
-        "The profile “%1” cannot be read, because its disk reports an error. Check the disk and "
-        "its connection, then start Velmora again.",
-        path));
+/// SQLite cannot replace the page of an index that is none.
+tl::unexpected<Error> damagedIndexPage(const QString &path) {
+    return failure(engineError(EngineErrorCode::ProfileDamaged,
+                               "An index of the profile “%1” is damaged in a way that cannot be "
+                               "repaired. At its start, Velmora offers to restore a backup.",
+                               path));
 }
 
 /// `reason` is the error of a read of the database.
-tl::unexpected<Error> unreadable(const QString &path, const Error &reason) {
+tl::unexpected<Error> notRead(const QString &path, const Error &reason) {
     if (isEngineError(reason, EngineErrorCode::ProfileDamaged) || FullDisk::isFull(path)) {
         return damaged(path);
     }
     if (!isEngineError(reason, EngineErrorCode::ProfileUnreadable)) {
         return failure(reason);
     }
-    return unreadable(path);
-}
-
-/// Returns whether SQLite has found `problem`, instead of failing, because the disk reports an
-/// error.
-bool isInputOutputError(const QString &problem) {
-    constexpr int primaryCode = 0xFF;
-    static const QRegularExpression code(QStringLiteral("error code[= ](\\d+)"));
-    return problem.contains(QStringLiteral("failed to get page")) ||
-           (code.match(problem).captured(1).toInt() & primaryCode) == SQLITE_IOERR;
+    return failure(ProfileInspection::unreadable(path));
 }
 
 /// The numbers that identify the program of an SQLite file and its tables.
@@ -88,7 +81,7 @@ Expected<Header> readHeader(const QString &path, const ReadOnlyConnection &datab
          {"PRAGMA user_version", "SELECT count(*) FROM sqlite_schema", "PRAGMA application_id"}) {
         const Expected<QVariant> number = database.value(QLatin1StringView(statement));
         if (!number) {
-            return unreadable(path, number.error());
+            return notRead(path, number.error());
         }
         numbers.append(number->toInt());
     }
@@ -139,9 +132,29 @@ Expected<void> checkContents(const QString &path, const ReadOnlyConnection &data
     const Expected<QVariant> inboxes =
         database.value(QStringLiteral("SELECT count(*) FROM databases WHERE is_inbox"));
     if (!inboxes) {
-        return unreadable(path, inboxes.error());
+        return notRead(path, inboxes.error());
     }
     return *inboxes == 1 ? Expected<void>() : damaged(path);
+}
+
+/// Returns whether SQLite has found `problem` in a page of a table or an index.
+bool isInPage(const QString &problem) {
+    static const QRegularExpression page(QStringLiteral("page \\d+[^:]*: "),
+                                         QRegularExpression::CaseInsensitiveOption);
+    return page.match(problem).hasMatch();
+}
+
+/// Returns whether all pages of the tables themselves are sound, unlike those of their indexes.
+bool areTablesReadable(const ReadOnlyConnection &database) {
+    QStringList tables;
+    const Expected<void> listed =
+        database.read(QStringLiteral("SELECT name FROM sqlite_schema WHERE type = 'table'"),
+                      [&](const QSqlQuery &row) { tables.append(row.value(0).toString()); });
+    return listed && std::all_of(tables.begin(), tables.end(), [&](const QString &table) {
+               return database
+                   .value(QStringLiteral("SELECT count(*) FROM \"%1\" NOT INDEXED").arg(table))
+                   .has_value();
+           });
 }
 
 Expected<void> checkAccess(const QString &path) {
@@ -177,25 +190,44 @@ Error ProfileInspection::damage(const QString &path) {
         "The profile “%1” is damaged. Restore it from a backup or use another profile.", path);
 }
 
+Error ProfileInspection::unreadable(const QString &path) {
+    return engineError(
+        EngineErrorCode::ProfileUnreadable,
+        "The profile “%1” cannot be read, because its disk reports an error. Check the disk and "
+        "its connection, then start Velmora again.",
+        path);
+}
+
+bool ProfileInspection::isInputOutputError(const QString &problem) {
+    constexpr int primaryCode = 0xFF;
+    static const QRegularExpression code(QStringLiteral("error code[= ](\\d+)"));
+    return problem.contains(QStringLiteral("failed to get page")) ||
+           (code.match(problem).captured(1).toInt() & primaryCode) == SQLITE_IOERR;
+}
+
 Expected<void> ProfileInspection::checkIntegrity(const QString &path,
                                                  const ReadOnlyConnection &database) {
     const QString sound = QStringLiteral("ok");
     const Expected<QVariant> all = database.value(QStringLiteral("PRAGMA integrity_check(1)"));
     if (!all) {
-        return unreadable(path, all.error());
+        return notRead(path, all.error());
     }
     if (*all == sound) {
         return {};
     }
     if (isInputOutputError(all->toString())) {
-        return unreadable(path);
+        return failure(unreadable(path));
     }
     // This one does not compare the indexes with the tables.
     const Expected<QVariant> structure = database.value(QStringLiteral("PRAGMA quick_check(1)"));
     if (!structure) {
-        return unreadable(path, structure.error());
+        return notRead(path, structure.error());
     }
-    return *structure == sound ? damagedIndexes(path) : damaged(path);
+    if (*structure == sound) {
+        return damagedIndexes(path);
+    }
+    return isInPage(structure->toString()) && areTablesReadable(database) ? damagedIndexPage(path)
+                                                                          : damaged(path);
 }
 
 Expected<void> ProfileInspection::check(const QString &path, const std::atomic_bool *isCancelled) {
@@ -206,5 +238,5 @@ Expected<void> ProfileInspection::check(const QString &path, const std::atomic_b
         return checkNeverUsed(path);
     }
     const auto database = ReadOnlyConnection::open(path, sharingFor(path), isCancelled);
-    return database ? checkContents(path, **database) : unreadable(path, database.error());
+    return database ? checkContents(path, **database) : notRead(path, database.error());
 }

@@ -21,6 +21,14 @@ inline constexpr int OldestSchemaVersion = 1;
 /// Returns the error of a damaged database file at `path`.
 Error damage(const QString &path);
 
+/// Returns the error, of the code ProfileUnreadable, of a database file at `path` whose disk
+/// reports an error.
+Error unreadable(const QString &path);
+
+/// Returns whether SQLite's check of a database has returned `problem` instead of failing, because
+/// the disk reports an error.
+bool isInputOutputError(const QString &problem);
+
 /// Returns an error of the code ProfileDamaged if the file of the open database at `path` is
 /// damaged, or IndexesDamaged if only an index does not contain what its table does, so that rows
 /// may not be found. Other errors are those of check(). Reads everything, and looks up each row in

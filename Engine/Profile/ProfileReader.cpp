@@ -13,8 +13,10 @@ Expected<std::unique_ptr<const ProfileReader>> ProfileReader::open(
         return failure(connection.error());
     }
     // The snapshot is taken by the first read.
-    if (QSqlQuery begin = (*connection)->query(); !begin.exec(QStringLiteral("BEGIN"))) {
-        return failure((*connection)->queryError(begin));
+    const auto ignoreRow = [](const QSqlQuery &) {};
+    if (const Expected<void> begun = (*connection)->read(QStringLiteral("BEGIN"), ignoreRow);
+        !begun) {
+        return failure(begun.error());
     }
     return std::unique_ptr<const ProfileReader>(
         new ProfileReader(profile, isCancelled, *std::move(connection)));

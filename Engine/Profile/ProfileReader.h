@@ -30,15 +30,17 @@ public:
 
     /// Returns the reader of `profile` on the current thread, or null.
     static const ProfileReader *current(const ProfileDatabase &profile);
-    /// Returns a query on the connection of this object, which must be destroyed before this
-    /// object.
-    QSqlQuery query() const { return m_connection->query(); }
     /// Returns whether reads fail from now on.
     bool isCancelled() const { return m_isCancelled; }
 
 private:
+    friend class ProfileDatabase;
+
     ProfileReader(const ProfileDatabase &profile, const std::atomic_bool &isCancelled,
                   std::unique_ptr<const ReadOnlyConnection> connection);
+    /// Returns a query on the connection of this object, which must be destroyed before this
+    /// object. The profile reports its errors.
+    QSqlQuery query() const { return m_connection->query(); }
 
     const ProfileDatabase &m_profile;
     const std::atomic_bool &m_isCancelled;

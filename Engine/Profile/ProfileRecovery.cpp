@@ -356,7 +356,7 @@ Expected<QStringList> sourcesOfLocations(const QString &directory, const QString
 }  // namespace
 
 bool ProfileRecovery::hasTraces(const QString &directory) {
-    const QString log = directory + u'/' + ProfileDatabaseName + QStringLiteral("-wal");
+    const QString log = ProfileFolder::logOf(directory + u'/' + ProfileDatabaseName);
     return QFileInfo(directory + u'/' + ProfileBackups::FolderName).isDir() ||
            QFileInfo(directory + u'/' + FolderName).isDir() || QFileInfo(log).size() > 0;
 }

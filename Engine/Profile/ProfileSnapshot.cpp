@@ -1,11 +1,8 @@
 #include "Engine/Profile/ProfileSnapshot.h"
 
-#include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
-#include <QtCore/QThread>
 #include <QtCore/QVariant>
-#include <QtSql/QSqlError>
 
 #include "Application/Interface/ProfileDatabaseName.h"
 #include "Engine/Foundation/EngineError.h"
@@ -14,12 +11,12 @@
 #include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/Retries.h"
 
 namespace {
 
+/// Another process may be creating the profile, or end before it has.
 constexpr std::chrono::seconds CreationTimeout(10);
-/// The kernel does not announce that another process has released its lock, or ended before it has.
-constexpr std::chrono::milliseconds RetryInterval(20);
 
 const QString DatabaseFile = u'/' + ProfileDatabaseName;
 
@@ -34,7 +31,7 @@ Expected<bool> copy(const QString &path, const QString &target, bool isLocked) {
         return false;
     }
     // A locked profile has no other user. Without a log, SQLite need not create its files then.
-    const bool isImmutable = isLocked && QFileInfo(path + QStringLiteral("-wal")).size() == 0;
+    const bool isImmutable = isLocked && QFileInfo(ProfileFolder::logOf(path)).size() == 0;
     const auto database =
         ReadOnlyConnection::open(path, isImmutable ? ReadOnlyConnection::Sharing::Immutable
                                                    : ReadOnlyConnection::Sharing::Shared);
@@ -54,13 +51,10 @@ Expected<bool> copy(const QString &path, const QString &target, bool isLocked) {
         !sound) {
         return failure(sound.error());
     }
-    QSqlQuery query = (*database)->query();
-    query.prepare(QStringLiteral("VACUUM INTO ?"));
-    query.addBindValue(target + DatabaseFile);
-    if (!query.exec()) {
+    if (const auto copied = (*database)->copyTo(target + DatabaseFile); !copied) {
         return failure(engineError(EngineErrorCode::ProfileUnusable,
                                    localizedSyncString("The profile “%1” cannot be copied: %2")
-                                       .arg(path, query.lastError().databaseText())));
+                                       .arg(path, copied.error().databaseText())));
     }
     return true;
 }
@@ -90,7 +84,7 @@ Expected<bool> tryToCopy(const QString &directory, const QString &target) {
 Expected<void> ProfileSnapshot::write(const QString &directory, const QString &target,
                                       const std::function<Expected<void>()> &create) {
     const QString absolute = QDir(directory).absolutePath();
-    const QDeadlineTimer deadline(CreationTimeout);
+    const Retries retries(CreationTimeout);
     for (;;) {
         const Expected<bool> copied = tryToCopy(absolute, target);
         if (!copied) {
@@ -100,11 +94,8 @@ Expected<void> ProfileSnapshot::write(const QString &directory, const QString &t
             return {};
         }
         Expected<void> created = create();
-        if (!created && (!isInUse(created.error()) || deadline.hasExpired())) {
+        if (!created && (!isInUse(created.error()) || !retries.wait())) {
             return created;
-        }
-        if (!created) {
-            QThread::msleep(RetryInterval.count());
         }
     }
 }

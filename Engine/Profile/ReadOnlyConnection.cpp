@@ -4,9 +4,7 @@
 
 #include <QtCore/QUrl>
 #include <QtCore/QUuid>
-#include <QtCore/QVariant>
 #include <QtSql/QSqlDriver>
-#include <QtSql/QSqlError>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Host/SyncStrings.h"
@@ -68,18 +66,34 @@ ReadOnlyConnection::~ReadOnlyConnection() {
     QSqlDatabase::removeDatabase(m_name);
 }
 
-Expected<QVariant> ReadOnlyConnection::value(const QString &statement) const {
-    QSqlQuery query(m_database);
-    if (query.exec(statement) && query.next()) {
-        return query.value(0);
+Expected<void> ReadOnlyConnection::read(const QString &statement, const RowVisitor &visit) const {
+    QSqlQuery rows = query();
+    rows.exec(statement);
+    while (rows.next()) {
+        visit(rows);
     }
-    // A result without a row is no error.
-    return query.lastError().isValid() ? Expected<QVariant>(failure(queryError(query)))
-                                       : QVariant();
+    // Reading can fail at any row, which ends the loop like the last one.
+    return rows.lastError().isValid() ? failure(error(rows.lastError())) : Expected<void>();
 }
 
-Error ReadOnlyConnection::queryError(const QSqlQuery &query) const {
-    return error(query.lastError());
+Expected<QVariant> ReadOnlyConnection::value(const QString &statement) const {
+    QSqlQuery rows = query();
+    if (rows.exec(statement) && rows.next()) {
+        return rows.value(0);
+    }
+    // A result without a row is no error.
+    return rows.lastError().isValid() ? Expected<QVariant>(failure(error(rows.lastError())))
+                                      : QVariant();
+}
+
+tl::expected<void, QSqlError> ReadOnlyConnection::copyTo(const QString &path) const {
+    QSqlQuery copy = query();
+    copy.prepare(QStringLiteral("VACUUM INTO ?"));
+    copy.addBindValue(path);
+    if (!copy.exec()) {
+        return tl::make_unexpected(copy.lastError());
+    }
+    return {};
 }
 
 Error ReadOnlyConnection::error(const QSqlError &reason) const {

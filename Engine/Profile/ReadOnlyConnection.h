@@ -1,9 +1,12 @@
 #pragma once
 
 #include <QtCore/QString>
+#include <QtCore/QVariant>
 #include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
 #include <atomic>
+#include <functional>
 #include <memory>
 
 #include "Platform/Foundation/Expected.h"
@@ -16,6 +19,9 @@
 /// example if it cannot be opened, another connection has locked it, or memory is short.
 class ReadOnlyConnection {
 public:
+    /// Receives one row of a result. `row` is valid only during the call.
+    using RowVisitor = std::function<void(const QSqlQuery &row)>;
+
     /// How other connections use the file meanwhile.
     enum class Sharing {
         /// No connection writes. SQLite creates no files beside the database.
@@ -30,23 +36,26 @@ public:
     /// connection.
     static Expected<std::unique_ptr<const ReadOnlyConnection>> open(
         const QString &path, Sharing sharing, const std::atomic_bool *isCancelled = nullptr);
-    /// Closes the database. The queries must have been destroyed.
     ~ReadOnlyConnection();
     ReadOnlyConnection(const ReadOnlyConnection &) = delete;
     ReadOnlyConnection &operator=(const ReadOnlyConnection &) = delete;
 
-    /// Returns a query on this connection, which must be destroyed before it. A caller checks
-    /// QSqlQuery::lastError() after the last row too, because reading can fail at any row.
-    QSqlQuery query() const { return QSqlQuery(m_database); }
+    /// Executes `statement` and calls `visit` with each row. If it returns an error, `visit` may
+    /// have been called with some of the rows.
+    Expected<void> read(const QString &statement, const RowVisitor &visit) const;
     /// Returns the first column of the first row, or an invalid QVariant if there is no row. A NULL
     /// in that column gives a null QVariant.
     Expected<QVariant> value(const QString &statement) const;
-    /// Returns the error of a query on this connection that has failed.
-    Error queryError(const QSqlQuery &query) const;
+    /// Copies what the database contains now to the file `path`, which must be empty or absent. The
+    /// error is that of SQLite: unlike those of the other functions, it may concern the copy.
+    tl::expected<void, QSqlError> copyTo(const QString &path) const;
 
 private:
+    friend class ProfileReader;
+
     ReadOnlyConnection(const QString &path, Sharing sharing);
 
+    QSqlQuery query() const { return QSqlQuery(m_database); }
     Error error(const QSqlError &reason) const;
     void interruptIf(const std::atomic_bool &isCancelled);
 

@@ -73,13 +73,17 @@ private Q_SLOTS:
         QFETCH(Fault, fault);
         QList<OperationId> identifiers = log().operationIds().value();
         const QList<OperationId> allIdentifiers = identifiers;
-        Note note = database()->notes().value().last();
+        const QList<Note> all = database()->notes().value();
+        Note note = all.last();
         note.revision.clear();
         note.text = QStringLiteral("lost");
         const FailingTable failing(profile(), QStringLiteral("operations"), fault);
         QCOMPARE(code(log().countOfNotes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().isCountOfConflictsSound()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().recountConflicts()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(database()->rows(0, 10)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(database()->rowsAt(1)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(database()->completeNote(all.last())), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().damagedOperations()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds(note.UUID)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().earlierVersions(note.UUID)), EngineErrorCode::ProfileNotWritten);

@@ -64,7 +64,7 @@ class KnownTransactionsTest : public QObject {
         const QList<OperationId> present = database()->log().operationIds().value();
         Transaction written;
         for (const OperationId &each : present) {
-            written.operations.append(Operation{.id = each});
+            written.operations.append(Operation{each, {}, {}, {}, {}, {}, {}});
         }
         QVERIFY(known().add(FirstRecord, written, RecordSize));
         beginRecording(known());
@@ -81,7 +81,7 @@ private Q_SLOTS:
     void theContentsOfARecordAreThoseOfAllParts() {
         QVERIFY(known().addPart(FirstRecord, 0, superseding('c', 'd')));
         QVERIFY(known().addPart(FirstRecord, 1, superseding('e', 'f')));
-        QVERIFY(known().add(FirstRecord, superseding('a', 'b'), RecordSize));
+        QVERIFY(known().addLastPart(FirstRecord, superseding('a', 'b'), RecordSize));
         QVERIFY(known().add(SecondRecord, superseding('g', 'g'), RecordSize));
         const auto expected = KnownTransactions::Contents::of(superseding('a', 'f'), RecordSize);
         QCOMPARE(known().contents(FirstRecord).value(), expected);
@@ -103,14 +103,27 @@ private Q_SLOTS:
             QVERIFY(known().addPart(FirstRecord, part, superseding('x', 'z')));
         }
         QVERIFY(known().addPart(FirstRecord, 0, superseding('a', 'a')));
-        QVERIFY(known().add(FirstRecord, superseding('b', 'b'), RecordSize));
+        QVERIFY(known().addLastPart(FirstRecord, superseding('b', 'b'), RecordSize));
         QCOMPARE(known().contents(FirstRecord).value(),
                  KnownTransactions::Contents::of(superseding('a', 'b'), RecordSize));
     }
 
+    /// Its merge was interrupted, then it was read again and merged at once.
+    void aRecordThatIsAddedAsAWholeHasNoPartsOfEarlier() {
+        beginRecording(known());
+        for (int part = 0; part < 2; ++part) {
+            QVERIFY(known().addPart(FirstRecord, part, superseding('x', 'z')));
+        }
+        QVERIFY(known().setComplete());
+        QVERIFY(known().add(FirstRecord, superseding('a', 'a'), RecordSize));
+        QCOMPARE(known().contents(FirstRecord).value(),
+                 KnownTransactions::Contents::of(superseding('a', 'a'), RecordSize));
+        QVERIFY(!known().isComplete().value());
+    }
+
     void removingARecordRemovesItsPartsOnly() {
         QVERIFY(known().addPart(FirstRecord, 0, superseding('a', 'a')));
-        QVERIFY(known().add(FirstRecord, superseding('b', 'b'), RecordSize));
+        QVERIFY(known().addLastPart(FirstRecord, superseding('b', 'b'), RecordSize));
         QVERIFY(known().add(SecondRecord, superseding('c', 'c'), RecordSize));
         QVERIFY(known().remove({FirstRecord}));
         QCOMPARE(known().sizes().value(), (QHash<QString, qint64>{{SecondRecord, RecordSize}}));
@@ -132,7 +145,7 @@ private Q_SLOTS:
         QVERIFY(known().add(FirstRecord, superseding('a', 'a'), RecordSize));
         QCOMPARE(recorded(known()).superseded, QSet{identifier('b')});
         Transaction written = superseding('b', 'c');
-        written.operations = {Operation{.id = edit}};
+        written.operations = {Operation{edit, {}, {}, {}, {}, {}, {}}};
         QVERIFY(known().addPart(SecondRecord, 0, written));
         QVERIFY(!known().hasUnwritten().value());
     }

@@ -154,9 +154,10 @@ private Q_SLOTS:
     void aRecordThatTakesTooMuchMemoryIsRefused() {
         QFETCH(QByteArray, start);
         QFETCH(QByteArray, item);
-        QByteArray record = start;
-        record += item.repeated((Transaction::SizeLimit - start.size()) / item.size());
-        QVERIFY(JsonCost::estimate(record) > Transaction::CostLimit);
+        const auto cost =
+            JsonCost::estimate(start + item + item) - JsonCost::estimate(start + item);
+        const QByteArray record = start + item.repeated(Transaction::CostLimit / cost + 1);
+        QVERIFY(record.size() < Transaction::SizeLimit);
         const auto result = Transaction::decoded(record, QStringLiteral("NAME"));
         QCOMPARE(code(result), EngineErrorCode::BlobRefused);
         QVERIFY(description(result).contains(QStringLiteral("“NAME” is too large")));
@@ -173,8 +174,8 @@ private Q_SLOTS:
 
     void aRecordOfTheLargestSizeMayConsistOfIdentifiers() {
         const QByteArray identifier = '"' + QByteArray(32, 'a') + "\",";
-        QVERIFY(JsonCost::estimate(identifier.repeated(
-                    Transaction::SizeLimit / identifier.size())) < Transaction::CostLimit);
+        const qint64 count = Transaction::SizeLimit / identifier.size();
+        QVERIFY(count * JsonCost::estimate(identifier) < Transaction::CostLimit);
     }
 
     void theLaterOneComesFirstAndThenTheGreaterIdentifier() {

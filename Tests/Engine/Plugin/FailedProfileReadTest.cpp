@@ -1,10 +1,14 @@
+#include <QtCore/QTemporaryDir>
 #include <atomic>
 
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/Plugin/BuiltInLocationKinds.h"
+#include "Engine/Profile/ProfileReader.h"
+#include "Engine/Profile/ProfileSnapshot.h"
 #include "Host/QVSyncStore.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
+#include "Support/FaultyFileSystem.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -29,7 +33,29 @@ class FailedProfileReadTest : public QObject {
         QVERIFY(profile().run(QStringLiteral("INSERT INTO settings VALUES (?, ?)"), {key, value}));
     }
 
+    void addNotes(int count) const {
+        for (int i = 0; i < count; ++i) {
+            Note note{{}, QString::number(i), QString(1000, u'x'), {}};
+            QVERIFY(m_host->inbox()->saveNote(note));
+        }
+    }
+    Expected<QStringList> titles() const {
+        QStringList titles;
+        return profile()
+            .read(QStringLiteral("SELECT title FROM operations ORDER BY id"), {},
+                  [&](const QSqlQuery &row) { titles.append(row.value(0).toString()); })
+            .map([&] { return titles; });
+    }
+    /// Moves everything from the log to the database file, and out of memory, so that the next
+    /// statement reads the file.
+    void beginReadingTheFile() const {
+        for (const char *pragma : {"PRAGMA wal_checkpoint(TRUNCATE)", "PRAGMA shrink_memory"}) {
+            QVERIFY(profile().read(QLatin1StringView(pragma), {}, [](const QSqlQuery &) {}));
+        }
+    }
+
 private Q_SLOTS:
+    void initTestCase() { FaultyFileSystem::install(); }
     void init() { m_host = std::make_unique<TestHost>(); }
     void cleanup() { m_host.reset(); }
 
@@ -66,7 +92,8 @@ private Q_SLOTS:
         }
         m_host->save();
         const EngineContext &context = m_host->engine().plugin().context();
-        const auto kinds = std::make_shared<EngineLocationKinds>(builtInLocationKinds(context));
+        const auto kinds = std::make_shared<EngineLocationKinds>(context.storeOperations,
+                                                                 builtInLocationKinds(context));
         {
             const FailingTable failing(profile(), table, fault(areAllRows));
             EngineLocationsController controller(profile(), kinds);
@@ -131,6 +158,59 @@ private Q_SLOTS:
         const VerificationReport::Part part = report.parts.first();
         QCOMPARE(part.outcome, VerificationReport::Outcome::NotChecked);
         QCOMPARE(part.problems.size(), 1);
+    }
+
+    void ofTheChecksOfAVerification() {
+        addNotes(20);
+        bool hasFailed = true;
+        for (qint64 read = 1; hasFailed; ++read) {
+            beginReadingTheFile();
+            VerificationReport::Part part;
+            {
+                const FaultyFileSystem disk(profile().path(), read);
+                part = m_host->engine().verify(VerificationMode::Report).parts.first();
+                hasFailed = disk.hasFailed();
+            }
+            QCOMPARE(part.outcome, hasFailed ? VerificationReport::Outcome::NotChecked
+                                             : VerificationReport::Outcome::Sound);
+            QVERIFY(part.problems.isEmpty() != hasFailed);
+            QVERIFY(read > 1 || hasFailed);
+        }
+    }
+
+    void ofAReaderOnAnotherThread() {
+        addNotes(20);
+        const QStringList before = titles().value();
+        const std::atomic_bool isCancelled = false;
+        int failures = 0;
+        bool hasFailed = true;
+        for (qint64 call = 1; hasFailed; ++call) {
+            const FaultyFileSystem disk(FaultyFileSystem::Fault::Error, call,
+                                        FaultyFileSystem::Duration::FromThenOn);
+            const auto reader = ProfileReader::open(profile(), profile().path(), isCancelled);
+            const Expected<QStringList> read = reader ? titles() : failure(reader.error());
+            hasFailed = disk.hasFailed();
+            QCOMPARE(read.value_or(before), before);
+            QVERIFY(read || hasFailed);
+            failures += read ? 0 : 1;
+        }
+        QVERIFY(failures > 0);
+    }
+
+    void ofASnapshot() {
+        addNotes(20);
+        beginReadingTheFile();
+        bool hasFailed = true;
+        for (qint64 read = 1; hasFailed; ++read) {
+            const QTemporaryDir target;
+            const FaultyFileSystem disk(profile().path(), read);
+            const Expected<void> written = ProfileSnapshot::write(
+                m_host->directory(), target.path(),
+                [] { return Expected<void>(failure(operationCancelled())); });
+            hasFailed = disk.hasFailed();
+            QCOMPARE(!written, hasFailed);
+            QVERIFY(read > 1 || hasFailed);
+        }
     }
 };
 

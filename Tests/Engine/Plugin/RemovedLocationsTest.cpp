@@ -8,6 +8,7 @@
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 namespace {
 
@@ -63,6 +64,7 @@ private Q_SLOTS:
         m_host = std::make_unique<TestHost>();
     }
     void cleanup() {
+        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host.reset();
         m_secrets.reset();
     }

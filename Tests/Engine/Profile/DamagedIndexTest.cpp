@@ -136,6 +136,10 @@ private Q_SLOTS:
         QCOMPARE(code(opened), EngineErrorCode::ProfileDamaged);
         QVERIFY2(description(opened).contains(file()), qPrintable(description(opened)));
         QVERIFY(!description(opened).contains(QStringLiteral("start it")));
+        if (damage == Damage::Page) {
+            QVERIFY2(description(opened).startsWith(QStringLiteral("An index of the profile “")),
+                     qPrintable(description(opened)));
+        }
         QCOMPARE(contents(), before);
         QVERIFY(ProfileRecovery::restoreBackup(m_directory));
         m_host->goToComputer(QStringLiteral("Profile"));
