@@ -17,6 +17,7 @@
 #include "Engine/DirectConnection/HostLookUp.h"
 #include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/EngineError.h"
+#include "Platform/Security/SecretBytes.h"
 
 namespace {
 
@@ -132,14 +133,14 @@ Expected<void> DirectConnectionLink::startEncryption(const EngineFuture &future)
 }
 
 Expected<DirectConnectionMessage::Received> DirectConnectionLink::exchange(
-    const QCborMap &request, qsizetype limit, const Timeouts &timeouts,
-    const EngineFuture &future) {
+    QByteArray request, qsizetype limit, const Timeouts &timeouts, const EngineFuture &future) {
     m_idleTimeout = timeouts.idle;
     m_end = QDeadlineTimer(timeouts.total);
     noteProgress();
-    return (isConnected() ? send(DirectConnectionMessage::encode(request), future)
-                          : failure(lost()))
-        .and_then([&] { return receiveMessage(limit, future); })
+    const Expected<void> sent = isConnected() ? send(request, future) : failure(lost());
+    // It may contain a secret, and the response may take long.
+    SecretBytes::wipe(request);
+    return sent.and_then([&] { return receiveMessage(limit, future); })
         .map_error([&](const Error &error) {
             disconnect();
             return error;
@@ -158,7 +159,8 @@ Expected<DirectConnectionMessage::Received> DirectConnectionLink::receiveMessage
             return length <= limit ? receive(length, future) : failure(lost());
         })
         .and_then([&](QByteArray &&body) -> Expected<DirectConnectionMessage::Received> {
-            auto message = DirectConnectionMessage::decode(std::move(body));
+            auto message = DirectConnectionMessage::decode(std::move(body),
+                                                           DirectConnectionMessage::ResponseMemory);
             return message ? Expected<DirectConnectionMessage::Received>(std::move(*message))
                            : failure(lost());
         });

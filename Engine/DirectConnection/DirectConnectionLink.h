@@ -46,10 +46,11 @@ public:
     /// Returns the SHA-256 of the server's certificate; empty before the first connection.
     QByteArray serverFingerprint() const { return m_serverFingerprint; }
 
-    /// Sends `request` and waits for the response. A response of more than `limit` bytes is a
-    /// failure; no memory is allocated for it. Must be called while connected. After a failure the
-    /// server may have processed the request.
-    Expected<DirectConnectionMessage::Received> exchange(const QCborMap &request, qsizetype limit,
+    /// Sends `request`, an encoded message, which is wiped then unless another object shares it,
+    /// and waits for the response. A response of more than `limit` bytes is a failure; no memory is
+    /// allocated for it. Must be called while connected. After a failure the server may have
+    /// processed the request.
+    Expected<DirectConnectionMessage::Received> exchange(QByteArray request, qsizetype limit,
                                                          const Timeouts &timeouts,
                                                          const EngineFuture &future);
     /// Closes the connection without waiting for the server; serverFingerprint() stays. Idempotent.

@@ -9,6 +9,10 @@ using namespace DirectConnectionMessage;
 
 namespace {
 
+/// What QCborValue takes for a value besides the bytes of a string, and for a list or map.
+constexpr qsizetype ItemMemory = 32;
+constexpr qsizetype ContainerMemory = 256;
+
 /// Skips a string without copying it.
 bool skipString(QCborStreamReader &reader) {
     return reader.isLengthKnown() &&
@@ -16,34 +20,38 @@ bool skipString(QCborStreamReader &reader) {
            reader.readStringChunk(nullptr, 0).status == QCborStreamReader::EndOfString;
 }
 
-bool isWithinLimits(QCborStreamReader &reader, int depth, int &itemsLeft);
+/// Returns whether the reader is at a string of known length, which is at most `longest`.
+bool isAtShortString(const QCborStreamReader &reader, qsizetype longest) {
+    return reader.isLengthKnown() && reader.currentStringChunkSize() <= longest;
+}
+
+bool areItemsWithinLimits(QCborStreamReader &reader, int depth, qsizetype &memoryLeft);
 
 /// Skips one item and returns whether it is within the limits.
-bool isItemWithinLimits(QCborStreamReader &reader, int depth, int &itemsLeft) {
-    if (--itemsLeft < 0 || reader.isTag()) {
+bool isItemWithinLimits(QCborStreamReader &reader, int depth, qsizetype &memoryLeft) {
+    const bool isString = reader.isString() || reader.isByteArray();
+    if (reader.isTag() || (isString && !isAtShortString(reader, LongestString))) {
+        return false;
+    }
+    memoryLeft -= reader.isContainer() ? ContainerMemory : ItemMemory;
+    memoryLeft -= isString ? reader.currentStringChunkSize() : 0;
+    if (memoryLeft < 0) {
         return false;
     }
     if (reader.isContainer()) {
         return depth < DeepestNesting && reader.enterContainer() &&
-               isWithinLimits(reader, depth + 1, itemsLeft) && reader.leaveContainer();
+               areItemsWithinLimits(reader, depth + 1, memoryLeft) && reader.leaveContainer();
     }
-    return reader.isString() || reader.isByteArray() ? skipString(reader) : reader.next();
+    return isString ? skipString(reader) : reader.next();
 }
 
-bool isWithinLimits(QCborStreamReader &reader, int depth, int &itemsLeft) {
+bool areItemsWithinLimits(QCborStreamReader &reader, int depth, qsizetype &memoryLeft) {
     while (reader.hasNext()) {
-        if (!isItemWithinLimits(reader, depth, itemsLeft)) {
+        if (!isItemWithinLimits(reader, depth, memoryLeft)) {
             return false;
         }
     }
     return reader.lastError() == QCborError::NoError;
-}
-
-bool isOneMap(const QByteArray &body) {
-    QCborStreamReader reader(body);
-    int itemsLeft = MostItems;
-    return reader.isMap() && isItemWithinLimits(reader, 0, itemsLeft) &&
-           reader.currentOffset() == body.size();
 }
 
 /// Where the contents are in a body.
@@ -52,8 +60,12 @@ struct Place {
     qsizetype size = 0;
 };
 
-/// Reads a text. Returns an empty optional if it is not valid UTF-8, which QCborValue cannot hold.
-std::optional<QString> readText(QCborStreamReader &reader) {
+/// Reads a short text. Returns an empty optional if it is not valid UTF-8, which QCborValue cannot
+/// hold.
+std::optional<QString> readKey(QCborStreamReader &reader) {
+    if (!reader.isString() || !isAtShortString(reader, LongestKey)) {
+        return {};
+    }
     QString text;
     auto piece = reader.readString();
     for (; piece.status == QCborStreamReader::Ok; piece = reader.readString()) {
@@ -62,33 +74,25 @@ std::optional<QString> readText(QCborStreamReader &reader) {
     return piece.status == QCborStreamReader::EndOfString ? std::optional(text) : std::nullopt;
 }
 
-/// Reads the next key and value: the contents into `contents`, anything else into `values`.
-bool readMember(QCborStreamReader &reader, QCborMap &values, std::optional<Place> &contents) {
-    const std::optional<QString> key = readText(reader);
-    if (!key) {
-        return false;
-    }
-    if (*key == Contents && reader.isByteArray()) {
-        const qsizetype size = reader.currentStringChunkSize();
-        const bool isSkipped = skipString(reader);
-        contents = Place{reader.currentOffset() - size, size};
-        return isSkipped;
-    }
-    QCborValue value = QCborValue::fromCbor(reader);
-    if (reader.lastError() != QCborError::NoError) {
-        return false;
-    }
-    values[*key] = std::move(value);
-    return true;
-}
-
-bool readMembers(const QByteArray &body, QCborMap &values, std::optional<Place> &contents) {
+/// Reads `body`, which must be one map. Skips the contents, whose place it stores, and calls `take`
+/// with any other key and with the reader at its value. Returns false as soon as that does, or if
+/// anything is not valid.
+template <class Take>
+bool readMembers(const QByteArray &body, std::optional<Place> &contents, const Take &take) {
     QCborStreamReader reader(body);
-    bool isSound = reader.enterContainer();
+    bool isSound = reader.isMap() && reader.enterContainer();
     for (int count = 0; isSound && reader.hasNext(); ++count) {
-        isSound = count < MostMembers && reader.isString() && readMember(reader, values, contents);
+        const std::optional<QString> key = count < MostMembers ? readKey(reader) : std::nullopt;
+        if (key == Contents && reader.isByteArray()) {
+            const qsizetype size = reader.isLengthKnown() ? reader.currentStringChunkSize() : 0;
+            isSound = skipString(reader);
+            contents = Place{reader.currentOffset() - size, size};
+        } else {
+            isSound = key && take(*key, reader);
+        }
     }
-    return isSound;
+    return isSound && reader.lastError() == QCborError::NoError && reader.leaveContainer() &&
+           reader.currentOffset() == body.size();
 }
 
 }  // namespace
@@ -126,10 +130,23 @@ qsizetype DirectConnectionMessage::length(const QByteArray &start) {
     return qFromBigEndian<quint32>(start.constData());
 }
 
-std::optional<Received> DirectConnectionMessage::decode(QByteArray body) {
+std::optional<Received> DirectConnectionMessage::decode(QByteArray body, qsizetype memory) {
     Received message;
     std::optional<Place> contents;
-    if (!isOneMap(body) || !readMembers(body, message.values, contents)) {
+    const auto isWithinLimits = [&](const QString & /*key*/, QCborStreamReader &reader) {
+        return isItemWithinLimits(reader, 1, memory);
+    };
+    const auto take = [&](const QString &key, QCborStreamReader &reader) {
+        const QCborValue value = QCborValue::fromCbor(reader);
+        // A value whose text is no UTF-8 has no contents, and must not be put into a map.
+        const bool isSound = reader.lastError() == QCborError::NoError && !value.isInvalid();
+        if (isSound) {
+            message.values.insert(key, value);
+        }
+        return isSound;
+    };
+    // Nothing is made of a body before all of it has been checked.
+    if (!readMembers(body, contents, isWithinLimits) || !readMembers(body, contents, take)) {
         return {};
     }
     if (contents) {

@@ -31,11 +31,17 @@ inline constexpr qsizetype LimitBeforeAuthorization = 4096;
 inline constexpr qsizetype Limit = qsizetype(64) * 1024 * 1024;
 /// Maximum size of the contents in a message, which leaves room for the other keys.
 inline constexpr qint64 ContentsLimit = Limit - LimitBeforeAuthorization;
-/// Maximum number of members of a message, of all keys, values and elements in it, and of their
-/// nesting. They bound the memory for a message, which may be many times its size otherwise.
+/// Maximum number of members of a message, and of the nesting of their values; maximum size in
+/// bytes of a key, and of any string but the contents.
 inline constexpr int MostMembers = 64;
-inline constexpr int MostItems = 500'000;
 inline constexpr int DeepestNesting = 4;
+inline constexpr qsizetype LongestKey = 64;
+inline constexpr qsizetype LongestString = 1024;
+/// Maximum memory in bytes for all values of a message but the contents; that for a response has
+/// room for the longest list of names of records. Otherwise it may be many times the size of the
+/// message.
+inline constexpr qsizetype RequestMemory = 16384;
+inline constexpr qsizetype ResponseMemory = qsizetype(24) << 20;
 
 inline const QString Type = QStringLiteral("type");
 inline const QString Name = QStringLiteral("name");
@@ -70,7 +76,7 @@ inline const QString NotServed = QStringLiteral("not served");
 /// Returns a message of this type without other keys.
 QCborMap ofType(const QString &type);
 /// Returns the bytes of `message`, including the length. The message must be within the limits,
-/// which is not checked.
+/// which is not checked. If it contains a secret, the caller should wipe the bytes.
 QByteArray encode(const QCborMap &message);
 /// Returns the bytes of `message`, including the length, up to its contents: the caller sends these
 /// `size` bytes after them, without a copy. `message` must not have contents itself.
@@ -87,7 +93,8 @@ struct Received {
 };
 /// Parses the bytes after the length, which are not trusted. Returns an empty optional unless they
 /// are exactly one map with text as keys, within the limits, without tags and without strings of
-/// unknown length. The contents use the memory of `body`, which should be moved here.
-std::optional<Received> decode(QByteArray body);
+/// unknown length. The values but the contents take at most about `memory` bytes. The contents use
+/// the memory of `body`, which should be moved here.
+std::optional<Received> decode(QByteArray body, qsizetype memory);
 
 }  // namespace DirectConnectionMessage

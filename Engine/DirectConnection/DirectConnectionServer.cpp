@@ -185,7 +185,8 @@ Expected<void> DirectConnectionServer::listen(const DirectConnectionIdentity &id
             present(replaced.error());
         }
     };
-    QMetaObject::invokeMethod(m_listener, replaceFormerAccounts, Qt::QueuedConnection);
+    // The signal is emitted on that thread, so that nothing is handed over.
+    connect(m_thread.get(), &QThread::started, m_listener, replaceFormerAccounts);
     m_thread->start();
     return {};
 }

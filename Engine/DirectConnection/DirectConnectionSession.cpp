@@ -117,7 +117,7 @@ void DirectConnectionSession::takeMessage() {
     m_size = 0;
     QByteArray body = std::exchange(m_received, {});
     body.remove(0, LengthSize);
-    if (const std::optional<Received> message = decode(std::move(body))) {
+    if (const std::optional<Received> message = decode(std::move(body), RequestMemory)) {
         handle(*message);
     } else {
         end();

@@ -42,6 +42,21 @@ Question questionFor(const QString &host, const QString &code) {
             localizedSyncString("Connect"), localizedSyncString("Cancel"), code};
 }
 
+/// Messages with a secret, encoded here so that nothing else of them is in memory while the
+/// response is awaited.
+QByteArray greeting(const SecretBytes &secret) {
+    QCborMap message = ofType(Hello);
+    message[Name] = clientName();
+    message[Secret] = secret.toByteArray();
+    return encode(message);
+}
+QByteArray revelation(const DirectConnectionPairing &pairing) {
+    QCborMap message = ofType(Reveal);
+    message[Nonce] = pairing.clientNonce;
+    message[Secret] = pairing.clientSecret.toByteArray();
+    return encode(message);
+}
+
 }  // namespace
 
 DirectConnectionStore::DirectConnectionStore(const std::shared_ptr<QVSyncLocation> &location,
@@ -76,6 +91,7 @@ Expected<QStringList> DirectConnectionStore::listFolder(const QString &folder,
         return failure(notUnderstood());
     }
     QStringList names;
+    names.reserve(array.size());
     for (const QCborValue name : array) {
         names.append(name.toString());
     }
@@ -132,7 +148,7 @@ Expected<Received> DirectConnectionStore::request(const QCborMap &request, const
     }
     const auto end = qScopeGuard([this] { m_turn.release(); });
     Expected<Received> answer = connectIfNeeded(future).and_then(
-        [&] { return m_link.exchange(request, Limit, {ResponseTimeout}, future); });
+        [&] { return m_link.exchange(encode(request), Limit, {ResponseTimeout}, future); });
     if (!answer) {
         return failure(future.isCancelled() ? operationCancelled() : answer.error());
     }
@@ -194,10 +210,7 @@ Expected<void> DirectConnectionStore::authenticate(const EngineFuture &future) {
 }
 
 Expected<void> DirectConnectionStore::greet(const SecretBytes &secret, const EngineFuture &future) {
-    QCborMap message = ofType(Hello);
-    message[Name] = clientName();
-    message[Secret] = secret.toByteArray();
-    return m_link.exchange(message, LimitBeforeAuthorization, {ResponseTimeout}, future)
+    return m_link.exchange(greeting(secret), LimitBeforeAuthorization, {ResponseTimeout}, future)
         .and_then([this](const auto &answer) { return takeWelcome(answer.values); });
 }
 
@@ -211,7 +224,7 @@ Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
     message[Name] = pairing.clientName;
     message[Commitment] = pairing.commitment();
     const Expected<Received> answer =
-        m_link.exchange(message, LimitBeforeAuthorization, {ResponseTimeout}, future);
+        m_link.exchange(encode(message), LimitBeforeAuthorization, {ResponseTimeout}, future);
     if (!answer) {
         return failure(answer.error());
     }
@@ -235,11 +248,8 @@ Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pai
                                               const EngineFuture &future) {
     // Both users are asked at the same time, since each has to see the other's code.
     const UserConfirmation confirmation(questionFor(URL().host(), pairing.code()));
-    QCborMap message = ofType(Reveal);
-    message[Nonce] = pairing.clientNonce;
-    message[Secret] = pairing.clientSecret.toByteArray();
     Expected<void> welcome =
-        m_link.exchange(message, LimitBeforeAuthorization, {PairingTimeout}, future)
+        m_link.exchange(revelation(pairing), LimitBeforeAuthorization, {PairingTimeout}, future)
             .and_then([this](const auto &answer) { return takeWelcome(answer.values); });
     if (!welcome) {
         return welcome;

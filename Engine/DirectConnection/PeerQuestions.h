@@ -8,8 +8,9 @@
 
 /// Decides when the user may be asked whether to allow a computer: one question at a time, for each
 /// address as QuestionLimit allows, and only so many questions that are not accepted in an hour. A
-/// stranger thus keeps other computers out only while the question about it is open. Not
-/// thread-safe. The state lasts as long as the object; nothing is stored.
+/// stranger thus keeps other computers out while the question about it is open; one with many
+/// addresses can use up the questions of an hour, which a new object asks again. Not thread-safe.
+/// The state lasts as long as the object, which is that of a server; nothing is stored.
 class PeerQuestions {
 public:
     /// Maximum number of addresses that are remembered; beyond it, that of the oldest question is

@@ -1,5 +1,7 @@
 #include "Engine/Stores/BlobStore.h"
 
+#include <algorithm>
+
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Stores/StoreProbe.h"
@@ -43,7 +45,7 @@ Expected<QStringList> BlobStore::list(const QString &folder, const EngineFuture 
     if (names) {
         names->removeIf([](const QString &name) { return !isNamePart(name); });
         names->sort();
-        names->removeDuplicates();
+        names->erase(std::unique(names->begin(), names->end()), names->end());
     }
     return names;
 }

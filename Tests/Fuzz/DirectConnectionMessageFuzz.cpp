@@ -11,11 +11,12 @@ using namespace FuzzInput;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const QByteArray body = expanded(bytes(data, size));
-    const std::optional<Received> message = decode(body);
+    const std::optional<Received> message = decode(body, ResponseMemory);
     if (!message) {
         return 0;
     }
-    require(message->values.size() <= MostItems, "the number of items is bounded");
+    require(encode(message->values).size() <= ResponseMemory + MostMembers * LongestKey,
+            "the memory for values is bounded");
     require(message->contents.value_or(QByteArray()).size() <= body.size(),
             "contents are part of the message");
     // What the stores and sessions read of it.
@@ -30,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     }
     const QByteArray bytes = encode(values);
     require(length(bytes) == bytes.size() - LengthSize, "the length is that of the body");
-    const std::optional<Received> again = decode(bytes.mid(LengthSize));
+    const std::optional<Received> again = decode(bytes.mid(LengthSize), ResponseMemory);
     require(again && again->contents == message->contents, "encoding undoes decoding");
     return 0;
 }

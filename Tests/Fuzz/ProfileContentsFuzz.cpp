@@ -145,7 +145,8 @@ void checkLocations() {
         return;
     }
     EngineLocationsController controller(
-        profile(), std::make_shared<EngineLocationKinds>(builtInLocationKinds(context)));
+        profile(), std::make_shared<EngineLocationKinds>(context.storeOperations,
+                                                         builtInLocationKinds(context)));
     if (!controller.load()) {
         return;
     }

@@ -17,7 +17,7 @@ namespace {
 
 const QString Name = QStringLiteral("name");
 /// A list is estimated at this many bytes, and begins with one.
-constexpr qint64 LargestCostOfByte = 320;
+constexpr qint64 LargestCostOfByte = 480;
 
 QString text(const QJsonObject &object, const char *key) {
     return object.value(QLatin1StringView(key)).toString();

@@ -14,8 +14,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     if (listing) {
         qsizetype length = 0;
         for (const WebDAVMultiStatus::Resource &resource : listing->resources) {
-            length += resource.href.size() + 1;
-            require(resource.href.size() <= WebDAVMultiStatus::LongestToken, "a name is bounded");
+            const qsizetype characters = QString::fromUtf8(resource.href).size();
+            length += characters + 1;
+            require(characters <= WebDAVMultiStatus::LongestToken, "a name is bounded");
         }
         require(length <= document.size(), "names are part of the document");
     }

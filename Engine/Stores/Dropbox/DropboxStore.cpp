@@ -1,5 +1,6 @@
 #include "Engine/Stores/Dropbox/DropboxStore.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QJsonDocument>
 
 #include "Engine/Foundation/EngineError.h"
@@ -59,6 +60,7 @@ DropboxStore::DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
                            std::shared_ptr<Turn> refreshTurn, HttpClient::Timeouts timeouts)
     : BlobStore(location, std::move(operations)),
       m_accountAddress(DropboxUrl::account(URL())),
+      m_listingTime(timeouts.total),
       m_account(m_accountAddress, std::move(refreshTurn), timeouts) {}
 
 QString DropboxStore::place(const QString &name) const {
@@ -71,10 +73,11 @@ Expected<void> DropboxStore::open(const EngineFuture &future) {
 }
 
 Expected<QStringList> DropboxStore::listFolder(const QString &folder, const EngineFuture &future) {
+    const QDeadlineTimer deadline(m_listingTime);
     Expected<Response> answer = firstPage(folder, future);
     QStringList names;
     qsizetype memory = 0;
-    for (int pages = 0; pages < MostPages; ++pages) {
+    for (int pages = 0; pages < MostPages && !deadline.hasExpired(); ++pages) {
         if (!answer) {
             return failure(answer.error());
         }
@@ -105,7 +108,8 @@ Expected<QStringList> DropboxStore::listFolder(const QString &folder, const Engi
         }
         answer = nextPage(page->cursor, future);
     }
-    return failure(DropboxError::notUnderstood(m_account.server()));
+    return failure(deadline.hasExpired() ? DropboxError::busy(m_account.server())
+                                         : DropboxError::notUnderstood(m_account.server()));
 }
 
 Expected<HttpClient::Response> DropboxStore::firstPage(const QString &folder,

@@ -14,8 +14,9 @@
 class DropboxStore : public BlobStore {
 public:
     /// `refreshTurn`, which must not be null, is that of all stores of the engine. `timeouts` apply
-    /// to each request. Does not access Dropbox; a URL without an account, or a configuration that
-    /// is not valid, makes every operation fail.
+    /// to each request, and the total one also to all requests for a listing together. Does not
+    /// access Dropbox; a URL without an account, or a configuration that is not valid, makes every
+    /// operation fail.
     DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
                  std::shared_ptr<StoreOperations> operations, std::shared_ptr<Turn> refreshTurn,
                  HttpClient::Timeouts timeouts = HttpClient::Timeouts());
@@ -55,5 +56,6 @@ private:
     Error pathError(const Response &response, const QString &name) const;
 
     const QString m_accountAddress;
+    const std::chrono::milliseconds m_listingTime;
     DropboxAccount m_account;
 };

@@ -136,6 +136,31 @@ qsizetype memoryOf(const Name &name) {
     return overhead + name.size() * qsizetype(sizeof *name.constData());
 }
 
+/// What a folder contains, as far as it was read.
+struct Listing {
+    QStringList names;
+    /// Files that are not finished yet.
+    QByteArrayList unfinished;
+    qsizetype count = 0;
+    qsizetype memory = 0;
+
+    void add(const QByteArray &encoded) {
+        ++count;
+        if (encoded.startsWith(UnfinishedPrefix)) {
+            unfinished.append(encoded);
+            memory += memoryOf(unfinished.last());
+        }
+        const QString decoded = QFile::decodeName(encoded);
+        if (QFile::encodeName(decoded) == encoded) {
+            names.append(decoded);
+            memory += memoryOf(names.last());
+        }
+    }
+    bool isTooLong() const {
+        return count > FolderStore::MostNames || memory > FolderStore::ListingLimit;
+    }
+};
+
 /// Returns the name of a new file that is not finished yet.
 QByteArray unfinishedName() {
     return UnfinishedPrefix + QUuid::createUuid().toByteArray(QUuid::Id128);
@@ -326,36 +351,23 @@ Expected<QStringList> FolderStore::listFolder(const QString &name, const EngineF
     }
     // It is closed with the entries.
     opened->take();
-    QStringList names;
-    QByteArrayList unfinished;
-    qsizetype count = 0;
-    qsizetype memory = 0;
+    Listing listing;
     while (const dirent *entry = nextEntry(entries)) {
-        const QByteArray encoded(static_cast<const char *>(entry->d_name));
-        if (encoded.startsWith(UnfinishedPrefix)) {
-            unfinished.append(encoded);
-            memory += memoryOf(unfinished.last());
-        }
-        const QString decoded = QFile::decodeName(encoded);
-        if (QFile::encodeName(decoded) == encoded) {
-            names.append(decoded);
-            memory += memoryOf(names.last());
-        }
-        if (future.isCancelled() || ++count > MostNames || memory > ListingLimit) {
+        listing.add(static_cast<const char *>(entry->d_name));
+        if (future.isCancelled() || listing.isTooLong()) {
             break;
         }
     }
-    const bool isTooLong = count > MostNames || memory > ListingLimit;
-    const int number = isTooLong ? 0 : errno;
-    removeLeftOvers(descriptor, unfinished);
+    const int number = listing.isTooLong() ? 0 : errno;
+    removeLeftOvers(descriptor, listing.unfinished);
     closedir(entries);
     if (future.isCancelled()) {
         return failure(operationCancelled());
     }
-    if (isTooLong) {
+    if (listing.isTooLong()) {
         return failure(tooManyNames(name));
     }
-    return number == 0 ? Expected<QStringList>(names) : failure(systemError(number, name));
+    return number == 0 ? Expected<QStringList>(listing.names) : failure(systemError(number, name));
 }
 
 Expected<QByteArray> FolderStore::readBlob(const QString &name, qint64 limit,

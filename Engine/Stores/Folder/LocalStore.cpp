@@ -32,17 +32,13 @@ Expected<EngineStore::Fetched> LocalStore::fetch(const EngineFuture & /*future*/
 }
 
 Expected<EngineStore::Fetched> LocalStore::databasesIn(const ReadOnlyConnection &profile) {
-    QSqlQuery rows = profile.query();
-    rows.exec(
-        QStringLiteral("SELECT uuid, name, is_inbox FROM databases ORDER BY is_inbox DESC, id"));
     Fetched fetched;
-    while (rows.next()) {
-        const QString UUID = rows.value(2).toBool() ? InboxUUID : rows.value(0).toString();
-        fetched.databases.append(record(UUID, rows.value(1).toString()));
-    }
-    // Stepping can fail at any row.
-    if (rows.lastError().isValid()) {
-        return failure(profile.queryError(rows));
-    }
-    return fetched;
+    return profile
+        .read(
+            QStringLiteral("SELECT uuid, name, is_inbox FROM databases ORDER BY is_inbox DESC, id"),
+            [&](const QSqlQuery &row) {
+                const QString UUID = row.value(2).toBool() ? InboxUUID : row.value(0).toString();
+                fetched.databases.append(record(UUID, row.value(1).toString()));
+            })
+        .map([&] { return std::move(fetched); });
 }

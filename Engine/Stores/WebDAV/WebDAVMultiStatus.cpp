@@ -67,7 +67,7 @@ private:
         ++m_depth;
         if (++m_elements > WebDAVMultiStatus::MostElements || m_depth > DeepestNesting ||
             m_isInText || m_reader.attributes().size() > WebDAVMultiStatus::MostAttributes ||
-            m_reader.namespaceDeclarations().size() > WebDAVMultiStatus::MostAttributes) {
+            !declareNamespaces()) {
             return false;
         }
         if (m_depth == 1) {
@@ -88,6 +88,13 @@ private:
         return true;
     }
 
+    bool declareNamespaces() {
+        const qsizetype declared = m_reader.namespaceDeclarations().size();
+        m_namespaces.append(m_namespaces.value(m_namespaces.size() - 1) + declared);
+        return declared <= WebDAVMultiStatus::MostAttributes &&
+               m_namespaces.last() <= WebDAVMultiStatus::MostNamespaces;
+    }
+
     void endElement() {
         if (m_isInText) {
             m_isInText = false;
@@ -96,12 +103,15 @@ private:
         } else if (m_depth == 3) {
             m_hasType = false;
         }
+        m_namespaces.removeLast();
         --m_depth;
     }
 
     void takeText(WebDAVMultiStatus::Resource &resource) {
         if (m_reader.name() == QLatin1StringView("href")) {
-            resource.href = m_text.trimmed();
+            resource.href = QStringView(m_text).trimmed().toUtf8();
+            // Each has room for three times as much.
+            resource.href.squeeze();
             m_pathLength += resource.href.size();
         } else if (m_reader.name() == QLatin1StringView("getcontentlength")) {
             resource.size = std::clamp<qint64>(m_text.trimmed().toLongLong(), 0,
@@ -126,6 +136,8 @@ private:
     qsizetype m_pathLength = 0;
     int m_elements = 0;
     int m_depth = 0;
+    /// The number of namespace declarations in scope at each open element.
+    QList<qsizetype> m_namespaces;
     /// Whether the text of the current element is used, which is collected in m_text.
     bool m_isInText = false;
     QString m_text;

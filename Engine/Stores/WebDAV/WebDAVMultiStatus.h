@@ -2,7 +2,6 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
-#include <QtCore/QString>
 #include <optional>
 
 class EngineFuture;
@@ -13,9 +12,9 @@ class EngineFuture;
 struct WebDAVMultiStatus {
     /// One resource of the response.
     struct Resource {
-        /// As the server wrote it: an absolute path or a URL, percent-encoded. Unchecked: it may
-        /// name any server and any path.
-        QString href;
+        /// As the server wrote it, in UTF-8: an absolute path or a URL, percent-encoded. Unchecked:
+        /// it may name any server and any path.
+        QByteArray href;
         bool isFolder = false;
         /// Whether the server reports that it could not determine what the resource is.
         bool isFailed = false;
@@ -25,11 +24,13 @@ struct WebDAVMultiStatus {
 
     /// Maximum number of elements. Within the limits, parsing takes O(n).
     static constexpr int MostElements = 1'000'000;
-    /// Maximum number of resources, and of characters in all paths together.
+    /// Maximum number of resources, and of bytes in all paths together.
     static constexpr int MostResources = 200'000;
     static constexpr qsizetype LongestPaths = 12 << 20;
     /// Maximum number of attributes of one element and, separately, of its namespace declarations.
     static constexpr int MostAttributes = 32;
+    /// Maximum number of namespace declarations in scope, which the parser searches for each name.
+    static constexpr int MostNamespaces = 64;
     /// Maximum length of a resource; a greater one is reported as this.
     static constexpr qint64 LargestSize = 1 << 30;
     /// Maximum size in bytes of one tag, text or other token.

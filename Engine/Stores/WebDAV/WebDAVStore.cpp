@@ -222,13 +222,14 @@ Expected<QStringList> WebDAVStore::names(const QString &folder, Expected<Respons
     const QUrl folderItself = folderURL(folder);
     const QStringList above = decodedParts(folderItself);
     QStringList names;
+    names.reserve(listing->resources.size());
     bool hasFolderItself = false;
     for (WebDAVMultiStatus::Resource &resource : listing->resources) {
         if (future.isCancelled()) {
             return failure(operationCancelled());
         }
         const QStringList parts = decodedParts(
-            folderItself.resolved(QUrl::fromEncoded(std::exchange(resource.href, {}).toUtf8())));
+            folderItself.resolved(QUrl::fromEncoded(std::exchange(resource.href, {}))));
         const bool isBelow =
             parts.size() <= above.size() + 1 && parts.mid(0, above.size()) == above;
         if (!isBelow || (parts == above && resource.isFailed)) {

@@ -1,6 +1,10 @@
 #include "Engine/DirectConnection/DirectConnectionLink.h"
 
+#include <fcntl.h>
 #include <sys/syscall.h>
+#include <unistd.h>
+
+#include <future>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
@@ -20,6 +24,21 @@ QByteArray contentsMessage() {
     QCborMap message = DirectConnectionMessage::ofType(DirectConnectionMessage::Done);
     message[DirectConnectionMessage::Contents] = QByteArray(10000, 'x');
     return DirectConnectionMessage::encode(message);
+}
+
+QByteArray listRequest() {
+    return DirectConnectionMessage::encode(
+        DirectConnectionMessage::ofType(DirectConnectionMessage::List));
+}
+
+/// Reads memory of this process, which may have been freed. Returns less if it was unmapped.
+QByteArray memoryAt(quintptr address, qsizetype size) {
+    QByteArray bytes(size, '\0');
+    const int file = open("/proc/self/mem", O_RDONLY | O_CLOEXEC);
+    const ssize_t count =
+        pread(file, bytes.data(), static_cast<size_t>(size), static_cast<off_t>(address));
+    close(file);
+    return bytes.first(std::max<qsizetype>(count, 0));
 }
 
 }  // namespace
@@ -66,23 +85,48 @@ private Q_SLOTS:
     }
 
     void aResponseIsNotLongerThanAllowed() {
-        const QCborMap request = DirectConnectionMessage::ofType(DirectConnectionMessage::List);
         {
             DirectConnectionLink link;
             connectTo(Quick, link);
-            QCOMPARE(code(link.exchange(request, DirectConnectionMessage::LimitBeforeAuthorization,
-                                        {std::chrono::seconds(10)}, m_future)),
-                     EngineErrorCode::StoreUnreachable);
+            QCOMPARE(
+                code(link.exchange(listRequest(), DirectConnectionMessage::LimitBeforeAuthorization,
+                                   {std::chrono::seconds(10)}, m_future)),
+                EngineErrorCode::StoreUnreachable);
             QVERIFY(!link.isConnected());
         }
         DirectConnectionLink link;
         connectTo(Quick, link);
-        const auto answer = link.exchange(request, DirectConnectionMessage::Limit,
+        const auto answer = link.exchange(listRequest(), DirectConnectionMessage::Limit,
                                           {std::chrono::seconds(10)}, m_future);
         QCOMPARE(description(answer), QString());
         QCOMPARE(answer->contents, QByteArray(10000, 'x'));
         QCOMPARE(answer->values, DirectConnectionMessage::ofType(DirectConnectionMessage::Done));
         link.disconnect();
+    }
+
+    void aRequestIsWipedBeforeItsResponseArrives() {
+        const auto identity = DirectConnectionIdentity::load(m_folder.path());
+        m_peer = std::make_unique<DirectConnectionPeer>(*identity, QByteArrayList(), Quick);
+        DirectConnectionLink link;
+        QCOMPARE(description(link.connect(QStringLiteral("127.0.0.1"), m_peer->port(), m_future)),
+                 QString());
+        const QByteArray secret("a secret of thirty-two characters");
+        QCborMap message = DirectConnectionMessage::ofType(DirectConnectionMessage::Hello);
+        message[DirectConnectionMessage::Secret] = secret;
+        QByteArray request = DirectConnectionMessage::encode(message);
+        const qsizetype size = request.size();
+        const auto address = reinterpret_cast<quintptr>(request.constData());
+        QVERIFY(memoryAt(address, size).contains(secret));
+        EngineFuture future;
+        auto answer = std::async(std::launch::async, [&, sent = std::move(request)]() mutable {
+            return code(link.exchange(std::move(sent),
+                                      DirectConnectionMessage::LimitBeforeAuthorization,
+                                      {std::chrono::minutes(2)}, future));
+        });
+        QTRY_VERIFY(!memoryAt(address, size).contains(secret));
+        QVERIFY(answer.wait_for(std::chrono::seconds(0)) == std::future_status::timeout);
+        future.cancel();
+        QCOMPARE(answer.get(), EngineErrorCode::StoreUnreachable);
     }
 
     void aPeerThatSendsSlowlyIsGivenUp() {
@@ -91,9 +135,8 @@ private Q_SLOTS:
         using namespace std::chrono_literals;
         QElapsedTimer time;
         time.start();
-        const auto answer =
-            link.exchange(DirectConnectionMessage::ofType(DirectConnectionMessage::List),
-                          DirectConnectionMessage::Limit, {.idle = 10s, .total = 500ms}, m_future);
+        const auto answer = link.exchange(listRequest(), DirectConnectionMessage::Limit,
+                                          {.idle = 10s, .total = 500ms}, m_future);
         QCOMPARE(code(answer), EngineErrorCode::StoreUnreachable);
         QVERIFY(time.elapsed() >= 500);
         QVERIFY(time.elapsed() < 5000);
@@ -110,8 +153,7 @@ private Q_SLOTS:
         QElapsedTimer time;
         time.start();
         const auto answer =
-            link.exchange(DirectConnectionMessage::ofType(DirectConnectionMessage::List),
-                          DirectConnectionMessage::Limit, {.idle = 300ms}, m_future);
+            link.exchange(listRequest(), DirectConnectionMessage::Limit, {.idle = 300ms}, m_future);
         QCOMPARE(code(answer), EngineErrorCode::StoreUnreachable);
         QCOMPARE_LT(time.elapsed(), 5000);
         QVERIFY(!link.isConnected());

@@ -89,7 +89,8 @@ public:
             return {};
         }
         const qsizetype size = length(m_received);
-        Received message = decode(m_received.mid(LengthSize, size)).value_or(Received());
+        Received message =
+            decode(m_received.mid(LengthSize, size), ResponseMemory).value_or(Received());
         m_received.remove(0, LengthSize + size);
         if (message.contents) {
             message.values[Contents] = *message.contents;
@@ -607,7 +608,9 @@ private Q_SLOTS:
     }
 
     void strangersTogetherCauseAFewQuestions() {
-        serve({.pauseAfterRefusal = std::chrono::milliseconds(0), .refusalsInAnHour = 2});
+        const DirectConnection::Limits limits{.pauseAfterRefusal = std::chrono::milliseconds(0),
+                                              .refusalsInAnHour = 2};
+        serve(limits);
         m_person->answerAll(isAStranger);
         DirectConnectionPairing unwanted = newClient();
         for (const char *address : {"127.0.0.2", "127.0.0.3"}) {
@@ -619,6 +622,13 @@ private Q_SLOTS:
         askFor(third, unwanted);
         QCOMPARE(third.answer()[Type].toString(), Busy);
         QCOMPARE(m_person->asked().size(), 2);
+        // They have kept everyone out until the user switches the server off and on.
+        server().stopServing();
+        serve(limits);
+        m_person->answerAll(isOneOfUs);
+        Client other(m_port, "127.0.0.5");
+        askFor(other, unwanted);
+        QCOMPARE(other.answer()[Type].toString(), Welcome);
     }
 
     void onlyTheNewestVersionOfTlsIsSpoken() {

@@ -17,6 +17,8 @@
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
+#include "Engine/Stores/WebDAV/WebDAVMultiStatus.h"
+#include "Engine/Stores/WebDAV/WebDAVStore.h"
 #include "Engine/Synchronization/TransactionRecords.h"
 #include "Host/InboxUUID.h"
 #include "Host/SyncStoreLayout.h"
@@ -93,21 +95,57 @@ QByteArray multiStatusAround(const QByteArray &inside) {
     return "<?xml version=\"1.0\"?><D:multistatus xmlns:D=\"DAV:\">" + inside + "</D:multistatus>";
 }
 
+/// A listing of `folder` that is read and, but for a few bytes, reaches every limit of a listing.
+QByteArray listingAtItsLimits(const QByteArray &folder) {
+    constexpr qsizetype resources = WebDAVMultiStatus::MostResources;
+    constexpr qsizetype pathSize = WebDAVMultiStatus::LongestPaths / resources;
+    constexpr qsizetype elements = WebDAVMultiStatus::MostElements / resources;
+    constexpr qsizetype size = WebDAVStore::ListingLimit / resources;
+    QByteArray body;
+    body.reserve(WebDAVStore::ListingLimit);
+    body += "<D:multistatus xmlns:D=\"DAV:\"><D:response><D:href>" + folder +
+            "</D:href><D:propstat><D:prop><D:resourcetype><D:collection/>"
+            "</D:resourcetype></D:prop></D:propstat></D:response>";
+    // The folder has more elements than the others.
+    for (qsizetype i = 2; i < resources; ++i) {
+        const QByteArray name = QByteArray::number(i).rightJustified(pathSize - folder.size(), 'x');
+        const QByteArray response = "<D:response><D:href>" + folder + name + "</D:href>" +
+                                    QByteArray("<a/>").repeated(elements - 2) + "</D:response>";
+        body += response.leftJustified(size, ' ');
+    }
+    return body + "</D:multistatus>";
+}
+
 /// A page that is not the last one.
 QByteArray dropboxPage(const QByteArray &entries) {
     return "{\"cursor\":\"c\",\"has_more\":true,\"entries\":[" + entries + "]}";
 }
 
+/// A number in four bytes, as messages and CBOR state lengths.
+QByteArray fourBytes(qsizetype number) {
+    QByteArray bytes(4, '\0');
+    qToBigEndian(static_cast<quint32>(number), bytes.data());
+    return bytes;
+}
+
 /// The bytes of a message with this body.
 QByteArray framed(const QByteArray &body) {
-    QByteArray length(DirectConnectionMessage::LengthSize, '\0');
-    qToBigEndian(static_cast<quint32>(body.size()), length.data());
-    return length + body;
+    return fourBytes(body.size()) + body;
 }
 
 /// A map whose "names" are `count` repetitions of `item`.
 QByteArray bomb(const QByteArray &item, qsizetype count) {
     return framed("\xa1\x65names\x9f" + item.repeated(count) + '\xff');
+}
+
+/// A text of 120 characters, and one that consists of nothing but "x": the first two state its type
+/// and length.
+const QByteArray LongName(122, 'x');
+
+/// A message with one key. "x" is the key's characters and its value.
+QByteArray longKey(qsizetype size) {
+    const QByteArray begin = "\xa1\x7a" + fourBytes(size) + "\u00e9";
+    return framed(begin + QByteArray(size - 2 + LongName.size(), 'x'));
 }
 
 /// Counts the services that a browser finds and loses.
@@ -350,8 +388,9 @@ class HostileServersTest : public QObject {
                 return EngineErrorCode::InvalidDatabase;
             }
             return code(
-                link.exchange(DirectConnectionMessage::ofType(DirectConnectionMessage::List), limit,
-                              {std::chrono::seconds(10)}, future));
+                link.exchange(DirectConnectionMessage::encode(
+                                  DirectConnectionMessage::ofType(DirectConnectionMessage::List)),
+                              limit, {std::chrono::seconds(10)}, future));
         };
     }
 
@@ -389,24 +428,15 @@ class HostileServersTest : public QObject {
                      multiStatusAround(
                          QByteArray(response).replace("a.qv", "b.qv").repeated(50'000))));
              }},
-            {QStringLiteral("WebDAV: listing at its limits"),
+            {QStringLiteral("WebDAV: listing at all its limits"),
              [&] {
-                 QByteArray body = response;
-                 body.replace("/x<", "/<")
-                     .replace("</D:href>",
-                              "</D:href><D:propstat><D:prop><D:resourcetype><D:collection/>"
-                              "</D:resourcetype></D:prop></D:propstat>");
-                 for (int i = 0; i < 100'000; ++i) {
-                     body += QByteArray(response).replace(
-                         "/x<", '/' + QByteArray::number(i).rightJustified(100, 'x') + '<');
-                     body += QByteArray(170, ' ');
-                 }
-                 return webDAVListing(alikeForAll("207 Multi-Status", multiStatusAround(body)));
+                 return webDAVListing(
+                     alikeForAll("207 Multi-Status", listingAtItsLimits("/a.qvSyncStore/x/")));
              }},
             {QStringLiteral("Record: 64 MiB of lists"),
              [&] { return record(operations, "[0],", Transaction::SizeLimit); }},
             {QStringLiteral("Record: lists of the largest cost"),
-             [&] { return record(operations, "[0],", 1'450'000); }},
+             [&] { return record(operations, "[0],", 990'000); }},
             {QStringLiteral("Record: sound, 64 MiB"), [&] { return soundRecord(); }},
             {QStringLiteral("Folder: 200,001 files, some in another encoding"),
              [&] { return folderOf(BlobStore::MostNames + 1, {}); }},
@@ -470,6 +500,12 @@ class HostileServersTest : public QObject {
              [&] { return directConnection(bomb(QByteArray(1, '\x60'), 60 << 20), limit); }},
             {QStringLiteral("Direct connection: nested lists"),
              [&] { return directConnection(bomb(QByteArray(1, '\x81'), 60 << 20), limit); }},
+            {QStringLiteral("Direct connection: a key of 63 MiB"),
+             [&] { return directConnection(longKey(63 << 20), limit); }},
+            {QStringLiteral("Direct connection: 490,000 names"),
+             [&] { return directConnection(bomb(LongName, 490'000), limit); }},
+            {QStringLiteral("Direct connection: 160,000 names, the largest list that is read"),
+             [&] { return directConnection(bomb(LongName, 160'000), limit); }},
         };
         return visits.value(name)();
     }
@@ -582,7 +618,7 @@ private Q_SLOTS:
         QTest::newRow("WebDAV: 200,000 attributes") << Code::StoreUnreachable << 5000;
         QTest::newRow("WebDAV: 50,000 responses of another folder")
             << Code::StoreUnreachable << 20000;
-        QTest::newRow("WebDAV: listing at its limits") << Code() << 30000;
+        QTest::newRow("WebDAV: listing at all its limits") << Code() << 120000;
         QTest::newRow("Record: 64 MiB of lists") << Code::BlobRefused << 20000;
         QTest::newRow("Record: lists of the largest cost") << Code::DamagedRecord << 20000;
         QTest::newRow("Record: sound, 64 MiB") << Code() << 60000;
@@ -607,6 +643,10 @@ private Q_SLOTS:
         QTest::newRow("Direct connection: empty lists") << Code::StoreUnreachable << 30000;
         QTest::newRow("Direct connection: empty texts") << Code::StoreUnreachable << 30000;
         QTest::newRow("Direct connection: nested lists") << Code::StoreUnreachable << 30000;
+        QTest::newRow("Direct connection: a key of 63 MiB") << Code::StoreUnreachable << 30000;
+        QTest::newRow("Direct connection: 490,000 names") << Code::StoreUnreachable << 30000;
+        QTest::newRow("Direct connection: 160,000 names, the largest list that is read")
+            << Code() << 30000;
     }
 
     void everyServerIsGivenUp() {
@@ -623,14 +663,13 @@ private Q_SLOTS:
 
     void ourServerIsBounded_data() {
         constexpr qsizetype size = qsizetype(60) << 20;
-        QByteArray length(DirectConnectionMessage::LengthSize, '\0');
-        qToBigEndian(static_cast<quint32>(size), length.data());
         QCborMap reading = DirectConnectionMessage::ofType(DirectConnectionMessage::Read);
         reading[DirectConnectionMessage::Name] = QStringLiteral("transactions/@inbox/large");
         reading[DirectConnectionMessage::SizeLimit] = DirectConnectionMessage::ContentsLimit;
         QTest::addColumn<QByteArray>("request");
         QTest::addColumn<qsizetype>("bytesAfterIt");
-        QTest::newRow("Our server: 4 paired computers that send 60 MiB each") << length << size - 1;
+        QTest::newRow("Our server: 4 paired computers that send 60 MiB, but for a byte")
+            << fourBytes(size) << size - 1;
         QTest::newRow("Our server: 4 paired computers that request 60 MiB each")
             << DirectConnectionMessage::encode(reading) << qsizetype(0);
     }

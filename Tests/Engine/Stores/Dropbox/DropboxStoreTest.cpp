@@ -58,11 +58,12 @@ class DropboxStoreTest : public DropboxTestCase {
         const Url URL = Url::fromString(QStringLiteral("dropbox://") + m_server->email());
         return m_host->newLocation(URL)->createBlobStore();
     }
-    std::shared_ptr<BlobStore> impatientStore() {
+    std::shared_ptr<BlobStore> impatientStore(HttpClient::Timeouts timeouts = {
+                                                  .idle = std::chrono::milliseconds(100)}) {
         const Url URL = Url::fromString(QStringLiteral("dropbox://") + m_server->email());
-        return std::make_shared<DropboxStore>(
-            m_host->newLocation(URL), std::make_shared<StoreOperations>(), std::make_shared<Turn>(),
-            HttpClient::Timeouts{.idle = std::chrono::milliseconds(100)});
+        return std::make_shared<DropboxStore>(m_host->newLocation(URL),
+                                              std::make_shared<StoreOperations>(),
+                                              std::make_shared<Turn>(), timeouts);
     }
     Expected<QByteArray> read(const QString &name = DropboxBlob) {
         return m_store->read(name, DropboxLimit, m_future);
@@ -205,6 +206,17 @@ private Q_SLOTS:
         const Expected<QStringList> result = list(QStringLiteral("databases"));
         QCOMPARE(code(result), EngineErrorCode::BlobRefused);
         QVERIFY2(m_server->count(ContinuePath) < 20,
+                 qPrintable(QString::number(m_server->count(ContinuePath))));
+    }
+
+    void aListOfPagesWithoutNamesEndsInTime() {
+        const QByteArray page = R"({"entries":[],"cursor":"c","has_more":true})";
+        m_server->setAnswer(ListPath, 200, page);
+        m_server->setAnswer(ContinuePath, 200, page);
+        const auto store = impatientStore({.total = std::chrono::milliseconds(500)});
+        const Expected<QStringList> result = store->list(QStringLiteral("databases"), m_future);
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+        QVERIFY2(m_server->count(ContinuePath) < DropboxStore::MostPages / 2,
                  qPrintable(QString::number(m_server->count(ContinuePath))));
     }
 

@@ -37,9 +37,10 @@ private Q_SLOTS:
                 multiStatusOf(QByteArray(before, ' ') + listing) + "\n", m_future);
             QVERIFY2(parsed, qPrintable(QString::number(before)));
             QCOMPARE(parsed->resources.size(), 2);
-            QCOMPARE(parsed->resources.first().href, QStringLiteral("/Grüße&x/"));
+            QCOMPARE(parsed->resources.first().href, QByteArray("/Gr\xc3\xbc\xc3\x9f"
+                                                                "e&x/"));
             QVERIFY(parsed->resources.first().isFolder);
-            QCOMPARE(parsed->resources.last().href, QStringLiteral("/bc"));
+            QCOMPARE(parsed->resources.last().href, QByteArray("/bc"));
             QVERIFY(!parsed->resources.last().isFolder);
         }
     }
@@ -62,7 +63,7 @@ private Q_SLOTS:
             m_future);
         QVERIFY(parsed);
         QCOMPARE(parsed->resources.size(), 100'000);
-        QCOMPARE(parsed->resources.last().href, QStringLiteral("/a/99999"));
+        QCOMPARE(parsed->resources.last().href, QByteArray("/a/99999"));
     }
 
     void anExpensiveListingIsRefusedQuickly_data() {
@@ -74,6 +75,9 @@ private Q_SLOTS:
         QTest::newRow("namespaces")
             << multiStatusOf("<a " + numbered(40'000, "xmlns:a", "=\"x\" ") + '>' +
                              QByteArray("<b/>").repeated(40'000) + "</a>");
+        QTest::newRow("namespaces of nested elements")
+            << multiStatusOf(("<a " + numbered(20, "xmlns:a", "=\"x\" ") + '>').repeated(4) +
+                             QByteArray("</a>").repeated(4));
         QTest::newRow("declared attributes")
             << "<!DOCTYPE a [" + numbered(200'000, "<!ATTLIST a a", " CDATA \"\">") + "]>" +
                    multiStatusOf({});
@@ -94,6 +98,16 @@ private Q_SLOTS:
         timer.start();
         QVERIFY(!WebDAVMultiStatus::parse(document, m_future));
         QVERIFY2(timer.elapsed() < 15'000, qPrintable(QString::number(timer.elapsed())));
+    }
+
+    void namespacesOfElementsOneAfterTheOtherAreRead() {
+        const auto parsed = WebDAVMultiStatus::parse(
+            multiStatusOf(
+                ("<response " + numbered(20, "xmlns:a", "=\"x\" ") + "><href>/a</href></response>")
+                    .repeated(100)),
+            m_future);
+        QVERIFY(parsed);
+        QCOMPARE(parsed->resources.size(), 100);
     }
 
     void aCancelledParseEnds() {

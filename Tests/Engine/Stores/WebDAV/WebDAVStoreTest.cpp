@@ -1,8 +1,11 @@
 #include <atomic>
+#include <condition_variable>
 #include <future>
+#include <mutex>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Engine/Stores/WebDAV/WebDAVStore.h"
 #include "Host/InboxUUID.h"
@@ -523,6 +526,34 @@ private Q_SLOTS:
         m_store = webDAVStoreWithoutEngine(scripted.URLText(QStringLiteral("s.qvSyncStore")));
         const Expected<QStringList> result = list(QStringLiteral("databases"));
         QVERIFY(description(result).contains(QStringLiteral("is too long")));
+    }
+
+    /// No connection gets a response before each of eight has sent a request.
+    void eightBlobsAreReadAtOnceOnAsManyConnections() {
+        constexpr int atOnce = 8;
+        std::mutex mutex;
+        std::condition_variable changed;
+        int requests = 0;
+        const ScriptedServer scripted(
+            [&](Connection &connection) {
+                while (!connection.readRequest().isEmpty()) {
+                    {
+                        std::unique_lock lock(mutex);
+                        ++requests;
+                        changed.notify_all();
+                        changed.wait_for(lock, 20s, [&] { return requests >= atOnce; });
+                    }
+                    connection.answer("200 OK", "x");
+                }
+            },
+            ScriptedServer::Order::AllAtOnce);
+        m_store = webDAVStoreWithoutEngine(scripted.URLText(QStringLiteral("s.qvSyncStore")));
+        std::atomic<int> blobs = 0;
+        ParallelCalls::run(3 * atOnce, m_store->operationsAtOnce(), [&](qsizetype /*number*/) {
+            blobs += read(WebDAVBlob) == Expected<QByteArray>("x") ? 1 : 0;
+        });
+        QCOMPARE(blobs, 3 * atOnce);
+        QCOMPARE(scripted.connections(), atOnce);
     }
 
     void aBlobOfUnknownLengthIsNotBelieved() {
