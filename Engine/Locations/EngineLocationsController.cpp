@@ -35,18 +35,27 @@ EngineSyncState::Values stateValues(const QSqlQuery &row) {
     };
 }
 
+/// Returns the columns of the table "states", in the order of stateValues(), separated by commas.
+QString stateColumns() {
+    return QStringLiteral(
+               "location_uuid, database_uuid, database_name, enabled, sync_on_open, sync_on_close,"
+               " last_synced, schedule, schedule_minutes, schedule_days, ") +
+           ResultColumns::Names;
+}
+
 QVariantList columnsOf(const QString &location, const EngineSyncState &state) {
     const ScheduleColumns schedule = ScheduleColumns::fromSchedule(state.schedule());
-    return {location,
-            state.databaseUUID(),
-            ProfileDatabase::text(state.databaseName()),
-            state.isEnabled(),
-            state.syncOnOpen(),
-            state.syncOnClose(),
-            milliseconds(state.lastSynced()),
-            schedule.kind,
-            schedule.minutes,
-            schedule.days};
+    return QVariantList{location,
+                        state.databaseUUID(),
+                        ProfileDatabase::text(state.databaseName()),
+                        state.isEnabled(),
+                        state.syncOnOpen(),
+                        state.syncOnClose(),
+                        milliseconds(state.lastSynced()),
+                        schedule.kind,
+                        schedule.minutes,
+                        schedule.days} +
+           ResultColumns::values(state.lastResult());
 }
 
 }  // namespace
@@ -76,11 +85,8 @@ Expected<void> EngineLocationsController::loadStates() {
         locations.insert(location->identifier(), location.get());
     }
     return m_profile.read(
-        QStringLiteral("SELECT location_uuid, database_uuid, database_name, enabled, sync_on_open,"
-                       " sync_on_close, last_synced, schedule, schedule_minutes, schedule_days, %1"
-                       " FROM states ORDER BY id")
-            .arg(ResultColumns::Names),
-        {}, [&](const QSqlQuery &row) {
+        QStringLiteral("SELECT %1 FROM states ORDER BY id").arg(stateColumns()), {},
+        [&](const QSqlQuery &row) {
             if (EngineSyncLocation *location = locations.value(row.value(0).toString())) {
                 EngineSyncState::Values values = stateValues(row);
                 if (values.lastResult) {
@@ -224,20 +230,15 @@ Expected<void> EngineLocationsController::writeLocation(const QString &identifie
 }
 
 Expected<void> EngineLocationsController::writeStates() const {
+    const QStringList columns = stateColumns().split(QStringLiteral(", "));
+    const QString placeholders = QStringList(columns.size(), QStringLiteral("?")).join(u',');
+    const QString newValues =
+        QStringLiteral("excluded.") + columns.join(QStringLiteral(", excluded."));
     Expected<QSqlQuery> query = m_profile.prepare(
-        QStringLiteral("INSERT INTO states (location_uuid, database_uuid, database_name, enabled,"
-                       " sync_on_open, sync_on_close, last_synced, schedule, schedule_minutes,"
-                       " schedule_days, %1) SELECT ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, %2"
+        QStringLiteral("INSERT INTO states (%1) SELECT %2"
                        " WHERE EXISTS (SELECT 1 FROM locations WHERE uuid = ?)"
-                       " ON CONFLICT (location_uuid, database_uuid) DO UPDATE SET"
-                       " database_name = excluded.database_name, enabled = excluded.enabled,"
-                       " sync_on_open = excluded.sync_on_open,"
-                       " sync_on_close = excluded.sync_on_close,"
-                       " last_synced = excluded.last_synced, schedule = excluded.schedule,"
-                       " schedule_minutes = excluded.schedule_minutes,"
-                       " schedule_days = excluded.schedule_days,"
-                       " (%1) = (%3)")
-            .arg(ResultColumns::Names, ResultColumns::Placeholders, ResultColumns::NewValues));
+                       " ON CONFLICT (location_uuid, database_uuid) DO UPDATE SET (%1) = (%3)")
+            .arg(stateColumns(), placeholders, newValues));
     if (!query) {
         return failure(query.error());
     }
@@ -249,7 +250,6 @@ Expected<void> EngineLocationsController::writeStates() const {
             }
             if (Expected<void> written =
                     m_profile.run(*query, columnsOf(location->identifier(), *state) +
-                                              ResultColumns::values(state->lastResult()) +
                                               QVariantList{location->identifier()});
                 !written) {
                 return written;

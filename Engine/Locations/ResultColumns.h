@@ -13,11 +13,8 @@ namespace ResultColumns {
 /// The names of the columns, separated by commas.
 inline const QString Names = QStringLiteral(
     "result_date, result_reason, result_summary, result_received, result_sent, result_problems");
-/// In the same order: a placeholder for each column, and the new values of an upsert.
+/// A placeholder for each column.
 inline const QString Placeholders = QStringLiteral("?, ?, ?, ?, ?, ?");
-inline const QString NewValues = QStringLiteral(
-    "excluded.result_date, excluded.result_reason, excluded.result_summary,"
-    " excluded.result_received, excluded.result_sent, excluded.result_problems");
 
 /// Returns the values of the columns, in the order of Names; all are NULL if there is no result. Of
 /// an error only the description is stored. The date is in milliseconds since 1970 (UTC). The

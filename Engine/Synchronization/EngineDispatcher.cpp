@@ -13,6 +13,7 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/UnsentChanges.h"
+#include "Host/QVApplication.h"
 #include "Host/QVJobLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
@@ -57,7 +58,7 @@ EngineDispatcher::~EngineDispatcher() {
 
 void EngineDispatcher::cleanRemoteStoreWithSynchronizationState(
     const std::shared_ptr<QVSyncState> &state, std::function<void()> handler) {
-    enqueue(SyncJob::Kind::CleanUp, state, handler);
+    enqueue(SyncJob::Kind::CleanUp, state, [handler](const End &) { handler(); });
 }
 
 void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
@@ -67,22 +68,27 @@ void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
 
 void EngineDispatcher::performSynchronizationsWithSynchronizationStates(
     const QVSyncStates &states, std::function<void()> handler) {
-    synchronize(states, RemovalDecision::Later, std::move(handler));
+    synchronize(states, RemovalDecision::Later,
+                [handler = std::move(handler)](const auto &) { handler(); });
 }
 
 void EngineDispatcher::synchronize(const QVSyncStates &states, RemovalDecision decision,
-                                   std::function<void()> handler) {
+                                   std::function<void(const QList<RemovalQuestion> &)> handler) {
     if (states.isEmpty()) {
-        postHandler(std::move(handler));
+        postHandler([handler = std::move(handler)] { handler({}); });
         return;
     }
     const auto left = std::make_shared<qsizetype>(states.size());
+    const auto decided = std::make_shared<QList<RemovalQuestion>>();
     for (const std::shared_ptr<QVSyncState> &state : states) {
         enqueue(
             SyncJob::Kind::Synchronization, state,
-            [left, handler] {
+            [left, decided, handler](const End &end) {
+                if (end.decided && end.result) {
+                    decided->append(*end.decided);
+                }
                 if (--*left == 0) {
-                    handler();
+                    handler(*decided);
                 }
             },
             decision);
@@ -163,7 +169,7 @@ void EngineDispatcher::synchronizeWithStore(
                                    store),
          store->place({}),
          nullptr,
-         {std::move(handler)}});
+         {[handler = std::move(handler)](const End &end) { handler(end.result); }}});
 }
 
 void EngineDispatcher::cancelJobsOfLocation(const QString &identifier) {
@@ -189,7 +195,7 @@ void EngineDispatcher::cancelJobs(const std::function<bool(const Entry &)> &isCa
             const bool isRemoved = isCancelled(entry);
             hasChanged = hasChanged || isRemoved;
             for (const auto &handler : isRemoved ? entry.handlers : decltype(entry.handlers)()) {
-                postHandler([handler] { handler(failure(operationCancelled())); });
+                postHandler([handler] { handler({failure(operationCancelled())}); });
             }
             return isRemoved;
         });
@@ -200,11 +206,11 @@ void EngineDispatcher::cancelJobs(const std::function<bool(const Entry &)> &isCa
 }
 
 void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncState> &state,
-                               const std::function<void()> &handler, RemovalDecision decision) {
+                               const Handler &handler, RemovalDecision decision) {
     const auto location =
         state ? std::dynamic_pointer_cast<EngineSyncLocation>(state->destination()) : nullptr;
     if (!location || !state->isEnabled()) {
-        postHandler(handler);
+        postHandler([handler] { handler({}); });
         return;
     }
     QList<Entry> &entries = m_waiting[location->identifier()];
@@ -212,7 +218,7 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
         return entry.state == state && entry.job->kind() == kind;
     });
     if (waiting != entries.end()) {
-        waiting->handlers.append([handler](const auto &) { handler(); });
+        waiting->handlers.append(handler);
         waiting->decision = decision == RemovalDecision::Later ? waiting->decision : decision;
         return;
     }
@@ -222,7 +228,7 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
             localizedSyncString(
                 "“%1” could not be cleaned up because the database is not on this computer.")
                 .arg(state->databaseName()));
-        postHandler(handler);
+        postHandler([handler] { handler({}); });
         return;
     }
     const QString title =
@@ -236,7 +242,7 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
                                           location->createBlobStore()),
          .title = title,
          .state = state,
-         .handlers = {[handler](const auto &) { handler(); }},
+         .handlers = {handler},
          .decision = decision});
 }
 
@@ -275,9 +281,11 @@ void EngineDispatcher::ended(const SyncJob *job) {
     const Entry done = *entry;
     m_running.erase(entry);
     const auto undecided = done.job->undecidedRemoval();
-    const bool isEnabled = !done.state || done.state->isEnabled();
-    if (undecided && isEnabled && done.decision != RemovalDecision::Later) {
-        synchronizeAgain(done, {undecided->UUIDs, done.decision}, done.handlers);
+    if (std::optional<Entry> again =
+            undecided ? decided(done, {undecided->UUIDs, done.decision}) : std::nullopt) {
+        again->handlers = done.handlers;
+        again->decided = questionAbout(done, *undecided);
+        add(*again);
         return;
     }
     report(done);
@@ -289,7 +297,7 @@ void EngineDispatcher::ended(const SyncJob *job) {
     }
     startNext(done.job->subject().store);
     for (const auto &handler : done.handlers) {
-        handler(done.job->result());
+        handler({done.job->result(), done.decided});
     }
 }
 
@@ -349,29 +357,82 @@ void EngineDispatcher::askAboutRemoval(const Entry &entry, const StoreSession::R
         return;
     }
     m_asked.insert(subject.databaseUUID, subject.store);
-    const RemovalQuestion question{nameOf(subject), subject.place, removal.titles, removal.total};
     presenter->askAboutRemoval(
-        question, [self = QPointer(this), entry, UUIDs = removal.UUIDs](RemovalDecision decision) {
+        questionAbout(entry, removal),
+        [self = QPointer(this), entry, UUIDs = removal.UUIDs](RemovalDecision decision) {
             const StoreSession::Subject &asked = entry.job->subject();
             // The location may have been removed meanwhile.
-            if (self && self->m_asked.take(asked.databaseUUID) == asked.store) {
-                self->synchronizeAgain(entry, {UUIDs, decision}, {});
+            if (!self || self->m_asked.take(asked.databaseUUID) != asked.store) {
+                return;
+            }
+            if (decision == RemovalDecision::Keep) {
+                self->presentGoneNotes(asked.databaseUUID, UUIDs);
+            }
+            std::optional<Entry> again = self->decided(entry, {UUIDs, decision});
+            if (again && decision == RemovalDecision::Remove) {
+                again->handlers.append([self, UUID = asked.databaseUUID, UUIDs](const End &end) {
+                    if (end.result && self) {
+                        self->presentRemainingNotes(UUID, UUIDs);
+                    }
+                });
+            }
+            if (again) {
+                self->add(*again);
             }
         });
 }
 
-void EngineDispatcher::synchronizeAgain(const Entry &entry, const SyncSession::Decision &decision,
-                                        const Handlers &handlers) {
+RemovalQuestion EngineDispatcher::questionAbout(const Entry &entry,
+                                                const StoreSession::Removal &removal) const {
+    const StoreSession::Subject &subject = entry.job->subject();
+    return {nameOf(subject), subject.place, removal.titles, removal.total};
+}
+
+std::optional<EngineDispatcher::Entry> EngineDispatcher::decided(
+    const Entry &entry, const SyncSession::Decision &decision) const {
     if (decision.decision == RemovalDecision::Later || (entry.state && !entry.state->isEnabled())) {
-        return;
+        return {};
     }
     const auto job = std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, m_profile, m_library,
                                                entry.job->subject(), entry.job->store(), decision);
-    add({.job = job,
-         .title = entry.title,
-         .state = entry.state,
-         .handlers = handlers,
-         .isDecided = true});
+    return Entry{
+        .job = job, .title = entry.title, .state = entry.state, .handlers = {}, .isDecided = true};
+}
+
+void EngineDispatcher::presentGoneNotes(const QString &databaseUUID,
+                                        const QStringList &notes) const {
+    const Expected<QSet<QString>> present = notesOf(databaseUUID);
+    if (!present) {
+        NSApp()->presentError(present.error());
+    } else if (!present->contains(QSet<QString>(notes.begin(), notes.end()))) {
+        const auto database = m_library.synchronizedDatabase(databaseUUID);
+        NSApp()->presentError(engineError(
+            EngineErrorCode::RemovalUndecided,
+            "Notes of “%1” that you wanted to keep were removed before you decided, for example by "
+            "“velmora sync --removals remove”. To restore them, choose “Deleted Notes” in the menu "
+            "“Edit”.",
+            database ? database->name() : QString()));
+    }
+}
+
+void EngineDispatcher::presentRemainingNotes(const QString &databaseUUID,
+                                             const QStringList &notes) const {
+    const Expected<QSet<QString>> present = notesOf(databaseUUID);
+    if (!present) {
+        NSApp()->presentError(present.error());
+    } else if (present->intersects(QSet<QString>(notes.begin(), notes.end()))) {
+        const auto database = m_library.synchronizedDatabase(databaseUUID);
+        NSApp()->presentError(engineError(
+            EngineErrorCode::RemovalUndecided,
+            "Notes of “%1” that you wanted to remove were kept or edited before you decided, for "
+            "example by “velmora sync --removals keep”. If you do not need them, delete them.",
+            database ? database->name() : QString()));
+    }
+}
+
+Expected<QSet<QString>> EngineDispatcher::notesOf(const QString &databaseUUID) const {
+    const auto database = m_library.synchronizedDatabase(databaseUUID);
+    return database ? database->log().noteUUIDs() : Expected<QSet<QString>>();
 }
 
 QString EngineDispatcher::nameOf(const StoreSession::Subject &subject) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QSet>
 #include <QtCore/QTimer>
 
 #include "Application/Interface/QVUnsentChanges.h"
@@ -36,7 +37,7 @@ public:
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states,
                                                           std::function<void()> handler) override;
     void synchronize(const QVSyncStates &states, RemovalDecision decision,
-                     std::function<void()> handler) override;
+                     std::function<void(const QList<RemovalQuestion> &decided)> handler) override;
     /// Returns the activity of the first job that was not cancelled, also of one that waits only
     /// until a cancelled job has ended. Computed at each call.
     QString activity() const override;
@@ -66,7 +67,13 @@ Q_SIGNALS:
     void progressChanged();
 
 private:
-    using Handlers = QList<std::function<void(const Expected<void> &result)>>;
+    /// How a job has ended.
+    struct End {
+        Expected<void> result = {};
+        /// The removal that was decided beforehand and carried out.
+        std::optional<RemovalQuestion> decided = {};
+    };
+    using Handler = std::function<void(const End &end)>;
 
     /// A job that is waiting or running.
     struct Entry {
@@ -75,13 +82,15 @@ private:
         QString title;
         /// Null if the store belongs to no location.
         std::shared_ptr<QVSyncState> state;
-        Handlers handlers;
+        QList<Handler> handlers;
         /// Invalid while the job waits.
         QDateTime started = {};
         /// Whether the running job was cancelled. Its store is in use until it ends.
         bool isCancelled = false;
         /// Whether the user has decided what the job removes.
         bool isDecided = false;
+        /// The question that `decision` has answered before this job was started.
+        std::optional<RemovalQuestion> decided = {};
         /// What the user has decided for the case that the job would remove many notes.
         RemovalDecision decision = RemovalDecision::Later;
     };
@@ -89,8 +98,7 @@ private:
     /// Adds a job, or only `handler` and `decision` if such a job is already waiting. Calls
     /// `handler` later, without a job, if the state is disabled or has no location of this engine.
     void enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncState> &state,
-                 const std::function<void()> &handler,
-                 RemovalDecision decision = RemovalDecision::Later);
+                 const Handler &handler, RemovalDecision decision = RemovalDecision::Later);
     /// Cancels the jobs of the states that were disabled after they were requested.
     void cancelDisabledJobs();
     /// Cancels the jobs for which `isCancelled` returns true: running ones end soon, and waiting
@@ -122,9 +130,17 @@ private:
     /// about that database is open or its answer waits to be carried out, and starts a
     /// synchronization with the decision.
     void askAboutRemoval(const Entry &entry, const StoreSession::Removal &removal);
-    /// Synchronizes again, with what the user has decided, and calls `handlers` after that.
-    void synchronizeAgain(const Entry &entry, const SyncSession::Decision &decision,
-                          const Handlers &handlers);
+    RemovalQuestion questionAbout(const Entry &entry, const StoreSession::Removal &removal) const;
+    /// Synchronizes again, with what the user has decided. Returns the new job, which is not added
+    /// yet; empty if nothing remains to be done.
+    std::optional<Entry> decided(const Entry &entry, const SyncSession::Decision &decision) const;
+    /// Presents an error if some of these notes, which the user keeps, are gone from the database.
+    void presentGoneNotes(const QString &databaseUUID, const QStringList &notes) const;
+    /// Presents an error if some of these notes, which the user removes, are still there after the
+    /// synchronization with that decision.
+    void presentRemainingNotes(const QString &databaseUUID, const QStringList &notes) const;
+    /// Returns the UUIDs of the notes of a database, none if there is no such database.
+    Expected<QSet<QString>> notesOf(const QString &databaseUUID) const;
     /// Sets and saves the result of a job, and the date if it was a successful synchronization. A
     /// cancelled job has no result.
     void rememberResult(const Entry &entry);

@@ -13,6 +13,7 @@
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileReader.h"
 #include "Engine/Synchronization/TransactionRecords.h"
+#include "Host/SyncStrings.h"
 
 namespace {
 
@@ -84,8 +85,8 @@ Expected<QList<Operation>> StoreSession::takeSoundOperations() {
         for (const Operation &operation : *operations) {
             if (operation.isSound()) {
                 sound.append(operation);
-            } else {
-                reportDamaged(operation);
+            } else if (Expected<void> handled = handleDamaged(operation); !handled) {
+                return failure(handled.error());
             }
         }
         if (operations->size() < count - m_operationsToWrite.size()) {
@@ -93,6 +94,27 @@ Expected<QList<Operation>> StoreSession::takeSoundOperations() {
         }
     }
     return sound;
+}
+
+Expected<void> StoreSession::handleDamaged(const Operation &operation) {
+    return database()->removeDamagedCopy(operation).map([&](bool isRemoved) {
+        if (isRemoved) {
+            reportRepaired(operation.computedId(), operation.title);
+        } else {
+            reportDamaged(operation);
+        }
+    });
+}
+
+void StoreSession::reportRepaired(const OperationId &identifier, const QString &title) {
+    if (m_repaired.contains(identifier)) {
+        return;
+    }
+    m_repaired.insert(identifier);
+    addProblem(engineError(EngineErrorCode::RecordRepaired,
+                           localizedSyncString("“%1” was damaged on this computer and was read "
+                                               "again from the location.")
+                               .arg(title.left(80))));
 }
 
 void StoreSession::reportDamaged(const Operation &operation) {
@@ -183,21 +205,29 @@ Expected<void> StoreSession::write(Outgoing &outgoing, BlobStore &store,
     }
     // No two records are the same, so an existing record is that of an earlier attempt whose
     // response was lost.
-    return store.writeIfAbsent(name, record, future)
-        .and_then(
-            [&](BlobStore::Written) { return store.read(name, Transaction::SizeLimit, future); })
-        .and_then([&](const QByteArray &stored) -> Expected<void> {
-            if (stored == record) {
-                return {};
-            }
-            // If this fails too, every reader skips the record as damaged.
-            static_cast<void>(store.remove(name, future));
-            return failure(engineError(
-                EngineErrorCode::DamagedRecord,
-                "The record “%1” was not stored as it was written. Try again. If this happens "
-                "repeatedly, use another location.",
-                store.place(name)));
-        });
+    return store.writeIfAbsent(name, record, future).and_then([&](BlobStore::Written) {
+        return readBack(name, record, store, future);
+    });
+}
+
+Expected<void> StoreSession::readBack(const QString &name, const QByteArray &record,
+                                      BlobStore &store, const EngineFuture &future) {
+    const Expected<QByteArray> stored = store.read(name, record.size(), future);
+    // If it is longer, or no plain file.
+    const bool isRefused = !stored && isEngineError(stored.error(), EngineErrorCode::BlobRefused);
+    if (!stored && !isRefused) {
+        return failure(stored.error());
+    }
+    if (stored && *stored == record) {
+        return {};
+    }
+    // If this fails too, every reader skips the record as damaged.
+    static_cast<void>(store.remove(name, future));
+    return failure(
+        engineError(EngineErrorCode::DamagedRecord,
+                    "The record “%1” was not stored as it was written. Try again. If this happens "
+                    "repeatedly, use another location.",
+                    store.place(name)));
 }
 
 Expected<std::optional<Error>> StoreSession::problemOfDatabaseRecord(

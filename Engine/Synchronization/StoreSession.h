@@ -111,7 +111,12 @@ protected:
     /// Returns the blob name of the transaction record `name`.
     QString path(const QString &name) const;
     void addProblem(const Error &error) { m_problems.add(error); }
+    /// Returns where addProblem() adds to. Valid as long as this object.
+    Problems &collectedProblems() { return m_problems; }
     SessionProgress &progress() { return m_progress; }
+    /// Adds the problem that the operation `identifier` was damaged in the profile or lost, and
+    /// that it is repaired. Has no effect if that was added before.
+    void reportRepaired(const OperationId &identifier, const QString &title);
     void addReceived(qint64 count) { m_received += count; }
     void addTransactionOfSize(qint64 size);
     void setDone() { m_isDone = true; }
@@ -148,8 +153,15 @@ private:
     };
 
     Expected<void> write(Outgoing &outgoing, BlobStore &store, const EngineFuture &future) const;
+    /// Returns an error of the code DamagedRecord, and removes what is stored as `name`, unless
+    /// that is `record`. Receives no more than its size, or 1 MiB if that is more.
+    static Expected<void> readBack(const QString &name, const QByteArray &record, BlobStore &store,
+                                   const EngineFuture &future);
     /// Takes operations from those to write until some of them are sound or none remain.
     Expected<QList<Operation>> takeSoundOperations();
+    /// Removes the operation, whose identifier or contents are damaged, if the database knows one
+    /// with its contents. Otherwise it is reported and remembered.
+    Expected<void> handleDamaged(const Operation &operation);
     void reportDamaged(const Operation &operation);
 
     const ProfileDatabase &m_profile;
@@ -169,6 +181,7 @@ private:
     qint64 m_largestTransaction = 0;
     QStringList m_writtenTransactions;
     bool m_hasFailedToWriteAll = false;
+    QSet<OperationId> m_repaired;
     std::atomic_bool m_isAbandoned = false;
     /// Locked while a worker thread reads the profile.
     QMutex m_profileUse;

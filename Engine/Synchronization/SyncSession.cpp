@@ -1,7 +1,6 @@
 #include "Engine/Synchronization/SyncSession.h"
 
-#include <QtCore/QCryptographicHash>
-#include <QtCore/QRandomGenerator>
+#include <QtCore/QElapsedTimer>
 #include <algorithm>
 #include <atomic>
 #include <utility>
@@ -19,14 +18,13 @@ namespace {
 
 /// Number of bytes after which the records that were read are merged before more are read.
 constexpr qsizetype ReadAtOnce = 4LL << 20;
-/// Approximate number of rows that one step on the main thread merges.
-constexpr qsizetype RowsMergedAtOnce = 2000;
+/// The time that one step on the main thread should take, and the limits of the number of rows that
+/// it merges. With fewer, most of the time would be that between the steps.
+constexpr qint64 NanosecondsOfStep = 8'000'000;
+constexpr qsizetype FewestRowsAtOnce = 200;
+constexpr qsizetype MostRowsAtOnce = 2000;
 /// Number of operations that one step on the main thread renews, each of which writes several rows.
-constexpr qsizetype OperationsRenewedAtOnce = 400;
-/// Number of rows that take as long as it takes to record that a record is known.
-constexpr qsizetype RowsOfRecord = 10;
-/// Number of characters that take as long as another row.
-constexpr qsizetype CharactersInRow = 200;
+constexpr qsizetype OperationsRenewedAtOnce = 100;
 /// Size of the records whose transactions are kept in memory until all are compared, in bytes.
 constexpr qint64 KeptUntilCompared = 16LL << 20;
 /// A removal of more notes than this must be decided by the user if it is more than half of them.
@@ -36,22 +34,24 @@ bool isLarge(qint64 removed, qint64 total) {
     return removed > FewNotes && removed * 2 > total;
 }
 
-/// Returns a digest of what `transaction` does.
-QByteArray digestOf(const Transaction &transaction) {
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    for (const Operation &operation : transaction.operations) {
-        hash.addData(operation.id);
-    }
-    hash.addData("superseded");
-    hash.addData(Operation::packed(transaction.superseded));
-    return hash.result();
+/// Returns the error of a removal that the user must decide about.
+Error undecided(qint64 removed, qint64 total) {
+    return engineError(
+        EngineErrorCode::RemovalUndecided,
+        localizedSyncCount("The location removes %1 of %2 notes. Nothing was changed. "
+                           "Synchronize again to decide what happens to these notes.",
+                           nullptr, total)
+            .arg(QString::number(removed), QString::number(total)));
 }
 
 }  // namespace
 
 SyncSession::SyncSession(const ProfileDatabase &profile, EngineNoteLibrary &library,
-                         Subject subject, Verification verification)
-    : StoreSession(profile, library, std::move(subject)), m_verification(verification) {
+                         Subject subject, RecordVerification::Extent extent)
+    : StoreSession(profile, library, std::move(subject)),
+      m_verifiesAll(extent == RecordVerification::Extent::All),
+      m_verification(extent),
+      m_damagedRecords(collectedProblems()) {
     if (database()) {
         rememberDatabase();
     }
@@ -87,6 +87,8 @@ Expected<void> SyncSession::accessProfile() {
             return importDatabase().map([this] {
                 rememberDatabase();
                 m_damagedOperations = database()->damaged();
+                m_mustCompare = m_verifiesAll || !m_damagedOperations.isEmpty() ||
+                                database()->isComparisonDue(subject().store);
             });
         case Step::Comparing:
         case Step::Forgetting:
@@ -124,7 +126,8 @@ Expected<void> SyncSession::readStore(BlobStore &store, const EngineFuture &futu
                                    "“%1” is not a valid identifier of a database.",
                                    subject().databaseUUID));
     }
-    if (Expected<void> chosen = readProfile([this] { return chooseSuspects(); }); !chosen) {
+    if (Expected<void> chosen = readProfile([this] { return m_verification.choose(known()); });
+        !chosen) {
         return chosen;
     }
     Expected<void> record;
@@ -138,7 +141,8 @@ Expected<void> SyncSession::readStore(BlobStore &store, const EngineFuture &futu
             names = store.list(folder(), future);
             hasFailed = hasFailed || !names;
         } else if (!hasFailed) {
-            verifySuspects(store, future);
+            m_verification.verify({store, subject().databaseUUID, future}, store.operationsAtOnce(),
+                                  future);
         }
     });
     if (!record || !names) {
@@ -190,9 +194,8 @@ void SyncSession::takeListing(const BlobStore &store, const QStringList &names) 
 
 Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFuture &future) {
     const TransactionRecords records(store, subject().databaseUUID, future);
-    m_readSize = 0;
-    m_merged.clear();
-    if (m_pass == Pass::Merging && !m_read.isEmpty()) {
+    m_queue.releaseTaken();
+    if (m_pass == Pass::Merging && !m_queue.isEmpty()) {
         return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
     }
     const QStringList names = std::exchange(m_unread, {});
@@ -213,13 +216,9 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
 Expected<void> SyncSession::takeTransaction(const TransactionRecords &records, const QString &name,
                                             const Expected<TransactionRecords::Record> &record) {
     if (record) {
-        m_readSize += record->size;
-        const QByteArray digest = digestOf(record->transaction);
-        if (m_released.value(name, digest) == digest) {
-            Read read{name, record->transaction, record->size, digest};
-            // Neighbours are inserted into the table in a fraction of the time.
-            std::sort(read.transaction.superseded.begin(), read.transaction.superseded.end());
-            m_read.append(read);
+        const MergeQueue::Entry entry = MergeQueue::entryOf(name, *record);
+        if (m_released.value(name, entry.digest) == entry.digest) {
+            m_queue.append(entry);
         } else {
             addProblem(
                 engineError(EngineErrorCode::DamagedRecord,
@@ -228,135 +227,19 @@ Expected<void> SyncSession::takeTransaction(const TransactionRecords &records, c
         }
         return {};
     }
-    const Error &error = record.error();
+    if (!TransactionRecords::isOfOneOrMissing(record.error())) {
+        return failure(record.error());
+    }
     const auto known = m_readAgain.constFind(name);
-    const bool isKnown = known != m_readAgain.constEnd();
-    const Suspect suspect{name, isKnown ? std::optional(*known) : std::nullopt};
-    if (isEngineError(error, EngineErrorCode::BlobMissing)) {
-        m_missing.append(suspect);
-        return {};
-    }
-    if (!TransactionRecords::isOfOneRecord(error)) {
-        return failure(error);
-    }
-    if (isKnown) {
-        m_lost.append(name);
-    }
-    if (isEngineError(error, EngineErrorCode::DamagedRecord) &&
-        m_damaged.size() < RecordsToSetAside) {
-        m_damaged.append(suspect);
-    } else {
-        addProblem(error);
-    }
+    m_damagedRecords.add(
+        {name, known == m_readAgain.constEnd() ? std::nullopt : std::optional(*known)},
+        record.error());
     return {};
 }
 
 Expected<void> SyncSession::handleDamage(BlobStore &store, const EngineFuture &future) {
-    const TransactionRecords records(store, subject().databaseUUID, future);
-    for (const Verified &verified : std::as_const(m_verified)) {
-        takeVerified(verified);
-    }
-    qint64 size = 0;
-    for (const Suspect &damaged : std::as_const(m_damaged)) {
-        if (future.isCancelled()) {
-            break;
-        }
-        if (size < BytesToSetAside) {
-            size += setAside(records, damaged);
-        } else {
-            addProblem(damagedRecord(records.place(damaged.name)));
-        }
-    }
-    return future.isCancelled() ? failure(operationCancelled()) : reportMissing(records);
-}
-
-Expected<void> SyncSession::reportMissing(const TransactionRecords &records) {
-    if (m_missing.isEmpty()) {
-        return {};
-    }
-    return records.listed().map([&](const QSet<QString> &listed) {
-        for (const Suspect &missing : std::as_const(m_missing)) {
-            if (!listed.contains(missing.name)) {
-                continue;
-            }
-            if (missing.written) {
-                m_lost.append(missing.name);
-            }
-            addProblem(
-                missing.written
-                    ? engineError(EngineErrorCode::RecordRepaired,
-                                  "The location lists the record “%1” but does not return it. This "
-                                  "computer writes its contents again.",
-                                  records.place(missing.name))
-                    : records.notReturned(missing.name));
-        }
-    });
-}
-
-void SyncSession::verifySuspects(BlobStore &store, const EngineFuture &future) {
-    const TransactionRecords records(store, subject().databaseUUID, future);
-    bool isReadable = true;
-    while (!m_suspects.isEmpty() && isReadable && !future.isCancelled()) {
-        const QList<Suspect> some =
-            m_suspects.first(qMin(m_suspects.size(), qsizetype(store.operationsAtOnce())));
-        m_suspects.remove(0, some.size());
-        QStringList names;
-        QList<KnownTransactions::Contents> written;
-        for (const Suspect &suspect : some) {
-            names.append(suspect.name);
-            written.append(suspect.written.value_or(KnownTransactions::Contents()));
-        }
-        const auto results = records.verifyAll(names, written);
-        for (qsizetype i = 0; i < some.size() && isReadable; ++i) {
-            const Expected<void> &result = results[static_cast<size_t>(i)];
-            isReadable = result || TransactionRecords::isOfOneOrMissing(result.error());
-            m_verified.append({some[i], result});
-        }
-    }
-}
-
-void SyncSession::takeVerified(const Verified &verified) {
-    const auto &[suspect, record] = verified;
-    m_lastVerified = suspect.name;
-    if (record) {
-        return;
-    }
-    if (isEngineError(record.error(), EngineErrorCode::BlobMissing)) {
-        m_missing.append(suspect);
-        return;
-    }
-    if (isEngineError(record.error(), EngineErrorCode::DamagedRecord) &&
-        m_damaged.size() < RecordsToSetAside) {
-        m_lost.append(suspect.name);
-        m_damaged.append(suspect);
-        return;
-    }
-    addProblem(record.error());
-    if (TransactionRecords::isOfOneRecord(record.error())) {
-        m_lost.append(suspect.name);
-    }
-}
-
-qint64 SyncSession::setAside(const TransactionRecords &records, const Suspect &damaged) {
-    const Expected<TransactionRecords::Copy> copy = records.setAside(damaged.name, damaged.written);
-    if (!copy) {
-        // Another computer has set it aside.
-        if (!isEngineError(copy.error(), EngineErrorCode::BlobMissing)) {
-            addProblem(copy.error());
-        }
-        return 0;
-    }
-    const EngineErrorCode code =
-        damaged.written ? EngineErrorCode::RecordRepaired : EngineErrorCode::DamagedRecord;
-    const QString text = damaged.written
-                             ? localizedSyncString(
-                                   "The record “%1” was damaged. It was moved to “%2”, and this "
-                                   "computer writes its contents again.")
-                             : localizedSyncString(
-                                   "The record “%1” was damaged and was moved to “%2”. Synchronize "
-                                   "on the computer that wrote it to restore its contents.");
-    addProblem(engineError(code, text.arg(records.place(damaged.name), copy->place)));
-    return copy->size;
+    m_verification.takeResults(m_damagedRecords);
+    return m_damagedRecords.setAside({store, subject().databaseUUID, future}, future);
 }
 
 Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store, const EngineFuture &future) {
@@ -386,13 +269,8 @@ Expected<void> SyncSession::compareListing() {
     if (Expected<void> chosen = chooseToReadAgain(listed); !chosen) {
         return chosen;
     }
-    // What is not listed any more says nothing, unless the store has failed.
-    m_verified.removeIf([&](const Verified &verified) {
-        const QString &name = verified.suspect.name;
-        return m_readAgain.contains(name) ||
-               (!listed.contains(name) &&
-                (verified.result || TransactionRecords::isOfOneOrMissing(verified.result.error())));
-    });
+    // What is not listed any more says nothing.
+    m_verification.dropResults(m_readAgain, listed);
     all->removeIf(
         [&](QHash<QString, qint64>::iterator each) { return m_readAgain.contains(each.key()); });
     for (auto each = all->keyBegin(); each != all->keyEnd(); ++each) {
@@ -413,9 +291,9 @@ Expected<void> SyncSession::compareListing() {
 }
 
 Expected<void> SyncSession::chooseToReadAgain(const QSet<QString> &listed) {
-    const bool areAllVerified = m_verification == Verification::All;
-    if (!areAllVerified && m_damagedOperations.isEmpty()) {
-        return {};
+    const Expected<bool> isComplete = known().isComplete();
+    if (!isComplete || (*isComplete && !m_mustCompare)) {
+        return isComplete.map([](bool) {});
     }
     Expected<QHash<QString, KnownTransactions::Contents>> all = known().all();
     const Expected<QList<OperationId>> operations = log().operationIds();
@@ -426,75 +304,42 @@ Expected<void> SyncSession::chooseToReadAgain(const QSet<QString> &listed) {
     if (!operations || !superseded) {
         return failure(operations ? superseded.error() : operations.error());
     }
-    QSet<OperationId> present(operations->begin(), operations->end());
-    const QSet<OperationId> damaged = QSet(m_damagedOperations).intersect(present);
-    present.unite(*superseded);
+    m_damagedOperations.intersect({operations->begin(), operations->end()});
+    const QSet<OperationId> present =
+        QSet<OperationId>(operations->begin(), operations->end()) + *superseded;
     all->removeIf([&](QHash<QString, KnownTransactions::Contents>::iterator each) {
-        const bool isNeeded =
-            std::any_of(each->operations.begin(), each->operations.end(),
-                        [&](const OperationId &id) {
-                            return damaged.contains(id) ||
-                                   (areAllVerified && !present.contains(id));
-                        }) ||
-            (areAllVerified &&
-             !std::all_of(each->superseded.begin(), each->superseded.end(),
-                          [&](const OperationId &id) { return superseded->contains(id); }));
-        return !isNeeded || !listed.contains(each.key());
+        if (!listed.contains(each.key())) {
+            return true;
+        }
+        bool isNeeded =
+            !std::all_of(each->superseded.begin(), each->superseded.end(),
+                         [&](const OperationId &id) { return superseded->contains(id); });
+        for (const OperationId &id : std::as_const(each->operations)) {
+            if (!present.contains(id)) {
+                m_damagedOperations.insert(id);
+            }
+            isNeeded = isNeeded || m_damagedOperations.contains(id);
+        }
+        return !isNeeded;
     });
     m_readAgain = *all;
     return {};
 }
 
-Expected<void> SyncSession::chooseSuspects() {
-    const Expected<QHash<QString, qint64>> sizes = known().sizes();
-    if (!sizes) {
-        return failure(sizes.error());
-    }
-    const Expected<QString> last = known().lastVerified();
-    if (!last) {
-        return failure(last.error());
-    }
-    m_lastVerified = *last;
-    QStringList names = sizes->keys();
-    names.sort();
-    std::rotate(names.begin(), std::upper_bound(names.begin(), names.end(), *last), names.end());
-    qint64 size = 0;
-    for (const QString &name : std::as_const(names)) {
-        size += sizes->value(name);
-        const bool isEnough = m_suspects.size() == RecordsToVerify ||
-                              (m_suspects.isEmpty() ? !isTurnOf(size) : size > BytesToVerify);
-        if (isEnough && m_verification == Verification::Some) {
-            break;
-        }
-        const Expected<KnownTransactions::Contents> contents = TransactionName::hasDigest(name)
-                                                                   ? KnownTransactions::Contents()
-                                                                   : known().contents(name);
-        if (!contents) {
-            return failure(contents.error());
-        }
-        m_suspects.append({name, *contents});
-    }
-    return {};
-}
-
-bool SyncSession::isTurnOf(qint64 size) const {
-    return QRandomGenerator::global()->generateDouble() * static_cast<double>(size) <
-           static_cast<double>(BytesToVerify);
-}
-
 Expected<void> SyncSession::compareTransactions() {
     qint64 size = 0;
-    for (const Read &each : std::as_const(m_read)) {
+    const QList<MergeQueue::Entry> &read = m_queue.waiting();
+    for (const MergeQueue::Entry &each : read) {
         size += each.size;
     }
-    for (; m_compared < m_read.size(); ++m_compared) {
-        m_forecast.add(m_read[m_compared].transaction);
+    for (; m_compared < read.size(); ++m_compared) {
+        m_forecast.add(read[m_compared].transaction);
     }
     if (size > KeptUntilCompared) {
-        for (const Read &each : std::as_const(m_read)) {
+        for (const MergeQueue::Entry &each : read) {
             m_released.insert(each.name, each.digest);
         }
-        m_read.clear();
+        m_queue.clear();
         m_compared = 0;
     }
     if (!m_unread.isEmpty()) {
@@ -503,7 +348,8 @@ Expected<void> SyncSession::compareTransactions() {
     return readProfile([this] { return checkRemoval(); }).map([this] {
         m_pass = Pass::Merging;
         m_unread = m_released.keys();
-        progress().begin(SessionProgress::Phase::Merging, m_unread.size() + m_read.size());
+        progress().begin(SessionProgress::Phase::Merging,
+                         m_unread.size() + m_queue.waiting().size());
     });
 }
 
@@ -513,12 +359,14 @@ Expected<void> SyncSession::checkRemoval() {
     if (!removed) {
         return failure(removed.error());
     }
-    const Expected<qint64> count = log().countOfNotes();
+    // Counting reads all notes.
+    const Expected<qint64> count =
+        removed->size() > FewNotes ? log().countOfNotes() : Expected<qint64>(0);
     if (!count) {
         return failure(count.error());
     }
     Removal removal{{}, {}, *count};
-    qint64 undecided = 0;
+    qint64 openQuestions = 0;
     QSet<QString> decided;
     if (m_decision.decision != RemovalDecision::Later) {
         decided = QSet(m_decision.UUIDs.begin(), m_decision.UUIDs.end());
@@ -527,7 +375,7 @@ Expected<void> SyncSession::checkRemoval() {
         removal.UUIDs.append(note.UUID);
         removal.titles.append(note.title);
         const bool isDecided = decided.contains(note.UUID);
-        undecided += isDecided ? 0 : 1;
+        openQuestions += isDecided ? 0 : 1;
         if (isDecided && m_decision.decision == RemovalDecision::Keep) {
             const Expected<QList<OperationId>> operations = log().operationIds(note.UUID);
             if (!operations) {
@@ -536,14 +384,9 @@ Expected<void> SyncSession::checkRemoval() {
             m_operationsToKeep.append(*operations);
         }
     }
-    if (undecided > 0 && isLarge(removed->size(), *count)) {
+    if (openQuestions > 0 && isLarge(removed->size(), *count)) {
         setUndecidedRemoval(removal);
-        return failure(engineError(
-            EngineErrorCode::RemovalUndecided,
-            localizedSyncCount("The location removes %1 of %2 notes. Nothing was changed. "
-                               "Synchronize again to decide what happens to these notes.",
-                               nullptr, *count)
-                .arg(QString::number(removed->size()), QString::number(*count))));
+        return failure(undecided(removed->size(), *count));
     }
     return {};
 }
@@ -553,12 +396,13 @@ Expected<void> SyncSession::recordVerification() {
     if (!last) {
         return failure(last.error());
     }
-    if (m_lost.isEmpty() && *last == m_lastVerified) {
+    const QStringList &lost = m_damagedRecords.lost();
+    if (lost.isEmpty() && *last == m_verification.last()) {
         return {};
     }
-    return profile().write([this] {
-        return known().remove(m_lost).and_then(
-            [this] { return known().setLastVerified(m_lastVerified); });
+    return profile().write([&] {
+        return known().remove(lost).and_then(
+            [this] { return known().setLastVerified(m_verification.last()); });
     });
 }
 
@@ -584,13 +428,13 @@ Expected<void> SyncSession::continueReading() {
         return keepNotes();
     }
     return mergeTransactions().and_then([this]() -> Expected<void> {
-        return m_unread.isEmpty() && m_read.isEmpty() ? endReading() : Expected<void>();
+        return m_unread.isEmpty() && m_queue.isEmpty() ? endReading() : Expected<void>();
     });
 }
 
 Expected<void> SyncSession::endReading() {
     progress().begin(SessionProgress::Phase::Preparing);
-    if (m_verified.isEmpty() && m_damaged.isEmpty() && m_missing.isEmpty() && m_lost.isEmpty()) {
+    if (!m_verification.hasResults() && m_damagedRecords.isEmpty()) {
         return beginCollecting();
     }
     m_step = Step::Verifying;
@@ -599,13 +443,8 @@ Expected<void> SyncSession::endReading() {
 
 Expected<void> SyncSession::beginCollecting() {
     return known().isComplete().map([this](bool isComplete) {
-        m_step = isComplete && !mustCompare() ? Step::Collecting : Step::Restarting;
+        m_step = isComplete && !m_mustCompare ? Step::Collecting : Step::Restarting;
     });
-}
-
-bool SyncSession::mustCompare() const {
-    return m_verification == Verification::All || !m_damagedOperations.isEmpty() ||
-           database()->isComparisonDue(subject().store);
 }
 
 Expected<void> SyncSession::restartRecording() {
@@ -633,78 +472,61 @@ Expected<void> SyncSession::keepNotes() {
                            [] { return Expected<void>(); });
 }
 
-Transaction SyncSession::Read::takePart(qsizetype &room) {
-    Transaction part;
-    ++mergedParts;
-    room -= RowsOfRecord;
-    while (mergedOperations < transaction.operations.size() && room > 0) {
-        part.operations.append(transaction.operations[mergedOperations++]);
-        const Operation &operation = part.operations.last();
-        room -= 1 + operation.supersedes.size() +
-                (operation.title.size() + operation.text.size()) / CharactersInRow;
-    }
-    const qsizetype count =
-        qMin(qMax(room, qsizetype(0)), transaction.superseded.size() - mergedSuperseded);
-    part.superseded.append(transaction.superseded.mid(mergedSuperseded, count));
-    mergedSuperseded += count;
-    room -= count;
-    return part;
-}
-
 Expected<void> SyncSession::mergeTransactions() {
-    if (m_read.isEmpty()) {
+    if (m_queue.isEmpty()) {
         return {};
     }
     Merge merge{{Transaction()}, subject().place, {}, {}};
     Transaction &all = merge.transactions.first();
-    QList<Part> parts;
-    const qsizetype mergedBefore = m_merged.size();
-    qsizetype room = RowsMergedAtOnce;
-    while (!m_read.isEmpty() && room > 0) {
-        Read &read = m_read.first();
-        parts.append({read.name, read.takePart(room), read.mergedParts - 1, {}});
-        all.operations.append(parts.last().transaction.operations);
-        all.superseded.append(parts.last().transaction.superseded);
-        if (read.isMerged()) {
-            parts.last().size = read.size;
-            m_merged.append(m_read.takeFirst());
-        }
+    QElapsedTimer elapsed;
+    elapsed.start();
+    const QList<MergeQueue::Part> parts = m_queue.takeParts(m_rowsAtOnce);
+    for (const MergeQueue::Part &part : parts) {
+        all.operations.append(part.transaction.operations);
+        all.superseded.append(part.transaction.superseded);
     }
     const qint64 count = all.operations.size();
-    const QSet<OperationId> damaged = database()->damaged();
     return library().merge(database(), merge, [&] { return addToKnown(parts); }).map([&] {
         addReceived(count);
-        reportRepaired(all.operations, damaged);
-        for (const Part &part : std::as_const(parts)) {
+        reportRepaired(all.operations);
+        for (const MergeQueue::Part &part : parts) {
             addTransactionOfSize(part.size.value_or(0));
+            progress().advance(part.size ? 1 : 0);
         }
-        progress().advance(m_merged.size() - mergedBefore);
+        adaptRowsAtOnce(elapsed.nsecsElapsed());
     });
 }
 
-void SyncSession::reportRepaired(const QList<Operation> &operations,
-                                 const QSet<OperationId> &damaged) {
+void SyncSession::reportRepaired(const QList<Operation> &operations) {
     for (const Operation &operation : operations) {
-        if (damaged.contains(operation.id)) {
-            addProblem(engineError(
-                EngineErrorCode::RecordRepaired,
-                localizedSyncString("“%1” was damaged on this computer and was read again from the "
-                                    "location.")
-                    .arg(operation.title.left(80))));
+        if (m_damagedOperations.remove(operation.id)) {
+            StoreSession::reportRepaired(operation.id, operation.title);
         }
     }
 }
 
-Expected<void> SyncSession::addToKnown(const QList<Part> &parts) {
-    for (const Part &part : parts) {
-        if (Expected<void> added = part.size
-                                       ? known().add(part.name, part.transaction, *part.size)
-                                       : known().addPart(part.name, part.number, part.transaction);
-            !added) {
+void SyncSession::adaptRowsAtOnce(qint64 nanoseconds) {
+    // Slowly upwards: one step may be quick by chance.
+    const qint64 fitting = m_rowsAtOnce * NanosecondsOfStep / qMax(nanoseconds, qint64(1));
+    m_rowsAtOnce =
+        qBound(FewestRowsAtOnce, qMin(qsizetype(fitting), m_rowsAtOnce * 5 / 4), MostRowsAtOnce);
+}
+
+Expected<void> SyncSession::addToKnown(const QList<MergeQueue::Part> &parts) {
+    for (const MergeQueue::Part &part : parts) {
+        if (Expected<void> added = addToKnown(part); !added) {
             return added;
         }
     }
     return {};
+}
+
+Expected<void> SyncSession::addToKnown(const MergeQueue::Part &part) {
+    if (!part.size) {
+        return known().addPart(part.name, part.number, part.transaction);
+    }
+    return part.number == 0 ? known().add(part.name, part.transaction, *part.size)
+                            : known().addLastPart(part.name, part.transaction, *part.size);
 }
 
 Expected<void> SyncSession::prepareWriting() {
@@ -723,7 +545,7 @@ Expected<void> SyncSession::prepareWriting() {
 }
 
 Expected<void> SyncSession::collectUnwritten() {
-    m_merged.clear();
+    m_queue.releaseTaken();
     const Expected<bool> isComplete = known().isComplete();
     if (!isComplete) {
         return failure(isComplete.error());

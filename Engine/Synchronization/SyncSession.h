@@ -2,6 +2,9 @@
 
 #include "Application/Interface/QuestionPresenter.h"
 #include "Engine/Notes/RemovalForecast.h"
+#include "Engine/Synchronization/DamagedRecords.h"
+#include "Engine/Synchronization/MergeQueue.h"
+#include "Engine/Synchronization/RecordVerification.h"
 #include "Engine/Synchronization/StoreSession.h"
 #include "Engine/Synchronization/TransactionRecords.h"
 
@@ -19,7 +22,9 @@
 /// What the store lacks is taken from what the profile has recorded about it. The session compares
 /// everything instead, and begins that record anew, if it is not complete or is wrong, if the
 /// profile has damaged notes, if all records are verified, and at least in the first session with
-/// the store after the profile was opened and in one of each day.
+/// the store after the profile was opened and in one of each day. Such a session also reads the
+/// known records again that contain an operation which is damaged in the profile, or neither
+/// current nor superseded there.
 ///
 /// If more than ten notes and more than half of the database's notes would disappear by all that is
 /// read together, nothing is merged or written, and the session ends with an error of the code
@@ -28,31 +33,16 @@
 /// If a read of the profile fails, the session ends with that error and writes nothing further.
 class SyncSession : public StoreSession {
 public:
-    /// Which of the known records a session verifies.
-    enum class Verification {
-        /// At most RecordsToVerify, and not more than BytesToVerify; a larger record in some
-        /// sessions only, so that it is not more in the mean.
-        Some,
-        All
-    };
     /// What the user has decided about a removal.
     struct Decision {
         /// The notes that the user was asked about.
         QStringList UUIDs;
         RemovalDecision decision = RemovalDecision::Later;
     };
-    /// The maximum number of known records that one session verifies unless it verifies all.
-    static constexpr int RecordsToVerify = 8;
-    /// The maximum size in bytes of these records together, in the mean over many sessions.
-    static constexpr qint64 BytesToVerify = 2LL << 20;
-    /// The maximum number of records that one session moves, and the number of bytes after which it
-    /// moves none; the others are only reported.
-    static constexpr qsizetype RecordsToSetAside = 100;
-    static constexpr qint64 BytesToSetAside = 16LL << 20;
 
     /// See StoreSession. Reads and writes nothing yet. Must be called on the main thread.
     SyncSession(const ProfileDatabase &profile, EngineNoteLibrary &library, Subject subject,
-                Verification verification = Verification::Some);
+                RecordVerification::Extent extent = RecordVerification::Extent::Some);
 
     /// Sets what the user has decided; by default, nothing. Keep brings the notes back by new
     /// edits, so that the other computers keep them, too. Must be called before the first step.
@@ -77,46 +67,8 @@ private:
         Writing,
         Naming
     };
-    /// A transaction that was read and not completely merged yet.
-    struct Read {
-        QString name;
-        Transaction transaction;
-        /// Size of its record in bytes.
-        qint64 size = 0;
-        QByteArray digest;
-        /// The numbers of parts, of operations and of superseded identifiers that were merged.
-        int mergedParts = 0;
-        qsizetype mergedOperations = 0;
-        qsizetype mergedSuperseded = 0;
+    static constexpr qsizetype FirstRowsAtOnce = 200;
 
-        bool isMerged() const {
-            return mergedOperations == transaction.operations.size() &&
-                   mergedSuperseded == transaction.superseded.size();
-        }
-        /// Returns the next part and marks it as merged. Subtracts its approximate number of rows
-        /// from `room`, which bounds it.
-        Transaction takePart(qsizetype &room);
-    };
-    /// A part of a transaction that is being merged.
-    struct Part {
-        QString name;
-        Transaction transaction;
-        /// From 0 on.
-        int number = 0;
-        /// The size of the record in bytes if this is the last part.
-        std::optional<qint64> size;
-    };
-    /// A record to verify. `written` is empty if the profile has never read it. Its contents are
-    /// empty if the name contains a digest.
-    struct Suspect {
-        QString name;
-        std::optional<KnownTransactions::Contents> written;
-    };
-    /// A record that was read again.
-    struct Verified {
-        Suspect suspect;
-        Expected<void> result;
-    };
     /// Before a merge, all records are read to see what they remove together.
     enum class Pass { Comparing, Merging };
     /// State of the database's record in the store. Untouchable means an unknown version, or not a
@@ -124,7 +76,7 @@ private:
     enum class Record { Sound, Absent, Damaged, Untouchable };
 
     /// Parts that access the store, called on a worker thread.
-    /// Reads the record of the database, lists its transactions and verifies the chosen ones: all
+    /// Reads the record of the database, lists its transactions and verifies some known ones: all
     /// at the same time, if the store is faster then.
     Expected<void> readStore(BlobStore &store, const EngineFuture &future);
     void takeListing(const BlobStore &store, const QStringList &names);
@@ -133,27 +85,15 @@ private:
     /// Takes the result of reading the record `name`.
     Expected<void> takeTransaction(const TransactionRecords &records, const QString &name,
                                    const Expected<TransactionRecords::Record> &record);
-    /// Verifies the chosen records until the store fails.
-    void verifySuspects(BlobStore &store, const EngineFuture &future);
-    /// Takes the results of verifying, and sets aside all records that are damaged.
+    /// Sets aside all records that are damaged.
     Expected<void> handleDamage(BlobStore &store, const EngineFuture &future);
-    void takeVerified(const Verified &verified);
-    /// Returns the size of the record, or 0 if it could not be set aside.
-    qint64 setAside(const TransactionRecords &records, const Suspect &damaged);
-    /// Reports the missing records that are listed nevertheless. Those that were known are lost.
-    Expected<void> reportMissing(const TransactionRecords &records);
     Expected<void> writeDatabaseRecord(BlobStore &store, const EngineFuture &future);
 
     /// Parts that only read the profile, called on a worker thread.
     Expected<void> compareListing();
-    /// Chooses which of the known records to verify.
-    Expected<void> chooseSuspects();
-    /// Chooses those of the known records that are `listed` that contain what is damaged in the
-    /// profile. If all records are verified, also those with what the profile has lost.
+    /// If everything is compared, chooses those of the known records that are `listed` that contain
+    /// what is damaged in the profile, or what the profile has lost.
     Expected<void> chooseToReadAgain(const QSet<QString> &listed);
-    /// Returns whether a record of this size shall be verified as the first one. Reads not more
-    /// than BytesToVerify in the mean over many sessions.
-    bool isTurnOf(qint64 size) const;
     /// Adds what was read to the forecast. Releases the transactions if they take too much memory;
     /// their records are read again. When all are compared, checks what they remove and proceeds to
     /// merging.
@@ -172,9 +112,13 @@ private:
     Expected<void> forgetGone();
     /// Merges a part of what was read. A record counts as known when all of it is merged.
     Expected<void> mergeTransactions();
-    Expected<void> addToKnown(const QList<Part> &parts);
-    /// Reports those of the merged `operations` that were among the `damaged` ones of the profile.
-    void reportRepaired(const QList<Operation> &operations, const QSet<OperationId> &damaged);
+    Expected<void> addToKnown(const QList<MergeQueue::Part> &parts);
+    Expected<void> addToKnown(const MergeQueue::Part &part);
+    /// Reports those of the merged `operations` that were damaged in the profile or lost.
+    void reportRepaired(const QList<Operation> &operations);
+    /// Lets the next step merge so many rows that it takes a short time, after the last one took
+    /// `nanoseconds`.
+    void adaptRowsAtOnce(qint64 nanoseconds);
     /// Renews some of the operations of the notes that the user keeps.
     Expected<void> keepNotes();
     /// Merges once everything is compared, and proceeds if everything was merged.
@@ -184,7 +128,6 @@ private:
     /// Proceeds to collecting what is recorded as unwritten, or to restarting the record if
     /// everything must be compared.
     Expected<void> beginCollecting();
-    bool mustCompare() const;
     /// Forgets some of what is recorded as unwritten, then begins to collect.
     Expected<void> restartRecording();
     Expected<void> prepareWriting();
@@ -193,39 +136,33 @@ private:
     /// Records that everything was written if everything was compared.
     Expected<void> recordWritten();
 
-    const Verification m_verification;
+    /// Whether all known records are verified.
+    const bool m_verifiesAll;
     Decision m_decision;
     Step m_step = Step::Listing;
     Pass m_pass = Pass::Merging;
     RemovalForecast m_forecast;
-    /// The number of transactions of `m_read` that the forecast contains.
+    /// The number of transactions of `m_queue` that the forecast contains.
     qsizetype m_compared = 0;
     /// The digests of the records that were compared and have to be read again, by name.
     QHash<QString, QByteArray> m_released;
     /// The operations of notes that the transactions remove although the user keeps them.
     QList<OperationId> m_operationsToKeep;
-    /// The operations that were found to be damaged in the profile, and the known records that are
-    /// read again.
+    /// Whether everything is compared although what is recorded as unwritten is complete.
+    bool m_mustCompare = false;
+    /// The operations that were found to be damaged in the profile or lost, and the known records
+    /// that are read again.
     QSet<OperationId> m_damagedOperations;
     QHash<QString, KnownTransactions::Contents> m_readAgain;
     /// The names of the transactions that remain to be read.
     QStringList m_unread;
     /// The known transactions that the store no longer has.
     QStringList m_gone;
-    /// The transactions that were read and not merged, and the size in bytes of those read at once.
-    QList<Read> m_read;
-    /// The transactions that were merged. Released on a worker thread, which may take long.
-    QList<Read> m_merged;
-    qsizetype m_readSize = 0;
-    /// The known records to verify, those of them that were, and all records that turned out to be
-    /// damaged or missing.
-    QList<Suspect> m_suspects;
-    QList<Verified> m_verified;
-    QList<Suspect> m_damaged;
-    QList<Suspect> m_missing;
-    /// The known records that cannot be read again, and the last one that was verified.
-    QStringList m_lost;
-    QString m_lastVerified;
+    MergeQueue m_queue;
+    /// Approximate number of rows that the next step merges.
+    qsizetype m_rowsAtOnce = FirstRowsAtOnce;
+    RecordVerification m_verification;
+    DamagedRecords m_damagedRecords;
     /// Whether what is recorded as unwritten, or the number of conflicts, turned out to be wrong.
     bool m_isRecordWrong = false;
     bool m_isCountWrong = false;

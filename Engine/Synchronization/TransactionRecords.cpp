@@ -1,11 +1,12 @@
 #include "Engine/Synchronization/TransactionRecords.h"
 
-#include <QtCore/QCryptographicHash>
 #include <atomic>
 #include <utility>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/ParallelCalls.h"
+#include "Engine/Foundation/Sha256.h"
+#include "Engine/Foundation/Turn.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Host/SyncStoreLayout.h"
 
@@ -14,8 +15,11 @@ namespace {
 /// The number of copies of one damaged record that may themselves be damaged.
 constexpr int MostCopies = 4;
 
-QByteArray digestOf(const QByteArray &record) {
-    return QCryptographicHash::hash(record, QCryptographicHash::Sha256);
+/// Parsing a record may take much more memory than the record, so one at a time is parsed,
+/// regardless of how many are read from how many stores.
+Turn &parsing() {
+    static Turn turn;
+    return turn;
 }
 
 }  // namespace
@@ -124,7 +128,7 @@ Expected<TransactionRecords::Copy> TransactionRecords::setAside(
     const auto checkSame = [&](const QByteArray &record) -> Expected<void> {
         const Expected<Record> read = verified(record, name, written);
         const bool isDamaged = !read && isEngineError(read.error(), EngineErrorCode::DamagedRecord);
-        const QByteArray digestNow = digestOf(record);
+        const QByteArray digestNow = sha256(record);
         digest = digest.isEmpty() ? digestNow : digest;
         if (isDamaged && digestNow == digest) {
             return {};
@@ -151,7 +155,7 @@ Expected<TransactionRecords::Copy> TransactionRecords::copyOf(const QString &nam
         qint64 size = 0;
         const auto write = [&](const QByteArray &damaged) {
             copy = TransactionName::ofDamaged(name, damaged, attempt);
-            digest = digestOf(damaged);
+            digest = sha256(damaged);
             size = damaged.size();
             return check(damaged).and_then(
                 [&] { return m_store.writeIfAbsent(m_folder + u'/' + copy, damaged, m_future); });
@@ -164,7 +168,7 @@ Expected<TransactionRecords::Copy> TransactionRecords::copyOf(const QString &nam
         if (!stored) {
             return failure(stored.error());
         }
-        if (digestOf(*stored) == digest) {
+        if (sha256(*stored) == digest) {
             return Copy{place(copy), size};
         }
     }
@@ -200,7 +204,11 @@ Expected<TransactionRecords::Record> TransactionRecords::verified(
     const bool isOfName = !hasDigest || TransactionName::matches(name, record);
     // Before the name is judged, since a newer version of the program may derive names in another
     // way. A large record is released as soon as it is parsed.
+    if (!parsing().take(m_future)) {
+        return failure(operationCancelled());
+    }
     const Expected<Transaction> transaction = Transaction::decoded(std::move(record), place(name));
+    parsing().release();
     if (!transaction) {
         return failure(transaction.error());
     }

@@ -1,3 +1,4 @@
+#include <QtCore/QElapsedTimer>
 #include <random>
 
 #include "Engine/Foundation/EngineError.h"
@@ -55,6 +56,11 @@ qint64 now = 0;
 /// Replaces Qt's implementation for the same reason.
 qint64 QDateTime::currentMSecsSinceEpoch() noexcept {
     return now;
+}
+
+/// Replaces Qt's implementation for the same reason: steps follow the time that they take.
+qint64 QElapsedTimer::nsecsElapsed() const noexcept {
+    return 5'000'000;
 }
 
 namespace {
@@ -154,8 +160,8 @@ public:
     /// Synchronizes until every replica must have every edit.
     void settle() {
         m_isFaulty = false;
-        const auto verification = m_troubles.haveDamage ? SyncSession::Verification::All
-                                                        : SyncSession::Verification::Some;
+        const auto verification = m_troubles.haveDamage ? RecordVerification::Extent::All
+                                                        : RecordVerification::Extent::Some;
         for (int round = 0; round < 3; ++round) {
             for (Replica *replica : std::as_const(m_replicas)) {
                 for (qsizetype store = 0; store < storeCount(); ++store) {

@@ -15,7 +15,7 @@ namespace {
 QImage iconOf(const QString &URLText) {
     const ProfileDatabase profile;
     const EngineContext context(profile);
-    const EngineLocationKinds kinds = builtInLocationKinds(context);
+    const EngineLocationKinds kinds(context.storeOperations, builtInLocationKinds(context));
     const Url URL = Url::fromString(URLText);
     return EngineLocationFormatter(URL, kinds.kindForURL(URL)).icon().toImage();
 }

@@ -6,6 +6,7 @@
 #include "Engine/Schedules/EngineSchedule.h"
 #include "Engine/Schedules/EngineWeeklySchedule.h"
 #include "Host/InboxUUID.h"
+#include "Support/Failure.h"
 #include "Support/TestHost.h"
 #include "Support/TestLocation.h"
 #include "Support/TestMain.h"
@@ -229,6 +230,33 @@ private Q_SLOTS:
         QCOMPARE(std::dynamic_pointer_cast<const QVWeeklySchedule>(states.at(4)->schedule())
                      ->daysOfWeek(),
                  62U);
+    }
+
+    void aRemovedLocationDoesNotComeBackThroughAnotherProcess() {
+        TestHost host(FirstContents::Welcome);
+        const QStringList both =
+            savedURLTexts(host) + QStringList(QStringLiteral("https://other.example/"));
+        host.addLocation(both.last());
+        host.save();
+        const auto openOther = [&](SyncEngine &other, ProfileUse use) {
+            return other.openProfile(host.directory(), FirstContents::Inbox, use);
+        };
+        SyncEngine reader;
+        QVERIFY(openOther(reader, ProfileUse::Snapshot));
+        host.locations().removeObjectFromSyncLocationsAtIndex(0);
+        host.save();
+        // One that wants to save has to wait until the profile is closed, and sees the removal.
+        SyncEngine writer;
+        QCOMPARE(code(openOther(writer, ProfileUse::Edit)), EngineErrorCode::ProfileInUse);
+        // One that has read the location before saves into its own copy.
+        auto *stale = reader.plugin().locationsController();
+        QCOMPARE(stale->countOfSyncLocations(), both.size());
+        stale->syncLocations().first()->synchronizationStates().first()->setEnabled(false);
+        std::optional<Error> error;
+        stale->save(&error);
+        QCOMPARE(savedURLTexts(host), both.mid(1));
+        host.restart();
+        QCOMPARE(host.locations().countOfSyncLocations(), 1);
     }
 
     void keepsNothingThatWasNotSaved() {

@@ -51,7 +51,7 @@ private Q_SLOTS:
     void aSessionThatVerifiesAllRecordsComparesEverything() {
         loseRecord();
         SyncSession session(profile(), m_host->library(), subject(),
-                            SyncSession::Verification::All);
+                            RecordVerification::Extent::All);
         MemoryStore store(m_blobs);
         QVERIFY(runSession(session, store));
         QVERIFY(isInStore("forgotten"));

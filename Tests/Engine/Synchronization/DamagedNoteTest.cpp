@@ -93,6 +93,7 @@ private Q_SLOTS:
         QTest::addRow("date") << QStringLiteral("modified = 5");
         QTest::addRow("note") << QStringLiteral("note_uuid = 'x'");
         QTest::addRow("salt") << QStringLiteral("salt = x'00'");
+        QTest::addRow("identifier") << QStringLiteral("digest = randomblob(length(digest))");
         QTest::addRow("superseded") << QStringLiteral("supersedes = randomblob(16)");
     }
     void whateverIsDamagedIsReadAgain() {
@@ -103,6 +104,54 @@ private Q_SLOTS:
         QCOMPARE(problems<SyncSession>().size(), 1);
         QCOMPARE(texts(), before);
         verifySound();
+    }
+
+    void aNoteWithADamagedIdentifierIsReplacedByItsLaterEdit() {
+        m_host->goToComputer(QStringLiteral("Third"));
+        QVERIFY(run<SyncSession>());
+        Note edited = m_host->inbox()->notes().value().first();
+        edited.text = QStringLiteral("edited elsewhere");
+        QVERIFY(m_host->inbox()->saveNote(edited));
+        QVERIFY(run<SyncSession>());
+        const QStringList expected = texts();
+        m_host->goToComputer(QStringLiteral("Profile"));
+        damage(QStringLiteral("digest = randomblob(length(digest))"), edited.title);
+        QCOMPARE(verify().size(), 1);
+        QCOMPARE(problems<SyncSession>().size(), 1);
+        QCOMPARE(texts(), expected);
+        verifySound();
+        QVERIFY(!m_host->inbox()->earlierVersions(edited.UUID).value().isEmpty());
+    }
+
+    /// As if the pages with their rows were those of an earlier state.
+    void whatIsMissingIsReadAgainAfterTheStart_data() {
+        QTest::addColumn<QString>("missing");
+        QTest::addColumn<int>("problems");
+        QTest::addRow("notes") << QStringLiteral("operations") << 3;
+        // The note that was edited is read with its former text before it is superseded again.
+        QTest::addRow("superseded identifiers") << QStringLiteral("superseded") << 1;
+    }
+    void whatIsMissingIsReadAgainAfterTheStart() {
+        QFETCH(QString, missing);
+        QFETCH(int, problems);
+        Note note{{}, QStringLiteral("c"), QStringLiteral("c"), {}};
+        for (int edit = 0; edit < 2; ++edit) {
+            QVERIFY(m_host->inbox()->saveNote(note));
+            QVERIFY(run<SyncSession>());
+            note.text += QStringLiteral(" edited");
+        }
+        const QStringList before = texts();
+        QVERIFY(profile().run(QStringLiteral("DELETE FROM ") + missing));
+        m_host->restart();
+        const QList<Error> found = this->problems<SyncSession>();
+        QCOMPARE(found.size(), problems);
+        for (const Error &each : found) {
+            QVERIFY(isEngineError(each, EngineErrorCode::RecordRepaired));
+        }
+        QCOMPARE(texts(), before);
+        QVERIFY(this->problems<SyncSession>().isEmpty());
+        verifySound();
+        QCOMPARE(textsOnAnotherComputer(), before);
     }
 
     void aDamagedNoteThatNoLocationHasIsNamedAndNotSentUntilItIsEdited() {

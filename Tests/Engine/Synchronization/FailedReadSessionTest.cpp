@@ -4,6 +4,7 @@
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
 #include "Support/SessionTestCase.h"
+#include "Support/Verification.h"
 
 using Fault = FailingTable::Fault;
 
@@ -34,7 +35,10 @@ private Q_SLOTS:
         }
         QVERIFY(run<SyncSession>());
     }
-    void cleanup() { m_host.reset(); }
+    void cleanup() {
+        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
+        m_host.reset();
+    }
 
     void cleaningUp_data() { addTables(); }
     void cleaningUp() {

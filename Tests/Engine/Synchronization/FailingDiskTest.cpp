@@ -174,7 +174,7 @@ private Q_SLOTS:
         Contents before;
         Contents after;
         const qint64 calls = countCalls(told, fault, &before, &after);
-        forCalls(calls, 8,
+        forCalls(calls, 3,
                  [&](qint64 call) { verifyFailure(told, fault, call, duration, before, after); });
     }
 
@@ -214,7 +214,7 @@ private Q_SLOTS:
         };
         qint64 calls = 0;
         QVERIFY(open(std::numeric_limits<qint64>::max(), newFolder(), &calls));
-        forCalls(calls, 12, [&](qint64 call) {
+        forCalls(calls, 5, [&](qint64 call) {
             const QString profile = newFolder();
             qint64 count = 0;
             const Expected<void> opened = open(call, profile, &count);

@@ -223,7 +223,7 @@ private Q_SLOTS:
         const Outcome sound = tell(told, first, first + u'.' + SyncStoreLayout::Extension, fault,
                                    std::numeric_limits<qint64>::max(), Duration::Once, renaming);
         QCOMPARE(description(sound.result), QString());
-        forCalls(sound.calls.size(), 4, [&](qint64 call) {
+        forCalls(sound.calls.size(), 2, [&](qint64 call) {
             verifyFailure(told, fault, call, duration, renaming, before, sound);
         });
     }

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int Identifiers = 50'000;
+constexpr int Identifiers = 20'000;
 constexpr int SmallRecords = 1000;
 /// So many notes that a removal of them is foreseen.
 constexpr int NotesToAsk = 11;
@@ -142,8 +142,16 @@ private Q_SLOTS:
 
     void aLargeRecordIsMergedInShortSteps() {
         writeLargeRecord();
+        // How long a step takes is not known before the first one, which is small.
+        int first = 0;
+        const QMetaObject::Connection connection =
+            connect(m_host->inbox().get(), &NoteDatabase::notesChanged, this,
+                    [&] { first = first == 0 ? count("superseded") : first; });
         RowsPerBlock rows(m_host->engine().profile());
         synchronize();
+        disconnect(connection);
+        QCOMPARE_GT(first, 0);
+        QCOMPARE_LT(first, 500);
         QCOMPARE_LE(rows.most(), MostRows);
         QCOMPARE(count("superseded"), Identifiers);
         QCOMPARE(knownRecords(), 1);

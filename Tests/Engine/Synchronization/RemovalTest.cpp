@@ -2,6 +2,7 @@
 
 #include <QtCore/QUuid>
 
+#include "Application/Interface/RemovalDecider.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Host/InboxUUID.h"
@@ -80,6 +81,32 @@ private:
         for (int i = 0; i < count; i += each) {
             write({{}, operations.mid(i, qMin(each, count - i))});
         }
+    }
+
+    /// Returns the state of the inbox at a new location.
+    std::shared_ptr<QVSyncState> addEnabledState() const {
+        const auto state = m_host->addState(m_host->addLocation(), inbox());
+        state->setEnabled(true);
+        m_host->save();
+        return state;
+    }
+    /// Synchronizes by the dispatcher and returns what was decided.
+    QList<RemovalQuestion> synchronize(const std::shared_ptr<QVSyncState> &state,
+                                       RemovalDecision decision = RemovalDecision::Later) const {
+        QVSyncDispatcher *dispatcher = m_host->engine().plugin().dispatcher();
+        std::optional<QList<RemovalQuestion>> decided;
+        RemovalDecider::of(dispatcher)->synchronize({state}, decision, [&](const auto &all) {
+            decided = all;
+        });
+        [&] { QTRY_VERIFY(decided); }();
+        return decided.value_or(QList<RemovalQuestion>());
+    }
+    /// Does what attack() does for all notes at a location in a folder.
+    void attackLocation(const QVSyncLocation &location) const {
+        QFile record(location.URL().path() + QStringLiteral("/transactions/@inbox/") +
+                     QUuid::createUuid().toString(QUuid::WithoutBraces) + QStringLiteral(".json"));
+        QVERIFY(record.open(QIODevice::WriteOnly));
+        record.write(Transaction{{}, log().operationIds().value()}.encoded());
     }
 
 private Q_SLOTS:
@@ -397,27 +424,12 @@ private Q_SLOTS:
         QFETCH(int, left);
         m_host->application().decideRemovals(static_cast<RemovalDecision>(decision));
         addNotes(20);
-        const auto location = m_host->addLocation();
-        const auto state = m_host->addState(location, inbox());
-        state->setEnabled(true);
-        m_host->save();
+        const auto state = addEnabledState();
         QVSyncDispatcher *dispatcher = m_host->engine().plugin().dispatcher();
-        const auto synchronize = [&] {
-            bool isDone = false;
-            dispatcher->performSynchronizationsWithSynchronizationStates({state},
-                                                                         [&] { isDone = true; });
-            QTRY_VERIFY(isDone);
-        };
-        synchronize();
+        synchronize(state);
         const QDateTime before = state->lastSynced();
-        const QString file = location->URL().path() + QStringLiteral("/transactions/@inbox/") +
-                             QUuid::createUuid().toString(QUuid::WithoutBraces) +
-                             QStringLiteral(".json");
-        QFile record(file);
-        QVERIFY(record.open(QIODevice::WriteOnly));
-        record.write(Transaction{{}, log().operationIds().value()}.encoded());
-        record.close();
-        synchronize();
+        attackLocation(*state->destination());
+        synchronize(state);
         QCOMPARE(state->lastSynced(), before);
         QTRY_COMPARE(m_host->application().removalQuestions().size(), 1);
         QTRY_VERIFY(dispatcher->activity().isEmpty());
@@ -427,10 +439,49 @@ private Q_SLOTS:
         QCOMPARE(question.total, 20);
         QCOMPARE(question.database, inbox()->name());
         QVERIFY(!question.location.isEmpty());
-        synchronize();
+        synchronize(state);
         const bool isLater = decision == static_cast<int>(RemovalDecision::Later);
         QTRY_COMPARE(m_host->application().removalQuestions().size(), isLater ? 2 : 1);
         QCOMPARE(titles().size(), left);
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
+    }
+
+    void keepingNotesThatAShellHasRemovedMeanwhileSaysHowToRestoreThem() {
+        m_host->application().leaveRemovalsOpen();
+        addNotes(20);
+        const auto state = addEnabledState();
+        synchronize(state);
+        attackLocation(*state->destination());
+        synchronize(state);
+        QTRY_COMPARE(m_host->application().removalQuestions().size(), 1);
+        const QList<RemovalQuestion> decided = synchronize(state, RemovalDecision::Remove);
+        QCOMPARE(decided.size(), 1);
+        QCOMPARE(decided.first().titles.size(), 20);
+        QVERIFY(titles().isEmpty());
+        m_host->application().answerOpenRemoval(RemovalDecision::Keep);
+        const QList<Error> presented = m_host->application().presentedErrors();
+        QCOMPARE(presented.size(), 1);
+        QVERIFY2(presented.first().localizedDescription.contains(QStringLiteral("“Deleted Notes”")),
+                 qPrintable(presented.first().localizedDescription));
+        QTRY_VERIFY(m_host->engine().plugin().dispatcher()->activity().isEmpty());
+        QVERIFY(titles().isEmpty());
+        QCOMPARE(inbox()->deletedNotes().value().size(), 20);
+    }
+
+    void removingNotesThatAShellHasKeptMeanwhileSaysThatTheyAreThere() {
+        m_host->application().leaveRemovalsOpen();
+        addNotes(20);
+        const auto state = addEnabledState();
+        synchronize(state);
+        attackLocation(*state->destination());
+        synchronize(state);
+        QTRY_COMPARE(m_host->application().removalQuestions().size(), 1);
+        QCOMPARE(synchronize(state, RemovalDecision::Keep).size(), 1);
+        m_host->application().answerOpenRemoval(RemovalDecision::Remove);
+        QTRY_COMPARE(m_host->application().presentedErrors().size(), 1);
+        const QString told = m_host->application().presentedErrors().first().localizedDescription;
+        QVERIFY2(told.contains(QStringLiteral("velmora sync --removals keep")), qPrintable(told));
+        QCOMPARE(titles().size(), 20);
     }
 };
 

@@ -308,7 +308,7 @@ private Q_SLOTS:
                 ++operations;
                 return MemoryStore::Fault::None;
             });
-            QVERIFY(!told.isEmpty() || operations == 2 + SyncSession::RecordsToVerify);
+            QVERIFY(!told.isEmpty() || operations == 2 + RecordVerification::MostRecords);
         }
         QVERIFY(sessions <= 3);
         QVERIFY(told.first().contains(QFileInfo(last).fileName()));
@@ -371,7 +371,7 @@ private Q_SLOTS:
         m_blobs[cutOff] = damaged.first(10);
         SyncSession session(profile(), m_host->library(),
                             {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")},
-                            SyncSession::Verification::All);
+                            RecordVerification::Extent::All);
         MemoryStore store(m_blobs);
         QVERIFY(runSession(session, store));
         QVERIFY(!m_blobs.contains(name));

@@ -5,6 +5,7 @@
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 class SyncTriggersTest : public QObject {
     Q_OBJECT
@@ -49,6 +50,7 @@ private Q_SLOTS:
     }
     void cleanup() {
         NotificationCenter::defaultCenter().removeObserver(this);
+        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host.reset();
     }
 
