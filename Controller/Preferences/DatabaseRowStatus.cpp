@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "Controller/Preferences/LocationRecovery.h"
-#include "Host/CombinedErrors.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncResult.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/CombinedErrors.h"
 #include "Platform/Foundation/RelativeDate.h"
 
 namespace {
@@ -138,5 +138,8 @@ std::optional<Error> DatabaseRowStatus::error() const {
     error.recoveryOptions = failed.size() == 1 && location
                                 ? LocationRecovery::options(location, again)
                                 : QList{LocationRecovery::tryAgainOption(again)};
+    if (std::any_of(failed.begin(), failed.end(), &isPartial)) {
+        LocationRecovery::prependLog(error.recoveryOptions);
+    }
     return error;
 }

@@ -3,6 +3,7 @@
 #include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Host/QVApplication.h"
+#include "Host/QVJobLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Interface/Workspace.h"
 
@@ -23,13 +24,6 @@ RecoveryOption editOption(const std::shared_ptr<QVSyncLocation> &location) {
             }};
 }
 
-RecoveryOption showOption(const QString &path) {
-    return {localizedSyncString("Show Folder"), [path] {
-                Workspace::selectFile(path,
-                                      [](const Error &error) { NSApp()->presentError(error); });
-            }};
-}
-
 }  // namespace
 
 QList<RecoveryOption> LocationRecovery::options(const std::shared_ptr<QVSyncLocation> &location,
@@ -40,9 +34,30 @@ QList<RecoveryOption> LocationRecovery::options(const std::shared_ptr<QVSyncLoca
     }
     options.append(tryAgainOption(tryAgain));
     if (location->URL().isFileURL()) {
-        options.append(showOption(location->URL().path()));
+        options.append({localizedSyncString("Show Folder"), [shown = std::weak_ptr(location)] {
+                            if (const auto living = shown.lock()) {
+                                showFolder(living);
+                            }
+                        }});
     }
     return options;
+}
+
+void LocationRecovery::showFolder(const std::shared_ptr<QVSyncLocation> &location) {
+    Workspace::selectFile(location->URL().path(),
+                          [edited = std::weak_ptr(location)](const Error &failure) {
+                              Error error = failure;
+                              if (const auto living = edited.lock()) {
+                                  error.recoveryOptions = {editOption(living)};
+                              }
+                              NSApp()->presentError(error);
+                          });
+}
+
+void LocationRecovery::prependLog(QList<RecoveryOption> &options) {
+    if (const auto showLog = QVJobLog::showOption()) {
+        options.prepend(*showLog);
+    }
 }
 
 RecoveryOption LocationRecovery::tryAgainOption(const std::function<void()> &tryAgain) {

@@ -16,6 +16,14 @@ namespace LocationRecovery {
 QList<RecoveryOption> options(const std::shared_ptr<QVSyncLocation> &location,
                               const std::function<void()> &tryAgain);
 
+/// Shows the folder of `location`, which must not be null and has a file URL, in the file manager.
+/// Returns at once. A failure is presented later, with "Edit Location…".
+void showFolder(const std::shared_ptr<QVSyncLocation> &location);
+
+/// Adds "Show Log" as the first of `options` if the application offers it. For failures that left
+/// some items out: the log names these.
+void prependLog(QList<RecoveryOption> &options);
+
 /// Returns "Try Again", which calls `tryAgain`.
 RecoveryOption tryAgainOption(const std::function<void()> &tryAgain);
 

@@ -142,6 +142,9 @@ std::optional<Error> LocationRowStatus::error() const {
             row->location(), [state = std::weak_ptr(failed), isCleanUp = result->isCleanUp] {
                 runAgain(state.lock(), isCleanUp);
             });
+        if (!result->error) {
+            LocationRecovery::prependLog(error->recoveryOptions);
+        }
     }
     return error;
 }

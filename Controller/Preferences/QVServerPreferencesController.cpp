@@ -50,7 +50,6 @@ void QVServerPreferencesController::didLoadAuthorizedClients(const Expected<QStr
         addAuthorizedClientsObject(client);
     }
     m_knowsClients = clients.has_value();
-    m_isLoadingClients = false;
     KeyValue::announce<&QVServerPreferencesController::authorizedClientsChanged>(this);
 }
 

@@ -49,12 +49,10 @@ public:
     /// has ended its connections. If the server is in that state already, it only stores and
     /// announces.
     void setEnabled(bool enabled);
+    /// Announced when the keychain was read, also if that has failed.
     QStringList authorizedClients() const { return m_authorizedClients; }
     /// Also false if the keychain cannot be read; the list is then empty.
     bool hasNoClients() const { return m_knowsClients && m_authorizedClients.isEmpty(); }
-    /// Returns whether the keychain is still being read. Not announced by itself, but
-    /// "authorizedClients" is announced when it ends, also if it failed.
-    bool isLoadingClients() const { return m_isLoadingClients; }
     QList<SortDescriptor> authorizedClientsSortDescriptors() const;
     /// Adds a name to the list only; authorizes no client. Has no effect if it is in the list, but
     /// announces it.
@@ -105,6 +103,5 @@ private:
 
     QStringList m_authorizedClients;
     QStringList m_clientsBeingRevoked;
-    bool m_isLoadingClients = true;
     bool m_knowsClients = false;
 };

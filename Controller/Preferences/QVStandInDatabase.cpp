@@ -6,9 +6,9 @@
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncStore.h"
-#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/NotificationCenter.h"
+#include "Platform/Foundation/SyncLog.h"
 
 namespace {
 /// Returns the later date; an invalid date is earlier than any other.
@@ -108,6 +108,18 @@ bool QVStandInDatabase::existsLocally() const {
 }
 
 void QVStandInDatabase::addSynchronizationStatesObject(const std::shared_ptr<QVSyncState> &state) {
+    addState(state, syncLog().isVerbose());
+}
+
+void QVStandInDatabase::addSynchronizationStates(const QVSyncStates &states) {
+    // Reading the setting takes longer than adding a state.
+    const bool isVerbose = syncLog().isVerbose();
+    for (const auto &state : states) {
+        addState(state, isVerbose);
+    }
+}
+
+void QVStandInDatabase::addState(const std::shared_ptr<QVSyncState> &state, bool isVerbose) {
     if (const QVSyncSchedulePtr rowSchedule = schedule()) {
         state->setSchedule(rowSchedule);
     }
@@ -122,14 +134,14 @@ void QVStandInDatabase::addSynchronizationStatesObject(const std::shared_ptr<QVS
             KeyValue::observe(state.get(), "lastSynced",
                               [this] { updateDateOfLastSynchronization(); }),
             KeyValue::observe(state.get(), "enabled", [this] { updateCanSynchronize(); })});
-    includeInAggregates(*state);
+    includeInAggregates(*state, isVerbose);
     KeyValue::announce<&QVStandInDatabase::synchronizationStatesChanged>(this);
 }
 
 // While the aggregates are current, a new state can only raise them. Recomputing them from all
 // states for each addition would take quadratic time.
-void QVStandInDatabase::includeInAggregates(const QVSyncState &state) {
-    const bool wereCurrent = m_aggregatesAreCurrent && !syncLog().isVerbose();
+void QVStandInDatabase::includeInAggregates(const QVSyncState &state, bool isVerbose) {
+    const bool wereCurrent = m_aggregatesAreCurrent && !isVerbose;
     const quint64 change = m_changeCount;
     if (wereCurrent) {
         setDateOfLastSynchronization(later(m_dateOfLastSynchronization, state.lastSynced()));

@@ -88,6 +88,8 @@ public:
     /// added. Announces the date, `canSynchronize` and then "synchronizationStates", in any case.
     /// Amortized O(1), except while verbose logging is on.
     void addSynchronizationStatesObject(const std::shared_ptr<QVSyncState> &state);
+    /// Adds several states in the same way, but reads the setting of verbose logging once.
+    void addSynchronizationStates(const QVSyncStates &states);
     /// Removes `state` and stops observing it. Updates the date but not `canSynchronize`. A state
     /// that is not in the row is ignored; null is too. O(n). The state itself does not change.
     /// Announces the date and then "synchronizationStates", also if nothing was removed.
@@ -138,8 +140,9 @@ private:
 
     /// Returns the first state; null if there is none.
     std::shared_ptr<QVSyncState> anyState() const;
+    void addState(const std::shared_ptr<QVSyncState> &state, bool isVerbose);
     /// Updates both aggregates after `state` was added.
-    void includeInAggregates(const QVSyncState &state);
+    void includeInAggregates(const QVSyncState &state, bool isVerbose);
     /// Updates the name if the notification is about this database.
     void didReceiveDatabaseRenamedNotification(const Notification &notification);
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "Controller/Preferences/LocationRecovery.h"
 #include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
 #include "Controller/Preferences/QVDropboxLocationEditor.h"
 #include "Controller/Preferences/QVFolderLocationEditor.h"
@@ -11,11 +12,10 @@
 #include "Host/QVApplication.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncResult.h"
-#include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/MainQueue.h"
+#include "Platform/Foundation/SyncLog.h"
 #include "Platform/Interface/SheetWindow.h"
-#include "Platform/Interface/Workspace.h"
 
 namespace {
 
@@ -237,8 +237,7 @@ void QVSyncPreferences::cleanLocationForDatabaseWithUUID(
 
 void QVSyncPreferences::revealInFinder(QObject * /*sender*/) {
     if (const Selection row = selectedRow()) {
-        Workspace::selectFile(row->location()->URL().path(),
-                              [](const Error &error) { NSApp()->presentError(error); });
+        LocationRecovery::showFolder(row->location());
     }
 }
 

@@ -11,10 +11,10 @@
 #include "Host/QVApplication.h"
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncLocationsController.h"
-#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/NotificationCenter.h"
+#include "Platform/Foundation/SyncLog.h"
 #include "Platform/Interface/Workspace.h"
 #include "Platform/KeyValue/Binding.h"
 
@@ -185,11 +185,13 @@ QVSyncPreferences::StandIn QVSyncPreferences::standInForDatabase(const QVDatabas
     row->setUUID(rowKey(database));
     row->setName(database.name());
     const auto locations = plugin()->locationsController()->syncLocations();
+    QVSyncStates states;
     for (const auto &location : locations) {
         if (const auto state = location->stateForDatabaseWithUUID(row->UUID())) {
-            row->addSynchronizationStatesObject(state);
+            states.append(state);
         }
     }
+    row->addSynchronizationStates(states);
     row->addContainingLocationsObject(plugin()->localStore()->location());
     return row;
 }

@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>“%1” is not a valid host. Enter a name, such as “computer.local”, or an IP address.</source>
-        <translation>«%1» ليس مضيفًا صالحًا. أدخل اسمًا مثل «computer.local»، أو عنوان IP.</translation>
+        <translation>«⁨%1⁩» ليس مضيفًا صالحًا. أدخل اسمًا مثل «computer.local»، أو عنوان IP.</translation>
     </message>
     <message>
         <source>Enter a server and a store name.</source>
@@ -17,19 +17,19 @@
     </message>
     <message>
         <source>“%1” is not a valid server name.</source>
-        <translation>«%1» ليس اسم خادم صالحًا.</translation>
+        <translation>«⁨%1⁩» ليس اسم خادم صالحًا.</translation>
     </message>
     <message>
         <source>A server name contains no blanks. Remove the blank from “%1”.</source>
-        <translation>لا يحتوي اسم الخادم على مسافات. أزل المسافة من «%1».</translation>
+        <translation>لا يحتوي اسم الخادم على مسافات. أزل المسافة من «⁨%1⁩».</translation>
     </message>
     <message>
         <source>A server name cannot contain “%1”.</source>
-        <translation>لا يمكن أن يحتوي اسم الخادم على «%1».</translation>
+        <translation>لا يمكن أن يحتوي اسم الخادم على «⁨%1⁩».</translation>
     </message>
     <message>
         <source>Enter “%1” instead.</source>
-        <translation>أدخل «%1» بدلًا من ذلك.</translation>
+        <translation>أدخل «⁨%1⁩» بدلًا من ذلك.</translation>
     </message>
     <message>
         <source>The server field contains a complete address. Click “Fill In the Fields”.</source>
@@ -45,7 +45,7 @@
     </message>
     <message>
         <source>Address: %1</source>
-        <translation>العنوان: %1</translation>
+        <translation>العنوان: ⁨%1⁩</translation>
     </message>
     <message>
         <source>Fill In the Fields</source>
@@ -57,7 +57,7 @@
     </message>
     <message>
         <source>“%1” does not return what was written to it. Check the server or the disk, or use another location.</source>
-        <translation>ما يُقرأ من «%1» يختلف عما كُتب فيه. تحقق من الخادم أو القرص، أو استخدم موقعًا آخر.</translation>
+        <translation>ما يُقرأ من «⁨%1⁩» يختلف عما كُتب فيه. تحقق من الخادم أو القرص، أو استخدم موقعًا آخر.</translation>
     </message>
     <message numerus="yes">
         <source>%1 databases</source>
@@ -72,23 +72,23 @@
     </message>
     <message>
         <source>“%1” can be read. %2.</source>
-        <translation>يمكن القراءة من «%1». %2.</translation>
+        <translation>يمكن القراءة من «⁨%1⁩». ⁨%2⁩.</translation>
     </message>
     <message>
         <source>“%1” can be read and written. %2.</source>
-        <translation>يمكن القراءة من «%1» والكتابة فيه. %2.</translation>
+        <translation>يمكن القراءة من «⁨%1⁩» والكتابة فيه. ⁨%2⁩.</translation>
     </message>
     <message>
         <source>“%1” can be read and written. %2, %3.</source>
-        <translation>يمكن القراءة من «%1» والكتابة فيه. %2، %3.</translation>
+        <translation>يمكن القراءة من «⁨%1⁩» والكتابة فيه. ⁨%2⁩، ⁨%3⁩.</translation>
     </message>
     <message>
         <source>“%1” can be read, but not written. %2</source>
-        <translation>يمكن القراءة من «%1»، لكن لا تمكن الكتابة فيه. %2</translation>
+        <translation>يمكن القراءة من «⁨%1⁩»، لكن لا تمكن الكتابة فيه. ⁨%2⁩</translation>
     </message>
     <message>
         <source>“%1” takes too long to respond. Check whether it is available, and try again.</source>
-        <translation>يستغرق «%1» وقتًا طويلًا في الاستجابة. تحقق من توفره وأعد المحاولة.</translation>
+        <translation>يستغرق «⁨%1⁩» وقتًا طويلًا في الاستجابة. تحقق من توفره وأعد المحاولة.</translation>
     </message>
     <message>
         <source>Edit Location…</source>
@@ -103,8 +103,12 @@
         <translation>عرض المجلد</translation>
     </message>
     <message>
+        <source>Show Log</source>
+        <translation>عرض السجل</translation>
+    </message>
+    <message>
         <source>%1 %2 of %3</source>
-        <translation>%1 تم %2 من %3</translation>
+        <translation>⁨%1⁩ تم ⁨%2⁩ من ⁨%3⁩</translation>
     </message>
     <message>
         <source>Progress of the synchronization</source>
@@ -176,11 +180,11 @@
     </message>
     <message>
         <source>failed %1</source>
-        <translation>فشلت %1</translation>
+        <translation>فشلت ⁨%1⁩</translation>
     </message>
     <message>
         <source>failed %1: %2</source>
-        <translation>فشلت %1: %2</translation>
+        <translation>فشلت ⁨%1⁩: ⁨%2⁩</translation>
     </message>
     <message>
         <source>never synchronized</source>
@@ -188,7 +192,7 @@
     </message>
     <message>
         <source>synchronized %1</source>
-        <translation>تمت المزامنة %1</translation>
+        <translation>تمت المزامنة ⁨%1⁩</translation>
     </message>
     <message numerus="yes">
         <source>Synchronized with %1 of %2 locations · %3</source>
@@ -207,7 +211,7 @@
     </message>
     <message>
         <source>Synchronization failed · last synchronized %1</source>
-        <translation>فشلت المزامنة · آخر مزامنة: %1</translation>
+        <translation>فشلت المزامنة · آخر مزامنة: ⁨%1⁩</translation>
     </message>
     <message>
         <source>Not yet synchronized with the ticked locations</source>
@@ -227,11 +231,11 @@
     </message>
     <message>
         <source>Show what failed with “%1”</source>
-        <translation>عرض ما فشل مع «%1»</translation>
+        <translation>عرض ما فشل مع «⁨%1⁩»</translation>
     </message>
     <message>
         <source>Synchronizes “%1” with “%2”</source>
-        <translation>مزامنة «%1» مع «%2»</translation>
+        <translation>مزامنة «⁨%1⁩» مع «⁨%2⁩»</translation>
     </message>
     <message>
         <source>Unavailable</source>
@@ -263,7 +267,7 @@
     </message>
     <message>
         <source>%1 %2 To replace the password, enter it again.</source>
-        <translation>%1 %2 لاستبدال كلمة المرور، أدخلها من جديد.</translation>
+        <translation>⁨%1⁩ ⁨%2⁩ لاستبدال كلمة المرور، أدخلها من جديد.</translation>
     </message>
     <message>
         <source>Direct Connection</source>
@@ -359,19 +363,19 @@
     </message>
     <message>
         <source>The profile “%1” is damaged. Restore it from a backup or use another profile.</source>
-        <translation>ملف التعريف «%1» تالف. استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
+        <translation>ملف التعريف «⁨%1⁩» تالف. استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
     </message>
     <message>
         <source>An index of the profile “%1” is damaged, so that notes may seem to be missing. Quit Velmora if it is running, and start it: it rebuilds the index or offers to restore a backup.</source>
-        <translation>أحد فهارس ملف التعريف «%1» تالف، لذلك قد تبدو ملاحظات مفقودة. أغلق Velmora إن كان يعمل، ثم شغّله: سيعيد بناء الفهرس أو يعرض استعادة نسخة احتياطية.</translation>
+        <translation>أحد فهارس ملف التعريف «⁨%1⁩» تالف، لذلك قد تبدو ملاحظات مفقودة. أغلق Velmora إن كان يعمل، ثم شغّله: سيعيد بناء الفهرس أو يعرض استعادة نسخة احتياطية.</translation>
     </message>
     <message>
         <source>The profile “%1” cannot be read, because its disk reports an error. Check the disk and its connection, then start Velmora again.</source>
-        <translation>تتعذر قراءة ملف التعريف «%1» لأن قرصه يبلغ عن خطأ. تحقق من القرص ومن توصيله، ثم شغّل Velmora من جديد.</translation>
+        <translation>تتعذر قراءة ملف التعريف «⁨%1⁩» لأن قرصه يبلغ عن خطأ. تحقق من القرص ومن توصيله، ثم شغّل Velmora من جديد.</translation>
     </message>
     <message>
         <source>The profile “%1” is damaged (%2). Quit Velmora and start it again: it then repairs the profile or offers to restore a backup.</source>
-        <translation>ملف التعريف «%1» تالف (%2). أغلق Velmora وشغّله من جديد: سيصلح ملف التعريف عندئذ أو يعرض استعادة نسخة احتياطية.</translation>
+        <translation>ملف التعريف «⁨%1⁩» تالف (⁨%2⁩). أغلق Velmora وشغّله من جديد: سيصلح ملف التعريف عندئذ أو يعرض استعادة نسخة احتياطية.</translation>
     </message>
     <message>
         <source>An index of the profile was damaged and was rebuilt. If this happens again, check the disk.</source>
@@ -379,55 +383,55 @@
     </message>
     <message>
         <source>The profile “%1” was created by a newer version of Velmora. Update Velmora to open it.</source>
-        <translation>أُنشئ ملف التعريف «%1» بإصدار أحدث من Velmora. حدِّث Velmora لفتحه.</translation>
+        <translation>أُنشئ ملف التعريف «⁨%1⁩» بإصدار أحدث من Velmora. حدِّث Velmora لفتحه.</translation>
     </message>
     <message>
         <source>“%1” is a database of another program, not a profile. Choose another folder.</source>
-        <translation>«%1» قاعدة بيانات برنامج آخر وليس ملف تعريف. اختر مجلدًا آخر.</translation>
+        <translation>«⁨%1⁩» قاعدة بيانات برنامج آخر وليس ملف تعريف. اختر مجلدًا آخر.</translation>
     </message>
     <message>
         <source>“%1” is not a file, so it cannot be opened as a profile. Choose another folder.</source>
-        <translation>«%1» ليس ملفًا، لذلك لا يمكن فتحه بوصفه ملف تعريف. اختر مجلدًا آخر.</translation>
+        <translation>«⁨%1⁩» ليس ملفًا، لذلك لا يمكن فتحه بوصفه ملف تعريف. اختر مجلدًا آخر.</translation>
     </message>
     <message>
         <source>The profile “%1” is in use by another Velmora. Quit it and try again.</source>
-        <translation>يستخدم Velmora آخر ملف التعريف «%1». أنهِه وأعد المحاولة.</translation>
+        <translation>يستخدم Velmora آخر ملف التعريف «⁨%1⁩». أنهِه وأعد المحاولة.</translation>
     </message>
     <message>
         <source>The profile folder “%1” cannot be locked: %2</source>
-        <translation>يتعذر قفل مجلد ملف التعريف «%1»: %2</translation>
+        <translation>يتعذر قفل مجلد ملف التعريف «⁨%1⁩»: ⁨%2⁩</translation>
     </message>
     <message>
         <source>The profile “%1” cannot be copied: %2</source>
-        <translation>يتعذر نسخ ملف التعريف «%1»: %2</translation>
+        <translation>يتعذر نسخ ملف التعريف «⁨%1⁩»: ⁨%2⁩</translation>
     </message>
     <message>
         <source>You do not have permission to read the profile “%1”. Change its permissions or use another profile.</source>
-        <translation>ليس لديك إذن بقراءة ملف التعريف «%1». غيِّر أذوناته أو استخدم ملف تعريف آخر.</translation>
+        <translation>ليس لديك إذن بقراءة ملف التعريف «⁨%1⁩». غيِّر أذوناته أو استخدم ملف تعريف آخر.</translation>
     </message>
     <message>
         <source>The profile “%1” is read-only. Change its permissions or use another profile.</source>
-        <translation>ملف التعريف «%1» للقراءة فقط. غيِّر أذوناته أو استخدم ملف تعريف آخر.</translation>
+        <translation>ملف التعريف «⁨%1⁩» للقراءة فقط. غيِّر أذوناته أو استخدم ملف تعريف آخر.</translation>
     </message>
     <message>
         <source>The profile folder “%1” is read-only. Change its permissions or use another profile.</source>
-        <translation>مجلد ملف التعريف «%1» للقراءة فقط. غيِّر أذوناته أو استخدم ملف تعريف آخر.</translation>
+        <translation>مجلد ملف التعريف «⁨%1⁩» للقراءة فقط. غيِّر أذوناته أو استخدم ملف تعريف آخر.</translation>
     </message>
     <message>
         <source>The profile folder “%1” could not be created. Check the permissions of the folder that contains it.</source>
-        <translation>تعذر إنشاء مجلد ملف التعريف «%1». تحقق من أذونات المجلد الذي يحتويه.</translation>
+        <translation>تعذر إنشاء مجلد ملف التعريف «⁨%1⁩». تحقق من أذونات المجلد الذي يحتويه.</translation>
     </message>
     <message>
         <source>“%1” is not a folder. Choose a folder for the profile.</source>
-        <translation>«%1» ليس مجلدًا. اختر مجلدًا لملف التعريف.</translation>
+        <translation>«⁨%1⁩» ليس مجلدًا. اختر مجلدًا لملف التعريف.</translation>
     </message>
     <message>
         <source>The folder “%1” contains other files and no profile. Choose an empty folder.</source>
-        <translation>يحتوي المجلد «%1» على ملفات أخرى وليس فيه ملف تعريف. اختر مجلدًا فارغًا.</translation>
+        <translation>يحتوي المجلد «⁨%1⁩» على ملفات أخرى وليس فيه ملف تعريف. اختر مجلدًا فارغًا.</translation>
     </message>
     <message>
         <source>%1 %2 Unlock the keyring and try again.</source>
-        <translation>%1 %2 افتح قفل حلقة المفاتيح وأعد المحاولة.</translation>
+        <translation>⁨%1⁩ ⁨%2⁩ افتح قفل حلقة المفاتيح وأعد المحاولة.</translation>
     </message>
     <message>
         <source>Profile:</source>
@@ -435,23 +439,23 @@
     </message>
     <message>
         <source>Other users of this computer may be able to read the profile “%1”, because its permissions cannot be changed. Move it to a folder of your own.</source>
-        <translation>قد يتمكن مستخدمون آخرون لهذا الحاسوب من قراءة ملف التعريف «%1»، لأنه يتعذر تغيير أذوناته. انقله إلى مجلد خاص بك.</translation>
+        <translation>قد يتمكن مستخدمون آخرون لهذا الحاسوب من قراءة ملف التعريف «⁨%1⁩»، لأنه يتعذر تغيير أذوناته. انقله إلى مجلد خاص بك.</translation>
     </message>
     <message>
         <source>The profile “%1” cannot be opened: %2</source>
-        <translation>يتعذر فتح ملف التعريف «%1»: %2</translation>
+        <translation>يتعذر فتح ملف التعريف «⁨%1⁩»: ⁨%2⁩</translation>
     </message>
     <message>
         <source>The profile “%1” cannot be read or written: %2</source>
-        <translation>تتعذر قراءة ملف التعريف «%1» أو الكتابة فيه: %2</translation>
+        <translation>تتعذر قراءة ملف التعريف «⁨%1⁩» أو الكتابة فيه: ⁨%2⁩</translation>
     </message>
     <message>
         <source>The profile “%1” has no inbox. Restore it from a backup or use another profile.</source>
-        <translation>ليس في ملف التعريف «%1» ملاحظات واردة. استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
+        <translation>ليس في ملف التعريف «⁨%1⁩» ملاحظات واردة. استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
     </message>
     <message>
         <source>The profile “%1” no longer exists. Quit Velmora and restore it from a backup.</source>
-        <translation>لم يعد ملف التعريف «%1» موجودًا. أنهِ Velmora واستعد الملف من نسخة احتياطية.</translation>
+        <translation>لم يعد ملف التعريف «⁨%1⁩» موجودًا. أنهِ Velmora واستعد الملف من نسخة احتياطية.</translation>
     </message>
     <message>
         <source>Enter a name for the database.</source>
@@ -471,19 +475,19 @@
     </message>
     <message>
         <source>Velmora does not support locations of the kind “%1”. Remove this location and add another one.</source>
-        <translation>لا يدعم Velmora المواقع من النوع «%1». أزل هذا الموقع وأضف موقعًا آخر.</translation>
+        <translation>لا يدعم Velmora المواقع من النوع «⁨%1⁩». أزل هذا الموقع وأضف موقعًا آخر.</translation>
     </message>
     <message>
         <source>“%1” is a folder on another computer. Choose a folder on this computer.</source>
-        <translation>«%1» مجلد على حاسوب آخر. اختر مجلدًا على هذا الحاسوب.</translation>
+        <translation>«⁨%1⁩» مجلد على حاسوب آخر. اختر مجلدًا على هذا الحاسوب.</translation>
     </message>
     <message>
         <source>The sync store “%1” does not exist. Check whether it was moved or renamed.</source>
-        <translation>مخزن المزامنة «%1» غير موجود. تحقق مما إذا كان قد نُقل أو أُعيدت تسميته.</translation>
+        <translation>مخزن المزامنة «⁨%1⁩» غير موجود. تحقق مما إذا كان قد نُقل أو أُعيدت تسميته.</translation>
     </message>
     <message>
         <source>“%1” is not a sync store. Edit the location and choose another one.</source>
-        <translation>«%1» ليس مخزن مزامنة. حرِّر الموقع واختر مخزنًا آخر.</translation>
+        <translation>«⁨%1⁩» ليس مخزن مزامنة. حرِّر الموقع واختر مخزنًا آخر.</translation>
     </message>
     <message>
         <source>Do Not Trust</source>
@@ -491,35 +495,35 @@
     </message>
     <message>
         <source>Fingerprint (SHA-256): %1</source>
-        <translation>البصمة (SHA-256): %1</translation>
+        <translation>البصمة (SHA-256): ⁨%1⁩</translation>
     </message>
     <message>
         <source>Issued by: %1</source>
-        <translation>جهة الإصدار: %1</translation>
+        <translation>جهة الإصدار: ⁨%1⁩</translation>
     </message>
     <message>
         <source>Issued to: %1</source>
-        <translation>أُصدرت لـ: %1</translation>
+        <translation>أُصدرت لـ: ⁨%1⁩</translation>
     </message>
     <message>
         <source>A secure connection to the server “%1” could not be established (%2). Check its port, and whether it supports HTTPS.</source>
-        <translation>تعذر إنشاء اتصال آمن بالخادم «%1» (%2). تحقق من منفذه ومن دعمه لـ HTTPS.</translation>
+        <translation>تعذر إنشاء اتصال آمن بالخادم «⁨%1⁩» (⁨%2⁩). تحقق من منفذه ومن دعمه لـ HTTPS.</translation>
     </message>
     <message>
         <source>“%1” is not a valid name in a sync store.</source>
-        <translation>«%1» ليس اسمًا صالحًا في مخزن مزامنة.</translation>
+        <translation>«⁨%1⁩» ليس اسمًا صالحًا في مخزن مزامنة.</translation>
     </message>
     <message>
         <source>The server “%1” sent an unexpected response (HTTP %2). Try again later or ask its administrator.</source>
-        <translation>أرسل الخادم «%1» استجابة غير متوقعة (HTTP %2). أعد المحاولة لاحقًا أو اسأل مدير الخادم.</translation>
+        <translation>أرسل الخادم «⁨%1⁩» استجابة غير متوقعة (HTTP ⁨%2⁩). أعد المحاولة لاحقًا أو اسأل مدير الخادم.</translation>
     </message>
     <message>
         <source>The server “%1” sent an invalid response. Try again later or ask its administrator.</source>
-        <translation>أرسل الخادم «%1» استجابة غير صالحة. أعد المحاولة لاحقًا أو اسأل مدير الخادم.</translation>
+        <translation>أرسل الخادم «⁨%1⁩» استجابة غير صالحة. أعد المحاولة لاحقًا أو اسأل مدير الخادم.</translation>
     </message>
     <message>
         <source>The server “%1” sent a response that is too long. Ask its administrator.</source>
-        <translation>أرسل الخادم «%1» استجابة طويلة جدًا. اسأل مدير الخادم.</translation>
+        <translation>أرسل الخادم «⁨%1⁩» استجابة طويلة جدًا. اسأل مدير الخادم.</translation>
     </message>
     <message>
         <source>The certificate has expired.</source>
@@ -543,91 +547,91 @@
     </message>
     <message>
         <source>The folder “%1” does not exist on the server. Create it there or edit the location.</source>
-        <translation>المجلد «%1» غير موجود على الخادم. أنشئه هناك أو حرِّر الموقع.</translation>
+        <translation>المجلد «⁨%1⁩» غير موجود على الخادم. أنشئه هناك أو حرِّر الموقع.</translation>
     </message>
     <message>
         <source>The server does not allow you to use “%1”. Ask its administrator for access.</source>
-        <translation>لا يسمح لك الخادم باستخدام «%1». اطلب حق الوصول من مدير الخادم.</translation>
+        <translation>لا يسمح لك الخادم باستخدام «⁨%1⁩». اطلب حق الوصول من مدير الخادم.</translation>
     </message>
     <message>
         <source>The server “%1” requires a password, but none is saved for this location. Edit the location to enter it.</source>
-        <translation>يتطلب الخادم «%1» كلمة مرور، لكن لم تُحفظ كلمة مرور لهذا الموقع. حرِّر الموقع لإدخالها.</translation>
+        <translation>يتطلب الخادم «⁨%1⁩» كلمة مرور، لكن لم تُحفظ كلمة مرور لهذا الموقع. حرِّر الموقع لإدخالها.</translation>
     </message>
     <message>
         <source>The server “%1” supports neither Basic nor Digest authentication with MD5 or SHA-256. Ask its administrator to allow one of them.</source>
-        <translation>لا يدعم الخادم «%1» مصادقة Basic ولا مصادقة Digest باستخدام MD5 أو SHA-256. اطلب من مدير الخادم السماح بإحداهما.</translation>
+        <translation>لا يدعم الخادم «⁨%1⁩» مصادقة Basic ولا مصادقة Digest باستخدام MD5 أو SHA-256. اطلب من مدير الخادم السماح بإحداهما.</translation>
     </message>
     <message>
         <source>The server “%1” closed the connection without a response. Check its name and port.</source>
-        <translation>أغلق الخادم «%1» الاتصال دون استجابة. تحقق من اسمه ومنفذه.</translation>
+        <translation>أغلق الخادم «⁨%1⁩» الاتصال دون استجابة. تحقق من اسمه ومنفذه.</translation>
     </message>
     <message>
         <source>The server “%1” cannot be reached: %2. Check the network connection.</source>
-        <translation>يتعذر الوصول إلى الخادم «%1»: %2. تحقق من اتصال الشبكة.</translation>
+        <translation>يتعذر الوصول إلى الخادم «⁨%1⁩»: ⁨%2⁩. تحقق من اتصال الشبكة.</translation>
     </message>
     <message>
         <source>The server “%1” refused the connection. Check the port, and whether the server is running.</source>
-        <translation>رفض الخادم «%1» الاتصال. تحقق من المنفذ ومن أن الخادم يعمل.</translation>
+        <translation>رفض الخادم «⁨%1⁩» الاتصال. تحقق من المنفذ ومن أن الخادم يعمل.</translation>
     </message>
     <message>
         <source>The server “%1” cannot prove its identity. Trust its certificate for this location?</source>
-        <translation>لا يستطيع الخادم «%1» إثبات هويته. هل تثق بشهادته لهذا الموقع؟</translation>
+        <translation>لا يستطيع الخادم «⁨%1⁩» إثبات هويته. هل تثق بشهادته لهذا الموقع؟</translation>
     </message>
     <message>
         <source>The server “%1” cannot prove its identity: %2</source>
-        <translation>لا يستطيع الخادم «%1» إثبات هويته: %2</translation>
+        <translation>لا يستطيع الخادم «⁨%1⁩» إثبات هويته: ⁨%2⁩</translation>
     </message>
     <message>
         <source>The server “%1” does not accept this user name and password. Edit the location to correct them.</source>
-        <translation>لا يقبل الخادم «%1» اسم المستخدم وكلمة المرور هذين. حرِّر الموقع لتصحيحهما.</translation>
+        <translation>لا يقبل الخادم «⁨%1⁩» اسم المستخدم وكلمة المرور هذين. حرِّر الموقع لتصحيحهما.</translation>
     </message>
     <message>
         <source>The server “%1” does not respond. Check the network connection and try again.</source>
-        <translation>لا يستجيب الخادم «%1». تحقق من اتصال الشبكة وأعد المحاولة.</translation>
+        <translation>لا يستجيب الخادم «⁨%1⁩». تحقق من اتصال الشبكة وأعد المحاولة.</translation>
     </message>
     <message>
         <source>The server “%1” reported an internal error (HTTP %2). Try again later or ask its administrator.</source>
-        <translation>أبلغ الخادم «%1» عن خطأ داخلي (HTTP %2). أعد المحاولة لاحقًا أو اسأل مدير الخادم.</translation>
+        <translation>أبلغ الخادم «⁨%1⁩» عن خطأ داخلي (HTTP ⁨%2⁩). أعد المحاولة لاحقًا أو اسأل مدير الخادم.</translation>
     </message>
     <message>
         <source>The server “%1” is busy. Try again later.</source>
-        <translation>الخادم «%1» مشغول. أعد المحاولة لاحقًا.</translation>
+        <translation>الخادم «⁨%1⁩» مشغول. أعد المحاولة لاحقًا.</translation>
     </message>
     <message>
         <source>The server “%1” has no space left. Delete files there or ask its administrator.</source>
-        <translation>لا توجد مساحة على الخادم «%1». احذف ملفات منه أو اسأل مدير الخادم.</translation>
+        <translation>لا توجد مساحة على الخادم «⁨%1⁩». احذف ملفات منه أو اسأل مدير الخادم.</translation>
     </message>
     <message>
         <source>The server “%1” does not offer WebDAV at this address. Edit the location to correct it.</source>
-        <translation>لا يقدم الخادم «%1» خدمة WebDAV على هذا العنوان. حرِّر الموقع لتصحيحه.</translation>
+        <translation>لا يقدم الخادم «⁨%1⁩» خدمة WebDAV على هذا العنوان. حرِّر الموقع لتصحيحه.</translation>
     </message>
     <message>
         <source>The server “%1” redirects too often. Check the address of the location.</source>
-        <translation>يعيد الخادم «%1» التوجيه مرات كثيرة جدًا. تحقق من عنوان الموقع.</translation>
+        <translation>يعيد الخادم «⁨%1⁩» التوجيه مرات كثيرة جدًا. تحقق من عنوان الموقع.</translation>
     </message>
     <message>
         <source>The server “%1” redirects to “%2”. If that is correct, edit the location and enter it as the address.</source>
-        <translation>يعيد الخادم «%1» التوجيه إلى «%2». إذا كان ذلك صحيحًا، فحرِّر الموقع وأدخله عنوانًا له.</translation>
+        <translation>يعيد الخادم «⁨%1⁩» التوجيه إلى «⁨%2⁩». إذا كان ذلك صحيحًا، فحرِّر الموقع وأدخله عنوانًا له.</translation>
     </message>
     <message>
         <source>The server “%1” takes too long to respond. Try again later.</source>
-        <translation>يستغرق الخادم «%1» وقتًا طويلًا في الاستجابة. أعد المحاولة لاحقًا.</translation>
+        <translation>يستغرق الخادم «⁨%1⁩» وقتًا طويلًا في الاستجابة. أعد المحاولة لاحقًا.</translation>
     </message>
     <message>
         <source>The sync store “%1” is read-only. Change its permissions or choose another one.</source>
-        <translation>مخزن المزامنة «%1» للقراءة فقط. غيِّر أذوناته أو اختر مخزنًا آخر.</translation>
+        <translation>مخزن المزامنة «⁨%1⁩» للقراءة فقط. غيِّر أذوناته أو اختر مخزنًا آخر.</translation>
     </message>
     <message>
         <source>The volume that contains the sync store “%1” is full. Free some space on it.</source>
-        <translation>القرص الذي يحتوي على مخزن المزامنة «%1» ممتلئ. أفرغ مساحة عليه.</translation>
+        <translation>القرص الذي يحتوي على مخزن المزامنة «⁨%1⁩» ممتلئ. أفرغ مساحة عليه.</translation>
     </message>
     <message>
         <source>The volume that contains the sync store “%1” is not mounted. Connect it and try again.</source>
-        <translation>القرص الذي يحتوي على مخزن المزامنة «%1» غير موصول. صِله وأعد المحاولة.</translation>
+        <translation>القرص الذي يحتوي على مخزن المزامنة «⁨%1⁩» غير موصول. صِله وأعد المحاولة.</translation>
     </message>
     <message>
         <source>The server “%1” was not found. Check its name and the network connection.</source>
-        <translation>لم يُعثر على الخادم «%1». تحقق من اسمه ومن اتصال الشبكة.</translation>
+        <translation>لم يُعثر على الخادم «⁨%1⁩». تحقق من اسمه ومن اتصال الشبكة.</translation>
     </message>
     <message>
         <source>Trust This Certificate</source>
@@ -635,75 +639,75 @@
     </message>
     <message>
         <source>Valid from %1 to %2</source>
-        <translation>صالحة من %1 إلى %2</translation>
+        <translation>صالحة من ⁨%1⁩ إلى ⁨%2⁩</translation>
     </message>
     <message>
         <source>You do not have permission to use “%1”. Change its permissions or choose another sync store.</source>
-        <translation>ليس لديك إذن باستخدام «%1». غيِّر أذوناته أو اختر مخزن مزامنة آخر.</translation>
+        <translation>ليس لديك إذن باستخدام «⁨%1⁩». غيِّر أذوناته أو اختر مخزن مزامنة آخر.</translation>
     </message>
     <message>
         <source>“%1” cannot be read or written: %2.</source>
-        <translation>تتعذر قراءة «%1» أو الكتابة فيه: %2.</translation>
+        <translation>تتعذر قراءة «⁨%1⁩» أو الكتابة فيه: ⁨%2⁩.</translation>
     </message>
     <message>
         <source>“%1” is larger than the server accepts. Ask its administrator to raise the limit.</source>
-        <translation>حجم «%1» أكبر مما يقبله الخادم. اطلب من مدير الخادم رفع الحد.</translation>
+        <translation>حجم «⁨%1⁩» أكبر مما يقبله الخادم. اطلب من مدير الخادم رفع الحد.</translation>
     </message>
     <message>
         <source>“%1” is locked on the server. Try again later.</source>
-        <translation>«%1» مقفل على الخادم. أعد المحاولة لاحقًا.</translation>
+        <translation>«⁨%1⁩» مقفل على الخادم. أعد المحاولة لاحقًا.</translation>
     </message>
     <message>
         <source>“%1” does not exist.</source>
-        <translation>«%1» غير موجود.</translation>
+        <translation>«⁨%1⁩» غير موجود.</translation>
     </message>
     <message>
         <source>“%1” isn’t a valid item in a sync store.</source>
-        <translation>«%1» ليس عنصرًا صالحًا في مخزن مزامنة.</translation>
+        <translation>«⁨%1⁩» ليس عنصرًا صالحًا في مخزن مزامنة.</translation>
     </message>
     <message>
         <source>“%1” is too large and was not read.</source>
-        <translation>حجم «%1» كبير جدًا، فلم يُقرأ.</translation>
+        <translation>حجم «⁨%1⁩» كبير جدًا، فلم يُقرأ.</translation>
     </message>
     <message>
         <source>The sync store “%1” could not be created. Check the permissions of the folder that contains it.</source>
-        <translation>تعذر إنشاء مخزن المزامنة «%1». تحقق من أذونات المجلد الذي يحتويه.</translation>
+        <translation>تعذر إنشاء مخزن المزامنة «⁨%1⁩». تحقق من أذونات المجلد الذي يحتويه.</translation>
     </message>
     <message>
         <source>The record “%1” was not stored as it was written. Try again. If this happens repeatedly, use another location.</source>
-        <translation>لم يُخزَّن القيد «%1» كما كُتب. أعد المحاولة. إذا تكرر ذلك، فاستخدم موقعًا آخر.</translation>
+        <translation>لم يُخزَّن القيد «⁨%1⁩» كما كُتب. أعد المحاولة. إذا تكرر ذلك، فاستخدم موقعًا آخر.</translation>
     </message>
     <message>
         <source>The profile file “%1” was moved, deleted or replaced, so nothing can be saved. Put it back, or copy unsaved text elsewhere and restart Velmora.</source>
-        <translation>نُقل الملف «%1» لملف التعريف أو حُذف أو استُبدل، لذلك لا يمكن حفظ شيء. أعده إلى مكانه، أو انسخ النص غير المحفوظ إلى مكان آخر ثم شغِّل Velmora من جديد.</translation>
+        <translation>نُقل الملف «⁨%1⁩» لملف التعريف أو حُذف أو استُبدل، لذلك لا يمكن حفظ شيء. أعده إلى مكانه، أو انسخ النص غير المحفوظ إلى مكان آخر ثم شغِّل Velmora من جديد.</translation>
     </message>
     <message>
         <source>The record “%1” was damaged. It was moved to “%2”, and this computer writes its contents again.</source>
-        <translation>كان القيد «%1» تالفًا. نُقل إلى «%2»، وسيكتب هذا الحاسوب محتواه من جديد.</translation>
+        <translation>كان القيد «⁨%1⁩» تالفًا. نُقل إلى «⁨%2⁩»، وسيكتب هذا الحاسوب محتواه من جديد.</translation>
     </message>
     <message>
         <source>The record “%1” was damaged and was moved to “%2”. Synchronize on the computer that wrote it to restore its contents.</source>
-        <translation>كان القيد «%1» تالفًا ونُقل إلى «%2». لاستعادة محتواه، أجرِ المزامنة على الحاسوب الذي كتبه.</translation>
+        <translation>كان القيد «⁨%1⁩» تالفًا ونُقل إلى «⁨%2⁩». لاستعادة محتواه، أجرِ المزامنة على الحاسوب الذي كتبه.</translation>
     </message>
     <message>
         <source>A temporary folder cannot be created: %1. Check the permissions of “%2” and the space on its disk.</source>
-        <translation>يتعذر إنشاء مجلد مؤقت: %1. تحقق من أذونات «%2» ومن المساحة على قرصه.</translation>
+        <translation>يتعذر إنشاء مجلد مؤقت: ⁨%1⁩. تحقق من أذونات «⁨%2⁩» ومن المساحة على قرصه.</translation>
     </message>
     <message>
         <source>The folder “%1” cannot be read: %2. Databases that were added on other computers are not synchronized. Check its permissions and its disk.</source>
-        <translation>تتعذر قراءة المجلد «%1»: %2. لا تُزامَن قواعد البيانات التي أُضيفت على حواسيب أخرى. تحقق من أذوناته ومن قرصه.</translation>
+        <translation>تتعذر قراءة المجلد «⁨%1⁩»: ⁨%2⁩. لا تُزامَن قواعد البيانات التي أُضيفت على حواسيب أخرى. تحقق من أذوناته ومن قرصه.</translation>
     </message>
     <message>
         <source>The damaged record “%1” cannot be copied, because the location does not store what is written. Check the disk or the server.</source>
-        <translation>يتعذر نسخ القيد التالف «%1»، لأن الموقع لا يخزِّن ما يُكتب فيه. تحقق من القرص أو الخادم.</translation>
+        <translation>يتعذر نسخ القيد التالف «⁨%1⁩»، لأن الموقع لا يخزِّن ما يُكتب فيه. تحقق من القرص أو الخادم.</translation>
     </message>
     <message>
         <source>Everything was synchronized, but the records at “%1” could not be merged: %2</source>
-        <translation>تمت مزامنة كل شيء، لكن تعذر دمج القيود في «%1»: %2</translation>
+        <translation>تمت مزامنة كل شيء، لكن تعذر دمج القيود في «⁨%1⁩»: ⁨%2⁩</translation>
     </message>
     <message>
         <source>The record “%1” was read differently each time, so it was left as it is. Check the disk or the server.</source>
-        <translation>قُرئ القيد «%1» على نحو مختلف في كل مرة، لذلك تُرك كما هو. تحقق من القرص أو الخادم.</translation>
+        <translation>قُرئ القيد «⁨%1⁩» على نحو مختلف في كل مرة، لذلك تُرك كما هو. تحقق من القرص أو الخادم.</translation>
     </message>
     <message>
         <source>Profile</source>
@@ -711,15 +715,15 @@
     </message>
     <message>
         <source>The database of the profile is damaged (%1). Restore it from a backup.</source>
-        <translation>قاعدة بيانات ملف التعريف تالفة (%1). استعده من نسخة احتياطية.</translation>
+        <translation>قاعدة بيانات ملف التعريف تالفة (⁨%1⁩). استعده من نسخة احتياطية.</translation>
     </message>
     <message>
         <source>Damaged notes in the database “%1”: %2. “velmora verify --repair” reads them again from the locations. If no location has them, check their texts and edit them.</source>
-        <translation>ملاحظات تالفة في قاعدة البيانات «%1»: %2. يقرأها الأمر «velmora verify --repair» من المواقع مجددًا. إذا لم تكن في أي موقع، فراجع نصوصها وحرِّرها.</translation>
+        <translation>ملاحظات تالفة في قاعدة البيانات «⁨%1⁩»: ⁨%2⁩. يقرأها الأمر «velmora verify --repair» من المواقع مجددًا. إذا لم تكن في أي موقع، فراجع نصوصها وحرِّرها.</translation>
     </message>
     <message>
         <source>“%1”</source>
-        <translation>«%1»</translation>
+        <translation>«⁨%1⁩»</translation>
     </message>
     <message numerus="yes">
         <source>%1 and %2 more</source>
@@ -738,11 +742,11 @@
     </message>
     <message>
         <source>databases: %1, notes: %2</source>
-        <translation>قواعد البيانات: %1، الملاحظات: %2</translation>
+        <translation>قواعد البيانات: ⁨%1⁩، الملاحظات: ⁨%2⁩</translation>
     </message>
     <message>
         <source>“%1” at “%2”</source>
-        <translation>«%1» في «%2»</translation>
+        <translation>«⁨%1⁩» في «⁨%2⁩»</translation>
     </message>
     <message>
         <source>The location no longer contains the database. Synchronize to send everything again.</source>
@@ -754,11 +758,11 @@
     </message>
     <message>
         <source>records: %1, moved aside: %2</source>
-        <translation>القيود: %1، المنقول جانبًا: %2</translation>
+        <translation>القيود: ⁨%1⁩، المنقول جانبًا: ⁨%2⁩</translation>
     </message>
     <message>
         <source>The database “%1” is not on this computer yet. Synchronize it with the location.</source>
-        <translation>قاعدة البيانات «%1» ليست على هذا الحاسوب بعد. زامنها مع الموقع.</translation>
+        <translation>قاعدة البيانات «⁨%1⁩» ليست على هذا الحاسوب بعد. زامنها مع الموقع.</translation>
     </message>
     <message>
         <source>Another computer changes the location. Try again later.</source>
@@ -766,19 +770,19 @@
     </message>
     <message>
         <source>Changes at the location that are not on this computer: %1. Synchronize to get them.</source>
-        <translation>تغييرات في الموقع ليست على هذا الحاسوب: %1. أجرِ المزامنة لجلبها.</translation>
+        <translation>تغييرات في الموقع ليست على هذا الحاسوب: ⁨%1⁩. أجرِ المزامنة لجلبها.</translation>
     </message>
     <message>
         <source>Changes on this computer that are not at the location: %1. Synchronize to send them.</source>
-        <translation>تغييرات على هذا الحاسوب ليست في الموقع: %1. أجرِ المزامنة لإرسالها.</translation>
+        <translation>تغييرات على هذا الحاسوب ليست في الموقع: ⁨%1⁩. أجرِ المزامنة لإرسالها.</translation>
     </message>
     <message>
         <source>The record “%1” was damaged and is written again.</source>
-        <translation>كان القيد «%1» تالفًا وسيُكتب من جديد.</translation>
+        <translation>كان القيد «⁨%1⁩» تالفًا وسيُكتب من جديد.</translation>
     </message>
     <message>
         <source>The record “%1” is damaged. Synchronize the other computers that use this location, because one of them may write it again.</source>
-        <translation>القيد «%1» تالف. أجرِ المزامنة على الحواسيب الأخرى التي تستخدم هذا الموقع، فقد يكتبه أحدها من جديد.</translation>
+        <translation>القيد «⁨%1⁩» تالف. أجرِ المزامنة على الحواسيب الأخرى التي تستخدم هذا الموقع، فقد يكتبه أحدها من جديد.</translation>
     </message>
     <message>
         <source>Inbox</source>
@@ -898,7 +902,7 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>Next synchronization: %1</source>
-        <translation>المزامنة التالية: %1</translation>
+        <translation>المزامنة التالية: ⁨%1⁩</translation>
     </message>
     <message>
         <source>No database is open.</source>
@@ -922,11 +926,11 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>Sync Preferences cannot be used: the sync plug-in has no %1.</source>
-        <translation>لا يمكن استخدام تفضيلات المزامنة: ينقص ملحقَ المزامنة %1.</translation>
+        <translation>لا يمكن استخدام تفضيلات المزامنة: ينقص ملحقَ المزامنة ⁨%1⁩.</translation>
     </message>
     <message>
         <source>Sync Preferences cannot be used: it needs version %1 of the interface to the sync plug-in, which offers version %2. Install both from the same version of Velmora.</source>
-        <translation>لا يمكن استخدام تفضيلات المزامنة: تحتاج إلى الإصدار %1 من واجهة ملحق المزامنة، والملحق يقدم الإصدار %2. ثبِّت كليهما من إصدار Velmora نفسه.</translation>
+        <translation>لا يمكن استخدام تفضيلات المزامنة: تحتاج إلى الإصدار ⁨%1⁩ من واجهة ملحق المزامنة، والملحق يقدم الإصدار ⁨%2⁩. ثبِّت كليهما من إصدار Velmora نفسه.</translation>
     </message>
     <message>
         <source>Sync locations</source>
@@ -942,7 +946,7 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>Synchronized %1</source>
-        <translation>تمت المزامنة %1</translation>
+        <translation>تمت المزامنة ⁨%1⁩</translation>
     </message>
     <message>
         <source>There is no location to synchronize with yet.</source>
@@ -1114,7 +1118,7 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>Forget the password of “%1”?</source>
-        <translation>هل تريد نسيان كلمة مرور «%1»؟</translation>
+        <translation>هل تريد نسيان كلمة مرور «⁨%1⁩»؟</translation>
     </message>
     <message>
         <source>No location of the list uses this password any more.</source>
@@ -1131,17 +1135,17 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message numerus="yes">
         <source>%1 more items of “%2” could not be synchronized with “%3”.</source>
         <translation>
-            <numerusform>تعذرت مزامنة %1 عنصر آخر من «%2» مع «%3».</numerusform>
-            <numerusform>تعذرت مزامنة %1 عنصر آخر من «%2» مع «%3».</numerusform>
-            <numerusform>تعذرت مزامنة %1 عنصرين آخرين من «%2» مع «%3».</numerusform>
-            <numerusform>تعذرت مزامنة %1 عناصر أخرى من «%2» مع «%3».</numerusform>
-            <numerusform>تعذرت مزامنة %1 عنصرًا آخر من «%2» مع «%3».</numerusform>
-            <numerusform>تعذرت مزامنة %1 عنصر آخر من «%2» مع «%3».</numerusform>
+            <numerusform>تعذرت مزامنة %1 عنصر آخر من «⁨%2⁩» مع «⁨%3⁩».</numerusform>
+            <numerusform>تعذرت مزامنة %1 عنصر آخر من «⁨%2⁩» مع «⁨%3⁩».</numerusform>
+            <numerusform>تعذرت مزامنة %1 عنصرين آخرين من «⁨%2⁩» مع «⁨%3⁩».</numerusform>
+            <numerusform>تعذرت مزامنة %1 عناصر أخرى من «⁨%2⁩» مع «⁨%3⁩».</numerusform>
+            <numerusform>تعذرت مزامنة %1 عنصرًا آخر من «⁨%2⁩» مع «⁨%3⁩».</numerusform>
+            <numerusform>تعذرت مزامنة %1 عنصر آخر من «⁨%2⁩» مع «⁨%3⁩».</numerusform>
         </translation>
     </message>
     <message>
         <source>More of these, which are not listed: %1.</source>
-        <translation>عناصر أخرى من هذه لم تُدرج: %1.</translation>
+        <translation>عناصر أخرى من هذه لم تُدرج: ⁨%1⁩.</translation>
     </message>
     <message>
         <source>The password is saved in your keyring and nowhere else.</source>
@@ -1185,35 +1189,35 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>The certificate “%1” of this computer could not be created. Check the permissions of the profile folder.</source>
-        <translation>تعذر إنشاء شهادة هذا الحاسوب «%1». تحقق من أذونات مجلد ملف التعريف.</translation>
+        <translation>تعذر إنشاء شهادة هذا الحاسوب «⁨%1⁩». تحقق من أذونات مجلد ملف التعريف.</translation>
     </message>
     <message>
         <source>The certificate “%1” of this computer cannot be read: %2</source>
-        <translation>تتعذر قراءة شهادة هذا الحاسوب «%1»: %2</translation>
+        <translation>تتعذر قراءة شهادة هذا الحاسوب «⁨%1⁩»: ⁨%2⁩</translation>
     </message>
     <message>
         <source>The certificate “%1” of this computer is damaged. Delete it and pair the other computers again.</source>
-        <translation>شهادة هذا الحاسوب «%1» تالفة. احذفها واقرن الحواسيب الأخرى من جديد.</translation>
+        <translation>شهادة هذا الحاسوب «⁨%1⁩» تالفة. احذفها واقرن الحواسيب الأخرى من جديد.</translation>
     </message>
     <message>
         <source>“%1” cannot be reached. Check that the computer is on and lets other computers synchronize.</source>
-        <translation>يتعذر الوصول إلى «%1». تحقق من أن الحاسوب يعمل وأنه يسمح للحواسيب الأخرى بالمزامنة.</translation>
+        <translation>يتعذر الوصول إلى «⁨%1⁩». تحقق من أن الحاسوب يعمل وأنه يسمح للحواسيب الأخرى بالمزامنة.</translation>
     </message>
     <message>
         <source>The connection to “%1” was lost. Try again.</source>
-        <translation>انقطع الاتصال بـ «%1». أعد المحاولة.</translation>
+        <translation>انقطع الاتصال بـ «⁨%1⁩». أعد المحاولة.</translation>
     </message>
     <message>
         <source>This computer is in no network. Port: %1</source>
-        <translation>هذا الحاسوب غير متصل بأي شبكة. المنفذ: %1</translation>
+        <translation>هذا الحاسوب غير متصل بأي شبكة. المنفذ: ⁨%1⁩</translation>
     </message>
     <message>
         <source>Address: %1. Port: %2</source>
-        <translation>العنوان: %1. المنفذ: %2</translation>
+        <translation>العنوان: ⁨%1⁩. المنفذ: ⁨%2⁩</translation>
     </message>
     <message>
         <source>Other computers list this one as “%1”.</source>
-        <translation>تعرض الحواسيب الأخرى هذا الحاسوب باسم «%1».</translation>
+        <translation>تعرض الحواسيب الأخرى هذا الحاسوب باسم «⁨%1⁩».</translation>
     </message>
     <message>
         <source>It shows a code. Allow it only if the code is the same as here.</source>
@@ -1229,7 +1233,7 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>Let “%1” synchronize with this computer?</source>
-        <translation>هل تسمح للحاسوب «%1» بالمزامنة مع هذا الحاسوب؟</translation>
+        <translation>هل تسمح للحاسوب «⁨%1⁩» بالمزامنة مع هذا الحاسوب؟</translation>
     </message>
     <message>
         <source>Allow</source>
@@ -1241,11 +1245,11 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>The server cannot use the port %1. Choose another port. (%2)</source>
-        <translation>لا يستطيع الخادم استخدام المنفذ %1. اختر منفذًا آخر. (%2)</translation>
+        <translation>لا يستطيع الخادم استخدام المنفذ ⁨%1⁩. اختر منفذًا آخر. (⁨%2⁩)</translation>
     </message>
     <message>
         <source>Connect with “%1”?</source>
-        <translation>هل تريد الاتصال بالحاسوب «%1»؟</translation>
+        <translation>هل تريد الاتصال بالحاسوب «⁨%1⁩»؟</translation>
     </message>
     <message>
         <source>It shows a code. Connect only if the code is the same as here.</source>
@@ -1257,23 +1261,23 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>“%1” is not the computer that was paired. If this is intended, remove the location and add it again.</source>
-        <translation>«%1» ليس الحاسوب الذي تم الاقتران به. إذا كان ذلك مقصودًا، فأزل الموقع ثم أضفه من جديد.</translation>
+        <translation>«⁨%1⁩» ليس الحاسوب الذي تم الاقتران به. إذا كان ذلك مقصودًا، فأزل الموقع ثم أضفه من جديد.</translation>
     </message>
     <message>
         <source>“%1” is busy with another request. Try again later.</source>
-        <translation>«%1» مشغول بطلب آخر. أعد المحاولة لاحقًا.</translation>
+        <translation>«⁨%1⁩» مشغول بطلب آخر. أعد المحاولة لاحقًا.</translation>
     </message>
     <message>
         <source>“%1” does not allow this computer to synchronize. Allow it there and try again.</source>
-        <translation>لا يسمح «%1» لهذا الحاسوب بالمزامنة. اسمح بها هناك وأعد المحاولة.</translation>
+        <translation>لا يسمح «⁨%1⁩» لهذا الحاسوب بالمزامنة. اسمح بها هناك وأعد المحاولة.</translation>
     </message>
     <message>
         <source>“%1” sent an invalid response. Use the same version of Velmora on both computers.</source>
-        <translation>أرسل «%1» استجابة غير صالحة. استخدم إصدار Velmora نفسه على الحاسوبين.</translation>
+        <translation>أرسل «⁨%1⁩» استجابة غير صالحة. استخدم إصدار Velmora نفسه على الحاسوبين.</translation>
     </message>
     <message>
         <source>“%1” cannot read or write its sync store. Check its disk.</source>
-        <translation>لا يستطيع «%1» القراءة من مخزن مزامنته أو الكتابة فيه. تحقق من قرصه.</translation>
+        <translation>لا يستطيع «⁨%1⁩» القراءة من مخزن مزامنته أو الكتابة فيه. تحقق من قرصه.</translation>
     </message>
     <message>
         <source>Folder Access</source>
@@ -1393,7 +1397,7 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>Last connected: %1</source>
-        <translation>آخر اتصال: %1</translation>
+        <translation>آخر اتصال: ⁨%1⁩</translation>
     </message>
     <message>
         <source>Last connected: unknown</source>
@@ -1401,35 +1405,39 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>“%1” belongs to a database that is not served.</source>
-        <translation>ينتمي «%1» إلى قاعدة بيانات غير متاحة.</translation>
+        <translation>ينتمي «⁨%1⁩» إلى قاعدة بيانات غير متاحة.</translation>
     </message>
     <message>
         <source>“%1” does not serve this database. Tick it there under “Direct Connections…” in Sync Preferences, and synchronize again.</source>
-        <translation>لا يتيح «%1» قاعدة البيانات هذه. علِّمها هناك من «الاتصالات المباشرة…» في تفضيلات المزامنة، ثم أجرِ المزامنة من جديد.</translation>
+        <translation>لا يتيح «⁨%1⁩» قاعدة البيانات هذه. علِّمها هناك من «الاتصالات المباشرة…» في تفضيلات المزامنة، ثم أجرِ المزامنة من جديد.</translation>
     </message>
     <message>
         <source>Prevent “%1” from connecting?</source>
-        <translation>هل تريد منع «%1» من الاتصال؟</translation>
+        <translation>هل تريد منع «⁨%1⁩» من الاتصال؟</translation>
     </message>
     <message>
         <source>The record “%1” is too large.</source>
-        <translation>حجم القيد «%1» كبير جدًا.</translation>
+        <translation>حجم القيد «⁨%1⁩» كبير جدًا.</translation>
     </message>
     <message>
         <source>The record “%1” was created by a newer version of Velmora. Update Velmora to read it.</source>
-        <translation>أُنشئ القيد «%1» بإصدار أحدث من Velmora. حدِّث Velmora لقراءته.</translation>
+        <translation>أُنشئ القيد «⁨%1⁩» بإصدار أحدث من Velmora. حدِّث Velmora لقراءته.</translation>
     </message>
     <message>
         <source>“%1” is not a valid identifier of a note.</source>
-        <translation>«%1» ليس معرِّف ملاحظة صالحًا.</translation>
+        <translation>«⁨%1⁩» ليس معرِّف ملاحظة صالحًا.</translation>
     </message>
     <message>
         <source>The edits of “%1” have changed meanwhile, so none was removed. Compare them again, then decide.</source>
-        <translation>تغيرت تعديلات «%1» في هذه الأثناء، فلم يُزل أي منها. قارنها من جديد ثم قرِّر.</translation>
+        <translation>تغيرت تعديلات «⁨%1⁩» في هذه الأثناء، فلم يُزل أي منها. قارنها من جديد ثم قرِّر.</translation>
+    </message>
+    <message>
+        <source>The note “%1” has changed meanwhile. Select it again.</source>
+        <translation>تغيرت الملاحظة «⁨%1⁩» في هذه الأثناء. حدِّدها من جديد.</translation>
     </message>
     <message>
         <source>The note “%1” is too long to be synchronized. Divide it into several notes.</source>
-        <translation>الملاحظة «%1» أطول من أن تُزامَن. قسِّمها إلى عدة ملاحظات.</translation>
+        <translation>الملاحظة «⁨%1⁩» أطول من أن تُزامَن. قسِّمها إلى عدة ملاحظات.</translation>
     </message>
     <message>
         <source>The name of the database is too long. Enter a shorter one.</source>
@@ -1437,43 +1445,43 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>“%1” is not a valid identifier of a database.</source>
-        <translation>«%1» ليس معرِّف قاعدة بيانات صالحًا.</translation>
+        <translation>«⁨%1⁩» ليس معرِّف قاعدة بيانات صالحًا.</translation>
     </message>
     <message>
         <source>The database “%1” exists neither on this computer nor at the location.</source>
-        <translation>قاعدة البيانات «%1» غير موجودة على هذا الحاسوب ولا في الموقع.</translation>
+        <translation>قاعدة البيانات «⁨%1⁩» غير موجودة على هذا الحاسوب ولا في الموقع.</translation>
     </message>
     <message>
         <source>“%1” was cleaned up at “%2”.</source>
-        <translation>تم تنظيف «%1» في «%2».</translation>
+        <translation>تم تنظيف «⁨%1⁩» في «⁨%2⁩».</translation>
     </message>
     <message>
         <source>“%1” was synchronized with “%2”.</source>
-        <translation>تمت مزامنة «%1» مع «%2».</translation>
+        <translation>تمت مزامنة «⁨%1⁩» مع «⁨%2⁩».</translation>
     </message>
     <message>
         <source>“%1” could not be cleaned up at “%2”: %3</source>
-        <translation>تعذر تنظيف «%1» في «%2»: %3</translation>
+        <translation>تعذر تنظيف «⁨%1⁩» في «⁨%2⁩»: ⁨%3⁩</translation>
     </message>
     <message>
         <source>“%1” could not be synchronized with “%2”: %3</source>
-        <translation>تعذرت مزامنة «%1» مع «%2»: %3</translation>
+        <translation>تعذرت مزامنة «⁨%1⁩» مع «⁨%2⁩»: ⁨%3⁩</translation>
     </message>
     <message>
         <source>“%1” could not be cleaned up because the database is not on this computer.</source>
-        <translation>تعذر تنظيف «%1» لأن قاعدة البيانات ليست على هذا الحاسوب.</translation>
+        <translation>تعذر تنظيف «⁨%1⁩» لأن قاعدة البيانات ليست على هذا الحاسوب.</translation>
     </message>
     <message>
         <source>Some items of “%1” could not be synchronized with “%2”: %3</source>
-        <translation>تعذرت مزامنة بعض عناصر «%1» مع «%2»: %3</translation>
+        <translation>تعذرت مزامنة بعض عناصر «⁨%1⁩» مع «⁨%2⁩»: ⁨%3⁩</translation>
     </message>
     <message>
         <source>Cleaning up “%1” at “%2”…</source>
-        <translation>يجري تنظيف «%1» في «%2»…</translation>
+        <translation>يجري تنظيف «⁨%1⁩» في «⁨%2⁩»…</translation>
     </message>
     <message>
         <source>Synchronizing “%1” with “%2”…</source>
-        <translation>تجري مزامنة «%1» مع «%2»…</translation>
+        <translation>تجري مزامنة «⁨%1⁩» مع «⁨%2⁩»…</translation>
     </message>
     <message>
         <source>No web browser could be opened to sign in to Dropbox. Set a default web browser and try again.</source>
@@ -1485,27 +1493,27 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>The port “%1” configured for Dropbox is not valid. Use a number from 0 to 65535.</source>
-        <translation>المنفذ «%1» المضبوط لـ Dropbox غير صالح. استخدم عددًا من 0 إلى 65535.</translation>
+        <translation>المنفذ «⁨%1⁩» المضبوط لـ Dropbox غير صالح. استخدم عددًا من 0 إلى 65535.</translation>
     </message>
     <message>
         <source>The address “%1” configured for Dropbox is not secure. Use an https address.</source>
-        <translation>العنوان «%1» المضبوط لـ Dropbox غير آمن. استخدم عنوان https.</translation>
+        <translation>العنوان «⁨%1⁩» المضبوط لـ Dropbox غير آمن. استخدم عنوان https.</translation>
     </message>
     <message>
         <source>Velmora is not signed in to Dropbox as “%1”. Edit the location to sign in.</source>
-        <translation>لم يسجل Velmora الدخول إلى Dropbox باسم «%1». حرِّر الموقع لتسجيل الدخول.</translation>
+        <translation>لم يسجل Velmora الدخول إلى Dropbox باسم «⁨%1⁩». حرِّر الموقع لتسجيل الدخول.</translation>
     </message>
     <message>
         <source>You signed in to Dropbox as “%1”, but this location belongs to “%2”. Sign out of Dropbox in your browser, edit the location again, and sign in as “%2”.</source>
-        <translation>سجلت الدخول إلى Dropbox باسم «%1»، لكن هذا الموقع يخص «%2». سجِّل الخروج من Dropbox في متصفحك، وحرِّر الموقع من جديد، وسجِّل الدخول باسم «%2».</translation>
+        <translation>سجلت الدخول إلى Dropbox باسم «⁨%1⁩»، لكن هذا الموقع يخص «⁨%2⁩». سجِّل الخروج من Dropbox في متصفحك، وحرِّر الموقع من جديد، وسجِّل الدخول باسم «⁨%2⁩».</translation>
     </message>
     <message>
         <source>The sign-in to Dropbox as “%1” is no longer valid. Edit the location to sign in again.</source>
-        <translation>لم يعد تسجيل الدخول إلى Dropbox باسم «%1» صالحًا. حرِّر الموقع لتسجيل الدخول من جديد.</translation>
+        <translation>لم يعد تسجيل الدخول إلى Dropbox باسم «⁨%1⁩» صالحًا. حرِّر الموقع لتسجيل الدخول من جديد.</translation>
     </message>
     <message>
         <source>The response of the web browser cannot be received: %1.</source>
-        <translation>يتعذر استلام استجابة متصفح الويب: %1.</translation>
+        <translation>يتعذر استلام استجابة متصفح الويب: ⁨%1⁩.</translation>
     </message>
     <message>
         <source>The sign-in to Dropbox timed out. Try again.</source>
@@ -1529,7 +1537,7 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>The Dropbox of “%1” is full. Delete files there.</source>
-        <translation>مساحة Dropbox الخاصة بالحساب «%1» ممتلئة. احذف ملفات منها.</translation>
+        <translation>مساحة Dropbox الخاصة بالحساب «⁨%1⁩» ممتلئة. احذف ملفات منها.</translation>
     </message>
     <message>
         <source>Dropbox rejected the sign-in. Try again.</source>
@@ -1537,43 +1545,43 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>Velmora has no access to the folder “%1”. Grant it under “Folder Access…”.</source>
-        <translation>لا يملك Velmora حق الوصول إلى المجلد «%1». امنحه من «الوصول إلى المجلدات…».</translation>
+        <translation>لا يملك Velmora حق الوصول إلى المجلد «⁨%1⁩». امنحه من «الوصول إلى المجلدات…».</translation>
     </message>
     <message>
         <source>The profile “%1” is empty, although it has been used. Restore it from a backup or use another profile.</source>
-        <translation>ملف التعريف «%1» فارغ مع أنه قد استُخدم. استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
+        <translation>ملف التعريف «⁨%1⁩» فارغ مع أنه قد استُخدم. استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
     </message>
     <message>
         <source>The profile folder “%1” cannot be read: %2</source>
-        <translation>تتعذر قراءة مجلد ملف التعريف «%1»: %2</translation>
+        <translation>تتعذر قراءة مجلد ملف التعريف «⁨%1⁩»: ⁨%2⁩</translation>
     </message>
     <message>
         <source>The sync locations of the damaged profile “%1” cannot be read. Add them again in Sync Preferences, then import your databases.</source>
-        <translation>تتعذر قراءة مواقع المزامنة من ملف التعريف التالف «%1». أضفها من جديد في تفضيلات المزامنة، ثم استورد قواعد بياناتك.</translation>
+        <translation>تتعذر قراءة مواقع المزامنة من ملف التعريف التالف «⁨%1⁩». أضفها من جديد في تفضيلات المزامنة، ثم استورد قواعد بياناتك.</translation>
     </message>
     <message>
         <source>The profile is missing from the folder “%1”. Restore it from a backup or use another profile.</source>
-        <translation>ملف التعريف مفقود من المجلد «%1». استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
+        <translation>ملف التعريف مفقود من المجلد «⁨%1⁩». استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
     </message>
     <message>
         <source>There is no space left on the disk with the profile “%1”. Delete files that you no longer need, then try again.</source>
-        <translation>لا توجد مساحة على القرص الذي عليه ملف التعريف «%1». احذف ملفات لم تعد بحاجة إليها، ثم أعد المحاولة.</translation>
+        <translation>لا توجد مساحة على القرص الذي عليه ملف التعريف «⁨%1⁩». احذف ملفات لم تعد بحاجة إليها، ثم أعد المحاولة.</translation>
     </message>
     <message>
         <source>The folder “%1” with the backups of the profile cannot be read: %2</source>
-        <translation>تتعذر قراءة المجلد «%1» الذي يحتوي على النسخ الاحتياطية لملف التعريف: %2</translation>
+        <translation>تتعذر قراءة المجلد «⁨%1⁩» الذي يحتوي على النسخ الاحتياطية لملف التعريف: ⁨%2⁩</translation>
     </message>
     <message>
         <source>No backup of the profile “%1” could be made, and Velmora tries again after an hour. %2</source>
-        <translation>تعذر إنشاء نسخة احتياطية من ملف التعريف «%1»، وسيعيد Velmora المحاولة بعد ساعة. %2</translation>
+        <translation>تعذر إنشاء نسخة احتياطية من ملف التعريف «⁨%1⁩»، وسيعيد Velmora المحاولة بعد ساعة. ⁨%2⁩</translation>
     </message>
     <message>
         <source>Its size is %1, and all backups together may have %2. Quit Velmora and copy the profile yourself.</source>
-        <translation>حجمه %1، ولا يجوز أن يتجاوز حجم النسخ الاحتياطية كلها %2. أنهِ Velmora وانسخ ملف التعريف بنفسك.</translation>
+        <translation>حجمه ⁨%1⁩، ولا يجوز أن يتجاوز حجم النسخ الاحتياطية كلها ⁨%2⁩. أنهِ Velmora وانسخ ملف التعريف بنفسك.</translation>
     </message>
     <message>
         <source>The disk has only %1 left, and %2 are needed. Delete files that you no longer need.</source>
-        <translation>لم يبقَ على القرص سوى %1، والمطلوب %2. احذف ملفات لم تعد بحاجة إليها.</translation>
+        <translation>لم يبقَ على القرص سوى ⁨%1⁩، والمطلوب ⁨%2⁩. احذف ملفات لم تعد بحاجة إليها.</translation>
     </message>
     <message>
         <source>The copy is not complete. Check the disk.</source>
@@ -1581,27 +1589,27 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>The folder “%1” cannot be written: %2. Check its permissions and its disk.</source>
-        <translation>تتعذر الكتابة في المجلد «%1»: %2. تحقق من أذوناته ومن قرصه.</translation>
+        <translation>تتعذر الكتابة في المجلد «⁨%1⁩»: ⁨%2⁩. تحقق من أذوناته ومن قرصه.</translation>
     </message>
     <message>
         <source>The profile “%1” has damaged notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check their texts and edit them. The backups that have them intact are kept.</source>
-        <translation>في ملف التعريف «%1» ملاحظات تالفة: %2. أجرِ المزامنة لتُقرأ من المواقع مجددًا. إذا ظهرت هذه الرسالة من جديد، فراجع نصوصها وحرِّرها. يُحتفظ بالنسخ الاحتياطية التي توجد فيها سليمة.</translation>
+        <translation>في ملف التعريف «⁨%1⁩» ملاحظات تالفة: ⁨%2⁩. أجرِ المزامنة لتُقرأ من المواقع مجددًا. إذا ظهرت هذه الرسالة من جديد، فراجع نصوصها وحرِّرها. يُحتفظ بالنسخ الاحتياطية التي توجد فيها سليمة.</translation>
     </message>
     <message>
         <source>The backup “%1” is damaged. Use another backup.</source>
-        <translation>النسخة الاحتياطية «%1» تالفة. استخدم نسخة احتياطية أخرى.</translation>
+        <translation>النسخة الاحتياطية «⁨%1⁩» تالفة. استخدم نسخة احتياطية أخرى.</translation>
     </message>
     <message>
         <source>The profile “%1” has no intact backup. Use another profile, and get your notes from the locations with which you have synchronized.</source>
-        <translation>ليس لملف التعريف «%1» نسخة احتياطية سليمة. استخدم ملف تعريف آخر، واجلب ملاحظاتك من المواقع التي زامنت معها.</translation>
+        <translation>ليس لملف التعريف «⁨%1⁩» نسخة احتياطية سليمة. استخدم ملف تعريف آخر، واجلب ملاحظاتك من المواقع التي زامنت معها.</translation>
     </message>
     <message>
         <source>The profile “%1” could not be replaced: %2</source>
-        <translation>تعذر استبدال ملف التعريف «%1»: %2</translation>
+        <translation>تعذر استبدال ملف التعريف «⁨%1⁩»: ⁨%2⁩</translation>
     </message>
     <message>
         <source>%1 Files of the damaged profile were moved to “%2” and could not be moved back. Check the disk, then try again.</source>
-        <translation>%1 نُقلت ملفات من ملف التعريف التالف إلى «%2» وتعذرت إعادتها. تحقق من القرص ثم أعد المحاولة.</translation>
+        <translation>⁨%1⁩ نُقلت ملفات من ملف التعريف التالف إلى «⁨%2⁩» وتعذرت إعادتها. تحقق من القرص ثم أعد المحاولة.</translation>
     </message>
     <message>
         <source>Earlier versions:</source>
@@ -1613,7 +1621,7 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>This version of “%1” is no longer kept.</source>
-        <translation>لم يعد هذا الإصدار من «%1» محفوظًا.</translation>
+        <translation>لم يعد هذا الإصدار من «⁨%1⁩» محفوظًا.</translation>
     </message>
     <message numerus="yes">
         <source>The location removes %1 of %2 notes. Nothing was changed. Synchronize again to decide what happens to these notes.</source>
@@ -1628,55 +1636,55 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>The location lists the record “%1” but does not return it. Check the server or the disk.</source>
-        <translation>يُدرج الموقع القيد «%1» لكنه لا يعيده. تحقق من الخادم أو القرص.</translation>
+        <translation>يُدرج الموقع القيد «⁨%1⁩» لكنه لا يعيده. تحقق من الخادم أو القرص.</translation>
     </message>
     <message>
         <source>The location lists the record “%1” but does not return it. This computer writes its contents again.</source>
-        <translation>يُدرج الموقع القيد «%1» لكنه لا يعيده. سيكتب هذا الحاسوب محتواه من جديد.</translation>
+        <translation>يُدرج الموقع القيد «⁨%1⁩» لكنه لا يعيده. سيكتب هذا الحاسوب محتواه من جديد.</translation>
     </message>
     <message>
         <source>A change in “%1” exceeds the limits of a record and was not sent. Please report this as an error of Velmora.</source>
-        <translation>يتجاوز تغيير في «%1» حدود القيد فلم يُرسل. نرجو الإبلاغ عن ذلك بوصفه خطأ في Velmora.</translation>
+        <translation>يتجاوز تغيير في «⁨%1⁩» حدود القيد فلم يُرسل. نرجو الإبلاغ عن ذلك بوصفه خطأ في Velmora.</translation>
     </message>
     <message>
         <source>The name of the database “%1” is not valid and was not sent. Rename the database and synchronize again.</source>
-        <translation>اسم قاعدة البيانات «%1» غير صالح فلم يُرسل. أعد تسمية قاعدة البيانات وأجرِ المزامنة من جديد.</translation>
+        <translation>اسم قاعدة البيانات «⁨%1⁩» غير صالح فلم يُرسل. أعد تسمية قاعدة البيانات وأجرِ المزامنة من جديد.</translation>
     </message>
     <message>
         <source>The note “%1” is damaged on this computer and was not sent. If synchronizing again does not repair it, check its text, edit it and synchronize.</source>
-        <translation>الملاحظة «%1» تالفة على هذا الحاسوب فلم تُرسل. إذا لم تصلحها المزامنة من جديد، فراجع نصها وحرِّرها ثم أجرِ المزامنة.</translation>
+        <translation>الملاحظة «⁨%1⁩» تالفة على هذا الحاسوب فلم تُرسل. إذا لم تصلحها المزامنة من جديد، فراجع نصها وحرِّرها ثم أجرِ المزامنة.</translation>
     </message>
     <message>
         <source>“%1” was damaged on this computer and was read again from the location.</source>
-        <translation>كانت «%1» تالفة على هذا الحاسوب وقُرئت من الموقع مجددًا.</translation>
+        <translation>كانت «⁨%1⁩» تالفة على هذا الحاسوب وقُرئت من الموقع مجددًا.</translation>
     </message>
     <message>
         <source>Databases of other computers that were not added: %1. This computer adds none from direct connections if it has %2 already. To get them, use another location on both computers.</source>
-        <translation>قواعد بيانات من حواسيب أخرى لم تُضف: %1. لا يضيف هذا الحاسوب شيئًا من الاتصالات المباشرة إذا كان لديه %2 منها. للحصول عليها، استخدم موقعًا آخر على الحاسوبين.</translation>
+        <translation>قواعد بيانات من حواسيب أخرى لم تُضف: ⁨%1⁩. لا يضيف هذا الحاسوب شيئًا من الاتصالات المباشرة إذا كان لديه ⁨%2⁩ منها. للحصول عليها، استخدم موقعًا آخر على الحاسوبين.</translation>
     </message>
     <message>
         <source>“%1” contains too many files. Clean up the location on another computer, or delete the files that do not belong there.</source>
-        <translation>يحتوي «%1» على ملفات كثيرة جدًا. نظِّف الموقع على حاسوب آخر، أو احذف الملفات التي لا تنتمي إليه.</translation>
+        <translation>يحتوي «⁨%1⁩» على ملفات كثيرة جدًا. نظِّف الموقع على حاسوب آخر، أو احذف الملفات التي لا تنتمي إليه.</translation>
     </message>
     <message>
         <source>The record “%1” has changed while it was read. Synchronize again.</source>
-        <translation>تغير القيد «%1» أثناء قراءته. أجرِ المزامنة من جديد.</translation>
+        <translation>تغير القيد «⁨%1⁩» أثناء قراءته. أجرِ المزامنة من جديد.</translation>
     </message>
     <message>
         <source>The keyring still contains what belongs to the removed location “%1”. Velmora deletes it when it starts again. (%2)</source>
-        <translation>ما زالت حلقة المفاتيح تحتوي على ما يخص الموقع المُزال «%1». سيحذفه Velmora عند تشغيله من جديد. (%2)</translation>
+        <translation>ما زالت حلقة المفاتيح تحتوي على ما يخص الموقع المُزال «⁨%1⁩». سيحذفه Velmora عند تشغيله من جديد. (⁨%2⁩)</translation>
     </message>
     <message>
         <source>“%1” and this computer are not paired: the question was not accepted. Synchronize again in a while, and accept it on both computers.</source>
-        <translation>لم يتم الاقتران بين «%1» وهذا الحاسوب: لم يُقبل السؤال. أجرِ المزامنة من جديد بعد قليل، واقبل السؤال على الحاسوبين.</translation>
+        <translation>لم يتم الاقتران بين «⁨%1⁩» وهذا الحاسوب: لم يُقبل السؤال. أجرِ المزامنة من جديد بعد قليل، واقبل السؤال على الحاسوبين.</translation>
     </message>
     <message>
         <source>The list of mounted volumes cannot be read: %1.</source>
-        <translation>تتعذر قراءة قائمة الأقراص الموصولة: %1.</translation>
+        <translation>تتعذر قراءة قائمة الأقراص الموصولة: ⁨%1⁩.</translation>
     </message>
     <message>
         <source>The password for “%1” was not sent, because others on the network could read it. Edit the location: choose HTTPS, or accept that.</source>
-        <translation>لم تُرسل كلمة مرور «%1»، لأن آخرين على الشبكة قد يتمكنون من قراءتها. حرِّر الموقع: اختر HTTPS أو اقبل ذلك.</translation>
+        <translation>لم تُرسل كلمة مرور «⁨%1⁩»، لأن آخرين على الشبكة قد يتمكنون من قراءتها. حرِّر الموقع: اختر HTTPS أو اقبل ذلك.</translation>
     </message>
     <message>
         <source>direct connections</source>
@@ -1684,15 +1692,15 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>A schedule of “%1” was missed while Velmora was closed, and is made up for now.</source>
-        <translation>فات موعد في الجدول الزمني لـ «%1» عندما كان Velmora مغلقًا، ويُعوَّض الآن.</translation>
+        <translation>فات موعد في الجدول الزمني لـ «⁨%1⁩» عندما كان Velmora مغلقًا، ويُعوَّض الآن.</translation>
     </message>
     <message>
         <source>Waiting to clean up “%1” at “%2”…</source>
-        <translation>بانتظار تنظيف «%1» في «%2»…</translation>
+        <translation>بانتظار تنظيف «⁨%1⁩» في «⁨%2⁩»…</translation>
     </message>
     <message>
         <source>Waiting to synchronize “%1” with “%2”…</source>
-        <translation>بانتظار مزامنة «%1» مع «%2»…</translation>
+        <translation>بانتظار مزامنة «⁨%1⁩» مع «⁨%2⁩»…</translation>
     </message>
     <message numerus="yes">
         <source>synchronized %1, but %2 items failed</source>
@@ -1707,42 +1715,62 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>Synchronized %1, but some items failed</source>
-        <translation>تمت المزامنة %1، لكن فشلت بعض العناصر</translation>
-    </message>
-    <message>
-        <source>Further failures: %1</source>
-        <translation>حالات فشل أخرى: %1</translation>
+        <translation>تمت المزامنة ⁨%1⁩، لكن فشلت بعض العناصر</translation>
     </message>
     <message>
         <source>Some items of “%1” could not be synchronized with “%2”. Open the log to see which.</source>
-        <translation>تعذرت مزامنة بعض عناصر «%1» مع «%2». افتح السجل لمعرفتها.</translation>
+        <translation>تعذرت مزامنة بعض عناصر «⁨%1⁩» مع «⁨%2⁩». افتح السجل لمعرفتها.</translation>
     </message>
     <message>
         <source>Time: %1</source>
-        <translation>الوقت: %1</translation>
+        <translation>الوقت: ⁨%1⁩</translation>
     </message>
     <message>
         <source>The list of unsent changes of the database “%1” was wrong. Everything is compared again.</source>
-        <translation>كانت قائمة التغييرات غير المرسلة لقاعدة البيانات «%1» خاطئة. تجري مقارنة كل شيء من جديد.</translation>
+        <translation>كانت قائمة التغييرات غير المرسلة لقاعدة البيانات «⁨%1⁩» خاطئة. تجري مقارنة كل شيء من جديد.</translation>
     </message>
     <message>
         <source>The recorded number of conflicts in the database “%1” is wrong. “velmora verify --repair” counts them again.</source>
-        <translation>عدد التعارضات المسجل في قاعدة البيانات «%1» خاطئ. الأمر «velmora verify --repair» يعدها من جديد.</translation>
+        <translation>عدد التعارضات المسجل في قاعدة البيانات «⁨%1⁩» خاطئ. الأمر «velmora verify --repair» يعدها من جديد.</translation>
     </message>
     <message>
         <source>The recorded number of conflicts in the database “%1” was wrong. They were counted again.</source>
-        <translation>كان عدد التعارضات المسجل في قاعدة البيانات «%1» خاطئًا. جرى عدها من جديد.</translation>
+        <translation>كان عدد التعارضات المسجل في قاعدة البيانات «⁨%1⁩» خاطئًا. جرى عدها من جديد.</translation>
     </message>
     <message>
         <source>The list of unsent changes of the database “%1” is wrong. “velmora verify --repair” compares everything and sends what the list lacks.</source>
-        <translation>قائمة التغييرات غير المرسلة لقاعدة البيانات «%1» خاطئة. الأمر «velmora verify --repair» يقارن كل شيء ويرسل ما ينقص القائمة.</translation>
+        <translation>قائمة التغييرات غير المرسلة لقاعدة البيانات «⁨%1⁩» خاطئة. الأمر «velmora verify --repair» يقارن كل شيء ويرسل ما ينقص القائمة.</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that you wanted to keep were removed before you decided, for example by “velmora sync --removals remove”. To restore them, choose “Deleted Notes” in the menu “Edit”.</source>
+        <translation>أُزيلت ملاحظات من «⁨%1⁩» أردت الاحتفاظ بها قبل أن تقرر، مثلًا بالأمر «velmora sync --removals remove». لاستعادتها اختر «الملاحظات المحذوفة» من القائمة «تحرير».</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that you wanted to remove were kept or edited before you decided, for example by “velmora sync --removals keep”. If you do not need them, delete them.</source>
+        <translation>احتُفظ بملاحظات من «⁨%1⁩» أردت إزالتها أو حُررت قبل أن تقرر، مثلًا بالأمر «velmora sync --removals keep». إن لم تكن بحاجة إليها فاحذفها.</translation>
+    </message>
+    <message>
+        <source>The old backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
+        <translation>تتعذر إزالة النسخة الاحتياطية القديمة «⁨%1⁩»: %2. تحقق من أذونات مجلدها ومن قرصها.</translation>
+    </message>
+    <message>
+        <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
+        <translation>أحد فهارس ملف التعريف «⁨%1⁩» تالف على نحو لا يمكن إصلاحه. يعرض Velmora عند بدء تشغيله استعادة نسخة احتياطية.</translation>
     </message>
 </context>
 <context>
     <name>Platform</name>
     <message>
+        <source>Further failures: %1</source>
+        <translation>حالات فشل أخرى: ⁨%1⁩</translation>
+    </message>
+    <message>
         <source>No file manager could be started. Install one, or open the folder “%1” in another program.</source>
-        <translation>تعذر تشغيل مدير ملفات. ثبِّت واحدًا، أو افتح المجلد «%1» في برنامج آخر.</translation>
+        <translation>تعذر تشغيل مدير ملفات. ثبِّت واحدًا، أو افتح المجلد «⁨%1⁩» في برنامج آخر.</translation>
+    </message>
+    <message>
+        <source>“%1” does not exist. Check whether it was moved or renamed, and whether its volume is connected.</source>
+        <translation>«⁨%1⁩» غير موجود. تحقق مما إذا كان قد نُقل أو أُعيدت تسميته، ومن أن القرص موصول.</translation>
     </message>
     <message>
         <source>Check the permissions of the file and the space on the disk.</source>
@@ -1750,11 +1778,11 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>The settings in the file “%1” cannot be read. Check the permissions of the file.</source>
-        <translation>تتعذر قراءة الإعدادات في الملف «%1». تحقق من أذونات الملف.</translation>
+        <translation>تتعذر قراءة الإعدادات في الملف «⁨%1⁩». تحقق من أذونات الملف.</translation>
     </message>
     <message>
         <source>The setting could not be saved in the file “%1”. It is lost when %2 ends.</source>
-        <translation>تعذر حفظ الإعداد في الملف «%1». سيُفقد عند إنهاء %2.</translation>
+        <translation>تعذر حفظ الإعداد في الملف «⁨%1⁩». سيُفقد عند إنهاء ⁨%2⁩.</translation>
     </message>
     <message>
         <source>No password service is running on this computer.</source>
@@ -1774,11 +1802,11 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>The name “%1” cannot be looked up in the local network, because the service Avahi does not respond (%2). Start it and try again.</source>
-        <translation>لا يمكن البحث عن الاسم «%1» في الشبكة المحلية، لأن الخدمة Avahi لا تستجيب (%2). شغِّلها وأعد المحاولة.</translation>
+        <translation>لا يمكن البحث عن الاسم «⁨%1⁩» في الشبكة المحلية، لأن الخدمة Avahi لا تستجيب (⁨%2⁩). شغِّلها وأعد المحاولة.</translation>
     </message>
     <message>
         <source>No computer of the local network has responded to the name “%1”. Check that the computer is on and in the same network.</source>
-        <translation>لم يستجب أي حاسوب في الشبكة المحلية للاسم «%1». تحقق من أن الحاسوب يعمل وأنه في الشبكة نفسها.</translation>
+        <translation>لم يستجب أي حاسوب في الشبكة المحلية للاسم «⁨%1⁩». تحقق من أن الحاسوب يعمل وأنه في الشبكة نفسها.</translation>
     </message>
     <message>
         <source>The password service failed. To restart it, log out and log in again.</source>
@@ -1786,35 +1814,35 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>Passwords cannot be saved. They are kept until you quit %1. To save them, start or unlock the password service, and enter them again.</source>
-        <translation>يتعذر حفظ كلمات المرور. ستبقى إلى أن تنهي %1. لحفظها، شغِّل خدمة كلمات المرور أو افتح قفلها، ثم أدخلها من جديد.</translation>
+        <translation>يتعذر حفظ كلمات المرور. ستبقى إلى أن تنهي ⁨%1⁩. لحفظها، شغِّل خدمة كلمات المرور أو افتح قفلها، ثم أدخلها من جديد.</translation>
     </message>
     <message>
         <source>yesterday at %1</source>
-        <translation>أمس الساعة %1</translation>
+        <translation>أمس الساعة ⁨%1⁩</translation>
     </message>
     <message>
         <source>today at %1</source>
-        <translation>اليوم الساعة %1</translation>
+        <translation>اليوم الساعة ⁨%1⁩</translation>
     </message>
     <message>
         <source>tomorrow at %1</source>
-        <translation>غدًا الساعة %1</translation>
+        <translation>غدًا الساعة ⁨%1⁩</translation>
     </message>
     <message>
         <source>The file “%1” could not be written. Check its permissions and the space on its disk.</source>
-        <translation>تعذرت الكتابة في الملف «%1». تحقق من أذوناته ومن المساحة على قرصه.</translation>
+        <translation>تعذرت الكتابة في الملف «⁨%1⁩». تحقق من أذوناته ومن المساحة على قرصه.</translation>
     </message>
     <message>
         <source>The file “%1” could not be read. Check its permissions and its disk.</source>
-        <translation>تعذرت قراءة الملف «%1». تحقق من أذوناته ومن قرصه.</translation>
+        <translation>تعذرت قراءة الملف «⁨%1⁩». تحقق من أذوناته ومن قرصه.</translation>
     </message>
     <message>
         <source>The folder “%1” could not be created. Check the permissions of the folder that contains it, or choose another one.</source>
-        <translation>تعذر إنشاء المجلد «%1». تحقق من أذونات المجلد الذي يحتويه، أو اختر مجلدًا آخر.</translation>
+        <translation>تعذر إنشاء المجلد «⁨%1⁩». تحقق من أذونات المجلد الذي يحتويه، أو اختر مجلدًا آخر.</translation>
     </message>
     <message>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>
-        <translation>تتعذر قراءة قاعدة البيانات «%1» (%2). أعد المحاولة. إذا لم ينجح ذلك، فتحقق من القرص ومن أذونات الملف.</translation>
+        <translation>تتعذر قراءة قاعدة البيانات «⁨%1⁩» (⁨%2⁩). أعد المحاولة. إذا لم ينجح ذلك، فتحقق من القرص ومن أذونات الملف.</translation>
     </message>
 </context>
 </TS>

@@ -99,6 +99,10 @@
         <translation>Ordner zeigen</translation>
     </message>
     <message>
+        <source>Show Log</source>
+        <translation>Protokoll zeigen</translation>
+    </message>
+    <message>
         <source>%1 %2 of %3</source>
         <translation>%1 %2 von %3</translation>
     </message>
@@ -271,7 +275,7 @@
     </message>
     <message>
         <source>Sync Now</source>
-        <translation>Jetzt synchronisieren</translation>
+        <translation>Synchronisieren</translation>
     </message>
     <message>
         <source>Not authorized</source>
@@ -1428,6 +1432,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Die Bearbeitungen von „%1“ haben sich inzwischen geändert, daher wurde keine entfernt. Vergleichen Sie sie erneut, und entscheiden Sie dann.</translation>
     </message>
     <message>
+        <source>The note “%1” has changed meanwhile. Select it again.</source>
+        <translation>Die Notiz „%1“ hat sich inzwischen geändert. Wählen Sie sie erneut aus.</translation>
+    </message>
+    <message>
         <source>The note “%1” is too long to be synchronized. Divide it into several notes.</source>
         <translation>Die Notiz „%1“ ist zu lang, um synchronisiert zu werden. Teilen Sie sie in mehrere Notizen auf.</translation>
     </message>
@@ -1702,10 +1710,6 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>%1 synchronisiert, aber einige Objekte sind fehlgeschlagen</translation>
     </message>
     <message>
-        <source>Further failures: %1</source>
-        <translation>Weitere Fehler: %1</translation>
-    </message>
-    <message>
         <source>Some items of “%1” could not be synchronized with “%2”. Open the log to see which.</source>
         <translation>Einige Objekte von „%1“ konnten nicht mit „%2“ synchronisiert werden. Öffnen Sie das Protokoll, um zu sehen, welche.</translation>
     </message>
@@ -1713,12 +1717,36 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>Time: %1</source>
         <translation>Zeitpunkt: %1</translation>
     </message>
+    <message>
+        <source>Notes of “%1” that you wanted to keep were removed before you decided, for example by “velmora sync --removals remove”. To restore them, choose “Deleted Notes” in the menu “Edit”.</source>
+        <translation>Notizen aus „%1“, die Sie behalten wollten, wurden vor Ihrer Entscheidung entfernt, zum Beispiel durch „velmora sync --removals remove“. Um sie wiederherzustellen, wählen Sie „Gelöschte Notizen“ im Menü „Bearbeiten“.</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that you wanted to remove were kept or edited before you decided, for example by “velmora sync --removals keep”. If you do not need them, delete them.</source>
+        <translation>Notizen aus „%1“, die Sie entfernen wollten, wurden vor Ihrer Entscheidung behalten oder bearbeitet, zum Beispiel durch „velmora sync --removals keep“. Wenn Sie sie nicht brauchen, löschen Sie sie.</translation>
+    </message>
+    <message>
+        <source>The old backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
+        <translation>Die alte Sicherung „%1“ kann nicht entfernt werden: %2. Prüfen Sie die Zugriffsrechte ihres Ordners und ihr Laufwerk.</translation>
+    </message>
+    <message>
+        <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
+        <translation>Ein Index des Profils „%1“ ist so beschädigt, dass er nicht repariert werden kann. Beim Start bietet Velmora an, eine Sicherung wiederherzustellen.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>
     <message>
+        <source>Further failures: %1</source>
+        <translation>Weitere Fehler: %1</translation>
+    </message>
+    <message>
         <source>No file manager could be started. Install one, or open the folder “%1” in another program.</source>
         <translation>Es konnte kein Dateimanager gestartet werden. Installieren Sie einen, oder öffnen Sie den Ordner „%1“ in einem anderen Programm.</translation>
+    </message>
+    <message>
+        <source>“%1” does not exist. Check whether it was moved or renamed, and whether its volume is connected.</source>
+        <translation>„%1“ ist nicht vorhanden. Prüfen Sie, ob es verschoben oder umbenannt wurde und ob der Datenträger angeschlossen ist.</translation>
     </message>
     <message>
         <source>Check the permissions of the file and the space on the disk.</source>

@@ -99,6 +99,10 @@
         <translation>Mostrar la carpeta</translation>
     </message>
     <message>
+        <source>Show Log</source>
+        <translation>Mostrar el registro de actividad</translation>
+    </message>
+    <message>
         <source>%1 %2 of %3</source>
         <translation>%1 %2 de %3</translation>
     </message>
@@ -271,7 +275,7 @@
     </message>
     <message>
         <source>Sync Now</source>
-        <translation>Sincronizar ahora</translation>
+        <translation>Sincronizar</translation>
     </message>
     <message>
         <source>Not authorized</source>
@@ -1392,6 +1396,10 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>Las versiones de «%1» han cambiado entretanto, por lo que no se ha eliminado ninguna. Compárelas de nuevo y decida después.</translation>
     </message>
     <message>
+        <source>The note “%1” has changed meanwhile. Select it again.</source>
+        <translation>La nota «%1» ha cambiado entretanto. Selecciónela de nuevo.</translation>
+    </message>
+    <message>
         <source>The note “%1” is too long to be synchronized. Divide it into several notes.</source>
         <translation>La nota «%1» es demasiado larga para sincronizarla. Divídala en varias notas.</translation>
     </message>
@@ -1666,10 +1674,6 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>Última sincronización: %1, pero han fallado algunos elementos</translation>
     </message>
     <message>
-        <source>Further failures: %1</source>
-        <translation>Otros fallos: %1</translation>
-    </message>
-    <message>
         <source>Some items of “%1” could not be synchronized with “%2”. Open the log to see which.</source>
         <translation>Algunos elementos de «%1» no se pudieron sincronizar con «%2». Abra el registro de actividad para ver cuáles.</translation>
     </message>
@@ -1713,12 +1717,36 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <source>An index of the profile was damaged and was rebuilt. If this happens again, check the disk.</source>
         <translation>Un índice del perfil estaba dañado y se ha reconstruido. Si vuelve a ocurrir, compruebe el disco.</translation>
     </message>
+    <message>
+        <source>Notes of “%1” that you wanted to keep were removed before you decided, for example by “velmora sync --removals remove”. To restore them, choose “Deleted Notes” in the menu “Edit”.</source>
+        <translation>Algunas notas de «%1» que quería conservar se eliminaron antes de que decidiera, por ejemplo con «velmora sync --removals remove». Para restaurarlas, elija «Notas eliminadas» en el menú «Editar».</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that you wanted to remove were kept or edited before you decided, for example by “velmora sync --removals keep”. If you do not need them, delete them.</source>
+        <translation>Algunas notas de «%1» que quería eliminar se conservaron o se editaron antes de que decidiera, por ejemplo con «velmora sync --removals keep». Si no las necesita, elimínelas.</translation>
+    </message>
+    <message>
+        <source>The old backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
+        <translation>No se puede eliminar la copia de seguridad antigua «%1»: %2. Compruebe los permisos de su carpeta y su disco.</translation>
+    </message>
+    <message>
+        <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
+        <translation>Un índice del perfil «%1» está dañado de un modo que no se puede reparar. Al iniciarse, Velmora ofrece restaurar una copia de seguridad.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>
     <message>
+        <source>Further failures: %1</source>
+        <translation>Otros fallos: %1</translation>
+    </message>
+    <message>
         <source>No file manager could be started. Install one, or open the folder “%1” in another program.</source>
         <translation>No se pudo iniciar ningún gestor de archivos. Instale uno o abra la carpeta «%1» en otro programa.</translation>
+    </message>
+    <message>
+        <source>“%1” does not exist. Check whether it was moved or renamed, and whether its volume is connected.</source>
+        <translation>«%1» no existe. Compruebe si se ha movido o si ha cambiado de nombre, y si su volumen está conectado.</translation>
     </message>
     <message>
         <source>Check the permissions of the file and the space on the disk.</source>

@@ -99,6 +99,10 @@
         <translation>Afficher le dossier</translation>
     </message>
     <message>
+        <source>Show Log</source>
+        <translation>Afficher le journal</translation>
+    </message>
+    <message>
         <source>%1 %2 of %3</source>
         <translation>%1 %2 sur %3</translation>
     </message>
@@ -271,7 +275,7 @@
     </message>
     <message>
         <source>Sync Now</source>
-        <translation>Synchroniser maintenant</translation>
+        <translation>Synchroniser</translation>
     </message>
     <message>
         <source>Not authorized</source>
@@ -1392,6 +1396,10 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Les versions de « %1 » ont changé entre-temps ; aucune n’a donc été supprimée. Comparez-les de nouveau, puis décidez.</translation>
     </message>
     <message>
+        <source>The note “%1” has changed meanwhile. Select it again.</source>
+        <translation>La note « %1 » a changé entre-temps. Sélectionnez-la de nouveau.</translation>
+    </message>
+    <message>
         <source>The note “%1” is too long to be synchronized. Divide it into several notes.</source>
         <translation>La note « %1 » est trop longue pour être synchronisée. Divisez-la en plusieurs notes.</translation>
     </message>
@@ -1666,10 +1674,6 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Dernière synchronisation : %1, mais certains éléments ont échoué</translation>
     </message>
     <message>
-        <source>Further failures: %1</source>
-        <translation>Autres échecs : %1</translation>
-    </message>
-    <message>
         <source>Some items of “%1” could not be synchronized with “%2”. Open the log to see which.</source>
         <translation>Certains éléments de « %1 » n’ont pas pu être synchronisés avec « %2 ». Ouvrez le journal pour voir lesquels.</translation>
     </message>
@@ -1713,12 +1717,36 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <source>An index of the profile was damaged and was rebuilt. If this happens again, check the disk.</source>
         <translation>Un index du profil était endommagé et a été reconstruit. Si cela se reproduit, vérifiez le disque.</translation>
     </message>
+    <message>
+        <source>Notes of “%1” that you wanted to keep were removed before you decided, for example by “velmora sync --removals remove”. To restore them, choose “Deleted Notes” in the menu “Edit”.</source>
+        <translation>Des notes de « %1 » que vous vouliez conserver ont été supprimées avant votre décision, par exemple par « velmora sync --removals remove ». Pour les restaurer, choisissez « Notes supprimées » dans le menu « Édition ».</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that you wanted to remove were kept or edited before you decided, for example by “velmora sync --removals keep”. If you do not need them, delete them.</source>
+        <translation>Des notes de « %1 » que vous vouliez supprimer ont été conservées ou modifiées avant votre décision, par exemple par « velmora sync --removals keep ». Si vous n’en avez pas besoin, supprimez-les.</translation>
+    </message>
+    <message>
+        <source>The old backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
+        <translation>L’ancienne sauvegarde « %1 » ne peut pas être supprimée : %2. Vérifiez les droits d’accès de son dossier et son disque.</translation>
+    </message>
+    <message>
+        <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
+        <translation>Un index du profil « %1 » est endommagé au point de ne pas pouvoir être réparé. À son démarrage, Velmora propose de restaurer une sauvegarde.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>
     <message>
+        <source>Further failures: %1</source>
+        <translation>Autres échecs : %1</translation>
+    </message>
+    <message>
         <source>No file manager could be started. Install one, or open the folder “%1” in another program.</source>
         <translation>Aucun gestionnaire de fichiers n’a pu être démarré. Installez-en un, ou ouvrez le dossier « %1 » dans un autre programme.</translation>
+    </message>
+    <message>
+        <source>“%1” does not exist. Check whether it was moved or renamed, and whether its volume is connected.</source>
+        <translation>« %1 » n’existe pas. Vérifiez s’il a été déplacé ou renommé, et si son volume est connecté.</translation>
     </message>
     <message>
         <source>Check the permissions of the file and the space on the disk.</source>

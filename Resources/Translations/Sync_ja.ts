@@ -98,6 +98,10 @@
         <translation>フォルダーを表示</translation>
     </message>
     <message>
+        <source>Show Log</source>
+        <translation>ログを表示</translation>
+    </message>
+    <message>
         <source>%1 %2 of %3</source>
         <translation>%1 %2/%3</translation>
     </message>
@@ -1408,6 +1412,10 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>「%1」の編集内容がその間に変わったため、どれも削除されませんでした。もう一度比較してから決めてください。</translation>
     </message>
     <message>
+        <source>The note “%1” has changed meanwhile. Select it again.</source>
+        <translation>ノート「%1」はその間に変更されました。もう一度選択してください。</translation>
+    </message>
+    <message>
         <source>The note “%1” is too long to be synchronized. Divide it into several notes.</source>
         <translation>ノート「%1」は長すぎるため、同期できません。いくつかのノートに分けてください。</translation>
     </message>
@@ -1680,10 +1688,6 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>%1に同期、一部の項目が失敗</translation>
     </message>
     <message>
-        <source>Further failures: %1</source>
-        <translation>その他の失敗: %1</translation>
-    </message>
-    <message>
         <source>Some items of “%1” could not be synchronized with “%2”. Open the log to see which.</source>
         <translation>「%1」の一部の項目を「%2」と同期できませんでした。ログを開いて、どの項目かを確認してください。</translation>
     </message>
@@ -1707,12 +1711,36 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>The list of unsent changes of the database “%1” is wrong. “velmora verify --repair” compares everything and sends what the list lacks.</source>
         <translation>データベース「%1」の未送信の変更の一覧に誤りがあります。「velmora verify --repair」ですべてを比較し、一覧にないものを送信します。</translation>
     </message>
+    <message>
+        <source>Notes of “%1” that you wanted to keep were removed before you decided, for example by “velmora sync --removals remove”. To restore them, choose “Deleted Notes” in the menu “Edit”.</source>
+        <translation>残そうとした「%1」のノートは、決定の前に削除されていました（たとえば「velmora sync --removals remove」によって）。復元するには、「編集」メニューの「削除されたノート」を選んでください。</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that you wanted to remove were kept or edited before you decided, for example by “velmora sync --removals keep”. If you do not need them, delete them.</source>
+        <translation>削除しようとした「%1」のノートは、決定の前に残されたか編集されていました（たとえば「velmora sync --removals keep」によって）。不要な場合は、削除してください。</translation>
+    </message>
+    <message>
+        <source>The old backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
+        <translation>古いバックアップ「%1」を削除できません: %2。フォルダーのアクセス権とディスクを確認してください。</translation>
+    </message>
+    <message>
+        <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
+        <translation>プロファイル「%1」の索引が修復できない形で破損しています。Velmoraは起動時に、バックアップからの復元を提案します。</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>
     <message>
+        <source>Further failures: %1</source>
+        <translation>その他の失敗: %1</translation>
+    </message>
+    <message>
         <source>No file manager could be started. Install one, or open the folder “%1” in another program.</source>
         <translation>ファイルマネージャーを起動できませんでした。インストールするか、フォルダー「%1」を別のプログラムで開いてください。</translation>
+    </message>
+    <message>
+        <source>“%1” does not exist. Check whether it was moved or renamed, and whether its volume is connected.</source>
+        <translation>「%1」がありません。移動または名前の変更がされていないか、またディスクが接続されているかを確認してください。</translation>
     </message>
     <message>
         <source>Check the permissions of the file and the space on the disk.</source>

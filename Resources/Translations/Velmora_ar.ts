@@ -55,7 +55,7 @@
     </message>
     <message>
         <source>%1 (%2)</source>
-        <translation>%1 (%2)</translation>
+        <translation>⁨%1⁩ (⁨%2⁩)</translation>
     </message>
     <message>
         <source>&amp;Close</source>
@@ -78,7 +78,7 @@
     <name>DamagedProfileDialog</name>
     <message>
         <source>You can restore the copy that Velmora made of it on %1; later changes are then missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>يمكنك استعادة النسخة التي أنشأها Velmora في %1؛ ستبقى التغييرات اللاحقة مفقودة إلى أن تُزامَن من جديد. أو يمكنك البدء بملف تعريف فارغ واستيراد قواعد بياناتك من مواقع المزامنة.</translation>
+        <translation>يمكنك استعادة النسخة التي أنشأها Velmora في ⁨%1⁩؛ ستبقى التغييرات اللاحقة مفقودة إلى أن تُزامَن من جديد. أو يمكنك البدء بملف تعريف فارغ واستيراد قواعد بياناتك من مواقع المزامنة.</translation>
     </message>
     <message>
         <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>
@@ -94,7 +94,7 @@
     </message>
     <message>
         <source>&amp;Restore the Copy of %1</source>
-        <translation>استعادة نسخة %1 (&amp;R)</translation>
+        <translation>استعادة نسخة ⁨%1⁩ (&amp;R)</translation>
     </message>
     <message>
         <source>Start from the Sync &amp;Locations</source>
@@ -137,11 +137,11 @@
     </message>
     <message>
         <source>%1 s</source>
-        <translation>%1 ث</translation>
+        <translation>⁨%1⁩ ث</translation>
     </message>
     <message>
         <source>%1 received, %2 sent</source>
-        <translation>المستلَم: %1، المرسَل: %2</translation>
+        <translation>المستلَم: ⁨%1⁩، المرسَل: ⁨%2⁩</translation>
     </message>
     <message>
         <source>Result</source>
@@ -262,7 +262,7 @@
     </message>
     <message>
         <source>No deleted notes of “%1” are kept.</source>
-        <translation>لا توجد ملاحظات محذوفة محفوظة من «%1».</translation>
+        <translation>لا توجد ملاحظات محذوفة محفوظة من «⁨%1⁩».</translation>
     </message>
     <message>
         <source>A restored version replaces the note, whose present text is then kept here.</source>
@@ -282,11 +282,11 @@
     </message>
     <message>
         <source>Replaced by a synchronization with “%1”</source>
-        <translation>استُبدلت عند المزامنة مع «%1»</translation>
+        <translation>استُبدلت عند المزامنة مع «⁨%1⁩»</translation>
     </message>
     <message>
         <source>Deleted by a synchronization with “%1”</source>
-        <translation>حُذفت عند المزامنة مع «%1»</translation>
+        <translation>حُذفت عند المزامنة مع «⁨%1⁩»</translation>
     </message>
 </context>
 <context>
@@ -345,7 +345,7 @@
     </message>
     <message>
         <source>With “sync”, “status” and “check”: give up after this time and exit with 3. The default is %1 for “sync” and %2 for the others.</source>
-        <translation>مع «sync» و«status» و«check»: التوقف بعد هذه المدة والإنهاء بالرمز 3. المدة المبدئية %1 للأمر «sync» و%2 للأمرين الآخرين.</translation>
+        <translation>مع «sync» و«status» و«check»: التوقف بعد هذه المدة والإنهاء بالرمز 3. المدة المبدئية ⁨%1⁩ للأمر «sync» و⁨%2⁩ للأمرين الآخرين.</translation>
     </message>
 </context>
 <context>
@@ -410,11 +410,11 @@
     </message>
     <message>
         <source>%1 · cannot be read</source>
-        <translation>%1 · تتعذر قراءتها</translation>
+        <translation>⁨%1⁩ · تتعذر قراءتها</translation>
     </message>
     <message>
         <source>%1 (closed)</source>
-        <translation>%1 (مغلقة)</translation>
+        <translation>⁨%1⁩ (مغلقة)</translation>
     </message>
     <message>
         <source>Databases</source>
@@ -490,7 +490,7 @@
     </message>
     <message>
         <source>The text of “%1”, which could not be saved before, is saved.</source>
-        <translation>حُفظ نص «%1» الذي تعذر حفظه سابقًا.</translation>
+        <translation>حُفظ نص «⁨%1⁩» الذي تعذر حفظه سابقًا.</translation>
     </message>
 </context>
 <context>
@@ -541,18 +541,22 @@
     </message>
     <message>
         <source>This note is not saved: %1</source>
-        <translation>لم تُحفظ هذه الملاحظة: %1</translation>
+        <translation>لم تُحفظ هذه الملاحظة: ⁨%1⁩</translation>
     </message>
     <message>
         <source>New Note</source>
         <translation>ملاحظة جديدة</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Text</source>
+        <translation>نسخ النص (&amp;Y)</translation>
     </message>
 </context>
 <context>
     <name>PlugIns</name>
     <message>
         <source>A part of Velmora cannot be loaded: %1</source>
-        <translation>تعذر تحميل جزء من Velmora: %1</translation>
+        <translation>تعذر تحميل جزء من Velmora: ⁨%1⁩</translation>
     </message>
 </context>
 <context>
@@ -563,7 +567,7 @@
     </message>
     <message>
         <source>“%1” was removed. Its ticks and schedules can be restored with it.</source>
-        <translation>أُزيل «%1». يمكن استعادته مع علاماته وجداوله الزمنية.</translation>
+        <translation>أُزيل «⁨%1⁩». يمكن استعادته مع علاماته وجداوله الزمنية.</translation>
     </message>
     <message>
         <source>Sync Preferences</source>
@@ -575,12 +579,12 @@
     <message numerus="yes">
         <source>The synchronization with “%1” would remove %2 of the %3 notes in “%4”.</source>
         <translation>
-            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
-            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
-            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
-            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
-            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
-            <numerusform>ستزيل المزامنة مع «%1» عدد %2 من ملاحظات «%4»، وعددها %3.</numerusform>
+            <numerusform>ستزيل المزامنة مع «⁨%1⁩» عدد %2 من ملاحظات «⁨%4⁩»، وعددها %3.</numerusform>
+            <numerusform>ستزيل المزامنة مع «⁨%1⁩» عدد %2 من ملاحظات «⁨%4⁩»، وعددها %3.</numerusform>
+            <numerusform>ستزيل المزامنة مع «⁨%1⁩» عدد %2 من ملاحظات «⁨%4⁩»، وعددها %3.</numerusform>
+            <numerusform>ستزيل المزامنة مع «⁨%1⁩» عدد %2 من ملاحظات «⁨%4⁩»، وعددها %3.</numerusform>
+            <numerusform>ستزيل المزامنة مع «⁨%1⁩» عدد %2 من ملاحظات «⁨%4⁩»، وعددها %3.</numerusform>
+            <numerusform>ستزيل المزامنة مع «⁨%1⁩» عدد %2 من ملاحظات «⁨%4⁩»، وعددها %3.</numerusform>
         </translation>
     </message>
     <message>
@@ -650,7 +654,7 @@
     <name>UnsavedTexts</name>
     <message>
         <source>The folder “%1”, which may contain texts that were not saved, cannot be read.</source>
-        <translation>تتعذر قراءة المجلد «%1» الذي قد يحتوي على نصوص لم تُحفظ.</translation>
+        <translation>تتعذر قراءة المجلد «⁨%1⁩» الذي قد يحتوي على نصوص لم تُحفظ.</translation>
     </message>
     <message>
         <source>Check its permissions and its disk, and start Velmora again.</source>
@@ -662,7 +666,7 @@
     </message>
     <message>
         <source>The text of “%1” cannot be kept for the next start either.</source>
-        <translation>يتعذر أيضًا الاحتفاظ بنص «%1» حتى التشغيل التالي.</translation>
+        <translation>يتعذر أيضًا الاحتفاظ بنص «⁨%1⁩» حتى التشغيل التالي.</translation>
     </message>
     <message>
         <source>Make room on the disk, or copy the text.</source>
@@ -670,11 +674,15 @@
     </message>
     <message>
         <source>“%1”: %2</source>
-        <translation>«%1»: %2</translation>
+        <translation>«⁨%1⁩»: ⁨%2⁩</translation>
     </message>
     <message>
         <source>Texts that were not saved cannot be restored. They are kept, and Velmora tries again at each start.</source>
         <translation>تتعذر استعادة النصوص التي لم تُحفظ. يُحتفظ بها، ويعيد Velmora المحاولة عند كل تشغيل.</translation>
+    </message>
+    <message>
+        <source>The file “%1”, which contains a text that was not saved, cannot be removed: %2. Remove it yourself, or the text returns at the next start.</source>
+        <translation>تتعذر إزالة الملف «⁨%1⁩» الذي يحتوي على نص لم يُحفظ: %2. أزله بنفسك، وإلا عاد النص عند بدء التشغيل التالي.</translation>
     </message>
 </context>
 <context>
@@ -700,15 +708,15 @@
     <name>VerificationOutput</name>
     <message>
         <source>%1: no problems (%2).</source>
-        <translation>%1: لا توجد مشكلات (%2).</translation>
+        <translation>⁨%1⁩: لا توجد مشكلات (⁨%2⁩).</translation>
     </message>
     <message>
         <source>%1: problems were found (%2).</source>
-        <translation>%1: وُجدت مشكلات (%2).</translation>
+        <translation>⁨%1⁩: وُجدت مشكلات (⁨%2⁩).</translation>
     </message>
     <message>
         <source>%1: could not be checked.</source>
-        <translation>%1: تعذر الفحص.</translation>
+        <translation>⁨%1⁩: تعذر الفحص.</translation>
     </message>
     <message>
         <source>Everything is in order.</source>
@@ -734,7 +742,7 @@
     <name>RunningInstance</name>
     <message>
         <source>A second start of Velmora will not find these windows: %1 cannot be used (%2).</source>
-        <translation>لن يجد التشغيل الثاني لـ Velmora هذه النوافذ: يتعذر استخدام %1 (%2).</translation>
+        <translation>لن يجد التشغيل الثاني لـ Velmora هذه النوافذ: يتعذر استخدام ⁨%1⁩ (⁨%2⁩).</translation>
     </message>
     <message>
         <source>Velmora has ended before the command was completed. Try again.</source>
@@ -749,7 +757,7 @@
     <name>main</name>
     <message>
         <source>The picture cannot be written to %1. Check the folder and its permissions, or choose another file.</source>
-        <translation>تعذرت كتابة الصورة في %1. تحقق من المجلد وأذوناته، أو اختر ملفًا آخر.</translation>
+        <translation>تعذرت كتابة الصورة في ⁨%1⁩. تحقق من المجلد وأذوناته، أو اختر ملفًا آخر.</translation>
     </message>
     <message>
         <source>There is no display to open a window on. A picture of Sync Preferences is in this file:</source>
@@ -757,14 +765,14 @@
     </message>
     <message>
         <source>There is no profile in the folder “%1”. State another one with --profile.</source>
-        <translation>لا يوجد ملف تعريف في المجلد «%1». حدِّد مجلدًا آخر باستخدام --profile.</translation>
+        <translation>لا يوجد ملف تعريف في المجلد «⁨%1⁩». حدِّد مجلدًا آخر باستخدام --profile.</translation>
     </message>
 </context>
 <context>
     <name>SynchronizationSummary</name>
     <message>
         <source>%1 · next: %2</source>
-        <translation>%1 · التالية: %2</translation>
+        <translation>⁨%1⁩ · التالية: ⁨%2⁩</translation>
     </message>
     <message>
         <source>Nothing is synchronized: no database has a ticked location</source>
@@ -776,11 +784,11 @@
     </message>
     <message>
         <source>“%1” was not synchronized with “%2” yet</source>
-        <translation>لم تُزامَن «%1» مع «%2» بعد</translation>
+        <translation>لم تُزامَن «⁨%1⁩» مع «⁨%2⁩» بعد</translation>
     </message>
     <message>
         <source>“%1” has changes that are not synchronized with “%2” yet</source>
-        <translation>في «%1» تغييرات لم تُزامَن مع «%2» بعد</translation>
+        <translation>في «⁨%1⁩» تغييرات لم تُزامَن مع «⁨%2⁩» بعد</translation>
     </message>
     <message>
         <source>There are changes that are not synchronized yet</source>
@@ -799,14 +807,29 @@
     </message>
     <message>
         <source>“%1” is not synchronized with “%2”</source>
-        <translation>«%1» غير متزامنة مع «%2»</translation>
+        <translation>«⁨%1⁩» غير متزامنة مع «⁨%2⁩»</translation>
+    </message>
+    <message>
+        <source>Some items of “%1” could not be synchronized with “%2”</source>
+        <translation>تعذرت مزامنة بعض عناصر «⁨%1⁩» مع «⁨%2⁩»</translation>
+    </message>
+    <message numerus="yes">
+        <source>Some items failed in %1 of %2 synchronizations</source>
+        <translation>
+            <numerusform>عدد المزامنات التي فشلت فيها بعض العناصر: %1 من %2</numerusform>
+            <numerusform>عدد المزامنات التي فشلت فيها بعض العناصر: %1 من %2</numerusform>
+            <numerusform>عدد المزامنات التي فشلت فيها بعض العناصر: %1 من %2</numerusform>
+            <numerusform>عدد المزامنات التي فشلت فيها بعض العناصر: %1 من %2</numerusform>
+            <numerusform>عدد المزامنات التي فشلت فيها بعض العناصر: %1 من %2</numerusform>
+            <numerusform>عدد المزامنات التي فشلت فيها بعض العناصر: %1 من %2</numerusform>
+        </translation>
     </message>
 </context>
 <context>
     <name>SynchronizationMonitor</name>
     <message>
         <source>%1 %2 of %3</source>
-        <translation>%1 تم %2 من %3</translation>
+        <translation>⁨%1⁩ تم ⁨%2⁩ من ⁨%3⁩</translation>
     </message>
 </context>
 <context>
@@ -832,7 +855,7 @@
     <name>QuitSynchronization</name>
     <message>
         <source>“%1” with “%2”</source>
-        <translation>«%1» مع «%2»</translation>
+        <translation>«⁨%1⁩» مع «⁨%2⁩»</translation>
     </message>
     <message>
         <source>Quit Velmora</source>
@@ -840,7 +863,7 @@
     </message>
     <message>
         <source>“%1” has changes that are not synchronized with “%2”. Synchronize them before quitting?</source>
-        <translation>في «%1» تغييرات لم تُزامَن مع «%2». هل تريد مزامنتها قبل الإنهاء؟</translation>
+        <translation>في «⁨%1⁩» تغييرات لم تُزامَن مع «⁨%2⁩». هل تريد مزامنتها قبل الإنهاء؟</translation>
     </message>
     <message>
         <source>There are changes that are not synchronized. Synchronize them before quitting?</source>
@@ -901,32 +924,32 @@
     </message>
     <message>
         <source>Error %1 of %2</source>
-        <translation>الخطأ %1 من %2</translation>
+        <translation>الخطأ ⁨%1⁩ من ⁨%2⁩</translation>
     </message>
 </context>
 <context>
     <name>LogFile</name>
     <message>
         <source>The log cannot be saved in the file “%1” (%2). Check its permissions and the space on its disk.</source>
-        <translation>تعذر حفظ السجل في الملف «%1» (%2). تحقق من أذوناته ومن المساحة على القرص.</translation>
+        <translation>تعذر حفظ السجل في الملف «⁨%1⁩» (⁨%2⁩). تحقق من أذوناته ومن المساحة على القرص.</translation>
     </message>
 </context>
 <context>
     <name>ShellCommandLine</name>
     <message>
         <source>There is no profile in the folder “%1”. State another one with --profile.</source>
-        <translation>لا يوجد ملف تعريف في المجلد «%1». حدِّد مجلدًا آخر باستخدام --profile.</translation>
+        <translation>لا يوجد ملف تعريف في المجلد «⁨%1⁩». حدِّد مجلدًا آخر باستخدام --profile.</translation>
     </message>
     <message>
         <source>The command takes longer than the allowed %1 s and was stopped. Try again, or state a longer time with --timeout.</source>
-        <translation>تجاوز الأمر المدة المسموحة %1 ث فأُوقف. أعد المحاولة، أو حدِّد مدة أطول باستخدام --timeout.</translation>
+        <translation>تجاوز الأمر المدة المسموحة ⁨%1⁩ ث فأُوقف. أعد المحاولة، أو حدِّد مدة أطول باستخدام --timeout.</translation>
     </message>
 </context>
 <context>
     <name>ShellCommandRunner</name>
     <message>
         <source>“%1” with “%2”</source>
-        <translation>«%1» مع «%2»</translation>
+        <translation>«⁨%1⁩» مع «⁨%2⁩»</translation>
     </message>
     <message>
         <source>never synchronized</source>
@@ -934,23 +957,23 @@
     </message>
     <message>
         <source>has changes since %1</source>
-        <translation>فيها تغييرات منذ %1</translation>
+        <translation>فيها تغييرات منذ ⁨%1⁩</translation>
     </message>
     <message>
         <source>up to date since %1</source>
-        <translation>محدَّثة منذ %1</translation>
+        <translation>محدَّثة منذ ⁨%1⁩</translation>
     </message>
     <message>
         <source>%1: the synchronization was stopped.</source>
-        <translation>%1: أُوقفت المزامنة.</translation>
+        <translation>⁨%1⁩: أُوقفت المزامنة.</translation>
     </message>
     <message>
         <source>%1: synchronized (%2 received, %3 sent)</source>
-        <translation>%1: تمت المزامنة (المستلَم: %2، المرسَل: %3)</translation>
+        <translation>⁨%1⁩: تمت المزامنة (المستلَم: ⁨%2⁩، المرسَل: ⁨%3⁩)</translation>
     </message>
     <message>
         <source>There is no database “%1”. “velmora --describe” lists all.</source>
-        <translation>لا توجد قاعدة بيانات «%1». يعرض «velmora --describe» قواعد البيانات كلها.</translation>
+        <translation>لا توجد قاعدة بيانات «⁨%1⁩». يعرض «velmora --describe» قواعد البيانات كلها.</translation>
     </message>
     <message>
         <source>Nothing is synchronized. Tick a location in Sync Preferences first.</source>
@@ -958,7 +981,15 @@
     </message>
     <message>
         <source>There is no location “%1”. State the title or address of one of these:</source>
-        <translation>لا يوجد موقع «%1». حدِّد اسم أحد هذه المواقع أو عنوانه:</translation>
+        <translation>لا يوجد موقع «⁨%1⁩». حدِّد اسم أحد هذه المواقع أو عنوانه:</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that “%2” would have removed and that were kept (%3 of %4):</source>
+        <translation>ملاحظات «⁨%1⁩» التي كان «⁨%2⁩» سيزيلها واحتُفظ بها (%3 من %4):</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that “%2” has removed (%3 of %4; “Deleted Notes” in the menu “Edit” restores them):</source>
+        <translation>ملاحظات «⁨%1⁩» التي أزالها «⁨%2⁩» (%3 من %4؛ يستعيدها «الملاحظات المحذوفة» في القائمة «تحرير»):</translation>
     </message>
 </context>
 <context>

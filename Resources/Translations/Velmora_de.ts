@@ -531,6 +531,10 @@
         <source>New Note</source>
         <translation>Neue Notiz</translation>
     </message>
+    <message>
+        <source>Cop&amp;y Text</source>
+        <translation>Te&amp;xt kopieren</translation>
+    </message>
 </context>
 <context>
     <name>PlugIns</name>
@@ -652,6 +656,10 @@
         <source>Texts that were not saved cannot be restored. They are kept, and Velmora tries again at each start.</source>
         <translation>Nicht gespeicherte Texte können nicht wiederhergestellt werden. Sie werden aufbewahrt, und Velmora versucht es bei jedem Start erneut.</translation>
     </message>
+    <message>
+        <source>The file “%1”, which contains a text that was not saved, cannot be removed: %2. Remove it yourself, or the text returns at the next start.</source>
+        <translation>Die Datei „%1“ mit einem Text, der nicht gespeichert wurde, kann nicht entfernt werden: %2. Entfernen Sie sie selbst, sonst kehrt der Text beim nächsten Start zurück.</translation>
+    </message>
 </context>
 <context>
     <name>VelmoraApplication</name>
@@ -772,6 +780,17 @@
     <message>
         <source>“%1” is not synchronized with “%2”</source>
         <translation>„%1“ ist nicht mit „%2“ synchronisiert</translation>
+    </message>
+    <message>
+        <source>Some items of “%1” could not be synchronized with “%2”</source>
+        <translation>Einige Objekte von „%1“ konnten nicht mit „%2“ synchronisiert werden</translation>
+    </message>
+    <message numerus="yes">
+        <source>Some items failed in %1 of %2 synchronizations</source>
+        <translation>
+            <numerusform>Bei %1 von %2 Synchronisierungen sind einige Objekte fehlgeschlagen</numerusform>
+            <numerusform>Bei %1 von %2 Synchronisierungen sind einige Objekte fehlgeschlagen</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -927,6 +946,14 @@
     <message>
         <source>There is no location “%1”. State the title or address of one of these:</source>
         <translation>Es gibt keinen Ort „%1“. Geben Sie Titel oder Adresse eines dieser Orte an:</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that “%2” would have removed and that were kept (%3 of %4):</source>
+        <translation>Notizen aus „%1“, die „%2“ entfernt hätte und die behalten wurden (%3 von %4):</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that “%2” has removed (%3 of %4; “Deleted Notes” in the menu “Edit” restores them):</source>
+        <translation>Notizen aus „%1“, die „%2“ entfernt hat (%3 von %4; „Gelöschte Notizen“ im Menü „Bearbeiten“ stellt sie wieder her):</translation>
     </message>
 </context>
 <context>

@@ -531,6 +531,10 @@
         <source>The text was not inserted, because the note would be too long to be edited: it may have %L1 lines of at most %L2 characters, and %L3 characters in all. Insert a part of it, or several lines.</source>
         <translation>El texto no se ha insertado, porque la nota sería demasiado larga para editarla: puede tener %L1 líneas de %L2 caracteres como máximo, y %L3 caracteres en total. Inserte una parte o varias líneas.</translation>
     </message>
+    <message>
+        <source>Cop&amp;y Text</source>
+        <translation>Copiar el te&amp;xto</translation>
+    </message>
 </context>
 <context>
     <name>PlugIns</name>
@@ -652,6 +656,10 @@
         <source>Texts that were not saved cannot be restored. They are kept, and Velmora tries again at each start.</source>
         <translation>Hay textos sin guardar que no se pueden restaurar. Se conservan, y Velmora vuelve a intentarlo en cada inicio.</translation>
     </message>
+    <message>
+        <source>The file “%1”, which contains a text that was not saved, cannot be removed: %2. Remove it yourself, or the text returns at the next start.</source>
+        <translation>No se puede eliminar el archivo «%1», que contiene un texto que no se guardó: %2. Elimínelo usted mismo o el texto reaparecerá en el próximo inicio.</translation>
+    </message>
 </context>
 <context>
     <name>VelmoraApplication</name>
@@ -772,6 +780,17 @@
     <message>
         <source>“%1” is not synchronized with “%2”</source>
         <translation>«%1» no está sincronizado con «%2»</translation>
+    </message>
+    <message>
+        <source>Some items of “%1” could not be synchronized with “%2”</source>
+        <translation>Algunos elementos de «%1» no se pudieron sincronizar con «%2»</translation>
+    </message>
+    <message numerus="yes">
+        <source>Some items failed in %1 of %2 synchronizations</source>
+        <translation>
+            <numerusform>Fallaron algunos elementos en %1 de %2 sincronizaciones</numerusform>
+            <numerusform>Fallaron algunos elementos en %1 de %2 sincronizaciones</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -927,6 +946,14 @@
     <message>
         <source>There is no location “%1”. State the title or address of one of these:</source>
         <translation>No hay ninguna ubicación «%1». Indique el título o la dirección de una de estas:</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that “%2” would have removed and that were kept (%3 of %4):</source>
+        <translation>Notas de «%1» que «%2» habría eliminado y que se han conservado (%3 de %4):</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that “%2” has removed (%3 of %4; “Deleted Notes” in the menu “Edit” restores them):</source>
+        <translation>Notas de «%1» que «%2» ha eliminado (%3 de %4; «Notas eliminadas», en el menú «Editar», las restaura):</translation>
     </message>
 </context>
 <context>

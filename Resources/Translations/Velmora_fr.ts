@@ -531,6 +531,10 @@
         <source>The text was not inserted, because the note would be too long to be edited: it may have %L1 lines of at most %L2 characters, and %L3 characters in all. Insert a part of it, or several lines.</source>
         <translation>Le texte n’a pas été inséré, car la note serait trop longue pour être modifiée : elle peut comporter %L1 lignes d’au plus %L2 caractères, et %L3 caractères en tout. Insérez-en une partie, ou plusieurs lignes.</translation>
     </message>
+    <message>
+        <source>Cop&amp;y Text</source>
+        <translation>Cop&amp;ier le texte</translation>
+    </message>
 </context>
 <context>
     <name>PlugIns</name>
@@ -652,6 +656,10 @@
         <source>Texts that were not saved cannot be restored. They are kept, and Velmora tries again at each start.</source>
         <translation>Des textes non enregistrés ne peuvent pas être restaurés. Ils sont conservés, et Velmora réessaie à chaque démarrage.</translation>
     </message>
+    <message>
+        <source>The file “%1”, which contains a text that was not saved, cannot be removed: %2. Remove it yourself, or the text returns at the next start.</source>
+        <translation>Le fichier « %1 », qui contient un texte non enregistré, ne peut pas être supprimé : %2. Supprimez-le vous-même, sinon le texte réapparaîtra au prochain démarrage.</translation>
+    </message>
 </context>
 <context>
     <name>VelmoraApplication</name>
@@ -772,6 +780,17 @@
     <message>
         <source>“%1” is not synchronized with “%2”</source>
         <translation>« %1 » n’est pas synchronisé avec « %2 »</translation>
+    </message>
+    <message>
+        <source>Some items of “%1” could not be synchronized with “%2”</source>
+        <translation>Certains éléments de « %1 » n’ont pas pu être synchronisés avec « %2 »</translation>
+    </message>
+    <message numerus="yes">
+        <source>Some items failed in %1 of %2 synchronizations</source>
+        <translation>
+            <numerusform>Certains éléments ont échoué dans %1 synchronisation sur %2</numerusform>
+            <numerusform>Certains éléments ont échoué dans %1 synchronisations sur %2</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -927,6 +946,14 @@
     <message>
         <source>There is no location “%1”. State the title or address of one of these:</source>
         <translation>Il n’y a pas d’emplacement « %1 ». Indiquez le titre ou l’adresse de l’un de ceux-ci :</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that “%2” would have removed and that were kept (%3 of %4):</source>
+        <translation>Notes de « %1 » que « %2 » aurait supprimées et qui ont été conservées (%3 sur %4) :</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that “%2” has removed (%3 of %4; “Deleted Notes” in the menu “Edit” restores them):</source>
+        <translation>Notes de « %1 » que « %2 » a supprimées (%3 sur %4 ; « Notes supprimées » dans le menu « Édition » les restaure) :</translation>
     </message>
 </context>
 <context>

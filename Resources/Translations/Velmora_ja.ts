@@ -527,6 +527,10 @@
         <source>New Note</source>
         <translation>新規ノート</translation>
     </message>
+    <message>
+        <source>Cop&amp;y Text</source>
+        <translation>本文をコピー(&amp;Y)</translation>
+    </message>
 </context>
 <context>
     <name>PlugIns</name>
@@ -645,6 +649,10 @@
     <message>
         <source>Texts that were not saved cannot be restored. They are kept, and Velmora tries again at each start.</source>
         <translation>保存されなかった本文を復元できません。本文は保管され、Velmoraは起動のたびに復元をもう一度試みます。</translation>
+    </message>
+    <message>
+        <source>The file “%1”, which contains a text that was not saved, cannot be removed: %2. Remove it yourself, or the text returns at the next start.</source>
+        <translation>保存されなかった本文を含むファイル「%1」を削除できません: %2。自分で削除しないと、次の起動時に本文が再び現れます。</translation>
     </message>
 </context>
 <context>
@@ -765,6 +773,16 @@
     <message>
         <source>“%1” is not synchronized with “%2”</source>
         <translation>「%1」は「%2」と同期されていません</translation>
+    </message>
+    <message>
+        <source>Some items of “%1” could not be synchronized with “%2”</source>
+        <translation>「%1」の一部の項目を「%2」と同期できませんでした</translation>
+    </message>
+    <message numerus="yes">
+        <source>Some items failed in %1 of %2 synchronizations</source>
+        <translation>
+            <numerusform>同期%2件のうち%1件で、一部の項目が失敗しました</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -919,6 +937,14 @@
     <message>
         <source>There is no location “%1”. State the title or address of one of these:</source>
         <translation>同期先「%1」はありません。次のいずれかのタイトルまたはアドレスを指定してください:</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that “%2” would have removed and that were kept (%3 of %4):</source>
+        <translation>「%2」によって削除されるところを残した「%1」のノート（%4件中%3件）:</translation>
+    </message>
+    <message>
+        <source>Notes of “%1” that “%2” has removed (%3 of %4; “Deleted Notes” in the menu “Edit” restores them):</source>
+        <translation>「%2」によって削除された「%1」のノート（%4件中%3件。「編集」メニューの「削除されたノート」で復元できます）:</translation>
     </message>
 </context>
 <context>

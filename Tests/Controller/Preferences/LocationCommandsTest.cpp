@@ -197,6 +197,46 @@ private Q_SLOTS:
         QCOMPARE(URLs(), QStringList{QStringLiteral("velmora://other:8442")});
     }
 
+    void everyRowWhoseEditButtonIsEnabledCanBeEdited() {
+        m_host->addLocation();
+        const QStringList withSheet{QStringLiteral("http://h/S.qvSyncStore"),
+                                    QStringLiteral("https://ida@h:8443/a/S.qvSyncStore"),
+                                    QStringLiteral("http://local%20host/S.qvSyncStore"),
+                                    QStringLiteral("http://h"),
+                                    QStringLiteral("velmora://h:8442"),
+                                    QStringLiteral("velmora://[fe80::1]:8442")};
+        for (const QString &address : withSheet) {
+            m_host->addLocation(address);
+        }
+        showPane();
+        const auto *button = part<QPushButton>("editLocationButton");
+        for (qsizetype row = 0; row <= withSheet.size(); ++row) {
+            selectLocation(row);
+            QVERIFY(button->isEnabled());
+            click("editLocationButton");
+            QVERIFY2(sheet(), qPrintable(URLs().at(row)));
+            QTest::keyClick(sheet(), Qt::Key_Escape);
+            QVERIFY(!sheet());
+        }
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
+    }
+
+    void aDropboxLocationWithoutAnApplicationKeySaysSoWhenItIsEdited() {
+        m_host->addLocation(QStringLiteral("dropbox://ada@dropbox.com"));
+        showPane();
+        selectLocation(0);
+        QVERIFY(part<QPushButton>("editLocationButton")->isEnabled());
+        click("editLocationButton");
+        QTRY_COMPARE(m_host->application().presentedErrors().size(), 1);
+    }
+
+    void theEditButtonOfALocationOfAnUnknownKindIsDisabled() {
+        m_host->addLocation(QStringLiteral("unknown://h"));
+        showPane();
+        selectLocation(0);
+        QVERIFY(!part<QPushButton>("editLocationButton")->isEnabled());
+    }
+
     void aFolderLocationIsEditedInItsSheet() {
         m_host->addLocation();
         showPane();

@@ -1,6 +1,7 @@
 #include "Controller/Preferences/LocationKind.h"
 
 #include "Controller/Preferences/QVSyncLocationEditor.h"
+#include "Engine/Plugin/BuiltInLocationKinds.h"
 #include "Host/QVDatabase.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Platform/Foundation/Url.h"
@@ -32,6 +33,27 @@ private Q_SLOTS:
         QCOMPARE(editorClass(QStringLiteral("HTTP://h/a")), QByteArray());
         QCOMPARE(editorClass(QStringLiteral("gopher://h/a")), QByteArray());
         QCOMPARE(editorClass(QString()), QByteArray());
+    }
+
+    void theEngineAndThePaneHaveTheSameKinds() {
+        TestHost host;
+        QStringList engineTypes;
+        QStringList paneTypes;
+        for (const auto &kind : builtInLocationKinds(host.engine().plugin().context())) {
+            engineTypes.append(QString::fromUtf8(kind.type));
+            for (const QString &scheme : kind.schemes) {
+                const auto *shown =
+                    LocationKind::ofURL(Url::fromString(scheme + QStringLiteral("://localhost/a")));
+                QVERIFY2(shown, qPrintable(scheme));
+                QCOMPARE(shown->type, kind.type);
+            }
+        }
+        for (const LocationKind &kind : LocationKind::all()) {
+            paneTypes.append(QString::fromUtf8(kind.type));
+        }
+        engineTypes.sort();
+        paneTypes.sort();
+        QCOMPARE(paneTypes, engineTypes);
     }
 
     void aTypeIsCleanableInTheLanguageOfTheHost() {

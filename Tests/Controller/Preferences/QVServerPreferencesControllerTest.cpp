@@ -1,11 +1,13 @@
 #include "Controller/Preferences/QVServerPreferencesController.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtNetwork/QTcpServer>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSpinBox>
+#include <atomic>
 
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Platform/Foundation/Assertion.h"
@@ -13,6 +15,7 @@
 #include "Platform/Interface/TableView.h"
 #include "Platform/Security/Keychain.h"
 #include "Support/AnnouncementRecorder.h"
+#include "Support/AskedUser.h"
 #include "Support/FreePort.h"
 #include "Support/KeychainRemoval.h"
 #include "Support/ScriptedHost.h"
@@ -45,7 +48,9 @@ class QVServerPreferencesControllerTest : public QObject {
     /// Makes the controller anew, as the next opening of the sheet does.
     void reopen() {
         m_controller = QVServerPreferencesController::controller();
-        QTRY_VERIFY(!m_controller->isLoadingClients());
+        const QSignalSpy loaded(m_controller.get(),
+                                &QVServerPreferencesController::authorizedClientsChanged);
+        QTRY_VERIFY(!loaded.isEmpty());
     }
     static QMap<QString, QString> itemAttributes(const QString &client) {
         return {{QStringLiteral("xdg:schema"), QStringLiteral("velmora-tests.GenericPassword")},
@@ -87,6 +92,25 @@ class QVServerPreferencesControllerTest : public QObject {
             names.append(table->item(row, 0)->text());
         }
         return names;
+    }
+    /// Pairs this computer with its own server, connects, and returns the name of the client.
+    QString visit() {
+        AskedUser user;
+        user.answerAll([](const Question & /*question*/) { return true; });
+        QVDirectConnectionServer *server = m_realHost->engine().plugin().server();
+        server->setPort(freePort());
+        server->startServing();
+        const auto location =
+            m_realHost->addLocation(QStringLiteral("velmora://127.0.0.1:%1").arg(server->port()));
+        const auto store = location->createStore();
+        std::atomic<int> failures = -1;
+        store->openWithCompletionHandler(
+            [&](const std::optional<Error> &error) { failures = error ? 1 : 0; });
+        [&] { QTRY_COMPARE(failures.load(), 0); }();
+        const QString service = QVDirectConnectionClientAuthorizationServiceName();
+        QStringList clients = Keychain::shared().accounts(service).value_or(QStringList());
+        clients.removeAll(QStringLiteral("Kim"));
+        return clients.join(u',');
     }
     static void whileModal(const std::function<void()> &act) { QTimer::singleShot(0, qApp, act); }
 
@@ -257,6 +281,14 @@ private Q_SLOTS:
         authorize(QStringLiteral("Kim"));
         reopen();
         QCOMPARE(shownClients(), QStringList{QStringLiteral("Kim\nLast connected: unknown")});
+
+        const QString visitor = visit();
+        reopen();
+        QCOMPARE(shownClients().size(), 2);
+        QVERIFY(shownClients().contains(QStringLiteral("Kim\nLast connected: unknown")));
+        const QString shown = shownClients().filter(visitor).join(u'|');
+        static const QRegularExpression dated(QStringLiteral("\nLast connected: .*\\d:\\d\\d"));
+        QVERIFY2(shown.contains(dated), qPrintable(shown));
     }
 
     void withoutItemsNoClientIsAuthorized() {
@@ -315,13 +347,15 @@ private Q_SLOTS:
         QElapsedTimer elapsed;
         elapsed.start();
         m_controller = QVServerPreferencesController::controller();
+        const QSignalSpy loaded(m_controller.get(),
+                                &QVServerPreferencesController::authorizedClientsChanged);
         m_controller->window()->show();
         QVERIFY(elapsed.elapsed() < 2000);
-        QVERIFY(m_controller->isLoadingClients());
+        QVERIFY(loaded.isEmpty());
         QVERIFY(!part<QLabel>("emptyLabel")->isVisible());
         m_secretService = nullptr;
         m_secretService = std::make_unique<SecretService>();
-        QTRY_VERIFY(!m_controller->isLoadingClients());
+        QTRY_VERIFY(!loaded.isEmpty());
         QVERIFY(!part<QLabel>("emptyLabel")->isVisible());
     }
 

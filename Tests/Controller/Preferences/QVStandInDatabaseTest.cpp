@@ -51,6 +51,25 @@ private Q_SLOTS:
         QVERIFY(row.canSynchronize());
     }
 
+    void severalStatesAreAddedAsOneAfterTheOther() {
+        const QVSyncStates states = {makeState(false, at(10)), makeState(true, at(12)),
+                                     makeState(false, at(11))};
+        QVStandInDatabase row;
+        row.addSynchronizationStates(states);
+        QCOMPARE(row.synchronizationStates(), states);
+        QVERIFY(row.canSynchronize());
+        QCOMPARE(row.dateOfLastSynchronization(), at(12));
+        states.at(1)->setEnabled(false);
+        QVERIFY(!row.canSynchronize());
+        setDebugging(Debugging::High);
+        for (int i = 0; i < 1 + 2; ++i) {
+            QTest::ignoreMessage(QtInfoMsg,
+                                 QRegularExpression(QStringLiteral("^Contemplating state ")));
+        }
+        QVStandInDatabase logged;
+        logged.addSynchronizationStates({states.at(0), states.at(2)});
+    }
+
     void addingADisabledStateLeavesItUnsynchronizable() {
         QVStandInDatabase row;
         row.addSynchronizationStatesObject(makeState(false));
