@@ -1,5 +1,6 @@
 #include "Application/NotesView.h"
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QAction>
 #include <QtWidgets/QHBoxLayout>
@@ -8,10 +9,11 @@
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
 #include <algorithm>
-#include <iterator>
+#include <limits>
 
 #include "Application/ConflictBar.h"
 #include "Application/ConflictDialog.h"
+#include "Application/NoteClipboard.h"
 #include "Application/NoteTextEdit.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/Splitter.h"
@@ -46,6 +48,13 @@ void presentTextRefused() {
 
 constexpr int PauseInMilliseconds = 500;
 
+/// Number of rows that are read at once, and the milliseconds after which the others are read
+/// later.
+constexpr int RowsAtOnce = 500;
+constexpr qint64 ReadingAtOnce = 5;
+/// A change of not more rows than this is shown before others.
+constexpr qsizetype RowsReadFirst = 4;
+
 QString shownTitle(const Note &note) {
     constexpr qsizetype longest = 200;
     return note.title.isEmpty() ? NotesView::tr("Untitled") : note.title.left(longest);
@@ -60,12 +69,15 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
       m_title(new QLineEdit),
       m_text(new NoteTextEdit),
       m_notice(PlainText::label()),
+      m_copyButton(new QPushButton(tr("Cop&y Text"))),
       m_conflict(new ConflictBar),
       m_addButton(new QPushButton(tr("New &Note"))),
       m_removeButton(new QPushButton(tr("De&lete Note"))),
       m_undoAction(new QAction(this)) {
     m_list->setAccessibleName(tr("Notes"));
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Measuring each of many rows would take long.
+    m_list->setUniformItemSizes(true);
     m_title->setAccessibleName(tr("Title"));
     m_title->setPlaceholderText(tr("Title"));
     m_title->setMaxLength(LongestTitle);
@@ -74,6 +86,8 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     m_text->setAccessibleName(tr("Text"));
     m_notice->setObjectName(QStringLiteral("notice"));
     m_notice->hide();
+    m_copyButton->setObjectName(QStringLiteral("copyText"));
+    m_copyButton->hide();
     m_conflict->hide();
     m_undoAction->setShortcut(QKeySequence::Undo);
     updateUndoAction();
@@ -81,15 +95,23 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     m_pause.setInterval(PauseInMilliseconds);
     m_keeping.setSingleShot(true);
     m_keeping.setInterval(PauseInMilliseconds);
+    m_reading.setSingleShot(true);
     makeWidgets();
+    connectWidgets();
+    showNothing();
+}
 
+void NotesView::connectWidgets() {
     connect(&m_pause, &QTimer::timeout, this, &NotesView::commit);
     connect(&m_keeping, &QTimer::timeout, this, &NotesView::keepEdits);
+    connect(&m_reading, &QTimer::timeout, this, &NotesView::readRows);
     connect(m_list, &QListWidget::currentRowChanged, this, &NotesView::selectNote);
+    connect(m_title, &QLineEdit::textEdited, this, &NotesView::removeHalfCharacter);
     connect(m_title, &QLineEdit::textEdited, this, &NotesView::noteEdited);
     connect(m_title, &QLineEdit::inputRejected, this, &presentTitleCut);
     connect(m_text, &NoteTextEdit::insertionRefused, this, &presentTextRefused);
     connect(m_text, &QPlainTextEdit::textChanged, this, &NotesView::noteEdited);
+    connect(m_copyButton, &QPushButton::clicked, this, [this] { NoteClipboard::copy(m_note); });
     connect(m_addButton, &QPushButton::clicked, this, &NotesView::addNote);
     connect(m_removeButton, &QPushButton::clicked, this, &NotesView::removeNote);
     connect(m_conflict, &ConflictBar::compareRequested, this, &NotesView::compareEdits);
@@ -104,7 +126,6 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
             [this](const Note &shown, const Note &other) { keepBothEdits(shown, other); });
     });
     connect(m_undoAction, &QAction::triggered, this, &NotesView::undoDeletion);
-    showNotes();
 }
 
 NotesView::~NotesView() {
@@ -128,7 +149,10 @@ void NotesView::makeWidgets() {
     noteLayout->setContentsMargins(0, 0, 0, 0);
     noteLayout->addWidget(m_conflict);
     noteLayout->addWidget(m_title);
-    noteLayout->addWidget(m_notice);
+    auto *notice = new QHBoxLayout;
+    notice->addWidget(m_notice, 1);
+    notice->addWidget(m_copyButton);
+    noteLayout->addLayout(notice);
     noteLayout->addWidget(m_text);
 
     auto *splitter = new Splitter;
@@ -154,15 +178,22 @@ bool NotesView::setDatabase(const std::shared_ptr<NoteDatabase> &database) {
     }
     m_database = shown;
     if (m_database) {
-        connect(m_database.get(), &NoteDatabase::notesChanged, this, &NotesView::showNotes);
+        connect(m_database.get(), &NoteDatabase::notesChanged, this, &NotesView::showChanges);
     }
     showNothing();
-    showNotes();
+    if (m_database) {
+        m_unread = std::numeric_limits<qint64>::min();
+        readRows();
+    }
     return true;
 }
 
 void NotesView::showNothing() {
-    m_notes.clear();
+    m_rows.clear();
+    m_positions.clear();
+    m_unread.reset();
+    m_changed.clear();
+    m_reading.stop();
     {
         const QSignalBlocker blocker(m_list);
         m_list->clear();
@@ -171,34 +202,152 @@ void NotesView::showNothing() {
     showNote(-1);
 }
 
-void NotesView::showNotes() {
-    const Expected<QList<Note>> notes = m_database ? m_database->notes() : QList<Note>();
-    if (!notes) {
-        NSApp()->presentError(notes.error());
+void NotesView::showChanges(const QSet<qint64> &positions) {
+    m_changed.unite(positions);
+    Expected<void> read;
+    if (positions.size() <= RowsReadFirst) {
+        // What the user has done is shown at once, even if many other rows remain to be read.
+        for (const qint64 position : positions) {
+            read = read.and_then([&] { return readAgain(position); });
+        }
+    }
+    if (presentIfFailed(read)) {
+        readRows();
+    }
+}
+
+void NotesView::readRows() {
+    QElapsedTimer elapsed;
+    elapsed.start();
+    Expected<void> read = m_unread ? readMore(*m_unread) : Expected<void>();
+    while (read && !m_changed.isEmpty() && !elapsed.hasExpired(ReadingAtOnce)) {
+        const qint64 position = *m_changed.cbegin();
+        read = readAgain(position);
+    }
+    if (!read) {
+        NSApp()->presentError(read.error());
         return;
     }
-    m_notes = *notes;
-    const int row = rowOf(m_note);
-    {
-        const QSignalBlocker blocker(m_list);
-        m_list->clear();
-        for (const Note &note : std::as_const(m_notes)) {
-            m_list->addItem(shownTitle(note));
-        }
-        const int nearest = qBound(m_notes.isEmpty() ? -1 : 0, m_row, m_list->count() - 1);
-        m_list->setCurrentRow(row >= 0 || m_isEdited ? row : nearest);
+    m_addButton->setEnabled(true);
+    if (m_unread || !m_changed.isEmpty()) {
+        m_reading.start();
     }
-    m_addButton->setEnabled(m_database != nullptr);
-    showConflict();
+    showCurrent();
+}
+
+Expected<void> NotesView::readMore(qint64 from) {
+    return m_database->rows(from, RowsAtOnce).map([this](const QList<NoteRow> &rows) {
+        appendRows(rows);
+        m_unread =
+            rows.size() < RowsAtOnce ? std::nullopt : std::optional(rows.last().position + 1);
+    });
+}
+
+Expected<void> NotesView::readAgain(qint64 position) {
+    const qint64 end =
+        m_rows.isEmpty() ? std::numeric_limits<qint64>::min() : m_rows.last().position + 1;
+    if (position >= m_unread.value_or(end)) {
+        // New rows are read together.
+        const Expected<void> read = m_unread ? Expected<void>() : readMore(end);
+        return read.map([&] { m_changed.removeIf([&](qint64 each) { return each >= end; }); });
+    }
+    return m_database->rowsAt(position).map([&](const QList<NoteRow> &rows) {
+        replaceRows(indexOf(position), position, rows);
+        m_changed.remove(position);
+    });
+}
+
+void NotesView::replaceRows(qsizetype first, qint64 position, const QList<NoteRow> &rows) {
+    const QSignalBlocker blocker(m_list);
+    qsizetype index = first;
+    for (const NoteRow &row : rows) {
+        if (index < m_rows.size() && m_rows.at(index).position == position) {
+            forgetPosition(m_rows.at(index));
+            m_rows[index] = row;
+            m_list->item(static_cast<int>(index))->setText(shownTitle(row.note));
+        } else {
+            m_rows.insert(index, row);
+            m_list->insertItem(static_cast<int>(index), shownTitle(row.note));
+        }
+        ++index;
+    }
+    while (index < m_rows.size() && m_rows.at(index).position == position) {
+        forgetPosition(m_rows.at(index));
+        m_rows.removeAt(index);
+        delete m_list->takeItem(static_cast<int>(index));
+    }
+    for (const NoteRow &row : rows) {
+        m_positions.insert(row.note.UUID, position);
+        m_positions.insert(row.note.revision, position);
+        // A damaged edit may have been repaired.
+        m_isTextOutdated = m_isTextOutdated || row.note.revision == m_note.revision;
+    }
+}
+
+void NotesView::forgetPosition(const NoteRow &row) {
+    for (const QString &key : {row.note.UUID, row.note.revision}) {
+        // A note that was removed and restored has another position.
+        if (m_positions.value(key) == row.position) {
+            m_positions.remove(key);
+        }
+    }
+}
+
+void NotesView::appendRows(const QList<NoteRow> &rows) {
+    QStringList titles;
+    titles.reserve(rows.size());
+    for (const NoteRow &row : rows) {
+        m_positions.insert(row.note.UUID, row.position);
+        m_positions.insert(row.note.revision, row.position);
+        titles.append(shownTitle(row.note));
+    }
+    m_rows.append(rows);
+    const QSignalBlocker blocker(m_list);
+    m_list->addItems(titles);
+}
+
+qsizetype NotesView::indexOf(qint64 position) const {
+    const auto found = std::lower_bound(
+        m_rows.begin(), m_rows.end(), position,
+        [](const NoteRow &row, qint64 searched) { return row.position < searched; });
+    return found - m_rows.begin();
+}
+
+void NotesView::readUntil(const Note &note) {
+    while (m_unread && !m_positions.contains(note.revision) && !m_positions.contains(note.UUID)) {
+        if (const Expected<void> read = readMore(*m_unread); !read) {
+            NSApp()->presentError(read.error());
+            return;
+        }
+    }
+}
+
+void NotesView::showCurrent() {
+    const int row = rowOf(m_note);
+    const int nearest = qBound(m_rows.isEmpty() ? -1 : 0, m_row, m_list->count() - 1);
+    const int current = row >= 0 || m_isEdited ? row : nearest;
+    if (row < 0 && current >= 0 && m_changed.contains(m_rows.at(current).position)) {
+        // It may be gone, too. Another note is shown once its row was read again.
+        return;
+    }
+    if (current != m_list->currentRow()) {
+        const QSignalBlocker blocker(m_list);
+        m_list->setCurrentRow(current);
+    }
     // While the user edits, the base revision stays the one that was shown, even if another
     // arrives.
-    if (!m_isEdited) {
-        showNote(m_list->currentRow());
+    if (m_isEdited) {
+        showConflict();
+    } else {
+        showNote(current);
     }
 }
 
 void NotesView::selectNote(int row) {
-    const Note wanted = row >= 0 ? m_notes.at(row) : Note();
+    const Note wanted = row >= 0 ? m_rows.at(row).note : Note();
+    if (row >= 0 && m_changed.contains(m_rows.at(row).position)) {
+        presentIfFailed(readAgain(m_rows.at(row).position));
+    }
     if (leave()) {
         // Saving may have moved the rows.
         showNote(rowOf(wanted));
@@ -209,9 +358,22 @@ void NotesView::selectNote(int row) {
 }
 
 void NotesView::showNote(int row) {
+    if (row < 0) {
+        m_note = {};
+    } else if (const Note &note = m_rows.at(row).note;
+               m_isTextOutdated || note.revision != m_note.revision || note.UUID != m_note.UUID) {
+        const Expected<Note> complete = m_database->completeNote(note);
+        if (!complete) {
+            NSApp()->presentError(complete.error());
+        }
+        m_note = complete.value_or(Note());
+    } else {
+        m_note.conflict = note.conflict;
+    }
+    m_isTextOutdated = false;
+    row = m_note.UUID.isEmpty() ? -1 : row;
     m_row = row;
-    m_note = row >= 0 ? m_notes.at(row) : Note();
-    {
+    if (m_list->currentRow() != row) {
         const QSignalBlocker blocker(m_list);
         m_list->setCurrentRow(row);
     }
@@ -224,6 +386,7 @@ void NotesView::showNote(int row) {
 }
 
 void NotesView::select(const Note &note) {
+    readUntil(note);
     if (const int row = rowOf(note); row >= 0) {
         m_list->setCurrentRow(row);
     }
@@ -240,9 +403,20 @@ void NotesView::showContents() {
     const bool isExact = m_title->text() == m_note.title && m_text->noteText() == m_note.text;
     m_title->setReadOnly(!isExact);
     m_text->setReadOnly(!isExact);
+    m_copyButton->setVisible(!isExact);
     setNotice(isExact ? QString()
                       : tr("This note cannot be edited here: it contains something that the editor "
                            "would change, or too many or too long lines."));
+}
+
+void NotesView::removeHalfCharacter() {
+    const int before = m_title->cursorPosition() - 1;
+    QString text = m_title->text();
+    if (before >= 0 && text[before].isHighSurrogate() && !text.mid(before, 2).isValidUtf16()) {
+        text.remove(before, 1);
+        m_title->setText(text);
+        m_title->setCursorPosition(before);
+    }
 }
 
 void NotesView::noteEdited() {
@@ -268,14 +442,21 @@ void NotesView::keepEdits() {
 }
 
 int NotesView::rowOf(const Note &note) const {
-    auto found = std::find_if(m_notes.begin(), m_notes.end(), [&](const Note &each) {
-        return !note.revision.isEmpty() && each.revision == note.revision;
-    });
-    if (found == m_notes.end()) {
-        found = std::find_if(m_notes.begin(), m_notes.end(),
-                             [&](const Note &each) { return each.UUID == note.UUID; });
-    }
-    return found == m_notes.end() ? -1 : static_cast<int>(found - m_notes.begin());
+    const auto find = [&](const QString &key, auto member) {
+        const auto position = m_positions.constFind(key);
+        if (key.isEmpty() || position == m_positions.constEnd()) {
+            return -1;
+        }
+        for (qsizetype i = indexOf(*position);
+             i < m_rows.size() && m_rows.at(i).position == *position; ++i) {
+            if (m_rows.at(i).note.*member == key) {
+                return static_cast<int>(i);
+            }
+        }
+        return -1;
+    };
+    const int row = find(note.revision, &Note::revision);
+    return row >= 0 ? row : find(note.UUID, &Note::UUID);
 }
 
 Note NotesView::editedNote() const {
@@ -297,7 +478,7 @@ Expected<void> NotesView::save() {
     Expected<void> saved = m_database->saveNote(note);
     setEdited(!saved);
     if (saved) {
-        m_unsavedTexts.remove(note.UUID);
+        removeKept(note);
         m_hasToldFailure = false;
         setNotice({});
         showSaved(note);
@@ -309,8 +490,9 @@ Expected<void> NotesView::save() {
 
 void NotesView::showSaved(const Note &note) {
     m_note = note;
+    m_isTextOutdated = false;
     // The list may show another edit as the note, or may not have been read again.
-    if (const int row = rowOf(note); row >= 0 && m_notes.at(row).revision == note.revision) {
+    if (const int row = rowOf(note); row >= 0 && m_rows.at(row).note.revision == note.revision) {
         showNote(row);
     }
 }
@@ -337,13 +519,18 @@ void NotesView::showConflict() {
 QList<Note> NotesView::otherEdits() const {
     // The note may have got other edits since it was shown.
     const int row = rowOf(m_note);
-    const QString conflict = row < 0 ? QString() : m_notes.at(row).conflict;
+    const QString conflict = row < 0 ? QString() : m_rows.at(row).note.conflict;
     QList<Note> others;
-    if (!conflict.isEmpty()) {
-        std::copy_if(m_notes.begin(), m_notes.end(), std::back_inserter(others),
-                     [&](const Note &each) {
-                         return each.conflict == conflict && each.UUID != m_note.UUID;
-                     });
+    if (conflict.isEmpty()) {
+        return others;
+    }
+    const qint64 position = m_rows.at(row).position;
+    for (qsizetype i = indexOf(position); i < m_rows.size() && m_rows.at(i).position == position;
+         ++i) {
+        const Note &each = m_rows.at(i).note;
+        if (each.conflict == conflict && each.UUID != m_note.UUID) {
+            others.append(each);
+        }
     }
     return others;
 }
@@ -371,8 +558,13 @@ void NotesView::resolveConflict(const std::function<void(const Note &, const Not
         return;
     }
     const Note shown = m_note;
-    if (const QList<Note> others = otherEdits(); !others.isEmpty()) {
-        resolve(shown, others.first());
+    const QList<Note> others = otherEdits();
+    if (others.isEmpty()) {
+        return;
+    }
+    const Expected<Note> other = m_database->completeNote(others.first());
+    if (presentIfFailed(other.map([](const Note &) {}))) {
+        resolve(shown, *other);
     }
 }
 
@@ -382,11 +574,8 @@ void NotesView::keepEdit(Note kept, const Note &removed) {
     }
     rememberDeletion(removed, tr("&Undo Keep"));
     // A copy that is the only edit left shows as the note.
-    const auto found = std::find_if(m_notes.begin(), m_notes.end(), [&](const Note &each) {
-        return each.revision == kept.revision;
-    });
-    if (found != m_notes.end()) {
-        select(*found);
+    if (m_positions.contains(kept.revision)) {
+        select(kept);
     }
 }
 
@@ -422,9 +611,18 @@ bool NotesView::leave() {
 void NotesView::discard() {
     setEdited(false);
     m_hasToldFailure = false;
-    m_unsavedTexts.remove(m_note.UUID);
+    removeKept(m_note);
     setNotice({});
     showContents();
+}
+
+void NotesView::removeKept(const Note &note) {
+    const Expected<void> removed = m_unsavedTexts.remove(note.UUID);
+    // Notify the user once, not after each pause.
+    if (!removed && !m_hasToldRemaining) {
+        NSApp()->presentError(removed.error());
+    }
+    m_hasToldRemaining = !removed;
 }
 
 void NotesView::addNote() {
@@ -435,7 +633,7 @@ void NotesView::addNote() {
     note.title = tr("New Note");
     note.modified = QDateTime::currentDateTime();
     if (presentIfFailed(m_database->saveNote(note))) {
-        m_list->setCurrentRow(rowOf(note));
+        select(note);
         m_title->setFocus();
         m_title->selectAll();
     }
@@ -477,6 +675,6 @@ void NotesView::undoDeletion() {
     m_deletions.removeLast();
     updateUndoAction();
     if (last.database == m_database) {
-        m_list->setCurrentRow(rowOf(last.note));
+        select(last.note);
     }
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QtCore/QHash>
 #include <QtCore/QTimer>
 #include <QtWidgets/QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "Application/UnsavedTexts.h"
 
@@ -69,11 +71,28 @@ private:
     };
 
     void makeWidgets();
+    void connectWidgets();
     /// Shows no note and discards edits, before the notes of another database are read.
     void showNothing();
-    /// Reads the notes again, keeping the selected note and any edits. Presents an error if they
-    /// cannot be read.
-    void showNotes();
+    /// Reads the rows again whose `positions` have changed, keeping the selected note and any
+    /// edits. Presents an error if they cannot be read. Rows that take longer follow soon.
+    void showChanges(const QSet<qint64> &positions);
+    /// Reads some of the rows that were not read yet or have changed, and the others later.
+    void readRows();
+    /// Reads some rows that were not read yet, beginning with the position `from`.
+    Expected<void> readMore(qint64 from);
+    /// Reads the rows of a position that has changed, or else new rows if it is beyond those read.
+    Expected<void> readAgain(qint64 position);
+    /// Shows `rows` instead of those from the index `first` that have the position `position`.
+    void replaceRows(qsizetype first, qint64 position, const QList<NoteRow> &rows);
+    void appendRows(const QList<NoteRow> &rows);
+    void forgetPosition(const NoteRow &row);
+    /// Returns the index of the first row whose position is not less than `position`.
+    qsizetype indexOf(qint64 position) const;
+    /// Reads rows until the one of `note` is there.
+    void readUntil(const Note &note);
+    /// Selects the shown note or, if it is gone, the nearest one.
+    void showCurrent();
     /// Shows the note in `row`, or keeps the former one if the user does not leave it.
     void selectNote(int row);
     /// Shows the note in `row`, discarding edits; -1 shows none.
@@ -90,6 +109,9 @@ private:
     void undoDeletion();
     /// Lets the action undo the last deletion.
     void updateUndoAction();
+    /// Removes the first half of a character at the cursor of the title, which a text that was cut
+    /// leaves.
+    void removeHalfCharacter();
     /// Marks the note as edited and restarts the timer.
     void noteEdited();
     void setEdited(bool isEdited);
@@ -100,12 +122,14 @@ private:
     /// Reverts the note to its saved text.
     void discard();
     void saveFailed(const Error &error);
+    /// Removes what `UnsavedTexts` keeps of the note. Presents a failure, once until it succeeds.
+    void removeKept(const Note &note);
     /// Continues with `note` as it was saved, and not with an edit that has come from elsewhere.
     void showSaved(const Note &note);
     void setNotice(const QString &text);
     /// Shows the bar if the note has conflicting edits.
     void showConflict();
-    /// Returns the conflicting edits of the note, except the shown one.
+    /// Returns the conflicting edits of the note without their texts, except the shown one.
     QList<Note> otherEdits() const;
     /// Shows the note and the first of its other edits side by side.
     void compareEdits();
@@ -123,14 +147,26 @@ private:
 
     const UnsavedTexts m_unsavedTexts;
     std::shared_ptr<NoteDatabase> m_database;
-    QList<Note> m_notes;
+    /// The rows that were read, in their order, and their positions by UUID and by revision.
+    QList<NoteRow> m_rows;
+    QHash<QString, qint64> m_positions;
+    /// The first position that was not read; none if all were.
+    std::optional<qint64> m_unread;
+    /// The positions of rows to read again.
+    QSet<qint64> m_changed;
+    /// Continues reading when the main thread is idle.
+    QTimer m_reading;
     /// The shown note as it was when it was shown; its UUID is empty while there is none.
     Note m_note;
     int m_row = -1;
+    /// Whether the row of the note was read again since the note was shown.
+    bool m_isTextOutdated = false;
     /// Whether the editor differs from `m_note`.
     bool m_isEdited = false;
     /// Whether the user was notified of the current failure.
     bool m_hasToldFailure = false;
+    /// Whether the user was notified of a kept text that cannot be removed.
+    bool m_hasToldRemaining = false;
     /// Saves when the user stops typing.
     QTimer m_pause;
     /// Keeps edits while the user types without a pause.
@@ -141,6 +177,7 @@ private:
     QLineEdit *m_title;
     NoteTextEdit *m_text;
     QLabel *m_notice;
+    QPushButton *m_copyButton;
     ConflictBar *m_conflict;
     QPushButton *m_addButton;
     QPushButton *m_removeButton;

@@ -1,9 +1,9 @@
 #include "Application/UnsavedTextDialog.h"
 
-#include <QtGui/QClipboard>
-#include <QtGui/QGuiApplication>
+#include <QtCore/QCoreApplication>
 #include <QtWidgets/QPushButton>
 
+#include "Application/NoteClipboard.h"
 #include "Platform/Interface/MessageBox.h"
 
 namespace {
@@ -23,9 +23,7 @@ UnsavedTextDialog::Choice UnsavedTextDialog::ask(QWidget *parent, const Note &no
     QPushButton *copy = box.addButton(dialogText("&Copy Text"), QMessageBox::ActionRole);
     // Keep the dialog open, since the clipboard does not keep the copy for long.
     copy->disconnect(&box);
-    QObject::connect(copy, &QPushButton::clicked, &box, [&note] {
-        QGuiApplication::clipboard()->setText(note.title + QStringLiteral("\n\n") + note.text);
-    });
+    QObject::connect(copy, &QPushButton::clicked, &box, [&note] { NoteClipboard::copy(note); });
     box.addButton(dialogText("&Keep Editing"), QMessageBox::RejectRole);
     box.setDefaultButton(tryAgain);
     box.exec();

@@ -75,6 +75,19 @@ Expected<QStringList> namesIn(const QString &folder) {
     return names;
 }
 
+/// Has no effect if the file is gone.
+Expected<void> removeFile(const QString &path) {
+    QFile file(path);
+    if (file.remove() || !file.exists()) {
+        return {};
+    }
+    return failure(journalError(
+        textOf("The file “%1”, which contains a text that was not saved, cannot be removed: %2. "
+               "Remove it yourself, or the text returns at the next start.")
+            .arg(path, file.errorString()),
+        {}));
+}
+
 QString shortDigest(const QString &text) {
     const QByteArray hash =
         QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256).first(8);
@@ -161,13 +174,19 @@ Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note)
                                 textOf("Make room on the disk, or copy the text.")));
 }
 
-void UnsavedTexts::remove(const QString &noteUUID) const {
+Expected<void> UnsavedTexts::remove(const QString &noteUUID) const {
+    Expected<void> removed;
     for (const QString &folder : m_folders) {
-        const QStringList paths = filesIn(folder, shortDigest(noteUUID)).value_or(QStringList());
-        for (const QString &path : paths) {
-            QFile::remove(path);
+        const Expected<QStringList> paths = filesIn(folder, shortDigest(noteUUID));
+        if (!paths) {
+            removed = failure(paths.error());
+            continue;
+        }
+        for (const QString &path : *paths) {
+            removed = removeFile(path).and_then([&] { return removed; });
         }
     }
+    return removed;
 }
 
 Expected<QStringList> UnsavedTexts::filesIn(const QString &folder, const QString &note) const {
@@ -188,6 +207,7 @@ Expected<QStringList> UnsavedTexts::filesIn(const QString &folder, const QString
 UnsavedTexts::Restored UnsavedTexts::restore(const NoteLibrary &library) const {
     Restored restored;
     QStringList failures;
+    QStringList remaining;
     for (const QString &folder : m_folders) {
         const Expected<QStringList> paths = filesIn(folder, QStringLiteral("*"));
         if (!paths) {
@@ -198,8 +218,10 @@ UnsavedTexts::Restored UnsavedTexts::restore(const NoteLibrary &library) const {
         for (const QString &path : *paths) {
             const Expected<QString> title = restoreFile(path, library);
             if (title) {
-                QFile::remove(path);
                 restored.titles.append(*title);
+                if (const Expected<void> removed = removeFile(path); !removed) {
+                    remaining.append(removed.error().localizedDescription);
+                }
             } else {
                 failures.append(
                     textOf("“%1”: %2").arg(setAside(path), title.error().localizedDescription));
@@ -210,7 +232,9 @@ UnsavedTexts::Restored UnsavedTexts::restore(const NoteLibrary &library) const {
         restored.result =
             failure(journalError(textOf("Texts that were not saved cannot be restored. They are "
                                         "kept, and Velmora tries again at each start."),
-                                 failures.join(u'\n')));
+                                 (failures + remaining).join(u'\n')));
+    } else if (!remaining.isEmpty()) {
+        restored.result = failure(journalError(remaining.join(u'\n'), {}));
     }
     return restored;
 }

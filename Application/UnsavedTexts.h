@@ -32,9 +32,9 @@ public:
     /// folder can be written, with an error for the user.
     Expected<void> keep(const QString &databaseUUID, const Note &note) const;
     /// Removes the text of the note `noteUUID` from all folders. Has no effect if there is none. A
-    /// file that cannot be removed is restored again at the next start, which is harmless if the
-    /// note was saved.
-    void remove(const QString &noteUUID) const;
+    /// file that cannot be removed is restored again at the next start; it is named in the error
+    /// for the user.
+    Expected<void> remove(const QString &noteUUID) const;
     /// Saves all texts in `library` and removes them from the journal. The text of an unknown
     /// database is saved in the inbox. A text that the database contains already is removed without
     /// saving it again. If the note was changed meanwhile, both edits are kept, see

@@ -51,8 +51,13 @@ void free(void *memory) noexcept {
 }
 
 void *realloc(void *memory, size_t size) noexcept {
+    if (memory && size == 0) {
+        // As in the C library.
+        free(memory);
+        return nullptr;
+    }
     const size_t available = memory ? malloc_usable_size(memory) : 0;
-    if (!memory || size == 0 || available > LargestWiped) {
+    if (!memory || available > LargestWiped) {
         return __libc_realloc(memory, size);
     }
     if (size <= available && size >= available / 2) {

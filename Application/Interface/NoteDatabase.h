@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QDateTime>
+#include <QtCore/QSet>
 
 #include "Application/Interface/InterfaceExport.h"
 #include "Host/QVDatabase.h"
@@ -20,6 +21,17 @@ struct Note {
     /// edits, and empty if the note has no others.
     QString conflict = {};
     bool operator==(const Note &) const = default;
+};
+
+/// A row of the list of notes. A value.
+struct NoteRow {
+    /// The note without its text.
+    Note note;
+    /// The place in the list: rows are ordered by it. All conflicting edits of a note have one
+    /// position; a few other notes may have the same. It does not change as long as the note
+    /// exists.
+    qint64 position = 0;
+    bool operator==(const NoteRow &) const = default;
 };
 
 /// A note as it was before it was replaced or deleted. A value, without the text.
@@ -55,6 +67,15 @@ public:
     /// A note that was edited in two places at once appears once for each edit; all but one of
     /// these have UUIDs of their own and say so in their titles.
     virtual Expected<QList<Note>> notes() const = 0;
+    /// Returns rows of the list of notes(), beginning with those of the position `from`: at least
+    /// `count` if there are as many, and all rows of each position. Takes time in proportion to
+    /// `count`.
+    virtual Expected<QList<NoteRow>> rows(qint64 from, int count) const = 0;
+    /// Returns the rows of the position `position`; none if it was removed.
+    virtual Expected<QList<NoteRow>> rowsAt(qint64 position) const = 0;
+    /// Returns the edit that the revision of `note` names, shown as `note`, with its text. Fails if
+    /// the edit was replaced or removed meanwhile.
+    virtual Expected<Note> completeNote(const Note &note) const = 0;
     /// Returns the number of notes that have conflicting edits.
     virtual Expected<qint64> countOfConflicts() const = 0;
     /// Adds `note` or replaces the edit that its revision names, and updates `note.UUID` and
@@ -87,5 +108,6 @@ Q_SIGNALS:
     /// Emitted after the database was opened or closed.
     void openChanged();
     /// Emitted after notes were added, changed or removed, here or by a synchronization.
-    void notesChanged();
+    /// `positions` are those of the rows that may have changed.
+    void notesChanged(const QSet<qint64> &positions);
 };

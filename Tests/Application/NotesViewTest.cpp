@@ -1,11 +1,15 @@
+#include <QtCore/QRandomGenerator>
+#include <QtCore/QUuid>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
 
 #include "Application/NotesView.h"
+#include "Platform/Interface/PlainText.h"
 #include "Support/FailingTable.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -29,6 +33,33 @@ private:
     }
     OperationId operationOf(const Note &note) const {
         return QByteArray::fromHex(note.revision.toLatin1());
+    }
+
+    QStringList shownTitles() const {
+        QStringList titles;
+        for (int row = 0; row < list()->count(); ++row) {
+            titles.append(list()->item(row)->text());
+        }
+        return titles;
+    }
+    QStringList titles() const {
+        QStringList titles;
+        const QList<Note> notes = m_database->notes().value();
+        for (const Note &note : notes) {
+            titles.append(note.title);
+        }
+        return titles;
+    }
+    static Operation newNote(const QString &title, const QString &text = {}) {
+        return Operation::make(QUuid::createUuid().toString(QUuid::WithoutBraces), title, text, 0,
+                               {});
+    }
+    void receiveNotes(int count) {
+        Transaction transaction;
+        for (int i = 0; i < count; ++i) {
+            transaction.operations.append(newNote(QStringLiteral("Note %1").arg(i)));
+        }
+        receive(transaction);
     }
 
     QStringList journal() const {
@@ -154,7 +185,7 @@ private Q_SLOTS:
         QTest::addRow("control characters") << QString(QChar(1));
         QTest::addRow("combining marks") << QString(QChar(0x301));
         QTest::addRow("joined emoji") << QStringLiteral("👩‍👩‍👧");
-        QTest::addRow("cut within a character") << QStringLiteral("a😀");
+        QTest::addRow("cut between characters") << QStringLiteral("a😀");
     }
     void aPastedTitleIsBoundedWhateverItConsistsOf() {
         QFETCH(QString, piece);
@@ -166,6 +197,52 @@ private Q_SLOTS:
         QVERIFY(m_view->commit());
         QCOMPARE(m_database->notes().value().first().title, title()->text());
         QVERIFY(!title()->isReadOnly());
+    }
+
+    void aPastedTitleIsNotCutWithinACharacter() {
+        QGuiApplication::clipboard()->setText(u'a' + QStringLiteral("😀").repeated(4000));
+        title()->selectAll();
+        title()->paste();
+        const QString expected = u'a' + QStringLiteral("😀").repeated(1999);
+        QCOMPARE(title()->text(), expected);
+        QVERIFY(m_view->commit());
+        QCOMPARE(m_database->notes().value().first().title, expected);
+        QVERIFY(!title()->isReadOnly());
+        // In the middle, too.
+        title()->setCursorPosition(1);
+        QGuiApplication::clipboard()->setText(QStringLiteral("😀😀"));
+        title()->paste();
+        QCOMPARE(title()->text(), expected);
+        QVERIFY(m_view->commit());
+        QCOMPARE(m_database->notes().value().first().title, expected);
+    }
+
+    void aTypedLineThatGetsTooLongIsSavedAndCanBeCopied() {
+        Note second{{}, QStringLiteral("Second"), QStringLiteral("2"), {}};
+        QVERIFY(m_database->saveNote(second));
+        auto *copy = m_view->findChild<QPushButton *>(QStringLiteral("copyText"));
+        QVERIFY(copy && copy->isHidden());
+        const QString line(PlainText::LongestLine - 2, u'x');
+        text()->setPlainText(line);
+        QVERIFY(m_view->commit());
+        const QStringList typed{QStringLiteral(" some"), QStringLiteral(" words")};
+        for (const QString &words : typed) {
+            text()->moveCursor(QTextCursor::End);
+            QTest::keyClicks(text(), words);
+            QVERIFY(m_view->commit());
+            QVERIFY(!text()->isReadOnly());
+        }
+        const QString whole = line + typed.join(QString());
+        QCOMPARE(m_database->notes().value().first().text, whole);
+        list()->setCurrentRow(1);
+        list()->setCurrentRow(0);
+        QVERIFY(text()->isReadOnly());
+        QVERIFY(!copy->isHidden());
+        copy->click();
+        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("First\n\n") + whole);
+        QCOMPARE(m_database->notes().value().first().text, whole);
+        list()->setCurrentRow(1);
+        QVERIFY(copy->isHidden());
     }
 
     void aPastedTextThatCouldNotBeEditedIsRefused_data() {
@@ -340,6 +417,145 @@ private Q_SLOTS:
         receive({{}, {operationOf(m_first)}});
         QCOMPARE(list()->currentRow(), 0);
         QCOMPARE(text()->toPlainText(), QStringLiteral("2"));
+    }
+
+    void anEditChangesItsRowOnly() {
+        receiveNotes(20);
+        QTRY_COMPARE(shownTitles(), titles());
+        const QSignalSpy reset(list()->model(), &QAbstractItemModel::modelReset);
+        const QSignalSpy inserted(list()->model(), &QAbstractItemModel::rowsInserted);
+        const QSignalSpy removed(list()->model(), &QAbstractItemModel::rowsRemoved);
+        const QSignalSpy changed(list()->model(), &QAbstractItemModel::dataChanged);
+        Note note = m_database->notes().value().at(7);
+        note.text = QStringLiteral("text");
+        QVERIFY(m_database->saveNote(note));
+        QCOMPARE(changed.size(), 0);
+        note.title = QStringLiteral("title");
+        QVERIFY(m_database->saveNote(note));
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed.first().first().toModelIndex().row(), 7);
+        QCOMPARE(inserted.size(), 0);
+        QVERIFY(m_database->removeNote(note));
+        QCOMPARE(removed.size(), 1);
+        QCOMPARE(reset.size(), 0);
+        QCOMPARE(shownTitles(), titles());
+    }
+
+    void manyNotesAreReadInSteps() {
+        constexpr int count = 1700;
+        receiveNotes(count);
+        QVERIFY(m_view->setDatabase(nullptr));
+        QVERIFY(m_view->setDatabase(m_database));
+        QVERIFY(list()->count() > 0);
+        QVERIFY(list()->count() < count);
+        // What comes meanwhile is shown once.
+        receiveNotes(2);
+        QTRY_COMPARE(list()->count(), count + 3);
+        QCOMPARE(shownTitles(), titles());
+        receiveNotes(count);
+        QTRY_COMPARE(list()->count(), 2 * count + 3);
+        QCOMPARE(shownTitles(), titles());
+    }
+
+    void whatTheUserDoesIsShownWhileManyNotesAreRead() {
+        receiveNotes(1700);
+        QVERIFY(m_view->setDatabase(nullptr));
+        QVERIFY(m_view->setDatabase(m_database));
+        QCOMPARE_LT(list()->count(), 1701);
+        const Note first = m_view->note();
+        QVERIFY(m_database->removeNote(first));
+        QVERIFY(m_view->note().revision != first.revision);
+        QTRY_COMPARE(shownTitles(), titles());
+    }
+
+    void aNoteThatWasNotReadYetCanBeSelected() {
+        receiveNotes(1700);
+        const Note last = m_database->notes().value().last();
+        QVERIFY(m_view->setDatabase(nullptr));
+        QVERIFY(m_view->setDatabase(m_database));
+        m_view->select(last);
+        QCOMPARE(m_view->note().revision, last.revision);
+        QCOMPARE(list()->currentRow(), 1700);
+    }
+
+    void theTextIsReadWithTheNote() {
+        receive({{newNote(QStringLiteral("Second"), QStringLiteral("2"))}, {}});
+        list()->setCurrentRow(1);
+        QCOMPARE(m_view->note(), m_database->notes().value().at(1));
+        QCOMPARE(text()->toPlainText(), QStringLiteral("2"));
+    }
+
+    /// Its revision is the same as before.
+    void aDamagedNoteThatIsRepairedIsShown() {
+        const Operation operation =
+            newNote(QStringLiteral("Second"), QStringLiteral("what was written"));
+        receive({{operation}, {}});
+        QVERIFY(m_host->engine().profile().run(
+            QStringLiteral("UPDATE operations SET text = 'damaged' WHERE digest = ?"),
+            {operation.id}));
+        list()->setCurrentRow(1);
+        QCOMPARE(text()->toPlainText(), QStringLiteral("damaged"));
+        receive({{operation}, {}});
+        QCOMPARE(text()->toPlainText(), QStringLiteral("what was written"));
+    }
+
+    /// While the rows are read in steps, some of them are of notes that are gone.
+    void notesAreRemovedWhileTheListIsRead() {
+        constexpr int count = 1200;
+        receiveNotes(count);
+        QTRY_COMPARE(list()->count(), count + 1);
+        list()->setCurrentRow(300);
+        const QList<OperationId> all = m_database->log().operationIds().value();
+        receive({{}, all.mid(100, 1000)});
+        QTRY_COMPARE(list()->count(), count + 1 - 1000);
+        QTRY_COMPARE(shownTitles(), titles());
+        QVERIFY(m_database->notes().value().contains(m_view->note()));
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
+    }
+
+    /// Edits, deletions, conflicts and their copies, in any order.
+    void theListShowsWhatTheDatabaseContains() {
+        QRandomGenerator random(17);
+        QList<Operation> all{newNote(QStringLiteral("0"))};
+        for (int i = 1; i < 200; ++i) {
+            const auto any = [&] { return all.at(random.bounded(all.size())); };
+            const QString title = QString::number(i);
+            const QList<Note> notes = m_database->notes().value();
+            switch (notes.isEmpty() ? 0 : random.bounded(5)) {
+                case 0:
+                    all.append(newNote(title));
+                    receive({{all.last()}, {}});
+                    break;
+                case 1:
+                    // Another edit of the same note, which supersedes one or none.
+                    all.append(Operation::make(any().note, title, {}, random.bounded(100),
+                                               random.bounded(2) == 0
+                                                   ? QList<OperationId>()
+                                                   : QList<OperationId>{any().id}));
+                    receive({{all.last()}, {}});
+                    break;
+                case 2:
+                    receive({{}, {any().id, any().id}});
+                    break;
+                case 3: {
+                    Note note = notes.at(random.bounded(notes.size()));
+                    note.title = title;
+                    QVERIFY(m_database->saveNote(note));
+                    break;
+                }
+                default:
+                    QVERIFY(m_database->removeNote(notes.at(random.bounded(notes.size()))));
+            }
+            QTRY_COMPARE(shownTitles(), titles());
+            QList<Note> read;
+            const QList<NoteRow> rows = m_database->rows(0, 1000).value();
+            for (const NoteRow &row : rows) {
+                read.append(m_database->completeNote(row.note).value());
+            }
+            QCOMPARE(read, m_database->notes().value());
+            QCOMPARE(m_view->note().UUID.isEmpty(), read.isEmpty());
+            QVERIFY(read.isEmpty() || read.contains(m_view->note()));
+        }
     }
 
     void selectingAnotherNoteSavesWhatWasTyped() {

@@ -1,5 +1,6 @@
 #include "Application/UnsavedTexts.h"
 
+#include <sys/mount.h>
 #include <sys/syscall.h>
 
 #include <QtCore/QStandardPaths>
@@ -112,7 +113,7 @@ private Q_SLOTS:
         // What the user does with the note afterwards leaves the text alone.
         QVERIFY(texts.keep(m_database->UUID(), {.UUID = note.UUID, .text = QStringLiteral("b")}));
         QCOMPARE(journalIn(cache()).size(), 2);
-        texts.remove(note.UUID);
+        QVERIFY(texts.remove(note.UUID));
         QCOMPARE(journalIn(cache()), kept);
         QVERIFY(!texts.restore(m_host->library()).result);
         QCOMPARE(journalIn(cache()), kept);
@@ -169,7 +170,44 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(filler()));
         QVERIFY(UnsavedTexts(volume()).restore(m_host->library()).titles.isEmpty());
         QCOMPARE(journalIn(cache()).size(), 1);
-        texts.remove(QStringLiteral("a"));
+        QVERIFY(texts.remove(QStringLiteral("a")));
+    }
+
+    void aTextThatCannotBeRemovedIsNamed() {
+        const UnsavedTexts texts(m_host->directory());
+        const Note note{.UUID = newUUID(), .title = QStringLiteral("a")};
+        QVERIFY(texts.keep(m_database->UUID(), note));
+        const QStringList kept = journalIn(m_host->directory());
+        QCOMPARE(kept.size(), 1);
+        runWithFailingSystemCall(SYS_unlink, EROFS, [&] {
+            const Expected<void> removed = texts.remove(note.UUID);
+            QVERIFY(!removed);
+            const QString told = removed.error().localizedDescription;
+            QVERIFY2(told.contains(kept.first()), qPrintable(told));
+        });
+        QCOMPARE(journalIn(m_host->directory()), kept);
+        QVERIFY(texts.remove(note.UUID));
+        QVERIFY(journalIn(m_host->directory()).isEmpty());
+    }
+
+    void aRestoredTextThatCannotBeRemovedIsNamed() {
+        const UnsavedTexts texts(m_host->directory());
+        const Note note{.UUID = newUUID(), .title = QStringLiteral("a")};
+        QVERIFY(texts.keep(m_database->UUID(), note));
+        const QString name = journalIn(m_host->directory()).value(0);
+        const QByteArray path = QFile::encodeName(m_host->directory() + u'/' + name);
+        // A file that is a mount point cannot be removed.
+        QCOMPARE(::mount(path.constData(), path.constData(), nullptr, MS_BIND, nullptr), 0);
+        const UnsavedTexts::Restored restored = texts.restore(m_host->library());
+        QCOMPARE(::umount2(path.constData(), MNT_DETACH), 0);
+        QCOMPARE(restored.titles, QStringList{note.title});
+        QVERIFY(!restored.result);
+        const QString told = restored.result.error().localizedDescription;
+        QVERIFY2(told.contains(name), qPrintable(told));
+        // The next start does not save it twice.
+        QVERIFY(texts.restore(m_host->library()).result);
+        QVERIFY(journalIn(m_host->directory()).isEmpty());
+        QCOMPARE(m_database->notes().value().size(), 2);
     }
 
     void aTextThatCannotBeFlushedIsNotKept() {
