@@ -55,11 +55,9 @@ ConflictDialog::ConflictDialog(const Note &shown, const Note &other, QWidget *pa
     sides->addWidget(makeSide(tr("Other Edit"), other, m_other));
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(sides, 1);
-    QWidget *buttons = makeButtons();
-    layout->addWidget(buttons);
+    layout->addWidget(makeButtons());
     // Tab would pass over Close, which was created first and stands last.
-    const auto inOrderOfCreation = buttons->findChildren<QPushButton *>();
-    setTabOrder(inOrderOfCreation.last(), inOrderOfCreation.first());
+    setTabOrder(m_keepBoth, m_close);
     const auto scrollTogether = [](QPlainTextEdit *view, QPlainTextEdit *follower) {
         connect(view->verticalScrollBar(), &QScrollBar::valueChanged, follower->verticalScrollBar(),
                 &QScrollBar::setValue);
@@ -92,20 +90,21 @@ QWidget *ConflictDialog::makeSide(const QString &heading, const Note &note,
 
 QWidget *ConflictDialog::makeButtons() {
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-    QPushButton *close = buttons->button(QDialogButtonBox::Close);
-    close->setText(tr("&Close"));
+    m_close = buttons->button(QDialogButtonBox::Close);
+    m_close->setText(tr("&Close"));
     // Some themes have a dark one, which is not visible on dark colors.
-    close->setIcon({});
+    m_close->setIcon({});
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     const auto add = [&](const QString &title, Decision decision) {
         QPushButton *button = buttons->addButton(title, QDialogButtonBox::ActionRole);
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, [this, decision] { done(decision); });
+        return button;
     };
     add(tr("Keep Th&is"), KeepThis);
     add(tr("Keep &Other"), KeepOther);
-    add(tr("Keep &Both"), KeepBoth);
-    close->setDefault(true);
+    m_keepBoth = add(tr("Keep &Both"), KeepBoth);
+    m_close->setDefault(true);
     return buttons;
 }
 

@@ -5,6 +5,7 @@
 #include "Application/Interface/NoteDatabase.h"
 
 class QPlainTextEdit;
+class QPushButton;
 
 /// A sheet that shows two edits of a note side by side, with their differences marked, and asks
 /// which of them to keep. Must be used on the main thread.
@@ -28,4 +29,7 @@ private:
 
     QPlainTextEdit *m_shown;
     QPlainTextEdit *m_other;
+    /// The first and the last button that were created.
+    QPushButton *m_close = nullptr;
+    QPushButton *m_keepBoth = nullptr;
 };

@@ -4,6 +4,7 @@
 #include <QtCore/QLocale>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QTextEdit>
 #include <algorithm>
 
 #include "Platform/Interface/MessageBox.h"
@@ -48,6 +49,12 @@ void ErrorBoxes::addDetails(QMessageBox *box, const Error &error) {
         lines.append(tr("Error %1 of %2").arg(error.code).arg(error.domain));
     }
     box->setDetailedText(PlainText::page(lines.join(u'\n')));
+    if (auto *details = box->findChild<QTextEdit *>()) {
+        // Qt's height has room for few lines of a large font.
+        constexpr int Lines = 6;
+        details->setMinimumHeight(
+            qMax(details->sizeHint().height(), Lines * details->fontMetrics().lineSpacing()));
+    }
 }
 
 void ErrorBoxes::addButtons(QMessageBox *box, const Error &error) {

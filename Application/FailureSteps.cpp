@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "Host/QVApplication.h"
+#include "Host/QVJobLog.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncResult.h"
@@ -27,24 +28,41 @@ Location onlyLocation(const QList<Item> &items) {
     return isOnly ? first : nullptr;
 }
 
+RecoveryOption editOption(const Location &location, const FailureSteps::Editor &edit) {
+    return {stepText("Edit Location…"), [edit, edited = std::weak_ptr(location)] {
+                if (const Location living = edited.lock()) {
+                    edit(living);
+                }
+            }};
+}
+
+void showFolder(const Location &location, const FailureSteps::Editor &edit) {
+    Workspace::selectFile(location->URL().path(), [step = editOption(location, edit)](Error error) {
+        error.recoveryOptions = {step};
+        NSApp()->presentError(error);
+    });
+}
+
 }  // namespace
 
 QList<RecoveryOption> FailureSteps::of(const QList<Item> &failed, const Editor &edit,
                                        const std::function<void()> &tryAgain) {
     QList<RecoveryOption> options;
+    const bool isPartial =
+        std::any_of(failed.begin(), failed.end(), [](const Item &item) { return item.isPartial; });
+    if (const auto showLog = isPartial ? QVJobLog::showOption() : std::nullopt) {
+        options.append(*showLog);
+    }
     const Location location = onlyLocation(failed);
     if (location && !location->URL().isNil()) {
-        options.append({stepText("Edit Location…"), [edit, edited = std::weak_ptr(location)] {
-                            if (const Location living = edited.lock()) {
-                                edit(living);
-                            }
-                        }});
+        options.append(editOption(location, edit));
     }
     options.append({stepText("Try Again"), tryAgain});
     if (location && location->URL().isFileURL()) {
-        options.append({stepText("Show Folder"), [path = location->URL().path()] {
-                            Workspace::selectFile(
-                                path, [](const Error &error) { NSApp()->presentError(error); });
+        options.append({stepText("Show Folder"), [edit, shown = std::weak_ptr(location)] {
+                            if (const Location living = shown.lock()) {
+                                showFolder(living, edit);
+                            }
                         }});
     }
     return options;

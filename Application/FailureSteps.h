@@ -14,7 +14,8 @@ namespace FailureSteps {
 using Editor = std::function<void(const std::shared_ptr<QVSyncLocation> &location)>;
 
 /// Returns "Try Again", which calls `tryAgain`, and, if all of `failed` are at one location, "Edit
-/// Location…", which calls `edit`, and, for a folder, "Show Folder". The location is not kept
+/// Location…", which calls `edit`, and, for a folder, "Show Folder". If some of `failed` are
+/// partial, "Show Log" comes first, since the log names what was left out. The location is not kept
 /// alive; the steps have no effect once it is gone.
 QList<RecoveryOption> of(const QList<SynchronizationSummary::Item> &failed, const Editor &edit,
                          const std::function<void()> &tryAgain);

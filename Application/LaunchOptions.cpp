@@ -6,6 +6,8 @@
 #include <QtCore/QStandardPaths>
 #include <cstdlib>
 
+#include "Platform/Foundation/TerminalText.h"
+
 namespace {
 
 /// The first synchronization of large databases takes long.
@@ -77,54 +79,77 @@ std::chrono::seconds defaultTimeout(ShellCommand::Name name) {
     return name == ShellCommand::Name::Synchronize ? SynchronizationTimeout : CommandTimeout;
 }
 
-/// Returns the number of seconds in `text`, and sets whether it is a valid one.
-std::chrono::seconds secondsIn(const QString &text, bool &isValid) {
-    const int seconds = text.toInt(&isValid);
-    isValid = isValid && seconds > 0;
-    return std::chrono::seconds(seconds);
+/// Returns the number of seconds in `text`, or nothing if that is not a positive number.
+std::optional<std::chrono::seconds> secondsIn(const QString &text) {
+    bool isNumber = false;
+    const int seconds = text.toInt(&isNumber);
+    return isNumber && seconds > 0 ? std::optional(std::chrono::seconds(seconds)) : std::nullopt;
 }
 
-}  // namespace
+/// The options and arguments that --help describes.
+struct CommandLine {
+    CommandLine() {
+        parser.setApplicationDescription(
+            tr("Notes and documents, synchronized with the locations you choose."));
+        parser.addHelpOption();
+        parser.addVersionOption();
+        describeCommands();
+        parser.addOptions({profile, screenshot, describe, appearance, sandboxed, repair, json,
+                           timeout, removals});
+    }
 
-LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
+    void describeCommands();
+    /// Reads the options into `options`. Returns whether each of them is valid.
+    bool read(LaunchOptions &options) const;
+    /// Returns whether the options fit together and all arguments are understood.
+    bool isConsistent(const LaunchOptions &options) const;
+    /// Returns the exit code if this is wrong. For the commands, 1 means that something failed.
+    int exitCodeOfMistake() const {
+        return parser.positionalArguments().isEmpty() ? EXIT_FAILURE
+                                                      : static_cast<int>(ShellResult::NotDone);
+    }
+
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        tr("Notes and documents, synchronized with the locations you choose."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    const QCommandLineOption profile(QStringLiteral("profile"), tr("Use the profile in DIR."),
-                                     QStringLiteral("DIR"));
-    const QCommandLineOption screenshot(
+    const QCommandLineOption profile{QStringLiteral("profile"), tr("Use the profile in DIR."),
+                                     QStringLiteral("DIR")};
+    const QCommandLineOption screenshot{
         QStringLiteral("screenshot"), tr("Write a picture of Sync Preferences to FILE, then exit."),
-        QStringLiteral("FILE.png"));
-    const QCommandLineOption describe(
+        QStringLiteral("FILE.png")};
+    const QCommandLineOption describe{
         QStringLiteral("describe"),
-        tr("Print the profile's databases, locations, states and schedules as JSON, then exit."));
-    const QCommandLineOption appearance(QStringLiteral("appearance"),
+        tr("Print the profile's databases, locations, states and schedules as JSON, then exit.")};
+    const QCommandLineOption appearance{QStringLiteral("appearance"),
                                         tr("Use light or dark colors instead of the desktop's."),
-                                        QStringLiteral("light|dark"));
-    const QCommandLineOption sandboxed(
+                                        QStringLiteral("light|dark")};
+    const QCommandLineOption sandboxed{
         QStringLiteral("sandboxed"),
         tr("Restrict the profile to folders that you have granted access to, or not."),
-        QStringLiteral("on|off"));
-    const QCommandLineOption repair(
+        QStringLiteral("on|off")};
+    const QCommandLineOption repair{
         QStringLiteral("repair"),
         tr("With “verify”: synchronize with every location and repair what is damaged there. "
-           "Velmora must not be running with the same profile."));
-    const QCommandLineOption json(QStringLiteral("json"),
-                                  tr("With “verify” and “status”: print the result as JSON."));
-    const QCommandLineOption timeout(QStringLiteral("timeout"),
+           "Velmora must not be running with the same profile.")};
+    const QCommandLineOption json{QStringLiteral("json"),
+                                  tr("With “verify” and “status”: print the result as JSON.")};
+    const QCommandLineOption timeout{QStringLiteral("timeout"),
                                      tr("With “sync”, “status” and “check”: give up after this "
                                         "time and exit with 3. The default "
                                         "is %1 for “sync” and %2 for the others.")
                                          .arg(SynchronizationTimeout.count())
                                          .arg(CommandTimeout.count()),
-                                     QStringLiteral("SECONDS"));
-    const QCommandLineOption removals(
+                                     QStringLiteral("SECONDS")};
+    const QCommandLineOption removals{
         QStringLiteral("removals"),
         tr("With “sync”: if more than half of the notes of a database, and more than ten, would be "
            "removed, keep or remove them. Otherwise they are listed, and nothing is changed."),
-        QStringLiteral("keep|remove"));
+        QStringLiteral("keep|remove")};
+
+private:
+    bool readCommand(LaunchOptions &options) const;
+    bool readSandboxed(LaunchOptions &options) const;
+};
+
+void CommandLine::describeCommands() {
     parser.addPositionalArgument(
         VerifyCommand,
         tr("Check the profile and every sync location and print what was found, then exit with 0 "
@@ -146,12 +171,9 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
         tr("Check whether the location with this title or address can be read and written. Exits "
            "with 1 if it cannot."),
         QStringLiteral("| check LOCATION"));
-    parser.addOptions(
-        {profile, screenshot, describe, appearance, sandboxed, repair, json, timeout, removals});
-    bool selectsPlatform = false;
-    parser.process(withoutOptionsOfQt(arguments, selectsPlatform));
+}
 
-    LaunchOptions options;
+bool CommandLine::read(LaunchOptions &options) const {
     options.profile = parser.isSet(profile)
                           ? parser.value(profile)
                           : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
@@ -160,39 +182,62 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
     options.verify = parser.positionalArguments() == QStringList{VerifyCommand};
     options.repair = parser.isSet(repair);
     options.json = parser.isSet(json);
-    options.command = commandIn(parser.positionalArguments(), options.json);
-    bool isTimeoutKnown = options.command || !parser.isSet(timeout);
-    if (options.command) {
-        options.timeout = parser.isSet(timeout) ? secondsIn(parser.value(timeout), isTimeoutKnown)
-                                                : defaultTimeout(options.command->name);
-    }
-    const auto decision = ShellCommand::removalsNamed(parser.value(removals));
-    const bool isSync = options.command && options.command->name == ShellCommand::Name::Synchronize;
-    const bool isDecisionKnown = !parser.isSet(removals) || (isSync && decision);
-    if (isSync) {
-        options.command->removals = decision.value_or(RemovalDecision::Later);
-    }
     options.appearance = parser.value(appearance);
-    options.hasNoDisplay = !selectsPlatform && !hasDisplay();
-    const QStringList switches{QStringLiteral("off"), QStringLiteral("on")};
-    const qsizetype sandbox = switches.indexOf(parser.value(sandboxed));
-    if (sandbox >= 0) {
-        options.sandboxed = sandbox == 1;
-    }
-
     const bool isAppearanceKnown =
         QStringList({{}, QStringLiteral("light"), QStringLiteral("dark")})
             .contains(options.appearance);
-    const bool isSandboxKnown = !parser.isSet(sandboxed) || options.sandboxed.has_value();
-    const bool isTask = options.verify || options.command;
-    const bool isCommandKnown =
-        isTask ? !options.describe && options.screenshot.isEmpty() && !options.sandboxed &&
-                     (options.verify || !options.repair)
-               : parser.positionalArguments().isEmpty() && !options.repair && !options.json;
-    if (!isAppearanceKnown || !isSandboxKnown || !isTimeoutKnown || options.profile.isEmpty() ||
-        !isDecisionKnown || !isCommandKnown) {
-        parser.showHelp(parser.positionalArguments().isEmpty() ? EXIT_FAILURE
-                                                               : ShellResult::NotDone);
+    const bool isCommandValid = readCommand(options);
+    return readSandboxed(options) && isCommandValid && isAppearanceKnown &&
+           !options.profile.isEmpty();
+}
+
+bool CommandLine::readCommand(LaunchOptions &options) const {
+    options.command = commandIn(parser.positionalArguments(), options.json);
+    if (!options.command) {
+        return !parser.isSet(timeout) && !parser.isSet(removals);
+    }
+    const auto seconds = parser.isSet(timeout) ? secondsIn(parser.value(timeout))
+                                               : defaultTimeout(options.command->name);
+    options.timeout = seconds.value_or(std::chrono::seconds(0));
+    const auto decision = ShellCommand::removalsNamed(parser.value(removals));
+    const bool isSync = options.command->name == ShellCommand::Name::Synchronize;
+    if (isSync) {
+        options.command->removals = decision.value_or(RemovalDecision::Later);
+    }
+    return seconds && (!parser.isSet(removals) || (isSync && decision));
+}
+
+bool CommandLine::readSandboxed(LaunchOptions &options) const {
+    const QStringList switches{QStringLiteral("off"), QStringLiteral("on")};
+    if (const qsizetype state = switches.indexOf(parser.value(sandboxed)); state >= 0) {
+        options.sandboxed = state == 1;
+    }
+    return !parser.isSet(sandboxed) || options.sandboxed;
+}
+
+bool CommandLine::isConsistent(const LaunchOptions &options) const {
+    if (options.verify || options.command) {
+        return !options.describe && options.screenshot.isEmpty() && !options.sandboxed &&
+               (options.verify || !options.repair);
+    }
+    return parser.positionalArguments().isEmpty() && !options.repair && !options.json;
+}
+
+}  // namespace
+
+LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
+    CommandLine commandLine;
+    bool selectsPlatform = false;
+    const QStringList own = withoutOptionsOfQt(arguments, selectsPlatform);
+    if (!commandLine.parser.parse(own)) {
+        TerminalText::printError(commandLine.parser.errorText());
+        std::exit(commandLine.exitCodeOfMistake());
+    }
+    commandLine.parser.process(own);
+    LaunchOptions options;
+    options.hasNoDisplay = !selectsPlatform && !hasDisplay();
+    if (!commandLine.read(options) || !commandLine.isConsistent(options)) {
+        commandLine.parser.showHelp(commandLine.exitCodeOfMistake());
     }
     return options;
 }

@@ -88,7 +88,7 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
     connect(line, &StatusLine::failureRequested, this, &MainWindow::presentFailure);
     layout->addWidget(line);
     setCentralWidget(contents);
-    provideSynchronizationText();
+    connectToApplication();
     makeActions();
 
     connect(m_library, &NoteLibrary::knownDatabasesChanged, this, &MainWindow::showDatabases);
@@ -146,8 +146,10 @@ void MainWindow::showDatabases() {
                     Qt::UniqueConnection);
             connect(database.get(), &NoteDatabase::nameChanged, this, &MainWindow::showDatabases,
                     Qt::UniqueConnection);
-            connect(database.get(), &NoteDatabase::notesChanged, this, &MainWindow::showNames,
-                    Qt::UniqueConnection);
+            connect(database.get(), &NoteDatabase::notesChanged, this,
+                    [this, row = m_databases->count() - 1, changed = database.get()] {
+                        showName(row, *changed);
+                    });
         }
         showNames();
         m_databases->setCurrentRow(rowOf(m_database));
@@ -158,8 +160,12 @@ void MainWindow::showDatabases() {
 void MainWindow::showNames() {
     const auto databases = m_library->knownDatabases();
     for (int row = 0; row < m_databases->count(); ++row) {
-        m_databases->item(row)->setText(shownName(*databases[row]));
+        showName(row, *databases[row]);
     }
+}
+
+void MainWindow::showName(int row, const NoteDatabase &database) {
+    m_databases->item(row)->setText(shownName(database));
 }
 
 void MainWindow::showDatabase() {
@@ -261,6 +267,7 @@ void MainWindow::showLog() {
     }
     m_logWindow->show();
     m_logWindow->raise();
+    m_logWindow->activateWindow();
 }
 
 void MainWindow::showDeletedNotes() {
@@ -304,7 +311,7 @@ bool MainWindow::leaveText() {
     return m_notes->leave();
 }
 
-void MainWindow::provideSynchronizationText() {
+void MainWindow::connectToApplication() {
     auto *application = qobject_cast<VelmoraApplication *>(QCoreApplication::instance());
     if (!application) {
         return;
@@ -314,6 +321,7 @@ void MainWindow::provideSynchronizationText() {
     };
     connect(m_monitor, &SynchronizationMonitor::changed, application, provide);
     provide();
+    connect(application, &VelmoraApplication::logRequested, this, &MainWindow::showLog);
 }
 
 bool MainWindow::leavePreferences() {

@@ -67,13 +67,14 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    /// Lets other windows show what the status line shows while nothing runs.
-    void provideSynchronizationText();
+    /// Lets other windows show what the status line shows while nothing runs, and open the log.
+    void connectToApplication();
     void makeActions();
     /// Updates the list of databases, and then the selected database.
     void showDatabases();
     /// Updates the names of the listed databases, with the number of their conflicts.
     void showNames();
+    void showName(int row, const NoteDatabase &database);
     /// Shows the notes of the selected database and updates the actions. Selects the former
     /// database again if the user does not leave its text.
     void showDatabase();

@@ -8,11 +8,11 @@
 #include "Application/PresentIfFailed.h"
 #include "Application/SaveLocations.h"
 #include "Application/WindowSize.h"
-#include "Host/QVLocationEditing.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/Mnemonics.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/PreferencePane.h"
+#include "Platform/Interface/QVLocationEditing.h"
 #include "Platform/Interface/TextLabel.h"
 
 PreferencesWindow::PreferencesWindow(std::unique_ptr<PreferencePane> pane, QWidget *parent)
@@ -24,7 +24,7 @@ PreferencesWindow::PreferencesWindow(std::unique_ptr<PreferencePane> pane, QWidg
     layout->setSpacing(0);
     new HeightKeeper(this);
     // Larger fonts need more room.
-    resize(QSize(800, 600).expandedTo(WindowSize::of(*this, 100, 36)));
+    resize(QSize(920, 600).expandedTo(WindowSize::of(*this, 100, 36)));
     showPane(std::move(pane));
 }
 

@@ -37,7 +37,7 @@ void QuestionBox::addCode(const QString &code) {
     label->setFont(font);
     // The buttons are in the last row.
     auto *grid = qobject_cast<QGridLayout *>(layout());
-    auto *buttons = findChild<QDialogButtonBox *>();
+    QDialogButtonBox *const buttons = &buttonBox();
     const int row = grid->rowCount();
     grid->removeWidget(buttons);
     grid->addWidget(label, row, 0, 1, grid->columnCount());

@@ -8,19 +8,28 @@
 #include "Application/FailureSteps.h"
 #include "Application/MainWindow.h"
 #include "Application/QuitProgressDialog.h"
-#include "Host/CombinedErrors.h"
 #include "Host/InboxUUID.h"
 #include "Host/QVApplication.h"
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
+#include "Platform/Foundation/CombinedErrors.h"
 #include "Platform/Interface/MessageBox.h"
 
 namespace {
 
 /// The number of databases that a question names.
 constexpr qsizetype MostNamed = 8;
+
+/// Returns what opens the editor of a location, as long as `window` exists.
+FailureSteps::Editor editorIn(MainWindow *window) {
+    return [window = QPointer(window)](const auto &location) {
+        if (window) {
+            window->editLocation(location);
+        }
+    };
+}
 
 QStringList openUUIDs() {
     QStringList UUIDs;
@@ -152,9 +161,8 @@ QuitSynchronization::Choice QuitSynchronization::askAboutFailed(const QList<Item
     const QPushButton *quit = box.addButton(tr("&Quit"), QMessageBox::AcceptRole);
     box.setDefaultButton(box.addButton(QMessageBox::Cancel));
     Choice choice = Choice::Stay;
-    const QList<RecoveryOption> steps = FailureSteps::of(
-        unsent, [this](const auto &location) { m_window->editLocation(location); },
-        [&choice] { choice = Choice::Synchronize; });
+    const QList<RecoveryOption> steps =
+        FailureSteps::of(unsent, editorIn(m_window), [&choice] { choice = Choice::Synchronize; });
     QList<const QAbstractButton *> buttons;
     for (const RecoveryOption &step : steps) {
         buttons.append(box.addButton(step.title, QMessageBox::ActionRole));

@@ -42,15 +42,19 @@ QStringList notesOf(const RemovalQuestion &question) {
 
 }  // namespace
 
-QStringList RemovalDialog::lines(const RemovalQuestion &question) {
-    QStringList lines{heading(question)};
-    const QStringList notes = notesOf(question);
-    for (const QString &note : notes) {
-        lines.append(QStringLiteral("    ") + note);
+QStringList RemovalDialog::notes(const RemovalQuestion &question) {
+    QStringList notes = notesOf(question);
+    for (QString &note : notes) {
+        note.prepend(QStringLiteral("    "));
     }
-    return lines << tr(
-               "Nothing has been changed yet. “velmora sync --removals keep” keeps these "
-               "notes, also on your other computers; “--removals remove” removes them.");
+    return notes;
+}
+
+QStringList RemovalDialog::lines(const RemovalQuestion &question) {
+    return QStringList{heading(question)}
+           << notes(question)
+           << tr("Nothing has been changed yet. “velmora sync --removals keep” keeps these "
+                 "notes, also on your other computers; “--removals remove” removes them.");
 }
 
 RemovalDialog::RemovalDialog(const RemovalQuestion &question,

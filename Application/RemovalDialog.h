@@ -18,6 +18,8 @@ public:
     /// Decides for Later if the user has not decided.
     ~RemovalDialog() override;
 
+    /// Returns the list of the notes for a terminal, one indented line for each of at most 10,000.
+    static QStringList notes(const RemovalQuestion &question);
     /// Returns the question for a terminal, one line for each note, and how it is decided there.
     static QStringList lines(const RemovalQuestion &question);
 

@@ -5,7 +5,6 @@
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
-#include <QtCore/QThread>
 #include <QtCore/QTimer>
 #include <chrono>
 #include <cstdio>
@@ -16,14 +15,13 @@
 #include "Application/RunningInstance.h"
 #include "Application/ShellCommandRunner.h"
 #include "Application/VelmoraApplication.h"
+#include "Platform/Foundation/Retries.h"
 #include "Platform/Foundation/TerminalText.h"
 
 namespace {
 
-/// A process that uses the profile may just be starting or ending. The kernel does not announce
-/// that a lock was released, so opening is tried again and again.
+/// A process that uses the profile may just be starting or ending.
 constexpr std::chrono::seconds ProfileTimeout(3);
-constexpr std::chrono::milliseconds ProfileInterval(50);
 
 QString commandLineText(const char *text) {
     return QCoreApplication::translate("ShellCommandLine", text);
@@ -72,7 +70,7 @@ ShellResult resultOf(VelmoraApplication &application, const LaunchOptions &optio
     }
     const bool isSync = options.command->name == ShellCommand::Name::Synchronize;
     const QDeadlineTimer end(options.timeout);
-    const QDeadlineTimer deadline(ProfileTimeout);
+    const Retries retries(ProfileTimeout);
     Expected<void> opened;
     do {
         if (const auto answered = RunningInstance::ask(options.profile, *options.command, end)) {
@@ -80,10 +78,7 @@ ShellResult resultOf(VelmoraApplication &application, const LaunchOptions &optio
         }
         opened =
             sync.openProfile(options.profile, isSync ? ProfileUse::Edit : ProfileUse::Snapshot);
-        if (!opened && sync.isProfileInUse(opened.error())) {
-            QThread::msleep(ProfileInterval.count());
-        }
-    } while (!opened && sync.isProfileInUse(opened.error()) && !deadline.hasExpired());
+    } while (!opened && sync.isProfileInUse(opened.error()) && retries.wait());
     if (!opened) {
         return ShellResult::failed(opened.error().localizedDescription);
     }

@@ -8,6 +8,7 @@
 
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/Interface/RemovalDecider.h"
+#include "Application/RemovalDialog.h"
 #include "Application/SynchronizationSummary.h"
 #include "Host/InboxUUID.h"
 #include "Host/QVSyncLocation.h"
@@ -111,6 +112,25 @@ tl::expected<QStringList, QString> identified(const QStringList &names,
     return UUIDs;
 }
 
+/// Lists the notes about which `decision` was carried out.
+QString removals(const QList<RemovalQuestion> &decided, RemovalDecision decision) {
+    QStringList lines;
+    for (const RemovalQuestion &each : decided) {
+        const QString heading =
+            decision == RemovalDecision::Keep
+                ? runnerText(
+                      "Notes of “%1” that “%2” would have removed and that were kept (%3 of "
+                      "%4):")
+                : runnerText(
+                      "Notes of “%1” that “%2” has removed (%3 of %4; “Deleted Notes” in the "
+                      "menu “Edit” restores them):");
+        lines << heading.arg(each.database, each.location, QString::number(each.titles.size()),
+                             QString::number(each.total))
+              << RemovalDialog::notes(each);
+    }
+    return lines.isEmpty() ? QString() : lines.join(u'\n') + u'\n';
+}
+
 /// Reports how the states are after a synchronization that began at `start`.
 ShellResult synchronized(const QVSyncStates &states, const QDateTime &start) {
     ShellResult result{.exitCode = ShellResult::Success};
@@ -162,12 +182,18 @@ void synchronize(const ShellCommand &command, const NoteLibrary &library, const 
         return;
     }
     const QDateTime start = QDateTime::currentDateTime();
-    const auto report = [states, start, handler] { handler(synchronized(states, start)); };
+    const auto report = [states, start, handler,
+                         decision = command.removals](const QList<RemovalQuestion> &decided) {
+        ShellResult result = synchronized(states, start);
+        result.output.prepend(removals(decided, decision));
+        handler(result);
+    };
     QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
     if (RemovalDecider *decider = RemovalDecider::of(dispatcher)) {
         decider->synchronize(states, command.removals, report);
     } else {
-        dispatcher->performSynchronizationsWithSynchronizationStates(states, report);
+        dispatcher->performSynchronizationsWithSynchronizationStates(states,
+                                                                     [report] { report({}); });
     }
 }
 

@@ -5,7 +5,6 @@
 
 #include "Application/CountText.h"
 #include "Application/Interface/QVUnsentChanges.h"
-#include "Host/CombinedErrors.h"
 #include "Host/InboxUUID.h"
 #include "Host/QVApplication.h"
 #include "Host/QVDatabase.h"
@@ -14,6 +13,7 @@
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncResult.h"
+#include "Platform/Foundation/CombinedErrors.h"
 #include "Platform/Foundation/RelativeDate.h"
 
 namespace {
@@ -63,11 +63,13 @@ Item SynchronizationSummary::itemOf(const QVSyncPlugin &plugin,
     if (const std::optional<QVSyncResult> result = QVSyncResult::of(state.get())) {
         item.failure = result->failure(item.database, location);
         item.reason = result->summary;
+        item.isPartial = item.failure && !result->error;
     }
     const Expected<bool> unsent = QVUnsentChanges::in(*state, plugin.dispatcher());
     item.isUnsent = unsent.value_or(true);
     if (!unsent) {
         item.failure = unsent.error();
+        item.isPartial = false;
     }
     return item;
 }
@@ -100,9 +102,14 @@ QString SynchronizationSummary::stateText() const {
     if (m_items.isEmpty()) {
         return summaryText("Nothing is synchronized: no database has a ticked location");
     }
-    const QList<Item> failed = failedItems();
+    const QList<Item> incomplete = failedItems();
+    const QList<Item> failed =
+        selected(incomplete, [](const Item &item) { return !item.isPartial; });
     if (!failed.isEmpty()) {
         return failureText(failed);
+    }
+    if (!incomplete.isEmpty()) {
+        return partialText(incomplete);
     }
     const QList<Item> late = selected(m_items, [](const Item &item) { return !item.isUpToDate(); });
     if (late.isEmpty()) {
@@ -128,6 +135,18 @@ QString SynchronizationSummary::failureText(const QList<Item> &failed) const {
     const QString text =
         summaryText("“%1” is not synchronized with “%2”").arg(item.database, item.location);
     return item.reason.isEmpty() ? text : QStringLiteral("%1: %2").arg(text, item.reason);
+}
+
+QString SynchronizationSummary::partialText(const QList<Item> &partial) const {
+    if (partial.size() > 1) {
+        return translateCount("SynchronizationSummary",
+                              "Some items failed in %1 of %2 synchronizations", nullptr,
+                              partial.size())
+            .arg(partial.size())
+            .arg(m_items.size());
+    }
+    return summaryText("Some items of “%1” could not be synchronized with “%2”")
+        .arg(partial.first().database, partial.first().location);
 }
 
 QList<Item> SynchronizationSummary::failedItems() const {

@@ -25,6 +25,8 @@ public:
         std::optional<Error> failure = {};
         /// The reason in a few words; may be empty.
         QString reason = {};
+        /// Whether the failure only left some items out: the others are synchronized.
+        bool isPartial = false;
         /// Whether the database has changes that the location does not have yet. Also set if that
         /// cannot be read; never set if the host does not know it, see QVUnsentChanges.
         bool isUnsent = false;
@@ -50,7 +52,7 @@ public:
     QDateTime nextDate() const { return m_nextDate; }
     /// Returns one line for the user: "All up to date · next: today at 21:00", or what failed or
     /// remains to be synchronized. The date is relative to the day of the call. A failure is named
-    /// before unsent changes, and several are only counted.
+    /// before items that were left out, these before unsent changes, and several are only counted.
     QString text() const;
     /// Returns the items that have a failure.
     QList<Item> failedItems() const;
@@ -68,7 +70,10 @@ private:
                        const QVSyncLocation &location);
     /// Returns the text without the next date.
     QString stateText() const;
+    /// Returns the text about `failed`, which must not be empty.
     QString failureText(const QList<Item> &failed) const;
+    /// Returns the text about `partial`, items of which some parts failed; must not be empty.
+    QString partialText(const QList<Item> &partial) const;
 
     QList<Item> m_items;
     QDateTime m_nextDate;

@@ -43,6 +43,8 @@ public:
     EventLog *eventLog() { return &m_eventLog; }
     QString synchronizationText() const { return m_synchronizationText; }
     void setSynchronizationText(const QString &text);
+    /// See QVJobLog::ShowFunction. The main window shows the log.
+    Q_INVOKABLE void showLog() { Q_EMIT logRequested(); }
 
     /// Returns the inbox; null if there is no library.
     std::shared_ptr<QVDatabase> inbox() const override;
@@ -72,6 +74,8 @@ Q_SIGNALS:
     /// Emitted when a question is shown, with its text.
     void questionShown(const QString &text);
     void synchronizationTextChanged();
+    /// Emitted when the user wants to read the log.
+    void logRequested();
 
 private:
     EventLog m_eventLog;

@@ -1,9 +1,7 @@
-#include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QTemporaryDir>
-#include <QtCore/QThread>
 #include <QtCore/QTranslator>
 #include <QtGui/QIcon>
 #include <chrono>
@@ -28,17 +26,16 @@
 #include "Application/TemporaryFiles.h"
 #include "Application/VelmoraApplication.h"
 #include "Application/VerificationOutput.h"
-#include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
+#include "Platform/Foundation/Retries.h"
+#include "Platform/Foundation/SyncLog.h"
 #include "Platform/Foundation/TerminalText.h"
 #include "Platform/Foundation/UserLanguage.h"
 
 namespace {
 
-/// For a process that is starting. The kernel does not announce that a lock was released, so
-/// opening is tried again and again.
+/// The process that uses the profile may just have started; its windows follow soon.
 constexpr std::chrono::seconds RaiseTimeout(3);
-constexpr std::chrono::milliseconds RaiseInterval(50);
 
 /// The texts of Velmora and of Qt in the user's language.
 class Translators {
@@ -179,14 +176,14 @@ ProfileUse profileUse(const LaunchOptions &options) {
 
 int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugIn &sync) {
     Expected<void> opened = sync.openProfile(options.profile, profileUse(options));
-    // The process that uses the profile may just have started; its windows follow soon.
-    const QDeadlineTimer deadline(RaiseTimeout);
-    while (!opened && !options.isBatch() && sync.isProfileInUse(opened.error()) &&
-           !deadline.hasExpired()) {
+    const Retries retries(RaiseTimeout);
+    while (!opened && !options.isBatch() && sync.isProfileInUse(opened.error())) {
         if (RunningInstance::raise(options.profile)) {
             return EXIT_SUCCESS;
         }
-        QThread::msleep(RaiseInterval.count());
+        if (!retries.wait()) {
+            break;
+        }
         opened = sync.openProfile(options.profile, profileUse(options));
     }
     while (!opened && !options.isBatch() && sync.canReplaceProfile(opened.error())) {
@@ -243,6 +240,47 @@ struct End {
     bool isComplete = true;
 };
 
+/// Called before the application object is created, because the options select its platform
+/// plug-in.
+LaunchOptions parseOptions(int &argumentCount, char **arguments, Translators &translators) {
+    const QCoreApplication early(argumentCount, arguments);
+    translators.install();
+    return LaunchOptions::parse(QCoreApplication::arguments());
+}
+
+/// Makes the process independent of the user's display and, as far as possible, of the session.
+/// `folder` is the runtime folder of a process that has none.
+void leaveSession(const LaunchOptions &options, const QTemporaryDir &folder) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The secrets of the locations and the running program are reached through the user's own.
+    const bool needsSession = options.verify || options.command;
+    if (needsSession) {
+        ShellCommandLine::enterSession();
+    }
+    if (!needsSession || !qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
+        qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
+    }
+}
+
+void setUp(VelmoraApplication &application, const LaunchOptions &options) {
+    application.setBatch(options.isBatch());
+    application.setWindowIcon(QIcon(QStringLiteral(":/Velmora/database.svg")));
+    if (options.appearance.isEmpty()) {
+        application.useDesktopAppearance();
+    } else {
+        application.setDarkAppearance(options.appearance == QLatin1StringView("dark"));
+    }
+}
+
+/// Returns the exit code.
+int runTask(VelmoraApplication &application, const LaunchOptions &options, SyncPlugIn &sync) {
+    if (options.command) {
+        return ShellCommandLine::run(application, options, sync);
+    }
+    return options.verify ? runVerification(application, options, sync)
+                          : run(application, options, sync);
+}
+
 /// Runs the program. Everything that it has made is destroyed afterwards, except for static
 /// objects.
 End runProgram(int argumentCount, char **arguments) {
@@ -259,38 +297,17 @@ End runProgram(int argumentCount, char **arguments) {
     QCoreApplication::setApplicationVersion(QStringLiteral(VELMORA_VERSION));
 
     Translators translators;
-    LaunchOptions options;
-    {
-        // Parsed before the application object is created, because the options select its platform
-        // plug-in.
-        const QCoreApplication early(argumentCount, arguments);
-        translators.install();
-        options = LaunchOptions::parse(QCoreApplication::arguments());
-    }
+    const LaunchOptions options = parseOptions(argumentCount, arguments, translators);
     std::optional<TemporaryFiles> temporaryFiles;
     if (options.isBatch()) {
         temporaryFiles.emplace();
     }
-    const QTemporaryDir runtimeDirectory;
+    const QTemporaryDir runtimeFolder;
     if (options.isBatch()) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        // The secrets of the locations and the running program are reached through the user's own.
-        const bool needsSession = options.verify || options.command;
-        if (needsSession) {
-            ShellCommandLine::enterSession();
-        }
-        if (!needsSession || !qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
-            qputenv("XDG_RUNTIME_DIR", runtimeDirectory.path().toUtf8());
-        }
+        leaveSession(options, runtimeFolder);
     }
     VelmoraApplication application(argumentCount, arguments);
-    application.setBatch(options.isBatch());
-    application.setWindowIcon(QIcon(QStringLiteral(":/Velmora/database.svg")));
-    if (options.appearance.isEmpty()) {
-        application.useDesktopAppearance();
-    } else {
-        application.setDarkAppearance(options.appearance == QLatin1StringView("dark"));
-    }
+    setUp(application, options);
     translators.install();
     Log::sendToSystemLog(SyncLogCategory);
     logIfFailed(application, isProtected);
@@ -299,13 +316,7 @@ End runProgram(int argumentCount, char **arguments) {
     if (!sync) {
         return {.exitCode = fail(application, sync.error(), options.isBatch())};
     }
-    int exitCode = EXIT_FAILURE;
-    if (options.command) {
-        exitCode = ShellCommandLine::run(application, options, **sync);
-    } else {
-        exitCode = options.verify ? runVerification(application, options, **sync)
-                                  : run(application, options, **sync);
-    }
+    const int exitCode = runTask(application, options, **sync);
     EndLimit::begin(exitCode);
     // The engine needs the application object, which is destroyed before the plug-in is unloaded.
     const bool isComplete = (*sync)->closeProfile();

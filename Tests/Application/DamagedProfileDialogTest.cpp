@@ -1,6 +1,7 @@
 #include "Application/DamagedProfileDialog.h"
 
 #include <QtCore/QTranslator>
+#include <QtGui/QDesktopServices>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
@@ -18,6 +19,8 @@ class DamagedProfileDialogTest : public QObject {
 private:
     TestApplication m_application;
     std::unique_ptr<QTemporaryDir> m_folder;
+    /// What a file manager was asked to show.
+    QUrl m_shownFolder;
 
     QString profile() const { return m_folder->filePath(QStringLiteral("Profile")); }
     QString file() const { return profile() + QStringLiteral("/profile.sqlite"); }
@@ -236,10 +239,18 @@ private Q_SLOTS:
 
     void showingTheFolderKeepsTheWindowOpen() {
         damage(true);
+        const QString scheme = QStringLiteral("file");
+        QDesktopServices::setUrlHandler(scheme, this, "takeShownFolder");
         const Result result = run({QStringLiteral("Show Folder"), QStringLiteral("Quit")});
+        QTRY_COMPARE(m_shownFolder, QUrl::fromLocalFile(m_folder->path()));
+        QDesktopServices::unsetUrlHandler(scheme);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!result.isReplaced);
         QVERIFY(!result.text.isEmpty());
     }
+
+public Q_SLOTS:
+    void takeShownFolder(const QUrl &folder) { m_shownFolder = folder; }
 
 private:
     static QByteArray contentsOf(const QString &path) {

@@ -11,6 +11,7 @@
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
+#include "Support/AccessibleScreen.h"
 #include "Support/BusService.h"
 #include "Support/EventTimeout.h"
 #include "Support/PrivateBus.h"
@@ -89,16 +90,13 @@ private:
                                       " WHERE database_uuid = '@inbox'"))
             .toInt();
     }
-    /// Ticks the first location for the inbox, which is selected, and sets its schedule.
-    void tick(const ShownProgram &program) const {
-        constexpr QPoint firstLocation(409, 61);
-        constexpr QPoint whenOpened(568, 441);
-        constexpr QPoint whenClosed(568, 469);
-        constexpr QPoint everyHour(37, 442);
-        m_display.focus(program.preferencesWindow());
+    /// Ticks the location for the inbox, which is selected, and sets its schedule.
+    static void tick(const AccessibleScreen &screen) {
+        const QString panel = QStringLiteral("Sync Preferences");
         // The last two are not saved before the preferences are left.
-        for (const QPoint &place : {firstLocation, everyHour, whenOpened, whenClosed}) {
-            m_display.click(program.preferencesWindow(), place);
+        for (const char *name :
+             {"Home", "Every hour", "When the database is opened", "When the database is closed"}) {
+            QVERIFY(screen.perform(QString::fromUtf8(name), panel));
         }
     }
     /// Types into the title of the first note of "Projects".
@@ -175,12 +173,17 @@ private Q_SLOTS:
     void typedTextAndTicksAreSaved() {
         QFETCH(QString, end);
         SessionManager session;
+        const PrivateBus bus;
+        const AccessibleScreen screen(bus.address());
         ShownProgram program(QStringLiteral(VELMORA), m_display);
         program.setVariable(QStringLiteral("SESSION_MANAGER"), session.address());
+        program.setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus.address());
+        program.setVariable(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"),
+                            QStringLiteral("1"));
         program.start();
         program.awaitWindows();
         QCOMPARE(ticks(program.profile()), 0);
-        tick(program);
+        tick(screen);
         type(program, m_display);
         // The system may kill the program as soon as it has saved for the end of the session.
         this->end(end, program, session, [&] { verifySaved(program.profile()); });
@@ -283,6 +286,7 @@ private Q_SLOTS:
 
 VELMORA_TEST_PROGRAM(EndOfProgramTest)(int argumentCount, char **arguments) {
     VirtualDisplay::require();
+    AccessibleScreen::require();
     prepareTestProcess();
     const QApplication application(argumentCount, arguments);
     EndOfProgramTest test;

@@ -128,12 +128,12 @@ private Q_SLOTS:
     void aDatabaseThatCannotBeReadIsNotShownAsWithoutConflicts() {
         const QString name = databases()->item(1)->text();
         {
-            const FailingTable fault(m_host->engine().profile(), QStringLiteral("operations"),
+            const FailingTable fault(m_host->engine().profile(), QStringLiteral("counts"),
                                      FailingTable::Fault::AllRows);
-            Q_EMIT m_plans->notesChanged();
+            Q_EMIT m_plans->notesChanged({});
             QCOMPARE(databases()->item(1)->text(), name + QStringLiteral(" · cannot be read"));
         }
-        Q_EMIT m_plans->notesChanged();
+        Q_EMIT m_plans->notesChanged({});
         QCOMPARE(databases()->item(1)->text(), name);
     }
 

@@ -1,5 +1,6 @@
 #include "Application/ProcessProtection.h"
 
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -30,6 +31,7 @@
 #include "Support/DropboxTestCase.h"
 #include "Support/EventTimeout.h"
 #include "Support/FreePort.h"
+#include "Support/NameOfProgram.h"
 #include "Support/ProgramMemory.h"
 #include "Support/SecretService.h"
 #include "Support/TestApplication.h"
@@ -40,18 +42,6 @@
 namespace {
 
 const QString NoteTitle = QStringLiteral("Title that may be in memory");
-
-/// Gives secrets to the name of the program, as long as it exists.
-class NameOfProgram {
-public:
-    NameOfProgram() { QCoreApplication::setApplicationName(QStringLiteral("Velmora")); }
-    ~NameOfProgram() { QCoreApplication::setApplicationName(m_before); }
-    NameOfProgram(const NameOfProgram &) = delete;
-    NameOfProgram &operator=(const NameOfProgram &) = delete;
-
-private:
-    const QString m_before = QCoreApplication::applicationName();
-};
 
 }  // namespace
 
@@ -148,11 +138,11 @@ class ProcessMemoryTest : public QObject {
         QCborMap list = ofType(List);
         list[Folder] = QStringLiteral("databases");
         const DirectConnectionLink::Timeouts timeouts{.idle = std::chrono::minutes(1)};
-        const auto welcome = link.exchange(greeting, Limit, timeouts, future);
+        const auto welcome = link.exchange(encode(greeting), Limit, timeouts, future);
         if (!welcome || welcome->values[Type].toString() != Welcome) {
             return false;
         }
-        const auto names = link.exchange(list, Limit, timeouts, future);
+        const auto names = link.exchange(encode(list), Limit, timeouts, future);
         return names && names->values[Type].toString() == Done;
     }
 
@@ -229,17 +219,36 @@ private Q_SLOTS:
     void initTestCase() { m_secrets = std::make_unique<SecretService>(); }
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
+    void aProtectedProcessWritesNoCoreFileAndCannotBeReadByOthers_data() {
+        using Debuggers = ProcessProtection::Debuggers;
+        QTest::addColumn<Debuggers>("debuggers");
+        QTest::newRow("protected") << Debuggers::Refused;
+        QTest::newRow("sanitized") << Debuggers::Allowed;
+    }
     void aProtectedProcessWritesNoCoreFileAndCannotBeReadByOthers() {
+        QFETCH(const ProcessProtection::Debuggers, debuggers);
+        int ready[2];
+        QCOMPARE(pipe2(ready, O_CLOEXEC), 0);
         const pid_t child = fork();
         if (child == 0) {
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
             rlimit limit = {1, 1};
-            const bool isProtected = ProcessProtection::apply() && prctl(PR_GET_DUMPABLE) == 0 &&
-                                     getrlimit(RLIMIT_CORE, &limit) == 0 && limit.rlim_cur == 0;
-            _exit(isProtected ? EXIT_SUCCESS : EXIT_FAILURE);
+            const bool isApplied =
+                ProgramMemory::giveUpPrivileges() && ProcessProtection::apply(debuggers) &&
+                getrlimit(RLIMIT_CORE, &limit) == 0 && limit.rlim_cur == 0 && limit.rlim_max == 0;
+            const bool isTold = write(ready[1], &isApplied, 1) == 1;
+            pause();
+            _exit(isTold ? EXIT_SUCCESS : EXIT_FAILURE);
         }
-        int status = -1;
-        QCOMPARE(waitpid(child, &status, 0), child);
-        QCOMPARE(status, 0);
+        bool isApplied = false;
+        const bool isTold = read(ready[0], &isApplied, 1) == 1;
+        const bool isOpen = ProgramMemory::isOpenToOthers(child);
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        close(ready[0]);
+        close(ready[1]);
+        QVERIFY(isTold && isApplied);
+        QCOMPARE(isOpen, debuggers == ProcessProtection::Debuggers::Allowed);
     }
 
     void theProgramIsProtected() {

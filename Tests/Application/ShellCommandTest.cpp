@@ -332,7 +332,12 @@ private Q_SLOTS:
         const Run decided =
             sync({QStringLiteral("--removals"), decision, QStringLiteral("Projects")});
         QVERIFY2(decided.exitCode == 0, qPrintable(decided.errors));
-        QVERIFY2(decided.output.startsWith(QStringLiteral("“Projects” with “Home”: synchronized")),
+        const QStringList lines = decided.output.split(u'\n');
+        QVERIFY2(lines.first().startsWith(QStringLiteral("Notes of “Projects” that “Home” ")),
+                 qPrintable(decided.output));
+        QVERIFY2(lines.first().contains(QStringLiteral("12 of 12")), qPrintable(decided.output));
+        QCOMPARE(lines.filter(QStringLiteral("    note ")).size(), 12);
+        QVERIFY2(lines.value(13).startsWith(QStringLiteral("“Projects” with “Home”: synchronized")),
                  qPrintable(decided.output));
         if (program) {
             terminate(*program);
@@ -360,7 +365,9 @@ private Q_SLOTS:
              {QStringList{QStringLiteral("sync"), QStringLiteral("--removals"),
                           QStringLiteral("all")},
               QStringList{QStringLiteral("status"), QStringLiteral("--removals"),
-                          QStringLiteral("keep")}}) {
+                          QStringLiteral("keep")},
+              QStringList{QStringLiteral("status"), QStringLiteral("--unknown")},
+              QStringList{QStringLiteral("status"), QStringLiteral("--timeout")}}) {
             QCOMPARE(run(arguments).exitCode, 2);
         }
         QCOMPARE(countOfNotes(), 12);

@@ -38,6 +38,13 @@ private:
         }
         return records;
     }
+    /// Adds a record to the only database at the store.
+    void addDamagedRecord() const {
+        const QString folder = QFileInfo(recordsIn(store()).constFirst()).path();
+        QFile record(folder + QStringLiteral("/0000000000000001-x.json"));
+        QVERIFY(record.open(QIODevice::WriteOnly));
+        record.write("damaged");
+    }
     void hideStore() const { QVERIFY(QDir().rename(store(), store() + u'x')); }
     void showStore() const { QVERIFY(QDir().rename(store() + u'x', store())); }
 
@@ -118,6 +125,13 @@ private Q_SLOTS:
         QVERIFY(!recordsIn(store()).isEmpty());
         QCOMPARE(recordsIn(otherStore()), QStringList());
 
+        addDamagedRecord();
+        QVERIFY(synchronize());
+        QVERIFY(isShown("Some items of “Projects” could not be synchronized with “Home”"));
+        QVERIFY(press("Show what failed with “Home”"));
+        QVERIFY(press("Show Log"));
+        QVERIFY(isShown("/0000000000000001-x.json” is damaged."));
+
         hideStore();
         QVERIFY(synchronize());
         QVERIFY(isShown("failed today at"));
@@ -138,7 +152,7 @@ private Q_SLOTS:
         QVERIFY(press("What Failed…"));
         showStore();
         QVERIFY(press("Try Again"));
-        QVERIFY(isShown("All up to date"));
+        // The damaged record is still there.
         QVERIFY(isGone("failed today at"));
         m_program->terminate();
         QVERIFY(m_program->awaitEnd());

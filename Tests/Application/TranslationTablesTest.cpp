@@ -135,6 +135,21 @@ private Q_SLOTS:
         }
     }
 
+    void namesDoNotChangeTheOrderFromRightToLeft_data() { addTables(); }
+    void namesDoNotChangeTheOrderFromRightToLeft() {
+        QFETCH(const QString, table);
+        QFETCH(const QString, language);
+        // Otherwise the first slash of a path is shown at its end.
+        const bool isIsolated = QLocale(language).textDirection() == Qt::RightToLeft;
+        const QRegularExpression wrong(isIsolated ? QStringLiteral("«%[1-9]|(?<!\u2068)%[1-9]»")
+                                                  : QStringLiteral("[\u2066-\u2069]"));
+        for (const TableText &text : readTable(path(table, language))) {
+            for (const QString &translation : text.translations) {
+                QVERIFY2(!wrong.match(translation).hasMatch(), qPrintable(translation));
+            }
+        }
+    }
+
     void everyCountHasAForm_data() { addTables(); }
     void everyCountHasAForm() {
         QFETCH(const QString, table);

@@ -298,6 +298,17 @@ private Q_SLOTS:
         QVERIFY(!after.output.contains(QStringLiteral("rebuilt")));
     }
 
+    void aDamagedPageOfAnIndexIsNamedWithTheNextStep() {
+        DamagedIndex::make(profile() + QStringLiteral("/profile.sqlite"),
+                           QStringLiteral("order_of_notes"), DamagedIndex::Damage::Page);
+        const Run found = verify();
+        QCOMPARE(found.exitCode, 1);
+        QVERIFY2(found.errors.startsWith(QStringLiteral("An index of the profile “")),
+                 qPrintable(found.errors));
+        QVERIFY2(found.errors.contains(QStringLiteral("offers to restore a backup")),
+                 qPrintable(found.errors));
+    }
+
     void aDamagedProfileIsAProblem() {
         QFile file(profile() + QStringLiteral("/profile.sqlite"));
         QVERIFY(file.open(QIODevice::ReadWrite));

@@ -15,6 +15,7 @@
 #include "Application/QuitProgressDialog.h"
 #include "Application/RemovalDialog.h"
 #include "Scenarios/Panel.h"
+#include "Support/EventTimeout.h"
 #include "Support/TestHost.h"
 
 /// The windows and questions of the application, each with contents as users see it.
@@ -104,6 +105,27 @@ inline std::unique_ptr<QWidget> preferences(TestHost &host, EventLog & /*log*/) 
     host.addLocation();
     host.addLocation(QStringLiteral("https://dav.example.com/Shared.qvSyncStore"));
     return std::make_unique<PreferencesWindow>(std::make_unique<QVSyncPreferences>());
+}
+
+/// A database that could be synchronized with one of its two locations.
+inline std::unique_ptr<QWidget> failedSynchronization(TestHost &host, EventLog & /*log*/) {
+    const auto projects = host.addDatabase(QStringLiteral("Projects"));
+    QVSyncStates states;
+    for (const auto &location :
+         {host.addLocation(),
+          host.addLocation(QStringLiteral("http://127.0.0.1:1/Shared.qvSyncStore"))}) {
+        states.append(host.addState(location, projects));
+        states.last()->setEnabled(true);
+    }
+    auto *dispatcher = host.engine().plugin().dispatcher();
+    dispatcher->performSynchronizationsWithSynchronizationStates(states);
+    if (!QTest::qWaitFor([&] { return dispatcher->activity().isEmpty(); }, EventTimeout)) {
+        return nullptr;
+    }
+    auto window = std::make_unique<PreferencesWindow>(std::make_unique<QVSyncPreferences>());
+    window->show();
+    Panel::select(Panel::databaseRow(projects->name()));
+    return window;
 }
 
 /// Returns the functions by the names of the windows.

@@ -15,6 +15,7 @@
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// The main window shows how the synchronization stands, and synchronizes before it is closed.
 class MainWindowStatusTest : public QObject {
@@ -62,6 +63,18 @@ class MainWindowStatusTest : public QObject {
         }
         return titles;
     }
+    /// Makes the folders of an empty sync store.
+    static void makeStore(const QVSyncLocation &location) {
+        QVERIFY(QDir().mkpath(location.URL().path() + QStringLiteral("/databases")));
+        QVERIFY(QDir().mkpath(location.URL().path() + QStringLiteral("/transactions")));
+    }
+    /// Adds a record to the database at `location` that cannot be read.
+    void damage(const QVSyncLocation &location) {
+        QFile record(location.URL().path() + QStringLiteral("/transactions/") + m_database->UUID() +
+                     QStringLiteral("/0000000000000001-x.json"));
+        QVERIFY(record.open(QIODevice::WriteOnly));
+        record.write("damaged");
+    }
     void addNote() {
         Note note{{}, QStringLiteral("Title"), QStringLiteral("Text"), {}};
         QVERIFY(m_database->saveNote(note));
@@ -98,6 +111,7 @@ private Q_SLOTS:
     void cleanup() {
         m_window.reset();
         m_database.reset();
+        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host.reset();
         m_silent.reset();
     }
@@ -160,8 +174,14 @@ private Q_SLOTS:
         QCOMPARE(titles(presented.recoveryOptions),
                  QStringList({QStringLiteral("Edit Location…"), QStringLiteral("Try Again"),
                               QStringLiteral("Show Folder")}));
-        QVERIFY(QDir().mkpath(location->URL().path() + QStringLiteral("/databases")));
-        QVERIFY(QDir().mkpath(location->URL().path() + QStringLiteral("/transactions")));
+        presented.recoveryOptions[2].choose();
+        QTRY_COMPARE(m_host->application().presentedErrors().size(), 2);
+        const Error unshown = m_host->application().presentedErrors().last();
+        QVERIFY2(unshown.localizedDescription.startsWith(
+                     QStringLiteral("“%1” does not exist. ").arg(location->URL().path())),
+                 qPrintable(unshown.localizedDescription));
+        QCOMPARE(titles(unshown.recoveryOptions), QStringList{QStringLiteral("Edit Location…")});
+        makeStore(*location);
         presented.recoveryOptions[1].choose();
         QTRY_COMPARE(status(), QStringLiteral("All up to date"));
         QVERIFY(!details->isVisible());
@@ -177,6 +197,28 @@ private Q_SLOTS:
         button(QStringLiteral("What Failed…"))->click();
         QCOMPARE(titles(m_host->application().presentedErrors().last().recoveryOptions),
                  QStringList{QStringLiteral("Try Again")});
+    }
+
+    void whatWasLeftOutIsNotCountedAsFailed() {
+        const auto first = tick(m_host->addLocation());
+        const auto second = tick(m_host->addLocation());
+        synchronize({first, second});
+        QTRY_COMPARE(status(), QStringLiteral("All up to date"));
+        damage(*first->destination());
+        damage(*second->destination());
+        synchronize({first, second});
+        QTRY_COMPARE(status(), QStringLiteral("Some items failed in 2 of 2 synchronizations"));
+        const auto location = second->destination();
+        QVERIFY(QDir(location->URL().path()).removeRecursively());
+        synchronize({second});
+        QTRY_COMPARE(status(), QStringLiteral(
+                                   "“Projects” is not synchronized with “Store 1”: not available"));
+        makeStore(*location);
+        synchronize({second});
+        QTRY_COMPARE(status(), QStringLiteral("Some items of “Projects” could not be synchronized "
+                                              "with “Store 0”"));
+        synchronize({first});
+        QTRY_COMPARE(status(), QStringLiteral("All up to date"));
     }
 
     void jobsThatWaitForAStoppedSynchronizationAreShown() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QByteArray>
+#include <QtCore/QFile>
 #include <QtCore/QStringList>
 
 /// The memory of another process, as a core file would hold it, and whether texts are in it.
@@ -15,13 +16,22 @@ public:
     /// Whether one of `texts` is in it, in UTF-8, UTF-16 or base64.
     bool containsAny(const QStringList &texts) const;
 
-    /// Whether another process of the same user, without privileges, may look into `process`, which
-    /// must have none either, see dropPrivileges(). False if the system does not tell.
+    /// Whether another process of the same user, without privileges, may read the memory of
+    /// `process` or attach to it as a debugger does. `process` must have no privileges either, see
+    /// below. False if the system does not tell.
     static bool isOpenToOthers(qint64 process);
+    /// Takes all privileges from this process; async-signal-safe. Returns whether it has none.
+    static bool giveUpPrivileges();
     /// Takes all privileges from the programs that this process starts from now on. To be called
     /// between fork() and exec().
     static void dropPrivileges();
 
 private:
+    /// Reads a mapping, but for the pages of it that were never written.
+    void read(qint64 start, qint64 size);
+    bool has(const QByteArray &bytes) const;
+
+    QFile m_memory;
+    QFile m_pages;
     QByteArray m_contents;
 };

@@ -14,6 +14,7 @@
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleOptionButton>
+#include <QtWidgets/QToolButton>
 
 #include "Platform/Interface/Contrast.h"
 
@@ -96,6 +97,7 @@ public:
                 widget->objectName(), widget->property("text").toString().left(40));
             checkText(name, inPicture(widget, textOf(widget)));
             checkOutline(name, inPicture(widget, outlineOf(widget)));
+            checkIcon(name, *widget);
             if (const auto *view = qobject_cast<const QAbstractItemView *>(widget)) {
                 checkItems(*view);
             }
@@ -132,6 +134,21 @@ private:
             greatestRatio(m_picture, QRect(frame.left(), frame.center().y(), Depth, 1), ground);
         if (ratio < Contrast::OfOutline) {
             m_problems.append(QStringLiteral("outline of %1: %2").arg(name).arg(ratio));
+        }
+    }
+
+    void checkIcon(const QString &name, const QWidget &widget) {
+        const auto *button = qobject_cast<const QToolButton *>(&widget);
+        // Qt shows the rest of a toolbar that is too narrow with a black arrow in every palette.
+        if (!button || !button->text().isEmpty() || button->icon().isNull() ||
+            button->objectName() == QStringLiteral("qt_toolbar_ext_button")) {
+            return;
+        }
+        const QRect place = inPicture(button, button->rect());
+        const QColor ground = m_picture.pixelColor(place.topLeft());
+        const double ratio = greatestRatio(m_picture, place, ground);
+        if (ratio < Contrast::OfOutline) {
+            m_problems.append(QStringLiteral("icon of %1: %2").arg(name).arg(ratio));
         }
     }
 

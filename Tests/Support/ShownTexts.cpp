@@ -9,6 +9,8 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollArea>
 
+#include "Platform/Interface/TextLabel.h"
+
 namespace {
 
 QString nameOf(const QWidget *widget) {
@@ -35,8 +37,14 @@ bool isText(const QWidget *widget) {
 QSize neededSize(const QWidget *widget) {
     const auto *label = qobject_cast<const QLabel *>(widget);
     if (label && label->wordWrap()) {
-        return {qMin(label->minimumSizeHint().width(), label->width()),
-                label->heightForWidth(label->width())};
+        const int height = label->heightForWidth(label->width());
+        if (!qobject_cast<const TextLabel *>(label)) {
+            return {qMin(label->minimumSizeHint().width(), label->width()), height};
+        }
+        // Its longest word, or nothing that is wider than the label.
+        const QRect words = label->fontMetrics().boundingRect(0, 0, label->width(), QWIDGETSIZE_MAX,
+                                                              Qt::TextWordWrap, label->text());
+        return {words.width(), height};
     }
     if (label) {
         return label->sizeHint();

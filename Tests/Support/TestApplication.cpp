@@ -36,7 +36,11 @@ QuestionPresenter::Withdrawal TestApplication::ask(const Question &question,
 void TestApplication::askAboutRemoval(const RemovalQuestion &question,
                                       std::function<void(RemovalDecision)> handler) {
     m_removalQuestions.append(question);
+    if (!m_removalDecision) {
+        m_openRemoval = std::move(handler);
+        return;
+    }
     QMetaObject::invokeMethod(
-        qApp, [handler = std::move(handler), decision = m_removalDecision] { handler(decision); },
+        qApp, [handler = std::move(handler), decision = *m_removalDecision] { handler(decision); },
         Qt::QueuedConnection);
 }

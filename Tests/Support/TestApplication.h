@@ -29,6 +29,10 @@ public:
     const QList<RemovalQuestion> &removalQuestions() const { return m_removalQuestions; }
     /// Sets the answer to every later question about a removal (default: later).
     void decideRemovals(RemovalDecision decision) { m_removalDecision = decision; }
+    /// Leaves every later question about a removal open.
+    void leaveRemovalsOpen() { m_removalDecision = std::nullopt; }
+    /// Answers the last question that was left open.
+    void answerOpenRemoval(RemovalDecision decision) { m_openRemoval(decision); }
 
     std::shared_ptr<QVDatabase> inbox() const override;
     void logItemCmd(const QString &title, const QString &info) override;
@@ -44,5 +48,6 @@ private:
     QList<Question> m_questions;
     bool m_isAccepting = false;
     QList<RemovalQuestion> m_removalQuestions;
-    RemovalDecision m_removalDecision = RemovalDecision::Later;
+    std::optional<RemovalDecision> m_removalDecision = RemovalDecision::Later;
+    std::function<void(RemovalDecision)> m_openRemoval;
 };

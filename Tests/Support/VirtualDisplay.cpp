@@ -79,12 +79,6 @@ void VirtualDisplay::press(const QStringList &keys) const {
     run(QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("4")} + keys);
 }
 
-void VirtualDisplay::click(const QString &window, QPoint position) const {
-    run({QStringLiteral("mousemove"), QStringLiteral("--window"), window,
-         QString::number(position.x()), QString::number(position.y()), QStringLiteral("click"),
-         QStringLiteral("1")});
-}
-
 void VirtualDisplay::type(const QString &text) const {
     run({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("2"), text});
 }

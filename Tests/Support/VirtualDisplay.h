@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QtCore/QPoint>
 #include <QtCore/QProcess>
 #include <QtCore/QStringList>
 
-/// An X server without a screen, on which other processes show their windows, and its keyboard and
-/// mouse.
+/// An X server without a screen, on which other processes show their windows, and its keyboard.
 /// There is no window manager: focus() gives the keyboard to a window. Failures throw
 /// std::runtime_error. Must be used on one thread.
 class VirtualDisplay {
@@ -35,8 +33,6 @@ public:
 
     /// Presses keys one after the other, for example "alt+n".
     void press(const QStringList &keys) const;
-    /// Clicks at a position in the window.
-    void click(const QString &window, QPoint position) const;
     /// Types ASCII text.
     void type(const QString &text) const;
     /// Begins to type ASCII text, at the speed of a fast typist. `typist` is the process that does
