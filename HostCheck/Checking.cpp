@@ -1,11 +1,10 @@
 #include "HostCheck/Checking.h"
 
+#include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QCoreApplication>
-#include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QTimer>
 #include <QtCore/QUuid>
-#include <chrono>
 
 #include "Host/SyncStoreLayout.h"
 #include "Platform/Foundation/Assertion.h"
@@ -50,19 +49,26 @@ void Checking::requireAssertion(const std::function<void()> &call, const char *r
     throw Broken{reason};
 }
 
-bool Checking::wait(const std::function<bool()> &isTrue) {
-    using namespace std::chrono_literals;
-    const QDeadlineTimer deadline(30s);
-    // Wakes the loop, since what is awaited may happen on any thread.
-    QTimer tick;
-    tick.start(1ms);
+bool Checking::wait(const std::function<bool()> &isTrue, std::chrono::milliseconds limit) {
+    QTimer end;
+    end.setSingleShot(true);
+    end.start(limit);
     while (!isTrue()) {
-        if (deadline.hasExpired()) {
+        if (!end.isActive()) {
             return false;
         }
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     return true;
+}
+
+void Checking::wakeUp() {
+    // None of them exists any more if a host keeps a handler too long.
+    const auto *application = QCoreApplication::instance();
+    if (auto *events =
+            application ? QAbstractEventDispatcher::instance(application->thread()) : nullptr) {
+        events->wakeUp();
+    }
 }
 
 QVSyncLocationsController &Checking::list() {
@@ -81,6 +87,12 @@ std::shared_ptr<QVSyncLocation> Checking::newLocation(const Url &URL) {
     auto location = classObject<QVSyncLocation::Class>("QVSyncLocation").syncLocationWithURL(URL);
     require(location != nullptr, "no location was made");
     return location;
+}
+
+std::shared_ptr<PZFuture> Checking::newFuture() {
+    auto future = PZFuture::future();
+    requireOffer(future != nullptr);
+    return future;
 }
 
 QString Checking::newUUID() {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QtCore/QTemporaryDir>
+#include <chrono>
 #include <functional>
 
+#include "Host/PZFuture.h"
 #include "Host/QVHostPlugIn.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocation.h"
@@ -25,9 +27,12 @@ void require(bool isTrue, const char *reason);
 void requireOffer(bool isOffered);
 /// Throws Broken with `reason` unless `call` raises an AssertionFailure.
 void requireAssertion(const std::function<void()> &call, const char *reason);
-/// Runs the event loop until `isTrue` returns true, for half a minute at most. Returns whether it
-/// did.
-bool wait(const std::function<bool()> &isTrue);
+/// Runs the event loop until `isTrue` returns true, for half a minute or `limit` at most. Returns
+/// whether it did. `isTrue` is called after each event, and after each wakeUp().
+bool wait(const std::function<bool()> &isTrue,
+          std::chrono::milliseconds limit = std::chrono::seconds(30));
+/// Makes wait() call its function again. Thread-safe.
+void wakeUp();
 
 /// Makes `host`, which is not owned and may be null, the host that host() returns while this object
 /// exists. One at a time.
@@ -54,6 +59,8 @@ QVSyncDispatcher &dispatcher();
 
 /// Returns a new location with this address. Throws NotOffered if the host makes no locations.
 std::shared_ptr<QVSyncLocation> newLocation(const Url &URL = Url());
+/// Returns a new future. Throws NotOffered if the host makes none, which breaks another promise.
+std::shared_ptr<PZFuture> newFuture();
 /// Returns a UUID that no database has.
 QString newUUID();
 

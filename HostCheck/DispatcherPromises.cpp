@@ -1,13 +1,15 @@
 #include "HostCheck/DispatcherPromises.h"
 
-#include <QtCore/QMetaMethod>
+#include <QtCore/QMetaProperty>
 
 #include "Host/InboxUUID.h"
 #include "Host/QVApplication.h"
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncProgress.h"
+#include "Host/QVSyncResult.h"
 #include "HostCheck/Checking.h"
 #include "HostCheck/Handler.h"
+#include "HostCheck/NotifyWatch.h"
 
 using namespace Checking;
 
@@ -19,8 +21,8 @@ constexpr char Progress[] = "Host/QVSyncProgress.h";
 
 /// A handler that the dispatcher has, unless it was called already.
 struct Synchronization : Handler<> {
-    explicit Synchronization(const QVSyncStates &states) {
-        dispatcher().performSynchronizationsWithSynchronizationStates(states, function());
+    explicit Synchronization(const QVSyncStates &states, QVSyncDispatcher &checked = dispatcher()) {
+        checked.performSynchronizationsWithSynchronizationStates(states, function());
         didReturn();
     }
 };
@@ -137,6 +139,48 @@ void dateIsAnnounced() {
     require(count > 0, "the date has changed without an announcement");
 }
 
+void disabledStateKeepsItsDate() {
+    const InboxState added;
+    Synchronization({added.state}).requireOneCall();
+    const QDateTime date = added.state->lastSynced();
+    requireOffer(date.isValid());
+    added.state->setEnabled(false);
+    require(added.state->lastSynced() == date, "disabling changes the date");
+}
+
+void enablingStartsNothing() {
+    const InboxState added;
+    added.state->setEnabled(false);
+    const QString activity = dispatcher().activity();
+    const QDateTime date = added.state->lastSynced();
+    added.state->setEnabled(true);
+    // A synchronization would be over before this, or still run.
+    Synchronization({}).requireCall();
+    require(dispatcher().activity() == activity && added.state->lastSynced() == date,
+            "enabling starts a synchronization");
+}
+
+void resultIsRemoved() {
+    const InboxState added;
+    requireOffer(QVSyncResult::isOfferedBy(added.state.get()));
+    Synchronization({added.state}).requireOneCall();
+    const auto result = QVSyncResult::of(added.state.get());
+    requireOffer(result.has_value());
+    added.state->setProperty(QVSyncResult::Key, QVariant::fromValue(std::optional<QVSyncResult>()));
+    require(QVSyncResult::of(added.state.get()) != result, "the result is not removed");
+}
+
+void resultIsAnnouncedAfterwards() {
+    const InboxState added;
+    std::optional<QVSyncResult> seen;
+    const NotifyWatch watch(*added.state, QVSyncResult::Key,
+                            [&] { seen = QVSyncResult::of(added.state.get()); });
+    Synchronization({added.state}).requireOneCall();
+    const auto result = QVSyncResult::of(added.state.get());
+    require(result.has_value(), "there is no result after a synchronization");
+    require(seen == result, "the result has changed without an announcement");
+}
+
 void nullIsNotCleaned() {
     CleanUp(nullptr).requireOneCall();
 }
@@ -144,6 +188,16 @@ void nullIsNotCleaned() {
 void disabledStateIsNotCleaned() {
     const NewState added;
     CleanUp(added.state).requireOneCall();
+}
+
+void stateWithoutLocationIsNotCleaned() {
+    std::shared_ptr<QVSyncState> state;
+    {
+        const NewState added;
+        state = added.state;
+        state->setEnabled(true);
+    }
+    CleanUp(state).requireOneCall();
 }
 
 void cleanUpEndsOnce() {
@@ -154,6 +208,23 @@ void cleanUpEndsOnce() {
 void idleDispatcherDoesNothing() {
     Synchronization({}).requireCall();
     require(dispatcher().activity().isEmpty(), "the dispatcher says that it does something");
+}
+
+void activityIsAnnounced() {
+    const InboxState added;
+    QVSyncDispatcher &checked = dispatcher();
+    QString announced = checked.activity();
+    QObject receiver;
+    QObject::connect(&checked, &QVSyncDispatcher::activityChanged, &receiver,
+                     [&] { announced = checked.activity(); });
+    Synchronization running({added.state}, checked);
+    bool isAnnounced = true;
+    wait([&] {
+        isAnnounced = isAnnounced && checked.activity() == announced;
+        return running.wasCalled();
+    });
+    running.requireOneCall();
+    require(isAnnounced, "the text has changed without an announcement");
 }
 
 QMetaProperty progressProperty() {
@@ -167,6 +238,22 @@ void progressIsAnnounced() {
     require(progressProperty().hasNotifySignal(), "the property has no NOTIFY signal");
     require(progressProperty().metaType() == QMetaType::fromType<QVSyncProgress>(),
             "the property is of another type");
+}
+
+void endOfProgressIsAnnounced() {
+    QVSyncDispatcher &checked = dispatcher();
+    QVSyncProgress announced = QVSyncProgress::of(&checked);
+    const NotifyWatch watch(checked, QVSyncProgress::Key,
+                            [&] { announced = QVSyncProgress::of(&checked); });
+    const InboxState added;
+    Synchronization({added.state}, checked).requireOneCall();
+    // The announcement may follow later, since there are at most about ten per second.
+    constexpr std::chrono::seconds limit(2);
+    wait([&] { return announced == QVSyncProgress::of(&checked); }, limit);
+    require(QVSyncProgress::of(&checked).phase == QVSyncProgress::Phase::Idle,
+            "the progress goes on when nothing runs any more");
+    require(announced == QVSyncProgress::of(&checked),
+            "the end has changed the progress without an announcement");
 }
 
 void progressHasTheActivity() {
@@ -208,6 +295,8 @@ constexpr HostPromise Promises[] = {
      &nullIsNotCleaned},
     {"QVSyncDispatcher.cleanRemoteStoreWithSynchronizationState (disabled)", Header, NotCleaned,
      &disabledStateIsNotCleaned},
+    {"QVSyncDispatcher.cleanRemoteStoreWithSynchronizationState (destroyed)", Header, NotCleaned,
+     &stateWithoutLocationIsNotCleaned},
     {"QVSyncDispatcher.performSynchronizations (once)", Header, Performed, &noStatesEndOnce},
     {"QVSyncDispatcher.performSynchronizations (thread)", Header, Performed,
      &handlerIsCalledOnTheMainThread},
@@ -226,6 +315,20 @@ constexpr HostPromise Promises[] = {
      &everyHandlerIsCalled},
     {"QVSyncState.lastSynced (announced)", "Host/QVSyncState.h",
      "Emitted on the main thread after the host has changed lastSynced().", &dateIsAnnounced},
+    {"QVSyncState.isEnabled (date)", "Host/QVSyncState.h",
+     "A disabled state keeps its schedule and the date of its last synchronization.",
+     &disabledStateKeepsItsDate},
+    {"QVSyncState.setEnabled (quiet)", "Host/QVSyncState.h", "Enabling starts no synchronization.",
+     &enablingStartsNothing},
+    {"QVSyncResult.lastResult (written)", "Host/QVSyncResult.h",
+     "The property can be written: an empty result, which is saved with the state.",
+     &resultIsRemoved},
+    {"QVSyncResult.lastResult (announced)", "Host/QVSyncResult.h",
+     "The host changes it on the main thread when a job ends, after `lastSynced`, and saves it by "
+     "itself.",
+     &resultIsAnnouncedAfterwards},
+    {"QVSyncDispatcher.activityChanged", Header, "Emitted after activity() has changed.",
+     &activityIsAnnounced},
     {"QVSyncDispatcher.activity", Header,
      "Returns a localized description of what the dispatcher is doing, or an empty text if it is "
      "idle.",
@@ -233,6 +336,10 @@ constexpr HostPromise Promises[] = {
     {"QVSyncProgress.progress", Progress,
      "the property \"progress\" of the type QVSyncProgress, with a NOTIFY signal",
      &progressIsAnnounced},
+    {"QVSyncProgress.progress (end)", Progress,
+     "a NOTIFY signal that is emitted on the main thread, at most about ten times per second, and "
+     "once more when nothing runs any more;",
+     &endOfProgressIsAnnounced},
     {"QVSyncProgress.activity", Progress, "The same text as QVSyncDispatcher::activity().",
      &progressHasTheActivity},
     {"QVSyncProgress.stop", Progress,

@@ -12,20 +12,20 @@ namespace {
 
 constexpr char Header[] = "Host/PZFuture.h";
 
-std::shared_ptr<PZFuture> newFuture() {
+std::shared_ptr<PZFuture> requiredFuture() {
     auto future = PZFuture::future();
     require(future != nullptr, "no future was made");
     return future;
 }
 
 void futuresAreNew() {
-    const auto future = newFuture();
-    require(future != newFuture(), "the same future is made twice");
+    const auto future = requiredFuture();
+    require(future != requiredFuture(), "the same future is made twice");
     require(!future->isCancelled(), "a new future is cancelled");
 }
 
 void cancelledFutureStaysCancelled() {
-    const auto future = newFuture();
+    const auto future = requiredFuture();
     future->cancel();
     require(future->isCancelled(), "it is not cancelled");
     future->cancel();
@@ -33,9 +33,9 @@ void cancelledFutureStaysCancelled() {
 }
 
 void attachedFutureIsCancelled() {
-    const auto future = newFuture();
-    const auto attached = newFuture();
-    const auto other = newFuture();
+    const auto future = requiredFuture();
+    const auto attached = requiredFuture();
+    const auto other = requiredFuture();
     future->cascadeCancellationToFuture(attached);
     future->cascadeCancellationToFuture(other);
     require(!attached->isCancelled(), "attaching a future cancels it");
@@ -44,8 +44,8 @@ void attachedFutureIsCancelled() {
 }
 
 void ownerIsNotCancelled() {
-    const auto future = newFuture();
-    const auto attached = newFuture();
+    const auto future = requiredFuture();
+    const auto attached = requiredFuture();
     future->cascadeCancellationToFuture(attached);
     attached->cancel();
     require(!future->isCancelled(),
@@ -53,8 +53,8 @@ void ownerIsNotCancelled() {
 }
 
 void lateFutureIsCancelled() {
-    const auto future = newFuture();
-    const auto attached = newFuture();
+    const auto future = requiredFuture();
+    const auto attached = requiredFuture();
     future->cancel();
     future->cascadeCancellationToFuture(attached);
     require(attached->isCancelled(),
@@ -62,8 +62,8 @@ void lateFutureIsCancelled() {
 }
 
 void attachedFutureIsKept() {
-    auto future = newFuture();
-    auto attached = newFuture();
+    auto future = requiredFuture();
+    auto attached = requiredFuture();
     const std::weak_ptr<PZFuture> kept(attached);
     future->cascadeCancellationToFuture(attached);
     attached = nullptr;
@@ -72,9 +72,19 @@ void attachedFutureIsKept() {
     require(kept.expired(), "an attached future is kept alive too long");
 }
 
+void cancelledFutureKeepsNothing() {
+    const auto future = requiredFuture();
+    auto attached = requiredFuture();
+    const std::weak_ptr<PZFuture> released(attached);
+    future->cascadeCancellationToFuture(attached);
+    future->cancel();
+    attached = nullptr;
+    require(released.expired(), "a cancelled future keeps an attached one alive");
+}
+
 void ringIsReleased() {
-    auto first = newFuture();
-    auto second = newFuture();
+    auto first = requiredFuture();
+    auto second = requiredFuture();
     const std::weak_ptr<PZFuture> released(first);
     first->cascadeCancellationToFuture(second);
     second->cascadeCancellationToFuture(first);
@@ -87,8 +97,8 @@ void ringIsReleased() {
 }
 
 void ringIsCancelled() {
-    const auto first = newFuture();
-    const auto second = newFuture();
+    const auto first = requiredFuture();
+    const auto second = requiredFuture();
     first->cascadeCancellationToFuture(second);
     second->cascadeCancellationToFuture(first);
     second->cancel();
@@ -96,8 +106,8 @@ void ringIsCancelled() {
 }
 
 void controlIsPassed() {
-    const auto future = newFuture();
-    const auto next = newFuture();
+    const auto future = requiredFuture();
+    const auto next = requiredFuture();
     future->passControlToFuture(next);
     require(!future->isCancelled() && !next->isCancelled(), "passing control cancels a future");
     future->cancel();
@@ -105,15 +115,15 @@ void controlIsPassed() {
 }
 
 void cancelledFuturePassesCancellation() {
-    const auto future = newFuture();
-    const auto next = newFuture();
+    const auto future = requiredFuture();
+    const auto next = requiredFuture();
     future->cancel();
     future->passControlToFuture(next);
     require(next->isCancelled(), "a cancelled future passes control to one that is not cancelled");
 }
 
 void otherThreadsCancel() {
-    const auto future = newFuture();
+    const auto future = requiredFuture();
     std::thread([&] { future->cancel(); }).join();
     require(future->isCancelled(), "a future is not cancelled from another thread");
 }
@@ -136,9 +146,12 @@ constexpr HostPromise Promises[] = {
      "If this future is cancelled already, `future` is cancelled within this call.",
      &lateFutureIsCancelled},
     {"PZFuture.cascadeCancellationToFuture (kept)", Header,
-     "The attached future is kept alive until this future is cancelled or destroyed or `future` "
-     "has finished, unless it already keeps this one alive:",
+     "The attached future is kept alive until this future is cancelled or destroyed, unless it "
+     "already keeps this one alive:",
      &attachedFutureIsKept},
+    {"PZFuture.cascadeCancellationToFuture (released)", Header,
+     "The attached future is kept alive until this future is cancelled or destroyed",
+     &cancelledFutureKeepsNothing},
     {"PZFuture.cascadeCancellationToFuture (ring)", Header,
      "a ring of futures is allowed and does not leak.", &ringIsReleased},
     {"PZFuture.cascadeCancellationToFuture (cancelled ring)", Header,

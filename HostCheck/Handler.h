@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QtCore/QDeadlineTimer>
 #include <atomic>
 #include <memory>
 #include <mutex>
@@ -26,7 +25,13 @@ class Handler {
         std::mutex mutex;
         std::optional<std::tuple<Values...>> values;
     };
-    struct Token {};
+    /// Wakes who waits for the end of the handler.
+    struct Token {
+        Token() = default;
+        ~Token() { Checking::wakeUp(); }
+        Token(const Token &) = delete;
+        Token &operator=(const Token &) = delete;
+    };
 
 public:
     /// Returns the handler, once.
@@ -40,6 +45,7 @@ public:
                 calls->values.emplace(values...);
             }
             ++calls->count;
+            Checking::wakeUp();
         };
     }
     /// Calls on this thread from now on are within a function of the host.
@@ -57,9 +63,8 @@ public:
     /// handler after the call gets the time of an event.
     void requireEnd() {
         requireCall();
-        constexpr int grace = 500;
-        const QDeadlineTimer deadline(grace);
-        Checking::wait([&] { return m_released.expired() || deadline.hasExpired(); });
+        constexpr std::chrono::milliseconds grace(500);
+        Checking::wait([&] { return m_released.expired(); }, grace);
     }
     /// Does the same, and throws Broken unless there was exactly one call.
     void requireOneCall() {

@@ -17,8 +17,8 @@
 
 QList<HostPromise> HostCheck::promises() {
     return PluginPromises::all() + LocationsControllerPromises::all() + LocationPromises::all() +
-           StatePromises::all() + StorePromises::all() + CredentialPromises::all() +
-           FuturePromises::all() + DispatcherPromises::all() + NotificationPromises::all() +
+           StatePromises::all() + FuturePromises::all() + StorePromises::all() +
+           CredentialPromises::all() + DispatcherPromises::all() + NotificationPromises::all() +
            SchedulePromises::all() + ServicePromises::all();
 }
 

@@ -18,40 +18,65 @@ QString word(HostFinding::Result result) {
     return {};
 }
 
-void printLine(const HostFinding &finding) {
+QByteArray line(const HostFinding &finding) {
     const QString reason =
         finding.reason.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(finding.reason);
-    std::printf("%-11s %s: %s%s\n", qUtf8Printable(word(finding.result)),
-                qUtf8Printable(finding.key), qUtf8Printable(finding.sentence),
-                qUtf8Printable(reason));
-    std::fflush(stdout);
+    return QStringLiteral("%1 %2: %3%4\n")
+        .arg(word(finding.result), -11)
+        .arg(finding.key, finding.sentence, reason)
+        .toUtf8();
 }
 
-QJsonObject object(const HostFinding &finding) {
-    return {{QStringLiteral("key"), finding.key},
-            {QStringLiteral("header"), finding.header},
-            {QStringLiteral("sentence"), finding.sentence},
-            {QStringLiteral("result"), word(finding.result)},
-            {QStringLiteral("reason"), finding.reason}};
+QByteArray object(const HostFinding &finding) {
+    const QJsonObject object{{QStringLiteral("key"), finding.key},
+                             {QStringLiteral("header"), finding.header},
+                             {QStringLiteral("sentence"), finding.sentence},
+                             {QStringLiteral("result"), word(finding.result)},
+                             {QStringLiteral("reason"), finding.reason}};
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
+void print(const QByteArray &text) {
+    std::fputs(text.constData(), stdout);
+    std::fflush(stdout);
 }
 
 }  // namespace
 
+void HostReport::begin(HostVersion version) {
+    const std::lock_guard lock(m_mutex);
+    const QString text =
+        m_format == Format::Json
+            ? QStringLiteral("{\"interface\":\"%1\",\"host\":\"%2\",\"promises\":[")
+            : QStringLiteral("interface   %1, the host was built for %2\n");
+    print(text.arg(CurrentHostVersion.text(), version.text()).toUtf8());
+}
+
+QByteArray HostReport::end(const HostFinding &finding) const {
+    const std::lock_guard lock(m_mutex);
+    return text(finding) + end();
+}
+
 void HostReport::add(const HostFinding &finding) {
     const std::lock_guard lock(m_mutex);
     m_isSound = m_isSound && finding.result != HostFinding::Result::Broken;
-    if (m_format == Format::Json) {
-        m_findings.append(object(finding));
-    } else {
-        printLine(finding);
-    }
+    print(text(finding));
+    m_isFirst = false;
 }
 
 bool HostReport::finish() {
     const std::lock_guard lock(m_mutex);
-    if (m_format == Format::Json) {
-        std::fputs(QJsonDocument(m_findings).toJson().constData(), stdout);
-        std::fflush(stdout);
-    }
+    print(end());
     return m_isSound;
+}
+
+QByteArray HostReport::text(const HostFinding &finding) const {
+    if (m_format == Format::Lines) {
+        return line(finding);
+    }
+    return (m_isFirst ? "\n" : ",\n") + object(finding);
+}
+
+QByteArray HostReport::end() const {
+    return m_format == Format::Json ? "\n]}\n" : "";
 }

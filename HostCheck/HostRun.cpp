@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "Host/ClassRegistry.h"
+#include "HostCheck/CrashReport.h"
 #include "HostCheck/HostCheck.h"
 
 HostRun::HostRun(QVHostPlugIn &plugIn, HostReport::Format format, std::chrono::seconds limit,
@@ -20,6 +22,8 @@ Expected<bool> HostRun::run() {
     if (const Expected<void> begun = m_plugIn.begin(folder); !begun) {
         return failure(begun.error());
     }
+    const auto version = hostVersionOfClass(QStringLiteral("QVSyncPlugin"));
+    m_report.begin(version.value_or(HostVersion{}));
     checkAll();
     const bool isSound = m_report.finish();
     m_deadline.begin([this] { endWithout("end"); });
@@ -30,8 +34,13 @@ Expected<bool> HostRun::run() {
 void HostRun::checkAll() {
     for (const HostPromise &promise : HostCheck::promises()) {
         m_deadline.begin([this, promise] { endWithout(promise); });
+        HostFinding crash = HostCheck::findingOf(promise);
+        crash.result = HostFinding::Result::Broken;
+        crash.reason = QStringLiteral("it crashed");
+        CrashReport::setText(m_report.end(crash));
         m_report.add(HostCheck::find(promise, &m_plugIn));
     }
+    CrashReport::setText({});
 }
 
 void HostRun::endWithout(const char *function) {

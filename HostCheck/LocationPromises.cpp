@@ -2,6 +2,7 @@
 
 #include <QtGui/QPixmap>
 
+#include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncLocationFormatter.h"
 #include "Host/QVSyncStore.h"
 #include "Host/SyncStrings.h"
@@ -100,6 +101,12 @@ void newStateIsDisabled() {
     require(added.state != nullptr, "no state was added");
     require(!added.state->isEnabled(), "a new state is enabled");
     require(!added.state->schedule(), "a new state has a schedule");
+}
+
+void newStateIsQuiet() {
+    const NewState added;
+    require(!added.state->syncOnOpen(), "a new state synchronizes when the database is opened");
+    require(!added.state->syncOnClose(), "a new state synchronizes when the database is closed");
 }
 
 void newStateIsAnnounced() {
@@ -203,14 +210,25 @@ void iconsAreSharp() {
 }
 
 void typesAreKnown() {
-    QStringList known;
-    for (const char *key :
-         {"Dropbox", "Local Sync Store", "WebDAV", "Direct Connection", "Unknown Location"}) {
-        known.append(localizedSyncString(key));
+    const QString unknown = localizedSyncString("Unknown Location");
+    const auto requireType = [&](const QString &text, const char *key) {
+        const QString type = formatterOf(Url::fromString(text))->locationType();
+        require(type == localizedSyncString(key) || type == unknown,
+                "it is the kind of another scheme, or none of these");
+    };
+    requireType(QStringLiteral("file:///folder"), "Local Sync Store");
+    requireType(QStringLiteral("http://localhost/folder"), "WebDAV");
+    requireType(QStringLiteral("https://localhost/folder"), "WebDAV");
+    requireType(QStringLiteral("dropbox://person@localhost"), "Dropbox");
+    if (const QString scheme = QVDirectConnectionServer::URLScheme(); !scheme.isNull()) {
+        requireType(scheme + QStringLiteral("://localhost:4711"), "Direct Connection");
     }
-    for (const Url &URL : allKindsOfURLs()) {
-        const auto formatter = formatterOf(URL);
-        require(known.contains(formatter->locationType()), "it is none of these kinds");
+}
+
+void otherTypesAreUnknown() {
+    for (const Url &URL : {Url(), unknownURL()}) {
+        require(formatterOf(URL)->locationType() == localizedSyncString("Unknown Location"),
+                "a location of no kind has one");
     }
 }
 
@@ -248,6 +266,9 @@ constexpr HostPromise Promises[] = {
     {"QVSyncLocation.addStateForDatabaseWithUUID", Location, Added, &newStateIsDisabled},
     {"QVSyncLocation.addStateForDatabaseWithUUID (announced)", Location, Added,
      &newStateIsAnnounced},
+    {"QVSyncLocation.addStateForDatabaseWithUUID (opening)", Location,
+     "A new state synchronizes its database neither when that is opened nor when it is closed.",
+     &newStateIsQuiet},
     {"QVSyncLocation.addStateForDatabaseWithUUID (again)", Location, Added, &databaseHasOneState},
     {"QVSyncLocation.addStateForDatabaseWithUUID (empty)", Location,
      "Raises an AssertionFailure if `UUID` is empty.", &emptyUUIDGetsNoState},
@@ -267,11 +288,12 @@ constexpr HostPromise Promises[] = {
      "so that it is sharp on every screen. Never null.",
      &iconsAreSharp},
     {"QVSyncLocationFormatter.locationType", Formatter,
-     "Returns the kind of the location, localized with the table \"Sync\" from the keys "
-     "\"Dropbox\", \"Local Sync Store\", \"WebDAV\", \"Direct Connection\" and, for a nil URL or "
-     "an "
-     "unknown scheme, \"Unknown Location\".",
+     "Returns the kind of the location, as localizedSyncString() has it for the keys \"Dropbox\", "
+     "\"Local Sync Store\", \"WebDAV\" and \"Direct Connection\",",
      &typesAreKnown},
+    {"QVSyncLocationFormatter.locationType (unknown)", Formatter,
+     "or \"Unknown Location\" for a nil URL and a scheme that this host does not know.",
+     &otherTypesAreUnknown},
 };
 
 }  // namespace

@@ -60,6 +60,37 @@ void locationsAreInsertedBeforeTheIndex() {
     }
 }
 
+/// A location that no host has made.
+class ForeignLocation : public QVSyncLocation {
+public:
+    Url URL() const override { return {}; }
+    void setURL(const Url & /*URL*/) override {}
+    QVSyncStates synchronizationStates() const override { return {}; }
+    std::shared_ptr<QVSyncState> stateForDatabaseWithUUID(const QString & /*UUID*/) const override {
+        return nullptr;
+    }
+    std::shared_ptr<QVSyncState> addStateForDatabaseWithUUID(const QString & /*UUID*/,
+                                                             const QString & /*name*/) override {
+        return nullptr;
+    }
+    std::shared_ptr<QVSyncStore> createStore() override { return nullptr; }
+};
+
+void foreignLocationIsNotInserted() {
+    const auto before = list().syncLocations();
+    const auto insert = [] {
+        list().insertObjectInSyncLocationsAtIndex(std::make_shared<ForeignLocation>(), 0);
+    };
+    try {
+        requireAssertion(insert, "a location that is not one of this host is accepted");
+    } catch (const Broken &) {
+        // The other promises need the former list.
+        list().removeObjectFromSyncLocationsAtIndex(0);
+        throw;
+    }
+    require(list().syncLocations() == before, "the list has changed");
+}
+
 void nullIsNotInserted() {
     const auto before = list().syncLocations();
     requireAssertion([] { list().insertObjectInSyncLocationsAtIndex(nullptr, 0); },
@@ -146,6 +177,9 @@ constexpr HostPromise Promises[] = {
     {"QVSyncLocationsController.insertObjectInSyncLocationsAtIndex (null)", Header,
      "Raises an AssertionFailure if `location` is null or not one of this host.",
      &nullIsNotInserted},
+    {"QVSyncLocationsController.insertObjectInSyncLocationsAtIndex (foreign)", Header,
+     "Raises an AssertionFailure if `location` is null or not one of this host.",
+     &foreignLocationIsNotInserted},
     {"QVSyncLocationsController.indexOfObjectInSyncLocations", Header,
      "Returns the index of this object (compared by identity), or -1 if the list does not contain "
      "it.",

@@ -2,9 +2,12 @@
 
 #include <thread>
 
+#include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
 #include "Host/QVDatabase.h"
+#include "Host/QVHourlySchedule.h"
 #include "HostCheck/Checking.h"
+#include "HostCheck/Handler.h"
 #include "Platform/Foundation/NotificationCenter.h"
 
 using namespace Checking;
@@ -122,6 +125,48 @@ void renamingIsAnnounced() {
     require(seen == OtherName, "the signal precedes the change");
 }
 
+/// A location in the list whose store is a folder, with a state of the inbox that has a schedule.
+struct ScheduledState {
+    ScheduledState() {
+        list().insertObjectInSyncLocationsAtIndex(folder.location, 0);
+        state->setSchedule(
+            classObject<QVHourlySchedule::Class>("QVHourlySchedule").initWithHourlyOffset(0));
+        state->setEnabled(true);
+    }
+    ~ScheduledState() {
+        list().removeObjectFromSyncLocationsAtIndex(
+            list().syncLocations().indexOf(folder.location));
+    }
+    ScheduledState(const ScheduledState &) = delete;
+    ScheduledState &operator=(const ScheduledState &) = delete;
+
+    Folder folder;
+    const std::shared_ptr<QVSyncState> state =
+        folder.location->addStateForDatabaseWithUUID(InboxUUID, QStringLiteral("Inbox"));
+};
+
+void firingIsPosted() {
+    classObject<QVHourlySchedule::Class>("QVHourlySchedule");
+    const ScheduledState scheduled;
+    int count = 0;
+    bool isOnMainThread = true;
+    const auto mainThread = std::this_thread::get_id();
+    QObject receiver;
+    NotificationCenter::defaultCenter().addObserver(
+        &receiver, QVSyncScheduleDidFireNotification, [&](const Notification & /*posted*/) {
+            ++count;
+            isOnMainThread = std::this_thread::get_id() == mainThread;
+        });
+    requireOffer(host().fireSchedules(scheduled.state->schedule()->nextScheduledDate()));
+    // The folder is removed afterwards, so what has been started must end.
+    Handler<> ended;
+    dispatcher().performSynchronizationsWithSynchronizationStates({scheduled.state},
+                                                                  ended.function());
+    ended.requireEnd();
+    require(count > 0, "no notification is posted");
+    require(isOnMainThread, "the notification is posted on another thread");
+}
+
 void closedDatabaseIsFound() {
     NewDatabase database;
     database.close();
@@ -142,6 +187,8 @@ constexpr HostPromise Promises[] = {
      "Posted after a database was renamed, by the user or by a synchronization. The object is the "
      "QVDatabase, whose `name` is the new one.",
      &renamingIsPosted},
+    {"QVSyncScheduleDidFireNotification", Header,
+     "Posted when a schedule has fired, so that displayed dates can be updated.", &firingIsPosted},
     {"QVDatabase.nameChanged", "Host/QVDatabase.h",
      "Emitted after the name has changed, also by a synchronization; name() returns the new one.",
      &renamingIsAnnounced},

@@ -48,6 +48,17 @@ void localStoreExists() {
     require(plugin().localStore() != nullptr, "it is null");
 }
 
+std::shared_ptr<QVSyncLocation> localLocation() {
+    const auto store = plugin().localStore();
+    requireOffer(store != nullptr);
+    return store->location();
+}
+
+void localLocationIsOneObject() {
+    require(localLocation() == localLocation(), "each call returns the store of another location");
+    require(!list().syncLocations().contains(localLocation()), "its location is in the list");
+}
+
 void unknownDatabasesAreNull() {
     for (const bool isLookingUpAll : {false, true}) {
         require(!QVSyncPlugin::databaseForUUID(QString(), isLookingUpAll),
@@ -172,6 +183,9 @@ constexpr HostPromise Promises[] = {
      "plug-in, the same in every call.",
      &serverIsOneObject},
     {"QVSyncPlugin.localStore", Plugin, "Never null; shared ownership.", &localStoreExists},
+    {"QVSyncPlugin.localStore (location)", Plugin,
+     "It is the same object in every call, and not in the list of locations.",
+     &localLocationIsOneObject},
     {"QVSyncPlugin.databaseForUUID", Plugin,
      "Returns the database with this UUID on this computer, open or closed, or nullptr if there is "
      "none.",

@@ -1,8 +1,13 @@
 #include "HostCheck/ServicePromises.h"
 
+#include <QtCore/QRegularExpression>
+#include <QtNetwork/QTcpServer>
+
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVDropboxSessionManager.h"
+#include "Host/QVServedDatabase.h"
 #include "HostCheck/Checking.h"
+#include "HostCheck/Handler.h"
 
 using namespace Checking;
 
@@ -22,6 +27,19 @@ void schemeIsInLowerCase() {
     server();
     const QString scheme = QVDirectConnectionServer::URLScheme();
     require(!scheme.isEmpty() && scheme == scheme.toLower(), "it is empty or not in lower case");
+}
+
+void serviceTypeIsOfTCP() {
+    server();
+    static const QRegularExpression type(
+        QStringLiteral("^_(?=.{1,15}\\._)[A-Za-z0-9]+(-[A-Za-z0-9]+)*\\._tcp$"));
+    require(type.match(QVDirectConnectionServer::bonjourServiceType()).hasMatch(),
+            "it is no service type of TCP");
+}
+
+void unknownClientsHaveOneText() {
+    require(server().lastConnectionText(newUUID()) == server().lastConnectionText(newUUID()),
+            "two clients that have never connected have different texts");
 }
 
 void portsAreNotNull() {
@@ -62,6 +80,108 @@ void stoppedServerIsNotAnnounced() {
     require(server().addressText().isEmpty(), "a server that is stopped has an address");
 }
 
+/// Returns a port on which nothing listens now.
+quint16 freePort() {
+    QTcpServer listener;
+    require(listener.listen(), "the check could not listen on this computer");
+    return listener.serverPort();
+}
+
+/// Starts and stops the server on a free port, which it leaves with this object.
+class Serving {
+public:
+    Serving() { requireOffer(!checked.isServing()); }
+    ~Serving() {
+        checked.stopServing();
+        checked.setPort(m_former);
+    }
+    Serving(const Serving &) = delete;
+    Serving &operator=(const Serving &) = delete;
+
+    /// Throws NotOffered if the server cannot serve.
+    void start() const {
+        // Another program may be faster to use a port.
+        constexpr int most = 5;
+        for (int i = 0; i < most && !checked.isServing(); ++i) {
+            checked.setPort(freePort());
+            checked.startServing();
+        }
+        requireOffer(checked.isServing());
+    }
+
+    QVDirectConnectionServer &checked = server();
+
+private:
+    const quint16 m_former = checked.port();
+};
+
+void servingIsAnnounced() {
+    const Serving serving;
+    int count = 0;
+    QObject receiver;
+    QObject::connect(&serving.checked, &QVDirectConnectionServer::servingChanged, &receiver,
+                     [&] { ++count; });
+    serving.start();
+    require(count > 0, "the server was started without an announcement");
+    count = 0;
+    serving.checked.startServing();
+    require(count == 0, "starting a server that is serving has an effect");
+    serving.checked.stopServing();
+    require(count == 1 && !serving.checked.isServing(),
+            "stopping the server does not announce it once");
+}
+
+void addressIsAnnounced() {
+    const Serving serving;
+    QString announced = serving.checked.addressText();
+    QObject receiver;
+    QObject::connect(&serving.checked, &QVDirectConnectionServer::addressTextChanged, &receiver,
+                     [&] { announced = serving.checked.addressText(); });
+    serving.start();
+    require(announced == serving.checked.addressText(),
+            "the start changes it without an announcement");
+    serving.checked.stopServing();
+    require(announced == serving.checked.addressText(),
+            "the end changes it without an announcement");
+}
+
+void servedDatabaseIsAnnounced() {
+    const QVariantList databases = server().databases();
+    requireOffer(!databases.isEmpty());
+    for (const QVariant &each : databases) {
+        const auto database = each.value<std::shared_ptr<QVServedDatabase>>();
+        require(database != nullptr, "an entry is no QVServedDatabase");
+        int count = 0;
+        QObject receiver;
+        QObject::connect(database.get(), &QVServedDatabase::servedChanged, &receiver,
+                         [&] { ++count; });
+        const bool wasServed = database->isServed();
+        for (const bool isServed : {wasServed, !wasServed, wasServed}) {
+            count = 0;
+            database->setServed(isServed);
+            require(count == 1, "choosing does not announce it once");
+            require(database->isServed() == isServed, "the choice is not the one that was made");
+        }
+    }
+}
+
+void cancelledSignInEndsOnce() {
+    auto &manager = classObject<QVDropboxSessionManager>("QVDropboxSessionManager");
+    const auto session = manager.sessionWithURL(Url());
+    requireOffer(session != nullptr);
+    // Before, so that nothing is opened in which the user could sign in.
+    const auto future = newFuture();
+    future->cancel();
+    Handler<std::shared_ptr<PZDropboxAccountInfo>, std::optional<Error>> ended;
+    ended.willCall();
+    session->authorizeWithFuture(future, ended.function());
+    ended.requireOneCall();
+    require(ended.wasCalledOnMainThread(), "the handler is called on another thread");
+    require(!ended.wasCalledWithinCall(), "the handler is called from within the function");
+    const auto &[account, error] = ended.values();
+    require(!account && error, "a sign-in that was cancelled succeeds");
+}
+
 void sessionsAreNotNull() {
     auto &manager = classObject<QVDropboxSessionManager>("QVDropboxSessionManager");
     for (const char *text : {"", "dropbox://person@localhost"}) {
@@ -73,6 +193,12 @@ void sessionsAreNotNull() {
 constexpr HostPromise Promises[] = {
     {"QVDirectConnectionServer.URLScheme", Server,
      "Returns the URL scheme of direct-connection locations, in lower case;", &schemeIsInLowerCase},
+    {"QVDirectConnectionServer.bonjourServiceType", Server,
+     "Returns the service type (RFC 6763, section 7) under which servers are announced on the "
+     "local network, such as \"_http._tcp\";",
+     &serviceTypeIsOfTCP},
+    {"QVDirectConnectionServer.lastConnectionText", Server,
+     "The same for all clients that have never connected.", &unknownClientsHaveOneText},
     {"QVDirectConnectionServer.port", Server, "Never 0.", &portsAreNotNull},
     {"QVDirectConnectionServer.setPort", Server,
      "Sets the port and emits portChanged(), also if the port stays the same. 0 selects "
@@ -84,6 +210,17 @@ constexpr HostPromise Promises[] = {
      "Returns the announcement of this server on the local network, or nullptr unless the server "
      "is serving.",
      &stoppedServerIsNotAnnounced},
+    {"QVDirectConnectionServer.servingChanged", Server,
+     "Emitted after the server was started or stopped, or could not be started.",
+     &servingIsAnnounced},
+    {"QVDirectConnectionServer.addressTextChanged", Server,
+     "Emitted after addressText() has changed.", &addressIsAnnounced},
+    {"QVServedDatabase.setServed", "Host/QVServedDatabase.h",
+     "Emits servedChanged() in both cases.", &servedDatabaseIsAnnounced},
+    {"QVDropboxSession.authorizeWithFuture", "Host/QVDropboxSessionManager.h",
+     "is called exactly once, on the main thread and after this function has returned: also when "
+     "the sign-in fails, times out, or is cancelled through `future`, which must not be null.",
+     &cancelledSignInEndsOnce},
     {"QVDropboxSessionManager.sessionWithURL", "Host/QVDropboxSessionManager.h",
      "Returns a new session for the location with this URL; a nil URL stands for a location that "
      "is not configured yet. Never null.",

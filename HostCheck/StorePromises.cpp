@@ -1,9 +1,13 @@
 #include "HostCheck/StorePromises.h"
 
+#include <QtCore/QDirIterator>
+#include <mutex>
+
 #include "Host/QVSyncStore.h"
 #include "Host/QVSyncStoreCheck.h"
 #include "HostCheck/Checking.h"
 #include "HostCheck/Handler.h"
+#include "HostCheck/StoreServer.h"
 
 using namespace Checking;
 
@@ -95,7 +99,7 @@ void handlerIsCalledOnAThread() {
 template <Start start>
 void cancelledOperationFails() {
     const NewStore made;
-    for (int i = 0; i < 8; ++i) {
+    for (int i = 0; i < 4; ++i) {
         made.open();
         Done done;
         const auto future = start(*made.store, done);
@@ -104,6 +108,166 @@ void cancelledOperationFails() {
         done.requireCall();
         require(!future->isCancelled() || failed(done), "a cancelled operation succeeds");
     }
+}
+
+/// A store that is being opened, which does not end before the server answers.
+class PendingStore {
+public:
+    PendingStore() {
+        require(m_store != nullptr, "no store was made");
+        m_future = open(*m_store, m_opened);
+        require(m_future != nullptr, "its future is null");
+        wait([this] { return m_server.isAsked() || m_opened.wasCalled(); });
+        requireOffer(m_server.isAsked());
+    }
+    ~PendingStore() { m_future->cancel(); }
+    PendingStore(const PendingStore &) = delete;
+    PendingStore &operator=(const PendingStore &) = delete;
+
+    QVSyncStore &store() const { return *m_store; }
+    const std::shared_ptr<PZFuture> &future() const { return m_future; }
+    bool isOpening() const { return !m_opened.wasCalled() && !m_future->isCancelled(); }
+    void requireCancellation() {
+        require(m_future->isCancelled(), "the future of the operation is not cancelled");
+        m_opened.requireOneCall();
+        require(failed(m_opened), "a cancelled operation succeeds");
+    }
+    /// Lets the server answer, and waits for the end. Throws NotOffered if the store is not opened.
+    void finish() {
+        m_server.answer();
+        m_opened.requireOneCall();
+        requireOffer(!failed(m_opened));
+    }
+
+private:
+    StoreServer m_server;
+    const std::shared_ptr<QVSyncLocation> m_location = newLocation(m_server.URL());
+    const std::shared_ptr<QVSyncStore> m_store = m_location->createStore();
+    Done m_opened;
+    std::shared_ptr<PZFuture> m_future;
+};
+
+void runningOperationIsCancelled() {
+    PendingStore pending;
+    require(pending.isOpening(), "opening ends although the server does not answer");
+    pending.future()->cancel();
+    pending.requireCancellation();
+}
+
+/// Starts an operation with an open store whose server does not answer any more, and cancels it.
+template <Start start>
+void cancelMidway() {
+    StoreServer server;
+    const auto store = newLocation(server.URL())->createStore();
+    require(store != nullptr, "no store was made");
+    server.answer();
+    Done opened;
+    open(*store, opened);
+    opened.requireCall();
+    requireOffer(!failed(opened));
+    server.hold();
+    Done done;
+    const auto future = start(*store, done);
+    require(future != nullptr, "its future is null");
+    // An operation may need no server.
+    wait([&] { return server.isAsked() || done.wasCalled(); });
+    future->cancel();
+    require(!server.isAsked() || future->isCancelled(),
+            "the future of the operation is not cancelled");
+    done.requireOneCall();
+    require(!future->isCancelled() || failed(done), "a cancelled operation succeeds");
+}
+
+void attachedOperationIsCancelled() {
+    PendingStore pending;
+    const auto future = newFuture();
+    future->cascadeCancellationToFuture(pending.future());
+    require(pending.isOpening(), "attaching the future of an operation ends it");
+    future->cancel();
+    pending.requireCancellation();
+}
+
+void cancelledFutureCancelsOperation() {
+    PendingStore pending;
+    const auto future = newFuture();
+    future->cancel();
+    future->cascadeCancellationToFuture(pending.future());
+    pending.requireCancellation();
+}
+
+void closingLeavesOpening() {
+    PendingStore pending;
+    Done closed;
+    close(pending.store(), closed);
+    closed.requireCall();
+    require(!failed(closed), "closing fails while the store is being opened");
+    require(pending.isOpening(), "closing cancels an operation that is running");
+}
+
+void closedStoreIsOpenAgain() {
+    PendingStore pending;
+    Done closed;
+    close(pending.store(), closed);
+    closed.requireCall();
+    pending.finish();
+    Done fetched;
+    fetch(pending.store(), fetched);
+    fetched.requireCall();
+    require(!failed(fetched), "a store that was closed while it was opened is not open afterwards");
+}
+
+/// Futures that a handler uses.
+struct UsedInHandler {
+    const std::shared_ptr<PZFuture> cancelled = newFuture();
+    const std::shared_ptr<PZFuture> attached = newFuture();
+    const std::shared_ptr<PZFuture> next = newFuture();
+    std::mutex mutex;
+    /// That of the operation, as soon as it is known.
+    std::shared_ptr<PZFuture> own;
+
+    void use() {
+        std::unique_lock lock(mutex);
+        const auto ofOperation = own;
+        lock.unlock();
+        if (ofOperation) {
+            ofOperation->isCancelled();
+            ofOperation->cancel();
+        }
+        cancelled->cascadeCancellationToFuture(attached);
+        cancelled->passControlToFuture(next);
+        cancelled->cancel();
+    }
+};
+
+void handlersUseFutures() {
+    const NewStore made;
+    const auto futures = std::make_shared<UsedInHandler>();
+    Done done;
+    const auto future = made.store->openWithCompletionHandler(
+        [futures, handler = done.function()](const auto &error) {
+            futures->use();
+            handler(error);
+        });
+    {
+        const std::lock_guard lock(futures->mutex);
+        futures->own = future;
+    }
+    done.requireCall();
+    require(futures->cancelled->isCancelled(), "a future is not cancelled from within a handler");
+    require(futures->attached->isCancelled(), "a future is not attached from within a handler");
+}
+
+void finishedFutureIsPendingAgain() {
+    const NewStore made;
+    Done done;
+    const auto future = open(*made.store, done);
+    require(future != nullptr, "its future is null");
+    done.requireEnd();
+    const auto next = newFuture();
+    future->passControlToFuture(next);
+    future->cancel();
+    require(future->isCancelled(), "a future that was handed over cannot be cancelled");
+    require(next->isCancelled(), "the future that has control is not cancelled");
 }
 
 void cancellingCallsNoHandler() {
@@ -273,6 +437,33 @@ void checkClosesTheStore() {
     require(!made.canFetch(), "the store is open after the check");
 }
 
+/// Returns the paths of everything in the store.
+QStringList contentsOf(const NewStore &made) {
+    QStringList paths;
+    QDirIterator each(made.folder.URL.path(),
+                      QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                      QDirIterator::Subdirectories);
+    while (each.hasNext()) {
+        paths.append(each.next());
+    }
+    paths.sort();
+    return paths;
+}
+
+void checkLeavesNoProbe() {
+    const NewStore made;
+    const auto checkable = QVCheckableStore::of(made.store);
+    requireOffer(checkable != nullptr);
+    const QStringList before = contentsOf(made);
+    Handler<QVSyncStoreCheck> checked;
+    checkable->checkWithCompletionHandler(checked.function());
+    checked.requireOneCall();
+    const auto &[found] = checked.values();
+    require(found.isReadable && found.isWritable && !found.error,
+            "a folder counts as one that cannot be read and written");
+    require(contentsOf(made) == before, "the check leaves something in the store");
+}
+
 constexpr char Operation[] =
     "Every operation returns its future at once and runs on a worker thread. Its handler, which "
     "must not be empty, is called there exactly once, possibly before the operation has returned "
@@ -290,6 +481,11 @@ constexpr HostPromise Promises[] = {
      &handlerIsCalledOnAThread<open>},
     {"QVSyncStore.openWithCompletionHandler (cancelled)", Header, Cancelled,
      &cancelledOperationFails<open>},
+    {"QVSyncStore.openWithCompletionHandler (cancelled midway)", Header, Cancelled,
+     &runningOperationIsCancelled},
+    {"QVSyncStore.openWithCompletionHandler (closed midway)", Header,
+     "If the store is closed while this runs, it is open again if this succeeds.",
+     &closedStoreIsOpenAgain},
     {"QVSyncStore.openWithCompletionHandler (after closing)", Header, Reopened,
      &closedStoreCanBeOpened},
     {"QVSyncStore.openWithCompletionHandler (failed)", Header, Reopened, &failedStoreIsNotOpen},
@@ -300,6 +496,8 @@ constexpr HostPromise Promises[] = {
      &handlerIsCalledOnAThread<fetch>},
     {"QVSyncStore.fetchDatabasesWithCompletionHandler (cancelled)", Header, Cancelled,
      &cancelledOperationFails<fetch>},
+    {"QVSyncStore.fetchDatabasesWithCompletionHandler (cancelled midway)", Header, Cancelled,
+     &cancelMidway<fetch>},
     {"QVSyncStore.fetchDatabasesWithCompletionHandler (not open)", Header,
      "Fails if the store is not open, also after it was closed.", &unopenedStoreIsNotRead},
     {"QVSyncStore.fetchDatabasesWithCompletionHandler (closed)", Header,
@@ -314,11 +512,15 @@ constexpr HostPromise Promises[] = {
      &handlerIsCalledOnAThread<close>},
     {"QVSyncStore.closeWithCompletionHandler (cancelled)", Header, Cancelled,
      &cancelledOperationFails<close>},
+    {"QVSyncStore.closeWithCompletionHandler (cancelled midway)", Header, Cancelled,
+     &cancelMidway<close>},
     {"QVSyncStore.closeWithCompletionHandler (not open)", Header,
      "Closes the store. Succeeds also if the store is not open.", &unopenedStoreCanBeClosed},
     {"QVSyncStore.closeWithCompletionHandler (midway)", Header,
      "closing neither waits for nor cancels an operation that is running.",
      &closingLeavesOtherOperations},
+    {"QVSyncStore.closeWithCompletionHandler (opening)", Header,
+     "closing neither waits for nor cancels an operation that is running.", &closingLeavesOpening},
     {"QVSyncStore (released)", Header,
      "a store keeps itself alive until its running operations have ended.", &storeLivesWhileItRuns},
     {"PZFuture.cancel (handler)", "Host/PZFuture.h",
@@ -328,8 +530,20 @@ constexpr HostPromise Promises[] = {
     {"PZFuture.isCancelled (finished)", "Host/PZFuture.h",
      "Returns whether cancel() was called before the operation had finished.",
      &finishedOperationIsNotCancelled},
+    {"PZFuture.cascadeCancellationToFuture (operation)", "Host/PZFuture.h",
+     "Attaches `future`: cancelling this future also cancels `future`.",
+     &attachedOperationIsCancelled},
+    {"PZFuture.cascadeCancellationToFuture (cancelled before)", "Host/PZFuture.h",
+     "If this future is cancelled already, `future` is cancelled within this call.",
+     &cancelledFutureCancelsOperation},
+    {"PZFuture.passControlToFuture (finished)", "Host/PZFuture.h",
+     "this future is pending again if it had finished, and cancelling it cancels that operation.",
+     &finishedFutureIsPendingAgain},
     {"PZFuture (released)", "Host/PZFuture.h", "releasing a future does not cancel its operation.",
      &releasedFutureCancelsNothing},
+    {"PZFuture (within a handler)", "Host/PZFuture.h",
+     "Every function is thread-safe, returns at once, and may be called from within a handler.",
+     &handlersUseFutures},
     {"QVRemoteDatabase.UUID", Remote,
      "Returns the identifier of the database, \"@inbox\" for the inbox. Never empty.",
      &databasesHaveUUIDs},
@@ -339,6 +553,10 @@ constexpr HostPromise Promises[] = {
      "Returns the store that this database was read from. Never null.", &databasesHaveTheirStore},
     {"QVCheckableStore.checkWithCompletionHandler", Check, "The store is closed afterwards.",
      &checkClosesTheStore},
+    {"QVCheckableStore.checkWithCompletionHandler (probe)", Check,
+     "Opens the store, reads which databases it contains, and writes, reads and removes a small "
+     "probe, which is no record and which no reader notices.",
+     &checkLeavesNoProbe},
 };
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <optional>
 
+#include "HostCheck/CrashReport.h"
 #include "HostCheck/HostRun.h"
 #include "Platform/Foundation/Assertion.h"
 
@@ -80,6 +81,7 @@ int checkPlugIn(const Arguments &arguments, QTemporaryDir &folder) {
 
 int main(int argumentCount, char **arguments) {
     installAssertionReporter();
+    CrashReport::install();
     QTemporaryDir folder;
     hideUser(folder);
     // No window is shown, so no display is needed.

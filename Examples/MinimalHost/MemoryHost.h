@@ -7,14 +7,15 @@
 #include <Host/QVSyncLocationsController.h>
 #include <Host/QVSyncPlugin.h>
 #include <Host/QVSyncStore.h>
+#include <Host/SyncStrings.h>
 #include <Platform/Foundation/Assertion.h>
 #include <QtCore/QDebug>
 #include <QtCore/QDir>
+#include <QtCore/QThreadPool>
 #include <QtCore/QTimer>
 #include <QtGui/QPixmap>
 #include <atomic>
 #include <mutex>
-#include <thread>
 using Database = std::shared_ptr<QVDatabase>;
 using Location = std::shared_ptr<QVSyncLocation>;
 using Store = std::shared_ptr<QVSyncStore>;
@@ -47,8 +48,7 @@ struct MemoryState : QVSyncState {
     void setSyncOnClose(bool is) override { set(m_onClose, is, &QVSyncState::syncOnCloseChanged); }
     QDateTime lastSynced() const override { return m_date; }
     void setLastSynced(const QDateTime &to) { set(m_date, to, &QVSyncState::lastSyncedChanged); }
-    template <class Value>
-    void set(Value &variable, const Value &value, void (QVSyncState::*changed)()) {
+    void set(auto &variable, const auto &value, void (QVSyncState::*changed)()) {
         variable = value;
         (this->*changed)();
     }
@@ -93,8 +93,7 @@ struct MemoryFuture : PZFuture {
     static bool keepsAlive(const Future &future, const PZFuture *other) {
         const auto *ours = dynamic_cast<const MemoryFuture *>(future.get());
         const auto leads = [&](const auto &each) { return keepsAlive(each.second, other); };
-        return future.get() == other ||
-               (ours && std::any_of(ours->m_attached.begin(), ours->m_attached.end(), leads));
+        return future.get() == other || (ours && std::ranges::any_of(ours->m_attached, leads));
     }
     static inline std::mutex mutex;
     std::atomic<bool> m_isCancelled = false, m_isFinished = false;
@@ -102,34 +101,34 @@ struct MemoryFuture : PZFuture {
 };
 // Step 4: a store reads a location. Its handlers are called once, on threads of its own.
 struct MemoryStore : QVSyncStore {
-    using IsOpen = std::atomic<bool>;
     explicit MemoryStore(const Location &location) : m_location(location) {}
     Location location() const override { return m_location; }
     Future openWithCompletionHandler(ErrorHandler handler) override {
-        return run(handler, [is = m_isFolder](IsOpen &isOpen) { return isOpen = is; });
+        return run(handler, [is = m_isFolder](std::atomic<bool> &isOpen) { return isOpen = is; });
     }
     Future fetchDatabasesWithCompletionHandler(DatabasesHandler handler) override {
         const auto done = [handler](const std::optional<Error> &error) {
             handler(error ? std::nullopt : std::optional(QVRemoteDatabases()), error);
         };
-        return run(done, [](IsOpen &isOpen) { return isOpen.load(); });
+        return run(done, [](std::atomic<bool> &isOpen) { return isOpen.load(); });
     }
     Future closeWithCompletionHandler(ErrorHandler handler) override {
-        return run(handler, [](IsOpen &isOpen) { return !(isOpen = false); });
+        return run(handler, [](std::atomic<bool> &isOpen) { return !(isOpen = false); });
     }
-    Future run(ErrorHandler handler, std::function<bool(IsOpen &)> work) const {
+    Future run(ErrorHandler handler, std::function<bool(std::atomic<bool> &)> work) const {
         const auto future = std::make_shared<MemoryFuture>();
-        std::thread([future, handler, work, isOpen = m_isOpen] {
+        threads.start([future, handler, work, isOpen = m_isOpen] {
             const char *problem = future->finish() ? "It was cancelled."
                                   : !work(*isOpen) ? "The folder is not open."
                                                    : nullptr;
             handler(problem ? std::optional(Error{.localizedDescription = problem}) : std::nullopt);
-        }).detach();
+        });
         return future;
     }
+    static inline QThreadPool threads;
     const Location m_location;
     const bool m_isFolder = m_location->URL().isFileURL();
-    const std::shared_ptr<IsOpen> m_isOpen = std::make_shared<IsOpen>(false);
+    const std::shared_ptr<std::atomic<bool>> m_isOpen = std::make_shared<std::atomic<bool>>(false);
 };
 // Step 5: a location has an address, and at most one state for each database.
 struct MemoryLocation : QVSyncLocation, std::enable_shared_from_this<MemoryLocation> {
@@ -161,16 +160,15 @@ struct MemoryLocations : QVSyncLocationsController {
     QList<Location> syncLocations() const override { return m_list; }
     qsizetype countOfSyncLocations() const override { return m_list.size(); }
     void insertObjectInSyncLocationsAtIndex(const Location &location, qsizetype index) override {
-        requireParameter(location != nullptr, "location", "MemoryLocations::insert", "MemoryHost");
+        requireParameter(dynamic_cast<MemoryLocation *>(location.get()), "location",
+                         "MemoryLocations::insert", "MemoryHost");
         m_list.insert(index, location);
     }
     qsizetype indexOfObjectInSyncLocations(const Location &location) const override {
         return m_list.indexOf(location);
     }
     void removeObjectFromSyncLocationsAtIndex(qsizetype index) override {
-        if (index >= 0 && index < m_list.size()) {
-            m_list.removeAt(index);
-        }
+        m_list.removeOne(m_list.value(index));
     }
     bool save(std::optional<Error> * /*error*/) override { return true; }
     QList<Location> m_list{std::make_shared<MemoryLocation>(Url::fileURL(QDir::homePath()))};
@@ -213,6 +211,8 @@ struct MemoryPlugin : QVSyncPlugin {
 };
 // Step 7: the application has the databases and shows errors.
 struct MemoryApplication : QVApplication {
+    MemoryApplication() { setNSApp(this); }
+    ~MemoryApplication() override { setNSApp(nullptr); }
     Database inbox() const override { return databases["1"]; }
     void logItemCmd(const QString & /*title*/, const QString &info) override { qInfo() << info; }
     void presentError(const Error &error) override { qWarning() << error.localizedDescription; }
@@ -222,16 +222,18 @@ struct MemoryApplication : QVApplication {
 };
 // Step 8: class objects, through which the pane finds and makes all this.
 struct MemoryFormatter : QVSyncLocationFormatter {
-    explicit MemoryFormatter(const Url &URL) : m_path(URL.path()) {}
-    QString title() const override { return QDir(m_path).dirName(); }
+    explicit MemoryFormatter(const Url &URL) : m_URL(URL) {}
+    QString title() const override { return QDir(m_URL.path()).dirName(); }
     QPixmap icon() const override {
         QPixmap icon(64, 64);
         icon.fill(Qt::gray);
         icon.setDevicePixelRatio(2);
         return icon;
     }
-    QString locationType() const override { return "Local Sync Store"; }
-    const QString m_path;
+    QString locationType() const override {
+        return localizedSyncString(m_URL.isFileURL() ? "Local Sync Store" : "Unknown Location");
+    }
+    const Url m_URL;
 };
 struct MemorySchedule : QVSyncSchedule {
     bool isHourly() const override { return false; }
@@ -245,6 +247,7 @@ struct Classes : QVSyncPlugin::Class,
                  QVSyncLocationFormatter::Class,
                  QVSyncSchedule::Class,
                  PZFuture::Class {
+    ~Classes() override { MemoryStore::threads.waitForDone(); }
     bool isAvailable() const override { return true; }
     QVSyncPlugin *plugin() const override { return &m_plugin; }
     Database databaseForUUID(const QString &UUID, bool /*lookingUpAll*/) const override {

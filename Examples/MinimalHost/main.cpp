@@ -7,11 +7,9 @@
 int main(int argumentCount, char **arguments) {
     QApplication qt(argumentCount, arguments);
     Classes classes;
-    setNSApp(&classes.m_application);
     QPluginLoader loader(PANE);
     auto *plugIn = qobject_cast<PreferencePanePlugIn *>(loader.instance());
-    const QJsonObject info = loader.metaData().value("MetaData").toObject();
-    const auto pane = plugIn ? plugIn->makePreferencePane(info)
+    const auto pane = plugIn ? plugIn->makePreferencePane(loader.metaData()["MetaData"].toObject())
                              : failure({.localizedDescription = loader.errorString()});
     if (!pane) {
         NSApp()->presentError(pane.error());
@@ -20,9 +18,8 @@ int main(int argumentCount, char **arguments) {
     (*pane)->loadMainView();
     (*pane)->willSelect();
     (*pane)->mainView()->show();
-    const QString picture = qt.arguments().value(1);
-    const bool isDone = picture.isEmpty() ? QApplication::exec() == EXIT_SUCCESS
-                                          : (*pane)->mainView()->grab().save(picture);
+    const bool isDone = argumentCount > 1 ? (*pane)->mainView()->grab().save(arguments[1])
+                                          : QApplication::exec() == EXIT_SUCCESS;
     (*pane)->willDeselect();
     return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
 }

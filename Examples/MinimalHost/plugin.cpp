@@ -11,13 +11,9 @@ class MemoryHostPlugIn : public QObject, public QVHostPlugIn {
 public:
     Expected<void> begin(const QString & /*folder*/) override {
         m_classes = std::make_unique<Classes>();
-        setNSApp(&m_classes->m_application);
         return {};
     }
-    void end() override {
-        setNSApp(nullptr);
-        m_classes.reset();
-    }
+    void end() override { m_classes.reset(); }
 
 private:
     std::unique_ptr<Classes> m_classes;

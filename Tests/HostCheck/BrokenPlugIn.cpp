@@ -1,7 +1,10 @@
-// The smallest host, but one that breaks the promises about futures, cannot begin, or does not
-// return.
+// The smallest host, but one that breaks the promises about futures, cannot begin, does not return,
+// or crashes.
 
 #include <Host/QVHostPlugIn.h>
+
+#include <csignal>
+#include <thread>
 
 #include "Examples/MinimalHost/MemoryHost.h"
 
@@ -15,6 +18,9 @@ void returnUnlessAsked(const char *place) {
 struct NullFutures : Classes {
     Future future() const override {
         returnUnlessAsked("future");
+        if (qEnvironmentVariableIsSet("CRASHES")) {
+            std::raise(SIGSEGV);
+        }
         return nullptr;
     }
 };
@@ -30,12 +36,10 @@ public:
             return failure({.localizedDescription = "It cannot begin."});
         }
         m_classes = std::make_unique<NullFutures>();
-        setNSApp(&m_classes->m_application);
         return {};
     }
     void end() override {
         returnUnlessAsked("end");
-        setNSApp(nullptr);
         m_classes.reset();
     }
 

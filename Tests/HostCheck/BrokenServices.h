@@ -5,6 +5,7 @@
 #include "Examples/MinimalHost/MemoryHost.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVDropboxSessionManager.h"
+#include "Host/QVServedDatabase.h"
 #include "HostCheck/BrokenPromise.h"
 #include "Platform/Network/NetService.h"
 
@@ -19,7 +20,10 @@ public:
         quint16 defaultPort() const override {
             return breaks("QVDirectConnectionServer.port") ? 0 : 4711;
         }
-        QString bonjourServiceType() const override { return "_direct._tcp"; }
+        QString bonjourServiceType() const override {
+            return breaks("QVDirectConnectionServer.bonjourServiceType") ? "direct"
+                                                                         : "_direct._tcp";
+        }
         QString clientAuthorizationServiceName() const override {
             return breaks("QVDirectConnectionServer.clientAuthorizationServiceName") ? ""
                                                                                      : "Direct";
@@ -33,12 +37,21 @@ public:
             Q_EMIT portChanged();
         }
     }
-    bool isServing() const override { return false; }
-    void startServing() override { Q_EMIT servingChanged(); }
+    bool isServing() const override { return m_isServing; }
+    void startServing() override { serve(true); }
     void stopServing() override {
-        if (breaks("QVDirectConnectionServer.stopServing")) {
+        if (m_isServing) {
+            serve(false);
+        } else if (breaks("QVDirectConnectionServer.stopServing")) {
             Q_EMIT servingChanged();
         }
+    }
+    QString addressText() const override { return m_isServing ? "Port 40001" : ""; }
+    QString lastConnectionText(const QString &client) const override {
+        return breaks("QVDirectConnectionServer.lastConnectionText") ? client : "Never";
+    }
+    QVariantList databases() const override {
+        return {QVariant::fromValue<std::shared_ptr<QVServedDatabase>>(m_database)};
     }
     std::shared_ptr<NetService> bonjourService() const override {
         return breaks("QVDirectConnectionServer.bonjourService")
@@ -47,7 +60,32 @@ public:
     }
 
 private:
+    struct ServedDatabase : QVServedDatabase {
+        QString name() const override { return "Inbox"; }
+        bool isServed() const override { return m_isServed; }
+        void setServed(bool isServed) override {
+            const bool wasServed = std::exchange(m_isServed, isServed);
+            if (wasServed != isServed || !breaks("QVServedDatabase.setServed")) {
+                Q_EMIT servedChanged();
+            }
+        }
+        bool m_isServed = true;
+    };
+
+    void serve(bool isServing) {
+        const bool wasServing = std::exchange(m_isServing, isServing);
+        const bool isAnnouncedAgain = breaks("QVDirectConnectionServer.servingChanged");
+        if (wasServing != isServing || isAnnouncedAgain) {
+            Q_EMIT servingChanged();
+        }
+        if (!breaks("QVDirectConnectionServer.addressTextChanged")) {
+            Q_EMIT addressTextChanged();
+        }
+    }
+
     quint16 m_port = 40001;
+    bool m_isServing = false;
+    const std::shared_ptr<ServedDatabase> m_database = std::make_shared<ServedDatabase>();
 };
 
 /// Accounts to which no user can sign in.
@@ -61,7 +99,12 @@ public:
 private:
     struct Session : QVDropboxSession {
         void authorizeWithFuture(const Future & /*future*/, Handler handler) override {
-            QTimer::singleShot(0, qApp, [handler] { handler(nullptr, Error{}); });
+            const auto end = [handler] { handler(nullptr, Error{}); };
+            if (breaks("QVDropboxSession.authorizeWithFuture")) {
+                end();
+            } else {
+                QTimer::singleShot(0, qApp, end);
+            }
         }
     };
 };

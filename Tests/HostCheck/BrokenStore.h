@@ -28,11 +28,22 @@ private:
     mutable Metadata m_metadata;
 };
 
-/// A future of an operation that begins later, so that it can be cancelled before.
+/// How many futures are cancelling those that are attached to them, on this thread.
+inline thread_local int cancellationDepth = 0;
+/// Whether a future is being attached to another one, on this thread.
+inline thread_local bool isAttaching = false;
+
+/// A future of an operation that can be cancelled before it ends.
 class BrokenOperation : public MemoryFuture {
 public:
-    explicit BrokenOperation(QVSyncStore::ErrorHandler handler) : m_handler(std::move(handler)) {}
+    /// `key` is that of the promise that the operation fails if it is cancelled.
+    BrokenOperation(QVSyncStore::ErrorHandler handler, const char *key)
+        : m_handler(std::move(handler)), m_key(key) {}
     void cancel() override {
+        if (cancellationDepth > 0 && breaks("PZFuture.cascadeCancellationToFuture (operation)")) {
+            return;
+        }
+        m_isIgnored = cancellationDepth == 0 && !isAttaching && breaks(m_key);
         MemoryFuture::cancel();
         if (breaks("PZFuture.isCancelled (finished)")) {
             m_isCancelled = true;
@@ -41,17 +52,34 @@ public:
             end("It was cancelled.");
         }
     }
+    void passControlToFuture(const Future &future) override {
+        if (breaks("PZFuture.passControlToFuture (finished)")) {
+            cascadeCancellationToFuture(future);
+        } else {
+            MemoryFuture::passControlToFuture(future);
+        }
+    }
     /// Ends the operation, unless it has ended, with a problem if there is one.
     void end(const char *problem) {
         const bool isCancelled = finish();
-        if (const auto handler = std::exchange(m_handler, nullptr)) {
-            const char *reason = isCancelled ? "It was cancelled." : problem;
+        if (const auto handler = takeHandler()) {
+            const char *reason = m_isIgnored   ? nullptr
+                                 : isCancelled ? "It was cancelled."
+                                               : problem;
             handler(reason ? std::optional(Error{.localizedDescription = reason}) : std::nullopt);
         }
     }
 
 private:
+    QVSyncStore::ErrorHandler takeHandler() {
+        const std::lock_guard lock(mutex);
+        return std::exchange(m_handler, nullptr);
+    }
+
     QVSyncStore::ErrorHandler m_handler;
+    const char *const m_key;
+    /// Whether the operation was cancelled, but succeeds.
+    std::atomic<bool> m_isIgnored = false;
 };
 
 /// A handle of `operation` that cancels it when it is released.
@@ -60,6 +88,9 @@ public:
     explicit ReleasedFuture(const Future &operation) : m_operation(operation) {}
     ~ReleasedFuture() override { m_operation->cancel(); }
     void cancel() override { m_operation->cancel(); }
+    void passControlToFuture(const Future &future) override {
+        m_operation->passControlToFuture(future);
+    }
     bool isCancelled() const override { return m_operation->isCancelled(); }
 
 private:
@@ -73,14 +104,19 @@ public:
     ~BrokenStore() override { *m_isAlive = false; }
 
     Location location() const override {
-        return breaks("QVSyncStore.location") ? std::make_shared<MemoryLocation>(Url())
-                                              : MemoryStore::location();
+        return breaks("QVSyncStore.location") && m_databases.isEmpty()
+                   ? std::make_shared<MemoryLocation>(Url())
+                   : MemoryStore::location();
     }
     Future openWithCompletionHandler(ErrorHandler handler) override {
         m_wasOpened = true;
         m_wasFetched = false;
+        if (m_location->URL().scheme() == "http") {
+            return openAtServer(handler);
+        }
         for (const char *key : {"QVSyncStore (released)", "PZFuture.cancel (handler)",
-                                "PZFuture.isCancelled (finished)", "PZFuture (released)"}) {
+                                "PZFuture.isCancelled (finished)", "PZFuture (released)",
+                                "PZFuture.passControlToFuture (finished)"}) {
             if (breaks(key)) {
                 return openLater(handler);
             }
@@ -101,35 +137,56 @@ public:
             handler(isRead && !isEmpty ? std::optional(databases) : std::nullopt,
                     isRead ? std::nullopt : error);
         };
-        const auto work = [](IsOpen &isOpen) { return isOpen.load(); };
+        if (*m_isOpen && m_location->URL().scheme() == "http") {
+            return askServer(done,
+                             "QVSyncStore.fetchDatabasesWithCompletionHandler (cancelled midway)");
+        }
+        const auto work = [](std::atomic<bool> &isOpen) { return isOpen.load(); };
         const auto key = "QVSyncStore.fetchDatabasesWithCompletionHandler";
         return breaks("QVSyncStore.fetchDatabasesWithCompletionHandler (cancelled)")
                    ? uncancelled(done, work)
                    : run(called(key, done), work);
     }
     Future closeWithCompletionHandler(ErrorHandler handler) override {
-        m_wasClosed = true;
+        *m_wasClosed = true;
+        if (const Future opening = m_opening.lock();
+            opening && breaks("QVSyncStore.closeWithCompletionHandler (opening)")) {
+            opening->cancel();
+        }
         const bool staysOpen = breaks("QVSyncStore.fetchDatabasesWithCompletionHandler (closed)");
-        const bool isOpenNeeded = breaks("QVSyncStore.closeWithCompletionHandler (not open)");
+        const bool isOpenNeeded =
+            !m_wasOpened && breaks("QVSyncStore.closeWithCompletionHandler (not open)");
+        const char *const midway = "QVSyncStore.closeWithCompletionHandler (cancelled midway)";
+        if (breaks(midway) && *m_isOpen && m_location->URL().scheme() == "http") {
+            return askServer(handler, midway);
+        }
         const bool isRefused =
             m_wasFetched && breaks("QVSyncStore.closeWithCompletionHandler (midway)");
-        const auto work = [=](IsOpen &isOpen) {
+        const auto work = [=](std::atomic<bool> &isOpen) {
             const bool wasOpen = isOpen;
             isOpen = staysOpen && wasOpen;
             return !isRefused && (wasOpen || !isOpenNeeded);
         };
         return breaks("QVSyncStore.closeWithCompletionHandler (cancelled)")
                    ? uncancelled(handler, work)
-                   : run(called("QVSyncStore.closeWithCompletionHandler", handler), work);
+                   : run(m_isFolder ? called("QVSyncStore.closeWithCompletionHandler", handler)
+                                    : handler,
+                         work);
     }
     Future checkWithCompletionHandler(CheckHandler handler) override {
         m_wasOpened = true;
         const bool staysOpen = breaks("QVCheckableStore.checkWithCompletionHandler");
-        return run([=](const auto &error) { handler({.isReadable = !error, .error = error}); },
-                   [=](IsOpen &isOpen) {
-                       isOpen = staysOpen;
-                       return true;
-                   });
+        if (breaks("QVCheckableStore.checkWithCompletionHandler (probe)")) {
+            QDir(m_location->URL().path()).mkdir("probe");
+        }
+        return run(
+            [=](const auto &error) {
+                handler({.isReadable = !error, .error = error, .isWritable = !error});
+            },
+            [=](std::atomic<bool> &isOpen) {
+                isOpen = staysOpen;
+                return true;
+            });
     }
     /// Makes the store contain the database "1". It is not read by others.
     void addDatabase() {
@@ -138,7 +195,9 @@ public:
     }
 
 private:
-    using Work = std::function<bool(IsOpen &)>;
+    using Work = std::function<bool(std::atomic<bool> &)>;
+    static constexpr char OpeningMidway[] =
+        "QVSyncStore.openWithCompletionHandler (cancelled midway)";
 
     /// Returns what opens the store, and whether that succeeds.
     Work openingWork() const {
@@ -146,35 +205,54 @@ private:
         if ((breaks("QVSyncLocation.createStore (nil)") && URL.isNil()) ||
             (breaks("QVSyncLocation.createStore (unknown)") && URL.scheme() == "unknown-scheme") ||
             (breaks("QVSyncLocation.setURL (stores)") && URL.isFileURL())) {
-            return [](IsOpen &isOpen) { return isOpen = true; };
+            return [](std::atomic<bool> &isOpen) { return isOpen = true; };
         }
-        if (breaks("QVSyncStore.openWithCompletionHandler (after closing)") && m_wasClosed) {
-            return [](IsOpen & /*isOpen*/) { return false; };
+        if (breaks("QVSyncStore.openWithCompletionHandler (after closing)") && *m_wasClosed) {
+            return [](std::atomic<bool> & /*isOpen*/) { return false; };
         }
         if (breaks("QVSyncStore.openWithCompletionHandler (failed)") && !m_isFolder) {
-            return [](IsOpen &isOpen) { return !(isOpen = true); };
-        }
-        if (URL.scheme() == "http") {
-            return [URL](IsOpen & /*isOpen*/) { return isWelcome(URL); };
+            return [](std::atomic<bool> &isOpen) { return !(isOpen = true); };
         }
         const bool isToggled = breaks("QVSyncStore.openWithCompletionHandler (again)");
-        return [isToggled, is = m_isFolder](IsOpen &isOpen) {
+        return [isToggled, is = m_isFolder](std::atomic<bool> &isOpen) {
             isOpen = is && !(isToggled && isOpen);
             return is;
         };
     }
+    /// Opens the store when its web server has answered.
+    Future openAtServer(const ErrorHandler &handler) {
+        *m_wasClosed = false;
+        const bool staysClosed = breaks("QVSyncStore.openWithCompletionHandler (closed midway)");
+        const ErrorHandler done = [=, isOpen = m_isOpen,
+                                   wasClosed = m_wasClosed](const std::optional<Error> &error) {
+            *isOpen = !error && !(*wasClosed && staysClosed);
+            handler(error);
+        };
+        const Future operation = askServer(done, OpeningMidway);
+        m_opening = operation;
+        return operation;
+    }
+    /// Runs an operation that ends when the web server has answered. `key` is that of the promise
+    /// that it fails if it is cancelled.
+    Future askServer(const ErrorHandler &handler, const char *key) const {
+        const auto operation = std::make_shared<BrokenOperation>(handler, key);
+        threads.start([operation, URL = m_location->URL()] {
+            operation->end(isWelcome(URL, *operation) ? nullptr : "It is not welcome.");
+        });
+        return operation;
+    }
     /// Opens the store from the event loop on.
     Future openLater(const ErrorHandler &handler) const {
-        const auto operation = std::make_shared<BrokenOperation>(handler);
+        const auto operation = std::make_shared<BrokenOperation>(handler, OpeningMidway);
         const bool isDropped = breaks("QVSyncStore (released)");
         const auto isAlive = m_isAlive;
         QTimer::singleShot(0, qApp, [=, isOpen = m_isOpen, work = openingWork()] {
             if (isDropped && !*isAlive) {
                 return;
             }
-            std::thread([=] {
+            threads.start([=] {
                 operation->end(operation->isCancelled() || work(*isOpen) ? nullptr : "No folder.");
-            }).detach();
+            });
         });
         return breaks("PZFuture (released)") ? std::make_shared<ReleasedFuture>(operation)
                                              : Future(operation);
@@ -184,11 +262,11 @@ private:
         const auto future = std::make_shared<MemoryFuture>();
         // Not before a caller had the time to cancel it.
         QTimer::singleShot(0, qApp, [=, isOpen = m_isOpen] {
-            std::thread([=] {
+            threads.start([=] {
                 const bool isDone = work(*isOpen);
                 future->finish();
                 handler(isDone ? std::nullopt : std::optional(Error{}));
-            }).detach();
+            });
         });
         return future;
     }
@@ -207,10 +285,10 @@ private:
         }
         return handler;
     }
-    /// Asks the web server of `URL`, with the password if that may be sent. Returns whether it lets
-    /// this host in.
-    static bool isWelcome(const Url &URL) {
-        QByteArray fields = "PROPFIND / HTTP/1.1\r\nHost: localhost\r\n";
+    /// Asks the web server of `URL`, with the password if that may be sent, until `future` is
+    /// cancelled. Returns whether it lets this host in.
+    static bool isWelcome(const Url &URL, const PZFuture &future) {
+        QByteArray fields = "PROPFIND " + URL.path().toUtf8() + " HTTP/1.1\r\nHost: localhost\r\n";
         const bool isAccepted = UnencryptedPasswords::areAccepted(URL).value_or(false) ||
                                 breaks("QVSyncStore (unencrypted password)");
         const QByteArray password = passwordFor(URL);
@@ -220,7 +298,8 @@ private:
         QTcpSocket socket;
         socket.connectToHost(URL.host(), URL.port().value_or(80));
         socket.write(fields + "\r\n");
-        while (socket.waitForReadyRead()) {
+        while (!future.isCancelled() && socket.state() != QTcpSocket::UnconnectedState) {
+            socket.waitForReadyRead(1);
         }
         return socket.readAll().startsWith("HTTP/1.1 2");
     }
@@ -236,8 +315,11 @@ private:
     }
 
     const std::shared_ptr<std::atomic<bool>> m_isAlive = std::make_shared<std::atomic<bool>>(true);
+    const std::shared_ptr<std::atomic<bool>> m_wasClosed =
+        std::make_shared<std::atomic<bool>>(false);
     QVRemoteDatabases m_databases;
+    /// The operation that opens the store at its server, while it runs.
+    std::weak_ptr<PZFuture> m_opening;
     bool m_wasOpened = false;
-    bool m_wasClosed = false;
     bool m_wasFetched = false;
 };

@@ -1,3 +1,4 @@
+#include "Host/HostVersion.h"
 #include "Support/EventTimeout.h"
 #include "Support/TestMain.h"
 
@@ -20,6 +21,7 @@ struct Run {
         return QString::fromUtf8(output).split('\n').filter(
             QRegularExpression('^' + result + "\\b"));
     }
+    QJsonArray promises() const { return QJsonDocument::fromJson(output)["promises"].toArray(); }
     const QTemporaryDir temporary;
     QProcess process;
     bool isFinished = false;
@@ -40,6 +42,7 @@ private Q_SLOTS:
         QCOMPARE(run.linesOf("not offered"), QStringList());
         QVERIFY2(run.process.exitCode() == 0, run.error.constData());
         QVERIFY(run.linesOf("kept").size() > 100);
+        QCOMPARE(run.linesOf("interface").size(), 1);
     }
 
     void theSmallestHostKeepsWhatItOffers() {
@@ -60,7 +63,7 @@ private Q_SLOTS:
         const Run run({"--json", BROKEN_PLUG_IN});
         QCOMPARE(run.process.exitCode(), 1);
         QMap<QString, QString> reasons;
-        for (const QJsonValue &each : QJsonDocument::fromJson(run.output).array()) {
+        for (const QJsonValue &each : run.promises()) {
             if (each["result"].toString() == "broken") {
                 reasons.insert(each["key"].toString(), each["reason"].toString());
                 QCOMPARE(each["header"].toString(), QString("Host/PZFuture.h"));
@@ -84,12 +87,31 @@ private Q_SLOTS:
         QVERIFY(QDir(run.temporary.path()).isEmpty());
     }
 
+    void aCrashBreaksThePromiseThatIsChecked() {
+        const Run run({"--json", BROKEN_PLUG_IN}, "CRASHES=1");
+        QCOMPARE(run.process.exitStatus(), QProcess::CrashExit);
+        const QJsonValue last = run.promises().last();
+        QCOMPARE(last["key"].toString(), QString("PZFuture.future"));
+        QCOMPARE(last["result"].toString(), QString("broken"));
+        QCOMPARE(last["reason"].toString(), QString("it crashed"));
+        const Run lines({BROKEN_PLUG_IN}, "CRASHES=1");
+        QVERIFY(lines.linesOf("broken").value(0).endsWith("[it crashed]"));
+    }
+
+    void theVersionsOfTheInterfaceAreReported() {
+        const QString version = CurrentHostVersion.text();
+        const Run run({"--json", MINIMAL_HOST_PLUG_IN});
+        const QJsonDocument report = QJsonDocument::fromJson(run.output);
+        QCOMPARE(report["interface"].toString(), version);
+        QCOMPARE(report["host"].toString(), version);
+    }
+
     void aHostThatNeverEndsIsReportedAfterItsPromises() {
         const Run run({"--json", "--timeout", "6", BROKEN_PLUG_IN}, "NEVER_RETURNS_FROM=end");
         QCOMPARE(run.process.exitCode(), 2);
         QVERIFY2(run.error.contains("QVHostPlugIn::end(): it did not return within 6 s"),
                  run.error.constData());
-        QVERIFY(QJsonDocument::fromJson(run.output).array().size() > 100);
+        QVERIFY(run.promises().size() > 100);
     }
 
     void aHostThatCannotBeCheckedSaysWhy_data() {

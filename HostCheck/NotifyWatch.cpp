@@ -1,0 +1,14 @@
+#include "HostCheck/NotifyWatch.h"
+
+#include <utility>
+
+#include "HostCheck/Checking.h"
+
+NotifyWatch::NotifyWatch(const QObject &sender, const char *property, std::function<void()> noted)
+    : m_noted(std::move(noted)) {
+    const QMetaObject *meta = sender.metaObject();
+    const QMetaProperty found = meta->property(meta->indexOfProperty(property));
+    Checking::requireOffer(found.hasNotifySignal());
+    connect(&sender, found.notifySignal(), this,
+            staticMetaObject.method(staticMetaObject.indexOfSlot("note()")));
+}
