@@ -9,6 +9,8 @@
 #include "Support/RunSession.h"
 #include "Support/TestHost.h"
 
+using Benchmark::require;
+
 namespace {
 
 constexpr int NoteCount = 200;
@@ -35,27 +37,21 @@ private:
 /// A computer that synchronizes after every edit.
 class Author {
 public:
-    /// Returns the number of bytes of the edits.
-    qint64 edit() {
-        qint64 bytes = 0;
-        for (int i = 0; i < EditCount; ++i) {
-            bytes += save(i);
+    /// Synchronizes edits until there are `count`.
+    void edit(int count) {
+        for (; m_edits < count; ++m_edits) {
+            m_bytes += save(m_edits);
             run<SyncSession>();
             run<Compaction>();
         }
-        return bytes;
     }
 
+    /// Returns the number of bytes of the edits.
+    qint64 bytes() const { return m_bytes; }
     qint64 written() const { return m_store.written(); }
     qint64 recordCount() const { return static_cast<qint64>(m_blobs.size()); }
 
 private:
-    static void require(const Expected<void> &result) {
-        if (!result) {
-            qFatal("%s", qPrintable(result.error().localizedDescription));
-        }
-    }
-
     /// Saves a new note, or another text of the one that was not edited for the longest time.
     qint64 save(int edit) {
         Note note;
@@ -80,15 +76,24 @@ private:
     MemoryStore::Blobs m_blobs;
     CountingStore m_store{m_blobs};
     std::map<int, Note> m_notes;
+    int m_edits = 0;
+    qint64 m_bytes = 0;
 };
 
 void measureCompaction(Benchmark::Report &report) {
     Author author;
-    const auto bytes = static_cast<double>(author.edit());
+    QList<Benchmark::Point> written;
+    QList<Benchmark::Point> records;
+    for (const int count : {EditCount / 8, EditCount / 4, EditCount / 2, EditCount}) {
+        author.edit(count);
+        written.append({double(count), double(author.written())});
+        records.append({double(count), double(author.recordCount())});
+    }
     report.add({QStringLiteral("Bytes written for 2,000 edits / bytes of the edits"),
-                static_cast<double>(author.written()), bytes, QStringLiteral("bytes"), 12.0});
-    report.add({QStringLiteral("Records after 2,000 edits / 24"),
-                static_cast<double>(author.recordCount()), 24, QStringLiteral("records"), 1.0});
+                written.last().value, static_cast<double>(author.bytes()), QStringLiteral("bytes"),
+                12.0, written});
+    report.add({QStringLiteral("Records after 2,000 edits / 24"), records.last().value, 24,
+                QStringLiteral("records"), 1.0, records});
 }
 
 const Benchmark::Suite compactionSuite(QStringLiteral("compaction"), &measureCompaction);

@@ -98,6 +98,9 @@ struct DelayedLine::Connection {
     Direction there;
     Direction back;
 
+    Connection(const Direction &one, const Direction &other) : there(one), back(other) {}
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
     ~Connection() {
         close(there.from);
         close(there.to);
@@ -131,7 +134,7 @@ void DelayedLine::accept() {
     sendAtOnce(client);
     sendAtOnce(server);
     const auto start = Clock::now() + 2 * m_delay;
-    m_connections.emplace_back(Connection{{client, server, start}, {server, client, start}});
+    m_connections.emplace_back(Direction{client, server, start}, Direction{server, client, start});
 }
 
 std::chrono::milliseconds DelayedLine::untilNextArrival() const {

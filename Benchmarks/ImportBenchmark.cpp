@@ -19,16 +19,11 @@ QString UUID(int i) {
 class ManyDatabases {
 public:
     ManyDatabases(int records, int localDatabases) {
-        const Expected<void> imported = m_host.engine().profile().write([&]() -> Expected<void> {
-            for (int i = 0; i < localDatabases; ++i) {
-                if (auto result = m_host.library().importDatabase(UUID(i), UUID(i)); !result) {
-                    return result;
-                }
-            }
-            return {};
-        });
-        if (!imported) {
-            qFatal("%s", qPrintable(imported.error().localizedDescription));
+        // What is measured does not write.
+        Benchmark::require(
+            m_host.engine().profile().value(QStringLiteral("PRAGMA synchronous = OFF")));
+        for (int i = 0; i < localDatabases; ++i) {
+            Benchmark::require(m_host.library().importDatabase(UUID(i), UUID(i)));
         }
         const auto location = std::make_shared<ScriptedLocation>(&m_script);
         m_location = location;

@@ -71,9 +71,9 @@ QWidget *makeRowWithLayout(const QString &text) {
     return row;
 }
 
-QVariantList objects() {
+QVariantList objects(int count = rowCount) {
     QVariantList result;
-    for (int i = 0; i < rowCount; ++i) {
+    for (int i = 0; i < count; ++i) {
         result.append(QStringLiteral("Database %1").arg(i));
     }
     return result;
@@ -98,7 +98,9 @@ public:
         m_area.setWidget(list);
     }
 
-    void fill() { static_cast<QVListView *>(m_area.widget())->setContent(objects()); }
+    void fill(int count = rowCount) {
+        static_cast<QVListView *>(m_area.widget())->setContent(objects(count));
+    }
     QAbstractScrollArea &area() { return m_area; }
 
 private:
@@ -159,7 +161,7 @@ void run(Benchmark::Report &report) {
         OurList list;
         ListWidget reference(&makeListRow);
         report.compare(QStringLiteral("1,000 rows rebuilt / QListWidget, the same rows"),
-                       rebuild(list), rebuild(reference), 0.5);
+                       rebuild(list), rebuild(reference), 0.2);
     }
     // For comparison: rows as one would make them without ours, and lists that were never shown.
     {
@@ -169,11 +171,25 @@ void run(Benchmark::Report &report) {
                        rebuild(list), rebuild(reference));
     }
     report.compare(QStringLiteral("1,000 rows made and shown / QListWidget, the same rows"),
-                   show(ours), show(withOurRows));
+                   show(ours), show(withOurRows), 0.35);
     report.compare(QStringLiteral("1,000 rows made and shown / QListWidget, rows with layouts"),
                    show(ours), show(withLayouts));
 }
 
+void compareSizes(Benchmark::Report &report) {
+    const auto showOurs = [](int count) {
+        return [count] {
+            OurList list;
+            list.fill(count);
+            list.area().show();
+            finish(list.area());
+        };
+    };
+    report.compare(QStringLiteral("10,000 rows made and shown / 1,000"), showOurs(10 * rowCount),
+                   showOurs(rowCount), 2.0);
+}
+
+const Benchmark::Suite sizesSuite(QStringLiteral("list view sizes"), &compareSizes);
 const Benchmark::Suite suite(QStringLiteral("list view"), &run);
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QtCore/QProcess>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QUuid>
+#include <array>
 #include <map>
 
 #include "Benchmarks/Benchmark.h"
@@ -20,6 +21,8 @@
 #include "Support/TestWebDAVStore.h"
 #include "Support/WebDAVServer.h"
 
+using Benchmark::require;
+
 namespace {
 
 /// Of one direction of the line.
@@ -27,13 +30,8 @@ constexpr std::chrono::milliseconds Delay{25};
 constexpr double RoundTrip = 50;
 constexpr int NoteCount = 200;
 constexpr int EditCount = 2000;
+constexpr std::array Counts{EditCount / 4, EditCount / 2, EditCount};
 const QString StoreName = QStringLiteral("Notes.qvSyncStore");
-
-void require(const Expected<void> &result) {
-    if (!result) {
-        qFatal("%s", qPrintable(result.error().localizedDescription));
-    }
-}
 
 double millisecondsOf(const std::function<void()> &work) {
     QElapsedTimer timer;
@@ -72,22 +70,32 @@ Operation operation(int edit, const QList<Operation> &before) {
     return Operation::make(superseded.note, title, text, edit, {superseded.id});
 }
 
-/// Writes one record for each edit, as if nothing had ever been merged.
-void writeRecords(const WebDAVServer &server) {
-    QList<Operation> operations;
-    for (int edit = 0; edit < EditCount; ++edit) {
-        operations.append(operation(edit, operations));
-        const QByteArray record = Transaction{{operations.last()}, {}}.encoded();
-        server.putFile(StoreName + QStringLiteral("/transactions/") + InboxUUID + u'/' +
-                           TransactionName::of(record),
-                       record);
-    }
-}
+/// A store to which records are written one for each edit, as if nothing had ever been merged.
+class UncompactedStore {
+public:
+    explicit UncompactedStore(const WebDAVServer &server) : m_server(server) {}
 
-/// A computer with the store at the end of the line.
+    /// Writes records until there are `count`.
+    void grow(int count) {
+        while (m_operations.size() < count) {
+            m_operations.append(operation(static_cast<int>(m_operations.size()), m_operations));
+            const QByteArray record = Transaction{{m_operations.last()}, {}}.encoded();
+            m_server.putFile(StoreName + QStringLiteral("/transactions/") + InboxUUID + u'/' +
+                                 TransactionName::of(record),
+                             record);
+        }
+    }
+
+private:
+    const WebDAVServer &m_server;
+    QList<Operation> m_operations;
+};
+
+/// A new computer with the store at the end of the line. The host is at it.
 class DistantComputer {
 public:
-    explicit DistantComputer(quint16 port) {
+    DistantComputer(TestHost &host, quint16 port) : m_host(host) {
+        m_host.goToComputer(QUuid::createUuid().toString(QUuid::WithoutBraces));
         m_state = m_host.addState(m_host.addLocation(URLText(port)), m_host.inbox());
         m_state->setEnabled(true);
         m_host.save();
@@ -101,7 +109,8 @@ public:
             loop.exec();
             const auto &result = std::dynamic_pointer_cast<EngineSyncState>(m_state)->lastResult();
             if (!result || result->error) {
-                qFatal("the synchronization has failed");
+                qFatal("The synchronization has failed: %s",
+                       result ? qPrintable(result->error->localizedDescription) : "no result");
             }
         });
     }
@@ -112,37 +121,48 @@ public:
         m_state = m_host.locations().syncLocations().first()->synchronizationStates().first();
     }
 
-    void save(const QString &title) {
-        Note note{{}, title, title, {}};
-        require(m_host.inbox()->saveNote(note));
-    }
-
     qsizetype notes() { return m_host.inbox()->notes().value().size(); }
 
 private:
-    TestHost m_host;
+    TestHost &m_host;
     std::shared_ptr<QVSyncState> m_state;
 };
 
-/// Lets a computer beside the server synchronize each of the edits.
-void writeEdits(const WebDAVServer &server) {
-    TestHost host;
-    const auto store = webDAVStoreWithoutEngine(URLText(server.port()));
-    require(store->open(EngineFuture()));
-    std::map<int, Note> notes;
-    for (int edit = 0; edit < EditCount; ++edit) {
-        Note &note = notes[edit % NoteCount];
-        note.title = QStringLiteral("Note %1").arg(edit % NoteCount);
-        note.text = QStringLiteral("What edit %1 says, line by line.\n").arg(edit).repeated(30);
-        require(host.inbox()->saveNote(note));
-        const StoreSession::Subject subject{InboxUUID, QStringLiteral("Inbox"),
-                                            QStringLiteral("store")};
-        SyncSession session(host.engine().profile(), host.library(), subject);
-        require(runSession(session, *store));
-        Compaction compaction(host.engine().profile(), host.library(), subject);
-        require(runSession(compaction, *store));
+/// A computer beside the server, which synchronizes each of its edits.
+class Author {
+public:
+    Author(TestHost &host, const WebDAVServer &server)
+        : m_host(host), m_store(webDAVStoreWithoutEngine(URLText(server.port()))) {
+        require(m_store->open(EngineFuture()));
     }
-}
+
+    /// Synchronizes edits until there are `count`.
+    void edit(int count) {
+        m_host.goToComputer(QStringLiteral("Author"));
+        for (; m_edits < count; ++m_edits) {
+            Note &note = m_notes[m_edits % NoteCount];
+            note.title = QStringLiteral("Note %1").arg(m_edits % NoteCount);
+            note.text =
+                QStringLiteral("What edit %1 says, line by line.\n").arg(m_edits).repeated(30);
+            require(m_host.inbox()->saveNote(note));
+            run<SyncSession>();
+            run<Compaction>();
+        }
+    }
+
+private:
+    template <class Session>
+    void run() {
+        Session session(m_host.engine().profile(), m_host.library(),
+                        {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
+        require(runSession(session, *m_store));
+    }
+
+    TestHost &m_host;
+    const decltype(webDAVStoreWithoutEngine({})) m_store;
+    std::map<int, Note> m_notes;
+    int m_edits = 0;
+};
 
 /// Returns the time in which the reference copies the store, 8 files at a time.
 double timeToCopy(quint16 port) {
@@ -169,8 +189,8 @@ double timeToCopy(quint16 port) {
     });
 }
 
-double timeToImport(quint16 port) {
-    DistantComputer computer(port);
+double timeToImport(TestHost &host, quint16 port) {
+    DistantComputer computer(host, port);
     const double time = computer.timeToSynchronize();
     if (computer.notes() != NoteCount) {
         qFatal("notes were lost");
@@ -178,41 +198,46 @@ double timeToImport(quint16 port) {
     return time;
 }
 
-void measureIdle(Benchmark::Report &report) {
-    const WebDAVServer server({});
-    const DelayedLine line(server.port(), Delay);
-    acceptPassword(server, line.port());
-    DistantComputer computer(line.port());
-    for (int i = 0; i < 10; ++i) {
-        computer.save(QString::number(i));
-        computer.timeToSynchronize();
-    }
-    report.add({QStringLiteral("Idle synchronization, warm / one round trip"),
-                Benchmark::median([&] { return computer.timeToSynchronize(); }), RoundTrip,
-                QStringLiteral("ms"), 2.5});
-    report.add({QStringLiteral("Idle synchronization, cold / one round trip"),
-                Benchmark::median([&] {
-                    computer.restart();
-                    return computer.timeToSynchronize();
-                }),
-                RoundTrip, QStringLiteral("ms"), 5.0});
-}
-
 void measureNetwork(Benchmark::Report &report) {
-    measureIdle(report);
+    const auto unit = QStringLiteral("ms");
+    TestHost host;
     const WebDAVServer uncompacted({});
     const DelayedLine line(uncompacted.port(), Delay);
     acceptPassword(uncompacted, line.port());
-    writeRecords(uncompacted);
+    UncompactedStore records(uncompacted);
+    QList<Benchmark::Point> imports;
+    for (const int count : Counts) {
+        records.grow(count);
+        imports.append({double(count), timeToImport(host, line.port())});
+    }
     const double copied = timeToCopy(line.port());
     report.add({QStringLiteral("Import of 2,000 uncompacted records / rclone copy, 8 at a time"),
-                timeToImport(line.port()), copied, QStringLiteral("ms"), 1.0});
+                imports.last().value, copied, unit, 1.0, imports});
+
     const WebDAVServer grown({});
     const DelayedLine otherLine(grown.port(), Delay);
     acceptPassword(grown, otherLine.port());
-    writeEdits(grown);
+    Author author(host, grown);
+    QList<Benchmark::Point> grownImports;
+    QList<Benchmark::Point> warm;
+    QList<Benchmark::Point> cold;
+    for (const int count : Counts) {
+        author.edit(count);
+        grownImports.append({double(count), timeToImport(host, otherLine.port())});
+        DistantComputer computer(host, otherLine.port());
+        warm.append(
+            {double(count), Benchmark::median([&] { return computer.timeToSynchronize(); })});
+        cold.append({double(count), Benchmark::median([&] {
+                         computer.restart();
+                         return computer.timeToSynchronize();
+                     })});
+    }
     report.add({QStringLiteral("Import of a store grown by 2,000 edits / the same"),
-                timeToImport(otherLine.port()), copied, QStringLiteral("ms"), 0.1});
+                grownImports.last().value, copied, unit, 0.1, grownImports});
+    report.add({QStringLiteral("Idle synchronization, warm / one round trip"), warm.last().value,
+                RoundTrip, unit, 2.5, warm});
+    report.add({QStringLiteral("Idle synchronization, cold / one round trip"), cold.last().value,
+                RoundTrip, unit, 5.0, cold});
 }
 
 const Benchmark::Suite networkSuite(QStringLiteral("network"), &measureNetwork);

@@ -1,6 +1,10 @@
+#include <malloc.h>
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QApplication>
 #include <ctime>
+#include <functional>
+#include <memory>
+#include <vector>
 
 #include "Benchmarks/Benchmark.h"
 #include "Controller/Preferences/QVSyncPreferences.h"
@@ -9,6 +13,7 @@
 #include "Engine/Plugin/SyncEngine.h"
 #include "Host/QVApplication.h"
 #include "Host/QVSyncLocationsController.h"
+#include "Support/PeakMemory.h"
 
 namespace {
 
@@ -18,9 +23,13 @@ class Host : public QVApplication {
 public:
     Host(int databases, int locations) {
         setNSApp(this);
-        m_engine.openProfile(m_folder.filePath(QStringLiteral("profile")), FirstContents::Inbox);
+        Benchmark::require(m_engine.openProfile(m_folder.filePath(QStringLiteral("profile")),
+                                                FirstContents::Inbox));
+        // What is measured does not write.
+        Benchmark::require(m_engine.profile().value(QStringLiteral("PRAGMA synchronous = OFF")));
         for (int i = 1; i < databases; ++i) {
-            m_engine.library()->createDatabase(QStringLiteral("Database %1").arg(i));
+            Benchmark::require(
+                m_engine.library()->createDatabase(QStringLiteral("Database %1").arg(i)));
         }
         QVSyncLocationsController *controller = m_engine.plugin().locationsController();
         for (int i = 0; i < locations; ++i) {
@@ -68,6 +77,58 @@ double medianTimeToShow(int databases, int locations) {
     return Benchmark::median(&timeToShow);
 }
 
+/// What something costs.
+struct Cost {
+    double milliseconds = 0;
+    double megabytes = 0;
+};
+
+/// Returns the CPU time of `work`, and how much more memory than before it takes at most.
+Cost costOf(const std::function<void()> &work) {
+    malloc_trim(0);
+    const PeakMemory memory;
+    const double start = processorMilliseconds();
+    work();
+    return {processorMilliseconds() - start, static_cast<double>(memory.growth())};
+}
+
+Cost costToShow(int databases, int locations) {
+    const Host host(databases, locations);
+    return costOf([] { timeToShow(); });
+}
+
+/// Returns the cost of so many objects of which each is connected with a receiver.
+Cost costOfObjects(int count) {
+    return costOf([count] {
+        std::vector<std::unique_ptr<QObject>> objects;
+        QObject receiver;
+        for (int i = 0; i < count; ++i) {
+            objects.push_back(std::make_unique<QObject>());
+            QObject::connect(objects.back().get(), &QObject::objectNameChanged, &receiver, [] {});
+        }
+    });
+}
+
+void measureLargePane(Benchmark::Report &report) {
+    registerSyncPreferencesInterface();
+    constexpr int locations = 100;
+    constexpr int largest = 10'000;
+    // The first pane loads what the others use, too.
+    costToShow(1, 1);
+    QList<Benchmark::Point> times;
+    QList<Benchmark::Point> memory;
+    for (const int databases : {largest / 100, largest / 10, largest}) {
+        const Cost cost = costToShow(databases, locations);
+        times.append({double(databases), cost.milliseconds});
+        memory.append({double(databases), cost.megabytes});
+    }
+    const Cost objects = costOfObjects(largest * locations);
+    report.add({QStringLiteral("10,000 databases × 100 locations shown / 1,000,000 QObjects"),
+                times.last().value, objects.milliseconds, QStringLiteral("ms"), 4.0, times});
+    report.add({QStringLiteral("the same, memory"), memory.last().value, objects.megabytes,
+                QStringLiteral("MB"), 2.0, memory});
+}
+
 void run(Benchmark::Report &report) {
     registerSyncPreferencesInterface();
     const double whole = medianTimeToShow(1000, 100);
@@ -81,5 +142,7 @@ void run(Benchmark::Report &report) {
 }
 
 const Benchmark::Suite suite(QStringLiteral("pane"), &run);
+const Benchmark::Suite largeSuite(QStringLiteral("large pane"), &measureLargePane,
+                                  Benchmark::Duration::Long);
 
 }  // namespace

@@ -10,6 +10,8 @@
 #include "Engine/Plugin/SyncEngine.h"
 #include "Host/QVApplication.h"
 
+using Benchmark::require;
+
 namespace {
 
 constexpr int NoteCount = 10000;
@@ -67,12 +69,6 @@ public:
     void presentError(const Error & /*error*/) override {}
 
 private:
-    static void require(const Expected<void> &result) {
-        if (!result) {
-            qFatal("%s", qPrintable(result.error().localizedDescription));
-        }
-    }
-
     SyncEngine m_engine;
     EngineClasses m_classes{m_engine};
     std::shared_ptr<EngineSyncLocation> m_location;

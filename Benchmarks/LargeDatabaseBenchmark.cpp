@@ -1,0 +1,333 @@
+#include <malloc.h>
+#include <QtCore/QEventLoop>
+#include <QtCore/QUuid>
+#include <QtWidgets/QListWidget>
+#include <algorithm>
+#include <vector>
+
+#include "Application/EventLog.h"
+#include "Application/MainWindow.h"
+#include "Benchmarks/Benchmark.h"
+#include "Host/InboxUUID.h"
+#include "Support/PeakMemory.h"
+#include "Support/StallMeter.h"
+#include "Support/TestHost.h"
+
+using Benchmark::require;
+
+namespace {
+
+constexpr double LongestBlock = 16;
+constexpr double LargestMemory = 500;
+constexpr int Few = 1'000;
+constexpr int Some = 10'000;
+constexpr int Many = 100'000;
+constexpr int VeryMany = 1'000'000;
+constexpr qsizetype Mebibyte = 1 << 20;
+
+double medianOf(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+/// A computer whose inbox has many notes and is synchronized with a folder, and another one.
+class Computers {
+public:
+    /// Adds `count` notes to the inbox.
+    explicit Computers(int count, const QString &text = QStringLiteral("What the note says.\n")) {
+        m_address = m_host.makeSyncStore(QStringLiteral("Store"));
+        const auto database = m_host.library().synchronizedDatabase(InboxUUID);
+        require(m_host.engine().profile().write([&]() -> Expected<void> {
+            for (int i = 0; i < count; ++i) {
+                Note note{{},
+                          QStringLiteral("Note %1").arg(i),
+                          text,
+                          QDateTime::fromMSecsSinceEpoch(1'700'000'000'000 + i)};
+                if (Expected<void> saved = database->log().save(note); !saved) {
+                    return saved;
+                }
+            }
+            return {};
+        }));
+        // No window must read again what has just been written.
+        static_cast<void>(database->log().takeChangedPositions());
+        addLocation();
+    }
+
+    void goToOther() {
+        m_window.reset();
+        m_state.reset();
+        m_host.goToComputer(QStringLiteral("Other"));
+        addLocation();
+    }
+
+    void synchronize() const {
+        QEventLoop loop;
+        m_host.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+            {m_state}, [&] { loop.quit(); });
+        loop.exec();
+    }
+
+    /// Shows the inbox, until all rows are there.
+    void show() {
+        m_window = std::make_unique<MainWindow>(&m_host.library(), &m_log, m_host.directory());
+        m_window->show();
+        const auto isRead = [this] {
+            for (const QListWidget *list : m_window->findChildren<QListWidget *>()) {
+                if (list->count() >= countOfNotes()) {
+                    return true;
+                }
+            }
+            return false;
+        };
+        while (!isRead()) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents);
+        }
+        settle();
+    }
+
+    void save(const QString &text) {
+        Note note{.title = QStringLiteral("Title"), .text = text};
+        require(m_host.inbox()->saveNote(note));
+    }
+
+    /// Returns the CPU time of the main thread for another text of one note, in milliseconds.
+    double edit() {
+        const auto inbox = m_host.inbox();
+        const qint64 middle = countOfNotes() / 2 + ++m_edits;
+        const QList<NoteRow> rows = inbox->rows(middle, 1).value();
+        Note note = inbox->completeNote(rows.first().note).value();
+        note.text += QStringLiteral("More.\n");
+        settle();
+        const double start = Benchmark::threadNanoseconds();
+        require(inbox->saveNote(note));
+        settle();
+        return (Benchmark::threadNanoseconds() - start) / 1e6;
+    }
+    double medianOfEdits() {
+        std::vector<double> times;
+        for (int i = 0; i < 25; ++i) {
+            times.push_back(edit());
+        }
+        return medianOf(times);
+    }
+
+    /// Returns the CPU time of the process for a synchronization, in milliseconds.
+    double timeOfSynchronization() const {
+        settle();
+        const double start = Benchmark::processorNanoseconds();
+        synchronize();
+        settle();
+        return (Benchmark::processorNanoseconds() - start) / 1e6;
+    }
+    double medianOfIdle() const {
+        std::vector<double> times;
+        for (int i = 0; i < 25; ++i) {
+            times.push_back(timeOfSynchronization());
+        }
+        return medianOf(times);
+    }
+
+    qint64 countOfNotes() const {
+        return m_host.library().synchronizedDatabase(InboxUUID)->log().countOfNotes().value();
+    }
+
+private:
+    static void settle() {
+        for (int i = 0; i < 5; ++i) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents);
+        }
+    }
+    void addLocation() {
+        const auto location = m_host.addLocation(m_address);
+        m_state = m_host.addState(location, m_host.inbox());
+        m_state->setEnabled(true);
+        m_host.save();
+    }
+
+    mutable TestHost m_host;
+    QString m_address;
+    std::shared_ptr<QVSyncState> m_state;
+    EventLog m_log;
+    std::unique_ptr<MainWindow> m_window;
+    int m_edits = 0;
+};
+
+/// Values of one database.
+struct Values {
+    double edit = 0;
+    double idle = 0;
+    double editSent = 0;
+};
+
+Values measure(int count) {
+    Computers computers(count);
+    computers.synchronize();
+    Values values;
+    values.idle = computers.medianOfIdle();
+    computers.show();
+    values.edit = computers.medianOfEdits();
+    computers.synchronize();
+    std::vector<double> times;
+    for (int i = 0; i < 9; ++i) {
+        static_cast<void>(computers.edit());
+        times.push_back(computers.timeOfSynchronization());
+    }
+    values.editSent = medianOf(times);
+    return values;
+}
+
+void compareSizes(Benchmark::Report &report) {
+    const Values few = measure(Few);
+    const Values some = measure(Some);
+    const Values many = measure(Many);
+    const auto add = [&](const QString &name, double Values::*value, double target) {
+        report.add({name,
+                    many.*value,
+                    few.*value,
+                    QStringLiteral("ms"),
+                    target,
+                    {{Few, few.*value}, {Some, some.*value}, {Many, many.*value}}});
+    };
+    add(QStringLiteral("Saved edit in 100,000 notes, main thread / in 1,000"), &Values::edit, 1.5);
+    add(QStringLiteral("Idle synchronization of 100,000 notes, CPU / of 1,000"), &Values::idle,
+        1.5);
+    add(QStringLiteral("Synchronized edit in 100,000 notes, CPU / in 1,000"), &Values::editSent,
+        1.5);
+    const auto unit = QStringLiteral("ms");
+    report.add({QStringLiteral("Idle synchronization of 100,000 notes, CPU / 5 ms"), many.idle, 5,
+                unit, 1.0});
+    report.add({QStringLiteral("Saved edit in 100,000 notes, main thread / 10 ms"), many.edit, 10,
+                unit, 1.0});
+}
+
+/// Adds rows of an import of `count` notes into a profile that shows them.
+void measureImport(Benchmark::Report &report, int count, const QString &what) {
+    Computers computers(count);
+    computers.synchronize();
+    computers.goToOther();
+    computers.show();
+    malloc_trim(0);
+    StallMeter meter;
+    const PeakMemory memory;
+    computers.synchronize();
+    if (computers.countOfNotes() < count) {
+        qFatal("notes were lost");
+    }
+    const auto unit = QStringLiteral("ms");
+    report.add({what + QStringLiteral(" imported, longest block / 16 ms"),
+                static_cast<double>(meter.longest()), LongestBlock, unit, 1.0});
+    report.add({what + QStringLiteral(" imported, longest work of the main thread / 16 ms"),
+                static_cast<double>(meter.longestWork()), LongestBlock, unit, 1.0});
+    report.add({what + QStringLiteral(" imported, more memory / 500 MB"),
+                static_cast<double>(memory.growth()), LargestMemory, QStringLiteral("MB"), 1.0});
+    StallMeter showing;
+    computers.show();
+    report.add({what + QStringLiteral(" shown, longest work of the main thread / 16 ms"),
+                static_cast<double>(showing.longestWork()), LongestBlock, unit, 1.0});
+}
+
+void measureImports(Benchmark::Report &report) {
+    measureImport(report, Many, QStringLiteral("100,000 notes"));
+}
+
+void measureVeryMany(Benchmark::Report &report) {
+    measureImport(report, VeryMany, QStringLiteral("1,000,000 notes"));
+    const Values few = measure(Few);
+    const Values veryMany = measure(VeryMany);
+    const auto unit = QStringLiteral("ms");
+    report.add({QStringLiteral("Saved edit in 1,000,000 notes, main thread / in 1,000"),
+                veryMany.edit, few.edit, unit, 1.5});
+    report.add({QStringLiteral("Idle synchronization of 1,000,000 notes, CPU / of 1,000"),
+                veryMany.idle, few.idle, unit, 1.5});
+    report.add({QStringLiteral("Resident memory after that / 500 MB"),
+                static_cast<double>(PeakMemory::value("VmRSS")) / 1024, LargestMemory,
+                QStringLiteral("MB"), 1.0});
+}
+
+/// A note of 8 MiB costs eight times as much as one of 1 MiB.
+void measureLargeNote(Benchmark::Report &report) {
+    const auto timeOfText = [](qsizetype size) {
+        std::vector<double> times;
+        for (int i = 0; i < 5; ++i) {
+            Computers computers(0);
+            double start = Benchmark::processorNanoseconds();
+            computers.save(QString(size, u'x'));
+            computers.synchronize();
+            double time = Benchmark::processorNanoseconds() - start;
+            computers.goToOther();
+            start = Benchmark::processorNanoseconds();
+            computers.synchronize();
+            time += Benchmark::processorNanoseconds() - start;
+            times.push_back(time / 1e6);
+        }
+        return medianOf(times);
+    };
+    const double one = timeOfText(Mebibyte);
+    const double largest = timeOfText(Operation::NoteLimit - Mebibyte / 8);
+    report.add({QStringLiteral("Note of 8 MiB there and into another profile / eight of 1 MiB"),
+                largest,
+                8 * one,
+                QStringLiteral("ms"),
+                1.0,
+                {{Mebibyte, one}, {Operation::NoteLimit, largest}}});
+}
+
+/// CPU times of the synchronization of several databases that are in one store, in milliseconds.
+struct TimesOfStore {
+    double first = 0;
+    double idle = 0;
+};
+
+TimesOfStore timesOfStore(int databases) {
+    TestHost host;
+    const auto location = host.addLocation();
+    QList<std::shared_ptr<QVSyncState>> states;
+    for (int i = 0; i < databases; ++i) {
+        const auto database = host.addDatabase(QStringLiteral("Database %1").arg(i));
+        Note note{.title = QStringLiteral("Title"), .text = QStringLiteral("Text")};
+        require(database->saveNote(note));
+        states.append(host.addState(location, database));
+        states.last()->setEnabled(true);
+    }
+    host.save();
+    const auto synchronize = [&] {
+        const double start = Benchmark::processorNanoseconds();
+        QEventLoop loop;
+        host.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+            states, [&] { loop.quit(); });
+        loop.exec();
+        return (Benchmark::processorNanoseconds() - start) / 1e6;
+    };
+    TimesOfStore times;
+    times.first = synchronize();
+    times.idle = medianOf({synchronize(), synchronize(), synchronize()});
+    return times;
+}
+
+void measureManyDatabases(Benchmark::Report &report) {
+    constexpr int few = 100;
+    constexpr int many = 1000;
+    const TimesOfStore smaller = timesOfStore(few);
+    const TimesOfStore larger = timesOfStore(many);
+    const auto add = [&](const QString &name, double TimesOfStore::*value) {
+        report.add({name,
+                    larger.*value,
+                    smaller.*value * many / few,
+                    QStringLiteral("ms"),
+                    1.2,
+                    {{few, smaller.*value}, {many, larger.*value}}});
+    };
+    add(QStringLiteral("1,000 databases written to a store / ten times 100"), &TimesOfStore::first);
+    add(QStringLiteral("Idle synchronization of 1,000 databases / ten times 100"),
+        &TimesOfStore::idle);
+}
+
+const Benchmark::Suite databases(QStringLiteral("many databases"), &measureManyDatabases);
+const Benchmark::Suite sizes(QStringLiteral("large databases"), &compareSizes);
+const Benchmark::Suite imports(QStringLiteral("large imports"), &measureImports);
+const Benchmark::Suite note(QStringLiteral("large note"), &measureLargeNote);
+const Benchmark::Suite veryMany(QStringLiteral("very large databases"), &measureVeryMany,
+                                Benchmark::Duration::Long);
+
+}  // namespace
