@@ -21,6 +21,13 @@ Error damagedRecord(const QString &place) {
                        place);
 }
 
+Error foreignFile(const QString &place) {
+    return engineError(EngineErrorCode::DamagedRecord,
+                       "“%1” is not used, because records have other names. Move it to another "
+                       "folder, or remove it if you do not need it.",
+                       place);
+}
+
 Error operationCancelled() {
     return engineError(EngineErrorCode::Cancelled,
                        localizedSyncString("The operation was cancelled."));

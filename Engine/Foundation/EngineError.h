@@ -76,6 +76,9 @@ bool isEngineError(const Error &error, EngineErrorCode code);
 /// Returns an error of the code DamagedRecord for the record at `place`, in words for the user.
 /// `place` is a path or address, see BlobStore::place().
 Error damagedRecord(const QString &place);
+/// Returns an error of the code DamagedRecord for the file at `place`, whose name is not that of a
+/// record, in words for the user.
+Error foreignFile(const QString &place);
 /// Returns the error of an operation that was cancelled, of the code Cancelled, by which callers
 /// distinguish it from a failure.
 Error operationCancelled();

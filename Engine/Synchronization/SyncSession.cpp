@@ -187,7 +187,7 @@ void SyncSession::takeListing(const BlobStore &store, const QStringList &names) 
         if (TransactionName::isValid(name)) {
             m_unread.append(name);
         } else if (name.endsWith(SyncStoreLayout::RecordEnding)) {
-            addProblem(damagedRecord(store.place(path(name))));
+            addProblem(foreignFile(store.place(path(name))));
         }
     }
 }

@@ -79,7 +79,7 @@ Expected<void> VerificationSession::list(BlobStore &store, const EngineFuture &f
         if (TransactionName::isValid(name)) {
             m_names.append(name);
         } else if (name.endsWith(SyncStoreLayout::RecordEnding)) {
-            addProblem(damagedRecord(store.place(path(name))));
+            addProblem(foreignFile(store.place(path(name))));
         } else if (TransactionName::isOfDamaged(name)) {
             ++m_setAsideCount;
         }

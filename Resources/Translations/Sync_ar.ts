@@ -785,6 +785,10 @@
         <translation>القيد «⁨%1⁩» تالف. أجرِ المزامنة على الحواسيب الأخرى التي تستخدم هذا الموقع، فقد يكتبه أحدها من جديد.</translation>
     </message>
     <message>
+        <source>“%1” is not used, because records have other names. Move it to another folder, or remove it if you do not need it.</source>
+        <translation>لا يُستخدم «⁨%1⁩»، لأن للقيود أسماء أخرى. انقل الملف إلى مجلد آخر، أو أزله إن لم تكن بحاجة إليه.</translation>
+    </message>
+    <message>
         <source>Inbox</source>
         <translation>الوارد</translation>
     </message>

@@ -789,6 +789,10 @@
         <translation>Der Datensatz „%1“ ist beschädigt. Synchronisieren Sie die anderen Computer, die diesen Ort verwenden, weil einer davon ihn vielleicht neu schreibt.</translation>
     </message>
     <message>
+        <source>“%1” is not used, because records have other names. Move it to another folder, or remove it if you do not need it.</source>
+        <translation>„%1“ wird nicht verwendet, weil Datensätze anders heißen. Verschieben Sie die Datei in einen anderen Ordner, oder entfernen Sie sie, wenn Sie sie nicht brauchen.</translation>
+    </message>
+    <message>
         <source>Inbox</source>
         <translation>Eingang</translation>
     </message>

@@ -753,6 +753,10 @@
         <translation>El registro «%1» está dañado. Sincronice los demás equipos que usan esta ubicación, porque alguno puede volver a escribirlo.</translation>
     </message>
     <message>
+        <source>“%1” is not used, because records have other names. Move it to another folder, or remove it if you do not need it.</source>
+        <translation>«%1» no se usa, porque los registros tienen otros nombres. Mueva el archivo a otra carpeta o elimínelo si no lo necesita.</translation>
+    </message>
+    <message>
         <source>Inbox</source>
         <translation>Bandeja de entrada</translation>
     </message>

@@ -753,6 +753,10 @@
         <translation>L’enregistrement « %1 » est endommagé. Synchronisez les autres ordinateurs qui utilisent cet emplacement, car l’un d’eux peut éventuellement le réécrire.</translation>
     </message>
     <message>
+        <source>“%1” is not used, because records have other names. Move it to another folder, or remove it if you do not need it.</source>
+        <translation>« %1 » n’est pas utilisé, car les enregistrements portent d’autres noms. Déplacez ce fichier dans un autre dossier, ou supprimez-le si vous n’en avez pas besoin.</translation>
+    </message>
+    <message>
         <source>Inbox</source>
         <translation>Boîte de réception</translation>
     </message>

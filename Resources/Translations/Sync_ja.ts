@@ -770,6 +770,10 @@
         <translation>レコード「%1」は破損しています。この同期先を使うほかのコンピューターを同期してください。そのいずれかがレコードをもう一度書き込む可能性があります。</translation>
     </message>
     <message>
+        <source>“%1” is not used, because records have other names. Move it to another folder, or remove it if you do not need it.</source>
+        <translation>「%1」は使用されません。レコードの名前ではないためです。別のフォルダーに移動するか、不要であれば削除してください。</translation>
+    </message>
+    <message>
         <source>Inbox</source>
         <translation>インボックス</translation>
     </message>

@@ -71,7 +71,7 @@ class MainWindowStatusTest : public QObject {
     /// Adds a record to the database at `location` that cannot be read.
     void damage(const QVSyncLocation &location) {
         QFile record(location.URL().path() + QStringLiteral("/transactions/") + m_database->UUID() +
-                     QStringLiteral("/0000000000000001-x.json"));
+                     QStringLiteral("/00000000-0000-4000-8000-000000000001.json"));
         QVERIFY(record.open(QIODevice::WriteOnly));
         record.write("damaged");
     }
