@@ -29,6 +29,12 @@ void drawOutline(const QStyleOption &option, QPainter *painter, bool isRound) {
     painter->restore();
 }
 
+/// Returns whether `widget` is the button that shows what a bar has no room for.
+bool isExtension(const QWidget *widget) {
+    return widget &&
+           (widget->inherits("QToolBarExtension") || widget->inherits("QMenuBarExtension"));
+}
+
 }  // namespace
 
 OutlineStyle::OutlineStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
@@ -57,6 +63,15 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *o
 
 void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
                                       QPainter *painter, const QWidget *widget) const {
+    if (control == CC_ToolButton && isExtension(widget)) {
+        // Its icon is a black arrow in any palette.
+        QStyleOptionToolButton button = *static_cast<const QStyleOptionToolButton *>(option);
+        button.icon = {};
+        button.features = QStyleOptionToolButton::Arrow;
+        button.arrowType = option->direction == Qt::RightToLeft ? Qt::LeftArrow : Qt::RightArrow;
+        QProxyStyle::drawComplexControl(control, &button, painter, widget);
+        return;
+    }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     if (control == CC_SpinBox || control == CC_ComboBox) {
         drawOutline(*option, painter, false);

@@ -4,7 +4,8 @@
 
 /// Fusion with outlines of controls that are visible on every ground, also on a selected row; its
 /// own have too little contrast. The outline of a control with the focus has the selection color.
-/// Buttons have more room at both sides of their text.
+/// The arrow of a bar without enough room has the color of texts. Buttons have more room at both
+/// sides of their text.
 class OutlineStyle : public QProxyStyle {
     Q_OBJECT
 public:

@@ -95,6 +95,9 @@ private Q_SLOTS:
     void everyTextAndOutlineCanBeSeen_data() {
         // Colors do not depend on the language, only on how long the texts are.
         addWindows({QLocale(QLocale::English), QLocale(QLocale::German)});
+        QTest::newRow("narrow main window")
+            << EveryWindow::MakeWindow(EveryWindow::narrowMainWindow) << QString()
+            << QLocale(QLocale::English);
         QTest::newRow("failed synchronization")
             << EveryWindow::MakeWindow(EveryWindow::failedSynchronization) << QString()
             << QLocale(QLocale::English);

@@ -27,6 +27,13 @@ inline std::unique_ptr<QWidget> mainWindow(TestHost &host, EventLog &log) {
     return std::make_unique<MainWindow>(&host.library(), &log, host.directory());
 }
 
+/// Without room for all menus and buttons.
+inline std::unique_ptr<QWidget> narrowMainWindow(TestHost &host, EventLog &log) {
+    auto window = mainWindow(host, log);
+    window->resize(window->minimumSizeHint());
+    return window;
+}
+
 inline std::unique_ptr<QWidget> logWindow(TestHost & /*host*/, EventLog &log) {
     log.append(QStringLiteral("Sync:"),
                QStringLiteral("“Projects” could not be synchronized with “localhost – Shared”: The "

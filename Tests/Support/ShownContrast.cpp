@@ -139,9 +139,7 @@ private:
 
     void checkIcon(const QString &name, const QWidget &widget) {
         const auto *button = qobject_cast<const QToolButton *>(&widget);
-        // Qt shows the rest of a toolbar that is too narrow with a black arrow in every palette.
-        if (!button || !button->text().isEmpty() || button->icon().isNull() ||
-            button->objectName() == QStringLiteral("qt_toolbar_ext_button")) {
+        if (!button || !button->text().isEmpty() || button->icon().isNull()) {
             return;
         }
         const QRect place = inPicture(button, button->rect());
