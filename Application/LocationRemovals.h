@@ -26,6 +26,10 @@ public:
     bool isEmpty() const { return m_removals.isEmpty(); }
     /// Returns the title of the location that was removed last; empty if there is none.
     QString title() const;
+    /// Returns the location that was removed last; null if there is none.
+    std::shared_ptr<QVSyncLocation> location() const {
+        return isEmpty() ? nullptr : m_removals.last().listed.location;
+    }
     /// Inserts the location that was removed last where it was, and saves the list. Must not be
     /// called if there is none. If it fails, the location can be restored later. The panel must
     /// read the list again.

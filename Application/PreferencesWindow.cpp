@@ -10,6 +10,7 @@
 #include "Application/WindowSize.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/Mnemonics.h"
+#include "Platform/Interface/PaneSelection.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Platform/Interface/QVLocationEditing.h"
@@ -83,6 +84,8 @@ void PreferencesWindow::updateRemovals() {
 }
 
 void PreferencesWindow::undoRemoval() {
+    const QString database = selectedDatabase();
+    const auto location = m_removals->location();
     // There may be one pane at a time.
     m_pane->willDeselect();
     m_pane.reset();
@@ -90,9 +93,23 @@ void PreferencesWindow::undoRemoval() {
     auto pane = m_makePane();
     if (pane) {
         showPane(std::move(*pane));
+        select(database, location);
     } else {
         NSApp()->presentError(pane.error());
         close();
+    }
+}
+
+QString PreferencesWindow::selectedDatabase() const {
+    const auto *selection = dynamic_cast<PaneSelection *>(m_pane.get());
+    return selection ? selection->selectedDatabase() : QString();
+}
+
+void PreferencesWindow::select(const QString &database,
+                               const std::shared_ptr<QVSyncLocation> &location) {
+    if (auto *selection = dynamic_cast<PaneSelection *>(m_pane.get())) {
+        selection->selectDatabase(database);
+        selection->selectLocation(location);
     }
 }
 

@@ -48,6 +48,9 @@ private:
     void showPane(std::unique_ptr<PreferencePane> pane);
     void updateRemovals();
     void undoRemoval();
+    /// These have no effect on a pane that is no PaneSelection.
+    QString selectedDatabase() const;
+    void select(const QString &database, const std::shared_ptr<QVSyncLocation> &location);
 
     std::unique_ptr<PreferencePane> m_pane;
     bool m_closesInAnyCase = false;

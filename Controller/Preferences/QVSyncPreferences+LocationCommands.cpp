@@ -179,7 +179,9 @@ void QVSyncPreferences::forgetFailures(const QVSyncLocation &location) {
 }
 
 void QVSyncPreferences::announceAddedSelection() {
-    m_addedSelection = m_synchronizationSelections.last();
+    const Selection added = m_synchronizationSelections.last();
+    m_addedSelection = added;
+    selectLocation(added->location());
     KeyValue::announce<&QVSyncPreferences::addedSelectionChanged>(this);
 }
 

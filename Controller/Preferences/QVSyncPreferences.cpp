@@ -1,6 +1,7 @@
 #include "Controller/Preferences/QVSyncPreferences.h"
 
 #include <QtWidgets/QMenu>
+#include <algorithm>
 
 #include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/LocationRecovery.h"
@@ -27,6 +28,18 @@ QVSyncPreferences *livePane = nullptr;
 /// Returns the key of a database's row: the same for the inbox of every profile.
 QString rowKey(const QVDatabase &database) {
     return UUIDInStores(database, NSApp()->inbox().get());
+}
+
+/// Selects the first of the rows for which `isMeant` is true, if there is one.
+template <class Row, class Predicate>
+void selectRow(NSArrayController &rows, Predicate isMeant) {
+    const QVariantList objects = rows.arrangedObjects();
+    const auto found = std::find_if(objects.begin(), objects.end(), [&](const QVariant &object) {
+        return isMeant(*object.value<std::shared_ptr<Row>>());
+    });
+    if (found != objects.end()) {
+        rows.setSelectionIndexes({found - objects.begin()});
+    }
 }
 
 }  // namespace
@@ -313,6 +326,22 @@ QVSyncPreferences::Selection QVSyncPreferences::synchronizationSelectionForSyncL
         }
     }
     return nullptr;
+}
+
+QString QVSyncPreferences::selectedDatabase() const {
+    const auto row = m_databasesController->lastSelectedObject().value<StandIn>();
+    return row ? row->UUID() : QString();
+}
+
+void QVSyncPreferences::selectDatabase(const QString &UUID) {
+    selectRow<QVStandInDatabase>(*m_databasesController,
+                                 [&](const QVStandInDatabase &row) { return row.UUID() == UUID; });
+}
+
+void QVSyncPreferences::selectLocation(const std::shared_ptr<QVSyncLocation> &location) {
+    selectRow<QVSynchronizationSelection>(
+        *m_syncLocationsController,
+        [&](const QVSynchronizationSelection &row) { return row.location() == location; });
 }
 
 void QVSyncPreferences::saveAndPresentError() {

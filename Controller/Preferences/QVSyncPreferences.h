@@ -15,6 +15,7 @@
 #include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
 #include "Controller/Preferences/QVSynchronizationSelection.h"
 #include "Host/QVSyncPlugin.h"
+#include "Platform/Interface/PaneSelection.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Platform/Interface/QVLocationEditing.h"
 #include "View/QVListView.h"
@@ -37,7 +38,8 @@ struct Notification;
 class QVSyncPreferences : public PreferencePane,
                           public QVListViewDelegate,
                           public QVSyncScheduleEditorDelegate,
-                          public QVLocationEditing {
+                          public QVLocationEditing,
+                          public PaneSelection {
     Q_OBJECT
     Q_PROPERTY(QString currentVersionString READ currentVersionString CONSTANT)
     /// The host's sync plug-in. Not owned; lives as long as the program.
@@ -154,7 +156,11 @@ public:
     /// Removes the row with the same UUID, if there is one, and announces the list.
     void removeLocalDatabasesObject(const StandIn &database);
 
+    QString selectedDatabase() const override;
+    void selectDatabase(const QString &UUID) override;
+
     // The location list
+    void selectLocation(const std::shared_ptr<QVSyncLocation> &location) override;
     /// No entry is null.
     QList<Selection> synchronizationSelections() const { return m_synchronizationSelections; }
     Selection addedSelection() const { return m_addedSelection.lock(); }
@@ -282,7 +288,7 @@ private:
     /// Removes what failed at the location from its row and states: the user has just changed it,
     /// or its password.
     void forgetFailures(const QVSyncLocation &location);
-    /// Announces the row that was appended last.
+    /// Selects and announces the row that was appended last.
     void announceAddedSelection();
     /// Handler of the editors' sheets.
     void didEditLocation(const std::shared_ptr<QVSyncLocationEditor> &editor, bool isNew,

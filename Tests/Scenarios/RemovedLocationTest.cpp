@@ -172,6 +172,23 @@ private Q_SLOTS:
                      QStringList({QStringLiteral("Home ticked"), QStringLiteral("Office ticked")}));
     }
 
+    void theRestoredLocationIsSelectedForTheSameDatabase() {
+        m_host->addDatabase(QStringLiteral("Attic"));
+        closeWindow();
+        openWindow();
+        selectDatabase();
+        click(pane().locationsView()->items().last());
+        m_window->findChild<QPushButton *>(QStringLiteral("removeLocationButton"))->click();
+        bar()->findChild<QPushButton *>()->click();
+        const auto database = pane().localDatabaseForUUID(m_database->UUID());
+        QCOMPARE(pane().databasesController()->lastSelectedObject(), QVariant::fromValue(database));
+        const auto restored = pane().synchronizationSelections().last();
+        QCOMPARE(restored->title(), QStringLiteral("Office"));
+        QVERIFY(restored->isSelected());
+        QCOMPARE(pane().syncLocationsController()->lastSelectedObject(),
+                 QVariant::fromValue(restored));
+    }
+
     void aFailedUndoCanBeRepeated() {
         removeFirst();
         m_host->makeSavesFail();

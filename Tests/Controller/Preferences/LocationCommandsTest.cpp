@@ -167,6 +167,7 @@ private Q_SLOTS:
         const auto row = m_pane->synchronizationSelections().constLast();
         QCOMPARE(row->location()->URL().absoluteString(), URLs().last());
         QVERIFY(row->isSelected());
+        QCOMPARE(m_pane->syncLocationsController()->lastSelectedObject(), QVariant::fromValue(row));
         QCOMPARE(row->title(), QStringLiteral("host – Store"));
     }
 

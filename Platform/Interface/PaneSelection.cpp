@@ -1,0 +1,3 @@
+#include "Platform/Interface/PaneSelection.h"
+
+PaneSelection::~PaneSelection() = default;
