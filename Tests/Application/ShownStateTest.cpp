@@ -18,6 +18,7 @@ private:
     const VirtualDisplay m_display;
     const SecretService m_desktop;
     const AccessibleScreen m_screen{m_desktop.busAddress()};
+    const quint16 m_port = freePort();
     std::unique_ptr<ShownProgram> m_program;
 
     static inline const QString Panel = QStringLiteral("Sync Preferences");
@@ -71,6 +72,15 @@ private:
         }
         QSqlDatabase::removeDatabase(connection);
     }
+    /// Chooses the port of the server, which is off.
+    void choosePort() const {
+        const QString folder = home() + QStringLiteral("/.config/Velmora");
+        QVERIFY(QDir().mkpath(folder));
+        QFile file(folder + QStringLiteral("/Velmora.conf"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[General]\nQVDirectConnectionServerPortNumber=" + QByteArray::number(m_port) +
+                   '\n');
+    }
     bool isShown(const char *text) const { return m_screen.awaitText(QString::fromUtf8(text)); }
     bool isGone(const char *text) const {
         const QStringList shown = m_screen.awaitNoText(QString::fromUtf8(text));
@@ -108,6 +118,7 @@ private Q_SLOTS:
         m_program->setVariable(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
                                QStringLiteral("unix:path=/there/is/no/bus"));
         makeProfile();
+        choosePort();
         m_program->start();
         m_program->awaitWindows();
     }
@@ -205,6 +216,10 @@ private Q_SLOTS:
         QVERIFY(press("Direct Connections…"));
         QVERIFY(isShown("A computer that may connect can read and change the ticked databases."));
         QVERIFY(isShown("None yet. When a computer connects for the first time"));
+        QVERIFY(press("Let other computers synchronize with this one"));
+        QVERIFY(m_screen.awaitText(QStringLiteral("Port: %1").arg(m_port)));
+        QVERIFY(press("Let other computers synchronize with this one"));
+        QCOMPARE(m_screen.awaitNoText(QStringLiteral("Port: %1").arg(m_port)), QStringList());
         QVERIFY(press("Close"));
         QVERIFY(isGone("None yet."));
         m_program->terminate();

@@ -215,6 +215,10 @@ private Q_SLOTS:
         QVERIFY(own->isServing());
 
         QTRY_COMPARE(own->bonjourService()->name(), QStringLiteral("hostb"));
+        QTRY_COMPARE(own->addressText(),
+                     QStringLiteral("Other computers list this one as “hostb”.\n"
+                                    "Address: 10.77.0.2. Port: %1")
+                         .arg(own->port()));
 
         // Found, and never its own.
         QWidget parent;
