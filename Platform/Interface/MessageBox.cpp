@@ -7,6 +7,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLayout>
 
+#include "Platform/Interface/Mnemonics.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/RequiredChild.h"
 
@@ -27,9 +28,11 @@ QDialogButtonBox &MessageBox::buttonBox() const {
 }
 
 void MessageBox::showEvent(QShowEvent *event) {
+    Mnemonics::assign(*this);
     QMessageBox::showEvent(event);
     if (layout()->minimumSize().width() > width()) {
         buttonBox().setOrientation(Qt::Vertical);
+        buttonBox().setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
         for (QAbstractButton *button : buttons()) {
             button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         }

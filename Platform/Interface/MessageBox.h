@@ -7,7 +7,8 @@
 class QDialogButtonBox;
 
 /// A message box that shows its texts as they are, without looking for markup in them, and puts its
-/// buttons one below the other if they do not fit side by side. Must be used on the main thread.
+/// buttons one below the other if they do not fit side by side. Its buttons get mnemonics. Must be
+/// used on the main thread.
 class PLATFORM_EXPORT MessageBox : public QMessageBox {
     Q_OBJECT
 public:

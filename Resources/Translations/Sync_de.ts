@@ -1711,7 +1711,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>Synchronized %1, but some items failed</source>
-        <translation>%1 synchronisiert, aber einige Objekte sind fehlgeschlagen</translation>
+        <translation>Synchronisiert %1, aber einige Objekte sind fehlgeschlagen</translation>
     </message>
     <message>
         <source>Some items of “%1” could not be synchronized with “%2”. Open the log to see which.</source>

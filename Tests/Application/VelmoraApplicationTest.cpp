@@ -34,9 +34,11 @@ class VelmoraApplicationTest : public QObject {
 
     static VelmoraApplication &application() { return *static_cast<VelmoraApplication *>(qApp); }
 
+    /// Returns the text of the button without its mnemonic.
+    static QString titleOf(const QAbstractButton *button) { return button->text().remove(u'&'); }
     static void press(QMessageBox *box, const QString &title) {
         for (QAbstractButton *button : box->buttons()) {
-            if (button->text() == title) {
+            if (titleOf(button) == title) {
                 button->click();
                 return;
             }
@@ -136,13 +138,15 @@ private Q_SLOTS:
         QMessageBox *box = messageBoxes().first();
         QStringList titles;
         for (const QAbstractButton *button : box->buttons()) {
-            titles.append(button->text());
+            titles.append(titleOf(button));
+            QVERIFY2(!QKeySequence::mnemonic(button->text()).isEmpty(), qPrintable(button->text()));
+            QVERIFY2(button->icon().isNull(), qPrintable(button->text()));
         }
         for (const QString &title : {QStringLiteral("Edit Location…"), QStringLiteral("Try Again"),
                                      QStringLiteral("Close")}) {
             QVERIFY2(titles.contains(title), qPrintable(titles.join(u' ')));
         }
-        QCOMPARE(box->defaultButton()->text(), QStringLiteral("Close"));
+        QCOMPARE(titleOf(box->defaultButton()), QStringLiteral("Close"));
         QVERIFY(box->detailedText().contains(QStringLiteral("Error 7 of domain")));
         press(box, QStringLiteral("Try Again"));
         QTRY_COMPARE(chosen, QStringList{QStringLiteral("Try Again")});
@@ -205,7 +209,7 @@ private Q_SLOTS:
         const auto buttons = box->buttons();
         QVERIFY(code->geometry().bottom() < buttons.first()->mapTo(box, QPoint()).y());
         const auto accept = std::find_if(buttons.begin(), buttons.end(), [](const auto *button) {
-            return button->text() == QStringLiteral("Allow");
+            return titleOf(button) == QStringLiteral("Allow");
         });
         (*accept)->click();
         QTRY_COMPARE(answer, std::optional(true));
