@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Engine/Notes/LostOperations.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileSettings.h"
@@ -202,7 +203,8 @@ Expected<void> KnownTransactions::forgetStore(const ProfileDatabase &profile,
             return profile.run(QStringLiteral("DELETE FROM unwritten WHERE place = ?"), {store});
         })
         .and_then(
-            [&] { return ProfileSettings::removeAll(profile, RewrittenPrefix, u' ' + store); });
+            [&] { return ProfileSettings::removeAll(profile, RewrittenPrefix, u' ' + store); })
+        .and_then([&] { return LostOperations::forgetStore(profile, store); });
 }
 
 Expected<QString> KnownTransactions::lastVerified() const {

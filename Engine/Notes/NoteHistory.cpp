@@ -130,6 +130,16 @@ Expected<QList<NoteVersion>> NoteHistory::versions(const QStringList &UUIDs) con
                 QVariantList(UUIDs.begin(), UUIDs.end()));
 }
 
+Expected<bool> NoteHistory::contains(const OperationId &identifier) const {
+    return m_profile
+        .value(QStringLiteral("SELECT EXISTS (SELECT 1 FROM operations AS o JOIN versions AS v"
+                              " ON v.database = o.database AND v.note_uuid = o.note_uuid"
+                              " AND v.title = o.title AND v.text = o.text"
+                              " WHERE o.database = ? AND o.digest = ?)"),
+               {m_database, identifier})
+        .map([](const QVariant &exists) { return exists.toBool(); });
+}
+
 Expected<Note> NoteHistory::note(const NoteVersion &version) const {
     std::optional<Note> note;
     const Expected<void> done = m_profile.read(

@@ -567,7 +567,11 @@ Expected<bool> NoteLog::removeDamagedCopy(const Operation &damaged) const {
     if (!*current && !*isSuperseded) {
         return false;
     }
-    return erase({damaged.id}).map([] { return true; });
+    const Expected<bool> isKept = *current ? true : m_history.contains(damaged.id);
+    if (!isKept) {
+        return failure(isKept.error());
+    }
+    return erase({damaged.id}, *isKept ? Keeping::Drop : Keeping::Keep).map([] { return true; });
 }
 
 Expected<std::optional<Operation>> NoteLog::operation(const OperationId &identifier) const {

@@ -20,7 +20,8 @@ class QSqlQuery;
 /// may contain and send them.
 ///
 /// Every removed operation of a note is added to the history, except an unsent one whose title and
-/// text are contained in the edit that replaces it, and one that the user keeps in a conflict.
+/// text are contained in the edit that replaces it, one that the user keeps in a conflict, and a
+/// damaged copy of a current one.
 ///
 /// Must be used on the main thread; all functions block for the database. Functions that write must
 /// be called within a transaction of the profile, which the caller must roll back if they return an
@@ -92,8 +93,8 @@ public:
     /// Returns whether this operation is current and its contents are damaged.
     Expected<bool> isDamaged(const OperationId &identifier) const;
     /// Removes the operation `damaged`, which must be current, if only its identifier is damaged:
-    /// the operation with its contents is current as well, or superseded. Returns whether it is
-    /// removed.
+    /// the operation with its contents is current as well, or superseded. The history keeps its
+    /// contents only in the second case, and only once. Returns whether it is removed.
     Expected<bool> removeDamagedCopy(const Operation &damaged) const;
     /// Removes from the beginning of `identifiers` as many as fill one transaction, and returns
     /// those of these operations that are still current. If it returns an error, `identifiers` is

@@ -9,6 +9,7 @@
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/DerivedTables.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Notes/LostOperations.h"
 #include "Engine/Notes/NoteInspection.h"
 #include "Engine/Plugin/EngineSyncPlugin.h"
 #include "Engine/Plugin/ServedStoreSynchronizer.h"
@@ -99,9 +100,9 @@ Expected<QStringList> ProfileVerification::profileProblems() const {
     const auto databases = m_library.knownDatabases();
     for (const auto &database : databases) {
         auto &checked = static_cast<EngineDatabase &>(*database);
-        done = done.and_then([&] { return addDamagedNotes(checked, problems); }).and_then([&] {
-            return addDerivedProblems(checked, problems);
-        });
+        done = done.and_then([&] { return addDamagedNotes(checked, problems); })
+                   .and_then([&] { return addLostNotes(checked, problems); })
+                   .and_then([&] { return addDerivedProblems(checked, problems); });
     }
     if (!done && problems.isEmpty()) {
         return failure(done.error());
@@ -147,6 +148,23 @@ Expected<void> ProfileVerification::addDamagedNotes(EngineDatabase &database,
                     .arg(database.name(), NoteInspection::titles(damaged, database.name())));
         }
     });
+}
+
+Expected<void> ProfileVerification::addLostNotes(const EngineDatabase &database,
+                                                 QStringList &problems) const {
+    return LostOperations::all(m_profile, database.log().database())
+        .map([&](const QSet<OperationId> &lost) {
+            if (!lost.isEmpty()) {
+                problems.append(
+                    localizedSyncString("Changes of notes in the database “%1” that this computer "
+                                        "has lost: %2. “velmora verify --repair” reads them again "
+                                        "from the locations. If no location has them, synchronize "
+                                        "on the other computers, then here, or restore a backup of "
+                                        "the profile.")
+                        .arg(database.name())
+                        .arg(lost.size()));
+            }
+        });
 }
 
 Expected<void> ProfileVerification::addDerivedProblems(const EngineDatabase &database,

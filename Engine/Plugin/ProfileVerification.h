@@ -28,9 +28,9 @@ public:
     /// the list, then those of the served store.
     VerificationReport run(VerificationMode mode);
     /// Verifies only the profile: checks the file with SQLite ("integrity_check" and
-    /// "foreign_key_check"), every operation against its digest, and what the profile has derived
-    /// against what it was derived from. Damaged operations are read again by the synchronizations
-    /// that follow.
+    /// "foreign_key_check"), every operation against its digest, whether the operations of all
+    /// known transactions are there, and what the profile has derived against what it was derived
+    /// from. Damaged operations are read again by the synchronizations that follow.
     VerificationReport::Part verifyProfile() const;
 
 private:
@@ -44,6 +44,8 @@ private:
     Expected<void> addIntegrityProblems(QStringList &problems) const;
     /// Adds the damaged notes of `database`, and remembers them in it.
     Expected<void> addDamagedNotes(EngineDatabase &database, QStringList &problems) const;
+    /// Adds the changes of `database` that the profile knew and does not have any more.
+    Expected<void> addLostNotes(const EngineDatabase &database, QStringList &problems) const;
     /// Adds what is wrong with what the profile has derived about `database`.
     Expected<void> addDerivedProblems(const EngineDatabase &database, QStringList &problems) const;
     /// Derives again what is wrong, and returns what that was.

@@ -151,6 +151,9 @@ Expected<void> CleanSession::chooseFrom(Transactions all) {
         unwritten.subtract(QSet(contents.operations.begin(), contents.operations.end()));
     }
     m_incomplete = takeTransactionsWithOthers(all, current + *superseded);
+    if (Expected<void> noted = noteLost(m_incomplete); !noted) {
+        return noted;
+    }
     m_toRemove = m_extent == Extent::Everything ? transactionsToRewrite(all, current)
                                                 : fullTiers(all, current);
     QSet<OperationId> chosen = m_toRemove.isEmpty() ? QSet<OperationId>() : unwritten;
@@ -269,7 +272,7 @@ Expected<void> CleanSession::removeTransactions(BlobStore &store, const EngineFu
             // They are only forgotten: the next synchronization reads and repairs them.
             m_toRemove = *unsound;
             m_areRewritesUnsound = true;
-            return {};
+            return readProfile([this] { return noteLost(m_toRemove); });
         }
     }
     progress().begin(SessionProgress::Phase::Removing, m_toRemove.size());

@@ -62,9 +62,37 @@ QString StoreSession::path(const QString &name) const {
     return folder() + u'/' + name;
 }
 
+Expected<void> StoreSession::noteLost(const QStringList &names) {
+    QSet<OperationId> contained;
+    for (const QString &name : names) {
+        const Expected<KnownTransactions::Contents> contents = known().contents(name);
+        if (!contents) {
+            return failure(contents.error());
+        }
+        contained.unite({contents->operations.begin(), contents->operations.end()});
+    }
+    return lost().among(contained).map(
+        [this](const QSet<OperationId> &found) { m_notedAsLost.unite(found); });
+}
+
+Expected<void> StoreSession::rememberLost() {
+    if (m_notedAsLost.isEmpty()) {
+        return {};
+    }
+    const auto remember = [this](const QSet<OperationId> &remembered) {
+        return lost().remember(remembered + m_notedAsLost);
+    };
+    return m_profile.write([&] { return lost().remembered().and_then(remember); }).map([this] {
+        m_notedAsLost.clear();
+    });
+}
+
 Expected<void> StoreSession::forgetSome(QStringList &names, Contents contents) {
     if (names.isEmpty()) {
         return {};
+    }
+    if (Expected<void> remembered = rememberLost(); !remembered) {
+        return remembered;
     }
     const QStringList some = names.first(qMin(names.size(), NamesForgottenAtOnce));
     names.remove(0, some.size());

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "Engine/Notes/KnownTransactions.h"
+#include "Engine/Notes/LostOperations.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Stores/BlobStore.h"
 #include "Engine/Synchronization/Problems.h"
@@ -98,8 +99,16 @@ protected:
     /// they can be used in readProfile() only.
     NoteLog log() const { return {m_profile, m_databaseId}; }
     KnownTransactions known() const { return {m_profile, m_subject.store, m_databaseId}; }
+    LostOperations lost() const { return {m_profile, m_subject.store, m_databaseId}; }
     /// Calls `read`, which can read the profile on the current worker thread, with one state of it.
     Expected<void> readProfile(const std::function<Expected<void>()> &read);
+    /// Notes the operations that the known transactions `names` contain and the profile has lost.
+    /// To be called in readProfile() only, before these are forgotten.
+    Expected<void> noteLost(const QStringList &names);
+    void noteLost(const OperationId &identifier) { m_notedAsLost.insert(identifier); }
+    /// Remembers in the profile what was noted; forgetSome() does so, too. Must be called on the
+    /// main thread.
+    Expected<void> rememberLost();
     /// What becomes of the contents of records that are forgotten.
     enum class Contents { MayBeLost, AreInOthers };
     /// Takes some of the transactions from `names` and removes them from the known ones. Must be
@@ -182,6 +191,8 @@ private:
     QStringList m_writtenTransactions;
     bool m_hasFailedToWriteAll = false;
     QSet<OperationId> m_repaired;
+    /// The lost operations of known transactions that are not remembered yet.
+    QSet<OperationId> m_notedAsLost;
     std::atomic_bool m_isAbandoned = false;
     /// Locked while a worker thread reads the profile.
     QMutex m_profileUse;

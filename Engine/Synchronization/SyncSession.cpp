@@ -91,12 +91,15 @@ Expected<void> SyncSession::accessProfile() {
                                 database()->isComparisonDue(subject().store);
             });
         case Step::Comparing:
+            return rememberLost().and_then([this] { return forgetGone(); });
         case Step::Forgetting:
             return forgetGone();
         case Step::Reading:
             return continueReading();
         case Step::Verifying:
-            return recordVerification().and_then([this] { return beginCollecting(); });
+            return rememberLost()
+                .and_then([this] { return recordVerification(); })
+                .and_then([this] { return beginCollecting(); });
         case Step::Restarting:
             return restartRecording();
         case Step::Collecting:
@@ -239,7 +242,9 @@ Expected<void> SyncSession::takeTransaction(const TransactionRecords &records, c
 
 Expected<void> SyncSession::handleDamage(BlobStore &store, const EngineFuture &future) {
     m_verification.takeResults(m_damagedRecords);
-    return m_damagedRecords.setAside({store, subject().databaseUUID, future}, future);
+    return m_damagedRecords.setAside({store, subject().databaseUUID, future}, future)
+        .and_then(
+            [this] { return readProfile([this] { return noteLost(m_damagedRecords.lost()); }); });
 }
 
 Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store, const EngineFuture &future) {
@@ -287,7 +292,7 @@ Expected<void> SyncSession::compareListing() {
     progress().begin(m_pass == Pass::Comparing ? SessionProgress::Phase::Reading
                                                : SessionProgress::Phase::Merging,
                      m_unread.size());
-    return {};
+    return noteLost(m_gone);
 }
 
 Expected<void> SyncSession::chooseToReadAgain(const QSet<QString> &listed) {
@@ -317,6 +322,7 @@ Expected<void> SyncSession::chooseToReadAgain(const QSet<QString> &listed) {
         for (const OperationId &id : std::as_const(each->operations)) {
             if (!present.contains(id)) {
                 m_damagedOperations.insert(id);
+                noteLost(id);
             }
             isNeeded = isNeeded || m_damagedOperations.contains(id);
         }
@@ -531,8 +537,8 @@ Expected<void> SyncSession::addToKnown(const MergeQueue::Part &part) {
 
 Expected<void> SyncSession::prepareWriting() {
     progress().begin(SessionProgress::Phase::Writing, m_operationsToWrite.size());
-    Expected<void> prepared;
-    if (!m_operationsToWrite.isEmpty() || m_isCountWrong) {
+    Expected<void> prepared = reportLost();
+    if (prepared && (!m_operationsToWrite.isEmpty() || m_isCountWrong)) {
         prepared = profile().write([this] {
             const Expected<void> counted =
                 m_isCountWrong ? log().recountConflicts() : Expected<void>();
@@ -544,11 +550,39 @@ Expected<void> SyncSession::prepareWriting() {
     return prepared.and_then([this] { return continueWriting(); });
 }
 
+Expected<void> SyncSession::findLost() {
+    return lost().remembered().and_then([this](const QSet<OperationId> &remembered) {
+        return lost().among(remembered).map([&](const QSet<OperationId> &stillLost) {
+            m_hasLostReturned = stillLost.size() < remembered.size();
+            m_stillLost = stillLost;
+        });
+    });
+}
+
+Expected<void> SyncSession::reportLost() {
+    if (m_stillLost.isEmpty() && !m_hasLostReturned) {
+        return {};
+    }
+    if (!m_stillLost.isEmpty()) {
+        addProblem(engineError(
+            EngineErrorCode::InvalidDatabase,
+            localizedSyncString("This computer has lost changes of notes that are not at the "
+                                "location any more either: %1. Synchronize on the other computers, "
+                                "then here. If that does not bring them back, restore a backup of "
+                                "the profile.")
+                .arg(m_stillLost.size())));
+    }
+    return profile().write([this] { return lost().remember(m_stillLost); });
+}
+
 Expected<void> SyncSession::collectUnwritten() {
     m_queue.releaseTaken();
     const Expected<bool> isComplete = known().isComplete();
     if (!isComplete) {
         return failure(isComplete.error());
+    }
+    if (Expected<void> found = *isComplete ? Expected<void>() : findLost(); !found) {
+        return found;
     }
     if (!*isComplete) {
         const Expected<bool> isCountSound = log().isCountOfConflictsSound();

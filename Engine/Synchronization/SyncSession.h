@@ -30,6 +30,9 @@
 /// read together, nothing is merged or written, and the session ends with an error of the code
 /// RemovalUndecided, unless the user has decided about these notes.
 ///
+/// An operation that the profile has lost, and that is in no record any more, is reported by each
+/// session that compares everything, until it returns.
+///
 /// If a read of the profile fails, the session ends with that error and writes nothing further.
 class SyncSession : public StoreSession {
 public:
@@ -100,6 +103,8 @@ private:
     Expected<void> compareTransactions();
     /// Returns an error if the user must decide about notes that disappear.
     Expected<void> checkRemoval();
+    /// Finds what remains lost of the notes that the profile knew.
+    Expected<void> findLost();
     /// Takes what is recorded as unwritten or, unless that is complete, compares everything.
     Expected<void> collectUnwritten();
 
@@ -131,6 +136,8 @@ private:
     /// Forgets some of what is recorded as unwritten, then begins to collect.
     Expected<void> restartRecording();
     Expected<void> prepareWriting();
+    /// Reports what remains lost, and forgets what has returned.
+    Expected<void> reportLost();
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
     /// Records that everything was written if everything was compared.
@@ -154,6 +161,10 @@ private:
     /// that are read again.
     QSet<OperationId> m_damagedOperations;
     QHash<QString, KnownTransactions::Contents> m_readAgain;
+    /// The operations that the profile has lost and this session has not read, and whether others
+    /// have returned.
+    QSet<OperationId> m_stillLost;
+    bool m_hasLostReturned = false;
     /// The names of the transactions that remain to be read.
     QStringList m_unread;
     /// The known transactions that the store no longer has.

@@ -722,6 +722,10 @@
         <translation>ملاحظات تالفة في قاعدة البيانات «⁨%1⁩»: ⁨%2⁩. يقرأها الأمر «velmora verify --repair» من المواقع مجددًا. إذا لم تكن في أي موقع، فراجع نصوصها وحرِّرها.</translation>
     </message>
     <message>
+        <source>Changes of notes in the database “%1” that this computer has lost: %2. “velmora verify --repair” reads them again from the locations. If no location has them, synchronize on the other computers, then here, or restore a backup of the profile.</source>
+        <translation>تغييرات الملاحظات في قاعدة البيانات «⁨%1⁩» التي فقدها هذا الحاسوب: %2. يقرأها الأمر «velmora verify --repair» من المواقع مجددًا. إذا لم تكن في أي موقع، فزامن على الحواسيب الأخرى ثم هنا، أو استعد نسخة احتياطية من ملف التعريف.</translation>
+    </message>
+    <message>
         <source>“%1”</source>
         <translation>«⁨%1⁩»</translation>
     </message>
@@ -1661,6 +1665,10 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message>
         <source>“%1” was damaged on this computer and was read again from the location.</source>
         <translation>كانت «⁨%1⁩» تالفة على هذا الحاسوب وقُرئت من الموقع مجددًا.</translation>
+    </message>
+    <message>
+        <source>This computer has lost changes of notes that are not at the location any more either: %1. Synchronize on the other computers, then here. If that does not bring them back, restore a backup of the profile.</source>
+        <translation>فقد هذا الحاسوب تغييرات في ملاحظات لم تعد في الموقع أيضًا: %1. زامن على الحواسيب الأخرى ثم هنا. إذا لم تعد بذلك، فاستعد نسخة احتياطية من ملف التعريف.</translation>
     </message>
     <message>
         <source>Databases of other computers that were not added: %1. This computer adds none from direct connections if it has %2 already. To get them, use another location on both computers.</source>

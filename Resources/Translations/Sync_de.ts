@@ -714,6 +714,10 @@
         <translation>Beschädigte Notizen in der Datenbank „%1“: %2. „velmora verify --repair“ liest sie erneut von den Orten. Wenn kein Ort sie enthält, prüfen und bearbeiten Sie ihre Texte.</translation>
     </message>
     <message>
+        <source>Changes of notes in the database “%1” that this computer has lost: %2. “velmora verify --repair” reads them again from the locations. If no location has them, synchronize on the other computers, then here, or restore a backup of the profile.</source>
+        <translation>Änderungen von Notizen in der Datenbank „%1“, die dieser Computer verloren hat: %2. „velmora verify --repair“ liest sie erneut von den Orten. Wenn kein Ort sie enthält, synchronisieren Sie auf den anderen Computern und dann hier, oder stellen Sie eine Sicherungskopie des Profils wieder her.</translation>
+    </message>
+    <message>
         <source>The list of unsent changes of the database “%1” is wrong. “velmora verify --repair” compares everything and sends what the list lacks.</source>
         <translation>Die Liste der nicht gesendeten Änderungen der Datenbank „%1“ ist falsch. „velmora verify --repair“ vergleicht alles und sendet, was in der Liste fehlt.</translation>
     </message>
@@ -1657,6 +1661,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>“%1” was damaged on this computer and was read again from the location.</source>
         <translation>„%1“ war auf diesem Computer beschädigt und wurde erneut vom Ort gelesen.</translation>
+    </message>
+    <message>
+        <source>This computer has lost changes of notes that are not at the location any more either: %1. Synchronize on the other computers, then here. If that does not bring them back, restore a backup of the profile.</source>
+        <translation>Dieser Computer hat Änderungen von Notizen verloren, die auch am Ort nicht mehr vorhanden sind: %1. Synchronisieren Sie auf den anderen Computern und dann hier. Wenn sie dadurch nicht zurückkehren, stellen Sie eine Sicherungskopie des Profils wieder her.</translation>
     </message>
     <message>
         <source>Databases of other computers that were not added: %1. This computer adds none from direct connections if it has %2 already. To get them, use another location on both computers.</source>

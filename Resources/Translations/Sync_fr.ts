@@ -694,6 +694,10 @@
         <translation>Notes endommagées dans la base de données « %1 » : %2. « velmora verify --repair » les relit depuis les emplacements. Si aucun emplacement ne les contient, vérifiez leurs textes et modifiez-les.</translation>
     </message>
     <message>
+        <source>Changes of notes in the database “%1” that this computer has lost: %2. “velmora verify --repair” reads them again from the locations. If no location has them, synchronize on the other computers, then here, or restore a backup of the profile.</source>
+        <translation>Modifications de notes de la base de données « %1 » que cet ordinateur a perdues : %2. « velmora verify --repair » les relit depuis les emplacements. Si aucun emplacement ne les contient, synchronisez sur les autres ordinateurs, puis ici, ou restaurez une copie de sauvegarde du profil.</translation>
+    </message>
+    <message>
         <source>“%1”</source>
         <translation>« %1 »</translation>
     </message>
@@ -1621,6 +1625,10 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     <message>
         <source>“%1” was damaged on this computer and was read again from the location.</source>
         <translation>« %1 » était endommagé sur cet ordinateur et a été relu depuis l’emplacement.</translation>
+    </message>
+    <message>
+        <source>This computer has lost changes of notes that are not at the location any more either: %1. Synchronize on the other computers, then here. If that does not bring them back, restore a backup of the profile.</source>
+        <translation>Cet ordinateur a perdu des modifications de notes que l’emplacement ne contient plus non plus : %1. Synchronisez sur les autres ordinateurs, puis ici. Si cela ne les fait pas revenir, restaurez une copie de sauvegarde du profil.</translation>
     </message>
     <message>
         <source>Databases of other computers that were not added: %1. This computer adds none from direct connections if it has %2 already. To get them, use another location on both computers.</source>

@@ -712,6 +712,10 @@
         <translation>データベース「%1」に破損したノートがあります: %2。「velmora verify --repair」を実行すると、同期先からもう一度読み取ります。どの同期先にもない場合は、本文を確認して編集してください。</translation>
     </message>
     <message>
+        <source>Changes of notes in the database “%1” that this computer has lost: %2. “velmora verify --repair” reads them again from the locations. If no location has them, synchronize on the other computers, then here, or restore a backup of the profile.</source>
+        <translation>データベース「%1」で、このコンピューターから失われたノートの変更: %2。「velmora verify --repair」を実行すると、同期先からもう一度読み取ります。どの同期先にもない場合は、ほかのコンピューターで同期してからここで同期するか、プロファイルのバックアップを復元してください。</translation>
+    </message>
+    <message>
         <source>“%1”</source>
         <translation>「%1」</translation>
     </message>
@@ -1636,6 +1640,10 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message>
         <source>“%1” was damaged on this computer and was read again from the location.</source>
         <translation>「%1」はこのコンピューターで破損していたため、同期先からもう一度読み取られました。</translation>
+    </message>
+    <message>
+        <source>This computer has lost changes of notes that are not at the location any more either: %1. Synchronize on the other computers, then here. If that does not bring them back, restore a backup of the profile.</source>
+        <translation>このコンピューターから失われたノートの変更があり、同期先にももうありません: %1。ほかのコンピューターで同期してから、ここで同期してください。それでも戻らない場合は、プロファイルのバックアップを復元してください。</translation>
     </message>
     <message>
         <source>Databases of other computers that were not added: %1. This computer adds none from direct connections if it has %2 already. To get them, use another location on both computers.</source>

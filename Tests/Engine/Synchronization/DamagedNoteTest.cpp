@@ -52,6 +52,28 @@ private:
         return result ? session.problems().kept() : QList{result.error()};
     }
 
+    static QStringList textsOf(const QList<Error> &problems) {
+        QStringList texts;
+        for (const Error &problem : problems) {
+            texts.append(problem.localizedDescription);
+        }
+        return texts;
+    }
+
+    /// Deletes or damages the record in the store that contains the note.
+    void loseRecordOf(const QString &title, bool isDeleted) {
+        const QByteArray text = "\"title\":\"" + title.toUtf8() + '"';
+        const auto found = std::find_if(m_blobs.begin(), m_blobs.end(), [&](const auto &blob) {
+            return blob.second.contains(text);
+        });
+        QVERIFY(found != m_blobs.end());
+        if (isDeleted) {
+            m_blobs.erase(found);
+        } else {
+            found->second.replace(text, "\"title\":\"damaged\"");
+        }
+    }
+
     QStringList textsOnAnotherComputer() {
         m_host->goToComputer(QStringLiteral("Third"));
         if (!run<SyncSession>()) {
@@ -66,8 +88,17 @@ private Q_SLOTS:
     void init() { beginWithNotes({Title, QStringLiteral("b")}); }
     void cleanup() { m_host.reset(); }
 
+    void aChangedBitIsReportedAndReadAgain_data() {
+        QTest::addColumn<int>("length");
+        QTest::addRow("in the row") << 0;
+        QTest::addRow("in the rest of a long text") << 100'000;
+    }
     void aChangedBitIsReportedAndReadAgain() {
-        Note note{{}, QStringLiteral("long"), QStringLiteral("a rare word in it"), {}};
+        QFETCH(int, length);
+        Note note{{},
+                  QStringLiteral("long"),
+                  QString(length, u'x') + QStringLiteral("a rare word in it"),
+                  {}};
         QVERIFY(m_host->inbox()->saveNote(note));
         QVERIFY(run<SyncSession>());
         const QStringList before = texts();
@@ -104,6 +135,14 @@ private Q_SLOTS:
         QCOMPARE(problems<SyncSession>().size(), 1);
         QCOMPARE(texts(), before);
         verifySound();
+        // Nothing is kept twice.
+        const QList<Note> notes = m_host->inbox()->notes().value();
+        for (const Note &note : notes) {
+            const auto versions = m_host->inbox()->earlierVersions(note.UUID).value();
+            for (const NoteVersion &version : versions) {
+                QVERIFY(m_host->inbox()->noteOfVersion(version)->text != note.text);
+            }
+        }
     }
 
     void aNoteWithADamagedIdentifierIsReplacedByItsLaterEdit() {
@@ -120,7 +159,7 @@ private Q_SLOTS:
         QCOMPARE(problems<SyncSession>().size(), 1);
         QCOMPARE(texts(), expected);
         verifySound();
-        QVERIFY(!m_host->inbox()->earlierVersions(edited.UUID).value().isEmpty());
+        QCOMPARE(m_host->inbox()->earlierVersions(edited.UUID).value().size(), 1);
     }
 
     /// As if the pages with their rows were those of an earlier state.
@@ -152,6 +191,52 @@ private Q_SLOTS:
         QVERIFY(this->problems<SyncSession>().isEmpty());
         verifySound();
         QCOMPARE(textsOnAnotherComputer(), before);
+    }
+
+    /// The profile has lost a note, and the store has lost the record that contains it.
+    void whatIsLostEverywhereIsReportedUntilItReturns_data() {
+        QTest::addColumn<bool>("isDeleted");
+        QTest::addColumn<bool>("isCompared");
+        QTest::addColumn<bool>("isCleaned");
+        QTest::addRow("damaged record") << false << true << false;
+        QTest::addRow("damaged record, found by chance") << false << false << false;
+        QTest::addRow("damaged record, after cleaning up") << false << false << true;
+        QTest::addRow("deleted record") << true << true << false;
+        QTest::addRow("deleted record, no comparison") << true << false << false;
+        QTest::addRow("deleted record, after cleaning up") << true << false << true;
+    }
+    void whatIsLostEverywhereIsReportedUntilItReturns() {
+        QFETCH(bool, isDeleted);
+        QFETCH(bool, isCompared);
+        QFETCH(bool, isCleaned);
+        m_host->goToComputer(QStringLiteral("Third"));
+        QVERIFY(run<SyncSession>());
+        m_host->goToComputer(QStringLiteral("Profile"));
+        const QStringList before = texts();
+        QVERIFY(run<SyncSession>());
+        QVERIFY(profile().run(QStringLiteral("DELETE FROM operations WHERE title = ?"), {Title}));
+        if (isCompared) {
+            m_host->restart();
+        }
+        QCOMPARE(verify().size(), 1);
+        if (isCleaned) {
+            QVERIFY(run<CleanSession>());
+        }
+        loseRecordOf(Title, isDeleted);
+        const QString lost = QStringLiteral("lost changes of notes");
+        QCOMPARE(textsOf(problems<SyncSession>()).filter(lost).size(), 1);
+        QVERIFY(textsOf(problems<SyncSession>()).filter(lost).isEmpty());
+        QCOMPARE(verify().size(), 1);
+        m_host->restart();
+        QCOMPARE(textsOf(problems<SyncSession>()).filter(lost).size(), 1);
+        QVERIFY2(verify().value(0).contains(QStringLiteral("has lost: 1. ")),
+                 qPrintable(verify().value(0)));
+        m_host->goToComputer(QStringLiteral("Third"));
+        QVERIFY(run<SyncSession>());
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QVERIFY(textsOf(problems<SyncSession>()).filter(lost).isEmpty());
+        QCOMPARE(texts(), before);
+        verifySound();
     }
 
     void aDamagedNoteThatNoLocationHasIsNamedAndNotSentUntilItIsEdited() {

@@ -1,0 +1,87 @@
+#include "Engine/Notes/LostOperations.h"
+
+#include "Engine/Notes/NoteLog.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileSettings.h"
+
+namespace {
+
+/// The start of the keys of settings, which the database and the store follow.
+const QString Prefix = QStringLiteral("lost ");
+
+QString prefixOf(qint64 database) {
+    return Prefix + QString::number(database) + u' ';
+}
+
+void add(QSet<OperationId> &operations, const QVariant &packed) {
+    const QList<OperationId> unpacked = Operation::unpacked(packed.toByteArray());
+    operations.unite({unpacked.begin(), unpacked.end()});
+}
+
+}  // namespace
+
+LostOperations::LostOperations(const ProfileDatabase &profile, const QString &store,
+                               qint64 database)
+    : m_profile(profile), m_database(database), m_key(prefixOf(database) + store) {}
+
+Expected<QSet<OperationId>> LostOperations::among(const QSet<OperationId> &operations) const {
+    Expected<QSqlQuery> query = m_profile.prepare(
+        QStringLiteral("SELECT 1 WHERE NOT EXISTS"
+                       " (SELECT 1 FROM operations WHERE database = ? AND digest = ?)"
+                       " AND NOT EXISTS"
+                       " (SELECT 1 FROM superseded WHERE database = ? AND digest = ?)"));
+    if (!query) {
+        return failure(query.error());
+    }
+    QSet<OperationId> lost;
+    for (const OperationId &identifier : operations) {
+        const Expected<void> done =
+            m_profile.read(*query, {m_database, identifier, m_database, identifier},
+                           [&](const QSqlQuery & /*row*/) { lost.insert(identifier); });
+        if (!done) {
+            return failure(done.error());
+        }
+    }
+    return lost;
+}
+
+Expected<QSet<OperationId>> LostOperations::remembered() const {
+    return ProfileSettings::value(m_profile, m_key).map([](const QVariant &packed) {
+        QSet<OperationId> operations;
+        add(operations, packed);
+        return operations;
+    });
+}
+
+Expected<void> LostOperations::remember(const QSet<OperationId> &operations) const {
+    return operations.isEmpty()
+               ? ProfileSettings::remove(m_profile, m_key)
+               : ProfileSettings::set(m_profile, m_key, Operation::packed(operations.values()));
+}
+
+Expected<QSet<OperationId>> LostOperations::all(const ProfileDatabase &profile, qint64 database) {
+    QSet<OperationId> operations;
+    const Expected<void> read =
+        profile.read(QStringLiteral("SELECT operations FROM known_transactions WHERE database = ?"),
+                     {database}, [&](const QSqlQuery &row) { add(operations, row.value(0)); });
+    const auto remembered = ProfileSettings::values(profile, prefixOf(database));
+    if (!read || !remembered) {
+        return failure(read ? remembered.error() : read.error());
+    }
+    for (const QVariant &packed : *remembered) {
+        add(operations, packed);
+    }
+    const NoteLog log(profile, database);
+    const Expected<QList<OperationId>> current = log.operationIds();
+    const Expected<QSet<OperationId>> superseded = log.supersededIds();
+    if (!current || !superseded) {
+        return failure(current ? superseded.error() : current.error());
+    }
+    operations.subtract({current->begin(), current->end()});
+    operations.subtract(*superseded);
+    return operations;
+}
+
+Expected<void> LostOperations::forgetStore(const ProfileDatabase &profile, const QString &store) {
+    return ProfileSettings::removeAll(profile, Prefix, u' ' + store);
+}
