@@ -148,6 +148,39 @@ private Q_SLOTS:
         verifySound();
     }
 
+    /// The rest of a long text is elsewhere than its row says.
+    void aDamagedTextIsNotAnIndex_data() {
+        QTest::addColumn<int>("bit");
+        for (const int bit : {0, 1, 2, 3, 20, 31}) {
+            QTest::addRow("bit %d", bit) << bit;
+        }
+    }
+    void aDamagedTextIsNotAnIndex() {
+        QFETCH(int, bit);
+        QByteArray text;
+        for (int line = 0; line < 5000; ++line) {
+            text += "line " + QByteArray::number(line) + '\n';
+        }
+        Note note{{}, QStringLiteral("long"), QString::fromLatin1(text), {}};
+        QVERIFY(m_host->inbox()->saveNote(note));
+        const QStringList before = texts();
+        QVERIFY(ProfileBackups(m_directory).make(QDate(2026, 11, 22)));
+        m_host->goToComputer(QStringLiteral("Other"));
+        DamagedIndex::makeOverflow(file(), text, bit);
+        const QByteArray damaged = contents();
+        const Expected<void> opened = open();
+        QCOMPARE(code(opened), EngineErrorCode::ProfileDamaged);
+        QVERIFY2(description(opened).startsWith(
+                     QStringLiteral("The profile “%1” is damaged. ").arg(file())),
+                 qPrintable(description(opened)));
+        QCOMPARE(contents(), damaged);
+        QVERIFY(ProfileRecovery::restoreBackup(m_directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(texts(), before);
+        QVERIFY(run<SyncSession>());
+        verifySound();
+    }
+
     /// The table cannot be trusted either if several indexes differ from it.
     void aNoteWhoseDatabaseIsDamagedIsNotMoved() {
         m_host->addDatabase(QStringLiteral("Other"));
