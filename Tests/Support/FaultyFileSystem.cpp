@@ -8,9 +8,11 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "Support/DiskCache.h"
+
 namespace {
 
-enum class Need { Nothing, Space };
+enum class Need { Nothing, Space, Flush };
 
 struct Plan {
     bool isActive = false;
@@ -21,6 +23,7 @@ struct Plan {
     ino_t file = 0;
     qint64 calls = 0;
     bool hasFailed = false;
+    DiskCache cache;
 };
 
 /// Returns the number of the file `name` in its file system, or 0 if there is none.
@@ -40,6 +43,8 @@ struct File {
     sqlite3_file base;
     bool isTemporary;
     ino_t number;
+    /// Null for temporary files.
+    const char *name;
     /// Of the file system below; its object follows this one.
     sqlite3_file *below() { return reinterpret_cast<sqlite3_file *>(this + 1); }
 };
@@ -61,6 +66,8 @@ bool isConcerned(Need need, bool isTemporary) {
             return need == Need::Space;
         case FaultyFileSystem::Fault::NoTemporaryFiles:
             return isTemporary;
+        case FaultyFileSystem::Fault::Flush:
+            return need == Need::Flush && !isTemporary;
         case FaultyFileSystem::Fault::Unreadable:
             break;
     }
@@ -106,6 +113,14 @@ int unlessFailing(sqlite3_file *file, Need need, int error, const Call &call) {
     return fails(need, own(file)->isTemporary) ? failureOf(need, error) : call();
 }
 
+/// Calls `change` with what the disk has not stored, and the path of the file, if that is needed.
+template <class Change>
+void changeCache(const File &file, const Change &change) {
+    if (plan().isActive && plan().fault == FaultyFileSystem::Fault::Flush && file.name) {
+        change(plan().cache, QFile::decodeName(file.name));
+    }
+}
+
 int closeFile(sqlite3_file *file) {
     return below(file)->pMethods->xClose(below(file));
 }
@@ -120,19 +135,28 @@ int readFile(sqlite3_file *file, void *buffer, int size, sqlite3_int64 offset) {
 }
 
 int writeFile(sqlite3_file *file, const void *buffer, int size, sqlite3_int64 offset) {
+    changeCache(*own(file), [&](DiskCache &cache, const QString &path) {
+        cache.write(path, offset, {static_cast<const char *>(buffer), size});
+    });
     return unlessFailing(file, Need::Space, SQLITE_IOERR_WRITE, [&] {
         return below(file)->pMethods->xWrite(below(file), buffer, size, offset);
     });
 }
 
 int truncateFile(sqlite3_file *file, sqlite3_int64 size) {
+    changeCache(*own(file), [&](DiskCache &cache, const QString &path) { cache.cut(path, size); });
     return unlessFailing(file, Need::Nothing, SQLITE_IOERR_TRUNCATE,
                          [&] { return below(file)->pMethods->xTruncate(below(file), size); });
 }
 
 int syncFile(sqlite3_file *file, int flags) {
-    return unlessFailing(file, Need::Nothing, SQLITE_IOERR_FSYNC,
-                         [&] { return below(file)->pMethods->xSync(below(file), flags); });
+    const int result = unlessFailing(file, Need::Flush, SQLITE_IOERR_FSYNC, [&] {
+        return below(file)->pMethods->xSync(below(file), flags);
+    });
+    changeCache(*own(file), [&](DiskCache &cache, const QString &path) {
+        result == SQLITE_OK ? cache.flush(path) : cache.drop(path);
+    });
+    return result;
 }
 
 int sizeOfFile(sqlite3_file *file, sqlite3_int64 *size) {
@@ -217,6 +241,7 @@ int openFile(sqlite3_vfs * /*files*/, sqlite3_filename name, sqlite3_file *file,
     File *opened = own(file);
     opened->base.pMethods = nullptr;
     opened->isTemporary = (flags & temporary) != 0 || !name;
+    opened->name = opened->isTemporary ? nullptr : name;
     if (fails(Need::Nothing, opened->isTemporary)) {
         return SQLITE_CANTOPEN;
     }
@@ -229,8 +254,11 @@ int openFile(sqlite3_vfs * /*files*/, sqlite3_filename name, sqlite3_file *file,
 }
 
 int deleteFile(sqlite3_vfs * /*files*/, const char *name, int isSyncing) {
-    return fails(Need::Nothing, false) ? SQLITE_IOERR_DELETE
-                                       : systemFiles->xDelete(systemFiles, name, isSyncing);
+    if (fails(Need::Nothing, false)) {
+        return SQLITE_IOERR_DELETE;
+    }
+    plan().cache.remove(QFile::decodeName(name));
+    return systemFiles->xDelete(systemFiles, name, isSyncing);
 }
 
 int accessFile(sqlite3_vfs * /*files*/, const char *name, int flags, int *result) {
@@ -244,7 +272,7 @@ FaultyFileSystem::FaultyFileSystem(Fault fault, qint64 first, Duration duration)
     if (!systemFiles || plan().isActive) {
         throw std::logic_error("install() first, and have one at a time");
     }
-    plan() = {true, fault, duration, first};
+    plan() = {.isActive = true, .fault = fault, .duration = duration, .first = first};
 }
 
 FaultyFileSystem::FaultyFileSystem(const QString &path, qint64 first)
@@ -262,6 +290,10 @@ bool FaultyFileSystem::hasFailed() const {
 
 qint64 FaultyFileSystem::calls() const {
     return plan().calls;
+}
+
+void FaultyFileSystem::losePower(const QString &folder) const {
+    plan().cache.losePower(folder);
 }
 
 void FaultyFileSystem::install() {

@@ -17,6 +17,8 @@ public:
         End,
         /// Reads of one file fail.
         Unreadable,
+        /// Files cannot be flushed, and what was written to one before is never stored then.
+        Flush,
     };
     enum class Duration { Once, FromThenOn };
 
@@ -33,6 +35,10 @@ public:
     bool hasFailed() const;
     /// Returns the number of calls to which the fault applies, whether they failed or not.
     qint64 calls() const;
+
+    /// Changes the copies of databases in `folder` to what a power failure leaves of those that
+    /// were written since the beginning. The fault must be Flush.
+    void losePower(const QString &folder) const;
 
     /// Puts the failing file system between SQLite and the disk. Must be called before the first
     /// database is opened; later calls have no effect.

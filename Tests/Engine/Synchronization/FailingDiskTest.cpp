@@ -133,6 +133,33 @@ private:
         QDir(profile).removeRecursively();
     }
 
+    /// The power fails when the story has ended, after the disk could not store something.
+    void verifyPowerFailure(const Story &story, qint64 call, Duration duration,
+                            const Contents &before, const Contents &after) {
+        const QString profile = newFolder();
+        Expected<QList<Error>> result;
+        const QString left = newFolder();
+        {
+            const std::unique_ptr<Computer> computer = begin(story, profile);
+            const FaultyFileSystem disk(Fault::Flush, call, duration);
+            result = story.action(*computer);
+            copyProfile(profile, left);
+            QFile::remove(left + QStringLiteral("/profile.sqlite-shm"));
+            disk.losePower(left);
+        }
+        const bool isReported = !result || !result->isEmpty();
+        const Contents found = contentsAt(left);
+        verifyBetween(found, before, after);
+        QVERIFY(isReported || found == after);
+        MemoryStore store(m_blobs);
+        if (!isReported && story.isSynchronized) {
+            verifySound(left, store);
+        }
+        verifyNothingIsLost(left, store);
+        QDir(profile).removeRecursively();
+        QDir(left).removeRecursively();
+    }
+
 private Q_SLOTS:
     void initTestCase() {
         FaultyFileSystem::install();
@@ -176,6 +203,28 @@ private Q_SLOTS:
         const qint64 calls = countCalls(told, fault, &before, &after);
         forCalls(calls, 3,
                  [&](qint64 call) { verifyFailure(told, fault, call, duration, before, after); });
+    }
+
+    void aPowerFailureLosesNothing_data() {
+        QTest::addColumn<QString>("story");
+        QTest::addColumn<Duration>("duration");
+        const QStringList names = stories().keys();
+        for (const QString &name : names) {
+            const QByteArray text = name.toUtf8();
+            QTest::addRow("%s, one failed flush", text.constData()) << name << Duration::Once;
+            QTest::addRow("%s, failed flushes", text.constData()) << name << Duration::FromThenOn;
+        }
+    }
+    void aPowerFailureLosesNothing() {
+        QFETCH(QString, story);
+        QFETCH(Duration, duration);
+        const Story told = stories().value(story);
+        Contents before;
+        Contents after;
+        const qint64 flushes = countCalls(told, Fault::Flush, &before, &after);
+        // Also if all is flushed.
+        forCalls(flushes + 1, 10,
+                 [&](qint64 flush) { verifyPowerFailure(told, flush, duration, before, after); });
     }
 
     void aMigrationLosesNothing_data() {
