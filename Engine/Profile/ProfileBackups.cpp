@@ -330,18 +330,19 @@ Expected<void> ProfileBackups::keepBeforeDamage(const QDate &today, const QStrin
     }
     const auto previous = std::find_if(backups->begin(), backups->end(),
                                        [&](const Backup &each) { return each.date != today; });
-    if (previous != backups->end() && !inspect(previous->path).value_or(QString()).isEmpty()) {
-        if (Expected<void> removed = removeFile(previous->path); !removed) {
-            return removed;
-        }
-    }
-    return failure(engineError(
-        EngineErrorCode::BackupFailed,
+    const bool isObsolete =
+        previous != backups->end() && !inspect(previous->path).value_or(QString()).isEmpty();
+    const Expected<void> removed = isObsolete ? removeFile(previous->path) : Expected<void>();
+    QString text =
         localizedSyncString(
             "The profile “%1” has damaged notes: %2. Synchronize, so that they are read again from "
             "the locations. If this message appears again, check their texts and edit them. The "
             "backups that have them intact are kept.")
-            .arg(m_profile, damaged)));
+            .arg(m_profile, damaged);
+    if (!removed) {
+        text += u' ' + removed.error().localizedDescription;
+    }
+    return failure(engineError(EngineErrorCode::BackupFailed, text));
 }
 
 Expected<void> ProfileBackups::verify(const QString &path, const std::atomic_bool *isCancelled) {

@@ -284,6 +284,21 @@ private Q_SLOTS:
             QCOMPARE(names(),
                      sound + QStringList(QFileInfo(pathFor(m_today.addDays(day))).fileName()));
         }
+        // A backup that cannot be removed hides nothing.
+        const QString folder = pathFor(m_today.addDays(9));
+        const Expected<void> made = backups.make(
+            m_today.addDays(10), nullptr, [] { return Expected<void>(); },
+            [&](const QString &path) -> Expected<QString> {
+                if (path == folder && QFile::remove(path)) {
+                    QDir().mkdir(path);
+                }
+                return QStringLiteral("“first”");
+            });
+        QVERIFY2(description(made).contains(QStringLiteral("“first”")),
+                 qPrintable(description(made)));
+        QVERIFY2(description(made).contains(folder), qPrintable(description(made)));
+        QVERIFY(QDir().rmdir(folder));
+        QVERIFY(QFile::remove(pathFor(m_today.addDays(10))));
         const QList<Note> notes = m_host->inbox()->notes().value();
         for (Note note : notes) {
             QVERIFY(m_host->inbox()->saveNote(note));
