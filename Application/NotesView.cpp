@@ -66,6 +66,8 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     : QWidget(parent),
       m_unsavedTexts(std::move(unsavedTexts)),
       m_list(new QListWidget),
+      m_unreadNotice(PlainText::label()),
+      m_tryAgainButton(new QPushButton(tr("Try Again"))),
       m_title(new QLineEdit),
       m_text(new NoteTextEdit),
       m_notice(PlainText::label()),
@@ -78,6 +80,10 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // Measuring each of many rows would take long.
     m_list->setUniformItemSizes(true);
+    m_unreadNotice->setObjectName(QStringLiteral("unreadNotes"));
+    m_tryAgainButton->setObjectName(QStringLiteral("tryAgain"));
+    m_unreadNotice->hide();
+    m_tryAgainButton->hide();
     m_title->setAccessibleName(tr("Title"));
     m_title->setPlaceholderText(tr("Title"));
     m_title->setMaxLength(LongestTitle);
@@ -105,6 +111,7 @@ void NotesView::connectWidgets() {
     connect(&m_pause, &QTimer::timeout, this, &NotesView::commit);
     connect(&m_keeping, &QTimer::timeout, this, &NotesView::keepEdits);
     connect(&m_reading, &QTimer::timeout, this, &NotesView::readRows);
+    connect(m_tryAgainButton, &QPushButton::clicked, this, &NotesView::readRows);
     connect(m_list, &QListWidget::currentRowChanged, this, &NotesView::selectNote);
     connect(m_title, &QLineEdit::textEdited, this, &NotesView::removeHalfCharacter);
     connect(m_title, &QLineEdit::textEdited, this, &NotesView::noteEdited);
@@ -139,6 +146,8 @@ void NotesView::makeWidgets() {
     auto *listLayout = new QVBoxLayout(listSide);
     listLayout->setContentsMargins(0, 0, 0, 0);
     listLayout->addWidget(m_list);
+    listLayout->addWidget(m_unreadNotice);
+    listLayout->addWidget(m_tryAgainButton);
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(m_addButton);
     buttons->addWidget(m_removeButton);
@@ -194,6 +203,7 @@ void NotesView::showNothing() {
     m_unread.reset();
     m_changed.clear();
     m_reading.stop();
+    showUnread({});
     {
         const QSignalBlocker blocker(m_list);
         m_list->clear();
@@ -224,6 +234,7 @@ void NotesView::readRows() {
         const qint64 position = *m_changed.cbegin();
         read = readAgain(position);
     }
+    showUnread(read);
     if (!read) {
         NSApp()->presentError(read.error());
         return;
@@ -233,6 +244,14 @@ void NotesView::readRows() {
         m_reading.start();
     }
     showCurrent();
+}
+
+void NotesView::showUnread(const Expected<void> &read) {
+    m_unreadNotice->setText(read ? QString()
+                                 : tr("Not all notes are shown, because some cannot be read. %1")
+                                       .arg(read.error().localizedDescription));
+    m_unreadNotice->setVisible(!read);
+    m_tryAgainButton->setVisible(!read);
 }
 
 Expected<void> NotesView::readMore(qint64 from) {
@@ -316,6 +335,7 @@ qsizetype NotesView::indexOf(qint64 position) const {
 void NotesView::readUntil(const Note &note) {
     while (m_unread && !m_positions.contains(note.revision) && !m_positions.contains(note.UUID)) {
         if (const Expected<void> read = readMore(*m_unread); !read) {
+            showUnread(read);
             NSApp()->presentError(read.error());
             return;
         }
@@ -414,7 +434,10 @@ void NotesView::removeHalfCharacter() {
     QString text = m_title->text();
     if (before >= 0 && text[before].isHighSurrogate() && !text.mid(before, 2).isValidUtf16()) {
         text.remove(before, 1);
-        m_title->setText(text);
+        // Setting the text would forget what the user can undo.
+        m_title->undo();
+        m_title->selectAll();
+        m_title->insert(text);
         m_title->setCursorPosition(before);
     }
 }

@@ -33,7 +33,8 @@ public:
     /// Shows `database`, sharing its ownership. Null, or a database that is not open, shows
     /// nothing. Has no effect and returns false if the user does not leave a text that cannot be
     /// saved, see leave(). It does not notice when the database is closed; the caller must set it
-    /// again. Notes that cannot be read are presented as an error.
+    /// again. If notes cannot be read, the error is presented, and the list says that it is not
+    /// complete.
     bool setDatabase(const std::shared_ptr<NoteDatabase> &database);
     /// Returns the database that is shown; null if there is none.
     std::shared_ptr<NoteDatabase> database() const { return m_database; }
@@ -79,6 +80,9 @@ private:
     void showChanges(const QSet<qint64> &positions);
     /// Reads some of the rows that were not read yet or have changed, and the others later.
     void readRows();
+    /// Shows below the list that rows are missing or outdated if they could not be read, and lets
+    /// the user try again.
+    void showUnread(const Expected<void> &read);
     /// Reads some rows that were not read yet, beginning with the position `from`.
     Expected<void> readMore(qint64 from);
     /// Reads the rows of a position that has changed, or else new rows if it is beyond those read.
@@ -174,6 +178,8 @@ private:
     /// The deleted notes, last deletion last.
     QList<Deletion> m_deletions;
     QListWidget *m_list;
+    QLabel *m_unreadNotice;
+    QPushButton *m_tryAgainButton;
     QLineEdit *m_title;
     NoteTextEdit *m_text;
     QLabel *m_notice;

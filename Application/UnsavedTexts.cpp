@@ -112,10 +112,14 @@ Expected<bool> isSaved(const NoteDatabase &database, const Note &note) {
 
 Expected<QString> restoreFile(const QString &path, const NoteLibrary &library) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return failure(journalError(file.errorString(), {}));
+    const QByteArray contents = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (file.error() != QFile::NoError) {
+        return failure(journalError(textOf("The file cannot be read (%1). Check its permissions "
+                                           "and its disk.")
+                                        .arg(file.errorString()),
+                                    {}));
     }
-    const QJsonObject object = ExactText::objectIn(file.readAll());
+    const QJsonObject object = ExactText::objectIn(contents);
     Note note{object[NoteKey].toString(), object[TitleKey].toString(), object[TextKey].toString(),
               QDateTime::fromMSecsSinceEpoch(object[ModifiedKey].toInteger()),
               object[RevisionKey].toString()};

@@ -551,6 +551,14 @@
         <source>Cop&amp;y Text</source>
         <translation>نسخ النص (&amp;Y)</translation>
     </message>
+    <message>
+        <source>Try Again</source>
+        <translation>إعادة المحاولة</translation>
+    </message>
+    <message>
+        <source>Not all notes are shown, because some cannot be read. %1</source>
+        <translation>لا تظهر كل الملاحظات، لأن بعضها لا يمكن قراءته. ⁨%1⁩</translation>
+    </message>
 </context>
 <context>
     <name>PlugIns</name>
@@ -683,6 +691,10 @@
     <message>
         <source>The file “%1”, which contains a text that was not saved, cannot be removed: %2. Remove it yourself, or the text returns at the next start.</source>
         <translation>تتعذر إزالة الملف «⁨%1⁩» الذي يحتوي على نص لم يُحفظ: %2. أزله بنفسك، وإلا عاد النص عند بدء التشغيل التالي.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read (%1). Check its permissions and its disk.</source>
+        <translation>لا يمكن قراءة الملف (⁨%1⁩). تحقق من أذوناته ومن قرصه.</translation>
     </message>
 </context>
 <context>

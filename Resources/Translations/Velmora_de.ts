@@ -535,6 +535,14 @@
         <source>Cop&amp;y Text</source>
         <translation>Te&amp;xt kopieren</translation>
     </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Not all notes are shown, because some cannot be read. %1</source>
+        <translation>Es werden nicht alle Notizen angezeigt, da einige nicht gelesen werden können. %1</translation>
+    </message>
 </context>
 <context>
     <name>PlugIns</name>
@@ -659,6 +667,10 @@
     <message>
         <source>The file “%1”, which contains a text that was not saved, cannot be removed: %2. Remove it yourself, or the text returns at the next start.</source>
         <translation>Die Datei „%1“ mit einem Text, der nicht gespeichert wurde, kann nicht entfernt werden: %2. Entfernen Sie sie selbst, sonst kehrt der Text beim nächsten Start zurück.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read (%1). Check its permissions and its disk.</source>
+        <translation>Die Datei kann nicht gelesen werden (%1). Prüfen Sie ihre Zugriffsrechte und ihren Datenträger.</translation>
     </message>
 </context>
 <context>

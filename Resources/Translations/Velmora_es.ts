@@ -535,6 +535,14 @@
         <source>Cop&amp;y Text</source>
         <translation>Copiar el te&amp;xto</translation>
     </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>Not all notes are shown, because some cannot be read. %1</source>
+        <translation>No se muestran todas las notas, porque algunas no se pueden leer. %1</translation>
+    </message>
 </context>
 <context>
     <name>PlugIns</name>
@@ -659,6 +667,10 @@
     <message>
         <source>The file “%1”, which contains a text that was not saved, cannot be removed: %2. Remove it yourself, or the text returns at the next start.</source>
         <translation>No se puede eliminar el archivo «%1», que contiene un texto que no se guardó: %2. Elimínelo usted mismo o el texto reaparecerá en el próximo inicio.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read (%1). Check its permissions and its disk.</source>
+        <translation>El archivo no se puede leer (%1). Compruebe sus permisos y su disco.</translation>
     </message>
 </context>
 <context>

@@ -535,6 +535,14 @@
         <source>Cop&amp;y Text</source>
         <translation>Cop&amp;ier le texte</translation>
     </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Not all notes are shown, because some cannot be read. %1</source>
+        <translation>Toutes les notes ne sont pas affichées, car certaines ne peuvent pas être lues. %1</translation>
+    </message>
 </context>
 <context>
     <name>PlugIns</name>
@@ -659,6 +667,10 @@
     <message>
         <source>The file “%1”, which contains a text that was not saved, cannot be removed: %2. Remove it yourself, or the text returns at the next start.</source>
         <translation>Le fichier « %1 », qui contient un texte non enregistré, ne peut pas être supprimé : %2. Supprimez-le vous-même, sinon le texte réapparaîtra au prochain démarrage.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read (%1). Check its permissions and its disk.</source>
+        <translation>Le fichier ne peut pas être lu (%1). Vérifiez ses autorisations et son disque.</translation>
     </message>
 </context>
 <context>

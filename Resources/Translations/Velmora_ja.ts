@@ -531,6 +531,14 @@
         <source>Cop&amp;y Text</source>
         <translation>本文をコピー(&amp;Y)</translation>
     </message>
+    <message>
+        <source>Try Again</source>
+        <translation>再試行</translation>
+    </message>
+    <message>
+        <source>Not all notes are shown, because some cannot be read. %1</source>
+        <translation>読み取れないノートがあるため、一部のノートは表示されていません。%1</translation>
+    </message>
 </context>
 <context>
     <name>PlugIns</name>
@@ -653,6 +661,10 @@
     <message>
         <source>The file “%1”, which contains a text that was not saved, cannot be removed: %2. Remove it yourself, or the text returns at the next start.</source>
         <translation>保存されなかった本文を含むファイル「%1」を削除できません: %2。自分で削除しないと、次の起動時に本文が再び現れます。</translation>
+    </message>
+    <message>
+        <source>The file cannot be read (%1). Check its permissions and its disk.</source>
+        <translation>ファイルを読み取れません (%1)。アクセス権とディスクを確認してください。</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 #include <QtCore/QUuid>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
@@ -215,6 +216,12 @@ private Q_SLOTS:
         QCOMPARE(title()->text(), expected);
         QVERIFY(m_view->commit());
         QCOMPARE(m_database->notes().value().first().title, expected);
+        title()->undo();
+        QCOMPARE(title()->text(), expected);
+        title()->undo();
+        QCOMPARE(title()->text(), m_first.title);
+        title()->redo();
+        QCOMPARE(title()->text(), expected);
     }
 
     void aTypedLineThatGetsTooLongIsSavedAndCanBeCopied() {
@@ -455,6 +462,32 @@ private Q_SLOTS:
         receiveNotes(count);
         QTRY_COMPARE(list()->count(), 2 * count + 3);
         QCOMPARE(shownTitles(), titles());
+    }
+
+    void aListThatCannotBeReadToItsEndSaysSo() {
+        receiveNotes(1700);
+        QVERIFY(m_view->setDatabase(nullptr));
+        auto *notice = m_view->findChild<QLabel *>(QStringLiteral("unreadNotes"));
+        auto *tryAgain = m_view->findChild<QPushButton *>(QStringLiteral("tryAgain"));
+        QVERIFY(m_view->setDatabase(m_database));
+        QVERIFY(notice->isHidden() && tryAgain->isHidden());
+        int read = 0;
+        {
+            const FailingTable fault(m_host->engine().profile(), QStringLiteral("operations"),
+                                     FailingTable::Fault::AllRows);
+            QTRY_COMPARE(m_host->application().presentedErrors().size(), 1);
+            read = list()->count();
+            QVERIFY(read > 0 && read < 1701);
+            QVERIFY(!notice->isHidden() && !tryAgain->isHidden());
+            QVERIFY(notice->text().startsWith(QStringLiteral("Not all notes are shown")));
+            tryAgain->click();
+            QCOMPARE(m_host->application().presentedErrors().size(), 2);
+            QVERIFY(!notice->isHidden());
+            QCOMPARE(list()->count(), read);
+        }
+        tryAgain->click();
+        QVERIFY(notice->isHidden() && tryAgain->isHidden());
+        QTRY_COMPARE(shownTitles(), titles());
     }
 
     void whatTheUserDoesIsShownWhileManyNotesAreRead() {

@@ -154,6 +154,25 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(cache() + u'/' + left.first()));
     }
 
+    /// A regular file whose reads fail.
+    void aFileThatCannotBeReadIsNotDamaged() {
+        const QString unreadable = QStringLiteral("/proc/self/mem");
+        QVERIFY(QFile::link(unreadable, m_host->directory() + QStringLiteral("/unsaved-0-0.json")));
+        const UnsavedTexts texts(m_host->directory());
+        for (int start = 0; start < 2; ++start) {
+            const UnsavedTexts::Restored restored = texts.restore(m_host->library());
+            QVERIFY(!restored.result);
+            const QString told = restored.result.error().localizedFailureReason;
+            QVERIFY2(told.contains(QStringLiteral("The file cannot be read (")), qPrintable(told));
+            QVERIFY2(!told.contains(QStringLiteral("damaged")), qPrintable(told));
+            const QStringList kept = journalIn(m_host->directory());
+            QCOMPARE(kept.size(), 1);
+            QCOMPARE(QFile::symLinkTarget(m_host->directory() + u'/' + kept.first()), unreadable);
+        }
+        const QStringList left = journalIn(m_host->directory());
+        QVERIFY(QFile::remove(m_host->directory() + u'/' + left.first()));
+    }
+
     void aFolderThatCannotBeReadIsReported() {
         const UnsavedTexts texts(m_host->directory());
         UnsavedTexts::Restored restored;
