@@ -40,6 +40,7 @@ public:
     /// Lets one store at a time refresh the tokens of a Dropbox account. A server may invalidate a
     /// refresh token that is used twice (RFC 6749, section 10.4).
     const std::shared_ptr<Turn> dropboxRefreshTurn;
-    /// Starts every operation of a store, and cancels all of them when the engine ends.
+    /// Starts every operation of a store, lets one at a time parse a record, and cancels all of
+    /// them when the engine ends.
     const std::shared_ptr<StoreOperations> storeOperations;
 };

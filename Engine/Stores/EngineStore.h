@@ -42,6 +42,10 @@ public:
     /// is allowed, which openWithCompletionHandler() does.
     virtual Expected<void> open(const EngineFuture &future) = 0;
 
+    /// Returns the turn of StoreOperations::parsing, which all stores of the engine share.
+    /// Thread-safe; valid as long as this object.
+    Turn &parsing() const { return m_operations->parsing(); }
+
 protected:
     /// The result of fetch().
     struct Fetched {

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Foundation/Turn.h"
 #include "Engine/Foundation/WorkerThreads.h"
 
 /// The operations of the stores of one engine that are running, each on a thread of its own. All
@@ -28,6 +29,9 @@ public:
     /// called on the main thread. Operations can be started afterwards. Handlers must not wait for
     /// the main thread meanwhile.
     void end();
+    /// Lets one operation at a time parse a record, which may take much more memory than the
+    /// record, regardless of how many are read from how many stores. Valid as long as this object.
+    Turn &parsing() { return m_parsing; }
 
 private:
     struct Running {
@@ -39,5 +43,6 @@ private:
 
     /// Shared with the operations.
     const std::shared_ptr<Running> m_running = std::make_shared<Running>();
+    Turn m_parsing;
     WorkerThreads m_threads;
 };

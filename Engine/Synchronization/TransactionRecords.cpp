@@ -6,7 +6,6 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Foundation/Sha256.h"
-#include "Engine/Foundation/Turn.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Host/SyncStoreLayout.h"
 
@@ -14,13 +13,6 @@ namespace {
 
 /// The number of copies of one damaged record that may themselves be damaged.
 constexpr int MostCopies = 4;
-
-/// Parsing a record may take much more memory than the record, so one at a time is parsed,
-/// regardless of how many are read from how many stores.
-Turn &parsing() {
-    static Turn turn;
-    return turn;
-}
 
 }  // namespace
 
@@ -204,11 +196,11 @@ Expected<TransactionRecords::Record> TransactionRecords::verified(
     const bool isOfName = !hasDigest || TransactionName::matches(name, record);
     // Before the name is judged, since a newer version of the program may derive names in another
     // way. A large record is released as soon as it is parsed.
-    if (!parsing().take(m_future)) {
+    if (!m_store.parsing().take(m_future)) {
         return failure(operationCancelled());
     }
     const Expected<Transaction> transaction = Transaction::decoded(std::move(record), place(name));
-    parsing().release();
+    m_store.parsing().release();
     if (!transaction) {
         return failure(transaction.error());
     }
