@@ -1,42 +1,51 @@
 #include "Engine/Notes/JsonCost.h"
 
+#include <algorithm>
+
 namespace {
 
 /// Approximate sizes in bytes of what a document consists of, including the room that growing lists
 /// leave.
 constexpr qint64 Container = 480;
 constexpr qint64 Value = 24;
-constexpr qint64 String = 8;
+/// A short string in the document, and the array of bytes that is made of it.
+constexpr qint64 ShortString = 112;
+/// For each character of a long string: it is decoded to UTF-16, and copied.
+constexpr qint64 LongCharacter = 4;
 
-/// Returns the position behind the string whose contents begin at `position`, and adds its cost.
-qsizetype skipString(const QByteArray &json, qsizetype position, qint64 &cost) {
+struct String {
+    /// The position behind it.
+    qsizetype end;
+    qint64 length;
+};
+
+/// Returns the string whose contents begin at `position`.
+String stringAt(const QByteArray &json, qsizetype position) {
     qint64 length = 0;
-    qint64 bytesPerCharacter = 1;
     for (; position < json.size() && json[position] != '"'; ++position) {
         const bool isEscape = json[position] == '\\' && position + 1 < json.size();
         const bool isNumbered = isEscape && json[position + 1] == 'u';
-        // Anything but ASCII is kept in UTF-16.
-        if (isNumbered || static_cast<unsigned char>(json[position]) > 0x7f) {
-            bytesPerCharacter = 2;
-        }
         constexpr qsizetype digits = 4;
         position += isEscape ? 1 : 0;
         position += isNumbered ? digits : 0;
         ++length;
     }
-    cost += String + length * bytesPerCharacter;
-    return position + 1;
+    return {position + 1, length};
 }
 
 }  // namespace
 
-qint64 JsonCost::estimate(const QByteArray &json) {
+qint64 JsonCost::estimate(const QByteArray &json, qsizetype longestString) {
     qint64 cost = 0;
     for (qsizetype position = 0; position < json.size();) {
         switch (json[position++]) {
-            case '"':
-                position = skipString(json, position, cost);
+            case '"': {
+                const String string = stringAt(json, position);
+                position = string.end;
+                cost += ShortString +
+                        LongCharacter * std::max(string.length - longestString, qint64(0));
                 break;
+            }
             case '[':
             case '{':
                 cost += Container;
@@ -46,6 +55,8 @@ qint64 JsonCost::estimate(const QByteArray &json) {
                 cost += Value;
                 break;
             default:
+                // Such as blanks, of which there is no need for many.
+                ++cost;
                 break;
         }
     }

@@ -2,11 +2,12 @@
 
 #include <QtCore/QByteArray>
 
-/// The memory that a JSON document takes. Thread-safe.
+/// The memory that parsing a JSON document takes. Thread-safe.
 namespace JsonCost {
 
-/// Returns roughly how many bytes QJsonDocument allocates for `json`, which may be hostile and need
-/// not be valid. Does not parse it; takes O(n) and no memory.
-qint64 estimate(const QByteArray &json);
+/// Returns roughly how many bytes QJsonDocument and what is made of it allocate for `json` besides
+/// the characters of strings of up to `longestString` bytes: `json` may be hostile and need not be
+/// valid. Does not parse it; takes O(n) and no memory.
+qint64 estimate(const QByteArray &json, qsizetype longestString);
 
 }  // namespace JsonCost

@@ -147,8 +147,12 @@ QByteArray Transaction::encoded() const {
                             {SupersededKey, hexadecimals(superseded)}});
 }
 
+qint64 Transaction::cost(const QByteArray &record) {
+    return JsonCost::estimate(record, Operation::NoteLimit);
+}
+
 Expected<Transaction> Transaction::decoded(QByteArray record, const QString &name) {
-    if (record.size() > SizeLimit || JsonCost::estimate(record) > CostLimit) {
+    if (record.size() > SizeLimit || cost(record) > CostLimit) {
         return failure(
             engineError(EngineErrorCode::BlobRefused, "The record “%1” is too large.", name));
     }

@@ -11,9 +11,9 @@ struct Transaction {
     static constexpr int Version = 1;
     /// Maximum size of a record in bytes. A longer record is never read or written.
     static constexpr qint64 SizeLimit = 64LL << 20;
-    /// Maximum of JsonCost::estimate for a record: enough for one of SizeLimit that consists of
-    /// identifiers, and many times as much as any program writes.
-    static constexpr qint64 CostLimit = 120LL << 20;
+    /// Maximum of cost() for a record: that of 240,000 identifiers, and at least twice as much as
+    /// any program writes.
+    static constexpr qint64 CostLimit = 32LL << 20;
     /// Size in bytes from which on a writer starts the next record.
     static constexpr qsizetype UsualSize = 1LL << 20;
 
@@ -26,6 +26,8 @@ struct Transaction {
 
     /// Returns the record. It contains a random salt, so no two records are the same.
     QByteArray encoded() const;
+    /// Returns roughly how many bytes parsing `record` takes besides its texts, see JsonCost.
+    static qint64 cost(const QByteArray &record);
     /// Returns the transaction in `record`, which may be hostile. If anything in it violates the
     /// format, nothing of it is returned, but an error of the code DamagedRecord, UnknownVersion if
     /// a newer program wrote it, or BlobRefused if it exceeds a limit, in which case it was not

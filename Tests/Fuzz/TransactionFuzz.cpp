@@ -7,7 +7,6 @@
 #include <QtCore/QJsonObject>
 #include <algorithm>
 
-#include "Engine/Notes/JsonCost.h"
 #include "Engine/Notes/Transaction.h"
 #include "Fuzz/FuzzInput.h"
 
@@ -49,7 +48,7 @@ QByteArray withComputedIds(const QByteArray &record) {
 }
 
 void check(const QByteArray &record) {
-    const qint64 cost = JsonCost::estimate(record);
+    const qint64 cost = Transaction::cost(record);
     require(cost >= 0 && cost <= LargestCostOfByte * record.size(), "the cost is linear");
     const Expected<Transaction> transaction = Transaction::decoded(record, Name);
     if (!transaction) {
@@ -59,11 +58,10 @@ void check(const QByteArray &record) {
     require(std::all_of(transaction->operations.begin(), transaction->operations.end(),
                         [](const Operation &operation) { return operation.isSound(); }),
             "operations are sound");
-    qsizetype characters = 0;
-    for (const Operation &operation : transaction->operations) {
-        characters += operation.title.size() + operation.text.size();
-    }
-    require(characters <= cost, "the cost includes that of texts");
+    const qsizetype identifiers =
+        2 * transaction->operations.size() + transaction->allSuperseded().size();
+    constexpr qint64 costOfIdentifier = 64;
+    require(identifiers * costOfIdentifier <= cost, "the cost includes that of identifiers");
     const Expected<Transaction> again = Transaction::decoded(transaction->encoded(), Name);
     require(again && again->operations == transaction->operations &&
                 again->superseded == transaction->superseded,

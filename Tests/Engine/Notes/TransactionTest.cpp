@@ -1,5 +1,4 @@
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Notes/JsonCost.h"
 #include "Engine/Notes/Transaction.h"
 #include "Support/Failure.h"
 #include "Support/TestMain.h"
@@ -76,8 +75,8 @@ private Q_SLOTS:
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("no JSON") << QByteArray("{\"version\":1");
         QTest::newRow("an array") << QByteArray("[]");
-        QTest::newRow("deep") << "{\"version\":1,\"x\":" + QByteArray(100000, '[') +
-                                     QByteArray(100000, ']') + '}';
+        QTest::newRow("deep") << "{\"version\":1,\"x\":" + QByteArray(50000, '[') +
+                                     QByteArray(50000, ']') + '}';
         QTest::newRow("no version") << QByteArray("{}");
         QTest::newRow("version 0") << QByteArray("{\"version\":0}");
         QTest::newRow("a text as version") << QByteArray("{\"version\":\"1\"}");
@@ -148,14 +147,17 @@ private Q_SLOTS:
         QTest::newRow("objects") << operations << QByteArray("{},");
         QTest::newRow("numbers") << operations << QByteArray("0,");
         QTest::newRow("texts") << operations << QByteArray("\"\",");
-        QTest::newRow("wide characters")
-            << QByteArray("{\"version\":1,\"x\":[\"€") << QByteArray(1000, 'x');
+        QTest::newRow("identifiers")
+            << QByteArray("{\"version\":1,\"superseded\":[") << '"' + QByteArray(32, 'a') + "\",";
+        QTest::newRow("blanks") << operations << QByteArray(1000, ' ');
+        QTest::newRow("a text that is longer than a note")
+            << "{\"version\":1,\"x\":[\"" + QByteArray(Operation::NoteLimit, 'x')
+            << QByteArray(1000, 'x');
     }
     void aRecordThatTakesTooMuchMemoryIsRefused() {
         QFETCH(QByteArray, start);
         QFETCH(QByteArray, item);
-        const auto cost =
-            JsonCost::estimate(start + item + item) - JsonCost::estimate(start + item);
+        const auto cost = Transaction::cost(start + item + item) - Transaction::cost(start + item);
         const QByteArray record = start + item.repeated(Transaction::CostLimit / cost + 1);
         QVERIFY(record.size() < Transaction::SizeLimit);
         const auto result = Transaction::decoded(record, QStringLiteral("NAME"));
@@ -168,14 +170,17 @@ private Q_SLOTS:
             Operation::make(NoteUUID, {}, QString(Operation::NoteLimit, QChar(1)), {}, {});
         const QByteArray contents = Transaction{{operation}, {}}.encoded();
         QVERIFY(contents.size() < Transaction::SizeLimit - 8 * Transaction::UsualSize);
-        QVERIFY(JsonCost::estimate(contents) < Transaction::CostLimit / 4);
+        QVERIFY(Transaction::cost(contents) < Transaction::CostLimit / 4);
         QCOMPARE(decoded(contents).operations.size(), 1);
     }
 
-    void aRecordOfTheLargestSizeMayConsistOfIdentifiers() {
-        const QByteArray identifier = '"' + QByteArray(32, 'a') + "\",";
-        const qint64 count = Transaction::SizeLimit / identifier.size();
-        QVERIFY(count * JsonCost::estimate(identifier) < Transaction::CostLimit);
+    /// A writer takes this operation for more than 270 bytes, and writes at most 30,000
+    /// identifiers that no operation supersedes.
+    void twiceWhatAWriterWritesIsWithinTheLimit() {
+        Transaction transaction;
+        transaction.operations.fill(sample(), Transaction::UsualSize / 270);
+        transaction.superseded.fill(OperationId(Operation::IdentifierSize, 'x'), 30'000);
+        QVERIFY(2 * Transaction::cost(transaction.encoded()) < Transaction::CostLimit);
     }
 
     void theLaterOneComesFirstAndThenTheGreaterIdentifier() {
