@@ -19,6 +19,9 @@ namespace {
 
 /// This many identifiers take about as much space as a usual transaction.
 constexpr qsizetype IdentifiersInTransaction = 30000;
+/// From this many on, transactions are written at once, so that large ones are not in memory at the
+/// same time.
+constexpr qsizetype CharactersAtOnce = 7 * Transaction::UsualSize;
 /// Number of transactions that one step on the main thread forgets.
 constexpr qsizetype NamesForgottenAtOnce = 400;
 
@@ -191,9 +194,19 @@ Expected<bool> StoreSession::prepareNextTransaction() {
     return !m_prepared.isEmpty();
 }
 
+bool StoreSession::isEnoughPrepared(int atOnce) const {
+    qsizetype characters = 0;
+    for (const Outgoing &outgoing : m_prepared) {
+        for (const Operation &operation : outgoing.transaction.operations) {
+            characters += operation.text.size();
+        }
+    }
+    return m_prepared.size() >= atOnce || characters >= CharactersAtOnce;
+}
+
 Expected<void> StoreSession::writeTransactions(BlobStore &store, const EngineFuture &future) {
     const int atOnce = store.operationsAtOnce();
-    if (m_prepared.isEmpty() || (m_prepared.size() < atOnce && !m_isAllPrepared)) {
+    if (m_prepared.isEmpty() || !(m_isAllPrepared || isEnoughPrepared(atOnce))) {
         return {};
     }
     // What supersedes comes last, after its successors are written.
@@ -221,6 +234,13 @@ Expected<void> StoreSession::writeTransactions(BlobStore &store, const EngineFut
 
 Expected<void> StoreSession::write(Outgoing &outgoing, BlobStore &store,
                                    const EngineFuture &future) const {
+    return writeRecord(outgoing, store, future).and_then([&] {
+        return readBack(outgoing, store, future);
+    });
+}
+
+Expected<void> StoreSession::writeRecord(Outgoing &outgoing, BlobStore &store,
+                                         const EngineFuture &future) const {
     const QByteArray record = outgoing.transaction.encoded();
     outgoing.name = TransactionName::of(record);
     outgoing.size = record.size();
@@ -233,20 +253,19 @@ Expected<void> StoreSession::write(Outgoing &outgoing, BlobStore &store,
     }
     // No two records are the same, so an existing record is that of an earlier attempt whose
     // response was lost.
-    return store.writeIfAbsent(name, record, future).and_then([&](BlobStore::Written) {
-        return readBack(name, record, store, future);
-    });
+    return store.writeIfAbsent(name, record, future).map([](BlobStore::Written) {});
 }
 
-Expected<void> StoreSession::readBack(const QString &name, const QByteArray &record,
-                                      BlobStore &store, const EngineFuture &future) {
-    const Expected<QByteArray> stored = store.read(name, record.size(), future);
+Expected<void> StoreSession::readBack(const Outgoing &outgoing, BlobStore &store,
+                                      const EngineFuture &future) const {
+    const QString name = path(outgoing.name);
+    const Expected<QByteArray> stored = store.read(name, outgoing.size, future);
     // If it is longer, or no plain file.
     const bool isRefused = !stored && isEngineError(stored.error(), EngineErrorCode::BlobRefused);
     if (!stored && !isRefused) {
         return failure(stored.error());
     }
-    if (stored && *stored == record) {
+    if (stored && TransactionName::matches(outgoing.name, *stored)) {
         return {};
     }
     // If this fails too, every reader skips the record as damaged.

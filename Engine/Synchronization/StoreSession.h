@@ -138,9 +138,9 @@ protected:
     /// the profile are skipped and reported, so that no reader gets them. Returns false if nothing
     /// remains to be written or recorded. Must be called on the main thread.
     Expected<bool> prepareNextTransaction();
-    /// Once there are as many prepared transactions as the store takes at a time, or no more to
-    /// come, writes them to the store, and reads them back to verify them. Writes nothing that no
-    /// reader would accept. Must be called on a worker thread.
+    /// Once there are as many prepared transactions as the store takes at a time, or large ones, or
+    /// no more to come, writes them to the store, and reads them back to verify them. Writes
+    /// nothing that no reader would accept. Must be called on a worker thread.
     Expected<void> writeTransactions(BlobStore &store, const EngineFuture &future);
     /// Reads the record of the database. Returns what is wrong with the record itself, if anything
     /// is. Must be called on a worker thread.
@@ -161,11 +161,16 @@ private:
         qint64 size = 0;
     };
 
+    bool isEnoughPrepared(int atOnce) const;
+    /// Calls writeRecord() and readBack(), one after the other: a record can be large.
     Expected<void> write(Outgoing &outgoing, BlobStore &store, const EngineFuture &future) const;
-    /// Returns an error of the code DamagedRecord, and removes what is stored as `name`, unless
-    /// that is `record`. Receives no more than its size, or 1 MiB if that is more.
-    static Expected<void> readBack(const QString &name, const QByteArray &record, BlobStore &store,
-                                   const EngineFuture &future);
+    /// Sets the name and the size of `outgoing`.
+    Expected<void> writeRecord(Outgoing &outgoing, BlobStore &store,
+                               const EngineFuture &future) const;
+    /// Returns an error of the code DamagedRecord, and removes what is stored, unless that is the
+    /// record that was written. Receives no more than its size, or 1 MiB if that is more.
+    Expected<void> readBack(const Outgoing &outgoing, BlobStore &store,
+                            const EngineFuture &future) const;
     /// Takes operations from those to write until some of them are sound or none remain.
     Expected<QList<Operation>> takeSoundOperations();
     /// Removes the operation, whose identifier or contents are damaged, if the database knows one

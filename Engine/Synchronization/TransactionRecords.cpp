@@ -61,12 +61,9 @@ Expected<void> TransactionRecords::verifyWithin(qint64 limit, const QString &nam
 }
 
 template <class Result>
-void TransactionRecords::readAgainIfLarge(
-    Result &result, const std::function<Result(qint64 limit)> &operation) const {
-    if (!result && isEngineError(result.error(), EngineErrorCode::BlobRefused) &&
-        usualLimit() < Transaction::SizeLimit) {
-        result = operation(Transaction::SizeLimit);
-    }
+bool TransactionRecords::mayBeLarge(const Result &result) const {
+    return !result && isEngineError(result.error(), EngineErrorCode::BlobRefused) &&
+           usualLimit() < Transaction::SizeLimit;
 }
 
 qint64 TransactionRecords::usualLimit() const {
@@ -83,17 +80,28 @@ std::vector<std::optional<Expected<TransactionRecords::Record>>> TransactionReco
             return;
         }
         Expected<Record> record = readWithin(usualLimit(), names.at(number), {});
-        const bool isLarge = !record && isEngineError(record.error(), EngineErrorCode::BlobRefused);
-        size += record ? record->size : qint64(isLarge ? UsualLimit : 0);
+        const bool isLeft = mayBeLarge(record);
+        size += record ? record->size : qint64(isLeft ? UsualLimit : 0);
         hasFailed = hasFailed || (!record && !isOfOneOrMissing(record.error()));
         results[static_cast<size_t>(number)] = std::move(record);
-        didRead();
-    });
-    for (qsizetype number = 0; number < names.size(); ++number) {
-        if (std::optional<Expected<Record>> &result = results[static_cast<size_t>(number)]) {
-            readAgainIfLarge<Expected<Record>>(
-                *result, [&](qint64 limit) { return readWithin(limit, names.at(number), {}); });
+        if (!isLeft) {
+            didRead();
         }
+    });
+    bool isEnough = false;
+    for (qsizetype number = 0; number < names.size(); ++number) {
+        std::optional<Expected<Record>> &result = results[static_cast<size_t>(number)];
+        if (!result || !mayBeLarge(*result)) {
+            continue;
+        }
+        if (isEnough) {
+            result.reset();
+            continue;
+        }
+        result = readWithin(Transaction::SizeLimit, names.at(number), {});
+        didRead();
+        // Another one would take as much memory again.
+        isEnough = result->has_value();
     }
     return results;
 }
@@ -108,8 +116,10 @@ std::vector<Expected<void>> TransactionRecords::verifyAll(const QStringList &nam
         results[static_cast<size_t>(number)] = verify(number, usualLimit());
     });
     for (qsizetype number = 0; number < names.size(); ++number) {
-        readAgainIfLarge<Expected<void>>(results[static_cast<size_t>(number)],
-                                         [&](qint64 limit) { return verify(number, limit); });
+        Expected<void> &result = results[static_cast<size_t>(number)];
+        if (mayBeLarge(result)) {
+            result = verify(number, Transaction::SizeLimit);
+        }
     }
     return results;
 }

@@ -47,9 +47,9 @@ public:
     Expected<Record> read(const QString &name, const std::optional<Contents> &written = {}) const;
     /// Reads records from `names` like read(), several at a time if the store is faster then, until
     /// they have more than `enough` bytes together or the store fails. Returns the results in the
-    /// same order, empty for those that were not read. Records of more than UsualLimit bytes are
-    /// read one after the other, so that they do not take memory at the same time. Calls `didRead`,
-    /// which must be thread-safe, after each record.
+    /// same order, empty for those that were not read. At most one record of more than UsualLimit
+    /// bytes is read if the store takes several at a time, so that they do not take memory at the
+    /// same time. Calls `didRead`, which must be thread-safe, after each record.
     std::vector<std::optional<Expected<Record>>> readSome(
         const QStringList &names, qint64 enough, const std::function<void()> &didRead) const;
     /// Reads the record `name`, of which `written` is known, and returns the same errors as read().
@@ -83,10 +83,9 @@ private:
     Expected<QByteArray> bytes(const QString &name, qint64 limit = Transaction::SizeLimit) const;
     /// The limit with which several records can be read at a time.
     qint64 usualLimit() const;
-    /// Calls `operation` with the limit of the largest record if `result` exceeds the usual one.
+    /// Returns whether `result`, that of reading with the usual limit, is that of a larger record.
     template <class Result>
-    void readAgainIfLarge(Result &result,
-                          const std::function<Result(qint64 limit)> &operation) const;
+    bool mayBeLarge(const Result &result) const;
     Expected<Record> readWithin(qint64 limit, const QString &name,
                                 const std::optional<Contents> &written) const;
     Expected<void> verifyWithin(qint64 limit, const QString &name, const Contents &written) const;
