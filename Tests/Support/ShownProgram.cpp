@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "Support/DelayByOthers.h"
 #include "Support/EventTimeout.h"
 
 ShownProgram::ShownProgram(const QString &program, const VirtualDisplay &display)
@@ -84,9 +85,21 @@ void ShownProgram::kill() {
     m_titles.waitForFinished();
 }
 
+std::chrono::nanoseconds ShownProgram::delayByOthers() {
+    if (isRunning()) {
+        m_delayByOthers =
+            ::delayByOthers(QString::number(m_process.processId())).value_or(m_delayByOthers);
+    }
+    return m_delayByOthers;
+}
+
 bool ShownProgram::awaitEnd() {
-    const bool hasEnded =
-        m_process.state() == QProcess::NotRunning ||
-        QTest::qWaitFor([this] { return m_process.state() == QProcess::NotRunning; }, EventTimeout);
+    const bool hasEnded = m_process.state() == QProcess::NotRunning ||
+                          QTest::qWaitFor(
+                              [this] {
+                                  delayByOthers();
+                                  return m_process.state() == QProcess::NotRunning;
+                              },
+                              EventTimeout);
     return hasEnded && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
 }

@@ -2,6 +2,7 @@
 
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
+#include <chrono>
 
 #include "Support/VirtualDisplay.h"
 
@@ -44,6 +45,9 @@ public:
     bool isRunning() const { return m_process.state() == QProcess::Running; }
     /// Blocks until the process has ended. Returns whether it has done so by itself, with success.
     bool awaitEnd();
+    /// How long the main thread of the process that was started last has waited for a processor,
+    /// because others used it; awaitEnd() keeps it up to date to the end.
+    std::chrono::nanoseconds delayByOthers();
 
 private:
     /// Reads how the title of the main window has changed.
@@ -54,6 +58,7 @@ private:
     QTemporaryDir m_folder;
     QProcessEnvironment m_environment;
     QProcess m_process;
+    std::chrono::nanoseconds m_delayByOthers{0};
     /// Prints the title of the main window whenever it changes.
     QProcess m_titles;
     bool m_isModified = false;
