@@ -4,7 +4,7 @@
 #include <chrono>
 #include <memory>
 
-#include "Application/Interface/RemovalUndoTime.h"
+#include "Application/Interface/ProfileConstants.h"
 #include "Host/QVSyncState.h"
 #include "Platform/Foundation/Expected.h"
 

@@ -11,7 +11,7 @@
 #include <filesystem>
 
 #include "Application/Interface/NoteLibrary.h"
-#include "Application/Interface/ProfileDatabaseName.h"
+#include "Application/Interface/ProfileConstants.h"
 #include "Platform/Foundation/DurableFile.h"
 #include "Platform/Foundation/ExactText.h"
 

@@ -6,7 +6,7 @@
 #include <chrono>
 #include <functional>
 
-#include "Application/Interface/RemovalUndoTime.h"
+#include "Application/Interface/ProfileConstants.h"
 #include "Platform/Foundation/Expected.h"
 
 class EngineLocationKinds;

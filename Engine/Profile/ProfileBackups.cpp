@@ -11,7 +11,7 @@
 #include <cstring>
 #include <filesystem>
 
-#include "Application/Interface/ProfileDatabaseName.h"
+#include "Application/Interface/ProfileConstants.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"

@@ -8,7 +8,7 @@
 #include <QtCore/QUuid>
 #include <QtSql/QSqlError>
 
-#include "Application/Interface/ProfileDatabaseName.h"
+#include "Application/Interface/ProfileConstants.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileFolder.h"

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "Application/Interface/ProfileDatabaseName.h"
+#include "Application/Interface/ProfileConstants.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Host/SyncStrings.h"

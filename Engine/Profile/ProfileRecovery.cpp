@@ -14,7 +14,7 @@
 #include <array>
 #include <cerrno>
 
-#include "Application/Interface/ProfileDatabaseName.h"
+#include "Application/Interface/ProfileConstants.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileFolder.h"

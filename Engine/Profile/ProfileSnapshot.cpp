@@ -4,7 +4,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QVariant>
 
-#include "Application/Interface/ProfileDatabaseName.h"
+#include "Application/Interface/ProfileConstants.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
