@@ -8,7 +8,7 @@
 #include "Engine/Stores/BlobStore.h"
 #include "Engine/Stores/SecretRemoval.h"
 
-class EngineSyncLocation;
+class QVSyncLocation;
 
 /// A kind of sync location: how it is recognized, shown and accessed, and what is deleted with it.
 /// A value of the table EngineLocationKinds. None of the functions may be empty. They are called on
@@ -24,9 +24,11 @@ struct EngineLocationKind {
     /// Returns the title of a location. If it is empty, the name of the kind is shown. The URL is
     /// of this kind, but otherwise unchecked.
     std::function<QString(const Url &URL)> title;
-    /// Returns a new store for a location; never null. The store must use the URL that the location
-    /// has now, and share ownership of the location. Must not access the store yet.
-    std::function<std::shared_ptr<BlobStore>(const std::shared_ptr<EngineSyncLocation> &location)>
+    /// Returns a new store for a location, which the profile knows as `identifier`; never null. The
+    /// store must use the URL that the location has now, and share ownership of the location. Must
+    /// not access the store yet.
+    std::function<std::shared_ptr<BlobStore>(const std::shared_ptr<QVSyncLocation> &location,
+                                             const QString &identifier)>
         createStore;
     /// Deletes what the profile contains for the removed location `identifier` of this kind only.
     /// By default, nothing. May write to the profile. After an error, it is called again in a later

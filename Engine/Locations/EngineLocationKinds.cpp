@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "Engine/Locations/EngineSyncLocation.h"
 #include "Engine/Stores/UnreachableStore.h"
 #include "Host/SyncStrings.h"
 
@@ -18,7 +17,7 @@ EngineLocationKinds::EngineLocationKinds(const std::shared_ptr<StoreOperations> 
                   return URL.isNil() ? localizedSyncString("No Address") : URL.host();
               },
           .createStore =
-              [operations](const auto &location) {
+              [operations](const auto &location, const QString & /*identifier*/) {
                   return std::make_shared<UnreachableStore>(location, operations);
               },
       } {}

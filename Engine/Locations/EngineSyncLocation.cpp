@@ -52,7 +52,7 @@ std::shared_ptr<QVSyncStore> EngineSyncLocation::createStore() {
 }
 
 std::shared_ptr<BlobStore> EngineSyncLocation::createBlobStore() {
-    return kind().createStore(shared_from_this());
+    return kind().createStore(shared_from_this(), m_identifier);
 }
 
 void EngineSyncLocation::restoreState(const QString &databaseUUID, const QString &databaseName,

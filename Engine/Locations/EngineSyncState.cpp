@@ -1,9 +1,9 @@
 #include "Engine/Locations/EngineSyncState.h"
 
-#include "Engine/Locations/EngineSyncLocation.h"
+#include "Host/QVSyncLocation.h"
 #include "Platform/KeyValue/KeyValue.h"
 
-EngineSyncState::EngineSyncState(std::weak_ptr<EngineSyncLocation> destination,
+EngineSyncState::EngineSyncState(std::weak_ptr<QVSyncLocation> destination,
                                  const QString &databaseUUID, const QString &databaseName,
                                  const Values &values)
     : m_destination(std::move(destination)),

@@ -3,7 +3,7 @@
 #include "Host/QVSyncResult.h"
 #include "Host/QVSyncState.h"
 
-class EngineSyncLocation;
+class QVSyncLocation;
 
 /// The state of one database at one location, with the values of its row in the profile. It records
 /// whether they differ from the row. Shared ownership; must be used on the main thread.
@@ -28,7 +28,7 @@ public:
 
     /// A new state is marked as changed. `destination` is weak because the location owns its
     /// states. `databaseUUID` must not be empty. It announces nothing.
-    EngineSyncState(std::weak_ptr<EngineSyncLocation> destination, const QString &databaseUUID,
+    EngineSyncState(std::weak_ptr<QVSyncLocation> destination, const QString &databaseUUID,
                     const QString &databaseName, const Values &values);
 
     QString databaseUUID() const override { return m_databaseUUID; }
@@ -73,7 +73,7 @@ Q_SIGNALS:
 
 private:
     /// Weak, because the location owns its states.
-    const std::weak_ptr<EngineSyncLocation> m_destination;
+    const std::weak_ptr<QVSyncLocation> m_destination;
     const QString m_databaseUUID;
     QString m_databaseName;
     Values m_values;

@@ -5,7 +5,6 @@
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/DirectConnection/DirectConnectionStore.h"
-#include "Engine/Locations/EngineSyncLocation.h"
 #include "Engine/Plugin/EngineContext.h"
 #include "Engine/Stores/Dropbox/DropboxStore.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
@@ -16,10 +15,11 @@
 #include "Engine/Stores/WebDAV/WebDAVPassword.h"
 #include "Engine/Stores/WebDAV/WebDAVStore.h"
 #include "Host/LocationSchemes.h"
+#include "Host/QVSyncLocation.h"
 
 namespace {
 
-using Location = std::shared_ptr<EngineSyncLocation>;
+using Location = std::shared_ptr<QVSyncLocation>;
 using Operations = std::shared_ptr<StoreOperations>;
 
 EngineLocationKind folder(const Operations &operations,
@@ -30,7 +30,7 @@ EngineLocationKind folder(const Operations &operations,
         .iconName = QStringLiteral("folder-store"),
         .title = [](const Url &URL) { return QFileInfo(URL.path()).completeBaseName(); },
         .createStore =
-            [operations, grants](const Location &location) {
+            [operations, grants](const Location &location, const QString & /*identifier*/) {
                 return std::make_shared<FolderStore>(location, operations, grants);
             },
     };
@@ -51,11 +51,11 @@ EngineLocationKind webDAV(const Operations &operations,
         .iconName = QStringLiteral("webdav"),
         .title = &titleOfServerStore,
         .createStore =
-            [operations, trust, sessions](const Location &location) {
+            [operations, trust, sessions](const Location &location, const QString &identifier) {
                 const QUrl URL = QUrl::fromEncoded(location->URL().absoluteString().toUtf8());
                 return std::make_shared<WebDAVStore>(
-                    location, operations, location->identifier(), trust, HttpClient::Timeouts(),
-                    sessions->session(location->identifier(), URL.adjusted(QUrl::RemovePassword)));
+                    location, operations, identifier, trust, HttpClient::Timeouts(),
+                    sessions->session(identifier, URL.adjusted(QUrl::RemovePassword)));
             },
         .forgetInProfile = [trust](const QString &identifier) { return trust->forget(identifier); },
         .forgetServer = &WebDAVPassword::forgetConsent,
@@ -83,7 +83,7 @@ EngineLocationKind dropbox(const Operations &operations, const std::shared_ptr<T
                 return URL.user().isEmpty() ? URL.host() : URL.user() + u'@' + URL.host();
             },
         .createStore =
-            [operations, refreshTurn](const Location &location) {
+            [operations, refreshTurn](const Location &location, const QString & /*identifier*/) {
                 return std::make_shared<DropboxStore>(location, operations, refreshTurn);
             },
         .sharesSecrets =
@@ -103,9 +103,9 @@ EngineLocationKind directConnection(const Operations &operations,
         .iconName = QStringLiteral("direct-connection"),
         .title = &Url::host,
         .createStore =
-            [operations, pairings](const Location &location) {
-                return std::make_shared<DirectConnectionStore>(location, operations,
-                                                               location->identifier(), pairings);
+            [operations, pairings](const Location &location, const QString &identifier) {
+                return std::make_shared<DirectConnectionStore>(location, operations, identifier,
+                                                               pairings);
             },
         .forgetInProfile =
             [pairings](const QString &identifier) { return pairings->forget(identifier); },

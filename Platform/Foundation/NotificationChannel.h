@@ -1,6 +1,8 @@
 #pragma once
 
-#include "Platform/Foundation/NotificationCenter.h"
+#include <QtCore/QObject>
+
+struct Notification;
 
 /// Delivers the notifications of one name for NotificationCenter, which owns it, through a signal:
 /// Qt's connections give the order and the rules for changes during a delivery.
