@@ -35,27 +35,34 @@ const QHash<QString, bool> &optionsOfQt() {
     return hasValue;
 }
 
-/// Removes the options that QApplication reads itself, each with one or two dashes. `platform` is
-/// set to whether one of them selects the platform plug-in.
-QStringList withoutOptionsOfQt(const QStringList &arguments, bool &platform) {
+/// The arguments without the options that QApplication reads itself.
+struct OwnArguments {
+    QStringList arguments;
+    /// Whether one of those options selects the platform plug-in.
+    bool selectsPlatform = false;
+};
+
+/// Removes the options of Qt, each with one or two dashes.
+OwnArguments withoutOptionsOfQt(const QStringList &arguments) {
     static const QRegularExpression form(QStringLiteral("\\A--?(\\w+)(=.*)?\\z"),
                                          QRegularExpression::DotMatchesEverythingOption);
-    QStringList others = arguments.mid(0, 1);
+    OwnArguments own{.arguments = arguments.mid(0, 1)};
     for (qsizetype i = 1; i < arguments.size(); ++i) {
         const QRegularExpressionMatch match = form.match(arguments.at(i));
         const auto option = optionsOfQt().constFind(match.captured(1));
         if (arguments.at(i) == QLatin1StringView("--")) {
-            return others + arguments.mid(i);
+            own.arguments.append(arguments.mid(i));
+            return own;
         }
         if (!match.hasMatch() || option == optionsOfQt().constEnd()) {
-            others.append(arguments.at(i));
+            own.arguments.append(arguments.at(i));
             continue;
         }
-        platform = platform || option.key() == QLatin1StringView("platform");
+        own.selectsPlatform = own.selectsPlatform || option.key() == QLatin1StringView("platform");
         // The value is the next argument.
         i += *option && match.captured(2).isEmpty() ? 1 : 0;
     }
-    return others;
+    return own;
 }
 
 bool hasDisplay() {
@@ -227,15 +234,14 @@ bool CommandLine::isConsistent(const LaunchOptions &options) const {
 
 LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
     CommandLine commandLine;
-    bool selectsPlatform = false;
-    const QStringList own = withoutOptionsOfQt(arguments, selectsPlatform);
-    if (!commandLine.parser.parse(own)) {
+    const OwnArguments own = withoutOptionsOfQt(arguments);
+    if (!commandLine.parser.parse(own.arguments)) {
         TerminalText::printError(commandLine.parser.errorText());
         std::exit(commandLine.exitCodeOfMistake());
     }
-    commandLine.parser.process(own);
+    commandLine.parser.process(own.arguments);
     LaunchOptions options;
-    options.hasNoDisplay = !selectsPlatform && !hasDisplay();
+    options.hasNoDisplay = !own.selectsPlatform && !hasDisplay();
     if (!commandLine.read(options) || !commandLine.isConsistent(options)) {
         commandLine.parser.showHelp(commandLine.exitCodeOfMistake());
     }

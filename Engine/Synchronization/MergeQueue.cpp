@@ -34,31 +34,31 @@ MergeQueue::Entry MergeQueue::entryOf(const QString &name,
 QList<MergeQueue::Part> MergeQueue::takeParts(qsizetype rows) {
     QList<Part> parts;
     while (!m_waiting.isEmpty() && rows > 0) {
-        Entry &entry = m_waiting.first();
-        Part part{entry.name, takePart(entry, rows), entry.takenParts++, {}};
-        if (entry.takenOperations == entry.transaction.operations.size() &&
-            entry.takenSuperseded == entry.transaction.superseded.size()) {
-            part.size = entry.size;
-            m_taken.append(m_waiting.takeFirst());
-        }
-        parts.append(part);
+        parts.append(takePart(rows));
+        rows -= parts.last().rows;
     }
     return parts;
 }
 
-Transaction MergeQueue::takePart(Entry &entry, qsizetype &room) {
-    Transaction part;
-    room -= RowsOfRecord;
-    while (entry.takenOperations < entry.transaction.operations.size() && room > 0) {
-        part.operations.append(entry.transaction.operations[entry.takenOperations++]);
-        const Operation &operation = part.operations.last();
-        room -= 1 + operation.supersedes.size() +
-                (operation.title.size() + operation.text.size()) / CharactersInRow;
+MergeQueue::Part MergeQueue::takePart(qsizetype room) {
+    Entry &entry = m_waiting.first();
+    const QList<Operation> &operations = entry.transaction.operations;
+    const QList<OperationId> &superseded = entry.transaction.superseded;
+    Part part{.name = entry.name, .number = entry.takenParts++, .rows = RowsOfRecord};
+    while (entry.takenOperations < operations.size() && part.rows < room) {
+        const Operation &operation = operations[entry.takenOperations++];
+        part.transaction.operations.append(operation);
+        part.rows += 1 + operation.supersedes.size() +
+                     (operation.title.size() + operation.text.size()) / CharactersInRow;
     }
     const qsizetype count =
-        qMin(qMax(room, qsizetype(0)), entry.transaction.superseded.size() - entry.takenSuperseded);
-    part.superseded.append(entry.transaction.superseded.mid(entry.takenSuperseded, count));
+        qMin(qMax(room - part.rows, qsizetype(0)), superseded.size() - entry.takenSuperseded);
+    part.transaction.superseded = superseded.mid(entry.takenSuperseded, count);
     entry.takenSuperseded += count;
-    room -= count;
+    part.rows += count;
+    if (entry.takenOperations == operations.size() && entry.takenSuperseded == superseded.size()) {
+        part.size = entry.size;
+        m_taken.append(m_waiting.takeFirst());
+    }
     return part;
 }

@@ -30,6 +30,8 @@ public:
         Transaction transaction;
         /// From 0 on.
         int number = 0;
+        /// The number of rows that take as long to merge as the part.
+        qsizetype rows = 0;
         /// The size of the record in bytes if this is the last part.
         std::optional<qint64> size;
     };
@@ -50,8 +52,8 @@ public:
     void releaseTaken() { m_taken.clear(); }
 
 private:
-    /// Takes the next part of `entry`, with at most `room` rows, and subtracts its number of rows.
-    static Transaction takePart(Entry &entry, qsizetype &room);
+    /// Takes the next part of the first transaction, with at most `room` rows.
+    Part takePart(qsizetype room);
 
     QList<Entry> m_waiting;
     QList<Entry> m_taken;
