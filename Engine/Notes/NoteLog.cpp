@@ -79,6 +79,11 @@ qsizetype roughSize(const Operation &operation) {
 /// chain, since all its operations follow from the first one.
 constexpr int MostRenewals = 100;
 
+/// The columns of the table "operations" for which the digest stands.
+const QStringList ContentColumns{QStringLiteral("note_uuid"),  QStringLiteral("title"),
+                                 QStringLiteral("text"),       QStringLiteral("modified"),
+                                 QStringLiteral("supersedes"), QStringLiteral("salt")};
+
 /// Takes the database.
 const QString ConflictsCounted = QStringLiteral(
     "SELECT count(*) FROM (SELECT 1 FROM operations WHERE database = ?"
@@ -742,26 +747,26 @@ Expected<void> NoteLog::replace(const QList<OperationId> &seen, const Operation 
 }
 
 Expected<QSqlQuery> NoteLog::prepareInsertion() const {
-    return m_profile.prepare(QStringLiteral(
-        "WITH new (database, digest, note_uuid, title, text, modified, supersedes, salt, seen)"
-        " AS (VALUES (?, ?, ?, CAST(? AS TEXT), CAST(? AS TEXT), ?, ?, ?, ?))"
-        " INSERT OR IGNORE INTO operations (database, digest, note_uuid, title, text, modified,"
-        " supersedes, salt, position)"
-        " SELECT database, digest, note_uuid, title, text, modified, supersedes, salt, coalesce("
-        "  (SELECT position FROM operations AS o"
-        "   WHERE o.database = new.database AND o.note_uuid = new.note_uuid LIMIT 1),"
-        "  (SELECT position FROM operations AS o"
-        "   WHERE o.database = new.database AND o.digest = new.seen),"
-        "  (SELECT max(position) + 1 FROM operations AS o WHERE o.database = new.database), 0)"
-        " FROM new WHERE NOT EXISTS (SELECT 1 FROM superseded AS s"
-        "  WHERE s.database = new.database AND s.digest = new.digest)"
-        // A digest stands for its contents, so a row with other contents is damaged.
-        " ON CONFLICT (database, digest) DO UPDATE SET note_uuid = excluded.note_uuid,"
-        " title = excluded.title, text = excluded.text, modified = excluded.modified,"
-        " supersedes = excluded.supersedes, salt = excluded.salt"
-        " WHERE (note_uuid, title, text, modified, supersedes, salt) IS NOT (excluded.note_uuid,"
-        " excluded.title, excluded.text, excluded.modified, excluded.supersedes, excluded.salt)"
-        " RETURNING position"));
+    const QString contents = ContentColumns.join(QStringLiteral(", "));
+    const QString excluded =
+        QStringLiteral("excluded.") + ContentColumns.join(QStringLiteral(", excluded."));
+    return m_profile.prepare(
+        QStringLiteral(
+            "WITH new (database, digest, %1, seen)"
+            " AS (VALUES (?, ?, ?, CAST(? AS TEXT), CAST(? AS TEXT), ?, ?, ?, ?))"
+            " INSERT OR IGNORE INTO operations (database, digest, %1, position)"
+            " SELECT database, digest, %1, coalesce("
+            "  (SELECT position FROM operations AS o"
+            "   WHERE o.database = new.database AND o.note_uuid = new.note_uuid LIMIT 1),"
+            "  (SELECT position FROM operations AS o"
+            "   WHERE o.database = new.database AND o.digest = new.seen),"
+            "  (SELECT max(position) + 1 FROM operations AS o WHERE o.database = new.database), 0)"
+            " FROM new WHERE NOT EXISTS (SELECT 1 FROM superseded AS s"
+            "  WHERE s.database = new.database AND s.digest = new.digest)"
+            // A row with other contents is damaged.
+            " ON CONFLICT (database, digest) DO UPDATE SET (%1) = (%2) WHERE (%1) IS NOT (%2)"
+            " RETURNING position")
+            .arg(contents, excluded));
 }
 
 Expected<void> NoteLog::insert(QSqlQuery &insertion, const Operation &operation,

@@ -118,10 +118,9 @@ QStringList tablesOfLocations() {
                        " database_uuid TEXT NOT NULL, database_name TEXT NOT NULL,"
                        " enabled INTEGER NOT NULL, sync_on_open INTEGER NOT NULL,"
                        " sync_on_close INTEGER NOT NULL, last_synced INTEGER,"
-                       " schedule TEXT, schedule_minutes INTEGER, schedule_days INTEGER,"
-                       " result_date INTEGER, result_reason TEXT, result_summary TEXT,"
-                       " result_received INTEGER, result_sent INTEGER, result_problems INTEGER,"
-                       " UNIQUE (location_uuid, database_uuid))"),
+                       " schedule TEXT, schedule_minutes INTEGER, schedule_days INTEGER, %1,"
+                       " UNIQUE (location_uuid, database_uuid))")
+            .arg(ProfileSchema::columnsOfResults().join(QStringLiteral(", "))),
         QStringLiteral("CREATE TABLE IF NOT EXISTS grants (id INTEGER PRIMARY KEY AUTOINCREMENT,"
                        " path TEXT NOT NULL UNIQUE)"),
         QStringLiteral(
