@@ -4,11 +4,9 @@
 #include <QtCore/QLocale>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QPushButton>
-#include <QtWidgets/QTextEdit>
 #include <algorithm>
 
 #include "Platform/Interface/MessageBox.h"
-#include "Platform/Interface/PlainText.h"
 
 bool ErrorBoxes::show(const Error &error, QWidget *parent) {
     const auto last = std::find_if(m_shown.begin(), m_shown.end(),
@@ -38,7 +36,7 @@ void ErrorBoxes::noteEvent(QEvent::Type type) {
                  type == QEvent::TouchBegin;
 }
 
-void ErrorBoxes::addDetails(QMessageBox *box, const Error &error) {
+void ErrorBoxes::addDetails(MessageBox *box, const Error &error) {
     if (error.domain.isEmpty() && error.details.isEmpty()) {
         return;
     }
@@ -48,13 +46,7 @@ void ErrorBoxes::addDetails(QMessageBox *box, const Error &error) {
     if (!error.domain.isEmpty()) {
         lines.append(tr("Error %1 of %2").arg(error.code).arg(error.domain));
     }
-    box->setDetailedText(PlainText::page(lines.join(u'\n')));
-    if (auto *details = box->findChild<QTextEdit *>()) {
-        // Qt's height has room for few lines of a large font.
-        constexpr int Lines = 6;
-        details->setMinimumHeight(
-            qMax(details->sizeHint().height(), Lines * details->fontMetrics().lineSpacing()));
-    }
+    box->setUnfoldableText(lines.join(u'\n'));
 }
 
 void ErrorBoxes::addButtons(QMessageBox *box, const Error &error) {

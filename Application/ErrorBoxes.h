@@ -7,6 +7,8 @@
 
 #include "Platform/Foundation/Error.h"
 
+class MessageBox;
+
 /// Shows errors in message boxes, whose buttons are the next steps. The same error is not shown
 /// twice in a row: not while its box is open, and not again until the user has done something,
 /// because it then has the same cause. Must be used on the main thread.
@@ -25,7 +27,7 @@ public:
 private:
     /// Adds the details, or the time if there are none, with the code and the domain, which the
     /// user can unfold.
-    static void addDetails(QMessageBox *box, const Error &error);
+    static void addDetails(MessageBox *box, const Error &error);
     /// Adds a button for each next step, which closes the box and then takes the step.
     void addButtons(QMessageBox *box, const Error &error);
 

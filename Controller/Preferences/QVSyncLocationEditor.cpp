@@ -1,6 +1,5 @@
 #include "Controller/Preferences/QVSyncLocationEditor.h"
 
-#include <QtCore/QMetaProperty>
 #include <utility>
 
 #include "Platform/Foundation/Assertion.h"
@@ -29,17 +28,6 @@ void QVSyncLocationEditor::runLocationEditorModalForWindow(QWidget *parentWindow
     setCompletionHandler(std::move(handler));
     beginSheet(parentWindow);
     m_firstValues = fieldValues();
-}
-
-QVariantList QVSyncLocationEditor::fieldValues() {
-    QVariantList values;
-    for (const QWidget *field : window()->findChildren<QWidget *>()) {
-        const QMetaProperty value = field->metaObject()->userProperty();
-        if (value.isValid() && !value.isConstant()) {
-            values.append(value.read(field));
-        }
-    }
-    return values;
 }
 
 void QVSyncLocationEditor::acceptModalSheet(QObject * /*sender*/) {

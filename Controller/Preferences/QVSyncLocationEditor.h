@@ -67,8 +67,6 @@ protected:
     void leaveSheet() override;
 
 private:
-    /// Returns the values of all fields of the sheet, in a fixed order.
-    QVariantList fieldValues();
     /// Closes the sheet and calls the completion handler with `result`.
     void finish(int result);
 

@@ -91,10 +91,7 @@ void QVSyncPreferences::editSyncLocation(const std::shared_ptr<QVSyncLocation> &
 }
 
 bool QVSyncPreferences::editLocation(const std::shared_ptr<QVSyncLocation> &location) {
-    const auto sheets = mainView()->window()->findChildren<SheetWindow *>();
-    const bool hasSheet = std::any_of(sheets.begin(), sheets.end(),
-                                      [](const SheetWindow *each) { return each->isVisible(); });
-    if (hasSheet || !LocationKind::ofURL(location->URL())) {
+    if (SheetWindow::isShownOn(*mainView()->window()) || !LocationKind::ofURL(location->URL())) {
         return false;
     }
     editSyncLocation(location);

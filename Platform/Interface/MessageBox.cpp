@@ -6,6 +6,7 @@
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLayout>
+#include <QtWidgets/QTextEdit>
 
 #include "Platform/Interface/Mnemonics.h"
 #include "Platform/Interface/PlainText.h"
@@ -21,6 +22,14 @@ MessageBox::MessageBox(Icon icon, const QString &text, const QString &details, Q
     setTextFormat(Qt::PlainText);
     setText(PlainText::message(text));
     setInformativeText(PlainText::message(details));
+}
+
+void MessageBox::setUnfoldableText(const QString &text) {
+    setDetailedText(PlainText::page(text));
+    // Qt's height has room for few lines of a large font.
+    constexpr int Lines = 6;
+    auto &view = requiredChild<QTextEdit>(*this, QString());
+    view.setMinimumHeight(qMax(view.sizeHint().height(), Lines * view.fontMetrics().lineSpacing()));
 }
 
 QDialogButtonBox &MessageBox::buttonBox() const {

@@ -16,6 +16,9 @@ public:
     /// `parent` null.
     MessageBox(Icon icon, const QString &text, const QString &details, QWidget *parent = nullptr);
 
+    /// Adds a text that the user can unfold, with room for several lines of it.
+    void setUnfoldableText(const QString &text);
+
 protected:
     /// Returns the row of buttons, which QMessageBox owns and has no function for.
     QDialogButtonBox &buttonBox() const;

@@ -13,6 +13,9 @@ class PLATFORM_EXPORT SheetWindow : public QDialog {
 public:
     explicit SheetWindow(QWidget *parent = nullptr);
 
+    /// Returns whether a sheet of `window` is shown.
+    static bool isShownOn(const QWidget &window);
+
     /// Emits leaving(); does not close the window.
     void reject() override;
 

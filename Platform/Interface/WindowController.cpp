@@ -1,5 +1,7 @@
 #include "Platform/Interface/WindowController.h"
 
+#include <QtCore/QMetaProperty>
+
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/Nib.h"
 
@@ -29,6 +31,17 @@ QWidget *WindowController::window() {
         windowDidLoad();
     }
     return m_window;
+}
+
+QVariantList WindowController::fieldValues() {
+    QVariantList values;
+    for (const QWidget *field : window()->findChildren<QWidget *>()) {
+        const QMetaProperty value = field->metaObject()->userProperty();
+        if (value.isValid() && !value.isConstant()) {
+            values.append(value.read(field));
+        }
+    }
+    return values;
 }
 
 void WindowController::beginSheet(QWidget *parentWindow) {

@@ -3,6 +3,7 @@
 #include <QtCore/QEventLoop>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
+#include <QtCore/QVariantList>
 
 #include "Platform/Interface/SheetWindow.h"
 
@@ -35,6 +36,11 @@ protected:
     /// Called when the user presses Escape or closes the window. The default has no effect: the
     /// sheet stays. Must not destroy the window within the call.
     virtual void leaveSheet() {}
+
+    /// Returns what the user can enter in the window: the values of its fields, in an order that
+    /// stays the same. Loads the window if necessary. Two equal results mean that nothing was
+    /// changed between the calls.
+    QVariantList fieldValues();
 
     /// Shows the window as a sheet of the window that contains `parentWindow`, modal to that window
     /// only. `parentWindow` must not be null. Returns without waiting for the end of the sheet, see
