@@ -62,8 +62,8 @@ auto withSettings(const Use &use) {
     return use(settings);
 }
 
-/// Returns whether the file was read or does not exist. The status of `settings` also tells when
-/// it could not be written.
+/// Returns whether the file was read or does not exist. The status of `settings` is also an
+/// error if it could not be written.
 bool isRead(const QSettings &settings) {
     QFile file(settings.fileName());
     return file.open(QIODevice::ReadOnly) ||

@@ -84,7 +84,7 @@ Q_SIGNALS:
     void selectionIndexesChanged();
 
 protected:
-    /// These two tell assistive technologies about rows instead of cells, see AccessibleTable.
+    /// These two notify assistive technologies of rows instead of cells, see AccessibleTable.
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void selectionChanged(const QItemSelection &selected,
                           const QItemSelection &deselected) override;

@@ -112,7 +112,7 @@ void NetServicePublication::rename(const std::function<void()> &renamed) {
 
 void NetServicePublication::changeState(int state) {
     if (state == AvahiBus::GroupEstablished) {
-        tell();
+        notifyDelegate();
     } else if (state == AvahiBus::GroupCollision && m_announcement) {
         rename([this] { announceOrWithdraw(); });
     }
@@ -127,7 +127,7 @@ bool NetServicePublication::isSuccess(const QDBusMessage &reply) const {
     return hasSucceeded;
 }
 
-void NetServicePublication::tell() {
+void NetServicePublication::notifyDelegate() {
     const std::shared_ptr<NetService> service = m_service.shared_from_this();
     if (NetServiceDelegate *delegate = service->delegate()) {
         delegate->netServiceDidPublish(service);

@@ -41,7 +41,7 @@ private:
     /// Returns whether `reply` is no error; logs it otherwise.
     bool isSuccess(const QDBusMessage &reply) const;
     /// Notifies the delegate. May destroy this object.
-    void tell();
+    void notifyDelegate();
 
     NetService &m_service;
     const std::shared_ptr<DiscoveryClient> m_client;

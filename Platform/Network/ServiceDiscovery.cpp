@@ -13,16 +13,16 @@ constexpr std::chrono::seconds ResponseTimeout(1);
 
 ServiceDiscovery::ServiceDiscovery(QObject *parent)
     : QObject(parent), m_client(DiscoveryClient::shared()) {
-    m_patience.setSingleShot(true);
-    m_patience.setInterval(ResponseTimeout);
-    connect(&m_patience, &QTimer::timeout, this, [this] { setAvailable(false); });
+    m_responseTimer.setSingleShot(true);
+    m_responseTimer.setInterval(ResponseTimeout);
+    connect(&m_responseTimer, &QTimer::timeout, this, [this] { setAvailable(false); });
     connect(m_client.get(), &DiscoveryClient::available, this, [this] {
-        m_patience.stop();
+        m_responseTimer.stop();
         setAvailable(true);
     });
-    connect(m_client.get(), &DiscoveryClient::lost, &m_patience, qOverload<>(&QTimer::start));
+    connect(m_client.get(), &DiscoveryClient::lost, &m_responseTimer, qOverload<>(&QTimer::start));
     if (!m_client->isAvailable()) {
-        m_patience.start();
+        m_responseTimer.start();
     }
 }
 

@@ -32,6 +32,6 @@ private:
 
     const std::shared_ptr<DiscoveryClient> m_client;
     /// Runs while the daemon has not responded.
-    QTimer m_patience;
+    QTimer m_responseTimer;
     bool m_isAvailable = true;
 };

@@ -154,7 +154,7 @@ private Q_SLOTS:
                  qPrintable(forgotten.output));
     }
 
-    void locationsOfOneNameAreToldApart() {
+    void locationsWithTheSameNameHaveDifferentTitles() {
         const QString other = m_folder->filePath(QStringLiteral("Home.qvSyncStore"));
         for (const char *folder : {"/databases", "/transactions"}) {
             QVERIFY(QDir().mkpath(other + QLatin1StringView(folder)));

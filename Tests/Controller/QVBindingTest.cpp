@@ -104,7 +104,7 @@ private Q_SLOTS:
         QCOMPARE(m_model->number(), 4);
     }
 
-    void aRecordKeepsSharedObjectsAliveUntilItGoes() {
+    void aRecordKeepsSharedObjectsAliveUntilItIsDestroyed() {
         auto view = std::make_shared<Holder>();
         auto model = std::make_shared<Holder>();
         const std::weak_ptr<Holder> weakView = view;

@@ -230,7 +230,7 @@ private Q_SLOTS:
         QVERIFY(!m_controller->isActive());
     }
 
-    void choosingALocationForgetsWhatTheLastOneSaidBeforeAStoreIsMade() {
+    void choosingALocationClearsTheFormerResultBeforeItsStoreIsCreated() {
         run();
         m_controller->setDatabases(QVRemoteDatabases());
         m_controller->setRemoteError(ImportTestError);

@@ -141,7 +141,7 @@ private Q_SLOTS:
         QCOMPARE(recorder.count("port"), 1);
     }
 
-    void servicesAreKeptInTheOrderFoundTwiceToo() {
+    void servicesStayInTheOrderOfDiscoveryAlsoIfFoundTwice() {
         const auto first = makeService(QStringLiteral("Studio"));
         const auto second = makeService(QStringLiteral("Attic"));
         QVERIFY(m_editor->services().isEmpty());

@@ -659,7 +659,7 @@ private Q_SLOTS:
         QCOMPARE(second.answer()[Type].toString(), Done);
     }
 
-    void whoeverKeepsMemoryFromOthersIsDisconnected() {
+    void aClientThatOccupiesTheMemoryOfAllIsDisconnected() {
         serve({.memory = 100'000, .memoryTime = std::chrono::milliseconds(200)});
         const QByteArray secret = DirectConnectionPairing::random();
         DirectConnectionClients::authorize(ClientName, secret);

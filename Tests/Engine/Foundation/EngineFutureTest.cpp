@@ -277,7 +277,7 @@ private Q_SLOTS:
         }
     }
 
-    void whoWaitsForAnAttachedFutureMayLetItGoWhileOthersCancel() {
+    void aWaitingThreadMayReleaseAnAttachedFutureWhileOthersCancel() {
         for (int round = 0; round < 200; ++round) {
             const auto future = newFuture();
             auto attached = newFuture();

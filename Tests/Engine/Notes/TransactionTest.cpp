@@ -70,7 +70,7 @@ private Q_SLOTS:
         }
     }
 
-    void isRefusedAsAWholeWhereAnythingIsWrong_data() {
+    void isRefusedCompletelyIfAnyFieldIsInvalid_data() {
         QTest::addColumn<QByteArray>("contents");
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("no JSON") << QByteArray("{\"version\":1");
@@ -132,7 +132,7 @@ private Q_SLOTS:
             << "{\"version\":1,\"operations\":[" +
                    QByteArray(good).replace("Line", "\\ud800").mid(good.indexOf('[') + 1);
     }
-    void isRefusedAsAWholeWhereAnythingIsWrong() {
+    void isRefusedCompletelyIfAnyFieldIsInvalid() {
         QFETCH(QByteArray, contents);
         const auto result = Transaction::decoded(contents, QStringLiteral("NAME"));
         QCOMPARE(code(result), EngineErrorCode::DamagedRecord);

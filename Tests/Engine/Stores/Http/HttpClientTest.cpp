@@ -207,7 +207,7 @@ private Q_SLOTS:
         QFAIL("the request was waited for");
     }
 
-    void aServerThatSaysNothingIsGivenUp() {
+    void aServerThatSendsNothingTimesOut() {
         const ScriptedServer server([](Connection &connection) { connection.waitUntilClosed(); });
         const Expected<Response> result = get(server);
         QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
