@@ -36,8 +36,8 @@ public:
     Expected<QList<NoteVersion>> versions(const QStringList &UUIDs) const;
     /// See NoteDatabase::noteOfVersion. Fails with the code InvalidDatabase if the version is no
     /// longer kept.
-    /// Returns whether a version of the same note has the title and the text of the current operation
-    /// `identifier`.
+    /// Returns whether a version of the same note has the title and the text of the current
+    /// operation `identifier`.
     Expected<bool> contains(const OperationId &identifier) const;
     Expected<Note> note(const NoteVersion &version) const;
 
