@@ -34,11 +34,11 @@ public:
     Expected<QList<NoteVersion>> deletedNotes() const;
     /// Returns the versions of the notes `UUIDs`, the last one to be replaced first.
     Expected<QList<NoteVersion>> versions(const QStringList &UUIDs) const;
-    /// See NoteDatabase::noteOfVersion. Fails with the code InvalidDatabase if the version is no
-    /// longer kept.
     /// Returns whether a version of the same note has the title and the text of the current
     /// operation `identifier`.
     Expected<bool> contains(const OperationId &identifier) const;
+    /// See NoteDatabase::noteOfVersion. Fails with the code InvalidDatabase if the version is no
+    /// longer kept.
     Expected<Note> note(const NoteVersion &version) const;
 
     /// Returns how long the profile keeps versions. A setting that is not a valid number counts as
