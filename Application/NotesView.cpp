@@ -67,7 +67,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
       m_unsavedTexts(std::move(unsavedTexts)),
       m_list(new QListWidget),
       m_unreadNotice(PlainText::label()),
-      m_tryAgainButton(new QPushButton(tr("Try Again"))),
+      m_tryAgainButton(new QPushButton(tr("Try A&gain"))),
       m_title(new QLineEdit),
       m_text(new NoteTextEdit),
       m_notice(PlainText::label()),

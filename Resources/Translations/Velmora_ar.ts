@@ -552,8 +552,8 @@
         <translation>نسخ النص (&amp;Y)</translation>
     </message>
     <message>
-        <source>Try Again</source>
-        <translation>إعادة المحاولة</translation>
+        <source>Try A&amp;gain</source>
+        <translation>إعادة المحاولة (&amp;G)</translation>
     </message>
     <message>
         <source>Not all notes are shown, because some cannot be read. %1</source>

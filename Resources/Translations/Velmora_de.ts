@@ -536,8 +536,8 @@
         <translation>Te&amp;xt kopieren</translation>
     </message>
     <message>
-        <source>Try Again</source>
-        <translation>Erneut versuchen</translation>
+        <source>Try A&amp;gain</source>
+        <translation>Erneu&amp;t versuchen</translation>
     </message>
     <message>
         <source>Not all notes are shown, because some cannot be read. %1</source>

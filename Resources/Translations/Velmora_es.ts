@@ -536,8 +536,8 @@
         <translation>Copiar el te&amp;xto</translation>
     </message>
     <message>
-        <source>Try Again</source>
-        <translation>Reintentar</translation>
+        <source>Try A&amp;gain</source>
+        <translation>Re&amp;intentar</translation>
     </message>
     <message>
         <source>Not all notes are shown, because some cannot be read. %1</source>

@@ -536,8 +536,8 @@
         <translation>Cop&amp;ier le texte</translation>
     </message>
     <message>
-        <source>Try Again</source>
-        <translation>Réessayer</translation>
+        <source>Try A&amp;gain</source>
+        <translation>Réessa&amp;yer</translation>
     </message>
     <message>
         <source>Not all notes are shown, because some cannot be read. %1</source>

@@ -532,8 +532,8 @@
         <translation>本文をコピー(&amp;Y)</translation>
     </message>
     <message>
-        <source>Try Again</source>
-        <translation>再試行</translation>
+        <source>Try A&amp;gain</source>
+        <translation>再試行(&amp;G)</translation>
     </message>
     <message>
         <source>Not all notes are shown, because some cannot be read. %1</source>
