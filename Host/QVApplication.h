@@ -15,10 +15,10 @@ public:
 
     /// Returns the inbox of the profile; nullptr only while no profile is open.
     virtual std::shared_ptr<QVDatabase> inbox() const = 0;
-    /// Appends an entry to the log that the user can open. `title` names the source, `info` says
-    /// what happened.
+    /// Appends an entry to the application's log, which the user can open. `title` is its source,
+    /// `info` says what happened.
     virtual void logItemCmd(const QString &title, const QString &info) = 0;
-    /// Shows `error` to the user. Returns at once or after the user has dismissed it.
+    /// Shows an error of the pane or of the host to the user. Returns at once or when dismissed.
     virtual void presentError(const Error &error) = 0;
 };
 

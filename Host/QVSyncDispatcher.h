@@ -7,11 +7,11 @@
 #include "Host/QVSyncState.h"
 
 /// Runs synchronizations and clean-ups in the background. Must be used on the main thread. Every
-/// function returns at once. Jobs for the same database or the same location run one after the
-/// other; asking again for a job that is still waiting does not add another one, but every handler
-/// is called. A job that fails reports to the user by itself (the application's log), never through
-/// a handler. Jobs that run when the host closes its profile are cancelled, and their handlers are
-/// not called.
+/// function returns at once. Jobs for the same location run one after the other, those of different
+/// locations perhaps at the same time; asking again for a job that is still waiting does not add
+/// another one, but every handler is called. A job that fails reports to the user by itself (the
+/// application's log), never through a handler. Jobs that run when the host closes its profile are
+/// cancelled, and their handlers are not called.
 class HOST_EXPORT QVSyncDispatcher : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString activity READ activity NOTIFY activityChanged)

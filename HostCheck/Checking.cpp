@@ -6,6 +6,7 @@
 #include <QtCore/QTimer>
 #include <QtCore/QUuid>
 
+#include "Host/InboxUUID.h"
 #include "Host/SyncStoreLayout.h"
 #include "Platform/Foundation/Assertion.h"
 
@@ -93,6 +94,17 @@ std::shared_ptr<PZFuture> Checking::newFuture() {
     auto future = PZFuture::future();
     requireOffer(future != nullptr);
     return future;
+}
+
+Checking::InboxState::InboxState(const std::shared_ptr<QVSyncLocation> &added)
+    : m_location(added),
+      state(added->addStateForDatabaseWithUUID(InboxUUID, QStringLiteral("Inbox"))) {
+    list().insertObjectInSyncLocationsAtIndex(m_location, 0);
+    state->setEnabled(true);
+}
+
+Checking::InboxState::~InboxState() {
+    list().removeObjectFromSyncLocationsAtIndex(list().syncLocations().indexOf(m_location));
 }
 
 QString Checking::newUUID() {

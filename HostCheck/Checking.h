@@ -74,6 +74,27 @@ struct Folder {
     const std::shared_ptr<QVSyncLocation> location = newLocation(URL);
 };
 
+/// The enabled state of the inbox at a new location, which is in the list while this object exists.
+class InboxState {
+public:
+    /// `added` is not in the list yet.
+    explicit InboxState(const std::shared_ptr<QVSyncLocation> &added);
+    ~InboxState();
+    InboxState(const InboxState &) = delete;
+    InboxState &operator=(const InboxState &) = delete;
+
+private:
+    const std::shared_ptr<QVSyncLocation> m_location;
+
+public:
+    const std::shared_ptr<QVSyncState> state;
+};
+
+/// The same at a folder, which is removed with this object.
+struct InboxInFolder : Folder, InboxState {
+    InboxInFolder() : InboxState(location) {}
+};
+
 /// A new location, and a new state of a database that does not exist.
 struct NewState {
     const std::shared_ptr<QVSyncLocation> location = newLocation();

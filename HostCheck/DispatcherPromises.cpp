@@ -1,5 +1,6 @@
 #include "HostCheck/DispatcherPromises.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QMetaProperty>
 
 #include "Host/InboxUUID.h"
@@ -7,9 +8,11 @@
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncProgress.h"
 #include "Host/QVSyncResult.h"
+#include "HostCheck/ApplicationWatch.h"
 #include "HostCheck/Checking.h"
 #include "HostCheck/Handler.h"
 #include "HostCheck/NotifyWatch.h"
+#include "HostCheck/StoreServer.h"
 
 using namespace Checking;
 
@@ -34,22 +37,16 @@ struct CleanUp : Handler<> {
     }
 };
 
-/// The enabled state of the inbox at a new location.
-struct InboxState {
-    Folder folder;
-    const std::shared_ptr<QVSyncState> state =
-        folder.location->addStateForDatabaseWithUUID(InboxUUID, QStringLiteral("Inbox"));
+/// The enabled state of the inbox at a web server, which does not answer at first.
+struct InboxAtServer {
+    StoreServer server;
+    InboxState inbox{newLocation(server.URL())};
 
-    InboxState() {
-        list().insertObjectInSyncLocationsAtIndex(folder.location, 0);
-        state->setEnabled(true);
+    /// Waits until `job` waits for the server. Throws NotOffered if it ends without it.
+    void requireWait(const Synchronization &job) const {
+        wait([&] { return server.isAsked() || job.wasCalled(); });
+        requireOffer(server.isAsked() && !job.wasCalled());
     }
-    ~InboxState() {
-        list().removeObjectFromSyncLocationsAtIndex(
-            list().syncLocations().indexOf(folder.location));
-    }
-    InboxState(const InboxState &) = delete;
-    InboxState &operator=(const InboxState &) = delete;
 };
 
 /// A state of a location that no host has made.
@@ -94,12 +91,12 @@ void handlerIsCalledLater() {
 }
 
 void duplicatesEndOnce() {
-    const InboxState added;
+    const InboxInFolder added;
     Synchronization({added.state, added.state}).requireOneCall();
 }
 
 void disabledStatesAreSkipped() {
-    const InboxState added;
+    const InboxInFolder added;
     added.state->setEnabled(false);
     const QDateTime before = added.state->lastSynced();
     Synchronization({added.state}).requireOneCall();
@@ -123,15 +120,46 @@ void foreignStatesAreSkipped() {
 }
 
 void everyHandlerIsCalled() {
-    const InboxState added;
+    const InboxInFolder added;
     Synchronization first({added.state});
     Synchronization second({added.state});
     first.requireOneCall();
     second.requireOneCall();
 }
 
+void jobsOfOneLocationWait() {
+    InboxAtServer added;
+    Synchronization first({added.inbox.state});
+    added.requireWait(first);
+    added.server.answerOthers();
+    CleanUp second(added.inbox.state);
+    // It would be over before that of another location is, if the host has jobs at the same time.
+    InboxAtServer other;
+    other.server.answerOthers();
+    Synchronization third({other.inbox.state});
+    constexpr std::chrono::milliseconds grace(500);
+    wait([&] { return second.wasCalled() || third.wasCalled(); }, grace);
+    const bool hasWaited = !second.wasCalled() || first.wasCalled();
+    added.server.answer();
+    // The other promises begin when nothing runs.
+    first.requireOneCall();
+    second.requireOneCall();
+    third.requireOneCall();
+    require(hasWaited, "a job runs while another one for the same location does");
+}
+
+void failureIsReported() {
+    const InboxInFolder added;
+    require(QDir(added.URL.path()).removeRecursively(),
+            "the check could not remove a temporary folder");
+    const ApplicationWatch watch;
+    Synchronization({added.state}).requireOneCall();
+    requireOffer(!added.state->lastSynced().isValid());
+    require(watch.messages() > 0, "a job has failed, and nothing is in the log");
+}
+
 void dateIsAnnounced() {
-    const InboxState added;
+    const InboxInFolder added;
     int count = 0;
     QObject::connect(added.state.get(), &QVSyncState::lastSyncedChanged, [&] { ++count; });
     Synchronization({added.state}).requireCall();
@@ -140,7 +168,7 @@ void dateIsAnnounced() {
 }
 
 void disabledStateKeepsItsDate() {
-    const InboxState added;
+    const InboxInFolder added;
     Synchronization({added.state}).requireOneCall();
     const QDateTime date = added.state->lastSynced();
     requireOffer(date.isValid());
@@ -149,7 +177,7 @@ void disabledStateKeepsItsDate() {
 }
 
 void enablingStartsNothing() {
-    const InboxState added;
+    const InboxInFolder added;
     added.state->setEnabled(false);
     const QString activity = dispatcher().activity();
     const QDateTime date = added.state->lastSynced();
@@ -161,7 +189,7 @@ void enablingStartsNothing() {
 }
 
 void resultIsRemoved() {
-    const InboxState added;
+    const InboxInFolder added;
     requireOffer(QVSyncResult::isOfferedBy(added.state.get()));
     Synchronization({added.state}).requireOneCall();
     const auto result = QVSyncResult::of(added.state.get());
@@ -171,7 +199,7 @@ void resultIsRemoved() {
 }
 
 void resultIsAnnouncedAfterwards() {
-    const InboxState added;
+    const InboxInFolder added;
     std::optional<QVSyncResult> seen;
     const NotifyWatch watch(*added.state, QVSyncResult::Key,
                             [&] { seen = QVSyncResult::of(added.state.get()); });
@@ -179,6 +207,18 @@ void resultIsAnnouncedAfterwards() {
     const auto result = QVSyncResult::of(added.state.get());
     require(result.has_value(), "there is no result after a synchronization");
     require(seen == result, "the result has changed without an announcement");
+}
+
+void cancelledJobHasNoResult() {
+    InboxAtServer added;
+    QVSyncState &state = *added.inbox.state;
+    requireOffer(QVSyncResult::isOfferedBy(&state) && QVSyncProgress::canStop(&dispatcher()));
+    const auto before = QVSyncResult::of(&state);
+    Synchronization running({added.inbox.state});
+    added.requireWait(running);
+    QVSyncProgress::stop(&dispatcher());
+    running.requireOneCall();
+    require(QVSyncResult::of(&state) == before, "a job that was cancelled has a result");
 }
 
 void nullIsNotCleaned() {
@@ -201,7 +241,7 @@ void stateWithoutLocationIsNotCleaned() {
 }
 
 void cleanUpEndsOnce() {
-    const InboxState added;
+    const InboxInFolder added;
     CleanUp(added.state).requireOneCall();
 }
 
@@ -211,7 +251,7 @@ void idleDispatcherDoesNothing() {
 }
 
 void activityIsAnnounced() {
-    const InboxState added;
+    const InboxInFolder added;
     QVSyncDispatcher &checked = dispatcher();
     QString announced = checked.activity();
     QObject receiver;
@@ -245,7 +285,7 @@ void endOfProgressIsAnnounced() {
     QVSyncProgress announced = QVSyncProgress::of(&checked);
     const NotifyWatch watch(checked, QVSyncProgress::Key,
                             [&] { announced = QVSyncProgress::of(&checked); });
-    const InboxState added;
+    const InboxInFolder added;
     Synchronization({added.state}, checked).requireOneCall();
     // The announcement may follow later, since there are at most about ten per second.
     constexpr std::chrono::seconds limit(2);
@@ -258,7 +298,7 @@ void endOfProgressIsAnnounced() {
 
 void progressHasTheActivity() {
     progressProperty();
-    const InboxState added;
+    const InboxInFolder added;
     Synchronization running({added.state});
     require(QVSyncProgress::of(&dispatcher()).activity == dispatcher().activity(),
             "the progress has another text");
@@ -267,7 +307,7 @@ void progressHasTheActivity() {
 
 void stoppedDispatcherIsIdle() {
     requireOffer(QVSyncProgress::canStop(&dispatcher()));
-    const InboxState added;
+    const InboxInFolder added;
     Synchronization running({added.state});
     running.willCall();
     QVSyncProgress::stop(&dispatcher());
@@ -313,6 +353,12 @@ constexpr HostPromise Promises[] = {
      "asking again for a job that is still waiting does not add another one, but every handler is "
      "called.",
      &everyHandlerIsCalled},
+    {"QVSyncDispatcher (one location)", Header,
+     "Jobs for the same location run one after the other,", &jobsOfOneLocationWait},
+    {"QVSyncDispatcher (failure)", Header,
+     "A job that fails reports to the user by itself (the application's log), never through a "
+     "handler.",
+     &failureIsReported},
     {"QVSyncState.lastSynced (announced)", "Host/QVSyncState.h",
      "Emitted on the main thread after the host has changed lastSynced().", &dateIsAnnounced},
     {"QVSyncState.isEnabled (date)", "Host/QVSyncState.h",
@@ -327,6 +373,8 @@ constexpr HostPromise Promises[] = {
      "The host changes it on the main thread when a job ends, after `lastSynced`, and saves it by "
      "itself.",
      &resultIsAnnouncedAfterwards},
+    {"QVSyncResult.lastResult (cancelled)", "Host/QVSyncResult.h", "A cancelled job has no result.",
+     &cancelledJobHasNoResult},
     {"QVSyncDispatcher.activityChanged", Header, "Emitted after activity() has changed.",
      &activityIsAnnounced},
     {"QVSyncDispatcher.activity", Header,

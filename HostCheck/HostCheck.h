@@ -10,8 +10,8 @@ class QVHostPlugIn;
 
 /// Checks whether the registered host keeps the promises of the headers in the folder Host. Must be
 /// used on the main thread, while NSApp() is set. The checks add locations, states and databases to
-/// the host, start synchronizations and a web server on this computer, and change the user defaults
-/// (and change them back), so they must not be run with what a user has.
+/// the host, start synchronizations and web servers on this computer, and change NSApp() and the
+/// user defaults (and change them back), so they must not be run with what a user has.
 namespace HostCheck {
 
 /// Returns all promises, in the order of the headers. No two have the same key.

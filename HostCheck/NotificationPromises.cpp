@@ -2,7 +2,6 @@
 
 #include <thread>
 
-#include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
 #include "Host/QVDatabase.h"
 #include "Host/QVHourlySchedule.h"
@@ -125,29 +124,10 @@ void renamingIsAnnounced() {
     require(seen == OtherName, "the signal precedes the change");
 }
 
-/// A location in the list whose store is a folder, with a state of the inbox that has a schedule.
-struct ScheduledState {
-    ScheduledState() {
-        list().insertObjectInSyncLocationsAtIndex(folder.location, 0);
-        state->setSchedule(
-            classObject<QVHourlySchedule::Class>("QVHourlySchedule").initWithHourlyOffset(0));
-        state->setEnabled(true);
-    }
-    ~ScheduledState() {
-        list().removeObjectFromSyncLocationsAtIndex(
-            list().syncLocations().indexOf(folder.location));
-    }
-    ScheduledState(const ScheduledState &) = delete;
-    ScheduledState &operator=(const ScheduledState &) = delete;
-
-    Folder folder;
-    const std::shared_ptr<QVSyncState> state =
-        folder.location->addStateForDatabaseWithUUID(InboxUUID, QStringLiteral("Inbox"));
-};
-
 void firingIsPosted() {
-    classObject<QVHourlySchedule::Class>("QVHourlySchedule");
-    const ScheduledState scheduled;
+    auto &schedules = classObject<QVHourlySchedule::Class>("QVHourlySchedule");
+    const InboxInFolder scheduled;
+    scheduled.state->setSchedule(schedules.initWithHourlyOffset(0));
     int count = 0;
     bool isOnMainThread = true;
     const auto mainThread = std::this_thread::get_id();

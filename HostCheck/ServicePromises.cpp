@@ -2,12 +2,15 @@
 
 #include <QtCore/QRegularExpression>
 #include <QtNetwork/QTcpServer>
+#include <QtNetwork/QTcpSocket>
 
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVDropboxSessionManager.h"
 #include "Host/QVServedDatabase.h"
+#include "HostCheck/ApplicationWatch.h"
 #include "HostCheck/Checking.h"
 #include "HostCheck/Handler.h"
+#include "Platform/Network/NetService.h"
 
 using namespace Checking;
 
@@ -100,20 +103,110 @@ public:
 
     /// Throws NotOffered if the server cannot serve.
     void start() const {
-        // Another program may be faster to use a port.
-        constexpr int most = 5;
-        for (int i = 0; i < most && !checked.isServing(); ++i) {
+        for (int i = 0; i < MostPorts && !checked.isServing(); ++i) {
             checked.setPort(freePort());
             checked.startServing();
         }
         requireOffer(checked.isServing());
     }
+    /// Starts the server and changes its port while it is serving.
+    void move() const {
+        bool isMoved = false;
+        for (int i = 0; i < MostPorts && !isMoved; ++i) {
+            start();
+            checked.setPort(freePort());
+            isMoved = checked.isServing();
+        }
+        require(isMoved, "the server stops when its port is changed");
+    }
 
     QVDirectConnectionServer &checked = server();
 
 private:
+    /// Another program may be faster to use a port.
+    static constexpr int MostPorts = 5;
+
     const quint16 m_former = checked.port();
 };
+
+/// A client of a server on this computer.
+class Client {
+public:
+    explicit Client(quint16 port) {
+        m_socket.connectToHost(QHostAddress::LocalHost, port);
+        wait([this] {
+            return isConnected() || m_socket.state() == QAbstractSocket::UnconnectedState;
+        });
+    }
+    bool isConnected() const { return m_socket.state() == QAbstractSocket::ConnectedState; }
+
+private:
+    QTcpSocket m_socket;
+};
+
+void serverMovesToAnotherPort() {
+    const Serving serving;
+    serving.start();
+    const quint16 former = serving.checked.port();
+    const Client client(former);
+    require(client.isConnected(), "a server that is serving does not listen on its port");
+    serving.move();
+    require(Client(serving.checked.port()).isConnected(),
+            "the server does not listen on the port to which it was changed");
+    require(!Client(former).isConnected(), "the server still listens on its former port");
+    require(wait([&] { return !client.isConnected(); }),
+            "a connection to the former port stays open");
+}
+
+/// A port on which another program listens.
+struct OccupiedPort {
+    OccupiedPort() { require(listener.listen(), "the check could not listen on this computer"); }
+    QTcpServer listener;
+};
+
+/// Throws Broken unless the server has stopped and says so, and the user has seen one error.
+void requireFailure(const ApplicationWatch &watch, int announcements) {
+    require(!server().isServing(), "the server serves on a port that another program uses");
+    require(announcements > 0, "the server does not announce that it could not be started");
+    require(watch.errors() == 0, "the error is presented within the call");
+    require(wait([&] { return watch.errors() > 0; }), "no error is presented");
+}
+
+void occupiedPortIsReported() {
+    const Serving serving;
+    const OccupiedPort occupied;
+    const ApplicationWatch watch;
+    int count = 0;
+    QObject receiver;
+    QObject::connect(&serving.checked, &QVDirectConnectionServer::servingChanged, &receiver,
+                     [&] { ++count; });
+    serving.checked.setPort(occupied.listener.serverPort());
+    serving.checked.startServing();
+    requireFailure(watch, count);
+}
+
+void occupiedNewPortIsReported() {
+    const Serving serving;
+    serving.start();
+    const OccupiedPort occupied;
+    const ApplicationWatch watch;
+    int count = 0;
+    QObject receiver;
+    QObject::connect(&serving.checked, &QVDirectConnectionServer::servingChanged, &receiver,
+                     [&] { ++count; });
+    serving.checked.setPort(occupied.listener.serverPort());
+    requireFailure(watch, count);
+}
+
+void servingServerIsAnnounced() {
+    const Serving serving;
+    serving.start();
+    const auto service = serving.checked.bonjourService();
+    require(service != nullptr, "a server that is serving is not announced");
+    require(service->type() == QVDirectConnectionServer::bonjourServiceType(),
+            "it is announced as a service of another type");
+    require(service->port() == serving.checked.port(), "it is announced with another port");
+}
 
 void servingIsAnnounced() {
     const Serving serving;
@@ -213,6 +306,22 @@ constexpr HostPromise Promises[] = {
     {"QVDirectConnectionServer.servingChanged", Server,
      "Emitted after the server was started or stopped, or could not be started.",
      &servingIsAnnounced},
+    {"QVDirectConnectionServer.setPort (serving)", Server,
+     "If the server is serving and the port differs, the server is restarted, which closes its "
+     "connections;",
+     &serverMovesToAnotherPort},
+    {"QVDirectConnectionServer.setPort (occupied)", Server,
+     "if it cannot listen on the new port, it is stopped and the error presented as by "
+     "startServing().",
+     &occupiedNewPortIsReported},
+    {"QVDirectConnectionServer.startServing (occupied)", Server,
+     "If it failed, for example because another program uses the port, the host presents the error "
+     "to the user later, from the event loop. Emits servingChanged() in both cases.",
+     &occupiedPortIsReported},
+    {"QVDirectConnectionServer.bonjourService (serving)", Server,
+     "Returns the announcement of this server on the local network, or nullptr unless the server "
+     "is serving.",
+     &servingServerIsAnnounced},
     {"QVDirectConnectionServer.addressTextChanged", Server,
      "Emitted after addressText() has changed.", &addressIsAnnounced},
     {"QVServedDatabase.setServed", "Host/QVServedDatabase.h",

@@ -3,6 +3,9 @@
 #include <QtCore/QDirIterator>
 #include <mutex>
 
+#include "Host/InboxUUID.h"
+#include "Host/QVApplication.h"
+#include "Host/QVDatabase.h"
 #include "Host/QVSyncStore.h"
 #include "Host/QVSyncStoreCheck.h"
 #include "HostCheck/Checking.h"
@@ -377,20 +380,25 @@ void closingLeavesOtherOperations() {
     require(!failed(closed), "closing fails while another operation runs");
 }
 
-/// The databases of the host itself, and whatever holds them while they are checked.
+/// Opens `store`. Returns the databases that it lists; empty if it cannot be read.
+QVRemoteDatabases databasesIn(QVSyncStore &store) {
+    Done opened;
+    open(store, opened);
+    opened.requireCall();
+    Fetched fetched;
+    store.fetchDatabasesWithCompletionHandler(fetched.function());
+    // The last reference to a database must be released on this thread.
+    fetched.requireEnd();
+    return std::get<0>(fetched.values()).value_or(QVRemoteDatabases());
+}
+
+/// Requires that each database of the host itself is right.
 void requireOfDatabases(bool (*isRight)(const QVRemoteDatabase &), const char *reason) {
     const auto store = QVSyncPlugin::plugin()->localStore();
     requireOffer(store != nullptr);
-    Done opened;
-    open(*store, opened);
-    opened.requireCall();
-    Fetched fetched;
-    store->fetchDatabasesWithCompletionHandler(fetched.function());
-    // The last reference to a database must be released on this thread.
-    fetched.requireEnd();
-    const auto &databases = std::get<0>(fetched.values());
-    requireOffer(databases && !databases->isEmpty());
-    for (const auto &database : *databases) {
+    const QVRemoteDatabases databases = databasesIn(*store);
+    requireOffer(!databases.isEmpty());
+    for (const auto &database : databases) {
         require(database && isRight(*database), reason);
     }
 }
@@ -410,6 +418,39 @@ void databasesHaveTheirStore() {
                        "a database has no store");
 }
 
+void databaseKeepsItsStore() {
+    const InboxInFolder added;
+    Handler<> ended;
+    dispatcher().performSynchronizationsWithSynchronizationStates({added.state}, ended.function());
+    ended.requireEnd();
+    auto store = added.location->createStore();
+    QVRemoteDatabases databases = databasesIn(*store);
+    if (databases.isEmpty()) {
+        store = QVSyncPlugin::plugin()->localStore();
+        requireOffer(store != nullptr);
+        databases = databasesIn(*store);
+    }
+    requireOffer(!databases.isEmpty());
+    const std::weak_ptr<QVSyncStore> kept(store);
+    store = nullptr;
+    require(!kept.expired(), "the store is destroyed before its database");
+}
+
+void localStoreHasEveryDatabase() {
+    const auto store = QVSyncPlugin::plugin()->localStore();
+    requireOffer(store != nullptr);
+    QStringList UUIDs;
+    for (const auto &database : databasesIn(*store)) {
+        UUIDs.append(database ? database->UUID() : QString());
+    }
+    requireOffer(!UUIDs.isEmpty());
+    const auto inbox = NSApp()->inbox();
+    for (const auto &database : QVDatabase::databases()) {
+        require(UUIDs.contains(UUIDInStores(*database, inbox.get())),
+                "it does not contain an open database");
+    }
+}
+
 void fetchingReturnsSomething() {
     const NewStore made;
     for (const bool isOpen : {false, true}) {
@@ -425,18 +466,6 @@ void fetchingReturnsSomething() {
     }
 }
 
-void checkClosesTheStore() {
-    const NewStore made;
-    const auto checkable = QVCheckableStore::of(made.store);
-    requireOffer(checkable != nullptr);
-    Handler<QVSyncStoreCheck> checked;
-    const auto future = checkable->checkWithCompletionHandler(checked.function());
-    require(future != nullptr, "its future is null");
-    checked.requireOneCall();
-    require(!checked.wasCalledOnMainThread(), "the handler is called on the main thread");
-    require(!made.canFetch(), "the store is open after the check");
-}
-
 /// Returns the paths of everything in the store.
 QStringList contentsOf(const NewStore &made) {
     QStringList paths;
@@ -448,6 +477,26 @@ QStringList contentsOf(const NewStore &made) {
     }
     paths.sort();
     return paths;
+}
+
+void fetchingChangesNothing() {
+    const NewStore made;
+    made.open();
+    const QStringList before = contentsOf(made);
+    require(made.canFetch(), "an open store cannot be read");
+    require(contentsOf(made) == before, "reading the list changes what the store contains");
+}
+
+void checkClosesTheStore() {
+    const NewStore made;
+    const auto checkable = QVCheckableStore::of(made.store);
+    requireOffer(checkable != nullptr);
+    Handler<QVSyncStoreCheck> checked;
+    const auto future = checkable->checkWithCompletionHandler(checked.function());
+    require(future != nullptr, "its future is null");
+    checked.requireOneCall();
+    require(!checked.wasCalledOnMainThread(), "the handler is called on the main thread");
+    require(!made.canFetch(), "the store is open after the check");
 }
 
 void checkLeavesNoProbe() {
@@ -506,6 +555,8 @@ constexpr HostPromise Promises[] = {
      "Receives the databases, or an error, or both: then the result is partial, and the error says "
      "why the first of the missing databases could not be read.",
      &fetchingReturnsSomething},
+    {"QVSyncStore.fetchDatabasesWithCompletionHandler (unchanged)", Header,
+     "Changes nothing in the store.", &fetchingChangesNothing},
     {"QVSyncStore.closeWithCompletionHandler (once)", Header, Operation,
      &handlerIsCalledOnce<close>},
     {"QVSyncStore.closeWithCompletionHandler (thread)", Header, Operation,
@@ -551,6 +602,10 @@ constexpr HostPromise Promises[] = {
      &databasesHaveMetadata},
     {"QVRemoteDatabase.store", Remote,
      "Returns the store that this database was read from. Never null.", &databasesHaveTheirStore},
+    {"QVRemoteDatabase.store (kept)", Remote, "The database keeps the store alive.",
+     &databaseKeepsItsStore},
+    {"QVSyncPlugin.localStore (databases)", "Host/QVSyncPlugin.h",
+     "Its location contains every local database.", &localStoreHasEveryDatabase},
     {"QVCheckableStore.checkWithCompletionHandler", Check, "The store is closed afterwards.",
      &checkClosesTheStore},
     {"QVCheckableStore.checkWithCompletionHandler (probe)", Check,

@@ -57,11 +57,15 @@ Url StoreServer::URL() const {
 }
 
 void StoreServer::answer() {
-    m_isHolding = false;
+    answerOthers();
     for (const Request &request : std::exchange(m_held, {})) {
-        request.client->write(answerTo(request));
-        request.client->disconnectFromHost();
+        answer(request);
     }
+}
+
+void StoreServer::answer(const Request &request) {
+    request.client->write(answerTo(request));
+    request.client->disconnectFromHost();
 }
 
 void StoreServer::serve(QTcpSocket &client) {
@@ -80,9 +84,11 @@ void StoreServer::serve(QTcpSocket &client) {
 
 void StoreServer::take(QTcpSocket &client, const QByteArray &bytes) {
     const QByteArrayList words = bytes.left(bytes.indexOf('\r')).split(' ');
-    m_held.append({.method = words.value(0), .path = words.value(1), .client = &client});
-    if (!m_isHolding) {
-        answer();
+    const Request request{.method = words.value(0), .path = words.value(1), .client = &client};
+    if (m_isHolding) {
+        m_held.append(request);
+    } else {
+        answer(request);
     }
 }
 

@@ -20,6 +20,8 @@ public:
     bool isAsked() const { return !m_held.isEmpty(); }
     /// Answers the requests that wait and, until hold() is called, all others at once.
     void answer();
+    /// Answers all further requests at once, until hold() is called. Those that wait go on waiting.
+    void answerOthers() { m_isHolding = false; }
     /// Answers no request from now on.
     void hold() { m_isHolding = true; }
 
@@ -32,6 +34,7 @@ private:
 
     void serve(QTcpSocket &client);
     void take(QTcpSocket &client, const QByteArray &bytes);
+    static void answer(const Request &request);
     static QByteArray answerTo(const Request &request);
 
     /// Requests whose clients have not gone.

@@ -6,6 +6,7 @@
 #include "Engine/Schedules/EngineDailySchedule.h"
 #include "Engine/Schedules/EngineHourlySchedule.h"
 #include "Engine/Schedules/EngineWeeklySchedule.h"
+#include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
 #include "Host/QVHostPlugIn.h"
 #include "Host/QVSyncProgress.h"
@@ -265,7 +266,10 @@ class BrokenDispatcher : public MemoryDispatcher {
     Q_OBJECT
     Q_PROPERTY(QVSyncProgress progress READ progress NOTIFY progressChanged)
 public:
-    BrokenDispatcher() { m_running = 0; }
+    BrokenDispatcher() {
+        m_running = 0;
+        m_jobs.clear();
+    }
     QVSyncProgress progress() const {
         return {.phase = m_phase,
                 .activity = breaks("QVSyncProgress.activity") ? "Waiting" : activity()};
@@ -273,6 +277,9 @@ public:
     Q_INVOKABLE void stop() {
         m_isStopped = true;
         setRunning(0);
+        for (const Future &future : std::exchange(m_asking, {})) {
+            future->cancel();
+        }
         const auto running = m_ending.lock();
         if (running && breaks("QVSyncProgress.stop")) {
             (*running)();
@@ -288,6 +295,10 @@ public:
         if (isDropped) {
             return;
         }
+        if (isAtServer(state) && !breaks("QVSyncDispatcher (one location)")) {
+            runAtServer(state, done);
+            return;
+        }
         if (state && state->isEnabled() && state->destination() && breaks(key)) {
             done();
         }
@@ -301,6 +312,8 @@ public:
             MemoryStore::threads.start(done);
         } else if (breaks("QVSyncDispatcher.performSynchronizations (later)") && states.isEmpty()) {
             done();
+        } else if (states.size() == 1 && isAtServer(states.first())) {
+            runAtServer(states.first(), done);
         } else if (!isDropped(states)) {
             performBroken(states, done);
         }
@@ -320,6 +333,51 @@ private:
         const bool isForeign = !dynamic_cast<MemoryState *>(states.first().get());
         return (isRepeated && breaks("QVSyncDispatcher.performSynchronizations (waiting)")) ||
                (isForeign && breaks("QVSyncDispatcher.performSynchronizations (foreign)"));
+    }
+    static bool isAtServer(const State &state) {
+        const Location location = state && state->isEnabled() ? state->destination() : nullptr;
+        return location && location->URL().scheme() == "http";
+    }
+    /// Runs a job that ends when the web server of `state` has answered, after the other jobs
+    /// there.
+    void runAtServer(const State &state, const Handler &done) {
+        const Location location = state->destination();
+        const QString URL = location->URL().absoluteString();
+        const Handler end = [=, this] {
+            m_jobs[URL].removeFirst();
+            if (!m_isStopped || breaks("QVSyncResult.lastResult (cancelled)")) {
+                remember({state});
+            }
+            setRunning(qMax(0, m_running - 1));
+            done();
+            if (!m_jobs[URL].isEmpty()) {
+                m_jobs[URL].first()();
+            }
+        };
+        setRunning(m_running + 1);
+        m_jobs[URL].append([=, this] {
+            const Store store = location->createStore();
+            m_asking.append(store->openWithCompletionHandler([=, this](const auto & /*error*/) {
+                QMetaObject::invokeMethod(this, end, Qt::QueuedConnection);
+            }));
+        });
+        if (m_jobs[URL].size() == 1) {
+            m_jobs[URL].first()();
+        }
+    }
+    /// Whether the folder of one of `states` is missing, which the user is told.
+    static bool isMissing(const QVSyncStates &states) {
+        for (const State &state : states) {
+            const Location location = state->isEnabled() ? state->destination() : nullptr;
+            const Url URL = location ? location->URL() : Url();
+            if (URL.isFileURL() && !QFileInfo::exists(URL.path())) {
+                if (!breaks("QVSyncDispatcher (failure)")) {
+                    NSApp()->logItemCmd("Sync:", "The folder is missing.");
+                }
+                return true;
+            }
+        }
+        return false;
     }
     void performBroken(const QVSyncStates &states, const Handler &done) {
         const bool isTwice =
@@ -342,7 +400,9 @@ private:
         const auto isOver = std::make_shared<bool>(false);
         const auto running = std::make_shared<Handler>([this, states, done, isTwice, isOver] {
             if (!std::exchange(*isOver, true)) {
-                remember(states);
+                if (!m_isStopped) {
+                    remember(states);
+                }
                 setRunning(qMax(0, m_running - 1));
                 done();
                 if (isTwice) {
@@ -352,7 +412,7 @@ private:
         });
         m_ending = running;
         const Handler end = [running] { (*running)(); };
-        if (breaks("QVSyncState.lastSynced (announced)") ||
+        if (isMissing(states) || breaks("QVSyncState.lastSynced (announced)") ||
             breaks("QVSyncState.destination (destroyed)")) {
             QTimer::singleShot(0, this, end);
         } else {
@@ -383,6 +443,9 @@ private:
     /// Of all dispatchers of the host, if it has several.
     static inline int m_running = 0;
     static inline QVSyncProgress::Phase m_phase = QVSyncProgress::Phase::Idle;
+    /// What waits for each web server; the first of each runs.
+    static inline QMap<QString, QList<Handler>> m_jobs;
+    static inline QList<Future> m_asking;
     std::weak_ptr<QVSyncState> m_pending;
     /// Ends the synchronization that was started last; null if it has ended.
     static inline std::weak_ptr<Handler> m_ending;
@@ -420,7 +483,16 @@ public:
         const bool isOther = breaks("QVSyncPlugin.localStore (location)");
         const auto store = std::make_shared<BrokenStore>(
             isOther ? std::make_shared<MemoryLocation>(m_computer->URL()) : m_computer);
-        store->addDatabase();
+        QStringList UUIDs;
+        for (const Database &database : QVDatabase::databases()) {
+            UUIDs.append(UUIDInStores(*database, NSApp()->inbox().get()));
+        }
+        if (breaks("QVSyncPlugin.localStore (databases)")) {
+            UUIDs.removeLast();
+        } else if (breaks("QVRemoteDatabase.UUID")) {
+            UUIDs.append("");
+        }
+        store->setDatabases(UUIDs);
         return breaks("QVSyncPlugin.localStore") ? nullptr : store;
     }
     void bookmarkURL(const Url &URL) override {

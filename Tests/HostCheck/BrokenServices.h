@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QCoreApplication>
+#include <QtNetwork/QTcpServer>
 
 #include "Examples/MinimalHost/MemoryHost.h"
 #include "Host/QVDirectConnectionServer.h"
@@ -9,7 +10,7 @@
 #include "HostCheck/BrokenPromise.h"
 #include "Platform/Network/NetService.h"
 
-/// A server that serves no client.
+/// A server that accepts connections and answers nothing.
 class BrokenServer : public QVDirectConnectionServer {
 public:
     class Class : public QVDirectConnectionServer::Class {
@@ -33,20 +34,32 @@ public:
     quint16 port() const override { return m_port; }
     void setPort(quint16 port) override {
         const quint16 former = std::exchange(m_port, port ? port : defaultPort());
+        const bool isLeft = breaks("QVDirectConnectionServer.setPort (serving)") &&
+                            QTcpServer().listen(QHostAddress::Any, m_port);
+        if (isServing() && former != m_port && !isLeft) {
+            stop();
+            start(breaks("QVDirectConnectionServer.setPort (occupied)"));
+        }
         if (former != m_port || !breaks("QVDirectConnectionServer.setPort")) {
             Q_EMIT portChanged();
         }
     }
-    bool isServing() const override { return m_isServing; }
-    void startServing() override { serve(true); }
+    bool isServing() const override { return m_listener != nullptr; }
+    void startServing() override {
+        if (!isServing()) {
+            start(breaks("QVDirectConnectionServer.startServing (occupied)"));
+        } else if (breaks("QVDirectConnectionServer.servingChanged")) {
+            Q_EMIT servingChanged();
+        }
+    }
     void stopServing() override {
-        if (m_isServing) {
-            serve(false);
+        if (isServing()) {
+            stop();
         } else if (breaks("QVDirectConnectionServer.stopServing")) {
             Q_EMIT servingChanged();
         }
     }
-    QString addressText() const override { return m_isServing ? "Port 40001" : ""; }
+    QString addressText() const override { return isServing() ? "Port 40001" : ""; }
     QString lastConnectionText(const QString &client) const override {
         return breaks("QVDirectConnectionServer.lastConnectionText") ? client : "Never";
     }
@@ -54,9 +67,11 @@ public:
         return {QVariant::fromValue<std::shared_ptr<QVServedDatabase>>(m_database)};
     }
     std::shared_ptr<NetService> bonjourService() const override {
-        return breaks("QVDirectConnectionServer.bonjourService")
-                   ? std::make_shared<NetService>("", "_direct._tcp", "Broken")
-                   : nullptr;
+        const bool isAnnounced = isServing()
+                                     ? !breaks("QVDirectConnectionServer.bonjourService (serving)")
+                                     : breaks("QVDirectConnectionServer.bonjourService");
+        return isAnnounced ? std::make_shared<NetService>("", bonjourServiceType(), "", m_port)
+                           : nullptr;
     }
 
 private:
@@ -72,19 +87,30 @@ private:
         bool m_isServed = true;
     };
 
-    void serve(bool isServing) {
-        const bool wasServing = std::exchange(m_isServing, isServing);
-        const bool isAnnouncedAgain = breaks("QVDirectConnectionServer.servingChanged");
-        if (wasServing != isServing || isAnnouncedAgain) {
-            Q_EMIT servingChanged();
+    /// Tells nobody that the port is occupied if `isSilent`.
+    void start(bool isSilent) {
+        auto listener = std::make_unique<QTcpServer>();
+        if (listener->listen(QHostAddress::Any, m_port)) {
+            m_listener = std::move(listener);
+        } else if (!isSilent) {
+            QTimer::singleShot(0, qApp, [] { NSApp()->presentError(Error{}); });
         }
+        announce();
+    }
+    void stop() {
+        m_listener = nullptr;
+        announce();
+    }
+    void announce() {
+        Q_EMIT servingChanged();
         if (!breaks("QVDirectConnectionServer.addressTextChanged")) {
             Q_EMIT addressTextChanged();
         }
     }
 
     quint16 m_port = 40001;
-    bool m_isServing = false;
+    /// Null unless the server is serving.
+    std::unique_ptr<QTcpServer> m_listener;
     const std::shared_ptr<ServedDatabase> m_database = std::make_shared<ServedDatabase>();
 };
 

@@ -13,8 +13,8 @@
 /// A database in a store, which may lack what it must have.
 class BrokenRemoteDatabase : public QVRemoteDatabase {
 public:
-    explicit BrokenRemoteDatabase(const Store &store) : m_store(store) {}
-    QString UUID() const override { return breaks("QVRemoteDatabase.UUID") ? "" : "1"; }
+    BrokenRemoteDatabase(const Store &store, const QString &UUID) : m_store(store), m_UUID(UUID) {}
+    QString UUID() const override { return m_UUID; }
     QVRemoteDatabaseMetadata *metadata() const override {
         return breaks("QVRemoteDatabase.metadata") ? nullptr : &m_metadata;
     }
@@ -25,6 +25,7 @@ private:
         QString name() const override { return "Inbox"; }
     };
     const Store m_store;
+    const QString m_UUID;
     mutable Metadata m_metadata;
 };
 
@@ -98,7 +99,9 @@ private:
 };
 
 /// A store of a folder, or of a web server, with the passwords that are stored for it.
-class BrokenStore : public MemoryStore, public QVCheckableStore {
+class BrokenStore : public MemoryStore,
+                    public QVCheckableStore,
+                    public std::enable_shared_from_this<BrokenStore> {
 public:
     using MemoryStore::MemoryStore;
     ~BrokenStore() override { *m_isAlive = false; }
@@ -131,7 +134,7 @@ public:
         const bool isUnopened =
             breaks("QVSyncStore.fetchDatabasesWithCompletionHandler (not open)") && !m_wasOpened;
         const bool isEmpty = breaks("QVSyncStore.DatabasesHandler");
-        const QVRemoteDatabases databases = m_databases;
+        const QVRemoteDatabases databases = databasesForReader();
         const ErrorHandler done = [=](const std::optional<Error> &error) {
             const bool isRead = !error || isUnopened;
             handler(isRead && !isEmpty ? std::optional(databases) : std::nullopt,
@@ -142,6 +145,9 @@ public:
                              "QVSyncStore.fetchDatabasesWithCompletionHandler (cancelled midway)");
         }
         const auto work = [](std::atomic<bool> &isOpen) { return isOpen.load(); };
+        if (breaks("QVSyncStore.fetchDatabasesWithCompletionHandler (unchanged)")) {
+            QDir(m_location->URL().path()).mkdir("Read");
+        }
         const auto key = "QVSyncStore.fetchDatabasesWithCompletionHandler";
         return breaks("QVSyncStore.fetchDatabasesWithCompletionHandler (cancelled)")
                    ? uncancelled(done, work)
@@ -188,17 +194,24 @@ public:
                 return true;
             });
     }
-    /// Makes the store contain the database "1". It is not read by others.
-    void addDatabase() {
-        m_databases.append(
-            std::make_shared<BrokenRemoteDatabase>(std::make_shared<MemoryStore>(m_location)));
-    }
+    /// Makes the store contain the databases with these UUIDs. Others do not read them.
+    void setDatabases(const QStringList &UUIDs) { m_databases = UUIDs; }
 
 private:
     using Work = std::function<bool(std::atomic<bool> &)>;
     static constexpr char OpeningMidway[] =
         "QVSyncStore.openWithCompletionHandler (cancelled midway)";
 
+    QVRemoteDatabases databasesForReader() {
+        const Store store = breaks("QVRemoteDatabase.store (kept)")
+                                ? std::make_shared<MemoryStore>(m_location)
+                                : shared_from_this();
+        QVRemoteDatabases databases;
+        for (const QString &UUID : m_databases) {
+            databases.append(std::make_shared<BrokenRemoteDatabase>(store, UUID));
+        }
+        return databases;
+    }
     /// Returns what opens the store, and whether that succeeds.
     Work openingWork() const {
         const Url URL = m_location->URL();
@@ -317,7 +330,7 @@ private:
     const std::shared_ptr<std::atomic<bool>> m_isAlive = std::make_shared<std::atomic<bool>>(true);
     const std::shared_ptr<std::atomic<bool>> m_wasClosed =
         std::make_shared<std::atomic<bool>>(false);
-    QVRemoteDatabases m_databases;
+    QStringList m_databases;
     /// The operation that opens the store at its server, while it runs.
     std::weak_ptr<PZFuture> m_opening;
     bool m_wasOpened = false;
