@@ -86,6 +86,20 @@ void QVSyncPreferences::addFolderLocation(const QVFolderLocationEditor &editor, 
     }
 }
 
+void QVSyncPreferences::addPackage(const Url &URL) {
+    if (const Selection row = synchronizationSelectionForSyncLocationWithURL(URL)) {
+        selectLocation(row->location());
+        return;
+    }
+    if (const auto location = newLocation()) {
+        location->setURL(URL);
+        plugin()->bookmarkURL(URL);
+        addSyncLocation(location);
+        saveAndPresentError();
+        announceAddedSelection();
+    }
+}
+
 void QVSyncPreferences::editSyncLocation(const std::shared_ptr<QVSyncLocation> &location) {
     editLocationWithEditor(locationEditorForLocation(location));
 }

@@ -5,6 +5,7 @@
 
 #include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/LocationRecovery.h"
+#include "Controller/Preferences/PackageDrop.h"
 #include "Controller/Preferences/QVSyncLocationEditor.h"
 #include "Controller/Preferences/QVSyncScheduleEditor.h"
 #include "Host/InboxUUID.h"
@@ -71,6 +72,8 @@ void QVSyncPreferences::awakeFromNib() {
     fillAddMenu();
     m_databasesView->setDelegate(this);
     m_locationsView->setDelegate(this);
+    // Its viewport, which also receives what is dropped below the rows.
+    new PackageDrop(m_locationsView->parentWidget(), [this](const Url &URL) { addPackage(URL); });
     m_warningIcon = QIcon(QStringLiteral(":/SyncPreferences/QVSyncSelectionWarning.png"));
     m_warningIcon.setIsMask(true);
 }

@@ -285,6 +285,8 @@ private:
     Selection selectedRow() const;
     /// Handler of the folder panels: adds the location and saves if `result` is 1.
     void addFolderLocation(const QVFolderLocationEditor &editor, qint64 result);
+    /// Adds the location of an existing package and saves, or selects it if it is in the list.
+    void addPackage(const Url &URL);
     /// Removes what failed at the location from its row and states: the user has just changed it,
     /// or its password.
     void forgetFailures(const QVSyncLocation &location);

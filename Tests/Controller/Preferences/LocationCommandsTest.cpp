@@ -1,3 +1,5 @@
+#include <QtCore/QMimeData>
+#include <QtGui/QDropEvent>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QToolButton>
@@ -100,6 +102,20 @@ class LocationCommandsTest : public QObject {
             .value(QStringLiteral("SELECT count(*) FROM locations"))
             .value()
             .toLongLong();
+    }
+    /// Drags `dropped` onto the list of locations, and drops them if it accepts them. Returns
+    /// whether it does.
+    bool drop(const QList<QUrl> &dropped) const {
+        QMimeData data;
+        data.setUrls(dropped);
+        QWidget *list = m_pane->locationsView()->parentWidget();
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::LinkAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(list, &enter);
+        if (enter.isAccepted()) {
+            QDropEvent event({5, 5}, Qt::CopyAction | Qt::LinkAction, &data, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(list, &event);
+        }
+        return enter.isAccepted();
     }
     void inPanel(const std::function<void(PackagePanel &)> &act) const {
         auto *timer = new QTimer(qApp);
@@ -280,6 +296,22 @@ private Q_SLOTS:
         });
         choose("addMenu", "selectFolderItem");
         QCOMPARE(URLs(), QStringList{Url::fileURL(package).absoluteString()});
+    }
+
+    void aPackageThatIsDroppedBecomesALocationOnce() {
+        const QString package = m_folder->filePath(QStringLiteral("Work.qvSyncStore"));
+        QVERIFY(QDir().mkdir(package));
+        showPane();
+        QVERIFY(!drop({QUrl::fromLocalFile(m_folder->path())}));
+        QVERIFY(!drop({QUrl(QStringLiteral("https://h/S.qvSyncStore"))}));
+        QCOMPARE(URLs(), QStringList());
+        for (int i = 0; i < 2; ++i) {
+            QVERIFY(drop({QUrl::fromLocalFile(package + u'/'), QUrl::fromLocalFile(package)}));
+            QCOMPARE(URLs(), QStringList{Url::fileURL(package).absoluteString()});
+            QCOMPARE(savedCount(), 1);
+        }
+        QCOMPARE(m_pane->syncLocationsController()->lastSelectedObject(),
+                 QVariant::fromValue(m_pane->synchronizationSelections().constFirst()));
     }
 
     // The result is 1 whenever the panel was confirmed.
