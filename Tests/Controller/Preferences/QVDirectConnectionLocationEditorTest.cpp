@@ -383,6 +383,8 @@ private Q_SLOTS:
                                 "as “computer.local”, or an IP address."));
         QVERIFY(problem->isVisible());
         QVERIFY(!part<QPushButton>("acceptButton")->isEnabled());
+        QCOMPARE(host->accessibleDescription(), problem->text());
+        QCOMPARE(part<QPushButton>("acceptButton")->accessibleDescription(), problem->text());
         QTest::keyClick(host, Qt::Key_Return);
         QCOMPARE(host->text(), QStringLiteral("my attic"));
         // The last text that was valid.

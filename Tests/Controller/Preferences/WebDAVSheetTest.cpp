@@ -206,6 +206,9 @@ private Q_SLOTS:
         QCOMPARE(status(), QStringLiteral("A server name contains no blanks. Remove the blank from "
                                           "“my host”."));
         QVERIFY(part<QPushButton>("acceptButton")->isEnabled());
+        // Screen readers read it with the field and the button.
+        QCOMPARE(part<QLineEdit>("storeField")->accessibleDescription(), status());
+        QCOMPARE(part<QPushButton>("acceptButton")->accessibleDescription(), status());
     }
 
     void noTextIsCutOff() {
