@@ -93,7 +93,7 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
 
     connect(m_library, &NoteLibrary::knownDatabasesChanged, this, &MainWindow::showDatabases);
     connect(m_databases, &QListWidget::currentRowChanged, this, &MainWindow::showDatabase);
-    connect(m_databases, &QListWidget::itemActivated, this, &MainWindow::toggleOpen);
+    connect(m_databases, &QListWidget::itemActivated, this, &MainWindow::open);
     m_database = m_library->inbox();
     showDatabases();
 }
@@ -199,7 +199,11 @@ void MainWindow::createDatabase() {
         QInputDialog::getText(this, tr("New Database"), tr("Name of the new database:"),
                               QLineEdit::Normal, {}, &isAccepted);
     if (isAccepted) {
-        presentIfFailed(m_library->createDatabase(name));
+        const bool isCreated = presentIfFailed(m_library->createDatabase(name));
+        if (isCreated) {
+            // The newest one is last.
+            m_databases->setCurrentRow(m_databases->count() - 1);
+        }
     }
 }
 
@@ -220,6 +224,13 @@ void MainWindow::toggleOpen() {
     }
     presentIfFailed(database->isOpen() ? m_library->closeDatabase(database)
                                        : m_library->openDatabase(database));
+}
+
+void MainWindow::open() {
+    const auto database = currentDatabase();
+    if (database && !database->isOpen() && m_notes->leave()) {
+        presentIfFailed(m_library->openDatabase(database));
+    }
 }
 
 PreferencesWindow *MainWindow::showPreferences() {

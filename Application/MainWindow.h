@@ -89,6 +89,8 @@ private:
     void renameDatabase();
     /// Opens or closes the selected database. Has no effect for the inbox.
     void toggleOpen();
+    /// Opens the selected database; does nothing if it is open.
+    void open();
     /// Presents what failed in the last synchronizations, with the next steps.
     void presentFailure();
     void showLog();

@@ -1,8 +1,10 @@
 #include "Application/MainWindow.h"
 
+#include <QtCore/QTimer>
 #include <QtCore/QTranslator>
 #include <QtGui/QAction>
 #include <QtGui/QClipboard>
+#include <QtWidgets/QInputDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
@@ -58,6 +60,27 @@ class MainWindowTest : public QObject {
             }
         }
         return nullptr;
+    }
+
+    QAction *action(const char *title) const {
+        for (QAction *action : m_window->findChildren<QAction *>()) {
+            if (action->text().remove(u'&') == QString::fromUtf8(title)) {
+                return action;
+            }
+        }
+        return nullptr;
+    }
+    /// Calls `act` with the dialog that will be opened.
+    template <class Dialog>
+    static void inDialog(const std::function<void(Dialog &)> &act) {
+        auto *timer = new QTimer(qApp);
+        connect(timer, &QTimer::timeout, timer, [timer, act] {
+            if (auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget())) {
+                timer->deleteLater();
+                act(*dialog);
+            }
+        });
+        timer->start(0);
     }
 
     void openWindow() {
@@ -331,6 +354,24 @@ private Q_SLOTS:
         const QStringList titles{QStringLiteral("新規データベース…"), QStringLiteral("名前を変更…"),
                                  QStringLiteral("閉じる"), QStringLiteral("同期設定…")};
         QCOMPARE(shown, titles);
+    }
+
+    void anActivatedDatabaseIsOpenedAndStaysOpen() {
+        Q_EMIT databases()->itemActivated(databases()->item(1));
+        QVERIFY(m_plans->isOpen());
+        QVERIFY(m_host->library().closeDatabase(m_plans));
+        databases()->setCurrentRow(1);
+        Q_EMIT databases()->itemActivated(databases()->item(1));
+        QVERIFY(m_plans->isOpen());
+    }
+
+    void aNewDatabaseIsSelected() {
+        inDialog<QInputDialog>([](QInputDialog &dialog) {
+            dialog.setTextValue(QStringLiteral("Attic"));
+            dialog.accept();
+        });
+        action("New Database…")->trigger();
+        QCOMPARE(databases()->currentItem()->text(), QStringLiteral("Attic"));
     }
 
     void aLongTitleIsNotCut() {
