@@ -18,6 +18,7 @@
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/LocationRemovals.h"
 #include "Application/LogWindow.h"
+#include "Application/NoteExport.h"
 #include "Application/NotesView.h"
 #include "Application/PlugIns.h"
 #include "Application/PreferencesWindow.h"
@@ -108,6 +109,7 @@ void MainWindow::makeActions() {
     m_renameAction = databaseMenu->addAction(tr("&Rename…"), this, &MainWindow::renameDatabase);
     m_renameAction->setShortcut(Qt::Key_F2);
     m_openAction = databaseMenu->addAction(tr("&Open"), this, &MainWindow::toggleOpen);
+    m_exportAction = databaseMenu->addAction(tr("&Export…"), this, &MainWindow::exportDatabase);
     databaseMenu->addSeparator();
     databaseMenu->addAction(tr("&Quit"), this, &MainWindow::quit)->setShortcut(QKeySequence::Quit);
 
@@ -118,7 +120,9 @@ void MainWindow::makeActions() {
         editMenu->addAction(tr("Earlier &Versions…"), this, &MainWindow::showEarlierVersions);
     m_deletedAction =
         editMenu->addAction(tr("&Deleted Notes…"), this, &MainWindow::showDeletedNotes);
-    connect(m_notes, &NotesView::noteChanged, this, &MainWindow::updateHistoryActions);
+    editMenu->addSeparator();
+    m_exportNoteAction = editMenu->addAction(tr("E&xport Note…"), this, &MainWindow::exportNote);
+    connect(m_notes, &NotesView::noteChanged, this, &MainWindow::updateNoteActions);
     connect(m_notes, &NotesView::editedChanged, this, &QWidget::setWindowModified);
 
     m_toolsMenu = menuBar()->addMenu(tr("&Tools"));
@@ -184,7 +188,7 @@ void MainWindow::showDatabase() {
     m_renameAction->setEnabled(database && !database->isInbox());
     m_openAction->setEnabled(database && !database->isInbox());
     setTitle(m_openAction, database && database->isOpen() ? tr("&Close") : tr("&Open"));
-    updateHistoryActions();
+    updateNoteActions();
 }
 
 std::shared_ptr<NoteDatabase> MainWindow::currentDatabase() const {
@@ -301,9 +305,31 @@ void MainWindow::showHistory(const Note &note) {
     dialog->open();
 }
 
-void MainWindow::updateHistoryActions() {
-    m_versionsAction->setEnabled(!m_notes->note().UUID.isEmpty());
+void MainWindow::exportDatabase() {
+    const auto database = m_notes->database();
+    if (!m_notes->leave() || !database) {
+        return;
+    }
+    const Expected<QList<Note>> notes = database->notes();
+    if (notes) {
+        NoteExport::ask({database->name(), *notes}, this);
+    } else {
+        NSApp()->presentError(notes.error());
+    }
+}
+
+void MainWindow::exportNote() {
+    if (m_notes->leave() && !m_notes->note().UUID.isEmpty()) {
+        NoteExport::ask({{}, {m_notes->note()}}, this);
+    }
+}
+
+void MainWindow::updateNoteActions() {
+    const bool hasNote = !m_notes->note().UUID.isEmpty();
+    m_versionsAction->setEnabled(hasNote);
+    m_exportNoteAction->setEnabled(hasNote);
     m_deletedAction->setEnabled(m_notes->database() != nullptr);
+    m_exportAction->setEnabled(m_notes->database() != nullptr);
 }
 
 void MainWindow::bringToFront() {

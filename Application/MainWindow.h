@@ -100,7 +100,12 @@ private:
     void showEarlierVersions();
     /// Opens the sheet for the database, or for `note` if it has a UUID.
     void showHistory(const Note &note);
-    void updateHistoryActions();
+    /// Let the user export the database or the note to a file, after saving typed text. Run a
+    /// nested event loop.
+    void exportDatabase();
+    void exportNote();
+    /// Enables the actions on the note and on its database.
+    void updateNoteActions();
 
     NoteLibrary *const m_library;
     EventLog *const m_log;
@@ -113,6 +118,8 @@ private:
     QMenu *m_toolsMenu = nullptr;
     QAction *m_renameAction = nullptr;
     QAction *m_openAction = nullptr;
+    QAction *m_exportAction = nullptr;
+    QAction *m_exportNoteAction = nullptr;
     QAction *m_versionsAction = nullptr;
     QAction *m_deletedAction = nullptr;
     /// Null while the window is closed.

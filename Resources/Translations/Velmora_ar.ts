@@ -382,6 +382,14 @@
 <context>
     <name>MainWindow</name>
     <message>
+        <source>&amp;Export…</source>
+        <translation>تصدير (&amp;E)…</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Note…</source>
+        <translation>تصدير الملاحظة (&amp;X)…</translation>
+    </message>
+    <message>
         <source>Your changes in Sync Preferences are not saved.</source>
         <translation>لم تُحفظ تغييراتك في تفضيلات المزامنة.</translation>
     </message>
@@ -1095,6 +1103,21 @@
         <source>QT_LAYOUT_DIRECTION</source>
         <translatorcomment>The windows are laid out from right to left, also without Qt's own table.</translatorcomment>
         <translation>RTL</translation>
+    </message>
+</context>
+<context>
+    <name>NoteExport</name>
+    <message>
+        <source>The file “%1” could not be written. Choose another folder.</source>
+        <translation>تعذرت كتابة الملف «⁨%1⁩». اختر مجلدًا آخر.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>تصدير</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>الملاحظات</translation>
     </message>
 </context>
 </TS>

@@ -370,6 +370,14 @@
 <context>
     <name>MainWindow</name>
     <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportieren …</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Note…</source>
+        <translation>Notiz e&amp;xportieren …</translation>
+    </message>
+    <message>
         <source>Your changes in Sync Preferences are not saved.</source>
         <translation>Ihre Änderungen in den Sync-Einstellungen sind nicht gespeichert.</translation>
     </message>
@@ -1051,6 +1059,21 @@
     <message>
         <source>Show Folder</source>
         <translation>Ordner zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>NoteExport</name>
+    <message>
+        <source>The file “%1” could not be written. Choose another folder.</source>
+        <translation>Die Datei „%1“ konnte nicht geschrieben werden. Wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
     </message>
 </context>
 </TS>

@@ -370,6 +370,14 @@
 <context>
     <name>MainWindow</name>
     <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportar…</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Note…</source>
+        <translation>E&amp;xportar nota…</translation>
+    </message>
+    <message>
         <source>Your changes in Sync Preferences are not saved.</source>
         <translation>Sus cambios en las Preferencias de sincronización no se han guardado.</translation>
     </message>
@@ -1051,6 +1059,21 @@
     <message>
         <source>Show Folder</source>
         <translation>Mostrar la carpeta</translation>
+    </message>
+</context>
+<context>
+    <name>NoteExport</name>
+    <message>
+        <source>The file “%1” could not be written. Choose another folder.</source>
+        <translation>No se ha podido escribir el archivo «%1». Elija otra carpeta.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportar</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notas</translation>
     </message>
 </context>
 </TS>

@@ -370,6 +370,14 @@
 <context>
     <name>MainWindow</name>
     <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exporter…</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Note…</source>
+        <translation>E&amp;xporter la note…</translation>
+    </message>
+    <message>
         <source>Your changes in Sync Preferences are not saved.</source>
         <translation>Vos modifications dans les Préférences de synchronisation ne sont pas enregistrées.</translation>
     </message>
@@ -1051,6 +1059,21 @@
     <message>
         <source>Show Folder</source>
         <translation>Afficher le dossier</translation>
+    </message>
+</context>
+<context>
+    <name>NoteExport</name>
+    <message>
+        <source>The file “%1” could not be written. Choose another folder.</source>
+        <translation>Impossible d’écrire le fichier « %1 ». Choisissez un autre dossier.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notes</translation>
     </message>
 </context>
 </TS>

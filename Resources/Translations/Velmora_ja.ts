@@ -367,6 +367,14 @@
 <context>
     <name>MainWindow</name>
     <message>
+        <source>&amp;Export…</source>
+        <translation>書き出す(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Note…</source>
+        <translation>ノートを書き出す(&amp;X)…</translation>
+    </message>
+    <message>
         <source>Your changes in Sync Preferences are not saved.</source>
         <translation>同期設定での変更が保存されていません。</translation>
     </message>
@@ -1042,6 +1050,21 @@
     <message>
         <source>Show Folder</source>
         <translation>フォルダーを表示</translation>
+    </message>
+</context>
+<context>
+    <name>NoteExport</name>
+    <message>
+        <source>The file “%1” could not be written. Choose another folder.</source>
+        <translation>ファイル「%1」に書き込めませんでした。別のフォルダーを選択してください。</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>書き出す</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>ノート</translation>
     </message>
 </context>
 </TS>

@@ -4,6 +4,7 @@
 #include <QtCore/QTranslator>
 #include <QtGui/QAction>
 #include <QtGui/QClipboard>
+#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -18,6 +19,7 @@
 
 #include "Application/EndSignals.h"
 #include "Application/EventLog.h"
+#include "Application/NoteExport.h"
 #include "Application/PreferencesWindow.h"
 #include "Support/FailingTable.h"
 #include "Support/Languages.h"
@@ -81,6 +83,17 @@ class MainWindowTest : public QObject {
             }
         });
         timer->start(0);
+    }
+    void exportTo(const QString &path, const char *command) const {
+        inDialog<QFileDialog>([path](QFileDialog &dialog) {
+            dialog.selectFile(path);
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        action(command)->trigger();
+    }
+    static QByteArray contentsOf(const QString &path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     void openWindow() {
@@ -372,6 +385,17 @@ private Q_SLOTS:
         });
         action("New Database…")->trigger();
         QCOMPARE(databases()->currentItem()->text(), QStringLiteral("Attic"));
+    }
+
+    void theDatabaseAndTheNoteAreExportedWithWhatIsTyped() {
+        typeText(QStringLiteral(" typed"));
+        const QString page = m_host->directory() + QStringLiteral("/exported.md");
+        exportTo(page, "Export…");
+        QCOMPARE(contentsOf(page), NoteExport::markdown({m_plans->name(), *m_plans->notes()}));
+        QVERIFY(contentsOf(page).contains(" typed"));
+        const QString object = m_host->directory() + QStringLiteral("/exported.json");
+        exportTo(object, "Export Note…");
+        QCOMPARE(contentsOf(object), NoteExport::json({{}, {m_plans->notes().value().first()}}));
     }
 
     void aLongTitleIsNotCut() {
