@@ -566,6 +566,10 @@
         <translation>أغلق الخادم «⁨%1⁩» الاتصال دون استجابة. تحقق من اسمه ومنفذه.</translation>
     </message>
     <message>
+        <source>The server “%1” cannot be reached through the proxy “%2” (%3). Check the proxy in the network settings of the desktop.</source>
+        <translation>يتعذر الوصول إلى الخادم «⁨%1⁩» عبر الوكيل «⁨%2⁩» (⁨%3⁩). تحقق من الوكيل في إعدادات الشبكة لسطح المكتب.</translation>
+    </message>
+    <message>
         <source>The server “%1” cannot be reached: %2. Check the network connection.</source>
         <translation>يتعذر الوصول إلى الخادم «⁨%1⁩»: ⁨%2⁩. تحقق من اتصال الشبكة.</translation>
     </message>

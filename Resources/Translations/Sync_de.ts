@@ -558,6 +558,10 @@
         <translation>Der Server „%1“ hat die Verbindung ohne Antwort beendet. Prüfen Sie seinen Namen und den Port.</translation>
     </message>
     <message>
+        <source>The server “%1” cannot be reached through the proxy “%2” (%3). Check the proxy in the network settings of the desktop.</source>
+        <translation>Der Server „%1“ ist über den Proxy „%2“ nicht erreichbar (%3). Prüfen Sie den Proxy in den Netzwerkeinstellungen des Desktops.</translation>
+    </message>
+    <message>
         <source>The server “%1” cannot be reached: %2. Check the network connection.</source>
         <translation>Der Server „%1“ ist nicht erreichbar: %2. Prüfen Sie die Netzverbindung.</translation>
     </message>

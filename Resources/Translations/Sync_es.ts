@@ -538,6 +538,10 @@
         <translation>El servidor «%1» ha cerrado la conexión sin responder. Compruebe su nombre y su puerto.</translation>
     </message>
     <message>
+        <source>The server “%1” cannot be reached through the proxy “%2” (%3). Check the proxy in the network settings of the desktop.</source>
+        <translation>No se puede acceder al servidor «%1» a través del proxy «%2» (%3). Compruebe el proxy en los ajustes de red del escritorio.</translation>
+    </message>
+    <message>
         <source>The server “%1” cannot be reached: %2. Check the network connection.</source>
         <translation>No se puede acceder al servidor «%1»: %2. Compruebe la conexión de red.</translation>
     </message>

@@ -538,6 +538,10 @@
         <translation>Le serveur « %1 » a fermé la connexion sans répondre. Vérifiez son nom et son port.</translation>
     </message>
     <message>
+        <source>The server “%1” cannot be reached through the proxy “%2” (%3). Check the proxy in the network settings of the desktop.</source>
+        <translation>Le serveur « %1 » est injoignable par le proxy « %2 » (%3). Vérifiez le proxy dans les réglages réseau du bureau.</translation>
+    </message>
+    <message>
         <source>The server “%1” cannot be reached: %2. Check the network connection.</source>
         <translation>Le serveur « %1 » est injoignable : %2. Vérifiez la connexion réseau.</translation>
     </message>

@@ -556,6 +556,10 @@
         <translation>サーバー「%1」が応答せずに接続を閉じました。名前とポートを確認してください。</translation>
     </message>
     <message>
+        <source>The server “%1” cannot be reached through the proxy “%2” (%3). Check the proxy in the network settings of the desktop.</source>
+        <translation>プロキシ「%2」経由でサーバー「%1」に接続できません（%3）。デスクトップのネットワーク設定でプロキシを確認してください。</translation>
+    </message>
+    <message>
         <source>The server “%1” cannot be reached: %2. Check the network connection.</source>
         <translation>サーバー「%1」に接続できません: %2。ネットワーク接続を確認してください。</translation>
     </message>

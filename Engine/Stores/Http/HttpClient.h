@@ -16,8 +16,8 @@ class HttpConnection;
 /// server has accepted until it is destroyed; connections, and how the server has asked for the
 /// credential, belong to a session, which may outlive the client. May be created and destroyed on
 /// any thread; several threads may send at the same time. Nothing else is remembered between two
-/// clients: no cookies, no cached responses, no proxies, and no settings of the environment are
-/// used.
+/// clients: no cookies and no cached responses. Servers are reached through the proxy of the
+/// desktop's settings, see DesktopProxy; no other settings of the environment are used.
 class HttpClient {
 public:
     using Timeouts = HttpTimeouts;

@@ -86,6 +86,10 @@ Expected<HttpResponse> HttpConnection::exchange(const HttpRequest &request,
     }
     long status = 0;
     curl_easy_getinfo(m_easy.get(), CURLINFO_RESPONSE_CODE, &status);
+    constexpr int proxyAuthenticationRequired = 407;
+    if (status == proxyAuthenticationRequired && !m_proxy.address.isEmpty()) {
+        return failure(proxyError(QString::number(status)));
+    }
     m_response.status = static_cast<int>(status);
     return std::move(m_response);
 }
@@ -96,7 +100,7 @@ void HttpConnection::set(CURLoption option, Value value) {
 }
 
 /// Sets everything for each request. Nothing that libcurl could do by itself is left to it:
-/// redirects, challenges, cookies, proxies and certificates.
+/// redirects, challenges of servers, cookies, the choice of a proxy and certificates.
 void HttpConnection::configure(const HttpRequest &request) {
     m_isConfigured = m_multi && m_easy;
     if (!m_isConfigured) {
@@ -111,7 +115,6 @@ void HttpConnection::configure(const HttpRequest &request) {
     set(CURLOPT_PROTOCOLS_STR, "http,https");
     set(CURLOPT_HTTP_VERSION, long(CURL_HTTP_VERSION_1_1));
     set(CURLOPT_FOLLOWLOCATION, 0L);
-    set(CURLOPT_PROXY, "");
     set(CURLOPT_NOSIGNAL, 1L);
     set(CURLOPT_QUICK_EXIT, 1L);
     set(CURLOPT_USERAGENT, "Velmora");
@@ -130,8 +133,26 @@ void HttpConnection::configure(const HttpRequest &request) {
     set(CURLOPT_NOPROGRESS, 0L);
     set(CURLOPT_XFERINFOFUNCTION, &HttpConnection::takeProgress);
     set(CURLOPT_XFERINFODATA, this);
+    configureProxy(request.URL);
     configureHeaders(request);
     configureBody(request);
+}
+
+void HttpConnection::configureProxy(const QUrl &URL) {
+    const QString asked = URL.scheme() + u'/' + server();
+    if (m_proxiedServer != asked) {
+        m_proxy = DesktopProxy::forURL(URL);
+        m_proxiedServer = asked;
+    }
+    // Without an address libcurl uses none, also if the environment has one.
+    set(CURLOPT_PROXY, m_proxy.address.constData());
+    // What the proxy says about the way is not part of the response.
+    set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
+    if (!m_proxy.user.isEmpty()) {
+        set(CURLOPT_PROXYUSERNAME, m_proxy.user.constData());
+        set(CURLOPT_PROXYPASSWORD, m_proxy.password.constData());
+        set(CURLOPT_PROXYAUTH, long(CURLAUTH_BASIC | CURLAUTH_DIGEST));
+    }
 }
 
 void HttpConnection::configureHeaders(const HttpRequest &request) {
@@ -307,6 +328,9 @@ Error HttpConnection::transportError(CURLcode code) const {
     long systemError = 0;
     curl_easy_getinfo(m_easy.get(), CURLINFO_OS_ERRNO, &systemError);
     const QString text = QString::fromUtf8(*m_errorText ? m_errorText : curl_easy_strerror(code));
+    if (hasProxyFailed(code)) {
+        return proxyError(text);
+    }
     switch (code) {
         case CURLE_COULDNT_RESOLVE_HOST:
             return engineError(
@@ -341,6 +365,23 @@ Error HttpConnection::transportError(CURLcode code) const {
                            server());
     }
     return unreachable(text);
+}
+
+bool HttpConnection::hasProxyFailed(CURLcode code) const {
+    long tunnel = 0;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_HTTP_CONNECTCODE, &tunnel);
+    constexpr long firstRefusal = 300;
+    return !m_proxy.address.isEmpty() &&
+           (tunnel >= firstRefusal || code == CURLE_COULDNT_CONNECT || code == CURLE_PROXY ||
+            code == CURLE_COULDNT_RESOLVE_PROXY || code == CURLE_COULDNT_RESOLVE_HOST);
+}
+
+Error HttpConnection::proxyError(const QString &reason) const {
+    return engineError(
+        EngineErrorCode::StoreUnreachable,
+        localizedSyncString("The server “%1” cannot be reached through the proxy “%2” (%3). Check "
+                            "the proxy in the network settings of the desktop.")
+            .arg(server(), QString::fromUtf8(m_proxy.address), reason));
 }
 
 QString HttpConnection::server() const {

@@ -7,6 +7,7 @@
 #include <QtNetwork/QSslCertificate>
 
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Stores/Http/DesktopProxy.h"
 #include "Engine/Stores/Http/HttpMessage.h"
 #include "Engine/Stores/Http/HttpOptions.h"
 
@@ -16,10 +17,11 @@
 /// another server, libcurl opens a new one. If the server closes a kept connection while a request
 /// is sent, and nothing of the response has arrived, libcurl sends the request again on a new one.
 ///
-/// libcurl decides nothing by itself: redirects, challenges, cookies, proxies, compression and its
-/// own verification of certificates are off. Certificates are verified with the system's
-/// authorities by QSslCertificate::verify(), TLS must be 1.2 or newer, and no signals are used, so
-/// that any number of connections can exist in a process.
+/// libcurl decides nothing by itself: redirects, challenges of servers, cookies, proxies of the
+/// environment, compression and its own verification of certificates are off. The proxy is that of
+/// the desktop's settings, which are asked once for each server. Certificates are verified with the
+/// system's authorities by QSslCertificate::verify(), TLS must be 1.2 or newer, and no signals are
+/// used, so that any number of connections can exist in a process.
 class HttpConnection {
 public:
     /// Maximum size in bytes of the header fields of a response, including those of provisional
@@ -77,6 +79,7 @@ private:
     void set(CURLoption option, Value value);
     /// Set the options of libcurl for `request`.
     void configure(const HttpRequest &request);
+    void configureProxy(const QUrl &URL);
     void configureHeaders(const HttpRequest &request);
     void configureBody(const HttpRequest &request);
     /// Sets the error if libcurl has reported one and none is set.
@@ -96,6 +99,9 @@ private:
                                   const HttpOptions &options);
     /// Returns the error for a failed transfer.
     Error transportError(CURLcode code) const;
+    /// Returns whether the proxy, not the server, has failed or refused a transfer.
+    bool hasProxyFailed(CURLcode code) const;
+    Error proxyError(const QString &reason) const;
     /// Returns host and port of the current request, as errors show them.
     QString server() const;
 
@@ -109,6 +115,9 @@ private:
     /// What was accepted last, and for which host.
     QList<QSslCertificate> m_chain;
     QString m_host;
+    /// The proxy of the server that was asked for last.
+    DesktopProxy m_proxy;
+    QString m_proxiedServer;
 
     // Of the current request.
     const HttpRequest *m_request = nullptr;
