@@ -14,7 +14,6 @@
 #include "Support/FailingTable.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
-#include "Support/Verification.h"
 
 class NotesViewTest : public QObject {
     Q_OBJECT
@@ -81,7 +80,6 @@ private Q_SLOTS:
     }
     void cleanup() {
         m_view.reset();
-        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_database.reset();
         m_host.reset();
     }

@@ -27,7 +27,6 @@
 #include "Support/ShownName.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
-#include "Support/Verification.h"
 
 /// Names that another computer controls, full of markup: wherever they are shown, they are shown
 /// as they are.
@@ -67,7 +66,6 @@ private Q_SLOTS:
         m_logWindow.reset();
         m_window.reset();
         m_location.reset();
-        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host.reset();
     }
 

@@ -9,7 +9,6 @@
 #include "Support/EventTimeout.h"
 #include "Support/FaultyProxy.h"
 #include "Support/TestHost.h"
-#include "Support/Verification.h"
 #include "Support/WebDAVServer.h"
 
 /// An import and a clean-up show how far they are, and can be stopped at once.
@@ -64,7 +63,6 @@ private Q_SLOTS:
         synchronizeAll(m_server->port());
     }
     void cleanup() {
-        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host.reset();
         m_proxy.reset();
         m_server.reset();

@@ -15,7 +15,6 @@
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
-#include "Support/Verification.h"
 
 /// The main window shows how the synchronization stands, and synchronizes before it is closed.
 class MainWindowStatusTest : public QObject {
@@ -111,7 +110,6 @@ private Q_SLOTS:
     void cleanup() {
         m_window.reset();
         m_database.reset();
-        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host.reset();
         m_silent.reset();
     }

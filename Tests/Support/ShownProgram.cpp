@@ -10,6 +10,7 @@
 
 #include "Support/DelayByOthers.h"
 #include "Support/EventTimeout.h"
+#include "Support/Verification.h"
 
 ShownProgram::ShownProgram(const QString &program, const VirtualDisplay &display)
     : m_display(display),
@@ -29,6 +30,7 @@ ShownProgram::ShownProgram(const QString &program, const VirtualDisplay &display
 
 ShownProgram::~ShownProgram() {
     kill();
+    Verification::failForLastingProblems(profile());
 }
 
 void ShownProgram::setVariable(const QString &name, const QString &value) {

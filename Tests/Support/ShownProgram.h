@@ -14,7 +14,8 @@ public:
     /// `program` is the path of the executable. `display` is not owned and must outlive this
     /// object. Starts nothing.
     ShownProgram(const QString &program, const VirtualDisplay &display);
-    /// Kills the process if it is running.
+    /// Kills the process if it is running, and fails the current test if the profile or a folder
+    /// with which it synchronizes is damaged, see Verification::lastingProblems.
     ~ShownProgram();
     ShownProgram(const ShownProgram &) = delete;
     ShownProgram &operator=(const ShownProgram &) = delete;

@@ -5,6 +5,7 @@
 
 #include "Host/InboxUUID.h"
 #include "Host/QVSyncStore.h"
+#include "Support/Verification.h"
 
 namespace {
 
@@ -30,7 +31,14 @@ TestHost::TestHost(FirstContents contents) {
 
 TestHost::~TestHost() {
     letSavesPass();
+    if (m_isVerified && m_engine) {
+        Verification::failForLastingProblems(*m_engine);
+    }
     m_application.setEngine(nullptr);
+}
+
+void TestHost::leaveUnverified(const char * /*reason*/) {
+    m_isVerified = false;
 }
 
 void TestHost::start(FirstContents contents) {

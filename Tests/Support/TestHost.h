@@ -12,6 +12,8 @@ class TestHost {
 public:
     /// FirstContents::Inbox gives the open inbox and no location.
     explicit TestHost(FirstContents contents = FirstContents::Inbox);
+    /// Fails the current test if the profile or a folder with which it synchronizes is damaged, see
+    /// Verification::lastingProblems.
     ~TestHost();
     TestHost(const TestHost &) = delete;
     TestHost &operator=(const TestHost &) = delete;
@@ -22,6 +24,10 @@ public:
     EngineLocationsController &locations();
     /// The folder of the profile.
     QString directory() const;
+
+    /// Lets the destructor verify nothing, because the test leaves damage: `reason` tells what
+    /// kind.
+    void leaveUnverified(const char *reason);
 
     /// Closes the profile without saving and opens it again, as a restart does. Replaces all engine
     /// objects.
@@ -63,6 +69,7 @@ private:
 
     QTemporaryDir m_directory;
     QString m_profileName = QStringLiteral("Profile");
+    bool m_isVerified = true;
     TestApplication m_application;
     std::unique_ptr<SyncEngine> m_engine;
     std::unique_ptr<EngineClasses> m_classes;

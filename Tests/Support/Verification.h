@@ -17,6 +17,13 @@ QStringList problemsOfProfile(SyncEngine &engine);
 /// Verifies the profile in the folder `directory`, which must not be open, and what it synchronizes
 /// with.
 QStringList problems(const QString &directory);
+/// Verifies the profile of `engine` and all folders with which it synchronizes, as far as they can
+/// be read. What a synchronization settles is no problem.
+QStringList lastingProblems(SyncEngine &engine);
+/// Fails the current test for each of these problems, or for those of the profile in the folder
+/// `directory`, if it exists. Has no effect outside of tests.
+void failForLastingProblems(SyncEngine &engine);
+void failForLastingProblems(const QString &directory);
 /// Verifies the database `subject` of an open profile and what `store` has of it.
 QStringList problems(const ProfileDatabase &profile, EngineNoteLibrary &library,
                      const StoreSession::Subject &subject, BlobStore &store);

@@ -110,6 +110,7 @@ private Q_SLOTS:
     void ofWhatIsUnwritten_data() { addFaults(); }
     void ofWhatIsUnwritten() {
         QFETCH(Fault, fault);
+        m_host->leaveUnverified("what is recorded as written is not");
         QCOMPARE(known().restartRecording().value(), true);
         QVERIFY(known().setComplete());
         QVERIFY(log().merge({{}, {QByteArray(16, '\1'), QByteArray(16, '\2')}}));

@@ -8,7 +8,6 @@
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
-#include "Support/Verification.h"
 
 namespace {
 
@@ -64,7 +63,6 @@ private Q_SLOTS:
         m_host = std::make_unique<TestHost>();
     }
     void cleanup() {
-        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host.reset();
         m_secrets.reset();
     }

@@ -56,8 +56,8 @@ private Q_SLOTS:
     void init() { m_host = std::make_unique<TestHost>(); }
     void cleanup() {
         const QString left = aside();
-        if (!QFileInfo::exists(left) && m_host->engine().profile().checkFiles()) {
-            QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
+        if (QFileInfo::exists(left) || !m_host->engine().profile().checkFiles()) {
+            m_host->leaveUnverified("the files of the profile are elsewhere");
         }
         m_host.reset();
         if (QFileInfo::exists(left + QStringLiteral("/profile.sqlite"))) {

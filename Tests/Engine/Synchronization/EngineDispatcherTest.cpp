@@ -6,7 +6,6 @@
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
-#include "Support/Verification.h"
 
 namespace {
 
@@ -113,10 +112,7 @@ private Q_SLOTS:
         m_host = std::make_unique<TestHost>();
         m_store = m_host->makeSyncStore(QStringLiteral("Shared"));
     }
-    void cleanup() {
-        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
-        m_host.reset();
-    }
+    void cleanup() { m_host.reset(); }
 
     void anImportedDatabaseIsOpenAnnouncedAndTheSame() {
         const QString UUID = synchronizedDatabase(QStringLiteral("Projects"))->UUID();
@@ -491,6 +487,7 @@ private Q_SLOTS:
     }
 
     void hostileRecordsAreReportedOneByOneAndTheRestIsSynchronized() {
+        m_host->leaveUnverified("the store keeps files that are no records");
         const QString UUID = synchronizedDatabase(QStringLiteral("Projects"))->UUID();
         const QString folder = transactions(UUID) + u'/';
         const auto name = [&](int i) {

@@ -9,7 +9,6 @@
 #include "Support/MemoryStore.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
-#include "Support/Verification.h"
 
 namespace {
 
@@ -135,7 +134,6 @@ private Q_SLOTS:
         m_host->save();
     }
     void cleanup() {
-        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_state.reset();
         m_host.reset();
     }

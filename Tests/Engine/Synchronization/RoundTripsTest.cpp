@@ -10,7 +10,6 @@
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
-#include "Support/Verification.h"
 #include "Support/WebDAVServer.h"
 
 namespace {
@@ -169,7 +168,6 @@ private:
 private Q_SLOTS:
     void cleanup() {
         m_state.reset();
-        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host.reset();
         m_rounds.reset();
         m_server.reset();

@@ -5,7 +5,6 @@
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
-#include "Support/Verification.h"
 
 class SyncTriggersTest : public QObject {
     Q_OBJECT
@@ -50,7 +49,6 @@ private Q_SLOTS:
     }
     void cleanup() {
         NotificationCenter::defaultCenter().removeObserver(this);
-        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host.reset();
     }
 
