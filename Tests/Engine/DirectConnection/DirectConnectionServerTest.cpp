@@ -785,12 +785,21 @@ private Q_SLOTS:
         Client friendly(m_port);
         QCOMPARE(friendly.answerTo(hello(ClientName, secret)), Welcome);
         std::vector<std::unique_ptr<QTcpSocket>> flood;
-        for (int i = 0; i < 200; ++i) {
-            flood.push_back(std::make_unique<QTcpSocket>());
-            flood.back()->connectToHost(QStringLiteral("127.0.0.1"), m_port);
+        const auto count = [&](QAbstractSocket::SocketState state) {
+            return std::count_if(flood.begin(), flood.end(),
+                                 [&](const auto &socket) { return socket->state() == state; });
+        };
+        // The system drops or delays some of more at once. One that arrives late takes the room of
+        // a computer that has not greeted yet.
+        constexpr int atOnce = 20;
+        for (int i = 1; i <= 10; ++i) {
+            while (std::ssize(flood) < i * atOnce) {
+                flood.push_back(std::make_unique<QTcpSocket>());
+                flood.back()->connectToHost(QStringLiteral("127.0.0.1"), m_port);
+            }
+            // All but two have given way to others.
+            QTRY_COMPARE_GE(count(QAbstractSocket::UnconnectedState), i * atOnce - 2);
         }
-        // The oldest have given way to the others.
-        QTRY_COMPARE(flood.front()->state(), QAbstractSocket::UnconnectedState);
         QCOMPARE(friendly.answerTo(list(QStringLiteral("databases"))), Done);
         Client another(m_port);
         QCOMPARE(another.answerTo(hello(ClientName, secret)), Welcome);
