@@ -391,11 +391,14 @@ private Q_SLOTS:
 
     void everyLifeEndsCleanly() {
         QFETCH(const quint32, seed);
-        {
+        try {
             Lifetime lifetime(seed);
             lifetime.live();
             ++m_lives;
             m_imports += lifetime.imports();
+        } catch (const std::exception &exception) {
+            // Qt Test would not tell which one.
+            QFAIL(exception.what());
         }
         // What threads have queued may run after the end.
         QCoreApplication::processEvents();
