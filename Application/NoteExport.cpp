@@ -12,6 +12,7 @@
 
 #include "Application/PresentIfFailed.h"
 
+namespace NoteExport {
 namespace {
 
 const QString JsonSuffix = QStringLiteral("json");
@@ -43,6 +44,7 @@ QString fileName(const NoteExport::Contents &contents) {
 }
 
 }  // namespace
+}  // namespace NoteExport
 
 QByteArray NoteExport::markdown(const Contents &contents) {
     QStringList parts;

@@ -12,7 +12,7 @@ namespace {
 
 const QString StorePath = QStringLiteral("/Checked.") + SyncStoreLayout::Extension;
 /// The most that is read of one client.
-constexpr qsizetype MostRead = 65536;
+constexpr qsizetype LargestRequest = 65536;
 
 /// Returns whether `bytes` are a request with its whole body.
 bool isWhole(const QByteArray &bytes) {
@@ -75,7 +75,7 @@ void StoreServer::serve(QTcpSocket &client) {
         client.deleteLater();
     });
     QObject::connect(&client, &QTcpSocket::readyRead, &client, [this, &client, bytes] {
-        bytes->append(client.read(MostRead - bytes->size()));
+        bytes->append(client.read(LargestRequest - bytes->size()));
         if (isWhole(*bytes)) {
             take(client, std::exchange(*bytes, {}));
         }

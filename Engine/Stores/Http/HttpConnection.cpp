@@ -325,11 +325,15 @@ QStringList HttpConnection::objections(const QList<QSslCertificate> &chain, cons
 }
 
 Error HttpConnection::transportError(CURLcode code) const {
-    long systemError = 0;
-    curl_easy_getinfo(m_easy.get(), CURLINFO_OS_ERRNO, &systemError);
     const QString text = QString::fromUtf8(*m_errorText ? m_errorText : curl_easy_strerror(code));
     if (hasProxyFailed(code)) {
         return proxyError(text);
+    }
+    if (code == CURLE_COULDNT_CONNECT && isRefused()) {
+        return engineError(EngineErrorCode::StoreUnreachable,
+                           "The server “%1” refused the connection. Check the port, and "
+                           "whether the server is running.",
+                           server());
     }
     switch (code) {
         case CURLE_COULDNT_RESOLVE_HOST:
@@ -356,15 +360,14 @@ Error HttpConnection::transportError(CURLcode code) const {
                     "its port, and whether it supports HTTPS.")
                     .arg(server(), text));
         default:
-            break;
+            return unreachable(text);
     }
-    if (code == CURLE_COULDNT_CONNECT && systemError == ECONNREFUSED) {
-        return engineError(EngineErrorCode::StoreUnreachable,
-                           "The server “%1” refused the connection. Check the port, and "
-                           "whether the server is running.",
-                           server());
-    }
-    return unreachable(text);
+}
+
+bool HttpConnection::isRefused() const {
+    long systemError = 0;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_OS_ERRNO, &systemError);
+    return systemError == ECONNREFUSED;
 }
 
 bool HttpConnection::hasProxyFailed(CURLcode code) const {

@@ -99,6 +99,8 @@ private:
                                   const HttpOptions &options);
     /// Returns the error for a failed transfer.
     Error transportError(CURLcode code) const;
+    /// Returns whether the computer of the server or proxy has refused the connection.
+    bool isRefused() const;
     /// Returns whether the proxy, not the server, has failed or refused a transfer.
     bool hasProxyFailed(CURLcode code) const;
     Error proxyError(const QString &reason) const;
