@@ -223,7 +223,7 @@ private Q_SLOTS:
         Contents after;
         const qint64 flushes = countCalls(told, Fault::Flush, &before, &after);
         // Also if all is flushed.
-        forCalls(flushes + 1, 10,
+        forCalls(flushes + 1, 3,
                  [&](qint64 flush) { verifyPowerFailure(told, flush, duration, before, after); });
     }
 
