@@ -98,6 +98,56 @@ void handlerIsCalledOnAThread() {
     require(!done.wasCalledOnMainThread(), "the handler is called on the main thread");
 }
 
+/// Starts operations that fail: a store without an address cannot be read or opened. Each has to
+/// keep `promise`.
+void startFailures(void (*promise)(Done &)) {
+    const auto store = newLocation()->createStore();
+    require(store != nullptr, "no store was made");
+    for (const Start start : {&fetch, &open}) {
+        Done done;
+        const auto future = start(*store, done);
+        require(future != nullptr, "its future is null");
+        promise(done);
+        requireOffer(failed(done));
+    }
+}
+
+void failureIsReportedOnce() {
+    startFailures([](Done &done) { done.requireOneCall(); });
+}
+
+void failureIsReportedOnAThread() {
+    startFailures([](Done &done) {
+        done.requireCall();
+        require(!done.wasCalledOnMainThread(), "the handler is called on the main thread");
+    });
+}
+
+/// Reads a store within the handler that opens it, and closes it within that which reads it.
+void handlersStartOperations() {
+    const NewStore made;
+    Done opened;
+    Done fetched;
+    Done closed;
+    const auto didFetch = [store = made.store, handler = fetched.function(),
+                           close = closed.function()](const auto & /*databases*/,
+                                                      const auto &error) {
+        store->closeWithCompletionHandler(close);
+        handler(error);
+    };
+    made.store->openWithCompletionHandler(
+        [store = made.store, handler = opened.function(), didFetch](const auto &error) {
+            store->fetchDatabasesWithCompletionHandler(didFetch);
+            handler(error);
+        });
+    opened.requireOneCall();
+    requireOffer(!failed(opened));
+    fetched.requireOneCall();
+    require(!failed(fetched), "a store cannot be read within the handler that opens it");
+    closed.requireOneCall();
+    require(!failed(closed), "a store cannot be closed within the handler that reads it");
+}
+
 /// Cancels at once, several times, since the operation may be faster.
 template <Start start>
 void cancelledOperationFails() {
@@ -572,6 +622,10 @@ constexpr HostPromise Promises[] = {
      &closingLeavesOtherOperations},
     {"QVSyncStore.closeWithCompletionHandler (opening)", Header,
      "closing neither waits for nor cancels an operation that is running.", &closingLeavesOpening},
+    {"QVSyncStore (failed, once)", Header, Operation, &failureIsReportedOnce},
+    {"QVSyncStore (failed, thread)", Header, Operation, &failureIsReportedOnAThread},
+    {"QVSyncStore (within a handler)", Header, "Handlers may start other operations",
+     &handlersStartOperations},
     {"QVSyncStore (released)", Header,
      "a store keeps itself alive until its running operations have ended.", &storeLivesWhileItRuns},
     {"PZFuture.cancel (handler)", "Host/PZFuture.h",

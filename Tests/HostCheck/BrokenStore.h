@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QThread>
 #include <QtNetwork/QTcpSocket>
 
 #include "Examples/MinimalHost/MemoryHost.h"
@@ -144,6 +145,10 @@ public:
             return askServer(done,
                              "QVSyncStore.fetchDatabasesWithCompletionHandler (cancelled midway)");
         }
+        if (breaks("QVSyncStore (within a handler)") &&
+            threads.contains(QThread::currentThread())) {
+            return std::make_shared<MemoryFuture>();
+        }
         const auto work = [](std::atomic<bool> &isOpen) { return isOpen.load(); };
         if (breaks("QVSyncStore.fetchDatabasesWithCompletionHandler (unchanged)")) {
             QDir(m_location->URL().path()).mkdir("Read");
@@ -283,20 +288,23 @@ private:
         });
         return future;
     }
-    /// Returns `handler` as the operation calls it that breaks "KEY (once)" or "KEY (thread)".
+    /// Returns `handler` as an operation calls it that breaks "KEY (once)" or "KEY (thread)", or
+    /// the same of all operations that fail.
     static ErrorHandler called(const std::string &key, const ErrorHandler &handler) {
-        if (breaks((key + " (once)").c_str())) {
-            return [handler](const std::optional<Error> &error) {
-                handler(error);
-                handler(error);
-            };
-        }
-        if (breaks((key + " (thread)").c_str())) {
-            return [handler](const std::optional<Error> &error) {
+        const auto isWrong = [key](const std::string &how, const std::optional<Error> &error) {
+            return breaks((key + " (" + how + ")").c_str()) ||
+                   (error && breaks(("QVSyncStore (failed, " + how + ")").c_str()));
+        };
+        return [handler, isWrong](const std::optional<Error> &error) {
+            if (isWrong("thread", error)) {
                 QTimer::singleShot(0, qApp, [=] { handler(error); });
-            };
-        }
-        return handler;
+                return;
+            }
+            handler(error);
+            if (isWrong("once", error)) {
+                handler(error);
+            }
+        };
     }
     /// Asks the web server of `URL`, with the password if that may be sent, until `future` is
     /// cancelled. Returns whether it lets this host in.
