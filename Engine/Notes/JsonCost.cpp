@@ -35,9 +35,9 @@ String stringAt(const QByteArray &json, qsizetype position) {
 
 }  // namespace
 
-qint64 JsonCost::estimate(const QByteArray &json, qsizetype longestString) {
+qint64 JsonCost::estimate(const QByteArray &json, qsizetype longestString, qint64 limit) {
     qint64 cost = 0;
-    for (qsizetype position = 0; position < json.size();) {
+    for (qsizetype position = 0; position < json.size() && cost <= limit;) {
         switch (json[position++]) {
             case '"': {
                 const String string = stringAt(json, position);

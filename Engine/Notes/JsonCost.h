@@ -7,7 +7,8 @@ namespace JsonCost {
 
 /// Returns roughly how many bytes QJsonDocument and what is made of it allocate for `json` besides
 /// the characters of strings of up to `longestString` bytes: `json` may be hostile and need not be
-/// valid. Does not parse it; takes O(n) and no memory.
-qint64 estimate(const QByteArray &json, qsizetype longestString);
+/// valid. Stops when that exceeds `limit`, and returns what has been counted. Does not parse
+/// `json`; takes O(n) and no memory.
+qint64 estimate(const QByteArray &json, qsizetype longestString, qint64 limit);
 
 }  // namespace JsonCost

@@ -148,7 +148,7 @@ QByteArray Transaction::encoded() const {
 }
 
 qint64 Transaction::cost(const QByteArray &record) {
-    return JsonCost::estimate(record, Operation::NoteLimit);
+    return JsonCost::estimate(record, Operation::NoteLimit, CostLimit);
 }
 
 Expected<Transaction> Transaction::decoded(QByteArray record, const QString &name) {

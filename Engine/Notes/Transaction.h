@@ -26,7 +26,8 @@ struct Transaction {
 
     /// Returns the record. It contains a random salt, so no two records are the same.
     QByteArray encoded() const;
-    /// Returns roughly how many bytes parsing `record` takes besides its texts, see JsonCost.
+    /// Returns roughly how many bytes parsing `record` takes besides its texts, see JsonCost, or
+    /// any number above CostLimit if that is exceeded.
     static qint64 cost(const QByteArray &record);
     /// Returns the transaction in `record`, which may be hostile. If anything in it violates the
     /// format, nothing of it is returned, but an error of the code DamagedRecord, UnknownVersion if

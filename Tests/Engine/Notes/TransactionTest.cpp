@@ -165,6 +165,13 @@ private Q_SLOTS:
         QVERIFY(description(result).contains(QStringLiteral("“NAME” is too large")));
     }
 
+    void theCostIsCountedUpToTheLimit() {
+        // All of it would cost much more.
+        const QByteArray record(Transaction::SizeLimit, '[');
+        QVERIFY(Transaction::cost(record) > Transaction::CostLimit);
+        QVERIFY(Transaction::cost(record) < 2 * Transaction::CostLimit);
+    }
+
     void theLongestNoteFitsARecord() {
         const Operation operation =
             Operation::make(NoteUUID, {}, QString(Operation::NoteLimit, QChar(1)), {}, {});
