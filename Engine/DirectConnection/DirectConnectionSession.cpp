@@ -152,7 +152,8 @@ bool DirectConnectionSession::readMessage() {
     m_size = LengthSize + size;
     // Growing in steps takes up to twice as much.
     m_received.reserve(m_size);
-    m_received += m_socket.read(m_size - m_received.size());
+    // read() allocates as much as it may read, for each of the many pieces that arrive.
+    m_received += m_socket.read(std::min(m_size - m_received.size(), m_socket.bytesAvailable()));
     return isComplete();
 }
 
