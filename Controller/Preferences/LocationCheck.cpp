@@ -2,10 +2,13 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
+#include <utility>
 
 #include "Controller/Preferences/LocationRecovery.h"
 #include "Host/PZFuture.h"
 #include "Host/QVApplication.h"
+#include "Host/QVSyncDispatcher.h"
+#include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncResult.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
@@ -131,10 +134,20 @@ void LocationCheck::finish(quint64 run, const QVSyncStoreCheck &found) {
 
 void LocationCheck::setText(const Selection &selection, const QString &text) {
     disconnect(m_textOutdated);
+    disconnect(m_synchronizationBegan);
     if (selection) {
         // An accepted edit or a synchronization says more about the location than the check.
         m_textOutdated = connect(selection.get(), &QVSynchronizationSelection::errorChanged, this,
                                  [this] { setText(nullptr, {}); });
+        QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
+        m_synchronizationBegan =
+            connect(dispatcher, &QVSyncDispatcher::activityChanged, this,
+                    [this, dispatcher, wasIdle = dispatcher->activity().isEmpty()]() mutable {
+                        const bool isIdle = dispatcher->activity().isEmpty();
+                        if (std::exchange(wasIdle, isIdle) && !isIdle) {
+                            setText(nullptr, {});
+                        }
+                    });
     }
     m_textSelection = selection;
     m_text = text;

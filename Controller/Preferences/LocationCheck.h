@@ -69,7 +69,7 @@ private:
     /// Ends the check `run` unless it has ended.
     void finish(quint64 run, const QVSyncStoreCheck &found);
     /// Sets the text, which is about the row `selection`. It is removed when the error of that row
-    /// is set again.
+    /// is set again and when a synchronization begins.
     void setText(const Selection &selection, const QString &text);
 
     std::weak_ptr<QVSynchronizationSelection> m_addedSelection;
@@ -80,4 +80,5 @@ private:
     /// The row that the text is about.
     std::weak_ptr<QVSynchronizationSelection> m_textSelection;
     QMetaObject::Connection m_textOutdated;
+    QMetaObject::Connection m_synchronizationBegan;
 };

@@ -6,6 +6,7 @@
 
 #include "Controller/Preferences/LocationCheck.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Host/QVSyncDispatcher.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Scenarios/Panel.h"
 #include "Support/EventTimeout.h"
@@ -105,6 +106,30 @@ private Q_SLOTS:
         QCOMPARE(filesBelow(location->URL().path()), before);
         Panel::select(Panel::locationRow(0));
         m_panel->press("removeLocationButton");
+        QVERIFY(m_panel->find<QLabel>("checkLabel")->isHidden());
+    }
+
+    void theResultOfACheckGoesWhenASynchronizationBegins_data() {
+        QTest::addColumn<bool>("fails");
+        QTest::newRow("a failed one") << true;
+        QTest::newRow("a successful one") << false;
+    }
+    void theResultOfACheckGoesWhenASynchronizationBegins() {
+        QFETCH(bool, fails);
+        const auto location = m_host->addLocation();
+        const auto state =
+            m_host->addState(location, m_host->addDatabase(QStringLiteral("Projects")));
+        state->setEnabled(true);
+        showPanel();
+        checkToTheEnd();
+        QVERIFY(m_panel->find<QLabel>("checkLabel")->isVisible());
+        if (fails) {
+            QVERIFY(QDir(location->URL().path()).removeRecursively());
+        }
+        QVSyncDispatcher *dispatcher = m_host->engine().plugin().dispatcher();
+        dispatcher->performSynchronizationsWithSynchronizationStates({state});
+        QVERIFY(m_panel->find<QLabel>("checkLabel")->isHidden());
+        QTRY_VERIFY(dispatcher->activity().isEmpty());
         QVERIFY(m_panel->find<QLabel>("checkLabel")->isHidden());
     }
 
