@@ -233,11 +233,7 @@ Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
         return failure(notUnderstood());
     }
     if (!m_pairings->mayAsk(m_pairingKey)) {
-        return failure(engineError(
-            EngineErrorCode::AccessDenied,
-            "“%1” and this computer are not paired: the question was not accepted. Synchronize "
-            "again in a while, and accept it on both computers.",
-            URL().host()));
+        return failure(notAccepted());
     }
     Expected<void> confirmed = confirm(pairing, future);
     m_pairings->didAsk(m_pairingKey, confirmed.has_value());
@@ -255,10 +251,18 @@ Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pai
         return welcome;
     }
     if (!confirmation.wait(future, PairingTimeout)) {
-        return failure(operationCancelled());
+        return failure(notAccepted());
     }
     m_pairings->keep(m_pairingKey, pairing.serverFingerprint, pairing.clientSecret);
     return {};
+}
+
+Error DirectConnectionStore::notAccepted() const {
+    return engineError(
+        EngineErrorCode::AccessDenied,
+        "“%1” and this computer are not paired: the question was not accepted. Synchronize "
+        "again in a while, and accept it on both computers.",
+        URL().host());
 }
 
 Expected<void> DirectConnectionStore::takeWelcome(const QCborMap &answer) const {

@@ -56,6 +56,8 @@ private:
     /// Exchanges the nonces and asks the users, unless this computer's user was asked a short time
     /// ago.
     Expected<void> confirm(const DirectConnectionPairing &pairing, const EngineFuture &future);
+    /// Returns the error of a pairing that the user of this computer has not confirmed.
+    Error notAccepted() const;
     /// Returns an error unless `answer` is "welcome".
     Expected<void> takeWelcome(const QCborMap &answer) const;
     Error notUnderstood() const;
