@@ -49,11 +49,17 @@ void QVImportDatabasesController::setRemoteError(const std::optional<Error> &err
     KeyValue::announce<&QVImportDatabasesController::remoteErrorChanged>(this);
 }
 
+void QVImportDatabasesController::setPartialError(const std::optional<Error> &error) {
+    m_partialError = error;
+    KeyValue::announce<&QVImportDatabasesController::partialErrorChanged>(this);
+}
+
 QString QVImportDatabasesController::remoteErrorText() const {
-    if (!m_remoteError) {
+    const std::optional<Error> &error = m_remoteError ? m_remoteError : m_partialError;
+    if (!error) {
         return {};
     }
-    return QStringList{m_remoteError->localizedDescription, m_remoteError->localizedFailureReason}
+    return QStringList{error->localizedDescription, error->localizedFailureReason}
         .join(u'\n')
         .trimmed();
 }
@@ -72,7 +78,7 @@ QVariantList QVImportDatabasesController::databaseList() const {
 }
 
 bool QVImportDatabasesController::isNothingToImport() const {
-    return m_databases && m_databases->isEmpty();
+    return m_databases && m_databases->isEmpty() && !m_partialError;
 }
 
 bool QVImportDatabasesController::isActive() const {
@@ -149,6 +155,7 @@ void QVImportDatabasesController::fetchDatabasesForLocation(
            -contentFrame().width());
     setDatabases({});
     setRemoteError({});
+    setPartialError({});
     m_store = location->createStore();
     m_future = PZFuture::future();
     const auto opened = store()->openWithCompletionHandler(
@@ -173,7 +180,10 @@ void QVImportDatabasesController::didFetch(const std::optional<QVRemoteDatabases
                                            const std::optional<Error> &error) {
     const auto self = shared_from_this();
     if (fetched && error) {
-        MainQueue::dispatchAsync([error] { logPartialFetch(*error); });
+        MainQueue::dispatchAsync([self, error] {
+            logPartialFetch(*error);
+            self->setPartialError(error);
+        });
     }
     if (fetched) {
         MainQueue::dispatchAsync([self, fetched] { self->list(*fetched); });

@@ -34,12 +34,16 @@ class QVImportDatabasesController
     /// sets it too.
     Q_PROPERTY(std::optional<Error> remoteError READ remoteError WRITE setRemoteError NOTIFY
                    remoteErrorChanged)
-    /// The description and the reason of `remoteError`, on separate lines; empty if there is no
-    /// error.
+    /// Why some databases of the chosen location could not be read; empty if all could.
+    Q_PROPERTY(std::optional<Error> partialError READ partialError NOTIFY partialErrorChanged)
+    /// The description and the reason of `remoteError` or, without one, of `partialError`, on
+    /// separate lines; empty if there is no error.
     Q_PROPERTY(QString remoteErrorText READ remoteErrorText NOTIFY remoteErrorTextChanged)
+    /// Whether there is one of these errors.
+    Q_PROPERTY(bool errorShown READ isErrorShown NOTIFY errorShownChanged)
     /// The databases offered. Also empty while the location is being read.
     Q_PROPERTY(QVariantList databases READ databaseList NOTIFY databasesChanged)
-    /// Whether the location was read and has no database to offer.
+    /// Whether the location was read completely and has no database to offer.
     Q_PROPERTY(bool nothingToImport READ isNothingToImport NOTIFY nothingToImportChanged)
     /// Whether there is neither a list of databases nor an error yet; shown as progress.
     Q_PROPERTY(bool active READ isActive NOTIFY activeChanged)
@@ -73,7 +77,9 @@ public:
     /// Called by the fetch. Announces the key even if the value is equal. A fetch that was
     /// cancelled reports that here as well, possibly after the next one was started.
     void setRemoteError(const std::optional<Error> &error);
+    const std::optional<Error> &partialError() const { return m_partialError; }
     QString remoteErrorText() const;
+    bool isErrorShown() const { return m_remoteError || m_partialError; }
     /// Returns the databases offered, or an empty optional until a fetch has succeeded.
     const std::optional<QVRemoteDatabases> &databases() const { return m_databases; }
     /// Sets the databases offered; an empty optional means that none were fetched yet. Announces
@@ -129,10 +135,13 @@ public:
         return {"databases", "remoteError"};
     }
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingNothingToImport() {
-        return {"databases"};
+        return {"databases", "partialError"};
     }
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingRemoteErrorText() {
-        return {"remoteError"};
+        return {"remoteError", "partialError"};
+    }
+    Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingErrorShown() {
+        return {"remoteError", "partialError"};
     }
 
 public Q_SLOTS:
@@ -140,7 +149,7 @@ public Q_SLOTS:
     /// reads its databases. Returns at once; the result is announced as "databases" or
     /// "remoteError". The time depends on the location: there is no deadline other than those of
     /// its store. Databases that could be read are listed even if others could not, which is
-    /// reported in the application's log. A fetch that is still running must be cancelled before,
+    /// announced as "partialError" and reported in the application's log. A fetch that is still running must be cancelled before,
     /// as returnToLocationsView() does.
     void fetchDatabasesForLocation(const std::shared_ptr<QVSyncLocation> &location);
     /// Slides back to the locations and cancels the fetch, without waiting for it. `sender` is not
@@ -157,7 +166,9 @@ Q_SIGNALS:
     /// Emitted each time the value is set or one that it depends on is announced, even if it stays
     /// equal.
     void remoteErrorChanged();
+    void partialErrorChanged();
     void remoteErrorTextChanged();
+    void errorShownChanged();
     void databasesChanged();
     void nothingToImportChanged();
     void activeChanged();
@@ -170,6 +181,7 @@ protected:
     void leaveSheet() override;
 
 private:
+    void setPartialError(const std::optional<Error> &error);
     /// One of the two pages that slide into the sheet.
     struct Page {
         QWidget *view;
@@ -195,6 +207,7 @@ private:
     void sheetDidClose();
 
     std::optional<Error> m_remoteError;
+    std::optional<Error> m_partialError;
     /// The outlets: null until the window is loaded, and after it is deleted.
     QPointer<QWidget> m_contentView;
     QPointer<QWidget> m_locationsView;

@@ -318,6 +318,23 @@ private Q_SLOTS:
         QVERIFY(m_host->application.presentedErrors().isEmpty());
     }
 
+    void anIncompleteListSaysSoAndIsNotTakenForAnEmptyOne() {
+        run();
+        m_script->databases = QVRemoteDatabases();
+        m_script->fetchError = ImportTestError;
+        fetchToTheEnd();
+        QVERIFY(m_controller->databases());
+        QVERIFY(!m_controller->isNothingToImport());
+        QVERIFY(!m_controller->isActive());
+        QVERIFY(m_controller->isErrorShown());
+        QVERIFY(m_controller->remoteErrorText().contains(QStringLiteral("The disk is full.")));
+        m_script->fetchError = {};
+        m_controller->fetchDatabasesForLocation(m_location);
+        QVERIFY(!m_controller->isErrorShown());
+        QTRY_VERIFY(m_controller->isNothingToImport());
+        QVERIFY(!m_controller->isErrorShown());
+    }
+
     void aFailedCloseIsIgnored() {
         run();
         m_script->databases = QVRemoteDatabases();
