@@ -1388,8 +1388,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>الحواسيب المسموح لها بالاتصال</translation>
     </message>
     <message>
-        <source>None yet. When a computer connects for the first time, you are asked for permission.</source>
-        <translation>لا يوجد أي حاسوب بعد. عندما يتصل حاسوب لأول مرة، يُطلب إذنك.</translation>
+        <source>When a computer connects for the first time, you are asked for permission. Open this window again to see it in the list.</source>
+        <translation>عندما يتصل حاسوب لأول مرة، يُطلب إذنك. افتح هذه النافذة من جديد لتراه في القائمة.</translation>
     </message>
     <message>
         <source>Revoke</source>

@@ -1388,8 +1388,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Computer, die sich verbinden dürfen</translation>
     </message>
     <message>
-        <source>None yet. When a computer connects for the first time, you are asked for permission.</source>
-        <translation>Noch keine. Wenn sich ein Computer zum ersten Mal verbindet, werden Sie um Erlaubnis gefragt.</translation>
+        <source>When a computer connects for the first time, you are asked for permission. Open this window again to see it in the list.</source>
+        <translation>Wenn sich ein Computer zum ersten Mal verbindet, werden Sie um Erlaubnis gefragt. Öffnen Sie dieses Fenster erneut, um ihn in der Liste zu sehen.</translation>
     </message>
     <message>
         <source>Revoke</source>

@@ -1352,8 +1352,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>Equipos que pueden conectarse</translation>
     </message>
     <message>
-        <source>None yet. When a computer connects for the first time, you are asked for permission.</source>
-        <translation>Aún ninguno. Cuando un equipo se conecte por primera vez, se le pedirá permiso.</translation>
+        <source>When a computer connects for the first time, you are asked for permission. Open this window again to see it in the list.</source>
+        <translation>Cuando un equipo se conecta por primera vez, se le pide permiso. Abra esta ventana de nuevo para verlo en la lista.</translation>
     </message>
     <message>
         <source>Revoke</source>

@@ -1352,8 +1352,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Ordinateurs autorisés à se connecter</translation>
     </message>
     <message>
-        <source>None yet. When a computer connects for the first time, you are asked for permission.</source>
-        <translation>Aucun pour l’instant. Lorsqu’un ordinateur se connecte pour la première fois, votre autorisation est demandée.</translation>
+        <source>When a computer connects for the first time, you are asked for permission. Open this window again to see it in the list.</source>
+        <translation>Lorsqu’un ordinateur se connecte pour la première fois, votre autorisation vous est demandée. Rouvrez cette fenêtre pour le voir dans la liste.</translation>
     </message>
     <message>
         <source>Revoke</source>

@@ -1368,8 +1368,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>接続できるコンピューター</translation>
     </message>
     <message>
-        <source>None yet. When a computer connects for the first time, you are asked for permission.</source>
-        <translation>まだありません。コンピューターが初めて接続するときに、許可するかどうかを確認します。</translation>
+        <source>When a computer connects for the first time, you are asked for permission. Open this window again to see it in the list.</source>
+        <translation>コンピューターが初めて接続するとき、許可を求められます。リストに表示するには、このウインドウをもう一度開いてください。</translation>
     </message>
     <message>
         <source>Revoke</source>
