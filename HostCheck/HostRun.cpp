@@ -23,12 +23,23 @@ Expected<bool> HostRun::run() {
         return failure(begun.error());
     }
     const auto version = hostVersionOfClass(QStringLiteral("QVSyncPlugin"));
+    if (version && version->major != CurrentHostVersion.major) {
+        end();
+        return failure({.localizedDescription =
+                            QStringLiteral("The host was built for version %1 of the interface, "
+                                           "but this program checks version %2.")
+                                .arg(version->text(), CurrentHostVersion.text())});
+    }
     m_report.begin(version.value_or(HostVersion{}));
     checkAll();
     const bool isSound = m_report.finish();
+    end();
+    return isSound;
+}
+
+void HostRun::end() {
     m_deadline.begin([this] { endWithout("end"); });
     m_plugIn.end();
-    return isSound;
 }
 
 void HostRun::checkAll() {

@@ -19,11 +19,14 @@ public:
     HostRun(QVHostPlugIn &plugIn, HostReport::Format format, std::chrono::seconds limit,
             QTemporaryDir &folder);
 
-    /// Returns whether no promise is broken, or an error if the host cannot be begun.
+    /// Returns whether no promise is broken, or an error if the host cannot be begun or was built
+    /// for another version of the interface, whose promises are others.
     Expected<bool> run();
 
 private:
     void checkAll();
+    /// Ends the host.
+    void end();
     /// Reports that the host did not return from begin() or end(), or while `promise` was checked,
     /// and ends the process.
     [[noreturn]] void endWithout(const char *function);

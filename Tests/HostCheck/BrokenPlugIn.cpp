@@ -1,5 +1,5 @@
 // The smallest host, but one that breaks the promises about futures, cannot begin, does not return,
-// or crashes.
+// crashes, or was built for another version of the interface.
 
 #include <Host/QVHostPlugIn.h>
 
@@ -35,16 +35,24 @@ public:
         if (qEnvironmentVariableIsSet("CANNOT_BEGIN")) {
             return failure({.localizedDescription = "It cannot begin."});
         }
+        if (qEnvironmentVariableIsSet("IS_OF_OTHER_VERSION")) {
+            constexpr HostVersion other{.major = CurrentHostVersion.major + 1, .minor = 3};
+            m_other = std::make_unique<HostClassRegistration>("QVSyncPlugin", &m_class, other);
+            return {};
+        }
         m_classes = std::make_unique<NullFutures>();
         return {};
     }
     void end() override {
         returnUnlessAsked("end");
         m_classes.reset();
+        m_other.reset();
     }
 
 private:
     std::unique_ptr<NullFutures> m_classes;
+    HostClass m_class;
+    std::unique_ptr<HostClassRegistration> m_other;
 };
 
 #include "BrokenPlugIn.moc"

@@ -131,6 +131,13 @@ private Q_SLOTS:
         QTest::newRow("begins without end")
             << QStringList{"--timeout", "1", BROKEN_PLUG_IN} << QString("NEVER_RETURNS_FROM=begin")
             << QString("QVHostPlugIn::begin(): it did not return within 1 s");
+        QTest::newRow("of another version")
+            << QStringList{BROKEN_PLUG_IN} << QString("IS_OF_OTHER_VERSION=1")
+            << QString(
+                   "The host was built for version %1.3 of the interface, but this program "
+                   "checks version %2.")
+                   .arg(CurrentHostVersion.major + 1)
+                   .arg(CurrentHostVersion.text());
         QTest::newRow("failing") << QStringList{BROKEN_PLUG_IN} << QString("CANNOT_BEGIN=1")
                                  << QString("It cannot begin.");
     }
