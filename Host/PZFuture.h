@@ -28,11 +28,11 @@ public:
     /// Returns whether cancel() was called before the operation had finished. Once true, it stays
     /// true.
     virtual bool isCancelled() const = 0;
-    /// Attaches `future`: cancelling this future also cancels `future`. If this future is cancelled
-    /// already, `future` is cancelled within this call. The attached future is kept alive until
-    /// this future is cancelled or destroyed, unless it already keeps this one alive: a ring of
-    /// futures is allowed and does not leak. A host may release it as soon as it has finished.
-    /// `future` must not be null.
+    /// Attaches `future`: cancelling this future also cancels `future`, but not the reverse. If
+    /// this future is cancelled already, `future` is cancelled within this call. The attached
+    /// future is kept alive until this future is cancelled or destroyed, unless it already keeps
+    /// this one alive: a ring of futures is allowed and does not leak. A host may release it as
+    /// soon as it has finished. `future` must not be null.
     virtual void cascadeCancellationToFuture(const std::shared_ptr<PZFuture> &future) = 0;
     /// Hands this future over to the operation of `future`, which is attached as above: this future
     /// is pending again if it had finished, and cancelling it cancels that operation. `future` must

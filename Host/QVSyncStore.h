@@ -39,7 +39,8 @@ public:
     virtual std::shared_ptr<QVSyncLocation> location() const = 0;
     /// Opens the store: checks that it can be reached and used. May ask the user, for example about
     /// a certificate. A store that failed to open is not open and may be opened again, as may one
-    /// that was closed. If the store is closed while this runs, it is open again if this succeeds.
+    /// that was closed. A store that is open may be opened again: it stays open unless this fails.
+    /// If the store is closed while this runs, it is open again if this succeeds.
     virtual std::shared_ptr<PZFuture> openWithCompletionHandler(ErrorHandler handler) = 0;
     /// Reads the list of databases in the store. Fails if the store is not open, also after it was
     /// closed. Changes nothing in the store.
