@@ -199,6 +199,13 @@ void titlesHaveNoPassword() {
     require(!formatter->title().contains(QStringLiteral("s3cret")), "it contains the password");
 }
 
+void titlesTellFoldersApart() {
+    const QString title = formatterOf(Url::fileURL(QStringLiteral("/first")))->title();
+    const QString other = formatterOf(Url::fileURL(QStringLiteral("/second")))->title();
+    require(!title.isEmpty() && !other.isEmpty(), "the title of a folder is empty");
+    require(title != other, "two folders have the same title");
+}
+
 void iconsAreSharp() {
     for (const Url &URL : allKindsOfURLs()) {
         const auto formatter = formatterOf(URL);
@@ -283,6 +290,8 @@ constexpr HostPromise Promises[] = {
      &everyURLHasAFormatter},
     {"QVSyncLocationFormatter.title", Formatter,
      "Localized where it is no proper name; never contains a password.", &titlesHaveNoPassword},
+    {"QVSyncLocationFormatter.title (folders)", Formatter,
+     "Returns the name of the location, such as the host or the folder.", &titlesTellFoldersApart},
     {"QVSyncLocationFormatter.icon", Formatter,
      "Returns an icon of 32 by 32 device-independent pixels at a device pixel ratio of at least 2, "
      "so that it is sharp on every screen. Never null.",

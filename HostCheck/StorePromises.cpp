@@ -501,6 +501,22 @@ void localStoreHasEveryDatabase() {
     }
 }
 
+void localDatabasesHaveTheirNames() {
+    const auto store = QVSyncPlugin::plugin()->localStore();
+    requireOffer(store != nullptr);
+    const QVRemoteDatabases stored = databasesIn(*store);
+    requireOffer(!stored.isEmpty());
+    const auto inbox = NSApp()->inbox();
+    for (const auto &database : QVDatabase::databases()) {
+        const QString UUID = UUIDInStores(*database, inbox.get());
+        for (const auto &each : stored) {
+            const auto *metadata = each && each->UUID() == UUID ? each->metadata() : nullptr;
+            require(!metadata || metadata->name() == database->name(),
+                    "an open database has another name in the store of this computer");
+        }
+    }
+}
+
 void fetchingReturnsSomething() {
     const NewStore made;
     for (const bool isOpen : {false, true}) {
@@ -561,6 +577,22 @@ void checkLeavesNoProbe() {
     require(found.isReadable && found.isWritable && !found.error,
             "a folder counts as one that cannot be read and written");
     require(contentsOf(made) == before, "the check leaves something in the store");
+}
+
+void runningCheckIsCancelled() {
+    const StoreServer server;
+    const auto store = newLocation(server.URL())->createStore();
+    const auto checkable = QVCheckableStore::of(store);
+    requireOffer(checkable != nullptr);
+    Handler<QVSyncStoreCheck> checked;
+    const auto future = checkable->checkWithCompletionHandler(checked.function());
+    require(future != nullptr, "its future is null");
+    wait([&] { return server.isAsked() || checked.wasCalled(); });
+    requireOffer(server.isAsked());
+    future->cancel();
+    require(future->isCancelled(), "the future of the check is not cancelled");
+    checked.requireOneCall();
+    require(std::get<0>(checked.values()).error.has_value(), "a cancelled check finds no error");
 }
 
 constexpr char Operation[] =
@@ -656,6 +688,8 @@ constexpr HostPromise Promises[] = {
      &databasesHaveUUIDs},
     {"QVRemoteDatabase.metadata", Remote, "Returns the other properties. Never null;",
      &databasesHaveMetadata},
+    {"QVRemoteDatabaseMetadata.name", Remote,
+     "Returns the name of the database as the store has it.", &localDatabasesHaveTheirNames},
     {"QVRemoteDatabase.store", Remote,
      "Returns the store that this database was read from. Never null.", &databasesHaveTheirStore},
     {"QVRemoteDatabase.store (kept)", Remote, "The database keeps the store alive.",
@@ -668,6 +702,8 @@ constexpr HostPromise Promises[] = {
      "Opens the store, reads which databases it contains, and writes, reads and removes a small "
      "probe, which is no record and which no reader notices.",
      &checkLeavesNoProbe},
+    {"QVCheckableStore.checkWithCompletionHandler (cancelled midway)", Check,
+     "Future and handler are those of the operations of QVSyncStore.", &runningCheckIsCancelled},
 };
 
 }  // namespace

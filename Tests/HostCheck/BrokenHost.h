@@ -483,16 +483,17 @@ public:
         const bool isOther = breaks("QVSyncPlugin.localStore (location)");
         const auto store = std::make_shared<BrokenStore>(
             isOther ? std::make_shared<MemoryLocation>(m_computer->URL()) : m_computer);
-        QStringList UUIDs;
+        QList<std::pair<QString, QString>> databases;
         for (const Database &database : QVDatabase::databases()) {
-            UUIDs.append(UUIDInStores(*database, NSApp()->inbox().get()));
+            databases.emplaceBack(UUIDInStores(*database, NSApp()->inbox().get()),
+                                  database->name());
         }
         if (breaks("QVSyncPlugin.localStore (databases)")) {
-            UUIDs.removeLast();
+            databases.removeLast();
         } else if (breaks("QVRemoteDatabase.UUID")) {
-            UUIDs.append("");
+            databases.emplaceBack("", "Letters");
         }
-        store->setDatabases(UUIDs);
+        store->setDatabases(databases);
         return breaks("QVSyncPlugin.localStore") ? nullptr : store;
     }
     void bookmarkURL(const Url &URL) override {
@@ -625,6 +626,9 @@ class BrokenFormatter : public MemoryFormatter {
 public:
     using MemoryFormatter::MemoryFormatter;
     QString title() const override {
+        if (breaks("QVSyncLocationFormatter.title (folders)") && m_URL.isFileURL()) {
+            return locationType();
+        }
         return breaks("QVSyncLocationFormatter.title") ? m_URL.absoluteString()
                                                        : MemoryFormatter::title();
     }

@@ -14,7 +14,8 @@
 /// A database in a store, which may lack what it must have.
 class BrokenRemoteDatabase : public QVRemoteDatabase {
 public:
-    BrokenRemoteDatabase(const Store &store, const QString &UUID) : m_store(store), m_UUID(UUID) {}
+    BrokenRemoteDatabase(const Store &store, const QString &UUID, const QString &name)
+        : m_store(store), m_UUID(UUID), m_metadata(name) {}
     QString UUID() const override { return m_UUID; }
     QVRemoteDatabaseMetadata *metadata() const override {
         return breaks("QVRemoteDatabase.metadata") ? nullptr : &m_metadata;
@@ -23,7 +24,11 @@ public:
 
 private:
     struct Metadata : QVRemoteDatabaseMetadata {
-        QString name() const override { return "Inbox"; }
+        explicit Metadata(const QString &name) : m_name(name) {}
+        QString name() const override {
+            return breaks("QVRemoteDatabaseMetadata.name") ? "Inbox" : m_name;
+        }
+        const QString m_name;
     };
     const Store m_store;
     const QString m_UUID;
@@ -190,17 +195,22 @@ public:
         if (breaks("QVCheckableStore.checkWithCompletionHandler (probe)")) {
             QDir(m_location->URL().path()).mkdir("probe");
         }
-        return run(
-            [=](const auto &error) {
-                handler({.isReadable = !error, .error = error, .isWritable = !error});
-            },
-            [=](std::atomic<bool> &isOpen) {
-                isOpen = staysOpen;
-                return true;
-            });
+        const ErrorHandler done = [=](const auto &error) {
+            handler({.isReadable = !error, .error = error, .isWritable = !error});
+        };
+        if (m_location->URL().scheme() == "http") {
+            return askServer(done,
+                             "QVCheckableStore.checkWithCompletionHandler (cancelled midway)");
+        }
+        return run(done, [=](std::atomic<bool> &isOpen) {
+            isOpen = staysOpen;
+            return true;
+        });
     }
-    /// Makes the store contain the databases with these UUIDs. Others do not read them.
-    void setDatabases(const QStringList &UUIDs) { m_databases = UUIDs; }
+    /// Makes the store contain the databases with these UUIDs and names. Others do not read them.
+    void setDatabases(const QList<std::pair<QString, QString>> &databases) {
+        m_databases = databases;
+    }
 
 private:
     using Work = std::function<bool(std::atomic<bool> &)>;
@@ -212,8 +222,8 @@ private:
                                 ? std::make_shared<MemoryStore>(m_location)
                                 : shared_from_this();
         QVRemoteDatabases databases;
-        for (const QString &UUID : m_databases) {
-            databases.append(std::make_shared<BrokenRemoteDatabase>(store, UUID));
+        for (const auto &[UUID, name] : m_databases) {
+            databases.append(std::make_shared<BrokenRemoteDatabase>(store, UUID, name));
         }
         return databases;
     }
@@ -338,7 +348,8 @@ private:
     const std::shared_ptr<std::atomic<bool>> m_isAlive = std::make_shared<std::atomic<bool>>(true);
     const std::shared_ptr<std::atomic<bool>> m_wasClosed =
         std::make_shared<std::atomic<bool>>(false);
-    QStringList m_databases;
+    /// UUIDs and names.
+    QList<std::pair<QString, QString>> m_databases;
     /// The operation that opens the store at its server, while it runs.
     std::weak_ptr<PZFuture> m_opening;
     bool m_wasOpened = false;
