@@ -129,17 +129,16 @@ void handlersStartOperations() {
     Done opened;
     Done fetched;
     Done closed;
-    const auto didFetch = [store = made.store, handler = fetched.function(),
-                           close = closed.function()](const auto & /*databases*/,
-                                                      const auto &error) {
+    auto didFetch = [store = made.store, handler = fetched.function(), close = closed.function()](
+                        const auto & /*databases*/, const auto &error) {
         store->closeWithCompletionHandler(close);
         handler(error);
     };
-    made.store->openWithCompletionHandler(
-        [store = made.store, handler = opened.function(), didFetch](const auto &error) {
-            store->fetchDatabasesWithCompletionHandler(didFetch);
-            handler(error);
-        });
+    made.store->openWithCompletionHandler([store = made.store, handler = opened.function(),
+                                           didFetch = std::move(didFetch)](const auto &error) {
+        store->fetchDatabasesWithCompletionHandler(didFetch);
+        handler(error);
+    });
     opened.requireOneCall();
     requireOffer(!failed(opened));
     fetched.requireOneCall();
