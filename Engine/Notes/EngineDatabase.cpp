@@ -150,6 +150,10 @@ Expected<bool> EngineDatabase::removeDamagedCopy(const Operation &damaged) {
     return isRemoved;
 }
 
+Expected<void> EngineDatabase::eraseReturned(const QList<OperationId> &returned) {
+    return write([&] { return m_log.eraseReturned(returned); }).map([this] { announceNotes(); });
+}
+
 bool EngineDatabase::isComparisonDue(const QString &store) const {
     return m_comparisons.value(store).hasExpired();
 }

@@ -74,6 +74,9 @@ public:
     /// See NoteLog::removeDamagedCopy. Emits `notesChanged` if it is removed.
     Expected<bool> removeDamagedCopy(const Operation &damaged);
 
+    /// See NoteLog::eraseReturned. Emits `notesChanged`.
+    Expected<void> eraseReturned(const QList<OperationId> &returned);
+
     /// Returns whether the next synchronization with the store `store` must compare everything,
     /// instead of trusting what the profile has recorded as unwritten. That is so if none has since
     /// this object was created, or within the validity of the last comparison.

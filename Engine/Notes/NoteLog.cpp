@@ -553,6 +553,13 @@ Expected<QList<NoteLog::Damage>> NoteLog::damagedOperations() const {
     return damaged;
 }
 
+Expected<QList<OperationId>> NoteLog::returnedIds() const {
+    return identifiers(QStringLiteral("EXISTS (SELECT 1 FROM superseded AS s"
+                                      " WHERE s.database = operations.database"
+                                      " AND s.digest = operations.digest)"),
+                       {});
+}
+
 Expected<bool> NoteLog::isDamaged(const OperationId &identifier) const {
     return operation(identifier).map([](const std::optional<Operation> &found) {
         return found && !found->isSound();

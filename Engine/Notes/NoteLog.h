@@ -96,6 +96,13 @@ public:
     /// the operation with its contents is current as well, or superseded. The history keeps its
     /// contents only in the second case, and only once. Returns whether it is removed.
     Expected<bool> removeDamagedCopy(const Operation &damaged) const;
+    /// Returns the identifiers of the current operations that are superseded, for example because a
+    /// page of the profile's file is that of an earlier state. O(n).
+    Expected<QList<OperationId>> returnedIds() const;
+    /// Removes what returnedIds() has returned.
+    Expected<void> eraseReturned(const QList<OperationId> &returned) const {
+        return erase(returned);
+    }
     /// Removes from the beginning of `identifiers` as many as fill one transaction, and returns
     /// those of these operations that are still current. If it returns an error, `identifiers` is
     /// unchanged.

@@ -26,7 +26,6 @@ CleanSession::CleanSession(const ProfileDatabase &profile, EngineNoteLibrary &li
 Expected<void> CleanSession::accessStore(BlobStore &store, const EngineFuture &future) {
     switch (m_step) {
         case Step::Starting:
-        case Step::Forgetting:
         case Step::ForgettingRemoved:
             return {};
         case Step::Choosing:
@@ -46,8 +45,7 @@ Expected<void> CleanSession::accessProfile() {
             m_step = Step::Choosing;
             return {};
         case Step::Choosing:
-        case Step::Forgetting:
-            return forgetIncomplete();
+            return beginWriting();
         case Step::Writing:
             return recordWrittenTransaction().and_then([this] { return continueWriting(); });
         case Step::Removing:
@@ -57,11 +55,9 @@ Expected<void> CleanSession::accessProfile() {
     return {};
 }
 
-Expected<void> CleanSession::forgetIncomplete() {
-    m_step = Step::Forgetting;
-    Expected<void> forgotten = forgetSome(m_incomplete);
-    if (!forgotten || !m_incomplete.isEmpty()) {
-        return forgotten;
+Expected<void> CleanSession::beginWriting() {
+    if (m_isComparisonNeeded) {
+        database()->setComparisonDue(subject().store);
     }
     if (m_toRemove.isEmpty()) {
         setDone();
@@ -150,10 +146,7 @@ Expected<void> CleanSession::chooseFrom(Transactions all) {
     for (const KnownTransactions::Contents &contents : std::as_const(all)) {
         unwritten.subtract(QSet(contents.operations.begin(), contents.operations.end()));
     }
-    m_incomplete = takeTransactionsWithOthers(all, current + *superseded);
-    if (Expected<void> noted = noteLost(m_incomplete); !noted) {
-        return noted;
-    }
+    m_isComparisonNeeded = removeWithOthers(all, current + *superseded);
     m_toRemove = m_extent == Extent::Everything ? transactionsToRewrite(all, current)
                                                 : fullTiers(all, current);
     QSet<OperationId> chosen = m_toRemove.isEmpty() ? QSet<OperationId>() : unwritten;
@@ -169,19 +162,12 @@ Expected<void> CleanSession::chooseFrom(Transactions all) {
     return {};
 }
 
-QStringList CleanSession::takeTransactionsWithOthers(Transactions &all,
-                                                     const QSet<OperationId> &operations) {
-    QStringList taken;
-    all.removeIf([&](Transactions::iterator each) {
-        const bool isComplete =
-            std::all_of(each->operations.begin(), each->operations.end(),
-                        [&](const OperationId &id) { return operations.contains(id); });
-        if (!isComplete) {
-            taken.append(each.key());
-        }
-        return !isComplete;
-    });
-    return taken;
+bool CleanSession::removeWithOthers(Transactions &all, const QSet<OperationId> &operations) {
+    const auto hasOthers = [&](Transactions::iterator each) {
+        return !std::all_of(each->operations.begin(), each->operations.end(),
+                            [&](const OperationId &id) { return operations.contains(id); });
+    };
+    return all.removeIf(hasOthers) > 0;
 }
 
 QStringList CleanSession::transactionsToRewrite(const Transactions &all,

@@ -9,7 +9,7 @@
 /// this session has written every current operation of it and the identifiers of all others, so
 /// that the store as a whole never contains less information. Transactions that could not be read
 /// are left alone, and so are those with an operation of which the profile knows neither that it is
-/// current nor that it is superseded: these are forgotten, so that the next SyncSession reads them
+/// current nor that it is superseded: the next SyncSession compares everything, thus reads these
 /// again. If any read of the profile fails, the session ends with that error, and nothing is
 /// declared superseded or removed.
 class CleanSession : public StoreSession {
@@ -36,7 +36,7 @@ public:
 private:
     /// The steps, in order. Writing is repeated for each new transaction, and forgetting until all
     /// are forgotten.
-    enum class Step { Starting, Choosing, Forgetting, Writing, Removing, ForgettingRemoved };
+    enum class Step { Starting, Choosing, Writing, Removing, ForgettingRemoved };
     /// The contents of known transactions by name.
     using Transactions = QHash<QString, KnownTransactions::Contents>;
 
@@ -47,10 +47,9 @@ private:
     /// Chooses what is left of a session that was interrupted before it had removed all; returns
     /// whether there is anything.
     Expected<bool> chooseRewritten(const QHash<QString, qint64> &sizes);
-    /// Removes from `all` the transactions with an operation that is not in `operations`, and
-    /// returns their names.
-    static QStringList takeTransactionsWithOthers(Transactions &all,
-                                                  const QSet<OperationId> &operations);
+    /// Removes from `all` the transactions with an operation that is not in `operations`. Returns
+    /// whether there were any.
+    static bool removeWithOthers(Transactions &all, const QSet<OperationId> &operations);
     /// Returns the names of the transactions that contain operations other than `current` ones, or
     /// ones that another transaction contains too, or that are small. O(number of operations).
     static QStringList transactionsToRewrite(const Transactions &all,
@@ -58,8 +57,7 @@ private:
     /// Returns the names of the transactions of full tiers, and of the large ones of which at least
     /// half of the operations are not `current`.
     static QStringList fullTiers(const Transactions &all, const QSet<OperationId> &current);
-    /// Forgets some of what must be read again, then begins to write.
-    Expected<void> forgetIncomplete();
+    Expected<void> beginWriting();
     /// Forgets some of what was removed.
     Expected<void> forgetRemoved();
     /// Records that nothing remains to be removed.
@@ -74,8 +72,8 @@ private:
 
     const Extent m_extent;
     Step m_step = Step::Starting;
-    /// The names of the known transactions that must be read again.
-    QStringList m_incomplete;
+    /// Whether known transactions must be read again.
+    bool m_isComparisonNeeded = false;
     /// The names of the transactions to remove.
     QStringList m_toRemove;
     /// Whether an earlier session has written what the transactions to remove contain.

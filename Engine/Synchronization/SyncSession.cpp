@@ -322,7 +322,10 @@ Expected<void> SyncSession::chooseToReadAgain(const QSet<QString> &listed) {
         for (const OperationId &id : std::as_const(each->operations)) {
             if (!present.contains(id)) {
                 m_damagedOperations.insert(id);
-                noteLost(id);
+                // The digest of a name shows that the list of what it contains is damaged instead.
+                if (!TransactionName::hasDigest(each.key())) {
+                    noteLost(id);
+                }
             }
             isNeeded = isNeeded || m_damagedOperations.contains(id);
         }
@@ -537,7 +540,7 @@ Expected<void> SyncSession::addToKnown(const MergeQueue::Part &part) {
 
 Expected<void> SyncSession::prepareWriting() {
     progress().begin(SessionProgress::Phase::Writing, m_operationsToWrite.size());
-    Expected<void> prepared = reportLost();
+    Expected<void> prepared = reportLost().and_then([this] { return eraseReturned(); });
     if (prepared && (!m_operationsToWrite.isEmpty() || m_isCountWrong)) {
         prepared = profile().write([this] {
             const Expected<void> counted =
@@ -548,6 +551,17 @@ Expected<void> SyncSession::prepareWriting() {
         });
     }
     return prepared.and_then([this] { return continueWriting(); });
+}
+
+Expected<void> SyncSession::findFaults() {
+    const Expected<bool> isCountSound = log().isCountOfConflictsSound();
+    const Expected<QList<OperationId>> returned = log().returnedIds();
+    if (!isCountSound || !returned) {
+        return failure(isCountSound ? returned.error() : isCountSound.error());
+    }
+    m_isCountWrong = !*isCountSound;
+    m_returned = *returned;
+    return findLost();
 }
 
 Expected<void> SyncSession::findLost() {
@@ -572,7 +586,14 @@ Expected<void> SyncSession::reportLost() {
                                 "the profile.")
                 .arg(m_stillLost.size())));
     }
-    return profile().write([this] { return lost().remember(m_stillLost); });
+    // One who asks for a repair has been told that nothing is left to try.
+    return profile().write(
+        [this] { return lost().remember(m_verifiesAll ? QSet<OperationId>() : m_stillLost); });
+}
+
+Expected<void> SyncSession::eraseReturned() {
+    return m_returned.isEmpty() ? Expected<void>()
+                                : database()->eraseReturned(std::exchange(m_returned, {}));
 }
 
 Expected<void> SyncSession::collectUnwritten() {
@@ -581,15 +602,8 @@ Expected<void> SyncSession::collectUnwritten() {
     if (!isComplete) {
         return failure(isComplete.error());
     }
-    if (Expected<void> found = *isComplete ? Expected<void>() : findLost(); !found) {
+    if (Expected<void> found = *isComplete ? Expected<void>() : findFaults(); !found) {
         return found;
-    }
-    if (!*isComplete) {
-        const Expected<bool> isCountSound = log().isCountOfConflictsSound();
-        if (!isCountSound) {
-            return failure(isCountSound.error());
-        }
-        m_isCountWrong = !*isCountSound;
     }
     const auto unwritten =
         *isComplete ? known().unwritten()
@@ -599,7 +613,10 @@ Expected<void> SyncSession::collectUnwritten() {
     return unwritten.map([this](const std::optional<KnownTransactions::Unwritten> &found) {
         m_isRecordWrong = !found;
         if (found) {
+            const QSet<OperationId> returned(m_returned.begin(), m_returned.end());
             m_operationsToWrite = found->operations;
+            m_operationsToWrite.removeIf(
+                [&](const OperationId &identifier) { return returned.contains(identifier); });
             m_supersededToWrite = found->superseded;
         }
     });

@@ -103,6 +103,8 @@ private:
     Expected<void> compareTransactions();
     /// Returns an error if the user must decide about notes that disappear.
     Expected<void> checkRemoval();
+    /// Finds what is wrong in the profile and no merge repairs.
+    Expected<void> findFaults();
     /// Finds what remains lost of the notes that the profile knew.
     Expected<void> findLost();
     /// Takes what is recorded as unwritten or, unless that is complete, compares everything.
@@ -136,8 +138,10 @@ private:
     /// Forgets some of what is recorded as unwritten, then begins to collect.
     Expected<void> restartRecording();
     Expected<void> prepareWriting();
-    /// Reports what remains lost, and forgets what has returned.
+    /// Reports what remains lost, and forgets what has returned. Also forgets what remains lost if
+    /// all records are verified.
     Expected<void> reportLost();
+    Expected<void> eraseReturned();
     /// Chooses the next step from what remains to be written.
     Expected<void> continueWriting();
     /// Records that everything was written if everything was compared.
@@ -165,6 +169,8 @@ private:
     /// have returned.
     QSet<OperationId> m_stillLost;
     bool m_hasLostReturned = false;
+    /// The current operations that are superseded.
+    QList<OperationId> m_returned;
     /// The names of the transactions that remain to be read.
     QStringList m_unread;
     /// The known transactions that the store no longer has.

@@ -239,6 +239,46 @@ private Q_SLOTS:
         verifySound();
     }
 
+    void aRepairReportsWhatIsLostEverywhereForTheLastTime() {
+        QVERIFY(profile().run(QStringLiteral("DELETE FROM operations WHERE title = ?"), {Title}));
+        loseRecordOf(Title, true);
+        QVERIFY(run<SyncSession>());
+        QCOMPARE(verify().size(), 1);
+        SyncSession repair(profile(), m_host->library(), subject(),
+                           RecordVerification::Extent::All);
+        MemoryStore store(m_blobs);
+        QVERIFY(runSession(repair, store));
+        const QString lost = QStringLiteral("lost changes of notes");
+        QCOMPARE(textsOf(repair.problems().kept()).filter(lost).size(), 1);
+        m_host->restart();
+        QCOMPARE(textsOf(problems<SyncSession>()), QStringList());
+        verifySound();
+    }
+
+    void aDamagedListOfWhatARecordContainsIsNoLoss_data() {
+        QTest::addColumn<bool>("isCleaned");
+        QTest::addRow("compared") << false;
+        QTest::addRow("after cleaning up") << true;
+    }
+    void aDamagedListOfWhatARecordContainsIsNoLoss() {
+        QFETCH(bool, isCleaned);
+        const QStringList before = texts();
+        QVERIFY(profile().run(
+            QStringLiteral("UPDATE known_transactions SET operations ="
+                           " randomblob(length(operations))"
+                           " WHERE name = (SELECT min(name) FROM known_transactions)")));
+        QCOMPARE(verify().size(), 1);
+        if (isCleaned) {
+            QVERIFY(run<CleanSession>());
+        } else {
+            m_host->restart();
+        }
+        QCOMPARE(textsOf(problems<SyncSession>()), QStringList());
+        QCOMPARE(texts(), before);
+        verifySound();
+        QCOMPARE(textsOnAnotherComputer(), before);
+    }
+
     void aDamagedNoteThatNoLocationHasIsNamedAndNotSentUntilItIsEdited() {
         saveNote(QStringLiteral("unsent"));
         saveNote(QStringLiteral("other"));
@@ -279,6 +319,28 @@ private Q_SLOTS:
         QVERIFY(renamed.problems().kept().isEmpty());
         QCOMPARE(Verification::problems(profile(), m_host->library(), subject, store),
                  QStringList());
+    }
+
+    /// As if the page with its row were that of an earlier state.
+    void aSupersededNoteThatHasReturnedMovesToTheEarlierVersions() {
+        Note note = m_host->inbox()->notes().value().first();
+        QVERIFY(profile().run(QStringLiteral("CREATE TABLE page AS SELECT * FROM operations")));
+        note.text = QStringLiteral("edited");
+        QVERIFY(m_host->inbox()->saveNote(note));
+        QVERIFY(run<SyncSession>());
+        const QStringList before = texts();
+        QVERIFY(
+            profile().run(QStringLiteral("INSERT INTO operations SELECT * FROM page WHERE id NOT IN"
+                                         " (SELECT id FROM operations)")));
+        QVERIFY(profile().run(QStringLiteral("DROP TABLE page")));
+        QVERIFY(profile().run(QStringLiteral("DELETE FROM versions")));
+        m_host->restart();
+        QVERIFY(texts() != before);
+        QCOMPARE(verify().size(), 1);
+        QVERIFY(run<SyncSession>());
+        QCOMPARE(texts(), before);
+        QCOMPARE(m_host->inbox()->earlierVersions(note.UUID).value().size(), 1);
+        verifySound();
     }
 
     void cleaningUpKeepsTheOnlySoundCopy() {
