@@ -1,5 +1,6 @@
 #include "Engine/Notes/NoteInspection.h"
 
+#include "Engine/Notes/LostOperations.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileReader.h"
 #include "Host/SyncStrings.h"
@@ -10,8 +11,8 @@ constexpr qsizetype MostTitles = 5;
 
 }  // namespace
 
-Expected<NoteInspection::Damage> NoteInspection::check(const QString &path,
-                                                       const std::atomic_bool &isCancelled) {
+Expected<NoteInspection::Findings> NoteInspection::check(const QString &path,
+                                                         const std::atomic_bool &isCancelled) {
     // It is not opened: the reader stands for the file.
     const ProfileDatabase file;
     const auto reader = ProfileReader::open(file, path, isCancelled);
@@ -25,18 +26,20 @@ Expected<NoteInspection::Damage> NoteInspection::check(const QString &path,
     if (!listed) {
         return failure(listed.error());
     }
-    Damage damage;
+    Findings findings;
     for (const qint64 database : std::as_const(databases)) {
         const Expected<QList<NoteLog::Damage>> damaged =
             NoteLog(file, database).damagedOperations();
-        if (!damaged) {
-            return failure(damaged.error());
+        const Expected<QSet<OperationId>> lost = LostOperations::all(file, database);
+        if (!damaged || !lost) {
+            return failure(damaged ? lost.error() : damaged.error());
         }
         if (!damaged->isEmpty()) {
-            damage.insert(database, *damaged);
+            findings.damaged.insert(database, *damaged);
         }
+        findings.lost += lost->size();
     }
-    return damage;
+    return findings;
 }
 
 QString NoteInspection::titles(const QList<NoteLog::Damage> &damaged, const QString &name) {
@@ -49,4 +52,19 @@ QString NoteInspection::titles(const QList<NoteLog::Damage> &damaged, const QStr
     const qsizetype more = damaged.size() - MostTitles;
     return more > 0 ? localizedSyncCount("%1 and %2 more", nullptr, more).arg(text).arg(more)
                     : text;
+}
+
+QString NoteInspection::text(const Findings &findings) {
+    QList<NoteLog::Damage> all;
+    for (const QList<NoteLog::Damage> &damaged : findings.damaged) {
+        all.append(damaged);
+    }
+    QStringList parts;
+    if (!all.isEmpty()) {
+        parts.append(titles(all, localizedSyncString("name of a database")));
+    }
+    if (findings.lost > 0) {
+        parts.append(localizedSyncString("lost changes: %1").arg(findings.lost));
+    }
+    return parts.join(QStringLiteral(", "));
 }

@@ -157,17 +157,13 @@ BackupSchedule::Inspection SyncEngine::inspection() {
     return
         [library = QPointer(&m_library)](const QString &path, const std::atomic_bool &isCancelled) {
             return NoteInspection::check(path, isCancelled)
-                .map([&](const NoteInspection::Damage &damage) {
-                    MainQueue::dispatchAsync([library, damage] {
+                .map([&](const NoteInspection::Findings &findings) {
+                    MainQueue::dispatchAsync([library, damage = findings.damaged] {
                         if (library) {
                             library->addDamage(damage);
                         }
                     });
-                    QList<NoteLog::Damage> all;
-                    for (const QList<NoteLog::Damage> &damaged : damage) {
-                        all.append(damaged);
-                    }
-                    return NoteInspection::titles(all, localizedSyncString("name of a database"));
+                    return NoteInspection::text(findings);
                 });
         };
 }

@@ -335,9 +335,10 @@ Expected<void> ProfileBackups::keepBeforeDamage(const QDate &today, const QStrin
     const Expected<void> removed = isObsolete ? removeFile(previous->path) : Expected<void>();
     QString text =
         localizedSyncString(
-            "The profile “%1” has damaged notes: %2. Synchronize, so that they are read again from "
-            "the locations. If this message appears again, check their texts and edit them. The "
-            "backups that have them intact are kept.")
+            "The profile “%1” has damaged or lost notes: %2. Synchronize, so that they are read "
+            "again from the locations. If this message appears again, check the texts of the "
+            "damaged notes and edit them, and synchronize on the other computers. The backups that "
+            "have all notes intact are kept.")
             .arg(m_profile, damaged);
     if (!removed) {
         text += u' ' + removed.error().localizedDescription;

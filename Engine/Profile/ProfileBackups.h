@@ -31,8 +31,8 @@ public:
     /// Returns an error if the profile in the folder is not the one to be copied.
     using Check = std::function<Expected<void>()>;
 
-    /// Returns the titles of the notes in the backup at `path` that are not what was saved, as text
-    /// for the user; an empty string if there are none.
+    /// Returns the notes in the backup at `path` that are not what was saved or that it has lost,
+    /// as text for the user; an empty string if there are none.
     using Inspection = std::function<Expected<QString>(const QString &path)>;
 
     /// The name of the folder within the profile folder.
@@ -56,8 +56,8 @@ public:
     /// soon after `isCancelled`, which may be null, has become true, and with the error of `check`,
     /// which is called before anything is written and before the backup gets its name.
     ///
-    /// If `inspect` finds damaged notes, the backup is made and an error names them. It replaces
-    /// the latest one with damaged notes, and no earlier one is removed: it may have them sound.
+    /// If `inspect` finds such notes, the backup is made and an error names them. It replaces
+    /// the latest one with such notes, and no earlier one is removed: it may have them sound.
     Expected<void> make(
         const QDate &today, const std::atomic_bool *isCancelled = nullptr,
         const Check &check = [] { return Expected<void>(); },
@@ -79,7 +79,7 @@ private:
     /// Removes the files that failed or interrupted attempts have left.
     void removeUnfinished() const;
     Expected<void> removeBeyondLimits(const QDate &today) const;
-    /// Keeps the earlier backups, except for the latest one if it has damaged notes, too. Returns
+    /// Keeps the earlier backups, except for the latest one if it has such notes, too. Returns
     /// an error that names the notes `damaged`.
     Expected<void> keepBeforeDamage(const QDate &today, const QString &damaged,
                                     const Inspection &inspect) const;

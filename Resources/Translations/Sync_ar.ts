@@ -749,6 +749,10 @@
         <translation>اسم قاعدة بيانات</translation>
     </message>
     <message>
+        <source>lost changes: %1</source>
+        <translation>تغييرات مفقودة: %1</translation>
+    </message>
+    <message>
         <source>databases: %1, notes: %2</source>
         <translation>قواعد البيانات: ⁨%1⁩، الملاحظات: ⁨%2⁩</translation>
     </message>
@@ -1604,8 +1608,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>تتعذر الكتابة في المجلد «⁨%1⁩»: ⁨%2⁩. تحقق من أذوناته ومن قرصه.</translation>
     </message>
     <message>
-        <source>The profile “%1” has damaged notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check their texts and edit them. The backups that have them intact are kept.</source>
-        <translation>في ملف التعريف «⁨%1⁩» ملاحظات تالفة: ⁨%2⁩. أجرِ المزامنة لتُقرأ من المواقع مجددًا. إذا ظهرت هذه الرسالة من جديد، فراجع نصوصها وحرِّرها. يُحتفظ بالنسخ الاحتياطية التي توجد فيها سليمة.</translation>
+        <source>The profile “%1” has damaged or lost notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check the texts of the damaged notes and edit them, and synchronize on the other computers. The backups that have all notes intact are kept.</source>
+        <translation>في ملف التعريف «⁨%1⁩» ملاحظات تالفة أو مفقودة: ⁨%2⁩. أجرِ المزامنة لتُقرأ من المواقع مجددًا. إذا ظهرت هذه الرسالة من جديد، فراجع نصوص الملاحظات التالفة وحرِّرها، وزامن على الحواسيب الأخرى. يُحتفظ بالنسخ الاحتياطية التي توجد فيها كل الملاحظات سليمة.</translation>
     </message>
     <message>
         <source>The backup “%1” is damaged. Use another backup.</source>

@@ -753,6 +753,10 @@
         <translation>Name einer Datenbank</translation>
     </message>
     <message>
+        <source>lost changes: %1</source>
+        <translation>verlorene Änderungen: %1</translation>
+    </message>
+    <message>
         <source>databases: %1, notes: %2</source>
         <translation>Datenbanken: %1, Notizen: %2</translation>
     </message>
@@ -1604,8 +1608,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Ordner „%1“ kann nicht beschrieben werden: %2. Prüfen Sie seine Zugriffsrechte und seinen Datenträger.</translation>
     </message>
     <message>
-        <source>The profile “%1” has damaged notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check their texts and edit them. The backups that have them intact are kept.</source>
-        <translation>Das Profil „%1“ enthält beschädigte Notizen: %2. Synchronisieren Sie, damit sie erneut von den Orten gelesen werden. Wenn diese Meldung wieder erscheint, prüfen und bearbeiten Sie ihre Texte. Die Sicherungskopien, in denen sie unbeschädigt sind, bleiben erhalten.</translation>
+        <source>The profile “%1” has damaged or lost notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check the texts of the damaged notes and edit them, and synchronize on the other computers. The backups that have all notes intact are kept.</source>
+        <translation>Das Profil „%1“ enthält beschädigte Notizen oder hat Notizen verloren: %2. Synchronisieren Sie, damit sie erneut von den Orten gelesen werden. Wenn diese Meldung wieder erscheint, prüfen und bearbeiten Sie die Texte der beschädigten Notizen, und synchronisieren Sie auf den anderen Computern. Die Sicherungskopien, in denen alle Notizen unbeschädigt sind, bleiben erhalten.</translation>
     </message>
     <message>
         <source>The backup “%1” is damaged. Use another backup.</source>

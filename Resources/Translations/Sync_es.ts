@@ -717,6 +717,10 @@
         <translation>nombre de una base de datos</translation>
     </message>
     <message>
+        <source>lost changes: %1</source>
+        <translation>cambios perdidos: %1</translation>
+    </message>
+    <message>
         <source>databases: %1, notes: %2</source>
         <translation>bases de datos: %1, notas: %2</translation>
     </message>
@@ -1568,8 +1572,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>No se puede escribir en la carpeta «%1»: %2. Compruebe sus permisos y su disco.</translation>
     </message>
     <message>
-        <source>The profile “%1” has damaged notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check their texts and edit them. The backups that have them intact are kept.</source>
-        <translation>El perfil «%1» tiene notas dañadas: %2. Sincronice para que se vuelvan a leer desde las ubicaciones. Si este mensaje reaparece, compruebe sus textos y edítelas. Las copias de seguridad que las contienen intactas se conservan.</translation>
+        <source>The profile “%1” has damaged or lost notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check the texts of the damaged notes and edit them, and synchronize on the other computers. The backups that have all notes intact are kept.</source>
+        <translation>El perfil «%1» tiene notas dañadas o ha perdido notas: %2. Sincronice para que se vuelvan a leer desde las ubicaciones. Si este mensaje reaparece, compruebe los textos de las notas dañadas y edítelas, y sincronice en los otros equipos. Las copias de seguridad que contienen intactas todas las notas se conservan.</translation>
     </message>
     <message>
         <source>The backup “%1” is damaged. Use another backup.</source>

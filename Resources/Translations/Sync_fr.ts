@@ -717,6 +717,10 @@
         <translation>nom d’une base de données</translation>
     </message>
     <message>
+        <source>lost changes: %1</source>
+        <translation>modifications perdues : %1</translation>
+    </message>
+    <message>
         <source>databases: %1, notes: %2</source>
         <translation>bases de données : %1, notes : %2</translation>
     </message>
@@ -1568,8 +1572,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Le dossier « %1 » ne peut pas être écrit : %2. Vérifiez ses droits d’accès et son disque.</translation>
     </message>
     <message>
-        <source>The profile “%1” has damaged notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check their texts and edit them. The backups that have them intact are kept.</source>
-        <translation>Le profil « %1 » contient des notes endommagées : %2. Synchronisez pour qu’elles soient relues depuis les emplacements. Si ce message réapparaît, vérifiez leurs textes et modifiez-les. Les copies de sauvegarde qui les contiennent intactes sont conservées.</translation>
+        <source>The profile “%1” has damaged or lost notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check the texts of the damaged notes and edit them, and synchronize on the other computers. The backups that have all notes intact are kept.</source>
+        <translation>Le profil « %1 » contient des notes endommagées ou a perdu des notes : %2. Synchronisez pour qu’elles soient relues depuis les emplacements. Si ce message réapparaît, vérifiez les textes des notes endommagées et modifiez-les, et synchronisez sur les autres ordinateurs. Les copies de sauvegarde qui contiennent toutes les notes intactes sont conservées.</translation>
     </message>
     <message>
         <source>The backup “%1” is damaged. Use another backup.</source>

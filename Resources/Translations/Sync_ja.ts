@@ -734,6 +734,10 @@
         <translation>データベースの名前</translation>
     </message>
     <message>
+        <source>lost changes: %1</source>
+        <translation>失われた変更: %1</translation>
+    </message>
+    <message>
         <source>databases: %1, notes: %2</source>
         <translation>データベース: %1、ノート: %2</translation>
     </message>
@@ -1584,8 +1588,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>フォルダー「%1」に書き込めません: %2。アクセス権とディスクを確認してください。</translation>
     </message>
     <message>
-        <source>The profile “%1” has damaged notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check their texts and edit them. The backups that have them intact are kept.</source>
-        <translation>プロファイル「%1」に破損したノートがあります: %2。同期すると、同期先からもう一度読み取られます。このメッセージがまた表示される場合は、本文を確認して編集してください。破損していないノートが入っているバックアップは残されます。</translation>
+        <source>The profile “%1” has damaged or lost notes: %2. Synchronize, so that they are read again from the locations. If this message appears again, check the texts of the damaged notes and edit them, and synchronize on the other computers. The backups that have all notes intact are kept.</source>
+        <translation>プロファイル「%1」に破損または失われたノートがあります: %2。同期すると、同期先からもう一度読み取られます。このメッセージがまた表示される場合は、破損したノートの本文を確認して編集し、ほかのコンピューターで同期してください。すべてのノートが破損せずに入っているバックアップは残されます。</translation>
     </message>
     <message>
         <source>The backup “%1” is damaged. Use another backup.</source>

@@ -260,10 +260,7 @@ private Q_SLOTS:
             return backups.make(
                 m_today.addDays(day), nullptr, [] { return Expected<void>(); },
                 [&](const QString &path) {
-                    return NoteInspection::check(path, isCancelled)
-                        .map([](const NoteInspection::Damage &damage) {
-                            return NoteInspection::titles(damage.value(1), {});
-                        });
+                    return NoteInspection::check(path, isCancelled).map(NoteInspection::text);
                 });
         };
         for (int day = 0; day < 7; ++day) {
@@ -299,6 +296,48 @@ private Q_SLOTS:
         for (Note note : notes) {
             QVERIFY(m_host->inbox()->saveNote(note));
         }
+        QVERIFY(make(10));
+        QCOMPARE(names().size(), 7);
+    }
+
+    /// The profile and the store have lost a note.
+    void aBackupWithoutALostNoteReplacesNoneThatHasIt() {
+        const ProfileBackups backups(m_host->directory());
+        const std::atomic_bool isCancelled = false;
+        const auto make = [&](int day) {
+            return backups.make(
+                m_today.addDays(day), nullptr, [] { return Expected<void>(); },
+                [&](const QString &path) {
+                    return NoteInspection::check(path, isCancelled).map(NoteInspection::text);
+                });
+        };
+        MemoryStore::Blobs blobs;
+        const auto synchronize = [&](RecordVerification::Extent extent) {
+            MemoryStore store(blobs);
+            SyncSession session(m_host->engine().profile(), m_host->library(),
+                                {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")},
+                                extent);
+            return runSession(session, store);
+        };
+        QVERIFY(synchronize(RecordVerification::Extent::Some));
+        for (int day = 0; day < 7; ++day) {
+            QVERIFY(make(day));
+        }
+        const QStringList sound = names();
+        QVERIFY(m_host->engine().profile().run(QStringLiteral("DELETE FROM operations")));
+        std::erase_if(blobs, [](const auto &blob) {
+            return blob.first.startsWith(QStringLiteral("transactions/"));
+        });
+        for (int day = 7; day < 10; ++day) {
+            const Expected<void> made = make(day);
+            QCOMPARE(code(made), EngineErrorCode::BackupFailed);
+            QVERIFY2(description(made).contains(QStringLiteral("lost changes: 1.")),
+                     qPrintable(description(made)));
+            QCOMPARE(names(),
+                     sound + QStringList(QFileInfo(pathFor(m_today.addDays(day))).fileName()));
+            QVERIFY(synchronize(RecordVerification::Extent::Some));
+        }
+        QVERIFY(synchronize(RecordVerification::Extent::All));
         QVERIFY(make(10));
         QCOMPARE(names().size(), 7);
     }
