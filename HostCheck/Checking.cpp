@@ -2,7 +2,7 @@
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QCoreApplication>
-#include <QtCore/QDir>
+#include <QtCore/QDirIterator>
 #include <QtCore/QTimer>
 #include <QtCore/QUuid>
 
@@ -84,6 +84,13 @@ QVSyncDispatcher &Checking::dispatcher() {
     return *dispatcher;
 }
 
+QList<std::shared_ptr<QVDatabase>> Checking::openDatabases() {
+    classObject<QVDatabase::Class>("QVDatabase");
+    auto databases = QVDatabase::databases();
+    requireOffer(!databases.contains(nullptr));
+    return databases;
+}
+
 std::shared_ptr<QVSyncLocation> Checking::newLocation(const Url &URL) {
     auto location = classObject<QVSyncLocation::Class>("QVSyncLocation").syncLocationWithURL(URL);
     require(location != nullptr, "no location was made");
@@ -94,6 +101,17 @@ std::shared_ptr<PZFuture> Checking::newFuture() {
     auto future = PZFuture::future();
     requireOffer(future != nullptr);
     return future;
+}
+
+QStringList Checking::contentsOf(const Folder &store) {
+    QStringList paths;
+    QDirIterator each(store.URL.path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                      QDirIterator::Subdirectories);
+    while (each.hasNext()) {
+        paths.append(each.next());
+    }
+    paths.sort();
+    return paths;
 }
 
 Checking::InboxState::InboxState(const std::shared_ptr<QVSyncLocation> &added)

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "Host/PZFuture.h"
+#include "Host/QVDatabase.h"
 #include "Host/QVHostPlugIn.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocation.h"
@@ -56,6 +57,9 @@ ClassObject &classObject(const char *name) {
 
 QVSyncLocationsController &list();
 QVSyncDispatcher &dispatcher();
+/// Returns the open databases. Throws NotOffered if the host has no databases, or if one of them is
+/// null, which breaks another promise.
+QList<std::shared_ptr<QVDatabase>> openDatabases();
 
 /// Returns a new location with this address. Throws NotOffered if the host makes no locations.
 std::shared_ptr<QVSyncLocation> newLocation(const Url &URL = Url());
@@ -73,6 +77,9 @@ struct Folder {
     const Url URL = makeStore(folder.path());
     const std::shared_ptr<QVSyncLocation> location = newLocation(URL);
 };
+
+/// Returns the paths of everything in the store.
+QStringList contentsOf(const Folder &store);
 
 /// The enabled state of the inbox at a new location, which is in the list while this object exists.
 class InboxState {

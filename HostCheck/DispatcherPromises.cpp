@@ -2,6 +2,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QMetaProperty>
+#include <array>
 
 #include "Host/InboxUUID.h"
 #include "Host/QVApplication.h"
@@ -20,6 +21,8 @@ namespace DispatcherPromises {
 namespace {
 
 constexpr char Header[] = "Host/QVSyncDispatcher.h";
+constexpr char State[] = "Host/QVSyncState.h";
+constexpr char Result[] = "Host/QVSyncResult.h";
 constexpr char Progress[] = "Host/QVSyncProgress.h";
 
 /// A handler that the dispatcher has, unless it was called already.
@@ -70,29 +73,63 @@ void noStatesEndOnce() {
     Synchronization({}).requireOneCall();
 }
 
+/// A synchronization of nothing, one of a disabled state, and one that has something to do. All
+/// have called their handlers.
+class EveryKind {
+    const NewState m_disabled;
+    const InboxInFolder m_enabled;
+
+public:
+    EveryKind() {
+        for (Synchronization &job : jobs) {
+            job.requireCall();
+        }
+    }
+    std::array<Synchronization, 3> jobs{Synchronization({}), Synchronization({m_disabled.state}),
+                                        Synchronization({m_enabled.state})};
+};
+
 void handlerIsCalledOnTheMainThread() {
-    const NewState added;
-    Synchronization none({});
-    Synchronization one({added.state});
-    none.requireCall();
-    one.requireCall();
-    require(none.wasCalledOnMainThread() && one.wasCalledOnMainThread(),
-            "the handler is called on another thread");
+    for (EveryKind all; const Synchronization &job : all.jobs) {
+        require(job.wasCalledOnMainThread(), "the handler is called on another thread");
+    }
 }
 
 void handlerIsCalledLater() {
-    const NewState added;
-    Synchronization none({});
-    Synchronization one({added.state});
-    none.requireCall();
-    one.requireCall();
-    require(!none.wasCalledWithinCall() && !one.wasCalledWithinCall(),
-            "the handler is called from within the function");
+    for (EveryKind all; const Synchronization &job : all.jobs) {
+        require(!job.wasCalledWithinCall(), "the handler is called from within the function");
+    }
 }
 
 void duplicatesEndOnce() {
     const InboxInFolder added;
     Synchronization({added.state, added.state}).requireOneCall();
+}
+
+void severalStatesEndOnce() {
+    const InboxInFolder first;
+    const InboxInFolder second;
+    Synchronization({first.state, second.state}).requireOneCall();
+}
+
+void handlerWaitsForEveryJob() {
+    const InboxInFolder folder;
+    const InboxInFolder later;
+    InboxAtServer added;
+    Synchronization both({folder.state, added.inbox.state});
+    wait([&] { return added.server.isAsked() || both.wasCalled(); });
+    constexpr std::chrono::milliseconds grace(500);
+    // A host may have one job at a time, so that it would ask the server only after the call.
+    wait([&] { return added.server.isAsked(); }, grace);
+    requireOffer(added.server.isAsked());
+    // It would be over after the job in the folder is, if the host has jobs at the same time.
+    Synchronization next({later.state});
+    wait([&] { return next.wasCalled() || both.wasCalled(); }, grace);
+    const bool hasWaited = !both.wasCalled();
+    added.server.answer();
+    both.requireOneCall();
+    next.requireOneCall();
+    require(hasWaited, "the handler is called before all jobs have ended");
 }
 
 void disabledStatesAreSkipped() {
@@ -158,13 +195,33 @@ void failureIsReported() {
     require(watch.messages() > 0, "a job has failed, and nothing is in the log");
 }
 
+/// A job that has ended and changed the date of a state, which is watched.
+class ChangedDate : InboxInFolder {
+public:
+    ChangedDate() {
+        Synchronization({state}).requireCall();
+        requireOffer(state->lastSynced().isValid());
+    }
+    bool isAnnounced() const { return m_announced.has_value() || isAnnouncedElsewhere(); }
+    bool isAnnouncedElsewhere() const { return m_watch.wasNotedElsewhere(); }
+    /// Whether the date was the former one when it was announced last on the main thread.
+    bool isAnnouncedBefore() const { return m_announced && *m_announced != state->lastSynced(); }
+
+private:
+    std::optional<QDateTime> m_announced;
+    const NotifyWatch m_watch{*state, "lastSynced", [this] { m_announced = state->lastSynced(); }};
+};
+
 void dateIsAnnounced() {
-    const InboxInFolder added;
-    int count = 0;
-    QObject::connect(added.state.get(), &QVSyncState::lastSyncedChanged, [&] { ++count; });
-    Synchronization({added.state}).requireCall();
-    requireOffer(added.state->lastSynced().isValid());
-    require(count > 0, "the date has changed without an announcement");
+    require(ChangedDate().isAnnounced(), "the date has changed without an announcement");
+}
+
+void dateIsAnnouncedAfterwards() {
+    require(!ChangedDate().isAnnouncedBefore(), "the date is announced before it changes");
+}
+
+void dateIsAnnouncedOnTheMainThread() {
+    require(!ChangedDate().isAnnouncedElsewhere(), "the date is announced on another thread");
 }
 
 void disabledStateKeepsItsDate() {
@@ -198,15 +255,42 @@ void resultIsRemoved() {
     require(QVSyncResult::of(added.state.get()) != result, "the result is not removed");
 }
 
-void resultIsAnnouncedAfterwards() {
-    const InboxInFolder added;
-    std::optional<QVSyncResult> seen;
-    const NotifyWatch watch(*added.state, QVSyncResult::Key,
-                            [&] { seen = QVSyncResult::of(added.state.get()); });
-    Synchronization({added.state}).requireOneCall();
-    const auto result = QVSyncResult::of(added.state.get());
-    require(result.has_value(), "there is no result after a synchronization");
-    require(seen == result, "the result has changed without an announcement");
+/// A job that has ended with the first result of a state, which is watched.
+class FirstResult : InboxInFolder {
+public:
+    FirstResult() {
+        Synchronization({state}).requireOneCall();
+        require(QVSyncResult::of(state.get()).has_value(),
+                "there is no result after a synchronization");
+    }
+    bool isAnnounced() const {
+        return m_announced == QVSyncResult::of(state.get()) || isAnnouncedElsewhere();
+    }
+    bool isAnnouncedElsewhere() const { return m_watch.wasNotedElsewhere(); }
+    /// Whether a result was there before the date.
+    bool isBeforeDate() const { return m_isBeforeDate && state->lastSynced().isValid(); }
+
+private:
+    void note() {
+        m_announced = QVSyncResult::of(state.get());
+        m_isBeforeDate = m_isBeforeDate || (m_announced && !state->lastSynced().isValid());
+    }
+
+    std::optional<QVSyncResult> m_announced;
+    bool m_isBeforeDate = false;
+    const NotifyWatch m_watch{*state, QVSyncResult::Key, [this] { note(); }};
+};
+
+void resultIsAnnounced() {
+    require(FirstResult().isAnnounced(), "the result has changed without an announcement");
+}
+
+void resultFollowsTheDate() {
+    require(!FirstResult().isBeforeDate(), "the result changes before the date");
+}
+
+void resultIsAnnouncedOnTheMainThread() {
+    require(!FirstResult().isAnnouncedElsewhere(), "the result is announced on another thread");
 }
 
 void cancelledJobHasNoResult() {
@@ -228,6 +312,17 @@ void nullIsNotCleaned() {
 void disabledStateIsNotCleaned() {
     const NewState added;
     CleanUp(added.state).requireOneCall();
+}
+
+void storeOfDisabledStateIsUnchanged() {
+    const InboxInFolder added;
+    Synchronization({added.state}).requireOneCall();
+    added.state->setEnabled(false);
+    const QStringList before = contentsOf(added);
+    const auto result = QVSyncResult::of(added.state.get());
+    CleanUp(added.state).requireOneCall();
+    require(contentsOf(added) == before && QVSyncResult::of(added.state.get()) == result,
+            "the store of a disabled state is cleaned");
 }
 
 void stateWithoutLocationIsNotCleaned() {
@@ -309,6 +404,7 @@ void stoppedDispatcherIsIdle() {
     requireOffer(QVSyncProgress::canStop(&dispatcher()));
     const InboxInFolder added;
     Synchronization running({added.state});
+    requireOffer(!running.wasCalled());
     running.willCall();
     QVSyncProgress::stop(&dispatcher());
     running.didReturn();
@@ -326,6 +422,11 @@ constexpr char Skipped[] =
 constexpr char NotCleaned[] =
     "If `state` is null or disabled, or its location has been destroyed, nothing is cleaned and "
     "`handler` is called all the same.";
+constexpr char DateChanged[] =
+    "Emitted on the main thread after the host has changed lastSynced().";
+constexpr char ResultChanged[] =
+    "The host changes it on the main thread when a job ends, after `lastSynced`, and saves it by "
+    "itself.";
 
 constexpr HostPromise Promises[] = {
     {"QVSyncDispatcher.cleanRemoteStoreWithSynchronizationState", Header,
@@ -335,12 +436,18 @@ constexpr HostPromise Promises[] = {
      &nullIsNotCleaned},
     {"QVSyncDispatcher.cleanRemoteStoreWithSynchronizationState (disabled)", Header, NotCleaned,
      &disabledStateIsNotCleaned},
+    {"QVSyncDispatcher.cleanRemoteStoreWithSynchronizationState (unchanged)", Header, NotCleaned,
+     &storeOfDisabledStateIsUnchanged},
     {"QVSyncDispatcher.cleanRemoteStoreWithSynchronizationState (destroyed)", Header, NotCleaned,
      &stateWithoutLocationIsNotCleaned},
     {"QVSyncDispatcher.performSynchronizations (once)", Header, Performed, &noStatesEndOnce},
     {"QVSyncDispatcher.performSynchronizations (thread)", Header, Performed,
      &handlerIsCalledOnTheMainThread},
     {"QVSyncDispatcher.performSynchronizations (later)", Header, Performed, &handlerIsCalledLater},
+    {"QVSyncDispatcher.performSynchronizations (several)", Header, Performed,
+     &severalStatesEndOnce},
+    {"QVSyncDispatcher.performSynchronizations (all ended)", Header, Performed,
+     &handlerWaitsForEveryJob},
     {"QVSyncDispatcher.performSynchronizations (duplicates)", Header,
      "`states` may be empty and contain duplicates; no entry may be null.", &duplicatesEndOnce},
     {"QVSyncDispatcher.performSynchronizations (disabled)", Header, Skipped,
@@ -359,21 +466,21 @@ constexpr HostPromise Promises[] = {
      "A job that fails reports to the user by itself (the application's log), never through a "
      "handler.",
      &failureIsReported},
-    {"QVSyncState.lastSynced (announced)", "Host/QVSyncState.h",
-     "Emitted on the main thread after the host has changed lastSynced().", &dateIsAnnounced},
-    {"QVSyncState.isEnabled (date)", "Host/QVSyncState.h",
+    {"QVSyncState.lastSynced (announced)", State, DateChanged, &dateIsAnnounced},
+    {"QVSyncState.lastSynced (changed before)", State, DateChanged, &dateIsAnnouncedAfterwards},
+    {"QVSyncState.lastSynced (thread)", State, DateChanged, &dateIsAnnouncedOnTheMainThread},
+    {"QVSyncState.isEnabled (date)", State,
      "A disabled state keeps its schedule and the date of its last synchronization.",
      &disabledStateKeepsItsDate},
-    {"QVSyncState.setEnabled (quiet)", "Host/QVSyncState.h", "Enabling starts no synchronization.",
+    {"QVSyncState.setEnabled (quiet)", State, "Enabling starts no synchronization.",
      &enablingStartsNothing},
-    {"QVSyncResult.lastResult (written)", "Host/QVSyncResult.h",
+    {"QVSyncResult.lastResult (written)", Result,
      "The property can be written: an empty result, which is saved with the state.",
      &resultIsRemoved},
-    {"QVSyncResult.lastResult (announced)", "Host/QVSyncResult.h",
-     "The host changes it on the main thread when a job ends, after `lastSynced`, and saves it by "
-     "itself.",
-     &resultIsAnnouncedAfterwards},
-    {"QVSyncResult.lastResult (cancelled)", "Host/QVSyncResult.h", "A cancelled job has no result.",
+    {"QVSyncResult.lastResult (announced)", Result, ResultChanged, &resultIsAnnounced},
+    {"QVSyncResult.lastResult (after the date)", Result, ResultChanged, &resultFollowsTheDate},
+    {"QVSyncResult.lastResult (thread)", Result, ResultChanged, &resultIsAnnouncedOnTheMainThread},
+    {"QVSyncResult.lastResult (cancelled)", Result, "A cancelled job has no result.",
      &cancelledJobHasNoResult},
     {"QVSyncDispatcher.activityChanged", Header, "Emitted after activity() has changed.",
      &activityIsAnnounced},

@@ -30,7 +30,7 @@ public:
         require(m_isOnMainThread, "the notification is posted on another thread");
         require(m_UUID == database.UUID(), "the object is not the database");
     }
-    /// Whether QVDatabase::databases() contained the object at that time.
+    /// Whether QVDatabase::databases() contained the database at that time.
     bool wasOpen() const { return m_wasOpen; }
     /// The name of the object at that time.
     const QString &nameOfObject() const { return m_name; }
@@ -44,7 +44,7 @@ private:
         m_name = database ? database->name() : QString();
         m_wasOpen = false;
         for (const auto &open : QVDatabase::databases()) {
-            m_wasOpen = m_wasOpen || open.get() == posted.object;
+            m_wasOpen = m_wasOpen || (open && open->UUID() == m_UUID);
         }
     }
 

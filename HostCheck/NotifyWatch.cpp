@@ -1,5 +1,6 @@
 #include "HostCheck/NotifyWatch.h"
 
+#include <QtCore/QThread>
 #include <utility>
 
 #include "HostCheck/Checking.h"
@@ -10,5 +11,13 @@ NotifyWatch::NotifyWatch(const QObject &sender, const char *property, std::funct
     const QMetaProperty found = meta->property(meta->indexOfProperty(property));
     Checking::requireOffer(found.hasNotifySignal());
     connect(&sender, found.notifySignal(), this,
-            staticMetaObject.method(staticMetaObject.indexOfSlot("note()")));
+            staticMetaObject.method(staticMetaObject.indexOfSlot("note()")), Qt::DirectConnection);
+}
+
+void NotifyWatch::note() {
+    if (QThread::currentThread() == thread()) {
+        m_noted();
+    } else {
+        m_isNotedElsewhere = true;
+    }
 }

@@ -3,7 +3,6 @@
 #include <QtCore/QSet>
 
 #include "Host/QVApplication.h"
-#include "Host/QVDatabase.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncStore.h"
 #include "HostCheck/Checking.h"
@@ -18,11 +17,6 @@ constexpr char Database[] = "Host/QVDatabase.h";
 
 QVSyncPlugin &plugin() {
     return *QVSyncPlugin::plugin();
-}
-
-QList<std::shared_ptr<QVDatabase>> databases() {
-    classObject<QVDatabase::Class>("QVDatabase");
-    return QVDatabase::databases();
 }
 
 void pluginIsOneObject() {
@@ -69,7 +63,7 @@ void unknownDatabasesAreNull() {
 }
 
 void openDatabasesAreFound() {
-    for (const auto &database : databases()) {
+    for (const auto &database : openDatabases()) {
         const auto found = QVSyncPlugin::databaseForUUID(database->UUID(), false);
         require(found && found->UUID() == database->UUID(), "an open database is not found");
     }
@@ -140,23 +134,31 @@ void missingFoldersAreMounted() {
 }
 
 void databasesAreNotNull() {
-    const auto found = databases();
-    require(!found.contains(nullptr), "an entry is null");
-    require(found == databases(), "two calls in succession return other objects");
+    classObject<QVDatabase::Class>("QVDatabase");
+    require(!QVDatabase::databases().contains(nullptr), "an entry is null");
+}
+
+QStringList openUUIDs() {
+    QStringList UUIDs;
+    for (const auto &database : openDatabases()) {
+        UUIDs.append(database->UUID());
+    }
+    return UUIDs;
+}
+
+void databasesKeepTheirOrder() {
+    require(openUUIDs() == openUUIDs(), "two calls in succession return other databases");
 }
 
 void inboxIsOpen() {
     const auto inbox = NSApp()->inbox();
-    bool isOpen = !inbox;
-    for (const auto &database : databases()) {
-        isOpen = isOpen || database->UUID() == inbox->UUID();
-    }
-    require(isOpen, "the inbox is not among them");
+    requireOffer(inbox != nullptr);
+    require(openUUIDs().contains(inbox->UUID()), "the inbox is not among them");
 }
 
 void UUIDsAreConstant() {
     QSet<QString> UUIDs;
-    for (const auto &database : databases()) {
+    for (const auto &database : openDatabases()) {
         require(!database->UUID().isEmpty(), "a UUID is empty");
         require(database->UUID() == database->UUID(), "a UUID is not constant");
         require(!UUIDs.contains(database->UUID()), "two open databases have the same UUID");
@@ -168,6 +170,9 @@ void inboxExists() {
     require(NSApp() != nullptr, "there is no application object");
     require(NSApp()->inbox() != nullptr, "there is no inbox");
 }
+
+constexpr char Opened[] =
+    "Returns the open databases, including the inbox, in the order in which the host shows them.";
 
 constexpr HostPromise Promises[] = {
     {"QVSyncPlugin.plugin", Plugin,
@@ -206,9 +211,8 @@ constexpr HostPromise Promises[] = {
     {"QVSyncPlugin.isVolumeMountedAtPath (missing)", Plugin, "`path` need not exist.",
      &missingFoldersAreMounted},
     {"QVDatabase.databases", Database, "No entry is null.", &databasesAreNotNull},
-    {"QVDatabase.databases (inbox)", Database,
-     "Returns the open databases, including the inbox, in the order in which the host shows them.",
-     &inboxIsOpen},
+    {"QVDatabase.databases (inbox)", Database, Opened, &inboxIsOpen},
+    {"QVDatabase.databases (order)", Database, Opened, &databasesKeepTheirOrder},
     {"QVDatabase.UUID", Database,
      "Never empty, constant, and compared as text: two objects with equal identifiers represent "
      "the same database.",

@@ -135,12 +135,24 @@ void dailyTimeIsKept() {
     }
 }
 
+void weeklyTimeIsKept() {
+    for (const HourAndMinute time : {HourAndMinute{0, 0}, HourAndMinute{23, 59}}) {
+        require(weekly(time, EveryDay)->hourAndMinute() == time, "the time is another one");
+    }
+}
+
 void dailyDateIsNext() {
     for (const int hours : {-1, 0, 1}) {
         const QDateTime before = QDateTime::currentDateTime();
         const HourAndMinute time = timeOf(before.addSecs(hours * 3600));
         const QDateTime next = daily(time)->nextScheduledDate();
-        require(next > before && next <= before.addDays(2), "the next date is not within a day");
+        const bool isClockChanged =
+            before.addDays(2).offsetFromUtc() != before.addDays(-1).offsetFromUtc();
+        const QDateTime last = isClockChanged ? before.addDays(2)
+                               : hours > 0    ? before.addSecs(hours * 3600)
+                                              : before.addDays(1);
+        require(next > before, "the next date is not after the current time");
+        require(next <= last, "the next date is later than the first one");
         require(timeOf(next) == time || next.offsetFromUtc() != before.offsetFromUtc(),
                 "the next date has another time of day");
     }
@@ -170,6 +182,30 @@ void requireFirstOfEqualTimes(const std::function<QDateTime()> &nextDate) {
     const QDateTime expected =
         QDateTime(now.date().addDays(1), QTime(2, 30), Qt::UTC).addSecs(-now.offsetFromUtc());
     require(nextDate() == expected, "it does not fire at the first of two equal times");
+}
+
+/// Requires that a schedule, which is made for a time that was five minutes ago and comes again
+/// within the hour, does not fire a second time on this day.
+void requireOneOfEqualTimes(
+    const std::function<std::shared_ptr<const QVSyncSchedule>(const HourAndMinute &)> &make) {
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    const QDateTime moment = now.addSecs(600 - now.time().second()).addMSecs(-now.time().msec());
+    const ClockChange change = ClockChange::at(moment, ClockChange::Kind::Back);
+    requireOffer(change.isInEffect());
+    const HourAndMinute time = timeOf(QDateTime::currentDateTime().addSecs(-300));
+    const QDateTime next = make(time)->nextScheduledDate();
+    require(next.date() == QDate::currentDate().addDays(1) && timeOf(next) == time,
+            "it fires at the second of two equal times too");
+}
+
+void dailyTimeFiresOnce() {
+    daily(HalfPastTwo);
+    requireOneOfEqualTimes([](const HourAndMinute &time) { return daily(time); });
+}
+
+void weeklyTimeFiresOnce() {
+    weekly(HalfPastTwo, EveryDay);
+    requireOneOfEqualTimes([](const HourAndMinute &time) { return weekly(time, EveryDay); });
 }
 
 void dailyTimeIsSkipped() {
@@ -235,6 +271,7 @@ constexpr char Default[] =
 constexpr char DayOfChange[] =
     "On a day on which the clock is changed it still fires once: at the first of two equal times, "
     "and after the gap for a time that is skipped.";
+constexpr char TimeOfDay[] = "Returns the time of day at which the schedule fires. Always valid.";
 constexpr char AsDaily[] = "Clock changes are treated as by QVDailySchedule.";
 
 constexpr HostPromise Promises[] = {
@@ -261,11 +298,12 @@ constexpr HostPromise Promises[] = {
      "A schedule that fires once an hour, by the local clock.",
      &hourlyDateIsNextWhenClockIsSetForward},
     {"QVDailySchedule.initWithHourAndMinute", Daily, Default, &invalidDailyTimesAreReplaced},
-    {"QVDailySchedule.hourAndMinute", Daily,
-     "Returns the time of day at which the schedule fires. Always valid.", &dailyTimeIsKept},
+    {"QVDailySchedule.hourAndMinute", Daily, TimeOfDay, &dailyTimeIsKept},
     {"QVDailySchedule.nextScheduledDate (set forward)", Daily, DayOfChange, &dailyTimeIsSkipped},
     {"QVDailySchedule.nextScheduledDate (set back)", Daily, DayOfChange, &dailyTimeComesTwice},
+    {"QVDailySchedule.nextScheduledDate (fired)", Daily, DayOfChange, &dailyTimeFiresOnce},
     {"QVWeeklySchedule.initWithHourAndMinute", Weekly, Default, &invalidWeeklyTimesAreReplaced},
+    {"QVWeeklySchedule.hourAndMinute", Weekly, TimeOfDay, &weeklyTimeIsKept},
     {"QVWeeklySchedule.daysOfWeek", Weekly,
      "Bits of `daysOfWeek` above 6 are kept but have no effect.", &otherBitsAreKept},
     {"QVWeeklySchedule.daysOfWeek (none)", Weekly,
@@ -274,6 +312,7 @@ constexpr HostPromise Promises[] = {
      "Returns the days as a bit mask: bit 0 is Sunday, bit 6 is Saturday.", &daysCountFromSunday},
     {"QVWeeklySchedule.nextScheduledDate (set forward)", Weekly, AsDaily, &weeklyTimeIsSkipped},
     {"QVWeeklySchedule.nextScheduledDate (set back)", Weekly, AsDaily, &weeklyTimeComesTwice},
+    {"QVWeeklySchedule.nextScheduledDate (fired)", Weekly, AsDaily, &weeklyTimeFiresOnce},
 };
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "HostCheck/StorePromises.h"
 
-#include <QtCore/QDirIterator>
 #include <mutex>
 
 #include "Host/InboxUUID.h"
@@ -494,7 +493,7 @@ void localStoreHasEveryDatabase() {
     }
     requireOffer(!UUIDs.isEmpty());
     const auto inbox = NSApp()->inbox();
-    for (const auto &database : QVDatabase::databases()) {
+    for (const auto &database : openDatabases()) {
         require(UUIDs.contains(UUIDInStores(*database, inbox.get())),
                 "it does not contain an open database");
     }
@@ -531,25 +530,12 @@ void fetchingReturnsSomething() {
     }
 }
 
-/// Returns the paths of everything in the store.
-QStringList contentsOf(const NewStore &made) {
-    QStringList paths;
-    QDirIterator each(made.folder.URL.path(),
-                      QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-                      QDirIterator::Subdirectories);
-    while (each.hasNext()) {
-        paths.append(each.next());
-    }
-    paths.sort();
-    return paths;
-}
-
 void fetchingChangesNothing() {
     const NewStore made;
     made.open();
-    const QStringList before = contentsOf(made);
+    const QStringList before = contentsOf(made.folder);
     require(made.canFetch(), "an open store cannot be read");
-    require(contentsOf(made) == before, "reading the list changes what the store contains");
+    require(contentsOf(made.folder) == before, "reading the list changes what the store contains");
 }
 
 void checkClosesTheStore() {
@@ -568,14 +554,14 @@ void checkLeavesNoProbe() {
     const NewStore made;
     const auto checkable = QVCheckableStore::of(made.store);
     requireOffer(checkable != nullptr);
-    const QStringList before = contentsOf(made);
+    const QStringList before = contentsOf(made.folder);
     Handler<QVSyncStoreCheck> checked;
     checkable->checkWithCompletionHandler(checked.function());
     checked.requireOneCall();
     const auto &[found] = checked.values();
     require(found.isReadable && found.isWritable && !found.error,
             "a folder counts as one that cannot be read and written");
-    require(contentsOf(made) == before, "the check leaves something in the store");
+    require(contentsOf(made.folder) == before, "the check leaves something in the store");
 }
 
 void runningCheckIsCancelled() {

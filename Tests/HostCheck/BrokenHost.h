@@ -2,6 +2,7 @@
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QThread>
+#include <thread>
 
 #include "Engine/Schedules/EngineDailySchedule.h"
 #include "Engine/Schedules/EngineHourlySchedule.h"
@@ -96,7 +97,9 @@ public:
             return;
         }
         m_result = result;
-        if (!breaks("QVSyncResult.lastResult (announced)")) {
+        if (breaks("QVSyncResult.lastResult (thread)")) {
+            std::thread([this] { Q_EMIT lastResultChanged(); }).join();
+        } else if (!breaks("QVSyncResult.lastResult (announced)")) {
             Q_EMIT lastResultChanged();
         }
     }
@@ -290,10 +293,16 @@ public:
         const std::string prefix = key;
         const bool isDropped =
             (!state && breaks((prefix + " (null)").c_str())) ||
-            (state && !state->isEnabled() && breaks((prefix + " (disabled)").c_str())) ||
+            (state && !state->isEnabled() && state->databaseUUID() != "@inbox" &&
+             breaks((prefix + " (disabled)").c_str())) ||
             (state && !state->destination() && breaks((prefix + " (destroyed)").c_str()));
         if (isDropped) {
             return;
+        }
+        const Location location = state ? state->destination() : nullptr;
+        if (location && location->URL().isFileURL() && !state->isEnabled() &&
+            breaks((prefix + " (unchanged)").c_str())) {
+            QDir(location->URL().path()).mkdir("Cleaned");
         }
         if (isAtServer(state) && !breaks("QVSyncDispatcher (one location)")) {
             runAtServer(state, done);
@@ -308,12 +317,10 @@ public:
     void performSynchronizationsWithSynchronizationStates(const QVSyncStates &states,
                                                           Handler done) override {
         m_isStopped = false;
-        if (breaks("QVSyncDispatcher.performSynchronizations (thread)") && states.isEmpty()) {
-            MemoryStore::threads.start(done);
-        } else if (breaks("QVSyncDispatcher.performSynchronizations (later)") && states.isEmpty()) {
-            done();
-        } else if (states.size() == 1 && isAtServer(states.first())) {
+        if (states.size() == 1 && isAtServer(states.first())) {
             runAtServer(states.first(), done);
+        } else if (std::ranges::any_of(states, isAtServer)) {
+            runEach(states, done);
         } else if (!isDropped(states)) {
             performBroken(states, done);
         }
@@ -333,6 +340,18 @@ private:
         const bool isForeign = !dynamic_cast<MemoryState *>(states.first().get());
         return (isRepeated && breaks("QVSyncDispatcher.performSynchronizations (waiting)")) ||
                (isForeign && breaks("QVSyncDispatcher.performSynchronizations (foreign)"));
+    }
+    /// Runs a job for each state.
+    void runEach(const QVSyncStates &states, const Handler &done) {
+        const bool isEarly = breaks("QVSyncDispatcher.performSynchronizations (all ended)");
+        const auto running = std::make_shared<qsizetype>(states.size());
+        for (const State &state : states) {
+            performSynchronizationsWithSynchronizationStates({state}, [=] {
+                if (--*running == (isEarly ? states.size() - 1 : 0)) {
+                    done();
+                }
+            });
+        }
     }
     static bool isAtServer(const State &state) {
         const Location location = state && state->isEnabled() ? state->destination() : nullptr;
@@ -380,46 +399,83 @@ private:
         return false;
     }
     void performBroken(const QVSyncStates &states, const Handler &done) {
-        const bool isTwice =
-            (states.isEmpty() && breaks("QVSyncDispatcher.performSynchronizations (once)")) ||
-            (states.size() == 2 && breaks("QVSyncDispatcher.performSynchronizations (duplicates)"));
         for (const State &state : states) {
-            auto *ours = dynamic_cast<MemoryState *>(state.get());
-            const bool isWrong =
-                ours && ((!ours->isEnabled() && ours->databaseUUID() == "@inbox" &&
-                          breaks("QVSyncDispatcher.performSynchronizations (disabled)")) ||
-                         (!ours->destination() &&
-                          breaks("QVSyncDispatcher.performSynchronizations (destroyed)")));
-            if (isWrong || breaks("QVSyncState.lastSynced (announced)")) {
-                if (ours && (isWrong || (ours->isEnabled() && ours->destination()))) {
-                    ours->m_date = QDateTime::currentDateTime();
-                }
+            if (auto *ours = dynamic_cast<MemoryState *>(state.get())) {
+                misdate(*ours);
             }
+        }
+        if (breaks("QVSyncResult.lastResult (after the date)")) {
+            remember(states);
         }
         setRunning(m_running + 1);
         const auto isOver = std::make_shared<bool>(false);
-        const auto running = std::make_shared<Handler>([this, states, done, isTwice, isOver] {
+        const auto running = std::make_shared<Handler>([this, states, done, isOver] {
             if (!std::exchange(*isOver, true)) {
                 if (!m_isStopped) {
                     remember(states);
                 }
                 setRunning(qMax(0, m_running - 1));
-                done();
-                if (isTwice) {
-                    done();
-                }
+                callBroken(states, done);
             }
         });
         m_ending = running;
         const Handler end = [running] { (*running)(); };
-        if (isMissing(states) || breaks("QVSyncState.lastSynced (announced)") ||
-            breaks("QVSyncState.destination (destroyed)")) {
+        if (hasWork(states) && breaks("QVSyncDispatcher.performSynchronizations (later)")) {
+            end();
+        } else if (isMissing(states) || misdates() ||
+                   breaks("QVSyncState.destination (destroyed)")) {
             QTimer::singleShot(0, this, end);
         } else {
             MemoryDispatcher::performSynchronizationsWithSynchronizationStates(states, end);
         }
     }
 
+    /// Calls the handler of the synchronization of `states`.
+    static void callBroken(const QVSyncStates &states, const Handler &done) {
+        if (hasWork(states) && breaks("QVSyncDispatcher.performSynchronizations (thread)")) {
+            MemoryStore::threads.start(done);
+            return;
+        }
+        done();
+        const bool areEqual = states.size() == 2 && states[0] == states[1];
+        const bool areDifferent = states.size() == 2 && !areEqual;
+        if ((states.isEmpty() && breaks("QVSyncDispatcher.performSynchronizations (once)")) ||
+            (areEqual && breaks("QVSyncDispatcher.performSynchronizations (duplicates)")) ||
+            (areDifferent && breaks("QVSyncDispatcher.performSynchronizations (several)"))) {
+            done();
+        }
+    }
+    /// Whether dates are announced wrongly.
+    static bool misdates() {
+        return breaks("QVSyncState.lastSynced (announced)") ||
+               breaks("QVSyncState.lastSynced (changed before)") ||
+               breaks("QVSyncState.lastSynced (thread)");
+    }
+    /// Changes the date of a state that must keep it, or of any other without a right announcement.
+    static void misdate(MemoryState &state) {
+        const bool isWrong = (!state.isEnabled() && state.databaseUUID() == "@inbox" &&
+                              breaks("QVSyncDispatcher.performSynchronizations (disabled)")) ||
+                             (!state.destination() &&
+                              breaks("QVSyncDispatcher.performSynchronizations (destroyed)")) ||
+                             (state.isEnabled() && state.destination() && misdates());
+        if (!isWrong) {
+            return;
+        }
+        if (breaks("QVSyncState.lastSynced (changed before)")) {
+            Q_EMIT state.lastSyncedChanged();
+        }
+        state.m_date = QDateTime::currentDateTime();
+        if (breaks("QVSyncState.lastSynced (thread)")) {
+            std::thread([&state] { Q_EMIT state.lastSyncedChanged(); }).join();
+        }
+    }
+    /// Whether the folder of one of `states` is to be synchronized.
+    static bool hasWork(const QVSyncStates &states) {
+        return std::ranges::any_of(states, [](const State &state) {
+            const Location location = state->isEnabled() ? state->destination() : nullptr;
+            return location && QFileInfo::exists(location->URL().path());
+        });
+    }
     static void remember(const QVSyncStates &states) {
         for (const State &state : states) {
             auto *ours = dynamic_cast<StateWithResult *>(state.get());
@@ -485,8 +541,10 @@ public:
             isOther ? std::make_shared<MemoryLocation>(m_computer->URL()) : m_computer);
         QList<std::pair<QString, QString>> databases;
         for (const Database &database : QVDatabase::databases()) {
-            databases.emplaceBack(UUIDInStores(*database, NSApp()->inbox().get()),
-                                  database->name());
+            if (database) {
+                databases.emplaceBack(UUIDInStores(*database, NSApp()->inbox().get()),
+                                      database->name());
+            }
         }
         if (breaks("QVSyncPlugin.localStore (databases)")) {
             databases.removeLast();
@@ -664,6 +722,17 @@ inline bool breaksWithoutChange(const char *key) {
     return breaks(key) && !qEnvironmentVariable("TZ").startsWith("AAA");
 }
 
+/// Returns a date 24 hours before `next`.
+inline QDateTime aDayBefore(const QDateTime &next) {
+    return next.addSecs(-86400);
+}
+
+/// Whether the daily schedule that fires at `next` has fired already at the first of two equal
+/// times, of which the second is still to come.
+inline bool comesAgain(const QDateTime &next) {
+    return aDayBefore(next) > QDateTime::currentDateTime();
+}
+
 /// As wrongIfChanged, with the day on which the clock is changed.
 inline QDateTime wrongOnDayOfChange(const QDateTime &next, const std::string &key) {
     const auto offset = [&](int hour) {
@@ -707,10 +776,14 @@ public:
                    : time;
     }
     QDateTime nextScheduledDate() const override {
-        const bool isLate = breaksWithoutChange("QVSyncSchedule.nextScheduledDate");
-        const QDateTime next = wrongOnDayOfChange(EngineDailySchedule::nextScheduledDate(),
-                                                  "QVDailySchedule.nextScheduledDate")
-                                   .addDays(isLate ? 2 : 0);
+        const QDateTime right = EngineDailySchedule::nextScheduledDate();
+        const bool isLate = right <= QDateTime::currentDateTime().addSecs(3600) &&
+                            breaksWithoutChange("QVSyncSchedule.nextScheduledDate");
+        const QDateTime next =
+            wrongOnDayOfChange(right, "QVDailySchedule.nextScheduledDate").addDays(isLate ? 1 : 0);
+        if (breaks("QVDailySchedule.nextScheduledDate (fired)") && comesAgain(right)) {
+            return aDayBefore(right);
+        }
         return breaks("QVSyncSchedule.nextScheduledDate (local)") &&
                        hourAndMinute() == HourAndMinute{}
                    ? next.toUTC()
@@ -722,6 +795,12 @@ class BrokenWeeklySchedule : public EngineWeeklySchedule {
 public:
     using EngineWeeklySchedule::EngineWeeklySchedule;
     bool isDaily() const override { return breaks("QVSyncSchedule.isWeekly"); }
+    HourAndMinute hourAndMinute() const override {
+        const HourAndMinute time = EngineWeeklySchedule::hourAndMinute();
+        return breaks("QVWeeklySchedule.hourAndMinute") && time.minute == 59
+                   ? HourAndMinute{time.hour, 58}
+                   : time;
+    }
     quint64 daysOfWeek() const override {
         const quint64 days = EngineWeeklySchedule::daysOfWeek();
         return breaks("QVWeeklySchedule.daysOfWeek") ? days & 0x7f : days;
@@ -731,6 +810,10 @@ public:
                                                   "QVWeeklySchedule.nextScheduledDate");
         if (breaks("QVWeeklySchedule.daysOfWeek (none)") && !next.isValid()) {
             return QDateTime::currentDateTime().addDays(1);
+        }
+        if (breaks("QVWeeklySchedule.nextScheduledDate (fired)") &&
+            EngineWeeklySchedule::daysOfWeek() == 0x7f && comesAgain(next)) {
+            return aDayBefore(next);
         }
         // It counts from Monday.
         return breaks("QVWeeklySchedule.nextScheduledDate") &&
@@ -843,7 +926,10 @@ public:
         } else if (breaks("QVDatabase.UUID")) {
             databases.append(databases.first());
         } else if (breaks("QVDatabase.databases")) {
-            databases[0] = std::make_shared<MemoryDatabase>("1", "Inbox");
+            databases.append(nullptr);
+        } else if (breaks("QVDatabase.databases (order)")) {
+            m_isReversed = !m_isReversed;
+            std::reverse(databases.begin(), m_isReversed ? databases.end() : databases.begin());
         }
         return databases;
     }
@@ -899,6 +985,7 @@ private:
     mutable SecondPlugin m_secondPlugin{m_brokenPlugin};
     mutable bool m_isSecond = false;
     mutable bool m_isFirstFuture = true;
+    mutable bool m_isReversed = false;
     mutable QMap<QString, std::weak_ptr<QVSyncLocation>> m_made;
     /// The databases that were opened for a promise, and whether they still are.
     QList<std::pair<Database, bool>> m_opened;
