@@ -36,10 +36,10 @@ public:
     /// Returns the plug-in. Never null, and the same object in every call.
     static QVSyncPlugin *plugin();
     /// Returns the database with this UUID on this computer, open or closed, or nullptr if there is
-    /// none. If `lookingUpAllKnownDatabases` is true, a database that is known only from the
-    /// locations is returned too, with the name last known there. An empty or unknown UUID gives
-    /// nullptr. O(number of locations) at most. The static functions raise an AssertionFailure if
-    /// the host has no class "QVSyncPlugin".
+    /// none. If `lookingUpAllKnownDatabases` is true, for which the pane does not ask, a host may
+    /// also return one that is known only from the locations, with the name last known there. An
+    /// empty or unknown UUID gives nullptr. O(number of locations) at most. The static functions
+    /// raise an AssertionFailure if the host has no class "QVSyncPlugin".
     static std::shared_ptr<QVDatabase> databaseForUUID(const QString &UUID,
                                                        bool lookingUpAllKnownDatabases);
 
@@ -53,8 +53,8 @@ public:
     /// plug-in, the same in every call.
     virtual QVDirectConnectionServer *server() const = 0;
     /// Returns the store of the databases on this computer. Never null; shared ownership. Its
-    /// location contains every local database. It is the same object in every call, and not in the
-    /// list of locations.
+    /// location, which is all that the pane uses, is the same object in every call, and not in the
+    /// list of locations. A host may list no database in it; one that does lists every open one.
     virtual std::shared_ptr<QVSyncStore> localStore() const = 0;
 
     /// Returns whether the host can use a folder only after the user has granted access to it.

@@ -189,7 +189,7 @@ constexpr HostPromise Promises[] = {
      &serverIsOneObject},
     {"QVSyncPlugin.localStore", Plugin, "Never null; shared ownership.", &localStoreExists},
     {"QVSyncPlugin.localStore (location)", Plugin,
-     "It is the same object in every call, and not in the list of locations.",
+     "is the same object in every call, and not in the list of locations.",
      &localLocationIsOneObject},
     {"QVSyncPlugin.databaseForUUID", Plugin,
      "Returns the database with this UUID on this computer, open or closed, or nullptr if there is "
