@@ -505,7 +505,7 @@ void localDatabasesHaveTheirNames() {
     const QVRemoteDatabases stored = databasesIn(*store);
     requireOffer(!stored.isEmpty());
     const auto inbox = NSApp()->inbox();
-    for (const auto &database : QVDatabase::databases()) {
+    for (const auto &database : openDatabases()) {
         const QString UUID = UUIDInStores(*database, inbox.get());
         for (const auto &each : stored) {
             const auto *metadata = each && each->UUID() == UUID ? each->metadata() : nullptr;
