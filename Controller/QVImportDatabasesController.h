@@ -149,8 +149,8 @@ public Q_SLOTS:
     /// reads its databases. Returns at once; the result is announced as "databases" or
     /// "remoteError". The time depends on the location: there is no deadline other than those of
     /// its store. Databases that could be read are listed even if others could not, which is
-    /// announced as "partialError" and reported in the application's log. A fetch that is still running must be cancelled before,
-    /// as returnToLocationsView() does.
+    /// announced as "partialError" and reported in the application's log. A fetch that is still
+    /// running must be cancelled before, as returnToLocationsView() does.
     void fetchDatabasesForLocation(const std::shared_ptr<QVSyncLocation> &location);
     /// Slides back to the locations and cancels the fetch, without waiting for it. `sender` is not
     /// used, here and in cancelModalSheet().

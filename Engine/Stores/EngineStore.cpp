@@ -70,9 +70,12 @@ std::shared_ptr<PZFuture> EngineStore::closeWithCompletionHandler(ErrorHandler h
 std::shared_ptr<PZFuture> EngineStore::checkWithCompletionHandler(CheckHandler handler) {
     return m_operations->start(
         [store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
-            const QVSyncStoreCheck found = store->check(future);
+            QVSyncStoreCheck found = store->check(future);
             store->m_isOpen = false;
-            future.finish();
+            if (!future.finish() && !found.error) {
+                found = {};
+                found.error = operationCancelled();
+            }
             handler(found);
         });
 }

@@ -58,6 +58,27 @@ private:
     const std::future<void> m_mayOpen;
 };
 
+/// Checks an empty store, and cancels that before its operation number `cancelled`. Returns what
+/// was found, and the number of operations.
+std::pair<QVSyncStoreCheck, int> checkCancelledBefore(int cancelled) {
+    MemoryStore::Blobs blobs;
+    int operations = 0;
+    std::promise<std::shared_ptr<PZFuture>> started;
+    const auto future = started.get_future().share();
+    const auto store = std::make_shared<MemoryStore>(blobs, [&] {
+        if (operations++ == cancelled) {
+            future.get()->cancel();
+        }
+        return MemoryStore::Fault::None;
+    });
+    std::promise<QVSyncStoreCheck> promise;
+    started.set_value(store->checkWithCompletionHandler(
+        [&](const QVSyncStoreCheck &found) { promise.set_value(found); }));
+    const QVSyncStoreCheck found = promise.get_future().get();
+    // A thread that owns it last would leave its threads to the main thread's queue.
+    return {found, QTest::qWaitFor([&] { return store.use_count() == 1; }) ? operations : 0};
+}
+
 }  // namespace
 
 class EngineStoreTest : public QObject {
@@ -293,6 +314,15 @@ private Q_SLOTS:
         QVERIFY(!fetched(*store).databases);
         // A thread that owns it last would leave its threads to the main thread's queue.
         QTRY_COMPARE(store.use_count(), 1);
+    }
+
+    void aCheckThatIsCancelledAtItsEndFindsThatError() {
+        const auto [sound, operations] = checkCancelledBefore(-1);
+        QVERIFY(!sound.error);
+        const auto [cancelled, sameOperations] = checkCancelledBefore(operations - 1);
+        QCOMPARE(sameOperations, operations);
+        QVERIFY(cancelled.error);
+        QCOMPARE(cancelled.error->code, static_cast<int>(EngineErrorCode::Cancelled));
     }
 
     void cancellingAfterTheEndIsHarmless() {
