@@ -214,16 +214,14 @@ void NotesView::showNothing() {
 
 void NotesView::showChanges(const QSet<qint64> &positions) {
     m_changed.unite(positions);
-    Expected<void> read;
     if (positions.size() <= RowsReadFirst) {
-        // What the user has done is shown at once, even if many other rows remain to be read.
+        // What the user has done is shown at once, even if many other rows remain to be read. What
+        // fails is tried again by readRows(), which reports it.
         for (const qint64 position : positions) {
-            read = read.and_then([&] { return readAgain(position); });
+            static_cast<void>(readAgain(position));
         }
     }
-    if (presentIfFailed(read)) {
-        readRows();
-    }
+    readRows();
 }
 
 void NotesView::readRows() {

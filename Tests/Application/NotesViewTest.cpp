@@ -499,6 +499,28 @@ private Q_SLOTS:
         QTRY_COMPARE(shownTitles(), titles());
     }
 
+    void aChangedRowThatCannotBeReadSaysSo() {
+        auto *notice = m_view->findChild<QLabel *>(QStringLiteral("unreadNotes"));
+        auto *tryAgain = m_view->findChild<QPushButton *>(QStringLiteral("tryAgain"));
+        Note changed = m_first;
+        changed.title = QStringLiteral("Changed");
+        {
+            const QSignalBlocker pause(m_database.get());
+            QVERIFY(m_database->saveNote(changed));
+        }
+        const qint64 position = m_database->rows(0, 1).value().first().position;
+        {
+            const FailingTable fault(m_host->engine().profile(), QStringLiteral("operations"),
+                                     FailingTable::Fault::AllRows);
+            Q_EMIT m_database->notesChanged({position});
+            QCOMPARE(m_host->application().presentedErrors().size(), 1);
+            QVERIFY(!notice->isHidden() && !tryAgain->isHidden());
+        }
+        tryAgain->click();
+        QVERIFY(notice->isHidden() && tryAgain->isHidden());
+        QCOMPARE(shownTitles(), QStringList{changed.title});
+    }
+
     void aNoteThatWasNotReadYetCanBeSelected() {
         receiveNotes(1700);
         const Note last = m_database->notes().value().last();
