@@ -201,7 +201,7 @@ private Q_SLOTS:
         Contents before;
         Contents after;
         const qint64 calls = countCalls(told, fault, &before, &after);
-        forCalls(calls, 3,
+        forCalls(calls, 2,
                  [&](qint64 call) { verifyFailure(told, fault, call, duration, before, after); });
     }
 
@@ -223,7 +223,7 @@ private Q_SLOTS:
         Contents after;
         const qint64 flushes = countCalls(told, Fault::Flush, &before, &after);
         // Also if all is flushed.
-        forCalls(flushes + 1, 3,
+        forCalls(flushes + 1, 2,
                  [&](qint64 flush) { verifyPowerFailure(told, flush, duration, before, after); });
     }
 
@@ -263,7 +263,7 @@ private Q_SLOTS:
         };
         qint64 calls = 0;
         QVERIFY(open(std::numeric_limits<qint64>::max(), newFolder(), &calls));
-        forCalls(calls, 5, [&](qint64 call) {
+        forCalls(calls, 2, [&](qint64 call) {
             const QString profile = newFolder();
             qint64 count = 0;
             const Expected<void> opened = open(call, profile, &count);
