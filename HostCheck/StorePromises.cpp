@@ -1,5 +1,6 @@
 #include "HostCheck/StorePromises.h"
 
+#include <atomic>
 #include <mutex>
 
 #include "Host/InboxUUID.h"
@@ -128,21 +129,29 @@ void handlersStartOperations() {
     Done opened;
     Done fetched;
     Done closed;
-    auto didFetch = [store = made.store, handler = fetched.function(), close = closed.function()](
-                        const auto & /*databases*/, const auto &error) {
-        store->closeWithCompletionHandler(close);
+    // Whether a handler is called once is another promise.
+    const auto wasFetched = std::make_shared<std::atomic<bool>>(false);
+    const auto wasClosed = std::make_shared<std::atomic<bool>>(false);
+    auto didFetch = [store = made.store, wasClosed, handler = fetched.function(),
+                     close = closed.function()](const auto & /*databases*/, const auto &error) {
+        if (!wasClosed->exchange(true)) {
+            store->closeWithCompletionHandler(close);
+        }
         handler(error);
     };
-    made.store->openWithCompletionHandler([store = made.store, handler = opened.function(),
+    made.store->openWithCompletionHandler([store = made.store, wasFetched,
+                                           handler = opened.function(),
                                            didFetch = std::move(didFetch)](const auto &error) {
-        store->fetchDatabasesWithCompletionHandler(didFetch);
+        if (!wasFetched->exchange(true)) {
+            store->fetchDatabasesWithCompletionHandler(didFetch);
+        }
         handler(error);
     });
-    opened.requireOneCall();
+    opened.requireCall();
     requireOffer(!failed(opened));
-    fetched.requireOneCall();
+    fetched.requireCall();
     require(!failed(fetched), "a store cannot be read within the handler that opens it");
-    closed.requireOneCall();
+    closed.requireCall();
     require(!failed(closed), "a store cannot be closed within the handler that reads it");
 }
 

@@ -176,8 +176,9 @@ public:
         if (breaks(midway) && *m_isOpen && m_location->URL().scheme() == "http") {
             return askServer(handler, midway);
         }
-        const bool isRefused =
-            m_wasFetched && breaks("QVSyncStore.closeWithCompletionHandler (midway)");
+        // Within a handler, no operation runs any more.
+        const bool isRefused = m_wasFetched && !threads.contains(QThread::currentThread()) &&
+                               breaks("QVSyncStore.closeWithCompletionHandler (midway)");
         const auto work = [=](std::atomic<bool> &isOpen) {
             const bool wasOpen = isOpen;
             isOpen = staysOpen && wasOpen;
@@ -298,12 +299,12 @@ private:
         });
         return future;
     }
-    /// Returns `handler` as an operation calls it that breaks "KEY (once)" or "KEY (thread)", or
-    /// the same of all operations that fail.
+    /// Returns `handler` as an operation calls it that breaks "KEY (once)" or "KEY (thread)" if it
+    /// succeeds, and the same of all operations if it fails.
     static ErrorHandler called(const std::string &key, const ErrorHandler &handler) {
         const auto isWrong = [key](const std::string &how, const std::optional<Error> &error) {
-            return breaks((key + " (" + how + ")").c_str()) ||
-                   (error && breaks(("QVSyncStore (failed, " + how + ")").c_str()));
+            return error ? breaks(("QVSyncStore (failed, " + how + ")").c_str())
+                         : breaks((key + " (" + how + ")").c_str());
         };
         return [handler, isWrong](const std::optional<Error> &error) {
             if (isWrong("thread", error)) {
