@@ -10,7 +10,7 @@
 #include "HostCheck/BrokenPromise.h"
 #include "Platform/Network/NetService.h"
 
-/// A server that accepts connections and answers nothing.
+/// A server that accepts connections and sends no response.
 class BrokenServer : public QVDirectConnectionServer {
 public:
     class Class : public QVDirectConnectionServer::Class {
@@ -87,7 +87,7 @@ private:
         bool m_isServed = true;
     };
 
-    /// Tells nobody that the port is occupied if `isSilent`.
+    /// Does not report that the port is occupied if `isSilent`.
     void start(bool isSilent) {
         auto listener = std::make_unique<QTcpServer>();
         if (listener->listen(QHostAddress::Any, m_port)) {
