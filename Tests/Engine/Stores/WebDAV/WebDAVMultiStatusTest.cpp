@@ -1,5 +1,7 @@
 #include "Engine/Stores/WebDAV/WebDAVMultiStatus.h"
 
+#include <ctime>
+
 #include "Engine/Foundation/EngineFuture.h"
 #include "Support/TestMain.h"
 
@@ -94,10 +96,9 @@ private Q_SLOTS:
 
     void anExpensiveListingIsRefusedQuickly() {
         QFETCH(QByteArray, document);
-        QElapsedTimer timer;
-        timer.start();
+        const auto before = std::clock();
         QVERIFY(!WebDAVMultiStatus::parse(document, m_future));
-        QVERIFY2(timer.elapsed() < 15'000, qPrintable(QString::number(timer.elapsed())));
+        QCOMPARE_LT((std::clock() - before) / CLOCKS_PER_SEC, 15);
     }
 
     void namespacesOfElementsOneAfterTheOtherAreRead() {
