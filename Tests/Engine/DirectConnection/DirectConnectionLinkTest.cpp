@@ -1,6 +1,7 @@
 #include "Engine/DirectConnection/DirectConnectionLink.h"
 
 #include <fcntl.h>
+#include <openssl/err.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -102,6 +103,18 @@ private Q_SLOTS:
         QCOMPARE(answer->contents, QByteArray(10000, 'x'));
         QCOMPARE(answer->values, DirectConnectionMessage::ofType(DirectConnectionMessage::Done));
         link.disconnect();
+    }
+
+    void anOldErrorOfTheThreadDoesNotEndTheConnection() {
+        DirectConnectionLink link;
+        connectTo(Quick, link);
+        ERR_raise(ERR_LIB_USER, 1);
+        QVERIFY(link.isConnected());
+        ERR_raise(ERR_LIB_USER, 1);
+        const auto answer = link.exchange(listRequest(), DirectConnectionMessage::Limit,
+                                          {std::chrono::minutes(1)}, m_future);
+        QCOMPARE(description(answer), QString());
+        ERR_clear_error();
     }
 
     void aRequestIsWipedBeforeItsResponseArrives() {
