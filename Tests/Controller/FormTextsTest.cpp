@@ -7,6 +7,7 @@
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/Nib.h"
 #include "Support/Languages.h"
+#include "Support/SheetForms.h"
 #include "Support/ShownTexts.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -18,14 +19,9 @@ class FormTextsTest : public QObject {
     const QFont m_font = QApplication::font();
 
     static QStringList forms() {
-        return {QStringLiteral("Sync Preferences"),
-                QStringLiteral("QVSyncScheduleEditor"),
-                QStringLiteral("QVBookmarkingWindow"),
-                QStringLiteral("QVDirectConnectionLocationEditor"),
-                QStringLiteral("QVDropboxLocationEditor"),
-                QStringLiteral("QVFolderLocationEditor"),
-                QStringLiteral("QVServerPreferences"),
-                QStringLiteral("QVWebDAVLocationEditor")};
+        return QStringList{QStringLiteral("Sync Preferences"),
+                           QStringLiteral("QVSyncScheduleEditor")} +
+               SheetForms::names();
     }
 
 private Q_SLOTS:

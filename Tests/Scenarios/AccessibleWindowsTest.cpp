@@ -7,6 +7,7 @@
 #include "Scenarios/EveryWindow.h"
 #include "Support/AccessibleTree.h"
 #include "Support/Languages.h"
+#include "Support/SheetForms.h"
 #include "Support/ShownContrast.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -37,15 +38,6 @@ class AccessibleWindowsTest : public QObject {
 
     static VelmoraApplication &application() { return *static_cast<VelmoraApplication *>(qApp); }
 
-    static QStringList sheets() {
-        return {QStringLiteral("QVBookmarkingWindow"),
-                QStringLiteral("QVDirectConnectionLocationEditor"),
-                QStringLiteral("QVDropboxLocationEditor"),
-                QStringLiteral("QVFolderLocationEditor"),
-                QStringLiteral("QVServerPreferences"),
-                QStringLiteral("QVWebDAVLocationEditor")};
-    }
-
     static void addWindows(const QList<QLocale> &locales) {
         QTest::addColumn<EveryWindow::MakeWindow>("makeWindow");
         QTest::addColumn<QString>("sheet");
@@ -56,7 +48,7 @@ class AccessibleWindowsTest : public QObject {
                 QTest::addRow("%s, %s", window, name.constData())
                     << makeWindow << QString() << locale;
             }
-            for (const QString &sheet : sheets()) {
+            for (const QString &sheet : SheetForms::names()) {
                 QTest::addRow("%s, %s", qPrintable(sheet), name.constData())
                     << EveryWindow::MakeWindow(nullptr) << sheet << locale;
             }

@@ -5,6 +5,7 @@
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Platform/Interface/Nib.h"
 #include "Scenarios/EveryWindow.h"
+#include "Support/SheetForms.h"
 #include "Support/ShownTexts.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -79,15 +80,6 @@ QString cutOffIn(const QWidget &window) {
 class RightToLeftTest : public QObject {
     Q_OBJECT
 
-    static QStringList sheets() {
-        return {QStringLiteral("QVBookmarkingWindow"),
-                QStringLiteral("QVDirectConnectionLocationEditor"),
-                QStringLiteral("QVDropboxLocationEditor"),
-                QStringLiteral("QVFolderLocationEditor"),
-                QStringLiteral("QVServerPreferences"),
-                QStringLiteral("QVWebDAVLocationEditor")};
-    }
-
     /// Makes and shows the window of the present row.
     static std::unique_ptr<QWidget> show(TestHost &host, EventLog &log) {
         QFETCH(const EveryWindow::MakeWindow, makeWindow);
@@ -108,7 +100,7 @@ private Q_SLOTS:
         for (const auto &[name, makeWindow] : EveryWindow::all()) {
             QTest::newRow(name) << makeWindow << QString();
         }
-        for (const QString &sheet : sheets()) {
+        for (const QString &sheet : SheetForms::names()) {
             QTest::newRow(qPrintable(sheet)) << EveryWindow::MakeWindow(nullptr) << sheet;
         }
     }
