@@ -26,9 +26,9 @@
 #include "Application/TemporaryFiles.h"
 #include "Application/VelmoraApplication.h"
 #include "Application/VerificationOutput.h"
+#include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/Retries.h"
-#include "Platform/Foundation/SyncLog.h"
 #include "Platform/Foundation/TerminalText.h"
 #include "Platform/Foundation/UserLanguage.h"
 

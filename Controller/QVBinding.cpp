@@ -1,6 +1,6 @@
 #include "Controller/QVBinding.h"
 
-#include "Platform/Foundation/SyncLog.h"
+#include "Host/SyncLog.h"
 
 std::shared_ptr<QVBinding> QVBinding::bindingWithObject(const BoundObject &object,
                                                         const QByteArray &key,

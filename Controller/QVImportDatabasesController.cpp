@@ -10,10 +10,10 @@
 #include "Host/QVJobLog.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
+#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/MainQueue.h"
-#include "Platform/Foundation/SyncLog.h"
 
 namespace {
 

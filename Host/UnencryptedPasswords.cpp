@@ -1,15 +1,15 @@
 #include "Host/UnencryptedPasswords.h"
 
+#include "Host/LocationSchemes.h"
 #include "Platform/Foundation/Url.h"
 #include "Platform/Foundation/UserDefaults.h"
 
 namespace {
 
 QString keyOf(const Url &URL) {
-    constexpr quint16 defaultPort = 80;
     return QStringLiteral("QVUnencryptedPasswordAccepted %1:%2")
         .arg(URL.host().toLower())
-        .arg(URL.port().value_or(defaultPort));
+        .arg(URL.port().value_or(LocationSchemes::HttpPort));
 }
 
 }  // namespace

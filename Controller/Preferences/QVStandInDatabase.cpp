@@ -6,9 +6,9 @@
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncStore.h"
+#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/NotificationCenter.h"
-#include "Platform/Foundation/SyncLog.h"
 
 namespace {
 /// Returns the later date; an invalid date is earlier than any other.

@@ -1,9 +1,9 @@
 #include "Controller/Preferences/QVSyncBookmarkManager.h"
 
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
+#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
-#include "Platform/Foundation/SyncLog.h"
 #include "Platform/Interface/OpenPanel.h"
 
 QVSyncBookmarkManager::QVSyncBookmarkManager()

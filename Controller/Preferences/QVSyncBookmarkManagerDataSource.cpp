@@ -4,9 +4,9 @@
 #include <QtWidgets/QLabel>
 
 #include "Host/QVSyncPlugin.h"
+#include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/PathComponents.h"
-#include "Platform/Foundation/SyncLog.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/RequiredChild.h"
 #include "Platform/Interface/TableView.h"

@@ -12,9 +12,9 @@
 #include "Host/QVApplication.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncResult.h"
+#include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/MainQueue.h"
-#include "Platform/Foundation/SyncLog.h"
 #include "Platform/Interface/SheetWindow.h"
 
 namespace {

@@ -13,10 +13,10 @@
 #include "Host/QVApplication.h"
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncLocationsController.h"
+#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/NotificationCenter.h"
-#include "Platform/Foundation/SyncLog.h"
 #include "Platform/Interface/Workspace.h"
 #include "Platform/KeyValue/Binding.h"
 

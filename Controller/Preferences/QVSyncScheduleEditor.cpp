@@ -2,8 +2,8 @@
 
 #include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
 #include "Host/Notifications.h"
+#include "Host/SyncLog.h"
 #include "Platform/Foundation/NotificationCenter.h"
-#include "Platform/Foundation/SyncLog.h"
 
 namespace {
 
@@ -65,10 +65,10 @@ void QVSyncScheduleEditor::setSchedule(const QVSyncSchedulePtr &schedule) {
     if (const auto row = database()) {
         row->setSchedule(schedule);
     }
-    tellDelegate(schedule);
+    notifyDelegate(schedule);
 }
 
-void QVSyncScheduleEditor::tellDelegate(const QVSyncSchedulePtr &schedule) {
+void QVSyncScheduleEditor::notifyDelegate(const QVSyncSchedulePtr &schedule) {
     if (m_delegate) {
         m_delegate->editorDidChangeSchedule(this, schedule);
     }
@@ -109,7 +109,7 @@ void QVSyncScheduleEditor::setHourly(bool hourly) {
     syncLog().verbose(QStringLiteral("1Setting hourly with hourlyOffset: %1")
                           .arg(static_cast<quint32>(hourlyOffset())));
     setSchedule(hourlyScheduleAt(hourlyOffset()));
-    tellDelegate(schedule());
+    notifyDelegate(schedule());
 }
 
 bool QVSyncScheduleEditor::isDaily() const {
@@ -148,7 +148,7 @@ void QVSyncScheduleEditor::setHourlyOffset(qint32 offset) {
     syncLog().verbose(
         QStringLiteral("2Setting hourly with hourlyOffset: %1").arg(static_cast<quint32>(offset)));
     setSchedule(hourlyScheduleAt(offset));
-    tellDelegate(schedule());
+    notifyDelegate(schedule());
 }
 
 QDateTime QVSyncScheduleEditor::dailyDate() const {
@@ -161,7 +161,7 @@ void QVSyncScheduleEditor::setDailyDate(const QDateTime &date) {
         return;
     }
     setSchedule(dailyScheduleAt(hourAndMinuteOf(date)));
-    tellDelegate(schedule());
+    notifyDelegate(schedule());
 }
 
 QDateTime QVSyncScheduleEditor::weeklyDate() const {
@@ -175,7 +175,7 @@ void QVSyncScheduleEditor::setWeeklyDate(const QDateTime &date) {
         return;
     }
     setSchedule(weeklyScheduleAt(hourAndMinuteOf(date), weekly->daysOfWeek()));
-    tellDelegate(schedule());
+    notifyDelegate(schedule());
 }
 
 quint64 QVSyncScheduleEditor::weeklyDays() const {
@@ -189,7 +189,7 @@ void QVSyncScheduleEditor::setWeeklyDays(quint64 days) {
         return;
     }
     setSchedule(weeklyScheduleAt(weekly->hourAndMinute(), days));
-    tellDelegate(schedule());
+    notifyDelegate(schedule());
 }
 
 bool QVSyncScheduleEditor::syncOnOpen() const {

@@ -6,10 +6,10 @@
 
 #include "Controller/Preferences/LocationKind.h"
 #include "Host/QVSyncPlugin.h"
+#include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/DispatchGroup.h"
-#include "Platform/Foundation/SyncLog.h"
 #include "Platform/KeyValue/Binding.h"
 
 std::shared_ptr<QVSynchronizationSelection> QVSynchronizationSelection::selectionWithDatabase(

@@ -75,7 +75,7 @@ QString withoutUser(const Url &URL) {
 }  // namespace
 
 quint16 WebDAVAddress::defaultPort(bool isHTTPS) {
-    return isHTTPS ? 443 : 80;
+    return isHTTPS ? LocationSchemes::HttpsPort : LocationSchemes::HttpPort;
 }
 
 QString WebDAVAddress::sanitizedHost(const QString &host) {

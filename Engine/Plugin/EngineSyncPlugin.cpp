@@ -11,7 +11,7 @@
 #include "Engine/Stores/Folder/MountedVolumes.h"
 #include "Engine/Stores/Http/HttpSessions.h"
 #include "Host/QVApplication.h"
-#include "Platform/Foundation/SyncLog.h"
+#include "Host/SyncLog.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/WorkerThreads.h"
 #include "Engine/Profile/ProfileRecovery.h"
-#include "Platform/Foundation/SyncLog.h"
+#include "Host/SyncLog.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <QtCore/QStringList>
 #include <QtCore/QtGlobal>
 
-#include "Platform/Foundation/SyncLog.h"
+#include "Host/SyncLog.h"
 
 /// Catches the diagnostic messages of one category that are logged while it exists, and drops all
 /// others, in place of Qt's output. There is one at a time.

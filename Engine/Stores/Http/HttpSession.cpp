@@ -98,7 +98,8 @@ QByteArray HttpSession::targetOf(const QUrl &URL) {
 
 bool HttpSession::areOfOneServer(const QUrl &one, const QUrl &other) {
     const auto port = [](const QUrl &URL) {
-        return URL.port(URL.scheme() == LocationSchemes::Https ? 443 : 80);
+        return URL.port(URL.scheme() == LocationSchemes::Https ? LocationSchemes::HttpsPort
+                                                               : LocationSchemes::HttpPort);
     };
     return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
 }
