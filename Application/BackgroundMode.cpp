@@ -180,7 +180,7 @@ void BackgroundMode::notifyOfConflicts() {
         return;
     }
     if (m_conflicts && *conflicts > *m_conflicts) {
-        notify(tr("A note was edited in two places"),
+        notify(tr("A note was edited on two computers"),
                tr("Velmora has kept both edits. Open the note to choose one."));
     }
     m_conflicts = *conflicts;

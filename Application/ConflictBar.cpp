@@ -33,7 +33,7 @@ ConflictBar::ConflictBar(QWidget *parent) : QWidget(parent), m_label(PlainText::
 void ConflictBar::setCount(qsizetype count) {
     m_label->setText(
         count == 2
-            ? tr("This note was edited in two places.")
+            ? tr("This note was edited on two computers.")
             : translateCount("ConflictBar", "This note was edited in %1 places.", nullptr, count)
                   .arg(count));
 }

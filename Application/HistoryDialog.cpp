@@ -101,7 +101,8 @@ QWidget *HistoryDialog::makeLimits() {
     };
     connect(m_days, &QSpinBox::valueChanged, this, showUnit);
     showUnit(m_days->value());
-    m_days->setAccessibleName(tr("Days that deleted notes and earlier versions are kept"));
+    m_days->setAccessibleName(
+        tr("Number of days for which deleted notes and earlier versions are kept"));
     m_megabytes->setRange(1, MostMegabytes);
     m_megabytes->setSuffix(tr(" MB"));
     m_megabytes->setAccessibleName(tr("Space for deleted notes and earlier versions"));

@@ -165,8 +165,8 @@ void CommandLine::describeCommands() {
     parser.addPositionalArgument(
         QStringLiteral("sync"),
         tr("Synchronize these databases, or all, with their locations. Like the next two, this "
-           "asks "
-           "Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if "
+           "is done by Velmora if it is running. Exits with 0 if all is well, 1 if something "
+           "failed, or 2 if "
            "the command could not be carried out."),
         QStringLiteral("| sync [DATABASE…]"));
     parser.addPositionalArgument(

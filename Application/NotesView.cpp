@@ -500,7 +500,7 @@ Expected<void> NotesView::save() {
     setEdited(!saved);
     if (saved) {
         removeKept(note);
-        m_hasToldFailure = false;
+        m_hasReportedFailure = false;
         setNotice({});
         showSaved(note);
     } else {
@@ -608,7 +608,7 @@ void NotesView::keepBothEdits(const Note &one, const Note &other) {
 bool NotesView::commit() {
     const Expected<void> saved = save();
     // Notify the user once, not after each pause.
-    if (!saved && !std::exchange(m_hasToldFailure, true)) {
+    if (!saved && !std::exchange(m_hasReportedFailure, true)) {
         NSApp()->presentError(saved.error());
     }
     return saved.has_value();
@@ -631,7 +631,7 @@ bool NotesView::leave() {
 
 void NotesView::discard() {
     setEdited(false);
-    m_hasToldFailure = false;
+    m_hasReportedFailure = false;
     removeKept(m_note);
     setNotice({});
     showContents();

@@ -168,7 +168,7 @@ private:
     /// Whether the editor differs from `m_note`.
     bool m_isEdited = false;
     /// Whether the user was notified of the current failure.
-    bool m_hasToldFailure = false;
+    bool m_hasReportedFailure = false;
     /// Whether the user was notified of a kept text that cannot be removed.
     bool m_hasToldRemaining = false;
     /// Saves when the user stops typing.

@@ -119,7 +119,7 @@ QString SynchronizationSummary::stateText() const {
         return summaryText("There are changes that are not synchronized yet");
     }
     const Item &item = late.first();
-    return (item.isNew ? summaryText("“%1” was not synchronized with “%2” yet")
+    return (item.isNew ? summaryText("“%1” has not been synchronized with “%2” yet")
                        : summaryText("“%1” has changes that are not synchronized with “%2” yet"))
         .arg(item.database, item.location);
 }

@@ -19,7 +19,7 @@ namespace Checking {
 struct Broken {
     const char *reason;
 };
-/// Thrown if the host does not offer that of which the promise speaks.
+/// Thrown if the host does not offer what the promise is about.
 struct NotOffered {};
 
 /// Throws Broken with `reason`, which must be a constant, unless `isTrue`.

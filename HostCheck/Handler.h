@@ -25,7 +25,7 @@ class Handler {
         std::mutex mutex;
         std::optional<std::tuple<Values...>> values;
     };
-    /// Wakes who waits for the end of the handler.
+    /// Wakes the thread that waits for the end of the handler.
     struct Token {
         Token() = default;
         ~Token() { Checking::wakeUp(); }

@@ -178,7 +178,7 @@ Q_SIGNALS:
 
 private:
     /// Calls the delegate, if there is one.
-    void tellDelegate(const QVSyncSchedulePtr &schedule);
+    void notifyDelegate(const QVSyncSchedulePtr &schedule);
     /// Returns the time of day in local time.
     HourAndMinute hourAndMinuteOf(const QDateTime &date) const;
     /// Returns a date with this time of day, on a day without a change of clocks.

@@ -92,11 +92,11 @@ Expected<QByteArray> contentsOf(const QString &path) {
         contents = file.readAll();
     }
     if (file.error() != QFile::NoError) {
-        return failure(
-            engineError(EngineErrorCode::ServerUnusable,
-                        localizedSyncString("The certificate “%1” of this computer cannot be read: "
-                                            "%2")
-                            .arg(path, file.errorString())));
+        return failure(engineError(
+            EngineErrorCode::ServerUnusable,
+            localizedSyncString("The certificate “%1” of this computer cannot be read: %2. "
+                                "Check its permissions, then turn the server on again.")
+                .arg(path, file.errorString())));
     }
     return contents;
 }

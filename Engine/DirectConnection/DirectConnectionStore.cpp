@@ -306,5 +306,6 @@ Error DirectConnectionStore::refusal(const QCborMap &answer, const QString &name
     }
     const bool isFull = reason == StoreFull;
     return engineError(isFull ? EngineErrorCode::StoreFull : EngineErrorCode::StoreUnreachable,
-                       "“%1” cannot read or write its sync store. Check its disk.", URL().host());
+                       "The computer “%1” cannot read or write its sync store. Check its disk.",
+                       URL().host());
 }

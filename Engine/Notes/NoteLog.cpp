@@ -631,7 +631,7 @@ Expected<QList<NoteLog::Row>> NoteLog::rowsOf(const QList<Operation> &operations
 Expected<QString> NoteLog::freeUUIDOfCopy(const Operation &copy, const QSet<QString> &taken) const {
     QString UUID = copy.UUIDOfCopy();
     for (;;) {
-        // A note has this UUID already only if somebody created it on purpose.
+        // A note has this UUID already only if it was created on purpose.
         const Expected<bool> isNote = hasNote(UUID);
         if (!isNote) {
             return failure(isNote.error());

@@ -175,7 +175,8 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
             engineError(EngineErrorCode::ProfileUnusable,
                         FullDisk::isCauseOf(error, path())
                             ? FullDisk::message(path())
-                            : localizedSyncString("The profile “%1” cannot be opened: %2")
+                            : localizedSyncString("The profile “%1” cannot be opened: %2. Check "
+                                                  "its disk and its permissions, then try again.")
                                   .arg(path(), error.databaseText())));
     }
     if (Expected<void> set = executeAll(connectionSettings()); !set) {
@@ -388,6 +389,7 @@ Error ProfileDatabase::queryError(const QSqlQuery &query) const {
         localizedSyncString(
             isDamage ? "The profile “%1” is damaged (%2). Quit Velmora and start it "
                        "again: it then repairs the profile or offers to restore a backup."
-                     : "The profile “%1” cannot be read or written: %2")
+                     : "The profile “%1” cannot be read or written: %2. Check its disk and its "
+                       "permissions, then try again.")
             .arg(path(), error.databaseText()));
 }

@@ -19,9 +19,11 @@ Path pathOf(const QString &name) {
 }
 
 tl::unexpected<Error> unreadable(const QString &directory, const std::error_code &error) {
-    return failure(engineError(EngineErrorCode::ProfileUnusable,
-                               localizedSyncString("The profile folder “%1” cannot be read: %2")
-                                   .arg(directory, QString::fromStdString(error.message()))));
+    return failure(
+        engineError(EngineErrorCode::ProfileUnusable,
+                    localizedSyncString("The profile folder “%1” cannot be read: %2. Check its "
+                                        "disk and its permissions, then try again.")
+                        .arg(directory, QString::fromStdString(error.message()))));
 }
 
 /// Returns what the folder contains, or what its folders contain too. std::filesystem reports

@@ -36,7 +36,8 @@ Error openError(const QString &path, int number) {
         return engineError(EngineErrorCode::ProfileUnusable, FullDisk::message(folder));
     }
     return engineError(EngineErrorCode::ProfileUnusable,
-                       localizedSyncString("The profile folder “%1” cannot be locked: %2")
+                       localizedSyncString("The profile folder “%1” cannot be locked: %2. Check "
+                                           "its disk and its permissions, then try again.")
                            .arg(folder, QString::fromLocal8Bit(std::strerror(number))));
 }
 

@@ -54,6 +54,7 @@ Expected<void> ProfilePermissions::createFile(const QString &path) {
         return {};
     }
     return failure(engineError(EngineErrorCode::ProfileUnusable,
-                               localizedSyncString("The profile “%1” cannot be opened: %2")
+                               localizedSyncString("The profile “%1” cannot be opened: %2. Check "
+                                                   "its disk and its permissions, then try again.")
                                    .arg(path, QString::fromLocal8Bit(std::strerror(errno)))));
 }

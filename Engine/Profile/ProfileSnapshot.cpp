@@ -52,9 +52,11 @@ Expected<bool> copy(const QString &path, const QString &target, bool isLocked) {
         return failure(sound.error());
     }
     if (const auto copied = (*database)->copyTo(target + DatabaseFile); !copied) {
-        return failure(engineError(EngineErrorCode::ProfileUnusable,
-                                   localizedSyncString("The profile “%1” cannot be copied: %2")
-                                       .arg(path, copied.error().databaseText())));
+        return failure(engineError(
+            EngineErrorCode::ProfileUnusable,
+            localizedSyncString(
+                "The profile “%1” cannot be copied: %2. Check the disk, then try again.")
+                .arg(path, copied.error().databaseText())));
     }
     return true;
 }

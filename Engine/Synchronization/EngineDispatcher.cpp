@@ -225,8 +225,8 @@ void EngineDispatcher::enqueue(SyncJob::Kind kind, const std::shared_ptr<QVSyncS
     const auto database = m_library.synchronizedDatabase(state->databaseUUID());
     if (!database && kind == SyncJob::Kind::CleanUp) {
         QVJobLog::logMessage(
-            localizedSyncString(
-                "“%1” could not be cleaned up because the database is not on this computer.")
+            localizedSyncString("“%1” could not be cleaned up because the database is not on this "
+                                "computer. Import the database, then try again.")
                 .arg(state->databaseName()));
         postHandler([handler] { handler({}); });
         return;

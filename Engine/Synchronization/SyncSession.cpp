@@ -586,7 +586,7 @@ Expected<void> SyncSession::reportLost() {
                                 "the profile.")
                 .arg(m_stillLost.size())));
     }
-    // One who asks for a repair has been told that nothing is left to try.
+    // A repair has reported that nothing is left to try.
     return profile().write(
         [this] { return lost().remember(m_verifiesAll ? QSet<OperationId>() : m_stillLost); });
 }

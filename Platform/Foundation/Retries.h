@@ -4,8 +4,8 @@
 #include <QtCore/QThread>
 #include <chrono>
 
-/// Paces attempts at what another process prevents for a moment, for example because it holds the
-/// lock of a file: the kernel does not announce that a lock was released.
+/// The times at which to try again what another process prevents for a moment, for example because
+/// it holds the lock of a file: the kernel does not announce that a lock was released.
 class Retries {
 public:
     /// The time between two attempts.

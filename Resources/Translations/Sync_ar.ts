@@ -398,12 +398,12 @@
         <translation>يستخدم Velmora آخر ملف التعريف «⁨%1⁩». أنهِه وأعد المحاولة.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be locked: %2</source>
-        <translation>يتعذر قفل مجلد ملف التعريف «⁨%1⁩»: ⁨%2⁩</translation>
+        <source>The profile folder “%1” cannot be locked: %2. Check its disk and its permissions, then try again.</source>
+        <translation>يتعذر قفل مجلد ملف التعريف «⁨%1⁩»: ⁨%2⁩. تحقق من القرص والأذونات، ثم أعد المحاولة.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be copied: %2</source>
-        <translation>يتعذر نسخ ملف التعريف «⁨%1⁩»: ⁨%2⁩</translation>
+        <source>The profile “%1” cannot be copied: %2. Check the disk, then try again.</source>
+        <translation>يتعذر نسخ ملف التعريف «⁨%1⁩»: ⁨%2⁩. تحقق من القرص، ثم أعد المحاولة.</translation>
     </message>
     <message>
         <source>You do not have permission to read the profile “%1”. Change its permissions or use another profile.</source>
@@ -442,12 +442,12 @@
         <translation>قد يتمكن مستخدمون آخرون لهذا الحاسوب من قراءة ملف التعريف «⁨%1⁩»، لأنه يتعذر تغيير أذوناته. انقله إلى مجلد خاص بك.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be opened: %2</source>
-        <translation>يتعذر فتح ملف التعريف «⁨%1⁩»: ⁨%2⁩</translation>
+        <source>The profile “%1” cannot be opened: %2. Check its disk and its permissions, then try again.</source>
+        <translation>يتعذر فتح ملف التعريف «⁨%1⁩»: ⁨%2⁩. تحقق من القرص والأذونات، ثم أعد المحاولة.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be read or written: %2</source>
-        <translation>تتعذر قراءة ملف التعريف «⁨%1⁩» أو الكتابة فيه: ⁨%2⁩</translation>
+        <source>The profile “%1” cannot be read or written: %2. Check its disk and its permissions, then try again.</source>
+        <translation>تتعذر قراءة ملف التعريف «⁨%1⁩» أو الكتابة فيه: ⁨%2⁩. تحقق من القرص والأذونات، ثم أعد المحاولة.</translation>
     </message>
     <message>
         <source>The profile “%1” has no inbox. Restore it from a backup or use another profile.</source>
@@ -650,8 +650,8 @@
         <translation>ليس لديك إذن باستخدام «⁨%1⁩». غيِّر أذوناته أو اختر مخزن مزامنة آخر.</translation>
     </message>
     <message>
-        <source>“%1” cannot be read or written: %2.</source>
-        <translation>تتعذر قراءة «⁨%1⁩» أو الكتابة فيه: ⁨%2⁩.</translation>
+        <source>“%1” cannot be read or written: %2. Check its disk and its permissions, then try again.</source>
+        <translation>تتعذر قراءة «⁨%1⁩» أو الكتابة فيه: ⁨%2⁩. تحقق من القرص والأذونات، ثم أعد المحاولة.</translation>
     </message>
     <message>
         <source>“%1” is larger than the server accepts. Ask its administrator to raise the limit.</source>
@@ -1208,8 +1208,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>تعذر إنشاء شهادة هذا الحاسوب «⁨%1⁩». تحقق من أذونات مجلد ملف التعريف.</translation>
     </message>
     <message>
-        <source>The certificate “%1” of this computer cannot be read: %2</source>
-        <translation>تتعذر قراءة شهادة هذا الحاسوب «⁨%1⁩»: ⁨%2⁩</translation>
+        <source>The certificate “%1” of this computer cannot be read: %2. Check its permissions, then turn the server on again.</source>
+        <translation>تتعذر قراءة شهادة هذا الحاسوب «⁨%1⁩»: ⁨%2⁩. تحقق من أذوناتها، ثم شغّل الخادم من جديد.</translation>
     </message>
     <message>
         <source>The certificate “%1” of this computer is damaged. Delete it and pair the other computers again.</source>
@@ -1292,8 +1292,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>أرسل «⁨%1⁩» استجابة غير صالحة. استخدم إصدار Velmora نفسه على الحاسوبين.</translation>
     </message>
     <message>
-        <source>“%1” cannot read or write its sync store. Check its disk.</source>
-        <translation>لا يستطيع «⁨%1⁩» القراءة من مخزن مزامنته أو الكتابة فيه. تحقق من قرصه.</translation>
+        <source>The computer “%1” cannot read or write its sync store. Check its disk.</source>
+        <translation>لا يستطيع الحاسوب «⁨%1⁩» القراءة من مخزن مزامنته أو الكتابة فيه. تحقق من قرصه.</translation>
     </message>
     <message>
         <source>Folder Access</source>
@@ -1484,8 +1484,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>تعذرت مزامنة «⁨%1⁩» مع «⁨%2⁩»: ⁨%3⁩</translation>
     </message>
     <message>
-        <source>“%1” could not be cleaned up because the database is not on this computer.</source>
-        <translation>تعذر تنظيف «⁨%1⁩» لأن قاعدة البيانات ليست على هذا الحاسوب.</translation>
+        <source>“%1” could not be cleaned up because the database is not on this computer. Import the database, then try again.</source>
+        <translation>تعذر تنظيف «⁨%1⁩» لأن قاعدة البيانات ليست على هذا الحاسوب. استورد قاعدة البيانات، ثم أعد المحاولة.</translation>
     </message>
     <message>
         <source>Some items of “%1” could not be synchronized with “%2”: %3</source>
@@ -1528,8 +1528,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>لم يعد تسجيل الدخول إلى Dropbox باسم «⁨%1⁩» صالحًا. حرِّر الموقع لتسجيل الدخول من جديد.</translation>
     </message>
     <message>
-        <source>The response of the web browser cannot be received: %1.</source>
-        <translation>يتعذر استلام استجابة متصفح الويب: ⁨%1⁩.</translation>
+        <source>The response of the web browser cannot be received: %1. Quit the program that uses this port, then sign in again.</source>
+        <translation>يتعذر استلام استجابة متصفح الويب: ⁨%1⁩. أغلق البرنامج الذي يستخدم هذا المنفذ، ثم سجّل الدخول من جديد.</translation>
     </message>
     <message>
         <source>The sign-in to Dropbox timed out. Try again.</source>
@@ -1568,8 +1568,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>ملف التعريف «⁨%1⁩» فارغ مع أنه قد استُخدم. استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be read: %2</source>
-        <translation>تتعذر قراءة مجلد ملف التعريف «⁨%1⁩»: ⁨%2⁩</translation>
+        <source>The profile folder “%1” cannot be read: %2. Check its disk and its permissions, then try again.</source>
+        <translation>تتعذر قراءة مجلد ملف التعريف «⁨%1⁩»: ⁨%2⁩. تحقق من القرص والأذونات، ثم أعد المحاولة.</translation>
     </message>
     <message>
         <source>The sync locations of the damaged profile “%1” cannot be read. Add them again in Sync Preferences, then import your databases.</source>

@@ -390,12 +390,12 @@
         <translation>Das Profil „%1“ wird von einem anderen Velmora benutzt. Beenden Sie es, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be locked: %2</source>
-        <translation>Der Profilordner „%1“ kann nicht gesperrt werden: %2</translation>
+        <source>The profile folder “%1” cannot be locked: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Der Profilordner „%1“ kann nicht gesperrt werden: %2. Prüfen Sie den Datenträger und die Zugriffsrechte, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be copied: %2</source>
-        <translation>Das Profil „%1“ kann nicht kopiert werden: %2</translation>
+        <source>The profile “%1” cannot be copied: %2. Check the disk, then try again.</source>
+        <translation>Das Profil „%1“ kann nicht kopiert werden: %2. Prüfen Sie den Datenträger, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
         <source>You do not have permission to read the profile “%1”. Change its permissions or use another profile.</source>
@@ -434,12 +434,12 @@
         <translation>Andere Benutzer dieses Computers können das Profil „%1“ möglicherweise lesen, weil sich seine Zugriffsrechte nicht ändern lassen. Verschieben Sie es in einen eigenen Ordner.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be opened: %2</source>
-        <translation>Das Profil „%1“ kann nicht geöffnet werden: %2</translation>
+        <source>The profile “%1” cannot be opened: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Das Profil „%1“ kann nicht geöffnet werden: %2. Prüfen Sie den Datenträger und die Zugriffsrechte, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be read or written: %2</source>
-        <translation>Das Profil „%1“ kann nicht gelesen oder geschrieben werden: %2</translation>
+        <source>The profile “%1” cannot be read or written: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Das Profil „%1“ kann nicht gelesen oder geschrieben werden: %2. Prüfen Sie den Datenträger und die Zugriffsrechte, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
         <source>The profile “%1” has no inbox. Restore it from a backup or use another profile.</source>
@@ -642,8 +642,8 @@
         <translation>Sie haben keine Berechtigung, „%1“ zu benutzen. Ändern Sie die Zugriffsrechte, oder wählen Sie einen anderen Sync-Speicher.</translation>
     </message>
     <message>
-        <source>“%1” cannot be read or written: %2.</source>
-        <translation>„%1“ kann nicht gelesen oder geschrieben werden: %2.</translation>
+        <source>“%1” cannot be read or written: %2. Check its disk and its permissions, then try again.</source>
+        <translation>„%1“ kann nicht gelesen oder geschrieben werden: %2. Prüfen Sie den Datenträger und die Zugriffsrechte, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
         <source>“%1” is larger than the server accepts. Ask its administrator to raise the limit.</source>
@@ -687,15 +687,15 @@
     </message>
     <message>
         <source>A temporary folder cannot be created: %1. Check the permissions of “%2” and the space on its disk.</source>
-        <translation>Ein temporärer Ordner kann nicht angelegt werden: %1. Überprüfen Sie die Berechtigungen von „%2“ und den Platz auf seinem Datenträger.</translation>
+        <translation>Ein temporärer Ordner kann nicht angelegt werden: %1. Prüfen Sie die Zugriffsrechte von „%2“ und den Platz auf seinem Datenträger.</translation>
     </message>
     <message>
         <source>The folder “%1” cannot be read: %2. Databases that were added on other computers are not synchronized. Check its permissions and its disk.</source>
-        <translation>Der Ordner „%1“ kann nicht gelesen werden: %2. Datenbanken, die auf anderen Computern hinzugefügt wurden, werden nicht synchronisiert. Überprüfen Sie seine Berechtigungen und seinen Datenträger.</translation>
+        <translation>Der Ordner „%1“ kann nicht gelesen werden: %2. Datenbanken, die auf anderen Computern hinzugefügt wurden, werden nicht synchronisiert. Prüfen Sie seine Zugriffsrechte und seinen Datenträger.</translation>
     </message>
     <message>
         <source>The damaged record “%1” cannot be copied, because the location does not store what is written. Check the disk or the server.</source>
-        <translation>Der beschädigte Datensatz „%1“ kann nicht kopiert werden, weil der Ort nicht speichert, was geschrieben wird. Überprüfen Sie die Festplatte oder den Server.</translation>
+        <translation>Der beschädigte Datensatz „%1“ kann nicht kopiert werden, weil der Ort nicht speichert, was geschrieben wird. Prüfen Sie den Datenträger oder den Server.</translation>
     </message>
     <message>
         <source>Everything was synchronized, but the records at “%1” could not be merged: %2</source>
@@ -703,7 +703,7 @@
     </message>
     <message>
         <source>The record “%1” was read differently each time, so it was left as it is. Check the disk or the server.</source>
-        <translation>Der Datensatz „%1“ wurde jedes Mal anders gelesen und deshalb unverändert gelassen. Überprüfen Sie die Festplatte oder den Server.</translation>
+        <translation>Der Datensatz „%1“ wurde jedes Mal anders gelesen und deshalb unverändert gelassen. Prüfen Sie den Datenträger oder den Server.</translation>
     </message>
     <message>
         <source>Profile</source>
@@ -711,7 +711,7 @@
     </message>
     <message>
         <source>The database of the profile is damaged (%1). Restore it from a backup.</source>
-        <translation>Die Datenbank des Profils ist beschädigt (%1). Stellen Sie es aus einer Sicherung wieder her.</translation>
+        <translation>Die Datenbank des Profils ist beschädigt (%1). Stellen Sie es aus einer Sicherungskopie wieder her.</translation>
     </message>
     <message>
         <source>Damaged notes in the database “%1”: %2. “velmora verify --repair” reads them again from the locations. If no location has them, check their texts and edit them.</source>
@@ -1208,8 +1208,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Das Zertifikat „%1“ dieses Computers konnte nicht angelegt werden. Prüfen Sie die Zugriffsrechte des Profilordners.</translation>
     </message>
     <message>
-        <source>The certificate “%1” of this computer cannot be read: %2</source>
-        <translation>Das Zertifikat „%1“ dieses Computers kann nicht gelesen werden: %2</translation>
+        <source>The certificate “%1” of this computer cannot be read: %2. Check its permissions, then turn the server on again.</source>
+        <translation>Das Zertifikat „%1“ dieses Computers kann nicht gelesen werden: %2. Prüfen Sie die Zugriffsrechte der Datei, und schalten Sie den Server dann wieder ein.</translation>
     </message>
     <message>
         <source>The certificate “%1” of this computer is damaged. Delete it and pair the other computers again.</source>
@@ -1292,8 +1292,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>„%1“ hat eine ungültige Antwort gesendet. Verwenden Sie auf beiden Computern dieselbe Version von Velmora.</translation>
     </message>
     <message>
-        <source>“%1” cannot read or write its sync store. Check its disk.</source>
-        <translation>„%1“ kann seinen Sync-Speicher nicht lesen oder schreiben. Prüfen Sie den Datenträger dort.</translation>
+        <source>The computer “%1” cannot read or write its sync store. Check its disk.</source>
+        <translation>Der Computer „%1“ kann seinen Sync-Speicher nicht lesen oder schreiben. Prüfen Sie seinen Datenträger.</translation>
     </message>
     <message>
         <source>Folder Access</source>
@@ -1484,8 +1484,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>„%1“ konnte nicht mit „%2“ synchronisiert werden: %3</translation>
     </message>
     <message>
-        <source>“%1” could not be cleaned up because the database is not on this computer.</source>
-        <translation>„%1“ konnte nicht aufgeräumt werden, weil die Datenbank nicht auf diesem Computer ist.</translation>
+        <source>“%1” could not be cleaned up because the database is not on this computer. Import the database, then try again.</source>
+        <translation>„%1“ konnte nicht aufgeräumt werden, weil die Datenbank nicht auf diesem Computer ist. Importieren Sie die Datenbank, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
         <source>Some items of “%1” could not be synchronized with “%2”: %3</source>
@@ -1528,8 +1528,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Die Anmeldung bei Dropbox als „%1“ ist nicht mehr gültig. Bearbeiten Sie den Ort, um sich erneut anzumelden.</translation>
     </message>
     <message>
-        <source>The response of the web browser cannot be received: %1.</source>
-        <translation>Die Antwort des Webbrowsers kann nicht empfangen werden: %1.</translation>
+        <source>The response of the web browser cannot be received: %1. Quit the program that uses this port, then sign in again.</source>
+        <translation>Die Antwort des Webbrowsers kann nicht empfangen werden: %1. Beenden Sie das Programm, das diesen Port verwendet, und melden Sie sich dann erneut an.</translation>
     </message>
     <message>
         <source>The sign-in to Dropbox timed out. Try again.</source>
@@ -1568,8 +1568,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Das Profil „%1“ ist leer, obwohl es benutzt wurde. Stellen Sie es aus einer Sicherungskopie wieder her oder verwenden Sie ein anderes Profil.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be read: %2</source>
-        <translation>Der Profilordner „%1“ kann nicht gelesen werden: %2</translation>
+        <source>The profile folder “%1” cannot be read: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Der Profilordner „%1“ kann nicht gelesen werden: %2. Prüfen Sie den Datenträger und die Zugriffsrechte, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
         <source>The sync locations of the damaged profile “%1” cannot be read. Add them again in Sync Preferences, then import your databases.</source>
@@ -1625,7 +1625,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>%1 Files of the damaged profile were moved to “%2” and could not be moved back. Check the disk, then try again.</source>
-        <translation>%1 Dateien des beschädigten Profils wurden nach „%2“ bewegt und konnten nicht zurückbewegt werden. Überprüfen Sie den Datenträger und versuchen Sie es dann noch einmal.</translation>
+        <translation>%1 Dateien des beschädigten Profils wurden nach „%2“ bewegt und konnten nicht zurückbewegt werden. Prüfen Sie den Datenträger, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
         <source>Earlier versions:</source>
@@ -1648,7 +1648,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>The location lists the record “%1” but does not return it. Check the server or the disk.</source>
-        <translation>Der Ort führt den Datensatz „%1“ auf, liefert ihn aber nicht. Überprüfen Sie den Server oder das Laufwerk.</translation>
+        <translation>Der Ort führt den Datensatz „%1“ auf, liefert ihn aber nicht. Prüfen Sie den Server oder den Datenträger.</translation>
     </message>
     <message>
         <source>The location lists the record “%1” but does not return it. This computer writes its contents again.</source>
@@ -1747,11 +1747,11 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>The old backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
-        <translation>Die alte Sicherung „%1“ kann nicht entfernt werden: %2. Prüfen Sie die Zugriffsrechte ihres Ordners und ihr Laufwerk.</translation>
+        <translation>Die alte Sicherungskopie „%1“ kann nicht entfernt werden: %2. Prüfen Sie die Zugriffsrechte ihres Ordners und ihren Datenträger.</translation>
     </message>
     <message>
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
-        <translation>Ein Index des Profils „%1“ ist so beschädigt, dass er nicht repariert werden kann. Beim Start bietet Velmora an, eine Sicherung wiederherzustellen.</translation>
+        <translation>Ein Index des Profils „%1“ ist so beschädigt, dass er nicht repariert werden kann. Beim Start bietet Velmora an, eine Sicherungskopie wiederherzustellen.</translation>
     </message>
 </context>
 <context>

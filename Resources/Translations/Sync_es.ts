@@ -370,12 +370,12 @@
         <translation>Otro Velmora está usando el perfil «%1». Salga de él y vuelva a intentarlo.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be locked: %2</source>
-        <translation>La carpeta de perfil «%1» no se puede bloquear: %2</translation>
+        <source>The profile folder “%1” cannot be locked: %2. Check its disk and its permissions, then try again.</source>
+        <translation>La carpeta de perfil «%1» no se puede bloquear: %2. Compruebe el disco y los permisos y vuelva a intentarlo.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be copied: %2</source>
-        <translation>El perfil «%1» no se puede copiar: %2</translation>
+        <source>The profile “%1” cannot be copied: %2. Check the disk, then try again.</source>
+        <translation>El perfil «%1» no se puede copiar: %2. Compruebe el disco y vuelva a intentarlo.</translation>
     </message>
     <message>
         <source>You do not have permission to read the profile “%1”. Change its permissions or use another profile.</source>
@@ -414,12 +414,12 @@
         <translation>Es posible que otros usuarios de este equipo puedan leer el perfil «%1», porque no se pueden cambiar sus permisos. Muévalo a una carpeta propia.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be opened: %2</source>
-        <translation>El perfil «%1» no se puede abrir: %2</translation>
+        <source>The profile “%1” cannot be opened: %2. Check its disk and its permissions, then try again.</source>
+        <translation>El perfil «%1» no se puede abrir: %2. Compruebe el disco y los permisos y vuelva a intentarlo.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be read or written: %2</source>
-        <translation>El perfil «%1» no se puede leer o escribir: %2</translation>
+        <source>The profile “%1” cannot be read or written: %2. Check its disk and its permissions, then try again.</source>
+        <translation>El perfil «%1» no se puede leer o escribir: %2. Compruebe el disco y los permisos y vuelva a intentarlo.</translation>
     </message>
     <message>
         <source>The profile “%1” has no inbox. Restore it from a backup or use another profile.</source>
@@ -622,8 +622,8 @@
         <translation>No tiene permiso para usar «%1». Cambie sus permisos o elija otro almacén de sincronización.</translation>
     </message>
     <message>
-        <source>“%1” cannot be read or written: %2.</source>
-        <translation>«%1» no se puede leer o escribir: %2.</translation>
+        <source>“%1” cannot be read or written: %2. Check its disk and its permissions, then try again.</source>
+        <translation>«%1» no se puede leer o escribir: %2. Compruebe el disco y los permisos y vuelva a intentarlo.</translation>
     </message>
     <message>
         <source>“%1” is larger than the server accepts. Ask its administrator to raise the limit.</source>
@@ -1172,8 +1172,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>No se pudo crear el certificado «%1» de este equipo. Compruebe los permisos de la carpeta de perfil.</translation>
     </message>
     <message>
-        <source>The certificate “%1” of this computer cannot be read: %2</source>
-        <translation>No se puede leer el certificado «%1» de este equipo: %2</translation>
+        <source>The certificate “%1” of this computer cannot be read: %2. Check its permissions, then turn the server on again.</source>
+        <translation>No se puede leer el certificado «%1» de este equipo: %2. Compruebe sus permisos y vuelva a activar el servidor.</translation>
     </message>
     <message>
         <source>The certificate “%1” of this computer is damaged. Delete it and pair the other computers again.</source>
@@ -1256,8 +1256,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>«%1» ha enviado una respuesta no válida. Use la misma versión de Velmora en ambos equipos.</translation>
     </message>
     <message>
-        <source>“%1” cannot read or write its sync store. Check its disk.</source>
-        <translation>«%1» no puede leer o escribir su almacén de sincronización. Compruebe su disco.</translation>
+        <source>The computer “%1” cannot read or write its sync store. Check its disk.</source>
+        <translation>El equipo «%1» no puede leer o escribir su almacén de sincronización. Compruebe su disco.</translation>
     </message>
     <message>
         <source>Folder Access</source>
@@ -1448,8 +1448,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>«%1» no se pudo sincronizar con «%2»: %3</translation>
     </message>
     <message>
-        <source>“%1” could not be cleaned up because the database is not on this computer.</source>
-        <translation>«%1» no se pudo limpiar, porque la base de datos no está en este equipo.</translation>
+        <source>“%1” could not be cleaned up because the database is not on this computer. Import the database, then try again.</source>
+        <translation>«%1» no se pudo limpiar, porque la base de datos no está en este equipo. Importe la base de datos y vuelva a intentarlo.</translation>
     </message>
     <message>
         <source>Some items of “%1” could not be synchronized with “%2”: %3</source>
@@ -1492,8 +1492,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>La sesión de Dropbox como «%1» ya no es válida. Edite la ubicación para volver a iniciar sesión.</translation>
     </message>
     <message>
-        <source>The response of the web browser cannot be received: %1.</source>
-        <translation>No se puede recibir la respuesta del navegador web: %1.</translation>
+        <source>The response of the web browser cannot be received: %1. Quit the program that uses this port, then sign in again.</source>
+        <translation>No se puede recibir la respuesta del navegador web: %1. Cierre el programa que usa este puerto y vuelva a iniciar sesión.</translation>
     </message>
     <message>
         <source>The sign-in to Dropbox timed out. Try again.</source>
@@ -1532,8 +1532,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>El perfil «%1» está vacío, aunque se ha usado. Restáurelo desde una copia de seguridad o use otro perfil.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be read: %2</source>
-        <translation>No se puede leer la carpeta de perfil «%1»: %2</translation>
+        <source>The profile folder “%1” cannot be read: %2. Check its disk and its permissions, then try again.</source>
+        <translation>No se puede leer la carpeta de perfil «%1»: %2. Compruebe el disco y los permisos y vuelva a intentarlo.</translation>
     </message>
     <message>
         <source>The sync locations of the damaged profile “%1” cannot be read. Add them again in Sync Preferences, then import your databases.</source>

@@ -370,12 +370,12 @@
         <translation>Le profil « %1 » est utilisé par un autre Velmora. Quittez-le et réessayez.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be locked: %2</source>
-        <translation>Le dossier de profil « %1 » ne peut pas être verrouillé : %2</translation>
+        <source>The profile folder “%1” cannot be locked: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Le dossier de profil « %1 » ne peut pas être verrouillé : %2. Vérifiez le disque et les droits d’accès, puis réessayez.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be copied: %2</source>
-        <translation>Le profil « %1 » ne peut pas être copié : %2</translation>
+        <source>The profile “%1” cannot be copied: %2. Check the disk, then try again.</source>
+        <translation>Le profil « %1 » ne peut pas être copié : %2. Vérifiez le disque, puis réessayez.</translation>
     </message>
     <message>
         <source>You do not have permission to read the profile “%1”. Change its permissions or use another profile.</source>
@@ -414,12 +414,12 @@
         <translation>D’autres utilisateurs de cet ordinateur peuvent être en mesure de lire le profil « %1 », car ses droits d’accès ne peuvent pas être modifiés. Déplacez-le dans un dossier qui vous appartient.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be opened: %2</source>
-        <translation>Le profil « %1 » ne peut pas être ouvert : %2</translation>
+        <source>The profile “%1” cannot be opened: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Le profil « %1 » ne peut pas être ouvert : %2. Vérifiez le disque et les droits d’accès, puis réessayez.</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be read or written: %2</source>
-        <translation>Le profil « %1 » ne peut pas être lu ou écrit : %2</translation>
+        <source>The profile “%1” cannot be read or written: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Le profil « %1 » ne peut pas être lu ou écrit : %2. Vérifiez le disque et les droits d’accès, puis réessayez.</translation>
     </message>
     <message>
         <source>The profile “%1” has no inbox. Restore it from a backup or use another profile.</source>
@@ -622,8 +622,8 @@
         <translation>Vous n’avez pas l’autorisation d’utiliser « %1 ». Modifiez ses droits d’accès ou choisissez un autre dépôt de synchronisation.</translation>
     </message>
     <message>
-        <source>“%1” cannot be read or written: %2.</source>
-        <translation>« %1 » ne peut pas être lu ou écrit : %2.</translation>
+        <source>“%1” cannot be read or written: %2. Check its disk and its permissions, then try again.</source>
+        <translation>« %1 » ne peut pas être lu ou écrit : %2. Vérifiez le disque et les droits d’accès, puis réessayez.</translation>
     </message>
     <message>
         <source>“%1” is larger than the server accepts. Ask its administrator to raise the limit.</source>
@@ -1172,8 +1172,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Le certificat « %1 » de cet ordinateur n’a pas pu être créé. Vérifiez les droits d’accès du dossier de profil.</translation>
     </message>
     <message>
-        <source>The certificate “%1” of this computer cannot be read: %2</source>
-        <translation>Le certificat « %1 » de cet ordinateur ne peut pas être lu : %2</translation>
+        <source>The certificate “%1” of this computer cannot be read: %2. Check its permissions, then turn the server on again.</source>
+        <translation>Le certificat « %1 » de cet ordinateur ne peut pas être lu : %2. Vérifiez ses droits d’accès, puis réactivez le serveur.</translation>
     </message>
     <message>
         <source>The certificate “%1” of this computer is damaged. Delete it and pair the other computers again.</source>
@@ -1256,8 +1256,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>« %1 » a envoyé une réponse non valide. Utilisez la même version de Velmora sur les deux ordinateurs.</translation>
     </message>
     <message>
-        <source>“%1” cannot read or write its sync store. Check its disk.</source>
-        <translation>« %1 » ne peut pas lire ou écrire son dépôt de synchronisation. Vérifiez son disque.</translation>
+        <source>The computer “%1” cannot read or write its sync store. Check its disk.</source>
+        <translation>L’ordinateur « %1 » ne peut pas lire ou écrire son dépôt de synchronisation. Vérifiez son disque.</translation>
     </message>
     <message>
         <source>Folder Access</source>
@@ -1448,8 +1448,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>« %1 » n’a pas pu être synchronisé avec « %2 » : %3</translation>
     </message>
     <message>
-        <source>“%1” could not be cleaned up because the database is not on this computer.</source>
-        <translation>« %1 » n’a pas pu être nettoyé, car la base de données n’est pas sur cet ordinateur.</translation>
+        <source>“%1” could not be cleaned up because the database is not on this computer. Import the database, then try again.</source>
+        <translation>« %1 » n’a pas pu être nettoyé, car la base de données n’est pas sur cet ordinateur. Importez la base de données, puis réessayez.</translation>
     </message>
     <message>
         <source>Some items of “%1” could not be synchronized with “%2”: %3</source>
@@ -1492,8 +1492,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>L’identification auprès de Dropbox en tant que « %1 » n’est plus valide. Modifiez l’emplacement pour vous identifier de nouveau.</translation>
     </message>
     <message>
-        <source>The response of the web browser cannot be received: %1.</source>
-        <translation>La réponse du navigateur web ne peut pas être reçue : %1.</translation>
+        <source>The response of the web browser cannot be received: %1. Quit the program that uses this port, then sign in again.</source>
+        <translation>La réponse du navigateur web ne peut pas être reçue : %1. Quittez le programme qui utilise ce port, puis identifiez-vous de nouveau.</translation>
     </message>
     <message>
         <source>The sign-in to Dropbox timed out. Try again.</source>
@@ -1532,8 +1532,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Le profil « %1 » est vide, bien qu’il ait été utilisé. Restaurez-le à partir d’une copie de sauvegarde ou utilisez un autre profil.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be read: %2</source>
-        <translation>Le dossier de profil « %1 » ne peut pas être lu : %2</translation>
+        <source>The profile folder “%1” cannot be read: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Le dossier de profil « %1 » ne peut pas être lu : %2. Vérifiez le disque et les droits d’accès, puis réessayez.</translation>
     </message>
     <message>
         <source>The sync locations of the damaged profile “%1” cannot be read. Add them again in Sync Preferences, then import your databases.</source>

@@ -388,12 +388,12 @@
         <translation>プロファイル「%1」は、別のVelmoraが使用中です。そのVelmoraを終了して、もう一度お試しください。</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be locked: %2</source>
-        <translation>プロファイルのフォルダー「%1」をロックできません: %2</translation>
+        <source>The profile folder “%1” cannot be locked: %2. Check its disk and its permissions, then try again.</source>
+        <translation>プロファイルのフォルダー「%1」をロックできません: %2。ディスクとアクセス権を確認して、もう一度お試しください。</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be copied: %2</source>
-        <translation>プロファイル「%1」をコピーできません: %2</translation>
+        <source>The profile “%1” cannot be copied: %2. Check the disk, then try again.</source>
+        <translation>プロファイル「%1」をコピーできません: %2。ディスクを確認して、もう一度お試しください。</translation>
     </message>
     <message>
         <source>You do not have permission to read the profile “%1”. Change its permissions or use another profile.</source>
@@ -432,12 +432,12 @@
         <translation>アクセス権を変更できないため、このコンピューターのほかのユーザーがプロファイル「%1」を読み取れる可能性があります。自分のフォルダーに移動してください。</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be opened: %2</source>
-        <translation>プロファイル「%1」を開けません: %2</translation>
+        <source>The profile “%1” cannot be opened: %2. Check its disk and its permissions, then try again.</source>
+        <translation>プロファイル「%1」を開けません: %2。ディスクとアクセス権を確認して、もう一度お試しください。</translation>
     </message>
     <message>
-        <source>The profile “%1” cannot be read or written: %2</source>
-        <translation>プロファイル「%1」を読み書きできません: %2</translation>
+        <source>The profile “%1” cannot be read or written: %2. Check its disk and its permissions, then try again.</source>
+        <translation>プロファイル「%1」を読み書きできません: %2。ディスクとアクセス権を確認して、もう一度お試しください。</translation>
     </message>
     <message>
         <source>The profile “%1” has no inbox. Restore it from a backup or use another profile.</source>
@@ -640,8 +640,8 @@
         <translation>「%1」を使用する権限がありません。アクセス権を変更するか、別の同期ストアを選んでください。</translation>
     </message>
     <message>
-        <source>“%1” cannot be read or written: %2.</source>
-        <translation>「%1」を読み書きできません: %2。</translation>
+        <source>“%1” cannot be read or written: %2. Check its disk and its permissions, then try again.</source>
+        <translation>「%1」を読み書きできません: %2。ディスクとアクセス権を確認して、もう一度お試しください。</translation>
     </message>
     <message>
         <source>“%1” is larger than the server accepts. Ask its administrator to raise the limit.</source>
@@ -1188,8 +1188,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>このコンピューターの証明書「%1」を作成できませんでした。プロファイルのフォルダーのアクセス権を確認してください。</translation>
     </message>
     <message>
-        <source>The certificate “%1” of this computer cannot be read: %2</source>
-        <translation>このコンピューターの証明書「%1」を読み取れません: %2</translation>
+        <source>The certificate “%1” of this computer cannot be read: %2. Check its permissions, then turn the server on again.</source>
+        <translation>このコンピューターの証明書「%1」を読み取れません: %2。アクセス権を確認してから、サーバーをもう一度オンにしてください。</translation>
     </message>
     <message>
         <source>The certificate “%1” of this computer is damaged. Delete it and pair the other computers again.</source>
@@ -1272,8 +1272,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>「%1」が無効な応答を送信しました。両方のコンピューターで同じバージョンのVelmoraを使ってください。</translation>
     </message>
     <message>
-        <source>“%1” cannot read or write its sync store. Check its disk.</source>
-        <translation>「%1」で同期ストアを読み書きできません。そのコンピューターのディスクを確認してください。</translation>
+        <source>The computer “%1” cannot read or write its sync store. Check its disk.</source>
+        <translation>コンピューター「%1」は同期ストアを読み書きできません。そのコンピューターのディスクを確認してください。</translation>
     </message>
     <message>
         <source>Folder Access</source>
@@ -1464,8 +1464,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>「%1」を「%2」と同期できませんでした: %3</translation>
     </message>
     <message>
-        <source>“%1” could not be cleaned up because the database is not on this computer.</source>
-        <translation>データベースがこのコンピューターにないため、「%1」を整理できませんでした。</translation>
+        <source>“%1” could not be cleaned up because the database is not on this computer. Import the database, then try again.</source>
+        <translation>データベースがこのコンピューターにないため、「%1」を整理できませんでした。データベースをインポートして、もう一度お試しください。</translation>
     </message>
     <message>
         <source>Some items of “%1” could not be synchronized with “%2”: %3</source>
@@ -1508,8 +1508,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>Dropboxへの「%1」としてのサインインは無効になりました。同期先を編集して、もう一度サインインしてください。</translation>
     </message>
     <message>
-        <source>The response of the web browser cannot be received: %1.</source>
-        <translation>ウェブブラウザーの応答を受信できません: %1。</translation>
+        <source>The response of the web browser cannot be received: %1. Quit the program that uses this port, then sign in again.</source>
+        <translation>ウェブブラウザーの応答を受信できません: %1。このポートを使っているプログラムを終了してから、もう一度サインインしてください。</translation>
     </message>
     <message>
         <source>The sign-in to Dropbox timed out. Try again.</source>
@@ -1548,8 +1548,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>プロファイル「%1」は使用されていたはずですが、空になっています。バックアップから復元するか、別のプロファイルを使ってください。</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be read: %2</source>
-        <translation>プロファイルのフォルダー「%1」を読み取れません: %2</translation>
+        <source>The profile folder “%1” cannot be read: %2. Check its disk and its permissions, then try again.</source>
+        <translation>プロファイルのフォルダー「%1」を読み取れません: %2。ディスクとアクセス権を確認して、もう一度お試しください。</translation>
     </message>
     <message>
         <source>The sync locations of the damaged profile “%1” cannot be read. Add them again in Sync Preferences, then import your databases.</source>

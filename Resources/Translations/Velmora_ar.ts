@@ -20,8 +20,8 @@
         <translation>الاحتفاظ بكليهما (&amp;B)</translation>
     </message>
     <message>
-        <source>This note was edited in two places.</source>
-        <translation>حُرِّرت هذه الملاحظة في موضعين.</translation>
+        <source>This note was edited on two computers.</source>
+        <translation>حُرِّرت هذه الملاحظة على حاسوبين.</translation>
     </message>
     <message numerus="yes">
         <source>This note was edited in %1 places.</source>
@@ -210,7 +210,7 @@
         </translation>
     </message>
     <message>
-        <source>Days that deleted notes and earlier versions are kept</source>
+        <source>Number of days for which deleted notes and earlier versions are kept</source>
         <translation>عدد أيام الاحتفاظ بالملاحظات المحذوفة والإصدارات السابقة</translation>
     </message>
     <message>
@@ -332,7 +332,7 @@
         <translation>فحص ملف التعريف وكل مواقع المزامنة وطباعة ما وُجد، ثم الإنهاء بالرمز 0 إذا كان كل شيء سليمًا، أو 1 إذا وُجدت مشكلات، أو 2 إذا تعذر فحص شيء ما.</translation>
     </message>
     <message>
-        <source>Synchronize these databases, or all, with their locations. Like the next two, this asks Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
+        <source>Synchronize these databases, or all, with their locations. Like the next two, this is done by Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
         <translation>مزامنة قواعد البيانات هذه، أو كلها، مع مواقعها. كما في الأمرين التاليين، يُطلب ذلك من Velmora إذا كان قيد التشغيل. رمز الإنهاء 0 إذا كان كل شيء سليمًا، أو 1 إذا فشل شيء ما، أو 2 إذا تعذر تنفيذ الأمر.</translation>
     </message>
     <message>
@@ -803,7 +803,7 @@
         <translation>كل شيء محدَّث</translation>
     </message>
     <message>
-        <source>“%1” was not synchronized with “%2” yet</source>
+        <source>“%1” has not been synchronized with “%2” yet</source>
         <translation>لم تُزامَن «⁨%1⁩» مع «⁨%2⁩» بعد</translation>
     </message>
     <message>
@@ -1062,8 +1062,8 @@
         <translation>يطلب Velmora قرارًا منك</translation>
     </message>
     <message>
-        <source>A note was edited in two places</source>
-        <translation>حُرِّرت ملاحظة في موضعين</translation>
+        <source>A note was edited on two computers</source>
+        <translation>حُرِّرت ملاحظة على حاسوبين</translation>
     </message>
     <message>
         <source>Velmora has kept both edits. Open the note to choose one.</source>

@@ -20,8 +20,8 @@
         <translation>Beide be&amp;halten</translation>
     </message>
     <message>
-        <source>This note was edited in two places.</source>
-        <translation>Diese Notiz wurde an zwei Stellen bearbeitet.</translation>
+        <source>This note was edited on two computers.</source>
+        <translation>Diese Notiz wurde auf zwei Computern bearbeitet.</translation>
     </message>
     <message numerus="yes">
         <source>This note was edited in %1 places.</source>
@@ -202,7 +202,7 @@
         </translation>
     </message>
     <message>
-        <source>Days that deleted notes and earlier versions are kept</source>
+        <source>Number of days for which deleted notes and earlier versions are kept</source>
         <translation>Tage, die gelöschte Notizen und frühere Fassungen aufbewahrt werden</translation>
     </message>
     <message>
@@ -320,7 +320,7 @@
         <translation>Das Profil und jeden Sync-Ort prüfen und ausgeben, was gefunden wurde, dann mit 0 beenden, wenn alles in Ordnung ist, mit 1 bei Problemen oder mit 2, wenn etwas nicht geprüft werden konnte.</translation>
     </message>
     <message>
-        <source>Synchronize these databases, or all, with their locations. Like the next two, this asks Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
+        <source>Synchronize these databases, or all, with their locations. Like the next two, this is done by Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
         <translation>Diese Datenbanken, oder alle, mit ihren Orten synchronisieren. Wenn Velmora läuft, wird es damit beauftragt; das gilt auch für die beiden nächsten. Der Endestatus ist 0, wenn alles in Ordnung ist, 1 bei Fehlern, oder 2, wenn der Befehl nicht ausgeführt werden konnte.</translation>
     </message>
     <message>
@@ -650,7 +650,7 @@
     </message>
     <message>
         <source>Check its permissions and its disk, and start Velmora again.</source>
-        <translation>Überprüfen Sie seine Berechtigungen und seinen Datenträger, und starten Sie Velmora neu.</translation>
+        <translation>Prüfen Sie seine Zugriffsrechte und seinen Datenträger, und starten Sie Velmora neu.</translation>
     </message>
     <message>
         <source>The file is damaged. Copy from it what you need, and remove it.</source>
@@ -779,7 +779,7 @@
         <translation>Alles ist aktuell</translation>
     </message>
     <message>
-        <source>“%1” was not synchronized with “%2” yet</source>
+        <source>“%1” has not been synchronized with “%2” yet</source>
         <translation>„%1“ wurde noch nicht mit „%2“ synchronisiert</translation>
     </message>
     <message>
@@ -1026,8 +1026,8 @@
         <translation>Velmora bittet um eine Entscheidung</translation>
     </message>
     <message>
-        <source>A note was edited in two places</source>
-        <translation>Eine Notiz wurde an zwei Orten bearbeitet</translation>
+        <source>A note was edited on two computers</source>
+        <translation>Eine Notiz wurde auf zwei Computern bearbeitet</translation>
     </message>
     <message>
         <source>Velmora has kept both edits. Open the note to choose one.</source>

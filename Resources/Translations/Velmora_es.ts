@@ -20,8 +20,8 @@
         <translation>Conservar am&amp;bas</translation>
     </message>
     <message>
-        <source>This note was edited in two places.</source>
-        <translation>Esta nota se editó en dos lugares.</translation>
+        <source>This note was edited on two computers.</source>
+        <translation>Esta nota se editó en dos equipos.</translation>
     </message>
     <message numerus="yes">
         <source>This note was edited in %1 places.</source>
@@ -202,7 +202,7 @@
         </translation>
     </message>
     <message>
-        <source>Days that deleted notes and earlier versions are kept</source>
+        <source>Number of days for which deleted notes and earlier versions are kept</source>
         <translation>Días que se conservan las notas eliminadas y las versiones anteriores</translation>
     </message>
     <message>
@@ -316,7 +316,7 @@
         <translation>Comprobar el perfil y cada ubicación de sincronización, mostrar lo encontrado y terminar con 0 si todo está en orden, con 1 si hay problemas o con 2 si algo no se pudo comprobar.</translation>
     </message>
     <message>
-        <source>Synchronize these databases, or all, with their locations. Like the next two, this asks Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
+        <source>Synchronize these databases, or all, with their locations. Like the next two, this is done by Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
         <translation>Sincronizar estas bases de datos, o todas, con sus ubicaciones. Como las dos órdenes siguientes, se encarga a Velmora si está en ejecución. El código de salida es 0 si todo está en orden, 1 si algo ha fallado o 2 si no se pudo ejecutar la orden.</translation>
     </message>
     <message>
@@ -779,7 +779,7 @@
         <translation>Todo está actualizado</translation>
     </message>
     <message>
-        <source>“%1” was not synchronized with “%2” yet</source>
+        <source>“%1” has not been synchronized with “%2” yet</source>
         <translation>«%1» aún no se ha sincronizado con «%2»</translation>
     </message>
     <message>
@@ -1026,8 +1026,8 @@
         <translation>Velmora espera una decisión</translation>
     </message>
     <message>
-        <source>A note was edited in two places</source>
-        <translation>Una nota se editó en dos lugares</translation>
+        <source>A note was edited on two computers</source>
+        <translation>Una nota se editó en dos equipos</translation>
     </message>
     <message>
         <source>Velmora has kept both edits. Open the note to choose one.</source>

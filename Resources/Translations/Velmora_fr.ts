@@ -20,8 +20,8 @@
         <translation>Conserver les deu&amp;x</translation>
     </message>
     <message>
-        <source>This note was edited in two places.</source>
-        <translation>Cette note a été modifiée à deux endroits.</translation>
+        <source>This note was edited on two computers.</source>
+        <translation>Cette note a été modifiée sur deux ordinateurs.</translation>
     </message>
     <message numerus="yes">
         <source>This note was edited in %1 places.</source>
@@ -202,7 +202,7 @@
         </translation>
     </message>
     <message>
-        <source>Days that deleted notes and earlier versions are kept</source>
+        <source>Number of days for which deleted notes and earlier versions are kept</source>
         <translation>Nombre de jours pendant lesquels les notes supprimées et les versions précédentes sont conservées</translation>
     </message>
     <message>
@@ -316,7 +316,7 @@
         <translation>Vérifier le profil et chaque emplacement de synchronisation, afficher le résultat, puis terminer avec le code 0 si tout est en ordre, 1 en cas de problème, ou 2 si quelque chose n’a pas pu être vérifié.</translation>
     </message>
     <message>
-        <source>Synchronize these databases, or all, with their locations. Like the next two, this asks Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
+        <source>Synchronize these databases, or all, with their locations. Like the next two, this is done by Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
         <translation>Synchroniser ces bases de données, ou toutes, avec leurs emplacements. Comme les deux suivantes, cette commande s’adresse à Velmora s’il est en cours d’exécution. Le code de sortie est 0 si tout est en ordre, 1 en cas d’échec, ou 2 si la commande n’a pas pu être exécutée.</translation>
     </message>
     <message>
@@ -779,7 +779,7 @@
         <translation>Tout est à jour</translation>
     </message>
     <message>
-        <source>“%1” was not synchronized with “%2” yet</source>
+        <source>“%1” has not been synchronized with “%2” yet</source>
         <translation>« %1 » n’a pas encore été synchronisé avec « %2 »</translation>
     </message>
     <message>
@@ -1026,8 +1026,8 @@
         <translation>Velmora attend une décision</translation>
     </message>
     <message>
-        <source>A note was edited in two places</source>
-        <translation>Une note a été modifiée à deux endroits</translation>
+        <source>A note was edited on two computers</source>
+        <translation>Une note a été modifiée sur deux ordinateurs</translation>
     </message>
     <message>
         <source>Velmora has kept both edits. Open the note to choose one.</source>

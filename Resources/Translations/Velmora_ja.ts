@@ -20,8 +20,8 @@
         <translation>両方を残す(&amp;B)</translation>
     </message>
     <message>
-        <source>This note was edited in two places.</source>
-        <translation>このノートは2か所で編集されました。</translation>
+        <source>This note was edited on two computers.</source>
+        <translation>このノートは2台のコンピューターで編集されました。</translation>
     </message>
     <message numerus="yes">
         <source>This note was edited in %1 places.</source>
@@ -200,7 +200,7 @@
         </translation>
     </message>
     <message>
-        <source>Days that deleted notes and earlier versions are kept</source>
+        <source>Number of days for which deleted notes and earlier versions are kept</source>
         <translation>削除されたノートと以前のバージョンを保管する日数</translation>
     </message>
     <message>
@@ -317,7 +317,7 @@
         <translation>プロファイルとすべての同期先を確認し、見つかったことを出力して終了します。終了コードは、すべて正常なら0、問題があれば1、確認できないものがあれば2です。</translation>
     </message>
     <message>
-        <source>Synchronize these databases, or all, with their locations. Like the next two, this asks Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
+        <source>Synchronize these databases, or all, with their locations. Like the next two, this is done by Velmora if it is running. Exits with 0 if all is well, 1 if something failed, or 2 if the command could not be carried out.</source>
         <translation>指定したデータベース、または指定がなければすべてのデータベースを、その同期先と同期します。次の2つと同様に、Velmoraが実行中であればVelmoraに依頼します。終了コードは、すべて正常なら0、失敗したものがあれば1、コマンドを実行できなければ2です。</translation>
     </message>
     <message>
@@ -773,7 +773,7 @@
         <translation>すべて最新です</translation>
     </message>
     <message>
-        <source>“%1” was not synchronized with “%2” yet</source>
+        <source>“%1” has not been synchronized with “%2” yet</source>
         <translation>「%1」はまだ「%2」と同期されていません</translation>
     </message>
     <message>
@@ -1017,8 +1017,8 @@
         <translation>Velmoraが判断を求めています</translation>
     </message>
     <message>
-        <source>A note was edited in two places</source>
-        <translation>ノートが2か所で編集されました</translation>
+        <source>A note was edited on two computers</source>
+        <translation>ノートが2台のコンピューターで編集されました</translation>
     </message>
     <message>
         <source>Velmora has kept both edits. Open the note to choose one.</source>

@@ -192,7 +192,7 @@ private Q_SLOTS:
         choose(QStringLiteral("Sync All Now"));
         QTRY_COMPARE(m_notifications->messages().size(), 1);
         QCOMPARE(m_notifications->messages().first().title,
-                 QStringLiteral("A note was edited in two places"));
+                 QStringLiteral("A note was edited on two computers"));
         m_program->terminate();
         QVERIFY(m_program->awaitEnd());
     }

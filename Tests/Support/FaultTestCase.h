@@ -16,7 +16,7 @@
 #include "Support/TestMain.h"
 #include "Support/Verification.h"
 
-/// Base of tests that tell the same stories again and again, each time with another failure.
+/// Base of tests that repeat the same operations, each time with another failure.
 /// VELMORA_EVERY_FAULT=1 tries every failure rather than some of them.
 class FaultTestCase : public QObject {
     Q_OBJECT

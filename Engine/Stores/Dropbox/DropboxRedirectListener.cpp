@@ -39,7 +39,8 @@ Expected<void> DropboxRedirectListener::listen(quint16 port) {
         return {};
     }
     return failure(engineError(EngineErrorCode::StoreUnreachable,
-                               "The response of the web browser cannot be received: %1.",
+                               "The response of the web browser cannot be received: %1. Quit the "
+                               "program that uses this port, then sign in again.",
                                m_server.errorString()));
 }
 

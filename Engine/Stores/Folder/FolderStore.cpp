@@ -501,7 +501,8 @@ Error FolderStore::errorInWords(int number, const QString &name) const {
                                place(name));
         default:
             return engineError(EngineErrorCode::StoreUnreachable,
-                               localizedSyncString("“%1” cannot be read or written: %2.")
+                               localizedSyncString("“%1” cannot be read or written: %2. Check its "
+                                                   "disk and its permissions, then try again.")
                                    .arg(place(name), qt_error_string(number)));
     }
 }
