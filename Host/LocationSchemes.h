@@ -12,8 +12,9 @@ inline const QString File = QStringLiteral("file");
 inline const QString Http = QStringLiteral("http");
 /// WebDAV with encryption.
 inline const QString Https = QStringLiteral("https");
-/// The port of a WebDAV server if the URL has none.
+/// The port of a URL with the scheme "http" that has none.
 inline constexpr quint16 HttpPort = 80;
+/// The port of a URL with the scheme "https" that has none.
 inline constexpr quint16 HttpsPort = 443;
 /// A Dropbox account, whose e-mail address follows "dropbox://" without percent encoding.
 inline const QString Dropbox = QStringLiteral("dropbox");
