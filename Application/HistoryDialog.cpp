@@ -210,6 +210,9 @@ Expected<Note> HistoryDialog::restoreVersion(const NoteVersion &version) {
         if (isOfNote()) {
             note.UUID = m_note.UUID;
             note.revision = m_note.revision;
+        } else {
+            // The note may have come back with an edit that nobody has seen.
+            note.revision = NoRevision;
         }
         note.modified = QDateTime::currentDateTime();
         if (Expected<void> saved = m_database->saveNote(note); !saved) {

@@ -666,10 +666,14 @@ void NotesView::removeNote() {
         return;
     }
     const Note deleted = m_note;
-    if (!presentIfFailed(m_database->removeNote(deleted))) {
+    const Expected<bool> isDeleted = m_database->removeNote(deleted);
+    if (!isDeleted) {
+        NSApp()->presentError(isDeleted.error());
         return;
     }
-    rememberDeletion(deleted, tr("&Undo Delete Note"));
+    if (*isDeleted) {
+        rememberDeletion(deleted, tr("&Undo Delete Note"));
+    }
     // Not the button: another key press would delete the next note.
     m_list->setFocus();
 }

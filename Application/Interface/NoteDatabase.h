@@ -23,6 +23,9 @@ struct Note {
     bool operator==(const Note &) const = default;
 };
 
+/// The revision of a note that is saved beside all edits that it may have.
+inline const QString NoRevision = QStringLiteral("-");
+
 /// A row of the list of notes. A value.
 struct NoteRow {
     /// The note without its text.
@@ -80,13 +83,13 @@ public:
     virtual Expected<qint64> countOfConflicts() const = 0;
     /// Adds `note` or replaces the edit that its revision names, and updates `note.UUID` and
     /// `note.revision`. An empty UUID is replaced by a new one. An empty revision stands for the
-    /// edit that the UUID shows now. If another computer has replaced the edit meanwhile, both
-    /// edits are kept.
+    /// edit that the UUID shows now, NoRevision for none. If another computer has replaced the edit
+    /// meanwhile, both edits are kept.
     virtual Expected<void> saveNote(Note &note) = 0;
     /// Removes the edit of `note` that its revision names; an empty revision stands for the edit
     /// that the UUID shows now. If that edit was replaced meanwhile, or is not there, nothing is
-    /// removed: an edit that the caller has not seen survives.
-    virtual Expected<void> removeNote(const Note &note) = 0;
+    /// removed: an edit that the caller has not seen survives. Returns whether it was removed.
+    virtual Expected<bool> removeNote(const Note &note) = 0;
     /// Replaces two conflicting edits of one note, those that the revisions of `kept` and `removed`
     /// name, by a new edit with the contents of `kept`, and updates `kept.revision`. Equal
     /// decisions on several computers are one edit; different ones conflict, so that no text is

@@ -54,8 +54,13 @@ Expected<void> EngineDatabase::saveNote(Note &note) {
     return {};
 }
 
-Expected<void> EngineDatabase::removeNote(const Note &note) {
-    return write([&] { return m_log.remove(note); }).map([this] { announceNotes(); });
+Expected<bool> EngineDatabase::removeNote(const Note &note) {
+    bool isRemoved = false;
+    return write([&] { return m_log.remove(note).map([&](bool removed) { isRemoved = removed; }); })
+        .map([&] {
+            announceNotes();
+            return isRemoved;
+        });
 }
 
 Expected<void> EngineDatabase::resolveConflict(Note &kept, const Note &removed) {

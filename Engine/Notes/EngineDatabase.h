@@ -56,7 +56,7 @@ public:
     Expected<Note> completeNote(const Note &note) const override;
     Expected<qint64> countOfConflicts() const override;
     Expected<void> saveNote(Note &note) override;
-    Expected<void> removeNote(const Note &note) override;
+    Expected<bool> removeNote(const Note &note) override;
     Expected<void> resolveConflict(Note &kept, const Note &removed) override;
     Expected<QList<NoteVersion>> deletedNotes() const override;
     Expected<QList<NoteVersion>> earlierVersions(const QString &UUID) const override;

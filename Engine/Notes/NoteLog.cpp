@@ -288,18 +288,19 @@ Expected<Operation> NoteLog::writeEdit(const Note &note, const OperationId &seen
     });
 }
 
-Expected<void> NoteLog::remove(const Note &note) const {
+Expected<bool> NoteLog::remove(const Note &note) const {
     const Expected<std::optional<Operation>> seen = seenOperation(note);
     if (!seen) {
         return failure(seen.error());
     }
     if (!*seen) {
-        return {};
+        return false;
     }
     const OperationId identifier = (*seen)->id;
-    return isUnsent(identifier).and_then([&](bool unsent) {
-        return unsent ? erase({identifier}) : supersede({identifier});
-    });
+    return isUnsent(identifier)
+        .and_then(
+            [&](bool unsent) { return unsent ? erase({identifier}) : supersede({identifier}); })
+        .map([] { return true; });
 }
 
 Expected<void> NoteLog::resolveConflict(Note &kept, const Note &removed) const {

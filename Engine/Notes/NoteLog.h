@@ -51,7 +51,7 @@ public:
     /// not valid or the note is longer than Operation::NoteLimit.
     Expected<void> save(Note &note) const;
     /// See NoteDatabase::removeNote.
-    Expected<void> remove(const Note &note) const;
+    Expected<bool> remove(const Note &note) const;
     /// See NoteDatabase::resolveConflict. The error of edits that do not conflict has the code
     /// InvalidDatabase. The new operation counts as sent, since another computer may send it.
     Expected<void> resolveConflict(Note &kept, const Note &removed) const;

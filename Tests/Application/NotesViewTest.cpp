@@ -9,6 +9,7 @@
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 
+#include "Application/HistoryDialog.h"
 #include "Application/NotesView.h"
 #include "Platform/Interface/PlainText.h"
 #include "Support/FailingTable.h"
@@ -507,6 +508,47 @@ private Q_SLOTS:
         {
             const QSignalBlocker pause(m_database.get());
             QVERIFY(m_database->saveNote(changed));
+    void anEditThatNobodyHasSeenIsNotDeleted() {
+        Note changed = m_first;
+        changed.title = QStringLiteral("Changed");
+        {
+            const QSignalBlocker pause(m_database.get());
+            QVERIFY(m_database->saveNote(changed));
+        }
+        for (QPushButton *button : m_view->findChildren<QPushButton *>()) {
+            if (button->text().remove(u'&') == QStringLiteral("Delete Note")) {
+                button->click();
+            }
+        }
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
+        QCOMPARE(titles(), QStringList{changed.title});
+        QVERIFY(!m_view->undoAction()->isEnabled());
+    }
+
+    void aRestoredNoteReplacesNoEditThatNobodyHasSeen() {
+        QVERIFY(m_database->removeNote(m_first).value());
+        HistoryDialog dialog(&m_host->library(), m_database, {}, nullptr);
+        {
+            const QSignalBlocker pause(m_database.get());
+            Note unseen = m_first;
+            unseen.revision.clear();
+            unseen.text = QStringLiteral("unseen");
+            QVERIFY(m_database->saveNote(unseen));
+        }
+        for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
+            if (button->text().remove(u'&') == QStringLiteral("Restore")) {
+                button->click();
+            }
+        }
+        const QList<Note> notes = m_database->notes().value();
+        QStringList texts;
+        for (const Note &note : notes) {
+            texts.append(note.text);
+        }
+        texts.sort();
+        QCOMPARE(texts, QStringList({m_first.text, QStringLiteral("unseen")}));
+    }
+
         }
         const qint64 position = m_database->rows(0, 1).value().first().position;
         {

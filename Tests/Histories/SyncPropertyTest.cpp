@@ -349,7 +349,7 @@ private:
         if (!notes.isEmpty()) {
             const Note &note = notes[upTo(static_cast<int>(notes.size()))];
             const auto database = replica->library().synchronizedDatabase(m_UUID);
-            if (succeeds([&] { return database->removeNote(note); })) {
+            if (succeeds([&] { return database->removeNote(note).map([](bool) {}); })) {
                 m_edits[note.revision].isSuperseded = true;
             }
         }

@@ -75,7 +75,8 @@ private:
             return said(database->saveNote(note));
         }
         if (name == QStringLiteral("delete")) {
-            return said(database->removeNote(noteTitled(*database, command[2])));
+            const Note note = noteTitled(*database, command[2]);
+            return said(database->removeNote(note).map([](bool) {}));
         }
         if (name == QStringLiteral("rename")) {
             return said(m_host.library().renameDatabase(database, command[2]));

@@ -117,8 +117,9 @@ protected:
         }
 
         Expected<void> remove(const QString &title) {
-            return note(title).and_then(
-                [this](const Note &removed) { return database()->removeNote(removed); });
+            return note(title).and_then([this](const Note &removed) {
+                return database()->removeNote(removed).map([](bool) {});
+            });
         }
 
         static StoreSession::Subject subject(const QString &UUID) {
