@@ -70,8 +70,8 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
       m_monitor(new SynchronizationMonitor(library, this)),
       m_removals(new LocationRemovals(QVSyncPlugin::plugin()->locationsController(), this)),
       m_databases(new QListWidget),
-      m_notes(new NotesView(UnsavedTexts(profileFolder))) {
-    restoreUnsavedTexts(UnsavedTexts(profileFolder));
+      m_notes(new NotesView(UnsavedTexts(profileFolder, library->inbox()->UUID()))) {
+    restoreUnsavedTexts(UnsavedTexts(profileFolder, library->inbox()->UUID()));
     setWindowTitle(ApplicationName + QStringLiteral("[*]"));
     resize(WindowSize::of(*this, 140, 38));
     m_databases->setObjectName(QStringLiteral("databases"));

@@ -1,5 +1,7 @@
 #include "Application/UnsavedTexts.h"
 
+#include <fcntl.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
@@ -7,6 +9,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonObject>
 #include <QtCore/QStandardPaths>
+#include <QtCore/QStorageInfo>
 #include <algorithm>
 #include <filesystem>
 
@@ -14,6 +17,7 @@
 #include "Application/Interface/ProfileConstants.h"
 #include "Platform/Foundation/DurableFile.h"
 #include "Platform/Foundation/ExactText.h"
+#include "Platform/Foundation/FileDescriptor.h"
 
 namespace {
 
@@ -24,10 +28,9 @@ const QString TitleKey = QStringLiteral("title");
 const QString TextKey = QStringLiteral("text");
 const QString ModifiedKey = QStringLiteral("modified");
 
-const QString AnyPrefix = QStringLiteral("unsaved-");
-/// The prefix, the digest of the profile and that of the note. The name of a text that could not be
-/// restored has a number, too.
-constexpr qsizetype PartsOfName = 3;
+/// The prefix, the digests of the folder, the profile and the note. The name of a text that could
+/// not be restored has a number, too.
+constexpr qsizetype PartsOfName = 4;
 
 /// Returns the path without symbolic links.
 QString pathOf(const QString &folder) {
@@ -45,11 +48,14 @@ Error journalError(const QString &description, const QString &reason) {
             .localizedFailureReason = reason};
 }
 
-/// Whether a text can be kept in `folder`. A profile's folder without its database is not one any
-/// more: files in it would prevent a new profile there.
-bool isUsable(const QString &folder, const QString &profileFolder) {
-    return folder == profileFolder ? QFile::exists(folder + u'/' + ProfileDatabaseName)
-                                   : QDir().mkpath(folder);
+/// No reserve is made unless this many of them would fit: the notes come first.
+constexpr qint64 ReservesThatFit = 4;
+
+/// Returns whether the file `path` takes up the room of the reserve.
+bool allocateReserve(const QString &path) {
+    const FileDescriptor file(
+        open(QFile::encodeName(path).constData(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW));
+    return file.isValid() && posix_fallocate(file.number(), 0, UnsavedTexts::ReserveSize) == 0;
 }
 
 /// Returns the names of the files in `folder`; none if it does not exist. QDir would return none
@@ -86,6 +92,11 @@ Expected<void> removeFile(const QString &path) {
                "Remove it yourself, or the text returns at the next start.")
             .arg(path, file.errorString()),
         {}));
+}
+
+/// Returns the name of a file, of which the parts are digests, or a pattern.
+QString nameOf(const QString &folder, const QString &profile, const QString &note) {
+    return QStringLiteral("unsaved-%1-%2-%3.json").arg(folder, profile, note);
 }
 
 QString shortDigest(const QString &text) {
@@ -154,10 +165,38 @@ QString setAside(const QString &path) {
 
 }  // namespace
 
-UnsavedTexts::UnsavedTexts(const QString &profileFolder)
-    : m_folders({profileFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
-                 QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)}),
-      m_prefix(AnyPrefix + shortDigest(pathOf(profileFolder)) + u'-') {}
+UnsavedTexts::UnsavedTexts(const QString &profileFolder, const QString &inboxUUID)
+    : m_durableFolders(
+          {profileFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation)}),
+      m_folders(m_durableFolders +
+                QStringList{QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)}),
+      m_database(profileFolder + u'/' + ProfileDatabaseName),
+      m_identity(FileIdentity::of(m_database)),
+      m_reserve(profileFolder + QStringLiteral("/reserve")),
+      m_digests({shortDigest(pathOf(profileFolder)), shortDigest(inboxUUID)}) {}
+
+bool UnsavedTexts::isProfileThere() const {
+    return m_identity && FileIdentity::of(m_database) == m_identity;
+}
+
+bool UnsavedTexts::isUsable(const QString &folder) const {
+    return folder == m_folders.first() ? isProfileThere() : QDir().mkpath(folder);
+}
+
+bool UnsavedTexts::useReserve() const {
+    return isProfileThere() && QFile::remove(m_reserve);
+}
+
+void UnsavedTexts::makeReserve() const {
+    if (!isProfileThere() || QFileInfo(m_reserve).size() == ReserveSize ||
+        QStorageInfo(m_folders.first()).bytesAvailable() < ReservesThatFit * ReserveSize) {
+        return;
+    }
+    QFile::remove(m_reserve);
+    if (DurableFile::create(m_reserve) && !allocateReserve(m_reserve)) {
+        QFile::remove(m_reserve);
+    }
+}
 
 Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note) const {
     const QByteArray contents = ExactText::json({{DatabaseKey, databaseUUID},
@@ -166,12 +205,15 @@ Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note)
                                                  {TitleKey, note.title},
                                                  {TextKey, note.text},
                                                  {ModifiedKey, note.modified.toMSecsSinceEpoch()}});
-    const QString name = m_prefix + shortDigest(note.UUID) + QStringLiteral(".json");
-    for (const QString &folder : m_folders) {
-        if (isUsable(folder, m_folders.first()) &&
-            DurableFile::write(folder + u'/' + name, contents)) {
-            return {};
-        }
+    const QString name = nameOf(m_digests.folder, m_digests.profile, shortDigest(note.UUID));
+    const auto isKeptIn = [&](const QStringList &folders) {
+        return std::any_of(folders.begin(), folders.end(), [&](const QString &folder) {
+            return isUsable(folder) && DurableFile::write(folder + u'/' + name, contents);
+        });
+    };
+    if (isKeptIn(m_durableFolders) || (useReserve() && isKeptIn(m_durableFolders)) ||
+        isKeptIn({m_folders.last()})) {
+        return {};
     }
     return failure(journalError(textOf("The text of “%1” cannot be kept for the next start either.")
                                     .arg(note.title.left(80)),
@@ -190,17 +232,23 @@ Expected<void> UnsavedTexts::remove(const QString &noteUUID) const {
             removed = removeFile(path).and_then([&] { return removed; });
         }
     }
+    makeReserve();
     return removed;
 }
 
 Expected<QStringList> UnsavedTexts::filesIn(const QString &folder, const QString &note) const {
-    // The folder may have been moved since, or is reached by another path.
-    const QString prefix =
-        folder == m_folders.first() ? AnyPrefix + QStringLiteral("*-") : m_prefix;
+    if (folder == m_folders.first() && !isProfileThere()) {
+        return QStringList();
+    }
+    const QString any = QStringLiteral("*");
+    const QStringList patterns = folder == m_folders.first()
+                                     ? QStringList{nameOf(any, any, note)}
+                                     : QStringList{nameOf(m_digests.folder, any, note),
+                                                   nameOf(any, m_digests.profile, note)};
     return namesIn(folder).map([&](const QStringList &names) {
         QStringList paths;
         for (const QString &name : names) {
-            if (QDir::match(prefix + note + QStringLiteral(".json"), name)) {
+            if (QDir::match(patterns, name)) {
                 paths.append(folder + u'/' + name);
             }
         }
@@ -240,5 +288,6 @@ UnsavedTexts::Restored UnsavedTexts::restore(const NoteLibrary &library) const {
     } else if (!remaining.isEmpty()) {
         restored.result = failure(journalError(remaining.join(u'\n'), {}));
     }
+    makeReserve();
     return restored;
 }

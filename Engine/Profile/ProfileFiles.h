@@ -2,8 +2,8 @@
 
 #include <QtCore/QHash>
 
-#include "Engine/Profile/FileIdentity.h"
 #include "Platform/Foundation/Expected.h"
+#include "Platform/Foundation/FileIdentity.h"
 
 /// Which files a profile consists of while it is open. A value; check() is thread-safe.
 class ProfileFiles {

@@ -76,7 +76,8 @@ private Q_SLOTS:
         QVERIFY(m_database->saveNote(m_first));
         // It has left this computer.
         receive({});
-        m_view = std::make_unique<NotesView>(UnsavedTexts(m_host->directory()));
+        m_view =
+            std::make_unique<NotesView>(UnsavedTexts(m_host->directory(), m_host->inbox()->UUID()));
         m_view->setDatabase(m_database);
     }
     void cleanup() {
@@ -298,7 +299,25 @@ private Q_SLOTS:
         QVERIFY(!m_view->commit());
         QVERIFY(journal().isEmpty());
         QVERIFY(QFile::rename(path + QStringLiteral(" aside"), path));
-        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).titles,
+        QCOMPARE(UnsavedTexts(m_host->directory(), m_host->inbox()->UUID())
+                     .restore(m_host->library())
+                     .titles,
+                 QStringList{QStringLiteral("First")});
+    }
+
+    void aCopyInPlaceOfTheProfileDoesNotGetTheText() {
+        const QString path = m_host->directory() + QStringLiteral("/profile.sqlite");
+        const QString aside = path + QStringLiteral(" aside");
+        QVERIFY(QFile::rename(path, aside));
+        QVERIFY(QFile::copy(aside, path));
+        text()->setPlainText(QStringLiteral("typed"));
+        QVERIFY(!m_view->commit());
+        QVERIFY(journal().isEmpty());
+        QVERIFY(QFile::remove(path));
+        QVERIFY(QFile::rename(aside, path));
+        QCOMPARE(UnsavedTexts(m_host->directory(), m_host->inbox()->UUID())
+                     .restore(m_host->library())
+                     .titles,
                  QStringList{QStringLiteral("First")});
     }
 
@@ -489,25 +508,6 @@ private Q_SLOTS:
         QTRY_COMPARE(shownTitles(), titles());
     }
 
-    void whatTheUserDoesIsShownWhileManyNotesAreRead() {
-        receiveNotes(1700);
-        QVERIFY(m_view->setDatabase(nullptr));
-        QVERIFY(m_view->setDatabase(m_database));
-        QCOMPARE_LT(list()->count(), 1701);
-        const Note first = m_view->note();
-        QVERIFY(m_database->removeNote(first));
-        QVERIFY(m_view->note().revision != first.revision);
-        QTRY_COMPARE(shownTitles(), titles());
-    }
-
-    void aChangedRowThatCannotBeReadSaysSo() {
-        auto *notice = m_view->findChild<QLabel *>(QStringLiteral("unreadNotes"));
-        auto *tryAgain = m_view->findChild<QPushButton *>(QStringLiteral("tryAgain"));
-        Note changed = m_first;
-        changed.title = QStringLiteral("Changed");
-        {
-            const QSignalBlocker pause(m_database.get());
-            QVERIFY(m_database->saveNote(changed));
     void anEditThatNobodyHasSeenIsNotDeleted() {
         Note changed = m_first;
         changed.title = QStringLiteral("Changed");
@@ -549,6 +549,25 @@ private Q_SLOTS:
         QCOMPARE(texts, QStringList({m_first.text, QStringLiteral("unseen")}));
     }
 
+    void whatTheUserDoesIsShownWhileManyNotesAreRead() {
+        receiveNotes(1700);
+        QVERIFY(m_view->setDatabase(nullptr));
+        QVERIFY(m_view->setDatabase(m_database));
+        QCOMPARE_LT(list()->count(), 1701);
+        const Note first = m_view->note();
+        QVERIFY(m_database->removeNote(first));
+        QVERIFY(m_view->note().revision != first.revision);
+        QTRY_COMPARE(shownTitles(), titles());
+    }
+
+    void aChangedRowThatCannotBeReadSaysSo() {
+        auto *notice = m_view->findChild<QLabel *>(QStringLiteral("unreadNotes"));
+        auto *tryAgain = m_view->findChild<QPushButton *>(QStringLiteral("tryAgain"));
+        Note changed = m_first;
+        changed.title = QStringLiteral("Changed");
+        {
+            const QSignalBlocker pause(m_database.get());
+            QVERIFY(m_database->saveNote(changed));
         }
         const qint64 position = m_database->rows(0, 1).value().first().position;
         {

@@ -19,6 +19,8 @@ class UnsavedTextsTest : public QObject {
     Q_OBJECT
 private:
     static constexpr qint64 VolumeSize = 4 << 20;
+    /// Leaves room for the reserve.
+    static constexpr qint64 LargeVolumeSize = 96 << 20;
 
     QTemporaryDir m_folder;
     std::unique_ptr<PrivateVolume> m_volume;
@@ -38,13 +40,17 @@ private:
     static QStringList journalIn(const QString &folder) {
         return QDir(folder).entryList({QStringLiteral("unsaved-*")});
     }
+    UnsavedTexts unsavedTexts() const { return unsavedTexts(m_host->directory()); }
+    UnsavedTexts unsavedTexts(const QString &folder) const {
+        return {folder, m_host->inbox()->UUID()};
+    }
+    QString reserve() const { return m_host->directory() + QStringLiteral("/reserve"); }
     static QString newUUID() { return QUuid::createUuid().toString(QUuid::WithoutBraces); }
     void openDatabase() { m_database = m_host->library().knownDatabases().last(); }
 
-private Q_SLOTS:
-    void init() {
+    void start(qint64 volumeSize) {
         qputenv("XDG_CACHE_HOME", m_folder.filePath(QStringLiteral("cache")).toUtf8());
-        m_volume = std::make_unique<PrivateVolume>(volume(), VolumeSize);
+        m_volume = std::make_unique<PrivateVolume>(volume(), volumeSize);
         // TestHost makes its profile there.
         qputenv("TMPDIR", volume().toUtf8());
         m_host = std::make_unique<TestHost>();
@@ -53,6 +59,9 @@ private Q_SLOTS:
         Note note{.title = QStringLiteral("Trip"), .text = QStringLiteral("Pack ")};
         QVERIFY(m_database->saveNote(note));
     }
+
+private Q_SLOTS:
+    void init() { start(VolumeSize); }
     void cleanup() {
         m_database.reset();
         QFile::remove(filler());
@@ -66,7 +75,7 @@ private Q_SLOTS:
         // More than the free part of the database's pages.
         const QString typed(200'000, u'y');
         {
-            NotesView view{UnsavedTexts(m_host->directory())};
+            NotesView view{unsavedTexts()};
             view.setDatabase(m_database);
             view.findChild<QPlainTextEdit *>()->setPlainText(typed);
             QVERIFY(!view.commit());
@@ -81,7 +90,7 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(filler()));
         m_host->restart();
         openDatabase();
-        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).titles,
+        QCOMPARE(unsavedTexts().restore(m_host->library()).titles,
                  QStringList{QStringLiteral("Trip")});
         QCOMPARE(m_database->notes().value().size(), 1);
         QCOMPARE(m_database->notes().value().first().text, typed);
@@ -92,7 +101,7 @@ private Q_SLOTS:
         Note note = m_database->notes().value().first();
         note.title = QStringLiteral("\uFEFF\uFFFE title");
         note.text = QStringLiteral("\uFEFF\r\n\uFFFF text");
-        const UnsavedTexts journal(m_host->directory());
+        const UnsavedTexts journal = unsavedTexts();
         QVERIFY(journal.keep(m_database->UUID(), note));
         QVERIFY(journal.restore(m_host->library()).result);
         QCOMPARE(m_database->notes().value().first().title, note.title);
@@ -103,7 +112,7 @@ private Q_SLOTS:
         fillVolume();
         Note note{.UUID = newUUID(), .title = QStringLiteral("Trip")};
         note.text = QString(200'000, u'y');
-        const UnsavedTexts texts(m_host->directory());
+        const UnsavedTexts texts = unsavedTexts();
         QVERIFY(texts.keep(m_database->UUID(), note));
         QVERIFY(!texts.restore(m_host->library()).result);
         const QStringList kept = journalIn(cache());
@@ -124,12 +133,12 @@ private Q_SLOTS:
     }
 
     void aTextThatCannotBeRestoredStopsNoOther() {
-        const QString damaged = m_host->directory() + QStringLiteral("/unsaved-0-0.json");
+        const QString damaged = m_host->directory() + QStringLiteral("/unsaved-0-0-0.json");
         QFile file(damaged);
         QVERIFY(file.open(QIODevice::WriteOnly));
         QCOMPARE(file.write("{"), 1);
         file.close();
-        const UnsavedTexts texts(m_host->directory());
+        const UnsavedTexts texts = unsavedTexts();
         const Note refused{
             .UUID = newUUID(), .title = QStringLiteral("Refused"), .text = QString(9 << 20, u'y')};
         QVERIFY(texts.keep(m_database->UUID(), refused));
@@ -155,8 +164,9 @@ private Q_SLOTS:
     /// A regular file whose reads fail.
     void aFileThatCannotBeReadIsNotDamaged() {
         const QString unreadable = QStringLiteral("/proc/self/mem");
-        QVERIFY(QFile::link(unreadable, m_host->directory() + QStringLiteral("/unsaved-0-0.json")));
-        const UnsavedTexts texts(m_host->directory());
+        QVERIFY(
+            QFile::link(unreadable, m_host->directory() + QStringLiteral("/unsaved-0-0-0.json")));
+        const UnsavedTexts texts = unsavedTexts();
         for (int start = 0; start < 2; ++start) {
             const UnsavedTexts::Restored restored = texts.restore(m_host->library());
             QVERIFY(!restored.result);
@@ -172,7 +182,7 @@ private Q_SLOTS:
     }
 
     void aFolderThatCannotBeReadIsReported() {
-        const UnsavedTexts texts(m_host->directory());
+        const UnsavedTexts texts = unsavedTexts();
         UnsavedTexts::Restored restored;
         runWithFailingSystemCall(SYS_getdents64, EIO,
                                  [&] { restored = texts.restore(m_host->library()); });
@@ -182,16 +192,16 @@ private Q_SLOTS:
 
     void anotherProfilesTextsAreLeftAlone() {
         fillVolume();
-        const UnsavedTexts texts(m_host->directory());
+        const UnsavedTexts texts = unsavedTexts();
         QVERIFY(texts.keep(m_database->UUID(), {.UUID = QStringLiteral("a")}));
         QVERIFY(QFile::remove(filler()));
-        QVERIFY(UnsavedTexts(volume()).restore(m_host->library()).titles.isEmpty());
+        QVERIFY(UnsavedTexts(volume(), newUUID()).restore(m_host->library()).titles.isEmpty());
         QCOMPARE(journalIn(cache()).size(), 1);
         QVERIFY(texts.remove(QStringLiteral("a")));
     }
 
     void aTextThatCannotBeRemovedIsNamed() {
-        const UnsavedTexts texts(m_host->directory());
+        const UnsavedTexts texts = unsavedTexts();
         const Note note{.UUID = newUUID(), .title = QStringLiteral("a")};
         QVERIFY(texts.keep(m_database->UUID(), note));
         const QStringList kept = journalIn(m_host->directory());
@@ -208,7 +218,7 @@ private Q_SLOTS:
     }
 
     void aRestoredTextThatCannotBeRemovedIsNamed() {
-        const UnsavedTexts texts(m_host->directory());
+        const UnsavedTexts texts = unsavedTexts();
         const Note note{.UUID = newUUID(), .title = QStringLiteral("a")};
         QVERIFY(texts.keep(m_database->UUID(), note));
         const QString name = journalIn(m_host->directory()).value(0);
@@ -230,12 +240,11 @@ private Q_SLOTS:
     void aTextThatCannotBeFlushedIsNotKept() {
         const Note note{.UUID = QStringLiteral("u"), .title = QStringLiteral("t"), .text = {}};
         Expected<void> kept;
-        runWithFailingSystemCall(SYS_fsync, ENOSPC, [&] {
-            kept = UnsavedTexts(m_host->directory()).keep(QStringLiteral("d"), note);
-        });
+        runWithFailingSystemCall(SYS_fsync, ENOSPC,
+                                 [&] { kept = unsavedTexts().keep(QStringLiteral("d"), note); });
         QVERIFY(!kept);
         QVERIFY(journalIn(m_host->directory()).isEmpty());
-        QVERIFY(UnsavedTexts(m_host->directory()).keep(QStringLiteral("d"), note));
+        QVERIFY(unsavedTexts().keep(QStringLiteral("d"), note));
         QCOMPARE(journalIn(m_host->directory()).size(), 1);
     }
 
@@ -244,11 +253,53 @@ private Q_SLOTS:
         QVERIFY(QFile::link(m_host->directory(), link));
         Note note = m_database->notes().value().first();
         note.text = QStringLiteral("typed");
-        QVERIFY(UnsavedTexts(link).keep(m_database->UUID(), note));
-        QCOMPARE(UnsavedTexts(m_host->directory()).restore(m_host->library()).titles,
+        QVERIFY(unsavedTexts(link).keep(m_database->UUID(), note));
+        QCOMPARE(unsavedTexts().restore(m_host->library()).titles,
                  QStringList{QStringLiteral("Trip")});
         QCOMPARE(m_database->notes().value().first().text, note.text);
         QVERIFY(journalIn(m_host->directory()).isEmpty());
+    }
+
+    void aTextIsFoundAfterTheProfileWasMoved() {
+        fillVolume();
+        const Note note{.UUID = newUUID(), .title = QStringLiteral("Trip")};
+        QVERIFY(unsavedTexts().keep(m_database->UUID(), note));
+        QVERIFY(QFile::remove(filler()));
+        QCOMPARE(
+            unsavedTexts(volume() + QStringLiteral("/moved")).restore(m_host->library()).titles,
+            QStringList{note.title});
+        QVERIFY(journalIn(cache()).isEmpty());
+    }
+
+    void aTextIsFoundAfterTheProfileWasBegunAgain() {
+        fillVolume();
+        const Note note{.UUID = newUUID(), .title = QStringLiteral("Trip")};
+        QVERIFY(UnsavedTexts(m_host->directory(), newUUID()).keep(m_database->UUID(), note));
+        QVERIFY(QFile::remove(filler()));
+        QCOMPARE(unsavedTexts().restore(m_host->library()).titles, QStringList{note.title});
+        QVERIFY(journalIn(cache()).isEmpty());
+    }
+
+    void theReserveTakesTheTextIfAllDisksAreFull() {
+        cleanup();
+        start(LargeVolumeSize);
+        qputenv("XDG_CACHE_HOME", (volume() + QStringLiteral("/cache")).toUtf8());
+        const UnsavedTexts texts = unsavedTexts();
+        QVERIFY(texts.restore(m_host->library()).result);
+        QCOMPARE(QFileInfo(reserve()).size(), UnsavedTexts::ReserveSize);
+        fillVolume();
+        const Note note{.UUID = newUUID(), .title = {}, .text = QString(7 << 20, u'y')};
+        // The second one replaces the first.
+        for (int i = 0; i < 2; ++i) {
+            QVERIFY(texts.keep(m_database->UUID(), note));
+            QCOMPARE(journalIn(m_host->directory()).size(), 1);
+            QVERIFY(!QFile::exists(reserve()));
+        }
+        QVERIFY(texts.remove(note.UUID));
+        QVERIFY(!QFile::exists(reserve()));
+        QVERIFY(QFile::remove(filler()));
+        QVERIFY(texts.remove(note.UUID));
+        QCOMPARE(QFileInfo(reserve()).size(), UnsavedTexts::ReserveSize);
     }
 
     void withoutAnyPlaceItIsAnError() {
@@ -258,8 +309,7 @@ private Q_SLOTS:
         const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
         qputenv("XDG_RUNTIME_DIR", noFolder.toUtf8());
         const Expected<void> kept =
-            UnsavedTexts(m_host->directory())
-                .keep(m_database->UUID(), {.title = QStringLiteral("Trip")});
+            unsavedTexts().keep(m_database->UUID(), {.title = QStringLiteral("Trip")});
         qputenv("XDG_RUNTIME_DIR", runtime);
         QVERIFY(!kept);
         QVERIFY(kept.error().localizedDescription.contains(QStringLiteral("Trip")));

@@ -20,6 +20,8 @@ public:
     ShownProgram(const ShownProgram &) = delete;
     ShownProgram &operator=(const ShownProgram &) = delete;
 
+    /// The home folder of the program.
+    QString home() const { return m_folder.path(); }
     /// The folder of the profile, which the first start creates.
     QString profile() const { return m_folder.filePath(QStringLiteral("profile")); }
     /// Sets a variable of the environment for the next start.

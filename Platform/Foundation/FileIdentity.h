@@ -3,10 +3,12 @@
 #include <QtCore/QString>
 #include <optional>
 
+#include "Platform/PlatformExport.h"
+
 /// Which file a path names, regardless of its contents. A value; thread-safe.
 ///
 /// As long as a file is open, no other file of the same disk gets an equal identity.
-struct FileIdentity {
+struct PLATFORM_EXPORT FileIdentity {
     quint64 device = 0;
     quint64 number = 0;
 

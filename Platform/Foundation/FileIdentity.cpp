@@ -1,4 +1,4 @@
-#include "Engine/Profile/FileIdentity.h"
+#include "Platform/Foundation/FileIdentity.h"
 
 #include <sys/stat.h>
 
