@@ -9,6 +9,10 @@ namespace {
 /// The start of the keys of settings, which the database and the store follow.
 const QString Prefix = QStringLiteral("lost ");
 
+/// Of so many lost operations, the identifiers are compared bit by bit, which takes a moment.
+constexpr qsizetype MostExamined = 100;
+constexpr qsizetype BitsOfByte = 8;
+
 QString prefixOf(qint64 database) {
     return Prefix + QString::number(database) + u' ';
 }
@@ -26,23 +30,52 @@ LostOperations::LostOperations(const ProfileDatabase &profile, const QString &st
 
 Expected<QSet<OperationId>> LostOperations::among(const QSet<OperationId> &operations) const {
     Expected<QSqlQuery> query = m_profile.prepare(
-        QStringLiteral("SELECT 1 WHERE NOT EXISTS"
-                       " (SELECT 1 FROM operations WHERE database = ? AND digest = ?)"
-                       " AND NOT EXISTS"
-                       " (SELECT 1 FROM superseded WHERE database = ? AND digest = ?)"));
+        QStringLiteral("SELECT EXISTS (SELECT 1 FROM operations WHERE database = ? AND digest = ?)"
+                       " OR EXISTS (SELECT 1 FROM superseded WHERE database = ? AND digest = ?)"));
     if (!query) {
         return failure(query.error());
     }
     QSet<OperationId> lost;
     for (const OperationId &identifier : operations) {
-        const Expected<void> done =
-            m_profile.read(*query, {m_database, identifier, m_database, identifier},
-                           [&](const QSqlQuery & /*row*/) { lost.insert(identifier); });
-        if (!done) {
-            return failure(done.error());
+        const Expected<bool> there = isThere(*query, identifier);
+        if (!there) {
+            return failure(there.error());
+        }
+        if (!*there) {
+            lost.insert(identifier);
         }
     }
-    return lost;
+    return lost.size() > MostExamined ? lost : withoutDamaged(*query, lost);
+}
+
+Expected<bool> LostOperations::isThere(QSqlQuery &query, const OperationId &identifier) const {
+    bool isThere = false;
+    return m_profile
+        .read(query, {m_database, identifier, m_database, identifier},
+              [&](const QSqlQuery &row) { isThere = row.value(0).toBool(); })
+        .map([&] { return isThere; });
+}
+
+Expected<QSet<OperationId>> LostOperations::withoutDamaged(QSqlQuery &query,
+                                                           const QSet<OperationId> &lost) const {
+    QSet<OperationId> remaining;
+    for (const OperationId &identifier : lost) {
+        bool isDamaged = false;
+        for (qsizetype bit = 0; bit < BitsOfByte * identifier.size() && !isDamaged; ++bit) {
+            OperationId intact = identifier;
+            char &byte = intact[bit / BitsOfByte];
+            byte = static_cast<char>(byte ^ (1 << bit % BitsOfByte));
+            const Expected<bool> there = isThere(query, intact);
+            if (!there) {
+                return failure(there.error());
+            }
+            isDamaged = *there;
+        }
+        if (!isDamaged) {
+            remaining.insert(identifier);
+        }
+    }
+    return remaining;
 }
 
 Expected<QSet<OperationId>> LostOperations::remembered() const {
@@ -79,7 +112,7 @@ Expected<QSet<OperationId>> LostOperations::all(const ProfileDatabase &profile, 
     }
     operations.subtract({current->begin(), current->end()});
     operations.subtract(*superseded);
-    return operations;
+    return LostOperations(profile, {}, database).among(operations);
 }
 
 Expected<void> LostOperations::forgetStore(const ProfileDatabase &profile, const QString &store) {

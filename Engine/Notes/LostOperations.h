@@ -6,6 +6,7 @@
 #include "Platform/Foundation/Expected.h"
 
 class ProfileDatabase;
+class QSqlQuery;
 
 /// The operations of one database that the profile has lost, for example because a page of its file
 /// is that of an earlier state: known transactions contain them, but they are neither current nor
@@ -21,7 +22,8 @@ public:
     LostOperations(const ProfileDatabase &profile, const QString &store, qint64 database);
 
     /// Returns those of `operations` that are neither current nor superseded, in time in proportion
-    /// to their number.
+    /// to their number. Of few, those are left out that differ in one bit from one that is: the bit
+    /// has flipped where they were recorded, since digests do not resemble each other.
     Expected<QSet<OperationId>> among(const QSet<OperationId> &operations) const;
 
     /// Returns what remember() was called with last. Some may have returned since.
@@ -36,6 +38,13 @@ public:
     static Expected<void> forgetStore(const ProfileDatabase &profile, const QString &store);
 
 private:
+    /// Returns whether the operation is current or superseded. `query` takes the database and the
+    /// identifier, twice.
+    Expected<bool> isThere(QSqlQuery &query, const OperationId &identifier) const;
+    /// Returns those of `lost` that do not differ in one bit from one that is there.
+    Expected<QSet<OperationId>> withoutDamaged(QSqlQuery &query,
+                                               const QSet<OperationId> &lost) const;
+
     const ProfileDatabase &m_profile;
     const qint64 m_database;
     /// Of the setting.

@@ -279,6 +279,39 @@ private Q_SLOTS:
         QCOMPARE(textsOnAnotherComputer(), before);
     }
 
+    /// The record that would disprove the loss is gone.
+    void aBitThatFlipsInTheListOfARecordThatIsGoneIsNoLoss_data() {
+        QTest::addColumn<int>("bit");
+        for (const int bit : {0, 7, 70, 127}) {
+            QTest::addRow("bit %d", bit) << bit;
+        }
+    }
+    void aBitThatFlipsInTheListOfARecordThatIsGoneIsNoLoss() {
+        QFETCH(int, bit);
+        QVERIFY(run<SyncSession>());
+        const QStringList before = texts();
+        const QString known =
+            QStringLiteral("(SELECT max(name) FROM known_transactions WHERE operations <> x'')");
+        QByteArray list = profile()
+                              .value(QStringLiteral("SELECT operations FROM known_transactions"
+                                                    " WHERE name = %1")
+                                         .arg(known))
+                              .value()
+                              .toByteArray();
+        list[bit / 8] = static_cast<char>(list[bit / 8] ^ (1 << bit % 8));
+        QVERIFY(profile().run(
+            QStringLiteral("UPDATE known_transactions SET operations = ? WHERE name = %1")
+                .arg(known),
+            {list}));
+        m_blobs.clear();
+        QCOMPARE(textsOf(problems<SyncSession>()).filter(QStringLiteral("lost")), QStringList());
+        QCOMPARE(verify().filter(QStringLiteral("lost")), QStringList());
+        QVERIFY(problems<SyncSession>().isEmpty());
+        QCOMPARE(texts(), before);
+        verifySound();
+        QCOMPARE(textsOnAnotherComputer(), before);
+    }
+
     void aDamagedNoteThatNoLocationHasIsNamedAndNotSentUntilItIsEdited() {
         saveNote(QStringLiteral("unsent"));
         saveNote(QStringLiteral("other"));
