@@ -32,9 +32,10 @@ QString nextSteps(const Expected<std::optional<QDate>> &backup) {
             "profile and import your databases from the sync locations.");
     }
     return damageText(
-               "You can restore the copy that Velmora made of it on %1; later changes are "
-               "then missing until they are synchronized again. Or you can start with an "
-               "empty profile and import your databases from the sync locations.")
+               "You can restore the copy that Velmora made of it on %1; later changes of notes are "
+               "added to it if they can be read, and are otherwise missing until they are "
+               "synchronized again. Or you can start with an empty profile and import your "
+               "databases from the sync locations.")
         .arg(QLocale().toString(**backup, QLocale::LongFormat));
 }
 

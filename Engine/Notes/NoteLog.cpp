@@ -23,17 +23,6 @@ QByteArray blob(const OperationId &identifier) {
     return identifier.isNull() ? QByteArray("") : identifier;
 }
 
-Operation operationInRow(const QSqlQuery &row) {
-    const QVariant modified = row.value(4);
-    return {row.value(0).toByteArray(),
-            row.value(1).toString(),
-            ProfileDatabase::exactText(row.value(2)),
-            ProfileDatabase::exactText(row.value(3)),
-            modified.isNull() ? std::nullopt : std::optional(modified.toLongLong()),
-            Operation::unpacked(row.value(5).toByteArray()),
-            row.value(6).toByteArray()};
-}
-
 /// Returns `text` with unpaired surrogates replaced, as encoding a transaction would replace them.
 QString wellFormed(const QString &text) {
     return text.isValidUtf16() ? text : ExactText::fromUtf8(text.toUtf8());
@@ -90,11 +79,8 @@ const QString ConflictsCounted = QStringLiteral(
     " AND note_uuid <> '' GROUP BY note_uuid HAVING count(*) > 1)");
 
 QString selection(const QString &condition, const QString &order = QStringLiteral("position, id")) {
-    return QStringLiteral(
-               "SELECT digest, note_uuid, CAST(title AS BLOB), CAST(text AS BLOB), modified,"
-               " supersedes, salt"
-               " FROM operations WHERE database = ? AND %1 ORDER BY %2")
-        .arg(condition, order);
+    return QStringLiteral("SELECT %1 FROM operations WHERE database = ? AND %2 ORDER BY %3")
+        .arg(NoteLog::OperationColumns, condition, order);
 }
 
 Expected<void> checkNote(const Note &note) {
@@ -129,6 +115,17 @@ Expected<qint64> NoteLog::insertDatabase(const ProfileDatabase &profile, const Q
                               " VALUES (?, CAST(? AS TEXT)) RETURNING id"),
                {UUID, ProfileDatabase::exactText(name)})
         .map([](const QVariant &id) { return id.toLongLong(); });
+}
+
+Operation NoteLog::operationIn(const QSqlQuery &row) {
+    const QVariant modified = row.value(4);
+    return {row.value(0).toByteArray(),
+            row.value(1).toString(),
+            ProfileDatabase::exactText(row.value(2)),
+            ProfileDatabase::exactText(row.value(3)),
+            modified.isNull() ? std::nullopt : std::optional(modified.toLongLong()),
+            Operation::unpacked(row.value(5).toByteArray()),
+            row.value(6).toByteArray()};
 }
 
 NoteLog::NoteLog(const ProfileDatabase &profile, qint64 database, qint64 lastAtOpening)
@@ -541,7 +538,7 @@ Expected<QList<NoteLog::Damage>> NoteLog::damagedOperations() const {
     const Expected<void> done = m_profile.read(
         selection(QStringLiteral("TRUE"), QStringLiteral("id")), {m_database},
         [&](const QSqlQuery &row) {
-            const Operation operation = operationInRow(row);
+            const Operation operation = operationIn(row);
             const bool isSound = operation.isSound();
             if (!isSound || superseded->contains(operation.id)) {
                 damaged.append({operation.id,
@@ -651,7 +648,7 @@ Expected<std::optional<Operation>> NoteLog::first(const QString &note) const {
     const Expected<void> done =
         m_profile.read(selection(QStringLiteral("note_uuid = ?"), order),
                        {m_database, ProfileDatabase::text(note)},
-                       [&](const QSqlQuery &row) { first = operationInRow(row); });
+                       [&](const QSqlQuery &row) { first = operationIn(row); });
     if (!done) {
         return failure(done.error());
     }
@@ -681,7 +678,7 @@ Expected<QList<Operation>> NoteLog::select(const QString &condition,
     QList<Operation> operations;
     const Expected<void> done =
         m_profile.read(selection(condition), QVariantList{m_database} + values,
-                       [&](const QSqlQuery &row) { operations.append(operationInRow(row)); });
+                       [&](const QSqlQuery &row) { operations.append(operationIn(row)); });
     if (!done) {
         return failure(done.error());
     }
@@ -699,7 +696,7 @@ Expected<QList<Operation>> NoteLog::takeOperations(QList<OperationId> &identifie
     for (; taken < identifiers.size() && size < Transaction::UsualSize; ++taken) {
         const Expected<void> done =
             m_profile.read(*query, {m_database, identifiers[taken]}, [&](const QSqlQuery &row) {
-                operations.append(operationInRow(row));
+                operations.append(operationIn(row));
                 size += roughSize(operations.last());
             });
         if (!done) {

@@ -33,6 +33,13 @@ public:
     static Expected<qint64> insertDatabase(const ProfileDatabase &profile, const QString &UUID,
                                            const QString &name);
 
+    /// The columns of the table "operations" that are read as an operation, and their number.
+    static inline const QString OperationColumns = QStringLiteral(
+        "digest, note_uuid, CAST(title AS BLOB), CAST(text AS BLOB), modified, supersedes, salt");
+    static constexpr int OperationColumnCount = 7;
+    /// Returns the operation in a row that begins with OperationColumns. It may be damaged.
+    static Operation operationIn(const QSqlQuery &row);
+
     /// `profile` is not owned and must outlive this object. `database` is the id of the database's
     /// row, `lastAtOpening` that of its last operation when the profile was opened.
     NoteLog(const ProfileDatabase &profile, qint64 database, qint64 lastAtOpening = 0);

@@ -5,6 +5,7 @@
 
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/ChangeRescue.h"
 #include "Engine/Notes/NoteConversion.h"
 #include "Engine/Notes/NoteInspection.h"
 #include "Engine/Plugin/ProfileVerification.h"
@@ -38,6 +39,37 @@ void reportMissingLocations(const QString &directory) {
                 "The sync locations of the damaged profile “%1” cannot be read. Add them again in "
                 "Sync Preferences, then import your databases.",
                 directory));
+        }
+    });
+}
+
+/// Tells what the backup still lacks.
+void presentUnread(const QString &directory, const ChangeRescue::Findings &findings) {
+    QString text =
+        localizedSyncString(
+            "Later changes cannot be read from the damaged profile “%1” and may be missing from "
+            "the restored copy. Synchronize, so that they are read from the locations. The damaged "
+            "files are kept in the folder “Damaged Profiles”.")
+            .arg(directory);
+    if (!findings.damaged.isEmpty()) {
+        text += u' ' + localizedSyncString("Damaged notes: %1.")
+                           .arg(NoteInspection::titles(findings.damaged,
+                                                       localizedSyncString("name of a database")));
+    }
+    NSApp()->presentError(engineError(EngineErrorCode::BackupFailed, text));
+}
+
+/// Reports it when the windows are there.
+void reportRescue(const QString &directory, const ChangeRescue::Findings &findings) {
+    MainQueue::dispatchAsync([directory, findings] {
+        if (NSApp() && findings.added > 0) {
+            NSApp()->logItemCmd(localizedSyncString("Profile:"),
+                                localizedSyncString("Changes that were added to the restored copy "
+                                                    "from the damaged profile: %1")
+                                    .arg(findings.added));
+        }
+        if (NSApp() && (!findings.isComplete || !findings.damaged.isEmpty())) {
+            presentUnread(directory, findings);
         }
     });
 }
@@ -96,6 +128,19 @@ Expected<void> SyncEngine::beginProfile(const QString &directory) {
                 reportMissingLocations(directory);
             }
         });
+}
+
+Expected<void> SyncEngine::restoreBackup(const QString &directory) {
+    ChangeRescue::Findings found;
+    const auto amend = [&](const QString &folder, const QString &damaged) {
+        ProfileDatabase backup;
+        return openDatabase(backup, folder, FirstContents::Inbox)
+            .and_then([&] { return ChangeRescue::run(damaged, backup); })
+            .map([&](const ChangeRescue::Findings &findings) { found = findings; });
+    };
+    return ProfileRecovery::restoreBackup(directory, amend).map([&] {
+        reportRescue(directory, found);
+    });
 }
 
 VerificationReport SyncEngine::verify(VerificationMode mode) {

@@ -51,6 +51,10 @@ public:
     /// former locations, see ProfileRecovery::begin. If the locations cannot be read, it succeeds
     /// without them, and the user is notified once the application runs. Blocks for the disk.
     static Expected<void> beginProfile(const QString &directory);
+    /// Replaces the database of a profile that is not open by its newest sound backup, to which the
+    /// later changes are added that can be read, see ChangeRescue. The user is notified of others
+    /// once the application runs. Blocks for the disk.
+    static Expected<void> restoreBackup(const QString &directory);
 
 private:
     /// Opens a temporary copy of the profile, so that another process can use the profile itself.

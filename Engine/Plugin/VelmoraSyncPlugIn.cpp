@@ -3,7 +3,7 @@
 #include "Engine/DirectConnection/HostLookUp.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/WorkerThreads.h"
-#include "Engine/Profile/ProfileRecovery.h"
+#include "Engine/Profile/ProfileBackups.h"
 #include "Host/SyncLog.h"
 
 namespace {
@@ -60,7 +60,7 @@ Expected<std::optional<QDate>> VelmoraSyncPlugIn::dateOfBackup(const QString &di
 
 Expected<void> VelmoraSyncPlugIn::replaceProfile(const QString &directory,
                                                  ProfileReplacement replacement) {
-    return replacement == ProfileReplacement::Backup ? ProfileRecovery::restoreBackup(directory)
+    return replacement == ProfileReplacement::Backup ? SyncEngine::restoreBackup(directory)
                                                      : SyncEngine::beginProfile(directory);
 }
 

@@ -334,6 +334,21 @@ Expected<bool> copyDatabase(const QString &directory, const QString &folder) {
     return isReadable;
 }
 
+/// Copies `backup` into the empty folder `folder`, and lets `amend` add what it lacks.
+Expected<void> prepareBackup(const QString &directory, const QString &backup, const QString &folder,
+                             const ProfileRecovery::Amendment &amend) {
+    const QTemporaryDir copies(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
+    if (!copies.isValid()) {
+        return systemFailure(directory);
+    }
+    const QString copy = folder + u'/' + ProfileDatabaseName;
+    return DurableFile::copy(backup, copy)
+        .map_error(toReplacementFailure(directory))
+        .and_then([&] { return copyDatabase(directory, copies.path()); })
+        .and_then([&](bool) { return amend(folder, copies.filePath(ProfileDatabaseName)); })
+        .and_then([&] { return ProfileBackups::verify(copy); });
+}
+
 /// Returns copies of the databases from which locations may be read, best first. SQLite writes
 /// beside a database that it reads, which must not happen to the originals.
 Expected<QStringList> sourcesOfLocations(const QString &directory, const QString &folder) {
@@ -361,7 +376,7 @@ bool ProfileRecovery::hasTraces(const QString &directory) {
            QFileInfo(directory + u'/' + FolderName).isDir() || QFileInfo(log).size() > 0;
 }
 
-Expected<void> ProfileRecovery::restoreBackup(const QString &directory) {
+Expected<void> ProfileRecovery::restoreBackup(const QString &directory, const Amendment &amend) {
     ProfileLock lock;
     if (Expected<void> locked = lock.acquire(directory); !locked) {
         return locked;
@@ -379,14 +394,12 @@ Expected<void> ProfileRecovery::restoreBackup(const QString &directory) {
                         directory));
     }
     const QTemporaryDir folder(directory + u'/' + UnfinishedPrefix + QStringLiteral("XXXXXX"));
-    const QString copy = folder.filePath(ProfileDatabaseName);
     if (!folder.isValid()) {
         return systemFailure(directory);
     }
-    if (const Expected<void> copied = DurableFile::copy(backup->path, copy); !copied) {
-        return failure(toReplacementFailure(directory)(copied.error()));
-    }
-    return ProfileBackups::verify(copy).and_then([&] { return replace(directory, copy); });
+    return prepareBackup(directory, backup->path, folder.path(), amend).and_then([&] {
+        return replace(directory, folder.filePath(ProfileDatabaseName));
+    });
 }
 
 Expected<bool> ProfileRecovery::begin(

@@ -23,8 +23,16 @@ inline const QString FolderName = QStringLiteral("Damaged Profiles");
 /// recovered: backups, damaged profiles, or the log of a missing database.
 bool hasTraces(const QString &directory);
 
-/// Replaces the database by the newest backup that is sound.
-Expected<void> restoreBackup(const QString &directory);
+/// Adds to the copy of a backup in the folder `folder`, a profile that is not open, what can be
+/// read from the copy `damaged` of the damaged database. An error prevents the recovery.
+using Amendment = std::function<Expected<void>(const QString &folder, const QString &damaged)>;
+
+/// Replaces the database by the newest backup that is sound, to which `amend` adds what it lacks.
+Expected<void> restoreBackup(
+    const QString &directory,
+    const Amendment &amend = [](const QString & /*folder*/, const QString & /*damaged*/) {
+        return Expected<void>();
+    });
 
 /// Replaces the database by a new one. `create` makes a profile in the empty folder that it is
 /// given and closes it. The locations and their states are copied from the damaged profile or, if

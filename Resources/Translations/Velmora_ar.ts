@@ -77,8 +77,8 @@
 <context>
     <name>DamagedProfileDialog</name>
     <message>
-        <source>You can restore the copy that Velmora made of it on %1; later changes are then missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>يمكنك استعادة النسخة التي أنشأها Velmora في ⁨%1⁩؛ ستبقى التغييرات اللاحقة مفقودة إلى أن تُزامَن من جديد. أو يمكنك البدء بملف تعريف فارغ واستيراد قواعد بياناتك من مواقع المزامنة.</translation>
+        <source>You can restore the copy that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>يمكنك استعادة النسخة التي أنشأها Velmora في ⁨%1⁩؛ تُضاف إليها تغييرات الملاحظات اللاحقة إن أمكنت قراءتها، وإلا فستبقى مفقودة إلى أن تُزامَن من جديد. أو يمكنك البدء بملف تعريف فارغ واستيراد قواعد بياناتك من مواقع المزامنة.</translation>
     </message>
     <message>
         <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>

@@ -73,8 +73,8 @@
 <context>
     <name>DamagedProfileDialog</name>
     <message>
-        <source>You can restore the copy that Velmora made of it on %1; later changes are then missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Sie können die Kopie wiederherstellen, die Velmora davon angelegt hat (%1); spätere Änderungen fehlen dann, bis sie wieder synchronisiert sind. Oder Sie beginnen mit einem leeren Profil und importieren Ihre Datenbanken aus den Sync-Orten.</translation>
+        <source>You can restore the copy that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Sie können die Kopie wiederherstellen, die Velmora davon angelegt hat (%1); spätere Änderungen von Notizen werden hinzugefügt, wenn sie gelesen werden können, und fehlen sonst, bis sie wieder synchronisiert sind. Oder Sie beginnen mit einem leeren Profil und importieren Ihre Datenbanken aus den Sync-Orten.</translation>
     </message>
     <message>
         <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>

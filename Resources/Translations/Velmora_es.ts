@@ -73,8 +73,8 @@
 <context>
     <name>DamagedProfileDialog</name>
     <message>
-        <source>You can restore the copy that Velmora made of it on %1; later changes are then missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Puede restaurar la copia que Velmora hizo de él (%1); los cambios posteriores faltarán hasta que vuelvan a sincronizarse. También puede empezar con un perfil vacío e importar sus bases de datos desde las ubicaciones de sincronización.</translation>
+        <source>You can restore the copy that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Puede restaurar la copia que Velmora hizo de él (%1); los cambios posteriores de notas se añaden si se pueden leer; si no, faltarán hasta que vuelvan a sincronizarse. También puede empezar con un perfil vacío e importar sus bases de datos desde las ubicaciones de sincronización.</translation>
     </message>
     <message>
         <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>

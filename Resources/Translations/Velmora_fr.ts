@@ -73,8 +73,8 @@
 <context>
     <name>DamagedProfileDialog</name>
     <message>
-        <source>You can restore the copy that Velmora made of it on %1; later changes are then missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Vous pouvez restaurer la copie que Velmora en a faite (%1) ; les modifications plus récentes manqueront jusqu’à ce qu’elles soient de nouveau synchronisées. Vous pouvez aussi commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
+        <source>You can restore the copy that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Vous pouvez restaurer la copie que Velmora en a faite (%1) ; les modifications plus récentes de notes y sont ajoutées si elles peuvent être lues et manqueront sinon jusqu’à ce qu’elles soient de nouveau synchronisées. Vous pouvez aussi commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
     </message>
     <message>
         <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>

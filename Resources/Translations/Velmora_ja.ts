@@ -72,8 +72,8 @@
 <context>
     <name>DamagedProfileDialog</name>
     <message>
-        <source>You can restore the copy that Velmora made of it on %1; later changes are then missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>%1にVelmoraが作成したコピーを復元できます。その後の変更は、再び同期するまで失われた状態になります。または、空のプロファイルから始めて、同期先からデータベースをインポートすることもできます。</translation>
+        <source>You can restore the copy that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>%1にVelmoraが作成したコピーを復元できます。その後のノートの変更は、読み取れる場合はコピーに追加され、読み取れない場合は再び同期するまで失われた状態になります。または、空のプロファイルから始めて、同期先からデータベースをインポートすることもできます。</translation>
     </message>
     <message>
         <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>

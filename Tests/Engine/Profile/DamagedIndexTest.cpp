@@ -79,6 +79,19 @@ private:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
+    /// Adds a note, edits another twice, and adds a database.
+    void makeLaterChanges() {
+        Note later{{}, QStringLiteral("later"), QStringLiteral("a later note"), {}};
+        QVERIFY(m_host->inbox()->saveNote(later));
+        Note edited = m_host->inbox()->notes().value().first();
+        for (const char *text : {"a first edit", "a second edit"}) {
+            edited.text = QString::fromLatin1(text);
+            QVERIFY(m_host->inbox()->saveNote(edited));
+            QVERIFY(run<SyncSession>());
+        }
+        m_host->addDatabase(QStringLiteral("New"));
+    }
+
     /// Opens the profile with another engine and returns the error.
     Expected<void> open() const {
         SyncEngine engine;
@@ -130,6 +143,8 @@ private Q_SLOTS:
         QFETCH(QString, index);
         QFETCH(Damage, damage);
         QVERIFY(ProfileBackups(m_directory).make(QDate(2026, 11, 22)));
+        makeLaterChanges();
+        const QStringList latest = texts();
         this->damage(index, damage);
         const QByteArray before = contents();
         const Expected<void> opened = open();
@@ -141,9 +156,33 @@ private Q_SLOTS:
                      qPrintable(description(opened)));
         }
         QCOMPARE(contents(), before);
-        QVERIFY(ProfileRecovery::restoreBackup(m_directory));
+        QVERIFY(SyncEngine::restoreBackup(m_directory));
         m_host->goToComputer(QStringLiteral("Profile"));
-        QCOMPARE(texts().size(), 3);
+        QCOMPARE(texts(), latest);
+        QTRY_COMPARE(log().filter(QStringLiteral("were added to the restored copy")).size(), 1);
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
+        QVERIFY(run<SyncSession>());
+        verifySound();
+    }
+
+    /// The table that contains the later changes is damaged.
+    void whatCannotBeReadOfLaterChangesIsNamed() {
+        QVERIFY(ProfileBackups(m_directory).make(QDate(2026, 11, 22)));
+        makeLaterChanges();
+        const QStringList latest = texts();
+        m_host->goToComputer(QStringLiteral("Other"));
+        DamagedIndex::make(file(), QStringLiteral("order_of_notes"), Damage::Page);
+        DamagedIndex::makeRow(file(), QStringLiteral("operations"), "a later note");
+        QVERIFY(SyncEngine::restoreBackup(m_directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QTRY_COMPARE(m_host->application().presentedErrors().size(), 1);
+        const QList<Error> told = m_host->application().presentedErrors();
+        QVERIFY2(told.first().localizedDescription.contains(QStringLiteral("“later”")),
+                 qPrintable(told.first().localizedDescription));
+        QStringList readable = latest;
+        readable.removeAll(QStringLiteral("later=a later note"));
+        QCOMPARE(readable.size(), latest.size() - 1);
+        QCOMPARE(texts(), readable);
         QVERIFY(run<SyncSession>());
         verifySound();
     }
@@ -174,7 +213,7 @@ private Q_SLOTS:
                      QStringLiteral("The profile “%1” is damaged. ").arg(file())),
                  qPrintable(description(opened)));
         QCOMPARE(contents(), damaged);
-        QVERIFY(ProfileRecovery::restoreBackup(m_directory));
+        QVERIFY(SyncEngine::restoreBackup(m_directory));
         m_host->goToComputer(QStringLiteral("Profile"));
         QCOMPARE(texts(), before);
         QVERIFY(run<SyncSession>());
@@ -190,9 +229,10 @@ private Q_SLOTS:
         const QByteArray before = contents();
         QCOMPARE(code(open()), EngineErrorCode::ProfileDamaged);
         QCOMPARE(contents(), before);
-        QVERIFY(ProfileRecovery::restoreBackup(m_directory));
+        QVERIFY(SyncEngine::restoreBackup(m_directory));
         m_host->goToComputer(QStringLiteral("Profile"));
         QCOMPARE(texts().size(), 3);
+        QVERIFY(m_host->library().knownDatabases().last()->notes().value().isEmpty());
     }
 
     void withoutSpaceForItTheProfileStaysAsItIs() {

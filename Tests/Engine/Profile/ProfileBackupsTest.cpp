@@ -589,6 +589,7 @@ private Q_SLOTS:
         QFETCH(QString, reason);
         const QString damaged = m_host->directory();
         QVERIFY(ProfileBackups(damaged).make(m_today));
+        m_host->leaveUnverified("only copies of the damaged profile are recovered");
         m_host->goToComputer(QStringLiteral("Other"));
         const QStringList files{QStringLiteral("profile.sqlite"),
                                 QStringLiteral("profile.sqlite-shm"),
@@ -601,8 +602,8 @@ private Q_SLOTS:
             const QString directory = damaged + QString::number(call);
             copyFolder(damaged, directory);
             const FaultyFolder disk(directory, fault, call, FaultyFolder::Duration::Once);
-            const Expected<void> replaced = isNew ? SyncEngine::beginProfile(directory)
-                                                  : ProfileRecovery::restoreBackup(directory);
+            const Expected<void> replaced =
+                isNew ? SyncEngine::beginProfile(directory) : SyncEngine::restoreBackup(directory);
             QCOMPARE(damagedFiles(directory), replaced ? files : QStringList());
             if (!disk.hasFailed()) {
                 QCOMPARE(description(replaced), QString());
@@ -634,11 +635,12 @@ private Q_SLOTS:
         m_host->addLocation();
         m_host->save();
         QVERIFY(ProfileBackups(damaged).make(m_today));
+        m_host->leaveUnverified("only copies of the damaged profile are recovered");
         m_host->goToComputer(QStringLiteral("Other"));
         QVERIFY(executeIn(damaged, QStringLiteral("DELETE FROM databases")));
         const auto replace = [&](const QString &directory) {
             return isNew ? SyncEngine::beginProfile(directory)
-                         : ProfileRecovery::restoreBackup(directory);
+                         : SyncEngine::restoreBackup(directory);
         };
         bool wasMissing = false;
         bool hasFailed = true;
