@@ -14,6 +14,7 @@
 #include "Support/ProgramRun.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// Runs "velmora sync", "status" and "check" as a user or a script would.
 class ShellCommandTest : public QObject {
@@ -165,6 +166,7 @@ private Q_SLOTS:
                                    {QStringLiteral("-a"), newProfile(), profile()}),
                  0);
     }
+    void cleanup() const { Verification::failForLastingProblems(profile()); }
 
     void aSynchronizationIsReportedAndLogged() {
         const Run before = status();

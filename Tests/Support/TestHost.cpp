@@ -34,7 +34,18 @@ TestHost::~TestHost() {
     if (m_isVerified && m_engine) {
         Verification::failForLastingProblems(*m_engine);
     }
+    close();
+    for (const QString &name : std::as_const(m_otherComputers)) {
+        if (m_isVerified) {
+            Verification::failForLastingProblems(m_directory.filePath(name));
+        }
+    }
+}
+
+void TestHost::close() {
     m_application.setEngine(nullptr);
+    m_classes.reset();
+    m_engine.reset();
 }
 
 void TestHost::leaveUnverified(const char * /*reason*/) {
@@ -52,13 +63,13 @@ void TestHost::start(FirstContents contents) {
 }
 
 void TestHost::restart() {
-    m_application.setEngine(nullptr);
-    m_classes.reset();
-    m_engine.reset();
+    close();
     start(FirstContents::Inbox);
 }
 
 void TestHost::goToComputer(const QString &name) {
+    m_otherComputers.insert(m_profileName);
+    m_otherComputers.remove(name);
     m_profileName = name;
     restart();
 }

@@ -66,9 +66,12 @@ public:
 
 private:
     void start(FirstContents contents);
+    void close();
 
     QTemporaryDir m_directory;
     QString m_profileName = QStringLiteral("Profile");
+    /// The other profiles that were opened.
+    QSet<QString> m_otherComputers;
     bool m_isVerified = true;
     TestApplication m_application;
     std::unique_ptr<SyncEngine> m_engine;
