@@ -26,18 +26,23 @@ QString headline(const VerificationReport::Part &part) {
     return verificationText("%1: could not be checked.").arg(part.name);
 }
 
-QString conclusion(Outcome outcome) {
+QString conclusion(Outcome outcome, VerificationMode mode) {
     switch (outcome) {
         case Outcome::Sound:
             return verificationText("Everything is in order.");
         case Outcome::Problems:
-            return verificationText(
-                "Problems were found. “velmora verify --repair” synchronizes and repairs what "
-                "this computer can repair.");
+            return mode == VerificationMode::Repair
+                       ? verificationText(
+                             "Problems remain. Do what is said above, then run “velmora verify” "
+                             "again.")
+                       : verificationText(
+                             "Problems were found. “velmora verify --repair” synchronizes and "
+                             "repairs what this computer can repair.");
         case Outcome::NotChecked:
             break;
     }
-    return verificationText("Some parts could not be checked.");
+    return verificationText(
+        "Some parts could not be checked. Remove the cause that is named above, then try again.");
 }
 
 QString name(Outcome outcome) {
@@ -62,7 +67,7 @@ QJsonObject json(const VerificationReport::Part &part) {
 
 }  // namespace
 
-QString VerificationOutput::text(const VerificationReport &report) {
+QString VerificationOutput::text(const VerificationReport &report, VerificationMode mode) {
     QStringList lines;
     for (const VerificationReport::Part &part : report.parts) {
         lines.append(TerminalText::line(headline(part)));
@@ -70,7 +75,7 @@ QString VerificationOutput::text(const VerificationReport &report) {
             lines.append(QStringLiteral("    ") + TerminalText::line(sentence));
         }
     }
-    lines.append(conclusion(report.outcome()));
+    lines.append(conclusion(report.outcome(), mode));
     return lines.join(u'\n') + u'\n';
 }
 

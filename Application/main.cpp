@@ -227,10 +227,11 @@ int runVerification(VelmoraApplication &application, const LaunchOptions &option
         const bool isDamaged = sync.isProfileDamaged(opened.error());
         return VerificationOutput::exitCode(isDamaged ? Outcome::Problems : Outcome::NotChecked);
     }
-    const VerificationReport report =
-        sync.verify(options.repair ? VerificationMode::Repair : VerificationMode::Report);
+    const VerificationMode mode =
+        options.repair ? VerificationMode::Repair : VerificationMode::Report;
+    const VerificationReport report = sync.verify(mode);
     print(options.json ? QString::fromUtf8(QJsonDocument(VerificationOutput::json(report)).toJson())
-                       : VerificationOutput::text(report));
+                       : VerificationOutput::text(report, mode));
     return VerificationOutput::exitCode(report.outcome());
 }
 

@@ -142,9 +142,14 @@ Expected<void> ProfileVerification::addDamagedNotes(EngineDatabase &database,
         database.addDamaged(damaged);
         if (!damaged.isEmpty()) {
             problems.append(
-                localizedSyncString("Damaged notes in the database “%1”: %2. “velmora verify "
-                                    "--repair” reads them again from the locations. If no location "
-                                    "has them, check their texts and edit them.")
+                (m_mode == VerificationMode::Repair
+                     ? localizedSyncString("Damaged notes in the database “%1” that no location "
+                                           "could restore: %2. Check their texts, edit them and "
+                                           "synchronize, or restore a backup of the profile.")
+                     : localizedSyncString("Damaged notes in the database “%1”: %2. “velmora "
+                                           "verify --repair” reads them again from the locations. "
+                                           "If no location has them, check their texts and edit "
+                                           "them."))
                     .arg(database.name(), NoteInspection::titles(damaged, database.name())));
         }
     });
@@ -156,11 +161,17 @@ Expected<void> ProfileVerification::addLostNotes(const EngineDatabase &database,
         .map([&](const QSet<OperationId> &lost) {
             if (!lost.isEmpty()) {
                 problems.append(
-                    localizedSyncString("Changes of notes in the database “%1” that this computer "
-                                        "has lost: %2. “velmora verify --repair” reads them again "
-                                        "from the locations. If no location has them, synchronize "
-                                        "on the other computers, then here, or restore a backup of "
-                                        "the profile.")
+                    (m_mode == VerificationMode::Repair
+                         ? localizedSyncString("Changes of notes in the database “%1” that this "
+                                               "computer has lost and that no location could "
+                                               "restore: %2. Synchronize on the other computers, "
+                                               "then here, or restore a backup of the profile.")
+                         : localizedSyncString("Changes of notes in the database “%1” that this "
+                                               "computer has lost: %2. “velmora verify --repair” "
+                                               "reads them again from the locations. If no "
+                                               "location has them, synchronize on the other "
+                                               "computers, then here, or restore a backup of the "
+                                               "profile."))
                         .arg(database.name())
                         .arg(lost.size()));
             }

@@ -578,13 +578,19 @@ Expected<void> SyncSession::reportLost() {
         return {};
     }
     if (!m_stillLost.isEmpty()) {
-        addProblem(engineError(
-            EngineErrorCode::InvalidDatabase,
-            localizedSyncString("This computer has lost changes of notes that are not at the "
-                                "location any more either: %1. Synchronize on the other computers, "
-                                "then here. If that does not bring them back, restore a backup of "
-                                "the profile.")
-                .arg(m_stillLost.size())));
+        const QString text =
+            m_verifiesAll ? localizedSyncString(
+                                "This computer has lost changes of notes that were not found "
+                                "in any record of the location either: %1. They are not "
+                                "reported again, and their backups are kept as long as "
+                                "others. Synchronize on the other computers, then here, or "
+                                "restore a backup of the profile soon.")
+                          : localizedSyncString(
+                                "This computer has lost changes of notes that are not at the "
+                                "location any more either: %1. Synchronize on the other "
+                                "computers, then here. If that does not bring them back, "
+                                "restore a backup of the profile.");
+        addProblem(engineError(EngineErrorCode::InvalidDatabase, text.arg(m_stillLost.size())));
     }
     // A repair has reported that nothing is left to try.
     return profile().write(

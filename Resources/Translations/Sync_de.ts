@@ -718,8 +718,16 @@
         <translation>Beschädigte Notizen in der Datenbank „%1“: %2. „velmora verify --repair“ liest sie erneut von den Orten. Wenn kein Ort sie enthält, prüfen und bearbeiten Sie ihre Texte.</translation>
     </message>
     <message>
+        <source>Damaged notes in the database “%1” that no location could restore: %2. Check their texts, edit them and synchronize, or restore a backup of the profile.</source>
+        <translation>Beschädigte Notizen in der Datenbank „%1“, die kein Ort wiederherstellen konnte: %2. Prüfen und bearbeiten Sie ihre Texte und synchronisieren Sie, oder stellen Sie eine Sicherungskopie des Profils wieder her.</translation>
+    </message>
+    <message>
         <source>Changes of notes in the database “%1” that this computer has lost: %2. “velmora verify --repair” reads them again from the locations. If no location has them, synchronize on the other computers, then here, or restore a backup of the profile.</source>
         <translation>Änderungen von Notizen in der Datenbank „%1“, die dieser Computer verloren hat: %2. „velmora verify --repair“ liest sie erneut von den Orten. Wenn kein Ort sie enthält, synchronisieren Sie auf den anderen Computern und dann hier, oder stellen Sie eine Sicherungskopie des Profils wieder her.</translation>
+    </message>
+    <message>
+        <source>Changes of notes in the database “%1” that this computer has lost and that no location could restore: %2. Synchronize on the other computers, then here, or restore a backup of the profile.</source>
+        <translation>Änderungen von Notizen in der Datenbank „%1“, die dieser Computer verloren hat und die kein Ort wiederherstellen konnte: %2. Synchronisieren Sie auf den anderen Computern und dann hier, oder stellen Sie eine Sicherungskopie des Profils wieder her.</translation>
     </message>
     <message>
         <source>The list of unsent changes of the database “%1” is wrong. “velmora verify --repair” compares everything and sends what the list lacks.</source>
@@ -1685,6 +1693,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>This computer has lost changes of notes that are not at the location any more either: %1. Synchronize on the other computers, then here. If that does not bring them back, restore a backup of the profile.</source>
         <translation>Dieser Computer hat Änderungen von Notizen verloren, die auch am Ort nicht mehr vorhanden sind: %1. Synchronisieren Sie auf den anderen Computern und dann hier. Wenn sie dadurch nicht zurückkehren, stellen Sie eine Sicherungskopie des Profils wieder her.</translation>
+    </message>
+    <message>
+        <source>This computer has lost changes of notes that were not found in any record of the location either: %1. They are not reported again, and their backups are kept as long as others. Synchronize on the other computers, then here, or restore a backup of the profile soon.</source>
+        <translation>Dieser Computer hat Änderungen von Notizen verloren, die auch in keinem Datensatz des Ortes gefunden wurden: %1. Sie werden nicht noch einmal gemeldet, und ihre Sicherungskopien werden so lange aufbewahrt wie andere. Synchronisieren Sie auf den anderen Computern und dann hier, oder stellen Sie bald eine Sicherungskopie des Profils wieder her.</translation>
     </message>
     <message>
         <source>Databases of other computers that were not added: %1. This computer adds none from direct connections if it has %2 already. To get them, use another location on both computers.</source>

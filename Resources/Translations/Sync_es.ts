@@ -698,8 +698,16 @@
         <translation>Notas dañadas en la base de datos «%1»: %2. «velmora verify --repair» las vuelve a leer desde las ubicaciones. Si ninguna ubicación las tiene, compruebe sus textos y edítelas.</translation>
     </message>
     <message>
+        <source>Damaged notes in the database “%1” that no location could restore: %2. Check their texts, edit them and synchronize, or restore a backup of the profile.</source>
+        <translation>Notas dañadas en la base de datos «%1» que ninguna ubicación pudo restaurar: %2. Compruebe sus textos, edítelas y sincronice, o restaure una copia de seguridad del perfil.</translation>
+    </message>
+    <message>
         <source>Changes of notes in the database “%1” that this computer has lost: %2. “velmora verify --repair” reads them again from the locations. If no location has them, synchronize on the other computers, then here, or restore a backup of the profile.</source>
         <translation>Cambios de notas de la base de datos «%1» que este equipo ha perdido: %2. «velmora verify --repair» los vuelve a leer desde las ubicaciones. Si ninguna ubicación los tiene, sincronice en los otros equipos y después aquí, o restaure una copia de seguridad del perfil.</translation>
+    </message>
+    <message>
+        <source>Changes of notes in the database “%1” that this computer has lost and that no location could restore: %2. Synchronize on the other computers, then here, or restore a backup of the profile.</source>
+        <translation>Cambios de notas en la base de datos «%1» que este equipo ha perdido y que ninguna ubicación pudo restaurar: %2. Sincronice en los otros equipos y después aquí, o restaure una copia de seguridad del perfil.</translation>
     </message>
     <message>
         <source>“%1”</source>
@@ -1649,6 +1657,10 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
     <message>
         <source>This computer has lost changes of notes that are not at the location any more either: %1. Synchronize on the other computers, then here. If that does not bring them back, restore a backup of the profile.</source>
         <translation>Este equipo ha perdido cambios de notas que tampoco están ya en la ubicación: %1. Sincronice en los otros equipos y después aquí. Si así no vuelven, restaure una copia de seguridad del perfil.</translation>
+    </message>
+    <message>
+        <source>This computer has lost changes of notes that were not found in any record of the location either: %1. They are not reported again, and their backups are kept as long as others. Synchronize on the other computers, then here, or restore a backup of the profile soon.</source>
+        <translation>Este equipo ha perdido cambios de notas que tampoco se encontraron en ningún registro de la ubicación: %1. No se vuelven a notificar, y sus copias de seguridad se conservan tanto tiempo como las demás. Sincronice en los otros equipos y después aquí, o restaure pronto una copia de seguridad del perfil.</translation>
     </message>
     <message>
         <source>Databases of other computers that were not added: %1. This computer adds none from direct connections if it has %2 already. To get them, use another location on both computers.</source>

@@ -698,8 +698,16 @@
         <translation>Notes endommagées dans la base de données « %1 » : %2. « velmora verify --repair » les relit depuis les emplacements. Si aucun emplacement ne les contient, vérifiez leurs textes et modifiez-les.</translation>
     </message>
     <message>
+        <source>Damaged notes in the database “%1” that no location could restore: %2. Check their texts, edit them and synchronize, or restore a backup of the profile.</source>
+        <translation>Notes endommagées dans la base de données « %1 » qu’aucun emplacement n’a pu restaurer : %2. Vérifiez leurs textes, modifiez-les et synchronisez, ou restaurez une copie de sauvegarde du profil.</translation>
+    </message>
+    <message>
         <source>Changes of notes in the database “%1” that this computer has lost: %2. “velmora verify --repair” reads them again from the locations. If no location has them, synchronize on the other computers, then here, or restore a backup of the profile.</source>
         <translation>Modifications de notes de la base de données « %1 » que cet ordinateur a perdues : %2. « velmora verify --repair » les relit depuis les emplacements. Si aucun emplacement ne les contient, synchronisez sur les autres ordinateurs, puis ici, ou restaurez une copie de sauvegarde du profil.</translation>
+    </message>
+    <message>
+        <source>Changes of notes in the database “%1” that this computer has lost and that no location could restore: %2. Synchronize on the other computers, then here, or restore a backup of the profile.</source>
+        <translation>Modifications de notes dans la base de données « %1 » que cet ordinateur a perdues et qu’aucun emplacement n’a pu restaurer : %2. Synchronisez sur les autres ordinateurs, puis ici, ou restaurez une copie de sauvegarde du profil.</translation>
     </message>
     <message>
         <source>“%1”</source>
@@ -1649,6 +1657,10 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     <message>
         <source>This computer has lost changes of notes that are not at the location any more either: %1. Synchronize on the other computers, then here. If that does not bring them back, restore a backup of the profile.</source>
         <translation>Cet ordinateur a perdu des modifications de notes que l’emplacement ne contient plus non plus : %1. Synchronisez sur les autres ordinateurs, puis ici. Si cela ne les fait pas revenir, restaurez une copie de sauvegarde du profil.</translation>
+    </message>
+    <message>
+        <source>This computer has lost changes of notes that were not found in any record of the location either: %1. They are not reported again, and their backups are kept as long as others. Synchronize on the other computers, then here, or restore a backup of the profile soon.</source>
+        <translation>Cet ordinateur a perdu des modifications de notes qui n’ont été trouvées dans aucun enregistrement de l’emplacement : %1. Elles ne seront plus signalées, et leurs copies de sauvegarde sont conservées aussi longtemps que les autres. Synchronisez sur les autres ordinateurs, puis ici, ou restaurez bientôt une copie de sauvegarde du profil.</translation>
     </message>
     <message>
         <source>Databases of other computers that were not added: %1. This computer adds none from direct connections if it has %2 already. To get them, use another location on both computers.</source>

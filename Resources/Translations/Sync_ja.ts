@@ -716,8 +716,16 @@
         <translation>データベース「%1」に破損したノートがあります: %2。「velmora verify --repair」を実行すると、同期先からもう一度読み取ります。どの同期先にもない場合は、本文を確認して編集してください。</translation>
     </message>
     <message>
+        <source>Damaged notes in the database “%1” that no location could restore: %2. Check their texts, edit them and synchronize, or restore a backup of the profile.</source>
+        <translation>データベース「%1」に、どの同期先からも復元できなかった破損したノートがあります: %2。本文を確認して編集し、同期してください。または、プロファイルのバックアップを復元してください。</translation>
+    </message>
+    <message>
         <source>Changes of notes in the database “%1” that this computer has lost: %2. “velmora verify --repair” reads them again from the locations. If no location has them, synchronize on the other computers, then here, or restore a backup of the profile.</source>
         <translation>データベース「%1」で、このコンピューターから失われたノートの変更: %2。「velmora verify --repair」を実行すると、同期先からもう一度読み取ります。どの同期先にもない場合は、ほかのコンピューターで同期してからここで同期するか、プロファイルのバックアップを復元してください。</translation>
+    </message>
+    <message>
+        <source>Changes of notes in the database “%1” that this computer has lost and that no location could restore: %2. Synchronize on the other computers, then here, or restore a backup of the profile.</source>
+        <translation>データベース「%1」で、このコンピューターから失われ、どの同期先からも復元できなかったノートの変更: %2。ほかのコンピューターで同期してからここで同期するか、プロファイルのバックアップを復元してください。</translation>
     </message>
     <message>
         <source>“%1”</source>
@@ -1664,6 +1672,10 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message>
         <source>This computer has lost changes of notes that are not at the location any more either: %1. Synchronize on the other computers, then here. If that does not bring them back, restore a backup of the profile.</source>
         <translation>このコンピューターから失われたノートの変更があり、同期先にももうありません: %1。ほかのコンピューターで同期してから、ここで同期してください。それでも戻らない場合は、プロファイルのバックアップを復元してください。</translation>
+    </message>
+    <message>
+        <source>This computer has lost changes of notes that were not found in any record of the location either: %1. They are not reported again, and their backups are kept as long as others. Synchronize on the other computers, then here, or restore a backup of the profile soon.</source>
+        <translation>このコンピューターから失われたノートの変更があり、同期先のどのレコードにも見つかりませんでした: %1。今後は報告されず、そのバックアップの保管期間はほかのバックアップと同じになります。ほかのコンピューターで同期してからここで同期するか、早めにプロファイルのバックアップを復元してください。</translation>
     </message>
     <message>
         <source>Databases of other computers that were not added: %1. This computer adds none from direct connections if it has %2 already. To get them, use another location on both computers.</source>

@@ -747,8 +747,12 @@
         <translation>وُجدت مشكلات. يزامن الأمر «velmora verify --repair» ويصلح ما يستطيع هذا الحاسوب إصلاحه.</translation>
     </message>
     <message>
-        <source>Some parts could not be checked.</source>
-        <translation>تعذر فحص بعض الأجزاء.</translation>
+        <source>Problems remain. Do what is said above, then run “velmora verify” again.</source>
+        <translation>ما زالت هناك مشكلات. افعل ما ذُكر أعلاه، ثم شغِّل «velmora verify» من جديد.</translation>
+    </message>
+    <message>
+        <source>Some parts could not be checked. Remove the cause that is named above, then try again.</source>
+        <translation>تعذر فحص بعض الأجزاء. أزل السبب المذكور أعلاه، ثم أعد المحاولة.</translation>
     </message>
 </context>
 <context>

@@ -723,8 +723,12 @@
         <translation>Es wurden Probleme gefunden. „velmora verify --repair“ synchronisiert und behebt, was dieser Computer beheben kann.</translation>
     </message>
     <message>
-        <source>Some parts could not be checked.</source>
-        <translation>Einige Teile konnten nicht geprüft werden.</translation>
+        <source>Problems remain. Do what is said above, then run “velmora verify” again.</source>
+        <translation>Es bleiben Probleme. Tun Sie, was oben steht, und führen Sie dann „velmora verify“ erneut aus.</translation>
+    </message>
+    <message>
+        <source>Some parts could not be checked. Remove the cause that is named above, then try again.</source>
+        <translation>Einige Teile konnten nicht geprüft werden. Beheben Sie die oben genannte Ursache, und versuchen Sie es dann erneut.</translation>
     </message>
 </context>
 <context>

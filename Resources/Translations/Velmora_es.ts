@@ -723,8 +723,12 @@
         <translation>Se han encontrado problemas. «velmora verify --repair» sincroniza y repara lo que este equipo puede reparar.</translation>
     </message>
     <message>
-        <source>Some parts could not be checked.</source>
-        <translation>Algunas partes no se pudieron comprobar.</translation>
+        <source>Problems remain. Do what is said above, then run “velmora verify” again.</source>
+        <translation>Quedan problemas. Haga lo que se indica arriba y ejecute de nuevo «velmora verify».</translation>
+    </message>
+    <message>
+        <source>Some parts could not be checked. Remove the cause that is named above, then try again.</source>
+        <translation>Algunas partes no se pudieron comprobar. Elimine la causa indicada arriba e inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>

@@ -723,8 +723,12 @@
         <translation>Des problèmes ont été trouvés. « velmora verify --repair » synchronise et répare ce que cet ordinateur peut réparer.</translation>
     </message>
     <message>
-        <source>Some parts could not be checked.</source>
-        <translation>Certaines parties n’ont pas pu être vérifiées.</translation>
+        <source>Problems remain. Do what is said above, then run “velmora verify” again.</source>
+        <translation>Des problèmes subsistent. Suivez les indications ci-dessus, puis exécutez de nouveau « velmora verify ».</translation>
+    </message>
+    <message>
+        <source>Some parts could not be checked. Remove the cause that is named above, then try again.</source>
+        <translation>Certaines parties n’ont pas pu être vérifiées. Supprimez la cause indiquée ci-dessus, puis réessayez.</translation>
     </message>
 </context>
 <context>

@@ -717,8 +717,12 @@
         <translation>問題が見つかりました。「velmora verify --repair」を実行すると、同期して、このコンピューターで修復できるものを修復します。</translation>
     </message>
     <message>
-        <source>Some parts could not be checked.</source>
-        <translation>確認できないものがありました。</translation>
+        <source>Problems remain. Do what is said above, then run “velmora verify” again.</source>
+        <translation>問題が残っています。上記のとおりにしてから、もう一度「velmora verify」を実行してください。</translation>
+    </message>
+    <message>
+        <source>Some parts could not be checked. Remove the cause that is named above, then try again.</source>
+        <translation>確認できないものがありました。上記の原因を取り除いてから、もう一度お試しください。</translation>
     </message>
 </context>
 <context>

@@ -243,6 +243,13 @@ private Q_SLOTS:
         QVERIFY2(repaired.output.contains(QStringLiteral("was read again")),
                  qPrintable(repaired.output));
         QVERIFY(!repaired.output.contains(QStringLiteral("in the database “Projects”")));
+        // What remains is not said to be repaired by what has just been done.
+        QCOMPARE(repaired.exitCode, 1);
+        QVERIFY2(repaired.output.contains(
+                     QStringLiteral("in the database “Recipes” that no location could restore")),
+                 qPrintable(repaired.output));
+        QVERIFY(repaired.output.endsWith(QStringLiteral("run “velmora verify” again.\n")));
+        QVERIFY(!repaired.output.contains(QStringLiteral("--repair")));
         const Run after = verify();
         QCOMPARE(after.exitCode, repaired.exitCode);
         QVERIFY(!after.output.contains(QStringLiteral("in the database “Projects”")));
