@@ -1,6 +1,7 @@
 #include "Platform/Interface/SheetWindow.h"
 
 #include <QtGui/QCloseEvent>
+#include <QtWidgets/QAbstractItemView>
 #include <algorithm>
 
 #include "Platform/Interface/HeightKeeper.h"
@@ -27,5 +28,25 @@ void SheetWindow::closeEvent(QCloseEvent *event) {
 
 void SheetWindow::showEvent(QShowEvent *event) {
     Mnemonics::assign(*this);
+    skipEmptyLists();
     QDialog::showEvent(event);
+}
+
+void SheetWindow::skipEmptyLists() {
+    QWidget *control = focusWidget() ? this : nextInFocusChain();
+    bool hasSkipped = false;
+    while (control != this) {
+        const auto *list = qobject_cast<const QAbstractItemView *>(control);
+        const bool isEmpty = list && list->model() && list->model()->rowCount() == 0;
+        const bool canFocus = (control->focusPolicy() & Qt::TabFocus) != 0 &&
+                              control->isEnabled() && control->isVisibleTo(this);
+        if (canFocus && !isEmpty) {
+            break;
+        }
+        hasSkipped = hasSkipped || (canFocus && isEmpty);
+        control = control->nextInFocusChain();
+    }
+    if (control != this && hasSkipped) {
+        control->setFocus(Qt::TabFocusReason);
+    }
 }

@@ -339,6 +339,18 @@ private Q_SLOTS:
         QVERIFY(!part<QLabel>("emptyLabel")->isVisible());
     }
 
+    void theHostCanBeTypedAtOnceIfThereIsNothingToChoose() {
+        run();
+        QTRY_COMPARE(m_editor->window()->focusWidget(), part<TextField>("hostField"));
+    }
+
+    void theListHasTheFocusIfThereIsSomethingToChoose() {
+        m_editor->window();
+        find(makeService(QStringLiteral("Studio")));
+        run();
+        QTRY_COMPARE(m_editor->window()->focusWidget(), part<TableView>("servicesTable"));
+    }
+
     void theFieldsShowAndSetTheURL() {
         m_location->setURL(URLOf(QStringLiteral("studio.local:5000")));
         run();
