@@ -4,7 +4,6 @@
 
 #include "Controller/Preferences/LocationRecovery.h"
 #include "Host/QVSyncLocation.h"
-#include "Host/QVSyncPlugin.h"
 #include "Host/QVSyncResult.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/CombinedErrors.h"
@@ -27,17 +26,6 @@ bool isSynchronized(const std::shared_ptr<QVSyncState> &state) {
 bool isPartial(const std::shared_ptr<QVSyncState> &state) {
     const std::optional<QVSyncResult> result = QVSyncResult::of(state.get());
     return result && result->problems > 0;
-}
-
-/// Synchronizes those of `states` that still exist.
-void synchronize(const QList<std::weak_ptr<QVSyncState>> &states) {
-    QVSyncStates living;
-    for (const auto &state : states) {
-        if (const auto each = state.lock()) {
-            living.append(each);
-        }
-    }
-    QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(living);
 }
 
 }  // namespace
@@ -120,18 +108,22 @@ QString DatabaseRowStatus::errorButtonName() const {
 std::optional<Error> DatabaseRowStatus::error() const {
     QList<Error> errors;
     QVSyncStates failed;
+    QList<std::function<void()>> jobs;
     const QVSyncStates ticked = tickedStates();
     for (const auto &state : ticked) {
         if (const auto error = failureOf(*state, database()->name())) {
             errors.append(*error);
             failed.append(state);
+            jobs.append(LocationRecovery::lastJobOf(state));
         }
     }
     if (errors.isEmpty()) {
         return {};
     }
-    const auto again = [states = QList<std::weak_ptr<QVSyncState>>(failed.begin(), failed.end())] {
-        synchronize(states);
+    const auto again = [jobs] {
+        for (const auto &start : jobs) {
+            start();
+        }
     };
     const auto location = failed.first()->destination();
     Error error = CombinedErrors::of(errors);

@@ -4,6 +4,8 @@
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Host/QVApplication.h"
 #include "Host/QVJobLog.h"
+#include "Host/QVSyncPlugin.h"
+#include "Host/QVSyncResult.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Interface/Workspace.h"
 
@@ -58,6 +60,19 @@ void LocationRecovery::prependLog(QList<RecoveryOption> &options) {
     if (const auto showLog = QVJobLog::showOption()) {
         options.prepend(*showLog);
     }
+}
+
+std::function<void()> LocationRecovery::lastJobOf(const std::shared_ptr<QVSyncState> &state) {
+    const std::optional<QVSyncResult> result = QVSyncResult::of(state.get());
+    return [again = std::weak_ptr(state), isCleanUp = result && result->isCleanUp] {
+        QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
+        const auto living = again.lock();
+        if (living && isCleanUp) {
+            dispatcher->cleanRemoteStoreWithSynchronizationState(living, [] {});
+        } else if (living) {
+            dispatcher->performSynchronizationsWithSynchronizationStates({living});
+        }
+    };
 }
 
 RecoveryOption LocationRecovery::tryAgainOption(const std::function<void()> &tryAgain) {

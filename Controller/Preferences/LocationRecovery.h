@@ -6,6 +6,7 @@
 #include "Platform/Foundation/Error.h"
 
 class QVSyncLocation;
+class QVSyncState;
 
 /// The next steps that the pane offers with the error of a location. Must be used on the main
 /// thread.
@@ -23,6 +24,11 @@ void showFolder(const std::shared_ptr<QVSyncLocation> &location);
 /// Adds "Show Log" as the first of `options` if the application offers it. For failures that left
 /// some items out: the log names these.
 void prependLog(QList<RecoveryOption> &options);
+
+/// Returns a function that starts the last job of `state` again, which has a result and must not be
+/// null: a clean-up as such. The state is not kept alive; once it is gone, the function has no
+/// effect.
+std::function<void()> lastJobOf(const std::shared_ptr<QVSyncState> &state);
 
 /// Returns "Try Again", which calls `tryAgain`.
 RecoveryOption tryAgainOption(const std::function<void()> &tryAgain);

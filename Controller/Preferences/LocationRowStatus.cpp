@@ -36,16 +36,6 @@ QString resultText(const QVSyncState *state) {
         .arg(result->problems);
 }
 
-/// Starts the job of `state` again, unless that is null.
-void runAgain(const std::shared_ptr<QVSyncState> &state, bool isCleanUp) {
-    QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
-    if (state && isCleanUp) {
-        dispatcher->cleanRemoteStoreWithSynchronizationState(state, [] {});
-    } else if (state) {
-        dispatcher->performSynchronizationsWithSynchronizationStates({state});
-    }
-}
-
 }  // namespace
 
 LocationRowStatus::LocationRowStatus(QObject *parent)
@@ -138,10 +128,8 @@ std::optional<Error> LocationRowStatus::error() const {
     std::optional<Error> error =
         result ? result->failure(row->database()->name(), *row->location()) : std::nullopt;
     if (error) {
-        error->recoveryOptions = LocationRecovery::options(
-            row->location(), [state = std::weak_ptr(failed), isCleanUp = result->isCleanUp] {
-                runAgain(state.lock(), isCleanUp);
-            });
+        error->recoveryOptions =
+            LocationRecovery::options(row->location(), LocationRecovery::lastJobOf(failed));
         if (!result->error) {
             LocationRecovery::prependLog(error->recoveryOptions);
         }

@@ -194,6 +194,22 @@ private Q_SLOTS:
         QVERIFY(Panel::warning(Panel::locationRow(0))->isHidden());
     }
 
+    void theErrorOfADatabaseRepeatsAFailedCleanUp() {
+        const QString package = m_host->addLocation()->URL().path();
+        showPanel();
+        synchronize();
+        QVERIFY(QDir().rename(package, package + u'x'));
+        Panel::select(Panel::locationRow(0));
+        m_panel->choose("cleanItem");
+        awaitEndOfJob();
+        steps(Panel::databaseRow(1));
+        QVERIFY(QDir().rename(package + u'x', package));
+        take(QStringLiteral("Try Again"));
+        QTRY_COMPARE(m_panel->text("activityLabel"),
+                     QStringLiteral("“Projects” was cleaned up at “Store 0”."));
+        QVERIFY(Panel::warning(Panel::databaseRow(1))->isHidden());
+    }
+
     void withoutAvahiTheSheetOfADirectConnectionSaysSo() {
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/there/is/no/bus");
         showPanel();
