@@ -14,14 +14,16 @@
 
 #include "Application/EventLog.h"
 #include "Application/LogFilter.h"
+#include "Application/WindowSize.h"
 #include "Application/WrappingDelegate.h"
 
 namespace {
 
 /// In widths of a letter.
-constexpr int WindowWidth = 130;
-constexpr int WindowHeight = 60;
+constexpr int WindowWidth = 150;
 constexpr int NameWidth = 16;
+constexpr int MinimumTextWidth = 45;
+constexpr int LinesOfWindow = 32;
 
 }  // namespace
 
@@ -33,7 +35,7 @@ LogWindow::LogWindow(EventLog *log, QWidget *parent)
       m_databases(new QComboBox),
       m_locations(new QComboBox) {
     setWindowTitle(tr("Log"));
-    resize(fontMetrics().averageCharWidth() * QSize(WindowWidth, WindowHeight));
+    resize(WindowSize::of(*this, WindowWidth, LinesOfWindow));
     m_filter->setSourceModel(m_log);
     makeView();
     auto *layout = new QVBoxLayout(this);
@@ -56,6 +58,7 @@ void LogWindow::makeView() {
     m_view->setWordWrap(true);
     m_view->setItemDelegateForColumn(EventLog::Text, new WrappingDelegate(m_view));
     QHeaderView *header = m_view->header();
+    header->setStretchLastSection(false);
     for (int column = 0; column < EventLog::Text; ++column) {
         header->setSectionResizeMode(column, QHeaderView::ResizeToContents);
     }
@@ -63,16 +66,36 @@ void LogWindow::makeView() {
         header->setSectionResizeMode(column, QHeaderView::Interactive);
         header->resizeSection(column, fontMetrics().averageCharWidth() * NameWidth);
     }
-    // The heights of the rows depend on the width of the last column.
+    // A narrow window shows it without scrolling.
+    header->moveSection(EventLog::Text, EventLog::Time + 1);
+    // The heights of the rows depend on the width of the text.
     auto *layoutTimer = new QTimer(this);
     layoutTimer->setSingleShot(true);
     connect(layoutTimer, &QTimer::timeout, m_view, &QTreeView::doItemsLayout);
     connect(header, &QHeaderView::sectionResized, layoutTimer,
-            [layoutTimer](int section, int before, int now) {
-                if (section == EventLog::Text && before != now) {
+            [this, layoutTimer](int section, int before, int now) {
+                if (section != EventLog::Text) {
+                    fitText();
+                } else if (before != now) {
                     layoutTimer->start();
                 }
             });
+    m_view->viewport()->installEventFilter(this);
+}
+
+bool LogWindow::eventFilter(QObject *object, QEvent *event) {
+    if (object == m_view->viewport() && event->type() == QEvent::Resize) {
+        fitText();
+    }
+    return QWidget::eventFilter(object, event);
+}
+
+void LogWindow::fitText() {
+    QHeaderView *header = m_view->header();
+    const int others = header->length() - header->sectionSize(EventLog::Text);
+    header->resizeSection(EventLog::Text,
+                          std::max(fontMetrics().averageCharWidth() * MinimumTextWidth,
+                                   m_view->viewport()->width() - others));
 }
 
 QHBoxLayout *LogWindow::makeControls() {

@@ -18,8 +18,13 @@ public:
     /// stays above it and is deleted with it.
     explicit LogWindow(EventLog *log, QWidget *parent = nullptr);
 
+    /// Fits the text column if the view has another size.
+    bool eventFilter(QObject *object, QEvent *event) override;
+
 private:
     void makeView();
+    /// Gives the text column what the others leave of the view, or its minimum width.
+    void fitText();
     /// Returns the choices and the button; owned by the caller.
     QHBoxLayout *makeControls();
     /// Offers the databases and locations that the log names from the row `first` on, besides the

@@ -4,6 +4,7 @@
 
 #include <QtGui/QClipboard>
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTreeView>
 #include <csignal>
@@ -185,6 +186,25 @@ private Q_SLOTS:
         choices[0]->setCurrentIndex(0);
         choices[1]->setCurrentIndex(0);
         QCOMPARE(shown.rowCount(), 5);
+    }
+
+    void theTextHasRoomInEveryWindow() {
+        EventLog log;
+        log.append(
+            job(QVJobReport::Outcome::Failed, QStringLiteral("Projects"), QStringLiteral("Home")));
+        LogWindow window(&log);
+        window.show();
+        const auto *view = window.findChild<QTreeView *>();
+        const QHeaderView *header = view->header();
+        window.resize(300, 300);
+        const int room = 40 * view->fontMetrics().averageCharWidth();
+        QTRY_VERIFY(header->length() > view->viewport()->width());
+        QVERIFY(header->sectionSize(EventLog::Text) > room);
+        // Without scrolling, only the outcome and the time are before it.
+        QCOMPARE(header->visualIndex(EventLog::Text), EventLog::Time + 1);
+        window.resize(3000, 300);
+        QTRY_COMPARE(header->length(), view->viewport()->width());
+        QVERIFY(header->sectionSize(EventLog::Text) > 2 * room);
     }
 };
 
