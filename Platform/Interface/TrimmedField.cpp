@@ -1,5 +1,6 @@
 #include "Platform/Interface/TrimmedField.h"
 
+#include <QtWidgets/QStyleOptionFrame>
 #include <algorithm>
 
 namespace {
@@ -23,6 +24,17 @@ TrimmedField::TrimmedField(QWidget *parent) : QLineEdit(parent) {
     // Emitted after textEdited().
     connect(this, &QLineEdit::textChanged, this, [this] { m_former = text(); });
     connect(this, &QLineEdit::editingFinished, this, &TrimmedField::didEndEditing);
+}
+
+QSize TrimmedField::minimumSizeHint() const {
+    // QLineEdit has this margin at each side of a text.
+    constexpr int margin = 2;
+    const int text = fontMetrics().horizontalAdvance(placeholderText()) + 2 * margin;
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QSize hint = QLineEdit::minimumSizeHint();
+    return hint.expandedTo(
+        style()->sizeFromContents(QStyle::CT_LineEdit, &option, {text, 0}, this));
 }
 
 void TrimmedField::didEdit() {

@@ -12,6 +12,9 @@ class PLATFORM_EXPORT TrimmedField : public QLineEdit {
 public:
     explicit TrimmedField(QWidget *parent = nullptr);
 
+    /// Has room for the placeholder.
+    QSize minimumSizeHint() const override;
+
 private:
     /// The first receiver of textEdited(). The others must read text(), because it may differ from
     /// the argument of the signal.

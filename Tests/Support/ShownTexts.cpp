@@ -8,6 +8,8 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollArea>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionFrame>
 
 #include "Platform/Interface/TextLabel.h"
 
@@ -33,6 +35,27 @@ bool isText(const QWidget *widget) {
             qobject_cast<const QGroupBox *>(widget));
 }
 
+/// A field that shows its placeholder, with access to what its text is given.
+class PlaceholderField : public QLineEdit {
+public:
+    /// Returns the width that `field` needs for its placeholder; 0 if it has none, or a text
+    /// instead.
+    static int neededWidth(const QLineEdit *field) {
+        if (!field->text().isEmpty() || field->placeholderText().isEmpty()) {
+            return 0;
+        }
+        QStyleOptionFrame option;
+        (field->*(&PlaceholderField::initStyleOption))(&option);
+        const int contents =
+            field->style()->subElementRect(QStyle::SE_LineEditContents, &option, field).width();
+        const QMargins margins = field->textMargins();
+        // QLineEdit's own margin.
+        constexpr int margin = 2;
+        return field->width() - contents + margins.left() + margins.right() + 2 * margin +
+               field->fontMetrics().horizontalAdvance(field->placeholderText());
+    }
+};
+
 /// Returns the size that the text needs at the present width.
 QSize neededSize(const QWidget *widget) {
     const auto *label = qobject_cast<const QLabel *>(widget);
@@ -49,10 +72,10 @@ QSize neededSize(const QWidget *widget) {
     if (label) {
         return label->sizeHint();
     }
-    const bool isField = qobject_cast<const QLineEdit *>(widget);
     const QSize hint =
         qobject_cast<const QGroupBox *>(widget) ? widget->minimumSizeHint() : widget->sizeHint();
-    return {isField ? 0 : hint.width(), hint.height()};
+    const auto *field = qobject_cast<const QLineEdit *>(widget);
+    return {field ? PlaceholderField::neededWidth(field) : hint.width(), hint.height()};
 }
 
 /// Returns the part of `widget` that its ancestors let show, in coordinates of `window`; the

@@ -9,7 +9,8 @@ namespace ShownTexts {
 
 /// Returns a line for each visible label, button, field or heading in `window`, which must be
 /// shown, that is smaller than its text, reaches beyond its parent, or overlaps another one. Texts
-/// that a label shortens on purpose, with a tool tip, count as cut off, too.
+/// that a label shortens on purpose, with a tool tip, count as cut off, too. Of fields, this is
+/// about the placeholder.
 QStringList problems(const QWidget &window);
 
 /// Gives each wrapped label in `window` that has no text a sentence of several lines, as an error
