@@ -16,6 +16,12 @@ QRect wrappedFrame(const QFontMetrics &metrics, int width, int flags, const QStr
     return metrics.boundingRect(0, 0, width, QWIDGETSIZE_MAX, flags, text);
 }
 
+/// Returns whether `text` needs one line at `width`. QPainter wraps some texts that just fit,
+/// because it does not round their width.
+bool isOneLine(const QFontMetrics &metrics, int width, const QString &text) {
+    return metrics.horizontalAdvance(text) <= width;
+}
+
 /// Returns the flags with which no part of `text` is cut off at `width`.
 int wrapFlags(const QFontMetrics &metrics, int width, const QString &text) {
     const bool fits = wrappedFrame(metrics, width, Qt::TextWordWrap, text).width() <= width;
@@ -61,7 +67,7 @@ int TextLabel::heightForWidth(int width) const {
         return -1;
     }
     const QFontMetrics metrics = fontMetrics();
-    if (metrics.horizontalAdvance(text()) <= width) {
+    if (isOneLine(metrics, width, text())) {
         return metrics.height();
     }
     return wrappedFrame(metrics, width, wrapFlags(metrics, width, text()), text()).height();
@@ -81,7 +87,9 @@ void TextLabel::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);
     painter.setPen(paintedColor());
     if (wordWrap()) {
-        const int flags = wrapFlags(fontMetrics(), width(), text());
+        const int flags = isOneLine(fontMetrics(), width(), text())
+                              ? Qt::TextSingleLine
+                              : wrapFlags(fontMetrics(), width(), text());
         painter.drawText(rect(), static_cast<int>(alignment()) | flags, text());
         return;
     }
