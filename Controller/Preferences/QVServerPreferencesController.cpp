@@ -3,6 +3,7 @@
 #include "Host/DefaultsKeys.h"
 #include "Host/QVApplication.h"
 #include "Host/QVSyncPlugin.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/Keychain.h"
@@ -50,6 +51,13 @@ void QVServerPreferencesController::didLoadAuthorizedClients(const Expected<QStr
         addAuthorizedClientsObject(client);
     }
     m_knowsClients = clients.has_value();
+    if (!clients) {
+        m_clientsProblem =
+            localizedSyncString(
+                "The computers that may connect cannot be listed. %1 Start or unlock the password "
+                "service, and open this window again.")
+                .arg(clients.error().localizedFailureReason);
+    }
     KeyValue::announce<&QVServerPreferencesController::authorizedClientsChanged>(this);
 }
 

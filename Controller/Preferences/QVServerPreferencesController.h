@@ -30,6 +30,11 @@ class QVServerPreferencesController : public WindowController {
                    authorizedClientsSortDescriptors CONSTANT)
     /// Whether the keychain contains no client; false until it has been read.
     Q_PROPERTY(bool hasNoClients READ hasNoClients NOTIFY hasNoClientsChanged)
+    /// Why the clients are not listed and what to do next, for the user; empty unless the keychain
+    /// could not be read.
+    Q_PROPERTY(QString clientsProblem READ clientsProblem NOTIFY clientsProblemChanged)
+    /// Whether the keychain could not be read.
+    Q_PROPERTY(bool clientsUnknown READ areClientsUnknown NOTIFY clientsUnknownChanged)
 public:
     /// Returns a new controller, which starts to read the keychain without blocking. Never null. It
     /// may be destroyed at any time except while its sheet is shown; results that arrive later are
@@ -53,6 +58,8 @@ public:
     QStringList authorizedClients() const { return m_authorizedClients; }
     /// Also false if the keychain cannot be read; the list is then empty.
     bool hasNoClients() const { return m_knowsClients && m_authorizedClients.isEmpty(); }
+    QString clientsProblem() const { return m_clientsProblem; }
+    bool areClientsUnknown() const { return !m_clientsProblem.isEmpty(); }
     QList<SortDescriptor> authorizedClientsSortDescriptors() const;
     /// Adds a name to the list only; authorizes no client. Has no effect if it is in the list, but
     /// announces it.
@@ -69,6 +76,12 @@ public:
     }
 
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingHasNoClients() {
+        return {"authorizedClients"};
+    }
+    Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingClientsProblem() {
+        return {"authorizedClients"};
+    }
+    Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingClientsUnknown() {
         return {"authorizedClients"};
     }
 
@@ -88,6 +101,8 @@ Q_SIGNALS:
     void enabledChanged();
     void authorizedClientsChanged();
     void hasNoClientsChanged();
+    void clientsProblemChanged();
+    void clientsUnknownChanged();
 
 protected:
     /// Closes the sheet: there is nothing to cancel.
@@ -104,4 +119,5 @@ private:
     QStringList m_authorizedClients;
     QStringList m_clientsBeingRevoked;
     bool m_knowsClients = false;
+    QString m_clientsProblem;
 };

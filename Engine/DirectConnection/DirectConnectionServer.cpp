@@ -25,6 +25,7 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/KeyValue/KeyValue.h"
 #include "Platform/Network/NetService.h"
+#include "Platform/Network/ServiceDiscovery.h"
 #include "Platform/Security/Keychain.h"
 
 namespace {
@@ -162,6 +163,9 @@ Expected<void> DirectConnectionServer::start() {
                                                  QString(), m_port);
         m_service->setDelegate(this);
         m_service->publish();
+        m_discovery = std::make_unique<ServiceDiscovery>();
+        connect(m_discovery.get(), &ServiceDiscovery::availableChanged, this,
+                &DirectConnectionServer::announceAddress);
     }
     return listening;
 }
@@ -201,6 +205,13 @@ QString DirectConnectionServer::addressText() const {
             ? localizedSyncString("This computer is in no network. Port: %1").arg(m_port)
             : localizedSyncString("Address: %1. Port: %2")
                   .arg(addresses.join(QStringLiteral(", ")), QString::number(m_port));
+    if (!m_discovery->isAvailable() && !addresses.isEmpty()) {
+        return address + u'\n' +
+               localizedSyncString(
+                   "Other computers do not find this one by themselves, because the service "
+                   "“Avahi” is not running on this computer. Start it, or enter this address and "
+                   "port on the other computer under “Add”, “Direct Connection…”.");
+    }
     if (!m_isAnnounced) {
         return address;
     }
@@ -249,6 +260,7 @@ void DirectConnectionServer::stop() {
         m_service->setDelegate(nullptr);
     }
     m_service.reset();
+    m_discovery.reset();
     m_isAnnounced = false;
     withdrawQuestion();
     if (!m_listener) {

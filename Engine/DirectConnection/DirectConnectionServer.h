@@ -14,6 +14,7 @@ class NoteLibrary;
 class ProfileDatabase;
 class ServedDatabases;
 class ServedStoreObserver;
+class ServiceDiscovery;
 
 /// The direct-connection server of a profile. It serves clients that the user has authorized, over
 /// TLS 1.3 with the profile's own certificate (see DirectConnectionMessage). Must be used on the
@@ -60,7 +61,8 @@ public:
     /// connections and the port when it can go on, and its requests are ignored.
     void stopServing() override;
     std::shared_ptr<NetService> bonjourService() const override { return m_service; }
-    /// The addresses are read at each call.
+    /// The addresses are read at each call. Also says so if other computers cannot find this one,
+    /// because the service that announces it is not running.
     QString addressText() const override;
     /// Returns new objects at each call; empty before offerChoice().
     QVariantList databases() const override;
@@ -113,4 +115,6 @@ private:
     std::shared_ptr<NetService> m_service;
     /// Whether the service is announced under its present name.
     bool m_isAnnounced = false;
+    /// Null while not serving.
+    std::unique_ptr<ServiceDiscovery> m_discovery;
 };

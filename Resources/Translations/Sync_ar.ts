@@ -4,6 +4,14 @@
 <context>
     <name>Sync</name>
     <message>
+        <source>Other computers do not find this one by themselves, because the service “Avahi” is not running on this computer. Start it, or enter this address and port on the other computer under “Add”, “Direct Connection…”.</source>
+        <translation>لا تعثر الحواسيب الأخرى على هذا الحاسوب من تلقاء نفسها، لأن الخدمة «Avahi» لا تعمل عليه. شغِّلها، أو أدخل هذا العنوان وهذا المنفذ على الحاسوب الآخر ضمن «إضافة»، «اتصال مباشر…».</translation>
+    </message>
+    <message>
+        <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
+        <translation>لا يمكن عرض الحواسيب المسموح لها بالاتصال. ⁨%1⁩ شغِّل خدمة كلمات المرور أو ألغِ قفلها، ثم افتح هذه النافذة من جديد.</translation>
+    </message>
+    <message>
         <source>Computers cannot be found, because the service “Avahi” is not running on this computer. Start it, or enter the address of the other computer.</source>
         <translation>لا يمكن العثور على حواسيب، لأن الخدمة «Avahi» لا تعمل على هذا الحاسوب. شغِّلها، أو أدخل عنوان الحاسوب الآخر.</translation>
     </message>

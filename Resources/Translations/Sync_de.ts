@@ -4,6 +4,14 @@
 <context>
     <name>Sync</name>
     <message>
+        <source>Other computers do not find this one by themselves, because the service “Avahi” is not running on this computer. Start it, or enter this address and port on the other computer under “Add”, “Direct Connection…”.</source>
+        <translation>Andere Computer finden diesen nicht von selbst, weil der Dienst „Avahi“ auf diesem Computer nicht läuft. Starten Sie ihn, oder geben Sie diese Adresse und diesen Port auf dem anderen Computer unter „Hinzufügen“, „Direktverbindung …“ ein.</translation>
+    </message>
+    <message>
+        <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
+        <translation>Die Computer, die sich verbinden dürfen, können nicht aufgelistet werden. %1 Starten oder entsperren Sie den Passwortdienst, und öffnen Sie dieses Fenster noch einmal.</translation>
+    </message>
+    <message>
         <source>Computers cannot be found, because the service “Avahi” is not running on this computer. Start it, or enter the address of the other computer.</source>
         <translation>Es können keine Computer gefunden werden, weil der Dienst „Avahi“ auf diesem Computer nicht läuft. Starten Sie ihn, oder geben Sie die Adresse des anderen Computers ein.</translation>
     </message>

@@ -4,6 +4,14 @@
 <context>
     <name>Sync</name>
     <message>
+        <source>Other computers do not find this one by themselves, because the service “Avahi” is not running on this computer. Start it, or enter this address and port on the other computer under “Add”, “Direct Connection…”.</source>
+        <translation>Los demás equipos no encuentran este por sí mismos, porque el servicio «Avahi» no está en ejecución en este equipo. Inícielo, o introduzca esta dirección y este puerto en el otro equipo en «Añadir», «Conexión directa…».</translation>
+    </message>
+    <message>
+        <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
+        <translation>No se pueden mostrar los equipos que pueden conectarse. %1 Inicie o desbloquee el servicio de contraseñas y vuelva a abrir esta ventana.</translation>
+    </message>
+    <message>
         <source>Computers cannot be found, because the service “Avahi” is not running on this computer. Start it, or enter the address of the other computer.</source>
         <translation>No se pueden encontrar equipos, porque el servicio «Avahi» no está en ejecución en este equipo. Inícielo o introduzca la dirección del otro equipo.</translation>
     </message>

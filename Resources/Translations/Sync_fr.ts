@@ -4,6 +4,14 @@
 <context>
     <name>Sync</name>
     <message>
+        <source>Other computers do not find this one by themselves, because the service “Avahi” is not running on this computer. Start it, or enter this address and port on the other computer under “Add”, “Direct Connection…”.</source>
+        <translation>Les autres ordinateurs ne trouvent pas celui-ci d’eux-mêmes, car le service « Avahi » n’y est pas en cours d’exécution. Démarrez-le, ou saisissez cette adresse et ce port sur l’autre ordinateur sous « Ajouter », « Connexion directe… ».</translation>
+    </message>
+    <message>
+        <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
+        <translation>Les ordinateurs autorisés à se connecter ne peuvent pas être affichés. %1 Démarrez ou déverrouillez le service de mots de passe, puis rouvrez cette fenêtre.</translation>
+    </message>
+    <message>
         <source>Computers cannot be found, because the service “Avahi” is not running on this computer. Start it, or enter the address of the other computer.</source>
         <translation>Aucun ordinateur ne peut être trouvé, car le service « Avahi » n’est pas en cours d’exécution sur cet ordinateur. Démarrez-le, ou saisissez l’adresse de l’autre ordinateur.</translation>
     </message>

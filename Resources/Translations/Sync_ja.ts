@@ -4,6 +4,14 @@
 <context>
     <name>Sync</name>
     <message>
+        <source>Other computers do not find this one by themselves, because the service “Avahi” is not running on this computer. Start it, or enter this address and port on the other computer under “Add”, “Direct Connection…”.</source>
+        <translation>このコンピューターで「Avahi」サービスが実行されていないため、ほかのコンピューターはこのコンピューターを自動では検出できません。サービスを開始するか、相手のコンピューターの「追加」、「直接接続…」でこのアドレスとポートを入力してください。</translation>
+    </message>
+    <message>
+        <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
+        <translation>接続できるコンピューターを一覧に表示できません。%1パスワードサービスを開始するかロックを解除して、このウインドウを開き直してください。</translation>
+    </message>
+    <message>
         <source>Computers cannot be found, because the service “Avahi” is not running on this computer. Start it, or enter the address of the other computer.</source>
         <translation>このコンピューターで「Avahi」サービスが実行されていないため、コンピューターを検出できません。サービスを開始するか、相手のコンピューターのアドレスを入力してください。</translation>
     </message>

@@ -296,6 +296,7 @@ private Q_SLOTS:
         QVERIFY(m_host->application.presentedErrors().isEmpty());
         m_controller->window()->show();
         QVERIFY(part<QLabel>("emptyLabel")->isVisible());
+        QVERIFY(!part<QLabel>("clientsProblemLabel")->isVisible());
         QVERIFY(!part<QPushButton>("revokeButton")->isEnabled());
     }
 
@@ -329,6 +330,13 @@ private Q_SLOTS:
         reopen();
         QVERIFY(m_controller->authorizedClients().isEmpty());
         QVERIFY(m_host->application.presentedErrors().isEmpty());
+        m_controller->window()->show();
+        QVERIFY(!part<QLabel>("emptyLabel")->isVisible());
+        const auto *problem = part<QLabel>("clientsProblemLabel");
+        QVERIFY(problem && problem->isVisible());
+        QVERIFY2(problem->text().startsWith(
+                     QStringLiteral("The computers that may connect cannot be listed. ")),
+                 qPrintable(problem->text()));
         m_secretService = nullptr;
         m_secretService = std::make_unique<SecretService>();
     }

@@ -279,6 +279,21 @@ private Q_SLOTS:
         QCOMPARE(changes.count(), 2);
     }
 
+    void withoutAvahiTheAddressIsToBeEntered() {
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/there/is/no/bus");
+        serve();
+        if (!server().addressText().contains(QStringLiteral("in no network"))) {
+            QTRY_VERIFY2(server().addressText().contains(
+                             QStringLiteral("Other computers do not find this one by themselves, "
+                                            "because the service “Avahi” is not running")),
+                         qPrintable(server().addressText()));
+        }
+        QVERIFY(server().addressText().contains(QString::number(m_port)));
+        server().stopServing();
+        QCOMPARE(server().addressText(), QString());
+        qunsetenv("DBUS_SYSTEM_BUS_ADDRESS");
+    }
+
     void startingTwiceAndStoppingTwiceDoNothing() {
         serve();
         Client client(m_port);
