@@ -23,9 +23,9 @@ QCborMap refusal(const Error &error) {
                                                   {EngineErrorCode::BlobRefused, BlobRefused},
                                                   {EngineErrorCode::StoreFull, StoreFull},
                                                   {EngineErrorCode::NotServed, NotServed}};
-    QCborMap answer = ofType(Failed);
-    answer[Reason] = reasons.value(static_cast<EngineErrorCode>(error.code));
-    return answer;
+    QCborMap response = ofType(Failed);
+    response[Reason] = reasons.value(static_cast<EngineErrorCode>(error.code));
+    return response;
 }
 
 QCborValue valueOf(const QStringList &names) {
@@ -37,13 +37,13 @@ QCborValue valueOf(BlobStore::Written written) {
 }
 
 template <class Value>
-QCborMap answerWith(const QString &key, const Expected<Value> &result) {
+QCborMap responseWith(const QString &key, const Expected<Value> &result) {
     if (!result) {
         return refusal(result.error());
     }
-    QCborMap answer = ofType(Done);
-    answer[key] = valueOf(*result);
-    return answer;
+    QCborMap response = ofType(Done);
+    response[key] = valueOf(*result);
+    return response;
 }
 
 }  // namespace
@@ -199,9 +199,9 @@ void DirectConnectionSession::beginPairing(const QCborMap &message) {
         return;
     }
     m_stage = Stage::Revealing;
-    QCborMap answer = ofType(Pair);
-    answer[Nonce] = m_client.serverNonce;
-    send(answer);
+    QCborMap response = ofType(Pair);
+    response[Nonce] = m_client.serverNonce;
+    send(response);
 }
 
 void DirectConnectionSession::reveal(const QCborMap &message) {
@@ -257,22 +257,22 @@ void DirectConnectionSession::serve(const Received &request) {
         const qint64 limit = qBound(0, values[SizeLimit].toInteger(), ContentsLimit);
         sendContents(m_server.package.read(values[Name].toString(), limit));
     } else {
-        send(answerTo(request));
+        send(responseTo(request));
     }
 }
 
-QCborMap DirectConnectionSession::answerTo(const Received &received) const {
+QCborMap DirectConnectionSession::responseTo(const Received &received) const {
     const QCborMap &request = received.values;
     const DirectConnectionPackage &package = m_server.package;
     const QString type = request[Type].toString();
     const QString name = request[Name].toString();
     if (type == List) {
-        return answerWith(Names, package.list(request[Folder].toString()));
+        return responseWith(Names, package.list(request[Folder].toString()));
     }
     if (type == Write && received.contents) {
-        QCborMap answer = answerWith(IsNew, package.writeIfAbsent(name, *received.contents));
+        QCborMap response = responseWith(IsNew, package.writeIfAbsent(name, *received.contents));
         m_requests.storeDidChange();
-        return answer;
+        return response;
     }
     if (type == Remove) {
         const Expected<void> removed = package.remove(name);

@@ -103,7 +103,7 @@ private:
     /// Responds to a request. Looks up the authorization each time, so a revoked client is
     /// disconnected.
     void serve(const DirectConnectionMessage::Received &request);
-    QCborMap answerTo(const DirectConnectionMessage::Received &received) const;
+    QCborMap responseTo(const DirectConnectionMessage::Received &received) const;
     void send(const QCborMap &message);
     /// Sends the contents of a blob piece by piece.
     void sendContents(const Expected<QByteArray> &contents);

@@ -79,11 +79,11 @@ Expected<QStringList> DirectConnectionStore::listFolder(const QString &folder,
                                                         const EngineFuture &future) {
     QCborMap message = ofType(List);
     message[Folder] = folder;
-    const Expected<Received> answer = request(message, folder, future);
-    if (!answer) {
-        return failure(answer.error());
+    const Expected<Received> response = request(message, folder, future);
+    if (!response) {
+        return failure(response.error());
     }
-    const QCborValue found = answer->values[Names];
+    const QCborValue found = response->values[Names];
     const QCborArray array = found.toArray();
     const bool isList = found.isArray() && std::all_of(array.begin(), array.end(),
                                                        [](auto name) { return name.isString(); });
@@ -103,15 +103,15 @@ Expected<QByteArray> DirectConnectionStore::readBlob(const QString &name, qint64
     QCborMap message = ofType(Read);
     message[Name] = name;
     message[SizeLimit] = limit;
-    const Expected<Received> answer = request(message, name, future);
-    if (!answer) {
-        return failure(answer.error());
+    const Expected<Received> response = request(message, name, future);
+    if (!response) {
+        return failure(response.error());
     }
-    if (!answer->contents) {
+    if (!response->contents) {
         return failure(notUnderstood());
     }
-    return answer->contents->size() > limit ? failure(tooLong(name))
-                                            : Expected<QByteArray>(*answer->contents);
+    return response->contents->size() > limit ? failure(tooLong(name))
+                                              : Expected<QByteArray>(*response->contents);
 }
 
 Expected<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &name,
@@ -123,11 +123,11 @@ Expected<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &nam
     QCborMap message = ofType(Write);
     message[Name] = name;
     message[Contents] = contents;
-    const Expected<Received> answer = request(message, name, future);
-    if (!answer) {
-        return failure(answer.error());
+    const Expected<Received> response = request(message, name, future);
+    if (!response) {
+        return failure(response.error());
     }
-    const QCborValue isNew = answer->values[IsNew];
+    const QCborValue isNew = response->values[IsNew];
     if (!isNew.isBool()) {
         return failure(notUnderstood());
     }
@@ -137,8 +137,8 @@ Expected<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &nam
 Expected<void> DirectConnectionStore::removeBlob(const QString &name, const EngineFuture &future) {
     QCborMap message = ofType(Remove);
     message[Name] = name;
-    const Expected<Received> answer = request(message, name, future);
-    return answer ? Expected<void>() : failure(answer.error());
+    const Expected<Received> response = request(message, name, future);
+    return response ? Expected<void>() : failure(response.error());
 }
 
 Expected<Received> DirectConnectionStore::request(const QCborMap &request, const QString &name,
@@ -147,14 +147,14 @@ Expected<Received> DirectConnectionStore::request(const QCborMap &request, const
         return failure(operationCancelled());
     }
     const auto end = qScopeGuard([this] { m_turn.release(); });
-    Expected<Received> answer = connectIfNeeded(future).and_then(
+    Expected<Received> response = connectIfNeeded(future).and_then(
         [&] { return m_link.exchange(encode(request), Limit, {ResponseTimeout}, future); });
-    if (!answer) {
-        return failure(future.isCancelled() ? operationCancelled() : answer.error());
+    if (!response) {
+        return failure(future.isCancelled() ? operationCancelled() : response.error());
     }
-    const QCborMap &values = answer->values;
+    const QCborMap &values = response->values;
     if (values[Type] == Done) {
-        return answer;
+        return response;
     }
     if (values[Type] == Failed) {
         return failure(refusal(values, name));
@@ -211,7 +211,7 @@ Expected<void> DirectConnectionStore::authenticate(const EngineFuture &future) {
 
 Expected<void> DirectConnectionStore::greet(const SecretBytes &secret, const EngineFuture &future) {
     return m_link.exchange(greeting(secret), LimitBeforeAuthorization, {ResponseTimeout}, future)
-        .and_then([this](const auto &answer) { return takeWelcome(answer.values); });
+        .and_then([this](const auto &response) { return takeWelcome(response.values); });
 }
 
 Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
@@ -223,12 +223,12 @@ Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
     QCborMap message = ofType(Pair);
     message[Name] = pairing.clientName;
     message[Commitment] = pairing.commitment();
-    const Expected<Received> answer =
+    const Expected<Received> response =
         m_link.exchange(encode(message), LimitBeforeAuthorization, {ResponseTimeout}, future);
-    if (!answer) {
-        return failure(answer.error());
+    if (!response) {
+        return failure(response.error());
     }
-    pairing.serverNonce = answer->values[Nonce].toByteArray();
+    pairing.serverNonce = response->values[Nonce].toByteArray();
     if (pairing.serverNonce.size() != DirectConnectionPairing::RandomSize) {
         return failure(notUnderstood());
     }
@@ -246,7 +246,7 @@ Expected<void> DirectConnectionStore::confirm(const DirectConnectionPairing &pai
     const UserConfirmation confirmation(questionFor(URL().host(), pairing.code()));
     Expected<void> welcome =
         m_link.exchange(revelation(pairing), LimitBeforeAuthorization, {PairingTimeout}, future)
-            .and_then([this](const auto &answer) { return takeWelcome(answer.values); });
+            .and_then([this](const auto &response) { return takeWelcome(response.values); });
     if (!welcome) {
         return welcome;
     }
@@ -265,16 +265,16 @@ Error DirectConnectionStore::notAccepted() const {
         URL().host());
 }
 
-Expected<void> DirectConnectionStore::takeWelcome(const QCborMap &answer) const {
-    if (answer[Type] == Welcome) {
+Expected<void> DirectConnectionStore::takeWelcome(const QCborMap &response) const {
+    if (response[Type] == Welcome) {
         return {};
     }
-    if (answer[Type] == Busy) {
+    if (response[Type] == Busy) {
         return failure(engineError(EngineErrorCode::AccessDenied,
                                    "“%1” is busy with another request. Try again later.",
                                    URL().host()));
     }
-    if (answer[Type] == Refused) {
+    if (response[Type] == Refused) {
         return failure(engineError(
             EngineErrorCode::AccessDenied,
             "“%1” does not allow this computer to synchronize. Allow it there and try again.",
@@ -290,8 +290,8 @@ Error DirectConnectionStore::notUnderstood() const {
         URL().host());
 }
 
-Error DirectConnectionStore::refusal(const QCborMap &answer, const QString &name) const {
-    const QString reason = answer[Reason].toString();
+Error DirectConnectionStore::refusal(const QCborMap &response, const QString &name) const {
+    const QString reason = response[Reason].toString();
     if (reason == BlobMissing) {
         return missing(name);
     }

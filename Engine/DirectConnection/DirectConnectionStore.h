@@ -58,11 +58,11 @@ private:
     Expected<void> confirm(const DirectConnectionPairing &pairing, const EngineFuture &future);
     /// Returns the error of a pairing that the user of this computer has not confirmed.
     Error notAccepted() const;
-    /// Returns an error unless `answer` is "welcome".
-    Expected<void> takeWelcome(const QCborMap &answer) const;
+    /// Returns an error unless `response` is "welcome".
+    Expected<void> takeWelcome(const QCborMap &response) const;
     Error notUnderstood() const;
     /// Returns the error for a "failed" response.
-    Error refusal(const QCborMap &answer, const QString &name) const;
+    Error refusal(const QCborMap &response, const QString &name) const;
 
     /// Key of the pairing in `m_pairings`.
     const QString m_pairingKey;

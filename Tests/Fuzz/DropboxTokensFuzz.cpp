@@ -9,7 +9,7 @@ using namespace FuzzInput;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const std::optional<DropboxTokens> tokens =
-        DropboxTokens::fromAnswer(expanded(bytes(data, size)));
+        DropboxTokens::fromResponse(expanded(bytes(data, size)));
     if (tokens) {
         const QByteArray all = tokens->access.toByteArray() + tokens->refresh.toByteArray();
         require(!tokens->access.isEmpty(), "there is a token");

@@ -82,9 +82,9 @@ Expected<HttpClient::Response> DropboxAccount::send(HttpClient::Request request,
         }
         const SecretBytes access = current->access;
         request.authorization = current->authorization();
-        Expected<HttpClient::Response> answer = m_connection.send(request, future);
-        if (!answer || answer->status != HttpStatus::Unauthorized) {
-            return answer;
+        Expected<HttpClient::Response> response = m_connection.send(request, future);
+        if (!response || response->status != HttpStatus::Unauthorized) {
+            return response;
         }
         if (tries == 0) {
             current = renewedTokens(access, future);

@@ -144,22 +144,21 @@ Expected<QString> DropboxAuthorization::accountAddress(const DropboxConfiguratio
                                                        const EngineFuture &future) {
     QUrl route = configuration.APIAddress;
     route.setPath(route.path() + QStringLiteral("/users/get_current_account"));
-    const Expected<HttpClient::Response> answer =
+    const Expected<HttpClient::Response> response =
         m_connection.send({.method = "POST",
                            .URL = route,
                            .headers = {{"Content-Type", "application/json"}},
                            .authorization = tokens.authorization(),
                            .body = "null"},
                           future);
-    if (!answer) {
-        return failure(answer.error());
+    if (!response) {
+        return failure(response.error());
     }
-    const auto &response = *answer;
-    if (response.status != HttpStatus::OK) {
-        return failure(DropboxError::unexpected(response, route));
+    if (response->status != HttpStatus::OK) {
+        return failure(DropboxError::unexpected(*response, route));
     }
     const QString email =
-        QJsonDocument::fromJson(response.body).object().value(QStringLiteral("email")).toString();
+        QJsonDocument::fromJson(response->body).object().value(QStringLiteral("email")).toString();
     return email.contains(u'@') ? Expected<QString>(email)
                                 : failure(DropboxError::notUnderstood(route));
 }

@@ -32,11 +32,11 @@ Expected<HttpClient::Response> DropboxConnection::send(const HttpClient::Request
                                                        const EngineFuture &future) {
     std::chrono::seconds waited(0);
     for (;;) {
-        Expected<HttpClient::Response> answer = m_client.send(request, future);
-        if (!answer || !asksToWait(*answer)) {
-            return answer;
+        Expected<HttpClient::Response> response = m_client.send(request, future);
+        if (!response || !asksToWait(*response)) {
+            return response;
         }
-        const std::chrono::seconds wanted = timeToWait(*answer);
+        const std::chrono::seconds wanted = timeToWait(*response);
         waited += wanted;
         if (waited > MostWaiting) {
             return failure(DropboxError::busy(request.URL));

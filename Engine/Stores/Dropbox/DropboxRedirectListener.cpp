@@ -14,7 +14,7 @@ constexpr qsizetype MostConnections = 32;
 constexpr qsizetype LongestRequest = 16384;
 constexpr int MillisecondsToDeliver = 2000;
 
-QByteArray httpAnswer(const QByteArray &status, const QString &text) {
+QByteArray httpResponse(const QByteArray &status, const QString &text) {
     const QString page =
         QStringLiteral(
             "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>Velmora</title></head>"
@@ -98,13 +98,13 @@ void DropboxRedirectListener::answer(QTcpSocket *socket, const QByteArray &reque
     if (result) {
         m_result = result;
         m_waiting.quit();
-        socket->write(httpAnswer(
+        socket->write(httpResponse(
             "200 OK", localizedSyncString("You can close this window now and return to Velmora.")));
     } else {
         socket->write(
-            httpAnswer(redirect ? "400 Bad Request" : "404 Not Found",
-                       localizedSyncString("Velmora has not requested this page. Close it, "
-                                           "and connect to Dropbox again in Velmora.")));
+            httpResponse(redirect ? "400 Bad Request" : "404 Not Found",
+                         localizedSyncString("Velmora has not requested this page. Close it, "
+                                             "and connect to Dropbox again in Velmora.")));
     }
     socket->disconnectFromHost();
     if (socket->state() != QAbstractSocket::UnconnectedState) {

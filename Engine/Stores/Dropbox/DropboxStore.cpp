@@ -74,27 +74,26 @@ Expected<void> DropboxStore::open(const EngineFuture &future) {
 
 Expected<QStringList> DropboxStore::listFolder(const QString &folder, const EngineFuture &future) {
     const QDeadlineTimer deadline(m_listingTime);
-    Expected<Response> answer = firstPage(folder, future);
+    Expected<Response> response = firstPage(folder, future);
     QStringList names;
     qsizetype memory = 0;
     for (int pages = 0; pages < MostPages && !deadline.hasExpired(); ++pages) {
-        if (!answer) {
-            return failure(answer.error());
+        if (!response) {
+            return failure(response.error());
         }
-        const auto &response = *answer;
-        if (failedPart(response) == QStringLiteral("reset")) {
+        if (failedPart(*response) == QStringLiteral("reset")) {
             names.clear();
             memory = 0;
-            answer = firstPage(folder, future);
+            response = firstPage(folder, future);
             continue;
         }
-        if (isNotFound(response)) {
+        if (isNotFound(*response)) {
             return QStringList();
         }
-        if (response.status != HttpStatus::OK) {
-            return failure(routeError(response, folder));
+        if (response->status != HttpStatus::OK) {
+            return failure(routeError(*response, folder));
         }
-        const auto page = DropboxListingPage::parse(response.body);
+        const auto page = DropboxListingPage::parse(response->body);
         if (!page) {
             break;
         }
@@ -106,7 +105,7 @@ Expected<QStringList> DropboxStore::listFolder(const QString &folder, const Engi
         if (!page->hasMore) {
             return names;
         }
-        answer = nextPage(page->cursor, future);
+        response = nextPage(page->cursor, future);
     }
     return failure(deadline.hasExpired() ? DropboxError::busy(m_account.server())
                                          : DropboxError::notUnderstood(m_account.server()));
@@ -126,19 +125,18 @@ Expected<HttpClient::Response> DropboxStore::nextPage(const QString &cursor,
 
 Expected<QByteArray> DropboxStore::readBlob(const QString &name, qint64 limit,
                                             const EngineFuture &future) {
-    const Expected<Response> answer = m_account.callForContents(
+    const Expected<Response> response = m_account.callForContents(
         QStringLiteral("files/download"), {{QStringLiteral("path"), pathOf(name)}}, {},
         std::max(limit, AnswerLimit), future);
-    if (!answer) {
-        const bool isTooLong = isEngineError(answer.error(), EngineErrorCode::BlobRefused);
-        return failure(isTooLong ? tooLong(name) : answer.error());
+    if (!response) {
+        const bool isTooLong = isEngineError(response.error(), EngineErrorCode::BlobRefused);
+        return failure(isTooLong ? tooLong(name) : response.error());
     }
-    const auto &response = *answer;
-    if (!isDone(response, response.header("Dropbox-API-Result"))) {
-        return failure(routeError(response, name));
+    if (!isDone(*response, response->header("Dropbox-API-Result"))) {
+        return failure(routeError(*response, name));
     }
-    return response.body.size() <= limit ? Expected<QByteArray>(response.body)
-                                         : failure(tooLong(name));
+    return response->body.size() <= limit ? Expected<QByteArray>(response->body)
+                                          : failure(tooLong(name));
 }
 
 Expected<BlobStore::Written> DropboxStore::writeBlob(const QString &name,
@@ -150,7 +148,7 @@ Expected<BlobStore::Written> DropboxStore::writeBlob(const QString &name,
             "“%1” is larger than the server accepts. Ask its administrator to raise the limit.",
             place(name)));
     }
-    const Expected<Response> answer =
+    const Expected<Response> response =
         m_account.callForContents(QStringLiteral("files/upload"),
                                   {{QStringLiteral("path"), pathOf(name)},
                                    {QStringLiteral("mode"), QStringLiteral("add")},
@@ -159,27 +157,25 @@ Expected<BlobStore::Written> DropboxStore::writeBlob(const QString &name,
                                    // Suppress Dropbox's notification for each upload.
                                    {QStringLiteral("mute"), true}},
                                   contents, AnswerLimit, future);
-    if (!answer) {
-        return failure(answer.error());
+    if (!response) {
+        return failure(response.error());
     }
-    const auto &response = *answer;
-    if (failedPart(response).startsWith(QStringLiteral("path/conflict"))) {
+    if (failedPart(*response).startsWith(QStringLiteral("path/conflict"))) {
         return Written::AlreadyThere;
     }
-    return isDone(response, response.body) ? Expected<Written>(Written::New)
-                                           : failure(routeError(response, name));
+    return isDone(*response, response->body) ? Expected<Written>(Written::New)
+                                             : failure(routeError(*response, name));
 }
 
 Expected<void> DropboxStore::removeBlob(const QString &name, const EngineFuture &future) {
-    const Expected<Response> answer =
+    const Expected<Response> response =
         m_account.call(QStringLiteral("files/delete_v2"), {{QStringLiteral("path"), pathOf(name)}},
                        AnswerLimit, future);
-    if (!answer) {
-        return failure(answer.error());
+    if (!response) {
+        return failure(response.error());
     }
-    const auto &response = *answer;
-    const bool isGone = isDone(response, response.body) || isNotFound(response);
-    return isGone ? Expected<void>() : failure(routeError(response, name));
+    const bool isGone = isDone(*response, response->body) || isNotFound(*response);
+    return isGone ? Expected<void>() : failure(routeError(*response, name));
 }
 
 Error DropboxStore::routeError(const Response &response, const QString &name) const {

@@ -35,35 +35,34 @@ Expected<DropboxTokens> DropboxTokenEndpoint::exchange(const QString &code, cons
 Expected<DropboxTokens> DropboxTokenEndpoint::refresh(const DropboxTokens &tokens,
                                                       const QString &account,
                                                       const EngineFuture &future) {
-    Expected<DropboxTokens> answer = ask({{"grant_type", QStringLiteral("refresh_token")},
-                                          {"refresh_token", tokens.refresh.toText()},
-                                          {"client_id", m_configuration.applicationKey}},
-                                         DropboxError::signInAgain(account), future);
-    if (answer && answer->refresh.isEmpty()) {
-        answer->refresh = tokens.refresh;
+    Expected<DropboxTokens> response = ask({{"grant_type", QStringLiteral("refresh_token")},
+                                            {"refresh_token", tokens.refresh.toText()},
+                                            {"client_id", m_configuration.applicationKey}},
+                                           DropboxError::signInAgain(account), future);
+    if (response && response->refresh.isEmpty()) {
+        response->refresh = tokens.refresh;
     }
-    return answer;
+    return response;
 }
 
 Expected<DropboxTokens> DropboxTokenEndpoint::ask(const QList<FormEncoding::Field> &fields,
                                                   const Error &refusal,
                                                   const EngineFuture &future) {
     const QUrl address = m_configuration.tokenAddress;
-    const Expected<HttpClient::Response> answer =
+    const Expected<HttpClient::Response> response =
         m_connection.send({.method = "POST",
                            .URL = address,
                            .headers = {{"Content-Type", "application/x-www-form-urlencoded"}},
                            .body = FormEncoding::encode(fields)},
                           future);
-    if (!answer) {
-        return failure(answer.error());
+    if (!response) {
+        return failure(response.error());
     }
-    const auto &response = *answer;
-    if (response.status != HttpStatus::OK) {
-        return failure(isGrantRefused(response) ? refusal
-                                                : DropboxError::unexpected(response, address));
+    if (response->status != HttpStatus::OK) {
+        return failure(isGrantRefused(*response) ? refusal
+                                                 : DropboxError::unexpected(*response, address));
     }
-    const std::optional<DropboxTokens> tokens = DropboxTokens::fromAnswer(response.body);
+    const std::optional<DropboxTokens> tokens = DropboxTokens::fromResponse(response->body);
     return tokens ? Expected<DropboxTokens>(*tokens)
                   : failure(DropboxError::notUnderstood(address));
 }

@@ -44,8 +44,8 @@ std::optional<DropboxTokens> parsed(const std::optional<SecretBytes> &secret) {
 
 }  // namespace
 
-std::optional<DropboxTokens> DropboxTokens::fromAnswer(const QByteArray &answer) {
-    const QJsonObject object = QJsonDocument::fromJson(answer).object();
+std::optional<DropboxTokens> DropboxTokens::fromResponse(const QByteArray &response) {
+    const QJsonObject object = QJsonDocument::fromJson(response).object();
     DropboxTokens tokens{.access = object.value(QStringLiteral("access_token")).toString(),
                          .refresh = object.value(QStringLiteral("refresh_token")).toString()};
     const QString type = object.value(QStringLiteral("token_type")).toString();

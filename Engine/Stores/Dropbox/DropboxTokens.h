@@ -24,7 +24,7 @@ struct DropboxTokens {
     /// Returns an empty optional if it is not valid: no access token, characters that cannot be
     /// sent in a header, or another type than "bearer" (in any case). `expiry` is computed with
     /// this computer's clock and at most ten years away. Thread-safe.
-    static std::optional<DropboxTokens> fromAnswer(const QByteArray &answer);
+    static std::optional<DropboxTokens> fromResponse(const QByteArray &response);
 
     /// Returns the stored tokens of the account with the address `account`; empty if there are
     /// none, they are not valid, or there is no password service. Returns an error of the code

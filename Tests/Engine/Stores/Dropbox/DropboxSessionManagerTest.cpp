@@ -530,8 +530,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, access);
         QFETCH(QByteArray, refresh);
         const auto tokens =
-            DropboxTokens::fromAnswer(R"({"token_type":"bearer","access_token":")" + access +
-                                      R"(","refresh_token":")" + refresh + R"("})");
+            DropboxTokens::fromResponse(R"({"token_type":"bearer","access_token":")" + access +
+                                        R"(","refresh_token":")" + refresh + R"("})");
         QTEST(tokens.has_value(), "isTaken");
         QCOMPARE(tokens.value_or(DropboxTokens()).access, tokens ? access : QByteArray());
     }
