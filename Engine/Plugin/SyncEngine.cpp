@@ -43,7 +43,7 @@ void reportMissingLocations(const QString &directory) {
     });
 }
 
-/// Tells what the backup still lacks.
+/// Reports what the backup still lacks.
 void presentUnread(const QString &directory, const ChangeRescue::Findings &findings) {
     QString text =
         localizedSyncString(
