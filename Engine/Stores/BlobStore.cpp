@@ -1,6 +1,7 @@
 #include "Engine/Stores/BlobStore.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DatabaseRecord.h"
@@ -90,20 +91,27 @@ Expected<std::optional<qint64>> BlobStore::sizeOfFolder(const QString & /*folder
     return std::nullopt;
 }
 
-std::optional<qint64> BlobStore::measure(const EngineFuture &future) {
-    const Expected<QStringList> databases = list(SyncStoreLayout::TransactionsFolder, future);
-    if (!databases || databases->size() > MostMeasured) {
-        return {};
+Expected<std::optional<qint64>> BlobStore::measure(const EngineFuture &future) {
+    Expected<QStringList> databases = list(SyncStoreLayout::TransactionsFolder, future);
+    if (!databases) {
+        return failure(databases.error());
+    }
+    databases->removeIf([](const QString &name) { return !DatabaseRecord::isUUID(name); });
+    if (databases->size() > MostMeasured) {
+        return std::nullopt;
     }
     QStringList folders{SyncStoreLayout::DatabasesFolder};
-    for (const QString &database : *databases) {
+    for (const QString &database : std::as_const(*databases)) {
         folders.append(SyncStoreLayout::TransactionsFolder + u'/' + database);
     }
     qint64 total = 0;
-    for (const QString &folder : folders) {
+    for (const QString &folder : std::as_const(folders)) {
         const auto size = sizeOfFolder(folder, future);
-        if (!size || !*size || future.isCancelled()) {
-            return {};
+        if (future.isCancelled()) {
+            return failure(operationCancelled());
+        }
+        if (!size || !*size) {
+            return size;
         }
         total += **size;
     }

@@ -103,8 +103,10 @@ protected:
     /// databases. If the store fails, returns only the error. Other files of the folder are
     /// ignored.
     Expected<Fetched> fetch(const EngineFuture &future) override;
-    /// Returns the size of all blobs; empty if there are more than MostMeasured databases.
-    std::optional<qint64> measure(const EngineFuture &future) override;
+    /// Returns the size of the folder of the records and of the folders with the transactions of
+    /// each database; empty only if there are more than MostMeasured databases or the store does
+    /// not report sizes. Fails if any of these folders cannot be listed.
+    Expected<std::optional<qint64>> measure(const EngineFuture &future) override;
     /// Writes a probe, see StoreProbe.
     Expected<void> probe(const EngineFuture &future) override;
 

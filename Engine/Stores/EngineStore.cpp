@@ -80,8 +80,8 @@ std::shared_ptr<PZFuture> EngineStore::checkWithCompletionHandler(CheckHandler h
         });
 }
 
-std::optional<qint64> EngineStore::measure(const EngineFuture & /*future*/) {
-    return {};
+Expected<std::optional<qint64>> EngineStore::measure(const EngineFuture & /*future*/) {
+    return std::nullopt;
 }
 
 Expected<void> EngineStore::probe(const EngineFuture & /*future*/) {
@@ -102,9 +102,10 @@ QVSyncStoreCheck EngineStore::check(const EngineFuture &future) {
         return found;
     }
     found.databases = fetched->databases.size();
-    found.size = measure(future);
-    found.isReadable = !fetched->problem;
-    found.error = fetched->problem;
+    const Expected<std::optional<qint64>> size = measure(future);
+    found.size = size.value_or(std::nullopt);
+    found.error = fetched->problem || size ? fetched->problem : size.error();
+    found.isReadable = !found.error;
     const Expected<void> written = probe(future);
     found.isWritable = written.has_value();
     if (!written && found.isReadable) {

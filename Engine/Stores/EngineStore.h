@@ -63,9 +63,9 @@ protected:
     /// Reads the databases. Blocks; called on a worker thread while the store is open. Should
     /// return soon after `future` is cancelled; its result is then ignored.
     virtual Expected<Fetched> fetch(const EngineFuture &future) = 0;
-    /// Returns the size of the store in bytes; empty, as by default, if it is not known. Called
-    /// like fetch().
-    virtual std::optional<qint64> measure(const EngineFuture &future);
+    /// Returns the size of the store in bytes; empty, as by default, if it cannot be known. Fails
+    /// if something in the store cannot be read. Called like fetch().
+    virtual Expected<std::optional<qint64>> measure(const EngineFuture &future);
     /// Returns an error unless the store can be written, and leaves it as it was. The default
     /// implementation does nothing. Called like fetch().
     virtual Expected<void> probe(const EngineFuture &future);
@@ -75,7 +75,8 @@ private:
     /// cancelled.
     Expected<void> openUnlessCancelled(const EngineFuture &future);
     Expected<Fetched> fetchUnlessCancelled(const EngineFuture &future);
-    /// Calls all of open(), fetch(), measure() and probe(), until one fails.
+    /// Calls open(), fetch(), measure() and probe(). Ends at once if one of the first two fails;
+    /// the first error is reported.
     QVSyncStoreCheck check(const EngineFuture &future);
 
     /// Not const only because the destructor moves them to the main thread.

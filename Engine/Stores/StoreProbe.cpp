@@ -50,7 +50,11 @@ Expected<void> StoreProbe::run(const EngineFuture &future) {
     }
     for (const QString &folder :
          {SyncStoreLayout::DatabasesFolder, SyncStoreLayout::TransactionsFolder}) {
-        removeLeftOvers(folder, *own, future);
+        const Expected<QStringList> names = m_store.list(folder, future);
+        if (!names) {
+            return failure(names.error());
+        }
+        removeLeftOvers(folder, *names, *own, future);
         const QString name = folder + u'/' + *own;
         const Expected<void> written = write(name, future);
         // Also after an error: the response to the write may have been lost.
@@ -62,9 +66,8 @@ Expected<void> StoreProbe::run(const EngineFuture &future) {
     return {};
 }
 
-void StoreProbe::removeLeftOvers(const QString &folder, const QString &own,
-                                 const EngineFuture &future) {
-    const QStringList names = m_store.list(folder, future).value_or(QStringList());
+void StoreProbe::removeLeftOvers(const QString &folder, const QStringList &names,
+                                 const QString &own, const EngineFuture &future) {
     int others = 0;
     for (const QString &name : names) {
         const bool isOwn = name == own;

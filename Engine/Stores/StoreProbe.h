@@ -24,8 +24,9 @@ public:
     Expected<void> run(const EngineFuture &future);
 
 private:
-    /// `own` is the name of this user's probes.
-    void removeLeftOvers(const QString &folder, const QString &own, const EngineFuture &future);
+    /// `names` is what the folder contains, `own` the name of this user's probes.
+    void removeLeftOvers(const QString &folder, const QStringList &names, const QString &own,
+                         const EngineFuture &future);
     bool isLeftOver(const QString &name, const EngineFuture &future);
     /// Writes the probe `name` and reads it back.
     Expected<void> write(const QString &name, const EngineFuture &future);

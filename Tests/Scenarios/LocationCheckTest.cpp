@@ -219,6 +219,29 @@ private Q_SLOTS:
                                  .arg(package)});
     }
 
+    void aFolderThatCannotBeReadIsReportedAsSuch() {
+        const QString folder = m_host->addLocation()->URL().path() +
+                               QStringLiteral("/transactions/11111111-1111-4111-8111-111111111111");
+        QVERIFY(QFile::link(QStringLiteral("nowhere"), folder));
+        showPanel();
+        checkToTheEnd();
+        QCOMPARE(
+            presented(),
+            QStringList{QStringLiteral("“%1” isn’t a valid item in a sync store.").arg(folder)});
+        QCOMPARE(result(), QString());
+    }
+
+    void otherFilesAreNoProblem() {
+        const QString folder =
+            m_host->addLocation()->URL().path() + QStringLiteral("/transactions/");
+        put(folder + QStringLiteral("readme.txt"), "a file of another program");
+        showPanel();
+        checkToTheEnd();
+        QCOMPARE(presented(), QStringList());
+        QCOMPARE(result(),
+                 QStringLiteral("“Store 0” can be read and written. 0 databases, 0 bytes."));
+    }
+
     void aServerThatDoesNotRunIsReportedAsSuch() {
         m_host->addLocation(
             QStringLiteral("http://127.0.0.1:%1/Shared.qvSyncStore").arg(freePort()));

@@ -182,9 +182,12 @@ Expected<std::optional<qint64>> WebDAVStore::sizeOfFolder(const QString &folder,
     if (response.status == HttpStatus::NotFound) {
         return 0;
     }
+    if (response.status != HttpStatus::MultiStatus) {
+        return failure(httpError(response, folder));
+    }
     const auto listing = WebDAVMultiStatus::parse(response.body, future);
-    if (response.status != HttpStatus::MultiStatus || !listing) {
-        return failure(notUnderstood());
+    if (!listing) {
+        return failure(future.isCancelled() ? operationCancelled() : notUnderstood());
     }
     qint64 size = 0;
     for (const WebDAVMultiStatus::Resource &resource : listing->resources) {

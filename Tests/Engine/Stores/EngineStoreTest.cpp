@@ -58,25 +58,32 @@ private:
     const std::future<void> m_mayOpen;
 };
 
-/// Checks an empty store, and cancels that before its operation number `cancelled`. Returns what
-/// was found, and the number of operations.
-std::pair<QVSyncStoreCheck, int> checkCancelledBefore(int cancelled) {
+/// Checks an empty store. Before each operation of the store, `fault` is called with its number and
+/// the future of the check. Returns what was found, and the number of operations.
+std::pair<QVSyncStoreCheck, int> check(
+    const std::function<MemoryStore::Fault(int operation, PZFuture &future)> &fault) {
     MemoryStore::Blobs blobs;
     int operations = 0;
     std::promise<std::shared_ptr<PZFuture>> started;
     const auto future = started.get_future().share();
-    const auto store = std::make_shared<MemoryStore>(blobs, [&] {
-        if (operations++ == cancelled) {
-            future.get()->cancel();
-        }
-        return MemoryStore::Fault::None;
-    });
+    const auto store =
+        std::make_shared<MemoryStore>(blobs, [&] { return fault(operations++, *future.get()); });
     std::promise<QVSyncStoreCheck> promise;
     started.set_value(store->checkWithCompletionHandler(
         [&](const QVSyncStoreCheck &found) { promise.set_value(found); }));
     const QVSyncStoreCheck found = promise.get_future().get();
     // A thread that owns it last would leave its threads to the main thread's queue.
     return {found, QTest::qWaitFor([&] { return store.use_count() == 1; }) ? operations : 0};
+}
+
+/// Cancels the check of an empty store before its operation number `cancelled`.
+std::pair<QVSyncStoreCheck, int> checkCancelledBefore(int cancelled) {
+    return check([&](int operation, PZFuture &future) {
+        if (operation == cancelled) {
+            future.cancel();
+        }
+        return MemoryStore::Fault::None;
+    });
 }
 
 }  // namespace
@@ -323,6 +330,22 @@ private Q_SLOTS:
         QCOMPARE(sameOperations, operations);
         QVERIFY(cancelled.error);
         QCOMPARE(cancelled.error->code, static_cast<int>(EngineErrorCode::Cancelled));
+    }
+
+    void aCheckReportsTheFailureOfAnyOperation() {
+        const int operations = checkCancelledBefore(-1).second;
+        QVERIFY(operations > 0);
+        for (int failing = 0; failing < operations; ++failing) {
+            const QVSyncStoreCheck found = check([&](int operation, PZFuture &) {
+                                               return operation == failing
+                                                          ? MemoryStore::Fault::Unreachable
+                                                          : MemoryStore::Fault::None;
+                                           }).first;
+            QVERIFY2(found.error, qPrintable(QString::number(failing)));
+            // The first two list the records and the databases that have transactions.
+            QCOMPARE(found.isReadable, failing >= 2);
+            QCOMPARE(found.isWritable, failing == 1);
+        }
     }
 
     void cancellingAfterTheEndIsHarmless() {
