@@ -45,15 +45,18 @@ bool tryToEnter(int flags, NamespaceUser user) {
 bool areNamespacesAllowed(int flags, NamespaceUser user) {
     const pid_t child = fork();
     if (child == 0) {
-        _exit(tryToEnter(flags, user) ? EXIT_SUCCESS : EXIT_FAILURE);
+        _exit(tryToEnter(flags, user) ? EXIT_SUCCESS : errno);
     }
     int status = EXIT_FAILURE;
-    return child > 0 && waitpid(child, &status, 0) == child && status == 0;
+    if (child < 0 || waitpid(child, &status, 0) != child) {
+        return false;
+    }
+    errno = WIFEXITED(status) ? WEXITSTATUS(status) : EPERM;
+    return errno == 0;
 }
 
 void requireNamespaces(int flags, NamespaceUser user) {
     if (!areNamespacesAllowed(flags, user)) {
-        errno = EPERM;
         skip();
     }
 }

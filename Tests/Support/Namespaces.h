@@ -9,8 +9,8 @@ enum class NamespaceUser {
 /// The exit code of a test that cannot run on this system; CTest then reports it as skipped.
 inline constexpr int CannotRunExitCode = 77;
 
-/// Returns true if `enterNamespaces` would succeed with these arguments. Must be called while the
-/// process has one thread.
+/// Returns true if `enterNamespaces` would succeed with these arguments; otherwise `errno` is the
+/// reason. Must be called while the process has one thread.
 bool areNamespacesAllowed(int flags, NamespaceUser user);
 
 /// Exits the process with CannotRunExitCode, after writing the reason to standard error, unless

@@ -4,8 +4,10 @@
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QThread>
 #include <QtWidgets/QTextBrowser>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -75,23 +77,18 @@ void useOffscreenDisplay(const QString &folder) {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName().toUtf8());
 }
 
-/// Says which steps the tour does not take, and why.
-void printOmissions(const Tour::Surroundings &surroundings) {
-    if (surroundings.nameInNetwork.isEmpty()) {
-        std::fprintf(stderr,
-                     "Left out: finding the other computer in the local network, because a network "
-                     "of its own needs root and namespaces. Its address is entered instead.\n");
-    }
-    if (!surroundings.hasPrivateMounts) {
-        std::fprintf(stderr,
-                     "Left out: a disk that is full and one that is read-only, because mounting "
-                     "them needs root and namespaces.\n");
-    }
+/// Says which steps the tour does not take, because namespaces cannot be entered for `reason`.
+void printOmissions(const char *reason) {
+    std::fprintf(stderr,
+                 "Left out: finding the other computer in the local network (its address is "
+                 "entered instead), a disk that is full, and one that is read-only. They need "
+                 "namespaces, which this system does not allow: %s. Allow user namespaces, or run "
+                 "the tour as root.\n",
+                 reason);
 }
 
 /// Takes the tour while the windows live, and writes its page.
 int walk(const Tour::Surroundings &surroundings, TourPage &page) {
-    printOmissions(surroundings);
     QString failure;
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
@@ -153,14 +150,14 @@ int open(VelmoraApplication &application, const QString &folder, const QString &
     return exitCode;
 }
 
-/// Returns whether the program is in a network of its own, for which it starts again: Qt cannot
-/// always find the file of a program that has changed its mount namespace. The other computer is
-/// in a list only where one can be made.
+/// Returns whether the program has a network and mounts of its own, for which it starts again: Qt
+/// cannot always find the file of a program that has changed its mount namespace.
 bool enterNetwork(char **arguments) {
     if (qEnvironmentVariableIsSet(InPrivateNetwork)) {
         return true;
     }
-    if (geteuid() != 0 || !areNamespacesAllowed(CLONE_NEWNET | CLONE_NEWNS, NamespaceUser::Root)) {
+    if (!areNamespacesAllowed(CLONE_NEWNET | CLONE_NEWNS, NamespaceUser::Root)) {
+        printOmissions(std::strerror(errno));
         return false;
     }
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
