@@ -81,11 +81,16 @@ void writeFile(const QString &path, const QByteArray &contents) {
     }
 }
 
+/// Returns the user that Apache becomes as root; null otherwise, and in a user namespace without
+/// it.
+const passwd *userOfApache() {
+    return geteuid() == 0 ? getpwnam("www-data") : nullptr;
+}
+
 /// As root, Apache becomes another user, to whom its files have to belong.
 void giveAway(const QString &folder) {
-    const passwd *user = getpwnam("www-data");
-    if (geteuid() == 0 && user &&
-        chown(QFile::encodeName(folder).constData(), user->pw_uid, user->pw_gid) != 0) {
+    const passwd *user = userOfApache();
+    if (user && chown(QFile::encodeName(folder).constData(), user->pw_uid, user->pw_gid) != 0) {
         throw std::runtime_error("cannot give away " + folder.toStdString());
     }
 }
@@ -147,8 +152,17 @@ void WebDAVServer::storePassword(const QString &password) const {
 }
 
 void WebDAVServer::start() {
-    m_process.start(program(), {QStringLiteral("-f"), m_ownFolder.filePath(QStringLiteral("conf")),
-                                QStringLiteral("-DFOREGROUND")});
+    QStringList command{program(), QStringLiteral("-f"),
+                        m_ownFolder.filePath(QStringLiteral("conf")),
+                        QStringLiteral("-DFOREGROUND")};
+    if (geteuid() == 0 && !userOfApache()) {
+        // It refuses to run as root, who is the only user of this namespace.
+        command =
+            QStringList{QStringLiteral("unshare"), QStringLiteral("--user"),
+                        QStringLiteral("--map-user=1000"), QStringLiteral("--map-group=1000")} +
+            command;
+    }
+    m_process.start(command.first(), command.mid(1));
     while (!isReady()) {
         if (m_process.waitForFinished(10)) {
             QFile errors(m_ownFolder.filePath(QStringLiteral("errors")));
@@ -187,7 +201,7 @@ QString WebDAVServer::configuration() const {
     QString text = ServerConfiguration.arg(m_ownFolder.path())
                        .arg(port())
                        .arg(modulesFolder(), folder(), authenticationConfiguration());
-    if (geteuid() == 0) {
+    if (userOfApache()) {
         text += QStringLiteral("User www-data\nGroup www-data\n");
     }
     if (m_options.identity) {
