@@ -101,8 +101,8 @@ struct CommandLine {
         parser.addHelpOption();
         parser.addVersionOption();
         describeCommands();
-        parser.addOptions({profile, screenshot, describe, appearance, sandboxed, repair, json,
-                           timeout, removals});
+        parser.addOptions({profile, begin, preferences, screenshot, describe, appearance, sandboxed,
+                           repair, json, timeout, removals});
     }
 
     void describeCommands();
@@ -119,6 +119,12 @@ struct CommandLine {
     QCommandLineParser parser;
     const QCommandLineOption profile{QStringLiteral("profile"), tr("Use the profile in DIR."),
                                      QStringLiteral("DIR")};
+    const QCommandLineOption begin{
+        QStringLiteral("begin"),
+        tr("Begin a new profile without notes or with examples, and ask no question."),
+        QStringLiteral("empty|examples")};
+    const QCommandLineOption preferences{QStringLiteral("preferences"),
+                                         tr("Open Sync Preferences, too.")};
     const QCommandLineOption screenshot{
         QStringLiteral("screenshot"), tr("Write a picture of Sync Preferences to FILE, then exit."),
         QStringLiteral("FILE.png")};
@@ -154,6 +160,7 @@ struct CommandLine {
 private:
     bool readCommand(LaunchOptions &options) const;
     bool readSandboxed(LaunchOptions &options) const;
+    bool readBegin(LaunchOptions &options) const;
 };
 
 void CommandLine::describeCommands() {
@@ -194,7 +201,8 @@ bool CommandLine::read(LaunchOptions &options) const {
         QStringList({{}, QStringLiteral("light"), QStringLiteral("dark")})
             .contains(options.appearance);
     const bool isCommandValid = readCommand(options);
-    return readSandboxed(options) && isCommandValid && isAppearanceKnown &&
+    options.preferences = parser.isSet(preferences);
+    return readSandboxed(options) && readBegin(options) && isCommandValid && isAppearanceKnown &&
            !options.profile.isEmpty();
 }
 
@@ -222,10 +230,19 @@ bool CommandLine::readSandboxed(LaunchOptions &options) const {
     return !parser.isSet(sandboxed) || options.sandboxed;
 }
 
+bool CommandLine::readBegin(LaunchOptions &options) const {
+    if (parser.value(begin) == QLatin1StringView("empty")) {
+        options.begin = FirstContents::Inbox;
+    } else if (parser.value(begin) == QLatin1StringView("examples")) {
+        options.begin = FirstContents::Welcome;
+    }
+    return !parser.isSet(begin) || options.begin;
+}
+
 bool CommandLine::isConsistent(const LaunchOptions &options) const {
     if (options.verify || options.command) {
         return !options.describe && options.screenshot.isEmpty() && !options.sandboxed &&
-               (options.verify || !options.repair);
+               !options.begin && !options.preferences && (options.verify || !options.repair);
     }
     return parser.positionalArguments().isEmpty() && !options.repair && !options.json;
 }

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <optional>
 
+#include "Application/Interface/FirstContents.h"
 #include "Application/ShellCommand.h"
 
 /// The command line and environment, parsed. A value; parsing opens nothing and does not check
@@ -27,6 +28,10 @@ struct LaunchOptions {
     std::optional<ShellCommand> command;
     /// The maximum duration of the command.
     std::chrono::seconds timeout{0};
+    /// How a new profile begins, without a question; empty if that is not stated.
+    std::optional<FirstContents> begin;
+    /// Whether to open Sync Preferences in any case.
+    bool preferences = false;
     /// "light", "dark", or empty for the desktop's colors.
     QString appearance;
     /// Whether the profile is sandboxed from now on; empty leaves the setting unchanged. Never set

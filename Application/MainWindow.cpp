@@ -14,6 +14,7 @@
 #include "Application/CountText.h"
 #include "Application/EventLog.h"
 #include "Application/FailureSteps.h"
+#include "Application/FirstStart.h"
 #include "Application/HistoryDialog.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/LocationRemovals.h"
@@ -256,6 +257,12 @@ PreferencesWindow *MainWindow::showPreferences() {
 void MainWindow::editLocation(const std::shared_ptr<QVSyncLocation> &location) {
     if (PreferencesWindow *preferences = showPreferences()) {
         preferences->editLocation(location);
+    }
+}
+
+void MainWindow::addLocation(const FirstStart &start) {
+    if (PreferencesWindow *preferences = showPreferences()) {
+        preferences->addLocation(*start.location, start.next);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 
 class EventLog;
+struct FirstStart;
 class LocationRemovals;
 class LogWindow;
 class NoteDatabase;
@@ -37,6 +38,9 @@ public:
     PreferencesWindow *showPreferences();
     /// Opens Sync Preferences and, in it, the editor of `location`, which must not be null.
     void editLocation(const std::shared_ptr<QVSyncLocation> &location);
+    /// Opens Sync Preferences and lets the user add the location of `start` there, which must have
+    /// one. May run a nested event loop.
+    void addLocation(const FirstStart &start);
     /// Shows, restores and raises the window.
     void bringToFront();
     /// Saves typed text. If that fails, asks the user what to do with it, running a nested event

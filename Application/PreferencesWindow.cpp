@@ -119,6 +119,12 @@ void PreferencesWindow::editLocation(const std::shared_ptr<QVSyncLocation> &loca
     }
 }
 
+void PreferencesWindow::addLocation(LocationAdding::Kind kind, LocationAdding::Next next) {
+    if (auto *adding = dynamic_cast<LocationAdding *>(m_pane.get())) {
+        adding->addLocationOfKind(kind, next);
+    }
+}
+
 void PreferencesWindow::closeInAnyCase() {
     m_closesInAnyCase = true;
     close();

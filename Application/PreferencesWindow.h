@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "Platform/Foundation/Expected.h"
+#include "Platform/Interface/LocationAdding.h"
 
 class LocationRemovals;
 class PreferencePane;
@@ -32,6 +33,10 @@ public:
     /// Shows the editor of `location`, which must not be null, if the pane offers that and no other
     /// sheet is open. The window must be shown.
     void editLocation(const std::shared_ptr<QVSyncLocation> &location);
+
+    /// Lets the user add a location, if the pane offers that, see
+    /// LocationAdding::addLocationOfKind(). The window must be shown.
+    void addLocation(LocationAdding::Kind kind, LocationAdding::Next next);
 
     /// Closes the window even if its settings cannot be saved, which is presented as an error.
     void closeInAnyCase();

@@ -76,8 +76,8 @@ ShellResult resultOf(VelmoraApplication &application, const LaunchOptions &optio
         if (const auto answered = RunningInstance::ask(options.profile, *options.command, end)) {
             return *answered;
         }
-        opened =
-            sync.openProfile(options.profile, isSync ? ProfileUse::Edit : ProfileUse::Snapshot);
+        opened = sync.openProfile(options.profile, isSync ? ProfileUse::Edit : ProfileUse::Snapshot,
+                                  FirstContents::Inbox);
     } while (!opened && sync.isProfileInUse(opened.error()) && retries.wait());
     if (!opened) {
         return ShellResult::failed(opened.error().localizedDescription);

@@ -13,6 +13,7 @@
 #include "Application/DamagedProfileDialog.h"
 #include "Application/EndLimit.h"
 #include "Application/EndSignals.h"
+#include "Application/FirstStartDialog.h"
 #include "Application/LaunchOptions.h"
 #include "Application/MainWindow.h"
 #include "Application/PlugIns.h"
@@ -138,7 +139,22 @@ void logIfFailed(VelmoraApplication &application, const Expected<void> &result) 
     }
 }
 
-int runWindows(VelmoraApplication &application, const LaunchOptions &options, SyncPlugIn &sync) {
+/// Shows what the user sees first, and lets the user add the location that was chosen.
+void showWindows(MainWindow &window, const LaunchOptions &options,
+                 const std::optional<FirstStart> &firstStart) {
+    window.show();
+    if (firstStart && firstStart->location) {
+        // Folders are chosen in an event loop of their own.
+        QMetaObject::invokeMethod(
+            &window, [&window, start = *firstStart] { window.addLocation(start); },
+            Qt::QueuedConnection);
+    } else if (options.preferences || !firstStart) {
+        window.showPreferences();
+    }
+}
+
+int runWindows(VelmoraApplication &application, const LaunchOptions &options, SyncPlugIn &sync,
+               const std::optional<FirstStart> &firstStart) {
     NoteLibrary *library = sync.library();
     logIfFailed(application, application.eventLog()->open(LogFile::pathInProfile(options.profile)));
     MainWindow window(library, application.eventLog(), options.profile);
@@ -162,8 +178,7 @@ int runWindows(VelmoraApplication &application, const LaunchOptions &options, Sy
         guard.allowEnd();
         window.saveAll();
     });
-    window.show();
-    window.showPreferences();
+    showWindows(window, options, firstStart);
     return QApplication::exec();
 }
 
@@ -174,8 +189,26 @@ ProfileUse profileUse(const LaunchOptions &options) {
     return options.sandboxed ? ProfileUse::Edit : ProfileUse::Snapshot;
 }
 
+/// Returns how a profile begins that does not exist yet, after asking the user unless the options
+/// say it; nothing if the profile exists.
+std::optional<FirstStart> firstStartOf(const LaunchOptions &options) {
+    if (!QDir(options.profile)
+             .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)) {
+        return {};
+    }
+    if (options.begin || options.isBatch()) {
+        return FirstStart{.contents = options.begin.value_or(FirstContents::Welcome)};
+    }
+    return FirstStartDialog::ask();
+}
+
 int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugIn &sync) {
-    Expected<void> opened = sync.openProfile(options.profile, profileUse(options));
+    const std::optional<FirstStart> firstStart = firstStartOf(options);
+    const auto open = [&] {
+        return sync.openProfile(options.profile, profileUse(options),
+                                firstStart.value_or(FirstStart()).contents);
+    };
+    Expected<void> opened = open();
     const Retries retries(RaiseTimeout);
     while (!opened && !options.isBatch() && sync.isProfileInUse(opened.error())) {
         if (RunningInstance::raise(options.profile)) {
@@ -184,13 +217,13 @@ int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugI
         if (!retries.wait()) {
             break;
         }
-        opened = sync.openProfile(options.profile, profileUse(options));
+        opened = open();
     }
     while (!opened && !options.isBatch() && sync.canReplaceProfile(opened.error())) {
         if (!DamagedProfileDialog::run(sync, options.profile, opened.error())) {
             return EXIT_FAILURE;
         }
-        opened = sync.openProfile(options.profile, profileUse(options));
+        opened = open();
     }
     if (opened && options.sandboxed) {
         opened = sync.setUsesSandboxedAccess(*options.sandboxed);
@@ -200,7 +233,7 @@ int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugI
     }
     application.setLibrary(sync.library());
     const int exitCode = options.isBatch() ? runBatch(application, options, *sync.library())
-                                           : runWindows(application, options, sync);
+                                           : runWindows(application, options, sync, firstStart);
     application.setLibrary(nullptr);
     return exitCode;
 }
@@ -215,7 +248,8 @@ Expected<void> openForVerification(const LaunchOptions &options, SyncPlugIn &syn
                                 .arg(options.profile)});
     }
     return sync.openProfile(options.profile,
-                            options.repair ? ProfileUse::Edit : ProfileUse::Snapshot);
+                            options.repair ? ProfileUse::Edit : ProfileUse::Snapshot,
+                            FirstContents::Inbox);
 }
 
 int runVerification(VelmoraApplication &application, const LaunchOptions &options,

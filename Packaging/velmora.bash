@@ -5,10 +5,11 @@ _velmora() {
         --profile) mapfile -t COMPREPLY < <(compgen -d -- "$word") ;;
         --screenshot) mapfile -t COMPREPLY < <(compgen -f -- "$word") ;;
         --appearance) mapfile -t COMPREPLY < <(compgen -W 'light dark' -- "$word") ;;
+        --begin) mapfile -t COMPREPLY < <(compgen -W 'empty examples' -- "$word") ;;
         --removals) mapfile -t COMPREPLY < <(compgen -W 'keep remove' -- "$word") ;;
         --sandboxed) mapfile -t COMPREPLY < <(compgen -W 'on off' -- "$word") ;;
         *)
-            local words='--profile --appearance --sandboxed --screenshot --describe --json --repair --removals --timeout --version --help'
+            local words='--profile --begin --preferences --appearance --sandboxed --screenshot --describe --json --repair --removals --timeout --version --help'
             [[ $COMP_CWORD -gt 1 ]] || words+=' sync status check verify'
             mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
             ;;

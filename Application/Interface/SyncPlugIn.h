@@ -4,6 +4,7 @@
 #include <QtCore/QtPlugin>
 #include <optional>
 
+#include "Application/Interface/FirstContents.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/Interface/VerificationReport.h"
 #include "Platform/Foundation/Expected.h"
@@ -42,11 +43,12 @@ public:
     virtual ~SyncPlugIn();
 
     /// Opens the profile in the folder `directory`. A folder that does not exist or is empty
-    /// becomes a new profile with an inbox, two databases and a folder location. Must be called
-    /// after NSApp() is set, and not again once it has succeeded. A failure leaves the folder as it
-    /// was; the error names what is wrong and where. If another process uses the profile, the error
-    /// is `isProfileInUse`, unless `use` is Snapshot.
-    virtual Expected<void> openProfile(const QString &directory, ProfileUse use) = 0;
+    /// becomes a new profile with `contents`. Must be called after NSApp() is set, and not again
+    /// once it has succeeded. A failure leaves the folder as it was; the error names what is wrong
+    /// and where. If another process uses the profile, the error is `isProfileInUse`, unless `use`
+    /// is Snapshot.
+    virtual Expected<void> openProfile(const QString &directory, ProfileUse use,
+                                       FirstContents contents) = 0;
     /// Changes the setting QVSyncPlugin::usesSandboxedAccess of the open profile.
     virtual Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess) = 0;
     /// Returns whether `error` says that another process uses the profile.
@@ -83,5 +85,5 @@ public:
     virtual NoteLibrary *library() const = 0;
 };
 
-#define SyncPlugIn_iid "velmora.SyncPlugIn/7"
+#define SyncPlugIn_iid "velmora.SyncPlugIn/8"
 Q_DECLARE_INTERFACE(SyncPlugIn, SyncPlugIn_iid)

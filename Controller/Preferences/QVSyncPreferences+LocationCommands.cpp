@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "Controller/Preferences/LocationRecovery.h"
 #include "Controller/Preferences/QVDirectConnectionLocationEditor.h"
@@ -84,6 +85,38 @@ void QVSyncPreferences::addFolderLocation(const QVFolderLocationEditor &editor, 
         saveAndPresentError();
         announceAddedSelection();
     }
+    showNext(result == 1);
+}
+
+void QVSyncPreferences::addLocationOfKind(Kind kind, Next next) {
+    if (SheetWindow::isShownOn(*mainView()->window())) {
+        return;
+    }
+    const QList<StandIn> rows = localDatabases();
+    if (selectedDatabase().isEmpty() && !rows.isEmpty()) {
+        selectDatabase(rows.constFirst()->UUID());
+    }
+    m_next = next;
+    switch (kind) {
+        case Kind::NewFolder:
+            createFolder(nullptr);
+            break;
+        case Kind::ExistingFolder:
+            selectFolder(nullptr);
+            break;
+        case Kind::WebDAV:
+            addWebDAVLocation(nullptr);
+            break;
+        case Kind::DirectConnection:
+            addDirectConnectionLocation(nullptr);
+            break;
+    }
+}
+
+void QVSyncPreferences::showNext(bool isAdded) {
+    if (std::exchange(m_next, Next::Nothing) == Next::DatabasesToImport && isAdded) {
+        showImportDatabasesSheet(nullptr);
+    }
 }
 
 void QVSyncPreferences::addPackage(const Url &URL) {
@@ -164,6 +197,7 @@ void QVSyncPreferences::didEditLocation(const std::shared_ptr<QVSyncLocationEdit
                                         bool isNew, qint64 result) {
     m_editors.removeOne(editor);
     if (result != 1) {
+        showNext(false);
         return;
     }
     if (isNew) {
@@ -175,6 +209,7 @@ void QVSyncPreferences::didEditLocation(const std::shared_ptr<QVSyncLocationEdit
     if (isNew) {
         announceAddedSelection();
     }
+    showNext(isNew);
 }
 
 void QVSyncPreferences::forgetFailures(const QVSyncLocation &location) {

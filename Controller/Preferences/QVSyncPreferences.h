@@ -15,6 +15,7 @@
 #include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
 #include "Controller/Preferences/QVSynchronizationSelection.h"
 #include "Host/QVSyncPlugin.h"
+#include "Platform/Interface/LocationAdding.h"
 #include "Platform/Interface/PaneSelection.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Platform/Interface/QVLocationEditing.h"
@@ -39,7 +40,8 @@ class QVSyncPreferences : public PreferencePane,
                           public QVListViewDelegate,
                           public QVSyncScheduleEditorDelegate,
                           public QVLocationEditing,
-                          public PaneSelection {
+                          public PaneSelection,
+                          public LocationAdding {
     Q_OBJECT
     Q_PROPERTY(QString currentVersionString READ currentVersionString CONSTANT)
     /// The host's sync plug-in. Not owned; lives as long as the program.
@@ -196,6 +198,7 @@ public:
     /// a nested event loop.
     Q_SLOT void createFolder(QObject *sender);
     Q_SLOT void selectFolder(QObject *sender);
+    void addLocationOfKind(Kind kind, Next next) override;
     /// Runs the editor of `location`, which must not be null and must have an editor: an
     /// AssertionFailure is raised otherwise.
     void editSyncLocation(const std::shared_ptr<QVSyncLocation> &location);
@@ -290,6 +293,8 @@ private:
     /// Removes what failed at the location from its row and states: the user has just changed it,
     /// or its password.
     void forgetFailures(const QVSyncLocation &location);
+    /// Shows what follows addLocationOfKind(), once, if the location was added.
+    void showNext(bool isAdded);
     /// Selects and announces the row that was appended last.
     void announceAddedSelection();
     /// Handler of the editors' sheets.
@@ -316,6 +321,8 @@ private:
     std::optional<QVStandInsByUUID> m_localDatabasesByUUID;
     QPointer<QPushButton> m_locationEditPopUpButton;
     QPointer<QMenu> m_addMenu;
+    /// What follows when the location of addLocationOfKind() is added.
+    Next m_next = Next::Nothing;
     /// The editors that are running.
     QList<std::shared_ptr<QVSyncLocationEditor>> m_editors;
     /// Null while its sheet is closed.

@@ -29,8 +29,9 @@ private:
 
 }  // namespace
 
-Expected<void> VelmoraSyncPlugIn::openProfile(const QString &directory, ProfileUse use) {
-    return m_engine->openProfile(directory, FirstContents::Welcome, use);
+Expected<void> VelmoraSyncPlugIn::openProfile(const QString &directory, ProfileUse use,
+                                              FirstContents contents) {
+    return m_engine->openProfile(directory, contents, use);
 }
 
 Expected<void> VelmoraSyncPlugIn::setUsesSandboxedAccess(bool usesSandboxedAccess) {
@@ -84,7 +85,7 @@ NoteLibrary *VelmoraSyncPlugIn::library() const {
 
 Expected<void> VelmoraSyncPlugIn::begin(const QString &folder) {
     setNSApp(m_application.get());
-    Expected<void> opened = openProfile(folder, ProfileUse::Edit);
+    Expected<void> opened = openProfile(folder, ProfileUse::Edit, FirstContents::Welcome);
     if (!opened) {
         end();
     }

@@ -17,8 +17,8 @@ class VelmoraSyncPlugIn : public QObject, public SyncPlugIn, public QVHostPlugIn
     Q_PLUGIN_METADATA(IID SyncPlugIn_iid)
     Q_INTERFACES(SyncPlugIn QVHostPlugIn)
 public:
-    /// A new profile begins with the contents FirstContents::Welcome.
-    Expected<void> openProfile(const QString &directory, ProfileUse use) override;
+    Expected<void> openProfile(const QString &directory, ProfileUse use,
+                               FirstContents contents) override;
     /// Must not be called after closeProfile(), as verify().
     Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess) override;
     /// Returns whether `error` says that another process uses the profile.

@@ -347,6 +347,14 @@
         <source>With “sync”, “status” and “check”: give up after this time and exit with 3. The default is %1 for “sync” and %2 for the others.</source>
         <translation>مع «sync» و«status» و«check»: التوقف بعد هذه المدة والإنهاء بالرمز 3. المدة المبدئية ⁨%1⁩ للأمر «sync» و⁨%2⁩ للأمرين الآخرين.</translation>
     </message>
+    <message>
+        <source>Begin a new profile without notes or with examples, and ask no question.</source>
+        <translation>بدء ملف تعريف جديد بدون ملاحظات أو مع أمثلة، دون طرح أي سؤال.</translation>
+    </message>
+    <message>
+        <source>Open Sync Preferences, too.</source>
+        <translation>فتح تفضيلات المزامنة أيضًا.</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>
@@ -1122,6 +1130,61 @@
     <message>
         <source>Notes</source>
         <translation>الملاحظات</translation>
+    </message>
+</context>
+<context>
+    <name>FirstStartDialog</name>
+    <message>
+        <source>Start</source>
+        <translation>بدء</translation>
+    </message>
+    <message>
+        <source>Welcome to Velmora</source>
+        <translation>مرحبًا بك في Velmora</translation>
+    </message>
+    <message>
+        <source>You can change this later in Sync Preferences.</source>
+        <translation>يمكنك تغيير هذا لاحقًا في تفضيلات المزامنة.</translation>
+    </message>
+    <message>
+        <source>Where should your notes be kept in sync?</source>
+        <translation>أين تريد مزامنة ملاحظاتك؟</translation>
+    </message>
+    <message>
+        <source>Decide later</source>
+        <translation>اتخاذ القرار لاحقًا</translation>
+    </message>
+    <message>
+        <source>In a folder that your computers share</source>
+        <translation>في مجلد تتشاركه حواسيبك</translation>
+    </message>
+    <message>
+        <source>On a WebDAV server</source>
+        <translation>على خادم WebDAV</translation>
+    </message>
+    <message>
+        <source>On another computer</source>
+        <translation>على حاسوب آخر</translation>
+    </message>
+    <message>
+        <source>How do you want to begin?</source>
+        <translation>كيف تريد أن تبدأ؟</translation>
+    </message>
+    <message>
+        <source>Without notes</source>
+        <translation>بدون ملاحظات</translation>
+    </message>
+    <message>
+        <source>With examples</source>
+        <translation>مع أمثلة</translation>
+    </message>
+    <message>
+        <source>With databases from another computer</source>
+        <translation>مع قواعد بيانات من حاسوب آخر</translation>
+    </message>
+    <message>
+        <source>Choose first where these databases are.</source>
+        <translation>اختر أولًا مكان قواعد البيانات هذه.</translation>
     </message>
 </context>
 </TS>

@@ -335,6 +335,14 @@
         <source>With “sync”, “status” and “check”: give up after this time and exit with 3. The default is %1 for “sync” and %2 for the others.</source>
         <translation>Mit „sync“, „status“ und „check“: nach dieser Zeit aufgeben und mit 3 enden. Die Vorgabe ist %1 für „sync“ und %2 für die anderen.</translation>
     </message>
+    <message>
+        <source>Begin a new profile without notes or with examples, and ask no question.</source>
+        <translation>Ein neues Profil ohne Notizen oder mit Beispielen beginnen, ohne zu fragen.</translation>
+    </message>
+    <message>
+        <source>Open Sync Preferences, too.</source>
+        <translation>Auch die Sync-Einstellungen öffnen.</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>
@@ -1078,6 +1086,61 @@
     <message>
         <source>Notes</source>
         <translation>Notizen</translation>
+    </message>
+</context>
+<context>
+    <name>FirstStartDialog</name>
+    <message>
+        <source>Start</source>
+        <translation>Starten</translation>
+    </message>
+    <message>
+        <source>Welcome to Velmora</source>
+        <translation>Willkommen bei Velmora</translation>
+    </message>
+    <message>
+        <source>You can change this later in Sync Preferences.</source>
+        <translation>Sie können das später in den Sync-Einstellungen ändern.</translation>
+    </message>
+    <message>
+        <source>Where should your notes be kept in sync?</source>
+        <translation>Wo sollen Ihre Notizen synchron gehalten werden?</translation>
+    </message>
+    <message>
+        <source>Decide later</source>
+        <translation>Später entscheiden</translation>
+    </message>
+    <message>
+        <source>In a folder that your computers share</source>
+        <translation>In einem Ordner, den Ihre Computer gemeinsam nutzen</translation>
+    </message>
+    <message>
+        <source>On a WebDAV server</source>
+        <translation>Auf einem WebDAV-Server</translation>
+    </message>
+    <message>
+        <source>On another computer</source>
+        <translation>Auf einem anderen Computer</translation>
+    </message>
+    <message>
+        <source>How do you want to begin?</source>
+        <translation>Womit möchten Sie beginnen?</translation>
+    </message>
+    <message>
+        <source>Without notes</source>
+        <translation>Ohne Notizen</translation>
+    </message>
+    <message>
+        <source>With examples</source>
+        <translation>Mit Beispielen</translation>
+    </message>
+    <message>
+        <source>With databases from another computer</source>
+        <translation>Mit Datenbanken von einem anderen Computer</translation>
+    </message>
+    <message>
+        <source>Choose first where these databases are.</source>
+        <translation>Wählen Sie zuerst, wo diese Datenbanken sind.</translation>
     </message>
 </context>
 </TS>

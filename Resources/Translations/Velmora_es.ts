@@ -335,6 +335,14 @@
         <source>With “sync”: if more than half of the notes of a database, and more than ten, would be removed, keep or remove them. Otherwise they are listed, and nothing is changed.</source>
         <translation>Con «sync»: si se fueran a eliminar más de la mitad de las notas de una base de datos, y más de diez, conservarlas o eliminarlas. De lo contrario, se enumeran y no se cambia nada.</translation>
     </message>
+    <message>
+        <source>Begin a new profile without notes or with examples, and ask no question.</source>
+        <translation>Empezar un perfil nuevo sin notas o con ejemplos, sin preguntar.</translation>
+    </message>
+    <message>
+        <source>Open Sync Preferences, too.</source>
+        <translation>Abrir también Preferencias de sincronización.</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>
@@ -1078,6 +1086,61 @@
     <message>
         <source>Notes</source>
         <translation>Notas</translation>
+    </message>
+</context>
+<context>
+    <name>FirstStartDialog</name>
+    <message>
+        <source>Start</source>
+        <translation>Empezar</translation>
+    </message>
+    <message>
+        <source>Welcome to Velmora</source>
+        <translation>Le damos la bienvenida a Velmora</translation>
+    </message>
+    <message>
+        <source>You can change this later in Sync Preferences.</source>
+        <translation>Podrá cambiarlo más tarde en Preferencias de sincronización.</translation>
+    </message>
+    <message>
+        <source>Where should your notes be kept in sync?</source>
+        <translation>¿Dónde desea sincronizar sus notas?</translation>
+    </message>
+    <message>
+        <source>Decide later</source>
+        <translation>Decidir más tarde</translation>
+    </message>
+    <message>
+        <source>In a folder that your computers share</source>
+        <translation>En una carpeta que comparten sus equipos</translation>
+    </message>
+    <message>
+        <source>On a WebDAV server</source>
+        <translation>En un servidor WebDAV</translation>
+    </message>
+    <message>
+        <source>On another computer</source>
+        <translation>En otro equipo</translation>
+    </message>
+    <message>
+        <source>How do you want to begin?</source>
+        <translation>¿Cómo desea empezar?</translation>
+    </message>
+    <message>
+        <source>Without notes</source>
+        <translation>Sin notas</translation>
+    </message>
+    <message>
+        <source>With examples</source>
+        <translation>Con ejemplos</translation>
+    </message>
+    <message>
+        <source>With databases from another computer</source>
+        <translation>Con bases de datos de otro equipo</translation>
+    </message>
+    <message>
+        <source>Choose first where these databases are.</source>
+        <translation>Elija primero dónde están estas bases de datos.</translation>
     </message>
 </context>
 </TS>

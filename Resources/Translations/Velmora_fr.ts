@@ -335,6 +335,14 @@
         <source>With “sync”: if more than half of the notes of a database, and more than ten, would be removed, keep or remove them. Otherwise they are listed, and nothing is changed.</source>
         <translation>Avec « sync » : si plus de la moitié des notes d’une base de données, et plus de dix, devaient être supprimées, les conserver ou les supprimer. Sinon, elles sont énumérées et rien n’est modifié.</translation>
     </message>
+    <message>
+        <source>Begin a new profile without notes or with examples, and ask no question.</source>
+        <translation>Commencer un nouveau profil sans notes ou avec des exemples, sans poser de question.</translation>
+    </message>
+    <message>
+        <source>Open Sync Preferences, too.</source>
+        <translation>Ouvrir aussi les Préférences de synchronisation.</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>
@@ -1078,6 +1086,61 @@
     <message>
         <source>Notes</source>
         <translation>Notes</translation>
+    </message>
+</context>
+<context>
+    <name>FirstStartDialog</name>
+    <message>
+        <source>Start</source>
+        <translation>Commencer</translation>
+    </message>
+    <message>
+        <source>Welcome to Velmora</source>
+        <translation>Bienvenue dans Velmora</translation>
+    </message>
+    <message>
+        <source>You can change this later in Sync Preferences.</source>
+        <translation>Vous pourrez changer cela plus tard dans les Préférences de synchronisation.</translation>
+    </message>
+    <message>
+        <source>Where should your notes be kept in sync?</source>
+        <translation>Où vos notes doivent-elles être synchronisées ?</translation>
+    </message>
+    <message>
+        <source>Decide later</source>
+        <translation>Décider plus tard</translation>
+    </message>
+    <message>
+        <source>In a folder that your computers share</source>
+        <translation>Dans un dossier que vos ordinateurs partagent</translation>
+    </message>
+    <message>
+        <source>On a WebDAV server</source>
+        <translation>Sur un serveur WebDAV</translation>
+    </message>
+    <message>
+        <source>On another computer</source>
+        <translation>Sur un autre ordinateur</translation>
+    </message>
+    <message>
+        <source>How do you want to begin?</source>
+        <translation>Comment voulez-vous commencer ?</translation>
+    </message>
+    <message>
+        <source>Without notes</source>
+        <translation>Sans notes</translation>
+    </message>
+    <message>
+        <source>With examples</source>
+        <translation>Avec des exemples</translation>
+    </message>
+    <message>
+        <source>With databases from another computer</source>
+        <translation>Avec des bases de données d’un autre ordinateur</translation>
+    </message>
+    <message>
+        <source>Choose first where these databases are.</source>
+        <translation>Choisissez d’abord où se trouvent ces bases de données.</translation>
     </message>
 </context>
 </TS>

@@ -332,6 +332,14 @@
         <source>With “sync”, “status” and “check”: give up after this time and exit with 3. The default is %1 for “sync” and %2 for the others.</source>
         <translation>「sync」「status」「check」とともに指定すると、この時間が過ぎたら中止し、終了コード3で終了します。既定値は「sync」では%1、ほかでは%2です。</translation>
     </message>
+    <message>
+        <source>Begin a new profile without notes or with examples, and ask no question.</source>
+        <translation>新しいプロファイルを、質問なしで、ノートなしまたはサンプルありで始めます。</translation>
+    </message>
+    <message>
+        <source>Open Sync Preferences, too.</source>
+        <translation>同期設定も開きます。</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>
@@ -1069,6 +1077,61 @@
     <message>
         <source>Notes</source>
         <translation>ノート</translation>
+    </message>
+</context>
+<context>
+    <name>FirstStartDialog</name>
+    <message>
+        <source>Start</source>
+        <translation>開始</translation>
+    </message>
+    <message>
+        <source>Welcome to Velmora</source>
+        <translation>Velmoraへようこそ</translation>
+    </message>
+    <message>
+        <source>You can change this later in Sync Preferences.</source>
+        <translation>これは後から「同期設定」で変更できます。</translation>
+    </message>
+    <message>
+        <source>Where should your notes be kept in sync?</source>
+        <translation>ノートをどこと同期しますか?</translation>
+    </message>
+    <message>
+        <source>Decide later</source>
+        <translation>後で決める</translation>
+    </message>
+    <message>
+        <source>In a folder that your computers share</source>
+        <translation>複数のコンピューターで共有しているフォルダー</translation>
+    </message>
+    <message>
+        <source>On a WebDAV server</source>
+        <translation>WebDAVサーバー</translation>
+    </message>
+    <message>
+        <source>On another computer</source>
+        <translation>ほかのコンピューター</translation>
+    </message>
+    <message>
+        <source>How do you want to begin?</source>
+        <translation>どのように始めますか?</translation>
+    </message>
+    <message>
+        <source>Without notes</source>
+        <translation>ノートなし</translation>
+    </message>
+    <message>
+        <source>With examples</source>
+        <translation>サンプルあり</translation>
+    </message>
+    <message>
+        <source>With databases from another computer</source>
+        <translation>ほかのコンピューターのデータベース</translation>
+    </message>
+    <message>
+        <source>Choose first where these databases are.</source>
+        <translation>まず、データベースがある場所を選んでください。</translation>
     </message>
 </context>
 </TS>

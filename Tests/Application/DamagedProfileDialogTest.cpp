@@ -30,7 +30,7 @@ private:
         QPluginLoader loader(QStringLiteral(VELMORA_SYNC_PLUG_IN));
         auto *sync = qobject_cast<SyncPlugIn *>(loader.instance());
         QVERIFY(sync);
-        QVERIFY(sync->openProfile(profile(), ProfileUse::Edit));
+        QVERIFY(sync->openProfile(profile(), ProfileUse::Edit, FirstContents::Welcome));
         sync->closeProfile();
         QVERIFY(loader.unload());
         if (hasBackup) {
@@ -75,7 +75,8 @@ private:
         Result result;
         QPluginLoader loader(QStringLiteral(VELMORA_SYNC_PLUG_IN));
         auto *sync = qobject_cast<SyncPlugIn *>(loader.instance());
-        const Expected<void> refused = sync->openProfile(profile(), ProfileUse::Edit);
+        const Expected<void> refused =
+            sync->openProfile(profile(), ProfileUse::Edit, FirstContents::Welcome);
         if (refused || !sync->canReplaceProfile(refused.error())) {
             return result;
         }
@@ -97,7 +98,7 @@ private:
         });
         result.isReplaced = DamagedProfileDialog::run(*sync, profile(), refused.error());
         if (result.isReplaced) {
-            result.opened = sync->openProfile(profile(), ProfileUse::Edit);
+            result.opened = sync->openProfile(profile(), ProfileUse::Edit, FirstContents::Welcome);
             result.databases = sync->library() ? sync->library()->knownDatabases().size() : 0;
             VerificationReport report = sync->verify(VerificationMode::Report);
             // The new profile has not synchronized yet.

@@ -190,7 +190,9 @@ class ProcessMemoryTest : public QObject {
             ProgramMemory::dropPrivileges();
         });
         process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process->start(QStringLiteral(VELMORA), {QStringLiteral("--profile"), profile()});
+        process->start(QStringLiteral(VELMORA),
+                       {QStringLiteral("--profile"), profile(), QStringLiteral("--begin"),
+                        QStringLiteral("examples")});
         return process;
     }
 

@@ -91,7 +91,9 @@ class ShellCommandTest : public QObject {
     std::unique_ptr<QProcess> startWindows() const {
         auto process = std::make_unique<QProcess>();
         process->setProcessEnvironment(environment());
-        process->start(QStringLiteral(VELMORA), {QStringLiteral("--profile"), profile()});
+        process->start(QStringLiteral(VELMORA),
+                       {QStringLiteral("--profile"), profile(), QStringLiteral("--begin"),
+                        QStringLiteral("examples")});
         if (!QTest::qWaitFor([&] { return !sockets().isEmpty(); }, EventTimeout)) {
             qWarning("%s", process->readAllStandardError().constData());
         }

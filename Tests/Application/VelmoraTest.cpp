@@ -64,7 +64,7 @@ class VelmoraTest : public QObject {
     /// Starts the program with its windows and waits until other starts find it.
     std::unique_ptr<QProcess> startWindows() const {
         makeRuntimeFolder();
-        auto process = start({});
+        auto process = start({QStringLiteral("--begin"), QStringLiteral("examples")});
         const QDir folder(runtimeFolder());
         if (!QTest::qWaitFor(
                 [&] {
@@ -249,8 +249,8 @@ private Q_SLOTS:
 
     void twoFirstStartsWithWindowsAtOnceMakeOneProfile() {
         makeRuntimeFolder();
-        const auto one = start({});
-        const auto other = start({});
+        const auto one = start({QStringLiteral("--begin"), QStringLiteral("examples")});
+        const auto other = start({QStringLiteral("--begin"), QStringLiteral("examples")});
         const auto hasEnded = [](const QProcess &process) {
             return process.state() == QProcess::NotRunning;
         };

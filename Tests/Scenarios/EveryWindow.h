@@ -8,6 +8,7 @@
 #include "Application/ConflictDialog.h"
 #include "Application/ErrorBoxes.h"
 #include "Application/EventLog.h"
+#include "Application/FirstStartDialog.h"
 #include "Application/HistoryDialog.h"
 #include "Application/LogWindow.h"
 #include "Application/MainWindow.h"
@@ -114,6 +115,10 @@ inline std::unique_ptr<QWidget> preferences(TestHost &host, EventLog & /*log*/) 
     return std::make_unique<PreferencesWindow>(std::make_unique<QVSyncPreferences>());
 }
 
+inline std::unique_ptr<QWidget> firstStart(TestHost & /*host*/, EventLog & /*log*/) {
+    return std::make_unique<FirstStartDialog>();
+}
+
 /// A database that could be synchronized with one of its two locations.
 inline std::unique_ptr<QWidget> failedSynchronization(TestHost &host, EventLog & /*log*/) {
     const auto projects = host.addDatabase(QStringLiteral("Projects"));
@@ -141,7 +146,8 @@ inline QList<std::pair<const char *, MakeWindow>> all() {
             {"deleted notes", deletedNotes}, {"many removals", removalQuestion},
             {"comparison", comparison},      {"conflict bar", conflictBar},
             {"pairing", pairingQuestion},    {"error", errorBox},
-            {"quitting", quitting},          {"preferences", preferences}};
+            {"quitting", quitting},          {"preferences", preferences},
+            {"first start", firstStart}};
 }
 
 }  // namespace EveryWindow

@@ -37,9 +37,9 @@ void ShownProgram::setVariable(const QString &name, const QString &value) {
     m_environment.insert(name, value);
 }
 
-void ShownProgram::start() {
+void ShownProgram::start(const QStringList &options) {
     m_process.setProcessEnvironment(m_environment);
-    m_process.start(m_program, {QStringLiteral("--profile"), profile()});
+    m_process.start(m_program, QStringList{QStringLiteral("--profile"), profile()} + options);
     if (!m_process.waitForStarted()) {
         throw std::runtime_error("velmora cannot be started.");
     }

@@ -27,8 +27,9 @@ public:
     /// Sets a variable of the environment for the next start.
     void setVariable(const QString &name, const QString &value);
 
-    /// Starts the process.
-    void start();
+    /// Starts the process, by default with both windows and, in a new profile, the examples.
+    void start(const QStringList &options = {QStringLiteral("--begin"), QStringLiteral("examples"),
+                                             QStringLiteral("--preferences")});
     /// The ID of the process that was started.
     qint64 processId() const { return m_process.processId(); }
     /// Blocks until both windows are shown and the main window has the keyboard.

@@ -119,9 +119,10 @@ int open(VelmoraApplication &application, const QString &folder, const QString &
     }
     SyncPlugIn *sync = *loaded;
     const QString profile = folder + QStringLiteral("/Profile");
-    const Expected<void> opened = sync->openProfile(profile, ProfileUse::Run).and_then([&] {
-        return sync->setUsesSandboxedAccess(true);
-    });
+    const Expected<void> opened =
+        sync->openProfile(profile, ProfileUse::Run, FirstContents::Welcome).and_then([&] {
+            return sync->setUsesSandboxedAccess(true);
+        });
     if (!opened) {
         throw TourFailure(opened.error().localizedDescription);
     }

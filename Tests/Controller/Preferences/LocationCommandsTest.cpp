@@ -576,6 +576,30 @@ private Q_SLOTS:
         QVERIFY(!row->error());
     }
 
+    void databasesAreImportedFromALocationAddedForThat_data() {
+        QTest::addColumn<bool>("isAdded");
+        QTest::newRow("added") << true;
+        QTest::newRow("cancelled") << false;
+    }
+    void databasesAreImportedFromALocationAddedForThat() {
+        QFETCH(bool, isAdded);
+        showPane();
+        m_pane->addLocationOfKind(LocationAdding::Kind::WebDAV,
+                                  LocationAdding::Next::DatabasesToImport);
+        const QPointer<SheetWindow> editor = sheet();
+        typeInSheet("serverField", QStringLiteral("127.0.0.1"));
+        typeInSheet("storeField", QStringLiteral("Shared"));
+        pressInSheet(isAdded ? "acceptButton" : "cancelButton");
+        QTRY_VERIFY(!editor || !editor->isVisible());
+        QCOMPARE(URLs().size(), isAdded ? 1 : 0);
+        QTRY_COMPARE(sheet() != nullptr, isAdded);
+        if (isAdded) {
+            const auto location = m_host->locations().syncLocations().constFirst();
+            QVERIFY(location->synchronizationStates().constFirst()->isEnabled());
+            QTest::keyClick(sheet(), Qt::Key_Escape);
+        }
+    }
+
     void aSheetMayOutliveThePane() {
         showPane();
         QWidget window;

@@ -124,7 +124,7 @@ private Q_SLOTS:
             QVERIFY2(NSClassFromString(name), qPrintable(name));
         }
         QVERIFY(!plugIn->library());
-        QVERIFY(plugIn->openProfile(directory.path(), ProfileUse::Run));
+        QVERIFY(plugIn->openProfile(directory.path(), ProfileUse::Run, FirstContents::Welcome));
         QCOMPARE(plugIn->library()->knownDatabases().size(), 3);
         QCOMPARE(QVDatabase::databases().size(), 3);
         QVERIFY(!QVSyncLocationFormatter::formatterForLocationWithURL(Url())->icon().isNull());

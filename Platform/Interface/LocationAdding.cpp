@@ -1,0 +1,3 @@
+#include "Platform/Interface/LocationAdding.h"
+
+LocationAdding::~LocationAdding() = default;
