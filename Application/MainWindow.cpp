@@ -29,6 +29,7 @@
 #include "Application/StatusLine.h"
 #include "Application/SynchronizationMonitor.h"
 #include "Application/VelmoraApplication.h"
+#include "Application/WindowMemory.h"
 #include "Application/WindowSize.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
@@ -38,6 +39,11 @@
 namespace {
 
 const QString ApplicationName = QStringLiteral("Velmora");
+
+/// Names in WindowMemory.
+const QString MainName = QStringLiteral("Main");
+const QString LogName = QStringLiteral("Log");
+const QString MainDatabaseName = QStringLiteral("MainDatabase");
 
 QString shownName(const NoteDatabase &database) {
     QString name = PlainText::message(database.name());
@@ -247,6 +253,9 @@ PreferencesWindow *MainWindow::showPreferences() {
         }
         m_preferences = new PreferencesWindow(std::move(*pane));
         m_preferences->showRemovals(m_removals, &PlugIns::makeSyncPreferences);
+        if (m_remembersWindows) {
+            m_preferences->remember();
+        }
     }
     m_preferences->show();
     m_preferences->raise();
@@ -286,6 +295,9 @@ void MainWindow::presentFailure() {
 void MainWindow::showLog() {
     if (!m_logWindow) {
         m_logWindow = new LogWindow(m_log, this);
+        if (m_remembersWindows) {
+            WindowMemory::restore(*m_logWindow, LogName);
+        }
     }
     m_logWindow->show();
     m_logWindow->raise();
@@ -395,7 +407,31 @@ bool MainWindow::leavePreferences() {
     return true;
 }
 
+void MainWindow::rememberWindows() {
+    m_remembersWindows = true;
+    WindowMemory::restore(*this, MainName);
+    const QString UUID = WindowMemory::text(MainDatabaseName);
+    const auto databases = m_library->knownDatabases();
+    for (const auto &database : databases) {
+        if (database->UUID() == UUID) {
+            m_databases->setCurrentRow(rowOf(database));
+        }
+    }
+}
+
+void MainWindow::saveWindows() const {
+    if (!m_remembersWindows) {
+        return;
+    }
+    WindowMemory::save(*this, MainName);
+    if (m_logWindow) {
+        WindowMemory::save(*m_logWindow, LogName);
+    }
+    WindowMemory::saveText(MainDatabaseName, m_database ? m_database->UUID() : QString());
+}
+
 void MainWindow::saveAll() {
+    saveWindows();
     m_notes->commit();
     presentIfFailed(saveLocations());
     if (m_preferences) {

@@ -33,6 +33,11 @@ public:
     /// Saves typed text if possible, without asking the user.
     ~MainWindow() override;
 
+    /// Restores the place of the window and the selected database from the user's settings, and
+    /// keeps both there from now on, as those of Sync Preferences and the log. Must be called
+    /// before the window is shown.
+    void rememberWindows();
+
     /// Opens Sync Preferences, or raises the open window. Returns the window, which deletes itself
     /// when it is closed; null if the pane cannot be loaded, after presenting the error.
     PreferencesWindow *showPreferences();
@@ -82,6 +87,8 @@ private:
     /// Shows the notes of the selected database and updates the actions. Selects the former
     /// database again if the user does not leave its text.
     void showDatabase();
+    /// Saves what rememberWindows() restores. Has no effect without it.
+    void saveWindows() const;
     /// Saves the texts of an earlier run and logs their titles.
     void restoreUnsavedTexts(const UnsavedTexts &unsavedTexts);
     /// Returns the row of `database`; -1 if the library does not know it.
@@ -111,6 +118,7 @@ private:
     /// Enables the actions on the note and on its database.
     void updateNoteActions();
 
+    bool m_remembersWindows = false;
     NoteLibrary *const m_library;
     EventLog *const m_log;
     SynchronizationMonitor *const m_monitor;

@@ -7,6 +7,7 @@
 #include "Application/LocationRemovals.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/SaveLocations.h"
+#include "Application/WindowMemory.h"
 #include "Application/WindowSize.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/Mnemonics.h"
@@ -15,6 +16,15 @@
 #include "Platform/Interface/PreferencePane.h"
 #include "Platform/Interface/QVLocationEditing.h"
 #include "Platform/Interface/TextLabel.h"
+
+namespace {
+
+/// Names in WindowMemory.
+const QString PaneWindowName = QStringLiteral("SyncPreferences");
+const QString PaneDatabaseName = QStringLiteral("SyncPreferencesDatabase");
+const QString PaneOpenName = QStringLiteral("SyncPreferencesOpen");
+
+}  // namespace
 
 PreferencesWindow::PreferencesWindow(std::unique_ptr<PreferencePane> pane, QWidget *parent)
     : QWidget(parent, Qt::Window) {
@@ -113,6 +123,23 @@ void PreferencesWindow::select(const QString &database,
     }
 }
 
+void PreferencesWindow::remember() {
+    m_remembers = true;
+    setWasOpen(true);
+    WindowMemory::restore(*this, PaneWindowName);
+    if (auto *selection = dynamic_cast<PaneSelection *>(m_pane.get())) {
+        selection->selectDatabase(WindowMemory::text(PaneDatabaseName));
+    }
+}
+
+bool PreferencesWindow::wasOpen() {
+    return WindowMemory::text(PaneOpenName) != QLatin1StringView("false");
+}
+
+void PreferencesWindow::setWasOpen(bool wasOpen) {
+    WindowMemory::saveText(PaneOpenName, QVariant(wasOpen).toString());
+}
+
 void PreferencesWindow::editLocation(const std::shared_ptr<QVSyncLocation> &location) {
     if (auto *editing = dynamic_cast<QVLocationEditing *>(m_pane.get())) {
         editing->editLocation(location);
@@ -134,6 +161,12 @@ void PreferencesWindow::closeEvent(QCloseEvent *event) {
     if (m_pane && !m_closesInAnyCase && !presentIfFailed(saveLocations())) {
         event->ignore();
         return;
+    }
+    if (m_remembers) {
+        WindowMemory::save(*this, PaneWindowName);
+        WindowMemory::saveText(PaneDatabaseName, selectedDatabase());
+        // The end of the program closes it, too.
+        setWasOpen(m_closesInAnyCase);
     }
     if (m_pane) {
         m_pane->willDeselect();

@@ -30,6 +30,15 @@ public:
     void showRemovals(LocationRemovals *removals,
                       std::function<Expected<std::unique_ptr<PreferencePane>>()> makePane);
 
+    /// Restores the place of the window and the selected database from the user's settings, and
+    /// keeps both there from now on, and whether the window is open. Must be called before the
+    /// window is shown.
+    void remember();
+    /// Returns whether a window that remembers that was open when the program ended; true if there
+    /// was none.
+    static bool wasOpen();
+    static void setWasOpen(bool wasOpen);
+
     /// Shows the editor of `location`, which must not be null, if the pane offers that and no other
     /// sheet is open. The window must be shown.
     void editLocation(const std::shared_ptr<QVSyncLocation> &location);
@@ -59,6 +68,7 @@ private:
 
     std::unique_ptr<PreferencePane> m_pane;
     bool m_closesInAnyCase = false;
+    bool m_remembers = false;
     /// Null before showRemovals(), as are the widgets.
     LocationRemovals *m_removals = nullptr;
     std::function<Expected<std::unique_ptr<PreferencePane>>()> m_makePane;

@@ -142,14 +142,17 @@ void logIfFailed(VelmoraApplication &application, const Expected<void> &result) 
 /// Shows what the user sees first, and lets the user add the location that was chosen.
 void showWindows(MainWindow &window, const LaunchOptions &options,
                  const std::optional<FirstStart> &firstStart) {
+    window.rememberWindows();
     window.show();
     if (firstStart && firstStart->location) {
         // Folders are chosen in an event loop of their own.
         QMetaObject::invokeMethod(
             &window, [&window, start = *firstStart] { window.addLocation(start); },
             Qt::QueuedConnection);
-    } else if (options.preferences || !firstStart) {
+    } else if (options.preferences || (!firstStart && PreferencesWindow::wasOpen())) {
         window.showPreferences();
+    } else {
+        PreferencesWindow::setWasOpen(false);
     }
 }
 
