@@ -5,8 +5,8 @@
 #include <QtWidgets/QPushButton>
 
 #include "Application/SynchronizationMonitor.h"
+#include "Platform/Interface/NotificationLabel.h"
 #include "Platform/Interface/PlainText.h"
-#include "Platform/Interface/TextLabel.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ StatusLine::StatusLine(SynchronizationMonitor *monitor, QWidget *parent)
     : QWidget(parent),
       m_monitor(monitor),
       m_bar(new QProgressBar),
-      m_label(new TextLabel),
+      m_label(new NotificationLabel),
       m_stopButton(new QPushButton(tr("&Stop"))),
       m_detailsButton(new QPushButton(tr("&What Failed…"))) {
     setObjectName(QStringLiteral("synchronizationStatus"));
@@ -51,6 +51,7 @@ void StatusLine::showStatus() {
     m_bar->setValue(
         progress.total == 0 ? 0 : static_cast<int>(progress.done * BarMaximum / progress.total));
     m_label->setText(PlainText::message(m_monitor->text()));
+    m_label->setQuiet(m_monitor->isRunning());
     m_stopButton->setVisible(m_monitor->isStoppable());
     m_detailsButton->setVisible(!m_monitor->isRunning() && m_monitor->summary().failure());
 }

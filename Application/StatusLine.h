@@ -2,10 +2,10 @@
 
 #include <QtWidgets/QWidget>
 
+class NotificationLabel;
 class QProgressBar;
 class QPushButton;
 class SynchronizationMonitor;
-class TextLabel;
 
 /// A line that shows what the synchronization does, with a button that stops it, or how it stands,
 /// with a button that requests the failures; a text that is too long is wrapped. Its height is at
@@ -28,7 +28,7 @@ private:
 
     SynchronizationMonitor *const m_monitor;
     QProgressBar *const m_bar;
-    TextLabel *const m_label;
+    NotificationLabel *const m_label;
     QPushButton *const m_stopButton;
     QPushButton *const m_detailsButton;
 };

@@ -5,6 +5,7 @@
 
 #include "Support/AccessibleScreen.h"
 #include "Support/FreePort.h"
+#include "Support/HeardNotifications.h"
 #include "Support/ProgramRun.h"
 #include "Support/SecretService.h"
 #include "Support/ShownProgram.h"
@@ -123,6 +124,17 @@ private Q_SLOTS:
         m_program->awaitWindows();
     }
     void cleanup() { m_program.reset(); }
+
+    void theResultOfASynchronizationIsSpoken() {
+        const HeardNotifications heard(m_screen.bus());
+        // The program learns that somebody listens.
+        QVERIFY(QTest::qWaitFor(
+            [&] {
+                return synchronize() && isShown("All up to date") &&
+                       !heard.texts().filter(QStringLiteral("All up to date")).isEmpty();
+            },
+            EventTimeout));
+    }
 
     void aFailureIsShownUntilItIsSolved() {
         QVERIFY(request("Press", QStringLiteral("Projects")));

@@ -26,6 +26,9 @@ public:
     AccessibleScreen(const AccessibleScreen &) = delete;
     AccessibleScreen &operator=(const AccessibleScreen &) = delete;
 
+    /// The accessibility bus.
+    const QDBusConnection &bus() const { return m_bus; }
+
     /// Returns the names, descriptions and texts of all widgets that are shown.
     QStringList texts() const;
     /// Waits until a text that contains `part` is shown. Returns whether there is one in time.

@@ -1,0 +1,63 @@
+#include "Platform/Interface/NotificationLabel.h"
+
+#include <QtGui/QAccessible>
+#include <QtGui/QShowEvent>
+#include <QtWidgets/QAccessibleWidget>
+
+namespace {
+
+class AccessibleNotification : public QAccessibleWidget {
+public:
+    explicit AccessibleNotification(NotificationLabel *label)
+        : QAccessibleWidget(label, QAccessible::Notification) {}
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name ? static_cast<QLabel *>(object())->text()
+                                         : QAccessibleWidget::text(kind);
+    }
+};
+
+QAccessibleInterface *makeInterface(const QString & /*className*/, QObject *object) {
+    auto *label = qobject_cast<NotificationLabel *>(object);
+    return label ? new AccessibleNotification(label) : nullptr;
+}
+
+}  // namespace
+
+NotificationLabel::NotificationLabel(QWidget *parent) : TextLabel(parent) {
+    static const bool isInstalled = [] {
+        QAccessible::installFactory(&makeInterface);
+        return true;
+    }();
+    Q_UNUSED(isInstalled);
+}
+
+void NotificationLabel::setText(const QString &text) {
+    if (text != this->text()) {
+        QLabel::setText(text);
+        notify();
+    }
+}
+
+void NotificationLabel::setQuiet(bool isQuiet) {
+    if (isQuiet != m_isQuiet) {
+        m_isQuiet = isQuiet;
+        notify();
+    }
+}
+
+void NotificationLabel::notify() {
+    if (!m_isQuiet && !text().isEmpty() && isVisible() && isActiveWindow()) {
+        QAccessibleEvent appearance(this, QAccessible::ObjectShow);
+        QAccessible::updateAccessibility(&appearance);
+        Q_EMIT reported(text());
+    }
+}
+
+// Qt itself tells screen readers of every widget that appears.
+void NotificationLabel::showEvent(QShowEvent *event) {
+    TextLabel::showEvent(event);
+    if (!event->spontaneous() && !text().isEmpty()) {
+        Q_EMIT reported(text());
+    }
+}
