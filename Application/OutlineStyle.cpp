@@ -1,6 +1,8 @@
 #include "Application/OutlineStyle.h"
 
 #include <QtGui/QPainter>
+#include <QtWidgets/QAbstractScrollArea>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QStyleFactory>
 #include <QtWidgets/QStyleOption>
 
@@ -9,6 +11,7 @@
 namespace {
 
 constexpr double Radius = 2;
+constexpr double RoundWidth = 1.5;
 constexpr int ButtonPadding = 6;
 
 void drawOutline(const QStyleOption &option, QPainter *painter, bool isRound) {
@@ -20,7 +23,10 @@ void drawOutline(const QStyleOption &option, QPainter *painter, bool isRound) {
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(Qt::NoBrush);
     const bool hasFocus = option.state.testFlag(QStyle::State_HasFocus);
-    painter->setPen(hasFocus ? Contrast::focus(option.palette) : Contrast::outline(option.palette));
+    const QColor color =
+        hasFocus ? Contrast::focus(option.palette) : Contrast::outline(option.palette);
+    // A thinner circle blends with its ground.
+    painter->setPen(QPen(color, isRound ? RoundWidth : 1));
     if (isRound) {
         painter->drawEllipse(frame);
     } else {
@@ -58,6 +64,14 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *o
         case PE_PanelButtonCommand:
             drawOutline(*option, painter, false);
             break;
+        case PE_Frame:
+            if (qobject_cast<const QAbstractScrollArea *>(widget)) {
+                QStyleOption frame = *option;
+                // Qt does not repaint it when the focus changes.
+                frame.state &= ~State_HasFocus;
+                drawOutline(frame, painter, false);
+            }
+            break;
         case PE_PanelButtonTool:
             if (!option->state.testFlag(State_AutoRaise)) {
                 drawOutline(*option, painter, false);
@@ -82,6 +96,24 @@ void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOption
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     if (control == CC_SpinBox || control == CC_ComboBox) {
         drawOutline(*option, painter, false);
+    }
+}
+
+int OutlineStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
+                              const QWidget *widget) const {
+    const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+    switch (metric) {
+        case PM_IndicatorWidth:
+        case PM_IndicatorHeight:
+        case PM_ExclusiveIndicatorWidth:
+        case PM_ExclusiveIndicatorHeight: {
+            const QFontMetrics font = option   ? option->fontMetrics
+                                      : widget ? widget->fontMetrics()
+                                               : QFontMetrics(QApplication::font());
+            return qMax(usual, font.ascent());
+        }
+        default:
+            return usual;
     }
 }
 

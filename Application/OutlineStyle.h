@@ -3,9 +3,9 @@
 #include <QtWidgets/QProxyStyle>
 
 /// Fusion with outlines of controls that are visible on every ground, also on a selected row; its
-/// own have too little contrast. The outline of a control with the focus has the selection color.
-/// The arrow of a bar without enough room has the color of texts. Buttons have more room at both
-/// sides of their text.
+/// own have too little contrast; so have lists, tables and texts. The outline of a control with the
+/// focus has the selection color. Check marks grow with the font. The arrow of a bar without enough
+/// room has the color of texts. Buttons have more room at both sides of their text.
 class OutlineStyle : public QProxyStyle {
     Q_OBJECT
 public:
@@ -19,6 +19,8 @@ public:
                        const QWidget *widget = nullptr) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
                             QPainter *painter, const QWidget *widget = nullptr) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
+                    const QWidget *widget = nullptr) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
                            const QWidget *widget = nullptr) const override;
 };

@@ -5,6 +5,8 @@
 
 void TemplateIconButton::initStyleOption(QStyleOptionToolButton *option) const {
     QToolButton::initStyleOption(option);
+    const int side = fontMetrics().height();
+    option->iconSize = option->iconSize.expandedTo(QSize(side, side));
     if (!option->icon.isMask()) {
         return;
     }

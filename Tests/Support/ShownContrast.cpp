@@ -56,10 +56,11 @@ QRect outlineOf(const QWidget *widget) {
     if (qobject_cast<const QRadioButton *>(widget)) {
         return widget->style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, widget);
     }
+    const auto *area = qobject_cast<const QAbstractScrollArea *>(widget);
     const bool hasFrame =
+        (area && area->frameShape() != QFrame::NoFrame) ||
         qobject_cast<const QPushButton *>(widget) || qobject_cast<const QLineEdit *>(widget) ||
-        qobject_cast<const QAbstractSpinBox *>(widget) || qobject_cast<const QComboBox *>(widget) ||
-        widget->inherits("ListScrollArea");
+        qobject_cast<const QAbstractSpinBox *>(widget) || qobject_cast<const QComboBox *>(widget);
     return hasFrame && !isPartOfField(widget) ? widget->rect() : QRect();
 }
 
