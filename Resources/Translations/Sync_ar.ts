@@ -998,11 +998,11 @@ Roast everything for forty minutes, add stock, blend.</source>
     </message>
     <message>
         <source>When the database is &amp;closed</source>
-        <translation>عند إغلاق قاعدة البيانات (&amp;C)</translation>
+        <translation>عند إغلاقها (&amp;C)</translation>
     </message>
     <message>
         <source>When the database is &amp;opened</source>
-        <translation>عند فتح قاعدة البيانات (&amp;O)</translation>
+        <translation>عند فتحها (&amp;O)</translation>
     </message>
     <message>
         <source>Whether the selected database synchronizes with this location</source>

@@ -966,11 +966,11 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     </message>
     <message>
         <source>When the database is &amp;closed</source>
-        <translation>À la &amp;fermeture de la base de données</translation>
+        <translation>À sa &amp;fermeture</translation>
     </message>
     <message>
         <source>When the database is &amp;opened</source>
-        <translation>À l’&amp;ouverture de la base de données</translation>
+        <translation>À son &amp;ouverture</translation>
     </message>
     <message>
         <source>Whether the selected database synchronizes with this location</source>

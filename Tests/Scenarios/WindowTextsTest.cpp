@@ -100,7 +100,7 @@ class WindowTextsTest : public QObject {
             case QLocale::German:
                 return {10, 14, 18};
             default:
-                return {18};
+                return {9, 18};
         }
     }
 
