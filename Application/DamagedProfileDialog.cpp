@@ -28,8 +28,9 @@ QString nextSteps(const Expected<std::optional<QDate>> &backup) {
     }
     if (!*backup) {
         return damageText(
-            "There is no copy of it that can be restored. You can start with an empty "
-            "profile and import your databases from the sync locations.");
+            "There is no copy of it that can be restored. You can start with a profile that has "
+            "the notes that can still be read, and import your other databases from the sync "
+            "locations.");
     }
     return damageText(
                "You can restore the copy that Velmora made of it on %1; later changes of notes are "

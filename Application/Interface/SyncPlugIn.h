@@ -22,9 +22,10 @@ enum class ProfileUse {
 
 /// How a damaged profile is replaced. The damaged files are set aside, not deleted.
 enum class ProfileReplacement {
-    /// By the newest backup that is sound.
+    /// By the newest backup that is sound, with the later changes of notes that can be read.
     Backup,
-    /// By a profile with an empty inbox and, as far as they can be read, the former locations.
+    /// By a profile with, as far as they can be read, the former locations. It has no notes unless
+    /// there is no sound backup: it has those that can be read then.
     Empty,
 };
 

@@ -31,21 +31,24 @@ private:
 
     Expected<void> addDatabases() {
         Expected<void> added;
-        const Expected<void> read = m_source.read(
-            QStringLiteral("SELECT id, uuid, CAST(name AS BLOB) FROM databases NOT INDEXED"),
-            [&](const QSqlQuery &row) {
-                added = added.and_then([&] {
-                    return addDatabase(row.value(0).toLongLong(), row.value(1).toString(),
-                                       ProfileDatabase::exactText(row.value(2)));
-                });
-            });
+        const Expected<void> read =
+            m_source.read(QStringLiteral("SELECT id, uuid, CAST(name AS BLOB), is_inbox"
+                                         " FROM databases NOT INDEXED"),
+                          [&](const QSqlQuery &row) {
+                              added = added.and_then([&] { return addDatabase(row); });
+                          });
         m_findings.isComplete = read.has_value();
         return added;
     }
 
-    Expected<void> addDatabase(qint64 id, const QString &UUID, const QString &name) {
-        const Expected<QVariant> found =
-            m_target.value(QStringLiteral("SELECT id FROM databases WHERE uuid = ?"), {UUID});
+    Expected<void> addDatabase(const QSqlQuery &row) {
+        const qint64 id = row.value(0).toLongLong();
+        const QString UUID = row.value(1).toString();
+        const QString name = ProfileDatabase::exactText(row.value(2));
+        // A new profile has another inbox.
+        const Expected<QVariant> found = m_target.value(
+            QStringLiteral("SELECT id FROM databases WHERE uuid = ? OR (? AND is_inbox)"),
+            {UUID, row.value(3).toBool()});
         if (!found) {
             return failure(found.error());
         }

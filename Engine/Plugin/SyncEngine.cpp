@@ -43,13 +43,13 @@ void reportMissingLocations(const QString &directory) {
     });
 }
 
-/// Reports what the backup still lacks.
+/// Reports what may be missing.
 void presentUnread(const QString &directory, const ChangeRescue::Findings &findings) {
     QString text =
         localizedSyncString(
-            "Later changes cannot be read from the damaged profile “%1” and may be missing from "
-            "the restored copy. Synchronize, so that they are read from the locations. The damaged "
-            "files are kept in the folder “Damaged Profiles”.")
+            "Some changes cannot be read from the damaged profile “%1” and may be missing now. "
+            "Synchronize, so that they are read from the locations. The damaged files are kept in "
+            "the folder “Damaged Profiles”.")
             .arg(directory);
     if (!findings.damaged.isEmpty()) {
         text += u' ' + localizedSyncString("Damaged notes: %1.")
@@ -64,14 +64,24 @@ void reportRescue(const QString &directory, const ChangeRescue::Findings &findin
     MainQueue::dispatchAsync([directory, findings] {
         if (NSApp() && findings.added > 0) {
             NSApp()->logItemCmd(localizedSyncString("Profile:"),
-                                localizedSyncString("Changes that were added to the restored copy "
-                                                    "from the damaged profile: %1")
+                                localizedSyncString("Changes that were read from the damaged "
+                                                    "profile: %1")
                                     .arg(findings.added));
         }
         if (NSApp() && (!findings.isComplete || !findings.damaged.isEmpty())) {
             presentUnread(directory, findings);
         }
     });
+}
+
+/// Returns the addition of what can be read from the damaged profile. It sets `found`.
+ProfileRecovery::Amendment rescue(ChangeRescue::Findings &found) {
+    return [&found](const QString &folder, const QString &damaged) {
+        ProfileDatabase profile;
+        return openDatabase(profile, folder, FirstContents::Inbox)
+            .and_then([&] { return ChangeRescue::run(damaged, profile); })
+            .map([&](const ChangeRescue::Findings &findings) { found = findings; });
+    };
 }
 
 void logIfFailed(const Expected<void> &result) {
@@ -118,27 +128,26 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
 }
 
 Expected<void> SyncEngine::beginProfile(const QString &directory) {
-    return ProfileRecovery::begin(directory,
-                                  [](const QString &folder) {
-                                      ProfileDatabase profile;
-                                      return openDatabase(profile, folder, FirstContents::Inbox);
-                                  })
-        .map([&](bool hasLocations) {
-            if (!hasLocations) {
-                reportMissingLocations(directory);
-            }
-        });
+    const auto create = [](const QString &folder) {
+        ProfileDatabase profile;
+        return openDatabase(profile, folder, FirstContents::Inbox);
+    };
+    const auto backup = ProfileBackups(directory).newestSound(QDate::currentDate());
+    const bool hasNone = backup && !*backup;
+    ChangeRescue::Findings found;
+    // The notes could have been restored from a backup.
+    const ProfileRecovery::Amendment amend = hasNone ? rescue(found) : ProfileRecovery::addNothing;
+    return ProfileRecovery::begin(directory, create, amend).map([&](bool hasLocations) {
+        if (!hasLocations) {
+            reportMissingLocations(directory);
+        }
+        reportRescue(directory, found);
+    });
 }
 
 Expected<void> SyncEngine::restoreBackup(const QString &directory) {
     ChangeRescue::Findings found;
-    const auto amend = [&](const QString &folder, const QString &damaged) {
-        ProfileDatabase backup;
-        return openDatabase(backup, folder, FirstContents::Inbox)
-            .and_then([&] { return ChangeRescue::run(damaged, backup); })
-            .map([&](const ChangeRescue::Findings &findings) { found = findings; });
-    };
-    return ProfileRecovery::restoreBackup(directory, amend).map([&] {
+    return ProfileRecovery::restoreBackup(directory, rescue(found)).map([&] {
         reportRescue(directory, found);
     });
 }

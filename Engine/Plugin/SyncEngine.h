@@ -47,9 +47,11 @@ public:
     /// Returns the schedule of the backups, which starts when a profile is opened.
     BackupSchedule &backups() { return m_backups; }
 
-    /// Replaces the database of a profile that is not open by an empty one with the inbox and the
-    /// former locations, see ProfileRecovery::begin. If the locations cannot be read, it succeeds
-    /// without them, and the user is notified once the application runs. Blocks for the disk.
+    /// Replaces the database of a profile that is not open by a new one with the inbox and the
+    /// former locations, see ProfileRecovery::begin. It has no notes unless the profile has no sound
+    /// backup: those that can be read are added then, see ChangeRescue. If the locations or some
+    /// changes cannot be read, it succeeds without them, and the user is notified once the
+    /// application runs. Blocks for the disk.
     static Expected<void> beginProfile(const QString &directory);
     /// Replaces the database of a profile that is not open by its newest sound backup, to which the
     /// later changes are added that can be read, see ChangeRescue. The user is notified of others

@@ -403,7 +403,8 @@ Expected<void> ProfileRecovery::restoreBackup(const QString &directory, const Am
 }
 
 Expected<bool> ProfileRecovery::begin(
-    const QString &directory, const std::function<Expected<void>(const QString &folder)> &create) {
+    const QString &directory, const std::function<Expected<void>(const QString &folder)> &create,
+    const Amendment &amend) {
     ProfileLock lock;
     if (Expected<void> locked = lock.acquire(directory); !locked) {
         return failure(locked.error());
@@ -418,7 +419,9 @@ Expected<bool> ProfileRecovery::begin(
         .and_then([&] { return sourcesOfLocations(directory, copies.path()); })
         .and_then([&](const QStringList &sources) {
             return copyLocationsFrom(sources, path).and_then([&](bool areCopied) {
-                return replace(directory, path).map([&] { return areCopied; });
+                return amend(folder.path(), copies.filePath(ProfileDatabaseName))
+                    .and_then([&] { return replace(directory, path); })
+                    .map([&] { return areCopied; });
             });
         });
 }

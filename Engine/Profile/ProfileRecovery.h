@@ -23,22 +23,24 @@ inline const QString FolderName = QStringLiteral("Damaged Profiles");
 /// recovered: backups, damaged profiles, or the log of a missing database.
 bool hasTraces(const QString &directory);
 
-/// Adds to the copy of a backup in the folder `folder`, a profile that is not open, what can be
-/// read from the copy `damaged` of the damaged database. An error prevents the recovery.
+/// Adds to the closed profile in the folder `folder`, which is to replace the damaged one, what can
+/// be read from the copy `damaged` of the damaged database. An error prevents the recovery.
 using Amendment = std::function<Expected<void>(const QString &folder, const QString &damaged)>;
+/// Adds nothing.
+inline Expected<void> addNothing(const QString & /*folder*/, const QString & /*damaged*/) {
+    return {};
+}
 
 /// Replaces the database by the newest backup that is sound, to which `amend` adds what it lacks.
-Expected<void> restoreBackup(
-    const QString &directory,
-    const Amendment &amend = [](const QString & /*folder*/, const QString & /*damaged*/) {
-        return Expected<void>();
-    });
+Expected<void> restoreBackup(const QString &directory, const Amendment &amend = addNothing);
 
 /// Replaces the database by a new one. `create` makes a profile in the empty folder that it is
 /// given and closes it. The locations and their states are copied from the damaged profile or, if
-/// they cannot be read, from its newest sound backup. Returns whether they were copied.
+/// they cannot be read, from its newest sound backup; `amend` adds other things. Returns whether
+/// the locations were copied.
 Expected<bool> begin(const QString &directory,
-                     const std::function<Expected<void>(const QString &folder)> &create);
+                     const std::function<Expected<void>(const QString &folder)> &create,
+                     const Amendment &amend = addNothing);
 
 /// Rebuilds the indexes of the notes and of their versions, in one transaction, if this makes the
 /// damaged profile sound, which is tried with a copy. Returns whether they were rebuilt. The notes

@@ -1592,16 +1592,16 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>تتعذر قراءة مواقع المزامنة من ملف التعريف التالف «⁨%1⁩». أضفها من جديد في تفضيلات المزامنة، ثم استورد قواعد بياناتك.</translation>
     </message>
     <message>
-        <source>Later changes cannot be read from the damaged profile “%1” and may be missing from the restored copy. Synchronize, so that they are read from the locations. The damaged files are kept in the folder “Damaged Profiles”.</source>
-        <translation>تعذرت قراءة تغييرات لاحقة من ملف التعريف التالف «⁨%1⁩»، وقد لا تكون في النسخة المستعادة. زامن لكي تُقرأ من المواقع. تُحفظ الملفات التالفة في المجلد «Damaged Profiles».</translation>
+        <source>Some changes cannot be read from the damaged profile “%1” and may be missing now. Synchronize, so that they are read from the locations. The damaged files are kept in the folder “Damaged Profiles”.</source>
+        <translation>تعذرت قراءة بعض التغييرات من ملف التعريف التالف «⁨%1⁩»، وقد تكون مفقودة الآن. زامن لكي تُقرأ من المواقع. تُحفظ الملفات التالفة في المجلد «Damaged Profiles».</translation>
     </message>
     <message>
         <source>Damaged notes: %1.</source>
         <translation>ملاحظات تالفة: %1.</translation>
     </message>
     <message>
-        <source>Changes that were added to the restored copy from the damaged profile: %1</source>
-        <translation>تغييرات أُضيفت إلى النسخة المستعادة من ملف التعريف التالف: %1</translation>
+        <source>Changes that were read from the damaged profile: %1</source>
+        <translation>تغييرات قُرئت من ملف التعريف التالف: %1</translation>
     </message>
     <message>
         <source>The profile is missing from the folder “%1”. Restore it from a backup or use another profile.</source>

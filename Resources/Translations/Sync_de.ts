@@ -1592,16 +1592,16 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Die Sync-Orte des beschädigten Profils „%1“ können nicht gelesen werden. Fügen Sie sie in den Sync-Einstellungen wieder hinzu und importieren Sie dann Ihre Datenbanken.</translation>
     </message>
     <message>
-        <source>Later changes cannot be read from the damaged profile “%1” and may be missing from the restored copy. Synchronize, so that they are read from the locations. The damaged files are kept in the folder “Damaged Profiles”.</source>
-        <translation>Spätere Änderungen können aus dem beschädigten Profil „%1“ nicht gelesen werden und fehlen möglicherweise in der wiederhergestellten Kopie. Synchronisieren Sie, damit sie von den Orten gelesen werden. Die beschädigten Dateien werden im Ordner „Damaged Profiles“ aufbewahrt.</translation>
+        <source>Some changes cannot be read from the damaged profile “%1” and may be missing now. Synchronize, so that they are read from the locations. The damaged files are kept in the folder “Damaged Profiles”.</source>
+        <translation>Manche Änderungen können aus dem beschädigten Profil „%1“ nicht gelesen werden und fehlen jetzt möglicherweise. Synchronisieren Sie, damit sie von den Orten gelesen werden. Die beschädigten Dateien werden im Ordner „Damaged Profiles“ aufbewahrt.</translation>
     </message>
     <message>
         <source>Damaged notes: %1.</source>
         <translation>Beschädigte Notizen: %1.</translation>
     </message>
     <message>
-        <source>Changes that were added to the restored copy from the damaged profile: %1</source>
-        <translation>Änderungen, die der wiederhergestellten Kopie aus dem beschädigten Profil hinzugefügt wurden: %1</translation>
+        <source>Changes that were read from the damaged profile: %1</source>
+        <translation>Änderungen, die aus dem beschädigten Profil gelesen wurden: %1</translation>
     </message>
     <message>
         <source>The profile is missing from the folder “%1”. Restore it from a backup or use another profile.</source>

@@ -1556,16 +1556,16 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>No se pueden leer las ubicaciones de sincronización del perfil dañado «%1». Vuelva a añadirlas en las Preferencias de sincronización e importe después sus bases de datos.</translation>
     </message>
     <message>
-        <source>Later changes cannot be read from the damaged profile “%1” and may be missing from the restored copy. Synchronize, so that they are read from the locations. The damaged files are kept in the folder “Damaged Profiles”.</source>
-        <translation>No se pueden leer cambios posteriores del perfil dañado «%1», y es posible que falten en la copia restaurada. Sincronice para que se lean desde las ubicaciones. Los archivos dañados se conservan en la carpeta «Damaged Profiles».</translation>
+        <source>Some changes cannot be read from the damaged profile “%1” and may be missing now. Synchronize, so that they are read from the locations. The damaged files are kept in the folder “Damaged Profiles”.</source>
+        <translation>Algunos cambios no se pueden leer del perfil dañado «%1», y es posible que ahora falten. Sincronice para que se lean desde las ubicaciones. Los archivos dañados se conservan en la carpeta «Damaged Profiles».</translation>
     </message>
     <message>
         <source>Damaged notes: %1.</source>
         <translation>Notas dañadas: %1.</translation>
     </message>
     <message>
-        <source>Changes that were added to the restored copy from the damaged profile: %1</source>
-        <translation>Cambios del perfil dañado que se añadieron a la copia restaurada: %1</translation>
+        <source>Changes that were read from the damaged profile: %1</source>
+        <translation>Cambios leídos del perfil dañado: %1</translation>
     </message>
     <message>
         <source>The profile is missing from the folder “%1”. Restore it from a backup or use another profile.</source>

@@ -1556,16 +1556,16 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Les emplacements de synchronisation du profil endommagé « %1 » ne peuvent pas être lus. Ajoutez-les de nouveau dans les Préférences de synchronisation, puis importez vos bases de données.</translation>
     </message>
     <message>
-        <source>Later changes cannot be read from the damaged profile “%1” and may be missing from the restored copy. Synchronize, so that they are read from the locations. The damaged files are kept in the folder “Damaged Profiles”.</source>
-        <translation>Des modifications plus récentes ne peuvent pas être lues dans le profil endommagé « %1 » et manquent peut-être dans la copie restaurée. Synchronisez, afin qu’elles soient lues depuis les emplacements. Les fichiers endommagés sont conservés dans le dossier « Damaged Profiles ».</translation>
+        <source>Some changes cannot be read from the damaged profile “%1” and may be missing now. Synchronize, so that they are read from the locations. The damaged files are kept in the folder “Damaged Profiles”.</source>
+        <translation>Certaines modifications ne peuvent pas être lues dans le profil endommagé « %1 » et manquent peut-être maintenant. Synchronisez, afin qu’elles soient lues depuis les emplacements. Les fichiers endommagés sont conservés dans le dossier « Damaged Profiles ».</translation>
     </message>
     <message>
         <source>Damaged notes: %1.</source>
         <translation>Notes endommagées : %1.</translation>
     </message>
     <message>
-        <source>Changes that were added to the restored copy from the damaged profile: %1</source>
-        <translation>Modifications du profil endommagé ajoutées à la copie restaurée : %1</translation>
+        <source>Changes that were read from the damaged profile: %1</source>
+        <translation>Modifications lues dans le profil endommagé : %1</translation>
     </message>
     <message>
         <source>The profile is missing from the folder “%1”. Restore it from a backup or use another profile.</source>

@@ -1572,16 +1572,16 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>破損したプロファイル「%1」の同期先を読み取れません。同期設定で同期先をもう一度追加してから、データベースをインポートしてください。</translation>
     </message>
     <message>
-        <source>Later changes cannot be read from the damaged profile “%1” and may be missing from the restored copy. Synchronize, so that they are read from the locations. The damaged files are kept in the folder “Damaged Profiles”.</source>
-        <translation>破損したプロファイル「%1」から、その後の変更を読み取れません。復元したコピーに含まれていない可能性があります。同期して、同期先から読み取ってください。破損したファイルは、フォルダー「Damaged Profiles」に保管されます。</translation>
+        <source>Some changes cannot be read from the damaged profile “%1” and may be missing now. Synchronize, so that they are read from the locations. The damaged files are kept in the folder “Damaged Profiles”.</source>
+        <translation>破損したプロファイル「%1」から読み取れない変更があり、失われている可能性があります。同期して、同期先から読み取ってください。破損したファイルは、フォルダー「Damaged Profiles」に保管されます。</translation>
     </message>
     <message>
         <source>Damaged notes: %1.</source>
         <translation>破損したノート: %1。</translation>
     </message>
     <message>
-        <source>Changes that were added to the restored copy from the damaged profile: %1</source>
-        <translation>破損したプロファイルから復元したコピーに追加した変更: %1</translation>
+        <source>Changes that were read from the damaged profile: %1</source>
+        <translation>破損したプロファイルから読み取った変更: %1</translation>
     </message>
     <message>
         <source>The profile is missing from the folder “%1”. Restore it from a backup or use another profile.</source>

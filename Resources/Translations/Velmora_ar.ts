@@ -81,8 +81,8 @@
         <translation>يمكنك استعادة النسخة التي أنشأها Velmora في ⁨%1⁩؛ تُضاف إليها تغييرات الملاحظات اللاحقة إن أمكنت قراءتها، وإلا فستبقى مفقودة إلى أن تُزامَن من جديد. أو يمكنك البدء بملف تعريف فارغ واستيراد قواعد بياناتك من مواقع المزامنة.</translation>
     </message>
     <message>
-        <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>لا توجد نسخة منه يمكن استعادتها. يمكنك البدء بملف تعريف فارغ واستيراد قواعد بياناتك من مواقع المزامنة.</translation>
+        <source>There is no copy of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
+        <translation>لا توجد نسخة منه يمكن استعادتها. يمكنك البدء بملف تعريف فيه الملاحظات التي ما زالت قراءتها ممكنة، واستيراد قواعد بياناتك الأخرى من مواقع المزامنة.</translation>
     </message>
     <message>
         <source>The present files are kept in the folder “Damaged Profiles”.</source>

@@ -77,8 +77,8 @@
         <translation>Sie können die Kopie wiederherstellen, die Velmora davon angelegt hat (%1); spätere Änderungen von Notizen werden hinzugefügt, wenn sie gelesen werden können, und fehlen sonst, bis sie wieder synchronisiert sind. Oder Sie beginnen mit einem leeren Profil und importieren Ihre Datenbanken aus den Sync-Orten.</translation>
     </message>
     <message>
-        <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Es gibt keine Kopie davon, die wiederhergestellt werden kann. Sie können mit einem leeren Profil beginnen und Ihre Datenbanken aus den Sync-Orten importieren.</translation>
+        <source>There is no copy of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
+        <translation>Es gibt keine Kopie davon, die wiederhergestellt werden kann. Sie können mit einem Profil beginnen, das die noch lesbaren Notizen enthält, und Ihre anderen Datenbanken aus den Sync-Orten importieren.</translation>
     </message>
     <message>
         <source>The present files are kept in the folder “Damaged Profiles”.</source>

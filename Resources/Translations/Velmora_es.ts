@@ -77,8 +77,8 @@
         <translation>Puede restaurar la copia que Velmora hizo de él (%1); los cambios posteriores de notas se añaden si se pueden leer; si no, faltarán hasta que vuelvan a sincronizarse. También puede empezar con un perfil vacío e importar sus bases de datos desde las ubicaciones de sincronización.</translation>
     </message>
     <message>
-        <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>No hay ninguna copia de él que se pueda restaurar. Puede empezar con un perfil vacío e importar sus bases de datos desde las ubicaciones de sincronización.</translation>
+        <source>There is no copy of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
+        <translation>No hay ninguna copia de él que se pueda restaurar. Puede empezar con un perfil que contenga las notas que todavía se puedan leer e importar sus otras bases de datos desde las ubicaciones de sincronización.</translation>
     </message>
     <message>
         <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>

@@ -77,8 +77,8 @@
         <translation>Vous pouvez restaurer la copie que Velmora en a faite (%1) ; les modifications plus récentes de notes y sont ajoutées si elles peuvent être lues et manqueront sinon jusqu’à ce qu’elles soient de nouveau synchronisées. Vous pouvez aussi commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
     </message>
     <message>
-        <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Il n’en existe aucune copie qui puisse être restaurée. Vous pouvez commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
+        <source>There is no copy of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
+        <translation>Il n’en existe aucune copie qui puisse être restaurée. Vous pouvez commencer avec un profil qui contient les notes encore lisibles, et importer vos autres bases de données depuis les emplacements de synchronisation.</translation>
     </message>
     <message>
         <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>

@@ -76,8 +76,8 @@
         <translation>%1にVelmoraが作成したコピーを復元できます。その後のノートの変更は、読み取れる場合はコピーに追加され、読み取れない場合は再び同期するまで失われた状態になります。または、空のプロファイルから始めて、同期先からデータベースをインポートすることもできます。</translation>
     </message>
     <message>
-        <source>There is no copy of it that can be restored. You can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>復元できるコピーはありません。空のプロファイルから始めて、同期先からデータベースをインポートできます。</translation>
+        <source>There is no copy of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
+        <translation>復元できるコピーはありません。まだ読み取れるノートを含むプロファイルから始めて、ほかのデータベースを同期先からインポートできます。</translation>
     </message>
     <message>
         <source>The present files are kept in the folder “Damaged Profiles”.</source>

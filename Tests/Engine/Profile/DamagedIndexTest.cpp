@@ -159,10 +159,28 @@ private Q_SLOTS:
         QVERIFY(SyncEngine::restoreBackup(m_directory));
         m_host->goToComputer(QStringLiteral("Profile"));
         QCOMPARE(texts(), latest);
-        QTRY_COMPARE(log().filter(QStringLiteral("were added to the restored copy")).size(), 1);
+        QTRY_COMPARE(log().filter(QStringLiteral("were read from the damaged profile")).size(), 1);
         QVERIFY(m_host->application().presentedErrors().isEmpty());
         QVERIFY(run<SyncSession>());
         verifySound();
+    }
+
+    void withoutABackupTheNotesAreReadAgain() {
+        makeLaterChanges();
+        m_host->addLocation();
+        m_host->save();
+        const QStringList latest = texts();
+        damage(QStringLiteral("order_of_notes"), Damage::Page);
+        QVERIFY(SyncEngine::beginProfile(m_directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(texts(), latest);
+        QTRY_COMPARE(log().filter(QStringLiteral("were read from the damaged profile")).size(), 1);
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
+        QCOMPARE(m_host->library().knownDatabases().size(), 2);
+        QCOMPARE(m_host->locations().countOfSyncLocations(), 1);
+        QVERIFY(run<SyncSession>());
+        verifySound();
+        QCOMPARE(texts(), latest);
     }
 
     /// The table that contains the later changes is damaged.

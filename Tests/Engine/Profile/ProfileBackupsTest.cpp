@@ -501,8 +501,9 @@ private Q_SLOTS:
         }
         QVERIFY(SyncEngine::beginProfile(directory));
         m_host->goToComputer(QStringLiteral("Profile"));
-        QVERIFY(titles().isEmpty());
-        QCOMPARE(m_host->library().knownDatabases().size(), 1);
+        // If there is a backup, the user does not want its notes.
+        QCOMPARE(titles(), isReadable ? QStringList(QStringLiteral("first")) : QStringList());
+        QCOMPARE(m_host->library().knownDatabases().size(), isReadable ? 2 : 1);
         const auto locations = m_host->locations().syncLocations();
         QCOMPARE(locations.size(), 1);
         QCOMPARE(locations.first()->URL().absoluteString(), URL);
@@ -519,9 +520,11 @@ private Q_SLOTS:
         m_host->goToComputer(QStringLiteral("Other"));
         overwrite(directory + QStringLiteral("/profile.sqlite"), 0, 4096);
         QVERIFY(SyncEngine::beginProfile(directory));
-        QTRY_COMPARE(m_host->application().presentedErrors().size(), 1);
+        // Of the locations and, without a backup, of the notes.
+        QTRY_COMPARE(m_host->application().presentedErrors().size(), 2);
         const QString text = m_host->application().presentedErrors().first().localizedDescription;
         QVERIFY2(text.contains(directory), qPrintable(text));
+        QVERIFY2(text.startsWith(QStringLiteral("The sync locations")), qPrintable(text));
     }
 
     void aProfileWithoutWhatEachHasIsDamaged_data() {
