@@ -1,6 +1,7 @@
 #include "Application/WindowMemory.h"
 
 #include <QtCore/QDataStream>
+#include <QtCore/QIODevice>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtWidgets/QSplitter>

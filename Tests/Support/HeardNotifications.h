@@ -5,6 +5,7 @@
 #include <QtCore/QStringList>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
+#include <utility>
 
 /// The notifications of other processes that a screen reader speaks because they appear (AT-SPI
 /// over D-Bus). Must be used on the main thread.
