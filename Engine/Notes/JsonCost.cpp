@@ -1,6 +1,7 @@
 #include "Engine/Notes/JsonCost.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -15,32 +16,40 @@ constexpr qint64 LongCharacter = 4;
 
 struct String {
     /// The position behind it.
-    qsizetype end;
+    const char *end;
     qint64 length;
 };
 
+/// Returns where `character` is first, or `end`.
+const char *find(const char *begin, const char *end, char character) {
+    const void *const found = std::memchr(begin, character, static_cast<size_t>(end - begin));
+    return found ? static_cast<const char *>(found) : end;
+}
+
 /// Returns the string whose contents begin at `position`.
-String stringAt(const QByteArray &json, qsizetype position) {
+String stringAt(const char *position, const char *end) {
     qint64 length = 0;
-    for (; position < json.size() && json[position] != '"'; ++position) {
-        const bool isEscape = json[position] == '\\' && position + 1 < json.size();
-        const bool isNumbered = isEscape && json[position + 1] == 'u';
-        constexpr qsizetype digits = 4;
-        position += isEscape ? 1 : 0;
-        position += isNumbered ? digits : 0;
-        ++length;
+    const char *quote = find(position, end, '"');
+    for (const char *escape = find(position, quote, '\\'); escape != quote;
+         escape = find(position, quote, '\\')) {
+        constexpr qsizetype numbered = 6;
+        const bool isNumbered = end - escape > 1 && escape[1] == 'u';
+        length += escape - position + 1;
+        position = escape + std::min<qsizetype>(isNumbered ? numbered : 2, end - escape);
+        quote = position > quote ? find(position, end, '"') : quote;
     }
-    return {position + 1, length};
+    return {quote == end ? end : quote + 1, length + (quote - position)};
 }
 
 }  // namespace
 
 qint64 JsonCost::estimate(const QByteArray &json, qsizetype longestString, qint64 limit) {
     qint64 cost = 0;
-    for (qsizetype position = 0; position < json.size() && cost <= limit;) {
-        switch (json[position++]) {
+    const char *const end = json.constData() + json.size();
+    for (const char *position = json.constData(); position != end && cost <= limit;) {
+        switch (*position++) {
             case '"': {
-                const String string = stringAt(json, position);
+                const String string = stringAt(position, end);
                 position = string.end;
                 cost += ShortString +
                         LongCharacter * std::max(string.length - longestString, qint64(0));

@@ -1,3 +1,5 @@
+#include <ctime>
+
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/Transaction.h"
 #include "Support/Failure.h"
@@ -170,6 +172,42 @@ private Q_SLOTS:
         const QByteArray record(Transaction::SizeLimit, '[');
         QVERIFY(Transaction::cost(record) > Transaction::CostLimit);
         QVERIFY(Transaction::cost(record) < 2 * Transaction::CostLimit);
+    }
+
+    void escapesCountAsOneCharacterEach_data() {
+        QTest::addColumn<QByteArray>("character");
+        QTest::newRow("quotation mark") << QByteArray("\\\"");
+        QTest::newRow("backslash") << QByteArray("\\\\");
+        QTest::newRow("line end") << QByteArray("\\n");
+        QTest::newRow("number") << QByteArray("\\u0022");
+        QTest::newRow("quotation mark after others") << QByteArray("xxx\\\"");
+    }
+    void escapesCountAsOneCharacterEach() {
+        QFETCH(const QByteArray, character);
+        const auto cost = [](const QByteArray &text, qsizetype count) {
+            return Transaction::cost("[\"" + text.repeated(count) + "\",[]]");
+        };
+        constexpr qsizetype count = Operation::NoteLimit + 1000;
+        const bool isOne = !character.startsWith('x');
+        QCOMPARE(cost(character, isOne ? count : count / 4), cost("x", count));
+    }
+
+    /// It is found before a record is parsed, and is not cancellable.
+    void theCostOfTheLongestTextsIsFoundSoon_data() {
+        QTest::addColumn<QByteArray>("piece");
+        QTest::newRow("plain") << QByteArray("x");
+        QTest::newRow("escapes") << QByteArray("\\n");
+        QTest::newRow("numbers") << QByteArray("\\u0001");
+    }
+    void theCostOfTheLongestTextsIsFoundSoon() {
+        QFETCH(const QByteArray, piece);
+        const QByteArray record = '"' + piece.repeated((Transaction::SizeLimit - 1) / piece.size());
+        const std::clock_t before = std::clock();
+        QVERIFY(Transaction::cost(record) > Transaction::CostLimit || piece.size() > 2);
+        QCOMPARE_LT(std::clock() - before, 4 * CLOCKS_PER_SEC);
+        // What is longer is refused by its size.
+        QCOMPARE(code(Transaction::decoded(record + piece, QStringLiteral("NAME"))),
+                 EngineErrorCode::BlobRefused);
     }
 
     void theLongestNoteFitsARecord() {
