@@ -5,6 +5,7 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/FirstContents.h"
 #include "Engine/Notes/NoteConversion.h"
+#include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/RecordTiers.h"
@@ -264,14 +265,12 @@ protected:
 
     /// Profile and store are sound, and contain the same.
     void verifySound(const QString &profile, BlobStore &store) const {
-        {
-            Computer computer(profile);
-            orThrow(computer.open());
-            QCOMPARE(Verification::problems(computer.profile(), computer.library(),
-                                            Computer::subject(m_UUID), store),
-                     QStringList());
-        }
-        QCOMPARE(Verification::problems(profile), QStringList());
+        SyncEngine engine;
+        orThrow(engine.openProfile(profile, FirstContents::Inbox, ProfileUse::Edit));
+        QCOMPARE(Verification::problems(engine.verify(VerificationMode::Report)), QStringList());
+        QCOMPARE(Verification::problems(engine.profile(), *engine.library(),
+                                        Computer::subject(m_UUID), store),
+                 QStringList());
     }
 
     /// The profile is sound, and after synchronizing without a failure everyone has everything.

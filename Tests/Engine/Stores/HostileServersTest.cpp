@@ -60,6 +60,8 @@ constexpr qint64 SoundRecord = 128;
 /// The number of lists in a record that is parsed: about the most.
 constexpr qint64 MostLists = 60'000;
 
+const QString ManyFiles = QStringLiteral("files");
+
 const QString HostileAccount = QStringLiteral("kim@example.org");
 
 /// Answers every request with `head` and then endless repetitions of `piece`.
@@ -264,6 +266,9 @@ class HostileServersTest : public QObject {
     QTemporaryDir m_folder;
     /// The folder that was filled with records.
     QString m_filled;
+    /// Contains a folder of very many files, which is made once, while no visit has it.
+    std::unique_ptr<QTemporaryDir> m_manyFiles;
+    bool m_hasManyFiles = false;
     /// The system bus, of which libraries look up the address once.
     std::unique_ptr<PrivateBus> m_bus;
     QStringList m_table;
@@ -428,6 +433,7 @@ class HostileServersTest : public QObject {
         constexpr qsizetype strangersLimit = DirectConnectionMessage::LimitBeforeAuthorization;
         const QByteArray response = "<D:response><D:href>/a.qvSyncStore/x/x</D:href></D:response>";
         const QByteArray operations = "{\"version\":1,\"operations\":[";
+        const QByteArray superseded = "{\"version\":1,\"superseded\":[";
         const QHash<QString, std::function<Visit()>> visits{
             {QStringLiteral("WebDAV: endless body of a challenge"),
              [&] {
@@ -468,14 +474,14 @@ class HostileServersTest : public QObject {
              [&] { return record(operations, "[0],", 4 * MostLists); }},
             {QStringLiteral("Record: 64 MiB of identifiers"),
              [&] {
-                 return record("{\"version\":1,\"superseded\":[", '"' + QByteArray(32, 'a') + "\",",
+                 return record(superseded, '"' + QByteArray(32, 'a') + "\",",
                                Transaction::SizeLimit);
              }},
             {QStringLiteral("Record: 240,000 identifiers, the most that are read"),
              [&] {
-                 Transaction transaction;
-                 transaction.superseded.fill(OperationId(Operation::IdentifierSize, 'x'), 240'000);
-                 return record(transaction.encoded());
+                 const QByteArray identifier = '"' + QByteArray(32, 'a') + '"';
+                 return record(superseded + (identifier + ',').repeated(239'999) + identifier +
+                               "]}");
              }},
             {QStringLiteral("Record: sound, 64 MiB"), [&] { return record(largestSoundRecord()); }},
             {QStringLiteral("WebDAV: 8 records of the largest cost at once"),
@@ -483,9 +489,14 @@ class HostileServersTest : public QObject {
             {QStringLiteral("WebDAV: 8 sound records of 64 MiB"),
              [&] { return webDAVRecords(largestSoundRecord()); }},
             {QStringLiteral("Folder: 200,001 files, some in another encoding"),
-             [&] { return folderOf(BlobStore::MostNames + 1, {}); }},
-            {QStringLiteral("Folder: 100,000 files with names of 255 characters"),
-             [&] { return folderOf(100'000, QByteArray(243, 'x')); }},
+             [&] {
+                 return folderOf([&] {
+                     takeManyFiles();
+                     makeFiles(2, "\xff");
+                 });
+             }},
+            {QStringLiteral("Folder: 95,000 files with names of 255 characters"),
+             [&] { return folderOf([&] { makeFiles(95'000, QByteArray(243, 'x')); }); }},
             {QStringLiteral("WebDAV: silence (deadlines of 0.3 s and 1 s)"),
              [&] {
                  return impatient([](Connection &connection) { connection.waitUntilClosed(); });
@@ -603,20 +614,39 @@ class HostileServersTest : public QObject {
         return "{\"version\":1,\"operations\":[\"" + QByteArray(size, 'x') + "\"," +
                QByteArray("[0],").repeated(MostLists) + "0]}";
     }
-    Visit folderOf(qsizetype count, const QByteArray &prefix) {
-        const auto store = storeOf(folder([&](const QString &) { makeFiles(count, prefix); }));
+    Visit folderOf(const std::function<void()> &fill) {
+        const auto store = storeOf(folder([&](const QString &) { fill(); }));
         return [store](EngineFuture &future) {
             return code(store->list(QStringLiteral("transactions/@inbox"), future));
         };
     }
-    /// Makes files whose names begin with `prefix`, or of which every other is in another encoding.
+    /// Makes files whose names begin with `prefix`.
     void makeFiles(qsizetype count, const QByteArray &prefix) const {
         const QByteArray path = m_filled.toUtf8() + prefix;
         for (qsizetype i = 0; i < count; ++i) {
-            const QByteArray name =
-                path + (i % 2 == 0 || !prefix.isEmpty() ? "file" : "\xff") + QByteArray::number(i);
-            close(creat(name.constData(), 0600));
+            close(creat((path + QByteArray::number(i)).constData(), 0600));
         }
+    }
+    /// Makes the folder to be filled that of almost as many files as can be listed.
+    void takeManyFiles() {
+        QDir().rmdir(m_filled);
+        if (!m_manyFiles) {
+            m_manyFiles = std::make_unique<QTemporaryDir>();
+            QDir().mkpath(m_filled);
+            makeFiles(BlobStore::MostNames - 1, QByteArray(30, 'x'));
+        } else {
+            QVERIFY(QDir().rename(m_manyFiles->filePath(ManyFiles), m_filled));
+        }
+        m_hasManyFiles = true;
+    }
+    void returnManyFiles() {
+        for (const char *name : {"\xff"
+                                 "0",
+                                 "\xff"
+                                 "1"}) {
+            unlink((m_filled.toUtf8() + name).constData());
+        }
+        QVERIFY(QDir().rename(m_filled, m_manyFiles->filePath(ManyFiles)));
     }
     static QString newRecordName() {
         return QUuid::createUuid().toString(QUuid::WithoutBraces) + SyncStoreLayout::RecordEnding;
@@ -640,6 +670,9 @@ private Q_SLOTS:
         m_location.reset();
         m_server.reset();
         m_peer.reset();
+        if (std::exchange(m_hasManyFiles, false)) {
+            returnManyFiles();
+        }
         // Qt does not remove files with names in another encoding.
         std::filesystem::remove_all(std::exchange(m_filled, {}).toStdString());
         m_host.reset();
@@ -677,7 +710,7 @@ private Q_SLOTS:
         QTest::newRow("WebDAV: 8 sound records of 64 MiB") << Code() << 60000;
         QTest::newRow("Folder: 200,001 files, some in another encoding")
             << Code::StoreUnreachable << 20000;
-        QTest::newRow("Folder: 100,000 files with names of 255 characters")
+        QTest::newRow("Folder: 95,000 files with names of 255 characters")
             << Code::StoreUnreachable << 20000;
         QTest::newRow("WebDAV: silence (deadlines of 0.3 s and 1 s)")
             << Code::StoreUnreachable << 5000;
@@ -744,11 +777,12 @@ private Q_SLOTS:
         m_filled = DirectConnectionPackage::pathInProfile(m_host->directory()) +
                    QStringLiteral("/transactions/@inbox/");
         QVERIFY(QDir().mkpath(m_filled));
-        QFile large(m_filled + QStringLiteral("large"));
-        QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(60 << 20));
         const bool hasManyNames = QByteArray(QTest::currentDataTag()).contains("names");
         if (hasManyNames) {
-            makeFiles(BlobStore::MostNames - 1, QByteArray(30, 'x'));
+            takeManyFiles();
+        } else {
+            QFile large(m_filled + QStringLiteral("large"));
+            QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(60 << 20));
         }
         auto &server = dynamic_cast<DirectConnectionServer &>(*m_host->engine().plugin().server());
         // Short limits end what is not served. To prepare so many names takes longer than those.
