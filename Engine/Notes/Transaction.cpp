@@ -34,13 +34,30 @@ QJsonArray hexadecimals(const QList<OperationId> &identifiers) {
     return array;
 }
 
+/// Returns `record`, followed by `text` as a JSON string. Converts it in pieces, because all of it
+/// can take a hundred megabytes meanwhile: some characters need six bytes.
+QByteArray appendingText(QByteArray record, const QString &text) {
+    constexpr qsizetype usual = 1 << 16;
+    const qsizetype start = QByteArrayView("{\"text\":\"").size();
+    record += '"';
+    for (qsizetype position = 0; position < text.size();) {
+        const qsizetype last = qMin(position + usual, text.size()) - 1;
+        const qsizetype size = last - position + (text[last].isHighSurrogate() ? 2 : 1);
+        const QByteArray piece = ExactText::json({{TextKey, text.mid(position, size)}});
+        record += QByteArrayView(piece).sliced(start).chopped(2);
+        position += size;
+    }
+    record += '"';
+    return record;
+}
+
+/// Returns the operation without its text.
 QJsonObject encodedOperation(const Operation &operation) {
     QJsonObject object{{IdentifierKey, hexadecimal(operation.id)},
                        {TitleKey, operation.title},
                        {SaltKey, hexadecimal(operation.salt)}};
     if (!operation.note.isEmpty()) {
         object.insert(NoteKey, operation.note);
-        object.insert(TextKey, operation.text);
     }
     if (operation.modified) {
         object.insert(ModifiedKey, *operation.modified);
@@ -137,14 +154,23 @@ QList<OperationId> Transaction::allSuperseded() const {
 }
 
 QByteArray Transaction::encoded() const {
-    QJsonArray operationArray;
-    for (const Operation &operation : operations) {
-        operationArray.append(encodedOperation(operation));
+    QByteArray record = ExactText::json({{VersionKey, Version},
+                                         {SaltKey, hexadecimal(QUuid::createUuid().toRfc4122())},
+                                         {SupersededKey, hexadecimals(superseded)}});
+    record.chop(1);
+    record += ",\"operations\":[";
+    for (qsizetype i = 0; i < operations.size(); ++i) {
+        QByteArray operation = ExactText::json(encodedOperation(operations[i]));
+        operation.chop(1);
+        record += (i == 0 ? "" : ",") + operation;
+        if (!operations[i].note.isEmpty()) {
+            record += ",\"text\":";
+            record = appendingText(std::move(record), operations[i].text);
+        }
+        record += '}';
     }
-    return ExactText::json({{VersionKey, Version},
-                            {SaltKey, hexadecimal(QUuid::createUuid().toRfc4122())},
-                            {OperationsKey, operationArray},
-                            {SupersededKey, hexadecimals(superseded)}});
+    record += "]}";
+    return record;
 }
 
 qint64 Transaction::cost(const QByteArray &record) {

@@ -22,6 +22,8 @@ constexpr qsizetype IdentifiersInTransaction = 30000;
 /// From this many on, transactions are written at once, so that large ones are not in memory at the
 /// same time.
 constexpr qsizetype CharactersAtOnce = 7 * Transaction::UsualSize;
+/// If there are more, one transaction is large: they are written one after the other.
+constexpr qsizetype MostCharactersAtOnce = CharactersAtOnce + Transaction::UsualSize;
 /// Number of transactions that one step on the main thread forgets.
 constexpr qsizetype NamesForgottenAtOnce = 400;
 
@@ -194,19 +196,21 @@ Expected<bool> StoreSession::prepareNextTransaction() {
     return !m_prepared.isEmpty();
 }
 
-bool StoreSession::isEnoughPrepared(int atOnce) const {
+qsizetype StoreSession::preparedCharacters() const {
     qsizetype characters = 0;
     for (const Outgoing &outgoing : m_prepared) {
         for (const Operation &operation : outgoing.transaction.operations) {
             characters += operation.text.size();
         }
     }
-    return m_prepared.size() >= atOnce || characters >= CharactersAtOnce;
+    return characters;
 }
 
 Expected<void> StoreSession::writeTransactions(BlobStore &store, const EngineFuture &future) {
-    const int atOnce = store.operationsAtOnce();
-    if (m_prepared.isEmpty() || !(m_isAllPrepared || isEnoughPrepared(atOnce))) {
+    const qsizetype characters = preparedCharacters();
+    const int atOnce = characters > MostCharactersAtOnce ? 1 : store.operationsAtOnce();
+    const bool isEnough = m_prepared.size() >= atOnce || characters >= CharactersAtOnce;
+    if (m_prepared.isEmpty() || !(m_isAllPrepared || isEnough)) {
         return {};
     }
     // What supersedes comes last, after its successors are written.
@@ -241,11 +245,20 @@ Expected<void> StoreSession::write(Outgoing &outgoing, BlobStore &store,
 
 Expected<void> StoreSession::writeRecord(Outgoing &outgoing, BlobStore &store,
                                          const EngineFuture &future) const {
+    if (!store.parsing().take(future)) {
+        return failure(operationCancelled());
+    }
     const QByteArray record = outgoing.transaction.encoded();
+    // Only the identifiers are needed from now on.
+    for (Operation &operation : outgoing.transaction.operations) {
+        operation.text.clear();
+    }
     outgoing.name = TransactionName::of(record);
     outgoing.size = record.size();
     const QString name = path(outgoing.name);
-    if (!Transaction::decoded(record, name)) {
+    const bool isReadable = Transaction::decoded(record, name).has_value();
+    store.parsing().release();
+    if (!isReadable) {
         return failure(engineError(EngineErrorCode::InvalidDatabase,
                                    "A change in “%1” exceeds the limits of a record and was not "
                                    "sent. Please report this as an error of Velmora.",

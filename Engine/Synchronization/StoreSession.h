@@ -154,14 +154,15 @@ protected:
     bool hasFailedToWriteAll() const { return m_hasFailedToWriteAll; }
 
 private:
-    /// A transaction to be written and, once it is, its name and its size in bytes.
+    /// A transaction to be written and, once it is, without its texts, its name and its size in
+    /// bytes.
     struct Outgoing {
         Transaction transaction;
         QString name = {};
         qint64 size = 0;
     };
 
-    bool isEnoughPrepared(int atOnce) const;
+    qsizetype preparedCharacters() const;
     /// Calls writeRecord() and readBack(), one after the other: a record can be large.
     Expected<void> write(Outgoing &outgoing, BlobStore &store, const EngineFuture &future) const;
     /// Sets the name and the size of `outgoing`.

@@ -45,6 +45,7 @@
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "Support/TestWebDAVStore.h"
+#include "Support/WebDAVServer.h"
 
 namespace {
 
@@ -831,6 +832,40 @@ private Q_SLOTS:
         QFETCH(const QString, server);
         visit(server);
         measureSynchronization(keptOf(server));
+    }
+
+    /// The server is another process, so its memory is not measured. The texts that are written at
+    /// a time are kept, and one record, which may have 64 MiB if characters are escaped.
+    void everyUploadIsBounded_data() {
+        QTest::addColumn<QChar>("character");
+        QTest::addColumn<int>("usual");
+        QTest::addColumn<int>("large");
+        QTest::addColumn<qint64>("kept");
+        QTest::newRow("Upload: 2 notes of 8 MiB") << QChar(u'x') << 0 << 2 << qint64(2 * 8 + 8);
+        QTest::newRow("Upload: 7 notes of 1 MiB and one of 8 MiB, all characters escaped")
+            << QChar(1) << 7 << 1 << qint64(2 * 15 + 64);
+    }
+    void everyUploadIsBounded() {
+        QFETCH(const QChar, character);
+        QFETCH(const int, usual);
+        QFETCH(const int, large);
+        QFETCH(const qint64, kept);
+        const WebDAVServer server({.authentication = WebDAVServer::Authentication::None});
+        m_location = m_host->addLocation(server.URLText(QStringLiteral("a.qvSyncStore")));
+        qint64 characters = 0;
+        for (int i = 0; i < usual + large; ++i) {
+            const qsizetype size = i < usual ? Transaction::UsualSize : Operation::NoteLimit;
+            Note note{.text = QString(size, character)};
+            QVERIFY(m_host->inbox()->saveNote(note));
+            characters += size;
+        }
+        measureSynchronization(kept);
+        const QDir written(server.folder() + QStringLiteral("/a.qvSyncStore/transactions/@inbox"));
+        qint64 size = 0;
+        for (const QFileInfo &record : written.entryInfoList(QDir::Files)) {
+            size += record.size();
+        }
+        QCOMPARE_GE(size, characters * (character == QChar(1) ? 6 : 1));
     }
 
     void damagedRecordsAreSetAsideInBounds_data() {
