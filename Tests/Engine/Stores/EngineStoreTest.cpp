@@ -174,6 +174,12 @@ private Q_SLOTS:
             << SecondUUID << QByteArray("{\"uuid\":\"" + uuid + "\",\"name\":\"n\",\"version\":1}");
         QTest::newRow("no UUID") << QStringLiteral("x")
                                  << QByteArray("{\"uuid\":\"x\",\"name\":\"n\",\"version\":1}");
+        for (const char *stem :
+             {"AAAAAAAA-AAAA-4AAA-8AAA-AAAAAAAAAAAA", "00000000-0000-0000-0000-000000000000"}) {
+            QTest::addRow("UUID %s", stem)
+                << QString::fromLatin1(stem)
+                << QByteArray("{\"uuid\":\"") + stem + "\",\"name\":\"n\",\"version\":1}";
+        }
         QTest::newRow("too long") << FirstUUID
                                   << QByteArray("{\"uuid\":\"" + uuid +
                                                 "\",\"version\":1,\"name\":\"" +
