@@ -26,8 +26,14 @@ QToolButton *WeekdayPicker::makeButton(int day) {
     button->setToolTip(button->accessibleName());
     button->setCheckable(true);
     button->setFocusPolicy(Qt::StrongFocus);
-    connect(button, &QToolButton::clicked, this,
-            [this, day] { setDays(m_days ^ (quint64{1} << day)); });
+    // Not the click, which assistive technology does not make.
+    connect(button, &QToolButton::toggled, this, [this, day](bool isChosen) {
+        const quint64 bit = quint64{1} << day;
+        const quint64 days = isChosen ? m_days | bit : m_days & ~bit;
+        if (days != m_days) {
+            setDays(days);
+        }
+    });
     return button;
 }
 

@@ -14,6 +14,7 @@
 #include "Controller/QVBinding.h"
 #include "Controller/QVLocationImageValueTransformer.h"
 #include "Controller/QVLocationTitleValueTransformer.h"
+#include "Platform/Interface/AccessibleCheckBox.h"
 #include "Platform/Interface/AccessibleTable.h"
 #include "Platform/Interface/Nib.h"
 #include "Platform/Interface/SheetWindow.h"
@@ -64,6 +65,7 @@ void registerSyncPreferencesInterface() {
     Q_INIT_RESOURCE(SyncPreferences);
     AccessibleList::install();
     AccessibleTable::install();
+    AccessibleCheckBox::install();
     QVListView::registerBindingFactory(&QVBinding::bindingWithObject);
     registerObject<NSArrayController>("NSArrayController");
     registerObject<ActivityStatus>("ActivityStatus");

@@ -57,6 +57,16 @@ private Q_SLOTS:
         QCOMPARE(changes.size(), 2);
     }
 
+    // As assistive technology does it.
+    void togglingAButtonTogglesItsDay() {
+        WeekdayPicker picker;
+        picker.setDays(62);
+        QSignalSpy changes(&picker, &WeekdayPicker::daysChanged);
+        button(picker, "Monday")->toggle();
+        QCOMPARE(picker.days(), quint64{60});
+        QCOMPARE(changes.size(), 1);
+    }
+
     void bitsThatAreNoDaysAreKept() {
         WeekdayPicker picker;
         picker.setDays(quint64{1} << 40);
