@@ -20,7 +20,7 @@
 namespace {
 
 /// In widths of a letter.
-constexpr int WindowWidth = 150;
+constexpr int WindowWidth = 180;
 constexpr int NameWidth = 16;
 constexpr int MinimumTextWidth = 45;
 constexpr int LinesOfWindow = 32;
