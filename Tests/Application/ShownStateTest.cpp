@@ -3,6 +3,7 @@
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 
+#include "Engine/DirectConnection/DirectConnection.h"
 #include "Support/AccessibleScreen.h"
 #include "Support/FreePort.h"
 #include "Support/HeardNotifications.h"
@@ -17,7 +18,7 @@ class ShownStateTest : public QObject {
     Q_OBJECT
 private:
     const VirtualDisplay m_display;
-    const SecretService m_desktop;
+    SecretService m_desktop;
     const AccessibleScreen m_screen{m_desktop.busAddress()};
     const quint16 m_port = freePort();
     std::unique_ptr<ShownProgram> m_program;
@@ -101,6 +102,13 @@ private:
         QTRY_VERIFY(!m_display.window(pattern).isEmpty());
         m_display.focus(m_display.window(pattern));
         m_display.press(keys);
+    }
+    /// Opens the sheet of a new WebDAV location, and gives the keyboard to it.
+    void openWebDAVSheet() const {
+        QVERIFY(press("Add"));
+        // "WebDAV Server…".
+        chooseFromBelow(2);
+        pressIn("WebDAV Location", {});
     }
     /// Chooses the last entry but `above` of the menu that was requested last.
     void chooseFromBelow(int above) const {
@@ -230,6 +238,9 @@ private Q_SLOTS:
         QVERIFY(isShown("When a computer connects for the first time"));
         QVERIFY(press("Let other computers synchronize with this one"));
         QVERIFY(m_screen.awaitText(QStringLiteral("Port: %1").arg(m_port)));
+        const bool isInNetwork =
+            m_screen.texts().filter(QStringLiteral("This computer is in no network.")).isEmpty();
+        QVERIFY(!isInNetwork || isShown("Other computers do not find this one by themselves"));
         QVERIFY(press("Let other computers synchronize with this one"));
         QCOMPARE(m_screen.awaitNoText(QStringLiteral("Port: %1").arg(m_port)), QStringList());
         QVERIFY(press("Close"));
@@ -244,11 +255,19 @@ private Q_SLOTS:
         QVERIFY(tick(Away));
         QVERIFY(press("Every week"));
         QVERIFY(isShown("Next synchronization: "));
+        for (const char *day : {"Monday", "Tuesday", "Wednesday", "Thursday", "Friday"}) {
+            QVERIFY(press(day));
+        }
+        QVERIFY(isShown("Choose at least one day. Otherwise nothing is synchronized."));
 
-        QVERIFY(press("Add"));
-        // "WebDAV Server…".
-        chooseFromBelow(2);
-        pressIn("WebDAV Location", {});
+        openWebDAVSheet();
+        m_display.type(QStringLiteral("https://dav.example.org:8443/sync/Notes.qvSyncStore"));
+        QVERIFY(isShown("The server field contains a complete address."));
+        QVERIFY(press("Fill In the Fields"));
+        QVERIFY(isShown("Address: https://dav.example.org:8443/sync/Notes.qvSyncStore"));
+        QVERIFY(press("Cancel"));
+        QVERIFY(isGone("dav.example.org"));
+        openWebDAVSheet();
         m_display.type(QStringLiteral("local host"));
         QVERIFY(isShown("A server name contains no blanks."));
         pressIn("WebDAV Location", {QStringLiteral("ctrl+a")});
@@ -267,6 +286,47 @@ private Q_SLOTS:
         QVERIFY(press("OK"));
         QVERIFY(isShown("127.0.0.1 – Notes"));
         QVERIFY(isGone("localhost – Notes"));
+        m_program->terminate();
+        QVERIFY(m_program->awaitEnd());
+    }
+
+    void theUserIsAskedBeforeSecretsAreForgotten() {
+        QVERIFY(request("Press", QStringLiteral("Projects")));
+        openWebDAVSheet();
+        QVERIFY(press("Use HTTPS"));
+        m_display.type(QStringLiteral("localhost\t\t%1\tida\tsecret\t\tNotes").arg(freePort()));
+        QVERIFY(isShown("Address: https://localhost:"));
+        QVERIFY(press("OK"));
+        const QMap<QString, QString> passwords{
+            {QStringLiteral("host"), QStringLiteral("localhost")},
+            {QStringLiteral("user"), QStringLiteral("ida")}};
+        QTRY_VERIFY(m_desktop.count(passwords) > 0);
+        QVERIFY(request("Remove", QStringLiteral("localhost – Notes")));
+        QVERIFY(isShown("“localhost – Notes” was removed."));
+
+        const QMap<QString, QString> client{
+            {QStringLiteral("xdg:schema"), QStringLiteral("velmora.GenericPassword")},
+            {QStringLiteral("service"), DirectConnection::ClientAuthorizationServiceName},
+            {QStringLiteral("account"), QStringLiteral("kim at desk")}};
+        m_desktop.addItem(client, "secret");
+        QVERIFY(press("Direct Connections…"));
+        QVERIFY(m_screen.perform(QStringLiteral("kim at desk\nLast connected: unknown"),
+                                 QStringLiteral("Direct Connections"), QStringLiteral("Press")));
+        QVERIFY(press("Revoke"));
+        QVERIFY(isShown("Prevent “kim at desk” from connecting?"));
+        QVERIFY(press("Cancel"));
+        QVERIFY(isGone("Prevent “kim at desk” from connecting?"));
+        QCOMPARE(m_desktop.count(client), 1);
+        QVERIFY(press("Close"));
+        m_program->terminate();
+        QVERIFY(m_program->awaitEnd());
+
+        // The removal could be undone until the program ended.
+        QVERIFY(m_desktop.count(passwords) > 0);
+        m_program->start();
+        QVERIFY(isShown("Forget the password of “ida@localhost”?"));
+        QVERIFY(press("Forget"));
+        QTRY_COMPARE(m_desktop.count(passwords), 0);
         m_program->terminate();
         QVERIFY(m_program->awaitEnd());
     }
