@@ -5,6 +5,7 @@
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/DerivedTables.h"
+#include "Engine/Notes/LostOperations.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Synchronization/RecordTiers.h"
 #include "Engine/Synchronization/SyncSession.h"
@@ -99,6 +100,8 @@ public:
         bool haveFailingDisks = false;
         /// What the profiles have derived gets wrong while the programs do not run.
         bool haveWrongRecords = false;
+        /// Profiles lose edits that were synchronized, while the programs do not run.
+        bool haveLostRows = false;
     };
 
     History(const Troubles &troubles, QList<Replica *> replicas, int stores)
@@ -474,10 +477,15 @@ private:
 
     /// What happens seldom, and not to all histories.
     void happen() {
-        switch (upTo(4)) {
+        switch (upTo(5)) {
             case 0:
                 if (m_troubles.haveDamage) {
                     damageAny();
+                }
+                break;
+            case 3:
+                if (m_troubles.haveLostRows) {
+                    loseRow(anyReplica());
                 }
                 break;
             case 1:
@@ -508,6 +516,50 @@ private:
         }
         m_haveRecordsGotWrong = true;
         restart(replica);
+    }
+
+    /// What is neither in a store nor in another profile is lost, but not silently.
+    void loseRow(Replica *replica) {
+        const auto database = replica->library().synchronizedDatabase(m_UUID);
+        const QSet<OperationId> synchronized =
+            database ? synchronizedEdits(replica, *database) : QSet<OperationId>();
+        if (synchronized.isEmpty()) {
+            return;
+        }
+        // They may have read what is lost now.
+        m_running.clear();
+        QList<OperationId> sorted = synchronized.values();
+        std::sort(sorted.begin(), sorted.end());
+        const OperationId lost = sorted[upTo(static_cast<int>(sorted.size()))];
+        const qint64 id = database->log().database();
+        require(replica->profile().run(
+            QStringLiteral("DELETE FROM operations WHERE database = ? AND digest = ?"),
+            {id, lost}));
+        const auto noticed = LostOperations::all(replica->profile(), id);
+        require(noticed && noticed->contains(lost), "a lost edit is not noticed");
+        m_readLongAgo.remove(replica);
+        m_haveProfilesBeenReplaced = true;
+        expectWhatIsLeft();
+        restart(replica);
+    }
+
+    /// Returns the current edits of notes that are in a known record.
+    QSet<OperationId> synchronizedEdits(Replica *replica, const EngineDatabase &database) const {
+        QSet<OperationId> written;
+        for (qsizetype store = 0; store < storeCount(); ++store) {
+            const KnownTransactions known(replica->profile(), QString::number(store),
+                                          database.log().database());
+            const auto contents = known.all().value();
+            for (const KnownTransactions::Contents &each : contents) {
+                written.unite({each.operations.begin(), each.operations.end()});
+            }
+        }
+        QSet<OperationId> edits;
+        const QList<Note> notes = database.notes().value();
+        for (const Note &note : notes) {
+            edits.insert(QByteArray::fromHex(note.revision.toLatin1()));
+        }
+        return edits & written;
     }
 
     void restart(Replica *replica) {
@@ -696,8 +748,9 @@ private:
 
 /// Property test: runs random histories of replicas that edit and synchronize while any operation
 /// may fail, stores may be damaged and lie, disks of profiles may fail, what profiles have derived
-/// may get wrong, and profiles may be restored from old copies, in any combination. The seeds are
-/// VELMORA_SEED (default 1) and the following ones, VELMORA_HISTORIES (default 1,000) in all.
+/// may get wrong, profiles may lose edits and be restored from old copies, in any combination. The
+/// seeds are VELMORA_SEED (default 1) and the following ones, VELMORA_HISTORIES (default 1,000) in
+/// all.
 class SyncPropertyTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -735,7 +788,8 @@ private:
         return {.haveDamage = happens(50),
                 .haveCopies = happens(50),
                 .haveFailingDisks = happens(50),
-                .haveWrongRecords = happens(30)};
+                .haveWrongRecords = happens(30),
+                .haveLostRows = happens(30)};
     }
 
     static void tell(int seed, std::array<Replica, 6> &replicas) {
