@@ -2,9 +2,9 @@
 
 #include "Engine/Notes/NoteLog.h"
 
-/// Adds to a restored backup, or to a new profile, what only the damaged profile contains. The contents of
-/// each change show whether it is intact, so that it does not matter what else is damaged. Must be
-/// used on the main thread.
+/// Adds to a restored backup, or to a new profile, what only the damaged profile contains. The
+/// contents of each change show whether it is intact, so that it does not matter what else is
+/// damaged. Must be used on the main thread.
 namespace ChangeRescue {
 
 /// What run() has found.

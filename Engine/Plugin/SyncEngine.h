@@ -48,9 +48,9 @@ public:
     BackupSchedule &backups() { return m_backups; }
 
     /// Replaces the database of a profile that is not open by a new one with the inbox and the
-    /// former locations, see ProfileRecovery::begin. It has no notes unless the profile has no sound
-    /// backup: those that can be read are added then, see ChangeRescue. If the locations or some
-    /// changes cannot be read, it succeeds without them, and the user is notified once the
+    /// former locations, see ProfileRecovery::begin. It has no notes unless the profile has no
+    /// sound backup: those that can be read are added then, see ChangeRescue. If the locations or
+    /// some changes cannot be read, it succeeds without them, and the user is notified once the
     /// application runs. Blocks for the disk.
     static Expected<void> beginProfile(const QString &directory);
     /// Replaces the database of a profile that is not open by its newest sound backup, to which the
