@@ -25,14 +25,14 @@ Expected<void> ServedDatabases::setServed(const QString &databaseUUID, bool isSe
     return saved.map([&] {
         const std::lock_guard lock(m_mutex);
         if (isServed) {
-            m_excluded.remove(databaseUUID);
+            m_excluded->remove(databaseUUID);
         } else {
-            m_excluded.insert(databaseUUID);
+            m_excluded->insert(databaseUUID);
         }
     });
 }
 
 bool ServedDatabases::contain(const QString &databaseUUID) const {
     const std::lock_guard lock(m_mutex);
-    return !m_excluded.contains(databaseUUID);
+    return m_excluded && !m_excluded->contains(databaseUUID);
 }

@@ -1071,6 +1071,7 @@ private Q_SLOTS:
             return MemoryStore::Fault::None;
         });
         const auto served = std::make_shared<ServedDatabases>(m_host->engine().profile());
+        QVERIFY(served->load());
         hanging->load(DirectConnectionPackage(package(), store, served), observer);
         hanging->setPort(m_port);
         hanging->startServing();

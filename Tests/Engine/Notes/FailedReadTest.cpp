@@ -1,5 +1,8 @@
 #include "Engine/Notes/DerivedTables.h"
 #include "Engine/Notes/KnownTransactions.h"
+#include "Engine/Notes/LostOperations.h"
+#include "Engine/Notes/NoteHistory.h"
+#include "Engine/Notes/NoteInspection.h"
 #include "Engine/Synchronization/UnsentChanges.h"
 #include "Host/InboxUUID.h"
 #include "Support/FailingTable.h"
@@ -87,6 +90,12 @@ private Q_SLOTS:
         QCOMPARE(code(log().damagedOperations()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds(note.UUID)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().earlierVersions(note.UUID)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().noteUUIDs()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().hasMoreNotesThan(100)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().returnedIds()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().isDamaged(allIdentifiers.last())), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(NoteHistory(profile(), log().database()).contains(allIdentifiers.last())),
+                 EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().notes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->notes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds()), EngineErrorCode::ProfileNotWritten);
@@ -97,6 +106,58 @@ private Q_SLOTS:
         QCOMPARE(code(log().remove(note)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().setName(QStringLiteral("n"))), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().merge({})), EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofWhetherThereIsAnything() {
+        for (const char *table : {"operations", "superseded"}) {
+            const FailingTable failing(profile(), QLatin1StringView(table), Fault::AllRows);
+            QCOMPARE(code(log().isEmpty()), EngineErrorCode::ProfileNotWritten);
+        }
+    }
+
+    void ofWhatHasReturned_data() { addFaults(); }
+    void ofWhatHasReturned() {
+        QFETCH(Fault, fault);
+        const FailingTable failing(profile(), QStringLiteral("superseded"), fault);
+        QCOMPARE(code(log().returnedIds()), EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofLostOperations_data() {
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<Fault>("fault");
+        for (const char *table :
+             {"databases", "known_transactions", "settings", "operations", "superseded"}) {
+            QTest::addRow("%s, all rows", table) << QString::fromLatin1(table) << Fault::AllRows;
+            QTest::addRow("%s, later rows", table)
+                << QString::fromLatin1(table) << Fault::LaterRows;
+        }
+    }
+    void ofLostOperations() {
+        QFETCH(QString, table);
+        QFETCH(Fault, fault);
+        m_host->addDatabase(QStringLiteral("Letters"));
+        const LostOperations lost(profile(), Store, log().database());
+        const QSet<OperationId> unknown{QByteArray(Operation::IdentifierSize, 'x')};
+        m_host->leaveUnverified("a change is lost");
+        QVERIFY(lost.remember(unknown));
+        QVERIFY(known().setLastVerified(QStringLiteral("name")));
+        const std::atomic_bool isCancelled = false;
+        QCOMPARE(NoteInspection::check(profile().path(), isCancelled).value().lost, 1);
+        QCOMPARE(lost.among(unknown).value(), unknown);
+        const FailingTable failing(profile(), table, fault);
+        QCOMPARE(code(NoteInspection::check(profile().path(), isCancelled)),
+                 EngineErrorCode::ProfileNotWritten);
+        if (table == QStringLiteral("operations") || table == QStringLiteral("superseded")) {
+            QCOMPARE(code(lost.among(unknown)), EngineErrorCode::ProfileNotWritten);
+        }
+        if (table == QStringLiteral("settings")) {
+            QCOMPARE(code(lost.remembered()), EngineErrorCode::ProfileNotWritten);
+            QCOMPARE(code(known().lastVerified()), EngineErrorCode::ProfileNotWritten);
+        }
+        if (table != QStringLiteral("databases")) {
+            QCOMPARE(code(LostOperations::all(profile(), log().database())),
+                     EngineErrorCode::ProfileNotWritten);
+        }
     }
 
     void ofCounts() {

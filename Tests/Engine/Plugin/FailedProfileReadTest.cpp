@@ -2,6 +2,7 @@
 #include <atomic>
 
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
+#include "Engine/DirectConnection/ServedDatabases.h"
 #include "Engine/Plugin/BuiltInLocationKinds.h"
 #include "Engine/Profile/ProfileReader.h"
 #include "Engine/Profile/ProfileSnapshot.h"
@@ -72,6 +73,23 @@ private Q_SLOTS:
         QVERIFY(pairings->load());
         QVERIFY(pairings->fingerprint(QStringLiteral("b")));
         pairings->close();
+    }
+
+    void ofServedDatabases_data() { addFaults(); }
+    void ofServedDatabases() {
+        QFETCH(bool, areAllRows);
+        set(QStringLiteral("notServed/a"), QStringLiteral("1"));
+        set(QStringLiteral("notServed/b"), QStringLiteral("2"));
+        ServedDatabases served(profile());
+        {
+            const FailingTable failing(profile(), QStringLiteral("settings"), fault(areAllRows));
+            QCOMPARE(code(served.load()), EngineErrorCode::ProfileNotWritten);
+        }
+        QVERIFY(!served.contain(QStringLiteral("a")));
+        QVERIFY(!served.contain(QStringLiteral("c")));
+        QVERIFY(served.load());
+        QVERIFY(!served.contain(QStringLiteral("b")));
+        QVERIFY(served.contain(QStringLiteral("c")));
     }
 
     void ofLocations_data() {
@@ -174,6 +192,28 @@ private Q_SLOTS:
             QCOMPARE(part.outcome, hasFailed ? VerificationReport::Outcome::NotChecked
                                              : VerificationReport::Outcome::Sound);
             QVERIFY(part.problems.isEmpty() != hasFailed);
+            QVERIFY(read > 1 || hasFailed);
+        }
+    }
+
+    void ofTwoEditsOfANote() {
+        addNotes(300);
+        Note note = m_host->inbox()->notes().value().first();
+        Note other = note;
+        for (Note *edit : {&note, &other}) {
+            edit->text = QString(1000, edit == &note ? u'y' : u'z');
+            QVERIFY(m_host->inbox()->saveNote(*edit));
+        }
+        const QList<Note> before = m_host->inbox()->notes().value();
+        QCOMPARE(before.size(), 301);
+        bool hasFailed = true;
+        for (qint64 read = 1; hasFailed; ++read) {
+            beginReadingTheFile();
+            const FaultyFileSystem disk(profile().path(), read);
+            const Expected<QList<Note>> notes = m_host->inbox()->notes();
+            hasFailed = disk.hasFailed();
+            QCOMPARE(!notes, hasFailed);
+            QCOMPARE(notes.value_or(before), before);
             QVERIFY(read > 1 || hasFailed);
         }
     }

@@ -52,6 +52,7 @@ private Q_SLOTS:
             QVERIFY(QDir().mkpath(package() + folder));
         }
         m_served = std::make_shared<ServedDatabases>(m_host->engine().profile());
+        QVERIFY(m_served->load());
         m_synchronizer = std::make_unique<ServedStoreSynchronizer>(
             dispatcher(), m_host->library(), m_host->newLocation(Url::fileURL(package())), m_served,
             FewDatabases);
