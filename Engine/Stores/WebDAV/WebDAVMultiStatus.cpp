@@ -3,10 +3,13 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QXmlStreamReader>
 #include <algorithm>
+#include <utility>
 
 #include "Engine/Foundation/EngineFuture.h"
 
 namespace {
+
+using Failure = WebDAVMultiStatus::Failure;
 
 constexpr int DeepestNesting = 32;
 constexpr qsizetype PieceSize = 4 << 10;
@@ -18,22 +21,28 @@ public:
     MultiStatusReader(const QByteArray &document, const EngineFuture &future)
         : m_document(document), m_future(future) {}
 
-    std::optional<WebDAVMultiStatus> read() {
+    tl::expected<WebDAVMultiStatus, Failure> read() {
         while (m_reader.readNext() != QXmlStreamReader::EndDocument) {
             const bool isAtEndOfPiece =
                 m_reader.error() == QXmlStreamReader::PrematureEndOfDocumentError;
             if (!(isAtEndOfPiece ? addPiece() : takeToken())) {
-                return {};
+                return tl::unexpected(m_failure);
             }
         }
-        const bool isWhole = m_document.mid(m_position).trimmed().isEmpty();
-        return isWhole ? std::optional(m_result) : std::nullopt;
+        if (!m_document.mid(m_position).trimmed().isEmpty()) {
+            return tl::unexpected(Failure::Invalid);
+        }
+        return std::move(m_result);
     }
 
 private:
     bool addPiece() {
         m_tokenLength += PieceSize;
-        if (m_position >= m_document.size() || m_future.isCancelled() ||
+        if (m_future.isCancelled()) {
+            m_failure = Failure::Cancelled;
+            return false;
+        }
+        if (m_position >= m_document.size() ||
             m_tokenLength > WebDAVMultiStatus::LongestToken + PieceSize) {
             return false;
         }
@@ -131,6 +140,8 @@ private:
     const EngineFuture &m_future;
     QXmlStreamReader m_reader;
     WebDAVMultiStatus m_result;
+    /// Why the document is not read to its end.
+    Failure m_failure = Failure::Invalid;
     qsizetype m_position = 0;
     qsizetype m_tokenLength = 0;
     qsizetype m_pathLength = 0;
@@ -147,7 +158,7 @@ private:
 
 }  // namespace
 
-std::optional<WebDAVMultiStatus> WebDAVMultiStatus::parse(const QByteArray &document,
-                                                          const EngineFuture &future) {
+tl::expected<WebDAVMultiStatus, Failure> WebDAVMultiStatus::parse(const QByteArray &document,
+                                                                  const EngineFuture &future) {
     return MultiStatusReader(document, future).read();
 }

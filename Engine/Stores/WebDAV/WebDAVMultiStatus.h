@@ -2,7 +2,8 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
-#include <optional>
+
+#include "Platform/Foundation/Expected.h"
 
 class EngineFuture;
 
@@ -36,13 +37,19 @@ struct WebDAVMultiStatus {
     /// Maximum size in bytes of one tag, text or other token.
     static constexpr qsizetype LongestToken = 16 << 10;
 
+    /// Why a document was not parsed.
+    enum class Failure {
+        /// It is not such a body, exceeds a limit, nests more than 32 elements, or has a document
+        /// type or entities.
+        Invalid,
+        Cancelled,
+    };
+
     /// In the order of the document.
     QList<Resource> resources;
 
-    /// Parses `document`. Returns an empty optional if it is not such a body, if it exceeds a
-    /// limit, nests more than 32 elements, or has a document type or entities, and soon after
-    /// `future` is cancelled. Blocks for at most a few seconds per 64 MiB; must not be called on
-    /// the main thread.
-    static std::optional<WebDAVMultiStatus> parse(const QByteArray &document,
-                                                  const EngineFuture &future);
+    /// Parses `document`. Ends soon after `future` is cancelled. Blocks for at most a few seconds
+    /// per 64 MiB; must not be called on the main thread.
+    static tl::expected<WebDAVMultiStatus, Failure> parse(const QByteArray &document,
+                                                          const EngineFuture &future);
 };

@@ -4,7 +4,6 @@
 #include "Engine/Foundation/FoundSecret.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Engine/Stores/Http/HttpStatus.h"
-#include "Engine/Stores/WebDAV/WebDAVMultiStatus.h"
 #include "Host/LocationSchemes.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
@@ -187,7 +186,7 @@ Expected<std::optional<qint64>> WebDAVStore::sizeOfFolder(const QString &folder,
     }
     const auto listing = WebDAVMultiStatus::parse(response.body, future);
     if (!listing) {
-        return failure(future.isCancelled() ? operationCancelled() : notUnderstood());
+        return failure(notParsed(listing.error()));
     }
     qint64 size = 0;
     for (const WebDAVMultiStatus::Resource &resource : listing->resources) {
@@ -220,7 +219,7 @@ Expected<QStringList> WebDAVStore::names(const QString &folder, Expected<Respons
     // Each is large, and is not needed any more when the next one is made.
     answer->body.clear();
     if (!listing) {
-        return failure(future.isCancelled() ? operationCancelled() : notUnderstood());
+        return failure(notParsed(listing.error()));
     }
     const QUrl folderItself = folderURL(folder);
     const QStringList above = decodedParts(folderItself);
@@ -434,6 +433,10 @@ Error WebDAVStore::folderMissing(const QUrl &URL) const {
         EngineErrorCode::StoreUnreachable,
         "The folder “%1” does not exist on the server. Create it there or edit the location.",
         plainText(URL.adjusted(QUrl::StripTrailingSlash)));
+}
+
+Error WebDAVStore::notParsed(WebDAVMultiStatus::Failure reason) const {
+    return reason == WebDAVMultiStatus::Failure::Cancelled ? operationCancelled() : notUnderstood();
 }
 
 Error WebDAVStore::notUnderstood() const {

@@ -2,6 +2,7 @@
 
 #include "Engine/Stores/BlobStore.h"
 #include "Engine/Stores/Http/HttpClient.h"
+#include "Engine/Stores/WebDAV/WebDAVMultiStatus.h"
 
 class CertificateTrust;
 
@@ -82,6 +83,7 @@ private:
     /// Returns the error for a response with status 401, which depends on the reason.
     Error credentialRefused(const Response &response) const;
     Error folderMissing(const QUrl &URL) const;
+    Error notParsed(WebDAVMultiStatus::Failure reason) const;
     Error notUnderstood() const;
 
     /// The URL of the package without slash, user information, query and fragment.
