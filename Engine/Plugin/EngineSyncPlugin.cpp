@@ -11,7 +11,7 @@
 #include "Engine/Stores/Folder/MountedVolumes.h"
 #include "Engine/Stores/Http/HttpSessions.h"
 #include "Host/QVApplication.h"
-#include "Host/SyncLog.h"
+#include "Host/QVJobLog.h"
 
 namespace {
 
@@ -117,7 +117,7 @@ QStringList EngineSyncPlugin::bookmarkDictionaryKeys() const {
 bool EngineSyncPlugin::isVolumeMountedAtPath(const QString &path) const {
     const Expected<bool> isMounted = MountedVolumes::contain(path, MountedVolumes::mountPoints);
     if (!isMounted) {
-        syncLog().message(isMounted.error().localizedDescription);
+        QVJobLog::logMessage(isMounted.error().localizedDescription);
     }
     return isMounted.value_or(true);
 }

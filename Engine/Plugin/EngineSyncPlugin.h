@@ -69,7 +69,7 @@ public:
     /// Returns the granted paths in the order in which they were granted.
     QStringList bookmarkDictionaryKeys() const override;
     /// See MountedVolumes::contain(). If the list of volumes cannot be read, returns true and
-    /// writes the reason to syncLog(): an access then fails with a better error.
+    /// writes the reason to the log of the application: an access then fails with a better error.
     bool isVolumeMountedAtPath(const QString &path) const override;
 
 private:

@@ -1731,8 +1731,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>لم يتم الاقتران بين «⁨%1⁩» وهذا الحاسوب: لم يُقبل السؤال. أجرِ المزامنة من جديد بعد قليل، واقبل السؤال على الحاسوبين.</translation>
     </message>
     <message>
-        <source>The list of mounted volumes cannot be read: %1.</source>
-        <translation>تتعذر قراءة قائمة الأقراص الموصولة: ⁨%1⁩.</translation>
+        <source>The list of mounted volumes cannot be read: %1. Try again.</source>
+        <translation>تتعذر قراءة قائمة الأقراص الموصولة: ⁨%1⁩. أعد المحاولة.</translation>
     </message>
     <message>
         <source>The password for “%1” was not sent, because others on the network could read it. Edit the location: choose HTTPS, or accept that.</source>

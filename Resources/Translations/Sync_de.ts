@@ -1727,8 +1727,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>„%1“ und dieser Computer sind nicht verbunden: Die Frage wurde nicht angenommen. Synchronisieren Sie nach einer Weile erneut, und nehmen Sie die Frage auf beiden Computern an.</translation>
     </message>
     <message>
-        <source>The list of mounted volumes cannot be read: %1.</source>
-        <translation>Die Liste der eingehängten Datenträger kann nicht gelesen werden: %1.</translation>
+        <source>The list of mounted volumes cannot be read: %1. Try again.</source>
+        <translation>Die Liste der eingehängten Datenträger kann nicht gelesen werden: %1. Versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>The password for “%1” was not sent, because others on the network could read it. Edit the location: choose HTTPS, or accept that.</source>

@@ -1691,8 +1691,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>«%1» y este equipo no están vinculados: no se ha aceptado la pregunta. Vuelva a sincronizar dentro de un rato y acéptela en ambos equipos.</translation>
     </message>
     <message>
-        <source>The list of mounted volumes cannot be read: %1.</source>
-        <translation>No se puede leer la lista de volúmenes montados: %1.</translation>
+        <source>The list of mounted volumes cannot be read: %1. Try again.</source>
+        <translation>No se puede leer la lista de volúmenes montados: %1. Vuelva a intentarlo.</translation>
     </message>
     <message>
         <source>The password for “%1” was not sent, because others on the network could read it. Edit the location: choose HTTPS, or accept that.</source>

@@ -1691,8 +1691,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>« %1 » et cet ordinateur ne sont pas associés : la question n’a pas été acceptée. Synchronisez de nouveau dans un moment et acceptez-la sur les deux ordinateurs.</translation>
     </message>
     <message>
-        <source>The list of mounted volumes cannot be read: %1.</source>
-        <translation>La liste des volumes montés ne peut pas être lue : %1.</translation>
+        <source>The list of mounted volumes cannot be read: %1. Try again.</source>
+        <translation>La liste des volumes montés ne peut pas être lue : %1. Réessayez.</translation>
     </message>
     <message>
         <source>The password for “%1” was not sent, because others on the network could read it. Edit the location: choose HTTPS, or accept that.</source>

@@ -1706,8 +1706,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>「%1」とこのコンピューターはペアリングされていません。確認が承諾されませんでした。しばらくしてからもう一度同期し、両方のコンピューターで承諾してください。</translation>
     </message>
     <message>
-        <source>The list of mounted volumes cannot be read: %1.</source>
-        <translation>マウントされているディスクの一覧を読み取れません: %1。</translation>
+        <source>The list of mounted volumes cannot be read: %1. Try again.</source>
+        <translation>マウントされているディスクの一覧を読み取れません: %1。もう一度お試しください。</translation>
     </message>
     <message>
         <source>The password for “%1” was not sent, because others on the network could read it. Edit the location: choose HTTPS, or accept that.</source>

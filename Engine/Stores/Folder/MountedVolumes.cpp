@@ -28,13 +28,15 @@ Expected<QStringList> MountedVolumes::mountPoints() {
     // Unlike QStorageInfo, the table is read without asking any file system.
     constexpr qsizetype mountPointField = 4;
     QFile table(QStringLiteral("/proc/self/mountinfo"));
-    if (!table.open(QIODevice::ReadOnly)) {
+    const bool isOpen = table.open(QIODevice::ReadOnly);
+    const QByteArray lines = isOpen ? table.readAll() : QByteArray();
+    if (!isOpen || table.error() != QFileDevice::NoError) {
         return failure(engineError(EngineErrorCode::StoreUnreachable,
-                                   "The list of mounted volumes cannot be read: %1.",
+                                   "The list of mounted volumes cannot be read: %1. Try again.",
                                    table.errorString()));
     }
     QStringList result;
-    for (const QByteArray &line : table.readAll().split('\n')) {
+    for (const QByteArray &line : lines.split('\n')) {
         const QByteArrayList fields = line.split(' ');
         if (fields.size() > mountPointField) {
             result.append(pathFrom(fields.at(mountPointField)));

@@ -9,7 +9,8 @@
 namespace MountedVolumes {
 
 /// Returns the absolute paths at which volumes are mounted now, as the kernel lists them. Does not
-/// block, even if a volume does not respond. Fails if /proc is not available.
+/// block, even if a volume does not respond. Fails if /proc is not available or cannot be
+/// read.
 Expected<QStringList> mountPoints();
 
 /// Returns whether the volume that should contain `path` is mounted. Below the folders in which

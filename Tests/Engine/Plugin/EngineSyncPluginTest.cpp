@@ -1,9 +1,14 @@
+#include <sys/syscall.h>
+
+#include <cerrno>
+
 #include "Engine/Stores/Folder/MountedVolumes.h"
 #include "Host/QVDailySchedule.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVHourlySchedule.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVWeeklySchedule.h"
+#include "Support/FailingSystemCall.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -114,6 +119,29 @@ private Q_SLOTS:
             QStringLiteral("/mnt/a"), [&]() -> Expected<QStringList> { return failure(error); });
         QVERIFY(!isMounted);
         QCOMPARE(isMounted.error(), error);
+    }
+
+    void aListOfVolumesThatCannotBeReadToItsEndIsAnError() {
+        Expected<QStringList> mountPoints;
+        runWithFailingSystemCall(SYS_read, EIO,
+                                 [&] { mountPoints = MountedVolumes::mountPoints(); });
+        QVERIFY(!mountPoints);
+        QVERIFY(mountPoints.error().localizedDescription.startsWith(
+            QStringLiteral("The list of mounted volumes cannot be read: ")));
+    }
+
+    void aListOfVolumesThatCannotBeReadIsLogged() {
+        TestHost host;
+        const QVSyncPlugin *plugin = QVSyncPlugin::plugin();
+        bool isMounted = false;
+        // The test waits meanwhile, as the main thread would.
+        runWithFailingSystemCall(SYS_read, EIO, [&] {
+            isMounted = plugin->isVolumeMountedAtPath(QStringLiteral("/media/nobody/Volume"));
+        });
+        QVERIFY(isMounted);
+        const auto entries = host.application().logEntries();
+        QCOMPARE(entries.size(), 1);
+        QVERIFY(entries.first().info.contains(QStringLiteral("mounted volumes cannot be read")));
     }
 
     void aGrantThatCannotBeSavedIsPresented() {
