@@ -3,6 +3,7 @@
 #include <sys/socket.h>
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -38,16 +39,39 @@ Error notFound(const QString &host) {
                        host);
 }
 
-Addresses ask(const QString &host, quint16 port, int flags) {
+Error notLookedUp(const QString &host, const QString &details) {
+    Error error = engineError(EngineErrorCode::StoreUnreachable,
+                              "The address of the server “%1” could not be looked up. Check the "
+                              "network connection and try again.",
+                              host);
+    error.details = details;
+    return error;
+}
+
+Error tooManyLookUps(const QString &host) {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "The address of the server “%1” was not looked up because too many look-ups "
+                       "are still running. Try again in a minute.",
+                       host);
+}
+
+Error errorOf(int code, const QString &host) {
+    const bool isUnknown = code == EAI_NONAME || code == EAI_NODATA || code == EAI_ADDRFAMILY;
+    return isUnknown
+               ? notFound(host)
+               : notLookedUp(host, code == EAI_SYSTEM ? qt_error_string(errno)
+                                                      : QString::fromLocal8Bit(gai_strerror(code)));
+}
+
+Expected<Addresses> ask(const QString &host, quint16 port, int flags) {
     addrinfo hints{};
     hints.ai_socktype = SOCK_STREAM;
     hints.ai_flags = flags;
     addrinfo *found = nullptr;
-    if (getaddrinfo(host.toUtf8().constData(), QByteArray::number(port).constData(), &hints,
-                    &found) != 0) {
-        found = nullptr;
-    }
-    return {found, &freeaddrinfo};
+    const int code = getaddrinfo(host.toUtf8().constData(), QByteArray::number(port).constData(),
+                                 &hints, &found);
+    return code == 0 ? Expected<Addresses>(Addresses(found, &freeaddrinfo))
+                     : failure(errorOf(code, host));
 }
 
 /// Blocks as long as the system does.
@@ -56,13 +80,12 @@ Expected<Addresses> lookUp(const QString &host, quint16 port) {
                                         ? LocalHostName::address(host, LongestLocalLookUp)
                                         : Expected<QString>(host);
     // The system may have other ways to resolve a local name.
-    Addresses addresses = ask(local.value_or(host), port, 0);
-    if (addresses) {
+    Expected<Addresses> addresses = ask(local.value_or(host), port, 0);
+    if (addresses || local) {
         return addresses;
     }
     return failure(
-        local ? notFound(host)
-              : engineError(EngineErrorCode::StoreUnreachable, local.error().localizedDescription));
+        engineError(EngineErrorCode::StoreUnreachable, local.error().localizedDescription));
 }
 
 /// Starts a look-up on a thread of its own. Null if too many are running.
@@ -90,12 +113,12 @@ bool HostLookUp::isAnyRunning() {
 
 Expected<Addresses> HostLookUp::addresses(const QString &host, quint16 port,
                                           const EngineFuture &future) {
-    if (Addresses known = ask(host, port, AI_NUMERICHOST)) {
+    if (Expected<Addresses> known = ask(host, port, AI_NUMERICHOST)) {
         return known;
     }
     const std::shared_ptr<LookUp> started = start(host, port);
     if (!started) {
-        return failure(notFound(host));
+        return failure(tooManyLookUps(host));
     }
     std::unique_lock lock(started->mutex);
     CancellableWait(future, QDeadlineTimer(LongestLookUp)).until(started->ended, lock, [&] {
@@ -104,5 +127,7 @@ Expected<Addresses> HostLookUp::addresses(const QString &host, quint16 port,
     if (future.isCancelled()) {
         return failure(operationCancelled());
     }
-    return started->result ? std::move(*started->result) : failure(notFound(host));
+    return started->result
+               ? std::move(*started->result)
+               : failure(notLookedUp(host, QStringLiteral("no response in 20 seconds")));
 }

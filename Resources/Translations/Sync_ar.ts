@@ -646,6 +646,14 @@
         <translation>لم يُعثر على الخادم «⁨%1⁩». تحقق من اسمه ومن اتصال الشبكة.</translation>
     </message>
     <message>
+        <source>The address of the server “%1” could not be looked up. Check the network connection and try again.</source>
+        <translation>تعذر البحث عن عنوان الخادم «⁨%1⁩». تحقق من الاتصال بالشبكة وأعد المحاولة.</translation>
+    </message>
+    <message>
+        <source>The address of the server “%1” was not looked up because too many look-ups are still running. Try again in a minute.</source>
+        <translation>لم يُبحث عن عنوان الخادم «⁨%1⁩» لأن عمليات بحث كثيرة جدًا ما زالت جارية. أعد المحاولة بعد دقيقة.</translation>
+    </message>
+    <message>
         <source>Trust This Certificate</source>
         <translation>الثقة بهذه الشهادة</translation>
     </message>

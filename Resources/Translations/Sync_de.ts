@@ -638,6 +638,14 @@
         <translation>Der Server „%1“ wurde nicht gefunden. Prüfen Sie seinen Namen und die Netzverbindung.</translation>
     </message>
     <message>
+        <source>The address of the server “%1” could not be looked up. Check the network connection and try again.</source>
+        <translation>Die Adresse des Servers „%1“ konnte nicht ermittelt werden. Prüfen Sie die Netzverbindung, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The address of the server “%1” was not looked up because too many look-ups are still running. Try again in a minute.</source>
+        <translation>Die Adresse des Servers „%1“ wurde nicht ermittelt, weil noch zu viele solche Anfragen laufen. Versuchen Sie es in einer Minute noch einmal.</translation>
+    </message>
+    <message>
         <source>Trust This Certificate</source>
         <translation>Diesem Zertifikat vertrauen</translation>
     </message>

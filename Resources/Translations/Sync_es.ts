@@ -618,6 +618,14 @@
         <translation>No se ha encontrado el servidor «%1». Compruebe su nombre y la conexión de red.</translation>
     </message>
     <message>
+        <source>The address of the server “%1” could not be looked up. Check the network connection and try again.</source>
+        <translation>No se ha podido averiguar la dirección del servidor «%1». Compruebe la conexión de red y vuelva a intentarlo.</translation>
+    </message>
+    <message>
+        <source>The address of the server “%1” was not looked up because too many look-ups are still running. Try again in a minute.</source>
+        <translation>No se ha consultado la dirección del servidor «%1» porque todavía hay demasiadas consultas en curso. Vuelva a intentarlo dentro de un minuto.</translation>
+    </message>
+    <message>
         <source>Trust This Certificate</source>
         <translation>Confiar en este certificado</translation>
     </message>

@@ -618,6 +618,14 @@
         <translation>Le serveur « %1 » est introuvable. Vérifiez son nom et la connexion réseau.</translation>
     </message>
     <message>
+        <source>The address of the server “%1” could not be looked up. Check the network connection and try again.</source>
+        <translation>L’adresse du serveur « %1 » n’a pas pu être déterminée. Vérifiez la connexion au réseau et réessayez.</translation>
+    </message>
+    <message>
+        <source>The address of the server “%1” was not looked up because too many look-ups are still running. Try again in a minute.</source>
+        <translation>L’adresse du serveur « %1 » n’a pas été recherchée, car trop de recherches sont encore en cours. Réessayez dans une minute.</translation>
+    </message>
+    <message>
         <source>Trust This Certificate</source>
         <translation>Approuver ce certificat</translation>
     </message>

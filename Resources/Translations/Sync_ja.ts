@@ -636,6 +636,14 @@
         <translation>サーバー「%1」が見つかりませんでした。名前とネットワーク接続を確認してください。</translation>
     </message>
     <message>
+        <source>The address of the server “%1” could not be looked up. Check the network connection and try again.</source>
+        <translation>サーバー「%1」のアドレスを調べられませんでした。ネットワーク接続を確認して、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>The address of the server “%1” was not looked up because too many look-ups are still running. Try again in a minute.</source>
+        <translation>実行中の問い合わせが多すぎるため、サーバー「%1」のアドレスは調べられませんでした。1分後にもう一度お試しください。</translation>
+    </message>
+    <message>
         <source>Trust This Certificate</source>
         <translation>この証明書を信頼</translation>
     </message>

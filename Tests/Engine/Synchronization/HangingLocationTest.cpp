@@ -367,6 +367,17 @@ private Q_SLOTS:
         QCOMPARE_LT(time.elapsed(), 5000);
     }
 
+    void aServerThatCannotBeLookedUpIsNotSaidToBeMissing() {
+        const EngineFuture future;
+        // There is no name server, and the other host has no valid name.
+        QCOMPARE(description(HostLookUp::addresses(QStringLiteral("absent.example"), 1, future)),
+                 QStringLiteral("The address of the server “absent.example” could not be looked "
+                                "up. Check the network connection and try again."));
+        QCOMPARE(description(HostLookUp::addresses(QStringLiteral("a..b"), 1, future)),
+                 QStringLiteral("The server “a..b” was not found. Check its name and the network "
+                                "connection."));
+    }
+
     void lookUpsThatDoNotEndAreLimited() {
         const SilentNameServer server;
         const QString host = QStringLiteral("silent.example");
@@ -378,7 +389,12 @@ private Q_SLOTS:
         const EngineFuture future;
         QElapsedTimer time;
         time.start();
-        QCOMPARE(code(HostLookUp::addresses(host, 1, future)), EngineErrorCode::StoreUnreachable);
+        const auto found = HostLookUp::addresses(host, 1, future);
+        QCOMPARE(code(found), EngineErrorCode::StoreUnreachable);
+        QCOMPARE(description(found),
+                 QStringLiteral("The address of the server “silent.example” was not looked up "
+                                "because too many look-ups are still running. Try again in a "
+                                "minute."));
         // The system would need ten seconds.
         QCOMPARE_LT(time.elapsed(), 5000);
     }
