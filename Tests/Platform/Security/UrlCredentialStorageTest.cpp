@@ -23,7 +23,7 @@ UrlCredential credential(const QString &user, const QString &password,
     return {.user = user, .password = password, .persistence = persistence};
 }
 
-const QString User = QStringLiteral("user");
+const QString UserName = QStringLiteral("user");
 
 /// What this program does when it is started as another process: it prints the password of a user,
 /// or stores one and ends at once.
@@ -63,19 +63,20 @@ private Q_SLOTS:
     void cleanup() { m_service.reset(); }
 
     void aStoredCredentialIsFoundAtOnceAndInALaterRun() {
-        const UrlCredential stored = credential(User, QStringLiteral("secret"));
+        const UrlCredential stored = credential(UserName, QStringLiteral("secret"));
         {
             Run run;
             run.storage.setCredentialForProtectionSpace(stored, basicSpace());
-            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value().value(User),
-                     stored);
+            QCOMPARE(
+                run.storage.credentialsForProtectionSpace(basicSpace()).value().value(UserName),
+                stored);
         }
-        QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value().value(User),
+        QCOMPARE(Run().storage.credentialsForProtectionSpace(basicSpace()).value().value(UserName),
                  stored);
     }
 
     void aStoredCredentialIsFoundByAnotherProcessAndAfterRestarts() {
-        keep(credential(User, QStringLiteral("secret")), basicSpace());
+        keep(credential(UserName, QStringLiteral("secret")), basicSpace());
         for (const bool isRestarted : {false, true}) {
             if (isRestarted) {
                 m_service->stopKeyring();
@@ -86,7 +87,7 @@ private Q_SLOTS:
             QProcess other;
             other.start(QCoreApplication::applicationFilePath(),
                         {QStringLiteral("UrlCredentialStorageTest"),
-                         QStringLiteral("--other-process"), User});
+                         QStringLiteral("--other-process"), UserName});
             QVERIFY(other.waitForFinished());
             QCOMPARE(other.readAllStandardOutput(), QByteArray("secret"));
         }
@@ -96,11 +97,14 @@ private Q_SLOTS:
         QProcess other;
         other.start(QCoreApplication::applicationFilePath(),
                     {QStringLiteral("UrlCredentialStorageTest"), QStringLiteral("--other-process"),
-                     User, QStringLiteral("secret")});
+                     UserName, QStringLiteral("secret")});
         QVERIFY(other.waitForFinished());
-        QCOMPARE(
-            Run().storage.credentialsForProtectionSpace(basicSpace()).value().value(User).password,
-            QStringLiteral("secret"));
+        QCOMPARE(Run()
+                     .storage.credentialsForProtectionSpace(basicSpace())
+                     .value()
+                     .value(UserName)
+                     .password,
+                 QStringLiteral("secret"));
     }
 
     void textsOfAnyLanguageAreKept() {
@@ -123,21 +127,24 @@ private Q_SLOTS:
 
     void aSpaceHasACredentialForEachUser() {
         const QString other = QStringLiteral("other");
-        keep(credential(User, QStringLiteral("1")), basicSpace());
+        keep(credential(UserName, QStringLiteral("1")), basicSpace());
         keep(credential(other, QStringLiteral("2")), basicSpace());
         const auto found = Run().storage.credentialsForProtectionSpace(basicSpace()).value();
         QCOMPARE(found.size(), 2);
-        QCOMPARE(found.value(User).password, QStringLiteral("1"));
+        QCOMPARE(found.value(UserName).password, QStringLiteral("1"));
         QCOMPARE(found.value(other).password, QStringLiteral("2"));
     }
 
     void settingReplacesTheCredentialOfTheSameUser() {
-        keep(credential(User, QStringLiteral("old")), basicSpace());
-        keep(credential(User, QStringLiteral("new")), basicSpace());
-        QCOMPARE(
-            Run().storage.credentialsForProtectionSpace(basicSpace()).value().value(User).password,
-            QStringLiteral("new"));
-        QCOMPARE(m_service->count({{QStringLiteral("user"), User}}), 1);
+        keep(credential(UserName, QStringLiteral("old")), basicSpace());
+        keep(credential(UserName, QStringLiteral("new")), basicSpace());
+        QCOMPARE(Run()
+                     .storage.credentialsForProtectionSpace(basicSpace())
+                     .value()
+                     .value(UserName)
+                     .password,
+                 QStringLiteral("new"));
+        QCOMPARE(m_service->count({{QStringLiteral("user"), UserName}}), 1);
     }
 
     void spacesThatDifferInAnythingShareNoCredential_data() {
@@ -163,19 +170,21 @@ private Q_SLOTS:
 
     void spacesThatDifferInAnythingShareNoCredential() {
         QFETCH(UrlProtectionSpace, other);
-        keep(credential(User, QStringLiteral("1")), basicSpace());
+        keep(credential(UserName, QStringLiteral("1")), basicSpace());
         QVERIFY(Run().storage.credentialsForProtectionSpace(other).value().isEmpty());
-        keep(credential(User, QStringLiteral("2")), other);
+        keep(credential(UserName, QStringLiteral("2")), other);
         Run run;
-        QCOMPARE(
-            run.storage.credentialsForProtectionSpace(basicSpace()).value().value(User).password,
-            QStringLiteral("1"));
-        QCOMPARE(run.storage.credentialsForProtectionSpace(other).value().value(User).password,
+        QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace())
+                     .value()
+                     .value(UserName)
+                     .password,
+                 QStringLiteral("1"));
+        QCOMPARE(run.storage.credentialsForProtectionSpace(other).value().value(UserName).password,
                  QStringLiteral("2"));
     }
 
     void aSpaceHasADefaultCredentialOnceOneIsSet() {
-        const UrlCredential first = credential(User, QStringLiteral("1"));
+        const UrlCredential first = credential(UserName, QStringLiteral("1"));
         const UrlCredential second = credential(QStringLiteral("other"), QStringLiteral("2"));
         keep(first, basicSpace());
         QVERIFY(!Run().storage.defaultCredentialForProtectionSpace(basicSpace()).value());
@@ -198,9 +207,9 @@ private Q_SLOTS:
 
     void theDefaultCredentialFollowsItsPassword() {
         Run run;
-        run.storage.setDefaultCredentialForProtectionSpace(credential(User, QStringLiteral("old")),
-                                                           basicSpace());
-        run.storage.setCredentialForProtectionSpace(credential(User, QStringLiteral("new")),
+        run.storage.setDefaultCredentialForProtectionSpace(
+            credential(UserName, QStringLiteral("old")), basicSpace());
+        run.storage.setCredentialForProtectionSpace(credential(UserName, QStringLiteral("new")),
                                                     basicSpace());
         QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()).value()->password,
                  QStringLiteral("new"));
@@ -208,12 +217,13 @@ private Q_SLOTS:
 
     void aCredentialForTheSessionEndsWithTheRun() {
         const UrlCredential passing =
-            credential(User, QStringLiteral("secret"), Persistence::ForSession);
+            credential(UserName, QStringLiteral("secret"), Persistence::ForSession);
         {
             Run run;
             run.storage.setDefaultCredentialForProtectionSpace(passing, basicSpace());
-            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value().value(User),
-                     passing);
+            QCOMPARE(
+                run.storage.credentialsForProtectionSpace(basicSpace()).value().value(UserName),
+                passing);
             QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()).value(),
                      passing);
         }
@@ -224,7 +234,8 @@ private Q_SLOTS:
 
     void aCredentialWithoutPersistenceIsNotStored() {
         Run run;
-        const UrlCredential none = credential(User, QStringLiteral("secret"), Persistence::None);
+        const UrlCredential none =
+            credential(UserName, QStringLiteral("secret"), Persistence::None);
         run.storage.setCredentialForProtectionSpace(none, basicSpace());
         run.storage.setDefaultCredentialForProtectionSpace(none, basicSpace());
         QVERIFY(run.storage.credentialsForProtectionSpace(basicSpace()).value().isEmpty());
@@ -233,24 +244,25 @@ private Q_SLOTS:
 
     void anAbsentSpaceHasNoCredentialsAndStoresNone() {
         Run run;
-        const UrlCredential some = credential(User, QStringLiteral("secret"));
+        const UrlCredential some = credential(UserName, QStringLiteral("secret"));
         run.storage.setCredentialForProtectionSpace(some, std::nullopt);
         run.storage.setDefaultCredentialForProtectionSpace(some, std::nullopt);
         QVERIFY(run.storage.credentialsForProtectionSpace(std::nullopt).value().isEmpty());
         QVERIFY(!run.storage.defaultCredentialForProtectionSpace(std::nullopt).value());
         QVERIFY(run.store.finishWriting());
-        QCOMPARE(m_service->count({{QStringLiteral("user"), User}}), 0);
+        QCOMPARE(m_service->count({{QStringLiteral("user"), UserName}}), 0);
     }
 
     void withoutAServiceACredentialIsFoundUntilTheRunEnds() {
         m_service->stopKeyring();
-        const UrlCredential stored = credential(User, QStringLiteral("secret"));
+        const UrlCredential stored = credential(UserName, QStringLiteral("secret"));
         {
             Run run;
             run.storage.setDefaultCredentialForProtectionSpace(stored, basicSpace());
             QVERIFY(!run.store.finishWriting());
-            QCOMPARE(run.storage.credentialsForProtectionSpace(basicSpace()).value().value(User),
-                     stored);
+            QCOMPARE(
+                run.storage.credentialsForProtectionSpace(basicSpace()).value().value(UserName),
+                stored);
             QCOMPARE(run.storage.defaultCredentialForProtectionSpace(basicSpace()).value(), stored);
         }
         m_service->startKeyring();
@@ -259,11 +271,14 @@ private Q_SLOTS:
 
     void aCredentialStoredByTheSharedStorageIsKept() {
         UrlCredentialStorage::shared().setCredentialForProtectionSpace(
-            credential(User, QStringLiteral("shared")), basicSpace());
+            credential(UserName, QStringLiteral("shared")), basicSpace());
         QVERIFY(SecretStore::shared().finishWriting());
-        QCOMPARE(
-            Run().storage.credentialsForProtectionSpace(basicSpace()).value().value(User).password,
-            QStringLiteral("shared"));
+        QCOMPARE(Run()
+                     .storage.credentialsForProtectionSpace(basicSpace())
+                     .value()
+                     .value(UserName)
+                     .password,
+                 QStringLiteral("shared"));
     }
 };
 
