@@ -48,6 +48,8 @@ enum class EngineErrorCode {
     /// The disk reports an error where the profile's file is read. Once the disk works, the profile
     /// may be sound; otherwise it can be replaced like a damaged one.
     ProfileUnreadable,
+    /// The profile cannot be read because its disk is full.
+    ProfileDiskFull,
     /// No backup of the profile could be made or restored.
     BackupFailed,
     /// A record was damaged, and its contents are written again.

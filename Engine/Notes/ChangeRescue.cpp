@@ -3,6 +3,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QSet>
 
+#include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 
@@ -29,6 +30,16 @@ private:
             {}, [this](const QSqlQuery &row) { m_known.insert(row.value(0).toByteArray()); });
     }
 
+    /// Remembers that something cannot be read. Returns the error if the disk is full: it could be
+    /// read otherwise.
+    Expected<void> noteFailure(const Expected<void> &read) {
+        if (read || isEngineError(read.error(), EngineErrorCode::ProfileDiskFull)) {
+            return read;
+        }
+        m_findings.isComplete = false;
+        return {};
+    }
+
     Expected<void> addDatabases() {
         Expected<void> added;
         const Expected<void> read =
@@ -37,8 +48,7 @@ private:
                           [&](const QSqlQuery &row) {
                               added = added.and_then([&] { return addDatabase(row); });
                           });
-        m_findings.isComplete = read.has_value();
-        return added;
+        return added.and_then([&] { return noteFailure(read); });
     }
 
     Expected<void> addDatabase(const QSqlQuery &row) {
@@ -71,10 +81,9 @@ private:
             if (Expected<void> merged = merge(); !merged) {
                 return merged;
             }
-            if (read) {
-                return {};
+            if (Expected<void> noted = noteFailure(read); read || !noted) {
+                return noted;
             }
-            m_findings.isComplete = false;
         }
         return {};
     }
@@ -121,8 +130,7 @@ private:
                 superseded[m_databases.value(row.value(0).toLongLong())].insert(
                     row.value(1).toByteArray());
             });
-        m_findings.isComplete = m_findings.isComplete && read;
-        Expected<void> done;
+        Expected<void> done = noteFailure(read);
         for (auto each = superseded.cbegin(); each != superseded.cend(); ++each) {
             done = done.and_then([&] { return supersede(each.key(), each.value()); });
         }
@@ -164,6 +172,9 @@ private:
 Expected<ChangeRescue::Findings> ChangeRescue::run(const QString &damaged,
                                                    const ProfileDatabase &restored) {
     const auto source = ReadOnlyConnection::open(damaged, ReadOnlyConnection::Sharing::Shared);
+    if (!source && isEngineError(source.error(), EngineErrorCode::ProfileDiskFull)) {
+        return failure(source.error());
+    }
     if (!source) {
         return Findings{.added = 0, .damaged = {}, .isComplete = false};
     }

@@ -20,7 +20,8 @@ struct Findings {
 /// Adds the current operations in the database file `damaged`, and the databases that contain them,
 /// to the open profile `restored`, in one transaction. What is superseded there is superseded only
 /// if a later operation of the note can be read, so that damage deletes no note. Former versions
-/// are not added. Blocks for the disk, in proportion to the file. Errors are those of `restored`.
+/// are not added. Blocks for the disk, in proportion to the file. Errors are those of `restored`,
+/// and ProfileDiskFull.
 Expected<Findings> run(const QString &damaged, const ProfileDatabase &restored);
 
 }  // namespace ChangeRescue

@@ -133,10 +133,11 @@ Expected<void> SyncEngine::beginProfile(const QString &directory) {
         return openDatabase(profile, folder, FirstContents::Inbox);
     };
     const auto backup = ProfileBackups(directory).newestSound(QDate::currentDate());
-    const bool hasNone = backup && !*backup;
+    const bool hasBackup = backup && *backup;
     ChangeRescue::Findings found;
     // The notes could have been restored from a backup.
-    const ProfileRecovery::Amendment amend = hasNone ? rescue(found) : ProfileRecovery::addNothing;
+    const ProfileRecovery::Amendment amend =
+        hasBackup ? ProfileRecovery::addNothing : rescue(found);
     return ProfileRecovery::begin(directory, create, amend).map([&](bool hasLocations) {
         if (!hasLocations) {
             reportMissingLocations(directory);

@@ -334,6 +334,35 @@ Expected<bool> copyDatabase(const QString &directory, const QString &folder) {
     return isReadable;
 }
 
+/// Moves what is in the log of the closed database `file` into the file itself. SQLite does so when a
+/// database is closed, but does not report if it fails.
+Expected<void> mergeLog(const QString &directory, const QString &file) {
+    Expected<void> merged;
+    {
+        QSqlDatabase database =
+            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), RecoveryConnection);
+        database.setDatabaseName(file);
+        database.open();
+        QSqlQuery query(database);
+        // The first column says whether something is left in the log.
+        if (!query.exec(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")) || !query.next() ||
+            query.value(0).toInt() != 0) {
+            const QSqlError error = query.lastError();
+            merged = FullDisk::isCauseOf(error, file)
+                         ? failure(engineError(EngineErrorCode::BackupFailed,
+                                               FullDisk::message(directory)))
+                         : replacementFailure(directory, error.databaseText());
+        }
+    }
+    QSqlDatabase::removeDatabase(RecoveryConnection);
+    return merged;
+}
+
+/// Makes the closed database `file` a single file, and returns an error unless it is sound.
+Expected<void> complete(const QString &directory, const QString &file) {
+    return mergeLog(directory, file).and_then([&] { return ProfileBackups::verify(file); });
+}
+
 /// Copies `backup` into the empty folder `folder`, and lets `amend` add what it lacks.
 Expected<void> prepareBackup(const QString &directory, const QString &backup, const QString &folder,
                              const ProfileRecovery::Amendment &amend) {
@@ -346,7 +375,7 @@ Expected<void> prepareBackup(const QString &directory, const QString &backup, co
         .map_error(toReplacementFailure(directory))
         .and_then([&] { return copyDatabase(directory, copies.path()); })
         .and_then([&](bool) { return amend(folder, copies.filePath(ProfileDatabaseName)); })
-        .and_then([&] { return ProfileBackups::verify(copy); });
+        .and_then([&] { return complete(directory, copy); });
 }
 
 /// Returns copies of the databases from which locations may be read, best first. SQLite writes
@@ -420,6 +449,7 @@ Expected<bool> ProfileRecovery::begin(
         .and_then([&](const QStringList &sources) {
             return copyLocationsFrom(sources, path).and_then([&](bool areCopied) {
                 return amend(folder.path(), copies.filePath(ProfileDatabaseName))
+                    .and_then([&] { return complete(directory, path); })
                     .and_then([&] { return replace(directory, path); })
                     .map([&] { return areCopied; });
             });

@@ -7,6 +7,7 @@
 #include <QtSql/QSqlDriver>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/FullDisk.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -97,6 +98,9 @@ tl::expected<void, QSqlError> ReadOnlyConnection::copyTo(const QString &path) co
 }
 
 Error ReadOnlyConnection::error(const QSqlError &reason) const {
+    if (FullDisk::isCauseOf(reason, m_path)) {
+        return engineError(EngineErrorCode::ProfileDiskFull, FullDisk::message(m_path));
+    }
     return engineError(
         codeOf(reason),
         localizedSyncString("The database “%1” cannot be read (%2). Try again. If that fails, "

@@ -626,6 +626,40 @@ private Q_SLOTS:
         QVERIFY(failed.contains(QStringLiteral("rename")));
     }
 
+    void aFullDiskCostsNoNoteThatIsReadFromADamagedProfile_data() {
+        QTest::addColumn<bool>("isNew");
+        QTest::addRow("backup") << false;
+        QTest::addRow("new profile") << true;
+    }
+    void aFullDiskCostsNoNoteThatIsReadFromADamagedProfile() {
+        QFETCH(bool, isNew);
+        QVERIFY(isNew || ProfileBackups(m_host->directory()).make(m_today));
+        addNote(QStringLiteral("later"));
+        const QString damaged = m_host->directory();
+        m_host->goToComputer(QStringLiteral("Other"));
+        bool wasReplaced = false;
+        bool hasFailed = true;
+        for (qint64 call = 1; hasFailed; call += 2) {
+            const QString directory = damaged + QString::number(call);
+            copyFolder(damaged, directory);
+            {
+                const FaultyFileSystem disk(FaultyFileSystem::Fault::Full, call,
+                                            FaultyFileSystem::Duration::FromThenOn);
+                const Expected<void> replaced = isNew ? SyncEngine::beginProfile(directory)
+                                                      : SyncEngine::restoreBackup(directory);
+                hasFailed = disk.hasFailed();
+                wasReplaced = replaced.has_value();
+                QVERIFY2(replaced || description(replaced).contains(QStringLiteral("no space left")),
+                         qPrintable(description(replaced)));
+            }
+            SyncEngine engine;
+            QCOMPARE(description(engine.openProfile(directory)), QString());
+            QCOMPARE(engine.library()->inbox()->notes().value().size(), 2);
+            QVERIFY(QDir(directory).removeRecursively());
+        }
+        QVERIFY(wasReplaced);
+    }
+
     /// A process that is killed leaves what one leaves whose calls all fail from then on.
     void anInterruptedRecoveryIsContinuedAtTheNextStart_data() {
         QTest::addColumn<bool>("isNew");
