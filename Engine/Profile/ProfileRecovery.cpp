@@ -322,20 +322,44 @@ Expected<bool> copyFile(const QString &from, const QString &to, const QString &d
     return copied.has_value();
 }
 
-/// Copies the profile's database and its log into `folder`. Returns whether they can be read.
-Expected<bool> copyDatabase(const QString &directory, const QString &folder) {
-    Expected<bool> isReadable = QFileInfo::exists(directory + u'/' + ProfileDatabaseName);
-    const QStringList files = filesOf(directory);
+/// Copies the database that is the first of `files`, and its log, into `folder`, which is in the
+/// profile `directory`. Returns whether there are any and they can be read.
+Expected<bool> copyDatabase(const QStringList &files, const QString &folder,
+                            const QString &directory) {
+    Expected<bool> isReadable =
+        !files.isEmpty() && QFileInfo(files.constFirst()).fileName() == ProfileDatabaseName;
     for (const QString &file : files) {
         const bool isWorth = isReadable && *isReadable;
-        isReadable = isWorth ? copyFile(directory + u'/' + file, folder + u'/' + file, directory)
+        isReadable = isWorth ? copyFile(file, folder + u'/' + QFileInfo(file).fileName(), directory)
                              : isReadable;
     }
     return isReadable;
 }
 
-/// Moves what is in the log of the closed database `file` into the file itself. SQLite does so when a
-/// database is closed, but does not report if it fails.
+QStringList pathsIn(const QString &directory) {
+    QStringList paths = filesOf(directory);
+    for (QString &path : paths) {
+        path.prepend(directory + u'/');
+    }
+    return paths;
+}
+
+/// Returns the files of the damaged database, the database first. If a recovery was interrupted, it
+/// has set them aside, or the first of them.
+QStringList pathsOfDamaged(const QString &directory) {
+    const QStringList present = pathsIn(directory);
+    if (isThere(directory + u'/' + ProfileDatabaseName)) {
+        return present;
+    }
+    const QDir folder(directory + u'/' + ProfileRecovery::FolderName);
+    // They are named after the time.
+    const QStringList names = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks,
+                                               QDir::Name | QDir::Reversed);
+    return names.isEmpty() ? present : pathsIn(folder.filePath(names.constFirst())) + present;
+}
+
+/// Moves what is in the log of the closed database `file` into the file itself. SQLite does so when
+/// a database is closed, but does not report if it fails.
 Expected<void> mergeLog(const QString &directory, const QString &file) {
     Expected<void> merged;
     {
@@ -373,7 +397,7 @@ Expected<void> prepareBackup(const QString &directory, const QString &backup, co
     const QString copy = folder + u'/' + ProfileDatabaseName;
     return DurableFile::copy(backup, copy)
         .map_error(toReplacementFailure(directory))
-        .and_then([&] { return copyDatabase(directory, copies.path()); })
+        .and_then([&] { return copyDatabase(pathsOfDamaged(directory), copies.path(), directory); })
         .and_then([&](bool) { return amend(folder, copies.filePath(ProfileDatabaseName)); })
         .and_then([&] { return complete(directory, copy); });
 }
@@ -383,7 +407,7 @@ Expected<void> prepareBackup(const QString &directory, const QString &backup, co
 Expected<QStringList> sourcesOfLocations(const QString &directory, const QString &folder) {
     const QString damaged = folder + u'/' + ProfileDatabaseName;
     const QString backupCopy = folder + QStringLiteral("/backup");
-    const Expected<bool> isReadable = copyDatabase(directory, folder);
+    const Expected<bool> isReadable = copyDatabase(pathsOfDamaged(directory), folder, directory);
     if (!isReadable) {
         return failure(isReadable.error());
     }
@@ -462,7 +486,7 @@ Expected<bool> ProfileRecovery::rebuildIndexes(const QString &directory) {
     if (!folder.isValid()) {
         return systemFailure(directory);
     }
-    return copyDatabase(directory, folder.path())
+    return copyDatabase(pathsIn(directory), folder.path(), directory)
         .and_then([&](bool isCopied) {
             return isCopied ? isTableOfOperationsCredible(copy) : Expected<bool>(false);
         })
