@@ -5,7 +5,6 @@
 #include <QtGui/QAction>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
 #include <algorithm>
@@ -18,6 +17,7 @@
 #include "Application/PresentIfFailed.h"
 #include "Application/Splitter.h"
 #include "Application/UnsavedTextDialog.h"
+#include "Platform/Interface/PlaceholderField.h"
 #include "Platform/Interface/PlainText.h"
 
 namespace {
@@ -68,7 +68,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
       m_list(new QListWidget),
       m_unreadNotice(PlainText::label()),
       m_tryAgainButton(new QPushButton(tr("Try A&gain"))),
-      m_title(new QLineEdit),
+      m_title(new PlaceholderField),
       m_text(new NoteTextEdit),
       m_notice(PlainText::label()),
       m_copyButton(new QPushButton(tr("Cop&y Text"))),

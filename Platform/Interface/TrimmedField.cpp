@@ -1,6 +1,5 @@
 #include "Platform/Interface/TrimmedField.h"
 
-#include <QtWidgets/QStyleOptionFrame>
 #include <algorithm>
 
 namespace {
@@ -19,22 +18,11 @@ qsizetype countOfNewCharacters(QStringView former, QStringView text) {
 
 }  // namespace
 
-TrimmedField::TrimmedField(QWidget *parent) : QLineEdit(parent) {
+TrimmedField::TrimmedField(QWidget *parent) : PlaceholderField(parent) {
     connect(this, &QLineEdit::textEdited, this, &TrimmedField::didEdit);
     // Emitted after textEdited().
     connect(this, &QLineEdit::textChanged, this, [this] { m_former = text(); });
     connect(this, &QLineEdit::editingFinished, this, &TrimmedField::didEndEditing);
-}
-
-QSize TrimmedField::minimumSizeHint() const {
-    // QLineEdit has this margin at each side of a text.
-    constexpr int margin = 2;
-    const int text = fontMetrics().horizontalAdvance(placeholderText()) + 2 * margin;
-    QStyleOptionFrame option;
-    initStyleOption(&option);
-    const QSize hint = QLineEdit::minimumSizeHint();
-    return hint.expandedTo(
-        style()->sizeFromContents(QStyle::CT_LineEdit, &option, {text, 0}, this));
 }
 
 void TrimmedField::didEdit() {

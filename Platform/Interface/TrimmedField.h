@@ -1,19 +1,14 @@
 #pragma once
 
-#include <QtWidgets/QLineEdit>
-
-#include "Platform/PlatformExport.h"
+#include "Platform/Interface/PlaceholderField.h"
 
 /// A text field for a name or an address. White space at the ends of the text, which is never
 /// meant, is removed when something is pasted, and when the user leaves the field or presses
 /// Return. A text that the program sets stays as it is. Must be used on the main thread.
-class PLATFORM_EXPORT TrimmedField : public QLineEdit {
+class PLATFORM_EXPORT TrimmedField : public PlaceholderField {
     Q_OBJECT
 public:
     explicit TrimmedField(QWidget *parent = nullptr);
-
-    /// Has room for the placeholder.
-    QSize minimumSizeHint() const override;
 
 private:
     /// The first receiver of textEdited(). The others must read text(), because it may differ from

@@ -36,7 +36,7 @@ bool isText(const QWidget *widget) {
 }
 
 /// A field that shows its placeholder, with access to what its text is given.
-class PlaceholderField : public QLineEdit {
+class Placeholder : public QLineEdit {
 public:
     /// Returns the width that `field` needs for its placeholder; 0 if it has none, or a text
     /// instead.
@@ -45,7 +45,7 @@ public:
             return 0;
         }
         QStyleOptionFrame option;
-        (field->*(&PlaceholderField::initStyleOption))(&option);
+        (field->*(&Placeholder::initStyleOption))(&option);
         const int contents =
             field->style()->subElementRect(QStyle::SE_LineEditContents, &option, field).width();
         const QMargins margins = field->textMargins();
@@ -75,7 +75,7 @@ QSize neededSize(const QWidget *widget) {
     const QSize hint =
         qobject_cast<const QGroupBox *>(widget) ? widget->minimumSizeHint() : widget->sizeHint();
     const auto *field = qobject_cast<const QLineEdit *>(widget);
-    return {field ? PlaceholderField::neededWidth(field) : hint.width(), hint.height()};
+    return {field ? Placeholder::neededWidth(field) : hint.width(), hint.height()};
 }
 
 /// Returns the part of `widget` that its ancestors let show, in coordinates of `window`; the

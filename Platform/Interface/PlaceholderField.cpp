@@ -1,0 +1,14 @@
+#include "Platform/Interface/PlaceholderField.h"
+
+#include <QtWidgets/QStyleOptionFrame>
+
+QSize PlaceholderField::minimumSizeHint() const {
+    // QLineEdit has this margin at each side of a text.
+    constexpr int margin = 2;
+    const int text = fontMetrics().horizontalAdvance(placeholderText()) + 2 * margin;
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QSize hint = QLineEdit::minimumSizeHint();
+    return hint.expandedTo(
+        style()->sizeFromContents(QStyle::CT_LineEdit, &option, {text, 0}, this));
+}
