@@ -77,7 +77,13 @@ void LocationRowStatus::observeState() {
             clearError();
             Q_EMIT statusChanged();
         });
-        m_observation.observeResult(observed.get());
+        if (QVSyncResult::isOfferedBy(observed.get())) {
+            // What failed before the job may have another cause.
+            m_observation.observeState(observed.get(), QVSyncResult::Key, [this] {
+                clearError();
+                Q_EMIT statusChanged();
+            });
+        }
     }
     Q_EMIT statusChanged();
 }

@@ -11,8 +11,9 @@
 /// selected database with it. An object of the row's form, which creates one for each row. Must be
 /// used on the main thread.
 ///
-/// An error of the row disappears with the next synchronization that succeeds and with a change of
-/// the location's URL: this object then sets it to empty.
+/// An error of the row disappears when a job of the selected database with the location ends, since
+/// the error of that job is newer, and with a change of the location's URL: this object then sets
+/// it to empty.
 class LocationRowStatus : public QObject {
     Q_OBJECT
     /// The row. Not owned: null once it is destroyed.

@@ -7,6 +7,7 @@
 #include <ctime>
 
 #include "Controller/Preferences/ActivityStatus.h"
+#include "Controller/Preferences/LocationRowStatus.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Scenarios/Panel.h"
 #include "Support/EventTimeout.h"
@@ -352,6 +353,26 @@ private Q_SLOTS:
         QVERIFY(QDir().rename(package + u'x', package));
         synchronize();
         QVERIFY(locationWarning(0)->isHidden());
+    }
+
+    void aFailureReplacesTheErrorOfACheck() {
+        const QString package = m_host->addLocation()->URL().path();
+        showPanel();
+        tick(0);
+        Panel::select(Panel::locationRow(0));
+        QVERIFY(QDir().rename(package, package + u'x'));
+        m_panel->choose("checkItem");
+        QTRY_VERIFY(locationWarning(0)->isVisible());
+        const auto *status = Panel::locationRow(0)->findChild<LocationRowStatus *>();
+        const QString former = status->error()->localizedDescription;
+        QFile file(package);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        synchronize();
+        QVERIFY(locationWarning(0)->isVisible());
+        const QString present = status->error()->localizedDescription;
+        QVERIFY2(present != former, qPrintable(present));
+        QVERIFY(QFile::remove(package));
+        QVERIFY(QDir().rename(package + u'x', package));
     }
 
     void aRowShowsItsNewTitleAfterAnEdit() {
