@@ -38,7 +38,7 @@ private Q_SLOTS:
         state->setSchedule(std::make_shared<EngineDailySchedule>(HourAndMinute{12, 0}));
         host.save();
         QTRY_VERIFY(panel.text("activityLabel")
-                        .startsWith(QStringLiteral("“Projects” was not "
+                        .startsWith(QStringLiteral("“Projects” has not been "
                                                    "synchronized with “Store 0” yet · next: ")));
         host.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
             {state});

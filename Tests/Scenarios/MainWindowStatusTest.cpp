@@ -119,7 +119,7 @@ private Q_SLOTS:
                  QStringLiteral("Nothing is synchronized: no database has a ticked location"));
         const auto state = tick(m_host->addLocation());
         QTRY_COMPARE(status(),
-                     QStringLiteral("“Projects” was not synchronized with “Store 0” yet"));
+                     QStringLiteral("“Projects” has not been synchronized with “Store 0” yet"));
         synchronize({state});
         QTRY_COMPARE(status(), QStringLiteral("All up to date"));
         addNote();
@@ -243,11 +243,12 @@ private Q_SLOTS:
         tick(location);
         QTRY_COMPARE(
             status(),
-            QStringLiteral("“Projects” was not synchronized with “127.0.0.1 – Shared” yet"));
+            QStringLiteral("“Projects” has not been synchronized with “127.0.0.1 – Shared” yet"));
         m_host->addLocation(second);
         m_host->save();
-        QTRY_COMPARE(status(),
-                     QStringLiteral("“Projects” was not synchronized with “%1” yet").arg(first));
+        QTRY_COMPARE(
+            status(),
+            QStringLiteral("“Projects” has not been synchronized with “%1” yet").arg(first));
     }
 
     void itShowsWhatRunsAndStopsItAtOnce() {
@@ -260,8 +261,9 @@ private Q_SLOTS:
         QTRY_COMPARE(m_silent->connections(), 1);
         stop->click();
         QTRY_VERIFY(!stop->isVisible());
-        QCOMPARE(status(),
-                 QStringLiteral("“Projects” was not synchronized with “127.0.0.1 – Shared” yet"));
+        QCOMPARE(
+            status(),
+            QStringLiteral("“Projects” has not been synchronized with “127.0.0.1 – Shared” yet"));
     }
 
     void quittingAsksNothingIfAllIsUpToDate() { QVERIFY(m_window->close()); }

@@ -61,7 +61,9 @@ QSize neededSize(const QWidget *widget) {
     const auto *label = qobject_cast<const QLabel *>(widget);
     if (label && label->wordWrap()) {
         const int height = label->heightForWidth(label->width());
-        if (!qobject_cast<const TextLabel *>(label)) {
+        // A label of any width is wrapped within words if need be.
+        const bool isOfAnyWidth = label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
+        if (isOfAnyWidth || !qobject_cast<const TextLabel *>(label)) {
             return {qMin(label->minimumSizeHint().width(), label->width()), height};
         }
         // Its longest word, or nothing that is wider than the label.

@@ -229,6 +229,7 @@ private Q_SLOTS:
         QVERIFY(profile().run(QStringLiteral("DELETE FROM operations WHERE title = 'a'")));
         QCOMPARE(titles(), QSet{QStringLiteral("b")});
         QVERIFY(run<CleanSession>());
+        m_host->leaveUnverified("the profile has lost a change");
         QCOMPARE(titlesOnAnotherComputer(), (QSet{QStringLiteral("a"), QStringLiteral("b")}));
     }
 
