@@ -151,7 +151,7 @@ void Tour::addFolder() {
     User::choose(QStringLiteral("New Folder Store…"));
     User::fill(QStringLiteral("fileNameEdit"), SharedName);
     show(QStringLiteral("folder-panel"),
-         QStringLiteral("The save panel asks where the new sync store goes. The person types its "
+         QStringLiteral("The save panel asks where the new sync store goes. The user types its "
                         "name."));
     User::click(QStringLiteral("Save"));
     awaitLocation(SharedName, 2);
@@ -211,9 +211,10 @@ void Tour::addOtherComputer() {
     const QString code = m_otherComputer.awaitCode();
     User::await(QStringLiteral("the code of the other computer"),
                 [&] { return !Screen::texts().filter(code).isEmpty(); });
-    show(QStringLiteral("pairing"),
-         QStringLiteral("Both computers show the same code, %1, so nobody is in between.")
-             .arg(code));
+    show(
+        QStringLiteral("pairing"),
+        QStringLiteral("Both computers show the same code, %1, so no third computer is in between.")
+            .arg(code));
     m_otherComputer.allow();
     User::click(QStringLiteral("Connect"));
     awaitLocation(host, 4);
@@ -237,7 +238,7 @@ void Tour::addDropboxAccount() {
                    {{QStringLiteral("service"), QStringLiteral("Velmora Dropbox")}}) == 1;
     });
     show(QStringLiteral("dropbox-added"),
-         QStringLiteral("The browser has shown Dropbox's own page, where the person has signed in. "
+         QStringLiteral("The browser has shown Dropbox's own page, where the user has signed in. "
                         "The account is listed; what opens it is in the keyring."));
     onMainThread([this] { m_surroundings.browserWindow.close(); });
 }
@@ -305,7 +306,7 @@ void Tour::writeNote() {
     User::await(QStringLiteral("the note"), [this] {
         return hasNote(m_surroundings.library, DatabaseName, NoteTitle, NoteText);
     });
-    show(QStringLiteral("note"), QStringLiteral("In the main window the person writes a note."));
+    show(QStringLiteral("note"), QStringLiteral("In the main window the user writes a note."));
 }
 
 void Tour::synchronize() {
