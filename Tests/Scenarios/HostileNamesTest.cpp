@@ -73,7 +73,7 @@ private Q_SLOTS:
         const ShownName shown(ShownName::Hostile);
         for (const char *place :
              {"TextLabel rowName", "TextLabel rowTitle", "QListWidget databases", "QListWidget ",
-              "QLineEdit ", "NoteTextEdit ", "QTreeView "}) {
+              "PlaceholderField ", "NoteTextEdit ", "QTreeView "}) {
             QVERIFY2(shown.places().contains(QLatin1StringView(place)), place);
         }
         QCOMPARE(shown.misreadPlaces(), QStringList());
