@@ -211,7 +211,7 @@ Expected<Note> HistoryDialog::restoreVersion(const NoteVersion &version) {
             note.UUID = m_note.UUID;
             note.revision = m_note.revision;
         } else {
-            // The note may have come back with an edit that nobody has seen.
+            // The note may have come back with an edit that was not seen.
             note.revision = NoRevision;
         }
         note.modified = QDateTime::currentDateTime();
