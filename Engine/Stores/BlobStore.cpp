@@ -106,7 +106,7 @@ Expected<std::optional<qint64>> BlobStore::measure(const EngineFuture &future) {
     }
     qint64 total = 0;
     for (const QString &folder : std::as_const(folders)) {
-        const auto size = sizeOfFolder(folder, future);
+        auto size = sizeOfFolder(folder, future);
         if (future.isCancelled()) {
             return failure(operationCancelled());
         }
