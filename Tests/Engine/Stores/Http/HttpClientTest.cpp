@@ -8,6 +8,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Http/HttpClient.h"
+#include "Support/EventTimeout.h"
 #include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/ScriptedServer.h"
@@ -659,7 +660,7 @@ private Q_SLOTS:
         time.start();
         QCOMPARE(code(get(addressOf(server), trustful())), EngineErrorCode::StoreUnreachable);
         QVERIFY(server.isEncrypted());
-        QCOMPARE_LT(time.elapsed(), 5000);
+        QCOMPARE_LT(time.elapsed(), EventTimeout);
     }
 
     void oldVersionsOfTlsAreNotSpoken_data() {
