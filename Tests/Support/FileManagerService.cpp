@@ -5,18 +5,20 @@
 
 namespace {
 const QString ConnectionName = QStringLiteral("file manager");
-}
+const QString FileManagerPath = QStringLiteral("/org/freedesktop/FileManager1");
+}  // namespace
 
 FileManagerService::FileManagerService(const QString &busAddress) {
     QDBusConnection bus = QDBusConnection::connectToBus(busAddress, ConnectionName);
-    if (!bus.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), this,
-                            QDBusConnection::ExportAllSlots) ||
+    if (!bus.registerObject(FileManagerPath, this, QDBusConnection::ExportAllSlots) ||
         !bus.registerService(QStringLiteral("org.freedesktop.FileManager1"))) {
         throw std::runtime_error("the file manager cannot serve on the bus");
     }
 }
 
 FileManagerService::~FileManagerService() {
+    // Otherwise the thread of the bus may still use this object.
+    QDBusConnection(ConnectionName).unregisterObject(FileManagerPath);
     QDBusConnection::disconnectFromBus(ConnectionName);
 }
 

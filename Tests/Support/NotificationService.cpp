@@ -5,18 +5,20 @@
 
 namespace {
 const QString NotificationConnection = QStringLiteral("notification service");
-}
+const QString NotificationPath = QStringLiteral("/org/freedesktop/Notifications");
+}  // namespace
 
 NotificationService::NotificationService(const QString &busAddress) {
     QDBusConnection bus = QDBusConnection::connectToBus(busAddress, NotificationConnection);
-    if (!bus.registerObject(QStringLiteral("/org/freedesktop/Notifications"), this,
-                            QDBusConnection::ExportAllSlots) ||
+    if (!bus.registerObject(NotificationPath, this, QDBusConnection::ExportAllSlots) ||
         !bus.registerService(QStringLiteral("org.freedesktop.Notifications"))) {
         throw std::runtime_error("the notification service cannot serve on the bus");
     }
 }
 
 NotificationService::~NotificationService() {
+    // Otherwise the thread of the bus may still use this object.
+    QDBusConnection(NotificationConnection).unregisterObject(NotificationPath);
     QDBusConnection::disconnectFromBus(NotificationConnection);
 }
 

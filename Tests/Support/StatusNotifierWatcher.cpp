@@ -13,6 +13,7 @@
 namespace {
 
 const QString WatcherConnection = QStringLiteral("status notifier watcher");
+const QString WatcherPath = QStringLiteral("/StatusNotifierWatcher");
 const QString MenuPath = QStringLiteral("/MenuBar");
 const QString MenuInterface = QStringLiteral("com.canonical.dbusmenu");
 
@@ -47,7 +48,7 @@ void append(const QDBusArgument &menu, QList<std::pair<int, QString>> &entries) 
 
 StatusNotifierWatcher::StatusNotifierWatcher(const QString &busAddress) {
     QDBusConnection bus = QDBusConnection::connectToBus(busAddress, WatcherConnection);
-    if (!bus.registerObject(QStringLiteral("/StatusNotifierWatcher"), this,
+    if (!bus.registerObject(WatcherPath, this,
                             QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties |
                                 QDBusConnection::ExportAllSignals) ||
         !bus.registerService(QStringLiteral("org.kde.StatusNotifierWatcher"))) {
@@ -56,6 +57,8 @@ StatusNotifierWatcher::StatusNotifierWatcher(const QString &busAddress) {
 }
 
 StatusNotifierWatcher::~StatusNotifierWatcher() {
+    // Otherwise the thread of the bus may still use this object.
+    QDBusConnection(WatcherConnection).unregisterObject(WatcherPath);
     QDBusConnection::disconnectFromBus(WatcherConnection);
 }
 
