@@ -1,5 +1,6 @@
 #include "Engine/Stores/BlobStore.h"
 
+#include <QtCore/QSet>
 #include <algorithm>
 #include <utility>
 
@@ -154,25 +155,44 @@ Expected<void> BlobStore::checkRequest(const QString &name, const EngineFuture &
     return {};
 }
 
+Error BlobStore::tooManyDatabases() const {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "“%1” contains too many databases, or their names are too long. Delete the "
+                       "files of those that nobody needs.",
+                       place(SyncStoreLayout::DatabasesFolder));
+}
+
+Expected<QStringList> BlobStore::databaseRecords(const EngineFuture &future) {
+    return list(SyncStoreLayout::DatabasesFolder, future)
+        .and_then([&](QStringList files) -> Expected<QStringList> {
+            files.removeIf(
+                [](const QString &file) { return !file.endsWith(SyncStoreLayout::RecordEnding); });
+            return files.size() > MostDatabases ? failure(tooManyDatabases())
+                                                : Expected<QStringList>(files);
+        });
+}
+
 Expected<EngineStore::Fetched> BlobStore::fetch(const EngineFuture &future) {
-    const Expected<QStringList> files = list(SyncStoreLayout::DatabasesFolder, future);
+    const Expected<QStringList> files = databaseRecords(future);
     if (!files) {
         return failure(files.error());
     }
     Fetched fetched;
-    QStringList missing;
+    QSet<QString> missing;
+    qsizetype size = 0;
     for (const QString &file : *files) {
-        if (!file.endsWith(SyncStoreLayout::RecordEnding)) {
-            continue;
-        }
         const Expected<QString> name = databaseName(file, future);
         if (name) {
+            size += name->toUtf8().size();
+            if (size > MostBytesOfNames) {
+                return failure(tooManyDatabases());
+            }
             fetched.databases.append(
                 record(file.chopped(SyncStoreLayout::RecordEnding.size()), *name));
         } else if (isOfOneBlob(name.error())) {
             fetched.problem = fetched.problem ? fetched.problem : name.error();
         } else if (isEngineError(name.error(), EngineErrorCode::BlobMissing)) {
-            missing.append(file);
+            missing.insert(file);
         } else {
             return failure(name.error());
         }
@@ -180,11 +200,11 @@ Expected<EngineStore::Fetched> BlobStore::fetch(const EngineFuture &future) {
     if (missing.isEmpty() || fetched.problem) {
         return fetched;
     }
-    return list(SyncStoreLayout::DatabasesFolder, future).map([&](const QStringList &listed) {
-        const auto withheld =
-            std::find_if(missing.begin(), missing.end(),
-                         [&](const QString &file) { return listed.contains(file); });
-        if (withheld != missing.end()) {
+    return databaseRecords(future).map([&](const QStringList &listed) {
+        const auto withheld = std::find_if(listed.begin(), listed.end(), [&](const QString &file) {
+            return missing.contains(file);
+        });
+        if (withheld != listed.end()) {
             fetched.problem = notReturned(SyncStoreLayout::DatabasesFolder + u'/' + *withheld);
         }
         return fetched;

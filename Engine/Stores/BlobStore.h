@@ -32,6 +32,11 @@ public:
     /// memory of this computer.
     static constexpr qsizetype MostNames = 200'000;
 
+    /// Maximum number of databases of a store, and bytes of all their names, that can be listed, so
+    /// that they can be shown.
+    static constexpr qsizetype MostDatabases = 10'000;
+    static constexpr qsizetype MostBytesOfNames = 4'000'000;
+
     /// Maximum number of databases whose size is determined.
     static constexpr qsizetype MostMeasured = 100;
 
@@ -100,8 +105,9 @@ protected:
     /// Reads the records "databases/UUID.json", whose format is described in
     /// Engine/Notes/StoreFormat.md. The first record that is damaged, of a newer version, not
     /// accessible, or listed again after it was missing is reported as `problem` next to the other
-    /// databases. If the store fails, returns only the error. Other files of the folder are
-    /// ignored.
+    /// databases. If the store fails, returns only the error, and one of the code StoreUnreachable
+    /// if there are more than MostDatabases records, of which none is read then, or their names
+    /// have more than MostBytesOfNames bytes. Other files of the folder are ignored.
     Expected<Fetched> fetch(const EngineFuture &future) override;
     /// Returns the size of the folder of the records and of the folders with the transactions of
     /// each database; empty only if there are more than MostMeasured databases or the store does
@@ -113,6 +119,10 @@ protected:
 private:
     /// Returns an error if `future` is cancelled or `name` is not valid.
     Expected<void> checkRequest(const QString &name, const EngineFuture &future) const;
+    /// Returns the error for more databases or longer names than can be listed.
+    Error tooManyDatabases() const;
+    /// Returns the names of the records of databases.
+    Expected<QStringList> databaseRecords(const EngineFuture &future);
     /// Returns the name in the record `file`.
     Expected<QString> databaseName(const QString &file, const EngineFuture &future);
 };

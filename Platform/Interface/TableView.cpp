@@ -12,6 +12,14 @@
 namespace {
 /// The form and the owner of a view that the table has made.
 constexpr char originProperty[] = "tableViewOrigin";
+
+/// Of the text of a row, in characters. Rows are elided, but only after all of it was laid out.
+constexpr qsizetype LongestText = 500;
+
+QString shownText(const QString &text) {
+    const QString message = PlainText::message(text);
+    return message.size() > LongestText ? message.first(LongestText) + u'…' : message;
+}
 }  // namespace
 
 TableViewDelegate::~TableViewDelegate() = default;
@@ -21,7 +29,8 @@ TableView::TableView(QWidget *parent)
     horizontalHeader()->hide();
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // Measuring each of many rows would take long.
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setShowGrid(false);
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
@@ -39,15 +48,40 @@ void TableView::setContent(const QVariantList &content) {
     m_content = content;
     const IndexSet selected = selectionIndexes();
     m_isRebuilding = true;
+    verticalHeader()->setDefaultSectionSize(heightOfRow());
     setRowCount(static_cast<int>(content.size()));
     for (int row = 0; row < rowCount(); ++row) {
         const QVariant &object = content.at(row);
-        auto *item = new QTableWidgetItem(iconOf(object), PlainText::message(textOf(object)));
+        auto *item = new QTableWidgetItem(iconOf(object), shownText(textOf(object)));
         showCheck(item, object);
         setItem(row, 0, item);
     }
     setSelectionIndexes(selected);
     m_isRebuilding = false;
+}
+
+int TableView::heightOfRow() const {
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.features = QStyleOptionViewItem::HasDisplay | QStyleOptionViewItem::HasDecoration |
+                      QStyleOptionViewItem::HasCheckIndicator;
+    option.text = QStringLiteral("X");
+    const QSize size = style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this);
+    return qMax(size.height(), verticalHeader()->minimumSectionSize());
+}
+
+void TableView::setTableDelegate(TableViewDelegate *delegate) {
+    m_delegate = delegate;
+    // The views of a delegate have heights of their own.
+    verticalHeader()->setSectionResizeMode(delegate ? QHeaderView::ResizeToContents
+                                                    : QHeaderView::Fixed);
+}
+
+void TableView::changeEvent(QEvent *event) {
+    QTableWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        verticalHeader()->setDefaultSectionSize(heightOfRow());
+    }
 }
 
 void TableView::showCheck(QTableWidgetItem *item, const QVariant &object) const {

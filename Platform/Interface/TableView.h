@@ -12,7 +12,8 @@ class TableViewDelegate;
 
 /// A table whose columns have identifiers but no titles. Its rows come either from the key
 /// `content`, each showing the value at `contentKey`, or from a delegate that makes a view for each
-/// cell. Must be used on the main thread.
+/// cell. A row of the content shows the first 500 characters of its text, on one line. Must be used
+/// on the main thread.
 class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_OBJECT
     /// One column for each identifier. A new table has one column with an empty identifier. Must be
@@ -41,7 +42,7 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
                    selectionIndexesChanged)
 public:
-    /// An empty table whose rows can be selected but not edited. A row is as high as its text.
+    /// An empty table whose rows can be selected but not edited.
     explicit TableView(QWidget *parent = nullptr);
 
     QStringList columnIdentifiers() const { return m_columnIdentifiers; }
@@ -57,7 +58,7 @@ public:
     /// Sets the delegate that provides the cells instead of `content`; null removes it. Not owned.
     /// It may be destroyed before the table if neither reloadData() nor a change of the selection
     /// follows. Call reloadData() afterwards.
-    void setTableDelegate(TableViewDelegate *delegate) { m_delegate = delegate; }
+    void setTableDelegate(TableViewDelegate *delegate);
     TableViewDelegate *tableDelegate() const { return m_delegate; }
     /// Asks the delegate for all rows again; without a delegate, removes all rows. Keeps the
     /// selected rows by position; if some of them no longer exist, announces the selection. Views
@@ -84,6 +85,7 @@ Q_SIGNALS:
     void selectionIndexesChanged();
 
 protected:
+    void changeEvent(QEvent *event) override;
     /// These two notify assistive technologies of rows instead of cells, see AccessibleTable.
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void selectionChanged(const QItemSelection &selected,
@@ -94,6 +96,8 @@ protected:
 private:
     /// Reports an event of the item of a row.
     void announceRow(int row, QAccessible::Event event);
+    /// Returns the height of a line of text with an icon and a check box.
+    int heightOfRow() const;
     QString textOf(const QVariant &object) const;
     /// Shows the value at `checkKey` in the row's check box.
     void showCheck(QTableWidgetItem *item, const QVariant &object) const;

@@ -1723,6 +1723,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>„%1“ enthält zu viele Dateien. Räumen Sie den Ort auf einem anderen Computer auf oder löschen Sie die Dateien, die nicht dorthin gehören.</translation>
     </message>
     <message>
+        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that nobody needs.</source>
+        <translation>„%1“ enthält zu viele Datenbanken, oder deren Namen sind zu lang. Löschen Sie die Dateien derer, die niemand braucht.</translation>
+    </message>
+    <message>
         <source>The record “%1” has changed while it was read. Synchronize again.</source>
         <translation>Der Datensatz „%1“ hat sich beim Lesen geändert. Synchronisieren Sie erneut.</translation>
     </message>

@@ -1687,6 +1687,10 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>«%1» contiene demasiados archivos. Limpie la ubicación en otro equipo o elimine los archivos que no deban estar ahí.</translation>
     </message>
     <message>
+        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that nobody needs.</source>
+        <translation>«%1» contiene demasiadas bases de datos, o sus nombres son demasiado largos. Elimine los archivos de las que nadie necesite.</translation>
+    </message>
+    <message>
         <source>The record “%1” has changed while it was read. Synchronize again.</source>
         <translation>El registro «%1» ha cambiado mientras se leía. Vuelva a sincronizar.</translation>
     </message>

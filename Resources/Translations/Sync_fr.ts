@@ -1687,6 +1687,10 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>« %1 » contient trop de fichiers. Nettoyez l’emplacement sur un autre ordinateur, ou supprimez les fichiers qui ne doivent pas s’y trouver.</translation>
     </message>
     <message>
+        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that nobody needs.</source>
+        <translation>« %1 » contient trop de bases de données, ou leurs noms sont trop longs. Supprimez les fichiers de celles dont personne n’a besoin.</translation>
+    </message>
+    <message>
         <source>The record “%1” has changed while it was read. Synchronize again.</source>
         <translation>L’enregistrement « %1 » a changé pendant sa lecture. Synchronisez de nouveau.</translation>
     </message>

@@ -1702,6 +1702,10 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>「%1」にファイルが多すぎます。別のコンピューターで同期先を整理するか、そこにあるべきでないファイルを削除してください。</translation>
     </message>
     <message>
+        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that nobody needs.</source>
+        <translation>「%1」にデータベースが多すぎるか、その名前が長すぎます。だれも必要としないデータベースのファイルを削除してください。</translation>
+    </message>
+    <message>
         <source>The record “%1” has changed while it was read. Synchronize again.</source>
         <translation>レコード「%1」は、読み取り中に変更されました。もう一度同期してください。</translation>
     </message>

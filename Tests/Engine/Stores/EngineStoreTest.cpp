@@ -86,6 +86,21 @@ std::pair<QVSyncStoreCheck, int> checkCancelledBefore(int cancelled) {
     });
 }
 
+QString UUIDNumber(qsizetype number) {
+    return QStringLiteral("%1-1111-4111-8111-111111111111").arg(number + 1, 8, 16, QChar(u'0'));
+}
+
+QString recordNumber(qsizetype number) {
+    return QStringLiteral("databases/%1.json").arg(UUIDNumber(number));
+}
+
+QByteArray recordNamed(qsizetype number, const QString &name) {
+    return QJsonDocument(QJsonObject{{QStringLiteral("uuid"), UUIDNumber(number)},
+                                     {QStringLiteral("name"), name},
+                                     {QStringLiteral("version"), 1}})
+        .toJson();
+}
+
 }  // namespace
 
 class EngineStoreTest : public QObject {
@@ -219,6 +234,57 @@ private Q_SLOTS:
         QVERIFY(result.error);
         QVERIFY(result.error->localizedDescription.contains(name));
         QVERIFY(result.error->localizedDescription.contains(QStringLiteral("does not return it")));
+    }
+
+    void onlySoManyDatabasesAreRead() {
+        MemoryStore::Blobs blobs;
+        for (qsizetype i = 0; i <= BlobStore::MostDatabases; ++i) {
+            blobs[recordNumber(i)] = MemoryStore::Withheld;
+        }
+        int operations = 0;
+        const auto store = std::make_shared<MemoryStore>(blobs, [&] {
+            ++operations;
+            return MemoryStore::Fault::None;
+        });
+        QCOMPARE(opened(*store), std::nullopt);
+        operations = 0;
+        const Fetched result = fetched(*store);
+        QVERIFY(!result.databases);
+        QVERIFY(result.error);
+        QVERIFY(result.error->localizedDescription.contains(QStringLiteral("too many databases")));
+        QVERIFY(operations < 10);
+    }
+
+    void asManyDatabasesAsCanBeShownAreListed() {
+        MemoryStore::Blobs blobs;
+        for (qsizetype i = 0; i < BlobStore::MostDatabases; ++i) {
+            blobs[recordNumber(i)] = recordNamed(i, QStringLiteral("n"));
+        }
+        const auto store = std::make_shared<MemoryStore>(blobs);
+        QCOMPARE(opened(*store), std::nullopt);
+        const Fetched result = fetched(*store);
+        QCOMPARE(result.error, std::nullopt);
+        QVERIFY(result.databases);
+        QCOMPARE(result.databases->size(), BlobStore::MostDatabases);
+    }
+
+    void theNamesOfDatabasesAreBoundedTogether() {
+        MemoryStore::Blobs blobs;
+        const QString name(4000, u'x');
+        for (qsizetype i = 0; i < BlobStore::MostBytesOfNames / name.size(); ++i) {
+            blobs[recordNumber(i)] = recordNamed(i, name);
+        }
+        const auto listed = [&] {
+            const auto store = std::make_shared<MemoryStore>(blobs);
+            return opened(*store) ? Fetched() : fetched(*store);
+        };
+        QCOMPARE(listed().error, std::nullopt);
+        blobs[recordNumber(BlobStore::MostDatabases)] =
+            recordNamed(BlobStore::MostDatabases, QStringLiteral("n"));
+        const Fetched result = listed();
+        QVERIFY(!result.databases);
+        QVERIFY(result.error);
+        QVERIFY(result.error->localizedDescription.contains(QStringLiteral("too many databases")));
     }
 
     void otherFilesAreNoRecords() {

@@ -1,6 +1,7 @@
 #include "Platform/Interface/TableView.h"
 
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QStyledItemDelegate>
 
 #include "Platform/Interface/Nib.h"
 #include "Platform/Interface/TableViewDelegate.h"
@@ -84,6 +85,16 @@ private:
     QObject &m_owner;
 };
 
+/// Counts how often the size of a row is asked for.
+class CountingItemDelegate : public QStyledItemDelegate {
+public:
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override {
+        ++count;
+        return QStyledItemDelegate::sizeHint(option, index);
+    }
+    mutable int count = 0;
+};
+
 }  // namespace
 
 class TableViewTest : public QObject {
@@ -124,6 +135,29 @@ private Q_SLOTS:
         QCOMPARE(texts(), QStringList({QStringLiteral("b"), QStringLiteral("a")}));
         m_table->setContent({});
         QCOMPARE(m_table->rowCount(), 0);
+    }
+
+    void manyRowsAreShownWithoutMeasuringEach() {
+        CountingItemDelegate delegate;
+        m_table->setItemDelegate(&delegate);
+        m_table->setContent(QVariantList(20'000, QString(4000, u'x')));
+        QCoreApplication::processEvents();
+        m_table->scrollToBottom();
+        m_table->grab();
+        QVERIFY2(delegate.count < 1000, QByteArray::number(delegate.count));
+        m_table->setItemDelegate(nullptr);
+    }
+
+    void aLongTextIsShownOnOneLineAndCut() {
+        m_table->setContent({QStringLiteral("a"), QString(4000, u'x'), QStringLiteral("b\nc\nd")});
+        QCOMPARE(m_table->item(1, 0)->text(), QString(500, u'x') + u'…');
+        QCOMPARE(m_table->rowHeight(1), m_table->rowHeight(0));
+        QCOMPARE(m_table->rowHeight(2), m_table->rowHeight(0));
+        QVERIFY(m_table->rowHeight(0) >= m_table->fontMetrics().height());
+        QFont large = m_table->font();
+        large.setPointSize(40);
+        m_table->setFont(large);
+        QVERIFY(m_table->rowHeight(0) >= QFontMetrics(large).height());
     }
 
     void rowsShowTheValueAtTheContentKeyWithAnIcon() {
