@@ -30,7 +30,13 @@ ConflictBar::ConflictBar(QWidget *parent) : QWidget(parent), m_label(PlainText::
     layout->addLayout(second);
 }
 
-void ConflictBar::setCount(qsizetype count) {
+void ConflictBar::setCount(qsizetype count, bool hasMore) {
+    if (hasMore) {
+        m_label->setText(
+            tr("This note was edited in more places than the list shows. The other "
+               "edits follow when you have decided about these."));
+        return;
+    }
     m_label->setText(
         count == 2
             ? tr("This note was edited on two computers.")

@@ -11,9 +11,9 @@ class ConflictBar : public QWidget {
 public:
     explicit ConflictBar(QWidget *parent = nullptr);
 
-    /// States in how many places the note was edited; `count` is at least 2. The texts of the
-    /// buttons do not depend on it.
-    void setCount(qsizetype count);
+    /// States in how many places the note was edited: `count`, which is at least 2, or more than
+    /// the list shows. The texts of the buttons do not depend on it.
+    void setCount(qsizetype count, bool hasMore);
 
 Q_SIGNALS:
     /// Emitted when the user chooses one of the commands. "This" is the edit that is shown below

@@ -532,9 +532,17 @@ void NotesView::setNotice(const QString &text) {
 }
 
 void NotesView::showConflict() {
-    const qsizetype others = otherEdits().size();
-    m_conflict->setCount(others + 1);
-    m_conflict->setVisible(others > 0);
+    const QList<Note> others = otherEdits();
+    m_conflict->setVisible(!others.isEmpty());
+    if (others.isEmpty()) {
+        return;
+    }
+    const qsizetype count = others.size() + 1;
+    const Expected<bool> hasMore = m_database->hasMoreEdits(others.first().conflict, count);
+    if (!hasMore) {
+        NSApp()->presentError(hasMore.error());
+    }
+    m_conflict->setCount(count, hasMore.value_or(false));
 }
 
 QList<Note> NotesView::otherEdits() const {

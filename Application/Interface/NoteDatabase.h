@@ -71,10 +71,12 @@ public:
     /// these have UUIDs of their own and say so in their titles.
     virtual Expected<QList<Note>> notes() const = 0;
     /// Returns rows of the list of notes(), beginning with those of the position `from`: at least
-    /// `count` if there are as many, and all rows of each position. Takes time in proportion to
-    /// `count`.
+    /// `count` if there are as many, and the rows of each position as rowsAt() returns them. Takes
+    /// time in proportion to `count`.
     virtual Expected<QList<NoteRow>> rows(qint64 from, int count) const = 0;
-    /// Returns the rows of the position `position`; none if it was removed.
+    /// Returns the rows of the position `position`; none if it was removed. If these would be very
+    /// many, only some of the conflicting edits have rows: for each note the one that shows as the
+    /// note, and at least one other. The others get rows as these are removed or resolved.
     virtual Expected<QList<NoteRow>> rowsAt(qint64 position) const = 0;
     /// Returns the edit that the revision of `note` names, shown as `note`, with its text. Fails if
     /// the edit was replaced or removed meanwhile.
@@ -106,6 +108,8 @@ public:
     /// Returns the complete note of `version`, with an empty revision, so that saving it restores
     /// it as a new edit. Fails if the version is no longer kept.
     virtual Expected<Note> noteOfVersion(const NoteVersion &version) const = 0;
+    /// Returns whether the note `UUID` has more than `count` edits, which conflict.
+    virtual Expected<bool> hasMoreEdits(const QString &UUID, qsizetype count) const = 0;
 
 Q_SIGNALS:
     /// Emitted after the database was opened or closed.

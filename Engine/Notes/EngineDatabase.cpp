@@ -40,6 +40,10 @@ Expected<Note> EngineDatabase::completeNote(const Note &note) const {
     return m_log.completeNote(note);
 }
 
+Expected<bool> EngineDatabase::hasMoreEdits(const QString &UUID, qsizetype count) const {
+    return m_log.hasMoreEdits(UUID, count);
+}
+
 Expected<qint64> EngineDatabase::countOfConflicts() const {
     return m_log.countOfConflicts();
 }

@@ -54,6 +54,7 @@ public:
     Expected<QList<NoteRow>> rows(qint64 from, int count) const override;
     Expected<QList<NoteRow>> rowsAt(qint64 position) const override;
     Expected<Note> completeNote(const Note &note) const override;
+    Expected<bool> hasMoreEdits(const QString &UUID, qsizetype count) const override;
     Expected<qint64> countOfConflicts() const override;
     Expected<void> saveNote(Note &note) override;
     Expected<bool> removeNote(const Note &note) override;

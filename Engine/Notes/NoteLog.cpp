@@ -73,6 +73,9 @@ const QStringList ContentColumns{QStringLiteral("note_uuid"),  QStringLiteral("t
                                  QStringLiteral("text"),       QStringLiteral("modified"),
                                  QStringLiteral("supersedes"), QStringLiteral("salt")};
 
+/// Takes the database, and is followed by a condition.
+const QString OfDatabase = QStringLiteral("operations WHERE database = ? AND ");
+
 /// Takes the database.
 const QString ConflictsCounted = QStringLiteral(
     "SELECT count(*) FROM (SELECT 1 FROM operations WHERE database = ?"
@@ -160,31 +163,61 @@ Note NoteLog::noteOf(const Row &row) {
 }
 
 Expected<QList<NoteRow>> NoteLog::noteRows(qint64 from, int count) const {
-    // Ends with the position that the row in question has.
-    const QString last = QStringLiteral(
-        "coalesce((SELECT position FROM operations WHERE database = ? AND position >= ?"
-        " AND note_uuid <> '' ORDER BY position LIMIT 1 OFFSET ?), %1)");
-    return places(QStringLiteral("position >= ? AND position <= ") +
-                      last.arg(std::numeric_limits<qint64>::max()),
-                  {from, m_database, from, count - 1})
-        .and_then([this](const auto &found) { return noteRows(found); });
+    QList<NoteRow> rows;
+    qint64 next = from;
+    while (rows.size() < count) {
+        const Expected<QList<NoteRow>> more = nextRows(next, count - static_cast<int>(rows.size()));
+        if (!more) {
+            return failure(more.error());
+        }
+        rows.append(*more);
+        if (more->isEmpty() || rows.last().position == std::numeric_limits<qint64>::max()) {
+            break;
+        }
+        next = rows.last().position + 1;
+    }
+    return rows;
+}
+
+Expected<QList<NoteRow>> NoteLog::nextRows(qint64 from, int count) const {
+    const Expected<QVariant> last =
+        m_profile.value(QStringLiteral("SELECT position FROM operations WHERE database = ?"
+                                       " AND position >= ? AND note_uuid <> ''"
+                                       " ORDER BY position LIMIT 1 OFFSET ?"),
+                        {m_database, from, count - 1});
+    if (!last) {
+        return failure(last.error());
+    }
+    if (!last->isValid()) {
+        return places(OfDatabase + QStringLiteral("position >= ?"), {m_database, from}, count)
+            .and_then([this](const auto &found) { return noteRows(found); });
+    }
+    // The last position may have any number of operations, the others have fewer than `count`.
+    return places(OfDatabase + QStringLiteral("position >= ? AND position < ?"),
+                  {m_database, from, *last}, count)
+        .and_then([this](const auto &found) { return noteRows(found); })
+        .and_then([&](const QList<NoteRow> &rows) {
+            return noteRowsAt(last->toLongLong()).map([&](const QList<NoteRow> &lastRows) {
+                return rows + lastRows;
+            });
+        });
 }
 
 Expected<QList<NoteRow>> NoteLog::noteRowsAt(qint64 position) const {
-    return places(QStringLiteral("position = ?"), {position}).and_then([this](const auto &found) {
-        return noteRows(found);
-    });
+    return places(OfDatabase + QStringLiteral("position = ?"), {m_database, position}, MostRows + 1)
+        .and_then([this](const auto &found) { return noteRows(found); });
 }
 
-Expected<QList<std::pair<Operation, qint64>>> NoteLog::places(const QString &condition,
-                                                              const QVariantList &values) const {
-    QList<std::pair<Operation, qint64>> places;
+Expected<QList<NoteLog::Place>> NoteLog::places(const QString &source, const QVariantList &values,
+                                                int most) const {
+    QList<Place> places;
     const Expected<void> done = m_profile.read(
         QStringLiteral("SELECT digest, note_uuid, CAST(substr(title, 1, %1) AS BLOB), modified,"
-                       " position FROM operations WHERE database = ? AND %2 AND note_uuid <> ''"
-                       " ORDER BY position, id")
-            .arg(QString::number(LongestTitle), condition),
-        QVariantList{m_database} + values, [&](const QSqlQuery &row) {
+                       " position, id FROM %2 AND note_uuid <> ''"
+                       // An index has this order.
+                       " ORDER BY position, note_uuid, id LIMIT %3")
+            .arg(QString::number(LongestTitle), source, QString::number(most)),
+        values, [&](const QSqlQuery &row) {
             Operation operation;
             operation.id = row.value(0).toByteArray();
             operation.note = row.value(1).toString();
@@ -192,7 +225,7 @@ Expected<QList<std::pair<Operation, qint64>>> NoteLog::places(const QString &con
             const QVariant modified = row.value(3);
             operation.modified =
                 modified.isNull() ? std::nullopt : std::optional(modified.toLongLong());
-            places.append({operation, row.value(4).toLongLong()});
+            places.append({operation, row.value(4).toLongLong(), row.value(5).toLongLong()});
         });
     if (!done) {
         return failure(done.error());
@@ -200,25 +233,104 @@ Expected<QList<std::pair<Operation, qint64>>> NoteLog::places(const QString &con
     return places;
 }
 
-Expected<QList<NoteRow>> NoteLog::noteRows(
-    const QList<std::pair<Operation, qint64>> &places) const {
+Expected<QStringList> NoteLog::notesAt(qint64 position) const {
+    QStringList notes;
+    const QString next = QStringLiteral(
+        "(SELECT min(note_uuid) FROM operations WHERE database = ?"
+        " AND position = ? AND note_uuid > %1)");
+    const Expected<void> done = m_profile.read(
+        // Reads one row for each note, however many edits that has.
+        QStringLiteral("WITH RECURSIVE found (note) AS (VALUES (%1) UNION ALL"
+                       " SELECT %2 FROM found WHERE note IS NOT NULL)"
+                       " SELECT note FROM found WHERE note IS NOT NULL")
+            .arg(next.arg(QStringLiteral("''")), next.arg(QStringLiteral("found.note"))),
+        {m_database, position, m_database, position},
+        [&](const QSqlQuery &row) { notes.append(row.value(0).toString()); });
+    if (!done) {
+        return failure(done.error());
+    }
+    return notes;
+}
+
+Expected<QList<NoteLog::Place>> NoteLog::somePlaces(qint64 position, const QString &note,
+                                                    int most) const {
+    const int half = qMax(1, most / 2);
+    // The edit that shows as the note, and the last and the first ones that have arrived: among
+    // these are the user's own, and those from before somebody has sent so many.
+    return places(
+        QStringLiteral(
+            "operations NOT INDEXED WHERE id IN (SELECT * FROM (SELECT id FROM operations WHERE "
+            "database = ?"
+            "  AND note_uuid = ? ORDER BY modified DESC, digest DESC LIMIT 1)"
+            " UNION SELECT * FROM (SELECT id FROM operations WHERE database = ? AND position = ?"
+            "  AND note_uuid = ? ORDER BY id DESC LIMIT ?)"
+            " UNION SELECT * FROM (SELECT id FROM operations WHERE database = ? AND position = ?"
+            "  AND note_uuid = ? ORDER BY id LIMIT ?))"),
+        {m_database, note, m_database, position, note, half, m_database, position, note, half},
+        2 * half + 1);
+}
+
+Expected<QList<NoteRow>> NoteLog::someRowsAt(qint64 position) const {
+    const Expected<QStringList> notes = notesAt(position);
+    if (!notes) {
+        return failure(notes.error());
+    }
+    const int most = MostRows / qMax(1, static_cast<int>(notes->size()));
+    QList<Place> some;
+    for (const QString &note : *notes) {
+        const Expected<QList<Place>> edits = somePlaces(position, note, most);
+        if (!edits) {
+            return failure(edits.error());
+        }
+        some.append(*edits);
+    }
+    return noteRows(position, some);
+}
+
+Expected<bool> NoteLog::hasMoreEdits(const QString &note, qsizetype count) const {
+    return m_profile
+        .value(QStringLiteral("SELECT 1 FROM operations WHERE database = ? AND note_uuid = ?"
+                              " LIMIT 1 OFFSET ?"),
+               {m_database, note, count})
+        .map([](const QVariant &found) { return found.isValid(); });
+}
+
+Expected<QList<NoteRow>> NoteLog::noteRows(const QList<Place> &places) const {
     QList<NoteRow> found;
     found.reserve(places.size());
     for (auto first = places.begin(); first != places.end();) {
-        const qint64 position = first->second;
-        QList<Operation> operations;
-        for (; first != places.end() && first->second == position; ++first) {
-            operations.append(first->first);
-        }
-        const Expected<QList<Row>> rows = rowsOf(operations);
+        const qint64 position = first->position;
+        const auto end = std::find_if(
+            first, places.end(), [&](const Place &place) { return place.position != position; });
+        const Expected<QList<NoteRow>> rows = end - first > MostRows
+                                                  ? someRowsAt(position)
+                                                  : noteRows(position, QList<Place>(first, end));
         if (!rows) {
             return failure(rows.error());
         }
-        for (const Row &row : *rows) {
-            found.append({noteOf(row), position});
-        }
+        found.append(*rows);
+        first = end;
     }
     return found;
+}
+
+Expected<QList<NoteRow>> NoteLog::noteRows(qint64 position, QList<Place> places) const {
+    std::sort(places.begin(), places.end(),
+              [](const Place &a, const Place &b) { return a.id < b.id; });
+    QList<Operation> operations;
+    operations.reserve(places.size());
+    for (const Place &place : std::as_const(places)) {
+        operations.append(place.operation);
+    }
+    return rowsOf(operations, [this](const QString &UUID) { return hasNote(UUID); })
+        .map([&](const QList<Row> &rows) {
+            QList<NoteRow> found;
+            found.reserve(rows.size());
+            for (const Row &row : rows) {
+                found.append({noteOf(row), position});
+            }
+            return found;
+        });
 }
 
 Expected<Note> NoteLog::completeNote(const Note &note) const {
@@ -433,8 +545,8 @@ Expected<bool> NoteLog::isEmpty() const {
 
 Expected<qint64> NoteLog::countOfNotes() const {
     return m_profile
-        .value(QStringLiteral("SELECT count(DISTINCT note_uuid) FROM operations"
-                              " WHERE database = ? AND note_uuid <> ''"),
+        .value(QStringLiteral("SELECT count(*) FROM (SELECT DISTINCT note_uuid FROM operations"
+                              " WHERE database = ? AND note_uuid <> '')"),
                {m_database})
         .map([](const QVariant &count) { return count.toLongLong(); });
 }
@@ -592,11 +704,18 @@ Expected<std::optional<Operation>> NoteLog::operation(const OperationId &identif
 }
 
 Expected<QList<NoteLog::Row>> NoteLog::rows() const {
-    return select(QStringLiteral("note_uuid <> ''"), {})
-        .and_then([this](const QList<Operation> &all) { return rowsOf(all); });
+    return select(QStringLiteral("note_uuid <> ''"), {}).and_then([](const QList<Operation> &all) {
+        QSet<QString> notes;
+        for (const Operation &operation : all) {
+            notes.insert(operation.note);
+        }
+        return rowsOf(all,
+                      [&](const QString &UUID) -> Expected<bool> { return notes.contains(UUID); });
+    });
 }
 
-Expected<QList<NoteLog::Row>> NoteLog::rowsOf(const QList<Operation> &operations) const {
+Expected<QList<NoteLog::Row>> NoteLog::rowsOf(const QList<Operation> &operations,
+                                              const HasNote &hasNote) {
     QHash<QString, QList<Operation>> editsByNote;
     QStringList notes;
     for (const Operation &operation : operations) {
@@ -615,7 +734,7 @@ Expected<QList<NoteLog::Row>> NoteLog::rowsOf(const QList<Operation> &operations
         const QString conflict = edits.size() > 1 ? note : QString();
         rows.append({note, edits.first(), conflict});
         for (const Operation &copy : edits.mid(1)) {
-            const Expected<QString> UUID = freeUUIDOfCopy(copy, copies);
+            const Expected<QString> UUID = freeUUIDOfCopy(copy, copies, hasNote);
             if (!UUID) {
                 return failure(UUID.error());
             }
@@ -626,7 +745,8 @@ Expected<QList<NoteLog::Row>> NoteLog::rowsOf(const QList<Operation> &operations
     return rows;
 }
 
-Expected<QString> NoteLog::freeUUIDOfCopy(const Operation &copy, const QSet<QString> &taken) const {
+Expected<QString> NoteLog::freeUUIDOfCopy(const Operation &copy, const QSet<QString> &taken,
+                                          const HasNote &hasNote) {
     QString UUID = copy.UUIDOfCopy();
     for (;;) {
         // A note has this UUID already only if it was created on purpose.
@@ -762,16 +882,21 @@ Expected<QSqlQuery> NoteLog::prepareInsertion() const {
             " INSERT OR IGNORE INTO operations (database, digest, %1, position)"
             " SELECT database, digest, %1, coalesce("
             "  (SELECT position FROM operations AS o"
-            "   WHERE o.database = new.database AND o.note_uuid = new.note_uuid LIMIT 1),"
+            "   WHERE o.database = new.database AND o.note_uuid = new.note_uuid"
+            // The index with this order finds the note; another has all columns, but not this one.
+            "   ORDER BY o.modified LIMIT 1),"
             "  (SELECT position FROM operations AS o"
-            "   WHERE o.database = new.database AND o.digest = new.seen),"
+            "   WHERE o.database = new.database AND o.digest = new.seen"
+            // All rows of a position are read together.
+            "    AND NOT EXISTS (SELECT 1 FROM operations AS p WHERE p.database = o.database"
+            "     AND p.position = o.position LIMIT 1 OFFSET %3)),"
             "  (SELECT max(position) + 1 FROM operations AS o WHERE o.database = new.database), 0)"
             " FROM new WHERE NOT EXISTS (SELECT 1 FROM superseded AS s"
             "  WHERE s.database = new.database AND s.digest = new.digest)"
             // A row with other contents is damaged.
             " ON CONFLICT (database, digest) DO UPDATE SET (%1) = (%2) WHERE (%1) IS NOT (%2)"
             " RETURNING position")
-            .arg(contents, excluded));
+            .arg(contents, excluded, QString::number(MostRows - 1)));
 }
 
 Expected<void> NoteLog::insert(QSqlQuery &insertion, const Operation &operation,

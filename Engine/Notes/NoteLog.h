@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QSet>
+#include <functional>
 #include <utility>
 
 #include "Application/Interface/NoteDatabase.h"
@@ -40,6 +41,10 @@ public:
     /// Returns the operation in a row that begins with OperationColumns. It may be damaged.
     static Operation operationIn(const QSqlQuery &row);
 
+    /// Maximum number of edits at one position that are all read for the list of notes, so that a
+    /// store cannot exhaust the time of the main thread. Of more edits, about as many are read.
+    static constexpr int MostRows = 100;
+
     /// `profile` is not owned and must outlive this object. `database` is the id of the database's
     /// row, `lastAtOpening` that of its last operation when the profile was opened.
     NoteLog(const ProfileDatabase &profile, qint64 database, qint64 lastAtOpening = 0);
@@ -47,10 +52,11 @@ public:
     /// Returns the notes in the order in which they were added. A note with conflicting edits is
     /// followed by one copy for each of the other edits.
     Expected<QList<Note>> notes() const;
-    /// See NoteDatabase::rows, rowsAt and completeNote. The error of an edit that is not there has
-    /// the code InvalidDatabase.
+    /// See NoteDatabase::rows, rowsAt, hasMoreEdits and completeNote. The error of an edit that is
+    /// not there has the code InvalidDatabase.
     Expected<QList<NoteRow>> noteRows(qint64 from, int count) const;
     Expected<QList<NoteRow>> noteRowsAt(qint64 position) const;
+    Expected<bool> hasMoreEdits(const QString &note, qsizetype count) const;
     Expected<Note> completeNote(const Note &note) const;
     /// Returns the positions of the rows that this object may have changed since the last call.
     QSet<qint64> takeChangedPositions() const { return std::exchange(m_changedPositions, {}); }
@@ -145,18 +151,44 @@ private:
         QString conflict;
     };
 
-    /// Returns the rows of `operations`, which must be all of some positions, in their order.
-    Expected<QList<Row>> rowsOf(const QList<Operation> &operations) const;
+    /// An operation of a note, without its text, and where it is in the list.
+    struct Place {
+        Operation operation;
+        qint64 position = 0;
+        /// The id of its row.
+        qint64 id = 0;
+    };
+
+    /// Returns whether an operation has this UUID as `note`.
+    using HasNote = std::function<Expected<bool>(const QString &UUID)>;
+
+    /// Returns the rows of `operations`, which must be all of some notes or those that show, in
+    /// their order.
+    static Expected<QList<Row>> rowsOf(const QList<Operation> &operations, const HasNote &hasNote);
     Expected<QList<Row>> rows() const;
-    /// Returns the operations of notes that satisfy `condition`, without their texts, and their
-    /// positions, in the order of the list.
-    Expected<QList<std::pair<Operation, qint64>>> places(const QString &condition,
-                                                         const QVariantList &values) const;
-    Expected<QList<NoteRow>> noteRows(const QList<std::pair<Operation, qint64>> &places) const;
+    /// Returns the operations of notes in the rows of `source`, a table and a condition, at most
+    /// `most`, ordered by position and note.
+    Expected<QList<Place>> places(const QString &source, const QVariantList &values,
+                                  int most) const;
+    /// Returns rows from the position `from` on, one at least if there is one. Reads as many as
+    /// `count` operations, and the rows of one more position.
+    Expected<QList<NoteRow>> nextRows(qint64 from, int count) const;
+    /// Returns the rows of `places`; of a position with more than MostRows, the rows of some.
+    Expected<QList<NoteRow>> noteRows(const QList<Place> &places) const;
+    /// Returns the rows of one position.
+    Expected<QList<NoteRow>> noteRows(qint64 position, QList<Place> places) const;
+    /// Returns about MostRows of the rows of a position, with two at least of each conflict.
+    Expected<QList<NoteRow>> someRowsAt(qint64 position) const;
+    /// Returns the notes of a position. O(notes log n), however many edits they have.
+    Expected<QStringList> notesAt(qint64 position) const;
+    /// Returns about `most` of the edits of a note, with the one that shows first and, if there are
+    /// several, another one.
+    Expected<QList<Place>> somePlaces(qint64 position, const QString &note, int most) const;
     static Note noteOf(const Row &row);
     Expected<bool> hasNote(const QString &UUID) const;
     /// Returns the UUID as which `copy` shows, which neither a note has nor is `taken`.
-    Expected<QString> freeUUIDOfCopy(const Operation &copy, const QSet<QString> &taken) const;
+    static Expected<QString> freeUUIDOfCopy(const Operation &copy, const QSet<QString> &taken,
+                                            const HasNote &hasNote);
     Expected<QList<OperationId>> identifiers(const QString &condition,
                                              const QVariantList &values) const;
     Expected<QList<Operation>> select(const QString &condition, const QVariantList &values) const;

@@ -91,12 +91,13 @@ QStringList tablesOfNotes() {
             " text TEXT NOT NULL, modified INTEGER, supersedes BLOB NOT NULL,"
             " salt BLOB NOT NULL, position INTEGER NOT NULL,"
             " UNIQUE (database, digest))"),
-        // The index that earlier versions had instead.
+        // The indexes that earlier versions had instead.
         QStringLiteral("DROP INDEX IF EXISTS notes"),
+        QStringLiteral("DROP INDEX IF EXISTS order_of_notes"),
         QStringLiteral("CREATE INDEX IF NOT EXISTS operations_of_notes"
                        " ON operations (database, note_uuid, modified, digest)"),
-        QStringLiteral(
-            "CREATE INDEX IF NOT EXISTS order_of_notes ON operations (database, position)"),
+        QStringLiteral("CREATE INDEX IF NOT EXISTS places_of_notes"
+                       " ON operations (database, position, note_uuid)"),
         QStringLiteral("CREATE TABLE IF NOT EXISTS superseded ("
                        " database INTEGER NOT NULL REFERENCES databases (id) ON DELETE CASCADE,"
                        " digest BLOB NOT NULL, PRIMARY KEY (database, digest)) WITHOUT ROWID"),

@@ -34,6 +34,10 @@
             <numerusform>حُرِّرت هذه الملاحظة في %1 موضع.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>This note was edited in more places than the list shows. The other edits follow when you have decided about these.</source>
+        <translation>حُرِّرت هذه الملاحظة في مواضع أكثر مما تعرضه القائمة. تظهر التحريرات الأخرى بعد أن تقرر بشأن هذه.</translation>
+    </message>
 </context>
 <context>
     <name>ConflictDialog</name>

@@ -30,6 +30,10 @@
             <numerusform>Diese Notiz wurde an %1 Stellen bearbeitet.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>This note was edited in more places than the list shows. The other edits follow when you have decided about these.</source>
+        <translation>Diese Notiz wurde an mehr Stellen bearbeitet, als die Liste zeigt. Die anderen Fassungen folgen, wenn Sie über diese entschieden haben.</translation>
+    </message>
 </context>
 <context>
     <name>ConflictDialog</name>

@@ -30,6 +30,10 @@
             <numerusform>Esta nota se editó en %1 lugares.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>This note was edited in more places than the list shows. The other edits follow when you have decided about these.</source>
+        <translation>Esta nota se editó en más lugares de los que muestra la lista. Las demás versiones aparecerán cuando haya decidido sobre estas.</translation>
+    </message>
 </context>
 <context>
     <name>ConflictDialog</name>

@@ -30,6 +30,10 @@
             <numerusform>Cette note a été modifiée à %1 endroits.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>This note was edited in more places than the list shows. The other edits follow when you have decided about these.</source>
+        <translation>Cette note a été modifiée à plus d’endroits que la liste n’en montre. Les autres versions suivront quand vous aurez choisi parmi celles-ci.</translation>
+    </message>
 </context>
 <context>
     <name>ConflictDialog</name>

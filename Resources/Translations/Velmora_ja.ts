@@ -29,6 +29,10 @@
             <numerusform>このノートは%1か所で編集されました。</numerusform>
         </translation>
     </message>
+    <message>
+        <source>This note was edited in more places than the list shows. The other edits follow when you have decided about these.</source>
+        <translation>このノートは、リストに表示されているより多くの場所で編集されました。表示中の編集について決めると、残りが表示されます。</translation>
+    </message>
 </context>
 <context>
     <name>ConflictDialog</name>

@@ -628,6 +628,22 @@ private Q_SLOTS:
     }
 
     /// Edits, deletions, conflicts and their copies, in any order.
+    void ofManyEditsOfANoteSomeAreShown() {
+        constexpr int edits = 1000;
+        Transaction transaction;
+        for (int i = 0; i < edits; ++i) {
+            transaction.operations.append(
+                Operation::make(m_first.UUID, QStringLiteral("Edit"), {}, i, {}));
+        }
+        receive(transaction);
+        QTRY_VERIFY(list()->count() > 10);
+        QVERIFY(list()->count() < edits / 2);
+        const auto labels = m_view->findChildren<QLabel *>();
+        QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
+            return label->text().contains(QStringLiteral("in more places than the list shows"));
+        }));
+    }
+
     void theListShowsWhatTheDatabaseContains() {
         QRandomGenerator random(17);
         QList<Operation> all{newNote(QStringLiteral("0"))};

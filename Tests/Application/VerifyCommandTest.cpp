@@ -291,7 +291,7 @@ private Q_SLOTS:
 
     void aDamagedIndexIsReportedAndRebuilt() {
         DamagedIndex::make(profile() + QStringLiteral("/profile.sqlite"),
-                           QStringLiteral("order_of_notes"));
+                           QStringLiteral("places_of_notes"));
         const Run found = verify();
         QCOMPARE(found.exitCode, 1);
         QVERIFY2(found.errors.startsWith(QStringLiteral("An index of the profile “")),
@@ -307,7 +307,7 @@ private Q_SLOTS:
 
     void aDamagedPageOfAnIndexIsNamedWithTheNextStep() {
         DamagedIndex::make(profile() + QStringLiteral("/profile.sqlite"),
-                           QStringLiteral("order_of_notes"), DamagedIndex::Damage::Page);
+                           QStringLiteral("places_of_notes"), DamagedIndex::Damage::Page);
         const Run found = verify();
         QCOMPARE(found.exitCode, 1);
         QVERIFY2(found.errors.startsWith(QStringLiteral("An index of the profile “")),

@@ -65,7 +65,7 @@ inline std::unique_ptr<QWidget> comparison(TestHost & /*host*/, EventLog & /*log
 
 inline std::unique_ptr<QWidget> conflictBar(TestHost & /*host*/, EventLog & /*log*/) {
     auto bar = std::make_unique<ConflictBar>(nullptr);
-    bar->setCount(3);
+    bar->setCount(3, true);
     return bar;
 }
 

@@ -84,7 +84,13 @@ void upgrade(const QString &file) {
 
 /// Returns the statements that remove from a current profile what `version` did not have.
 QStringList removals(int version) {
-    QStringList statements;
+    QStringList statements{
+        QStringLiteral("DROP INDEX places_of_notes"),
+        QStringLiteral("CREATE INDEX order_of_notes ON operations (database, position)")};
+    const QStringList mark(QStringLiteral("PRAGMA user_version = %1").arg(version));
+    if (version == 5) {
+        return statements + mark;
+    }
     for (const char *column : {"date", "reason", "summary", "received", "sent", "problems"}) {
         statements.append(QStringLiteral("ALTER TABLE states DROP COLUMN result_%1")
                               .arg(QLatin1StringView(column)));
@@ -93,7 +99,7 @@ QStringList removals(int version) {
         statements +=
             {QStringLiteral("DROP TABLE versions"), QStringLiteral("DROP TABLE size_of_versions")};
     }
-    return statements + QStringList(QStringLiteral("PRAGMA user_version = %1").arg(version));
+    return statements + mark;
 }
 
 }  // namespace

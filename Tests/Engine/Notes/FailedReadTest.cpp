@@ -86,6 +86,7 @@ private Q_SLOTS:
         QCOMPARE(code(log().recountConflicts()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->rows(0, 10)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->rowsAt(1)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(database()->hasMoreEdits(note.UUID, 1)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->completeNote(all.last())), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().damagedOperations()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds(note.UUID)), EngineErrorCode::ProfileNotWritten);

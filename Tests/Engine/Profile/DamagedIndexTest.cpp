@@ -34,7 +34,7 @@ private:
         const QString connection = QStringLiteral("damaged-index-test");
         const QString indexes = QStringLiteral(
             "type = 'index' AND name IN"
-            " ('operations_of_notes', 'order_of_notes')");
+            " ('operations_of_notes', 'places_of_notes')");
         const auto run = [&](const QStringList &statements) {
             {
                 auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
@@ -112,7 +112,7 @@ private Q_SLOTS:
     void aDamagedIndexOfTheNotesIsRebuiltAtOpening_data() {
         QTest::addColumn<QString>("index");
         for (const char *index : {"sqlite_autoindex_operations_1", "operations_of_notes",
-                                  "order_of_notes", "versions_of_notes", "age_of_versions"}) {
+                                  "places_of_notes", "versions_of_notes", "age_of_versions"}) {
             QTest::addRow("%s", index) << QString::fromLatin1(index);
         }
     }
@@ -137,7 +137,7 @@ private Q_SLOTS:
         QTest::addColumn<Damage>("damage");
         QTest::addRow("databases")
             << QStringLiteral("sqlite_autoindex_databases_1") << Damage::Entry;
-        QTest::addRow("page") << QStringLiteral("order_of_notes") << Damage::Page;
+        QTest::addRow("page") << QStringLiteral("places_of_notes") << Damage::Page;
     }
     void anIndexThatIsNotRebuiltLeavesTheBackup() {
         QFETCH(QString, index);
@@ -170,7 +170,7 @@ private Q_SLOTS:
         m_host->addLocation();
         m_host->save();
         const QStringList latest = texts();
-        damage(QStringLiteral("order_of_notes"), Damage::Page);
+        damage(QStringLiteral("places_of_notes"), Damage::Page);
         QVERIFY(SyncEngine::beginProfile(m_directory));
         m_host->goToComputer(QStringLiteral("Profile"));
         QCOMPARE(texts(), latest);
@@ -189,7 +189,7 @@ private Q_SLOTS:
         makeLaterChanges();
         const QStringList latest = texts();
         m_host->goToComputer(QStringLiteral("Other"));
-        DamagedIndex::make(file(), QStringLiteral("order_of_notes"), Damage::Page);
+        DamagedIndex::make(file(), QStringLiteral("places_of_notes"), Damage::Page);
         DamagedIndex::makeRow(file(), QStringLiteral("operations"), "a later note");
         QVERIFY(SyncEngine::restoreBackup(m_directory));
         m_host->goToComputer(QStringLiteral("Profile"));
@@ -254,7 +254,7 @@ private Q_SLOTS:
     }
 
     void withoutSpaceForItTheProfileStaysAsItIs() {
-        damage(QStringLiteral("order_of_notes"));
+        damage(QStringLiteral("places_of_notes"));
         {
             const FaultyFileSystem disk(FaultyFileSystem::Fault::Full, 1,
                                         FaultyFileSystem::Duration::FromThenOn);
@@ -299,7 +299,7 @@ private Q_SLOTS:
         const ProfileBackups backups(m_directory);
         const QDate today(2026, 11, 22);
         QVERIFY(backups.make(today));
-        DamagedIndex::make(file(), QStringLiteral("order_of_notes"));
+        DamagedIndex::make(file(), QStringLiteral("places_of_notes"));
         const Expected<void> made = backups.make(today.addDays(1));
         QCOMPARE(code(made), EngineErrorCode::BackupFailed);
         QVERIFY2(
