@@ -2,16 +2,12 @@
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QStorageInfo>
-#include <QtSql/QSqlError>
 
+#include "Engine/Profile/SqliteCode.h"
 #include "Host/SyncStrings.h"
 
 namespace {
 
-/// SQLITE_FULL, SQLITE_IOERR and SQLITE_CANTOPEN.
-constexpr int Full = 13;
-constexpr int InputOutputError = 10;
-constexpr int CannotOpen = 14;
 constexpr qint64 LittleSpace = 1LL << 20;
 
 }  // namespace
@@ -22,9 +18,9 @@ bool FullDisk::isFull(const QString &path) {
 }
 
 bool FullDisk::isCauseOf(const QSqlError &error, const QString &path) {
-    constexpr int primaryCodes = 0xFF;
-    const int code = error.nativeErrorCode().toInt() & primaryCodes;
-    return code == Full || ((code == InputOutputError || code == CannotOpen) && isFull(path));
+    const SqliteCode code = sqliteCode(error);
+    const bool mayBeFull = code == SqliteCode::InputOutputError || code == SqliteCode::CannotOpen;
+    return code == SqliteCode::Full || (mayBeFull && isFull(path));
 }
 
 QString FullDisk::message(const QString &path) {

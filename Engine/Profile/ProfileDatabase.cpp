@@ -1,7 +1,5 @@
 #include "Engine/Profile/ProfileDatabase.h"
 
-#include <sqlite3.h>
-
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
@@ -17,6 +15,7 @@
 #include "Engine/Profile/ProfileReader.h"
 #include "Engine/Profile/ProfileRecovery.h"
 #include "Engine/Profile/ProfileSchema.h"
+#include "Engine/Profile/SqliteCode.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/ExactText.h"
 
@@ -379,11 +378,10 @@ QString ProfileDatabase::exactText(const QVariant &bytes) {
 
 Error ProfileDatabase::queryError(const QSqlQuery &query) const {
     const QSqlError error = query.lastError();
-    constexpr int primaryCode = 0xFF;
     if (FullDisk::isCauseOf(error, path())) {
         return engineError(EngineErrorCode::ProfileNotWritten, FullDisk::message(path()));
     }
-    const bool isDamage = (error.nativeErrorCode().toInt() & primaryCode) == SQLITE_CORRUPT;
+    const bool isDamage = sqliteCode(error) == SqliteCode::Corrupt;
     return engineError(
         EngineErrorCode::ProfileNotWritten,
         localizedSyncString(

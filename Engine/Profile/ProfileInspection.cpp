@@ -1,7 +1,5 @@
 #include "Engine/Profile/ProfileInspection.h"
 
-#include <sqlite3.h>
-
 #include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QVariant>
@@ -12,6 +10,7 @@
 #include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
+#include "Engine/Profile/SqliteCode.h"
 
 namespace {
 
@@ -204,10 +203,9 @@ Error ProfileInspection::unreadable(const QString &path) {
 }
 
 bool ProfileInspection::isInputOutputError(const QString &problem) {
-    constexpr int primaryCode = 0xFF;
     static const QRegularExpression code(QStringLiteral("error code[= ](\\d+)"));
     return problem.contains(QStringLiteral("failed to get page")) ||
-           (code.match(problem).captured(1).toInt() & primaryCode) == SQLITE_IOERR;
+           sqliteCode(code.match(problem).captured(1).toInt()) == SqliteCode::InputOutputError;
 }
 
 Expected<void> ProfileInspection::checkIntegrity(const QString &path,

@@ -1,7 +1,5 @@
 #include "Engine/Profile/ProfileRecovery.h"
 
-#include <sqlite3.h>
-
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -21,6 +19,7 @@
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
+#include "Engine/Profile/SqliteCode.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/DurableFile.h"
 #include "Platform/Foundation/SystemError.h"
@@ -202,9 +201,7 @@ Expected<bool> copyLocations(const QString &source, QSqlDatabase &target) {
     }
     query.exec(QStringLiteral("DETACH source"));
     // The rows of a damaged database may contradict each other.
-    constexpr int primaryCodes = 0xFF;
-    const bool isOfSource =
-        !canRead || (error.nativeErrorCode().toInt() & primaryCodes) == SQLITE_CONSTRAINT;
+    const bool isOfSource = !canRead || sqliteCode(error) == SqliteCode::Constraint;
     const QString file = target.databaseName();
     if (!isCopied && (!isOfSource || FullDisk::isCauseOf(error, file))) {
         return databaseFailure(file, error);

@@ -8,19 +8,19 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/FullDisk.h"
+#include "Engine/Profile/SqliteCode.h"
 #include "Host/SyncStrings.h"
 
 namespace {
 
 EngineErrorCode codeOf(const QSqlError &reason) {
-    constexpr int primaryCode = 0xFF;
-    switch (reason.nativeErrorCode().toInt() & primaryCode) {
-        case SQLITE_CORRUPT:
-        case SQLITE_NOTADB:
+    switch (sqliteCode(reason)) {
+        case SqliteCode::Corrupt:
+        case SqliteCode::NotADatabase:
         // Our statements are valid, so that this means a missing table or column.
-        case SQLITE_ERROR:
+        case SqliteCode::Error:
             return EngineErrorCode::ProfileDamaged;
-        case SQLITE_IOERR:
+        case SqliteCode::InputOutputError:
             return EngineErrorCode::ProfileUnreadable;
         default:
             return EngineErrorCode::ProfileUnusable;
