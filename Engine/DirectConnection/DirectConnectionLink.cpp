@@ -104,6 +104,15 @@ Error DirectConnectionLink::lost() const {
                        "The connection to “%1” was lost. Try again.", m_host);
 }
 
+Error DirectConnectionLink::notUnderstood(const QString &details) const {
+    Error error = engineError(
+        EngineErrorCode::StoreUnreachable,
+        "“%1” sent an invalid response. Use the same version of Velmora on both computers.",
+        m_host);
+    error.details = details;
+    return error;
+}
+
 Expected<void> DirectConnectionLink::startEncryption(const EngineFuture &future) {
     m_context.reset(SSL_CTX_new(TLS_client_method()));
     SSL_CTX_set_min_proto_version(m_context.get(), TLS1_3_VERSION);
@@ -156,13 +165,15 @@ Expected<DirectConnectionMessage::Received> DirectConnectionLink::receiveMessage
     return receive(DirectConnectionMessage::LengthSize, future)
         .map(DirectConnectionMessage::length)
         .and_then([&](qsizetype length) {
-            return length <= limit ? receive(length, future) : failure(lost());
+            return length <= limit ? receive(length, future)
+                                   : failure(notUnderstood(
+                                         DirectConnectionMessage::tooLarge().localizedDescription));
         })
-        .and_then([&](QByteArray &&body) -> Expected<DirectConnectionMessage::Received> {
-            auto message = DirectConnectionMessage::decode(std::move(body),
-                                                           DirectConnectionMessage::ResponseMemory);
-            return message ? Expected<DirectConnectionMessage::Received>(std::move(*message))
-                           : failure(lost());
+        .and_then([&](QByteArray &&body) {
+            return DirectConnectionMessage::decode(std::move(body),
+                                                   DirectConnectionMessage::ResponseMemory)
+                .map_error(
+                    [&](const Error &error) { return notUnderstood(error.localizedDescription); });
         });
 }
 

@@ -48,11 +48,15 @@ public:
 
     /// Sends `request`, an encoded message, which is wiped then unless another object shares it,
     /// and waits for the response. A response of more than `limit` bytes is a failure; no memory is
-    /// allocated for it. Must be called while connected. After a failure the server may have
-    /// processed the request.
+    /// allocated for it. Must be called while connected. Fails with notUnderstood() if the response
+    /// is not valid, and with another error of the same code if the connection is lost. After a
+    /// failure the server may have processed the request.
     Expected<DirectConnectionMessage::Received> exchange(QByteArray request, qsizetype limit,
                                                          const Timeouts &timeouts,
                                                          const EngineFuture &future);
+    /// Returns the error of a response that is not valid, with the code StoreUnreachable. `details`
+    /// say what is wrong with it; they may be empty. Must be called after connect().
+    Error notUnderstood(const QString &details = {}) const;
     /// Closes the connection without waiting for the server; serverFingerprint() stays. Idempotent.
     void disconnect();
 

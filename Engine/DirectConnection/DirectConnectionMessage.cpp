@@ -5,6 +5,9 @@
 #include <QtCore/QCborValue>
 #include <QtCore/QtEndian>
 
+#include "Engine/Foundation/EngineError.h"
+#include "Host/SyncStrings.h"
+
 using namespace DirectConnectionMessage;
 
 namespace {
@@ -13,45 +16,55 @@ namespace {
 constexpr qsizetype ItemMemory = 32;
 constexpr qsizetype ContainerMemory = 256;
 
-/// Skips a string without copying it.
-bool skipString(QCborStreamReader &reader) {
-    return reader.isLengthKnown() &&
-           reader.readStringChunk(nullptr, 0).status == QCborStreamReader::Ok &&
-           reader.readStringChunk(nullptr, 0).status == QCborStreamReader::EndOfString;
+Expected<void> validIf(bool isValid) {
+    return isValid ? Expected<void>() : failure(notValid());
 }
 
-/// Returns whether the reader is at a string of known length, which is at most `longest`.
-bool isAtShortString(const QCborStreamReader &reader, qsizetype longest) {
-    return reader.isLengthKnown() && reader.currentStringChunkSize() <= longest;
+/// Skips a string of known length without copying it.
+Expected<void> skipString(QCborStreamReader &reader) {
+    return validIf(reader.isLengthKnown() &&
+                   reader.readStringChunk(nullptr, 0).status == QCborStreamReader::Ok &&
+                   reader.readStringChunk(nullptr, 0).status == QCborStreamReader::EndOfString);
 }
 
-bool areItemsWithinLimits(QCborStreamReader &reader, int depth, qsizetype &memoryLeft);
+/// Fails unless the string at which the reader is has a known length, which is at most `longest`.
+Expected<void> checkLength(const QCborStreamReader &reader, qsizetype longest) {
+    if (!reader.isLengthKnown()) {
+        return failure(notValid());
+    }
+    return reader.currentStringChunkSize() <= longest ? Expected<void>() : failure(tooLarge());
+}
 
-/// Skips one item and returns whether it is within the limits.
-bool isItemWithinLimits(QCborStreamReader &reader, int depth, qsizetype &memoryLeft) {
+Expected<void> checkItems(QCborStreamReader &reader, int depth, qsizetype &memoryLeft);
+
+/// Skips one item. Fails if it is not within the limits.
+Expected<void> checkItem(QCborStreamReader &reader, int depth, qsizetype &memoryLeft) {
     const bool isString = reader.isString() || reader.isByteArray();
-    if (reader.isTag() || (isString && !isAtShortString(reader, LongestString))) {
-        return false;
+    const Expected<void> length =
+        isString ? checkLength(reader, LongestString) : validIf(!reader.isTag());
+    if (!length) {
+        return length;
     }
     memoryLeft -= reader.isContainer() ? ContainerMemory : ItemMemory;
     memoryLeft -= isString ? reader.currentStringChunkSize() : 0;
-    if (memoryLeft < 0) {
-        return false;
+    if (memoryLeft < 0 || (reader.isContainer() && depth >= DeepestNesting)) {
+        return failure(tooLarge());
     }
     if (reader.isContainer()) {
-        return depth < DeepestNesting && reader.enterContainer() &&
-               areItemsWithinLimits(reader, depth + 1, memoryLeft) && reader.leaveContainer();
+        return validIf(reader.enterContainer())
+            .and_then([&] { return checkItems(reader, depth + 1, memoryLeft); })
+            .and_then([&] { return validIf(reader.leaveContainer()); });
     }
-    return isString ? skipString(reader) : reader.next();
+    return isString ? skipString(reader) : validIf(reader.next());
 }
 
-bool areItemsWithinLimits(QCborStreamReader &reader, int depth, qsizetype &memoryLeft) {
+Expected<void> checkItems(QCborStreamReader &reader, int depth, qsizetype &memoryLeft) {
     while (reader.hasNext()) {
-        if (!isItemWithinLimits(reader, depth, memoryLeft)) {
-            return false;
+        if (Expected<void> item = checkItem(reader, depth, memoryLeft); !item) {
+            return item;
         }
     }
-    return reader.lastError() == QCborError::NoError;
+    return validIf(reader.lastError() == QCborError::NoError);
 }
 
 /// Where the contents are in a body.
@@ -60,39 +73,50 @@ struct Place {
     qsizetype size = 0;
 };
 
-/// Reads a short text. Returns an empty optional if it is not valid UTF-8, which QCborValue cannot
-/// hold.
-std::optional<QString> readKey(QCborStreamReader &reader) {
-    if (!reader.isString() || !isAtShortString(reader, LongestKey)) {
-        return {};
+/// Reads a short text. Fails if it is not valid UTF-8, which QCborValue cannot hold.
+Expected<QString> readKey(QCborStreamReader &reader) {
+    const Expected<void> length =
+        validIf(reader.isString()).and_then([&] { return checkLength(reader, LongestKey); });
+    if (!length) {
+        return failure(length.error());
     }
     QString text;
     auto piece = reader.readString();
     for (; piece.status == QCborStreamReader::Ok; piece = reader.readString()) {
         text += piece.data;
     }
-    return piece.status == QCborStreamReader::EndOfString ? std::optional(text) : std::nullopt;
+    return piece.status == QCborStreamReader::EndOfString ? Expected<QString>(text)
+                                                          : failure(notValid());
 }
 
-/// Reads `body`, which must be one map. Skips the contents, whose place it stores, and calls `take`
-/// with any other key and with the reader at its value. Returns false as soon as that does, or if
+/// Skips the contents, at which the reader is, and returns where they are.
+Expected<Place> readPlace(QCborStreamReader &reader) {
+    const qsizetype size = reader.isLengthKnown() ? reader.currentStringChunkSize() : 0;
+    return skipString(reader).map([&] { return Place{reader.currentOffset() - size, size}; });
+}
+
+/// Reads `body`, which must be one map. Skips the contents, whose place it returns, and calls
+/// `take` with any other key and with the reader at its value. Fails as soon as that does, or if
 /// anything is not valid.
 template <class Take>
-bool readMembers(const QByteArray &body, std::optional<Place> &contents, const Take &take) {
+Expected<std::optional<Place>> readMembers(const QByteArray &body, const Take &take) {
     QCborStreamReader reader(body);
-    bool isSound = reader.isMap() && reader.enterContainer();
-    for (int count = 0; isSound && reader.hasNext(); ++count) {
-        const std::optional<QString> key = count < MostMembers ? readKey(reader) : std::nullopt;
-        if (key == Contents && reader.isByteArray()) {
-            const qsizetype size = reader.isLengthKnown() ? reader.currentStringChunkSize() : 0;
-            isSound = skipString(reader);
-            contents = Place{reader.currentOffset() - size, size};
-        } else {
-            isSound = key && take(*key, reader);
-        }
+    std::optional<Place> contents;
+    Expected<void> read = validIf(reader.isMap() && reader.enterContainer());
+    for (int count = 0; read && reader.hasNext(); ++count) {
+        const Expected<QString> key = count < MostMembers ? readKey(reader) : failure(tooLarge());
+        read = key.and_then([&](const QString &name) -> Expected<void> {
+            return name == Contents && reader.isByteArray()
+                       ? readPlace(reader).map([&](const Place &place) { contents = place; })
+                       : take(name, reader);
+        });
     }
-    return isSound && reader.lastError() == QCborError::NoError && reader.leaveContainer() &&
-           reader.currentOffset() == body.size();
+    return read
+        .and_then([&] {
+            return validIf(reader.lastError() == QCborError::NoError && reader.leaveContainer() &&
+                           reader.currentOffset() == body.size());
+        })
+        .map([&] { return contents; });
 }
 
 }  // namespace
@@ -130,11 +154,10 @@ qsizetype DirectConnectionMessage::length(const QByteArray &start) {
     return qFromBigEndian<quint32>(start.constData());
 }
 
-std::optional<Received> DirectConnectionMessage::decode(QByteArray body, qsizetype memory) {
+Expected<Received> DirectConnectionMessage::decode(QByteArray body, qsizetype memory) {
     Received message;
-    std::optional<Place> contents;
-    const auto isWithinLimits = [&](const QString & /*key*/, QCborStreamReader &reader) {
-        return isItemWithinLimits(reader, 1, memory);
+    const auto check = [&](const QString & /*key*/, QCborStreamReader &reader) {
+        return checkItem(reader, 1, memory);
     };
     const auto take = [&](const QString &key, QCborStreamReader &reader) {
         const QCborValue value = QCborValue::fromCbor(reader);
@@ -143,16 +166,30 @@ std::optional<Received> DirectConnectionMessage::decode(QByteArray body, qsizety
         if (isSound) {
             message.values.insert(key, value);
         }
-        return isSound;
+        return validIf(isSound);
     };
     // Nothing is made of a body before all of it has been checked.
-    if (!readMembers(body, contents, isWithinLimits) || !readMembers(body, contents, take)) {
-        return {};
+    const Expected<std::optional<Place>> contents =
+        readMembers(body, check).and_then([&](const std::optional<Place> & /*contents*/) {
+            return readMembers(body, take);
+        });
+    if (!contents) {
+        return failure(contents.error());
     }
-    if (contents) {
-        body.remove(0, contents->position);
-        body.truncate(contents->size);
+    if (const std::optional<Place> &place = *contents) {
+        body.remove(0, place->position);
+        body.truncate(place->size);
         message.contents = std::move(body);
     }
     return message;
+}
+
+Error DirectConnectionMessage::notValid() {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       localizedSyncString("The message is not valid."));
+}
+
+Error DirectConnectionMessage::tooLarge() {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       localizedSyncString("The message is too large or has too many parts."));
 }

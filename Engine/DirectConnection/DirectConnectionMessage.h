@@ -5,6 +5,8 @@
 #include <QtCore/QString>
 #include <optional>
 
+#include "Platform/Foundation/Expected.h"
+
 /// The protocol of direct connections. Over TLS 1.3, each message consists of four bytes of length
 /// (big-endian) and a CBOR map (RFC 8949) of that length. Every request has a "type" and gets one
 /// response; unknown keys are ignored.
@@ -91,10 +93,15 @@ struct Received {
     /// The byte string "contents", if there is one.
     std::optional<QByteArray> contents;
 };
-/// Parses the bytes after the length, which are not trusted. Returns an empty optional unless they
-/// are exactly one map with text as keys, within the limits, without tags and without strings of
-/// unknown length. The values but the contents take at most about `memory` bytes. The contents use
-/// the memory of `body`, which should be moved here.
-std::optional<Received> decode(QByteArray body, qsizetype memory);
+/// Parses the bytes after the length, which are not trusted. Fails with notValid() unless they are
+/// exactly one map with text as keys, without tags and without strings of unknown length, and with
+/// tooLarge() if they are not within the limits. The values but the contents take at most about
+/// `memory` bytes. The contents use the memory of `body`, which should be moved here.
+Expected<Received> decode(QByteArray body, qsizetype memory);
+
+/// What is wrong with a message that was received, as a sentence for the details of an error. Both
+/// have the code StoreUnreachable.
+Error notValid();
+Error tooLarge();
 
 }  // namespace DirectConnectionMessage

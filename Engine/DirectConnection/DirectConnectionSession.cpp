@@ -117,9 +117,10 @@ void DirectConnectionSession::takeMessage() {
     m_size = 0;
     QByteArray body = std::exchange(m_received, {});
     body.remove(0, LengthSize);
-    if (const std::optional<Received> message = decode(std::move(body), RequestMemory)) {
+    if (const Expected<Received> message = decode(std::move(body), RequestMemory)) {
         handle(*message);
     } else {
+        // The sender learns it from the end of the connection. A log of it could be flooded.
         end();
     }
     Q_EMIT released();

@@ -88,7 +88,7 @@ Expected<QStringList> DirectConnectionStore::listFolder(const QString &folder,
     const bool isList = found.isArray() && std::all_of(array.begin(), array.end(),
                                                        [](auto name) { return name.isString(); });
     if (!isList) {
-        return failure(notUnderstood());
+        return failure(m_link.notUnderstood());
     }
     QStringList names;
     names.reserve(array.size());
@@ -108,7 +108,7 @@ Expected<QByteArray> DirectConnectionStore::readBlob(const QString &name, qint64
         return failure(response.error());
     }
     if (!response->contents) {
-        return failure(notUnderstood());
+        return failure(m_link.notUnderstood());
     }
     return response->contents->size() > limit ? failure(tooLong(name))
                                               : Expected<QByteArray>(*response->contents);
@@ -129,7 +129,7 @@ Expected<BlobStore::Written> DirectConnectionStore::writeBlob(const QString &nam
     }
     const QCborValue isNew = response->values[IsNew];
     if (!isNew.isBool()) {
-        return failure(notUnderstood());
+        return failure(m_link.notUnderstood());
     }
     return isNew.toBool() ? Written::New : Written::AlreadyThere;
 }
@@ -161,7 +161,7 @@ Expected<Received> DirectConnectionStore::request(const QCborMap &request, const
     }
     m_link.disconnect();
     const Expected<void> welcome = takeWelcome(values);
-    return failure(welcome ? notUnderstood() : welcome.error());
+    return failure(welcome ? m_link.notUnderstood() : welcome.error());
 }
 
 Expected<void> DirectConnectionStore::connectIfNeeded(const EngineFuture &future) {
@@ -230,7 +230,7 @@ Expected<void> DirectConnectionStore::pair(const EngineFuture &future) {
     }
     pairing.serverNonce = response->values[Nonce].toByteArray();
     if (pairing.serverNonce.size() != DirectConnectionPairing::RandomSize) {
-        return failure(notUnderstood());
+        return failure(m_link.notUnderstood());
     }
     if (!m_pairings->mayAsk(m_pairingKey)) {
         return failure(notAccepted());
@@ -280,14 +280,7 @@ Expected<void> DirectConnectionStore::takeWelcome(const QCborMap &response) cons
             "“%1” does not allow this computer to synchronize. Allow it there and try again.",
             URL().host()));
     }
-    return failure(notUnderstood());
-}
-
-Error DirectConnectionStore::notUnderstood() const {
-    return engineError(
-        EngineErrorCode::StoreUnreachable,
-        "“%1” sent an invalid response. Use the same version of Velmora on both computers.",
-        URL().host());
+    return failure(m_link.notUnderstood());
 }
 
 Error DirectConnectionStore::refusal(const QCborMap &response, const QString &name) const {

@@ -60,7 +60,6 @@ private:
     Error notAccepted() const;
     /// Returns an error unless `response` is "welcome".
     Expected<void> takeWelcome(const QCborMap &response) const;
-    Error notUnderstood() const;
     /// Returns the error for a "failed" response.
     Error refusal(const QCborMap &response, const QString &name) const;
 

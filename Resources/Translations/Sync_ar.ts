@@ -530,6 +530,10 @@
         <translation>أرسل الخادم «⁨%1⁩» استجابة غير صالحة. أعد المحاولة لاحقًا أو اسأل مدير الخادم.</translation>
     </message>
     <message>
+        <source>“%1” is missing from the response or is not valid.</source>
+        <translation>«⁨%1⁩» مفقود من الاستجابة أو غير صالح.</translation>
+    </message>
+    <message>
         <source>The server “%1” sent a response that is too long. Ask its administrator.</source>
         <translation>أرسل الخادم «⁨%1⁩» استجابة طويلة جدًا. اسأل مدير الخادم.</translation>
     </message>
@@ -1314,6 +1318,14 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message>
         <source>“%1” sent an invalid response. Use the same version of Velmora on both computers.</source>
         <translation>أرسل «⁨%1⁩» استجابة غير صالحة. استخدم إصدار Velmora نفسه على الحاسوبين.</translation>
+    </message>
+    <message>
+        <source>The message is not valid.</source>
+        <translation>الرسالة غير صالحة.</translation>
+    </message>
+    <message>
+        <source>The message is too large or has too many parts.</source>
+        <translation>الرسالة كبيرة جدًا أو بها أجزاء كثيرة جدًا.</translation>
     </message>
     <message>
         <source>The computer “%1” cannot read or write its sync store. Check its disk.</source>

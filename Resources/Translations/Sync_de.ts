@@ -522,6 +522,10 @@
         <translation>Der Server „%1“ hat eine ungültige Antwort gesendet. Versuchen Sie es später noch einmal, oder fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
+        <source>“%1” is missing from the response or is not valid.</source>
+        <translation>„%1“ fehlt in der Antwort oder ist ungültig.</translation>
+    </message>
+    <message>
         <source>The server “%1” sent a response that is too long. Ask its administrator.</source>
         <translation>Der Server „%1“ hat eine zu lange Antwort gesendet. Fragen Sie seinen Verwalter.</translation>
     </message>
@@ -1314,6 +1318,14 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>“%1” sent an invalid response. Use the same version of Velmora on both computers.</source>
         <translation>„%1“ hat eine ungültige Antwort gesendet. Verwenden Sie auf beiden Computern dieselbe Version von Velmora.</translation>
+    </message>
+    <message>
+        <source>The message is not valid.</source>
+        <translation>Die Nachricht ist ungültig.</translation>
+    </message>
+    <message>
+        <source>The message is too large or has too many parts.</source>
+        <translation>Die Nachricht ist zu groß oder hat zu viele Teile.</translation>
     </message>
     <message>
         <source>The computer “%1” cannot read or write its sync store. Check its disk.</source>

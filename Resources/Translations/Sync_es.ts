@@ -502,6 +502,10 @@
         <translation>El servidor «%1» ha enviado una respuesta no válida. Vuelva a intentarlo más tarde o consulte a su administrador.</translation>
     </message>
     <message>
+        <source>“%1” is missing from the response or is not valid.</source>
+        <translation>Falta «%1» en la respuesta o no es válido.</translation>
+    </message>
+    <message>
         <source>The server “%1” sent a response that is too long. Ask its administrator.</source>
         <translation>El servidor «%1» ha enviado una respuesta demasiado larga. Consulte a su administrador.</translation>
     </message>
@@ -1278,6 +1282,14 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
     <message>
         <source>“%1” sent an invalid response. Use the same version of Velmora on both computers.</source>
         <translation>«%1» ha enviado una respuesta no válida. Use la misma versión de Velmora en ambos equipos.</translation>
+    </message>
+    <message>
+        <source>The message is not valid.</source>
+        <translation>El mensaje no es válido.</translation>
+    </message>
+    <message>
+        <source>The message is too large or has too many parts.</source>
+        <translation>El mensaje es demasiado grande o tiene demasiadas partes.</translation>
     </message>
     <message>
         <source>The computer “%1” cannot read or write its sync store. Check its disk.</source>

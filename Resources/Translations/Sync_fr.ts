@@ -502,6 +502,10 @@
         <translation>Le serveur « %1 » a envoyé une réponse non valide. Réessayez plus tard ou adressez-vous à son administrateur.</translation>
     </message>
     <message>
+        <source>“%1” is missing from the response or is not valid.</source>
+        <translation>« %1 » manque dans la réponse ou n’est pas valide.</translation>
+    </message>
+    <message>
         <source>The server “%1” sent a response that is too long. Ask its administrator.</source>
         <translation>Le serveur « %1 » a envoyé une réponse trop longue. Adressez-vous à son administrateur.</translation>
     </message>
@@ -1278,6 +1282,14 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     <message>
         <source>“%1” sent an invalid response. Use the same version of Velmora on both computers.</source>
         <translation>« %1 » a envoyé une réponse non valide. Utilisez la même version de Velmora sur les deux ordinateurs.</translation>
+    </message>
+    <message>
+        <source>The message is not valid.</source>
+        <translation>Le message n’est pas valide.</translation>
+    </message>
+    <message>
+        <source>The message is too large or has too many parts.</source>
+        <translation>Le message est trop grand ou comporte trop de parties.</translation>
     </message>
     <message>
         <source>The computer “%1” cannot read or write its sync store. Check its disk.</source>

@@ -520,6 +520,10 @@
         <translation>サーバー「%1」が無効な応答を送信しました。後でもう一度試すか、サーバーの管理者に問い合わせてください。</translation>
     </message>
     <message>
+        <source>“%1” is missing from the response or is not valid.</source>
+        <translation>応答に「%1」がないか、無効です。</translation>
+    </message>
+    <message>
         <source>The server “%1” sent a response that is too long. Ask its administrator.</source>
         <translation>サーバー「%1」が送信した応答が長すぎます。サーバーの管理者に問い合わせてください。</translation>
     </message>
@@ -1294,6 +1298,14 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message>
         <source>“%1” sent an invalid response. Use the same version of Velmora on both computers.</source>
         <translation>「%1」が無効な応答を送信しました。両方のコンピューターで同じバージョンのVelmoraを使ってください。</translation>
+    </message>
+    <message>
+        <source>The message is not valid.</source>
+        <translation>メッセージが無効です。</translation>
+    </message>
+    <message>
+        <source>The message is too large or has too many parts.</source>
+        <translation>メッセージが大きすぎるか、部分が多すぎます。</translation>
     </message>
     <message>
         <source>The computer “%1” cannot read or write its sync store. Check its disk.</source>

@@ -11,8 +11,9 @@ using namespace FuzzInput;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const QByteArray body = expanded(bytes(data, size));
-    const std::optional<Received> message = decode(body, ResponseMemory);
+    const Expected<Received> message = decode(body, ResponseMemory);
     if (!message) {
+        require(!message.error().localizedDescription.isEmpty(), "an error says what is wrong");
         return 0;
     }
     require(encode(message->values).size() <= ResponseMemory + MostMembers * LongestKey,
@@ -31,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     }
     const QByteArray bytes = encode(values);
     require(length(bytes) == bytes.size() - LengthSize, "the length is that of the body");
-    const std::optional<Received> again = decode(bytes.mid(LengthSize), ResponseMemory);
+    const Expected<Received> again = decode(bytes.mid(LengthSize), ResponseMemory);
     require(again && again->contents == message->contents, "encoding undoes decoding");
     return 0;
 }

@@ -8,7 +8,7 @@ using namespace FuzzInput;
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const QString state = QStringLiteral("s3cret");
     const QByteArray request = expanded(bytes(data, size));
-    const std::optional<DropboxRedirect> redirect = DropboxRedirect::parse(request);
+    const Expected<DropboxRedirect> redirect = DropboxRedirect::parse(request);
     require(!redirect || request.startsWith("GET "), "only GET is a redirect");
     const std::optional<Expected<QString>> result =
         redirect ? redirect->result(state) : std::nullopt;

@@ -1,4 +1,4 @@
-// Any answer of the token endpoint is refused, or gives tokens that can be sent in a header.
+// Any response of the token endpoint is refused, or gives tokens that can be sent in a header.
 
 #include <algorithm>
 
@@ -8,8 +8,8 @@
 using namespace FuzzInput;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-    const std::optional<DropboxTokens> tokens =
-        DropboxTokens::fromResponse(expanded(bytes(data, size)));
+    const QUrl server(QStringLiteral("https://server.example"));
+    const auto tokens = DropboxTokens::fromResponse(expanded(bytes(data, size)), server);
     if (tokens) {
         const QByteArray all = tokens->access.toByteArray() + tokens->refresh.toByteArray();
         require(!tokens->access.isEmpty(), "there is a token");
@@ -18,6 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
         require(!tokens->expiry.isValid() ||
                     tokens->expiry > QDateTime::currentDateTimeUtc().addSecs(-60),
                 "tokens expire in the future");
+    } else {
+        require(!tokens.error().details.isEmpty(), "an error says what is wrong");
     }
     return 0;
 }

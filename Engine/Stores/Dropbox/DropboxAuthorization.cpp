@@ -157,8 +157,9 @@ Expected<QString> DropboxAuthorization::accountAddress(const DropboxConfiguratio
     if (response->status != HttpStatus::OK) {
         return failure(DropboxError::unexpected(*response, route));
     }
+    const QString emailKey = QStringLiteral("email");
     const QString email =
-        QJsonDocument::fromJson(response->body).object().value(QStringLiteral("email")).toString();
+        QJsonDocument::fromJson(response->body).object().value(emailKey).toString();
     return email.contains(u'@') ? Expected<QString>(email)
-                                : failure(DropboxError::notUnderstood(route));
+                                : failure(DropboxError::invalidValue(emailKey, route));
 }

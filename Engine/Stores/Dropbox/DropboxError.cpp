@@ -56,6 +56,13 @@ Error DropboxError::notUnderstood(const QUrl &server) {
         server.authority());
 }
 
+Error DropboxError::invalidValue(const QString &key, const QUrl &server) {
+    Error error = notUnderstood(server);
+    error.details =
+        localizedSyncString("“%1” is missing from the response or is not valid.").arg(key);
+    return error;
+}
+
 Error DropboxError::busy(const QUrl &server) {
     return engineError(EngineErrorCode::StoreUnreachable,
                        "The server “%1” is busy. Try again later.", server.authority());

@@ -5,12 +5,31 @@
 #include <QtCore/QJsonObject>
 #include <numeric>
 
-std::optional<DropboxListingPage> DropboxListingPage::parse(const QByteArray &response) {
+#include "Engine/Stores/Dropbox/DropboxError.h"
+
+namespace {
+
+const QString EntriesKey = QStringLiteral("entries");
+const QString HasMoreKey = QStringLiteral("has_more");
+const QString CursorKey = QStringLiteral("cursor");
+
+}  // namespace
+
+Expected<DropboxListingPage> DropboxListingPage::parse(const QByteArray &response,
+                                                       const QUrl &server) {
     const QJsonObject object = QJsonDocument::fromJson(response).object();
-    const QJsonValue entries = object.value(QStringLiteral("entries"));
-    const QJsonValue hasMore = object.value(QStringLiteral("has_more"));
-    DropboxListingPage page{
-        {}, object.value(QStringLiteral("cursor")).toString(), hasMore.toBool()};
+    const QJsonValue entries = object.value(EntriesKey);
+    const QJsonValue hasMore = object.value(HasMoreKey);
+    DropboxListingPage page{{}, object.value(CursorKey).toString(), hasMore.toBool()};
+    if (!entries.isArray()) {
+        return failure(DropboxError::invalidValue(EntriesKey, server));
+    }
+    if (!hasMore.isBool()) {
+        return failure(DropboxError::invalidValue(HasMoreKey, server));
+    }
+    if (page.hasMore && page.cursor.isEmpty()) {
+        return failure(DropboxError::invalidValue(CursorKey, server));
+    }
     const QJsonArray array = entries.toArray();
     for (const QJsonValue entry : array) {
         const QString kind = entry[QStringLiteral(".tag")].toString();
@@ -18,9 +37,7 @@ std::optional<DropboxListingPage> DropboxListingPage::parse(const QByteArray &re
             page.names.append(entry[QStringLiteral("name")].toString());
         }
     }
-    const bool isPage =
-        entries.isArray() && hasMore.isBool() && (!page.hasMore || !page.cursor.isEmpty());
-    return isPage ? std::optional(page) : std::nullopt;
+    return page;
 }
 
 qsizetype DropboxListingPage::memory() const {

@@ -2,7 +2,9 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QStringList>
-#include <optional>
+#include <QtCore/QUrl>
+
+#include "Platform/Foundation/Expected.h"
 
 /// A page of a folder's listing: the response of the routes "files/list_folder" and
 /// "files/list_folder/continue". A value.
@@ -14,10 +16,10 @@ struct DropboxListingPage {
     QString cursor;
     bool hasMore = false;
 
-    /// Parses `response`, which is not trusted. Returns an empty optional if it is not JSON, has no
-    /// array "entries" or no boolean "has_more", or announces a further page without a cursor;
-    /// unknown entries are ignored. Thread-safe. O(n).
-    static std::optional<DropboxListingPage> parse(const QByteArray &response);
+    /// Parses `response` of `server`, which is not trusted. Fails with DropboxError::invalidValue()
+    /// if it is not JSON, has no array "entries" or no boolean "has_more", or announces a further
+    /// page without a cursor; unknown entries are ignored. Thread-safe. O(n).
+    static Expected<DropboxListingPage> parse(const QByteArray &response, const QUrl &server);
     /// Returns the approximate memory for `names`, in bytes. The caller limits the sum of all
     /// pages, because their number is up to the server.
     qsizetype memory() const;

@@ -16,12 +16,19 @@ QString onlyValue(const QUrlQuery &query, const QString &name) {
 
 }  // namespace
 
-std::optional<DropboxRedirect> DropboxRedirect::parse(const QByteArray &request) {
+Error DropboxRedirect::notRequested() {
+    return engineError(EngineErrorCode::AccessDenied,
+                       localizedSyncString("Velmora has not requested this page. Close it, and "
+                                           "connect to Dropbox again in Velmora."));
+}
+
+Expected<DropboxRedirect> DropboxRedirect::parse(const QByteArray &request) {
     const QByteArrayList line = request.left(request.indexOf("\r\n")).split(' ');
     const QUrl target = QUrl::fromEncoded(line.value(1));
     const bool isOurs =
         line.size() == 3 && line.first() == "GET" && target.isRelative() && target.path() == Path;
-    return isOurs ? std::optional(DropboxRedirect(target.query(QUrl::FullyEncoded))) : std::nullopt;
+    return isOurs ? Expected<DropboxRedirect>(DropboxRedirect(target.query(QUrl::FullyEncoded)))
+                  : failure(notRequested());
 }
 
 std::optional<Expected<QString>> DropboxRedirect::result(const QString &state) const {

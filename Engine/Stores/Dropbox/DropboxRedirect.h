@@ -13,9 +13,12 @@ public:
     /// The path of the redirect address.
     static inline const QString Path = QStringLiteral("/dropbox");
 
-    /// Parses an HTTP request, of which only the first line is used. Returns an empty optional if
+    /// Parses an HTTP request, of which only the first line is used. Fails with notRequested() if
     /// it is not a GET request of the redirect address. Accepts any bytes.
-    static std::optional<DropboxRedirect> parse(const QByteArray &request);
+    static Expected<DropboxRedirect> parse(const QByteArray &request);
+    /// Returns the error, for the user in front of the browser, of a request that is not the result
+    /// of a sign-in. Has the code AccessDenied.
+    static Error notRequested();
 
     /// Returns the authorization code, or the error if the user refused or the response is not
     /// valid. Returns an empty optional if the request has another state than `state`, which was

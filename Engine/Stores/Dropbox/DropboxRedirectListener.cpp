@@ -85,14 +85,14 @@ void DropboxRedirectListener::read(QTcpSocket *socket) {
     const QByteArray request = socket->peek(LongestRequest);
     if (request.contains("\r\n\r\n")) {
         socket->skip(socket->bytesAvailable());
-        answer(socket, request);
+        respond(socket, request);
     } else if (request.size() == LongestRequest) {
         socket->abort();
     }
 }
 
-void DropboxRedirectListener::answer(QTcpSocket *socket, const QByteArray &request) {
-    const std::optional<DropboxRedirect> redirect = DropboxRedirect::parse(request);
+void DropboxRedirectListener::respond(QTcpSocket *socket, const QByteArray &request) {
+    const Expected<DropboxRedirect> redirect = DropboxRedirect::parse(request);
     const std::optional<Expected<QString>> result =
         redirect && !m_result ? redirect->result(m_state) : std::nullopt;
     if (result) {
@@ -101,10 +101,9 @@ void DropboxRedirectListener::answer(QTcpSocket *socket, const QByteArray &reque
         socket->write(httpResponse(
             "200 OK", localizedSyncString("You can close this window now and return to Velmora.")));
     } else {
-        socket->write(
-            httpResponse(redirect ? "400 Bad Request" : "404 Not Found",
-                         localizedSyncString("Velmora has not requested this page. Close it, "
-                                             "and connect to Dropbox again in Velmora.")));
+        const Error error = redirect ? DropboxRedirect::notRequested() : redirect.error();
+        socket->write(httpResponse(redirect ? "400 Bad Request" : "404 Not Found",
+                                   error.localizedDescription));
     }
     socket->disconnectFromHost();
     if (socket->state() != QAbstractSocket::UnconnectedState) {

@@ -40,7 +40,7 @@ private:
     /// without an end closes its connection.
     void accept();
     void read(QTcpSocket *socket);
-    void answer(QTcpSocket *socket, const QByteArray &request);
+    void respond(QTcpSocket *socket, const QByteArray &request);
 
     const QString m_state;
     QList<QTcpSocket *> m_sockets;

@@ -93,9 +93,9 @@ Expected<QStringList> DropboxStore::listFolder(const QString &folder, const Engi
         if (response->status != HttpStatus::OK) {
             return failure(routeError(*response, folder));
         }
-        const auto page = DropboxListingPage::parse(response->body);
+        const auto page = DropboxListingPage::parse(response->body, m_account.server());
         if (!page) {
-            break;
+            return failure(page.error());
         }
         names.append(page->names);
         memory += page->memory();

@@ -62,7 +62,5 @@ Expected<DropboxTokens> DropboxTokenEndpoint::ask(const QList<FormEncoding::Fiel
         return failure(isGrantRefused(*response) ? refusal
                                                  : DropboxError::unexpected(*response, address));
     }
-    const std::optional<DropboxTokens> tokens = DropboxTokens::fromResponse(response->body);
-    return tokens ? Expected<DropboxTokens>(*tokens)
-                  : failure(DropboxError::notUnderstood(address));
+    return DropboxTokens::fromResponse(response->body, address);
 }

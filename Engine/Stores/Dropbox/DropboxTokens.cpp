@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "Engine/Foundation/FoundSecret.h"
+#include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Platform/Security/Keychain.h"
 
 namespace {
@@ -13,6 +14,11 @@ const QString TokensService = QStringLiteral("Velmora Dropbox");
 const QString AccessKey = QStringLiteral("access");
 const QString RefreshKey = QStringLiteral("refresh");
 const QString ExpiryKey = QStringLiteral("expiry");
+
+// Of a response.
+const QString AccessTokenKey = QStringLiteral("access_token");
+const QString RefreshTokenKey = QStringLiteral("refresh_token");
+const QString TokenTypeKey = QStringLiteral("token_type");
 
 /// Maximum time between sending a request and its arrival.
 constexpr qint64 SecondsOnTheWay = 60;
@@ -44,16 +50,21 @@ std::optional<DropboxTokens> parsed(const std::optional<SecretBytes> &secret) {
 
 }  // namespace
 
-std::optional<DropboxTokens> DropboxTokens::fromResponse(const QByteArray &response) {
+Expected<DropboxTokens> DropboxTokens::fromResponse(const QByteArray &response,
+                                                    const QUrl &server) {
     const QJsonObject object = QJsonDocument::fromJson(response).object();
-    DropboxTokens tokens{.access = object.value(QStringLiteral("access_token")).toString(),
-                         .refresh = object.value(QStringLiteral("refresh_token")).toString()};
-    const QString type = object.value(QStringLiteral("token_type")).toString();
+    DropboxTokens tokens{.access = object.value(AccessTokenKey).toString(),
+                         .refresh = object.value(RefreshTokenKey).toString()};
+    const QString type = object.value(TokenTypeKey).toString();
     const double seconds = object.value(QStringLiteral("expires_in")).toDouble();
-    if (tokens.access.isEmpty() || !isToken(tokens.access.view()) ||
-        !isToken(tokens.refresh.view()) ||
-        type.compare(QStringLiteral("bearer"), Qt::CaseInsensitive) != 0) {
-        return std::nullopt;
+    if (tokens.access.isEmpty() || !isToken(tokens.access.view())) {
+        return failure(DropboxError::invalidValue(AccessTokenKey, server));
+    }
+    if (!isToken(tokens.refresh.view())) {
+        return failure(DropboxError::invalidValue(RefreshTokenKey, server));
+    }
+    if (type.compare(QStringLiteral("bearer"), Qt::CaseInsensitive) != 0) {
+        return failure(DropboxError::invalidValue(TokenTypeKey, server));
     }
     if (seconds > 0) {
         tokens.expiry = QDateTime::currentDateTimeUtc().addSecs(

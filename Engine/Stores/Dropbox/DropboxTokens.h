@@ -2,6 +2,7 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDateTime>
+#include <QtCore/QUrl>
 #include <functional>
 #include <optional>
 
@@ -20,11 +21,12 @@ struct DropboxTokens {
     /// When `access` expires; invalid if that is not known.
     QDateTime expiry = {};
 
-    /// Parses the response of the token endpoint (RFC 6749, section 5.1), which is not trusted.
-    /// Returns an empty optional if it is not valid: no access token, characters that cannot be
-    /// sent in a header, or another type than "bearer" (in any case). `expiry` is computed with
-    /// this computer's clock and at most ten years away. Thread-safe.
-    static std::optional<DropboxTokens> fromResponse(const QByteArray &response);
+    /// Parses the response of the token endpoint `server` (RFC 6749, section 5.1), which is not
+    /// trusted. Fails with DropboxError::invalidValue() if there is no access token, a token has
+    /// characters that cannot be sent in a header, or the type is another than "bearer" (in any
+    /// case). `expiry` is computed with this computer's clock and at most ten years away.
+    /// Thread-safe.
+    static Expected<DropboxTokens> fromResponse(const QByteArray &response, const QUrl &server);
 
     /// Returns the stored tokens of the account with the address `account`; empty if there are
     /// none, they are not valid, or there is no password service. Returns an error of the code

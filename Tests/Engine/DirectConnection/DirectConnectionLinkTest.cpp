@@ -89,10 +89,13 @@ private Q_SLOTS:
         {
             DirectConnectionLink link;
             connectTo(Quick, link);
-            QCOMPARE(
-                code(link.exchange(listRequest(), DirectConnectionMessage::LimitBeforeAuthorization,
-                                   {std::chrono::seconds(10)}, m_future)),
-                EngineErrorCode::StoreUnreachable);
+            const auto result =
+                link.exchange(listRequest(), DirectConnectionMessage::LimitBeforeAuthorization,
+                              {std::chrono::seconds(10)}, m_future);
+            QVERIFY(!result);
+            const QString tooLarge = DirectConnectionMessage::tooLarge().localizedDescription;
+            QCOMPARE(result.error(), link.notUnderstood(tooLarge));
+            QCOMPARE(result.error().details, tooLarge);
             QVERIFY(!link.isConnected());
         }
         DirectConnectionLink link;
@@ -103,6 +106,22 @@ private Q_SLOTS:
         QCOMPARE(answer->contents, QByteArray(10000, 'x'));
         QCOMPARE(answer->values, DirectConnectionMessage::ofType(DirectConnectionMessage::Done));
         link.disconnect();
+    }
+
+    void aResponseThatIsNoMessageIsNotReportedAsALostConnection() {
+        const auto identity = DirectConnectionIdentity::load(m_folder.path());
+        m_peer = std::make_unique<DirectConnectionPeer>(
+            *identity, QByteArrayList{QByteArray("\0\0\0\4text", 8)}, Quick);
+        DirectConnectionLink link;
+        QCOMPARE(description(link.connect(QStringLiteral("127.0.0.1"), m_peer->port(), m_future)),
+                 QString());
+        const auto result = link.exchange(listRequest(), DirectConnectionMessage::Limit,
+                                          {std::chrono::minutes(1)}, m_future);
+        QCOMPARE(description(result),
+                 QStringLiteral("“127.0.0.1” sent an invalid response. Use the same version of "
+                                "Velmora on both computers."));
+        QCOMPARE(result.error().details, DirectConnectionMessage::notValid().localizedDescription);
+        QVERIFY(!link.isConnected());
     }
 
     void anOldErrorOfTheThreadDoesNotEndTheConnection() {

@@ -48,9 +48,45 @@ private Q_SLOTS:
         using namespace DirectConnectionMessage;
         QFETCH(const QByteArray, body);
         const PeakMemory memory;
-        const bool isRead = decode(body, ResponseMemory).has_value();
+        const Expected<Received> message = decode(body, ResponseMemory);
         QCOMPARE_LE(memory.growth(), LargestIncrease);
-        QVERIFY(!isRead);
+        QVERIFY(!message);
+        QCOMPARE(message.error(), tooLarge());
+    }
+
+    void whatIsWrongWithAMessageIsReported_data() {
+        using namespace DirectConnectionMessage;
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<Error>("error");
+        QTest::newRow("nothing") << QByteArray() << notValid();
+        QTest::newRow("a number") << QByteArray("\x01") << notValid();
+        QTest::newRow("a list") << QByteArray("\x80") << notValid();
+        QTest::newRow("a truncated map") << QByteArray("\xa1\x61x") << notValid();
+        QTest::newRow("more than a map") << QByteArray("\xa0\x01") << notValid();
+        QTest::newRow("a number as key") << QByteArray("\xa1\x01\x01") << notValid();
+        QTest::newRow("a key that is not UTF-8") << QByteArray("\xa1\x61\xff\x01") << notValid();
+        QTest::newRow("a key of unknown length")
+            << QByteArray("\xa1\x7f\x61x\xff\x01") << notValid();
+        QTest::newRow("a text that is not UTF-8") << QByteArray("\xa1\x61x\x61\xff") << notValid();
+        QTest::newRow("a tag") << QByteArray("\xa1\x61x\xc1\x01") << notValid();
+        QTest::newRow("a text in a list that ends early")
+            << QByteArray("\xa1\x61x\x81\x62y") << notValid();
+        QTest::newRow("nested") << QByteArray("\xa1\x61x" + QByteArray(DeepestNesting, '\x81') +
+                                              "\x01")
+                                << tooLarge();
+        QByteArray members("\xbf");
+        for (int number = 0; number <= MostMembers; ++number) {
+            members += "\x62" + QByteArray::number(number).rightJustified(2, '0') + "\x01";
+        }
+        QTest::newRow("members") << members + '\xff' << tooLarge();
+    }
+    void whatIsWrongWithAMessageIsReported() {
+        QFETCH(const QByteArray, body);
+        QFETCH(const Error, error);
+        const auto message =
+            DirectConnectionMessage::decode(body, DirectConnectionMessage::ResponseMemory);
+        QVERIFY(!message);
+        QCOMPARE(message.error(), error);
     }
 
     void theLongestListOfRecordsIsRead() {

@@ -6,6 +6,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/SecretStore.h"
@@ -515,25 +516,43 @@ private Q_SLOTS:
     void onlyTokensThatAHeaderCanCarryAreTaken_data() {
         QTest::addColumn<QByteArray>("access");
         QTest::addColumn<QByteArray>("refresh");
-        QTest::addColumn<bool>("isTaken");
-        QTest::newRow("printable") << QByteArray("!a~") << QByteArray("r") << true;
-        QTest::newRow("no refresh token") << QByteArray("a") << QByteArray() << true;
-        QTest::newRow("no access token") << QByteArray() << QByteArray("r") << false;
-        QTest::newRow("blank") << QByteArray("a b") << QByteArray("r") << false;
-        QTest::newRow("line break") << QByteArray("a\\r\\nX: y") << QByteArray("r") << false;
-        QTest::newRow("DEL") << QByteArray("a\x7f") << QByteArray("r") << false;
-        QTest::newRow("not ASCII") << QByteArray("\xc3\xa4") << QByteArray("r") << false;
+        QTest::addColumn<QString>("invalid");
+        const QString accessKey = QStringLiteral("access_token");
+        QTest::newRow("printable") << QByteArray("!a~") << QByteArray("r") << QString();
+        QTest::newRow("no refresh token") << QByteArray("a") << QByteArray() << QString();
+        QTest::newRow("no access token") << QByteArray() << QByteArray("r") << accessKey;
+        QTest::newRow("blank") << QByteArray("a b") << QByteArray("r") << accessKey;
+        QTest::newRow("line break") << QByteArray("a\\r\\nX: y") << QByteArray("r") << accessKey;
+        QTest::newRow("DEL") << QByteArray("a\x7f") << QByteArray("r") << accessKey;
+        QTest::newRow("not ASCII") << QByteArray("\xc3\xa4") << QByteArray("r") << accessKey;
         QTest::newRow("blank in the refresh token")
-            << QByteArray("a") << QByteArray("r s") << false;
+            << QByteArray("a") << QByteArray("r s") << QStringLiteral("refresh_token");
     }
     void onlyTokensThatAHeaderCanCarryAreTaken() {
         QFETCH(QByteArray, access);
         QFETCH(QByteArray, refresh);
+        QFETCH(QString, invalid);
+        const QUrl server(QStringLiteral("https://server.example/token"));
         const auto tokens =
             DropboxTokens::fromResponse(R"({"token_type":"bearer","access_token":")" + access +
-                                        R"(","refresh_token":")" + refresh + R"("})");
-        QTEST(tokens.has_value(), "isTaken");
-        QCOMPARE(tokens.value_or(DropboxTokens()).access, tokens ? access : QByteArray());
+                                            R"(","refresh_token":")" + refresh + R"("})",
+                                        server);
+        QCOMPARE(tokens.has_value(), invalid.isEmpty());
+        if (tokens) {
+            QCOMPARE(tokens->access, access);
+        } else {
+            QCOMPARE(tokens.error(), DropboxError::notUnderstood(server));
+            QVERIFY2(tokens.error().details.contains(u'“' + invalid + u'”'),
+                     qPrintable(tokens.error().details));
+        }
+    }
+
+    void tokensOfAnotherTypeAreRefused() {
+        const auto tokens =
+            DropboxTokens::fromResponse(R"({"token_type":"mac","access_token":"a"})",
+                                        QUrl(QStringLiteral("https://a.example")));
+        QVERIFY(!tokens);
+        QVERIFY(tokens.error().details.contains(QStringLiteral("token_type")));
     }
 
     void withoutABrowserItSaysSo() {

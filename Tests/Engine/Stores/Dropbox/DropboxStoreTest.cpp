@@ -220,10 +220,28 @@ private Q_SLOTS:
                  qPrintable(QString::number(m_server->count(ContinuePath))));
     }
 
-    void anIncompleteListWithoutCursorIsInvalid() {
-        m_server->setAnswer(ListPath, 200, R"({"entries":[],"cursor":"","has_more":true})");
-        QVERIFY(description(list(QStringLiteral("databases")))
-                    .contains(QStringLiteral("sent an invalid response")));
+    void anInvalidPageIsReportedWithWhatIsWrong_data() {
+        QTest::addColumn<QByteArray>("page");
+        QTest::addColumn<QString>("key");
+        const QString entries = QStringLiteral("entries");
+        QTest::newRow("not JSON") << QByteArray("[") << entries;
+        QTest::newRow("no entries") << QByteArray(R"({"has_more":false})") << entries;
+        QTest::newRow("entries that are none")
+            << QByteArray(R"({"entries":{},"has_more":false})") << entries;
+        QTest::newRow("no end") << QByteArray(R"({"entries":[]})") << QStringLiteral("has_more");
+        QTest::newRow("incomplete without cursor")
+            << QByteArray(R"({"entries":[],"cursor":"","has_more":true})")
+            << QStringLiteral("cursor");
+    }
+    void anInvalidPageIsReportedWithWhatIsWrong() {
+        QFETCH(const QByteArray, page);
+        QFETCH(const QString, key);
+        m_server->setAnswer(ListPath, 200, page);
+        const Expected<QStringList> result = list(QStringLiteral("databases"));
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+        QVERIFY(description(result).contains(QStringLiteral("sent an invalid response")));
+        QCOMPARE(result.error().details,
+                 QStringLiteral("“%1” is missing from the response or is not valid.").arg(key));
     }
 
     void aMissingBlobHasItsOwnError() {
