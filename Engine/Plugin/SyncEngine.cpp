@@ -115,6 +115,7 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
     m_isOpen = opened.has_value();
     if (m_isOpen) {
         logIfFailed(m_profile.protection());
+        logIfFailed(ProfileRecovery::removeUnfinished(m_profile.directory()));
         reportRebuiltIndexes();
     }
     if (m_isOpen && use == ProfileUse::Run) {

@@ -7,8 +7,6 @@
 #include <QtCore/QStorageInfo>
 #include <QtCore/QVariant>
 #include <QtSql/QSqlError>
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
 
 #include "Application/Interface/ProfileConstants.h"
@@ -18,6 +16,7 @@
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/DurableFile.h"
+#include "Platform/Foundation/FileManager.h"
 
 namespace {
 
@@ -48,33 +47,35 @@ QString sizeText(qint64 bytes) {
 }
 
 /// The folder is made on demand; the disk is that of the profile.
-bool makeFolder(const QString &path) {
-    return QFileInfo(path).isDir() ||
-           QDir().mkdir(path,
-                        QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+Expected<void> makeFolder(const QString &path) {
+    return QFileInfo(path).isDir() ? Expected<void>() : FileManager::createDirectory(path);
 }
 
 /// Returns the names of the plain files in `folder`, or none if it does not exist.
 Expected<QStringList> filesIn(const QString &folder) {
-    using Entries = std::filesystem::directory_iterator;
-    QStringList names;
-    std::error_code error;
-    // std::filesystem reports errors; QDir returns an empty list.
-    for (Entries each(QFile::encodeName(folder).toStdString(), error); !error && each != Entries();
-         each.increment(error)) {
-        std::error_code unknown;
-        if (each->symlink_status(unknown).type() == std::filesystem::file_type::regular) {
-            names.append(QFile::decodeName(each->path().filename().c_str()));
-        }
-    }
-    if (error && error != std::errc::no_such_file_or_directory) {
-        return failure(
-            engineError(EngineErrorCode::BackupFailed,
-                        localizedSyncString("The folder “%1” with the backups of the profile "
-                                            "cannot be read: %2")
-                            .arg(folder, QString::fromStdString(error.message()))));
-    }
-    return names;
+    return FileManager::names(folder, std::filesystem::file_type::regular)
+        .map_error([&](const Error &error) {
+            return engineError(
+                EngineErrorCode::BackupFailed,
+                localizedSyncString("The folder “%1” with the backups of the profile "
+                                    "cannot be read: %2")
+                    .arg(folder, error.localizedFailureReason));
+        });
+}
+
+/// Removes a file. Has no effect if it is gone. `text` is the message of the error.
+Expected<void> removeFile(const QString &path, const QString &text) {
+    return FileManager::removeFile(path).map_error([&](const Error &error) {
+        return engineError(EngineErrorCode::BackupFailed,
+                           text.arg(path, error.localizedFailureReason));
+    });
+}
+
+/// Removes a backup that is not needed any more.
+Expected<void> removeOld(const QString &path) {
+    return removeFile(path, localizedSyncString(
+                                "The old backup “%1” cannot be removed: %2. Check the permissions "
+                                "of its folder and its disk."));
 }
 
 Expected<Counts> countsIn(const ReadOnlyConnection &database) {
@@ -110,19 +111,6 @@ bool isBetween(const Counts &counts, const Counts &before, const Counts &after) 
         }
     }
     return true;
-}
-
-/// Removes an old backup. Has no effect if it is gone.
-Expected<void> removeFile(const QString &path) {
-    QFile file(path);
-    if (file.remove() || !file.exists()) {
-        return {};
-    }
-    return failure(engineError(
-        EngineErrorCode::BackupFailed,
-        localizedSyncString("The old backup “%1” cannot be removed: %2. Check the permissions of "
-                            "its folder and its disk.")
-            .arg(path, file.errorString())));
 }
 
 Error damagedBackup(const QString &path) {
@@ -203,13 +191,12 @@ Expected<void> ProfileBackups::make(const QDate &today, const std::atomic_bool *
     if (Expected<void> checked = check(); !checked) {
         return checked;
     }
-    if (!makeFolder(m_folder)) {
-        return notMade(m_profile,
-                       systemReason(QString::fromLocal8Bit(std::strerror(errno)), m_folder));
+    if (const Expected<void> made = makeFolder(m_folder); !made) {
+        return notMade(m_profile, systemReason(made.error().localizedFailureReason, m_folder));
     }
     const QString path = m_folder + u'/' + today.toString(Qt::ISODate) + Suffix;
     const QString unfinished = path + UnfinishedSuffix;
-    removeUnfinished();
+    const Expected<void> removed = removeUnfinished();
     QString damaged;
     return checkSpace()
         .and_then([&] { return writeCopy(unfinished, isCancelled); })
@@ -229,10 +216,17 @@ Expected<void> ProfileBackups::make(const QDate &today, const std::atomic_bool *
             return damaged.isEmpty() ? removeBeyondLimits(today)
                                      : keepBeforeDamage(today, damaged, inspect);
         })
-        .map_error([&](const Error &error) {
-            removeUnfinished();
-            return error;
-        });
+        .and_then([&] { return removed; })
+        .map_error([&](const Error &error) { return withRemaining(error); });
+}
+
+Error ProfileBackups::withRemaining(const Error &error) const {
+    const Expected<void> removed = removeUnfinished();
+    return removed || removed.error() == error
+               ? error
+               : engineError(
+                     EngineErrorCode::BackupFailed,
+                     error.localizedDescription + u' ' + removed.error().localizedDescription);
 }
 
 Expected<void> ProfileBackups::publish(const QString &unfinished, const QString &path,
@@ -299,11 +293,20 @@ Expected<void> ProfileBackups::writeCopy(const QString &path,
         });
 }
 
-void ProfileBackups::removeUnfinished() const {
-    const QStringList names = QDir(m_folder).entryList({u'*' + UnfinishedSuffix + u'*'});
-    for (const QString &name : names) {
-        QFile::remove(m_folder + u'/' + name);
-    }
+Expected<void> ProfileBackups::removeUnfinished() const {
+    return filesIn(m_folder).and_then([&](const QStringList &names) {
+        Expected<void> removed;
+        for (const QString &name : names) {
+            if (name.contains(UnfinishedSuffix)) {
+                removed = removeFile(m_folder + u'/' + name,
+                                     localizedSyncString(
+                                         "The unfinished backup “%1” cannot be removed: %2. Check "
+                                         "the permissions of its folder and its disk."))
+                              .and_then([&] { return removed; });
+            }
+        }
+        return removed;
+    });
 }
 
 Expected<void> ProfileBackups::removeBeyondLimits(const QDate &today) const {
@@ -315,7 +318,7 @@ Expected<void> ProfileBackups::removeBeyondLimits(const QDate &today) const {
             bytes += QFileInfo(backup.path).size();
             ++count;
             if (backup.date != today && (count > m_limits.count || bytes > m_limits.bytes)) {
-                removed = removeFile(backup.path).and_then([&] { return removed; });
+                removed = removeOld(backup.path).and_then([&] { return removed; });
             }
         }
         return removed;
@@ -332,7 +335,7 @@ Expected<void> ProfileBackups::keepBeforeDamage(const QDate &today, const QStrin
                                        [&](const Backup &each) { return each.date != today; });
     const bool isObsolete =
         previous != backups->end() && !inspect(previous->path).value_or(QString()).isEmpty();
-    const Expected<void> removed = isObsolete ? removeFile(previous->path) : Expected<void>();
+    const Expected<void> removed = isObsolete ? removeOld(previous->path) : Expected<void>();
     QString text =
         localizedSyncString(
             "The profile “%1” has damaged or lost notes: %2. Synchronize, so that they are read "

@@ -52,9 +52,11 @@ public:
     Expected<bool> isDue(const QDate &today) const;
     /// Makes the backup of the day `today`, replacing one of the same day, and removes the oldest
     /// ones beyond the limits. The profile may be in use. A backup gets its name only after it was
-    /// verified and written to the disk; a failure leaves the earlier backups as they are. Fails
-    /// soon after `isCancelled`, which may be null, has become true, and with the error of `check`,
-    /// which is called before anything is written and before the backup gets its name.
+    /// verified and written to the disk; a failure leaves the earlier backups as they are. If old
+    /// backups, or what earlier attempts have left, cannot be removed, the backup is made and an
+    /// error says so. Fails soon after `isCancelled`, which may be null, has become true, and with
+    /// the error of `check`, which is called before anything is written and before the backup gets
+    /// its name.
     ///
     /// If `inspect` finds such notes, the backup is made and an error names them. It replaces
     /// the latest one with such notes, and no earlier one is removed: it may have them sound.
@@ -77,7 +79,10 @@ private:
     Expected<void> publish(const QString &unfinished, const QString &path,
                            const Check &check) const;
     /// Removes the files that failed or interrupted attempts have left.
-    void removeUnfinished() const;
+    Expected<void> removeUnfinished() const;
+    /// Removes what the attempt that failed with `error` has left. Returns `error`, and also names
+    /// what cannot be removed.
+    Error withRemaining(const Error &error) const;
     Expected<void> removeBeyondLimits(const QDate &today) const;
     /// Keeps the earlier backups, except for the latest one if it has such notes, too. Returns
     /// an error that names the notes `damaged`.

@@ -123,9 +123,7 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
     if (!QFileInfo::exists(path())) {
         return createFile(fill);
     }
-    return checkOrRepair().and_then([&] { return openFile(fill, convertNotes); }).map([this] {
-        ProfileRecovery::removeUnfinished(m_directory);
-    });
+    return checkOrRepair().and_then([&] { return openFile(fill, convertNotes); });
 }
 
 Expected<void> ProfileDatabase::createFile(const Changes &fill) {

@@ -3,6 +3,7 @@
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 #include <QtCore/QTemporaryDir>
 #include <QtSql/QSqlDatabase>
@@ -22,6 +23,7 @@
 #include "Engine/Profile/SqliteCode.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/DurableFile.h"
+#include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/SystemError.h"
 
 namespace {
@@ -495,12 +497,32 @@ Expected<bool> ProfileRecovery::rebuildIndexes(const QString &directory) {
         });
 }
 
-void ProfileRecovery::removeUnfinished(const QString &directory) {
+Expected<void> ProfileRecovery::removeUnfinished(const QString &directory) {
     // QTemporaryDir replaces the template by six letters.
-    const QString letters = QStringLiteral("[a-zA-Z]").repeated(6);
-    const QStringList folders = QDir(directory).entryList(
-        {UnfinishedPrefix + letters}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
-    for (const QString &folder : folders) {
-        QDir(directory + u'/' + folder).removeRecursively();
-    }
+    static const QRegularExpression copies(QRegularExpression::anchoredPattern(
+        QRegularExpression::escape(UnfinishedPrefix) + QStringLiteral("[a-zA-Z]{6}")));
+    const auto remaining = [](const QString &path) {
+        return [path](const Error &error) {
+            return engineError(EngineErrorCode::BackupFailed,
+                               localizedSyncString(
+                                   "Files that an interrupted recovery has left in “%1” cannot be "
+                                   "removed: %2. Check the permissions of the folder and its disk.")
+                                   .arg(path, error.localizedFailureReason));
+        };
+    };
+    return FileManager::names(directory, std::filesystem::file_type::directory)
+        .map_error(remaining(directory))
+        .and_then([&](const QStringList &names) {
+            Expected<void> removed;
+            for (const QString &name : names) {
+                const QString path = directory + u'/' + name;
+                if (copies.match(name).hasMatch()) {
+                    removed =
+                        FileManager::removeFolder(path).map_error(remaining(path)).and_then([&] {
+                            return removed;
+                        });
+                }
+            }
+            return removed;
+        });
 }

@@ -51,6 +51,7 @@ Expected<bool> rebuildIndexes(const QString &directory);
 
 /// Removes the copies that an interrupted call of the functions above has left in the folder of a
 /// profile that is locked and sound. Their originals are the backups and the damaged profiles.
-void removeUnfinished(const QString &directory);
+/// Fails if some remain, which harms nothing but takes up space.
+Expected<void> removeUnfinished(const QString &directory);
 
 }  // namespace ProfileRecovery

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <filesystem>
 
 #include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
@@ -13,5 +14,20 @@ namespace FileManager {
 /// name exists already, if the parent directory does not exist, or if the file system refuses. The
 /// error's reason is that of the system. The folder is not flushed to the disk.
 PLATFORM_EXPORT Expected<void> createDirectory(const QString &path);
+
+/// Returns the names of the entries of the folder `path` that have the type `type`, in no order;
+/// none if the folder does not exist. A symbolic link has a type of its own. Returns an error if
+/// the folder cannot be read, of which QDir would return no names. The error's reason is that of
+/// the system.
+PLATFORM_EXPORT Expected<QStringList> names(const QString &path, std::filesystem::file_type type);
+
+/// Removes the file or symbolic link `path`. Has no effect if there is none. Fails if it is a
+/// folder. The error's reason is that of the system.
+PLATFORM_EXPORT Expected<void> removeFile(const QString &path);
+
+/// Removes the folder `path` and all that it contains. Symbolic links are removed, not followed.
+/// Has no effect if there is none. After an error a part may have been removed. The error's reason
+/// is that of the system.
+PLATFORM_EXPORT Expected<void> removeFolder(const QString &path);
 
 }  // namespace FileManager

@@ -1830,6 +1830,14 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>تتعذر إزالة النسخة الاحتياطية القديمة «⁨%1⁩»: %2. تحقق من أذونات مجلدها ومن قرصها.</translation>
     </message>
     <message>
+        <source>The unfinished backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
+        <translation>تتعذر إزالة النسخة الاحتياطية غير المكتملة «⁨%1⁩»: ⁨%2⁩. تحقق من أذونات مجلدها ومن قرصها.</translation>
+    </message>
+    <message>
+        <source>Files that an interrupted recovery has left in “%1” cannot be removed: %2. Check the permissions of the folder and its disk.</source>
+        <translation>تتعذر إزالة الملفات التي تركتها عملية استرداد متوقفة في «⁨%1⁩»: ⁨%2⁩. تحقق من أذونات المجلد ومن قرصه.</translation>
+    </message>
+    <message>
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
         <translation>أحد فهارس ملف التعريف «⁨%1⁩» تالف على نحو لا يمكن إصلاحه. يعرض Velmora عند بدء تشغيله استعادة نسخة احتياطية.</translation>
     </message>
@@ -1915,6 +1923,14 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message>
         <source>The folder “%1” could not be created. Check the permissions of the folder that contains it, or choose another one.</source>
         <translation>تعذر إنشاء المجلد «⁨%1⁩». تحقق من أذونات المجلد الذي يحتويه، أو اختر مجلدًا آخر.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” could not be read. Check its permissions and its disk.</source>
+        <translation>تعذرت قراءة المجلد «⁨%1⁩». تحقق من أذوناته ومن قرصه.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be removed. Check the permissions of its folder and its disk.</source>
+        <translation>تعذرت إزالة «⁨%1⁩». تحقق من أذونات مجلده ومن قرصه.</translation>
     </message>
     <message>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>

@@ -1806,6 +1806,14 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Die alte Sicherungskopie „%1“ kann nicht entfernt werden: %2. Prüfen Sie die Zugriffsrechte ihres Ordners und ihren Datenträger.</translation>
     </message>
     <message>
+        <source>The unfinished backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
+        <translation>Die unfertige Sicherungskopie „%1“ kann nicht entfernt werden: %2. Prüfen Sie die Zugriffsrechte ihres Ordners und den Datenträger.</translation>
+    </message>
+    <message>
+        <source>Files that an interrupted recovery has left in “%1” cannot be removed: %2. Check the permissions of the folder and its disk.</source>
+        <translation>Dateien, die eine unterbrochene Wiederherstellung in „%1“ hinterlassen hat, können nicht entfernt werden: %2. Prüfen Sie die Zugriffsrechte des Ordners und den Datenträger.</translation>
+    </message>
+    <message>
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
         <translation>Ein Index des Profils „%1“ ist so beschädigt, dass er nicht repariert werden kann. Beim Start bietet Velmora an, eine Sicherungskopie wiederherzustellen.</translation>
     </message>
@@ -1891,6 +1899,14 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>The folder “%1” could not be created. Check the permissions of the folder that contains it, or choose another one.</source>
         <translation>Der Ordner „%1“ konnte nicht angelegt werden. Prüfen Sie die Zugriffsrechte des übergeordneten Ordners oder wählen Sie einen anderen.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” could not be read. Check its permissions and its disk.</source>
+        <translation>Der Ordner „%1“ konnte nicht gelesen werden. Prüfen Sie seine Zugriffsrechte und den Datenträger.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be removed. Check the permissions of its folder and its disk.</source>
+        <translation>„%1“ konnte nicht entfernt werden. Prüfen Sie die Zugriffsrechte des Ordners und den Datenträger.</translation>
     </message>
     <message>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>

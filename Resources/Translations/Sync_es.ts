@@ -1806,6 +1806,14 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>No se puede eliminar la copia de seguridad antigua «%1»: %2. Compruebe los permisos de su carpeta y su disco.</translation>
     </message>
     <message>
+        <source>The unfinished backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
+        <translation>No se puede eliminar la copia de seguridad inacabada «%1»: %2. Compruebe los permisos de su carpeta y su disco.</translation>
+    </message>
+    <message>
+        <source>Files that an interrupted recovery has left in “%1” cannot be removed: %2. Check the permissions of the folder and its disk.</source>
+        <translation>No se pueden eliminar los archivos que una recuperación interrumpida ha dejado en «%1»: %2. Compruebe los permisos de la carpeta y su disco.</translation>
+    </message>
+    <message>
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
         <translation>Un índice del perfil «%1» está dañado de un modo que no se puede reparar. Al iniciarse, Velmora ofrece restaurar una copia de seguridad.</translation>
     </message>
@@ -1891,6 +1899,14 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
     <message>
         <source>The folder “%1” could not be created. Check the permissions of the folder that contains it, or choose another one.</source>
         <translation>No se pudo crear la carpeta «%1». Compruebe los permisos de la carpeta que la contiene o elija otra.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” could not be read. Check its permissions and its disk.</source>
+        <translation>No se pudo leer la carpeta «%1». Compruebe sus permisos y su disco.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be removed. Check the permissions of its folder and its disk.</source>
+        <translation>No se pudo eliminar «%1». Compruebe los permisos de su carpeta y su disco.</translation>
     </message>
     <message>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>

@@ -1806,6 +1806,14 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>L’ancienne sauvegarde « %1 » ne peut pas être supprimée : %2. Vérifiez les droits d’accès de son dossier et son disque.</translation>
     </message>
     <message>
+        <source>The unfinished backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
+        <translation>La sauvegarde inachevée « %1 » ne peut pas être supprimée : %2. Vérifiez les droits d’accès de son dossier et son disque.</translation>
+    </message>
+    <message>
+        <source>Files that an interrupted recovery has left in “%1” cannot be removed: %2. Check the permissions of the folder and its disk.</source>
+        <translation>Des fichiers qu’une récupération interrompue a laissés dans « %1 » ne peuvent pas être supprimés : %2. Vérifiez les droits d’accès du dossier et son disque.</translation>
+    </message>
+    <message>
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
         <translation>Un index du profil « %1 » est endommagé au point de ne pas pouvoir être réparé. À son démarrage, Velmora propose de restaurer une sauvegarde.</translation>
     </message>
@@ -1891,6 +1899,14 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     <message>
         <source>The folder “%1” could not be created. Check the permissions of the folder that contains it, or choose another one.</source>
         <translation>Le dossier « %1 » n’a pas pu être créé. Vérifiez les droits d’accès du dossier parent, ou choisissez un autre dossier.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” could not be read. Check its permissions and its disk.</source>
+        <translation>Le dossier « %1 » n’a pas pu être lu. Vérifiez ses droits d’accès et son disque.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be removed. Check the permissions of its folder and its disk.</source>
+        <translation>« %1 » n’a pas pu être supprimé. Vérifiez les droits d’accès de son dossier et son disque.</translation>
     </message>
     <message>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>

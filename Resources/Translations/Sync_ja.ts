@@ -1800,6 +1800,14 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>古いバックアップ「%1」を削除できません: %2。フォルダーのアクセス権とディスクを確認してください。</translation>
     </message>
     <message>
+        <source>The unfinished backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
+        <translation>未完成のバックアップ「%1」を削除できません: %2。フォルダーのアクセス権とディスクを確認してください。</translation>
+    </message>
+    <message>
+        <source>Files that an interrupted recovery has left in “%1” cannot be removed: %2. Check the permissions of the folder and its disk.</source>
+        <translation>中断された復元が「%1」に残したファイルを削除できません: %2。フォルダーのアクセス権とディスクを確認してください。</translation>
+    </message>
+    <message>
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
         <translation>プロファイル「%1」の索引が修復できない形で破損しています。Velmoraは起動時に、バックアップからの復元を提案します。</translation>
     </message>
@@ -1885,6 +1893,14 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message>
         <source>The folder “%1” could not be created. Check the permissions of the folder that contains it, or choose another one.</source>
         <translation>フォルダー「%1」を作成できませんでした。親フォルダーのアクセス権を確認するか、別のフォルダーを選んでください。</translation>
+    </message>
+    <message>
+        <source>The folder “%1” could not be read. Check its permissions and its disk.</source>
+        <translation>フォルダー「%1」を読み取れませんでした。アクセス権とディスクを確認してください。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be removed. Check the permissions of its folder and its disk.</source>
+        <translation>「%1」を削除できませんでした。フォルダーのアクセス権とディスクを確認してください。</translation>
     </message>
     <message>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>

@@ -116,10 +116,15 @@ ssize_t transferUnlessFailing(const char *call, Need need, int file, size_t size
 // These hide the functions of the C library from the program, but not from other libraries.
 extern "C" {
 
-// Except this one, which the platform's library calls.
+// Except these, which the platform's library calls.
 [[gnu::visibility("default")]] int rename(const char *oldName, const char *newName) noexcept {
     static const auto next = hidden(&rename, "rename");
     return fails("rename", Need::Space, AT_FDCWD, newName) ? failed(-1) : next(oldName, newName);
+}
+
+[[gnu::visibility("default")]] int unlinkat(int folder, const char *name, int flags) noexcept {
+    static const auto next = hidden(&unlinkat, "unlinkat");
+    return fails("unlinkat", Need::Nothing, folder, name) ? failed(-1) : next(folder, name, flags);
 }
 
 int open(const char *name, int flags, ...) {
@@ -183,11 +188,6 @@ int linkat(int oldFolder, const char *oldName, int newFolder, const char *newNam
     return fails("linkat", Need::Space, newFolder, newName)
                ? failed(-1)
                : next(oldFolder, oldName, newFolder, newName, flags);
-}
-
-int unlinkat(int folder, const char *name, int flags) noexcept {
-    static const auto next = hidden(&unlinkat, "unlinkat");
-    return fails("unlinkat", Need::Nothing, folder, name) ? failed(-1) : next(folder, name, flags);
 }
 
 int mkdirat(int folder, const char *name, mode_t mode) noexcept {

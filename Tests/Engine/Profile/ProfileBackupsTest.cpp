@@ -573,6 +573,66 @@ private Q_SLOTS:
         QCOMPARE(titles(), QStringList{QStringLiteral("first")});
     }
 
+    void copiesThatCannotBeRemovedAreReported() {
+        const QString copies = m_host->directory() + QStringLiteral("/.velmora-recovery-aBcDeF");
+        QVERIFY(QDir().mkdir(copies));
+        const auto removeWithFailing = [this](int call) {
+            Expected<void> removed;
+            runWithFailingSystemCall(call, EACCES, [&] {
+                removed = ProfileRecovery::removeUnfinished(m_host->directory());
+            });
+            return description(removed);
+        };
+        const QString text = QStringLiteral(
+            "Files that an interrupted recovery has left in “%1” cannot be removed: "
+            "Permission denied. Check the permissions of the folder and its disk.");
+        QCOMPARE(removeWithFailing(SYS_rmdir), text.arg(copies));
+        QCOMPARE(removeWithFailing(SYS_openat), text.arg(m_host->directory()));
+        QVERIFY(ProfileRecovery::removeUnfinished(m_host->directory()));
+        QVERIFY(!QFileInfo::exists(copies));
+    }
+
+    void whatAnAttemptHasLeftAndCannotBeRemovedIsReportedBesideTheBackup() {
+        const ProfileBackups backups(m_host->directory());
+        QVERIFY(backups.make(m_today.addDays(-1)));
+        const QString left = pathFor(m_today.addDays(-2)) + QStringLiteral(".unfinished");
+        QVERIFY(QFile::copy(file(), left));
+        {
+            const FaultyFolder disk(left, FaultyFolder::Fault::Error, 1,
+                                    FaultyFolder::Duration::FromThenOn);
+            const Expected<void> made = backups.make(m_today);
+            QCOMPARE(code(made), EngineErrorCode::BackupFailed);
+            QCOMPARE(description(made),
+                     QStringLiteral("The unfinished backup “%1” cannot be removed: Input/output "
+                                    "error. Check the permissions of its folder and its disk.")
+                         .arg(left));
+        }
+        QVERIFY(ProfileBackups::verify(pathFor(m_today)));
+        QVERIFY(backups.make(m_today));
+        QVERIFY(!QFileInfo::exists(left));
+    }
+
+    void aFailedBackupNamesWhatItHasLeft() {
+        const ProfileBackups backups(m_host->directory());
+        const QString left = pathFor(m_today) + QStringLiteral(".unfinished");
+        {
+            const FaultyFolder disk(left, FaultyFolder::Fault::Error, 1,
+                                    FaultyFolder::Duration::FromThenOn);
+            const Expected<void> made = backups.make(
+                m_today, nullptr, [] { return Expected<void>(); },
+                [](const QString & /*path*/) -> Expected<QString> {
+                    return failure(engineError(EngineErrorCode::ProfileUnreadable,
+                                               QStringLiteral("The disk is broken.")));
+                });
+            QCOMPARE(code(made), EngineErrorCode::BackupFailed);
+            QVERIFY2(description(made).contains(QStringLiteral("The disk is broken.")),
+                     qPrintable(description(made)));
+            QVERIFY2(description(made).contains(left), qPrintable(description(made)));
+        }
+        QVERIFY(backups.make(m_today));
+        QCOMPARE(names(), QStringList{QStringLiteral("2026-11-22.sqlite")});
+    }
+
     /// A part of the damaged profile would be in each of two folders.
     void aDamagedProfileIsSetAsideAsAWholeOrNotAtAll_data() {
         QTest::addColumn<bool>("isNew");
