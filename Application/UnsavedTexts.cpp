@@ -58,6 +58,13 @@ bool allocateReserve(const QString &path) {
     return file.isValid() && posix_fallocate(file.number(), 0, UnsavedTexts::ReserveSize) == 0;
 }
 
+Error unreadableFolder(const QString &folder, const QString &reason) {
+    return journalError(
+        textOf("The folder “%1”, which may contain texts that were not saved, cannot be read.")
+            .arg(folder),
+        reason + u'\n' + textOf("Check its permissions and its disk, and start Velmora again."));
+}
+
 /// Returns the names of the files in `folder`; none if it does not exist. QDir would return none
 /// either if the folder cannot be read.
 Expected<QStringList> namesIn(const QString &folder) {
@@ -72,11 +79,7 @@ Expected<QStringList> namesIn(const QString &folder) {
         }
     }
     if (error && error != std::errc::no_such_file_or_directory) {
-        return failure(journalError(
-            textOf("The folder “%1”, which may contain texts that were not saved, cannot be read.")
-                .arg(folder),
-            QString::fromStdString(error.message()) + u'\n' +
-                textOf("Check its permissions and its disk, and start Velmora again.")));
+        return failure(unreadableFolder(folder, QString::fromStdString(error.message())));
     }
     return names;
 }
@@ -175,20 +178,24 @@ UnsavedTexts::UnsavedTexts(const QString &profileFolder, const QString &inboxUUI
       m_reserve(profileFolder + QStringLiteral("/reserve")),
       m_digests({shortDigest(pathOf(profileFolder)), shortDigest(inboxUUID)}) {}
 
-bool UnsavedTexts::isProfileThere() const {
-    return m_identity && FileIdentity::of(m_database) == m_identity;
+Expected<bool> UnsavedTexts::isProfileThere() const {
+    return m_identity.and_then([&](const std::optional<FileIdentity> &identity) {
+        return FileIdentity::of(m_database).map([&](const std::optional<FileIdentity> &found) {
+            return identity && found == identity;
+        });
+    });
 }
 
 bool UnsavedTexts::isUsable(const QString &folder) const {
-    return folder == m_folders.first() ? isProfileThere() : QDir().mkpath(folder);
+    return folder == m_folders.first() ? isProfileThere().value_or(false) : QDir().mkpath(folder);
 }
 
 bool UnsavedTexts::useReserve() const {
-    return isProfileThere() && QFile::remove(m_reserve);
+    return isProfileThere().value_or(false) && QFile::remove(m_reserve);
 }
 
 void UnsavedTexts::makeReserve() const {
-    if (!isProfileThere() || QFileInfo(m_reserve).size() == ReserveSize ||
+    if (!isProfileThere().value_or(false) || QFileInfo(m_reserve).size() == ReserveSize ||
         QStorageInfo(m_folders.first()).bytesAvailable() < ReservesThatFit * ReserveSize) {
         return;
     }
@@ -237,7 +244,11 @@ Expected<void> UnsavedTexts::remove(const QString &noteUUID) const {
 }
 
 Expected<QStringList> UnsavedTexts::filesIn(const QString &folder, const QString &note) const {
-    if (folder == m_folders.first() && !isProfileThere()) {
+    const Expected<bool> isThere = folder == m_folders.first() ? isProfileThere() : true;
+    if (!isThere) {
+        return failure(unreadableFolder(folder, isThere.error().localizedFailureReason));
+    }
+    if (!*isThere) {
         return QStringList();
     }
     const QString any = QStringLiteral("*");

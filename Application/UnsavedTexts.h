@@ -52,9 +52,9 @@ public:
     Restored restore(const NoteLibrary &library) const;
 
 private:
-    /// Whether the profile folder still is the one of the open profile. Without the database, files
-    /// in it would prevent a new profile there.
-    bool isProfileThere() const;
+    /// Returns whether the profile folder still is the one of the open profile. Without the
+    /// database, files in it would prevent a new profile there. Fails if it cannot be reached.
+    Expected<bool> isProfileThere() const;
     /// Whether a text can be kept in `folder`.
     bool isUsable(const QString &folder) const;
     /// Removes the reserve. Returns whether that has made room.
@@ -62,7 +62,7 @@ private:
     /// Has no effect if the reserve exists or there is little room.
     void makeReserve() const;
     /// Returns the paths of the profile's texts in `folder`, of the notes whose digest matches the
-    /// pattern `note`. Fails if the folder exists but cannot be read.
+    /// pattern `note`. Fails if the folder cannot be read.
     Expected<QStringList> filesIn(const QString &folder, const QString &note) const;
 
     /// The folders that outlive the session, in order of preference.
@@ -71,7 +71,7 @@ private:
     QStringList m_folders;
     QString m_database;
     /// Of the database, when this object was made.
-    std::optional<FileIdentity> m_identity;
+    Expected<std::optional<FileIdentity>> m_identity;
     QString m_reserve;
     /// Parts of the names of the profile's files. In its folder, all texts are the profile's.
     /// Elsewhere one part is enough: the folder may be moved, and get another profile.

@@ -61,6 +61,13 @@ Expected<void> checkUnused(const QString &directory) {
         "The folder “%1” contains other files and no profile. Choose an empty folder.", directory);
 }
 
+Error notOpened(const QString &path, const QString &reason) {
+    return engineError(EngineErrorCode::ProfileUnusable,
+                       localizedSyncString("The profile “%1” cannot be opened: %2. Check its disk "
+                                           "and its permissions, then try again.")
+                           .arg(path, reason));
+}
+
 }  // namespace
 
 ProfileDatabase::ProfileDatabase()
@@ -169,12 +176,9 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
     if (!m_database.open()) {
         const QSqlError error = m_database.lastError();
         return failure(
-            engineError(EngineErrorCode::ProfileUnusable,
-                        FullDisk::isCauseOf(error, path())
-                            ? FullDisk::message(path())
-                            : localizedSyncString("The profile “%1” cannot be opened: %2. Check "
-                                                  "its disk and its permissions, then try again.")
-                                  .arg(path(), error.databaseText())));
+            FullDisk::isCauseOf(error, path())
+                ? engineError(EngineErrorCode::ProfileUnusable, FullDisk::message(path()))
+                : notOpened(path(), error.databaseText()));
     }
     if (Expected<void> set = executeAll(connectionSettings()); !set) {
         return set;
@@ -183,7 +187,9 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
     if (!version) {
         return failure(version.error());
     }
-    rememberFiles();
+    if (Expected<void> remembered = rememberFiles(); !remembered) {
+        return remembered;
+    }
     if (version->toInt() == 0) {
         return create(fill);
     }
@@ -355,11 +361,14 @@ Expected<void> ProfileDatabase::write(const Changes &changes) const {
     return done.and_then([&] { return checkFiles(); });
 }
 
-void ProfileDatabase::rememberFiles() {
+Expected<void> ProfileDatabase::rememberFiles() {
+    Expected<void> remembered;
     for (const QString &file :
          {path(), ProfileFolder::logOf(path()), m_directory + u'/' + ProfileLock::FileName}) {
-        m_files.add(file);
+        remembered = remembered.and_then([&] { return m_files.add(file); });
     }
+    return remembered.map_error(
+        [&](const Error &error) { return notOpened(path(), error.localizedFailureReason); });
 }
 
 QVariant ProfileDatabase::text(const QString &string) {

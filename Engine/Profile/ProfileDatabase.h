@@ -96,11 +96,11 @@ public:
     /// Calls `changes` within a transaction and commits it. If `changes` or the commit fails,
     /// nothing is changed and that error is returned. Must not be nested: the inner call returns an
     /// error. Also returns an error if a file of the profile was moved, deleted or replaced since
-    /// it was opened: what was written would not be found there.
+    /// it was opened, or cannot be reached: what was written would not be found there.
     Expected<void> write(const Changes &changes) const;
 
     /// Returns an error if a file of the profile was moved, deleted or replaced since it was
-    /// opened. To be called before another file is written into the folder.
+    /// opened, or cannot be reached. To be called before another file is written into the folder.
     Expected<void> checkFiles() const { return m_files.check(); }
     /// Returns the files that are open; for checkFiles() on another thread.
     ProfileFiles files() const { return m_files; }
@@ -136,7 +136,7 @@ private:
     Expected<void> upgradeNotes(const Changes &convertNotes) const;
     Expected<void> executeAll(const QStringList &statements) const;
     /// Remembers which files are open.
-    void rememberFiles();
+    Expected<void> rememberFiles();
     Error queryError(const QSqlQuery &query) const;
     void closeFile();
 

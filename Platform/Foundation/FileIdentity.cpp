@@ -3,11 +3,23 @@
 #include <sys/stat.h>
 
 #include <QtCore/QFile>
+#include <cerrno>
 
-std::optional<FileIdentity> FileIdentity::of(const QString &path) {
+#include "Platform/Foundation/Localization.h"
+#include "Platform/Foundation/SystemError.h"
+
+Expected<std::optional<FileIdentity>> FileIdentity::of(const QString &path) {
     struct stat found {};
-    if (stat(QFile::encodeName(path).constData(), &found) != 0) {
+    if (stat(QFile::encodeName(path).constData(), &found) == 0) {
+        return FileIdentity{found.st_dev, found.st_ino};
+    }
+    const int number = errno;
+    if (number == ENOENT || number == ENOTDIR) {
         return std::nullopt;
     }
-    return FileIdentity{found.st_dev, found.st_ino};
+    return failure(systemError(
+        number, localizedString(PlatformTable,
+                                "“%1” cannot be reached. Check the permissions of the folders that "
+                                "contain it and its disk.")
+                    .arg(path)));
 }

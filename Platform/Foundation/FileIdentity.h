@@ -3,6 +3,7 @@
 #include <QtCore/QString>
 #include <optional>
 
+#include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
 
 /// Which file a path names, regardless of its contents. A value; thread-safe.
@@ -15,6 +16,8 @@ struct PLATFORM_EXPORT FileIdentity {
     bool operator==(const FileIdentity &) const = default;
 
     /// Returns the identity of what `path` names now, or std::nullopt if there is nothing. Follows
-    /// symbolic links. Blocks for the file system.
-    static std::optional<FileIdentity> of(const QString &path);
+    /// symbolic links. Fails with the error of the system, see SystemErrorDomain, if that cannot be
+    /// determined, for example because a folder above cannot be searched. Blocks for the file
+    /// system.
+    static Expected<std::optional<FileIdentity>> of(const QString &path);
 };

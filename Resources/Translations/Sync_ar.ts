@@ -706,6 +706,10 @@
         <translation>نُقل الملف «⁨%1⁩» لملف التعريف أو حُذف أو استُبدل، لذلك لا يمكن حفظ شيء. أعده إلى مكانه، أو انسخ النص غير المحفوظ إلى مكان آخر ثم شغِّل Velmora من جديد.</translation>
     </message>
     <message>
+        <source>The profile file “%1” cannot be reached, so nothing can be saved: %2. Check the permissions of its folder and its disk, or copy unsaved text elsewhere and restart Velmora.</source>
+        <translation>يتعذر الوصول إلى الملف «⁨%1⁩» لملف التعريف، لذلك لا يمكن حفظ شيء: %2. تحقق من أذونات مجلده ومن قرصه، أو انسخ النص غير المحفوظ إلى مكان آخر ثم شغِّل Velmora من جديد.</translation>
+    </message>
+    <message>
         <source>The record “%1” was damaged. It was moved to “%2”, and this computer writes its contents again.</source>
         <translation>كان القيد «⁨%1⁩» تالفًا. نُقل إلى «⁨%2⁩»، وسيكتب هذا الحاسوب محتواه من جديد.</translation>
     </message>
@@ -1931,6 +1935,10 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message>
         <source>“%1” could not be removed. Check the permissions of its folder and its disk.</source>
         <translation>تعذرت إزالة «⁨%1⁩». تحقق من أذونات مجلده ومن قرصه.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be reached. Check the permissions of the folders that contain it and its disk.</source>
+        <translation>يتعذر الوصول إلى «⁨%1⁩». تحقق من أذونات المجلدات التي تحتويه ومن قرصه.</translation>
     </message>
     <message>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>

@@ -698,6 +698,10 @@
         <translation>Die Profildatei „%1“ wurde verschoben, gelöscht oder ersetzt, daher kann nichts gespeichert werden. Legen Sie sie zurück, oder kopieren Sie nicht gespeicherten Text an eine andere Stelle, und starten Sie Velmora neu.</translation>
     </message>
     <message>
+        <source>The profile file “%1” cannot be reached, so nothing can be saved: %2. Check the permissions of its folder and its disk, or copy unsaved text elsewhere and restart Velmora.</source>
+        <translation>Die Profildatei „%1“ ist nicht erreichbar, daher kann nichts gespeichert werden: %2. Prüfen Sie die Zugriffsrechte ihres Ordners und ihren Datenträger, oder kopieren Sie nicht gespeicherten Text an eine andere Stelle und starten Sie Velmora neu.</translation>
+    </message>
+    <message>
         <source>The record “%1” was damaged. It was moved to “%2”, and this computer writes its contents again.</source>
         <translation>Der Datensatz „%1“ war beschädigt. Er wurde nach „%2“ verschoben, und dieser Computer schreibt seinen Inhalt erneut.</translation>
     </message>
@@ -1907,6 +1911,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>“%1” could not be removed. Check the permissions of its folder and its disk.</source>
         <translation>„%1“ konnte nicht entfernt werden. Prüfen Sie die Zugriffsrechte des Ordners und den Datenträger.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be reached. Check the permissions of the folders that contain it and its disk.</source>
+        <translation>„%1“ ist nicht erreichbar. Prüfen Sie die Zugriffsrechte der übergeordneten Ordner und den Datenträger.</translation>
     </message>
     <message>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>

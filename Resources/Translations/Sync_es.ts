@@ -678,6 +678,10 @@
         <translation>El archivo de perfil «%1» se ha movido, eliminado o reemplazado, por lo que no se puede guardar nada. Devuélvalo a su sitio, o copie en otro lugar el texto sin guardar y reinicie Velmora.</translation>
     </message>
     <message>
+        <source>The profile file “%1” cannot be reached, so nothing can be saved: %2. Check the permissions of its folder and its disk, or copy unsaved text elsewhere and restart Velmora.</source>
+        <translation>No se puede acceder al archivo de perfil «%1», por lo que no se puede guardar nada: %2. Compruebe los permisos de su carpeta y su disco, o copie en otro lugar el texto sin guardar y reinicie Velmora.</translation>
+    </message>
+    <message>
         <source>The record “%1” was damaged. It was moved to “%2”, and this computer writes its contents again.</source>
         <translation>El registro «%1» estaba dañado. Se ha movido a «%2», y este equipo vuelve a escribir su contenido.</translation>
     </message>
@@ -1907,6 +1911,10 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
     <message>
         <source>“%1” could not be removed. Check the permissions of its folder and its disk.</source>
         <translation>No se pudo eliminar «%1». Compruebe los permisos de su carpeta y su disco.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be reached. Check the permissions of the folders that contain it and its disk.</source>
+        <translation>No se puede acceder a «%1». Compruebe los permisos de las carpetas que lo contienen y su disco.</translation>
     </message>
     <message>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>

@@ -678,6 +678,10 @@
         <translation>Le fichier de profil « %1 » a été déplacé, supprimé ou remplacé ; rien ne peut donc être enregistré. Remettez-le en place, ou copiez ailleurs le texte non enregistré, puis redémarrez Velmora.</translation>
     </message>
     <message>
+        <source>The profile file “%1” cannot be reached, so nothing can be saved: %2. Check the permissions of its folder and its disk, or copy unsaved text elsewhere and restart Velmora.</source>
+        <translation>Le fichier de profil « %1 » est inaccessible ; rien ne peut donc être enregistré : %2. Vérifiez les droits d’accès de son dossier et son disque, ou copiez ailleurs le texte non enregistré, puis redémarrez Velmora.</translation>
+    </message>
+    <message>
         <source>The record “%1” was damaged. It was moved to “%2”, and this computer writes its contents again.</source>
         <translation>L’enregistrement « %1 » était endommagé. Il a été déplacé vers « %2 », et cet ordinateur en réécrit le contenu.</translation>
     </message>
@@ -1907,6 +1911,10 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     <message>
         <source>“%1” could not be removed. Check the permissions of its folder and its disk.</source>
         <translation>« %1 » n’a pas pu être supprimé. Vérifiez les droits d’accès de son dossier et son disque.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be reached. Check the permissions of the folders that contain it and its disk.</source>
+        <translation>« %1 » est inaccessible. Vérifiez les droits d’accès des dossiers qui le contiennent et son disque.</translation>
     </message>
     <message>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>

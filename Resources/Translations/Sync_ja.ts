@@ -696,6 +696,10 @@
         <translation>プロファイルのファイル「%1」が移動、削除、または置き換えられたため、何も保存できません。ファイルを元に戻すか、保存されていない本文を別の場所にコピーして、Velmoraを起動し直してください。</translation>
     </message>
     <message>
+        <source>The profile file “%1” cannot be reached, so nothing can be saved: %2. Check the permissions of its folder and its disk, or copy unsaved text elsewhere and restart Velmora.</source>
+        <translation>プロファイルのファイル「%1」にアクセスできないため、何も保存できません: %2。フォルダーのアクセス権とディスクを確認するか、保存されていない本文を別の場所にコピーして、Velmoraを起動し直してください。</translation>
+    </message>
+    <message>
         <source>The record “%1” was damaged. It was moved to “%2”, and this computer writes its contents again.</source>
         <translation>レコード「%1」は破損していました。レコードは「%2」に移動され、このコンピューターが内容をもう一度書き込みます。</translation>
     </message>
@@ -1901,6 +1905,10 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message>
         <source>“%1” could not be removed. Check the permissions of its folder and its disk.</source>
         <translation>「%1」を削除できませんでした。フォルダーのアクセス権とディスクを確認してください。</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be reached. Check the permissions of the folders that contain it and its disk.</source>
+        <translation>「%1」にアクセスできません。それを含むフォルダーのアクセス権とディスクを確認してください。</translation>
     </message>
     <message>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>

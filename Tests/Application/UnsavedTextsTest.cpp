@@ -190,6 +190,22 @@ private Q_SLOTS:
         QVERIFY(restored.result.error().localizedFailureReason.contains(m_host->directory()));
     }
 
+    void aProfileThatCannotBeReachedIsReported() {
+        const UnsavedTexts texts = unsavedTexts();
+        UnsavedTexts::Restored restored;
+        Expected<void> removed;
+        runWithFailingSystemCall(SYS_newfstatat, EACCES, [&] {
+            restored = texts.restore(m_host->library());
+            removed = texts.remove(newUUID());
+        });
+        QVERIFY(!restored.result);
+        const QString reason = restored.result.error().localizedFailureReason;
+        QVERIFY2(reason.contains(m_host->directory()), qPrintable(reason));
+        QVERIFY2(reason.contains(QStringLiteral("Permission denied")), qPrintable(reason));
+        QVERIFY(!removed);
+        QVERIFY(texts.restore(m_host->library()).result);
+    }
+
     void anotherProfilesTextsAreLeftAlone() {
         fillVolume();
         const UnsavedTexts texts = unsavedTexts();

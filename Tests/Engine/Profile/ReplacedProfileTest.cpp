@@ -1,8 +1,12 @@
+#include <sys/syscall.h>
+
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/Profile/BackupSchedule.h"
 #include "Engine/Profile/ProfileBackups.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Host/QVDirectConnectionServer.h"
+#include "Support/FailingSystemCall.h"
+#include "Support/Failure.h"
 #include "Support/FreePort.h"
 #include "Support/TestAuthority.h"
 #include "Support/TestHost.h"
@@ -64,6 +68,26 @@ private Q_SLOTS:
             QCOMPARE(Verification::problems(left), QStringList());
         }
         QDir(left).removeRecursively();
+    }
+
+    void aFolderThatCannotBeSearchedIsNotTakenForMoved() {
+        const ProfileDatabase &profile = m_host->engine().profile();
+        const ProfileFiles files = profile.files();
+        Expected<void> checked;
+        runWithFailingSystemCall(SYS_newfstatat, EACCES, [&] { checked = files.check(); });
+        QCOMPARE(code(checked), EngineErrorCode::ProfileNotWritten);
+        const QString text = description(checked);
+        QVERIFY2(!isAboutReplacement(text), qPrintable(text));
+        QVERIFY2(text.startsWith(QStringLiteral("The profile file “%1").arg(profile.directory())),
+                 qPrintable(text));
+        QVERIFY2(text.contains(QStringLiteral("cannot be reached, so nothing can be saved: "
+                                              "Permission denied.")),
+                 qPrintable(text));
+        QVERIFY(files.check());
+        ProfileFiles others;
+        runWithFailingSystemCall(SYS_newfstatat, EIO,
+                                 [&] { checked = others.add(profile.path()); });
+        QVERIFY(!checked);
     }
 
     void aFolderGrantIsAnError() {
