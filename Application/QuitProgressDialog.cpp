@@ -7,9 +7,7 @@
 #include <QtWidgets/QVBoxLayout>
 #include <chrono>
 
-#include "Host/QVSyncDispatcher.h"
-#include "Host/QVSyncPlugin.h"
-#include "Host/QVSyncProgress.h"
+#include "Application/SynchronizationMonitor.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/PlainText.h"
 
@@ -17,15 +15,15 @@ namespace {
 
 constexpr std::chrono::seconds LongestPause(30);
 constexpr std::chrono::minutes LongestWait(5);
-constexpr std::chrono::milliseconds UpdateInterval(100);
 constexpr int FullBar = 100;
 /// In widths of a letter.
 constexpr int LabelWidth = 60;
 
 }  // namespace
 
-QuitProgressDialog::QuitProgressDialog(QWidget *parent)
+QuitProgressDialog::QuitProgressDialog(SynchronizationMonitor *monitor, QWidget *parent)
     : QDialog(parent),
+      m_monitor(monitor),
       m_label(PlainText::label()),
       m_bar(new QProgressBar),
       m_longestPause(LongestPause) {
@@ -51,9 +49,7 @@ QuitProgressDialog::QuitProgressDialog(QWidget *parent)
         connect(timer, &QTimer::timeout, this, [this] { stop(Finished); });
     }
     setLimits(LongestPause, LongestWait);
-    auto *updates = new QTimer(this);
-    connect(updates, &QTimer::timeout, this, &QuitProgressDialog::showProgress);
-    updates->start(UpdateInterval);
+    connect(m_monitor, &SynchronizationMonitor::changed, this, &QuitProgressDialog::showProgress);
     showProgress();
 }
 
@@ -65,9 +61,8 @@ void QuitProgressDialog::setLimits(std::chrono::milliseconds pause,
 }
 
 void QuitProgressDialog::showProgress() {
-    const QVSyncDispatcher *dispatcher = QVSyncPlugin::plugin()->dispatcher();
-    const QVSyncProgress progress = QVSyncProgress::of(dispatcher);
-    const QString activity = dispatcher->activity();
+    const QVSyncProgress progress = m_monitor->progress();
+    const QString activity = m_monitor->activity();
     m_label->setText(activity.isEmpty() ? tr("Synchronizing before quitting…")
                                         : PlainText::message(activity));
     m_bar->setMaximum(progress.total == 0 ? 0 : FullBar);
@@ -82,5 +77,5 @@ void QuitProgressDialog::showProgress() {
 void QuitProgressDialog::stop(int result) {
     // Ends first, because the synchronization reports its end.
     done(result);
-    QVSyncProgress::stop(QVSyncPlugin::plugin()->dispatcher());
+    m_monitor->stop();
 }

@@ -8,6 +8,7 @@
 
 class QLabel;
 class QProgressBar;
+class SynchronizationMonitor;
 
 /// Shows how far the last synchronization is. Its owner ends it with Finished. By itself it ends
 /// with QuitNow when the user chooses that, with Finished after a time limit, and with Rejected if
@@ -20,8 +21,9 @@ public:
     enum Result { Finished = QDialog::Accepted, QuitNow };
 
     /// The time limits begin here, not when the dialog is shown: 5 minutes in all, and 30 s since
-    /// the progress last changed. Reads the progress of QVSyncPlugin::plugin() ten times a second.
-    explicit QuitProgressDialog(QWidget *parent);
+    /// the progress last changed. Shows what `monitor` reports whenever that changes. `monitor`
+    /// must not be null, is not owned and must outlive this object.
+    QuitProgressDialog(SynchronizationMonitor *monitor, QWidget *parent);
 
     /// Sets both limits, from now on.
     void setLimits(std::chrono::milliseconds pause, std::chrono::milliseconds wait);
@@ -36,6 +38,7 @@ private:
     /// has not started. The end of a synchronization must not end the dialog before.
     void stop(int result);
 
+    SynchronizationMonitor *const m_monitor;
     QLabel *const m_label;
     QProgressBar *const m_bar;
     /// Ends the wait: after any progress it begins again, and in any case after a longer time.

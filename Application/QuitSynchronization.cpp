@@ -120,7 +120,7 @@ QuitSynchronization::Choice QuitSynchronization::askAbout(const QList<Item> &uns
 bool QuitSynchronization::synchronize(const QVSyncStates &states) const {
     Choice choice = Choice::Synchronize;
     while (choice == Choice::Synchronize) {
-        QuitProgressDialog dialog(m_window);
+        QuitProgressDialog dialog(m_window->monitor(), m_window);
         QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
             states, [shown = QPointer(&dialog)] {
                 // The user may have ended it before.

@@ -60,7 +60,7 @@ void SynchronizationMonitor::update() {
 }
 
 bool SynchronizationMonitor::isRunning() const {
-    return !m_dispatcher->activity().isEmpty();
+    return !activity().isEmpty();
 }
 
 bool SynchronizationMonitor::isStoppable() const {
@@ -73,6 +73,10 @@ void SynchronizationMonitor::stop() {
     }
 }
 
+QString SynchronizationMonitor::activity() const {
+    return m_dispatcher->activity();
+}
+
 QVSyncProgress SynchronizationMonitor::progress() const {
     return QVSyncProgress::of(m_dispatcher);
 }
@@ -82,8 +86,8 @@ QString SynchronizationMonitor::text() const {
         return m_summary.text();
     }
     const QVSyncProgress reached = progress();
-    return reached.total == 0 ? m_dispatcher->activity()
+    return reached.total == 0 ? activity()
                               : tr("%1 %2 of %3")
-                                    .arg(m_dispatcher->activity(), QString::number(reached.done),
+                                    .arg(activity(), QString::number(reached.done),
                                          QString::number(reached.total));
 }

@@ -26,6 +26,8 @@ public:
     /// Cancels all jobs. Has no effect if the host does not offer that. The dispatcher is idle when
     /// this returns, and changed() was emitted.
     void stop();
+    /// Returns what is running, as one line for the user; an empty text if nothing is.
+    QString activity() const;
     /// Returns how far the running job is. The progress of an idle dispatcher is returned if the
     /// host reports none.
     QVSyncProgress progress() const;

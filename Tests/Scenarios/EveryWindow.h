@@ -15,6 +15,7 @@
 #include "Application/QuestionBox.h"
 #include "Application/QuitProgressDialog.h"
 #include "Application/RemovalDialog.h"
+#include "Application/SynchronizationMonitor.h"
 #include "Scenarios/Panel.h"
 #include "Support/EventTimeout.h"
 #include "Support/TestHost.h"
@@ -104,8 +105,11 @@ inline std::unique_ptr<QWidget> errorBox(TestHost & /*host*/, EventLog & /*log*/
     return nullptr;
 }
 
-inline std::unique_ptr<QWidget> quitting(TestHost & /*host*/, EventLog & /*log*/) {
-    return std::make_unique<QuitProgressDialog>(nullptr);
+inline std::unique_ptr<QWidget> quitting(TestHost &host, EventLog & /*log*/) {
+    auto *monitor = new SynchronizationMonitor(&host.library());
+    auto dialog = std::make_unique<QuitProgressDialog>(monitor, nullptr);
+    monitor->setParent(dialog.get());
+    return dialog;
 }
 
 inline std::unique_ptr<QWidget> preferences(TestHost &host, EventLog & /*log*/) {

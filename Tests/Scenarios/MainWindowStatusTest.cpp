@@ -11,6 +11,7 @@
 #include "Application/StatusLine.h"
 #include "Application/SynchronizationMonitor.h"
 #include "Engine/Schedules/EngineDailySchedule.h"
+#include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/TextLabel.h"
 #include "Support/ScriptedServer.h"
 #include "Support/TestHost.h"
@@ -360,6 +361,19 @@ private Q_SLOTS:
         endWait(QStringLiteral("Quit Now"));
         QVERIFY(m_window->close());
         QVERIFY(m_host->engine().plugin().dispatcher()->activity().isEmpty());
+    }
+
+    void theProgressIsShownAsSoonAsItChanges() {
+        const auto state = tickSilentServer();
+        QuitProgressDialog dialog(m_window->monitor(), nullptr);
+        const auto *label = dialog.findChild<QLabel *>();
+        const QString before = label->text();
+        synchronize({state});
+        QVERIFY(label->text() != before);
+        QCOMPARE(label->text(), PlainText::message(m_window->monitor()->activity()));
+        dialog.reject();
+        QVERIFY(!m_window->monitor()->isRunning());
+        QCOMPARE(label->text(), before);
     }
 
     void theWaitHasLimits_data() {
