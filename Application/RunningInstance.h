@@ -52,7 +52,7 @@ Q_SIGNALS:
 private:
     /// Accepts the connections that have arrived.
     void accept();
-    /// Answers the request once it is complete. Closes the connection if it is none.
+    /// Responds to the request once it is complete. Closes the connection if it is none.
     void read(QLocalSocket *socket);
 
     /// The path of the socket; empty if there is no runtime folder.

@@ -14,7 +14,7 @@
 namespace {
 
 const QString PackagePath = QStringLiteral("/Velmora.") + SyncStoreLayout::Extension;
-constexpr qint64 AnswerLimit = 1 << 20;
+constexpr qint64 ResponseLimit = 1 << 20;
 /// The body describes the error in JSON.
 constexpr int RouteFailed = HttpStatus::Conflict;
 
@@ -127,7 +127,7 @@ Expected<QByteArray> DropboxStore::readBlob(const QString &name, qint64 limit,
                                             const EngineFuture &future) {
     const Expected<Response> response = m_account.callForContents(
         QStringLiteral("files/download"), {{QStringLiteral("path"), pathOf(name)}}, {},
-        std::max(limit, AnswerLimit), future);
+        std::max(limit, ResponseLimit), future);
     if (!response) {
         const bool isTooLong = isEngineError(response.error(), EngineErrorCode::BlobRefused);
         return failure(isTooLong ? tooLong(name) : response.error());
@@ -156,7 +156,7 @@ Expected<BlobStore::Written> DropboxStore::writeBlob(const QString &name,
                                    {QStringLiteral("strict_conflict"), true},
                                    // Suppress Dropbox's notification for each upload.
                                    {QStringLiteral("mute"), true}},
-                                  contents, AnswerLimit, future);
+                                  contents, ResponseLimit, future);
     if (!response) {
         return failure(response.error());
     }
@@ -170,7 +170,7 @@ Expected<BlobStore::Written> DropboxStore::writeBlob(const QString &name,
 Expected<void> DropboxStore::removeBlob(const QString &name, const EngineFuture &future) {
     const Expected<Response> response =
         m_account.call(QStringLiteral("files/delete_v2"), {{QStringLiteral("path"), pathOf(name)}},
-                       AnswerLimit, future);
+                       ResponseLimit, future);
     if (!response) {
         return failure(response.error());
     }

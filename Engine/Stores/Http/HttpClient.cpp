@@ -56,23 +56,24 @@ Expected<HttpClient::Response> HttpClient::send(const Request &request,
 
 Expected<HttpClient::Response> HttpClient::sendAuthorized(const Request &request,
                                                           const EngineFuture &future) {
-    const int answers = m_answers;
+    const int authentications = m_authentications;
     Expected<Response> first = exchange(withKnownLogin(request), future);
     if (!first || first->status != HttpStatus::Unauthorized || !m_options.credential) {
         return first;
     }
-    return answer(request, std::move(*first), answers, future);
+    return authenticate(request, std::move(*first), authentications, future);
 }
 
-Expected<HttpClient::Response> HttpClient::answer(const Request &request, Response challenge,
-                                                  int answers, const EngineFuture &future) {
+Expected<HttpClient::Response> HttpClient::authenticate(const Request &request, Response challenge,
+                                                        int authentications,
+                                                        const EngineFuture &future) {
     for (;;) {
-        std::unique_lock answering(m_answering);
-        if (m_answers == answers) {
-            return answerNow(request, challenge, future);
+        std::unique_lock authenticating(m_authenticating);
+        if (m_authentications == authentications) {
+            return authenticateNow(request, challenge, future);
         }
-        answers = m_answers;
-        answering.unlock();
+        authentications = m_authentications;
+        authenticating.unlock();
         if (!m_session->scheme(request.URL)) {
             return challenge;
         }
@@ -84,9 +85,9 @@ Expected<HttpClient::Response> HttpClient::answer(const Request &request, Respon
     }
 }
 
-Expected<HttpClient::Response> HttpClient::answerNow(const Request &request,
-                                                     const Response &challenge,
-                                                     const EngineFuture &future) {
+Expected<HttpClient::Response> HttpClient::authenticateNow(const Request &request,
+                                                           const Response &challenge,
+                                                           const EngineFuture &future) {
     auto authentication = HttpAuthentication::fromChallenges(challenge.header("WWW-Authenticate"));
     if (!authentication) {
         return challenge;
@@ -113,7 +114,7 @@ Expected<HttpClient::Response> HttpClient::answerNow(const Request &request,
         m_session->forgetAuthentication();
     }
     // Without a response it is not known whether the server would have accepted it.
-    m_answers += response ? 1 : 0;
+    m_authentications += response ? 1 : 0;
     return response;
 }
 

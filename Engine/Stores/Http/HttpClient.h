@@ -63,13 +63,13 @@ private:
 
     /// Sends one hop, responding to a challenge if there is one.
     Expected<Response> sendAuthorized(const Request &request, const EngineFuture &future);
-    /// Returns the response to `request` after `challenge` was answered, or `challenge` if it
-    /// cannot be answered. `answers` is the number of answers when the request was sent.
-    Expected<Response> answer(const Request &request, Response challenge, int answers,
-                              const EngineFuture &future);
-    /// Answers a challenge; called by one thread at a time.
-    Expected<Response> answerNow(const Request &request, const Response &challenge,
-                                 const EngineFuture &future);
+    /// Responds to `challenge`: returns the response to `request` with a credential, or `challenge`
+    /// if there is none. `authentications` was their number when the request was sent.
+    Expected<Response> authenticate(const Request &request, Response challenge, int authentications,
+                                    const EngineFuture &future);
+    /// The same; called by one thread at a time.
+    Expected<Response> authenticateNow(const Request &request, const Response &challenge,
+                                       const EngineFuture &future);
     /// Returns `request`, with the credential if it is known how its server asks for it.
     Request withKnownLogin(const Request &request);
     /// Returns the credential for `scheme`, which is asked for once; empty if there is none.
@@ -84,10 +84,10 @@ private:
 
     const Options m_options;
     const std::shared_ptr<HttpSession> m_session;
-    /// Locked while a challenge is answered.
-    std::mutex m_answering;
-    /// The number of challenges that were answered.
-    std::atomic<int> m_answers = 0;
+    /// Locked while a request is sent in response to a challenge.
+    std::mutex m_authenticating;
+    /// The number of challenges after which a credential was accepted or refused.
+    std::atomic<int> m_authentications = 0;
     std::mutex m_mutex;
     // Guarded by `m_mutex`.
     std::optional<UrlCredential> m_credential;

@@ -154,37 +154,36 @@ Expected<void> WebDAVStore::open(const EngineFuture &future) {
 }
 
 Expected<QStringList> WebDAVStore::namesInPackage(const EngineFuture &future) {
-    Expected<Response> answer = propertiesOfAll({}, future);
-    if (answer && answer->status == HttpStatus::NotFound) {
+    Expected<Response> response = propertiesOfAll({}, future);
+    if (response && response->status == HttpStatus::NotFound) {
         const Expected<void> made = makeFolder({}, future);
         return made ? Expected<QStringList>(QStringList()) : failure(made.error());
     }
-    return names({}, std::move(answer), future);
+    return names({}, std::move(response), future);
 }
 
 Expected<QStringList> WebDAVStore::listFolder(const QString &folder, const EngineFuture &future) {
-    Expected<Response> answer = propertiesOfAll(folder, future);
-    if (answer && answer->status == HttpStatus::NotFound) {
+    Expected<Response> response = propertiesOfAll(folder, future);
+    if (response && response->status == HttpStatus::NotFound) {
         return QStringList();
     }
-    return names(folder, std::move(answer), future);
+    return names(folder, std::move(response), future);
 }
 
 Expected<std::optional<qint64>> WebDAVStore::sizeOfFolder(const QString &folder,
                                                           const EngineFuture &future) {
-    const Expected<Response> answer =
+    const Expected<Response> response =
         propertiesOfAll(folder, future, "<resourcetype/><getcontentlength/>");
-    if (!answer) {
-        return failure(answer.error());
+    if (!response) {
+        return failure(response.error());
     }
-    const auto &response = *answer;
-    if (response.status == HttpStatus::NotFound) {
+    if (response->status == HttpStatus::NotFound) {
         return 0;
     }
-    if (response.status != HttpStatus::MultiStatus) {
-        return failure(httpError(response, folder));
+    if (response->status != HttpStatus::MultiStatus) {
+        return failure(httpError(*response, folder));
     }
-    const auto listing = WebDAVMultiStatus::parse(response.body, future);
+    const auto listing = WebDAVMultiStatus::parse(response->body, future);
     if (!listing) {
         return failure(notParsed(listing.error()));
     }
@@ -207,17 +206,17 @@ Expected<HttpClient::Response> WebDAVStore::propertiesOfAll(const QString &folde
                          future);
 }
 
-Expected<QStringList> WebDAVStore::names(const QString &folder, Expected<Response> answer,
+Expected<QStringList> WebDAVStore::names(const QString &folder, Expected<Response> response,
                                          const EngineFuture &future) const {
-    if (!answer) {
-        return failure(answer.error());
+    if (!response) {
+        return failure(response.error());
     }
-    if (answer->status != HttpStatus::MultiStatus) {
-        return failure(httpError(*answer, folder));
+    if (response->status != HttpStatus::MultiStatus) {
+        return failure(httpError(*response, folder));
     }
-    auto listing = WebDAVMultiStatus::parse(answer->body, future);
+    auto listing = WebDAVMultiStatus::parse(response->body, future);
     // Each is large, and is not needed any more when the next one is made.
-    answer->body.clear();
+    response->body.clear();
     if (!listing) {
         return failure(notParsed(listing.error()));
     }
@@ -249,38 +248,36 @@ Expected<QStringList> WebDAVStore::names(const QString &folder, Expected<Respons
 
 Expected<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
                                            const EngineFuture &future) {
-    const Expected<Response> answer =
+    const Expected<Response> response =
         m_client.send({.method = "GET", .URL = blobURL(name), .limit = limit}, future);
-    if (!answer) {
-        const bool isTooLong = isEngineError(answer.error(), EngineErrorCode::BlobRefused);
-        return failure(isTooLong ? tooLong(name) : answer.error());
+    if (!response) {
+        const bool isTooLong = isEngineError(response.error(), EngineErrorCode::BlobRefused);
+        return failure(isTooLong ? tooLong(name) : response.error());
     }
-    const auto &response = *answer;
-    if (response.status == HttpStatus::NotFound) {
+    if (response->status == HttpStatus::NotFound) {
         return failure(missing(name));
     }
-    if (response.status != HttpStatus::OK) {
-        return failure(httpError(response, name));
+    if (response->status != HttpStatus::OK) {
+        return failure(httpError(*response, name));
     }
     // Otherwise a truncated response could not be detected.
-    return response.header("Content-Length").isEmpty() ? failure(notUnderstood())
-                                                       : Expected<QByteArray>(response.body);
+    return response->header("Content-Length").isEmpty() ? failure(notUnderstood())
+                                                        : Expected<QByteArray>(response->body);
 }
 
 Expected<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QByteArray &contents,
                                                     const EngineFuture &future) {
-    Expected<Response> answer = put(name, contents, future);
-    if (answer && mayLackFolder(answer->status)) {
+    Expected<Response> response = put(name, contents, future);
+    if (response && mayLackFolder(response->status)) {
         if (const Expected<void> made = makeFoldersAbove(name, future); !made) {
             return failure(made.error());
         }
-        answer = put(name, contents, future);
+        response = put(name, contents, future);
     }
-    if (!answer) {
-        return failure(answer.error());
+    if (!response) {
+        return failure(response.error());
     }
-    const auto &response = *answer;
-    switch (response.status) {
+    switch (response->status) {
         case HttpStatus::OK:
         case HttpStatus::Created:
         case HttpStatus::NoContent:
@@ -288,21 +285,20 @@ Expected<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const Q
         case HttpStatus::PreconditionFailed:
             return Written::AlreadyThere;
         default:
-            return failure(httpError(response, name));
+            return failure(httpError(*response, name));
     }
 }
 
 Expected<void> WebDAVStore::removeBlob(const QString &name, const EngineFuture &future) {
-    const Expected<Response> answer =
+    const Expected<Response> response =
         m_client.send({.method = "DELETE", .URL = blobURL(name)}, future);
-    if (!answer) {
-        return failure(answer.error());
+    if (!response) {
+        return failure(response.error());
     }
-    const auto &response = *answer;
-    const bool isGone = response.status == HttpStatus::OK ||
-                        response.status == HttpStatus::NoContent ||
-                        response.status == HttpStatus::NotFound;
-    return isGone ? Expected<void>() : failure(httpError(response, name));
+    const bool isGone = response->status == HttpStatus::OK ||
+                        response->status == HttpStatus::NoContent ||
+                        response->status == HttpStatus::NotFound;
+    return isGone ? Expected<void>() : failure(httpError(*response, name));
 }
 
 Expected<HttpClient::Response> WebDAVStore::put(const QString &name, const QByteArray &contents,
@@ -325,17 +321,16 @@ Expected<void> WebDAVStore::makeFoldersAbove(const QString &name, const EngineFu
 
 Expected<void> WebDAVStore::makeFolder(const QString &name, const EngineFuture &future) {
     const QUrl folder = folderURL(name);
-    const Expected<Response> answer = m_client.send({.method = "MKCOL", .URL = folder}, future);
-    if (!answer) {
-        return failure(answer.error());
+    const Expected<Response> response = m_client.send({.method = "MKCOL", .URL = folder}, future);
+    if (!response) {
+        return failure(response.error());
     }
-    const auto &response = *answer;
-    switch (response.status) {
+    switch (response->status) {
         case HttpStatus::Forbidden: {
             // Apache also responds like this if another request has just created the folder.
             const Expected<Response> found = propertiesOfAll(name, future);
             const bool isThere = found && found->status == HttpStatus::MultiStatus;
-            return isThere ? Expected<void>() : failure(httpError(response, name));
+            return isThere ? Expected<void>() : failure(httpError(*response, name));
         }
         case HttpStatus::Created:
         // The folder exists.
@@ -345,7 +340,7 @@ Expected<void> WebDAVStore::makeFolder(const QString &name, const EngineFuture &
         case HttpStatus::Conflict:
             return failure(folderMissing(folder.resolved(QUrl(QStringLiteral("..")))));
         default:
-            return failure(httpError(response, name));
+            return failure(httpError(*response, name));
     }
 }
 

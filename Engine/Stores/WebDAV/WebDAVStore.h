@@ -67,7 +67,7 @@ private:
     Expected<Response> propertiesOfAll(const QString &folder, const EngineFuture &future,
                                        const QByteArray &properties = "<resourcetype/>");
     /// Returns the names in the response, which must describe the folder itself, too.
-    Expected<QStringList> names(const QString &folder, Expected<Response> answer,
+    Expected<QStringList> names(const QString &folder, Expected<Response> response,
                                 const EngineFuture &future) const;
     Expected<Response> put(const QString &name, const QByteArray &contents,
                            const EngineFuture &future);
