@@ -4,7 +4,7 @@
 
 #include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/EngineError.h"
-#include "Engine/Stores/Dropbox/DropboxError.h"
+#include "Engine/Stores/Http/HttpError.h"
 #include "Engine/Stores/Http/HttpStatus.h"
 
 namespace {
@@ -39,7 +39,7 @@ Expected<HttpClient::Response> DropboxConnection::send(const HttpClient::Request
         const std::chrono::seconds wanted = timeToWait(*response);
         waited += wanted;
         if (waited > MostWaiting) {
-            return failure(DropboxError::busy(request.URL));
+            return failure(HttpError::busy(request.URL));
         }
         if (!CancellableWait(future, QDeadlineTimer(wanted)).forDeadline()) {
             return failure(operationCancelled());

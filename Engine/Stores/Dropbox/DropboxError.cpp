@@ -1,6 +1,7 @@
 #include "Engine/Stores/Dropbox/DropboxError.h"
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Stores/Http/HttpError.h"
 #include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/SyncStrings.h"
 
@@ -29,41 +30,18 @@ Error DropboxError::signInAgain(const QString &account) {
 Error DropboxError::unexpected(const HttpClient::Response &response, const QUrl &server) {
     switch (response.status) {
         case HttpStatus::Forbidden:
-            return engineError(
-                EngineErrorCode::AccessDenied,
-                "The server does not allow you to use “%1”. Ask its administrator for access.",
-                server.authority());
+            return HttpError::accessDenied(server.authority());
         case HttpStatus::TooManyRequests:
         case HttpStatus::ServiceUnavailable:
-            return busy(server);
+            return HttpError::busy(server);
         default:
-            return engineError(
-                EngineErrorCode::StoreUnreachable,
-                localizedSyncString(response.status >= HttpStatus::InternalServerError
-                                        ? "The server “%1” reported an internal error (HTTP %2). "
-                                          "Try again later or ask its administrator."
-                                        : "The server “%1” sent an unexpected response (HTTP %2). "
-                                          "Try again later or ask its administrator.")
-                    .arg(server.authority())
-                    .arg(response.status));
+            return HttpError::unexpectedStatus(response.status, server);
     }
 }
 
-Error DropboxError::notUnderstood(const QUrl &server) {
-    return engineError(
-        EngineErrorCode::StoreUnreachable,
-        "The server “%1” sent an invalid response. Try again later or ask its administrator.",
-        server.authority());
-}
-
 Error DropboxError::invalidValue(const QString &key, const QUrl &server) {
-    Error error = notUnderstood(server);
+    Error error = HttpError::invalidResponse(server);
     error.details =
         localizedSyncString("“%1” is missing from the response or is not valid.").arg(key);
     return error;
-}
-
-Error DropboxError::busy(const QUrl &server) {
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       "The server “%1” is busy. Try again later.", server.authority());
 }

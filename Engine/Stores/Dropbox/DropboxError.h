@@ -14,15 +14,10 @@ Error signInAgain(const QString &account);
 /// The user signed in as `signedIn`, but the location's account is `account`.
 Error otherAccount(const QString &account, const QString &signedIn);
 /// The response of `server` has an unexpected status. Has the code AccessDenied for 403 and
-/// StoreUnreachable for any other; for 429 and 503 it is the same as busy().
+/// StoreUnreachable for any other; for 429 and 503 it is HttpError::busy().
 Error unexpected(const HttpClient::Response &response, const QUrl &server);
-/// The response of `server` is not valid, although its status reports success. Has the code
-/// StoreUnreachable, as the one that follows.
-Error notUnderstood(const QUrl &server);
-/// The same, because the value of `key` is missing or has another type than expected; the details
-/// say so.
+/// HttpError::invalidResponse(), because the value of `key` is missing or has another type than
+/// expected; the details say so.
 Error invalidValue(const QString &key, const QUrl &server);
-/// `server` demands a longer waiting time than allowed. Has the code StoreUnreachable.
-Error busy(const QUrl &server);
 
 }  // namespace DropboxError

@@ -7,6 +7,7 @@
 #include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Engine/Stores/Dropbox/DropboxListingPage.h"
 #include "Engine/Stores/Dropbox/DropboxUrl.h"
+#include "Engine/Stores/Http/HttpError.h"
 #include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
@@ -107,8 +108,8 @@ Expected<QStringList> DropboxStore::listFolder(const QString &folder, const Engi
         }
         response = nextPage(page->cursor, future);
     }
-    return failure(deadline.hasExpired() ? DropboxError::busy(m_account.server())
-                                         : DropboxError::notUnderstood(m_account.server()));
+    return failure(deadline.hasExpired() ? HttpError::busy(m_account.server())
+                                         : HttpError::invalidResponse(m_account.server()));
 }
 
 Expected<HttpClient::Response> DropboxStore::firstPage(const QString &folder,
@@ -143,10 +144,7 @@ Expected<BlobStore::Written> DropboxStore::writeBlob(const QString &name,
                                                      const QByteArray &contents,
                                                      const EngineFuture &future) {
     if (contents.size() > ContentsLimit) {
-        return failure(engineError(
-            EngineErrorCode::StoreFull,
-            "“%1” is larger than the server accepts. Ask its administrator to raise the limit.",
-            place(name)));
+        return failure(HttpError::tooLarge(place(name)));
     }
     const Expected<Response> response =
         m_account.callForContents(QStringLiteral("files/upload"),
@@ -181,7 +179,7 @@ Expected<void> DropboxStore::removeBlob(const QString &name, const EngineFuture 
 Error DropboxStore::routeError(const Response &response, const QString &name) const {
     switch (response.status) {
         case HttpStatus::OK:
-            return DropboxError::notUnderstood(m_account.server());
+            return HttpError::invalidResponse(m_account.server());
         case RouteFailed:
             return pathError(response, name);
         default:
@@ -199,14 +197,11 @@ Error DropboxStore::pathError(const Response &response, const QString &name) con
                            "The Dropbox of “%1” is full. Delete files there.", m_accountAddress);
     }
     if (reason == QStringLiteral("too_many_write_operations")) {
-        return DropboxError::busy(m_account.server());
+        return HttpError::busy(m_account.server());
     }
     if (reason == QStringLiteral("no_write_permission") ||
         reason == QStringLiteral("restricted_content")) {
-        return engineError(
-            EngineErrorCode::AccessDenied,
-            "The server does not allow you to use “%1”. Ask its administrator for access.",
-            place(name));
+        return HttpError::accessDenied(place(name));
     }
     const QStringList notABlob = {QStringLiteral("not_file"), QStringLiteral("not_folder"),
                                   QStringLiteral("malformed_path"),

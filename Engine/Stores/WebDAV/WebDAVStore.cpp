@@ -3,6 +3,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/FoundSecret.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
+#include "Engine/Stores/Http/HttpError.h"
 #include "Engine/Stores/Http/HttpStatus.h"
 #include "Host/LocationSchemes.h"
 #include "Host/SyncStoreLayout.h"
@@ -234,7 +235,7 @@ Expected<QStringList> WebDAVStore::names(const QString &folder, Expected<Respons
         const bool isBelow =
             parts.size() <= above.size() + 1 && parts.mid(0, above.size()) == above;
         if (!isBelow || (parts == above && resource.isFailed)) {
-            return failure(notUnderstood());
+            return failure(HttpError::invalidResponse(m_package));
         }
         if (parts == above && !resource.isFolder) {
             return failure(refused(folder));
@@ -243,7 +244,8 @@ Expected<QStringList> WebDAVStore::names(const QString &folder, Expected<Respons
         names.append(parts.mid(above.size()));
     }
     // A response without it lists nothing, instead of an empty folder.
-    return hasFolderItself ? Expected<QStringList>(names) : failure(notUnderstood());
+    return hasFolderItself ? Expected<QStringList>(names)
+                           : failure(HttpError::invalidResponse(m_package));
 }
 
 Expected<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
@@ -261,8 +263,9 @@ Expected<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
         return failure(httpError(*response, name));
     }
     // Otherwise a truncated response could not be detected.
-    return response->header("Content-Length").isEmpty() ? failure(notUnderstood())
-                                                        : Expected<QByteArray>(response->body);
+    return response->header("Content-Length").isEmpty()
+               ? failure(HttpError::invalidResponse(m_package))
+               : Expected<QByteArray>(response->body);
 }
 
 Expected<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QByteArray &contents,
@@ -356,10 +359,7 @@ Error WebDAVStore::refusal(const Response &response, const QString &name) const 
         case HttpStatus::Unauthorized:
             return credentialRefused(response);
         case HttpStatus::Forbidden:
-            return engineError(
-                EngineErrorCode::AccessDenied,
-                "The server does not allow you to use “%1”. Ask its administrator for access.",
-                place(name));
+            return HttpError::accessDenied(place(name));
         case HttpStatus::NotFound:
         case HttpStatus::Conflict:
             return folderMissing(blobURL(name));
@@ -371,37 +371,21 @@ Error WebDAVStore::refusal(const Response &response, const QString &name) const 
                                "location to correct it.",
                                server);
         case HttpStatus::ContentTooLarge:
-            return engineError(
-                EngineErrorCode::StoreFull,
-                "“%1” is larger than the server accepts. Ask its administrator to raise the limit.",
-                place(name));
+            return HttpError::tooLarge(place(name));
         case HttpStatus::Locked:
             return engineError(EngineErrorCode::StoreUnreachable,
                                "“%1” is locked on the server. Try again later.", place(name));
         case HttpStatus::TooManyRequests:
         case HttpStatus::ServiceUnavailable:
-            return engineError(EngineErrorCode::StoreUnreachable,
-                               "The server “%1” is busy. Try again later.", server);
+            return HttpError::busy(m_package);
         case HttpStatus::InsufficientStorage:
             return engineError(
                 EngineErrorCode::StoreFull,
                 "The server “%1” has no space left. Delete files there or ask its administrator.",
                 server);
         default:
-            return unexpected(response);
+            return HttpError::unexpectedStatus(response.status, m_package);
     }
-}
-
-Error WebDAVStore::unexpected(const Response &response) const {
-    const QString text = response.status >= HttpStatus::InternalServerError
-                             ? localizedSyncString(
-                                   "The server “%1” reported an internal error (HTTP %2). Try "
-                                   "again later or ask its administrator.")
-                             : localizedSyncString(
-                                   "The server “%1” sent an unexpected response (HTTP %2). Try "
-                                   "again later or ask its administrator.");
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       text.arg(m_package.authority()).arg(response.status));
 }
 
 Error WebDAVStore::credentialRefused(const Response &response) const {
@@ -431,12 +415,6 @@ Error WebDAVStore::folderMissing(const QUrl &URL) const {
 }
 
 Error WebDAVStore::notParsed(WebDAVMultiStatus::Failure reason) const {
-    return reason == WebDAVMultiStatus::Failure::Cancelled ? operationCancelled() : notUnderstood();
-}
-
-Error WebDAVStore::notUnderstood() const {
-    return engineError(
-        EngineErrorCode::StoreUnreachable,
-        "The server “%1” sent an invalid response. Try again later or ask its administrator.",
-        m_package.authority());
+    return reason == WebDAVMultiStatus::Failure::Cancelled ? operationCancelled()
+                                                           : HttpError::invalidResponse(m_package);
 }

@@ -79,12 +79,10 @@ private:
     Error httpError(const Response &response, const QString &name) const;
     /// Returns the same without details.
     Error refusal(const Response &response, const QString &name) const;
-    Error unexpected(const Response &response) const;
     /// Returns the error for a response with status 401, which depends on the reason.
     Error credentialRefused(const Response &response) const;
     Error folderMissing(const QUrl &URL) const;
     Error notParsed(WebDAVMultiStatus::Failure reason) const;
-    Error notUnderstood() const;
 
     /// The URL of the package without slash, user information, query and fragment.
     const QUrl m_package;

@@ -6,8 +6,8 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
-#include "Engine/Stores/Dropbox/DropboxError.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
+#include "Engine/Stores/Http/HttpError.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/SecretStore.h"
 #include "Support/DropboxBrowser.h"
@@ -541,7 +541,7 @@ private Q_SLOTS:
         if (tokens) {
             QCOMPARE(tokens->access, access);
         } else {
-            QCOMPARE(tokens.error(), DropboxError::notUnderstood(server));
+            QCOMPARE(tokens.error(), HttpError::invalidResponse(server));
             QVERIFY2(tokens.error().details.contains(u'“' + invalid + u'”'),
                      qPrintable(tokens.error().details));
         }
