@@ -66,7 +66,7 @@ QStringList AccessibleListRow::actionNames() const {
         return {};
     }
     QStringList names{pressAction()};
-    if (ListScrollArea::checkBoxOf(row())) {
+    if (row()->checkBox()) {
         names.append(toggleAction());
     }
     if (ContextMenu::menu(area)) {
@@ -85,7 +85,7 @@ void AccessibleListRow::doAction(const QString &name) {
         return;
     }
     if (name == toggleAction()) {
-        if (QAbstractButton *box = ListScrollArea::checkBoxOf(row())) {
+        if (QAbstractButton *box = row()->checkBox()) {
             box->click();
         }
         return;

@@ -12,6 +12,7 @@
 #include "Platform/Interface/ListPalette.h"
 #include "View/ListSelection.h"
 #include "View/QVListView.h"
+#include "View/QVSelectedItemBackgroundView.h"
 
 namespace {
 
@@ -52,16 +53,6 @@ bool ListScrollArea::selectRow(qsizetype row) {
         ensureWidgetVisible(view, 0, 0);
     }
     return true;
-}
-
-QAbstractButton *ListScrollArea::checkBoxOf(const QWidget *rowView) {
-    for (auto *button :
-         rowView->findChildren<QAbstractButton *>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (button->isCheckable() && button->isEnabled() && !button->isHidden()) {
-            return button;
-        }
-    }
-    return nullptr;
 }
 
 // Keys
@@ -118,7 +109,8 @@ bool ListScrollArea::useSelectedRow(int key) {
         Q_EMIT row->action();
         return true;
     }
-    QAbstractButton *box = view && key == Qt::Key_Space ? checkBoxOf(view) : nullptr;
+    const auto *background = qobject_cast<QVSelectedItemBackgroundView *>(view);
+    QAbstractButton *box = background && key == Qt::Key_Space ? background->checkBox() : nullptr;
     if (box) {
         box->click();
     }

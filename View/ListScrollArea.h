@@ -2,7 +2,6 @@
 
 #include <QtWidgets/QScrollArea>
 
-class QAbstractButton;
 class QVListView;
 
 /// The scroll area of a QVListView, which has the focus and handles the keys for the list. If its
@@ -14,11 +13,11 @@ class QVListView;
 ///
 /// Up, Down, Home, End, Page Up and Page Down select a row, and so does the beginning of its
 /// accessible name; rows that the list's delegate refuses are passed over. Space clicks the check
-/// box of the selected row, Return and Enter emit its `action`. The menu of the area (see
-/// ContextMenu) is opened for the selected row by Shift+F10 and the menu key, and for the row under
-/// the pointer, which it selects, by a secondary click. Tab moves the focus into the selected row
-/// and then on; the controls in rows should have the policy Qt::ClickFocus, so that Tab does not
-/// stop at those of every row.
+/// box of the selected row (see QVSelectedItemBackgroundView), Return and Enter emit its `action`.
+/// The menu of the area (see ContextMenu) is opened for the selected row by Shift+F10 and the menu
+/// key, and for the row under the pointer, which it selects, by a secondary click. Tab moves the
+/// focus into the selected row and then on; the controls in rows should have the policy
+/// Qt::ClickFocus, so that Tab does not stop at those of every row.
 class ListScrollArea : public QScrollArea {
     Q_OBJECT
 public:
@@ -35,9 +34,6 @@ public:
     bool selectRow(qsizetype row);
     /// Opens the menu of the area, if it has one, at the selected row.
     void openMenu();
-    /// Returns the first check box among the direct children of the row's view that can be clicked;
-    /// null if there is none.
-    static QAbstractButton *checkBoxOf(const QWidget *rowView);
 
     /// Receives the layout requests that rows send to the list; QScrollArea installs it on its
     /// widget.

@@ -4,6 +4,7 @@
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QStyleHints>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 
 #include "Platform/Interface/ListPalette.h"
@@ -27,6 +28,13 @@ void QVSelectedItemBackgroundView::setSelected(bool selected) {
         notifyAssistiveTechnologies();
     }
     KeyValue::announce<&QVSelectedItemBackgroundView::selectedChanged>(this);
+}
+
+QAbstractButton *QVSelectedItemBackgroundView::checkBox() const {
+    auto *box = m_checkBoxName.isEmpty()
+                    ? nullptr
+                    : findChild<QAbstractButton *>(m_checkBoxName, Qt::FindDirectChildrenOnly);
+    return box && box->isEnabled() && !box->isHidden() ? box : nullptr;
 }
 
 void QVSelectedItemBackgroundView::notifyAssistiveTechnologies() {

@@ -2,6 +2,8 @@
 
 #include "Platform/Interface/Control.h"
 
+class QAbstractButton;
+
 /// The background of one list item: paints whether the item is selected, in the color of list
 /// grounds or of the selection, and gives the controls
 /// that are its direct children a matching text color. Created by a form, which connects its
@@ -14,6 +16,8 @@ class QVSelectedItemBackgroundView : public Control {
     /// Setting it repaints the view and sets the background style of the controls among its direct
     /// children: dark if true, light if false. Announced each time it is set.
     Q_PROPERTY(bool selected READ isSelected WRITE setSelected NOTIFY selectedChanged)
+    /// The object name of the direct child that is the item's check box; empty if it has none.
+    Q_PROPERTY(QString checkBoxName READ checkBoxName WRITE setCheckBoxName)
 public:
     /// Not selected.
     explicit QVSelectedItemBackgroundView(QWidget *parent = nullptr);
@@ -21,6 +25,11 @@ public:
     bool isSelected() const { return m_isSelected; }
     /// Controls that are added later get their style with the next call.
     void setSelected(bool selected);
+
+    QString checkBoxName() const { return m_checkBoxName; }
+    void setCheckBoxName(const QString &name) { m_checkBoxName = name; }
+    /// Returns the item's check box if it can be clicked now; null otherwise.
+    QAbstractButton *checkBox() const;
 
 Q_SIGNALS:
     /// Emitted each time the key is set.
@@ -46,6 +55,7 @@ private:
     void notifyAssistiveTechnologies();
 
     bool m_isSelected = false;
+    QString m_checkBoxName;
     /// The number of clicks in the current succession, and the timestamp in milliseconds and global
     /// position of the last one.
     int m_clickCount = 0;

@@ -115,6 +115,7 @@ public:
             checkTextDidChange(part);
             checkValidation(part);
             checkMenu(part);
+            checkCheckBox(part);
             checkTable(part);
             if (const QString nib = part->property("itemNib").toString(); !nib.isEmpty()) {
                 checkForm(nib);
@@ -298,6 +299,13 @@ private:
         }
     }
 
+    void checkCheckBox(const QObject *part) {
+        const QString name = part->property("checkBoxName").toString();
+        if (!name.isEmpty() && !qobject_cast<QAbstractButton *>(m_objects.value(name))) {
+            report(QStringLiteral("no check box \"%1\"").arg(name));
+        }
+    }
+
     void checkForm(const QString &name) {
         try {
             delete Nib::makeForm(name);
@@ -449,6 +457,8 @@ private Q_SLOTS:
             "no key \"syncLocationsController.lastSelectedObject.selekted\" in "
             "QVSynchronizationSelection");
         add("menu", pane, "moreButton", "menu", text("morMenu"), "no menu \"morMenu\"");
+        add("check box of a row", "QVLocationItem", "locationItemView", "checkBoxName",
+            text("rowChekBox"), "no check box \"rowChekBox\"");
         add("delegate of a table", "QVBookmarkingWindow", "tableView", "tableDelegate",
             text("dataSuorce"), "no delegate \"dataSuorce\"");
         add("form of a row", pane, "databasesView", "itemNib", text("QVDatabseItem"),

@@ -26,6 +26,8 @@ QWidget *makeNamedRow(CollectionViewItem *item) {
     row->resize(100, RowHeight);
     row->setAccessibleName(item->representedObject().toString());
     auto *box = new QCheckBox(row);
+    box->setObjectName(QStringLiteral("box"));
+    row->setCheckBoxName(QStringLiteral("box"));
     box->setFocusPolicy(Qt::ClickFocus);
     auto *button = new QPushButton(QStringLiteral("Sync Now"), row);
     button->setFocusPolicy(Qt::ClickFocus);
@@ -210,6 +212,21 @@ private Q_SLOTS:
         box->setEnabled(false);
         press(Qt::Key_Space);
         QVERIFY(box->isChecked());
+    }
+
+    void onlyTheCheckBoxThatTheRowNamesIsClicked() {
+        fill({QStringLiteral("a")});
+        auto *other = new QCheckBox(row(0));
+        other->lower();
+        other->show();
+        press(Qt::Key_Space);
+        QVERIFY(!other->isChecked());
+        QVERIFY(row(0)->findChild<QCheckBox *>(QStringLiteral("box"))->isChecked());
+        auto *view = qobject_cast<QVSelectedItemBackgroundView *>(row(0));
+        view->setCheckBoxName(QString());
+        press(Qt::Key_Space);
+        QVERIFY(!other->isChecked());
+        QVERIFY(!view->checkBox());
     }
 
     void tabEntersTheSelectedRowOnly() {
