@@ -11,10 +11,10 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <csignal>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/HostLookUp.h"
+#include "Engine/DirectConnection/SocketBio.h"
 #include "Engine/Foundation/CancellableWait.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Platform/Security/SecretBytes.h"
@@ -22,12 +22,6 @@
 namespace {
 
 constexpr std::chrono::seconds ConnectionTimeout(10);
-
-/// As Qt does for its own sockets: a closed connection is reported by the result of writing.
-void ignoreBrokenPipes() {
-    static const auto previous = std::signal(SIGPIPE, SIG_IGN);
-    static_cast<void>(previous);
-}
 
 Error unreachable(const QString &host) {
     return engineError(EngineErrorCode::StoreUnreachable,
@@ -67,7 +61,6 @@ bool DirectConnectionLink::isConnected() const {
 
 Expected<void> DirectConnectionLink::connect(const QString &host, quint16 port,
                                              const EngineFuture &future) {
-    ignoreBrokenPipes();
     m_host = host;
     const Expected<HostLookUp::Addresses> addresses = HostLookUp::addresses(host, port, future);
     if (!addresses) {
@@ -122,7 +115,12 @@ Expected<void> DirectConnectionLink::startEncryption(const EngineFuture &future)
     // Otherwise one call reads records without data as long as they arrive, past any deadline.
     SSL_CTX_clear_mode(m_context.get(), SSL_MODE_AUTO_RETRY);
     m_session.reset(SSL_new(m_context.get()));
-    SSL_set_fd(m_session.get(), m_socket);
+    BIO *bio = newSocketBio(m_socket);
+    if (!bio) {
+        disconnect();
+        return failure(unreachable(m_host));
+    }
+    SSL_set_bio(m_session.get(), bio, bio);
     const QDeadlineTimer deadline(ConnectionTimeout);
     int result = SSL_connect(m_session.get());
     while (result != 1 && waitToGoOn(result, deadline, future)) {

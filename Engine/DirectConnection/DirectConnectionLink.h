@@ -27,7 +27,7 @@ public:
         std::chrono::milliseconds total = std::chrono::minutes(10);
     };
 
-    /// Does not connect. The first connection of the process makes it ignore SIGPIPE.
+    /// Does not connect.
     DirectConnectionLink();
     ~DirectConnectionLink();
     DirectConnectionLink(const DirectConnectionLink &) = delete;
