@@ -14,7 +14,9 @@ public:
     /// The timeout begins now.
     explicit Retries(std::chrono::milliseconds timeout) : m_deadline(timeout) {}
 
-    /// Blocks for Interval and returns true. Returns false at once if the timeout has expired.
+    /// Blocks for Interval and returns true. Returns false at once if the timeout has expired. The
+    /// main thread may wait only before its event loop and the first window, which would not
+    /// respond.
     bool wait() const {
         if (m_deadline.hasExpired()) {
             return false;
