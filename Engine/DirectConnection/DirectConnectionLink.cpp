@@ -23,11 +23,20 @@ namespace {
 
 constexpr std::chrono::seconds ConnectionTimeout(10);
 
-Error unreachable(const QString &host) {
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       "“%1” cannot be reached. Check that the computer is on and lets other "
-                       "computers synchronize.",
-                       host);
+/// `details` are the reason as the system or a library states it; they may be empty.
+Error unreachable(const QString &host, const QString &details) {
+    Error error = engineError(EngineErrorCode::StoreUnreachable,
+                              "“%1” cannot be reached. Check that the computer is on and lets "
+                              "other computers synchronize.",
+                              host);
+    error.details = details;
+    return error;
+}
+
+/// Returns what OpenSSL states about the last call; empty if it states nothing.
+QString reasonOfOpenSSL() {
+    const char *reason = ERR_reason_error_string(ERR_peek_last_error());
+    return QString::fromUtf8(reason);
 }
 
 }  // namespace
@@ -66,13 +75,15 @@ Expected<void> DirectConnectionLink::connect(const QString &host, quint16 port,
     if (!addresses) {
         return failure(addresses.error());
     }
+    Expected<void> connected = failure(unreachable(host, {}));
     for (const addrinfo *address = addresses->get(); address; address = address->ai_next) {
-        if (const Expected<void> connected = connectTo(*address, future); connected) {
+        connected = connectTo(*address, future);
+        if (connected) {
             return startEncryption(future);
         }
         disconnect();
     }
-    return failure(unreachable(host));
+    return connected;
 }
 
 Expected<void> DirectConnectionLink::connectTo(const addrinfo &address,
@@ -81,11 +92,16 @@ Expected<void> DirectConnectionLink::connectTo(const addrinfo &address,
     const bool isStarted =
         m_socket >= 0 &&
         (::connect(m_socket, address.ai_addr, address.ai_addrlen) == 0 || errno == EINPROGRESS);
-    int problem = 0;
+    int problem = isStarted ? 0 : errno;
+    if (isStarted && !waitFor(POLLOUT, QDeadlineTimer(ConnectionTimeout), future)) {
+        problem = ETIMEDOUT;
+    }
     socklen_t size = sizeof problem;
-    if (!isStarted || !waitFor(POLLOUT, QDeadlineTimer(ConnectionTimeout), future) ||
-        getsockopt(m_socket, SOL_SOCKET, SO_ERROR, &problem, &size) != 0 || problem != 0) {
-        return failure(unreachable(m_host));
+    if (problem == 0 && getsockopt(m_socket, SOL_SOCKET, SO_ERROR, &problem, &size) != 0) {
+        problem = errno;
+    }
+    if (problem != 0) {
+        return failure(unreachable(m_host, qt_error_string(problem)));
     }
     const int immediately = 1;
     setsockopt(m_socket, IPPROTO_TCP, TCP_NODELAY, &immediately, sizeof immediately);
@@ -118,19 +134,22 @@ Expected<void> DirectConnectionLink::startEncryption(const EngineFuture &future)
     BIO *bio = newSocketBio(m_socket);
     if (!bio) {
         disconnect();
-        return failure(unreachable(m_host));
+        return failure(unreachable(m_host, reasonOfOpenSSL()));
     }
     SSL_set_bio(m_session.get(), bio, bio);
     const QDeadlineTimer deadline(ConnectionTimeout);
-    int result = SSL_connect(m_session.get());
-    while (result != 1 && waitToGoOn(result, deadline, future)) {
+    int result = 0;
+    do {
+        // An older error of this thread would be taken for one of this call.
+        ERR_clear_error();
         result = SSL_connect(m_session.get());
-    }
+    } while (result != 1 && waitToGoOn(result, deadline, future));
     const std::unique_ptr<X509, decltype(&X509_free)> certificate(
         result == 1 ? SSL_get1_peer_certificate(m_session.get()) : nullptr, &X509_free);
     if (!certificate) {
+        const QString reason = reasonOfOpenSSL();
         disconnect();
-        return failure(unreachable(m_host));
+        return failure(unreachable(m_host, reason));
     }
     QByteArray bytes(i2d_X509(certificate.get(), nullptr), Qt::Uninitialized);
     auto *end = reinterpret_cast<unsigned char *>(bytes.data());

@@ -12,6 +12,7 @@
 #include "Support/DirectConnectionPeer.h"
 #include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
+#include "Support/FreePort.h"
 #include "Support/TestMain.h"
 #include "Support/TlsServer.h"
 
@@ -72,6 +73,22 @@ private Q_SLOTS:
         QCOMPARE(code(connected), EngineErrorCode::StoreUnreachable);
         QVERIFY2(description(connected).contains(QStringLiteral("Avahi")),
                  qPrintable(description(connected)));
+    }
+
+    void theReasonOfAFailedConnectionIsInItsDetails() {
+        DirectConnectionLink link;
+        const auto refused = link.connect(QStringLiteral("127.0.0.1"), freePort(), m_future);
+        QCOMPARE(code(refused), EngineErrorCode::StoreUnreachable);
+        QCOMPARE(refused.error().details, qt_error_string(ECONNREFUSED));
+    }
+
+    void anOldErrorOfTheThreadDoesNotPreventAConnection() {
+        ERR_raise(ERR_LIB_USER, 1);
+        DirectConnectionLink link;
+        connectTo(Quick, link);
+        QVERIFY(link.isConnected());
+        link.disconnect();
+        ERR_clear_error();
     }
 
     void aCertificateThatCannotBeReadIsAnError() {
@@ -205,6 +222,7 @@ private Q_SLOTS:
         DirectConnectionLink link;
         const auto connected = link.connect(QStringLiteral("127.0.0.1"), server.port(), m_future);
         QCOMPARE(connected.has_value(), isSpoken);
+        QVERIFY(connected || !connected.error().details.isEmpty());
         QCOMPARE(server.isEncrypted(), isSpoken);
     }
 };
