@@ -84,7 +84,8 @@ void RunningInstance::read(QLocalSocket *socket) {
     }
     const std::optional<ShellCommand> command = ShellCommand::fromLine(line);
     if (!command) {
-        socket->abort();
+        socket->write(ShellResult::failed(otherVersion()).toLine());
+        socket->disconnectFromServer();
         return;
     }
     Q_EMIT commandRequested(*command, [asking = QPointer(socket)](const ShellResult &result) {
@@ -93,6 +94,10 @@ void RunningInstance::read(QLocalSocket *socket) {
             asking->disconnectFromServer();
         }
     });
+}
+
+QString RunningInstance::otherVersion() {
+    return tr("Velmora, which is running, has another version. Quit it, then try again.");
 }
 
 bool RunningInstance::raise(const QString &profile) {
@@ -124,6 +129,8 @@ std::optional<ShellResult> RunningInstance::ask(const QString &profile, const Sh
             "Velmora, which is running, takes too long and continues with the command. Try again "
             "later, or state a longer time with --timeout."));
     }
-    return ShellResult::fromLine(line).value_or(
-        ShellResult::failed(tr("Velmora has ended before the command was completed. Try again.")));
+    return ShellResult::fromLine(line).value_or(ShellResult::failed(
+        line.endsWith('\n')
+            ? otherVersion()
+            : tr("Velmora has ended before the command was completed. Try again.")));
 }

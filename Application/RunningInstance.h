@@ -33,9 +33,10 @@ public:
     /// connection and the confirmation).
     static bool raise(const QString &profile);
     /// Asks the process that shows the windows of the profile in the folder `profile` to carry out
-    /// `command`. Returns the result; empty if there is no such process. If it ends meanwhile, the
-    /// result says so. Blocks until the command has ended, or `deadline` has expired: the result is
-    /// then empty, too, if there was no connection yet, and ShellResult::TimedOut otherwise.
+    /// `command`. Returns the result; empty if there is no such process. If it ends meanwhile, or
+    /// has another version that does not know the command, the result says so. Blocks until the
+    /// command has ended, or `deadline` has expired: the result is then empty, too, if there was no
+    /// connection yet, and ShellResult::TimedOut otherwise.
     static std::optional<ShellResult> ask(const QString &profile, const ShellCommand &command,
                                           const QDeadlineTimer &deadline);
 
@@ -52,8 +53,10 @@ Q_SIGNALS:
 private:
     /// Accepts the connections that have arrived.
     void accept();
-    /// Responds to the request once it is complete. Closes the connection if it is none.
+    /// Responds to the request once it is complete. Closes the connection if it is too long.
     void read(QLocalSocket *socket);
+    /// Returns what the user learns if one process does not understand the other.
+    static QString otherVersion();
 
     /// The path of the socket; empty if there is no runtime folder.
     const QString m_path;

@@ -785,6 +785,10 @@
         <translation>انتهى Velmora قبل اكتمال الأمر. أعد المحاولة.</translation>
     </message>
     <message>
+        <source>Velmora, which is running, has another version. Quit it, then try again.</source>
+        <translation>Velmora قيد التشغيل بإصدار آخر. أنهِه، ثم أعد المحاولة.</translation>
+    </message>
+    <message>
         <source>Velmora, which is running, takes too long and continues with the command. Try again later, or state a longer time with --timeout.</source>
         <translation>يستغرق Velmora الذي هو قيد التشغيل وقتًا طويلًا، ويواصل تنفيذ الأمر. أعد المحاولة لاحقًا، أو حدِّد مدة أطول باستخدام --timeout.</translation>
     </message>

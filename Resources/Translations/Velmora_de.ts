@@ -761,6 +761,10 @@
         <translation>Velmora wurde beendet, bevor der Befehl ausgeführt war. Versuchen Sie es erneut.</translation>
     </message>
     <message>
+        <source>Velmora, which is running, has another version. Quit it, then try again.</source>
+        <translation>Velmora läuft bereits in einer anderen Version. Beenden Sie es, und versuchen Sie es dann noch einmal.</translation>
+    </message>
+    <message>
         <source>Velmora, which is running, takes too long and continues with the command. Try again later, or state a longer time with --timeout.</source>
         <translation>Das laufende Velmora braucht zu lange und fährt mit dem Befehl fort. Versuchen Sie es später erneut, oder geben Sie mit --timeout eine längere Zeit an.</translation>
     </message>

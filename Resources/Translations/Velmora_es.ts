@@ -761,6 +761,10 @@
         <translation>Velmora ha terminado antes de que se completara la orden. Vuelva a intentarlo.</translation>
     </message>
     <message>
+        <source>Velmora, which is running, has another version. Quit it, then try again.</source>
+        <translation>Velmora ya se está ejecutando en otra versión. Salga de él y vuelva a intentarlo.</translation>
+    </message>
+    <message>
         <source>Velmora, which is running, takes too long and continues with the command. Try again later, or state a longer time with --timeout.</source>
         <translation>Velmora, que está en ejecución, tarda demasiado y continúa con la orden. Vuelva a intentarlo más tarde o indique un tiempo mayor con --timeout.</translation>
     </message>

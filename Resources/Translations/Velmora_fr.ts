@@ -761,6 +761,10 @@
         <translation>Velmora s’est terminé avant que la commande soit achevée. Réessayez.</translation>
     </message>
     <message>
+        <source>Velmora, which is running, has another version. Quit it, then try again.</source>
+        <translation>Velmora est déjà ouvert dans une autre version. Quittez-le, puis réessayez.</translation>
+    </message>
+    <message>
         <source>Velmora, which is running, takes too long and continues with the command. Try again later, or state a longer time with --timeout.</source>
         <translation>Velmora, qui est en cours d’exécution, met trop de temps et poursuit la commande. Réessayez plus tard, ou indiquez un délai plus long avec --timeout.</translation>
     </message>

@@ -755,6 +755,10 @@
         <translation>コマンドが完了する前にVelmoraが終了しました。もう一度お試しください。</translation>
     </message>
     <message>
+        <source>Velmora, which is running, has another version. Quit it, then try again.</source>
+        <translation>別のバージョンのVelmoraが実行中です。終了してからもう一度試してください。</translation>
+    </message>
+    <message>
         <source>Velmora, which is running, takes too long and continues with the command. Try again later, or state a longer time with --timeout.</source>
         <translation>実行中のVelmoraでの処理に時間がかかりすぎています。コマンドの実行は続きます。後でもう一度試すか、--timeoutで長い時間を指定してください。</translation>
     </message>

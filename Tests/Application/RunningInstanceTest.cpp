@@ -1,5 +1,10 @@
 #include "Application/RunningInstance.h"
 
+#include <QtNetwork/QLocalSocket>
+#include <future>
+#include <thread>
+
+#include "Support/EventTimeout.h"
 #include "Support/TestMain.h"
 
 class RunningInstanceTest : public QObject {
@@ -36,6 +41,60 @@ private Q_SLOTS:
         const Expected<void> listening = instance.listen();
         QVERIFY(!listening);
         QVERIFY(listening.error().localizedDescription.contains(m_folder.path()));
+    }
+
+    void aCommandThatTheOtherVersionDoesNotKnowIsNotTakenForItsEnd() {
+        useRuntimeFolder(QStringLiteral("commands"));
+        RunningInstance instance(m_folder.path());
+        QVERIFY(instance.listen());
+        QSignalSpy commands(&instance, &RunningInstance::commandRequested);
+        const QDir folder(QString::fromUtf8(qgetenv("XDG_RUNTIME_DIR")));
+        const QStringList sockets = folder.entryList(QDir::System);
+        QCOMPARE(sockets.size(), 1);
+        QLocalSocket socket;
+        socket.connectToServer(folder.filePath(sockets.first()));
+        QVERIFY(socket.waitForConnected());
+        socket.write("{\"command\":\"later\"}\n");
+        QTRY_VERIFY(socket.canReadLine());
+        const auto result = ShellResult::fromLine(socket.readLine());
+        QVERIFY(result);
+        QVERIFY(result->exitCode != 0);
+        QVERIFY2(result->errors.contains(QStringLiteral("has another version")),
+                 qPrintable(result->errors));
+        QCOMPARE(commands.size(), 0);
+    }
+
+    void aResultOfAnotherVersionIsNotTakenForItsEnd() {
+        useRuntimeFolder(QStringLiteral("results"));
+        QString path;
+        {
+            RunningInstance instance(m_folder.path());
+            QVERIFY(instance.listen());
+            const QDir folder(QString::fromUtf8(qgetenv("XDG_RUNTIME_DIR")));
+            path = folder.filePath(folder.entryList(QDir::System).value(0));
+        }
+        // A server that responds with a line of its own.
+        std::promise<bool> listening;
+        std::future<bool> isListening = listening.get_future();
+        std::thread other([&] {
+            QLocalServer server;
+            listening.set_value(server.listen(path));
+            if (server.waitForNewConnection(EventTimeout)) {
+                QLocalSocket *socket = server.nextPendingConnection();
+                socket->waitForReadyRead(EventTimeout);
+                socket->write("{\"result\":2}\n");
+                socket->waitForBytesWritten(EventTimeout);
+                socket->disconnectFromServer();
+            }
+        });
+        const bool canListen = isListening.get();
+        const auto result =
+            RunningInstance::ask(m_folder.path(), ShellCommand{}, QDeadlineTimer(EventTimeout));
+        other.join();
+        QVERIFY(canListen);
+        QVERIFY(result);
+        QVERIFY2(result->errors.contains(QStringLiteral("has another version")),
+                 qPrintable(result->errors));
     }
 };
 
