@@ -213,9 +213,15 @@ Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note)
                                                  {TextKey, note.text},
                                                  {ModifiedKey, note.modified.toMSecsSinceEpoch()}});
     const QString name = nameOf(m_digests.folder, m_digests.profile, shortDigest(note.UUID));
+    QString reason;
+    const auto isKept = [&](const QString &folder) {
+        const Expected<void> written = DurableFile::write(folder + u'/' + name, contents);
+        reason = written ? QString() : written.error().localizedFailureReason + u'\n';
+        return written.has_value();
+    };
     const auto isKeptIn = [&](const QStringList &folders) {
         return std::any_of(folders.begin(), folders.end(), [&](const QString &folder) {
-            return isUsable(folder) && DurableFile::write(folder + u'/' + name, contents);
+            return isUsable(folder) && isKept(folder);
         });
     };
     if (isKeptIn(m_durableFolders) || (useReserve() && isKeptIn(m_durableFolders)) ||
@@ -224,7 +230,7 @@ Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note)
     }
     return failure(journalError(textOf("The text of “%1” cannot be kept for the next start either.")
                                     .arg(note.title.left(80)),
-                                textOf("Make room on the disk, or copy the text.")));
+                                reason + textOf("Make room on the disk, or copy the text.")));
 }
 
 Expected<void> UnsavedTexts::remove(const QString &noteUUID) const {

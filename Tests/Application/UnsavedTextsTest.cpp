@@ -259,6 +259,8 @@ private Q_SLOTS:
         runWithFailingSystemCall(SYS_fsync, ENOSPC,
                                  [&] { kept = unsavedTexts().keep(QStringLiteral("d"), note); });
         QVERIFY(!kept);
+        const QString reason = kept.error().localizedFailureReason;
+        QVERIFY2(reason.contains(qt_error_string(ENOSPC)), qPrintable(reason));
         QVERIFY(journalIn(m_host->directory()).isEmpty());
         QVERIFY(unsavedTexts().keep(QStringLiteral("d"), note));
         QCOMPARE(journalIn(m_host->directory()).size(), 1);
