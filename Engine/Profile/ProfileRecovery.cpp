@@ -345,16 +345,25 @@ QStringList pathsIn(const QString &directory) {
 
 /// Returns the files of the damaged database, the database first. If a recovery was interrupted, it
 /// has set them aside, or the first of them.
-QStringList pathsOfDamaged(const QString &directory) {
+Expected<QStringList> pathsOfDamaged(const QString &directory) {
     const QStringList present = pathsIn(directory);
     if (isThere(directory + u'/' + ProfileDatabaseName)) {
         return present;
     }
-    const QDir folder(directory + u'/' + ProfileRecovery::FolderName);
-    // They are named after the time.
-    const QStringList names = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks,
-                                               QDir::Name | QDir::Reversed);
-    return names.isEmpty() ? present : pathsIn(folder.filePath(names.constFirst())) + present;
+    const QString folder = directory + u'/' + ProfileRecovery::FolderName;
+    return FileManager::names(folder, std::filesystem::file_type::directory)
+        .map_error(toReplacementFailure(directory))
+        .map([&](const QStringList &names) {
+            // They are named after the time.
+            const auto latest = std::max_element(names.begin(), names.end());
+            return latest == names.end() ? present : pathsIn(folder + u'/' + *latest) + present;
+        });
+}
+
+/// Copies the files of the damaged database into `folder`. Returns whether they can be read.
+Expected<bool> copyDamaged(const QString &directory, const QString &folder) {
+    return pathsOfDamaged(directory).and_then(
+        [&](const QStringList &files) { return copyDatabase(files, folder, directory); });
 }
 
 /// Moves what is in the log of the closed database `file` into the file itself. SQLite does so when
@@ -396,7 +405,7 @@ Expected<void> prepareBackup(const QString &directory, const QString &backup, co
     const QString copy = folder + u'/' + ProfileDatabaseName;
     return DurableFile::copy(backup, copy)
         .map_error(toReplacementFailure(directory))
-        .and_then([&] { return copyDatabase(pathsOfDamaged(directory), copies.path(), directory); })
+        .and_then([&] { return copyDamaged(directory, copies.path()); })
         .and_then([&](bool) { return amend(folder, copies.filePath(ProfileDatabaseName)); })
         .and_then([&] { return complete(directory, copy); });
 }
@@ -406,7 +415,7 @@ Expected<void> prepareBackup(const QString &directory, const QString &backup, co
 Expected<QStringList> sourcesOfLocations(const QString &directory, const QString &folder) {
     const QString damaged = folder + u'/' + ProfileDatabaseName;
     const QString backupCopy = folder + QStringLiteral("/backup");
-    const Expected<bool> isReadable = copyDatabase(pathsOfDamaged(directory), folder, directory);
+    const Expected<bool> isReadable = copyDamaged(directory, folder);
     if (!isReadable) {
         return failure(isReadable.error());
     }

@@ -573,6 +573,24 @@ private Q_SLOTS:
         QCOMPARE(titles(), QStringList{QStringLiteral("first")});
     }
 
+    void setAsideProfilesThatCannotBeListedAreNotPassedOver() {
+        const QString directory = m_host->directory();
+        const QString database = file();
+        QVERIFY(ProfileBackups(directory).make(m_today));
+        m_host->goToComputer(QStringLiteral("Other"));
+        QVERIFY(QFile::remove(database));
+        QFile obstacle(directory + u'/' + ProfileRecovery::FolderName);
+        QVERIFY(obstacle.open(QIODevice::WriteOnly));
+        const Expected<void> restored = ProfileRecovery::restoreBackup(directory);
+        QCOMPARE(code(restored), EngineErrorCode::BackupFailed);
+        QVERIFY2(description(restored).contains(qt_error_string(ENOTDIR)),
+                 qPrintable(description(restored)));
+        QVERIFY(obstacle.remove());
+        QVERIFY(ProfileRecovery::restoreBackup(directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(titles(), QStringList{QStringLiteral("first")});
+    }
+
     void copiesThatCannotBeRemovedAreReported() {
         const QString copies = m_host->directory() + QStringLiteral("/.velmora-recovery-aBcDeF");
         QVERIFY(QDir().mkdir(copies));
