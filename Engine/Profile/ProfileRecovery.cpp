@@ -64,17 +64,18 @@ tl::unexpected<Error> databaseFailure(const QString &file, const QSqlError &erro
                : replacementFailure(directory, error.databaseText());
 }
 
-bool isThere(const QString &path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink();
-}
-
 /// Returns the files of the database: SQLite would apply a log that is left behind to the next
 /// database. They are looked for by name, because the folder may not be readable.
-QStringList filesOf(const QString &directory) {
-    QStringList files = ProfileFolder::databaseFiles();
-    files.removeIf([&](const QString &name) { return !isThere(directory + u'/' + name); });
-    return files;
+Expected<QStringList> filesOf(const QString &directory) {
+    Expected<QStringList> files = QStringList();
+    for (const QString &name : ProfileFolder::databaseFiles()) {
+        files = files.and_then([&](const QStringList &before) {
+            return FileManager::exists(directory + u'/' + name).map([&](bool isThere) {
+                return isThere ? before + QStringList(name) : before;
+            });
+        });
+    }
+    return files.map_error(toReplacementFailure(directory));
 }
 
 /// The folder for the damaged files of a profile folder, and the files that belong into it.
@@ -105,23 +106,8 @@ Expected<void> setAside(const Damaged &damaged) {
         .map_error(toReplacementFailure(damaged.directory));
 }
 
-/// Moves the files that are in the folder back, the database last. Returns `reason`, and where the
-/// files are if they cannot be moved.
-Error moveBack(const Damaged &damaged, const Error &reason) {
-    const bool areMoved =
-        std::all_of(damaged.files.rbegin(), damaged.files.rend(), [&](const QString &file) {
-            const QString moved = damaged.folder + u'/' + file;
-            const bool isMoved =
-                !isThere(moved) ||
-                DurableFile::rename(moved, damaged.directory + u'/' + file).has_value();
-            // The folder may not have been written to the disk, but the file is where it belongs.
-            return isMoved || !isThere(moved);
-        });
-    if (areMoved) {
-        QDir().rmdir(damaged.folder);
-        QDir().rmdir(QFileInfo(damaged.folder).path());
-        return reason;
-    }
+/// Returns `reason`, and where the damaged files are.
+Error leftAside(const Damaged &damaged, const Error &reason) {
     return engineError(
         EngineErrorCode::BackupFailed,
         localizedSyncString("%1 Files of the damaged profile were moved to “%2” and could not be "
@@ -129,13 +115,45 @@ Error moveBack(const Damaged &damaged, const Error &reason) {
             .arg(reason.localizedDescription, damaged.folder));
 }
 
+/// Moves the files that are in the folder back, the database last. Returns `reason`, and where the
+/// files are if they cannot be moved.
+Error moveBack(const Damaged &damaged, const Error &reason) {
+    const bool areMoved =
+        std::all_of(damaged.files.rbegin(), damaged.files.rend(), [&](const QString &file) {
+            const QString moved = damaged.folder + u'/' + file;
+            const auto isGone = [&] { return !FileManager::exists(moved).value_or(true); };
+            // The folder may not have been written to the disk, but the file is where it belongs.
+            return isGone() || DurableFile::rename(moved, damaged.directory + u'/' + file) ||
+                   isGone();
+        });
+    if (!areMoved) {
+        return leftAside(damaged, reason);
+    }
+    QDir().rmdir(damaged.folder);
+    QDir().rmdir(QFileInfo(damaged.folder).path());
+    return reason;
+}
+
+/// Moves the new database back from `target` to `file`, unless it is still there: SQLite must not
+/// find it beside the log of the old one. If that is not known, `target` may be the old one, which
+/// must not replace it.
+Expected<void> withdraw(const QString &target, const QString &file) {
+    return FileManager::exists(file).and_then([&](bool isThere) {
+        return isThere ? Expected<void>() : DurableFile::rename(target, file);
+    });
+}
+
 /// Puts the complete and closed database `file` in the place of the profile's, whose files are set
 /// aside. If it fails, none are.
 Expected<void> replace(const QString &directory, const QString &file) {
+    const Expected<QStringList> files = filesOf(directory);
+    if (!files) {
+        return failure(files.error());
+    }
     const QString name =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH-mm-ss-zzz"));
     const Damaged damaged{directory, directory + u'/' + ProfileRecovery::FolderName + u'/' + name,
-                          filesOf(directory)};
+                          *files};
     const QString target = directory + u'/' + ProfileDatabaseName;
     if (const Expected<void> flushed = DurableFile::flush(file); !flushed) {
         return failure(toReplacementFailure(directory)(flushed.error()));
@@ -149,11 +167,9 @@ Expected<void> replace(const QString &directory, const QString &file) {
     if (replaced) {
         return {};
     }
-    // SQLite must not find the new database beside the log of the old one.
-    const Expected<void> withdrawn =
-        isThere(file) ? Expected<void>() : DurableFile::rename(target, file);
-    return failure(withdrawn || isThere(file) ? moveBack(damaged, replaced.error())
-                                              : toReplacementFailure(directory)(withdrawn.error()));
+    const bool isWithdrawn = withdraw(target, file) || FileManager::exists(file).value_or(false);
+    return failure(isWithdrawn ? moveBack(damaged, replaced.error())
+                               : leftAside(damaged, replaced.error()));
 }
 
 /// The tables of the locations and their columns.
@@ -335,28 +351,33 @@ Expected<bool> copyDatabase(const QStringList &files, const QString &folder,
     return isReadable;
 }
 
-QStringList pathsIn(const QString &directory) {
-    QStringList paths = filesOf(directory);
-    for (QString &path : paths) {
-        path.prepend(directory + u'/');
-    }
-    return paths;
+Expected<QStringList> pathsIn(const QString &directory) {
+    return filesOf(directory).map([&](QStringList paths) {
+        for (QString &path : paths) {
+            path.prepend(directory + u'/');
+        }
+        return paths;
+    });
 }
 
 /// Returns the files of the damaged database, the database first. If a recovery was interrupted, it
 /// has set them aside, or the first of them.
 Expected<QStringList> pathsOfDamaged(const QString &directory) {
-    const QStringList present = pathsIn(directory);
-    if (isThere(directory + u'/' + ProfileDatabaseName)) {
+    const Expected<QStringList> present = pathsIn(directory);
+    if (!present || present->contains(directory + u'/' + ProfileDatabaseName)) {
         return present;
     }
     const QString folder = directory + u'/' + ProfileRecovery::FolderName;
     return FileManager::names(folder, std::filesystem::file_type::directory)
         .map_error(toReplacementFailure(directory))
-        .map([&](const QStringList &names) {
+        .and_then([&](const QStringList &names) {
             // They are named after the time.
             const auto latest = std::max_element(names.begin(), names.end());
-            return latest == names.end() ? present : pathsIn(folder + u'/' + *latest) + present;
+            return latest == names.end()
+                       ? present
+                       : pathsIn(folder + u'/' + *latest).map([&](const QStringList &aside) {
+                             return aside + *present;
+                         });
         });
 }
 
@@ -494,7 +515,9 @@ Expected<bool> ProfileRecovery::rebuildIndexes(const QString &directory) {
     if (!folder.isValid()) {
         return systemFailure(directory);
     }
-    return copyDatabase(pathsIn(directory), folder.path(), directory)
+    return pathsIn(directory)
+        .and_then(
+            [&](const QStringList &files) { return copyDatabase(files, folder.path(), directory); })
         .and_then([&](bool isCopied) {
             return isCopied ? isTableOfOperationsCredible(copy) : Expected<bool>(false);
         })

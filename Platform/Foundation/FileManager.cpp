@@ -46,6 +46,21 @@ Expected<void> FileManager::createDirectory(const QString &path) {
                     .arg(path)));
 }
 
+Expected<bool> FileManager::exists(const QString &path) {
+    struct stat found {};
+    if (fstatat(AT_FDCWD, QFile::encodeName(path).constData(), &found, AT_SYMLINK_NOFOLLOW) == 0) {
+        return true;
+    }
+    const std::error_code error(errno, std::generic_category());
+    if (isNone(error)) {
+        return false;
+    }
+    return failure(errorOf(error,
+                           "“%1” cannot be reached. Check the permissions of the folders that "
+                           "contain it and its disk.",
+                           path));
+}
+
 Expected<QStringList> FileManager::names(const QString &path, std::filesystem::file_type type) {
     using Entries = std::filesystem::directory_iterator;
     QStringList names;

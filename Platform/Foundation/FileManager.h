@@ -15,6 +15,11 @@ namespace FileManager {
 /// error's reason is that of the system. The folder is not flushed to the disk.
 PLATFORM_EXPORT Expected<void> createDirectory(const QString &path);
 
+/// Returns whether there is a file, folder or symbolic link `path`. Returns an error if that cannot
+/// be determined, for example because a folder above cannot be searched, where QFileInfo would
+/// return that there is none. The error's reason is that of the system.
+PLATFORM_EXPORT Expected<bool> exists(const QString &path);
+
 /// Returns the names of the entries of the folder `path` that have the type `type`, in no order;
 /// none if the folder does not exist. A symbolic link has a type of its own. Returns an error if
 /// the folder cannot be read, of which QDir would return no names. The error's reason is that of

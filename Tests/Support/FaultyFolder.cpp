@@ -127,6 +127,13 @@ extern "C" {
     return fails("unlinkat", Need::Nothing, folder, name) ? failed(-1) : next(folder, name, flags);
 }
 
+[[gnu::visibility("default")]] int fstatat(int folder, const char *name, struct stat *status,
+                                           int flags) noexcept {
+    static const auto next = hidden(&fstatat, "fstatat");
+    return fails("fstatat", Need::Nothing, folder, name) ? failed(-1)
+                                                         : next(folder, name, status, flags);
+}
+
 int open(const char *name, int flags, ...) {
     static const auto next = hidden(&open, "open");
     va_list arguments;
@@ -209,12 +216,6 @@ dirent *readdir(DIR *entries) {
 int fstat(int file, struct stat *status) noexcept {
     static const auto next = hidden(&fstat, "fstat");
     return fails("fstat", Need::Nothing, file) ? failed(-1) : next(file, status);
-}
-
-int fstatat(int folder, const char *name, struct stat *status, int flags) noexcept {
-    static const auto next = hidden(&fstatat, "fstatat");
-    return fails("fstatat", Need::Nothing, folder, name) ? failed(-1)
-                                                         : next(folder, name, status, flags);
 }
 
 int fchmod(int file, mode_t mode) noexcept {

@@ -702,6 +702,7 @@ private Q_SLOTS:
             QVERIFY(QDir(directory).removeRecursively());
         }
         QVERIFY(failed.contains(QStringLiteral("rename")));
+        QCOMPARE(failed.contains(QStringLiteral("fstatat")), fault == FaultyFolder::Fault::Error);
     }
 
     void aFullDiskCostsNoNoteThatIsReadFromADamagedProfile_data() {

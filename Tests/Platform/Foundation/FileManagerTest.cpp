@@ -27,6 +27,24 @@ private Q_SLOTS:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
     void cleanup() { m_folder.reset(); }
 
+    void aFileExistsUnlessThereIsNone() {
+        makeFile("file");
+        QVERIFY(QFile::link(path("missing"), path("link")));
+        QCOMPARE(FileManager::exists(path("file")).value(), true);
+        QCOMPARE(FileManager::exists(m_folder->path()).value(), true);
+        QCOMPARE(FileManager::exists(path("link")).value(), true);
+        QCOMPARE(FileManager::exists(path("missing")).value(), false);
+        QCOMPARE(FileManager::exists(path("file/inner")).value(), false);
+        Expected<bool> exists;
+        runWithFailingSystemCall(SYS_newfstatat, EIO,
+                                 [&] { exists = FileManager::exists(path("file")); });
+        QVERIFY(!exists);
+        QCOMPARE(exists.error(),
+                 systemError(EIO, QStringLiteral("“%1” cannot be reached. Check the permissions of "
+                                                 "the folders that contain it and its disk.")
+                                      .arg(path("file"))));
+    }
+
     void theNamesAreThoseOfOneType() {
         makeFile("file");
         makeFile(".hidden");
