@@ -127,10 +127,17 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
         return canCheck ? ProfileInspection::check(path()).and_then([&] { return locked; })
                         : locked;
     }
-    if (!QFileInfo::exists(path())) {
-        return createFile(fill);
-    }
-    return checkOrRepair().and_then([&] { return openFile(fill, convertNotes); });
+    return hasFile().and_then([&](bool isThere) {
+        return isThere ? checkOrRepair().and_then([&] { return openFile(fill, convertNotes); })
+                       : createFile(fill);
+    });
+}
+
+Expected<bool> ProfileDatabase::hasFile() const {
+    return FileIdentity::of(path())
+        .map([](const std::optional<FileIdentity> &file) { return file.has_value(); })
+        .map_error(
+            [&](const Error &error) { return notOpened(path(), error.localizedFailureReason); });
 }
 
 Expected<void> ProfileDatabase::createFile(const Changes &fill) {

@@ -121,6 +121,9 @@ private:
     Expected<void> execute(QSqlQuery &query, const QVariantList &values) const;
     Expected<void> openFolder(const QString &directory, const Changes &fill,
                               const Changes &convertNotes);
+    /// Returns whether there is a database. Fails if that cannot be determined: a profile must not
+    /// be taken for a new one, whose files are removed if it cannot be created.
+    Expected<bool> hasFile() const;
     /// Creates the database in the locked folder unless that contains other files.
     Expected<void> createFile(const Changes &fill);
     /// Checks the existing database, and rebuilds its indexes if they are damaged.

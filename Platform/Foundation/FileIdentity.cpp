@@ -1,5 +1,6 @@
 #include "Platform/Foundation/FileIdentity.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <QtCore/QFile>
@@ -10,7 +11,7 @@
 
 Expected<std::optional<FileIdentity>> FileIdentity::of(const QString &path) {
     struct stat found {};
-    if (stat(QFile::encodeName(path).constData(), &found) == 0) {
+    if (fstatat(AT_FDCWD, QFile::encodeName(path).constData(), &found, 0) == 0) {
         return FileIdentity{found.st_dev, found.st_ino};
     }
     const int number = errno;

@@ -15,6 +15,7 @@
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
 #include "Support/FaultyFileSystem.h"
+#include "Support/FaultyFolder.h"
 #include "Support/OldProfile.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -131,6 +132,23 @@ private Q_SLOTS:
     void takesAnEmptyFolder() {
         QVERIFY(QDir().mkdir(folder()));
         QCOMPARE(descriptionOfOpening(folder()), QString());
+    }
+
+    void aFileThatCannotBeReachedIsNotTakenForMissing() {
+        QCOMPARE(descriptionOfFirstStart(folder()), QString());
+        const QMap<QString, QByteArray> before = contentsOf(folder());
+        QString description;
+        {
+            const FaultyFolder disk(file(), FaultyFolder::Fault::Error, 1,
+                                    FaultyFolder::Duration::FromThenOn);
+            description = descriptionOfOpening(folder());
+            QCOMPARE(disk.calls(), QStringList{QStringLiteral("fstatat")});
+        }
+        QCOMPARE(description, QStringLiteral("The profile “%1” cannot be opened: Input/output "
+                                             "error. Check its disk and its permissions, then "
+                                             "try again.")
+                                  .arg(file()));
+        QCOMPARE(contentsOf(folder()), before);
     }
 
     void finishesAnInterruptedFirstStart_data() {
