@@ -9,13 +9,13 @@
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 #include <array>
 #include <memory>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/DurableFile.h"
+#include "Platform/Foundation/FileManager.h"
 
 namespace {
 
@@ -82,6 +82,21 @@ Expected<void> create(const QString &path) {
     });
 }
 
+Error notRead(const QString &path, const QString &reason) {
+    return engineError(
+        EngineErrorCode::ServerUnusable,
+        localizedSyncString("The certificate “%1” of this computer cannot be read: %2. Check its "
+                            "permissions, then turn the server on again.")
+            .arg(path, reason));
+}
+
+/// Creates the file unless there is one, which paired computers know.
+Expected<void> createIfMissing(const QString &path) {
+    return FileManager::exists(path)
+        .map_error([&](const Error &error) { return notRead(path, error.localizedFailureReason); })
+        .and_then([&](bool isThere) { return isThere ? Expected<void>() : create(path); });
+}
+
 Expected<QByteArray> contentsOf(const QString &path) {
     QFile file(path);
     // A copy of the profile may have other permissions. If they cannot be changed, the user was
@@ -92,11 +107,7 @@ Expected<QByteArray> contentsOf(const QString &path) {
         contents = file.readAll();
     }
     if (file.error() != QFile::NoError) {
-        return failure(engineError(
-            EngineErrorCode::ServerUnusable,
-            localizedSyncString("The certificate “%1” of this computer cannot be read: %2. "
-                                "Check its permissions, then turn the server on again.")
-                .arg(path, file.errorString())));
+        return failure(notRead(path, file.errorString()));
     }
     return contents;
 }
@@ -105,8 +116,8 @@ Expected<QByteArray> contentsOf(const QString &path) {
 
 Expected<DirectConnectionIdentity> DirectConnectionIdentity::load(const QString &directory) {
     const QString path = directory + QStringLiteral("/Direct Connection.pem");
-    const Expected<void> created = QFileInfo::exists(path) ? Expected<void>() : create(path);
-    const Expected<QByteArray> contents = created.and_then([&] { return contentsOf(path); });
+    const Expected<QByteArray> contents =
+        createIfMissing(path).and_then([&] { return contentsOf(path); });
     if (!contents) {
         return failure(contents.error());
     }

@@ -1,7 +1,6 @@
 #include "Engine/Plugin/ProfileVerification.h"
 
 #include <QtCore/QEventLoop>
-#include <QtCore/QFileInfo>
 #include <thread>
 
 #include "Engine/Foundation/EngineError.h"
@@ -19,6 +18,7 @@
 #include "Engine/Synchronization/VerificationSession.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/MainQueue.h"
 
 namespace {
@@ -262,16 +262,19 @@ void ProfileVerification::verifyLocation(EngineSyncLocation &location) {
 }
 
 void ProfileVerification::verifyServedStore() {
-    if (!QFileInfo::exists(m_served)) {
+    const Expected<bool> isThere = FileManager::exists(m_served);
+    if (isThere && !*isThere) {
         return;
     }
     const QString title = localizedSyncString("Direct Connection");
     const auto location = m_plugin.newLocation(Url::fileURL(m_served));
     Expected<QStringList> names;
-    const Expected<void> listed = onThread([&] {
-        names =
-            location->createBlobStore()->list(SyncStoreLayout::TransactionsFolder, EngineFuture());
-        return names ? Expected<void>() : failure(names.error());
+    const Expected<void> listed = isThere.and_then([&](bool /*isThere*/) {
+        return onThread([&] {
+            names = location->createBlobStore()->list(SyncStoreLayout::TransactionsFolder,
+                                                      EngineFuture());
+            return names ? Expected<void>() : failure(names.error());
+        });
     });
     if (!listed) {
         m_report.parts.append({.name = title,

@@ -1,26 +1,29 @@
 #include "Engine/Stores/Folder/LocalStore.h"
 
-#include <QtCore/QFileInfo>
 #include <QtSql/QSqlError>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/InboxUUID.h"
-#include "Host/SyncStrings.h"
+#include "Platform/Foundation/FileManager.h"
 
 LocalStore::LocalStore(const std::shared_ptr<QVSyncLocation> &location,
                        std::shared_ptr<StoreOperations> operations, const QString &path)
     : EngineStore(location, std::move(operations)), m_path(path) {}
 
 Expected<void> LocalStore::open(const EngineFuture & /*future*/) {
-    if (QFileInfo::exists(m_path)) {
-        return {};
-    }
-    return failure(engineError(
-        EngineErrorCode::StoreUnreachable,
-        localizedSyncString(
-            "The profile “%1” no longer exists. Quit Velmora and restore it from a backup.")
-            .arg(m_path)));
+    const auto notReached = [](const Error &cause) {
+        Error error = engineError(EngineErrorCode::StoreUnreachable, cause.localizedDescription);
+        error.details = cause.localizedFailureReason;
+        return error;
+    };
+    return FileManager::exists(m_path).map_error(notReached).and_then([&](bool isThere) {
+        return isThere ? Expected<void>()
+                       : failure(engineError(EngineErrorCode::StoreUnreachable,
+                                             "The profile “%1” no longer exists. Quit Velmora and "
+                                             "restore it from a backup.",
+                                             m_path));
+    });
 }
 
 Expected<EngineStore::Fetched> LocalStore::fetch(const EngineFuture & /*future*/) {

@@ -14,7 +14,7 @@ public:
     LocalStore(const std::shared_ptr<QVSyncLocation> &location,
                std::shared_ptr<StoreOperations> operations, const QString &path);
 
-    /// Fails if the file does not exist.
+    /// Fails with the code StoreUnreachable if the file does not exist or cannot be reached.
     Expected<void> open(const EngineFuture &future) override;
 
 protected:

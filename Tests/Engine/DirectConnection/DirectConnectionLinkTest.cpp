@@ -92,13 +92,23 @@ private Q_SLOTS:
     }
 
     void aCertificateThatCannotBeReadIsAnError() {
-        QVERIFY(DirectConnectionIdentity::load(m_folder.path()));
+        const auto created = DirectConnectionIdentity::load(m_folder.path());
+        QVERIFY(created);
+        const QSslCertificate before = created->certificate;
         runWithFailingSystemCall(SYS_read, EIO, [&] {
             const auto identity = DirectConnectionIdentity::load(m_folder.path());
             QCOMPARE(code(identity), EngineErrorCode::ServerUnusable);
             QVERIFY2(description(identity).contains(QStringLiteral("cannot be read")),
                      qPrintable(description(identity)));
         });
+        // One that cannot be reached is not replaced by another, which no paired computer knows.
+        runWithFailingSystemCall(SYS_newfstatat, EIO, [&] {
+            const auto identity = DirectConnectionIdentity::load(m_folder.path());
+            QCOMPARE(code(identity), EngineErrorCode::ServerUnusable);
+            QVERIFY2(description(identity).contains(QStringLiteral("cannot be read")),
+                     qPrintable(description(identity)));
+        });
+        QCOMPARE(DirectConnectionIdentity::load(m_folder.path())->certificate, before);
         QVERIFY(DirectConnectionIdentity::load(m_folder.path()));
     }
 

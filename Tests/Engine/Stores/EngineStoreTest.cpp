@@ -1,10 +1,15 @@
 #include <sys/stat.h>
+#include <sys/syscall.h>
 
 #include <future>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Folder/FolderStore.h"
+#include "Engine/Stores/Folder/LocalStore.h"
 #include "Host/InboxUUID.h"
+#include "Support/FailingSystemCall.h"
+#include "Support/Failure.h"
 #include "Support/MemoryStore.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -445,6 +450,20 @@ private Q_SLOTS:
         QCOMPARE(names(result), QStringList({QStringLiteral("@inbox=Inbox"),
                                              open->UUID() + QStringLiteral("=Open"),
                                              closed->UUID() + QStringLiteral("=Closed")}));
+    }
+
+    void aProfileThatCannotBeReachedIsNotSaidToBeGone() {
+        const auto store =
+            std::dynamic_pointer_cast<LocalStore>(m_host->engine().plugin().localStore());
+        QVERIFY(store);
+        Expected<void> opened;
+        runWithFailingSystemCall(SYS_newfstatat, EACCES,
+                                 [&] { opened = store->open(EngineFuture()); });
+        QCOMPARE(code(opened), EngineErrorCode::StoreUnreachable);
+        const QString text = description(opened);
+        QVERIFY2(text.contains(QStringLiteral("cannot be reached")), qPrintable(text));
+        QVERIFY2(text.contains(m_host->directory()), qPrintable(text));
+        QCOMPARE(opened.error().details, qt_error_string(EACCES));
     }
 };
 
