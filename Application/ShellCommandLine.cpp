@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <QtCore/QDeadlineTimer>
-#include <QtCore/QDir>
 #include <QtCore/QTimer>
 #include <chrono>
 #include <cstdio>
@@ -62,11 +61,8 @@ ShellResult runHere(VelmoraApplication &application, const LaunchOptions &option
 
 ShellResult resultOf(VelmoraApplication &application, const LaunchOptions &options,
                      SyncPlugIn &sync) {
-    if (QDir(options.profile).isEmpty()) {
-        return ShellResult::failed(
-            commandLineText("There is no profile in the folder “%1”. State another one with "
-                            "--profile.")
-                .arg(options.profile));
+    if (const Expected<void> found = ShellCommandLine::findProfile(options, sync); !found) {
+        return ShellResult::failed(found.error().localizedDescription);
     }
     const bool isSync = options.command->name == ShellCommand::Name::Synchronize;
     const QDeadlineTimer end(options.timeout);
@@ -89,6 +85,19 @@ ShellResult resultOf(VelmoraApplication &application, const LaunchOptions &optio
 }
 
 }  // namespace
+
+Expected<void> ShellCommandLine::findProfile(const LaunchOptions &options, const SyncPlugIn &sync) {
+    return sync.isUnused(options.profile).and_then([&](bool isUnused) -> Expected<void> {
+        if (!isUnused) {
+            return {};
+        }
+        return failure(
+            {.domain = QStringLiteral("Velmora"),
+             .localizedDescription = commandLineText("There is no profile in the folder “%1”. "
+                                                     "State another one with --profile.")
+                                         .arg(options.profile)});
+    });
+}
 
 int ShellCommandLine::run(VelmoraApplication &application, const LaunchOptions &options,
                           SyncPlugIn &sync) {

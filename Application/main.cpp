@@ -194,19 +194,25 @@ ProfileUse profileUse(const LaunchOptions &options) {
 
 /// Returns how a profile begins that does not exist yet, after asking the user unless the options
 /// say it; nothing if the profile exists.
-std::optional<FirstStart> firstStartOf(const LaunchOptions &options) {
-    if (!QDir(options.profile)
-             .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)) {
-        return {};
-    }
-    if (options.begin || options.isBatch()) {
-        return FirstStart{.contents = options.begin.value_or(FirstContents::Welcome)};
-    }
-    return FirstStartDialog::ask();
+Expected<std::optional<FirstStart>> firstStartOf(const LaunchOptions &options,
+                                                 const SyncPlugIn &sync) {
+    return sync.isUnused(options.profile).map([&](bool isUnused) -> std::optional<FirstStart> {
+        if (!isUnused) {
+            return {};
+        }
+        if (options.begin || options.isBatch()) {
+            return FirstStart{.contents = options.begin.value_or(FirstContents::Welcome)};
+        }
+        return FirstStartDialog::ask();
+    });
 }
 
 int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugIn &sync) {
-    const std::optional<FirstStart> firstStart = firstStartOf(options);
+    const Expected<std::optional<FirstStart>> found = firstStartOf(options, sync);
+    if (!found) {
+        return fail(application, found.error(), options.isBatch());
+    }
+    const std::optional<FirstStart> &firstStart = *found;
     const auto open = [&] {
         return sync.openProfile(options.profile, profileUse(options),
                                 firstStart.value_or(FirstStart()).contents);
@@ -242,17 +248,11 @@ int run(VelmoraApplication &application, const LaunchOptions &options, SyncPlugI
 }
 
 Expected<void> openForVerification(const LaunchOptions &options, SyncPlugIn &sync) {
-    if (QDir(options.profile).isEmpty()) {
-        return failure({.domain = QStringLiteral("Velmora"),
-                        .localizedDescription =
-                            QCoreApplication::translate("main",
-                                                        "There is no profile in the folder “%1”. "
-                                                        "State another one with --profile.")
-                                .arg(options.profile)});
-    }
-    return sync.openProfile(options.profile,
-                            options.repair ? ProfileUse::Edit : ProfileUse::Snapshot,
-                            FirstContents::Inbox);
+    return ShellCommandLine::findProfile(options, sync).and_then([&] {
+        return sync.openProfile(options.profile,
+                                options.repair ? ProfileUse::Edit : ProfileUse::Snapshot,
+                                FirstContents::Inbox);
+    });
 }
 
 int runVerification(VelmoraApplication &application, const LaunchOptions &options,

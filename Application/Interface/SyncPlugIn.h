@@ -43,6 +43,10 @@ class INTERFACE_EXPORT SyncPlugIn {
 public:
     virtual ~SyncPlugIn();
 
+    /// Returns whether openProfile() would begin a new profile in the folder `directory`: it does
+    /// not exist or is empty, apart from a lock file. Fails if the folder cannot be read. Needs no
+    /// open profile; blocks for the disk.
+    virtual Expected<bool> isUnused(const QString &directory) const = 0;
     /// Opens the profile in the folder `directory`. A folder that does not exist or is empty
     /// becomes a new profile with `contents`. Must be called after NSApp() is set, and not again
     /// once it has succeeded. A failure leaves the folder as it was; the error names what is wrong
@@ -86,5 +90,5 @@ public:
     virtual NoteLibrary *library() const = 0;
 };
 
-#define SyncPlugIn_iid "velmora.SyncPlugIn/8"
+#define SyncPlugIn_iid "velmora.SyncPlugIn/9"
 Q_DECLARE_INTERFACE(SyncPlugIn, SyncPlugIn_iid)

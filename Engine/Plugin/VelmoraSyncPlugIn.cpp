@@ -4,6 +4,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/WorkerThreads.h"
 #include "Engine/Profile/ProfileBackups.h"
+#include "Engine/Profile/ProfileFolder.h"
 #include "Host/SyncLog.h"
 
 namespace {
@@ -28,6 +29,10 @@ private:
 };
 
 }  // namespace
+
+Expected<bool> VelmoraSyncPlugIn::isUnused(const QString &directory) const {
+    return ProfileFolder::isUnused(directory);
+}
 
 Expected<void> VelmoraSyncPlugIn::openProfile(const QString &directory, ProfileUse use,
                                               FirstContents contents) {

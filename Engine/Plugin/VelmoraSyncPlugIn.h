@@ -17,15 +17,14 @@ class VelmoraSyncPlugIn : public QObject, public SyncPlugIn, public QVHostPlugIn
     Q_PLUGIN_METADATA(IID SyncPlugIn_iid)
     Q_INTERFACES(SyncPlugIn QVHostPlugIn)
 public:
+    Expected<bool> isUnused(const QString &directory) const override;
     Expected<void> openProfile(const QString &directory, ProfileUse use,
                                FirstContents contents) override;
-    /// Must not be called after closeProfile(), as verify().
     Expected<void> setUsesSandboxedAccess(bool usesSandboxedAccess) override;
-    /// Returns whether `error` says that another process uses the profile.
     bool isProfileInUse(const Error &error) const override;
     bool isProfileDamaged(const Error &error) const override;
     bool canReplaceProfile(const Error &error) const override;
-    /// These two need no engine and may be called while no profile is open.
+    /// These two may be called while no profile is open.
     Expected<std::optional<QDate>> dateOfBackup(const QString &directory) const override;
     Expected<void> replaceProfile(const QString &directory,
                                   ProfileReplacement replacement) override;

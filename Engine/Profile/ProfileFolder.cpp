@@ -78,6 +78,18 @@ QStringList ProfileFolder::databaseFiles() {
 }
 
 Expected<bool> ProfileFolder::isUnused(const QString &directory) {
+    using Type = std::filesystem::file_type;
+    std::error_code error;
+    const Type type = std::filesystem::status(pathOf(directory), error).type();
+    if (type == Type::not_found) {
+        return true;
+    }
+    if (type == Type::none) {
+        return unreadable(directory, error);
+    }
+    if (type != Type::directory || QFile::exists(directory + u'/' + ProfileDatabaseName)) {
+        return false;
+    }
     return namesIn(directory).map([](QStringList names) {
         names.removeOne(ProfileLock::FileName);
         return names.isEmpty();

@@ -20,8 +20,8 @@ inline QString logOf(const QString &database) {
 /// Returns the names of the files that SQLite makes for the database, whether they exist or not.
 QStringList databaseFiles();
 
-/// Returns whether the existing folder `directory` is empty apart from a lock file, so that a
-/// profile can be made in it.
+/// Returns whether a profile can be made in the folder `directory`: it does not exist, or is empty
+/// apart from a lock file. A folder with a database is not listed.
 Expected<bool> isUnused(const QString &directory);
 
 /// Returns whether the existing folder `directory` contains only what an interrupted first start

@@ -803,10 +803,6 @@
         <source>There is no display to open a window on. A picture of Sync Preferences is in this file:</source>
         <translation>لا توجد شاشة لفتح نافذة عليها. توجد صورة لتفضيلات المزامنة في هذا الملف:</translation>
     </message>
-    <message>
-        <source>There is no profile in the folder “%1”. State another one with --profile.</source>
-        <translation>لا يوجد ملف تعريف في المجلد «⁨%1⁩». حدِّد مجلدًا آخر باستخدام --profile.</translation>
-    </message>
 </context>
 <context>
     <name>SynchronizationSummary</name>

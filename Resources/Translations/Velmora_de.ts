@@ -779,10 +779,6 @@
         <source>There is no display to open a window on. A picture of Sync Preferences is in this file:</source>
         <translation>Es gibt keine Anzeige, auf der ein Fenster geöffnet werden kann. Ein Bild der Sync-Einstellungen ist in dieser Datei:</translation>
     </message>
-    <message>
-        <source>There is no profile in the folder “%1”. State another one with --profile.</source>
-        <translation>Im Ordner „%1“ ist kein Profil. Geben Sie mit --profile einen anderen an.</translation>
-    </message>
 </context>
 <context>
     <name>SynchronizationSummary</name>

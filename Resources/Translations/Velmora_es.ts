@@ -779,10 +779,6 @@
         <source>There is no display to open a window on. A picture of Sync Preferences is in this file:</source>
         <translation>No hay ninguna pantalla en la que abrir una ventana. En este archivo hay una imagen de las Preferencias de sincronización:</translation>
     </message>
-    <message>
-        <source>There is no profile in the folder “%1”. State another one with --profile.</source>
-        <translation>No hay ningún perfil en la carpeta «%1». Indique otra con --profile.</translation>
-    </message>
 </context>
 <context>
     <name>SynchronizationSummary</name>

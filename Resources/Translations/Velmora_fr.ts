@@ -779,10 +779,6 @@
         <source>There is no display to open a window on. A picture of Sync Preferences is in this file:</source>
         <translation>Il n’y a pas d’écran sur lequel ouvrir une fenêtre. Une image des Préférences de synchronisation se trouve dans ce fichier :</translation>
     </message>
-    <message>
-        <source>There is no profile in the folder “%1”. State another one with --profile.</source>
-        <translation>Il n’y a pas de profil dans le dossier « %1 ». Indiquez-en un autre avec --profile.</translation>
-    </message>
 </context>
 <context>
     <name>SynchronizationSummary</name>

@@ -773,10 +773,6 @@
         <source>There is no display to open a window on. A picture of Sync Preferences is in this file:</source>
         <translation>ウィンドウを開くディスプレイがありません。同期設定の画像は次のファイルにあります:</translation>
     </message>
-    <message>
-        <source>There is no profile in the folder “%1”. State another one with --profile.</source>
-        <translation>フォルダー「%1」にプロファイルがありません。--profileで別のフォルダーを指定してください。</translation>
-    </message>
 </context>
 <context>
     <name>SynchronizationSummary</name>

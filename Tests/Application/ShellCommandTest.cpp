@@ -40,6 +40,15 @@ class ShellCommandTest : public QObject {
                        QStringList{QStringLiteral("--profile"), profile()} + arguments,
                        environment());
     }
+    Run runBound(const QString &command) const {
+        return Run::boundByPermissions(QStringLiteral(VELMORA),
+                                       {QStringLiteral("--profile"), profile(), command},
+                                       environment());
+    }
+    void allowEverything() const {
+        QVERIFY(QFile::setPermissions(
+            profile(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner));
+    }
     /// Returns what identifies the probes of this user in a store.
     QString nameOfProbe() const {
         QDirIterator files(m_folder->path(), {QStringLiteral("*.conf")}, QDir::Files | QDir::Hidden,
@@ -434,6 +443,35 @@ private Q_SLOTS:
             QVERIFY(refused.errors.contains(profile()));
             QVERIFY(!QFileInfo::exists(profile()));
         }
+    }
+
+    void aFolderThatCannotBeListedIsNotMissing() {
+        QVERIFY(QFile::setPermissions(profile(), QFileDevice::WriteOwner | QFileDevice::ExeOwner));
+        const Run listed = runBound(QStringLiteral("status"));
+        const Run verified = runBound(QStringLiteral("verify"));
+        allowEverything();
+        QCOMPARE(listed.errors, QString());
+        QCOMPARE(listed.exitCode, 1);
+        QVERIFY(listed.output.contains(QStringLiteral("“Projects” with “Home”")));
+        QVERIFY2(verified.output.contains(QStringLiteral("Home")), qPrintable(verified.errors));
+    }
+
+    void aFolderThatCannotBeReadIsNotMissing_data() {
+        QTest::addColumn<QString>("command");
+        for (const char *command : {"status", "sync", "verify", "--describe"}) {
+            QTest::newRow(command) << QString::fromLatin1(command);
+        }
+    }
+    void aFolderThatCannotBeReadIsNotMissing() {
+        QFETCH(QString, command);
+        QVERIFY(QFile::setPermissions(profile(), QFileDevice::Permissions()));
+        const Run refused = runBound(command);
+        allowEverything();
+        QCOMPARE(refused.exitCode, command.startsWith(u'-') ? 1 : 2);
+        QCOMPARE(refused.output, QString());
+        QVERIFY2(refused.errors.contains(QStringLiteral("cannot be read")),
+                 qPrintable(refused.errors));
+        QVERIFY(refused.errors.contains(profile()));
     }
 
     void wrongArgumentsAreRefused() {

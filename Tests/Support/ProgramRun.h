@@ -9,6 +9,10 @@ struct ProgramRun {
     static ProgramRun of(const QString &program, const QStringList &arguments,
                          QProcessEnvironment environment);
 
+    /// As of(), but as a user whom the permissions of files bind, which they do not for root.
+    static ProgramRun boundByPermissions(const QString &program, const QStringList &arguments,
+                                         QProcessEnvironment environment);
+
     /// -1 if the program did not end by itself.
     int exitCode = -1;
     QString output;

@@ -10,7 +10,9 @@
 #include "Engine/Notes/NoteConversion.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
+#include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ProfileRecovery.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
@@ -611,6 +613,50 @@ private Q_SLOTS:
             return profile.run(QStringLiteral("INSERT INTO grants (path) VALUES ('/a')"));
         });
         QCOMPARE(code(written), EngineErrorCode::ProfileNotWritten);
+    }
+
+    void aFolderIsUnusedOnlyIfThatIsCertain_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("permissions");
+        QTest::addColumn<QString>("result");
+        const int all = 0x7777;
+        const int none = 0;
+        const int unlisted = 0x3333;
+        const QString lock = QStringLiteral("/") + ProfileLock::FileName;
+        const QString database = QStringLiteral("/profile.sqlite");
+        const QString failed = QStringLiteral("cannot be read");
+        QTest::newRow("missing") << QString() << all << QStringLiteral("unused");
+        QTest::newRow("empty") << QStringLiteral("/") << all << QStringLiteral("unused");
+        QTest::newRow("a lock") << lock << all << QStringLiteral("unused");
+        QTest::newRow("a database") << database << all << QStringLiteral("used");
+        QTest::newRow("a hidden file") << QStringLiteral("/.a") << all << QStringLiteral("used");
+        QTest::newRow("unreadable") << database << none << failed;
+        QTest::newRow("unreadable, empty") << QStringLiteral("/") << none << failed;
+        QTest::newRow("not listed") << database << unlisted << QStringLiteral("used");
+        QTest::newRow("not listed, empty") << QStringLiteral("/") << unlisted << failed;
+    }
+    void aFolderIsUnusedOnlyIfThatIsCertain() {
+        QFETCH(QString, name);
+        QFETCH(int, permissions);
+        QFETCH(QString, result);
+        if (!name.isEmpty()) {
+            QVERIFY(QDir().mkpath(folder()));
+        }
+        if (name.size() > 1) {
+            writeFile(folder() + name, "a");
+        }
+        QVERIFY(QFile::setPermissions(m_directory->path(), QFileDevice::Permissions(0x7777)));
+        if (QFileInfo::exists(folder())) {
+            QVERIFY(QFile::setPermissions(folder(), QFileDevice::Permissions(permissions)));
+        }
+        const QString found = unprivileged([this] {
+            const Expected<bool> isUnused = ProfileFolder::isUnused(folder());
+            return !isUnused   ? isUnused.error().localizedDescription
+                   : *isUnused ? QStringLiteral("unused")
+                               : QStringLiteral("used");
+        });
+        QVERIFY2(found.contains(result), qPrintable(found));
+        QCOMPARE(found == QStringLiteral("unused"), result == QStringLiteral("unused"));
     }
 
     void cleanup() {
